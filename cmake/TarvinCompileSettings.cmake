@@ -1,0 +1,23 @@
+# One interface target carries what every file of ours is compiled with.
+add_library(tarvin_compile_settings INTERFACE)
+target_compile_features(tarvin_compile_settings INTERFACE cxx_std_20)
+target_compile_options(tarvin_compile_settings INTERFACE
+    -Wall -Wextra -Wpedantic -Werror
+    -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
+    -Woverloaded-virtual -Wcast-align -Wformat=2 -Wimplicit-fallthrough -Wundef
+    -fno-omit-frame-pointer)
+target_compile_definitions(tarvin_compile_settings INTERFACE
+    _FILE_OFFSET_BITS=64
+    $<$<NOT:$<BOOL:${TARVIN_SANITIZE}>>:$<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>>)
+
+if(TARVIN_SANITIZE)
+    target_compile_options(tarvin_compile_settings INTERFACE
+        -fsanitize=${TARVIN_SANITIZE} -fno-sanitize-recover=all)
+    target_link_options(tarvin_compile_settings INTERFACE -fsanitize=${TARVIN_SANITIZE})
+    target_compile_definitions(tarvin_compile_settings INTERFACE TARVIN_SANITIZED=1)
+endif()
+
+if(TARVIN_COVERAGE)
+    target_compile_options(tarvin_compile_settings INTERFACE --coverage -O0)
+    target_link_options(tarvin_compile_settings INTERFACE --coverage)
+endif()
