@@ -1,0 +1,40 @@
+#include "platform/digest.h"
+
+#include <glib.h>
+
+namespace tarvin {
+
+namespace {
+
+struct ChecksumDeleter {
+    void operator()(GChecksum* checksum) const { g_checksum_free(checksum); }
+};
+
+using Checksum = std::unique_ptr<GChecksum, ChecksumDeleter>;
+
+}  // namespace
+
+struct Md5::State {
+    Checksum checksum{g_checksum_new(G_CHECKSUM_MD5)};
+};
+
+Md5::Md5() : state_(std::make_unique<State>()) {}
+
+Md5::~Md5() = default;
+
+void Md5::update(std::span<const std::byte> bytes) {
+    if (bytes.empty()) {
+        return;
+    }
+    const void* const first = bytes.data();
+    g_checksum_update(state_->checksum.get(), static_cast<const guchar*>(first),
+                      static_cast<gssize>(bytes.size()));
+}
+
+std::string Md5::hexDigest() const {
+    // Asking a checksum ends it; a copy is asked, so that this one can go on.
+    const Checksum ended(g_checksum_copy(state_->checksum.get()));
+    return g_checksum_get_string(ended.get());
+}
+
+}  // namespace tarvin

@@ -1,0 +1,29 @@
+#include "platform/file_system.h"
+
+#include <system_error>
+
+namespace tarvin {
+
+std::string SystemError::text() const { return std::generic_category().message(code); }
+
+Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
+    if (this != &other) {
+        reset();
+        owner_ = std::exchange(other.owner_, nullptr);
+        number_ = std::exchange(other.number_, -1);
+    }
+    return *this;
+}
+
+void Descriptor::reset() {
+    if (owner_ != nullptr) {
+        owner_->close(number_);
+        owner_ = nullptr;
+        number_ = -1;
+    }
+}
+
+EntryBlock::EntryBlock(std::size_t capacity)
+    : bytes_(std::make_unique_for_overwrite<std::byte[]>(capacity)), capacity_(capacity) {}
+
+}  // namespace tarvin

@@ -1,0 +1,25 @@
+#include "platform/clock.h"
+
+namespace tarvin {
+
+namespace {
+
+class LinuxClock final : public Clock {
+ public:
+    Timestamp now() override {
+        return std::chrono::time_point_cast<Timestamp::duration>(std::chrono::system_clock::now());
+    }
+
+    std::chrono::steady_clock::time_point steadyNow() override {
+        return std::chrono::steady_clock::now();
+    }
+};
+
+}  // namespace
+
+Clock& systemClock() {
+    static LinuxClock clock;
+    return clock;
+}
+
+}  // namespace tarvin

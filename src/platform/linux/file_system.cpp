@@ -1,0 +1,300 @@
+#include "platform/file_system.h"
+
+#include "platform/linux/block_devices.h"
+#include "platform/linux/mount_table.h"
+#include "platform/linux/user_environment.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <sys/uio.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstring>
+#include <limits>
+#include <mutex>
+#include <unordered_map>
+
+namespace tarvin {
+
+namespace {
+
+constexpr int directoryFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
+// No waiting for the other end of a pipe, no terminal taken over, and the file's access time stays
+// as it is: a scan is not a use of the file.
+constexpr int fileFlags = O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY;
+// A path handed to the kernel has to be shorter than PATH_MAX; longer ones are gone along in hops.
+constexpr std::size_t longestHop = PATH_MAX - 1;
+constexpr unsigned attributeMask =
+    STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_BTIME | STATX_INO;
+
+int openAt(int directory, const char* path, int flags) {
+    int number = -1;
+    do {
+        number = ::openat(directory, path, flags);
+    } while (number < 0 && errno == EINTR);
+    return number;
+}
+
+/// Opens `path` whatever its length: a part that fits, then the next relative to it.
+int openAnyLength(const std::string& path, int flags) {
+    std::size_t from = 0;
+    int directory = AT_FDCWD;
+    while (path.size() - from > longestHop) {
+        const std::size_t slash = path.rfind('/', from + longestHop - 1);
+        if (slash == std::string::npos || slash <= from) {
+            errno = ENAMETOOLONG;
+            break;
+        }
+        const std::string hop = path.substr(from, slash - from);
+        const int next = openAt(directory, hop.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+        const int failure = errno;
+        if (directory != AT_FDCWD) {
+            ::close(directory);
+        }
+        errno = failure;
+        directory = next;
+        if (directory < 0) {
+            return -1;
+        }
+        from = slash + 1;
+    }
+    int number = -1;
+    if (path.size() - from <= longestHop) {
+        number = openAt(directory, path.c_str() + from, flags);
+    }
+    if (directory != AT_FDCWD) {
+        const int failure = errno;
+        ::close(directory);
+        errno = failure;
+    }
+    return number;
+}
+
+EntryType typeOfListed(unsigned char listed) {
+    switch (listed) {
+        case DT_REG:
+            return EntryType::regular;
+        case DT_DIR:
+            return EntryType::directory;
+        case DT_UNKNOWN:
+            return EntryType::unknown;
+        default:
+            return EntryType::other;
+    }
+}
+
+std::optional<Timestamp> toTimestamp(const statx_timestamp& time) {
+    constexpr std::int64_t perSecond = 1'000'000'000;
+    constexpr std::int64_t lastSecond = std::numeric_limits<std::int64_t>::max() / perSecond - 1;
+    if (time.tv_sec > lastSecond) {
+        return Timestamp::max();
+    }
+    if (time.tv_sec < -lastSecond) {
+        return Timestamp(std::chrono::seconds(-lastSecond));
+    }
+    return Timestamp(std::chrono::nanoseconds(time.tv_sec * perSecond + time.tv_nsec));
+}
+
+FileAttributes toAttributes(const struct statx& from) {
+    FileAttributes attributes;
+    if (S_ISREG(from.stx_mode)) {
+        attributes.type = EntryType::regular;
+    } else if (S_ISDIR(from.stx_mode)) {
+        attributes.type = EntryType::directory;
+    } else {
+        attributes.type = EntryType::other;
+    }
+    attributes.immutable = (from.stx_attributes & STATX_ATTR_IMMUTABLE) != 0;
+    attributes.size = from.stx_size;
+    if ((from.stx_mask & STATX_MTIME) != 0) {
+        attributes.modified = toTimestamp(from.stx_mtime);
+    }
+    if ((from.stx_mask & STATX_BTIME) != 0) {
+        attributes.created = toTimestamp(from.stx_btime);
+    }
+    attributes.identity = {makedev(from.stx_dev_major, from.stx_dev_minor), from.stx_ino};
+    return attributes;
+}
+
+Result<FileAttributes> attributesFrom(int directory, const char* name, int flags) {
+    struct statx answer {};
+    if (::statx(directory, name, flags | AT_NO_AUTOMOUNT, attributeMask, &answer) != 0) {
+        return SystemError{errno};
+    }
+    return toAttributes(answer);
+}
+
+/// What is known of each device, asked for once: the questions come once per folder.
+class DeviceTable final {
+ public:
+    bool isPseudo(std::uint64_t device) {
+        const std::lock_guard lock(mutex_);
+        if (!pseudo_.contains(device)) {
+            readMounts();
+        }
+        return pseudo_.try_emplace(device, false).first->second;
+    }
+
+    bool isRotational(std::uint64_t device) {
+        const std::lock_guard lock(mutex_);
+        const auto known = rotational_.find(device);
+        if (known != rotational_.end()) {
+            return known->second;
+        }
+        return rotational_.emplace(device, isRotationalDevice(device)).first->second;
+    }
+
+ private:
+    void readMounts() {
+        const auto mounts = readMountInfo();
+        if (!mounts) {
+            return;
+        }
+        for (const MountEntry& mount : *mounts) {
+            pseudo_.insert_or_assign(mount.device, isPseudoFileSystemType(mount.fileSystemType));
+        }
+    }
+
+    std::mutex mutex_;
+    std::unordered_map<std::uint64_t, bool> pseudo_;      // guarded by mutex_
+    std::unordered_map<std::uint64_t, bool> rotational_;  // guarded by mutex_
+};
+
+class LinuxFileSystem final : public FileSystem {
+ public:
+    Result<Descriptor> openRootDirectory(const std::string& path) override {
+        return opened(openAnyLength(path, directoryFlags));
+    }
+
+    Result<Descriptor> openDirectory(const std::string& path) override {
+        return opened(openAnyLength(path, directoryFlags | O_NOFOLLOW));
+    }
+
+    Result<Descriptor> openDirectoryAt(const Descriptor& parent, const char* name) override {
+        return opened(openAt(parent.number(), name, directoryFlags | O_NOFOLLOW));
+    }
+
+    Result<bool> listEntries(const Descriptor& directory, EntryBlock& block) override {
+        block.clear();
+        const std::span<std::byte> room = block.bytes();
+        ssize_t filled = 0;
+        do {
+            filled = ::getdents64(directory.number(), room.data(), room.size());
+            if (filled < 0) {
+                return SystemError{errno};
+            }
+            addListed(room.first(static_cast<std::size_t>(filled)), block);
+        } while (filled > 0 && block.entries().empty());
+        return filled > 0;
+    }
+
+    Result<FileAttributes> attributesAt(const Descriptor& directory, const char* name) override {
+        return attributesFrom(directory.number(), name, AT_SYMLINK_NOFOLLOW);
+    }
+
+    Result<FileAttributes> attributesOf(const Descriptor& descriptor) override {
+        return attributesFrom(descriptor.number(), "", AT_EMPTY_PATH);
+    }
+
+    Result<Descriptor> openFile(const std::string& path) override {
+        int number = openAnyLength(path, fileFlags | O_NOATIME);
+        if (number < 0 && errno == EPERM) {
+            // Only the owner may ask for the access time to be left alone.
+            number = openAnyLength(path, fileFlags);
+        }
+        return opened(number);
+    }
+
+    Result<std::size_t> readAt(const Descriptor& file, std::uint64_t offset,
+                               std::span<std::byte> into) override {
+        std::size_t filled = 0;
+        while (filled < into.size()) {
+            const ssize_t got = ::pread(file.number(), into.data() + filled, into.size() - filled,
+                                        static_cast<off_t>(offset + filled));
+            if (got < 0 && errno == EINTR) {
+                continue;
+            }
+            if (got < 0) {
+                return SystemError{errno};
+            }
+            if (got == 0) {
+                break;
+            }
+            filled += static_cast<std::size_t>(got);
+        }
+        return filled;
+    }
+
+    Result<std::size_t> readCachedAt(const Descriptor& file, std::uint64_t offset,
+                                     std::span<std::byte> into) override {
+        const iovec place{into.data(), into.size()};
+        const ssize_t got =
+            ::preadv2(file.number(), &place, 1, static_cast<off_t>(offset), RWF_NOWAIT);
+        // A file system that cannot say what is in memory is treated as having nothing there.
+        return got < 0 ? std::size_t{0} : static_cast<std::size_t>(got);
+    }
+
+    void disableReadAhead(const Descriptor& file) override {
+        ::posix_fadvise(file.number(), 0, 0, POSIX_FADV_RANDOM);
+    }
+
+    bool isPseudoFileSystem(std::uint64_t device) override { return devices_.isPseudo(device); }
+    bool isRotational(std::uint64_t device) override { return devices_.isRotational(device); }
+
+    std::optional<FileIdentity> homeTrash() override {
+        const auto path = homeTrashFolder(processEnvironment());
+        if (!path) {
+            return std::nullopt;
+        }
+        const auto attributes = attributesFrom(AT_FDCWD, path->c_str(), 0);
+        return attributes ? std::optional(attributes->identity) : std::nullopt;
+    }
+
+    std::size_t descriptorLimit() override {
+        rlimit limit{};
+        if (::getrlimit(RLIMIT_NOFILE, &limit) != 0) {
+            return 256;
+        }
+        return static_cast<std::size_t>(std::min<rlim_t>(limit.rlim_cur, 1'000'000));
+    }
+
+ protected:
+    void close(int number) override { ::close(number); }
+
+ private:
+    Result<Descriptor> opened(int number) {
+        if (number < 0) {
+            return SystemError{errno};
+        }
+        return Descriptor(*this, number);
+    }
+
+    static void addListed(std::span<const std::byte> listed, EntryBlock& block) {
+        while (!listed.empty()) {
+            // The kernel lays the records out aligned, one behind the other.
+            const auto* record = static_cast<const dirent64*>(
+                static_cast<const void*>(listed.data()));
+            const std::string_view name = record->d_name;
+            if (name != "." && name != "..") {
+                block.add(record->d_name, typeOfListed(record->d_type));
+            }
+            listed = listed.subspan(record->d_reclen);
+        }
+    }
+
+    DeviceTable devices_;
+};
+
+}  // namespace
+
+FileSystem& systemFileSystem() {
+    static LinuxFileSystem fileSystem;
+    return fileSystem;
+}
+
+}  // namespace tarvin

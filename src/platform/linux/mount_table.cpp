@@ -1,0 +1,137 @@
+#include "platform/linux/mount_table.h"
+
+#include "platform/linux/small_file.h"
+
+#include <sys/sysmacros.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <system_error>
+
+namespace tarvin {
+
+namespace {
+
+// A hundred thousand mounts fit many times over.
+constexpr std::size_t largestTable = std::size_t{64} << 20;
+
+constexpr auto pseudoTypes = std::to_array<std::string_view>(
+    {"anon_inodefs", "apparmorfs", "autofs",     "bdev",      "binder",  "binfmt_misc",
+     "bpf",          "cgroup",     "cgroup2",    "configfs",  "cpuset",  "dax",
+     "debugfs",      "devfs",      "devpts",     "devtmpfs",  "dmabuf",  "efivarfs",
+     "fusectl",      "hugetlbfs",  "ipathfs",    "mqueue",    "nfsd",    "nsfs",
+     "openpromfs",   "pidfs",      "pipefs",     "proc",      "pstore",  "resctrl",
+     "rpc_pipefs",   "secretmem",  "securityfs", "selinuxfs", "smackfs", "sockfs",
+     "spufs",        "sysfs",      "tracefs",    "usbdevfs",  "usbfs",   "xenfs"});
+static_assert(std::is_sorted(pseudoTypes.begin(), pseudoTypes.end()));
+
+/// Takes what stands before the next `separator` off the front of `text`; all of it if there is
+/// none.
+std::string_view takeUntil(std::string_view& text, char separator) {
+    const std::size_t end = std::min(text.find(separator), text.size());
+    const std::string_view taken = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    return taken;
+}
+
+bool isOctal(char digit) {
+    return digit >= '0' && digit <= '7';
+}
+
+/// The byte that a backslash and three octal digits at the front of `text` stand for.
+std::optional<char> escapedByte(std::string_view text) {
+    // Three digits hold nine bits, a byte eight.
+    if (text.size() < 4 || text[0] != '\\' || text[1] < '0' || text[1] > '3' || !isOctal(text[2]) ||
+        !isOctal(text[3])) {
+        return std::nullopt;
+    }
+    const int value = (text[1] - '0') * 64 + (text[2] - '0') * 8 + (text[3] - '0');
+    return static_cast<char>(static_cast<unsigned char>(value));
+}
+
+std::string unescaped(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    while (!text.empty()) {
+        const std::optional<char> byte = escapedByte(text);
+        out += byte.value_or(text.front());
+        text.remove_prefix(byte ? 4 : 1);
+    }
+    return out;
+}
+
+std::optional<unsigned> parseNumber(std::string_view text) {
+    unsigned number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stopped, failure] = std::from_chars(text.data(), end, number);
+    if (failure != std::errc() || stopped != end) {
+        return std::nullopt;
+    }
+    return number;
+}
+
+std::optional<std::uint64_t> parseDevice(std::string_view text) {
+    const auto major = parseNumber(takeUntil(text, ':'));
+    const auto minor = parseNumber(text);
+    if (!major || !minor) {
+        return std::nullopt;
+    }
+    return makedev(*major, *minor);
+}
+
+/// Drops the optional fields, of which there may be any number, and the dash that ends them.
+bool skipOptionalFields(std::string_view& rest) {
+    while (!rest.empty()) {
+        if (takeUntil(rest, ' ') == "-") {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::optional<MountEntry> parseLine(std::string_view line) {
+    takeUntil(line, ' ');  // the mount's number
+    takeUntil(line, ' ');  // its parent's
+    const auto device = parseDevice(takeUntil(line, ' '));
+    takeUntil(line, ' ');  // which folder of the file system is mounted
+    const std::string_view mountPoint = takeUntil(line, ' ');
+    takeUntil(line, ' ');  // options
+    if (!device || !mountPoint.starts_with('/') || !skipOptionalFields(line)) {
+        return std::nullopt;
+    }
+    const std::string_view type = takeUntil(line, ' ');
+    // Fields are parted by one blank each: a source of no letters leaves two side by side.
+    const std::string_view source = takeUntil(line, ' ');
+    if (type.empty()) {
+        return std::nullopt;
+    }
+    return MountEntry{*device, unescaped(mountPoint), unescaped(type), unescaped(source)};
+}
+
+}  // namespace
+
+std::vector<MountEntry> parseMountInfo(std::string_view text) {
+    std::vector<MountEntry> entries;
+    while (!text.empty()) {
+        if (auto entry = parseLine(takeUntil(text, '\n'))) {
+            entries.push_back(std::move(*entry));
+        }
+    }
+    return entries;
+}
+
+std::optional<std::vector<MountEntry>> readMountInfo(const std::string& path) {
+    const auto text = readSmallFile(path, largestTable);
+    if (!text) {
+        return std::nullopt;
+    }
+    return parseMountInfo(*text);
+}
+
+bool isPseudoFileSystemType(std::string_view type) {
+    return std::binary_search(pseudoTypes.begin(), pseudoTypes.end(), type);
+}
+
+}  // namespace tarvin

@@ -1,0 +1,54 @@
+#include "platform/platform.h"
+
+#include "platform/linux/block_devices.h"
+#include "platform/linux/mount_table.h"
+#include "platform/linux/small_file.h"
+#include "platform/linux/user_environment.h"
+#include "platform/linux/volumes.h"
+
+#include <cstddef>
+
+namespace tarvin {
+
+namespace {
+
+// The desktop writes some ten lines.
+constexpr std::size_t largestSettingsFile = std::size_t{1} << 20;
+
+/// The desktop's list of the user's folders as it is now; empty if there is none.
+std::string readUserDirectories(const UserEnvironment& environment) {
+    const auto path = userDirectoriesFile(environment);
+    return path ? readSmallFile(*path, largestSettingsFile).value_or("") : "";
+}
+
+class LinuxPlatform final : public Platform {
+ public:
+    FileSystem& fileSystem() override { return systemFileSystem(); }
+    Clock& clock() override { return systemClock(); }
+
+    std::vector<Volume> mountedVolumes() override {
+        return volumesOf(readMountInfo().value_or(std::vector<MountEntry>()),
+                         [](const MountEntry& mount) { return isRemovableDevice(mount.device); });
+    }
+
+    std::optional<std::string> userName() override { return userNameOf(processEnvironment()); }
+
+    std::optional<std::string> userFolder(UserFolder folder) override {
+        // Read each time: the user may move a folder while the program runs.
+        const UserEnvironment& environment = processEnvironment();
+        return userFolderOf(folder, environment, readUserDirectories(environment));
+    }
+
+    std::optional<std::string> applicationSupportFolder() override {
+        return applicationSupportFolderOf(processEnvironment());
+    }
+};
+
+}  // namespace
+
+Platform& systemPlatform() {
+    static LinuxPlatform platform;
+    return platform;
+}
+
+}  // namespace tarvin

@@ -1,0 +1,87 @@
+#include "platform/linux/volumes.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace tarvin {
+
+namespace {
+
+template <std::size_t count>
+bool holds(const std::array<std::string_view, count>& words, std::string_view word) {
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+bool isNetworkType(std::string_view type) {
+    constexpr auto types = std::to_array<std::string_view>({"cifs", "smb3", "smbfs"});
+    return holds(types, type);
+}
+
+bool isDosType(std::string_view type) {
+    // "fuseblk" is what NTFS through a user's program looks like.
+    constexpr auto types =
+        std::to_array<std::string_view>({"exfat", "fuseblk", "msdos", "ntfs", "ntfs3", "vfat"});
+    return holds(types, type);
+}
+
+bool isNativeType(std::string_view type) {
+    constexpr auto types = std::to_array<std::string_view>(
+        {"apfs", "btrfs", "ext2", "ext3", "ext4", "f2fs", "hfs", "hfsplus", "xfs", "zfs"});
+    return holds(types, type);
+}
+
+VolumeKind kindOf(const MountEntry& mount, const RemovableQuery& isRemovable) {
+    if (isNetworkType(mount.fileSystemType)) {
+        return VolumeKind::network;
+    }
+    if (isDosType(mount.fileSystemType) || isRemovable(mount)) {
+        return VolumeKind::removable;
+    }
+    return isNativeType(mount.fileSystemType) ? VolumeKind::internal : VolumeKind::other;
+}
+
+Volume volumeOf(const MountEntry& mount, const RemovableQuery& isRemovable) {
+    return {mount.mountPoint, mount.fileSystemType, kindOf(mount, isRemovable)};
+}
+
+bool isWhereDrivesAre(std::string_view mountPoint) {
+    // "/mnt" is a place for one drive or for folders of several; the others are for folders only.
+    return mountPoint == "/mnt" || mountPoint.starts_with("/mnt/") ||
+           mountPoint.starts_with("/media/") || mountPoint.starts_with("/run/media/");
+}
+
+/// Whether nothing was mounted over `mount` later; `mount` is an element of `mounts`.
+bool isOnTop(const MountEntry& mount, const std::vector<MountEntry>& mounts) {
+    const auto last = std::find_if(mounts.rbegin(), mounts.rend(), [&](const MountEntry& other) {
+        return other.mountPoint == mount.mountPoint;
+    });
+    return &*last == &mount;
+}
+
+bool isListed(const MountEntry& mount, const std::vector<MountEntry>& mounts) {
+    return isWhereDrivesAre(mount.mountPoint) && !isPseudoFileSystemType(mount.fileSystemType) &&
+           isOnTop(mount, mounts);
+}
+
+Volume rootVolume(const std::vector<MountEntry>& mounts, const RemovableQuery& isRemovable) {
+    const auto last = std::find_if(mounts.rbegin(), mounts.rend(),
+                                   [](const MountEntry& mount) { return mount.mountPoint == "/"; });
+    return last == mounts.rend() ? Volume{"/", {}, VolumeKind::other}
+                                 : volumeOf(*last, isRemovable);
+}
+
+}  // namespace
+
+std::vector<Volume> volumesOf(const std::vector<MountEntry>& mounts,
+                              const RemovableQuery& isRemovable) {
+    std::vector<Volume> volumes{rootVolume(mounts, isRemovable)};
+    for (const MountEntry& mount : mounts) {
+        if (isListed(mount, mounts)) {
+            volumes.push_back(volumeOf(mount, isRemovable));
+        }
+    }
+    return volumes;
+}
+
+}  // namespace tarvin

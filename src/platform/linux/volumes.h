@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/linux/mount_table.h"
+#include "platform/platform.h"
+
+#include <functional>
+#include <vector>
+
+namespace tarvin {
+
+/// Whether the device of a mount can be unplugged or its medium taken out.
+using RemovableQuery = std::function<bool(const MountEntry&)>;
+
+/// What a person would call the drives among the mounts: "/" first, whatever it is, then what is
+/// mounted at "/mnt" or under "/media", "/run/media" or "/mnt", in the table's order. Where
+/// something is mounted over, what was mounted last counts. Pseudo file systems are left out. "/"
+/// is there even if the table does not list it (a changed root), then without a type.
+[[nodiscard]] std::vector<Volume> volumesOf(const std::vector<MountEntry>& mounts,
+                                            const RemovableQuery& isRemovable);
+
+}  // namespace tarvin

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <variant>
+
+namespace tarvin {
+
+/// Why the operating system refused a call: its error number.
+struct SystemError {
+    int code = 0;
+
+    /// The system's own words for it, in the language of the process.
+    [[nodiscard]] std::string text() const;
+};
+
+/// What a call that can fail answers: a value, or why there is none. Nothing of ours throws.
+template <typename Value>
+class [[nodiscard]] Result final {
+ public:
+    Result(Value value) : content_(std::in_place_index<0>, std::move(value)) {}  // NOLINT
+    Result(SystemError error) : content_(std::in_place_index<1>, error) {}       // NOLINT
+
+    [[nodiscard]] bool ok() const { return content_.index() == 0; }
+    explicit operator bool() const { return ok(); }
+
+    /// Require ok().
+    [[nodiscard]] Value& value() { return *std::get_if<0>(&content_); }
+    [[nodiscard]] const Value& value() const { return *std::get_if<0>(&content_); }
+    Value& operator*() { return value(); }
+    const Value& operator*() const { return value(); }
+    Value* operator->() { return &value(); }
+    const Value* operator->() const { return &value(); }
+
+    /// Requires !ok().
+    [[nodiscard]] SystemError error() const { return *std::get_if<1>(&content_); }
+
+ private:
+    std::variant<Value, SystemError> content_;
+};
+
+}  // namespace tarvin
