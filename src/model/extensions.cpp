@@ -1,0 +1,141 @@
+#include "model/extensions.h"
+
+#include <atomic>
+
+namespace tarvin {
+
+namespace {
+
+// Five categories are built on five threads; only the count itself is shared between them.
+std::atomic<std::uint64_t> renamingCount{0};
+
+}  // namespace
+
+Extensions::~Extensions() {
+    letGoOfSets();
+}
+
+void Extensions::addSet(std::shared_ptr<Set> set) {
+    takeIn(*set);
+    sets_.push_back(std::move(set));
+}
+
+void Extensions::markAllSet() {
+    marked_ = 0;
+    markedSize_ = 0;
+    for (const std::shared_ptr<Set>& set : sets_) {
+        set->markAllFiles();
+        marked_ += set->totalFilesSelectedInSet();
+        markedSize_ += set->totalFilesSelectedInSetSize();
+    }
+    extensionState_ = CheckState::on;
+}
+
+void Extensions::unmarkAllSet() {
+    for (const std::shared_ptr<Set>& set : sets_) {
+        set->unmarkAllFiles();
+    }
+    marked_ = 0;
+    markedSize_ = 0;
+    extensionState_ = CheckState::off;
+}
+
+void Extensions::changeState() {
+    switch (extensionState_) {
+        case CheckState::off:
+        case CheckState::mixed:
+            markAllSet();
+            break;
+        case CheckState::on:
+            unmarkAllSet();
+            break;
+    }
+}
+
+void Extensions::changeStateOfSet(const std::shared_ptr<Set>& set) {
+    switch (set->setsState()) {
+        case CheckState::off:
+        case CheckState::mixed:
+            set->markAllFiles();
+            break;
+        case CheckState::on:
+            set->unmarkAllFiles();
+            break;
+    }
+    extensionState_ = determineSelfState();
+}
+
+void Extensions::changeStateOfFile(const std::shared_ptr<File>& file,
+                                   const std::shared_ptr<Set>& set) {
+    set->changeStateOfFile(file);
+    extensionState_ = determineSelfState();
+}
+
+CheckState Extensions::determineSelfState() {
+    const SetTally tally = tallyIsWhole_ ? tally_ : walkSets();
+    marked_ = tally.marked;
+    markedSize_ = tally.markedSize;
+    const auto touched = static_cast<std::uint32_t>(tally.on + tally.mixed);
+    if (sets_.size() == touched) {
+        return CheckState::on;
+    }
+    return touched > 0 && sets_.size() > touched ? CheckState::mixed : CheckState::off;
+}
+
+RemovalResult Extensions::removeSelectedFilesInSet(const std::shared_ptr<Set>& set, Trash& trash) {
+    // The marked counters need no such care: determineSelfState sets them anew.
+    total_ -= set->totalFilesInSet();
+    totalSize_ -= set->totalFilesInSetSize();
+    const RemovalResult result = set->removeSelectedFilesInSet(trash);
+    total_ += set->totalFilesInSet();
+    totalSize_ += set->totalFilesInSetSize();
+    extensionState_ = determineSelfState();
+    return result;
+}
+
+std::vector<std::string> Extensions::addSelectedFilesInExtensionToExceptionOfSet(
+    const std::shared_ptr<Set>& set) {
+    std::vector<std::string> paths = set->addSelectedFilesInSetToException();
+    extensionState_ = determineSelfState();
+    return paths;
+}
+
+void Extensions::setSets(std::vector<std::shared_ptr<Set>> sets) {
+    letGoOfSets();
+    tallyIsWhole_ = true;
+    sets_ = std::move(sets);
+    for (const std::shared_ptr<Set>& set : sets_) {
+        takeIn(*set);
+    }
+}
+
+void Extensions::setName(std::string name) {
+    name_ = std::move(name);
+    renamingCount.fetch_add(1, std::memory_order_relaxed);
+}
+
+std::uint64_t Extensions::renamings() {
+    return renamingCount.load(std::memory_order_relaxed);
+}
+
+void Extensions::takeIn(Set& set) {
+    if (!set.joinTally(tally_)) {
+        tallyIsWhole_ = false;
+    }
+}
+
+void Extensions::letGoOfSets() {
+    for (const std::shared_ptr<Set>& set : sets_) {
+        set->leaveTally(tally_);
+    }
+}
+
+SetTally Extensions::walkSets() const {
+    SetTally tally;
+    for (const std::shared_ptr<Set>& set : sets_) {
+        set->addTo(tally);
+    }
+    return tally;
+}
+
+}  // namespace tarvin

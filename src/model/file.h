@@ -1,0 +1,89 @@
+#pragma once
+
+#include "platform/timestamp.h"
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarvin {
+
+class FileStore;
+class Trash;
+
+/// A check box's state, at every level of the result tree.
+enum class CheckState : std::int8_t {
+    off = 0,    ///< nothing marked
+    on = 1,     ///< fully marked (for a set: every file but one)
+    mixed = -1  ///< partly marked
+};
+
+/// One folder of a scan, shared by the files in it so that a path is held once and not once per
+/// file. Lives as long as the FileStore that made it; never changes after that.
+struct Directory {
+    const Directory* parent = nullptr;  ///< none for the folder a walk began at
+    const char* name = nullptr;         ///< last component; for the first folder its whole path
+    std::uint32_t nameLength = 0;       ///< bytes
+    std::uint32_t pathLength = 0;       ///< bytes of the absolute path, without a slash at its end
+    bool insideBundle = false;          ///< a ".app/" or ".framework/" stands in the paths below it
+
+    /// The absolute path in native bytes, without a slash at its end ("/" itself is the exception).
+    [[nodiscard]] std::string path() const;
+    /// The absolute path of the entry `name` of this folder.
+    [[nodiscard]] std::string pathOf(std::string_view entryName) const;
+};
+
+/// One collected file. Made and owned by a FileStore; 64 bytes or less, because a scan holds
+/// millions. Paths and names are native bytes and need not be UTF-8. `state` and `index` change on
+/// the one thread that changes the result tree; everything else is fixed.
+class File final {
+ public:
+    File(const Directory* directory, const char* name, std::uint64_t fileSize,
+         std::optional<Timestamp> fileModificationDate, std::optional<Timestamp> fileCreationDate);
+
+    /// Moves the file to the Trash. True only if it existed and the move reported no error; on
+    /// false nothing has changed on disk.
+    bool removeFile(Trash& trash) const;
+
+    /// The file's name as its folder lists it.
+    [[nodiscard]] std::string_view fileName() const { return name_; }
+    /// The same, ended by a zero byte; lives as long as the store.
+    [[nodiscard]] const char* fileNameBytes() const { return name_; }
+    /// The absolute path: the file's identity everywhere. Put together on each call.
+    [[nodiscard]] std::string filePath() const;
+    /// Appends the absolute path to `out`, for callers that reuse one buffer.
+    void appendFilePath(std::string& out) const;
+    [[nodiscard]] const Directory* directory() const { return directory_; }
+    /// Bytes, as recorded when the file was collected.
+    [[nodiscard]] std::uint64_t fileSize() const { return fileSize_; }
+    [[nodiscard]] std::optional<Timestamp> fileModificationDate() const {
+        return fromRaw(modified_);
+    }
+    [[nodiscard]] std::optional<Timestamp> fileCreationDate() const { return fromRaw(created_); }
+
+    /// 1 marked, 0 unmarked; no other value occurs.
+    [[nodiscard]] CheckState state() const { return state_; }
+    void setState(CheckState state) { state_ = state; }
+    /// 0-based position in the set when the set was built; kept when other files leave the set.
+    [[nodiscard]] std::int64_t index() const { return index_; }
+    void setIndex(std::int64_t index) { index_ = index; }
+
+ private:
+    static constexpr std::int64_t noDate = std::numeric_limits<std::int64_t>::min();
+    static std::int64_t toRaw(std::optional<Timestamp> date);
+    static std::optional<Timestamp> fromRaw(std::int64_t raw);
+
+    const Directory* directory_;
+    const char* name_;
+    std::uint64_t fileSize_;
+    std::int64_t modified_;
+    std::int64_t created_;
+    std::int64_t index_ = 0;
+    CheckState state_ = CheckState::off;
+};
+
+static_assert(sizeof(File) <= 64);
+
+}  // namespace tarvin

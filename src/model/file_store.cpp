@@ -1,0 +1,98 @@
+#include "model/file_store.h"
+
+#include <algorithm>
+#include <new>
+#include <type_traits>
+
+namespace tarvin {
+
+namespace {
+
+constexpr std::size_t nameBlockBytes = 64 * 1024;
+constexpr std::size_t filesPerBlock = 1024;
+
+static_assert(std::is_trivially_destructible_v<File>, "blocks of files are dropped as raw memory");
+
+bool endsABundleName(std::string_view name) {
+    return name.ends_with(".app") || name.ends_with(".framework");
+}
+
+bool holdsABundle(std::string_view path) {
+    return path.find(".app/") != std::string_view::npos ||
+           path.find(".framework/") != std::string_view::npos || endsABundleName(path);
+}
+
+}  // namespace
+
+FileStore::FileStore() = default;
+FileStore::~FileStore() = default;
+
+std::shared_ptr<FileStore> FileStore::create() {
+    return std::shared_ptr<FileStore>(new FileStore);
+}
+
+const Directory* FileStore::addRoot(std::string_view path) {
+    while (!path.empty() && path.back() == '/') {
+        path.remove_suffix(1);
+    }
+    Directory& root = directories_.emplace_back();
+    root.name = keepName(path);
+    root.nameLength = static_cast<std::uint32_t>(path.size());
+    root.pathLength = root.nameLength;
+    root.insideBundle = holdsABundle(path);
+    return &root;
+}
+
+const Directory* FileStore::addDirectory(const Directory* parent, std::string_view name) {
+    Directory& directory = directories_.emplace_back();
+    directory.parent = parent;
+    directory.name = keepName(name);
+    directory.nameLength = static_cast<std::uint32_t>(name.size());
+    directory.pathLength = parent->pathLength + 1 + directory.nameLength;
+    directory.insideBundle = parent->insideBundle || endsABundleName(name);
+    return &directory;
+}
+
+File* FileStore::addFile(const Directory* directory, std::string_view name, std::uint64_t fileSize,
+                         std::optional<Timestamp> modified, std::optional<Timestamp> created) {
+    if (fileBlocks_.empty() || fileBlockUsed_ == filesPerBlock) {
+        fileBlocks_.push_back(
+            std::make_unique_for_overwrite<std::byte[]>(filesPerBlock * sizeof(File)));
+        fileBlockUsed_ = 0;
+    }
+    std::byte* place = fileBlocks_.back().get() + fileBlockUsed_ * sizeof(File);
+    ++fileBlockUsed_;
+    ++fileCount_;
+    return new (place) File(directory, keepName(name), fileSize, modified, created);
+}
+
+std::shared_ptr<File> FileStore::share(File* file) {
+    return std::shared_ptr<File>(shared_from_this(), file);
+}
+
+std::shared_ptr<File> FileStore::standalone(std::string_view path, std::uint64_t fileSize,
+                                            std::optional<Timestamp> modified,
+                                            std::optional<Timestamp> created) {
+    const std::size_t slash = path.rfind('/');
+    const bool hasFolder = slash != std::string_view::npos;
+    const std::shared_ptr<FileStore> store = create();
+    const Directory* directory = store->addRoot(hasFolder ? path.substr(0, slash) : "");
+    const std::string_view name = hasFolder ? path.substr(slash + 1) : path;
+    return store->share(store->addFile(directory, name, fileSize, modified, created));
+}
+
+const char* FileStore::keepName(std::string_view name) {
+    const std::size_t needed = name.size() + 1;
+    if (nameBlocks_.empty() || nameBlockUsed_ + needed > nameBlockSize_) {
+        nameBlockSize_ = std::max(needed, nameBlockBytes);
+        nameBlocks_.push_back(std::make_unique_for_overwrite<char[]>(nameBlockSize_));
+        nameBlockUsed_ = 0;
+    }
+    char* place = nameBlocks_.back().get() + nameBlockUsed_;
+    name.copy(place, name.size());
+    place[name.size()] = '\0';
+    nameBlockUsed_ += needed;
+    return place;
+}
+
+}  // namespace tarvin

@@ -1,0 +1,174 @@
+#include "model/set.h"
+
+#include "platform/trash.h"
+
+#include <cstddef>
+
+namespace tarvin {
+
+namespace {
+
+bool isMarked(const File& file) {
+    return file.state() != CheckState::off;
+}
+
+}  // namespace
+
+void SetTally::addState(CheckState state) {
+    on += std::uint64_t{state == CheckState::on};
+    mixed += std::uint64_t{state == CheckState::mixed};
+}
+
+void SetTally::dropState(CheckState state) {
+    on -= std::uint64_t{state == CheckState::on};
+    mixed -= std::uint64_t{state == CheckState::mixed};
+}
+
+std::string Set::nameOfSet() const {
+    const std::uint64_t copies = std::uint64_t{files_.size()} - 1;
+    return "Set(" + std::to_string(copies) + ")";
+}
+
+void Set::markAllFiles() {
+    setTotalFilesSelectedInSet(0);
+    setTotalFilesSelectedInSetSize(0);
+    for (std::size_t position = 1; position < files_.size(); ++position) {
+        files_[position]->setState(CheckState::on);
+        countMark(*files_[position]);
+    }
+    setSetsState(CheckState::on);
+}
+
+void Set::unmarkAllFiles() {
+    for (const std::shared_ptr<File>& file : files_) {
+        file->setState(CheckState::off);
+    }
+    setTotalFilesSelectedInSet(0);
+    setTotalFilesSelectedInSetSize(0);
+    setSetsState(CheckState::off);
+}
+
+void Set::changeStateOfFile(const std::shared_ptr<File>& file) {
+    if (isMarked(*file)) {
+        file->setState(CheckState::off);
+        // A mark that markAllFiles left on position 0 was never counted, so there can be a marked
+        // file and nothing to subtract it from.
+        if (marked_ != 0) {
+            uncountMark(*file);
+        }
+    } else {
+        file->setState(CheckState::on);
+        countMark(*file);
+    }
+    setSetsState(determineSelfState());
+}
+
+CheckState Set::determineSelfState() const {
+    const std::uint64_t copies = std::uint64_t{files_.size()} - 1;  // wraps for an empty set
+    if (marked_ == copies && marked_ != 0) {
+        return CheckState::on;
+    }
+    if (marked_ >= copies) {
+        return CheckState::off;
+    }
+    return marked_ != 0 ? CheckState::mixed : CheckState::off;
+}
+
+RemovalResult Set::removeSelectedFilesInSet(Trash& trash) {
+    RemovalResult result;
+    std::unordered_set<const File*> moved;
+    for (const std::shared_ptr<File>& file : files_) {
+        if (!isMarked(*file) || !file->removeFile(trash)) {
+            continue;
+        }
+        moved.insert(file.get());
+        uncountMark(*file);
+        totalFilesInSet_ -= 1;
+        totalFilesInSetSize_ -= file->fileSize();
+        result.deletedFilesCount += 1;
+        result.deletedFilesSize += file->fileSize();
+    }
+    takeOut(moved);
+    setSetsState(determineSelfState());
+    return result;
+}
+
+std::vector<std::string> Set::addSelectedFilesInSetToException() {
+    std::vector<std::string> paths;
+    std::unordered_set<const File*> excepted;
+    for (const std::shared_ptr<File>& file : files_) {
+        if (isMarked(*file)) {
+            paths.push_back(file->filePath());
+            excepted.insert(file.get());
+            uncountMark(*file);
+        }
+    }
+    takeOut(excepted);
+    setSetsState(determineSelfState());
+    return paths;
+}
+
+void Set::setSetsState(CheckState state) {
+    if (tally_ != nullptr) {
+        tally_->addState(state);
+        tally_->dropState(setsState_);
+    }
+    setsState_ = state;
+}
+
+void Set::setTotalFilesSelectedInSet(std::uint64_t count) {
+    if (tally_ != nullptr) {
+        tally_->marked += count - marked_;
+    }
+    marked_ = count;
+}
+
+void Set::setTotalFilesSelectedInSetSize(std::uint64_t bytes) {
+    if (tally_ != nullptr) {
+        tally_->markedSize += bytes - markedSize_;
+    }
+    markedSize_ = bytes;
+}
+
+bool Set::joinTally(SetTally& tally) {
+    if (tally_ != nullptr) {
+        return false;
+    }
+    tally_ = &tally;
+    addTo(tally);
+    return true;
+}
+
+void Set::leaveTally(const SetTally& tally) {
+    if (tally_ != &tally) {
+        return;
+    }
+    tally_->dropState(setsState_);
+    tally_->marked -= marked_;
+    tally_->markedSize -= markedSize_;
+    tally_ = nullptr;
+}
+
+void Set::addTo(SetTally& tally) const {
+    tally.addState(setsState_);
+    tally.marked += marked_;
+    tally.markedSize += markedSize_;
+}
+
+void Set::countMark(const File& file) {
+    setTotalFilesSelectedInSet(marked_ + 1);
+    setTotalFilesSelectedInSetSize(markedSize_ + file.fileSize());
+}
+
+void Set::uncountMark(const File& file) {
+    setTotalFilesSelectedInSet(marked_ - 1);
+    setTotalFilesSelectedInSetSize(markedSize_ - file.fileSize());
+}
+
+void Set::takeOut(const std::unordered_set<const File*>& leaving) {
+    std::erase_if(files_, [&leaving](const std::shared_ptr<File>& file) {
+        return leaving.contains(file.get());
+    });
+}
+
+}  // namespace tarvin
