@@ -1,0 +1,74 @@
+#include "scan/buffer_pool.h"
+
+#include <utility>
+
+namespace tarvin {
+
+BufferPool::Lease::Lease(BufferPool& pool, ReadBudget::Share share)
+    : pool_(&pool), share_(std::move(share)) {
+    slabs_.reserve(share_.amount());
+    slabs_.push_back(pool.takeSlab());
+}
+
+BufferPool::Lease::~Lease() {
+    if (share_) {
+        pool_->giveBack(std::move(slabs_));
+    }
+}
+
+std::span<std::byte> BufferPool::Lease::allocate(std::size_t bytes) {
+    if (used_ + bytes > slabBytes) {
+        if (slab_ + 1 == share_.amount()) {
+            return {};
+        }
+        ++slab_;
+        used_ = 0;
+        // Most leases never need more than their first slab, so the others wait until now.
+        if (slab_ == slabs_.size()) {
+            slabs_.push_back(pool_->takeSlab());
+        }
+    }
+    const std::span<std::byte> piece(slabs_[slab_].get() + used_, bytes);
+    used_ += bytes;
+    return piece;
+}
+
+void BufferPool::Lease::rewind() {
+    slab_ = 0;
+    used_ = 0;
+}
+
+BufferPool::Lease BufferPool::take(std::size_t slabs) {
+    return {*this, budget_.take(slabs)};
+}
+
+std::vector<BufferPool::Lease> BufferPool::takeSeveral(std::size_t count, std::size_t slabsEach) {
+    ReadBudget::Share all = budget_.take(count * slabsEach);
+    std::vector<Lease> leases;
+    leases.reserve(count);
+    for (std::size_t lease = 0; lease < count; ++lease) {
+        leases.push_back({*this, all.split(slabsEach)});
+    }
+    return leases;
+}
+
+std::unique_ptr<std::byte[]> BufferPool::takeSlab() {
+    {
+        const std::lock_guard lock(mutex_);
+        if (!idle_.empty()) {
+            std::unique_ptr<std::byte[]> slab = std::move(idle_.back());
+            idle_.pop_back();
+            return slab;
+        }
+    }
+    return std::make_unique_for_overwrite<std::byte[]>(slabBytes);
+}
+
+void BufferPool::giveBack(std::vector<std::unique_ptr<std::byte[]>>&& slabs) {
+    const std::lock_guard lock(mutex_);
+    for (std::unique_ptr<std::byte[]>& slab : slabs) {
+        idle_.push_back(std::move(slab));
+    }
+}
+
+}  // namespace tarvin

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <mutex>
+#include <span>
+#include <vector>
+
+#include "scan/read_budget.h"
+
+namespace tarvin {
+
+/// The memory that comparisons read into: a fixed number of slabs shared by all of them, kept once
+/// allocated. Whatever is compared, no more than this is ever used. Any thread.
+class BufferPool final {
+ public:
+    static constexpr std::size_t slabBytes = 1024 * 1024;
+
+    explicit BufferPool(std::size_t mostSlabs) : budget_(mostSlabs) {}
+    BufferPool(const BufferPool&) = delete;
+    BufferPool& operator=(const BufferPool&) = delete;
+
+    /// Slabs on loan, handed out in pieces. One thread at a time.
+    class Lease final {
+     public:
+        Lease(Lease&&) noexcept = default;
+        Lease& operator=(Lease&&) = delete;
+        ~Lease();
+
+        /// The next free piece of `bytes`, at most a slab; empty when the lease is used up.
+        [[nodiscard]] std::span<std::byte> allocate(std::size_t bytes);
+        /// Bytes in all.
+        [[nodiscard]] std::size_t capacity() const { return share_.amount() * slabBytes; }
+        /// Makes everything that was allocated free again.
+        void rewind();
+
+     private:
+        friend class BufferPool;
+        Lease(BufferPool& pool, ReadBudget::Share share);
+
+        BufferPool* pool_;
+        ReadBudget::Share share_;
+        std::vector<std::unique_ptr<std::byte[]>> slabs_;
+        std::size_t slab_ = 0;  // the one allocated from
+        std::size_t used_ = 0;  // bytes of it
+    };
+
+    /// Waits until that many slabs are free. The caller must not hold a lease already.
+    [[nodiscard]] Lease take(std::size_t slabs);
+    /// The same for `count` leases at once, of at least one slab each.
+    [[nodiscard]] std::vector<Lease> takeSeveral(std::size_t count, std::size_t slabsEach);
+
+    [[nodiscard]] std::size_t mostSlabs() const { return budget_.amount(); }
+
+ private:
+    std::unique_ptr<std::byte[]> takeSlab();
+    void giveBack(std::vector<std::unique_ptr<std::byte[]>>&& slabs);
+
+    ReadBudget budget_;
+    std::mutex mutex_;
+    std::vector<std::unique_ptr<std::byte[]>> idle_;  // guarded by mutex_
+};
+
+}  // namespace tarvin

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <unordered_map>
+
+#include "model/file.h"
+#include "platform/file_system.h"
+#include "scan/read_budget.h"
+#include "scan/scan_control.h"
+
+namespace tarvin {
+
+/// A file that may have a twin, open for reading.
+struct OpenCandidate {
+    Descriptor descriptor;
+    FileAttributes attributes;
+    std::mutex* onlyReader = nullptr;  ///< held while reading from a device with moving heads
+};
+
+/// Opens and reads the files that are compared, for all comparisons of a scan together: bounds how
+/// many are open, lets one reader at a time at a rotational device, counts what is read and listens
+/// to pause and stop. Any thread.
+class CandidateReader final {
+ public:
+    CandidateReader(FileSystem& fileSystem, const ScanControl& control);
+    CandidateReader(const CandidateReader&) = delete;
+    CandidateReader& operator=(const CandidateReader&) = delete;
+
+    /// Opens the file as it stands now. None if it cannot be opened, or is a regular file no longer,
+    /// or the scan was stopped. Never waits for anything but the device. The caller has taken a
+    /// descriptor for it.
+    [[nodiscard]] std::optional<OpenCandidate> open(const File& file);
+
+    /// Fills `into` from `offset`. False if the file cannot be read or ends before that, or the scan
+    /// was stopped; waits while it is paused.
+    [[nodiscard]] bool read(const OpenCandidate& candidate, std::uint64_t offset,
+                            std::span<std::byte> into);
+
+    /// Says that little of the file will be read, so that the device is not kept busy with the rest.
+    void expectLittle(const OpenCandidate& candidate) {
+        fileSystem_.disableReadAhead(candidate.descriptor);
+    }
+
+    /// Whether the open file still is what it was when it was opened.
+    [[nodiscard]] bool isUnchanged(const OpenCandidate& candidate);
+
+    /// How many candidates may be open at once for the time of a visit: whoever takes one of these
+    /// waits for nothing but the device until it is given back.
+    [[nodiscard]] ReadBudget& descriptors() { return descriptors_; }
+    /// How many more may be kept open for longer. A budget of its own, because its holders wait for
+    /// others that visit.
+    [[nodiscard]] ReadBudget& keptDescriptors() { return keptDescriptors_; }
+    [[nodiscard]] const ScanControl& control() const { return control_; }
+    /// Bytes read so far.
+    [[nodiscard]] std::uint64_t bytesRead() const {
+        return bytesRead_.load(std::memory_order_relaxed);
+    }
+
+ private:
+    Result<Descriptor> openPatiently(const std::string& path);
+    Result<std::size_t> readAlone(const OpenCandidate& candidate, std::uint64_t offset,
+                                  std::span<std::byte> into);
+    std::mutex* onlyReaderOf(std::uint64_t device);
+
+    FileSystem& fileSystem_;
+    const ScanControl& control_;
+    ReadBudget descriptors_;
+    ReadBudget keptDescriptors_;
+    std::atomic<std::uint64_t> bytesRead_{0};
+    std::mutex devicesMutex_;
+    // One entry a device seen; null for a device that any number may read. Guarded by devicesMutex_.
+    std::unordered_map<std::uint64_t, std::unique_ptr<std::mutex>> devices_;
+};
+
+}  // namespace tarvin

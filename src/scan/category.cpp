@@ -1,0 +1,308 @@
+#include "scan/category.h"
+
+#include <utf8proc.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace tarvin {
+
+namespace {
+
+// The lists stand as they are, repeated entries and entries that can never match included: where a
+// file goes depends on every letter of them.
+constexpr std::string_view imageList =
+    "psd_dng_bmp_gif_jpg_png_psd_pspimage_thm_tif_yuv_tiff_jpeg_ai_cr2_crw_dng_kdc_nef_mrw_orf_x3f_"
+    "raw_raf_dcx_nrw_sr2_srf_wpg";
+constexpr std::string_view audioList =
+    "aif_iff_m3u_m4a_mid_mp3_mpa_ra_wav_wma_mid_m4a_m4b_amr_au_midi_ogg_ram_aac";
+constexpr std::string_view videoList =
+    "3g2_3gp_asf_asx_avi_flv_mov_mp4_mpg_rm_srt_swf_vob_wmv_mpeg_m4v_mts_m2ts_divx_xvid_avs_qt";
+constexpr std::string_view documentList =
+    "txt_doc_xlsx_xls_docx_ppt_pptx_pdf_m3d_ami_chm_csv_dif_htm_html_mny_rtf_sdc_sdf_sdw_stc_sti_"
+    "stw_sxc_sxd_sxi_sxm_sxw_tv4_xlt_vor_vsd_wk1_wk3_wk4_wks_wp_xlb_sxc_one_onetoc2_sqlite_snt";
+constexpr std::string_view otherList =
+    "7z_cbr_deb_gz_pkg_rar_rpm_sitx_tar.gz_zip_zipx_apk_app_bat_cgi_com_exe_gadget_jar_pif_vb_wsf_"
+    "cpl_cur_deskthemepack_dll_dmp_drv_lnk_sys_cab_ani_flc_skr_arj_sit_zoo_dbx_dci_eml_pst_ost_dbf_"
+    "mdb";
+constexpr std::string_view droppedImageList =
+    "_bmp_gif_jpg_png_psd_pspimage_thm_tif_yuv_tiff_jpeg_ai_cr2_crw_dng_kdc_nef_mrw_orf_x3f_raw_"
+    "raf_dcx_";
+
+struct CategoryList {
+    Category category;
+    std::string_view list;
+};
+
+// The first list that accepts a key decides. Audio stands before video.
+constexpr std::array sortingOrder{
+    CategoryList{Category::image, imageList}, CategoryList{Category::audio, audioList},
+    CategoryList{Category::video, videoList}, CategoryList{Category::documents, documentList}};
+
+constexpr std::size_t shortestNeedle = 3;  // units of UTF-16
+
+// A tree of made-up extensions shall not fill the memory: real ones are few and short.
+constexpr std::size_t mostKnownKeys = 4096;
+constexpr std::size_t longestKnownKey = 32;  // bytes
+
+/// One character of a text, or one byte of it that is not UTF-8.
+struct Character {
+    utf8proc_int32_t code;  ///< negative for a byte that is not UTF-8
+    std::size_t length;     ///< bytes; at least 1
+};
+
+/// The character at the front of `text`, which is not empty.
+Character firstCharacter(std::string_view text) {
+    const void* const bytes = text.data();
+    utf8proc_int32_t code = -1;
+    const utf8proc_ssize_t length =
+        utf8proc_iterate(static_cast<const utf8proc_uint8_t*>(bytes),
+                         static_cast<utf8proc_ssize_t>(text.size()), &code);
+    return length > 0 ? Character{code, static_cast<std::size_t>(length)} : Character{-1, 1};
+}
+
+bool isShorterThanANeedle(std::string_view text) {
+    std::size_t units = 0;
+    while (!text.empty() && units < shortestNeedle) {
+        const Character character = firstCharacter(text);
+        units += character.code > 0xFFFF ? 2 : 1;
+        text.remove_prefix(character.length);
+    }
+    return units < shortestNeedle;
+}
+
+/// Whether the character has a case, apart from those that isCaseIgnorable() tells.
+bool isCased(utf8proc_int32_t code) {
+    struct Range {
+        utf8proc_int32_t first;
+        utf8proc_int32_t last;
+    };
+    // Signs that look like letters: ordinals, Roman numerals, letters in circles and squares.
+    constexpr std::array signs{Range{0xAA, 0xAA},       Range{0xBA, 0xBA},
+                               Range{0x2160, 0x217F},   Range{0x24B6, 0x24E9},
+                               Range{0x1F130, 0x1F149}, Range{0x1F150, 0x1F169},
+                               Range{0x1F170, 0x1F189}};
+    const utf8proc_category_t category = utf8proc_category(code);
+    return category == UTF8PROC_CATEGORY_LU || category == UTF8PROC_CATEGORY_LL ||
+           category == UTF8PROC_CATEGORY_LT ||
+           std::any_of(signs.begin(), signs.end(), [code](const Range& range) {
+               return code >= range.first && code <= range.last;
+           });
+}
+
+/// Whether the character may stand inside a word without being a letter of it.
+bool isCaseIgnorable(utf8proc_int32_t code) {
+    // The apostrophes, full stops, colons and middle dots at which a word does not end.
+    constexpr std::array<utf8proc_int32_t, 17> insideWords{
+        0x27,   0x2E,   0x3A,   0xB7,   0x387,  0x55F,  0x5F4,  0x2018, 0x2019,
+        0x2024, 0x2027, 0xFE13, 0xFE52, 0xFE55, 0xFF07, 0xFF0E, 0xFF1A};
+    switch (utf8proc_category(code)) {
+        case UTF8PROC_CATEGORY_MN:
+        case UTF8PROC_CATEGORY_ME:
+        case UTF8PROC_CATEGORY_CF:
+        case UTF8PROC_CATEGORY_LM:
+        case UTF8PROC_CATEGORY_SK:
+            return true;
+        default:
+            return std::binary_search(insideWords.begin(), insideWords.end(), code);
+    }
+}
+
+/// Whether the word goes on in `text`: what is ignorable is passed over, then comes a letter.
+bool continuesWord(std::string_view text) {
+    while (!text.empty()) {
+        const Character character = firstCharacter(text);
+        if (character.code < 0 || !isCaseIgnorable(character.code)) {
+            return character.code >= 0 && isCased(character.code);
+        }
+        text.remove_prefix(character.length);
+    }
+    return false;
+}
+
+/// Whether a letter of the same word stands before the character that follows `character`, given
+/// whether one stands before `character` itself.
+bool isInWordAfter(Character character, bool wasInWord) {
+    if (character.code >= 0 && isCaseIgnorable(character.code)) {
+        return wasInWord;
+    }
+    return character.code >= 0 && isCased(character.code);
+}
+
+void appendCharacter(utf8proc_int32_t code, std::string& out) {
+    std::array<utf8proc_uint8_t, 4> bytes{};
+    const utf8proc_ssize_t length = utf8proc_encode_char(code, bytes.data());
+    std::transform(bytes.begin(), bytes.begin() + length, std::back_inserter(out),
+                   [](utf8proc_uint8_t byte) { return static_cast<char>(byte); });
+}
+
+/// Appends the lower case of `code`, which stands in a word or at its start and before `rest`.
+void appendLowercase(utf8proc_int32_t code, bool isInWord, std::string_view rest,
+                     std::string& out) {
+    constexpr utf8proc_int32_t capitalSigma = 0x3A3;
+    constexpr utf8proc_int32_t finalSigma = 0x3C2;
+    constexpr utf8proc_int32_t capitalDottedI = 0x130;
+    constexpr utf8proc_int32_t dotAbove = 0x307;
+    if (code == capitalSigma && isInWord && !continuesWord(rest)) {
+        appendCharacter(finalSigma, out);
+    } else if (code == capitalDottedI) {
+        out += 'i';
+        appendCharacter(dotAbove, out);
+    } else {
+        appendCharacter(utf8proc_tolower(code), out);
+    }
+}
+
+char asciiLowercase(char byte) {
+    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
+std::string_view upToBlank(std::string_view text) {
+    return text.substr(0, text.find(' '));
+}
+
+std::string keyOfExtension(std::string_view extension) {
+    std::string key = lowercase(extension);
+    key.resize(upToBlank(key).size());
+    return key;
+}
+
+using KeyRoom = std::array<char, longestKnownKey>;
+
+/// The key without an allocation, in `room`. None if it does not fit or is not plain ASCII.
+std::optional<std::string_view> plainKey(std::string_view extension, KeyRoom& room) {
+    const std::string_view key = upToBlank(extension);
+    const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
+    if (key.size() > room.size() || !std::all_of(key.begin(), key.end(), isAscii)) {
+        return std::nullopt;
+    }
+    std::transform(key.begin(), key.end(), room.begin(), asciiLowercase);
+    return std::string_view(room.data(), key.size());
+}
+
+bool isInsideBundle(std::string_view path) {
+    return isStringPresent(path, ".app/") || isStringPresent(path, ".framework/");
+}
+
+bool isInList(std::string_view path, std::string_view list) {
+    return !isInsideBundle(path) && isStringPresent(list, extensionKey(path));
+}
+
+Category firstToAccept(std::string_view key) {
+    const auto* const accepting =
+        std::find_if(sortingOrder.begin(), sortingOrder.end(),
+                     [key](const CategoryList& each) { return isStringPresent(each.list, key); });
+    return accepting == sortingOrder.end() ? Category::other : accepting->category;
+}
+
+}  // namespace
+
+std::string_view categoryName(Category category) {
+    switch (category) {
+        case Category::image:
+            return "Image";
+        case Category::video:
+            return "Video";
+        case Category::audio:
+            return "Audio";
+        case Category::documents:
+            return "Documents";
+        case Category::other:
+            break;
+    }
+    return "Other";
+}
+
+bool isStringPresent(std::string_view haystack, std::string_view needle) {
+    return !isShorterThanANeedle(needle) && haystack.find(needle) != std::string_view::npos;
+}
+
+std::string_view pathExtension(std::string_view path) {
+    while (path.ends_with('/')) {
+        path.remove_suffix(1);
+    }
+    const std::string_view name = path.substr(path.rfind('/') + 1);  // npos + 1 is the start
+    const std::size_t dot = name.rfind('.');
+    if (dot == std::string_view::npos || dot == 0) {
+        return {};
+    }
+    return name.substr(dot + 1);
+}
+
+std::string lowercase(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    bool isInWord = false;
+    while (!text.empty()) {
+        const Character character = firstCharacter(text);
+        const std::string_view rest = text.substr(character.length);
+        if (character.code < 0) {
+            out += text.front();
+        } else {
+            appendLowercase(character.code, isInWord, rest, out);
+        }
+        isInWord = isInWordAfter(character, isInWord);
+        text = rest;
+    }
+    return out;
+}
+
+std::string extensionKey(std::string_view path) {
+    return keyOfExtension(pathExtension(path));
+}
+
+bool isValidImageFile(std::string_view path) {
+    return isInList(path, imageList);
+}
+
+bool isValidAudioFile(std::string_view path) {
+    return isInList(path, audioList);
+}
+
+bool isValidVideoFile(std::string_view path) {
+    return isInList(path, videoList);
+}
+
+bool isValidDocFile(std::string_view path) {
+    return isInList(path, documentList);
+}
+
+bool isValidOtherFile(std::string_view path) {
+    return isInList(path, otherList);
+}
+
+bool isSupportedImage(std::string_view path) {
+    std::string entry = "_";
+    entry += lowercase(pathExtension(path));
+    entry += '_';
+    return isStringPresent(droppedImageList, entry);
+}
+
+std::optional<Category> Classifier::classify(std::string_view fileName, bool insideBundle) {
+    const std::string_view extension = pathExtension(fileName);
+    if (extension.empty()) {
+        return std::nullopt;
+    }
+    if (insideBundle) {
+        return Category::other;
+    }
+    KeyRoom room;
+    if (const auto key = plainKey(extension, room)) {
+        return categoryOfKey(*key);
+    }
+    return categoryOfKey(keyOfExtension(extension));
+}
+
+Category Classifier::categoryOfKey(std::string_view key) {
+    const auto known = known_.find(key);
+    if (known != known_.end()) {
+        return known->second;
+    }
+    const Category category = firstToAccept(key);
+    if (key.size() <= longestKnownKey && known_.size() < mostKnownKeys) {
+        known_.emplace(key, category);
+    }
+    return category;
+}
+
+}  // namespace tarvin

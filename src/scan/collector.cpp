@@ -1,0 +1,203 @@
+#include "scan/collector.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+// Exact names, at any depth. They hold system files and what was thrown away already.
+constexpr std::array<std::string_view, 7> skippedNames{
+    ".Trashes", ".Trash", "Applications", "System", "Library", "private", "usr"};
+
+/// The Trash of a volume: ".Trash-" and the number of the user it belongs to.
+bool isVolumeTrash(std::string_view name) {
+    constexpr std::string_view prefix = ".Trash-";
+    if (!name.starts_with(prefix) || name.size() == prefix.size()) {
+        return false;
+    }
+    return name.find_first_not_of("0123456789", prefix.size()) == std::string_view::npos;
+}
+
+bool isSkipped(std::string_view name) {
+    return std::find(skippedNames.begin(), skippedNames.end(), name) != skippedNames.end() ||
+           isVolumeTrash(name);
+}
+
+/// A file without an extension is never collected, so its attributes are not asked for.
+EntryInterest interestIn(std::string_view name) {
+    if (isSkipped(name)) {
+        return EntryInterest::none;
+    }
+    return pathExtension(name).empty() ? EntryInterest::name : EntryInterest::attributes;
+}
+
+}  // namespace
+
+/// A folder that the walk is inside of: the entries of its current block and the place among them.
+struct Collector::OpenFolder {
+    const Directory* directory = nullptr;
+    std::shared_ptr<TreeReader::Listing> listing;
+    std::unique_ptr<TreeReader::Block> block;
+    std::size_t nextEntry = 0;
+    std::vector<std::pair<const Directory*, std::shared_ptr<TreeReader::Listing>>> folders;
+    std::size_t nextFolder = 0;  // in `folders`, which has one for each folder of the block
+};
+
+Collector::Collector(FileSystem& fileSystem, WorkerPool& pool, ScanControl& control,
+                     const ExceptionFilter& exceptions, ScanObserver& observer, ProgressGate& gate,
+                     CategoryLists& lists)
+    : control_(control),
+      exceptions_(exceptions),
+      observer_(observer),
+      gate_(gate),
+      lists_(lists),
+      reader_(fileSystem, pool, control, interestIn) {}
+
+Collector::Outcome Collector::addAllPhotos(std::vector<LocationRow>& rows) {
+    observer_.collectionStarted();
+    for (const LocationRow& row : rows) {
+        if (control_.stop()) {
+            return Outcome::stopped;
+        }
+        waitWhilePaused();
+        if (row.folder && row.state) {
+            acceptFilenameDrag3(row.name);
+        }
+    }
+    const bool nothing = lists_.total() == 0;
+    if (nothing) {
+        observer_.nothingCollected();
+    }
+    rows.clear();
+    observer_.collectionFinished();
+    return nothing ? Outcome::nothing : Outcome::collected;
+}
+
+void Collector::acceptFilenameDrag3(const std::string& path) {
+    waitWhilePaused();
+    if (control_.stop()) {
+        return;
+    }
+    const Directory* root = lists_.store->addRoot(path);
+    const std::shared_ptr<TreeReader::Listing> listing = reader_.openRoot(root);
+    const Result<FileIdentity> identity = reader_.identityOf(listing);
+    if (!identity && !control_.stop()) {
+        unreadable_.push_back({path, identity.error()});
+    }
+    std::vector<OpenFolder> open;
+    if (enter(listing)) {
+        open.push_back({root, listing, nullptr, 0, {}, 0});
+        walk(open);
+    }
+    for (const OpenFolder& folder : open) {
+        reader_.close(folder.listing);
+    }
+}
+
+/// Goes through the innermost open folder until all are done, or the scan is stopped.
+void Collector::walk(std::vector<OpenFolder>& open) {
+    while (!open.empty()) {
+        OpenFolder& folder = open.back();
+        if (!folder.block || folder.nextEntry == folder.block->entries.size()) {
+            takeBlock(folder, reader_.nextBlock(folder.listing));
+            if (!folder.block) {
+                reader_.close(folder.listing);
+                open.pop_back();
+            }
+            continue;
+        }
+        waitWhilePaused();
+        if (control_.stop()) {
+            return;
+        }
+        const ListedEntry& entry = folder.block->entries[folder.nextEntry++];
+        if (entry.type == EntryType::directory) {
+            const auto [directory, listing] = folder.folders[folder.nextFolder++];
+            if (enter(listing)) {
+                open.push_back({directory, listing, nullptr, 0, {}, 0});
+            }
+        } else if (entry.type == EntryType::regular && entry.attributesKnown) {
+            takeFile(*folder.directory, entry);
+        }
+    }
+}
+
+/// Makes `block` the folder's current one and tells the reader of the folders in it.
+void Collector::takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block> block) {
+    folder.block = std::move(block);
+    folder.nextEntry = 0;
+    folder.nextFolder = 0;
+    folder.folders.clear();
+    if (!folder.block) {
+        return;
+    }
+    std::vector<std::shared_ptr<TreeReader::Listing>> ahead;
+    for (const ListedEntry& entry : folder.block->entries) {
+        if (entry.type == EntryType::directory) {
+            const Directory* directory =
+                lists_.store->addDirectory(folder.directory, entry.name);
+            folder.folders.emplace_back(directory,
+                                        reader_.makeListing(folder.listing, directory));
+            ahead.push_back(folder.folders.back().second);
+        }
+    }
+    reader_.announce(ahead);
+}
+
+/// True if the folder can be listed and has not been walked yet. Otherwise it is closed.
+bool Collector::enter(const std::shared_ptr<TreeReader::Listing>& listing) {
+    const Result<FileIdentity> identity = reader_.identityOf(listing);
+    if (identity && walked_.insert(*identity).second) {
+        return true;
+    }
+    reader_.close(listing);
+    return false;
+}
+
+void Collector::takeFile(const Directory& directory, const ListedEntry& entry) {
+    if (entry.attributes.immutable) {
+        return;
+    }
+    if (gate_.due()) {
+        observer_.collecting(directory.pathOf(entry.name));
+    }
+    if (!exceptions_.contains(directory, entry.name)) {
+        addToArrayFile(directory, entry);
+    }
+}
+
+void Collector::addToArrayFile(const Directory& directory, const ListedEntry& entry) {
+    const std::optional<Category> category =
+        classifier_.classify(entry.name, directory.insideBundle);
+    if (!category) {
+        return;
+    }
+    const FileAttributes& attributes = entry.attributes;
+    lists_.of(*category).push_back(lists_.store->addFile(
+        &directory, entry.name, attributes.size, attributes.modified, attributes.created));
+}
+
+void Collector::waitWhilePaused() {
+    if (!control_.pause()) {
+        return;
+    }
+    observer_.collectionPaused(true);
+    control_.waitWhilePaused();
+    observer_.collectionPaused(false);
+}
+
+bool imageIsAlreadyThere(const std::vector<LocationRow>& rows, std::string_view path) {
+    return std::any_of(rows.begin(), rows.end(), [path](const LocationRow& row) {
+        if (row.name == path) {
+            return true;
+        }
+        return pathExtension(row.name).empty() && path.starts_with(row.name) &&
+               path.substr(row.name.size()).starts_with('/');
+    });
+}
+
+}  // namespace tarvin

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "platform/file_system.h"
+#include "scan/category.h"
+#include "scan/category_lists.h"
+#include "scan/exception_filter.h"
+#include "scan/location_row.h"
+#include "scan/progress_gate.h"
+#include "scan/scan_control.h"
+#include "scan/scan_observer.h"
+#include "scan/tree_reader.h"
+#include "scan/worker_pool.h"
+
+namespace tarvin {
+
+/// A location that could not be read, and why.
+struct UnreadableLocation {
+    std::string path;
+    SystemError error;
+};
+
+/// The first phase of a scan: walks the checked locations and puts every file that has a file-name
+/// extension into the list of its category, in the order of the listings.
+///
+/// Made for one scan and used on one thread; the workers of the pool list ahead. A folder is walked
+/// once per scan however many ways lead to it. Folders that cannot be listed and files whose
+/// attributes cannot be read are passed over in silence; only locations are told of.
+class Collector final {
+ public:
+    enum class Outcome {
+        collected,  ///< there are files to compare
+        nothing,    ///< not one file
+        stopped     ///< the scan was stopped between two locations; what was collected is void
+    };
+
+    Collector(FileSystem& fileSystem, WorkerPool& pool, ScanControl& control,
+              const ExceptionFilter& exceptions, ScanObserver& observer, ProgressGate& gate,
+              CategoryLists& lists);
+
+    /// Walks the checked folders of `rows` in order, then empties `rows`, unless it was stopped.
+    Outcome addAllPhotos(std::vector<LocationRow>& rows);
+
+    /// Walks one folder tree, depth first.
+    void acceptFilenameDrag3(const std::string& path);
+
+    /// The locations that could not be listed, in the order met.
+    [[nodiscard]] const std::vector<UnreadableLocation>& unreadableLocations() const {
+        return unreadable_;
+    }
+
+ private:
+    struct OpenFolder;
+
+    void waitWhilePaused();
+    [[nodiscard]] bool enter(const std::shared_ptr<TreeReader::Listing>& listing);
+    void walk(std::vector<OpenFolder>& path);
+    void takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block> block);
+    void takeFile(const Directory& directory, const ListedEntry& entry);
+    void addToArrayFile(const Directory& directory, const ListedEntry& entry);
+
+    ScanControl& control_;
+    const ExceptionFilter& exceptions_;
+    ScanObserver& observer_;
+    ProgressGate& gate_;
+    CategoryLists& lists_;
+    TreeReader reader_;
+    Classifier classifier_;
+    std::unordered_set<FileIdentity, FileIdentityHash> walked_;
+    std::vector<UnreadableLocation> unreadable_;
+};
+
+/// Whether the location list covers `path` already: a row has that name, or a row whose name has no
+/// extension is a folder above it. A row such as "/home/ann/photos.old" covers nothing beneath it.
+bool imageIsAlreadyThere(const std::vector<LocationRow>& rows, std::string_view path);
+
+}  // namespace tarvin

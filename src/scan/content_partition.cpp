@@ -1,0 +1,205 @@
+#include "scan/content_partition.h"
+
+#include <xxhash.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <iterator>
+#include <tuple>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+// Files up to this size are read whole at once: one more system call would cost more than the bytes
+// it might save.
+constexpr std::uint64_t wholeFileBytes = 16 * 1024;
+constexpr std::size_t mostFilesReadWhole = BufferPool::slabBytes / wholeFileBytes;
+// Among so few, comparing all pairs costs less than fingerprints.
+constexpr std::size_t fewEnoughToComparePairs = 4;
+// Classes up to this size keep their files open between stretches.
+constexpr std::size_t mostFilesKeptOpen = 32;
+// Larger classes than this are told apart by fingerprints first.
+constexpr std::size_t worthFingerprints = 64;
+constexpr std::size_t filesAShare = 32;
+constexpr std::size_t groupsAShare = 4;
+
+/// A file read whole.
+struct WholeFile {
+    std::uint32_t number;
+    std::span<const std::byte> bytes;
+    std::uint64_t fingerprint;
+};
+
+bool areEqual(const WholeFile& one, const WholeFile& other) {
+    return one.bytes.size() == other.bytes.size() &&
+           std::memcmp(one.bytes.data(), other.bytes.data(), one.bytes.size()) == 0;
+}
+
+/// Fingerprints bring equal files side by side; the bytes decide.
+std::vector<FileGroup> groupEqual(std::vector<WholeFile> files) {
+    std::sort(files.begin(), files.end(), [](const WholeFile& one, const WholeFile& other) {
+        return std::tie(one.fingerprint, one.number) < std::tie(other.fingerprint, other.number);
+    });
+    std::vector<FileGroup> groups;
+    std::vector<bool> taken(files.size(), false);
+    for (std::size_t first = 0; first < files.size(); ++first) {
+        if (taken[first]) {
+            continue;
+        }
+        FileGroup group{files[first].number};
+        for (std::size_t next = first + 1;
+             next < files.size() && files[next].fingerprint == files[first].fingerprint; ++next) {
+            if (!taken[next] && areEqual(files[first], files[next])) {
+                taken[next] = true;
+                group.push_back(files[next].number);
+            }
+        }
+        if (group.size() > 1) {
+            groups.push_back(std::move(group));
+        }
+    }
+    return groups;
+}
+
+/// The groups of two or more files that have the same present size and, where there are any, the
+/// same fingerprint.
+std::vector<FileGroup> alike(std::span<const std::optional<FileAttributes>> attributes,
+                             std::span<const std::uint64_t> fingerprints) {
+    const auto key = [&](std::uint32_t number) {
+        return std::pair(attributes[number]->size,
+                         fingerprints.empty() ? 0 : fingerprints[number]);
+    };
+    FileGroup readable;
+    for (std::uint32_t number = 0; number < attributes.size(); ++number) {
+        if (attributes[number]) {
+            readable.push_back(number);
+        }
+    }
+    std::stable_sort(readable.begin(), readable.end(), [&](std::uint32_t one, std::uint32_t other) {
+        return key(one) < key(other);
+    });
+    std::vector<FileGroup> groups;
+    for (auto from = readable.begin(); from != readable.end();) {
+        const auto to = std::find_if(from, readable.end(), [&](std::uint32_t number) {
+            return key(number) != key(*from);
+        });
+        if (to - from > 1) {
+            groups.emplace_back(from, to);
+        }
+        from = to;
+    }
+    return groups;
+}
+
+}  // namespace
+
+/// What a first look at the files of a class told of each.
+struct ContentPartition::Seen {
+    std::vector<std::optional<FileAttributes>> attributes;  ///< none for an unreadable file
+    std::vector<std::uint64_t> fingerprints;                ///< of the first block; empty if none
+    std::vector<std::optional<OpenCandidate>> open;         ///< empty if none is kept open
+};
+
+bool ContentPartition::isReadWhole(std::uint64_t fileSize, std::size_t fileCount) {
+    return fileSize <= wholeFileBytes && fileCount <= mostFilesReadWhole;
+}
+
+ContentPartition::Workspace ContentPartition::makeWorkspace() {
+    return {buffers_.take(1), reader_.descriptors().take(1)};
+}
+
+std::optional<std::vector<FileGroup>> ContentPartition::compareWhole(
+    std::span<File* const> files, Workspace& workspace) {
+    workspace.lease_.rewind();
+    const bool few = files.size() <= fewEnoughToComparePairs;
+    std::vector<WholeFile> read;
+    read.reserve(files.size());
+    for (std::uint32_t number = 0; number < files.size(); ++number) {
+        const std::optional<OpenCandidate> candidate = reader_.open(*files[number]);
+        if (!candidate) {
+            continue;
+        }
+        if (candidate->attributes.size > wholeFileBytes) {
+            return std::nullopt;
+        }
+        const std::span<std::byte> bytes =
+            workspace.lease_.allocate(static_cast<std::size_t>(candidate->attributes.size));
+        if (reader_.read(*candidate, 0, bytes)) {
+            read.push_back({number, bytes, few ? 0 : XXH3_64bits(bytes.data(), bytes.size())});
+        }
+    }
+    return groupEqual(std::move(read));
+}
+
+std::vector<FileGroup> ContentPartition::partition(std::span<File* const> files) {
+    Seen seen;
+    ReadBudget::Share keptOpen;
+    if (files.size() <= mostFilesKeptOpen) {
+        keptOpen = reader_.keptDescriptors().tryTake(files.size());
+    }
+    seen.open.resize(keptOpen ? files.size() : 0);
+    look(files, seen);
+
+    ContentProver prover(reader_, buffers_, pool_, {files, seen.attributes, seen.open});
+    const std::vector<FileGroup> groups = alike(seen.attributes, seen.fingerprints);
+    std::vector<std::vector<FileGroup>> proven(groups.size());
+    const std::size_t shares = (groups.size() + groupsAShare - 1) / groupsAShare;
+    pool_.forEach(shares, [&](std::size_t share) {
+        const std::size_t end = std::min(groups.size(), (share + 1) * groupsAShare);
+        for (std::size_t group = share * groupsAShare; group < end; ++group) {
+            proven[group] = prover.prove(groups[group]);
+        }
+    });
+
+    std::vector<FileGroup> all;
+    for (std::vector<FileGroup>& some : proven) {
+        std::move(some.begin(), some.end(), std::back_inserter(all));
+    }
+    return all;
+}
+
+/// Opens each file once and keeps what the first block tells.
+void ContentPartition::look(std::span<File* const> files, Seen& seen) {
+    seen.attributes.resize(files.size());
+    seen.fingerprints.resize(files.size() > worthFingerprints ? files.size() : 0);
+    const std::size_t shares = (files.size() + filesAShare - 1) / filesAShare;
+    pool_.forEach(shares, [&](std::size_t share) {
+        const std::size_t end = std::min(files.size(), (share + 1) * filesAShare);
+        for (std::size_t number = share * filesAShare; number < end; ++number) {
+            lookAt(static_cast<std::uint32_t>(number), *files[number], seen);
+        }
+    });
+}
+
+void ContentPartition::lookAt(std::uint32_t number, const File& file, Seen& seen) {
+    ReadBudget::Share descriptor;
+    if (seen.open.empty()) {
+        descriptor = reader_.descriptors().take(1);
+    }
+    std::optional<OpenCandidate> candidate = reader_.open(file);
+    if (!candidate) {
+        return;
+    }
+    if (!seen.fingerprints.empty()) {
+        std::array<std::byte, ComparisonOrder::edgeBytes> block;
+        if (candidate->attributes.size > block.size()) {
+            reader_.expectLittle(*candidate);
+        }
+        const std::span<std::byte> bytes =
+            std::span(block).first(static_cast<std::size_t>(
+                std::min<std::uint64_t>(candidate->attributes.size, block.size())));
+        if (!reader_.read(*candidate, 0, bytes)) {
+            return;
+        }
+        seen.fingerprints[number] = XXH3_64bits(bytes.data(), bytes.size());
+    }
+    seen.attributes[number] = candidate->attributes;
+    if (!seen.open.empty()) {
+        seen.open[number] = std::move(candidate);
+    }
+}
+
+}  // namespace tarvin

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "scan/buffer_pool.h"
+#include "scan/candidate_reader.h"
+#include "scan/content_prover.h"
+#include "scan/worker_pool.h"
+
+namespace tarvin {
+
+/// Splits the files of one recorded size into groups of equal content, judged as the files stand
+/// now. The way depends on the class: a few small files are read whole and compared in memory; many
+/// files are told apart by a fingerprint of their first block, and only what that leaves together is
+/// compared byte by byte; the rest is compared at once. No group rests on a fingerprint.
+///
+/// Any thread; one object serves all classes of a scan. What a stop cut short cannot be relied on:
+/// the caller looks at the flag before it uses an answer.
+class ContentPartition final {
+ public:
+    ContentPartition(CandidateReader& reader, BufferPool& buffers, WorkerPool& pool)
+        : reader_(reader), buffers_(buffers), pool_(pool) {}
+
+    /// What reading whole files takes: memory for one class and one open file.
+    class Workspace final {
+     private:
+        friend class ContentPartition;
+        Workspace(BufferPool::Lease lease, ReadBudget::Share descriptor)
+            : lease_(std::move(lease)), descriptor_(std::move(descriptor)) {}
+
+        BufferPool::Lease lease_;
+        ReadBudget::Share descriptor_;
+    };
+
+    /// Whether a class is fit for compareWhole(). Such classes cost little and are better handed
+    /// over several at a time.
+    [[nodiscard]] static bool isReadWhole(std::uint64_t fileSize, std::size_t fileCount);
+    /// Waits for its parts. The caller must not hold a workspace already.
+    [[nodiscard]] Workspace makeWorkspace();
+
+    /// The groups of two or more equal files among `files`, each ascending. An unreadable file is in
+    /// none. No value if a file has grown too large meanwhile; the class is one for partition() then.
+    [[nodiscard]] std::optional<std::vector<FileGroup>> compareWhole(std::span<File* const> files,
+                                                                     Workspace& workspace);
+
+    /// The same for any class. The caller must not hold a workspace.
+    [[nodiscard]] std::vector<FileGroup> partition(std::span<File* const> files);
+
+ private:
+    struct Seen;
+
+    void look(std::span<File* const> files, Seen& seen);
+    void lookAt(std::uint32_t number, const File& file, Seen& seen);
+
+    CandidateReader& reader_;
+    BufferPool& buffers_;
+    WorkerPool& pool_;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,368 @@
+#include "scan/content_prover.h"
+
+#include <xxhash.h>
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <map>
+
+namespace tarvin {
+
+namespace {
+
+// What is held of the trunk and read of the others at a time. Both fit the second-level cache of a
+// core together, so that comparing costs little more than reading.
+constexpr std::size_t trunkBytes = 256 * 1024;
+constexpr std::size_t largestPiece = 128 * 1024;
+// Groups up to this size are read in the largest pieces. In larger ones the pieces shrink with the
+// number of files, so that one of each fits into this many slabs.
+constexpr std::size_t smallGroup = 32;
+constexpr std::size_t slabsForLargeGroup = 16;
+// From here on the files of a group are shared out among the workers.
+constexpr std::size_t groupWorthSharing = 128;
+constexpr std::size_t filesAShare = 32;
+// A group with more than this to compare is cut into stretches for several workers.
+constexpr std::uint64_t stretchWorthSharing = 4 * 1024 * 1024;
+constexpr std::uint64_t largestStretch = 8 * 1024 * 1024;
+constexpr std::size_t mostStretches = 8;
+
+std::size_t slabsFor(std::size_t groupSize) {
+    if (groupSize > smallGroup) {
+        return slabsForLargeGroup;
+    }
+    const std::size_t bytes = trunkBytes + groupSize * largestPiece;
+    return (bytes + BufferPool::slabBytes - 1) / BufferPool::slabBytes;
+}
+
+/// How much is read of a file at a time, so that there is room for a piece of each file beside the
+/// trunk and the pieces being read. A power of two, so that slabs are filled without a rest.
+std::size_t pieceBytesFor(std::size_t groupSize, std::size_t readers, std::size_t capacity) {
+    const std::size_t pieces = groupSize - 1 + readers;
+    return std::bit_floor(
+        std::clamp<std::size_t>((capacity - trunkBytes) / pieces, 1, largestPiece));
+}
+
+bool isSameFile(const FileAttributes& one, const FileAttributes& other) {
+    return one.identity == other.identity && one.size == other.size &&
+           one.modified == other.modified;
+}
+
+/// Splits each group into those parts that lie together in one group of `parts`, too.
+std::vector<FileGroup> refine(const std::vector<FileGroup>& groups,
+                              const std::vector<FileGroup>& parts) {
+    std::unordered_map<std::uint32_t, std::size_t> partOf;
+    for (std::size_t part = 0; part < parts.size(); ++part) {
+        for (const std::uint32_t file : parts[part]) {
+            partOf.emplace(file, part);
+        }
+    }
+    std::vector<FileGroup> refined;
+    for (const FileGroup& group : groups) {
+        std::map<std::size_t, FileGroup> byPart;
+        for (const std::uint32_t file : group) {
+            // A file in no part is known to differ from all others.
+            if (const auto found = partOf.find(file); found != partOf.end()) {
+                byPart[found->second].push_back(file);
+            }
+        }
+        for (auto& [part, files] : byPart) {
+            if (files.size() > 1) {
+                refined.push_back(std::move(files));
+            }
+        }
+    }
+    return refined;
+}
+
+}  // namespace
+
+ComparisonOrder::ComparisonOrder(std::uint64_t fileSize)
+    : size_(fileSize),
+      first_(std::min(fileSize, edgeBytes)),
+      last_(std::min(fileSize - first_, edgeBytes)) {}
+
+ComparisonOrder::Piece ComparisonOrder::pieceAt(std::uint64_t position) const {
+    if (position < first_) {
+        return {position, first_ - position};
+    }
+    if (position < middle()) {
+        return {size_ - last_ + (position - first_), middle() - position};
+    }
+    return {position - last_, size_ - position};
+}
+
+/// One file for the time of a visit: open already, or opened now and closed afterwards.
+class ContentProver::Opened final {
+ public:
+    Opened(ContentProver& prover, std::uint32_t number) {
+        const Candidates& candidates = prover.candidates_;
+        if (!candidates.open.empty()) {
+            candidate_ = candidates.open[number] ? &*candidates.open[number] : nullptr;
+            return;
+        }
+        share_ = prover.reader_.descriptors().take(1);
+        own_ = prover.reader_.open(*candidates.files[number]);
+        if (own_ && candidates.seen[number] &&
+            isSameFile(own_->attributes, *candidates.seen[number])) {
+            candidate_ = &*own_;
+        }
+    }
+
+    /// None if the file cannot be read any more or has become another.
+    [[nodiscard]] const OpenCandidate* get() const { return candidate_; }
+
+ private:
+    ReadBudget::Share share_;
+    std::optional<OpenCandidate> own_;
+    const OpenCandidate* candidate_ = nullptr;
+};
+
+/// Files that agree up to a position.
+struct ContentProver::Position {
+    FileGroup group;
+    std::uint64_t position = 0;
+};
+
+/// One stretch of a group's files held against the trunk. Files that leave it do so at the first
+/// piece that differs, and those that leave alike at the same piece stay together.
+class ContentProver::Window final {
+ public:
+    Window(ContentProver& prover, ComparisonOrder::Piece stretch, std::size_t groupSize,
+           BufferPool::Lease& lease)
+        : prover_(prover), stretch_(stretch), lease_(lease) {
+        const std::size_t readers = groupSize < groupWorthSharing ? 1 : prover.pool_.width() + 1;
+        pieceBytes_ = pieceBytesFor(groupSize, readers, lease.capacity());
+        lease_.rewind();
+        trunk_ = lease_.allocate(trunkBytes).first(static_cast<std::size_t>(stretch.length));
+        for (std::size_t reader = 0; reader < readers; ++reader) {
+            scratch_.push_back(lease_.allocate(pieceBytes_));
+        }
+    }
+
+    /// Sorts the files of `group`, several at once if that is worth it.
+    void sort(const FileGroup& group) {
+        std::size_t next = 0;
+        while (next < group.size() && !readTrunk(group[next])) {
+            ++next;
+        }
+        if (next == group.size()) {
+            return;
+        }
+        same_.push_back(group[next]);
+        const std::span<const std::uint32_t> others = std::span(group).subspan(next + 1);
+        lonePair_ = others.size() == 1;
+        if (scratch_.size() == 1) {
+            visitAll(others);
+            return;
+        }
+        const std::size_t shares = (others.size() + filesAShare - 1) / filesAShare;
+        prover_.pool_.forEach(shares, [this, others](std::size_t share) {
+            const std::size_t from = share * filesAShare;
+            visitAll(others.subspan(from, std::min(filesAShare, others.size() - from)));
+        });
+    }
+
+    /// Adds the groups of two or more and the positions they have come to.
+    void collect(std::uint64_t position, std::vector<Position>& into) {
+        for (auto& [key, branches] : branches_) {
+            for (Branch& branch : branches) {
+                add(position + branch.offset + branch.bytes.size(), std::move(branch.group), into);
+            }
+        }
+        add(position + stretch_.length, std::move(same_), into);
+    }
+
+ private:
+    struct Branch {
+        std::size_t offset;  // in the trunk
+        std::span<std::byte> bytes;
+        FileGroup group;
+    };
+
+    static void add(std::uint64_t position, FileGroup group, std::vector<Position>& into) {
+        if (group.size() > 1) {
+            into.push_back({std::move(group), position});
+        }
+    }
+
+    bool readTrunk(std::uint32_t file) {
+        const Opened opened(prover_, file);
+        return opened.get() != nullptr &&
+               prover_.reader_.read(*opened.get(), stretch_.offset, trunk_);
+    }
+
+    void visitAll(std::span<const std::uint32_t> files) {
+        const std::span<std::byte> scratch = takeScratch();
+        for (const std::uint32_t file : files) {
+            visit(file, scratch);
+        }
+        const std::lock_guard lock(mutex_);
+        scratch_.push_back(scratch);
+    }
+
+    std::span<std::byte> takeScratch() {
+        const std::lock_guard lock(mutex_);
+        const std::span<std::byte> scratch = scratch_.back();
+        scratch_.pop_back();
+        return scratch;
+    }
+
+    void visit(std::uint32_t file, std::span<std::byte> scratch) {
+        const Opened opened(prover_, file);
+        if (opened.get() == nullptr) {
+            return;
+        }
+        for (std::size_t offset = 0; offset < trunk_.size(); offset += pieceBytes_) {
+            const std::span<std::byte> trunk =
+                trunk_.subspan(offset, std::min(pieceBytes_, trunk_.size() - offset));
+            const std::span<std::byte> piece = scratch.first(trunk.size());
+            if (!prover_.reader_.read(*opened.get(), stretch_.offset + offset, piece)) {
+                return;
+            }
+            if (std::memcmp(trunk.data(), piece.data(), piece.size()) != 0) {
+                leave(file, offset, piece);
+                return;
+            }
+        }
+        const std::lock_guard lock(mutex_);
+        same_.push_back(file);
+    }
+
+    /// Puts the file with those that left the trunk with the same bytes at the same place. The
+    /// fingerprint only says where to look; the bytes decide.
+    void leave(std::uint32_t file, std::size_t offset, std::span<std::byte> piece) {
+        if (lonePair_) {
+            return;
+        }
+        const std::uint64_t key = XXH3_64bits_withSeed(piece.data(), piece.size(), offset);
+        const std::lock_guard lock(mutex_);
+        std::vector<Branch>& alike = branches_[key];
+        for (Branch& branch : alike) {
+            if (branch.offset == offset &&
+                std::memcmp(branch.bytes.data(), piece.data(), piece.size()) == 0) {
+                branch.group.push_back(file);
+                return;
+            }
+        }
+        const std::span<std::byte> kept = lease_.allocate(pieceBytes_).first(piece.size());
+        std::memcpy(kept.data(), piece.data(), piece.size());
+        alike.push_back({offset, kept, {file}});
+    }
+
+    ContentProver& prover_;
+    const ComparisonOrder::Piece stretch_;
+    std::size_t pieceBytes_ = 0;
+    bool lonePair_ = false;
+    std::span<std::byte> trunk_;
+    std::mutex mutex_;
+    BufferPool::Lease& lease_;                                   // guarded by mutex_
+    std::vector<std::span<std::byte>> scratch_;                  // guarded by mutex_
+    FileGroup same_;                                             // guarded by mutex_
+    std::unordered_map<std::uint64_t, std::vector<Branch>> branches_;  // guarded by mutex_
+};
+
+ContentProver::ContentProver(CandidateReader& reader, BufferPool& buffers, WorkerPool& pool,
+                             Candidates candidates)
+    : reader_(reader), buffers_(buffers), pool_(pool), candidates_(candidates) {}
+
+std::vector<FileGroup> ContentProver::prove(FileGroup group) {
+    const ComparisonOrder order(candidates_.seen[group.front()]->size);
+    const bool inParallel = pool_.cores() > 1 && group.size() <= smallGroup &&
+                            order.size() - order.middle() > stretchWorthSharing;
+    const std::size_t leaseCount =
+        inParallel ? std::min<std::size_t>(pool_.cores(), mostStretches) : 1;
+    std::vector<BufferPool::Lease> leases =
+        buffers_.takeSeveral(leaseCount, slabsFor(group.size()));
+
+    std::vector<FileGroup> proven;
+    if (inParallel) {
+        for (FileGroup& alike :
+             proveStretch(std::move(group), order, 0, order.middle(), leases.front())) {
+            for (FileGroup& equal :
+                 proveInParallel(std::move(alike), order, order.middle(), leases)) {
+                proven.push_back(std::move(equal));
+            }
+        }
+    } else {
+        proven = proveStretch(std::move(group), order, 0, order.size(), leases.front());
+    }
+
+    std::vector<FileGroup> unchanged;
+    for (FileGroup& equal : proven) {
+        FileGroup kept = withoutChanged(equal);
+        if (kept.size() > 1) {
+            std::sort(kept.begin(), kept.end());
+            unchanged.push_back(std::move(kept));
+        }
+    }
+    // What a stop cut short looks like an unreadable file, so nothing of it can be relied on.
+    if (reader_.control().stop()) {
+        return {};
+    }
+    return unchanged;
+}
+
+std::vector<FileGroup> ContentProver::proveStretch(FileGroup group, const ComparisonOrder& order,
+                                                   std::uint64_t from, std::uint64_t to,
+                                                   BufferPool::Lease& lease) {
+    std::vector<FileGroup> proven;
+    std::vector<Position> open;
+    open.push_back({std::move(group), from});
+    while (!open.empty() && !reader_.control().stop()) {
+        const Position at = std::move(open.back());
+        open.pop_back();
+        if (at.position == to) {
+            proven.push_back(at.group);
+            continue;
+        }
+        ComparisonOrder::Piece stretch = order.pieceAt(at.position);
+        stretch.length = std::min({stretch.length, to - at.position, std::uint64_t{trunkBytes}});
+        Window window(*this, stretch, at.group.size(), lease);
+        window.sort(at.group);
+        window.collect(at.position, open);
+    }
+    return proven;
+}
+
+std::vector<FileGroup> ContentProver::proveInParallel(FileGroup group,
+                                                      const ComparisonOrder& order,
+                                                      std::uint64_t from,
+                                                      std::vector<BufferPool::Lease>& leases) {
+    std::vector<FileGroup> groups{std::move(group)};
+    while (from < order.size() && !groups.empty()) {
+        const std::uint64_t share = std::clamp<std::uint64_t>(
+            (order.size() - from + leases.size() - 1) / leases.size(), 1, largestStretch);
+        std::vector<std::vector<FileGroup>> parts(leases.size());
+        pool_.forEach(leases.size(), [&](std::size_t stretch) {
+            const std::uint64_t begin = std::min(order.size(), from + stretch * share);
+            const std::uint64_t end = std::min(order.size(), begin + share);
+            for (const FileGroup& alike : groups) {
+                for (FileGroup& equal : proveStretch(alike, order, begin, end, leases[stretch])) {
+                    parts[stretch].push_back(std::move(equal));
+                }
+            }
+        });
+        for (const std::vector<FileGroup>& part : parts) {
+            groups = refine(groups, part);
+        }
+        from = std::min(order.size(), from + leases.size() * share);
+    }
+    return groups;
+}
+
+/// Leaves out what was written to while it was read.
+FileGroup ContentProver::withoutChanged(const FileGroup& group) {
+    if (candidates_.open.empty()) {
+        return group;
+    }
+    FileGroup kept;
+    for (const std::uint32_t number : group) {
+        if (candidates_.open[number] && reader_.isUnchanged(*candidates_.open[number])) {
+            kept.push_back(number);
+        }
+    }
+    return kept;
+}
+
+}  // namespace tarvin

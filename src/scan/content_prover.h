@@ -1,0 +1,94 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "scan/buffer_pool.h"
+#include "scan/candidate_reader.h"
+#include "scan/worker_pool.h"
+
+namespace tarvin {
+
+/// Numbers of files of one class, ascending.
+using FileGroup = std::vector<std::uint32_t>;
+
+/// The order in which the bytes of a file are compared: a small first piece, then the end of the
+/// file, where files that begin alike differ most often, then what lies between from front to back.
+/// A position counts the bytes that come before it in this order.
+class ComparisonOrder final {
+ public:
+    /// One stretch of the file, in the file's own order.
+    struct Piece {
+        std::uint64_t offset = 0;
+        std::uint64_t length = 0;
+    };
+
+    static constexpr std::uint64_t edgeBytes = 16 * 1024;
+
+    explicit ComparisonOrder(std::uint64_t fileSize);
+
+    /// The longest stretch that begins at `position`, which is below the size.
+    [[nodiscard]] Piece pieceAt(std::uint64_t position) const;
+    [[nodiscard]] std::uint64_t size() const { return size_; }
+    /// Where the part between the two edges begins.
+    [[nodiscard]] std::uint64_t middle() const { return first_ + last_; }
+
+ private:
+    std::uint64_t size_;
+    std::uint64_t first_;
+    std::uint64_t last_;
+};
+
+/// Splits files of one present size into groups of equal content, by comparing the bytes.
+///
+/// Every byte of a file is read at most once, and a file whose difference from all others is known
+/// is read no further. Memory and open files are bounded however many files there are: a stretch of
+/// one file, the trunk, is held, the others are compared with it piece by piece, and of each file
+/// that leaves the trunk one piece is kept, so small that there is room for one of every file.
+///
+/// Made for one class; prove() may be called on several threads at once, for different groups.
+class ContentProver final {
+ public:
+    /// The files by number. What is open already is used and stays open; a file that is not is
+    /// opened for each stretch and must then be what it was when `seen` was recorded.
+    struct Candidates {
+        std::span<File* const> files;
+        std::span<const std::optional<FileAttributes>> seen;
+        std::span<std::optional<OpenCandidate>> open;  ///< empty if none is
+    };
+
+    ContentProver(CandidateReader& reader, BufferPool& buffers, WorkerPool& pool,
+                  Candidates candidates);
+
+    /// The groups of two or more equal files among `group`, whose files had the same present size.
+    /// Unreadable and changed files are in none. None at all after a stop.
+    [[nodiscard]] std::vector<FileGroup> prove(FileGroup group);
+
+ private:
+    class Opened;
+    class Window;
+    struct Position;
+
+    [[nodiscard]] std::vector<FileGroup> proveStretch(FileGroup group,
+                                                      const ComparisonOrder& order,
+                                                      std::uint64_t from, std::uint64_t to,
+                                                      BufferPool::Lease& lease);
+    [[nodiscard]] std::vector<FileGroup> proveInParallel(FileGroup group,
+                                                         const ComparisonOrder& order,
+                                                         std::uint64_t from,
+                                                         std::vector<BufferPool::Lease>& leases);
+    [[nodiscard]] FileGroup withoutChanged(const FileGroup& group);
+
+    CandidateReader& reader_;
+    BufferPool& buffers_;
+    WorkerPool& pool_;
+    Candidates candidates_;
+};
+
+}  // namespace tarvin

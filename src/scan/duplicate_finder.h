@@ -1,0 +1,69 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "model/file_store.h"
+#include "model/modal.h"
+#include "scan/buffer_pool.h"
+#include "scan/candidate_reader.h"
+#include "scan/content_partition.h"
+#include "scan/progress_gate.h"
+#include "scan/scan_control.h"
+#include "scan/scan_observer.h"
+#include "scan/worker_pool.h"
+
+namespace tarvin {
+
+/// The second phase of a scan: finds the files of one category that are equal byte for byte and
+/// builds the category's result.
+///
+/// One object serves all categories of a scan; findDuplicates() may be called on several threads at
+/// once, for different lists. The result depends on the order of the list alone, not on the number
+/// of workers or on what they finish first.
+class DuplicateFinder final {
+ public:
+    DuplicateFinder(FileSystem& fileSystem, WorkerPool& pool, const ScanControl& control,
+                    ScanObserver& observer, ProgressGate& gate,
+                    std::atomic<std::uint64_t>& processed);
+    DuplicateFinder(const DuplicateFinder&) = delete;
+    DuplicateFinder& operator=(const DuplicateFinder&) = delete;
+
+    /// The sets among `list`, whose files are owned by `store`. Files keep their order: the first of
+    /// a set is the one that stands first in the list, and sets and extensions come in the order of
+    /// their first files. A file that cannot be read is in no set.
+    ///
+    /// The list is emptied, one file after the other, and `processed` counts them. After a stop the
+    /// answer has the sets found until then, all of them proven, and the list the files not reached.
+    [[nodiscard]] std::shared_ptr<Modal> findDuplicates(std::vector<File*>& list,
+                                                        FileStore& store);
+
+    /// The set of two or more equal files, the first of which stays when all are marked.
+    [[nodiscard]] static std::shared_ptr<Set> setOfFileDetailsFrom(
+        const std::vector<std::shared_ptr<File>>& group);
+
+    /// Bytes read so far, by all categories together.
+    [[nodiscard]] std::uint64_t bytesRead() const { return reader_.bytesRead(); }
+
+ private:
+    class Category;
+
+    void countAndReport(const File& file);
+
+    WorkerPool& pool_;
+    const ScanControl& control_;
+    ScanObserver& observer_;
+    ProgressGate& gate_;
+    std::atomic<std::uint64_t>& processed_;
+    CandidateReader reader_;
+    BufferPool buffers_;
+    ContentPartition partition_;
+};
+
+/// Puts the set of `group` into `modal`, under the extension of its first file, and brings the
+/// totals up to date.
+void fileSetUnderExtension(Modal& modal, const std::vector<std::shared_ptr<File>>& group);
+
+}  // namespace tarvin

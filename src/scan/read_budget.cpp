@@ -1,0 +1,59 @@
+#include "scan/read_budget.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarvin {
+
+ReadBudget::Share::Share(Share&& other) noexcept
+    : budget_(std::exchange(other.budget_, nullptr)), amount_(std::exchange(other.amount_, 0)) {}
+
+ReadBudget::Share& ReadBudget::Share::operator=(Share&& other) noexcept {
+    if (this != &other) {
+        release();
+        budget_ = std::exchange(other.budget_, nullptr);
+        amount_ = std::exchange(other.amount_, 0);
+    }
+    return *this;
+}
+
+void ReadBudget::Share::release() {
+    if (budget_ != nullptr) {
+        budget_->giveBack(amount_);
+        budget_ = nullptr;
+        amount_ = 0;
+    }
+}
+
+ReadBudget::Share ReadBudget::Share::split(std::size_t amount) {
+    const std::size_t passed = std::min(amount, amount_);
+    amount_ -= passed;
+    return Share(*budget_, passed);
+}
+
+ReadBudget::Share ReadBudget::take(std::size_t amount) {
+    const std::size_t wanted = std::min(amount, amount_);
+    std::unique_lock lock(mutex_);
+    freed_.wait(lock, [this, wanted] { return free_ >= wanted; });
+    free_ -= wanted;
+    return Share(*this, wanted);
+}
+
+ReadBudget::Share ReadBudget::tryTake(std::size_t amount) {
+    const std::lock_guard lock(mutex_);
+    if (free_ < amount) {
+        return {};
+    }
+    free_ -= amount;
+    return Share(*this, amount);
+}
+
+void ReadBudget::giveBack(std::size_t amount) {
+    {
+        const std::lock_guard lock(mutex_);
+        free_ += amount;
+    }
+    freed_.notify_all();
+}
+
+}  // namespace tarvin

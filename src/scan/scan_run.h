@@ -1,0 +1,167 @@
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <vector>
+
+#include "model/modal.h"
+#include "platform/platform.h"
+#include "scan/category_lists.h"
+#include "scan/collector.h"
+#include "scan/duplicate_finder.h"
+#include "scan/exception_filter.h"
+#include "scan/location_row.h"
+#include "scan/progress_gate.h"
+#include "scan/scan_control.h"
+#include "scan/scan_observer.h"
+#include "scan/worker_pool.h"
+
+namespace tarvin {
+
+/// One scan after another: runs collection and comparison off the caller's thread, keeps the flags
+/// through which the two sides speak, and holds the results.
+///
+/// Owned by whoever shows the scan. start(), wait(), homeCleanup() and the results belong to one
+/// thread, the owner's; pause and stop may be set on any. The observer is told on the scan's own
+/// threads.
+///
+/// A scan uses: the scan task, which waits for the collection task; five comparisons, one for each
+/// category; the elapsed-time thread; and the workers they share.
+class ScanRun final {
+ public:
+    struct Settings {
+        WorkerPool::Limits workers = WorkerPool::limitsOfThisMachine();
+        /// How often the observer is told of a file; with zero, of every file.
+        std::chrono::milliseconds progressInterval{33};
+        /// How often the elapsed time is told. Counts as one second of pause, whatever its length.
+        std::chrono::milliseconds elapsedStep{1000};
+    };
+
+    ScanRun(Platform& platform, ScanObserver& observer) : ScanRun(platform, observer, Settings{}) {}
+    ScanRun(Platform& platform, ScanObserver& observer, Settings settings);
+    ScanRun(const ScanRun&) = delete;
+    ScanRun& operator=(const ScanRun&) = delete;
+    /// Stops what is running and waits for it.
+    ~ScanRun();
+
+    /// Begins a scan of the checked folders among `rows` and returns at once. No scan may be running
+    /// and modal() must be empty; `rows` is the scan's until the collection is over, which empties
+    /// it.
+    void start(std::vector<LocationRow>& rows, ExceptionFilter exceptions);
+
+    /// Waits until the scan begun last is over. Returns at once if none was.
+    void wait();
+
+    /// The workers wait, or go on.
+    void setPause(bool pause) { control_.setPause(pause); }
+    /// The workers end at their next check; clears a pause. Sets found so far become the result, but
+    /// during the collection there are none.
+    void requestStop();
+
+    /// Forgets lists and results and makes every flag what it was before the first scan. The scan
+    /// must be over.
+    void homeCleanup();
+
+    [[nodiscard]] bool scanning() const { return scanning_; }
+    [[nodiscard]] bool pause() const { return control_.pause(); }
+    [[nodiscard]] bool stop() const { return control_.stop(); }
+    /// The collection is over.
+    [[nodiscard]] bool added() const { return added_; }
+    /// There is something to compare.
+    [[nodiscard]] bool go() const { return go_; }
+    /// The result is complete, or as complete as a stop left it.
+    [[nodiscard]] bool exactScanCompleted() const { return exactScanCompleted_; }
+    [[nodiscard]] bool stopElapsedTimeThread() const { return stopElapsedTimeThread_; }
+    /// Whether the scan begun last was asked to stop, also where the flag is cleared again.
+    [[nodiscard]] bool wasStopped() const { return wasStopped_; }
+    /// Files accounted for so far by the comparison.
+    [[nodiscard]] std::uint64_t processed() const { return processed_; }
+    /// Bytes read so far by the comparison.
+    [[nodiscard]] std::uint64_t bytesRead() const;
+    [[nodiscard]] std::optional<Timestamp> scanStartDate() const { return scanStartDate_; }
+
+    /// The results; the scan must be over. None of a category before its first comparison.
+    [[nodiscard]] const std::shared_ptr<Modal>& imageModal() const { return of(Category::image); }
+    [[nodiscard]] const std::shared_ptr<Modal>& videoModal() const { return of(Category::video); }
+    [[nodiscard]] const std::shared_ptr<Modal>& audioModal() const { return of(Category::audio); }
+    [[nodiscard]] const std::shared_ptr<Modal>& docsModal() const {
+        return of(Category::documents);
+    }
+    [[nodiscard]] const std::shared_ptr<Modal>& otherModal() const { return of(Category::other); }
+    [[nodiscard]] const std::shared_ptr<Modal>& of(Category category) const {
+        return results_[static_cast<std::size_t>(category)];
+    }
+    /// All categories together, sharing their extensions.
+    [[nodiscard]] const std::shared_ptr<Modal>& modal() const { return modal_; }
+
+    /// How many files of a category were collected.
+    [[nodiscard]] std::uint64_t collected(Category category) const {
+        return collected_[static_cast<std::size_t>(category)];
+    }
+    /// The checked locations that could not be read.
+    [[nodiscard]] const std::vector<UnreadableLocation>& unreadableLocations() const {
+        return unreadable_;
+    }
+    /// From the start to the result, pauses included.
+    [[nodiscard]] std::chrono::duration<double> duration() const { return duration_; }
+
+ private:
+    static constexpr std::size_t categoryCount = 5;
+
+    void scanTask(std::vector<LocationRow>& rows);
+    void addAllPhotos(std::vector<LocationRow>& rows);
+    void exactMethod();
+    void compare(Category category);
+    void joinResults();
+    void startElapsedTimeThread();
+    void elapsedTimeThreadSavingData();
+    bool sleepOneStep();
+    void endElapsedTimeThread();
+    void joinThreads();
+    void clearFlags();
+    void finish();
+
+    Platform& platform_;
+    ScanObserver& observer_;
+    const Settings settings_;
+
+    ScanControl control_;
+    std::atomic<bool> scanning_{false};
+    std::atomic<bool> added_{true};
+    std::atomic<bool> go_{false};
+    std::atomic<bool> exactScanCompleted_{false};
+    std::atomic<bool> stopElapsedTimeThread_{true};
+    std::atomic<bool> wasStopped_{false};
+    std::atomic<std::uint64_t> processed_{0};
+    std::atomic<std::size_t> comparisonsRunning_{0};
+
+    std::optional<Timestamp> scanStartDate_;
+    std::chrono::steady_clock::time_point started_;
+    std::chrono::duration<double> duration_{0};
+    ExceptionFilter exceptions_;
+    ProgressGate gate_;
+    CategoryLists lists_;
+    std::array<std::uint64_t, categoryCount> collected_{};
+    std::vector<UnreadableLocation> unreadable_;
+    std::array<std::shared_ptr<Modal>, categoryCount> results_;
+    std::shared_ptr<Modal> modal_ = std::make_shared<Modal>();
+
+    std::unique_ptr<WorkerPool> pool_;
+    std::unique_ptr<DuplicateFinder> finder_;
+    std::thread scanThread_;
+    std::array<std::thread, categoryCount> comparisonThreads_;
+    std::thread elapsedTimeThread_;
+
+    mutable std::mutex mutex_;
+    std::condition_variable changed_;
+    bool running_ = false;  // guarded by mutex_
+};
+
+}  // namespace tarvin

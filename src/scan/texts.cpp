@@ -1,0 +1,99 @@
+#include "scan/texts.h"
+
+#include <array>
+#include <charconv>
+
+namespace tarvin {
+
+namespace {
+
+constexpr std::uint64_t kilo = 1'000;
+constexpr std::uint64_t mega = 1'000'000;
+constexpr std::uint64_t giga = 1'000'000'000;
+constexpr double secondsPerMinute = 60.0;
+
+std::string inUnits(std::uint64_t bytes, std::uint64_t bytesPerUnit, std::string_view unit) {
+    // Single precision on purpose: a better quotient would change what people see.
+    const float quotient = static_cast<float>(bytes) / static_cast<float>(bytesPerUnit);
+    // Unlike printf, to_chars writes a point in every locale.
+    std::array<char, 32> digits{};  // the largest has 14
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(),
+                                   static_cast<double>(quotient), std::chars_format::fixed, 2);
+    std::string text(digits.data(), end.ptr);
+    text += ' ';
+    text += unit;
+    return text;
+}
+
+void appendTwoDigits(std::uint64_t number, std::string& out) {
+    if (number < 10) {
+        out += '0';
+    }
+    out += std::to_string(number);
+}
+
+/// Minutes in `seconds`; 0 if there are none or more than 64 bits can count.
+double minutesIn(double seconds) {
+    constexpr double tooMany = 18'446'744'073'709'551'616.0;
+    const double minutes = seconds / secondsPerMinute;
+    return minutes > 0.0 && minutes < tooMany ? minutes : 0.0;
+}
+
+std::string with(std::string_view text, std::string_view path) {
+    std::string out(text);
+    out += path;
+    return out;
+}
+
+}  // namespace
+
+std::string getFormattedStringForSize(std::uint64_t bytes) {
+    if (bytes < mega) {
+        return inUnits(bytes, kilo, "KB");
+    }
+    return bytes < giga ? inUnits(bytes, mega, "MB") : inUnits(bytes, giga, "GB");
+}
+
+std::string getTimeFormStringForInterval(double seconds) {
+    const double minutes = minutesIn(seconds);
+    const auto wholeMinutes = static_cast<std::uint64_t>(minutes);
+    const double fraction = minutes - static_cast<double>(wholeMinutes);
+    const auto secondsShown = static_cast<std::uint32_t>(fraction * secondsPerMinute);
+    std::string text = "Elapsed Time: ";
+    appendTwoDigits(wholeMinutes / 60 % 24, text);
+    text += ':';
+    appendTwoDigits(wholeMinutes % 60, text);
+    text += ':';
+    appendTwoDigits(secondsShown, text);
+    return text;
+}
+
+std::string_view collectingFilesText() {
+    return "Collecting Files...";
+}
+
+std::string collectingFileText(std::string_view path) {
+    return with("Collecting Files: ", path);
+}
+
+std::string processingFileText(std::string_view path) {
+    return with("Processing File: ", path);
+}
+
+std::string_view searchingText() {
+    return "Searching for duplicate files...";
+}
+
+std::string_view searchingTitle() {
+    return "Searching for duplicate files";
+}
+
+std::string_view noDuplicatesText() {
+    return "No duplicates File found";
+}
+
+std::string_view productName() {
+    return "Tarvin Duplicate File Remover";
+}
+
+}  // namespace tarvin

@@ -1,0 +1,340 @@
+#include "scan/tree_reader.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+// One portion of a listing: about a thousand entries, so that the attributes of a large folder are
+// read by several workers, and a stop is noticed within a few milliseconds.
+constexpr std::size_t portionBytes = 32 * 1024;
+// A folder is read on at once while it has given fewer entries than this.
+constexpr std::size_t smallPortion = 512;
+// What may be listed and not yet consumed: about two megabytes.
+constexpr std::size_t mostEntriesAhead = 16 * 1024;
+constexpr std::size_t entriesBetweenChecks = 64;
+constexpr std::size_t mostFoldersKeptOpen = 128;
+// Left to the rest of the process: standard streams, libraries, the workers' own.
+constexpr std::size_t descriptorsForOthers = 48;
+
+std::size_t foldersToKeepOpen(std::size_t descriptorLimit) {
+    if (descriptorLimit <= descriptorsForOthers) {
+        return 0;
+    }
+    return std::min(mostFoldersKeptOpen, (descriptorLimit - descriptorsForOthers) / 2);
+}
+
+}  // namespace
+
+struct TreeReader::PendingBlock {
+    std::unique_ptr<Block> block;
+    std::size_t entryCount = 0;
+    bool ready = false;  // guarded by the reader's mutex_
+};
+
+/// One folder on its way through the reader. All fields are guarded by the reader's mutex_, except
+/// that the thread which set `state` to working has the fields of the opening to itself.
+class TreeReader::Listing final {
+ public:
+    enum class State : std::uint8_t { waiting, working, finished };
+
+    Listing(const Directory* of, std::shared_ptr<Listing> in)
+        : directory(of), parent(std::move(in)) {}
+
+    const Directory* const directory;
+    std::shared_ptr<Listing> parent;  // none for the first folder and once this one is open
+    State state = State::waiting;
+    bool abandoned = false;
+    bool opened = false;
+    std::optional<SystemError> failure;
+    FileIdentity identity;
+    std::shared_ptr<Descriptor> descriptor;
+    std::deque<std::shared_ptr<PendingBlock>> blocks;
+};
+
+TreeReader::TreeReader(FileSystem& fileSystem, WorkerPool& pool, const ScanControl& control,
+                       Interest interest)
+    : fileSystem_(fileSystem),
+      pool_(pool),
+      control_(control),
+      interest_(interest),
+      homeTrash_(fileSystem.homeTrash()),
+      mostOpenFolders_(foldersToKeepOpen(fileSystem.descriptorLimit())) {}
+
+TreeReader::~TreeReader() {
+    std::unique_lock lock(mutex_);
+    ending_ = true;
+    changed_.wait(lock, [this] { return tasks_ == 0; });
+}
+
+std::shared_ptr<TreeReader::Listing> TreeReader::openRoot(const Directory* directory) {
+    return std::make_shared<Listing>(directory, nullptr);
+}
+
+std::shared_ptr<TreeReader::Listing> TreeReader::makeListing(
+    const std::shared_ptr<Listing>& parent, const Directory* directory) {
+    return std::make_shared<Listing>(directory, parent);
+}
+
+void TreeReader::announce(const std::vector<std::shared_ptr<Listing>>& folders) {
+    const std::lock_guard lock(mutex_);
+    upcoming_.insert(upcoming_.begin(), folders.begin(), folders.end());
+    pump();
+}
+
+Result<FileIdentity> TreeReader::identityOf(const std::shared_ptr<Listing>& listing) {
+    std::unique_lock lock(mutex_);
+    while (!listing->opened && listing->state != Listing::State::finished) {
+        if (listing->state == Listing::State::waiting) {
+            readOn(listing, lock);
+        } else {
+            changed_.wait(lock);
+        }
+    }
+    if (listing->failure) {
+        return *listing->failure;
+    }
+    return listing->identity;
+}
+
+std::unique_ptr<TreeReader::Block> TreeReader::nextBlock(const std::shared_ptr<Listing>& listing) {
+    std::unique_lock lock(mutex_);
+    while (true) {
+        if (!listing->blocks.empty() && listing->blocks.front()->ready) {
+            const std::shared_ptr<PendingBlock> pending = std::move(listing->blocks.front());
+            listing->blocks.pop_front();
+            entriesAhead_ -= pending->entryCount;
+            pump();
+            return std::move(pending->block);
+        }
+        if (listing->blocks.empty() && listing->state == Listing::State::finished) {
+            return nullptr;
+        }
+        if (listing->blocks.empty() && listing->state == Listing::State::waiting) {
+            readOn(listing, lock);
+        } else {
+            changed_.wait(lock);
+        }
+    }
+}
+
+void TreeReader::close(const std::shared_ptr<Listing>& listing) {
+    const std::lock_guard lock(mutex_);
+    listing->abandoned = true;
+    for (const std::shared_ptr<PendingBlock>& pending : listing->blocks) {
+        entriesAhead_ -= pending->entryCount;
+    }
+    listing->blocks.clear();
+    if (listing->state == Listing::State::waiting) {
+        listing->state = Listing::State::finished;
+    }
+    if (listing->state == Listing::State::finished) {
+        releaseDescriptor(*listing);
+    }
+    pump();
+}
+
+/// Starts as many tasks as there are folders to list and room for what they find.
+void TreeReader::pump() {
+    while (!upcoming_.empty() && upcoming_.front()->state != Listing::State::waiting) {
+        upcoming_.pop_front();
+    }
+    const std::size_t useful = std::min<std::size_t>(upcoming_.size(), pool_.width());
+    while (tasks_ < useful && entriesAhead_ < mostEntriesAhead && !ending_) {
+        ++tasks_;
+        pool_.submit([this] { runTask(); });
+    }
+}
+
+void TreeReader::runTask() {
+    std::unique_lock lock(mutex_);
+    if (!ending_ && entriesAhead_ < mostEntriesAhead) {
+        if (const std::shared_ptr<Listing> listing = takeUpcoming()) {
+            readOn(listing, lock);
+        }
+    }
+    --tasks_;
+    pump();
+    changed_.notify_all();
+}
+
+std::shared_ptr<TreeReader::Listing> TreeReader::takeUpcoming() {
+    while (!upcoming_.empty()) {
+        std::shared_ptr<Listing> listing = std::move(upcoming_.front());
+        upcoming_.pop_front();
+        if (listing->state == Listing::State::waiting) {
+            return listing;
+        }
+    }
+    return nullptr;
+}
+
+/// Lists the next portion of a waiting folder. Called and left with the lock held.
+void TreeReader::readOn(const std::shared_ptr<Listing>& listing,
+                        std::unique_lock<std::mutex>& lock) {
+    listing->state = Listing::State::working;
+    // With too many folders open this one is read to its end, so that it can be closed.
+    const bool toTheEnd = openFolders_ >= mostOpenFolders_;
+    lock.unlock();
+    PendingBlocks blocks;
+    const bool more = readPortion(*listing, toTheEnd, blocks);
+    lock.lock();
+    const std::shared_ptr<Descriptor> folder = listing->descriptor;
+    keepPortion(listing, more, blocks);
+    for (const std::shared_ptr<PendingBlock>& pending : blocks) {
+        lock.unlock();
+        readAttributes(*folder, *pending->block);
+        lock.lock();
+        pending->ready = true;
+        changed_.notify_all();
+    }
+}
+
+/// True if the folder may have more entries than those put into `into`.
+bool TreeReader::readPortion(Listing& listing, bool toTheEnd, PendingBlocks& into) {
+    if (!control_.mayGoOn() || (!listing.descriptor && !open(listing))) {
+        return false;
+    }
+    thread_local EntryBlock listed(portionBytes);
+    std::size_t entries = 0;
+    while (toTheEnd || entries < smallPortion) {
+        const Result<bool> more = fileSystem_.listEntries(*listing.descriptor, listed);
+        // What cannot be read on ends here: the entries so far are as good as any.
+        if (!more || !*more || !control_.mayGoOn()) {
+            return false;
+        }
+        auto pending = std::make_shared<PendingBlock>();
+        pending->block = wanted(listed);
+        pending->entryCount = pending->block->entries.size();
+        entries += listed.entries().size();
+        into.push_back(std::move(pending));
+    }
+    return true;
+}
+
+void TreeReader::keepPortion(const std::shared_ptr<Listing>& listing, bool more,
+                             const PendingBlocks& blocks) {
+    if (listing->descriptor && !listing->opened) {
+        listing->opened = true;
+        listing->parent = nullptr;
+        ++openFolders_;
+    }
+    if (!listing->abandoned) {
+        for (const std::shared_ptr<PendingBlock>& pending : blocks) {
+            entriesAhead_ += pending->entryCount;
+            listing->blocks.push_back(pending);
+        }
+    }
+    if (more && !listing->abandoned) {
+        listing->state = Listing::State::waiting;
+        upcoming_.push_front(listing);
+        pump();
+    } else {
+        listing->state = Listing::State::finished;
+        if (listing->abandoned || openFolders_ > mostOpenFolders_) {
+            releaseDescriptor(*listing);
+        }
+    }
+    changed_.notify_all();
+}
+
+bool TreeReader::open(Listing& listing) {
+    std::shared_ptr<Descriptor> parent;
+    if (listing.parent) {
+        const std::lock_guard lock(mutex_);
+        parent = listing.parent->descriptor;
+    }
+    Result<Descriptor> opened =
+        parent ? fileSystem_.openDirectoryAt(*parent, listing.directory->name)
+        : listing.directory->parent == nullptr
+            ? fileSystem_.openRootDirectory(listing.directory->path())
+            : fileSystem_.openDirectory(listing.directory->path());
+    if (!opened) {
+        listing.failure = opened.error();
+        return false;
+    }
+    const Result<FileAttributes> attributes = fileSystem_.attributesOf(*opened);
+    if (!attributes) {
+        listing.failure = attributes.error();
+        return false;
+    }
+    if (isNeverWalked(listing, attributes->identity)) {
+        listing.failure = SystemError{EOPNOTSUPP};
+        return false;
+    }
+    listing.identity = attributes->identity;
+    listing.descriptor = std::make_shared<Descriptor>(std::move(*opened));
+    return true;
+}
+
+/// The user's Trash, and file systems that hold nobody's files.
+bool TreeReader::isNeverWalked(const Listing& listing, const FileIdentity& identity) const {
+    if (homeTrash_ == identity) {
+        return true;
+    }
+    const bool sameDevice = listing.parent && listing.parent->identity.device == identity.device;
+    return !sameDevice && fileSystem_.isPseudoFileSystem(identity.device);
+}
+
+std::unique_ptr<TreeReader::Block> TreeReader::wanted(const EntryBlock& listed) const {
+    auto block = std::make_unique<Block>();
+    block->entries.reserve(listed.entries().size());
+    std::size_t nameBytes = 0;
+    for (const EntryBlock::Entry& entry : listed.entries()) {
+        const std::string_view name = entry.name;
+        const EntryInterest interest = interest_(name);
+        if (entry.type == EntryType::other || interest == EntryInterest::none) {
+            continue;
+        }
+        ListedEntry& kept = block->entries.emplace_back();
+        kept.name = name;
+        kept.type = entry.type;
+        kept.attributesKnown = entry.type == EntryType::directory ||
+                               (entry.type == EntryType::regular && interest == EntryInterest::name);
+        nameBytes += name.size() + 1;
+    }
+    block->names = std::make_unique_for_overwrite<char[]>(nameBytes);
+    char* at = block->names.get();
+    for (ListedEntry& entry : block->entries) {
+        std::memcpy(at, entry.name.data(), entry.name.size());
+        at[entry.name.size()] = '\0';
+        entry.name = {at, entry.name.size()};
+        at += entry.name.size() + 1;
+    }
+    return block;
+}
+
+void TreeReader::readAttributes(const Descriptor& folder, Block& block) const {
+    std::size_t untilCheck = entriesBetweenChecks;
+    for (ListedEntry& entry : block.entries) {
+        if (entry.attributesKnown) {
+            continue;
+        }
+        if (--untilCheck == 0) {
+            untilCheck = entriesBetweenChecks;
+            if (!control_.mayGoOn()) {
+                return;
+            }
+        }
+        const Result<FileAttributes> attributes =
+            fileSystem_.attributesAt(folder, entry.name.data());
+        if (attributes) {
+            entry.attributes = *attributes;
+            entry.type = attributes->type;
+            entry.attributesKnown = true;
+        }
+    }
+}
+
+void TreeReader::releaseDescriptor(Listing& listing) {
+    if (listing.descriptor) {
+        listing.descriptor = nullptr;
+        --openFolders_;
+    }
+}
+
+}  // namespace tarvin

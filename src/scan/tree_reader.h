@@ -1,0 +1,115 @@
+#pragma once
+
+#include <condition_variable>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/file.h"
+#include "platform/file_system.h"
+#include "scan/scan_control.h"
+#include "scan/worker_pool.h"
+
+namespace tarvin {
+
+/// What a walk wants to know of an entry before it sees it.
+enum class EntryInterest : std::uint8_t {
+    none,       ///< the entry is left out of the listing
+    name,       ///< its name and kind are enough
+    attributes  ///< its size and dates, too, if it is a regular file
+};
+
+/// One entry of a folder as a walk sees it.
+struct ListedEntry {
+    std::string_view name;  ///< lives as long as the block it came in; ended by a zero byte
+    EntryType type = EntryType::unknown;
+    bool attributesKnown = false;  ///< `attributes` were asked for and could be read
+    FileAttributes attributes;
+};
+
+/// Lists folders ahead of the walk that consumes them.
+///
+/// The walk asks for folders one by one, depth first, and gets every folder's entries block by block
+/// in listing order. Meanwhile workers list the folders that come next and read their entries'
+/// attributes; also inside one large folder. What is read ahead is bounded, whatever the tree. The
+/// user's Trash and file systems that hold nobody's files are refused like unreadable folders.
+///
+/// One thread walks: it alone calls the public functions. A pause holds the workers; after a stop
+/// folders end early.
+class TreeReader final {
+ public:
+    /// Says what is wanted of an entry, by its name. Called on workers.
+    using Interest = EntryInterest (*)(std::string_view name);
+
+    class Listing;
+
+    /// A portion of one folder's entries. Owns their names.
+    struct Block {
+        std::vector<ListedEntry> entries;
+        std::unique_ptr<char[]> names;
+    };
+
+    TreeReader(FileSystem& fileSystem, WorkerPool& pool, const ScanControl& control,
+               Interest interest);
+    TreeReader(const TreeReader&) = delete;
+    TreeReader& operator=(const TreeReader&) = delete;
+    /// Waits for the workers that are inside a folder.
+    ~TreeReader();
+
+    /// The folder a walk begins at; a symbolic link to one is followed.
+    std::shared_ptr<Listing> openRoot(const Directory* directory);
+    /// A folder found in a block of `parent`, which must be open still. Lists nothing yet.
+    std::shared_ptr<Listing> makeListing(const std::shared_ptr<Listing>& parent,
+                                         const Directory* directory);
+    /// Tells the workers what the walk comes to next, in its order, before anything told earlier.
+    void announce(const std::vector<std::shared_ptr<Listing>>& folders);
+
+    /// Waits until the folder is open and says which it is. The error if it cannot be opened.
+    Result<FileIdentity> identityOf(const std::shared_ptr<Listing>& listing);
+    /// The next block of the folder's entries; none when there are no more, the folder cannot be
+    /// read on, or the scan was stopped.
+    std::unique_ptr<Block> nextBlock(const std::shared_ptr<Listing>& listing);
+    /// Says that the walk is done with the folder. Must be called for each listing it opened.
+    void close(const std::shared_ptr<Listing>& listing);
+
+ private:
+    struct PendingBlock;
+
+    using PendingBlocks = std::vector<std::shared_ptr<PendingBlock>>;
+
+    void pump();
+    void runTask();
+    std::shared_ptr<Listing> takeUpcoming();
+    void readOn(const std::shared_ptr<Listing>& listing, std::unique_lock<std::mutex>& lock);
+    bool readPortion(Listing& listing, bool toTheEnd, PendingBlocks& into);
+    void keepPortion(const std::shared_ptr<Listing>& listing, bool more,
+                     const PendingBlocks& blocks);
+    bool open(Listing& listing);
+    [[nodiscard]] bool isNeverWalked(const Listing& listing, const FileIdentity& identity) const;
+    [[nodiscard]] std::unique_ptr<Block> wanted(const EntryBlock& listed) const;
+    void readAttributes(const Descriptor& folder, Block& block) const;
+    void releaseDescriptor(Listing& listing);
+
+    FileSystem& fileSystem_;
+    WorkerPool& pool_;
+    const ScanControl& control_;
+    const Interest interest_;
+    const std::optional<FileIdentity> homeTrash_;
+    const std::size_t mostOpenFolders_;
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::deque<std::shared_ptr<Listing>> upcoming_;  // guarded by mutex_; front is next in the walk
+    std::size_t entriesAhead_ = 0;                   // guarded by mutex_
+    std::size_t openFolders_ = 0;                    // guarded by mutex_
+    unsigned tasks_ = 0;                             // guarded by mutex_; queued or running
+    bool ending_ = false;                            // guarded by mutex_
+};
+
+}  // namespace tarvin
