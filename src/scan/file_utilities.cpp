@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <span>
 #include <vector>
@@ -71,8 +72,8 @@ class Comparison final {
         if (!oneGot || !otherGot || *oneGot != *otherGot) {
             return std::nullopt;
         }
-        const auto oneRead = oneRoom.first(*oneGot);
-        const bool same = std::equal(oneRead.begin(), oneRead.end(), otherRoom.begin());
+        // std::equal would go byte by byte.
+        const bool same = std::memcmp(oneRoom.data(), otherRoom.data(), *oneGot) == 0;
         return same ? std::optional(*oneGot) : std::nullopt;
     }
 

@@ -20,7 +20,7 @@ class ScanObserver {
     virtual void collectionPaused(bool paused) { static_cast<void>(paused); }
     /// No file at all was collected; there will be no comparison.
     virtual void nothingCollected() {}
-    /// Collection is over, whatever came of it; the list of locations has been emptied.
+    /// Collection is over, whatever came of it; the list of locations is to be emptied.
     virtual void collectionFinished() {}
 
     /// Comparison of `total` files begins.

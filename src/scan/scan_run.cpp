@@ -25,13 +25,14 @@ ScanRun::~ScanRun() {
     wait();
 }
 
-void ScanRun::start(std::vector<LocationRow>& rows, ExceptionFilter exceptions) {
+void ScanRun::start(std::vector<LocationRow> rows, ExceptionFilter exceptions) {
     wait();
+    rows_ = std::move(rows);
     scanning_ = true;
     wasStopped_ = false;
     exceptions_ = std::move(exceptions);
     scanStartDate_ = platform_.clock().now();
-    started_ = std::chrono::steady_clock::now();
+    started_ = platform_.clock().steadyNow();
     duration_ = {};
     collected_ = {};
     unreadable_.clear();
@@ -41,7 +42,7 @@ void ScanRun::start(std::vector<LocationRow>& rows, ExceptionFilter exceptions) 
         running_ = true;
     }
     startElapsedTimeThread();
-    scanThread_ = std::thread([this, &rows] { scanTask(rows); });
+    scanThread_ = std::thread([this] { scanTask(); });
 }
 
 void ScanRun::wait() {
@@ -78,10 +79,10 @@ std::uint64_t ScanRun::bytesRead() const {
 }
 
 /// Waits for the collection, then starts the comparisons.
-void ScanRun::scanTask(std::vector<LocationRow>& rows) {
+void ScanRun::scanTask() {
     added_ = false;
     go_ = true;
-    std::thread collection([this, &rows] { addAllPhotos(rows); });
+    std::thread collection([this] { addAllPhotos(); });
     collection.join();
     if (go_) {
         exactMethod();
@@ -91,14 +92,14 @@ void ScanRun::scanTask(std::vector<LocationRow>& rows) {
     }
 }
 
-void ScanRun::addAllPhotos(std::vector<LocationRow>& rows) {
+void ScanRun::addAllPhotos() {
     Collector collector(platform_.fileSystem(), *pool_, control_, exceptions_, observer_, gate_,
                         lists_);
-    const Collector::Outcome outcome = collector.addAllPhotos(rows);
+    const Collector::Outcome outcome = collector.addAllPhotos(rows_);
     unreadable_ = collector.unreadableLocations();
     if (outcome == Collector::Outcome::stopped) {
         // The comparison of empty lists that follows shows an empty result.
-        rows.clear();
+        rows_.clear();
         clearFlags();
         return;
     }
@@ -143,7 +144,7 @@ void ScanRun::joinResults() {
         modal_->setTotalFiles(modal_->totalFiles() + result.totalFiles());
         modal_->setTotalFilesSize(modal_->totalFilesSize() + result.totalFilesSize());
     }
-    duration_ = std::chrono::steady_clock::now() - started_;
+    duration_ = platform_.clock().steadyNow() - started_;
     exactScanCompleted_ = true;
     scanning_ = false;
     observer_.comparisonFinished(processed_);

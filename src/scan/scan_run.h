@@ -51,10 +51,9 @@ class ScanRun final {
     /// Stops what is running and waits for it.
     ~ScanRun();
 
-    /// Begins a scan of the checked folders among `rows` and returns at once. No scan may be running
-    /// and modal() must be empty; `rows` is the scan's until the collection is over, which empties
-    /// it.
-    void start(std::vector<LocationRow>& rows, ExceptionFilter exceptions);
+    /// Begins a scan of the checked folders among `rows` and returns at once. modal() must be empty;
+    /// a scan that is still running is waited for.
+    void start(std::vector<LocationRow> rows, ExceptionFilter exceptions);
 
     /// Waits until the scan begun last is over. Returns at once if none was.
     void wait();
@@ -115,8 +114,8 @@ class ScanRun final {
  private:
     static constexpr std::size_t categoryCount = 5;
 
-    void scanTask(std::vector<LocationRow>& rows);
-    void addAllPhotos(std::vector<LocationRow>& rows);
+    void scanTask();
+    void addAllPhotos();
     void exactMethod();
     void compare(Category category);
     void joinResults();
@@ -145,6 +144,7 @@ class ScanRun final {
     std::optional<Timestamp> scanStartDate_;
     std::chrono::steady_clock::time_point started_;
     std::chrono::duration<double> duration_{0};
+    std::vector<LocationRow> rows_;
     ExceptionFilter exceptions_;
     ProgressGate gate_;
     CategoryLists lists_;

@@ -211,7 +211,7 @@ std::optional<std::string> userDirectoriesFile(const UserEnvironment& environmen
 
 std::optional<std::string> userFolderOf(UserFolder folder, const UserEnvironment& environment,
                                         std::string_view userDirectories) {
-    const auto home = homeFolder(environment);
+    auto home = homeFolder(environment);
     if (folder == UserFolder::home) {
         return home;
     }

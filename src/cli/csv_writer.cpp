@@ -1,0 +1,87 @@
+#include "cli/csv_writer.h"
+
+#include "cli/iso_date.h"
+#include "cli/utf8.h"
+#include "scan/category.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarvin {
+
+namespace {
+
+/// The text as a field: in quotation marks if it holds what would end the field otherwise.
+std::string field(std::string_view text) {
+    if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
+        return std::string(text);
+    }
+    std::string quoted = "\"";
+    for (const char byte : text) {
+        quoted.append(byte == '"' ? 2 : 1, byte);
+    }
+    return quoted += '"';
+}
+
+std::string dateField(std::optional<Timestamp> date) {
+    return date ? isoDate(*date) : "";
+}
+
+/// What the rows of one extension begin with, and where they go.
+struct RowContext {
+    std::string beginning;
+    std::uint64_t setNumber = 0;
+};
+
+void writeFile(const File& file, const RowContext& context, Output& output) {
+    std::string path = file.filePath();
+    std::string pathBytes;
+    if (!isValidUtf8(path)) {
+        pathBytes = hexadecimal(path);
+        path = withBadBytesReplaced(path);
+    }
+    output.append(context.beginning);
+    output.appendNumber(context.setNumber);
+    output.append(",");
+    output.appendNumber(static_cast<std::uint64_t>(file.index()));
+    output.append(",");
+    output.appendNumber(file.fileSize());
+    output.append(",");
+    output.append(dateField(file.fileModificationDate()));
+    output.append(",");
+    output.append(dateField(file.fileCreationDate()));
+    output.append(",");
+    output.append(field(path));
+    output.append(",");
+    output.append(pathBytes);
+    output.append("\r\n");
+}
+
+/// The category and extension columns, with a comma at their end.
+std::string beginningOf(Category category, const Extensions& extension) {
+    std::string beginning(categoryName(category));
+    beginning += ',';
+    beginning += field(withBadBytesReplaced(extension.name()));
+    return beginning += ',';
+}
+
+}  // namespace
+
+void CsvWriter::write(const ScanReport& report, Output& output) const {
+    output.append("category,extension,set,index,size,modified,created,path,path_bytes\r\n");
+    RowContext context;
+    for (const ScanReport::CategoryReport& category : report.categories) {
+        for (const std::shared_ptr<Extensions>& extension : category.result->extensions()) {
+            context.beginning = beginningOf(category.category, *extension);
+            for (const std::shared_ptr<Set>& set : extension->sets()) {
+                ++context.setNumber;
+                for (const std::shared_ptr<File>& file : set->files()) {
+                    writeFile(*file, context, output);
+                }
+            }
+        }
+    }
+}
+
+}  // namespace tarvin

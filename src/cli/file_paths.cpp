@@ -1,0 +1,62 @@
+#include "cli/file_paths.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+namespace tarvin {
+
+namespace {
+
+struct CleanPath {
+    std::string path;
+    bool hasParentPart = false;
+};
+
+/// Takes the "." parts and needless slashes out of an absolute path.
+CleanPath cleaned(std::string_view path) {
+    CleanPath clean;
+    while (!path.empty()) {
+        const std::size_t end = std::min(path.find('/'), path.size());
+        const std::string_view part = path.substr(0, end);
+        path.remove_prefix(std::min(end + 1, path.size()));
+        if (part.empty() || part == ".") {
+            continue;
+        }
+        clean.hasParentPart = clean.hasParentPart || part == "..";
+        clean.path += '/';
+        clean.path += part;
+    }
+    if (clean.path.empty()) {
+        clean.path += '/';
+    }
+    return clean;
+}
+
+}  // namespace
+
+Result<std::string> absolutePath(const std::string& path) {
+    if (path.empty()) {
+        return SystemError{ENOENT};
+    }
+    std::string absolute = path;
+    std::error_code failure;
+    if (!path.starts_with('/')) {
+        const std::filesystem::path folder = std::filesystem::current_path(failure);
+        if (failure) {
+            return SystemError{failure.value()};
+        }
+        absolute = folder.native() + '/' + path;
+    }
+    const CleanPath clean = cleaned(absolute);
+    if (!clean.hasParentPart) {
+        return clean.path;
+    }
+    const std::filesystem::path resolved = std::filesystem::canonical(clean.path, failure);
+    return failure ? clean.path : resolved.native();
+}
+
+}  // namespace tarvin

@@ -1,0 +1,29 @@
+#include "cli/help_formatter.h"
+
+namespace tarvin {
+
+HelpFormatter::HelpFormatter() {
+    label("Positionals", "Arguments");
+    column_width(28);
+}
+
+std::string HelpFormatter::make_usage(const CLI::App* app, std::string name) const {
+    std::string line = "\nUsage: " + name;
+    if (!app->get_subcommands({}).empty()) {
+        line += " COMMAND";
+    }
+    line += " [OPTION]...";
+    for (const CLI::Option* option : app->get_options()) {
+        if (option->get_positional()) {
+            line += ' ' + make_option_usage(option);
+        }
+    }
+    return line += '\n';
+}
+
+std::string HelpFormatter::make_option_opts(const CLI::Option* option) const {
+    const std::string type = option->get_type_size() == 0 ? "" : option->get_type_name();
+    return type.empty() ? "" : ' ' + type;
+}
+
+}  // namespace tarvin

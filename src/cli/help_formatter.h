@@ -1,0 +1,19 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <string>
+
+namespace tarvin {
+
+/// How the help of the program and of its commands looks. The parser's own layout adds marks such
+/// as "REQUIRED" that say the usage line over again.
+class HelpFormatter final : public CLI::Formatter {
+ public:
+    HelpFormatter();
+
+    std::string make_usage(const CLI::App* app, std::string name) const override;
+    std::string make_option_opts(const CLI::Option* option) const override;
+};
+
+}  // namespace tarvin

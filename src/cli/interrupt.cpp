@@ -1,0 +1,40 @@
+#include "cli/interrupt.h"
+
+#include <utility>
+
+namespace tarvin {
+
+Interrupt::Interrupt() {
+    sigemptyset(&signals_);
+    sigaddset(&signals_, SIGINT);
+    sigaddset(&signals_, SIGTERM);
+    pthread_sigmask(SIG_BLOCK, &signals_, &maskBefore_);
+}
+
+Interrupt::~Interrupt() {
+    if (thread_.joinable()) {
+        ending_ = true;
+        // Sent to that thread alone: wakes it and is consumed by it.
+        pthread_kill(thread_.native_handle(), SIGTERM);
+        thread_.join();
+    }
+    pthread_sigmask(SIG_SETMASK, &maskBefore_, nullptr);
+}
+
+void Interrupt::watch(std::function<void()> first, std::function<void()> second) {
+    first_ = std::move(first);
+    second_ = std::move(second);
+    thread_ = std::thread([this] { waitForSignals(); });
+}
+
+void Interrupt::waitForSignals() {
+    for (const std::function<void()>* call : {&first_, &second_}) {
+        int signal = 0;
+        if (sigwait(&signals_, &signal) != 0 || ending_) {
+            return;
+        }
+        (*call)();
+    }
+}
+
+}  // namespace tarvin

@@ -1,0 +1,36 @@
+#include "cli/iso_date.h"
+
+#include <chrono>
+#include <cstddef>
+#include <string_view>
+
+namespace tarvin {
+
+namespace {
+
+/// Writes `number` over the digits that end right before `end`.
+void putDigits(std::string& text, std::size_t end, std::size_t count, long long number) {
+    for (std::size_t position = end; position > end - count; --position) {
+        text[position - 1] = static_cast<char>('0' + number % 10);
+        number /= 10;
+    }
+}
+
+}  // namespace
+
+std::string isoDate(Timestamp date) {
+    const auto day = std::chrono::floor<std::chrono::days>(date);
+    const std::chrono::year_month_day calendar(day);
+    const std::chrono::hh_mm_ss time(date - day);
+    std::string text = "0000-00-00T00:00:00.000000000Z";
+    putDigits(text, 4, 4, int{calendar.year()});
+    putDigits(text, 7, 2, unsigned{calendar.month()});
+    putDigits(text, 10, 2, unsigned{calendar.day()});
+    putDigits(text, 13, 2, time.hours().count());
+    putDigits(text, 16, 2, time.minutes().count());
+    putDigits(text, 19, 2, time.seconds().count());
+    putDigits(text, 29, 9, time.subseconds().count());
+    return text;
+}
+
+}  // namespace tarvin

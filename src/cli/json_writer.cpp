@@ -1,0 +1,160 @@
+#include "cli/json_writer.h"
+
+#include "cli/iso_date.h"
+#include "cli/utf8.h"
+#include "scan/category.h"
+
+#include <nlohmann/json.hpp>
+
+#include <array>
+#include <charconv>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarvin {
+
+namespace {
+
+using Json = nlohmann::json;
+
+/// `text` must be UTF-8.
+std::string quoted(std::string text) {
+    return Json(std::move(text)).dump();
+}
+
+/// Puts a separator before all but the first of several elements.
+class Separator final {
+ public:
+    Separator(Output& output, std::string_view text) : output_(output), text_(text) {}
+
+    void next() {
+        output_.append(isFirst_ ? std::string_view() : text_);
+        isFirst_ = false;
+    }
+
+ private:
+    Output& output_;
+    std::string_view text_;
+    bool isFirst_ = true;
+};
+
+/// `"key": "name"`, and the exact bytes under the other key if they are not UTF-8.
+void writeName(std::string_view key, std::string_view bytesKey, const std::string& name,
+               Output& output) {
+    output.append(key);
+    if (isValidUtf8(name)) {
+        output.append(quoted(name));
+        return;
+    }
+    output.append(quoted(withBadBytesReplaced(name)));
+    output.append(bytesKey);
+    output.append(quoted(hexadecimal(name)));
+}
+
+void writeNumber(std::string_view key, std::uint64_t number, Output& output) {
+    output.append(key);
+    output.appendNumber(number);
+}
+
+void writeDate(std::string_view key, std::optional<Timestamp> date, Output& output) {
+    output.append(key);
+    output.append(date ? quoted(isoDate(*date)) : "null");
+}
+
+void writeFile(const File& file, std::string& path, Output& output) {
+    path.clear();
+    file.appendFilePath(path);
+    writeName(R"({"filePath": )", R"(, "filePathBytes": )", path, output);
+    writeNumber(R"(, "fileSize": )", file.fileSize(), output);
+    writeNumber(R"(, "index": )", static_cast<std::uint64_t>(file.index()), output);
+    writeDate(R"(, "fileModificationDate": )", file.fileModificationDate(), output);
+    writeDate(R"(, "fileCreationDate": )", file.fileCreationDate(), output);
+    output.append("}");
+}
+
+void writeSet(const Set& set, Output& output) {
+    writeNumber(R"({"totalFilesInSet": )", set.totalFilesInSet(), output);
+    writeNumber(R"(, "totalFilesInSetSize": )", set.totalFilesInSetSize(), output);
+    output.append(R"(, "files": [)");
+    Separator separator(output, ",");
+    std::string path;
+    for (const std::shared_ptr<File>& file : set.files()) {
+        separator.next();
+        output.append("\n          ");
+        writeFile(*file, path, output);
+    }
+    output.append("]}");
+}
+
+void writeExtension(const Extensions& extension, Output& output) {
+    writeName(R"({"name": )", R"(, "nameBytes": )", extension.name(), output);
+    writeNumber(R"(, "totalFilesInExtension": )", extension.totalFilesInExtension(), output);
+    writeNumber(R"(, "totalFilesInExtensionSize": )", extension.totalFilesInExtensionSize(),
+                output);
+    output.append(R"(, "sets": [)");
+    Separator separator(output, ",");
+    for (const std::shared_ptr<Set>& set : extension.sets()) {
+        separator.next();
+        output.append("\n        ");
+        writeSet(*set, output);
+    }
+    output.append("]}");
+}
+
+void writeCategory(const ScanReport::CategoryReport& category, Output& output) {
+    output.append(R"({"category": )");
+    output.append(quoted(std::string(categoryName(category.category))));
+    writeNumber(R"(, "totalFiles": )", category.result->totalFiles(), output);
+    writeNumber(R"(, "totalFilesSize": )", category.result->totalFilesSize(), output);
+    output.append(R"(, "extensions": [)");
+    Separator separator(output, ",");
+    for (const std::shared_ptr<Extensions>& extension : category.result->extensions()) {
+        separator.next();
+        output.append("\n      ");
+        writeExtension(*extension, output);
+    }
+    output.append("]}");
+}
+
+void writeCollected(const ScanReport& report, Output& output) {
+    output.append(R"("collected": {)");
+    Separator separator(output, ", ");
+    for (const ScanReport::CategoryReport& category : report.categories) {
+        separator.next();
+        output.append(quoted(std::string(categoryName(category.category))));
+        writeNumber(": ", category.collected, output);
+    }
+    output.append("}");
+}
+
+/// Milliseconds are what a person can use; the point stays one in every locale.
+void writeSeconds(double seconds, Output& output) {
+    std::array<char, 400> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), seconds,
+                                   std::chars_format::fixed, 3)
+                         .ptr;
+    output.append({digits.data(), static_cast<std::size_t>(end - digits.data())});
+}
+
+}  // namespace
+
+void JsonWriter::write(const ScanReport& report, Output& output) const {
+    writeNumber("{\n  \"totalFiles\": ", report.totalFiles(), output);
+    writeNumber(",\n  \"totalFilesSize\": ", report.totalFilesSize(), output);
+    output.append(report.stopped ? ",\n  \"stopped\": true" : ",\n  \"stopped\": false");
+    output.append(",\n  \"elapsedSeconds\": ");
+    writeSeconds(report.elapsedSeconds, output);
+    output.append(",\n  ");
+    writeCollected(report, output);
+    output.append(",\n  \"categories\": [");
+    Separator separator(output, ",");
+    for (const ScanReport::CategoryReport& category : report.categories) {
+        separator.next();
+        output.append("\n    ");
+        writeCategory(category, output);
+    }
+    output.append("]\n}\n");
+}
+
+}  // namespace tarvin

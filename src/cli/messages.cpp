@@ -1,0 +1,24 @@
+#include "cli/messages.h"
+
+#include "cli/output.h"
+#include "cli/shown_name.h"
+
+#include <unistd.h>
+
+#include <string>
+
+namespace tarvin {
+
+void complain(std::string_view text) {
+    Output output(STDERR_FILENO);
+    output.append("tarvin: ");
+    output.append(text);
+    output.append("\n");
+    output.flush();
+}
+
+void complainAbout(std::string_view path, std::string_view reason) {
+    complain(shownName(path).append(": ").append(reason));
+}
+
+}  // namespace tarvin

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+
+namespace tarvin {
+
+/// Writes "tarvin: ", the text and a line end to standard error, in one piece. What is not harmless
+/// on a terminal has to be quoted already. Any thread.
+void complain(std::string_view text);
+
+/// The same about a file or folder: "tarvin: PATH: REASON". Quotes the path where needed.
+void complainAbout(std::string_view path, std::string_view reason);
+
+}  // namespace tarvin

@@ -1,0 +1,65 @@
+#include "cli/output.h"
+
+#include <poll.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <charconv>
+
+namespace tarvin {
+
+namespace {
+
+/// Another program that shares the pipe or terminal may have told it not to wait. False if there is
+/// nothing to wait for.
+bool waitUntilWritable(int descriptor) {
+    pollfd wanted{descriptor, POLLOUT, 0};
+    return ::poll(&wanted, 1, -1) >= 0 || errno == EINTR;
+}
+
+std::optional<SystemError> writeAll(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = ::write(descriptor, text.data(), text.size());
+        if (written >= 0) {
+            text.remove_prefix(static_cast<std::size_t>(written));
+            continue;
+        }
+        const int code = errno;
+        const bool mayTryAgain = code == EINTR || (code == EAGAIN && waitUntilWritable(descriptor));
+        if (!mayTryAgain) {
+            return SystemError{code};
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+Output::Output(int descriptor) : descriptor_(descriptor) {}
+
+void Output::append(std::string_view text) {
+    if (error_) {
+        return;
+    }
+    buffer_ += text;
+    if (buffer_.size() >= portion) {
+        flush();
+    }
+}
+
+void Output::appendNumber(std::uint64_t number) {
+    std::array<char, 20> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    append({digits.data(), static_cast<std::size_t>(end - digits.data())});
+}
+
+bool Output::flush() {
+    if (!error_) {
+        error_ = writeAll(descriptor_, buffer_);
+    }
+    buffer_.clear();
+    return !error_;
+}
+
+}  // namespace tarvin

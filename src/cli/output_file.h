@@ -1,0 +1,51 @@
+#pragma once
+
+#include "cli/output.h"
+#include "platform/result.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace tarvin {
+
+/// The place a result is written to. A regular file appears, or replaces the one that was there,
+/// only when all of the result is safely in it: until then it is a file beside it whose name begins
+/// with ".tarvin-". Standard output, pipes and devices are written as they are. Made and used on
+/// one thread, but for removeTemporary().
+class OutputFile final {
+ public:
+    /// Finds out whether the place can be written to, and for a regular file makes sure of it by
+    /// beginning one. "-" is standard output. Opening a named pipe waits for its reader.
+    static Result<std::unique_ptr<OutputFile>> open(const std::string& path);
+
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+    /// Without a successful commit() a regular file is left as it was.
+    ~OutputFile();
+
+    [[nodiscard]] Output& output() { return output_; }
+
+    /// Hands on what is left and, for a regular file, puts the new one in its place. Once only.
+    /// Answers the first failure, that of an earlier portion included.
+    [[nodiscard]] std::optional<SystemError> commit();
+
+    /// Removes what has been begun, for a program that is about to end. Any thread.
+    void removeTemporary() const;
+
+ private:
+    OutputFile(int descriptor, bool owned, std::string temporary, std::string target);
+
+    static Result<std::unique_ptr<OutputFile>> openDirectly(const std::string& path);
+    static Result<std::unique_ptr<OutputFile>> beginBeside(const std::string& target);
+    [[nodiscard]] std::optional<SystemError> closeOwned();
+
+    int descriptor_;
+    bool owned_;
+    const std::string temporary_;  ///< empty if the place is written to directly
+    const std::string target_;
+    bool committed_ = false;
+    Output output_;
+};
+
+}  // namespace tarvin

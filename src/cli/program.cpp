@@ -1,0 +1,119 @@
+#include "cli/program.h"
+
+#include "cli/arguments.h"
+#include "cli/command.h"
+#include "cli/help_formatter.h"
+#include "cli/messages.h"
+#include "cli/output.h"
+#include "cli/scan_command.h"
+#include "cli/shown_name.h"
+#include "cli/terminal.h"
+
+#include <CLI/CLI.hpp>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+
+namespace {
+
+constexpr const char* description =
+    "Finds byte-for-byte identical files. 'tarvin COMMAND --help' explains a command.";
+
+constexpr const char* examples =
+    "Examples:\n"
+    "  tarvin scan ~/Pictures ~/Downloads\n"
+    "  tarvin scan --format json --output duplicates.json ~/Pictures";
+
+/// A command and its place in the parser.
+struct Entry {
+    std::unique_ptr<Command> command;
+    CLI::App* parser = nullptr;
+};
+
+std::vector<Entry> addCommands(CLI::App& program, Platform& platform) {
+    std::vector<Entry> entries;
+    entries.push_back({std::make_unique<ScanCommand>(platform), nullptr});
+    for (Entry& entry : entries) {
+        entry.parser = &entry.command->addTo(program);
+        entry.parser->group("Commands");
+    }
+    return entries;
+}
+
+/// Prints what was asked for instead of a command: help or the version.
+ExitStatus print(const std::string& text) {
+    Output output(STDOUT_FILENO);
+    output.append(text);
+    if (!output.flush()) {
+        complain("standard output: " + output.error()->text());
+        return ExitStatus::incomplete;
+    }
+    return ExitStatus::done;
+}
+
+ExitStatus refuse(const std::string& reason, const std::string& helpCommand) {
+    complain(printable(reason) + "\nTry '" + helpCommand + " --help'.");
+    return ExitStatus::wrongUsage;
+}
+
+/// The command line as far as it was understood: "tarvin" or "tarvin scan".
+std::string understood(const CLI::App& program) {
+    const std::vector<CLI::App*> chosen = program.get_subcommands();
+    return chosen.empty() ? program.get_name() : program.get_name() + ' ' + chosen[0]->get_name();
+}
+
+bool isCommand(const std::vector<Entry>& entries, const std::string& name) {
+    return std::any_of(entries.begin(), entries.end(),
+                       [&name](const Entry& entry) { return entry.parser->get_name() == name; });
+}
+
+ExitStatus parseAndRun(CLI::App& program, const std::vector<Entry>& entries,
+                       std::vector<std::string> arguments) {
+    if (arguments.empty()) {
+        return refuse("a command is missing", program.get_name());
+    }
+    const std::string& first = arguments.front();
+    if (!first.starts_with('-') && !isCommand(entries, first)) {
+        return refuse(shownName(first) + " is no command", program.get_name());
+    }
+    try {
+        std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
+        program.parse(std::move(arguments));
+    } catch (const CLI::CallForHelp&) {
+        return print(program.help());
+    } catch (const CLI::CallForVersion&) {
+        return print(program.get_name() + ' ' + TARVIN_VERSION + '\n');
+    } catch (const CLI::ParseError& error) {
+        return refuse(error.what(), understood(program));
+    }
+    const auto chosen = std::find_if(entries.begin(), entries.end(),
+                                     [](const Entry& entry) { return entry.parser->parsed(); });
+    return chosen == entries.end() ? refuse("a command is missing", program.get_name())
+                                   : chosen->command->run();
+}
+
+}  // namespace
+
+int runProgram(std::span<const char* const> arguments, Platform& platform) {
+    reserveStandardStreams();
+    // A reader that has gone away is a failure to write, and told like one.
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+    CLI::App program(description, "tarvin");
+    program.formatter(std::make_shared<HelpFormatter>());
+    program.footer(examples);
+    program.set_help_flag("-h,--help", "Print this text, or that of a command, and exit");
+    program.set_version_flag("--version", TARVIN_VERSION, "Print the version and exit");
+    // None is allowed here so that a wrong option is what gets told, not the missing command.
+    program.require_subcommand(0, 1);
+    const std::vector<Entry> entries = addCommands(program, platform);
+    return static_cast<int>(parseAndRun(program, entries, unmistakable(arguments)));
+}
+
+}  // namespace tarvin

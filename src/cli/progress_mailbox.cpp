@@ -1,0 +1,36 @@
+#include "cli/progress_mailbox.h"
+
+#include <algorithm>
+
+namespace tarvin {
+
+void ProgressMailbox::collecting(const std::string& path) {
+    const std::lock_guard lock(mutex_);
+    latest_.path = path;
+}
+
+void ProgressMailbox::comparisonStarted(std::uint64_t total) {
+    const std::lock_guard lock(mutex_);
+    latest_.comparing = true;
+    latest_.total = total;
+    latest_.path.clear();
+}
+
+void ProgressMailbox::processing(const std::string& path, std::uint64_t processed) {
+    const std::lock_guard lock(mutex_);
+    latest_.path = path;
+    // Several comparisons tell at once and may overtake each other.
+    latest_.processed = std::max(latest_.processed, processed);
+}
+
+void ProgressMailbox::elapsed(const std::string& text) {
+    const std::lock_guard lock(mutex_);
+    latest_.elapsed = text;
+}
+
+Progress ProgressMailbox::latest() const {
+    const std::lock_guard lock(mutex_);
+    return latest_;
+}
+
+}  // namespace tarvin

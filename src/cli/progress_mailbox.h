@@ -1,0 +1,37 @@
+#pragma once
+
+#include "scan/scan_observer.h"
+
+#include <cstdint>
+#include <mutex>
+#include <string>
+
+namespace tarvin {
+
+/// How far a scan is, as a screen needs to know it.
+struct Progress {
+    bool comparing = false;       ///< false while files are collected
+    std::string path;             ///< the file come to last; empty before the first; native bytes
+    std::uint64_t total = 0;      ///< files to compare; 0 while they are collected
+    std::uint64_t processed = 0;  ///< files compared
+    std::uint64_t bytesRead = 0;
+    std::string elapsed = "Elapsed Time: 00:00:00";
+};
+
+/// Keeps the newest of what a scan tells, so that the scan never waits for a screen. Any thread.
+class ProgressMailbox final : public ScanObserver {
+ public:
+    void collecting(const std::string& path) override;
+    void comparisonStarted(std::uint64_t total) override;
+    void processing(const std::string& path, std::uint64_t processed) override;
+    void elapsed(const std::string& text) override;
+
+    /// What has been told. The scan does not tell the bytes it has read: they are 0.
+    [[nodiscard]] Progress latest() const;
+
+ private:
+    mutable std::mutex mutex_;
+    Progress latest_;  // guarded by mutex_
+};
+
+}  // namespace tarvin

@@ -1,0 +1,91 @@
+#include "cli/progress_text.h"
+
+#include "cli/shown_name.h"
+#include "cli/utf8.h"
+#include "scan/texts.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+namespace tarvin {
+
+namespace {
+
+constexpr std::size_t barCells = 20;
+
+struct Range {
+    char32_t first;
+    char32_t last;
+};
+
+/// Where characters are two columns wide: the scripts of East Asia and pictographs.
+constexpr std::array wideRanges{
+    Range{0x1100, 0x115F}, Range{0x2E80, 0xA4CF},   Range{0xAC00, 0xD7A3},
+    Range{0xF900, 0xFAFF}, Range{0xFE30, 0xFE6F},   Range{0xFF00, 0xFF60},
+    Range{0xFFE0, 0xFFE6}, Range{0x1F300, 0x1FAFF}, Range{0x20000, 0x3FFFD}};
+
+std::size_t columnsOf(char32_t codePoint) {
+    const bool isWide =
+        std::any_of(wideRanges.begin(), wideRanges.end(), [codePoint](const Range& range) {
+            return codePoint >= range.first && codePoint <= range.last;
+        });
+    return isWide ? 2 : 1;
+}
+
+/// As much of the text as fits into the columns, whole characters only.
+std::string_view cut(std::string_view text, std::size_t columns) {
+    std::size_t length = 0;
+    std::size_t used = 0;
+    while (length < text.size()) {
+        const Utf8Character character = firstCharacter(text.substr(length));
+        used += columnsOf(character.codePoint);
+        if (used > columns) {
+            break;
+        }
+        length += character.length;
+    }
+    return text.substr(0, length);
+}
+
+std::string_view lastComponent(std::string_view path) {
+    return path.substr(path.find_last_of('/') + 1);
+}
+
+std::string collectingLine(const Progress& progress) {
+    return progress.path.empty() ? std::string(collectingFilesText())
+                                 : collectingFileText(printable(lastComponent(progress.path)));
+}
+
+std::string bar(std::uint64_t processed, std::uint64_t total) {
+    const std::uint64_t done = total == 0 ? 0 : std::min(processed, total);
+    const std::uint64_t whole = std::max<std::uint64_t>(total, 1);
+    const auto filled = static_cast<std::size_t>(done * barCells / whole);
+    return '[' + std::string(filled, '#') + std::string(barCells - filled, ' ') + "] " +
+           std::to_string(done * 100 / whole) + '%';
+}
+
+/// The elapsed-time text without the words before the time.
+std::string_view timeOf(std::string_view elapsed) {
+    return elapsed.substr(elapsed.find_last_of(' ') + 1);
+}
+
+std::string comparingLine(const Progress& progress, std::size_t columns) {
+    const std::string before = bar(progress.processed, progress.total) + "  ";
+    const std::string after = "  " + getFormattedStringForSize(progress.bytesRead) + "  " +
+                              std::string(timeOf(progress.elapsed));
+    const std::size_t taken = before.size() + after.size();
+    const std::string name = printable(lastComponent(progress.path));
+    return before + std::string(cut(name, columns > taken ? columns - taken : 0)) + after;
+}
+
+}  // namespace
+
+std::string progressText(const Progress& progress, std::size_t columns) {
+    const std::string line =
+        progress.comparing ? comparingLine(progress, columns) : collectingLine(progress);
+    return std::string(cut(line, columns));
+}
+
+}  // namespace tarvin

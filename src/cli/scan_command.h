@@ -1,0 +1,33 @@
+#pragma once
+
+#include "cli/command.h"
+#include "cli/output_file.h"
+#include "cli/scan_options.h"
+#include "cli/scan_report.h"
+#include "platform/platform.h"
+#include "scan/exception_filter.h"
+
+#include <optional>
+
+namespace tarvin {
+
+/// "tarvin scan": finds the identical files in folders and writes them down.
+class ScanCommand final : public Command {
+ public:
+    explicit ScanCommand(Platform& platform) : platform_(platform) {}
+
+    CLI::App& addTo(CLI::App& program) override;
+    ExitStatus run() override;
+
+ private:
+    [[nodiscard]] std::optional<ExceptionFilter> exceptionFilter() const;
+    [[nodiscard]] bool showsProgress() const;
+    ExitStatus scanInto(OutputFile& output, ExceptionFilter exceptions);
+    [[nodiscard]] bool write(const ScanReport& report, OutputFile& output) const;
+    [[nodiscard]] std::string shownOutput() const;
+
+    Platform& platform_;
+    ScanOptions options_;
+};
+
+}  // namespace tarvin

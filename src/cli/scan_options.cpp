@@ -1,0 +1,93 @@
+#include "cli/scan_options.h"
+
+#include "cli/shown_name.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+namespace tarvin {
+
+namespace {
+
+template <typename Value>
+struct Choice {
+    std::string_view name;
+    Value value;
+};
+
+constexpr std::array formats{Choice<ResultFormat>{"text", ResultFormat::text},
+                             Choice<ResultFormat>{"json", ResultFormat::json},
+                             Choice<ResultFormat>{"csv", ResultFormat::csv}};
+
+constexpr std::array progressTimes{Choice<ProgressWhen>{"auto", ProgressWhen::automatic},
+                                   Choice<ProgressWhen>{"always", ProgressWhen::always},
+                                   Choice<ProgressWhen>{"never", ProgressWhen::never}};
+
+template <typename Value, std::size_t count>
+const Choice<Value>* choiceNamed(const std::array<Choice<Value>, count>& choices,
+                                 std::string_view name) {
+    const auto* found = std::find_if(choices.begin(), choices.end(),
+                                     [name](const auto& choice) { return choice.name == name; });
+    return found == choices.end() ? nullptr : found;
+}
+
+template <typename Value, std::size_t count>
+std::string namesOf(const std::array<Choice<Value>, count>& choices, std::string_view separator) {
+    std::string names;
+    for (const Choice<Value>& choice : choices) {
+        names.append(names.empty() ? "" : separator).append(choice.name);
+    }
+    return names;
+}
+
+/// An option whose value is one of a few words; of several on one command line the last counts.
+template <typename Value, std::size_t count>
+void addChoice(CLI::App& command, const std::string& name,
+               const std::array<Choice<Value>, count>& choices, Value& target,
+               const std::string& help) {
+    const auto refusal = [&choices](const std::string& word) {
+        return choiceNamed(choices, word) != nullptr
+                   ? std::string()
+                   : shownName(word) + " is none of " + namesOf(choices, ", ");
+    };
+    const auto take = [&choices, &target](const std::string& word) {
+        target = choiceNamed(choices, word)->value;
+    };
+    command.add_option_function<std::string>(name, take, help)
+        ->type_name(namesOf(choices, "|"))
+        ->check(CLI::Validator(refusal, "", ""))
+        ->take_last();
+}
+
+}  // namespace
+
+void addScanOptions(CLI::App& command, ScanOptions& options) {
+    command.add_option("FOLDER", options.folders, "Where to look, everything below included")
+        ->type_name("")
+        ->required();
+    addChoice(command, "--format", formats, options.format,
+              "How the result is written; text, the default,\nis meant to be read by people");
+    command
+        .add_option("--output", options.output,
+                    "Write the result to FILE instead of standard\noutput")
+        ->type_name("FILE")
+        ->take_last();
+    CLI::Option* none = command.add_flag(
+        "--no-exceptions", [&options](std::int64_t /*times*/) { options.useExceptions = false; },
+        "Look at every file, also at those on the\nexceptions list");
+    command
+        .add_option("--exceptions", options.exceptionsFile,
+                    "Leave out the files on the list in FILE instead\nof those on your own list")
+        ->type_name("FILE")
+        ->excludes(none)
+        ->take_last();
+    addChoice(command, "--progress", progressTimes, options.progress,
+              "Whether to show progress on standard error; auto,\n"
+              "the default, shows it if that is a terminal");
+}
+
+}  // namespace tarvin

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "cli/result_writer.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace tarvin {
+
+enum class ProgressWhen : std::uint8_t {
+    automatic,  ///< when standard error is a terminal
+    always,
+    never
+};
+
+/// What the command line says of a scan. Paths are as they were given, native bytes.
+struct ScanOptions {
+    std::vector<std::string> folders;
+    ResultFormat format = ResultFormat::text;
+    std::string output = "-";  ///< "-" is standard output
+    bool useExceptions = true;
+    std::optional<std::string> exceptionsFile;  ///< none: the person's own list
+    ProgressWhen progress = ProgressWhen::automatic;
+};
+
+/// Adds the options and the folders of a scan to a command. `options` must live as long as
+/// `command`, which stores into it.
+void addScanOptions(CLI::App& command, ScanOptions& options);
+
+}  // namespace tarvin

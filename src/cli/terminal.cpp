@@ -1,0 +1,37 @@
+#include "cli/terminal.h"
+
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <string_view>
+
+namespace tarvin {
+
+bool isDrawable(int descriptor) {
+    // Safe on any thread, because nothing in the program changes its environment.
+    const char* const kind = std::getenv("TERM");  // NOLINT(concurrency-mt-unsafe)
+    const bool isDumb = kind != nullptr && std::string_view(kind) == "dumb";
+    return !isDumb && ::isatty(descriptor) == 1;
+}
+
+std::size_t columnsOf(int descriptor) {
+    constexpr std::size_t usual = 80;
+    winsize size{};
+    const bool known = ::ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return known ? size.ws_col : usual;
+}
+
+void reserveStandardStreams() {
+    int descriptor = 0;
+    do {
+        // The lowest free number is taken. Open for reading alone, so that writing to it fails.
+        descriptor = ::open("/dev/null", O_RDONLY);
+    } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
+    if (descriptor >= 0) {
+        ::close(descriptor);
+    }
+}
+
+}  // namespace tarvin

@@ -1,0 +1,93 @@
+#include "cli/text_writer.h"
+
+#include "cli/shown_name.h"
+#include "scan/category.h"
+#include "scan/texts.h"
+
+#include <string>
+#include <string_view>
+
+namespace tarvin {
+
+namespace {
+
+/// "1 file", "2 files".
+std::string counted(std::uint64_t number, std::string_view noun) {
+    std::string text = std::to_string(number);
+    text += ' ';
+    text += noun;
+    return number == 1 ? text : text += 's';
+}
+
+void writeSet(const Set& set, Output& output) {
+    output.append("    ");
+    output.append(set.nameOfSet());
+    output.append("  ");
+    output.append(getFormattedStringForSize(set.files().front()->fileSize()));
+    output.append(" each\n");
+    std::string path;
+    for (const std::shared_ptr<File>& file : set.files()) {
+        path.clear();
+        file->appendFilePath(path);
+        output.append("      ");
+        output.append(shownName(path));
+        output.append("\n");
+    }
+}
+
+void writeExtension(const Extensions& extension, Output& output) {
+    output.append("  ");
+    output.append(shownName(extension.name()));
+    output.append("\n");
+    for (const std::shared_ptr<Set>& set : extension.sets()) {
+        writeSet(*set, output);
+    }
+}
+
+void writeCategory(const ScanReport::CategoryReport& category, Output& output) {
+    if (category.result->extensionCount() == 0) {
+        return;
+    }
+    output.append(categoryName(category.category));
+    output.append("\n");
+    for (const std::shared_ptr<Extensions>& extension : category.result->extensions()) {
+        writeExtension(*extension, output);
+    }
+    output.append("\n");
+}
+
+/// What the sets come to, or why there are none.
+std::string verdict(const ScanReport& report) {
+    if (report.totalSets() > 0) {
+        return counted(report.totalFiles(), "duplicate file") + " in " +
+               counted(report.totalSets(), "set") + ". " +
+               getFormattedStringForSize(report.totalFilesSize()) + " can be regained.\n";
+    }
+    if (report.stopped) {
+        return "No duplicates were found by then.\n";
+    }
+    return report.collected() == 0 ? std::string(noDuplicatesText()) + '\n'
+                                   : "Every file is the only one of its content.\n";
+}
+
+void writeSummary(const ScanReport& report, Output& output) {
+    if (report.stopped) {
+        output.append("The scan was stopped before its end.\n");
+    }
+    output.append(verdict(report));
+    output.append(counted(report.collected(), "file"));
+    output.append(report.stopped ? " collected. " : " compared. ");
+    output.append(getTimeFormStringForInterval(report.elapsedSeconds));
+    output.append("\n");
+}
+
+}  // namespace
+
+void TextWriter::write(const ScanReport& report, Output& output) const {
+    for (const ScanReport::CategoryReport& category : report.categories) {
+        writeCategory(category, output);
+    }
+    writeSummary(report, output);
+}
+
+}  // namespace tarvin
