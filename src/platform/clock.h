@@ -1,8 +1,8 @@
 #pragma once
 
-#include <chrono>
-
 #include "platform/timestamp.h"
+
+#include <chrono>
 
 namespace tarvin {
 

@@ -4,7 +4,9 @@
 
 namespace tarvin {
 
-std::string SystemError::text() const { return std::generic_category().message(code); }
+std::string SystemError::text() const {
+    return std::generic_category().message(code);
+}
 
 Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
     if (this != &other) {

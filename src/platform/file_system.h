@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/result.h"
+#include "platform/timestamp.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -9,9 +12,6 @@
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include "platform/result.h"
-#include "platform/timestamp.h"
 
 namespace tarvin {
 
@@ -43,7 +43,8 @@ struct FileIdentityHash {
 /// What is recorded of one entry.
 struct FileAttributes {
     EntryType type = EntryType::unknown;
-    bool immutable = false;  ///< locked against change; false where the file system has no such flag
+    bool immutable =
+        false;  ///< locked against change; false where the file system has no such flag
     std::uint64_t size = 0;  ///< bytes
     std::optional<Timestamp> modified;
     std::optional<Timestamp> created;
@@ -126,13 +127,14 @@ class FileSystem {
     virtual Result<std::size_t> readCachedAt(const Descriptor& file, std::uint64_t offset,
                                              std::span<std::byte> into) = 0;
 
-    /// Tells the system that what is read of this open file will be all that is asked for, so that it
-    /// fetches nothing beyond. A hint; cannot fail.
+    /// Tells the system that what is read of this open file will be all that is asked for, so that
+    /// it fetches nothing beyond. A hint; cannot fail.
     virtual void disableReadAhead(const Descriptor& file) = 0;
 
     /// Whether the device holds no files of anybody's (process and kernel tables and the like).
     virtual bool isPseudoFileSystem(std::uint64_t device) = 0;
-    /// Whether the device has moving heads, so that two readers are slower than one.
+    /// Whether the device has moving heads, so that two readers are slower than one. These two take
+    /// some tenths of a millisecond.
     virtual bool isRotational(std::uint64_t device) = 0;
     /// The Trash folder of the user's home, if there is one.
     virtual std::optional<FileIdentity> homeTrash() = 0;

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/clock.h"
+#include "platform/file_system.h"
+
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "platform/clock.h"
-#include "platform/file_system.h"
 
 namespace tarvin {
 

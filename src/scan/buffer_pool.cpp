@@ -1,5 +1,6 @@
 #include "scan/buffer_pool.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tarvin {
@@ -43,11 +44,13 @@ BufferPool::Lease BufferPool::take(std::size_t slabs) {
 }
 
 std::vector<BufferPool::Lease> BufferPool::takeSeveral(std::size_t count, std::size_t slabsEach) {
-    ReadBudget::Share all = budget_.take(count * slabsEach);
+    const std::size_t some = std::min(count, mostSlabs());
+    const std::size_t each = std::min(slabsEach, mostSlabs() / some);
+    ReadBudget::Share all = budget_.take(some * each);
     std::vector<Lease> leases;
-    leases.reserve(count);
-    for (std::size_t lease = 0; lease < count; ++lease) {
-        leases.push_back({*this, all.split(slabsEach)});
+    leases.reserve(some);
+    for (std::size_t lease = 0; lease < some; ++lease) {
+        leases.push_back({*this, all.split(each)});
     }
     return leases;
 }

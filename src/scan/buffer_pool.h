@@ -1,12 +1,12 @@
 #pragma once
 
+#include "scan/read_budget.h"
+
 #include <cstddef>
 #include <memory>
 #include <mutex>
 #include <span>
 #include <vector>
-
-#include "scan/read_budget.h"
 
 namespace tarvin {
 
@@ -47,7 +47,8 @@ class BufferPool final {
 
     /// Waits until that many slabs are free. The caller must not hold a lease already.
     [[nodiscard]] Lease take(std::size_t slabs);
-    /// The same for `count` leases at once, of at least one slab each.
+    /// The same for `count` leases at once. Where there are not that many slabs, each lease gets
+    /// fewer, but one at least, and there are fewer leases if need be.
     [[nodiscard]] std::vector<Lease> takeSeveral(std::size_t count, std::size_t slabsEach);
 
     [[nodiscard]] std::size_t mostSlabs() const { return budget_.amount(); }

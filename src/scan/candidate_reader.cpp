@@ -26,7 +26,9 @@ std::size_t openAtOnce(std::size_t limit) {
     return std::clamp(spare / 2, fewestDescriptors, mostDescriptors);
 }
 
-bool isShortage(SystemError error) { return error.code == EMFILE || error.code == ENFILE; }
+bool isShortage(SystemError error) {
+    return error.code == EMFILE || error.code == ENFILE;
+}
 
 }  // namespace
 
@@ -63,10 +65,9 @@ bool CandidateReader::read(const OpenCandidate& candidate, std::uint64_t offset,
     if (!control_.mayGoOn()) {
         return false;
     }
-    const Result<std::size_t> got =
-        candidate.onlyReader == nullptr
-            ? fileSystem_.readAt(candidate.descriptor, offset, into)
-            : readAlone(candidate, offset, into);
+    const Result<std::size_t> got = candidate.onlyReader == nullptr
+                                        ? fileSystem_.readAt(candidate.descriptor, offset, into)
+                                        : readAlone(candidate, offset, into);
     if (!got) {
         return false;
     }
@@ -81,11 +82,9 @@ bool CandidateReader::isUnchanged(const OpenCandidate& candidate) {
 }
 
 /// What is in memory already is read beside other readers; the rest waits for the device.
-Result<std::size_t> CandidateReader::readAlone(const OpenCandidate& candidate,
-                                               std::uint64_t offset,
+Result<std::size_t> CandidateReader::readAlone(const OpenCandidate& candidate, std::uint64_t offset,
                                                std::span<std::byte> into) {
-    const Result<std::size_t> cached =
-        fileSystem_.readCachedAt(candidate.descriptor, offset, into);
+    const Result<std::size_t> cached = fileSystem_.readCachedAt(candidate.descriptor, offset, into);
     const std::size_t known = cached ? *cached : 0;
     if (known == into.size()) {
         return known;

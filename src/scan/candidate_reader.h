@@ -1,5 +1,10 @@
 #pragma once
 
+#include "model/file.h"
+#include "platform/file_system.h"
+#include "scan/read_budget.h"
+#include "scan/scan_control.h"
+
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
@@ -7,11 +12,6 @@
 #include <optional>
 #include <span>
 #include <unordered_map>
-
-#include "model/file.h"
-#include "platform/file_system.h"
-#include "scan/read_budget.h"
-#include "scan/scan_control.h"
 
 namespace tarvin {
 
@@ -31,17 +31,18 @@ class CandidateReader final {
     CandidateReader(const CandidateReader&) = delete;
     CandidateReader& operator=(const CandidateReader&) = delete;
 
-    /// Opens the file as it stands now. None if it cannot be opened, or is a regular file no longer,
-    /// or the scan was stopped. Never waits for anything but the device. The caller has taken a
-    /// descriptor for it.
+    /// Opens the file as it stands now. None if it cannot be opened, or is a regular file no
+    /// longer, or the scan was stopped. Never waits for anything but the device. The caller has
+    /// taken a descriptor for it.
     [[nodiscard]] std::optional<OpenCandidate> open(const File& file);
 
-    /// Fills `into` from `offset`. False if the file cannot be read or ends before that, or the scan
-    /// was stopped; waits while it is paused.
+    /// Fills `into` from `offset`. False if the file cannot be read or ends before that, or the
+    /// scan was stopped; waits while it is paused.
     [[nodiscard]] bool read(const OpenCandidate& candidate, std::uint64_t offset,
                             std::span<std::byte> into);
 
-    /// Says that little of the file will be read, so that the device is not kept busy with the rest.
+    /// Says that little of the file will be read, so that the device is not kept busy with the
+    /// rest.
     void expectLittle(const OpenCandidate& candidate) {
         fileSystem_.disableReadAhead(candidate.descriptor);
     }
@@ -73,7 +74,8 @@ class CandidateReader final {
     ReadBudget keptDescriptors_;
     std::atomic<std::uint64_t> bytesRead_{0};
     std::mutex devicesMutex_;
-    // One entry a device seen; null for a device that any number may read. Guarded by devicesMutex_.
+    // One entry a device seen; null for a device that any number may read. Guarded by
+    // devicesMutex_.
     std::unordered_map<std::uint64_t, std::unique_ptr<std::mutex>> devices_;
 };
 

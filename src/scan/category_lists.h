@@ -1,18 +1,18 @@
 #pragma once
 
+#include "model/file.h"
+#include "model/file_store.h"
+#include "scan/category.h"
+
 #include <array>
 #include <cstddef>
 #include <memory>
 #include <vector>
 
-#include "model/file.h"
-#include "model/file_store.h"
-#include "scan/category.h"
-
 namespace tarvin {
 
-/// The collected files by category, in collection order, and the store that owns them. Filled by the
-/// collection; each list is emptied by its comparison. Different lists may be used on different
+/// The collected files by category, in collection order, and the store that owns them. Filled by
+/// the collection; each list is emptied by its comparison. Different lists may be used on different
 /// threads at once.
 struct CategoryLists {
     std::vector<File*> arrOfImagesFileObject;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <memory>
 #include <utility>
 
@@ -55,7 +56,7 @@ Collector::Collector(FileSystem& fileSystem, WorkerPool& pool, ScanControl& cont
       observer_(observer),
       gate_(gate),
       lists_(lists),
-      reader_(fileSystem, pool, control, interestIn) {}
+      reader_(fileSystem, pool, control, interestIn, [this] { waitWhilePaused(); }) {}
 
 Collector::Outcome Collector::addAllPhotos(std::vector<LocationRow>& rows) {
     observer_.collectionStarted();
@@ -82,12 +83,13 @@ void Collector::acceptFilenameDrag3(const std::string& path) {
     if (control_.stop()) {
         return;
     }
+    if (path.empty()) {
+        // Not a name of the root folder.
+        unreadable_.push_back({path, SystemError{ENOENT}});
+        return;
+    }
     const Directory* root = lists_.store->addRoot(path);
     const std::shared_ptr<TreeReader::Listing> listing = reader_.openRoot(root);
-    const Result<FileIdentity> identity = reader_.identityOf(listing);
-    if (!identity && !control_.stop()) {
-        unreadable_.push_back({path, identity.error()});
-    }
     std::vector<OpenFolder> open;
     if (enter(listing)) {
         open.push_back({root, listing, nullptr, 0, {}, 0});
@@ -95,6 +97,9 @@ void Collector::acceptFilenameDrag3(const std::string& path) {
     }
     for (const OpenFolder& folder : open) {
         reader_.close(folder.listing);
+    }
+    if (const std::optional<SystemError> failure = reader_.failureOf(listing)) {
+        unreadable_.push_back({path, *failure});
     }
 }
 
@@ -138,10 +143,8 @@ void Collector::takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block>
     std::vector<std::shared_ptr<TreeReader::Listing>> ahead;
     for (const ListedEntry& entry : folder.block->entries) {
         if (entry.type == EntryType::directory) {
-            const Directory* directory =
-                lists_.store->addDirectory(folder.directory, entry.name);
-            folder.folders.emplace_back(directory,
-                                        reader_.makeListing(folder.listing, directory));
+            const Directory* directory = lists_.store->addDirectory(folder.directory, entry.name);
+            folder.folders.emplace_back(directory, reader_.makeListing(folder.listing, directory));
             ahead.push_back(folder.folders.back().second);
         }
     }
@@ -177,8 +180,8 @@ void Collector::addToArrayFile(const Directory& directory, const ListedEntry& en
         return;
     }
     const FileAttributes& attributes = entry.attributes;
-    lists_.of(*category).push_back(lists_.store->addFile(
-        &directory, entry.name, attributes.size, attributes.modified, attributes.created));
+    lists_.of(*category).push_back(lists_.store->addFile(&directory, entry.name, attributes.size,
+                                                         attributes.modified, attributes.created));
 }
 
 void Collector::waitWhilePaused() {

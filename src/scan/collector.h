@@ -1,11 +1,5 @@
 #pragma once
 
-#include <optional>
-#include <string>
-#include <string_view>
-#include <unordered_set>
-#include <vector>
-
 #include "platform/file_system.h"
 #include "scan/category.h"
 #include "scan/category_lists.h"
@@ -16,6 +10,12 @@
 #include "scan/scan_observer.h"
 #include "scan/tree_reader.h"
 #include "scan/worker_pool.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
 
 namespace tarvin {
 

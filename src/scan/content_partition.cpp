@@ -69,8 +69,7 @@ std::vector<FileGroup> groupEqual(std::vector<WholeFile> files) {
 std::vector<FileGroup> alike(std::span<const std::optional<FileAttributes>> attributes,
                              std::span<const std::uint64_t> fingerprints) {
     const auto key = [&](std::uint32_t number) {
-        return std::pair(attributes[number]->size,
-                         fingerprints.empty() ? 0 : fingerprints[number]);
+        return std::pair(attributes[number]->size, fingerprints.empty() ? 0 : fingerprints[number]);
     };
     FileGroup readable;
     for (std::uint32_t number = 0; number < attributes.size(); ++number) {
@@ -78,14 +77,12 @@ std::vector<FileGroup> alike(std::span<const std::optional<FileAttributes>> attr
             readable.push_back(number);
         }
     }
-    std::stable_sort(readable.begin(), readable.end(), [&](std::uint32_t one, std::uint32_t other) {
-        return key(one) < key(other);
-    });
+    std::stable_sort(readable.begin(), readable.end(),
+                     [&](std::uint32_t one, std::uint32_t other) { return key(one) < key(other); });
     std::vector<FileGroup> groups;
     for (auto from = readable.begin(); from != readable.end();) {
-        const auto to = std::find_if(from, readable.end(), [&](std::uint32_t number) {
-            return key(number) != key(*from);
-        });
+        const auto to = std::find_if(
+            from, readable.end(), [&](std::uint32_t number) { return key(number) != key(*from); });
         if (to - from > 1) {
             groups.emplace_back(from, to);
         }
@@ -111,8 +108,8 @@ ContentPartition::Workspace ContentPartition::makeWorkspace() {
     return {buffers_.take(1), reader_.descriptors().take(1)};
 }
 
-std::optional<std::vector<FileGroup>> ContentPartition::compareWhole(
-    std::span<File* const> files, Workspace& workspace) {
+std::optional<std::vector<FileGroup>> ContentPartition::compareWhole(std::span<File* const> files,
+                                                                     Workspace& workspace) {
     workspace.lease_.rewind();
     const bool few = files.size() <= fewEnoughToComparePairs;
     std::vector<WholeFile> read;
@@ -188,9 +185,8 @@ void ContentPartition::lookAt(std::uint32_t number, const File& file, Seen& seen
         if (candidate->attributes.size > block.size()) {
             reader_.expectLittle(*candidate);
         }
-        const std::span<std::byte> bytes =
-            std::span(block).first(static_cast<std::size_t>(
-                std::min<std::uint64_t>(candidate->attributes.size, block.size())));
+        const std::span<std::byte> bytes = std::span(block).first(static_cast<std::size_t>(
+            std::min<std::uint64_t>(candidate->attributes.size, block.size())));
         if (!reader_.read(*candidate, 0, bytes)) {
             return;
         }

@@ -1,5 +1,10 @@
 #pragma once
 
+#include "scan/buffer_pool.h"
+#include "scan/candidate_reader.h"
+#include "scan/content_prover.h"
+#include "scan/worker_pool.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -7,17 +12,12 @@
 #include <utility>
 #include <vector>
 
-#include "scan/buffer_pool.h"
-#include "scan/candidate_reader.h"
-#include "scan/content_prover.h"
-#include "scan/worker_pool.h"
-
 namespace tarvin {
 
 /// Splits the files of one recorded size into groups of equal content, judged as the files stand
 /// now. The way depends on the class: a few small files are read whole and compared in memory; many
-/// files are told apart by a fingerprint of their first block, and only what that leaves together is
-/// compared byte by byte; the rest is compared at once. No group rests on a fingerprint.
+/// files are told apart by a fingerprint of their first block, and only what that leaves together
+/// is compared byte by byte; the rest is compared at once. No group rests on a fingerprint.
 ///
 /// Any thread; one object serves all classes of a scan. What a stop cut short cannot be relied on:
 /// the caller looks at the flag before it uses an answer.
@@ -43,8 +43,9 @@ class ContentPartition final {
     /// Waits for its parts. The caller must not hold a workspace already.
     [[nodiscard]] Workspace makeWorkspace();
 
-    /// The groups of two or more equal files among `files`, each ascending. An unreadable file is in
-    /// none. No value if a file has grown too large meanwhile; the class is one for partition() then.
+    /// The groups of two or more equal files among `files`, each ascending. An unreadable file is
+    /// in none. No value if a file has grown too large meanwhile; the class is one for partition()
+    /// then.
     [[nodiscard]] std::optional<std::vector<FileGroup>> compareWhole(std::span<File* const> files,
                                                                      Workspace& workspace);
 

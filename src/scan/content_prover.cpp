@@ -256,9 +256,9 @@ class ContentProver::Window final {
     bool lonePair_ = false;
     std::span<std::byte> trunk_;
     std::mutex mutex_;
-    BufferPool::Lease& lease_;                                   // guarded by mutex_
-    std::vector<std::span<std::byte>> scratch_;                  // guarded by mutex_
-    FileGroup same_;                                             // guarded by mutex_
+    BufferPool::Lease& lease_;                                         // guarded by mutex_
+    std::vector<std::span<std::byte>> scratch_;                        // guarded by mutex_
+    FileGroup same_;                                                   // guarded by mutex_
     std::unordered_map<std::uint64_t, std::vector<Branch>> branches_;  // guarded by mutex_
 };
 
@@ -325,8 +325,7 @@ std::vector<FileGroup> ContentProver::proveStretch(FileGroup group, const Compar
     return proven;
 }
 
-std::vector<FileGroup> ContentProver::proveInParallel(FileGroup group,
-                                                      const ComparisonOrder& order,
+std::vector<FileGroup> ContentProver::proveInParallel(FileGroup group, const ComparisonOrder& order,
                                                       std::uint64_t from,
                                                       std::vector<BufferPool::Lease>& leases) {
     std::vector<FileGroup> groups{std::move(group)};

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "scan/buffer_pool.h"
+#include "scan/candidate_reader.h"
+#include "scan/worker_pool.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <mutex>
@@ -8,10 +12,6 @@
 #include <unordered_map>
 #include <utility>
 #include <vector>
-
-#include "scan/buffer_pool.h"
-#include "scan/candidate_reader.h"
-#include "scan/worker_pool.h"
 
 namespace tarvin {
 
@@ -75,8 +75,7 @@ class ContentProver final {
     class Window;
     struct Position;
 
-    [[nodiscard]] std::vector<FileGroup> proveStretch(FileGroup group,
-                                                      const ComparisonOrder& order,
+    [[nodiscard]] std::vector<FileGroup> proveStretch(FileGroup group, const ComparisonOrder& order,
                                                       std::uint64_t from, std::uint64_t to,
                                                       BufferPool::Lease& lease);
     [[nodiscard]] std::vector<FileGroup> proveInParallel(FileGroup group,

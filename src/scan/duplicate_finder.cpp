@@ -55,8 +55,8 @@ class DuplicateFinder::Category final {
     }
 
  private:
-    /// Classes that one task compares, one after the other. Shared with the task, which still has it
-    /// in hand when the walk has seen that it is done.
+    /// Classes that one task compares, one after the other. Shared with the task, which still has
+    /// it in hand when the walk has seen that it is done.
     struct Batch {
         std::size_t firstClass = 0;
         std::size_t endClass = 0;
@@ -192,9 +192,9 @@ class DuplicateFinder::Category final {
     FileStore& store_;
     const SizeClasses classes_;
     std::vector<std::shared_ptr<Batch>> batches_;
-    std::vector<Batch*> batchOf_;            // by class
-    std::vector<std::uint32_t> nextEqual_;   // by position; written before the batch is done
-    std::vector<bool> taken_;                // by position; the walk's own
+    std::vector<Batch*> batchOf_;           // by class
+    std::vector<std::uint32_t> nextEqual_;  // by position; written before the batch is done
+    std::vector<bool> taken_;               // by position; the walk's own
 };
 
 DuplicateFinder::DuplicateFinder(FileSystem& fileSystem, WorkerPool& pool,
@@ -209,8 +209,7 @@ DuplicateFinder::DuplicateFinder(FileSystem& fileSystem, WorkerPool& pool,
       buffers_(bufferSlabs),
       partition_(reader_, buffers_, pool) {}
 
-std::shared_ptr<Modal> DuplicateFinder::findDuplicates(std::vector<File*>& list,
-                                                       FileStore& store) {
+std::shared_ptr<Modal> DuplicateFinder::findDuplicates(std::vector<File*>& list, FileStore& store) {
     return Category(*this, list, store).compare();
 }
 

@@ -1,10 +1,5 @@
 #pragma once
 
-#include <atomic>
-#include <cstdint>
-#include <memory>
-#include <vector>
-
 #include "model/file_store.h"
 #include "model/modal.h"
 #include "scan/buffer_pool.h"
@@ -14,6 +9,11 @@
 #include "scan/scan_control.h"
 #include "scan/scan_observer.h"
 #include "scan/worker_pool.h"
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <vector>
 
 namespace tarvin {
 
@@ -31,14 +31,14 @@ class DuplicateFinder final {
     DuplicateFinder(const DuplicateFinder&) = delete;
     DuplicateFinder& operator=(const DuplicateFinder&) = delete;
 
-    /// The sets among `list`, whose files are owned by `store`. Files keep their order: the first of
-    /// a set is the one that stands first in the list, and sets and extensions come in the order of
-    /// their first files. A file that cannot be read is in no set.
+    /// The sets among `list`, whose files are owned by `store`. Files keep their order: the first
+    /// of a set is the one that stands first in the list, and sets and extensions come in the order
+    /// of their first files. A file that cannot be read is in no set.
     ///
     /// The list is emptied, one file after the other, and `processed` counts them. After a stop the
-    /// answer has the sets found until then, all of them proven, and the list the files not reached.
-    [[nodiscard]] std::shared_ptr<Modal> findDuplicates(std::vector<File*>& list,
-                                                        FileStore& store);
+    /// answer has the sets found until then, all of them proven, and the list the files not
+    /// reached.
+    [[nodiscard]] std::shared_ptr<Modal> findDuplicates(std::vector<File*>& list, FileStore& store);
 
     /// The set of two or more equal files, the first of which stays when all are marked.
     [[nodiscard]] static std::shared_ptr<Set> setOfFileDetailsFrom(

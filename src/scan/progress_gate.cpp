@@ -8,9 +8,8 @@ bool ProgressGate::due() {
     }
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
     auto next = next_.load(std::memory_order_relaxed);
-    return now.count() >= next &&
-           next_.compare_exchange_strong(next, (now + interval_).count(),
-                                         std::memory_order_relaxed);
+    return now.count() >= next && next_.compare_exchange_strong(next, (now + interval_).count(),
+                                                                std::memory_order_relaxed);
 }
 
 }  // namespace tarvin

@@ -34,14 +34,18 @@ ReadBudget::Share ReadBudget::Share::split(std::size_t amount) {
 ReadBudget::Share ReadBudget::take(std::size_t amount) {
     const std::size_t wanted = std::min(amount, amount_);
     std::unique_lock lock(mutex_);
-    freed_.wait(lock, [this, wanted] { return free_ >= wanted; });
+    const std::uint64_t ticket = nextTicket_++;
+    freed_.wait(lock, [&] { return served_ == ticket && free_ >= wanted; });
     free_ -= wanted;
+    if (++served_ != nextTicket_) {
+        freed_.notify_all();
+    }
     return Share(*this, wanted);
 }
 
 ReadBudget::Share ReadBudget::tryTake(std::size_t amount) {
     const std::lock_guard lock(mutex_);
-    if (free_ < amount) {
+    if (free_ < amount || served_ != nextTicket_) {
         return {};
     }
     free_ -= amount;

@@ -2,6 +2,7 @@
 
 #include <condition_variable>
 #include <cstddef>
+#include <cstdint>
 #include <mutex>
 
 namespace tarvin {
@@ -33,10 +34,11 @@ class ReadBudget final {
         std::size_t amount_ = 0;
     };
 
-    /// Waits until `amount` is free. A caller that holds a share of the same budget must not wait
-    /// for another. Asking for more than there is gets all there is.
+    /// Waits until `amount` is free; who came first is served first, so that a large request is not
+    /// starved by small ones. A caller that holds a share of the same budget must not wait for
+    /// another. Asking for more than there is gets all there is.
     [[nodiscard]] Share take(std::size_t amount);
-    /// The same without waiting: an empty share if that much is not free.
+    /// The same without waiting: an empty share if that much is not free or others wait.
     [[nodiscard]] Share tryTake(std::size_t amount);
 
     [[nodiscard]] std::size_t amount() const { return amount_; }
@@ -46,7 +48,9 @@ class ReadBudget final {
 
     std::mutex mutex_;
     std::condition_variable freed_;
-    std::size_t free_;  // guarded by mutex_
+    std::size_t free_;              // guarded by mutex_
+    std::uint64_t nextTicket_ = 0;  // guarded by mutex_; of who comes next
+    std::uint64_t served_ = 0;      // guarded by mutex_; tickets below this have got their share
     const std::size_t amount_;
 };
 

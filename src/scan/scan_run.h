@@ -1,16 +1,5 @@
 #pragma once
 
-#include <array>
-#include <atomic>
-#include <chrono>
-#include <condition_variable>
-#include <cstdint>
-#include <memory>
-#include <mutex>
-#include <optional>
-#include <thread>
-#include <vector>
-
 #include "model/modal.h"
 #include "platform/platform.h"
 #include "scan/category_lists.h"
@@ -22,6 +11,17 @@
 #include "scan/scan_control.h"
 #include "scan/scan_observer.h"
 #include "scan/worker_pool.h"
+
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <vector>
 
 namespace tarvin {
 
@@ -51,8 +51,8 @@ class ScanRun final {
     /// Stops what is running and waits for it.
     ~ScanRun();
 
-    /// Begins a scan of the checked folders among `rows` and returns at once. modal() must be empty;
-    /// a scan that is still running is waited for.
+    /// Begins a scan of the checked folders among `rows` and returns at once. modal() must be
+    /// empty; a scan that is still running is waited for.
     void start(std::vector<LocationRow> rows, ExceptionFilter exceptions);
 
     /// Waits until the scan begun last is over. Returns at once if none was.
@@ -60,8 +60,8 @@ class ScanRun final {
 
     /// The workers wait, or go on.
     void setPause(bool pause) { control_.setPause(pause); }
-    /// The workers end at their next check; clears a pause. Sets found so far become the result, but
-    /// during the collection there are none.
+    /// The workers end at their next check; clears a pause. Sets found so far become the result,
+    /// but during the collection there are none.
     void requestStop();
 
     /// Forgets lists and results and makes every flag what it was before the first scan. The scan

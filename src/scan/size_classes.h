@@ -1,11 +1,11 @@
 #pragma once
 
+#include "model/file.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
-
-#include "model/file.h"
 
 namespace tarvin {
 
@@ -16,8 +16,8 @@ class SizeClasses final {
  public:
     explicit SizeClasses(std::span<File* const> files);
 
-    /// How many sizes two or more files have. These classes are numbered in the order of their first
-    /// files.
+    /// How many sizes two or more files have. These classes are numbered in the order of their
+    /// first files.
     [[nodiscard]] std::size_t count() const { return heads_.size(); }
     /// The positions of a class's files in the list, ascending.
     [[nodiscard]] std::vector<std::uint32_t> members(std::size_t number) const;
@@ -30,8 +30,8 @@ class SizeClasses final {
     [[nodiscard]] std::uint32_t classOf(std::uint32_t position) const { return classOf_[position]; }
 
  private:
-    std::vector<std::uint32_t> next_;      // the next file of the same size, by position
-    std::vector<std::uint32_t> classOf_;   // by position
+    std::vector<std::uint32_t> next_;     // the next file of the same size, by position
+    std::vector<std::uint32_t> classOf_;  // by position
     std::vector<std::uint32_t> heads_;
     std::vector<std::uint32_t> counts_;
 };

@@ -16,16 +16,18 @@ constexpr std::size_t portionBytes = 32 * 1024;
 constexpr std::size_t smallPortion = 512;
 // What may be listed and not yet consumed: about two megabytes.
 constexpr std::size_t mostEntriesAhead = 16 * 1024;
+// How far down the line a worker looks for a folder that it may take.
+constexpr std::size_t foldersInView = 64;
 constexpr std::size_t entriesBetweenChecks = 64;
+constexpr std::size_t fewestFoldersKeptOpen = 4;
 constexpr std::size_t mostFoldersKeptOpen = 128;
 // Left to the rest of the process: standard streams, libraries, the workers' own.
 constexpr std::size_t descriptorsForOthers = 48;
 
 std::size_t foldersToKeepOpen(std::size_t descriptorLimit) {
-    if (descriptorLimit <= descriptorsForOthers) {
-        return 0;
-    }
-    return std::min(mostFoldersKeptOpen, (descriptorLimit - descriptorsForOthers) / 2);
+    const std::size_t spare =
+        descriptorLimit > descriptorsForOthers ? descriptorLimit - descriptorsForOthers : 0;
+    return std::clamp(spare / 2, fewestFoldersKeptOpen, mostFoldersKeptOpen);
 }
 
 }  // namespace
@@ -57,11 +59,13 @@ class TreeReader::Listing final {
 };
 
 TreeReader::TreeReader(FileSystem& fileSystem, WorkerPool& pool, const ScanControl& control,
-                       Interest interest)
+                       Interest interest, PauseWait waitOutPause)
     : fileSystem_(fileSystem),
       pool_(pool),
       control_(control),
       interest_(interest),
+      waitOutPause_(waitOutPause ? std::move(waitOutPause)
+                                 : [&control] { control.waitWhilePaused(); }),
       homeTrash_(fileSystem.homeTrash()),
       mostOpenFolders_(foldersToKeepOpen(fileSystem.descriptorLimit())) {}
 
@@ -75,8 +79,8 @@ std::shared_ptr<TreeReader::Listing> TreeReader::openRoot(const Directory* direc
     return std::make_shared<Listing>(directory, nullptr);
 }
 
-std::shared_ptr<TreeReader::Listing> TreeReader::makeListing(
-    const std::shared_ptr<Listing>& parent, const Directory* directory) {
+std::shared_ptr<TreeReader::Listing> TreeReader::makeListing(const std::shared_ptr<Listing>& parent,
+                                                             const Directory* directory) {
     return std::make_shared<Listing>(directory, parent);
 }
 
@@ -92,13 +96,18 @@ Result<FileIdentity> TreeReader::identityOf(const std::shared_ptr<Listing>& list
         if (listing->state == Listing::State::waiting) {
             readOn(listing, lock);
         } else {
-            changed_.wait(lock);
+            waitForChange(lock);
         }
     }
-    if (listing->failure) {
-        return *listing->failure;
+    if (!listing->opened) {
+        return listing->failure.value_or(SystemError{EINTR});
     }
     return listing->identity;
+}
+
+std::optional<SystemError> TreeReader::failureOf(const std::shared_ptr<Listing>& listing) {
+    const std::lock_guard lock(mutex_);
+    return listing->failure;
 }
 
 std::unique_ptr<TreeReader::Block> TreeReader::nextBlock(const std::shared_ptr<Listing>& listing) {
@@ -117,7 +126,7 @@ std::unique_ptr<TreeReader::Block> TreeReader::nextBlock(const std::shared_ptr<L
         if (listing->blocks.empty() && listing->state == Listing::State::waiting) {
             readOn(listing, lock);
         } else {
-            changed_.wait(lock);
+            waitForChange(lock);
         }
     }
 }
@@ -134,6 +143,7 @@ void TreeReader::close(const std::shared_ptr<Listing>& listing) {
     }
     if (listing->state == Listing::State::finished) {
         releaseDescriptor(*listing);
+        std::erase(keptOpen_, listing);
     }
     pump();
 }
@@ -143,8 +153,11 @@ void TreeReader::pump() {
     while (!upcoming_.empty() && upcoming_.front()->state != Listing::State::waiting) {
         upcoming_.pop_front();
     }
+    if (entriesAhead_ >= mostEntriesAhead || ending_ || nextToTake() == upcoming_.end()) {
+        return;
+    }
     const std::size_t useful = std::min<std::size_t>(upcoming_.size(), pool_.width());
-    while (tasks_ < useful && entriesAhead_ < mostEntriesAhead && !ending_) {
+    while (tasks_ < useful) {
         ++tasks_;
         pool_.submit([this] { runTask(); });
     }
@@ -162,23 +175,40 @@ void TreeReader::runTask() {
     changed_.notify_all();
 }
 
+/// Ahead of the walk no folder is opened that would have to be read to its end at once.
+bool TreeReader::mayBeTaken(const Listing& listing) const {
+    return listing.state == Listing::State::waiting &&
+           (listing.opened || openFolders_ < mostOpenFolders_ || !keptOpen_.empty());
+}
+
+TreeReader::Upcoming::iterator TreeReader::nextToTake() {
+    const auto end =
+        upcoming_.begin() + static_cast<std::ptrdiff_t>(std::min(upcoming_.size(), foldersInView));
+    const auto next = std::find_if(upcoming_.begin(), end,
+                                   [this](const auto& listing) { return mayBeTaken(*listing); });
+    return next == end ? upcoming_.end() : next;
+}
+
 std::shared_ptr<TreeReader::Listing> TreeReader::takeUpcoming() {
-    while (!upcoming_.empty()) {
-        std::shared_ptr<Listing> listing = std::move(upcoming_.front());
-        upcoming_.pop_front();
-        if (listing->state == Listing::State::waiting) {
-            return listing;
-        }
+    const auto next = nextToTake();
+    if (next == upcoming_.end()) {
+        return nullptr;
     }
-    return nullptr;
+    std::shared_ptr<Listing> listing = std::move(*next);
+    upcoming_.erase(next);
+    return listing;
 }
 
 /// Lists the next portion of a waiting folder. Called and left with the lock held.
 void TreeReader::readOn(const std::shared_ptr<Listing>& listing,
                         std::unique_lock<std::mutex>& lock) {
     listing->state = Listing::State::working;
-    // With too many folders open this one is read to its end, so that it can be closed.
-    const bool toTheEnd = openFolders_ >= mostOpenFolders_;
+    if (!listing->opened) {
+        makeRoomForOne();
+    }
+    // Inside too many folders that are not listed to their ends yet, this one is, at once, so that
+    // it can be closed.
+    const bool toTheEnd = openFolders_ > mostOpenFolders_;
     lock.unlock();
     PendingBlocks blocks;
     const bool more = readPortion(*listing, toTheEnd, blocks);
@@ -196,15 +226,19 @@ void TreeReader::readOn(const std::shared_ptr<Listing>& listing,
 
 /// True if the folder may have more entries than those put into `into`.
 bool TreeReader::readPortion(Listing& listing, bool toTheEnd, PendingBlocks& into) {
-    if (!control_.mayGoOn() || (!listing.descriptor && !open(listing))) {
+    if (!mayGoOn() || (!listing.descriptor && !open(listing))) {
         return false;
     }
     thread_local EntryBlock listed(portionBytes);
     std::size_t entries = 0;
     while (toTheEnd || entries < smallPortion) {
         const Result<bool> more = fileSystem_.listEntries(*listing.descriptor, listed);
-        // What cannot be read on ends here: the entries so far are as good as any.
-        if (!more || !*more || !control_.mayGoOn()) {
+        if (!more) {
+            // The entries so far are as good as any.
+            listing.failure = more.error();
+            return false;
+        }
+        if (!*more || !mayGoOn()) {
             return false;
         }
         auto pending = std::make_shared<PendingBlock>();
@@ -221,7 +255,8 @@ void TreeReader::keepPortion(const std::shared_ptr<Listing>& listing, bool more,
     if (listing->descriptor && !listing->opened) {
         listing->opened = true;
         listing->parent = nullptr;
-        ++openFolders_;
+    } else if (!listing->opened) {
+        --openFolders_;
     }
     if (!listing->abandoned) {
         for (const std::shared_ptr<PendingBlock>& pending : blocks) {
@@ -237,6 +272,8 @@ void TreeReader::keepPortion(const std::shared_ptr<Listing>& listing, bool more,
         listing->state = Listing::State::finished;
         if (listing->abandoned || openFolders_ > mostOpenFolders_) {
             releaseDescriptor(*listing);
+        } else if (listing->descriptor) {
+            keptOpen_.push_back(listing);
         }
     }
     changed_.notify_all();
@@ -248,11 +285,11 @@ bool TreeReader::open(Listing& listing) {
         const std::lock_guard lock(mutex_);
         parent = listing.parent->descriptor;
     }
-    Result<Descriptor> opened =
-        parent ? fileSystem_.openDirectoryAt(*parent, listing.directory->name)
-        : listing.directory->parent == nullptr
-            ? fileSystem_.openRootDirectory(listing.directory->path())
-            : fileSystem_.openDirectory(listing.directory->path());
+    Result<Descriptor> opened = parent
+                                    ? fileSystem_.openDirectoryAt(*parent, listing.directory->name)
+                                : listing.directory->parent == nullptr
+                                    ? fileSystem_.openRootDirectory(listing.directory->path())
+                                    : fileSystem_.openDirectory(listing.directory->path());
     if (!opened) {
         listing.failure = opened.error();
         return false;
@@ -293,8 +330,9 @@ std::unique_ptr<TreeReader::Block> TreeReader::wanted(const EntryBlock& listed) 
         ListedEntry& kept = block->entries.emplace_back();
         kept.name = name;
         kept.type = entry.type;
-        kept.attributesKnown = entry.type == EntryType::directory ||
-                               (entry.type == EntryType::regular && interest == EntryInterest::name);
+        kept.attributesKnown =
+            entry.type == EntryType::directory ||
+            (entry.type == EntryType::regular && interest == EntryInterest::name);
         nameBytes += name.size() + 1;
     }
     block->names = std::make_unique_for_overwrite<char[]>(nameBytes);
@@ -308,7 +346,7 @@ std::unique_ptr<TreeReader::Block> TreeReader::wanted(const EntryBlock& listed) 
     return block;
 }
 
-void TreeReader::readAttributes(const Descriptor& folder, Block& block) const {
+void TreeReader::readAttributes(const Descriptor& folder, Block& block) {
     std::size_t untilCheck = entriesBetweenChecks;
     for (ListedEntry& entry : block.entries) {
         if (entry.attributesKnown) {
@@ -316,7 +354,7 @@ void TreeReader::readAttributes(const Descriptor& folder, Block& block) const {
         }
         if (--untilCheck == 0) {
             untilCheck = entriesBetweenChecks;
-            if (!control_.mayGoOn()) {
+            if (!mayGoOn()) {
                 return;
             }
         }
@@ -327,6 +365,44 @@ void TreeReader::readAttributes(const Descriptor& folder, Block& block) const {
             entry.type = attributes->type;
             entry.attributesKnown = true;
         }
+    }
+}
+
+/// On the walking thread: waits until something is different, and through a pause that begins.
+void TreeReader::waitForChange(std::unique_lock<std::mutex>& lock) {
+    if (!control_.pause()) {
+        changed_.wait(lock);
+        return;
+    }
+    lock.unlock();
+    waitOutPause_();
+    lock.lock();
+}
+
+/// Waits out a pause, then says whether to go on. Called without the lock.
+bool TreeReader::mayGoOn() {
+    if (control_.pause()) {
+        if (std::this_thread::get_id() == walkingThread_) {
+            waitOutPause_();
+        } else {
+            {
+                // The walk may be waiting for this worker and does not know yet why that takes
+                // long.
+                const std::lock_guard lock(mutex_);
+                changed_.notify_all();
+            }
+            control_.waitWhilePaused();
+        }
+    }
+    return !control_.stop();
+}
+
+/// Counts one more open folder, in the place of one that was kept open if there is no other.
+void TreeReader::makeRoomForOne() {
+    ++openFolders_;
+    while (openFolders_ > mostOpenFolders_ && !keptOpen_.empty()) {
+        releaseDescriptor(*keptOpen_.front());
+        keptOpen_.pop_front();
     }
 }
 

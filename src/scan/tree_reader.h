@@ -1,20 +1,22 @@
 #pragma once
 
+#include "model/file.h"
+#include "platform/file_system.h"
+#include "scan/scan_control.h"
+#include "scan/worker_pool.h"
+
 #include <condition_variable>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
-
-#include "model/file.h"
-#include "platform/file_system.h"
-#include "scan/scan_control.h"
-#include "scan/worker_pool.h"
 
 namespace tarvin {
 
@@ -35,10 +37,11 @@ struct ListedEntry {
 
 /// Lists folders ahead of the walk that consumes them.
 ///
-/// The walk asks for folders one by one, depth first, and gets every folder's entries block by block
-/// in listing order. Meanwhile workers list the folders that come next and read their entries'
-/// attributes; also inside one large folder. What is read ahead is bounded, whatever the tree. The
-/// user's Trash and file systems that hold nobody's files are refused like unreadable folders.
+/// The walk asks for folders one by one, depth first, and gets every folder's entries block by
+/// block in listing order. Meanwhile workers list the folders that come next and read their
+/// entries' attributes; also inside one large folder. What is read ahead is bounded, whatever the
+/// tree. The user's Trash and file systems that hold nobody's files are refused like unreadable
+/// folders.
 ///
 /// One thread walks: it alone calls the public functions. A pause holds the workers; after a stop
 /// folders end early.
@@ -55,8 +58,13 @@ class TreeReader final {
         std::unique_ptr<char[]> names;
     };
 
+    /// Waits until a pause is over. Called on the walking thread, when it would wait for workers
+    /// that a pause holds or for the pause itself.
+    using PauseWait = std::function<void()>;
+
+    /// Without a `waitOutPause` the walk waits in silence. Made on the thread that walks.
     TreeReader(FileSystem& fileSystem, WorkerPool& pool, const ScanControl& control,
-               Interest interest);
+               Interest interest, PauseWait waitOutPause = {});
     TreeReader(const TreeReader&) = delete;
     TreeReader& operator=(const TreeReader&) = delete;
     /// Waits for the workers that are inside a folder.
@@ -72,6 +80,8 @@ class TreeReader final {
 
     /// Waits until the folder is open and says which it is. The error if it cannot be opened.
     Result<FileIdentity> identityOf(const std::shared_ptr<Listing>& listing);
+    /// Why the folder could not be opened or not be listed to its end, as far as is known now.
+    std::optional<SystemError> failureOf(const std::shared_ptr<Listing>& listing);
     /// The next block of the folder's entries; none when there are no more, the folder cannot be
     /// read on, or the scan was stopped.
     std::unique_ptr<Block> nextBlock(const std::shared_ptr<Listing>& listing);
@@ -85,7 +95,12 @@ class TreeReader final {
 
     void pump();
     void runTask();
+    using Upcoming = std::deque<std::shared_ptr<Listing>>;
+
+    [[nodiscard]] bool mayBeTaken(const Listing& listing) const;
+    Upcoming::iterator nextToTake();
     std::shared_ptr<Listing> takeUpcoming();
+    void makeRoomForOne();
     void readOn(const std::shared_ptr<Listing>& listing, std::unique_lock<std::mutex>& lock);
     bool readPortion(Listing& listing, bool toTheEnd, PendingBlocks& into);
     void keepPortion(const std::shared_ptr<Listing>& listing, bool more,
@@ -93,23 +108,30 @@ class TreeReader final {
     bool open(Listing& listing);
     [[nodiscard]] bool isNeverWalked(const Listing& listing, const FileIdentity& identity) const;
     [[nodiscard]] std::unique_ptr<Block> wanted(const EntryBlock& listed) const;
-    void readAttributes(const Descriptor& folder, Block& block) const;
+    void readAttributes(const Descriptor& folder, Block& block);
     void releaseDescriptor(Listing& listing);
+    void waitForChange(std::unique_lock<std::mutex>& lock);
+    [[nodiscard]] bool mayGoOn();
 
     FileSystem& fileSystem_;
     WorkerPool& pool_;
     const ScanControl& control_;
     const Interest interest_;
+    const PauseWait waitOutPause_;
+    const std::thread::id walkingThread_ = std::this_thread::get_id();
     const std::optional<FileIdentity> homeTrash_;
     const std::size_t mostOpenFolders_;
 
     std::mutex mutex_;
     std::condition_variable changed_;
-    std::deque<std::shared_ptr<Listing>> upcoming_;  // guarded by mutex_; front is next in the walk
-    std::size_t entriesAhead_ = 0;                   // guarded by mutex_
-    std::size_t openFolders_ = 0;                    // guarded by mutex_
-    unsigned tasks_ = 0;                             // guarded by mutex_; queued or running
-    bool ending_ = false;                            // guarded by mutex_
+    Upcoming upcoming_;  // guarded by mutex_; front is next in the walk
+    // Listed to the end, but still open, so that the folders inside need not be opened by path; the
+    // oldest is closed when others need its place. Guarded by mutex_.
+    std::deque<std::shared_ptr<Listing>> keptOpen_;
+    std::size_t entriesAhead_ = 0;  // guarded by mutex_
+    std::size_t openFolders_ = 0;   // guarded by mutex_
+    unsigned tasks_ = 0;            // guarded by mutex_; queued or running
+    bool ending_ = false;           // guarded by mutex_
 };
 
 }  // namespace tarvin

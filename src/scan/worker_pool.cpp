@@ -70,7 +70,9 @@ WorkerPool::~WorkerPool() {
     }
 }
 
-void WorkerPool::submit(Task task) { enqueue(std::move(task), false); }
+void WorkerPool::submit(Task task) {
+    enqueue(std::move(task), false);
+}
 
 void WorkerPool::forEach(std::size_t count, const std::function<void(std::size_t)>& body) {
     if (count == 0) {
@@ -128,6 +130,10 @@ void WorkerPool::work() {
         }
         Task task = std::move(queue_.front());
         queue_.pop_front();
+        if (ending_ && queue_.empty()) {
+            // Nothing will be queued for those who still wait for their turn.
+            wake_.notify_all();
+        }
         ++running_;
         lock.unlock();
         const std::uint64_t before = deviceReadsOfThisThread();

@@ -63,12 +63,12 @@ class WorkerPool final {
     const Limits limits_;
     std::mutex mutex_;
     std::condition_variable wake_;
-    std::deque<Task> queue_;             // guarded by mutex_
-    std::vector<std::thread> threads_;   // guarded by mutex_
-    unsigned running_ = 0;               // guarded by mutex_
-    unsigned idle_ = 0;                  // guarded by mutex_
-    unsigned atOnce_ = 1;                // guarded by mutex_
-    bool ending_ = false;                // guarded by mutex_
+    std::deque<Task> queue_;            // guarded by mutex_
+    std::vector<std::thread> threads_;  // guarded by mutex_
+    unsigned running_ = 0;              // guarded by mutex_
+    unsigned idle_ = 0;                 // guarded by mutex_
+    unsigned atOnce_ = 1;               // guarded by mutex_
+    bool ending_ = false;               // guarded by mutex_
 };
 
 }  // namespace tarvin

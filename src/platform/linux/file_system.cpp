@@ -12,12 +12,11 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstring>
 #include <limits>
-#include <mutex>
-#include <unordered_map>
 
 namespace tarvin {
 
@@ -29,8 +28,7 @@ constexpr int directoryFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
 constexpr int fileFlags = O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY;
 // A path handed to the kernel has to be shorter than PATH_MAX; longer ones are gone along in hops.
 constexpr std::size_t longestHop = PATH_MAX - 1;
-constexpr unsigned attributeMask =
-    STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_BTIME | STATX_INO;
+constexpr unsigned attributeMask = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_BTIME | STATX_INO;
 
 int openAt(int directory, const char* path, int flags) {
     int number = -1;
@@ -61,7 +59,8 @@ int openAnyLength(const std::string& path, int flags) {
         if (directory < 0) {
             return -1;
         }
-        from = slash + 1;
+        // What follows must not begin with a slash, or it would start at the root again.
+        from = std::min(path.find_first_not_of('/', slash), path.size());
     }
     int number = -1;
     if (path.size() - from <= longestHop) {
@@ -128,42 +127,6 @@ Result<FileAttributes> attributesFrom(int directory, const char* name, int flags
     }
     return toAttributes(answer);
 }
-
-/// What is known of each device, asked for once: the questions come once per folder.
-class DeviceTable final {
- public:
-    bool isPseudo(std::uint64_t device) {
-        const std::lock_guard lock(mutex_);
-        if (!pseudo_.contains(device)) {
-            readMounts();
-        }
-        return pseudo_.try_emplace(device, false).first->second;
-    }
-
-    bool isRotational(std::uint64_t device) {
-        const std::lock_guard lock(mutex_);
-        const auto known = rotational_.find(device);
-        if (known != rotational_.end()) {
-            return known->second;
-        }
-        return rotational_.emplace(device, isRotationalDevice(device)).first->second;
-    }
-
- private:
-    void readMounts() {
-        const auto mounts = readMountInfo();
-        if (!mounts) {
-            return;
-        }
-        for (const MountEntry& mount : *mounts) {
-            pseudo_.insert_or_assign(mount.device, isPseudoFileSystemType(mount.fileSystemType));
-        }
-    }
-
-    std::mutex mutex_;
-    std::unordered_map<std::uint64_t, bool> pseudo_;      // guarded by mutex_
-    std::unordered_map<std::uint64_t, bool> rotational_;  // guarded by mutex_
-};
 
 class LinuxFileSystem final : public FileSystem {
  public:
@@ -243,8 +206,15 @@ class LinuxFileSystem final : public FileSystem {
         ::posix_fadvise(file.number(), 0, 0, POSIX_FADV_RANDOM);
     }
 
-    bool isPseudoFileSystem(std::uint64_t device) override { return devices_.isPseudo(device); }
-    bool isRotational(std::uint64_t device) override { return devices_.isRotational(device); }
+    bool isPseudoFileSystem(std::uint64_t device) override {
+        // Not remembered: device numbers are given again, and only mount points ask.
+        const auto mounts = readMountInfo();
+        return mounts && std::any_of(mounts->begin(), mounts->end(), [device](const auto& mount) {
+                   return mount.device == device && isPseudoFileSystemType(mount.fileSystemType);
+               });
+    }
+
+    bool isRotational(std::uint64_t device) override { return isRotationalDevice(device); }
 
     std::optional<FileIdentity> homeTrash() override {
         const auto path = homeTrashFolder(processEnvironment());
@@ -277,8 +247,8 @@ class LinuxFileSystem final : public FileSystem {
     static void addListed(std::span<const std::byte> listed, EntryBlock& block) {
         while (!listed.empty()) {
             // The kernel lays the records out aligned, one behind the other.
-            const auto* record = static_cast<const dirent64*>(
-                static_cast<const void*>(listed.data()));
+            const auto* record =
+                static_cast<const dirent64*>(static_cast<const void*>(listed.data()));
             const std::string_view name = record->d_name;
             if (name != "." && name != "..") {
                 block.add(record->d_name, typeOfListed(record->d_type));
@@ -286,8 +256,6 @@ class LinuxFileSystem final : public FileSystem {
             listed = listed.subspan(record->d_reclen);
         }
     }
-
-    DeviceTable devices_;
 };
 
 }  // namespace
