@@ -1,0 +1,33 @@
+#include "platform/clock.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+namespace tarvin {
+namespace {
+
+TEST(SystemClock, ShowsTheDateAndTime) {
+    const Timestamp before = std::chrono::system_clock::now();
+    const Timestamp shown = systemClock().now();
+    const Timestamp after = std::chrono::system_clock::now();
+    EXPECT_LE(before, shown);
+    EXPECT_LE(shown, after);
+}
+
+TEST(SystemClock, CountsOnSteadily) {
+    const auto before = std::chrono::steady_clock::now();
+    const auto first = systemClock().steadyNow();
+    const auto second = systemClock().steadyNow();
+    const auto after = std::chrono::steady_clock::now();
+    EXPECT_LE(before, first);
+    EXPECT_LE(first, second);
+    EXPECT_LE(second, after);
+}
+
+TEST(SystemClock, IsOneForTheProcess) {
+    EXPECT_EQ(&systemClock(), &systemClock());
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,189 @@
+#include "platform/linux/volumes.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvin {
+
+/// How a failing line shows a volume.
+static std::ostream& operator<<(std::ostream& out, const Volume& volume) {
+    return out << volume.path << " (" << volume.fileSystemType << ", kind "
+               << static_cast<int>(volume.kind) << ')';
+}
+
+namespace {
+
+const Volume unknownRoot{"/", "", VolumeKind::other};
+
+bool neverRemovable(const MountEntry&) {
+    return false;
+}
+bool alwaysRemovable(const MountEntry&) {
+    return true;
+}
+
+/// The volumes of a table in the kernel's format, none of them removable by its device.
+std::vector<Volume> volumesIn(std::string_view table) {
+    return volumesOf(parseMountInfo(table), neverRemovable);
+}
+
+/// The kind of a drive of this type.
+VolumeKind kindOfType(const std::string& type, const RemovableQuery& isRemovable) {
+    return volumesOf({{1, "/mnt/drive", type, "/dev/x"}}, isRemovable).back().kind;
+}
+
+TEST(Volumes, AreTheRootAndTheDrivesOfThreeFolders) {
+    const auto volumes = volumesIn(
+        "22 27 0:21 / /proc rw - proc proc rw\n"
+        "27 1 8:1 / / rw - ext4 /dev/sda1 rw\n"
+        "28 27 8:2 / /home rw - ext4 /dev/sda2 rw\n"
+        "29 27 8:17 / /media/ann/My\\040Stick rw - vfat /dev/sdb1 rw\n"
+        "30 27 8:33 / /run/media/ann/backup rw - xfs /dev/sdc1 rw\n"
+        "31 27 8:49 / /mnt/data rw - btrfs /dev/sdd1 rw\n"
+        "32 27 0:50 / /run/user/1000 rw - tmpfs tmpfs rw\n");
+    const std::vector<Volume> expected{{"/", "ext4", VolumeKind::internal},
+                                       {"/media/ann/My Stick", "vfat", VolumeKind::removable},
+                                       {"/run/media/ann/backup", "xfs", VolumeKind::internal},
+                                       {"/mnt/data", "btrfs", VolumeKind::internal}};
+    EXPECT_EQ(volumes, expected);
+}
+
+TEST(Volumes, BeginWithTheRootWhereverTheTableListsIt) {
+    const auto volumes = volumesIn(
+        "26 27 8:17 / /mnt/data rw - ext4 /dev/sdb1 rw\n"
+        "27 1 8:1 / / rw - ext4 /dev/sda1 rw\n");
+    const std::vector<Volume> expected{{"/", "ext4", VolumeKind::internal},
+                                       {"/mnt/data", "ext4", VolumeKind::internal}};
+    EXPECT_EQ(volumes, expected);
+}
+
+TEST(Volumes, KeepTheOrderOfMounting) {
+    const auto volumes = volumesIn(
+        "1 0 8:3 / /mnt/z rw - ext4 /dev/c rw\n"
+        "2 0 8:2 / /media/m rw - ext4 /dev/b rw\n"
+        "3 0 8:1 / /mnt/a rw - ext4 /dev/a rw\n");
+    ASSERT_EQ(volumes.size(), 4u);
+    EXPECT_EQ(volumes[1].path, "/mnt/z");
+    EXPECT_EQ(volumes[2].path, "/media/m");
+    EXPECT_EQ(volumes[3].path, "/mnt/a");
+}
+
+TEST(Volumes, HaveTheRootEvenIfTheTableDoesNot) {
+    EXPECT_EQ(volumesIn(""), std::vector<Volume>{unknownRoot});
+}
+
+TEST(Volumes, HaveTheRootWhateverItsFormat) {
+    const std::vector<Volume> container{{"/", "overlay", VolumeKind::other}};
+    EXPECT_EQ(volumesIn("1 0 0:30 / / rw - overlay overlay rw\n"), container);
+}
+
+TEST(Volumes, ShowWhatWasMountedLastInOnePlace) {
+    const auto volumes = volumesIn(
+        "1 0 0:2 / / rw - rootfs rootfs rw\n"
+        "2 1 8:1 / / rw - ext4 /dev/sda1 rw\n"
+        "3 2 0:40 / /mnt/nas rw - autofs systemd-1 rw\n"
+        "4 2 8:17 / /mnt/data rw - xfs /dev/sdb1 rw\n"
+        "5 3 0:41 / /mnt/nas rw - cifs //nas/share rw\n");
+    const std::vector<Volume> expected{{"/", "ext4", VolumeKind::internal},
+                                       {"/mnt/data", "xfs", VolumeKind::internal},
+                                       {"/mnt/nas", "cifs", VolumeKind::network}};
+    EXPECT_EQ(volumes, expected);
+}
+
+TEST(Volumes, HideADriveUnderAPseudoFileSystem) {
+    const auto volumes = volumesIn(
+        "1 0 8:17 / /mnt/data rw - ext4 /dev/sdb1 rw\n"
+        "2 1 0:21 / /mnt/data rw - proc proc rw\n");
+    EXPECT_EQ(volumes, std::vector<Volume>{unknownRoot});
+}
+
+TEST(Volumes, LeaveOutPseudoFileSystems) {
+    const auto volumes = volumesIn(
+        "1 0 0:21 / /mnt/proc rw - proc proc rw\n"
+        "2 0 0:22 / /media/auto rw - autofs x rw\n"
+        "3 0 0:23 / /run/media/ann/sys rw - sysfs sysfs rw\n");
+    EXPECT_EQ(volumes, std::vector<Volume>{unknownRoot});
+}
+
+TEST(Volumes, MayBeMountedAtMntItself) {
+    const auto volumes = volumesIn("1 0 8:17 / /mnt rw - ext4 /dev/sdb1 rw\n");
+    ASSERT_EQ(volumes.size(), 2u);
+    EXPECT_EQ(volumes[1].path, "/mnt");
+}
+
+TEST(Volumes, AreNotTheFoldersThatHoldDrives) {
+    const auto volumes = volumesIn(
+        "1 0 0:40 / /media rw - tmpfs tmpfs rw\n"
+        "2 0 0:41 / /run/media rw - tmpfs tmpfs rw\n");
+    EXPECT_EQ(volumes, std::vector<Volume>{unknownRoot});
+}
+
+TEST(Volumes, AreNotInFoldersWithNamesOnlyAlike) {
+    const auto volumes = volumesIn(
+        "1 0 8:1 / /mnt2/a rw - ext4 /dev/a rw\n"
+        "2 0 8:2 / /mediatheque rw - ext4 /dev/b rw\n"
+        "3 0 8:3 / /home/media/c rw - ext4 /dev/c rw\n"
+        "4 0 8:4 / /run/mediaserver/d rw - ext4 /dev/d rw\n");
+    EXPECT_EQ(volumes, std::vector<Volume>{unknownRoot});
+}
+
+TEST(Volumes, KeepPathsThatAreNotText) {
+    const auto volumes = volumesIn("1 0 8:1 / /mnt/\xff rw - ext4 /dev/a rw\n");
+    ASSERT_EQ(volumes.size(), 2u);
+    EXPECT_EQ(volumes[1].path, "/mnt/\xff");
+}
+
+TEST(VolumeKind, IsNetworkForSharesOfOtherMachines) {
+    for (const char* type : {"cifs", "smb3", "smbfs"}) {
+        EXPECT_EQ(kindOfType(type, neverRemovable), VolumeKind::network) << type;
+    }
+}
+
+TEST(VolumeKind, IsRemovableForTheFormatsOfDos) {
+    for (const char* type : {"vfat", "exfat", "msdos", "ntfs", "ntfs3", "fuseblk"}) {
+        EXPECT_EQ(kindOfType(type, neverRemovable), VolumeKind::removable) << type;
+    }
+}
+
+TEST(VolumeKind, IsInternalForTheFormatsOfDisks) {
+    for (const char* type :
+         {"ext2", "ext3", "ext4", "xfs", "btrfs", "f2fs", "zfs", "hfs", "hfsplus", "apfs"}) {
+        EXPECT_EQ(kindOfType(type, neverRemovable), VolumeKind::internal) << type;
+    }
+}
+
+TEST(VolumeKind, IsOtherForTheRest) {
+    for (const char* type :
+         {"tmpfs", "nfs", "nfs4", "iso9660", "fuse.sshfs", "9p", "ext", "EXT4"}) {
+        EXPECT_EQ(kindOfType(type, neverRemovable), VolumeKind::other) << type;
+    }
+}
+
+TEST(VolumeKind, IsRemovableForARemovableDeviceOfAnyFormat) {
+    for (const char* type : {"ext4", "btrfs", "iso9660", "vfat"}) {
+        EXPECT_EQ(kindOfType(type, alwaysRemovable), VolumeKind::removable) << type;
+    }
+}
+
+TEST(VolumeKind, IsNetworkBeforeItIsRemovable) {
+    EXPECT_EQ(kindOfType("cifs", alwaysRemovable), VolumeKind::network);
+}
+
+TEST(VolumeKind, IsAskedOfEachDeviceByItself) {
+    const std::vector<MountEntry> mounts{{1, "/", "ext4", "/dev/a"},
+                                         {2, "/mnt/b", "ext4", "/dev/b"},
+                                         {3, "/mnt/c", "ext4", "/dev/c"}};
+    const auto volumes =
+        volumesOf(mounts, [](const MountEntry& mount) { return mount.source == "/dev/b"; });
+    ASSERT_EQ(volumes.size(), 3u);
+    EXPECT_EQ(volumes[0].kind, VolumeKind::internal);
+    EXPECT_EQ(volumes[1].kind, VolumeKind::removable);
+    EXPECT_EQ(volumes[2].kind, VolumeKind::internal);
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,406 @@
+#include "scan/content_partition.h"
+
+#include "support/comparison_bench.h"
+#include "support/faulty_file_system.h"
+#include "support/pairwise_finder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+namespace tarvin {
+namespace {
+
+constexpr std::uint64_t firstBlock = ComparisonOrder::edgeBytes;
+
+#ifdef TARVIN_SANITIZED
+constexpr std::chrono::milliseconds promptly{2000};
+#else
+constexpr std::chrono::milliseconds promptly{200};
+#endif
+
+/// Files that are compared through a file system that counts and fails.
+class Comparison : public ::testing::Test {
+ protected:
+    /// A file of that size that occupies no room; its bytes are zero except where `mark` stands.
+    std::string sparse(std::string_view name, std::uint64_t size, std::uint64_t place = 0,
+                       std::string_view mark = {}) {
+        const std::string path = bench_.folder().writeFile(name, "");
+        std::filesystem::resize_file(path, size);
+        if (!mark.empty()) {
+            std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+            file.seekp(static_cast<std::streamoff>(place));
+            file.write(mark.data(), static_cast<std::streamsize>(mark.size()));
+        }
+        bench_.addPath(path, size);
+        return path;
+    }
+
+    PlainResult find() { return plainResultOf(*bench_.find()); }
+
+    static PlainResult oneSet(std::vector<std::string> paths) {
+        return {{"txt", {std::move(paths)}}};
+    }
+
+    FaultyFileSystem fileSystem_;
+    ComparisonBench bench_{fileSystem_};
+};
+
+TEST_F(Comparison, OpensNothingWhoseSizeIsUnique) {
+    bench_.add("a.txt", "1");
+    bench_.add("b.txt", "22");
+    bench_.add("c.txt", "333");
+    EXPECT_EQ(find(), PlainResult{});
+    EXPECT_EQ(fileSystem_.calls(FileCall::openFile), 0U);
+    EXPECT_EQ(fileSystem_.calls(FileCall::attributesOf), 0U);
+}
+
+TEST_F(Comparison, ReadsSmallFilesOnce) {
+    for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
+        bench_.add(name, noise(9'000, 5));
+    }
+    find();
+    for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
+        EXPECT_EQ(fileSystem_.bytesRead(bench_.folder().pathOf(name)), 9'000U);
+        EXPECT_EQ(fileSystem_.opens(bench_.folder().pathOf(name)), 1U);
+    }
+}
+
+TEST_F(Comparison, ReadsLargeEqualFilesOnce) {
+    const std::string a = sparse("a.txt", 30'000'001, 29'999'999, "x");
+    const std::string b = sparse("b.txt", 30'000'001, 29'999'999, "x");
+    EXPECT_EQ(find(), oneSet({a, b}));
+    EXPECT_EQ(fileSystem_.bytesRead(a), 30'000'001U);
+    EXPECT_EQ(fileSystem_.bytesRead(b), 30'000'001U);
+    EXPECT_EQ(fileSystem_.opens(a), 1U);
+}
+
+TEST_F(Comparison, ADifferenceAtTheEndIsSeenBeforeTheMiddleIsRead) {
+    const std::string a = sparse("a.txt", 50'000'000, 49'999'999, "x");
+    const std::string b = sparse("b.txt", 50'000'000, 49'999'999, "y");
+    EXPECT_EQ(find(), PlainResult{});
+    EXPECT_LE(fileSystem_.bytesRead(a), 2 * firstBlock);
+    EXPECT_LE(fileSystem_.bytesRead(b), 2 * firstBlock);
+}
+
+TEST_F(Comparison, ADifferenceInTheMiddleEndsTheReading) {
+    const std::string a = sparse("a.txt", 200'000'000, 1'000'000, "x");
+    const std::string b = sparse("b.txt", 200'000'000, 1'000'000, "y");
+    EXPECT_EQ(find(), PlainResult{});
+    EXPECT_LT(fileSystem_.bytesRead(a), 40'000'000U);
+}
+
+/// Sizes at which the way of comparing changes, with differences at telling places.
+class ReadingOnce : public Comparison, public ::testing::WithParamInterface<std::size_t> {};
+
+TEST_P(ReadingOnce, HoldsForEveryFileOfTheClass) {
+    constexpr std::uint64_t size = 600'000;
+    const std::size_t count = GetParam();
+    std::vector<std::string> paths;
+    for (std::size_t number = 0; number < count; ++number) {
+        // A third is equal, a third differs behind the first block, a third late in the middle.
+        const std::string mark(1, static_cast<char>('a' + number % 20));
+        const std::uint64_t place = number % 3 == 1 ? firstBlock + number : 500'000;
+        paths.push_back(sparse(std::to_string(number) + ".txt", size, place,
+                               number % 3 == 0 ? std::string() : mark));
+    }
+    const PlainResult expected = findPairwise(bench_.list());
+    EXPECT_EQ(find(), expected);
+    const std::uint64_t again = count > 64 ? firstBlock : 0;
+    for (const std::string& path : paths) {
+        EXPECT_LE(fileSystem_.bytesRead(path), size + again) << path;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(ClassSizes, ReadingOnce,
+                         ::testing::Values(2, 5, 31, 33, 64, 65, 129, 400));
+
+TEST_F(Comparison, ManyFilesThatDifferBehindTheFirstBlockAreReadNoFurther) {
+    // All different: what is kept of each must fit into the buffers.
+    std::vector<std::string> paths;
+    for (unsigned number = 0; number < 3'000; ++number) {
+        const std::string mark = std::to_string(number);
+        paths.push_back(sparse(mark + ".txt", 1'000'000, firstBlock * 2, "#" + mark + "#"));
+    }
+    EXPECT_EQ(find(), PlainResult{});
+    // First block twice, last block, the next, and the piece that tells it apart. One file, against
+    // which the others were held, was read further.
+    EXPECT_LE(std::count_if(paths.begin(), paths.end(),
+                            [this](const std::string& path) {
+                                return fileSystem_.bytesRead(path) > 5 * firstBlock;
+                            }),
+              1);
+}
+
+TEST_F(Comparison, TenThousandEqualFilesUnderALimitOf64Descriptors) {
+    fileSystem_.setDescriptorLimit(64);
+    fileSystem_.refuseMoreDescriptorsThan(64 - 16);
+    ComparisonBench bench(fileSystem_);
+    std::vector<std::string> paths;
+    for (int number = 0; number < 10'000; ++number) {
+        const std::string path = bench.folder().writeFile(std::to_string(number) + ".txt", "");
+        std::filesystem::resize_file(path, 20'000);
+        bench.addPath(path, 20'000);
+        paths.push_back(path);
+    }
+    EXPECT_EQ(plainResultOf(*bench.find()), oneSet(paths));
+    EXPECT_LE(fileSystem_.openAtMost(), 64U - 16U);
+    for (const std::string& path : paths) {
+        ASSERT_LE(fileSystem_.bytesRead(path), 20'000U + firstBlock);
+    }
+}
+
+TEST_F(Comparison, FortyThousandEmptyFilesAreOneSet) {
+    std::vector<std::string> paths;
+    for (int number = 0; number < 40'000; ++number) {
+        paths.push_back(bench_.add(std::to_string(number) + ".txt", "")->filePath());
+    }
+    EXPECT_EQ(find(), oneSet(paths));
+    EXPECT_EQ(fileSystem_.bytesRead(), 0U);
+}
+
+TEST_F(Comparison, AShortageOfDescriptorsIsWaitedOut) {
+    const std::string a = bench_.add("a.txt", "same")->filePath();
+    const std::string b = bench_.add("b.txt", "same")->filePath();
+    fileSystem_.failCall(FileCall::openFile, 1, EMFILE);
+    fileSystem_.failCall(FileCall::openFile, 3, ENFILE);
+    EXPECT_EQ(find(), oneSet({a, b}));
+}
+
+/// What happens to the second of three equal files must cost the other two nothing.
+class OneOfThree : public Comparison, public ::testing::WithParamInterface<std::uint64_t> {
+ protected:
+    void SetUp() override {
+        for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
+            sparse(name, GetParam());
+        }
+        b_ = bench_.folder().pathOf("b.txt");
+    }
+
+    void expectTheOthers() {
+        EXPECT_EQ(find(),
+                  oneSet({bench_.folder().pathOf("a.txt"), bench_.folder().pathOf("c.txt")}));
+    }
+
+    std::string b_;
+};
+
+TEST_P(OneOfThree, CannotBeOpened) {
+    fileSystem_.failCall(FileCall::openFile, FaultyFileSystem::each, EACCES, b_);
+    expectTheOthers();
+}
+
+TEST_P(OneOfThree, HasNoAttributes) {
+    fileSystem_.failCall(FileCall::attributesOf, 1, EIO, b_);
+    expectTheOthers();
+}
+
+TEST_P(OneOfThree, FailsAtItsFirstRead) {
+    fileSystem_.failCall(FileCall::readAt, 1, EIO, b_);
+    expectTheOthers();
+}
+
+TEST_P(OneOfThree, IsGone) {
+    std::filesystem::remove(b_);
+    expectTheOthers();
+}
+
+TEST_P(OneOfThree, VanishesJustBeforeItIsOpened) {
+    fileSystem_.beforeCall(
+        FileCall::openFile, 1, [this] { std::filesystem::remove(b_); }, b_);
+    expectTheOthers();
+}
+
+TEST_P(OneOfThree, HasBecomeAPipe) {
+    std::filesystem::remove(b_);
+    ASSERT_EQ(::mkfifo(b_.c_str(), 0600), 0);
+    expectTheOthers();
+}
+
+TEST_P(OneOfThree, HasBecomeAFolder) {
+    std::filesystem::remove(b_);
+    std::filesystem::create_directory(b_);
+    expectTheOthers();
+}
+
+TEST_P(OneOfThree, HasBecomeALinkToAnotherOfThem) {
+    std::filesystem::remove(b_);
+    std::filesystem::create_symlink(bench_.folder().pathOf("a.txt"), b_);
+    expectTheOthers();
+}
+
+TEST_P(OneOfThree, HasBecomeADevice) {
+    std::filesystem::remove(b_);
+    std::filesystem::create_symlink("/dev/zero", b_);
+    expectTheOthers();
+    EXPECT_EQ(fileSystem_.bytesRead(b_), 0U);
+}
+
+TEST_P(OneOfThree, ShrinksWhileItIsRead) {
+    fileSystem_.beforeCall(
+        FileCall::readAt, 1, [this] { std::filesystem::resize_file(b_, GetParam() / 2); }, b_);
+    expectTheOthers();
+}
+
+TEST_P(OneOfThree, HasShrunkBefore) {
+    std::filesystem::resize_file(b_, GetParam() - 1);
+    expectTheOthers();
+}
+
+TEST_P(OneOfThree, HasGrownBefore) {
+    std::filesystem::resize_file(b_, GetParam() + 1);
+    expectTheOthers();
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, OneOfThree,
+                         ::testing::Values(100, 16'384, 16'385, 400'000, 9'000'000));
+
+TEST_F(Comparison, FailsAtAnyOfItsReads) {
+    for (std::uint64_t nth = 2; nth < 6; ++nth) {
+        FaultyFileSystem fileSystem;
+        ComparisonBench bench(fileSystem);
+        std::vector<std::string> paths;
+        for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
+            paths.push_back(bench.add(name, noise(700'000, 3))->filePath());
+        }
+        fileSystem.failCall(FileCall::readAt, nth, EIO, paths[1]);
+        EXPECT_EQ(plainResultOf(*bench.find()), oneSet({paths[0], paths[2]})) << nth;
+    }
+}
+
+TEST_F(Comparison, TheFileThatTheOthersAreHeldAgainstMayFailToo) {
+    std::vector<std::string> paths;
+    for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
+        paths.push_back(bench_.add(name, noise(700'000, 3))->filePath());
+    }
+    fileSystem_.failCall(FileCall::readAt, 3, EIO, paths[0]);
+    EXPECT_EQ(find(), oneSet({paths[1], paths[2]}));
+}
+
+TEST_F(Comparison, AFileThatIsWrittenToWhileItIsReadIsInNoSet) {
+    std::vector<std::string> paths;
+    for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
+        paths.push_back(bench_.add(name, noise(700'000, 3))->filePath());
+    }
+    fileSystem_.beforeCall(
+        FileCall::readAt, 3,
+        [&paths] { std::ofstream(paths[1], std::ios::binary | std::ios::app) << "more"; },
+        paths[1]);
+    EXPECT_EQ(find(), oneSet({paths[0], paths[2]}));
+}
+
+TEST_F(Comparison, AFileReplacedBetweenTwoOfItsReadsIsInNoSet) {
+    // More than are kept open, so that each is opened again for each stretch.
+    std::vector<std::string> paths;
+    for (int number = 0; number < 40; ++number) {
+        paths.push_back(bench_.add(std::to_string(number) + ".txt", noise(100'000, 3))->filePath());
+    }
+    const std::string replaced = paths[7];
+    fileSystem_.beforeCall(
+        FileCall::openFile, 3,
+        [&replaced, this] {
+            const std::string copy = bench_.folder().writeFile("copy", noise(100'000, 3));
+            std::filesystem::rename(copy, replaced);
+        },
+        replaced);
+    paths.erase(paths.begin() + 7);
+    EXPECT_EQ(find(), oneSet(paths));
+}
+
+TEST_F(Comparison, OneReaderAtATimeOnARotationalDevice) {
+    fileSystem_.setRotational(true);
+    ComparisonBench bench(fileSystem_, {4, 8});
+    for (int number = 0; number < 400; ++number) {
+        bench.add(std::to_string(number) + ".txt", noise(number % 2 == 0 ? 3'000 : 90'000, 3));
+    }
+    EXPECT_EQ(bench.find()->totalFiles(), 398U);
+    EXPECT_LE(fileSystem_.readersOfOneDeviceAtMost(), 1U);
+}
+
+/// Two files of 10 GB that are equal, so that comparing them takes long.
+class HugeFiles : public Comparison {
+ protected:
+    static constexpr std::uint64_t size = 10'000'000'000;
+
+    void SetUp() override {
+        sparse("a.txt", size);
+        sparse("b.txt", size);
+        comparison_ = std::thread([this] { result_ = find(); });
+        while (bench_.finder().bytesRead() < 50'000'000) {
+            std::this_thread::yield();
+        }
+    }
+
+    void TearDown() override {
+        bench_.control().setStop(true);
+        bench_.control().setPause(false);
+        if (comparison_.joinable()) {
+            comparison_.join();
+        }
+    }
+
+    std::thread comparison_;
+    PlainResult result_;
+};
+
+TEST_F(HugeFiles, AStopActsAtOnceAndShowsNothingUnproven) {
+    const auto asked = std::chrono::steady_clock::now();
+    bench_.control().setStop(true);
+    comparison_.join();
+    EXPECT_LT(std::chrono::steady_clock::now() - asked, promptly);
+    EXPECT_EQ(result_, PlainResult{});
+}
+
+TEST_F(HugeFiles, APauseActsAtOnce) {
+    const auto asked = std::chrono::steady_clock::now();
+    bench_.control().setPause(true);
+    // Nothing is read any more once the pieces in hand are done: look until two looks agree for a
+    // good while.
+    std::uint64_t before = 0;
+    auto still = asked;
+    while (std::chrono::steady_clock::now() - still < promptly / 4) {
+        const std::uint64_t now = fileSystem_.bytesRead();
+        if (now != before) {
+            before = now;
+            still = std::chrono::steady_clock::now();
+        }
+        ASSERT_LT(still - asked, promptly);
+        std::this_thread::yield();
+    }
+    EXPECT_LT(before, 2 * size);
+}
+
+TEST(ComparisonOrder, GoesOverEveryByteOnce) {
+    for (const std::uint64_t size :
+         {0U, 1U, 16'383U, 16'384U, 16'385U, 32'767U, 32'768U, 100'000U}) {
+        const ComparisonOrder order(size);
+        std::vector<int> seen(size, 0);
+        for (std::uint64_t position = 0; position < size;) {
+            const ComparisonOrder::Piece piece = order.pieceAt(position);
+            ASSERT_GT(piece.length, 0U);
+            for (std::uint64_t at = piece.offset; at < piece.offset + piece.length; ++at) {
+                ++seen[at];
+            }
+            position += piece.length;
+        }
+        EXPECT_EQ(std::count(seen.begin(), seen.end(), 1), static_cast<std::ptrdiff_t>(size));
+    }
+}
+
+TEST(ComparisonOrder, ReadsTheEndSecond) {
+    const ComparisonOrder order(1'000'000);
+    EXPECT_EQ(order.pieceAt(0).offset, 0U);
+    EXPECT_EQ(order.pieceAt(16'384).offset, 1'000'000U - 16'384U);
+    EXPECT_EQ(order.pieceAt(32'768).offset, 16'384U);
+    EXPECT_EQ(order.pieceAt(32'768).length, 1'000'000U - 32'768U);
+}
+
+}  // namespace
+}  // namespace tarvin

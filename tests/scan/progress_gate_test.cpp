@@ -1,0 +1,81 @@
+#include "scan/progress_gate.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <thread>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+using namespace std::chrono_literals;
+
+TEST(ProgressGate, LetsEveryCallThroughWithoutAnInterval) {
+    ProgressGate gate(0ms);
+    for (int call = 0; call < 1000; ++call) {
+        EXPECT_TRUE(gate.due());
+    }
+}
+
+TEST(ProgressGate, LetsTheFirstCallThroughAtOnce) {
+    ProgressGate gate(1h);
+    EXPECT_TRUE(gate.due());
+}
+
+TEST(ProgressGate, LetsNothingThroughBeforeTheIntervalIsOver) {
+    ProgressGate gate(1h);
+    EXPECT_TRUE(gate.due());
+    for (int call = 0; call < 1000; ++call) {
+        EXPECT_FALSE(gate.due());
+    }
+}
+
+TEST(ProgressGate, LetsACallThroughWhenTheIntervalIsOver) {
+    ProgressGate gate(20ms);
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_TRUE(gate.due());
+    while (!gate.due()) {
+        std::this_thread::yield();
+    }
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, 20ms);
+}
+
+TEST(ProgressGate, MeasuresTheIntervalFromTheLastCallLetThrough) {
+    ProgressGate gate(5ms);
+    const auto begin = std::chrono::steady_clock::now();
+    int passed = 0;
+    while (std::chrono::steady_clock::now() - begin < 100ms) {
+        passed += gate.due() ? 1 : 0;
+    }
+    // At 0 ms and then at most once in 5 ms; the last look may be a little later than 100 ms.
+    const auto took = std::chrono::steady_clock::now() - begin;
+    EXPECT_LE(passed, took / 5ms + 1);
+    EXPECT_GE(passed, 2);
+}
+
+TEST(ProgressGate, LetsOneOfSeveralThreadsThrough) {
+    for (int round = 0; round < 200; ++round) {
+        ProgressGate gate(1h);
+        std::atomic<int> passed{0};
+        std::atomic<int> ready{0};
+        std::vector<std::thread> threads;
+        for (int thread = 0; thread < 4; ++thread) {
+            threads.emplace_back([&] {
+                ++ready;
+                while (ready != 4) {
+                    std::this_thread::yield();
+                }
+                passed += gate.due() ? 1 : 0;
+            });
+        }
+        for (std::thread& thread : threads) {
+            thread.join();
+        }
+        EXPECT_EQ(passed, 1);
+    }
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,412 @@
+#include "scan/scan_run.h"
+
+#include "support/comparison_bench.h"
+#include "support/fake_platform.h"
+#include "support/faulty_file_system.h"
+#include "support/pairwise_finder.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+
+namespace tarvin {
+namespace {
+
+using Event = std::string;
+using namespace std::chrono_literals;
+
+/// Keeps what it is told, and does what the test has put at a certain event.
+class Recorder final : public ScanObserver {
+ public:
+    void collectionStarted() override { note("collectionStarted"); }
+    void collecting(const std::string& path) override { note("collecting " + nameOf(path)); }
+    void collectionPaused(bool paused) override { note(paused ? "paused" : "resumed"); }
+    void nothingCollected() override { note("nothingCollected"); }
+    void collectionFinished() override { note("collectionFinished"); }
+    void comparisonStarted(std::uint64_t total) override {
+        note("comparisonStarted " + std::to_string(total));
+    }
+    void processing(const std::string& path, std::uint64_t) override {
+        note("processing " + nameOf(path));
+    }
+    void comparisonFinished(std::uint64_t processed) override {
+        note("comparisonFinished " + std::to_string(processed));
+    }
+    void elapsed(const std::string& text) override { note(text); }
+
+    /// Called on the thread that tells, before anybody sees the event.
+    void at(const Event& event, std::function<void()> action) {
+        const std::lock_guard lock(mutex_);
+        event_ = event;
+        action_ = std::move(action);
+    }
+
+    void waitFor(const Event& event) {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [&] { return has(event); });
+    }
+
+    [[nodiscard]] bool saw(const Event& event) {
+        const std::lock_guard lock(mutex_);
+        return has(event);
+    }
+
+    [[nodiscard]] std::vector<Event> events() {
+        const std::lock_guard lock(mutex_);
+        return events_;
+    }
+
+    [[nodiscard]] std::size_t count() {
+        const std::lock_guard lock(mutex_);
+        return events_.size();
+    }
+
+ private:
+    static std::string nameOf(const std::string& path) { return path.substr(path.rfind('/') + 1); }
+
+    [[nodiscard]] bool has(const Event& event) const {
+        return std::find(events_.begin(), events_.end(), event) != events_.end();
+    }
+
+    void note(const Event& event) {
+        std::function<void()> action;
+        {
+            const std::lock_guard lock(mutex_);
+            if (event == event_) {
+                action = std::exchange(action_, nullptr);
+            }
+        }
+        if (action) {
+            action();
+        }
+        const std::lock_guard lock(mutex_);
+        events_.push_back(event);
+        changed_.notify_all();
+    }
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::vector<Event> events_;     // guarded by mutex_
+    Event event_;                   // guarded by mutex_
+    std::function<void()> action_;  // guarded by mutex_
+};
+
+class ScanRunTest : public ::testing::Test {
+ protected:
+    static ScanRun::Settings settings() {
+        ScanRun::Settings settings;
+        settings.workers = {2, 4};
+        settings.progressInterval = 0ms;
+        settings.elapsedStep = 1ms;
+        return settings;
+    }
+
+    void addRow(const std::string& path) { rows_.push_back({path, "", "", true, true}); }
+
+    void start(ExceptionFilter exceptions = {}) {
+        run_.start(std::exchange(rows_, {}), std::move(exceptions));
+    }
+
+    void scan() {
+        start();
+        run_.wait();
+    }
+
+    TemporaryFolder folder_;
+    FaultyFileSystem fileSystem_{systemFileSystem()};
+    FakePlatform platform_{fileSystem_};
+    Recorder recorder_;
+    std::vector<LocationRow> rows_;
+    ScanRun run_{platform_, recorder_, settings()};
+};
+
+TEST_F(ScanRunTest, BeginsWithNothingGoingOn) {
+    EXPECT_FALSE(run_.scanning());
+    EXPECT_FALSE(run_.pause());
+    EXPECT_FALSE(run_.stop());
+    EXPECT_TRUE(run_.added());
+    EXPECT_TRUE(run_.stopElapsedTimeThread());
+    EXPECT_EQ(run_.modal()->extensionCount(), 0U);
+}
+
+TEST_F(ScanRunTest, JoinsTheCategoriesInTheirOrder) {
+    for (const char* name : {"a.txt", "b.mp3", "c.mp4", "d.png", "e.zip"}) {
+        folder_.writeFile(std::string("one/") + name, name);
+        folder_.writeFile(std::string("two/") + name, name);
+    }
+    addRow(folder_.path());
+    scan();
+    std::vector<std::string> names;
+    for (const auto& extension : run_.modal()->extensions()) {
+        names.push_back(extension->name());
+    }
+    EXPECT_EQ(names, (std::vector<std::string>{"png", "mp4", "mp3", "txt", "zip"}));
+    EXPECT_EQ(run_.modal()->totalFiles(), 5U);
+    EXPECT_EQ(run_.modal()->totalFilesSize(), 25U);
+    EXPECT_EQ(run_.imageModal()->extensions().front(), run_.modal()->extensions().front());
+    EXPECT_EQ(run_.collected(Category::audio), 2U);
+    EXPECT_TRUE(run_.exactScanCompleted());
+    EXPECT_FALSE(run_.scanning());
+    EXPECT_TRUE(run_.stopElapsedTimeThread());
+}
+
+TEST_F(ScanRunTest, CategoriesAreNeverCompared) {
+    folder_.writeFile("pictures/x.png", "same");
+    folder_.writeFile("Foo.app/y.png", "same");
+    addRow(folder_.path());
+    scan();
+    EXPECT_EQ(run_.collected(Category::image), 1U);
+    EXPECT_EQ(run_.collected(Category::other), 1U);
+    EXPECT_EQ(run_.modal()->extensionCount(), 0U);
+}
+
+TEST_F(ScanRunTest, TellsThePhasesInOrder) {
+    folder_.writeFile("a.txt", "same");
+    folder_.writeFile("b.txt", "same");
+    addRow(folder_.path());
+    scan();
+    std::vector<Event> phases;
+    for (const Event& event : recorder_.events()) {
+        if (event.starts_with("collection") || event.starts_with("comparison")) {
+            phases.push_back(event);
+        }
+    }
+    EXPECT_EQ(phases, (std::vector<Event>{"collectionStarted", "collectionFinished",
+                                          "comparisonStarted 2", "comparisonFinished 2"}));
+    EXPECT_TRUE(recorder_.saw("collecting a.txt"));
+    EXPECT_TRUE(recorder_.saw("processing b.txt"));
+    EXPECT_EQ(run_.processed(), 2U);
+}
+
+TEST_F(ScanRunTest, WithoutAnyFileThereIsNoComparison) {
+    folder_.writeFile("Makefile", "no extension");
+    addRow(folder_.path());
+    scan();
+    EXPECT_TRUE(recorder_.saw("nothingCollected"));
+    EXPECT_FALSE(recorder_.saw("comparisonStarted 0"));
+    EXPECT_FALSE(run_.go());
+    EXPECT_FALSE(run_.scanning());
+    EXPECT_TRUE(run_.stopElapsedTimeThread());
+}
+
+TEST_F(ScanRunTest, AStopBetweenLocationsLeadsToAnEmptyResult) {
+    folder_.writeFile("one/a.txt", "same");
+    folder_.writeFile("one/b.txt", "same");
+    folder_.writeFile("two/c.txt", "same");
+    addRow(folder_.pathOf("one"));
+    addRow(folder_.pathOf("two"));
+    recorder_.at("collecting a.txt", [this] { run_.requestStop(); });
+    scan();
+    EXPECT_TRUE(recorder_.saw("comparisonStarted 0"));
+    EXPECT_TRUE(recorder_.saw("comparisonFinished 0"));
+    EXPECT_EQ(run_.modal()->extensionCount(), 0U);
+    EXPECT_TRUE(run_.go());
+    EXPECT_TRUE(run_.added());
+    // The flag is cleared on the way, but the run knows.
+    EXPECT_FALSE(run_.stop());
+    EXPECT_TRUE(run_.wasStopped());
+    EXPECT_FALSE(run_.scanning());
+}
+
+TEST_F(ScanRunTest, AStopInTheComparisonShowsWhatWasFound) {
+    folder_.writeFile("a.txt", "same");
+    folder_.writeFile("b.txt", "same");
+    addRow(folder_.path());
+    recorder_.at("comparisonStarted 2", [this] { run_.requestStop(); });
+    scan();
+    EXPECT_TRUE(run_.exactScanCompleted());
+    EXPECT_EQ(run_.modal()->extensionCount(), 0U);
+    EXPECT_TRUE(run_.stop());
+    EXPECT_TRUE(run_.wasStopped());
+}
+
+TEST_F(ScanRunTest, HomeCleanupForgetsEverything) {
+    folder_.writeFile("a.txt", "same");
+    folder_.writeFile("b.txt", "same");
+    addRow(folder_.path());
+    scan();
+    ASSERT_EQ(run_.modal()->totalFiles(), 1U);
+    run_.requestStop();
+    run_.homeCleanup();
+    EXPECT_FALSE(run_.stop());
+    EXPECT_FALSE(run_.pause());
+    EXPECT_TRUE(run_.added());
+    EXPECT_EQ(run_.modal()->totalFiles(), 0U);
+    EXPECT_EQ(run_.imageModal(), nullptr);
+    EXPECT_EQ(run_.processed(), 0U);
+}
+
+TEST_F(ScanRunTest, ScansAgainAfterHomeCleanup) {
+    folder_.writeFile("a.txt", "same");
+    folder_.writeFile("b.txt", "same");
+    for (int round = 0; round < 3; ++round) {
+        addRow(folder_.path());
+        scan();
+        EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+        run_.homeCleanup();
+    }
+}
+
+TEST_F(ScanRunTest, APauseInTheCollectionHoldsItUntilItIsCleared) {
+    folder_.writeFile("one/a.txt", "same");
+    folder_.writeFile("two/b.txt", "same");
+    addRow(folder_.path());
+    recorder_.at("collectionStarted", [this] { run_.setPause(true); });
+    start();
+    recorder_.waitFor("paused");
+    EXPECT_FALSE(run_.added());
+    EXPECT_FALSE(recorder_.saw("collecting a.txt"));
+    run_.setPause(false);
+    run_.wait();
+    EXPECT_TRUE(recorder_.saw("resumed"));
+    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+}
+
+TEST_F(ScanRunTest, APauseInTheComparisonTellsNothingUntilItIsCleared) {
+    for (int number = 0; number < 50; ++number) {
+        folder_.writeFile(std::to_string(number) + ".txt", "same");
+    }
+    addRow(folder_.path());
+    recorder_.at("comparisonStarted 50", [this] { run_.setPause(true); });
+    start();
+    recorder_.waitFor("comparisonStarted 50");
+    // The elapsed time goes on being asked for while everything else waits.
+    EXPECT_FALSE(run_.exactScanCompleted());
+    EXPECT_TRUE(run_.scanning());
+    run_.setPause(false);
+    run_.wait();
+    EXPECT_EQ(run_.modal()->totalFiles(), 49U);
+    EXPECT_EQ(run_.processed(), 50U);
+}
+
+TEST_F(ScanRunTest, AStopEndsAPause) {
+    folder_.writeFile("a.txt", "same");
+    folder_.writeFile("b.txt", "same");
+    addRow(folder_.path());
+    recorder_.at("comparisonStarted 2", [this] { run_.setPause(true); });
+    start();
+    recorder_.waitFor("comparisonStarted 2");
+    run_.requestStop();
+    run_.wait();
+    EXPECT_FALSE(run_.pause());
+    EXPECT_EQ(run_.modal()->extensionCount(), 0U);
+}
+
+TEST_F(ScanRunTest, TheElapsedTimeFollowsTheClock) {
+    folder_.writeFile("a.txt", "same");
+    addRow(folder_.path());
+    std::mutex gate;
+    gate.lock();
+    recorder_.at("collectionStarted", [&gate] { const std::lock_guard hold(gate); });
+    start();
+    platform_.clock().advance(61500ms);
+    recorder_.waitFor("Elapsed Time: 00:01:01");
+    gate.unlock();
+    run_.wait();
+}
+
+TEST_F(ScanRunTest, PausedSecondsDoNotCount) {
+    folder_.writeFile("a.txt", "same");
+    addRow(folder_.path());
+    std::mutex gate;
+    gate.lock();
+    recorder_.at("collectionStarted", [&gate] { const std::lock_guard hold(gate); });
+    start();
+    platform_.clock().advance(100500ms);
+    recorder_.waitFor("Elapsed Time: 00:01:40");
+    run_.setPause(true);
+    // Each step of a pause counts as a second, so the time shown ends up behind the clock.
+    const auto behind = [this] {
+        const std::vector<Event> events = recorder_.events();
+        const auto last = std::find_if(events.rbegin(), events.rend(), [](const Event& event) {
+            return event.starts_with("Elapsed Time: ");
+        });
+        return last != events.rend() && *last < "Elapsed Time: 00:01:40";
+    };
+    while (!behind()) {
+        run_.setPause(true);
+        std::this_thread::yield();
+        run_.setPause(false);
+        std::this_thread::yield();
+    }
+    gate.unlock();
+    run_.wait();
+}
+
+TEST_F(ScanRunTest, AMissingLocationIsToldAndTheOthersAreScanned) {
+    folder_.writeFile("there/a.txt", "same");
+    folder_.writeFile("there/b.txt", "same");
+    addRow(folder_.pathOf("gone"));
+    addRow(folder_.pathOf("there"));
+    scan();
+    ASSERT_EQ(run_.unreadableLocations().size(), 1U);
+    EXPECT_EQ(run_.unreadableLocations()[0].path, folder_.pathOf("gone"));
+    EXPECT_EQ(run_.unreadableLocations()[0].error.code, ENOENT);
+    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+}
+
+TEST_F(ScanRunTest, ExceptedFilesAreLeftOut) {
+    const std::string excepted = folder_.writeFile("a.txt", "same");
+    folder_.writeFile("b.txt", "same");
+    addRow(folder_.path());
+    start(ExceptionFilter({excepted}));
+    run_.wait();
+    EXPECT_EQ(run_.collected(Category::documents), 1U);
+    EXPECT_TRUE(recorder_.saw("collecting a.txt"));
+}
+
+TEST_F(ScanRunTest, EndsItsThreadsWhenItIsDestroyedInTheMiddle) {
+    for (int number = 0; number < 200; ++number) {
+        folder_.writeFile(std::to_string(number) + ".txt", noise(20'000, 1));
+    }
+    for (const char* when : {"collectionStarted", "collectionFinished", "comparisonStarted 200"}) {
+        Recorder recorder;
+        ScanRun run(platform_, recorder, settings());
+        run.start({{folder_.path(), "", "", true, true}}, {});
+        recorder.waitFor(when);
+    }
+}
+
+/// Pauses, resumes and stops at every stage: what is shown must be whole sets of equal files.
+TEST_F(ScanRunTest, AnyMomentOfPauseAndStopLeavesAProvenResult) {
+    for (int number = 0; number < 60; ++number) {
+        folder_.writeFile(std::to_string(number) + ".txt",
+                          noise(number % 2 == 0 ? 300 : 40'000, static_cast<unsigned>(number) % 7));
+    }
+    std::size_t stoppedEarly = 0;
+    for (std::size_t moment = 0; moment < 150; ++moment) {
+        Recorder recorder;
+        ScanRun run(platform_, recorder, settings());
+        run.start({{folder_.path(), "", "", true, true}}, {});
+        while (recorder.count() < moment && run.scanning()) {
+            std::this_thread::yield();
+        }
+        run.setPause(true);
+        std::this_thread::yield();
+        run.setPause(false);
+        run.requestStop();
+        run.wait();
+        const PlainResult found = plainResultOf(*run.modal());
+        std::size_t files = 0;
+        for (const auto& extension : run.modal()->extensions()) {
+            for (const auto& set : extension->sets()) {
+                ASSERT_GE(set->files().size(), 2U);
+                files += set->files().size();
+                std::vector<File*> members;
+                for (const auto& file : set->files()) {
+                    members.push_back(file.get());
+                }
+                ASSERT_EQ(findPairwise(members).size(), 1U);
+                ASSERT_EQ(findPairwise(members)[0].sets[0].size(), members.size());
+            }
+        }
+        stoppedEarly += files < 60 ? 1 : 0;
+    }
+    EXPECT_GT(stoppedEarly, 0U);
+}
+
+}  // namespace
+}  // namespace tarvin

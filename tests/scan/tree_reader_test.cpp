@@ -1,0 +1,621 @@
+#include "scan/tree_reader.h"
+
+#include "model/file_store.h"
+#include "support/faulty_file_system.h"
+#include "support/file_tree.h"
+#include "support/waiting.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <future>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+using namespace std::chrono_literals;
+
+using Names = std::vector<std::string>;
+using Listing = std::shared_ptr<TreeReader::Listing>;
+
+// What may have been listed and not yet asked for: the reader's own bound, and on top of it what
+// each worker was at when it was reached.
+constexpr std::uint64_t mostEntriesAhead = 64 * 1024;
+
+EntryInterest everything(std::string_view name) {
+    static_cast<void>(name);
+    return EntryInterest::attributes;
+}
+
+EntryInterest onlyNames(std::string_view name) {
+    static_cast<void>(name);
+    return EntryInterest::name;
+}
+
+EntryInterest nothingHidden(std::string_view name) {
+    return name.starts_with('.') ? EntryInterest::none : EntryInterest::attributes;
+}
+
+class TreeReaderTest : public testing::Test {
+ protected:
+    TreeReaderTest() { fileSystem_.setListingOrder(ListingOrder::sorted); }
+
+    TreeReader& reader(TreeReader::Interest interest = everything,
+                       WorkerPool::Limits limits = {2, 4}) {
+        pool_ = std::make_unique<WorkerPool>(limits);
+        reader_ = std::make_unique<TreeReader>(fileSystem_, *pool_, control_, interest);
+        return *reader_;
+    }
+
+    Listing root(TreeReader& reader, const std::string& path) {
+        return reader.openRoot(store_->addRoot(path));
+    }
+
+    /// The names of the folder's entries, to its end.
+    static Names names(TreeReader& reader, const Listing& listing) {
+        Names all;
+        while (const auto block = reader.nextBlock(listing)) {
+            for (const ListedEntry& entry : block->entries) {
+                all.emplace_back(entry.name);
+            }
+        }
+        return all;
+    }
+
+    struct Folder {
+        const Directory* directory;
+        Listing listing;
+        std::string name;
+    };
+
+    /// Takes the next block and announces its folders, as a walk does.
+    std::vector<Folder> takeFolders(TreeReader& reader, const Folder& folder) {
+        std::vector<Folder> inside;
+        std::vector<Listing> ahead;
+        block_ = reader.nextBlock(folder.listing);
+        for (const ListedEntry& entry : block_->entries) {
+            if (entry.type == EntryType::directory) {
+                const Directory* directory = store_->addDirectory(folder.directory, entry.name);
+                ahead.push_back(reader.makeListing(folder.listing, directory));
+                inside.push_back({directory, ahead.back(), std::string(entry.name)});
+            }
+        }
+        reader.announce(ahead);
+        return inside;
+    }
+
+    Folder rootFolder(TreeReader& reader) {
+        const Directory* directory = store_->addRoot(tree_.path());
+        return {directory, reader.openRoot(directory), ""};
+    }
+
+    /// Waits until the workers have nothing left to do but wait for the walk: all they list is
+    /// there, and nothing more comes while many a task goes through the pool.
+    void waitUntilQuiet() {
+        std::uint64_t listed = 0;
+        auto since = std::chrono::steady_clock::now();
+        while (std::chrono::steady_clock::now() - since < 100ms) {
+            std::promise<void> promise;
+            pool_->submit([&] { promise.set_value(); });
+            promise.get_future().wait();
+            const std::uint64_t now = fileSystem_.entriesListed();
+            if (now != listed) {
+                listed = now;
+                since = std::chrono::steady_clock::now();
+            }
+        }
+    }
+
+    /// `count` folders of `files` files each, which cost the disk nothing.
+    void makeFolders(int count, std::uint64_t files) {
+        for (int number = 0; number < count; ++number) {
+            fileSystem_.inventFiles(tree_.makeFolder("folder " + std::to_string(1000 + number)),
+                                    files);
+        }
+    }
+
+    FileTree tree_;
+    FaultyFileSystem fileSystem_;
+    ScanControl control_;
+    std::shared_ptr<FileStore> store_ = FileStore::create();
+    std::unique_ptr<WorkerPool> pool_;
+    std::unique_ptr<TreeReader> reader_;
+    std::unique_ptr<TreeReader::Block> block_;
+};
+
+TEST_F(TreeReaderTest, EndsWithoutHavingBeenAskedAnything) {
+    reader();
+    reader_ = nullptr;
+    EXPECT_EQ(fileSystem_.openAtMost(), 0u);
+}
+
+TEST_F(TreeReaderTest, GivesTheEntriesOfAFolderInTheirOrder) {
+    for (const char* name : {"c", "a", "b/inside"}) {
+        tree_.writeFile(name);
+    }
+    TreeReader& reader = this->reader();
+    const Listing listing = root(reader, tree_.path());
+    EXPECT_EQ(names(reader, listing), (Names{"a", "b", "c"}));
+    EXPECT_EQ(reader.nextBlock(listing), nullptr);
+    reader.close(listing);
+}
+
+TEST_F(TreeReaderTest, EndsNamesByAZeroByte) {
+    tree_.writeFile("a.txt");
+    tree_.writeFile("bcd");
+    TreeReader& reader = this->reader();
+    const Listing listing = root(reader, tree_.path());
+    const auto block = reader.nextBlock(listing);
+    ASSERT_NE(block, nullptr);
+    for (const ListedEntry& entry : block->entries) {
+        EXPECT_EQ(std::string(entry.name.data()), entry.name);
+    }
+    reader.close(listing);
+}
+
+TEST_F(TreeReaderTest, SaysWhichFolderItIs) {
+    TreeReader& reader = this->reader();
+    const Listing listing = root(reader, tree_.path());
+    const Result<FileIdentity> identity = reader.identityOf(listing);
+    ASSERT_TRUE(identity);
+    const auto opened = systemFileSystem().openDirectory(tree_.path());
+    EXPECT_EQ(*identity, systemFileSystem().attributesOf(*opened)->identity);
+    reader.close(listing);
+}
+
+TEST_F(TreeReaderTest, SaysWhyAFolderCannotBeOpened) {
+    TreeReader& reader = this->reader();
+    struct Row {
+        std::string path;
+        int error;
+    };
+    for (const Row& row :
+         {Row{tree_.pathOf("missing"), ENOENT}, Row{tree_.writeFile("file"), ENOTDIR}}) {
+        const Listing listing = root(reader, row.path);
+        const Result<FileIdentity> identity = reader.identityOf(listing);
+        ASSERT_FALSE(identity);
+        EXPECT_EQ(identity.error().code, row.error);
+        EXPECT_EQ(reader.nextBlock(listing), nullptr);
+        reader.close(listing);
+    }
+}
+
+TEST_F(TreeReaderTest, LeavesOutWhatNobodyWants) {
+    for (const char* name : {".hidden", "a", ".also/inside", "b/inside"}) {
+        tree_.writeFile(name);
+    }
+    tree_.makeLink("link", "a");
+    tree_.makePipe("pipe");
+    TreeReader& reader = this->reader(nothingHidden);
+    const Listing listing = root(reader, tree_.path());
+    EXPECT_EQ(names(reader, listing), (Names{"a", "b"}));
+    reader.close(listing);
+}
+
+TEST_F(TreeReaderTest, ReadsAttributesOfRegularFilesOnly) {
+    tree_.writeFile("file", "12345");
+    tree_.makeFolder("folder");
+    TreeReader& reader = this->reader();
+    const Listing listing = root(reader, tree_.path());
+    const auto block = reader.nextBlock(listing);
+    ASSERT_NE(block, nullptr);
+    ASSERT_EQ(block->entries.size(), 2u);
+    EXPECT_EQ(block->entries[0].type, EntryType::regular);
+    EXPECT_TRUE(block->entries[0].attributesKnown);
+    EXPECT_EQ(block->entries[0].attributes.size, 5u);
+    EXPECT_EQ(block->entries[1].type, EntryType::directory);
+    EXPECT_EQ(fileSystem_.calls(FileCall::attributesAt), 1u);
+    reader.close(listing);
+}
+
+TEST_F(TreeReaderTest, ReadsNoAttributesWhereTheNameIsEnough) {
+    tree_.writeFile("file", "12345");
+    TreeReader& reader = this->reader(onlyNames);
+    const Listing listing = root(reader, tree_.path());
+    EXPECT_EQ(names(reader, listing), (Names{"file"}));
+    EXPECT_EQ(fileSystem_.calls(FileCall::attributesAt), 0u);
+    reader.close(listing);
+}
+
+TEST_F(TreeReaderTest, FindsTypesOutThatTheListingDoesNotSay) {
+    tree_.writeFile("a file");
+    tree_.makeFolder("b folder");
+    tree_.makeLink("c link", "a file");
+    fileSystem_.hideEntryTypes();
+    TreeReader& reader = this->reader(onlyNames);
+    const Listing listing = root(reader, tree_.path());
+    const auto block = reader.nextBlock(listing);
+    ASSERT_NE(block, nullptr);
+    ASSERT_EQ(block->entries.size(), 3u);
+    EXPECT_EQ(block->entries[0].type, EntryType::regular);
+    EXPECT_EQ(block->entries[1].type, EntryType::directory);
+    EXPECT_EQ(block->entries[2].type, EntryType::other);
+    reader.close(listing);
+}
+
+TEST_F(TreeReaderTest, SaysWhichAttributesCannotBeRead) {
+    tree_.writeFile("a", "1");
+    tree_.writeFile("b", "1");
+    fileSystem_.failCall(FileCall::attributesAt, 1, EIO);
+    TreeReader& reader = this->reader();
+    const Listing listing = root(reader, tree_.path());
+    const auto block = reader.nextBlock(listing);
+    ASSERT_NE(block, nullptr);
+    ASSERT_EQ(block->entries.size(), 2u);
+    EXPECT_FALSE(block->entries[0].attributesKnown);
+    EXPECT_TRUE(block->entries[1].attributesKnown);
+    reader.close(listing);
+}
+
+TEST_F(TreeReaderTest, KeepsWhatItHasOfAFolderThatCannotBeReadOn) {
+    fileSystem_.inventFiles(tree_.path(), 5000);
+    fileSystem_.failCall(FileCall::listEntries, 3, EIO);
+    TreeReader& reader = this->reader();
+    const Listing listing = root(reader, tree_.path());
+    EXPECT_TRUE(reader.identityOf(listing));
+    const std::size_t read = names(reader, listing).size();
+    EXPECT_EQ(read, fileSystem_.entriesListed());
+    EXPECT_GT(read, 0u);
+    EXPECT_LT(read, 5000u);
+    reader.close(listing);
+}
+
+TEST_F(TreeReaderTest, GivesALargeFolderWholeAndInOrder) {
+    fileSystem_.inventFiles(tree_.path(), 50'000);
+    TreeReader& reader = this->reader(everything, {2, 8});
+    const Listing listing = root(reader, tree_.path());
+    const Names all = names(reader, listing);
+    ASSERT_EQ(all.size(), 50'000u);
+    for (std::size_t number = 0; number < all.size(); ++number) {
+        ASSERT_EQ(all[number], "invented-" + std::to_string(number) + ".txt");
+    }
+    reader.close(listing);
+}
+
+TEST_F(TreeReaderTest, ListsAnnouncedFoldersBeforeTheyAreAskedFor) {
+    makeFolders(20, 10);
+    TreeReader& reader = this->reader();
+    const Folder folder = rootFolder(reader);
+    const std::vector<Folder> inside = takeFolders(reader, folder);
+    ASSERT_EQ(inside.size(), 20u);
+    waitUntilQuiet();
+    EXPECT_EQ(fileSystem_.entriesListed(), 220u);
+    const std::uint64_t calls = fileSystem_.calls(FileCall::openDirectoryAt);
+    EXPECT_EQ(calls, 20u);
+    for (const Folder& each : inside) {
+        EXPECT_TRUE(reader.identityOf(each.listing));
+        EXPECT_EQ(names(reader, each.listing).size(), 10u);
+        reader.close(each.listing);
+    }
+    reader.close(folder.listing);
+    EXPECT_EQ(fileSystem_.calls(FileCall::openDirectoryAt), calls);
+}
+
+TEST_F(TreeReaderTest, ListsFoldersThatWereNotAnnounced) {
+    tree_.writeFile("folder/file");
+    TreeReader& reader = this->reader();
+    const Folder folder = rootFolder(reader);
+    block_ = reader.nextBlock(folder.listing);
+    const Listing inside =
+        reader.makeListing(folder.listing, store_->addDirectory(folder.directory, "folder"));
+    EXPECT_EQ(names(reader, inside), (Names{"file"}));
+    reader.close(inside);
+    reader.close(folder.listing);
+}
+
+TEST_F(TreeReaderTest, ReadsNoFurtherAheadThanIsPromisedOfManyFolders) {
+    makeFolders(400, 500);
+    TreeReader& reader = this->reader(everything, {4, 8});
+    const Folder folder = rootFolder(reader);
+    const std::vector<Folder> inside = takeFolders(reader, folder);
+    waitUntilQuiet();
+    EXPECT_GT(fileSystem_.entriesListed(), 5'000u);
+    EXPECT_LT(fileSystem_.entriesListed(), mostEntriesAhead);
+    for (const Folder& each : inside) {
+        EXPECT_EQ(names(reader, each.listing).size(), 500u);
+        reader.close(each.listing);
+    }
+    reader.close(folder.listing);
+}
+
+TEST_F(TreeReaderTest, ReadsNoFurtherAheadThanIsPromisedOfOneFolder) {
+    makeFolders(1, 300'000);
+    TreeReader& reader = this->reader(everything, {4, 8});
+    const Folder folder = rootFolder(reader);
+    const std::vector<Folder> inside = takeFolders(reader, folder);
+    ASSERT_EQ(inside.size(), 1u);
+    waitUntilQuiet();
+    EXPECT_GT(fileSystem_.entriesListed(), 5'000u);
+    EXPECT_LT(fileSystem_.entriesListed(), mostEntriesAhead);
+    EXPECT_EQ(names(reader, inside.front().listing).size(), 300'000u);
+    reader.close(inside.front().listing);
+    reader.close(folder.listing);
+}
+
+TEST_F(TreeReaderTest, ReadsNoFurtherAheadThanIsPromisedWithFewDescriptors) {
+    makeFolders(8, 300'000);
+    fileSystem_.setDescriptorLimit(32);
+    TreeReader& reader = this->reader(everything, {4, 8});
+    const Folder folder = rootFolder(reader);
+    const std::vector<Folder> inside = takeFolders(reader, folder);
+    waitUntilQuiet();
+    EXPECT_LT(fileSystem_.entriesListed(), mostEntriesAhead);
+    for (const Folder& each : inside) {
+        EXPECT_EQ(names(reader, each.listing).size(), 300'000u);
+        reader.close(each.listing);
+    }
+    reader.close(folder.listing);
+}
+
+TEST_F(TreeReaderTest, ReadsNoFurtherAheadThanIsPromisedDeepInATree) {
+    // So deep that not all folders on the way can be kept open.
+    const std::string bottom = tree_.makeChain("", "d", 200);
+    fileSystem_.inventFiles(bottom, 300'000);
+    TreeReader& reader = this->reader(everything, {4, 8});
+    std::vector<Folder> way{rootFolder(reader)};
+    while (true) {
+        std::vector<Folder> inside = takeFolders(reader, way.back());
+        if (inside.empty()) {
+            break;
+        }
+        way.push_back(std::move(inside.front()));
+    }
+    ASSERT_EQ(way.size(), 201u);
+    waitUntilQuiet();
+    EXPECT_LT(fileSystem_.entriesListed(), mostEntriesAhead);
+    for (const Folder& each : way) {
+        names(reader, each.listing);
+        reader.close(each.listing);
+    }
+    EXPECT_EQ(fileSystem_.entriesListed(), 300'200u);
+}
+
+TEST_F(TreeReaderTest, ReadsOnWhenTheWalkHasCaughtUp) {
+    makeFolders(400, 500);
+    TreeReader& reader = this->reader(everything, {1, 1});
+    const Folder folder = rootFolder(reader);
+    const std::vector<Folder> inside = takeFolders(reader, folder);
+    waitUntilQuiet();
+    const std::uint64_t before = fileSystem_.entriesListed();
+    for (std::size_t taken = 0; taken < 50; ++taken) {
+        EXPECT_EQ(names(reader, inside[taken].listing).size(), 500u);
+        reader.close(inside[taken].listing);
+    }
+    waitUntilQuiet();
+    EXPECT_GE(fileSystem_.entriesListed(), before + 20'000);
+    EXPECT_LT(fileSystem_.entriesListed(), 25'000 + mostEntriesAhead);
+    for (std::size_t left = 50; left < inside.size(); ++left) {
+        reader.close(inside[left].listing);
+    }
+    reader.close(folder.listing);
+}
+
+TEST_F(TreeReaderTest, ReadsOnWhenFoldersAreClosedUnread) {
+    makeFolders(400, 500);
+    TreeReader& reader = this->reader(everything, {1, 1});
+    const Folder folder = rootFolder(reader);
+    const std::vector<Folder> inside = takeFolders(reader, folder);
+    for (const Folder& each : inside) {
+        EXPECT_TRUE(reader.identityOf(each.listing));
+        reader.close(each.listing);
+    }
+    reader.close(folder.listing);
+    reader_ = nullptr;
+    EXPECT_EQ(fileSystem_.openNow(), 0u);
+}
+
+TEST_F(TreeReaderTest, EndsWhileItsWorkersAreInsideFolders) {
+    makeFolders(100, 2000);
+    for (int round = 0; round < 20; ++round) {
+        TreeReader& reader = this->reader(everything, {4, 8});
+        const Folder folder = rootFolder(reader);
+        {
+            const std::vector<Folder> inside = takeFolders(reader, folder);
+            for (int taken = 0; taken < round; ++taken) {
+                EXPECT_TRUE(reader.identityOf(inside[static_cast<std::size_t>(taken)].listing));
+            }
+        }
+        reader_ = nullptr;
+    }
+    EXPECT_EQ(fileSystem_.openNow(), 0u);
+}
+
+TEST_F(TreeReaderTest, ClosesAFolderThatAWorkerIsInside) {
+    makeFolders(1, 5000);
+    TreeReader& reader = this->reader(everything, {1, 1});
+    std::promise<void> inside;
+    std::promise<void> goOn;
+    fileSystem_.beforeCall(
+        FileCall::listEntries, 1,
+        [&] {
+            inside.set_value();
+            goOn.get_future().wait();
+        },
+        "folder 1000");
+    const Folder folder = rootFolder(reader);
+    const std::vector<Folder> folders = takeFolders(reader, folder);
+    inside.get_future().wait();
+    reader.close(folders.front().listing);
+    reader.close(folder.listing);
+    goOn.set_value();
+    reader_ = nullptr;
+    EXPECT_EQ(fileSystem_.openNow(), 0u);
+}
+
+TEST_F(TreeReaderTest, EndsFoldersEarlyAfterAStop) {
+    fileSystem_.inventFiles(tree_.path(), 300'000);
+    TreeReader& reader = this->reader();
+    const Listing listing = root(reader, tree_.path());
+    EXPECT_NE(reader.nextBlock(listing), nullptr);
+    control_.setStop(true);
+    while (reader.nextBlock(listing) != nullptr) {
+    }
+    EXPECT_LT(fileSystem_.entriesListed(), mostEntriesAhead);
+    reader.close(listing);
+}
+
+TEST_F(TreeReaderTest, HoldsItsWorkersDuringAPause) {
+    makeFolders(400, 500);
+    TreeReader& reader = this->reader(everything, {2, 2});
+    const Folder folder = rootFolder(reader);
+    control_.setPause(true);
+    std::atomic<pid_t> walking{0};
+    std::size_t listed = 0;
+    std::thread walk([&] {
+        walking = ::gettid();
+        listed = names(reader, folder.listing).size();
+    });
+    EXPECT_TRUE(waitUntil([&] { return walking != 0 && isAsleep(walking); }));
+    EXPECT_EQ(fileSystem_.entriesListed(), 0u);
+    control_.setPause(false);
+    walk.join();
+    EXPECT_EQ(listed, 400u);
+    reader.close(folder.listing);
+}
+
+TEST_F(TreeReaderTest, RefusesTheTrashOfTheHome) {
+    tree_.writeFile("trash/file");
+    const auto opened = systemFileSystem().openDirectory(tree_.pathOf("trash"));
+    fileSystem_.setHomeTrash(systemFileSystem().attributesOf(*opened)->identity);
+    TreeReader& reader = this->reader();
+    const Listing listing = root(reader, tree_.pathOf("trash"));
+    EXPECT_FALSE(reader.identityOf(listing));
+    EXPECT_EQ(reader.nextBlock(listing), nullptr);
+    EXPECT_EQ(fileSystem_.calls(FileCall::listEntries), 0u);
+    reader.close(listing);
+}
+
+TEST_F(TreeReaderTest, RefusesFileSystemsThatHoldNobodysFiles) {
+    tree_.writeFile("file");
+    const auto opened = systemFileSystem().openDirectory(tree_.path());
+    fileSystem_.setPseudoFileSystem(systemFileSystem().attributesOf(*opened)->identity.device,
+                                    true);
+    TreeReader& reader = this->reader();
+    const Listing listing = root(reader, tree_.path());
+    EXPECT_FALSE(reader.identityOf(listing));
+    EXPECT_EQ(reader.nextBlock(listing), nullptr);
+    reader.close(listing);
+}
+
+/// Walks everything below `folder`, depth first, as many entries as there are.
+std::uint64_t walk(TreeReader& reader, FileStore& store, const Directory* top) {
+    struct Open {
+        const Directory* directory;
+        Listing listing;
+        std::unique_ptr<TreeReader::Block> block;
+        std::size_t next = 0;
+        std::vector<std::pair<const Directory*, Listing>> folders;
+        std::size_t nextFolder = 0;
+    };
+    std::uint64_t entries = 0;
+    std::vector<Open> open;
+    open.push_back({top, reader.openRoot(top), nullptr, 0, {}, 0});
+    while (!open.empty()) {
+        Open& at = open.back();
+        if (at.block && at.next < at.block->entries.size()) {
+            ++entries;
+            if (at.block->entries[at.next++].type == EntryType::directory) {
+                const auto [directory, listing] = at.folders[at.nextFolder++];
+                open.push_back({directory, listing, nullptr, 0, {}, 0});
+            }
+            continue;
+        }
+        at.block = reader.nextBlock(at.listing);
+        if (!at.block) {
+            reader.close(at.listing);
+            open.pop_back();
+            continue;
+        }
+        at.next = 0;
+        at.nextFolder = 0;
+        at.folders.clear();
+        std::vector<Listing> ahead;
+        for (const ListedEntry& entry : at.block->entries) {
+            if (entry.type == EntryType::directory) {
+                const Directory* directory = store.addDirectory(at.directory, entry.name);
+                at.folders.emplace_back(directory, reader.makeListing(at.listing, directory));
+                ahead.push_back(at.folders.back().second);
+            }
+        }
+        reader.announce(ahead);
+    }
+    return entries;
+}
+
+TEST_F(TreeReaderTest, NeedsFewDescriptorsForADeepTree) {
+    tree_.makeChain("", "d", 1000, {"a.txt", "z.txt"});
+    fileSystem_.setDescriptorLimit(64);
+    fileSystem_.refuseMoreDescriptorsThan(40);
+    TreeReader& reader = this->reader(everything, {4, 8});
+    EXPECT_EQ(walk(reader, *store_, store_->addRoot(tree_.path())), 3000u);
+    EXPECT_EQ(fileSystem_.openNow(), 0u);
+}
+
+TEST_F(TreeReaderTest, NeedsFewDescriptorsForLargeFoldersAtEveryLevel) {
+    tree_.makeChain("", "zz", 60);
+    std::string path = tree_.path();
+    for (int level = 0; level < 60; ++level) {
+        path += "/zz";
+        fileSystem_.inventFiles(path, 4000);
+    }
+    fileSystem_.setDescriptorLimit(64);
+    fileSystem_.refuseMoreDescriptorsThan(40);
+    TreeReader& reader = this->reader(everything, {4, 8});
+    EXPECT_EQ(walk(reader, *store_, store_->addRoot(tree_.path())), 60u + 60u * 4000u);
+    EXPECT_EQ(fileSystem_.openNow(), 0u);
+}
+
+/// Many workers begin at once, and all before the first has come to an end.
+void beginTogether(FaultyFileSystem& fileSystem, int workers) {
+    const auto beginning = std::make_shared<std::atomic<int>>(0);
+    fileSystem.beforeCall(FileCall::openDirectoryAt, FaultyFileSystem::each, [=] {
+        ++*beginning;
+        const auto limit = std::chrono::steady_clock::now() + 100ms;
+        while (*beginning < workers && std::chrono::steady_clock::now() < limit) {
+            std::this_thread::yield();
+        }
+    });
+}
+
+TEST_F(TreeReaderTest, NeedsFewDescriptorsForManyLargeFoldersAtOnce) {
+    makeFolders(100, 4000);
+    fileSystem_.setDescriptorLimit(64);
+    fileSystem_.refuseMoreDescriptorsThan(48);
+    beginTogether(fileSystem_, 32);
+    TreeReader& reader = this->reader(everything, {32, 32});
+    EXPECT_EQ(walk(reader, *store_, store_->addRoot(tree_.path())), 100u + 100u * 4000u);
+    EXPECT_EQ(fileSystem_.openNow(), 0u);
+}
+
+TEST_F(TreeReaderTest, NeedsFewDescriptorsForManyFoldersOfWhatNobodyWants) {
+    makeFolders(100, 4000);
+    for (int number = 0; number < 100; ++number) {
+        tree_.writeFile("folder " + std::to_string(1000 + number) + "/wanted");
+    }
+    fileSystem_.setDescriptorLimit(64);
+    fileSystem_.refuseMoreDescriptorsThan(48);
+    beginTogether(fileSystem_, 32);
+    const auto noneInvented = [](std::string_view name) {
+        return name.starts_with("invented") ? EntryInterest::none : EntryInterest::name;
+    };
+    TreeReader& reader = this->reader(noneInvented, {32, 32});
+    EXPECT_EQ(walk(reader, *store_, store_->addRoot(tree_.path())), 200u);
+    EXPECT_EQ(fileSystem_.openNow(), 0u);
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,491 @@
+#include "scan/worker_pool.h"
+
+#include "platform/thread_usage.h"
+#include "support/temporary_folder.h"
+#include "support/waiting.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <future>
+#include <memory>
+#include <mutex>
+#include <numeric>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A place that tasks wait at until it is opened.
+class Gate final {
+ public:
+    void open() { open_ = true; }
+    /// False if nobody opened it in time.
+    bool pass() const {
+        return waitUntil([this] { return open_.load(); });
+    }
+
+ private:
+    std::atomic<bool> open_{false};
+};
+
+/// How many tasks are inside at once, and the most that ever were.
+class Crowd final {
+ public:
+    void enter() {
+        const int now = ++inside_;
+        int most = most_;
+        while (now > most && !most_.compare_exchange_weak(most, now)) {
+        }
+    }
+    void leave() { --inside_; }
+    [[nodiscard]] int inside() const { return inside_; }
+    [[nodiscard]] int most() const { return most_; }
+
+ private:
+    std::atomic<int> inside_{0};
+    std::atomic<int> most_{0};
+};
+
+/// A file whose pages come from the device each time.
+class ColdFile final {
+ public:
+    ColdFile() : path_(folder_.writeFile("cold", std::string(64 * pageBytes, 'x'))) {
+        const int number = ::open(path_.c_str(), O_RDWR | O_CLOEXEC);
+        ::fsync(number);
+        ::close(number);
+    }
+
+    /// Reads a page that is in no memory. Whether that counted as a read from the device.
+    [[nodiscard]] bool read() const {
+        const std::uint64_t before = deviceReadsOfThisThread();
+        const int number = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC);
+        ::posix_fadvise(number, 0, 0, POSIX_FADV_RANDOM);
+        ::posix_fadvise(number, 0, 0, POSIX_FADV_DONTNEED);
+        std::array<char, 1> byte{};
+        const off_t page = static_cast<off_t>(next_++ % 64 * pageBytes);
+        const bool got = ::pread(number, byte.data(), byte.size(), page) == 1;
+        ::close(number);
+        return got && deviceReadsOfThisThread() != before;
+    }
+
+ private:
+    static constexpr std::size_t pageBytes = 4096;
+
+    TemporaryFolder folder_;
+    std::string path_;
+    mutable std::atomic<std::size_t> next_{0};
+};
+
+TEST(WorkerPool, HasAtLeastOneCoreAndTheWidthOfItsCores) {
+    const WorkerPool nothing({0, 0});
+    EXPECT_EQ(nothing.cores(), 1u);
+    EXPECT_EQ(nothing.width(), 1u);
+    const WorkerPool narrow({4, 2});
+    EXPECT_EQ(narrow.cores(), 4u);
+    EXPECT_EQ(narrow.width(), 4u);
+    const WorkerPool wide({2, 9});
+    EXPECT_EQ(wide.cores(), 2u);
+    EXPECT_EQ(wide.width(), 9u);
+}
+
+TEST(WorkerPool, TakesItsLimitsFromTheMachine) {
+    const WorkerPool::Limits limits = WorkerPool::limitsOfThisMachine();
+    EXPECT_GE(limits.cores, 1u);
+    EXPECT_GE(limits.width, limits.cores);
+}
+
+TEST(WorkerPool, EndsWithoutEverHavingHadATask) {
+    for (int round = 0; round < 100; ++round) {
+        const WorkerPool pool({2, 8});
+    }
+}
+
+TEST(WorkerPool, RunsTasksInTheOrderTheyCame) {
+    std::vector<int> order;
+    {
+        WorkerPool pool({1, 1});
+        for (int task = 0; task < 1000; ++task) {
+            pool.submit([&order, task] { order.push_back(task); });
+        }
+    }
+    std::vector<int> expected(1000);
+    std::iota(expected.begin(), expected.end(), 0);
+    EXPECT_EQ(order, expected);
+}
+
+TEST(WorkerPool, RunsEverythingThatIsQueuedBeforeItEnds) {
+    for (int round = 0; round < 50; ++round) {
+        std::atomic<int> runs{0};
+        {
+            WorkerPool pool({2, 4});
+            for (int task = 0; task < 200; ++task) {
+                pool.submit([&runs] { ++runs; });
+            }
+        }
+        EXPECT_EQ(runs, 200);
+    }
+}
+
+TEST(WorkerPool, RunsWhatItsLastTasksQueue) {
+    std::atomic<int> runs{0};
+    std::function<void(WorkerPool&, int)> queueNext = [&](WorkerPool& pool, int left) {
+        ++runs;
+        if (left > 0) {
+            pool.submit([&queueNext, &pool, left] { queueNext(pool, left - 1); });
+        }
+    };
+    {
+        WorkerPool pool({2, 4});
+        pool.submit([&] { queueNext(pool, 500); });
+    }
+    EXPECT_EQ(runs, 501);
+}
+
+TEST(WorkerPool, TakesTasksFromManyThreads) {
+    std::atomic<int> runs{0};
+    {
+        WorkerPool pool({2, 4});
+        std::vector<std::thread> threads;
+        for (int thread = 0; thread < 4; ++thread) {
+            threads.emplace_back([&] {
+                for (int task = 0; task < 2000; ++task) {
+                    pool.submit([&runs] { ++runs; });
+                }
+            });
+        }
+        for (std::thread& thread : threads) {
+            thread.join();
+        }
+    }
+    EXPECT_EQ(runs, 8000);
+}
+
+TEST(WorkerPool, EndsATaskBeforeTheNextBegins) {
+    // What a task holds is given back on its worker, not when the next task comes along.
+    WorkerPool pool({1, 1});
+    auto held = std::make_shared<int>(1);
+    const std::weak_ptr<int> watch = held;
+    pool.submit([held = std::move(held)] {});
+    EXPECT_TRUE(waitUntil([&] { return watch.expired(); }));
+}
+
+TEST(WorkerPool, RunsAsManyTasksAtOnceAsThereAreCores) {
+    WorkerPool pool({3, 3});
+    Crowd crowd;
+    std::atomic<int> met{0};
+    for (int task = 0; task < 3; ++task) {
+        pool.submit([&] {
+            crowd.enter();
+            met += waitUntil([&] { return crowd.most() == 3; }) ? 1 : 0;
+            crowd.leave();
+        });
+    }
+    EXPECT_TRUE(waitUntil([&] { return met == 3; }));
+}
+
+TEST(WorkerPool, RunsNoMoreTasksAtOnceThanCoresWhileNothingIsFetched) {
+    Crowd crowd;
+    std::atomic<int> fetched{0};
+    {
+        WorkerPool pool({2, 16});
+        for (int task = 0; task < 2000; ++task) {
+            pool.submit([&] {
+                const std::uint64_t before = deviceReadsOfThisThread();
+                crowd.enter();
+                std::this_thread::yield();
+                crowd.leave();
+                // The program's own pages may have to be fetched on a machine short of memory.
+                fetched += deviceReadsOfThisThread() == before ? 0 : 1;
+            });
+        }
+    }
+    EXPECT_LE(crowd.most(), 2 + fetched);
+}
+
+TEST(WorkerPool, NeverRunsMoreAtOnceThanItsWidth) {
+    const ColdFile file;
+    Crowd crowd;
+    {
+        WorkerPool pool({1, 3});
+        for (int task = 0; task < 200; ++task) {
+            pool.submit([&] {
+                crowd.enter();
+                static_cast<void>(file.read());
+                crowd.leave();
+            });
+        }
+    }
+    EXPECT_GE(crowd.most(), 1);
+    EXPECT_LE(crowd.most(), 3);
+}
+
+/// Tasks that fetch from the device until the pool runs `width` at once. False if it never does.
+bool widen(WorkerPool& pool, const ColdFile& file) {
+    Crowd crowd;
+    std::atomic<bool> reached{false};
+    std::atomic<unsigned> ended{0};
+    const unsigned tasks = pool.width() * 4;
+    for (unsigned task = 0; task < tasks; ++task) {
+        pool.submit([&] {
+            crowd.enter();
+            static_cast<void>(file.read());
+            const auto limit = std::chrono::steady_clock::now() + 100ms;
+            while (!reached && std::chrono::steady_clock::now() < limit) {
+                reached = reached || crowd.inside() == static_cast<int>(pool.width());
+                std::this_thread::yield();
+            }
+            crowd.leave();
+            ++ended;
+        });
+    }
+    waitUntil([&] { return ended == tasks; });
+    return reached;
+}
+
+TEST(WorkerPool, RunsMoreTasksAtOnceWhileTheyFetchFromTheDevice) {
+    const ColdFile file;
+    if (!file.read()) {
+        GTEST_SKIP() << "Reads of the temporary folder's file system do not count as device reads";
+    }
+    WorkerPool pool({1, 4});
+    EXPECT_TRUE(widen(pool, file));
+}
+
+TEST(WorkerPool, RunsFewerTasksAtOnceAgainWhenNothingIsFetchedAnyMore) {
+    const ColdFile file;
+    if (!file.read()) {
+        GTEST_SKIP() << "Reads of the temporary folder's file system do not count as device reads";
+    }
+    WorkerPool pool({1, 4});
+    ASSERT_TRUE(widen(pool, file));
+    std::atomic<int> fetched{0};
+    std::atomic<int> warm{0};
+    for (int task = 0; task < 50; ++task) {
+        pool.submit([&warm] { ++warm; });
+    }
+    ASSERT_TRUE(waitUntil([&] { return warm == 50; }));
+    Crowd crowd;
+    std::atomic<int> ended{0};
+    for (int task = 0; task < 200; ++task) {
+        pool.submit([&] {
+            const std::uint64_t before = deviceReadsOfThisThread();
+            crowd.enter();
+            std::this_thread::yield();
+            crowd.leave();
+            fetched += deviceReadsOfThisThread() == before ? 0 : 1;
+            ++ended;
+        });
+    }
+    EXPECT_TRUE(waitUntil([&] { return ended == 200; }));
+    EXPECT_LE(crowd.most(), 1 + fetched);
+}
+
+TEST(WorkerPool, EndsWhileMoreWorkersThanItNeedsStandIdle) {
+    const ColdFile file;
+    if (!file.read()) {
+        GTEST_SKIP() << "Reads of the temporary folder's file system do not count as device reads";
+    }
+    auto pool = std::make_unique<WorkerPool>(WorkerPool::Limits{1, 4});
+    ASSERT_TRUE(widen(*pool, file));
+    // Outlives the test if the pool does.
+    struct Shared {
+        std::atomic<int> runs{0};
+        std::atomic<pid_t> ending{0};
+        std::promise<void> ended;
+    };
+    const auto shared = std::make_shared<Shared>();
+    for (int task = 0; task < 50; ++task) {
+        pool->submit([shared] { ++shared->runs; });
+    }
+    // Now four threads are there and one task runs at once.
+    ASSERT_TRUE(waitUntil([&] { return shared->runs == 50; }));
+    pool->submit(
+        [shared] { waitUntil([&] { return shared->ending != 0 && isAsleep(shared->ending); }); });
+    for (int task = 0; task < 2000; ++task) {
+        pool->submit([shared] {
+            ++shared->runs;
+            std::this_thread::yield();
+        });
+    }
+    std::future<void> ended = shared->ended.get_future();
+    std::thread ending([shared, pool = std::move(pool)]() mutable {
+        shared->ending = ::gettid();
+        pool.reset();
+        shared->ended.set_value();
+    });
+    const bool inTime = ended.wait_for(patience) == std::future_status::ready;
+    EXPECT_TRUE(inTime) << "Workers still wait for something to do";
+    EXPECT_EQ(shared->runs, 2050);
+    if (inTime) {
+        ending.join();
+    } else {
+        ending.detach();
+    }
+}
+
+TEST(WorkerPoolForEach, MakesEachCallOnce) {
+    WorkerPool pool({2, 4});
+    for (const std::size_t count : {0u, 1u, 2u, 3u, 5u, 1000u}) {
+        std::vector<std::atomic<int>> calls(count);
+        pool.forEach(count, [&](std::size_t index) { ++calls[index]; });
+        EXPECT_TRUE(std::all_of(calls.begin(), calls.end(), [](int each) { return each == 1; }))
+            << count;
+    }
+}
+
+TEST(WorkerPoolForEach, ReturnsWhenAllCallsHave) {
+    WorkerPool pool({4, 4});
+    for (int round = 0; round < 500; ++round) {
+        std::atomic<int> left{20};
+        pool.forEach(20, [&](std::size_t) {
+            std::this_thread::yield();
+            --left;
+        });
+        EXPECT_EQ(left, 0);
+    }
+}
+
+TEST(WorkerPoolForEach, MakesTheFirstCallsOfAPoolOfOneOnTheCallingThread) {
+    WorkerPool pool({1, 1});
+    std::vector<std::size_t> order;
+    const std::thread::id here = std::this_thread::get_id();
+    pool.forEach(5, [&](std::size_t index) {
+        EXPECT_EQ(std::this_thread::get_id(), here);
+        order.push_back(index);
+    });
+    EXPECT_EQ(order, (std::vector<std::size_t>{0, 1, 2, 3, 4}));
+}
+
+TEST(WorkerPoolForEach, UsesFreeWorkers) {
+    WorkerPool pool({2, 2});
+    Crowd crowd;
+    pool.forEach(2, [&](std::size_t) {
+        crowd.enter();
+        EXPECT_TRUE(waitUntil([&] { return crowd.most() == 2; }));
+        crowd.leave();
+    });
+}
+
+TEST(WorkerPoolForEach, DoesNotWaitForWorkersThatAreBusy) {
+    WorkerPool pool({2, 2});
+    Gate gate;
+    Crowd busy;
+    for (int task = 0; task < 2; ++task) {
+        pool.submit([&] {
+            busy.enter();
+            gate.pass();
+            busy.leave();
+        });
+    }
+    ASSERT_TRUE(waitUntil([&] { return busy.inside() == 2; }));
+    std::atomic<int> calls{0};
+    pool.forEach(100, [&](std::size_t) { ++calls; });
+    EXPECT_EQ(calls, 100);
+    EXPECT_EQ(busy.inside(), 2);
+    gate.open();
+}
+
+TEST(WorkerPoolForEach, GoesAheadOfQueuedTasks) {
+    // One worker, which is free when both a task and calls are waiting.
+    WorkerPool pool({1, 2});
+    Gate gate;
+    std::atomic<bool> busy{false};
+    pool.submit([&] {
+        busy = true;
+        gate.pass();
+    });
+    ASSERT_TRUE(waitUntil([&] { return busy.load(); }));
+    std::mutex mutex;
+    std::vector<std::string> order;
+    const auto note = [&](const std::string& what) {
+        const std::lock_guard lock(mutex);
+        order.push_back(what);
+    };
+    std::atomic<int> callsOfTheWorker{0};
+    std::atomic<bool> taskRan{false};
+    pool.submit([&] {
+        note("task");
+        taskRan = true;
+    });
+    const std::thread::id here = std::this_thread::get_id();
+    pool.forEach(4, [&](std::size_t) {
+        if (std::this_thread::get_id() != here) {
+            note("call");
+            ++callsOfTheWorker;
+            return;
+        }
+        gate.open();
+        EXPECT_TRUE(waitUntil([&] { return callsOfTheWorker == 3; }));
+    });
+    EXPECT_TRUE(waitUntil([&] { return taskRan.load(); }));
+    EXPECT_EQ(order, (std::vector<std::string>{"call", "call", "call", "task"}));
+}
+
+TEST(WorkerPoolForEach, MayBeUsedInsideItself) {
+    for (const WorkerPool::Limits limits :
+         {WorkerPool::Limits{1, 1}, WorkerPool::Limits{2, 2}, WorkerPool::Limits{2, 8}}) {
+        WorkerPool pool(limits);
+        std::atomic<int> calls{0};
+        pool.forEach(5, [&](std::size_t) {
+            pool.forEach(6, [&](std::size_t) { pool.forEach(7, [&](std::size_t) { ++calls; }); });
+        });
+        EXPECT_EQ(calls, 210);
+    }
+}
+
+TEST(WorkerPoolForEach, MayBeUsedInsideTasksThatFillAllWorkers) {
+    for (const WorkerPool::Limits limits : {WorkerPool::Limits{1, 1}, WorkerPool::Limits{3, 8}}) {
+        std::atomic<int> calls{0};
+        {
+            WorkerPool pool(limits);
+            for (int task = 0; task < 100; ++task) {
+                pool.submit([&] { pool.forEach(10, [&](std::size_t) { ++calls; }); });
+            }
+        }
+        EXPECT_EQ(calls, 1000);
+    }
+}
+
+TEST(WorkerPoolForEach, MayBeUsedOnSeveralThreadsAtOnce) {
+    WorkerPool pool({2, 4});
+    std::vector<std::thread> threads;
+    std::vector<std::atomic<int>> calls(4);
+    for (std::size_t thread = 0; thread < 4; ++thread) {
+        threads.emplace_back([&, thread] {
+            for (int round = 0; round < 100; ++round) {
+                pool.forEach(30, [&](std::size_t) { ++calls[thread]; });
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    for (const std::atomic<int>& each : calls) {
+        EXPECT_EQ(each, 3000);
+    }
+}
+
+TEST(WorkerPoolForEach, GivesItsCallsUpWithItsFrame) {
+    // Tasks that were queued to help and come too late find nothing of the caller's any more.
+    WorkerPool pool({2, 8});
+    for (int round = 0; round < 500; ++round) {
+        std::vector<int> results(3);
+        pool.forEach(results.size(), [&results](std::size_t index) { results[index] = 1; });
+        EXPECT_EQ(std::accumulate(results.begin(), results.end(), 0), 3);
+    }
+}
+
+}  // namespace
+}  // namespace tarvin

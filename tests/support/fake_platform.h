@@ -1,0 +1,107 @@
+#pragma once
+
+#include "platform/platform.h"
+
+#include <chrono>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+
+/// A clock that stands still until the test moves it. Any thread.
+class FakeClock final : public Clock {
+ public:
+    Timestamp now() override {
+        const std::lock_guard lock(mutex_);
+        return now_;
+    }
+
+    std::chrono::steady_clock::time_point steadyNow() override {
+        const std::lock_guard lock(mutex_);
+        return steadyNow_;
+    }
+
+    /// Sets the date and time as a person would: the steady clock does not notice.
+    void set(Timestamp now) {
+        const std::lock_guard lock(mutex_);
+        now_ = now;
+    }
+
+    /// Lets time pass on both clocks.
+    void advance(std::chrono::nanoseconds time) {
+        const std::lock_guard lock(mutex_);
+        now_ += time;
+        steadyNow_ += time;
+    }
+
+ private:
+    std::mutex mutex_;
+    Timestamp now_{std::chrono::sys_days(std::chrono::year(2026) / 1 / 31)};  // guarded by mutex_
+    std::chrono::steady_clock::time_point steadyNow_{};                       // guarded by mutex_
+};
+
+/// A platform that answers what the test has set: at first no volumes, no user, no folders, and the
+/// files of the file system it was given. Any thread.
+class FakePlatform final : public Platform {
+ public:
+    explicit FakePlatform(FileSystem& fileSystem = systemFileSystem()) : fileSystem_(fileSystem) {}
+
+    FileSystem& fileSystem() override { return fileSystem_; }
+    FakeClock& clock() override { return clock_; }
+
+    std::vector<Volume> mountedVolumes() override {
+        const std::lock_guard lock(mutex_);
+        return volumes_;
+    }
+
+    std::optional<std::string> userName() override {
+        const std::lock_guard lock(mutex_);
+        return userName_;
+    }
+
+    std::optional<std::string> userFolder(UserFolder folder) override {
+        const std::lock_guard lock(mutex_);
+        const auto found = userFolders_.find(folder);
+        return found == userFolders_.end() ? std::nullopt : found->second;
+    }
+
+    std::optional<std::string> applicationSupportFolder() override {
+        const std::lock_guard lock(mutex_);
+        return applicationSupportFolder_;
+    }
+
+    void setMountedVolumes(std::vector<Volume> volumes) {
+        const std::lock_guard lock(mutex_);
+        volumes_ = std::move(volumes);
+    }
+
+    void setUserName(std::optional<std::string> name) {
+        const std::lock_guard lock(mutex_);
+        userName_ = std::move(name);
+    }
+
+    void setUserFolder(UserFolder folder, std::optional<std::string> path) {
+        const std::lock_guard lock(mutex_);
+        userFolders_[folder] = std::move(path);
+    }
+
+    void setApplicationSupportFolder(std::optional<std::string> path) {
+        const std::lock_guard lock(mutex_);
+        applicationSupportFolder_ = std::move(path);
+    }
+
+ private:
+    FileSystem& fileSystem_;
+    FakeClock clock_;
+    std::mutex mutex_;
+    std::vector<Volume> volumes_;                                   // guarded by mutex_
+    std::optional<std::string> userName_;                           // guarded by mutex_
+    std::map<UserFolder, std::optional<std::string>> userFolders_;  // guarded by mutex_
+    std::optional<std::string> applicationSupportFolder_;           // guarded by mutex_
+};
+
+}  // namespace tarvin

@@ -1,0 +1,176 @@
+#pragma once
+
+#include "support/temporary_folder.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvin {
+
+/// A tree of a test's own inside a temporary folder, with what a folder may hold besides files, and
+/// of any depth. Names are relative to the tree and may hold slashes; folders in between are made.
+/// A test whose tree cannot be built ends at once.
+class FileTree final {
+ public:
+    FileTree() = default;
+    FileTree(const FileTree&) = delete;
+    FileTree& operator=(const FileTree&) = delete;
+    /// Takes the tree down step by step: it may be deeper than there are descriptors.
+    ~FileTree() { removeTree(folder_.path()); }
+
+    /// The tree itself: absolute, without a slash at its end.
+    [[nodiscard]] const std::string& path() const { return folder_.path(); }
+    [[nodiscard]] std::string pathOf(std::string_view name) const { return folder_.pathOf(name); }
+
+    // Each makes an entry and answers its absolute path.
+
+    std::string makeFolder(std::string_view name) const { return folder_.makeFolder(name); }
+
+    std::string writeFile(std::string_view name, std::string_view content = {}) const {
+        return folder_.writeFile(name, content);
+    }
+
+    std::string makeLink(std::string_view name, const std::string& target) const {
+        return folder_.makeLink(name, target);
+    }
+
+    std::string makePipe(std::string_view name) const {
+        std::string path = pathOf(name);
+        check(::mkfifo(path.c_str(), 0600), path);
+        return path;
+    }
+
+    std::string makeSocket(std::string_view name) const {
+        std::string path = pathOf(name);
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        path.copy(address.sun_path, sizeof(address.sun_path) - 1);
+        const int number = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        check(number, path);
+        const void* const any = &address;
+        check(::bind(number, static_cast<const sockaddr*>(any), sizeof(address)), path);
+        ::close(number);
+        return path;
+    }
+
+    /// `depth` folders called `name`, one inside the other, the outermost in the folder `in` of the
+    /// tree. Each holds an empty file for every name in `files`. Answers the path of the innermost,
+    /// which may be longer than the system takes.
+    std::string makeChain(std::string_view in, std::string_view name, std::size_t depth,
+                          const std::vector<std::string>& files = {}) const {
+        const std::string step(name);
+        std::string path = in.empty() ? this->path() : makeFolder(in);
+        int folder = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        check(folder, path);
+        for (std::size_t level = 0; level < depth; ++level) {
+            check(::mkdirat(folder, step.c_str(), 0700), path);
+            folder = moveTo(folder, step.c_str());
+            path.append("/").append(step);
+            for (const std::string& file : files) {
+                makeFileAt(folder, file);
+            }
+        }
+        ::close(folder);
+        return path;
+    }
+
+    /// `count` empty files in the folder `in` of the tree: "0.txt", "1.txt" and so on.
+    void makeFiles(std::string_view in, std::size_t count) const {
+        const std::string path = makeFolder(in);
+        const int folder = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        check(folder, path);
+        for (std::size_t number = 0; number < count; ++number) {
+            makeFileAt(folder, std::to_string(number) + ".txt");
+        }
+        ::close(folder);
+    }
+
+    /// Removes the folder at `path` with everything in it, whatever its depth.
+    static void removeTree(const std::string& path) {
+        int folder = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+        if (folder < 0) {
+            return;
+        }
+        // The folders that are still to be removed, level by level; the last one of each level is
+        // the one gone into.
+        std::vector<std::vector<std::string>> levels;
+        levels.push_back(removeFiles(folder));
+        while (true) {
+            if (!levels.back().empty()) {
+                folder = moveTo(folder, levels.back().back().c_str());
+                levels.push_back(removeFiles(folder));
+                continue;
+            }
+            levels.pop_back();
+            if (levels.empty()) {
+                break;
+            }
+            folder = moveTo(folder, "..");
+            check(::unlinkat(folder, levels.back().back().c_str(), AT_REMOVEDIR), path);
+            levels.back().pop_back();
+        }
+        ::close(folder);
+        check(::rmdir(path.c_str()), path);
+    }
+
+ private:
+    static void check(int answer, const std::string& path) {
+        if (answer < 0) {
+            std::cerr << "The test's tree: " << std::strerror(errno) << " at " << path << '\n';
+            std::abort();
+        }
+    }
+
+    /// Goes from the open folder `from` to one beside or below it.
+    static int moveTo(int from, const char* name) {
+        const int to = ::openat(from, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+        check(to, name);
+        ::close(from);
+        return to;
+    }
+
+    static void makeFileAt(int folder, const std::string& name) {
+        check(::mknodat(folder, name.c_str(), S_IFREG | 0600, 0), name);
+    }
+
+    /// Removes everything but the folders, whose names it answers.
+    static std::vector<std::string> removeFiles(int folder) {
+        std::vector<std::string> folders;
+        std::vector<std::string> others;
+        DIR* const listing = ::fdopendir(::dup(folder));
+        while (const dirent* const entry = ::readdir(listing)) {
+            const std::string name = entry->d_name;
+            if (name != "." && name != "..") {
+                (entry->d_type == DT_DIR ? folders : others).push_back(name);
+            }
+        }
+        ::closedir(listing);
+        for (const std::string& name : others) {
+            const int answer = ::unlinkat(folder, name.c_str(), 0);
+            // Some file systems do not say in a listing what is a folder.
+            if (answer < 0 && errno == EISDIR) {
+                folders.push_back(name);
+            } else {
+                check(answer, name);
+            }
+        }
+        return folders;
+    }
+
+    TemporaryFolder folder_;
+};
+
+}  // namespace tarvin

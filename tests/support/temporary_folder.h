@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace tarvin {
+
+/// A folder of a test's own: empty at first, gone with the object. Names are relative to it and may
+/// hold slashes; folders in between are made.
+class TemporaryFolder final {
+ public:
+    TemporaryFolder() : path_(std::filesystem::temp_directory_path() / "tarvin-test-XXXXXX") {
+        if (::mkdtemp(path_.data()) == nullptr) {
+            std::cerr << "No temporary folder at " << path_ << '\n';
+            std::abort();
+        }
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+
+    /// The folder itself: absolute, without a slash at its end.
+    [[nodiscard]] const std::string& path() const { return path_; }
+    [[nodiscard]] std::string pathOf(std::string_view name) const {
+        return std::string(path_).append("/").append(name);
+    }
+
+    /// Each makes an entry and answers its absolute path, which many a caller knows already.
+    // NOLINTBEGIN(modernize-use-nodiscard)
+    std::string makeFolder(std::string_view name) const {
+        std::string path = pathOf(name);
+        std::filesystem::create_directories(path);
+        return path;
+    }
+
+    std::string writeFile(std::string_view name, std::string_view content) const {
+        std::string path = pathWithFolders(name);
+        std::ofstream file(path, std::ios::binary);
+        file.write(content.data(), static_cast<std::streamsize>(content.size()));
+        return path;
+    }
+
+    /// A symbolic link; `target` stands in it as given.
+    std::string makeLink(std::string_view name, const std::string& target) const {
+        std::string path = pathWithFolders(name);
+        std::filesystem::create_symlink(target, path);
+        return path;
+    }
+    // NOLINTEND(modernize-use-nodiscard)
+
+ private:
+    [[nodiscard]] std::string pathWithFolders(std::string_view name) const {
+        std::string path = pathOf(name);
+        std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+        return path;
+    }
+
+    std::string path_;
+};
+
+}  // namespace tarvin
