@@ -90,6 +90,9 @@ ExitStatus parseAndRun(CLI::App& program, const std::vector<Entry>& entries,
         return print(program.help());
     } catch (const CLI::CallForVersion&) {
         return print(program.get_name() + ' ' + TARVIN_VERSION + '\n');
+    } catch (const CLI::ExtrasError&) {
+        return refuse(shownName(program.remaining(true).front()) + " is not expected here",
+                      understood(program));
     } catch (const CLI::ParseError& error) {
         return refuse(error.what(), understood(program));
     }

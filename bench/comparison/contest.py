@@ -1,0 +1,180 @@
+"""Compares all programs on one tree: first what they find, then how long they take."""
+
+import time
+from dataclasses import dataclass, field
+
+from .programs import Program, collected_by_tarvin
+from .timing import drop_caches, spread
+
+# A peer this many times slower than we are is not worth anybody's time.
+TIMES_OURS = 10
+# Nobody is stopped before so many seconds, so that a small tree does not turn start-up time into
+# a verdict.
+LEAST_LIMIT = 2.0
+
+WARM = "warm"
+COLD = "cold"
+
+
+class Refusal(Exception):
+    """The comparison cannot go on; the text says why."""
+
+
+@dataclass
+class Entry:
+    """How one program fared on one tree."""
+
+    program: Program
+    runs: dict = field(default_factory=lambda: {WARM: [], COLD: []})
+    stopped_after: float | None = None  # seconds at which a run was stopped
+    too_slow: float | None = None  # seconds of the one run that was over the limit but ended
+    trouble: str = ""  # why its times count for nothing
+
+    @property
+    def is_out(self):
+        """Whether it is not run again on this tree."""
+        return bool(self.stopped_after or self.too_slow or self.trouble)
+
+    def wall(self, mode):
+        """The spread of its wall times; None without any."""
+        return spread(run.wall for run in self.runs[mode]) if self.runs[mode] else None
+
+    def cpu(self, mode):
+        """The median of its processor times; None without any."""
+        runs = self.runs[mode]
+        return spread(run.cpu for run in runs).median if runs else None
+
+    def peak(self, mode):
+        """The most memory any of its runs had; None without any."""
+        return max((run.peak for run in self.runs[mode]), default=None)
+
+
+class Contest:
+    """All programs on one tree. `entries` holds ours first. `warmer` is a program that reads what
+    a finder may have to read."""
+
+    def __init__(self, watch, corpus, programs, warmer, limit):
+        self._watch = watch
+        self._warmer = warmer
+        self._limit = limit
+        self.corpus = corpus
+        self.entries = [Entry(program) for program in programs]
+        self.rounds = {WARM: 0, COLD: 0}  # as many as were begun
+        self.judged_by = []
+        self.sets = 0
+
+    @property
+    def ours(self):
+        """Our own program's entry."""
+        return self.entries[0]
+
+    def check(self):
+        """Runs everybody once, untimed, and compares what they found. Refuses if our sets are not
+        those of the programs that compare byte for byte."""
+        expected, our_wall = self._check_ours()
+        judges = [entry for entry in self.entries if entry.program.judges]
+        others = [e for e in self.entries[1:] if e not in judges]
+        slow = self._slow_limit(our_wall)
+        for entry in judges + others:
+            # Without a judge there is no verdict, so the first one may take its time.
+            needed = entry.program.judges and not self.judged_by
+            impatient = entry.program.is_peer and not needed
+            self._check_other(entry, expected, slow if impatient else self._limit, slow)
+        if not self.judged_by:
+            raise Refusal("no program that compares byte for byte came to an end")
+
+    def race(self, mode, rounds, budget):
+        """Times everybody who is still in, in turn: once per round, each round beginning with the
+        next one, so that a slow drift of the machine hits all alike. No round but the first is
+        begun after `budget` seconds."""
+        entries = self.entries
+        deadline = time.monotonic() + budget
+        for number in range(rounds):
+            if number > 0 and time.monotonic() > deadline:
+                break
+            self.rounds[mode] = number + 1
+            start = number % len(entries)
+            for entry in entries[start:] + entries[:start]:
+                if not entry.is_out:
+                    self._time(entry, mode)
+
+    def _check_ours(self):
+        """Our sets and the seconds it took to find them."""
+        run = self._run(self.ours.program, self._limit)
+        if run is None or run.status != 0:
+            raise Refusal(f"our own run failed: {failure_text(run, self._limit)}")
+        text = self._watch.text(self.ours.program)
+        collected = collected_by_tarvin(text)
+        if collected != self.corpus.files:
+            raise Refusal(f"we looked at {collected} files of {self.corpus.files}")
+        groups = self.ours.program.parse(text)
+        self.sets = len(groups)
+        return groups, run.wall
+
+    def _check_other(self, entry, expected, limit, slow):
+        """Runs one other program and compares its sets with ours."""
+        run = self._run(entry.program, limit)
+        if run is None:
+            entry.stopped_after = limit
+            return
+        if run.status != 0:
+            entry.trouble = failure_text(run, limit)
+            return
+        if entry.program.parse:
+            found = entry.program.parse(self._watch.text(entry.program))
+            self._compare(entry, found, expected)
+        if entry.program.is_peer and run.wall > slow:
+            entry.too_slow = run.wall
+
+    def _compare(self, entry, found, expected):
+        """Notes whether a program found our sets. With a judge, another result ends it all."""
+        same = found == expected
+        if not same and entry.program.judges:
+            raise Refusal(difference_text(entry.program.name, expected, found))
+        if not same:
+            entry.trouble = "found other sets"
+        elif entry.program.judges:
+            self.judged_by.append(entry.program.name)
+
+    def _time(self, entry, mode):
+        """One timed run."""
+        limit = self._limit
+        if entry.program.is_peer and self.ours.runs[mode]:
+            limit = self._slow_limit(self.ours.wall(mode).median)
+        run = self._run(entry.program, limit, mode)
+        if run is None:
+            entry.stopped_after = limit
+        elif run.status != 0:
+            entry.trouble = failure_text(run, limit)
+        else:
+            entry.runs[mode].append(run)
+        if entry is self.ours and entry.is_out:
+            raise Refusal(f"our own run failed: {failure_text(run, limit)}")
+
+    def _run(self, program, limit, mode=WARM):
+        """One run from a known state of the caches. A warm one is prepared anew each time, because
+        some programs tell the system to forget what they have read."""
+        if mode == COLD:
+            drop_caches()
+        else:
+            self._watch.run(self._warmer, self.corpus.folder, self._limit)
+        return self._watch.run(program, self.corpus.folder, limit)
+
+    def _slow_limit(self, our_wall):
+        """Seconds after which a peer is too slow."""
+        return min(self._limit, max(LEAST_LIMIT, TIMES_OURS * our_wall))
+
+
+def failure_text(run, limit):
+    """Why a run counts for nothing."""
+    return f"took over {limit:.0f} s" if run is None else f"ended with status {run.status}"
+
+
+def difference_text(judge, ours, theirs):
+    """Where two results differ, with an example of each direction."""
+    lines = [f"our sets are not those of {judge}: {len(ours)} against {len(theirs)}"]
+    for title, groups in (("only ours", ours - theirs), (f"only {judge}", theirs - ours)):
+        if groups:
+            lines.append(f"  {title}: {len(groups)}, such as")
+            lines += [f"    {path}" for path in sorted(min(groups, key=sorted))]
+    return "\n".join(lines)

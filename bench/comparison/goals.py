@@ -1,0 +1,104 @@
+"""What we want to reach, and whether the measured figures do."""
+
+from dataclasses import dataclass
+
+from .contest import COLD, WARM
+
+# Ours divided by theirs; 1 is "as fast as".
+MOST_AGAINST_PEERS = 1.0
+MOST_AGAINST_FLOOR = 1.25
+# Time for one file at the largest number of files, divided by that at the smallest.
+MOST_GROWTH = 1.5
+MEMORY_PER_FILE = 150
+MEMORY_FIXED = 16 * 2**20
+
+
+@dataclass(frozen=True)
+class Verdict:
+    """One goal and what became of it."""
+
+    goal: str
+    measured: str
+    reached: bool
+
+
+@dataclass(frozen=True)
+class Ratio:
+    """Our time divided by somebody's."""
+
+    name: str
+    value: float
+
+
+def fastest_peer(contest, mode):
+    """Ours against the fastest other program with the right sets; None if none came through."""
+    timed = [entry for entry in contest.entries
+             if entry.program.is_peer and entry.runs[mode] and not entry.is_out]
+    if not timed or not contest.ours.runs[mode]:
+        return None
+    return against(contest, min(timed, key=lambda entry: entry.wall(mode).median), mode)
+
+
+def floors(contest, mode):
+    """Ours against each floor."""
+    return [against(contest, entry, mode) for entry in contest.entries[1:]
+            if not entry.program.is_peer and entry.runs[mode]]
+
+
+def against(contest, entry, mode):
+    """Ours against one entry, medians by medians."""
+    value = contest.ours.wall(mode).median / entry.wall(mode).median
+    return Ratio(entry.program.name, value)
+
+
+def judge(contests, series):
+    """All verdicts. `contests` by name of tree, `series` pairs of Series and steps."""
+    verdicts = []
+    for name, contest in contests.items():
+        verdicts.append(same_sets(name, contest))
+        for mode in (WARM, COLD):
+            verdicts += speed(name, contest, mode)
+    for plan, steps in series:
+        if len(steps) > 1:
+            verdicts.append(growth(plan, steps))
+    return verdicts + [memory(plan, steps) for plan, steps in series if plan.kind == "walk"]
+
+
+def same_sets(name, contest):
+    """The programs that compare byte for byte found our sets, or there would be no contest."""
+    judges = ", ".join(contest.judged_by)
+    return Verdict(f"{name}: the sets of a byte-exact finder",
+                   f"{contest.sets:,} sets, the same as {judges}", True)
+
+
+def speed(name, contest, mode):
+    """Against the fastest peer, and against the floor with one thread."""
+    verdicts = []
+    if peer := fastest_peer(contest, mode):
+        verdicts.append(Verdict(f"{name}, {mode}: at least as fast as the fastest other program",
+                                f"{peer.value:.2f} times {peer.name}",
+                                peer.value <= MOST_AGAINST_PEERS))
+    if floor := next(iter(floors(contest, mode)), None):
+        verdicts.append(Verdict(f"{name}, {mode}: at most {MOST_AGAINST_FLOOR} times the floor "
+                                "with one thread",
+                                f"{floor.value:.2f} times", floor.value <= MOST_AGAINST_FLOOR))
+    return verdicts
+
+
+def growth(plan, steps):
+    """The time for one file must not climb with the number of files."""
+    first, last = steps[0], steps[-1]
+    ratio = last.time_per_file / first.time_per_file
+    floor = last.floor_per_file / first.floor_per_file
+    return Verdict(f"growth, {plan.kind}: time for one file at {last.files:,} files at most "
+                   f"{MOST_GROWTH} times that at {first.files:,}",
+                   f"{ratio:.2f} times (the floor: {floor:.2f} times)", ratio <= MOST_GROWTH)
+
+
+def memory(plan, steps):
+    """The peak at the largest number of files."""
+    last = steps[-1]
+    allowed = last.files * MEMORY_PER_FILE + MEMORY_FIXED
+    return Verdict(f"memory, {plan.kind}: at {last.files:,} files at most {MEMORY_PER_FILE} bytes "
+                   f"a file and {MEMORY_FIXED // 2**20} MiB ({allowed / 2**20:.1f} MiB)",
+                   f"{last.peak / 2**20:.1f} MiB", last.peak <= allowed)

@@ -1,0 +1,76 @@
+"""How our time and memory grow with the number of files."""
+
+from dataclasses import dataclass
+
+from .contest import Refusal, failure_text
+from .timing import Spread, spread
+
+
+@dataclass(frozen=True)
+class Step:
+    """One number of files."""
+
+    files: int
+    wall: Spread  # ours
+    peak: int  # ours, bytes
+    floor: float  # median seconds of the floor, for what the file system itself costs
+
+    @property
+    def time_per_file(self):
+        """Our seconds for one file."""
+        return self.wall.median / self.files
+
+    @property
+    def floor_per_file(self):
+        """The floor's seconds for one file."""
+        return self.floor / self.files
+
+    @property
+    def memory_per_file(self):
+        """Our peak bytes for one file, the program itself counted in."""
+        return self.peak / self.files
+
+
+@dataclass(frozen=True)
+class Series:
+    """One kind of tree at growing numbers of files."""
+
+    title: str
+    kind: str
+    options: tuple  # for make_corpus
+    counts: tuple
+    quick_counts: tuple
+
+
+UNIQUE_SIZES = Series(
+    title="Files of unique sizes (walk), nothing to read",
+    kind="walk",
+    options=(),
+    counts=(10_000, 100_000, 300_000, 1_000_000),
+    quick_counts=(10_000, 100_000),
+)
+ONE_CLASS = Series(
+    title="Distinct files of one size (onesize), 64 KiB each, alike in their first 4 KiB",
+    kind="onesize",
+    options=("--copies", "0"),
+    counts=(1_000, 5_000, 20_000),
+    quick_counts=(1_000, 5_000),
+)
+
+
+def measure_step(corpus, watch, ours, floor, rounds, limit):
+    """One step: a run of each to warm the caches, then the timed ones in turn."""
+    runs = {ours: [], floor: []}
+    for number in range(rounds + 1):
+        for program, kept in runs.items():
+            run = watch.run(program, corpus.folder, limit)
+            if run is None or run.status != 0:
+                raise Refusal(f"{program.name} failed: {failure_text(run, limit)}")
+            if number > 0:
+                kept.append(run)
+    return Step(
+        files=corpus.files,
+        wall=spread(run.wall for run in runs[ours]),
+        peak=max(run.peak for run in runs[ours]),
+        floor=spread(run.wall for run in runs[floor]).median,
+    )

@@ -1,0 +1,127 @@
+"""What the report says about the machine and the programs on it."""
+
+import os
+import platform
+import shutil
+import subprocess
+import time
+from pathlib import Path
+
+IDLE_SAMPLE = 2.0  # seconds
+QUIET = 0.9  # share of idle processor time below which others disturb the figures
+
+
+def facts(work):
+    """Pairs of what and how much for the report. `work` is a folder on the measured disk."""
+    return [
+        ("Processor", f"{cpu_model()}, {os.cpu_count()} cores"),
+        ("Memory", f"{memory_gib():.1f} GiB"),
+        ("System", f"{distribution()}, kernel {platform.release()}"),
+        ("File system", file_system(work)),
+        ("Device says it rotates", rotational(work)),
+    ]
+
+
+def value_in(file, key, separator):
+    """The value behind the first `key` of a file of keys and values; "unknown" if there is none."""
+    try:
+        lines = Path(file).read_text(encoding="utf-8").splitlines()
+    except OSError:
+        return "unknown"
+    for line in lines:
+        name, found, value = line.partition(separator)
+        if found and name.strip() == key:
+            return value.strip().strip('"')
+    return "unknown"
+
+
+def cpu_model():
+    """The processor's name as the kernel gives it."""
+    return value_in("/proc/cpuinfo", "model name", ":")
+
+
+def distribution():
+    """The distribution's own name for itself."""
+    return value_in("/etc/os-release", "PRETTY_NAME", "=")
+
+
+def memory_gib():
+    """Physical memory."""
+    return os.sysconf("SC_PHYS_PAGES") * os.sysconf("SC_PAGE_SIZE") / 2**30
+
+
+def idle_share():
+    """The share of all processors that is idle while we sleep for a moment. The load average would
+    not do: it still holds the build just done."""
+    before = processor_ticks()
+    time.sleep(IDLE_SAMPLE)
+    spent = [after - start for start, after in zip(before, processor_ticks())]
+    return sum(spent[3:5]) / max(1, sum(spent))  # idle, and idle but waiting for a disk
+
+
+def processor_ticks():
+    """The kernel's count of where processor time went, by kind."""
+    line = Path("/proc/stat").read_text(encoding="ascii").splitlines()[0]
+    return [int(field) for field in line.split()[1:9]]
+
+
+def device_of(folder):
+    """The number of the device a folder lies on, as /sys and /proc spell it."""
+    device = os.stat(folder).st_dev
+    return f"{os.major(device)}:{os.minor(device)}"
+
+
+def file_system(folder):
+    """The type of the file system a folder lies on."""
+    device = device_of(folder)
+    for line in Path("/proc/self/mountinfo").read_text(encoding="utf-8").splitlines():
+        mount, _, source = line.partition(" - ")
+        if mount.split()[2] == device:
+            return source.split()[0]
+    return "unknown"
+
+
+def rotational(folder):
+    """Whether the device claims to be a rotating one; virtual disks often do without being so. A
+    partition has no queue of its own, so its disk is asked."""
+    device = Path("/sys/dev/block") / device_of(folder)
+    for place in (device, device.resolve().parent):
+        try:
+            text = (place / "queue" / "rotational").read_text(encoding="ascii")
+            return "yes" if text.strip() == "1" else "no"
+        except OSError:
+            continue
+    return "unknown"
+
+
+def revision(root):
+    """The commit that was measured, and whether the tree had changes on top."""
+    def git(*arguments):
+        """What git says; None if it fails."""
+        done = subprocess.run(["git", "-C", str(root), *arguments], stdout=subprocess.PIPE,
+                              stderr=subprocess.DEVNULL, text=True, check=False)
+        return done.stdout.strip() if done.returncode == 0 else None
+
+    commit = git("rev-parse", "--short", "HEAD") if shutil.which("git") else None
+    if not commit:
+        return "unknown"
+    return commit + (" with changes" if git("status", "--porcelain") else "")
+
+
+def package_version(package):
+    """The installed version of a distribution's package."""
+    done = subprocess.run(["dpkg-query", "-W", "-f", "${Version}", package],
+                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
+                          check=False)
+    return done.stdout if done.returncode == 0 else "unknown"
+
+
+def install_missing(peers):
+    """Installs the packages of peers that are not there; the peers that are there in the end."""
+    missing = sorted({peer.package for peer in peers if not shutil.which(peer.command[0])})
+    if missing:
+        prefix = [] if os.geteuid() == 0 else ["sudo"]
+        install = prefix + ["apt-get", "install", "-y", "--no-install-recommends", *missing]
+        print("Installing:", " ".join(install), flush=True)
+        subprocess.run(install, check=False)
+    return [peer for peer in peers if shutil.which(peer.command[0])]

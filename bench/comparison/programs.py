@@ -1,0 +1,210 @@
+"""The programs that are compared: how each is called, and how its list is read.
+
+Every call only looks for files of equal content below one folder and lists what it found. Nothing
+is deleted, linked or left behind. Where a program can be told to compare less strictly than byte
+for byte, its default stands: a default is what a person gets.
+"""
+
+import json
+import re
+from dataclasses import dataclass
+from typing import Callable
+
+# One set of equal files is a frozenset of paths; a result is the set of those.
+Groups = frozenset
+
+FOLDER = "{folder}"
+LISTING = "{listing}"
+
+
+@dataclass(frozen=True)
+class Program:
+    """One program under the stop watch."""
+
+    name: str
+    command: tuple  # FOLDER and LISTING stand for the folder and the file for the list
+    parse: Callable | None = None  # from the text of the list to Groups; none for the floor
+    package: str = ""  # the distribution's package; none for our own programs
+    judges: bool = False  # its sets, every match confirmed byte for byte, judge ours
+    how: str = ""  # one line on how it decides, for the report
+
+    @property
+    def is_peer(self):
+        """Whether it is somebody else's program."""
+        return bool(self.package)
+
+    def arguments(self, folder, listing):
+        """The command line for one folder."""
+        places = {FOLDER: str(folder), LISTING: str(listing)}
+        return [places.get(word, word) for word in self.command]
+
+    @property
+    def writes_listing(self):
+        """Whether it writes its list to a file it is given, instead of to standard output."""
+        return LISTING in self.command
+
+    @property
+    def shown_command(self):
+        """The command line as the report shows it."""
+        return " ".join(self.command).replace(FOLDER, "FOLDER").replace(LISTING, "LIST")
+
+
+def as_groups(lists):
+    """Makes Groups of lists of paths; a list of one is no set."""
+    return Groups(frozenset(paths) for paths in lists if len(paths) > 1)
+
+
+def parse_tarvin(text):
+    """Reads our JSON."""
+    lists = []
+    for category in json.loads(text)["categories"]:
+        for extension in category["extensions"]:
+            for found in extension["sets"]:
+                lists.append([file["filePath"] for file in found["files"]])
+    return as_groups(lists)
+
+
+def collected_by_tarvin(text):
+    """How many files we looked at, read from our JSON."""
+    return sum(json.loads(text)["collected"].values())
+
+
+def parse_blocks(text):
+    """Reads lists of paths that are parted by any line that is no absolute path."""
+    lists = [[]]
+    for line in text.splitlines():
+        if line.startswith("/"):
+            lists[-1].append(line)
+        else:
+            lists.append([])
+    return as_groups(lists)
+
+
+def parse_rdfind(text):
+    """Reads rdfind's results file: the second column is the set's number, negative for copies."""
+    by_number = {}
+    for line in text.splitlines():
+        if line.startswith("DUPTYPE_"):
+            columns = line.split(" ", 7)
+            by_number.setdefault(abs(int(columns[1])), []).append(columns[7])
+    return as_groups(by_number.values())
+
+
+def parse_rmlint(text):
+    """Reads rmlint's JSON, in which each original comes before its copies."""
+    lists = [[]]
+    for entry in json.loads(text):
+        if entry.get("type") == "duplicate_file":
+            if entry["is_original"]:
+                lists.append([])
+            lists[-1].append(entry["path"])
+    return as_groups(lists)
+
+
+HARDLINK_LINE = re.compile(r"^\[DryRun\] Linking (/.*) to (/.*) \([^()]*\)$")
+
+
+def parse_hardlink(text):
+    """Joins the pairs that hardlink would link."""
+    member_of = {}
+    for line in text.splitlines():
+        if match := HARDLINK_LINE.match(line):
+            first, second = (member_of.get(path, {path}) for path in match.groups())
+            joined = first | second
+            member_of.update((path, joined) for path in joined)
+    return as_groups({frozenset(paths) for paths in member_of.values()})
+
+
+PEERS = (
+    Program(
+        name="jdupes",
+        package="jdupes",
+        # -r goes into subfolders, -q draws no progress. Empty files stay out by default, and
+        # matches are confirmed byte for byte unless -Q is given.
+        command=("jdupes", "-r", "-q", FOLDER),
+        parse=parse_blocks,
+        judges=True,
+        how="hashes, then confirms byte for byte",
+    ),
+    Program(
+        name="fdupes",
+        package="fdupes",
+        # -r and -q as above. -n leaves empty files out, as the others do; it has no option to
+        # leave the byte-for-byte confirmation out.
+        command=("fdupes", "-r", "-q", "-n", FOLDER),
+        parse=parse_blocks,
+        judges=True,
+        how="MD5, then confirms byte for byte",
+    ),
+    Program(
+        name="rdfind",
+        package="rdfind",
+        # -dryrun changes nothing. Its list goes nowhere but into the results file, which
+        # -outputname moves out of the current folder. Empty files stay out by default.
+        command=("rdfind", "-dryrun", "true", "-outputname", LISTING, FOLDER),
+        parse=parse_rdfind,
+        how="SHA-1, not confirmed",
+    ),
+    Program(
+        name="rmlint",
+        package="rmlint",
+        # -T df looks for duplicate files only, not for other lint. One -o replaces the default
+        # outputs, so that no script is left behind; JSON, because we write JSON too. Empty files
+        # stay out by default.
+        command=("rmlint", "-T", "df", "-o", "json:stdout", FOLDER),
+        parse=parse_rmlint,
+        how="BLAKE2b, not confirmed",
+    ),
+    Program(
+        name="rmlint -p",
+        package="rmlint",
+        # -p is its byte-by-byte comparison without any hashing; the rest as above.
+        command=("rmlint", "-p", "-T", "df", "-o", "json:stdout", FOLDER),
+        parse=parse_rmlint,
+        how="byte for byte",
+    ),
+    Program(
+        name="duff",
+        package="duff",
+        # -r goes into subfolders, -z leaves empty files out. Digests decide, -t (byte by byte) is
+        # not its default.
+        command=("duff", "-r", "-z", FOLDER),
+        parse=parse_blocks,
+        how="SHA-1, not confirmed",
+    ),
+    Program(
+        name="hardlink",
+        package="util-linux",
+        # -n links nothing, -c looks at contents only (not at mode, owner and time), -v lists the
+        # pairs. Empty files stay out by default. Subfolders are always walked.
+        command=("hardlink", "-n", "-c", "-v", FOLDER),
+        parse=parse_hardlink,
+        how="SHA-256 by the kernel, byte for byte where the kernel offers none",
+    ),
+)
+
+
+def tarvin(path):
+    """Our own program. The person's exception list must not change what a comparison sees."""
+    command = (str(path), "scan", "--format", "json", "--no-exceptions", "--progress", "never")
+    return Program(
+        name="tarvin",
+        command=command + (FOLDER,),
+        parse=parse_tarvin,
+        how="byte for byte",
+    )
+
+
+def floor(path, threads):
+    """The floor that reads the candidates with so many threads."""
+    plural = "thread" if threads == 1 else "threads"
+    return Program(
+        name=f"floor, {threads} {plural}",
+        command=(str(path), "--threads", str(threads), FOLDER),
+        how="reads every candidate once, compares nothing",
+    )
+
+
+def floor_walk(path):
+    """The floor that only walks."""
+    return Program(name="floor, walk only", command=(str(path), "--walk-only", FOLDER))

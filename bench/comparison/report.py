@@ -1,0 +1,187 @@
+"""Writes what was measured as one Markdown page."""
+
+from . import goals, machine
+from .contest import COLD, LEAST_LIMIT, TIMES_OURS, WARM
+from .timing import COLD_NOTE
+
+MISSING = "–"
+
+
+def table(titles, rows):
+    """A Markdown table; every column but the first is set to the right."""
+    lines = [titles, ["---"] + ["---:"] * (len(titles) - 1), *rows]
+    return ["| " + " | ".join(line) + " |" for line in lines] + [""]
+
+
+def plain_table(titles, rows):
+    """A Markdown table of texts."""
+    lines = [titles, ["---"] * len(titles), *rows]
+    return ["| " + " | ".join(line) + " |" for line in lines] + [""]
+
+
+def seconds(value):
+    """Seconds with as many digits as they are worth."""
+    return f"{value:.3f}" if value < 10 else f"{value:.1f}"
+
+
+def mib(value):
+    """Bytes as MiB."""
+    return f"{value / 2**20:.1f}"
+
+
+def with_spread(value):
+    """Median, least and most."""
+    return f"{seconds(value.median)} ({seconds(value.least)}–{seconds(value.most)})"
+
+
+def rounds_text(number):
+    """So many rounds."""
+    return f"{number} round" if number == 1 else f"{number} rounds"
+
+
+def page(setting, contests, series):
+    """The whole page."""
+    lines = ["# Benchmarks", "", *busy_lines(setting), *introduction(setting)]
+    lines += ["## Goals", "", *goal_lines(goals.judge(contests, series))]
+    lines += ["## Machine and programs", "", *setting_lines(setting)]
+    if contests:
+        lines += ["## Ratios", "", *ratio_lines(contests)]
+    for name, contest in contests.items():
+        lines += contest_lines(name, setting.texts[name], contest)
+    if series:
+        lines += ["## Growth", "", *growth_lines(series)]
+    return "\n".join(lines).rstrip() + "\n"
+
+
+def introduction(setting):
+    """How the figures came about."""
+    return [
+        f"Measured by `{setting.command}` on {setting.date}, revision {setting.revision}. Every "
+        "figure on this page comes from that one run; the script writes the page.",
+        "",
+        "Each tree is made from a fixed seed. First every program runs once, untimed, and what it "
+        "found is compared: unless our sets are exactly those of the programs that confirm every "
+        "match byte for byte, nothing is timed. Then all programs take turns, once per round, each "
+        f"round beginning with the next one: {rounds_text(setting.rounds[WARM])} just after the "
+        f"floor has read the tree (warm){cold_text(setting)}. On a tree, no further warm "
+        f"or cold round is begun after {setting.budget:.0f} s of them. A program that takes over {setting.limit:.0f} s, or over "
+        f"{TIMES_OURS} times our time (though at least {LEAST_LIMIT:.0f} s), is not run again on "
+        "that tree.",
+        "",
+        "Times are wall seconds, median (least–most); processor seconds are the median of user and "
+        "system time together; memory is the largest resident size of any timed run.",
+        "",
+        "The floor is a plain program that walks the tree and reads every file whose size another "
+        "file has too, once, from first to last byte, and compares nothing. A finder that stops "
+        "reading a file as soon as it is known to be alone can be faster than that.",
+        "",
+    ]
+
+
+def busy_lines(setting):
+    """A warning, if the machine had other work to do."""
+    if min(setting.idle) >= machine.QUIET:
+        return []
+    return ["**The machine was busy with other work: the times below are longer than they need be, "
+            "and the ratios are doubtful.**", ""]
+
+
+def cold_text(setting):
+    """What is said about cold runs."""
+    if setting.rounds[COLD]:
+        return f", and {rounds_text(setting.rounds[COLD])} {COLD_NOTE} (cold)"
+    return f"; no cold runs, because {setting.why_not_cold}"
+
+
+def goal_lines(verdicts):
+    """The verdicts, and their sum in one line."""
+    if not verdicts:
+        return ["None of the goals was measured in this run.", ""]
+    missed = sum(not verdict.reached for verdict in verdicts)
+    total = f"{len(verdicts) - missed} of {len(verdicts)} reached."
+    rows = [[verdict.goal, verdict.measured, "reached" if verdict.reached else "**not reached**"]
+            for verdict in verdicts]
+    return [total, "", *plain_table(["Goal", "Measured", "Verdict"], rows)]
+
+
+def setting_lines(setting):
+    """The machine, and the programs with their versions and options."""
+    rows = [[f"`{program.shown_command}`" if program.is_peer else program.name,
+             setting.versions.get(program.package, MISSING), program.how]
+            for program in setting.programs]
+    idle = ", ".join(f"{share:.0%}" for share in setting.idle)
+    facts = [*setting.facts, ("Processors idle before the run, and after it", idle)]
+    lines = plain_table(["Machine", ""], [list(fact) for fact in facts])
+    lines += plain_table(["Program", "Package version", "How it decides"], rows)
+    if setting.absent:
+        lines += [f"Not to be had on this machine: {', '.join(setting.absent)}.", ""]
+    return lines
+
+
+def ratio_lines(contests):
+    """Our time divided by the others'."""
+    rows = []
+    for name, contest in contests.items():
+        for mode in (WARM, COLD):
+            if contest.ours.runs[mode]:
+                peer = goals.fastest_peer(contest, mode)
+                rows.append([f"{name}, {mode}",
+                             f"{peer.value:.2f} ({peer.name})" if peer else MISSING]
+                            + [f"{floor.value:.2f}" for floor in goals.floors(contest, mode)])
+    floor_names = [entry.program.name for entry in next(iter(contests.values())).entries[1:]
+                   if not entry.program.is_peer]
+    titles = ["Our time divided by that of", "the fastest other program"]
+    return table(titles + [f"the {name}" for name in floor_names], rows)
+
+
+def contest_lines(name, text, contest):
+    """One tree: what it is and how everybody fared."""
+    corpus = contest.corpus
+    lines = [
+        f"## {name}",
+        "",
+        f"{text[0].upper()}{text[1:]}. {corpus.files:,} files in {corpus.folders:,} folders, "
+        f"{corpus.bytes / 2**20:,.0f} MiB; {contest.sets:,} sets, the same as "
+        f"{', '.join(contest.judged_by)}.",
+        "",
+    ]
+    cold = bool(contest.rounds[COLD])
+    lines += [f"{rounds_text(contest.rounds[WARM])} warm, {contest.rounds[COLD]} cold.", ""]
+    titles = ["Program", "warm s", "warm processor s"]
+    titles += ["cold s", "cold processor s"] if cold else []
+    rows = [entry_row(entry, cold) for entry in contest.entries]
+    return lines + table(titles + ["peak MiB"], rows)
+
+
+def entry_row(entry, cold):
+    """One program's line."""
+    cells = [entry.program.name]
+    for mode in (WARM, COLD) if cold else (WARM,):
+        cells += mode_cells(entry, mode)
+    peaks = [peak for peak in map(entry.peak, (WARM, COLD)) if peak]
+    return cells + [mib(max(peaks)) if peaks else MISSING]
+
+
+def mode_cells(entry, mode):
+    """Wall and processor time, or why there are none."""
+    if entry.trouble:
+        return [entry.trouble, MISSING]
+    if entry.stopped_after:
+        return [f"> {entry.stopped_after:.1f}, stopped", MISSING]
+    if entry.too_slow:
+        return [f"{seconds(entry.too_slow)}, one run, not timed" if mode == WARM else MISSING,
+                MISSING]
+    return [with_spread(entry.wall(mode)), seconds(entry.cpu(mode))]
+
+
+def growth_lines(series):
+    """A table for each series."""
+    lines = ["Warm, ours beside the floor with one thread, which shows how much of any growth is "
+             "the file system's own.", ""]
+    for plan, steps in series:
+        rows = [[f"{step.files:,}", with_spread(step.wall), f"{step.time_per_file * 1e6:.2f}",
+                 f"{step.floor_per_file * 1e6:.2f}", mib(step.peak),
+                 f"{step.memory_per_file:,.0f}"] for step in steps]
+        titles = ["Files", "s", "µs a file", "floor, µs a file", "peak MiB", "bytes a file"]
+        lines += [f"{plan.title}:", "", *table(titles, rows)]
+    return lines

@@ -1,0 +1,144 @@
+"""One run of bench/compare, from the programs at hand to the finished page."""
+
+import os
+import shlex
+import shutil
+import sys
+import time
+from dataclasses import dataclass, field
+from datetime import datetime, timezone
+
+from . import growth, machine, programs, report, timing
+from .contest import COLD, WARM, Contest, Refusal
+from .corpora import KINDS, CorpusMaker
+from .report import rounds_text
+
+GROWTH = "growth"
+NAMES = tuple(kind.name for kind in KINDS) + (GROWTH,)
+HELPERS = ("make_corpus", "floor", "measure")
+MOST_COLD_ROUNDS = 3
+
+
+@dataclass(frozen=True)
+class Extent:
+    """How much is measured."""
+
+    rounds: int  # warm
+    growth_rounds: int
+    limit: float  # seconds for one run of anybody
+    budget: float  # seconds after which no further round of one mode on one tree is begun
+    free_bytes: int  # what the largest tree and the results need on the disk
+
+
+FULL = Extent(rounds=5, growth_rounds=3, limit=120, budget=90, free_bytes=5 * 2**30)
+QUICK = Extent(rounds=3, growth_rounds=2, limit=10, budget=6, free_bytes=2**30)
+
+
+@dataclass
+class Setting:
+    """What the page says about the run itself."""
+
+    command: str
+    date: str
+    revision: str
+    facts: list  # pairs about the machine
+    idle: list  # shares of idle processor time, before the run and after it
+    programs: list
+    versions: dict  # by package
+    absent: list  # names of peers that could not be installed
+    rounds: dict  # by mode
+    why_not_cold: str  # empty if cold runs are made
+    limit: float
+    budget: float
+    texts: dict = field(default_factory=lambda: {kind.name: kind.text for kind in KINDS})
+
+
+class Session:
+    """Measures with everybody in turn. `options` are the command line's, `helpers` the folder of
+    the helper programs, `work` an empty folder on the disk that is measured."""
+
+    def __init__(self, options, helpers, work, root):
+        self._started = time.monotonic()
+        self._options = options
+        self._extent = QUICK if options.quick else FULL
+        self._watch = timing.StopWatch(helpers / "measure", work)
+        self._maker = CorpusMaker(helpers / "make_corpus", work, options.keep)
+        self._ours = programs.tarvin(options.tarvin)
+        self._floor_walk = programs.floor_walk(helpers / "floor")
+        self._floors = [programs.floor(helpers / "floor", threads)
+                        for threads in sorted({1, os.cpu_count()})]
+        self._peers = machine.install_missing(programs.PEERS)
+        self._setting = self._describe(work, root)
+        if shutil.disk_usage(work).free < self._extent.free_bytes:
+            raise Refusal(f"{work} needs {self._extent.free_bytes / 2**30:.0f} GiB free")
+
+    def page(self):
+        """Measures everything that was asked for; the page."""
+        contests = {kind.name: self._contest(kind) for kind in KINDS
+                    if kind.name in self._options.only}
+        series = []
+        if GROWTH in self._options.only:
+            series = [self._growth(plan) for plan in (growth.UNIQUE_SIZES, growth.ONE_CLASS)]
+        self._setting.idle.append(machine.idle_share())
+        return report.page(self._setting, contests, series)
+
+    def _say(self, text):
+        """Tells how far the run is, beside the page."""
+        print(f"[{time.monotonic() - self._started:4.0f} s] {text}", file=sys.stderr, flush=True)
+
+    def _describe(self, work, root):
+        """What the page says about this run."""
+        why_not_cold = self._why_not_cold()
+        warm = self._options.rounds or self._extent.rounds
+        cold = 1 if self._options.quick else min(warm, MOST_COLD_ROUNDS)
+        return Setting(
+            command=shlex.join(["bench/compare", *sys.argv[1:]]),
+            date=datetime.now(timezone.utc).strftime("%Y-%m-%d %H:%M UTC"),
+            revision=machine.revision(root),
+            facts=machine.facts(work),
+            idle=[machine.idle_share()],
+            programs=[self._ours, *self._floors, *self._peers],
+            versions={peer.package: machine.package_version(peer.package)
+                      for peer in self._peers},
+            absent=[peer.name for peer in programs.PEERS if peer not in self._peers],
+            rounds={WARM: warm, COLD: 0 if why_not_cold else cold},
+            why_not_cold=why_not_cold,
+            limit=self._extent.limit,
+            budget=self._extent.budget,
+        )
+
+    def _why_not_cold(self):
+        """Why there are no cold runs; empty if there are."""
+        if self._options.no_cold:
+            return "none were asked for"
+        if not timing.can_drop_caches():
+            return f"{timing.DROP_CACHES} cannot be written here"
+        return ""
+
+    def _contest(self, kind):
+        """Everybody on one tree."""
+        scale = kind.quick_scale if self._options.quick else 1
+        self._say(f"{kind.name}: making it")
+        with self._maker.made(kind.name, kind.name, "--scale", str(scale)) as corpus:
+            contest = Contest(self._watch, corpus, self._setting.programs, self._floors[0],
+                              self._extent.limit)
+            self._say(f"{kind.name}: comparing what is found")
+            contest.check()
+            for mode, rounds in self._setting.rounds.items():
+                self._say(f"{kind.name}: {mode} {rounds_text(rounds)}")
+                contest.race(mode, rounds, self._extent.budget)
+            self._say(f"{kind.name}: removing it")
+        return contest
+
+    def _growth(self, plan):
+        """One series, with its steps."""
+        counts = plan.quick_counts if self._options.quick else plan.counts
+        floor = self._floor_walk if plan.kind == "walk" else self._floors[0]
+        steps = []
+        for count in counts:
+            self._say(f"growth: {plan.kind}, {count:,} files")
+            options = ("--files", str(count)) + plan.options
+            with self._maker.made(f"growth-{plan.kind}-{count}", plan.kind, *options) as corpus:
+                steps.append(growth.measure_step(corpus, self._watch, self._ours, floor,
+                                                 self._extent.growth_rounds, self._extent.limit))
+        return plan, steps

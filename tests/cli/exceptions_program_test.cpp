@@ -1,0 +1,93 @@
+#include "cli/program_run.h"
+#include "cli/result_json.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace tarvin {
+namespace {
+
+constexpr const char* ownList =
+    "data/Tarvin Software/Tarvin Duplicate File Remover/exception.plist";
+
+/// Three equal files in `photos`, and the folder of a person's own data.
+class Exceptions : public testing::Test {
+ protected:
+    Exceptions() {
+        for (const char* name : {"photos/a.jpg", "photos/b.jpg", "photos/c.jpg"}) {
+            folder_.writeFile(name, "photo");
+        }
+    }
+
+    std::string writeList(const std::string& name, const std::string& path) const {
+        return folder_.writeFile(
+            name, "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><string>" + path +
+                      "</string></array></plist>");
+    }
+
+    ProgramResult scan(ProgramRun::Words options) const {
+        options.insert(options.begin(), {"scan", "--format", "json", folder_.pathOf("photos")});
+        return runTarvin(options, {.environment = {{"XDG_DATA_HOME", folder_.pathOf("data")}}});
+    }
+
+    Sets setsOf(const ProgramResult& result) const {
+        return setsIn(parsedJson(result.output), folder_.pathOf("photos/"));
+    }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(Exceptions, WithoutAListEveryFileIsComparedInSilence) {
+    const ProgramResult result = scan({});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(setsOf(result), (Sets{{"a.jpg", "b.jpg", "c.jpg"}}));
+}
+
+TEST_F(Exceptions, FilesOnOnesOwnListAreLeftOut) {
+    writeList(ownList, folder_.pathOf("photos/b.jpg"));
+    const ProgramResult result = scan({});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(setsOf(result), (Sets{{"a.jpg", "c.jpg"}}));
+}
+
+TEST_F(Exceptions, OnesOwnListCanBeSetAside) {
+    writeList(ownList, folder_.pathOf("photos/b.jpg"));
+    EXPECT_EQ(setsOf(scan({"--no-exceptions"})), (Sets{{"a.jpg", "b.jpg", "c.jpg"}}));
+}
+
+TEST_F(Exceptions, AnotherListCanTakeItsPlace) {
+    writeList(ownList, folder_.pathOf("photos/b.jpg"));
+    const std::string other = writeList("other.plist", folder_.pathOf("photos/a.jpg"));
+    EXPECT_EQ(setsOf(scan({"--exceptions", other})), (Sets{{"b.jpg", "c.jpg"}}));
+}
+
+TEST_F(Exceptions, ADamagedListOfOnesOwnIsToldAndTheScanGoesOn) {
+    const std::string path = folder_.writeFile(ownList, "damaged");
+    const ProgramResult result = scan({});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors,
+              "tarvin: " + path + ": not a property list of paths; no file is left out\n");
+    EXPECT_EQ(setsOf(result), (Sets{{"a.jpg", "b.jpg", "c.jpg"}}));
+}
+
+TEST_F(Exceptions, AnotherListThatIsDamagedIsWrongUsage) {
+    const std::string path = folder_.writeFile("other.plist", "damaged");
+    const ProgramResult result = scan({"--exceptions", path});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.errors, "tarvin: " + path + ": not a property list of paths\n");
+}
+
+TEST_F(Exceptions, AnotherListThatIsMissingIsWrongUsage) {
+    const std::string path = folder_.pathOf("other.plist");
+    const ProgramResult result = scan({"--exceptions", path});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.errors, "tarvin: " + path + ": No such file or directory\n");
+}
+
+}  // namespace
+}  // namespace tarvin

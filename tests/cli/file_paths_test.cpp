@@ -1,0 +1,107 @@
+#include "cli/file_paths.h"
+
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <string>
+
+namespace tarvin {
+namespace {
+
+/// Makes a folder the current one for as long as it lives.
+class CurrentFolder final {
+ public:
+    explicit CurrentFolder(const std::string& path) : before_(std::filesystem::current_path()) {
+        std::filesystem::current_path(path);
+    }
+    CurrentFolder(const CurrentFolder&) = delete;
+    CurrentFolder& operator=(const CurrentFolder&) = delete;
+    ~CurrentFolder() {
+        std::error_code ignored;
+        std::filesystem::current_path(before_, ignored);
+    }
+
+ private:
+    std::filesystem::path before_;
+};
+
+std::string pathFor(const std::string& given) {
+    const Result<std::string> path = absolutePath(given);
+    return path ? *path : "refused: " + path.error().text();
+}
+
+TEST(AbsolutePath, AnAbsolutePathStaysAsItIs) {
+    EXPECT_EQ(pathFor("/no such/folder \xFF\n"), "/no such/folder \xFF\n");
+}
+
+TEST(AbsolutePath, NeedlessPartsAreDropped) {
+    EXPECT_EQ(pathFor("/a/"), "/a");
+    EXPECT_EQ(pathFor("//a///b//"), "/a/b");
+    EXPECT_EQ(pathFor("/./a/././b/."), "/a/b");
+}
+
+TEST(AbsolutePath, TheRootIsOneSlash) {
+    for (const char* root : {"/", "//", "/.", "/./"}) {
+        EXPECT_EQ(pathFor(root), "/") << root;
+    }
+}
+
+TEST(AbsolutePath, NamesThatBeginWithDotsAreNames) {
+    EXPECT_EQ(pathFor("/.a/..b/...//c."), "/.a/..b/.../c.");
+}
+
+TEST(AbsolutePath, ARelativePathIsPutBehindTheCurrentFolder) {
+    const TemporaryFolder folder;
+    const CurrentFolder current(folder.path());
+    EXPECT_EQ(pathFor("not there/x"), folder.pathOf("not there/x"));
+    EXPECT_EQ(pathFor("./a//"), folder.pathOf("a"));
+    EXPECT_EQ(pathFor("."), folder.path());
+    EXPECT_EQ(pathFor("~"), folder.pathOf("~"));
+}
+
+TEST(AbsolutePath, InTheRootFolderOneSlashIsEnough) {
+    const CurrentFolder current("/");
+    EXPECT_EQ(pathFor("a"), "/a");
+    EXPECT_EQ(pathFor("."), "/");
+}
+
+TEST(AbsolutePath, ALinkStaysALink) {
+    const TemporaryFolder folder;
+    folder.makeFolder("real");
+    folder.makeLink("link", "real");
+    EXPECT_EQ(pathFor(folder.pathOf("link/")), folder.pathOf("link"));
+}
+
+TEST(AbsolutePath, TheParentOfALinkedFolderIsThatOfTheRealOne) {
+    const TemporaryFolder folder;
+    folder.makeFolder("deep/real");
+    folder.makeFolder("deep/beside");
+    folder.makeLink("link", "deep/real");
+    EXPECT_EQ(pathFor(folder.pathOf("link/../beside")), folder.pathOf("deep/beside"));
+    const CurrentFolder current(folder.pathOf("deep/real"));
+    EXPECT_EQ(pathFor(".."), folder.pathOf("deep"));
+}
+
+TEST(AbsolutePath, WhatCannotBeResolvedIsLeftForTheReaderToFailOn) {
+    EXPECT_EQ(pathFor("/no such folder/../x/."), "/no such folder/../x");
+}
+
+TEST(AbsolutePath, TheEmptyPathIsNotTheCurrentFolder) {
+    const Result<std::string> path = absolutePath("");
+    ASSERT_FALSE(path.ok());
+    EXPECT_EQ(path.error().code, ENOENT);
+}
+
+TEST(AbsolutePath, WithoutACurrentFolderOnlyAbsolutePathsMeanSomething) {
+    const TemporaryFolder folder;
+    const CurrentFolder current(folder.makeFolder("gone"));
+    std::filesystem::remove(folder.pathOf("gone"));
+    EXPECT_EQ(pathFor("x"), "refused: No such file or directory");
+    EXPECT_EQ(pathFor("/x"), "/x");
+}
+
+}  // namespace
+}  // namespace tarvin

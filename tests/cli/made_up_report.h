@@ -1,0 +1,85 @@
+#pragma once
+
+#include "cli/pipe.h"
+#include "cli/result_writer.h"
+#include "cli/scan_report.h"
+#include "model/file_store.h"
+#include "scan/duplicate_finder.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace tarvin {
+
+/// One file of a made-up result.
+struct MadeUpFile {
+    std::string path;
+    std::uint64_t size = 0;
+    std::optional<std::int64_t> modified{};  ///< nanoseconds since 1970
+    std::optional<std::int64_t> created{};
+};
+
+/// The report of a scan that never was, put together set by set.
+class MadeUpReport final {
+ public:
+    /// The first file's name says under which extension the set goes.
+    void addSet(Category category, std::initializer_list<MadeUpFile> files) {
+        std::vector<std::shared_ptr<File>> group;
+        for (const MadeUpFile& file : files) {
+            group.push_back(FileStore::standalone(file.path, file.size, dateOf(file.modified),
+                                                  dateOf(file.created)));
+        }
+        fileSetUnderExtension(*results_[static_cast<std::size_t>(category)], group);
+    }
+
+    void setCollected(Category category, std::uint64_t count) {
+        report_.categories[static_cast<std::size_t>(category)].collected = count;
+    }
+
+    void setStopped() { report_.stopped = true; }
+    void setElapsedSeconds(double seconds) { report_.elapsedSeconds = seconds; }
+
+    [[nodiscard]] ScanReport report() const {
+        ScanReport report = report_;
+        for (std::size_t position = 0; position < results_.size(); ++position) {
+            report.categories[position].result = results_[position];
+        }
+        return report;
+    }
+
+ private:
+    static std::optional<Timestamp> dateOf(std::optional<std::int64_t> nanoseconds) {
+        return nanoseconds ? std::optional(Timestamp(std::chrono::nanoseconds(*nanoseconds)))
+                           : std::nullopt;
+    }
+
+    std::array<std::shared_ptr<Modal>, allCategories.size()> results_{
+        std::make_shared<Modal>(), std::make_shared<Modal>(), std::make_shared<Modal>(),
+        std::make_shared<Modal>(), std::make_shared<Modal>()};
+    ScanReport report_;
+};
+
+/// What a writer makes of a report.
+inline std::string writtenBy(const ResultWriter& writer, const MadeUpReport& madeUp) {
+    Pipe pipe;
+    std::string text;
+    std::thread reader([&] { text = pipe.readAll(); });
+    Output output(pipe.writing());
+    writer.write(madeUp.report(), output);
+    EXPECT_TRUE(output.flush());
+    pipe.closeWriting();
+    reader.join();
+    return text;
+}
+
+}  // namespace tarvin

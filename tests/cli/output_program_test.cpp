@@ -1,0 +1,117 @@
+#include "cli/pipe.h"
+#include "cli/program_run.h"
+#include "cli/result_json.h"
+#include "support/temporary_folder.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <thread>
+
+namespace tarvin {
+namespace {
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Two equal files in the folder "photos".
+class ResultOutput : public testing::Test {
+ protected:
+    ResultOutput() {
+        folder_.writeFile("photos/a.jpg", "photo");
+        folder_.writeFile("photos/b.jpg", "photo");
+    }
+
+    [[nodiscard]] ProgramRun::Words scanTo(const std::string& output) const {
+        return {"scan", "--format", "json", "--output", output, folder_.pathOf("photos")};
+    }
+
+    void expectTheResult(const std::string& text) const {
+        EXPECT_EQ(setsIn(parsedJson(text), folder_.pathOf("photos")), (Sets{{"/a.jpg", "/b.jpg"}}));
+    }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(ResultOutput, MayGoToAFile) {
+    const ProgramResult result = runTarvin(scanTo(folder_.pathOf("result.json")));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.errors, "");
+    expectTheResult(contentOf(folder_.pathOf("result.json")));
+}
+
+TEST_F(ResultOutput, MayGoToAFileInTheFolderThatIsScanned) {
+    const std::string path = folder_.pathOf("photos/result.jpg");
+    EXPECT_EQ(runTarvin(scanTo(path)).status, 0);
+    expectTheResult(contentOf(path));
+    EXPECT_EQ(parsedJson(contentOf(path))["collected"]["Image"], 2);
+}
+
+TEST_F(ResultOutput, ADashIsStandardOutput) {
+    const ProgramResult result = runTarvin(scanTo("-"), {.folder = folder_.path()});
+    EXPECT_EQ(result.status, 0);
+    expectTheResult(result.output);
+    EXPECT_FALSE(std::filesystem::exists(folder_.pathOf("-")));
+}
+
+TEST_F(ResultOutput, ANamedPipeIsWrittenTo) {
+    const std::string path = folder_.pathOf("pipe");
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    std::string arrived;
+    std::thread reader([&] { arrived = contentOf(path); });
+    const ProgramResult result = runTarvin(scanTo(path));
+    reader.join();
+    EXPECT_EQ(result.status, 0);
+    expectTheResult(arrived);
+}
+
+TEST_F(ResultOutput, ThePathOfStandardOutputIsStandardOutput) {
+    const ProgramResult result = runTarvin(scanTo("/dev/stdout"));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors, "");
+    expectTheResult(result.output);
+}
+
+TEST_F(ResultOutput, AFullDiskIsAFailure) {
+    const ProgramResult result = runTarvin(scanTo("/dev/full"));
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.errors, "tarvin: /dev/full: No space left on device\n");
+}
+
+TEST_F(ResultOutput, AFullDiskBehindStandardOutputIsAFailure) {
+    const int full = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
+    ASSERT_GE(full, 0);
+    const ProgramResult result = runTarvin(scanTo("-"), {.output = full});
+    ::close(full);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.errors, "tarvin: standard output: No space left on device\n");
+}
+
+TEST_F(ResultOutput, AReaderThatHasGoneAwayIsAFailure) {
+    Pipe pipe;
+    pipe.closeReading();
+    const ProgramResult result = runTarvin(scanTo("-"), {.output = pipe.writing()});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.errors, "tarvin: standard output: Broken pipe\n");
+}
+
+TEST_F(ResultOutput, AFailureIsToldEvenIfEverythingElseWentWell) {
+    const int reading = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    ASSERT_GE(reading, 0);
+    const ProgramResult result = runTarvin(scanTo("-"), {.output = reading});
+    ::close(reading);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.errors, "tarvin: standard output: Bad file descriptor\n");
+}
+
+}  // namespace
+}  // namespace tarvin

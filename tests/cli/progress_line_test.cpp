@@ -1,0 +1,93 @@
+#include "cli/progress_line.h"
+
+#include "cli/pipe.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <optional>
+#include <string>
+
+namespace tarvin {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr ProgressLine::Settings quick{milliseconds(1)};
+
+Progress at(const std::string& path) {
+    Progress progress;
+    progress.path = path;
+    return progress;
+}
+
+TEST(ProgressLine, IsDrawnAtOnceAndErasedAtTheEnd) {
+    Pipe pipe;
+    {
+        const ProgressLine line(pipe.writing(), [] { return at("/a.jpg"); },
+                                {milliseconds(60'000)});
+    }
+    pipe.closeWriting();
+    EXPECT_EQ(pipe.readAll(), "\rCollecting Files: a.jpg\x1B[K\r\x1B[K");
+}
+
+TEST(ProgressLine, IsDrawnAgainWhenThereIsSomethingNew) {
+    Pipe pipe;
+    std::atomic<int> number{1};
+    std::optional<ProgressLine> line;
+    line.emplace(
+        pipe.writing(), [&] { return at(std::to_string(number)); }, quick);
+    EXPECT_EQ(pipe.readUntil("\x1B[K"), "\rCollecting Files: 1\x1B[K");
+    number = 2;
+    EXPECT_EQ(pipe.readUntil("\x1B[K"), "\rCollecting Files: 2\x1B[K");
+    line.reset();
+    pipe.closeWriting();
+    EXPECT_EQ(pipe.readAll(), "\r\x1B[K");
+}
+
+TEST(ProgressLine, IsNotDrawnAgainWhenNothingHasChanged) {
+    Pipe pipe;
+    std::atomic<int> looks{0};
+    std::optional<ProgressLine> line;
+    line.emplace(
+        pipe.writing(),
+        [&looks] {
+            ++looks;
+            looks.notify_all();
+            return at("/a.jpg");
+        },
+        quick);
+    for (int seen = looks; seen < 5; seen = looks) {
+        looks.wait(seen);
+    }
+    line.reset();
+    pipe.closeWriting();
+    EXPECT_EQ(pipe.readAll(), "\rCollecting Files: a.jpg\x1B[K\r\x1B[K");
+}
+
+TEST(ProgressLine, LeavesTheLastOfEightyColumnsFree) {
+    Pipe pipe;
+    {
+        const ProgressLine line(pipe.writing(), [] { return at(std::string(100, 'x')); });
+    }
+    pipe.closeWriting();
+    EXPECT_EQ(pipe.readAll(), "\rCollecting Files: " + std::string(61, 'x') + "\x1B[K\r\x1B[K");
+}
+
+TEST(ProgressLine, AClosedDescriptorDoesNoHarm) {
+    std::atomic<int> looks{0};
+    {
+        const ProgressLine line(
+            -1,
+            [&looks] {
+                ++looks;
+                return at("/a.jpg");
+            },
+            quick);
+    }
+    EXPECT_GE(looks, 1);
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,70 @@
+#include "cli/progress_mailbox.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <thread>
+
+namespace tarvin {
+namespace {
+
+TEST(ProgressMailbox, AtFirstFilesAreCollectedAndNoneIsKnown) {
+    const Progress progress = ProgressMailbox().latest();
+    EXPECT_FALSE(progress.comparing);
+    EXPECT_EQ(progress.path, "");
+    EXPECT_EQ(progress.elapsed, "Elapsed Time: 00:00:00");
+}
+
+TEST(ProgressMailbox, KeepsTheNewest) {
+    ProgressMailbox mailbox;
+    mailbox.collecting("/a/one.jpg");
+    mailbox.collecting("/a/two.jpg");
+    mailbox.elapsed("Elapsed Time: 00:00:01");
+    mailbox.elapsed("Elapsed Time: 00:00:02");
+    const Progress progress = mailbox.latest();
+    EXPECT_FALSE(progress.comparing);
+    EXPECT_EQ(progress.path, "/a/two.jpg");
+    EXPECT_EQ(progress.elapsed, "Elapsed Time: 00:00:02");
+}
+
+TEST(ProgressMailbox, TheComparisonBeginsWithoutAFile) {
+    ProgressMailbox mailbox;
+    mailbox.collecting("/a/one.jpg");
+    mailbox.comparisonStarted(7);
+    const Progress progress = mailbox.latest();
+    EXPECT_TRUE(progress.comparing);
+    EXPECT_EQ(progress.path, "");
+    EXPECT_EQ(progress.total, 7U);
+    EXPECT_EQ(progress.processed, 0U);
+}
+
+TEST(ProgressMailbox, ANumberThatComesLateDoesNotTurnTheCountBack) {
+    ProgressMailbox mailbox;
+    mailbox.comparisonStarted(7);
+    mailbox.processing("/a/two.jpg", 5);
+    mailbox.processing("/a/one.jpg", 4);
+    EXPECT_EQ(mailbox.latest().processed, 5U);
+    EXPECT_EQ(mailbox.latest().path, "/a/one.jpg");
+}
+
+TEST(ProgressMailbox, MayBeToldAndAskedOnSeveralThreads) {
+    constexpr std::uint64_t times = 1000;
+    ProgressMailbox mailbox;
+    mailbox.comparisonStarted(times);
+    std::thread teller([&mailbox] {
+        for (std::uint64_t number = 1; number <= times; ++number) {
+            mailbox.processing("/a/" + std::to_string(number), number);
+        }
+    });
+    std::uint64_t seen = 0;
+    while (seen < times) {
+        const std::uint64_t now = mailbox.latest().processed;
+        ASSERT_GE(now, seen);
+        seen = now;
+    }
+    teller.join();
+    EXPECT_EQ(mailbox.latest().path, "/a/1000");
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,91 @@
+#include "cli/progress_text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace tarvin {
+namespace {
+
+constexpr std::size_t wide = 200;
+
+Progress collecting(const std::string& path) {
+    Progress progress;
+    progress.path = path;
+    return progress;
+}
+
+Progress comparing(std::uint64_t processed, std::uint64_t total) {
+    Progress progress;
+    progress.comparing = true;
+    progress.path = "/photos/summer/photo.jpg";
+    progress.processed = processed;
+    progress.total = total;
+    progress.bytesRead = 1'050'000;
+    progress.elapsed = "Elapsed Time: 00:00:12";
+    return progress;
+}
+
+TEST(ProgressText, TheCollectionBeginsWithoutAName) {
+    EXPECT_EQ(progressText(collecting(""), wide), "Collecting Files...");
+}
+
+TEST(ProgressText, TheCollectionShowsTheNameWithoutTheFolder) {
+    EXPECT_EQ(progressText(collecting("/photos/summer/photo.jpg"), wide),
+              "Collecting Files: photo.jpg");
+}
+
+TEST(ProgressText, TheComparisonShowsABarAndWhatItIsAt) {
+    EXPECT_EQ(progressText(comparing(45, 100), wide),
+              "[#########           ] 45%  photo.jpg  1.05 MB  00:00:12");
+}
+
+TEST(ProgressText, TheBarGoesFromEmptyToFull) {
+    EXPECT_EQ(progressText(comparing(0, 3), 25), "[                    ] 0%");
+    EXPECT_EQ(progressText(comparing(2, 3), 26), "[#############       ] 66%");
+    EXPECT_EQ(progressText(comparing(3, 3), 27), "[####################] 100%");
+}
+
+TEST(ProgressText, WithoutFilesTheBarIsEmpty) {
+    EXPECT_EQ(progressText(comparing(0, 0), 25), "[                    ] 0%");
+}
+
+TEST(ProgressText, MoreThanAllIsAll) {
+    EXPECT_EQ(progressText(comparing(5, 3), 27), "[####################] 100%");
+}
+
+TEST(ProgressText, OfMillionsOfFilesThePercentageIsRight) {
+    EXPECT_EQ(progressText(comparing(4'000'000'000'000, 8'000'000'000'000), 26),
+              "[##########          ] 50%");
+}
+
+TEST(ProgressText, ANarrowLineShortensTheNameFirst) {
+    EXPECT_EQ(progressText(comparing(45, 100), 51),
+              "[#########           ] 45%  phot  1.05 MB  00:00:12");
+    EXPECT_EQ(progressText(comparing(45, 100), 47),
+              "[#########           ] 45%    1.05 MB  00:00:12");
+    EXPECT_EQ(progressText(comparing(45, 100), 40), "[#########           ] 45%    1.05 MB  0");
+    EXPECT_EQ(progressText(comparing(45, 100), 0), "");
+}
+
+TEST(ProgressText, ALongNameIsCutAtTheEndOfTheLine) {
+    EXPECT_EQ(progressText(collecting("/a/photo.jpg"), 23), "Collecting Files: photo");
+}
+
+TEST(ProgressText, ACutNeverGoesThroughACharacter) {
+    EXPECT_EQ(progressText(collecting("/\u00E4\u00E4\u00E4"), 20),
+              "Collecting Files: \u00E4\u00E4");
+}
+
+TEST(ProgressText, WideCharactersTakeTwoColumns) {
+    EXPECT_EQ(progressText(collecting("/\u5199\u771F.jpg"), 22), "Collecting Files: \u5199\u771F");
+    EXPECT_EQ(progressText(collecting("/\u5199\u771F.jpg"), 21), "Collecting Files: \u5199");
+}
+
+TEST(ProgressText, NoControlCharacterReachesTheTerminal) {
+    EXPECT_EQ(progressText(collecting("/a/x\n\x1B[2J\xFF\u009B"), wide),
+              "Collecting Files: x??[2J??");
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,119 @@
+#include "cli/scan_options.h"
+
+#include <CLI/CLI.hpp>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+using Words = std::vector<std::string>;
+
+/// What comes of a command line: the options, or why there are none.
+struct Parsed {
+    ScanOptions options;
+    std::string error;
+};
+
+Parsed parsed(Words words) {
+    Parsed answer;
+    CLI::App command;
+    addScanOptions(command, answer.options);
+    std::reverse(words.begin(), words.end());
+    try {
+        command.parse(std::move(words));
+    } catch (const CLI::ParseError& error) {
+        answer.error = error.what();
+    }
+    return answer;
+}
+
+TEST(ScanOptions, AFolderIsEnough) {
+    const Parsed answer = parsed({"photos"});
+    EXPECT_EQ(answer.error, "");
+    EXPECT_EQ(answer.options.folders, Words{"photos"});
+    EXPECT_EQ(answer.options.format, ResultFormat::text);
+    EXPECT_EQ(answer.options.output, "-");
+    EXPECT_TRUE(answer.options.useExceptions);
+    EXPECT_EQ(answer.options.exceptionsFile, std::nullopt);
+    EXPECT_EQ(answer.options.progress, ProgressWhen::automatic);
+}
+
+TEST(ScanOptions, OptionsMayStandBetweenTheFolders) {
+    const Parsed answer = parsed({"a", "--format", "json", "b", "--output=o.json", "c d"});
+    EXPECT_EQ(answer.error, "");
+    EXPECT_EQ(answer.options.folders, (Words{"a", "b", "c d"}));
+    EXPECT_EQ(answer.options.format, ResultFormat::json);
+    EXPECT_EQ(answer.options.output, "o.json");
+}
+
+TEST(ScanOptions, EveryFormatHasItsWord) {
+    EXPECT_EQ(parsed({"--format", "text", "a"}).options.format, ResultFormat::text);
+    EXPECT_EQ(parsed({"--format", "json", "a"}).options.format, ResultFormat::json);
+    EXPECT_EQ(parsed({"--format", "csv", "a"}).options.format, ResultFormat::csv);
+}
+
+TEST(ScanOptions, EveryTimeForProgressHasItsWord) {
+    EXPECT_EQ(parsed({"--progress", "auto", "a"}).options.progress, ProgressWhen::automatic);
+    EXPECT_EQ(parsed({"--progress", "always", "a"}).options.progress, ProgressWhen::always);
+    EXPECT_EQ(parsed({"--progress", "never", "a"}).options.progress, ProgressWhen::never);
+}
+
+TEST(ScanOptions, OfTwoWordsTheLastCounts) {
+    const Parsed answer =
+        parsed({"--format", "csv", "--output", "1", "--format", "json", "--output", "2", "a"});
+    EXPECT_EQ(answer.error, "");
+    EXPECT_EQ(answer.options.format, ResultFormat::json);
+    EXPECT_EQ(answer.options.output, "2");
+}
+
+TEST(ScanOptions, ADashIsAnOutput) {
+    const Parsed answer = parsed({"--output", "-", "a"});
+    EXPECT_EQ(answer.error, "");
+    EXPECT_EQ(answer.options.output, "-");
+}
+
+TEST(ScanOptions, ExceptionsMayBeLeftOutOrTakenFromAFile) {
+    EXPECT_FALSE(parsed({"--no-exceptions", "a"}).options.useExceptions);
+    EXPECT_EQ(parsed({"--exceptions", "list", "a"}).options.exceptionsFile, "list");
+}
+
+TEST(ScanOptions, ExceptionsCannotBeBothLeftOutAndTaken) {
+    EXPECT_NE(parsed({"--no-exceptions", "--exceptions", "list", "a"}).error, "");
+    EXPECT_NE(parsed({"--exceptions", "list", "--no-exceptions", "a"}).error, "");
+}
+
+TEST(ScanOptions, AWordThatIsNoneOfThemIsRefused) {
+    EXPECT_EQ(parsed({"--format", "xml", "a"}).error, "--format: xml is none of text, json, csv");
+    EXPECT_EQ(parsed({"--format", "JSON", "a"}).error, "--format: JSON is none of text, json, csv");
+    EXPECT_EQ(parsed({"--progress", "", "a"}).error,
+              "--progress: $'' is none of auto, always, never");
+}
+
+TEST(ScanOptions, AWordThatIsOverruledMustBeOneOfThemToo) {
+    EXPECT_NE(parsed({"--format", "xml", "--format", "json", "a"}).error, "");
+}
+
+TEST(ScanOptions, AMissingFolderIsRefused) {
+    EXPECT_EQ(parsed({}).error, "FOLDER is required");
+}
+
+TEST(ScanOptions, AMissingWordIsRefused) {
+    for (const char* option : {"--format", "--output", "--exceptions", "--progress"}) {
+        EXPECT_NE(parsed({"a", option}).error, "") << option;
+    }
+}
+
+TEST(ScanOptions, AnUnknownOptionIsRefused) {
+    EXPECT_NE(parsed({"a", "--recursive"}).error.find("--recursive"), std::string::npos);
+    EXPECT_NE(parsed({"a", "-r"}).error.find("-r"), std::string::npos);
+    EXPECT_NE(parsed({"a", "--form", "json"}).error.find("--form"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tarvin

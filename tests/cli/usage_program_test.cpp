@@ -1,0 +1,91 @@
+#include "cli/program_run.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+namespace tarvin {
+namespace {
+
+using Words = ProgramRun::Words;
+
+/// A command line that is wrong, and what is said about it.
+struct WrongUsage {
+    Words arguments;
+    std::string errors;
+};
+
+void expectRefusal(const WrongUsage& wrong) {
+    const ProgramResult result = runTarvin(wrong.arguments);
+    EXPECT_EQ(result.status, 2) << wrong.errors;
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.errors, wrong.errors);
+}
+
+TEST(Usage, WithoutACommandNothingIsDone) {
+    for (const Words& arguments : {Words{}, Words{"--"}}) {
+        expectRefusal({arguments, "tarvin: a command is missing\nTry 'tarvin --help'.\n"});
+    }
+}
+
+TEST(Usage, AnUnknownCommandIsNamed) {
+    expectRefusal({{"clean", "/"}, "tarvin: clean is no command\nTry 'tarvin --help'.\n"});
+    expectRefusal(
+        {{"sc\x1B[31man"}, "tarvin: $'sc\\x1b[31man' is no command\nTry 'tarvin --help'.\n"});
+    expectRefusal({{""}, "tarvin: $'' is no command\nTry 'tarvin --help'.\n"});
+}
+
+TEST(Usage, AnUnknownOptionIsNamed) {
+    expectRefusal(
+        {{"--recursive"}, "tarvin: --recursive is not expected here\nTry 'tarvin --help'.\n"});
+    expectRefusal({{"--format", "json", "scan", "/"},
+                   "tarvin: --format is not expected here\nTry 'tarvin scan --help'.\n"});
+    expectRefusal({{"scan", "/nonexistent", "--re\ncursive"},
+                   "tarvin: $'--re\\ncursive' is not expected here\nTry 'tarvin scan --help'.\n"});
+}
+
+TEST(Usage, AScanNeedsAFolder) {
+    for (const Words& arguments : {Words{"scan"}, Words{"scan", "--format", "json"}}) {
+        expectRefusal({arguments, "tarvin: FOLDER is required\nTry 'tarvin scan --help'.\n"});
+    }
+}
+
+TEST(Usage, AWordThatIsNoneOfThemIsNamed) {
+    expectRefusal({{"scan", "--format", "xml", "/nonexistent"},
+                   "tarvin: --format: xml is none of text, json, csv\n"
+                   "Try 'tarvin scan --help'.\n"});
+    expectRefusal({{"scan", "--progress", "sometimes", "/nonexistent"},
+                   "tarvin: --progress: sometimes is none of auto, always, never\n"
+                   "Try 'tarvin scan --help'.\n"});
+}
+
+TEST(Usage, ExceptionsCannotBeBothLeftOutAndTaken) {
+    const ProgramResult result =
+        runTarvin({"scan", "--no-exceptions", "--exceptions", "list", "/nonexistent"});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.output, "");
+    EXPECT_NE(result.errors.find("--exceptions"), std::string::npos);
+    EXPECT_NE(result.errors.find("--no-exceptions"), std::string::npos);
+}
+
+TEST(Usage, AnOutputThatCannotBeWrittenIsRefusedBeforeTheScan) {
+    const TemporaryFolder folder;
+    const std::string path = folder.pathOf("no folder/result");
+    expectRefusal({{"scan", "--output", path, "/nonexistent"},
+                   "tarvin: " + path + ": No such file or directory\n"});
+    expectRefusal({{"scan", "--output", folder.path(), "/nonexistent"},
+                   "tarvin: " + folder.path() + ": Is a directory\n"});
+}
+
+TEST(Usage, WrongUsageLeavesAnOutputAlone) {
+    const TemporaryFolder folder;
+    expectRefusal({{"scan", "--output", folder.pathOf("result"), "--exceptions", "/nonexistent",
+                    "/nonexistent"},
+                   "tarvin: /nonexistent: No such file or directory\n"});
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,81 @@
+#include "cli/utf8.h"
+
+#include <gtest/gtest.h>
+
+#include <string_view>
+
+namespace tarvin {
+namespace {
+
+using namespace std::string_view_literals;
+
+TEST(Utf8, AsciiIsValid) {
+    EXPECT_TRUE(isValidUtf8("plain text\n\x7F"));
+}
+
+TEST(Utf8, NothingIsValid) {
+    EXPECT_TRUE(isValidUtf8(""));
+}
+
+TEST(Utf8, AZeroByteIsACharacter) {
+    EXPECT_TRUE(isValidUtf8("a\0b"sv));
+}
+
+TEST(Utf8, CharactersOfEveryLengthAreValid) {
+    EXPECT_TRUE(isValidUtf8("\u00E4 \u20AC \U0001F600"));
+    EXPECT_TRUE(isValidUtf8("\xC2\x80 \xDF\xBF \xE0\xA0\x80 \xEF\xBF\xBF"));
+    EXPECT_TRUE(isValidUtf8("\xED\x9F\xBF \xEE\x80\x80 \xF0\x90\x80\x80 \xF4\x8F\xBF\xBF"));
+}
+
+TEST(Utf8, BytesThatBeginNoCharacterAreBad) {
+    for (const std::string_view text : {"\x80", "\xBF", "\xC0", "\xC1", "\xF5", "\xFF"}) {
+        EXPECT_FALSE(isValidUtf8(text)) << hexadecimal(text);
+    }
+}
+
+TEST(Utf8, ACharacterThatBreaksOffIsBad) {
+    for (const std::string_view text :
+         {"\xC3", "\xC3z", "\xE2\x82", "\xE2\x82z", "\xF0\x9F\x98", "\xF0\x9F\x98z"}) {
+        EXPECT_FALSE(isValidUtf8(text)) << hexadecimal(text);
+    }
+}
+
+TEST(Utf8, ALongerSpellingThanNeededIsBad) {
+    for (const std::string_view text :
+         {"\xC0\xAF", "\xE0\x80\xAF", "\xE0\x9F\xBF", "\xF0\x80\x80\xAF", "\xF0\x8F\xBF\xBF"}) {
+        EXPECT_FALSE(isValidUtf8(text)) << hexadecimal(text);
+    }
+}
+
+TEST(Utf8, SurrogatesAndWhatLiesBeyondTheLastCharacterAreBad) {
+    for (const std::string_view text : {"\xED\xA0\x80", "\xED\xBF\xBF", "\xF4\x90\x80\x80"}) {
+        EXPECT_FALSE(isValidUtf8(text)) << hexadecimal(text);
+    }
+}
+
+TEST(Utf8, TheFirstCharacterTellsItsCodePointAndLength) {
+    const Utf8Character euro = firstCharacter("\u20ACx");
+    EXPECT_TRUE(euro.valid);
+    EXPECT_EQ(euro.codePoint, U'\u20AC');
+    EXPECT_EQ(euro.length, 3U);
+}
+
+TEST(Utf8, ABadByteIsTakenAlone) {
+    const Utf8Character bad = firstCharacter("\xE2\x82");
+    EXPECT_FALSE(bad.valid);
+    EXPECT_EQ(bad.codePoint, char32_t{0xE2});
+    EXPECT_EQ(bad.length, 1U);
+}
+
+TEST(Utf8, EachBadByteIsReplaced) {
+    EXPECT_EQ(withBadBytesReplaced("a\xFF\xFE\u00E4\xE2\x82"), "a\uFFFD\uFFFD\u00E4\uFFFD\uFFFD");
+    EXPECT_EQ(withBadBytesReplaced("fine"), "fine");
+}
+
+TEST(Utf8, BytesAreWrittenInLowerCaseHexadecimal) {
+    EXPECT_EQ(hexadecimal("\x00\x0F/\xAB\xFF"sv), "000f2fabff");
+    EXPECT_EQ(hexadecimal(""), "");
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace tarvin {
+
+struct CommandResult {
+    int status = -1;     ///< as the shell gives it; -1 if the command did not run or did not exit
+    std::string output;  ///< standard output and standard error, in the order they were written
+};
+
+/// Runs `command` in the project's root with /bin/sh, with nothing to read on its standard input,
+/// and waits for its end.
+[[nodiscard]] CommandResult runCommand(const std::string& command);
+
+}  // namespace tarvin

@@ -1,0 +1,194 @@
+#include "rules/include_rules.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cstddef>
+#include <optional>
+#include <sstream>
+
+namespace tarvin {
+
+namespace {
+
+enum class Library { standard, system, glib, libplist, utf8proc, xxhash, cli11, json, qt };
+
+/// What one folder may name beside itself and the standard library.
+struct Layer {
+    std::string_view folder;
+    /// Folders with a slash at the end, or single headers.
+    std::array<std::string_view, 6> ours{};
+    std::array<Library, 3> libraries{};
+    /// Allowed in .cpp files, never in a header that others include.
+    std::array<Library, 3> librariesInSources{};
+};
+
+constexpr std::array layers{
+    Layer{.folder = "platform",
+          .librariesInSources = {Library::system, Library::glib, Library::qt}},
+    Layer{.folder = "model", .ours = {"platform/trash.h", "platform/timestamp.h"}},
+    Layer{.folder = "scan",
+          .ours = {"model/", "platform/"},
+          .librariesInSources = {Library::utf8proc, Library::xxhash}},
+    Layer{.folder = "store", .ours = {"platform/"}, .librariesInSources = {Library::libplist}},
+    Layer{.folder = "controls", .libraries = {Library::qt}},
+    Layer{.folder = "interface", .ours = {"controls/"}, .libraries = {Library::qt}},
+    Layer{.folder = "controller",
+          .ours = {"model/", "scan/", "store/", "platform/", "controls/", "interface/"},
+          .libraries = {Library::qt}},
+    Layer{.folder = "cli",
+          .ours = {"model/", "scan/", "store/", "platform/"},
+          .libraries = {Library::cli11, Library::json},
+          .librariesInSources = {Library::system}},
+    Layer{.folder = "app", .ours = {"controller/"}, .libraries = {Library::qt}},
+};
+
+/// How a library's headers are recognised: a whole name, or a folder with a slash at its end.
+struct HeaderOf {
+    std::string_view name;
+    Library library;
+};
+
+constexpr std::array headers{
+    HeaderOf{"dirent.h", Library::system},     HeaderOf{"errno.h", Library::system},
+    HeaderOf{"fcntl.h", Library::system},      HeaderOf{"linux/", Library::system},
+    HeaderOf{"mntent.h", Library::system},     HeaderOf{"poll.h", Library::system},
+    HeaderOf{"pthread.h", Library::system},    HeaderOf{"pwd.h", Library::system},
+    HeaderOf{"signal.h", Library::system},     HeaderOf{"spawn.h", Library::system},
+    HeaderOf{"sys/", Library::system},         HeaderOf{"termios.h", Library::system},
+    HeaderOf{"unistd.h", Library::system},     HeaderOf{"gio/", Library::glib},
+    HeaderOf{"glib.h", Library::glib},         HeaderOf{"glib/", Library::glib},
+    HeaderOf{"glib-object.h", Library::glib},  HeaderOf{"plist/", Library::libplist},
+    HeaderOf{"utf8proc.h", Library::utf8proc}, HeaderOf{"xxhash.h", Library::xxhash},
+    HeaderOf{"CLI/", Library::cli11},          HeaderOf{"nlohmann/", Library::json},
+};
+
+bool matches(std::string_view name, std::string_view pattern) {
+    return pattern.ends_with('/') ? name.starts_with(pattern) : name == pattern;
+}
+
+bool isQt(std::string_view name) {
+    return name.size() > 1 && name[0] == 'Q' &&
+           (name[1] == 't' || std::isupper(static_cast<unsigned char>(name[1])) != 0);
+}
+
+bool isStandard(std::string_view name) {
+    return name.find_first_of("./") == std::string_view::npos;
+}
+
+std::optional<Library> libraryOf(std::string_view name) {
+    const auto* known =
+        std::find_if(headers.begin(), headers.end(),
+                     [name](const HeaderOf& header) { return matches(name, header.name); });
+    if (known != headers.end()) {
+        return known->library;
+    }
+    if (isQt(name)) {
+        return Library::qt;
+    }
+    return isStandard(name) ? std::optional(Library::standard) : std::nullopt;
+}
+
+/// The bare words after "#include", or none if the line includes nothing.
+std::optional<std::string_view> includedBy(std::string_view line) {
+    const auto skipBlanks = [&line] {
+        line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+    };
+    skipBlanks();
+    if (!line.starts_with('#')) {
+        return std::nullopt;
+    }
+    line.remove_prefix(1);
+    skipBlanks();
+    constexpr std::string_view keyword = "include";
+    if (!line.starts_with(keyword)) {
+        return std::nullopt;
+    }
+    line.remove_prefix(keyword.size());
+    skipBlanks();
+    return line;
+}
+
+std::optional<std::string_view> between(std::string_view text, char open, char close) {
+    if (!text.starts_with(open)) {
+        return std::nullopt;
+    }
+    const std::size_t end = text.find(close, 1);
+    if (end == std::string_view::npos) {
+        return std::nullopt;
+    }
+    return text.substr(1, end - 1);
+}
+
+std::string judgeOurs(const Layer& layer, std::string_view name) {
+    const bool own = name.substr(0, name.find('/')) == layer.folder && name != layer.folder;
+    const bool allowed =
+        own || std::any_of(layer.ours.begin(), layer.ours.end(), [name](std::string_view pattern) {
+            return !pattern.empty() && matches(name, pattern);
+        });
+    if (allowed) {
+        return {};
+    }
+    return std::string(layer.folder) + "/ may not include \"" + std::string(name) + '"';
+}
+
+std::string judgeLibrary(const Layer& layer, bool isHeader, std::string_view name) {
+    const std::string quoted = '<' + std::string(name) + '>';
+    const std::optional<Library> library = libraryOf(name);
+    if (!library) {
+        return quoted + " is of no library that the project uses";
+    }
+    const auto holds = [library](const std::array<Library, 3>& allowed) {
+        return std::find(allowed.begin(), allowed.end(), *library) != allowed.end();
+    };
+    if (*library == Library::standard || holds(layer.libraries)) {
+        return {};
+    }
+    if (!holds(layer.librariesInSources)) {
+        return std::string(layer.folder) + "/ may not include " + quoted;
+    }
+    return isHeader ? "a header may not include " + quoted : std::string();
+}
+
+/// The reason why a line may not stand in its file; empty if it may.
+std::string judge(const Layer& layer, bool isHeader, std::string_view included) {
+    if (const auto ours = between(included, '"', '"')) {
+        return judgeOurs(layer, *ours);
+    }
+    if (const auto library = between(included, '<', '>')) {
+        return judgeLibrary(layer, isHeader, *library);
+    }
+    return "an #include that names no file cannot be judged";
+}
+
+const Layer* layerOf(std::string_view path) {
+    const std::string_view folder = path.substr(0, path.find('/'));
+    const auto* layer =
+        std::find_if(layers.begin(), layers.end(),
+                     [folder](const Layer& candidate) { return candidate.folder == folder; });
+    return layer == layers.end() || folder == path ? nullptr : layer;
+}
+
+}  // namespace
+
+std::vector<std::string> includeBreaches(std::string_view path, std::string_view text) {
+    const std::string name(path);
+    const Layer* layer = layerOf(path);
+    if (layer == nullptr) {
+        return {name + ": in no folder of the layer table"};
+    }
+    std::vector<std::string> breaches;
+    std::istringstream lines{std::string(text)};
+    std::string line;
+    for (std::size_t number = 1; std::getline(lines, line); ++number) {
+        const std::optional<std::string_view> included = includedBy(line);
+        const std::string reason =
+            included ? judge(*layer, path.ends_with(".h"), *included) : std::string();
+        if (!reason.empty()) {
+            breaches.push_back(name + ':' + std::to_string(number) + ": " + reason);
+        }
+    }
+    return breaches;
+}
+
+}  // namespace tarvin

@@ -1,0 +1,82 @@
+#include "rules/command.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string>
+
+namespace tarvin {
+namespace {
+
+/// What bash offers at the end of `words`, one offer a line. The last word is the one being typed.
+/// `folder` is where it happens, relative to the project's root.
+std::string bashOffers(const std::string& words, std::size_t position,
+                       const std::string& folder = ".") {
+    const std::string script =
+        "source packaging/completions/tarvin.bash\n"
+        "complete -p tarvin >/dev/null || exit 3\n"
+        "cd \"$0\" || exit 4\n"
+        "COMP_WORDS=(" +
+        words + ")\nCOMP_CWORD=" + std::to_string(position) +
+        "\n_tarvin tarvin\n"
+        "((${#COMPREPLY[@]} == 0)) || printf \"%s\\n\" \"${COMPREPLY[@]}\" | sort\n";
+    const CommandResult result = runCommand("bash -c '" + script + "' " + folder);
+    EXPECT_EQ(result.status, 0) << result.output;
+    return result.output;
+}
+
+TEST(ManPage, IsWrittenWithoutMistake) {
+    const CommandResult result = runCommand(
+        "LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 "
+        "man --warnings -E UTF-8 -l -Tutf8 -Z packaging/man/tarvin.1 >/dev/null");
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.status, 0);
+}
+
+TEST(ZshCompletion, IsAcceptedByZsh) {
+    const CommandResult result = runCommand("zsh -n packaging/completions/_tarvin");
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.status, 0);
+}
+
+TEST(BashCompletion, CompletesACommand) {
+    EXPECT_EQ(bashOffers("tarvin sc", 1), "scan\n");
+}
+
+TEST(BashCompletion, OffersWhatMayStandFirst) {
+    EXPECT_EQ(bashOffers("tarvin \"\"", 1), "--help\n--version\nscan\n");
+}
+
+TEST(BashCompletion, OffersTheOptionsOfScan) {
+    EXPECT_EQ(bashOffers("tarvin scan --", 2),
+              "--exceptions\n--format\n--help\n--no-exceptions\n--output\n--progress\n");
+}
+
+TEST(BashCompletion, OffersTheFormats) {
+    EXPECT_EQ(bashOffers("tarvin scan --format \"\"", 3), "csv\njson\ntext\n");
+    EXPECT_EQ(bashOffers("tarvin scan --format = js", 4), "json\n");
+    EXPECT_EQ(bashOffers("tarvin scan --format =", 3), "csv\njson\ntext\n");
+}
+
+TEST(BashCompletion, OffersWhenToShowProgress) {
+    EXPECT_EQ(bashOffers("tarvin scan --progress a", 3), "always\nauto\n");
+}
+
+TEST(BashCompletion, OffersFoldersToScanAndNoFiles) {
+    EXPECT_EQ(bashOffers("tarvin scan co", 2, "packaging"), "completions\n");
+    EXPECT_EQ(bashOffers("tarvin scan CMakeL", 2), "");
+}
+
+TEST(BashCompletion, OffersFilesWhereAFileIsWanted) {
+    EXPECT_EQ(bashOffers("tarvin scan --output LIC", 3), "LICENSE\n");
+    EXPECT_EQ(bashOffers("tarvin scan --exceptions LIC", 3), "LICENSE\n");
+}
+
+TEST(BashCompletion, AfterTheEndOfOptionsOnlyFoldersAreOffered) {
+    EXPECT_EQ(bashOffers("tarvin scan -- --", 3), "");
+    EXPECT_EQ(bashOffers("tarvin scan -- comp", 3, "packaging"), "completions\n");
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,60 @@
+#include "rules/command.h"
+#include "rules/project_files.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+using testing::IsSupersetOf;
+
+TEST(Scripts, WhatAPersonStartsIsExecutable) {
+    for (const char* script : {"run", "test", ".ci/run", "bench/compare"}) {
+        const auto status = std::filesystem::status(projectRoot() / script);
+        ASSERT_TRUE(std::filesystem::is_regular_file(status)) << script;
+        const auto wanted = std::filesystem::perms::owner_exec |
+                            std::filesystem::perms::group_exec |
+                            std::filesystem::perms::others_exec;
+        EXPECT_EQ(status.permissions() & wanted, wanted) << script;
+    }
+}
+
+TEST(Scripts, BashAcceptsEveryScript) {
+    const std::vector<std::filesystem::path> scripts = bashScripts();
+    ASSERT_THAT(scripts, IsSupersetOf({"run", "test", ".ci/run", "scripts/packages.sh"}));
+    for (const std::filesystem::path& script : scripts) {
+        const CommandResult result = runCommand("bash -n '" + script.string() + "'");
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.status, 0) << script;
+    }
+}
+
+TEST(Scripts, ShellcheckFindsNothingInThem) {
+    for (const std::filesystem::path& script : bashScripts()) {
+        const CommandResult result = runCommand("shellcheck -x '" + script.string() + "'");
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.status, 0) << script;
+    }
+}
+
+TEST(Scripts, TheTestCommandExplainsItself) {
+    const CommandResult result = runCommand("./test --help");
+    EXPECT_EQ(result.status, 0);
+    for (const char* option : {"--quick", "--sanitizers", "--tidy", "--format", "--help"}) {
+        EXPECT_THAT(result.output, testing::HasSubstr(option));
+    }
+}
+
+TEST(Scripts, TheTestCommandRefusesWhatItDoesNotKnow) {
+    const CommandResult result = runCommand("./test --no-such-step");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_THAT(result.output, testing::HasSubstr("--no-such-step"));
+}
+
+}  // namespace
+}  // namespace tarvin

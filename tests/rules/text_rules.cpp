@@ -1,0 +1,48 @@
+#include "rules/text_rules.h"
+
+#include <array>
+
+namespace tarvin {
+
+namespace {
+
+// In two pieces each, so that this file does not break the rule it states.
+constexpr std::array<const char*, 3> sleeps{
+    "sleep_"
+    "for(",
+    "sleep_"
+    "until(",
+    "usl"
+    "eep("};
+
+bool holds(std::string_view text, std::string_view wanted) {
+    return text.find(wanted) != std::string_view::npos;
+}
+
+bool isGuarded(std::string_view header) {
+    constexpr std::string_view guard = "\n#pragma once\n";
+    return header.starts_with(guard.substr(1)) || holds(header, guard);
+}
+
+}  // namespace
+
+std::vector<std::string> textBreaches(std::string_view path, std::string_view text) {
+    const std::string name(path);
+    std::vector<std::string> breaches;
+    if (holds(text, "\t")) {
+        breaches.push_back(name + ": a tab");
+    }
+    if (path.ends_with(".h") && !isGuarded(text)) {
+        breaches.push_back(name + ": a header without #pragma once");
+    }
+    if (path.starts_with("tests/")) {
+        for (const char* sleep : sleeps) {
+            if (holds(text, sleep)) {
+                breaches.push_back(name + ": a fixed wait, " + sleep + ")");
+            }
+        }
+    }
+    return breaches;
+}
+
+}  // namespace tarvin
