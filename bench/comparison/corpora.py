@@ -1,12 +1,15 @@
 """The file trees: which there are, how large, and how they are made and removed."""
 
 import os
+import shutil
 import subprocess
+from concurrent.futures import ThreadPoolExecutor
 from contextlib import contextmanager
 from dataclasses import dataclass
 from pathlib import Path
 
 SEED = 20
+REMOVERS = 32  # threads
 
 
 @dataclass(frozen=True)
@@ -66,5 +69,16 @@ class CorpusMaker:
 
 
 def remove(folder):
-    """Removes a tree. `rm` is several times as fast as the standard library on a million files."""
-    subprocess.run(["rm", "-rf", "--", str(folder)], check=True)
+    """Removes a tree, if it is there. Many hands at once, because on a disk mounted with "discard"
+    each file waits for the device."""
+    with ThreadPoolExecutor(REMOVERS) as pool:
+        for directory, _, names in os.walk(folder):
+            pool.submit(remove_files, directory, names)
+    if os.path.exists(folder):
+        shutil.rmtree(folder)
+
+
+def remove_files(directory, names):
+    """Removes the named files of one directory."""
+    for name in names:
+        os.unlink(os.path.join(directory, name))

@@ -63,10 +63,10 @@ def introduction(setting):
         "found is compared: unless our sets are exactly those of the programs that confirm every "
         "match byte for byte, nothing is timed. Then all programs take turns, once per round, each "
         f"round beginning with the next one: {rounds_text(setting.rounds[WARM])} just after the "
-        f"floor has read the tree (warm){cold_text(setting)}. On a tree, no further warm "
-        f"or cold round is begun after {setting.budget:.0f} s of them. A program that takes over {setting.limit:.0f} s, or over "
-        f"{TIMES_OURS} times our time (though at least {LEAST_LIMIT:.0f} s), is not run again on "
-        "that tree.",
+        f"floor has read the tree (warm){cold_text(setting)}. On a tree, no further warm or cold "
+        f"round is begun after {setting.budget:.0f} s of them. A program that takes over "
+        f"{setting.limit:.0f} s, or over {TIMES_OURS} times our time (though at least "
+        f"{LEAST_LIMIT:.0f} s), is not run again on that tree.",
         "",
         "Times are wall seconds, median (least–most); processor seconds are the median of user and "
         "system time together; memory is the largest resident size of any timed run.",

@@ -125,8 +125,9 @@ class Session:
             self._say(f"{kind.name}: comparing what is found")
             contest.check()
             for mode, rounds in self._setting.rounds.items():
-                self._say(f"{kind.name}: {mode} {rounds_text(rounds)}")
-                contest.race(mode, rounds, self._extent.budget)
+                if rounds:
+                    self._say(f"{kind.name}: {rounds_text(rounds)}, {mode}")
+                    contest.race(mode, rounds, self._extent.budget)
             self._say(f"{kind.name}: removing it")
         return contest
 

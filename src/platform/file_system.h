@@ -48,7 +48,10 @@ struct FileAttributes {
     std::uint64_t size = 0;  ///< bytes
     std::optional<Timestamp> modified;
     std::optional<Timestamp> created;
+    /// When anything about it was changed last; cannot be set back.
+    std::optional<Timestamp> changed;
     FileIdentity identity;
+    std::uint32_t linkCount = 0;  ///< names that it has; none any more if 0
 };
 
 /// An open file or folder. Closes itself.

@@ -1,11 +1,11 @@
 #include "scan/candidate_reader.h"
 
+#include "scan/open_patiently.h"
+
 #include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <memory>
 #include <string>
-#include <thread>
 #include <utility>
 
 namespace tarvin {
@@ -16,9 +16,6 @@ namespace {
 constexpr std::size_t descriptorsForOthers = 32;
 constexpr std::size_t fewestDescriptors = 2;
 constexpr std::size_t mostDescriptors = 512;
-// Somebody else in the process may hold what was counted on; a file is not given up for that.
-constexpr int patienceTries = 400;
-constexpr std::chrono::milliseconds patienceStep{5};
 
 /// Half of what can be spared: one half is for visits, the other for files kept open.
 std::size_t openAtOnce(std::size_t limit) {
@@ -26,8 +23,9 @@ std::size_t openAtOnce(std::size_t limit) {
     return std::clamp(spare / 2, fewestDescriptors, mostDescriptors);
 }
 
-bool isShortage(SystemError error) {
-    return error.code == EMFILE || error.code == ENFILE;
+FileStamp stampOf(const FileAttributes& attributes) {
+    return {attributes.identity, attributes.size, attributes.modified, attributes.changed,
+            attributes.linkCount};
 }
 
 }  // namespace
@@ -45,7 +43,8 @@ std::optional<OpenCandidate> CandidateReader::open(const File& file) {
     thread_local std::string path;
     path.clear();
     file.appendFilePath(path);
-    Result<Descriptor> descriptor = openPatiently(path);
+    Result<Descriptor> descriptor =
+        openPatiently(control_, [this] { return fileSystem_.openFile(path); });
     if (!descriptor) {
         return std::nullopt;
     }
@@ -53,32 +52,45 @@ std::optional<OpenCandidate> CandidateReader::open(const File& file) {
     if (!attributes || attributes->type != EntryType::regular) {
         return std::nullopt;
     }
-    return OpenCandidate{std::move(*descriptor), *attributes,
-                         onlyReaderOf(attributes->identity.device)};
+    OpenCandidate candidate{std::move(*descriptor), stampOf(*attributes),
+                            onlyReaderOf(attributes->identity.device)};
+    std::byte beyond{};
+    if (candidate.stamp.size == 0 && readSome(candidate, 0, {&beyond, 1}) != 0) {
+        // Some file systems give no size for what they make up while it is read.
+        return std::nullopt;
+    }
+    return candidate;
 }
 
 bool CandidateReader::read(const OpenCandidate& candidate, std::uint64_t offset,
                            std::span<std::byte> into) {
-    if (into.empty()) {
-        return true;
-    }
+    return into.empty() || readSome(candidate, offset, into) == into.size();
+}
+
+bool CandidateReader::readWhole(const OpenCandidate& candidate, std::span<std::byte> into) {
+    return candidate.stamp.size == 0 || readSome(candidate, 0, into) == candidate.stamp.size;
+}
+
+bool CandidateReader::isUnchanged(const OpenCandidate& candidate) {
+    const Result<FileAttributes> now = fileSystem_.attributesOf(candidate.descriptor);
+    return now && now->linkCount > 0 && stampOf(*now) == candidate.stamp;
+}
+
+/// How many bytes there were; none if they cannot be read or the scan was stopped.
+std::optional<std::size_t> CandidateReader::readSome(const OpenCandidate& candidate,
+                                                     std::uint64_t offset,
+                                                     std::span<std::byte> into) {
     if (!control_.mayGoOn()) {
-        return false;
+        return std::nullopt;
     }
     const Result<std::size_t> got = candidate.onlyReader == nullptr
                                         ? fileSystem_.readAt(candidate.descriptor, offset, into)
                                         : readAlone(candidate, offset, into);
     if (!got) {
-        return false;
+        return std::nullopt;
     }
     bytesRead_.fetch_add(*got, std::memory_order_relaxed);
-    return *got == into.size();
-}
-
-bool CandidateReader::isUnchanged(const OpenCandidate& candidate) {
-    const Result<FileAttributes> now = fileSystem_.attributesOf(candidate.descriptor);
-    return now && now->size == candidate.attributes.size &&
-           now->modified == candidate.attributes.modified;
+    return *got;
 }
 
 /// What is in memory already is read beside other readers; the rest waits for the device.
@@ -89,26 +101,22 @@ Result<std::size_t> CandidateReader::readAlone(const OpenCandidate& candidate, s
     if (known == into.size()) {
         return known;
     }
-    const std::lock_guard lock(*candidate.onlyReader);
+    std::unique_lock lock(*candidate.onlyReader);
+    while (control_.pause()) {
+        lock.unlock();
+        control_.waitWhilePaused();
+        lock.lock();
+    }
+    if (control_.stop()) {
+        // Many may have waited here, and each would read once more.
+        return SystemError{EINTR};
+    }
     Result<std::size_t> rest =
         fileSystem_.readAt(candidate.descriptor, offset + known, into.subspan(known));
     if (!rest) {
         return rest;
     }
     return known + *rest;
-}
-
-Result<Descriptor> CandidateReader::openPatiently(const std::string& path) {
-    Result<Descriptor> descriptor = fileSystem_.openFile(path);
-    for (int tries = 0; !descriptor && isShortage(descriptor.error()) && tries < patienceTries;
-         ++tries) {
-        if (!control_.mayGoOn()) {
-            break;
-        }
-        std::this_thread::sleep_for(patienceStep);
-        descriptor = fileSystem_.openFile(path);
-    }
-    return descriptor;
 }
 
 std::mutex* CandidateReader::onlyReaderOf(std::uint64_t device) {

@@ -8,6 +8,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <span>
@@ -15,10 +16,21 @@
 
 namespace tarvin {
 
+/// What tells whether a file is still the one it was, with the same content.
+struct FileStamp {
+    FileIdentity identity;
+    std::uint64_t size = 0;  ///< bytes
+    std::optional<Timestamp> modified;
+    std::optional<Timestamp> changed;
+    std::uint32_t linkCount = 0;
+
+    bool operator==(const FileStamp&) const = default;
+};
+
 /// A file that may have a twin, open for reading.
 struct OpenCandidate {
     Descriptor descriptor;
-    FileAttributes attributes;
+    FileStamp stamp;                   ///< as it was when it was opened
     std::mutex* onlyReader = nullptr;  ///< held while reading from a device with moving heads
 };
 
@@ -41,13 +53,17 @@ class CandidateReader final {
     [[nodiscard]] bool read(const OpenCandidate& candidate, std::uint64_t offset,
                             std::span<std::byte> into);
 
+    /// Reads a whole file into `into`, which has room for its size and one byte more. False if it
+    /// is not exactly as long as it was when it was opened, and where read() is.
+    [[nodiscard]] bool readWhole(const OpenCandidate& candidate, std::span<std::byte> into);
+
     /// Says that little of the file will be read, so that the device is not kept busy with the
     /// rest.
     void expectLittle(const OpenCandidate& candidate) {
         fileSystem_.disableReadAhead(candidate.descriptor);
     }
 
-    /// Whether the open file still is what it was when it was opened.
+    /// Whether the open file still is what it was when it was opened, and has a name.
     [[nodiscard]] bool isUnchanged(const OpenCandidate& candidate);
 
     /// How many candidates may be open at once for the time of a visit: whoever takes one of these
@@ -63,7 +79,9 @@ class CandidateReader final {
     }
 
  private:
-    Result<Descriptor> openPatiently(const std::string& path);
+    [[nodiscard]] std::optional<std::size_t> readSome(const OpenCandidate& candidate,
+                                                      std::uint64_t offset,
+                                                      std::span<std::byte> into);
     Result<std::size_t> readAlone(const OpenCandidate& candidate, std::uint64_t offset,
                                   std::span<std::byte> into);
     std::mutex* onlyReaderOf(std::uint64_t device);

@@ -7,14 +7,15 @@
 #include <cstring>
 #include <iterator>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 
 namespace tarvin {
 
 namespace {
 
-// Files up to this size are read whole at once: one more system call would cost more than the bytes
-// it might save.
+// Files below this size are read whole at once: one more system call would cost more than the bytes
+// it might save. A byte more than the file should have is asked for, to see that it ends there.
 constexpr std::uint64_t wholeFileBytes = 16 * 1024;
 constexpr std::size_t mostFilesReadWhole = BufferPool::slabBytes / wholeFileBytes;
 // Among so few, comparing all pairs costs less than fingerprints.
@@ -66,14 +67,14 @@ std::vector<FileGroup> groupEqual(std::vector<WholeFile> files) {
 
 /// The groups of two or more files that have the same present size and, where there are any, the
 /// same fingerprint.
-std::vector<FileGroup> alike(std::span<const std::optional<FileAttributes>> attributes,
+std::vector<FileGroup> alike(std::span<const std::optional<FileStamp>> stamps,
                              std::span<const std::uint64_t> fingerprints) {
     const auto key = [&](std::uint32_t number) {
-        return std::pair(attributes[number]->size, fingerprints.empty() ? 0 : fingerprints[number]);
+        return std::pair(stamps[number]->size, fingerprints.empty() ? 0 : fingerprints[number]);
     };
     FileGroup readable;
-    for (std::uint32_t number = 0; number < attributes.size(); ++number) {
-        if (attributes[number]) {
+    for (std::uint32_t number = 0; number < stamps.size(); ++number) {
+        if (stamps[number]) {
             readable.push_back(number);
         }
     }
@@ -91,17 +92,49 @@ std::vector<FileGroup> alike(std::span<const std::optional<FileAttributes>> attr
     return groups;
 }
 
+/// Whether two names lead to one and the same file, so that removing one would remove both. Files
+/// with several names are told apart from one that is met twice by its number of names and by where
+/// it is listed.
+bool isOneFile(const FileStamp& one, const FileStamp& other, const File& oneFile,
+               const File& otherFile) {
+    return one.identity == other.identity &&
+           (one.linkCount == 1 || (oneFile.fileName() == otherFile.fileName() &&
+                                   oneFile.filePath() == otherFile.filePath()));
+}
+
+/// Leaves out files that were met before on another way: a folder put under a link meanwhile, a
+/// file mounted over another, a name that the listing gave twice.
+std::vector<FileGroup> withoutItself(std::vector<FileGroup> groups, std::span<File* const> files,
+                                     std::span<const std::optional<FileStamp>> stamps) {
+    for (FileGroup& group : groups) {
+        std::unordered_multimap<FileIdentity, std::uint32_t, FileIdentityHash> met;
+        std::erase_if(group, [&](std::uint32_t number) {
+            const auto [from, to] = met.equal_range(stamps[number]->identity);
+            const bool again = std::any_of(from, to, [&](const auto& known) {
+                return isOneFile(*stamps[number], *stamps[known.second], *files[number],
+                                 *files[known.second]);
+            });
+            if (!again) {
+                met.emplace(stamps[number]->identity, number);
+            }
+            return again;
+        });
+    }
+    std::erase_if(groups, [](const FileGroup& group) { return group.size() < 2; });
+    return groups;
+}
+
 }  // namespace
 
 /// What a first look at the files of a class told of each.
 struct ContentPartition::Seen {
-    std::vector<std::optional<FileAttributes>> attributes;  ///< none for an unreadable file
-    std::vector<std::uint64_t> fingerprints;                ///< of the first block; empty if none
-    std::vector<std::optional<OpenCandidate>> open;         ///< empty if none is kept open
+    std::vector<std::optional<FileStamp>> stamps;    ///< none for an unreadable file
+    std::vector<std::uint64_t> fingerprints;         ///< of the first block; empty if none
+    std::vector<std::optional<OpenCandidate>> open;  ///< empty if none is kept open
 };
 
 bool ContentPartition::isReadWhole(std::uint64_t fileSize, std::size_t fileCount) {
-    return fileSize <= wholeFileBytes && fileCount <= mostFilesReadWhole;
+    return fileSize < wholeFileBytes && fileCount <= mostFilesReadWhole;
 }
 
 ContentPartition::Workspace ContentPartition::makeWorkspace() {
@@ -114,21 +147,24 @@ std::optional<std::vector<FileGroup>> ContentPartition::compareWhole(std::span<F
     const bool few = files.size() <= fewEnoughToComparePairs;
     std::vector<WholeFile> read;
     read.reserve(files.size());
+    std::vector<std::optional<FileStamp>> stamps(files.size());
     for (std::uint32_t number = 0; number < files.size(); ++number) {
         const std::optional<OpenCandidate> candidate = reader_.open(*files[number]);
         if (!candidate) {
             continue;
         }
-        if (candidate->attributes.size > wholeFileBytes) {
+        if (candidate->stamp.size >= wholeFileBytes) {
             return std::nullopt;
         }
-        const std::span<std::byte> bytes =
-            workspace.lease_.allocate(static_cast<std::size_t>(candidate->attributes.size));
-        if (reader_.read(*candidate, 0, bytes)) {
+        const auto size = static_cast<std::size_t>(candidate->stamp.size);
+        const std::span<std::byte> room = workspace.lease_.allocate(size + 1);
+        if (reader_.readWhole(*candidate, room)) {
+            const std::span<std::byte> bytes = room.first(size);
             read.push_back({number, bytes, few ? 0 : XXH3_64bits(bytes.data(), bytes.size())});
+            stamps[number] = candidate->stamp;
         }
     }
-    return groupEqual(std::move(read));
+    return withoutItself(groupEqual(std::move(read)), files, stamps);
 }
 
 std::vector<FileGroup> ContentPartition::partition(std::span<File* const> files) {
@@ -140,8 +176,8 @@ std::vector<FileGroup> ContentPartition::partition(std::span<File* const> files)
     seen.open.resize(keptOpen ? files.size() : 0);
     look(files, seen);
 
-    ContentProver prover(reader_, buffers_, pool_, {files, seen.attributes, seen.open});
-    const std::vector<FileGroup> groups = alike(seen.attributes, seen.fingerprints);
+    ContentProver prover(reader_, buffers_, pool_, {files, seen.stamps, seen.open});
+    const std::vector<FileGroup> groups = alike(seen.stamps, seen.fingerprints);
     std::vector<std::vector<FileGroup>> proven(groups.size());
     const std::size_t shares = (groups.size() + groupsAShare - 1) / groupsAShare;
     pool_.forEach(shares, [&](std::size_t share) {
@@ -155,12 +191,12 @@ std::vector<FileGroup> ContentPartition::partition(std::span<File* const> files)
     for (std::vector<FileGroup>& some : proven) {
         std::move(some.begin(), some.end(), std::back_inserter(all));
     }
-    return all;
+    return withoutItself(std::move(all), files, seen.stamps);
 }
 
 /// Opens each file once and keeps what the first block tells.
 void ContentPartition::look(std::span<File* const> files, Seen& seen) {
-    seen.attributes.resize(files.size());
+    seen.stamps.resize(files.size());
     seen.fingerprints.resize(files.size() > worthFingerprints ? files.size() : 0);
     const std::size_t shares = (files.size() + filesAShare - 1) / filesAShare;
     pool_.forEach(shares, [&](std::size_t share) {
@@ -182,17 +218,17 @@ void ContentPartition::lookAt(std::uint32_t number, const File& file, Seen& seen
     }
     if (!seen.fingerprints.empty()) {
         std::array<std::byte, ComparisonOrder::edgeBytes> block;
-        if (candidate->attributes.size > block.size()) {
+        if (candidate->stamp.size > block.size()) {
             reader_.expectLittle(*candidate);
         }
-        const std::span<std::byte> bytes = std::span(block).first(static_cast<std::size_t>(
-            std::min<std::uint64_t>(candidate->attributes.size, block.size())));
+        const std::span<std::byte> bytes = std::span(block).first(
+            static_cast<std::size_t>(std::min<std::uint64_t>(candidate->stamp.size, block.size())));
         if (!reader_.read(*candidate, 0, bytes)) {
             return;
         }
         seen.fingerprints[number] = XXH3_64bits(bytes.data(), bytes.size());
     }
-    seen.attributes[number] = candidate->attributes;
+    seen.stamps[number] = candidate->stamp;
     if (!seen.open.empty()) {
         seen.open[number] = std::move(candidate);
     }

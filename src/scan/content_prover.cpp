@@ -43,11 +43,6 @@ std::size_t pieceBytesFor(std::size_t groupSize, std::size_t readers, std::size_
         std::clamp<std::size_t>((capacity - trunkBytes) / pieces, 1, largestPiece));
 }
 
-bool isSameFile(const FileAttributes& one, const FileAttributes& other) {
-    return one.identity == other.identity && one.size == other.size &&
-           one.modified == other.modified;
-}
-
 /// Splits each group into those parts that lie together in one group of `parts`, too.
 std::vector<FileGroup> refine(const std::vector<FileGroup>& groups,
                               const std::vector<FileGroup>& parts) {
@@ -103,10 +98,15 @@ class ContentProver::Opened final {
         }
         share_ = prover.reader_.descriptors().take(1);
         own_ = prover.reader_.open(*candidates.files[number]);
-        if (own_ && candidates.seen[number] &&
-            isSameFile(own_->attributes, *candidates.seen[number])) {
+        if (own_ && candidates.seen[number] == own_->stamp) {
             candidate_ = &*own_;
         }
+    }
+
+    /// Whether what was read since it was opened is the content of one and the same file. What is
+    /// kept open is looked at once, at the end.
+    [[nodiscard]] bool isStillItself(ContentProver& prover) const {
+        return !own_ || prover.reader_.isUnchanged(*own_);
     }
 
     /// None if the file cannot be read any more or has become another.
@@ -189,7 +189,8 @@ class ContentProver::Window final {
     bool readTrunk(std::uint32_t file) {
         const Opened opened(prover_, file);
         return opened.get() != nullptr &&
-               prover_.reader_.read(*opened.get(), stretch_.offset, trunk_);
+               prover_.reader_.read(*opened.get(), stretch_.offset, trunk_) &&
+               opened.isStillItself(prover_);
     }
 
     void visitAll(std::span<const std::uint32_t> files) {
@@ -221,12 +222,16 @@ class ContentProver::Window final {
                 return;
             }
             if (std::memcmp(trunk.data(), piece.data(), piece.size()) != 0) {
-                leave(file, offset, piece);
+                if (opened.isStillItself(prover_)) {
+                    leave(file, offset, piece);
+                }
                 return;
             }
         }
-        const std::lock_guard lock(mutex_);
-        same_.push_back(file);
+        if (opened.isStillItself(prover_)) {
+            const std::lock_guard lock(mutex_);
+            same_.push_back(file);
+        }
     }
 
     /// Puts the file with those that left the trunk with the same bytes at the same place. The
@@ -269,7 +274,8 @@ ContentProver::ContentProver(CandidateReader& reader, BufferPool& buffers, Worke
 std::vector<FileGroup> ContentProver::prove(FileGroup group) {
     const ComparisonOrder order(candidates_.seen[group.front()]->size);
     const bool inParallel = pool_.cores() > 1 && group.size() <= smallGroup &&
-                            order.size() - order.middle() > stretchWorthSharing;
+                            order.size() - order.middle() > stretchWorthSharing &&
+                            !isOnRotationalDevice(group.front());
     const std::size_t leaseCount =
         inParallel ? std::min<std::size_t>(pool_.cores(), mostStretches) : 1;
     std::vector<BufferPool::Lease> leases =
@@ -350,7 +356,14 @@ std::vector<FileGroup> ContentProver::proveInParallel(FileGroup group, const Com
     return groups;
 }
 
-/// Leaves out what was written to while it was read.
+/// There, several readers would only send the heads to and fro. Known of what is kept open.
+bool ContentProver::isOnRotationalDevice(std::uint32_t number) const {
+    return !candidates_.open.empty() && candidates_.open[number] &&
+           candidates_.open[number]->onlyReader != nullptr;
+}
+
+/// Leaves out what was changed or replaced while it was read. Where files are opened for each
+/// stretch, that has been looked at then.
 FileGroup ContentProver::withoutChanged(const FileGroup& group) {
     if (candidates_.open.empty()) {
         return group;

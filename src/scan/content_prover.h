@@ -47,27 +47,28 @@ class ComparisonOrder final {
 
 /// Splits files of one present size into groups of equal content, by comparing the bytes.
 ///
-/// Every byte of a file is read at most once, and a file whose difference from all others is known
-/// is read no further. Memory and open files are bounded however many files there are: a stretch of
-/// one file, the trunk, is held, the others are compared with it piece by piece, and of each file
-/// that leaves the trunk one piece is kept, so small that there is room for one of every file.
+/// Every byte of a file is read at most once here, and a file whose difference from all others is
+/// known is read no further. Memory and open files are bounded however many files there are: a
+/// stretch of one file, the trunk, is held, the others are compared with it piece by piece, and of
+/// each file that leaves the trunk one piece is kept, so small that there is room for one of every
+/// file.
 ///
 /// Made for one class; prove() may be called on several threads at once, for different groups.
 class ContentProver final {
  public:
     /// The files by number. What is open already is used and stays open; a file that is not is
-    /// opened for each stretch and must then be what it was when `seen` was recorded.
+    /// opened for each stretch and must be what it was when `seen` was recorded, before and after.
     struct Candidates {
         std::span<File* const> files;
-        std::span<const std::optional<FileAttributes>> seen;
+        std::span<const std::optional<FileStamp>> seen;
         std::span<std::optional<OpenCandidate>> open;  ///< empty if none is
     };
 
     ContentProver(CandidateReader& reader, BufferPool& buffers, WorkerPool& pool,
                   Candidates candidates);
 
-    /// The groups of two or more equal files among `group`, whose files had the same present size.
-    /// Unreadable and changed files are in none. None at all after a stop.
+    /// The groups of two or more equal files among `group`, whose files had the same present size,
+    /// each ascending. Unreadable and changed files are in none. None at all after a stop.
     [[nodiscard]] std::vector<FileGroup> prove(FileGroup group);
 
  private:
@@ -83,6 +84,7 @@ class ContentProver final {
                                                          std::uint64_t from,
                                                          std::vector<BufferPool::Lease>& leases);
     [[nodiscard]] FileGroup withoutChanged(const FileGroup& group);
+    [[nodiscard]] bool isOnRotationalDevice(std::uint32_t number) const;
 
     CandidateReader& reader_;
     BufferPool& buffers_;

@@ -21,9 +21,9 @@ constexpr std::uint32_t none = 0xFFFFFFFF;
 
 /// One category on its way: its classes are compared by the workers in the order in which the walk
 /// through the list will come to them, and the walk waits for each class when it needs it.
-class DuplicateFinder::Category final {
+class DuplicateFinder::CategoryComparison final {
  public:
-    Category(DuplicateFinder& finder, std::vector<File*>& list, FileStore& store)
+    CategoryComparison(DuplicateFinder& finder, std::vector<File*>& list, FileStore& store)
         : finder_(finder),
           list_(list),
           store_(store),
@@ -173,7 +173,7 @@ class DuplicateFinder::Category final {
 
     void take(std::uint32_t position) {
         taken_[position] = true;
-        finder_.countAndReport(*list_[position]);
+        finder_.updateProgressBarWith(*list_[position]);
     }
 
     void dropTaken() {
@@ -210,7 +210,7 @@ DuplicateFinder::DuplicateFinder(FileSystem& fileSystem, WorkerPool& pool,
       partition_(reader_, buffers_, pool) {}
 
 std::shared_ptr<Modal> DuplicateFinder::findDuplicates(std::vector<File*>& list, FileStore& store) {
-    return Category(*this, list, store).compare();
+    return CategoryComparison(*this, list, store).compare();
 }
 
 std::shared_ptr<Set> DuplicateFinder::setOfFileDetailsFrom(
@@ -229,7 +229,7 @@ std::shared_ptr<Set> DuplicateFinder::setOfFileDetailsFrom(
     return set;
 }
 
-void DuplicateFinder::countAndReport(const File& file) {
+void DuplicateFinder::updateProgressBarWith(const File& file) {
     const std::uint64_t processed = processed_.fetch_add(1, std::memory_order_relaxed) + 1;
     // While paused the screen keeps what it showed at the moment of pausing.
     if (!control_.pause() && gate_.due()) {

@@ -35,9 +35,9 @@ class DuplicateFinder final {
     /// of a set is the one that stands first in the list, and sets and extensions come in the order
     /// of their first files. A file that cannot be read is in no set.
     ///
-    /// The list is emptied, one file after the other, and `processed` counts them. After a stop the
-    /// answer has the sets found until then, all of them proven, and the list the files not
-    /// reached.
+    /// `processed` counts the files as they are dealt with, and the list is empty in the end. After
+    /// a stop the answer has the sets found until then, all of them proven, and the list the files
+    /// not reached.
     [[nodiscard]] std::shared_ptr<Modal> findDuplicates(std::vector<File*>& list, FileStore& store);
 
     /// The set of two or more equal files, the first of which stays when all are marked.
@@ -48,9 +48,9 @@ class DuplicateFinder final {
     [[nodiscard]] std::uint64_t bytesRead() const { return reader_.bytesRead(); }
 
  private:
-    class Category;
+    class CategoryComparison;
 
-    void countAndReport(const File& file);
+    void updateProgressBarWith(const File& file);
 
     WorkerPool& pool_;
     const ScanControl& control_;

@@ -53,7 +53,10 @@ void ScanRun::wait() {
     joinThreads();
     {
         const std::lock_guard lock(mutex_);
-        finder_ = nullptr;
+        if (finder_) {
+            bytesRead_ = finder_->bytesRead();
+            finder_ = nullptr;
+        }
     }
     pool_ = nullptr;
 }
@@ -71,11 +74,19 @@ void ScanRun::homeCleanup() {
     modal_ = std::make_shared<Modal>();
     processed_ = 0;
     collected_ = {};
+    unreadable_.clear();
+    go_ = false;
+    exactScanCompleted_ = false;
+    wasStopped_ = false;
+    scanStartDate_ = std::nullopt;
+    duration_ = {};
+    const std::lock_guard lock(mutex_);
+    bytesRead_ = 0;
 }
 
 std::uint64_t ScanRun::bytesRead() const {
     const std::lock_guard lock(mutex_);
-    return finder_ ? finder_->bytesRead() : 0;
+    return finder_ ? finder_->bytesRead() : bytesRead_;
 }
 
 /// Waits for the collection, then starts the comparisons.
@@ -93,10 +104,7 @@ void ScanRun::scanTask() {
 }
 
 void ScanRun::addAllPhotos() {
-    Collector collector(platform_.fileSystem(), *pool_, control_, exceptions_, observer_, gate_,
-                        lists_);
-    const Collector::Outcome outcome = collector.addAllPhotos(rows_);
-    unreadable_ = collector.unreadableLocations();
+    const Collector::Outcome outcome = collect();
     if (outcome == Collector::Outcome::stopped) {
         // The comparison of empty lists that follows shows an empty result.
         rows_.clear();
@@ -110,11 +118,20 @@ void ScanRun::addAllPhotos() {
     added_ = true;
 }
 
+/// No worker lists folders any more when this returns.
+Collector::Outcome ScanRun::collect() {
+    Collector collector(platform_.fileSystem(), *pool_, control_, exceptions_, observer_, gate_,
+                        lists_);
+    const Collector::Outcome outcome = collector.addAllPhotos(rows_);
+    unreadable_ = collector.unreadableLocations();
+    return outcome;
+}
+
 /// Starts the five comparisons and returns.
 void ScanRun::exactMethod() {
     exactScanCompleted_ = false;
-    observer_.comparisonStarted(lists_.total());
     processed_ = 0;
+    observer_.comparisonStarted(lists_.total());
     results_ = {};
     {
         const std::lock_guard lock(mutex_);
@@ -144,7 +161,6 @@ void ScanRun::joinResults() {
         modal_->setTotalFiles(modal_->totalFiles() + result.totalFiles());
         modal_->setTotalFilesSize(modal_->totalFilesSize() + result.totalFilesSize());
     }
-    duration_ = platform_.clock().steadyNow() - started_;
     exactScanCompleted_ = true;
     scanning_ = false;
     observer_.comparisonFinished(processed_);
@@ -211,6 +227,7 @@ void ScanRun::clearFlags() {
 }
 
 void ScanRun::finish() {
+    duration_ = platform_.clock().steadyNow() - started_;
     endElapsedTimeThread();
     const std::lock_guard lock(mutex_);
     running_ = false;

@@ -116,6 +116,7 @@ class ScanRun final {
 
     void scanTask();
     void addAllPhotos();
+    Collector::Outcome collect();
     void exactMethod();
     void compare(Category category);
     void joinResults();
@@ -161,7 +162,8 @@ class ScanRun final {
 
     mutable std::mutex mutex_;
     std::condition_variable changed_;
-    bool running_ = false;  // guarded by mutex_
+    bool running_ = false;         // guarded by mutex_
+    std::uint64_t bytesRead_ = 0;  // guarded by mutex_; of the last scan, when it is over
 };
 
 }  // namespace tarvin

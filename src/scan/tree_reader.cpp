@@ -1,5 +1,7 @@
 #include "scan/tree_reader.h"
 
+#include "scan/open_patiently.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -36,6 +38,13 @@ struct TreeReader::PendingBlock {
     std::unique_ptr<Block> block;
     std::size_t entryCount = 0;
     bool ready = false;  // guarded by the reader's mutex_
+};
+
+/// What was listed at one go.
+struct TreeReader::Portion {
+    PendingBlocks blocks;
+    bool more = false;  // the folder may have more entries
+    std::optional<SystemError> failure;
 };
 
 /// One folder on its way through the reader. All fields are guarded by the reader's mutex_, except
@@ -210,12 +219,11 @@ void TreeReader::readOn(const std::shared_ptr<Listing>& listing,
     // it can be closed.
     const bool toTheEnd = openFolders_ > mostOpenFolders_;
     lock.unlock();
-    PendingBlocks blocks;
-    const bool more = readPortion(*listing, toTheEnd, blocks);
+    const Portion portion = readPortion(*listing, toTheEnd);
     lock.lock();
     const std::shared_ptr<Descriptor> folder = listing->descriptor;
-    keepPortion(listing, more, blocks);
-    for (const std::shared_ptr<PendingBlock>& pending : blocks) {
+    keepPortion(listing, portion);
+    for (const std::shared_ptr<PendingBlock>& pending : portion.blocks) {
         lock.unlock();
         readAttributes(*folder, *pending->block);
         lock.lock();
@@ -224,10 +232,16 @@ void TreeReader::readOn(const std::shared_ptr<Listing>& listing,
     }
 }
 
-/// True if the folder may have more entries than those put into `into`.
-bool TreeReader::readPortion(Listing& listing, bool toTheEnd, PendingBlocks& into) {
-    if (!mayGoOn() || (!listing.descriptor && !open(listing))) {
-        return false;
+TreeReader::Portion TreeReader::readPortion(Listing& listing, bool toTheEnd) {
+    Portion portion;
+    if (!mayGoOn()) {
+        return portion;
+    }
+    if (!listing.descriptor) {
+        portion.failure = open(listing);
+        if (portion.failure) {
+            return portion;
+        }
     }
     thread_local EntryBlock listed(portionBytes);
     std::size_t entries = 0;
@@ -235,23 +249,26 @@ bool TreeReader::readPortion(Listing& listing, bool toTheEnd, PendingBlocks& int
         const Result<bool> more = fileSystem_.listEntries(*listing.descriptor, listed);
         if (!more) {
             // The entries so far are as good as any.
-            listing.failure = more.error();
-            return false;
+            portion.failure = more.error();
+            return portion;
         }
         if (!*more || !mayGoOn()) {
-            return false;
+            return portion;
         }
         auto pending = std::make_shared<PendingBlock>();
         pending->block = wanted(listed);
         pending->entryCount = pending->block->entries.size();
         entries += listed.entries().size();
-        into.push_back(std::move(pending));
+        portion.blocks.push_back(std::move(pending));
     }
-    return true;
+    portion.more = true;
+    return portion;
 }
 
-void TreeReader::keepPortion(const std::shared_ptr<Listing>& listing, bool more,
-                             const PendingBlocks& blocks) {
+void TreeReader::keepPortion(const std::shared_ptr<Listing>& listing, const Portion& portion) {
+    if (portion.failure) {
+        listing->failure = portion.failure;
+    }
     if (listing->descriptor && !listing->opened) {
         listing->opened = true;
         listing->parent = nullptr;
@@ -259,12 +276,12 @@ void TreeReader::keepPortion(const std::shared_ptr<Listing>& listing, bool more,
         --openFolders_;
     }
     if (!listing->abandoned) {
-        for (const std::shared_ptr<PendingBlock>& pending : blocks) {
+        for (const std::shared_ptr<PendingBlock>& pending : portion.blocks) {
             entriesAhead_ += pending->entryCount;
             listing->blocks.push_back(pending);
         }
     }
-    if (more && !listing->abandoned) {
+    if (portion.more && !listing->abandoned) {
         listing->state = Listing::State::waiting;
         upcoming_.push_front(listing);
         pump();
@@ -279,33 +296,34 @@ void TreeReader::keepPortion(const std::shared_ptr<Listing>& listing, bool more,
     changed_.notify_all();
 }
 
-bool TreeReader::open(Listing& listing) {
+/// Why the folder cannot be listed; none if it is open now.
+std::optional<SystemError> TreeReader::open(Listing& listing) {
     std::shared_ptr<Descriptor> parent;
     if (listing.parent) {
         const std::lock_guard lock(mutex_);
         parent = listing.parent->descriptor;
     }
-    Result<Descriptor> opened = parent
-                                    ? fileSystem_.openDirectoryAt(*parent, listing.directory->name)
-                                : listing.directory->parent == nullptr
-                                    ? fileSystem_.openRootDirectory(listing.directory->path())
-                                    : fileSystem_.openDirectory(listing.directory->path());
+    Result<Descriptor> opened = openPatiently(control_, [&]() -> Result<Descriptor> {
+        if (parent) {
+            return fileSystem_.openDirectoryAt(*parent, listing.directory->name);
+        }
+        const std::string path = listing.directory->path();
+        return listing.directory->parent == nullptr ? fileSystem_.openRootDirectory(path)
+                                                    : fileSystem_.openDirectory(path);
+    });
     if (!opened) {
-        listing.failure = opened.error();
-        return false;
+        return opened.error();
     }
     const Result<FileAttributes> attributes = fileSystem_.attributesOf(*opened);
     if (!attributes) {
-        listing.failure = attributes.error();
-        return false;
+        return attributes.error();
     }
     if (isNeverWalked(listing, attributes->identity)) {
-        listing.failure = SystemError{EOPNOTSUPP};
-        return false;
+        return SystemError{EOPNOTSUPP};
     }
     listing.identity = attributes->identity;
     listing.descriptor = std::make_shared<Descriptor>(std::move(*opened));
-    return true;
+    return std::nullopt;
 }
 
 /// The user's Trash, and file systems that hold nobody's files.

@@ -102,10 +102,10 @@ class TreeReader final {
     std::shared_ptr<Listing> takeUpcoming();
     void makeRoomForOne();
     void readOn(const std::shared_ptr<Listing>& listing, std::unique_lock<std::mutex>& lock);
-    bool readPortion(Listing& listing, bool toTheEnd, PendingBlocks& into);
-    void keepPortion(const std::shared_ptr<Listing>& listing, bool more,
-                     const PendingBlocks& blocks);
-    bool open(Listing& listing);
+    struct Portion;
+    Portion readPortion(Listing& listing, bool toTheEnd);
+    void keepPortion(const std::shared_ptr<Listing>& listing, const Portion& portion);
+    std::optional<SystemError> open(Listing& listing);
     [[nodiscard]] bool isNeverWalked(const Listing& listing, const FileIdentity& identity) const;
     [[nodiscard]] std::unique_ptr<Block> wanted(const EntryBlock& listed) const;
     void readAttributes(const Descriptor& folder, Block& block);

@@ -1,17 +1,22 @@
 #include "store/exception_file.h"
 
+#include "platform/file_system.h"
+
 #include <plist/plist.h>
 
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
-#include <limits>
+#include <filesystem>
 #include <memory>
+#include <span>
 #include <system_error>
 
 namespace tarvin {
 
 namespace {
+
+// Room for a million long paths.
+constexpr std::uint64_t largestFile = 256 * 1024 * 1024;
 
 using PropertyList = std::unique_ptr<void, decltype(&plist_free)>;
 
@@ -39,22 +44,34 @@ std::vector<std::string> stringsOf(plist_t array) {
 }  // namespace
 
 ExceptionList readExceptionFile(const std::string& path) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rbe"),
-                                                               &std::fclose);
+    // The list may be kept elsewhere and linked to.
+    std::error_code unresolved;
+    const std::filesystem::path target = std::filesystem::canonical(path, unresolved);
+    if (unresolved) {
+        return systemFailure(path, unresolved.value());
+    }
+    FileSystem& fileSystem = systemFileSystem();
+    const Result<Descriptor> file = fileSystem.openFile(target.native());
     if (!file) {
-        return systemFailure(path, errno);
+        return systemFailure(path, file.error().code);
     }
-    std::string bytes;
-    char block[16 * 1024];
-    for (std::size_t got = 0; (got = std::fread(block, 1, sizeof block, file.get())) > 0;) {
-        bytes.append(block, got);
+    const Result<FileAttributes> attributes = fileSystem.attributesOf(*file);
+    if (!attributes) {
+        return systemFailure(path, attributes.error().code);
     }
-    if (std::ferror(file.get()) != 0) {
-        return systemFailure(path, errno);
+    if (attributes->type != EntryType::regular) {
+        return failure(path, "not a regular file");
     }
-    if (bytes.size() > std::numeric_limits<std::uint32_t>::max()) {
+    if (attributes->size > largestFile) {
         return failure(path, "the file is too large");
     }
+    std::string bytes(static_cast<std::size_t>(attributes->size), '\0');
+    const Result<std::size_t> got =
+        fileSystem.readAt(*file, 0, std::as_writable_bytes(std::span(bytes)));
+    if (!got) {
+        return systemFailure(path, got.error().code);
+    }
+    bytes.resize(*got);
     plist_t root = nullptr;
     plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
     const PropertyList list(root, &plist_free);

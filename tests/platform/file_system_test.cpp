@@ -580,6 +580,16 @@ TEST_F(FileSystemOpening, TakesLongPathsWithSeveralSlashesInARow) {
     }
 }
 
+TEST_F(FileSystemOpening, TakesLongPathsWithSlashesAtTheirEnd) {
+    const std::string bottom = tree_.makeChain("", "some folder", 500);
+    // From one that is cut inside its last name to one that is cut behind it.
+    for (std::size_t length = 4'070; length <= 4'120; ++length) {
+        const std::string path = bottom.substr(0, bottom.find('/', length - 10)) + "//////////";
+        const std::string shifted = std::string(length % 12, '/') + path;
+        EXPECT_EQ(errorOf(fileSystem_.openRootDirectory(shifted)), 0) << shifted.size();
+    }
+}
+
 TEST_F(FileSystemOpening, SaysWhatIsWrongWithLongPaths) {
     const std::string bottom = tree_.makeChain("", std::string(200, 'd'), 60, {"file"});
     const Descriptor opened = folder(bottom);

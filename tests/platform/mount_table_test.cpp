@@ -146,12 +146,13 @@ TEST(MountTable, OfThisProcessKnowsTheProcessTable) {
     EXPECT_EQ(found->fileSystemType, "proc");
 }
 
-TEST(PseudoFileSystemType, IsOneThatHoldsTablesOfTheKernel) {
+TEST(PseudoFileSystemType, IsOneThatHoldsTablesOrViews) {
     const std::vector<std::string_view> types{
-        "proc",    "sysfs",   "devtmpfs",  "devpts",     "cgroup",      "cgroup2",  "securityfs",
-        "debugfs", "tracefs", "pstore",    "bpf",        "configfs",    "efivarfs", "fusectl",
-        "mqueue",  "autofs",  "hugetlbfs", "rpc_pipefs", "binfmt_misc", "nsfs",     "selinuxfs",
-        "smackfs", "nfsd",    "pipefs",    "sockfs",     "resctrl",     "xenfs",    "usbfs"};
+        "proc",        "sysfs",   "devtmpfs",  "devpts",      "cgroup",     "cgroup2",
+        "securityfs",  "debugfs", "tracefs",   "pstore",      "bpf",        "configfs",
+        "efivarfs",    "fusectl", "mqueue",    "autofs",      "hugetlbfs",  "rpc_pipefs",
+        "binfmt_misc", "nsfs",    "selinuxfs", "fuse.portal", "fuse.lxcfs", "smackfs",
+        "nfsd",        "pipefs",  "sockfs",    "resctrl",     "xenfs",      "usbfs"};
     for (const std::string_view type : types) {
         EXPECT_TRUE(isPseudoFileSystemType(type)) << type;
     }
@@ -159,10 +160,9 @@ TEST(PseudoFileSystemType, IsOneThatHoldsTablesOfTheKernel) {
 
 TEST(PseudoFileSystemType, IsNotOneThatHoldsFilesOfPeople) {
     const std::vector<std::string_view> types{
-        "tmpfs",    "ramfs",    "overlay", "fuse",     "fuse.sshfs", "fuse.portal",
-        "fuseblk",  "ext4",     "btrfs",   "xfs",      "vfat",       "nfs",
-        "nfs4",     "cifs",     "9p",      "squashfs", "rootfs",     "zfs",
-        "virtiofs", "ecryptfs", "Proc",    "procs",    "pro",        ""};
+        "tmpfs", "ramfs",    "overlay",  "fuse", "fuse.sshfs", "fuseblk", "ext4",     "btrfs",
+        "xfs",   "vfat",     "nfs",      "nfs4", "cifs",       "9p",      "squashfs", "rootfs",
+        "zfs",   "virtiofs", "ecryptfs", "Proc", "procs",      "pro",     ""};
     for (const std::string_view type : types) {
         EXPECT_FALSE(isPseudoFileSystemType(type)) << type;
     }

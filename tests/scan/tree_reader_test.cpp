@@ -468,23 +468,80 @@ TEST_F(TreeReaderTest, EndsFoldersEarlyAfterAStop) {
     reader.close(listing);
 }
 
-TEST_F(TreeReaderTest, HoldsItsWorkersDuringAPause) {
+TEST_F(TreeReaderTest, ListsNothingDuringAPause) {
     makeFolders(400, 500);
-    TreeReader& reader = this->reader(everything, {2, 2});
-    const Folder folder = rootFolder(reader);
     control_.setPause(true);
     std::atomic<pid_t> walking{0};
     std::size_t listed = 0;
     std::thread walk([&] {
+        TreeReader& reader = this->reader(everything, {2, 2});
+        const Listing listing = root(reader, tree_.path());
         walking = ::gettid();
-        listed = names(reader, folder.listing).size();
+        listed = names(reader, listing).size();
+        reader.close(listing);
     });
     EXPECT_TRUE(waitUntil([&] { return walking != 0 && isAsleep(walking); }));
-    EXPECT_EQ(fileSystem_.entriesListed(), 0u);
+    EXPECT_EQ(fileSystem_.openAtMost(), 0u);
     control_.setPause(false);
     walk.join();
     EXPECT_EQ(listed, 400u);
-    reader.close(folder.listing);
+}
+
+TEST_F(TreeReaderTest, LetsTheWalkWaitOutAPauseInItsOwnWay) {
+    fileSystem_.inventFiles(tree_.path(), 20'000);
+    WorkerPool pool({2, 4});
+    int waits = 0;
+    const std::thread::id here = std::this_thread::get_id();
+    TreeReader reader(fileSystem_, pool, control_, everything, [&] {
+        EXPECT_EQ(std::this_thread::get_id(), here);
+        ++waits;
+        control_.setPause(false);
+    });
+    // Whoever it is that meets the pause, the walk or a worker it waits for.
+    const auto pause = [&] { control_.setPause(true); };
+    fileSystem_.beforeCall(FileCall::openRootDirectory, 1, pause);
+    fileSystem_.beforeCall(FileCall::listEntries, 1, pause);
+    for (const std::uint64_t call : {100u, 5'000u, 15'000u}) {
+        fileSystem_.beforeCall(FileCall::attributesAt, call, pause);
+    }
+    const Listing listing = root(reader, tree_.path());
+    EXPECT_EQ(names(reader, listing).size(), 20'000u);
+    EXPECT_GE(waits, 3);
+    reader.close(listing);
+}
+
+TEST_F(TreeReaderTest, SaysWhatKeptItFromListingAFolderToItsEnd) {
+    fileSystem_.inventFiles(tree_.path(), 5000);
+    TreeReader& reader = this->reader();
+    const Listing whole = root(reader, tree_.path());
+    names(reader, whole);
+    EXPECT_FALSE(reader.failureOf(whole));
+    reader.close(whole);
+    fileSystem_.failCall(FileCall::listEntries, 3, EIO);
+    const Listing part = root(reader, tree_.path());
+    names(reader, part);
+    ASSERT_TRUE(reader.failureOf(part));
+    EXPECT_EQ(reader.failureOf(part)->code, EIO);
+    reader.close(part);
+}
+
+TEST_F(TreeReaderTest, MayBeAskedForAFailureWhileAWorkerMeetsIt) {
+    fileSystem_.inventFiles(tree_.path(), 5000);
+    for (int round = 0; round < 200; ++round) {
+        TreeReader& reader = this->reader();
+        std::atomic<bool> meets{false};
+        fileSystem_.clearFaults();
+        fileSystem_.beforeCall(FileCall::listEntries, 2, [&] { meets = true; });
+        fileSystem_.failCall(FileCall::listEntries, 2, EIO);
+        const Listing listing = root(reader, tree_.path());
+        EXPECT_NE(reader.nextBlock(listing), nullptr);
+        while (!meets) {
+            std::this_thread::yield();
+        }
+        const std::optional<SystemError> failure = reader.failureOf(listing);
+        EXPECT_TRUE(!failure || failure->code == EIO);
+        reader.close(listing);
+    }
 }
 
 TEST_F(TreeReaderTest, RefusesTheTrashOfTheHome) {

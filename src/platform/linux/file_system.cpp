@@ -28,7 +28,8 @@ constexpr int directoryFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
 constexpr int fileFlags = O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY;
 // A path handed to the kernel has to be shorter than PATH_MAX; longer ones are gone along in hops.
 constexpr std::size_t longestHop = PATH_MAX - 1;
-constexpr unsigned attributeMask = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_BTIME | STATX_INO;
+constexpr unsigned attributeMask =
+    STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_CTIME | STATX_BTIME | STATX_INO | STATX_NLINK;
 
 int openAt(int directory, const char* path, int flags) {
     int number = -1;
@@ -116,14 +117,20 @@ FileAttributes toAttributes(const struct statx& from) {
     if ((from.stx_mask & STATX_BTIME) != 0) {
         attributes.created = toTimestamp(from.stx_btime);
     }
+    if ((from.stx_mask & STATX_CTIME) != 0) {
+        attributes.changed = toTimestamp(from.stx_ctime);
+    }
+    attributes.linkCount = from.stx_nlink;
     attributes.identity = {makedev(from.stx_dev_major, from.stx_dev_minor), from.stx_ino};
     return attributes;
 }
 
 Result<FileAttributes> attributesFrom(int directory, const char* name, int flags) {
     struct statx answer {};
-    if (::statx(directory, name, flags | AT_NO_AUTOMOUNT, attributeMask, &answer) != 0) {
-        return SystemError{errno};
+    while (::statx(directory, name, flags | AT_NO_AUTOMOUNT, attributeMask, &answer) != 0) {
+        if (errno != EINTR) {
+            return SystemError{errno};
+        }
     }
     return toAttributes(answer);
 }
@@ -148,11 +155,14 @@ class LinuxFileSystem final : public FileSystem {
         ssize_t filled = 0;
         do {
             filled = ::getdents64(directory.number(), room.data(), room.size());
+            if (filled < 0 && errno == EINTR) {
+                continue;
+            }
             if (filled < 0) {
                 return SystemError{errno};
             }
             addListed(room.first(static_cast<std::size_t>(filled)), block);
-        } while (filled > 0 && block.entries().empty());
+        } while (filled != 0 && block.entries().empty());
         return filled > 0;
     }
 

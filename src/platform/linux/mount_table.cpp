@@ -18,13 +18,14 @@ namespace {
 constexpr std::size_t largestTable = std::size_t{64} << 20;
 
 constexpr auto pseudoTypes = std::to_array<std::string_view>(
-    {"anon_inodefs", "apparmorfs", "autofs",     "bdev",      "binder",  "binfmt_misc",
-     "bpf",          "cgroup",     "cgroup2",    "configfs",  "cpuset",  "dax",
-     "debugfs",      "devfs",      "devpts",     "devtmpfs",  "dmabuf",  "efivarfs",
-     "fusectl",      "hugetlbfs",  "ipathfs",    "mqueue",    "nfsd",    "nsfs",
-     "openpromfs",   "pidfs",      "pipefs",     "proc",      "pstore",  "resctrl",
-     "rpc_pipefs",   "secretmem",  "securityfs", "selinuxfs", "smackfs", "sockfs",
-     "spufs",        "sysfs",      "tracefs",    "usbdevfs",  "usbfs",   "xenfs"});
+    {"anon_inodefs", "apparmorfs",  "autofs",     "bdev",      "binder",     "binfmt_misc",
+     "bpf",          "cgroup",      "cgroup2",    "configfs",  "cpuset",     "dax",
+     "debugfs",      "devfs",       "devpts",     "devtmpfs",  "dmabuf",     "efivarfs",
+     "fuse.lxcfs",   "fuse.portal", "fusectl",    "hugetlbfs", "ipathfs",    "mqueue",
+     "nfsd",         "nsfs",        "openpromfs", "pidfs",     "pipefs",     "proc",
+     "pstore",       "resctrl",     "rpc_pipefs", "secretmem", "securityfs", "selinuxfs",
+     "smackfs",      "sockfs",      "spufs",      "sysfs",     "tracefs",    "usbdevfs",
+     "usbfs",        "xenfs"});
 static_assert(std::is_sorted(pseudoTypes.begin(), pseudoTypes.end()));
 
 /// Takes what stands before the next `separator` off the front of `text`; all of it if there is

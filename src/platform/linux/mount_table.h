@@ -31,7 +31,8 @@ inline constexpr const char* mountInfoFile = "/proc/self/mountinfo";
 [[nodiscard]] std::optional<std::vector<MountEntry>> readMountInfo(
     const std::string& path = mountInfoFile);
 
-/// Whether file systems of this type hold no files of anybody's but tables of the kernel.
+/// Whether file systems of this type hold no files of anybody's, but tables of the kernel or views
+/// of files that stand elsewhere.
 [[nodiscard]] bool isPseudoFileSystemType(std::string_view type);
 
 }  // namespace tarvin
