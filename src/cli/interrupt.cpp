@@ -14,8 +14,9 @@ Interrupt::Interrupt() {
 Interrupt::~Interrupt() {
     if (thread_.joinable()) {
         ending_ = true;
-        // Sent to that thread alone: wakes it and is consumed by it.
-        pthread_kill(thread_.native_handle(), SIGTERM);
+        // Sent to that thread alone, where it is blocked: wakes it and is consumed by it.
+        // NOLINTNEXTLINE(bugprone-bad-signal-to-kill-thread)
+        pthread_kill(thread_.native_handle(), SIGINT);
         thread_.join();
     }
     pthread_sigmask(SIG_SETMASK, &maskBefore_, nullptr);

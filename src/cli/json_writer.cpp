@@ -131,9 +131,9 @@ void writeCollected(const ScanReport& report, Output& output) {
 /// Milliseconds are what a person can use; the point stays one in every locale.
 void writeSeconds(double seconds, Output& output) {
     std::array<char, 400> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), seconds,
-                                   std::chars_format::fixed, 3)
-                         .ptr;
+    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), seconds,
+                                          std::chars_format::fixed, 3)
+                                .ptr;
     output.append({digits.data(), static_cast<std::size_t>(end - digits.data())});
 }
 

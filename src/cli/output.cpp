@@ -50,7 +50,7 @@ void Output::append(std::string_view text) {
 
 void Output::appendNumber(std::uint64_t number) {
     std::array<char, 20> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
     append({digits.data(), static_cast<std::size_t>(end - digits.data())});
 }
 

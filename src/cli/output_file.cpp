@@ -53,6 +53,7 @@ bool isSynced(int descriptor) {
 
 Result<std::unique_ptr<OutputFile>> OutputFile::open(const std::string& path) {
     if (path == "-") {
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the pointer owns it at once.
         return std::unique_ptr<OutputFile>(new OutputFile(STDOUT_FILENO, false, "", ""));
     }
     const auto status = statusOf(path);

@@ -99,10 +99,11 @@ bool ScanCommand::showsProgress() const {
 }
 
 ExitStatus ScanCommand::scanInto(OutputFile& output, ExceptionFilter exceptions) {
-    Interrupt interrupt;
     ScanFolders folders = foldersOf(options_);
     ProgressMailbox mailbox;
     ScanRun run(platform_, mailbox);
+    // Before start(), which starts threads, and gone before the run that it calls.
+    Interrupt interrupt;
     run.start(folders.rows, std::move(exceptions));
     // Not before start(), which forgets an earlier request to stop.
     interrupt.watch([&run] { run.requestStop(); },

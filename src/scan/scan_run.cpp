@@ -62,7 +62,9 @@ void ScanRun::wait() {
 }
 
 void ScanRun::requestStop() {
-    wasStopped_ = true;
+    if (scanning_) {
+        wasStopped_ = true;
+    }
     control_.setStop(true);
     control_.setPause(false);
 }

@@ -78,7 +78,8 @@ class ScanRun final {
     /// The result is complete, or as complete as a stop left it.
     [[nodiscard]] bool exactScanCompleted() const { return exactScanCompleted_; }
     [[nodiscard]] bool stopElapsedTimeThread() const { return stopElapsedTimeThread_; }
-    /// Whether the scan begun last was asked to stop, also where the flag is cleared again.
+    /// Whether the scan begun last was asked to stop before it was over, also where the flag is
+    /// cleared again.
     [[nodiscard]] bool wasStopped() const { return wasStopped_; }
     /// Files accounted for so far by the comparison.
     [[nodiscard]] std::uint64_t processed() const { return processed_; }

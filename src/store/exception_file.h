@@ -19,8 +19,8 @@ struct ExceptionList {
     std::optional<StoreError> error;  ///< `paths` is empty then
 };
 
-/// Reads an exception file of up to 256 MiB: a property list, XML or binary, whose root is an array of strings. What
-/// else the array holds is passed over. Nothing is written. Any thread.
+/// Reads an exception file of up to 256 MiB: a property list, XML or binary, whose root is an array
+/// of strings. What else the array holds is passed over. Nothing is written. Any thread.
 ExceptionList readExceptionFile(const std::string& path);
 
 }  // namespace tarvin

@@ -6,8 +6,10 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -111,6 +113,16 @@ TEST_F(ResultOutput, AFailureIsToldEvenIfEverythingElseWentWell) {
     ::close(reading);
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.errors, "tarvin: standard output: Bad file descriptor\n");
+}
+
+TEST_F(ResultOutput, AStandardOutputThatIsClosedIsAFailureAndNoOtherFileIsWrittenTo) {
+    const std::string command = "'" TARVIN_PROGRAM "' scan '" + folder_.pathOf("photos") +
+                                "' >&- 2>'" + folder_.pathOf("errors") + "'";
+    const int status = std::system(command.c_str());  // NOLINT(concurrency-mt-unsafe)
+    EXPECT_EQ(WEXITSTATUS(status), 1);
+    EXPECT_EQ(contentOf(folder_.pathOf("errors")),
+              "tarvin: standard output: Bad file descriptor\n");
+    EXPECT_EQ(contentOf(folder_.pathOf("photos/a.jpg")), "photo");
 }
 
 }  // namespace

@@ -20,21 +20,22 @@ using namespace std::chrono_literals;
 
 constexpr std::uintmax_t hugeSize = std::uintmax_t{64} << 30;
 
-/// A tree with two equal files that take a minute or more to compare, and two that are compared at
-/// once. The two huge ones take no room on the disk.
+/// Two equal files that are compared at once, and after them two that take a minute or more. The
+/// huge ones take no room on the disk. All are of one category, which is compared in the order of
+/// the folders.
 class Stop : public testing::Test {
  protected:
     Stop() {
-        folder_.writeFile("tree/a.jpg", "photo");
-        folder_.writeFile("tree/b.jpg", "photo");
-        for (const char* name : {"tree/a.bin", "tree/b.bin"}) {
+        folder_.writeFile("small/a.zip", "archive");
+        folder_.writeFile("small/b.zip", "archive");
+        for (const char* name : {"huge/a.bin", "huge/b.bin"}) {
             std::filesystem::resize_file(folder_.writeFile(name, ""), hugeSize);
         }
     }
 
     [[nodiscard]] ProgramRun::Words scan(ProgramRun::Words options = {}) const {
         options.insert(options.begin(), {"scan", "--format", "json", "--progress", "always",
-                                         folder_.pathOf("tree")});
+                                         folder_.pathOf("small"), folder_.pathOf("huge")});
         return options;
     }
 
@@ -45,7 +46,7 @@ class Stop : public testing::Test {
         const Json json = parsedJson(text);
         EXPECT_EQ(json["stopped"], true);
         EXPECT_EQ(json["totalFiles"], 1);
-        EXPECT_EQ(setsIn(json, folder_.pathOf("tree/")), (Sets{{"a.jpg", "b.jpg"}}));
+        EXPECT_EQ(setsIn(json, folder_.pathOf("small/")), (Sets{{"a.zip", "b.zip"}}));
     }
 
     TemporaryFolder folder_;

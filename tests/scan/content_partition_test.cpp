@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <fstream>
 #include <thread>
+#include <tuple>
 
 namespace tarvin {
 namespace {
@@ -236,7 +237,7 @@ TEST_P(OneOfThree, HasBecomeALinkToAnotherOfThem) {
     expectTheOthers();
 }
 
-TEST_P(OneOfThree, HasBecomeADevice) {
+TEST_P(OneOfThree, HasBecomeALinkToADevice) {
     std::filesystem::remove(b_);
     std::filesystem::create_symlink("/dev/zero", b_);
     expectTheOthers();
@@ -312,6 +313,86 @@ TEST_F(Comparison, AFileReplacedBetweenTwoOfItsReadsIsInNoSet) {
         replaced);
     paths.erase(paths.begin() + 7);
     EXPECT_EQ(find(), oneSet(paths));
+}
+
+TEST_F(Comparison, HardLinksAreEqualFiles) {
+    const std::string a = bench_.add("a.txt", "same")->filePath();
+    const std::string b = bench_.folder().pathOf("b.txt");
+    std::filesystem::create_hard_link(a, b);
+    bench_.addPath(b, 4);
+    EXPECT_EQ(find(), oneSet({a, b}));
+}
+
+/// One file on two ways, small and large.
+class OneFileTwice : public Comparison, public ::testing::WithParamInterface<std::size_t> {};
+
+TEST_P(OneFileTwice, UnderTheSamePathIsNotItsOwnDuplicate) {
+    const std::string a = bench_.add("a.txt", noise(GetParam(), 1))->filePath();
+    bench_.addPath(a, GetParam());
+    EXPECT_EQ(find(), PlainResult{});
+}
+
+TEST_P(OneFileTwice, WithTwoNamesIsEqualToItsOtherNameOnly) {
+    const std::string a = bench_.add("a.txt", noise(GetParam(), 1))->filePath();
+    const std::string b = bench_.folder().pathOf("b.txt");
+    std::filesystem::create_hard_link(a, b);
+    bench_.addPath(a, GetParam());
+    bench_.addPath(b, GetParam());
+    EXPECT_EQ(find(), oneSet({a, b}));
+}
+
+TEST_P(OneFileTwice, BehindAFolderThatBecameALinkIsNotItsOwnDuplicate) {
+    const std::string a = bench_.add("one/a.txt", noise(GetParam(), 1))->filePath();
+    bench_.folder().makeLink("two", bench_.folder().pathOf("one"));
+    bench_.addPath(bench_.folder().pathOf("two/a.txt"), GetParam());
+    EXPECT_EQ(find(), PlainResult{});
+}
+
+TEST_P(OneFileTwice, LeavesItsRealDuplicatesInTheSet) {
+    const std::string a = bench_.add("a.txt", noise(GetParam(), 1))->filePath();
+    bench_.addPath(a, GetParam());
+    const std::string b = bench_.add("b.txt", noise(GetParam(), 1))->filePath();
+    EXPECT_EQ(find(), oneSet({a, b}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, OneFileTwice, ::testing::Values(5, 30'000, 9'000'000));
+
+/// Classes of every way of comparing: what grows between its attributes and its reading, which
+/// other files do not, is in no set.
+class GrowingFile : public Comparison,
+                    public ::testing::WithParamInterface<std::tuple<std::size_t, int>> {};
+
+TEST_P(GrowingFile, IsInNoSet) {
+    const auto& [size, count] = GetParam();
+    std::vector<std::string> paths;
+    for (int number = 0; number < count; ++number) {
+        paths.push_back(bench_.add(std::to_string(number) + ".txt", noise(size, 3))->filePath());
+    }
+    const std::string grows = paths[1];
+    fileSystem_.beforeCall(
+        FileCall::readAt, 1,
+        [&grows] { std::ofstream(grows, std::ios::binary | std::ios::app) << "more"; }, grows);
+    paths.erase(paths.begin() + 1);
+    EXPECT_EQ(find(), oneSet(paths));
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, GrowingFile,
+                         ::testing::Combine(::testing::Values(100, 16'384, 60'000),
+                                            ::testing::Values(3, 40, 100)));
+
+TEST_F(Comparison, FilesThatSayTheyAreEmptyButAreNotAreInNoSet) {
+    // Such as those of the kernel's tables: no size, made up while they are read.
+    bench_.addPath("/proc/self/status", 0);
+    bench_.addPath("/proc/self/limits", 0);
+    EXPECT_EQ(find(), PlainResult{});
+}
+
+TEST_F(Comparison, ADeviceInTheListIsNotRead) {
+    bench_.addPath("/dev/zero", 100);
+    const std::string a = bench_.add("a.txt", noise(100, 1))->filePath();
+    const std::string b = bench_.add("b.txt", noise(100, 1))->filePath();
+    EXPECT_EQ(find(), oneSet({a, b}));
+    EXPECT_EQ(fileSystem_.bytesRead("/dev/zero"), 0U);
 }
 
 TEST_F(Comparison, OneReaderAtATimeOnARotationalDevice) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ostream>
 #include <random>
 
 namespace tarvin {
@@ -16,6 +17,10 @@ struct Shape {
     std::vector<std::size_t> sizes;
     unsigned contents;  // different contents of one size, at most
 };
+
+void PrintTo(const Shape& shape, std::ostream* out) {  // NOLINT(readability-identifier-naming)
+    *out << shape.name;
+}
 
 /// Equal and nearly equal files: those of one size differ in one byte at a telling place, or not.
 class RandomFiles : public ::testing::TestWithParam<std::tuple<Shape, unsigned>> {};

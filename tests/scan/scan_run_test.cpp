@@ -8,9 +8,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <atomic>
 #include <condition_variable>
 #include <functional>
 #include <mutex>
+#include <thread>
+#include <utility>
 
 namespace tarvin {
 namespace {
@@ -186,6 +190,7 @@ TEST_F(ScanRunTest, WithoutAnyFileThereIsNoComparison) {
     addRow(folder_.path());
     scan();
     EXPECT_TRUE(recorder_.saw("nothingCollected"));
+    EXPECT_EQ(run_.duration(), 0s);  // on the test's clock, which stood still
     EXPECT_FALSE(recorder_.saw("comparisonStarted 0"));
     EXPECT_FALSE(run_.go());
     EXPECT_FALSE(run_.scanning());
@@ -211,7 +216,48 @@ TEST_F(ScanRunTest, AStopBetweenLocationsLeadsToAnEmptyResult) {
     EXPECT_FALSE(run_.scanning());
 }
 
-TEST_F(ScanRunTest, AStopInTheComparisonShowsWhatWasFound) {
+TEST_F(ScanRunTest, AStopBetweenLocationsLetsNoWorkerGoOnListing) {
+    for (int number = 0; number < 300; ++number) {
+        folder_.writeFile("one/" + std::to_string(number) + "/a.txt", "same");
+    }
+    folder_.writeFile("two/c.txt", "same");
+    for (int round = 0; round < 20; ++round) {
+        Recorder recorder;
+        ScanRun run(platform_, recorder, settings());
+        recorder.at("collecting a.txt", [&run] { run.requestStop(); });
+        run.start({{folder_.pathOf("one"), "", "", true, true},
+                   {folder_.pathOf("two"), "", "", true, true}},
+                  {});
+        run.wait();
+        EXPECT_EQ(run.modal()->extensionCount(), 0U);
+    }
+}
+
+TEST_F(ScanRunTest, AStopInTheComparisonShowsTheSetsFoundBefore) {
+    folder_.writeFile("a/1.txt", "first");
+    folder_.writeFile("a/2.txt", "first");
+    folder_.writeFile("b/3.mp3", "second set");
+    folder_.writeFile("b/4.mp3", "second set");
+    addRow(folder_.path());
+    // The second file of a set has just been told of, so that set is filed.
+    std::atomic<bool> stopped{false};
+    recorder_.at("processing 2.txt", [&] {
+        run_.requestStop();
+        stopped = true;
+    });
+    scan();
+    if (stopped) {
+        ASSERT_NE(run_.modal()->getExtensionWithName("txt"), nullptr);
+        EXPECT_EQ(run_.modal()->getExtensionWithName("txt")->totalFilesInExtension(), 1U);
+        EXPECT_EQ(run_.modal()->totalFiles(),
+                  run_.docsModal()->totalFiles() + run_.audioModal()->totalFiles());
+    } else {
+        // The listing gave them the other way round.
+        EXPECT_EQ(run_.modal()->totalFiles(), 2U);
+    }
+}
+
+TEST_F(ScanRunTest, AStopBeforeTheComparisonShowsNothing) {
     folder_.writeFile("a.txt", "same");
     folder_.writeFile("b.txt", "same");
     addRow(folder_.path());
@@ -237,6 +283,10 @@ TEST_F(ScanRunTest, HomeCleanupForgetsEverything) {
     EXPECT_EQ(run_.modal()->totalFiles(), 0U);
     EXPECT_EQ(run_.imageModal(), nullptr);
     EXPECT_EQ(run_.processed(), 0U);
+    EXPECT_FALSE(run_.go());
+    EXPECT_FALSE(run_.exactScanCompleted());
+    EXPECT_FALSE(run_.wasStopped());
+    EXPECT_FALSE(run_.scanStartDate().has_value());
 }
 
 TEST_F(ScanRunTest, ScansAgainAfterHomeCleanup) {

@@ -56,6 +56,7 @@ class TreeReaderTest : public testing::Test {
 
     TreeReader& reader(TreeReader::Interest interest = everything,
                        WorkerPool::Limits limits = {2, 4}) {
+        reader_ = nullptr;
         pool_ = std::make_unique<WorkerPool>(limits);
         reader_ = std::make_unique<TreeReader>(fileSystem_, *pool_, control_, interest);
         return *reader_;

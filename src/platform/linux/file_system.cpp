@@ -42,8 +42,11 @@ int openAt(int directory, const char* path, int flags) {
 /// Opens `path` whatever its length: a part that fits, then the next relative to it.
 int openAnyLength(const std::string& path, int flags) {
     std::size_t from = 0;
+    // The last hop must have a name in it.
+    const std::size_t length =
+        path.size() > longestHop ? path.find_last_not_of('/') + 1 : path.size();
     int directory = AT_FDCWD;
-    while (path.size() - from > longestHop) {
+    while (length - from > longestHop) {
         const std::size_t slash = path.rfind('/', from + longestHop - 1);
         if (slash == std::string::npos || slash <= from) {
             errno = ENAMETOOLONG;
@@ -61,11 +64,11 @@ int openAnyLength(const std::string& path, int flags) {
             return -1;
         }
         // What follows must not begin with a slash, or it would start at the root again.
-        from = std::min(path.find_first_not_of('/', slash), path.size());
+        from = path.find_first_not_of('/', slash);
     }
     int number = -1;
-    if (path.size() - from <= longestHop) {
-        number = openAt(directory, path.c_str() + from, flags);
+    if (length - from <= longestHop) {
+        number = openAt(directory, path.substr(from, length - from).c_str(), flags);
     }
     if (directory != AT_FDCWD) {
         const int failure = errno;
