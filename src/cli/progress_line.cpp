@@ -55,7 +55,7 @@ void ProgressLine::draw() {
     }
 }
 
-void ProgressLine::erase() {
+void ProgressLine::erase() const {
     writeAtOnce(descriptor_, "");
 }
 

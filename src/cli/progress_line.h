@@ -32,7 +32,7 @@ class ProgressLine final {
  private:
     void drawUntilEnd();
     void draw();
-    void erase();
+    void erase() const;
     /// False, and at once, when the thread is to end.
     bool waitOneInterval();
 
