@@ -53,7 +53,7 @@ bool isSynced(int descriptor) {
 
 Result<std::unique_ptr<OutputFile>> OutputFile::open(const std::string& path) {
     if (path == "-") {
-        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the pointer owns it at once.
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the answer owns it.
         return std::unique_ptr<OutputFile>(new OutputFile(STDOUT_FILENO, false, "", ""));
     }
     const auto status = statusOf(path);
@@ -64,6 +64,7 @@ Result<std::unique_ptr<OutputFile>> OutputFile::open(const std::string& path) {
         return beginBeside(path);
     }
     if (isStandardOutput(**status)) {
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the answer owns it.
         return open("-");
     }
     if (!S_ISREG((*status)->st_mode)) {

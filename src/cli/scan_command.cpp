@@ -104,7 +104,7 @@ ExitStatus ScanCommand::scanInto(OutputFile& output, ExceptionFilter exceptions)
     ScanRun run(platform_, mailbox);
     // Before start(), which starts threads, and gone before the run that it calls.
     Interrupt interrupt;
-    run.start(folders.rows, std::move(exceptions));
+    run.start(std::move(folders.rows), std::move(exceptions));
     // Not before start(), which forgets an earlier request to stop.
     interrupt.watch([&run] { run.requestStop(); },
                     [&output] {

@@ -436,7 +436,14 @@ TEST(Lowercase, LooksForTheEndOfAWordBehindMarksAndPoints) {
     EXPECT_EQ(lowercase("A\xce\xa3\xcc\x81"), "a\xcf\x82\xcc\x81");
     EXPECT_EQ(lowercase("'\xce\xa3"), "'\xcf\x83");
     EXPECT_EQ(lowercase("A\xce\xa3'"), "a\xcf\x82'");
-    EXPECT_EQ(lowercase("\xe2\x93\x90\xce\xa3"), "\xe2\x93\x90\xcf\x82");  // a letter in a circle
+}
+
+TEST(Lowercase, TakesSignsThatAreLettersForLettersOfAWord) {
+    EXPECT_EQ(lowercase("\xe2\x93\x90\xce\xa3"), "\xe2\x93\x90\xcf\x82");          // in a circle
+    EXPECT_EQ(lowercase("\xf0\x9f\x84\xb0\xce\xa3"), "\xf0\x9f\x84\xb0\xcf\x82");  // in a square
+    EXPECT_EQ(lowercase("\xe2\x85\xb3\xce\xa3"), "\xe2\x85\xb3\xcf\x82");          // a numeral
+    EXPECT_EQ(lowercase("\xc2\xaa\xce\xa3"), "\xc2\xaa\xcf\x82");                  // an ordinal
+    EXPECT_EQ(lowercase("\xe2\x91\xa0\xce\xa3"), "\xe2\x91\xa0\xcf\x83");          // 1 in a circle
 }
 
 TEST(Lowercase, LeavesBytesThatAreNotText) {
