@@ -89,7 +89,7 @@ void Collector::acceptFilenameDrag3(const std::string& path) {
         return;
     }
     const Directory* root = lists_.store->addRoot(path);
-    const std::shared_ptr<TreeReader::Listing> listing = reader_.openRoot(root);
+    const std::shared_ptr<TreeReader::Listing> listing = TreeReader::openRoot(root);
     std::vector<OpenFolder> open;
     if (enter(listing)) {
         open.push_back({root, listing, nullptr, 0, {}, 0});
@@ -144,7 +144,8 @@ void Collector::takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block>
     for (const ListedEntry& entry : folder.block->entries) {
         if (entry.type == EntryType::directory) {
             const Directory* directory = lists_.store->addDirectory(folder.directory, entry.name);
-            folder.folders.emplace_back(directory, reader_.makeListing(folder.listing, directory));
+            folder.folders.emplace_back(directory,
+                                        TreeReader::makeListing(folder.listing, directory));
             ahead.push_back(folder.folders.back().second);
         }
     }

@@ -59,7 +59,7 @@ class Collector final {
 
     void waitWhilePaused();
     [[nodiscard]] bool enter(const std::shared_ptr<TreeReader::Listing>& listing);
-    void walk(std::vector<OpenFolder>& path);
+    void walk(std::vector<OpenFolder>& open);
     void takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block> block);
     void takeFile(const Directory& directory, const ListedEntry& entry);
     void addToArrayFile(const Directory& directory, const ListedEntry& entry);

@@ -3,7 +3,7 @@
 namespace tarvin {
 
 bool ProgressGate::due() {
-    if (interval_ == interval_.zero()) {
+    if (interval_ == std::chrono::steady_clock::duration::zero()) {
         return true;
     }
     const auto now = std::chrono::steady_clock::now().time_since_epoch();

@@ -71,10 +71,10 @@ class TreeReader final {
     ~TreeReader();
 
     /// The folder a walk begins at; a symbolic link to one is followed.
-    std::shared_ptr<Listing> openRoot(const Directory* directory);
+    static std::shared_ptr<Listing> openRoot(const Directory* directory);
     /// A folder found in a block of `parent`, which must be open still. Lists nothing yet.
-    std::shared_ptr<Listing> makeListing(const std::shared_ptr<Listing>& parent,
-                                         const Directory* directory);
+    static std::shared_ptr<Listing> makeListing(const std::shared_ptr<Listing>& parent,
+                                                const Directory* directory);
     /// Tells the workers what the walk comes to next, in its order, before anything told earlier.
     void announce(const std::vector<std::shared_ptr<Listing>>& folders);
 
