@@ -19,9 +19,13 @@ void putDigits(std::string& text, std::size_t end, std::size_t count, long long 
 }  // namespace
 
 std::string isoDate(Timestamp date) {
-    const auto day = std::chrono::floor<std::chrono::days>(date);
+    // Whole seconds and the rest apart: the midnight of the earliest date is not a Timestamp.
+    const auto second = std::chrono::floor<std::chrono::seconds>(date);
+    const auto day = std::chrono::floor<std::chrono::days>(second);
     const std::chrono::year_month_day calendar(day);
-    const std::chrono::hh_mm_ss time(date - day);
+    const std::chrono::hh_mm_ss time(second - day);
+    const std::chrono::nanoseconds pastSecond = date.time_since_epoch() % std::chrono::seconds{1};
+    const bool beforeEpoch = pastSecond < pastSecond.zero();
     std::string text = "0000-00-00T00:00:00.000000000Z";
     putDigits(text, 4, 4, int{calendar.year()});
     putDigits(text, 7, 2, unsigned{calendar.month()});
@@ -29,7 +33,7 @@ std::string isoDate(Timestamp date) {
     putDigits(text, 13, 2, time.hours().count());
     putDigits(text, 16, 2, time.minutes().count());
     putDigits(text, 19, 2, time.seconds().count());
-    putDigits(text, 29, 9, time.subseconds().count());
+    putDigits(text, 29, 9, pastSecond.count() + (beforeEpoch ? 1'000'000'000 : 0));
     return text;
 }
 

@@ -93,8 +93,10 @@ void setTimes(const std::string& path, timespec accessed, timespec modified) {
 }
 
 std::string textOf(std::span<const std::byte> bytes) {
-    std::string text(bytes.size(), '\0');
-    std::memcpy(text.data(), bytes.data(), bytes.size());
+    std::string text;
+    for (const std::byte byte : bytes) {
+        text += std::to_integer<char>(byte);
+    }
     return text;
 }
 
