@@ -42,13 +42,14 @@ std::string Directory::pathOf(std::string_view entryName) const {
     return out;
 }
 
-File::File(const Directory* directory, const char* name, std::uint64_t fileSize,
+File::File(const Directory* directory, std::string_view name, std::uint64_t fileSize,
            std::optional<Timestamp> fileModificationDate, std::optional<Timestamp> fileCreationDate)
     : directory_(directory),
-      name_(name),
+      name_(name.data()),
       fileSize_(fileSize),
       modified_(toRaw(fileModificationDate)),
-      created_(toRaw(fileCreationDate)) {}
+      created_(toRaw(fileCreationDate)),
+      nameLength_(static_cast<std::uint32_t>(name.size())) {}
 
 bool File::removeFile(Trash& trash) const {
     const std::string path = filePath();

@@ -24,10 +24,11 @@ enum class CheckState : std::int8_t {
 /// file. Lives as long as the FileStore that made it; never changes after that.
 struct Directory {
     const Directory* parent = nullptr;  ///< none for the folder a walk began at
-    const char* name = nullptr;         ///< last component; for the first folder its whole path
-    std::uint32_t nameLength = 0;       ///< bytes
-    std::uint32_t pathLength = 0;       ///< bytes of the absolute path, without a slash at its end
-    bool insideBundle = false;          ///< a ".app/" or ".framework/" stands in the paths below it
+    /// Last component, ended by a zero byte; for the first folder its whole path.
+    const char* name = nullptr;
+    std::uint32_t nameLength = 0;  ///< bytes
+    std::uint32_t pathLength = 0;  ///< bytes of the absolute path, without a slash at its end
+    bool insideBundle = false;     ///< a ".app/" or ".framework/" stands in the paths below it
 
     /// The absolute path in native bytes, without a slash at its end ("/" itself is the exception).
     [[nodiscard]] std::string path() const;
@@ -40,7 +41,8 @@ struct Directory {
 /// the one thread that changes the result tree; everything else is fixed.
 class File final {
  public:
-    File(const Directory* directory, const char* name, std::uint64_t fileSize,
+    /// `name` is not copied.
+    File(const Directory* directory, std::string_view name, std::uint64_t fileSize,
          std::optional<Timestamp> fileModificationDate, std::optional<Timestamp> fileCreationDate);
 
     /// Moves the file to the Trash. True only if it existed and the move reported no error; on
@@ -48,9 +50,7 @@ class File final {
     bool removeFile(Trash& trash) const;
 
     /// The file's name as its folder lists it.
-    [[nodiscard]] std::string_view fileName() const { return name_; }
-    /// The same, ended by a zero byte; lives as long as the store.
-    [[nodiscard]] const char* fileNameBytes() const { return name_; }
+    [[nodiscard]] std::string_view fileName() const { return {name_, nameLength_}; }
     /// The absolute path: the file's identity everywhere. Put together on each call.
     [[nodiscard]] std::string filePath() const;
     /// Appends the absolute path to `out`, for callers that reuse one buffer.
@@ -81,6 +81,7 @@ class File final {
     std::int64_t modified_;
     std::int64_t created_;
     std::int64_t index_ = 0;
+    std::uint32_t nameLength_;  // bytes
     CheckState state_ = CheckState::off;
 };
 

@@ -36,7 +36,7 @@ const Directory* FileStore::addRoot(std::string_view path) {
         path.remove_suffix(1);
     }
     Directory& root = directories_.emplace_back();
-    root.name = keepName(path);
+    root.name = keepName(path).data();
     root.nameLength = static_cast<std::uint32_t>(path.size());
     root.pathLength = root.nameLength;
     root.insideBundle = holdsABundle(path);
@@ -46,7 +46,7 @@ const Directory* FileStore::addRoot(std::string_view path) {
 const Directory* FileStore::addDirectory(const Directory* parent, std::string_view name) {
     Directory& directory = directories_.emplace_back();
     directory.parent = parent;
-    directory.name = keepName(name);
+    directory.name = keepName(name).data();
     directory.nameLength = static_cast<std::uint32_t>(name.size());
     directory.pathLength = parent->pathLength + 1 + directory.nameLength;
     directory.insideBundle = parent->insideBundle || endsABundleName(name);
@@ -81,7 +81,7 @@ std::shared_ptr<File> FileStore::standalone(std::string_view path, std::uint64_t
     return store->share(store->addFile(directory, name, fileSize, modified, created));
 }
 
-const char* FileStore::keepName(std::string_view name) {
+std::string_view FileStore::keepName(std::string_view name) {
     const std::size_t needed = name.size() + 1;
     if (nameBlocks_.empty() || nameBlockUsed_ + needed > nameBlockSize_) {
         nameBlockSize_ = std::max(needed, nameBlockBytes);
@@ -92,7 +92,7 @@ const char* FileStore::keepName(std::string_view name) {
     name.copy(place, name.size());
     place[name.size()] = '\0';
     nameBlockUsed_ += needed;
-    return place;
+    return {place, name.size()};
 }
 
 }  // namespace tarvin

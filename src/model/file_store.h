@@ -45,7 +45,8 @@ class FileStore final : public std::enable_shared_from_this<FileStore> {
 
  private:
     FileStore();
-    const char* keepName(std::string_view name);
+    /// The copy is followed by a zero byte.
+    std::string_view keepName(std::string_view name);
 
     std::vector<std::unique_ptr<char[]>> nameBlocks_;
     std::size_t nameBlockUsed_ = 0;

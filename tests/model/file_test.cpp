@@ -23,7 +23,6 @@ constexpr Timestamp created{nanoseconds{-5}};
 TEST(File, HoldsWhatItWasCollectedWith) {
     const auto file = FileStore::standalone("/home/ann/a.jpg", 4096, modified, created);
     EXPECT_EQ(file->fileName(), "a.jpg");
-    EXPECT_STREQ(file->fileNameBytes(), "a.jpg");
     EXPECT_EQ(file->filePath(), "/home/ann/a.jpg");
     EXPECT_EQ(file->directory()->path(), "/home/ann");
     EXPECT_EQ(file->fileSize(), 4096u);
