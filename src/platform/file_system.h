@@ -123,8 +123,15 @@ class FileSystem {
     virtual Result<Descriptor> openFile(const std::string& path) = 0;
 
     /// Reads from `offset`. Fewer bytes than asked for means that the file ends there.
-    virtual Result<std::size_t> readAt(const Descriptor& file, std::uint64_t offset,
-                                       std::span<std::byte> into) = 0;
+    Result<std::size_t> readAt(const Descriptor& file, std::uint64_t offset,
+                               std::span<std::byte> into) {
+        return readAtLeast(file, offset, into, into.size());
+    }
+    /// The same, but content with `enough` bytes: fewer than that means that the file ends there,
+    /// and it may go on behind as many or more. Spares a call to see the end of a file whose size
+    /// is known.
+    virtual Result<std::size_t> readAtLeast(const Descriptor& file, std::uint64_t offset,
+                                            std::span<std::byte> into, std::size_t enough) = 0;
     /// The same, but only what is in memory already: fewer bytes than asked for (none, too) means
     /// that the rest has to come from the device or that the file ends there.
     virtual Result<std::size_t> readCachedAt(const Descriptor& file, std::uint64_t offset,

@@ -55,7 +55,7 @@ std::optional<OpenCandidate> CandidateReader::open(const File& file) {
     OpenCandidate candidate{std::move(*descriptor), stampOf(*attributes),
                             onlyReaderOf(attributes->identity.device)};
     std::byte beyond{};
-    if (candidate.stamp.size == 0 && readSome(candidate, 0, {&beyond, 1}) != 0) {
+    if (candidate.stamp.size == 0 && readSome(candidate, 0, {&beyond, 1}, 1) != 0) {
         // Some file systems give no size for what they make up while it is read.
         return std::nullopt;
     }
@@ -64,11 +64,12 @@ std::optional<OpenCandidate> CandidateReader::open(const File& file) {
 
 bool CandidateReader::read(const OpenCandidate& candidate, std::uint64_t offset,
                            std::span<std::byte> into) {
-    return into.empty() || readSome(candidate, offset, into) == into.size();
+    return into.empty() || readSome(candidate, offset, into, into.size()) == into.size();
 }
 
 bool CandidateReader::readWhole(const OpenCandidate& candidate, std::span<std::byte> into) {
-    return candidate.stamp.size == 0 || readSome(candidate, 0, into) == candidate.stamp.size;
+    const auto size = static_cast<std::size_t>(candidate.stamp.size);
+    return size == 0 || readSome(candidate, 0, into, size) == size;
 }
 
 bool CandidateReader::isUnchanged(const OpenCandidate& candidate) {
@@ -79,13 +80,15 @@ bool CandidateReader::isUnchanged(const OpenCandidate& candidate) {
 /// How many bytes there were; none if they cannot be read or the scan was stopped.
 std::optional<std::size_t> CandidateReader::readSome(const OpenCandidate& candidate,
                                                      std::uint64_t offset,
-                                                     std::span<std::byte> into) {
+                                                     std::span<std::byte> into,
+                                                     std::size_t enough) {
     if (!control_.mayGoOn()) {
         return std::nullopt;
     }
-    const Result<std::size_t> got = candidate.onlyReader == nullptr
-                                        ? fileSystem_.readAt(candidate.descriptor, offset, into)
-                                        : readAlone(candidate, offset, into);
+    const Result<std::size_t> got =
+        candidate.onlyReader == nullptr
+            ? fileSystem_.readAtLeast(candidate.descriptor, offset, into, enough)
+            : readAlone(candidate, offset, into, enough);
     if (!got) {
         return std::nullopt;
     }
@@ -95,10 +98,10 @@ std::optional<std::size_t> CandidateReader::readSome(const OpenCandidate& candid
 
 /// What is in memory already is read beside other readers; the rest waits for the device.
 Result<std::size_t> CandidateReader::readAlone(const OpenCandidate& candidate, std::uint64_t offset,
-                                               std::span<std::byte> into) {
+                                               std::span<std::byte> into, std::size_t enough) {
     const Result<std::size_t> cached = fileSystem_.readCachedAt(candidate.descriptor, offset, into);
     const std::size_t known = cached ? *cached : 0;
-    if (known == into.size()) {
+    if (known >= enough) {
         return known;
     }
     std::unique_lock lock(*candidate.onlyReader);
@@ -111,8 +114,8 @@ Result<std::size_t> CandidateReader::readAlone(const OpenCandidate& candidate, s
         // Many may have waited here, and each would read once more.
         return SystemError{EINTR};
     }
-    Result<std::size_t> rest =
-        fileSystem_.readAt(candidate.descriptor, offset + known, into.subspan(known));
+    Result<std::size_t> rest = fileSystem_.readAtLeast(candidate.descriptor, offset + known,
+                                                       into.subspan(known), enough - known);
     if (!rest) {
         return rest;
     }
@@ -120,13 +123,19 @@ Result<std::size_t> CandidateReader::readAlone(const OpenCandidate& candidate, s
 }
 
 std::mutex* CandidateReader::onlyReaderOf(std::uint64_t device) {
-    const std::lock_guard lock(devicesMutex_);
-    const auto known = devices_.find(device);
-    if (known != devices_.end()) {
-        return known->second.get();
+    if (freelyRead_.load(std::memory_order_relaxed) == device) {
+        return nullptr;
     }
-    auto gate = fileSystem_.isRotational(device) ? std::make_unique<std::mutex>() : nullptr;
-    return devices_.emplace(device, std::move(gate)).first->second.get();
+    const std::lock_guard lock(devicesMutex_);
+    auto known = devices_.find(device);
+    if (known == devices_.end()) {
+        auto gate = fileSystem_.isRotational(device) ? std::make_unique<std::mutex>() : nullptr;
+        known = devices_.emplace(device, std::move(gate)).first;
+    }
+    if (!known->second) {
+        freelyRead_.store(device, std::memory_order_relaxed);
+    }
+    return known->second.get();
 }
 
 }  // namespace tarvin

@@ -79,11 +79,14 @@ class CandidateReader final {
     }
 
  private:
+    static constexpr std::uint64_t noDevice = ~std::uint64_t{0};
+
     [[nodiscard]] std::optional<std::size_t> readSome(const OpenCandidate& candidate,
                                                       std::uint64_t offset,
-                                                      std::span<std::byte> into);
+                                                      std::span<std::byte> into,
+                                                      std::size_t enough);
     Result<std::size_t> readAlone(const OpenCandidate& candidate, std::uint64_t offset,
-                                  std::span<std::byte> into);
+                                  std::span<std::byte> into, std::size_t enough);
     std::mutex* onlyReaderOf(std::uint64_t device);
 
     FileSystem& fileSystem_;
@@ -91,6 +94,8 @@ class CandidateReader final {
     ReadBudget descriptors_;
     ReadBudget keptDescriptors_;
     std::atomic<std::uint64_t> bytesRead_{0};
+    // One that any number may read, so that most files need not be looked up in the table.
+    std::atomic<std::uint64_t> freelyRead_{noDevice};
     std::mutex devicesMutex_;
     // One entry a device seen; null for a device that any number may read. Guarded by
     // devicesMutex_.

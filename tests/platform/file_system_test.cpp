@@ -684,6 +684,19 @@ TEST_F(FileSystemReading, GivesLessAtTheEnd) {
     EXPECT_EQ(read(empty, 0, 100), "");
 }
 
+TEST_F(FileSystemReading, IsContentWithEnough) {
+    const Descriptor opened = file(tree_.writeFile("file", "0123456789"));
+    std::vector<std::byte> room(100);
+    const auto readAtLeast = [&](std::uint64_t offset, std::size_t enough) {
+        const Result<std::size_t> got = fileSystem_.readAtLeast(opened, offset, room, enough);
+        return got ? textOf(std::span(room).first(*got)) : "failed";
+    };
+    EXPECT_EQ(readAtLeast(0, 10), "0123456789");
+    EXPECT_EQ(readAtLeast(0, 20), "0123456789");
+    EXPECT_EQ(readAtLeast(8, 1), "89");
+    EXPECT_EQ(readAtLeast(10, 1), "");
+}
+
 TEST_F(FileSystemReading, ReachesBeyondFourGibibytes) {
     const std::string path = tree_.writeFile("file");
     const int number = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);

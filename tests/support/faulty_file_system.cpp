@@ -250,8 +250,8 @@ Result<Descriptor> FaultyFileSystem::openFile(const std::string& path) {
     return keepOpen(real_.openFile(path), path, true);
 }
 
-Result<std::size_t> FaultyFileSystem::readAt(const Descriptor& file, std::uint64_t offset,
-                                             std::span<std::byte> into) {
+Result<std::size_t> FaultyFileSystem::readAtLeast(const Descriptor& file, std::uint64_t offset,
+                                                  std::span<std::byte> into, std::size_t enough) {
     const std::shared_ptr<Open> open = find(file);
     {
         const std::lock_guard lock(mutex_);
@@ -259,7 +259,7 @@ Result<std::size_t> FaultyFileSystem::readAt(const Descriptor& file, std::uint64
     }
     const std::optional<SystemError> error = enter(FileCall::readAt, open->path);
     const Result<std::size_t> read =
-        error ? Result<std::size_t>(*error) : real_.readAt(open->real, offset, into);
+        error ? Result<std::size_t>(*error) : real_.readAtLeast(open->real, offset, into, enough);
     countRead(*open, read);
     const std::lock_guard lock(mutex_);
     --readers_[open->device];

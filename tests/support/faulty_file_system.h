@@ -106,7 +106,7 @@ class FaultyFileSystem final : public FileSystem {
     [[nodiscard]] std::size_t openNow() const;
     /// The most that were open at once.
     [[nodiscard]] std::size_t openAtMost() const;
-    /// The most threads that were inside readAt() of one device's files at once.
+    /// The most threads that were inside readAtLeast() of one device's files at once.
     [[nodiscard]] std::size_t readersOfOneDeviceAtMost() const;
 
     Result<Descriptor> openRootDirectory(const std::string& path) override;
@@ -116,8 +116,8 @@ class FaultyFileSystem final : public FileSystem {
     Result<FileAttributes> attributesAt(const Descriptor& directory, const char* name) override;
     Result<FileAttributes> attributesOf(const Descriptor& descriptor) override;
     Result<Descriptor> openFile(const std::string& path) override;
-    Result<std::size_t> readAt(const Descriptor& file, std::uint64_t offset,
-                               std::span<std::byte> into) override;
+    Result<std::size_t> readAtLeast(const Descriptor& file, std::uint64_t offset,
+                                    std::span<std::byte> into, std::size_t enough) override;
     Result<std::size_t> readCachedAt(const Descriptor& file, std::uint64_t offset,
                                      std::span<std::byte> into) override;
     void disableReadAhead(const Descriptor& file) override;
@@ -185,7 +185,7 @@ class FaultyFileSystem final : public FileSystem {
     std::uint64_t entriesListed_ = 0;
     std::size_t openNow_ = 0;
     std::size_t openAtMost_ = 0;
-    std::unordered_map<std::uint64_t, std::size_t> readers_;  // inside readAt(), by device
+    std::unordered_map<std::uint64_t, std::size_t> readers_;  // inside readAtLeast(), by device
     std::size_t readersAtMost_ = 0;
 
     std::optional<std::size_t> descriptorLimit_;

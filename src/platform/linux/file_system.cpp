@@ -68,7 +68,10 @@ int openAnyLength(const std::string& path, int flags) {
     }
     int number = -1;
     if (length - from <= longestHop) {
-        number = openAt(directory, path.substr(from, length - from).c_str(), flags);
+        // Slashes behind a long path are cut off; the end of any other is that of the string.
+        number = length == path.size()
+                     ? openAt(directory, path.c_str() + from, flags)
+                     : openAt(directory, path.substr(from, length - from).c_str(), flags);
     }
     if (directory != AT_FDCWD) {
         const int failure = errno;
@@ -186,10 +189,10 @@ class LinuxFileSystem final : public FileSystem {
         return opened(number);
     }
 
-    Result<std::size_t> readAt(const Descriptor& file, std::uint64_t offset,
-                               std::span<std::byte> into) override {
+    Result<std::size_t> readAtLeast(const Descriptor& file, std::uint64_t offset,
+                                    std::span<std::byte> into, std::size_t enough) override {
         std::size_t filled = 0;
-        while (filled < into.size()) {
+        while (filled < enough) {
             const ssize_t got = ::pread(file.number(), into.data() + filled, into.size() - filled,
                                         static_cast<off_t>(offset + filled));
             if (got < 0 && errno == EINTR) {
