@@ -18,8 +18,8 @@ namespace {
 // it might save. A byte more than the file should have is asked for, to see that it ends there.
 constexpr std::uint64_t wholeFileBytes = 16 * 1024;
 constexpr std::size_t mostFilesReadWhole = BufferPool::slabBytes / wholeFileBytes;
-// Among so few, comparing all pairs costs less than fingerprints.
-constexpr std::size_t fewEnoughToComparePairs = 4;
+// Of a file read whole its two ends are enough for a fingerprint: bytes for each.
+constexpr std::size_t fingerprintedEnd = 256;
 // Classes up to this size keep their files open between stretches.
 constexpr std::size_t mostFilesKeptOpen = 32;
 // Larger classes than this are told apart by fingerprints first.
@@ -27,38 +27,39 @@ constexpr std::size_t worthFingerprints = 64;
 constexpr std::size_t filesAShare = 32;
 constexpr std::size_t groupsAShare = 4;
 
-/// A file read whole.
-struct WholeFile {
-    std::uint32_t number;
-    std::span<const std::byte> bytes;
-    std::uint64_t fingerprint;
-};
+using WholeFile = ContentPartition::WholeFile;
 
 bool areEqual(const WholeFile& one, const WholeFile& other) {
     return one.bytes.size() == other.bytes.size() &&
            std::memcmp(one.bytes.data(), other.bytes.data(), one.bytes.size()) == 0;
 }
 
+std::uint64_t fingerprintOfEnds(std::span<const std::byte> bytes) {
+    const std::size_t end = std::min(bytes.size(), fingerprintedEnd);
+    const std::uint64_t front = XXH3_64bits(bytes.data(), end);
+    return XXH3_64bits_withSeed(bytes.last(end).data(), end, front);
+}
+
 /// Fingerprints bring equal files side by side; the bytes decide.
-std::vector<FileGroup> groupEqual(std::vector<WholeFile> files) {
+std::vector<FileGroup> groupEqual(std::span<WholeFile> files) {
     std::sort(files.begin(), files.end(), [](const WholeFile& one, const WholeFile& other) {
         return std::tie(one.fingerprint, one.number) < std::tie(other.fingerprint, other.number);
     });
     std::vector<FileGroup> groups;
-    std::vector<bool> taken(files.size(), false);
     for (std::size_t first = 0; first < files.size(); ++first) {
-        if (taken[first]) {
+        if (files[first].taken) {
             continue;
         }
-        FileGroup group{files[first].number};
+        FileGroup group;
         for (std::size_t next = first + 1;
              next < files.size() && files[next].fingerprint == files[first].fingerprint; ++next) {
-            if (!taken[next] && areEqual(files[first], files[next])) {
-                taken[next] = true;
+            if (!files[next].taken && areEqual(files[first], files[next])) {
+                files[next].taken = true;
                 group.push_back(files[next].number);
             }
         }
-        if (group.size() > 1) {
+        if (!group.empty()) {
+            group.insert(group.begin(), files[first].number);
             groups.push_back(std::move(group));
         }
     }
@@ -102,11 +103,27 @@ bool isOneFile(const FileStamp& one, const FileStamp& other, const File& oneFile
                                    oneFile.filePath() == otherFile.filePath()));
 }
 
+/// Whether two of the group have one identity.
+bool mayHoldItself(const FileGroup& group, std::span<const std::optional<FileStamp>> stamps) {
+    std::vector<FileIdentity> identities;
+    identities.reserve(group.size());
+    for (const std::uint32_t number : group) {
+        identities.push_back(stamps[number]->identity);
+    }
+    std::sort(identities.begin(), identities.end(), [](const auto& one, const auto& other) {
+        return std::tie(one.inode, one.device) < std::tie(other.inode, other.device);
+    });
+    return std::adjacent_find(identities.begin(), identities.end()) != identities.end();
+}
+
 /// Leaves out files that were met before on another way: a folder put under a link meanwhile, a
 /// file mounted over another, a name that the listing gave twice.
 std::vector<FileGroup> withoutItself(std::vector<FileGroup> groups, std::span<File* const> files,
                                      std::span<const std::optional<FileStamp>> stamps) {
     for (FileGroup& group : groups) {
+        if (!mayHoldItself(group, stamps)) {
+            continue;
+        }
         std::unordered_multimap<FileIdentity, std::uint32_t, FileIdentityHash> met;
         std::erase_if(group, [&](std::uint32_t number) {
             const auto [from, to] = met.equal_range(stamps[number]->identity);
@@ -144,10 +161,10 @@ ContentPartition::Workspace ContentPartition::makeWorkspace() {
 std::optional<std::vector<FileGroup>> ContentPartition::compareWhole(std::span<File* const> files,
                                                                      Workspace& workspace) {
     workspace.lease_.rewind();
-    const bool few = files.size() <= fewEnoughToComparePairs;
-    std::vector<WholeFile> read;
-    read.reserve(files.size());
-    std::vector<std::optional<FileStamp>> stamps(files.size());
+    std::vector<WholeFile>& read = workspace.read_;
+    std::vector<std::optional<FileStamp>>& stamps = workspace.stamps_;
+    read.clear();
+    stamps.assign(files.size(), std::nullopt);
     for (std::uint32_t number = 0; number < files.size(); ++number) {
         const std::optional<OpenCandidate> candidate = reader_.open(*files[number]);
         if (!candidate) {
@@ -160,11 +177,11 @@ std::optional<std::vector<FileGroup>> ContentPartition::compareWhole(std::span<F
         const std::span<std::byte> room = workspace.lease_.allocate(size + 1);
         if (reader_.readWhole(*candidate, room)) {
             const std::span<std::byte> bytes = room.first(size);
-            read.push_back({number, bytes, few ? 0 : XXH3_64bits(bytes.data(), bytes.size())});
+            read.push_back({number, false, bytes, fingerprintOfEnds(bytes)});
             stamps[number] = candidate->stamp;
         }
     }
-    return withoutItself(groupEqual(std::move(read)), files, stamps);
+    return withoutItself(groupEqual(read), files, stamps);
 }
 
 std::vector<FileGroup> ContentPartition::partition(std::span<File* const> files) {

@@ -26,6 +26,14 @@ class ContentPartition final {
     ContentPartition(CandidateReader& reader, BufferPool& buffers, WorkerPool& pool)
         : reader_(reader), buffers_(buffers), pool_(pool) {}
 
+    /// A file read whole, in a workspace.
+    struct WholeFile {
+        std::uint32_t number = 0;
+        bool taken = false;  ///< found equal to one before it
+        std::span<const std::byte> bytes;
+        std::uint64_t fingerprint = 0;
+    };
+
     /// What reading whole files takes: memory for one class and one open file.
     class Workspace final {
      private:
@@ -35,6 +43,9 @@ class ContentPartition final {
 
         BufferPool::Lease lease_;
         ReadBudget::Share descriptor_;
+        // Kept from class to class for their memory alone.
+        std::vector<WholeFile> read_;
+        std::vector<std::optional<FileStamp>> stamps_;
     };
 
     /// Whether a class is fit for compareWhole(). Such classes cost little and are better handed

@@ -63,13 +63,19 @@ class DuplicateFinder::CategoryComparison final {
         std::atomic<bool> done{false};
     };
 
+    /// The files of one class; reused from class to class.
+    struct Members {
+        std::vector<std::uint32_t> positions;
+        std::vector<File*> files;
+    };
+
     void handOver() {
         std::size_t files = 0;
         std::uint64_t bytes = 0;
         for (std::size_t number = 0; number < classes_.count(); ++number) {
             const std::uint64_t size = list_[classes_.firstOf(number)]->fileSize();
             const std::size_t members = classes_.memberCount(number);
-            const bool alone = !ContentPartition::isReadWhole(size, members);
+            const bool alone = !isReadWhole(number);
             if (batches_.empty() || alone || files >= filesABatch || bytes >= bytesABatch) {
                 submitLast();
                 batches_.push_back(std::make_shared<Batch>());
@@ -94,6 +100,7 @@ class DuplicateFinder::CategoryComparison final {
     }
 
     void run(Batch& batch) {
+        Members members;
         std::vector<std::size_t> byStretches;
         {
             std::optional<ContentPartition::Workspace> workspace;
@@ -101,41 +108,47 @@ class DuplicateFinder::CategoryComparison final {
                 if (!finder_.control_.mayGoOn()) {
                     break;
                 }
-                if (!compareWhole(number, workspace)) {
+                if (!compareWhole(number, members, workspace)) {
                     byStretches.push_back(number);
                 }
             }
         }
         for (const std::size_t number : byStretches) {
-            const std::vector<std::uint32_t> members = classes_.members(number);
-            keep(members, finder_.partition_.partition(filesAt(members)));
+            find(number, members);
+            keep(members.positions, finder_.partition_.partition(members.files));
         }
         batch.done.store(true);
         batch.done.notify_all();
     }
 
-    bool compareWhole(std::size_t number, std::optional<ContentPartition::Workspace>& workspace) {
-        const std::vector<std::uint32_t> members = classes_.members(number);
-        if (!ContentPartition::isReadWhole(list_[members.front()]->fileSize(), members.size())) {
+    bool compareWhole(std::size_t number, Members& members,
+                      std::optional<ContentPartition::Workspace>& workspace) {
+        if (!isReadWhole(number)) {
             return false;
         }
         if (!workspace) {
             workspace.emplace(finder_.partition_.makeWorkspace());
         }
-        const auto groups = finder_.partition_.compareWhole(filesAt(members), *workspace);
+        find(number, members);
+        const auto groups = finder_.partition_.compareWhole(members.files, *workspace);
         if (groups) {
-            keep(members, *groups);
+            keep(members.positions, *groups);
         }
         return groups.has_value();
     }
 
-    [[nodiscard]] std::vector<File*> filesAt(const std::vector<std::uint32_t>& positions) const {
-        std::vector<File*> files;
-        files.reserve(positions.size());
-        for (const std::uint32_t position : positions) {
-            files.push_back(list_[position]);
+    [[nodiscard]] bool isReadWhole(std::size_t number) const {
+        return ContentPartition::isReadWhole(list_[classes_.firstOf(number)]->fileSize(),
+                                             classes_.memberCount(number));
+    }
+
+    void find(std::size_t number, Members& members) const {
+        classes_.members(number, members.positions);
+        members.files.clear();
+        members.files.reserve(members.positions.size());
+        for (const std::uint32_t position : members.positions) {
+            members.files.push_back(list_[position]);
         }
-        return files;
     }
 
     /// Chains each group's files, the first to the last. Nothing is kept of a class that a stop may

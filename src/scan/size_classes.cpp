@@ -59,13 +59,12 @@ SizeClasses::SizeClasses(std::span<File* const> files)
     }
 }
 
-std::vector<std::uint32_t> SizeClasses::members(std::size_t number) const {
-    std::vector<std::uint32_t> positions;
+void SizeClasses::members(std::size_t number, std::vector<std::uint32_t>& positions) const {
+    positions.clear();
     positions.reserve(counts_[number]);
     for (std::uint32_t at = heads_[number]; at != none; at = next_[at]) {
         positions.push_back(at);
     }
-    return positions;
 }
 
 }  // namespace tarvin

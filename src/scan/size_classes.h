@@ -19,8 +19,8 @@ class SizeClasses final {
     /// How many sizes two or more files have. These classes are numbered in the order of their
     /// first files.
     [[nodiscard]] std::size_t count() const { return heads_.size(); }
-    /// The positions of a class's files in the list, ascending.
-    [[nodiscard]] std::vector<std::uint32_t> members(std::size_t number) const;
+    /// Puts the positions of a class's files in the list into `positions`, ascending.
+    void members(std::size_t number, std::vector<std::uint32_t>& positions) const;
     [[nodiscard]] std::size_t memberCount(std::size_t number) const { return counts_[number]; }
     /// The position of its first file.
     [[nodiscard]] std::uint32_t firstOf(std::size_t number) const { return heads_[number]; }
