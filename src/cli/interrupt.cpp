@@ -4,10 +4,24 @@
 
 namespace tarvin {
 
+namespace {
+
+/// As under nohup, or in the background of a shell without job control.
+bool isIgnored(int signal) {
+    struct sigaction action {};
+    return ::sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
+}  // namespace
+
 Interrupt::Interrupt() {
     sigemptyset(&signals_);
-    sigaddset(&signals_, SIGINT);
     sigaddset(&signals_, SIGTERM);
+    for (const int signal : {SIGINT, SIGHUP}) {
+        if (!isIgnored(signal)) {
+            sigaddset(&signals_, signal);
+        }
+    }
     pthread_sigmask(SIG_BLOCK, &signals_, &maskBefore_);
 }
 
@@ -16,7 +30,7 @@ Interrupt::~Interrupt() {
         ending_ = true;
         // Sent to that thread alone, where it is blocked: wakes it and is consumed by it.
         // NOLINTNEXTLINE(bugprone-bad-signal-to-kill-thread)
-        pthread_kill(thread_.native_handle(), SIGINT);
+        pthread_kill(thread_.native_handle(), SIGTERM);
         thread_.join();
     }
     pthread_sigmask(SIG_SETMASK, &maskBefore_, nullptr);

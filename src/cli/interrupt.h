@@ -7,9 +7,11 @@
 
 namespace tarvin {
 
-/// Ctrl-C (SIGINT) and SIGTERM as ordinary calls on a thread of their own, where everything is
-/// allowed that is not inside a signal handler. One object for the process, made on the main thread
-/// before any other thread starts: from then on the two signals wait until somebody watches.
+/// Ctrl-C (SIGINT), a closed terminal (SIGHUP) and SIGTERM as ordinary calls on a thread of their
+/// own, where everything is allowed that is not inside a signal handler. Whoever started the
+/// program with one of the first two ignored is obeyed. One object for the process, made on the
+/// main thread before any other thread starts: from then on the signals wait until somebody
+/// watches.
 class Interrupt final {
  public:
     Interrupt();

@@ -25,7 +25,7 @@ std::string isoDate(Timestamp date) {
     const std::chrono::year_month_day calendar(day);
     const std::chrono::hh_mm_ss time(second - day);
     const std::chrono::nanoseconds pastSecond = date.time_since_epoch() % std::chrono::seconds{1};
-    const bool beforeEpoch = pastSecond < pastSecond.zero();
+    const bool beforeEpoch = pastSecond < std::chrono::nanoseconds::zero();
     std::string text = "0000-00-00T00:00:00.000000000Z";
     putDigits(text, 4, 4, int{calendar.year()});
     putDigits(text, 7, 2, unsigned{calendar.month()});

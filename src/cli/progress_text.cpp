@@ -53,11 +53,6 @@ std::string_view lastComponent(std::string_view path) {
     return path.substr(path.find_last_of('/') + 1);
 }
 
-std::string collectingLine(const Progress& progress) {
-    return progress.path.empty() ? std::string(collectingFilesText())
-                                 : collectingFileText(printable(lastComponent(progress.path)));
-}
-
 std::string bar(std::uint64_t processed, std::uint64_t total) {
     const std::uint64_t done = total == 0 ? 0 : std::min(processed, total);
     const std::uint64_t whole = std::max<std::uint64_t>(total, 1);
@@ -69,6 +64,15 @@ std::string bar(std::uint64_t processed, std::uint64_t total) {
 /// The elapsed-time text without the words before the time.
 std::string_view timeOf(std::string_view elapsed) {
     return elapsed.substr(elapsed.find_last_of(' ') + 1);
+}
+
+/// The time stays where the name has to be cut.
+std::string collectingLine(const Progress& progress, std::size_t columns) {
+    const std::string after = "  " + std::string(timeOf(progress.elapsed));
+    const std::string text = progress.path.empty()
+                                 ? std::string(collectingFilesText())
+                                 : collectingFileText(printable(lastComponent(progress.path)));
+    return std::string(cut(text, columns > after.size() ? columns - after.size() : 0)) + after;
 }
 
 std::string comparingLine(const Progress& progress, std::size_t columns) {
@@ -84,7 +88,7 @@ std::string comparingLine(const Progress& progress, std::size_t columns) {
 
 std::string progressText(const Progress& progress, std::size_t columns) {
     const std::string line =
-        progress.comparing ? comparingLine(progress, columns) : collectingLine(progress);
+        progress.comparing ? comparingLine(progress, columns) : collectingLine(progress, columns);
     return std::string(cut(line, columns));
 }
 

@@ -38,7 +38,7 @@ constexpr const char* examples =
     "  1    it is done, but a given folder could not be read or the result could not\n"
     "       be written\n"
     "  2    the command line is wrong; nothing was done\n"
-    "  130  the scan was stopped by Ctrl-C or by the signal TERM";
+    "  130  the scan was stopped by Ctrl-C or by the signal TERM or HUP";
 
 Progress progressOf(const ProgressMailbox& mailbox, const ScanRun& run) {
     Progress progress = mailbox.latest();

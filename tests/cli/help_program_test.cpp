@@ -79,7 +79,7 @@ Exit status:
   1    it is done, but a given folder could not be read or the result could not
        be written
   2    the command line is wrong; nothing was done
-  130  the scan was stopped by Ctrl-C or by the signal TERM
+  130  the scan was stopped by Ctrl-C or by the signal TERM or HUP
 )");
 }
 

@@ -1,5 +1,7 @@
 #include "cli/interrupt.h"
 
+#include "support/waiting.h"
+
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -13,12 +15,11 @@ namespace {
 /// Counts calls and lets a test wait for them.
 class Counter final {
  public:
-    void count() {
-        ++calls_;
-        calls_.notify_all();
-    }
+    void count() { ++calls_; }
     [[nodiscard]] int calls() const { return calls_; }
-    void waitForOne() const { calls_.wait(0); }
+    void waitForOne() const {
+        EXPECT_TRUE(waitUntil([this] { return calls_ > 0; }));
+    }
 
  private:
     std::atomic<int> calls_{0};
@@ -53,7 +54,7 @@ TEST(Interrupt, EndsQuietlyWhenNoSignalCame) {
 }
 
 TEST(Interrupt, TheFirstSignalIsTheFirstCall) {
-    for (const int signal : {SIGINT, SIGTERM}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         Watched watched;
         watched.watch();
         sendToProgram(signal);
@@ -98,10 +99,27 @@ TEST(Interrupt, FurtherSignalsArePassedOver) {
     static_cast<void>(std::signal(SIGTERM, SIG_DFL));
 }
 
+TEST(Interrupt, WhatTheProgramWasStartedToIgnoreIsIgnored) {
+    for (const int signal : {SIGINT, SIGHUP}) {
+        static_cast<void>(std::signal(signal, SIG_IGN));
+        {
+            Watched watched;
+            watched.watch();
+            sendToProgram(signal);
+            sendToProgram(SIGTERM);
+            watched.first.waitForOne();
+            EXPECT_EQ(watched.second.calls(), 0) << signal;
+        }
+        static_cast<void>(std::signal(signal, SIG_DFL));
+    }
+}
+
 TEST(Interrupt, ThreadsThatStartLaterDoNotTakeTheSignals) {
     const Interrupt interrupt;
     bool blocked = false;
-    std::thread([&blocked] { blocked = isBlocked(SIGINT) && isBlocked(SIGTERM); }).join();
+    std::thread([&blocked] {
+        blocked = isBlocked(SIGINT) && isBlocked(SIGTERM) && isBlocked(SIGHUP);
+    }).join();
     EXPECT_TRUE(blocked);
 }
 
@@ -112,6 +130,7 @@ TEST(Interrupt, AfterItTheSignalsDoWhatTheyDidBefore) {
     }
     EXPECT_FALSE(isBlocked(SIGINT));
     EXPECT_FALSE(isBlocked(SIGTERM));
+    EXPECT_FALSE(isBlocked(SIGHUP));
 }
 
 }  // namespace

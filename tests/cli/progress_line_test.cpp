@@ -29,7 +29,7 @@ TEST(ProgressLine, IsDrawnAtOnceAndErasedAtTheEnd) {
                                 {milliseconds(60'000)});
     }
     pipe.closeWriting();
-    EXPECT_EQ(pipe.readAll(), "\rCollecting Files: a.jpg\x1B[K\r\x1B[K");
+    EXPECT_EQ(pipe.readAll(), "\rCollecting Files: a.jpg  00:00:00\x1B[K\r\x1B[K");
 }
 
 TEST(ProgressLine, IsDrawnAgainWhenThereIsSomethingNew) {
@@ -38,9 +38,9 @@ TEST(ProgressLine, IsDrawnAgainWhenThereIsSomethingNew) {
     std::optional<ProgressLine> line;
     line.emplace(
         pipe.writing(), [&] { return at(std::to_string(number)); }, quick);
-    EXPECT_EQ(pipe.readUntil("\x1B[K"), "\rCollecting Files: 1\x1B[K");
+    EXPECT_EQ(pipe.readUntil("\x1B[K"), "\rCollecting Files: 1  00:00:00\x1B[K");
     number = 2;
-    EXPECT_EQ(pipe.readUntil("\x1B[K"), "\rCollecting Files: 2\x1B[K");
+    EXPECT_EQ(pipe.readUntil("\x1B[K"), "\rCollecting Files: 2  00:00:00\x1B[K");
     line.reset();
     pipe.closeWriting();
     EXPECT_EQ(pipe.readAll(), "\r\x1B[K");
@@ -63,7 +63,7 @@ TEST(ProgressLine, IsNotDrawnAgainWhenNothingHasChanged) {
     }
     line.reset();
     pipe.closeWriting();
-    EXPECT_EQ(pipe.readAll(), "\rCollecting Files: a.jpg\x1B[K\r\x1B[K");
+    EXPECT_EQ(pipe.readAll(), "\rCollecting Files: a.jpg  00:00:00\x1B[K\r\x1B[K");
 }
 
 TEST(ProgressLine, LeavesTheLastOfEightyColumnsFree) {
@@ -72,7 +72,8 @@ TEST(ProgressLine, LeavesTheLastOfEightyColumnsFree) {
         const ProgressLine line(pipe.writing(), [] { return at(std::string(100, 'x')); });
     }
     pipe.closeWriting();
-    EXPECT_EQ(pipe.readAll(), "\rCollecting Files: " + std::string(61, 'x') + "\x1B[K\r\x1B[K");
+    EXPECT_EQ(pipe.readAll(),
+              "\rCollecting Files: " + std::string(51, 'x') + "  00:00:00\x1B[K\r\x1B[K");
 }
 
 TEST(ProgressLine, AClosedDescriptorDoesNoHarm) {

@@ -27,12 +27,13 @@ Progress comparing(std::uint64_t processed, std::uint64_t total) {
 }
 
 TEST(ProgressText, TheCollectionBeginsWithoutAName) {
-    EXPECT_EQ(progressText(collecting(""), wide), "Collecting Files...");
+    EXPECT_EQ(progressText(collecting(""), wide), "Collecting Files...  00:00:00");
 }
 
 TEST(ProgressText, TheCollectionShowsTheNameWithoutTheFolder) {
-    EXPECT_EQ(progressText(collecting("/photos/summer/photo.jpg"), wide),
-              "Collecting Files: photo.jpg");
+    Progress progress = collecting("/photos/summer/photo.jpg");
+    progress.elapsed = "Elapsed Time: 00:00:02";
+    EXPECT_EQ(progressText(progress, wide), "Collecting Files: photo.jpg  00:00:02");
 }
 
 TEST(ProgressText, TheComparisonShowsABarAndWhatItIsAt) {
@@ -68,23 +69,27 @@ TEST(ProgressText, ANarrowLineShortensTheNameFirst) {
     EXPECT_EQ(progressText(comparing(45, 100), 0), "");
 }
 
-TEST(ProgressText, ALongNameIsCutAtTheEndOfTheLine) {
-    EXPECT_EQ(progressText(collecting("/a/photo.jpg"), 23), "Collecting Files: photo");
+TEST(ProgressText, ALongNameIsCutAndTheTimeStays) {
+    EXPECT_EQ(progressText(collecting("/a/photo.jpg"), 33), "Collecting Files: photo  00:00:00");
+    EXPECT_EQ(progressText(collecting("/a/photo.jpg"), 10), "  00:00:00");
+    EXPECT_EQ(progressText(collecting("/a/photo.jpg"), 5), "  00:");
 }
 
 TEST(ProgressText, ACutNeverGoesThroughACharacter) {
-    EXPECT_EQ(progressText(collecting("/\u00E4\u00E4\u00E4"), 20),
-              "Collecting Files: \u00E4\u00E4");
+    EXPECT_EQ(progressText(collecting("/\u00E4\u00E4\u00E4"), 30),
+              "Collecting Files: \u00E4\u00E4  00:00:00");
 }
 
 TEST(ProgressText, WideCharactersTakeTwoColumns) {
-    EXPECT_EQ(progressText(collecting("/\u5199\u771F.jpg"), 22), "Collecting Files: \u5199\u771F");
-    EXPECT_EQ(progressText(collecting("/\u5199\u771F.jpg"), 21), "Collecting Files: \u5199");
+    EXPECT_EQ(progressText(collecting("/\u5199\u771F.jpg"), 32),
+              "Collecting Files: \u5199\u771F  00:00:00");
+    EXPECT_EQ(progressText(collecting("/\u5199\u771F.jpg"), 31),
+              "Collecting Files: \u5199  00:00:00");
 }
 
 TEST(ProgressText, NoControlCharacterReachesTheTerminal) {
     EXPECT_EQ(progressText(collecting("/a/x\n\x1B[2J\xFF\u009B"), wide),
-              "Collecting Files: x??[2J??");
+              "Collecting Files: x??[2J??  00:00:00");
 }
 
 }  // namespace
