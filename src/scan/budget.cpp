@@ -1,14 +1,14 @@
-#include "scan/read_budget.h"
+#include "scan/budget.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace tarvin {
 
-ReadBudget::Share::Share(Share&& other) noexcept
+Budget::Share::Share(Share&& other) noexcept
     : budget_(std::exchange(other.budget_, nullptr)), amount_(std::exchange(other.amount_, 0)) {}
 
-ReadBudget::Share& ReadBudget::Share::operator=(Share&& other) noexcept {
+Budget::Share& Budget::Share::operator=(Share&& other) noexcept {
     if (this != &other) {
         release();
         budget_ = std::exchange(other.budget_, nullptr);
@@ -17,7 +17,7 @@ ReadBudget::Share& ReadBudget::Share::operator=(Share&& other) noexcept {
     return *this;
 }
 
-void ReadBudget::Share::release() {
+void Budget::Share::release() {
     if (budget_ != nullptr) {
         budget_->giveBack(amount_);
         budget_ = nullptr;
@@ -25,13 +25,13 @@ void ReadBudget::Share::release() {
     }
 }
 
-ReadBudget::Share ReadBudget::Share::split(std::size_t amount) {
+Budget::Share Budget::Share::split(std::size_t amount) {
     const std::size_t passed = std::min(amount, amount_);
     amount_ -= passed;
     return Share(*budget_, passed);
 }
 
-ReadBudget::Share ReadBudget::take(std::size_t amount) {
+Budget::Share Budget::take(std::size_t amount) {
     const std::size_t wanted = std::min(amount, amount_);
     std::unique_lock lock(mutex_);
     const std::uint64_t ticket = nextTicket_++;
@@ -43,7 +43,7 @@ ReadBudget::Share ReadBudget::take(std::size_t amount) {
     return Share(*this, wanted);
 }
 
-ReadBudget::Share ReadBudget::tryTake(std::size_t amount) {
+Budget::Share Budget::tryTake(std::size_t amount) {
     const std::lock_guard lock(mutex_);
     if (free_ < amount || served_ != nextTicket_) {
         return {};
@@ -52,7 +52,7 @@ ReadBudget::Share ReadBudget::tryTake(std::size_t amount) {
     return Share(*this, amount);
 }
 
-void ReadBudget::giveBack(std::size_t amount) {
+void Budget::giveBack(std::size_t amount) {
     {
         const std::lock_guard lock(mutex_);
         free_ += amount;

@@ -8,17 +8,17 @@
 namespace tarvin {
 
 /// A number of things that may be in use at once, such as open files. Any thread.
-class ReadBudget final {
+class Budget final {
  public:
-    explicit ReadBudget(std::size_t amount) : free_(amount), amount_(amount) {}
-    ReadBudget(const ReadBudget&) = delete;
-    ReadBudget& operator=(const ReadBudget&) = delete;
+    explicit Budget(std::size_t amount) : free_(amount), amount_(amount) {}
+    Budget(const Budget&) = delete;
+    Budget& operator=(const Budget&) = delete;
 
     /// What has been taken, given back when it ends.
     class Share final {
      public:
         Share() = default;
-        Share(ReadBudget& budget, std::size_t amount) : budget_(&budget), amount_(amount) {}
+        Share(Budget& budget, std::size_t amount) : budget_(&budget), amount_(amount) {}
         Share(Share&& other) noexcept;
         Share& operator=(Share&& other) noexcept;
         ~Share() { release(); }
@@ -30,7 +30,7 @@ class ReadBudget final {
         [[nodiscard]] Share split(std::size_t amount);
 
      private:
-        ReadBudget* budget_ = nullptr;
+        Budget* budget_ = nullptr;
         std::size_t amount_ = 0;
     };
 

@@ -5,7 +5,7 @@
 
 namespace tarvin {
 
-BufferPool::Lease::Lease(BufferPool& pool, ReadBudget::Share share)
+BufferPool::Lease::Lease(BufferPool& pool, Budget::Share share)
     : pool_(&pool), share_(std::move(share)) {
     slabs_.reserve(share_.amount());
     slabs_.push_back(pool.takeSlab());
@@ -46,13 +46,18 @@ BufferPool::Lease BufferPool::take(std::size_t slabs) {
 std::vector<BufferPool::Lease> BufferPool::takeSeveral(std::size_t count, std::size_t slabsEach) {
     const std::size_t some = std::min(count, mostSlabs());
     const std::size_t each = std::min(slabsEach, mostSlabs() / some);
-    ReadBudget::Share all = budget_.take(some * each);
+    Budget::Share all = budget_.take(some * each);
     std::vector<Lease> leases;
     leases.reserve(some);
     for (std::size_t lease = 0; lease < some; ++lease) {
         leases.push_back({*this, all.split(each)});
     }
     return leases;
+}
+
+std::size_t BufferPool::bytesTaken() {
+    const std::lock_guard lock(mutex_);
+    return slabsMade_ * slabBytes;
 }
 
 std::unique_ptr<std::byte[]> BufferPool::takeSlab() {
@@ -63,6 +68,7 @@ std::unique_ptr<std::byte[]> BufferPool::takeSlab() {
             idle_.pop_back();
             return slab;
         }
+        ++slabsMade_;
     }
     return std::make_unique_for_overwrite<std::byte[]>(slabBytes);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "scan/read_budget.h"
+#include "scan/budget.h"
 
 #include <cstddef>
 #include <memory>
@@ -36,10 +36,10 @@ class BufferPool final {
 
      private:
         friend class BufferPool;
-        Lease(BufferPool& pool, ReadBudget::Share share);
+        Lease(BufferPool& pool, Budget::Share share);
 
         BufferPool* pool_;
-        ReadBudget::Share share_;
+        Budget::Share share_;
         std::vector<std::unique_ptr<std::byte[]>> slabs_;
         std::size_t slab_ = 0;  // the one allocated from
         std::size_t used_ = 0;  // bytes of it
@@ -52,14 +52,17 @@ class BufferPool final {
     [[nodiscard]] std::vector<Lease> takeSeveral(std::size_t count, std::size_t slabsEach);
 
     [[nodiscard]] std::size_t mostSlabs() const { return budget_.amount(); }
+    /// Bytes of the slabs there are, on loan or idle.
+    [[nodiscard]] std::size_t bytesTaken();
 
  private:
     std::unique_ptr<std::byte[]> takeSlab();
     void giveBack(std::vector<std::unique_ptr<std::byte[]>>&& slabs);
 
-    ReadBudget budget_;
+    Budget budget_;
     std::mutex mutex_;
     std::vector<std::unique_ptr<std::byte[]>> idle_;  // guarded by mutex_
+    std::size_t slabsMade_ = 0;                       // guarded by mutex_
 };
 
 }  // namespace tarvin

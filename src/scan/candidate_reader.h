@@ -2,7 +2,7 @@
 
 #include "model/file.h"
 #include "platform/file_system.h"
-#include "scan/read_budget.h"
+#include "scan/budget.h"
 #include "scan/scan_control.h"
 
 #include <atomic>
@@ -68,10 +68,10 @@ class CandidateReader final {
 
     /// How many candidates may be open at once for the time of a visit: whoever takes one of these
     /// waits for nothing but the device until it is given back.
-    [[nodiscard]] ReadBudget& descriptors() { return descriptors_; }
+    [[nodiscard]] Budget& descriptors() { return descriptors_; }
     /// How many more may be kept open for longer. A budget of its own, because its holders wait for
     /// others that visit.
-    [[nodiscard]] ReadBudget& keptDescriptors() { return keptDescriptors_; }
+    [[nodiscard]] Budget& keptDescriptors() { return keptDescriptors_; }
     [[nodiscard]] const ScanControl& control() const { return control_; }
     /// Bytes read so far.
     [[nodiscard]] std::uint64_t bytesRead() const {
@@ -91,8 +91,8 @@ class CandidateReader final {
 
     FileSystem& fileSystem_;
     const ScanControl& control_;
-    ReadBudget descriptors_;
-    ReadBudget keptDescriptors_;
+    Budget descriptors_;
+    Budget keptDescriptors_;
     std::atomic<std::uint64_t> bytesRead_{0};
     // One that any number may read, so that most files need not be looked up in the table.
     std::atomic<std::uint64_t> freelyRead_{noDevice};

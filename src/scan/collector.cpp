@@ -89,7 +89,7 @@ void Collector::acceptFilenameDrag3(const std::string& path) {
         return;
     }
     const Directory* root = lists_.store->addRoot(path);
-    const std::shared_ptr<TreeReader::Listing> listing = TreeReader::openRoot(root);
+    const std::shared_ptr<TreeReader::Listing> listing = TreeReader::makeRoot(root);
     std::vector<OpenFolder> open;
     if (enter(listing)) {
         open.push_back({root, listing, nullptr, 0, {}, 0});

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstring>
 #include <iterator>
+#include <numeric>
 #include <tuple>
 #include <unordered_map>
 #include <utility>
@@ -20,7 +21,8 @@ constexpr std::uint64_t wholeFileBytes = 16 * 1024;
 constexpr std::size_t mostFilesReadWhole = BufferPool::slabBytes / wholeFileBytes;
 // Of a file read whole its two ends are enough for a fingerprint: bytes for each.
 constexpr std::size_t fingerprintedEnd = 256;
-// Classes up to this size keep their files open between stretches.
+// Classes, and groups that a look leaves together, up to this size keep their files open between
+// stretches.
 constexpr std::size_t mostFilesKeptOpen = 32;
 // Larger classes than this are told apart by fingerprints first.
 constexpr std::size_t worthFingerprints = 64;
@@ -186,7 +188,7 @@ std::optional<std::vector<FileGroup>> ContentPartition::compareWhole(std::span<F
 
 std::vector<FileGroup> ContentPartition::partition(std::span<File* const> files) {
     Seen seen;
-    ReadBudget::Share keptOpen;
+    Budget::Share keptOpen;
     if (files.size() <= mostFilesKeptOpen) {
         keptOpen = reader_.keptDescriptors().tryTake(files.size());
     }
@@ -200,7 +202,9 @@ std::vector<FileGroup> ContentPartition::partition(std::span<File* const> files)
     pool_.forEach(shares, [&](std::size_t share) {
         const std::size_t end = std::min(groups.size(), (share + 1) * groupsAShare);
         for (std::size_t group = share * groupsAShare; group < end; ++group) {
-            proven[group] = prover.prove(groups[group]);
+            std::optional<std::vector<FileGroup>> found =
+                seen.open.empty() ? proveOpen(files, seen, groups[group]) : std::nullopt;
+            proven[group] = found ? std::move(*found) : prover.prove(groups[group]);
         }
     });
 
@@ -209,6 +213,40 @@ std::vector<FileGroup> ContentPartition::partition(std::span<File* const> files)
         std::move(some.begin(), some.end(), std::back_inserter(all));
     }
     return withoutItself(std::move(all), files, seen.stamps);
+}
+
+/// Proves a group of a class whose files were not kept open, with its own files open until the
+/// end. None if it is too large for that, or others have too many open.
+std::optional<std::vector<FileGroup>> ContentPartition::proveOpen(std::span<File* const> files,
+                                                                  const Seen& seen,
+                                                                  const FileGroup& group) {
+    const Budget::Share keptOpen = group.size() <= mostFilesKeptOpen
+                                       ? reader_.keptDescriptors().tryTake(group.size())
+                                       : Budget::Share();
+    if (!keptOpen) {
+        return std::nullopt;
+    }
+    std::vector<File*> members;
+    std::vector<std::optional<FileStamp>> stamps;
+    std::vector<std::optional<OpenCandidate>> open;
+    for (const std::uint32_t number : group) {
+        members.push_back(files[number]);
+        stamps.push_back(seen.stamps[number]);
+        open.push_back(reader_.open(*files[number]));
+        if (open.back() && open.back()->stamp != *seen.stamps[number]) {
+            open.back().reset();
+        }
+    }
+    FileGroup all(group.size());
+    std::iota(all.begin(), all.end(), 0U);
+    ContentProver prover(reader_, buffers_, pool_, {members, stamps, open});
+    std::vector<FileGroup> proven = prover.prove(std::move(all));
+    for (FileGroup& equal : proven) {
+        for (std::uint32_t& number : equal) {
+            number = group[number];
+        }
+    }
+    return proven;
 }
 
 /// Opens each file once and keeps what the first block tells.
@@ -225,7 +263,7 @@ void ContentPartition::look(std::span<File* const> files, Seen& seen) {
 }
 
 void ContentPartition::lookAt(std::uint32_t number, const File& file, Seen& seen) {
-    ReadBudget::Share descriptor;
+    Budget::Share descriptor;
     if (seen.open.empty()) {
         descriptor = reader_.descriptors().take(1);
     }

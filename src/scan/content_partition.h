@@ -38,11 +38,11 @@ class ContentPartition final {
     class Workspace final {
      private:
         friend class ContentPartition;
-        Workspace(BufferPool::Lease lease, ReadBudget::Share descriptor)
+        Workspace(BufferPool::Lease lease, Budget::Share descriptor)
             : lease_(std::move(lease)), descriptor_(std::move(descriptor)) {}
 
         BufferPool::Lease lease_;
-        ReadBudget::Share descriptor_;
+        Budget::Share descriptor_;
         // Kept from class to class for their memory alone.
         std::vector<WholeFile> read_;
         std::vector<std::optional<FileStamp>> stamps_;
@@ -66,6 +66,9 @@ class ContentPartition final {
  private:
     struct Seen;
 
+    [[nodiscard]] std::optional<std::vector<FileGroup>> proveOpen(std::span<File* const> files,
+                                                                  const Seen& seen,
+                                                                  const FileGroup& group);
     void look(std::span<File* const> files, Seen& seen);
     void lookAt(std::uint32_t number, const File& file, Seen& seen);
 

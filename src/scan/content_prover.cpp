@@ -113,7 +113,7 @@ class ContentProver::Opened final {
     [[nodiscard]] const OpenCandidate* get() const { return candidate_; }
 
  private:
-    ReadBudget::Share share_;
+    Budget::Share share_;
     std::optional<OpenCandidate> own_;
     const OpenCandidate* candidate_ = nullptr;
 };

@@ -29,7 +29,7 @@ class ComparisonOrder final {
         std::uint64_t length = 0;
     };
 
-    static constexpr std::uint64_t edgeBytes = 16 * 1024;
+    static constexpr std::uint64_t edgeBytes = 8 * 1024;
 
     explicit ComparisonOrder(std::uint64_t fileSize);
 

@@ -11,6 +11,7 @@
 #include "scan/worker_pool.h"
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -46,6 +47,9 @@ class DuplicateFinder final {
 
     /// Bytes read so far, by all categories together.
     [[nodiscard]] std::uint64_t bytesRead() const { return reader_.bytesRead(); }
+    /// Bytes of memory that were taken for reading into, by all categories together: the most that
+    /// was ever used at once. Never over 48 MiB.
+    [[nodiscard]] std::size_t bufferBytes() { return buffers_.bytesTaken(); }
 
  private:
     class CategoryComparison;

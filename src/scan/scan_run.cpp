@@ -98,6 +98,7 @@ void ScanRun::scanTask() {
     std::thread collection([this] { addAllPhotos(); });
     collection.join();
     if (go_) {
+        afterSimilarReportCall_ = false;
         exactMethod();
     } else {
         scanning_ = false;

@@ -77,6 +77,9 @@ class ScanRun final {
     [[nodiscard]] bool go() const { return go_; }
     /// The result is complete, or as complete as a stop left it.
     [[nodiscard]] bool exactScanCompleted() const { return exactScanCompleted_; }
+    /// For the views of a result: false before each comparison, then as they leave it.
+    [[nodiscard]] bool afterSimilarReportCall() const { return afterSimilarReportCall_; }
+    void setAfterSimilarReportCall(bool called) { afterSimilarReportCall_ = called; }
     [[nodiscard]] bool stopElapsedTimeThread() const { return stopElapsedTimeThread_; }
     /// Whether the scan begun last was asked to stop before it was over, also where the flag is
     /// cleared again.
@@ -137,6 +140,7 @@ class ScanRun final {
     std::atomic<bool> scanning_{false};
     std::atomic<bool> added_{true};
     std::atomic<bool> go_{false};
+    std::atomic<bool> afterSimilarReportCall_{false};
     std::atomic<bool> exactScanCompleted_{false};
     std::atomic<bool> stopElapsedTimeThread_{true};
     std::atomic<bool> wasStopped_{false};

@@ -84,7 +84,7 @@ TreeReader::~TreeReader() {
     changed_.wait(lock, [this] { return tasks_ == 0; });
 }
 
-std::shared_ptr<TreeReader::Listing> TreeReader::openRoot(const Directory* directory) {
+std::shared_ptr<TreeReader::Listing> TreeReader::makeRoot(const Directory* directory) {
     return std::make_shared<Listing>(directory, nullptr);
 }
 

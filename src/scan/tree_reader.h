@@ -71,7 +71,7 @@ class TreeReader final {
     ~TreeReader();
 
     /// The folder a walk begins at; a symbolic link to one is followed.
-    static std::shared_ptr<Listing> openRoot(const Directory* directory);
+    static std::shared_ptr<Listing> makeRoot(const Directory* directory);
     /// A folder found in a block of `parent`, which must be open still. Lists nothing yet.
     static std::shared_ptr<Listing> makeListing(const std::shared_ptr<Listing>& parent,
                                                 const Directory* directory);

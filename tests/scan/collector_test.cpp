@@ -470,6 +470,38 @@ TEST_F(CollectorTest, StopsInsideALargeFolderAtOnce) {
     EXPECT_LT(fileSystem_.entriesListed(), 100'000u);
 }
 
+TEST_F(CollectorTest, PausesInsideALargeFolderAtOnce) {
+    fileSystem_.inventFiles(tree_.path(), 1'000'000);
+    observer_.onFile = [&](const std::string& path) {
+        if (path.ends_with("-20000.txt")) {
+            control_.setPause(true);
+        }
+    };
+    Collection collection;
+    std::thread collecting([&] { collection = collectTree(); });
+    EXPECT_TRUE(waitUntil([&] { return observer_.events().size() == 2; }));
+    const auto paused = std::chrono::steady_clock::now();
+    // What the workers have in hand is finished; then nothing is listed for a good while.
+    const auto promptly = sanitized ? 2'000ms : 200ms;
+    std::uint64_t listed = 0;
+    auto still = paused;
+    while (std::chrono::steady_clock::now() - still < promptly / 4 && still - paused < promptly) {
+        const std::uint64_t now = fileSystem_.entriesListed();
+        if (now != listed) {
+            listed = now;
+            still = std::chrono::steady_clock::now();
+        }
+        std::this_thread::yield();
+    }
+    EXPECT_LT(still - paused, promptly);
+    EXPECT_LT(listed, 100'000u);
+    EXPECT_EQ(observer_.labelCount(), 20'001u);
+    control_.setStop(true);
+    control_.setPause(false);
+    collecting.join();
+    EXPECT_EQ(collection.lists.total(), 20'001u);
+}
+
 TEST_F(CollectorTest, StopsWhileAFolderIsReadToItsEnd) {
     fileSystem_.inventFiles(tree_.makeFolder("large"), 1'000'000);
     fileSystem_.setDescriptorLimit(16);

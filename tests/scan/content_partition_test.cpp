@@ -3,6 +3,7 @@
 #include "support/comparison_bench.h"
 #include "support/faulty_file_system.h"
 #include "support/pairwise_finder.h"
+#include "support/waiting.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -13,6 +14,8 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <ostream>
 #include <thread>
 #include <tuple>
 
@@ -138,6 +141,8 @@ TEST_F(Comparison, ManyFilesThatDifferBehindTheFirstBlockAreReadNoFurther) {
                                 return fileSystem_.bytesRead(path) > 5 * firstBlock;
                             }),
               1);
+    EXPECT_GT(bench_.finder().bufferBytes(), 0U);
+    EXPECT_LE(bench_.finder().bufferBytes(), 64U * 1024 * 1024);
 }
 
 TEST_F(Comparison, TenThousandEqualFilesUnderALimitOf64Descriptors) {
@@ -175,93 +180,170 @@ TEST_F(Comparison, AShortageOfDescriptorsIsWaitedOut) {
     EXPECT_EQ(find(), oneSet({a, b}));
 }
 
-/// What happens to the second of three equal files must cost the other two nothing.
-class OneOfThree : public Comparison, public ::testing::WithParamInterface<std::uint64_t> {
- protected:
-    void SetUp() override {
-        for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
-            sparse(name, GetParam());
-        }
-        b_ = bench_.folder().pathOf("b.txt");
-    }
-
-    void expectTheOthers() {
-        EXPECT_EQ(find(),
-                  oneSet({bench_.folder().pathOf("a.txt"), bench_.folder().pathOf("c.txt")}));
-    }
-
-    std::string b_;
+/// A class of equal files that is compared in one way or another.
+struct ClassOfFiles {
+    std::uint64_t size;
+    std::size_t count;
 };
 
-TEST_P(OneOfThree, CannotBeOpened) {
-    fileSystem_.failCall(FileCall::openFile, FaultyFileSystem::each, EACCES, b_);
+void PrintTo(const ClassOfFiles& files,
+             std::ostream* out) {  // NOLINT(readability-identifier-naming)
+    *out << files.count << " of " << files.size << " bytes";
+}
+
+std::string nameOf(const ::testing::TestParamInfo<ClassOfFiles>& info) {
+    return std::to_string(info.param.count) + "Of" + std::to_string(info.param.size);
+}
+
+/// What happens to the second of some equal files must cost the others nothing.
+class OneOfEqualFiles : public Comparison, public ::testing::WithParamInterface<ClassOfFiles> {
+ protected:
+    void SetUp() override {
+        for (std::size_t number = 0; number < GetParam().count; ++number) {
+            others_.push_back(sparse(std::to_string(number) + ".txt", GetParam().size));
+        }
+        first_ = others_.front();
+        victim_ = others_[1];
+        others_.erase(others_.begin() + 1);
+    }
+
+    void expectTheOthers() { EXPECT_EQ(find(), oneSet(others_)); }
+
+    std::vector<std::string> others_;
+    std::string first_;
+    std::string victim_;
+};
+
+TEST_P(OneOfEqualFiles, CannotBeOpened) {
+    fileSystem_.failCall(FileCall::openFile, FaultyFileSystem::each, EACCES, victim_);
     expectTheOthers();
 }
 
-TEST_P(OneOfThree, HasNoAttributes) {
-    fileSystem_.failCall(FileCall::attributesOf, 1, EIO, b_);
+TEST_P(OneOfEqualFiles, HasNoAttributes) {
+    fileSystem_.failCall(FileCall::attributesOf, 1, EIO, victim_);
     expectTheOthers();
 }
 
-TEST_P(OneOfThree, FailsAtItsFirstRead) {
-    fileSystem_.failCall(FileCall::readAt, 1, EIO, b_);
+TEST_P(OneOfEqualFiles, FailsAtItsFirstRead) {
+    fileSystem_.failCall(FileCall::readAt, 1, EIO, victim_);
     expectTheOthers();
 }
 
-TEST_P(OneOfThree, IsGone) {
-    std::filesystem::remove(b_);
+TEST_P(OneOfEqualFiles, IsGone) {
+    std::filesystem::remove(victim_);
     expectTheOthers();
 }
 
-TEST_P(OneOfThree, VanishesJustBeforeItIsOpened) {
+TEST_P(OneOfEqualFiles, VanishesJustBeforeItIsOpened) {
     fileSystem_.beforeCall(
-        FileCall::openFile, 1, [this] { std::filesystem::remove(b_); }, b_);
+        FileCall::openFile, 1, [this] { std::filesystem::remove(victim_); }, victim_);
     expectTheOthers();
 }
 
-TEST_P(OneOfThree, HasBecomeAPipe) {
-    std::filesystem::remove(b_);
-    ASSERT_EQ(::mkfifo(b_.c_str(), 0600), 0);
+TEST_P(OneOfEqualFiles, HasBecomeAPipe) {
+    std::filesystem::remove(victim_);
+    ASSERT_EQ(::mkfifo(victim_.c_str(), 0600), 0);
     expectTheOthers();
 }
 
-TEST_P(OneOfThree, HasBecomeAFolder) {
-    std::filesystem::remove(b_);
-    std::filesystem::create_directory(b_);
+TEST_P(OneOfEqualFiles, HasBecomeAFolder) {
+    std::filesystem::remove(victim_);
+    std::filesystem::create_directory(victim_);
     expectTheOthers();
 }
 
-TEST_P(OneOfThree, HasBecomeALinkToAnotherOfThem) {
-    std::filesystem::remove(b_);
-    std::filesystem::create_symlink(bench_.folder().pathOf("a.txt"), b_);
+TEST_P(OneOfEqualFiles, HasBecomeALinkToAnotherOfThem) {
+    std::filesystem::remove(victim_);
+    std::filesystem::create_symlink(first_, victim_);
     expectTheOthers();
 }
 
-TEST_P(OneOfThree, HasBecomeALinkToADevice) {
-    std::filesystem::remove(b_);
-    std::filesystem::create_symlink("/dev/zero", b_);
+TEST_P(OneOfEqualFiles, HasBecomeALinkToADevice) {
+    std::filesystem::remove(victim_);
+    std::filesystem::create_symlink("/dev/zero", victim_);
     expectTheOthers();
-    EXPECT_EQ(fileSystem_.bytesRead(b_), 0U);
+    EXPECT_EQ(fileSystem_.bytesRead(victim_), 0U);
 }
 
-TEST_P(OneOfThree, ShrinksWhileItIsRead) {
+TEST_P(OneOfEqualFiles, ShrinksWhileItIsRead) {
     fileSystem_.beforeCall(
-        FileCall::readAt, 1, [this] { std::filesystem::resize_file(b_, GetParam() / 2); }, b_);
+        FileCall::readAt, 1, [this] { std::filesystem::resize_file(victim_, GetParam().size / 2); },
+        victim_);
     expectTheOthers();
 }
 
-TEST_P(OneOfThree, HasShrunkBefore) {
-    std::filesystem::resize_file(b_, GetParam() - 1);
+TEST_P(OneOfEqualFiles, HasShrunkBefore) {
+    std::filesystem::resize_file(victim_, GetParam().size - 1);
     expectTheOthers();
 }
 
-TEST_P(OneOfThree, HasGrownBefore) {
-    std::filesystem::resize_file(b_, GetParam() + 1);
+TEST_P(OneOfEqualFiles, HasGrownBefore) {
+    std::filesystem::resize_file(victim_, GetParam().size + 1);
     expectTheOthers();
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, OneOfThree,
-                         ::testing::Values(100, 16'384, 16'385, 400'000, 9'000'000));
+// Read whole; kept open; opened for each stretch; told apart by fingerprints first.
+INSTANTIATE_TEST_SUITE_P(Ways, OneOfEqualFiles,
+                         ::testing::Values(ClassOfFiles{100, 3}, ClassOfFiles{16'384, 3},
+                                           ClassOfFiles{16'385, 3}, ClassOfFiles{400'000, 3},
+                                           ClassOfFiles{9'000'000, 3}, ClassOfFiles{100, 40},
+                                           ClassOfFiles{60'000, 40}, ClassOfFiles{100, 100},
+                                           ClassOfFiles{60'000, 100}),
+                         nameOf);
+
+/// What changes when it has been read from already, but not to its end.
+class OneOfFilesInReading : public OneOfEqualFiles {
+ protected:
+    void replaceAtFirstRead(const std::function<void()>& makeAnother) {
+        fileSystem_.beforeCall(
+            FileCall::readAt, 1,
+            [this, makeAnother] {
+                std::filesystem::remove(victim_);
+                makeAnother();
+            },
+            victim_);
+    }
+};
+
+TEST_P(OneOfFilesInReading, BecomesAPipe) {
+    replaceAtFirstRead([this] { ASSERT_EQ(::mkfifo(victim_.c_str(), 0600), 0); });
+    expectTheOthers();
+}
+
+TEST_P(OneOfFilesInReading, BecomesAFolder) {
+    replaceAtFirstRead([this] { std::filesystem::create_directory(victim_); });
+    expectTheOthers();
+}
+
+TEST_P(OneOfFilesInReading, BecomesALinkToAnotherOfThem) {
+    replaceAtFirstRead([this] { std::filesystem::create_symlink(first_, victim_); });
+    expectTheOthers();
+}
+
+TEST_P(OneOfFilesInReading, BecomesALinkToADevice) {
+    replaceAtFirstRead([this] { std::filesystem::create_symlink("/dev/zero", victim_); });
+    expectTheOthers();
+}
+
+TEST_P(OneOfFilesInReading, Vanishes) {
+    replaceAtFirstRead([] {});
+    expectTheOthers();
+}
+
+TEST_P(OneOfFilesInReading, BecomesUnreadable) {
+    fileSystem_.failCall(FileCall::readAt, 2, EACCES, victim_);
+    expectTheOthers();
+}
+
+TEST_P(OneOfFilesInReading, HasNoAttributesWhenTheyAreAskedForAgain) {
+    fileSystem_.failCall(FileCall::attributesOf, 2, EIO, victim_);
+    expectTheOthers();
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, OneOfFilesInReading,
+                         ::testing::Values(ClassOfFiles{60'000, 3}, ClassOfFiles{60'000, 40},
+                                           ClassOfFiles{60'000, 100}, ClassOfFiles{9'000'000, 3}),
+                         nameOf);
 
 TEST_F(Comparison, FailsAtAnyOfItsReads) {
     for (std::uint64_t nth = 2; nth < 6; ++nth) {
@@ -405,19 +487,21 @@ TEST_F(Comparison, OneReaderAtATimeOnARotationalDevice) {
     EXPECT_LE(fileSystem_.readersOfOneDeviceAtMost(), 1U);
 }
 
-/// Two files of 10 GB that are equal, so that comparing them takes long.
-class HugeFiles : public Comparison {
+/// Equal files that take long to compare: two huge ones, and very many.
+class LongComparison : public Comparison, public ::testing::WithParamInterface<ClassOfFiles> {
  protected:
-    static constexpr std::uint64_t size = 10'000'000'000;
-
     void SetUp() override {
-        sparse("a.txt", size);
-        sparse("b.txt", size);
-        comparison_ = std::thread([this] { result_ = find(); });
-        while (bench_.finder().bytesRead() < 50'000'000) {
-            std::this_thread::yield();
+        for (std::size_t number = 0; number < GetParam().count; ++number) {
+            sparse(std::to_string(number) + ".txt", GetParam().size);
         }
     }
+
+    void begin() {
+        comparison_ = std::thread([this] { result_ = find(); });
+        ASSERT_TRUE(waitUntil([this] { return bench_.finder().bytesRead() > bytesInAll() / 200; }));
+    }
+
+    [[nodiscard]] static std::uint64_t bytesInAll() { return GetParam().size * GetParam().count; }
 
     void TearDown() override {
         bench_.control().setStop(true);
@@ -427,19 +511,31 @@ class HugeFiles : public Comparison {
         }
     }
 
+    void expectAStopToActAtOnce() {
+        const auto asked = std::chrono::steady_clock::now();
+        bench_.control().setStop(true);
+        comparison_.join();
+        EXPECT_LT(std::chrono::steady_clock::now() - asked, promptly);
+        EXPECT_EQ(result_, PlainResult{});
+    }
+
     std::thread comparison_;
     PlainResult result_;
 };
 
-TEST_F(HugeFiles, AStopActsAtOnceAndShowsNothingUnproven) {
-    const auto asked = std::chrono::steady_clock::now();
-    bench_.control().setStop(true);
-    comparison_.join();
-    EXPECT_LT(std::chrono::steady_clock::now() - asked, promptly);
-    EXPECT_EQ(result_, PlainResult{});
+TEST_P(LongComparison, IsStoppedAtOnceAndShowsNothingUnproven) {
+    begin();
+    expectAStopToActAtOnce();
 }
 
-TEST_F(HugeFiles, APauseActsAtOnce) {
+TEST_P(LongComparison, IsStoppedAtOnceOnARotationalDevice) {
+    fileSystem_.setRotational(true);
+    begin();
+    expectAStopToActAtOnce();
+}
+
+TEST_P(LongComparison, IsPausedAtOnce) {
+    begin();
     const auto asked = std::chrono::steady_clock::now();
     bench_.control().setPause(true);
     // Nothing is read any more once the pieces in hand are done: look until two looks agree for a
@@ -455,12 +551,16 @@ TEST_F(HugeFiles, APauseActsAtOnce) {
         ASSERT_LT(still - asked, promptly);
         std::this_thread::yield();
     }
-    EXPECT_LT(before, 2 * size);
+    EXPECT_LT(before, bytesInAll());
 }
 
+INSTANTIATE_TEST_SUITE_P(Ways, LongComparison,
+                         ::testing::Values(ClassOfFiles{10'000'000'000, 2},
+                                           ClassOfFiles{100'000, 20'000}),
+                         nameOf);
+
 TEST(ComparisonOrder, GoesOverEveryByteOnce) {
-    for (const std::uint64_t size :
-         {0U, 1U, 16'383U, 16'384U, 16'385U, 32'767U, 32'768U, 100'000U}) {
+    for (const std::uint64_t size : {0U, 1U, 8'191U, 8'192U, 8'193U, 16'383U, 16'384U, 100'000U}) {
         const ComparisonOrder order(size);
         std::vector<int> seen(size, 0);
         for (std::uint64_t position = 0; position < size;) {
@@ -478,8 +578,8 @@ TEST(ComparisonOrder, GoesOverEveryByteOnce) {
 TEST(ComparisonOrder, ReadsTheEndSecond) {
     const ComparisonOrder order(1'000'000);
     EXPECT_EQ(order.pieceAt(0).offset, 0U);
-    EXPECT_EQ(order.pieceAt(16'384).offset, 1'000'000U - 16'384U);
-    EXPECT_EQ(order.pieceAt(32'768).offset, 16'384U);
+    EXPECT_EQ(order.pieceAt(8'192).offset, 1'000'000U - 8'192U);
+    EXPECT_EQ(order.pieceAt(16'384).offset, 8'192U);
     EXPECT_EQ(order.pieceAt(32'768).length, 1'000'000U - 32'768U);
 }
 

@@ -3,8 +3,9 @@
 #include "support/comparison_bench.h"
 #include "support/fake_platform.h"
 #include "support/faulty_file_system.h"
+#include "support/file_tree.h"
 #include "support/pairwise_finder.h"
-#include "support/temporary_folder.h"
+#include "support/waiting.h"
 
 #include <gtest/gtest.h>
 
@@ -50,7 +51,8 @@ class Recorder final : public ScanObserver {
 
     void waitFor(const Event& event) {
         std::unique_lock lock(mutex_);
-        changed_.wait(lock, [&] { return has(event); });
+        EXPECT_TRUE(changed_.wait_for(lock, patience, [&] { return has(event); }))
+            << "Nobody told: " << event;
     }
 
     [[nodiscard]] bool saw(const Event& event) {
@@ -119,7 +121,7 @@ class ScanRunTest : public ::testing::Test {
         run_.wait();
     }
 
-    TemporaryFolder folder_;
+    FileTree folder_;
     FaultyFileSystem fileSystem_{systemFileSystem()};
     FakePlatform platform_{fileSystem_};
     Recorder recorder_;
@@ -289,6 +291,21 @@ TEST_F(ScanRunTest, HomeCleanupForgetsEverything) {
     EXPECT_FALSE(run_.scanStartDate().has_value());
 }
 
+TEST_F(ScanRunTest, EachComparisonClearsTheFlagOfTheViews) {
+    folder_.writeFile("a.txt", "same");
+    addRow(folder_.path());
+    run_.setAfterSimilarReportCall(true);
+    scan();
+    EXPECT_FALSE(run_.afterSimilarReportCall());
+}
+
+TEST_F(ScanRunTest, WithoutAComparisonTheFlagOfTheViewsIsLeftAlone) {
+    addRow(folder_.path());
+    run_.setAfterSimilarReportCall(true);
+    scan();
+    EXPECT_TRUE(run_.afterSimilarReportCall());
+}
+
 TEST_F(ScanRunTest, ScansAgainAfterHomeCleanup) {
     folder_.writeFile("a.txt", "same");
     folder_.writeFile("b.txt", "same");
@@ -376,12 +393,12 @@ TEST_F(ScanRunTest, PausedSecondsDoNotCount) {
         });
         return last != events.rend() && *last < "Elapsed Time: 00:01:40";
     };
-    while (!behind()) {
+    EXPECT_TRUE(waitUntil([&] {
         run_.setPause(true);
         std::this_thread::yield();
         run_.setPause(false);
-        std::this_thread::yield();
-    }
+        return behind();
+    }));
     gate.unlock();
     run_.wait();
 }
@@ -406,6 +423,32 @@ TEST_F(ScanRunTest, ExceptedFilesAreLeftOut) {
     run_.wait();
     EXPECT_EQ(run_.collected(Category::documents), 1U);
     EXPECT_TRUE(recorder_.saw("collecting a.txt"));
+}
+
+TEST_F(ScanRunTest, FindsEqualFilesFiveThousandLevelsDeep) {
+    folder_.makeChain("", "level", 5'000, {"a.txt"}, "same", 4'900);
+    addRow(folder_.path());
+    scan();
+    const PlainResult found = plainResultOf(*run_.modal());
+    ASSERT_EQ(found.size(), 1U);
+    ASSERT_EQ(found[0].sets.size(), 1U);
+    const std::vector<std::string>& set = found[0].sets[0];
+    EXPECT_EQ(set.size(), 100U);
+    EXPECT_TRUE(std::any_of(set.begin(), set.end(), [this](const std::string& path) {
+        return path.size() == folder_.path().size() + 5'000 * 6 + 6;
+    }));
+}
+
+TEST_F(ScanRunTest, FindsEqualFilesWhosePathsAreLongerThanTheSystemTakes) {
+    const std::string bottom =
+        folder_.makeChain("", std::string(250, 'd'), 20, {"a.txt", "b.txt"}, "same");
+    addRow(bottom);
+    scan();
+    const PlainResult found = plainResultOf(*run_.modal());
+    ASSERT_EQ(found.size(), 1U);
+    std::vector<std::string> set = found[0].sets.at(0);
+    std::sort(set.begin(), set.end());
+    EXPECT_EQ(set, (std::vector{bottom + "/a.txt", bottom + "/b.txt"}));
 }
 
 TEST_F(ScanRunTest, EndsItsThreadsWhenItIsDestroyedInTheMiddle) {

@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -67,10 +68,11 @@ class FileTree final {
     }
 
     /// `depth` folders called `name`, one inside the other, the outermost in the folder `in` of the
-    /// tree. Each holds an empty file for every name in `files`. Answers the path of the innermost,
-    /// which may be longer than the system takes.
+    /// tree. Each, from the level `from` on, holds a file of that content for every name in
+    /// `files`. Answers the path of the innermost, which may be longer than the system takes.
     std::string makeChain(std::string_view in, std::string_view name, std::size_t depth,
-                          const std::vector<std::string>& files = {}) const {
+                          const std::vector<std::string>& files = {}, std::string_view content = {},
+                          std::size_t from = 0) const {
         const std::string step(name);
         std::string path = in.empty() ? this->path() : makeFolder(in);
         int folder = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -80,7 +82,9 @@ class FileTree final {
             folder = moveTo(folder, step.c_str());
             path.append("/").append(step);
             for (const std::string& file : files) {
-                makeFileAt(folder, file);
+                if (level >= from) {
+                    makeFileAt(folder, file, content);
+                }
             }
         }
         ::close(folder);
@@ -142,8 +146,15 @@ class FileTree final {
         return to;
     }
 
-    static void makeFileAt(int folder, const std::string& name) {
+    static void makeFileAt(int folder, const std::string& name, std::string_view content = {}) {
         check(::mknodat(folder, name.c_str(), S_IFREG | 0600, 0), name);
+        if (!content.empty()) {
+            const int file = ::openat(folder, name.c_str(), O_WRONLY | O_CLOEXEC);
+            check(file, name);
+            const bool whole = ::write(file, content.data(), content.size()) == std::ssize(content);
+            check(whole ? 0 : -1, name);
+            ::close(file);
+        }
     }
 
     /// Removes everything but the folders, whose names it answers.
