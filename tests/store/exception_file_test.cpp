@@ -1,0 +1,163 @@
+#include "store/exception_file.h"
+
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+#include <plist/plist.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+using Paths = std::vector<std::string>;
+
+std::string xml(const std::string& root) {
+    return R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0">)" + root + "</plist>";
+}
+
+class ExceptionFile : public ::testing::Test {
+ protected:
+    ExceptionList read(const std::string& content) const {
+        return readExceptionFile(folder_.writeFile("exception.plist", content));
+    }
+
+    /// A list that cannot be used says where, why, and that it is there.
+    void expectRefused(const std::string& content) const {
+        const ExceptionList list = read(content);
+        EXPECT_EQ(list.paths, Paths{});
+        ASSERT_TRUE(list.error) << content;
+        EXPECT_EQ(list.error->path, folder_.pathOf("exception.plist"));
+        EXPECT_EQ(list.error->text, "not a property list of paths");
+        EXPECT_FALSE(list.error->missing);
+    }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(ExceptionFile, GivesThePathsInTheirOrder) {
+    const ExceptionList list =
+        read(xml("<array><string>/z/b.jpg</string><string>/a/c.jpg</string></array>"));
+    EXPECT_FALSE(list.error);
+    EXPECT_EQ(list.paths, (Paths{"/z/b.jpg", "/a/c.jpg"}));
+}
+
+TEST_F(ExceptionFile, ReadsBinaryListsToo) {
+    plist_t array = plist_new_array();
+    plist_array_append_item(array, plist_new_string("/photos/grün.jpg"));
+    plist_array_append_item(array, plist_new_string("/photos/b.jpg"));
+    char* bytes = nullptr;
+    std::uint32_t length = 0;
+    plist_to_bin(array, &bytes, &length);
+    const ExceptionList list = read(std::string(bytes, length));
+    std::free(bytes);  // NOLINT(cppcoreguidelines-no-malloc): allocated by the library
+    plist_free(array);
+    EXPECT_FALSE(list.error);
+    EXPECT_EQ(list.paths, (Paths{"/photos/grün.jpg", "/photos/b.jpg"}));
+}
+
+TEST_F(ExceptionFile, AnEmptyListIsAList) {
+    const ExceptionList list = read(xml("<array/>"));
+    EXPECT_FALSE(list.error);
+    EXPECT_EQ(list.paths, Paths{});
+}
+
+TEST_F(ExceptionFile, UndoesTheEscapesOfXml) {
+    EXPECT_EQ(read(xml("<array><string>/a &amp; b/&lt;c&gt;.jpg</string></array>")).paths,
+              (Paths{"/a & b/<c>.jpg"}));
+}
+
+TEST_F(ExceptionFile, PassesOverWhatIsNoString) {
+    EXPECT_EQ(read(xml("<array><integer>3</integer><string>/a.jpg</string><true/>"
+                       "<dict><key>k</key><string>/in/dict.jpg</string></dict>"
+                       "<array><string>/in/array.jpg</string></array></array>"))
+                  .paths,
+              (Paths{"/a.jpg"}));
+}
+
+TEST_F(ExceptionFile, IsFoundBehindALink) {
+    folder_.writeFile("kept/list.plist", xml("<array><string>/a.jpg</string></array>"));
+    folder_.makeLink("exception.plist", "kept/list.plist");
+    EXPECT_EQ(readExceptionFile(folder_.pathOf("exception.plist")).paths, (Paths{"/a.jpg"}));
+}
+
+TEST_F(ExceptionFile, ThatIsMissingSaysSo) {
+    const ExceptionList list = readExceptionFile(folder_.pathOf("exception.plist"));
+    EXPECT_EQ(list.paths, Paths{});
+    ASSERT_TRUE(list.error);
+    EXPECT_TRUE(list.error->missing);
+    EXPECT_EQ(list.error->text, "No such file or directory");
+}
+
+TEST_F(ExceptionFile, ThatIsALinkToNothingIsMissing) {
+    folder_.makeLink("exception.plist", "nowhere");
+    const ExceptionList list = readExceptionFile(folder_.pathOf("exception.plist"));
+    ASSERT_TRUE(list.error);
+    EXPECT_TRUE(list.error->missing);
+}
+
+TEST_F(ExceptionFile, WithoutAListOfPathsIsRefused) {
+    expectRefused("");
+    expectRefused("no list");
+    expectRefused("<html><body>not found</body></html>");
+    expectRefused(xml("<dict><key>k</key><string>/a.jpg</string></dict>"));
+    expectRefused(xml("<string>/a.jpg</string>"));
+    expectRefused("bplist00");
+    expectRefused("bplist00" + std::string(100, '\xff'));
+    expectRefused(std::string(10'000, '\0'));
+}
+
+TEST_F(ExceptionFile, CutOffAnywhereIsRefusedOrGivesTheFirstPaths) {
+    const std::string whole = xml("<array><string>/a.jpg</string><string>/b.jpg</string></array>");
+    const Paths paths{"/a.jpg", "/b.jpg"};
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        const ExceptionList list = read(whole.substr(0, length));
+        ASSERT_LE(list.paths.size(), paths.size());
+        EXPECT_TRUE(std::equal(list.paths.begin(), list.paths.end(), paths.begin())) << length;
+        EXPECT_TRUE(!list.error || list.paths.empty()) << length;
+    }
+}
+
+TEST_F(ExceptionFile, ThatIsAFolderIsRefused) {
+    const ExceptionList list = readExceptionFile(folder_.makeFolder("exception.plist"));
+    ASSERT_TRUE(list.error);
+    EXPECT_EQ(list.error->text, "not a regular file");
+    EXPECT_FALSE(list.error->missing);
+}
+
+TEST_F(ExceptionFile, ThatIsAPipeIsRefusedAtOnce) {
+    const std::string path = folder_.pathOf("exception.plist");
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    const ExceptionList list = readExceptionFile(path);
+    ASSERT_TRUE(list.error);
+    EXPECT_EQ(list.error->text, "not a regular file");
+}
+
+TEST_F(ExceptionFile, ThatIsTooLargeIsNotRead) {
+    const std::string path = folder_.writeFile("exception.plist", "");
+    std::filesystem::resize_file(path, 256ULL * 1024 * 1024 + 1);
+    const ExceptionList list = readExceptionFile(path);
+    ASSERT_TRUE(list.error);
+    EXPECT_EQ(list.error->text, "the file is too large");
+}
+
+TEST_F(ExceptionFile, OfAHundredThousandPathsIsReadWhole) {
+    std::string array = "<array>";
+    for (int number = 0; number < 100'000; ++number) {
+        array += "<string>/photos/" + std::to_string(number) + ".jpg</string>";
+    }
+    const ExceptionList list = read(xml(array + "</array>"));
+    ASSERT_EQ(list.paths.size(), 100'000U);
+    EXPECT_EQ(list.paths.front(), "/photos/0.jpg");
+    EXPECT_EQ(list.paths.back(), "/photos/99999.jpg");
+}
+
+}  // namespace
+}  // namespace tarvin
