@@ -1,4 +1,4 @@
-#include "scan/read_budget.h"
+#include "scan/budget.h"
 
 #include "support/waiting.h"
 
@@ -17,11 +17,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(ReadBudget, HandsOutWhatItHas) {
-    ReadBudget budget(3);
+TEST(Budget, HandsOutWhatItHas) {
+    Budget budget(3);
     EXPECT_EQ(budget.amount(), 3u);
-    const ReadBudget::Share one = budget.take(1);
-    const ReadBudget::Share two = budget.tryTake(2);
+    const Budget::Share one = budget.take(1);
+    const Budget::Share two = budget.tryTake(2);
     EXPECT_TRUE(one);
     EXPECT_EQ(one.amount(), 1u);
     EXPECT_TRUE(two);
@@ -30,18 +30,18 @@ TEST(ReadBudget, HandsOutWhatItHas) {
     EXPECT_EQ(budget.amount(), 3u);
 }
 
-TEST(ReadBudget, GetsAShareBackWhenItEnds) {
-    ReadBudget budget(2);
+TEST(Budget, GetsAShareBackWhenItEnds) {
+    Budget budget(2);
     {
-        const ReadBudget::Share all = budget.take(2);
+        const Budget::Share all = budget.take(2);
         EXPECT_FALSE(budget.tryTake(1));
     }
     EXPECT_TRUE(budget.tryTake(2));
 }
 
-TEST(ReadBudget, GetsAShareBackOnceWhenItIsReleased) {
-    ReadBudget budget(2);
-    ReadBudget::Share share = budget.take(1);
+TEST(Budget, GetsAShareBackOnceWhenItIsReleased) {
+    Budget budget(2);
+    Budget::Share share = budget.take(1);
     share.release();
     share.release();
     EXPECT_FALSE(share);
@@ -50,66 +50,66 @@ TEST(ReadBudget, GetsAShareBackOnceWhenItIsReleased) {
     EXPECT_FALSE(budget.tryTake(3));
 }
 
-TEST(ReadBudget, GivesNothingOfWhatItHasTooLittle) {
-    ReadBudget budget(4);
-    const ReadBudget::Share three = budget.take(3);
+TEST(Budget, GivesNothingOfWhatItHasTooLittle) {
+    Budget budget(4);
+    const Budget::Share three = budget.take(3);
     EXPECT_FALSE(budget.tryTake(2));
     EXPECT_TRUE(budget.tryTake(1));
 }
 
-TEST(ReadBudget, TriesInVainForMoreThanThereEverIs) {
-    ReadBudget budget(4);
+TEST(Budget, TriesInVainForMoreThanThereEverIs) {
+    Budget budget(4);
     EXPECT_FALSE(budget.tryTake(5));
     EXPECT_TRUE(budget.tryTake(4));
 }
 
-TEST(ReadBudget, GivesAllItHasToWhoAsksForMore) {
-    ReadBudget budget(4);
-    const ReadBudget::Share share = budget.take(1000);
+TEST(Budget, GivesAllItHasToWhoAsksForMore) {
+    Budget budget(4);
+    const Budget::Share share = budget.take(1000);
     EXPECT_EQ(share.amount(), 4u);
     EXPECT_FALSE(budget.tryTake(1));
 }
 
-TEST(ReadBudget, KeepsAShareThatIsMoved) {
-    ReadBudget budget(2);
-    ReadBudget::Share first = budget.take(2);
-    ReadBudget::Share second(std::move(first));
+TEST(Budget, KeepsAShareThatIsMoved) {
+    Budget budget(2);
+    Budget::Share first = budget.take(2);
+    Budget::Share second(std::move(first));
     EXPECT_EQ(second.amount(), 2u);
     EXPECT_FALSE(budget.tryTake(1));
-    ReadBudget::Share third;
+    Budget::Share third;
     third = std::move(second);
     EXPECT_EQ(third.amount(), 2u);
     EXPECT_FALSE(budget.tryTake(1));
 }
 
-TEST(ReadBudget, GetsAShareBackWhenAnotherTakesItsPlace) {
-    ReadBudget budget(3);
-    ReadBudget::Share share = budget.take(2);
+TEST(Budget, GetsAShareBackWhenAnotherTakesItsPlace) {
+    Budget budget(3);
+    Budget::Share share = budget.take(2);
     share = budget.take(1);
     EXPECT_EQ(share.amount(), 1u);
     EXPECT_TRUE(budget.tryTake(2));
 }
 
-TEST(ReadBudget, PassesPartsOfAShareOn) {
-    ReadBudget budget(5);
-    ReadBudget::Share whole = budget.take(5);
+TEST(Budget, PassesPartsOfAShareOn) {
+    Budget budget(5);
+    Budget::Share whole = budget.take(5);
     {
-        const ReadBudget::Share part = whole.split(2);
+        const Budget::Share part = whole.split(2);
         EXPECT_EQ(part.amount(), 2u);
         EXPECT_EQ(whole.amount(), 3u);
         EXPECT_FALSE(budget.tryTake(1));
     }
     EXPECT_TRUE(budget.tryTake(2));
     EXPECT_FALSE(budget.tryTake(3));
-    const ReadBudget::Share rest = whole.split(100);
+    const Budget::Share rest = whole.split(100);
     EXPECT_EQ(rest.amount(), 3u);
     EXPECT_EQ(whole.amount(), 0u);
 }
 
-TEST(ReadBudget, LetsACallerWaitUntilEnoughIsFree) {
-    ReadBudget budget(3);
-    ReadBudget::Share first = budget.take(2);
-    ReadBudget::Share second = budget.take(1);
+TEST(Budget, LetsACallerWaitUntilEnoughIsFree) {
+    Budget budget(3);
+    Budget::Share first = budget.take(2);
+    Budget::Share second = budget.take(1);
     std::promise<std::size_t> taken;
     std::future<std::size_t> answer = taken.get_future();
     std::thread waiting([&] { taken.set_value(budget.take(3).amount()); });
@@ -121,14 +121,14 @@ TEST(ReadBudget, LetsACallerWaitUntilEnoughIsFree) {
     waiting.join();
 }
 
-TEST(ReadBudget, ServesAllThatWaitForOneRelease) {
-    ReadBudget budget(4);
-    ReadBudget::Share all = budget.take(4);
+TEST(Budget, ServesAllThatWaitForOneRelease) {
+    Budget budget(4);
+    Budget::Share all = budget.take(4);
     std::atomic<int> served{0};
     std::vector<std::thread> threads;
     for (int thread = 0; thread < 4; ++thread) {
         threads.emplace_back([&] {
-            const ReadBudget::Share share = budget.take(1);
+            const Budget::Share share = budget.take(1);
             ++served;
             // Ends only if all four have theirs at once.
             while (served != 4) {
@@ -143,13 +143,13 @@ TEST(ReadBudget, ServesAllThatWaitForOneRelease) {
     EXPECT_TRUE(budget.tryTake(4));
 }
 
-TEST(ReadBudget, NeverHandsOutMoreThanItHas) {
-    ReadBudget budget(5);
+TEST(Budget, NeverHandsOutMoreThanItHas) {
+    Budget budget(5);
     std::atomic<std::size_t> inUse{0};
     std::atomic<bool> exceeded{false};
     const auto useOften = [&](std::size_t amount) {
         for (int round = 0; round < 2000; ++round) {
-            const ReadBudget::Share share = budget.take(amount);
+            const Budget::Share share = budget.take(amount);
             exceeded = exceeded || (inUse += share.amount()) > 5;
             inUse -= share.amount();
         }
@@ -165,15 +165,15 @@ TEST(ReadBudget, NeverHandsOutMoreThanItHas) {
     EXPECT_TRUE(budget.tryTake(5));
 }
 
-TEST(ReadBudget, ServesALargeRequestAmongSmallOnesThatNeverCease) {
-    ReadBudget budget(4);
+TEST(Budget, ServesALargeRequestAmongSmallOnesThatNeverCease) {
+    Budget budget(4);
     std::atomic<bool> ended{false};
     std::atomic<int> taken{0};
     // Each keeps its share until somebody has taken another, so that some part is always in use as
     // long as small requests are served first.
     const auto passOn = [&] {
         while (!ended) {
-            const ReadBudget::Share share = budget.take(1);
+            const Budget::Share share = budget.take(1);
             const int mine = ++taken;
             const auto limit = std::chrono::steady_clock::now() + 50ms;
             while (taken == mine && std::chrono::steady_clock::now() < limit) {
@@ -189,7 +189,7 @@ TEST(ReadBudget, ServesALargeRequestAmongSmallOnesThatNeverCease) {
     std::promise<void> promise;
     std::future<void> served = promise.get_future();
     std::thread large([&] {
-        const ReadBudget::Share all = budget.take(4);
+        const Budget::Share all = budget.take(4);
         promise.set_value();
     });
     EXPECT_EQ(served.wait_for(patience), std::future_status::ready)

@@ -63,7 +63,7 @@ class TreeReaderTest : public testing::Test {
     }
 
     Listing root(TreeReader& reader, const std::string& path) {
-        return reader.openRoot(store_->addRoot(path));
+        return reader.makeRoot(store_->addRoot(path));
     }
 
     /// The names of the folder's entries, to its end.
@@ -101,7 +101,7 @@ class TreeReaderTest : public testing::Test {
 
     Folder rootFolder(TreeReader& reader) {
         const Directory* directory = store_->addRoot(tree_.path());
-        return {directory, reader.openRoot(directory), ""};
+        return {directory, reader.makeRoot(directory), ""};
     }
 
     /// Waits until the workers have nothing left to do but wait for the walk: all they list is
@@ -581,7 +581,7 @@ std::uint64_t walk(TreeReader& reader, FileStore& store, const Directory* top) {
     };
     std::uint64_t entries = 0;
     std::vector<Open> open;
-    open.push_back({top, reader.openRoot(top), nullptr, 0, {}, 0});
+    open.push_back({top, reader.makeRoot(top), nullptr, 0, {}, 0});
     while (!open.empty()) {
         Open& at = open.back();
         if (at.block && at.next < at.block->entries.size()) {
