@@ -2,6 +2,7 @@
 
 #include "platform/clock.h"
 #include "platform/file_system.h"
+#include "platform/trash.h"
 
 #include <optional>
 #include <string>
@@ -36,6 +37,7 @@ class Platform {
 
     virtual FileSystem& fileSystem() = 0;
     virtual Clock& clock() = 0;
+    virtual Trash& trash() = 0;
 
     /// The mounted volumes as they are now: the root first, then the others in the order in which
     /// they were mounted. Pseudo file systems are left out.

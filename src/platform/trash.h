@@ -18,4 +18,8 @@ class Trash {
     virtual bool trashItemAtPath(const std::string& path) = 0;
 };
 
+/// The desktop's Trash: a file goes to the Trash of its own volume, with a note of where it was and
+/// when. What cannot go there stays. One for the process.
+Trash& systemTrash();
+
 }  // namespace tarvin

@@ -1,13 +1,13 @@
 #include "platform/file_system.h"
 
 #include "support/file_tree.h"
+#include "support/mount.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <linux/fs.h>
 #include <sys/fsuid.h>
 #include <sys/ioctl.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -51,30 +51,6 @@ class WithoutRights final {
 
  private:
     const uid_t before_;
-};
-
-/// What is mounted on a folder for the time of a test.
-class Mount final {
- public:
-    Mount(const std::string& source, const std::string& folder, const char* type,
-          unsigned long flags = 0)
-        : folder_(folder),
-          mounted_(::mount(source.c_str(), folder.c_str(), type, flags, nullptr) == 0) {}
-    Mount(const Mount&) = delete;
-    Mount& operator=(const Mount&) = delete;
-    ~Mount() { release(); }
-
-    explicit operator bool() const { return mounted_; }
-    void release() {
-        if (mounted_) {
-            ::umount2(folder_.c_str(), MNT_DETACH);
-            mounted_ = false;
-        }
-    }
-
- private:
-    const std::string folder_;
-    bool mounted_;
 };
 
 std::size_t openDescriptors() {

@@ -3,11 +3,11 @@
 #include "scan/category.h"
 #include "support/faulty_file_system.h"
 #include "support/file_tree.h"
+#include "support/mount.h"
 #include "support/waiting.h"
 
 #include <dirent.h>
 #include <gtest/gtest.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -110,32 +110,6 @@ std::vector<LocationRow> folderRows(const Names& paths) {
     std::transform(paths.begin(), paths.end(), std::back_inserter(rows), folderRow);
     return rows;
 }
-
-/// What is mounted on a folder for the time of a test.
-class Mount final {
- public:
-    Mount(const std::string& source, const std::string& folder, const char* type,
-          unsigned long flags = 0)
-        : folder_(folder),
-          mounted_(::mount(source.c_str(), folder.c_str(), type, flags, nullptr) == 0) {
-        if (!mounted_) {
-            std::cout << "Nothing can be mounted here: " << std::strerror(errno) << '\n';
-        }
-    }
-    Mount(const Mount&) = delete;
-    Mount& operator=(const Mount&) = delete;
-    ~Mount() {
-        if (mounted_) {
-            ::umount2(folder_.c_str(), MNT_DETACH);
-        }
-    }
-
-    explicit operator bool() const { return mounted_; }
-
- private:
-    const std::string folder_;
-    const bool mounted_;
-};
 
 FileIdentity identityOf(const std::string& path) {
     struct stat answer {};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/platform.h"
+#include "support/recording_trash.h"
 
 #include <chrono>
 #include <map>
@@ -52,6 +53,8 @@ class FakePlatform final : public Platform {
 
     FileSystem& fileSystem() override { return fileSystem_; }
     FakeClock& clock() override { return clock_; }
+    /// Used on one thread at a time, like every Trash.
+    RecordingTrash& trash() override { return trash_; }
 
     std::vector<Volume> mountedVolumes() override {
         const std::lock_guard lock(mutex_);
@@ -97,6 +100,7 @@ class FakePlatform final : public Platform {
  private:
     FileSystem& fileSystem_;
     FakeClock clock_;
+    RecordingTrash trash_;
     std::mutex mutex_;
     std::vector<Volume> volumes_;                                   // guarded by mutex_
     std::optional<std::string> userName_;                           // guarded by mutex_

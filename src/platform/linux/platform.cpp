@@ -25,6 +25,7 @@ class LinuxPlatform final : public Platform {
  public:
     FileSystem& fileSystem() override { return systemFileSystem(); }
     Clock& clock() override { return systemClock(); }
+    Trash& trash() override { return systemTrash(); }
 
     std::vector<Volume> mountedVolumes() override {
         return volumesOf(readMountInfo().value_or(std::vector<MountEntry>()),

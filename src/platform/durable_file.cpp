@@ -1,0 +1,172 @@
+#include "platform/durable_file.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+constexpr mode_t readableAndWritable = 0666;  // less what the user's mask takes away
+constexpr std::chrono::milliseconds betweenTries{5};
+constexpr int mostTries = 2000;
+constexpr int mostNamesTried = 10'000;
+
+SystemError lastError() {
+    return SystemError{errno};
+}
+
+/// A descriptor that closes itself.
+class Opened final {
+ public:
+    explicit Opened(int number) : number_(number) {}
+    Opened(const Opened&) = delete;
+    Opened& operator=(const Opened&) = delete;
+    ~Opened() {
+        if (number_ >= 0) {
+            ::close(number_);
+        }
+    }
+
+    explicit operator bool() const { return number_ >= 0; }
+    [[nodiscard]] int number() const { return number_; }
+
+ private:
+    int number_;
+};
+
+/// Not every file system knows how to make sure; that is no reason to lose what is written.
+bool isSynced(int descriptor) {
+    return ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+bool writeAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) {
+            continue;
+        }
+        if (written < 0) {
+            return false;
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+/// The new file, safely on the disk, with the permissions of the one it is to replace.
+std::optional<SystemError> writeNew(const std::string& path, const std::string& like,
+                                    std::string_view bytes) {
+    const Opened file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC,
+                             readableAndWritable));
+    if (!file) {
+        return lastError();
+    }
+    struct stat old {};
+    if (::stat(like.c_str(), &old) == 0 && ::fchmod(file.number(), old.st_mode & 0777U) != 0) {
+        return lastError();
+    }
+    if (!writeAll(file.number(), bytes) || !isSynced(file.number())) {
+        return lastError();
+    }
+    return std::nullopt;
+}
+
+/// So that the new name, too, outlives a crash.
+void syncFolderOf(const std::string& path) {
+    const std::string folder = std::filesystem::path(path).parent_path().native();
+    const Opened opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (opened) {
+        static_cast<void>(isSynced(opened.number()));
+    }
+}
+
+/// Where a link at `path` leads, or `path` itself.
+std::string targetOf(const std::string& path) {
+    std::error_code failure;
+    const auto target = std::filesystem::canonical(path, failure);
+    return failure ? path : target.native();
+}
+
+}  // namespace
+
+std::optional<SystemError> replaceFile(const std::string& path, std::string_view bytes) {
+    const std::string target = targetOf(path);
+    const std::string fresh = target + ".new";
+    std::optional<SystemError> failure = writeNew(fresh, target, bytes);
+    if (!failure && std::rename(fresh.c_str(), target.c_str()) != 0) {
+        failure = lastError();
+    }
+    if (failure) {
+        ::unlink(fresh.c_str());
+        return failure;
+    }
+    syncFolderOf(target);
+    return std::nullopt;
+}
+
+Result<std::string> putAside(const std::string& path, std::string_view suffix) {
+    std::string aside = path + std::string(suffix);
+    for (int number = 2; number < mostNamesTried; ++number) {
+        if (::renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, aside.c_str(), RENAME_NOREPLACE) == 0) {
+            syncFolderOf(path);
+            return aside;
+        }
+        if (errno != EEXIST) {
+            return lastError();
+        }
+        aside = path + std::string(suffix) + '-' + std::to_string(number);
+    }
+    return SystemError{EEXIST};
+}
+
+std::optional<SystemError> makeFolders(const std::string& path) {
+    for (std::size_t end = path.find('/', 1); end != std::string::npos;
+         end = path.find('/', end + 1)) {
+        // What matters is whether the last one is there.
+        static_cast<void>(::mkdir(path.substr(0, end).c_str(), S_IRWXU));
+    }
+    if (::mkdir(path.c_str(), S_IRWXU) == 0) {
+        return std::nullopt;
+    }
+    const SystemError failure = lastError();
+    struct stat status {};
+    const bool isThere = ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    return isThere ? std::nullopt : std::optional(failure);
+}
+
+Result<FolderLock> FolderLock::take(const std::string& folder) {
+    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) {
+        return lastError();
+    }
+    FolderLock lock(descriptor);
+    for (int tries = 0; ::flock(descriptor, LOCK_EX | LOCK_NB) != 0; ++tries) {
+        if ((errno != EWOULDBLOCK && errno != EINTR) || tries == mostTries) {
+            return lastError();
+        }
+        std::this_thread::sleep_for(betweenTries);
+    }
+    return lock;
+}
+
+FolderLock::FolderLock(FolderLock&& other) noexcept
+    : descriptor_(std::exchange(other.descriptor_, -1)) {}
+
+FolderLock::~FolderLock() {
+    if (descriptor_ >= 0) {
+        ::close(descriptor_);
+    }
+}
+
+}  // namespace tarvin

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/result.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarvin {
+
+// Writing the few files of our own so that a crash at any instant leaves the old one or the new
+// one, whole. Paths are absolute, native bytes. Any thread.
+
+/// Puts `bytes` in the place of the file at `path`, which need not exist; where a link stands, its
+/// target is replaced. Written beside it under the name with ".new" behind, which must be nobody
+/// else's: callers hold a FolderLock. On failure the old file is as it was.
+[[nodiscard]] std::optional<SystemError> replaceFile(const std::string& path,
+                                                     std::string_view bytes);
+
+/// Gives what stands at `path` the name with `suffix` behind, or with "-2", "-3"... behind that
+/// where the name is taken. Answers the new path. Never replaces anything.
+Result<std::string> putAside(const std::string& path, std::string_view suffix);
+
+/// Makes a folder and those above it that are missing; readable by the user alone.
+[[nodiscard]] std::optional<SystemError> makeFolders(const std::string& path);
+
+/// Keeps other processes, and other threads, from writing in a folder of ours at the same time.
+class FolderLock final {
+ public:
+    /// Waits up to ten seconds for whoever holds it. The folder must exist.
+    static Result<FolderLock> take(const std::string& folder);
+
+    FolderLock(FolderLock&& other) noexcept;
+    FolderLock& operator=(FolderLock&&) = delete;
+    ~FolderLock();
+
+ private:
+    explicit FolderLock(int descriptor) : descriptor_(descriptor) {}
+
+    int descriptor_;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,175 @@
+#include "platform/durable_file.h"
+
+#include "support/mount.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
+}
+
+/// What a child process comes to that does `work`: 0 for true.
+template <typename Work>
+int inChild(const Work& work) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::_exit(work() ? 0 : 1);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+class DurableFile : public ::testing::Test {
+ protected:
+    TemporaryFolder folder_;
+    std::string path_ = folder_.pathOf("data.plist");
+};
+
+TEST_F(DurableFile, IsMadeWhereThereWasNone) {
+    EXPECT_FALSE(replaceFile(path_, "new"));
+    EXPECT_EQ(contentOf(path_), "new");
+    EXPECT_FALSE(std::filesystem::exists(path_ + ".new"));
+}
+
+TEST_F(DurableFile, TakesThePlaceOfTheOldOneWithItsRights) {
+    folder_.writeFile("data.plist", "a longer old text");
+    ::chmod(path_.c_str(), 0640);
+    EXPECT_FALSE(replaceFile(path_, "new"));
+    EXPECT_EQ(contentOf(path_), "new");
+    EXPECT_EQ(std::filesystem::status(path_).permissions(), std::filesystem::perms(0640));
+}
+
+TEST_F(DurableFile, BehindALinkIsReplacedThere) {
+    const std::string target = folder_.writeFile("kept/list", "old");
+    folder_.makeLink("data.plist", "kept/list");
+    EXPECT_FALSE(replaceFile(path_, "new"));
+    EXPECT_EQ(contentOf(target), "new");
+    EXPECT_TRUE(std::filesystem::is_symlink(path_));
+}
+
+TEST_F(DurableFile, IsNotHinderedByWhatACrashLeft) {
+    folder_.writeFile("data.plist.new", "half of something");
+    EXPECT_FALSE(replaceFile(path_, "new"));
+    EXPECT_EQ(contentOf(path_), "new");
+}
+
+TEST_F(DurableFile, StaysAsItWasWhereThereIsNoRoom) {
+    folder_.writeFile("data.plist", "old");
+    // A limit of the process stands in for a full disk.
+    EXPECT_EQ(inChild([this] {
+                  static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
+                  const rlimit limit{1000, 1000};
+                  ::setrlimit(RLIMIT_FSIZE, &limit);
+                  const auto failure = replaceFile(path_, std::string(5000, 'x'));
+                  return failure && failure->code == EFBIG;
+              }),
+              0);
+    EXPECT_EQ(contentOf(path_), "old");
+    EXPECT_FALSE(std::filesystem::exists(path_ + ".new"));
+}
+
+TEST_F(DurableFile, StaysAsItWasOnAFullDisk) {
+    const std::string disk = folder_.makeFolder("disk");
+    const Mount mount("none", disk, "tmpfs", 0, "size=16k");
+    if (mount) {
+        EXPECT_FALSE(replaceFile(disk + "/data.plist", "old"));
+        const auto failure = replaceFile(disk + "/data.plist", std::string(100'000, 'x'));
+        ASSERT_TRUE(failure);
+        EXPECT_EQ(failure->code, ENOSPC);
+        EXPECT_EQ(contentOf(disk + "/data.plist"), "old");
+        EXPECT_FALSE(std::filesystem::exists(disk + "/data.plist.new"));
+    }
+}
+
+TEST_F(DurableFile, CannotBeWrittenOnAReadOnlyDisk) {
+    const std::string disk = folder_.makeFolder("disk");
+    const Mount mount("none", disk, "tmpfs", MS_RDONLY);
+    if (mount) {
+        const auto failure = replaceFile(disk + "/data.plist", "new");
+        ASSERT_TRUE(failure);
+        EXPECT_EQ(failure->code, EROFS);
+    }
+}
+
+TEST_F(DurableFile, InAMissingFolderIsAFailure) {
+    const auto failure = replaceFile(folder_.pathOf("missing/data.plist"), "new");
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->code, ENOENT);
+}
+
+TEST_F(DurableFile, IsPutAsideUnderTheFirstFreeName) {
+    for (const char* content : {"one", "two", "three"}) {
+        folder_.writeFile("data.plist", content);
+        EXPECT_TRUE(putAside(path_, ".unreadable"));
+    }
+    EXPECT_FALSE(std::filesystem::exists(path_));
+    EXPECT_EQ(contentOf(path_ + ".unreadable"), "one");
+    EXPECT_EQ(contentOf(path_ + ".unreadable-2"), "two");
+    EXPECT_EQ(contentOf(path_ + ".unreadable-3"), "three");
+}
+
+TEST_F(DurableFile, ThatIsMissingCannotBePutAside) {
+    const Result<std::string> aside = putAside(path_, ".unreadable");
+    ASSERT_FALSE(aside);
+    EXPECT_EQ(aside.error().code, ENOENT);
+}
+
+TEST_F(DurableFile, FoldersAreMadeWithThoseAbove) {
+    const std::string deep = folder_.pathOf("a/b/c");
+    EXPECT_FALSE(makeFolders(deep));
+    EXPECT_TRUE(std::filesystem::is_directory(deep));
+    EXPECT_FALSE(makeFolders(deep));
+}
+
+TEST_F(DurableFile, AFolderWhereAFileStandsIsAFailure) {
+    folder_.writeFile("a", "file");
+    EXPECT_TRUE(makeFolders(folder_.pathOf("a")));
+    EXPECT_TRUE(makeFolders(folder_.pathOf("a/b")));
+}
+
+TEST_F(DurableFile, OneLockAtATime) {
+    const std::string counter = folder_.writeFile("counter", "0");
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < 4; ++thread) {
+        threads.emplace_back([&] {
+            for (int round = 0; round < 50; ++round) {
+                const Result<FolderLock> lock = FolderLock::take(folder_.path());
+                ASSERT_TRUE(lock);
+                const int number = std::stoi(contentOf(counter));
+                EXPECT_FALSE(replaceFile(counter, std::to_string(number + 1)));
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(contentOf(counter), "200");
+}
+
+TEST_F(DurableFile, ThereIsNoLockOnAMissingFolder) {
+    EXPECT_FALSE(FolderLock::take(folder_.pathOf("missing")));
+}
+
+}  // namespace
+}  // namespace tarvin
