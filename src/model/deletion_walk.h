@@ -1,0 +1,80 @@
+#pragma once
+
+#include "model/modal.h"
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <thread>
+
+namespace tarvin {
+
+class Trash;
+
+/// The two flags through which a deletion is paused and stopped. Any thread.
+class DeletionControl final {
+ public:
+    DeletionControl() = default;
+    DeletionControl(const DeletionControl&) = delete;
+    DeletionControl& operator=(const DeletionControl&) = delete;
+
+    [[nodiscard]] bool stopDeletion() const { return stopDeletion_; }
+    [[nodiscard]] bool pauseDeletion() const { return pauseDeletion_; }
+
+    void setPauseDeletion(bool pause);
+    /// Stops this deletion and every later one: nothing clears the flag again. Ends a pause.
+    void stop();
+    void waitWhilePaused() const;
+
+ private:
+    std::atomic<bool> stopDeletion_{false};
+    std::atomic<bool> pauseDeletion_{false};
+};
+
+/// Moves the marked files of a result list to the Trash, set by set, on a thread of its own.
+///
+/// Between start() and the end of wait() the walk alone changes the tree; others may read nothing
+/// of it. A file whose move fails is passed over and stays marked. A set that is begun is finished
+/// before a stop or a pause takes effect.
+class DeletionWalk final {
+ public:
+    /// How far a walk is.
+    struct Progress {
+        /// Counts the sets met that hold exactly one file, whose maximum is the number of marked
+        /// files: a measure that rarely moves, and is meant so.
+        std::uint64_t indicator = 0;
+        std::uint64_t deletedCount = 0;
+        std::uint64_t deletedSize = 0;  ///< bytes
+
+        bool operator==(const Progress&) const = default;
+    };
+
+    /// Called on the walk's thread before a set is begun; the set is not changed meanwhile.
+    using BeforeSet = std::function<void(const Set& set, const Progress& progress)>;
+
+    /// All outlive the walk. `beforeSet` may be empty.
+    DeletionWalk(Modal& modal, Trash& trash, DeletionControl& control, BeforeSet beforeSet);
+    DeletionWalk(const DeletionWalk&) = delete;
+    DeletionWalk& operator=(const DeletionWalk&) = delete;
+    /// Waits for the end; whoever does not want to wait long stops the walk before.
+    ~DeletionWalk();
+
+    /// Begins; once only. Returns at once. `atEnd` is called on the walk's thread as the last.
+    void start(std::function<void()> atEnd = {});
+    /// Waits until the walk is over and answers what was moved.
+    RemovalResult wait();
+
+ private:
+    void walk();
+    [[nodiscard]] bool walkSetsOf(const std::shared_ptr<Extensions>& extension);
+
+    Modal& modal_;
+    Trash& trash_;
+    DeletionControl& control_;
+    const BeforeSet beforeSet_;
+    Progress progress_;  // the walk's own until it is over
+    std::thread thread_;
+};
+
+}  // namespace tarvin

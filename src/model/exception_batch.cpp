@@ -1,0 +1,28 @@
+#include "model/exception_batch.h"
+
+#include <iterator>
+#include <utility>
+
+namespace tarvin {
+
+std::vector<std::string> takeOutMarkedFiles(Modal& modal) {
+    std::vector<std::string> batch;
+    if (modal.totalFilesSelected() == 0) {
+        return batch;
+    }
+    for (const std::shared_ptr<Extensions>& extension : modal.extensionsArray()) {
+        if (extension->extensionState() == CheckState::off) {
+            continue;
+        }
+        for (const std::shared_ptr<Set>& set : extension->sets()) {
+            if (set->setsState() != CheckState::off) {
+                std::vector<std::string> paths =
+                    modal.addSelectedFilesToExceptionInSet(set, extension);
+                std::move(paths.begin(), paths.end(), std::back_inserter(batch));
+            }
+        }
+    }
+    return batch;
+}
+
+}  // namespace tarvin

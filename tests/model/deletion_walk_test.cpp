@@ -1,0 +1,288 @@
+#include "model/deletion_walk.h"
+
+#include "model/exception_batch.h"
+#include "model/file_store.h"
+#include "support/recording_trash.h"
+#include "support/waiting.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cstdint>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+using Paths = std::vector<std::string>;
+
+/// A list of extensions, each with sets, each with files of ten bytes called
+/// "/EXTENSION/SET/NUMBER". All exist in the Trash's eyes.
+class Deletion : public ::testing::Test {
+ protected:
+    std::shared_ptr<Extensions> addExtension(const std::string& name,
+                                             const std::vector<std::size_t>& setSizes) {
+        auto extension = std::make_shared<Extensions>(name);
+        modal_.addExtension(extension);
+        for (const std::size_t size : setSizes) {
+            auto set = std::make_shared<Set>();
+            const std::string folder =
+                "/" + name + "/" + std::to_string(extension->nummberOfSets());
+            for (std::size_t number = 0; number < size; ++number) {
+                const std::string path = folder + "/" + std::to_string(number);
+                set->addFiles(FileStore::standalone(path, 10));
+                trash_.addExisting(path);
+            }
+            set->setTotalFilesInSet(size - 1);
+            set->setTotalFilesInSetSize(10 * (size - 1));
+            extension->addSet(set);
+            extension->setTotalFilesInExtension(extension->totalFilesInExtension() + size - 1);
+            extension->setTotalFilesInExtensionSize(extension->totalFilesInExtensionSize() +
+                                                    10 * (size - 1));
+        }
+        modal_.calculateTotalFilesAndSize();
+        return extension;
+    }
+
+    void mark(const std::shared_ptr<Extensions>& extension, std::size_t set, std::size_t file) {
+        const std::shared_ptr<Set> of = extension->sets()[set];
+        modal_.changeStateOfExtension(extension, of, of->files()[file]);
+    }
+
+    RemovalResult run(DeletionWalk::BeforeSet beforeSet = {}) {
+        DeletionWalk walk(modal_, trash_, control_, std::move(beforeSet));
+        walk.start();
+        return walk.wait();
+    }
+
+    Modal modal_;
+    RecordingTrash trash_;
+    DeletionControl control_;
+};
+
+TEST_F(Deletion, MovesTheMarkedFilesInTheirOrder) {
+    const auto jpg = addExtension("jpg", {3, 2});
+    const auto txt = addExtension("txt", {2});
+    modal_.markAllExtension();
+    EXPECT_EQ(run(), (RemovalResult{4, 40}));
+    EXPECT_EQ(trash_.moves(), (Paths{"/jpg/0/1", "/jpg/0/2", "/jpg/1/1", "/txt/0/1"}));
+    EXPECT_EQ(jpg->nummberOfSets(), 2U);
+    EXPECT_EQ(jpg->sets()[0]->files().size(), 1U);
+    EXPECT_EQ(modal_.totalFiles(), 0U);
+    EXPECT_EQ(modal_.totalFilesSelected(), 0U);
+}
+
+TEST_F(Deletion, OfTwoOfThreeLeavesOne) {
+    const auto jpg = addExtension("jpg", {3});
+    mark(jpg, 0, 0);
+    mark(jpg, 0, 2);
+    EXPECT_EQ(run(), (RemovalResult{2, 20}));
+    ASSERT_EQ(jpg->sets()[0]->files().size(), 1U);
+    EXPECT_EQ(jpg->sets()[0]->files()[0]->filePath(), "/jpg/0/1");
+}
+
+TEST_F(Deletion, WithNothingMarkedMovesNothing) {
+    addExtension("jpg", {3});
+    EXPECT_EQ(run(), RemovalResult{});
+    EXPECT_TRUE(trash_.attempts().empty());
+}
+
+TEST_F(Deletion, PassesOverWhatIsGoneAndKeepsItMarked) {
+    const auto jpg = addExtension("jpg", {3});
+    modal_.markAllExtension();
+    trash_.vanish("/jpg/0/1");
+    EXPECT_EQ(run(), (RemovalResult{1, 10}));
+    EXPECT_EQ(jpg->sets()[0]->files().size(), 2U);
+    EXPECT_EQ(jpg->sets()[0]->files()[1]->state(), CheckState::on);
+    EXPECT_EQ(modal_.totalFilesSelected(), 1U);
+}
+
+TEST_F(Deletion, PassesOverEverySecondFileThatTheTrashRefuses) {
+    const auto jpg = addExtension("jpg", {101});
+    modal_.markAllExtension();
+    for (int number = 2; number <= 100; number += 2) {
+        trash_.refuse("/jpg/0/" + std::to_string(number));
+    }
+    EXPECT_EQ(run(), (RemovalResult{50, 500}));
+    EXPECT_EQ(jpg->sets()[0]->files().size(), 51U);
+    EXPECT_EQ(modal_.totalFilesSelected(), 50U);
+}
+
+TEST_F(Deletion, PassesOverASetWhoseStateIsOffThoughAllOfItIsMarked) {
+    const auto jpg = addExtension("jpg", {2, 2});
+    mark(jpg, 0, 0);
+    mark(jpg, 0, 1);  // nothing asked whether one is left
+    mark(jpg, 1, 1);
+    ASSERT_EQ(jpg->sets()[0]->setsState(), CheckState::off);
+    EXPECT_EQ(run(), (RemovalResult{1, 10}));
+    EXPECT_EQ(trash_.moves(), (Paths{"/jpg/1/1"}));
+}
+
+TEST_F(Deletion, PassesOverAnExtensionWhoseStateIsOff) {
+    const auto jpg = addExtension("jpg", {2});
+    mark(jpg, 0, 0);
+    mark(jpg, 0, 1);
+    ASSERT_EQ(jpg->extensionState(), CheckState::off);
+    EXPECT_EQ(run(), RemovalResult{});
+}
+
+TEST_F(Deletion, MovesAllOfASetThatIsOnThoughItsFirstFileIsMarkedToo) {
+    const auto jpg = addExtension("jpg", {3});
+    mark(jpg, 0, 0);
+    modal_.changeStateOfExtension(jpg, jpg->sets()[0], nullptr);
+    EXPECT_EQ(run(), (RemovalResult{3, 30}));
+    EXPECT_TRUE(jpg->sets()[0]->files().empty());
+}
+
+TEST_F(Deletion, TheIndicatorCountsSetsThatAreDownToOneFile) {
+    const auto jpg = addExtension("jpg", {2, 3, 2});
+    mark(jpg, 0, 1);
+    mark(jpg, 2, 1);
+    run();
+    mark(jpg, 1, 1);
+    std::vector<std::uint64_t> seen;
+    run([&seen](const Set&, const DeletionWalk::Progress& progress) {
+        seen.push_back(progress.indicator);
+    });
+    EXPECT_EQ(seen, (std::vector<std::uint64_t>{1}));
+}
+
+TEST_F(Deletion, TellsHowFarItIsBeforeEachSet) {
+    addExtension("jpg", {3, 2, 4});
+    modal_.markAllExtension();
+    std::vector<DeletionWalk::Progress> seen;
+    run([&seen](const Set&, const DeletionWalk::Progress& progress) { seen.push_back(progress); });
+    EXPECT_EQ(seen, (std::vector<DeletionWalk::Progress>{{0, 0, 0}, {0, 2, 20}, {0, 3, 30}}));
+}
+
+TEST_F(Deletion, AStopEndsItAfterTheSetInHand) {
+    addExtension("jpg", {3, 2});
+    addExtension("txt", {2});
+    modal_.markAllExtension();
+    EXPECT_EQ(run([this](const Set&, const DeletionWalk::Progress&) { control_.stop(); }),
+              (RemovalResult{2, 20}));
+    EXPECT_EQ(modal_.totalFilesSelected(), 2U);
+}
+
+TEST_F(Deletion, AfterAStopNothingIsEverMovedAgain) {
+    addExtension("jpg", {3});
+    modal_.markAllExtension();
+    control_.stop();
+    EXPECT_EQ(run(), RemovalResult{});
+    EXPECT_EQ(run(), RemovalResult{});
+    EXPECT_EQ(modal_.totalFilesSelected(), 2U);
+}
+
+TEST_F(Deletion, APauseHoldsItBeforeTheNextSetUntilItIsCleared) {
+    addExtension("jpg", {2, 2});
+    modal_.markAllExtension();
+    std::atomic<int> begun{0};
+    DeletionWalk walk(modal_, trash_, control_, [&](const Set&, const DeletionWalk::Progress&) {
+        control_.setPauseDeletion(begun == 0);
+        ++begun;
+    });
+    walk.start();
+    EXPECT_TRUE(waitUntil([&] { return begun == 1; }));
+    EXPECT_EQ(begun, 1);
+    control_.setPauseDeletion(false);
+    EXPECT_EQ(walk.wait(), (RemovalResult{2, 20}));
+}
+
+TEST_F(Deletion, AStopWhileItWaitsBeforeASetStillDoesThatSet) {
+    addExtension("jpg", {2, 2, 2});
+    modal_.markAllExtension();
+    std::atomic<pid_t> thread{0};
+    DeletionWalk walk(modal_, trash_, control_, [&](const Set&, const DeletionWalk::Progress&) {
+        control_.setPauseDeletion(!control_.stopDeletion());
+        thread = ::gettid();
+    });
+    walk.start();
+    // Its first set is done and it has found no stop.
+    EXPECT_TRUE(waitUntil([&] { return thread != 0 && isAsleep(thread); }));
+    control_.stop();
+    EXPECT_EQ(walk.wait(), (RemovalResult{2, 20}));
+}
+
+TEST_F(Deletion, MayBePausedAndStoppedAtAnyPoint) {
+    for (std::size_t point = 0; point < 30; ++point) {
+        Modal modal;
+        RecordingTrash trash;
+        DeletionControl control;
+        auto extension = std::make_shared<Extensions>("jpg");
+        modal.addExtension(extension);
+        for (int number = 0; number < 30; ++number) {
+            auto set = std::make_shared<Set>();
+            for (int file = 0; file < 2; ++file) {
+                const std::string path = "/" + std::to_string(number) + "/" + std::to_string(file);
+                set->addFiles(FileStore::standalone(path, 10));
+                trash.addExisting(path);
+            }
+            set->setTotalFilesInSet(1);
+            extension->addSet(set);
+        }
+        modal.calculateTotalFilesAndSize();
+        modal.markAllExtension();
+        std::atomic<std::size_t> begun{0};
+        DeletionWalk walk(modal, trash, control,
+                          [&](const Set&, const DeletionWalk::Progress&) { ++begun; });
+        walk.start();
+        while (begun < point) {
+            std::this_thread::yield();
+        }
+        control.setPauseDeletion(true);
+        std::this_thread::yield();
+        control.setPauseDeletion(false);
+        control.stop();
+        const RemovalResult moved = walk.wait();
+        EXPECT_EQ(moved.deletedFilesCount, trash.moves().size());
+        EXPECT_GE(moved.deletedFilesCount, point);
+        EXPECT_EQ(modal.totalFilesSelected(), 30 - moved.deletedFilesCount);
+        for (const auto& set : extension->sets()) {
+            EXPECT_GE(set->files().size(), 1U);
+        }
+    }
+}
+
+TEST_F(Deletion, TellsItsEndLast) {
+    addExtension("jpg", {2});
+    modal_.markAllExtension();
+    DeletionWalk walk(modal_, trash_, control_, {});
+    std::atomic<std::size_t> movedAtEnd{0};
+    walk.start([&] { movedAtEnd = trash_.moves().size(); });
+    walk.wait();
+    EXPECT_EQ(movedAtEnd, 1U);
+}
+
+using ExceptionBatch = Deletion;
+
+TEST_F(ExceptionBatch, TakesTheMarkedFilesOut) {
+    const auto jpg = addExtension("jpg", {3, 2});
+    const auto txt = addExtension("txt", {2});
+    mark(jpg, 0, 2);
+    mark(txt, 0, 0);
+    EXPECT_EQ(takeOutMarkedFiles(modal_), (Paths{"/jpg/0/2", "/txt/0/0"}));
+    EXPECT_EQ(jpg->sets()[0]->files().size(), 2U);
+    EXPECT_EQ(modal_.totalFilesSelected(), 0U);
+    EXPECT_EQ(modal_.totalFiles(), 4U);
+}
+
+TEST_F(ExceptionBatch, WithNothingMarkedChangesNothing) {
+    const auto jpg = addExtension("jpg", {2});
+    EXPECT_EQ(takeOutMarkedFiles(modal_), Paths{});
+    EXPECT_EQ(jpg->sets()[0]->files().size(), 2U);
+}
+
+TEST_F(ExceptionBatch, PassesOverSetsThatAreOff) {
+    const auto jpg = addExtension("jpg", {2, 2});
+    mark(jpg, 0, 0);
+    mark(jpg, 0, 1);
+    mark(jpg, 1, 1);
+    EXPECT_EQ(takeOutMarkedFiles(modal_), (Paths{"/jpg/1/1"}));
+}
+
+}  // namespace
+}  // namespace tarvin

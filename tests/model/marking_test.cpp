@@ -1,0 +1,169 @@
+#include "model/marking.h"
+
+#include "model/file_store.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+
+namespace tarvin {
+namespace {
+
+/// A list of one extension with sets of that many files of ten bytes.
+class Marking : public ::testing::Test {
+ protected:
+    std::shared_ptr<Set> addSet(std::size_t files) {
+        auto set = std::make_shared<Set>();
+        for (std::size_t number = 0; number < files; ++number) {
+            set->addFiles(FileStore::standalone("/set " +
+                                                    std::to_string(extension_->nummberOfSets()) +
+                                                    "/" + std::to_string(number) + ".jpg",
+                                                10));
+        }
+        set->setTotalFilesInSet(files - 1);
+        set->setTotalFilesInSetSize(10 * (files - 1));
+        extension_->addSet(set);
+        extension_->setTotalFilesInExtension(extension_->totalFilesInExtension() + files - 1);
+        if (modal_.extensionCount() == 0) {
+            modal_.addExtension(extension_);
+        }
+        modal_.calculateTotalFilesAndSize();
+        return set;
+    }
+
+    ToggleAnswer toggle(const std::shared_ptr<Set>& set, std::size_t position) {
+        return toggleFile(modal_, extension_, set, position);
+    }
+
+    Modal modal_;
+    std::shared_ptr<Extensions> extension_ = std::make_shared<Extensions>("jpg");
+};
+
+TEST_F(Marking, OfOneFileTurnsOver) {
+    const auto set = addSet(3);
+    EXPECT_EQ(toggle(set, 1), ToggleAnswer::toggled);
+    EXPECT_EQ(set->files()[1]->state(), CheckState::on);
+    EXPECT_EQ(modal_.totalFilesSelected(), 1U);
+    EXPECT_EQ(toggle(set, 1), ToggleAnswer::toggled);
+    EXPECT_EQ(set->files()[1]->state(), CheckState::off);
+    EXPECT_EQ(modal_.totalFilesSelected(), 0U);
+}
+
+TEST_F(Marking, OfTheOtherOfTwoIsRefused) {
+    const auto set = addSet(2);
+    EXPECT_EQ(toggle(set, 0), ToggleAnswer::toggled);
+    EXPECT_EQ(toggle(set, 1), ToggleAnswer::refused);
+    EXPECT_EQ(set->files()[1]->state(), CheckState::off);
+    EXPECT_EQ(modal_.totalFilesSelected(), 1U);
+    EXPECT_EQ(set->setsState(), CheckState::on);
+}
+
+TEST_F(Marking, LeavesAnyOneFileNotOnlyTheFirst) {
+    const auto set = addSet(3);
+    toggle(set, 0);
+    toggle(set, 1);
+    EXPECT_EQ(toggle(set, 2), ToggleAnswer::refused);
+    EXPECT_EQ(toggle(set, 0), ToggleAnswer::toggled);
+    EXPECT_EQ(toggle(set, 2), ToggleAnswer::toggled);
+    EXPECT_EQ(set->files()[0]->state(), CheckState::off);
+}
+
+TEST_F(Marking, OfASetWhoseFirstFileIsMarkedByHandMarksAll) {
+    const auto set = addSet(3);
+    toggle(set, 0);
+    modal_.changeStateOfExtension(extension_, set, nullptr);
+    for (const auto& file : set->files()) {
+        EXPECT_EQ(file->state(), CheckState::on);
+    }
+    EXPECT_EQ(set->totalFilesSelectedInSet(), 2U);
+    EXPECT_TRUE(allDuplicatesAreSelectedOfSet(*set));
+}
+
+TEST_F(Marking, AllDuplicatesAreSelectedWhenOneFileIsNot) {
+    const auto set = addSet(3);
+    EXPECT_FALSE(allDuplicatesAreSelectedOfSet(*set));
+    toggle(set, 2);
+    EXPECT_FALSE(allDuplicatesAreSelectedOfSet(*set));
+    toggle(set, 1);
+    EXPECT_TRUE(allDuplicatesAreSelectedOfSet(*set));
+    EXPECT_FALSE(allDuplicatesAreSelectedOfSet(Set()));
+}
+
+TEST_F(Marking, HasAClassThatFollowsFromTheCounters) {
+    const auto set = addSet(3);
+    addSet(2);
+    EXPECT_EQ(selectionClassOf(modal_), SelectionClass::nothing);
+    toggle(set, 1);
+    EXPECT_EQ(selectionClassOf(modal_), SelectionClass::some);
+    modal_.markAllExtension();
+    EXPECT_EQ(selectionClassOf(modal_), SelectionClass::all);
+    modal_.setTotalFilesSelected(4);
+    EXPECT_EQ(selectionClassOf(modal_), std::nullopt);
+    modal_.unmarkAllExtension();
+    EXPECT_EQ(selectionClassOf(modal_), SelectionClass::nothing);
+}
+
+TEST_F(Marking, OfNothingInAnEmptyListIsTheClassOfNothing) {
+    EXPECT_EQ(selectionClassOf(Modal()), SelectionClass::nothing);
+}
+
+TEST_F(Marking, ButtonsWithoutAnyExtension) {
+    const ButtonStates states = buttonStatesFor(Modal(), true, ResultView::image);
+    EXPECT_EQ(states, (ButtonStates{.markAll = false,
+                                    .unMarkAll = false,
+                                    .sendToRecycle = false,
+                                    .deletePermanently = std::nullopt,
+                                    .addEceptionBtn = false,
+                                    .sortPopupBtn = false,
+                                    .currentView = std::nullopt}));
+}
+
+TEST_F(Marking, ButtonsWithNothingMarked) {
+    addSet(3);
+    EXPECT_EQ(buttonStatesFor(modal_, true, ResultView::audio),
+              (ButtonStates{.markAll = true,
+                            .unMarkAll = false,
+                            .sendToRecycle = false,
+                            .deletePermanently = false,
+                            .addEceptionBtn = false,
+                            .sortPopupBtn = true,
+                            .currentView = ResultView::audio}));
+}
+
+TEST_F(Marking, ButtonsWithSomethingMarked) {
+    toggle(addSet(3), 1);
+    EXPECT_EQ(buttonStatesFor(modal_, true, ResultView::all),
+              (ButtonStates{.markAll = true,
+                            .unMarkAll = true,
+                            .sendToRecycle = true,
+                            .deletePermanently = true,
+                            .addEceptionBtn = true,
+                            .sortPopupBtn = std::nullopt,
+                            .currentView = ResultView::all}));
+}
+
+TEST_F(Marking, ButtonsWithEveryDuplicateMarked) {
+    addSet(3);
+    modal_.markAllExtension();
+    EXPECT_EQ(buttonStatesFor(modal_, true, std::nullopt),
+              (ButtonStates{.markAll = false,
+                            .unMarkAll = true,
+                            .sendToRecycle = true,
+                            .deletePermanently = true,
+                            .addEceptionBtn = true,
+                            .sortPopupBtn = std::nullopt,
+                            .currentView = std::nullopt}));
+}
+
+TEST_F(Marking, ButtonsThatNoClassDecidesStay) {
+    addSet(3);
+    modal_.setTotalFilesSelected(9);
+    EXPECT_EQ(buttonStatesFor(modal_, true, ResultView::other),
+              (ButtonStates{.currentView = ResultView::other}));
+    EXPECT_EQ(buttonStatesFor(Modal(), false, ResultView::other),
+              (ButtonStates{.currentView = ResultView::other}));
+}
+
+}  // namespace
+}  // namespace tarvin
