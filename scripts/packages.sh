@@ -32,6 +32,13 @@ testPackages=(
     zsh
 )
 
+# To feed the readers of files with what chance makes.
+# shellcheck disable=SC2034
+fuzzPackages=(
+    clang
+    libclang-rt-14-dev
+)
+
 # Prints those of the named packages that are not installed, one a line.
 missingPackages() {
     local -A installed=()

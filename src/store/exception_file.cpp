@@ -1,84 +1,81 @@
 #include "store/exception_file.h"
 
-#include "platform/file_system.h"
+#include "platform/durable_file.h"
+#include "store/stored_list.h"
 
-#include <plist/plist.h>
-
-#include <cerrno>
-#include <cstdint>
-#include <filesystem>
-#include <memory>
-#include <span>
-#include <system_error>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
 
 namespace tarvin {
 
 namespace {
 
-// Room for a million long paths.
-constexpr std::uint64_t largestFile = 256 * 1024 * 1024;
-
-using PropertyList = std::unique_ptr<void, decltype(&plist_free)>;
-
-ExceptionList failure(const std::string& path, std::string text, bool missing = false) {
-    return {{}, StoreError{path, std::move(text), missing}};
-}
-
-ExceptionList systemFailure(const std::string& path, int code) {
-    return failure(path, std::generic_category().message(code), code == ENOENT);
-}
-
-std::vector<std::string> stringsOf(plist_t array) {
-    std::vector<std::string> strings;
-    const std::uint32_t count = plist_array_get_size(array);
-    for (std::uint32_t index = 0; index < count; ++index) {
-        std::uint64_t length = 0;
-        const char* text = plist_get_string_ptr(plist_array_get_item(array, index), &length);
-        if (text != nullptr) {
-            strings.emplace_back(text, static_cast<std::size_t>(length));
+/// Each path once, at its first place.
+std::vector<std::string> joined(std::vector<std::string> paths,
+                                const std::vector<std::string>& more) {
+    paths.insert(paths.end(), more.begin(), more.end());
+    std::unordered_set<std::string_view> met;
+    std::vector<std::string> once;
+    for (const std::string& path : paths) {
+        if (met.insert(path).second) {
+            once.push_back(path);
         }
     }
-    return strings;
+    return once;
 }
 
 }  // namespace
 
 ExceptionList readExceptionFile(const std::string& path) {
-    // The list may be kept elsewhere and linked to.
-    std::error_code unresolved;
-    const std::filesystem::path target = std::filesystem::canonical(path, unresolved);
-    if (unresolved) {
-        return systemFailure(path, unresolved.value());
+    const auto read = readStoredList(path);
+    if (const auto* error = std::get_if<StoreError>(&read)) {
+        return {{}, *error};
     }
-    FileSystem& fileSystem = systemFileSystem();
-    const Result<Descriptor> file = fileSystem.openFile(target.native());
-    if (!file) {
-        return systemFailure(path, file.error().code);
+    const auto& list = std::get<PropertyList>(read);
+    if (!list.isArray()) {
+        return {{}, StoreError{path, "not a property list of paths"}};
     }
-    const Result<FileAttributes> attributes = fileSystem.attributesOf(*file);
-    if (!attributes) {
-        return systemFailure(path, attributes.error().code);
+    return {list.paths(), std::nullopt};
+}
+
+ExceptionFile::ExceptionFile(std::string folder)
+    : folder_(std::move(folder)), path_(folder_ + "/exception.plist") {}
+
+std::optional<StoreError> ExceptionFile::load() {
+    ExceptionList list = readExceptionFile(path_);
+    paths_ = std::move(list.paths);
+    return list.error && !list.error->missing ? std::move(list.error) : std::nullopt;
+}
+
+std::optional<StoreError> ExceptionFile::addExceptions(const std::vector<std::string>& paths) {
+    paths_ = joined(std::move(paths_), paths);
+    return store(Keep::whatIsStored);
+}
+
+std::optional<StoreError> ExceptionFile::removeExceptions() {
+    paths_.clear();
+    return store(Keep::nothing);
+}
+
+std::optional<StoreError> ExceptionFile::store(Keep keep) const {
+    if (const auto failure = makeFolders(folder_)) {
+        return storeErrorOf(folder_, *failure);
     }
-    if (attributes->type != EntryType::regular) {
-        return failure(path, "not a regular file");
+    const Result<FolderLock> lock = FolderLock::take(folder_);
+    if (!lock) {
+        return storeErrorOf(folder_, lock.error());
     }
-    if (attributes->size > largestFile) {
-        return failure(path, "the file is too large");
+    ExceptionList stored = readExceptionFile(path_);
+    if (stored.error) {
+        if (auto failure = putUnusableAside(*stored.error)) {
+            return failure;
+        }
     }
-    std::string bytes(static_cast<std::size_t>(attributes->size), '\0');
-    const Result<std::size_t> got =
-        fileSystem.readAt(*file, 0, std::as_writable_bytes(std::span(bytes)));
-    if (!got) {
-        return systemFailure(path, got.error().code);
+    if (keep == Keep::nothing) {
+        stored.paths.clear();
     }
-    bytes.resize(*got);
-    plist_t root = nullptr;
-    plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
-    const PropertyList list(root, &plist_free);
-    if (!list || plist_get_node_type(list.get()) != PLIST_ARRAY) {
-        return failure(path, "not a property list of paths");
-    }
-    return {stringsOf(list.get()), std::nullopt};
+    return writeStoredList(path_, PropertyList::arrayOfPaths(joined(stored.paths, paths_)));
 }
 
 }  // namespace tarvin

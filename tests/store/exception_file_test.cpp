@@ -30,12 +30,13 @@ class ExceptionFile : public ::testing::Test {
     }
 
     /// A list that cannot be used says where, why, and that it is there.
-    void expectRefused(const std::string& content) const {
+    void expectRefused(const std::string& content,
+                       const std::string& reason = "not a property list") const {
         const ExceptionList list = read(content);
         EXPECT_EQ(list.paths, Paths{});
         ASSERT_TRUE(list.error) << content;
         EXPECT_EQ(list.error->path, folder_.pathOf("exception.plist"));
-        EXPECT_EQ(list.error->text, "not a property list of paths");
+        EXPECT_EQ(list.error->text, reason);
         EXPECT_FALSE(list.error->missing);
     }
 
@@ -107,8 +108,9 @@ TEST_F(ExceptionFile, WithoutAListOfPathsIsRefused) {
     expectRefused("");
     expectRefused("no list");
     expectRefused("<html><body>not found</body></html>");
-    expectRefused(xml("<dict><key>k</key><string>/a.jpg</string></dict>"));
-    expectRefused(xml("<string>/a.jpg</string>"));
+    expectRefused(xml("<dict><key>k</key><string>/a.jpg</string></dict>"),
+                  "not a property list of paths");
+    expectRefused(xml("<string>/a.jpg</string>"), "not a property list of paths");
     expectRefused("bplist00");
     expectRefused("bplist00" + std::string(100, '\xff'));
     expectRefused(std::string(10'000, '\0'));

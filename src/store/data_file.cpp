@@ -1,0 +1,116 @@
+#include "store/data_file.h"
+
+#include "platform/durable_file.h"
+#include "store/stored_list.h"
+
+#include <limits>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+constexpr const char* countKey = "deletedCount";
+constexpr const char* sizeKey = "deletedSize";
+
+struct Totals {
+    std::int64_t count = 0;
+    std::uint64_t size = 0;
+};
+
+Totals totalsOf(const PropertyList& list) {
+    const auto count = static_cast<std::int64_t>(list.number(countKey).value_or(0));
+    return {count < 0 ? 0 : count, list.number(sizeKey).value_or(0)};
+}
+
+std::int64_t sumOf(std::int64_t one, std::uint64_t other) {
+    constexpr auto most = std::numeric_limits<std::int64_t>::max();
+    const auto room = static_cast<std::uint64_t>(most - one);
+    return other > room ? most : one + static_cast<std::int64_t>(other);
+}
+
+std::uint64_t sumOf(std::uint64_t one, std::uint64_t other) {
+    constexpr auto most = std::numeric_limits<std::uint64_t>::max();
+    return other > most - one ? most : one + other;
+}
+
+void setTotals(PropertyList& list, const Totals& totals) {
+    list.setNumber(countKey, static_cast<std::uint64_t>(totals.count));
+    list.setNumber(sizeKey, totals.size);
+}
+
+PropertyList defaultList() {
+    PropertyList list = PropertyList::dictionary();
+    setTotals(list, {});
+    list.setNumber("matchingLevel", 5);
+    list.setNumber("matchingSize", 2);
+    return list;
+}
+
+/// The dictionary in the file, or why there is none.
+std::variant<PropertyList, StoreError> readData(const std::string& path) {
+    auto read = readStoredList(path);
+    if (const auto* list = std::get_if<PropertyList>(&read);
+        list != nullptr && !list->isDictionary()) {
+        return StoreError{path, "not a property list of totals"};
+    }
+    return read;
+}
+
+}  // namespace
+
+DataFile::DataFile(std::string folder)
+    : folder_(std::move(folder)), dataPath_(folder_ + "/data.plist") {}
+
+std::optional<StoreError> DataFile::loadDataFile() {
+    count_ = 0;
+    size_ = 0;
+    if (const auto failure = makeFolders(folder_)) {
+        return storeErrorOf(folder_, *failure);
+    }
+    const Result<FolderLock> lock = FolderLock::take(folder_);
+    if (!lock) {
+        return storeErrorOf(folder_, lock.error());
+    }
+    const auto read = readData(dataPath_);
+    if (const auto* error = std::get_if<StoreError>(&read)) {
+        return error->missing ? writeStoredList(dataPath_, defaultList()) : std::optional(*error);
+    }
+    const Totals totals = totalsOf(std::get<PropertyList>(read));
+    count_ = totals.count;
+    size_ = totals.size;
+    return std::nullopt;
+}
+
+std::optional<StoreError> DataFile::addDeleted(std::uint64_t count, std::uint64_t size) {
+    const std::int64_t oldCount = std::exchange(count_, sumOf(count_, count));
+    const std::uint64_t oldSize = std::exchange(size_, sumOf(size_, size));
+    return store(count, size, oldCount, oldSize);
+}
+
+/// The old totals stand in for those of a file that has gone meanwhile.
+std::optional<StoreError> DataFile::store(std::uint64_t count, std::uint64_t size,
+                                          std::int64_t oldCount, std::uint64_t oldSize) const {
+    if (const auto failure = makeFolders(folder_)) {
+        return storeErrorOf(folder_, *failure);
+    }
+    const Result<FolderLock> lock = FolderLock::take(folder_);
+    if (!lock) {
+        return storeErrorOf(folder_, lock.error());
+    }
+    auto read = readData(dataPath_);
+    Totals old{oldCount, oldSize};
+    if (const auto* error = std::get_if<StoreError>(&read)) {
+        if (const auto failure = putUnusableAside(*error)) {
+            return failure;
+        }
+        read = error->missing ? defaultList() : PropertyList::dictionary();
+    } else {
+        old = totalsOf(std::get<PropertyList>(read));
+    }
+    auto& list = std::get<PropertyList>(read);
+    setTotals(list, {sumOf(old.count, count), sumOf(old.size, size)});
+    return writeStoredList(dataPath_, list);
+}
+
+}  // namespace tarvin

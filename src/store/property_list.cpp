@@ -1,0 +1,137 @@
+#include "store/property_list.h"
+
+#include "store/property_list_check.h"
+
+#include <plist/plist.h>
+
+#include <cstddef>
+#include <limits>
+
+namespace tarvin {
+
+namespace {
+
+/// The length of the UTF-8 character that `text` begins with, if XML can hold it and gives it back
+/// as it was; 0 if not. A carriage return is read as a line feed, so it is none.
+std::size_t plainCharacter(std::string_view text) {
+    const auto byte = [text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+    const unsigned first = byte(0);
+    if (first < 0x80) {
+        return first >= 0x20 || first == '\t' || first == '\n' ? 1 : 0;
+    }
+    const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+    if (first < 0xC2 || first > 0xF4 || text.size() < length) {
+        return 0;
+    }
+    char32_t character = first & (0x7FU >> length);
+    for (std::size_t at = 1; at < length; ++at) {
+        if ((byte(at) & 0xC0U) != 0x80) {
+            return 0;
+        }
+        character = character << 6U | (byte(at) & 0x3FU);
+    }
+    const bool overlong =
+        (length == 3 && character < 0x800) || (length == 4 && character < 0x10000);
+    const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
+    const bool noCharacter = character == 0xFFFE || character == 0xFFFF || character > 0x10FFFF;
+    return overlong || surrogate || noCharacter ? 0 : length;
+}
+
+bool isPlain(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t length = plainCharacter(text);
+        if (length == 0) {
+            return false;
+        }
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
+/// A reader may strip blanks at the ends of a string.
+bool isString(const std::string& path) {
+    constexpr std::string_view blanks = " \t\n";
+    return blanks.find(path.front()) == std::string_view::npos &&
+           blanks.find(path.back()) == std::string_view::npos && isPlain(path);
+}
+
+}  // namespace
+
+void PropertyList::Deleter::operator()(void* root) const {
+    plist_free(root);
+}
+
+std::optional<PropertyList> PropertyList::parse(std::string_view bytes) {
+    if (bytes.empty() || bytes.size() > std::numeric_limits<std::uint32_t>::max() ||
+        !isHarmlessPropertyList(bytes)) {
+        return std::nullopt;
+    }
+    plist_t root = nullptr;
+    plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
+    return root == nullptr ? std::nullopt : std::optional(PropertyList(root));
+}
+
+PropertyList PropertyList::dictionary() {
+    return PropertyList(plist_new_dict());
+}
+
+PropertyList PropertyList::arrayOfPaths(const std::vector<std::string>& paths) {
+    plist_t array = plist_new_array();
+    for (const std::string& path : paths) {
+        if (path.empty()) {
+            continue;
+        }
+        plist_array_append_item(array, isString(path) ? plist_new_string(path.c_str())
+                                                      : plist_new_data(path.data(), path.size()));
+    }
+    return PropertyList(array);
+}
+
+bool PropertyList::isDictionary() const {
+    return plist_get_node_type(root_.get()) == PLIST_DICT;
+}
+
+bool PropertyList::isArray() const {
+    return plist_get_node_type(root_.get()) == PLIST_ARRAY;
+}
+
+std::vector<std::string> PropertyList::paths() const {
+    std::vector<std::string> paths;
+    const std::uint32_t count = plist_array_get_size(root_.get());
+    for (std::uint32_t index = 0; index < count; ++index) {
+        plist_t item = plist_array_get_item(root_.get(), index);
+        std::uint64_t length = 0;
+        const char* bytes = plist_get_node_type(item) == PLIST_DATA
+                                ? plist_get_data_ptr(item, &length)
+                                : plist_get_string_ptr(item, &length);
+        if (bytes != nullptr && length > 0) {
+            paths.emplace_back(bytes, static_cast<std::size_t>(length));
+        }
+    }
+    return paths;
+}
+
+std::optional<std::uint64_t> PropertyList::number(const char* key) const {
+    plist_t item = plist_dict_get_item(root_.get(), key);
+    if (item == nullptr || plist_get_node_type(item) != PLIST_UINT) {
+        return std::nullopt;
+    }
+    std::uint64_t number = 0;
+    plist_get_uint_val(item, &number);
+    return number;
+}
+
+void PropertyList::setNumber(const char* key, std::uint64_t number) {
+    plist_dict_set_item(root_.get(), key, plist_new_uint(number));
+}
+
+std::string PropertyList::xml() const {
+    char* text = nullptr;
+    std::uint32_t length = 0;
+    plist_to_xml(root_.get(), &text, &length);
+    std::string copy(text == nullptr ? "" : text, text == nullptr ? 0 : length);
+    plist_to_xml_free(text);
+    return copy;
+}
+
+}  // namespace tarvin

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvin {
+
+/// A property list in memory: the root of what was read, or made anew. One thread at a time.
+///
+/// Only what the program's two files need: a dictionary of whole numbers, and an array of paths.
+/// What else they hold stays in them.
+class PropertyList final {
+ public:
+    /// An XML or binary list; none if it is not one, or one that no honest program writes
+    /// (isHarmlessPropertyList).
+    static std::optional<PropertyList> parse(std::string_view bytes);
+    static PropertyList dictionary();
+
+    /// An array of paths. A path that is UTF-8 and free of characters that XML cannot hold is a
+    /// string; any other is data, which holds its exact bytes. An empty one is no path.
+    static PropertyList arrayOfPaths(const std::vector<std::string>& paths);
+
+    [[nodiscard]] bool isDictionary() const;
+    [[nodiscard]] bool isArray() const;
+
+    /// The paths of an array: its strings and data, in order. What else it holds is passed over.
+    [[nodiscard]] std::vector<std::string> paths() const;
+
+    /// The whole number under `key` of a dictionary, as 64 bits without a sign; none if there is
+    /// none or something else.
+    [[nodiscard]] std::optional<std::uint64_t> number(const char* key) const;
+    void setNumber(const char* key, std::uint64_t number);
+
+    /// The list as an XML property list.
+    [[nodiscard]] std::string xml() const;
+
+ private:
+    struct Deleter {
+        void operator()(void* root) const;
+    };
+
+    explicit PropertyList(void* root) : root_(root) {}
+
+    std::unique_ptr<void, Deleter> root_;
+};
+
+}  // namespace tarvin

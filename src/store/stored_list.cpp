@@ -1,0 +1,76 @@
+#include "store/stored_list.h"
+
+#include "platform/durable_file.h"
+#include "platform/file_system.h"
+
+#include <cerrno>
+#include <cstdint>
+#include <filesystem>
+#include <span>
+#include <system_error>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+// Room for a million long paths.
+constexpr std::uint64_t largestFile = 256 * 1024 * 1024;
+constexpr std::string_view unusableSuffix = ".unreadable";
+
+}  // namespace
+
+StoreError storeErrorOf(const std::string& path, SystemError error) {
+    return {path, error.text(), error.code == ENOENT};
+}
+
+std::variant<PropertyList, StoreError> readStoredList(const std::string& path) {
+    // The list may be kept elsewhere and linked to.
+    std::error_code unresolved;
+    const std::filesystem::path target = std::filesystem::canonical(path, unresolved);
+    if (unresolved) {
+        return storeErrorOf(path, SystemError{unresolved.value()});
+    }
+    FileSystem& fileSystem = systemFileSystem();
+    const Result<Descriptor> file = fileSystem.openFile(target.native());
+    if (!file) {
+        return storeErrorOf(path, file.error());
+    }
+    const Result<FileAttributes> attributes = fileSystem.attributesOf(*file);
+    if (!attributes) {
+        return storeErrorOf(path, attributes.error());
+    }
+    if (attributes->type != EntryType::regular) {
+        return StoreError{path, "not a regular file"};
+    }
+    if (attributes->size > largestFile) {
+        return StoreError{path, "the file is too large"};
+    }
+    std::string bytes(static_cast<std::size_t>(attributes->size), '\0');
+    const Result<std::size_t> got =
+        fileSystem.readAt(*file, 0, std::as_writable_bytes(std::span(bytes)));
+    if (!got) {
+        return storeErrorOf(path, got.error());
+    }
+    bytes.resize(*got);
+    std::optional<PropertyList> list = PropertyList::parse(bytes);
+    if (!list) {
+        return StoreError{path, "not a property list"};
+    }
+    return std::move(*list);
+}
+
+std::optional<StoreError> writeStoredList(const std::string& path, const PropertyList& list) {
+    const std::optional<SystemError> failure = replaceFile(path, list.xml());
+    return failure ? std::optional(storeErrorOf(path, *failure)) : std::nullopt;
+}
+
+std::optional<StoreError> putUnusableAside(const StoreError& error) {
+    if (error.missing) {
+        return std::nullopt;
+    }
+    const Result<std::string> aside = putAside(error.path, unusableSuffix);
+    return aside ? std::nullopt : std::optional(storeErrorOf(error.path, aside.error()));
+}
+
+}  // namespace tarvin

@@ -1,0 +1,304 @@
+#include "store/data_file.h"
+
+#include "store/exception_file.h"
+#include "store/property_list.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+using Paths = std::vector<std::string>;
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
+}
+
+std::string xml(const std::string& root) {
+    return R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0">)" + root + "</plist>";
+}
+
+/// What is stored under a key of "data.plist".
+std::optional<std::uint64_t> stored(const std::string& path, const char* key) {
+    const auto list = PropertyList::parse(contentOf(path));
+    return list ? list->number(key) : std::nullopt;
+}
+
+class DataFileTest : public ::testing::Test {
+ protected:
+    void write(const std::string& content) const { folder_.writeFile("own/data.plist", content); }
+
+    TemporaryFolder folder_;
+    std::string own_ = folder_.pathOf("own");
+    std::string path_ = own_ + "/data.plist";
+};
+
+TEST_F(DataFileTest, IsMadeWithItsFolderAtTheFirstStart) {
+    DataFile data(own_);
+    EXPECT_EQ(data.dataPath(), path_);
+    EXPECT_FALSE(data.loadDataFile());
+    EXPECT_EQ(data.alreadyDeletedCount(), 0);
+    EXPECT_EQ(data.alreadyDeletedSize(), 0U);
+    EXPECT_EQ(stored(path_, "deletedCount"), 0U);
+    EXPECT_EQ(stored(path_, "deletedSize"), 0U);
+    EXPECT_EQ(stored(path_, "matchingLevel"), 5U);
+    EXPECT_EQ(stored(path_, "matchingSize"), 2U);
+    EXPECT_TRUE(contentOf(path_).starts_with("<?xml"));
+}
+
+TEST_F(DataFileTest, AddsToWhatIsStored) {
+    write(
+        xml("<dict><key>deletedCount</key><integer>3</integer>"
+            "<key>deletedSize</key><integer>500</integer></dict>"));
+    DataFile data(own_);
+    EXPECT_FALSE(data.loadDataFile());
+    EXPECT_EQ(data.alreadyDeletedCount(), 3);
+    EXPECT_EQ(data.alreadyDeletedSize(), 500U);
+    EXPECT_FALSE(data.addDeleted(2, 70));
+    EXPECT_EQ(data.alreadyDeletedCount(), 5);
+    EXPECT_EQ(data.alreadyDeletedSize(), 570U);
+    EXPECT_EQ(stored(path_, "deletedCount"), 5U);
+    EXPECT_EQ(stored(path_, "deletedSize"), 570U);
+}
+
+TEST_F(DataFileTest, WithoutAKeyIsNotRepairedByLoading) {
+    const std::string content = xml("<dict><key>deletedSize</key><integer>9</integer></dict>");
+    write(content);
+    DataFile data(own_);
+    EXPECT_FALSE(data.loadDataFile());
+    EXPECT_EQ(data.alreadyDeletedCount(), 0);
+    EXPECT_EQ(data.alreadyDeletedSize(), 9U);
+    EXPECT_EQ(contentOf(path_), content);
+}
+
+TEST_F(DataFileTest, KeepsOtherKeys) {
+    write(xml("<dict><key>mine</key><string>kept</string></dict>"));
+    DataFile data(own_);
+    data.loadDataFile();
+    EXPECT_FALSE(data.addDeleted(1, 1));
+    EXPECT_NE(contentOf(path_).find("<string>kept</string>"), std::string::npos);
+    EXPECT_EQ(stored(path_, "matchingLevel"), std::nullopt);
+}
+
+TEST_F(DataFileTest, CountsFromNothingWhereTypesAreWrong) {
+    write(
+        xml("<dict><key>deletedCount</key><string>3</string>"
+            "<key>deletedSize</key><array/></dict>"));
+    DataFile data(own_);
+    EXPECT_FALSE(data.loadDataFile());
+    EXPECT_EQ(data.alreadyDeletedCount(), 0);
+    EXPECT_FALSE(data.addDeleted(1, 10));
+    EXPECT_EQ(stored(path_, "deletedCount"), 1U);
+    EXPECT_EQ(stored(path_, "deletedSize"), 10U);
+}
+
+TEST_F(DataFileTest, TakesANegativeCountForNone) {
+    write(xml("<dict><key>deletedCount</key><integer>-5</integer></dict>"));
+    DataFile data(own_);
+    data.loadDataFile();
+    EXPECT_EQ(data.alreadyDeletedCount(), 0);
+    data.addDeleted(2, 0);
+    EXPECT_EQ(stored(path_, "deletedCount"), 2U);
+}
+
+TEST_F(DataFileTest, StopsAtTheLargestNumbers) {
+    write(
+        xml("<dict><key>deletedCount</key><integer>9223372036854775806</integer>"
+            "<key>deletedSize</key><integer>18446744073709551614</integer></dict>"));
+    DataFile data(own_);
+    data.loadDataFile();
+    EXPECT_FALSE(data.addDeleted(5, 5));
+    EXPECT_EQ(data.alreadyDeletedCount(), std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(data.alreadyDeletedSize(), std::numeric_limits<std::uint64_t>::max());
+    EXPECT_EQ(stored(path_, "deletedCount"), 9'223'372'036'854'775'807U);
+    EXPECT_EQ(stored(path_, "deletedSize"), 18'446'744'073'709'551'615U);
+}
+
+TEST_F(DataFileTest, ThatIsOfNoUseIsPutAsideBeforeItIsReplaced) {
+    const std::vector<std::string> contents{
+        "",
+        "damaged",
+        xml("<array/>"),
+        xml("<dict><key>deletedCount</key><integer>3</integer>"),
+        "bplist00damaged",
+        xml("<string>text</string>")};
+    for (const std::string& content : contents) {
+        std::filesystem::remove_all(own_);
+        write(content);
+        DataFile data(own_);
+        const auto error = data.loadDataFile();
+        if (!error) {
+            continue;  // the library reads it after all
+        }
+        EXPECT_EQ(error->path, path_);
+        EXPECT_EQ(contentOf(path_), content);
+        EXPECT_EQ(data.alreadyDeletedCount(), 0);
+        EXPECT_FALSE(data.addDeleted(1, 10));
+        EXPECT_EQ(contentOf(path_ + ".unreadable"), content);
+        EXPECT_EQ(stored(path_, "deletedCount"), 1U);
+        EXPECT_EQ(stored(path_, "matchingLevel"), std::nullopt);
+    }
+}
+
+TEST_F(DataFileTest, AFolderInItsPlaceIsPutAsideToo) {
+    folder_.writeFile("own/data.plist/inside.txt", "kept");
+    DataFile data(own_);
+    EXPECT_TRUE(data.loadDataFile());
+    EXPECT_FALSE(data.addDeleted(1, 10));
+    EXPECT_EQ(contentOf(path_ + ".unreadable/inside.txt"), "kept");
+    EXPECT_EQ(stored(path_, "deletedCount"), 1U);
+}
+
+TEST_F(DataFileTest, ThatHasGoneMeanwhileIsMadeAgainFromWhatIsKnown) {
+    write(xml("<dict><key>deletedCount</key><integer>3</integer></dict>"));
+    DataFile data(own_);
+    data.loadDataFile();
+    std::filesystem::remove_all(own_);
+    EXPECT_FALSE(data.addDeleted(2, 10));
+    EXPECT_EQ(stored(path_, "deletedCount"), 5U);
+}
+
+TEST_F(DataFileTest, CountsInMemoryEvenWhereItCannotBeWritten) {
+    const std::string file = folder_.writeFile("file", "");
+    DataFile data(file + "/own");
+    const auto loading = data.loadDataFile();
+    ASSERT_TRUE(loading);
+    EXPECT_EQ(loading->text, "Not a directory");
+    EXPECT_TRUE(data.addDeleted(2, 10));
+    EXPECT_EQ(data.alreadyDeletedCount(), 2);
+    EXPECT_EQ(data.alreadyDeletedSize(), 10U);
+}
+
+TEST_F(DataFileTest, OfAHundredMegabytesIsReadOrRefusedWithoutHarm) {
+    const std::string path = folder_.writeFile("own/data.plist", "<plist><dict>");
+    {
+        std::ofstream file(path, std::ios::app);
+        const std::string blank(1'000'000, ' ');
+        for (int part = 0; part < 100; ++part) {
+            file << blank;
+        }
+        file << "</dict></plist>";
+    }
+    DataFile data(own_);
+    static_cast<void>(data.loadDataFile());
+    EXPECT_EQ(data.alreadyDeletedCount(), 0);
+    EXPECT_FALSE(data.addDeleted(1, 1));
+    EXPECT_EQ(data.alreadyDeletedCount(), 1);
+}
+
+class ExceptionFileTest : public DataFileTest {
+ protected:
+    [[nodiscard]] Paths storedPaths() const { return readExceptionFile(exceptions_).paths; }
+
+    std::string exceptions_ = own_ + "/exception.plist";
+};
+
+TEST_F(ExceptionFileTest, IsEmptyAndNotMadeAtTheFirstStart) {
+    ExceptionFile file(own_);
+    EXPECT_EQ(file.path(), exceptions_);
+    EXPECT_FALSE(file.load());
+    EXPECT_TRUE(file.exceptionArrayData().empty());
+    EXPECT_FALSE(std::filesystem::exists(exceptions_));
+}
+
+TEST_F(ExceptionFileTest, KeepsEachPathOnceAtItsFirstPlace) {
+    ExceptionFile file(own_);
+    file.load();
+    EXPECT_FALSE(file.addExceptions({"/b", "/a", "/b"}));
+    EXPECT_FALSE(file.addExceptions({"/c", "/a"}));
+    EXPECT_EQ(file.exceptionArrayData(), (Paths{"/b", "/a", "/c"}));
+    EXPECT_EQ(storedPaths(), (Paths{"/b", "/a", "/c"}));
+}
+
+TEST_F(ExceptionFileTest, IsReadAgainAtTheNextStart) {
+    ExceptionFile(own_).addExceptions({"/line\nend", "/\xFF.jpg"});
+    ExceptionFile file(own_);
+    EXPECT_FALSE(file.load());
+    EXPECT_EQ(file.exceptionArrayData(), (Paths{"/line\nend", "/\xFF.jpg"}));
+}
+
+TEST_F(ExceptionFileTest, KeepsWhatAnotherCopyHasAdded) {
+    ExceptionFile one(own_);
+    ExceptionFile other(own_);
+    one.load();
+    other.load();
+    EXPECT_FALSE(one.addExceptions({"/one"}));
+    EXPECT_FALSE(other.addExceptions({"/other"}));
+    EXPECT_EQ(storedPaths(), (Paths{"/one", "/other"}));
+    EXPECT_EQ(other.exceptionArrayData(), (Paths{"/other"}));
+}
+
+TEST_F(ExceptionFileTest, CanBeEmptied) {
+    ExceptionFile file(own_);
+    file.addExceptions({"/a"});
+    EXPECT_FALSE(file.removeExceptions());
+    EXPECT_TRUE(file.exceptionArrayData().empty());
+    EXPECT_EQ(storedPaths(), Paths{});
+    EXPECT_FALSE(readExceptionFile(exceptions_).error);
+}
+
+TEST_F(ExceptionFileTest, ThatIsOfNoUseIsPutAsideBeforeItIsReplaced) {
+    folder_.writeFile("own/exception.plist", "damaged");
+    ExceptionFile file(own_);
+    ASSERT_TRUE(file.load());
+    EXPECT_EQ(contentOf(exceptions_), "damaged");
+    EXPECT_FALSE(file.addExceptions({"/a"}));
+    EXPECT_EQ(contentOf(exceptions_ + ".unreadable"), "damaged");
+    EXPECT_EQ(storedPaths(), (Paths{"/a"}));
+}
+
+TEST_F(ExceptionFileTest, CountsInMemoryEvenWhereItCannotBeWritten) {
+    const std::string file = folder_.writeFile("file", "");
+    ExceptionFile exceptions(file + "/own");
+    const auto failure = exceptions.addExceptions({"/a"});
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->text, "Not a directory");
+    EXPECT_EQ(exceptions.exceptionArrayData(), (Paths{"/a"}));
+}
+
+/// Eight processes at once lose nothing of each other.
+TEST_F(ExceptionFileTest, AndTotalsKeepTheWorkOfEightProcesses) {
+    constexpr int processes = 8;
+    constexpr int rounds = 25;
+    std::vector<pid_t> children;
+    for (int process = 0; process < processes; ++process) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            DataFile data(own_);
+            ExceptionFile exceptions(own_);
+            bool good = !data.loadDataFile() && !exceptions.load();
+            for (int round = 0; round < rounds; ++round) {
+                good = good && !data.addDeleted(1, 10);
+                good = good && !exceptions.addExceptions(
+                                   {"/" + std::to_string(process) + "/" + std::to_string(round)});
+            }
+            ::_exit(good ? 0 : 1);
+        }
+        children.push_back(child);
+    }
+    for (const pid_t child : children) {
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_EQ(stored(path_, "deletedCount"), std::uint64_t{processes * rounds});
+    EXPECT_EQ(stored(path_, "deletedSize"), std::uint64_t{processes * rounds * 10});
+    EXPECT_EQ(storedPaths().size(), std::size_t{processes * rounds});
+}
+
+}  // namespace
+}  // namespace tarvin
