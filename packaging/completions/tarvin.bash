@@ -11,7 +11,7 @@ _tarvin_offer_names() {
 }
 
 _tarvin() {
-    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} i
+    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} options i
     COMPREPLY=()
 
     # bash makes three words of "--format=json".
@@ -22,10 +22,22 @@ _tarvin() {
     fi
 
     if ((COMP_CWORD == 1)); then
-        _tarvin_offer -W 'scan --help --version' -- "$word"
+        _tarvin_offer -W 'scan clean exceptions totals --help --version' -- "$word"
         return
     fi
-    [[ ${COMP_WORDS[1]} == scan ]] || return 0
+    case ${COMP_WORDS[1]} in
+        scan) options= ;;
+        clean) options='--dry-run --yes' ;;
+        exceptions)
+            if ((COMP_CWORD == 2)); then
+                _tarvin_offer -W 'list add clear --help' -- "$word"
+            elif [[ ${COMP_WORDS[2]} == add ]]; then
+                _tarvin_offer_names -f -- "$word"
+            fi
+            return
+            ;;
+        *) return ;;
+    esac
 
     for ((i = 2; i < COMP_CWORD; ++i)); do
         if [[ ${COMP_WORDS[i]} == -- ]]; then
@@ -40,8 +52,8 @@ _tarvin() {
         --output | --exceptions) _tarvin_offer_names -f -- "$word" ;;
         *)
             if [[ $word == -* ]]; then
-                _tarvin_offer -W '--format --output --no-exceptions --exceptions --progress --help' \
-                    -- "$word"
+                options+=' --format --output --no-exceptions --exceptions --progress --help'
+                _tarvin_offer -W "$options" -- "$word"
             else
                 _tarvin_offer_names -d -- "$word"
             fi

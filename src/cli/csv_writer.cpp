@@ -1,5 +1,6 @@
 #include "cli/csv_writer.h"
 
+#include "cli/csv_field.h"
 #include "cli/iso_date.h"
 #include "cli/utf8.h"
 #include "scan/category.h"
@@ -11,18 +12,6 @@
 namespace tarvin {
 
 namespace {
-
-/// The text as a field: in quotation marks if it holds what would end the field otherwise.
-std::string field(std::string_view text) {
-    if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
-        return std::string(text);
-    }
-    std::string quoted = "\"";
-    for (const char byte : text) {
-        quoted.append(byte == '"' ? 2 : 1, byte);
-    }
-    return quoted += '"';
-}
 
 std::string dateField(std::optional<Timestamp> date) {
     return date ? isoDate(*date) : "";
@@ -52,7 +41,7 @@ void writeFile(const File& file, const RowContext& context, Output& output) {
     output.append(",");
     output.append(dateField(file.fileCreationDate()));
     output.append(",");
-    output.append(field(path));
+    output.append(csvField(path));
     output.append(",");
     output.append(pathBytes);
     output.append("\r\n");
@@ -62,7 +51,7 @@ void writeFile(const File& file, const RowContext& context, Output& output) {
 std::string beginningOf(Category category, const Extensions& extension) {
     std::string beginning(categoryName(category));
     beginning += ',';
-    beginning += field(withBadBytesReplaced(extension.name()));
+    beginning += csvField(withBadBytesReplaced(extension.name()));
     return beginning += ',';
 }
 

@@ -1,13 +1,16 @@
 #include "cli/program.h"
 
 #include "cli/arguments.h"
+#include "cli/clean_command.h"
 #include "cli/command.h"
+#include "cli/exceptions_command.h"
 #include "cli/help_formatter.h"
 #include "cli/messages.h"
 #include "cli/output.h"
 #include "cli/scan_command.h"
 #include "cli/shown_name.h"
 #include "cli/terminal.h"
+#include "cli/totals_command.h"
 
 #include <CLI/CLI.hpp>
 #include <unistd.h>
@@ -24,12 +27,15 @@ namespace tarvin {
 namespace {
 
 constexpr const char* description =
-    "Finds byte-for-byte identical files. 'tarvin COMMAND --help' explains a command.";
+    "Finds byte-for-byte identical files and moves copies to the Trash.\n"
+    "'tarvin COMMAND --help' explains a command.";
 
 constexpr const char* examples =
     "Examples:\n"
     "  tarvin scan ~/Pictures ~/Downloads\n"
-    "  tarvin scan --format json --output duplicates.json ~/Pictures";
+    "  tarvin scan --format json --output duplicates.json ~/Pictures\n"
+    "  tarvin clean --dry-run ~/Pictures\n"
+    "  tarvin exceptions add ~/Pictures/keep-both.jpg";
 
 /// A command and its place in the parser.
 struct Entry {
@@ -40,6 +46,9 @@ struct Entry {
 std::vector<Entry> addCommands(CLI::App& program, Platform& platform) {
     std::vector<Entry> entries;
     entries.push_back({std::make_unique<ScanCommand>(platform), nullptr});
+    entries.push_back({std::make_unique<CleanCommand>(platform), nullptr});
+    entries.push_back({std::make_unique<ExceptionsCommand>(platform), nullptr});
+    entries.push_back({std::make_unique<TotalsCommand>(platform), nullptr});
     for (Entry& entry : entries) {
         entry.parser = &entry.command->addTo(program);
         entry.parser->group("Commands");

@@ -7,8 +7,6 @@
 #include "platform/platform.h"
 #include "scan/exception_filter.h"
 
-#include <optional>
-
 namespace tarvin {
 
 /// "tarvin scan": finds the identical files in folders and writes them down.
@@ -20,11 +18,8 @@ class ScanCommand final : public Command {
     ExitStatus run() override;
 
  private:
-    [[nodiscard]] std::optional<ExceptionFilter> exceptionFilter() const;
-    [[nodiscard]] bool showsProgress() const;
     ExitStatus scanInto(OutputFile& output, ExceptionFilter exceptions);
     [[nodiscard]] bool write(const ScanReport& report, OutputFile& output) const;
-    [[nodiscard]] std::string shownOutput() const;
 
     Platform& platform_;
     ScanOptions options_;

@@ -65,6 +65,10 @@ void addChoice(CLI::App& command, const std::string& name,
 
 }  // namespace
 
+std::string shownOutput(const ScanOptions& options) {
+    return options.output == "-" ? "standard output" : shownName(options.output);
+}
+
 void addScanOptions(CLI::App& command, ScanOptions& options) {
     command.add_option("FOLDER", options.folders, "Where to look, everything below included")
         ->type_name("")

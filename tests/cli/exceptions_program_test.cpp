@@ -69,7 +69,7 @@ TEST_F(Exceptions, ADamagedListOfOnesOwnIsToldAndTheScanGoesOn) {
     const ProgramResult result = scan({});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors,
-              "tarvin: " + path + ": not a property list of paths; no file is left out\n");
+              "tarvin: " + path + ": not a property list; no file is left out\n");
     EXPECT_EQ(setsOf(result), (Sets{{"a.jpg", "b.jpg", "c.jpg"}}));
 }
 
@@ -78,7 +78,7 @@ TEST_F(Exceptions, AnotherListThatIsDamagedIsWrongUsage) {
     const ProgramResult result = scan({"--exceptions", path});
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.output, "");
-    EXPECT_EQ(result.errors, "tarvin: " + path + ": not a property list of paths\n");
+    EXPECT_EQ(result.errors, "tarvin: " + path + ": not a property list\n");
 }
 
 TEST_F(Exceptions, AnotherListThatIsMissingIsWrongUsage) {

@@ -25,7 +25,8 @@ TEST(Help, OfTheProgramNamesItsCommandsWithExamples) {
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(result.output,
-              R"(Finds byte-for-byte identical files. 'tarvin COMMAND --help' explains a command.
+              R"(Finds byte-for-byte identical files and moves copies to the Trash.
+'tarvin COMMAND --help' explains a command.
 
 Usage: tarvin COMMAND [OPTION]...
 
@@ -35,10 +36,15 @@ Options:
 
 Commands:
   scan                      Finds the files in FOLDER... whose contents are identical.
+  clean                     Moves the duplicates in FOLDER... to the Trash; one file of each set stays.
+  exceptions                Shows or changes the list of files that no scan looks at.
+  totals                    Tells how many files were moved to the Trash over all runs.
 
 Examples:
   tarvin scan ~/Pictures ~/Downloads
   tarvin scan --format json --output duplicates.json ~/Pictures
+  tarvin clean --dry-run ~/Pictures
+  tarvin exceptions add ~/Pictures/keep-both.jpg
 )");
 }
 
@@ -80,6 +86,93 @@ Exit status:
        be written
   2    the command line is wrong; nothing was done
   130  the scan was stopped by Ctrl-C or by the signal TERM or HUP
+)");
+}
+
+TEST(Help, OfCleanExplainsItWithExamples) {
+    EXPECT_EQ(runTarvin({"clean", "--help"}).output,
+              R"(Moves the duplicates in FOLDER... to the Trash; one file of each set stays.
+
+Usage: tarvin clean [OPTION]... FOLDER...
+
+Arguments:
+  FOLDER                    Where to look, everything below included
+
+Options:
+  -h,--help                 Print this text, or that of a command, and exit
+  --dry-run                 Only tell what would be moved
+  --yes                     Move without asking
+  --format text|json|csv    How the result is written; text, the default,
+                            is meant to be read by people
+  --output FILE             Write the result to FILE instead of standard
+                            output
+  --no-exceptions           Look at every file, also at those on the
+                            exceptions list
+  --exceptions FILE         Leave out the files on the list in FILE instead
+                            of those on your own list
+  --progress auto|always|never
+                            Whether to show progress on standard error; auto,
+                            the default, shows it if that is a terminal
+
+Examples:
+  tarvin clean --dry-run ~/Pictures ~/Downloads
+  tarvin clean ~/Pictures
+  tarvin clean --yes --format json ~/Pictures
+
+The first file of each set, as 'tarvin scan' lists it, stays. A file is moved
+only if it is still what the scan saw and another file of its set is still
+there. Nothing is ever deleted outright. Ctrl-C stops between two files.
+
+Exit status:
+  0    all duplicates were moved, or would be, or you said no
+  1    a folder could not be read, a file was not moved or something could not
+       be written
+  2    the command line is wrong, or there is nobody to ask and no --yes;
+       nothing was done
+  130  stopped by Ctrl-C or by the signal TERM or HUP
+)");
+}
+
+TEST(Help, OfExceptionsExplainsThem) {
+    EXPECT_EQ(runTarvin({"exceptions", "--help"}).output,
+              R"(Shows or changes the list of files that no scan looks at.
+
+Usage: tarvin exceptions COMMAND [OPTION]...
+
+Options:
+  -h,--help                 Print this text, or that of a command, and exit
+
+Commands:
+  list                      Prints the files on the list.
+  add                       Puts FILE... on the list.
+  clear                     Empties the list.
+
+Examples:
+  tarvin exceptions add ~/Pictures/keep-both.jpg
+  tarvin exceptions list
+
+A file that is moved or renamed is looked at again.
+
+Exit status:
+  0    done
+  1    a file is not there, or the list could not be read or written
+  2    the command line is wrong; nothing was done
+)");
+}
+
+TEST(Help, OfTotalsExplainsThem) {
+    EXPECT_EQ(runTarvin({"totals", "--help"}).output,
+              R"(Tells how many files were moved to the Trash over all runs.
+
+Usage: tarvin totals [OPTION]...
+
+Options:
+  -h,--help                 Print this text, or that of a command, and exit
+
+Exit status:
+  0    done
+  1    the totals could not be read
+  2    the command line is wrong; nothing was done
 )");
 }
 

@@ -26,11 +26,13 @@ constexpr std::chrono::seconds longest{60};
     sigset_t none{};
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);
-    for (const int signal : {SIGINT, SIGTERM, SIGPIPE}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
         static_cast<void>(std::signal(signal, SIG_DFL));
     }
     const bool isThere = setting.folder.empty() || ::chdir(setting.folder.c_str()) == 0;
-    if (isThere && ::dup2(output, STDOUT_FILENO) >= 0 && ::dup2(errors, STDERR_FILENO) >= 0) {
+    const bool isFed = setting.input < 0 || ::dup2(setting.input, STDIN_FILENO) >= 0;
+    if (isThere && isFed && ::dup2(output, STDOUT_FILENO) >= 0 &&
+        ::dup2(errors, STDERR_FILENO) >= 0) {
         for (const auto& [name, value] : setting.environment) {
             ::setenv(name.c_str(), value.c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
         }

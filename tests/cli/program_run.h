@@ -21,6 +21,8 @@ struct ProgramResult {
 struct ProgramSetting {
     std::string folder{};                              ///< its current folder; empty: the test's
     std::map<std::string, std::string> environment{};  ///< added to the test's own
+    /// What its standard input is, if not the test's.
+    int input = -1;
     /// What its standard output and error are, if not pipes that the test reads.
     int output = -1;
     int errors = -1;

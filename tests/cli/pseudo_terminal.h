@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 
 namespace tarvin {
 
@@ -40,6 +41,27 @@ class PseudoTerminal final {
         if (programsEnd_ >= 0) {
             ::close(programsEnd_);
             programsEnd_ = -1;
+        }
+    }
+
+    /// What a person types.
+    void type(std::string_view text) const {
+        while (!text.empty()) {
+            const ssize_t typed = ::write(testsEnd_, text.data(), text.size());
+            text.remove_prefix(typed > 0 ? static_cast<std::size_t>(typed) : text.size());
+        }
+    }
+
+    /// Returns when `text` has been drawn, or the program's last end is closed.
+    void readUntil(std::string_view text) const {
+        std::string all;
+        std::array<char, 4096> block{};
+        while (all.find(text) == std::string::npos) {
+            const ssize_t got = ::read(testsEnd_, block.data(), block.size());
+            if (got <= 0) {
+                return;
+            }
+            all.append(block.data(), static_cast<std::size_t>(got));
         }
     }
 

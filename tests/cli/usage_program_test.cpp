@@ -31,7 +31,7 @@ TEST(Usage, WithoutACommandNothingIsDone) {
 }
 
 TEST(Usage, AnUnknownCommandIsNamed) {
-    expectRefusal({{"clean", "/"}, "tarvin: clean is no command\nTry 'tarvin --help'.\n"});
+    expectRefusal({{"purge", "/"}, "tarvin: purge is no command\nTry 'tarvin --help'.\n"});
     expectRefusal(
         {{"sc\x1B[31man"}, "tarvin: $'sc\\x1b[31man' is no command\nTry 'tarvin --help'.\n"});
     expectRefusal({{""}, "tarvin: $'' is no command\nTry 'tarvin --help'.\n"});
@@ -50,6 +50,25 @@ TEST(Usage, AScanNeedsAFolder) {
     for (const Words& arguments : {Words{"scan"}, Words{"scan", "--format", "json"}}) {
         expectRefusal({arguments, "tarvin: FOLDER is required\nTry 'tarvin scan --help'.\n"});
     }
+}
+
+TEST(Usage, ACleanUpNeedsAFolder) {
+    expectRefusal(
+        {{"clean", "--yes"}, "tarvin: FOLDER is required\nTry 'tarvin clean --help'.\n"});
+}
+
+TEST(Usage, ExceptionsNeedToKnowWhatToDo) {
+    expectRefusal({{"exceptions"},
+                   "tarvin: list, add or clear is missing\nTry 'tarvin exceptions --help'.\n"});
+    expectRefusal({{"exceptions", "forget"},
+                   "tarvin: forget is not expected here\nTry 'tarvin exceptions --help'.\n"});
+    expectRefusal({{"exceptions", "add"},
+                   "tarvin: FILE is required\nTry 'tarvin exceptions --help'.\n"});
+}
+
+TEST(Usage, TotalsTakeNothing) {
+    expectRefusal(
+        {{"totals", "x"}, "tarvin: x is not expected here\nTry 'tarvin totals --help'.\n"});
 }
 
 TEST(Usage, AWordThatIsNoneOfThemIsNamed) {

@@ -45,12 +45,26 @@ TEST(BashCompletion, CompletesACommand) {
 }
 
 TEST(BashCompletion, OffersWhatMayStandFirst) {
-    EXPECT_EQ(bashOffers("tarvin \"\"", 1), "--help\n--version\nscan\n");
+    EXPECT_EQ(bashOffers("tarvin \"\"", 1), "--help\n--version\nclean\nexceptions\nscan\ntotals\n");
 }
 
 TEST(BashCompletion, OffersTheOptionsOfScan) {
     EXPECT_EQ(bashOffers("tarvin scan --", 2),
               "--exceptions\n--format\n--help\n--no-exceptions\n--output\n--progress\n");
+}
+
+TEST(BashCompletion, OffersTheOptionsOfClean) {
+    EXPECT_EQ(bashOffers("tarvin clean --", 2),
+              "--dry-run\n--exceptions\n--format\n--help\n--no-exceptions\n--output\n--progress\n"
+              "--yes\n");
+    EXPECT_EQ(bashOffers("tarvin clean --format js", 3), "json\n");
+}
+
+TEST(BashCompletion, OffersWhatToDoWithExceptions) {
+    EXPECT_EQ(bashOffers("tarvin exceptions \"\"", 2), "--help\nadd\nclear\nlist\n");
+    EXPECT_EQ(bashOffers("tarvin exceptions add LIC", 3), "LICENSE\n");
+    EXPECT_EQ(bashOffers("tarvin exceptions clear LIC", 3), "");
+    EXPECT_EQ(bashOffers("tarvin totals LIC", 2), "");
 }
 
 TEST(BashCompletion, OffersTheFormats) {

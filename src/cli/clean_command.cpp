@@ -1,0 +1,196 @@
+#include "cli/clean_command.h"
+
+#include "cli/interrupt.h"
+#include "cli/messages.h"
+#include "cli/question.h"
+#include "cli/shown_name.h"
+#include "scan/checked_trash.h"
+#include "scan/clean_texts.h"
+#include "scan/texts.h"
+#include "store/data_file.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+constexpr const char* description =
+    "Moves the duplicates in FOLDER... to the Trash; one file of each set stays.";
+
+constexpr const char* examples =
+    "Examples:\n"
+    "  tarvin clean --dry-run ~/Pictures ~/Downloads\n"
+    "  tarvin clean ~/Pictures\n"
+    "  tarvin clean --yes --format json ~/Pictures\n"
+    "\n"
+    "The first file of each set, as 'tarvin scan' lists it, stays. A file is moved\n"
+    "only if it is still what the scan saw and another file of its set is still\n"
+    "there. Nothing is ever deleted outright. Ctrl-C stops between two files.\n"
+    "\n"
+    "Exit status:\n"
+    "  0    all duplicates were moved, or would be, or you said no\n"
+    "  1    a folder could not be read, a file was not moved or something could not\n"
+    "       be written\n"
+    "  2    the command line is wrong, or there is nobody to ask and no --yes;\n"
+    "       nothing was done\n"
+    "  130  stopped by Ctrl-C or by the signal TERM or HUP";
+
+std::string questionFor(const Modal& modal) {
+    return "Move " + std::to_string(modal.totalFilesSelected()) + " duplicate files (" +
+           getFormattedStringForSize(modal.totalFilesSelectedSize()) + ") to the Trash? [y/N] ";
+}
+
+}  // namespace
+
+CLI::App& CleanCommand::addTo(CLI::App& program) {
+    CLI::App* command = program.add_subcommand("clean", description);
+    command->footer(examples);
+    command->add_flag("--dry-run", dryRun_, "Only tell what would be moved");
+    command->add_flag("--yes", yes_, "Move without asking");
+    addScanOptions(*command, options_);
+    return *command;
+}
+
+ExitStatus CleanCommand::run() {
+    if (!dryRun_ && !yes_ && !canAsk()) {
+        complain("there is nobody to ask; give --yes, or --dry-run to see what would be moved");
+        return ExitStatus::wrongUsage;
+    }
+    std::optional<ExceptionFilter> exceptions =
+        exceptionFilterOf(options_, platform_, UnusableExceptions::areARefusal);
+    if (!exceptions) {
+        return ExitStatus::wrongUsage;
+    }
+    const Result<std::unique_ptr<OutputFile>> output = OutputFile::open(options_.output);
+    if (!output) {
+        complain(shownOutput(options_) + ": " + output.error().text());
+        return ExitStatus::wrongUsage;
+    }
+    return clean(**output, std::move(*exceptions));
+}
+
+ExitStatus CleanCommand::clean(OutputFile& output, ExceptionFilter exceptions) {
+    FolderScan scan(platform_, options_);
+    // Before start(), which starts threads, and gone before the scan that it calls.
+    Interrupt interrupt;
+    scan.start(std::move(exceptions));
+    interrupt.watch([&] { stopOnFirstSignal(scan, output); }, [&] { endOnSecondSignal(output); });
+    scan.wait();
+    if (scan.report().stopped) {
+        complain("stopped; nothing was moved");
+        return ExitStatus::stopped;
+    }
+    Modal& modal = *scan.modal();
+    modal.markAllExtension();
+    const bool asks = !dryRun_ && !yes_ && modal.totalFilesSelected() > 0;
+    if (asks && !isAgreedTo(modal)) {
+        return scan.hasReadAll() ? ExitStatus::done : ExitStatus::incomplete;
+    }
+    stage_ = Stage::moving;
+    const ExitStatus status = dryRun_ ? plan(modal, output) : move(modal, output);
+    return status == ExitStatus::done && !scan.hasReadAll() ? ExitStatus::incomplete : status;
+}
+
+void CleanCommand::stopOnFirstSignal(FolderScan& scan, const OutputFile& output) {
+    control_.stop();
+    scan.requestStop();
+    if (stage_ == Stage::asking) {
+        // Nothing has been done, and the question waits for a line.
+        output.removeTemporary();
+        std::_Exit(static_cast<int>(ExitStatus::stopped));
+    }
+}
+
+/// Not while files are moved: what has been moved must be told and counted.
+void CleanCommand::endOnSecondSignal(const OutputFile& output) const {
+    if (stage_ != Stage::moving) {
+        output.removeTemporary();
+        std::_Exit(static_cast<int>(ExitStatus::stopped));
+    }
+}
+
+bool CleanCommand::isAgreedTo(const Modal& modal) {
+    stage_ = Stage::asking;
+    return tarvin::isAgreedTo(questionFor(modal));
+}
+
+ExitStatus CleanCommand::plan(const Modal& modal, OutputFile& output) const {
+    const std::unique_ptr<CleanWriter> writer =
+        makeCleanWriter(options_.format, true, output.output());
+    writer->begin();
+    for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
+        for (const std::shared_ptr<Set>& set : extension->sets()) {
+            for (const std::shared_ptr<File>& file : set->files()) {
+                if (file->state() == CheckState::on) {
+                    writer->file(*file, std::nullopt);
+                }
+            }
+        }
+    }
+    writer->end({modal.totalFilesSelected(), modal.totalFilesSelectedSize(), false});
+    return commit(output) ? ExitStatus::done : ExitStatus::incomplete;
+}
+
+ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
+    const std::unique_ptr<CleanWriter> writer =
+        makeCleanWriter(options_.format, false, output.output());
+    writer->begin();
+    bool movedAll = true;
+    const auto report = [&](const File& file, MoveOutcome outcome) {
+        writer->file(file, outcome);
+        if (outcome != MoveOutcome::moved && outcome != MoveOutcome::stopped) {
+            complainAbout(file.filePath(), reasonFor(outcome));
+            movedAll = false;
+        }
+    };
+    CheckedTrash trash(platform_.fileSystem(), platform_.trash(), report,
+                       [this] { return control_.stopDeletion(); });
+    DeletionWalk walk(
+        modal, trash, control_,
+        [&trash](const Set& set, const DeletionWalk::Progress&) { trash.beginSet(set); });
+    walk.start();
+    const RemovalResult moved = walk.wait();
+    const bool stopped = control_.stopDeletion();
+    writer->end({moved.deletedFilesCount, moved.deletedFilesSize, stopped});
+    const bool stored = storeTotals(moved);
+    const bool written = commit(output);
+    if (stopped) {
+        return ExitStatus::stopped;
+    }
+    return movedAll && stored && written ? ExitStatus::done : ExitStatus::incomplete;
+}
+
+bool CleanCommand::storeTotals(const RemovalResult& moved) const {
+    if (moved.deletedFilesCount == 0) {
+        return true;
+    }
+    const std::optional<std::string> folder = platform_.applicationSupportFolder();
+    if (!folder) {
+        complain("there is no home folder to keep the totals in");
+        return false;
+    }
+    DataFile data(*folder);
+    std::optional<StoreError> failure = data.loadDataFile();
+    // A file of no use is put aside by the writing.
+    failure = data.addDeleted(moved.deletedFilesCount, moved.deletedFilesSize);
+    if (failure) {
+        complainAbout(failure->path, failure->text);
+    }
+    return !failure;
+}
+
+bool CleanCommand::commit(OutputFile& output) const {
+    const std::optional<SystemError> failure = output.commit();
+    if (failure) {
+        complain(shownOutput(options_) + ": " + failure->text());
+    }
+    return !failure;
+}
+
+}  // namespace tarvin

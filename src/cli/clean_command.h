@@ -1,0 +1,47 @@
+#pragma once
+
+#include "cli/clean_writer.h"
+#include "cli/command.h"
+#include "cli/folder_scan.h"
+#include "cli/output_file.h"
+#include "cli/scan_options.h"
+#include "model/deletion_walk.h"
+#include "platform/platform.h"
+
+#include <atomic>
+#include <cstdint>
+#include <string>
+
+namespace tarvin {
+
+/// "tarvin clean": finds the identical files in folders and moves all but the first of each set to
+/// the Trash.
+class CleanCommand final : public Command {
+ public:
+    explicit CleanCommand(Platform& platform) : platform_(platform) {}
+
+    CLI::App& addTo(CLI::App& program) override;
+    ExitStatus run() override;
+
+ private:
+    /// What a Ctrl-C means depends on what is being done.
+    enum class Stage : std::uint8_t { scanning, asking, moving };
+
+    ExitStatus clean(OutputFile& output, ExceptionFilter exceptions);
+    void stopOnFirstSignal(FolderScan& scan, const OutputFile& output);
+    void endOnSecondSignal(const OutputFile& output) const;
+    [[nodiscard]] bool isAgreedTo(const Modal& modal);
+    ExitStatus plan(const Modal& modal, OutputFile& output) const;
+    ExitStatus move(Modal& modal, OutputFile& output);
+    [[nodiscard]] bool storeTotals(const RemovalResult& moved) const;
+    [[nodiscard]] bool commit(OutputFile& output) const;
+
+    Platform& platform_;
+    ScanOptions options_;
+    bool dryRun_ = false;
+    bool yes_ = false;
+    DeletionControl control_;
+    std::atomic<Stage> stage_{Stage::scanning};
+};
+
+}  // namespace tarvin

@@ -1,0 +1,182 @@
+#include "cli/clean_writer.h"
+
+#include "cli/csv_field.h"
+#include "cli/shown_name.h"
+#include "cli/utf8.h"
+#include "scan/clean_texts.h"
+#include "scan/texts.h"
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+
+namespace tarvin {
+
+namespace {
+
+/// For people: the path of each file that was or would be moved, and the sums. What was not moved
+/// is told on standard error.
+class CleanTextWriter final : public CleanWriter {
+ public:
+    CleanTextWriter(bool dryRun, Output& output) : dryRun_(dryRun), output_(output) {}
+
+    void begin() override {}
+
+    void file(const File& file, std::optional<MoveOutcome> outcome) override {
+        if (outcome && *outcome != MoveOutcome::moved) {
+            return;
+        }
+        output_.append(dryRun_ ? "Would move to the Trash: " : "Moved to the Trash: ");
+        output_.append(shownName(file.filePath()));
+        output_.append("\n");
+        if (!dryRun_) {
+            // What has been done is told even if the program ends before its time.
+            output_.flush();
+        }
+    }
+
+    void end(const CleanSummary& summary) override {
+        if (summary.stopped) {
+            output_.append("Stopped before the end.\n");
+        }
+        if (dryRun_) {
+            output_.append(markedFilesText(summary.deletedCount));
+            output_.append("\n");
+            output_.append(markedSizeText(summary.deletedSize));
+            output_.append("\nNothing was moved.\n");
+            return;
+        }
+        output_.append(duplicatesCleanedText(summary.deletedCount));
+        output_.append("\n");
+        output_.append(spaceRegainedText(summary.deletedSize));
+        output_.append("\n");
+    }
+
+ private:
+    const bool dryRun_;
+    Output& output_;
+};
+
+class CleanJsonWriter final : public CleanWriter {
+ public:
+    CleanJsonWriter(bool dryRun, Output& output) : dryRun_(dryRun), output_(output) {}
+
+    void begin() override {
+        output_.append(dryRun_ ? "{\n  \"dryRun\": true,\n" : "{\n  \"dryRun\": false,\n");
+        output_.append("  \"files\": [");
+    }
+
+    void file(const File& file, std::optional<MoveOutcome> outcome) override {
+        const std::string path = file.filePath();
+        nlohmann::ordered_json entry;
+        const bool isUtf8 = isValidUtf8(path);
+        entry["filePath"] = isUtf8 ? path : withBadBytesReplaced(path);
+        if (!isUtf8) {
+            entry["filePathBytes"] = hexadecimal(path);
+        }
+        entry["fileSize"] = file.fileSize();
+        entry["outcome"] = outcomeWord(outcome);
+        output_.append(isFirst_ ? "\n    " : ",\n    ");
+        output_.append(entry.dump());
+        isFirst_ = false;
+    }
+
+    void end(const CleanSummary& summary) override {
+        output_.append(isFirst_ ? "],\n" : "\n  ],\n");
+        output_.append("  \"deletedFilesCount\": ");
+        output_.appendNumber(summary.deletedCount);
+        output_.append(",\n  \"deletedFilesSize\": ");
+        output_.appendNumber(summary.deletedSize);
+        output_.append(summary.stopped ? ",\n  \"stopped\": true\n}\n"
+                                       : ",\n  \"stopped\": false\n}\n");
+    }
+
+ private:
+    const bool dryRun_;
+    Output& output_;
+    bool isFirst_ = true;
+};
+
+class CleanCsvWriter final : public CleanWriter {
+ public:
+    explicit CleanCsvWriter(Output& output) : output_(output) {}
+
+    void begin() override { output_.append("outcome,size,path,path_bytes\r\n"); }
+
+    void file(const File& file, std::optional<MoveOutcome> outcome) override {
+        std::string path = file.filePath();
+        std::string pathBytes;
+        if (!isValidUtf8(path)) {
+            pathBytes = hexadecimal(path);
+            path = withBadBytesReplaced(path);
+        }
+        output_.append(outcomeWord(outcome));
+        output_.append(",");
+        output_.appendNumber(file.fileSize());
+        output_.append(",");
+        output_.append(csvField(path));
+        output_.append(",");
+        output_.append(pathBytes);
+        output_.append("\r\n");
+    }
+
+    void end(const CleanSummary&) override {}
+
+ private:
+    Output& output_;
+};
+
+}  // namespace
+
+std::unique_ptr<CleanWriter> makeCleanWriter(ResultFormat format, bool dryRun, Output& output) {
+    switch (format) {
+        case ResultFormat::json:
+            return std::make_unique<CleanJsonWriter>(dryRun, output);
+        case ResultFormat::csv:
+            return std::make_unique<CleanCsvWriter>(output);
+        case ResultFormat::text:
+            break;
+    }
+    return std::make_unique<CleanTextWriter>(dryRun, output);
+}
+
+std::string_view outcomeWord(std::optional<MoveOutcome> outcome) {
+    if (!outcome) {
+        return "planned";
+    }
+    switch (*outcome) {
+        case MoveOutcome::moved:
+            return "moved";
+        case MoveOutcome::gone:
+            return "gone";
+        case MoveOutcome::changed:
+            return "changed";
+        case MoveOutcome::lastCopy:
+            return "lastCopy";
+        case MoveOutcome::stopped:
+            return "stopped";
+        case MoveOutcome::refused:
+            break;
+    }
+    return "refused";
+}
+
+std::string_view reasonFor(MoveOutcome outcome) {
+    switch (outcome) {
+        case MoveOutcome::moved:
+            return "it is in the Trash";
+        case MoveOutcome::gone:
+            return "not moved: it is not there any more";
+        case MoveOutcome::changed:
+            return "not moved: it has changed since the scan";
+        case MoveOutcome::lastCopy:
+            return "not moved: no other copy is left as it was";
+        case MoveOutcome::stopped:
+            return "not moved: stopped before";
+        case MoveOutcome::refused:
+            break;
+    }
+    return "not moved: the Trash did not take it";
+}
+
+}  // namespace tarvin

@@ -1,0 +1,127 @@
+#include "cli/exceptions_command.h"
+
+#include "cli/file_paths.h"
+#include "cli/messages.h"
+#include "cli/output.h"
+#include "cli/shown_name.h"
+#include "scan/clean_texts.h"
+
+#include <CLI/CLI.hpp>
+#include <unistd.h>
+
+#include <cerrno>
+#include <optional>
+#include <string_view>
+
+namespace tarvin {
+
+namespace {
+
+constexpr const char* examples =
+    "Examples:\n"
+    "  tarvin exceptions add ~/Pictures/keep-both.jpg\n"
+    "  tarvin exceptions list\n"
+    "\n"
+    "A file that is moved or renamed is looked at again.\n"
+    "\n"
+    "Exit status:\n"
+    "  0    done\n"
+    "  1    a file is not there, or the list could not be read or written\n"
+    "  2    the command line is wrong; nothing was done";
+
+ExitStatus print(std::string_view text) {
+    Output output(STDOUT_FILENO);
+    output.append(text);
+    if (!output.flush()) {
+        complain("standard output: " + output.error()->text());
+        return ExitStatus::incomplete;
+    }
+    return ExitStatus::done;
+}
+
+ExitStatus failed(const StoreError& error) {
+    complainAbout(error.path, error.text);
+    return ExitStatus::incomplete;
+}
+
+/// Without the line break that such a text begins with in a window.
+std::string asLine(std::string_view text) {
+    return std::string(text.substr(text.find_first_not_of('\n'))) + '\n';
+}
+
+}  // namespace
+
+CLI::App& ExceptionsCommand::addTo(CLI::App& program) {
+    CLI::App* command = program.add_subcommand(
+        "exceptions", "Shows or changes the list of files that no scan looks at.");
+    command->footer(examples);
+    list_ = command->add_subcommand("list", "Prints the files on the list.");
+    add_ = command->add_subcommand("add", "Puts FILE... on the list.");
+    add_->add_option("FILE", files_, "Which files")->type_name("")->required();
+    clear_ = command->add_subcommand("clear", "Empties the list.");
+    for (CLI::App* each : {list_, add_, clear_}) {
+        each->group("Commands");
+    }
+    // None is allowed here so that a wrong word is what gets told, not the missing command.
+    command->require_subcommand(0, 1);
+    return *command;
+}
+
+ExitStatus ExceptionsCommand::run() {
+    if (!list_->parsed() && !add_->parsed() && !clear_->parsed()) {
+        complain("list, add or clear is missing\nTry 'tarvin exceptions --help'.");
+        return ExitStatus::wrongUsage;
+    }
+    const std::optional<std::string> folder = platform_.applicationSupportFolder();
+    if (!folder) {
+        complain("there is no home folder to keep a list in");
+        return ExitStatus::incomplete;
+    }
+    ExceptionFile exceptions(*folder);
+    const std::optional<StoreError> failure = exceptions.load();
+    if (list_->parsed()) {
+        return failure ? failed(*failure) : list(exceptions);
+    }
+    // A list of no use is put aside by the writing.
+    return add_->parsed() ? add(exceptions) : clear(exceptions);
+}
+
+ExitStatus ExceptionsCommand::list(const ExceptionFile& exceptions) {
+    std::string text;
+    for (const std::string& path : exceptions.exceptionArrayData()) {
+        text += shownName(path) + '\n';
+    }
+    return print(text);
+}
+
+/// A file that is not there is told and left out: it would be a slip of the keyboard.
+ExitStatus ExceptionsCommand::add(ExceptionFile& exceptions) const {
+    std::vector<std::string> paths;
+    for (const std::string& file : files_) {
+        const Result<std::string> path = absolutePath(file);
+        if (!path) {
+            complainAbout(file, path.error().text());
+        } else if (!platform_.trash().fileExistsAtPath(*path)) {
+            complainAbout(file, SystemError{ENOENT}.text());
+        } else {
+            paths.push_back(*path);
+        }
+    }
+    if (paths.empty()) {
+        return ExitStatus::incomplete;
+    }
+    if (const std::optional<StoreError> failure = exceptions.addExceptions(paths)) {
+        return failed(*failure);
+    }
+    const ExitStatus status = print(asLine(exceptionsAddedText(paths.size())));
+    return paths.size() == files_.size() ? status : ExitStatus::incomplete;
+}
+
+ExitStatus ExceptionsCommand::clear(ExceptionFile& exceptions) {
+    if (const std::optional<StoreError> failure = exceptions.removeExceptions()) {
+        return failed(*failure);
+    }
+    return print(asLine(exceptionsRemovedText()));
+}
+
+}  // namespace tarvin

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "cli/progress_mailbox.h"
+#include "cli/scan_inputs.h"
+#include "cli/scan_options.h"
+#include "cli/scan_report.h"
+#include "platform/platform.h"
+#include "scan/exception_filter.h"
+#include "scan/scan_run.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace tarvin {
+
+/// The scan of a command: the folders its options name, progress on standard error if that is
+/// wanted, and a complaint about each folder that cannot be read. On the main thread, but for
+/// requestStop().
+class FolderScan final {
+ public:
+    FolderScan(Platform& platform, const ScanOptions& options);
+
+    /// Returns at once. Once only.
+    void start(ExceptionFilter exceptions);
+    /// Shows the progress until the scan is over, then complains.
+    void wait();
+    /// Ends the scan soon. Any thread.
+    void requestStop() { run_.requestStop(); }
+
+    /// These after wait(). The report shares the result.
+    [[nodiscard]] ScanReport report() const { return reportOf(run_); }
+    [[nodiscard]] const std::shared_ptr<Modal>& modal() const { return run_.modal(); }
+    /// Whether every folder could be read.
+    [[nodiscard]] bool hasReadAll() const;
+
+ private:
+    [[nodiscard]] bool showsProgress() const;
+    [[nodiscard]] Progress progress() const;
+
+    const ScanOptions& options_;
+    ScanFolders folders_;
+    ProgressMailbox mailbox_;
+    ScanRun run_;
+};
+
+/// What to do about a list of one's own that cannot be used.
+enum class UnusableExceptions : std::uint8_t {
+    areIgnored,  ///< where nothing is removed
+    areARefusal
+};
+
+/// The files that the options, or the person's own list, leave out. None, and a complaint, if a
+/// list that has to be usable is not.
+std::optional<ExceptionFilter> exceptionFilterOf(const ScanOptions& options, Platform& platform,
+                                                 UnusableExceptions unusable);
+
+}  // namespace tarvin

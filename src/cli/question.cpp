@@ -1,0 +1,49 @@
+#include "cli/question.h"
+
+#include "cli/output.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <string>
+
+namespace tarvin {
+
+namespace {
+
+/// What is typed up to the end of the line; a longer line than any answer is cut.
+std::string readLine() {
+    constexpr std::size_t longest = 256;
+    std::string line;
+    char character = 0;
+    while (true) {
+        const ssize_t got = ::read(STDIN_FILENO, &character, 1);
+        if (got < 0 && errno == EINTR) {
+            continue;
+        }
+        if (got <= 0 || character == '\n') {
+            return line;
+        }
+        if (line.size() < longest) {
+            line += character;
+        }
+    }
+}
+
+}  // namespace
+
+bool canAsk() {
+    return ::isatty(STDIN_FILENO) == 1 && ::isatty(STDERR_FILENO) == 1;
+}
+
+bool isAgreedTo(std::string_view question) {
+    Output output(STDERR_FILENO);
+    output.append(question);
+    if (!output.flush()) {
+        return false;
+    }
+    const std::string answer = readLine();
+    return answer == "y" || answer == "Y" || answer == "yes" || answer == "Yes" || answer == "YES";
+}
+
+}  // namespace tarvin

@@ -1,0 +1,55 @@
+#include "cli/totals_command.h"
+
+#include "cli/messages.h"
+#include "cli/output.h"
+#include "scan/clean_texts.h"
+#include "store/data_file.h"
+
+#include <CLI/CLI.hpp>
+#include <unistd.h>
+
+#include <optional>
+#include <string>
+
+namespace tarvin {
+
+namespace {
+
+constexpr const char* examples =
+    "Exit status:\n"
+    "  0    done\n"
+    "  1    the totals could not be read\n"
+    "  2    the command line is wrong; nothing was done";
+
+}  // namespace
+
+CLI::App& TotalsCommand::addTo(CLI::App& program) {
+    CLI::App* command = program.add_subcommand(
+        "totals", "Tells how many files were moved to the Trash over all runs.");
+    command->footer(examples);
+    return *command;
+}
+
+ExitStatus TotalsCommand::run() {
+    const std::optional<std::string> folder = platform_.applicationSupportFolder();
+    if (!folder) {
+        complain("there is no home folder to keep totals in");
+        return ExitStatus::incomplete;
+    }
+    DataFile data(*folder);
+    const std::optional<StoreError> failure = data.loadDataFile();
+    if (failure) {
+        complainAbout(failure->path, failure->text);
+        return ExitStatus::incomplete;
+    }
+    Output output(STDOUT_FILENO);
+    output.append(cleanedSoFarText(data.alreadyDeletedCount(), data.alreadyDeletedSize()));
+    output.append("\n");
+    if (!output.flush()) {
+        complain("standard output: " + output.error()->text());
+        return ExitStatus::incomplete;
+    }
+    return ExitStatus::done;
+}
+
+}  // namespace tarvin

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "cli/command.h"
+#include "platform/platform.h"
+
+namespace tarvin {
+
+/// "tarvin totals": tells how much was ever moved to the Trash.
+class TotalsCommand final : public Command {
+ public:
+    explicit TotalsCommand(Platform& platform) : platform_(platform) {}
+
+    CLI::App& addTo(CLI::App& program) override;
+    ExitStatus run() override;
+
+ private:
+    Platform& platform_;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,487 @@
+#include "cli/program_run.h"
+#include "cli/pseudo_terminal.h"
+#include "cli/result_json.h"
+#include "store/exception_file.h"
+#include "store/property_list.h"
+#include "support/temporary_folder.h"
+#include "support/waiting.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <random>
+#include <set>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+constexpr const char* ownFolder = "data/Tarvin Software/Tarvin Duplicate File Remover/";
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
+}
+
+/// Photos and a home of the test's own, with its Trash.
+class Clean : public testing::Test {
+ protected:
+    ProgramSetting setting() const {
+        return {.environment = {{"XDG_DATA_HOME", folder_.pathOf("data")}}};
+    }
+
+    ProgramResult tarvin(const ProgramRun::Words& arguments) const {
+        return runTarvin(arguments, setting());
+    }
+
+    [[nodiscard]] std::string photos() const { return folder_.pathOf("photos"); }
+
+    [[nodiscard]] bool isThere(const std::string& name) const {
+        return std::filesystem::exists(folder_.pathOf("photos/" + name));
+    }
+
+    /// Names in the Trash.
+    [[nodiscard]] std::set<std::string> trashed() const {
+        std::set<std::string> names;
+        std::error_code missing;
+        for (const auto& entry :
+             std::filesystem::directory_iterator(folder_.pathOf("data/Trash/files"), missing)) {
+            names.insert(entry.path().filename());
+        }
+        return names;
+    }
+
+    /// Three equal files and two, and one that is alone.
+    void writePhotos() const {
+        for (const char* name : {"photos/a.jpg", "photos/b/b.jpg", "photos/c.jpg"}) {
+            folder_.writeFile(name, "three equal photos");
+        }
+        for (const char* name : {"photos/d.txt", "photos/e.txt"}) {
+            folder_.writeFile(name, "two papers");
+        }
+        folder_.writeFile("photos/f.txt", "alone");
+    }
+
+    /// How many of the files of a set are where they were.
+    [[nodiscard]] int left(const std::vector<std::string>& names) const {
+        int count = 0;
+        for (const std::string& name : names) {
+            count += isThere(name) ? 1 : 0;
+        }
+        return count;
+    }
+
+    [[nodiscard]] int leftOfThree() const { return left({"a.jpg", "b/b.jpg", "c.jpg"}); }
+    [[nodiscard]] int leftOfTwo() const { return left({"d.txt", "e.txt"}); }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(Clean, MovesAllButOneOfEachSetToTheTrash) {
+    writePhotos();
+    const ProgramResult result = tarvin({"clean", "--yes", photos()});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(leftOfThree(), 1);
+    EXPECT_EQ(leftOfTwo(), 1);
+    EXPECT_TRUE(isThere("f.txt"));
+    EXPECT_EQ(trashed().size(), 3U);
+    EXPECT_NE(result.output.find("Moved to the Trash: " + photos()), std::string::npos);
+    EXPECT_TRUE(result.output.ends_with("Duplicates Cleaned: 3\nSpace Regained: 0.05 KB \n"))
+        << result.output;
+}
+
+TEST_F(Clean, LeavesTheFileThatTheScanListsFirst) {
+    writePhotos();
+    const Json scan = parsedJson(tarvin({"scan", "--format", "json", photos()}).output);
+    tarvin({"clean", "--yes", photos()});
+    for (const Json& category : scan["categories"]) {
+        for (const Json& extension : category["extensions"]) {
+            for (const Json& set : extension["sets"]) {
+                EXPECT_TRUE(
+                    std::filesystem::exists(set["files"][0]["filePath"].get<std::string>()));
+                EXPECT_FALSE(
+                    std::filesystem::exists(set["files"][1]["filePath"].get<std::string>()));
+            }
+        }
+    }
+}
+
+TEST_F(Clean, OnADryRunOnlyTells) {
+    writePhotos();
+    const ProgramResult result = tarvin({"clean", "--dry-run", photos()});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(leftOfThree() + leftOfTwo(), 5);
+    EXPECT_TRUE(trashed().empty());
+    EXPECT_FALSE(std::filesystem::exists(folder_.pathOf(ownFolder)));
+    EXPECT_TRUE(
+        result.output.ends_with("Marked Duplicate Files: 3\nMarked File Size: 0.05 KB\n"
+                                "Nothing was moved.\n"))
+        << result.output;
+    EXPECT_NE(result.output.find("Would move to the Trash: " + photos()), std::string::npos);
+}
+
+TEST_F(Clean, WithNobodyToAskRefusesBeforeItLooks) {
+    writePhotos();
+    const ProgramResult result = tarvin({"clean", photos()});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.errors,
+              "tarvin: there is nobody to ask; give --yes, or --dry-run to see what would be "
+              "moved\n");
+    EXPECT_EQ(leftOfThree() + leftOfTwo(), 5);
+}
+
+TEST_F(Clean, TellsTheOutcomeOfEachFileInJson) {
+    writePhotos();
+    const ProgramResult result = tarvin({"clean", "--yes", "--format", "json", photos()});
+    const Json json = parsedJson(result.output);
+    EXPECT_EQ(json["dryRun"], false);
+    EXPECT_EQ(json["stopped"], false);
+    EXPECT_EQ(json["deletedFilesCount"], 3);
+    EXPECT_EQ(json["deletedFilesSize"], 46);
+    ASSERT_EQ(json["files"].size(), 3U);
+    for (const Json& file : json["files"]) {
+        EXPECT_EQ(file["outcome"], "moved");
+        EXPECT_FALSE(std::filesystem::exists(file["filePath"].get<std::string>()));
+    }
+}
+
+TEST_F(Clean, TellsThePlanInJsonAndCsv) {
+    writePhotos();
+    const Json json =
+        parsedJson(tarvin({"clean", "--dry-run", "--format", "json", photos()}).output);
+    EXPECT_EQ(json["dryRun"], true);
+    EXPECT_EQ(json["files"].size(), 3U);
+    EXPECT_EQ(json["files"][0]["outcome"], "planned");
+    const std::string csv = tarvin({"clean", "--dry-run", "--format", "csv", photos()}).output;
+    EXPECT_TRUE(csv.starts_with("outcome,size,path,path_bytes\r\nplanned,")) << csv;
+    EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), 4);
+}
+
+TEST_F(Clean, NamesOfAnyBytesGoToTheTrash) {
+    folder_.writeFile("photos/\xFF one.jpg", "same");
+    folder_.writeFile("photos/two\nlines.jpg", "same");
+    const ProgramResult result = tarvin({"clean", "--yes", "--format", "json", photos()});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(parsedJson(result.output)["files"].size(), 1U);
+    EXPECT_EQ(left({"\xFF one.jpg", "two\nlines.jpg"}), 1);
+}
+
+TEST_F(Clean, WithoutDuplicatesMovesNothing) {
+    folder_.writeFile("photos/a.jpg", "one");
+    const ProgramResult result = tarvin({"clean", "--yes", photos()});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output, "Duplicates Cleaned: 0\nSpace Regained: 0.00 KB \n");
+}
+
+TEST_F(Clean, CountsInTheTotals) {
+    writePhotos();
+    EXPECT_EQ(tarvin({"totals"}).output, "Files cleaned so far: 0 (0.00 KB)\n");
+    tarvin({"clean", "--yes", photos()});
+    EXPECT_EQ(tarvin({"totals"}).output, "Files cleaned so far: 3 (0.05 KB)\n");
+    writePhotos();
+    tarvin({"clean", "--yes", photos()});
+    EXPECT_EQ(tarvin({"totals"}).output, "Files cleaned so far: 6 (0.09 KB)\n");
+}
+
+TEST_F(Clean, LeavesExceptedFilesAlone) {
+    writePhotos();
+    const ProgramResult added = tarvin(
+        {"exceptions", "add", folder_.pathOf("photos/d.txt"), folder_.pathOf("photos/a.jpg")});
+    EXPECT_EQ(added.status, 0);
+    EXPECT_EQ(added.output, "Successfully added 2 files to exceptions.\n");
+    tarvin({"clean", "--yes", photos()});
+    EXPECT_TRUE(isThere("a.jpg"));
+    EXPECT_TRUE(isThere("d.txt"));
+    EXPECT_EQ(leftOfTwo(), 2);
+    EXPECT_EQ(leftOfThree(), 2);
+}
+
+TEST_F(Clean, RefusesWhenTheExceptionsCannotBeRead) {
+    writePhotos();
+    folder_.writeFile(std::string(ownFolder) + "exception.plist", "damaged");
+    const ProgramResult result = tarvin({"clean", "--yes", photos()});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_NE(result.errors.find("exception.plist"), std::string::npos);
+    EXPECT_EQ(leftOfThree() + leftOfTwo(), 5);
+}
+
+TEST_F(Clean, TellsOfEachFileThatTheTrashDoesNotTake) {
+    writePhotos();
+    folder_.writeFile("data/Trash", "no folder");
+    const ProgramResult result = tarvin({"clean", "--yes", photos()});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(leftOfThree() + leftOfTwo(), 5);
+    EXPECT_NE(result.errors.find("not moved: the Trash did not take it"), std::string::npos);
+    EXPECT_EQ(result.output, "Duplicates Cleaned: 0\nSpace Regained: 0.00 KB \n");
+}
+
+TEST_F(Clean, CleansWhatCanBeReadAndTellsOfTheRest) {
+    writePhotos();
+    const ProgramResult result = tarvin({"clean", "--yes", folder_.pathOf("missing"), photos()});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.errors.find("missing: No such file or directory"), std::string::npos);
+    EXPECT_EQ(leftOfThree() + leftOfTwo(), 2);
+}
+
+/// With a person at a terminal.
+class CleanAsking : public Clean {
+ protected:
+    ProgramResult answer(const std::string& text) {
+        PseudoTerminal terminal;
+        ProgramSetting asking = setting();
+        asking.input = terminal.programsEnd();
+        asking.errors = terminal.programsEnd();
+        ProgramRun run({"clean", "--progress", "never", photos()}, asking);
+        terminal.type(text);
+        ProgramResult result = run.wait();
+        terminal.closeProgramsEnd();
+        asked_ = terminal.readAll();
+        return result;
+    }
+
+    std::string asked_;
+};
+
+TEST_F(CleanAsking, YesMoves) {
+    writePhotos();
+    EXPECT_EQ(answer("y\n").status, 0);
+    EXPECT_NE(asked_.find("Move 3 duplicate files (0.05 KB) to the Trash? [y/N] "),
+              std::string::npos)
+        << asked_;
+    EXPECT_EQ(trashed().size(), 3U);
+}
+
+TEST_F(CleanAsking, NoOrAnythingElseDoesNot) {
+    writePhotos();
+    for (const char* text : {"n\n", "\n", "yesterday\n", "\x04"}) {
+        EXPECT_EQ(answer(text).status, 0);
+        EXPECT_EQ(leftOfThree() + leftOfTwo(), 5) << text;
+    }
+}
+
+TEST_F(CleanAsking, WithoutDuplicatesNobodyIsAsked) {
+    folder_.writeFile("photos/a.jpg", "one");
+    EXPECT_EQ(answer("").status, 0);
+    EXPECT_EQ(asked_, "");
+}
+
+TEST_F(CleanAsking, CtrlCAtTheQuestionEndsIt) {
+    writePhotos();
+    PseudoTerminal terminal;
+    ProgramSetting asking = setting();
+    asking.input = terminal.programsEnd();
+    asking.errors = terminal.programsEnd();
+    ProgramRun run({"clean", "--progress", "never", photos()}, asking);
+    terminal.readUntil("[y/N] ");
+    run.send(SIGINT);
+    EXPECT_EQ(run.wait().status, 130);
+    EXPECT_EQ(leftOfThree() + leftOfTwo(), 5);
+}
+
+TEST_F(Clean, CtrlCStopsBetweenTwoFilesAndWhatWasMovedIsCounted) {
+    for (int number = 0; number < 3000; ++number) {
+        folder_.writeFile("photos/" + std::to_string(number) + ".jpg", "same");
+    }
+    ProgramRun run({"clean", "--yes", "--format", "json", photos()}, setting());
+    EXPECT_TRUE(waitUntil([this] { return !trashed().empty(); }));
+    run.send(SIGINT);
+    const ProgramResult result = run.wait();
+    EXPECT_EQ(result.status, 130);
+    const Json json = parsedJson(result.output);
+    EXPECT_EQ(json["stopped"], true);
+    const auto moved = json["deletedFilesCount"].get<std::size_t>();
+    EXPECT_LT(moved, 2999U);
+    EXPECT_EQ(trashed().size(), moved);
+    EXPECT_NE(tarvin({"totals"}).output.find(": " + std::to_string(moved) + " ("),
+              std::string::npos);
+}
+
+class ExceptionsCommandTest : public Clean {};
+
+TEST_F(ExceptionsCommandTest, ListsWhatWasAdded) {
+    writePhotos();
+    EXPECT_EQ(tarvin({"exceptions", "list"}).output, "");
+    tarvin({"exceptions", "add", folder_.pathOf("photos/a.jpg")});
+    tarvin({"exceptions", "add", folder_.pathOf("photos/d.txt"), folder_.pathOf("photos/a.jpg")});
+    EXPECT_EQ(tarvin({"exceptions", "list"}).output,
+              folder_.pathOf("photos/a.jpg") + "\n" + folder_.pathOf("photos/d.txt") + "\n");
+}
+
+TEST_F(ExceptionsCommandTest, TheNextScanSkipsWhatWasAdded) {
+    writePhotos();
+    tarvin({"exceptions", "add", folder_.pathOf("photos/d.txt")});
+    const Json json = parsedJson(tarvin({"scan", "--format", "json", photos()}).output);
+    EXPECT_EQ(setsIn(json, photos() + "/"), (Sets{{"a.jpg", "b/b.jpg", "c.jpg"}}));
+}
+
+TEST_F(ExceptionsCommandTest, AddsRelativePathsAsAbsoluteOnes) {
+    writePhotos();
+    ProgramSetting inside = setting();
+    inside.folder = photos();
+    EXPECT_EQ(runTarvin({"exceptions", "add", "./b/../a.jpg"}, inside).status, 0);
+    EXPECT_EQ(tarvin({"exceptions", "list"}).output, photos() + "/a.jpg\n");
+}
+
+TEST_F(ExceptionsCommandTest, TellsOfFilesThatAreNotThereAndAddsTheOthers) {
+    writePhotos();
+    const ProgramResult result = tarvin({"exceptions", "add", folder_.pathOf("photos/a.jpg"),
+                                         folder_.pathOf("photos/missing.jpg")});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.errors,
+              "tarvin: " + folder_.pathOf("photos/missing.jpg") + ": No such file or directory\n");
+    EXPECT_EQ(tarvin({"exceptions", "list"}).output, photos() + "/a.jpg\n");
+}
+
+TEST_F(ExceptionsCommandTest, ClearEmptiesTheList) {
+    writePhotos();
+    tarvin({"exceptions", "add", folder_.pathOf("photos/a.jpg")});
+    EXPECT_EQ(tarvin({"exceptions", "clear"}).output, "All exceptions has been removed.\n");
+    EXPECT_EQ(tarvin({"exceptions", "list"}).output, "");
+}
+
+TEST_F(ExceptionsCommandTest, ADamagedListIsToldAndPutAside) {
+    folder_.writeFile(std::string(ownFolder) + "exception.plist", "damaged");
+    const ProgramResult listing = tarvin({"exceptions", "list"});
+    EXPECT_EQ(listing.status, 1);
+    EXPECT_NE(listing.errors.find("not a property list"), std::string::npos);
+    writePhotos();
+    EXPECT_EQ(tarvin({"exceptions", "add", photos() + "/a.jpg"}).status, 0);
+    EXPECT_EQ(contentOf(folder_.pathOf(std::string(ownFolder) + "exception.plist.unreadable")),
+              "damaged");
+}
+
+/// Two hundred times a clean-up is killed at some moment.
+class Kill : public Clean {
+ protected:
+    static constexpr int rounds = 200;
+
+    /// How long the program takes for something, with some to spare.
+    std::chrono::microseconds durationOf(const ProgramRun::Words& arguments) const {
+        const auto begin = std::chrono::steady_clock::now();
+        tarvin(arguments);
+        return std::chrono::duration_cast<std::chrono::microseconds>(
+            (std::chrono::steady_clock::now() - begin) * 5 / 4);
+    }
+
+    static void killAtSomeMoment(const ProgramRun& run, std::chrono::microseconds longest,
+                                 std::mt19937& random) {
+        std::uniform_int_distribution<std::int64_t> anyTime(0, longest.count());
+        const auto moment =
+            std::chrono::steady_clock::now() + std::chrono::microseconds(anyTime(random));
+        while (std::chrono::steady_clock::now() < moment) {
+            std::this_thread::yield();
+        }
+        run.send(SIGKILL);
+    }
+
+    /// Eight sets of three files; what is in each by its path.
+    [[nodiscard]] std::map<std::string, std::string> writeSets() const {
+        std::map<std::string, std::string> files;
+        for (int number = 0; number < 24; ++number) {
+            const std::string content = "set " + std::to_string(number / 3);
+            const std::string name = "photos/" + std::to_string(number) + ".jpg";
+            files.emplace(folder_.writeFile(name, content), content);
+        }
+        return files;
+    }
+
+    void expectWholeLists() const {
+        for (const char* name : {"data.plist", "exception.plist"}) {
+            const std::string path = folder_.pathOf(std::string(ownFolder) + name);
+            if (std::filesystem::exists(path)) {
+                EXPECT_TRUE(PropertyList::parse(contentOf(path))) << name;
+            }
+        }
+    }
+
+    /// Each file is where it was, or in the Trash with word of where it was.
+    void expectNothingLost(const std::map<std::string, std::string>& files) const {
+        std::set<std::string> inTrash;
+        for (const std::string& name : trashed()) {
+            const std::string info = folder_.pathOf("data/Trash/info/" + name + ".trashinfo");
+            EXPECT_TRUE(std::filesystem::exists(info)) << name;
+            inTrash.insert(contentOf(folder_.pathOf("data/Trash/files/" + name)) + "@" +
+                           contentOf(info).substr(0, contentOf(info).find("\nDeletionDate")));
+        }
+        for (const auto& [path, content] : files) {
+            if (!std::filesystem::exists(path)) {
+                EXPECT_TRUE(inTrash.contains(content + "@[Trash Info]\nPath=" + path)) << path;
+            }
+        }
+    }
+};
+
+TEST_F(Kill, AtAnyMomentLosesNothing) {
+    const unsigned seed = std::random_device()();
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937 random(seed);
+    static_cast<void>(writeSets());
+    const auto longest = durationOf({"clean", "--yes", photos()});
+    int killed = 0;
+    int movedSome = 0;
+    for (int round = 0; round < rounds; ++round) {
+        std::filesystem::remove_all(photos());
+        std::filesystem::remove_all(folder_.pathOf("data/Trash"));
+        const std::map<std::string, std::string> files = writeSets();
+        ProgramRun run({"clean", "--yes", photos()}, setting());
+        const auto moment =
+            std::chrono::steady_clock::now() + std::chrono::microseconds(random() % 30'000);
+        while (std::chrono::steady_clock::now() < moment) {
+            std::this_thread::yield();
+        }
+        run.send(SIGKILL);
+        killed += run.wait().status == 128 + SIGKILL ? 1 : 0;
+        movedSome += trashed().empty() ? 0 : 1;
+        expectWholeLists();
+        expectNothingLost(files);
+        for (int set = 0; set < 8; ++set) {
+            EXPECT_GE(left({std::to_string(set * 3) + ".jpg", std::to_string(set * 3 + 1) + ".jpg",
+                            std::to_string(set * 3 + 2) + ".jpg"}),
+                      1);
+        }
+    }
+    std::cout << rounds << " rounds, " << killed << " killed before their end, " << movedSome
+              << " had moved files\n";
+    EXPECT_GT(killed, 0);
+    EXPECT_GT(movedSome, 0);
+}
+
+TEST_F(Kill, WhileExceptionsAreAddedLeavesAWholeList) {
+    const unsigned seed = std::random_device()();
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937 random(seed);
+    writePhotos();
+    const auto longest = durationOf({"exceptions", "add", folder_.pathOf("photos/a.jpg")});
+    std::size_t most = 0;
+    for (int round = 0; round < rounds; ++round) {
+        const std::string path = folder_.writeFile("photos/" + std::to_string(round) + ".jpg", "x");
+        ProgramRun run({"exceptions", "add", path}, setting());
+        killAtSomeMoment(run, longest, random);
+        run.wait();
+        expectWholeLists();
+        const std::size_t now =
+            readExceptionFile(folder_.pathOf(std::string(ownFolder) + "exception.plist"))
+                .paths.size();
+        EXPECT_GE(now, most);
+        most = std::max(most, now);
+    }
+    std::cout << rounds << " rounds left " << most << " paths\n";
+    EXPECT_GT(most, 0U);
+}
+
+}  // namespace
+}  // namespace tarvin
