@@ -62,6 +62,7 @@ void DeletionWalk::walk() {
 
 /// False after a stop.
 bool DeletionWalk::walkSetsOf(const std::shared_ptr<Extensions>& extension) {
+    // NOLINTNEXTLINE(readability-use-anyofallof): it moves files; no question is asked of the sets
     for (const std::shared_ptr<Set>& set : extension->sets()) {
         if (control_.stopDeletion()) {
             return false;

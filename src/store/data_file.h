@@ -38,8 +38,9 @@ class DataFile final {
     [[nodiscard]] const std::string& dataPath() const { return dataPath_; }
 
  private:
-    std::optional<StoreError> store(std::uint64_t count, std::uint64_t size, std::int64_t oldCount,
-                                    std::uint64_t oldSize) const;
+    [[nodiscard]] std::optional<StoreError> store(std::uint64_t count, std::uint64_t size,
+                                                  std::int64_t oldCount,
+                                                  std::uint64_t oldSize) const;
 
     const std::string folder_;
     const std::string dataPath_;

@@ -48,7 +48,7 @@ class ExceptionFile final {
  private:
     enum class Keep : std::uint8_t { whatIsStored, nothing };
 
-    std::optional<StoreError> store(Keep keep) const;
+    [[nodiscard]] std::optional<StoreError> store(Keep keep) const;
 
     const std::string folder_;
     const std::string path_;
