@@ -101,7 +101,7 @@ std::optional<StoreError> DataFile::store(std::uint64_t count, std::uint64_t siz
     auto read = readData(dataPath_);
     Totals old{oldCount, oldSize};
     if (const auto* error = std::get_if<StoreError>(&read)) {
-        if (const auto failure = putUnusableAside(*error)) {
+        if (auto failure = putUnusableAside(*error)) {
             return failure;
         }
         read = error->missing ? defaultList() : PropertyList::dictionary();
