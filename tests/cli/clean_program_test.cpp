@@ -448,12 +448,7 @@ TEST_F(Kill, AtAnyMomentLosesNothing) {
         std::filesystem::remove_all(folder_.pathOf("data/Trash"));
         const std::map<std::string, std::string> files = writeSets();
         ProgramRun run({"clean", "--yes", photos()}, setting());
-        const auto moment =
-            std::chrono::steady_clock::now() + std::chrono::microseconds(random() % 30'000);
-        while (std::chrono::steady_clock::now() < moment) {
-            std::this_thread::yield();
-        }
-        run.send(SIGKILL);
+        killAtSomeMoment(run, longest, random);
         const bool wasKilled = run.wait().status == 128 + SIGKILL;
         killed += wasKilled ? 1 : 0;
         movedSome += trashed().empty() ? 0 : 1;
