@@ -68,8 +68,7 @@ TEST_F(Exceptions, ADamagedListOfOnesOwnIsToldAndTheScanGoesOn) {
     const std::string path = folder_.writeFile(ownList, "damaged");
     const ProgramResult result = scan({});
     EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.errors,
-              "tarvin: " + path + ": not a property list; no file is left out\n");
+    EXPECT_EQ(result.errors, "tarvin: " + path + ": not a property list; no file is left out\n");
     EXPECT_EQ(setsOf(result), (Sets{{"a.jpg", "b.jpg", "c.jpg"}}));
 }
 

@@ -53,8 +53,7 @@ TEST(Usage, AScanNeedsAFolder) {
 }
 
 TEST(Usage, ACleanUpNeedsAFolder) {
-    expectRefusal(
-        {{"clean", "--yes"}, "tarvin: FOLDER is required\nTry 'tarvin clean --help'.\n"});
+    expectRefusal({{"clean", "--yes"}, "tarvin: FOLDER is required\nTry 'tarvin clean --help'.\n"});
 }
 
 TEST(Usage, ExceptionsNeedToKnowWhatToDo) {
@@ -62,8 +61,8 @@ TEST(Usage, ExceptionsNeedToKnowWhatToDo) {
                    "tarvin: list, add or clear is missing\nTry 'tarvin exceptions --help'.\n"});
     expectRefusal({{"exceptions", "forget"},
                    "tarvin: forget is not expected here\nTry 'tarvin exceptions --help'.\n"});
-    expectRefusal({{"exceptions", "add"},
-                   "tarvin: FILE is required\nTry 'tarvin exceptions --help'.\n"});
+    expectRefusal(
+        {{"exceptions", "add"}, "tarvin: FILE is required\nTry 'tarvin exceptions --help'.\n"});
 }
 
 TEST(Usage, TotalsTakeNothing) {
