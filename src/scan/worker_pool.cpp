@@ -1,7 +1,5 @@
 #include "scan/worker_pool.h"
 
-#include "platform/thread_usage.h"
-
 #include <algorithm>
 #include <atomic>
 #include <utility>
@@ -48,8 +46,9 @@ class WorkerPool::Fork final {
     std::atomic<std::size_t> done_{0};
 };
 
-WorkerPool::WorkerPool(Limits limits)
+WorkerPool::WorkerPool(Limits limits, DeviceReads deviceReads)
     : limits_{std::max(1U, limits.cores), std::max({1U, limits.cores, limits.width})},
+      deviceReads_(deviceReads),
       atOnce_(limits_.cores) {}
 
 WorkerPool::Limits WorkerPool::limitsOfThisMachine() {
@@ -136,10 +135,10 @@ void WorkerPool::work() {
         }
         ++running_;
         lock.unlock();
-        const std::uint64_t before = deviceReadsOfThisThread();
+        const std::uint64_t before = deviceReads_();
         task();
         task = nullptr;
-        const bool fetched = deviceReadsOfThisThread() != before;
+        const bool fetched = deviceReads_() != before;
         lock.lock();
         --running_;
         adjust(fetched);

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "platform/thread_usage.h"
+
 #include <condition_variable>
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -30,7 +33,10 @@ class WorkerPool final {
         unsigned width = 1;
     };
 
-    explicit WorkerPool(Limits limits);
+    /// How much the calling thread has fetched from devices so far.
+    using DeviceReads = std::uint64_t (*)();
+
+    explicit WorkerPool(Limits limits, DeviceReads deviceReads = deviceReadsOfThisThread);
     /// The machine's cores, and enough threads to keep a fast device busy.
     static Limits limitsOfThisMachine();
 
@@ -61,6 +67,7 @@ class WorkerPool final {
     [[nodiscard]] bool mayStart() const { return !queue_.empty() && running_ < atOnce_; }
 
     const Limits limits_;
+    const DeviceReads deviceReads_;
     std::mutex mutex_;
     std::condition_variable wake_;
     std::deque<Task> queue_;            // guarded by mutex_
