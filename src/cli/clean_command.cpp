@@ -3,6 +3,7 @@
 #include "cli/interrupt.h"
 #include "cli/messages.h"
 #include "cli/question.h"
+#include "cli/scan_setup.h"
 #include "cli/shown_name.h"
 #include "scan/checked_trash.h"
 #include "scan/clean_texts.h"
@@ -62,17 +63,9 @@ ExitStatus CleanCommand::run() {
         complain("there is nobody to ask; give --yes, or --dry-run to see what would be moved");
         return ExitStatus::wrongUsage;
     }
-    std::optional<ExceptionFilter> exceptions =
-        exceptionFilterOf(options_, platform_, UnusableExceptions::areARefusal);
-    if (!exceptions) {
-        return ExitStatus::wrongUsage;
-    }
-    const Result<std::unique_ptr<OutputFile>> output = OutputFile::open(options_.output);
-    if (!output) {
-        complain(shownOutput(options_) + ": " + output.error().text());
-        return ExitStatus::wrongUsage;
-    }
-    return clean(**output, std::move(*exceptions));
+    std::optional<ScanSetup> setup =
+        setUpScan(options_, platform_, UnusableExceptions::areARefusal);
+    return setup ? clean(*setup->output, std::move(setup->exceptions)) : ExitStatus::wrongUsage;
 }
 
 ExitStatus CleanCommand::clean(OutputFile& output, ExceptionFilter exceptions) {
@@ -82,14 +75,17 @@ ExitStatus CleanCommand::clean(OutputFile& output, ExceptionFilter exceptions) {
     scan.start(std::move(exceptions));
     interrupt.watch([&] { stopOnFirstSignal(scan, output); }, [&] { endOnSecondSignal(output); });
     scan.wait();
-    if (scan.report().stopped) {
-        complain("stopped; nothing was moved");
-        return ExitStatus::stopped;
-    }
     Modal& modal = *scan.modal();
     modal.markAllExtension();
     const bool asks = !dryRun_ && !yes_ && modal.totalFilesSelected() > 0;
-    if (asks && !isAgreedTo(modal)) {
+    // Before the look at the flag: a signal that comes earlier is seen here, a later one ends the
+    // program.
+    stage_ = asks ? Stage::asking : Stage::scanning;
+    if (scan.report().stopped || control_.stopDeletion()) {
+        complain("stopped; nothing was moved");
+        return ExitStatus::stopped;
+    }
+    if (asks && !isAgreedTo(questionFor(modal))) {
         return scan.hasReadAll() ? ExitStatus::done : ExitStatus::incomplete;
     }
     stage_ = Stage::moving;
@@ -115,11 +111,6 @@ void CleanCommand::endOnSecondSignal(const OutputFile& output) const {
     }
 }
 
-bool CleanCommand::isAgreedTo(const Modal& modal) {
-    stage_ = Stage::asking;
-    return tarvin::isAgreedTo(questionFor(modal));
-}
-
 ExitStatus CleanCommand::plan(const Modal& modal, OutputFile& output) const {
     const std::unique_ptr<CleanWriter> writer =
         makeCleanWriter(options_.format, true, output.output());
@@ -134,7 +125,7 @@ ExitStatus CleanCommand::plan(const Modal& modal, OutputFile& output) const {
         }
     }
     writer->end({modal.totalFilesSelected(), modal.totalFilesSelectedSize(), false});
-    return commit(output) ? ExitStatus::done : ExitStatus::incomplete;
+    return commitOutput(options_, output) ? ExitStatus::done : ExitStatus::incomplete;
 }
 
 ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
@@ -159,7 +150,7 @@ ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
     const bool stopped = control_.stopDeletion();
     writer->end({moved.deletedFilesCount, moved.deletedFilesSize, stopped});
     const bool stored = storeTotals(moved);
-    const bool written = commit(output);
+    const bool written = commitOutput(options_, output);
     if (stopped) {
         return ExitStatus::stopped;
     }
@@ -176,19 +167,11 @@ bool CleanCommand::storeTotals(const RemovalResult& moved) const {
         return false;
     }
     DataFile data(*folder);
-    std::optional<StoreError> failure = data.loadDataFile();
-    // A file of no use is put aside by the writing.
-    failure = data.addDeleted(moved.deletedFilesCount, moved.deletedFilesSize);
+    // Reads what is stored first, and puts a file of no use aside.
+    const std::optional<StoreError> failure =
+        data.addDeleted(moved.deletedFilesCount, moved.deletedFilesSize);
     if (failure) {
         complainAbout(failure->path, failure->text);
-    }
-    return !failure;
-}
-
-bool CleanCommand::commit(OutputFile& output) const {
-    const std::optional<SystemError> failure = output.commit();
-    if (failure) {
-        complain(shownOutput(options_) + ": " + failure->text());
     }
     return !failure;
 }

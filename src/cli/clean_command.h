@@ -30,11 +30,9 @@ class CleanCommand final : public Command {
     ExitStatus clean(OutputFile& output, ExceptionFilter exceptions);
     void stopOnFirstSignal(FolderScan& scan, const OutputFile& output);
     void endOnSecondSignal(const OutputFile& output) const;
-    [[nodiscard]] bool isAgreedTo(const Modal& modal);
     ExitStatus plan(const Modal& modal, OutputFile& output) const;
     ExitStatus move(Modal& modal, OutputFile& output);
     [[nodiscard]] bool storeTotals(const RemovalResult& moved) const;
-    [[nodiscard]] bool commit(OutputFile& output) const;
 
     Platform& platform_;
     ScanOptions options_;

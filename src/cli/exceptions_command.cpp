@@ -2,12 +2,11 @@
 
 #include "cli/file_paths.h"
 #include "cli/messages.h"
-#include "cli/output.h"
+#include "cli/print.h"
 #include "cli/shown_name.h"
 #include "scan/clean_texts.h"
 
 #include <CLI/CLI.hpp>
-#include <unistd.h>
 
 #include <cerrno>
 #include <optional>
@@ -28,16 +27,6 @@ constexpr const char* examples =
     "  0    done\n"
     "  1    a file is not there, or the list could not be read or written\n"
     "  2    the command line is wrong; nothing was done";
-
-ExitStatus print(std::string_view text) {
-    Output output(STDOUT_FILENO);
-    output.append(text);
-    if (!output.flush()) {
-        complain("standard output: " + output.error()->text());
-        return ExitStatus::incomplete;
-    }
-    return ExitStatus::done;
-}
 
 ExitStatus failed(const StoreError& error) {
     complainAbout(error.path, error.text);

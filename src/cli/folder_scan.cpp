@@ -60,19 +60,4 @@ Progress FolderScan::progress() const {
     return progress;
 }
 
-std::optional<ExceptionFilter> exceptionFilterOf(const ScanOptions& options, Platform& platform,
-                                                 UnusableExceptions unusable) {
-    const ExceptionList list = exceptionsOf(options, platform);
-    if (list.error) {
-        const bool isRefusal =
-            options.exceptionsFile.has_value() || unusable == UnusableExceptions::areARefusal;
-        complainAbout(list.error->path,
-                      list.error->text + (isRefusal ? "" : "; no file is left out"));
-        if (isRefusal) {
-            return std::nullopt;
-        }
-    }
-    return ExceptionFilter(list.paths);
-}
-
 }  // namespace tarvin

@@ -8,8 +8,7 @@
 #include "scan/exception_filter.h"
 #include "scan/scan_run.h"
 
-#include <cstdint>
-#include <optional>
+#include <memory>
 
 namespace tarvin {
 
@@ -42,16 +41,5 @@ class FolderScan final {
     ProgressMailbox mailbox_;
     ScanRun run_;
 };
-
-/// What to do about a list of one's own that cannot be used.
-enum class UnusableExceptions : std::uint8_t {
-    areIgnored,  ///< where nothing is removed
-    areARefusal
-};
-
-/// The files that the options, or the person's own list, leave out. None, and a complaint, if a
-/// list that has to be usable is not.
-std::optional<ExceptionFilter> exceptionFilterOf(const ScanOptions& options, Platform& platform,
-                                                 UnusableExceptions unusable);
 
 }  // namespace tarvin

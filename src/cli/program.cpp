@@ -6,14 +6,13 @@
 #include "cli/exceptions_command.h"
 #include "cli/help_formatter.h"
 #include "cli/messages.h"
-#include "cli/output.h"
+#include "cli/print.h"
 #include "cli/scan_command.h"
 #include "cli/shown_name.h"
 #include "cli/terminal.h"
 #include "cli/totals_command.h"
 
 #include <CLI/CLI.hpp>
-#include <unistd.h>
 
 #include <algorithm>
 #include <csignal>
@@ -54,17 +53,6 @@ std::vector<Entry> addCommands(CLI::App& program, Platform& platform) {
         entry.parser->group("Commands");
     }
     return entries;
-}
-
-/// Prints what was asked for instead of a command: help or the version.
-ExitStatus print(const std::string& text) {
-    Output output(STDOUT_FILENO);
-    output.append(text);
-    if (!output.flush()) {
-        complain("standard output: " + output.error()->text());
-        return ExitStatus::incomplete;
-    }
-    return ExitStatus::done;
 }
 
 ExitStatus refuse(const std::string& reason, const std::string& helpCommand) {

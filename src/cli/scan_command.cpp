@@ -4,6 +4,7 @@
 #include "cli/interrupt.h"
 #include "cli/messages.h"
 #include "cli/result_writer.h"
+#include "cli/scan_setup.h"
 
 #include <CLI/CLI.hpp>
 
@@ -43,17 +44,8 @@ CLI::App& ScanCommand::addTo(CLI::App& program) {
 }
 
 ExitStatus ScanCommand::run() {
-    std::optional<ExceptionFilter> exceptions =
-        exceptionFilterOf(options_, platform_, UnusableExceptions::areIgnored);
-    if (!exceptions) {
-        return ExitStatus::wrongUsage;
-    }
-    const Result<std::unique_ptr<OutputFile>> output = OutputFile::open(options_.output);
-    if (!output) {
-        complain(shownOutput(options_) + ": " + output.error().text());
-        return ExitStatus::wrongUsage;
-    }
-    return scanInto(**output, std::move(*exceptions));
+    std::optional<ScanSetup> setup = setUpScan(options_, platform_, UnusableExceptions::areIgnored);
+    return setup ? scanInto(*setup->output, std::move(setup->exceptions)) : ExitStatus::wrongUsage;
 }
 
 ExitStatus ScanCommand::scanInto(OutputFile& output, ExceptionFilter exceptions) {
@@ -80,11 +72,7 @@ ExitStatus ScanCommand::scanInto(OutputFile& output, ExceptionFilter exceptions)
 
 bool ScanCommand::write(const ScanReport& report, OutputFile& output) const {
     makeWriter(options_.format)->write(report, output.output());
-    const std::optional<SystemError> failure = output.commit();
-    if (failure) {
-        complain(shownOutput(options_) + ": " + failure->text());
-    }
-    return !failure;
+    return commitOutput(options_, output);
 }
 
 }  // namespace tarvin

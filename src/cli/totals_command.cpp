@@ -1,12 +1,11 @@
 #include "cli/totals_command.h"
 
 #include "cli/messages.h"
-#include "cli/output.h"
+#include "cli/print.h"
 #include "scan/clean_texts.h"
 #include "store/data_file.h"
 
 #include <CLI/CLI.hpp>
-#include <unistd.h>
 
 #include <optional>
 #include <string>
@@ -42,14 +41,7 @@ ExitStatus TotalsCommand::run() {
         complainAbout(failure->path, failure->text);
         return ExitStatus::incomplete;
     }
-    Output output(STDOUT_FILENO);
-    output.append(cleanedSoFarText(data.alreadyDeletedCount(), data.alreadyDeletedSize()));
-    output.append("\n");
-    if (!output.flush()) {
-        complain("standard output: " + output.error()->text());
-        return ExitStatus::incomplete;
-    }
-    return ExitStatus::done;
+    return print(cleanedSoFarText(data.alreadyDeletedCount(), data.alreadyDeletedSize()) + '\n');
 }
 
 }  // namespace tarvin
