@@ -73,8 +73,9 @@ std::optional<SystemError> writeNew(const std::string& path, const std::string& 
         return lastError();
     }
     struct stat old {};
-    if (::stat(like.c_str(), &old) == 0 && ::fchmod(file.number(), old.st_mode & 0777U) != 0) {
-        return lastError();
+    if (::stat(like.c_str(), &old) == 0) {
+        // Not every file system knows permissions; that is no reason to lose what is written.
+        static_cast<void>(::fchmod(file.number(), old.st_mode & 0777U));
     }
     if (!writeAll(file.number(), bytes) || !isSynced(file.number())) {
         return lastError();
@@ -146,6 +147,9 @@ std::optional<SystemError> makeFolders(const std::string& path) {
 }
 
 Result<FolderLock> FolderLock::take(const std::string& folder) {
+    if (const std::optional<SystemError> failure = makeFolders(folder)) {
+        return *failure;
+    }
     const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0) {
         return lastError();

@@ -28,7 +28,7 @@ Result<std::string> putAside(const std::string& path, std::string_view suffix);
 /// Keeps other processes, and other threads, from writing in a folder of ours at the same time.
 class FolderLock final {
  public:
-    /// Waits up to ten seconds for whoever holds it. The folder must exist.
+    /// Waits up to ten seconds for whoever holds it. A folder that is missing is made.
     static Result<FolderLock> take(const std::string& folder);
 
     FolderLock(FolderLock&& other) noexcept;

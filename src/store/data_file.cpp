@@ -65,9 +65,6 @@ DataFile::DataFile(std::string folder)
 std::optional<StoreError> DataFile::loadDataFile() {
     count_ = 0;
     size_ = 0;
-    if (const auto failure = makeFolders(folder_)) {
-        return storeErrorOf(folder_, *failure);
-    }
     const Result<FolderLock> lock = FolderLock::take(folder_);
     if (!lock) {
         return storeErrorOf(folder_, lock.error());
@@ -91,9 +88,6 @@ std::optional<StoreError> DataFile::addDeleted(std::uint64_t count, std::uint64_
 /// The old totals stand in for those of a file that has gone meanwhile.
 std::optional<StoreError> DataFile::store(std::uint64_t count, std::uint64_t size,
                                           std::int64_t oldCount, std::uint64_t oldSize) const {
-    if (const auto failure = makeFolders(folder_)) {
-        return storeErrorOf(folder_, *failure);
-    }
     const Result<FolderLock> lock = FolderLock::take(folder_);
     if (!lock) {
         return storeErrorOf(folder_, lock.error());

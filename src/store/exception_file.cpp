@@ -59,9 +59,6 @@ std::optional<StoreError> ExceptionFile::removeExceptions() {
 }
 
 std::optional<StoreError> ExceptionFile::store(Keep keep) const {
-    if (const auto failure = makeFolders(folder_)) {
-        return storeErrorOf(folder_, *failure);
-    }
     const Result<FolderLock> lock = FolderLock::take(folder_);
     if (!lock) {
         return storeErrorOf(folder_, lock.error());

@@ -35,7 +35,7 @@ class PropertyList final {
     [[nodiscard]] std::optional<std::uint64_t> number(const char* key) const;
     void setNumber(const char* key, std::uint64_t number);
 
-    /// The list as an XML property list.
+    /// The list as an XML property list; empty if there is no memory for it.
     [[nodiscard]] std::string xml() const;
 
  private:

@@ -61,7 +61,11 @@ std::variant<PropertyList, StoreError> readStoredList(const std::string& path) {
 }
 
 std::optional<StoreError> writeStoredList(const std::string& path, const PropertyList& list) {
-    const std::optional<SystemError> failure = replaceFile(path, list.xml());
+    const std::string xml = list.xml();
+    if (xml.empty()) {
+        return storeErrorOf(path, SystemError{ENOMEM});
+    }
+    const std::optional<SystemError> failure = replaceFile(path, xml);
     return failure ? std::optional(storeErrorOf(path, *failure)) : std::nullopt;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/durable_file.h"
 
+#include "support/file_content.h"
 #include "support/mount.h"
 #include "support/temporary_folder.h"
 
@@ -12,7 +13,6 @@
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -20,13 +20,6 @@
 
 namespace tarvin {
 namespace {
-
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
 
 /// What a child process comes to that does `work`: 0 for true.
 template <typename Work>
@@ -167,8 +160,13 @@ TEST_F(DurableFile, OneLockAtATime) {
     EXPECT_EQ(contentOf(counter), "200");
 }
 
-TEST_F(DurableFile, ThereIsNoLockOnAMissingFolder) {
-    EXPECT_FALSE(FolderLock::take(folder_.pathOf("missing")));
+TEST_F(DurableFile, ALockMakesAFolderThatIsMissing) {
+    EXPECT_TRUE(FolderLock::take(folder_.pathOf("missing/inner")));
+    EXPECT_TRUE(std::filesystem::is_directory(folder_.pathOf("missing/inner")));
+}
+
+TEST_F(DurableFile, ThereIsNoLockWhereAFileStands) {
+    EXPECT_FALSE(FolderLock::take(folder_.writeFile("file", "")));
 }
 
 }  // namespace
