@@ -176,7 +176,9 @@ class BinaryCheck final {
             count = *number;
             first += 1 + size;
         }
-        if (count > mostPropertyListValues || visits.size() > mostPropertyListValues) {
+        // What waits to be visited counts already, so that it cannot pile up either.
+        const std::uint64_t met = values_ + visits.size();
+        if (met > mostPropertyListValues || count > (mostPropertyListValues - met) / perEntry) {
             return false;
         }
         for (std::uint64_t entry = 0; entry < count * perEntry; ++entry) {
