@@ -3,6 +3,7 @@
 #include "cli/result_json.h"
 #include "store/exception_file.h"
 #include "store/property_list.h"
+#include "support/file_content.h"
 #include "support/temporary_folder.h"
 #include "support/waiting.h"
 
@@ -14,7 +15,6 @@
 #include <csignal>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <map>
 #include <random>
@@ -28,13 +28,6 @@ namespace tarvin {
 namespace {
 
 constexpr const char* ownFolder = "data/Tarvin Software/Tarvin Duplicate File Remover/";
-
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
 
 /// Photos and a home of the test's own, with its Trash.
 class Clean : public testing::Test {

@@ -1,6 +1,7 @@
 #include "cli/output_file.h"
 
 #include "cli/pipe.h"
+#include "support/file_content.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -9,8 +10,6 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <set>
 #include <string>
@@ -20,11 +19,6 @@ namespace tarvin {
 namespace {
 
 using Names = std::set<std::string>;
-
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 Names namesIn(const TemporaryFolder& folder) {
     Names names;

@@ -1,6 +1,7 @@
 #include "cli/pipe.h"
 #include "cli/program_run.h"
 #include "cli/result_json.h"
+#include "support/file_content.h"
 #include "support/temporary_folder.h"
 
 #include <fcntl.h>
@@ -11,18 +12,11 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <thread>
 
 namespace tarvin {
 namespace {
-
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// Two equal files in the folder "photos".
 class ResultOutput : public testing::Test {

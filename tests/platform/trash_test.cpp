@@ -1,6 +1,7 @@
 #include "platform/trash.h"
 
 #include "platform/platform.h"
+#include "support/file_content.h"
 #include "support/mount.h"
 #include "support/temporary_folder.h"
 
@@ -20,13 +21,6 @@
 
 namespace tarvin {
 namespace {
-
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
 
 /// The bytes that the "%XX" in a path stand for.
 std::string decoded(const std::string& text) {

@@ -2,6 +2,7 @@
 
 #include "store/exception_file.h"
 #include "store/property_list.h"
+#include "support/file_content.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -20,13 +21,6 @@ namespace tarvin {
 namespace {
 
 using Paths = std::vector<std::string>;
-
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
 
 std::string xml(const std::string& root) {
     return R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0">)" + root + "</plist>";
