@@ -22,9 +22,12 @@ buildPackages=(
 testPackages=(
     clang-format
     clang-tidy
+    dbus
     git
+    gvfs
     libbenchmark-dev
     libgmock-dev
+    libglib2.0-bin
     libgtest-dev
     man-db
     python3

@@ -1,4 +1,4 @@
-#include "rules/command.h"
+#include "support/shell_command.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

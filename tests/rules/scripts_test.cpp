@@ -1,4 +1,4 @@
-#include "rules/command.h"
+#include "support/shell_command.h"
 #include "rules/project_files.h"
 
 #include <gmock/gmock.h>
