@@ -23,6 +23,7 @@ testPackages=(
     clang-format
     clang-tidy
     dbus
+    e2fsprogs
     git
     gvfs
     libbenchmark-dev
@@ -30,6 +31,7 @@ testPackages=(
     libglib2.0-bin
     libgtest-dev
     man-db
+    mount
     python3
     shellcheck
     zsh

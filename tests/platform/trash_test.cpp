@@ -2,6 +2,7 @@
 
 #include "platform/platform.h"
 #include "support/file_content.h"
+#include "support/loop_volume.h"
 #include "support/mount.h"
 #include "support/temporary_folder.h"
 
@@ -127,6 +128,21 @@ TEST_F(SystemTrash, LeavesTheFileWhereTheTrashCannotBeMade) {
     EXPECT_EQ(contentOf(home() + "/Trash"), "no folder");
 }
 
+TEST_F(SystemTrash, LeavesTheFileWhereAFolderOfTheTrashIsALink) {
+    for (const std::string linked : {"files", "info"}) {
+        std::filesystem::remove_all(home());
+        std::filesystem::create_directories(home() + "/Trash/files");
+        std::filesystem::create_directories(home() + "/Trash/info");
+        std::filesystem::remove(home() + "/Trash/" + linked);
+        std::filesystem::create_directory_symlink(folder_.makeFolder("elsewhere"),
+                                                  home() + "/Trash/" + linked);
+        const std::string path = folder_.writeFile("a.txt", "bytes");
+        EXPECT_FALSE(trash_.trashItemAtPath(path)) << linked;
+        EXPECT_EQ(contentOf(path), "bytes") << linked;
+        EXPECT_EQ(entriesIn(folder_.pathOf("elsewhere")), 0U) << linked;
+    }
+}
+
 TEST_F(SystemTrash, LeavesTheFileWhereTheTrashIsALink) {
     const std::string path = folder_.writeFile("a.txt", "bytes");
     std::filesystem::create_directories(home());
@@ -172,16 +188,56 @@ TEST_F(SystemTrash, LeavesTheFileOfAFolderThatMayNotBeChanged) {
     expectLeft(path);
 }
 
-TEST_F(SystemTrash, OfAnotherVolumeIsThatVolumesOrNone) {
-    const std::string volume = folder_.makeFolder("volume");
-    const Mount mount("none", volume, "tmpfs");
-    if (mount) {
-        const std::string path = folder_.writeFile("volume/a.txt", "bytes");
-        const bool moved = trash_.trashItemAtPath(path);
-        const std::string own = volume + "/.Trash-" + std::to_string(::getuid());
-        EXPECT_EQ(contentOf(moved ? own + "/files/a.txt" : path), "bytes");
-        EXPECT_EQ(entriesIn(own + "/info"), moved ? 1U : 0U);
+TEST_F(SystemTrash, OfAnotherVolumeIsThatVolumes) {
+    const LoopVolume volume;
+    if (volume) {
+        std::ofstream(volume.pathOf("a.txt")) << "bytes";
+        EXPECT_TRUE(trash_.trashItemAtPath(volume.pathOf("a.txt")));
+        const std::string own = volume.pathOf(".Trash-" + std::to_string(::getuid()));
+        EXPECT_EQ(contentOf(own + "/files/a.txt"), "bytes");
+        EXPECT_NE(contentOf(own + "/info/a.txt.trashinfo").find("Path=a.txt\n"), std::string::npos);
         EXPECT_EQ(entriesIn(home() + "/Trash/files"), 0U);
+    }
+}
+
+TEST_F(SystemTrash, OfAVolumeThatMayHaveNoneLeavesTheFile) {
+    const std::string volume = folder_.makeFolder("volume");
+    const Mount mount("none", volume, "tmpfs", MS_RDONLY);
+    if (mount) {
+        EXPECT_FALSE(trash_.trashItemAtPath(volume + "/a.txt"));
+        EXPECT_EQ(entriesIn(home() + "/Trash/files"), 0U);
+    }
+}
+
+TEST_F(SystemTrash, LeavesTheFileWhereAFolderOfAnotherVolumesTrashIsALink) {
+    for (const char* linked : {"", "/files", "/info"}) {
+        const LoopVolume volume;
+        if (volume) {
+            std::ofstream(volume.pathOf("a.txt")) << "bytes";
+            const std::string own = volume.pathOf(".Trash-" + std::to_string(::getuid()));
+            const std::string elsewhere = volume.pathOf("elsewhere");
+            for (const char* each : {"/files", "/info"}) {
+                std::filesystem::create_directories(elsewhere + each);
+                std::filesystem::create_directories(own + each);
+            }
+            std::filesystem::remove_all(own + linked);
+            std::filesystem::create_directory_symlink(elsewhere + linked, own + linked);
+            EXPECT_FALSE(trash_.trashItemAtPath(volume.pathOf("a.txt"))) << linked;
+            EXPECT_EQ(contentOf(volume.pathOf("a.txt")), "bytes") << linked;
+        }
+    }
+}
+
+// A note without a word in it would leave nobody knowing where the file was.
+TEST_F(SystemTrash, LeavesTheFileWhereThereIsNoRoomForANoteOfIt) {
+    const LoopVolume volume;
+    if (volume) {
+        std::ofstream(volume.pathOf("first.txt")) << "bytes";
+        EXPECT_TRUE(trash_.trashItemAtPath(volume.pathOf("first.txt")));
+        std::ofstream(volume.pathOf("a.txt")) << "bytes";
+        volume.fill();
+        EXPECT_FALSE(trash_.trashItemAtPath(volume.pathOf("a.txt")));
+        EXPECT_EQ(contentOf(volume.pathOf("a.txt")), "bytes");
     }
 }
 
@@ -201,7 +257,8 @@ TEST_F(SystemTrash, LeavesTheFileOnAFullVolume) {
 }  // namespace
 }  // namespace tarvin
 
-/// The system's library does not free all of its notes where a move fails. Only the sanitizers ask.
+/// The system's library does not free all of its notes where the folder of the file refuses. Only
+/// the sanitizers ask.
 extern "C" const char* __asan_default_options();   // NOLINT(bugprone-reserved-identifier)
 extern "C" const char* __asan_default_options() {  // NOLINT(bugprone-reserved-identifier)
     return "detect_leaks=0";

@@ -4,8 +4,13 @@
 
 #include <gio/gio.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
 
+#include <cstdint>
 #include <memory>
+#include <string>
+#include <utility>
 
 namespace tarvin {
 
@@ -15,21 +20,46 @@ struct ObjectDeleter {
     void operator()(GFile* file) const { g_object_unref(file); }
 };
 
-/// Whether the Trash of the home, where files of the home's file system go, is a link: what is
-/// behind one need not be anybody's Trash. Of other file systems the library looks itself.
-bool wouldGoThroughALink(const std::string& path) {
-    const auto trash = homeTrashFolder(processEnvironment());
-    const auto home = homeFolder(processEnvironment());
-    struct stat trashStatus {};
-    struct stat homeStatus {};
-    struct stat fileStatus {};
-    return trash && home && ::lstat(trash->c_str(), &trashStatus) == 0 &&
-           S_ISLNK(trashStatus.st_mode) && ::stat(home->c_str(), &homeStatus) == 0 &&
-           ::lstat(path.c_str(), &fileStatus) == 0 && homeStatus.st_dev == fileStatus.st_dev;
+/// A note takes a block, and a folder may need another for the new names.
+constexpr std::uint64_t leastRoom = 64 * 1024;
+
+bool isLink(const std::string& path) {
+    struct stat status {};
+    return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
-/// The desktop's Trash by its own rules, in this process: no service is asked, and what cannot go
-/// to the Trash of its own volume does not go.
+/// What is behind a link need not be anybody's Trash.
+bool hasLinks(const std::string& trash) {
+    return isLink(trash) || isLink(trash + "/files") || isLink(trash + "/info");
+}
+
+/// The folder above `path`, which is absolute.
+std::string folderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    return slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
+}
+
+/// The uppermost folder of the volume that `folder` is on.
+std::string volumeOf(std::string folder, dev_t device) {
+    while (folder != "/") {
+        std::string above = folderOf(folder);
+        struct stat status {};
+        if (::stat(above.c_str(), &status) != 0 || status.st_dev != device) {
+            break;
+        }
+        folder = std::move(above);
+    }
+    return folder;
+}
+
+/// The system's library takes the folder of the home from the same variable, but a relative one,
+/// too, which would mean a Trash in whatever folder the program was started from.
+bool isLibraryAstray() {
+    return *g_get_user_data_dir() != '/';
+}
+
+/// The desktop's Trash by its own rules, in this process: no service is asked (unless a person
+/// sets GTK_USE_PORTAL), and what cannot go to the Trash of its own volume does not go.
 class DesktopTrash final : public Trash {
  public:
     bool fileExistsAtPath(const std::string& path) override {
@@ -38,13 +68,47 @@ class DesktopTrash final : public Trash {
     }
 
     bool trashItemAtPath(const std::string& path) override {
-        if (wouldGoThroughALink(path)) {
+        if (!hasPlaceFor(path)) {
             return false;
         }
         const std::unique_ptr<GFile, ObjectDeleter> file(
             g_vfs_get_file_for_path(g_vfs_get_local(), path.c_str()));
         return g_file_trash(file.get(), nullptr, nullptr) == TRUE;
     }
+
+ private:
+    /// What the library does not look at, though a file would be lost behind a link, and its note
+    /// would be empty on a full volume.
+    bool hasPlaceFor(const std::string& path) {
+        const auto homeTrash = homeTrashFolder(processEnvironment());
+        const auto home = homeFolder(processEnvironment());
+        struct stat item {};
+        struct stat homeStatus {};
+        if (!homeTrash || !home || ::lstat(path.c_str(), &item) != 0 ||
+            ::stat(home->c_str(), &homeStatus) != 0 || !hasRoom(folderOf(path))) {
+            return false;
+        }
+        if (item.st_dev == homeStatus.st_dev) {
+            return !isLibraryAstray() && !hasLinks(*homeTrash);
+        }
+        const bool isTheSame = device_ == item.st_dev && path.starts_with(volume_ + '/');
+        if (volume_.empty() || !isTheSame) {
+            device_ = item.st_dev;
+            volume_ = volumeOf(folderOf(path), device_);
+        }
+        const std::string user = std::to_string(::getuid());
+        return !hasLinks(volume_ + "/.Trash/" + user) && !hasLinks(volume_ + "/.Trash-" + user);
+    }
+
+    static bool hasRoom(const std::string& folder) {
+        struct statvfs status {};
+        return ::statvfs(folder.c_str(), &status) == 0 &&
+               std::uint64_t{status.f_bavail} * status.f_frsize >= leastRoom;
+    }
+
+    // Of the file asked for last: files come folder by folder.
+    dev_t device_ = 0;
+    std::string volume_;
 };
 
 }  // namespace
