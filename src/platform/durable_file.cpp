@@ -92,6 +92,23 @@ void syncFolderOf(const std::string& path) {
     }
 }
 
+/// False, with EEXIST, where something stands at `to`. Not every file system can look and rename in
+/// one step; there the caller's lock keeps other copies of the program away in between.
+bool renameToFree(const std::string& from, const std::string& to) {
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
+        return true;
+    }
+    if (errno != EINVAL && errno != ENOSYS) {
+        return false;
+    }
+    struct stat status {};
+    if (::lstat(to.c_str(), &status) == 0) {
+        errno = EEXIST;
+        return false;
+    }
+    return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
 /// Where a link at `path` leads, or `path` itself.
 std::string targetOf(const std::string& path) {
     std::error_code failure;
@@ -119,7 +136,7 @@ std::optional<SystemError> replaceFile(const std::string& path, std::string_view
 Result<std::string> putAside(const std::string& path, std::string_view suffix) {
     std::string aside = path + std::string(suffix);
     for (int number = 2; number < mostNamesTried; ++number) {
-        if (::renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, aside.c_str(), RENAME_NOREPLACE) == 0) {
+        if (renameToFree(path, aside)) {
             syncFolderOf(path);
             return aside;
         }
@@ -132,18 +149,19 @@ Result<std::string> putAside(const std::string& path, std::string_view suffix) {
 }
 
 std::optional<SystemError> makeFolders(const std::string& path) {
-    for (std::size_t end = path.find('/', 1); end != std::string::npos;
-         end = path.find('/', end + 1)) {
-        // What matters is whether the last one is there.
-        static_cast<void>(::mkdir(path.substr(0, end).c_str(), S_IRWXU));
+    std::optional<SystemError> failure;
+    for (std::size_t end = 0; end != std::string::npos;) {
+        end = path.find('/', end + 1);
+        if (::mkdir(path.substr(0, end).c_str(), S_IRWXU) != 0 && errno != EEXIST && !failure) {
+            failure = lastError();  // those that come after only follow from it
+        }
     }
-    if (::mkdir(path.c_str(), S_IRWXU) == 0) {
-        return std::nullopt;
-    }
-    const SystemError failure = lastError();
     struct stat status {};
-    const bool isThere = ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
-    return isThere ? std::nullopt : std::optional(failure);
+    if (::stat(path.c_str(), &status) == 0) {
+        // What matters is whether the last one is there.
+        return S_ISDIR(status.st_mode) ? std::nullopt : std::optional(SystemError{ENOTDIR});
+    }
+    return failure ? failure : std::optional(lastError());
 }
 
 Result<FolderLock> FolderLock::take(const std::string& folder) {
@@ -156,8 +174,11 @@ Result<FolderLock> FolderLock::take(const std::string& folder) {
     }
     FolderLock lock(descriptor);
     for (int tries = 0; ::flock(descriptor, LOCK_EX | LOCK_NB) != 0; ++tries) {
-        if ((errno != EWOULDBLOCK && errno != EINTR) || tries == mostTries) {
+        if (errno != EWOULDBLOCK && errno != EINTR) {
             return lastError();
+        }
+        if (tries == mostTries) {
+            return SystemError{EBUSY};
         }
         std::this_thread::sleep_for(betweenTries);
     }

@@ -135,6 +135,16 @@ TEST_F(DurableFile, FoldersAreMadeWithThoseAbove) {
     EXPECT_FALSE(makeFolders(deep));
 }
 
+TEST_F(DurableFile, FoldersOnAReadOnlyDiskAreRefusedWithThatReason) {
+    const std::string disk = folder_.makeFolder("disk");
+    const Mount mount("none", disk, "tmpfs", MS_RDONLY);
+    if (mount) {
+        const auto failure = makeFolders(disk + "/a/b");
+        ASSERT_TRUE(failure);
+        EXPECT_EQ(failure->code, EROFS);
+    }
+}
+
 TEST_F(DurableFile, AFolderWhereAFileStandsIsAFailure) {
     folder_.writeFile("a", "file");
     EXPECT_TRUE(makeFolders(folder_.pathOf("a")));
