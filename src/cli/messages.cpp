@@ -21,4 +21,9 @@ void complainAbout(std::string_view path, std::string_view reason) {
     complain(shownName(path).append(": ").append(reason));
 }
 
+void complainPutAside(std::string_view path, std::string_view aside) {
+    complainAbout(
+        path, "could not be used; it is kept as " + shownName(aside) + " and a new one was begun");
+}
+
 }  // namespace tarvin

@@ -11,4 +11,7 @@ void complain(std::string_view text);
 /// The same about a file or folder: "tarvin: PATH: REASON". Quotes the path where needed.
 void complainAbout(std::string_view path, std::string_view reason);
 
+/// About a file of ours that was of no use and now has the name `aside`.
+void complainPutAside(std::string_view path, std::string_view aside);
+
 }  // namespace tarvin

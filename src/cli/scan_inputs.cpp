@@ -15,7 +15,7 @@ ExceptionList ownExceptions(Platform& platform) {
         return {};
     }
     ExceptionList list = readExceptionFile(*folder + "/exception.plist");
-    if (list.error && list.error->missing) {
+    if (list.error && list.error->kind == StoreError::Kind::missing) {
         list.error = std::nullopt;
     }
     return list;

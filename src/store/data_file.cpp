@@ -18,9 +18,16 @@ struct Totals {
     std::uint64_t size = 0;
 };
 
+// What is beyond it reads back as a negative number.
+constexpr std::uint64_t largestNumber = std::numeric_limits<std::int64_t>::max();
+
+std::uint64_t numberIn(const PropertyList& list, const char* key) {
+    const std::uint64_t number = list.number(key).value_or(0);
+    return number > largestNumber ? 0 : number;
+}
+
 Totals totalsOf(const PropertyList& list) {
-    const auto count = static_cast<std::int64_t>(list.number(countKey).value_or(0));
-    return {count < 0 ? 0 : count, list.number(sizeKey).value_or(0)};
+    return {static_cast<std::int64_t>(numberIn(list, countKey)), numberIn(list, sizeKey)};
 }
 
 std::int64_t sumOf(std::int64_t one, std::uint64_t other) {
@@ -30,8 +37,7 @@ std::int64_t sumOf(std::int64_t one, std::uint64_t other) {
 }
 
 std::uint64_t sumOf(std::uint64_t one, std::uint64_t other) {
-    constexpr auto most = std::numeric_limits<std::uint64_t>::max();
-    return other > most - one ? most : one + other;
+    return other > largestNumber - one ? largestNumber : one + other;
 }
 
 void setTotals(PropertyList& list, const Totals& totals) {
@@ -65,13 +71,13 @@ DataFile::DataFile(std::string folder)
 std::optional<StoreError> DataFile::loadDataFile() {
     count_ = 0;
     size_ = 0;
-    const Result<FolderLock> lock = FolderLock::take(folder_);
-    if (!lock) {
-        return storeErrorOf(folder_, lock.error());
-    }
     const auto read = readData(dataPath_);
     if (const auto* error = std::get_if<StoreError>(&read)) {
-        return error->missing ? writeStoredList(dataPath_, defaultList()) : std::optional(*error);
+        if (error->kind != StoreError::Kind::missing) {
+            return *error;
+        }
+        makeFirst();
+        return std::nullopt;
     }
     const Totals totals = totalsOf(std::get<PropertyList>(read));
     count_ = totals.count;
@@ -79,7 +85,22 @@ std::optional<StoreError> DataFile::loadDataFile() {
     return std::nullopt;
 }
 
+/// A failure costs nothing: the file is made when there is something to write.
+void DataFile::makeFirst() const {
+    const Result<FolderLock> lock = FolderLock::take(folder_);
+    if (!lock) {
+        return;
+    }
+    // Another copy of the program may have been faster.
+    const auto read = readData(dataPath_);
+    const auto* error = std::get_if<StoreError>(&read);
+    if (error != nullptr && error->kind == StoreError::Kind::missing) {
+        static_cast<void>(writeStoredList(dataPath_, defaultList()));
+    }
+}
+
 std::optional<StoreError> DataFile::addDeleted(std::uint64_t count, std::uint64_t size) {
+    putAside_.clear();
     const std::int64_t oldCount = std::exchange(count_, sumOf(count_, count));
     const std::uint64_t oldSize = std::exchange(size_, sumOf(size_, size));
     return store(count, size, oldCount, oldSize);
@@ -87,7 +108,7 @@ std::optional<StoreError> DataFile::addDeleted(std::uint64_t count, std::uint64_
 
 /// The old totals stand in for those of a file that has gone meanwhile.
 std::optional<StoreError> DataFile::store(std::uint64_t count, std::uint64_t size,
-                                          std::int64_t oldCount, std::uint64_t oldSize) const {
+                                          std::int64_t oldCount, std::uint64_t oldSize) {
     const Result<FolderLock> lock = FolderLock::take(folder_);
     if (!lock) {
         return storeErrorOf(folder_, lock.error());
@@ -95,10 +116,12 @@ std::optional<StoreError> DataFile::store(std::uint64_t count, std::uint64_t siz
     auto read = readData(dataPath_);
     Totals old{oldCount, oldSize};
     if (const auto* error = std::get_if<StoreError>(&read)) {
-        if (auto failure = putUnusableAside(*error)) {
-            return failure;
+        auto aside = putUnusableAside(*error);
+        if (auto* failure = std::get_if<StoreError>(&aside)) {
+            return std::move(*failure);
         }
-        read = error->missing ? defaultList() : PropertyList::dictionary();
+        putAside_ = std::get<std::string>(std::move(aside));
+        read = putAside_.empty() ? defaultList() : PropertyList::dictionary();
     } else {
         old = totalsOf(std::get<PropertyList>(read));
     }

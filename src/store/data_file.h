@@ -9,9 +9,8 @@
 namespace tarvin {
 
 /// The lifetime totals of moved files, kept in "data.plist": an XML property list whose root is a
-/// dictionary of whole numbers, "deletedCount" (signed, 64 bits), "deletedSize" (bytes, unsigned,
-/// 64 bits), and "matchingLevel" (5) and "matchingSize" (2), which are written once and never read.
-/// Other keys are kept.
+/// dictionary of whole numbers, "deletedCount", "deletedSize" (bytes), and "matchingLevel" (5) and
+/// "matchingSize" (2), which are written once and never read. Other keys are kept.
 ///
 /// What is in memory is what the screen shows while the program runs. What is written adds to what
 /// the file says at that moment, so that two copies of the program lose nothing of each other. One
@@ -21,31 +20,35 @@ class DataFile final {
     /// `folder` is the application-support folder; it need not exist.
     explicit DataFile(std::string folder);
 
-    /// Reads the file, or makes it, and the folder, with nothing counted yet. A file that cannot be
-    /// used is left as it is and nothing counts; the answer says why.
+    /// Reads the file, or makes it, and the folder, with nothing counted yet, as far as that can be
+    /// done. A file that cannot be used is left as it is and nothing counts; the answer says why.
     std::optional<StoreError> loadDataFile();
 
-    /// 0 when missing, of another type or below zero.
+    /// 0 when missing, of another type, below zero or beyond 63 bits.
     [[nodiscard]] std::int64_t alreadyDeletedCount() const { return count_; }
-    /// Bytes; 0 when missing or of another type.
+    /// Bytes; 0 in the same cases.
     [[nodiscard]] std::uint64_t alreadyDeletedSize() const { return size_; }
 
     /// Adds what one run has moved to the totals, here and in the file. Totals end at the largest
-    /// number there is. A file that cannot be used is given the name "data.plist.unreadable" first.
-    /// In memory it counts whether or not the file can be written; the answer says why not.
+    /// number of 63 bits. A file that cannot be used is given the name "data.plist.unreadable"
+    /// first. In memory it counts whether or not the file can be written; the answer says why not.
     std::optional<StoreError> addDeleted(std::uint64_t count, std::uint64_t size);
+
+    /// The path that the last addDeleted() gave a file of no use; empty if there was none.
+    [[nodiscard]] const std::string& putAside() const { return putAside_; }
 
     [[nodiscard]] const std::string& dataPath() const { return dataPath_; }
 
  private:
     [[nodiscard]] std::optional<StoreError> store(std::uint64_t count, std::uint64_t size,
-                                                  std::int64_t oldCount,
-                                                  std::uint64_t oldSize) const;
+                                                  std::int64_t oldCount, std::uint64_t oldSize);
+    void makeFirst() const;
 
     const std::string folder_;
     const std::string dataPath_;
     std::int64_t count_ = 0;
     std::uint64_t size_ = 0;
+    std::string putAside_;
 };
 
 }  // namespace tarvin

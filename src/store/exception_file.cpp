@@ -45,7 +45,8 @@ ExceptionFile::ExceptionFile(std::string folder)
 std::optional<StoreError> ExceptionFile::load() {
     ExceptionList list = readExceptionFile(path_);
     paths_ = std::move(list.paths);
-    return list.error && !list.error->missing ? std::move(list.error) : std::nullopt;
+    const bool isWrong = list.error && list.error->kind != StoreError::Kind::missing;
+    return isWrong ? std::move(list.error) : std::nullopt;
 }
 
 std::optional<StoreError> ExceptionFile::addExceptions(const std::vector<std::string>& paths) {
@@ -58,16 +59,19 @@ std::optional<StoreError> ExceptionFile::removeExceptions() {
     return store(Keep::nothing);
 }
 
-std::optional<StoreError> ExceptionFile::store(Keep keep) const {
+std::optional<StoreError> ExceptionFile::store(Keep keep) {
+    putAside_.clear();
     const Result<FolderLock> lock = FolderLock::take(folder_);
     if (!lock) {
         return storeErrorOf(folder_, lock.error());
     }
     ExceptionList stored = readExceptionFile(path_);
     if (stored.error) {
-        if (auto failure = putUnusableAside(*stored.error)) {
-            return failure;
+        auto aside = putUnusableAside(*stored.error);
+        if (auto* failure = std::get_if<StoreError>(&aside)) {
+            return std::move(*failure);
         }
+        putAside_ = std::get<std::string>(std::move(aside));
     }
     if (keep == Keep::nothing) {
         stored.paths.clear();

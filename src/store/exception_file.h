@@ -17,7 +17,8 @@ struct ExceptionList {
 
 /// Reads an exception file of up to 256 MiB: a property list, XML or binary, whose root is an array
 /// of paths. A path is a string; one whose bytes are not UTF-8, or that XML cannot hold as it is,
-/// is data with exactly these bytes. What else the array holds is passed over. Nothing is written.
+/// is data with exactly these bytes. What else the array holds is passed over, and not kept when
+/// the list is written again. Nothing is written here.
 /// Any thread.
 ExceptionList readExceptionFile(const std::string& path);
 
@@ -44,15 +45,18 @@ class ExceptionFile final {
     std::optional<StoreError> removeExceptions();
 
     [[nodiscard]] const std::string& path() const { return path_; }
+    /// The path that the last writing gave a file of no use; empty if there was none.
+    [[nodiscard]] const std::string& putAside() const { return putAside_; }
 
  private:
     enum class Keep : std::uint8_t { whatIsStored, nothing };
 
-    [[nodiscard]] std::optional<StoreError> store(Keep keep) const;
+    [[nodiscard]] std::optional<StoreError> store(Keep keep);
 
     const std::string folder_;
     const std::string path_;
     std::vector<std::string> paths_;
+    std::string putAside_;
 };
 
 }  // namespace tarvin

@@ -21,7 +21,17 @@ constexpr std::string_view unusableSuffix = ".unreadable";
 }  // namespace
 
 StoreError storeErrorOf(const std::string& path, SystemError error) {
-    return {path, error.text(), error.code == ENOENT};
+    switch (error.code) {
+        case ENOENT:
+            return {path, error.text(), StoreError::Kind::missing};
+        case EACCES:
+        case EPERM:
+        case ELOOP:
+        case EISDIR:
+            return {path, error.text(), StoreError::Kind::unusable};
+        default:
+            return {path, error.text(), StoreError::Kind::passing};
+    }
 }
 
 std::variant<PropertyList, StoreError> readStoredList(const std::string& path) {
@@ -69,12 +79,18 @@ std::optional<StoreError> writeStoredList(const std::string& path, const Propert
     return failure ? std::optional(storeErrorOf(path, *failure)) : std::nullopt;
 }
 
-std::optional<StoreError> putUnusableAside(const StoreError& error) {
-    if (error.missing) {
-        return std::nullopt;
+std::variant<std::string, StoreError> putUnusableAside(const StoreError& error) {
+    if (error.kind == StoreError::Kind::missing) {
+        return std::string();
+    }
+    if (error.kind == StoreError::Kind::passing) {
+        return error;
     }
     const Result<std::string> aside = putAside(error.path, unusableSuffix);
-    return aside ? std::nullopt : std::optional(storeErrorOf(error.path, aside.error()));
+    if (!aside) {
+        return storeErrorOf(error.path, aside.error());
+    }
+    return *aside;
 }
 
 }  // namespace tarvin
