@@ -15,6 +15,7 @@
 #include <cstdlib>
 #include <memory>
 #include <optional>
+#include <unordered_set>
 #include <utility>
 
 namespace tarvin {
@@ -38,13 +39,26 @@ constexpr const char* examples =
     "  0    all duplicates were moved, or would be, or you said no\n"
     "  1    a folder could not be read, a file was not moved or something could not\n"
     "       be written\n"
-    "  2    the command line is wrong, or there is nobody to ask and no --yes;\n"
-    "       nothing was done\n"
+    "  2    the command line is wrong, there is nobody to ask and no --yes, or the\n"
+    "       exceptions list or the place of the result is of no use; nothing was done\n"
     "  130  stopped by Ctrl-C or by the signal TERM or HUP";
 
 std::string questionFor(const Modal& modal) {
     return "Move " + std::to_string(modal.totalFilesSelected()) + " duplicate files (" +
            getFormattedStringForSize(modal.totalFilesSelectedSize()) + ") to the Trash? [y/N] ";
+}
+
+template <class Action>
+void forEachMarkedFile(const Modal& modal, const Action& action) {
+    for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
+        for (const std::shared_ptr<Set>& set : extension->sets()) {
+            for (const std::shared_ptr<File>& file : set->files()) {
+                if (file->state() == CheckState::on) {
+                    action(*file);
+                }
+            }
+        }
+    }
 }
 
 }  // namespace
@@ -88,7 +102,6 @@ ExitStatus CleanCommand::clean(OutputFile& output, ExceptionFilter exceptions) {
     if (asks && !isAgreedTo(questionFor(modal))) {
         return scan.hasReadAll() ? ExitStatus::done : ExitStatus::incomplete;
     }
-    stage_ = Stage::moving;
     const ExitStatus status = dryRun_ ? plan(modal, output) : move(modal, output);
     return status == ExitStatus::done && !scan.hasReadAll() ? ExitStatus::incomplete : status;
 }
@@ -111,31 +124,41 @@ void CleanCommand::endOnSecondSignal(const OutputFile& output) const {
     }
 }
 
-ExitStatus CleanCommand::plan(const Modal& modal, OutputFile& output) const {
+ExitStatus CleanCommand::plan(const Modal& modal, OutputFile& output) {
+    stage_ = Stage::planning;
     const std::unique_ptr<CleanWriter> writer =
         makeCleanWriter(options_.format, true, output.output());
     writer->begin();
-    for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
-        for (const std::shared_ptr<Set>& set : extension->sets()) {
-            for (const std::shared_ptr<File>& file : set->files()) {
-                if (file->state() == CheckState::on) {
-                    writer->file(*file, std::nullopt);
-                }
-            }
+    forEachMarkedFile(modal, [&](const File& file) {
+        if (!control_.stopDeletion()) {
+            writer->file(file, std::nullopt);
         }
+    });
+    const bool stopped = control_.stopDeletion();
+    writer->end({modal.totalFilesSelected(), modal.totalFilesSelectedSize(), stopped});
+    const bool written = commitOutput(options_, output);
+    if (stopped) {
+        return ExitStatus::stopped;
     }
-    writer->end({modal.totalFilesSelected(), modal.totalFilesSelectedSize(), false});
-    return commitOutput(options_, output) ? ExitStatus::done : ExitStatus::incomplete;
+    return written ? ExitStatus::done : ExitStatus::incomplete;
 }
 
 ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
+    stage_ = Stage::moving;
     const std::unique_ptr<CleanWriter> writer =
         makeCleanWriter(options_.format, false, output.output());
     writer->begin();
     bool movedAll = true;
+    bool stopped = false;
+    std::unordered_set<const File*> left;
     const auto report = [&](const File& file, MoveOutcome outcome) {
         writer->file(file, outcome);
-        if (outcome != MoveOutcome::moved && outcome != MoveOutcome::stopped) {
+        stopped = stopped || outcome == MoveOutcome::stopped;
+        if (outcome == MoveOutcome::moved) {
+            return;
+        }
+        left.insert(&file);
+        if (outcome != MoveOutcome::stopped) {
             complainAbout(file.filePath(), reasonFor(outcome));
             movedAll = false;
         }
@@ -147,7 +170,13 @@ ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
         [&trash](const Set& set, const DeletionWalk::Progress&) { trash.beginSet(set); });
     walk.start();
     const RemovalResult moved = walk.wait();
-    const bool stopped = control_.stopDeletion();
+    // Those that the walk did not come to; a file that was moved is in the tree no more.
+    forEachMarkedFile(modal, [&](const File& file) {
+        if (!left.contains(&file)) {
+            writer->file(file, MoveOutcome::stopped);
+            stopped = true;
+        }
+    });
     writer->end({moved.deletedFilesCount, moved.deletedFilesSize, stopped});
     const bool stored = storeTotals(moved);
     const bool written = commitOutput(options_, output);
@@ -173,7 +202,10 @@ bool CleanCommand::storeTotals(const RemovalResult& moved) const {
     if (failure) {
         complainAbout(failure->path, failure->text);
     }
-    return !failure;
+    if (!data.putAside().empty()) {
+        complainPutAside(data.dataPath(), data.putAside());
+    }
+    return !failure && data.putAside().empty();
 }
 
 }  // namespace tarvin

@@ -25,12 +25,12 @@ class CleanCommand final : public Command {
 
  private:
     /// What a Ctrl-C means depends on what is being done.
-    enum class Stage : std::uint8_t { scanning, asking, moving };
+    enum class Stage : std::uint8_t { scanning, asking, planning, moving };
 
     ExitStatus clean(OutputFile& output, ExceptionFilter exceptions);
     void stopOnFirstSignal(FolderScan& scan, const OutputFile& output);
     void endOnSecondSignal(const OutputFile& output) const;
-    ExitStatus plan(const Modal& modal, OutputFile& output) const;
+    ExitStatus plan(const Modal& modal, OutputFile& output);
     ExitStatus move(Modal& modal, OutputFile& output);
     [[nodiscard]] bool storeTotals(const RemovalResult& moved) const;
 

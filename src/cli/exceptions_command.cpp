@@ -4,11 +4,12 @@
 #include "cli/messages.h"
 #include "cli/print.h"
 #include "cli/shown_name.h"
+#include "platform/file_system.h"
 #include "scan/clean_texts.h"
 
 #include <CLI/CLI.hpp>
 
-#include <cerrno>
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -31,6 +32,39 @@ constexpr const char* examples =
 ExitStatus failed(const StoreError& error) {
     complainAbout(error.path, error.text);
     return ExitStatus::incomplete;
+}
+
+/// True, and a complaint, if the list that was there had to be put aside: what it excluded is
+/// excluded no more.
+bool toldPutAside(const ExceptionFile& exceptions) {
+    if (exceptions.putAside().empty()) {
+        return false;
+    }
+    complainPutAside(exceptions.path(), exceptions.putAside());
+    return true;
+}
+
+/// Why no scan would ever meet the file; none if one may.
+std::optional<std::string> reasonAgainst(FileSystem& fileSystem, const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    const Result<Descriptor> folder =
+        fileSystem.openRootDirectory(slash == 0 ? "/" : path.substr(0, slash));
+    if (!folder) {
+        return folder.error().text();
+    }
+    const Result<FileAttributes> attributes =
+        fileSystem.attributesAt(*folder, path.c_str() + slash + 1);
+    if (!attributes) {
+        return attributes.error().text();
+    }
+    switch (attributes->type) {
+        case EntryType::regular:
+            return std::nullopt;
+        case EntryType::directory:
+            return "is a folder; only files can be excluded";
+        default:
+            return "is no regular file, so no scan looks at it";
+    }
 }
 
 /// Without the line break that such a text begins with in a window.
@@ -90,8 +124,8 @@ ExitStatus ExceptionsCommand::add(ExceptionFile& exceptions) const {
         const Result<std::string> path = absolutePath(file);
         if (!path) {
             complainAbout(file, path.error().text());
-        } else if (!platform_.trash().fileExistsAtPath(*path)) {
-            complainAbout(file, SystemError{ENOENT}.text());
+        } else if (const auto reason = reasonAgainst(platform_.fileSystem(), *path)) {
+            complainAbout(file, *reason);
         } else {
             paths.push_back(*path);
         }
@@ -103,14 +137,16 @@ ExitStatus ExceptionsCommand::add(ExceptionFile& exceptions) const {
         return failed(*failure);
     }
     const ExitStatus status = print(asLine(exceptionsAddedText(paths.size())));
-    return paths.size() == files_.size() ? status : ExitStatus::incomplete;
+    const bool isWhole = paths.size() == files_.size() && !toldPutAside(exceptions);
+    return isWhole ? status : ExitStatus::incomplete;
 }
 
 ExitStatus ExceptionsCommand::clear(ExceptionFile& exceptions) {
     if (const std::optional<StoreError> failure = exceptions.removeExceptions()) {
         return failed(*failure);
     }
-    return print(asLine(exceptionsRemovedText()));
+    const ExitStatus status = print(asLine(exceptionsRemovedText()));
+    return toldPutAside(exceptions) ? ExitStatus::incomplete : status;
 }
 
 }  // namespace tarvin

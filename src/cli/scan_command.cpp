@@ -31,7 +31,8 @@ constexpr const char* examples =
     "  0    the scan is done\n"
     "  1    it is done, but a given folder could not be read or the result could not\n"
     "       be written\n"
-    "  2    the command line is wrong; nothing was done\n"
+    "  2    the command line is wrong, or a list of exceptions or the place of the\n"
+    "       result is of no use; nothing was done\n"
     "  130  the scan was stopped by Ctrl-C or by the signal TERM or HUP";
 
 }  // namespace

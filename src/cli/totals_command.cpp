@@ -17,7 +17,7 @@ namespace {
 constexpr const char* examples =
     "Exit status:\n"
     "  0    done\n"
-    "  1    the totals could not be read\n"
+    "  1    the totals could not be read, or not be printed\n"
     "  2    the command line is wrong; nothing was done";
 
 }  // namespace

@@ -84,7 +84,8 @@ Exit status:
   0    the scan is done
   1    it is done, but a given folder could not be read or the result could not
        be written
-  2    the command line is wrong; nothing was done
+  2    the command line is wrong, or a list of exceptions or the place of the
+       result is of no use; nothing was done
   130  the scan was stopped by Ctrl-C or by the signal TERM or HUP
 )");
 }
@@ -127,8 +128,8 @@ Exit status:
   0    all duplicates were moved, or would be, or you said no
   1    a folder could not be read, a file was not moved or something could not
        be written
-  2    the command line is wrong, or there is nobody to ask and no --yes;
-       nothing was done
+  2    the command line is wrong, there is nobody to ask and no --yes, or the
+       exceptions list or the place of the result is of no use; nothing was done
   130  stopped by Ctrl-C or by the signal TERM or HUP
 )");
 }
@@ -171,7 +172,7 @@ Options:
 
 Exit status:
   0    done
-  1    the totals could not be read
+  1    the totals could not be read, or not be printed
   2    the command line is wrong; nothing was done
 )");
 }

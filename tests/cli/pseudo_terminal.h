@@ -1,6 +1,7 @@
 #pragma once
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -52,11 +53,13 @@ class PseudoTerminal final {
         }
     }
 
-    /// Returns when `text` has been drawn, or the program's last end is closed.
+    /// Returns when `text` has been drawn, the program's last end is closed, or nothing has been
+    /// drawn for a minute.
     void readUntil(std::string_view text) const {
         std::string all;
         std::array<char, 4096> block{};
-        while (all.find(text) == std::string::npos) {
+        pollfd drawn{testsEnd_, POLLIN, 0};
+        while (all.find(text) == std::string::npos && ::poll(&drawn, 1, 60'000) > 0) {
             const ssize_t got = ::read(testsEnd_, block.data(), block.size());
             if (got <= 0) {
                 return;
