@@ -5,6 +5,7 @@
 #include <plist/plist.h>
 
 #include <cstddef>
+#include <cstdlib>
 #include <limits>
 
 namespace tarvin {
@@ -97,9 +98,14 @@ bool PropertyList::isArray() const {
 
 std::vector<std::string> PropertyList::paths() const {
     std::vector<std::string> paths;
+    // By number, an item of a binary list would be looked for from the first on.
+    plist_array_iter position = nullptr;
+    plist_array_new_iter(root_.get(), &position);
+    const std::unique_ptr<void, decltype(&std::free)> owner(position, &std::free);
     const std::uint32_t count = plist_array_get_size(root_.get());
     for (std::uint32_t index = 0; index < count; ++index) {
-        plist_t item = plist_array_get_item(root_.get(), index);
+        plist_t item = nullptr;
+        plist_array_next_item(root_.get(), position, &item);
         std::uint64_t length = 0;
         const char* bytes = plist_get_node_type(item) == PLIST_DATA
                                 ? plist_get_data_ptr(item, &length)
