@@ -32,11 +32,11 @@ DeletionWalk::~DeletionWalk() {
     wait();
 }
 
-void DeletionWalk::start(std::function<void()> atEnd) {
+void DeletionWalk::start(AtEnd atEnd) {
     thread_ = std::thread([this, atEnd = std::move(atEnd)] {
         walk();
         if (atEnd) {
-            atEnd();
+            atEnd(progress_);
         }
     });
 }

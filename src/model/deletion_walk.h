@@ -60,8 +60,12 @@ class DeletionWalk final {
     /// Waits for the end; whoever does not want to wait long stops the walk before.
     ~DeletionWalk();
 
-    /// Begins; once only. Returns at once. `atEnd` is called on the walk's thread as the last.
-    void start(std::function<void()> atEnd = {});
+    /// Called on the walk's thread as the last. What the walk met behind the last set that it began
+    /// has been told to nobody before.
+    using AtEnd = std::function<void(const Progress& progress)>;
+
+    /// Begins; once only. Returns at once. `atEnd` may be empty.
+    void start(AtEnd atEnd = {});
     /// Waits until the walk is over and answers what was moved.
     RemovalResult wait();
 

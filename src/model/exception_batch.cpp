@@ -5,6 +5,14 @@
 
 namespace tarvin {
 
+bool mayAddExceptions(const Modal& modal) {
+    return modal.totalFiles() != 0 && modal.totalFilesSelected() != 0;
+}
+
+bool mayRemoveExceptions(const std::vector<std::string>& exceptionArrayData) {
+    return !exceptionArrayData.empty();
+}
+
 std::vector<std::string> takeOutMarkedFiles(Modal& modal) {
     std::vector<std::string> batch;
     if (modal.totalFilesSelected() == 0) {

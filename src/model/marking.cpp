@@ -1,5 +1,9 @@
 #include "model/marking.h"
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 namespace tarvin {
 
 std::optional<SelectionClass> selectionClassOf(const Modal& modal) {
@@ -30,6 +34,18 @@ ToggleAnswer toggleFile(Modal& modal, const std::shared_ptr<Extensions>& extensi
     return ToggleAnswer::toggled;
 }
 
+std::optional<ResultView> currentViewOf(const ViewFlags& flags) {
+    const std::array inOrder{std::pair(flags.allTab, ResultView::all),
+                             std::pair(flags.imageTab, ResultView::image),
+                             std::pair(flags.audioTab, ResultView::audio),
+                             std::pair(flags.videoTab, ResultView::video),
+                             std::pair(flags.docsTab, ResultView::documents),
+                             std::pair(flags.othrTab, ResultView::other)};
+    const auto* const set =
+        std::find_if(inOrder.begin(), inOrder.end(), [](const auto& view) { return view.first; });
+    return set == inOrder.end() ? std::nullopt : std::optional(set->second);
+}
+
 ButtonStates buttonStatesFor(const Modal& modal, bool exact, std::optional<ResultView> current) {
     ButtonStates states;
     if (exact && modal.extensionCount() == 0) {
@@ -55,6 +71,13 @@ ButtonStates buttonStatesFor(const Modal& modal, bool exact, std::optional<Resul
         states.sortPopupBtn = true;
     }
     return states;
+}
+
+DeletionStart deletionStartFor(const Modal& modal, bool unMarkAllEnabled) {
+    if (!unMarkAllEnabled) {
+        return DeletionStart::information;
+    }
+    return modal.totalFilesSelected() == 0 ? DeletionStart::nothing : DeletionStart::run;
 }
 
 }  // namespace tarvin

@@ -40,6 +40,19 @@ ToggleAnswer toggleFile(Modal& modal, const std::shared_ptr<Extensions>& extensi
 /// The lists of a result that can be looked at, each with a button of its own.
 enum class ResultView : std::uint8_t { all, image, audio, video, documents, other };
 
+/// The flags of the six views. One at most is set.
+struct ViewFlags {
+    bool allTab = false;
+    bool imageTab = false;
+    bool videoTab = false;
+    bool audioTab = false;
+    bool docsTab = false;
+    bool othrTab = false;
+};
+
+/// The view whose flag is set; were several, the first in the order of ResultView.
+[[nodiscard]] std::optional<ResultView> currentViewOf(const ViewFlags& flags);
+
 /// Which buttons of the result screen may be pressed. No value: the button stays as it is.
 struct ButtonStates {
     std::optional<bool> markAll{};
@@ -58,5 +71,16 @@ struct ButtonStates {
 /// `current` is the view that is shown, if one is.
 [[nodiscard]] ButtonStates buttonStatesFor(const Modal& modal, bool exact,
                                            std::optional<ResultView> current);
+
+/// What a click on the deletion button does.
+enum class DeletionStart : std::uint8_t {
+    information,  ///< it is said that nothing is marked
+    nothing,
+    run
+};
+
+/// The button `unMarkAll` decides whether anything is said, whatever is marked: it may be behind
+/// the counters.
+[[nodiscard]] DeletionStart deletionStartFor(const Modal& modal, bool unMarkAllEnabled);
 
 }  // namespace tarvin

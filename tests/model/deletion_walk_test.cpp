@@ -11,7 +11,6 @@
 #include <atomic>
 #include <cstdint>
 #include <string>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -58,6 +57,41 @@ class Deletion : public ::testing::Test {
         walk.start();
         return walk.wait();
     }
+
+    /// A walk that is paused once, when the set of that number is begun, from zero. Stopped if a
+    /// test gives up on it.
+    class PausingWalk final {
+     public:
+        PausingWalk(Deletion& test, std::size_t point)
+            : control_(test.control_),
+              walk_(test.modal_, test.trash_, test.control_,
+                    [this, point](const Set&, const DeletionWalk::Progress&) { begin(point); }) {
+            walk_.start();
+        }
+        PausingWalk(const PausingWalk&) = delete;
+        PausingWalk& operator=(const PausingWalk&) = delete;
+        ~PausingWalk() { control_.stop(); }
+
+        /// False if the pause does not hold it within the tests' patience.
+        [[nodiscard]] bool waitUntilAsleep() const {
+            return waitUntil([this] { return thread_ != 0 && isAsleep(thread_); });
+        }
+        [[nodiscard]] std::size_t begun() const { return begun_; }
+        RemovalResult wait() { return walk_.wait(); }
+
+     private:
+        void begin(std::size_t point) {
+            if (begun_++ == point) {
+                control_.setPauseDeletion(true);
+                thread_ = ::gettid();
+            }
+        }
+
+        DeletionControl& control_;
+        std::atomic<std::size_t> begun_{0};
+        std::atomic<pid_t> thread_{0};
+        DeletionWalk walk_;  // the last: it ends before what it uses
+    };
 
     Modal modal_;
     RecordingTrash trash_;
@@ -151,6 +185,23 @@ TEST_F(Deletion, TheIndicatorCountsSetsThatAreDownToOneFile) {
     EXPECT_EQ(seen, (std::vector<std::uint64_t>{1}));
 }
 
+TEST_F(Deletion, TheIndicatorOfSetsBehindTheLastThatIsOnIsToldAtTheEnd) {
+    const auto jpg = addExtension("jpg", {2, 2, 2});
+    modal_.markAllExtension();
+    run();
+    addExtension("mp3", {2});
+    mark(modal_.extensions()[1], 0, 1);
+    const auto txt = addExtension("txt", {1, 2});
+    mark(txt, 1, 0);
+    std::vector<DeletionWalk::Progress> seen;
+    DeletionWalk walk(
+        modal_, trash_, control_,
+        [&seen](const Set&, const DeletionWalk::Progress& progress) { seen.push_back(progress); });
+    walk.start([&seen](const DeletionWalk::Progress& progress) { seen.push_back(progress); });
+    walk.wait();
+    EXPECT_EQ(seen, (std::vector<DeletionWalk::Progress>{{0, 0, 0}, {1, 1, 10}, {1, 2, 20}}));
+}
+
 TEST_F(Deletion, TellsHowFarItIsBeforeEachSet) {
     addExtension("jpg", {3, 2, 4});
     modal_.markAllExtension();
@@ -180,14 +231,9 @@ TEST_F(Deletion, AfterAStopNothingIsEverMovedAgain) {
 TEST_F(Deletion, APauseHoldsItBeforeTheNextSetUntilItIsCleared) {
     addExtension("jpg", {2, 2});
     modal_.markAllExtension();
-    std::atomic<int> begun{0};
-    DeletionWalk walk(modal_, trash_, control_, [&](const Set&, const DeletionWalk::Progress&) {
-        control_.setPauseDeletion(begun == 0);
-        ++begun;
-    });
-    walk.start();
-    EXPECT_TRUE(waitUntil([&] { return begun == 1; }));
-    EXPECT_EQ(begun, 1);
+    PausingWalk walk(*this, 0);
+    ASSERT_TRUE(walk.waitUntilAsleep());
+    EXPECT_EQ(walk.begun(), 1U);
     control_.setPauseDeletion(false);
     EXPECT_EQ(walk.wait(), (RemovalResult{2, 20}));
 }
@@ -195,56 +241,98 @@ TEST_F(Deletion, APauseHoldsItBeforeTheNextSetUntilItIsCleared) {
 TEST_F(Deletion, AStopWhileItWaitsBeforeASetStillDoesThatSet) {
     addExtension("jpg", {2, 2, 2});
     modal_.markAllExtension();
-    std::atomic<pid_t> thread{0};
-    DeletionWalk walk(modal_, trash_, control_, [&](const Set&, const DeletionWalk::Progress&) {
-        control_.setPauseDeletion(!control_.stopDeletion());
-        thread = ::gettid();
-    });
-    walk.start();
-    // Its first set is done and it has found no stop.
-    EXPECT_TRUE(waitUntil([&] { return thread != 0 && isAsleep(thread); }));
+    PausingWalk walk(*this, 0);
+    ASSERT_TRUE(walk.waitUntilAsleep());
     control_.stop();
     EXPECT_EQ(walk.wait(), (RemovalResult{2, 20}));
 }
 
-TEST_F(Deletion, MayBePausedAndStoppedAtAnyPoint) {
-    for (std::size_t point = 0; point < 30; ++point) {
-        Modal modal;
-        RecordingTrash trash;
-        DeletionControl control;
-        auto extension = std::make_shared<Extensions>("jpg");
-        modal.addExtension(extension);
-        for (int number = 0; number < 30; ++number) {
-            auto set = std::make_shared<Set>();
-            for (int file = 0; file < 2; ++file) {
-                const std::string path = "/" + std::to_string(number) + "/" + std::to_string(file);
-                set->addFiles(FileStore::standalone(path, 10));
-                trash.addExisting(path);
-            }
-            set->setTotalFilesInSet(1);
-            extension->addSet(set);
+TEST_F(Deletion, AStopWhileItWaitsBeforeAnExtensionDoesNoneOfItsSets) {
+    addExtension("jpg", {2});
+    addExtension("txt", {2, 2});
+    modal_.markAllExtension();
+    PausingWalk walk(*this, 0);
+    ASSERT_TRUE(walk.waitUntilAsleep());
+    control_.stop();
+    EXPECT_EQ(walk.wait(), (RemovalResult{1, 10}));
+}
+
+TEST_F(Deletion, APauseHoldsItBeforeAnExtensionThatIsOffToo) {
+    const auto jpg = addExtension("jpg", {2});
+    addExtension("txt", {2});
+    mark(jpg, 0, 1);
+    PausingWalk walk(*this, 0);
+    ASSERT_TRUE(walk.waitUntilAsleep());
+    control_.setPauseDeletion(false);
+    EXPECT_EQ(walk.wait(), (RemovalResult{1, 10}));
+}
+
+TEST_F(Deletion, AStopBeforeAnExtensionEndsIt) {
+    addExtension("jpg", {2});
+    addExtension("txt", {2});
+    modal_.markAllExtension();
+    EXPECT_EQ(run([this](const Set&, const DeletionWalk::Progress&) { control_.stop(); }),
+              (RemovalResult{1, 10}));
+}
+
+/// Six extensions of five sets of two files, all marked: a walk of thirty points. A set behind
+/// whose begin an extension ends is followed by two looks at the flags, any other by one.
+class DeletionAtEachPoint : public Deletion, public ::testing::WithParamInterface<std::size_t> {
+ protected:
+    static constexpr std::size_t sets = 30;
+
+    void SetUp() override {
+        for (const char* name : {"a", "b", "c", "d", "e", "f"}) {
+            addExtension(name, {2, 2, 2, 2, 2});
         }
-        modal.calculateTotalFilesAndSize();
-        modal.markAllExtension();
-        std::atomic<std::size_t> begun{0};
-        DeletionWalk walk(modal, trash, control,
-                          [&](const Set&, const DeletionWalk::Progress&) { ++begun; });
-        walk.start();
-        while (begun < point) {
-            std::this_thread::yield();
-        }
-        control.setPauseDeletion(true);
-        std::this_thread::yield();
-        control.setPauseDeletion(false);
-        control.stop();
-        const RemovalResult moved = walk.wait();
-        EXPECT_EQ(moved.deletedFilesCount, trash.moves().size());
-        EXPECT_GE(moved.deletedFilesCount, point);
-        EXPECT_EQ(modal.totalFilesSelected(), 30 - moved.deletedFilesCount);
-        for (const auto& set : extension->sets()) {
-            EXPECT_GE(set->files().size(), 1U);
-        }
+        modal_.markAllExtension();
     }
+
+    [[nodiscard]] static std::size_t setsBegunAt(std::size_t point) { return point + 1; }
+    [[nodiscard]] static bool isLastOfExtension(std::size_t point) { return point % 5 == 4; }
+
+    void expectMoved(const RemovalResult& moved, std::size_t count) const {
+        EXPECT_EQ(moved, (RemovalResult{count, 10 * count}));
+        EXPECT_EQ(trash_.moves().size(), count);
+        EXPECT_EQ(modal_.totalFilesSelected(), sets - count);
+    }
+};
+
+TEST_P(DeletionAtEachPoint, ItMayBeStopped) {
+    std::size_t begun = 0;
+    const RemovalResult moved = run([&](const Set&, const DeletionWalk::Progress&) {
+        if (begun++ == GetParam()) {
+            control_.stop();
+        }
+    });
+    expectMoved(moved, setsBegunAt(GetParam()));
+}
+
+TEST_P(DeletionAtEachPoint, ItMayBePausedAndResumed) {
+    PausingWalk walk(*this, GetParam());
+    ASSERT_TRUE(walk.waitUntilAsleep());
+    EXPECT_EQ(walk.begun(), setsBegunAt(GetParam()));
+    control_.setPauseDeletion(false);
+    expectMoved(walk.wait(), sets);
+}
+
+TEST_P(DeletionAtEachPoint, ItMayBePausedAndStopped) {
+    PausingWalk walk(*this, GetParam());
+    ASSERT_TRUE(walk.waitUntilAsleep());
+    control_.stop();
+    // Before a set that set is still done; before an extension nothing is.
+    expectMoved(walk.wait(), setsBegunAt(GetParam()) + (isLastOfExtension(GetParam()) ? 0 : 1));
+}
+
+// Behind the last set nothing looks at the flags.
+INSTANTIATE_TEST_SUITE_P(Points, DeletionAtEachPoint, ::testing::Range<std::size_t>(0, 29));
+
+TEST_F(Deletion, APauseDuringTheLastSetHoldsNothing) {
+    addExtension("jpg", {2});
+    modal_.markAllExtension();
+    EXPECT_EQ(
+        run([this](const Set&, const DeletionWalk::Progress&) { control_.setPauseDeletion(true); }),
+        (RemovalResult{1, 10}));
 }
 
 TEST_F(Deletion, TellsItsEndLast) {
@@ -252,7 +340,7 @@ TEST_F(Deletion, TellsItsEndLast) {
     modal_.markAllExtension();
     DeletionWalk walk(modal_, trash_, control_, {});
     std::atomic<std::size_t> movedAtEnd{0};
-    walk.start([&] { movedAtEnd = trash_.moves().size(); });
+    walk.start([&](const DeletionWalk::Progress&) { movedAtEnd = trash_.moves().size(); });
     walk.wait();
     EXPECT_EQ(movedAtEnd, 1U);
 }
@@ -268,6 +356,21 @@ TEST_F(ExceptionBatch, TakesTheMarkedFilesOut) {
     EXPECT_EQ(jpg->sets()[0]->files().size(), 2U);
     EXPECT_EQ(modal_.totalFilesSelected(), 0U);
     EXPECT_EQ(modal_.totalFiles(), 4U);
+}
+
+TEST_F(ExceptionBatch, IsAskedForOnlyWithSomethingMarked) {
+    EXPECT_FALSE(mayAddExceptions(modal_));
+    const auto jpg = addExtension("jpg", {2});
+    EXPECT_FALSE(mayAddExceptions(modal_));
+    mark(jpg, 0, 1);
+    EXPECT_TRUE(mayAddExceptions(modal_));
+    modal_.setTotalFiles(0);
+    EXPECT_FALSE(mayAddExceptions(modal_));
+}
+
+TEST(ExceptionList, MayBeEmptiedOnlyWhileSomethingIsInIt) {
+    EXPECT_FALSE(mayRemoveExceptions({}));
+    EXPECT_TRUE(mayRemoveExceptions({"/a.jpg"}));
 }
 
 TEST_F(ExceptionBatch, WithNothingMarkedChangesNothing) {

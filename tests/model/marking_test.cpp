@@ -1,6 +1,7 @@
 #include "model/marking.h"
 
 #include "model/file_store.h"
+#include "support/recording_trash.h"
 
 #include <gtest/gtest.h>
 
@@ -59,6 +60,18 @@ TEST_F(Marking, OfTheOtherOfTwoIsRefused) {
     EXPECT_EQ(set->setsState(), CheckState::on);
 }
 
+TEST_F(Marking, OfTheOnlyFileThatIsLeftIsRefused) {
+    const auto set = addSet(2);
+    RecordingTrash trash;
+    trash.addExisting(set->files()[0]->filePath());
+    toggle(set, 0);
+    modal_.removeSelectedFilesInSet(set, extension_, trash);
+    ASSERT_EQ(set->files().size(), 1U);
+    EXPECT_EQ(toggle(set, 0), ToggleAnswer::refused);
+    EXPECT_EQ(set->files()[0]->state(), CheckState::off);
+    EXPECT_EQ(modal_.totalFilesSelected(), 0U);
+}
+
 TEST_F(Marking, LeavesAnyOneFileNotOnlyTheFirst) {
     const auto set = addSet(3);
     toggle(set, 0);
@@ -106,6 +119,50 @@ TEST_F(Marking, HasAClassThatFollowsFromTheCounters) {
 
 TEST_F(Marking, OfNothingInAnEmptyListIsTheClassOfNothing) {
     EXPECT_EQ(selectionClassOf(Modal()), SelectionClass::nothing);
+}
+
+TEST(CurrentView, IsThatOfTheOneFlagThatIsSet) {
+    EXPECT_EQ(currentViewOf({.allTab = true}), ResultView::all);
+    EXPECT_EQ(currentViewOf({.imageTab = true}), ResultView::image);
+    EXPECT_EQ(currentViewOf({.videoTab = true}), ResultView::video);
+    EXPECT_EQ(currentViewOf({.audioTab = true}), ResultView::audio);
+    EXPECT_EQ(currentViewOf({.docsTab = true}), ResultView::documents);
+    EXPECT_EQ(currentViewOf({.othrTab = true}), ResultView::other);
+    EXPECT_EQ(currentViewOf({}), std::nullopt);
+}
+
+TEST(CurrentView, IsThatOfTheFirstFlagThatIsSetAudioBeforeVideo) {
+    ViewFlags flags{.allTab = true,
+                    .imageTab = true,
+                    .videoTab = true,
+                    .audioTab = true,
+                    .docsTab = true,
+                    .othrTab = true};
+    EXPECT_EQ(currentViewOf(flags), ResultView::all);
+    flags.allTab = false;
+    EXPECT_EQ(currentViewOf(flags), ResultView::image);
+    flags.imageTab = false;
+    EXPECT_EQ(currentViewOf(flags), ResultView::audio);
+    flags.audioTab = false;
+    EXPECT_EQ(currentViewOf(flags), ResultView::video);
+    flags.videoTab = false;
+    EXPECT_EQ(currentViewOf(flags), ResultView::documents);
+    flags.docsTab = false;
+    EXPECT_EQ(currentViewOf(flags), ResultView::other);
+}
+
+TEST_F(Marking, ADeletionBeginsOnlyWithSomethingMarked) {
+    const auto set = addSet(2);
+    EXPECT_EQ(deletionStartFor(modal_, false), DeletionStart::information);
+    toggle(set, 1);
+    EXPECT_EQ(deletionStartFor(modal_, true), DeletionStart::run);
+}
+
+TEST_F(Marking, ADeletionIsRefusedByTheButtonNotByTheCounter) {
+    const auto set = addSet(2);
+    EXPECT_EQ(deletionStartFor(modal_, true), DeletionStart::nothing);
+    toggle(set, 1);
+    EXPECT_EQ(deletionStartFor(modal_, false), DeletionStart::information);
 }
 
 TEST_F(Marking, ButtonsWithoutAnyExtension) {

@@ -1,5 +1,6 @@
 #include "scan/checked_trash.h"
 
+#include "model/deletion_walk.h"
 #include "model/file_store.h"
 #include "support/faulty_file_system.h"
 #include "support/recording_trash.h"
@@ -188,6 +189,48 @@ TEST_F(CheckedTrashTest, LeavesWhatCannotBeLookedAt) {
     fileSystem_.clearFaults();
     fileSystem_.failCall(FileCall::openRootDirectory, 1, EACCES);
     EXPECT_EQ(move(1), MoveOutcome::changed);
+}
+
+/// A Trash that takes files from the disk.
+class RemovingTrash final : public Trash {
+ public:
+    bool fileExistsAtPath(const std::string& path) override {
+        return std::filesystem::exists(path);
+    }
+    bool trashItemAtPath(const std::string& path) override { return std::filesystem::remove(path); }
+};
+
+TEST_F(CheckedTrashTest, KeepsTheLastOfASetInWhichEveryFileIsMarked) {
+    const auto set = std::make_shared<Set>();
+    set->setFiles(set_.files());
+    set->setTotalFilesInSet(2);
+    set->setTotalFilesInSetSize(8);
+    const auto txt = std::make_shared<Extensions>("txt");
+    txt->addSet(set);
+    Modal modal;
+    modal.addExtension(txt);
+    // The first by hand, then all by the box of the set: mixed, so the others are marked too.
+    modal.changeStateOfExtension(txt, set, set->files()[0]);
+    modal.changeStateOfExtension(txt, set, nullptr);
+    RemovingTrash disk;
+    CheckedTrash trash(fileSystem_, disk, [this](const File& file, MoveOutcome outcome) {
+        outcomes_.emplace_back(file.filePath(), outcome);
+    });
+    DeletionControl control;
+    DeletionWalk walk(
+        modal, trash, control,
+        [&trash](const Set& begun, const DeletionWalk::Progress&) { trash.beginSet(begun); });
+    walk.start();
+    EXPECT_EQ(walk.wait(), (RemovalResult{2, 8}));
+    EXPECT_EQ(outcomes_, (Outcomes{{path(0), MoveOutcome::moved},
+                                   {path(1), MoveOutcome::moved},
+                                   {path(2), MoveOutcome::lastCopy}}));
+    EXPECT_FALSE(std::filesystem::exists(path(0)));
+    EXPECT_FALSE(std::filesystem::exists(path(1)));
+    EXPECT_TRUE(std::filesystem::exists(path(2)));
+    ASSERT_EQ(set->files().size(), 1U);
+    EXPECT_EQ(set->files()[0]->filePath(), path(2));
+    EXPECT_EQ(set->files()[0]->state(), CheckState::on);
 }
 
 TEST_F(CheckedTrashTest, GoesOnWithTheNextSet) {
