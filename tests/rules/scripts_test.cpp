@@ -1,5 +1,5 @@
-#include "support/shell_command.h"
 #include "rules/project_files.h"
+#include "support/shell_command.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
