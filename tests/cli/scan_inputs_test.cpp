@@ -91,7 +91,7 @@ TEST(ScanInputs, AListThatIsAskedForMustBeThere) {
     options.exceptionsFile = folder.pathOf("none.plist");
     const ExceptionList list = exceptionsOf(options, platform);
     ASSERT_TRUE(list.error.has_value());
-    EXPECT_TRUE(list.error->missing);
+    EXPECT_EQ(list.error->kind, StoreError::Kind::missing);
 }
 
 TEST(ScanInputs, WithoutExceptionsNoListIsRead) {
