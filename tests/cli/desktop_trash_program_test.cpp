@@ -30,6 +30,9 @@ class DesktopSession final {
     std::string start_;
 };
 
+/// The program, without the desktop's own plug-in: the thread sanitizer does not see its locks.
+const std::string program = std::string("GIO_USE_VFS=local ") + TARVIN_PROGRAM;
+
 TEST(DesktopTrash, ListsWhatWasMovedWithThePlaceItCameFrom) {
     const TemporaryFolder home;
     const std::string first = home.writeFile("photos/a b.jpg", "equal");
@@ -45,9 +48,9 @@ TEST(DesktopTrash, PutsAFileBackWhereItWas) {
     const TemporaryFolder home;
     home.writeFile("photos/a.jpg", "equal");
     home.writeFile("photos/b.jpg", "equal");
-    const CommandResult result =
-        DesktopSession(home).run(TARVIN_PROGRAM " clean --yes \"" + home.pathOf("photos") +
-                                 "\" && gio trash --restore \"$(gio trash --list | cut -f 1)\"");
+    const CommandResult result = DesktopSession(home).run(
+        program + " clean --yes \"" + home.pathOf("photos") +
+        "\" && gio trash --restore \"$(gio trash --list | grep -F $HOME | cut -f 1)\"");
     EXPECT_TRUE(std::filesystem::exists(home.pathOf("photos/a.jpg"))) << result.output;
     EXPECT_TRUE(std::filesystem::exists(home.pathOf("photos/b.jpg"))) << result.output;
 }
