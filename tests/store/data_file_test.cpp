@@ -381,7 +381,7 @@ TEST_F(ExceptionFileTest, CountsInMemoryEvenWhereItCannotBeWritten) {
 /// Eight processes at once lose nothing of each other.
 TEST_F(ExceptionFileTest, AndTotalsKeepTheWorkOfEightProcesses) {
     constexpr int processes = 8;
-    constexpr int rounds = 25;
+    constexpr int rounds = 10;
     std::vector<pid_t> children;
     for (int process = 0; process < processes; ++process) {
         const pid_t child = ::fork();
