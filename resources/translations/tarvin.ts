@@ -1,0 +1,761 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" sourcelanguage="en">
+<context>
+    <name>tarvin::AboutPanel</name>
+    <message>
+        <source>Finds files with identical content, groups them into sets and moves the copies you choose to the Trash.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>© Tarvin Software. All rights reserved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::Alerts</name>
+    <message>
+        <source>Tarvin Duplicate File Remover</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::AppDelegate</name>
+    <message>
+        <source>A operation is in progress. Please stop the current process.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::CloseButton</name>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::DeletionPanel</name>
+    <message>
+        <source>Pause</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Moving to the Trash</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Deleting files, please wait...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Deletion progress</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Marked files go to the Trash. You can put them back from there.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionPanel</name>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add to Exceptions</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileDialogs</name>
+    <message>
+        <source>Add Folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Photos</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Photos</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileProperties</name>
+    <message>
+        <source> %1
+Size                          : %2
+Image Dimensions   : %3x%4
+Created Date           : %5
+Modified Date         : %6</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> %1
+Size                       : %2
+Created Date        : %3
+Modified Date       : %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::Help</name>
+    <message>
+        <source>Version %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::HomeScreen</name>
+    <message>
+        <source>Find duplicate files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose where to look. Identical files are grouped into sets, so you can review them and move the copies to the Trash.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scan Drives</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scan Folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::HomeTexts</name>
+    <message>
+        <source>Files cleaned so far: %1 (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::InformationPanel</name>
+    <message>
+        <source>Review</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::LocationScreen</name>
+    <message>
+        <source>Mark All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unmark All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove from List</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Photos</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check what to scan. Folders can also be dropped onto the list.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Locations</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing to list. Add folders or drop them here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose Locations</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::LocationTexts</name>
+    <message>
+        <source>File already added.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unsupported file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Image already added.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Folder already added.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select Folders (Double click to go deeper)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select Drive</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <comment>header of a column of check boxes</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select the check box and click &apos;Scan&apos; button to proceed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No Folders.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scan this location: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unmark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::MainWindow</name>
+    <message>
+        <source>Help</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>User Guide</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Contact Support</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check for Updates...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>About %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure, you want to stop this process?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All the files of same set cannot be selected</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ProgressScreen</name>
+    <message>
+        <source>Searching for duplicate files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Searching for duplicate files...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scan progress</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ResultScreen</name>
+    <message>
+        <source>Duplicate Files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unmark All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add to Exceptions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Exceptions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete Permanently</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sort by</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File order</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sort direction</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files of the set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File properties</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Created Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Modified Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dimension</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ascending</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Descending</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move Others to Trash</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark All in Set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unmark All in Set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Get Info</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ResultTable</name>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <comment>header of a column with the numbers of sets</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <comment>header of a column of check boxes</comment>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ResultTexts</name>
+    <message>
+        <source>Mark %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Partly marked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Marked Duplicate Files: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Marked File Size: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All the files of same set cannot be selected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Path: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Double Click On FIle To Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sort by size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sort by name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sort by created date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sort by modified date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sort by dimension</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ascending</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Descending</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duplicates Found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Review</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Media: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Documents: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Others: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Image Duplicates: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Video Duplicates: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Audio Duplicates: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Documents Duplicates: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other Duplicates: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Memory Occupied: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No Image Duplicates Found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No Video Duplicates Found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No Audio Duplicates Found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No Documents Duplicates Found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No Other Duplicates Found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please select any file to delete.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Deleting files, please wait...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure, you want to stop this process?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duplicates Cleaned: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Space Regained: %1 </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The selected files will be excluded from all future scans. Press &quot;OK&quot; to exclude.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The selected similar photos will be excluded from all future scans. Press &quot;Ok&quot; to exclude.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>
+Successfully added %1 files to exceptions.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure, you want to remove all exceptions?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>
+All exceptions has been removed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>YES</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>NO</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ResultTreeView</name>
+    <message>
+        <source>Extensions and sets</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ScanScreenTexts</name>
+    <message>
+        <source>Collecting Files...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Collecting Files: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Processing File: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Elapsed Time: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Searching for duplicate files...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Searching for duplicate files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No duplicates File found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::Screen</name>
+    <message>
+        <source>Home</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ViewBackground</name>
+    <message>
+        <source>Tarvin Duplicate File Remover</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Photos occupy most of the space on your Device. Many of them are duplicates. Clean all similar photos to recover space.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Search Exact</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Search photos that are similar enough</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>to be one and the same file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Search Similar</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Search photos that are similar</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,770 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>tarvin::AboutPanel</name>
+    <message>
+        <source>Finds files with identical content, groups them into sets and moves the copies you choose to the Trash.</source>
+        <translation>Findet Dateien mit gleichem Inhalt, fasst sie in Gruppen zusammen und verschiebt die Kopien, die Sie wählen, in den Papierkorb.</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>© Tarvin Software. All rights reserved.</source>
+        <translation>© Tarvin Software. Alle Rechte vorbehalten.</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::Alerts</name>
+    <message>
+        <source>Tarvin Duplicate File Remover</source>
+        <translation>Tarvin Duplicate File Remover</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::AppDelegate</name>
+    <message>
+        <source>A operation is in progress. Please stop the current process.</source>
+        <translation>Ein Vorgang läuft noch. Bitte brechen Sie ihn zuerst ab.</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::CloseButton</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::DeletionPanel</name>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Moving to the Trash</source>
+        <translation>In den Papierkorb verschieben</translation>
+    </message>
+    <message>
+        <source>Deleting files, please wait...</source>
+        <translation>Dateien werden gelöscht, bitte warten ...</translation>
+    </message>
+    <message>
+        <source>Deletion progress</source>
+        <translation>Fortschritt des Löschens</translation>
+    </message>
+    <message>
+        <source>Marked files go to the Trash. You can put them back from there.</source>
+        <translation>Markierte Dateien kommen in den Papierkorb. Von dort können Sie sie zurückholen.</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionPanel</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+    <message>
+        <source>Add to Exceptions</source>
+        <translation>Ausschließen</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileDialogs</name>
+    <message>
+        <source>Add Folders</source>
+        <translation>Ordner hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add Photos</source>
+        <translation>Fotos hinzufügen</translation>
+    </message>
+    <message>
+        <source>Photos</source>
+        <translation>Fotos</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileProperties</name>
+    <message>
+        <source> %1
+Size                          : %2
+Image Dimensions   : %3x%4
+Created Date           : %5
+Modified Date         : %6</source>
+        <translation> %1
+Größe              : %2
+Abmessungen   : %3x%4
+Erstellt               : %5
+Geändert           : %6</translation>
+    </message>
+    <message>
+        <source> %1
+Size                       : %2
+Created Date        : %3
+Modified Date       : %4</source>
+        <translation> %1
+Größe          : %2
+Erstellt           : %3
+Geändert       : %4</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::Help</name>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::HomeScreen</name>
+    <message>
+        <source>Find duplicate files</source>
+        <translation>Doppelte Dateien finden</translation>
+    </message>
+    <message>
+        <source>Choose where to look. Identical files are grouped into sets, so you can review them and move the copies to the Trash.</source>
+        <translation>Wählen Sie, wo gesucht wird. Gleiche Dateien erscheinen in Gruppen, so dass Sie sie prüfen und die Kopien in den Papierkorb verschieben können.</translation>
+    </message>
+    <message>
+        <source>Scan Drives</source>
+        <translation>Laufwerke durchsuchen</translation>
+    </message>
+    <message>
+        <source>Scan Folders</source>
+        <translation>Ordner durchsuchen</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::HomeTexts</name>
+    <message>
+        <source>Files cleaned so far: %1 (%2)</source>
+        <translation>Bisher bereinigte Dateien: %1 (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::InformationPanel</name>
+    <message>
+        <source>Review</source>
+        <translation>Ansehen</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::LocationScreen</name>
+    <message>
+        <source>Mark All</source>
+        <translation>Alle markieren</translation>
+    </message>
+    <message>
+        <source>Unmark All</source>
+        <translation>Keine markieren</translation>
+    </message>
+    <message>
+        <source>Remove from List</source>
+        <translation>Aus Liste entfernen</translation>
+    </message>
+    <message>
+        <source>Add Photos</source>
+        <translation>Fotos hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add Folders</source>
+        <translation>Ordner hinzufügen</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>Markieren</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Check what to scan. Folders can also be dropped onto the list.</source>
+        <translation>Kreuzen Sie an, was durchsucht wird. Ordner können auch auf die Liste gezogen werden.</translation>
+    </message>
+    <message>
+        <source>Locations</source>
+        <translation>Orte</translation>
+    </message>
+    <message>
+        <source>Nothing to list. Add folders or drop them here.</source>
+        <translation>Die Liste ist leer. Fügen Sie Ordner hinzu oder ziehen Sie sie hierher.</translation>
+    </message>
+    <message>
+        <source>Choose Locations</source>
+        <translation>Orte wählen</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::LocationTexts</name>
+    <message>
+        <source>File already added.</source>
+        <translation>Die Datei ist schon in der Liste.</translation>
+    </message>
+    <message>
+        <source>Unsupported file.</source>
+        <translation>Diese Art Datei wird nicht unterstützt.</translation>
+    </message>
+    <message>
+        <source>Image already added.</source>
+        <translation>Das Bild ist schon in der Liste.</translation>
+    </message>
+    <message>
+        <source>Folder already added.</source>
+        <translation>Der Ordner ist schon in der Liste.</translation>
+    </message>
+    <message>
+        <source>Select Folders (Double click to go deeper)</source>
+        <translation>Ordner wählen (Doppelklick öffnet einen Ordner)</translation>
+    </message>
+    <message>
+        <source>Select Drive</source>
+        <translation>Laufwerk wählen</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <comment>header of a column of check boxes</comment>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Select the check box and click &apos;Scan&apos; button to proceed.</source>
+        <translation>Kreuzen Sie das Kästchen an und klicken Sie auf „Suchen“, um fortzufahren.</translation>
+    </message>
+    <message>
+        <source>No Folders.</source>
+        <translation>Keine Ordner.</translation>
+    </message>
+    <message>
+        <source>Scan this location: %1</source>
+        <translation>Diesen Ort durchsuchen: %1</translation>
+    </message>
+    <message>
+        <source>Unmark</source>
+        <translation>Markierung aufheben</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>Markieren</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>Suchen</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::MainWindow</name>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>User Guide</source>
+        <translation>Benutzerhandbuch</translation>
+    </message>
+    <message>
+        <source>Contact Support</source>
+        <translation>Support kontaktieren</translation>
+    </message>
+    <message>
+        <source>Check for Updates...</source>
+        <translation>Nach Updates suchen ...</translation>
+    </message>
+    <message>
+        <source>About %1</source>
+        <translation>Info zu %1</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>Are you sure, you want to stop this process?</source>
+        <translation>Möchten Sie diesen Vorgang wirklich abbrechen?</translation>
+    </message>
+    <message>
+        <source>All the files of same set cannot be selected</source>
+        <translation>Nicht alle Dateien einer Gruppe können markiert werden</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ProgressScreen</name>
+    <message>
+        <source>Searching for duplicate files</source>
+        <translation>Suche nach doppelten Dateien</translation>
+    </message>
+    <message>
+        <source>Searching for duplicate files...</source>
+        <translation>Suche nach doppelten Dateien ...</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Scan progress</source>
+        <translation>Fortschritt der Suche</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ResultScreen</name>
+    <message>
+        <source>Duplicate Files</source>
+        <translation>Doppelte Dateien</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>Videos</translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation>Audio</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Dokumente</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Andere</translation>
+    </message>
+    <message>
+        <source>Mark All</source>
+        <translation>Alle markieren</translation>
+    </message>
+    <message>
+        <source>Unmark All</source>
+        <translation>Keine markieren</translation>
+    </message>
+    <message>
+        <source>Add to Exceptions</source>
+        <translation>Ausschließen</translation>
+    </message>
+    <message>
+        <source>Remove Exceptions</source>
+        <translation>Ausnahmen entfernen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation>In den Papierkorb</translation>
+    </message>
+    <message>
+        <source>Delete Permanently</source>
+        <translation>Endgültig löschen</translation>
+    </message>
+    <message>
+        <source>Sort by</source>
+        <translation>Sortieren</translation>
+    </message>
+    <message>
+        <source>File order</source>
+        <translation>Reihenfolge der Dateien</translation>
+    </message>
+    <message>
+        <source>Sort direction</source>
+        <translation>Sortierrichtung</translation>
+    </message>
+    <message>
+        <source>Files of the set</source>
+        <translation>Dateien der Gruppe</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>File properties</source>
+        <translation>Eigenschaften der Datei</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Created Date</source>
+        <translation>Erstellt</translation>
+    </message>
+    <message>
+        <source>Modified Date</source>
+        <translation>Geändert</translation>
+    </message>
+    <message>
+        <source>Dimension</source>
+        <translation>Abmessungen</translation>
+    </message>
+    <message>
+        <source>Ascending</source>
+        <translation>Aufsteigend</translation>
+    </message>
+    <message>
+        <source>Descending</source>
+        <translation>Absteigend</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>Markieren</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Im Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>Move Others to Trash</source>
+        <translation>Andere in den Papierkorb</translation>
+    </message>
+    <message>
+        <source>Mark All in Set</source>
+        <translation>Alle der Gruppe markieren</translation>
+    </message>
+    <message>
+        <source>Unmark All in Set</source>
+        <translation>Keine der Gruppe markieren</translation>
+    </message>
+    <message>
+        <source>Get Info</source>
+        <translation>Informationen</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ResultTable</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <comment>header of a column with the numbers of sets</comment>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <comment>header of a column of check boxes</comment>
+        <translation>Markieren</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ResultTexts</name>
+    <message>
+        <source>Mark %1</source>
+        <translation>%1 markieren</translation>
+    </message>
+    <message>
+        <source>Partly marked</source>
+        <translation>Teilweise markiert</translation>
+    </message>
+    <message>
+        <source>Marked Duplicate Files: %1</source>
+        <translation>Markierte Dateien: %1</translation>
+    </message>
+    <message>
+        <source>Marked File Size: %1</source>
+        <translation>Markierte Größe: %1</translation>
+    </message>
+    <message>
+        <source>All the files of same set cannot be selected</source>
+        <translation>Nicht alle Dateien einer Gruppe können markiert werden</translation>
+    </message>
+    <message>
+        <source>Path: %1</source>
+        <translation>Pfad: %1</translation>
+    </message>
+    <message>
+        <source>Double Click On FIle To Open</source>
+        <translation>Doppelklick auf die Datei öffnet sie</translation>
+    </message>
+    <message>
+        <source>Sort by size</source>
+        <translation>Nach Größe sortieren</translation>
+    </message>
+    <message>
+        <source>Sort by name</source>
+        <translation>Nach Name sortieren</translation>
+    </message>
+    <message>
+        <source>Sort by created date</source>
+        <translation>Nach Erstellungsdatum sortieren</translation>
+    </message>
+    <message>
+        <source>Sort by modified date</source>
+        <translation>Nach Änderungsdatum sortieren</translation>
+    </message>
+    <message>
+        <source>Sort by dimension</source>
+        <translation>Nach Abmessungen sortieren</translation>
+    </message>
+    <message>
+        <source>Ascending</source>
+        <translation>Aufsteigend</translation>
+    </message>
+    <message>
+        <source>Descending</source>
+        <translation>Absteigend</translation>
+    </message>
+    <message>
+        <source>Duplicates Found</source>
+        <translation>Doppelte Dateien gefunden</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Information</translation>
+    </message>
+    <message>
+        <source>Review</source>
+        <translation>Ansehen</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+    <message>
+        <source>Media: %1</source>
+        <translation>Medien: %1</translation>
+    </message>
+    <message>
+        <source>Documents: %1</source>
+        <translation>Dokumente: %1</translation>
+    </message>
+    <message>
+        <source>Others: %1</source>
+        <translation>Andere: %1</translation>
+    </message>
+    <message>
+        <source>Image Duplicates: %1</source>
+        <translation>Doppelte Bilder: %1</translation>
+    </message>
+    <message>
+        <source>Video Duplicates: %1</source>
+        <translation>Doppelte Videos: %1</translation>
+    </message>
+    <message>
+        <source>Audio Duplicates: %1</source>
+        <translation>Doppelte Audiodateien: %1</translation>
+    </message>
+    <message>
+        <source>Documents Duplicates: %1</source>
+        <translation>Doppelte Dokumente: %1</translation>
+    </message>
+    <message>
+        <source>Other Duplicates: %1</source>
+        <translation>Andere doppelte Dateien: %1</translation>
+    </message>
+    <message>
+        <source>Memory Occupied: %1</source>
+        <translation>Belegter Speicher: %1</translation>
+    </message>
+    <message>
+        <source>No Image Duplicates Found</source>
+        <translation>Keine doppelten Bilder gefunden</translation>
+    </message>
+    <message>
+        <source>No Video Duplicates Found</source>
+        <translation>Keine doppelten Videos gefunden</translation>
+    </message>
+    <message>
+        <source>No Audio Duplicates Found</source>
+        <translation>Keine doppelten Audiodateien gefunden</translation>
+    </message>
+    <message>
+        <source>No Documents Duplicates Found</source>
+        <translation>Keine doppelten Dokumente gefunden</translation>
+    </message>
+    <message>
+        <source>No Other Duplicates Found</source>
+        <translation>Keine anderen doppelten Dateien gefunden</translation>
+    </message>
+    <message>
+        <source>Please select any file to delete.</source>
+        <translation>Bitte markieren Sie eine Datei, die gelöscht werden soll.</translation>
+    </message>
+    <message>
+        <source>Deleting files, please wait...</source>
+        <translation>Dateien werden gelöscht, bitte warten ...</translation>
+    </message>
+    <message>
+        <source>Are you sure, you want to stop this process?</source>
+        <translation>Möchten Sie diesen Vorgang wirklich abbrechen?</translation>
+    </message>
+    <message>
+        <source>Duplicates Cleaned: %1</source>
+        <translation>Bereinigte Dateien: %1</translation>
+    </message>
+    <message>
+        <source>Space Regained: %1 </source>
+        <translation>Gewonnener Speicher: %1 </translation>
+    </message>
+    <message>
+        <source>The selected files will be excluded from all future scans. Press &quot;OK&quot; to exclude.</source>
+        <translation>Die gewählten Dateien werden von allen künftigen Suchläufen ausgeschlossen. Drücken Sie „OK“, um sie auszuschließen.</translation>
+    </message>
+    <message>
+        <source>The selected similar photos will be excluded from all future scans. Press &quot;Ok&quot; to exclude.</source>
+        <translation>Die gewählten ähnlichen Fotos werden von allen künftigen Suchläufen ausgeschlossen. Drücken Sie „Ok“, um sie auszuschließen.</translation>
+    </message>
+    <message>
+        <source>
+Successfully added %1 files to exceptions.</source>
+        <translation>
+%1 Dateien wurden ausgeschlossen.</translation>
+    </message>
+    <message>
+        <source>Are you sure, you want to remove all exceptions?</source>
+        <translation>Möchten Sie wirklich alle Ausnahmen entfernen?</translation>
+    </message>
+    <message>
+        <source>
+All exceptions has been removed.</source>
+        <translation>
+Alle Ausnahmen wurden entfernt.</translation>
+    </message>
+    <message>
+        <source>YES</source>
+        <translation>JA</translation>
+    </message>
+    <message>
+        <source>NO</source>
+        <translation>NEIN</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ResultTreeView</name>
+    <message>
+        <source>Extensions and sets</source>
+        <translation>Endungen, Gruppen</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ScanScreenTexts</name>
+    <message>
+        <source>Collecting Files...</source>
+        <translation>Dateien werden gesammelt ...</translation>
+    </message>
+    <message>
+        <source>Collecting Files: %1</source>
+        <translation>Sammle Dateien: %1</translation>
+    </message>
+    <message>
+        <source>Processing File: %1</source>
+        <translation>Vergleiche Datei: %1</translation>
+    </message>
+    <message>
+        <source>Elapsed Time: %1</source>
+        <translation>Verstrichene Zeit: %1</translation>
+    </message>
+    <message>
+        <source>Searching for duplicate files...</source>
+        <translation>Suche nach doppelten Dateien ...</translation>
+    </message>
+    <message>
+        <source>Searching for duplicate files</source>
+        <translation>Suche nach doppelten Dateien</translation>
+    </message>
+    <message>
+        <source>No duplicates File found</source>
+        <translation>Keine doppelten Dateien gefunden</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Fortsetzen</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::Screen</name>
+    <message>
+        <source>Home</source>
+        <translation>Startseite</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ViewBackground</name>
+    <message>
+        <source>Tarvin Duplicate File Remover</source>
+        <translation>Tarvin Duplicate File Remover</translation>
+    </message>
+    <message>
+        <source>Photos occupy most of the space on your Device. Many of them are duplicates. Clean all similar photos to recover space.</source>
+        <translation>Fotos belegen den größten Teil des Speichers auf Ihrem Gerät. Viele davon sind doppelt. Räumen Sie ähnliche Fotos auf, um Platz zu gewinnen.</translation>
+    </message>
+    <message>
+        <source>Search Exact</source>
+        <translation>Genau suchen</translation>
+    </message>
+    <message>
+        <source>Search photos that are similar enough</source>
+        <translation>Fotos suchen, die einander so gleichen,</translation>
+    </message>
+    <message>
+        <source>to be one and the same file.</source>
+        <translation>dass sie ein und dieselbe Datei sind.</translation>
+    </message>
+    <message>
+        <source>Search Similar</source>
+        <translation>Ähnlich suchen</translation>
+    </message>
+    <message>
+        <source>Search photos that are similar</source>
+        <translation>Fotos suchen, die einander ähneln</translation>
+    </message>
+</context>
+</TS>
