@@ -18,6 +18,11 @@ void DeletionControl::stop() {
     setPauseDeletion(false);
 }
 
+void DeletionControl::abandon() {
+    abandoned_ = true;
+    stop();
+}
+
 void DeletionControl::waitWhilePaused() const {
     while (pauseDeletion_) {
         pauseDeletion_.wait(true);
@@ -68,6 +73,9 @@ bool DeletionWalk::walkSetsOf(const std::shared_ptr<Extensions>& extension) {
             return false;
         }
         control_.waitWhilePaused();
+        if (control_.isAbandoned()) {
+            return false;
+        }
         progress_.indicator += std::uint64_t{set->files().size() == 1};
         if (set->setsState() == CheckState::off) {
             continue;

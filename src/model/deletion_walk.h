@@ -25,11 +25,15 @@ class DeletionControl final {
     void setPauseDeletion(bool pause);
     /// Stops this deletion and every later one: nothing clears the flag again. Ends a pause.
     void stop();
+    /// The same at the end of the program: a walk that is paused before a set does not begin it.
+    void abandon();
+    [[nodiscard]] bool isAbandoned() const { return abandoned_; }
     void waitWhilePaused() const;
 
  private:
     std::atomic<bool> stopDeletion_{false};
     std::atomic<bool> pauseDeletion_{false};
+    std::atomic<bool> abandoned_{false};
 };
 
 /// Moves the marked files of a result list to the Trash, set by set, on a thread of its own.

@@ -72,7 +72,7 @@ struct ButtonStates {
 [[nodiscard]] ButtonStates buttonStatesFor(const Modal& modal, bool exact,
                                            std::optional<ResultView> current);
 
-/// What a click on the deletion button does.
+/// What a person who asks for a deletion gets.
 enum class DeletionStart : std::uint8_t {
     information,  ///< it is said that nothing is marked
     nothing,

@@ -24,8 +24,8 @@ void SetTally::dropState(CheckState state) {
     mixed -= std::uint64_t{state == CheckState::mixed};
 }
 
-std::string Set::nameOfSet() const {
-    const std::uint64_t copies = std::uint64_t{files_.size()} - 1;
+std::string Set::nameOfSetWith(std::size_t files) {
+    const std::uint64_t copies = std::uint64_t{files} - 1;  // wraps for an empty set
     return "Set(" + std::to_string(copies) + ")";
 }
 

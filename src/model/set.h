@@ -48,7 +48,9 @@ class Set final {
     void addFiles(std::shared_ptr<File> file) { files_.push_back(std::move(file)); }
 
     /// "Set(N)" with the number of copies, which is the number of files less one.
-    [[nodiscard]] std::string nameOfSet() const;
+    [[nodiscard]] std::string nameOfSet() const { return nameOfSetWith(files_.size()); }
+    /// The same for a set of that many files.
+    [[nodiscard]] static std::string nameOfSetWith(std::size_t files);
 
     /// Marks every file from position 1 on and turns the state on, whatever the number of files.
     /// The file at position 0 survives: its own mark is neither set, cleared nor counted.

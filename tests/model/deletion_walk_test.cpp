@@ -247,6 +247,16 @@ TEST_F(Deletion, AStopWhileItWaitsBeforeASetStillDoesThatSet) {
     EXPECT_EQ(walk.wait(), (RemovalResult{2, 20}));
 }
 
+TEST_F(Deletion, AbandonedWhileItWaitsBeforeASetDoesNotBeginIt) {
+    addExtension("jpg", {2, 2, 2});
+    modal_.markAllExtension();
+    PausingWalk walk(*this, 0);
+    ASSERT_TRUE(walk.waitUntilAsleep());
+    control_.abandon();
+    EXPECT_EQ(walk.wait(), (RemovalResult{1, 10}));
+    EXPECT_EQ(run(), RemovalResult{});
+}
+
 TEST_F(Deletion, AStopWhileItWaitsBeforeAnExtensionDoesNoneOfItsSets) {
     addExtension("jpg", {2});
     addExtension("txt", {2, 2});

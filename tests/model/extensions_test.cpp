@@ -15,11 +15,6 @@
 namespace tarvin {
 namespace {
 
-constexpr auto off = CheckState::off;
-constexpr auto on = CheckState::on;
-constexpr auto mixed = CheckState::mixed;
-constexpr auto unexpected = static_cast<CheckState>(7);
-
 using Paths = std::vector<std::string>;
 using Marks = std::vector<CheckState>;
 

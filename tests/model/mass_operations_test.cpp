@@ -21,8 +21,6 @@
 namespace tarvin {
 namespace {
 
-constexpr auto off = CheckState::off;
-constexpr auto on = CheckState::on;
 constexpr std::size_t setCount = 200'000;
 constexpr std::uint64_t fileBytes = 10;
 constexpr double boundOnCostAboveTheSet = 20;

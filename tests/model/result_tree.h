@@ -6,12 +6,21 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <limits>
 #include <memory>
 #include <ostream>
 #include <string>
 #include <vector>
 
 namespace tarvin {
+
+inline constexpr auto off = CheckState::off;
+inline constexpr auto on = CheckState::on;
+inline constexpr auto mixed = CheckState::mixed;
+/// No state of a box.
+inline constexpr auto unexpected = static_cast<CheckState>(7);
+/// What a counter holds that was taken below zero.
+inline constexpr std::uint64_t wrapped = std::numeric_limits<std::uint64_t>::max();
 
 inline void PrintTo(CheckState state, std::ostream* out) {
     *out << "CheckState " << static_cast<int>(state);

@@ -8,19 +8,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <ostream>
 #include <string>
 #include <vector>
 
 namespace tarvin {
 namespace {
-
-constexpr auto off = CheckState::off;
-constexpr auto on = CheckState::on;
-constexpr auto mixed = CheckState::mixed;
-constexpr auto unexpected = static_cast<CheckState>(7);
-constexpr std::uint64_t wrapped = std::numeric_limits<std::uint64_t>::max();
 
 using Paths = std::vector<std::string>;
 using Marks = std::vector<CheckState>;
