@@ -4,17 +4,12 @@
 
 namespace tarvin {
 
-namespace {
-
-struct ChecksumDeleter {
-    void operator()(GChecksum* checksum) const { g_checksum_free(checksum); }
-};
-
-using Checksum = std::unique_ptr<GChecksum, ChecksumDeleter>;
-
-}  // namespace
-
 struct Md5::State {
+    struct Free {
+        void operator()(GChecksum* checksum) const { g_checksum_free(checksum); }
+    };
+    using Checksum = std::unique_ptr<GChecksum, Free>;
+
     Checksum checksum{g_checksum_new(G_CHECKSUM_MD5)};
 };
 
@@ -33,7 +28,7 @@ void Md5::update(std::span<const std::byte> bytes) {
 
 std::string Md5::hexDigest() const {
     // Asking a checksum ends it; a copy is asked, so that this one can go on.
-    const Checksum ended(g_checksum_copy(state_->checksum.get()));
+    const State::Checksum ended(g_checksum_copy(state_->checksum.get()));
     return g_checksum_get_string(ended.get());
 }
 

@@ -19,7 +19,6 @@ namespace {
 
 constexpr mode_t readableAndWritable = 0666;  // less what the user's mask takes away
 constexpr std::chrono::milliseconds betweenTries{5};
-constexpr int mostTries = 2000;
 constexpr int mostNamesTried = 10'000;
 
 SystemError lastError() {
@@ -164,7 +163,7 @@ std::optional<SystemError> makeFolders(const std::string& path) {
     return failure ? failure : std::optional(lastError());
 }
 
-Result<FolderLock> FolderLock::take(const std::string& folder) {
+Result<FolderLock> FolderLock::take(const std::string& folder, std::chrono::milliseconds patience) {
     if (const std::optional<SystemError> failure = makeFolders(folder)) {
         return *failure;
     }
@@ -173,11 +172,12 @@ Result<FolderLock> FolderLock::take(const std::string& folder) {
         return lastError();
     }
     FolderLock lock(descriptor);
-    for (int tries = 0; ::flock(descriptor, LOCK_EX | LOCK_NB) != 0; ++tries) {
+    const auto limit = std::chrono::steady_clock::now() + patience;
+    while (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
         if (errno != EWOULDBLOCK && errno != EINTR) {
             return lastError();
         }
-        if (tries == mostTries) {
+        if (std::chrono::steady_clock::now() > limit) {
             return SystemError{EBUSY};
         }
         std::this_thread::sleep_for(betweenTries);

@@ -2,6 +2,7 @@
 
 #include "platform/result.h"
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -28,8 +29,9 @@ Result<std::string> putAside(const std::string& path, std::string_view suffix);
 /// Keeps other processes, and other threads, from writing in a folder of ours at the same time.
 class FolderLock final {
  public:
-    /// Waits up to ten seconds for whoever holds it. A folder that is missing is made.
-    static Result<FolderLock> take(const std::string& folder);
+    /// Waits so long for whoever holds it. A folder that is missing is made.
+    static Result<FolderLock> take(const std::string& folder,
+                                   std::chrono::milliseconds patience = std::chrono::seconds(10));
 
     FolderLock(FolderLock&& other) noexcept;
     FolderLock& operator=(FolderLock&&) = delete;

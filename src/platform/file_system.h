@@ -115,6 +115,11 @@ class FileSystem {
 
     /// The attributes of one entry of an open folder.
     virtual Result<FileAttributes> attributesAt(const Descriptor& directory, const char* name) = 0;
+    /// The same of what a symbolic link leads to; of the entry itself if it is no link.
+    virtual Result<FileAttributes> targetAttributesAt(const Descriptor& directory,
+                                                      const char* name) = 0;
+    /// The attributes of the entry at a path, whether or not it can be opened.
+    virtual Result<FileAttributes> attributesAtPath(const std::string& path) = 0;
     /// The attributes of what is open.
     virtual Result<FileAttributes> attributesOf(const Descriptor& descriptor) = 0;
 

@@ -2,6 +2,7 @@
 
 #include "platform/clock.h"
 #include "platform/file_system.h"
+#include "platform/running_copies.h"
 #include "platform/trash.h"
 
 #include <optional>
@@ -38,10 +39,16 @@ class Platform {
     virtual FileSystem& fileSystem() = 0;
     virtual Clock& clock() = 0;
     virtual Trash& trash() = 0;
+    /// This process is none of the copies until it joins them.
+    virtual RunningCopies& runningCopies() = 0;
 
     /// The mounted volumes as they are now: the root first, then the others in the order in which
     /// they were mounted. Pseudo file systems are left out.
     virtual std::vector<Volume> mountedVolumes() = 0;
+
+    /// Whether a path is on a volume of another machine. Of all that is mounted, also where no
+    /// drives are listed.
+    virtual bool isOnNetwork(const std::string& path) = 0;
 
     /// The short name of the user of this process; none if the system does not know it.
     virtual std::optional<std::string> userName() = 0;

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <sstream>
@@ -173,6 +174,17 @@ TEST_F(DurableFile, OneLockAtATime) {
 TEST_F(DurableFile, ALockMakesAFolderThatIsMissing) {
     EXPECT_TRUE(FolderLock::take(folder_.pathOf("missing/inner")));
     EXPECT_TRUE(std::filesystem::is_directory(folder_.pathOf("missing/inner")));
+}
+
+TEST_F(DurableFile, TheLockIsNotWaitedForLongerThanAsked) {
+    const auto held = FolderLock::take(folder_.path());
+    ASSERT_TRUE(held);
+    const auto begin = std::chrono::steady_clock::now();
+    const auto refused = FolderLock::take(folder_.path(), std::chrono::milliseconds(20));
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().code, EBUSY);
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(20));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
 }
 
 TEST_F(DurableFile, ThereIsNoLockWhereAFileStands) {

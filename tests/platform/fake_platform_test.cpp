@@ -34,6 +34,15 @@ TEST(FakePlatform, AnswersWhatWasSet) {
     EXPECT_EQ(platform.applicationSupportFolder(), "/home/ann/data");
 }
 
+TEST(FakePlatform, RunsInOneCopyAtFirst) {
+    FakePlatform platform;
+    EXPECT_TRUE(platform.runningCopies().copies().empty());
+    ASSERT_TRUE(platform.runningCopies().join({}));
+    EXPECT_EQ(platform.runningCopies().copies(), std::vector<RunningCopy>{{1}});
+    platform.runningCopies().leave();
+    EXPECT_TRUE(platform.runningCopies().copies().empty());
+}
+
 TEST(FakeClock, StandsStillUntilItIsMoved) {
     FakeClock clock;
     EXPECT_EQ(clock.now(), clock.now());

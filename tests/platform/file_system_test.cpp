@@ -357,6 +357,54 @@ TEST_F(FileSystemAttributes, AreTheSameByNameAndOfWhatIsOpen) {
     EXPECT_EQ(openFolder->identity, attributesAt(tree_.path(), "folder").identity);
 }
 
+TEST_F(FileSystemAttributes, OfATargetAreThoseOfWhatALinkLeadsTo) {
+    tree_.writeFile("folder/file", "12345");
+    tree_.makeLink("link to file", "folder/file");
+    tree_.makeLink("link to folder", tree_.pathOf("folder"));
+    tree_.makeLink("link to link", "link to folder");
+    tree_.makeLink("link to nothing", "nowhere");
+    tree_.makeLink("link to itself", "link to itself");
+    const Descriptor opened = folder(tree_.path());
+    const auto target = [&](const char* name) {
+        return fileSystem_.targetAttributesAt(opened, name);
+    };
+    EXPECT_EQ(target("link to file")->type, EntryType::regular);
+    EXPECT_EQ(target("link to file")->size, 5u);
+    EXPECT_EQ(target("link to link")->identity, attributesAt(tree_.path(), "folder").identity);
+    EXPECT_EQ(target("folder")->identity, attributesAt(tree_.path(), "folder").identity);
+    EXPECT_EQ(errorOf(target("link to nothing")), ENOENT);
+    EXPECT_EQ(errorOf(target("link to itself")), ELOOP);
+}
+
+TEST_F(FileSystemAttributes, AtAPathAreThoseOfTheEntryItself) {
+    const std::string path = tree_.writeFile("folder/file", "12345");
+    const std::string link = tree_.makeLink("link", path);
+    const std::string pipe = tree_.makePipe("pipe");
+    EXPECT_EQ(fileSystem_.attributesAtPath(path)->size, 5u);
+    EXPECT_EQ(fileSystem_.attributesAtPath(path)->identity,
+              attributesAt(tree_.pathOf("folder"), "file").identity);
+    EXPECT_EQ(fileSystem_.attributesAtPath(tree_.path())->type, EntryType::directory);
+    EXPECT_EQ(fileSystem_.attributesAtPath(link)->type, EntryType::other);
+    EXPECT_EQ(fileSystem_.attributesAtPath(pipe)->type, EntryType::other);
+    EXPECT_EQ(errorOf(fileSystem_.attributesAtPath(tree_.pathOf("missing"))), ENOENT);
+    EXPECT_EQ(errorOf(fileSystem_.attributesAtPath(path + "/inside")), ENOTDIR);
+    EXPECT_EQ(errorOf(fileSystem_.attributesAtPath("")), ENOENT);
+}
+
+TEST_F(FileSystemAttributes, AtAPathNeedNoRightToOpenTheFile) {
+    const std::string path = tree_.writeFile("closed", "123");
+    ASSERT_EQ(::chmod(path.c_str(), 0), 0);
+    ASSERT_EQ(::chmod(tree_.path().c_str(), 0755), 0);
+    const WithoutRights guest;
+    EXPECT_EQ(fileSystem_.attributesAtPath(path)->size, 3u);
+}
+
+TEST_F(FileSystemAttributes, AtAPathMayBeBelowAnyNumberOfFolders) {
+    const std::string bottom = tree_.makeChain("", std::string(200, 'd'), 60, {"file"}, "123");
+    ASSERT_GT(bottom.size(), 10'000u);
+    EXPECT_EQ(fileSystem_.attributesAtPath(bottom + "/file")->size, 3u);
+}
+
 TEST_F(FileSystemAttributes, AreOneIdentityForAllNamesOfAFile) {
     const std::string path = tree_.writeFile("one");
     ASSERT_EQ(::link(path.c_str(), tree_.pathOf("other").c_str()), 0);

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarvin {
 namespace {
@@ -122,6 +123,21 @@ TEST(HomeTrash, IsInTheDataFolder) {
     environment.xdgDataHome = "/data";
     EXPECT_EQ(homeTrashFolder(environment), "/data/Trash");
     EXPECT_EQ(homeTrashFolder(UserEnvironment()), std::nullopt);
+}
+
+TEST(MeetingFolders, AreInTheRuntimeFolderThenInTheOneForTemporaryFiles) {
+    const std::string ofThisUser =
+        "/tmp/tarvin-duplicate-file-remover-" + std::to_string(::geteuid());
+    UserEnvironment environment;
+    environment.xdgRuntimeDir = "/run/user/1000/";
+    EXPECT_EQ(
+        meetingFolders(environment),
+        (std::vector<std::string>{"/run/user/1000/tarvin-duplicate-file-remover", ofThisUser}));
+    for (const char* useless : {"", "run/user"}) {
+        environment.xdgRuntimeDir = useless;
+        EXPECT_EQ(meetingFolders(environment), std::vector<std::string>{ofThisUser}) << useless;
+    }
+    EXPECT_EQ(meetingFolders(UserEnvironment()), std::vector<std::string>{ofThisUser});
 }
 
 TEST(UserDirectoriesFile, IsInTheConfigurationFolder) {

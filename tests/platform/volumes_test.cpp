@@ -137,6 +137,22 @@ TEST(Volumes, KeepPathsThatAreNotText) {
     EXPECT_EQ(volumes[1].path, "/mnt/\xff");
 }
 
+TEST(Network, IsWhereTheInnermostMountIsOfAnotherMachine) {
+    const auto mounts = parseMountInfo(
+        "27 1 8:1 / / rw - ext4 /dev/sda1 rw\n"
+        "28 27 0:40 / /home rw - cifs //server/homes rw\n"
+        "29 28 8:2 / /home/ann/disk rw - ext4 /dev/sda2 rw\n"
+        "30 27 0:41 / /srv rw - smb3 //server/srv rw\n"
+        "31 30 8:3 / /srv rw - ext4 /dev/sda3 rw\n");
+    EXPECT_TRUE(isOnNetwork("/home", mounts));
+    EXPECT_TRUE(isOnNetwork("/home/ann/Desktop", mounts));
+    EXPECT_FALSE(isOnNetwork("/home/ann/disk/Desktop", mounts));
+    EXPECT_FALSE(isOnNetwork("/homes/ann/Desktop", mounts));
+    EXPECT_FALSE(isOnNetwork("/srv/Desktop", mounts));
+    EXPECT_FALSE(isOnNetwork("/root", mounts));
+    EXPECT_FALSE(isOnNetwork("/root", {}));
+}
+
 TEST(VolumeKind, IsNetworkForSharesOfOtherMachines) {
     for (const char* type : {"cifs", "smb3", "smbfs"}) {
         EXPECT_EQ(kindOfType(type, neverRemovable), VolumeKind::network) << type;

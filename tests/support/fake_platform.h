@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/platform.h"
+#include "support/fake_running_copies.h"
 #include "support/recording_trash.h"
 
 #include <chrono>
@@ -55,10 +56,17 @@ class FakePlatform final : public Platform {
     FakeClock& clock() override { return clock_; }
     /// Used on one thread at a time, like every Trash.
     RecordingTrash& trash() override { return trash_; }
+    /// Used on one thread at a time, like all running copies.
+    FakeRunningCopies& runningCopies() override { return runningCopies_; }
 
     std::vector<Volume> mountedVolumes() override {
         const std::lock_guard lock(mutex_);
         return volumes_;
+    }
+
+    bool isOnNetwork(const std::string& path) override {
+        const std::lock_guard lock(mutex_);
+        return !networkFolder_.empty() && path.starts_with(networkFolder_);
     }
 
     std::optional<std::string> userName() override {
@@ -82,6 +90,12 @@ class FakePlatform final : public Platform {
         volumes_ = std::move(volumes);
     }
 
+    /// What begins with `path` is on another machine.
+    void setNetworkFolder(std::string path) {
+        const std::lock_guard lock(mutex_);
+        networkFolder_ = std::move(path);
+    }
+
     void setUserName(std::optional<std::string> name) {
         const std::lock_guard lock(mutex_);
         userName_ = std::move(name);
@@ -101,8 +115,10 @@ class FakePlatform final : public Platform {
     FileSystem& fileSystem_;
     FakeClock clock_;
     RecordingTrash trash_;
+    FakeRunningCopies runningCopies_;
     std::mutex mutex_;
     std::vector<Volume> volumes_;                                   // guarded by mutex_
+    std::string networkFolder_;                                     // guarded by mutex_
     std::optional<std::string> userName_;                           // guarded by mutex_
     std::map<UserFolder, std::optional<std::string>> userFolders_;  // guarded by mutex_
     std::optional<std::string> applicationSupportFolder_;           // guarded by mutex_

@@ -85,6 +85,11 @@ void FaultyFileSystem::setImmutable(const std::string& path) {
     immutable_.insert(path);
 }
 
+void FaultyFileSystem::setCreated(const std::string& path, Timestamp created) {
+    const std::lock_guard lock(mutex_);
+    created_[path] = created;
+}
+
 void FaultyFileSystem::setListingOrder(ListingOrder order, std::uint64_t seed) {
     const std::lock_guard lock(mutex_);
     order_ = order;
@@ -216,16 +221,29 @@ Result<FileAttributes> FaultyFileSystem::attributesAt(const Descriptor& director
     if (const auto error = enterAt(FileCall::attributesAt, folder->path, name)) {
         return *error;
     }
-    if (folder->invented != 0 && std::string_view(name).starts_with(inventedName)) {
-        FileAttributes attributes;
-        attributes.type = EntryType::regular;
-        return attributes;
+    if (const auto invented = inventedAttributes(*folder, name)) {
+        return *invented;
     }
-    Result<FileAttributes> attributes = real_.attributesAt(folder->real, name);
-    if (attributes && isMadeImmutable(entryPath(folder->path, name))) {
-        attributes->immutable = true;
+    return withFlags(real_.attributesAt(folder->real, name), entryPath(folder->path, name));
+}
+
+Result<FileAttributes> FaultyFileSystem::targetAttributesAt(const Descriptor& directory,
+                                                            const char* name) {
+    const std::shared_ptr<Open> folder = find(directory);
+    if (const auto error = enterAt(FileCall::targetAttributesAt, folder->path, name)) {
+        return *error;
     }
-    return attributes;
+    if (const auto invented = inventedAttributes(*folder, name)) {
+        return *invented;
+    }
+    return real_.targetAttributesAt(folder->real, name);
+}
+
+Result<FileAttributes> FaultyFileSystem::attributesAtPath(const std::string& path) {
+    if (const auto error = enter(FileCall::attributesAtPath, path)) {
+        return *error;
+    }
+    return withFlags(real_.attributesAtPath(path), path);
 }
 
 Result<FileAttributes> FaultyFileSystem::attributesOf(const Descriptor& descriptor) {
@@ -233,11 +251,7 @@ Result<FileAttributes> FaultyFileSystem::attributesOf(const Descriptor& descript
     if (const auto error = enter(FileCall::attributesOf, open->path)) {
         return *error;
     }
-    Result<FileAttributes> attributes = real_.attributesOf(open->real);
-    if (attributes && isMadeImmutable(open->path)) {
-        attributes->immutable = true;
-    }
-    return attributes;
+    return withFlags(real_.attributesOf(open->real), open->path);
 }
 
 Result<Descriptor> FaultyFileSystem::openFile(const std::string& path) {
@@ -483,9 +497,26 @@ void FaultyFileSystem::countRead(const Open& file, const Result<std::size_t>& re
     bytesRead_ += *read;
 }
 
-bool FaultyFileSystem::isMadeImmutable(const std::string& path) const {
+std::optional<FileAttributes> FaultyFileSystem::inventedAttributes(const Open& folder,
+                                                                   const char* name) {
+    if (folder.invented == 0 || !std::string_view(name).starts_with(inventedName)) {
+        return std::nullopt;
+    }
+    FileAttributes attributes;
+    attributes.type = EntryType::regular;
+    return attributes;
+}
+
+Result<FileAttributes> FaultyFileSystem::withFlags(Result<FileAttributes> attributes,
+                                                   const std::string& path) const {
     const std::lock_guard lock(mutex_);
-    return immutable_.contains(path);
+    if (attributes && immutable_.contains(path)) {
+        attributes->immutable = true;
+    }
+    if (const auto created = created_.find(path); attributes && created != created_.end()) {
+        attributes->created = created->second;
+    }
+    return attributes;
 }
 
 }  // namespace tarvin

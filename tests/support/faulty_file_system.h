@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_system.h"
+#include "platform/timestamp.h"
 
 #include <array>
 #include <cstddef>
@@ -26,6 +27,8 @@ enum class FileCall : std::uint8_t {
     openDirectoryAt,
     listEntries,
     attributesAt,
+    targetAttributesAt,
+    attributesAtPath,
     attributesOf,
     openFile,
     readAt,
@@ -81,6 +84,8 @@ class FaultyFileSystem final : public FileSystem {
     void setHomeTrash(std::optional<FileIdentity> identity);
     /// Says that the entry with exactly this path is immutable.
     void setImmutable(const std::string& path);
+    /// Says that the entry with exactly this path was made then.
+    void setCreated(const std::string& path, Timestamp created);
     /// Folders opened after this list their entries in that order.
     void setListingOrder(ListingOrder order, std::uint64_t seed = 0);
     /// Listings say no entry's type, as some file systems do.
@@ -114,6 +119,9 @@ class FaultyFileSystem final : public FileSystem {
     Result<Descriptor> openDirectoryAt(const Descriptor& parent, const char* name) override;
     Result<bool> listEntries(const Descriptor& directory, EntryBlock& block) override;
     Result<FileAttributes> attributesAt(const Descriptor& directory, const char* name) override;
+    Result<FileAttributes> targetAttributesAt(const Descriptor& directory,
+                                              const char* name) override;
+    Result<FileAttributes> attributesAtPath(const std::string& path) override;
     Result<FileAttributes> attributesOf(const Descriptor& descriptor) override;
     Result<Descriptor> openFile(const std::string& path) override;
     Result<std::size_t> readAtLeast(const Descriptor& file, std::uint64_t offset,
@@ -130,7 +138,7 @@ class FaultyFileSystem final : public FileSystem {
     void close(int number) override;
 
  private:
-    static constexpr std::size_t callKinds = 10;
+    static constexpr std::size_t callKinds = 12;
 
     struct Fault {
         std::uint64_t nth;
@@ -165,6 +173,9 @@ class FaultyFileSystem final : public FileSystem {
 
     std::optional<SystemError> enter(FileCall call, const std::string& path);
     std::optional<SystemError> enterAt(FileCall call, const std::string& folder, const char* name);
+    static std::optional<FileAttributes> inventedAttributes(const Open& folder, const char* name);
+    Result<FileAttributes> withFlags(Result<FileAttributes> attributes,
+                                     const std::string& path) const;
     std::optional<SystemError> reserveDescriptor();
     Result<Descriptor> keepOpen(Result<Descriptor> opened, const std::string& path, bool isFile);
     std::shared_ptr<Open> find(const Descriptor& descriptor) const;
@@ -172,7 +183,6 @@ class FaultyFileSystem final : public FileSystem {
     std::optional<SystemError> listAll(Open& folder);
     static bool listInvented(Open& folder, EntryBlock& block);
     void countRead(const Open& file, const Result<std::size_t>& read);
-    [[nodiscard]] bool isMadeImmutable(const std::string& path) const;
 
     FileSystem& real_;
 
@@ -194,6 +204,7 @@ class FaultyFileSystem final : public FileSystem {
     std::map<std::uint64_t, bool> pseudo_;
     std::optional<FileIdentity> homeTrash_;
     std::unordered_set<std::string> immutable_;
+    std::unordered_map<std::string, Timestamp> created_;
     std::unordered_map<std::string, std::uint64_t> invented_;  // by folder
     ListingOrder order_ = ListingOrder::asListed;
     std::uint64_t seed_ = 0;

@@ -91,13 +91,13 @@ class FileTree final {
         return path;
     }
 
-    /// `count` empty files in the folder `in` of the tree: "0.txt", "1.txt" and so on.
-    void makeFiles(std::string_view in, std::size_t count) const {
+    /// `count` empty files in the folder `in` of the tree: "0", "1" and so on with the ending.
+    void makeFiles(std::string_view in, std::size_t count, std::string_view ending = ".txt") const {
         const std::string path = makeFolder(in);
         const int folder = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
         check(folder, path);
         for (std::size_t number = 0; number < count; ++number) {
-            makeFileAt(folder, std::to_string(number) + ".txt");
+            makeFileAt(folder, std::to_string(number).append(ending));
         }
         ::close(folder);
     }

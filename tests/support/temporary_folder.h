@@ -14,7 +14,9 @@ namespace tarvin {
 /// hold slashes; folders in between are made.
 class TemporaryFolder final {
  public:
-    TemporaryFolder() : path_(std::filesystem::temp_directory_path() / "tarvin-test-XXXXXX") {
+    explicit TemporaryFolder(
+        const std::filesystem::path& parent = std::filesystem::temp_directory_path())
+        : path_(parent / "tarvin-test-XXXXXX") {
         if (::mkdtemp(path_.data()) == nullptr) {
             std::cerr << "No temporary folder at " << path_ << '\n';
             std::abort();

@@ -11,12 +11,12 @@
 namespace tarvin {
 
 /// How long a test waits for what must happen before it calls it a failure.
-inline constexpr std::chrono::seconds patience{20};
+inline constexpr std::chrono::seconds testPatience{20};
 
 /// Waits until `condition` holds; false if it does not in time.
 template <typename Condition>
 bool waitUntil(const Condition& condition) {
-    const auto limit = std::chrono::steady_clock::now() + patience;
+    const auto limit = std::chrono::steady_clock::now() + testPatience;
     while (!condition()) {
         if (std::chrono::steady_clock::now() > limit) {
             return false;

@@ -176,6 +176,20 @@ class LinuxFileSystem final : public FileSystem {
         return attributesFrom(directory.number(), name, AT_SYMLINK_NOFOLLOW);
     }
 
+    Result<FileAttributes> targetAttributesAt(const Descriptor& directory,
+                                              const char* name) override {
+        return attributesFrom(directory.number(), name, 0);
+    }
+
+    Result<FileAttributes> attributesAtPath(const std::string& path) override {
+        const Result<Descriptor> entry =
+            opened(openAnyLength(path, O_PATH | O_NOFOLLOW | O_CLOEXEC));
+        if (!entry) {
+            return entry.error();
+        }
+        return attributesOf(*entry);
+    }
+
     Result<FileAttributes> attributesOf(const Descriptor& descriptor) override {
         return attributesFrom(descriptor.number(), "", AT_EMPTY_PATH);
     }

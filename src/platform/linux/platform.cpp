@@ -2,11 +2,13 @@
 
 #include "platform/linux/block_devices.h"
 #include "platform/linux/mount_table.h"
+#include "platform/linux/running_copies.h"
 #include "platform/linux/small_file.h"
 #include "platform/linux/user_environment.h"
 #include "platform/linux/volumes.h"
 
 #include <cstddef>
+#include <memory>
 
 namespace tarvin {
 
@@ -26,10 +28,15 @@ class LinuxPlatform final : public Platform {
     FileSystem& fileSystem() override { return systemFileSystem(); }
     Clock& clock() override { return systemClock(); }
     Trash& trash() override { return systemTrash(); }
+    RunningCopies& runningCopies() override { return *runningCopies_; }
 
     std::vector<Volume> mountedVolumes() override {
         return volumesOf(readMountInfo().value_or(std::vector<MountEntry>()),
                          [](const MountEntry& mount) { return isRemovableDevice(mount.device); });
+    }
+
+    bool isOnNetwork(const std::string& path) override {
+        return tarvin::isOnNetwork(path, readMountInfo().value_or(std::vector<MountEntry>()));
     }
 
     std::optional<std::string> userName() override { return userNameOf(processEnvironment()); }
@@ -43,6 +50,10 @@ class LinuxPlatform final : public Platform {
     std::optional<std::string> applicationSupportFolder() override {
         return applicationSupportFolderOf(processEnvironment());
     }
+
+ private:
+    std::unique_ptr<RunningCopies> runningCopies_ =
+        makeRunningCopies(meetingFolders(processEnvironment()));
 };
 
 }  // namespace

@@ -2,13 +2,13 @@
 
 #include "platform/linux/user_environment.h"
 
+#include <dlfcn.h>
 #include <gio/gio.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <utility>
 
@@ -16,8 +16,38 @@ namespace tarvin {
 
 namespace {
 
-struct ObjectDeleter {
-    void operator()(GFile* file) const { g_object_unref(file); }
+/// What we call of the system's library. It is loaded when it is first needed, which many a start
+/// of the program never does: with all that it needs itself, it takes longer than our own code.
+class Library final {
+ public:
+    /// None where it cannot be loaded; one for the process.
+    static const Library* get() {
+        static const Library library;
+        return library.isWhole_ ? &library : nullptr;
+    }
+
+    decltype(&::g_get_user_data_dir) userDataDir = nullptr;
+    decltype(&::g_vfs_get_local) localVfs = nullptr;
+    decltype(&::g_vfs_get_file_for_path) fileForPath = nullptr;
+    decltype(&::g_file_trash) trash = nullptr;
+    decltype(&::g_object_unref) unref = nullptr;
+
+ private:
+    Library()
+        : handle_(::dlopen("libgio-2.0.so.0", RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE)),
+          isWhole_(find("g_get_user_data_dir", userDataDir) && find("g_vfs_get_local", localVfs) &&
+                   find("g_vfs_get_file_for_path", fileForPath) && find("g_file_trash", trash) &&
+                   find("g_object_unref", unref)) {}
+
+    template <typename Function>
+    bool find(const char* name, Function& function) const {
+        function =
+            handle_ == nullptr ? nullptr : reinterpret_cast<Function>(::dlsym(handle_, name));
+        return function != nullptr;
+    }
+
+    void* const handle_;
+    const bool isWhole_;
 };
 
 /// A note takes a block, and a folder may need another for the new names.
@@ -54,8 +84,8 @@ std::string volumeOf(std::string folder, dev_t device) {
 
 /// The system's library takes the folder of the home from the same variable, but a relative one,
 /// too, which would mean a Trash in whatever folder the program was started from.
-bool isLibraryAstray() {
-    return *g_get_user_data_dir() != '/';
+bool isAstray(const Library& library) {
+    return *library.userDataDir() != '/';
 }
 
 /// The desktop's Trash by its own rules, in this process: no service is asked (unless a person
@@ -68,18 +98,20 @@ class DesktopTrash final : public Trash {
     }
 
     bool trashItemAtPath(const std::string& path) override {
-        if (!hasPlaceFor(path)) {
+        const Library* const library = Library::get();
+        if (library == nullptr || !hasPlaceFor(path, *library)) {
             return false;
         }
-        const std::unique_ptr<GFile, ObjectDeleter> file(
-            g_vfs_get_file_for_path(g_vfs_get_local(), path.c_str()));
-        return g_file_trash(file.get(), nullptr, nullptr) == TRUE;
+        GFile* const file = library->fileForPath(library->localVfs(), path.c_str());
+        const bool moved = library->trash(file, nullptr, nullptr) == TRUE;
+        library->unref(file);
+        return moved;
     }
 
  private:
     /// What the library does not look at, though a file would be lost behind a link, and its note
     /// would be empty on a full volume.
-    bool hasPlaceFor(const std::string& path) {
+    bool hasPlaceFor(const std::string& path, const Library& library) {
         const auto homeTrash = homeTrashFolder(processEnvironment());
         const auto home = homeFolder(processEnvironment());
         struct stat item {};
@@ -89,7 +121,7 @@ class DesktopTrash final : public Trash {
             return false;
         }
         if (item.st_dev == homeStatus.st_dev) {
-            return !isLibraryAstray() && !hasLinks(*homeTrash);
+            return !isAstray(library) && !hasLinks(*homeTrash);
         }
         const bool isTheSame = device_ == item.st_dev && path.starts_with(volume_ + '/');
         if (volume_.empty() || !isTheSame) {

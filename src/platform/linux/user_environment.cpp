@@ -46,6 +46,7 @@ UserEnvironment readEnvironment() {
     environment.home = variable("HOME");
     environment.xdgConfigHome = variable("XDG_CONFIG_HOME");
     environment.xdgDataHome = variable("XDG_DATA_HOME");
+    environment.xdgRuntimeDir = variable("XDG_RUNTIME_DIR");
     addAccount(environment);
     return environment;
 }
@@ -207,6 +208,17 @@ std::optional<std::string> homeTrashFolder(const UserEnvironment& environment) {
 
 std::optional<std::string> userDirectoriesFile(const UserEnvironment& environment) {
     return below(configFolder(environment), "user-dirs.dirs");
+}
+
+std::vector<std::string> meetingFolders(const UserEnvironment& environment) {
+    constexpr std::string_view name = "tarvin-duplicate-file-remover";
+    std::vector<std::string> folders;
+    if (const auto inRuntimeDir = below(absoluteFolder(environment.xdgRuntimeDir), name)) {
+        folders.push_back(*inRuntimeDir);
+    }
+    // Not $TMPDIR: two copies may have been given different ones.
+    folders.push_back("/tmp/" + std::string(name) + '-' + std::to_string(::geteuid()));
+    return folders;
 }
 
 std::optional<std::string> userFolderOf(UserFolder folder, const UserEnvironment& environment,

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarvin {
 
@@ -17,6 +18,7 @@ struct UserEnvironment {
     std::optional<std::string> home;           ///< $HOME
     std::optional<std::string> xdgConfigHome;  ///< $XDG_CONFIG_HOME
     std::optional<std::string> xdgDataHome;    ///< $XDG_DATA_HOME
+    std::optional<std::string> xdgRuntimeDir;  ///< $XDG_RUNTIME_DIR
 };
 
 /// That of this process, asked for on the first call. Any thread.
@@ -43,6 +45,11 @@ struct UserEnvironment {
 
 /// The file in which the desktop keeps where the user's folders are.
 [[nodiscard]] std::optional<std::string> userDirectoriesFile(const UserEnvironment& environment);
+
+/// Where running copies of the program may meet, best first: a folder in $XDG_RUNTIME_DIR, then one
+/// of this user's in the folder for temporary files. They need not be there, and whose they are has
+/// to be looked at.
+[[nodiscard]] std::vector<std::string> meetingFolders(const UserEnvironment& environment);
 
 /// One of the user's folders, given the text of that file (empty if there is none). A folder the
 /// file does not set is the one of its English name in the home folder; one set to the home folder

@@ -71,6 +71,11 @@ Volume rootVolume(const std::vector<MountEntry>& mounts, const RemovableQuery& i
                                  : volumeOf(*last, isRemovable);
 }
 
+bool isInside(std::string_view path, std::string_view folder) {
+    return folder == "/" || path == folder ||
+           (path.starts_with(folder) && path.substr(folder.size()).starts_with('/'));
+}
+
 }  // namespace
 
 std::vector<Volume> volumesOf(const std::vector<MountEntry>& mounts,
@@ -82,6 +87,17 @@ std::vector<Volume> volumesOf(const std::vector<MountEntry>& mounts,
         }
     }
     return volumes;
+}
+
+bool isOnNetwork(std::string_view path, const std::vector<MountEntry>& mounts) {
+    const MountEntry* innermost = nullptr;
+    for (const MountEntry& mount : mounts) {
+        if (isInside(path, mount.mountPoint) &&
+            (innermost == nullptr || mount.mountPoint.size() >= innermost->mountPoint.size())) {
+            innermost = &mount;
+        }
+    }
+    return innermost != nullptr && isNetworkType(innermost->fileSystemType);
 }
 
 }  // namespace tarvin

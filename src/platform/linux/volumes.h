@@ -4,6 +4,7 @@
 #include "platform/platform.h"
 
 #include <functional>
+#include <string_view>
 #include <vector>
 
 namespace tarvin {
@@ -17,5 +18,9 @@ using RemovableQuery = std::function<bool(const MountEntry&)>;
 /// is there even if the table does not list it (a changed root), then without a type.
 [[nodiscard]] std::vector<Volume> volumesOf(const std::vector<MountEntry>& mounts,
                                             const RemovableQuery& isRemovable);
+
+/// Whether the innermost mount that a path lies in is of another machine; of several in one place,
+/// the last counts.
+[[nodiscard]] bool isOnNetwork(std::string_view path, const std::vector<MountEntry>& mounts);
 
 }  // namespace tarvin
