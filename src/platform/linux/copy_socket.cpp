@@ -1,0 +1,105 @@
+#include "platform/linux/copy_socket.h"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <optional>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+int newSocket() {
+    return ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+}
+
+/// The address of a path; none if it is too long for one.
+std::optional<sockaddr_un> addressOf(const std::string& path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (path.size() >= sizeof(address.sun_path)) {
+        return std::nullopt;
+    }
+    path.copy(address.sun_path, path.size());
+    return address;
+}
+
+const sockaddr* asAny(const sockaddr_un& address) {
+    const void* const any = &address;
+    return static_cast<const sockaddr*>(any);
+}
+
+}  // namespace
+
+Result<std::unique_ptr<CopySocket>> CopySocket::listen(
+    const std::string& path, std::function<void(std::string_view)> received) {
+    const auto address = addressOf(path);
+    if (!address) {
+        return SystemError{ENAMETOOLONG};
+    }
+    const int socket = newSocket();
+    if (socket < 0) {
+        return SystemError{errno};
+    }
+    const int wake =
+        ::bind(socket, asAny(*address), sizeof(*address)) == 0 ? ::eventfd(0, EFD_CLOEXEC) : -1;
+    if (wake < 0) {
+        const SystemError failure{errno};
+        ::close(socket);
+        return failure;
+    }
+    return std::unique_ptr<CopySocket>(new CopySocket(socket, wake, std::move(received)));
+}
+
+CopySocket::CopySocket(int socket, int wake, std::function<void(std::string_view)> received)
+    : socket_(socket), wake_(wake), received_(std::move(received)), thread_([this] { run(); }) {}
+
+CopySocket::~CopySocket() {
+    const std::uint64_t once = 1;
+    // An empty counter always has room.
+    static_cast<void>(::write(wake_, &once, sizeof(once)));
+    thread_.join();
+    ::close(wake_);
+    ::close(socket_);
+}
+
+bool CopySocket::send(const std::string& path, std::string_view message) {
+    const auto address = addressOf(path);
+    const int socket = address ? newSocket() : -1;
+    if (socket < 0) {
+        return false;
+    }
+    const ssize_t sent = ::sendto(socket, message.data(), message.size(), MSG_NOSIGNAL,
+                                  asAny(*address), sizeof(*address));
+    ::close(socket);
+    return sent >= 0;
+}
+
+void CopySocket::run() {
+    std::array<char, longestMessage> room{};
+    while (waitForMessage()) {
+        const ssize_t got = ::recv(socket_, room.data(), room.size(), 0);
+        if (got >= 0) {
+            received_({room.data(), static_cast<std::size_t>(got)});
+        }
+    }
+}
+
+/// False when the object goes, or the system gives up.
+bool CopySocket::waitForMessage() const {
+    std::array<pollfd, 2> waited{pollfd{wake_, POLLIN, 0}, pollfd{socket_, POLLIN, 0}};
+    int ready = -1;
+    do {
+        ready = ::poll(waited.data(), waited.size(), -1);
+    } while (ready < 0 && errno == EINTR);
+    return ready > 0 && waited[0].revents == 0;
+}
+
+}  // namespace tarvin

@@ -1,0 +1,269 @@
+#include "platform/linux/running_copies.h"
+
+#include "platform/durable_file.h"
+#include "platform/file_system.h"
+#include "platform/linux/copy_socket.h"
+#include "platform/linux/private_folder.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <chrono>
+#include <cstddef>
+#include <set>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+constexpr int mostNumbersTried = 1000;
+constexpr std::size_t portionBytes = std::size_t{32} << 10U;
+constexpr std::size_t longestToken = 1024;
+
+constexpr std::string_view namePrefix = "copy-";
+constexpr std::string_view lockSuffix = ".lock";
+constexpr std::string_view socketSuffix = ".socket";
+
+constexpr std::string_view quitMessage = "quit";
+constexpr std::string_view frontMessage = "front ";  // and the token
+
+std::string nameOf(std::uint64_t number, std::string_view suffix) {
+    return std::string(namePrefix).append(std::to_string(number)).append(suffix);
+}
+
+/// The number in the name of a copy's file; none for any other name.
+std::optional<std::uint64_t> numberIn(std::string_view name) {
+    std::uint64_t number = 0;
+    if (!name.starts_with(namePrefix)) {
+        return std::nullopt;
+    }
+    name.remove_prefix(namePrefix.size());
+    const auto read = std::from_chars(name.data(), name.data() + name.size(), number);
+    const std::string_view suffix = name.substr(static_cast<std::size_t>(read.ptr - name.data()));
+    const bool isOurs = read.ec == std::errc() && (suffix == lockSuffix || suffix == socketSuffix);
+    return isOurs ? std::optional(number) : std::nullopt;
+}
+
+/// The numbers of all files that copies have left in the folder, in order.
+std::set<std::uint64_t> numbersIn(const PrivateFolder& folder) {
+    std::set<std::uint64_t> numbers;
+    FileSystem& fileSystem = systemFileSystem();
+    const auto opened = fileSystem.openRootDirectory(folder.path());
+    EntryBlock block(portionBytes);
+    while (opened && fileSystem.listEntries(*opened, block) && !block.entries().empty()) {
+        for (const EntryBlock::Entry& entry : block.entries()) {
+            if (const auto number = numberIn(entry.name)) {
+                numbers.insert(*number);
+            }
+        }
+    }
+    return numbers;
+}
+
+enum class Life { lives, leaves, gone };
+
+void removeFiles(const PrivateFolder& folder, std::uint64_t number) {
+    ::unlinkat(folder.number(), nameOf(number, socketSuffix).c_str(), 0);
+    ::unlinkat(folder.number(), nameOf(number, lockSuffix).c_str(), 0);
+}
+
+/// Whether somebody holds the copy's file locked; if so, whether the copy still listens.
+Life lifeOf(const PrivateFolder& folder, std::uint64_t number) {
+    const int file = ::openat(folder.number(), nameOf(number, lockSuffix).c_str(),
+                              O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0) {
+        return Life::gone;
+    }
+    const bool isHeld = ::flock(file, LOCK_SH | LOCK_NB) != 0;
+    ::close(file);
+    if (!isHeld) {
+        return Life::gone;
+    }
+    const std::string socket = nameOf(number, socketSuffix);
+    const bool listens = ::faccessat(folder.number(), socket.c_str(), F_OK, 0) == 0;
+    return listens ? Life::lives : Life::leaves;
+}
+
+/// The copies that live, in order. What the others have left behind is removed. The folder is held
+/// locked, so that nobody is just being born.
+std::vector<RunningCopy> livingCopies(const PrivateFolder& folder) {
+    std::vector<RunningCopy> living;
+    for (const std::uint64_t number : numbersIn(folder)) {
+        switch (lifeOf(folder, number)) {
+            case Life::lives:
+                living.push_back({number});
+                break;
+            case Life::leaves:
+                break;
+            case Life::gone:
+                removeFiles(folder, number);
+                break;
+        }
+    }
+    return living;
+}
+
+/// The place of one copy: its two files. Goes with them.
+class Place final {
+ public:
+    /// A place behind all others.
+    static Result<std::unique_ptr<Place>> take(PrivateFolder folder, CopyRequests requests,
+                                               std::chrono::milliseconds patience);
+
+    Place(PrivateFolder folder, int file, std::uint64_t number)
+        : folder_(std::move(folder)), file_(file), number_(number) {}
+    Place(const Place&) = delete;
+    Place& operator=(const Place&) = delete;
+    ~Place() {
+        socket_.reset();
+        removeFiles(folder_, number_);
+        ::close(file_);
+    }
+
+    [[nodiscard]] RunningCopy copy() const { return {number_}; }
+    [[nodiscard]] const PrivateFolder& folder() const { return folder_; }
+
+ private:
+    std::optional<SystemError> listen(CopyRequests requests);
+    void obey(const CopyRequests& requests, std::string_view message) const;
+
+    PrivateFolder folder_;
+    const int file_;  // held locked
+    const std::uint64_t number_;
+    std::unique_ptr<CopySocket> socket_;
+};
+
+Result<std::unique_ptr<Place>> Place::take(PrivateFolder folder, CopyRequests requests,
+                                           std::chrono::milliseconds patience) {
+    const auto lock = FolderLock::take(folder.path(), patience);
+    if (!lock) {
+        return lock.error();
+    }
+    const std::vector<RunningCopy> living = livingCopies(folder);
+    std::uint64_t number = living.empty() ? 1 : living.back().number + 1;
+    int file = -1;
+    for (int tries = 0; file < 0; ++tries, ++number) {
+        file = ::openat(folder.number(), nameOf(number, lockSuffix).c_str(),
+                        O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+        if (file >= 0) {
+            break;
+        }
+        if (errno != EEXIST || tries == mostNumbersTried) {
+            return SystemError{errno};
+        }
+    }
+    auto place = std::make_unique<Place>(std::move(folder), file, number);
+    if (::flock(file, LOCK_EX | LOCK_NB) != 0) {
+        return SystemError{errno};
+    }
+    if (const auto failure = place->listen(std::move(requests))) {
+        return *failure;
+    }
+    return place;
+}
+
+std::optional<SystemError> Place::listen(CopyRequests requests) {
+    auto socket = CopySocket::listen(folder_.pathOf(nameOf(number_, socketSuffix)),
+                                     [this, requests = std::move(requests)](
+                                         std::string_view message) { obey(requests, message); });
+    if (!socket) {
+        return socket.error();
+    }
+    socket_ = std::move(*socket);
+    return std::nullopt;
+}
+
+void Place::obey(const CopyRequests& requests, std::string_view message) const {
+    if (message == quitMessage) {
+        // From now on nobody counts on this copy.
+        ::unlinkat(folder_.number(), nameOf(number_, socketSuffix).c_str(), 0);
+        requests.quit();
+    } else if (message.starts_with(frontMessage)) {
+        requests.comeToFront(std::string(message.substr(frontMessage.size())));
+    }
+}
+
+class LinuxRunningCopies final : public RunningCopies {
+ public:
+    LinuxRunningCopies(std::vector<std::string> folders, std::chrono::milliseconds patience)
+        : folders_(std::move(folders)), patience_(patience) {}
+
+    bool isAnyRunning() override {
+        return std::any_of(folders_.begin(), folders_.end(), [this](const std::string& path) {
+            const auto folder = PrivateFolder::open(path);
+            if (!folder) {
+                return false;
+            }
+            const auto lock = FolderLock::take(folder->path(), patience_);
+            return lock && !livingCopies(*folder).empty();
+        });
+    }
+
+    Result<RunningCopy> join(CopyRequests requests) override {
+        SystemError failure{ENOENT};
+        for (const std::string& path : folders_) {
+            auto folder = PrivateFolder::open(path);
+            if (!folder) {
+                failure = folder.error();
+                continue;
+            }
+            auto place = Place::take(std::move(*folder), requests, patience_);
+            if (place) {
+                place_ = std::move(*place);
+                return place_->copy();
+            }
+            failure = place.error();
+            if (failure.code == EBUSY) {
+                // The others are here; in another folder this copy would not see them.
+                break;
+            }
+        }
+        return failure;
+    }
+
+    void leave() override { place_.reset(); }
+
+    std::vector<RunningCopy> copies() override {
+        if (place_ == nullptr) {
+            return {};
+        }
+        const auto lock = FolderLock::take(place_->folder().path(), patience_);
+        return lock ? livingCopies(place_->folder()) : std::vector<RunningCopy>{place_->copy()};
+    }
+
+    bool askToQuit(RunningCopy copy) override { return send(copy, std::string(quitMessage)); }
+
+    bool bringToFront(RunningCopy copy, const std::string& activationToken) override {
+        const bool isToken = activationToken.size() <= longestToken;
+        return send(copy, std::string(frontMessage) + (isToken ? activationToken : std::string()));
+    }
+
+ private:
+    [[nodiscard]] bool send(RunningCopy copy, const std::string& message) const {
+        return place_ != nullptr &&
+               CopySocket::send(place_->folder().pathOf(nameOf(copy.number, socketSuffix)),
+                                message);
+    }
+
+    const std::vector<std::string> folders_;
+    // The folder is held locked for a few system calls, which take long only on a busy machine.
+    const std::chrono::milliseconds patience_;
+    std::unique_ptr<Place> place_;
+};
+
+}  // namespace
+
+std::unique_ptr<RunningCopies> makeRunningCopies(std::vector<std::string> folders,
+                                                 std::chrono::milliseconds patience) {
+    return std::make_unique<LinuxRunningCopies>(std::move(folders), patience);
+}
+
+}  // namespace tarvin

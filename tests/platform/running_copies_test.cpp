@@ -1,0 +1,324 @@
+#include "platform/linux/running_copies.h"
+
+#include "platform/durable_file.h"
+#include "support/file_tree.h"
+#include "support/waiting.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+/// A copy that notes what it is asked. Any number of them may be in one process.
+class Copy final {
+ public:
+    explicit Copy(std::vector<std::string> folders,
+                  std::chrono::milliseconds forOthers = std::chrono::seconds(5))
+        : copies_(makeRunningCopies(std::move(folders), forOthers)),
+          joined_(copies_->join({.quit = [this] { ++quits_; },
+                                 .comeToFront =
+                                     [this](const std::string& token) {
+                                         const std::lock_guard lock(mutex_);
+                                         tokens_.push_back(token);
+                                     }})) {}
+    Copy(const Copy&) = delete;
+    Copy& operator=(const Copy&) = delete;
+    ~Copy() { copies_->leave(); }
+
+    [[nodiscard]] bool hasJoined() const { return joined_.ok(); }
+    [[nodiscard]] int error() const { return joined_ ? 0 : joined_.error().code; }
+    /// 0 if it has not joined.
+    [[nodiscard]] std::uint64_t number() const { return joined_ ? joined_->number : 0; }
+    [[nodiscard]] RunningCopy self() const { return {number()}; }
+    RunningCopies& copies() { return *copies_; }
+    std::vector<std::uint64_t> numbers() {
+        std::vector<std::uint64_t> numbers;
+        for (const RunningCopy copy : copies_->copies()) {
+            numbers.push_back(copy.number);
+        }
+        return numbers;
+    }
+
+    [[nodiscard]] int quits() const { return quits_; }
+    [[nodiscard]] std::vector<std::string> tokens() const {
+        const std::lock_guard lock(mutex_);
+        return tokens_;
+    }
+
+ private:
+    std::atomic<int> quits_ = 0;
+    mutable std::mutex mutex_;
+    std::vector<std::string> tokens_;  // guarded by mutex_
+    std::unique_ptr<RunningCopies> copies_;
+    Result<RunningCopy> joined_;
+};
+
+using Numbers = std::vector<std::uint64_t>;
+
+class RunningCopiesTest : public ::testing::Test {
+ protected:
+    [[nodiscard]] std::set<std::string> files() const {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+            names.insert(entry.path().filename().native());
+        }
+        return names;
+    }
+
+    FileTree tree_;
+    const std::string folder_ = tree_.pathOf("meeting");
+    const std::vector<std::string> folders_{folder_};
+};
+
+class MeetingPlace : public RunningCopiesTest {};
+
+TEST_F(RunningCopiesTest, AreNoneBeforeThisOneJoins) {
+    const auto copies = makeRunningCopies(folders_);
+    EXPECT_TRUE(copies->copies().empty());
+    EXPECT_FALSE(copies->askToQuit({1}));
+    EXPECT_FALSE(copies->bringToFront({1}, {}));
+    copies->leave();
+}
+
+TEST_F(RunningCopiesTest, AreSeenByThoseThatHaveNotJoined) {
+    const auto outside = makeRunningCopies(folders_);
+    EXPECT_FALSE(outside->isAnyRunning());
+    {
+        const Copy copy(folders_);
+        EXPECT_TRUE(outside->isAnyRunning());
+        EXPECT_TRUE(outside->copies().empty());
+    }
+    EXPECT_FALSE(outside->isAnyRunning());
+}
+
+TEST_F(RunningCopiesTest, AreSeenWhereverTheyMeet) {
+    const std::string second = tree_.pathOf("second");
+    const Copy copy({second});
+    ASSERT_TRUE(copy.hasJoined());
+    EXPECT_TRUE(makeRunningCopies({folder_, second})->isAnyRunning());
+    EXPECT_FALSE(makeRunningCopies({tree_.pathOf("missing/meeting")})->isAnyRunning());
+    EXPECT_FALSE(makeRunningCopies({})->isAnyRunning());
+}
+
+TEST_F(RunningCopiesTest, BeginWithTheFirst) {
+    Copy only(folders_);
+    EXPECT_EQ(only.number(), 1u);
+    EXPECT_EQ(only.numbers(), Numbers{1});
+}
+
+TEST_F(RunningCopiesTest, AreInTheOrderOfTheirStart) {
+    Copy first(folders_);
+    Copy second(folders_);
+    Copy third(folders_);
+    for (Copy* copy : {&first, &second, &third}) {
+        EXPECT_EQ(copy->numbers(), (Numbers{1, 2, 3}));
+    }
+    EXPECT_EQ(third.number(), 3u);
+}
+
+TEST_F(RunningCopiesTest, AreInTheOrderOfTheirStartBeyondNine) {
+    std::vector<std::unique_ptr<Copy>> many;
+    Numbers expected;
+    for (std::uint64_t number = 1; number <= 12; ++number) {
+        many.push_back(std::make_unique<Copy>(folders_));
+        expected.push_back(number);
+    }
+    EXPECT_EQ(many.back()->numbers(), expected);
+}
+
+TEST_F(RunningCopiesTest, DoNotIncludeOnesThatHaveLeft) {
+    Copy first(folders_);
+    Copy second(folders_);
+    first.copies().leave();
+    EXPECT_EQ(second.numbers(), Numbers{2});
+    EXPECT_TRUE(first.numbers().empty());
+    EXPECT_FALSE(second.copies().bringToFront({1}, {}));
+}
+
+TEST_F(RunningCopiesTest, ComeAfterAllThatRun) {
+    Copy first(folders_);
+    auto second = std::make_unique<Copy>(folders_);
+    Copy third(folders_);
+    second.reset();
+    const Copy fourth(folders_);
+    EXPECT_EQ(fourth.number(), 4u);
+    EXPECT_EQ(first.numbers(), (Numbers{1, 3, 4}));
+}
+
+TEST_F(RunningCopiesTest, LeaveNothingBehind) {
+    { const Copy copy(folders_); }
+    EXPECT_EQ(files(), std::set<std::string>{});
+}
+
+TEST_F(RunningCopiesTest, AreAskedToQuitOneByOne) {
+    Copy first(folders_);
+    Copy second(folders_);
+    Copy third(folders_);
+    EXPECT_TRUE(first.copies().askToQuit(second.self()));
+    EXPECT_TRUE(waitUntil([&] { return second.quits() == 1; }));
+    EXPECT_EQ(first.quits(), 0);
+    EXPECT_EQ(third.quits(), 0);
+}
+
+TEST_F(RunningCopiesTest, DoNotIncludeOnesThatWereAskedToQuit) {
+    Copy first(folders_);
+    Copy second(folders_);
+    Copy third(folders_);
+    EXPECT_TRUE(third.copies().askToQuit(second.self()));
+    ASSERT_TRUE(waitUntil([&] { return second.quits() == 1; }));
+    EXPECT_EQ(third.numbers(), (Numbers{1, 3}));
+    EXPECT_FALSE(third.copies().askToQuit(second.self()));
+    // It is there still, and its place is not given away.
+    Copy fourth(folders_);
+    EXPECT_EQ(fourth.number(), 4u);
+}
+
+TEST_F(RunningCopiesTest, MayAskThemselves) {
+    Copy copy(folders_);
+    EXPECT_TRUE(copy.copies().askToQuit(copy.self()));
+    EXPECT_TRUE(waitUntil([&] { return copy.quits() == 1; }));
+}
+
+TEST_F(RunningCopiesTest, ComeToTheFrontWithTheTokenOfTheDesktop) {
+    Copy first(folders_);
+    Copy second(folders_);
+    EXPECT_TRUE(second.copies().bringToFront(first.self(), "token 1"));
+    EXPECT_TRUE(second.copies().bringToFront(first.self(), {}));
+    // Nothing that a desktop would give.
+    EXPECT_TRUE(second.copies().bringToFront(first.self(), std::string(5000, 't')));
+    ASSERT_TRUE(waitUntil([&] { return first.tokens().size() == 3; }));
+    EXPECT_EQ(first.tokens(), (std::vector<std::string>{"token 1", "", ""}));
+    EXPECT_EQ(first.quits(), 0);
+}
+
+TEST_F(MeetingPlace, IsMadeForTheUserAlone) {
+    const Copy copy(folders_);
+    EXPECT_EQ(std::filesystem::status(folder_).permissions(), std::filesystem::perms(0700));
+}
+
+TEST_F(MeetingPlace, IsClearedOfWhatCrashedCopiesLeft) {
+    ASSERT_EQ(::mkdir(folder_.c_str(), 0700), 0);
+    tree_.writeFile("meeting/copy-1.lock");
+    tree_.makeSocket("meeting/copy-1.socket");
+    tree_.makeSocket("meeting/copy-4.socket");
+    tree_.writeFile("meeting/copy-18446744073709551615.lock");
+    Copy copy(folders_);
+    EXPECT_EQ(copy.numbers(), Numbers{1});
+    EXPECT_EQ(files(), (std::set<std::string>{"copy-1.lock", "copy-1.socket"}));
+}
+
+TEST_F(MeetingPlace, KeepsWhatIsNotOfCopies) {
+    ASSERT_EQ(::mkdir(folder_.c_str(), 0700), 0);
+    const std::set<std::string> others{"copy-.lock", "copy-1.txt", "copy-x.lock", "notes",
+                                       "copy-99999999999999999999.lock"};
+    for (const std::string& name : others) {
+        tree_.writeFile("meeting/" + name);
+    }
+    { const Copy copy(folders_); }
+    EXPECT_EQ(files(), others);
+}
+
+TEST_F(MeetingPlace, MayHoldWhatCannotBeRemoved) {
+    ASSERT_EQ(::mkdir(folder_.c_str(), 0700), 0);
+    tree_.makeFolder("meeting/copy-1.lock");
+    tree_.makeFolder("meeting/copy-2.socket");
+    tree_.makePipe("meeting/copy-3.lock");
+    const Copy copy(folders_);
+    EXPECT_EQ(copy.error(), EADDRINUSE);
+    std::filesystem::remove(tree_.pathOf("meeting/copy-2.socket"));
+    Copy next(folders_);
+    EXPECT_EQ(next.numbers(), Numbers{2});
+}
+
+TEST_F(MeetingPlace, MayLieDeep) {
+    const std::string deep = tree_.makeFolder(std::string(150, 'd') + '/' + std::string(150, 'e'));
+    Copy first({deep + "/meeting"});
+    Copy second({deep + "/meeting"});
+    EXPECT_TRUE(second.copies().askToQuit(first.self()));
+    EXPECT_TRUE(waitUntil([&] { return first.quits() == 1; }));
+}
+
+TEST_F(MeetingPlace, IsNotOneThatOthersMayEnter) {
+    for (const mode_t mode : {0777U, 0750U, 0705U, 0701U}) {
+        tree_.makeFolder("meeting");
+        ASSERT_EQ(::chmod(folder_.c_str(), mode), 0);
+        const Copy copy(folders_);
+        EXPECT_EQ(copy.error(), EACCES) << mode;
+        EXPECT_EQ(files(), std::set<std::string>{}) << mode;
+    }
+}
+
+TEST_F(MeetingPlace, IsNotOneOfSomebodyElse) {
+    std::string foreign = "/usr";
+    if (::geteuid() == 0) {
+        foreign = tree_.makeFolder("foreign");
+        ASSERT_EQ(::chmod(foreign.c_str(), 0700), 0);
+        ASSERT_EQ(::chown(foreign.c_str(), 65534, 65534), 0);
+    }
+    const Copy copy({foreign});
+    EXPECT_EQ(copy.error(), EACCES);
+}
+
+TEST_F(MeetingPlace, IsNotBehindALink) {
+    ASSERT_EQ(::mkdir(tree_.pathOf("real").c_str(), 0700), 0);
+    tree_.makeLink("meeting", "real");
+    const Copy copy(folders_);
+    EXPECT_FALSE(copy.hasJoined());
+    EXPECT_TRUE(std::filesystem::is_empty(tree_.pathOf("real")));
+}
+
+TEST_F(MeetingPlace, IsTheNextIfOneCannotBeUsed) {
+    tree_.writeFile("file");
+    // The last one is this user's alone, and nobody can make a file in it.
+    for (const std::string& useless :
+         {tree_.pathOf("missing/meeting"), tree_.pathOf("file"), std::string("/proc/self/fd")}) {
+        Copy copy({useless, folder_});
+        EXPECT_EQ(copy.numbers(), Numbers{1}) << useless;
+        EXPECT_EQ(files().size(), 2u) << useless;
+    }
+}
+
+TEST_F(MeetingPlace, MayBeNowhere) {
+    Copy nowhere({});
+    EXPECT_FALSE(nowhere.hasJoined());
+    Copy copy({tree_.pathOf("missing/meeting"), "/proc/self/fd"});
+    EXPECT_FALSE(copy.hasJoined());
+    EXPECT_TRUE(copy.numbers().empty());
+    EXPECT_EQ(keepFirstCopyOnly(copy.copies(), {}), std::nullopt);
+}
+
+TEST_F(MeetingPlace, IsNotWaitedForLongerThanAsked) {
+    constexpr std::chrono::milliseconds briefly{20};
+    Copy first(folders_, briefly);
+    const auto held = FolderLock::take(folder_);
+    ASSERT_TRUE(held);
+    // Not even a free place will do: the others would not be there.
+    const auto begin = std::chrono::steady_clock::now();
+    const Copy second({folder_, tree_.pathOf("free")}, briefly);
+    EXPECT_EQ(second.error(), EBUSY);
+    EXPECT_EQ(first.numbers(), Numbers{1});
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+}
+
+TEST_F(MeetingPlace, MayVanishWhileCopiesRun) {
+    Copy copy(folders_);
+    std::filesystem::remove_all(folder_);
+    EXPECT_TRUE(copy.numbers().empty());
+    EXPECT_FALSE(copy.copies().askToQuit(copy.self()));
+    EXPECT_EQ(keepFirstCopyOnly(copy.copies(), {}), std::nullopt);
+}
+
+}  // namespace
+}  // namespace tarvin

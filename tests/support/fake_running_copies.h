@@ -1,0 +1,107 @@
+#pragma once
+
+#include "platform/running_copies.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+
+/// Copies of the program that are only said to run. At first this process would be the only one.
+/// One thread at a time; the requests are called at once, on that thread.
+class FakeRunningCopies final : public RunningCopies {
+ public:
+    /// What join() fails with from now on.
+    void refuseToJoin(SystemError error) { refusal_ = error; }
+    /// Others that run already, in order, with numbers below and above that of this process, which
+    /// is `number`.
+    void setOthers(std::vector<RunningCopy> others, RunningCopy thisCopy) {
+        others_ = std::move(others);
+        thisCopy_ = thisCopy;
+    }
+    /// What another copy asks of this one; it must have joined.
+    void askThisToQuit() const { requests_.quit(); }
+    void bringThisToFront(const std::string& activationToken = {}) const {
+        requests_.comeToFront(activationToken);
+    }
+
+    [[nodiscard]] bool hasJoined() const { return joined_; }
+    [[nodiscard]] const std::vector<RunningCopy>& askedToQuit() const { return askedToQuit_; }
+    [[nodiscard]] const std::vector<RunningCopy>& broughtToFront() const { return front_; }
+    [[nodiscard]] const std::string& lastToken() const { return lastToken_; }
+
+    bool isAnyRunning() override { return joined_ || !others_.empty(); }
+
+    Result<RunningCopy> join(CopyRequests requests) override {
+        if (refusal_) {
+            return *refusal_;
+        }
+        requests_ = std::move(requests);
+        joined_ = true;
+        return thisCopy_;
+    }
+
+    void leave() override { joined_ = false; }
+
+    std::vector<RunningCopy> copies() override {
+        if (!joined_) {
+            return {};
+        }
+        std::vector<RunningCopy> all = others_;
+        all.push_back(thisCopy_);
+        std::sort(all.begin(), all.end(),
+                  [](RunningCopy one, RunningCopy other) { return one.number < other.number; });
+        return all;
+    }
+
+    bool askToQuit(RunningCopy copy) override {
+        if (!isThere(copy)) {
+            return false;
+        }
+        askedToQuit_.push_back(copy);
+        if (copy == thisCopy_) {
+            requests_.quit();
+        }
+        return true;
+    }
+
+    bool bringToFront(RunningCopy copy, const std::string& activationToken) override {
+        if (!isThere(copy)) {
+            return false;
+        }
+        front_.push_back(copy);
+        lastToken_ = activationToken;
+        if (copy == thisCopy_) {
+            requests_.comeToFront(activationToken);
+        }
+        return true;
+    }
+
+    /// A copy ends just before it would be asked for anything: it is still listed once.
+    void endBeforeItIsAsked(RunningCopy copy) { ending_.push_back(copy); }
+
+ private:
+    bool isThere(RunningCopy copy) {
+        if (std::erase(ending_, copy) > 0) {
+            std::erase(others_, copy);
+            return false;
+        }
+        return copy == thisCopy_ ||
+               std::find(others_.begin(), others_.end(), copy) != others_.end();
+    }
+
+    CopyRequests requests_;
+    std::optional<SystemError> refusal_;
+    std::vector<RunningCopy> others_;
+    std::vector<RunningCopy> ending_;
+    RunningCopy thisCopy_{1};
+    std::vector<RunningCopy> askedToQuit_;
+    std::vector<RunningCopy> front_;
+    std::string lastToken_;
+    bool joined_ = false;
+};
+
+}  // namespace tarvin
