@@ -25,7 +25,7 @@ namespace {
 constexpr const char* description =
     "Moves the duplicates in FOLDER... to the Trash; one file of each set stays.";
 
-constexpr const char* examples =
+constexpr const char* cleanExamples =
     "Examples:\n"
     "  tarvin clean --dry-run ~/Pictures ~/Downloads\n"
     "  tarvin clean ~/Pictures\n"
@@ -65,7 +65,7 @@ void forEachMarkedFile(const Modal& modal, const Action& action) {
 
 CLI::App& CleanCommand::addTo(CLI::App& program) {
     CLI::App* command = program.add_subcommand("clean", description);
-    command->footer(examples);
+    command->footer(cleanExamples);
     command->add_flag("--dry-run", dryRun_, "Only tell what would be moved");
     command->add_flag("--yes", yes_, "Move without asking");
     addScanOptions(*command, options_);

@@ -1,9 +1,9 @@
 #include "cli/exceptions_command.h"
 
-#include "cli/file_paths.h"
 #include "cli/messages.h"
 #include "cli/print.h"
 #include "cli/shown_name.h"
+#include "platform/file_paths.h"
 #include "platform/file_system.h"
 #include "scan/clean_texts.h"
 
@@ -17,7 +17,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr const char* examples =
+constexpr const char* exceptionsExamples =
     "Examples:\n"
     "  tarvin exceptions add ~/Pictures/keep-both.jpg\n"
     "  tarvin exceptions list\n"
@@ -77,7 +77,7 @@ std::string asLine(std::string_view text) {
 CLI::App& ExceptionsCommand::addTo(CLI::App& program) {
     CLI::App* command = program.add_subcommand(
         "exceptions", "Shows or changes the list of files that no scan looks at.");
-    command->footer(examples);
+    command->footer(exceptionsExamples);
     list_ = command->add_subcommand("list", "Prints the files on the list.");
     add_ = command->add_subcommand("add", "Puts FILE... on the list.");
     add_->add_option("FILE", files_, "Which files")->type_name("")->required();

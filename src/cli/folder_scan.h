@@ -1,11 +1,11 @@
 #pragma once
 
-#include "cli/progress_mailbox.h"
 #include "cli/scan_inputs.h"
 #include "cli/scan_options.h"
 #include "cli/scan_report.h"
 #include "platform/platform.h"
 #include "scan/exception_filter.h"
+#include "scan/progress_mailbox.h"
 #include "scan/scan_run.h"
 
 #include <memory>

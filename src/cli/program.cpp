@@ -29,7 +29,7 @@ constexpr const char* description =
     "Finds byte-for-byte identical files and moves copies to the Trash.\n"
     "'tarvin COMMAND --help' explains a command.";
 
-constexpr const char* examples =
+constexpr const char* programExamples =
     "Examples:\n"
     "  tarvin scan ~/Pictures ~/Downloads\n"
     "  tarvin scan --format json --output duplicates.json ~/Pictures\n"
@@ -107,7 +107,7 @@ int runProgram(std::span<const char* const> arguments, Platform& platform) {
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
     CLI::App program(description, "tarvin");
     program.formatter(std::make_shared<HelpFormatter>());
-    program.footer(examples);
+    program.footer(programExamples);
     program.set_help_flag("-h,--help", "Print this text, or that of a command, and exit");
     program.set_version_flag("--version", TARVIN_VERSION, "Print the version and exit");
     // None is allowed here so that a wrong option is what gets told, not the missing command.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/progress_mailbox.h"
+#include "scan/progress_mailbox.h"
 
 #include <cstddef>
 #include <string>

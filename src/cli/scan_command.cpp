@@ -19,7 +19,7 @@ namespace {
 
 constexpr const char* description = "Finds the files in FOLDER... whose contents are identical.";
 
-constexpr const char* examples =
+constexpr const char* scanExamples =
     "Examples:\n"
     "  tarvin scan ~/Pictures ~/Downloads\n"
     "  tarvin scan --format json --output duplicates.json ~/Pictures\n"
@@ -39,7 +39,7 @@ constexpr const char* examples =
 
 CLI::App& ScanCommand::addTo(CLI::App& program) {
     CLI::App* command = program.add_subcommand("scan", description);
-    command->footer(examples);
+    command->footer(scanExamples);
     addScanOptions(*command, options_);
     return *command;
 }

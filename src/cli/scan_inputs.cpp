@@ -1,6 +1,6 @@
 #include "cli/scan_inputs.h"
 
-#include "cli/file_paths.h"
+#include "platform/file_paths.h"
 
 #include <optional>
 

@@ -14,7 +14,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr const char* examples =
+constexpr const char* totalsExamples =
     "Exit status:\n"
     "  0    done\n"
     "  1    the totals could not be read, or not be printed\n"
@@ -25,7 +25,7 @@ constexpr const char* examples =
 CLI::App& TotalsCommand::addTo(CLI::App& program) {
     CLI::App* command = program.add_subcommand(
         "totals", "Tells how many files were moved to the Trash over all runs.");
-    command->footer(examples);
+    command->footer(totalsExamples);
     return *command;
 }
 

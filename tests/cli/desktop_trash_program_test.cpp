@@ -1,3 +1,4 @@
+#include "cli/program_run.h"
 #include "support/shell_command.h"
 #include "support/temporary_folder.h"
 
@@ -32,7 +33,7 @@ class DesktopSession final {
 
 /// The program, without the desktop's own plug-in: with it GLib has threads whose locks the thread
 /// sanitizer does not see.
-const std::string program = std::string("GIO_USE_VFS=local ") + TARVIN_PROGRAM;
+const std::string program = "GIO_USE_VFS=local " + ProgramRun::program();
 
 TEST(DesktopTrash, ListsWhatWasMovedWithThePlaceItCameFrom) {
     const TemporaryFolder home;

@@ -110,8 +110,9 @@ TEST_F(ResultOutput, AFailureIsToldEvenIfEverythingElseWentWell) {
 }
 
 TEST_F(ResultOutput, AStandardOutputThatIsClosedIsAFailureAndNoOtherFileIsWrittenTo) {
-    const std::string command = "'" TARVIN_PROGRAM "' scan '" + folder_.pathOf("photos") +
-                                "' >&- 2>'" + folder_.pathOf("errors") + "'";
+    const std::string command = "'" + ProgramRun::program() + "' scan '" +
+                                folder_.pathOf("photos") + "' >&- 2>'" + folder_.pathOf("errors") +
+                                "'";
     const int status = std::system(command.c_str());  // NOLINT(concurrency-mt-unsafe)
     EXPECT_EQ(WEXITSTATUS(status), 1);
     EXPECT_EQ(contentOf(folder_.pathOf("errors")),

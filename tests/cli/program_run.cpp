@@ -36,7 +36,7 @@ constexpr std::chrono::seconds longest{60};
         for (const auto& [name, value] : setting.environment) {
             ::setenv(name.c_str(), value.c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
         }
-        ::execv(TARVIN_PROGRAM, arguments.data());
+        ::execv(arguments.front(), arguments.data());
     }
     ::_exit(127);
 }
@@ -56,9 +56,13 @@ int statusOf(int waitStatus) {
 
 }  // namespace
 
+std::string ProgramRun::program() {
+    return TARVIN_PROGRAM;
+}
+
 ProgramRun::ProgramRun(const Words& arguments, const ProgramSetting& setting)
     : deadline_(std::chrono::steady_clock::now() + longest) {
-    Words words{TARVIN_PROGRAM};
+    Words words{program()};
     words.insert(words.end(), arguments.begin(), arguments.end());
     const std::vector<char*> pointers = pointersTo(words);
     ProgramSetting complete = setting;

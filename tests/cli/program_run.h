@@ -35,6 +35,9 @@ class ProgramRun final {
  public:
     using Words = std::vector<std::string>;
 
+    /// The path of the program.
+    static std::string program();
+
     explicit ProgramRun(const Words& arguments, const ProgramSetting& setting = {});
     ProgramRun(const ProgramRun&) = delete;
     ProgramRun& operator=(const ProgramRun&) = delete;

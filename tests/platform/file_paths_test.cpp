@@ -1,4 +1,4 @@
-#include "cli/file_paths.h"
+#include "platform/file_paths.h"
 
 #include "support/temporary_folder.h"
 

@@ -1,4 +1,4 @@
-#include "cli/progress_mailbox.h"
+#include "scan/progress_mailbox.h"
 
 #include <gtest/gtest.h>
 
@@ -64,6 +64,38 @@ TEST(ProgressMailbox, MayBeToldAndAskedOnSeveralThreads) {
     }
     teller.join();
     EXPECT_EQ(mailbox.latest().path, "/a/1000");
+}
+
+TEST(ProgressMailbox, ALookIsAnsweredAsAQuestionIs) {
+    ProgressMailbox mailbox;
+    mailbox.comparisonStarted(7);
+    mailbox.processing("/a/two.jpg", 5);
+    Progress progress;
+    mailbox.look(progress);
+    EXPECT_TRUE(progress.comparing);
+    EXPECT_EQ(progress.path, "/a/two.jpg");
+    EXPECT_EQ(progress.total, 7U);
+    EXPECT_EQ(progress.processed, 5U);
+}
+
+TEST(ProgressMailbox, ALookInTheMiddleOfTellingShowsWhatWasSeenBefore) {
+    constexpr std::uint64_t times = 1000;
+    ProgressMailbox mailbox;
+    mailbox.comparisonStarted(times);
+    std::thread teller([&mailbox] {
+        for (std::uint64_t number = 1; number <= times; ++number) {
+            mailbox.processing("/a/" + std::to_string(number), number);
+        }
+    });
+    Progress progress;
+    while (progress.processed < times) {
+        const std::uint64_t seen = progress.processed;
+        mailbox.look(progress);
+        ASSERT_GE(progress.processed, seen);
+        ASSERT_EQ(progress.path,
+                  progress.processed == 0 ? "" : "/a/" + std::to_string(progress.processed));
+    }
+    teller.join();
 }
 
 }  // namespace

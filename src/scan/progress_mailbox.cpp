@@ -1,4 +1,4 @@
-#include "cli/progress_mailbox.h"
+#include "scan/progress_mailbox.h"
 
 #include <algorithm>
 
@@ -28,9 +28,21 @@ void ProgressMailbox::elapsed(const std::string& text) {
     latest_.elapsed = text;
 }
 
+void ProgressMailbox::clear() {
+    const std::lock_guard lock(mutex_);
+    latest_ = {};
+}
+
 Progress ProgressMailbox::latest() const {
     const std::lock_guard lock(mutex_);
     return latest_;
+}
+
+void ProgressMailbox::look(Progress& progress) const {
+    const std::unique_lock lock(mutex_, std::try_to_lock);
+    if (lock) {
+        progress = latest_;
+    }
 }
 
 }  // namespace tarvin

@@ -26,8 +26,15 @@ class ProgressMailbox final : public ScanObserver {
     void processing(const std::string& path, std::uint64_t processed) override;
     void elapsed(const std::string& text) override;
 
+    /// Forgets what was told, before another scan.
+    void clear();
+
     /// What has been told. The scan does not tell the bytes it has read: they are 0.
     [[nodiscard]] Progress latest() const;
+
+    /// The same, for whoever must not wait: leaves `progress` as it is if the scan is telling
+    /// something at the very moment.
+    void look(Progress& progress) const;
 
  private:
     mutable std::mutex mutex_;
