@@ -1,5 +1,6 @@
 #include "scan/checked_trash.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 
@@ -25,7 +26,13 @@ CheckedTrash::CheckedTrash(FileSystem& fileSystem, Trash& trash, Report report,
       report_(std::move(report)),
       stopped_(std::move(stopped)) {}
 
+CheckedTrash::CheckedTrash(FileSystem& fileSystem, Trash& trash, WholeSets wholeSets)
+    : fileSystem_(fileSystem), trash_(trash), wholeSets_(wholeSets) {}
+
 void CheckedTrash::beginSet(const Set& set) {
+    mayTakeAll_ = wholeSets_ == WholeSets::goIfMarked &&
+                  std::all_of(set.files().begin(), set.files().end(),
+                              [](const auto& file) { return file->state() != CheckState::off; });
     files_.clear();
     byPath_.clear();
     survivor_ = 0;
@@ -63,7 +70,7 @@ MoveOutcome CheckedTrash::move(const File& file, const std::string& path) {
     if (!isAsCompared(file, place->attributes)) {
         return MoveOutcome::changed;
     }
-    if (!anotherIsThere(file, *place)) {
+    if (!mayTakeAll_ && !anotherIsThere(file, *place)) {
         return MoveOutcome::lastCopy;
     }
     return trash_.trashItemAtPath(path) ? MoveOutcome::moved : MoveOutcome::refused;

@@ -31,10 +31,17 @@ class CheckedTrash final : public Trash {
  public:
     using Report = std::function<void(const File& file, MoveOutcome outcome)>;
 
+    /// What becomes of a set whose every file is marked, which takes a person's own hand.
+    enum class WholeSets : std::uint8_t {
+        keepOne,    ///< the last one is not taken
+        goIfMarked  ///< it is
+    };
+
     /// Both outlive it. `report` is told of each file that is asked for; `stopped` is asked before
     /// each. Either may be empty.
     CheckedTrash(FileSystem& fileSystem, Trash& trash, Report report = {},
                  std::function<bool()> stopped = {});
+    CheckedTrash(FileSystem& fileSystem, Trash& trash, WholeSets wholeSets);
 
     /// Says which set the files asked for from now on are of. It must live until the next.
     void beginSet(const Set& set);
@@ -59,6 +66,8 @@ class CheckedTrash final : public Trash {
     Trash& trash_;
     const Report report_;
     const std::function<bool()> stopped_;
+    const WholeSets wholeSets_ = WholeSets::keepOne;
+    bool mayTakeAll_ = false;         // of the set
     std::vector<const File*> files_;  // of the set, as it was at its begin
     std::unordered_map<std::string, const File*> byPath_;
     std::size_t survivor_ = 0;  // in `files_`: the one found there last

@@ -194,14 +194,4 @@ void Collector::waitWhilePaused() {
     observer_.collectionPaused(false);
 }
 
-bool imageIsAlreadyThere(const std::vector<LocationRow>& rows, std::string_view path) {
-    return std::any_of(rows.begin(), rows.end(), [path](const LocationRow& row) {
-        if (row.name == path) {
-            return true;
-        }
-        return pathExtension(row.name).empty() && path.starts_with(row.name) &&
-               path.substr(row.name.size()).starts_with('/');
-    });
-}
-
 }  // namespace tarvin

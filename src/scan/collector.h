@@ -75,8 +75,4 @@ class Collector final {
     std::vector<UnreadableLocation> unreadable_;
 };
 
-/// Whether the location list covers `path` already: a row has that name, or a row whose name has no
-/// extension is a folder above it. A row such as "/home/ann/photos.old" covers nothing beneath it.
-bool imageIsAlreadyThere(const std::vector<LocationRow>& rows, std::string_view path);
-
 }  // namespace tarvin

@@ -26,7 +26,6 @@ constexpr std::size_t fingerprintedEnd = 256;
 constexpr std::size_t mostFilesKeptOpen = 32;
 // Larger classes than this are told apart by fingerprints first.
 constexpr std::size_t worthFingerprints = 64;
-constexpr std::size_t filesAShare = 32;
 constexpr std::size_t groupsAShare = 4;
 
 using WholeFile = ContentPartition::WholeFile;
@@ -253,10 +252,11 @@ std::optional<std::vector<FileGroup>> ContentPartition::proveOpen(std::span<File
 void ContentPartition::look(std::span<File* const> files, Seen& seen) {
     seen.stamps.resize(files.size());
     seen.fingerprints.resize(files.size() > worthFingerprints ? files.size() : 0);
-    const std::size_t shares = (files.size() + filesAShare - 1) / filesAShare;
+    const std::size_t shares =
+        (files.size() + WorkerPool::filesAShare - 1) / WorkerPool::filesAShare;
     pool_.forEach(shares, [&](std::size_t share) {
-        const std::size_t end = std::min(files.size(), (share + 1) * filesAShare);
-        for (std::size_t number = share * filesAShare; number < end; ++number) {
+        const std::size_t end = std::min(files.size(), (share + 1) * WorkerPool::filesAShare);
+        for (std::size_t number = share * WorkerPool::filesAShare; number < end; ++number) {
             lookAt(static_cast<std::uint32_t>(number), *files[number], seen);
         }
     });

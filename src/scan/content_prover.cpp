@@ -21,7 +21,6 @@ constexpr std::size_t smallGroup = 32;
 constexpr std::size_t slabsForLargeGroup = 16;
 // From here on the files of a group are shared out among the workers.
 constexpr std::size_t groupWorthSharing = 128;
-constexpr std::size_t filesAShare = 32;
 // A group with more than this to compare is cut into stretches for several workers.
 constexpr std::uint64_t stretchWorthSharing = 4 * 1024 * 1024;
 constexpr std::uint64_t largestStretch = 8 * 1024 * 1024;
@@ -156,10 +155,11 @@ class ContentProver::Window final {
             visitAll(others);
             return;
         }
-        const std::size_t shares = (others.size() + filesAShare - 1) / filesAShare;
+        const std::size_t shares =
+            (others.size() + WorkerPool::filesAShare - 1) / WorkerPool::filesAShare;
         prover_.pool_.forEach(shares, [this, others](std::size_t share) {
-            const std::size_t from = share * filesAShare;
-            visitAll(others.subspan(from, std::min(filesAShare, others.size() - from)));
+            const std::size_t from = share * WorkerPool::filesAShare;
+            visitAll(others.subspan(from, std::min(WorkerPool::filesAShare, others.size() - from)));
         });
     }
 

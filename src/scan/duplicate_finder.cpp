@@ -169,6 +169,10 @@ class DuplicateFinder::CategoryComparison final {
         if (number == SizeClasses::noClass) {
             return {};
         }
+        if (!isTold_ && !batchOf_[number]->done) {
+            // It may take long; what was told last is done with.
+            finder_.tellOf(*list_[pivot]);
+        }
         batchOf_[number]->done.wait(false);
         if (nextEqual_[pivot] == none) {
             return {};
@@ -186,7 +190,7 @@ class DuplicateFinder::CategoryComparison final {
 
     void take(std::uint32_t position) {
         taken_[position] = true;
-        finder_.updateProgressBarWith(*list_[position]);
+        isTold_ = finder_.updateProgressBarWith(*list_[position]);
     }
 
     void dropTaken() {
@@ -208,6 +212,7 @@ class DuplicateFinder::CategoryComparison final {
     std::vector<Batch*> batchOf_;           // by class
     std::vector<std::uint32_t> nextEqual_;  // by position; written before the batch is done
     std::vector<bool> taken_;               // by position; the walk's own
+    bool isTold_ = false;                   // the file taken last was told of
 };
 
 DuplicateFinder::DuplicateFinder(FileSystem& fileSystem, WorkerPool& pool,
@@ -242,11 +247,19 @@ std::shared_ptr<Set> DuplicateFinder::setOfFileDetailsFrom(
     return set;
 }
 
-void DuplicateFinder::updateProgressBarWith(const File& file) {
+bool DuplicateFinder::updateProgressBarWith(const File& file) {
     const std::uint64_t processed = processed_.fetch_add(1, std::memory_order_relaxed) + 1;
     // While paused the screen keeps what it showed at the moment of pausing.
-    if (!control_.pause() && gate_.due()) {
-        observer_.processing(file.filePath(), processed);
+    if (control_.pause() || !gate_.due()) {
+        return false;
+    }
+    observer_.processing(file.filePath(), processed);
+    return true;
+}
+
+void DuplicateFinder::tellOf(const File& file) {
+    if (!control_.pause()) {
+        observer_.processing(file.filePath(), processed_.load(std::memory_order_relaxed));
     }
 }
 

@@ -54,7 +54,10 @@ class DuplicateFinder final {
  private:
     class CategoryComparison;
 
-    void updateProgressBarWith(const File& file);
+    /// Counts a file and, unless another was told of a moment ago, tells of it; whether it did.
+    bool updateProgressBarWith(const File& file);
+    /// Tells of a file however short a time ago another was told of.
+    void tellOf(const File& file);
 
     WorkerPool& pool_;
     const ScanControl& control_;

@@ -1,5 +1,6 @@
 #include "scan/scan_run.h"
 
+#include "platform/thread_priority.h"
 #include "scan/texts.h"
 
 #include <utility>
@@ -12,6 +13,13 @@ namespace {
 constexpr std::array comparisonOrder{Category::image, Category::video, Category::audio,
                                      Category::documents, Category::other};
 
+/// What a scan has left behind.
+struct Remains {
+    CategoryLists lists;
+    ScanRun::CategoryResults results;
+    std::shared_ptr<Modal> modal;
+};
+
 }  // namespace
 
 ScanRun::ScanRun(Platform& platform, ScanObserver& observer, Settings settings)
@@ -23,6 +31,9 @@ ScanRun::ScanRun(Platform& platform, ScanObserver& observer, Settings settings)
 ScanRun::~ScanRun() {
     requestStop();
     wait();
+    if (freeingThread_.joinable()) {
+        freeingThread_.join();
+    }
 }
 
 void ScanRun::start(std::vector<LocationRow> rows, ExceptionFilter exceptions) {
@@ -71,9 +82,8 @@ void ScanRun::requestStop() {
 
 void ScanRun::homeCleanup() {
     wait();
+    freeResult();
     clearFlags();
-    results_ = {};
-    modal_ = std::make_shared<Modal>();
     processed_ = 0;
     collected_ = {};
     unreadable_.clear();
@@ -91,8 +101,29 @@ std::uint64_t ScanRun::bytesRead() const {
     return finder_ ? finder_->bytesRead() : bytesRead_;
 }
 
+/// A million files and their sets take a tenth of a second, in which the owner would not answer.
+void ScanRun::freeResult() {
+    auto remains =
+        std::make_unique<Remains>(Remains{std::exchange(lists_, {}), std::exchange(results_, {}),
+                                          std::exchange(modal_, std::make_shared<Modal>())});
+    if (remains->lists.store->fileCount() == 0 && remains->modal->extensionCount() == 0) {
+        return;
+    }
+    if (freeingThread_.joinable()) {
+        freeingThread_.join();
+    }
+    freeingThread_ = std::thread([left = std::move(remains)]() mutable {
+        standBack();
+        left = nullptr;
+    });
+}
+
 /// Waits for the collection, then starts the comparisons.
 void ScanRun::scanTask() {
+    if (settings_.standsBack) {
+        // All threads of the scan but the one of the elapsed time descend from this one.
+        standBack();
+    }
     added_ = false;
     go_ = true;
     std::thread collection([this] { addAllPhotos(); });

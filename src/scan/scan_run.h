@@ -36,12 +36,18 @@ namespace tarvin {
 /// category; the elapsed-time thread; and the workers they share.
 class ScanRun final {
  public:
+    static constexpr std::size_t categoryCount = 5;
+    using CategoryResults = std::array<std::shared_ptr<Modal>, categoryCount>;
+
     struct Settings {
         WorkerPool::Limits workers = WorkerPool::limitsOfThisMachine();
         /// How often the observer is told of a file; with zero, of every file.
         std::chrono::milliseconds progressInterval{33};
         /// How often the elapsed time is told. Counts as one second of pause, whatever its length.
         std::chrono::milliseconds elapsedStep{1000};
+        /// The threads of the scan leave the processors to the owner's own and to other programs:
+        /// for an owner who has a person to answer meanwhile.
+        bool standsBack = false;
     };
 
     ScanRun(Platform& platform, ScanObserver& observer) : ScanRun(platform, observer, Settings{}) {}
@@ -65,7 +71,8 @@ class ScanRun final {
     void requestStop();
 
     /// Forgets lists and results and makes every flag what it was before the first scan. The scan
-    /// must be over.
+    /// must be over. Returns soon: what a large scan has left is freed on a thread of its own, so
+    /// whoever has kept a part of the result may let go of it, and do nothing else with it.
     void homeCleanup();
 
     [[nodiscard]] bool scanning() const { return scanning_; }
@@ -116,8 +123,6 @@ class ScanRun final {
     [[nodiscard]] std::chrono::duration<double> duration() const { return duration_; }
 
  private:
-    static constexpr std::size_t categoryCount = 5;
-
     void scanTask();
     void addAllPhotos();
     Collector::Outcome collect();
@@ -129,6 +134,7 @@ class ScanRun final {
     bool sleepOneStep();
     void endElapsedTimeThread();
     void joinThreads();
+    void freeResult();
     void clearFlags();
     void finish();
 
@@ -156,7 +162,7 @@ class ScanRun final {
     CategoryLists lists_;
     std::array<std::uint64_t, categoryCount> collected_{};
     std::vector<UnreadableLocation> unreadable_;
-    std::array<std::shared_ptr<Modal>, categoryCount> results_;
+    CategoryResults results_;
     std::shared_ptr<Modal> modal_ = std::make_shared<Modal>();
 
     std::unique_ptr<WorkerPool> pool_;
@@ -164,6 +170,7 @@ class ScanRun final {
     std::thread scanThread_;
     std::array<std::thread, categoryCount> comparisonThreads_;
     std::thread elapsedTimeThread_;
+    std::thread freeingThread_;
 
     mutable std::mutex mutex_;
     std::condition_variable changed_;

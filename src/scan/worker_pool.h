@@ -26,6 +26,10 @@ class WorkerPool final {
  public:
     using Task = std::function<void()>;
 
+    /// How many files are worth a share of their own: with fewer, sharing them out costs as much as
+    /// reading them.
+    static constexpr std::size_t filesAShare = 32;
+
     /// How many tasks run at once: at least `cores`, at most `width`. Threads are started when the
     /// first task wants them.
     struct Limits {

@@ -116,7 +116,7 @@ TEST(Budget, LetsACallerWaitUntilEnoughIsFree) {
     second.release();
     EXPECT_NE(answer.wait_for(0s), std::future_status::ready);
     first.release();
-    ASSERT_EQ(answer.wait_for(patience), std::future_status::ready);
+    ASSERT_EQ(answer.wait_for(testPatience), std::future_status::ready);
     EXPECT_EQ(answer.get(), 3u);
     waiting.join();
 }
@@ -192,7 +192,7 @@ TEST(Budget, ServesALargeRequestAmongSmallOnesThatNeverCease) {
         const Budget::Share all = budget.take(4);
         promise.set_value();
     });
-    EXPECT_EQ(served.wait_for(patience), std::future_status::ready)
+    EXPECT_EQ(served.wait_for(testPatience), std::future_status::ready)
         << taken << " small requests came first";
     ended = true;
     one.join();

@@ -135,7 +135,7 @@ TEST(BufferPool, LetsACallerWaitUntilSlabsAreFree) {
     std::thread waiting([&] { taken.set_value(pool.take(2).capacity()); });
     EXPECT_NE(answer.wait_for(0s), std::future_status::ready);
     first.reset();
-    ASSERT_EQ(answer.wait_for(patience), std::future_status::ready);
+    ASSERT_EQ(answer.wait_for(testPatience), std::future_status::ready);
     EXPECT_EQ(answer.get(), 2 * mebibyte);
     waiting.join();
 }

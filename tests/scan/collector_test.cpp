@@ -931,55 +931,6 @@ TEST_F(CollectorTest, LeavesNothingOpen) {
     EXPECT_GT(fileSystem_.openAtMost(), 0u);
 }
 
-TEST(ImageIsAlreadyThere, IsWhatARowNamesOrLiesBelow) {
-    struct Row {
-        std::string location;
-        std::string path;
-        bool isThere;
-    };
-    const std::vector<Row> table{
-        {"/Users/x", "/Users/x", true},
-        {"/Users/x", "/Users/x/y", true},
-        {"/Users/x", "/Users/x/y/z.jpg", true},
-        {"/Users/x", "/Users/x/", true},
-        {"/Users/x", "/Users/xy", false},
-        {"/Users/x", "/Users", false},
-        {"/Users/x", "/Users/X/y", false},
-        {"/Users/x", "", false},
-        // A dot in the name of the row: nothing below it counts as covered.
-        {"/Users/x.y", "/Users/x.y", true},
-        {"/Users/x.y", "/Users/x.y/z", false},
-        {"/Users/x/photos.old", "/Users/x/photos.old/a.jpg", false},
-        {"/Users/x.y/z", "/Users/x.y/z/a", true},
-        // A dot that begins or ends a name makes no extension.
-        {"/Users/.x", "/Users/.x/a", true},
-        {"/Users/x.", "/Users/x./a", true},
-        // The root and a row with a slash at its end have two slashes before what is below them.
-        {"/", "/", true},
-        {"/", "/Users", false},
-        {"/Users/x/", "/Users/x/y", false},
-        {"/Users/x/", "/Users/x//y", true},
-    };
-    for (const Row& row : table) {
-        EXPECT_EQ(imageIsAlreadyThere({folderRow(row.location)}, row.path), row.isThere)
-            << row.location << " and " << row.path;
-    }
-}
-
-TEST(ImageIsAlreadyThere, LooksAtAllRows) {
-    EXPECT_FALSE(imageIsAlreadyThere({}, "/a"));
-    LocationRow file = folderRow("/b/c.jpg");
-    file.folder = false;
-    file.state = false;
-    const std::vector<LocationRow> rows{folderRow("/a"), file, folderRow("/d.old"),
-                                        folderRow("/e")};
-    EXPECT_TRUE(imageIsAlreadyThere(rows, "/a/x"));
-    EXPECT_TRUE(imageIsAlreadyThere(rows, "/b/c.jpg"));
-    EXPECT_FALSE(imageIsAlreadyThere(rows, "/b/d.jpg"));
-    EXPECT_FALSE(imageIsAlreadyThere(rows, "/d.old/x"));
-    EXPECT_TRUE(imageIsAlreadyThere(rows, "/e/x"));
-}
-
 /// The same walk as plainly as can be: one thread, whole paths, a recursion.
 class PlainWalk final {
  public:

@@ -4,6 +4,7 @@
 #include "support/fake_platform.h"
 #include "support/faulty_file_system.h"
 #include "support/file_tree.h"
+#include "support/niceness.h"
 #include "support/pairwise_finder.h"
 #include "support/waiting.h"
 
@@ -51,7 +52,7 @@ class Recorder final : public ScanObserver {
 
     void waitFor(const Event& event) {
         std::unique_lock lock(mutex_);
-        EXPECT_TRUE(changed_.wait_for(lock, patience, [&] { return has(event); }))
+        EXPECT_TRUE(changed_.wait_for(lock, testPatience, [&] { return has(event); }))
             << "Nobody told: " << event;
     }
 
@@ -291,6 +292,63 @@ TEST_F(ScanRunTest, HomeCleanupForgetsEverything) {
     EXPECT_FALSE(run_.scanStartDate().has_value());
 }
 
+TEST_F(ScanRunTest, HomeCleanupFreesTheResultInAWhile) {
+    folder_.writeFile("a.txt", "same");
+    folder_.writeFile("b.txt", "same");
+    addRow(folder_.path());
+    scan();
+    const std::weak_ptr<Modal> result = run_.modal();
+    const std::weak_ptr<Extensions> extension = run_.modal()->extensions().front();
+    const std::weak_ptr<File> file = run_.modal()->extensions().front()->sets().front()->files()[0];
+    run_.homeCleanup();
+    EXPECT_TRUE(waitUntil([&] { return result.expired() && extension.expired(); }));
+    EXPECT_TRUE(waitUntil([&] { return file.expired(); }));
+}
+
+TEST_F(ScanRunTest, NothingOfAResultOutlivesTheRun) {
+    folder_.writeFile("a.txt", "same");
+    folder_.writeFile("b.txt", "same");
+    for (int round = 0; round < 20; ++round) {
+        std::weak_ptr<File> file;
+        {
+            ScanRun run(platform_, recorder_, settings());
+            run.start({{folder_.path(), "", "", true, true}}, {});
+            run.wait();
+            file = run.modal()->extensions().front()->sets().front()->files()[0];
+            run.homeCleanup();
+        }
+        EXPECT_TRUE(file.expired());
+    }
+}
+
+TEST_F(ScanRunTest, StandsBackIfItIsToldTo) {
+    folder_.writeFile("a.txt", "same");
+    folder_.writeFile("b.txt", "same");
+    const int own = nicenessOfThisThread();
+    const int back = std::min(own + 5, mostNiceness);
+    for (const bool standsBack : {false, true}) {
+        ScanRun::Settings asked = settings();
+        asked.standsBack = standsBack;
+        std::atomic<int> collecting{0};
+        std::atomic<int> comparing{0};
+        std::atomic<int> reading{0};
+        fileSystem_.beforeCall(FileCall::openFile, FaultyFileSystem::each,
+                               [&] { reading = nicenessOfThisThread(); });
+        Recorder recorder;
+        ScanRun run(platform_, recorder, asked);
+        recorder.at("collecting a.txt", [&] {
+            collecting = nicenessOfThisThread();
+            recorder.at("processing b.txt", [&] { comparing = nicenessOfThisThread(); });
+        });
+        run.start({{folder_.path(), "", "", true, true}}, {});
+        run.wait();
+        EXPECT_EQ(collecting, standsBack ? back : own);
+        EXPECT_EQ(comparing, standsBack ? back : own);
+        EXPECT_EQ(reading, standsBack ? back : own);
+        EXPECT_EQ(nicenessOfThisThread(), own);
+    }
+}
+
 TEST_F(ScanRunTest, EachComparisonClearsTheFlagOfTheViews) {
     folder_.writeFile("a.txt", "same");
     addRow(folder_.path());
@@ -343,6 +401,9 @@ TEST_F(ScanRunTest, APauseInTheComparisonTellsNothingUntilItIsCleared) {
     // The elapsed time goes on being asked for while everything else waits.
     EXPECT_FALSE(run_.exactScanCompleted());
     EXPECT_TRUE(run_.scanning());
+    for (const Event& event : recorder_.events()) {
+        EXPECT_FALSE(event.starts_with("processing")) << event;
+    }
     run_.setPause(false);
     run_.wait();
     EXPECT_EQ(run_.modal()->totalFiles(), 49U);
@@ -401,6 +462,24 @@ TEST_F(ScanRunTest, PausedSecondsDoNotCount) {
     }));
     gate.unlock();
     run_.wait();
+}
+
+TEST_F(ScanRunTest, TheFileThatIsWaitedForIsToldHoweverSoonAfterAnother) {
+    folder_.writeFile("a.txt", "same");
+    folder_.writeFile("b.txt", "same");
+    std::mutex gate;
+    gate.lock();
+    fileSystem_.beforeCall(FileCall::openFile, FaultyFileSystem::each,
+                           [&gate] { const std::lock_guard hold(gate); });
+    fileSystem_.setListingOrder(ListingOrder::sorted);
+    ScanRun::Settings rarely = settings();
+    rarely.progressInterval = std::chrono::hours(1);
+    ScanRun run(platform_, recorder_, rarely);
+    run.start({{folder_.path(), "", "", true, true}}, {});
+    recorder_.waitFor("processing a.txt");
+    gate.unlock();
+    run.wait();
+    EXPECT_EQ(run.modal()->totalFiles(), 1U);
 }
 
 TEST_F(ScanRunTest, AMissingLocationIsToldAndTheOthersAreScanned) {

@@ -285,7 +285,7 @@ TEST(WorkerPool, EndsWhileMoreWorkersThanItNeedsStandIdle) {
         pool.reset();
         shared->ended.set_value();
     });
-    const bool inTime = ended.wait_for(patience) == std::future_status::ready;
+    const bool inTime = ended.wait_for(testPatience) == std::future_status::ready;
     EXPECT_TRUE(inTime) << "Workers still wait for something to do";
     EXPECT_EQ(shared->runs, 2050);
     if (inTime) {
