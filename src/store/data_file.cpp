@@ -65,12 +65,15 @@ std::variant<PropertyList, StoreError> readData(const std::string& path) {
 
 }  // namespace
 
-DataFile::DataFile(std::string folder)
-    : folder_(std::move(folder)), dataPath_(folder_ + "/data.plist") {}
+DataFile::DataFile(std::optional<std::string> folder)
+    : folder_(std::move(folder)), dataPath_(folder_ ? *folder_ + "/data.plist" : std::string()) {}
 
 std::optional<StoreError> DataFile::loadDataFile() {
     count_ = 0;
     size_ = 0;
+    if (!folder_) {
+        return std::nullopt;
+    }
     const auto read = readData(dataPath_);
     if (const auto* error = std::get_if<StoreError>(&read)) {
         if (error->kind != StoreError::Kind::missing) {
@@ -87,7 +90,7 @@ std::optional<StoreError> DataFile::loadDataFile() {
 
 /// A failure costs nothing: the file is made when there is something to write.
 void DataFile::makeFirst() const {
-    const Result<FolderLock> lock = FolderLock::take(folder_);
+    const Result<FolderLock> lock = FolderLock::take(*folder_);
     if (!lock) {
         return;
     }
@@ -103,15 +106,15 @@ std::optional<StoreError> DataFile::addDeleted(std::uint64_t count, std::uint64_
     putAside_.clear();
     const std::int64_t oldCount = std::exchange(count_, sumOf(count_, count));
     const std::uint64_t oldSize = std::exchange(size_, sumOf(size_, size));
-    return store(count, size, oldCount, oldSize);
+    return folder_ ? store(count, size, oldCount, oldSize) : std::nullopt;
 }
 
 /// The old totals stand in for those of a file that has gone meanwhile.
 std::optional<StoreError> DataFile::store(std::uint64_t count, std::uint64_t size,
                                           std::int64_t oldCount, std::uint64_t oldSize) {
-    const Result<FolderLock> lock = FolderLock::take(folder_);
+    const Result<FolderLock> lock = FolderLock::take(*folder_);
     if (!lock) {
-        return storeErrorOf(folder_, lock.error());
+        return storeErrorOf(*folder_, lock.error());
     }
     auto read = readData(dataPath_);
     Totals old{oldCount, oldSize};

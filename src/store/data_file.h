@@ -17,8 +17,9 @@ namespace tarvin {
 /// thread at a time.
 class DataFile final {
  public:
-    /// `folder` is the application-support folder; it need not exist.
-    explicit DataFile(std::string folder);
+    /// `folder` is the application-support folder; it need not exist. None: totals are kept in
+    /// memory alone, and nothing fails.
+    explicit DataFile(std::optional<std::string> folder);
 
     /// Reads the file, or makes it, and the folder, with nothing counted yet, as far as that can be
     /// done. A file that cannot be used is left as it is and nothing counts; the answer says why.
@@ -37,6 +38,7 @@ class DataFile final {
     /// The path that the last addDeleted() gave a file of no use; empty if there was none.
     [[nodiscard]] const std::string& putAside() const { return putAside_; }
 
+    /// Empty without a folder.
     [[nodiscard]] const std::string& dataPath() const { return dataPath_; }
 
  private:
@@ -44,7 +46,7 @@ class DataFile final {
                                                   std::int64_t oldCount, std::uint64_t oldSize);
     void makeFirst() const;
 
-    const std::string folder_;
+    const std::optional<std::string> folder_;
     const std::string dataPath_;
     std::int64_t count_ = 0;
     std::uint64_t size_ = 0;

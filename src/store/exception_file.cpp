@@ -39,10 +39,14 @@ ExceptionList readExceptionFile(const std::string& path) {
     return {list.paths(), std::nullopt};
 }
 
-ExceptionFile::ExceptionFile(std::string folder)
-    : folder_(std::move(folder)), path_(folder_ + "/exception.plist") {}
+ExceptionFile::ExceptionFile(std::optional<std::string> folder)
+    : folder_(std::move(folder)), path_(folder_ ? *folder_ + "/exception.plist" : std::string()) {}
 
 std::optional<StoreError> ExceptionFile::load() {
+    if (!folder_) {
+        paths_.clear();
+        return std::nullopt;
+    }
     ExceptionList list = readExceptionFile(path_);
     paths_ = std::move(list.paths);
     const bool isWrong = list.error && list.error->kind != StoreError::Kind::missing;
@@ -51,19 +55,19 @@ std::optional<StoreError> ExceptionFile::load() {
 
 std::optional<StoreError> ExceptionFile::addExceptions(const std::vector<std::string>& paths) {
     paths_ = joined(std::move(paths_), paths);
-    return store(Keep::whatIsStored);
+    return folder_ ? store(Keep::whatIsStored) : std::nullopt;
 }
 
 std::optional<StoreError> ExceptionFile::removeExceptions() {
     paths_.clear();
-    return store(Keep::nothing);
+    return folder_ ? store(Keep::nothing) : std::nullopt;
 }
 
 std::optional<StoreError> ExceptionFile::store(Keep keep) {
     putAside_.clear();
-    const Result<FolderLock> lock = FolderLock::take(folder_);
+    const Result<FolderLock> lock = FolderLock::take(*folder_);
     if (!lock) {
-        return storeErrorOf(folder_, lock.error());
+        return storeErrorOf(*folder_, lock.error());
     }
     ExceptionList stored = readExceptionFile(path_);
     if (stored.error) {

@@ -27,8 +27,9 @@ ExceptionList readExceptionFile(const std::string& path);
 /// moment, so that two copies of the program lose nothing of each other. One thread at a time.
 class ExceptionFile final {
  public:
-    /// `folder` is the application-support folder; it need not exist.
-    explicit ExceptionFile(std::string folder);
+    /// `folder` is the application-support folder; it need not exist. None: the list is kept in
+    /// memory alone, and nothing fails.
+    explicit ExceptionFile(std::optional<std::string> folder);
 
     /// Reads the file, if there is one. One that cannot be used is left as it is and the list is
     /// empty; the answer says why.
@@ -44,6 +45,7 @@ class ExceptionFile final {
     /// Empties the list, here and in the file.
     std::optional<StoreError> removeExceptions();
 
+    /// Empty without a folder.
     [[nodiscard]] const std::string& path() const { return path_; }
     /// The path that the last writing gave a file of no use; empty if there was none.
     [[nodiscard]] const std::string& putAside() const { return putAside_; }
@@ -53,7 +55,7 @@ class ExceptionFile final {
 
     [[nodiscard]] std::optional<StoreError> store(Keep keep);
 
-    const std::string folder_;
+    const std::optional<std::string> folder_;
     const std::string path_;
     std::vector<std::string> paths_;
     std::string putAside_;

@@ -127,6 +127,16 @@ std::optional<std::uint64_t> PropertyList::number(const char* key) const {
     return number;
 }
 
+std::optional<std::string> PropertyList::text(const char* key) const {
+    plist_t item = plist_dict_get_item(root_.get(), key);
+    if (item == nullptr || plist_get_node_type(item) != PLIST_STRING) {
+        return std::nullopt;
+    }
+    std::uint64_t length = 0;
+    const char* bytes = plist_get_string_ptr(item, &length);
+    return std::string(bytes, static_cast<std::size_t>(length));
+}
+
 void PropertyList::setNumber(const char* key, std::uint64_t number) {
     plist_dict_set_item(root_.get(), key, plist_new_uint(number));
 }

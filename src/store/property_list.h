@@ -33,6 +33,8 @@ class PropertyList final {
     /// The whole number under `key` of a dictionary, as 64 bits without a sign; none if there is
     /// none or something else.
     [[nodiscard]] std::optional<std::uint64_t> number(const char* key) const;
+    /// The string under `key` of a dictionary, in UTF-8; none if there is none or something else.
+    [[nodiscard]] std::optional<std::string> text(const char* key) const;
     void setNumber(const char* key, std::uint64_t number);
 
     /// The list as an XML property list; empty if there is no memory for it.

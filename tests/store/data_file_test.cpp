@@ -1,6 +1,7 @@
 #include "store/data_file.h"
 
 #include "store/exception_file.h"
+#include "store/plist_text.h"
 #include "store/property_list.h"
 #include "support/file_content.h"
 #include "support/mount.h"
@@ -24,10 +25,6 @@ namespace tarvin {
 namespace {
 
 using Paths = std::vector<std::string>;
-
-std::string xml(const std::string& root) {
-    return R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0">)" + root + "</plist>";
-}
 
 /// What is stored under a key of "data.plist".
 std::optional<std::uint64_t> stored(const std::string& path, const char* key) {
@@ -74,8 +71,8 @@ TEST_F(DataFileTest, IsMadeWithItsFolderAtTheFirstStart) {
 
 TEST_F(DataFileTest, AddsToWhatIsStored) {
     write(
-        xml("<dict><key>deletedCount</key><integer>3</integer>"
-            "<key>deletedSize</key><integer>500</integer></dict>"));
+        plistText("<dict><key>deletedCount</key><integer>3</integer>"
+                  "<key>deletedSize</key><integer>500</integer></dict>"));
     DataFile data(own_);
     EXPECT_FALSE(data.loadDataFile());
     EXPECT_EQ(data.alreadyDeletedCount(), 3);
@@ -88,7 +85,8 @@ TEST_F(DataFileTest, AddsToWhatIsStored) {
 }
 
 TEST_F(DataFileTest, WithoutAKeyIsNotRepairedByLoading) {
-    const std::string content = xml("<dict><key>deletedSize</key><integer>9</integer></dict>");
+    const std::string content =
+        plistText("<dict><key>deletedSize</key><integer>9</integer></dict>");
     write(content);
     DataFile data(own_);
     EXPECT_FALSE(data.loadDataFile());
@@ -98,7 +96,7 @@ TEST_F(DataFileTest, WithoutAKeyIsNotRepairedByLoading) {
 }
 
 TEST_F(DataFileTest, KeepsOtherKeys) {
-    write(xml("<dict><key>mine</key><string>kept</string></dict>"));
+    write(plistText("<dict><key>mine</key><string>kept</string></dict>"));
     DataFile data(own_);
     data.loadDataFile();
     EXPECT_FALSE(data.addDeleted(1, 1));
@@ -108,8 +106,8 @@ TEST_F(DataFileTest, KeepsOtherKeys) {
 
 TEST_F(DataFileTest, CountsFromNothingWhereTypesAreWrong) {
     write(
-        xml("<dict><key>deletedCount</key><string>3</string>"
-            "<key>deletedSize</key><array/></dict>"));
+        plistText("<dict><key>deletedCount</key><string>3</string>"
+                  "<key>deletedSize</key><array/></dict>"));
     DataFile data(own_);
     EXPECT_FALSE(data.loadDataFile());
     EXPECT_EQ(data.alreadyDeletedCount(), 0);
@@ -119,7 +117,7 @@ TEST_F(DataFileTest, CountsFromNothingWhereTypesAreWrong) {
 }
 
 TEST_F(DataFileTest, TakesANegativeCountForNone) {
-    write(xml("<dict><key>deletedCount</key><integer>-5</integer></dict>"));
+    write(plistText("<dict><key>deletedCount</key><integer>-5</integer></dict>"));
     DataFile data(own_);
     data.loadDataFile();
     EXPECT_EQ(data.alreadyDeletedCount(), 0);
@@ -129,8 +127,8 @@ TEST_F(DataFileTest, TakesANegativeCountForNone) {
 
 TEST_F(DataFileTest, StopsAtTheLargestNumbers) {
     write(
-        xml("<dict><key>deletedCount</key><integer>9223372036854775806</integer>"
-            "<key>deletedSize</key><integer>9223372036854775800</integer></dict>"));
+        plistText("<dict><key>deletedCount</key><integer>9223372036854775806</integer>"
+                  "<key>deletedSize</key><integer>9223372036854775800</integer></dict>"));
     DataFile data(own_);
     data.loadDataFile();
     EXPECT_FALSE(data.addDeleted(5, 50));
@@ -142,8 +140,9 @@ TEST_F(DataFileTest, StopsAtTheLargestNumbers) {
 
 TEST_F(DataFileTest, TakesNumbersThatAreNoneForNone) {
     for (const char* number : {"-5", "18446744073709551615", "99999999999999999999999999"}) {
-        write(xml(std::string("<dict><key>deletedCount</key><integer>") + number +
-                  "</integer><key>deletedSize</key><integer>" + number + "</integer></dict>"));
+        write(plistText(std::string("<dict><key>deletedCount</key><integer>") + number +
+                        "</integer><key>deletedSize</key><integer>" + number +
+                        "</integer></dict>"));
         DataFile data(own_);
         EXPECT_FALSE(data.loadDataFile()) << number;
         EXPECT_EQ(data.alreadyDeletedCount(), 0) << number;
@@ -175,7 +174,7 @@ TEST_F(DataFileTest, ThatIsALinkToItselfIsPutAside) {
 }
 
 TEST_F(DataFileTest, AfterARunThatMovedNothingIsWrittenUnchanged) {
-    write(xml("<dict><key>deletedCount</key><integer>3</integer></dict>"));
+    write(plistText("<dict><key>deletedCount</key><integer>3</integer></dict>"));
     DataFile data(own_);
     data.loadDataFile();
     EXPECT_FALSE(data.addDeleted(0, 0));
@@ -187,7 +186,7 @@ TEST_F(DataFileTest, OnAFullDiskStaysAsItWasAndCountsInMemory) {
     std::filesystem::create_directories(own_);
     const Mount mount("none", own_, "tmpfs", 0, "size=16k");
     if (mount) {
-        write(xml("<dict><key>deletedCount</key><integer>3</integer></dict>"));
+        write(plistText("<dict><key>deletedCount</key><integer>3</integer></dict>"));
         const std::string old = contentOf(path_);
         DataFile data(own_);
         EXPECT_FALSE(data.loadDataFile());
@@ -202,7 +201,7 @@ TEST_F(DataFileTest, OnAFullDiskStaysAsItWasAndCountsInMemory) {
 
 // A list that cannot be read for the moment may be whole.
 TEST_F(DataFileTest, ThatTheSystemCannotReadNowIsNotReplaced) {
-    write(xml("<dict><key>deletedCount</key><integer>3</integer></dict>"));
+    write(plistText("<dict><key>deletedCount</key><integer>3</integer></dict>"));
     const std::string old = contentOf(path_);
     DataFile data(own_);
     rlimit allowed{};
@@ -224,10 +223,10 @@ TEST_F(DataFileTest, ThatIsOfNoUseIsPutAsideBeforeItIsReplaced) {
     const std::vector<std::string> contents{
         "",
         "damaged",
-        xml("<array/>"),
-        xml("<dict><key>deletedCount</key><integer>3</integer>"),
+        plistText("<array/>"),
+        plistText("<dict><key>deletedCount</key><integer>3</integer>"),
         "bplist00damaged",
-        xml("<string>text</string>")};
+        plistText("<string>text</string>")};
     for (const std::string& content : contents) {
         std::filesystem::remove_all(own_);
         write(content);
@@ -254,7 +253,7 @@ TEST_F(DataFileTest, AFolderInItsPlaceIsPutAsideToo) {
 }
 
 TEST_F(DataFileTest, ThatHasGoneMeanwhileIsMadeAgainFromWhatIsKnown) {
-    write(xml("<dict><key>deletedCount</key><integer>3</integer></dict>"));
+    write(plistText("<dict><key>deletedCount</key><integer>3</integer></dict>"));
     DataFile data(own_);
     data.loadDataFile();
     std::filesystem::remove_all(own_);
@@ -363,7 +362,7 @@ TEST_F(ExceptionFileTest, AFolderInItsPlaceIsPutAsideToo) {
 }
 
 TEST_F(ExceptionFileTest, OfAnEmptyArrayIsAnEmptyList) {
-    folder_.writeFile("own/exception.plist", xml("<array/>"));
+    folder_.writeFile("own/exception.plist", plistText("<array/>"));
     ExceptionFile file(own_);
     EXPECT_FALSE(file.load());
     EXPECT_EQ(file.exceptionArrayData(), Paths{});

@@ -1,5 +1,6 @@
 #include "store/exception_file.h"
 
+#include "store/plist_text.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -18,10 +19,6 @@ namespace tarvin {
 namespace {
 
 using Paths = std::vector<std::string>;
-
-std::string xml(const std::string& root) {
-    return R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0">)" + root + "</plist>";
-}
 
 class ExceptionFile : public ::testing::Test {
  protected:
@@ -45,7 +42,7 @@ class ExceptionFile : public ::testing::Test {
 
 TEST_F(ExceptionFile, GivesThePathsInTheirOrder) {
     const ExceptionList list =
-        read(xml("<array><string>/z/b.jpg</string><string>/a/c.jpg</string></array>"));
+        read(plistText("<array><string>/z/b.jpg</string><string>/a/c.jpg</string></array>"));
     EXPECT_FALSE(list.error);
     EXPECT_EQ(list.paths, (Paths{"/z/b.jpg", "/a/c.jpg"}));
 }
@@ -65,26 +62,26 @@ TEST_F(ExceptionFile, ReadsBinaryListsToo) {
 }
 
 TEST_F(ExceptionFile, AnEmptyListIsAList) {
-    const ExceptionList list = read(xml("<array/>"));
+    const ExceptionList list = read(plistText("<array/>"));
     EXPECT_FALSE(list.error);
     EXPECT_EQ(list.paths, Paths{});
 }
 
 TEST_F(ExceptionFile, UndoesTheEscapesOfXml) {
-    EXPECT_EQ(read(xml("<array><string>/a &amp; b/&lt;c&gt;.jpg</string></array>")).paths,
+    EXPECT_EQ(read(plistText("<array><string>/a &amp; b/&lt;c&gt;.jpg</string></array>")).paths,
               (Paths{"/a & b/<c>.jpg"}));
 }
 
 TEST_F(ExceptionFile, PassesOverWhatIsNoString) {
-    EXPECT_EQ(read(xml("<array><integer>3</integer><string>/a.jpg</string><true/>"
-                       "<dict><key>k</key><string>/in/dict.jpg</string></dict>"
-                       "<array><string>/in/array.jpg</string></array></array>"))
+    EXPECT_EQ(read(plistText("<array><integer>3</integer><string>/a.jpg</string><true/>"
+                             "<dict><key>k</key><string>/in/dict.jpg</string></dict>"
+                             "<array><string>/in/array.jpg</string></array></array>"))
                   .paths,
               (Paths{"/a.jpg"}));
 }
 
 TEST_F(ExceptionFile, IsFoundBehindALink) {
-    folder_.writeFile("kept/list.plist", xml("<array><string>/a.jpg</string></array>"));
+    folder_.writeFile("kept/list.plist", plistText("<array><string>/a.jpg</string></array>"));
     folder_.makeLink("exception.plist", "kept/list.plist");
     EXPECT_EQ(readExceptionFile(folder_.pathOf("exception.plist")).paths, (Paths{"/a.jpg"}));
 }
@@ -108,16 +105,17 @@ TEST_F(ExceptionFile, WithoutAListOfPathsIsRefused) {
     expectRefused("");
     expectRefused("no list");
     expectRefused("<html><body>not found</body></html>");
-    expectRefused(xml("<dict><key>k</key><string>/a.jpg</string></dict>"),
+    expectRefused(plistText("<dict><key>k</key><string>/a.jpg</string></dict>"),
                   "not a property list of paths");
-    expectRefused(xml("<string>/a.jpg</string>"), "not a property list of paths");
+    expectRefused(plistText("<string>/a.jpg</string>"), "not a property list of paths");
     expectRefused("bplist00");
     expectRefused("bplist00" + std::string(100, '\xff'));
     expectRefused(std::string(10'000, '\0'));
 }
 
 TEST_F(ExceptionFile, CutOffAnywhereIsRefusedUnlessEveryPathIsThere) {
-    const std::string whole = xml("<array><string>/a.jpg</string><string>/b.jpg</string></array>");
+    const std::string whole =
+        plistText("<array><string>/a.jpg</string><string>/b.jpg</string></array>");
     const Paths paths{"/a.jpg", "/b.jpg"};
     for (std::size_t length = 0; length < whole.size(); ++length) {
         const ExceptionList list = read(whole.substr(0, length));
@@ -153,7 +151,7 @@ TEST_F(ExceptionFile, OfAHundredThousandPathsIsReadWhole) {
     for (int number = 0; number < 100'000; ++number) {
         array += "<string>/photos/" + std::to_string(number) + ".jpg</string>";
     }
-    const ExceptionList list = read(xml(array + "</array>"));
+    const ExceptionList list = read(plistText(array + "</array>"));
     ASSERT_EQ(list.paths.size(), 100'000U);
     EXPECT_EQ(list.paths.front(), "/photos/0.jpg");
     EXPECT_EQ(list.paths.back(), "/photos/99999.jpg");

@@ -1,5 +1,6 @@
 #include "store/property_list.h"
 
+#include "store/plist_text.h"
 #include "store/property_list_check.h"
 
 #include <gtest/gtest.h>
@@ -13,10 +14,6 @@ namespace tarvin {
 namespace {
 
 using Paths = std::vector<std::string>;
-
-std::string xml(const std::string& root) {
-    return R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0">)" + root + "</plist>";
-}
 
 std::string repeated(const std::string& text, std::size_t times) {
     std::string all;
@@ -96,9 +93,9 @@ TEST(PropertyList, WritesPlainPathsAsStringsAndOthersAsData) {
 
 TEST(PropertyList, ReadsNumbers) {
     const auto list = PropertyList::parse(
-        xml("<dict><key>a</key><integer>5</integer><key>b</key><string>5</string>"
-            "<key>c</key><integer>18446744073709551615</integer><key>d</key><real>1.5</real>"
-            "</dict>"));
+        plistText("<dict><key>a</key><integer>5</integer><key>b</key><string>5</string>"
+                  "<key>c</key><integer>18446744073709551615</integer><key>d</key><real>1.5</real>"
+                  "</dict>"));
     ASSERT_TRUE(list);
     EXPECT_TRUE(list->isDictionary());
     EXPECT_FALSE(list->isArray());
@@ -111,7 +108,7 @@ TEST(PropertyList, ReadsNumbers) {
 
 TEST(PropertyList, KeepsWhatItDoesNotKnow) {
     auto list = PropertyList::parse(
-        xml("<dict><key>mine</key><array><string>kept</string></array></dict>"));
+        plistText("<dict><key>mine</key><array><string>kept</string></array></dict>"));
     ASSERT_TRUE(list);
     list->setNumber("a", 7);
     const auto again = PropertyList::parse(list->xml());
@@ -146,32 +143,36 @@ TEST(PropertyList, IsNotWhatIsNone) {
 }
 
 TEST(PropertyList, ReadsInvalidUtf8AsItStands) {
-    const auto list = PropertyList::parse(xml("<array><string>/\xFF\xC0.jpg</string></array>"));
+    const auto list =
+        PropertyList::parse(plistText("<array><string>/\xFF\xC0.jpg</string></array>"));
     ASSERT_TRUE(list);
     EXPECT_EQ(list->paths(), (Paths{"/\xFF\xC0.jpg"}));
 }
 
 TEST(HarmlessPropertyList, IsOneOfAFewLevels) {
-    EXPECT_TRUE(isHarmlessPropertyList(xml(repeated("<array>", 63) + repeated("</array>", 63))));
-    EXPECT_FALSE(isHarmlessPropertyList(xml(repeated("<array>", 64) + repeated("</array>", 64))));
+    EXPECT_TRUE(
+        isHarmlessPropertyList(plistText(repeated("<array>", 63) + repeated("</array>", 63))));
+    EXPECT_FALSE(
+        isHarmlessPropertyList(plistText(repeated("<array>", 64) + repeated("</array>", 64))));
 }
 
 TEST(HarmlessPropertyList, IsNotOneOfAHundredThousandLevels) {
-    const std::string deep = xml(repeated("<array>", 100'000) + repeated("</array>", 100'000));
+    const std::string deep =
+        plistText(repeated("<array>", 100'000) + repeated("</array>", 100'000));
     EXPECT_FALSE(isHarmlessPropertyList(deep));
     EXPECT_FALSE(PropertyList::parse(deep));
-    EXPECT_FALSE(PropertyList::parse(xml(repeated("<dict><key>k</key>", 100'000))));
+    EXPECT_FALSE(PropertyList::parse(plistText(repeated("<dict><key>k</key>", 100'000))));
 }
 
 TEST(HarmlessPropertyList, DoesNotTakeAnAttributeForTheEndOfATag) {
-    EXPECT_FALSE(isHarmlessPropertyList(xml(repeated("<array a=\"/>\">", 10))));
-    EXPECT_FALSE(isHarmlessPropertyList(xml("<array a='b'>")));
+    EXPECT_FALSE(isHarmlessPropertyList(plistText(repeated("<array a=\"/>\">", 10))));
+    EXPECT_FALSE(isHarmlessPropertyList(plistText("<array a='b'>")));
 }
 
 TEST(HarmlessPropertyList, CountsNothingInCommentsAndText) {
-    EXPECT_TRUE(
-        isHarmlessPropertyList(xml("<!-- " + repeated("<array>", 100) + " --><string><![CDATA[" +
-                                   repeated("<array>", 100) + "]]></string>")));
+    EXPECT_TRUE(isHarmlessPropertyList(plistText("<!-- " + repeated("<array>", 100) +
+                                                 " --><string><![CDATA[" +
+                                                 repeated("<array>", 100) + "]]></string>")));
 }
 
 TEST(HarmlessPropertyList, IsNotOneWhoseDepthALibraryReadsOtherwise) {
@@ -194,7 +195,7 @@ TEST(HarmlessPropertyList, IsNotOneOfManyLevelsInARootThatClosesItself) {
 
 TEST(HarmlessPropertyList, IsNotOneInWhichSomethingIsNeverClosed) {
     for (const std::string open : {"<!-- >", "<![CDATA[ >", "<?x >", "<!DOCTYPE plist", "<array"}) {
-        EXPECT_FALSE(isHarmlessPropertyList(xml("<array/>") + open)) << open;
+        EXPECT_FALSE(isHarmlessPropertyList(plistText("<array/>") + open)) << open;
     }
 }
 
@@ -202,8 +203,8 @@ TEST(HarmlessPropertyList, IsNotOneThatBeginsWithNoTag) {
     EXPECT_FALSE(isHarmlessPropertyList(""));
     EXPECT_FALSE(isHarmlessPropertyList(" \n"));
     EXPECT_FALSE(isHarmlessPropertyList("[[1]]"));
-    EXPECT_FALSE(isHarmlessPropertyList("text" + xml("<array/>")));
-    EXPECT_TRUE(isHarmlessPropertyList(" \n" + xml("<array/>")));
+    EXPECT_FALSE(isHarmlessPropertyList("text" + plistText("<array/>")));
+    EXPECT_TRUE(isHarmlessPropertyList(" \n" + plistText("<array/>")));
 }
 
 TEST(HarmlessPropertyList, MayNameItsDocumentTypeButDefineNothing) {

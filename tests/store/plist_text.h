@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace tarvin {
+
+/// A property list in XML with `root` in it.
+inline std::string plistText(const std::string& root) {
+    return R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0">)" + root + "</plist>";
+}
+
+}  // namespace tarvin
