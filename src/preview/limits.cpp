@@ -1,0 +1,53 @@
+#include "preview/limits.h"
+
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+
+namespace tarvin {
+
+namespace {
+
+/// Never more than it was.
+template <typename Resource>
+void limit(Resource resource, rlim_t most) {
+    rlimit limits{};
+    if (::getrlimit(resource, &limits) != 0) {
+        return;
+    }
+    limits.rlim_max = std::min(limits.rlim_max, most);
+    limits.rlim_cur = std::min(limits.rlim_cur, limits.rlim_max);
+    ::setrlimit(resource, &limits);
+}
+
+/// If the one that started this has ended meanwhile, this ends now.
+void endWithStarter() {
+    const pid_t starter = ::getppid();
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != starter) {
+        ::_exit(1);
+    }
+}
+
+}  // namespace
+
+void limitThisProcess() {
+    endWithStarter();
+    limit(RLIMIT_CPU, 10);
+    limit(RLIMIT_CORE, 0);
+    // A write to a file fails instead of ending the process: libraries try, for their caches.
+    std::signal(SIGXFSZ, SIG_IGN);
+    limit(RLIMIT_FSIZE, 0);
+#ifndef TARVIN_SANITIZED  // whose shadow memory is beyond every limit
+    constexpr rlim_t megabyte = 1'000'000;
+    limit(RLIMIT_DATA, 208 * megabyte);
+    limit(RLIMIT_STACK, 8 * megabyte);
+    // Address space is only reserved in part: for libraries, and by each thread that allocates.
+    limit(RLIMIT_AS, 512 * megabyte);
+#endif
+}
+
+}  // namespace tarvin
