@@ -1,0 +1,56 @@
+#pragma once
+
+#include "controls/painted_button.h"
+
+#include <QColor>
+#include <QIcon>
+#include <cstdint>
+
+namespace tarvin {
+
+/// A coloured tile with a title in its upper left and a picture of 110 logical pixels in its
+/// middle. Under the pointer its alpha is 0.8.
+class ButtonHoverComplex final : public PaintedButton {
+    Q_OBJECT
+
+ public:
+    explicit ButtonHoverComplex(QWidget* parent = nullptr);
+
+    /// Keeps both pictures; only `normal` is drawn. If it holds a picture that is 110 wide, that
+    /// one is drawn as it is, else it is resized to 110 x 110.
+    void setImageNormal(const QIcon& normal, const QIcon& arrow);
+    [[nodiscard]] const QIcon& normalImage() const { return normalImage_; }
+    [[nodiscard]] const QIcon& arrowImage() const { return arrowImage_; }
+
+    void setFillColor(const QColor& fillColor);
+    [[nodiscard]] QColor fillColor() const { return fillColor_; }
+
+    /// Forgets the pointer.
+    void resetButton();
+
+    void setButtonID(std::int32_t buttonID) { buttonID_ = buttonID; }
+    [[nodiscard]] std::int32_t buttonID() const { return buttonID_; }
+
+    /// Whether the mouse holds the button down.
+    [[nodiscard]] bool mouseDown() const { return mouseDown_; }
+
+    [[nodiscard]] QSize sizeHint() const override { return {190, 160}; }
+
+ protected:
+    void draw(QPainter& painter) override;
+    void mouseEntered() override;
+    void mouseExited() override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+    void drawPicture(QPainter& painter, const QRect& content) const;
+
+    std::int32_t buttonID_ = 0;
+    bool mouseDown_ = false;
+    QIcon normalImage_;
+    QIcon arrowImage_;
+    QColor fillColor_;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QModelIndex>
+#include <QPainter>
+#include <QRect>
+
+namespace tarvin {
+
+/// The check box of one row, as a value that a delegate fills for each row it paints.
+class CheckBoxCell final {
+ public:
+    CheckBoxCell() = default;
+    /// The state under Qt::CheckStateRole, enabled as the item is.
+    explicit CheckBoxCell(const QModelIndex& index);
+
+    void setCheckBox(Qt::CheckState checkBox) { checkBox_ = checkBox; }
+    [[nodiscard]] Qt::CheckState checkBox() const { return checkBox_; }
+
+    void setEnabled(bool enabled) { enabled_ = enabled; }
+    [[nodiscard]] bool isEnabled() const { return enabled_; }
+
+    /// Paints the box in the middle of `cell`, `side` logical pixels wide.
+    void paint(QPainter& painter, const QRect& cell, int side) const;
+
+ private:
+    Qt::CheckState checkBox_ = Qt::Unchecked;
+    bool enabled_ = true;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,37 @@
+#include "controls/check_box_painter.h"
+
+#include "controls/images.h"
+#include "controls/painting.h"
+
+namespace tarvin {
+
+namespace {
+
+QString drawingOf(Qt::CheckState state) {
+    switch (state) {
+        case Qt::Unchecked:
+            return QStringLiteral("ui/check_off");
+        case Qt::PartiallyChecked:
+            return QStringLiteral("ui/check_mixed");
+        case Qt::Checked:
+            break;
+    }
+    return QStringLiteral("ui/check_on");
+}
+
+}  // namespace
+
+void paintCheckBox(QPainter& painter, const QRect& box, Qt::CheckState state, bool enabled) {
+    constexpr double disabledOpacity = 0.45;
+    const double before = painter.opacity();
+    painter.setOpacity(enabled ? before : before * disabledOpacity);
+    painter.drawPixmap(box.topLeft(), picture(drawingOf(state), box.size(), densityOf(painter)));
+    painter.setOpacity(before);
+}
+
+QRect checkBoxIn(const QRect& cell, int side) {
+    return {cell.left() + (cell.width() - side) / 2, cell.top() + (cell.height() - side) / 2, side,
+            side};
+}
+
+}  // namespace tarvin

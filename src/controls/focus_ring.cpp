@@ -1,0 +1,50 @@
+#include "controls/focus_ring.h"
+
+#include "controls/painting.h"
+
+namespace tarvin {
+
+namespace {
+
+QMargins marginsOf(FocusRing::Place place) {
+    constexpr int room = focusRingWidth + focusRingGap;
+    return place == FocusRing::Place::outside
+               ? QMargins(room, room, room, room)
+               : QMargins(-focusRingGap, -focusRingGap, -focusRingGap, -focusRingGap);
+}
+
+}  // namespace
+
+bool focusIsShown(const QWidget& widget, Qt::FocusReason reason) {
+    switch (reason) {
+        case Qt::MouseFocusReason:
+            return false;
+        case Qt::TabFocusReason:
+        case Qt::BacktabFocusReason:
+        case Qt::ShortcutFocusReason:
+            return true;
+        default:
+            return widget.window()->testAttribute(Qt::WA_KeyboardFocusChange);
+    }
+}
+
+void paintFocusRing(QPainter& painter, const QRectF& rect, const QColor& color) {
+    paintFrame(painter, rect, focusRingWidth, color);
+}
+
+FocusRing::FocusRing(QWidget& target, Place place, const QColor& color)
+    : Follower(target, marginsOf(place), Layer::above), color_(color) {
+    setObjectName(QStringLiteral("focusRing"));
+}
+
+void FocusRing::setColor(const QColor& color) {
+    color_ = color;
+    update();
+}
+
+void FocusRing::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintFocusRing(painter, rect(), color_);
+}
+
+}  // namespace tarvin

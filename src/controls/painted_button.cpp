@@ -1,0 +1,207 @@
+#include "controls/painted_button.h"
+
+#include "controls/look.h"
+#include "controls/painting.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QKeyEvent>
+#include <QWindow>
+#include <algorithm>
+
+namespace tarvin {
+
+namespace {
+
+bool isReturn(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+}  // namespace
+
+PaintedButton::PaintedButton(QWidget* parent, Tracking tracking)
+    : QPushButton(parent), tracking_(tracking), ringColor_(look::focusRing) {
+    setFocusPolicy(Qt::StrongFocus);
+    if (tracking == Tracking::inActiveApplication) {
+        connect(qApp, &QGuiApplication::applicationStateChanged, this,
+                &PaintedButton::updateTrackingAreas);
+    }
+}
+
+void PaintedButton::setAlpha(double alpha) {
+    alpha_ = std::clamp(alpha, 0.0, 1.0);
+    update();
+}
+
+void PaintedButton::setTitle(const QString& title) {
+    if (accessibleName().isEmpty() || accessibleName() == text()) {
+        setAccessibleName(title);
+    }
+    setText(title);
+    // An ampersand in a title is a letter like any other.
+    setShortcut({});
+}
+
+void PaintedButton::setFocusRing(FocusRing::Place place, const QColor& color) {
+    delete ring_;
+    ringPlace_ = place;
+    ringColor_ = color;
+}
+
+bool PaintedButton::showsFocusRing() const {
+    return ring_ != nullptr && ring_->isWanted();
+}
+
+void PaintedButton::updateTrackingAreas() {
+    const bool inside =
+        isVisible() && isTracked() && QApplication::widgetAt(QCursor::pos()) == this;
+    if (inside) {
+        enter();
+    } else if (hovering_) {
+        exit();
+    }
+}
+
+void PaintedButton::setHovering(bool hovering) {
+    hovering_ = hovering;
+    update();
+}
+
+void PaintedButton::showCursor(Qt::CursorShape shape) {
+    setCursor(shape);
+    if (hovering_ && !isEnabled()) {
+        borrowedCursor_.show(*this, shape);
+    } else {
+        borrowedCursor_.giveBack();
+    }
+    // Qt chooses a cursor when the pointer moves on, not when a widget changes under it.
+    QWidget* native = nativeParentWidget();
+    if (hovering_ && native != nullptr && native->windowHandle() != nullptr) {
+        native->windowHandle()->setCursor(shape);
+    }
+}
+
+bool PaintedButton::isTracked() const {
+    switch (tracking_) {
+        case Tracking::inKeyWindow:
+            return isActiveWindow();
+        case Tracking::inActiveApplication:
+            return QGuiApplication::applicationState() == Qt::ApplicationActive;
+        case Tracking::always:
+            break;
+    }
+    return true;
+}
+
+void PaintedButton::enter() {
+    setHovering(true);
+    mouseEntered();
+}
+
+void PaintedButton::exit() {
+    setHovering(false);
+    mouseExited();
+    borrowedCursor_.giveBack();
+}
+
+void PaintedButton::showRing(bool shown) {
+    if (shown && ring_ == nullptr && parentWidget() != nullptr) {
+        ring_ = new FocusRing(*this, ringPlace_, ringColor_);
+    }
+    if (ring_ != nullptr) {
+        ring_->setWanted(shown);
+    }
+}
+
+bool PaintedButton::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::ShortcutOverride:
+            // The focused button comes before whatever the screen does on Return.
+            if (isReturn(static_cast<QKeyEvent&>(*event))) {
+                event->accept();
+                return true;
+            }
+            break;
+        case QEvent::WindowActivate:
+        case QEvent::WindowDeactivate:
+            if (tracking_ == Tracking::inKeyWindow) {
+                updateTrackingAreas();
+            }
+            break;
+        default:
+            break;
+    }
+    return QPushButton::event(event);
+}
+
+void PaintedButton::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::EnabledChange) {
+        borrowedCursor_.giveBack();
+    }
+    QPushButton::changeEvent(event);
+}
+
+void PaintedButton::enterEvent(QEnterEvent* event) {
+    QPushButton::enterEvent(event);
+    if (isTracked()) {
+        enter();
+    }
+}
+
+void PaintedButton::leaveEvent(QEvent* event) {
+    QPushButton::leaveEvent(event);
+    exit();
+}
+
+void PaintedButton::showEvent(QShowEvent* event) {
+    QPushButton::showEvent(event);
+    updateTrackingAreas();
+}
+
+void PaintedButton::hideEvent(QHideEvent* event) {
+    QPushButton::hideEvent(event);
+    updateTrackingAreas();
+}
+
+void PaintedButton::moveEvent(QMoveEvent* event) {
+    QPushButton::moveEvent(event);
+    updateTrackingAreas();
+}
+
+void PaintedButton::resizeEvent(QResizeEvent* event) {
+    QPushButton::resizeEvent(event);
+    updateTrackingAreas();
+}
+
+void PaintedButton::focusInEvent(QFocusEvent* event) {
+    QPushButton::focusInEvent(event);
+    showRing(focusIsShown(*this, event->reason()));
+}
+
+void PaintedButton::focusOutEvent(QFocusEvent* event) {
+    QPushButton::focusOutEvent(event);
+    showRing(false);
+}
+
+void PaintedButton::keyPressEvent(QKeyEvent* event) {
+    if (!isReturn(*event)) {
+        QPushButton::keyPressEvent(event);
+        return;
+    }
+    if (!event->isAutoRepeat()) {
+        click();
+    }
+}
+
+void PaintedButton::nextCheckState() {
+    if (!signalsBlocked()) {
+        QPushButton::nextCheckState();
+    }
+}
+
+void PaintedButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintFaded(painter, rect(), shownOpacity(), [this](QPainter& inside) { draw(inside); });
+}
+
+}  // namespace tarvin

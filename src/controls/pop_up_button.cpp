@@ -1,0 +1,139 @@
+#include "controls/pop_up_button.h"
+
+#include "controls/accessible_pop_up.h"
+#include "controls/images.h"
+#include "controls/look.h"
+#include "controls/painting.h"
+
+#include <QAbstractItemView>
+#include <QFontMetrics>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QWheelEvent>
+#include <algorithm>
+
+namespace tarvin {
+
+namespace {
+
+constexpr int padding = 10;
+constexpr int chevronSide = 16;
+constexpr int chevronMargin = 8;
+constexpr int chevronGap = 4;  ///< to the title
+constexpr double hoverAlpha = 0.7;
+constexpr double disabledAlpha = 0.45;
+
+QFont titleFont() {
+    return look::font(13, QFont::Medium);
+}
+
+/// A list under the button, in the colours of the menus, whatever the style would open.
+QString listStyle() {
+    return QStringLiteral(
+               "QComboBox { combobox-popup: 0; }"
+               "QComboBox QAbstractItemView { background: %1; border: 1px solid %2; outline: 0; }"
+               "QComboBox QAbstractItemView::item { min-height: 30px; padding-left: 9px; "
+               "color: %3; background: %1; border: 0; }"
+               "QComboBox QAbstractItemView::item:selected { background: %4; }")
+        .arg(look::surface.name(), look::noticeFrame.name(), look::ink.name(),
+             look::rowSelected.name());
+}
+
+}  // namespace
+
+PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
+    AccessiblePopUp::install();
+    setFont(titleFont());
+    setStyleSheet(listStyle());
+    // The delegate of combo boxes would ignore the margins of that.
+    setItemDelegate(new QStyledItemDelegate(this));
+    setCursor(Qt::PointingHandCursor);
+}
+
+void PopUpButton::addTagged(const QString& title, int tag) {
+    addItem(title, tag);
+    updateGeometry();
+}
+
+void PopUpButton::selectItemWithTag(int tag) {
+    const int index = findData(tag);
+    if (index >= 0) {
+        setCurrentIndex(index);
+    }
+}
+
+QSize PopUpButton::sizeHint() const {
+    constexpr int buttonHeight = 32;
+    const QFontMetrics metrics(titleFont());
+    int widest = 0;
+    for (int index = 0; index < count(); ++index) {
+        widest = std::max(widest, metrics.horizontalAdvance(itemText(index)));
+    }
+    return {padding + widest + chevronGap + chevronSide + chevronMargin, buttonHeight};
+}
+
+bool PopUpButton::showsFocusRing() const {
+    return ring_ != nullptr && ring_->isWanted();
+}
+
+void PopUpButton::showPopup() {
+    if (!signalsBlocked()) {
+        QComboBox::showPopup();
+    }
+}
+
+void PopUpButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintFaded(painter, rect(), hovering_ && isEnabled() ? hoverAlpha : 1.0,
+               [this](QPainter& inside) { draw(inside); });
+}
+
+void PopUpButton::draw(QPainter& painter) const {
+    painter.fillRect(rect(), isEnabled() ? look::surface : look::page);
+    paintFrame(painter, rect(), 1, isEnabled() ? look::controlLine : look::frame);
+    const QRect chevron(width() - chevronMargin - chevronSide - 1, (height() - chevronSide) / 2,
+                        chevronSide, chevronSide);
+    const int left = padding + 1;
+    paintLine(painter, {left, 0, chevron.left() - left, height()}, currentText(), titleFont(),
+              isEnabled() ? look::ink : look::disabledText);
+    painter.setOpacity(isEnabled() ? 1.0 : disabledAlpha);
+    painter.drawPixmap(chevron.topLeft(), picture(QStringLiteral("ui/chevron_down"), chevron.size(),
+                                                  densityOf(painter)));
+}
+
+void PopUpButton::enterEvent(QEnterEvent* event) {
+    QComboBox::enterEvent(event);
+    hovering_ = true;
+    update();
+}
+
+void PopUpButton::leaveEvent(QEvent* event) {
+    QComboBox::leaveEvent(event);
+    hovering_ = false;
+    update();
+}
+
+void PopUpButton::focusInEvent(QFocusEvent* event) {
+    QComboBox::focusInEvent(event);
+    showRing(focusIsShown(*this, event->reason()));
+}
+
+void PopUpButton::focusOutEvent(QFocusEvent* event) {
+    QComboBox::focusOutEvent(event);
+    showRing(false);
+}
+
+void PopUpButton::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+void PopUpButton::showRing(bool shown) {
+    if (shown && ring_ == nullptr && parentWidget() != nullptr) {
+        ring_ = new FocusRing(*this, FocusRing::Place::outside, look::focusRing);
+    }
+    if (ring_ != nullptr) {
+        ring_->setWanted(shown);
+    }
+}
+
+}  // namespace tarvin

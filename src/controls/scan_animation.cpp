@@ -1,0 +1,66 @@
+#include "controls/scan_animation.h"
+
+#include "controls/images.h"
+#include "controls/painting.h"
+
+#include <QEasingCurve>
+#include <QPainter>
+#include <cmath>
+#include <numbers>
+
+namespace tarvin {
+
+namespace {
+
+constexpr int roundMilliseconds = 2400;
+constexpr QSize stageSize(288, 216);
+constexpr QSize lensSize(100, 100);
+// The lens goes from one corner to the other and back, with a bow to each side.
+constexpr QPointF pathBegin(40, 70);
+constexpr QPointF pathEnd(150, 92);
+constexpr double bow = 26;
+
+QPointF pointOfPath(double phase) {
+    const bool forth = phase < 0.5;
+    const double part =
+        QEasingCurve(QEasingCurve::InOutQuad).valueForProgress(forth ? 2 * phase : 2 - 2 * phase);
+    const double lift = bow * std::sin(std::numbers::pi * part);
+    return pathBegin + (pathEnd - pathBegin) * part + QPointF(0, forth ? -lift : lift);
+}
+
+}  // namespace
+
+ScanAnimation::ScanAnimation(QWidget* parent) : QWidget(parent), clock_(*this, roundMilliseconds) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void ScanAnimation::startAnimation() {
+    started_ = true;
+    if (!reducedMotion()) {
+        clock_.start();
+    }
+}
+
+void ScanAnimation::stopAnimation() {
+    started_ = false;
+    clock_.stop();
+}
+
+QPointF ScanAnimation::lensPosition() const {
+    const QPointF stage((width() - stageSize.width()) / 2.0, (height() - stageSize.height()) / 2.0);
+    return stage + pointOfPath(clock_.phase());
+}
+
+void ScanAnimation::paintEvent(QPaintEvent*) {
+    // The pictures have the size in which they are drawn. Were they smoothed, Qt would share the
+    // work among threads of its own, and the main thread would wait for them: up to two tenths of a
+    // second while a scan keeps all processors busy.
+    QPainter painter(this);
+    const double ratio = densityOf(painter);
+    painter.drawPixmap(
+        QPointF((width() - stageSize.width()) / 2, (height() - stageSize.height()) / 2),
+        picture(QStringLiteral("ui/scan_stage"), stageSize, ratio));
+    painter.drawPixmap(lensPosition(), picture(QStringLiteral("ui/scan_lens"), lensSize, ratio));
+}
+
+}  // namespace tarvin

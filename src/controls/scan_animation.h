@@ -1,0 +1,40 @@
+#pragma once
+
+#include "controls/motion.h"
+
+#include <QPointF>
+#include <QWidget>
+
+namespace tarvin {
+
+/// The picture of a running scan: a lens that moves over three sheets, round in 2.4 s; 288 x 216
+/// logical pixels. It stands where it was when stopped, and does not move at all when movement is
+/// reduced. Owned by its parent; main thread.
+class ScanAnimation final : public QWidget {
+    Q_OBJECT
+
+ public:
+    explicit ScanAnimation(QWidget* parent = nullptr);
+
+    void startAnimation();
+    void stopAnimation();
+    /// Whether it was started, seen or not.
+    [[nodiscard]] bool isAnimating() const { return started_; }
+
+    /// The upper left corner of the lens.
+    [[nodiscard]] QPointF lensPosition() const;
+
+    [[nodiscard]] const LoopClock& clock() const { return clock_; }
+    [[nodiscard]] LoopClock& clock() { return clock_; }
+
+    [[nodiscard]] QSize sizeHint() const override { return {288, 216}; }
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+
+ private:
+    LoopClock clock_;
+    bool started_ = false;
+};
+
+}  // namespace tarvin

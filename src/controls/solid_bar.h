@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QColor>
+#include <QWidget>
+
+namespace tarvin {
+
+/// A bar of one colour. It takes its own colour again each time it is painted, so another one that
+/// was set is never seen. Owned by its parent; main thread.
+class SolidBar : public QWidget {
+    Q_OBJECT
+
+ public:
+    SolidBar(const QColor& ownColor, QWidget* parent);
+
+    void setFillColor(const QColor& fillColor);
+    [[nodiscard]] QColor fillColor() const { return fillColor_; }
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+
+ private:
+    QColor ownColor_;
+    QColor fillColor_;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,38 @@
+#include "controls/toggle_button.h"
+
+#include "controls/check_box_painter.h"
+#include "controls/images.h"
+#include "controls/look.h"
+#include "controls/painting.h"
+
+#include <utility>
+
+namespace tarvin {
+
+ToggleButton::ToggleButton(QString onGlyph, QString offGlyph, QWidget* parent)
+    : HoverButton(Kind::quiet, {}, parent),
+      onGlyph_(std::move(onGlyph)),
+      offGlyph_(std::move(offGlyph)) {
+    setCheckable(true);
+}
+
+void ToggleButton::draw(QPainter& painter) {
+    constexpr int side = 18;
+    drawGround(painter);
+    if (!isEnabled()) {
+        painter.setOpacity(painter.opacity() * disabledOpacity());
+    }
+    const QRect place = checkBoxIn(rect(), side);
+    painter.drawPixmap(place.topLeft(), picture(glyph(), place.size(), densityOf(painter)));
+}
+
+void ToggleButton::drawGround(QPainter& painter) {
+    if (!isChecked() || !isEnabled()) {
+        HoverButton::drawGround(painter);
+        return;
+    }
+    painter.fillRect(rect(), isDown() ? darkened(look::activeTint) : look::activeTint);
+    paintFrame(painter, rect(), 1, look::deepTeal);
+}
+
+}  // namespace tarvin

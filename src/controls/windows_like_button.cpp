@@ -1,0 +1,36 @@
+#include "controls/windows_like_button.h"
+
+#include "controls/images.h"
+#include "controls/look.h"
+#include "controls/painting.h"
+
+namespace tarvin {
+
+WIndowsLikeButton::WIndowsLikeButton(const QString& glyph, QWidget* parent)
+    : HoverButton(parent), glyph_(glyph) {
+    setDisabledOpacity(0.4);
+}
+
+void WIndowsLikeButton::setGlyph(const QString& glyph) {
+    glyph_ = glyph;
+    update();
+}
+
+void WIndowsLikeButton::draw(QPainter& painter) {
+    drawGround(painter);
+    if (glyph_.isEmpty()) {
+        drawTitle(painter);
+        return;
+    }
+    constexpr int side = 20;
+    const QRect place((width() - side) / 2, (height() - side) / 2, side, side);
+    painter.drawPixmap(place.topLeft(), picture(glyph_, place.size(), densityOf(painter)));
+}
+
+void WIndowsLikeButton::drawGround(QPainter& painter) {
+    constexpr int edge = 2;
+    painter.fillRect(rect(), isDown() ? darkened(look::teal) : look::teal);
+    paintFrame(painter, rect(), edge, look::surface);
+}
+
+}  // namespace tarvin

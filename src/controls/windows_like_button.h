@@ -1,0 +1,32 @@
+#pragma once
+
+#include "controls/hover_button.h"
+
+#include <QString>
+
+namespace tarvin {
+
+/// A teal square with a white edge of 2 logical pixels and a white chevron: back and next. Behaves
+/// under the pointer as every HoverButton; disabled it is shown at 0.4.
+// NOLINTNEXTLINE(readability-identifier-naming)
+class WIndowsLikeButton final : public HoverButton {
+    Q_OBJECT
+
+ public:
+    /// `glyph` names a drawing of 20 x 20, such as "ui/back".
+    explicit WIndowsLikeButton(const QString& glyph = {}, QWidget* parent = nullptr);
+
+    void setGlyph(const QString& glyph);
+    [[nodiscard]] QString glyph() const { return glyph_; }
+
+    [[nodiscard]] QSize sizeHint() const override { return {32, 32}; }
+
+ protected:
+    void draw(QPainter& painter) override;
+    void drawGround(QPainter& painter) override;
+
+ private:
+    QString glyph_;
+};
+
+}  // namespace tarvin

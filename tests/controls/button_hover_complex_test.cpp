@@ -1,0 +1,155 @@
+#include "controls/button_hover_complex.h"
+
+#include "controls/control_bench.h"
+#include "controls/images.h"
+#include "controls/look.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+namespace tarvin {
+namespace {
+
+constexpr QRect place(20, 20, 190, 160);
+
+QPixmap plain(const QSize& size, const QColor& color) {
+    QPixmap pixmap(size);
+    pixmap.fill(color);
+    return pixmap;
+}
+
+ButtonHoverComplex& addTile(ControlBench& bench, const QIcon& picture = {}) {
+    auto& tile = bench.add<ButtonHoverComplex>(place);
+    tile.setFillColor(look::deepTeal);
+    tile.setImageNormal(picture, {});
+    return tile;
+}
+
+TEST(ButtonHoverComplex, ItIsFilledFromEdgeToEdge) {
+    ControlBench bench;
+    auto& tile = addTile(bench);
+    EXPECT_THAT(bench.at(20, 20), IsRgb(14, 116, 138));
+    EXPECT_THAT(bench.at(209.5, 179.5), IsRgb(14, 116, 138));
+    EXPECT_THAT(bench.at(210, 100), IsRgb(243, 246, 248));
+    tile.setFillColor(look::topBar);
+    EXPECT_EQ(tile.fillColor(), QColor(31, 100, 134));
+    EXPECT_THAT(bench.at(20, 20), IsRgb(31, 100, 134));
+}
+
+TEST(ButtonHoverComplex, APictureThatIs110WideIsDrawnAsItIs) {
+    ControlBench bench;
+    QIcon icon(plain({220, 220}, Qt::red));
+    icon.addPixmap(plain({110, 60}, Qt::green));
+    addTile(bench, icon);
+    // 110 x 60 in the middle of 190 x 160: from (40, 50) on.
+    EXPECT_THAT(bench.at(60, 70), IsRgb(0, 255, 0));
+    EXPECT_THAT(bench.at(169.5, 129.5), IsRgb(0, 255, 0));
+    EXPECT_THAT(bench.at(59.5, 70), IsRgb(14, 116, 138));
+    EXPECT_THAT(bench.at(170, 100), IsRgb(14, 116, 138));
+    EXPECT_THAT(bench.at(100, 69.5), IsRgb(14, 116, 138));
+    EXPECT_THAT(bench.at(100, 130), IsRgb(14, 116, 138));
+}
+
+TEST(ButtonHoverComplex, AnyOtherPictureIsResized) {
+    for (const QSize size : {QSize(64, 32), QSize(300, 200), QSize(109, 110)}) {
+        ControlBench bench;
+        addTile(bench, plain(size, Qt::red));
+        EXPECT_THAT(bench.at(60, 45), IsRgb(255, 0, 0)) << size.width();
+        EXPECT_THAT(bench.at(169.5, 154.5), IsRgb(255, 0, 0)) << size.width();
+        EXPECT_THAT(bench.at(59.5, 100), IsRgb(14, 116, 138)) << size.width();
+        EXPECT_THAT(bench.at(100, 155), IsRgb(14, 116, 138)) << size.width();
+    }
+}
+
+TEST(ButtonHoverComplex, ThePictureStandsUpright) {
+    QPixmap pixmap(110, 110);
+    pixmap.fill(Qt::red);
+    QPainter(&pixmap).fillRect(0, 0, 110, 55, Qt::green);
+    ControlBench bench;
+    addTile(bench, pixmap);
+    EXPECT_THAT(bench.at(100, 50), IsRgb(0, 255, 0));
+    EXPECT_THAT(bench.at(100, 150), IsRgb(255, 0, 0));
+}
+
+TEST(ButtonHoverComplex, TheDrawingOfTheDrivesTileIsSharp) {
+    ControlBench bench;
+    addTile(bench, pictureIcon(QStringLiteral("ui/tile_drives")));
+    // The upper edge of the white sheet, 14 of 110 down, and its left one, 32 of 110.
+    EXPECT_THAT(bench.at(115, 58.5), IsRgb(14, 116, 138));
+    EXPECT_THAT(bench.at(115, 59), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench.at(92, 75), IsRgb(255, 255, 255));
+}
+
+TEST(ButtonHoverComplex, TheTitleIsInTheUpperLeft) {
+    ControlBench bench;
+    addTile(bench).setTitle(QStringLiteral("HHH"));
+    const QImage image = bench.picture(place);
+    const double ratio = image.devicePixelRatio();
+    const QRect ink = inkBounds(image, look::deepTeal);
+    EXPECT_NEAR(ink.left() / ratio, 11, 1.5);
+    EXPECT_GE(ink.top() / ratio, 9);
+    EXPECT_LE(ink.bottom() / ratio, 25);
+    EXPECT_TRUE(bench.holds(place, Qt::white));
+}
+
+TEST(ButtonHoverComplex, ALongTitleIsCutAtTheInset) {
+    ControlBench bench;
+    addTile(bench).setTitle(QString(60, QLatin1Char('W')));
+    const QImage image = bench.picture(place);
+    EXPECT_LT(inkBounds(image, look::deepTeal).right() / image.devicePixelRatio(), 180);
+}
+
+TEST(ButtonHoverComplex, UnderThePointerItsAlphaIsEightTenths) {
+    ControlBench bench;
+    auto& tile = addTile(bench);
+    bench.movePointerTo(tile);
+    EXPECT_DOUBLE_EQ(tile.alpha(), 0.8);
+    EXPECT_THAT(bench.at(25, 100), IsRgb(60, 142, 160));
+    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
+    bench.movePointerAway();
+    EXPECT_DOUBLE_EQ(tile.alpha(), 1.0);
+    EXPECT_THAT(bench.at(25, 100), IsRgb(14, 116, 138));
+}
+
+TEST(ButtonHoverComplex, TheMouseHoldsItDownUntilItIsReleased) {
+    ControlBench bench;
+    auto& tile = addTile(bench);
+    EXPECT_FALSE(tile.mouseDown());
+    QTest::mousePress(bench.window().windowHandle(), Qt::LeftButton, {}, place.center());
+    EXPECT_TRUE(tile.mouseDown());
+    QTest::mouseRelease(bench.window().windowHandle(), Qt::LeftButton, {}, place.center());
+    EXPECT_FALSE(tile.mouseDown());
+}
+
+TEST(ButtonHoverComplex, HeldDownItIsDarker) {
+    ControlBench bench;
+    addTile(bench).setDown(true);
+    EXPECT_THAT(bench.at(25, 100), IsRgb(12, 102, 121));
+}
+
+TEST(ButtonHoverComplex, ResettingAndNewPicturesForgetThePointer) {
+    ControlBench bench;
+    auto& tile = addTile(bench);
+    bench.movePointerTo(tile);
+    ASSERT_TRUE(tile.hovering());
+    tile.resetButton();
+    EXPECT_FALSE(tile.hovering());
+    bench.movePointerAway();
+    bench.movePointerTo(tile);
+    tile.setImageNormal({}, {});
+    EXPECT_FALSE(tile.hovering());
+}
+
+TEST(ButtonHoverComplex, TheArrowIsKeptAndNotDrawn) {
+    ControlBench bench;
+    auto& tile = addTile(bench);
+    tile.setImageNormal({}, plain({110, 110}, Qt::red));
+    EXPECT_FALSE(tile.arrowImage().isNull());
+    EXPECT_FALSE(bench.holds(place, Qt::red));
+    tile.setButtonID(7);
+    EXPECT_EQ(tile.buttonID(), 7);
+}
+
+}  // namespace
+}  // namespace tarvin

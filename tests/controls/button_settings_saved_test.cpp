@@ -1,0 +1,98 @@
+#include "controls/button_settings_saved.h"
+
+#include "controls/control_bench.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace tarvin {
+namespace {
+
+constexpr QRect place(20, 20, 84, 27);
+
+TEST(ButtonSettingsSaved, ItIsAGrayGradientWithABlueLine) {
+    ControlBench bench;
+    bench.add<ButtonSettingsSaved>(place);
+    EXPECT_THAT(bench.at(20, 30), IsRgb(53, 152, 252));
+    EXPECT_THAT(bench.at(103.5, 46.5), IsRgb(53, 152, 252));
+    EXPECT_THAT(bench.at(30, 45.5), IsRgb(223, 223, 223));
+    EXPECT_THAT(bench.at(30, 33.5), IsRgb(231, 231, 231));
+    EXPECT_THAT(bench.at(30, 21), IsRgb(239, 239, 239));
+}
+
+TEST(ButtonSettingsSaved, UnderThePointerItIsBlue) {
+    ControlBench bench;
+    auto& button = bench.add<ButtonSettingsSaved>(place);
+    bench.movePointerTo(button);
+    EXPECT_TRUE(button.hovering());
+    EXPECT_THAT(bench.at(20, 30), IsRgb(126, 180, 234));
+    EXPECT_THAT(bench.at(30, 45.5), IsRgb(221, 237, 252));
+    EXPECT_THAT(bench.at(30, 21), IsRgb(238, 246, 253));
+    bench.movePointerAway();
+    EXPECT_FALSE(button.hovering());
+    EXPECT_THAT(bench.at(20, 30), IsRgb(53, 152, 252));
+}
+
+TEST(ButtonSettingsSaved, TheTitleIsBlackAndCentred) {
+    ControlBench bench;
+    bench.add<ButtonSettingsSaved>(place).setTitle(QStringLiteral("IHI"));
+    const QImage image = bench.picture(place.adjusted(2, 2, -2, -2));
+    int left = image.width();
+    int right = 0;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            if (image.pixelColor(x, y).lightness() < 100) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+            }
+        }
+    }
+    EXPECT_NEAR(left + right, image.width(), 3 * image.devicePixelRatio());
+}
+
+TEST(ButtonSettingsSaved, ThePointerCountsInTheActiveProgram) {
+    ControlBench bench;
+    auto& button = bench.add<ButtonSettingsSaved>(place);
+    // Another window of the same program is active.
+    bench.deactivate();
+    bench.movePointerTo(button);
+    EXPECT_TRUE(button.hovering());
+}
+
+TEST(ButtonSettingsSaved, WithoutAnOverlayTheCursorStays) {
+    ControlBench bench;
+    auto& button = bench.add<ButtonSettingsSaved>(place);
+    bench.movePointerTo(button);
+    EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
+}
+
+TEST(ButtonSettingsSaved, TheHandIsShownWhileNothingCoversTheOverlay) {
+    ControlBench bench;
+    ViewTransparent overlay;
+    auto& button = bench.add<ButtonSettingsSaved>(place);
+    button.setViewTransparent(&overlay);
+    EXPECT_EQ(button.viewTransparent(), &overlay);
+    bench.movePointerTo(button);
+    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
+    overlay.setviewsOverlaidCount(1);
+    EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
+    overlay.setviewsOverlaidCount(0);
+    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
+    button.setViewTransparent(nullptr);
+    EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
+}
+
+TEST(ButtonSettingsSaved, TheOverlayMayGoFirst) {
+    ControlBench bench;
+    auto overlay = std::make_unique<ViewTransparent>();
+    auto& button = bench.add<ButtonSettingsSaved>(place);
+    button.setViewTransparent(overlay.get());
+    overlay.reset();
+    EXPECT_EQ(button.viewTransparent(), nullptr);
+    EXPECT_EQ(button.cursor().shape(), Qt::ArrowCursor);
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,103 @@
+#include "controls/control_bench.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QTest>
+#include <QWindow>
+#include <cmath>
+
+namespace tarvin {
+
+ControlBench::ControlBench(const QColor& ground) {
+    QPalette colors = window_.palette();
+    colors.setColor(QPalette::Window, ground);
+    window_.setPalette(colors);
+    window_.setAutoFillBackground(true);
+    // Both windows fit on the screen of the offscreen platform, 400 x 400 at the double density.
+    window_.setGeometry(10, 10, 300, 250);
+    other_.setGeometry(330, 10, 50, 50);
+    window_.show();
+    activate();
+    movePointerAway();
+}
+
+ControlBench::~ControlBench() {
+    movePointerAway();
+}
+
+void ControlBench::movePointer(const QPoint& place) {
+    QCursor::setPos(window_.mapToGlobal(place));
+    QCoreApplication::processEvents();
+    // At the double density the offscreen platform misplaces the events of the line above.
+    QTest::mouseMove(window_.windowHandle(), place);
+    QCoreApplication::processEvents();
+}
+
+void ControlBench::movePointerTo(const QWidget& control) {
+    movePointer(control.mapTo(&window_, control.rect().center()));
+}
+
+void ControlBench::movePointerAway() {
+    QCursor::setPos(window_.mapToGlobal(QPoint(-8, -8)));
+    QCoreApplication::processEvents();
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(window_.windowHandle(), &leave);
+}
+
+void ControlBench::deactivate() {
+    other_.show();
+    other_.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other_));
+}
+
+void ControlBench::activate() {
+    window_.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+}
+
+Qt::CursorShape ControlBench::cursor() const {
+    return window_.windowHandle()->cursor().shape();
+}
+
+QColor ControlBench::at(double x, double y) {
+    const QImage whole = window_.grab().toImage();
+    const double ratio = whole.devicePixelRatio();
+    return whole.pixelColor(static_cast<int>(std::floor(x * ratio)),
+                            static_cast<int>(std::floor(y * ratio)));
+}
+
+bool ControlBench::holds(const QRect& part, const QColor& color) {
+    const QImage image = picture(part);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (isNear(image.pixelColor(x, y), color)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+QImage ControlBench::picture(const QRect& part) {
+    return window_.grab(part).toImage();
+}
+
+bool isNear(const QColor& one, const QColor& other) {
+    return testing::Matches(IsRgb(other.red(), other.green(), other.blue()))(one);
+}
+
+QRect inkBounds(const QImage& image, const QColor& ground) {
+    QRect bounds;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (!isNear(image.pixelColor(x, y), ground)) {
+                bounds |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return bounds;
+}
+
+}  // namespace tarvin

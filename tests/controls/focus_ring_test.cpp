@@ -1,0 +1,121 @@
+#include "controls/focus_ring.h"
+
+#include "controls/button_hover_simple.h"
+#include "controls/control_bench.h"
+#include "controls/hover_button.h"
+#include "controls/look.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+namespace tarvin {
+namespace {
+
+constexpr QRect place(20, 20, 100, 36);
+
+TEST(FocusRing, TheKeyboardMakesItSeen) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place);
+    EXPECT_FALSE(button.showsFocusRing());
+    button.setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(button.showsFocusRing());
+    button.clearFocus();
+    EXPECT_FALSE(button.showsFocusRing());
+}
+
+TEST(FocusRing, TheMouseDoesNot) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place);
+    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, place.center());
+    ASSERT_TRUE(button.hasFocus());
+    EXPECT_FALSE(button.showsFocusRing());
+}
+
+TEST(FocusRing, AFocusMovedByTheProgramIsSeenIfTheKeyboardIsInUse) {
+    ControlBench bench;
+    auto& first = bench.add<HoverButton>(place);
+    auto& second = bench.add<HoverButton>(QRect(20, 80, 100, 36));
+    second.setFocus(Qt::OtherFocusReason);
+    EXPECT_FALSE(second.showsFocusRing());
+    QTest::keyClick(bench.window().windowHandle(), Qt::Key_Tab);
+    EXPECT_TRUE(first.showsFocusRing());
+    second.setFocus(Qt::OtherFocusReason);
+    EXPECT_TRUE(second.showsFocusRing());
+    EXPECT_FALSE(first.showsFocusRing());
+}
+
+TEST(FocusRing, ItIsTwoWideWithAGapOfTwo) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place);
+    button.setFocus(Qt::TabFocusReason);
+    EXPECT_THAT(bench.at(15.5, 30), IsRgb(243, 246, 248));
+    EXPECT_THAT(bench.at(16, 30), IsRgb(10, 58, 82));
+    EXPECT_THAT(bench.at(17.5, 30), IsRgb(10, 58, 82));
+    EXPECT_THAT(bench.at(18, 30), IsRgb(243, 246, 248));
+    EXPECT_THAT(bench.at(19.5, 30), IsRgb(243, 246, 248));
+    EXPECT_THAT(bench.at(123.5, 59.5), IsRgb(10, 58, 82));
+    EXPECT_THAT(bench.at(124, 59.5), IsRgb(243, 246, 248));
+}
+
+TEST(FocusRing, ItIsWhiteOnTheBlueBars) {
+    ControlBench bench(look::topBar);
+    auto& button = bench.add<HoverButton>(place, HoverButton::Kind::outline, QString());
+    button.setFocus(Qt::TabFocusReason);
+    EXPECT_THAT(bench.at(16, 30), IsRgb(255, 255, 255));
+}
+
+TEST(FocusRing, InACornerItLiesInsideTheControl) {
+    ControlBench bench(look::topBar);
+    auto& button = bench.add<ButtonHoverSimple>(QRect(0, 0, 45, 45));
+    button.setFocus(Qt::TabFocusReason);
+    EXPECT_THAT(bench.at(1.5, 20), IsRgb(31, 100, 134));
+    EXPECT_THAT(bench.at(2, 20), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench.at(3.5, 20), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench.at(4, 20), IsRgb(31, 100, 134));
+}
+
+TEST(FocusRing, ItGoesWhereItsControlGoes) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place);
+    button.setFocus(Qt::TabFocusReason);
+    auto* ring = bench.window().findChild<FocusRing*>();
+    ASSERT_NE(ring, nullptr);
+    button.setGeometry(50, 60, 80, 20);
+    EXPECT_EQ(ring->geometry(), QRect(46, 56, 88, 28));
+    button.hide();
+    EXPECT_FALSE(ring->isVisible());
+}
+
+TEST(FocusRing, ItTakesNeitherMouseNorKeyboard) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place);
+    button.setFocus(Qt::TabFocusReason);
+    auto* ring = bench.window().findChild<FocusRing*>();
+    ASSERT_NE(ring, nullptr);
+    EXPECT_EQ(ring->focusPolicy(), Qt::NoFocus);
+    EXPECT_EQ(bench.window().childAt(place.center()), &button);
+}
+
+TEST(FocusRing, ItGoesWithItsControl) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place);
+    button.setFocus(Qt::TabFocusReason);
+    delete &button;
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(bench.window().findChild<FocusRing*>(), nullptr);
+}
+
+TEST(FocusRing, ItMovesToANewParentWithItsControl) {
+    ControlBench bench;
+    auto& panel = bench.add<QWidget>(QRect(100, 100, 150, 100));
+    auto& button = bench.add<HoverButton>(place);
+    button.setFocus(Qt::TabFocusReason);
+    auto* ring = bench.window().findChild<FocusRing*>();
+    ASSERT_NE(ring, nullptr);
+    button.setParent(&panel);
+    EXPECT_EQ(ring->parentWidget(), &panel);
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,285 @@
+#include "controls/hover_button.h"
+
+#include "controls/control_bench.h"
+#include "controls/look.h"
+
+#include <gtest/gtest.h>
+
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QTest>
+
+namespace tarvin {
+namespace {
+
+using Kind = HoverButton::Kind;
+
+constexpr QRect place(20, 20, 120, 36);
+
+HoverButton& addFilled(ControlBench& bench, const QColor& fill) {
+    auto& button = bench.add<HoverButton>(place);
+    button.setFill(fill);
+    return button;
+}
+
+TEST(HoverButton, AFilledOneIsOneColourFromEdgeToEdge) {
+    ControlBench bench;
+    addFilled(bench, look::deepTeal);
+    EXPECT_THAT(bench.at(20, 20), IsRgb(14, 116, 138));
+    EXPECT_THAT(bench.at(139.5, 55.5), IsRgb(14, 116, 138));
+    EXPECT_THAT(bench.at(19.5, 30), IsRgb(243, 246, 248));
+    EXPECT_THAT(bench.at(140, 30), IsRgb(243, 246, 248));
+}
+
+TEST(HoverButton, AFilledTitleIsWhiteAndCentred) {
+    ControlBench bench;
+    addFilled(bench, look::deepTeal).setTitle(QStringLiteral("OOO"));
+    const QImage image = bench.picture(place);
+    const QRect ink = inkBounds(image, look::deepTeal);
+    EXPECT_TRUE(bench.holds(place, Qt::white));
+    EXPECT_NEAR(ink.left() + ink.right(), image.width(), 2 * image.devicePixelRatio() + 1);
+    EXPECT_NEAR(ink.top() + ink.bottom(), image.height(), 4 * image.devicePixelRatio());
+}
+
+TEST(HoverButton, UnderThePointerItsAlphaIsSevenTenths) {
+    ControlBench bench;
+    auto& button = addFilled(bench, look::deepTeal);
+    bench.movePointerTo(button);
+    EXPECT_TRUE(button.hovering());
+    EXPECT_DOUBLE_EQ(button.alpha(), 0.7);
+    EXPECT_THAT(bench.at(25, 25), IsRgb(83, 155, 171));
+    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
+}
+
+TEST(HoverButton, WhenThePointerGoesItsAlphaIsOne) {
+    ControlBench bench;
+    auto& button = addFilled(bench, look::deepTeal);
+    button.setAlpha(0.6);
+    bench.movePointerTo(button);
+    bench.movePointerAway();
+    EXPECT_FALSE(button.hovering());
+    EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
+    EXPECT_THAT(bench.at(25, 25), IsRgb(14, 116, 138));
+}
+
+TEST(HoverButton, ADisabledOneShowsTheNotAllowedCursorAndKeepsItsAlpha) {
+    ControlBench bench;
+    auto& button = addFilled(bench, look::deepTeal);
+    button.setEnabled(false);
+    bench.movePointerTo(button);
+    EXPECT_EQ(bench.cursor(), Qt::ForbiddenCursor);
+    EXPECT_EQ(button.cursor().shape(), Qt::ForbiddenCursor);
+    EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
+    bench.movePointer(QPoint(200, 200));
+    EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
+    EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
+}
+
+TEST(HoverButton, TheCursorIsRightBetweenTwoDisabledOnes) {
+    ControlBench bench;
+    auto& first = bench.add<HoverButton>(QRect(20, 20, 50, 36));
+    auto& second = bench.add<HoverButton>(QRect(70, 20, 50, 36));
+    first.setEnabled(false);
+    second.setEnabled(false);
+    bench.movePointerTo(first);
+    bench.movePointerTo(second);
+    EXPECT_EQ(bench.cursor(), Qt::ForbiddenCursor);
+    bench.movePointer(QPoint(200, 200));
+    EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
+}
+
+TEST(HoverButton, TheCursorFollowsWhatHappensUnderThePointer) {
+    ControlBench bench;
+    auto& button = addFilled(bench, look::deepTeal);
+    bench.movePointerTo(button);
+    button.setEnabled(false);
+    EXPECT_EQ(bench.cursor(), Qt::ForbiddenCursor);
+    button.setEnabled(true);
+    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
+    bench.movePointer(QPoint(200, 200));
+    EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
+}
+
+TEST(HoverButton, OneEnteredWhileDisabledGetsTheHandWhenItIsEnabled) {
+    ControlBench bench;
+    auto& button = addFilled(bench, look::deepTeal);
+    button.setEnabled(false);
+    bench.movePointerTo(button);
+    button.setEnabled(true);
+    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
+}
+
+TEST(HoverButton, TheParentsOwnCursorComesBack) {
+    ControlBench bench;
+    bench.window().setCursor(Qt::CrossCursor);
+    auto& button = addFilled(bench, look::deepTeal);
+    button.setEnabled(false);
+    bench.movePointerTo(button);
+    EXPECT_EQ(bench.cursor(), Qt::ForbiddenCursor);
+    bench.movePointer(QPoint(200, 200));
+    EXPECT_EQ(bench.cursor(), Qt::CrossCursor);
+}
+
+TEST(HoverButton, ADestroyedOneLeavesNoCursorBehind) {
+    ControlBench bench;
+    auto& button = addFilled(bench, look::deepTeal);
+    button.setEnabled(false);
+    bench.movePointerTo(button);
+    ASSERT_EQ(bench.window().cursor().shape(), Qt::ForbiddenCursor);
+    delete &button;
+    EXPECT_EQ(bench.window().cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST(HoverButton, ADisabledOneIsShownAtLessThanHalf) {
+    ControlBench bench;
+    addFilled(bench, look::panelBlue).setEnabled(false);
+    EXPECT_THAT(bench.at(25, 25), IsRgb(147, 187, 211));
+}
+
+TEST(HoverButton, ScanAndDeleteAreShownAtSixTenthsWhenDisabled) {
+    ControlBench bench;
+    auto& button = addFilled(bench, look::deepTeal);
+    button.setDisabledOpacity(0.6);
+    button.setEnabled(false);
+    EXPECT_THAT(bench.at(25, 25), IsRgb(106, 168, 182));
+    // The controller's own alpha for a disabled Scan says the same, and does not add to it.
+    button.setAlpha(0.6);
+    EXPECT_THAT(bench.at(25, 25), IsRgb(106, 168, 182));
+}
+
+TEST(HoverButton, TheAlphaIsKeptBetweenNothingAndAll) {
+    HoverButton button;
+    button.setAlpha(1.5);
+    EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
+    button.setAlpha(-1);
+    EXPECT_DOUBLE_EQ(button.alpha(), 0.0);
+}
+
+TEST(HoverButton, OneThatWasLeftWhileDisabledIsWholeWhenItIsEnabledAgain) {
+    ControlBench bench;
+    auto& button = addFilled(bench, look::deepTeal);
+    bench.movePointerTo(button);
+    button.setEnabled(false);
+    bench.movePointerAway();
+    EXPECT_DOUBLE_EQ(button.alpha(), 0.7);
+    button.setEnabled(true);
+    EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
+}
+
+TEST(HoverButton, HeldDownItIsDarker) {
+    ControlBench bench;
+    auto& button = addFilled(bench, look::deleteRed);
+    button.setDown(true);
+    EXPECT_THAT(bench.at(25, 25), IsRgb(155, 51, 48));
+}
+
+TEST(HoverButton, AQuietOneIsWhiteWithAThinLineAndInkTitle) {
+    ControlBench bench;
+    bench.add<HoverButton>(place, Kind::quiet, QStringLiteral("Mark All"));
+    EXPECT_THAT(bench.at(20, 20), IsRgb(107, 124, 135));
+    EXPECT_THAT(bench.at(139.5, 40), IsRgb(107, 124, 135));
+    EXPECT_THAT(bench.at(60, 55.5), IsRgb(107, 124, 135));
+    EXPECT_THAT(bench.at(21, 21), IsRgb(255, 255, 255));
+    EXPECT_TRUE(bench.holds(place, look::ink));
+}
+
+TEST(HoverButton, AQuietOneChangesItsColoursWhenDisabled) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place, Kind::quiet, QStringLiteral("Mark All"));
+    button.setEnabled(false);
+    EXPECT_THAT(bench.at(20, 20), IsRgb(197, 207, 213));
+    EXPECT_TRUE(bench.holds(place, QColor(138, 151, 159)));
+    EXPECT_FALSE(bench.holds(place, look::ink));
+}
+
+TEST(HoverButton, OnTheGrayBarADisabledQuietOneIsDarker) {
+    ControlBench bench(look::barGray);
+    auto& button = bench.add<HoverButton>(place, Kind::quiet, QStringLiteral("Mark All"));
+    button.setOnGrayBar(true);
+    button.setEnabled(false);
+    EXPECT_THAT(bench.at(20, 20), IsRgb(169, 178, 183));
+    EXPECT_THAT(bench.at(21, 21), IsRgb(205, 207, 208));
+    EXPECT_TRUE(bench.holds(place, QColor(115, 126, 133)));
+    button.setEnabled(true);
+    EXPECT_THAT(bench.at(21, 21), IsRgb(255, 255, 255));
+}
+
+TEST(HoverButton, AQuietOneFadesUnderThePointerToo) {
+    ControlBench bench(Qt::black);
+    auto& button = bench.add<HoverButton>(place, Kind::quiet, QString());
+    bench.movePointerTo(button);
+    EXPECT_THAT(bench.at(30, 30), IsRgb(179, 179, 179));
+}
+
+TEST(HoverButton, AnOutlinedOneLetsTheBarShine) {
+    ControlBench bench(look::topBar);
+    auto& button = bench.add<HoverButton>(place, Kind::outline, QStringLiteral("Help"));
+    EXPECT_THAT(bench.at(20, 30), IsRgb(154, 185, 200));
+    EXPECT_THAT(bench.at(22, 22), IsRgb(31, 100, 134));
+    EXPECT_TRUE(bench.holds(place, Qt::white));
+    button.setEnabled(false);
+    EXPECT_THAT(bench.at(20, 30), IsRgb(86, 138, 164));
+    EXPECT_FALSE(bench.holds(place, Qt::white));
+}
+
+TEST(HoverButton, RoundedCornersShowTheGround) {
+    ControlBench bench;
+    addFilled(bench, look::deepTeal).setCornerRadius(10);
+    EXPECT_THAT(bench.at(20, 20), IsRgb(243, 246, 248));
+    EXPECT_THAT(bench.at(20.5, 38), IsRgb(14, 116, 138));
+    EXPECT_THAT(bench.at(80, 20.5), IsRgb(14, 116, 138));
+}
+
+TEST(HoverButton, ItsSizeFollowsItsKind) {
+    EXPECT_EQ(HoverButton(Kind::filled, QString()).sizeHint(), QSize(30, 36));
+    EXPECT_EQ(HoverButton(Kind::quiet, QString()).sizeHint(), QSize(30, 32));
+    EXPECT_EQ(HoverButton(Kind::outline, QString()).sizeHint(), QSize(30, 29));
+    EXPECT_GT(HoverButton(Kind::quiet, QStringLiteral("Remove from List")).sizeHint().width(), 90);
+}
+
+TEST(HoverButton, ATitleThatIsTooLongEndsInsideTheButton) {
+    ControlBench bench;
+    bench.add<HoverButton>(place, Kind::quiet, QString(80, QLatin1Char('W')));
+    EXPECT_THAT(bench.at(22, 38), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench.at(137, 38), IsRgb(255, 255, 255));
+}
+
+struct Titled {
+    const char* title;
+    int pixelSize;
+    QFont::Weight weight;
+    int width;
+};
+
+TEST(HoverButton, EveryTitleFitsInAWideFallbackFont) {
+    constexpr Titled titles[] = {
+        {"Mark All", 13, QFont::Medium, 92},
+        {"Unmark All", 13, QFont::Medium, 104},
+        {"Remove from List", 13, QFont::Medium, 140},
+        {"Add to Exceptions", 13, QFont::Medium, 146},
+        {"Remove Exceptions", 13, QFont::Medium, 158},
+        {"Add Photos", 14, QFont::Bold, 128},
+        {"Add Folders", 14, QFont::Bold, 132},
+        {"Scan", 14, QFont::Bold, 160},
+        {"Pause", 14, QFont::Bold, 112},
+        {"Resume", 14, QFont::Bold, 112},
+        {"Stop", 14, QFont::Bold, 100},
+        {"Delete", 14, QFont::Bold, 120},
+        {"Review", 14, QFont::Bold, 120},
+        {"Cancel", 14, QFont::Bold, 104},
+        {"Help", 13, QFont::Normal, 72},
+        {"Yes", 13, QFont::Normal, 84},
+    };
+    for (const Titled& titled : titles) {
+        QFont font(QStringLiteral("DejaVu Sans"));
+        font.setPixelSize(titled.pixelSize);
+        font.setWeight(titled.weight);
+        ASSERT_EQ(QFontInfo(font).family(), QStringLiteral("DejaVu Sans"));
+        const int room = titled.width - 2 * 4;
+        EXPECT_LE(QFontMetrics(font).horizontalAdvance(QString::fromUtf8(titled.title)), room)
+            << titled.title;
+    }
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,294 @@
+#include "controls/check_box_delegate.h"
+#include "controls/control_bench.h"
+#include "controls/custom_table_cell_view.h"
+#include "controls/images.h"
+#include "controls/location_cell_delegate.h"
+#include "controls/look.h"
+#include "controls/row_painter.h"
+
+#include <gtest/gtest.h>
+
+#include <QHeaderView>
+#include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QTableView>
+#include <QTest>
+
+namespace tarvin {
+namespace {
+
+/// A list of three rows of 56 at (0, 0) of the window; the wide column has 216, the other 84.
+class LocationListTest : public testing::Test {
+ protected:
+    LocationListTest() : model_(3, 2), table_(bench_.add<QTableView>(QRect(0, 0, 300, 200))) {
+        for (int row = 0; row < 3; ++row) {
+            auto* place = new QStandardItem(QStringLiteral("/media/me/Archive"));
+            place->setData(QStringLiteral("Archive"), CustomTableCellView::additionalTextCountRole);
+            place->setEditable(false);
+            model_.setItem(row, 0, place);
+            auto* check = new QStandardItem;
+            check->setCheckable(true);
+            check->setEditable(false);
+            model_.setItem(row, 1, check);
+        }
+        table_.setModel(&model_);
+        table_.show();
+        table_.setFrameShape(QFrame::NoFrame);
+        table_.setShowGrid(false);
+        table_.horizontalHeader()->hide();
+        table_.verticalHeader()->hide();
+        table_.verticalHeader()->setDefaultSectionSize(56);
+        table_.setSelectionBehavior(QAbstractItemView::SelectRows);
+        table_.setColumnWidth(0, 216);
+        table_.setColumnWidth(1, 84);
+        location_ = new LocationCellDelegate(1, &table_);
+        check_ = new CheckBoxDelegate(&table_);
+        table_.setItemDelegateForColumn(0, location_);
+        table_.setItemDelegateForColumn(1, check_);
+    }
+
+    Qt::CheckState state(int row) { return model_.item(row, 1)->checkState(); }
+
+    /// A list hears of the pointer from its first painting on.
+    void paintOnce() { table_.grab(); }
+
+    void click(const QPoint& place) {
+        QTest::mouseClick(bench_.window().windowHandle(), Qt::LeftButton, {}, place);
+    }
+
+    QStandardItemModel model_;
+    ControlBench bench_;
+    QTableView& table_;
+    LocationCellDelegate* location_ = nullptr;
+    CheckBoxDelegate* check_ = nullptr;
+};
+
+TEST_F(LocationListTest, ARowIsWhiteWithALineBelow) {
+    EXPECT_THAT(bench_.at(1, 1), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench_.at(299, 54), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench_.at(1, 55), IsRgb(230, 235, 238));
+    EXPECT_THAT(bench_.at(299.5, 55.5), IsRgb(230, 235, 238));
+    EXPECT_THAT(bench_.at(1, 56), IsRgb(255, 255, 255));
+}
+
+TEST(RowPainterTest, ARowMayHaveOtherColoursAndNoLine) {
+    QImage image(10, 10, QImage::Format_RGB32);
+    QPainter painter(&image);
+    QStyleOptionViewItem row;
+    row.rect = image.rect();
+    const RowLook look{.ground = Qt::yellow, .selected = Qt::cyan, .line = QColor()};
+
+    paintRow(painter, row, {}, look);
+    EXPECT_EQ(image.pixelColor(5, 5), QColor(Qt::yellow));
+    EXPECT_EQ(image.pixelColor(5, 9), QColor(Qt::yellow));
+
+    row.state |= QStyle::State_Selected;
+    paintRow(painter, row, {}, look);
+    EXPECT_EQ(image.pixelColor(5, 9), QColor(Qt::cyan));
+}
+
+TEST_F(LocationListTest, ARowIs56High) {
+    EXPECT_EQ(location_->sizeHint({}, {}).height(), 56);
+}
+
+TEST_F(LocationListTest, ASelectedRowHasItsColour) {
+    table_.selectRow(1);
+    EXPECT_THAT(bench_.at(1, 60), IsRgb(217, 239, 243));
+    EXPECT_THAT(bench_.at(299, 60), IsRgb(217, 239, 243));
+    EXPECT_THAT(bench_.at(1, 1), IsRgb(255, 255, 255));
+}
+
+TEST_F(LocationListTest, ThePointerColoursTheWholeRow) {
+    paintOnce();
+    bench_.movePointer(QPoint(100, 80));
+    EXPECT_THAT(bench_.at(1, 60), IsRgb(238, 246, 248));
+    EXPECT_THAT(bench_.at(299, 60), IsRgb(238, 246, 248));
+    bench_.movePointer(QPoint(280, 20));
+    EXPECT_THAT(bench_.at(1, 60), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench_.at(1, 1), IsRgb(238, 246, 248));
+    bench_.movePointerAway();
+    EXPECT_THAT(bench_.at(1, 1), IsRgb(255, 255, 255));
+}
+
+TEST_F(LocationListTest, TheSelectionIsStrongerThanThePointer) {
+    table_.selectRow(0);
+    paintOnce();
+    bench_.movePointer(QPoint(100, 20));
+    EXPECT_THAT(bench_.at(1, 1), IsRgb(217, 239, 243));
+}
+
+TEST_F(LocationListTest, ARowThatIsRemovedUnderThePointerIsForgotten) {
+    paintOnce();
+    bench_.movePointer(QPoint(100, 20));
+    model_.removeRow(0);
+    EXPECT_THAT(bench_.at(1, 1), IsRgb(255, 255, 255));
+}
+
+TEST_F(LocationListTest, ThePictureLiesAtItsPlace) {
+    QPixmap pixmap(74, 74);
+    pixmap.fill(Qt::red);
+    model_.item(0, 0)->setData(pixmap, Qt::DecorationRole);
+    EXPECT_THAT(bench_.at(16, 8), IsRgb(255, 0, 0));
+    EXPECT_THAT(bench_.at(55.5, 47.5), IsRgb(255, 0, 0));
+    EXPECT_THAT(bench_.at(15.5, 20), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench_.at(56, 20), IsRgb(255, 255, 255));
+}
+
+TEST_F(LocationListTest, AFlatThumbnailKeepsItsProportions) {
+    QPixmap pixmap(74, 37);
+    pixmap.fill(Qt::red);
+    model_.item(0, 0)->setData(pixmap, Qt::DecorationRole);
+    EXPECT_THAT(bench_.at(20, 10), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench_.at(20, 28), IsRgb(255, 0, 0));
+}
+
+TEST_F(LocationListTest, ARowWithoutAPictureShowsAFolder) {
+    const QRect place(16, 8, 40, 40);
+    const QImage without = bench_.picture(place);
+    EXPECT_FALSE(inkBounds(without, Qt::white).isEmpty());
+    model_.item(0, 0)->setData(pictureIcon(QStringLiteral("folder")), Qt::DecorationRole);
+    EXPECT_EQ(bench_.picture(place), without);
+}
+
+TEST_F(LocationListTest, NameAboveAndPathBelow) {
+    const QRect name(72, 9, 120, 19);
+    const QRect path(72, 29, 120, 17);
+    EXPECT_TRUE(bench_.holds(name, look::ink));
+    EXPECT_FALSE(bench_.holds(path, look::ink));
+    EXPECT_TRUE(bench_.holds(path, look::muted));
+}
+
+TEST_F(LocationListTest, ALongPathEndsBeforeTheColumnDoes) {
+    model_.item(0, 0)->setText(QString(100, QLatin1Char('m')));
+    EXPECT_FALSE(inkBounds(bench_.picture(QRect(170, 29, 22, 17)), Qt::white).isEmpty());
+    EXPECT_TRUE(inkBounds(bench_.picture(QRect(193, 1, 22, 50)), Qt::white).isEmpty());
+}
+
+TEST_F(LocationListTest, TheSizeOfAFileIsOnTheRight) {
+    table_.setColumnWidth(0, 400);
+    const auto sizePlace = [this] {
+        const QImage image = table_.grab(QRect(272, 10, 104, 36)).toImage();
+        return inkBounds(image, Qt::white);
+    };
+    table_.resize(500, 200);
+    EXPECT_TRUE(sizePlace().isEmpty());
+    model_.item(0, 0)->setData(QStringLiteral("4.87 MB"), CustomTableCellView::additionalTextRole);
+    EXPECT_FALSE(sizePlace().isEmpty());
+    EXPECT_GT(sizePlace().right() / table_.devicePixelRatioF(), 100);
+}
+
+TEST_F(LocationListTest, AClickOnTheBoxTurnsItOver) {
+    const QSignalSpy clicks(check_, &CheckBoxDelegate::checkButtonClicked);
+    click(QPoint(258, 28));
+    EXPECT_EQ(state(0), Qt::Checked);
+    EXPECT_EQ(clicks.count(), 1);
+    EXPECT_THAT(bench_.at(252.5, 22), IsRgb(14, 116, 138));
+    click(QPoint(258, 28));
+    EXPECT_EQ(state(0), Qt::Unchecked);
+    EXPECT_EQ(clicks.count(), 2);
+}
+
+TEST_F(LocationListTest, AClickNearTheBoxCountsAndOneFarFromItDoesNot) {
+    click(QPoint(258 + 16, 28));
+    EXPECT_EQ(state(0), Qt::Checked);
+    click(QPoint(258 + 18, 28));
+    EXPECT_EQ(state(0), Qt::Checked);
+    click(QPoint(100, 28));
+    EXPECT_EQ(state(0), Qt::Checked);
+}
+
+TEST_F(LocationListTest, AClickThatEndsInAnotherRowDoesNotCount) {
+    QWindow* window = bench_.window().windowHandle();
+    QTest::mousePress(window, Qt::LeftButton, {}, QPoint(258, 28));
+    QTest::mouseRelease(window, Qt::LeftButton, {}, QPoint(258, 84));
+    EXPECT_EQ(state(0), Qt::Unchecked);
+    EXPECT_EQ(state(1), Qt::Unchecked);
+}
+
+TEST_F(LocationListTest, TheOtherMouseButtonDoesNotCount) {
+    QTest::mouseClick(bench_.window().windowHandle(), Qt::RightButton, {}, QPoint(258, 28));
+    EXPECT_EQ(state(0), Qt::Unchecked);
+}
+
+TEST_F(LocationListTest, TwoQuickClicksTurnItOverTwice) {
+    QTest::mouseDClick(bench_.window().windowHandle(), Qt::LeftButton, {}, QPoint(258, 28));
+    EXPECT_EQ(state(0), Qt::Unchecked);
+}
+
+TEST_F(LocationListTest, SpaceTurnsOverTheBoxOfTheRowInEitherColumn) {
+    const QSignalSpy locations(location_, &LocationCellDelegate::checkButtonClicked);
+    const QSignalSpy checks(check_, &CheckBoxDelegate::checkButtonClicked);
+    table_.setFocus();
+    table_.setCurrentIndex(model_.index(1, 0));
+    QTest::keyClick(bench_.window().windowHandle(), Qt::Key_Space);
+    EXPECT_EQ(state(1), Qt::Checked);
+    EXPECT_EQ(locations.count(), 1);
+    table_.setCurrentIndex(model_.index(1, 1));
+    QTest::keyClick(bench_.window().windowHandle(), Qt::Key_Space);
+    EXPECT_EQ(state(1), Qt::Unchecked);
+    EXPECT_EQ(checks.count(), 1);
+}
+
+TEST_F(LocationListTest, OtherKeysTurnNothingOver) {
+    table_.setFocus();
+    table_.setCurrentIndex(model_.index(1, 0));
+    QTest::keyClick(bench_.window().windowHandle(), Qt::Key_X);
+    EXPECT_EQ(state(1), Qt::Unchecked);
+}
+
+TEST_F(LocationListTest, ABoxThatIsDisabledStays) {
+    model_.item(0, 1)->setEnabled(false);
+    click(QPoint(258, 28));
+    EXPECT_EQ(state(0), Qt::Unchecked);
+    EXPECT_FALSE(toggleCheckState(model_, model_.index(0, 1)));
+    EXPECT_FALSE(toggleCheckState(model_, model_.index(0, 0)));
+}
+
+TEST_F(LocationListTest, ABoxThatIsPartlyOnGoesOn) {
+    model_.item(0, 1)->setCheckState(Qt::PartiallyChecked);
+    EXPECT_TRUE(toggleCheckState(model_, model_.index(0, 1)));
+    EXPECT_EQ(state(0), Qt::Checked);
+}
+
+TEST_F(LocationListTest, TheKeyboardIsShownRoundTheWholeRow) {
+    table_.setFocus();
+    table_.setCurrentIndex(model_.index(1, 0));
+    EXPECT_THAT(bench_.at(0, 70), IsRgb(217, 239, 243));
+    bench_.window().setAttribute(Qt::WA_KeyboardFocusChange);
+    EXPECT_THAT(bench_.at(0, 70), IsRgb(10, 58, 82));
+    EXPECT_THAT(bench_.at(1.5, 70), IsRgb(10, 58, 82));
+    EXPECT_THAT(bench_.at(2, 70), IsRgb(217, 239, 243));
+    EXPECT_THAT(bench_.at(299.5, 70), IsRgb(10, 58, 82));
+    EXPECT_THAT(bench_.at(216, 70), IsRgb(217, 239, 243));
+    table_.clearFocus();
+    EXPECT_THAT(bench_.at(0, 70), IsRgb(217, 239, 243));
+}
+
+TEST(CustomTableCellViewTest, ItCarriesItsTexts) {
+    CustomTableCellView view;
+    view.setTextField(QStringLiteral("/a/b"));
+    view.setAdditionalTextCount(QStringLiteral("b"));
+    view.setAdditionalText(QStringLiteral("1.00 KB"));
+    view.setFileName(QStringLiteral("file"));
+    EXPECT_EQ(view.textField(), QStringLiteral("/a/b"));
+    EXPECT_EQ(view.additionalTextCount(), QStringLiteral("b"));
+    EXPECT_EQ(view.additionalText(), QStringLiteral("1.00 KB"));
+    EXPECT_EQ(view.fileName(), QStringLiteral("file"));
+}
+
+TEST(CustomTableCellViewTest, ItIsFilledFromAnItem) {
+    QStandardItemModel model(1, 1);
+    auto* item = new QStandardItem(QStringLiteral("/a/b"));
+    item->setData(QStringLiteral("b"), CustomTableCellView::additionalTextCountRole);
+    item->setData(QStringLiteral("1.00 KB"), CustomTableCellView::additionalTextRole);
+    item->setData(pictureIcon(QStringLiteral("usb_drive.png")), Qt::DecorationRole);
+    model.setItem(0, 0, item);
+    const CustomTableCellView view(model.index(0, 0));
+    EXPECT_EQ(view.textField(), QStringLiteral("/a/b"));
+    EXPECT_EQ(view.additionalTextCount(), QStringLiteral("b"));
+    EXPECT_EQ(view.additionalText(), QStringLiteral("1.00 KB"));
+    EXPECT_EQ(view.image().name(), QStringLiteral("usb_drive.png"));
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,185 @@
+#include "controls/painted_button.h"
+
+#include "controls/control_bench.h"
+#include "controls/hover_button.h"
+
+#include <gtest/gtest.h>
+
+#include <QShortcut>
+#include <QSignalSpy>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QTest>
+#include <memory>
+
+namespace tarvin {
+namespace {
+
+constexpr QRect place(20, 20, 100, 36);
+
+TEST(PaintedButton, SpaceReturnAndEnterPressIt) {
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        ControlBench bench;
+        auto& button = bench.add<HoverButton>(place);
+        const QSignalSpy clicks(&button, &QPushButton::clicked);
+        button.setFocus();
+        QTest::keyClick(bench.window().windowHandle(), key);
+        EXPECT_EQ(clicks.count(), 1) << key;
+    }
+}
+
+TEST(PaintedButton, ADisabledOneTakesNoKeysAndNoClicks) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place);
+    button.setEnabled(false);
+    const QSignalSpy clicks(&button, &QPushButton::clicked);
+    QTest::keyClick(&button, Qt::Key_Return);
+    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, place.center());
+    EXPECT_EQ(clicks.count(), 0);
+}
+
+TEST(PaintedButton, AClickPressesIt) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place);
+    const QSignalSpy clicks(&button, &QPushButton::clicked);
+    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, place.center());
+    EXPECT_EQ(clicks.count(), 1);
+}
+
+TEST(PaintedButton, AClickThatEndsOutsideDoesNot) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place);
+    const QSignalSpy clicks(&button, &QPushButton::clicked);
+    QTest::mousePress(bench.window().windowHandle(), Qt::LeftButton, {}, place.center());
+    QTest::mouseRelease(bench.window().windowHandle(), Qt::LeftButton, {}, QPoint(200, 200));
+    EXPECT_EQ(clicks.count(), 0);
+}
+
+TEST(PaintedButton, TheFocusedOneComesBeforeTheScreensReturn) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place);
+    const QShortcut shortcut(QKeySequence(Qt::Key_Return), &bench.window());
+    const QSignalSpy screens(&shortcut, &QShortcut::activated);
+    const QSignalSpy clicks(&button, &QPushButton::clicked);
+    button.setFocus();
+    QTest::keyClick(bench.window().windowHandle(), Qt::Key_Return);
+    EXPECT_EQ(clicks.count(), 1);
+    EXPECT_EQ(screens.count(), 0);
+    button.clearFocus();
+    QTest::keyClick(bench.window().windowHandle(), Qt::Key_Return);
+    EXPECT_EQ(clicks.count(), 1);
+    EXPECT_EQ(screens.count(), 1);
+}
+
+TEST(PaintedButton, TheTitleIsItsTextAndItsAccessibleName) {
+    HoverButton button;
+    button.setTitle(QStringLiteral("Pause"));
+    EXPECT_EQ(button.text(), QStringLiteral("Pause"));
+    EXPECT_EQ(button.accessibleName(), QStringLiteral("Pause"));
+    button.setTitle(QStringLiteral("Resume"));
+    EXPECT_EQ(button.accessibleName(), QStringLiteral("Resume"));
+}
+
+TEST(PaintedButton, ANameThatWasGivenStays) {
+    HoverButton button;
+    button.setAccessibleName(QStringLiteral("Back"));
+    button.setTitle(QStringLiteral("<"));
+    EXPECT_EQ(button.accessibleName(), QStringLiteral("Back"));
+}
+
+TEST(PaintedButton, AnAmpersandIsALetter) {
+    HoverButton button;
+    button.setTitle(QStringLiteral("Sets & files"));
+    EXPECT_EQ(button.text(), QStringLiteral("Sets & files"));
+    EXPECT_TRUE(button.shortcut().isEmpty());
+}
+
+TEST(PaintedButton, OneShownUnderThePointerIsHoveredAtOnce) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place);
+    button.hide();
+    bench.movePointer(place.center());
+    EXPECT_FALSE(button.hovering());
+    button.show();
+    EXPECT_TRUE(button.hovering());
+    button.hide();
+    EXPECT_FALSE(button.hovering());
+    EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
+}
+
+TEST(PaintedButton, OneMovedOrResizedFromUnderThePointerIsNotHoveredAnyMore) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place);
+    bench.movePointer(place.center());
+    button.move(150, 20);
+    EXPECT_FALSE(button.hovering());
+    button.move(place.topLeft());
+    EXPECT_TRUE(button.hovering());
+    button.resize(10, 10);
+    EXPECT_FALSE(button.hovering());
+}
+
+TEST(PaintedButton, WhatCoversItKeepsThePointerAway) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place);
+    bench.add<QWidget>(QRect(0, 0, 300, 250));
+    bench.movePointer(place.center());
+    button.resize(90, 30);
+    EXPECT_FALSE(button.hovering());
+}
+
+TEST(PaintedButton, NoStyleChangesIt) {
+    for (const QString& name : QStyleFactory::keys()) {
+        ControlBench bench;
+        const std::unique_ptr<QStyle> style(QStyleFactory::create(name));
+        auto& button = bench.add<HoverButton>(place);
+        button.setStyle(style.get());
+        button.setFill(QColor(14, 116, 138));
+        EXPECT_THAT(bench.at(20, 20), IsRgb(14, 116, 138)) << name.toStdString();
+        EXPECT_THAT(bench.at(119.5, 55.5), IsRgb(14, 116, 138)) << name.toStdString();
+        delete &button;
+    }
+}
+
+TEST(PaintedButton, ADarkPaletteDoesNotChangeIt) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(place, HoverButton::Kind::quiet, QStringLiteral("OOO"));
+    const QImage light = bench.picture(place);
+    QPalette dark(Qt::black);
+    dark.setColor(QPalette::ButtonText, Qt::white);
+    button.setPalette(dark);
+    EXPECT_EQ(bench.picture(place), light);
+}
+
+/// Green, with a white square in its middle.
+class TwoLayers final : public PaintedButton {
+ public:
+    using PaintedButton::PaintedButton;
+
+ protected:
+    void draw(QPainter& painter) override {
+        painter.fillRect(rect(), QColor(0, 100, 0));
+        painter.fillRect(rect().adjusted(30, 10, -30, -10), Qt::white);
+    }
+};
+
+TEST(PaintedButton, IsFadedAsAWholeAtEveryDensity) {
+    ControlBench bench(QColor(200, 200, 200));
+    auto& button = bench.add<TwoLayers>(place);
+    button.setAlpha(0.6);
+    for (const double density : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+        QImage image((QSizeF(bench.window().size()) * density).toSize(), QImage::Format_RGB32);
+        image.setDevicePixelRatio(density);
+        bench.window().render(&image);
+        const auto at = [&](QPoint point) {
+            return image.pixelColor((QPointF(point) * density).toPoint());
+        };
+        EXPECT_THAT(at(place.center()), IsRgb(233, 233, 233)) << density;
+        EXPECT_THAT(at(place.topLeft() + QPoint(5, 5)), IsRgb(80, 140, 80)) << density;
+        EXPECT_THAT(at(place.bottomRight() - QPoint(1, 1)), IsRgb(80, 140, 80)) << density;
+        EXPECT_THAT(at(place.bottomRight() + QPoint(3, 3)), IsRgb(200, 200, 200)) << density;
+    }
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,183 @@
+#include "controls/progress_bar.h"
+
+#include "controls/control_bench.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QTest>
+#include <limits>
+
+namespace tarvin {
+namespace {
+
+constexpr QRect place(20, 20, 200, 10);
+constexpr quint64 most = std::numeric_limits<quint64>::max();
+
+TEST(ProgressBar, ItIsTealOnALightLine) {
+    ControlBench bench;
+    auto& bar = bench.add<ProgressBar>(place);
+    bar.setTotal(100);
+    bar.setDone(62);
+    EXPECT_THAT(bench.at(20, 20), IsRgb(0, 155, 178));
+    EXPECT_THAT(bench.at(143.5, 29.5), IsRgb(0, 155, 178));
+    EXPECT_THAT(bench.at(144, 25), IsRgb(213, 221, 226));
+    EXPECT_THAT(bench.at(219.5, 25), IsRgb(213, 221, 226));
+}
+
+TEST(ProgressBar, AtFirstItIsEmpty) {
+    ControlBench bench;
+    const auto& bar = bench.add<ProgressBar>(place);
+    EXPECT_FALSE(bar.isIndeterminate());
+    EXPECT_DOUBLE_EQ(bar.fraction(), 0);
+    EXPECT_THAT(bench.at(20, 20), IsRgb(213, 221, 226));
+}
+
+TEST(ProgressBar, ItIsFullOnlyWhenEverythingIsDone) {
+    ControlBench bench;
+    auto& bar = bench.add<ProgressBar>(place);
+    bar.setTotal(1000000);
+    bar.setDone(999999);
+    EXPECT_THAT(bench.at(219.5, 25), IsRgb(213, 221, 226));
+    EXPECT_LT(bar.value(), bar.maximum());
+    bar.setDone(1000000);
+    EXPECT_THAT(bench.at(219.5, 25), IsRgb(0, 155, 178));
+    EXPECT_EQ(bar.value(), bar.maximum());
+}
+
+TEST(ProgressBar, NumbersMayBeAsLargeAsTheyGet) {
+    ProgressBar bar;
+    bar.setTotal(most);
+    bar.setDone(most / 2);
+    EXPECT_NEAR(bar.fraction(), 0.5, 1e-9);
+    bar.setDone(most - 1);
+    EXPECT_LT(bar.fraction(), 1.0);
+    EXPECT_LT(bar.value(), bar.maximum());
+    bar.setDone(most);
+    EXPECT_DOUBLE_EQ(bar.fraction(), 1.0);
+    EXPECT_EQ(bar.value(), bar.maximum());
+}
+
+TEST(ProgressBar, MoreThanTheTotalIsAll) {
+    ProgressBar bar;
+    bar.setTotal(3);
+    bar.setDone(7);
+    EXPECT_DOUBLE_EQ(bar.fraction(), 1.0);
+    EXPECT_EQ(bar.done(), 7U);
+}
+
+TEST(ProgressBar, NothingToDoIsNothingDone) {
+    ProgressBar bar;
+    bar.setDone(5);
+    EXPECT_DOUBLE_EQ(bar.fraction(), 0);
+}
+
+TEST(ProgressBar, WhileTheTotalIsUnknownAPieceWanders) {
+    ControlBench bench;
+    auto& bar = bench.add<ProgressBar>(place);
+    bar.setIndeterminate(true);
+    EXPECT_TRUE(bar.clock().isRunning());
+    EXPECT_EQ(bar.clock().duration(), 1400);
+    bar.clock().stop();
+    bar.clock().setPhase(0.5);
+    // 34 % of the bar, in its middle: from 66 to 134 of 200.
+    EXPECT_THAT(bench.at(84, 25), IsRgb(213, 221, 226));
+    EXPECT_THAT(bench.at(88, 25), IsRgb(0, 155, 178));
+    EXPECT_THAT(bench.at(152, 25), IsRgb(0, 155, 178));
+    EXPECT_THAT(bench.at(156, 25), IsRgb(213, 221, 226));
+    bar.clock().setPhase(0);
+    EXPECT_FALSE(bench.holds(place, QColor(0, 155, 178)));
+}
+
+TEST(ProgressBar, ThePieceMoves) {
+    ControlBench bench;
+    auto& bar = bench.add<ProgressBar>(place);
+    bar.setIndeterminate(true);
+    const double before = bar.clock().phase();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.clock().phase() != before; }, 5000));
+}
+
+TEST(ProgressBar, ADeterminateOneRestsAndKeepsItsNumbers) {
+    ControlBench bench;
+    auto& bar = bench.add<ProgressBar>(place);
+    bar.setTotal(10);
+    bar.setDone(5);
+    bar.setIndeterminate(true);
+    EXPECT_EQ(bar.maximum(), 0);
+    bar.setIndeterminate(false);
+    EXPECT_FALSE(bar.clock().isRunning());
+    EXPECT_DOUBLE_EQ(bar.fraction(), 0.5);
+    EXPECT_THAT(bench.at(119.5, 25), IsRgb(0, 155, 178));
+    EXPECT_THAT(bench.at(120, 25), IsRgb(213, 221, 226));
+}
+
+TEST(ProgressBar, AHiddenOneDoesNotKeepTheProcessorBusy) {
+    ControlBench bench;
+    auto& bar = bench.add<ProgressBar>(place);
+    bar.setIndeterminate(true);
+    bar.hide();
+    EXPECT_FALSE(bar.clock().isRunning());
+    EXPECT_TRUE(bar.clock().isStarted());
+    bar.show();
+    EXPECT_TRUE(bar.clock().isRunning());
+}
+
+TEST(ProgressBar, ASheenRunsOverTheWholeBar) {
+    ControlBench bench;
+    auto& bar = bench.add<ProgressBar>(place);
+    bar.setTotal(100);
+    bar.setDone(50);
+    bar.setSheen(true);
+    EXPECT_TRUE(bar.clock().isRunning());
+    bar.clock().stop();
+    // The light is 120 wide and begins left of the bar; its middle is on 70, then on 170.
+    bar.clock().setPhase(110.0 / 320);
+    EXPECT_THAT(bench.at(70, 25), IsRgb(90, 190, 205));
+    EXPECT_THAT(bench.at(170, 25), IsRgb(213, 221, 226));
+    bar.clock().setPhase(210.0 / 320);
+    EXPECT_THAT(bench.at(70, 25), IsRgb(0, 155, 178));
+    EXPECT_THAT(bench.at(170, 25), IsRgb(154, 218, 227));
+}
+
+TEST(ProgressBar, ASheenIsSeenWhileNothingIsDone) {
+    ControlBench bench;
+    auto& bar = bench.add<ProgressBar>(place);
+    bar.setTotal(100);
+    bar.setSheen(true);
+    bar.clock().stop();
+    bar.clock().setPhase(0.5);
+    EXPECT_THAT(bench.at(120, 25), IsRgb(154, 218, 227));
+}
+
+TEST(ProgressBar, TheSheenRestsWhenMovementIsReduced) {
+    setReducedMotion(true);
+    ControlBench bench;
+    auto& bar = bench.add<ProgressBar>(place);
+    bar.setTotal(100);
+    bar.setDone(50);
+    bar.setSheen(true);
+    EXPECT_FALSE(bar.clock().isRunning());
+    bar.clock().setPhase(0.5);
+    EXPECT_THAT(bench.at(70, 25), IsRgb(0, 155, 178));
+    setReducedMotion(std::nullopt);
+}
+
+TEST(ProgressBar, AssistiveTechnologyIsToldOfIt) {
+    ProgressBar bar;
+    bar.setTotal(4);
+    bar.setDone(1);
+    QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&bar);
+    ASSERT_NE(told, nullptr);
+    EXPECT_EQ(told->role(), QAccessible::ProgressBar);
+    ASSERT_NE(told->valueInterface(), nullptr);
+    EXPECT_EQ(told->valueInterface()->currentValue().toInt(), 2500);
+    EXPECT_EQ(told->valueInterface()->maximumValue().toInt(), 10000);
+}
+
+TEST(ProgressBar, ItIsTenHigh) {
+    EXPECT_EQ(ProgressBar().sizeHint().height(), 10);
+    EXPECT_EQ(ProgressBar().minimumSizeHint().height(), 10);
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,64 @@
+#include "controls/control_bench.h"
+#include "controls/view_background_tree.h"
+#include "controls/view_button_bar.h"
+#include "controls/view_button_gray_bar.h"
+#include "controls/view_top_bar.h"
+
+#include <gtest/gtest.h>
+
+namespace tarvin {
+namespace {
+
+constexpr QRect place(10, 10, 100, 45);
+
+TEST(SolidBars, TheTopBarIsDeepBlue) {
+    ControlBench bench;
+    bench.add<ViewTopBar>(place);
+    EXPECT_THAT(bench.at(10, 10), IsRgb(31, 100, 134));
+    EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(31, 100, 134));
+    EXPECT_THAT(bench.at(110, 54.5), IsRgb(243, 246, 248));
+}
+
+TEST(SolidBars, TheButtonBarIsWhite) {
+    ControlBench bench;
+    bench.add<ViewButtonBar>(place);
+    EXPECT_THAT(bench.at(10, 10), IsRgb(255, 255, 255));
+}
+
+TEST(SolidBars, TheGrayBarIsGray) {
+    ControlBench bench;
+    bench.add<ViewButtonGrayBar>(place);
+    EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(193, 193, 193));
+}
+
+TEST(SolidBars, TheTreesFrameIsTeal) {
+    ControlBench bench;
+    bench.add<ViewBackgroundTree>(place);
+    EXPECT_THAT(bench.at(10, 10), IsRgb(0, 155, 178));
+    EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(0, 155, 178));
+}
+
+TEST(SolidBars, AColourSetOnTheTopBarIsNeverSeen) {
+    ControlBench bench;
+    auto& bar = bench.add<ViewTopBar>(place);
+    EXPECT_EQ(bar.fillColor(), QColor(31, 100, 134));
+    bar.setFillColor(Qt::red);
+    EXPECT_EQ(bar.fillColor(), QColor(Qt::red));
+    EXPECT_THAT(bench.at(50, 30), IsRgb(31, 100, 134));
+    EXPECT_EQ(bar.fillColor(), QColor(31, 100, 134));
+}
+
+TEST(SolidBars, NorOnTheOtherTwo) {
+    ControlBench bench;
+    auto& white = bench.add<ViewButtonBar>(place);
+    auto& gray = bench.add<ViewButtonGrayBar>(QRect(10, 100, 100, 45));
+    white.setFillColor(Qt::red);
+    gray.setFillColor(Qt::red);
+    EXPECT_THAT(bench.at(50, 30), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench.at(50, 120), IsRgb(193, 193, 193));
+    EXPECT_EQ(white.fillColor(), QColor(255, 255, 255));
+    EXPECT_EQ(gray.fillColor(), QColor(193, 193, 193));
+}
+
+}  // namespace
+}  // namespace tarvin

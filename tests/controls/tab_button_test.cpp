@@ -1,0 +1,86 @@
+#include "controls/tab_button.h"
+
+#include "controls/control_bench.h"
+
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+#include <QTest>
+
+namespace tarvin {
+namespace {
+
+constexpr QRect place(20, 20, 124, 40);
+
+class TabButtonTest : public testing::Test {
+ protected:
+    TabButtonTest() : tab(bench.add<TabButton>(place, glyph, title)) {}
+
+    const QString glyph = QStringLiteral("ui/tab_documents");
+    const QString title = QStringLiteral("Documents");
+    ControlBench bench;
+    TabButton& tab;
+};
+
+TEST_F(TabButtonTest, ItsTitleIsItsName) {
+    EXPECT_EQ(tab.text(), title);
+    EXPECT_EQ(tab.accessibleName(), title);
+    EXPECT_EQ(tab.glyph(), glyph);
+}
+
+TEST_F(TabButtonTest, OneToChooseHasNoGroundAndNoFoot) {
+    EXPECT_THAT(bench.at(22, 22), IsRgb(243, 246, 248));
+    EXPECT_THAT(bench.at(80, 58), IsRgb(243, 246, 248));
+}
+
+TEST_F(TabButtonTest, TheDisabledOneLooksSelected) {
+    tab.setEnabled(false);
+    EXPECT_THAT(bench.at(22, 22), IsRgb(230, 244, 247));
+    EXPECT_THAT(bench.at(80, 56.5), IsRgb(230, 244, 247));
+    EXPECT_THAT(bench.at(80, 57), IsRgb(14, 116, 138));
+    EXPECT_THAT(bench.at(80, 59.5), IsRgb(14, 116, 138));
+    EXPECT_TRUE(bench.holds(place, QColor(11, 97, 115)));
+}
+
+TEST_F(TabButtonTest, TheDisabledOneIsAsOpaqueAsItsAlpha) {
+    tab.setEnabled(false);
+    tab.setAlpha(0.5);
+    // Half of the foot over the page.
+    EXPECT_THAT(bench.at(80, 58), IsRgb(128, 181, 193));
+}
+
+TEST_F(TabButtonTest, GlyphAndTitleStandTogetherInTheMiddle) {
+    const QRect ink = inkBounds(bench.picture(place), QColor(243, 246, 248));
+    const double density = tab.devicePixelRatioF();
+    const double left = ink.left() / density;
+    const double right = place.width() - (ink.right() + 1) / density;
+    EXPECT_NEAR(left, right, 4);
+    EXPECT_GT(left, 4);
+}
+
+TEST_F(TabButtonTest, ThePointerMakesItFainter) {
+    bench.movePointerTo(tab);
+    EXPECT_DOUBLE_EQ(tab.alpha(), 0.7);
+    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
+    bench.movePointerAway();
+    EXPECT_DOUBLE_EQ(tab.alpha(), 1.0);
+}
+
+TEST_F(TabButtonTest, OnlyOneToChooseIsPressed) {
+    const QSignalSpy clicks(&tab, &QAbstractButton::clicked);
+    QTest::mouseClick(&tab, Qt::LeftButton);
+    EXPECT_EQ(clicks.size(), 1);
+    tab.setEnabled(false);
+    QTest::mouseClick(&tab, Qt::LeftButton);
+    EXPECT_EQ(clicks.size(), 1);
+}
+
+TEST_F(TabButtonTest, ItAsksForGlyphGapAndTitle) {
+    const TabButton shorter(glyph, QStringLiteral("All"));
+    EXPECT_EQ(tab.sizeHint().height(), 40);
+    EXPECT_GT(tab.sizeHint().width(), shorter.sizeHint().width());
+    EXPECT_GT(shorter.sizeHint().width(), 18 + 7);
+}
+
+}  // namespace
+}  // namespace tarvin

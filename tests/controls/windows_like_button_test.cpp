@@ -1,0 +1,66 @@
+#include "controls/windows_like_button.h"
+
+#include "controls/control_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace tarvin {
+namespace {
+
+constexpr QRect place(20, 20, 32, 32);
+
+// A dark ground, so that the white edge can be told from it.
+const QColor ground(40, 40, 40);
+
+TEST(WIndowsLikeButton, ItIsTealWithAWhiteEdgeOfTwo) {
+    ControlBench bench(ground);
+    bench.add<WIndowsLikeButton>(place, QString());
+    EXPECT_THAT(bench.at(20, 30), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench.at(21.5, 30), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench.at(22, 30), IsRgb(0, 155, 178));
+    EXPECT_THAT(bench.at(49.5, 30), IsRgb(0, 155, 178));
+    EXPECT_THAT(bench.at(50, 30), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench.at(36, 51.5), IsRgb(255, 255, 255));
+}
+
+TEST(WIndowsLikeButton, ItsChevronPointsTheWayItGoes) {
+    ControlBench bench(ground);
+    bench.add<WIndowsLikeButton>(place, QStringLiteral("ui/back"));
+    bench.add<WIndowsLikeButton>(QRect(60, 20, 32, 32), QStringLiteral("ui/next"));
+    // The points of the two chevrons, 9 and 23 from the left edges.
+    EXPECT_THAT(bench.at(33.5, 36), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench.at(78.5, 36), IsRgb(255, 255, 255));
+    EXPECT_THAT(bench.at(39, 36), IsRgb(0, 155, 178));
+    EXPECT_THAT(bench.at(73, 36), IsRgb(0, 155, 178));
+}
+
+TEST(WIndowsLikeButton, UnderThePointerItsAlphaIsSevenTenths) {
+    ControlBench bench(ground);
+    auto& button = bench.add<WIndowsLikeButton>(place, QString());
+    bench.movePointerTo(button);
+    EXPECT_DOUBLE_EQ(button.alpha(), 0.7);
+    EXPECT_THAT(bench.at(30, 25), IsRgb(12, 121, 137));
+    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
+    bench.movePointerAway();
+    EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
+}
+
+TEST(WIndowsLikeButton, DisabledItIsShownAtFourTenths) {
+    ControlBench bench(ground);
+    auto& button = bench.add<WIndowsLikeButton>(place, QStringLiteral("ui/back"));
+    button.setEnabled(false);
+    EXPECT_THAT(bench.at(30, 25), IsRgb(24, 86, 95));
+    bench.movePointerTo(button);
+    EXPECT_EQ(bench.cursor(), Qt::ForbiddenCursor);
+    EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
+}
+
+TEST(WIndowsLikeButton, HeldDownItIsDarker) {
+    ControlBench bench(ground);
+    bench.add<WIndowsLikeButton>(place, QString()).setDown(true);
+    EXPECT_THAT(bench.at(30, 25), IsRgb(0, 136, 157));
+    EXPECT_THAT(bench.at(20, 30), IsRgb(255, 255, 255));
+}
+
+}  // namespace
+}  // namespace tarvin
