@@ -1,0 +1,89 @@
+#include "interface/about_panel.h"
+
+#include "controls/look.h"
+#include "controls/painting.h"
+#include "controls/panel_shadow.h"
+#include "interface/close_button.h"
+#include "interface/making.h"
+#include "interface/picture_view.h"
+#include "interface/placement.h"
+#include "interface/product_title.h"
+#include "interface/text_block.h"
+
+#include <QPainter>
+#include <algorithm>
+
+namespace tarvin {
+
+namespace {
+
+constexpr int line = 1;
+constexpr int bandHeight = 28;
+constexpr int footHeight = 44;
+constexpr int margin = 33;
+constexpr QRect sentencePlace{margin, 181, 354, 40};
+constexpr int airUnderSentence = AboutPanel::designSize.height() - sentencePlace.bottom() - 1;
+constexpr QColor bandTitle{51, 69, 79};
+
+}  // namespace
+
+AboutPanel::AboutPanel(QWidget* parent)
+    : Panel(parent),
+      aboutVersion(named(makeLabel({}, look::font(14), look::muted), "aboutVersion")),
+      closeButton(named(new CloseButton, "aboutCloseButton")),
+      sentence_(named(new TextBlock(look::font(13), 20, look::muted), "aboutSentence")) {
+    setObjectName(QStringLiteral("windowAboutPanel"));
+    resize(designSize);
+    new PanelShadow(*this);
+    sentence_->setText(
+        tr("Finds files with identical content, groups them into sets and moves "
+           "the copies you choose to the Trash."));
+    connect(closeButton, &QAbstractButton::clicked, this, &QWidget::hide);
+    keyboard().setAnswers({closeButton}, closeButton, closeButton);
+    placeControls();
+}
+
+void AboutPanel::placeControls() {
+    auto* icon = named(new PictureView, "aboutIcon");
+    icon->setPictureName(QStringLiteral("app_icon"));
+    auto* name = named(new TextBlock(look::font(20, QFont::DemiBold), 26, look::ink), "aboutName");
+    name->setText(productTitle());
+    auto* placement = new Placement(this, designSize);
+    const auto place = [placement](QWidget* control, QRect design, Growth down = atStart,
+                                   Fit fit = Fit::drawn) {
+        placement->place(control, {design, atStart, down, fit});
+    };
+    place(makeLabel(tr("About"), look::font(12, QFont::DemiBold), bandTitle, Qt::AlignHCenter),
+          {line, line, 418, bandHeight - line});
+    place(closeButton, {391, line, 28, bandHeight - line});
+    place(icon, {margin, 61, 96, 96});
+    place(name, {153, 61, 244, 52});
+    place(aboutVersion, {153, 121, 244, 20});
+    place(sentence_, sentencePlace, atStart, Fit::taller);
+    place(makeLabel(tr("© Tarvin Software. All rights reserved."), look::font(12), look::muted),
+          {margin, 244, 354, 43}, atEnd);
+}
+
+int AboutPanel::heightForWidth(int width) const {
+    Q_UNUSED(width)
+    const int needed = sentence_->heightForWidth(sentencePlace.width());
+    return std::max(designSize.height(), sentencePlace.top() + needed + airUnderSentence);
+}
+
+void AboutPanel::paintEvent(QPaintEvent* event) {
+    Q_UNUSED(event)
+    QPainter painter(this);
+    const QRect inside = rect().adjusted(line, line, -line, -line);
+    painter.fillRect(inside, look::surface);
+    QRect band = inside;
+    band.setHeight(bandHeight);
+    painter.fillRect(band, look::header);
+    painter.fillRect(QRect(line, bandHeight, inside.width(), line), look::frame);
+    QRect foot = inside;
+    foot.setTop(height() - line - footHeight);
+    painter.fillRect(foot, look::page);
+    painter.fillRect(QRect(line, foot.top(), inside.width(), line), look::line);
+    paintFrame(painter, rect(), line, look::noticeFrame);
+}
+
+}  // namespace tarvin

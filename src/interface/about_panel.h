@@ -1,0 +1,41 @@
+#pragma once
+
+#include "interface/panel.h"
+
+#include <QFrame>
+
+class QLabel;
+
+namespace tarvin {
+
+class CloseButton;
+class TextBlock;
+
+/// `windowAboutPanel`: name, version and copyright of the product. Hidden until it is shown; closes
+/// itself by its button or Esc. Main thread.
+class AboutPanel final : public Panel<QFrame> {
+    Q_OBJECT
+
+ public:
+    static constexpr QSize designSize{420, 288};
+
+    explicit AboutPanel(QWidget* parent);
+
+    /// "Version ..."; empty at first.
+    QLabel* const aboutVersion;
+    CloseButton* const closeButton;
+
+    /// The height of the design, or more if the text needs it.
+    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+    [[nodiscard]] int heightForWidth(int width) const override;
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+
+ private:
+    void placeControls();
+
+    TextBlock* const sentence_;
+};
+
+}  // namespace tarvin

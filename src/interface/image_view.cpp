@@ -1,0 +1,64 @@
+#include "interface/image_view.h"
+
+#include "controls/look.h"
+#include "controls/painting.h"
+
+#include <QAccessibleWidget>
+#include <QPainter>
+#include <QStyle>
+
+namespace tarvin {
+
+namespace {
+
+QAccessibleInterface* answerFor(const QString& className, QObject* object) {
+    Q_UNUSED(className)
+    auto* view = qobject_cast<ImageView*>(object);
+    return view == nullptr ? nullptr : new QAccessibleWidget(view, QAccessible::Graphic);
+}
+
+/// Has a screen reader find a picture, not just some widget.
+void installAccess() {
+    [[maybe_unused]] static const bool done = [] {
+        QAccessible::installFactory(answerFor);
+        return true;
+    }();
+}
+
+}  // namespace
+
+ImageView::ImageView(QWidget* parent) : QWidget(parent) {
+    installAccess();
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void ImageView::setImage(const QImage& image) {
+    image_ = image;
+    scaled_ = {};
+    update();
+}
+
+void ImageView::paintEvent(QPaintEvent* event) {
+    Q_UNUSED(event)
+    constexpr int line = 1;
+    QPainter painter(this);
+    painter.fillRect(rect(), look::surface);
+    paintFrame(painter, rect(), line, look::frame);
+    const QRect inside = rect().adjusted(line, line, -line, -line);
+    if (image_.isNull() || inside.isEmpty()) {
+        return;
+    }
+    const double density = densityOf(painter);
+    const QSize size =
+        image_.size().scaled((QSizeF(inside.size()) * density).toSize(), Qt::KeepAspectRatio);
+    if (scaled_.size() != size || scaled_.devicePixelRatio() != density) {
+        scaled_ = QPixmap::fromImage(
+            image_.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        scaled_.setDevicePixelRatio(density);
+    }
+    const QRect place = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter,
+                                            scaled_.deviceIndependentSize().toSize(), inside);
+    painter.drawPixmap(place.topLeft(), scaled_);
+}
+
+}  // namespace tarvin

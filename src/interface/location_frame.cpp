@@ -1,0 +1,47 @@
+#include "interface/location_frame.h"
+
+#include "controls/focus_ring.h"
+#include "controls/look.h"
+#include "controls/painting.h"
+#include "interface/list_header.h"
+#include "interface/location_table.h"
+
+#include <QPainter>
+
+namespace tarvin {
+
+namespace {
+
+constexpr int line = 1;
+constexpr int margin = 3;
+constexpr int dragLine = 2;
+
+}  // namespace
+
+LocationFrame::LocationFrame(LocationTable* table, QWidget* parent)
+    : QWidget(parent), table_(table) {
+    table->setParent(this);
+    connect(table, &LocationTable::surroundingsChanged, this, [this] { update(); });
+}
+
+void LocationFrame::paintEvent(QPaintEvent* event) {
+    Q_UNUSED(event)
+    QPainter painter(this);
+    painter.fillRect(rect(), look::surface);
+    ListHeader::paintGround(painter,
+                            {line, line, width() - 2 * line, LocationTable::heightOfHeader});
+    if (table_->isDragHovering()) {
+        paintFrame(painter, rect(), dragLine, look::teal);
+    } else if (table_->showsFocus()) {
+        paintFocusRing(painter, rect(), look::focusRing);
+    } else {
+        paintFrame(painter, rect(), line, look::frame);
+    }
+}
+
+void LocationFrame::resizeEvent(QResizeEvent* event) {
+    Q_UNUSED(event)
+    table_->setGeometry(rect().adjusted(line + margin, line, -line - margin, -line - margin));
+}
+
+}  // namespace tarvin

@@ -1,0 +1,146 @@
+#include "interface/location_table.h"
+
+#include "controls/check_box_delegate.h"
+#include "controls/focus_ring.h"
+#include "controls/location_cell_delegate.h"
+#include "controls/look.h"
+#include "interface/appearance.h"
+#include "interface/list_header.h"
+
+#include <QDragEnterEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+namespace tarvin {
+
+namespace {
+
+// Above the pictures of the rows.
+constexpr int titleIndent = 16;
+
+bool isReturn(const QKeyEvent& event) {
+    return (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) &&
+           (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
+
+}  // namespace
+
+LocationTable::LocationTable(QWidget* parent) : QTableView(parent) {
+    auto* header = new ListHeader(heightOfHeader, titleIndent, this);
+    setHorizontalHeader(header);
+    header->coverScrollBarOf(this);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(heightOfRows);
+    setFrameShape(QFrame::NoFrame);
+    setShowGrid(false);
+    setWordWrap(false);
+    setMouseTracking(true);
+    setTabKeyNavigation(false);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    setAcceptDrops(true);
+    setDragDropMode(DropOnly);
+    setDragDropOverwriteMode(false);
+    setDropIndicatorShown(false);
+    useNeutralStyle(this);
+    // Two quick clicks on a check box turn it twice and open nothing.
+    connect(this, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex& index) {
+        if (index.column() != buttonCell) {
+            Q_EMIT rowOpened(index);
+        }
+    });
+    setItemDelegateForColumn(mainCell, new LocationCellDelegate(buttonCell, this));
+    setItemDelegateForColumn(buttonCell, new CheckBoxDelegate(this));
+}
+
+void LocationTable::setModel(QAbstractItemModel* model) {
+    QTableView::setModel(model);
+    if (model == nullptr || model->columnCount() <= buttonCell) {
+        return;
+    }
+    horizontalHeader()->setSectionResizeMode(mainCell, QHeaderView::Stretch);
+    horizontalHeader()->setSectionResizeMode(buttonCell, QHeaderView::Fixed);
+    horizontalHeader()->resizeSection(buttonCell, buttonCellWidth);
+}
+
+void LocationTable::setEmptyText(const QString& text) {
+    emptyText_ = text;
+    viewport()->update();
+}
+
+bool LocationTable::event(QEvent* event) {
+    // Return belongs to the row before it belongs to a shortcut.
+    if (event->type() == QEvent::ShortcutOverride && isReturn(*static_cast<QKeyEvent*>(event)) &&
+        currentIndex().isValid()) {
+        event->accept();
+        return true;
+    }
+    return QTableView::event(event);
+}
+
+void LocationTable::keyPressEvent(QKeyEvent* event) {
+    const QModelIndex current = currentIndex();
+    if (current.isValid() && isReturn(*event)) {
+        Q_EMIT rowOpened(current);
+    } else {
+        QTableView::keyPressEvent(event);
+    }
+}
+
+void LocationTable::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (model() != nullptr && model()->rowCount() > 0) {
+        return;
+    }
+    QPainter painter(viewport());
+    painter.setFont(look::font(13));
+    painter.setPen(look::muted);
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+}
+
+void LocationTable::dragEnterEvent(QDragEnterEvent* event) {
+    QTableView::dragEnterEvent(event);
+    setDragHovering(event->isAccepted());
+}
+
+void LocationTable::dragLeaveEvent(QDragLeaveEvent* event) {
+    QTableView::dragLeaveEvent(event);
+    setDragHovering(false);
+}
+
+void LocationTable::dropEvent(QDropEvent* event) {
+    QTableView::dropEvent(event);
+    setDragHovering(false);
+}
+
+void LocationTable::setDragHovering(bool hovering) {
+    if (dragHovering_ != hovering) {
+        dragHovering_ = hovering;
+        Q_EMIT surroundingsChanged();
+    }
+}
+
+void LocationTable::focusInEvent(QFocusEvent* event) {
+    QTableView::focusInEvent(event);
+    focusShown_ = focusIsShown(*this, event->reason());
+    Q_EMIT surroundingsChanged();
+}
+
+void LocationTable::focusOutEvent(QFocusEvent* event) {
+    QTableView::focusOutEvent(event);
+    focusShown_ = false;
+    Q_EMIT surroundingsChanged();
+}
+
+void LocationTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    Q_EMIT surroundingsChanged();
+}
+
+}  // namespace tarvin

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QTableView>
+
+namespace tarvin {
+
+/// The list of locations, `tableExact`. Its model has the columns of LocationColumn; drops are
+/// offered to the model (canDropMimeData(), dropMimeData()). Return on a row opens it, Space
+/// turns its check box. Main thread.
+class LocationTable final : public QTableView {
+    Q_OBJECT
+
+ public:
+    /// The columns of the model.
+    enum Column {
+        mainCell,   ///< "MainCell": image, name, path and size; stretches
+        buttonCell  ///< "buttonCell": the check box, Qt::CheckStateRole
+    };
+
+    static constexpr int heightOfRows = 56;
+    static constexpr int heightOfHeader = 32;
+    static constexpr int buttonCellWidth = 84;
+
+    explicit LocationTable(QWidget* parent = nullptr);
+
+    void setModel(QAbstractItemModel* model) override;
+
+    /// Whether a drag that could be dropped hovers over the list.
+    [[nodiscard]] bool isDragHovering() const { return dragHovering_; }
+
+    /// Whether the list has to show that the keyboard is there, because no row shows it.
+    [[nodiscard]] bool showsFocus() const { return focusShown_ && !currentIndex().isValid(); }
+
+    /// The text shown in place of rows while there are none.
+    void setEmptyText(const QString& text);
+    [[nodiscard]] const QString& emptyText() const { return emptyText_; }
+
+ Q_SIGNALS:
+    /// A row was double-clicked beside its check box, or Return was pressed on it.
+    void rowOpened(const QModelIndex& index);
+    /// isDragHovering() or showsFocus() may have changed.
+    void surroundingsChanged();
+
+ protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+ private:
+    void setDragHovering(bool hovering);
+
+    QString emptyText_;
+    bool dragHovering_ = false;
+    bool focusShown_ = false;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,309 @@
+#include "interface/main_window.h"
+
+#include "controls/button_settings_saved.h"
+#include "controls/hover_button.h"
+#include "controls/images.h"
+#include "controls/look.h"
+#include "controls/spinner.h"
+#include "controls/view_top_bar.h"
+#include "controls/view_transparent.h"
+#include "interface/about_panel.h"
+#include "interface/appearance.h"
+#include "interface/covered.h"
+#include "interface/deletion_panel.h"
+#include "interface/exception_panel.h"
+#include "interface/home_screen.h"
+#include "interface/information_panel.h"
+#include "interface/location_screen.h"
+#include "interface/making.h"
+#include "interface/notice_panel.h"
+#include "interface/open_panels.h"
+#include "interface/placement.h"
+#include "interface/product_title.h"
+#include "interface/progress_screen.h"
+#include "interface/result_screen.h"
+#include "interface/text_block.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMenu>
+#include <QStackedWidget>
+#include <QToolTip>
+#include <algorithm>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+// The list area of the locations, in the content.
+constexpr QPoint listArea{55, 134};
+constexpr int helpMenuWidth = 282;
+constexpr int helpMenuGap = 4;
+
+/// The place of a panel whose lower left corner is counted from the lower left of the content.
+QRect fromLowerLeft(QPoint origin, QSize size) {
+    return {{origin.x(), MainWindow::designSize.height() - origin.y() - size.height()}, size};
+}
+
+QWidget* makeHidden(const char* name, QWidget* parent) {
+    auto* widget = named(new QWidget(parent), name);
+    widget->hide();
+    return widget;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Appearance appearance, QWidget* parent)
+    : EarlyWindow(parent, appearance, designSize),
+      topBar(named(new ViewTopBar, "topBar")),
+      tabViewMain(named(new QStackedWidget, "tabViewMain")),
+      home(named(new HomeScreen(topBar), "homeScreen")),
+      locations(named(new LocationScreen(topBar), "locationScreen")),
+      progress(named(new ProgressScreen(topBar), "progressScreen")),
+      results(named(new ResultScreen(topBar), "resultScreen")),
+      buttonHelpManual(
+          named(new HoverButton(HoverButton::Kind::outline, tr("Help")), "buttonHelpManual")),
+      helpMenu(named(new QMenu(this), "helpMenu")),
+      helpMenuItem(named(helpMenu->addAction(tr("User Guide")), "helpMenuItem")),
+      supportMenuItem(named(helpMenu->addAction(tr("Contact Support")), "supportMenuItem")),
+      updateMenuItem(named(helpMenu->addAction(tr("Check for Updates...")), "updateMenuItem")),
+      aboutMenuItem(
+          named(new QAction(tr("About %1").arg(productTitle()), helpMenu), "aboutMenuItem")),
+      runningAlert(named(new NoticePanel(466, "runningAlertText", this), "runningAlert")),
+      runningAlertText(runningAlert->text),
+      runningAlertOk(runningAlert->addButton("runningAlertOk", tr("Ok"))),
+      confirmationView(named(new NoticePanel(316, "confirmationText", this), "confirmationView")),
+      cancelNo(confirmationView->addButton("cancelNo", tr("No"))),
+      cancelYes(confirmationView->addButton("cancelYes", tr("Yes"))),
+      informationWindow(new InformationPanel(this)),
+      exceptionWindow(new ExceptionPanel(this)),
+      deletionPreview(new DeletionPanel(this)),
+      allCheckAlertView(named(new NoticePanel(466, "allCheckText", this), "allCheckAlertView")),
+      allCheckOk(allCheckAlertView->addButton("allCheckOk", tr("Ok"))),
+      windowAboutPanel(new AboutPanel(this)),
+      aboutVersion(windowAboutPanel->aboutVersion),
+      settingsWindow(makeHidden("settingsWindow", this)),
+      progressWindow(makeHidden("progressWindow", this)),
+      loadingView(makeHidden("loadingView", this)),
+      loadingIndicator(named(new Spinner, "loadingIndicator")),
+      placement_(new Placement(this, designSize)),
+      openPanels_(new OpenPanels(this)) {
+    setWindowIcon(pictureIcon(QStringLiteral("app_icon")));
+    QToolTip::setPalette(lightPalette());
+    placeFrame();
+    placeLoadingView();
+    makeNotices();
+    makeHelpMenu();
+    orderKeyboard();
+    selectTabViewItem(home->identifier());
+    // Widgets that come to a window which is shown already have to be shown by themselves.
+    topBar->show();
+    tabViewMain->show();
+}
+
+/// An open panel is hidden with the window, when there are no screens any more to be told.
+MainWindow::~MainWindow() {
+    openPanels_->disconnect(this);
+}
+
+void MainWindow::placeFrame() {
+    placement_->place(topBar, {{0, 0, 1016, Screen::barHeight}, stretching, atStart});
+    placement_->place(tabViewMain,
+                      {{{0, Screen::barHeight}, Screen::designSize}, stretching, stretching});
+    for (Screen* screen : screens()) {
+        tabViewMain->addWidget(screen);
+    }
+    auto* inBar = new Placement(topBar, {1016, Screen::barHeight});
+    inBar->place(buttonHelpManual, {{932, 8, 72, 29}, atEnd, atStart});
+    inBar->row({buttonHelpManual});
+}
+
+void MainWindow::placeLoadingView() {
+    QPalette colors = lightPalette();
+    QColor veil = look::page;
+    veil.setAlphaF(0.86F);
+    colors.setColor(QPalette::Window, veil);
+    loadingView->setPalette(colors);
+    loadingView->setAutoFillBackground(true);
+    // The tree of a result, which stays free, takes 18 % of what the window gains.
+    constexpr QRect design{205, 97, 799, 320};
+    placement_->place(loadingView, {design, {0.18, 0.82}, stretching});
+    loadingView->raise();
+    auto* inside = new Placement(loadingView, design.size());
+    inside->place(loadingIndicator, {{377, 138, 44, 44}, inMiddle, inMiddle});
+}
+
+void MainWindow::makeNotices() {
+    confirmationView->text->setText(tr("Are you sure, you want to stop this process?"));
+    allCheckAlertView->text->setText(tr("All the files of same set cannot be selected"));
+    runningAlert->keyboard().setAnswers({runningAlertOk}, runningAlertOk, runningAlertOk);
+    confirmationView->keyboard().setAnswers({cancelYes, cancelNo}, cancelNo, cancelNo);
+    allCheckAlertView->keyboard().setAnswers({allCheckOk}, allCheckOk, allCheckOk);
+    for (NoticePanel* notice : {runningAlert, confirmationView, allCheckAlertView}) {
+        openPanels_->watch(notice, &notice->keyboard());
+    }
+    for (DialogPanel* panel :
+         {static_cast<DialogPanel*>(informationWindow), static_cast<DialogPanel*>(exceptionWindow),
+          static_cast<DialogPanel*>(deletionPreview)}) {
+        openPanels_->watch(panel, &panel->keyboard());
+    }
+    openPanels_->watch(windowAboutPanel, &windowAboutPanel->keyboard());
+    connect(openPanels_, &OpenPanels::anyChanged, this, [this](bool any) {
+        for (Screen* screen : screens()) {
+            screen->setShortcutsEnabled(!any);
+        }
+    });
+    connect(openPanels_, &OpenPanels::keyboardFree, this,
+            [this] { currentScreen()->beginWithKeyboard(); });
+}
+
+void MainWindow::makeHelpMenu() {
+    helpMenu->addSeparator();
+    helpMenu->addAction(aboutMenuItem);
+    helpMenu->setMinimumWidth(helpMenuWidth);
+    styleMenu(helpMenu);
+    helpMenuItem->setShortcut(Qt::Key_F1);
+    helpMenuItem->setShortcutVisibleInContextMenu(false);
+    addAction(helpMenuItem);
+}
+
+void MainWindow::orderKeyboard() {
+    QWidget* before = nullptr;
+    const auto next = [&before](QWidget* control) {
+        if (before != nullptr) {
+            setTabOrder(before, control);
+        }
+        before = control;
+    };
+    for (const Screen* screen : screens()) {
+        for (QWidget* control : screen->readingOrder()) {
+            next(control);
+        }
+    }
+    next(buttonHelpManual);
+}
+
+void MainWindow::selectTabViewItem(const QString& identifier) {
+    for (Screen* screen : screens()) {
+        if (screen->identifier() != identifier) {
+            continue;
+        }
+        currentScreen()->setBarShown(false);
+        tabViewMain->setCurrentWidget(screen);
+        screen->setBarShown(true);
+        if (!openPanels_->any()) {
+            screen->beginWithKeyboard();
+        }
+        return;
+    }
+}
+
+QString MainWindow::selectedTabViewItem() const {
+    return currentScreen()->identifier();
+}
+
+void MainWindow::showNotice(NoticePanel* notice, QPoint origin) {
+    showPanel(notice, fromLowerLeft(origin, notice->sizeHint()));
+}
+
+void MainWindow::showNoticeInList(NoticePanel* notice, QPoint origin) {
+    showPanel(notice, {listArea + origin, notice->sizeHint()});
+}
+
+void MainWindow::showOver(QWidget* panel, QPoint origin) {
+    addCover();
+    showPanel(panel, fromLowerLeft(origin, panel->sizeHint()));
+}
+
+void MainWindow::addCover() {
+    auto* cover = named(new ViewTransparent(this), "viewTransparent");
+    for (ViewTransparent* before : covers_) {
+        connect(cover, &ViewTransparent::addedNote, before,
+                &ViewTransparent::viewTransparentAddedNote);
+        connect(cover, &ViewTransparent::removedNote, before,
+                &ViewTransparent::viewTransparentRemovedNote);
+    }
+    covers_.push_back(cover);
+    cover->setGeometry(rect());
+    cover->raise();
+    cover->show();
+    cover->postAddedNotification();
+    coversChanged();
+}
+
+void MainWindow::removeCover(ViewTransparent* cover) {
+    covers_.removeOne(cover);
+    cover->postRemovedNotification();
+    // At once no longer a child; the mouse may still be on its way to it.
+    cover->hide();
+    cover->setParent(nullptr);
+    cover->deleteLater();
+    coversChanged();
+}
+
+void MainWindow::coversChanged() const {
+    setCovered(topBar, !covers_.isEmpty());
+    setCovered(tabViewMain, !covers_.isEmpty());
+}
+
+void MainWindow::removeCovers() {
+    while (!covers_.isEmpty()) {
+        removeCover(covers_.back());
+    }
+}
+
+void MainWindow::removeFirstCover() {
+    if (!covers_.isEmpty()) {
+        removeCover(covers_.front());
+    }
+}
+
+void MainWindow::showAbout() {
+    constexpr QPoint corner{298, 120};
+    showPanel(windowAboutPanel,
+              {corner, QSize(AboutPanel::designSize.width(),
+                             windowAboutPanel->heightForWidth(AboutPanel::designSize.width()))});
+}
+
+void MainWindow::showPanel(QWidget* panel, const QRect& design) {
+    placement_->place(panel, {design, inMiddle, inMiddle});
+    panel->raise();
+    panel->show();
+}
+
+void MainWindow::popUpHelpMenu() const {
+    const int width = std::max(helpMenu->sizeHint().width(), helpMenuWidth);
+    helpMenu->popup(buttonHelpManual->mapToGlobal(
+        QPoint(buttonHelpManual->width() - width, buttonHelpManual->height() + helpMenuGap)));
+}
+
+void MainWindow::setClosePermission(std::function<bool()> permission) {
+    closePermission_ = std::move(permission);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    for (ViewTransparent* cover : covers_) {
+        cover->setGeometry(rect());
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (closePermission_ && !closePermission_()) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    Q_EMIT windowWillClose();
+}
+
+QVector<Screen*> MainWindow::screens() const {
+    return {home, locations, progress, results};
+}
+
+Screen* MainWindow::currentScreen() const {
+    return static_cast<Screen*>(tabViewMain->currentWidget());
+}
+
+}  // namespace tarvin

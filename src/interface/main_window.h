@@ -1,0 +1,148 @@
+#pragma once
+
+#include "interface/early_window.h"
+
+#include <QVector>
+#include <functional>
+
+class QAction;
+class QLabel;
+class QMenu;
+class QStackedWidget;
+
+namespace tarvin {
+
+class AboutPanel;
+class ButtonSettingsSaved;
+class DeletionPanel;
+class ExceptionPanel;
+class HomeScreen;
+class HoverButton;
+class InformationPanel;
+class LocationScreen;
+class NoticePanel;
+class OpenPanels;
+class Placement;
+class ProgressScreen;
+class ResultScreen;
+class Screen;
+class Spinner;
+class TextBlock;
+class ViewTopBar;
+class ViewTransparent;
+
+/// The one window of the program: the bar at the top, the screens below, and the panels that come
+/// over them. Holds every control and decides nothing: who owns the window connects the controls'
+/// signals and sets their texts and states. Main thread.
+///
+/// Each public member is a control, for as long as the window lives; its object name is the name of
+/// the member. Those of a screen are members of the screen.
+class MainWindow final : public EarlyWindow {
+    Q_OBJECT
+
+ public:
+    /// Of the content; also the least that the window can be made.
+    static constexpr QSize designSize{1016, 531};
+
+    explicit MainWindow(Appearance appearance = Appearance::whenShown, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    ViewTopBar* const topBar;
+    QStackedWidget* const tabViewMain;
+    HomeScreen* const home;           ///< "1"
+    LocationScreen* const locations;  ///< "2"
+    ProgressScreen* const progress;   ///< "5"
+    ResultScreen* const results;      ///< "4"
+
+    HoverButton* const buttonHelpManual;
+    /// Shown by popUpHelpMenu().
+    QMenu* const helpMenu;
+    QAction* const helpMenuItem;     ///< "User Guide"; also F1, wherever a person is
+    QAction* const supportMenuItem;  ///< "Contact Support"
+    QAction* const updateMenuItem;   ///< "Check for Updates..."
+    QAction* const aboutMenuItem;    ///< "About Tarvin Duplicate File Remover"
+
+    /// The notice with one answer, for the list and for closing during a scan.
+    NoticePanel* const runningAlert;
+    TextBlock* const runningAlertText;
+    ButtonSettingsSaved* const runningAlertOk;
+    /// "Are you sure, you want to stop this process?"
+    NoticePanel* const confirmationView;
+    ButtonSettingsSaved* const cancelNo;
+    ButtonSettingsSaved* const cancelYes;
+
+    /// The panels of the results, each shown by showOver() and hidden by its owner.
+    InformationPanel* const informationWindow;
+    ExceptionPanel* const exceptionWindow;
+    DeletionPanel* const deletionPreview;
+    NoticePanel* const allCheckAlertView;
+    ButtonSettingsSaved* const allCheckOk;
+
+    AboutPanel* const windowAboutPanel;
+    QLabel* const aboutVersion;
+    QWidget* const settingsWindow;  ///< never filled; others ask whether it is visible
+    QWidget* const progressWindow;  ///< never filled
+
+    /// Lies over the list and the preview of a result; hidden until it is shown.
+    QWidget* const loadingView;
+    Spinner* const loadingIndicator;
+
+    /// Shows the screen with this identifier and gives the keyboard to its first control. An
+    /// unknown identifier changes nothing.
+    void selectTabViewItem(const QString& identifier);
+    /// The identifier of the screen that is shown.
+    [[nodiscard]] QString selectedTabViewItem() const;
+
+    /// Shows a notice with its lower left corner at `origin`, counted from the lower left of the
+    /// content as the design draws it; in a larger window it keeps its place relative to the
+    /// middle. The keyboard goes to its answer and stays inside until the notice is hidden.
+    void showNotice(NoticePanel* notice, QPoint origin);
+    /// The same, with the upper left corner at `origin` of the list area of the locations, counted
+    /// downwards.
+    void showNoticeInList(NoticePanel* notice, QPoint origin);
+    /// Covers the whole window with a new ViewTransparent, which swallows every click meant for
+    /// what lies beneath and grows with the window, and shows `panel`, one of the panels of the
+    /// results, above it: with its lower left corner at `origin` as showNotice() counts it. The
+    /// keyboard goes to its first answer and stays inside until the panel is hidden. Until no cover
+    /// is left, bar and screens do nothing, whoever presses them.
+    void showOver(QWidget* panel, QPoint origin);
+    /// Takes away all covers of showOver(), or the one that came first. Panels stay.
+    void removeCovers();
+    void removeFirstCover();
+    /// Shows `windowAboutPanel` in the middle.
+    void showAbout();
+
+    /// Shows `helpMenu` under its button and returns at once.
+    void popUpHelpMenu() const;
+
+    /// Asked when a person closes the window: windowShouldClose. Without it the window closes.
+    void setClosePermission(std::function<bool()> permission);
+
+ Q_SIGNALS:
+    /// The window was allowed to close and does: windowWillClose.
+    void windowWillClose();
+
+ protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+ private:
+    void placeFrame();
+    void placeLoadingView();
+    void makeNotices();
+    void makeHelpMenu();
+    void orderKeyboard();
+    void showPanel(QWidget* panel, const QRect& design);
+    void addCover();
+    void removeCover(ViewTransparent* cover);
+    void coversChanged() const;
+    [[nodiscard]] QVector<Screen*> screens() const;
+    [[nodiscard]] Screen* currentScreen() const;
+
+    Placement* const placement_;
+    OpenPanels* const openPanels_;
+    QVector<ViewTransparent*> covers_;  // in the order in which they came
+    std::function<bool()> closePermission_;
+};
+
+}  // namespace tarvin

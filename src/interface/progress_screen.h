@@ -1,0 +1,42 @@
+#pragma once
+
+#include "interface/screen.h"
+
+class QLabel;
+class QStackedWidget;
+
+namespace tarvin {
+
+class ElidedLabel;
+class HoverButton;
+class ProgressBar;
+class ScanAnimation;
+class ViewButtonGrayBar;
+
+/// Screen "5": how far a scan is. Main thread.
+class ProgressScreen final : public Screen {
+    Q_OBJECT
+
+ public:
+    explicit ProgressScreen(ViewTopBar* bar);
+
+    QLabel* const progressTypeText;  ///< in the bar
+    /// Has one page, which holds the block of animation, status, bar and file.
+    QStackedWidget* const exactSimilarTabView;
+    ScanAnimation* const animationImage;
+    QLabel* const searchStatus;
+    ProgressBar* const similarIndicator;
+    /// The file that is worked on, elided in its middle.
+    ElidedLabel* const similarProcessing;
+    QLabel* const textelapse;
+    HoverButton* const pauseResume;
+    HoverButton* const stopButton;
+
+ private:
+    void placeControls();
+    void placeBlock();
+
+    ViewButtonGrayBar* const actionBar_;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "controls/elided_label.h"
+#include "interface/screen.h"
+
+class QLabel;
+class QMenu;
+
+namespace tarvin {
+
+class ButtonHoverSimple;
+class HoverButton;
+class ImageView;
+class PaneFrame;
+class Placement;
+class PopUpButton;
+class PropertyText;
+class ResultTable;
+class ResultTreeView;
+class TabButton;
+class ToggleButton;
+class ViewBackgroundTree;
+class ViewButtonBar;
+class ViewButtonGrayBar;
+
+/// Screen "4": what a scan has found. The rows come from models that are given to `OView2` and
+/// `resultTable`. Main thread.
+class ResultScreen final : public Screen {
+    Q_OBJECT
+
+ public:
+    explicit ResultScreen(ViewTopBar* bar);
+
+    ButtonHoverSimple* const buttonHomePage;  ///< in the bar
+
+    TabButton* const allButton;
+    TabButton* const imageButton;
+    TabButton* const videoButton;
+    TabButton* const audioButton;
+    TabButton* const documentButton;
+    TabButton* const otherButton;
+
+    /// Size, Name, Created Date, Modified Date, Dimension: tags 1 to 5. Opens `sortByMenu` as its
+    /// context menu.
+    PopUpButton* const sortPopupBtn;
+    ToggleButton* const sortBtn;        ///< on at first; opens `sortingOrderMenu`
+    ToggleButton* const asscendingBtn;  ///< on at first; opens `sortingOrderMenu`
+    QMenu* const sortByMenu;            ///< the same five; each action's data is its tag, 0 to 4
+    QMenu* const sortingOrderMenu;      ///< Ascending, Descending; the data is 0 or 1
+
+    ResultTreeView* const OView2;  // NOLINT(readability-identifier-naming)
+    /// The context menu of a row of `OView2`; each action's data is its tag, 0 to 7.
+    QMenu* const outlineMenu;
+    /// Hidden and shown with its frame.
+    ResultTable* const resultTable;
+    ImageView* const imView;
+    PropertyText* const textField;
+    ElidedLabel* const selectedPath;
+
+    HoverButton* const markAll;
+    HoverButton* const unMarkAll;
+    HoverButton* const addEceptionBtn;
+    HoverButton* const removeExceptionBtn;
+    ElidedLabel* const selectedCount;
+    ElidedLabel* const selectedSize;
+    HoverButton* const finishButton;
+    HoverButton* const sendToRecycle;      ///< never shown
+    HoverButton* const deletePermanently;  ///< never shown
+
+ private:
+    void nameControls();
+    void fillSortControls() const;
+    void makeMenus() const;
+    void makeShortcuts();
+    void placeControls();
+    void placeTabBar(Placement& placement);
+    void placePanes(Placement& placement);
+    void placeActionBar(Placement& placement);
+    void openOutlineMenu(const QPoint& position) const;
+
+    ViewButtonBar* const tabBar_;
+    QLabel* const sortLabel_;
+    ViewBackgroundTree* const treeGround_;
+    PaneFrame* const tableFrame_;
+    ViewButtonGrayBar* const actionBar_;
+};
+
+}  // namespace tarvin

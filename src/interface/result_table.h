@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QPersistentModelIndex>
+#include <QTableView>
+
+namespace tarvin {
+
+/// The files of the set that is selected, `resultTable`. Of its model it reads the titles,
+/// Qt::DisplayRole and, in column `ButtonCell`, Qt::CheckStateRole; assistive technology reads
+/// Qt::AccessibleTextRole. It never writes to the model. A text that is too long is shortened; the
+/// tool tip then shows Qt::ToolTipRole, or the whole text without one. Main thread.
+///
+/// Made for 500,000 rows: one height for all, no widget for a row, and only those in view painted.
+class ResultTable final : public QTableView {
+    Q_OBJECT
+
+ public:
+    /// The columns of the model.
+    enum Column {
+        nameText,      ///< the last part of the path
+        fileLocation,  ///< the path without it
+        fileGroup,     ///< the number of the set within its extension
+        ButtonCell     ///< the check box NOLINT(readability-identifier-naming)
+    };
+
+    static constexpr int heightOfRows = 30;
+    static constexpr int heightOfHeader = 28;
+
+    explicit ResultTable(QWidget* parent = nullptr);
+
+    /// The title over a column, for a model to answer headerData() with.
+    [[nodiscard]] static QString title(Column column);
+
+    void setModel(QAbstractItemModel* model) override;
+
+    /// Letters find a name, unless there are so many rows that a person would wait.
+    void keyboardSearch(const QString& search) override;
+
+    /// Repaints the rows concerned that are in view.
+    void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                     const QVector<int>& roles = {}) override;
+
+ Q_SIGNALS:
+    /// A check box was clicked, or Space was pressed on its row.
+    void tableCheckBoxClicked(int row);
+    /// A row was double-clicked beside its check box, or Return was pressed on it.
+    void doubleClick(int row);
+
+ protected:
+    bool viewportEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+    void fitColumns();
+    /// The row whose check box is in reach of a point, in column ButtonCell; invalid elsewhere.
+    [[nodiscard]] QModelIndex boxAt(const QPoint& point) const;
+    /// Whether the press was meant for a check box.
+    bool pressBox(const QMouseEvent& event);
+
+    QPersistentModelIndex pressedBox_;  // where a click on a box began
+};
+
+}  // namespace tarvin

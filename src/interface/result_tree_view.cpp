@@ -1,0 +1,324 @@
+#include "interface/result_tree_view.h"
+
+#include "controls/check_box_painter.h"
+#include "controls/images.h"
+#include "controls/look.h"
+#include "controls/painting.h"
+#include "controls/row_painter.h"
+#include "interface/announced_rows.h"
+#include "interface/appearance.h"
+#include "interface/full_text_tip.h"
+#include "interface/list_header.h"
+#include "interface/tree_row.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <algorithm>
+
+namespace tarvin {
+
+namespace {
+
+/// Tells the tree its one row height. Rows are painted by the tree.
+class RowHeight final : public QStyledItemDelegate {
+ public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override {
+        return {0, ResultTreeView::heightOfRows};
+    }
+};
+
+void paintBranch(QPainter& painter, const QRect& place, bool expanded) {
+    const QPixmap chevron =
+        picture(QStringLiteral("ui/chevron_down"), place.size(), densityOf(painter));
+    painter.save();
+    painter.translate(QRectF(place).center());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.rotate(expanded ? 0 : -90);
+    painter.drawPixmap(QPointF(-place.width() / 2.0, -place.height() / 2.0), chevron);
+    painter.restore();
+}
+
+bool isLeftPress(const QEvent* event) {
+    return event != nullptr &&
+           (event->type() == QEvent::MouseButtonPress ||
+            event->type() == QEvent::MouseButtonDblClick) &&
+           static_cast<const QMouseEvent*>(event)->button() == Qt::LeftButton;
+}
+
+}  // namespace
+
+ResultTreeView::ResultTreeView(QWidget* parent) : QTreeView(parent) {
+    constexpr int titleIndent = 12;
+    auto* listHeader = new ListHeader(heightOfHeader, titleIndent, this);
+    listHeader->setOnlyTitle(name);
+    setHeader(listHeader);
+    listHeader->setStretchLastSection(true);
+    listHeader->coverScrollBarOf(this);
+    setItemDelegate(new RowHeight(this));
+    setFrameShape(QFrame::NoFrame);
+    setUniformRowHeights(true);
+    setAnimated(false);
+    setRootIsDecorated(false);
+    setExpandsOnDoubleClick(false);
+    setAllColumnsShowFocus(true);
+    setMouseTracking(true);
+    setTabKeyNavigation(false);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    setAccessibleName(title());
+    useNeutralStyle(this);
+}
+
+QString ResultTreeView::title() {
+    return tr("Extensions and sets");
+}
+
+void ResultTreeView::expandAll() {
+    if (model() == nullptr) {
+        return;
+    }
+    // Laid out once for all extensions, not once for each.
+    scheduleDelayedItemsLayout();
+    const int extensions = model()->rowCount();
+    for (int row = 0; row < extensions; ++row) {
+        expand(model()->index(row, check));
+    }
+}
+
+void ResultTreeView::selectSet(const QModelIndex& set) {
+    if (!set.isValid() || !isSet(set)) {
+        return;
+    }
+    const QModelIndex first = set.siblingAtColumn(check);
+    selectionModel()->setCurrentIndex(
+        first, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(first);
+}
+
+QModelIndex ResultTreeView::selectedSet() const {
+    const QModelIndexList rows =
+        selectionModel() == nullptr ? QModelIndexList() : selectionModel()->selectedRows(check);
+    return rows.isEmpty() ? QModelIndex() : rows.front();
+}
+
+QRect ResultTreeView::rowRect(const QModelIndex& index) const {
+    const QRect first = QTreeView::visualRect(index.siblingAtColumn(check));
+    return first.isValid() ? QRect(0, first.top(), viewport()->width(), first.height()) : QRect();
+}
+
+QRect ResultTreeView::visualRect(const QModelIndex& index) const {
+    const QRect row = rowRect(index);
+    if (!row.isValid()) {
+        return {};
+    }
+    const TreeRow parts(row, isSet(index));
+    return index.column() == check ? parts.boxReach() : parts.name();
+}
+
+QModelIndex ResultTreeView::indexAt(const QPoint& point) const {
+    const QModelIndex found = QTreeView::indexAt({0, point.y()});
+    if (!found.isValid()) {
+        return {};
+    }
+    const TreeRow parts(rowRect(found), isSet(found));
+    return found.siblingAtColumn(parts.boxReach().contains(point) ? check : name);
+}
+
+void ResultTreeView::keyboardSearch(const QString& search) {
+    if (model() == nullptr || model()->rowCount() == 0) {
+        return;
+    }
+    const QModelIndex current = currentIndex();
+    const QModelIndex extension = isSet(current) ? current.parent() : current;
+    const int next = (extension.row() + 1) % model()->rowCount();
+    const QModelIndexList found = model()->match(model()->index(next, name), Qt::DisplayRole,
+                                                 search, 1, Qt::MatchStartsWith | Qt::MatchWrap);
+    if (!found.isEmpty()) {
+        setCurrentIndex(found.front().siblingAtColumn(check));
+    }
+}
+
+ResultTreeView::Part ResultTreeView::partAt(const QPoint& point) const {
+    const QModelIndex index = indexAt(point);
+    if (!index.isValid()) {
+        return Part::none;
+    }
+    if (index.column() == check) {
+        return Part::box;
+    }
+    const TreeRow parts(rowRect(index), isSet(index));
+    return parts.branchReach().contains(point) ? Part::branch : Part::text;
+}
+
+void ResultTreeView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                                 const QVector<int>& roles) {
+    Q_UNUSED(roles)
+    if (topLeft.row() == bottomRight.row() && topLeft.parent() == bottomRight.parent()) {
+        updateRow(topLeft);
+    } else if (!isAllDue_) {
+        isAllDue_ = true;
+        viewport()->update();
+    }
+    announceRows(*this, topLeft, bottomRight);
+}
+
+/// Looks for it among the rows in view: asking where a row lies walks through the whole tree if it
+/// is far from them or in an extension that is collapsed.
+void ResultTreeView::updateRow(const QModelIndex& index) {
+    if (isAllDue_) {
+        return;
+    }
+    const QModelIndex first = index.siblingAtColumn(check);
+    const int end = viewport()->height() - 1 + heightOfRows;
+    for (int y = 0; y < end; y += heightOfRows) {
+        const QModelIndex shown = QTreeView::indexAt({0, std::min(y, viewport()->height() - 1)});
+        if (shown.siblingAtColumn(check) == first) {
+            viewport()->update(rowRect(first));
+            return;
+        }
+    }
+}
+
+void ResultTreeView::paintEvent(QPaintEvent* event) {
+    isAllDue_ = false;
+    QTreeView::paintEvent(event);
+}
+
+QItemSelectionModel::SelectionFlags ResultTreeView::selectionCommand(const QModelIndex& index,
+                                                                     const QEvent* event) const {
+    return isLeftPress(event) && isSet(index)
+               ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+               : QItemSelectionModel::NoUpdate;
+}
+
+void ResultTreeView::selectionChanged(const QItemSelection& selected,
+                                      const QItemSelection& deselected) {
+    QTreeView::selectionChanged(selected, deselected);
+    for (const QItemSelection& changed : {selected, deselected}) {
+        for (const QItemSelectionRange& range : changed) {
+            updateRow(range.topLeft());
+        }
+    }
+}
+
+void ResultTreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const {
+    const QModelIndex first = index.siblingAtColumn(check);
+    const QModelIndex label = index.siblingAtColumn(name);
+    const bool set = isSet(index);
+    QStyleOptionViewItem row = option;
+    row.rect = {0, option.rect.top(), viewport()->width(), option.rect.height()};
+    row.widget = this;
+    row.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(first));
+    painter->save();
+    paintRow(*painter, row, first, {.selected = look::treeSelected, .line = QColor()});
+    const TreeRow parts(row.rect, set);
+    if (!set && model()->hasChildren(first)) {
+        paintBranch(*painter, parts.branch(), isExpanded(first));
+    }
+    const auto state = static_cast<Qt::CheckState>(first.data(Qt::CheckStateRole).toInt());
+    paintCheckBox(*painter, parts.box(), state);
+    paintLine(*painter, parts.name(), label.data().toString(), parts.nameFont(), look::ink);
+    painter->restore();
+}
+
+bool ResultTreeView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) {
+        return QTreeView::viewportEvent(event);
+    }
+    const auto& help = static_cast<QHelpEvent&>(*event);
+    const QModelIndex index = indexAt(help.pos());
+    if (index.isValid()) {
+        const QModelIndex label = index.siblingAtColumn(name);
+        showFullText(help, viewport(), visualRect(label),
+                     TreeRow(rowRect(index), isSet(index)).nameFont(), label);
+    }
+    return true;
+}
+
+bool ResultTreeView::pressControl(const QMouseEvent& event) {
+    pressedBox_ = QPersistentModelIndex();
+    const QPoint place = event.position().toPoint();
+    const QModelIndex index = indexAt(place);
+    switch (event.button() == Qt::LeftButton ? partAt(place) : Part::text) {
+        case Part::box:
+            pressedBox_ = index;
+            return true;
+        case Part::branch:
+            setExpanded(index.siblingAtColumn(check), !isExpanded(index.siblingAtColumn(check)));
+            return true;
+        case Part::text:
+        case Part::none:
+            break;
+    }
+    return false;
+}
+
+void ResultTreeView::mousePressEvent(QMouseEvent* event) {
+    if (pressControl(*event)) {
+        return;
+    }
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (isLeftPress(event) && index.isValid() && isSet(index)) {
+        Q_EMIT selectionShouldChange(index.siblingAtColumn(check));
+    }
+    QTreeView::mousePressEvent(event);
+}
+
+void ResultTreeView::mouseMoveEvent(QMouseEvent* event) {
+    if (!pressedBox_.isValid()) {
+        QTreeView::mouseMoveEvent(event);
+    }
+}
+
+void ResultTreeView::mouseReleaseEvent(QMouseEvent* event) {
+    if (!pressedBox_.isValid()) {
+        QTreeView::mouseReleaseEvent(event);
+        return;
+    }
+    const QModelIndex pressed = pressedBox_;
+    pressedBox_ = QPersistentModelIndex();
+    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()) == pressed) {
+        Q_EMIT checkBoxClicked(pressed);
+    }
+}
+
+void ResultTreeView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (pressControl(*event)) {
+        return;
+    }
+    const QModelIndex first = indexAt(event->position().toPoint()).siblingAtColumn(check);
+    if (event->button() == Qt::LeftButton && first.isValid() && !isSet(first)) {
+        setExpanded(first, !isExpanded(first));
+        return;
+    }
+    // The second click on the same set has nothing left to do; on another it is a first one.
+    if (first != currentIndex().siblingAtColumn(check)) {
+        mousePressEvent(event);
+    }
+}
+
+void ResultTreeView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Space) {
+        QTreeView::keyPressEvent(event);
+        return;
+    }
+    const QModelIndex box = currentIndex().siblingAtColumn(check);
+    if (box.isValid() && !event->isAutoRepeat()) {
+        // Assistive technology reads on from the box.
+        selectionModel()->setCurrentIndex(box, QItemSelectionModel::NoUpdate);
+        Q_EMIT checkBoxClicked(box);
+    }
+}
+
+}  // namespace tarvin

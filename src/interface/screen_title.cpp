@@ -1,0 +1,35 @@
+#include "interface/screen_title.h"
+
+#include "controls/button_hover_simple.h"
+#include "controls/look.h"
+#include "controls/view_top_bar.h"
+#include "interface/making.h"
+
+#include <QCoreApplication>
+
+namespace tarvin {
+
+namespace {
+
+// In the bar, which keeps its height; the Help button begins right of the title.
+constexpr QRect titlePlace{51, 12, 860, 21};
+constexpr QRect homePlace{0, 0, 45, 45};
+
+}  // namespace
+
+QLabel* makeScreenTitle(const char* name, const QString& title, ViewTopBar* bar) {
+    QLabel* label = named(makeLabel(title, look::font(15, QFont::DemiBold), look::surface), name);
+    label->setParent(bar);
+    label->setGeometry(titlePlace);
+    return label;
+}
+
+ButtonHoverSimple* makeHomeButton(const char* name, ViewTopBar* bar) {
+    auto* button = named(new ButtonHoverSimple(bar), name);
+    button->setGeometry(homePlace);
+    button->setAccessibleName(QCoreApplication::translate("tarvin::Screen", "Home"));
+    button->setFocusRing(FocusRing::Place::inside, look::surface);
+    return button;
+}
+
+}  // namespace tarvin

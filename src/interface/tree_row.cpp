@@ -1,0 +1,54 @@
+#include "interface/tree_row.h"
+
+#include "controls/check_box_painter.h"
+#include "controls/look.h"
+
+namespace tarvin {
+
+namespace {
+
+constexpr int branchLeft = 6;
+constexpr int branchSide = 14;
+constexpr int firstBoxLeft = 24;
+constexpr int boxSide = 16;
+constexpr int indentation = 18;
+constexpr int boxToName = 24;
+constexpr int rightMargin = 8;
+
+}  // namespace
+
+QRect TreeRow::branch() const {
+    return isSet_ ? QRect()
+                  : checkBoxIn({row_.left() + branchLeft, row_.top(), branchSide, row_.height()},
+                               branchSide);
+}
+
+QRect TreeRow::branchReach() const {
+    constexpr int gap = 2;  // to the box
+    return isSet_ ? QRect() : QRect(row_.left(), row_.top(), firstBoxLeft - gap, row_.height());
+}
+
+QRect TreeRow::box() const {
+    return checkBoxIn({boxLeft(), row_.top(), boxSide, row_.height()}, boxSide);
+}
+
+QRect TreeRow::boxReach() const {
+    constexpr int beside = 6;
+    const int left = isSet_ ? boxLeft() - beside : branchReach().right() + 1;
+    return {left, row_.top(), boxLeft() + boxSide + beside - left, row_.height()};
+}
+
+QRect TreeRow::name() const {
+    const int left = boxLeft() + boxToName;
+    return {left, row_.top(), row_.right() + 1 - rightMargin - left, row_.height()};
+}
+
+QFont TreeRow::nameFont() const {
+    return look::font(13, isSet_ ? QFont::Normal : QFont::DemiBold);
+}
+
+int TreeRow::boxLeft() const {
+    return row_.left() + firstBoxLeft + (isSet_ ? indentation : 0);
+}
+
+}  // namespace tarvin

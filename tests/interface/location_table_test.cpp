@@ -1,0 +1,261 @@
+#include "controls/hover_button.h"
+#include "controls/look.h"
+#include "interface/location_frame.h"
+#include "interface/shown_window.h"
+
+#include <QAction>
+#include <QDragEnterEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QSignalSpy>
+
+namespace tarvin {
+
+namespace {
+
+/// The colour of the second pixel from the left: inside a thin line, part of a wide one.
+QColor edgeOf(LocationFrame& frame) {
+    const QImage image = frame.grab().toImage();
+    const double density = image.devicePixelRatio();
+    return image.pixelColor(static_cast<int>(1.5 * density), image.height() / 2);
+}
+
+class LocationTableTest : public ShownWindow {
+ protected:
+    LocationTableTest() {
+        rows.add(QStringLiteral("/home/me/Pictures"), QStringLiteral("folder.png"), false);
+        rows.add(QStringLiteral("/home/me/Music"), QStringLiteral("folder.png"), true);
+        window.selectTabViewItem(QStringLiteral("2"));
+        table.setModel(&rows);
+    }
+    ~LocationTableTest() override { table.setModel(nullptr); }
+
+    [[nodiscard]] QPoint middleOf(int row, int column) const {
+        return table.visualRect(rows.index(row, column)).center();
+    }
+
+    void makeCurrent(int row) { table.setCurrentIndex(rows.index(row, LocationTable::mainCell)); }
+
+    SomeLocations rows;
+    LocationTable& table = *window.locations->tableExact;
+};
+
+TEST_F(LocationTableTest, ADoubleClickOpensTheRow) {
+    const QSignalSpy opened(&table, &LocationTable::rowOpened);
+    const QPoint row = middleOf(1, LocationTable::mainCell);
+
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, row);
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, row);
+
+    ASSERT_EQ(opened.size(), 1);
+    EXPECT_EQ(opened.front().front().toModelIndex().row(), 1);
+}
+
+TEST_F(LocationTableTest, ADoubleClickOnACheckBoxTurnsItTwiceAndOpensNothing) {
+    const QSignalSpy opened(&table, &LocationTable::rowOpened);
+    const QSignalSpy turned(&rows, &QAbstractItemModel::dataChanged);
+    const QPoint box = middleOf(1, LocationTable::buttonCell);
+
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, box);
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, box);
+
+    EXPECT_EQ(turned.size(), 2);
+    EXPECT_EQ(rows.index(1, LocationTable::buttonCell).data(Qt::CheckStateRole).toInt(),
+              static_cast<int>(Qt::Checked));
+    EXPECT_EQ(opened.size(), 0);
+}
+
+TEST_F(LocationTableTest, TheScrollBarBeginsBelowTheHeader) {
+    for (int more = 0; more < 20; ++more) {
+        rows.add(QStringLiteral("/home/me/more"), QStringLiteral("folder.png"), false);
+    }
+    const QScrollBar& bar = *table.verticalScrollBar();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bar.isVisible(); }, 20000));
+    EXPECT_EQ(bar.mapTo(&table, QPoint(0, 0)).y(), LocationTable::heightOfHeader);
+    // Its band goes on above the bar.
+    EXPECT_EQ(table.grab().toImage().pixelColor(table.width() - 3, 10), look::header);
+}
+
+TEST_F(LocationTableTest, AClickOpensNothing) {
+    const QSignalSpy opened(&table, &LocationTable::rowOpened);
+
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, middleOf(1, LocationTable::mainCell));
+
+    EXPECT_EQ(opened.size(), 0);
+    EXPECT_EQ(table.currentIndex().row(), 1);
+}
+
+TEST_F(LocationTableTest, ReturnOpensTheRowInsteadOfScanning) {
+    const QSignalSpy opened(&table, &LocationTable::rowOpened);
+    const QSignalSpy scans(window.locations->findDuplicateExact, &QAbstractButton::clicked);
+    makeCurrent(1);
+
+    QTest::keyClick(&table, Qt::Key_Return);
+
+    ASSERT_EQ(opened.size(), 1);
+    EXPECT_EQ(opened.front().front().toModelIndex().row(), 1);
+    EXPECT_EQ(scans.size(), 0);
+}
+
+TEST_F(LocationTableTest, ReturnScansWhileNoRowHasTheKeyboard) {
+    const QSignalSpy opened(&table, &LocationTable::rowOpened);
+    const QSignalSpy scans(window.locations->findDuplicateExact, &QAbstractButton::clicked);
+    table.setCurrentIndex({});
+
+    QTest::keyClick(&table, Qt::Key_Return);
+
+    EXPECT_EQ(opened.size(), 0);
+    EXPECT_EQ(scans.size(), 1);
+}
+
+TEST_F(LocationTableTest, ReturnWithCtrlScansFromARow) {
+    const QSignalSpy opened(&table, &LocationTable::rowOpened);
+    const QSignalSpy scans(window.locations->findDuplicateExact, &QAbstractButton::clicked);
+    makeCurrent(1);
+
+    QTest::keyClick(&table, Qt::Key_Return, Qt::ControlModifier);
+
+    EXPECT_EQ(opened.size(), 0);
+    EXPECT_EQ(scans.size(), 1);
+}
+
+TEST_F(LocationTableTest, AnEmptyListShowsTheKeyboardRoundItself) {
+    const auto edge = [this] { return edgeOf(*window.locations->tableFrame); };
+    rows.removeRows(0, 2);
+    EXPECT_EQ(edge(), look::surface);
+
+    window.locations->addPhotos->setFocus();
+    QTest::keyClick(window.locations->addPhotos, Qt::Key_Backtab);
+    EXPECT_EQ(edge(), look::focusRing);
+
+    QTest::keyClick(&table, Qt::Key_Tab);
+    EXPECT_EQ(edge(), look::surface);
+}
+
+TEST_F(LocationTableTest, SpaceTurnsTheCheckBoxOfTheRow) {
+    makeCurrent(0);
+    QTest::keyClick(&table, Qt::Key_Space);
+    EXPECT_TRUE(rows.isChecked(0));
+    EXPECT_TRUE(rows.isChecked(1));
+
+    QTest::keyClick(&table, Qt::Key_Space);
+    EXPECT_FALSE(rows.isChecked(0));
+}
+
+TEST_F(LocationTableTest, AClickOnTheCheckBoxTurnsIt) {
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, middleOf(1, LocationTable::buttonCell));
+
+    EXPECT_FALSE(rows.isChecked(1));
+    EXPECT_FALSE(rows.isChecked(0));
+}
+
+TEST_F(LocationTableTest, TabLeavesTheList) {
+    makeCurrent(0);
+
+    QTest::keyClick(&table, Qt::Key_Tab);
+
+    EXPECT_EQ(window.focusWidget(), window.locations->addPhotos);
+}
+
+TEST_F(LocationTableTest, AnEmptyListShowsItsLine) {
+    const auto inkInTheMiddle = [this] {
+        const QImage image = table.viewport()->grab().toImage();
+        int dark = 0;
+        for (int x = image.width() / 4; x < image.width() * 3 / 4; ++x) {
+            for (int y = image.height() / 2 - 12; y < image.height() / 2 + 12; ++y) {
+                dark += qGray(image.pixel(x, y)) < 160 ? 1 : 0;
+            }
+        }
+        return dark;
+    };
+    EXPECT_EQ(inkInTheMiddle(), 0);
+
+    rows.removeRows(0, 2);
+
+    EXPECT_GT(inkInTheMiddle(), 50);
+}
+
+TEST_F(LocationTableTest, TheMenuIsToldItsRow) {
+    const QSignalSpy shown(window.locations->tableMenu, &QMenu::aboutToShow);
+
+    Q_EMIT table.customContextMenuRequested(middleOf(1, LocationTable::mainCell));
+
+    EXPECT_EQ(shown.size(), 1);
+    EXPECT_EQ(window.locations->clickedRow(), 1);
+    window.locations->tableMenu->close();
+}
+
+TEST_F(LocationTableTest, ThereIsNoMenuBelowTheRows) {
+    const QSignalSpy shown(window.locations->tableMenu, &QMenu::aboutToShow);
+
+    Q_EMIT table.customContextMenuRequested({100, 300});
+
+    EXPECT_EQ(shown.size(), 0);
+}
+
+/// A model that says what it was asked to take.
+class Taking final : public QStandardItemModel {
+ public:
+    [[nodiscard]] bool canDropMimeData(const QMimeData*, Qt::DropAction, int, int,
+                                       const QModelIndex&) const override {
+        return accepts;
+    }
+    bool dropMimeData(const QMimeData* data, Qt::DropAction, int, int,
+                      const QModelIndex&) override {
+        taken = data->text();
+        return true;
+    }
+    [[nodiscard]] Qt::DropActions supportedDropActions() const override { return Qt::CopyAction; }
+
+    bool accepts = true;
+    QString taken;
+};
+
+class LocationDropTest : public ShownWindow {
+ protected:
+    LocationDropTest() {
+        model.setColumnCount(2);
+        data.setText(QStringLiteral("something"));
+        window.selectTabViewItem(QStringLiteral("2"));
+        table.setModel(&model);
+    }
+    ~LocationDropTest() override { table.setModel(nullptr); }
+
+    void enter() {
+        QDragEnterEvent event({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(table.viewport(), &event);
+    }
+
+    [[nodiscard]] QColor frameColor() const { return edgeOf(*window.locations->tableFrame); }
+
+    QMimeData data;
+    Taking model;
+    LocationTable& table = *window.locations->tableExact;
+};
+
+TEST_F(LocationDropTest, AHoveringDragIsShownByTheFrame) {
+    EXPECT_EQ(frameColor(), look::surface);
+
+    enter();
+    EXPECT_TRUE(table.isDragHovering());
+    EXPECT_EQ(frameColor(), look::teal);
+
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(table.viewport(), &leave);
+    EXPECT_FALSE(table.isDragHovering());
+    EXPECT_EQ(frameColor(), look::surface);
+}
+
+TEST_F(LocationDropTest, ADropGoesToTheModel) {
+    enter();
+    QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(table.viewport(), &drop);
+
+    EXPECT_EQ(model.taken, QStringLiteral("something"));
+    EXPECT_FALSE(table.isDragHovering());
+}
+
+}  // namespace
+
+}  // namespace tarvin

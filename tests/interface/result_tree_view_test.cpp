@@ -1,0 +1,472 @@
+#include "controls/look.h"
+#include "interface/painted_region.h"
+#include "interface/result_screen.h"
+#include "interface/shown_window.h"
+#include "interface/some_results.h"
+#include "interface/tree_row.h"
+
+#include <QAccessible>
+#include <QHeaderView>
+#include <QMenu>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QToolTip>
+
+namespace tarvin {
+
+namespace {
+
+class ResultTreeViewTest : public ShownWindow {
+ protected:
+    ResultTreeViewTest() {
+        window.selectTabViewItem(QStringLiteral("4"));
+        tree.setModel(&sets);
+        tree.expandAll();
+        QCoreApplication::processEvents();
+    }
+    ~ResultTreeViewTest() override { tree.setModel(nullptr); }
+
+    [[nodiscard]] QPoint nameOf(const QModelIndex& row) const {
+        return tree.visualRect(row.siblingAtColumn(ResultTreeView::name)).center();
+    }
+    [[nodiscard]] QPoint boxOf(const QModelIndex& row) const { return parts(row).box().center(); }
+    [[nodiscard]] TreeRow parts(const QModelIndex& row) const {
+        const int top = tree.visualRect(row).top();
+        return {QRect(0, top, tree.viewport()->width(), ResultTreeView::heightOfRows),
+                ResultTreeView::isSet(row)};
+    }
+    void click(const QPoint& place, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, modifiers, place);
+    }
+    void doubleClick(const QPoint& place) {
+        click(place);
+        QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, place);
+    }
+    [[nodiscard]] QString selected() const {
+        return tree.selectedSet().siblingAtColumn(ResultTreeView::name).data().toString();
+    }
+
+    DrawnResult result{true};
+    SomeSets& sets = result.sets;
+    ResultTreeView& tree = *window.results->OView2;
+};
+
+TEST_F(ResultTreeViewTest, AClickOnASetSelectsIt) {
+    click(nameOf(sets.setAt(0, 1)));
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 1));
+    EXPECT_EQ(selected(), QStringLiteral("Set(2)"));
+
+    click(nameOf(sets.setAt(2, 0)));
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(2, 0));
+}
+
+TEST_F(ResultTreeViewTest, TheWholeRowBesideTheBoxSelects) {
+    const QRect row = tree.visualRect(sets.setAt(0, 1).siblingAtColumn(ResultTreeView::name));
+    click({tree.viewport()->width() - 2, row.center().y()});
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 1));
+    click({3, tree.visualRect(sets.setAt(0, 2)).center().y()});
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 2));
+}
+
+TEST_F(ResultTreeViewTest, AnExtensionIsNotSelected) {
+    click(nameOf(sets.setAt(0, 1)));
+    click(nameOf(sets.extensionAt(1)));
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 1));
+}
+
+TEST_F(ResultTreeViewTest, NoModifierAndNoOtherButtonSelectsOrClears) {
+    click(nameOf(sets.setAt(0, 1)), Qt::ControlModifier);
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 1));
+    click(nameOf(sets.setAt(0, 1)), Qt::ControlModifier);
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 1));
+    click(nameOf(sets.setAt(1, 0)), Qt::ShiftModifier);
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(1, 0));
+    QTest::mouseClick(tree.viewport(), Qt::RightButton, {}, nameOf(sets.setAt(0, 0)));
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(1, 0));
+    EXPECT_EQ(tree.selectionModel()->selectedRows().size(), 1);
+}
+
+TEST_F(ResultTreeViewTest, AClickBelowTheRowsChangesNothing) {
+    while (sets.rowCount() > 1) {
+        sets.removeRow(1);
+    }
+    click(nameOf(sets.setAt(0, 1)));
+    const QSignalSpy asked(&tree, &ResultTreeView::selectionShouldChange);
+    click({60, tree.viewport()->height() - 5});
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 1));
+    EXPECT_EQ(asked.size(), 0);
+}
+
+TEST_F(ResultTreeViewTest, AskedBeforeTheSelectionChanges) {
+    click(nameOf(sets.setAt(0, 1)));
+    QStringList seen;
+    QObject::connect(
+        &tree, &ResultTreeView::selectionShouldChange, &tree, [&](const QModelIndex& set) {
+            seen.push_back(set.siblingAtColumn(ResultTreeView::name).data().toString() +
+                           QStringLiteral(" while ") + selected());
+        });
+
+    click(nameOf(sets.setAt(0, 0)));
+    click(nameOf(sets.setAt(0, 0)));
+    click(nameOf(sets.extensionAt(0)));
+    click(boxOf(sets.setAt(0, 2)));
+
+    EXPECT_EQ(seen, QStringList({QStringLiteral("Set(4) while Set(2)"),
+                                 QStringLiteral("Set(4) while Set(4)")}));
+}
+
+TEST_F(ResultTreeViewTest, ADoubleClickAsksOnce) {
+    const QSignalSpy asked(&tree, &ResultTreeView::selectionShouldChange);
+    doubleClick(nameOf(sets.setAt(0, 1)));
+    EXPECT_EQ(asked.size(), 1);
+}
+
+TEST_F(ResultTreeViewTest, AQuickClickOnAnotherSetSelectsThat) {
+    click(nameOf(sets.setAt(0, 1)));
+    QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, nameOf(sets.setAt(0, 2)));
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 2));
+}
+
+TEST_F(ResultTreeViewTest, DraggingSelectsNothingMore) {
+    QTest::mousePress(tree.viewport(), Qt::LeftButton, {}, nameOf(sets.setAt(0, 0)));
+    QMouseEvent move(QEvent::MouseMove, nameOf(sets.setAt(0, 2)),
+                     tree.viewport()->mapToGlobal(nameOf(sets.setAt(0, 2))), Qt::NoButton,
+                     Qt::LeftButton, {});
+    QCoreApplication::sendEvent(tree.viewport(), &move);
+    QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, nameOf(sets.setAt(0, 2)));
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 0));
+}
+
+TEST_F(ResultTreeViewTest, KeysMoveTheRingAndNeverTheSelection) {
+    click(nameOf(sets.setAt(0, 0)));
+    const QSignalSpy asked(&tree, &ResultTreeView::selectionShouldChange);
+    const QSignalSpy changed(tree.selectionModel(), &QItemSelectionModel::selectionChanged);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_End, Qt::Key_Up,
+                              Qt::Key_Home, Qt::Key_Z, Qt::Key_Return, Qt::Key_Down}) {
+        for (const Qt::KeyboardModifiers with :
+             {Qt::KeyboardModifiers(), Qt::KeyboardModifiers(Qt::ShiftModifier)}) {
+            QTest::keyClick(&tree, key, with);
+        }
+    }
+    EXPECT_NE(tree.currentIndex().siblingAtColumn(0), sets.setAt(0, 0));
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 0));
+    EXPECT_EQ(asked.size(), 0);
+    EXPECT_EQ(changed.size(), 0);
+}
+
+TEST_F(ResultTreeViewTest, ArrowsVisitExtensionsAndSets) {
+    tree.selectSet(sets.setAt(0, 2));
+    QTest::keyClick(&tree, Qt::Key_Down);
+    EXPECT_EQ(tree.currentIndex().siblingAtColumn(0), sets.extensionAt(1));
+    QTest::keyClick(&tree, Qt::Key_Down);
+    EXPECT_EQ(tree.currentIndex().siblingAtColumn(0), sets.setAt(1, 0));
+    QTest::keyClick(&tree, Qt::Key_Up);
+    EXPECT_EQ(tree.currentIndex().siblingAtColumn(0), sets.extensionAt(1));
+}
+
+TEST_F(ResultTreeViewTest, LeftAndRightCollapseAndExpand) {
+    tree.selectSet(sets.setAt(0, 2));
+    QTest::keyClick(&tree, Qt::Key_Down);
+    QTest::keyClick(&tree, Qt::Key_Left);
+    EXPECT_FALSE(tree.isExpanded(sets.extensionAt(1)));
+    QTest::keyClick(&tree, Qt::Key_Right);
+    EXPECT_TRUE(tree.isExpanded(sets.extensionAt(1)));
+}
+
+TEST_F(ResultTreeViewTest, ALetterFindsTheNextExtension) {
+    tree.selectSet(sets.setAt(0, 2));
+    QTest::keyClick(&tree, Qt::Key_P);
+    EXPECT_EQ(tree.currentIndex(), sets.extensionAt(1));
+    QTest::keyClick(&tree, Qt::Key_P);
+    EXPECT_EQ(tree.currentIndex(), sets.extensionAt(4));
+    QTest::keyClick(&tree, Qt::Key_P);
+    EXPECT_EQ(tree.currentIndex(), sets.extensionAt(1));
+    QTest::keyClick(&tree, Qt::Key_X);
+    EXPECT_EQ(tree.currentIndex(), sets.extensionAt(1));
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 2));
+    sets.removeRows(0, sets.rowCount());
+    QTest::keyClick(&tree, Qt::Key_P);
+    EXPECT_FALSE(tree.currentIndex().isValid());
+}
+
+TEST_F(ResultTreeViewTest, SpaceReportsTheRowOfTheRing) {
+    const QSignalSpy clicked(&tree, &ResultTreeView::checkBoxClicked);
+    tree.selectSet(sets.setAt(0, 2));
+    QTest::keyClick(&tree, Qt::Key_Space);
+    QTest::keyClick(&tree, Qt::Key_Down);
+    QTest::keyClick(&tree, Qt::Key_Space);
+
+    ASSERT_EQ(clicked.size(), 2);
+    EXPECT_EQ(clicked[0].front().toModelIndex(), sets.setAt(0, 2));
+    EXPECT_EQ(clicked[1].front().toModelIndex(), sets.extensionAt(1));
+}
+
+TEST_F(ResultTreeViewTest, SpaceWithoutARowReportsNothing) {
+    const QSignalSpy clicked(&tree, &ResultTreeView::checkBoxClicked);
+    tree.setCurrentIndex({});
+    QTest::keyClick(&tree, Qt::Key_Space);
+    EXPECT_EQ(clicked.size(), 0);
+}
+
+TEST_F(ResultTreeViewTest, ABoxReportsItsClickAndChangesNothing) {
+    click(nameOf(sets.setAt(0, 0)));
+    const QSignalSpy clicked(&tree, &ResultTreeView::checkBoxClicked);
+    const QSignalSpy written(&sets, &QAbstractItemModel::dataChanged);
+
+    click(boxOf(sets.setAt(1, 0)));
+    click(boxOf(sets.extensionAt(1)));
+
+    ASSERT_EQ(clicked.size(), 2);
+    EXPECT_EQ(clicked[0].front().toModelIndex(), sets.setAt(1, 0));
+    EXPECT_EQ(clicked[1].front().toModelIndex(), sets.extensionAt(1));
+    EXPECT_EQ(written.size(), 0);
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 0));
+}
+
+TEST_F(ResultTreeViewTest, TheReachOfABoxIsWiderThanTheBox) {
+    const QSignalSpy clicked(&tree, &ResultTreeView::checkBoxClicked);
+    const TreeRow row = parts(sets.setAt(0, 1));
+    click(row.box().topLeft() - QPoint(4, 3));
+    click(row.box().bottomRight() + QPoint(4, 3));
+    EXPECT_EQ(clicked.size(), 2);
+    click(row.name().topLeft() + QPoint(1, 4));
+    EXPECT_EQ(clicked.size(), 2);
+}
+
+TEST_F(ResultTreeViewTest, AClickOnABoxEndsInTheBoxWhereItBegan) {
+    const QSignalSpy clicked(&tree, &ResultTreeView::checkBoxClicked);
+    QTest::mousePress(tree.viewport(), Qt::LeftButton, {}, boxOf(sets.setAt(0, 0)));
+    QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, boxOf(sets.setAt(0, 1)));
+    QTest::mousePress(tree.viewport(), Qt::LeftButton, {}, boxOf(sets.setAt(0, 0)));
+    QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, nameOf(sets.setAt(0, 0)));
+    QTest::mouseClick(tree.viewport(), Qt::RightButton, {}, boxOf(sets.setAt(0, 0)));
+    EXPECT_EQ(clicked.size(), 0);
+    EXPECT_FALSE(tree.selectedSet().isValid());
+}
+
+TEST_F(ResultTreeViewTest, ADoubleClickOnABoxIsTwoClicksAndOpensNothing) {
+    const QSignalSpy clicked(&tree, &ResultTreeView::checkBoxClicked);
+    doubleClick(boxOf(sets.extensionAt(0)));
+    EXPECT_EQ(clicked.size(), 2);
+    EXPECT_TRUE(tree.isExpanded(sets.extensionAt(0)));
+}
+
+TEST_F(ResultTreeViewTest, TheChevronAndADoubleClickOnTheNameCollapse) {
+    const QSignalSpy clicked(&tree, &ResultTreeView::checkBoxClicked);
+    click(parts(sets.extensionAt(0)).branch().center());
+    EXPECT_FALSE(tree.isExpanded(sets.extensionAt(0)));
+    click(parts(sets.extensionAt(0)).branch().center());
+    EXPECT_TRUE(tree.isExpanded(sets.extensionAt(0)));
+    doubleClick(nameOf(sets.extensionAt(0)));
+    EXPECT_FALSE(tree.isExpanded(sets.extensionAt(0)));
+    EXPECT_EQ(clicked.size(), 0);
+}
+
+TEST_F(ResultTreeViewTest, ARowThatGoesUnderThePressedMouseReportsNothing) {
+    const QSignalSpy clicked(&tree, &ResultTreeView::checkBoxClicked);
+    const QPoint box = boxOf(sets.setAt(0, 0));
+    QTest::mousePress(tree.viewport(), Qt::LeftButton, {}, box);
+    sets.clear();
+    QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, box);
+    EXPECT_EQ(clicked.size(), 0);
+}
+
+TEST_F(ResultTreeViewTest, SelectSetShowsItAndAsksNobody) {
+    const QSignalSpy asked(&tree, &ResultTreeView::selectionShouldChange);
+    tree.selectSet(sets.setAt(5, 1));
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(5, 1));
+    EXPECT_EQ(tree.currentIndex(), sets.setAt(5, 1));
+    EXPECT_TRUE(tree.viewport()->rect().contains(parts(sets.setAt(5, 1)).box()));
+    EXPECT_EQ(asked.size(), 0);
+
+    tree.selectSet(sets.extensionAt(0));
+    tree.selectSet({});
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(5, 1));
+}
+
+TEST_F(ResultTreeViewTest, NothingIsSelectedWithoutAModel) {
+    tree.setModel(nullptr);
+    tree.expandAll();
+    EXPECT_FALSE(tree.selectedSet().isValid());
+    tree.setModel(&sets);
+    EXPECT_FALSE(tree.selectedSet().isValid());
+}
+
+TEST_F(ResultTreeViewTest, MarksLeaveExpansionSelectionAndPlace) {
+    tree.selectSet(sets.setAt(5, 1));
+    tree.collapse(sets.extensionAt(1));
+    QCoreApplication::processEvents();
+    const int place = tree.verticalScrollBar()->value();
+    ASSERT_GT(place, 0);
+
+    sets.itemFromIndex(sets.setAt(4, 0))->setCheckState(Qt::Unchecked);
+    for (int extension = 0; extension < sets.rowCount(); ++extension) {
+        const QModelIndex first = sets.setAt(extension, 0);
+        Q_EMIT sets.dataChanged(first, sets.setAt(extension, sets.rowCount(first.parent()) - 1));
+    }
+    QCoreApplication::processEvents();
+
+    EXPECT_EQ(tree.verticalScrollBar()->value(), place);
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(5, 1));
+    EXPECT_FALSE(tree.isExpanded(sets.extensionAt(1)));
+    EXPECT_TRUE(tree.isExpanded(sets.extensionAt(4)));
+}
+
+TEST_F(ResultTreeViewTest, OneMarkRepaintsItsRowAlone) {
+    PaintedRegion painted(tree.viewport());
+    sets.itemFromIndex(sets.setAt(0, 1))->setCheckState(Qt::Unchecked);
+    const int top = tree.visualRect(sets.setAt(0, 1)).top();
+    EXPECT_EQ(painted.bounds(),
+              QRect(0, top, tree.viewport()->width(), ResultTreeView::heightOfRows));
+}
+
+TEST_F(ResultTreeViewTest, AMarkOutOfViewRepaintsNothing) {
+    PaintedRegion painted(tree.viewport());
+    sets.itemFromIndex(sets.setAt(5, 1))->setCheckState(Qt::Checked);
+    EXPECT_TRUE(painted.bounds().isEmpty());
+}
+
+TEST_F(ResultTreeViewTest, AMarkInAnExtensionThatIsCollapsedRepaintsNothing) {
+    tree.collapse(sets.extensionAt(0));
+    PaintedRegion painted(tree.viewport());
+    sets.itemFromIndex(sets.setAt(0, 1))->setCheckState(Qt::Unchecked);
+    EXPECT_TRUE(painted.bounds().isEmpty());
+}
+
+TEST_F(ResultTreeViewTest, TheLastRowInViewIsRepaintedWhereverTheTreeStands) {
+    for (int place = 0; place < ResultTreeView::heightOfRows; ++place) {
+        tree.verticalScrollBar()->setValue(place);
+        const int bottom = tree.viewport()->height() - 1;
+        const QModelIndex last = tree.indexAt({0, bottom});
+        ASSERT_TRUE(last.isValid());
+        PaintedRegion painted(tree.viewport());
+        Q_EMIT sets.dataChanged(last, last);
+        EXPECT_EQ(painted.bounds().bottom(), bottom) << place;
+        EXPECT_LE(painted.bounds().height(), ResultTreeView::heightOfRows) << place;
+    }
+}
+
+TEST_F(ResultTreeViewTest, AMarkBehindAllOthersIsRepaintedAgain) {
+    Q_EMIT sets.dataChanged(sets.setAt(0, 0), sets.setAt(0, 1));
+    PaintedRegion painted(tree.viewport());
+    const QModelIndex row = sets.setAt(0, 1);
+    Q_EMIT sets.dataChanged(row, row);
+    EXPECT_EQ(painted.bounds(), QRect(0, tree.visualRect(row).top(), tree.viewport()->width(),
+                                      ResultTreeView::heightOfRows));
+}
+
+TEST_F(ResultTreeViewTest, TheRingMovesByRepaintingTwoRows) {
+    tree.selectSet(sets.setAt(0, 0));
+    tree.setFocus(Qt::TabFocusReason);
+    PaintedRegion painted(tree.viewport());
+    QTest::keyClick(&tree, Qt::Key_Down);
+    const int top = tree.visualRect(sets.setAt(0, 0)).top();
+    EXPECT_EQ(painted.bounds(),
+              QRect(0, top, tree.viewport()->width(), 2 * ResultTreeView::heightOfRows));
+}
+
+TEST_F(ResultTreeViewTest, RowsAreAsHighAsDrawn) {
+    EXPECT_EQ(tree.visualRect(sets.extensionAt(0)).height(), 26);
+    EXPECT_EQ(tree.visualRect(sets.setAt(0, 0)).top() - tree.visualRect(sets.extensionAt(0)).top(),
+              26);
+    EXPECT_EQ(tree.header()->height(), 25);
+}
+
+TEST_F(ResultTreeViewTest, BoxesAndNamesStandWhereTheyAreDrawn) {
+    // In the content of the window; the tree's rows begin at 13, 125.
+    const QPoint first = tree.viewport()->mapTo(&window, QPoint(0, 0));
+    EXPECT_EQ(first, QPoint(13, 125));
+    EXPECT_EQ(parts(sets.extensionAt(0)).branch(), QRect(6, 6, 14, 14));
+    EXPECT_EQ(parts(sets.extensionAt(0)).box(), QRect(24, 5, 16, 16));
+    EXPECT_EQ(parts(sets.extensionAt(0)).name().left(), 48);
+    EXPECT_EQ(parts(sets.setAt(0, 0)).box(), QRect(42, 31, 16, 16));
+    EXPECT_EQ(parts(sets.setAt(0, 0)).name().left(), 66);
+}
+
+TEST_F(ResultTreeViewTest, EachStateIsPainted) {
+    const auto boxAt = [this](const QModelIndex& row) {
+        return tree.viewport()->grab(parts(row).box()).toImage();
+    };
+    const QImage mixed = boxAt(sets.setAt(0, 0));
+    const QImage on = boxAt(sets.setAt(0, 1));
+    const QImage off = boxAt(sets.setAt(1, 0));
+    EXPECT_NE(mixed, on);
+    EXPECT_NE(mixed, off);
+    EXPECT_NE(on, off);
+    EXPECT_EQ(off.pixelColor(off.rect().center()), look::surface);
+}
+
+/// A file name that is meant to confuse: a line break, markup, Hebrew and a byte that is no text.
+const QString hostileName = QStringLiteral("a\nb<b>c</b>\u05D0\u05D1\u05D2\uFFFD");
+
+TEST_F(ResultTreeViewTest, AHostileNameStaysOnItsLine) {
+    // As much as there is room for.
+    const QString name = QStringLiteral("a\n<b>\u05D0\u05D1\u05D2\uFFFD");
+    const auto write = [this](int set, const QString& text) {
+        sets.setData(sets.index(set, ResultTreeView::name, sets.extensionAt(0)), text);
+    };
+    write(0, name);
+    write(1, QString(name).replace(QLatin1Char('\n'), QLatin1Char(' ')));
+    const auto nameAt = [this](int set) {
+        const QModelIndex index = sets.setAt(0, set).siblingAtColumn(ResultTreeView::name);
+        return tree.viewport()->grab(tree.visualRect(index)).toImage();
+    };
+    EXPECT_EQ(nameAt(0), nameAt(1));
+    for (int length = 1; length < name.size(); ++length) {
+        write(1, name.left(length));
+        EXPECT_NE(nameAt(0), nameAt(1)) << length;
+    }
+}
+
+TEST_F(ResultTreeViewTest, ALongNameIsShownInFullLetterForLetter) {
+    const QModelIndex longOne = sets.index(0, ResultTreeView::name, sets.extensionAt(0));
+    sets.setData(longOne, QString(hostileName + QString(60, QLatin1Char('m'))));
+    const auto ask = [this](const QModelIndex& index) {
+        const QPoint place = tree.visualRect(index).center();
+        QHelpEvent help(QEvent::ToolTip, place, tree.viewport()->mapToGlobal(place));
+        QCoreApplication::sendEvent(tree.viewport(), &help);
+    };
+    ask(longOne);
+    EXPECT_EQ(QToolTip::text(),
+              QStringLiteral("<span style=\"white-space:pre\">a b&lt;b&gt;c&lt;/b&gt;\u05D0\u05D1"
+                             "\u05D2\uFFFD") +
+                  QString(60, QLatin1Char('m')) + QStringLiteral("</span>"));
+
+    ask(sets.index(1, ResultTreeView::name, sets.extensionAt(0)));
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 20000));
+}
+
+TEST_F(ResultTreeViewTest, TheMenuComesOnARowOnly) {
+    QMenu& menu = *window.results->outlineMenu;
+    Q_EMIT tree.customContextMenuRequested(nameOf(sets.setAt(0, 0)));
+    EXPECT_TRUE(menu.isVisible());
+    menu.close();
+    while (sets.rowCount() > 1) {
+        sets.removeRow(1);
+    }
+    Q_EMIT tree.customContextMenuRequested({60, tree.viewport()->height() - 5});
+    EXPECT_FALSE(menu.isVisible());
+}
+
+TEST_F(ResultTreeViewTest, AssistiveTechnologyFindsNamesAndStates) {
+    QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&tree);
+    ASSERT_NE(told, nullptr);
+    EXPECT_EQ(told->text(QAccessible::Name), QStringLiteral("Extensions and sets"));
+    EXPECT_EQ(told->role(), QAccessible::Tree);
+    QAccessibleTableInterface* rows = told->tableInterface();
+    ASSERT_NE(rows, nullptr);
+    EXPECT_EQ(rows->rowCount(), 17);
+    QAccessibleInterface* box = rows->cellAt(1, ResultTreeView::check);
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->text(QAccessible::Name), QStringLiteral("Mark Set(4)"));
+    EXPECT_TRUE(box->state().checkable);
+    EXPECT_FALSE(box->state().checked);
+    EXPECT_TRUE(rows->cellAt(2, ResultTreeView::check)->state().checked);
+    EXPECT_EQ(rows->cellAt(2, ResultTreeView::name)->text(QAccessible::Name),
+              QStringLiteral("Set(2)"));
+}
+
+}  // namespace
+
+}  // namespace tarvin

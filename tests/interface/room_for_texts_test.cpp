@@ -1,0 +1,307 @@
+#include "controller/result_texts.h"
+#include "controller/scan_screen_texts.h"
+#include "controls/elided_label.h"
+#include "controls/hover_button.h"
+#include "controls/look.h"
+#include "controls/pop_up_button.h"
+#include "controls/tab_button.h"
+#include "interface/deletion_panel.h"
+#include "interface/exception_panel.h"
+#include "interface/information_panel.h"
+#include "interface/keep_picture.h"
+#include "interface/notice_panel.h"
+#include "interface/result_screen.h"
+#include "interface/shown_window.h"
+#include "interface/some_results.h"
+#include "interface/text_block.h"
+#include "interface/translation.h"
+
+#include <QFile>
+#include <QHeaderView>
+#include <QLabel>
+#include <QXmlStreamReader>
+
+namespace tarvin {
+
+namespace {
+
+/// The width of a title in the font that its button paints it with.
+int titleWidth(const QAbstractButton& button) {
+    QFont font = look::font(13);
+    if (const auto* hover = qobject_cast<const HoverButton*>(&button)) {
+        const bool filled = hover->kind() == HoverButton::Kind::filled;
+        font = look::font(filled ? 14 : 13, filled ? QFont::Bold : QFont::Medium);
+    }
+    return QFontMetrics(font).horizontalAdvance(button.text());
+}
+
+/// Whether the whole text of a control is to be seen in it.
+bool hasRoom(const QWidget& widget) {
+    if (const auto* block = qobject_cast<const TextBlock*>(&widget)) {
+        return block->text().isEmpty() || block->heightForWidth(block->width()) <= block->height();
+    }
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+        const QSize needed = label->fontMetrics().size(Qt::TextSingleLine, label->text());
+        return needed.width() <= label->width() && needed.height() <= label->height();
+    }
+    if (qobject_cast<const TabButton*>(&widget) != nullptr ||
+        qobject_cast<const PopUpButton*>(&widget) != nullptr) {
+        // Their air may be spared.
+        constexpr int air = 10;
+        return widget.sizeHint().width() - air <= widget.width();
+    }
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+        constexpr int air = 8;  // on each side
+        return button->text().isEmpty() || titleWidth(*button) + 2 * air <= button->width();
+    }
+    return true;
+}
+
+/// The parameter is a language.
+class RoomForTextsTest : public testing::TestWithParam<const char*> {
+ protected:
+    RoomForTextsTest() : translator(loadTranslation(QLocale(QLatin1String(GetParam())))) {
+        if (translator != nullptr) {
+            QCoreApplication::installTranslator(translator.get());
+        }
+        window = std::make_unique<MainWindow>();
+        window->show();
+    }
+    ~RoomForTextsTest() override {
+        window.reset();
+        if (translator != nullptr) {
+            QCoreApplication::removeTranslator(translator.get());
+        }
+    }
+
+    void lookAtEverythingShown(const char* where) {
+        QCoreApplication::sendPostedEvents();
+        keepPicture(window->grab().toImage(),
+                    QStringLiteral("%1-%2-%3")
+                        .arg(QLatin1String(GetParam()), QLatin1String(where))
+                        .arg(window->width()));
+        int seen = 0;
+        for (const auto* widget : window->findChildren<QWidget*>()) {
+            if (!widget->isVisible()) {
+                continue;
+            }
+            EXPECT_TRUE(hasRoom(*widget))
+                << where << ": " << qPrintable(widget->objectName()) << " has no room";
+            expectInside(*widget, where);
+            ++seen;
+        }
+        EXPECT_GT(seen, 5);
+        expectApart(where);
+    }
+
+    /// The home panel and its picture are wider than the window on purpose.
+    void expectInside(const QWidget& widget, const char* where) const {
+        if (widget.objectName() == QLatin1String("viewBackground") ||
+            widget.objectName() == QLatin1String("panelShadow")) {
+            return;
+        }
+        EXPECT_TRUE(widget.parentWidget()->rect().contains(widget.geometry()))
+            << where << ": " << qPrintable(widget.objectName()) << " leaves its parent";
+    }
+
+    /// Buttons of one parent do not lie on one another.
+    void expectApart(const char* where) const {
+        QVector<const QAbstractButton*> shown;
+        for (const auto* button : window->findChildren<QAbstractButton*>()) {
+            if (!button->isVisible()) {
+                continue;
+            }
+            for (const auto* other : shown) {
+                EXPECT_FALSE(button->parentWidget() == other->parentWidget() &&
+                             button->geometry().intersects(other->geometry()))
+                    << where << ": " << qPrintable(button->objectName()) << " lies on "
+                    << qPrintable(other->objectName());
+            }
+            shown.push_back(button);
+        }
+    }
+
+    std::unique_ptr<QTranslator> translator;
+    std::unique_ptr<MainWindow> window;
+};
+
+TEST_P(RoomForTextsTest, OnEveryScreen) {
+    for (const char* screen : {"1", "2", "5", "4"}) {
+        window->selectTabViewItem(QLatin1String(screen));
+        lookAtEverythingShown(screen);
+    }
+}
+
+TEST_P(RoomForTextsTest, InALargerWindow) {
+    window->resize(1400, 900);
+    for (const char* screen : {"1", "2", "5", "4"}) {
+        window->selectTabViewItem(QLatin1String(screen));
+        lookAtEverythingShown(screen);
+    }
+}
+
+TEST_P(RoomForTextsTest, InPanels) {
+    window->showAbout();
+    lookAtEverythingShown("about");
+    window->showNotice(window->confirmationView, {350, 235});
+    lookAtEverythingShown("question");
+}
+
+TEST_P(RoomForTextsTest, InTheResults) {
+    const ResultScreen& screen = *window->results;
+    DrawnResult result(true);
+    screen.OView2->setModel(&result.sets);
+    screen.OView2->expandAll();
+    screen.resultTable->setModel(&result.files);
+    screen.selectedCount->setText(ResultTexts::selectedCount(123456));
+    screen.selectedSize->setText(ResultTexts::selectedSize(999'990'000'000));
+    window->selectTabViewItem(screen.identifier());
+    const auto titleFits = [](const QHeaderView& header, int section, int room) {
+        const QString title = header.model()->headerData(section, Qt::Horizontal).toString();
+        return header.fontMetrics().horizontalAdvance(title) <= room;
+    };
+    constexpr int indent = 12;
+    for (const QSize& size : {QSize(1016, 531), QSize(1400, 900)}) {
+        window->resize(size);
+        lookAtEverythingShown("results");
+        const auto placeOf = [this](const QWidget* widget) {
+            return QRect(widget->mapTo(window.get(), QPoint(0, 0)), widget->size());
+        };
+        EXPECT_LT(placeOf(screen.removeExceptionBtn).right(), placeOf(screen.selectedCount).left());
+        EXPECT_TRUE(titleFits(*screen.OView2->header(), ResultTreeView::name,
+                              screen.OView2->viewport()->width() - indent));
+        for (int column = 0; column <= ResultTable::ButtonCell; ++column) {
+            EXPECT_TRUE(
+                titleFits(*screen.resultTable->horizontalHeader(), column,
+                          screen.resultTable->columnWidth(column) - (column == 0 ? indent : 0)))
+                << column;
+        }
+    }
+    screen.OView2->setModel(nullptr);
+    screen.resultTable->setModel(nullptr);
+}
+
+TEST_P(RoomForTextsTest, InTheInformation) {
+    window->selectTabViewItem(window->results->identifier());
+    InformationPanel& panel = *window->informationWindow;
+    const auto inform = [&](const QString& header, const QStringList& lines,
+                            const QString& answer) {
+        panel.informationHeader->setText(header);
+        panel.scanInfoCount->setText(lines.value(0));
+        panel.scanInfoSize->setText(lines.value(1));
+        panel.scanOtherInfo->setText(lines.value(2));
+        panel.scanInforOKBtn->setTitle(answer);
+        window->showOver(&panel, {250, 200});
+        lookAtEverythingShown("information");
+        EXPECT_EQ(panel.height(), 190) << lines.value(0).toStdString();
+        panel.hide();
+        window->removeCovers();
+    };
+    inform(
+        ResultTexts::duplicatesFound(),
+        {ResultTexts::media(123456), ResultTexts::documents(123456), ResultTexts::others(123456)},
+        ResultTexts::review());
+    for (const ResultView tab : {ResultView::image, ResultView::video, ResultView::audio,
+                                 ResultView::documents, ResultView::other}) {
+        inform(ResultTexts::information(),
+               {ResultTexts::duplicates(tab, 123456), ResultTexts::memoryOccupied(999'990'000'000)},
+               ResultTexts::review());
+        inform(ResultTexts::information(), {ResultTexts::noDuplicates(tab)}, ResultTexts::ok());
+    }
+    for (const QString& line :
+         {ResultTexts::allFilesOfSet(), ResultTexts::nothingToDelete(),
+          ResultTexts::exceptionsAdded(123456), ResultTexts::exceptionsRemoved()}) {
+        inform(ResultTexts::information(), {line}, ResultTexts::ok());
+    }
+}
+
+TEST_P(RoomForTextsTest, InTheOtherPanelsOfTheResults) {
+    window->selectTabViewItem(window->results->identifier());
+    for (const bool exact : {true, false}) {
+        window->exceptionWindow->exceptionTextField->setText(ResultTexts::exceptionQuestion(exact));
+        window->showOver(window->exceptionWindow, {300, 200});
+        lookAtEverythingShown("exceptions");
+        window->exceptionWindow->hide();
+    }
+    window->showOver(window->deletionPreview, {205, 114});
+    lookAtEverythingShown("deletion");
+    window->deletionPreview->pauseResumeBtn->setTitle(ScanScreenTexts::resume());
+    lookAtEverythingShown("deletion-paused");
+    window->deletionPreview->hide();
+    window->showOver(window->allCheckAlertView, {275, 225});
+    lookAtEverythingShown("alternative");
+}
+
+TEST_P(RoomForTextsTest, TheHintEndsBeforeTheTools) {
+    window->selectTabViewItem(QStringLiteral("2"));
+    QCoreApplication::sendPostedEvents();
+
+    EXPECT_LT(window->locations->hint->geometry().right(), window->locations->markAllExactBtn->x());
+    EXPECT_GT(window->locations->hint->y(), 0);
+    EXPECT_LT(window->locations->hint->geometry().bottom(),
+              window->locations->findChild<QWidget*>(QStringLiteral("tableFrame"))->y());
+}
+
+TEST_P(RoomForTextsTest, TheExplanationEndsBeforeTheTiles) {
+    const auto place = [this](const char* name) {
+        return window->findChild<QWidget*>(QLatin1String(name))->geometry();
+    };
+    EXPECT_LT(place("explanation").bottom(), place("mainScanButton").top());
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, RoomForTextsTest, testing::Values("en", "de"),
+                         [](const auto& tested) { return std::string(tested.param); });
+
+TEST(TranslationTest, GermanIsSpokenWhereItIsAskedFor) {
+    const auto translator = loadTranslation(QLocale(QStringLiteral("de_DE")));
+    ASSERT_NE(translator, nullptr);
+    QCoreApplication::installTranslator(translator.get());
+    {
+        const MainWindow window;
+        EXPECT_EQ(window.buttonHelpManual->text(), QStringLiteral("Hilfe"));
+    }
+    QCoreApplication::removeTranslator(translator.get());
+}
+
+/// The texts of a translation file, each with its context; those that are translated only, if
+/// asked.
+QStringList textsOf(const QString& name, bool translated) {
+    QFile file(QStringLiteral(TARVIN_TRANSLATIONS "/") + name);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(file.fileName());
+    QXmlStreamReader reader(&file);
+    QStringList texts;
+    QString context;
+    QString source;
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement) {
+            continue;
+        }
+        if (reader.name() == QLatin1String("name")) {
+            context = reader.readElementText();
+        } else if (reader.name() == QLatin1String("source")) {
+            source = context + QLatin1String(": ") + reader.readElementText();
+        } else if (reader.name() == QLatin1String("translation")) {
+            const bool finished = reader.attributes().isEmpty();
+            if (!translated || (finished && !reader.readElementText().isEmpty())) {
+                texts.push_back(source);
+            }
+        }
+    }
+    EXPECT_FALSE(reader.hasError());
+    return texts;
+}
+
+TEST(TranslationTest, GermanHasEveryText) {
+    const QStringList all = textsOf(QStringLiteral("tarvin.ts"), false);
+    EXPECT_GT(all.size(), 40);
+    EXPECT_EQ(textsOf(QStringLiteral("tarvin_de.ts"), true), all);
+}
+
+TEST(TranslationTest, OtherLanguagesHaveNone) {
+    EXPECT_EQ(loadTranslation(QLocale(QStringLiteral("en_GB"))), nullptr);
+    EXPECT_EQ(loadTranslation(QLocale(QStringLiteral("ja_JP"))), nullptr);
+}
+
+}  // namespace
+
+}  // namespace tarvin

@@ -1,0 +1,123 @@
+#include "controls/button_hover_simple.h"
+#include "controls/hover_button.h"
+#include "controls/windows_like_button.h"
+#include "interface/progress_screen.h"
+#include "interface/result_screen.h"
+#include "interface/shown_window.h"
+
+#include <QAction>
+#include <QSignalSpy>
+
+namespace tarvin {
+
+namespace {
+
+struct Shortcut {
+    const char* screen;
+    Qt::KeyboardModifiers modifiers;
+    Qt::Key key;
+    const char* button;
+};
+
+const Shortcut shortcuts[] = {
+    {"2", Qt::ControlModifier | Qt::ShiftModifier, Qt::Key_H, "buttonHomeExactPage"},
+    {"2", Qt::ControlModifier, Qt::Key_O, "addFolders"},
+    {"2", Qt::ControlModifier | Qt::ShiftModifier, Qt::Key_O, "addPhotos"},
+    {"2", Qt::NoModifier, Qt::Key_Return, "findDuplicateExact"},
+    {"2", Qt::NoModifier, Qt::Key_Enter, "findDuplicateExact"},
+    {"2", Qt::ControlModifier, Qt::Key_Return, "findDuplicateExact"},
+    {"2", Qt::AltModifier, Qt::Key_Left, "backFolderButton"},
+    {"2", Qt::AltModifier, Qt::Key_Right, "nextFolderButton"},
+    {"2", Qt::ControlModifier, Qt::Key_A, "markAllExactBtn"},
+    {"2", Qt::ControlModifier | Qt::ShiftModifier, Qt::Key_A, "unmarkAllExactBtn"},
+    {"5", Qt::ControlModifier, Qt::Key_P, "pauseResume"},
+    {"5", Qt::ControlModifier, Qt::Key_Period, "stopButton"},
+    {"4", Qt::ControlModifier | Qt::ShiftModifier, Qt::Key_H, "buttonHomePage"},
+    {"4", Qt::ControlModifier, Qt::Key_1, "allButton"},
+    {"4", Qt::ControlModifier, Qt::Key_2, "imageButton"},
+    {"4", Qt::ControlModifier, Qt::Key_3, "videoButton"},
+    {"4", Qt::ControlModifier, Qt::Key_4, "audioButton"},
+    {"4", Qt::ControlModifier, Qt::Key_5, "documentButton"},
+    {"4", Qt::ControlModifier, Qt::Key_6, "otherButton"},
+    {"4", Qt::ControlModifier, Qt::Key_A, "markAll"},
+    {"4", Qt::ControlModifier | Qt::ShiftModifier, Qt::Key_A, "unMarkAll"},
+    {"4", Qt::ControlModifier, Qt::Key_Backspace, "finishButton"},
+};
+
+class ShortcutsTest : public ShownWindow {
+ protected:
+    /// Presses the keys where the keyboard is.
+    void press(const Shortcut& shortcut) {
+        QWidget* holder = window.focusWidget() == nullptr ? &window : window.focusWidget();
+        QTest::keyClick(holder, shortcut.key, shortcut.modifiers);
+    }
+};
+
+TEST_F(ShortcutsTest, PressTheirButtons) {
+    for (const Shortcut& shortcut : shortcuts) {
+        window.selectTabViewItem(QLatin1String(shortcut.screen));
+        const QSignalSpy clicks(control<QAbstractButton>(shortcut.button),
+                                &QAbstractButton::clicked);
+        press(shortcut);
+        EXPECT_EQ(clicks.size(), 1) << shortcut.button;
+    }
+}
+
+TEST_F(ShortcutsTest, DoNothingToADisabledButton) {
+    for (const Shortcut& shortcut : shortcuts) {
+        window.selectTabViewItem(QLatin1String(shortcut.screen));
+        auto* button = control<QAbstractButton>(shortcut.button);
+        button->setEnabled(false);
+        const QSignalSpy clicks(button, &QAbstractButton::clicked);
+        press(shortcut);
+        EXPECT_EQ(clicks.size(), 0) << shortcut.button;
+    }
+}
+
+TEST_F(ShortcutsTest, BelongToTheirScreen) {
+    for (const Shortcut& shortcut : shortcuts) {
+        window.selectTabViewItem(QStringLiteral("1"));
+        window.buttonHelpManual->setFocus();
+        const QSignalSpy clicks(control<QAbstractButton>(shortcut.button),
+                                &QAbstractButton::clicked);
+        press(shortcut);
+        EXPECT_EQ(clicks.size(), 0) << shortcut.button;
+    }
+}
+
+TEST_F(ShortcutsTest, WorkWithTheKeyboardOnTheBarOrNowhere) {
+    window.selectTabViewItem(QStringLiteral("2"));
+    const QSignalSpy clicks(window.locations->addFolders, &QAbstractButton::clicked);
+
+    window.buttonHelpManual->setFocus();
+    QTest::keyClick(window.buttonHelpManual, Qt::Key_O, Qt::ControlModifier);
+    window.buttonHelpManual->clearFocus();
+    QTest::keyClick(&window, Qt::Key_O, Qt::ControlModifier);
+
+    EXPECT_EQ(clicks.size(), 2);
+}
+
+TEST_F(ShortcutsTest, F1AsksForTheGuideOnEveryScreen) {
+    const QSignalSpy asked(window.helpMenuItem, &QAction::triggered);
+    for (const char* screen : {"1", "2", "5", "4"}) {
+        window.selectTabViewItem(QLatin1String(screen));
+        QTest::keyClick(window.focusWidget(), Qt::Key_F1);
+    }
+    EXPECT_EQ(asked.size(), 4);
+}
+
+TEST_F(ShortcutsTest, ReturnPressesTheButtonThatHasTheKeyboard) {
+    window.selectTabViewItem(QStringLiteral("2"));
+    const QSignalSpy scans(window.locations->findDuplicateExact, &QAbstractButton::clicked);
+    const QSignalSpy added(window.locations->addFolders, &QAbstractButton::clicked);
+
+    window.locations->addFolders->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(window.locations->addFolders, Qt::Key_Return);
+
+    EXPECT_EQ(added.size(), 1);
+    EXPECT_EQ(scans.size(), 0);
+}
+
+}  // namespace
+
+}  // namespace tarvin

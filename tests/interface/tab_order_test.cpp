@@ -1,0 +1,103 @@
+#include "controls/hover_button.h"
+#include "controls/windows_like_button.h"
+#include "interface/home_screen.h"
+#include "interface/progress_screen.h"
+#include "interface/shown_window.h"
+
+namespace tarvin {
+
+namespace {
+
+class TabOrderTest : public ShownWindow {
+ protected:
+    /// The names of the controls that Tab visits, from where the keyboard is now, once round.
+    QString visited(Qt::Key key = Qt::Key_Tab) {
+        QStringList names;
+        const QWidget* first = window.focusWidget();
+        if (first == nullptr) {
+            return {};
+        }
+        constexpr int enough = 50;
+        do {
+            names.push_back(window.focusWidget()->objectName());
+            QTest::keyClick(window.focusWidget(), key);
+        } while (window.focusWidget() != first && names.size() < enough);
+        return names.join(QLatin1Char(' '));
+    }
+
+    [[nodiscard]] QString holder() const {
+        return window.focusWidget() == nullptr ? QString() : window.focusWidget()->objectName();
+    }
+};
+
+TEST_F(TabOrderTest, HomeBeginsOnTheDrives) {
+    EXPECT_EQ(holder(), QStringLiteral("mainScanButton"));
+    EXPECT_EQ(visited(), QStringLiteral("mainScanButton mainScanButtonFolder buttonHelpManual"));
+}
+
+TEST_F(TabOrderTest, LocationsBeginOnTheListAndFollowReading) {
+    window.selectTabViewItem(QStringLiteral("2"));
+
+    EXPECT_EQ(holder(), QStringLiteral("tableExact"));
+    EXPECT_EQ(visited(),
+              QStringLiteral("tableExact addPhotos addFolders findDuplicateExact buttonHelpManual "
+                             "buttonHomeExactPage backFolderButton nextFolderButton "
+                             "markAllExactBtn unmarkAllExactBtn removeFromListExactBtn"));
+}
+
+TEST_F(TabOrderTest, BacktabGoesTheOtherWay) {
+    window.selectTabViewItem(QStringLiteral("2"));
+
+    EXPECT_EQ(visited(Qt::Key_Backtab),
+              QStringLiteral("tableExact removeFromListExactBtn unmarkAllExactBtn "
+                             "markAllExactBtn nextFolderButton backFolderButton "
+                             "buttonHomeExactPage buttonHelpManual findDuplicateExact "
+                             "addFolders addPhotos"));
+}
+
+TEST_F(TabOrderTest, DisabledControlsArePassedOver) {
+    window.selectTabViewItem(QStringLiteral("2"));
+    window.locations->backFolderButton->setEnabled(false);
+    window.locations->nextFolderButton->setEnabled(false);
+    window.locations->findDuplicateExact->setEnabled(false);
+
+    EXPECT_EQ(visited(), QStringLiteral("tableExact addPhotos addFolders buttonHelpManual "
+                                        "buttonHomeExactPage markAllExactBtn unmarkAllExactBtn "
+                                        "removeFromListExactBtn"));
+}
+
+TEST_F(TabOrderTest, ProgressBeginsOnPause) {
+    window.buttonHelpManual->setEnabled(false);
+    window.selectTabViewItem(QStringLiteral("5"));
+
+    EXPECT_EQ(holder(), QStringLiteral("pauseResume"));
+    EXPECT_EQ(visited(), QStringLiteral("pauseResume stopButton"));
+}
+
+TEST_F(TabOrderTest, ResultsBeginOnTheListAndFollowReading) {
+    window.selectTabViewItem(QStringLiteral("4"));
+    control("allButton")->setEnabled(false);
+
+    EXPECT_EQ(holder(), QStringLiteral("resultTable"));
+    EXPECT_EQ(visited(),
+              QStringLiteral("resultTable textField markAll unMarkAll addEceptionBtn "
+                             "removeExceptionBtn finishButton buttonHelpManual buttonHomePage "
+                             "imageButton videoButton audioButton documentButton otherButton "
+                             "sortPopupBtn sortBtn asscendingBtn OView2"));
+}
+
+TEST_F(TabOrderTest, TheKeyboardIsSeenOnlyWhenItIsUsed) {
+    auto* drives = control<PaintedButton>("mainScanButton");
+    auto* folders = control<PaintedButton>("mainScanButtonFolder");
+    EXPECT_FALSE(drives->showsFocusRing());
+
+    QTest::keyClick(drives, Qt::Key_Tab);
+
+    EXPECT_TRUE(folders->showsFocusRing());
+    QTest::keyClick(folders, Qt::Key_Backtab);
+    EXPECT_TRUE(drives->showsFocusRing());
+}
+
+}  // namespace
+
+}  // namespace tarvin
