@@ -1,0 +1,273 @@
+#include "controller/app_delegate.h"
+
+#include "controller/file_dialogs.h"
+#include "controller/home_image.h"
+#include "controller/message_boxes.h"
+#include "controls/button_hover_complex.h"
+#include "controls/button_hover_simple.h"
+#include "controls/button_settings_saved.h"
+#include "controls/hover_button.h"
+#include "controls/images.h"
+#include "controls/spinner.h"
+#include "interface/about_panel.h"
+#include "interface/home_screen.h"
+#include "interface/location_screen.h"
+#include "interface/notice_panel.h"
+#include "interface/picture_view.h"
+#include "interface/result_screen.h"
+#include "interface/text_block.h"
+#include "platform/running_copies.h"
+
+#include <QIcon>
+#include <QLabel>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+constexpr QPoint closingNoticePlace{275, 225};
+
+void giveHomeImages(ButtonHoverSimple& button) {
+    button.setImageNormal(pictureIcon(QStringLiteral("Home Normal.png")),
+                          pictureIcon(QStringLiteral("Home Hover.png")),
+                          pictureIcon(QStringLiteral("Home Normal Disabled.png")),
+                          pictureIcon(QStringLiteral("Back Onclick.png")));
+    button.setResetImageWhenNotHovering(true);
+}
+
+/// Nobody wants to see a window that goes again at once, and the desktop's permission to come to
+/// the front, which the first window of a process uses up, is for the other copy.
+MainWindow::Appearance appearanceIn(const AppDelegate::Surroundings& surroundings) {
+    return surroundings.platform.runningCopies().isAnyRunning() ? MainWindow::Appearance::whenShown
+                                                                : surroundings.appearance;
+}
+
+}  // namespace
+
+AppDelegate::AppDelegate(Surroundings surroundings)
+    : surroundings_(std::move(surroundings)),
+      window_(appearanceIn(surroundings_)),
+      session_(surroundings_.platform) {
+    if (surroundings_.alerts == nullptr) {
+        ownAlerts_ = std::make_unique<MessageBoxes>(&window_);
+        surroundings_.alerts = ownAlerts_.get();
+    }
+    if (surroundings_.panels == nullptr) {
+        ownPanels_ = std::make_unique<FileDialogs>(&window_);
+        surroundings_.panels = ownPanels_.get();
+    }
+    locations_ = std::make_unique<Locations>(session_, window_, *surroundings_.alerts,
+                                             *surroundings_.panels, surroundings_.previewProgram);
+    scan_ = std::make_unique<ScanTask>(session_, window_, *surroundings_.alerts, *locations_);
+    help_ = std::make_unique<Help>(window_, surroundings_.desktop);
+    makeResultTasks();
+    connectControls();
+    awakeFromNib();
+}
+
+void AppDelegate::makeResultTasks() {
+    results_ = std::make_unique<Results>(scan_->run());
+    marking_ = std::make_unique<MarkingTask>(session_, *results_, window_, information_);
+    preview_ = std::make_unique<Preview>(session_, *results_, window_, surroundings_.desktop,
+                                         surroundings_.previewProgram);
+    views_ = std::make_unique<ResultViews>(session_, *results_, window_, information_, *marking_,
+                                           *preview_);
+    exceptions_ = std::make_unique<ExceptionsTask>(session_, *results_, window_,
+                                                   *surroundings_.alerts, information_, *marking_);
+    deletion_ = std::make_unique<DeletionTask>(session_, *results_, window_, *surroundings_.alerts,
+                                               information_, *marking_);
+}
+
+AppDelegate::~AppDelegate() {
+    surroundings_.platform.runningCopies().leave();
+}
+
+void AppDelegate::awakeFromNib() {
+    showHomeImage();
+    if (session_.awake) {
+        return;
+    }
+    initializeArrays();
+    setUpButtons();
+}
+
+void AppDelegate::showHomeImage() {
+    homeImageCounter_ = homeImageCounter(surroundings_.settings.value(homeImageKey));
+    window_.home->homePage->setPictureName(homeImageName(homeImageCounter_));
+}
+
+void AppDelegate::initializeArrays() {
+    session_.loadDataFile();
+    exceptions_->loaded();
+    session_.totalSize = 0;
+    session_.totalSelected = 0;
+}
+
+void AppDelegate::setUpButtons() const {
+    giveHomeImages(*window_.locations->buttonHomeExactPage);
+    giveHomeImages(*window_.results->buttonHomePage);
+}
+
+void AppDelegate::connectControls() {
+    connect(window_.locations->buttonHomeExactPage, &QAbstractButton::clicked, this,
+            &AppDelegate::buttonHomeExactPageClicked);
+    connect(window_.results->buttonHomePage, &QAbstractButton::clicked, this,
+            &AppDelegate::buttonHomePageClicked);
+    connect(window_.runningAlertOk, &QAbstractButton::clicked, this, &AppDelegate::runningAlertOK);
+    connect(scan_.get(), &ScanTask::collectionStopped, this, &AppDelegate::homeCleanup);
+    connect(scan_.get(), &ScanTask::endedWithoutFiles, this,
+            &AppDelegate::buttonHomeExactPageClicked);
+    connect(scan_.get(), &ScanTask::finished, this, &AppDelegate::showDuplicateScanResult);
+    connect(views_.get(), &ResultViews::shown, this, &AppDelegate::comeToFront);
+    connect(views_.get(), &ResultViews::homeRequested, this,
+            &AppDelegate::buttonHomeExactPageClicked);
+    connect(&window_, &MainWindow::windowWillClose, this, &AppDelegate::windowWillClose);
+    window_.setClosePermission([this] { return windowShouldClose(); });
+}
+
+void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& folders) {
+    keepFirstCopy();
+    session_.awake = true;
+    session_.exact = false;
+    session_.similar = false;
+    window_.locations->findDuplicateExact->setEnabled(false);
+    window_.locations->findDuplicateExact->setAlpha(0.6);
+    help_->readUrls(surroundings_.urls);
+    help_->setVersion(surroundings_.version);
+    showCleanHistory();
+    session_.summaries = {};
+    if (!folders.empty()) {
+        locations_->openWith(folders);
+    }
+    window_.show();
+    comeToFront();
+}
+
+/// Requests come on a thread of their own; the signals bring them to this one.
+void AppDelegate::keepFirstCopy() {
+    connect(
+        this, &AppDelegate::quitRequested, this, [this] { surroundings_.terminate(); },
+        Qt::QueuedConnection);
+    connect(
+        this, &AppDelegate::frontRequested, this,
+        [this](const QByteArray& token) {
+            qputenv("XDG_ACTIVATION_TOKEN", token);
+            comeToFront();
+        },
+        Qt::QueuedConnection);
+    RunningCopies& copies = surroundings_.platform.runningCopies();
+    const CopyRequests requests{.quit = [this] { Q_EMIT quitRequested(); },
+                                .comeToFront =
+                                    [this](const std::string& token) {
+                                        Q_EMIT frontRequested(QByteArray::fromStdString(token));
+                                    }};
+    if (copies.join(requests)) {
+        keepFirstCopyOnly(copies, qgetenv("XDG_ACTIVATION_TOKEN").toStdString());
+    }
+}
+
+void AppDelegate::comeToFront() {
+    if (window_.isMinimized()) {
+        window_.showNormal();
+    }
+    window_.raise();
+    window_.activateWindow();
+}
+
+void AppDelegate::showCleanHistory() {
+    const bool any = session_.alreadyDeletedCount() != 0;
+    if (any) {
+        window_.home->cleanHistory->setText(
+            HomeTexts::cleanHistory(session_.alreadyDeletedCount(), session_.alreadyDeletedSize()));
+    }
+    window_.home->cleanHistory->setVisible(any);
+}
+
+void AppDelegate::homeCleanup() {
+    views_->homeCleanup();
+    scan_->homeCleanup();
+    locations_->homeCleanup();
+    session_.totalSize = 0;
+    session_.totalSelected = 0;
+    session_.summaries = {};
+    updateProgress();
+    if (session_.alreadyDeletedCount() != 0) {
+        window_.home->cleanHistory->show();
+    }
+    window_.results->finishButton->setEnabled(true);
+    window_.results->finishButton->setAlpha(1.0);
+    window_.home->buttonScanDrive->setAlpha(1.0);
+}
+
+void AppDelegate::goHome() {
+    homeCleanup();
+    window_.runningAlert->hide();  // of the screen that is left
+    window_.selectTabViewItem(window_.home->identifier());
+}
+
+void AppDelegate::buttonHomeExactPageClicked() {
+    if (window_.settingsWindow->isVisible() || window_.windowAboutPanel->isVisible()) {
+        return;
+    }
+    goHome();
+    giveHomeImages(*window_.locations->buttonHomeExactPage);
+}
+
+void AppDelegate::buttonHomePageClicked() {
+    if (!window_.windowAboutPanel->isVisible()) {
+        goHome();
+    }
+}
+
+void AppDelegate::buttonHomeSimilarPageClicked() {
+    goHome();
+}
+
+void AppDelegate::showDuplicateScanResult() {
+    results_->begin();
+    views_->showDuplicateScanResult(true);
+}
+
+bool AppDelegate::windowShouldClose() {
+    if (scan_->scanning()) {
+        scan_->waitForAnswer();
+        window_.runningAlertText->setText(
+            tr("A operation is in progress. Please stop the current process."));
+        window_.showNotice(window_.runningAlert, closingNoticePlace);
+        return false;
+    }
+    surroundings_.settings.setValue(
+        homeImageKey, storedHomeImageCounter(nextHomeImageCounter(homeImageCounter_)));
+    homeImageCounter_ = nextHomeImageCounter(homeImageCounter_);
+    surroundings_.terminate();
+    return true;
+}
+
+void AppDelegate::runningAlertOK() {
+    window_.runningAlert->hide();
+    scan_->goOn();
+}
+
+void AppDelegate::windowWillClose() const {
+    surroundings_.terminate();
+}
+
+void AppDelegate::showLoading() const {
+    loading_.show();
+}
+
+void AppDelegate::updateProgress() const {
+    loading_.hide();
+}
+
+void AppDelegate::startAnimation() const {
+    window_.progressWindow->raise();
+    window_.progressWindow->show();
+}
+
+void AppDelegate::stopAnimation() const {
+    window_.progressWindow->hide();
+}
+
+}  // namespace tarvin

@@ -1,0 +1,130 @@
+#pragma once
+
+#include "controller/alerts.h"
+#include "controller/deletion_task.h"
+#include "controller/desktop.h"
+#include "controller/exceptions_task.h"
+#include "controller/file_panels.h"
+#include "controller/help.h"
+#include "controller/information_window.h"
+#include "controller/loading_overlay.h"
+#include "controller/locations.h"
+#include "controller/marking_task.h"
+#include "controller/preview.h"
+#include "controller/result_views.h"
+#include "controller/results.h"
+#include "controller/scan_task.h"
+#include "controller/session.h"
+#include "interface/main_window.h"
+#include "platform/platform.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QSettings>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tarvin {
+
+/// The one owner: of the window, of what the tasks share, and of one object for each task. Does the
+/// start, the end and the way from screen to screen itself. One for the process; main thread.
+class AppDelegate final : public QObject {
+    Q_OBJECT
+
+ public:
+    /// What the delegate asks of the outside. Everything outlives it; the seams that are null are
+    /// the product's own.
+    struct Surroundings {
+        Platform& platform;
+        Desktop& desktop;
+        QSettings& settings;
+        Alerts* alerts = nullptr;
+        FilePanels* panels = nullptr;
+        std::function<void()> terminate{};  ///< ends the program, soon
+        QString version{};
+        QString urls{};            ///< path of the list of addresses; may be empty
+        QString previewProgram{};  ///< path of the program that makes previews
+        /// Whether the window comes before all else is made. Where another copy runs, which will
+        /// stay in place of this one, it never does.
+        MainWindow::Appearance appearance = MainWindow::Appearance::whenShown;
+    };
+
+    explicit AppDelegate(Surroundings surroundings);
+    AppDelegate(const AppDelegate&) = delete;
+    AppDelegate& operator=(const AppDelegate&) = delete;
+    ~AppDelegate() override;
+
+    /// The interface is there: its pictures and, the first time, everything that is done once.
+    void awakeFromNib();
+    void initializeArrays();
+    /// Shows the window. `folders`, absolute paths, open the location list with them checked.
+    void applicationDidFinishLaunching(const std::vector<std::string>& folders = {});
+
+    /// Forgets what a scan or a choice of locations has left.
+    void homeCleanup();
+    void buttonHomeExactPageClicked();
+    void buttonHomePageClicked();
+    void buttonHomeSimilarPageClicked();
+
+    /// Whether the window may close. A scan is paused for the question instead.
+    bool windowShouldClose();
+    void runningAlertOK();
+    void windowWillClose() const;
+
+    /// Covers the result, until updateProgress() uncovers it.
+    void showLoading() const;
+    void updateProgress() const;
+    /// Show and hide the panel of a long task.
+    void startAnimation() const;
+    void stopAnimation() const;
+
+    [[nodiscard]] MainWindow& window() { return window_; }
+    [[nodiscard]] Session& session() { return session_; }
+    [[nodiscard]] Locations& locations() { return *locations_; }
+    [[nodiscard]] ScanTask& scan() { return *scan_; }
+    [[nodiscard]] Help& help() { return *help_; }
+    [[nodiscard]] Results& results() { return *results_; }
+    [[nodiscard]] ResultViews& views() { return *views_; }
+    [[nodiscard]] MarkingTask& marking() { return *marking_; }
+    [[nodiscard]] ExceptionsTask& exceptions() { return *exceptions_; }
+    [[nodiscard]] DeletionTask& deletion() { return *deletion_; }
+    [[nodiscard]] Preview& preview() { return *preview_; }
+
+ Q_SIGNALS:
+    /// Another copy of the program asks this one. Any thread.
+    void quitRequested();
+    void frontRequested(const QByteArray& activationToken);
+
+ private:
+    void showHomeImage();
+    void setUpButtons() const;
+    void connectControls();
+    void keepFirstCopy();
+    void showCleanHistory();
+    void comeToFront();
+    void goHome();
+    void makeResultTasks();
+    void showDuplicateScanResult();
+
+    Surroundings surroundings_;
+    MainWindow window_;
+    Session session_;
+    std::unique_ptr<Alerts> ownAlerts_;
+    std::unique_ptr<FilePanels> ownPanels_;
+    std::unique_ptr<Locations> locations_;
+    std::unique_ptr<ScanTask> scan_;
+    std::unique_ptr<Help> help_;
+    LoadingOverlay loading_{window_};
+    InformationWindow information_{window_};
+    std::unique_ptr<Results> results_;
+    std::unique_ptr<MarkingTask> marking_;
+    std::unique_ptr<Preview> preview_;
+    std::unique_ptr<ResultViews> views_;
+    std::unique_ptr<ExceptionsTask> exceptions_;
+    std::unique_ptr<DeletionTask> deletion_;  // ends before what it uses
+    std::int32_t homeImageCounter_ = 1;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,221 @@
+#include "controller/deletion_task.h"
+
+#include "controller/home_image.h"
+#include "controller/result_texts.h"
+#include "controller/scan_screen_texts.h"
+#include "controls/button_hover_simple.h"
+#include "controls/hover_button.h"
+#include "controls/progress_bar.h"
+#include "interface/deletion_panel.h"
+#include "interface/home_screen.h"
+#include "interface/main_window.h"
+#include "interface/result_screen.h"
+#include "interface/result_table.h"
+#include "interface/text_block.h"
+#include "scan/checked_trash.h"
+
+#include <QLabel>
+
+namespace tarvin {
+
+namespace {
+
+constexpr QPoint place{205, 114};
+constexpr int redrawMilliseconds = 33;
+constexpr int yes = 0;
+
+}  // namespace
+
+/// One run. Its parts live until it is over.
+class DeletionTask::Run final {
+ public:
+    Run(std::shared_ptr<Modal> modal, Session& session, DeletionControl& control)
+        : session_(session),
+          modal_(std::move(modal)),
+          trash_(std::make_unique<CheckedTrash>(session.platform.fileSystem(),
+                                                session.platform.trash(),
+                                                CheckedTrash::WholeSets::goIfMarked)),
+          walk_(*modal_, *trash_, control,
+                [this](const Set& set, const DeletionWalk::Progress& progress) {
+                    indicator_ = progress.indicator;
+                    trash_->beginSet(set);
+                }) {}
+
+    /// `over` is called on the run's thread, when the totals have been stored.
+    void start(std::function<void()> over) {
+        walk_.start([this, over = std::move(over)](const DeletionWalk::Progress& progress) {
+            indicator_ = progress.indicator;
+            // What it knows of a large last set takes long to free: not on the main thread.
+            trash_.reset();
+            moved_ = {progress.deletedCount, progress.deletedSize};
+            session_.addDeleted(moved_.deletedFilesCount, moved_.deletedFilesSize);
+            over();
+        });
+    }
+
+    void wait() { walk_.wait(); }
+
+    [[nodiscard]] std::uint64_t indicator() const { return indicator_; }
+    /// After wait().
+    [[nodiscard]] const RemovalResult& moved() const { return moved_; }
+
+ private:
+    Session& session_;
+    const std::shared_ptr<Modal> modal_;
+    std::unique_ptr<CheckedTrash> trash_;  // the walk's own, until it is over
+    std::atomic<std::uint64_t> indicator_{0};
+    RemovalResult moved_;
+    DeletionWalk walk_;  // the last: it ends before what it uses
+};
+
+DeletionTask::DeletionTask(Session& session, Results& results, MainWindow& window, Alerts& alerts,
+                           InformationWindow& information, MarkingTask& marking)
+    : session_(session),
+      results_(results),
+      window_(window),
+      alerts_(alerts),
+      information_(information),
+      marking_(marking) {
+    const ResultScreen& screen = *window_.results;
+    connect(screen.finishButton, &QAbstractButton::clicked, this,
+            &DeletionTask::deleteButtonExactPageClicked);
+    connect(screen.sendToRecycle, &QAbstractButton::clicked, this,
+            &DeletionTask::sendToRecycleClicked);
+    const DeletionPanel& panel = *window_.deletionPreview;
+    connect(panel.pauseResumeBtn, &QAbstractButton::clicked, this,
+            &DeletionTask::pauseDeletionProcess);
+    connect(panel.stopDeleteBtn, &QAbstractButton::clicked, this,
+            &DeletionTask::stopDeletionProcess);
+    connect(this, &DeletionTask::walkIsOver, this, &DeletionTask::finish, Qt::QueuedConnection);
+    redraw_.setInterval(redrawMilliseconds);
+    connect(&redraw_, &QTimer::timeout, this, &DeletionTask::showProgress);
+}
+
+DeletionTask::~DeletionTask() {
+    if (run_) {
+        control_.abandon();
+        run_->wait();
+    }
+}
+
+void DeletionTask::deleteButtonExactPageClicked() {
+    begin(window_.results->unMarkAll->isEnabled());
+}
+
+void DeletionTask::sendToRecycleClicked() {
+    begin(true);
+}
+
+void DeletionTask::begin(bool unMarkAllEnabled) {
+    if (run_) {
+        return;
+    }
+    const Modal none;
+    switch (deletionStartFor(results_.modal ? *results_.modal : none, unMarkAllEnabled)) {
+        case DeletionStart::information:
+            information_.setInformationWindow(nothingToDeleteInformation());
+            return;
+        case DeletionStart::nothing:
+            return;
+        case DeletionStart::run:
+            break;
+    }
+    setDeletionView();
+    results_.tree.keepStill();
+    results_.files.setSet(nullptr, 0);
+    run_ = std::make_unique<Run>(results_.modal, session_, control_);
+    run_->start([this] { Q_EMIT walkIsOver(); });
+    redraw_.start();
+}
+
+void DeletionTask::setDeletionView() {
+    const ResultScreen& screen = *window_.results;
+    const DeletionPanel& panel = *window_.deletionPreview;
+    screen.buttonHomePage->hide();
+    screen.finishButton->setEnabled(false);
+    screen.finishButton->setAlpha(0.6);
+    panel.deletionStatus->setText(ResultTexts::deleting());
+    panel.pauseResumeBtn->setEnabled(true);
+    panel.stopDeleteBtn->setEnabled(true);
+    setPauseTitle(ScanScreenTexts::pause());
+    showDeletion();
+    panel.deletionIndicator->setTotal(results_.modal->totalFilesSelected());
+}
+
+void DeletionTask::showDeletion() {
+    window_.deletionPreview->deletionIndicator->setDone(0);
+    window_.showOver(window_.deletionPreview, place);
+    window_.results->resultTable->hide();
+}
+
+void DeletionTask::removeDeletionView() {
+    const ResultScreen& screen = *window_.results;
+    window_.deletionPreview->hide();
+    window_.removeCovers();
+    screen.buttonHomePage->show();
+    screen.finishButton->setEnabled(true);
+    screen.finishButton->setAlpha(1.0);
+    screen.resultTable->show();
+}
+
+void DeletionTask::setPauseTitle(const QString& title) const {
+    constexpr int fontSize = 14;
+    window_.deletionPreview->pauseResumeBtn->setAttributedTitle(
+        setCenterAttributes(Qt::white, title, fontSize));
+    window_.deletionPreview->pauseResumeBtn->setAccessibleName(title);
+}
+
+void DeletionTask::showProgress() {
+    if (run_) {
+        window_.deletionPreview->deletionIndicator->setDone(run_->indicator());
+    }
+}
+
+void DeletionTask::pauseDeletionProcess() {
+    const DeletionPanel& panel = *window_.deletionPreview;
+    const bool pauses = panel.pauseResumeBtn->title() == ScanScreenTexts::pause();
+    control_.setPauseDeletion(pauses);
+    setPauseTitle(pauses ? ScanScreenTexts::resume() : ScanScreenTexts::pause());
+    panel.stopDeleteBtn->setEnabled(!pauses);
+}
+
+void DeletionTask::stopDeletionProcess() {
+    control_.setPauseDeletion(true);
+    window_.deletionPreview->pauseResumeBtn->setEnabled(false);
+    setPauseTitle(ScanScreenTexts::pause());
+    alerts_.show(stopDeletionAlert(), [this](int button) { stopAnswered(button); });
+}
+
+/// Nothing is left to stop if the run has ended before the answer.
+void DeletionTask::stopAnswered(int button) {
+    if (!run_) {
+        return;
+    }
+    if (button == yes) {
+        control_.stop();
+        return;
+    }
+    control_.setPauseDeletion(false);
+    window_.deletionPreview->pauseResumeBtn->setEnabled(true);
+}
+
+void DeletionTask::finish() {
+    const std::unique_ptr<Run> run = std::move(run_);
+    if (!run) {
+        return;
+    }
+    run->wait();
+    redraw_.stop();
+    // A question that is still open has paused the runs to come.
+    control_.setPauseDeletion(false);
+    removeDeletionView();
+    window_.home->cleanHistory->setText(
+        HomeTexts::cleanHistory(session_.alreadyDeletedCount(), session_.alreadyDeletedSize()));
+    results_.tree.follow();
+    results_.showFiles();
+    marking_.setMarkedFilesDetails();
+    marking_.enableNecessaryButton();
+    information_.setInformationWindow(deletionReport(run->moved()));
+}
+
+}  // namespace tarvin

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QMimeData>
+#include <string>
+#include <vector>
+
+namespace tarvin {
+
+/// The files and folders of this machine among the addresses that are dropped or pasted: their
+/// absolute paths in native bytes, in their order, without slashes at their ends. Everything else
+/// (text, addresses of the web or of other machines, damaged ones) is left out. Main thread.
+[[nodiscard]] std::vector<std::string> droppedPaths(const QMimeData& data);
+
+}  // namespace tarvin

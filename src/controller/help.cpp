@@ -1,0 +1,82 @@
+#include "controller/help.h"
+
+#include "controller/resource_files.h"
+#include "controls/hover_button.h"
+#include "interface/main_window.h"
+#include "store/property_list.h"
+
+#include <QAction>
+#include <QFile>
+#include <QLabel>
+
+namespace tarvin {
+
+namespace {
+
+constexpr qint64 largestUrls = 1024 * 1024;
+
+QString supportAddressIn(const QString& path) {
+    QFile file(path);
+    if (path.isEmpty() || !file.open(QIODevice::ReadOnly) || file.size() > largestUrls) {
+        return {};
+    }
+    const QByteArray bytes = file.readAll();
+    const auto list =
+        PropertyList::parse({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    if (!list || !list->isDictionary()) {
+        return {};
+    }
+    return QString::fromStdString(list->text("Support").value_or(std::string()));
+}
+
+}  // namespace
+
+Help::Help(MainWindow& window, Desktop& desktop) : window_(window), desktop_(desktop) {
+    connect(window_.buttonHelpManual, &QAbstractButton::clicked, this,
+            &Help::buttonHelpManualClicked);
+    connect(window_.helpMenuItem, &QAction::triggered, this, &Help::helpMenuClicked);
+    connect(window_.supportMenuItem, &QAction::triggered, this, &Help::supportMenuClicked);
+    connect(window_.aboutMenuItem, &QAction::triggered, this, &Help::aboutMenuClicked);
+    // A menu offers what can be had.
+    window_.helpMenuItem->setEnabled(!installedResource(QStringLiteral("index.html")).isEmpty());
+    window_.supportMenuItem->setEnabled(false);
+    window_.updateMenuItem->setVisible(false);
+}
+
+void Help::readUrls(const QString& path) {
+    support_ = supportAddressIn(path);
+    window_.supportMenuItem->setEnabled(!support_.isEmpty());
+}
+
+void Help::setVersion(const QString& version) const {
+    window_.aboutVersion->setText(tr("Version %1").arg(version));
+}
+
+void Help::buttonHelpManualClicked() {
+    window_.popUpHelpMenu();
+}
+
+void Help::helpMenuClicked() {
+    const QString guide = installedResource(QStringLiteral("index.html"));
+    if (!guide.isEmpty()) {
+        desktop_.openPath(QFile::encodeName(guide).toStdString());
+    }
+}
+
+void Help::supportMenuClicked() {
+    openURLS(support_);
+}
+
+void Help::openURLS(const QString& address) {
+    if (!address.isEmpty()) {
+        desktop_.openAddress(address);
+    }
+}
+
+void Help::aboutMenuClicked() {
+    if (!window_.settingsWindow->isVisible()) {
+        window_.showAbout();
+    }
+}
+
+}  // namespace tarvin

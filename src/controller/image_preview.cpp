@@ -1,0 +1,131 @@
+#include "controller/image_preview.h"
+
+#include "preview/preview_format.h"
+
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+/// How long the end of a process may take that was told to end. Only one that waits for a disk
+/// takes longer than some milliseconds.
+constexpr std::chrono::milliseconds endPatience{1'000};
+
+}  // namespace
+
+ImagePreview::ImagePreview(QString program, std::chrono::milliseconds timeLimit, QObject* parent)
+    : QObject(parent), program_(std::move(program)) {
+    timeLimit_.setSingleShot(true);
+    timeLimit_.setInterval(timeLimit);
+    connect(&timeLimit_, &QTimer::timeout, this, &ImagePreview::endProcess);
+    endLimit_.setSingleShot(true);
+    endLimit_.setInterval(endPatience);
+    connect(&endLimit_, &QTimer::timeout, this, &ImagePreview::finish);
+}
+
+ImagePreview::~ImagePreview() {
+    cancel();
+    if (process_ == nullptr) {
+        return;
+    }
+    process_->disconnect(this);
+    process_->waitForFinished(static_cast<int>(endPatience.count()));
+    if (process_->state() != QProcess::NotRunning) {
+        letGoOfProcess();
+    }
+}
+
+void ImagePreview::resizeImageAtPath(const std::string& path) {
+    cancel();
+    if (process_ == nullptr) {
+        start(path);
+    } else {
+        waiting_ = path;
+    }
+}
+
+void ImagePreview::cancel() {
+    waiting_.reset();
+    if (process_ != nullptr) {
+        isOvertaken_ = true;
+        endProcess();
+    }
+}
+
+void ImagePreview::start(const std::string& path) {
+    isOvertaken_ = false;
+    reader_ = std::make_unique<PreviewReader>();
+    process_ = std::make_unique<QProcess>();
+    process_->setStandardErrorFile(QProcess::nullDevice());
+    connect(process_.get(), &QProcess::readyReadStandardOutput, this, &ImagePreview::read);
+    connect(process_.get(), &QProcess::finished, this, &ImagePreview::finish);
+    // Later also if it fails at once: nobody is answered while still asking.
+    connect(
+        process_.get(), &QProcess::errorOccurred, this,
+        [this, process = process_.get()](QProcess::ProcessError error) {
+            if (error == QProcess::FailedToStart && process == process_.get()) {
+                finish();
+            }
+        },
+        Qt::QueuedConnection);
+    process_->start(program_, QStringList());
+    if (process_->isWritable()) {
+        process_->write(path.data(), static_cast<qint64>(path.size()));
+        process_->closeWriteChannel();
+    }
+    timeLimit_.start();
+}
+
+void ImagePreview::read() {
+    const bool wasMeasured = reader_->size().has_value();
+    if (process_->isReadable() && !reader_->take(process_->readAllStandardOutput())) {
+        endProcess();
+        return;
+    }
+    const std::optional<QSize> size = reader_->size();
+    if (size && !wasMeasured && !isOvertaken_) {
+        Q_EMIT measured(*size);
+    }
+}
+
+void ImagePreview::finish() {
+    read();
+    timeLimit_.stop();
+    endLimit_.stop();
+    letGoOfProcess();
+    const QImage image = reader_->picture();
+    const bool isWanted = !isOvertaken_;
+    if (const std::optional<std::string> path = std::exchange(waiting_, std::nullopt)) {
+        start(*path);
+    }
+    if (!isWanted) {
+        return;
+    }
+    if (image.isNull()) {
+        Q_EMIT nothing();
+    } else {
+        Q_EMIT ready(image);
+    }
+}
+
+void ImagePreview::endProcess() {
+    if (!endLimit_.isActive()) {
+        process_->kill();
+        endLimit_.start();
+    }
+}
+
+/// One that has not ended yet, because the system cannot end it while it waits for a disk, goes
+/// when it can.
+void ImagePreview::letGoOfProcess() {
+    QProcess* const process = process_.release();
+    process->disconnect(this);
+    if (process->state() == QProcess::NotRunning) {
+        process->deleteLater();
+    } else {
+        connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    }
+}
+
+}  // namespace tarvin

@@ -1,0 +1,143 @@
+#include "controller/information.h"
+
+#include "controller/result_texts.h"
+#include "interface/product_title.h"
+
+namespace tarvin {
+
+namespace {
+
+Information noticeWith(const QString& firstLine, const QString& secondLine = {}) {
+    return {.informationHeader = ResultTexts::information(),
+            .duplicatesCount = firstLine,
+            .duplicatesSize = secondLine,
+            .otherInfomration = {},
+            .informationImage = informationImageOf(ResultView::all),
+            .actionButtonTitle = ResultTexts::ok()};
+}
+
+Information summaryOfAll(const CategoryTotals& totals) {
+    const std::uint64_t media = totals.audioFiles + totals.videoFiles + totals.imageFiles;
+    return {.informationHeader = ResultTexts::duplicatesFound(),
+            .duplicatesCount = ResultTexts::media(static_cast<std::int64_t>(media)),
+            .duplicatesSize = ResultTexts::documents(static_cast<std::int64_t>(totals.docsFiles)),
+            .otherInfomration = ResultTexts::others(static_cast<std::int64_t>(totals.otherFiles)),
+            .informationImage = informationImageOf(ResultView::all),
+            .actionButtonTitle = ResultTexts::review()};
+}
+
+Information summaryOf(ResultView category, const Modal& modal) {
+    return {.informationHeader = ResultTexts::information(),
+            .duplicatesCount = ResultTexts::duplicates(category, modal.totalFiles()),
+            .duplicatesSize = ResultTexts::memoryOccupied(modal.totalFilesSize()),
+            .otherInfomration = {},
+            .informationImage = informationImageOf(category),
+            .actionButtonTitle = ResultTexts::review()};
+}
+
+Alert yesOrNo(const QString& question) {
+    return {.messageText = productTitle(),
+            .informativeText = question,
+            .buttons = {ResultTexts::yes(), ResultTexts::no()},
+            .escapeButton = 1};
+}
+
+/// The first view in the order of ResultView whose flag is set and whose summary is new. One flag
+/// at most is set, so that the order decides nothing.
+std::optional<ResultView> viewToSummarise(const ViewFlags& tabs, const SummariesShown& shown) {
+    return currentViewOf({.allTab = tabs.allTab && !shown.allTabInfo,
+                          .imageTab = tabs.imageTab && !shown.imageTabInfo,
+                          .videoTab = tabs.videoTab && !shown.videoTabInfo,
+                          .audioTab = tabs.audioTab && !shown.audioTabInfo,
+                          .docsTab = tabs.docsTab && !shown.docsTabInfo,
+                          .othrTab = tabs.othrTab && !shown.othrTabInfo});
+}
+
+}  // namespace
+
+std::optional<Information> informationAccordingTab(const ViewFlags& tabs, SummariesShown& shown,
+                                                   Modal& modal, const CategoryTotals& totals) {
+    const std::optional<ResultView> view = viewToSummarise(tabs, shown);
+    if (!view) {
+        return std::nullopt;
+    }
+    flagOf(*view, shown) = true;
+    if (*view == ResultView::all) {
+        return summaryOfAll(totals);
+    }
+    modal.calculateTotalFilesAndSize();
+    return summaryOf(*view, modal);
+}
+
+Information noDuplicatesInformation(ResultView category) {
+    Information information = noticeWith(ResultTexts::noDuplicates(category));
+    information.informationImage = informationImageOf(category);
+    return information;
+}
+
+bool& flagOf(ResultView view, SummariesShown& shown) {
+    switch (view) {
+        case ResultView::image:
+            return shown.imageTabInfo;
+        case ResultView::video:
+            return shown.videoTabInfo;
+        case ResultView::audio:
+            return shown.audioTabInfo;
+        case ResultView::documents:
+            return shown.docsTabInfo;
+        case ResultView::other:
+            return shown.othrTabInfo;
+        case ResultView::all:
+            break;
+    }
+    return shown.allTabInfo;
+}
+
+QString informationImageOf(ResultView view) {
+    switch (view) {
+        case ResultView::image:
+            return QStringLiteral("image_info");
+        case ResultView::video:
+            return QStringLiteral("video_info");
+        case ResultView::audio:
+            return QStringLiteral("Audio_info");
+        case ResultView::documents:
+            return QStringLiteral("document_info");
+        case ResultView::other:
+            return QStringLiteral("other_info");
+        case ResultView::all:
+            break;
+    }
+    return QStringLiteral("common_info");
+}
+
+Information allFilesOfSetInformation() {
+    return noticeWith(ResultTexts::allFilesOfSet());
+}
+
+Information nothingToDeleteInformation() {
+    return noticeWith(ResultTexts::nothingToDelete());
+}
+
+Information deletionReport(const RemovalResult& moved) {
+    return noticeWith(ResultTexts::duplicatesCleaned(moved.deletedFilesCount),
+                      ResultTexts::spaceRegained(moved.deletedFilesSize));
+}
+
+Information exceptionsAddedInformation(std::int64_t files) {
+    return noticeWith(ResultTexts::exceptionsAdded(files));
+}
+
+Information exceptionsRemovedInformation() {
+    return noticeWith(ResultTexts::exceptionsRemoved());
+}
+
+Alert stopDeletionAlert() {
+    return yesOrNo(ResultTexts::stopDeletionQuestion());
+}
+
+Alert removeExceptionsAlert() {
+    return yesOrNo(ResultTexts::removeExceptionsQuestion());
+}
+
+}  // namespace tarvin

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "controller/information.h"
+
+#include <QObject>
+#include <QString>
+
+namespace tarvin {
+
+class MainWindow;
+
+/// The window in which the product says what has come of something, over the covered screen. Owned
+/// by AppDelegate; main thread.
+class InformationWindow final : public QObject {
+    Q_OBJECT
+
+ public:
+    /// `window` outlives it.
+    explicit InformationWindow(MainWindow& window);
+
+    /// Fills the window and shows it. `informationImage` is the name of a drawing; without one of
+    /// that name its place stays empty.
+    void setInformationWindowWithInformationHeader(const QString& informationHeader,
+                                                   const QString& duplicatesCount,
+                                                   const QString& duplicatesSize,
+                                                   const QString& otherInfomration,
+                                                   const QString& informationImage,
+                                                   const QString& actionButtonTitle);
+    /// The same.
+    void setInformationWindow(const Information& information);
+    void showInformationWindow();
+    /// The button of the window.
+    void okInformationWindow();
+
+ Q_SIGNALS:
+    /// It was answered and is gone.
+    void closed();
+
+ private:
+    MainWindow& window_;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,105 @@
+#include "controller/location_folders.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+
+namespace tarvin {
+
+namespace {
+
+constexpr std::string_view hiddenBeginnings = R"(!~`@#$%^&*-+();:={}[],.<>?\/"')";
+constexpr std::size_t portionBytes = std::size_t{64} << 10U;
+
+std::string joined(const std::string& folder, std::string_view name) {
+    std::string path = folder;
+    if (!path.ends_with('/')) {
+        path += '/';
+    }
+    return path.append(name);
+}
+
+/// Whether an entry is a folder, be it through a link.
+bool isFolder(FileSystem& fileSystem, const Descriptor& directory, const EntryBlock::Entry& entry) {
+    if (entry.type == EntryType::directory || entry.type == EntryType::regular) {
+        return entry.type == EntryType::directory;
+    }
+    const auto target = fileSystem.targetAttributesAt(directory, entry.name);
+    return target && target->type == EntryType::directory;
+}
+
+std::string imageNameOfVolume(VolumeKind kind) {
+    switch (kind) {
+        case VolumeKind::network:
+            return "network_drive.png";
+        case VolumeKind::removable:
+            return "usb_drive.png";
+        case VolumeKind::internal:
+            return "g5_apple_drive.png";
+        case VolumeKind::other:
+            break;
+    }
+    return "folder.png";
+}
+
+}  // namespace
+
+bool isSpecialFolder(std::string_view name) {
+    return !name.empty() && hiddenBeginnings.find(name.front()) != std::string_view::npos;
+}
+
+std::vector<std::string> getFoldersAtPath(FileSystem& fileSystem, const std::string& path) {
+    const Result<Descriptor> directory = fileSystem.openRootDirectory(path);
+    if (!directory) {
+        return {};
+    }
+    std::vector<std::string> folders;
+    EntryBlock block(portionBytes);
+    while (true) {
+        const Result<bool> more = fileSystem.listEntries(*directory, block);
+        if (!more) {
+            return {};
+        }
+        if (!*more) {
+            return folders;
+        }
+        for (const EntryBlock::Entry& entry : block.entries()) {
+            if (!isSpecialFolder(entry.name) && isFolder(fileSystem, *directory, entry)) {
+                folders.push_back(joined(path, entry.name));
+            }
+        }
+    }
+}
+
+std::vector<Volume> listedVolumes(const std::vector<Volume>& volumes) {
+    std::vector<Volume> listed;
+    std::copy_if(volumes.begin(), volumes.end(), std::back_inserter(listed),
+                 [](const Volume& volume) {
+                     const bool isHidden =
+                         volume.path != "/" && isSpecialFolder(lastPathComponent(volume.path));
+                     return volume.kind != VolumeKind::network && !isHidden;
+                 });
+    return listed;
+}
+
+std::string imageNameOfPath(const std::string& path, const std::vector<Volume>& volumes,
+                            const std::optional<std::string>& desktop) {
+    if (lastPathComponent(path) == "Desktop" || path == desktop) {
+        return "mymac.png";
+    }
+    const auto volume =
+        std::find_if(volumes.begin(), volumes.end(),
+                     [&path](const Volume& candidate) { return candidate.path == path; });
+    return imageNameOfVolume(volume == volumes.end() ? VolumeKind::other : volume->kind);
+}
+
+std::string_view lastPathComponent(std::string_view path) {
+    const std::size_t end = path.find_last_not_of('/');
+    if (end == std::string_view::npos) {
+        return path.substr(0, 1);
+    }
+    path = path.substr(0, end + 1);
+    return path.substr(path.rfind('/') + 1);
+}
+
+}  // namespace tarvin

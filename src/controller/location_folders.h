@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/platform.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvin {
+
+// What the folder browser shows of the disks. Paths are native bytes. Nothing here waits for
+// anything but the disk.
+
+/// Whether an entry is hidden from the browser: its name begins with one of thirty signs, such as a
+/// full stop. Letters, digits and the underscore are not among them.
+[[nodiscard]] bool isSpecialFolder(std::string_view name);
+
+/// The visible folders in a folder, in the order in which the file system lists them; symbolic
+/// links to folders count. Empty if the path is no folder or cannot be listed to its end.
+[[nodiscard]] std::vector<std::string> getFoldersAtPath(FileSystem& fileSystem,
+                                                        const std::string& path);
+
+/// The volumes that may be listed: none of another machine, and none whose folder is hidden.
+[[nodiscard]] std::vector<Volume> listedVolumes(const std::vector<Volume>& volumes);
+
+/// The picture of a location: "mymac.png" for the desktop folder, one of three drives for the place
+/// where a volume is mounted, "folder.png" for the rest.
+[[nodiscard]] std::string imageNameOfPath(const std::string& path,
+                                          const std::vector<Volume>& volumes,
+                                          const std::optional<std::string>& desktop);
+
+/// The last part of a path, slashes at its end aside; "/" for the root.
+[[nodiscard]] std::string_view lastPathComponent(std::string_view path);
+
+}  // namespace tarvin

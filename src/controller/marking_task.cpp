@@ -1,0 +1,160 @@
+#include "controller/marking_task.h"
+
+#include "controller/result_texts.h"
+#include "controls/button_hover_simple.h"
+#include "controls/button_settings_saved.h"
+#include "controls/hover_button.h"
+#include "controls/pop_up_button.h"
+#include "controls/tab_button.h"
+#include "interface/main_window.h"
+#include "interface/notice_panel.h"
+#include "interface/result_screen.h"
+#include "interface/result_table.h"
+#include "interface/result_tree_view.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <array>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+constexpr QPoint alertPlace{275, 225};
+
+void setEnabled(QWidget* control, std::optional<bool> enabled) {
+    if (enabled) {
+        control->setEnabled(*enabled);
+    }
+}
+
+}  // namespace
+
+MarkingTask::MarkingTask(Session& session, Results& results, MainWindow& window,
+                         InformationWindow& information)
+    : session_(session), results_(results), window_(window), information_(information) {
+    connectControls();
+}
+
+void MarkingTask::connectControls() const {
+    const ResultScreen& screen = *window_.results;
+    connect(screen.markAll, &QAbstractButton::clicked, this, &MarkingTask::markAllClicked);
+    connect(screen.unMarkAll, &QAbstractButton::clicked, this, &MarkingTask::unMarkAllClicked);
+    connect(screen.OView2, &ResultTreeView::checkBoxClicked, this, &MarkingTask::checkBoxClicked);
+    connect(screen.resultTable, &ResultTable::tableCheckBoxClicked, this,
+            &MarkingTask::tableCheckBoxClicked);
+    connect(this, &MarkingTask::checkNotif, this, &MarkingTask::checkButtonClicked);
+    connect(window_.allCheckOk, &QAbstractButton::clicked, this, &MarkingTask::checkALertOK);
+}
+
+void MarkingTask::markAllClicked() {
+    if (!results_.modal) {
+        return;
+    }
+    results_.modal->markAllExtension();
+    showTotalsAndButtons();
+    results_.tree.allMarksChanged();
+    results_.files.allMarksChanged();
+}
+
+void MarkingTask::unMarkAllClicked() {
+    if (!results_.modal) {
+        return;
+    }
+    results_.modal->unmarkAllExtension();
+    showTotalsAndButtons();
+    results_.tree.allMarksChanged();
+    results_.files.allMarksChanged();
+}
+
+void MarkingTask::checkBoxClicked(const QModelIndex& clickedRow) {
+    const std::shared_ptr<Extensions> extension = results_.tree.extensionAt(clickedRow);
+    if (!results_.modal || !extension) {
+        showTotalsAndButtons();
+        return;
+    }
+    const std::shared_ptr<Set> set = results_.tree.setAt(clickedRow);
+    results_.modal->changeStateOfExtension(extension, set, nullptr);
+    showTotalsAndButtons();
+    const int row = ResultTree::extensionRow(clickedRow);
+    if (set) {
+        results_.tree.marksChanged(row, ResultTree::setRow(clickedRow));
+    } else {
+        results_.tree.extensionChanged(row);
+    }
+    results_.files.allMarksChanged();
+}
+
+void MarkingTask::tableCheckBoxClicked(int tag) {
+    Q_EMIT checkNotif(tag);
+}
+
+void MarkingTask::checkButtonClicked(int indexOfButton) {
+    collectionViewCheckButtonCLicked(indexOfButton);
+}
+
+void MarkingTask::collectionViewCheckButtonCLicked(int position) {
+    const std::shared_ptr<Set> set = results_.selectedSet();
+    if (!results_.modal || !set || position < 0 ||
+        std::cmp_greater_equal(position, set->files().size())) {
+        return;
+    }
+    const QModelIndex row = results_.selected;
+    if (toggleFile(*results_.modal, results_.tree.extensionAt(row), set,
+                   static_cast<std::size_t>(position)) == ToggleAnswer::refused) {
+        information_.setInformationWindow(allFilesOfSetInformation());
+    }
+    showTotalsAndButtons();
+    results_.files.markChanged(position);
+    results_.tree.marksChanged(ResultTree::extensionRow(row), ResultTree::setRow(row));
+}
+
+void MarkingTask::setMarkedFilesDetails() {
+    session_.totalSelected = results_.modal ? results_.modal->totalFilesSelected() : 0;
+    session_.totalSize = results_.modal ? results_.modal->totalFilesSelectedSize() : 0;
+    window_.results->selectedCount->setText(ResultTexts::selectedCount(session_.totalSelected));
+    window_.results->selectedSize->setText(ResultTexts::selectedSize(session_.totalSize));
+}
+
+void MarkingTask::enableNecessaryButton() {
+    const ResultScreen& screen = *window_.results;
+    screen.buttonHomePage->setAlpha(1.0);
+    const Modal none;
+    const ButtonStates states = buttonStatesFor(results_.modal ? *results_.modal : none,
+                                                session_.exact, currentViewOf(results_.tabs));
+    setEnabled(screen.markAll, states.markAll);
+    setEnabled(screen.unMarkAll, states.unMarkAll);
+    setEnabled(screen.sendToRecycle, states.sendToRecycle);
+    setEnabled(screen.deletePermanently, states.deletePermanently);
+    setEnabled(screen.addEceptionBtn, states.addEceptionBtn);
+    setEnabled(screen.sortPopupBtn, states.sortPopupBtn);
+    if (!states.currentView) {
+        return;
+    }
+    const std::array<std::pair<QAbstractButton*, ResultView>, 6> buttons{
+        {{screen.allButton, ResultView::all},
+         {screen.imageButton, ResultView::image},
+         {screen.videoButton, ResultView::video},
+         {screen.audioButton, ResultView::audio},
+         {screen.documentButton, ResultView::documents},
+         {screen.otherButton, ResultView::other}}};
+    for (const auto& [button, view] : buttons) {
+        button->setEnabled(view != *states.currentView);
+    }
+}
+
+void MarkingTask::showTotalsAndButtons() {
+    setMarkedFilesDetails();
+    enableNecessaryButton();
+}
+
+void MarkingTask::showAllCheckAlert() {
+    window_.showNotice(window_.allCheckAlertView, alertPlace);
+}
+
+void MarkingTask::checkALertOK() const {
+    window_.allCheckAlertView->hide();
+}
+
+}  // namespace tarvin

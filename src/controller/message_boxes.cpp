@@ -1,0 +1,48 @@
+#include "controller/message_boxes.h"
+
+#include "controls/images.h"
+
+#include <QAbstractButton>
+#include <QMessageBox>
+#include <QPushButton>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+constexpr int iconSize = 64;
+
+}  // namespace
+
+void MessageBoxes::show(const Alert& alert, std::function<void(int button)> answered) {
+    auto* box = new QMessageBox(window_);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setIconPixmap(picture(QStringLiteral("app_icon"), {iconSize, iconSize},
+                               window_ ? window_->devicePixelRatioF() : 1.0));
+    box->setTextFormat(Qt::PlainText);
+    box->setText(alert.messageText);
+    box->setInformativeText(alert.informativeText);
+    QList<QAbstractButton*> buttons;  // the box has them in an order of its own
+    for (int number = 0; number < alert.buttons.size(); ++number) {
+        QPushButton* button = box->addButton(alert.buttons[number], number == alert.escapeButton
+                                                                        ? QMessageBox::RejectRole
+                                                                        : QMessageBox::AcceptRole);
+        buttons << button;
+        if (number == alert.escapeButton) {
+            box->setEscapeButton(button);
+            box->setDefaultButton(button);
+        }
+    }
+    // However the box goes, also with its frame's button, there is one answer.
+    QObject::connect(box, &QDialog::finished, box,
+                     [box, buttons, answered = std::move(answered), escape = alert.escapeButton] {
+                         const auto pressed = buttons.indexOf(box->clickedButton());
+                         if (answered) {
+                             answered(pressed < 0 ? escape : static_cast<int>(pressed));
+                         }
+                     });
+    box->open();
+}
+
+}  // namespace tarvin

@@ -1,0 +1,30 @@
+#include "controller/resource_files.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+namespace tarvin {
+
+QString installedResource(const QString& name) {
+    // Beside the folder of the programs, wherever that was installed.
+    const QString path =
+        QDir::cleanPath(QCoreApplication::applicationDirPath() +
+                        QStringLiteral("/../share/tarvin-duplicate-file-remover/") + name);
+    return QFileInfo::exists(path) ? path : QString();
+}
+
+QString helperProgram(const QString& name, QString folder) {
+    if (folder.isEmpty()) {
+        folder = QCoreApplication::applicationDirPath();
+    }
+    for (const QString& place : {QStringLiteral("."), QStringLiteral(TARVIN_HELPERS)}) {
+        QString path = QDir::cleanPath(folder + u'/' + place + u'/' + name);
+        if (QFileInfo(path).isExecutable() && QFileInfo(path).isFile()) {
+            return path;
+        }
+    }
+    return {};
+}
+
+}  // namespace tarvin

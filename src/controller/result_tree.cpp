@@ -1,0 +1,317 @@
+#include "controller/result_tree.h"
+
+#include "controller/path_text.h"
+#include "controller/result_texts.h"
+#include "controls/plain_text.h"
+#include "interface/result_table.h"
+#include "interface/result_tree_view.h"
+
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+
+namespace {
+
+constexpr int columns = 2;
+
+// The view counts alike.
+static_assert(int{ResultTree::check} == int{ResultTreeView::check} &&
+              int{ResultTree::name} == int{ResultTreeView::name});
+
+// The identity of an index says which extension its row is below: 0 for the row of an extension
+// itself, one more than the extension's position for that of a set.
+constexpr quintptr belowNothing = 0;
+
+quintptr below(int extension) {
+    return static_cast<quintptr>(extension) + 1;
+}
+
+Qt::CheckState shown(CheckState state) {
+    switch (state) {
+        case CheckState::on:
+            return Qt::Checked;
+        case CheckState::mixed:
+            return Qt::PartiallyChecked;
+        case CheckState::off:
+            break;
+    }
+    return Qt::Unchecked;
+}
+
+const QVector<int>& rolesThatFollow() {
+    static const QVector<int> roles{Qt::DisplayRole, Qt::CheckStateRole, Qt::AccessibleTextRole,
+                                    Qt::AccessibleDescriptionRole};
+    return roles;
+}
+
+}  // namespace
+
+/// What the rows of a list show at one moment.
+class ResultTree::StillRows final {
+ public:
+    explicit StillRows(const Modal& modal) {
+        std::size_t count = 0;
+        for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
+            count += extension->sets().size();
+        }
+        sets_.reserve(count);
+        extensions_.reserve(modal.extensionCount());
+        for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
+            extensions_.push_back({sets_.size(), extension->extensionState()});
+            for (const std::shared_ptr<Set>& set : extension->sets()) {
+                sets_.push_back({set->files().size(), set->setsState()});
+            }
+        }
+    }
+
+    [[nodiscard]] CheckState stateOfExtension(int extension) const {
+        return extensions_[static_cast<std::size_t>(extension)].state;
+    }
+    [[nodiscard]] CheckState stateOfSet(int extension, int set) const {
+        return at(extension, set).state;
+    }
+    [[nodiscard]] std::string nameOfSet(int extension, int set) const {
+        return Set::nameOfSetWith(at(extension, set).files);
+    }
+
+ private:
+    struct ExtensionRow {
+        std::size_t firstSet;  // its place in `sets_`
+        CheckState state;
+    };
+    struct SetRow {
+        std::size_t files;
+        CheckState state;
+    };
+
+    [[nodiscard]] const SetRow& at(int extension, int set) const {
+        return sets_[extensions_[static_cast<std::size_t>(extension)].firstSet +
+                     static_cast<std::size_t>(set)];
+    }
+
+    std::vector<ExtensionRow> extensions_;
+    std::vector<SetRow> sets_;
+};
+
+ResultTree::ResultTree(QObject* parent) : QAbstractItemModel(parent) {}
+
+ResultTree::~ResultTree() = default;
+
+void ResultTree::setModal(std::shared_ptr<Modal> modal) {
+    beginResetModel();
+    stillRows_.reset();
+    modal_ = std::move(modal);
+    endResetModel();
+}
+
+void ResultTree::marksChanged(int extension, int set) {
+    if (setIn(extension, set) == nullptr) {
+        return;
+    }
+    const QModelIndex first = indexOfSet(extension, set);
+    Q_EMIT dataChanged(first, first.siblingAtColumn(name), rolesThatFollow());
+    announceExtension(extension);
+}
+
+void ResultTree::extensionChanged(int extension) {
+    if (extensionIn(extension) != nullptr) {
+        announceExtension(extension);
+        announceSetsOf(extension);
+    }
+}
+
+void ResultTree::allMarksChanged() {
+    const int count = rowCount();
+    if (count == 0) {
+        return;
+    }
+    Q_EMIT dataChanged(indexOfExtension(0), index(count - 1, name), rolesThatFollow());
+    for (int extension = 0; extension < count; ++extension) {
+        announceSetsOf(extension);
+    }
+}
+
+void ResultTree::keepStill() {
+    if (modal_ != nullptr) {
+        stillRows_ = std::make_unique<StillRows>(*modal_);
+    }
+}
+
+void ResultTree::follow() {
+    stillRows_.reset();
+    allMarksChanged();
+}
+
+std::shared_ptr<Extensions> ResultTree::extensionAt(const QModelIndex& index) const {
+    const int extension = extensionRow(index);
+    return extensionIn(extension) == nullptr
+               ? nullptr
+               : modal_->extensions()[static_cast<std::size_t>(extension)];
+}
+
+std::shared_ptr<Set> ResultTree::setAt(const QModelIndex& index) const {
+    const int set = setRow(index);
+    return setIn(extensionRow(index), set) == nullptr
+               ? nullptr
+               : extensionAt(index)->sets()[static_cast<std::size_t>(set)];
+}
+
+int ResultTree::extensionRow(const QModelIndex& index) {
+    if (!index.isValid() || index.internalId() == belowNothing) {
+        return index.row();
+    }
+    return static_cast<int>(index.internalId() - 1);
+}
+
+int ResultTree::setRow(const QModelIndex& index) {
+    return index.isValid() && index.internalId() != belowNothing ? index.row() : -1;
+}
+
+QModelIndex ResultTree::indexOfExtension(int extension) const {
+    return index(extension, check);
+}
+
+QModelIndex ResultTree::indexOfSet(int extension, int set) const {
+    return setIn(extension, set) == nullptr ? QModelIndex()
+                                            : createIndex(set, check, below(extension));
+}
+
+QModelIndex ResultTree::index(int row, int column, const QModelIndex& parent) const {
+    if (!hasIndex(row, column, parent)) {
+        return {};
+    }
+    return createIndex(row, column, parent.isValid() ? below(parent.row()) : belowNothing);
+}
+
+QModelIndex ResultTree::parent(const QModelIndex& index) const {
+    return setRow(index) < 0 ? QModelIndex()
+                             : createIndex(extensionRow(index), check, belowNothing);
+}
+
+int ResultTree::rowCount(const QModelIndex& parent) const {
+    if (!parent.isValid()) {
+        return modal_ == nullptr ? 0 : static_cast<int>(modal_->extensionCount());
+    }
+    if (parent.column() != check || setRow(parent) >= 0) {
+        return 0;
+    }
+    const Extensions* const extension = extensionIn(parent.row());
+    return extension == nullptr ? 0 : static_cast<int>(extension->sets().size());
+}
+
+int ResultTree::columnCount(const QModelIndex& /*parent*/) const {
+    return columns;
+}
+
+QVariant ResultTree::data(const QModelIndex& index, int role) const {
+    const bool isBox = index.column() != name;
+    if (!isInTree(index)) {
+        return isBox && role == Qt::CheckStateRole
+                   ? QVariant(selectAll_ ? Qt::Checked : Qt::Unchecked)
+                   : QVariant();
+    }
+    switch (role) {
+        case Qt::CheckStateRole:
+            return isBox ? QVariant(shown(stateOf(index))) : QVariant();
+        case Qt::DisplayRole:
+            return isBox ? QVariant() : textOf(index);
+        case Qt::AccessibleTextRole:
+            return isBox ? ResultTexts::checkBoxName(textOf(index)) : textOf(index);
+        case Qt::AccessibleDescriptionRole:
+            // Of a row's states Qt tells a screen reader on and off alone.
+            return isBox && stateOf(index) == CheckState::mixed ? ResultTexts::partlyMarked()
+                                                                : QString();
+        case Qt::ToolTipRole:
+            return plainToolTip(textOf(index));
+        default:
+            return {};
+    }
+}
+
+QVariant ResultTree::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section < 0 || section >= columns) {
+        return {};
+    }
+    switch (role) {
+        case Qt::DisplayRole:
+            return section == check ? ResultTable::title(ResultTable::ButtonCell)
+                                    : ResultTreeView::title();
+        case identifier:
+            return section == check ? QStringLiteral("check") : QStringLiteral("name");
+        default:
+            return {};
+    }
+}
+
+Qt::ItemFlags ResultTree::flags(const QModelIndex& index) const {
+    if (!index.isValid()) {
+        return Qt::NoItemFlags;
+    }
+    Qt::ItemFlags flags = Qt::ItemIsEnabled;
+    flags.setFlag(Qt::ItemIsUserCheckable, index.column() == check);
+    if (setRow(index) >= 0) {
+        flags |= Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    }
+    return flags;
+}
+
+const Extensions* ResultTree::extensionIn(int extension) const {
+    const auto position = static_cast<std::size_t>(extension);
+    return modal_ == nullptr || extension < 0 || position >= modal_->extensionCount()
+               ? nullptr
+               : modal_->extensions()[position].get();
+}
+
+const Set* ResultTree::setIn(int extension, int set) const {
+    const Extensions* const above = extensionIn(extension);
+    const auto position = static_cast<std::size_t>(set);
+    return above == nullptr || set < 0 || position >= above->sets().size()
+               ? nullptr
+               : above->sets()[position].get();
+}
+
+bool ResultTree::isInTree(const QModelIndex& index) const {
+    const int set = setRow(index);
+    return set < 0 ? extensionIn(extensionRow(index)) != nullptr
+                   : setIn(extensionRow(index), set) != nullptr;
+}
+
+CheckState ResultTree::stateOf(const QModelIndex& index) const {
+    const int extension = extensionRow(index);
+    const int set = setRow(index);
+    if (set < 0) {
+        return stillRows_ != nullptr ? stillRows_->stateOfExtension(extension)
+                                     : extensionIn(extension)->extensionState();
+    }
+    return stillRows_ != nullptr ? stillRows_->stateOfSet(extension, set)
+                                 : setIn(extension, set)->setsState();
+}
+
+QString ResultTree::textOf(const QModelIndex& index) const {
+    const int extension = extensionRow(index);
+    const int set = setRow(index);
+    if (set < 0) {
+        return textOfPath(extensionIn(extension)->name());
+    }
+    return QString::fromStdString(stillRows_ != nullptr ? stillRows_->nameOfSet(extension, set)
+                                                        : setIn(extension, set)->nameOfSet());
+}
+
+void ResultTree::announceExtension(int extension) {
+    const QModelIndex first = indexOfExtension(extension);
+    Q_EMIT dataChanged(first, first.siblingAtColumn(name), rolesThatFollow());
+}
+
+/// Asks for as little as it can: there may be as many extensions as sets.
+void ResultTree::announceSetsOf(int extension) {
+    const Extensions* const above = extensionIn(extension);
+    if (above == nullptr || above->sets().empty()) {
+        return;
+    }
+    const int last = static_cast<int>(above->sets().size()) - 1;
+    Q_EMIT dataChanged(createIndex(0, check, below(extension)),
+                       createIndex(last, name, below(extension)), rolesThatFollow());
+}
+
+}  // namespace tarvin

@@ -1,0 +1,347 @@
+#include "controller/result_views.h"
+
+#include "controller/location_texts.h"
+#include "controller/result_texts.h"
+#include "controller/sort_files.h"
+#include "controls/hover_button.h"
+#include "controls/pop_up_button.h"
+#include "controls/tab_button.h"
+#include "controls/toggle_button.h"
+#include "interface/main_window.h"
+#include "interface/result_screen.h"
+#include "interface/result_table.h"
+#include "interface/result_tree_view.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QItemSelectionModel>
+#include <QLabel>
+#include <QMenu>
+#include <array>
+#include <optional>
+
+namespace tarvin {
+
+namespace {
+
+constexpr std::array allViews{ResultView::all,   ResultView::image,     ResultView::video,
+                              ResultView::audio, ResultView::documents, ResultView::other};
+
+TabButton* buttonOf(const ResultScreen& screen, ResultView view) {
+    switch (view) {
+        case ResultView::all:
+            return screen.allButton;
+        case ResultView::image:
+            return screen.imageButton;
+        case ResultView::video:
+            return screen.videoButton;
+        case ResultView::audio:
+            return screen.audioButton;
+        case ResultView::documents:
+            return screen.documentButton;
+        case ResultView::other:
+            break;
+    }
+    return screen.otherButton;
+}
+
+}  // namespace
+
+ResultViews::ResultViews(Session& session, Results& results, MainWindow& window,
+                         InformationWindow& information, MarkingTask& marking, Preview& preview)
+    : session_(session),
+      results_(results),
+      window_(window),
+      information_(information),
+      marking_(marking),
+      preview_(preview),
+      loading_(window) {
+    window_.results->OView2->setModel(&results_.tree);
+    window_.results->resultTable->setModel(&results_.files);
+    connectControls();
+    connectSortControls();
+}
+
+void ResultViews::connectControls() {
+    const ResultScreen& screen = *window_.results;
+    const auto onClick = [this](QAbstractButton* button, void (ResultViews::*action)()) {
+        connect(button, &QAbstractButton::clicked, this, action);
+    };
+    onClick(screen.allButton, &ResultViews::allClicked);
+    onClick(screen.imageButton, &ResultViews::imageClicked);
+    onClick(screen.videoButton, &ResultViews::videoClicked);
+    onClick(screen.audioButton, &ResultViews::audioClicked);
+    onClick(screen.documentButton, &ResultViews::docsClicked);
+    onClick(screen.otherButton, &ResultViews::otherClicked);
+    connect(screen.OView2, &ResultTreeView::selectionShouldChange, this,
+            &ResultViews::selectionShouldChangeInOutlineView);
+    connect(screen.OView2->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ResultViews::outlineViewSelectionDidChange);
+    for (QAction* item : screen.outlineMenu->actions()) {
+        connect(item, &QAction::triggered, this,
+                [this, item] { righClickMenuItemClicked(item->data().toInt(), item->text()); });
+    }
+    connect(&information_, &InformationWindow::closed, this, &ResultViews::informationClosed);
+}
+
+void ResultViews::connectSortControls() {
+    const ResultScreen& screen = *window_.results;
+    connect(screen.sortPopupBtn, &PopUpButton::activated, this, &ResultViews::popupButtonClicked);
+    for (QAbstractButton* toggle : {static_cast<QAbstractButton*>(screen.sortBtn),
+                                    static_cast<QAbstractButton*>(screen.asscendingBtn)}) {
+        connect(toggle, &QAbstractButton::clicked, this,
+                [this, toggle] { asscendingDescendingClicked(*toggle); });
+    }
+    for (QAction* item : screen.sortByMenu->actions()) {
+        connect(item, &QAction::triggered, this,
+                [this, item] { sortByMenuClicked(item->data().toInt()); });
+    }
+    for (QAction* item : screen.sortingOrderMenu->actions()) {
+        connect(item, &QAction::triggered, this,
+                [this, item] { sortingOrderMenuClicked(item->data().toInt()); });
+    }
+    screen.sortPopupBtn->selectItemWithTag(1);
+    screen.sortPopupBtn->setToolTip(ResultTexts::sortBySize());
+    screen.asscendingBtn->setToolTip(ResultTexts::sortingOrder(true));
+}
+
+void ResultViews::allClicked() {
+    change(ResultView::all);
+    marking_.unMarkAllClicked();
+    showDuplicateScanResult(true);
+}
+
+void ResultViews::imageClicked() {
+    categoryClicked(ResultView::image);
+}
+
+void ResultViews::videoClicked() {
+    categoryClicked(ResultView::video);
+}
+
+void ResultViews::audioClicked() {
+    categoryClicked(ResultView::audio);
+}
+
+void ResultViews::docsClicked() {
+    categoryClicked(ResultView::documents);
+}
+
+void ResultViews::otherClicked() {
+    categoryClicked(ResultView::other);
+}
+
+void ResultViews::change(ResultView view) {
+    results_.change(view);
+    for (const ResultView other : allViews) {
+        if (other != view) {
+            buttonOf(*window_.results, other)->setAlpha(1.0);
+        }
+    }
+}
+
+void ResultViews::categoryClicked(ResultView view) {
+    change(view);
+    if (results_.isEmpty()) {
+        // The rows stay those of the list before: its window leads back to all categories.
+        flagOf(view, session_.summaries) = true;
+        information_.setInformationWindow(noDuplicatesInformation(view));
+        return;
+    }
+    marking_.unMarkAllClicked();
+    showDuplicateScanResult(true);
+}
+
+void ResultViews::showDuplicateScanResult(bool showsSummary) {
+    if (results_.isEmpty()) {
+        showEmptyResult(showsSummary);
+        return;
+    }
+    results_.reload();
+    showTotals(showsSummary);
+    if (showsSummary) {
+        showInformationWindowAccordingTab();
+    }
+    window_.results->OView2->expandAll();
+    selectFirstSet();
+    loading_.show();
+    // A result with a single extension opens without a preview.
+    if (results_.modal->extensionCount() < 2) {
+        preview_.clear();
+    } else {
+        showFirstFile();
+    }
+    showScreen();
+    loading_.hide();
+    Q_EMIT shown();
+}
+
+void ResultViews::showEmptyResult(bool showsSummary) {
+    showTotals(true);
+    results_.reload();
+    showScreen();
+    if (showsSummary) {
+        showInformationWindowAccordingTab();
+    }
+    preview_.clear();
+}
+
+void ResultViews::showTotals(bool areNone) const {
+    const ResultScreen& screen = *window_.results;
+    screen.selectedCount->setText(ResultTexts::selectedCount(areNone ? 0 : session_.totalSelected));
+    screen.selectedSize->setText(ResultTexts::selectedSize(areNone ? 0 : session_.totalSize));
+}
+
+void ResultViews::selectFirstSet() const {
+    window_.results->OView2->selectSet(results_.tree.indexOfSet(0, 0));
+}
+
+void ResultViews::showFirstFile() {
+    const std::vector<std::shared_ptr<Set>>& sets = results_.modal->extensions().front()->sets();
+    if (sets.empty() || sets.front()->files().empty()) {
+        return;
+    }
+    const std::string path = sets.front()->files().front()->filePath();
+    preview_.showSelectedImage(path);
+    preview_.showSelecteImageProperty(path);
+}
+
+void ResultViews::showScreen() {
+    window_.buttonHelpManual->setEnabled(true);
+    marking_.enableNecessaryButton();
+    window_.selectTabViewItem(window_.results->identifier());
+}
+
+void ResultViews::showInformationWindowAccordingTab() {
+    const auto files = [this](ResultView view) {
+        return results_.of(view) ? results_.of(view)->totalFiles() : 0;
+    };
+    const CategoryTotals totals{.imageFiles = files(ResultView::image),
+                                .videoFiles = files(ResultView::video),
+                                .audioFiles = files(ResultView::audio),
+                                .docsFiles = files(ResultView::documents),
+                                .otherFiles = files(ResultView::other)};
+    Modal none;
+    const std::optional<Information> summary = informationAccordingTab(
+        results_.tabs, session_.summaries, results_.modal ? *results_.modal : none, totals);
+    if (summary) {
+        information_.setInformationWindow(*summary);
+    }
+}
+
+/// An empty list leads back: one category to all of them, all of them home.
+void ResultViews::informationClosed() {
+    if (!results_.isEmpty()) {
+        return;
+    }
+    const std::optional<ResultView> view = currentViewOf(results_.tabs);
+    if (view == ResultView::all) {
+        Q_EMIT homeRequested();
+    } else if (view) {
+        allClicked();
+    }
+}
+
+void ResultViews::selectionShouldChangeInOutlineView(const QModelIndex& clicked) {
+    loading_.show();
+    if (results_.selected == clicked.siblingAtColumn(0)) {
+        // Nothing changes, and nobody would uncover the files again.
+        outlineViewSelectionDidChange();
+    }
+}
+
+void ResultViews::outlineViewSelectionDidChange() {
+    results_.selected = window_.results->OView2->selectedSet();
+    const std::shared_ptr<Set> set = results_.selectedSet();
+    if (!set) {
+        return;
+    }
+    sortMaadi(*set);
+    results_.showFiles();
+    loading_.hide();
+    if (!set->files().empty()) {
+        const std::string path = set->files().front()->filePath();
+        preview_.showSelectedImage(path);
+        preview_.showSelecteImageProperty(path);
+    }
+}
+
+/// Whatever was chosen, the date of creation decides.
+void ResultViews::sortMaadi(Set& set) {
+    sorting_ = effectiveSorting;
+    ascending_ = window_.results->sortBtn->isChecked();
+    static_cast<void>(tarvin::sortMaadi(set.files(), ascending_));
+}
+
+void ResultViews::righClickMenuItemClicked(int tag, const QString& title) {
+    switch (tag) {
+        case 0:
+            markUnmarkSelectedOutlineImage(title == LocationTexts::markMenu(false));
+            break;
+        case 1:
+        case 2:
+            openSelectedImageOfOutlineView(tag == 2);
+            break;
+        case 3:
+        case 4:
+            moveSelectedItemToTrash(tag == 3);
+            break;
+        case 5:
+            markAllSelectedSet();
+            break;
+        case 6:
+            unMarkAllSelectedSet();
+            break;
+        case 7:
+            getInfo();
+            break;
+        default:
+            break;
+    }
+}
+
+void ResultViews::popupButtonClicked() {
+    loading_.show();
+    outlineViewSelectionDidChange();
+}
+
+void ResultViews::asscendingDescendingClicked(QAbstractButton& sender) {
+    sender.setToolTip(ResultTexts::sortingOrder(sender.isChecked()));
+    loading_.show();
+    outlineViewSelectionDidChange();
+}
+
+/// The files stay covered until another set is selected.
+void ResultViews::sortByMenuClicked(int tag) {
+    if (const std::optional<SortCriterion> criterion = sortCriterionOf(tag)) {
+        PopUpButton& popup = *window_.results->sortPopupBtn;
+        sorting_ = criterion->sorting;
+        if (popup.toolTip() == criterion->toolTip) {
+            return;
+        }
+        popup.setToolTip(criterion->toolTip);
+        popup.selectItemWithTag(criterion->popupTag);
+    }
+    loading_.show();
+}
+
+void ResultViews::sortingOrderMenuClicked(int tag) {
+    if (tag == 0 || tag == 1) {
+        QAbstractButton& toggle = *window_.results->asscendingBtn;
+        const bool ascends = tag == 0;
+        if (toggle.isChecked() == ascends) {
+            return;
+        }
+        toggle.setChecked(ascends);
+        // For both directions.
+        toggle.setToolTip(ResultTexts::sortingOrder(true));
+    }
+    loading_.show();
+}
+
+void ResultViews::homeCleanup() {
+    results_.forget();
+    preview_.clear();
+}
+
+}  // namespace tarvin

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "controller/information_window.h"
+#include "controller/loading_overlay.h"
+#include "controller/marking_task.h"
+#include "controller/preview.h"
+#include "controller/results.h"
+#include "controller/session.h"
+
+#include <QObject>
+#include <string>
+
+class QAbstractButton;
+
+namespace tarvin {
+
+class MainWindow;
+
+/// The task of looking through a result: its six views, their summaries, the outline with the files
+/// of the selected set, and the sort controls. Owned by AppDelegate; main thread.
+class ResultViews final : public QObject {
+    Q_OBJECT
+
+ public:
+    /// All outlive it.
+    ResultViews(Session& session, Results& results, MainWindow& window,
+                InformationWindow& information, MarkingTask& marking, Preview& preview);
+
+    void allClicked();
+    void imageClicked();
+    void videoClicked();
+    void audioClicked();
+    void docsClicked();
+    void otherClicked();
+
+    /// Shows the list in view on its screen; with its summary, unless that has been shown, and
+    /// with nothing marked. Without `showsSummary` the totals of what is marked stay. An empty
+    /// list, or none, leaves an empty screen.
+    void showDuplicateScanResult(bool showsSummary);
+    void showInformationWindowAccordingTab();
+
+    // The outline.
+
+    void selectionShouldChangeInOutlineView(const QModelIndex& clicked);
+    void outlineViewSelectionDidChange();
+    // What a right click leaves to the context menu.
+    void treeView() {}
+    void rightClicked() {}
+    /// What the context menu of the outline does, by tag: nothing.
+    void righClickMenuItemClicked(int tag, const QString& title);
+    void markUnmarkSelectedOutlineImage(bool /*mark*/) {}
+    void openSelectedImageOfOutlineView(bool /*inFolder*/) {}
+    void moveSelectedItemToTrash(bool /*selected*/) {}
+    void markAllSelectedSet() {}
+    void unMarkAllSelectedSet() {}
+    void getInfo() {}
+
+    // The sort controls. None of them changes the order of the rows.
+
+    void popupButtonClicked();
+    void asscendingDescendingClicked(QAbstractButton& sender);
+    void sortByMenuClicked(int tag);
+    void sortingOrderMenuClicked(int tag);
+
+    /// There is no result any more.
+    void homeCleanup();
+
+    /// What was chosen last to sort by, until the next set is selected: that always goes by
+    /// "fileCreationDate".
+    [[nodiscard]] const std::string& sorting() const { return sorting_; }
+    /// The direction in which the selected set was numbered.
+    [[nodiscard]] bool ascending() const { return ascending_; }
+
+ Q_SIGNALS:
+    /// A result that is not empty has come to its screen.
+    void shown();
+    /// An empty result was acknowledged.
+    void homeRequested();
+
+ private:
+    void connectControls();
+    void connectSortControls();
+    void change(ResultView view);
+    void categoryClicked(ResultView view);
+    void showEmptyResult(bool showsSummary);
+    void showTotals(bool areNone) const;
+    void selectFirstSet() const;
+    void showFirstFile();
+    void showScreen();
+    void informationClosed();
+    /// Files of the selected set by their date; the order is kept in their indices alone.
+    void sortMaadi(Set& set);
+
+    Session& session_;
+    Results& results_;
+    MainWindow& window_;
+    InformationWindow& information_;
+    MarkingTask& marking_;
+    Preview& preview_;
+    LoadingOverlay loading_;
+    std::string sorting_;
+    bool ascending_ = false;
+};
+
+}  // namespace tarvin

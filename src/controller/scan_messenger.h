@@ -1,0 +1,50 @@
+#pragma once
+
+#include "scan/progress_mailbox.h"
+#include "scan/scan_observer.h"
+
+#include <QObject>
+
+namespace tarvin {
+
+/// Hears what a scan tells on its own threads. The turning points become signals, which reach the
+/// main thread through its event loop; what comes many times a second is kept in a mailbox, to be
+/// looked at by whoever draws it. The object lives on the main thread and outlives the scan.
+class ScanMessenger final : public QObject, public ScanObserver {
+    Q_OBJECT
+
+ public:
+    using QObject::QObject;
+
+    /// Forgets the scan before. Main thread, while no scan runs.
+    void clear() { mailbox_.clear(); }
+    /// What has been told last; `progress` stays as it is while the scan tells something new, so
+    /// that nobody waits for a thread of the scan. Any thread.
+    void look(Progress& progress) const { mailbox_.look(progress); }
+
+    // Called by the scan.
+    void collecting(const std::string& path) override { mailbox_.collecting(path); }
+    void collectionPaused(bool paused) override { Q_EMIT collectionWaits(paused); }
+    void nothingCollected() override { Q_EMIT foundNoFiles(); }
+    void collectionFinished() override { Q_EMIT collectionIsOver(); }
+    void comparisonStarted(std::uint64_t total) override;
+    void processing(const std::string& path, std::uint64_t processed) override {
+        mailbox_.processing(path, processed);
+    }
+    void comparisonFinished(std::uint64_t processed) override {
+        Q_EMIT comparisonIsOver(processed);
+    }
+    void elapsed(const std::string& text) override { mailbox_.elapsed(text); }
+
+ Q_SIGNALS:
+    void collectionWaits(bool paused);
+    void foundNoFiles();
+    void collectionIsOver();
+    void comparisonBegins(quint64 total);
+    void comparisonIsOver(quint64 processed);
+
+ private:
+    ProgressMailbox mailbox_;
+};
+
+}  // namespace tarvin

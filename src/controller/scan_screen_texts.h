@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+#include <string_view>
+
+namespace tarvin {
+
+/// The texts of the progress screen that change during a scan. Main thread.
+class ScanScreenTexts final {
+    Q_DECLARE_TR_FUNCTIONS(tarvin::ScanScreenTexts)
+
+ public:
+    /// While the collection starts.
+    [[nodiscard]] static QString collecting();
+    /// For a file that the collection has come to; native bytes.
+    [[nodiscard]] static QString collecting(std::string_view path);
+    /// For a file that the comparison is done with.
+    [[nodiscard]] static QString processing(std::string_view path);
+    /// Of a text such as "Elapsed Time: 00:01:02".
+    [[nodiscard]] static QString elapsed(std::string_view text);
+    [[nodiscard]] static QString searching();
+    [[nodiscard]] static QString searchingTitle();
+    [[nodiscard]] static QString noDuplicates();
+    [[nodiscard]] static QString pause();
+    [[nodiscard]] static QString resume();
+};
+
+}  // namespace tarvin

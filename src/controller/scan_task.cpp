@@ -1,0 +1,218 @@
+#include "controller/scan_task.h"
+
+#include "controller/scan_screen_texts.h"
+#include "controls/button_settings_saved.h"
+#include "controls/elided_label.h"
+#include "controls/hover_button.h"
+#include "controls/progress_bar.h"
+#include "controls/scan_animation.h"
+#include "interface/about_panel.h"
+#include "interface/location_screen.h"
+#include "interface/main_window.h"
+#include "interface/notice_panel.h"
+#include "interface/progress_screen.h"
+#include "scan/exception_filter.h"
+
+#include <QLabel>
+#include <QStackedWidget>
+
+namespace tarvin {
+
+namespace {
+
+constexpr int redrawMilliseconds = 33;
+constexpr QPoint confirmationPlace{350, 235};
+
+}  // namespace
+
+ScanTask::ScanTask(Session& session, MainWindow& window, Alerts& alerts, Locations& locations)
+    : session_(session),
+      window_(window),
+      screen_(*window.progress),
+      alerts_(alerts),
+      locations_(locations),
+      run_(session.platform, messenger_, {.standsBack = true}) {
+    // In the words that pause() compares it with.
+    setPauseTitle(ScanScreenTexts::pause());
+    redraw_.setInterval(redrawMilliseconds);
+    connect(&redraw_, &QTimer::timeout, this, &ScanTask::showProgress);
+    connectControls();
+}
+
+void ScanTask::connectControls() {
+    connect(window_.locations->findDuplicateExact, &QAbstractButton::clicked, this,
+            &ScanTask::buttonFindDuplicatesExactClicked);
+    connect(screen_.pauseResume, &QAbstractButton::clicked, this, &ScanTask::pause);
+    connect(screen_.stopButton, &QAbstractButton::clicked, this, &ScanTask::stop);
+    connect(window_.cancelYes, &QAbstractButton::clicked, this, &ScanTask::stopYesClicked);
+    connect(window_.cancelNo, &QAbstractButton::clicked, this, &ScanTask::stopNOClicked);
+    connect(&messenger_, &ScanMessenger::collectionWaits, this, [this](bool waits) {
+        LoopClock& clock = screen_.similarIndicator->clock();
+        waits ? clock.stop() : clock.start();
+    });
+    connect(&messenger_, &ScanMessenger::foundNoFiles, this, &ScanTask::foundNoFiles);
+    connect(&messenger_, &ScanMessenger::collectionIsOver, this, [this] {
+        screen_.similarIndicator->setIndeterminate(false);
+        locations_.removeAllRows();
+    });
+    connect(&messenger_, &ScanMessenger::comparisonBegins, this, &ScanTask::comparisonBegins);
+    connect(&messenger_, &ScanMessenger::comparisonIsOver, this, &ScanTask::comparisonIsOver);
+}
+
+void ScanTask::buttonFindDuplicatesExactClicked() {
+    scanning_ = true;
+    if (session_.similar) {
+        return;
+    }
+    showStart();
+    messenger_.clear();
+    progress_ = {};
+    run_.start(locations_.list().rows(), ExceptionFilter(session_.exceptionArrayData()));
+    redraw_.start();
+}
+
+void ScanTask::showStart() {
+    screen_.textelapse->setText(ScanScreenTexts::elapsed("00:00:00"));
+    window_.buttonHelpManual->setEnabled(false);
+    screen_.similarIndicator->setDone(0);
+    screen_.similarIndicator->setIndeterminate(true);
+    screen_.similarProcessing->setText(ScanScreenTexts::collecting());
+    screen_.exactSimilarTabView->setCurrentIndex(0);
+    screen_.animationImage->startAnimation();
+    // They belong to the screen before and would stand in the way of the one after.
+    window_.windowAboutPanel->hide();
+    window_.runningAlert->hide();
+    window_.selectTabViewItem(screen_.identifier());
+}
+
+/// Nothing moves during a pause, though workers may finish the file in hand.
+void ScanTask::showProgress() {
+    ++redraws_;
+    messenger_.look(progress_);
+    screen_.textelapse->setText(ScanScreenTexts::elapsed(progress_.elapsed));
+    if (run_.pause()) {
+        return;
+    }
+    if (progress_.comparing) {
+        screen_.similarIndicator->setDone(run_.processed());
+    }
+    if (!progress_.path.empty()) {
+        screen_.similarProcessing->setText(progress_.comparing
+                                               ? ScanScreenTexts::processing(progress_.path)
+                                               : ScanScreenTexts::collecting(progress_.path));
+    }
+}
+
+void ScanTask::comparisonBegins(quint64 total) const {
+    screen_.searchStatus->setText(ScanScreenTexts::searching());
+    screen_.progressTypeText->setText(ScanScreenTexts::searchingTitle());
+    screen_.similarIndicator->setIndeterminate(false);
+    screen_.similarIndicator->setTotal(total);
+}
+
+void ScanTask::comparisonIsOver(quint64 processed) {
+    if (!scanning_) {
+        return;  // told before its result was forgotten
+    }
+    run_.wait();
+    redraw_.stop();
+    screen_.similarIndicator->setDone(processed);
+    scanning_ = false;
+    // A stop of the comparison leaves the flag set, one of the collection has cleared it.
+    if (run_.wasStopped() && !run_.stop()) {
+        Q_EMIT collectionStopped();
+    }
+    window_.confirmationView->hide();
+    Q_EMIT finished();
+}
+
+void ScanTask::foundNoFiles() {
+    if (!scanning_) {
+        return;
+    }
+    screen_.animationImage->stopAnimation();
+    redraw_.stop();
+    alerts_.show(noticeOf(ScanScreenTexts::noDuplicates()), [this](int) {
+        run_.wait();
+        window_.confirmationView->hide();
+        Q_EMIT endedWithoutFiles();
+    });
+}
+
+void ScanTask::setPauseTitle(const QString& title) const {
+    screen_.pauseResume->setText(title);
+    screen_.pauseResume->setAccessibleName(title);
+}
+
+void ScanTask::pause() {
+    setPaused(screen_.pauseResume->text() == ScanScreenTexts::pause());
+}
+
+void ScanTask::setPaused(bool pauses) {
+    run_.setPause(pauses);
+    setPauseTitle(pauses ? ScanScreenTexts::resume() : ScanScreenTexts::pause());
+    if (pauses) {
+        screen_.animationImage->stopAnimation();
+    } else {
+        screen_.animationImage->startAnimation();
+    }
+    screen_.stopButton->setEnabled(!pauses);
+}
+
+void ScanTask::stop() {
+    window_.showNotice(window_.confirmationView, confirmationPlace);
+    screen_.pauseResume->setEnabled(false);
+    if (!run_.pause()) {
+        pause();
+    }
+}
+
+void ScanTask::stopYesClicked() {
+    window_.confirmationView->hide();
+    run_.requestStop();
+}
+
+/// Goes on also with a scan that the person had paused before.
+void ScanTask::stopNOClicked() {
+    screen_.pauseResume->setEnabled(true);
+    window_.confirmationView->hide();
+    if (run_.pause()) {
+        setPaused(false);
+    }
+}
+
+void ScanTask::waitForAnswer() {
+    run_.setPause(true);
+    screen_.animationImage->stopAnimation();
+}
+
+/// An open question whether to stop keeps the scan waiting for its own answer.
+void ScanTask::goOn() {
+    if (!scanning_ || window_.confirmationView->isVisible()) {
+        return;
+    }
+    setPaused(false);
+}
+
+void ScanTask::homeCleanup() {
+    if (run_.scanning()) {
+        run_.requestStop();
+        run_.wait();
+    }
+    run_.homeCleanup();
+    scanning_ = false;
+    redraw_.stop();
+    resetControls();
+}
+
+void ScanTask::resetControls() {
+    screen_.stopButton->setEnabled(true);
+    window_.buttonHelpManual->setEnabled(true);
+    setPauseTitle(ScanScreenTexts::pause());
+    screen_.pauseResume->setEnabled(true);
+    screen_.animationImage->stopAnimation();
+    screen_.similarIndicator->setIndeterminate(false);
+    screen_.similarIndicator->setDone(0);
+}
+
+}  // namespace tarvin

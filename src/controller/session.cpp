@@ -1,0 +1,28 @@
+#include "controller/session.h"
+
+namespace tarvin {
+
+Session::Session(Platform& thePlatform)
+    : platform(thePlatform),
+      data(platform.applicationSupportFolder()),
+      exceptions(platform.applicationSupportFolder()) {}
+
+void Session::loadDataFile() {
+    currentLoggedInUser = platform.userName().value_or(std::string());
+    static_cast<void>(data.loadDataFile());
+    static_cast<void>(exceptions.load());
+}
+
+void Session::addDeleted(std::uint64_t count, std::uint64_t size) {
+    static_cast<void>(data.addDeleted(count, size));
+}
+
+void Session::addExceptions(const std::vector<std::string>& paths) {
+    static_cast<void>(exceptions.addExceptions(paths));
+}
+
+void Session::removeExceptions() {
+    static_cast<void>(exceptions.removeExceptions());
+}
+
+}  // namespace tarvin

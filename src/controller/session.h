@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/platform.h"
+#include "store/data_file.h"
+#include "store/exception_file.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tarvin {
+
+/// Which summaries of a result have been shown already.
+struct SummariesShown {
+    bool allTabInfo = false;
+    bool imageTabInfo = false;
+    bool videoTabInfo = false;
+    bool audioTabInfo = false;
+    bool docsTabInfo = false;
+    bool othrTabInfo = false;
+
+    bool operator==(const SummariesShown&) const = default;
+};
+
+/// What the tasks of the window share. Main thread.
+struct Session {
+    /// `platform` outlives the session.
+    explicit Session(Platform& thePlatform);
+
+    /// Sets the user's name and reads both stored files. What cannot be read counts as empty.
+    void loadDataFile();
+
+    // What is in memory holds while the program runs, whether or not it can be written, also
+    // without a home folder to write to.
+
+    [[nodiscard]] std::int64_t alreadyDeletedCount() const { return data.alreadyDeletedCount(); }
+    [[nodiscard]] std::uint64_t alreadyDeletedSize() const { return data.alreadyDeletedSize(); }
+    /// Adds what one run has moved. Any thread, while no other asks for totals.
+    void addDeleted(std::uint64_t count, std::uint64_t size);
+
+    /// The files that no scan takes.
+    [[nodiscard]] const std::vector<std::string>& exceptionArrayData() const {
+        return exceptions.exceptionArrayData();
+    }
+    void addExceptions(const std::vector<std::string>& paths);
+    void removeExceptions();
+
+    Platform& platform;
+    bool awake = false;    ///< what is done once has been done
+    bool exact = false;    ///< looks for identical files
+    bool similar = false;  ///< looks for similar images: a scan that is marked and never begins
+    /// Marked files of the result and their bytes.
+    std::uint64_t totalSelected = 0;
+    std::uint64_t totalSize = 0;
+    SummariesShown summaries;
+    std::string currentLoggedInUser;
+    DataFile data;
+    ExceptionFile exceptions;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,54 @@
+#include "controller/thumbnails.h"
+
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+constexpr int mostPictures = 500;
+
+}  // namespace
+
+Thumbnails::Thumbnails(QSize size, QString previewProgram, QObject* parent)
+    : QObject(parent), size_(size), pictures_(mostPictures), previews_(std::move(previewProgram)) {
+    connect(&previews_, &ImagePreview::ready, this, &Thumbnails::keep);
+    connect(&previews_, &ImagePreview::nothing, this, [this] { keep({}); });
+}
+
+QPixmap Thumbnails::of(const std::string& path) {
+    const QByteArray key = QByteArray::fromStdString(path);
+    if (const QPixmap* picture = pictures_.object(key)) {
+        return *picture;
+    }
+    if (key != inHand_) {
+        waiting_.removeOne(key);
+        waiting_.append(key);
+        if (waiting_.size() > mostWaiting) {
+            waiting_.removeFirst();
+        }
+        makeNext();
+    }
+    return {};
+}
+
+void Thumbnails::makeNext() {
+    if (inHand_.isEmpty() && !waiting_.isEmpty()) {
+        inHand_ = waiting_.takeLast();
+        previews_.resizeImageAtPath(inHand_.toStdString());
+    }
+}
+
+/// One that is no image is kept as a null picture, so that it is not tried again and again.
+void Thumbnails::keep(const QImage& image) {
+    const bool fits = image.width() <= size_.width() && image.height() <= size_.height();
+    const QByteArray path = std::exchange(inHand_, {});
+    pictures_.insert(
+        path,
+        new QPixmap(QPixmap::fromImage(
+            fits ? image : image.scaled(size_, Qt::KeepAspectRatio, Qt::SmoothTransformation))));
+    makeNext();
+    Q_EMIT ready(path);
+}
+
+}  // namespace tarvin

@@ -1,0 +1,566 @@
+#include "controller/home_image.h"
+#include "controller/product_bench.h"
+#include "controls/button_hover_complex.h"
+#include "controls/hover_button.h"
+#include "controls/windows_like_button.h"
+#include "interface/about_panel.h"
+#include "interface/home_screen.h"
+#include "interface/location_screen.h"
+#include "interface/location_table.h"
+#include "interface/notice_panel.h"
+#include "interface/picture_view.h"
+#include "interface/text_block.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <algorithm>
+#include <filesystem>
+
+namespace tarvin {
+namespace {
+
+class Launch : public ProductBench {
+ protected:
+    [[nodiscard]] QString imageOfOneRun() {
+        launch();
+        const QString name = window().home->homePage->pictureName();
+        window().close();
+        return name;
+    }
+};
+
+TEST_F(Launch, MayShowTheWindowBeforeAllElse) {
+    appearance = MainWindow::Appearance::atOnce;
+    launch();
+    EXPECT_EQ(screen(), QStringLiteral("1"));
+    click("mainScanButton");
+    EXPECT_EQ(screen(), QStringLiteral("2"));
+    EXPECT_TRUE(window().close());
+    EXPECT_EQ(terminations, 2);
+}
+
+TEST_F(Launch, BeginsAtHome) {
+    launch();
+    EXPECT_EQ(screen(), QStringLiteral("1"));
+    EXPECT_FALSE(window().locations->findDuplicateExact->isEnabled());
+    EXPECT_EQ(window().locations->findDuplicateExact->alpha(), 0.6);
+    EXPECT_TRUE(delegate->session().awake);
+    EXPECT_EQ(delegate->session().currentLoggedInUser, "me");
+    EXPECT_EQ(window().aboutVersion->text(), QStringLiteral("Version 1.2.3"));
+}
+
+TEST_F(Launch, ShowsOneOfThreePicturesInTurn) {
+    EXPECT_EQ(imageOfOneRun(), QStringLiteral("HomePage1.png"));
+    EXPECT_EQ(imageOfOneRun(), QStringLiteral("HomePage2.png"));
+    EXPECT_EQ(imageOfOneRun(), QStringLiteral("HomePage3.png"));
+    EXPECT_EQ(imageOfOneRun(), QStringLiteral("HomePage1.png"));
+}
+
+TEST_F(Launch, TakesNonsenseInTheSettingsForTheFirstPicture) {
+    settings.setValue(homeImageKey, QStringLiteral("nonsense"));
+    EXPECT_EQ(imageOfOneRun(), QStringLiteral("HomePage1.png"));
+}
+
+TEST_F(Launch, HidesTheTotalsWhileNothingWasEverCleaned) {
+    launch();
+    EXPECT_FALSE(window().home->cleanHistory->isVisible());
+}
+
+TEST_F(Launch, TellsTheTotalsOfEarlierRuns) {
+    DataFile data(folder.pathOf("support"));
+    data.addDeleted(1284, 18'620'000'000);
+    launch();
+    EXPECT_TRUE(window().home->cleanHistory->isVisible());
+    EXPECT_EQ(window().home->cleanHistory->text(),
+              QStringLiteral("Files cleaned so far: 1284 (18.62 GB)"));
+    click("mainScanButton");
+    EXPECT_FALSE(window().home->cleanHistory->isVisible());
+    click("buttonHomeExactPage");
+    EXPECT_TRUE(window().home->cleanHistory->isVisible());
+}
+
+TEST_F(Launch, WithFoldersOpensTheListWithThemChecked) {
+    launch({folder.pathOf("volume"), folder.makeFolder("more")});
+    EXPECT_EQ(screen(), QStringLiteral("2"));
+    const std::vector<LocationRow>& rows = delegate->locations().list().rows();
+    EXPECT_EQ(rows.back().name, folder.pathOf("more"));
+    EXPECT_TRUE(rows.back().state);
+    EXPECT_TRUE(window().locations->findDuplicateExact->isEnabled());
+}
+
+TEST_F(Launch, WithAFolderThatIsListedChecksItWithoutANotice) {
+    launch({folder.pathOf("Pictures")});
+    const std::vector<LocationRow>& rows = delegate->locations().list().rows();
+    ASSERT_EQ(rows.size(), 4U);
+    EXPECT_TRUE(rows[2].state);
+    EXPECT_FALSE(window().runningAlert->isVisible());
+}
+
+TEST_F(Launch, OfASecondCopyAsksItToEnd) {
+    platform.runningCopies().setOthers({{1}}, {2});
+    launch();
+    EXPECT_EQ(platform.runningCopies().askedToQuit(), (std::vector<RunningCopy>{{2}}));
+    EXPECT_EQ(platform.runningCopies().broughtToFront(), (std::vector<RunningCopy>{{1}}));
+}
+
+TEST_F(Launch, OfASecondCopyShowsNoWindowBeforeAllElse) {
+    appearance = MainWindow::Appearance::atOnce;
+    make();
+    EXPECT_TRUE(window().isVisible());
+    delegate.reset();
+    platform.runningCopies().setOthers({{1}}, {2});
+    make();
+    EXPECT_FALSE(window().isVisible());
+}
+
+TEST_F(Launch, EndsWhenAskedTo) {
+    launch();
+    platform.runningCopies().askThisToQuit();
+    EXPECT_TRUE(comesTrue([&] { return terminations == 1; }));
+}
+
+TEST_F(Launch, ComesToTheFrontWhenAskedTo) {
+    launch();
+    window().showMinimized();
+    platform.runningCopies().bringThisToFront();
+    EXPECT_TRUE(comesTrue([&] { return !window().isMinimized(); }));
+}
+
+class Screens : public ProductBench {
+ protected:
+    void SetUp() override { launch(); }
+};
+
+TEST_F(Screens, GoFromHomeToDrivesAndBack) {
+    click("mainScanButton");
+    EXPECT_EQ(screen(), QStringLiteral("2"));
+    EXPECT_EQ(window().locations->tableExact->model()->headerData(0, Qt::Horizontal).toString(),
+              QStringLiteral("Select Drive"));
+    EXPECT_EQ(delegate->locations().list().rows().size(), 1U);
+    EXPECT_TRUE(delegate->session().exact);
+    click("buttonHomeExactPage");
+    EXPECT_EQ(screen(), QStringLiteral("1"));
+    EXPECT_TRUE(delegate->locations().list().rows().empty());
+    EXPECT_TRUE(delegate->locations().history().folderBrowser().empty());
+}
+
+TEST_F(Screens, GoFromHomeToFolders) {
+    click("mainScanButtonFolder");
+    EXPECT_EQ(screen(), QStringLiteral("2"));
+    EXPECT_EQ(window().locations->tableExact->model()->headerData(0, Qt::Horizontal).toString(),
+              QStringLiteral("Select Folders (Double click to go deeper)"));
+    const std::vector<LocationRow>& rows = delegate->locations().list().rows();
+    ASSERT_EQ(rows.size(), 4U);
+    EXPECT_EQ(rows[0].name, folder.pathOf("Desktop"));
+    EXPECT_EQ(rows[3].name, folder.pathOf("volume"));
+}
+
+TEST_F(Screens, AnOpenAboutWindowKeepsTheListFromOpening) {
+    window().aboutMenuItem->trigger();
+    ASSERT_TRUE(window().windowAboutPanel->isVisible());
+    delegate->locations().buttonScanDriveClicked();
+    EXPECT_EQ(screen(), QStringLiteral("1"));
+    delegate->locations().buttonScanFoldersClicked();
+    EXPECT_EQ(screen(), QStringLiteral("1"));
+    EXPECT_TRUE(delegate->locations().list().scanFolderClicked());
+}
+
+TEST_F(Screens, TheAboutWindowDoesNotOpenWhileTheSettingsAreVisible) {
+    window().settingsWindow->show();
+    window().aboutMenuItem->trigger();
+    EXPECT_FALSE(window().windowAboutPanel->isVisible());
+}
+
+TEST_F(Screens, HomeButtonsDifferInWhatHindersThem) {
+    const auto stays = [&](void (AppDelegate::*home)()) {
+        window().selectTabViewItem(QStringLiteral("2"));
+        (delegate.get()->*home)();
+        return screen() == QStringLiteral("2");
+    };
+    window().settingsWindow->show();
+    EXPECT_TRUE(stays(&AppDelegate::buttonHomeExactPageClicked));
+    EXPECT_FALSE(stays(&AppDelegate::buttonHomePageClicked));
+    EXPECT_FALSE(stays(&AppDelegate::buttonHomeSimilarPageClicked));
+    window().settingsWindow->hide();
+    window().showAbout();
+    EXPECT_TRUE(stays(&AppDelegate::buttonHomeExactPageClicked));
+    EXPECT_TRUE(stays(&AppDelegate::buttonHomePageClicked));
+    EXPECT_FALSE(stays(&AppDelegate::buttonHomeSimilarPageClicked));
+}
+
+TEST_F(Screens, ClosingTheWindowEndsTheProgramAndStoresThePicture) {
+    window().close();
+    EXPECT_GE(terminations, 1);
+    EXPECT_EQ(settings.value(homeImageKey).toString(), QStringLiteral("2"));
+}
+
+TEST_F(Screens, AScanForSimilarImagesIsMarkedAndNeverBegins) {
+    delegate->locations().buttonScanFolderClicked();
+    EXPECT_FALSE(delegate->session().exact);
+    EXPECT_TRUE(delegate->session().similar);
+    delegate->scan().buttonFindDuplicatesExactClicked();
+    EXPECT_TRUE(delegate->scan().scanning());
+    EXPECT_EQ(screen(), QStringLiteral("2"));
+    EXPECT_FALSE(window().close());
+}
+
+class HelpMenu : public ProductBench {};
+
+TEST_F(HelpMenu, OpensNothingWithoutAddresses) {
+    launch();
+    EXPECT_FALSE(window().supportMenuItem->isEnabled());
+    delegate->help().supportMenuClicked();
+    EXPECT_TRUE(desktop.addresses.isEmpty());
+}
+
+TEST_F(HelpMenu, OpensTheAddressForSupport) {
+    urls = QString::fromStdString(
+        folder.writeFile("Urls.plist",
+                         "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>Support</key>"
+                         "<string>https://example.org/help</string></dict></plist>"));
+    launch();
+    window().supportMenuItem->trigger();
+    EXPECT_EQ(desktop.addresses, QStringList{QStringLiteral("https://example.org/help")});
+}
+
+TEST_F(HelpMenu, OffersNoSupportByAListThatIsDamaged) {
+    const std::string begin = "<?xml version=\"1.0\"?><plist version=\"1.0\">";
+    for (const std::string& list :
+         {std::string("damaged"), begin, begin + "<array><string>Support</string></array></plist>",
+          begin + "<dict><key>Support</key><integer>1</integer></dict></plist>",
+          begin + "<dict><key>Help</key><string>https://example.org</string></dict></plist>"}) {
+        urls = QString::fromStdString(folder.writeFile("Urls.plist", list));
+        launch();
+        EXPECT_FALSE(window().supportMenuItem->isEnabled()) << list;
+        delegate->help().supportMenuClicked();
+        EXPECT_TRUE(desktop.addresses.isEmpty());
+        delegate.reset();
+    }
+}
+
+TEST_F(HelpMenu, HangsUnderItsButton) {
+    launch();
+    click("buttonHelpManual");
+    EXPECT_TRUE(window().helpMenu->isVisible());
+    window().helpMenu->close();
+}
+
+/// Where controls and panels are put when something happens; points of the smallest window.
+class Places : public ProductBench {
+ protected:
+    void SetUp() override { launch(); }
+};
+
+TEST_F(Places, OfANoticeOfTheList) {
+    click("mainScanButtonFolder");
+    panels.choice = {{folder.pathOf("Pictures")}};
+    click("addFolders");
+    EXPECT_EQ(window().runningAlert->x(),
+              window().locations->tableExact->mapTo(&window(), QPoint(220, 0)).x());
+}
+
+TEST_F(Places, OfTheQuestionWhetherToStop) {
+    delegate->scan().stop();
+    const QRect place = window().confirmationView->geometry();
+    EXPECT_EQ(place.left(), 350);
+    EXPECT_EQ(window().height() - 1 - place.bottom(), 235);
+}
+
+TEST_F(Places, OfTheNoticeOfClosing) {
+    delegate->locations().buttonScanFolderClicked();
+    delegate->scan().buttonFindDuplicatesExactClicked();
+    EXPECT_FALSE(window().close());
+    const QRect place = window().runningAlert->geometry();
+    EXPECT_EQ(place.left(), 275);
+    EXPECT_EQ(window().height() - 1 - place.bottom(), 225);
+}
+
+/// What is as before when home is reached again.
+class Home : public ProductBench {
+ protected:
+    void SetUp() override { launch(); }
+};
+
+TEST_F(Home, EntersDrivesAfterFolders) {
+    click("mainScanButtonFolder");
+    click("buttonHomeExactPage");
+    click("mainScanButton");
+    EXPECT_EQ(delegate->locations().list().rows().size(), 1U);
+    EXPECT_FALSE(delegate->locations().list().scanFolderClicked());
+}
+
+TEST_F(Home, ForgetsWhatWasChecked) {
+    click("mainScanButtonFolder");
+    delegate->locations().markAllExact();
+    window().locations->tableExact->model()->setData(
+        window().locations->tableExact->model()->index(2, LocationTable::buttonCell),
+        static_cast<int>(Qt::Checked), Qt::CheckStateRole);
+    click("buttonHomeExactPage");
+    click("mainScanButtonFolder");
+    for (const LocationRow& row : delegate->locations().list().rows()) {
+        EXPECT_FALSE(row.state) << row.name;
+    }
+}
+
+TEST_F(Home, TakesTheNoticeOfTheListAway) {
+    click("mainScanButtonFolder");
+    panels.choice = {{folder.pathOf("Pictures")}};
+    click("addFolders");
+    ASSERT_TRUE(window().runningAlert->isVisible());
+    click("buttonHomeExactPage");
+    EXPECT_FALSE(window().runningAlert->isVisible());
+}
+
+TEST_F(Home, UncoversWhatWasLoading) {
+    delegate->showLoading();
+    EXPECT_TRUE(window().loadingView->isVisible());
+    delegate->session().totalSelected = 3;
+    delegate->session().totalSize = 4;
+    delegate->session().summaries.imageTabInfo = true;
+    window().home->buttonScanDrive->setAlpha(0.5);
+    delegate->homeCleanup();
+    EXPECT_FALSE(window().loadingView->isVisible());
+    EXPECT_EQ(delegate->session().totalSelected, 0U);
+    EXPECT_EQ(delegate->session().totalSize, 0U);
+    EXPECT_EQ(delegate->session().summaries, SummariesShown());
+    EXPECT_EQ(window().home->buttonScanDrive->alpha(), 1.0);
+}
+
+TEST_F(Home, ShowsThePanelOfALongTask) {
+    delegate->startAnimation();
+    EXPECT_TRUE(window().progressWindow->isVisible());
+    delegate->stopAnimation();
+    EXPECT_FALSE(window().progressWindow->isVisible());
+}
+
+TEST_F(Home, MayBeLoadedAgain) {
+    settings.setValue(homeImageKey, QStringLiteral("3"));
+    delegate->awakeFromNib();
+    EXPECT_EQ(window().home->homePage->pictureName(), QStringLiteral("HomePage3.png"));
+    click("mainScanButtonFolder");
+    EXPECT_EQ(delegate->locations().list().rows().size(), 4U);
+}
+
+/// The location list as it is entered.
+class Entry : public ProductBench {
+ protected:
+    void SetUp() override { launch(); }
+};
+
+TEST_F(Entry, BeginsWithButtonsThatHaveNothingToDo) {
+    click("mainScanButtonFolder");
+    delegate->locations().markAllExact();
+    delegate->locations().buttonScanFoldersClicked();
+    for (const char* name : {"markAllExactBtn", "unmarkAllExactBtn", "removeFromListExactBtn",
+                             "findDuplicateExact", "backFolderButton", "nextFolderButton"}) {
+        EXPECT_FALSE(control(name)->isEnabled()) << name;
+    }
+    EXPECT_EQ(window().locations->findDuplicateExact->alpha(), 0.6);
+    EXPECT_EQ(window().home->mainScanButton->alpha(), 1.0);
+    EXPECT_EQ(window().home->mainScanButtonFolder->alpha(), 1.0);
+}
+
+TEST_F(Entry, IsHinderedByTheSettings) {
+    window().settingsWindow->show();
+    delegate->locations().buttonScanDriveClicked();
+    EXPECT_EQ(screen(), QStringLiteral("1"));
+}
+
+TEST_F(Entry, OfDrivesAfterHinderedFoldersListsFolders) {
+    window().settingsWindow->show();
+    delegate->locations().buttonScanFoldersClicked();
+    window().settingsWindow->hide();
+    delegate->locations().buttonScanDriveClicked();
+    EXPECT_EQ(window().locations->tableExact->model()->headerData(0, Qt::Horizontal).toString(),
+              QStringLiteral("Select Drive"));
+    EXPECT_EQ(delegate->locations().list().rows().size(), 4U);
+}
+
+class LocationScreenTest : public ProductBench {
+ protected:
+    void SetUp() override {
+        folder.makeFolder("Pictures/2022/January");
+        folder.makeFolder("Pictures/2023");
+        launch();
+    }
+
+    /// A click into the check box of a row.
+    void check(int row) {
+        LocationTable& table = *window().locations->tableExact;
+        const QModelIndex cell = table.model()->index(row, LocationTable::buttonCell);
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, table.visualRect(cell).center());
+    }
+
+    void doubleClick(int row) {
+        LocationTable& table = *window().locations->tableExact;
+        const QPoint place =
+            table.visualRect(table.model()->index(row, LocationTable::mainCell)).center();
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, place);
+    }
+
+    [[nodiscard]] const std::vector<LocationRow>& rows() {
+        return delegate->locations().list().rows();
+    }
+
+    void expectNotice(const char* text) {
+        EXPECT_TRUE(window().runningAlert->isVisible());
+        EXPECT_EQ(window().runningAlertText->text(), QLatin1String(text));
+        click("runningAlertOk");
+        EXPECT_FALSE(window().runningAlert->isVisible());
+    }
+};
+
+TEST_F(LocationScreenTest, ACheckBoxChecksSelectsAndEnablesTheScan) {
+    click("mainScanButtonFolder");
+    check(2);
+    EXPECT_TRUE(rows()[2].state);
+    EXPECT_EQ(window().locations->tableExact->currentIndex().row(), 2);
+    EXPECT_TRUE(window().locations->findDuplicateExact->isEnabled());
+    EXPECT_EQ(window().locations->findDuplicateExact->alpha(), 1.0);
+    check(2);
+    EXPECT_FALSE(rows()[2].state);
+    EXPECT_FALSE(window().locations->findDuplicateExact->isEnabled());
+}
+
+TEST_F(LocationScreenTest, ACheckedFolderOpensWithItsFoldersChecked) {
+    click("mainScanButtonFolder");
+    check(2);
+    doubleClick(2);
+    ASSERT_EQ(rows().size(), 2U);
+    EXPECT_TRUE(rows()[0].state);
+    EXPECT_TRUE(rows()[1].state);
+    EXPECT_TRUE(window().locations->backFolderButton->isEnabled());
+    EXPECT_FALSE(window().locations->nextFolderButton->isEnabled());
+    click("backFolderButton");
+    EXPECT_EQ(rows().size(), 4U);
+    EXPECT_TRUE(rows()[2].state);
+    EXPECT_TRUE(window().locations->nextFolderButton->isEnabled());
+    click("nextFolderButton");
+    EXPECT_EQ(rows().size(), 2U);
+}
+
+TEST_F(LocationScreenTest, AFolderOpenedAgainForgetsWhatWasDeeper) {
+    folder.makeFolder("Pictures/2022/January/first");
+    click("mainScanButtonFolder");
+    doubleClick(2);
+    const auto rowOf = [this](const std::string& path) {
+        const auto found = std::find_if(rows().begin(), rows().end(), [&](const LocationRow& row) {
+            return row.name == folder.pathOf(path);
+        });
+        return static_cast<int>(found - rows().begin());
+    };
+    doubleClick(rowOf("Pictures/2022"));
+    ASSERT_EQ(rows().front().name, folder.pathOf("Pictures/2022/January"));
+    click("backFolderButton");
+    click("backFolderButton");
+    doubleClick(2);
+    EXPECT_EQ(rows().size(), 2U);
+    EXPECT_EQ(delegate->locations().history().folderBrowser().back(), folder.pathOf("Pictures"));
+    EXPECT_FALSE(window().locations->nextFolderButton->isEnabled());
+}
+
+TEST_F(LocationScreenTest, AFolderThatVanishedIsNotGoneBackTo) {
+    click("mainScanButtonFolder");
+    doubleClick(2);
+    click("backFolderButton");
+    std::filesystem::remove_all(folder.pathOf("Pictures"));
+    click("nextFolderButton");
+    ASSERT_EQ(alerts.shown.size(), 1U);
+    EXPECT_EQ(alerts.shown[0].informativeText, QStringLiteral("No Folders."));
+    EXPECT_EQ(rows().size(), 4U);
+}
+
+TEST_F(LocationScreenTest, TwoFilesMayBeScanned) {
+    click("mainScanButton");
+    panels.choice = {{folder.writeFile("a.jpg", "1"), folder.writeFile("b.jpg", "1")}};
+    click("addPhotos");
+    EXPECT_TRUE(window().locations->findDuplicateExact->isEnabled());
+    EXPECT_EQ(window().locations->findDuplicateExact->title(), QStringLiteral("Scan"));
+}
+
+TEST_F(LocationScreenTest, AFolderWithoutFoldersSaysSo) {
+    click("mainScanButtonFolder");
+    doubleClick(0);
+    ASSERT_EQ(alerts.shown.size(), 1U);
+    EXPECT_EQ(alerts.shown[0].messageText, QStringLiteral("Tarvin Duplicate File Remover"));
+    EXPECT_EQ(alerts.shown[0].informativeText, QStringLiteral("No Folders."));
+    EXPECT_EQ(alerts.shown[0].buttons, QStringList{QStringLiteral("Ok")});
+    EXPECT_EQ(rows().size(), 4U);
+}
+
+TEST_F(LocationScreenTest, ADriveIsNotOpened) {
+    click("mainScanButton");
+    doubleClick(0);
+    ASSERT_EQ(alerts.shown.size(), 1U);
+    EXPECT_EQ(alerts.shown[0].informativeText,
+              QStringLiteral("Select the check box and click 'Scan' button to proceed."));
+}
+
+TEST_F(LocationScreenTest, MarksUnmarksAndRemoves) {
+    click("mainScanButtonFolder");
+    check(0);
+    click("markAllExactBtn");
+    EXPECT_FALSE(window().locations->markAllExactBtn->isEnabled());
+    click("unmarkAllExactBtn");
+    EXPECT_TRUE(window().locations->markAllExactBtn->isEnabled());
+    EXPECT_FALSE(window().locations->removeFromListExactBtn->isEnabled());
+    check(1);
+    click("removeFromListExactBtn");
+    EXPECT_EQ(rows().size(), 3U);
+}
+
+TEST_F(LocationScreenTest, FoldersOfThePanelAreAddedOnce) {
+    click("mainScanButton");
+    panels.choice = {{folder.pathOf("Pictures"), folder.pathOf("Documents")}};
+    click("addFolders");
+    EXPECT_TRUE(panels.opened.back().canChooseDirectories);
+    EXPECT_EQ(rows().size(), 3U);
+    EXPECT_TRUE(window().locations->findDuplicateExact->isEnabled());
+    EXPECT_FALSE(window().runningAlert->isVisible());
+    click("addFolders");
+    EXPECT_EQ(rows().size(), 3U);
+    expectNotice("Folder already added.");
+}
+
+TEST_F(LocationScreenTest, PhotosOfThePanelAreAddedOnce) {
+    click("mainScanButton");
+    panels.choice = {{folder.writeFile("a.jpg", "ten bytes!")}};
+    click("addPhotos");
+    EXPECT_FALSE(panels.opened.back().canChooseDirectories);
+    EXPECT_EQ(
+        panels.opened.back().allowedFileTypes.join(QLatin1Char(' ')),
+        QStringLiteral("jpg jpeg psd png bmp dng tiff gif pspimage thm tif yuv ai cr2 crw kdc "
+                       "nef mrw orf x3f raw raf dcx"));
+    EXPECT_EQ(rows().size(), 2U);
+    EXPECT_EQ(rows().back().size, "0.01 KB");
+    EXPECT_FALSE(window().locations->findDuplicateExact->isEnabled());
+    click("addPhotos");
+    expectNotice("Image already added.");
+}
+
+TEST_F(LocationScreenTest, APanelThatIsLeftChangesNothing) {
+    click("mainScanButton");
+    click("addFolders");
+    EXPECT_EQ(rows().size(), 1U);
+}
+
+TEST_F(LocationScreenTest, TheContextMenuTurnsARowOverAndRemovesIt) {
+    click("mainScanButtonFolder");
+    LocationTable& table = *window().locations->tableExact;
+    Q_EMIT table.customContextMenuRequested(table.visualRect(table.model()->index(1, 0)).center());
+    EXPECT_EQ(window().locations->markMenuTable->text(), QStringLiteral("Mark"));
+    EXPECT_FALSE(window().locations->unMarkAllMenu->isVisible());
+    window().locations->markMenuTable->trigger();
+    EXPECT_TRUE(rows()[1].state);
+    EXPECT_EQ(table.currentIndex().row(), 1);
+    EXPECT_TRUE(delegate->locations().list().stateArray().empty());
+    Q_EMIT table.customContextMenuRequested(table.visualRect(table.model()->index(1, 0)).center());
+    EXPECT_EQ(window().locations->markMenuTable->text(), QStringLiteral("Unmark"));
+    window().locations->removeFromListMenu->trigger();
+    EXPECT_EQ(rows().size(), 3U);
+}
+
+}  // namespace
+}  // namespace tarvin

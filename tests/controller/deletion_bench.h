@@ -1,0 +1,64 @@
+#pragma once
+
+#include "controller/result_bench.h"
+#include "controls/progress_bar.h"
+#include "interface/deletion_panel.h"
+#include "interface/home_screen.h"
+#include "support/waiting.h"
+
+#include <unistd.h>
+
+#include <atomic>
+
+namespace tarvin {
+
+/// A result and what its deletions do to the disk.
+class DeletionBench : public ResultBench {
+ protected:
+    /// Holds the run before it looks at a file whose path contains `part`.
+    void holdAt(const std::string& part) {
+        files.beforeCall(
+            FileCall::attributesAt, 1,
+            [this] {
+                walker = ::gettid();
+                barrier.wait();
+            },
+            part);
+    }
+
+    /// Begins the deletion of what is marked and waits until it is held there.
+    void deleteAndHoldAt(const std::string& part) {
+        holdAt(part);
+        click("finishButton");
+        ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
+    }
+
+    /// Whether the run that was held sleeps now, behind a set or an extension.
+    [[nodiscard]] bool isPaused() {
+        return waitUntil([this] { return isAsleep(walker); });
+    }
+
+    [[nodiscard]] bool reported() {
+        return comesTrue([this] { return window().informationWindow->isVisible(); });
+    }
+
+    /// Deletes what is marked; the first line of the report.
+    [[nodiscard]] std::string deleteMarked() {
+        click("finishButton");
+        return reported() ? information()[1] : "no report";
+    }
+
+    [[nodiscard]] std::string setText(int extension, int set) {
+        return tree()
+            .indexOfSet(extension, set)
+            .siblingAtColumn(ResultTreeView::name)
+            .data()
+            .toString()
+            .toStdString();
+    }
+
+    Barrier barrier;
+    std::atomic<pid_t> walker{0};
+};
+
+}  // namespace tarvin

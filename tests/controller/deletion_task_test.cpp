@@ -1,0 +1,168 @@
+#include "controller/deletion_bench.h"
+#include "model/file_store.h"
+#include "scan/duplicate_finder.h"
+
+#include <algorithm>
+#include <ctime>
+
+namespace tarvin {
+namespace {
+
+class DeletionTest : public DeletionBench {
+ protected:
+    void SetUp() override {
+        writeThreeSets();
+        scanAndReview();
+    }
+
+    /// In place of what was found: one set of files that are not there.
+    void showSetOf(int count) {
+        const std::shared_ptr<FileStore> store = FileStore::create();
+        const Directory* const nowhere = store->addRoot("/nowhere");
+        std::vector<std::shared_ptr<File>> group;
+        for (int number = 0; number < count; ++number) {
+            const std::string name = std::to_string(number) + ".jpg";
+            group.push_back(store->share(store->addFile(nowhere, name, 1, {}, {})));
+        }
+        auto modal = std::make_shared<Modal>();
+        fileSetUnderExtension(*modal, group);
+        delegate->results().modal = modal;
+        delegate->results().reload();
+    }
+
+    /// The longest turn of the event loop, in seconds that this thread ran.
+    [[nodiscard]] double longestTurnUntilReport() {
+        const auto seconds = [] {
+            timespec ran{};
+            ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &ran);
+            return static_cast<double>(ran.tv_sec) + static_cast<double>(ran.tv_nsec) / 1e9;
+        };
+        double longest = 0;
+        double begin = seconds();
+        EXPECT_TRUE(comesTrue([&] {
+            longest = std::max(longest, seconds() - begin);
+            begin = seconds();
+            return window().informationWindow->isVisible();
+        }));
+        return longest;
+    }
+};
+
+TEST_F(DeletionTest, MovesWhatIsMarkedAndReports) {
+    click("markAll");
+    click("finishButton");
+    ASSERT_TRUE(reported());
+    EXPECT_EQ(information(),
+              (Lines{"Information", "Duplicates Cleaned: 4", "Space Regained: 0.02 KB ", ""}));
+    for (const char* name : {"a1.jpg", "b1.jpg", "c1.txt"}) {
+        EXPECT_TRUE(isThere(name)) << name;
+    }
+    for (const char* name : {"a2.jpg", "b2.jpg", "b3.jpg", "c2.txt"}) {
+        EXPECT_FALSE(isThere(name)) << name;
+    }
+    EXPECT_EQ(storedTotals().alreadyDeletedCount(), 4);
+    EXPECT_EQ(storedTotals().alreadyDeletedSize(), 22U);
+    EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 4 (0.02 KB)");
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 0");
+    EXPECT_FALSE(window().deletionPreview->isVisible());
+    EXPECT_TRUE(window().results->resultTable->isVisible());
+    EXPECT_TRUE(isEnabled("finishButton"));
+    EXPECT_EQ(window().results->finishButton->alpha(), 1.0);
+    EXPECT_EQ(covers(), 1);  // of the report
+    EXPECT_EQ(list().rowCount(), 1);
+    click("scanInforOKBtn");
+    EXPECT_EQ(covers(), 0);
+    click("buttonHomePage");
+    EXPECT_TRUE(window().home->cleanHistory->isVisible());
+}
+
+TEST_F(DeletionTest, OfTwoOfThreeFilesKeepsOne) {
+    select(0, 1);
+    clickFileBox(1);
+    clickFileBox(2);
+    click("finishButton");
+    ASSERT_TRUE(reported());
+    EXPECT_EQ(information()[1], "Duplicates Cleaned: 2");
+    EXPECT_EQ(setOf(0, 1).files().size(), 1U);
+    EXPECT_EQ(setText(0, 1), "Set(0)");
+    EXPECT_TRUE(isThere("a2.jpg"));
+}
+
+TEST_F(DeletionTest, OfNothingSaysSo) {
+    click("finishButton");
+    EXPECT_EQ(information(), (Lines{"Information", "Please select any file to delete.", "", ""}));
+    EXPECT_FALSE(delegate->deletion().isRunning());
+}
+
+TEST_F(DeletionTest, ShowsItsPanelOverTheCoveredResult) {
+    click("markAll");
+    deleteAndHoldAt("a2.jpg");
+    EXPECT_TRUE(window().deletionPreview->isVisible());
+    EXPECT_EQ(placeOf(window().deletionPreview), QPoint(205, 114));
+    EXPECT_EQ(covers(), 1);
+    EXPECT_EQ(textOf("deletionStatus"), "Deleting files, please wait...");
+    EXPECT_EQ(window().deletionPreview->deletionIndicator->total(), 4U);
+    EXPECT_EQ(window().deletionPreview->deletionIndicator->done(), 0U);
+    EXPECT_FALSE(window().results->buttonHomePage->isVisible());
+    EXPECT_FALSE(window().results->resultTable->isVisible());
+    EXPECT_FALSE(isEnabled("finishButton"));
+    EXPECT_EQ(window().results->finishButton->alpha(), 0.6);
+    EXPECT_EQ(window().deletionPreview->pauseResumeBtn->title(), QStringLiteral("Pause"));
+    EXPECT_EQ(window().deletionPreview->pauseResumeBtn->attributedTitle(),
+              setCenterAttributes(Qt::white, QStringLiteral("Pause"), 14));
+    barrier.open();
+    ASSERT_TRUE(reported());
+    EXPECT_EQ(placeOf(window().informationWindow), QPoint(250, 200));
+}
+
+TEST_F(DeletionTest, PassesOverWhatHasVanished) {
+    click("markAll");
+    std::filesystem::remove(folder.pathOf("found/b2.jpg"));
+    click("finishButton");
+    ASSERT_TRUE(reported());
+    EXPECT_EQ(information()[1], "Duplicates Cleaned: 3");
+    EXPECT_EQ(setOf(0, 1).files().size(), 2U);
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 1");
+}
+
+TEST_F(DeletionTest, KeepsTheLastCopyThoughOthersHaveVanished) {
+    click("markAll");
+    std::filesystem::remove(folder.pathOf("found/a1.jpg"));
+    click("finishButton");
+    ASSERT_TRUE(reported());
+    EXPECT_TRUE(isThere("a2.jpg"));
+}
+
+/// Which takes a hand that has marked each of them.
+TEST_F(DeletionTest, MovesASetWhoseEveryFileIsMarked) {
+    select(0, 1);
+    clickFileBox(0);
+    clickBox(tree().indexOfSet(0, 1));
+    click("finishButton");
+    ASSERT_TRUE(reported());
+    EXPECT_EQ(information()[1], "Duplicates Cleaned: 3");
+    EXPECT_FALSE(isThere("b1.jpg"));
+    EXPECT_EQ(list().rowCount(), 0);
+}
+
+TEST_F(DeletionTest, KeepsTheTreeReadableMeanwhile) {
+    click("markAll");
+    deleteAndHoldAt("b2.jpg");
+    EXPECT_EQ(setText(0, 1), "Set(2)");
+    window().grab();
+    barrier.open();
+    ASSERT_TRUE(reported());
+    EXPECT_EQ(setText(0, 1), "Set(0)");
+}
+
+/// What the run knew of the set is freed by the run.
+TEST_F(DeletionTest, OfAVeryLargeSetEndsWithoutAWait) {
+    showSetOf(500'000);
+    click("markAll");
+    click("finishButton");
+    EXPECT_LT(longestTurnUntilReport(), 0.1);
+    EXPECT_EQ(information()[1], "Duplicates Cleaned: 0");
+}
+
+}  // namespace
+}  // namespace tarvin

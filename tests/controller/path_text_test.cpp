@@ -1,0 +1,43 @@
+#include "controller/path_text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace tarvin {
+namespace {
+
+TEST(PathText, IsThePathItself) {
+    EXPECT_EQ(textOfPath("/home/ann/Gr\xc3\xbc\xc3\x9f"
+                         "e \xe6\x97\xa5\xf0\x9f\x93\xb7"),
+              QStringLiteral("/home/ann/Gr\u00fc\u00dfe \u65e5\U0001F4F7"));
+    EXPECT_EQ(textOfPath(""), QString());
+}
+
+TEST(PathText, ShowsBytesThatAreNotText) {
+    EXPECT_EQ(textOfPath("/a\xff/b\xfe\xfe"), QStringLiteral("/a\uFFFD/b\uFFFD\uFFFD"));
+}
+
+TEST(PathText, StaysInOneLine) {
+    EXPECT_EQ(textOfPath("/a\nb\rc\td\x7f"), QStringLiteral("/a\uFFFDb\uFFFDc\uFFFDd\uFFFD"));
+    EXPECT_EQ(textOfPath("/a\xe2\x80\xa8"
+                         "b\xe2\x80\xa9"
+                         "c\xc2\x85"),
+              QStringLiteral("/a\uFFFDb\uFFFDc\uFFFD"));
+}
+
+TEST(PathText, ShowsMarksThatTurnTheDirectionOfWriting) {
+    // As it is, this would read as if it ended in ".png".
+    EXPECT_EQ(textOfPath("photo\xe2\x80\xaegnp.exe"), QStringLiteral("photo\uFFFDgnp.exe"));
+    EXPECT_EQ(textOfPath("\xe2\x81\xa6x\xe2\x81\xa9"), QStringLiteral("\uFFFDx\uFFFD"));
+    // What only says how letters join stays.
+    EXPECT_EQ(textOfPath("\xe2\x80\x8d\xe2\x80\x8f"), QStringLiteral("\u200D\u200F"));
+}
+
+TEST(PathText, EndsNowhereBeforeTheEnd) {
+    const std::string withZero("a\0b", 3);
+    EXPECT_EQ(textOfPath(withZero), QStringLiteral("a\uFFFDb"));
+}
+
+}  // namespace
+}  // namespace tarvin

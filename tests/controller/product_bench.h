@@ -1,0 +1,193 @@
+#pragma once
+
+#include "controller/app_delegate.h"
+#include "controller/preview_program.h"
+#include "support/fake_platform.h"
+#include "support/faulty_file_system.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QMenu>
+#include <QSettings>
+#include <QTest>
+#include <atomic>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+
+/// Alerts that are remembered and wait for the test's answer.
+class FakeAlerts final : public Alerts {
+ public:
+    using Alerts::show;
+    void show(const Alert& alert, std::function<void(int button)> answered) override {
+        shown.push_back(alert);
+        answered_ = std::move(answered);
+    }
+
+    /// Presses a button of the alert shown last.
+    void press(int button) {
+        if (const auto answered = std::exchange(answered_, {})) {
+            answered(button);
+        }
+    }
+
+    std::vector<Alert> shown;
+
+ private:
+    std::function<void(int button)> answered_;
+};
+
+/// Panels in which a person has chosen already.
+class FakePanels final : public FilePanels {
+ public:
+    void open(const OpenPanel& panel,
+              std::function<void(const std::vector<std::string>& paths)> chosen) override {
+        opened.push_back(panel);
+        if (choice) {
+            chosen(*choice);
+        }
+    }
+
+    std::vector<OpenPanel> opened;
+    std::optional<std::vector<std::string>> choice;  ///< none: the person thinks better of it
+};
+
+class FakeDesktop final : public Desktop {
+ public:
+    bool openPath(const std::string& path) override {
+        paths.push_back(path);
+        return opensPaths;
+    }
+    bool openAddress(const QString& address) override {
+        addresses.push_back(address);
+        return true;
+    }
+    bool startProgram(const QString& program, const QStringList& /*arguments*/) override {
+        programs.push_back(program);
+        return true;
+    }
+
+    bool opensPaths = true;  ///< or there is no application for them
+    std::vector<std::string> paths;
+    QStringList addresses;
+    QStringList programs;
+};
+
+/// Where a scan waits until the test lets it go on. Any thread.
+class Barrier final {
+ public:
+    ~Barrier() { open(); }
+    void wait() {
+        arrived_ = true;
+        open_.wait(false);
+    }
+    void open() {
+        open_ = true;
+        open_.notify_all();
+    }
+    [[nodiscard]] bool isReached() const { return arrived_; }
+
+ private:
+    std::atomic<bool> arrived_{false};
+    std::atomic<bool> open_{false};
+};
+
+/// The product with its real window, on a platform and surroundings of the test's own, driven by
+/// clicks on controls by their object names.
+class ProductBench : public testing::Test {
+ protected:
+    ProductBench() {
+        platform.setUserName("me");
+        platform.setApplicationSupportFolder(folder.pathOf("support"));
+        platform.setUserFolder(UserFolder::desktop, folder.makeFolder("Desktop"));
+        platform.setUserFolder(UserFolder::documents, folder.makeFolder("Documents"));
+        platform.setUserFolder(UserFolder::pictures, folder.makeFolder("Pictures"));
+        platform.setMountedVolumes({{folder.makeFolder("volume"), "ext4", VolumeKind::internal}});
+    }
+
+    /// Makes the product.
+    void make() {
+        delegate = std::make_unique<AppDelegate>(
+            AppDelegate::Surroundings{.platform = platform,
+                                      .desktop = desktop,
+                                      .settings = settings,
+                                      .alerts = &alerts,
+                                      .panels = &panels,
+                                      .terminate = [this] { ++terminations; },
+                                      .version = QStringLiteral("1.2.3"),
+                                      .urls = urls,
+                                      .previewProgram = previewProgram(),
+                                      .appearance = appearance});
+    }
+
+    /// Starts the product and waits for its window.
+    void launch(const std::vector<std::string>& folders = {}) {
+        QCursor::setPos(-100, -100);
+        make();
+        delegate->applicationDidFinishLaunching(folders);
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window(), 20000));
+    }
+
+    [[nodiscard]] MainWindow& window() { return delegate->window(); }
+    [[nodiscard]] QString screen() { return window().selectedTabViewItem(); }
+
+    template <class Control = QWidget>
+    Control* control(const char* name) {
+        auto* found = window().findChild<Control*>(QLatin1String(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+
+    /// A real click in the middle of a control, which must be there to be clicked.
+    void click(const char* name) {
+        auto* button = control(name);
+        ASSERT_NE(button, nullptr);
+        EXPECT_TRUE(button->isVisible()) << name;
+        EXPECT_TRUE(button->isEnabled()) << name;
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
+
+    /// Opens a context menu with the right button of the mouse, at a place of `control`.
+    void openMenu(QWidget* control, QPoint place, QMenu* menu) {
+        QTest::mouseClick(window().windowHandle(), Qt::RightButton, {},
+                          control->mapTo(&window(), place));
+        ASSERT_TRUE(comesTrue([menu] { return menu->isVisible(); }));
+    }
+
+    /// A real click on an item of a menu that is open.
+    static void choose(QMenu* menu, QAction* item) {
+        ASSERT_TRUE(menu->isVisible());
+        ASSERT_TRUE(item->isVisible());
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(item).center());
+        EXPECT_TRUE(comesTrue([menu] { return !menu->isVisible(); }));
+    }
+
+    template <class Condition>
+    [[nodiscard]] static bool comesTrue(const Condition& condition) {
+        return QTest::qWaitFor(condition, 20000);
+    }
+
+    [[nodiscard]] bool comesTo(const char* identifier) {
+        return comesTrue([&] { return screen() == QLatin1String(identifier); });
+    }
+
+    TemporaryFolder folder;
+    FaultyFileSystem files;
+    FakePlatform platform{files};
+    FakeDesktop desktop;
+    FakeAlerts alerts;
+    FakePanels panels;
+    QSettings settings{QString::fromStdString(folder.pathOf("settings.ini")), QSettings::IniFormat};
+    QString urls;
+    MainWindow::Appearance appearance = MainWindow::Appearance::whenShown;
+    int terminations = 0;
+    std::unique_ptr<AppDelegate> delegate;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,370 @@
+#include "controller/product_bench.h"
+#include "controls/button_settings_saved.h"
+#include "controls/elided_label.h"
+#include "controls/hover_button.h"
+#include "controls/progress_bar.h"
+#include "controls/scan_animation.h"
+#include "interface/about_panel.h"
+#include "interface/location_screen.h"
+#include "interface/notice_panel.h"
+#include "interface/progress_screen.h"
+#include "interface/text_block.h"
+
+#include <QLabel>
+
+namespace tarvin {
+namespace {
+
+class Scanning : public ProductBench {
+ protected:
+    void writeDuplicates() {
+        for (const char* name : {"photos/a.jpg", "photos/b.jpg", "photos/c.txt", "photos/d.txt"}) {
+            folder.writeFile(name, "equal");
+        }
+        folder.writeFile("photos/alone.jpg", "other");
+    }
+
+    void begin() {
+        launch({folder.makeFolder("photos")});
+        click("findDuplicateExact");
+    }
+
+    /// The scan stands still at its first look at a file's contents.
+    void beginAndHoldComparison() {
+        writeDuplicates();
+        files.beforeCall(FileCall::openFile, FaultyFileSystem::each, [this] { barrier.wait(); });
+        begin();
+        EXPECT_TRUE(comesTrue([this] { return barrier.isReached(); }));
+        EXPECT_TRUE(comesTrue([this] { return bar().total() == 5; }));
+    }
+
+    void beginAndHoldCollection() {
+        writeDuplicates();
+        files.beforeCall(
+            FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
+        begin();
+        EXPECT_TRUE(comesTrue([this] { return barrier.isReached(); }));
+    }
+
+    [[nodiscard]] ProgressScreen& progress() { return *window().progress; }
+    [[nodiscard]] ProgressBar& bar() { return *progress().similarIndicator; }
+
+    Barrier barrier;
+    Barrier second;
+};
+
+TEST_F(Scanning, ShowsTheResultWhenEveryFileIsAccountedFor) {
+    writeDuplicates();
+    begin();
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_EQ(bar().total(), 5U);
+    EXPECT_EQ(bar().done(), 5U);
+    EXPECT_EQ(delegate->scan().run().modal()->totalFiles(), 2U);
+    EXPECT_FALSE(delegate->scan().scanning());
+    EXPECT_TRUE(window().buttonHelpManual->isEnabled());
+    EXPECT_TRUE(delegate->locations().list().rows().empty());
+    click("scanInforOKBtn");
+    click("buttonHomePage");
+    EXPECT_EQ(screen(), QStringLiteral("1"));
+    EXPECT_EQ(delegate->scan().run().modal()->totalFiles(), 0U);
+}
+
+TEST_F(Scanning, LeavesExceptedFilesOut) {
+    writeDuplicates();
+    ExceptionFile exceptions(folder.pathOf("support"));
+    exceptions.addExceptions({folder.pathOf("photos/a.jpg")});
+    begin();
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_EQ(bar().total(), 4U);
+    EXPECT_EQ(delegate->scan().run().modal()->totalFiles(), 1U);
+}
+
+TEST_F(Scanning, ShowsWhatItCollects) {
+    beginAndHoldCollection();
+    EXPECT_EQ(screen(), QStringLiteral("5"));
+    EXPECT_TRUE(bar().isIndeterminate());
+    EXPECT_EQ(progress().similarProcessing->text(), QStringLiteral("Collecting Files..."));
+    EXPECT_EQ(progress().textelapse->text(), QStringLiteral("Elapsed Time: 00:00:00"));
+    EXPECT_FALSE(window().buttonHelpManual->isEnabled());
+    EXPECT_TRUE(progress().animationImage->isAnimating());
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(Scanning, ShowsWhatItCompares) {
+    beginAndHoldComparison();
+    EXPECT_FALSE(bar().isIndeterminate());
+    EXPECT_EQ(progress().searchStatus->text(), QStringLiteral("Searching for duplicate files..."));
+    EXPECT_EQ(progress().progressTypeText->text(), QStringLiteral("Searching for duplicate files"));
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(Scanning, NamesTheFileItIsAt) {
+    folder.writeFile("photos/a/1.jpg", "1");
+    folder.writeFile("photos/a/2.jpg", "of another size");
+    folder.writeFile("photos/a/3.txt", "equal");
+    folder.writeFile("photos/a/4.txt", "equal");
+    folder.makeFolder("photos/b");
+    files.setListingOrder(ListingOrder::sorted);
+    files.beforeCall(
+        FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos/b");
+    files.beforeCall(FileCall::openFile, FaultyFileSystem::each, [this] { second.wait(); });
+    begin();
+    const auto names = [&](const char* beginning) {
+        return progress().similarProcessing->text().startsWith(
+            QLatin1String(beginning) + QString::fromStdString(folder.pathOf("photos/a/")));
+    };
+    EXPECT_TRUE(comesTrue([&] { return names("Collecting Files: "); }));
+    // Not everything is told, only what comes a moment after what was told before.
+    const std::uint64_t redrawn = delegate->scan().redraws() + 4;
+    EXPECT_TRUE(comesTrue([&] { return delegate->scan().redraws() >= redrawn; }));
+    barrier.open();
+    // The images differ in size and are not even opened; of the texts one waits for the other.
+    EXPECT_TRUE(comesTrue([this] { return second.isReached(); }));
+    EXPECT_TRUE(comesTrue([&] { return names("Processing File: ") && bar().done() == 3; }));
+    second.open();
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_EQ(bar().done(), 4U);
+}
+
+TEST_F(Scanning, WithoutFilesSaysSoAndGoesHome) {
+    begin();
+    EXPECT_TRUE(comesTrue([this] { return alerts.shown.size() == 1; }));
+    EXPECT_EQ(alerts.shown[0].messageText, QStringLiteral("Tarvin Duplicate File Remover"));
+    EXPECT_EQ(alerts.shown[0].informativeText, QStringLiteral("No duplicates File found"));
+    EXPECT_EQ(screen(), QStringLiteral("5"));
+    EXPECT_FALSE(progress().animationImage->isAnimating());
+    alerts.press(0);
+    EXPECT_EQ(screen(), QStringLiteral("1"));
+    EXPECT_FALSE(delegate->scan().scanning());
+}
+
+TEST_F(Scanning, PausesAndGoesOn) {
+    beginAndHoldComparison();
+    click("pauseResume");
+    EXPECT_TRUE(delegate->scan().run().pause());
+    EXPECT_EQ(progress().pauseResume->text(), QStringLiteral("Resume"));
+    EXPECT_EQ(progress().pauseResume->accessibleName(), QStringLiteral("Resume"));
+    EXPECT_FALSE(progress().stopButton->isEnabled());
+    EXPECT_FALSE(progress().animationImage->isAnimating());
+    click("pauseResume");
+    EXPECT_FALSE(delegate->scan().run().pause());
+    EXPECT_EQ(progress().pauseResume->text(), QStringLiteral("Pause"));
+    EXPECT_TRUE(progress().stopButton->isEnabled());
+    EXPECT_TRUE(progress().animationImage->isAnimating());
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(Scanning, StandsStillOnTheScreenDuringAPause) {
+    beginAndHoldComparison();
+    click("pauseResume");
+    const QString label = progress().similarProcessing->text();
+    const std::uint64_t done = bar().done();
+    // The file in hand is finished.
+    barrier.open();
+    const std::uint64_t redrawn = delegate->scan().redraws() + 3;
+    EXPECT_TRUE(comesTrue([&] { return delegate->scan().redraws() >= redrawn; }));
+    EXPECT_EQ(progress().similarProcessing->text(), label);
+    EXPECT_EQ(bar().done(), done);
+    EXPECT_EQ(screen(), QStringLiteral("5"));
+    click("pauseResume");
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_EQ(bar().done(), 5U);
+}
+
+TEST_F(Scanning, LetsTheBarRestWhileTheCollectionIsPaused) {
+    writeDuplicates();
+    files.beforeCall(
+        FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
+    begin();
+    EXPECT_TRUE(comesTrue([this] { return barrier.isReached(); }));
+    EXPECT_TRUE(comesTrue([this] { return bar().clock().isRunning(); }));
+    click("pauseResume");
+    barrier.open();
+    EXPECT_TRUE(comesTrue([this] { return !bar().clock().isRunning(); }));
+    click("pauseResume");
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(Scanning, StoppedDuringAPauseGoesOnIfTheAnswerIsNo) {
+    beginAndHoldComparison();
+    click("pauseResume");
+    delegate->scan().stop();  // its button is disabled meanwhile
+    EXPECT_TRUE(window().confirmationView->isVisible());
+    click("cancelNo");
+    EXPECT_FALSE(delegate->scan().run().pause());
+    EXPECT_EQ(progress().pauseResume->text(), QStringLiteral("Pause"));
+    EXPECT_TRUE(progress().stopButton->isEnabled());
+    EXPECT_TRUE(progress().animationImage->isAnimating());
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(Scanning, StoppedBesideTheNoticeOfClosingGoesOnIfTheAnswerIsNo) {
+    beginAndHoldComparison();
+    EXPECT_FALSE(window().close());
+    delegate->scan().stop();
+    click("cancelNo");
+    EXPECT_FALSE(delegate->scan().run().pause());
+    EXPECT_EQ(progress().pauseResume->text(), QStringLiteral("Pause"));
+    EXPECT_TRUE(progress().stopButton->isEnabled());
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(Scanning, WaitsForTheAnswerWhetherToStopBehindTheNoticeOfClosing) {
+    beginAndHoldComparison();
+    click("stopButton");
+    EXPECT_FALSE(window().close());
+    click("runningAlertOk");
+    EXPECT_TRUE(delegate->scan().run().pause());
+    EXPECT_TRUE(window().confirmationView->isVisible());
+    click("cancelNo");
+    EXPECT_FALSE(delegate->scan().run().pause());
+    EXPECT_EQ(progress().pauseResume->text(), QStringLiteral("Pause"));
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(Scanning, BeginsWithoutThePanelsOfTheScreenBefore) {
+    writeDuplicates();
+    launch({folder.pathOf("photos")});
+    window().showAbout();
+    window().showNotice(window().runningAlert, {220, 50});
+    delegate->scan().buttonFindDuplicatesExactClicked();
+    EXPECT_FALSE(window().windowAboutPanel->isVisible());
+    EXPECT_FALSE(window().runningAlert->isVisible());
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(Scanning, EndsWhenItsResultIsForgotten) {
+    beginAndHoldComparison();
+    delegate->scan().pause();
+    barrier.open();
+    delegate->homeCleanup();
+    EXPECT_FALSE(delegate->scan().scanning());
+    EXPECT_FALSE(delegate->scan().run().scanning());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(screen(), QStringLiteral("5"));
+}
+
+TEST_F(Scanning, StopPausesAndAsks) {
+    beginAndHoldComparison();
+    click("stopButton");
+    EXPECT_TRUE(window().confirmationView->isVisible());
+    EXPECT_TRUE(delegate->scan().run().pause());
+    EXPECT_FALSE(progress().pauseResume->isEnabled());
+    click("cancelNo");
+    EXPECT_FALSE(window().confirmationView->isVisible());
+    EXPECT_FALSE(delegate->scan().run().pause());
+    EXPECT_TRUE(progress().pauseResume->isEnabled());
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(Scanning, StoppedWhileItComparesShowsWhatWasProven) {
+    beginAndHoldComparison();
+    click("stopButton");
+    click("cancelYes");
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_FALSE(window().confirmationView->isVisible());
+    EXPECT_FALSE(delegate->scan().scanning());
+    EXPECT_EQ(delegate->scan().run().modal()->totalFiles(), 0U);
+}
+
+TEST_F(Scanning, StoppedBetweenTwoLocationsShowsAnEmptyResultAndResetsEverything) {
+    writeDuplicates();
+    files.beforeCall(
+        FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
+    launch({folder.pathOf("photos"), folder.makeFolder("more")});
+    click("findDuplicateExact");
+    ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
+    click("stopButton");
+    click("cancelYes");
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_TRUE(alerts.shown.empty());
+    EXPECT_EQ(delegate->scan().run().modal()->extensionCount(), 0U);
+    EXPECT_TRUE(delegate->locations().list().rows().empty());
+    EXPECT_TRUE(delegate->locations().history().folderBrowser().empty());
+    EXPECT_TRUE(progress().pauseResume->isEnabled());
+    EXPECT_EQ(progress().pauseResume->text(), QStringLiteral("Pause"));
+}
+
+TEST_F(Scanning, StoppedInTheLastLocationComparesNothing) {
+    writeDuplicates();
+    folder.writeFile("photos/inner/last.txt", "last");
+    files.setListingOrder(ListingOrder::sorted);
+    files.beforeCall(
+        FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos/inner");
+    begin();
+    ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
+    click("stopButton");
+    click("cancelYes");
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_TRUE(alerts.shown.empty());
+    EXPECT_EQ(delegate->scan().run().modal()->extensionCount(), 0U);
+}
+
+/// No location is left at which the stop would be seen.
+TEST_F(Scanning, StoppedInTheLastLocationBeforeItsFirstFileSaysThatThereAreNone) {
+    beginAndHoldCollection();
+    click("stopButton");
+    click("cancelYes");
+    barrier.open();
+    ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+    EXPECT_EQ(alerts.shown[0].informativeText, QStringLiteral("No duplicates File found"));
+    alerts.press(0);
+    EXPECT_EQ(screen(), QStringLiteral("1"));
+    EXPECT_FALSE(delegate->scan().run().stop());
+}
+
+TEST_F(Scanning, KeepsTheWindowOpenAndWaitsForTheAnswer) {
+    beginAndHoldComparison();
+    EXPECT_FALSE(window().close());
+    EXPECT_EQ(terminations, 0);
+    EXPECT_TRUE(window().runningAlert->isVisible());
+    EXPECT_EQ(window().runningAlertText->text(),
+              QStringLiteral("A operation is in progress. Please stop the current process."));
+    EXPECT_TRUE(delegate->scan().run().pause());
+    EXPECT_FALSE(progress().animationImage->isAnimating());
+    click("runningAlertOk");
+    EXPECT_FALSE(window().runningAlert->isVisible());
+    EXPECT_FALSE(delegate->scan().run().pause());
+    EXPECT_TRUE(progress().animationImage->isAnimating());
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(Scanning, ASecondScanKnowsNothingOfTheFirst) {
+    writeDuplicates();
+    begin();
+    EXPECT_TRUE(comesTo("4"));
+    click("scanInforOKBtn");
+    click("buttonHomePage");
+    files.beforeCall(
+        FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
+    delegate->locations().openWith({folder.pathOf("photos")});
+    click("findDuplicateExact");
+    EXPECT_TRUE(comesTrue([this] { return barrier.isReached(); }));
+    EXPECT_EQ(bar().done(), 0U);
+    EXPECT_EQ(progress().similarProcessing->text(), QStringLiteral("Collecting Files..."));
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_EQ(delegate->scan().run().modal()->totalFiles(), 2U);
+}
+
+TEST_F(Scanning, EndsWithTheProgramInTheMiddleOfAFile) {
+    beginAndHoldComparison();
+    delegate->scan().run().requestStop();
+    barrier.open();
+    delegate.reset();
+    EXPECT_FALSE(platform.runningCopies().hasJoined());
+}
+
+}  // namespace
+}  // namespace tarvin

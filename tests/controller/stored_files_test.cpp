@@ -1,0 +1,169 @@
+#include "controller/deletion_bench.h"
+#include "interface/translation.h"
+#include "store/property_list.h"
+
+#include <QCoreApplication>
+#include <fstream>
+#include <iterator>
+
+namespace tarvin {
+namespace {
+
+/// What the program keeps between two starts, with a result to change it.
+class StoredFiles : public DeletionBench {
+ protected:
+    [[nodiscard]] std::string dataPath() { return folder.pathOf("support/data.plist"); }
+
+    [[nodiscard]] static std::string contentOf(const std::string& path) {
+        std::ifstream file(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    /// The root of data.plist.
+    [[nodiscard]] PropertyList storedData() {
+        std::optional<PropertyList> list = PropertyList::parse(contentOf(dataPath()));
+        EXPECT_TRUE(list && list->isDictionary()) << contentOf(dataPath());
+        return list ? std::move(*list) : PropertyList::dictionary();
+    }
+
+    [[nodiscard]] bool showsTotals() { return window().home->cleanHistory->isVisible(); }
+
+    void deleteSet(int extension, int set) {
+        clickBox(tree().indexOfSet(extension, set));
+        EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 1");
+        click("scanInforOKBtn");
+    }
+
+    void excludeAll() {
+        click("markAll");
+        click("addEceptionBtn");
+        click("excOKBtn");
+        EXPECT_EQ(information()[1], "\nSuccessfully added 4 files to exceptions.");
+        click("scanInforOKBtn");
+    }
+};
+
+TEST_F(StoredFiles, AreMadeAtTheFirstStart) {
+    ASSERT_FALSE(std::filesystem::exists(folder.pathOf("support")));
+    launch();
+    const PropertyList data = storedData();
+    EXPECT_EQ(data.number("deletedCount"), 0U);
+    EXPECT_EQ(data.number("deletedSize"), 0U);
+    EXPECT_EQ(data.number("matchingLevel"), 5U);
+    EXPECT_EQ(data.number("matchingSize"), 2U);
+    EXPECT_FALSE(showsTotals());
+}
+
+TEST_F(StoredFiles, WithoutACountAreNotRepairedWhenTheyAreRead) {
+    PropertyList list = PropertyList::dictionary();
+    list.setNumber("deletedSize", 7);
+    folder.writeFile("support/data.plist", list.xml());
+    launch();
+    EXPECT_EQ(delegate->session().alreadyDeletedCount(), 0);
+    EXPECT_EQ(delegate->session().alreadyDeletedSize(), 7U);
+    EXPECT_FALSE(showsTotals());
+    EXPECT_EQ(contentOf(dataPath()), list.xml());
+}
+
+TEST_F(StoredFiles, ThatCannotBeReadAreWrittenAnewWithTheTotalsAlone) {
+    folder.writeFile("support/data.plist", "no property list");
+    writeThreeSets();
+    scanAndReview();
+    EXPECT_EQ(contentOf(dataPath()), "no property list");
+    deleteSet(0, 0);
+    const PropertyList data = storedData();
+    EXPECT_EQ(data.number("deletedCount"), 1U);
+    EXPECT_EQ(data.number("deletedSize"), 3U);
+    EXPECT_EQ(data.number("matchingLevel"), std::nullopt);
+    EXPECT_EQ(data.number("matchingSize"), std::nullopt);
+}
+
+/// Where the folder should be is a file.
+TEST_F(StoredFiles, ThatCannotBeWrittenHoldWhileTheProgramRuns) {
+    writeThreeSets();
+    folder.writeFile("support", "in the way");
+    scanAndReview();
+    deleteSet(0, 0);
+    EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 1 (0.00 KB)");
+    deleteSet(1, 0);
+    EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 2 (0.01 KB)");
+    EXPECT_EQ(contentOf(folder.pathOf("support")), "in the way");
+    click("buttonHomePage");
+    EXPECT_TRUE(showsTotals());
+}
+
+TEST_F(StoredFiles, ThatCannotBeWrittenStillKeepExceptionsFromScans) {
+    writeThreeSets();
+    folder.writeFile("support", "in the way");
+    scanAndReview();
+    excludeAll();
+    EXPECT_TRUE(isEnabled("removeExceptionBtn"));
+    scanAgain();
+    EXPECT_EQ(modal().extensionCount(), 0U);
+}
+
+class WithoutASupportFolder : public StoredFiles {
+ protected:
+    void SetUp() override {
+        platform.setApplicationSupportFolder(std::nullopt);
+        writeThreeSets();
+        scanAndReview();
+    }
+};
+
+TEST_F(WithoutASupportFolder, TotalsOfSeveralRunsAddUp) {
+    EXPECT_EQ(delegate->session().alreadyDeletedCount(), 0);
+    deleteSet(0, 0);
+    deleteSet(1, 0);
+    EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 2 (0.01 KB)");
+    click("buttonHomePage");
+    EXPECT_TRUE(showsTotals());
+    EXPECT_FALSE(std::filesystem::exists("/data.plist"));
+}
+
+TEST_F(WithoutASupportFolder, ExceptionsHoldUntilTheyAreForgotten) {
+    excludeAll();
+    EXPECT_TRUE(isEnabled("removeExceptionBtn"));
+    scanAgain();
+    EXPECT_EQ(modal().extensionCount(), 0U);
+    click("scanInforOKBtn");
+    ASSERT_EQ(screen(), QStringLiteral("1"));
+    delegate->exceptions().removeExceptions();
+    alerts.press(0);
+    click("scanInforOKBtn");
+    delegate->locations().openWith({folder.pathOf("found")});
+    click("findDuplicateExact");
+    ASSERT_TRUE(comesTo("4"));
+    EXPECT_EQ(modal().totalFiles(), 4U);
+    EXPECT_FALSE(std::filesystem::exists("/exception.plist"));
+}
+
+class InGerman : public StoredFiles {
+ protected:
+    InGerman() : translator_(loadTranslation(QLocale(QStringLiteral("de")))) {
+        QCoreApplication::installTranslator(translator_.get());
+    }
+    ~InGerman() override {
+        delegate.reset();
+        QCoreApplication::removeTranslator(translator_.get());
+    }
+
+ private:
+    std::unique_ptr<QTranslator> translator_;
+};
+
+TEST_F(InGerman, TheTotalsAreToldAlikeAtTheStartAndAfterADeletion) {
+    DataFile before(folder.pathOf("support"));
+    ASSERT_FALSE(before.addDeleted(3, 2'000'000).has_value());
+    writeThreeSets();
+    scan();
+    EXPECT_EQ(textOf("cleanHistory"), "Bisher bereinigte Dateien: 3 (2.00 MB)");
+    click("scanInforOKBtn");
+    clickBox(tree().indexOfSet(0, 0));
+    click("finishButton");
+    ASSERT_TRUE(reported());
+    EXPECT_EQ(textOf("cleanHistory"), "Bisher bereinigte Dateien: 4 (2.00 MB)");
+}
+
+}  // namespace
+}  // namespace tarvin
