@@ -3,7 +3,9 @@ add_library(tarvin_compile_settings INTERFACE)
 target_compile_features(tarvin_compile_settings INTERFACE cxx_std_20)
 target_compile_options(tarvin_compile_settings INTERFACE
     -Wall -Wextra -Wpedantic -Werror
-    -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
+    # Of sources compiled as one, what hides a name of another is no fault.
+    $<$<NOT:$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>:-Wshadow>
+    -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
     -Woverloaded-virtual -Wcast-align -Wformat=2 -Wimplicit-fallthrough -Wundef
     -fno-omit-frame-pointer
     # GCC 12 sees overlapping copies in std::string's operator+ where there are none (its bug 105651).

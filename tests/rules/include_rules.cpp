@@ -17,7 +17,7 @@ enum class Library { standard, system, glib, libplist, utf8proc, xxhash, cli11, 
 struct Layer {
     std::string_view folder;
     /// Folders with a slash at the end, or single headers.
-    std::array<std::string_view, 6> ours{};
+    std::array<std::string_view, 7> ours{};
     std::array<Library, 3> libraries{};
     /// Allowed in .cpp files, never in a header that others include.
     std::array<Library, 3> librariesInSources{};
@@ -31,16 +31,23 @@ constexpr std::array layers{
           .ours = {"model/", "platform/"},
           .librariesInSources = {Library::utf8proc, Library::xxhash}},
     Layer{.folder = "store", .ours = {"platform/"}, .librariesInSources = {Library::libplist}},
+    Layer{.folder = "preview",
+          .ours = {"platform/file_system.h"},
+          .libraries = {Library::qt},
+          .librariesInSources = {Library::system}},
     Layer{.folder = "controls", .libraries = {Library::qt}},
     Layer{.folder = "interface", .ours = {"controls/"}, .libraries = {Library::qt}},
     Layer{.folder = "controller",
-          .ours = {"model/", "scan/", "store/", "platform/", "controls/", "interface/"},
+          .ours = {"model/", "scan/", "store/", "platform/", "preview/preview_format.h",
+                   "controls/", "interface/"},
           .libraries = {Library::qt}},
     Layer{.folder = "cli",
           .ours = {"model/", "scan/", "store/", "platform/"},
           .libraries = {Library::cli11, Library::json},
           .librariesInSources = {Library::system}},
-    Layer{.folder = "app", .ours = {"controller/"}, .libraries = {Library::qt}},
+    Layer{.folder = "app",
+          .ours = {"controller/", "interface/translation.h", "platform/platform.h"},
+          .libraries = {Library::qt}},
 };
 
 /// How a library's headers are recognised: a whole name, or a folder with a slash at its end.
@@ -50,17 +57,18 @@ struct HeaderOf {
 };
 
 constexpr std::array headers{
-    HeaderOf{"dirent.h", Library::system},     HeaderOf{"errno.h", Library::system},
-    HeaderOf{"fcntl.h", Library::system},      HeaderOf{"linux/", Library::system},
-    HeaderOf{"mntent.h", Library::system},     HeaderOf{"poll.h", Library::system},
-    HeaderOf{"pthread.h", Library::system},    HeaderOf{"pwd.h", Library::system},
-    HeaderOf{"signal.h", Library::system},     HeaderOf{"spawn.h", Library::system},
-    HeaderOf{"sys/", Library::system},         HeaderOf{"termios.h", Library::system},
-    HeaderOf{"unistd.h", Library::system},     HeaderOf{"gio/", Library::glib},
-    HeaderOf{"glib.h", Library::glib},         HeaderOf{"glib/", Library::glib},
-    HeaderOf{"glib-object.h", Library::glib},  HeaderOf{"plist/", Library::libplist},
-    HeaderOf{"utf8proc.h", Library::utf8proc}, HeaderOf{"xxhash.h", Library::xxhash},
-    HeaderOf{"CLI/", Library::cli11},          HeaderOf{"nlohmann/", Library::json},
+    HeaderOf{"dirent.h", Library::system},  HeaderOf{"dlfcn.h", Library::system},
+    HeaderOf{"errno.h", Library::system},   HeaderOf{"fcntl.h", Library::system},
+    HeaderOf{"linux/", Library::system},    HeaderOf{"mntent.h", Library::system},
+    HeaderOf{"poll.h", Library::system},    HeaderOf{"pthread.h", Library::system},
+    HeaderOf{"pwd.h", Library::system},     HeaderOf{"signal.h", Library::system},
+    HeaderOf{"spawn.h", Library::system},   HeaderOf{"sys/", Library::system},
+    HeaderOf{"termios.h", Library::system}, HeaderOf{"unistd.h", Library::system},
+    HeaderOf{"gio/", Library::glib},        HeaderOf{"glib.h", Library::glib},
+    HeaderOf{"glib/", Library::glib},       HeaderOf{"glib-object.h", Library::glib},
+    HeaderOf{"plist/", Library::libplist},  HeaderOf{"utf8proc.h", Library::utf8proc},
+    HeaderOf{"xxhash.h", Library::xxhash},  HeaderOf{"CLI/", Library::cli11},
+    HeaderOf{"nlohmann/", Library::json},
 };
 
 bool matches(std::string_view name, std::string_view pattern) {

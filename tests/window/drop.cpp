@@ -1,0 +1,68 @@
+#include "window/drop.h"
+
+#include "support/temporary_folder.h"
+#include "support/waiting.h"
+#include "window/child_process.h"
+#include "window/program_window.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cctype>
+
+namespace tarvin {
+
+namespace {
+
+std::string encoded(const std::string& path) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string text;
+    for (const char letter : path) {
+        const auto byte = static_cast<unsigned char>(letter);
+        if (std::isalnum(byte) != 0 || letter == '/') {
+            text += letter;
+        } else {
+            text.append({'%', digits[byte >> 4U], digits[byte & 15U]});
+        }
+    }
+    return text;
+}
+
+}  // namespace
+
+std::string dropSource() {
+    return TARVIN_DROP_SOURCE;
+}
+
+void dropFromElsewhere(const std::string& type, const std::string& content, Spot target) {
+    const TemporaryFolder folder;
+    ChildProcess source({dropSource(), type, folder.writeFile("content", content)},
+                        folder.pathOf("source"));
+    const ProgramWindow window(source.pid());
+    const Spot start = window.wait(ATSPI_ROLE_LABEL, "Drag me").area().middle();
+    const auto says = [&](const std::string& word) {
+        return source.output().find(word) != std::string::npos;
+    };
+    input::moveTo(start);
+    input::press();
+    // A press becomes a drag by a few movements, and the target is asked at each of them.
+    int step = 0;
+    EXPECT_TRUE(waitUntil([&] {
+        ++step;
+        input::moveTo(step <= 4 ? Spot{start.x + 8 * step, start.y}
+                                : Spot{target.x + step % 2, target.y});
+        return says("over\n");
+    })) << "Nobody would take the drop.";
+    input::release();
+    EXPECT_TRUE(waitUntil([&] { return says("finished\n"); })) << "The drop does not end.";
+}
+
+void dropFiles(const std::vector<std::string>& paths, Spot target) {
+    std::string addresses;
+    for (const std::string& path : paths) {
+        addresses += "file://" + encoded(path) + "\r\n";
+    }
+    dropFromElsewhere("text/uri-list", addresses, target);
+}
+
+}  // namespace tarvin

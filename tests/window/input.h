@@ -1,0 +1,27 @@
+#pragma once
+
+#include "window/accessible.h"
+
+#include <string>
+
+namespace tarvin {
+
+/// What a person does with mouse and keyboard, by real events of the X server.
+namespace input {
+
+void moveTo(Spot spot);
+void press();    ///< the left button
+void release();  ///< the left button
+void click(Spot spot);
+/// A key with its modifiers, as in "alt+F4", for the window that has the keyboard.
+void key(const std::string& keys);
+
+/// Makes the window that has the keyboard an icon.
+void minimize();
+
+/// The process of the window that has the keyboard; 0 if there is none.
+[[nodiscard]] pid_t processInFront();
+
+}  // namespace input
+
+}  // namespace tarvin

@@ -1,0 +1,107 @@
+#include "support/waiting.h"
+#include "window/drop.h"
+#include "window/home.h"
+#include "window/location_rows.h"
+#include "window/program_window.h"
+#include "window/scan_steps.h"
+
+#include <gtest/gtest.h>
+
+namespace tarvin {
+namespace {
+
+constexpr const char* stopQuestion = "Are you sure, you want to stop this process?";
+
+void enterFolders(const ProgramWindow& window) {
+    window.waitForText("Find duplicate files");
+    window.click("Scan Folders");
+}
+
+void goHome(const ProgramWindow& window) {
+    window.click("Home");
+    window.waitForText("Find duplicate files");
+}
+
+TEST(WholeRun, LeadsFromHomeThroughAStoppedScanToHome) {
+    Home home;
+    const std::string endless = makeEndlessFolder(home, "Films");
+    const auto product = home.startProduct();
+    const ProgramWindow window(product->pid());
+
+    enterFolders(window);
+    const LocationRows rows(window);
+    EXPECT_FALSE(window.isEnabled("Scan"));
+    dropFiles({endless}, rows.dropSpot());
+    ASSERT_TRUE(rows.has("Films"));
+    EXPECT_TRUE(rows.isChecked("Films"));
+    window.waitForButton("Scan", true);
+    rows.clickCheckBox("Films");
+    window.waitForButton("Scan", false);
+    EXPECT_FALSE(rows.isChecked("Films"));
+    rows.clickCheckBox("Desktop");
+    window.waitForButton("Scan", true);
+    EXPECT_TRUE(rows.isChecked("Desktop"));
+    rows.clickCheckBox("Films");
+    EXPECT_TRUE(waitUntil([&] { return rows.isChecked("Films"); }));
+
+    window.click("Scan");
+    window.waitForText("Searching for duplicate files...");
+    waitForProgress(window);
+    window.click("Pause");
+    window.waitForButton("Resume", true);
+    window.waitForButton("Stop", false);
+    EXPECT_TRUE(timeStandsStill(window));
+    window.click("Resume");
+    window.waitForButton("Pause", true);
+    waitForProgress(window);
+
+    window.click("Stop");
+    window.waitForText(stopQuestion);
+    window.click("No");
+    window.waitForEnd(stopQuestion);
+    window.waitForButton("Pause", true);
+    waitForProgress(window);
+    window.click("Stop");
+    window.waitForText(stopQuestion);
+    window.click("Yes");
+    window.waitForText("Duplicate Files");
+    // Nothing was found, so that its summary leads back.
+    window.click("Review");
+    window.waitForText("Find duplicate files");
+    EXPECT_TRUE(product->runs());
+}
+
+TEST(WholeRun, ScansASmallFolderToItsEnd) {
+    Home home;
+    const std::string folder = makeSmallFolder(home, "Letters");
+    const auto product = home.startProduct();
+    const ProgramWindow window(product->pid());
+    for (int round = 0; round < 2; ++round) {
+        enterFolders(window);
+        const LocationRows rows(window);
+        dropFiles({folder}, rows.dropSpot());
+        ASSERT_TRUE(rows.has("Letters"));
+        window.click("Scan");
+        window.waitForText("Duplicate Files");
+        window.click("Review");
+        window.waitForEnd("Duplicates Found");
+        goHome(window);
+    }
+    EXPECT_TRUE(product->runs());
+}
+
+TEST(WholeRun, SaysThatThereIsNothingToCompare) {
+    Home home;
+    const auto product = home.startProduct();
+    const ProgramWindow window(product->pid());
+    enterFolders(window);
+    LocationRows(window).clickCheckBox("Documents");
+    window.click("Scan");
+    window.waitForText("No duplicates File found");
+    window.click("Ok");
+    window.waitForText("Find duplicate files");
+    EXPECT_TRUE(product->runs());
+}
+
+}  // namespace
+}  // namespace tarvin
