@@ -7,6 +7,7 @@
 #include "platform/platform.h"
 #include "scan/checked_trash.h"
 #include "scan/duplicate_finder.h"
+#include "work_folder.h"
 
 #include <chrono>
 #include <cstddef>
@@ -18,36 +19,14 @@
 #include <iostream>
 #include <memory>
 #include <string>
-#include <system_error>
 #include <vector>
 
 namespace {
 
 using namespace tarvin;
+using tarvin::bench::WorkFolder;
 
 constexpr std::size_t movedFiles = 5'000;
-
-/// A folder that is gone with the object.
-class WorkFolder final {
- public:
-    explicit WorkFolder(const std::string& in) : path_(in + "/tarvin-clean-rate-XXXXXX") {
-        if (::mkdtemp(path_.data()) == nullptr) {
-            std::cerr << "No folder can be made in " << in << '\n';
-            std::exit(1);  // NOLINT(concurrency-mt-unsafe)
-        }
-    }
-    WorkFolder(const WorkFolder&) = delete;
-    WorkFolder& operator=(const WorkFolder&) = delete;
-    ~WorkFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-
-    [[nodiscard]] std::string pathOf(const std::string& name) const { return path_ + "/" + name; }
-
- private:
-    std::string path_;
-};
 
 /// Moves nothing and says that it did.
 class FreeTrash final : public Trash {

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <vector>
+
+namespace tarvin::bench {
+
+using Clock = std::chrono::steady_clock;
+
+[[nodiscard]] inline double milliseconds(Clock::duration duration) {
+    return std::chrono::duration<double, std::milli>(duration).count();
+}
+
+/// Of at least one figure; the mean of the two in the middle of an even number.
+[[nodiscard]] inline double median(std::vector<double> figures) {
+    std::sort(figures.begin(), figures.end());
+    const std::size_t middle = figures.size() / 2;
+    return figures.size() % 2 == 1 ? figures[middle] : (figures[middle - 1] + figures[middle]) / 2;
+}
+
+[[nodiscard]] inline double least(const std::vector<double>& figures) {
+    return *std::min_element(figures.begin(), figures.end());
+}
+
+[[nodiscard]] inline double most(const std::vector<double>& figures) {
+    return *std::max_element(figures.begin(), figures.end());
+}
+
+}  // namespace tarvin::bench

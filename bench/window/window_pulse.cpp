@@ -1,0 +1,301 @@
+// Leads the product's window from screen to screen and through scans of a large tree, and measures
+// how long its main thread is ever busy at a stretch, and how often a person sees the scan move.
+
+#include "controls/button_hover_complex.h"
+#include "controls/button_hover_simple.h"
+#include "controls/button_settings_saved.h"
+#include "controls/hover_button.h"
+#include "corpus_plan.h"
+#include "corpus_writer.h"
+#include "heartbeat.h"
+#include "interface/home_screen.h"
+#include "interface/location_screen.h"
+#include "interface/main_window.h"
+#include "interface/progress_screen.h"
+#include "interface/result_screen.h"
+#include "private_home.h"
+#include "product.h"
+#include "progress_watch.h"
+#include "work_folder.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdint>
+#include <cstdio>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace tarvin::bench;
+
+constexpr double longestStretchGoal = 50;  // milliseconds
+constexpr double changesGoal = 10;         // a second
+constexpr std::chrono::milliseconds aMoment{100};
+constexpr std::chrono::milliseconds aLook{400};
+// A result is let go of in the meantime.
+constexpr std::chrono::milliseconds aLongLook{2000};
+
+struct Options {
+    std::string work = "/var/tmp";
+    std::string tree;
+    std::uint64_t files = 20'000;
+    int rounds = 3;
+};
+
+/// What all rounds together have shown of one step.
+struct StepFigures {
+    std::vector<double> longest;
+    Stretch worst;
+};
+
+/// What all rounds together have shown of one phase of the scan.
+struct PhaseFigures {
+    std::vector<double> seconds;
+    std::vector<double> changes;  ///< in each whole second of each round
+    std::vector<double> paints;
+    double longestGap = 0;  ///< between two changes, milliseconds
+
+    void add(const ProgressWatch::Phase& phase) {
+        seconds.push_back(milliseconds(phase.to - phase.from) / 1000);
+        const auto append = [&phase](std::vector<double>& to, const auto& moments) {
+            const std::vector<double> more = inEachSecond(phase, moments);
+            to.insert(to.end(), more.begin(), more.end());
+        };
+        append(changes, phase.changes);
+        append(paints, phase.paints);
+        for (std::size_t at = 1; at < phase.changes.size(); ++at) {
+            longestGap =
+                std::max(longestGap, milliseconds(phase.changes[at] - phase.changes[at - 1]));
+        }
+    }
+};
+
+/// The way through the window, again and again.
+class Tour final {
+ public:
+    Tour(Heartbeat& heartbeat, std::string tree) : heartbeat_(heartbeat), tree_(std::move(tree)) {}
+
+    bool run(int rounds) {
+        // How long the program takes to get here is a measurement of its own.
+        heartbeat_.startAnew();
+        heartbeat_.enter("the window comes");
+        if (!product_.comes()) {
+            return false;
+        }
+        Product::rest(aLook);
+        note();
+        for (int round = 0; round < rounds; ++round) {
+            if (!lookAtLocations() || !scan() || !stopScan()) {
+                return false;
+            }
+            note();
+        }
+        return true;
+    }
+
+    [[nodiscard]] bool report() const {
+        bool reached = true;
+        std::printf(
+            "The longest stretch of work on the main thread, from one wait to the next, ms: of\n"
+            "several rounds the median and the most; of the most, how long the thread ran and how\n"
+            "long it stood in line for a processor, and its longest handler:\n");
+        for (const std::string& name : order_) {
+            const StepFigures& step = steps_.at(name);
+            std::printf("  %-22s %6.1f %6.1f   ran %5.1f, in line %5.1f; %5.1f in %s\n",
+                        name.c_str(), median(step.longest), most(step.longest),
+                        step.worst.processor, step.worst.queued, step.worst.handler,
+                        step.worst.what.c_str());
+            reached = reached && most(step.longest) <= longestStretchGoal;
+        }
+        std::printf("at most %.0f ms: %s\n", longestStretchGoal,
+                    reached ? "reached" : "NOT REACHED");
+        std::printf("Files compared: %llu, sets of duplicates: %zu\n",
+                    static_cast<unsigned long long>(files_), sets_);
+        const bool collecting = reportPhase("collecting", collecting_);
+        const bool comparing = reportPhase("comparing", comparing_);
+        return reached && collecting && comparing;
+    }
+
+ private:
+    tarvin::MainWindow& window() { return product_.window(); }
+
+    bool go(const char* step, QAbstractButton* button, const QString& screen) {
+        heartbeat_.enter(step);
+        product_.click(button);
+        const bool came = Product::until([&] { return product_.isOn(screen); });
+        Product::rest(aLook);
+        return came;
+    }
+
+    bool lookAtLocations() {
+        tarvin::MainWindow& shown = window();
+        const QString home = shown.home->identifier();
+        const QString locations = shown.locations->identifier();
+        return go("to the drives", shown.home->mainScanButton, locations) &&
+               go("home from the drives", shown.locations->buttonHomeExactPage, home) &&
+               go("to the folders", shown.home->mainScanButtonFolder, locations) &&
+               go("home from the folders", shown.locations->buttonHomeExactPage, home);
+    }
+
+    void giveFolder() {
+        heartbeat_.enter("a folder is given");
+        product_.act([this] { product_.delegate().locations().openWith({tree_}); });
+        Product::rest(aLook);
+    }
+
+    void beginScan(const char* step) {
+        heartbeat_.enter(step);
+        product_.act([this] {
+            watch_.begin();
+            window().locations->findDuplicateExact->click();
+        });
+    }
+
+    bool goHome(const char* step) {
+        heartbeat_.enter(step);
+        product_.click(window().results->buttonHomePage);
+        const bool came =
+            Product::until([this] { return product_.isOn(window().home->identifier()); });
+        Product::rest(aLongLook);
+        return came;
+    }
+
+    bool scan() {
+        giveFolder();
+        beginScan("the scan");
+        const QString results = window().results->identifier();
+        const bool came = Product::until([&] {
+            watch_.look();
+            return product_.isOn(results);
+        });
+        watch_.end();
+        if (!came) {
+            return false;
+        }
+        heartbeat_.enter("the result is shown");
+        Product::rest(aLook);
+        countResult();
+        return goHome("home from the result");
+    }
+
+    /// Paused and resumed, then stopped when about a third of the files have been compared.
+    bool stopScan() {
+        giveFolder();
+        beginScan("a scan is stopped");
+        tarvin::ScanRun& run = product_.delegate().scan().run();
+        const QString results = window().results->identifier();
+        const auto isOver = [&] { return product_.isOn(results); };
+        if (!Product::until([&] { return run.processed() > files_ / 3 || isOver(); })) {
+            return false;
+        }
+        for (QAbstractButton* button :
+             {static_cast<QAbstractButton*>(window().progress->pauseResume),
+              static_cast<QAbstractButton*>(window().progress->pauseResume),
+              static_cast<QAbstractButton*>(window().progress->stopButton),
+              static_cast<QAbstractButton*>(window().cancelYes)}) {
+            // A small tree may be done before.
+            if (!isOver()) {
+                product_.click(button);
+                Product::rest(aMoment);
+            }
+        }
+        return Product::until(isOver) && goHome("home from what was found");
+    }
+
+    void countResult() {
+        tarvin::ScanRun& run = product_.delegate().scan().run();
+        files_ = run.processed();
+        sets_ = 0;
+        for (const auto& extension : run.modal()->extensions()) {
+            sets_ += extension->nummberOfSets();
+        }
+        collecting_.add(watch_.collecting());
+        comparing_.add(watch_.comparing());
+    }
+
+    void note() {
+        for (const Heartbeat::Step& step : heartbeat_.steps()) {
+            if (step.name.empty()) {
+                continue;
+            }
+            if (steps_.count(step.name) == 0) {
+                order_.push_back(step.name);
+            }
+            StepFigures& figures = steps_[step.name];
+            figures.longest.push_back(step.longest.wall);
+            if (step.longest.wall >= figures.worst.wall) {
+                figures.worst = step.longest;
+            }
+        }
+        heartbeat_.clear();
+    }
+
+    static bool reportPhase(const char* name, const PhaseFigures& phase) {
+        std::printf("%s: %.1f s (median); ", name, median(phase.seconds));
+        if (phase.changes.empty()) {
+            std::printf("too short for a whole second\n");
+            return true;
+        }
+        const bool reached = least(phase.changes) >= changesGoal;
+        std::printf(
+            "shown anew in each of %zu whole seconds: at least %.0f times, median %.1f "
+            "(painted at least %.0f times); longest gap %.0f ms\n",
+            phase.changes.size(), least(phase.changes), median(phase.changes), least(phase.paints),
+            phase.longestGap);
+        std::printf("at least %.0f times a second: %s\n", changesGoal,
+                    reached ? "reached" : "NOT REACHED");
+        return reached;
+    }
+
+    Heartbeat& heartbeat_;
+    const std::string tree_;
+    Product product_;
+    ProgressWatch watch_{*product_.window().progress};
+    std::vector<std::string> order_;
+    std::map<std::string, StepFigures> steps_;
+    PhaseFigures collecting_;
+    PhaseFigures comparing_;
+    std::uint64_t files_ = 0;
+    std::size_t sets_ = 0;
+};
+
+bool makeTree(const std::string& path, std::uint64_t files) {
+    const CorpusRequest request{.files = files, .copiesPercent = 50};
+    const CorpusPlan plan = planCorpus(request);
+    return CorpusWriter(plan, request.seed).write(path);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app("Measures how long the window's main thread is ever busy while it scans.");
+    Options options;
+    app.add_option("--files", options.files, "the tree made for it has so many files");
+    app.add_option("--tree", options.tree, "this tree instead, which is only read");
+    app.add_option("--rounds", options.rounds, "so many scans")->check(CLI::PositiveNumber);
+    app.add_option("--work", options.work, "where the tree and the private home go");
+    CLI11_PARSE(app, argc, argv);
+
+    std::optional<WorkFolder> work;
+    if (options.tree.empty()) {
+        work.emplace(options.work);
+        options.tree = work->pathOf("tree");
+        if (!makeTree(options.tree, options.files)) {
+            return 1;
+        }
+    }
+    const PrivateHome home(options.work);
+    usePlatformOfMeasurement();
+    nameTheProduct();
+    const WatchedApplication application(argc, argv);
+    Heartbeat heartbeat;
+    Tour tour(heartbeat, options.tree);
+    if (!tour.run(options.rounds)) {
+        std::fputs("The product did not get on.\n", stderr);
+        return 1;
+    }
+    return tour.report() ? 0 : 1;
+}

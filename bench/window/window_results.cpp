@@ -1,0 +1,494 @@
+// Leads the product's window through a large result, and measures how long a person waits for each
+// thing that can be done with it, what a row of its views costs, and how long the main thread is
+// ever busy while files are deleted.
+
+#include "controls/button_hover_simple.h"
+#include "controls/button_settings_saved.h"
+#include "controls/hover_button.h"
+#include "controls/tab_button.h"
+#include "equal_files.h"
+#include "heartbeat.h"
+#include "interface/home_screen.h"
+#include "interface/information_panel.h"
+#include "interface/location_screen.h"
+#include "interface/main_window.h"
+#include "interface/result_screen.h"
+#include "interface/result_table.h"
+#include "interface/result_tree_view.h"
+#include "interface/text_block.h"
+#include "paint_watch.h"
+#include "private_home.h"
+#include "product.h"
+#include "switched_platform.h"
+#include "view_memory.h"
+#include "work_folder.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cstdio>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace tarvin::bench {
+
+namespace {
+
+// Milliseconds.
+constexpr double openingGoal = 300;
+constexpr double markAllGoal = 100;
+constexpr double toggleGoal = 16;
+constexpr double tabGoal = 150;
+constexpr double frameGoal = 1000.0 / 60;
+constexpr double stretchGoal = 50;
+constexpr double noGoal = 0;
+constexpr double bytesGoal = 64;  // a row
+
+constexpr int times = 10;    // what is done once by a click
+constexpr int frames = 200;  // of each way to scroll
+constexpr std::uint64_t deletedFiles = 100'000;
+constexpr std::chrono::milliseconds anInstant{1};
+constexpr std::chrono::milliseconds aMoment{100};
+constexpr std::chrono::milliseconds aLongLook{2000};
+
+struct Options {
+    std::string work = "/var/tmp";
+    EqualFiles result{.sets = 200'000, .files = 500'000, .extensions = 20};
+    int rounds = 3;
+};
+
+/// What was measured of one step.
+struct Step {
+    std::string name;
+    double goal = noGoal;
+    std::vector<double> delays;  ///< from the click to the painted answer, milliseconds
+};
+
+/// Takes note when a scan's comparison is over, on a thread of its own: the main thread learns of
+/// it later, and that is a part of the delay.
+class ComparisonEnd final {
+ public:
+    /// The scan has begun.
+    explicit ComparisonEnd(ScanRun& run)
+        : thread_([this, &run] {
+              while (run.scanning()) {
+                  std::this_thread::sleep_for(std::chrono::microseconds(200));
+              }
+              end_ = Clock::now();
+          }) {}
+    ComparisonEnd(const ComparisonEnd&) = delete;
+    ComparisonEnd& operator=(const ComparisonEnd&) = delete;
+    ~ComparisonEnd() {
+        if (thread_.joinable()) {
+            thread_.join();
+        }
+    }
+
+    [[nodiscard]] Clock::time_point wait() {
+        thread_.join();
+        return end_;
+    }
+
+ private:
+    Clock::time_point end_;
+    std::thread thread_;
+};
+
+void clickAt(QWidget* widget, const QPoint& place) {
+    for (const auto& [type, buttons] :
+         {std::pair(QEvent::MouseButtonPress, Qt::MouseButtons(Qt::LeftButton)),
+          std::pair(QEvent::MouseButtonRelease, Qt::MouseButtons())}) {
+        QMouseEvent event(type, place, widget->mapToGlobal(QPointF(place)), Qt::LeftButton, buttons,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(widget, &event);
+    }
+}
+
+/// The way through a result, again and again.
+class ResultTour final {
+ public:
+    ResultTour(Heartbeat& heartbeat, std::string tree)
+        : heartbeat_(heartbeat), tree_(std::move(tree)) {}
+
+    bool run(int rounds) {
+        if (!product_.comes()) {
+            return false;
+        }
+        Product::rest(aMoment);
+        for (int round = 0; round < rounds; ++round) {
+            if (!open()) {
+                return false;
+            }
+            countRows();
+            markAndUnmark("mark all", "unmark all");
+            toggle();
+            showTabs();
+            scroll("a frame, expanded, by wheel", "a frame, expanded, by scroll bar");
+            collapse();
+            scroll("a frame, collapsed, by wheel", "a frame, collapsed, by scroll bar");
+            markAndUnmark("mark all, collapsed", "unmark all, collapsed");
+            expand();
+            if (round == 0) {
+                memory_ = memoryOfViews(product_.delegate().results().modal);
+            }
+            platform_.switchedTrash().setFree(true);
+            if (!remove("deletion, a Trash that costs nothing") || !goHome()) {
+                return false;
+            }
+        }
+        // The last: the files are gone then.
+        platform_.switchedTrash().setFree(false);
+        return open() && remove("deletion, the real Trash") && goHome();
+    }
+
+    [[nodiscard]] bool report() const {
+        std::printf("%llu files in %zu sets of %zu extensions\n",
+                    static_cast<unsigned long long>(files_), sets_, extensions_);
+        std::printf(
+            "From the click to the painted answer, ms; beside it the longest stretch of work on\n"
+            "the main thread, from one wait to the next, how long the thread ran meanwhile and "
+            "how\n"
+            "long it stood in line for a processor, and its longest handler:\n");
+        std::printf("  %-36s %5s %8s %8s %8s %8s\n", "", "times", "median", "most", "at most",
+                    "stretch");
+        bool reached = true;
+        for (const Step& step : steps_) {
+            reached = report(step) && reached;
+        }
+        std::printf(
+            "Memory of the views: %.1f bytes a row of the outline, %.1f of the file list"
+            " (%zu rows each); at most %.0f\n",
+            memory_.outline, memory_.files, memory_.rows, bytesGoal);
+        reached = reached && memory_.outline <= bytesGoal && memory_.files <= bytesGoal;
+        for (const std::string& line : removed_) {
+            std::printf("%s\n", line.c_str());
+        }
+        std::printf("%s\n", reached ? "all reached" : "NOT ALL REACHED");
+        return reached;
+    }
+
+ private:
+    MainWindow& window() { return product_.window(); }
+    ResultTreeView& outline() { return *window().results->OView2; }
+    ResultTable& table() { return *window().results->resultTable; }
+    Results& results() { return product_.delegate().results(); }
+
+    Step& step(const std::string& name, double goal) {
+        const auto known = std::find_if(steps_.begin(), steps_.end(),
+                                        [&name](const Step& other) { return other.name == name; });
+        if (known != steps_.end()) {
+            return *known;
+        }
+        steps_.push_back({name, goal, {}});
+        return steps_.back();
+    }
+
+    /// Does something as an event of its own and waits for what is painted then.
+    template <class Action>
+    bool measure(const std::string& name, double goal, PaintWatch& answer, Action action) {
+        heartbeat_.enter(name);
+        Clock::time_point begin;
+        bool begun = false;
+        product_.act([&] {
+            answer.forget();
+            begun = true;
+            begin = Clock::now();
+            action();
+        });
+        const bool came = Product::until([&] { return begun && answer.isPainted(); });
+        step(name, goal).delays.push_back(milliseconds(Clock::now() - begin));
+        return came;
+    }
+
+    void rest(std::chrono::milliseconds time) {
+        Product::rest(time);
+        heartbeat_.enter("");
+    }
+
+    bool open() {
+        bool begun = false;
+        result_.forget();
+        heartbeat_.enter("");
+        product_.act([&] {
+            product_.delegate().locations().openWith({tree_});
+            window().locations->findDuplicateExact->click();
+            begun = true;
+        });
+        if (!Product::until([&] { return begun; })) {
+            return false;
+        }
+        ComparisonEnd end(product_.delegate().scan().run());
+        const std::string name = "the result opens";
+        heartbeat_.enter(name);
+        const QString screen = window().results->identifier();
+        const bool came =
+            Product::until([&] { return product_.isOn(screen) && result_.isPainted(); });
+        const Clock::time_point shown = Clock::now();
+        step(name, openingGoal).delays.push_back(milliseconds(shown - end.wait()));
+        rest(aMoment);
+        return came && acknowledge();
+    }
+
+    /// Closes the summary.
+    bool acknowledge() {
+        if (!window().informationWindow->isVisible()) {
+            return true;
+        }
+        product_.click(window().informationWindow->scanInforOKBtn);
+        return Product::until([this] { return !window().informationWindow->isVisible(); });
+    }
+
+    void countRows() {
+        const Modal& modal = *results().modal;
+        files_ = product_.delegate().scan().run().processed();
+        extensions_ = modal.extensionCount();
+        sets_ = 0;
+        for (const auto& extension : modal.extensions()) {
+            sets_ += extension->sets().size();
+        }
+    }
+
+    void markAndUnmark(const char* mark, const char* unmark) {
+        for (int turn = 0; turn < times; ++turn) {
+            measure(mark, markAllGoal, outlinePaint_,
+                    [this] { window().results->markAll->click(); });
+            rest(aMoment);
+            measure(unmark, markAllGoal, outlinePaint_,
+                    [this] { window().results->unMarkAll->click(); });
+            rest(aMoment);
+        }
+    }
+
+    QPoint nameOf(const QModelIndex& row) {
+        constexpr int inside = 5;
+        const QRect place = outline().visualRect(row.siblingAtColumn(ResultTreeView::name));
+        return {place.left() + inside, place.center().y()};
+    }
+
+    QPoint boxOf(const QModelIndex& row) {
+        return outline().visualRect(row.siblingAtColumn(ResultTreeView::check)).center();
+    }
+
+    void toggle() {
+        // Sets all over the list.
+        for (int turn = 0; turn < times; ++turn) {
+            const int extension = static_cast<int>(extensions_ - 1) * turn / times;
+            const QModelIndex above = results().tree.indexOfExtension(extension);
+            const int set = (results().tree.rowCount(above) - 1) * turn / times;
+            const QModelIndex row = results().tree.indexOfSet(extension, set);
+            outline().scrollTo(row);
+            rest(aMoment);
+            measure("a set is selected", noGoal, tablePaint_,
+                    [&] { clickAt(outline().viewport(), nameOf(row)); });
+            rest(aMoment);
+            for (int twice = 0; twice < 2; ++twice) {
+                measure("a file is toggled", toggleGoal, tablePaint_, [this] {
+                    const QModelIndex box = results().files.index(1, ResultTable::ButtonCell);
+                    clickAt(table().viewport(), table().visualRect(box).center());
+                });
+                rest(aMoment);
+            }
+            for (int twice = 0; twice < 2; ++twice) {
+                measure("a set is toggled", noGoal, outlinePaint_,
+                        [&] { clickAt(outline().viewport(), boxOf(row)); });
+                rest(aMoment);
+            }
+        }
+        outline().scrollToTop();
+        for (int turn = 0; turn < times; ++turn) {
+            measure("an extension is toggled", noGoal, outlinePaint_, [this] {
+                clickAt(outline().viewport(), boxOf(results().tree.indexOfExtension(0)));
+            });
+            rest(aMoment);
+        }
+    }
+
+    void showTabs() {
+        ResultScreen& screen = *window().results;
+        const std::array<std::pair<ResultView, QAbstractButton*>, 6> tabs{
+            {{ResultView::image, screen.imageButton},
+             {ResultView::video, screen.videoButton},
+             {ResultView::audio, screen.audioButton},
+             {ResultView::documents, screen.documentButton},
+             {ResultView::other, screen.otherButton},
+             {ResultView::all, screen.allButton}}};
+        for (int turn = 0; turn < times; ++turn) {
+            for (const auto& [view, button] : tabs) {
+                if (view != ResultView::all && results().of(view)->extensionCount() == 0) {
+                    continue;
+                }
+                measure(view == ResultView::all ? "the tab of all" : "the tab of a category",
+                        tabGoal, outlinePaint_, [chosen = button] { chosen->click(); });
+                rest(aMoment);
+                if (!acknowledge()) {
+                    return;
+                }
+            }
+        }
+    }
+
+    void scroll(const char* byWheel, const char* byBar) {
+        constexpr int wheelStep = 60;  // pixels
+        for (int frame = 1; frame <= frames; ++frame) {
+            scrollTo(byWheel, frame * wheelStep);
+        }
+        const std::int64_t end = outline().verticalScrollBar()->maximum();
+        for (int frame = 0; frame <= frames; ++frame) {
+            scrollTo(byBar, static_cast<int>(end * frame / frames));
+        }
+        rest(aMoment);
+    }
+
+    void scrollTo(const char* name, int value) {
+        QScrollBar& bar = *outline().verticalScrollBar();
+        if (value <= bar.maximum() && value != bar.value()) {
+            measure(name, frameGoal, outlinePaint_, [&bar, value] { bar.setValue(value); });
+            Product::rest(anInstant);
+        }
+    }
+
+    void collapse() {
+        measure("an extension is collapsed", noGoal, outlinePaint_, [this] {
+            outline().scrollToTop();
+            outline().setExpanded(results().tree.indexOfExtension(0), false);
+        });
+        rest(aMoment);
+        outline().collapseAll();
+        rest(aMoment);
+    }
+
+    void expand() {
+        outline().scrollToTop();
+        outline().expandAll();
+        rest(aMoment);
+        outline().collapse(results().tree.indexOfExtension(0));
+        rest(aMoment);
+        measure("an extension is expanded", noGoal, outlinePaint_,
+                [this] { outline().setExpanded(results().tree.indexOfExtension(0), true); });
+        rest(aMoment);
+    }
+
+    /// Whole extensions, until enough is marked.
+    void markForDeletion() {
+        constexpr std::size_t few = 1000;
+        if (extensions_ > few) {
+            window().results->markAll->click();
+            return;
+        }
+        for (int row = 0; row < static_cast<int>(extensions_) &&
+                          results().modal->totalFilesSelected() < deletedFiles;
+             ++row) {
+            Q_EMIT outline().checkBoxClicked(results().tree.indexOfExtension(row));
+        }
+    }
+
+    bool remove(const std::string& name) {
+        product_.act([this] { markForDeletion(); });
+        rest(aMoment);
+        const std::uint64_t marked = results().modal->totalFilesSelected();
+        heartbeat_.enter(name);
+        const Clock::time_point begin = Clock::now();
+        product_.click(window().results->finishButton);
+        const bool ended =
+            Product::until([this] { return window().informationWindow->isVisible(); });
+        const double seconds = milliseconds(Clock::now() - begin) / 1000;
+        Product::rest(aMoment);
+        step(name, stretchGoal).delays.clear();
+        removed_.push_back(name + ": " + std::to_string(marked) + " marked, " +
+                           window().informationWindow->scanInfoCount->text().toStdString() + ", " +
+                           std::to_string(seconds) + " s");
+        heartbeat_.enter("");
+        return ended && acknowledge();
+    }
+
+    bool goHome() {
+        product_.click(window().results->buttonHomePage);
+        const bool came =
+            Product::until([this] { return product_.isOn(window().home->identifier()); });
+        Product::rest(aLongLook);
+        return came;
+    }
+
+    [[nodiscard]] Stretch stretchOf(const std::string& name) const {
+        const auto& known = heartbeat_.steps();
+        const auto found =
+            std::find_if(known.begin(), known.end(),
+                         [&name](const Heartbeat::Step& other) { return other.name == name; });
+        return found == known.end() ? Stretch() : found->longest;
+    }
+
+    [[nodiscard]] bool report(const Step& step) const {
+        const Stretch stretch = stretchOf(step.name);
+        const double worst = step.delays.empty() ? stretch.wall : most(step.delays);
+        const bool reached = step.goal == noGoal || worst <= step.goal;
+        std::printf("  %-36s", step.name.c_str());
+        if (step.delays.empty()) {
+            std::printf("%24s", "");
+        } else {
+            std::printf(" %5zu %8.1f %8.1f", step.delays.size(), median(step.delays), worst);
+        }
+        if (step.goal == noGoal) {
+            std::printf("%9s", "");
+        } else {
+            std::printf(" %8.1f", step.goal);
+        }
+        std::printf(" %8.1f  ran %.1f, in line %.1f; %.1f in %s%s\n", stretch.wall,
+                    stretch.processor, stretch.queued, stretch.handler, stretch.what.c_str(),
+                    reached ? "" : "  NOT REACHED");
+        return reached;
+    }
+
+    Heartbeat& heartbeat_;
+    const std::string tree_;
+    SwitchedPlatform platform_;
+    Product product_{platform_};
+    PaintWatch result_{product_.window().results->OView2->viewport()};
+    PaintWatch outlinePaint_{product_.window().results->OView2->viewport()};
+    PaintWatch tablePaint_{product_.window().results->resultTable->viewport()};
+    std::vector<Step> steps_;
+    std::vector<std::string> removed_;
+    ViewMemory memory_;
+    std::uint64_t files_ = 0;
+    std::size_t sets_ = 0;
+    std::size_t extensions_ = 0;
+};
+
+}  // namespace
+
+}  // namespace tarvin::bench
+
+int main(int argc, char** argv) {
+    using namespace tarvin::bench;
+    CLI::App app("Measures how long a person waits in the window of a large result.");
+    Options options;
+    app.add_option("--sets", options.result.sets, "so many sets")->check(CLI::PositiveNumber);
+    app.add_option("--files", options.result.files, "in so many files");
+    app.add_option("--extensions", options.result.extensions, "of so many extensions")
+        ->check(CLI::PositiveNumber);
+    app.add_option("--rounds", options.rounds, "so many results")->check(CLI::PositiveNumber);
+    app.add_option("--work", options.work, "where the files and the private home go");
+    CLI11_PARSE(app, argc, argv);
+
+    const WorkFolder work(options.work);
+    if (!writeEqualFiles(work.pathOf("tree"), options.result)) {
+        std::fputs("The files could not be written.\n", stderr);
+        return 1;
+    }
+    const PrivateHome home(options.work);
+    usePlatformOfMeasurement();
+    nameTheProduct();
+    const WatchedApplication application(argc, argv);
+    Heartbeat heartbeat;
+    ResultTour tour(heartbeat, work.pathOf("tree"));
+    if (!tour.run(options.rounds)) {
+        std::fputs("The product did not get on.\n", stderr);
+        return 1;
+    }
+    return tour.report() ? 0 : 1;
+}
