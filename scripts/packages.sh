@@ -10,30 +10,45 @@ buildPackages=(
     libcli11-dev
     libglib2.0-dev
     libplist-dev
+    libqt6svg6-dev
     libutf8proc-dev
     libxxhash-dev
     ninja-build
     nlohmann-json3-dev
     pkg-config
+    qt6-base-dev
+    qt6-image-formats-plugins
+    qt6-l10n-tools
+    qt6-tools-dev
+    qt6-tools-dev-tools
+    qt6-wayland
 )
 
 # To build and run the tests and the benchmarks, and to check the sources.
 # shellcheck disable=SC2034
 testPackages=(
+    at-spi2-core
+    ccache
     clang-format
     clang-tidy
     dbus
     e2fsprogs
+    fonts-dejavu-core
+    fonts-liberation
     git
     gvfs
+    libatspi2.0-dev
     libbenchmark-dev
     libgmock-dev
     libglib2.0-bin
     libgtest-dev
     man-db
     mount
+    openbox
     python3
     shellcheck
+    xdotool
+    xvfb
     zsh
 )
 
