@@ -13,9 +13,9 @@
 #include "interface/main_window.h"
 #include "interface/progress_screen.h"
 #include "interface/result_screen.h"
-#include "private_home.h"
 #include "product.h"
 #include "progress_watch.h"
+#include "tour.h"
 #include "work_folder.h"
 
 #include <CLI/CLI.hpp>
@@ -287,15 +287,5 @@ int main(int argc, char** argv) {
             return 1;
         }
     }
-    const PrivateHome home(options.work);
-    usePlatformOfMeasurement();
-    nameTheProduct();
-    const WatchedApplication application(argc, argv);
-    Heartbeat heartbeat;
-    Tour tour(heartbeat, options.tree);
-    if (!tour.run(options.rounds)) {
-        std::fputs("The product did not get on.\n", stderr);
-        return 1;
-    }
-    return tour.report() ? 0 : 1;
+    return lead<Tour>(argc, argv, options.work, options.tree, options.rounds);
 }

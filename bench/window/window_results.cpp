@@ -17,9 +17,9 @@
 #include "interface/result_tree_view.h"
 #include "interface/text_block.h"
 #include "paint_watch.h"
-#include "private_home.h"
 #include "product.h"
 #include "switched_platform.h"
+#include "tour.h"
 #include "view_memory.h"
 #include "work_folder.h"
 
@@ -480,15 +480,5 @@ int main(int argc, char** argv) {
         std::fputs("The files could not be written.\n", stderr);
         return 1;
     }
-    const PrivateHome home(options.work);
-    usePlatformOfMeasurement();
-    nameTheProduct();
-    const WatchedApplication application(argc, argv);
-    Heartbeat heartbeat;
-    ResultTour tour(heartbeat, work.pathOf("tree"));
-    if (!tour.run(options.rounds)) {
-        std::fputs("The product did not get on.\n", stderr);
-        return 1;
-    }
-    return tour.report() ? 0 : 1;
+    return lead<ResultTour>(argc, argv, options.work, work.pathOf("tree"), options.rounds);
 }
