@@ -13,6 +13,28 @@ class DeletionStop : public DeletionBench {
         scanAndReview();
     }
 
+    /// Presses a button of the deletion panel while the run is in its first set, and waits until
+    /// that set is finished and the run waits behind it.
+    void waitBehindFirstSetAfter(const char* button) {
+        click("markAll");
+        deleteAndHoldAt("a2.jpg");
+        click(button);
+        barrier.open();
+        EXPECT_TRUE(comesTrue([this] { return !isThere("a2.jpg"); }));
+        ASSERT_TRUE(isPaused());
+    }
+
+    /// Stops a run in its first set and puts its report away.
+    void stopInFirstSet() {
+        click("markAll");
+        deleteAndHoldAt("a2.jpg");
+        click("stopDeleteBtn");
+        alerts.press(0);
+        barrier.open();
+        ASSERT_TRUE(reported());
+        click("scanInforOKBtn");
+    }
+
     /// Ends the product while a run is held in a set, and lets the run go on only when the end
     /// waits for it.
     void endDuringASet() {
@@ -74,13 +96,7 @@ TEST_F(DeletionStop, AsksAndStillStoresAndReports) {
 }
 
 TEST_F(DeletionStop, EndsEveryLaterRunAtOnce) {
-    click("markAll");
-    deleteAndHoldAt("a2.jpg");
-    click("stopDeleteBtn");
-    alerts.press(0);
-    barrier.open();
-    ASSERT_TRUE(reported());
-    click("scanInforOKBtn");
+    ASSERT_NO_FATAL_FAILURE(stopInFirstSet());
     click("finishButton");
     ASSERT_TRUE(reported());
     EXPECT_EQ(information(),
@@ -89,13 +105,7 @@ TEST_F(DeletionStop, EndsEveryLaterRunAtOnce) {
 }
 
 TEST_F(DeletionStop, EndsTheRunsOfALaterScanToo) {
-    click("markAll");
-    deleteAndHoldAt("a2.jpg");
-    click("stopDeleteBtn");
-    alerts.press(0);
-    barrier.open();
-    ASSERT_TRUE(reported());
-    click("scanInforOKBtn");
+    ASSERT_NO_FATAL_FAILURE(stopInFirstSet());
     scanAgain();
     click("scanInforOKBtn");
     click("markAll");
@@ -105,12 +115,7 @@ TEST_F(DeletionStop, EndsTheRunsOfALaterScanToo) {
 }
 
 TEST_F(DeletionStop, GoesOnIfTheQuestionIsAnsweredWithNo) {
-    click("markAll");
-    deleteAndHoldAt("a2.jpg");
-    click("stopDeleteBtn");
-    barrier.open();
-    EXPECT_TRUE(comesTrue([this] { return !isThere("a2.jpg"); }));
-    ASSERT_TRUE(isPaused());
+    ASSERT_NO_FATAL_FAILURE(waitBehindFirstSetAfter("stopDeleteBtn"));
     EXPECT_TRUE(delegate->deletion().isRunning());
     EXPECT_TRUE(isThere("b2.jpg"));
     alerts.press(1);
@@ -168,12 +173,7 @@ TEST_F(DeletionStop, ClosingTheWindowFinishesTheSetInHandAndStoresTheTotals) {
 }
 
 TEST_F(DeletionStop, ClosingThePausedWindowMovesNothingMore) {
-    click("markAll");
-    deleteAndHoldAt("a2.jpg");
-    click("pauseResumeBtn");
-    barrier.open();
-    EXPECT_TRUE(comesTrue([this] { return !isThere("a2.jpg"); }));
-    ASSERT_TRUE(isPaused());
+    ASSERT_NO_FATAL_FAILURE(waitBehindFirstSetAfter("pauseResumeBtn"));
     EXPECT_TRUE(window().close());
     delegate.reset();
     EXPECT_TRUE(isThere("b2.jpg"));
@@ -182,12 +182,7 @@ TEST_F(DeletionStop, ClosingThePausedWindowMovesNothingMore) {
 }
 
 TEST_F(DeletionStop, ClosingTheWindowUnderTheQuestionMovesNothingMore) {
-    click("markAll");
-    deleteAndHoldAt("a2.jpg");
-    click("stopDeleteBtn");
-    barrier.open();
-    EXPECT_TRUE(comesTrue([this] { return !isThere("a2.jpg"); }));
-    ASSERT_TRUE(isPaused());
+    ASSERT_NO_FATAL_FAILURE(waitBehindFirstSetAfter("stopDeleteBtn"));
     EXPECT_TRUE(window().close());
     delegate.reset();
     EXPECT_TRUE(isThere("b2.jpg"));
