@@ -58,7 +58,7 @@ void ScanAnimation::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const double ratio = densityOf(painter);
     painter.drawPixmap(
-        QPointF((width() - stageSize.width()) / 2, (height() - stageSize.height()) / 2),
+        QPoint((width() - stageSize.width()) / 2, (height() - stageSize.height()) / 2),
         picture(QStringLiteral("ui/scan_stage"), stageSize, ratio));
     painter.drawPixmap(lensPosition(), picture(QStringLiteral("ui/scan_lens"), lensSize, ratio));
 }

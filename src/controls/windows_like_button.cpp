@@ -4,10 +4,12 @@
 #include "controls/look.h"
 #include "controls/painting.h"
 
+#include <utility>
+
 namespace tarvin {
 
-WIndowsLikeButton::WIndowsLikeButton(const QString& glyph, QWidget* parent)
-    : HoverButton(parent), glyph_(glyph) {
+WIndowsLikeButton::WIndowsLikeButton(QString glyph, QWidget* parent)
+    : HoverButton(parent), glyph_(std::move(glyph)) {
     setDisabledOpacity(0.4);
 }
 

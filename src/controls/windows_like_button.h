@@ -14,7 +14,7 @@ class WIndowsLikeButton final : public HoverButton {
 
  public:
     /// `glyph` names a drawing of 20 x 20, such as "ui/back".
-    explicit WIndowsLikeButton(const QString& glyph = {}, QWidget* parent = nullptr);
+    explicit WIndowsLikeButton(QString glyph = {}, QWidget* parent = nullptr);
 
     void setGlyph(const QString& glyph);
     [[nodiscard]] QString glyph() const { return glyph_; }

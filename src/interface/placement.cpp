@@ -148,7 +148,7 @@ void Placement::makeRoom(const Row& row) {
     }
 }
 
-void Placement::makeTaller(Placed& item) const {
+void Placement::makeTaller(Placed& item) {
     if (item.place.fit == Fit::drawn) {
         return;
     }

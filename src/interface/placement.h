@@ -81,7 +81,7 @@ class Placement final : public QObject {
     [[nodiscard]] int indexOf(const QWidget* control) const;
     [[nodiscard]] QRect grown(const Place& place) const;
     void makeRoom(const Row& row);
-    void makeTaller(Placed& item) const;
+    static void makeTaller(Placed& item);
 
     QWidget* parent_;
     QSize design_;

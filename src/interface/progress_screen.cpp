@@ -58,7 +58,7 @@ void ProgressScreen::placeControls() {
     placement->row({pauseResume, stopButton});
 }
 
-void ProgressScreen::placeBlock() {
+void ProgressScreen::placeBlock() const {
     auto* page = new QWidget;
     page->resize(blockPage);
     exactSimilarTabView->addWidget(page);

@@ -34,7 +34,7 @@ class ProgressScreen final : public Screen {
 
  private:
     void placeControls();
-    void placeBlock();
+    void placeBlock() const;
 
     ViewButtonGrayBar* const actionBar_;
 };
