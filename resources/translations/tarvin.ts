@@ -728,6 +728,37 @@ All exceptions has been removed.</source>
     </message>
 </context>
 <context>
+    <name>tarvin::UpdateCheck</name>
+    <message>
+        <source>Your application is up to date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No update required.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New update available (Tarvin Duplicate File Remover %1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Would you like to update this version?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remind Me Later</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ViewBackground</name>
     <message>
         <source>Tarvin Duplicate File Remover</source>

@@ -737,6 +737,37 @@ Alle Ausnahmen wurden entfernt.</translation>
     </message>
 </context>
 <context>
+    <name>tarvin::UpdateCheck</name>
+    <message>
+        <source>Your application is up to date</source>
+        <translation>Ihr Programm ist auf dem neuesten Stand</translation>
+    </message>
+    <message>
+        <source>No update required.</source>
+        <translation>Keine Aktualisierung nötig.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+    <message>
+        <source>New update available (Tarvin Duplicate File Remover %1)</source>
+        <translation>Neue Version verfügbar (Tarvin Duplicate File Remover %1)</translation>
+    </message>
+    <message>
+        <source>Would you like to update this version?</source>
+        <translation>Möchten Sie diese Version aktualisieren?</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Remind Me Later</source>
+        <translation>Später erinnern</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ViewBackground</name>
     <message>
         <source>Tarvin Duplicate File Remover</source>

@@ -6,6 +6,7 @@
 #include "platform/platform.h"
 
 #include <QApplication>
+#include <QNetworkProxyFactory>
 #include <QSettings>
 #include <algorithm>
 #include <array>
@@ -52,6 +53,7 @@ int runWindow(const std::vector<std::string>& folders) {
          .version = QApplication::applicationVersion(),
          .urls = tarvin::installedResource(QStringLiteral("Urls.plist")),
          .previewProgram = tarvin::helperProgram(QStringLiteral("tarvin-image-preview")),
+         .updater = tarvin::updaterProgram(),
          .appearance = tarvin::MainWindow::Appearance::atOnce});
     delegate.applicationDidFinishLaunching(folders);
     return QApplication::exec();
@@ -81,6 +83,7 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationVersion(QStringLiteral(TARVIN_VERSION));
     QGuiApplication::setDesktopFileName(QString::fromLatin1(programName));
     const QApplication application(argc, argv);
+    QNetworkProxyFactory::setUseSystemConfiguration(true);
     const std::unique_ptr<QTranslator> translation = tarvin::loadTranslation(QLocale());
     if (translation) {
         QCoreApplication::installTranslator(translation.get());

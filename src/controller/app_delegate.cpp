@@ -61,6 +61,11 @@ AppDelegate::AppDelegate(Surroundings surroundings)
                                              *surroundings_.panels, surroundings_.previewProgram);
     scan_ = std::make_unique<ScanTask>(session_, window_, *surroundings_.alerts, *locations_);
     help_ = std::make_unique<Help>(window_, surroundings_.desktop);
+    updates_ = std::make_unique<UpdateCheck>(
+        window_, *surroundings_.alerts, surroundings_.desktop,
+        UpdateCheck::Subject{.version = surroundings_.version,
+                             .updater = surroundings_.updater,
+                             .internetReachable = surroundings_.internetReachable});
     makeResultTasks();
     connectControls();
     awakeFromNib();
@@ -133,7 +138,9 @@ void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& 
     session_.similar = false;
     window_.locations->findDuplicateExact->setEnabled(false);
     window_.locations->findDuplicateExact->setAlpha(0.6);
-    help_->readUrls(surroundings_.urls);
+    const Urls urls = readUrls(surroundings_.urls);
+    help_->setUrls(urls);
+    updates_->setUrls(urls);
     help_->setVersion(surroundings_.version);
     showCleanHistory();
     session_.summaries = {};
@@ -142,6 +149,9 @@ void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& 
     }
     window_.show();
     comeToFront();
+    // The window comes first.
+    QMetaObject::invokeMethod(
+        updates_.get(), [this] { updates_->showIfUpdateAvailable(); }, Qt::QueuedConnection);
 }
 
 /// Requests come on a thread of their own; the signals bring them to this one.

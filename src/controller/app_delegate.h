@@ -11,10 +11,12 @@
 #include "controller/locations.h"
 #include "controller/marking_task.h"
 #include "controller/preview.h"
+#include "controller/reachability.h"
 #include "controller/result_views.h"
 #include "controller/results.h"
 #include "controller/scan_task.h"
 #include "controller/session.h"
+#include "controller/update_check.h"
 #include "interface/main_window.h"
 #include "platform/platform.h"
 
@@ -46,6 +48,8 @@ class AppDelegate final : public QObject {
         QString version{};
         QString urls{};            ///< path of the list of addresses; may be empty
         QString previewProgram{};  ///< path of the program that makes previews
+        QString updater{};         ///< path of the program that fetches updates; may be empty
+        std::function<bool()> internetReachable = isInternetReachable;
         /// Whether the window comes before all else is made. Where another copy runs, which will
         /// stay in place of this one, it never does.
         MainWindow::Appearance appearance = MainWindow::Appearance::whenShown;
@@ -85,6 +89,7 @@ class AppDelegate final : public QObject {
     [[nodiscard]] Locations& locations() { return *locations_; }
     [[nodiscard]] ScanTask& scan() { return *scan_; }
     [[nodiscard]] Help& help() { return *help_; }
+    [[nodiscard]] UpdateCheck& updates() { return *updates_; }
     [[nodiscard]] Results& results() { return *results_; }
     [[nodiscard]] ResultViews& views() { return *views_; }
     [[nodiscard]] MarkingTask& marking() { return *marking_; }
@@ -116,6 +121,7 @@ class AppDelegate final : public QObject {
     std::unique_ptr<Locations> locations_;
     std::unique_ptr<ScanTask> scan_;
     std::unique_ptr<Help> help_;
+    std::unique_ptr<UpdateCheck> updates_;
     LoadingOverlay loading_{window_};
     InformationWindow information_{window_};
     std::unique_ptr<Results> results_;

@@ -3,33 +3,12 @@
 #include "controller/resource_files.h"
 #include "controls/hover_button.h"
 #include "interface/main_window.h"
-#include "store/property_list.h"
 
 #include <QAction>
 #include <QFile>
 #include <QLabel>
 
 namespace tarvin {
-
-namespace {
-
-constexpr qint64 largestUrls = 1024 * 1024;
-
-QString supportAddressIn(const QString& path) {
-    QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly) || file.size() > largestUrls) {
-        return {};
-    }
-    const QByteArray bytes = file.readAll();
-    const auto list =
-        PropertyList::parse({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    if (!list || !list->isDictionary()) {
-        return {};
-    }
-    return QString::fromStdString(list->text("Support").value_or(std::string()));
-}
-
-}  // namespace
 
 Help::Help(MainWindow& window, Desktop& desktop) : window_(window), desktop_(desktop) {
     connect(window_.buttonHelpManual, &QAbstractButton::clicked, this,
@@ -40,12 +19,11 @@ Help::Help(MainWindow& window, Desktop& desktop) : window_(window), desktop_(des
     // A menu offers what can be had.
     window_.helpMenuItem->setEnabled(!installedResource(QStringLiteral("index.html")).isEmpty());
     window_.supportMenuItem->setEnabled(false);
-    window_.updateMenuItem->setVisible(false);
 }
 
-void Help::readUrls(const QString& path) {
-    support_ = supportAddressIn(path);
-    window_.supportMenuItem->setEnabled(!support_.isEmpty());
+void Help::setUrls(const Urls& urls) {
+    urlDict_ = urls;
+    window_.supportMenuItem->setEnabled(!urlDict_.support.isEmpty());
 }
 
 void Help::setVersion(const QString& version) const {
@@ -64,7 +42,7 @@ void Help::helpMenuClicked() {
 }
 
 void Help::supportMenuClicked() {
-    openURLS(support_);
+    openURLS(urlDict_.support);
 }
 
 void Help::openURLS(const QString& address) {

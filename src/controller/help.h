@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controller/desktop.h"
+#include "controller/urls.h"
 
 #include <QObject>
 #include <QString>
@@ -17,10 +18,7 @@ class Help final : public QObject {
     /// Both outlive it.
     Help(MainWindow& window, Desktop& desktop);
 
-    /// Reads the list of addresses that is installed with the program, a property list with the
-    /// texts "Support", "FolderLocation" and "FolderName"; each is empty if it is missing. `path`
-    /// may be empty.
-    void readUrls(const QString& path);
+    void setUrls(const Urls& urls);
 
     /// "Version ..." of the about window.
     void setVersion(const QString& version) const;
@@ -35,7 +33,7 @@ class Help final : public QObject {
  private:
     MainWindow& window_;
     Desktop& desktop_;
-    QString support_;
+    Urls urlDict_;
 };
 
 }  // namespace tarvin

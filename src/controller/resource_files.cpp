@@ -27,4 +27,13 @@ QString helperProgram(const QString& name, QString folder) {
     return {};
 }
 
+QString updaterProgram() {
+    const QString name = QStringLiteral("Tarvin Duplicate File Remover Updater");
+#ifdef Q_OS_DARWIN
+    return helperProgram(name + QStringLiteral(".app/Contents/MacOS/") + name);
+#else
+    return helperProgram(name);
+#endif
+}
+
 }  // namespace tarvin

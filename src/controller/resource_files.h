@@ -14,4 +14,8 @@ namespace tarvin {
 /// Main thread.
 [[nodiscard]] QString helperProgram(const QString& name, QString folder = {});
 
+/// The path of the program that fetches updates and that a packager may add; empty if it is
+/// missing. Main thread.
+[[nodiscard]] QString updaterProgram();
+
 }  // namespace tarvin

@@ -13,6 +13,7 @@
 #include <QSettings>
 #include <QTest>
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -68,8 +69,9 @@ class FakeDesktop final : public Desktop {
         addresses.push_back(address);
         return true;
     }
-    bool startProgram(const QString& program, const QStringList& /*arguments*/) override {
+    bool startProgram(const QString& program, const QStringList& given) override {
         programs.push_back(program);
+        arguments = given;
         return true;
     }
 
@@ -77,6 +79,7 @@ class FakeDesktop final : public Desktop {
     std::vector<std::string> paths;
     QStringList addresses;
     QStringList programs;
+    QStringList arguments;  ///< of the last of them
 };
 
 /// Where a scan waits until the test lets it go on. Any thread.
@@ -115,7 +118,7 @@ class ProductBench : public testing::Test {
     void make() {
         delegate = std::make_unique<AppDelegate>(
             AppDelegate::Surroundings{.platform = platform,
-                                      .desktop = desktop,
+                                      .desktop = *usedDesktop,
                                       .settings = settings,
                                       .alerts = &alerts,
                                       .panels = &panels,
@@ -123,6 +126,8 @@ class ProductBench : public testing::Test {
                                       .version = QStringLiteral("1.2.3"),
                                       .urls = urls,
                                       .previewProgram = previewProgram(),
+                                      .updater = updater,
+                                      .internetReachable = internetReachable,
                                       .appearance = appearance});
     }
 
@@ -181,10 +186,13 @@ class ProductBench : public testing::Test {
     FaultyFileSystem files;
     FakePlatform platform{files};
     FakeDesktop desktop;
+    Desktop* usedDesktop = &desktop;
     FakeAlerts alerts;
     FakePanels panels;
     QSettings settings{QString::fromStdString(folder.pathOf("settings.ini")), QSettings::IniFormat};
     QString urls;
+    QString updater;
+    std::function<bool()> internetReachable = [] { return true; };
     MainWindow::Appearance appearance = MainWindow::Appearance::whenShown;
     int terminations = 0;
     std::unique_ptr<AppDelegate> delegate;

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "controller/address_reader.h"
+#include "controller/alerts.h"
+#include "controller/desktop.h"
+#include "controller/urls.h"
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <optional>
+#include <stop_token>
+#include <thread>
+
+namespace tarvin {
+
+class MainWindow;
+
+/// Learns whether a newer version is published, and offers to start the program that fetches it:
+/// silently when the product starts, and with an answer when the help menu asks. Whatever fails
+/// means that there is no update. Main thread.
+class UpdateCheck final : public QObject {
+    Q_OBJECT
+
+ public:
+    /// What the check is about.
+    struct Subject {
+        QString version{};                          ///< that runs
+        QString updater{};                          ///< path of the updater; empty if there is none
+        std::function<bool()> internetReachable{};  ///< asked on the main thread
+        ReadBounds bounds{};
+    };
+
+    /// What it refers to outlives it.
+    UpdateCheck(MainWindow& window, Alerts& alerts, Desktop& desktop, Subject subject);
+    UpdateCheck(const UpdateCheck&) = delete;
+    UpdateCheck& operator=(const UpdateCheck&) = delete;
+    /// Ends a check that still reads.
+    ~UpdateCheck() override = default;
+
+    /// Before the first check.
+    void setUrls(const Urls& urls) { urlDict_ = urls; }
+
+    /// The version to update to; empty if there is none. Blocks for as long as the bounds allow;
+    /// on another thread than the main one.
+    [[nodiscard]] QString checkForupUpdates(const std::stop_token& stop) const;
+
+    /// Checks on a thread of its own and offers an update. With a sender, the window waits for the
+    /// answer, is drawn meanwhile, and says if there is none. One check for a sender at a time.
+    void showIfUpdateAvailable(const QObject* sender = nullptr);
+
+    /// Starts a program that goes on without this one. False if it cannot be started.
+    bool launchApp(const QString& application, const QStringList& arguments);
+
+    void updateMenuClicked();
+
+ private:
+    /// Whether there is any use in reading.
+    [[nodiscard]] bool canCheck() const;
+    /// Calls `answered` on the main thread, unless `receiver` is gone before.
+    std::jthread check(QObject& receiver, std::function<void(const QString& version)> answered);
+    /// None if the program ends meanwhile.
+    [[nodiscard]] std::optional<QString> waitForCheck();
+    void offer(const QString& version);
+
+    MainWindow& window_;
+    Alerts& alerts_;
+    Desktop& desktop_;
+    const Subject subject_;
+    Urls urlDict_;
+    bool waiting_ = false;
+    std::jthread launchCheck_;  // last: ends before what it reads
+};
+
+}  // namespace tarvin

@@ -1,0 +1,257 @@
+#include "controller/address_reader.h"
+
+#include "controller/loopback_certificate.h"
+#include "controller/loopback_server.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <QSslCertificate>
+#include <QSslConfiguration>
+#include <QTest>
+#include <QTimer>
+#include <atomic>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <thread>
+
+namespace tarvin {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds soon{300};
+constexpr int longWait = 20'000;
+
+/// Reads on another thread while this one serves.
+std::optional<QByteArray> readThere(const QString& address, const ReadBounds& bounds = {}) {
+    std::atomic<bool> done{false};
+    std::optional<QByteArray> bytes;
+    {
+        const std::jthread reader([&](const std::stop_token& stop) {
+            bytes = readAddress(QUrl(address), bounds, stop);
+            done = true;
+        });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return done.load(); }, longWait));
+    }
+    return bytes;
+}
+
+std::optional<QByteArray> readFrom(const LoopbackServer& server, const ReadBounds& bounds = {}) {
+    return readThere(server.address() + QStringLiteral("/Update.plist"), bounds);
+}
+
+TEST(ReadBounds, AreTenSecondsAndAMebibyte) {
+    EXPECT_EQ(ReadBounds{}.time, std::chrono::seconds(10));
+    EXPECT_EQ(ReadBounds{}.bytes, 1'048'576);
+}
+
+TEST(AddressReader, ReadsWhatAServerAnswers) {
+    const LoopbackServer server(LoopbackServer::with("all of it"));
+    EXPECT_EQ(readFrom(server), QByteArray("all of it"));
+    ASSERT_EQ(server.requests.size(), 1);
+    EXPECT_TRUE(server.requests[0].startsWith("GET /Update.plist HTTP/1.1\r\n"))
+        << server.requests[0].toStdString();
+    EXPECT_TRUE(server.requests[0].contains("Accept-Encoding: identity\r\n"));
+}
+
+TEST(AddressReader, ReadsAnAnswerOfUnknownLength) {
+    const LoopbackServer server(
+        LoopbackServer::withRaw("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\nup to the end"));
+    EXPECT_EQ(readFrom(server), QByteArray("up to the end"));
+}
+
+TEST(AddressReader, TakesNothingButSuccess) {
+    for (const char* status : {"204 No Content", "206 Partial Content", "304 Not Modified",
+                               "401 Unauthorized", "403 Forbidden", "404 Not Found",
+                               "500 Internal Server Error", "503 Service Unavailable"}) {
+        const LoopbackServer server(LoopbackServer::withRaw(
+            "HTTP/1.1 " + QByteArray(status) +
+            "\r\nContent-Length: 0\r\nWWW-Authenticate: Basic\r\nConnection: close\r\n\r\n"));
+        EXPECT_EQ(readFrom(server), std::nullopt) << status;
+        EXPECT_GE(server.requests.size(), 1) << status;
+    }
+}
+
+TEST(AddressReader, ReadsUpToItsBound) {
+    const QByteArray body(1000, 'a');
+    const LoopbackServer server(LoopbackServer::with(body));
+    EXPECT_EQ(readFrom(server, {.bytes = 1000}), body);
+    EXPECT_EQ(readFrom(server, {.bytes = 999}), std::nullopt);
+}
+
+TEST(AddressReader, EndsAnAnswerWithoutEnd) {
+    QTimer more;
+    LoopbackServer server([&](QTcpSocket& connection) {
+        connection.write("HTTP/1.1 200 OK\r\n\r\n");
+        QObject::connect(&more, &QTimer::timeout, &connection,
+                         [&] { connection.write(QByteArray(1 << 16, 'a')); });
+        more.start(0);
+    });
+    EXPECT_EQ(readFrom(server), std::nullopt);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return server.closed == 1; }, longWait));
+}
+
+TEST(AddressReader, DoesNotWaitForAnAnswerThatDrips) {
+    QTimer drops;
+    int dropped = 0;
+    LoopbackServer server([&](QTcpSocket& connection) {
+        connection.write("HTTP/1.1 200 OK\r\nContent-Length: 1000000\r\n\r\n");
+        QObject::connect(&drops, &QTimer::timeout, &connection, [&] {
+            connection.write("a");
+            ++dropped;
+        });
+        drops.start(20);
+    });
+    EXPECT_EQ(readFrom(server, {.time = soon}), std::nullopt);
+    EXPECT_GT(dropped, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return server.closed == 1; }, longWait));
+}
+
+TEST(AddressReader, DoesNotWaitForAServerThatSaysNothing) {
+    LoopbackServer server([](QTcpSocket& /*connection*/) {});
+    EXPECT_EQ(readFrom(server, {.time = soon}), std::nullopt);
+    EXPECT_EQ(server.requests.size(), 1);
+}
+
+TEST(AddressReader, TakesNoAnswerThatWasCutOff) {
+    const LoopbackServer server(
+        LoopbackServer::withRaw("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nonly this"));
+    EXPECT_EQ(readFrom(server), std::nullopt);
+}
+
+TEST(AddressReader, TakesNoAnswerThatIsNoHttp) {
+    const LoopbackServer server(LoopbackServer::withRaw("220 mail.example.org ESMTP\r\n"));
+    EXPECT_EQ(readFrom(server, {.time = soon}), std::nullopt);
+}
+
+TEST(AddressReader, GivesUpWhereNobodyListens) {
+    QString address;
+    {
+        const LoopbackServer server(LoopbackServer::with("gone"));
+        address = server.address();
+    }
+    EXPECT_EQ(readThere(address), std::nullopt);
+}
+
+TEST(AddressReader, GivesUpWhenTheConnectionIsReset) {
+    const LoopbackServer server([](QTcpSocket& connection) { connection.abort(); });
+    EXPECT_EQ(readFrom(server), std::nullopt);
+    EXPECT_GE(server.requests.size(), 1);
+}
+
+TEST(AddressReader, FollowsToAnAddressOfTheSameScheme) {
+    const LoopbackServer there(LoopbackServer::with("moved"));
+    const LoopbackServer server(LoopbackServer::to(there.address() + QStringLiteral("/new")));
+    EXPECT_EQ(readFrom(server), QByteArray("moved"));
+    ASSERT_EQ(there.requests.size(), 1);
+    EXPECT_TRUE(there.requests[0].startsWith("GET /new "));
+}
+
+TEST(AddressReader, FollowsToNoOtherScheme) {
+    const TemporaryFolder folder;
+    const QString file = QString::fromStdString(folder.writeFile("Update.plist", "a file"));
+    const LoopbackServer secure(LoopbackServer::with("secure"), LoopbackServer::Scheme::https);
+    for (const QString& address :
+         {QString(QStringLiteral("file://") + file),
+          QString(secure.address() + QStringLiteral("/Update.plist")), QStringLiteral("data:,text"),
+          QStringLiteral("ftp://127.0.0.1/"), QStringLiteral("http://[bad")}) {
+        const LoopbackServer server(LoopbackServer::to(address));
+        EXPECT_EQ(readFrom(server), std::nullopt) << address.toStdString();
+    }
+    EXPECT_TRUE(secure.requests.isEmpty());
+}
+
+TEST(AddressReader, DoesNotFollowForEver) {
+    LoopbackServer server({});
+    server.answer = [&server](QTcpSocket& connection) {
+        LoopbackServer::to(QStringLiteral("/%1").arg(server.requests.size()))(connection);
+    };
+    EXPECT_EQ(readFrom(server), std::nullopt);
+    EXPECT_EQ(server.requests.size(), 6);
+}
+
+TEST(AddressReader, DoesNotFollowToTheSameAddress) {
+    LoopbackServer server(LoopbackServer::to(QStringLiteral("/Update.plist")));
+    EXPECT_EQ(readFrom(server), std::nullopt);
+    EXPECT_EQ(server.requests.size(), 1);
+}
+
+/// Trusts the certificate of the test's server as long as it lives.
+class Trust final {
+ public:
+    Trust() : before_(QSslConfiguration::defaultConfiguration()) {
+        QSslConfiguration trusting = before_;
+        trusting.addCaCertificate(QSslCertificate(QByteArray(loopbackCertificate)));
+        QSslConfiguration::setDefaultConfiguration(trusting);
+    }
+    Trust(const Trust&) = delete;
+    Trust& operator=(const Trust&) = delete;
+    ~Trust() { QSslConfiguration::setDefaultConfiguration(before_); }
+
+ private:
+    QSslConfiguration before_;
+};
+
+TEST(AddressReader, TrustsNoServerThatVouchesForItself) {
+    const LoopbackServer server(LoopbackServer::with("forged"), LoopbackServer::Scheme::https);
+    EXPECT_EQ(readFrom(server), std::nullopt);
+    EXPECT_TRUE(server.requests.isEmpty());
+}
+
+TEST(AddressReader, ReadsFromAServerThatIsTrusted) {
+    const Trust trust;
+    const LoopbackServer server(LoopbackServer::with("honest"), LoopbackServer::Scheme::https);
+    EXPECT_EQ(readFrom(server), QByteArray("honest"));
+}
+
+TEST(AddressReader, EndsWhenItIsStopped) {
+    LoopbackServer server([](QTcpSocket& /*connection*/) {});
+    std::optional<QByteArray> bytes("as before");
+    std::jthread reader([&](const std::stop_token& stop) {
+        bytes = readAddress(QUrl(server.address()), {.time = std::chrono::hours(1)}, stop);
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return server.requests.size() == 1; }, longWait));
+    reader.request_stop();
+    reader.join();
+    EXPECT_EQ(bytes, std::nullopt);
+}
+
+TEST(AddressReader, DoesNotBeginWhenItWasStoppedBefore) {
+    LoopbackServer server([](QTcpSocket& /*connection*/) {});
+    std::stop_source stopped;
+    stopped.request_stop();
+    std::optional<QByteArray> bytes("as before");
+    std::jthread reader([&] {
+        bytes = readAddress(QUrl(server.address()), {.time = std::chrono::hours(1)},
+                            stopped.get_token());
+    });
+    reader.join();
+    EXPECT_EQ(bytes, std::nullopt);
+}
+
+TEST(AddressReader, ReadsFiles) {
+    const TemporaryFolder folder;
+    const QString path = QString::fromStdString(folder.writeFile("a file", "bytes"));
+    const QString address = QUrl::fromLocalFile(path).toString();
+    EXPECT_EQ(readThere(address), QByteArray("bytes"));
+    EXPECT_EQ(readThere(address, {.bytes = 5}), QByteArray("bytes"));
+    EXPECT_EQ(readThere(address, {.bytes = 4}), std::nullopt);
+}
+
+TEST(AddressReader, ReadsNothingButFiles) {
+    const TemporaryFolder folder;
+    const std::string pipe = folder.pathOf("pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& path :
+         {folder.path(), folder.pathOf("missing"), pipe, std::string("/dev/zero")}) {
+        EXPECT_EQ(readThere(QUrl::fromLocalFile(QString::fromStdString(path)).toString()),
+                  std::nullopt)
+            << path;
+    }
+}
+
+}  // namespace
+}  // namespace tarvin

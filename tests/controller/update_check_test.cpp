@@ -1,0 +1,316 @@
+#include "controller/update_check.h"
+
+#include "controller/loopback_server.h"
+#include "controller/product_bench.h"
+#include "controller/update_lists.h"
+#include "controller/updater_program.h"
+#include "interface/home_screen.h"
+#include "interface/main_window.h"
+#include "interface/picture_view.h"
+#include "support/file_content.h"
+#include "support/waiting.h"
+
+#include <gtest/gtest.h>
+
+#include <QCursor>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QTimer>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace tarvin {
+namespace {
+
+const std::string current = "1.2.3";  // of the bench
+
+QByteArray descriptionOf(const std::string& version) {
+    return QByteArray::fromStdString(listOfTexts({{current, version}, {"0.1", "9.9"}}));
+}
+
+/// Calls once when a widget has been asked to paint itself.
+class FirstPaint final : public QObject {
+ public:
+    FirstPaint(QWidget* widget, std::function<void()> painted)
+        : QObject(widget), painted_(std::move(painted)) {
+        widget->installEventFilter(this);
+        widget->update();
+    }
+
+    bool eventFilter(QObject* /*widget*/, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            if (const auto painted = std::exchange(painted_, {})) {
+                painted();
+            }
+        }
+        return false;
+    }
+
+ private:
+    std::function<void()> painted_;
+};
+
+/// The product with a list of addresses that leads to a server of the test.
+class Updates : public ProductBench {
+ protected:
+    void SetUp() override { lead(server.address()); }
+
+    void lead(const QString& location) {
+        urls = QString::fromStdString(
+            folder.writeFile("Urls.plist", listOfTexts({{"FolderLocation", location.toStdString()},
+                                                        {"FolderName", "our updates"}})));
+    }
+
+    /// As a person asks for them.
+    void askForUpdates() {
+        click("buttonHelpManual");
+        choose(window().helpMenu, window().updateMenuItem);
+    }
+
+    /// Starts the product and waits for its own check to be over.
+    void launchAndCheck() {
+        launch();
+        ASSERT_TRUE(comesTrue([this] { return server.closed == 1; }));
+    }
+
+    void expectOffer(const Alert& alert, const std::string& version) {
+        EXPECT_EQ(alert.messageText.toStdString(),
+                  "New update available (Tarvin Duplicate File Remover " + version + ")");
+        EXPECT_EQ(alert.informativeText, QStringLiteral("Would you like to update this version?"));
+        EXPECT_EQ(alert.buttons,
+                  (QStringList{QStringLiteral("Update"), QStringLiteral("Remind Me Later")}));
+        EXPECT_EQ(alert.escapeButton, 1);
+    }
+
+    static void expectUpToDate(const Alert& alert) {
+        EXPECT_EQ(alert.messageText, QStringLiteral("Your application is up to date"));
+        EXPECT_EQ(alert.informativeText, QStringLiteral("No update required."));
+        EXPECT_EQ(alert.buttons, QStringList{QStringLiteral("Ok")});
+    }
+
+    LoopbackServer server{LoopbackServer::with(descriptionOf("2.0"))};
+};
+
+TEST_F(Updates, AreOfferedWhenTheProductStarts) {
+    launch();
+    ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+    expectOffer(alerts.shown[0], "2.0");
+    ASSERT_EQ(server.requests.size(), 1);
+    EXPECT_TRUE(server.requests[0].startsWith("GET /our%20updates/Update.plist HTTP/1.1\r\n"))
+        << server.requests[0].toStdString();
+}
+
+TEST_F(Updates, AreOfferedEvenIfTheyAreOlder) {
+    server.answer = LoopbackServer::with(descriptionOf("1.0"));
+    launch();
+    ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+    expectOffer(alerts.shown[0], "1.0");
+}
+
+TEST_F(Updates, AreOfferedWhenTheyAreAskedFor) {
+    server.answer = LoopbackServer::with(descriptionOf(current));
+    launchAndCheck();
+    server.answer = LoopbackServer::with(descriptionOf("2.0"));
+    askForUpdates();
+    ASSERT_EQ(alerts.shown.size(), 1U);
+    expectOffer(alerts.shown[0], "2.0");
+}
+
+TEST_F(Updates, AreNotSpokenOfAtTheStartIfThereAreNone) {
+    server.answer = LoopbackServer::with(descriptionOf(current));
+    launchAndCheck();
+    // The answer to this comes after the one to the launch.
+    askForUpdates();
+    ASSERT_EQ(alerts.shown.size(), 1U);
+    expectUpToDate(alerts.shown[0]);
+}
+
+TEST_F(Updates, AreNoneForAVersionThatIsNotKnown) {
+    server.answer = LoopbackServer::with(QByteArray::fromStdString(listOfTexts({{"0.1", "2.0"}})));
+    launchAndCheck();
+    askForUpdates();
+    ASSERT_EQ(alerts.shown.size(), 1U);
+    expectUpToDate(alerts.shown[0]);
+}
+
+TEST_F(Updates, AreNoneIfTheReadFails) {
+    server.answer = LoopbackServer::withRaw("HTTP/1.1 404 Not Found\r\n\r\n" + descriptionOf("2"));
+    launchAndCheck();
+    askForUpdates();
+    ASSERT_EQ(alerts.shown.size(), 1U);
+    expectUpToDate(alerts.shown[0]);
+}
+
+TEST_F(Updates, AreNotLookedForWithoutAddresses) {
+    for (const std::string& list :
+         {std::string("damaged"), listOfTexts({}),
+          listOfTexts({{"FolderLocation", server.address().toStdString()}}),
+          listOfTexts({{"FolderName", "our updates"}}),
+          listOfTexts({{"FolderLocation", ""}, {"FolderName", ""}})}) {
+        urls = QString::fromStdString(folder.writeFile("Urls.plist", list));
+        alerts.shown.clear();
+        launch();
+        askForUpdates();
+        ASSERT_EQ(alerts.shown.size(), 1U) << list;
+        expectUpToDate(alerts.shown[0]);
+        EXPECT_TRUE(server.requests.isEmpty());
+        delegate.reset();
+    }
+}
+
+TEST_F(Updates, AreNotLookedForWithoutAListOfAddresses) {
+    urls.clear();
+    launch();
+    askForUpdates();
+    ASSERT_EQ(alerts.shown.size(), 1U);
+    expectUpToDate(alerts.shown[0]);
+}
+
+TEST_F(Updates, AreNotLookedForWithoutANetwork) {
+    internetReachable = [] { return false; };
+    launch();
+    askForUpdates();
+    ASSERT_EQ(alerts.shown.size(), 1U);
+    expectUpToDate(alerts.shown[0]);
+    EXPECT_TRUE(server.requests.isEmpty());
+}
+
+TEST_F(Updates, AreReadFromAFileToo) {
+    folder.makeFolder("our updates");
+    folder.writeFile("our updates/Update.plist", descriptionOf("2.0").toStdString());
+    lead(QUrl::fromLocalFile(QString::fromStdString(folder.path())).toString());
+    launch();
+    ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+    expectOffer(alerts.shown[0], "2.0");
+}
+
+/// The server answers only when it has been seen painted.
+TEST_F(Updates, LetTheWindowBeDrawnWhileItWaits) {
+    server.answer = LoopbackServer::with(descriptionOf(current));
+    launchAndCheck();
+    std::unique_ptr<FirstPaint> paint;
+    server.answer = [&](QTcpSocket& connection) {
+        ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+        EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+        paint = std::make_unique<FirstPaint>(window().home->homePage, [&connection] {
+            LoopbackServer::with(descriptionOf("2.0"))(connection);
+        });
+    };
+    askForUpdates();
+    ASSERT_EQ(alerts.shown.size(), 1U);
+    expectOffer(alerts.shown[0], "2.0");
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(Updates, AreAskedForOnceAtATime) {
+    server.answer = LoopbackServer::with(descriptionOf(current));
+    launchAndCheck();
+    server.answer = [this](QTcpSocket& connection) {
+        delegate->updates().updateMenuClicked();
+        EXPECT_TRUE(alerts.shown.empty());
+        LoopbackServer::with(descriptionOf("2.0"))(connection);
+    };
+    askForUpdates();
+    EXPECT_EQ(server.requests.size(), 2);
+    EXPECT_EQ(alerts.shown.size(), 1U);
+}
+
+TEST_F(Updates, DoNotKeepTheProductFromEnding) {
+    server.answer = [](QTcpSocket& /*connection*/) {};
+    launch();
+    ASSERT_TRUE(comesTrue([this] { return server.requests.size() == 1; }));
+    delegate.reset();
+    EXPECT_TRUE(comesTrue([this] { return server.closed == 1; }));
+    EXPECT_TRUE(alerts.shown.empty());
+}
+
+TEST_F(Updates, DoNotKeepTheProductFromEndingWhileItWaits) {
+    server.answer = LoopbackServer::with(descriptionOf(current));
+    launchAndCheck();
+    server.answer = [](QTcpSocket& /*connection*/) {
+        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
+    };
+    QTimer::singleShot(0, qApp, [this] { delegate->updates().updateMenuClicked(); });
+    QCoreApplication::exec();
+    EXPECT_TRUE(alerts.shown.empty());
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+/// With a program where the updater is to be.
+class Updater : public Updates {
+ protected:
+    void SetUp() override {
+        Updates::SetUp();
+        updater = QString::fromStdString(folder.pathOf("Tarvin Duplicate File Remover Updater"));
+        usedDesktop = &systemDesktop();
+    }
+
+    void accept() {
+        launch();
+        ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+        alerts.press(0);
+    }
+};
+
+TEST_F(Updater, IsStartedWithOneWord) {
+    std::filesystem::copy_file(updaterProgramPath(), updater.toStdString());
+    accept();
+    ASSERT_TRUE(waitUntil([this] { return std::filesystem::exists(folder.pathOf("told")); }));
+    EXPECT_EQ(contentOf(folder.pathOf("told")), "nothing\n");
+    EXPECT_EQ(terminations, 0);
+    EXPECT_TRUE(window().isVisible());
+}
+
+TEST_F(Updater, IsNotStartedLater) {
+    usedDesktop = &desktop;
+    launch();
+    ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+    alerts.press(1);
+    EXPECT_TRUE(desktop.programs.isEmpty());
+    // And nothing is remembered.
+    delegate.reset();
+    alerts.shown.clear();
+    launch();
+    ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+    expectOffer(alerts.shown[0], "2.0");
+}
+
+TEST_F(Updater, IsGivenItsWordByTheDesktop) {
+    usedDesktop = &desktop;
+    accept();
+    EXPECT_EQ(desktop.programs, QStringList{updater});
+    EXPECT_EQ(desktop.arguments, QStringList{QStringLiteral("nothing")});
+}
+
+TEST_F(Updater, IsNotMissedIfItIsNotThere) {
+    accept();
+    EXPECT_EQ(alerts.shown.size(), 1U);
+    EXPECT_FALSE(delegate->updates().launchApp(updater, {QStringLiteral("nothing")}));
+    EXPECT_FALSE(delegate->updates().launchApp({}, {}));
+    EXPECT_TRUE(window().isVisible());
+}
+
+TEST_F(Updater, MayBeNoProgram) {
+    folder.writeFile("Tarvin Duplicate File Remover Updater", "text");
+    accept();
+    EXPECT_EQ(alerts.shown.size(), 1U);
+    EXPECT_FALSE(delegate->updates().launchApp(updater, {QStringLiteral("nothing")}));
+    EXPECT_TRUE(window().isVisible());
+}
+
+TEST_F(Updater, MayCrash) {
+    const std::string crash = folder.writeFile("Tarvin Duplicate File Remover Updater",
+                                               "#!/bin/sh\n: >\"$(dirname \"$0\")/told\"\n"
+                                               "kill -SEGV $$\n");
+    std::filesystem::permissions(crash, std::filesystem::perms::owner_all);
+    accept();
+    ASSERT_TRUE(waitUntil([this] { return std::filesystem::exists(folder.pathOf("told")); }));
+    EXPECT_EQ(alerts.shown.size(), 1U);
+    EXPECT_TRUE(window().isVisible());
+}
+
+}  // namespace
+}  // namespace tarvin

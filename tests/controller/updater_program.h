@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace tarvin {
+
+/// The path of a program that is built for tests in place of an updater: it writes what it was
+/// given, a line for each argument, beside itself into a file "told".
+std::string updaterProgramPath();
+
+}  // namespace tarvin

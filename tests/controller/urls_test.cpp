@@ -1,0 +1,67 @@
+#include "controller/urls.h"
+
+#include "controller/update_lists.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace tarvin {
+namespace {
+
+Urls urlsIn(const std::string& list) {
+    const TemporaryFolder folder;
+    return readUrls(QString::fromStdString(folder.writeFile("Urls.plist", list)));
+}
+
+void expectNone(const Urls& urls, const std::string& list) {
+    EXPECT_TRUE(urls.support.isEmpty()) << list;
+    EXPECT_TRUE(urls.folderLocation.isEmpty()) << list;
+    EXPECT_TRUE(urls.folderName.isEmpty()) << list;
+}
+
+TEST(ListOfAddresses, HoldsThreeTexts) {
+    const Urls urls = urlsIn(listOfTexts({{"Support", "mailto:help@example.org"},
+                                          {"FolderLocation", "https://example.org/our files"},
+                                          {"FolderName", "updates"},
+                                          {"Other", "text"}}));
+    EXPECT_EQ(urls.support, QStringLiteral("mailto:help@example.org"));
+    EXPECT_EQ(urls.folderLocation, QStringLiteral("https://example.org/our files"));
+    EXPECT_EQ(urls.folderName, QStringLiteral("updates"));
+}
+
+TEST(ListOfAddresses, MayLackSome) {
+    const Urls urls = urlsIn(listOfTexts({{"FolderName", "updates"}}));
+    EXPECT_TRUE(urls.support.isEmpty());
+    EXPECT_TRUE(urls.folderLocation.isEmpty());
+    EXPECT_EQ(urls.folderName, QStringLiteral("updates"));
+}
+
+TEST(ListOfAddresses, HoldsNothingIfItIsDamaged) {
+    const std::string begin = "<?xml version=\"1.0\"?><plist version=\"1.0\">";
+    const std::string good = listOfTexts({{"Support", "mailto:help@example.org"}});
+    for (const std::string& list :
+         {std::string(), std::string("damaged"), begin, good.substr(0, good.size() - 20),
+          begin + "<array><string>Support</string></array></plist>",
+          begin + "<dict><key>Support</key><integer>1</integer><key>FolderName</key><true/>"
+                  "<key>FolderLocation</key><data>AAAA</data></dict></plist>"}) {
+        expectNone(urlsIn(list), list);
+    }
+}
+
+TEST(ListOfAddresses, HoldsNothingIfItIsHuge) {
+    const std::string good = listOfTexts({{"Support", "mailto:help@example.org"}});
+    EXPECT_FALSE(urlsIn(good + std::string((1U << 20U) - good.size(), '\n')).support.isEmpty());
+    expectNone(urlsIn(good + std::string((1U << 20U) - good.size() + 1, '\n')), "huge");
+}
+
+TEST(ListOfAddresses, HoldsNothingIfItIsMissing) {
+    const TemporaryFolder folder;
+    for (const std::string& path : {std::string(), folder.pathOf("missing"), folder.path()}) {
+        expectNone(readUrls(QString::fromStdString(path)), path);
+    }
+}
+
+}  // namespace
+}  // namespace tarvin
