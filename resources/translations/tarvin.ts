@@ -33,6 +33,10 @@
         <source>A operation is in progress. Please stop the current process.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>To scan other folders, please go back to the start first.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tarvin::CloseButton</name>

@@ -33,6 +33,10 @@
         <source>A operation is in progress. Please stop the current process.</source>
         <translation>Ein Vorgang läuft noch. Bitte brechen Sie ihn zuerst ab.</translation>
     </message>
+    <message>
+        <source>To scan other folders, please go back to the start first.</source>
+        <translation>Um andere Ordner zu durchsuchen, gehen Sie bitte zuerst zur Startseite zurück.</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::CloseButton</name>

@@ -16,7 +16,6 @@
 #include "interface/picture_view.h"
 #include "interface/result_screen.h"
 #include "interface/text_block.h"
-#include "platform/running_copies.h"
 
 #include <QIcon>
 #include <QLabel>
@@ -67,7 +66,9 @@ AppDelegate::AppDelegate(Surroundings surroundings)
                              .updater = surroundings_.updater,
                              .internetReachable = surroundings_.internetReachable});
     makeResultTasks();
+    singleCopy_ = std::make_unique<SingleCopy>(surroundings_.platform.runningCopies());
     connectControls();
+    connectRequests();
     awakeFromNib();
 }
 
@@ -82,10 +83,6 @@ void AppDelegate::makeResultTasks() {
                                                    *surroundings_.alerts, information_, *marking_);
     deletion_ = std::make_unique<DeletionTask>(session_, *results_, window_, *surroundings_.alerts,
                                                information_, *marking_);
-}
-
-AppDelegate::~AppDelegate() {
-    surroundings_.platform.runningCopies().leave();
 }
 
 void AppDelegate::awakeFromNib() {
@@ -131,8 +128,18 @@ void AppDelegate::connectControls() {
     window_.setClosePermission([this] { return windowShouldClose(); });
 }
 
+void AppDelegate::connectRequests() {
+    connect(singleCopy_.get(), &SingleCopy::quitRequested, this,
+            [this] { surroundings_.terminate(); });
+    connect(singleCopy_.get(), &SingleCopy::frontRequested, this, [this](const QByteArray& token) {
+        qputenv("XDG_ACTIVATION_TOKEN", token);
+        comeToFront();
+    });
+    connect(singleCopy_.get(), &SingleCopy::foldersRequested, this, &AppDelegate::openFolders);
+}
+
 void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& folders) {
-    keepFirstCopy();
+    const bool stays = singleCopy_->keepFirst(folders);
     session_.awake = true;
     session_.exact = false;
     session_.similar = false;
@@ -144,8 +151,8 @@ void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& 
     help_->setVersion(surroundings_.version);
     showCleanHistory();
     session_.summaries = {};
-    if (!folders.empty()) {
-        locations_->openWith(folders);
+    if (stays && !folders.empty()) {
+        openFolders(folders);
     }
     window_.show();
     comeToFront();
@@ -154,26 +161,15 @@ void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& 
         updates_.get(), [this] { updates_->showIfUpdateAvailable(); }, Qt::QueuedConnection);
 }
 
-/// Requests come on a thread of their own; the signals bring them to this one.
-void AppDelegate::keepFirstCopy() {
-    connect(
-        this, &AppDelegate::quitRequested, this, [this] { surroundings_.terminate(); },
-        Qt::QueuedConnection);
-    connect(
-        this, &AppDelegate::frontRequested, this,
-        [this](const QByteArray& token) {
-            qputenv("XDG_ACTIVATION_TOKEN", token);
-            comeToFront();
-        },
-        Qt::QueuedConnection);
-    RunningCopies& copies = surroundings_.platform.runningCopies();
-    const CopyRequests requests{.quit = [this] { Q_EMIT quitRequested(); },
-                                .comeToFront =
-                                    [this](const std::string& token) {
-                                        Q_EMIT frontRequested(QByteArray::fromStdString(token));
-                                    }};
-    if (copies.join(requests)) {
-        keepFirstCopyOnly(copies, qgetenv("XDG_ACTIVATION_TOKEN").toStdString());
+void AppDelegate::openFolders(const std::vector<std::string>& folders) {
+    const QString screen = window_.selectedTabViewItem();
+    if (screen == window_.home->identifier() ||
+        (screen == window_.locations->identifier() && locations_->list().scanFolderClicked())) {
+        window_.windowAboutPanel->hide();
+        locations_->openWith(folders);
+    } else {
+        surroundings_.alerts->show(
+            noticeOf(tr("To scan other folders, please go back to the start first.")));
     }
 }
 

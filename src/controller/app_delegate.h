@@ -16,11 +16,11 @@
 #include "controller/results.h"
 #include "controller/scan_task.h"
 #include "controller/session.h"
+#include "controller/single_copy.h"
 #include "controller/update_check.h"
 #include "interface/main_window.h"
 #include "platform/platform.h"
 
-#include <QByteArray>
 #include <QObject>
 #include <QSettings>
 #include <functional>
@@ -58,7 +58,7 @@ class AppDelegate final : public QObject {
     explicit AppDelegate(Surroundings surroundings);
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
-    ~AppDelegate() override;
+    ~AppDelegate() override = default;
 
     /// The interface is there: its pictures and, the first time, everything that is done once.
     void awakeFromNib();
@@ -97,16 +97,12 @@ class AppDelegate final : public QObject {
     [[nodiscard]] DeletionTask& deletion() { return *deletion_; }
     [[nodiscard]] Preview& preview() { return *preview_; }
 
- Q_SIGNALS:
-    /// Another copy of the program asks this one. Any thread.
-    void quitRequested();
-    void frontRequested(const QByteArray& activationToken);
-
  private:
     void showHomeImage();
     void setUpButtons() const;
     void connectControls();
-    void keepFirstCopy();
+    void connectRequests();
+    void openFolders(const std::vector<std::string>& folders);
     void showCleanHistory();
     void comeToFront();
     void goHome();
@@ -130,6 +126,7 @@ class AppDelegate final : public QObject {
     std::unique_ptr<ResultViews> views_;
     std::unique_ptr<ExceptionsTask> exceptions_;
     std::unique_ptr<DeletionTask> deletion_;  // ends before what it uses
+    std::unique_ptr<SingleCopy> singleCopy_;  // ends first: nobody counts on this copy any more
     std::int32_t homeImageCounter_ = 1;
 };
 

@@ -132,7 +132,11 @@ void Locations::enter(const QString& header) {
 }
 
 void Locations::openWith(const std::vector<std::string>& folders) {
-    buttonScanFoldersClicked();
+    const bool listed = window_.selectedTabViewItem() == window_.locations->identifier() &&
+                        list_.scanFolderClicked();
+    if (!listed) {
+        buttonScanFoldersClicked();
+    }
     list_.openFolders(folders);
     reflectMarkStatusForRemoveButton();
 }

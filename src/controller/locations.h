@@ -31,7 +31,8 @@ class Locations final : public QObject {
     /// Drive mode for similar images, whose scan never begins.
     void buttonScanFolderClicked();
 
-    /// Shows the list in folder mode with these folders added and checked.
+    /// Shows the list in folder mode, if it does not show already, with these folders added and
+    /// checked.
     void openWith(const std::vector<std::string>& folders);
 
     /// The row that was double-clicked; rows are counted from the top.

@@ -26,6 +26,8 @@ struct CopyRequests {
     /// The copy shall show its window in front of the others. The token, if there is one, is what
     /// the desktop wants to see from a program that takes the keyboard.
     std::function<void(const std::string& activationToken)> comeToFront;
+    /// The copy shall offer these folders, absolute paths, to be scanned.
+    std::function<void(const std::vector<std::string>& folders)> openFolders;
 };
 
 /// The copies of the program that a user has running at the same time. Copies that crashed, or have
@@ -57,6 +59,9 @@ class RunningCopies {
     /// no longer be asked.
     virtual bool askToQuit(RunningCopy copy) = 0;
     virtual bool bringToFront(RunningCopy copy, const std::string& activationToken) = 0;
+    /// Hands absolute paths of folders, native bytes, to a copy. False if it does not get all of
+    /// them: it is gone or busy, or a path is as long as hardly any system call takes it.
+    virtual bool openFolders(RunningCopy copy, const std::vector<std::string>& folders) = 0;
 };
 
 /// The rule of the single copy: if several run, each but the first is asked to quit, whichever of

@@ -104,6 +104,21 @@ TEST_F(Launch, OfASecondCopyAsksItToEnd) {
     EXPECT_EQ(platform.runningCopies().broughtToFront(), (std::vector<RunningCopy>{{1}}));
 }
 
+TEST_F(Launch, OfASecondCopyHandsItsFoldersToTheFirst) {
+    platform.runningCopies().setOthers({{1}}, {2});
+    launch({folder.pathOf("Pictures"), folder.makeFolder("more")});
+    EXPECT_EQ(platform.runningCopies().handedOn(),
+              (std::vector<std::string>{folder.pathOf("Pictures"), folder.pathOf("more")}));
+    EXPECT_EQ(screen(), window().home->identifier());
+}
+
+TEST_F(Launch, OfTheFirstCopyHandsNothingOn) {
+    platform.runningCopies().setOthers({{2}}, {1});
+    launch({folder.pathOf("Pictures")});
+    EXPECT_TRUE(platform.runningCopies().handedOn().empty());
+    EXPECT_EQ(screen(), window().locations->identifier());
+}
+
 TEST_F(Launch, OfASecondCopyShowsNoWindowBeforeAllElse) {
     appearance = MainWindow::Appearance::atOnce;
     make();
@@ -125,6 +140,67 @@ TEST_F(Launch, ComesToTheFrontWhenAskedTo) {
     window().showMinimized();
     platform.runningCopies().bringThisToFront();
     EXPECT_TRUE(comesTrue([&] { return !window().isMinimized(); }));
+}
+
+/// Folders that another copy was started with.
+class FoldersOfAnotherCopy : public ProductBench {
+ protected:
+    void SetUp() override { launch(); }
+
+    void handOver(const char* name) {
+        platform.runningCopies().openInThis({folder.makeFolder(name)});
+    }
+    [[nodiscard]] const std::vector<LocationRow>& rows() {
+        return delegate->locations().list().rows();
+    }
+    [[nodiscard]] bool comesChecked(const char* name) {
+        return comesTrue([&] {
+            return !rows().empty() && rows().back().name == folder.pathOf(name) &&
+                   rows().back().state;
+        });
+    }
+    void expectRefusal() {
+        ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+        EXPECT_EQ(alerts.shown[0].messageText, QStringLiteral("Tarvin Duplicate File Remover"));
+        EXPECT_EQ(alerts.shown[0].informativeText,
+                  QStringLiteral("To scan other folders, please go back to the start first."));
+        EXPECT_EQ(alerts.shown[0].buttons, QStringList{QStringLiteral("Ok")});
+    }
+};
+
+TEST_F(FoldersOfAnotherCopy, OpenTheListAtTheStart) {
+    handOver("more");
+    EXPECT_TRUE(comesChecked("more"));
+    EXPECT_EQ(screen(), window().locations->identifier());
+    EXPECT_TRUE(window().locations->findDuplicateExact->isEnabled());
+    EXPECT_TRUE(alerts.shown.empty());
+}
+
+TEST_F(FoldersOfAnotherCopy, AreAddedToTheListOfFolders) {
+    click("mainScanButtonFolder");
+    handOver("more");
+    EXPECT_TRUE(comesChecked("more"));
+    const std::size_t before = rows().size();
+    handOver("and more");
+    EXPECT_TRUE(comesChecked("and more"));
+    EXPECT_EQ(rows().size(), before + 1);
+    EXPECT_TRUE(rows()[before - 1].state);
+}
+
+TEST_F(FoldersOfAnotherCopy, TakeTheAboutPanelAway) {
+    window().showAbout();
+    handOver("more");
+    EXPECT_TRUE(comesChecked("more"));
+    EXPECT_FALSE(window().windowAboutPanel->isVisible());
+    EXPECT_EQ(screen(), window().locations->identifier());
+}
+
+TEST_F(FoldersOfAnotherCopy, AreRefusedInTheListOfDrives) {
+    click("mainScanButton");
+    const std::size_t before = rows().size();
+    handOver("more");
+    expectRefusal();
+    EXPECT_EQ(rows().size(), before);
 }
 
 class Screens : public ProductBench {

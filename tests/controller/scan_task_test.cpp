@@ -69,6 +69,18 @@ TEST_F(Scanning, ShowsTheResultWhenEveryFileIsAccountedFor) {
     EXPECT_EQ(delegate->scan().run().modal()->totalFiles(), 0U);
 }
 
+TEST_F(Scanning, IsNotDisturbedByFoldersOfAnotherCopy) {
+    beginAndHoldComparison();
+    platform.runningCopies().openInThis({folder.makeFolder("more")});
+    ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+    EXPECT_EQ(alerts.shown[0].informativeText,
+              QStringLiteral("To scan other folders, please go back to the start first."));
+    EXPECT_TRUE(delegate->scan().scanning());
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_TRUE(delegate->locations().list().rows().empty());
+}
+
 TEST_F(Scanning, LeavesExceptedFilesOut) {
     writeDuplicates();
     ExceptionFile exceptions(folder.pathOf("support"));

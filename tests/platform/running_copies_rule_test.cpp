@@ -16,9 +16,9 @@ class SingleCopyRule : public ::testing::Test {
     /// Joins as the copy `number` beside the others, in order, and applies the rule.
     std::optional<RunningCopy> apply(std::uint64_t number, Copies others) {
         copies_.setOthers(std::move(others), {number});
-        const auto joined =
-            copies_.join({.quit = [this] { ++quits_; },
-                          .comeToFront = [this](const std::string&) { ++fronts_; }});
+        const auto joined = copies_.join({.quit = [this] { ++quits_; },
+                                          .comeToFront = [this](const std::string&) { ++fronts_; },
+                                          .openFolders = {}});
         EXPECT_TRUE(joined);
         return keepFirstCopyOnly(copies_, "token");
     }

@@ -32,6 +32,12 @@ class Copy final {
                                      [this](const std::string& token) {
                                          const std::lock_guard lock(mutex_);
                                          tokens_.push_back(token);
+                                     },
+                                 .openFolders =
+                                     [this](const std::vector<std::string>& folders) {
+                                         const std::lock_guard lock(mutex_);
+                                         opened_.insert(opened_.end(), folders.begin(),
+                                                        folders.end());
                                      }})) {}
     Copy(const Copy&) = delete;
     Copy& operator=(const Copy&) = delete;
@@ -56,11 +62,16 @@ class Copy final {
         const std::lock_guard lock(mutex_);
         return tokens_;
     }
+    [[nodiscard]] std::vector<std::string> opened() const {
+        const std::lock_guard lock(mutex_);
+        return opened_;
+    }
 
  private:
     std::atomic<int> quits_ = 0;
     mutable std::mutex mutex_;
     std::vector<std::string> tokens_;  // guarded by mutex_
+    std::vector<std::string> opened_;  // guarded by mutex_
     std::unique_ptr<RunningCopies> copies_;
     Result<RunningCopy> joined_;
 };
@@ -201,6 +212,42 @@ TEST_F(RunningCopiesTest, ComeToTheFrontWithTheTokenOfTheDesktop) {
     ASSERT_TRUE(waitUntil([&] { return first.tokens().size() == 3; }));
     EXPECT_EQ(first.tokens(), (std::vector<std::string>{"token 1", "", ""}));
     EXPECT_EQ(first.quits(), 0);
+}
+
+TEST_F(RunningCopiesTest, HandFoldersOn) {
+    Copy first(folders_);
+    Copy second(folders_);
+    const std::vector<std::string> folders{"/a b", "/line\nbreak", "/not UTF-8 \xff", "/a b"};
+    EXPECT_TRUE(second.copies().openFolders(first.self(), folders));
+    EXPECT_TRUE(second.copies().openFolders(first.self(), {}));
+    EXPECT_TRUE(second.copies().openFolders(first.self(), {"/last"}));
+    ASSERT_TRUE(waitUntil([&] { return first.opened().size() == 5; }));
+    EXPECT_EQ(first.opened(), (std::vector<std::string>{"/a b", "/line\nbreak", "/not UTF-8 \xff",
+                                                        "/a b", "/last"}));
+    EXPECT_EQ(first.quits(), 0);
+}
+
+TEST_F(RunningCopiesTest, HandMoreFoldersOnThanOneMessageHolds) {
+    Copy first(folders_);
+    Copy second(folders_);
+    std::vector<std::string> folders;
+    for (char name = 'a'; name < 'i'; ++name) {
+        folders.push_back('/' + std::string(1000, name));
+    }
+    EXPECT_TRUE(second.copies().openFolders(first.self(), folders));
+    ASSERT_TRUE(waitUntil([&] { return first.opened().size() == folders.size(); }));
+    EXPECT_EQ(first.opened(), folders);
+}
+
+TEST_F(RunningCopiesTest, SayIfAFolderCannotBeHandedOn) {
+    Copy first(folders_);
+    Copy second(folders_);
+    const std::string longest = '/' + std::string(4089, 'a');
+    EXPECT_TRUE(second.copies().openFolders(first.self(), {longest}));
+    EXPECT_FALSE(second.copies().openFolders(first.self(), {longest + 'a', "/b"}));
+    ASSERT_TRUE(waitUntil([&] { return first.opened().size() == 2; }));
+    EXPECT_EQ(first.opened(), (std::vector<std::string>{longest, "/b"}));
+    EXPECT_FALSE(second.copies().openFolders({99}, {"/b"}));
 }
 
 TEST_F(MeetingPlace, IsMadeForTheUserAlone) {

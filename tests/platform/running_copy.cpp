@@ -115,8 +115,8 @@ class Copy final {
     void join() {
         const auto joined = copies_->join(
             {.quit = [this] { request("quit\n"); },
-             .comeToFront =
-                 [this](const std::string& token) { request("front " + token + '\n'); }});
+             .comeToFront = [this](const std::string& token) { request("front " + token + '\n'); },
+             .openFolders = [](const std::vector<std::string>& /*folders*/) {}});
         say(joined ? "joined " + std::to_string(joined->number)
                    : "alone " + std::to_string(joined.error().code));
     }

@@ -28,9 +28,14 @@ class FakeRunningCopies final : public RunningCopies {
         requests_.comeToFront(activationToken);
     }
 
+    void openInThis(const std::vector<std::string>& folders) const {
+        requests_.openFolders(folders);
+    }
+
     [[nodiscard]] bool hasJoined() const { return joined_; }
     [[nodiscard]] const std::vector<RunningCopy>& askedToQuit() const { return askedToQuit_; }
     [[nodiscard]] const std::vector<RunningCopy>& broughtToFront() const { return front_; }
+    [[nodiscard]] const std::vector<std::string>& handedOn() const { return handedOn_; }
     [[nodiscard]] const std::string& lastToken() const { return lastToken_; }
 
     bool isAnyRunning() override { return joined_ || !others_.empty(); }
@@ -80,6 +85,17 @@ class FakeRunningCopies final : public RunningCopies {
         return true;
     }
 
+    bool openFolders(RunningCopy copy, const std::vector<std::string>& folders) override {
+        if (!isThere(copy)) {
+            return false;
+        }
+        handedOn_.insert(handedOn_.end(), folders.begin(), folders.end());
+        if (copy == thisCopy_) {
+            requests_.openFolders(folders);
+        }
+        return true;
+    }
+
     /// A copy ends just before it would be asked for anything: it is still listed once.
     void endBeforeItIsAsked(RunningCopy copy) { ending_.push_back(copy); }
 
@@ -100,6 +116,7 @@ class FakeRunningCopies final : public RunningCopies {
     RunningCopy thisCopy_{1};
     std::vector<RunningCopy> askedToQuit_;
     std::vector<RunningCopy> front_;
+    std::vector<std::string> handedOn_;
     std::string lastToken_;
     bool joined_ = false;
 };

@@ -34,6 +34,7 @@ constexpr std::string_view socketSuffix = ".socket";
 
 constexpr std::string_view quitMessage = "quit";
 constexpr std::string_view frontMessage = "front ";  // and the token
+constexpr std::string_view openMessage = "open ";    // and paths, each ended by a zero
 
 std::string nameOf(std::uint64_t number, std::string_view suffix) {
     return std::string(namePrefix).append(std::to_string(number)).append(suffix);
@@ -109,6 +110,35 @@ std::vector<RunningCopy> livingCopies(const PrivateFolder& folder) {
         }
     }
     return living;
+}
+
+std::vector<std::string> pathsIn(std::string_view text) {
+    std::vector<std::string> paths;
+    for (auto end = text.find('\0'); end != std::string_view::npos; end = text.find('\0')) {
+        paths.emplace_back(text.substr(0, end));
+        text.remove_prefix(end + 1);
+    }
+    return paths;
+}
+
+bool fitsMessage(const std::string& path) {
+    return openMessage.size() + path.size() + 1 <= CopySocket::longestMessage;
+}
+
+/// As few messages as hold them; a path that none could hold is left out.
+std::vector<std::string> messagesOf(const std::vector<std::string>& paths) {
+    std::vector<std::string> messages;
+    for (const std::string& path : paths) {
+        if (!fitsMessage(path)) {
+            continue;
+        }
+        const std::size_t added = path.size() + 1;
+        if (messages.empty() || messages.back().size() + added > CopySocket::longestMessage) {
+            messages.emplace_back(openMessage);
+        }
+        messages.back().append(path).push_back('\0');
+    }
+    return messages;
 }
 
 /// The place of one copy: its two files. Goes with them.
@@ -188,6 +218,8 @@ void Place::obey(const CopyRequests& requests, std::string_view message) const {
         requests.quit();
     } else if (message.starts_with(frontMessage)) {
         requests.comeToFront(std::string(message.substr(frontMessage.size())));
+    } else if (message.starts_with(openMessage)) {
+        requests.openFolders(pathsIn(message.substr(openMessage.size())));
     }
 }
 
@@ -244,6 +276,14 @@ class LinuxRunningCopies final : public RunningCopies {
     bool bringToFront(RunningCopy copy, const std::string& activationToken) override {
         const bool isToken = activationToken.size() <= longestToken;
         return send(copy, std::string(frontMessage) + (isToken ? activationToken : std::string()));
+    }
+
+    bool openFolders(RunningCopy copy, const std::vector<std::string>& folders) override {
+        bool all = std::all_of(folders.begin(), folders.end(), fitsMessage);
+        for (const std::string& message : messagesOf(folders)) {
+            all = send(copy, message) && all;
+        }
+        return all;
     }
 
  private:
