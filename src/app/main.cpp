@@ -6,7 +6,6 @@
 #include "platform/platform.h"
 
 #include <QApplication>
-#include <QNetworkProxyFactory>
 #include <QSettings>
 #include <algorithm>
 #include <array>
@@ -83,7 +82,6 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationVersion(QStringLiteral(TARVIN_VERSION));
     QGuiApplication::setDesktopFileName(QString::fromLatin1(programName));
     const QApplication application(argc, argv);
-    QNetworkProxyFactory::setUseSystemConfiguration(true);
     const std::unique_ptr<QTranslator> translation = tarvin::loadTranslation(QLocale());
     if (translation) {
         QCoreApplication::installTranslator(translation.get());

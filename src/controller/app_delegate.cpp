@@ -60,11 +60,11 @@ AppDelegate::AppDelegate(Surroundings surroundings)
                                              *surroundings_.panels, surroundings_.previewProgram);
     scan_ = std::make_unique<ScanTask>(session_, window_, *surroundings_.alerts, *locations_);
     help_ = std::make_unique<Help>(window_, surroundings_.desktop);
-    updates_ = std::make_unique<UpdateCheck>(
-        window_, *surroundings_.alerts, surroundings_.desktop,
-        UpdateCheck::Subject{.version = surroundings_.version,
-                             .updater = surroundings_.updater,
-                             .internetReachable = surroundings_.internetReachable});
+    updates_ =
+        std::make_unique<UpdateCheck>(window_, *surroundings_.alerts, surroundings_.desktop,
+                                      UpdateCheck::Subject{.version = surroundings_.version,
+                                                           .updater = surroundings_.updater,
+                                                           .network = surroundings_.network});
     makeResultTasks();
     singleCopy_ = std::make_unique<SingleCopy>(surroundings_.platform.runningCopies());
     connectControls();

@@ -7,11 +7,11 @@
 #include "controller/file_panels.h"
 #include "controller/help.h"
 #include "controller/information_window.h"
+#include "controller/installed_network.h"
 #include "controller/loading_overlay.h"
 #include "controller/locations.h"
 #include "controller/marking_task.h"
 #include "controller/preview.h"
-#include "controller/reachability.h"
 #include "controller/result_views.h"
 #include "controller/results.h"
 #include "controller/scan_task.h"
@@ -49,7 +49,7 @@ class AppDelegate final : public QObject {
         QString urls{};            ///< path of the list of addresses; may be empty
         QString previewProgram{};  ///< path of the program that makes previews
         QString updater{};         ///< path of the program that fetches updates; may be empty
-        std::function<bool()> internetReachable = isInternetReachable;
+        std::function<NetworkAccess*()> network = installedNetwork;
         /// Whether the window comes before all else is made. Where another copy runs, which will
         /// stay in place of this one, it never does.
         MainWindow::Appearance appearance = MainWindow::Appearance::whenShown;

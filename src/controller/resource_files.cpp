@@ -6,6 +6,23 @@
 
 namespace tarvin {
 
+namespace {
+
+QString helperFile(const QString& name, QString folder) {
+    if (folder.isEmpty()) {
+        folder = QCoreApplication::applicationDirPath();
+    }
+    for (const QString& place : {QStringLiteral("."), QStringLiteral(TARVIN_HELPERS)}) {
+        QString path = QDir::cleanPath(folder + u'/' + place + u'/' + name);
+        if (QFileInfo(path).isFile()) {
+            return path;
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
 QString installedResource(const QString& name) {
     // Beside the folder of the programs, wherever that was installed.
     const QString path =
@@ -14,17 +31,13 @@ QString installedResource(const QString& name) {
     return QFileInfo::exists(path) ? path : QString();
 }
 
-QString helperProgram(const QString& name, QString folder) {
-    if (folder.isEmpty()) {
-        folder = QCoreApplication::applicationDirPath();
-    }
-    for (const QString& place : {QStringLiteral("."), QStringLiteral(TARVIN_HELPERS)}) {
-        QString path = QDir::cleanPath(folder + u'/' + place + u'/' + name);
-        if (QFileInfo(path).isExecutable() && QFileInfo(path).isFile()) {
-            return path;
-        }
-    }
-    return {};
+QString helperProgram(const QString& name, const QString& folder) {
+    const QString path = helperFile(name, folder);
+    return QFileInfo(path).isExecutable() ? path : QString();
+}
+
+QString helperLibrary(const QString& name) {
+    return helperFile(name, {});
 }
 
 QString updaterProgram() {

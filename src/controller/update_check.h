@@ -1,9 +1,9 @@
 #pragma once
 
-#include "controller/address_reader.h"
 #include "controller/alerts.h"
 #include "controller/desktop.h"
 #include "controller/urls.h"
+#include "network/network_access.h"
 
 #include <QObject>
 #include <QString>
@@ -26,9 +26,10 @@ class UpdateCheck final : public QObject {
  public:
     /// What the check is about.
     struct Subject {
-        QString version{};                          ///< that runs
-        QString updater{};                          ///< path of the updater; empty if there is none
-        std::function<bool()> internetReachable{};  ///< asked on the main thread
+        QString version{};  ///< that runs
+        QString updater{};  ///< path of the updater; empty if there is none
+        /// Null if there is none. Asked on the main thread, when there is an address to read.
+        std::function<NetworkAccess*()> network{};
         ReadBounds bounds{};
     };
 
@@ -44,7 +45,8 @@ class UpdateCheck final : public QObject {
 
     /// The version to update to; empty if there is none. Blocks for as long as the bounds allow;
     /// on another thread than the main one.
-    [[nodiscard]] QString checkForupUpdates(const std::stop_token& stop) const;
+    [[nodiscard]] QString checkForupUpdates(NetworkAccess& network,
+                                            const std::stop_token& stop) const;
 
     /// Checks on a thread of its own and offers an update. With a sender, the window waits for the
     /// answer, is drawn meanwhile, and says if there is none. One check for a sender at a time.
@@ -56,12 +58,13 @@ class UpdateCheck final : public QObject {
     void updateMenuClicked();
 
  private:
-    /// Whether there is any use in reading.
-    [[nodiscard]] bool canCheck() const;
+    /// The network, if there is any use in reading; or null.
+    [[nodiscard]] NetworkAccess* usableNetwork() const;
     /// Calls `answered` on the main thread, unless `receiver` is gone before.
-    std::jthread check(QObject& receiver, std::function<void(const QString& version)> answered);
+    std::jthread check(NetworkAccess& network, QObject& receiver,
+                       std::function<void(const QString& version)> answered);
     /// None if the program ends meanwhile.
-    [[nodiscard]] std::optional<QString> waitForCheck();
+    [[nodiscard]] std::optional<QString> waitForCheck(NetworkAccess& network);
     void offer(const QString& version);
 
     MainWindow& window_;

@@ -13,7 +13,6 @@
 #include <QSettings>
 #include <QTest>
 #include <atomic>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -127,7 +126,7 @@ class ProductBench : public testing::Test {
                                       .urls = urls,
                                       .previewProgram = previewProgram(),
                                       .updater = updater,
-                                      .internetReachable = internetReachable,
+                                      .network = [this] { return network; },
                                       .appearance = appearance});
     }
 
@@ -192,7 +191,7 @@ class ProductBench : public testing::Test {
     QSettings settings{QString::fromStdString(folder.pathOf("settings.ini")), QSettings::IniFormat};
     QString urls;
     QString updater;
-    std::function<bool()> internetReachable = [] { return true; };
+    NetworkAccess* network = nullptr;
     MainWindow::Appearance appearance = MainWindow::Appearance::whenShown;
     int terminations = 0;
     std::unique_ptr<AppDelegate> delegate;

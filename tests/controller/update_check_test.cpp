@@ -1,12 +1,13 @@
 #include "controller/update_check.h"
 
-#include "controller/loopback_server.h"
 #include "controller/product_bench.h"
 #include "controller/update_lists.h"
 #include "controller/updater_program.h"
 #include "interface/home_screen.h"
 #include "interface/main_window.h"
 #include "interface/picture_view.h"
+#include "network/address_reader.h"
+#include "network/loopback_server.h"
 #include "support/file_content.h"
 #include "support/waiting.h"
 
@@ -53,10 +54,25 @@ class FirstPaint final : public QObject {
     std::function<void()> painted_;
 };
 
+/// The real network, but for whether the Internet can be reached.
+class SettableNetwork final : public NetworkAccess {
+ public:
+    bool isInternetReachable() override { return isReachable; }
+    std::optional<QByteArray> readAddress(const QUrl& address, const ReadBounds& bounds,
+                                          const std::stop_token& stop) override {
+        return tarvin::readAddress(address, bounds, stop);
+    }
+
+    bool isReachable = true;
+};
+
 /// The product with a list of addresses that leads to a server of the test.
 class Updates : public ProductBench {
  protected:
-    void SetUp() override { lead(server.address()); }
+    void SetUp() override {
+        lead(server.address());
+        network = &reachable;
+    }
 
     void lead(const QString& location) {
         urls = QString::fromStdString(
@@ -91,6 +107,7 @@ class Updates : public ProductBench {
         EXPECT_EQ(alert.buttons, QStringList{QStringLiteral("Ok")});
     }
 
+    SettableNetwork reachable;
     LoopbackServer server{LoopbackServer::with(descriptionOf("2.0"))};
 };
 
@@ -170,12 +187,20 @@ TEST_F(Updates, AreNotLookedForWithoutAListOfAddresses) {
 }
 
 TEST_F(Updates, AreNotLookedForWithoutANetwork) {
-    internetReachable = [] { return false; };
+    reachable.isReachable = false;
     launch();
     askForUpdates();
     ASSERT_EQ(alerts.shown.size(), 1U);
     expectUpToDate(alerts.shown[0]);
     EXPECT_TRUE(server.requests.isEmpty());
+}
+
+TEST_F(Updates, AreNotLookedForIfThePartForItIsMissing) {
+    network = nullptr;
+    launch();
+    askForUpdates();
+    ASSERT_EQ(alerts.shown.size(), 1U);
+    expectUpToDate(alerts.shown[0]);
 }
 
 TEST_F(Updates, AreReadFromAFileToo) {

@@ -17,7 +17,7 @@ enum class Library { standard, system, glib, libplist, utf8proc, xxhash, cli11, 
 struct Layer {
     std::string_view folder;
     /// Folders with a slash at the end, or single headers.
-    std::array<std::string_view, 7> ours{};
+    std::array<std::string_view, 8> ours{};
     std::array<Library, 3> libraries{};
     /// Allowed in .cpp files, never in a header that others include.
     std::array<Library, 3> librariesInSources{};
@@ -35,11 +35,12 @@ constexpr std::array layers{
           .ours = {"platform/file_system.h"},
           .libraries = {Library::qt},
           .librariesInSources = {Library::system}},
+    Layer{.folder = "network", .libraries = {Library::qt}},
     Layer{.folder = "controls", .libraries = {Library::qt}},
     Layer{.folder = "interface", .ours = {"controls/"}, .libraries = {Library::qt}},
     Layer{.folder = "controller",
           .ours = {"model/", "scan/", "store/", "platform/", "preview/preview_format.h",
-                   "controls/", "interface/"},
+                   "network/network_access.h", "controls/", "interface/"},
           .libraries = {Library::qt}},
     Layer{.folder = "cli",
           .ours = {"model/", "scan/", "store/", "platform/"},

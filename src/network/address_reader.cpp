@@ -1,4 +1,4 @@
-#include "controller/address_reader.h"
+#include "network/address_reader.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

@@ -1,6 +1,6 @@
-#include "controller/loopback_server.h"
+#include "network/loopback_server.h"
 
-#include "controller/loopback_certificate.h"
+#include "network/loopback_certificate.h"
 
 #include <gtest/gtest.h>
 

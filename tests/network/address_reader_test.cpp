@@ -1,7 +1,7 @@
-#include "controller/address_reader.h"
+#include "network/address_reader.h"
 
-#include "controller/loopback_certificate.h"
-#include "controller/loopback_server.h"
+#include "network/loopback_certificate.h"
+#include "network/loopback_server.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
