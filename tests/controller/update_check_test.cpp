@@ -1,8 +1,8 @@
 #include "controller/update_check.h"
 
+#include "controller/paths_of_build.h"
 #include "controller/product_bench.h"
 #include "controller/update_lists.h"
-#include "controller/updater_program.h"
 #include "interface/home_screen.h"
 #include "interface/main_window.h"
 #include "interface/picture_view.h"

@@ -1,6 +1,8 @@
 #include "controller/urls.h"
 
+#include "controller/paths_of_build.h"
 #include "controller/update_lists.h"
+#include "support/file_content.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -54,6 +56,24 @@ TEST(ListOfAddresses, HoldsNothingIfItIsHuge) {
     const std::string good = listOfTexts({{"Support", "mailto:help@example.org"}});
     EXPECT_FALSE(urlsIn(good + std::string((1U << 20U) - good.size(), '\n')).support.isEmpty());
     expectNone(urlsIn(good + std::string((1U << 20U) - good.size() + 1, '\n')), "huge");
+}
+
+/// The one that is installed: without a packager's addresses nobody is asked, and it can be read
+/// once they are there.
+TEST(ListOfAddresses, IsInstalledWithoutAddresses) {
+    std::string list = contentOf(installedUrlsPath());
+    expectNone(urlsIn(list), list);
+    const std::string empty = "<string></string>";
+    for (const char* text : {"mailto:help@example.org", "https://example.org", "updates"}) {
+        const std::size_t place = list.find(empty);
+        ASSERT_NE(place, std::string::npos);
+        list.replace(place, empty.size(), std::string("<string>") + text + "</string>");
+    }
+    EXPECT_EQ(list.find(empty), std::string::npos);
+    const Urls urls = urlsIn(list);
+    EXPECT_EQ(urls.support, QStringLiteral("mailto:help@example.org"));
+    EXPECT_EQ(urls.folderLocation, QStringLiteral("https://example.org"));
+    EXPECT_EQ(urls.folderName, QStringLiteral("updates"));
 }
 
 TEST(ListOfAddresses, HoldsNothingIfItIsMissing) {

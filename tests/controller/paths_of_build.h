@@ -8,4 +8,7 @@ namespace tarvin {
 /// given, a line for each argument, beside itself into a file "told".
 std::string updaterProgramPath();
 
+/// The path of the list of addresses that is installed.
+std::string installedUrlsPath();
+
 }  // namespace tarvin

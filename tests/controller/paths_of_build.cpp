@@ -1,9 +1,13 @@
-#include "controller/updater_program.h"
+#include "controller/paths_of_build.h"
 
 namespace tarvin {
 
 std::string updaterProgramPath() {
     return TARVIN_UPDATER;
+}
+
+std::string installedUrlsPath() {
+    return TARVIN_URLS;
 }
 
 }  // namespace tarvin
