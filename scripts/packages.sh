@@ -10,7 +10,6 @@ buildPackages=(
     libcli11-dev
     libglib2.0-dev
     libplist-dev
-    libqt6svg6-dev
     libutf8proc-dev
     libxxhash-dev
     ninja-build
@@ -19,6 +18,7 @@ buildPackages=(
     qt6-base-dev
     qt6-image-formats-plugins
     qt6-l10n-tools
+    qt6-svg-dev
     qt6-tools-dev
     qt6-tools-dev-tools
     qt6-wayland
