@@ -9,35 +9,43 @@
 namespace tarvin {
 namespace {
 
-/// What bash offers at the end of `words`, one offer a line. The last word is the one being typed.
-/// `folder` is where it happens, relative to the project's root.
+/// What bash offers at the end of `words`, one offer a line. The last word is the one being typed,
+/// the first one the program. `folder` is where it happens, relative to the project's root.
 std::string bashOffers(const std::string& words, std::size_t position,
                        const std::string& folder = ".") {
+    const std::string program = words.substr(0, words.find(' '));
     const std::string script =
-        "source packaging/completions/tarvin.bash\n"
-        "complete -p tarvin >/dev/null || exit 3\n"
+        "source packaging/completions/$1.bash\n"
+        "function=$(complete -p \"$1\") || exit 3\n"
+        "function=${function#complete -F }\n"
         "cd \"$0\" || exit 4\n"
         "COMP_WORDS=(" +
         words + ")\nCOMP_CWORD=" + std::to_string(position) +
-        "\n_tarvin tarvin\n"
+        "\n\"${function% *}\" \"$1\"\n"
         "((${#COMPREPLY[@]} == 0)) || printf \"%s\\n\" \"${COMPREPLY[@]}\" | sort\n";
-    const CommandResult result = runCommand("bash -c '" + script + "' " + folder);
+    const CommandResult result = runCommand("bash -c '" + script + "' " + folder + ' ' + program);
     EXPECT_EQ(result.status, 0) << result.output;
     return result.output;
 }
 
 TEST(ManPage, IsWrittenWithoutMistake) {
-    const CommandResult result = runCommand(
-        "LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 "
-        "man --warnings -E UTF-8 -l -Tutf8 -Z packaging/man/tarvin.1 >/dev/null");
-    EXPECT_EQ(result.output, "");
-    EXPECT_EQ(result.status, 0);
+    for (const char* program : {"tarvin", "tarvin-duplicate-file-remover"}) {
+        const CommandResult result =
+            runCommand(std::string("LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 "
+                                   "man --warnings -E UTF-8 -l -Tutf8 -Z packaging/man/") +
+                       program + ".1 >/dev/null");
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.status, 0);
+    }
 }
 
 TEST(ZshCompletion, IsAcceptedByZsh) {
-    const CommandResult result = runCommand("zsh -n packaging/completions/_tarvin");
-    EXPECT_EQ(result.output, "");
-    EXPECT_EQ(result.status, 0);
+    for (const char* program : {"tarvin", "tarvin-duplicate-file-remover"}) {
+        const CommandResult result =
+            runCommand(std::string("zsh -n packaging/completions/_") + program);
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.status, 0);
+    }
 }
 
 TEST(BashCompletion, CompletesACommand) {
@@ -90,6 +98,13 @@ TEST(BashCompletion, OffersFilesWhereAFileIsWanted) {
 TEST(BashCompletion, AfterTheEndOfOptionsOnlyFoldersAreOffered) {
     EXPECT_EQ(bashOffers("tarvin scan -- --", 3), "");
     EXPECT_EQ(bashOffers("tarvin scan -- comp", 3, "packaging"), "completions\n");
+}
+
+TEST(BashCompletion, OffersFoldersAndOptionsForTheWindow) {
+    EXPECT_EQ(bashOffers("tarvin-duplicate-file-remover comp", 1, "packaging"), "completions\n");
+    EXPECT_EQ(bashOffers("tarvin-duplicate-file-remover CMakeL", 1), "");
+    EXPECT_EQ(bashOffers("tarvin-duplicate-file-remover src --", 2), "--help\n--version\n");
+    EXPECT_EQ(bashOffers("tarvin-duplicate-file-remover -- --", 2), "");
 }
 
 }  // namespace
