@@ -27,11 +27,13 @@ buildPackages=(
 # To build and run the tests and the benchmarks, and to check the sources.
 # shellcheck disable=SC2034
 testPackages=(
+    appstream
     at-spi2-core
     ccache
     clang-format
     clang-tidy
     dbus
+    desktop-file-utils
     e2fsprogs
     fonts-dejavu-core
     fonts-liberation
