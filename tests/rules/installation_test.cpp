@@ -141,6 +141,9 @@ TEST_F(Installation, HasProgramsThatTellTheirNameAndVersion) {
 TEST(Version, IsTheSameWhereverItIsTold) {
     EXPECT_EQ(foundIn("CHANGELOG.md", "\n## \\[([^\\]]*)\\]"), TARVIN_VERSION);
     EXPECT_EQ(foundIn(metainfo, "<release version=\"([^\"]*)\""), TARVIN_VERSION);
+    EXPECT_EQ(foundIn("packaging/debian/changelog",
+                      "^tarvin-duplicate-file-remover \\(([^)]*)-[0-9]+\\) "),
+              TARVIN_VERSION);
     for (const char* page :
          {"packaging/man/tarvin.1", "packaging/man/tarvin-duplicate-file-remover.1"}) {
         EXPECT_EQ(foundIn(page, "^\\.TH [^\n]* \"tarvin ([^\"]*)\""), TARVIN_VERSION) << page;
