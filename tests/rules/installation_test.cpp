@@ -239,5 +239,17 @@ TEST(Icons, HaveTheSizesThatTheirFoldersTell) {
     EXPECT_THAT(sizes, testing::UnorderedElementsAre(16, 22, 24, 32, 48, 64, 128, 256, 512));
 }
 
+TEST(MacApplication, IsToldToTheSystem) {
+    const CommandResult result = runCommand(
+        "python3 -c 'import plistlib; list = plistlib.load(open(\"packaging/macos/Info.plist.in\", "
+        "\"rb\")); types, = list[\"CFBundleDocumentTypes\"]; "
+        "print(types[\"LSItemContentTypes\"], types[\"LSHandlerRank\"], "
+        "list[\"CFBundleIdentifier\"])'");
+    EXPECT_EQ(result.output, "['public.folder'] Alternate ${MACOSX_BUNDLE_GUI_IDENTIFIER}\n");
+    EXPECT_THAT(readProjectFile("cmake/TarvinMacBundle.cmake"),
+                HasSubstr("MACOSX_BUNDLE_GUI_IDENTIFIER "
+                          "tarvinsoftware.Tarvin-Duplicate-File-Remover\n"));
+}
+
 }  // namespace
 }  // namespace tarvin
