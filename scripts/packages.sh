@@ -54,6 +54,20 @@ testPackages=(
     zsh
 )
 
+# To make the package and to try it.
+# shellcheck disable=SC2034
+packagingPackages=(
+    debootstrap
+    dpkg-dev
+    file
+    imagemagick
+    lintian
+    openbox
+    x11-utils
+    xdotool
+    xvfb
+)
+
 # To feed the readers of files with what chance makes.
 # shellcheck disable=SC2034
 fuzzPackages=(
