@@ -64,7 +64,7 @@ CopySocket::CopySocket(int socket, int wake, std::function<void(std::string_view
 CopySocket::~CopySocket() {
     const std::uint64_t once = 1;
     // An empty counter always has room.
-    static_cast<void>(::write(wake_, &once, sizeof(once)));
+    [[maybe_unused]] const ssize_t written = ::write(wake_, &once, sizeof(once));
     thread_.join();
     ::close(wake_);
     ::close(socket_);
