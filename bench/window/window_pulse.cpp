@@ -9,6 +9,7 @@
 #include "corpus_writer.h"
 #include "heartbeat.h"
 #include "interface/home_screen.h"
+#include "interface/information_panel.h"
 #include "interface/location_screen.h"
 #include "interface/main_window.h"
 #include "interface/progress_screen.h"
@@ -156,6 +157,11 @@ class Tour final {
 
     bool goHome(const char* step) {
         heartbeat_.enter(step);
+        // The summary comes first, and the screen behind it takes no click.
+        product_.click(window().informationWindow->scanInforOKBtn);
+        if (!Product::until([this] { return !window().informationWindow->isVisible(); })) {
+            return false;
+        }
         product_.click(window().results->buttonHomePage);
         const bool came =
             Product::until([this] { return product_.isOn(window().home->identifier()); });
