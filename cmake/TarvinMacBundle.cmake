@@ -1,5 +1,5 @@
 # Makes an application of macOS out of the program with a window: its property list, its icon, and
-# beside the program the targets that it starts or loads, where it looks first.
+# beside the program the targets that it starts, where it looks first.
 function(tarvin_make_mac_bundle program)
     set(pictures ${PROJECT_SOURCE_DIR}/resources/icons/hicolor)
     set(iconset ${CMAKE_CURRENT_BINARY_DIR}/${program}.iconset)

@@ -17,6 +17,11 @@
 #include "interface/result_screen.h"
 #include "interface/text_block.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QFileOpenEvent>
 #include <QIcon>
 #include <QLabel>
 #include <utility>
@@ -64,11 +69,12 @@ AppDelegate::AppDelegate(Surroundings surroundings)
         std::make_unique<UpdateCheck>(window_, *surroundings_.alerts, surroundings_.desktop,
                                       UpdateCheck::Subject{.version = surroundings_.version,
                                                            .updater = surroundings_.updater,
-                                                           .network = surroundings_.network});
+                                                           .read = surroundings_.readAddress});
     makeResultTasks();
     singleCopy_ = std::make_unique<SingleCopy>(surroundings_.platform.runningCopies());
     connectControls();
     connectRequests();
+    QCoreApplication::instance()->installEventFilter(this);
     awakeFromNib();
 }
 
@@ -156,9 +162,22 @@ void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& 
     }
     window_.show();
     comeToFront();
-    // The window comes first.
-    QMetaObject::invokeMethod(
-        updates_.get(), [this] { updates_->showIfUpdateAvailable(); }, Qt::QueuedConnection);
+    // The window comes first; a copy that gives way asks nobody.
+    if (stays) {
+        QMetaObject::invokeMethod(
+            updates_.get(), [this] { updates_->showIfUpdateAvailable(); }, Qt::QueuedConnection);
+    }
+}
+
+bool AppDelegate::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::FileOpen) {
+        return QObject::eventFilter(watched, event);
+    }
+    const QString path = static_cast<QFileOpenEvent*>(event)->file();
+    if (QFileInfo(path).isDir()) {
+        openFolders({QFile::encodeName(QDir::cleanPath(path)).toStdString()});
+    }
+    return true;
 }
 
 void AppDelegate::openFolders(const std::vector<std::string>& folders) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controller/address_reading.h"
 #include "controller/alerts.h"
 #include "controller/deletion_task.h"
 #include "controller/desktop.h"
@@ -7,7 +8,6 @@
 #include "controller/file_panels.h"
 #include "controller/help.h"
 #include "controller/information_window.h"
-#include "controller/installed_network.h"
 #include "controller/loading_overlay.h"
 #include "controller/locations.h"
 #include "controller/marking_task.h"
@@ -46,10 +46,10 @@ class AppDelegate final : public QObject {
         FilePanels* panels = nullptr;
         std::function<void()> terminate{};  ///< ends the program, soon
         QString version{};
-        QString urls{};            ///< path of the list of addresses; may be empty
-        QString previewProgram{};  ///< path of the program that makes previews
-        QString updater{};         ///< path of the program that fetches updates; may be empty
-        std::function<NetworkAccess*()> network = installedNetwork;
+        QString urls{};                ///< path of the list of addresses; may be empty
+        QString previewProgram{};      ///< path of the program that makes previews
+        QString updater{};             ///< path of the program that fetches updates; may be empty
+        AddressReading readAddress{};  ///< for updates; may be empty
         /// Whether the window comes before all else is made. Where another copy runs, which will
         /// stay in place of this one, it never does.
         MainWindow::Appearance appearance = MainWindow::Appearance::whenShown;
@@ -83,6 +83,9 @@ class AppDelegate final : public QObject {
     /// Show and hide the panel of a long task.
     void startAnimation() const;
     void stopAnimation() const;
+
+    /// Takes the folders that a desktop asks the running program to open, as some do by an event.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     [[nodiscard]] MainWindow& window() { return window_; }
     [[nodiscard]] Session& session() { return session_; }

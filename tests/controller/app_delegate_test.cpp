@@ -12,6 +12,7 @@
 #include "interface/text_block.h"
 
 #include <QAction>
+#include <QFileOpenEvent>
 #include <QLabel>
 #include <QMenu>
 #include <algorithm>
@@ -201,6 +202,30 @@ TEST_F(FoldersOfAnotherCopy, AreRefusedInTheListOfDrives) {
     handOver("more");
     expectRefusal();
     EXPECT_EQ(rows().size(), before);
+}
+
+class FoldersOpenedByTheDesktop : public ProductBench {
+ protected:
+    void SetUp() override { launch(); }
+
+    void open(const std::string& path) {
+        QFileOpenEvent event(QString::fromStdString(path));
+        QCoreApplication::sendEvent(qApp, &event);
+    }
+};
+
+TEST_F(FoldersOpenedByTheDesktop, AreListedAndChecked) {
+    open(folder.makeFolder("more") + "/");
+    EXPECT_EQ(screen(), window().locations->identifier());
+    ASSERT_FALSE(delegate->locations().list().rows().empty());
+    EXPECT_EQ(delegate->locations().list().rows().back().name, folder.pathOf("more"));
+    EXPECT_TRUE(delegate->locations().list().rows().back().state);
+}
+
+TEST_F(FoldersOpenedByTheDesktop, AreFolders) {
+    open(folder.writeFile("letter", "Dear"));
+    open(folder.pathOf("missing"));
+    EXPECT_EQ(screen(), window().home->identifier());
 }
 
 class Screens : public ProductBench {
