@@ -53,6 +53,8 @@ int runWindow(const std::vector<std::string>& folders) {
          .urls = tarvin::installedResource(QStringLiteral("Urls.plist")),
          .previewProgram = tarvin::helperProgram(QStringLiteral("tarvin-image-preview")),
          .updater = tarvin::updaterProgram(),
+         .readAddress =
+             tarvin::readingBy(tarvin::helperProgram(QStringLiteral("tarvin-address-reader"))),
          .appearance = tarvin::MainWindow::Appearance::atOnce});
     delegate.applicationDidFinishLaunching(folders);
     return QApplication::exec();

@@ -12,13 +12,10 @@ namespace tarvin {
 /// beside this one, as it is where nothing is installed, or where such programs are installed.
 /// Empty if it is missing. `folder` is where this program is; empty means that the system is asked.
 /// Main thread.
-[[nodiscard]] QString helperProgram(const QString& name, const QString& folder = {});
+[[nodiscard]] QString helperProgram(const QString& name, QString folder = {});
 
-/// The path of a library that is in the same places; empty if it is missing. Main thread.
-[[nodiscard]] QString helperLibrary(const QString& name);
-
-/// The path of the program that fetches updates and that a packager may add; empty if it is
-/// missing. Main thread.
-[[nodiscard]] QString updaterProgram();
+/// The path of the program that fetches updates and that a packager may add, in the same places;
+/// empty if it is missing. Main thread.
+[[nodiscard]] QString updaterProgram(const QString& folder = {});
 
 }  // namespace tarvin

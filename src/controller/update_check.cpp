@@ -15,34 +15,29 @@ UpdateCheck::UpdateCheck(MainWindow& window, Alerts& alerts, Desktop& desktop, S
     connect(window_.updateMenuItem, &QAction::triggered, this, &UpdateCheck::updateMenuClicked);
 }
 
-NetworkAccess* UpdateCheck::usableNetwork() const {
-    if (updateAddress(urlDict_).isEmpty()) {
-        return nullptr;
-    }
-    NetworkAccess* network = subject_.network();
-    return network != nullptr && network->isInternetReachable() ? network : nullptr;
+bool UpdateCheck::canCheck() const {
+    return subject_.read && !updateAddress(urlDict_).isEmpty();
 }
 
-QString UpdateCheck::checkForupUpdates(NetworkAccess& network, const std::stop_token& stop) const {
-    const auto description = network.readAddress(updateAddress(urlDict_), subject_.bounds, stop);
+QString UpdateCheck::checkForupUpdates(const std::stop_token& stop) const {
+    const auto description = subject_.read(updateAddress(urlDict_), stop);
     return description ? updateFor(subject_.version, *description) : QString();
 }
 
-std::jthread UpdateCheck::check(NetworkAccess& network, QObject& receiver,
+std::jthread UpdateCheck::check(QObject& receiver,
                                 std::function<void(const QString& version)> answered) {
     return std::jthread(
-        [this, &network, &receiver, answered = std::move(answered)](const std::stop_token& stop) {
-            const QString version = checkForupUpdates(network, stop);
+        [this, &receiver, answered = std::move(answered)](const std::stop_token& stop) {
+            const QString version = checkForupUpdates(stop);
             QMetaObject::invokeMethod(
                 &receiver, [answered, version] { answered(version); }, Qt::QueuedConnection);
         });
 }
 
 void UpdateCheck::showIfUpdateAvailable(const QObject* sender) {
-    NetworkAccess* network = usableNetwork();
     if (sender == nullptr) {
-        if (network != nullptr) {
-            launchCheck_ = check(*network, *this, [this](const QString& version) {
+        if (canCheck()) {
+            launchCheck_ = check(*this, [this](const QString& version) {
                 if (!version.isEmpty()) {
                     offer(version);
                 }
@@ -50,7 +45,7 @@ void UpdateCheck::showIfUpdateAvailable(const QObject* sender) {
         }
         return;
     }
-    const std::optional<QString> version = network != nullptr ? waitForCheck(*network) : QString();
+    const std::optional<QString> version = canCheck() ? waitForCheck() : QString();
     if (!version) {
         return;
     }
@@ -61,13 +56,13 @@ void UpdateCheck::showIfUpdateAvailable(const QObject* sender) {
     }
 }
 
-std::optional<QString> UpdateCheck::waitForCheck(NetworkAccess& network) {
+std::optional<QString> UpdateCheck::waitForCheck() {
     std::optional<QString> newer;
     QEventLoop loop;
     waiting_ = true;
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     {
-        const std::jthread checking = check(network, loop, [&](const QString& version) {
+        const std::jthread checking = check(loop, [&](const QString& version) {
             newer = version;
             loop.quit();
         });

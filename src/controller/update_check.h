@@ -1,9 +1,9 @@
 #pragma once
 
+#include "controller/address_reading.h"
 #include "controller/alerts.h"
 #include "controller/desktop.h"
 #include "controller/urls.h"
-#include "network/network_access.h"
 
 #include <QObject>
 #include <QString>
@@ -26,11 +26,9 @@ class UpdateCheck final : public QObject {
  public:
     /// What the check is about.
     struct Subject {
-        QString version{};  ///< that runs
-        QString updater{};  ///< path of the updater; empty if there is none
-        /// Null if there is none. Asked on the main thread, when there is an address to read.
-        std::function<NetworkAccess*()> network{};
-        ReadBounds bounds{};
+        QString version{};      ///< that runs
+        QString updater{};      ///< path of the updater; empty if there is none
+        AddressReading read{};  ///< called on another thread; may be empty
     };
 
     /// What it refers to outlives it.
@@ -43,10 +41,9 @@ class UpdateCheck final : public QObject {
     /// Before the first check.
     void setUrls(const Urls& urls) { urlDict_ = urls; }
 
-    /// The version to update to; empty if there is none. Blocks for as long as the bounds allow;
-    /// on another thread than the main one.
-    [[nodiscard]] QString checkForupUpdates(NetworkAccess& network,
-                                            const std::stop_token& stop) const;
+    /// The version to update to; empty if there is none. Blocks until the description
+    /// is read; on another thread than the main one.
+    [[nodiscard]] QString checkForupUpdates(const std::stop_token& stop) const;
 
     /// Checks on a thread of its own and offers an update. With a sender, the window waits for the
     /// answer, is drawn meanwhile, and says if there is none. One check for a sender at a time.
@@ -55,16 +52,16 @@ class UpdateCheck final : public QObject {
     /// Starts a program that goes on without this one. False if it cannot be started.
     bool launchApp(const QString& application, const QStringList& arguments);
 
+    /// The command of the help menu; nothing while such a check is under way.
     void updateMenuClicked();
 
  private:
-    /// The network, if there is any use in reading; or null.
-    [[nodiscard]] NetworkAccess* usableNetwork() const;
+    /// Whether there is anything to read.
+    [[nodiscard]] bool canCheck() const;
     /// Calls `answered` on the main thread, unless `receiver` is gone before.
-    std::jthread check(NetworkAccess& network, QObject& receiver,
-                       std::function<void(const QString& version)> answered);
+    std::jthread check(QObject& receiver, std::function<void(const QString& version)> answered);
     /// None if the program ends meanwhile.
-    [[nodiscard]] std::optional<QString> waitForCheck(NetworkAccess& network);
+    [[nodiscard]] std::optional<QString> waitForCheck();
     void offer(const QString& version);
 
     MainWindow& window_;

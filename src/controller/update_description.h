@@ -13,14 +13,14 @@ namespace tarvin {
 /// is no http, https or file address. Pure.
 [[nodiscard]] QUrl updateAddress(const Urls& urls);
 
+/// In UTF-16 units; a longer one would not fit into the question.
+inline constexpr qsizetype longestVersion = 64;
+
 /// What an update description tells the users of `version` to move to; empty if that is nothing.
 ///
 /// The description is a property list, a dictionary whose keys are versions, each with the version
 /// that its users should move to. There is no order of versions: any other one is an update. What
 /// could not be a version (empty, longer than `longestVersion`, not a text) is none. Pure.
 [[nodiscard]] QString updateFor(const QString& version, const QByteArray& description);
-
-/// In UTF-16 units; a longer one would not fit into the question.
-inline constexpr qsizetype longestVersion = 64;
 
 }  // namespace tarvin

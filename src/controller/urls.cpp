@@ -3,6 +3,7 @@
 #include "store/property_list.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <string>
 
 namespace tarvin {
@@ -19,10 +20,15 @@ QString textOf(const PropertyList& list, const char* key) {
 
 Urls readUrls(const QString& path) {
     QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly) || file.size() > largestUrls) {
+    // A pipe, say, would be waited for.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
         return {};
     }
-    const auto list = PropertyList::parse(file.readAll().toStdString());
+    const QByteArray bytes = file.read(largestUrls + 1);
+    if (bytes.size() > largestUrls) {
+        return {};
+    }
+    const auto list = PropertyList::parse(bytes.toStdString());
     if (!list || !list->isDictionary()) {
         return {};
     }

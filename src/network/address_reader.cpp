@@ -9,7 +9,9 @@
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QTimer>
+#include <chrono>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace tarvin {
@@ -46,8 +48,7 @@ QNetworkRequest requestFor(const QUrl& address) {
 /// One read over the network. Used by one thread, which its event loop holds.
 class Download final {
  public:
-    Download(const ReadBounds& bounds, std::stop_token stop)
-        : bytesAllowed_(bounds.bytes), end_(bounds.time), stop_(std::move(stop)) {}
+    explicit Download(const ReadBounds& bounds) : bytesAllowed_(bounds.bytes), end_(bounds.time) {}
 
     std::optional<QByteArray> read(QUrl address) {
         for (int redirects = 0; redirects <= mostRedirects; ++redirects) {
@@ -82,9 +83,6 @@ class Download final {
         QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
         QTimer::singleShot(std::chrono::milliseconds(end_.remainingTime()), reply.get(),
                            &QNetworkReply::abort);
-        const std::stop_callback abort(stop_, [&reply] {
-            QMetaObject::invokeMethod(reply.get(), &QNetworkReply::abort, Qt::QueuedConnection);
-        });
         if (!reply->isFinished()) {
             loop.exec();
         }
@@ -103,15 +101,13 @@ class Download final {
     QNetworkAccessManager manager_;
     qint64 bytesAllowed_;
     QDeadlineTimer end_;
-    std::stop_token stop_;
 };
 
 }  // namespace
 
-std::optional<QByteArray> readAddress(const QUrl& address, const ReadBounds& bounds,
-                                      const std::stop_token& stop) {
+std::optional<QByteArray> readAddress(const QUrl& address, const ReadBounds& bounds) {
     return address.isLocalFile() ? readFile(address.toLocalFile(), bounds.bytes)
-                                 : Download(bounds, stop).read(address);
+                                 : Download(bounds).read(address);
 }
 
 }  // namespace tarvin

@@ -11,8 +11,8 @@ namespace tarvin {
 
 /// A property list in memory: the root of what was read, or made anew. One thread at a time.
 ///
-/// Only what the program's two files need: a dictionary of whole numbers, and an array of paths.
-/// What else they hold stays in them.
+/// Only what the program needs: dictionaries of whole numbers (totals) and of texts (addresses,
+/// update descriptions), and arrays of paths (exceptions). What else they hold stays in them.
 class PropertyList final {
  public:
     /// An XML or binary list; none if it is not one, or one that no honest program writes

@@ -6,6 +6,10 @@ std::string updaterProgramPath() {
     return TARVIN_UPDATER;
 }
 
+std::string addressReaderPath() {
+    return TARVIN_ADDRESS_READER;
+}
+
 std::string installedUrlsPath() {
     return TARVIN_URLS;
 }

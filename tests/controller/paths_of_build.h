@@ -8,6 +8,9 @@ namespace tarvin {
 /// given, a line for each argument, beside itself into a file "told".
 std::string updaterProgramPath();
 
+/// The path of the built program that reads addresses.
+std::string addressReaderPath();
+
 /// The path of the list of addresses that is installed.
 std::string installedUrlsPath();
 

@@ -126,7 +126,7 @@ class ProductBench : public testing::Test {
                                       .urls = urls,
                                       .previewProgram = previewProgram(),
                                       .updater = updater,
-                                      .network = [this] { return network; },
+                                      .readAddress = readAddress,
                                       .appearance = appearance});
     }
 
@@ -191,7 +191,7 @@ class ProductBench : public testing::Test {
     QSettings settings{QString::fromStdString(folder.pathOf("settings.ini")), QSettings::IniFormat};
     QString urls;
     QString updater;
-    NetworkAccess* network = nullptr;
+    AddressReading readAddress;
     MainWindow::Appearance appearance = MainWindow::Appearance::whenShown;
     int terminations = 0;
     std::unique_ptr<AppDelegate> delegate;

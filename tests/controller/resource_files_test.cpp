@@ -42,5 +42,12 @@ TEST_F(HelperProgram, IsNoneIfItIsMissingOrNoProgram) {
     EXPECT_EQ(find(), "");
 }
 
+TEST_F(HelperProgram, MayBeAnUpdater) {
+    EXPECT_EQ(updaterProgram(QString::fromStdString(folder_.pathOf("bin"))), QString());
+    const std::string path =
+        writeProgram("libexec/tarvin-duplicate-file-remover/Tarvin Duplicate File Remover Updater");
+    EXPECT_EQ(updaterProgram(QString::fromStdString(folder_.pathOf("bin"))).toStdString(), path);
+}
+
 }  // namespace
 }  // namespace tarvin

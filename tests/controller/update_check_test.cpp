@@ -6,7 +6,6 @@
 #include "interface/home_screen.h"
 #include "interface/main_window.h"
 #include "interface/picture_view.h"
-#include "network/address_reader.h"
 #include "network/loopback_server.h"
 #include "support/file_content.h"
 #include "support/waiting.h"
@@ -54,24 +53,12 @@ class FirstPaint final : public QObject {
     std::function<void()> painted_;
 };
 
-/// The real network, but for whether the Internet can be reached.
-class SettableNetwork final : public NetworkAccess {
- public:
-    bool isInternetReachable() override { return isReachable; }
-    std::optional<QByteArray> readAddress(const QUrl& address, const ReadBounds& bounds,
-                                          const std::stop_token& stop) override {
-        return tarvin::readAddress(address, bounds, stop);
-    }
-
-    bool isReachable = true;
-};
-
 /// The product with a list of addresses that leads to a server of the test.
 class Updates : public ProductBench {
  protected:
     void SetUp() override {
         lead(server.address());
-        network = &reachable;
+        readAddress = readingBy(QString::fromStdString(addressReaderPath()));
     }
 
     void lead(const QString& location) {
@@ -89,7 +76,7 @@ class Updates : public ProductBench {
     /// Starts the product and waits for its own check to be over.
     void launchAndCheck() {
         launch();
-        ASSERT_TRUE(comesTrue([this] { return server.closed == 1; }));
+        ASSERT_TRUE(comesTrue([this] { return server.closed >= 1; }));
     }
 
     void expectOffer(const Alert& alert, const std::string& version) {
@@ -107,7 +94,6 @@ class Updates : public ProductBench {
         EXPECT_EQ(alert.buttons, QStringList{QStringLiteral("Ok")});
     }
 
-    SettableNetwork reachable;
     LoopbackServer server{LoopbackServer::with(descriptionOf("2.0"))};
 };
 
@@ -153,6 +139,30 @@ TEST_F(Updates, AreNoneForAVersionThatIsNotKnown) {
     expectUpToDate(alerts.shown[0]);
 }
 
+TEST_F(Updates, AreNoneIfTheAnswerIsOfNoUse) {
+    const QByteArray begin = "<plist version=\"1.0\">";
+    const QByteArray good = descriptionOf("2.0");
+    const std::string file = folder.writeFile("Update.plist", good.toStdString());
+    for (const LoopbackServer::Answer& answer :
+         {LoopbackServer::with({}), LoopbackServer::with("<!DOCTYPE html><html>1.2.3</html>"),
+          LoopbackServer::with(begin + "<array><string>1.2.3</string></array></plist>"),
+          LoopbackServer::with(begin + "<dict><key>1.2.3</key><integer>2</integer></dict></plist>"),
+          LoopbackServer::with(good + QByteArray(1 << 20, '\n')),
+          LoopbackServer::withRaw("HTTP/1.1 200 OK\r\nContent-Length: 9999\r\n\r\n" + good),
+          LoopbackServer::withRaw("HTTP/1.1 500 Error\r\n\r\n" + good),
+          LoopbackServer::to(QStringLiteral("file://") + QString::fromStdString(file)),
+          LoopbackServer::Answer([](QTcpSocket& connection) { connection.abort(); })}) {
+        server.answer = answer;
+        launchAndCheck();
+        askForUpdates();
+        ASSERT_EQ(alerts.shown.size(), 1U);
+        expectUpToDate(alerts.shown[0]);
+        delegate.reset();
+        alerts.shown.clear();
+        server.closed = 0;
+    }
+}
+
 TEST_F(Updates, AreNoneIfTheReadFails) {
     server.answer = LoopbackServer::withRaw("HTTP/1.1 404 Not Found\r\n\r\n" + descriptionOf("2"));
     launchAndCheck();
@@ -186,8 +196,10 @@ TEST_F(Updates, AreNotLookedForWithoutAListOfAddresses) {
     expectUpToDate(alerts.shown[0]);
 }
 
-TEST_F(Updates, AreNotLookedForWithoutANetwork) {
-    reachable.isReachable = false;
+TEST_F(Updates, AreNoneWithoutANetwork) {
+    readAddress = [](const QUrl& /*address*/, const std::stop_token& /*stop*/) {
+        return std::optional<QByteArray>();
+    };
     launch();
     askForUpdates();
     ASSERT_EQ(alerts.shown.size(), 1U);
@@ -196,7 +208,7 @@ TEST_F(Updates, AreNotLookedForWithoutANetwork) {
 }
 
 TEST_F(Updates, AreNotLookedForIfThePartForItIsMissing) {
-    network = nullptr;
+    readAddress = {};
     launch();
     askForUpdates();
     ASSERT_EQ(alerts.shown.size(), 1U);

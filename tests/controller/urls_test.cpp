@@ -6,6 +6,7 @@
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <string>
 
@@ -76,9 +77,12 @@ TEST(ListOfAddresses, IsInstalledWithoutAddresses) {
     EXPECT_EQ(urls.folderName, QStringLiteral("updates"));
 }
 
-TEST(ListOfAddresses, HoldsNothingIfItIsMissing) {
+TEST(ListOfAddresses, HoldsNothingIfItIsNoFile) {
     const TemporaryFolder folder;
-    for (const std::string& path : {std::string(), folder.pathOf("missing"), folder.path()}) {
+    const std::string pipe = folder.pathOf("pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& path :
+         {std::string(), folder.pathOf("missing"), folder.path(), pipe, std::string("/dev/zero")}) {
         expectNone(readUrls(QString::fromStdString(path)), path);
     }
 }

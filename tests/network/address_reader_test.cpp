@@ -30,8 +30,8 @@ std::optional<QByteArray> readThere(const QString& address, const ReadBounds& bo
     std::atomic<bool> done{false};
     std::optional<QByteArray> bytes;
     {
-        const std::jthread reader([&](const std::stop_token& stop) {
-            bytes = readAddress(QUrl(address), bounds, stop);
+        const std::jthread reader([&] {
+            bytes = readAddress(QUrl(address), bounds);
             done = true;
         });
         EXPECT_TRUE(QTest::qWaitFor([&] { return done.load(); }, longWait));
@@ -205,31 +205,6 @@ TEST(AddressReader, ReadsFromAServerThatIsTrusted) {
     const Trust trust;
     const LoopbackServer server(LoopbackServer::with("honest"), LoopbackServer::Scheme::https);
     EXPECT_EQ(readFrom(server), QByteArray("honest"));
-}
-
-TEST(AddressReader, EndsWhenItIsStopped) {
-    LoopbackServer server([](QTcpSocket& /*connection*/) {});
-    std::optional<QByteArray> bytes("as before");
-    std::jthread reader([&](const std::stop_token& stop) {
-        bytes = readAddress(QUrl(server.address()), {.time = std::chrono::hours(1)}, stop);
-    });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return server.requests.size() == 1; }, longWait));
-    reader.request_stop();
-    reader.join();
-    EXPECT_EQ(bytes, std::nullopt);
-}
-
-TEST(AddressReader, DoesNotBeginWhenItWasStoppedBefore) {
-    LoopbackServer server([](QTcpSocket& /*connection*/) {});
-    std::stop_source stopped;
-    stopped.request_stop();
-    std::optional<QByteArray> bytes("as before");
-    std::jthread reader([&] {
-        bytes = readAddress(QUrl(server.address()), {.time = std::chrono::hours(1)},
-                            stopped.get_token());
-    });
-    reader.join();
-    EXPECT_EQ(bytes, std::nullopt);
 }
 
 TEST(AddressReader, ReadsFiles) {

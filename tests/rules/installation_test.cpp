@@ -35,7 +35,7 @@ const Paths terminalFiles{
 const Paths windowFiles{
     "bin/tarvin-duplicate-file-remover",
     "libexec/tarvin-duplicate-file-remover/tarvin-image-preview",
-    "libexec/tarvin-duplicate-file-remover/tarvin-network.so",
+    "libexec/tarvin-duplicate-file-remover/tarvin-address-reader",
     "share/applications/tarvin-duplicate-file-remover.desktop",
     "share/applications/zz-tarvin-duplicate-file-remover-folders.desktop",
     "share/bash-completion/completions/tarvin-duplicate-file-remover",

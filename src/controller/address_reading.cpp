@@ -1,0 +1,59 @@
+#include "controller/address_reading.h"
+
+#include <QEventLoop>
+#include <QProcess>
+#include <QTimer>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+std::optional<QByteArray> read(const QString& program, const ReadBounds& bounds,
+                               const QUrl& address, const std::stop_token& stop) {
+    QProcess process;
+    QEventLoop loop;
+    QByteArray bytes;
+    const auto take = [&] {
+        bytes += process.readAllStandardOutput();
+        if (bytes.size() > bounds.bytes) {
+            process.kill();
+        }
+    };
+    QObject::connect(&process, &QProcess::readyReadStandardOutput, &loop, take);
+    QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
+    QObject::connect(&process, &QProcess::errorOccurred, &loop, [&](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) {
+            loop.quit();
+        }
+    });
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.start(program, QStringList());
+    process.write(address.toEncoded());
+    process.closeWriteChannel();
+    QTimer::singleShot(bounds.time, &process, &QProcess::kill);
+    const std::stop_callback end(stop, [&process] {
+        QMetaObject::invokeMethod(&process, &QProcess::kill, Qt::QueuedConnection);
+    });
+    if (process.state() != QProcess::NotRunning) {
+        loop.exec();
+    }
+    take();
+    const bool done = process.error() == QProcess::UnknownError &&
+                      process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    return done && bytes.size() <= bounds.bytes ? std::optional(bytes) : std::nullopt;
+}
+
+}  // namespace
+
+AddressReading readingBy(QString program, ReadBounds bounds) {
+    return [program = std::move(program), bounds](
+               const QUrl& address, const std::stop_token& stop) -> std::optional<QByteArray> {
+        if (program.isEmpty() || stop.stop_requested()) {
+            return std::nullopt;
+        }
+        return read(program, bounds, address, stop);
+    };
+}
+
+}  // namespace tarvin

@@ -1,0 +1,140 @@
+#include "controller/address_reading.h"
+
+#include "controller/paths_of_build.h"
+#include "network/loopback_server.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QTimer>
+#include <atomic>
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <thread>
+
+namespace tarvin {
+namespace {
+
+constexpr std::chrono::milliseconds soonEnough{500};
+constexpr int patience = 20'000;
+
+/// A reading by the product's program, or by one of the test's own, on another thread.
+class AddressReadingTest : public ::testing::Test {
+ protected:
+    static AddressReading byTheProgram(ReadBounds bounds = {}) {
+        return readingBy(QString::fromStdString(addressReaderPath()), bounds);
+    }
+    AddressReading byScript(const std::string& script, ReadBounds bounds = {}) const {
+        const std::string path = folder_.writeFile("script", "#!/bin/sh\n" + script + "\n");
+        std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+        return readingBy(QString::fromStdString(path), bounds);
+    }
+
+    /// The thread begins; join() tells what it has read.
+    void begin(const AddressReading& reading, const QString& address) {
+        done_ = false;
+        bytes_ = "nothing yet";
+        reader_ = std::jthread([this, reading, address](const std::stop_token& stop) {
+            bytes_ = reading(QUrl(address), stop);
+            done_ = true;
+        });
+    }
+    std::optional<QByteArray> join() {
+        EXPECT_TRUE(QTest::qWaitFor([this] { return done_.load(); }, patience));
+        reader_.join();
+        return bytes_;
+    }
+    std::optional<QByteArray> read(const AddressReading& reading,
+                                   const QString& address = QStringLiteral("http://127.0.0.1/")) {
+        begin(reading, address);
+        return join();
+    }
+
+    const TemporaryFolder folder_;
+    std::atomic<bool> done_{false};
+    std::optional<QByteArray> bytes_;
+    std::jthread reader_;
+};
+
+TEST_F(AddressReadingTest, BringsWhatIsThere) {
+    const QByteArray body("zero \0 and \xFF", 12);
+    const LoopbackServer server(LoopbackServer::with(body));
+    EXPECT_EQ(read(byTheProgram(), server.address() + QStringLiteral("/a%20b")), body);
+    ASSERT_EQ(server.requests.size(), 1);
+    EXPECT_TRUE(server.requests[0].startsWith("GET /a%20b HTTP/1.1\r\n"));
+}
+
+TEST_F(AddressReadingTest, BringsNothingIfThereIsNothing) {
+    const LoopbackServer server(LoopbackServer::withRaw("HTTP/1.1 404 Not Found\r\n\r\n"));
+    EXPECT_EQ(read(byTheProgram(), server.address()), std::nullopt);
+    EXPECT_EQ(read(byTheProgram(), QString()), std::nullopt);
+    EXPECT_EQ(read(byTheProgram(), QStringLiteral("nonsense")), std::nullopt);
+}
+
+TEST_F(AddressReadingTest, HasAnEmptyAnswerToo) {
+    const LoopbackServer server(LoopbackServer::with({}));
+    EXPECT_EQ(read(byTheProgram(), server.address()), QByteArray());
+}
+
+/// Nothing of it reaches the bound on the body.
+TEST_F(AddressReadingTest, EndsInTimeWhileTheHeadOfTheAnswerGoesOn) {
+    QTimer lines;
+    LoopbackServer server([&](QTcpSocket& connection) {
+        connection.write("HTTP/1.1 200 OK\r\n");
+        QObject::connect(&lines, &QTimer::timeout, &connection,
+                         [&] { connection.write("X-More: and more\r\n"); });
+        lines.start(5);
+    });
+    EXPECT_EQ(read(byTheProgram({.time = soonEnough}), server.address()), std::nullopt);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return server.closed == 1; }, patience));
+}
+
+TEST_F(AddressReadingTest, EndsInTimeWhateverTheProgramWaitsFor) {
+    EXPECT_EQ(read(byScript("exec sleep 3600", {.time = soonEnough})), std::nullopt);
+}
+
+TEST_F(AddressReadingTest, EndsWhenItIsStopped) {
+    LoopbackServer server([](QTcpSocket& /*connection*/) {});
+    begin(byTheProgram({.time = std::chrono::hours(1)}), server.address());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return server.requests.size() == 1; }, patience));
+    reader_.request_stop();
+    EXPECT_EQ(join(), std::nullopt);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return server.closed == 1; }, patience));
+}
+
+TEST_F(AddressReadingTest, DoesNotBeginWhenItWasStoppedBefore) {
+    const std::string trace = folder_.pathOf("trace");
+    std::stop_source stopped;
+    stopped.request_stop();
+    EXPECT_EQ(byScript(": >'" + trace + "'")(QUrl(), stopped.get_token()), std::nullopt);
+    EXPECT_FALSE(std::filesystem::exists(trace));
+}
+
+TEST_F(AddressReadingTest, TakesUpToItsBound) {
+    EXPECT_EQ(read(byScript("printf 12345", {.bytes = 5})), QByteArray("12345"));
+    EXPECT_EQ(read(byScript("printf 123456", {.bytes = 5})), std::nullopt);
+    EXPECT_EQ(read(byScript("exec yes")), std::nullopt);
+}
+
+TEST_F(AddressReadingTest, GivesTheProgramTheAddress) {
+    EXPECT_EQ(read(byScript("cat"), QStringLiteral("https://example.org/a b")),
+              QByteArray("https://example.org/a%20b"));
+}
+
+TEST_F(AddressReadingTest, TrustsNoProgramThatFails) {
+    EXPECT_EQ(read(byScript("printf 12345; exit 1")), std::nullopt);
+    EXPECT_EQ(read(byScript("printf 12345; kill -SEGV $$")), std::nullopt);
+}
+
+TEST_F(AddressReadingTest, BringsNothingWithoutAProgram) {
+    EXPECT_EQ(read(readingBy({})), std::nullopt);
+    EXPECT_EQ(read(readingBy(QString::fromStdString(folder_.pathOf("missing")))), std::nullopt);
+    EXPECT_EQ(read(readingBy(QString::fromStdString(folder_.writeFile("text", "no program")))),
+              std::nullopt);
+}
+
+}  // namespace
+}  // namespace tarvin
