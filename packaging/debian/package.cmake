@@ -4,7 +4,8 @@ set(CPACK_PACKAGE_NAME tarvin-duplicate-file-remover)
 set(CPACK_PACKAGE_VENDOR "Tarvin Software")
 set(CPACK_PACKAGE_CONTACT
     "Tarvin Software <maintainers@users.noreply.c-seed-7f7ff67a.example>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "find files with identical content and move copies to the Trash")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY
+    "find files with identical content and move copies to the Trash")
 file(READ ${CMAKE_CURRENT_LIST_DIR}/description CPACK_PACKAGE_DESCRIPTION)
 string(STRIP "${CPACK_PACKAGE_DESCRIPTION}" CPACK_PACKAGE_DESCRIPTION)
 
@@ -21,10 +22,12 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# GIO, which moves files to the Trash, is loaded when it is needed, so that nothing else asks for it.
+# GIO, which moves files to the Trash, is loaded when it is needed: nothing else asks for it.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS libglib2.0-0)
-# Addresses by https; previews of WebP and TIFF; a window of Wayland's own; the programs that open a file or the guide.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates, qt6-image-formats-plugins, qt6-wayland, xdg-utils")
+# Addresses by https; previews of WebP and TIFF; a window of Wayland's own; the programs that open a
+# file or the guide.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+    "ca-certificates, qt6-image-formats-plugins, qt6-wayland, xdg-utils")
 # For file managers that show the Trash and put files back.
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS gvfs)
 include(CPack)
