@@ -12,8 +12,8 @@ namespace {
 
 // 48 MiB for all that is read at once, whatever is compared.
 constexpr std::size_t bufferSlabs = 48;
-// Small classes are handed to the workers by about so much work. Nothing of a batch counts before all
-// of it has come, so on a slow disk larger ones would let the progress stand still.
+// Small classes are handed to the workers by about so much work. Nothing of a batch counts before
+// all of it has come, so on a slow disk larger ones would let the progress stand still.
 constexpr std::size_t filesABatch = WorkerPool::filesAShare;
 constexpr std::uint64_t bytesABatch = 1024 * 1024;
 constexpr std::uint32_t none = 0xFFFFFFFF;
