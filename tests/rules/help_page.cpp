@@ -23,6 +23,7 @@ constexpr std::string_view blanks = " \t\n";
 /// One element of the page, with all the text inside it.
 struct Element {
     std::string name;
+    std::string parent;  // its name; empty for the outermost
     std::map<std::string, std::string, std::less<>> attributes;
     std::string text;
     int line = 0;  // from 1
@@ -50,6 +51,7 @@ void beginElement(GMarkupParseContext* context, const gchar* name, const gchar**
     Page& page = pageOf(data);
     Element element;
     element.name = name;
+    element.parent = page.open.empty() ? "" : page.elements[page.open.back()].name;
     g_markup_parse_context_get_position(context, &element.line, nullptr);
     for (; *keys != nullptr; ++keys, ++values) {
         if (!element.attributes.emplace(*keys, *values).second) {
@@ -162,6 +164,38 @@ bool holdsWord(std::string_view text, std::string_view wanted) {
     return false;
 }
 
+/// Names with blanks around each, and what may hold those elements.
+struct Rule {
+    std::string_view elements;
+    std::string_view parents;
+};
+
+constexpr std::string_view sections = " body main section div nav header figure li dd td th ";
+constexpr std::string_view phrases =
+    " p h1 h2 h3 h4 a span em strong code kbd li dt dd td th caption figcaption pre div header nav "
+    "section ";
+
+constexpr std::array rules{
+    Rule{" html ", ""},
+    Rule{" head body ", " html "},
+    Rule{" meta title style ", " head "},
+    Rule{" header main nav section div p ul ol dl pre table figure h1 h2 h3 h4 ", sections},
+    Rule{" li ", " ul ol "},
+    Rule{" dt dd ", " dl "},
+    Rule{" caption thead tbody ", " table "},
+    Rule{" tr ", " thead tbody "},
+    Rule{" td th ", " tr "},
+    Rule{" figcaption ", " figure "},
+    Rule{" img ", " figure section p div "},
+    Rule{" a span em strong code kbd ", phrases},
+    Rule{" svg ", " header div span p h1 "},
+    Rule{" rect path circle ", " svg "},
+};
+
+bool holdsName(std::string_view names, const std::string& name) {
+    return name.empty() ? names.empty() : names.find(' ' + name + ' ') != std::string_view::npos;
+}
+
 /// Goes over one page and gathers what is wrong with it.
 class Judge final {
  public:
@@ -173,6 +207,7 @@ class Judge final {
         checkStyle();
         for (const Element& element : elements_) {
             checkSelfContained(element);
+            checkPlace(element);
         }
         checkLinks();
         checkPictures();
@@ -238,19 +273,25 @@ class Judge final {
         }
     }
 
-    /// Nothing is run, and nothing is fetched but the pictures.
+    /// No attribute runs or fetches anything; elements that do have no place anyhow.
     void checkSelfContained(const Element& element) {
-        constexpr std::array<std::string_view, 12> unwanted{"script", "link",   "iframe", "object",
-                                                            "embed",  "base",   "form",   "audio",
-                                                            "video",  "source", "track",  "frame"};
-        if (std::find(unwanted.begin(), unwanted.end(), element.name) != unwanted.end()) {
-            complain(element, "there is a " + element.name);
-        }
         for (const auto& [key, value] : element.attributes) {
             if (key.starts_with("on") || key == "srcset" || key == "http-equiv" ||
                 holds(value, "://") || holds(value, "javascript:") || holds(value, "url(")) {
                 complain(element, key + " reaches outside the page");
             }
+        }
+    }
+
+    /// Only elements that the page has a use for, each where HTML allows it.
+    void checkPlace(const Element& element) {
+        const auto rule = std::find_if(rules.begin(), rules.end(), [&](const Rule& each) {
+            return holdsName(each.elements, element.name);
+        });
+        if (rule == rules.end()) {
+            complain(element, "there is no use for " + element.name);
+        } else if (!holdsName(rule->parents, element.parent)) {
+            complain(element, element.name + " does not belong into " + element.parent);
         }
     }
 

@@ -103,6 +103,24 @@ TEST(HelpPageChecker, APageIsWellFormed) {
                 ElementsAre("the page is not well-formed: it has no element"));
 }
 
+TEST(HelpPageChecker, ThePageHasElementsItHasAUseFor) {
+    EXPECT_THAT(breachesWith("<h1>Guide</h1>", "<h1>Guide</h1><blink>new</blink>"),
+                ElementsAre("line 15: there is no use for blink"));
+}
+
+TEST(HelpPageChecker, AnElementStandsWhereItBelongs) {
+    const auto added = [](const std::string& elements) {
+        return breachesWith("<h1>Guide</h1>", "<h1>Guide</h1>" + elements);
+    };
+    EXPECT_THAT(added("<ul><li><p>A <em>word</em></p></li></ul>"), IsEmpty());
+    EXPECT_THAT(added("<p><div>in</div></p>"), ElementsAre("line 15: div does not belong into p"));
+    EXPECT_THAT(added("<p><p>in</p></p>"), ElementsAre("line 15: p does not belong into p"));
+    EXPECT_THAT(added("<ul><p>in</p></ul>"), ElementsAre("line 15: p does not belong into ul"));
+    EXPECT_THAT(added("<li>out</li>"), ElementsAre("line 15: li does not belong into body"));
+    EXPECT_THAT(added("<table><tr><td>in</td></tr></table>"),
+                ElementsAre("line 15: tr does not belong into table"));
+}
+
 TEST(HelpPageChecker, AnAttributeStandsOnce) {
     EXPECT_THAT(breachesWith("alt=\"The window\"", "alt=\"The\" alt=\"window\""),
                 ElementsAre("the page is not well-formed: alt stands twice"));
@@ -141,14 +159,14 @@ TEST(HelpPageChecker, TheStyleFetchesNothing) {
 
 TEST(HelpPageChecker, NothingIsRun) {
     EXPECT_THAT(breachesWith("<h1>", "<script>run()</script><h1>"),
-                ElementsAre("line 15: there is a script"));
+                ElementsAre("line 15: there is no use for script"));
     EXPECT_THAT(breachesWith("<h1>", "<h1 onclick=\"run()\">"),
                 ElementsAre("line 15: onclick reaches outside the page"));
 }
 
 TEST(HelpPageChecker, NothingIsFetchedFromOutside) {
     EXPECT_THAT(breachesWith("<title>", "<link rel=\"icon\" href=\"a.png\"/><title>"),
-                ElementsAre("line 6: there is a link"));
+                ElementsAre("line 6: there is no use for link"));
     EXPECT_THAT(breachesWith("<h1>", "<h1 cite=\"https://example.org\">"),
                 ElementsAre("line 15: cite reaches outside the page"));
     EXPECT_THAT(breachesWith("<h1>", "<h1 style=\"background: url(a.png)\">"),
