@@ -14,6 +14,7 @@ std::optional<QByteArray> read(const QString& program, const ReadBounds& bounds,
     QProcess process;
     QEventLoop loop;
     QByteArray bytes;
+    bool started = true;
     const auto take = [&] {
         bytes += process.readAllStandardOutput();
         if (bytes.size() > bounds.bytes) {
@@ -24,6 +25,7 @@ std::optional<QByteArray> read(const QString& program, const ReadBounds& bounds,
     QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
     QObject::connect(&process, &QProcess::errorOccurred, &loop, [&](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart) {
+            started = false;
             loop.quit();
         }
     });
@@ -39,8 +41,8 @@ std::optional<QByteArray> read(const QString& program, const ReadBounds& bounds,
         loop.exec();
     }
     take();
-    const bool done = process.error() == QProcess::UnknownError &&
-                      process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    const bool done =
+        started && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
     return done && bytes.size() <= bounds.bytes ? std::optional(bytes) : std::nullopt;
 }
 

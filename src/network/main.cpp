@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QHostAddress>
 #include <QNetworkInformation>
 #include <QNetworkProxyFactory>
 #include <cstdio>
@@ -28,9 +29,16 @@ void limitMemory() {
 #endif
 }
 
-/// Where nothing tells, a read will find out.
-bool isInternetReachable() {
-    return !QNetworkInformation::loadBackendByFeatures(
+bool isOnThisMachine(const QUrl& address) {
+    return address.isLocalFile() || address.host() == QLatin1String("localhost") ||
+           QHostAddress(address.host()).isLoopback();
+}
+
+/// Whether there is a way to the address, as far as the system knows; where nothing tells, a read
+/// will find out.
+bool isReachable(const QUrl& address) {
+    return isOnThisMachine(address) ||
+           !QNetworkInformation::loadBackendByFeatures(
                QNetworkInformation::Feature::Reachability) ||
            QNetworkInformation::instance()->reachability() !=
                QNetworkInformation::Reachability::Disconnected;
@@ -59,7 +67,7 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationVersion(QStringLiteral(TARVIN_VERSION));
     QNetworkProxyFactory::setUseSystemConfiguration(true);
     const QUrl address = givenAddress();
-    const auto bytes = isInternetReachable() ? tarvin::readAddress(address, {}) : std::nullopt;
+    const auto bytes = isReachable(address) ? tarvin::readAddress(address, {}) : std::nullopt;
     const bool done = bytes && answer(*bytes);
     // At once: Qt would wait for a server that it has given up.
     std::_Exit(done ? EXIT_SUCCESS : EXIT_FAILURE);
