@@ -255,6 +255,20 @@ TEST_F(Updates, AreAskedForOnceAtATime) {
     EXPECT_EQ(alerts.shown.size(), 1U);
 }
 
+TEST_F(Updates, MayBeAskedForWhileTheStartStillLooks) {
+    QTcpSocket* held = nullptr;
+    server.answer = [&held](QTcpSocket& connection) { held = &connection; };
+    launch();
+    ASSERT_TRUE(comesTrue([&held] { return held != nullptr; }));
+    server.answer = LoopbackServer::with(descriptionOf(current));
+    askForUpdates();
+    ASSERT_EQ(alerts.shown.size(), 1U);
+    expectUpToDate(alerts.shown[0]);
+    LoopbackServer::with(descriptionOf("2.0"))(*held);
+    ASSERT_TRUE(comesTrue([this] { return alerts.shown.size() == 2; }));
+    expectOffer(alerts.shown[1], "2.0");
+}
+
 TEST_F(Updates, DoNotKeepTheProductFromEnding) {
     server.answer = [](QTcpSocket& /*connection*/) {};
     launch();

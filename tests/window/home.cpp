@@ -6,7 +6,7 @@ namespace tarvin {
 
 Home::Home() : Home(std::filesystem::temp_directory_path()) {}
 
-Home::Home(const std::filesystem::path& parent) : folder_(parent) {
+Home::Home(const std::filesystem::path& parent) : folder_(parent), program_(TARVIN_PROGRAM) {
     for (const char* name : {"Desktop", "Documents", "Pictures"}) {
         folder_.makeFolder(name);
     }
@@ -14,7 +14,7 @@ Home::Home(const std::filesystem::path& parent) : folder_(parent) {
 }
 
 std::unique_ptr<ChildProcess> Home::startProduct(const ChildProcess::Words& arguments) {
-    ChildProcess::Words words{TARVIN_PROGRAM};
+    ChildProcess::Words words{program_};
     words.insert(words.end(), arguments.begin(), arguments.end());
     return std::make_unique<ChildProcess>(
         words, folder_.pathOf(".copy-" + std::to_string(++started_)),

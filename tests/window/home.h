@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace tarvin {
 
@@ -19,11 +20,15 @@ class Home final {
 
     [[nodiscard]] const TemporaryFolder& folder() const { return folder_; }
 
+    /// Another program to start than the one in the build's folder.
+    void setProgram(std::string path) { program_ = std::move(path); }
+
     /// Starts the finished program.
     std::unique_ptr<ChildProcess> startProduct(const ChildProcess::Words& arguments = {});
 
  private:
     TemporaryFolder folder_;
+    std::string program_;
     int started_ = 0;
 };
 
