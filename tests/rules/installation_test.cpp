@@ -2,6 +2,7 @@
 #include "support/shell_command.h"
 #include "support/temporary_folder.h"
 
+#include <glib.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -9,7 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <regex>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -98,8 +99,15 @@ Paths filesBelow(const fs::path& folder) {
 
 /// The first group of the first place that the pattern matches; empty if there is none.
 std::string found(const std::string& text, const std::string& pattern) {
-    std::smatch match;
-    return std::regex_search(text, match, std::regex(pattern)) ? match[1].str() : std::string();
+    const std::unique_ptr<GRegex, decltype(&g_regex_unref)> regex(
+        g_regex_new(pattern.c_str(), G_REGEX_MULTILINE, GRegexMatchFlags{}, nullptr),
+        &g_regex_unref);
+    GMatchInfo* match = nullptr;
+    g_regex_match(regex.get(), text.c_str(), GRegexMatchFlags{}, &match);
+    const std::unique_ptr<GMatchInfo, decltype(&g_match_info_unref)> owned(match,
+                                                                           &g_match_info_unref);
+    const std::unique_ptr<gchar, decltype(&g_free)> group(g_match_info_fetch(match, 1), &g_free);
+    return group == nullptr ? std::string() : std::string(group.get());
 }
 
 std::string foundIn(const fs::path& projectFile, const std::string& pattern) {
