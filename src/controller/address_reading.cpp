@@ -33,10 +33,11 @@ std::optional<QByteArray> read(const QString& program, const ReadBounds& bounds,
     process.start(program, QStringList());
     process.write(address.toEncoded());
     process.closeWriteChannel();
-    QTimer::singleShot(bounds.time, &process, &QProcess::kill);
-    const std::stop_callback end(stop, [&process] {
-        QMetaObject::invokeMethod(&process, &QProcess::kill, Qt::QueuedConnection);
-    });
+    QTimer limit;
+    QObject::connect(&limit, &QTimer::timeout, &process, &QProcess::kill);
+    limit.start(bounds.time);
+    const std::stop_callback end(
+        stop, [&process] { QMetaObject::invokeMethod(&process, "kill", Qt::QueuedConnection); });
     if (process.state() != QProcess::NotRunning) {
         loop.exec();
     }

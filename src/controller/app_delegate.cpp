@@ -135,13 +135,18 @@ void AppDelegate::connectControls() {
 }
 
 void AppDelegate::connectRequests() {
-    connect(singleCopy_.get(), &SingleCopy::quitRequested, this,
-            [this] { surroundings_.terminate(); });
-    connect(singleCopy_.get(), &SingleCopy::frontRequested, this, [this](const QByteArray& token) {
-        qputenv("XDG_ACTIVATION_TOKEN", token);
-        comeToFront();
-    });
-    connect(singleCopy_.get(), &SingleCopy::foldersRequested, this, &AppDelegate::openFolders);
+    connect(
+        singleCopy_.get(), &SingleCopy::quitRequested, this, [this] { surroundings_.terminate(); },
+        Qt::QueuedConnection);
+    connect(
+        singleCopy_.get(), &SingleCopy::frontRequested, this,
+        [this](const QByteArray& token) {
+            qputenv("XDG_ACTIVATION_TOKEN", token);
+            comeToFront();
+        },
+        Qt::QueuedConnection);
+    connect(singleCopy_.get(), &SingleCopy::foldersRequested, this, &AppDelegate::openFolders,
+            Qt::QueuedConnection);
 }
 
 void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& folders) {
@@ -164,8 +169,7 @@ void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& 
     comeToFront();
     // The window comes first; a copy that gives way asks nobody.
     if (stays) {
-        QMetaObject::invokeMethod(
-            updates_.get(), [this] { updates_->showIfUpdateAvailable(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(updates_.get(), "checkAtLaunch", Qt::QueuedConnection);
     }
 }
 

@@ -1,7 +1,6 @@
 #include "controller/single_copy.h"
 
 #include <QtGlobal>
-#include <utility>
 
 namespace tarvin {
 
@@ -21,20 +20,14 @@ bool SingleCopy::keepFirst(const std::vector<std::string>& folders) {
 }
 
 CopyRequests SingleCopy::requests() {
-    const auto later = [this](auto request) {
-        QMetaObject::invokeMethod(this, std::move(request), Qt::QueuedConnection);
-    };
-    return {.quit = [this, later] { later([this] { Q_EMIT quitRequested(); }); },
-            .comeToFront =
-                [this, later](const std::string& token) {
-                    later([this, token = QByteArray::fromStdString(token)] {
-                        Q_EMIT frontRequested(token);
-                    });
-                },
-            .openFolders =
-                [this, later](const std::vector<std::string>& folders) {
-                    later([this, folders] { Q_EMIT foldersRequested(folders); });
-                }};
+    return {
+        .quit = [this] { Q_EMIT quitRequested(); },
+        .comeToFront =
+            [this](const std::string& token) {
+                Q_EMIT frontRequested(QByteArray::fromStdString(token));
+            },
+        .openFolders =
+            [this](const std::vector<std::string>& folders) { Q_EMIT foldersRequested(folders); }};
 }
 
 }  // namespace tarvin

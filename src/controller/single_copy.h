@@ -26,13 +26,14 @@ class SingleCopy final : public QObject {
     bool keepFirst(const std::vector<std::string>& folders);
 
  Q_SIGNALS:
+    // From a thread of their own, so to be connected through the event loop.
+
     void quitRequested();
     void frontRequested(const QByteArray& activationToken);
     /// Absolute paths, native bytes.
     void foldersRequested(const std::vector<std::string>& folders);
 
  private:
-    /// Requests come on a thread of their own; this brings them to the main thread.
     CopyRequests requests();
 
     RunningCopies& copies_;

@@ -24,24 +24,17 @@ QString UpdateCheck::checkForupUpdates(const std::stop_token& stop) const {
     return description ? updateFor(subject_.version, *description) : QString();
 }
 
-std::jthread UpdateCheck::check(QObject& receiver,
-                                std::function<void(const QString& version)> answered) {
-    return std::jthread(
-        [this, &receiver, answered = std::move(answered)](const std::stop_token& stop) {
-            const QString version = checkForupUpdates(stop);
-            QMetaObject::invokeMethod(
-                &receiver, [answered, version] { answered(version); }, Qt::QueuedConnection);
-        });
+std::jthread UpdateCheck::check(QString& version, const char* slot) {
+    return std::jthread([this, &version, slot](const std::stop_token& stop) {
+        version = checkForupUpdates(stop);
+        QMetaObject::invokeMethod(this, slot, Qt::QueuedConnection);
+    });
 }
 
 void UpdateCheck::showIfUpdateAvailable(const QObject* sender) {
     if (sender == nullptr) {
         if (canCheck()) {
-            launchCheck_ = check(*this, [this](const QString& version) {
-                if (!version.isEmpty()) {
-                    offer(version);
-                }
-            });
+            launchCheck_ = check(launchVersion_, "launchChecked");
         }
         return;
     }
@@ -56,21 +49,33 @@ void UpdateCheck::showIfUpdateAvailable(const QObject* sender) {
     }
 }
 
+void UpdateCheck::launchChecked() {
+    launchCheck_.join();
+    if (!launchVersion_.isEmpty()) {
+        offer(launchVersion_);
+    }
+}
+
 std::optional<QString> UpdateCheck::waitForCheck() {
-    std::optional<QString> newer;
+    QString version;
     QEventLoop loop;
-    waiting_ = true;
+    waiting_ = &loop;
+    answered_ = false;
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     {
-        const std::jthread checking = check(loop, [&](const QString& version) {
-            newer = version;
-            loop.quit();
-        });
+        const std::jthread checking = check(version, "menuChecked");
         loop.exec(QEventLoop::ExcludeUserInputEvents);
     }
     QGuiApplication::restoreOverrideCursor();
-    waiting_ = false;
-    return newer;
+    waiting_ = nullptr;
+    return answered_ ? std::optional(version) : std::nullopt;
+}
+
+void UpdateCheck::menuChecked() {
+    if (waiting_ != nullptr) {
+        answered_ = true;
+        waiting_->quit();
+    }
 }
 
 void UpdateCheck::offer(const QString& version) {
@@ -90,7 +95,7 @@ bool UpdateCheck::launchApp(const QString& application, const QStringList& argum
 }
 
 void UpdateCheck::updateMenuClicked() {
-    if (!waiting_) {
+    if (waiting_ == nullptr) {
         showIfUpdateAvailable(window_.updateMenuItem);
     }
 }

@@ -8,10 +8,11 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
-#include <functional>
 #include <optional>
 #include <stop_token>
 #include <thread>
+
+class QEventLoop;
 
 namespace tarvin {
 
@@ -49,6 +50,9 @@ class UpdateCheck final : public QObject {
     /// answer, is drawn meanwhile, and says if there is none. One check for a sender at a time.
     void showIfUpdateAvailable(const QObject* sender = nullptr);
 
+    /// The check without a sender.
+    Q_SLOT void checkAtLaunch() { showIfUpdateAvailable(); }
+
     /// Starts a program that goes on without this one. False if it cannot be started.
     bool launchApp(const QString& application, const QStringList& arguments);
 
@@ -58,10 +62,12 @@ class UpdateCheck final : public QObject {
  private:
     /// Whether there is anything to read.
     [[nodiscard]] bool canCheck() const;
-    /// Calls `answered` on the main thread, unless `receiver` is gone before.
-    std::jthread check(QObject& receiver, std::function<void(const QString& version)> answered);
+    /// Puts the answer into `version` and calls the slot in the main thread.
+    std::jthread check(QString& version, const char* slot);
     /// None if the program ends meanwhile.
     [[nodiscard]] std::optional<QString> waitForCheck();
+    Q_SLOT void launchChecked();
+    Q_SLOT void menuChecked();
     void offer(const QString& version);
 
     MainWindow& window_;
@@ -69,8 +75,10 @@ class UpdateCheck final : public QObject {
     Desktop& desktop_;
     const Subject subject_;
     Urls urlDict_;
-    bool waiting_ = false;
-    std::jthread launchCheck_;  // last: ends before what it reads
+    QEventLoop* waiting_ = nullptr;  // while the help menu's check is under way
+    bool answered_ = false;          // that check
+    QString launchVersion_;          // of the thread, until it has ended
+    std::jthread launchCheck_;       // last: ends before what it reads
 };
 
 }  // namespace tarvin

@@ -81,8 +81,9 @@ class Download final {
             }
         });
         QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
-        QTimer::singleShot(std::chrono::milliseconds(end_.remainingTime()), reply.get(),
-                           &QNetworkReply::abort);
+        QTimer limit;
+        QObject::connect(&limit, &QTimer::timeout, reply.get(), &QNetworkReply::abort);
+        limit.start(std::chrono::milliseconds(end_.remainingTime()));
         if (!reply->isFinished()) {
             loop.exec();
         }
