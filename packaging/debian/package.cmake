@@ -24,10 +24,10 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # GIO, which moves files to the Trash, is loaded when it is needed: nothing else asks for it.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS libglib2.0-0)
-# Addresses by https; previews of WebP and TIFF; a window of Wayland's own; the programs that open a
-# file or the guide.
+# Addresses by https; letters narrow enough for the properties of a file; previews of WebP and TIFF;
+# a window of Wayland's own; the programs that open a file or the guide.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "ca-certificates, qt6-image-formats-plugins, qt6-wayland, xdg-utils")
+    "ca-certificates, fonts-liberation, qt6-image-formats-plugins, qt6-wayland, xdg-utils")
 # For file managers that show the Trash and put files back.
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS gvfs)
 include(CPack)
