@@ -109,7 +109,7 @@ std::string joined(std::string_view text) {
     return out;
 }
 
-bool holds(std::string_view text, std::string_view wanted) {
+bool mentions(std::string_view text, std::string_view wanted) {
     return text.find(wanted) != std::string_view::npos;
 }
 
@@ -262,12 +262,12 @@ class Judge final {
         }
         for (const char* wanted : {"color-scheme: light dark;", "(prefers-color-scheme: dark)",
                                    "@media print", "@media (max-width:"}) {
-            if (!holds(style, wanted)) {
+            if (!mentions(style, wanted)) {
                 complain(std::string("the style lacks ") + wanted);
             }
         }
         for (const char* unwanted : {"url(", "@import", "http:", "https:"}) {
-            if (holds(style, unwanted)) {
+            if (mentions(style, unwanted)) {
                 complain(std::string("the style fetches something: ") + unwanted);
             }
         }
@@ -277,7 +277,8 @@ class Judge final {
     void checkSelfContained(const Element& element) {
         for (const auto& [key, value] : element.attributes) {
             if (key.starts_with("on") || key == "srcset" || key == "http-equiv" ||
-                holds(value, "://") || holds(value, "javascript:") || holds(value, "url(")) {
+                mentions(value, "://") || mentions(value, "javascript:") ||
+                mentions(value, "url(")) {
                 complain(element, key + " reaches outside the page");
             }
         }
