@@ -3,6 +3,8 @@
 #include "platform/durable_file.h"
 #include "store/stored_list.h"
 
+#include <algorithm>
+#include <array>
 #include <limits>
 #include <utility>
 
@@ -12,6 +14,8 @@ namespace {
 
 constexpr const char* countKey = "deletedCount";
 constexpr const char* sizeKey = "deletedSize";
+
+constexpr std::array totalKeys{countKey, sizeKey};
 
 struct Totals {
     std::int64_t count = 0;
@@ -53,11 +57,18 @@ PropertyList defaultList() {
     return list;
 }
 
+/// A total that is missing counts as none; one that is no number makes the list unusable.
+bool hasUsableTotals(const PropertyList& list) {
+    return std::all_of(totalKeys.begin(), totalKeys.end(), [&list](const char* key) {
+        return !list.has(key) || list.number(key).has_value();
+    });
+}
+
 /// The dictionary in the file, or why there is none.
 std::variant<PropertyList, StoreError> readData(const std::string& path) {
     auto read = readStoredList(path);
     if (const auto* list = std::get_if<PropertyList>(&read);
-        list != nullptr && !list->isDictionary()) {
+        list != nullptr && !(list->isDictionary() && hasUsableTotals(*list))) {
         return StoreError{path, "not a property list of totals"};
     }
     return read;

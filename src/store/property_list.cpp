@@ -4,9 +4,11 @@
 
 #include <plist/plist.h>
 
+#include <charconv>
 #include <cstddef>
 #include <cstdlib>
 #include <limits>
+#include <system_error>
 
 namespace tarvin {
 
@@ -54,6 +56,19 @@ bool isString(const std::string& path) {
     constexpr std::string_view blanks = " \t\n";
     return blanks.find(path.front()) == std::string_view::npos &&
            blanks.find(path.back()) == std::string_view::npos && isPlain(path);
+}
+
+std::optional<std::uint64_t> wholeNumber(double number) {
+    constexpr double beyond = 18446744073709551616.0;  // 2 to the 64th
+    return number >= 0 && number < beyond ? std::optional(static_cast<std::uint64_t>(number))
+                                          : std::nullopt;
+}
+
+std::optional<std::uint64_t> wholeNumber(const std::string& digits) {
+    std::uint64_t number = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto [rest, failure] = std::from_chars(digits.data(), end, number);
+    return failure == std::errc() && rest == end ? std::optional(number) : std::nullopt;
 }
 
 }  // namespace
@@ -119,12 +134,29 @@ std::vector<std::string> PropertyList::paths() const {
 
 std::optional<std::uint64_t> PropertyList::number(const char* key) const {
     plist_t item = plist_dict_get_item(root_.get(), key);
-    if (item == nullptr || plist_get_node_type(item) != PLIST_UINT) {
+    if (item == nullptr) {
         return std::nullopt;
     }
-    std::uint64_t number = 0;
-    plist_get_uint_val(item, &number);
-    return number;
+    switch (plist_get_node_type(item)) {
+        case PLIST_UINT: {
+            std::uint64_t number = 0;
+            plist_get_uint_val(item, &number);
+            return number;
+        }
+        case PLIST_REAL: {
+            double number = 0;
+            plist_get_real_val(item, &number);
+            return wholeNumber(number);
+        }
+        case PLIST_STRING:
+            return wholeNumber(text(key).value_or(""));
+        default:
+            return std::nullopt;
+    }
+}
+
+bool PropertyList::has(const char* key) const {
+    return plist_dict_get_item(root_.get(), key) != nullptr;
 }
 
 std::optional<std::string> PropertyList::text(const char* key) const {

@@ -30,9 +30,11 @@ class PropertyList final {
     /// The paths of an array: its strings and data, in order. What else it holds is passed over.
     [[nodiscard]] std::vector<std::string> paths() const;
 
-    /// The whole number under `key` of a dictionary, as 64 bits without a sign; none if there is
-    /// none or something else.
+    /// The number under `key` of a dictionary, as 64 bits without a sign: a whole number, a real
+    /// without its fraction, or a string of digits. None if there is none or something else.
     [[nodiscard]] std::optional<std::uint64_t> number(const char* key) const;
+    /// Whether a dictionary has `key`, whatever is under it.
+    [[nodiscard]] bool has(const char* key) const;
     /// The string under `key` of a dictionary, in UTF-8; none if there is none or something else.
     [[nodiscard]] std::optional<std::string> text(const char* key) const;
     void setNumber(const char* key, std::uint64_t number);

@@ -104,16 +104,35 @@ TEST_F(DataFileTest, KeepsOtherKeys) {
     EXPECT_EQ(stored(path_, "matchingLevel"), std::nullopt);
 }
 
-TEST_F(DataFileTest, CountsFromNothingWhereTypesAreWrong) {
+TEST_F(DataFileTest, ReadsNumbersOfOtherTypes) {
     write(
         plistText("<dict><key>deletedCount</key><string>3</string>"
-                  "<key>deletedSize</key><array/></dict>"));
+                  "<key>deletedSize</key><real>1000.75</real></dict>"));
     DataFile data(own_);
     EXPECT_FALSE(data.loadDataFile());
-    EXPECT_EQ(data.alreadyDeletedCount(), 0);
+    EXPECT_EQ(data.alreadyDeletedCount(), 3);
+    EXPECT_EQ(data.alreadyDeletedSize(), 1000U);
     EXPECT_FALSE(data.addDeleted(1, 10));
-    EXPECT_EQ(stored(path_, "deletedCount"), 1U);
-    EXPECT_EQ(stored(path_, "deletedSize"), 10U);
+    EXPECT_EQ(data.putAside(), "");
+    EXPECT_EQ(stored(path_, "deletedCount"), 4U);
+    EXPECT_EQ(stored(path_, "deletedSize"), 1010U);
+}
+
+TEST_F(DataFileTest, PutsAListAsideWhoseTotalsAreNoNumbers) {
+    for (const char* value : {"<array/>", "<string>3 files</string>", "<string></string>",
+                              "<real>-1</real>", "<true/>", "<data>AAAA</data>"}) {
+        const std::string list = plistText(std::string("<dict><key>deletedSize</key>") + value +
+                                           "<key>deletedCount</key><integer>7</integer></dict>");
+        write(list);
+        DataFile data(own_);
+        EXPECT_TRUE(data.loadDataFile()) << value;
+        EXPECT_EQ(data.alreadyDeletedCount(), 0) << value;
+        EXPECT_FALSE(data.addDeleted(1, 10)) << value;
+        ASSERT_NE(data.putAside(), "") << value;
+        EXPECT_EQ(contentOf(data.putAside()), list);
+        EXPECT_EQ(stored(path_, "deletedCount"), 1U) << value;
+        EXPECT_EQ(stored(path_, "deletedSize"), 10U) << value;
+    }
 }
 
 TEST_F(DataFileTest, TakesANegativeCountForNone) {

@@ -95,14 +95,16 @@ TEST(PropertyList, ReadsNumbers) {
     const auto list = PropertyList::parse(
         plistText("<dict><key>a</key><integer>5</integer><key>b</key><string>5</string>"
                   "<key>c</key><integer>18446744073709551615</integer><key>d</key><real>1.5</real>"
-                  "</dict>"));
+                  "<key>e</key><true/><key>f</key><string>5 files</string></dict>"));
     ASSERT_TRUE(list);
     EXPECT_TRUE(list->isDictionary());
     EXPECT_FALSE(list->isArray());
     EXPECT_EQ(list->number("a"), 5U);
-    EXPECT_EQ(list->number("b"), std::nullopt);
+    EXPECT_EQ(list->number("b"), 5U);
     EXPECT_EQ(list->number("c"), 18'446'744'073'709'551'615U);
-    EXPECT_EQ(list->number("d"), std::nullopt);
+    EXPECT_EQ(list->number("d"), 1U);
+    EXPECT_EQ(list->number("e"), std::nullopt);
+    EXPECT_EQ(list->number("f"), std::nullopt);
     EXPECT_EQ(list->number("missing"), std::nullopt);
 }
 
