@@ -20,6 +20,7 @@ Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
 void Descriptor::reset() {
     if (owner_ != nullptr) {
         owner_->close(number_);
+        owner_->descriptorsClosed_.fetch_add(1, std::memory_order_relaxed);
         owner_ = nullptr;
         number_ = -1;
     }

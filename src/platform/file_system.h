@@ -3,6 +3,7 @@
 #include "platform/result.h"
 #include "platform/timestamp.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -156,9 +157,17 @@ class FileSystem {
     /// How many files the process may hold open at once.
     virtual std::size_t descriptorLimit() = 0;
 
+    /// How many descriptors of this file system have been closed so far.
+    [[nodiscard]] std::uint64_t descriptorsClosed() const {
+        return descriptorsClosed_.load(std::memory_order_relaxed);
+    }
+
  protected:
     friend class Descriptor;
     virtual void close(int number) = 0;
+
+ private:
+    std::atomic<std::uint64_t> descriptorsClosed_{0};
 };
 
 /// The file system of the machine; one for the process.

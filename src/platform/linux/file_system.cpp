@@ -291,8 +291,9 @@ class LinuxFileSystem final : public FileSystem {
 }  // namespace
 
 FileSystem& systemFileSystem() {
-    static LinuxFileSystem fileSystem;
-    return fileSystem;
+    // Never destroyed: a thread that was abandoned in a call may return while the process ends.
+    static auto* const fileSystem = new LinuxFileSystem;
+    return *fileSystem;
 }
 
 }  // namespace tarvin
