@@ -1,5 +1,6 @@
 #include "model/deletion_walk.h"
 
+#include "platform/start_thread.h"
 #include "platform/trash.h"
 
 #include <utility>
@@ -38,12 +39,16 @@ DeletionWalk::~DeletionWalk() {
 }
 
 void DeletionWalk::start(AtEnd atEnd) {
-    thread_ = std::thread([this, atEnd = std::move(atEnd)] {
+    const auto run = [this, atEnd = std::move(atEnd)] {
         walk();
         if (atEnd) {
             atEnd(progress_);
         }
-    });
+    };
+    thread_ = startThread(run);
+    if (!thread_.joinable()) {
+        run();
+    }
 }
 
 RemovalResult DeletionWalk::wait() {

@@ -30,11 +30,13 @@ FileStamp stampOf(const FileAttributes& attributes) {
 
 }  // namespace
 
-CandidateReader::CandidateReader(FileSystem& fileSystem, const ScanControl& control)
-    : fileSystem_(fileSystem),
-      control_(control),
-      descriptors_(openAtOnce(fileSystem.descriptorLimit())),
-      keptDescriptors_(openAtOnce(fileSystem.descriptorLimit())) {}
+CandidateReader::CandidateReader(const ScanServices& services)
+    : fileSystem_(services.fileSystem),
+      control_(services.control),
+      watch_(services.watch),
+      unreadable_(services.unreadable),
+      descriptors_(openAtOnce(fileSystem_.descriptorLimit())),
+      keptDescriptors_(openAtOnce(fileSystem_.descriptorLimit())) {}
 
 std::optional<OpenCandidate> CandidateReader::open(const File& file) {
     if (!control_.mayGoOn()) {
@@ -44,15 +46,18 @@ std::optional<OpenCandidate> CandidateReader::open(const File& file) {
     path.clear();
     file.appendFilePath(path);
     Result<Descriptor> descriptor =
-        openPatiently(control_, [this] { return fileSystem_.openFile(path); });
+        openPatiently(fileSystem_, control_, [&] { return openOnce(file, path); });
     if (!descriptor) {
+        return failed(file, descriptor.error());
+    }
+    const Result<FileAttributes> attributes = attributesNow(file, *descriptor);
+    if (!attributes) {
+        return failed(file, attributes.error());
+    }
+    if (attributes->type != EntryType::regular) {
         return std::nullopt;
     }
-    const Result<FileAttributes> attributes = fileSystem_.attributesOf(*descriptor);
-    if (!attributes || attributes->type != EntryType::regular) {
-        return std::nullopt;
-    }
-    OpenCandidate candidate{std::move(*descriptor), stampOf(*attributes),
+    OpenCandidate candidate{&file, std::move(*descriptor), stampOf(*attributes),
                             onlyReaderOf(attributes->identity.device)};
     std::byte beyond{};
     if (candidate.stamp.size == 0 && readSome(candidate, 0, {&beyond, 1}, 1) != 0) {
@@ -60,6 +65,25 @@ std::optional<OpenCandidate> CandidateReader::open(const File& file) {
         return std::nullopt;
     }
     return candidate;
+}
+
+Result<Descriptor> CandidateReader::openOnce(const File& file, const std::string& path) {
+    const IoWatch::Call call(watch_, file);
+    return fileSystem_.openFile(path);
+}
+
+Result<FileAttributes> CandidateReader::attributesNow(const File& file,
+                                                      const Descriptor& descriptor) {
+    const IoWatch::Call call(watch_, file);
+    return fileSystem_.attributesOf(descriptor);
+}
+
+/// A call that a stop cut short says nothing about the file.
+std::nullopt_t CandidateReader::failed(const File& file, SystemError error) {
+    if (!control_.stop()) {
+        unreadable_.addFile(file, error);
+    }
+    return std::nullopt;
 }
 
 bool CandidateReader::read(const OpenCandidate& candidate, std::uint64_t offset,
@@ -73,7 +97,7 @@ bool CandidateReader::readWhole(const OpenCandidate& candidate, std::span<std::b
 }
 
 bool CandidateReader::isUnchanged(const OpenCandidate& candidate) {
-    const Result<FileAttributes> now = fileSystem_.attributesOf(candidate.descriptor);
+    const Result<FileAttributes> now = attributesNow(*candidate.file, candidate.descriptor);
     return now && now->linkCount > 0 && stampOf(*now) == candidate.stamp;
 }
 
@@ -85,15 +109,23 @@ std::optional<std::size_t> CandidateReader::readSome(const OpenCandidate& candid
     if (!control_.mayGoOn()) {
         return std::nullopt;
     }
-    const Result<std::size_t> got =
-        candidate.onlyReader == nullptr
-            ? fileSystem_.readAtLeast(candidate.descriptor, offset, into, enough)
-            : readAlone(candidate, offset, into, enough);
+    const Result<std::size_t> got = readThroughDevice(candidate, offset, into, enough);
     if (!got) {
-        return std::nullopt;
+        return failed(*candidate.file, got.error());
     }
     bytesRead_.fetch_add(*got, std::memory_order_relaxed);
     return *got;
+}
+
+Result<std::size_t> CandidateReader::readThroughDevice(const OpenCandidate& candidate,
+                                                       std::uint64_t offset,
+                                                       std::span<std::byte> into,
+                                                       std::size_t enough) {
+    if (candidate.onlyReader != nullptr) {
+        return readAlone(candidate, offset, into, enough);
+    }
+    const IoWatch::Call call(watch_, *candidate.file);
+    return fileSystem_.readAtLeast(candidate.descriptor, offset, into, enough);
 }
 
 /// What is in memory already is read beside other readers; the rest waits for the device.
@@ -114,6 +146,7 @@ Result<std::size_t> CandidateReader::readAlone(const OpenCandidate& candidate, s
         // Many may have waited here, and each would read once more.
         return SystemError{EINTR};
     }
+    const IoWatch::Call call(watch_, *candidate.file);
     Result<std::size_t> rest = fileSystem_.readAtLeast(candidate.descriptor, offset + known,
                                                        into.subspan(known), enough - known);
     if (!rest) {

@@ -3,7 +3,7 @@
 #include "model/file.h"
 #include "platform/file_system.h"
 #include "scan/budget.h"
-#include "scan/scan_control.h"
+#include "scan/scan_services.h"
 
 #include <atomic>
 #include <cstddef>
@@ -12,6 +12,7 @@
 #include <mutex>
 #include <optional>
 #include <span>
+#include <string>
 #include <unordered_map>
 
 namespace tarvin {
@@ -29,17 +30,19 @@ struct FileStamp {
 
 /// A file that may have a twin, open for reading.
 struct OpenCandidate {
+    const File* file = nullptr;
     Descriptor descriptor;
     FileStamp stamp;                   ///< as it was when it was opened
     std::mutex* onlyReader = nullptr;  ///< held while reading from a device with moving heads
 };
 
 /// Opens and reads the files that are compared, for all comparisons of a scan together: bounds how
-/// many are open, lets one reader at a time at a rotational device, counts what is read and listens
-/// to pause and stop. Any thread.
+/// many are open, lets one reader at a time at a rotational device, counts what is read, notes what
+/// cannot be read and listens to pause and stop. Any thread.
 class CandidateReader final {
  public:
-    CandidateReader(FileSystem& fileSystem, const ScanControl& control);
+    /// What the references lead to must outlive the reader.
+    explicit CandidateReader(const ScanServices& services);
     CandidateReader(const CandidateReader&) = delete;
     CandidateReader& operator=(const CandidateReader&) = delete;
 
@@ -85,12 +88,20 @@ class CandidateReader final {
                                                       std::uint64_t offset,
                                                       std::span<std::byte> into,
                                                       std::size_t enough);
+    Result<std::size_t> readThroughDevice(const OpenCandidate& candidate, std::uint64_t offset,
+                                          std::span<std::byte> into, std::size_t enough);
     Result<std::size_t> readAlone(const OpenCandidate& candidate, std::uint64_t offset,
                                   std::span<std::byte> into, std::size_t enough);
     std::mutex* onlyReaderOf(std::uint64_t device);
 
+    [[nodiscard]] std::nullopt_t failed(const File& file, SystemError error);
+    Result<Descriptor> openOnce(const File& file, const std::string& path);
+    Result<FileAttributes> attributesNow(const File& file, const Descriptor& descriptor);
+
     FileSystem& fileSystem_;
     const ScanControl& control_;
+    IoWatch& watch_;
+    UnreadableLog& unreadable_;
     Budget descriptors_;
     Budget keptDescriptors_;
     std::atomic<std::uint64_t> bytesRead_{0};

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace tarvin {
@@ -48,15 +50,17 @@ struct Collector::OpenFolder {
     std::size_t nextFolder = 0;  // in `folders`, which has one for each folder of the block
 };
 
-Collector::Collector(FileSystem& fileSystem, WorkerPool& pool, ScanControl& control,
-                     const ExceptionFilter& exceptions, ScanObserver& observer, ProgressGate& gate,
-                     CategoryLists& lists)
-    : control_(control),
+Collector::Collector(const ScanServices& services, const ExceptionFilter& exceptions,
+                     ScanObserver& observer, ProgressGate& gate, CategoryLists& lists)
+    : fileSystem_(services.fileSystem),
+      control_(services.control),
+      watch_(services.watch),
+      unreadableLog_(services.unreadable),
       exceptions_(exceptions),
       observer_(observer),
       gate_(gate),
       lists_(lists),
-      reader_(fileSystem, pool, control, interestIn, [this] { waitWhilePaused(); }) {}
+      reader_(services, interestIn, [this] { waitWhilePaused(); }) {}
 
 Collector::Outcome Collector::addAllPhotos(std::vector<LocationRow>& rows) {
     observer_.collectionStarted();
@@ -89,14 +93,18 @@ void Collector::acceptFilenameDrag3(const std::string& path) {
         return;
     }
     const Directory* root = lists_.store->addRoot(path);
+    if (isInTrash(*root)) {
+        unreadable_.push_back({path, SystemError{EOPNOTSUPP}, true});
+        return;
+    }
     const std::shared_ptr<TreeReader::Listing> listing = TreeReader::makeRoot(root);
     std::vector<OpenFolder> open;
-    if (enter(listing)) {
+    if (enter(*root, listing)) {
         open.push_back({root, listing, nullptr, 0, {}, 0});
         walk(open);
     }
     for (const OpenFolder& folder : open) {
-        reader_.close(folder.listing);
+        leave(folder);
     }
     if (const std::optional<SystemError> failure = reader_.failureOf(listing)) {
         unreadable_.push_back({path, *failure});
@@ -110,7 +118,7 @@ void Collector::walk(std::vector<OpenFolder>& open) {
         if (!folder.block || folder.nextEntry == folder.block->entries.size()) {
             takeBlock(folder, reader_.nextBlock(folder.listing));
             if (!folder.block) {
-                reader_.close(folder.listing);
+                leave(folder);
                 open.pop_back();
             }
             continue;
@@ -122,9 +130,11 @@ void Collector::walk(std::vector<OpenFolder>& open) {
         const ListedEntry& entry = folder.block->entries[folder.nextEntry++];
         if (entry.type == EntryType::directory) {
             const auto [directory, listing] = folder.folders[folder.nextFolder++];
-            if (enter(listing)) {
+            if (enter(*directory, listing)) {
                 open.push_back({directory, listing, nullptr, 0, {}, 0});
             }
+        } else if (entry.error.code != 0) {
+            unreadableLog_.addFile(*folder.directory, entry.name, entry.error);
         } else if (entry.type == EntryType::regular && entry.attributesKnown) {
             takeFile(*folder.directory, entry);
         }
@@ -153,12 +163,53 @@ void Collector::takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block>
 }
 
 /// True if the folder can be listed and has not been walked yet. Otherwise it is closed.
-bool Collector::enter(const std::shared_ptr<TreeReader::Listing>& listing) {
+bool Collector::enter(const Directory& directory,
+                      const std::shared_ptr<TreeReader::Listing>& listing) {
     const Result<FileIdentity> identity = reader_.identityOf(listing);
     if (identity && walked_.insert(*identity).second) {
         return true;
     }
+    if (!identity) {
+        noteFailure(directory, listing);
+    }
     reader_.close(listing);
+    return false;
+}
+
+/// The listing may have ended early.
+void Collector::leave(const OpenFolder& folder) {
+    noteFailure(*folder.directory, folder.listing);
+    reader_.close(folder.listing);
+}
+
+void Collector::noteFailure(const Directory& directory,
+                            const std::shared_ptr<TreeReader::Listing>& listing) {
+    const bool isLocation = directory.parent == nullptr;
+    const std::optional<SystemError> failure = reader_.failureOf(listing);
+    if (failure && !isLocation && !reader_.isRefused(listing)) {
+        unreadableLog_.addFolder(directory, *failure);
+    }
+}
+
+/// By the place where the location really is, so that a link makes no difference.
+bool Collector::isInTrash(const Directory& location) {
+    const IoWatch::Call call(watch_, location);
+    const std::optional<FileIdentity> homeTrash = fileSystem_.homeTrash();
+    std::error_code failure;
+    const std::filesystem::path resolved = std::filesystem::canonical(location.path(), failure);
+    if (failure) {
+        return false;
+    }
+    for (std::filesystem::path at = resolved; at.has_relative_path(); at = at.parent_path()) {
+        const std::string name = at.filename().string();
+        if (name == ".Trash" || isVolumeTrash(name)) {
+            return true;
+        }
+        const Result<FileAttributes> attributes = fileSystem_.attributesAtPath(at.string());
+        if (homeTrash && attributes && attributes->identity == *homeTrash) {
+            return true;
+        }
+    }
     return false;
 }
 
@@ -167,11 +218,25 @@ void Collector::takeFile(const Directory& directory, const ListedEntry& entry) {
         return;
     }
     if (gate_.due()) {
-        observer_.collecting(directory.pathOf(entry.name));
+        tellOf(directory, entry);
     }
     if (!exceptions_.contains(directory, entry.name)) {
         addToArrayFile(directory, entry);
     }
+}
+
+/// Of a file that is never collected nothing but the name is known yet. Whether it is locked, and
+/// so not to be told of, is found out for the few that come to be told.
+void Collector::tellOf(const Directory& directory, const ListedEntry& entry) {
+    const std::string path = directory.pathOf(entry.name);
+    if (interestIn(entry.name) == EntryInterest::name) {
+        const IoWatch::Call call(watch_, directory);
+        const Result<FileAttributes> attributes = fileSystem_.attributesAtPath(path);
+        if (!attributes || attributes->immutable) {
+            return;
+        }
+    }
+    observer_.collecting(path);
 }
 
 void Collector::addToArrayFile(const Directory& directory, const ListedEntry& entry) {

@@ -6,10 +6,9 @@
 #include "scan/exception_filter.h"
 #include "scan/location_row.h"
 #include "scan/progress_gate.h"
-#include "scan/scan_control.h"
 #include "scan/scan_observer.h"
+#include "scan/scan_services.h"
 #include "scan/tree_reader.h"
-#include "scan/worker_pool.h"
 
 #include <optional>
 #include <string>
@@ -23,6 +22,7 @@ namespace tarvin {
 struct UnreadableLocation {
     std::string path;
     SystemError error;
+    bool isTrash = false;  ///< a Trash folder or inside one; these are never walked
 };
 
 /// The first phase of a scan: walks the checked locations and puts every file that has a file-name
@@ -30,7 +30,7 @@ struct UnreadableLocation {
 ///
 /// Made for one scan and used on one thread; the workers of the pool list ahead. A folder is walked
 /// once per scan however many ways lead to it. Folders that cannot be listed and files whose
-/// attributes cannot be read are passed over in silence; only locations are told of.
+/// attributes cannot be read are noted in the UnreadableLog; locations are told of apart.
 class Collector final {
  public:
     enum class Outcome {
@@ -39,9 +39,9 @@ class Collector final {
         stopped     ///< the scan was stopped between two locations; what was collected is void
     };
 
-    Collector(FileSystem& fileSystem, WorkerPool& pool, ScanControl& control,
-              const ExceptionFilter& exceptions, ScanObserver& observer, ProgressGate& gate,
-              CategoryLists& lists);
+    /// All references must outlive the collector and its tasks.
+    Collector(const ScanServices& services, const ExceptionFilter& exceptions,
+              ScanObserver& observer, ProgressGate& gate, CategoryLists& lists);
 
     /// Walks the checked folders of `rows` in order, then empties `rows`, unless it was stopped.
     Outcome addAllPhotos(std::vector<LocationRow>& rows);
@@ -58,13 +58,22 @@ class Collector final {
     struct OpenFolder;
 
     void waitWhilePaused();
-    [[nodiscard]] bool enter(const std::shared_ptr<TreeReader::Listing>& listing);
+    [[nodiscard]] bool enter(const Directory& directory,
+                             const std::shared_ptr<TreeReader::Listing>& listing);
+    void leave(const OpenFolder& folder);
+    void noteFailure(const Directory& directory,
+                     const std::shared_ptr<TreeReader::Listing>& listing);
     void walk(std::vector<OpenFolder>& open);
     void takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block> block);
     void takeFile(const Directory& directory, const ListedEntry& entry);
+    void tellOf(const Directory& directory, const ListedEntry& entry);
+    [[nodiscard]] bool isInTrash(const Directory& location);
     void addToArrayFile(const Directory& directory, const ListedEntry& entry);
 
+    FileSystem& fileSystem_;
     ScanControl& control_;
+    IoWatch& watch_;
+    UnreadableLog& unreadableLog_;
     const ExceptionFilter& exceptions_;
     ScanObserver& observer_;
     ProgressGate& gate_;

@@ -119,28 +119,65 @@ bool mayHoldItself(const FileGroup& group, std::span<const std::optional<FileSta
 
 /// Leaves out files that were met before on another way: a folder put under a link meanwhile, a
 /// file mounted over another, a name that the listing gave twice.
-std::vector<FileGroup> withoutItself(std::vector<FileGroup> groups, std::span<File* const> files,
-                                     std::span<const std::optional<FileStamp>> stamps) {
-    for (FileGroup& group : groups) {
-        if (!mayHoldItself(group, stamps)) {
-            continue;
-        }
-        std::unordered_multimap<FileIdentity, std::uint32_t, FileIdentityHash> met;
-        std::erase_if(group, [&](std::uint32_t number) {
-            const auto [from, to] = met.equal_range(stamps[number]->identity);
-            const bool again = std::any_of(from, to, [&](const auto& known) {
-                return isOneFile(*stamps[number], *stamps[known.second], *files[number],
-                                 *files[known.second]);
-            });
-            if (!again) {
-                met.emplace(stamps[number]->identity, number);
-            }
-            return again;
-        });
+FileGroup withoutItself(FileGroup group, std::span<File* const> files,
+                        std::span<const std::optional<FileStamp>> stamps) {
+    if (!mayHoldItself(group, stamps)) {
+        return group;
     }
-    std::erase_if(groups, [](const FileGroup& group) { return group.size() < 2; });
-    return groups;
+    std::unordered_multimap<FileIdentity, std::uint32_t, FileIdentityHash> met;
+    std::erase_if(group, [&](std::uint32_t number) {
+        const auto [from, to] = met.equal_range(stamps[number]->identity);
+        const bool again = std::any_of(from, to, [&](const auto& known) {
+            return isOneFile(*stamps[number], *stamps[known.second], *files[number],
+                             *files[known.second]);
+        });
+        if (!again) {
+            met.emplace(stamps[number]->identity, number);
+        }
+        return again;
+    });
+    return group;
 }
+
+/// Tells of the files that are in no group: they have no equal.
+void tellOfTheOthers(std::size_t fileCount, const std::vector<FileGroup>& groups,
+                     ContentVerdict& verdict) {
+    std::vector<bool> isInGroup(fileCount, false);
+    for (const FileGroup& group : groups) {
+        for (const std::uint32_t number : group) {
+            isInGroup[number] = true;
+        }
+    }
+    FileGroup others;
+    for (std::uint32_t number = 0; number < fileCount; ++number) {
+        if (!isInGroup[number]) {
+            others.push_back(number);
+        }
+    }
+    verdict.decided(others);
+}
+
+/// Passes on what is told of the members of a group by their numbers in the class.
+class Renumbered final : public ContentVerdict {
+ public:
+    Renumbered(const FileGroup& numbers, ContentVerdict& to) : numbers_(numbers), to_(to) {}
+
+    void equal(FileGroup group) override { to_.equal(inTheClass(group)); }
+    void decided(std::span<const std::uint32_t> files) override { to_.decided(inTheClass(files)); }
+
+ private:
+    [[nodiscard]] FileGroup inTheClass(std::span<const std::uint32_t> files) const {
+        FileGroup numbers;
+        numbers.reserve(files.size());
+        for (const std::uint32_t file : files) {
+            numbers.push_back(numbers_[file]);
+        }
+        return numbers;
+    }
+
+    const FileGroup& numbers_;
+    ContentVerdict& to_;
+};
 
 }  // namespace
 
@@ -149,6 +186,27 @@ struct ContentPartition::Seen {
     std::vector<std::optional<FileStamp>> stamps;    ///< none for an unreadable file
     std::vector<std::uint64_t> fingerprints;         ///< of the first block; empty if none
     std::vector<std::optional<OpenCandidate>> open;  ///< empty if none is kept open
+};
+
+/// Passes on what is told, without files that a group holds twice.
+class ContentPartition::Unrepeated final : public ContentVerdict {
+ public:
+    Unrepeated(std::span<File* const> files, const Seen& seen, ContentVerdict& to)
+        : files_(files), seen_(seen), to_(to) {}
+
+    void equal(FileGroup group) override {
+        FileGroup kept = withoutItself(std::move(group), files_, seen_.stamps);
+        if (kept.size() > 1) {
+            to_.equal(std::move(kept));
+        }
+    }
+
+    void decided(std::span<const std::uint32_t> files) override { to_.decided(files); }
+
+ private:
+    std::span<File* const> files_;
+    const Seen& seen_;
+    ContentVerdict& to_;
 };
 
 bool ContentPartition::isReadWhole(std::uint64_t fileSize, std::size_t fileCount) {
@@ -182,10 +240,15 @@ std::optional<std::vector<FileGroup>> ContentPartition::compareWhole(std::span<F
             stamps[number] = candidate->stamp;
         }
     }
-    return withoutItself(groupEqual(read), files, stamps);
+    std::vector<FileGroup> groups = groupEqual(read);
+    for (FileGroup& group : groups) {
+        group = withoutItself(std::move(group), files, stamps);
+    }
+    std::erase_if(groups, [](const FileGroup& group) { return group.size() < 2; });
+    return groups;
 }
 
-std::vector<FileGroup> ContentPartition::partition(std::span<File* const> files) {
+void ContentPartition::partition(std::span<File* const> files, ContentVerdict& verdict) {
     Seen seen;
     Budget::Share keptOpen;
     if (files.size() <= mostFilesKeptOpen) {
@@ -194,36 +257,32 @@ std::vector<FileGroup> ContentPartition::partition(std::span<File* const> files)
     seen.open.resize(keptOpen ? files.size() : 0);
     look(files, seen);
 
-    ContentProver prover(reader_, buffers_, pool_, {files, seen.stamps, seen.open});
     const std::vector<FileGroup> groups = alike(seen.stamps, seen.fingerprints);
-    std::vector<std::vector<FileGroup>> proven(groups.size());
+    if (!reader_.control().stop()) {
+        tellOfTheOthers(files.size(), groups, verdict);
+    }
+    Unrepeated told(files, seen, verdict);
+    ContentProver prover(reader_, buffers_, pool_, {files, seen.stamps, seen.open});
     const std::size_t shares = (groups.size() + groupsAShare - 1) / groupsAShare;
     pool_.forEach(shares, [&](std::size_t share) {
         const std::size_t end = std::min(groups.size(), (share + 1) * groupsAShare);
         for (std::size_t group = share * groupsAShare; group < end; ++group) {
-            std::optional<std::vector<FileGroup>> found =
-                seen.open.empty() ? proveOpen(files, seen, groups[group]) : std::nullopt;
-            proven[group] = found ? std::move(*found) : prover.prove(groups[group]);
+            if (!seen.open.empty() || !proveOpen(files, seen, groups[group], told)) {
+                prover.prove(groups[group], told);
+            }
         }
     });
-
-    std::vector<FileGroup> all;
-    for (std::vector<FileGroup>& some : proven) {
-        std::move(some.begin(), some.end(), std::back_inserter(all));
-    }
-    return withoutItself(std::move(all), files, seen.stamps);
 }
 
 /// Proves a group of a class whose files were not kept open, with its own files open until the
-/// end. None if it is too large for that, or others have too many open.
-std::optional<std::vector<FileGroup>> ContentPartition::proveOpen(std::span<File* const> files,
-                                                                  const Seen& seen,
-                                                                  const FileGroup& group) {
+/// end. False if it is too large for that, or others have too many open.
+bool ContentPartition::proveOpen(std::span<File* const> files, const Seen& seen,
+                                 const FileGroup& group, ContentVerdict& verdict) {
     const Budget::Share keptOpen = group.size() <= mostFilesKeptOpen
                                        ? reader_.keptDescriptors().tryTake(group.size())
                                        : Budget::Share();
     if (!keptOpen) {
-        return std::nullopt;
+        return false;
     }
     std::vector<File*> members;
     std::vector<std::optional<FileStamp>> stamps;
@@ -238,14 +297,10 @@ std::optional<std::vector<FileGroup>> ContentPartition::proveOpen(std::span<File
     }
     FileGroup all(group.size());
     std::iota(all.begin(), all.end(), 0U);
+    Renumbered renumbered(group, verdict);
     ContentProver prover(reader_, buffers_, pool_, {members, stamps, open});
-    std::vector<FileGroup> proven = prover.prove(std::move(all));
-    for (FileGroup& equal : proven) {
-        for (std::uint32_t& number : equal) {
-            number = group[number];
-        }
-    }
-    return proven;
+    prover.prove(std::move(all), renumbered);
+    return true;
 }
 
 /// Opens each file once and keeps what the first block tells.

@@ -19,8 +19,8 @@ namespace tarvin {
 /// files are told apart by a fingerprint of their first block, and only what that leaves together
 /// is compared byte by byte; the rest is compared at once. No group rests on a fingerprint.
 ///
-/// Any thread; one object serves all classes of a scan. What a stop cut short cannot be relied on:
-/// the caller looks at the flag before it uses an answer.
+/// Any thread; one object serves all classes of a scan. After a stop only what was proven before it
+/// is told.
 class ContentPartition final {
  public:
     ContentPartition(CandidateReader& reader, BufferPool& buffers, WorkerPool& pool)
@@ -56,19 +56,20 @@ class ContentPartition final {
 
     /// The groups of two or more equal files among `files`, each ascending. An unreadable file is
     /// in none. No value if a file has grown too large meanwhile; the class is one for partition()
-    /// then.
+    /// then. After a stop the groups among the files read before it.
     [[nodiscard]] std::optional<std::vector<FileGroup>> compareWhole(std::span<File* const> files,
                                                                      Workspace& workspace);
 
-    /// The same for any class. The caller must not hold a workspace.
-    [[nodiscard]] std::vector<FileGroup> partition(std::span<File* const> files);
+    /// The same for any class, told as soon as each is known. The caller must not hold a workspace.
+    void partition(std::span<File* const> files, ContentVerdict& verdict);
 
  private:
     struct Seen;
 
-    [[nodiscard]] std::optional<std::vector<FileGroup>> proveOpen(std::span<File* const> files,
-                                                                  const Seen& seen,
-                                                                  const FileGroup& group);
+    class Unrepeated;
+
+    [[nodiscard]] bool proveOpen(std::span<File* const> files, const Seen& seen,
+                                 const FileGroup& group, ContentVerdict& verdict);
     void look(std::span<File* const> files, Seen& seen);
     void lookAt(std::uint32_t number, const File& file, Seen& seen);
 

@@ -16,9 +16,12 @@ namespace {
 constexpr std::size_t trunkBytes = 256 * 1024;
 constexpr std::size_t largestPiece = 128 * 1024;
 // Groups up to this size are read in the largest pieces. In larger ones the pieces shrink with the
-// number of files, so that one of each fits into this many slabs.
+// number of files, so that one of each fits into this many slabs beside the trunk.
 constexpr std::size_t smallGroup = 32;
 constexpr std::size_t slabsForLargeGroup = 16;
+// A large group holds more of the trunk, so that most files are decided in one visit each, one
+// after the other, and not all of them in the last moment. Whole slabs.
+constexpr std::size_t trunkSlabsForLargeGroup = 4;
 // From here on the files of a group are shared out among the workers.
 constexpr std::size_t groupWorthSharing = 128;
 // A group with more than this to compare is cut into stretches for several workers.
@@ -28,18 +31,24 @@ constexpr std::size_t mostStretches = 8;
 
 std::size_t slabsFor(std::size_t groupSize) {
     if (groupSize > smallGroup) {
-        return slabsForLargeGroup;
+        return trunkSlabsForLargeGroup + slabsForLargeGroup;
     }
     const std::size_t bytes = trunkBytes + groupSize * largestPiece;
     return (bytes + BufferPool::slabBytes - 1) / BufferPool::slabBytes;
 }
 
+/// Bytes of the trunk that are held at once, of a lease of `capacity` bytes.
+std::size_t mostOfTheTrunk(std::size_t groupSize, std::size_t capacity) {
+    const std::size_t slabs =
+        std::min(trunkSlabsForLargeGroup, capacity / BufferPool::slabBytes / 2);
+    return groupSize > smallGroup && slabs > 0 ? slabs * BufferPool::slabBytes : trunkBytes;
+}
+
 /// How much is read of a file at a time, so that there is room for a piece of each file beside the
 /// trunk and the pieces being read. A power of two, so that slabs are filled without a rest.
-std::size_t pieceBytesFor(std::size_t groupSize, std::size_t readers, std::size_t capacity) {
+std::size_t pieceBytesFor(std::size_t groupSize, std::size_t readers, std::size_t room) {
     const std::size_t pieces = groupSize - 1 + readers;
-    return std::bit_floor(
-        std::clamp<std::size_t>((capacity - trunkBytes) / pieces, 1, largestPiece));
+    return std::bit_floor(std::clamp<std::size_t>(room / pieces, 1, largestPiece));
 }
 
 /// Splits each group into those parts that lie together in one group of `parts`, too.
@@ -123,17 +132,29 @@ struct ContentProver::Position {
     std::uint64_t position = 0;
 };
 
+/// Positions from which and up to which files are compared.
+struct ContentProver::Stretch {
+    std::uint64_t from = 0;
+    std::uint64_t to = 0;
+    bool endsTheFile = false;  // and began at its beginning
+};
+
 /// One stretch of a group's files held against the trunk. Files that leave it do so at the first
 /// piece that differs, and those that leave alike at the same piece stay together.
 class ContentProver::Window final {
  public:
+    /// With `decidesFiles` a file that agrees with the trunk to the end of this stretch is decided.
     Window(ContentProver& prover, ComparisonOrder::Piece stretch, std::size_t groupSize,
-           BufferPool::Lease& lease)
-        : prover_(prover), stretch_(stretch), lease_(lease) {
+           BufferPool::Lease& lease, ContentVerdict& verdict, bool decidesFiles)
+        : prover_(prover),
+          stretch_(stretch),
+          verdict_(verdict),
+          decidesFiles_(decidesFiles),
+          lease_(lease) {
         const std::size_t readers = groupSize < groupWorthSharing ? 1 : prover.pool_.width() + 1;
-        pieceBytes_ = pieceBytesFor(groupSize, readers, lease.capacity());
         lease_.rewind();
-        trunk_ = lease_.allocate(trunkBytes).first(static_cast<std::size_t>(stretch.length));
+        const std::size_t held = allocateTrunk(mostOfTheTrunk(groupSize, lease.capacity()));
+        pieceBytes_ = pieceBytesFor(groupSize, readers, lease.capacity() - held);
         for (std::size_t reader = 0; reader < readers; ++reader) {
             scratch_.push_back(lease_.allocate(pieceBytes_));
         }
@@ -163,14 +184,25 @@ class ContentProver::Window final {
         });
     }
 
-    /// Adds the groups of two or more and the positions they have come to.
-    void collect(std::uint64_t position, std::vector<Position>& into) {
+    /// Passes on the groups of two or more that have come to position `to`, and adds the others
+    /// with the positions they have come to. `position` is where this stretch began.
+    void collect(std::uint64_t position, std::uint64_t to, std::vector<Position>& into,
+                 const Proven& proven) {
+        const auto add = [&](std::uint64_t reached, FileGroup group) {
+            if (group.size() > 1 && reached == to) {
+                proven(std::move(group));
+            } else if (group.size() > 1) {
+                into.push_back({std::move(group), reached});
+            } else if (!prover_.reader_.control().stop()) {
+                verdict_.decided(group);
+            }
+        };
         for (auto& [key, branches] : branches_) {
             for (Branch& branch : branches) {
-                add(position + branch.offset + branch.bytes.size(), std::move(branch.group), into);
+                add(position + branch.offset + branch.bytes.size(), std::move(branch.group));
             }
         }
-        add(position + stretch_.length, std::move(same_), into);
+        add(position + stretch_.length, std::move(same_));
     }
 
  private:
@@ -180,17 +212,39 @@ class ContentProver::Window final {
         FileGroup group;
     };
 
-    static void add(std::uint64_t position, FileGroup group, std::vector<Position>& into) {
-        if (group.size() > 1) {
-            into.push_back({std::move(group), position});
+    /// In whole slabs, so that no piece reaches from one into the next. How many bytes that takes.
+    std::size_t allocateTrunk(std::size_t most) {
+        std::size_t held = 0;
+        for (std::size_t left = static_cast<std::size_t>(stretch_.length); left > 0;) {
+            const std::span<std::byte> slab =
+                lease_.allocate(std::min(most, BufferPool::slabBytes));
+            trunk_.push_back(slab.first(std::min(left, slab.size())));
+            left -= trunk_.back().size();
+            held += slab.size();
         }
+        return held;
+    }
+
+    /// At most a piece of the trunk.
+    [[nodiscard]] std::span<std::byte> trunkAt(std::size_t offset) const {
+        const std::span<std::byte> slab = trunk_[offset / BufferPool::slabBytes];
+        const std::size_t inSlab = offset % BufferPool::slabBytes;
+        return slab.subspan(inSlab, std::min(pieceBytes_, slab.size() - inSlab));
     }
 
     bool readTrunk(std::uint32_t file) {
         const Opened opened(prover_, file);
-        return opened.get() != nullptr &&
-               prover_.reader_.read(*opened.get(), stretch_.offset, trunk_) &&
-               opened.isStillItself(prover_);
+        if (opened.get() == nullptr) {
+            return false;
+        }
+        std::uint64_t offset = stretch_.offset;
+        for (const std::span<std::byte> slab : trunk_) {
+            if (!prover_.reader_.read(*opened.get(), offset, slab)) {
+                return false;
+            }
+            offset += slab.size();
+        }
+        return opened.isStillItself(prover_);
     }
 
     void visitAll(std::span<const std::uint32_t> files) {
@@ -214,9 +268,8 @@ class ContentProver::Window final {
         if (opened.get() == nullptr) {
             return;
         }
-        for (std::size_t offset = 0; offset < trunk_.size(); offset += pieceBytes_) {
-            const std::span<std::byte> trunk =
-                trunk_.subspan(offset, std::min(pieceBytes_, trunk_.size() - offset));
+        for (std::size_t offset = 0; offset < stretch_.length; offset += pieceBytes_) {
+            const std::span<std::byte> trunk = trunkAt(offset);
             const std::span<std::byte> piece = scratch.first(trunk.size());
             if (!prover_.reader_.read(*opened.get(), stretch_.offset + offset, piece)) {
                 return;
@@ -229,8 +282,17 @@ class ContentProver::Window final {
             }
         }
         if (opened.isStillItself(prover_)) {
+            stay(file);
+        }
+    }
+
+    void stay(std::uint32_t file) {
+        {
             const std::lock_guard lock(mutex_);
             same_.push_back(file);
+        }
+        if (decidesFiles_) {
+            verdict_.decided({&file, 1});
         }
     }
 
@@ -257,9 +319,11 @@ class ContentProver::Window final {
 
     ContentProver& prover_;
     const ComparisonOrder::Piece stretch_;
+    ContentVerdict& verdict_;
+    const bool decidesFiles_;
     std::size_t pieceBytes_ = 0;
     bool lonePair_ = false;
-    std::span<std::byte> trunk_;
+    std::vector<std::span<std::byte>> trunk_;
     std::mutex mutex_;
     BufferPool::Lease& lease_;                                         // guarded by mutex_
     std::vector<std::span<std::byte>> scratch_;                        // guarded by mutex_
@@ -271,7 +335,8 @@ ContentProver::ContentProver(CandidateReader& reader, BufferPool& buffers, Worke
                              Candidates candidates)
     : reader_(reader), buffers_(buffers), pool_(pool), candidates_(candidates) {}
 
-std::vector<FileGroup> ContentProver::prove(FileGroup group) {
+void ContentProver::prove(FileGroup group, ContentVerdict& verdict) {
+    const FileGroup members = group;
     const ComparisonOrder order(candidates_.seen[group.front()]->size);
     const bool inParallel = pool_.cores() > 1 && group.size() <= smallGroup &&
                             order.size() - order.middle() > stretchWorthSharing &&
@@ -281,71 +346,74 @@ std::vector<FileGroup> ContentProver::prove(FileGroup group) {
     std::vector<BufferPool::Lease> leases =
         buffers_.takeSeveral(leaseCount, slabsFor(group.size()));
 
-    std::vector<FileGroup> proven;
     if (inParallel) {
-        for (FileGroup& alike :
-             proveStretch(std::move(group), order, 0, order.middle(), leases.front())) {
-            for (FileGroup& equal :
-                 proveInParallel(std::move(alike), order, order.middle(), leases)) {
-                proven.push_back(std::move(equal));
+        std::vector<FileGroup> groups;
+        proveStretch(
+            std::move(group), order, {0, order.middle(), false}, leases.front(),
+            [&groups](FileGroup alike) { groups.push_back(std::move(alike)); }, verdict);
+        for (FileGroup& alike : groups) {
+            for (FileGroup& equal : proveInParallel(std::move(alike), order, leases, verdict)) {
+                tell(std::move(equal), verdict);
             }
         }
     } else {
-        proven = proveStretch(std::move(group), order, 0, order.size(), leases.front());
+        proveStretch(
+            std::move(group), order, {0, order.size(), true}, leases.front(),
+            [&](FileGroup equal) { tell(std::move(equal), verdict); }, verdict);
     }
-
-    std::vector<FileGroup> unchanged;
-    for (FileGroup& equal : proven) {
-        FileGroup kept = withoutChanged(equal);
-        if (kept.size() > 1) {
-            std::sort(kept.begin(), kept.end());
-            unchanged.push_back(std::move(kept));
-        }
+    if (!reader_.control().stop()) {
+        verdict.decided(members);
     }
-    // What a stop cut short looks like an unreadable file, so nothing of it can be relied on.
-    if (reader_.control().stop()) {
-        return {};
-    }
-    return unchanged;
 }
 
-std::vector<FileGroup> ContentProver::proveStretch(FileGroup group, const ComparisonOrder& order,
-                                                   std::uint64_t from, std::uint64_t to,
-                                                   BufferPool::Lease& lease) {
-    std::vector<FileGroup> proven;
+void ContentProver::tell(FileGroup group, ContentVerdict& verdict) {
+    FileGroup kept = withoutChanged(group);
+    if (kept.size() > 1) {
+        std::sort(kept.begin(), kept.end());
+        verdict.equal(std::move(kept));
+    }
+}
+
+/// What a stop cut short looks like an unreadable file: it is in no group that gets to the end.
+void ContentProver::proveStretch(FileGroup group, const ComparisonOrder& order, Stretch stretch,
+                                 BufferPool::Lease& lease, const Proven& proven,
+                                 ContentVerdict& verdict) {
+    if (stretch.from == stretch.to) {
+        proven(std::move(group));
+        return;
+    }
     std::vector<Position> open;
-    open.push_back({std::move(group), from});
+    open.push_back({std::move(group), stretch.from});
     while (!open.empty() && !reader_.control().stop()) {
         const Position at = std::move(open.back());
         open.pop_back();
-        if (at.position == to) {
-            proven.push_back(at.group);
-            continue;
-        }
-        ComparisonOrder::Piece stretch = order.pieceAt(at.position);
-        stretch.length = std::min({stretch.length, to - at.position, std::uint64_t{trunkBytes}});
-        Window window(*this, stretch, at.group.size(), lease);
+        ComparisonOrder::Piece piece = order.pieceAt(at.position);
+        piece.length = std::min({piece.length, stretch.to - at.position,
+                                 std::uint64_t{mostOfTheTrunk(at.group.size(), lease.capacity())}});
+        const bool isLast = stretch.endsTheFile && at.position + piece.length == stretch.to;
+        Window window(*this, piece, at.group.size(), lease, verdict, isLast);
         window.sort(at.group);
-        window.collect(at.position, open);
+        window.collect(at.position, stretch.to, open, proven);
     }
-    return proven;
 }
 
+/// Compares what lies between the two edges.
 std::vector<FileGroup> ContentProver::proveInParallel(FileGroup group, const ComparisonOrder& order,
-                                                      std::uint64_t from,
-                                                      std::vector<BufferPool::Lease>& leases) {
+                                                      std::vector<BufferPool::Lease>& leases,
+                                                      ContentVerdict& verdict) {
+    std::uint64_t from = order.middle();
     std::vector<FileGroup> groups{std::move(group)};
     while (from < order.size() && !groups.empty()) {
         const std::uint64_t share = std::clamp<std::uint64_t>(
             (order.size() - from + leases.size() - 1) / leases.size(), 1, largestStretch);
         std::vector<std::vector<FileGroup>> parts(leases.size());
-        pool_.forEach(leases.size(), [&](std::size_t stretch) {
-            const std::uint64_t begin = std::min(order.size(), from + stretch * share);
-            const std::uint64_t end = std::min(order.size(), begin + share);
+        pool_.forEach(leases.size(), [&](std::size_t number) {
+            const std::uint64_t begin = std::min(order.size(), from + number * share);
+            const Stretch stretch{begin, std::min(order.size(), begin + share), false};
             for (const FileGroup& alike : groups) {
-                for (FileGroup& equal : proveStretch(alike, order, begin, end, leases[stretch])) {
-                    parts[stretch].push_back(std::move(equal));
-                }
+                proveStretch(
+                    alike, order, stretch, leases[number],
+                    [&](FileGroup equal) { parts[number].push_back(std::move(equal)); }, verdict);
             }
         });
         for (const std::vector<FileGroup>& part : parts) {

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <span>
@@ -17,6 +18,20 @@ namespace tarvin {
 
 /// Numbers of files of one class, ascending.
 using FileGroup = std::vector<std::uint32_t>;
+
+/// Hears what comes out of comparing the files of one class. Called on the threads that compare,
+/// several at once.
+class ContentVerdict {
+ public:
+    virtual ~ContentVerdict() = default;
+
+    /// Two or more files whose bytes were found equal, from the first to the last. Each file is
+    /// in at most one group.
+    virtual void equal(FileGroup group) = 0;
+    /// Nothing more has to be read of these files: equal to others, unlike all others, or
+    /// unreadable. A file may be named again.
+    virtual void decided(std::span<const std::uint32_t> files) = 0;
+};
 
 /// The order in which the bytes of a file are compared: a small first piece, then the end of the
 /// file, where files that begin alike differ most often, then what lies between from front to back.
@@ -67,22 +82,27 @@ class ContentProver final {
     ContentProver(CandidateReader& reader, BufferPool& buffers, WorkerPool& pool,
                   Candidates candidates);
 
-    /// The groups of two or more equal files among `group`, whose files had the same present size,
-    /// each ascending. Unreadable and changed files are in none. None at all after a stop.
-    [[nodiscard]] std::vector<FileGroup> prove(FileGroup group);
+    /// Tells the groups of two or more equal files among `group`, whose files had the same present
+    /// size, each as soon as it is proven. Unreadable and changed files are in none. After a stop a
+    /// group has the members that were read to their ends before it, and the rest is not told of.
+    void prove(FileGroup group, ContentVerdict& verdict);
 
  private:
     class Opened;
     class Window;
     struct Position;
+    struct Stretch;
 
-    [[nodiscard]] std::vector<FileGroup> proveStretch(FileGroup group, const ComparisonOrder& order,
-                                                      std::uint64_t from, std::uint64_t to,
-                                                      BufferPool::Lease& lease);
+    /// What is found equal up to the end of a stretch.
+    using Proven = std::function<void(FileGroup group)>;
+
+    void proveStretch(FileGroup group, const ComparisonOrder& order, Stretch stretch,
+                      BufferPool::Lease& lease, const Proven& proven, ContentVerdict& verdict);
     [[nodiscard]] std::vector<FileGroup> proveInParallel(FileGroup group,
                                                          const ComparisonOrder& order,
-                                                         std::uint64_t from,
-                                                         std::vector<BufferPool::Lease>& leases);
+                                                         std::vector<BufferPool::Lease>& leases,
+                                                         ContentVerdict& verdict);
+    void tell(FileGroup group, ContentVerdict& verdict);
     [[nodiscard]] FileGroup withoutChanged(const FileGroup& group);
     [[nodiscard]] bool isOnRotationalDevice(std::uint32_t number) const;
 

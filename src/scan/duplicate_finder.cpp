@@ -3,6 +3,11 @@
 #include "scan/category.h"
 #include "scan/size_classes.h"
 
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <cstddef>
+#include <new>
 #include <optional>
 #include <utility>
 
@@ -17,51 +22,75 @@ constexpr std::size_t bufferSlabs = 48;
 constexpr std::size_t filesABatch = WorkerPool::filesAShare;
 constexpr std::uint64_t bytesABatch = 1024 * 1024;
 constexpr std::uint32_t none = 0xFFFFFFFF;
+// How long workers have to hand in what they have proven when the scan is stopped: many times the
+// few milliseconds that a read takes.
+constexpr std::chrono::milliseconds patienceAfterStop{250};
+constexpr std::chrono::milliseconds betweenLooksAtTheStop{20};
 
 }  // namespace
 
 /// One category on its way: its classes are compared by the workers in the order in which the walk
-/// through the list will come to them, and the walk waits for each class when it needs it.
+/// through the list will come to them, and the walk waits for each class when it needs it. After a
+/// stop it takes what the workers have decided and waits no longer.
 class DuplicateFinder::CategoryComparison final {
  public:
-    CategoryComparison(DuplicateFinder& finder, std::vector<File*>& list, FileStore& store)
+    CategoryComparison(DuplicateFinder& finder, std::vector<File*> list, FileStore& store)
         : finder_(finder),
-          list_(list),
+          list_(std::move(list)),
           store_(store),
-          classes_(list),
-          nextEqual_(list.size(), none),
-          taken_(list.size(), false) {}
+          classes_(list_),
+          nextEqual_(list_.size(), none),
+          counted_(list_.size()),
+          taken_(list_.size(), false) {}
 
+    /// The sets of the list.
     std::shared_ptr<Modal> compare() {
-        handOver();
         auto modal = std::make_shared<Modal>();
-        for (std::uint32_t pivot = 0; pivot < list_.size(); ++pivot) {
-            if (taken_[pivot]) {
-                continue;
-            }
-            take(pivot);
-            if (!finder_.control_.mayGoOn()) {
-                break;
-            }
-            const std::vector<std::shared_ptr<File>> group = groupOf(pivot);
-            if (group.size() > 1) {
-                fileSetUnderExtension(*modal, group);
-            }
+        try {
+            handOver();
+            walk(*modal);
+        } catch (const std::bad_alloc&) {
+            finder_.control_.stopForLackOfMemory();
         }
-        for (const std::shared_ptr<Batch>& batch : batches_) {
-            batch->done.wait(false);
+        if (finder_.control_.stop()) {
+            waitForBatches(patienceAfterStop);
+            closeVerdicts();
+            fileWhatIsDecided(*modal);
         }
-        dropTaken();
         return modal;
     }
 
+    /// Whether no worker will look at anything here any more.
+    [[nodiscard]] bool isLeft() {
+        const std::lock_guard lock(mutex_);
+        return batchesLeft_ == 0;
+    }
+
+    bool waitForBatches(std::chrono::milliseconds patience) {
+        const auto deadline = std::chrono::steady_clock::now() + patience;
+        while (finder_.pool_.runOneHere()) {
+        }
+        std::unique_lock lock(mutex_);
+        return changed_.wait_until(lock, deadline, [this] { return batchesLeft_ == 0; });
+    }
+
+    /// The files that were not taken out of the list.
+    [[nodiscard]] std::vector<File*> rest() const {
+        std::vector<File*> rest;
+        for (std::size_t position = 0; position < list_.size(); ++position) {
+            if (!taken_[position]) {
+                rest.push_back(list_[position]);
+            }
+        }
+        return rest;
+    }
+
  private:
-    /// Classes that one task compares, one after the other. Shared with the task, which still has
-    /// it in hand when the walk has seen that it is done.
+    /// Classes that one task compares, one after the other.
     struct Batch {
         std::size_t firstClass = 0;
         std::size_t endClass = 0;
-        std::atomic<bool> done{false};
+        std::atomic<bool> done{false};  // set with mutex_ held
     };
 
     /// The files of one class; reused from class to class.
@@ -70,16 +99,39 @@ class DuplicateFinder::CategoryComparison final {
         std::vector<File*> files;
     };
 
+    /// Keeps what is told of a class that is compared in parts.
+    class Verdict final : public ContentVerdict {
+     public:
+        Verdict(CategoryComparison& comparison, const Members& members)
+            : comparison_(comparison), members_(members) {}
+
+        void equal(FileGroup group) override {
+            comparison_.keep(members_.positions, group);
+            decided(group);
+        }
+
+        void decided(std::span<const std::uint32_t> files) override {
+            for (const std::uint32_t file : files) {
+                comparison_.count(members_.positions[file], true);
+            }
+        }
+
+     private:
+        CategoryComparison& comparison_;
+        const Members& members_;
+    };
+
     void handOver() {
         std::size_t files = 0;
         std::uint64_t bytes = 0;
+        batchOf_.reserve(classes_.count());
         for (std::size_t number = 0; number < classes_.count(); ++number) {
             const std::uint64_t size = list_[classes_.firstOf(number)]->fileSize();
             const std::size_t members = classes_.memberCount(number);
             const bool alone = !isReadWhole(number);
             if (batches_.empty() || alone || files >= filesABatch || bytes >= bytesABatch) {
                 submitLast();
-                batches_.push_back(std::make_shared<Batch>());
+                batches_.push_back(std::make_unique<Batch>());
                 batches_.back()->firstClass = number;
                 files = 0;
                 bytes = 0;
@@ -97,12 +149,36 @@ class DuplicateFinder::CategoryComparison final {
         if (batches_.empty()) {
             return;
         }
-        finder_.pool_.submit([this, batch = batches_.back()] { run(*batch); });
+        changeBatchesLeft(1);
+        try {
+            finder_.pool_.submit([this, batch = batches_.back().get()] { run(*batch); });
+        } catch (const std::bad_alloc&) {
+            changeBatchesLeft(-1);
+            throw;
+        }
+    }
+
+    void changeBatchesLeft(int by) {
+        const std::lock_guard lock(mutex_);
+        batchesLeft_ += by;
     }
 
     void run(Batch& batch) {
+        try {
+            compareAll(batch);
+        } catch (const std::bad_alloc&) {
+            finder_.control_.stopForLackOfMemory();
+        }
+        // Behind the lock this object may be gone.
+        const std::lock_guard lock(mutex_);
+        batch.done = true;
+        --batchesLeft_;
+        changed_.notify_all();
+    }
+
+    void compareAll(const Batch& batch) {
         Members members;
-        std::vector<std::size_t> byStretches;
+        std::vector<std::size_t> inParts;
         {
             std::optional<ContentPartition::Workspace> workspace;
             for (std::size_t number = batch.firstClass; number < batch.endClass; ++number) {
@@ -110,16 +186,16 @@ class DuplicateFinder::CategoryComparison final {
                     break;
                 }
                 if (!compareWhole(number, members, workspace)) {
-                    byStretches.push_back(number);
+                    inParts.push_back(number);
                 }
             }
         }
-        for (const std::size_t number : byStretches) {
+        for (const std::size_t number : inParts) {
             find(number, members);
-            keep(members.positions, finder_.partition_.partition(members.files));
+            Verdict verdict(*this, members);
+            finder_.partition_.partition(members.files, verdict);
+            countAll(members, true);
         }
-        batch.done.store(true);
-        batch.done.notify_all();
     }
 
     bool compareWhole(std::size_t number, Members& members,
@@ -132,10 +208,17 @@ class DuplicateFinder::CategoryComparison final {
         }
         find(number, members);
         const auto groups = finder_.partition_.compareWhole(members.files, *workspace);
-        if (groups) {
-            keep(members.positions, *groups);
+        if (!groups) {
+            return false;
         }
-        return groups.has_value();
+        for (const FileGroup& group : *groups) {
+            keep(members.positions, group);
+            for (const std::uint32_t file : group) {
+                count(members.positions[file], false);
+            }
+        }
+        countAll(members, false);
+        return true;
     }
 
     [[nodiscard]] bool isReadWhole(std::size_t number) const {
@@ -152,84 +235,177 @@ class DuplicateFinder::CategoryComparison final {
         }
     }
 
-    /// Chains each group's files, the first to the last. Nothing is kept of a class that a stop may
-    /// have cut short.
-    void keep(const std::vector<std::uint32_t>& members, const std::vector<FileGroup>& groups) {
-        if (finder_.control_.stop()) {
+    /// Chains a group's files, the first to the last. Too late once the walk has taken what there
+    /// was.
+    void keep(const std::vector<std::uint32_t>& members, const FileGroup& group) {
+        const std::lock_guard lock(mutex_);
+        if (closed_) {
             return;
         }
-        for (const FileGroup& group : groups) {
-            for (std::size_t at = 0; at + 1 < group.size(); ++at) {
-                nextEqual_[members[group[at]]] = members[group[at + 1]];
-            }
+        for (std::size_t at = 0; at + 1 < group.size(); ++at) {
+            nextEqual_[members[group[at]]] = members[group[at + 1]];
         }
     }
 
-    std::vector<std::shared_ptr<File>> groupOf(std::uint32_t pivot) {
+    /// Of a class that was compared to its end.
+    void countAll(const Members& members, bool tells) {
+        if (finder_.control_.stop()) {
+            return;
+        }
+        for (const std::uint32_t position : members.positions) {
+            count(position, tells);
+        }
+    }
+
+    /// Each file once, whoever comes to it first.
+    void count(std::uint32_t position, bool tells) {
+        if (counted_[position].exchange(true, std::memory_order_relaxed)) {
+            return;
+        }
+        finder_.processed_.fetch_add(1, std::memory_order_relaxed);
+        if (tells && isWaiting_.load(std::memory_order_relaxed)) {
+            finder_.updateProgressBarWith(*list_[position]);
+        }
+    }
+
+    void closeVerdicts() {
+        const std::lock_guard lock(mutex_);
+        closed_ = true;
+    }
+
+    void walk(Modal& modal) {
+        for (std::uint32_t pivot = 0; pivot < list_.size(); ++pivot) {
+            if (taken_[pivot]) {
+                continue;
+            }
+            take(pivot);
+            inHand_ = pivot;
+            if (!finder_.control_.mayGoOn() || !waitForClassOf(pivot)) {
+                return;
+            }
+            fileGroupOf(pivot, modal);
+            inHand_ = none;
+        }
+    }
+
+    /// False if the scan was stopped before the class was compared.
+    bool waitForClassOf(std::uint32_t pivot) {
         const std::uint32_t number = classes_.classOf(pivot);
         if (number == SizeClasses::noClass) {
-            return {};
+            return true;
         }
-        if (!isTold_ && !batchOf_[number]->done) {
+        const Batch& batch = *batchOf_[number];
+        if (batch.done) {
+            return true;
+        }
+        if (!isTold_) {
             // It may take long; what was told last is done with.
             finder_.tellOf(*list_[pivot]);
         }
-        batchOf_[number]->done.wait(false);
-        if (nextEqual_[pivot] == none) {
-            return {};
+        isWaiting_ = true;
+        while (finder_.pool_.runOneHere()) {
         }
+        std::unique_lock lock(mutex_);
+        while (!batch.done && !finder_.control_.stop()) {
+            changed_.wait_for(lock, betweenLooksAtTheStop, [&batch] { return batch.done.load(); });
+        }
+        isWaiting_ = false;
+        return batch.done;
+    }
+
+    void fileGroupOf(std::uint32_t pivot, Modal& modal) {
+        if (nextEqual_[pivot] == none) {
+            return;
+        }
+        taken_[pivot] = true;
         std::vector<std::shared_ptr<File>> group{store_.share(list_[pivot])};
         for (std::uint32_t at = nextEqual_[pivot]; at != none; at = nextEqual_[at]) {
-            if (!finder_.control_.mayGoOn()) {
-                break;
-            }
+            finder_.control_.waitWhilePaused();
             take(at);
             group.push_back(store_.share(list_[at]));
         }
-        return group;
+        fileSetUnderExtension(modal, group);
+    }
+
+    /// The sets that the walk did not come to before the stop.
+    void fileWhatIsDecided(Modal& modal) {
+        for (std::uint32_t pivot = 0; pivot < list_.size(); ++pivot) {
+            if (!taken_[pivot] || pivot == inHand_) {
+                fileGroupOf(pivot, modal);
+            }
+        }
     }
 
     void take(std::uint32_t position) {
         taken_[position] = true;
-        isTold_ = finder_.updateProgressBarWith(*list_[position]);
-    }
-
-    void dropTaken() {
-        std::size_t kept = 0;
-        for (std::size_t position = 0; position < list_.size(); ++position) {
-            if (!taken_[position]) {
-                list_[kept++] = list_[position];
-            }
-        }
-        list_.resize(kept);
-        list_.shrink_to_fit();
+        count(position, false);
+        isTold_ = !finder_.control_.stop() && finder_.updateProgressBarWith(*list_[position]);
     }
 
     DuplicateFinder& finder_;
-    std::vector<File*>& list_;  // not changed while workers compare
+    const std::vector<File*> list_;
     FileStore& store_;
     const SizeClasses classes_;
-    std::vector<std::shared_ptr<Batch>> batches_;
-    std::vector<Batch*> batchOf_;           // by class
-    std::vector<std::uint32_t> nextEqual_;  // by position; written before the batch is done
-    std::vector<bool> taken_;               // by position; the walk's own
-    bool isTold_ = false;                   // the file taken last was told of
+    std::vector<std::unique_ptr<Batch>> batches_;
+    std::vector<Batch*> batchOf_;             // by class
+    std::vector<std::uint32_t> nextEqual_;    // by position; written with mutex_ held, and before
+                                              // the batch is done
+    std::vector<std::atomic<bool>> counted_;  // by position
+    std::vector<bool> taken_;                 // by position; the walk's own
+    std::uint32_t inHand_ = none;             // the pivot taken, whose set is not filed yet
+    bool isTold_ = false;                     // the file taken last was told of
+    std::atomic<bool> isWaiting_{false};      // the walk waits for a class
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::ptrdiff_t batchesLeft_ = 0;  // guarded by mutex_; not done yet
+    bool closed_ = false;             // guarded by mutex_; nothing more is kept
 };
 
-DuplicateFinder::DuplicateFinder(FileSystem& fileSystem, WorkerPool& pool,
-                                 const ScanControl& control, ScanObserver& observer,
+DuplicateFinder::DuplicateFinder(const ScanServices& services, ScanObserver& observer,
                                  ProgressGate& gate, std::atomic<std::uint64_t>& processed)
-    : pool_(pool),
-      control_(control),
+    : pool_(services.pool),
+      control_(services.control),
       observer_(observer),
       gate_(gate),
       processed_(processed),
-      reader_(fileSystem, control),
+      reader_(services),
       buffers_(bufferSlabs),
-      partition_(reader_, buffers_, pool) {}
+      partition_(reader_, buffers_, pool_) {}
+
+DuplicateFinder::~DuplicateFinder() {
+    // Nobody calls any more, so the list stays as it is.
+    for (const std::unique_ptr<CategoryComparison>& comparison : comparisons_) {
+        // What an abandoned pool had queued never runs.
+        while (!pool_.isAbandoned() && !comparison->waitForBatches(betweenLooksAtTheStop)) {
+        }
+    }
+}
 
 std::shared_ptr<Modal> DuplicateFinder::findDuplicates(std::vector<File*>& list, FileStore& store) {
-    return CategoryComparison(*this, list, store).compare();
+    CategoryComparison& comparison =
+        keep(std::make_unique<CategoryComparison>(*this, std::exchange(list, {}), store));
+    std::shared_ptr<Modal> modal = comparison.compare();
+    list = comparison.rest();
+    letGoOf(comparison);
+    return modal;
+}
+
+DuplicateFinder::CategoryComparison& DuplicateFinder::keep(
+    std::unique_ptr<CategoryComparison> comparison) {
+    const std::lock_guard lock(mutex_);
+    return *comparisons_.emplace_back(std::move(comparison));
+}
+
+/// Unless a worker is inside it still.
+void DuplicateFinder::letGoOf(const CategoryComparison& comparison) {
+    std::unique_ptr<CategoryComparison> left;
+    const std::lock_guard lock(mutex_);
+    const auto found = std::find_if(comparisons_.begin(), comparisons_.end(),
+                                    [&](const auto& kept) { return kept.get() == &comparison; });
+    if (found != comparisons_.end() && (*found)->isLeft()) {
+        left = std::move(*found);
+        comparisons_.erase(found);
+    }
 }
 
 std::shared_ptr<Set> DuplicateFinder::setOfFileDetailsFrom(
@@ -249,12 +425,11 @@ std::shared_ptr<Set> DuplicateFinder::setOfFileDetailsFrom(
 }
 
 bool DuplicateFinder::updateProgressBarWith(const File& file) {
-    const std::uint64_t processed = processed_.fetch_add(1, std::memory_order_relaxed) + 1;
     // While paused the screen keeps what it showed at the moment of pausing.
     if (control_.pause() || !gate_.due()) {
         return false;
     }
-    observer_.processing(file.filePath(), processed);
+    tellOf(file);
     return true;
 }
 

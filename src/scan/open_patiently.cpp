@@ -1,28 +1,38 @@
 #include "scan/open_patiently.h"
 
 #include <cerrno>
-#include <chrono>
+#include <cstdint>
 #include <thread>
 
 namespace tarvin {
 
 namespace {
 
-constexpr int mostTries = 400;
-constexpr std::chrono::milliseconds betweenTries{5};
+using SteadyClock = std::chrono::steady_clock;
 
-bool isShortage(SystemError error) {
-    return error.code == EMFILE || error.code == ENFILE;
-}
+constexpr std::chrono::milliseconds betweenTries{5};
 
 }  // namespace
 
-Result<Descriptor> openPatiently(const ScanControl& control,
-                                 const std::function<Result<Descriptor>()>& open) {
+bool isShortageOfDescriptors(SystemError error) {
+    return error.code == EMFILE || error.code == ENFILE;
+}
+
+Result<Descriptor> openPatiently(const FileSystem& fileSystem, const ScanControl& control,
+                                 const std::function<Result<Descriptor>()>& open,
+                                 std::chrono::milliseconds patience) {
     Result<Descriptor> descriptor = open();
-    for (int tries = 0; !descriptor && isShortage(descriptor.error()) && tries < mostTries;
-         ++tries) {
-        if (!control.mayGoOn()) {
+    if (descriptor || !isShortageOfDescriptors(descriptor.error())) {
+        return descriptor;
+    }
+    std::uint64_t closed = fileSystem.descriptorsClosed();
+    SteadyClock::time_point lastClosed = SteadyClock::now();
+    while (!descriptor && isShortageOfDescriptors(descriptor.error()) && control.mayGoOn()) {
+        const std::uint64_t closedNow = fileSystem.descriptorsClosed();
+        if (closedNow != closed) {
+            closed = closedNow;
+            lastClosed = SteadyClock::now();
+        } else if (SteadyClock::now() - lastClosed > patience) {
             break;
         }
         std::this_thread::sleep_for(betweenTries);

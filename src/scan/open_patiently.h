@@ -3,14 +3,19 @@
 #include "platform/file_system.h"
 #include "scan/scan_control.h"
 
+#include <chrono>
 #include <functional>
 
 namespace tarvin {
 
-/// Calls `open` until it answers anything but a shortage of descriptors, for two seconds at most:
-/// somebody else in the process may hold for a moment what was counted on, and no file or folder is
-/// given up for that. Ends early when the scan is stopped.
-Result<Descriptor> openPatiently(const ScanControl& control,
-                                 const std::function<Result<Descriptor>()>& open);
+/// Whether the process or the system has no descriptor left.
+[[nodiscard]] bool isShortageOfDescriptors(SystemError error);
+
+/// Calls `open` until it returns anything but a shortage of descriptors. Waits for as long as
+/// descriptors of `fileSystem` are being closed; gives up when none has been for 10 seconds,
+/// because then others hold them all. Ends early when the scan is stopped.
+Result<Descriptor> openPatiently(const FileSystem& fileSystem, const ScanControl& control,
+                                 const std::function<Result<Descriptor>()>& open,
+                                 std::chrono::milliseconds patience = std::chrono::seconds(10));
 
 }  // namespace tarvin

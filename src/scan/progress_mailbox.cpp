@@ -7,6 +7,7 @@ namespace tarvin {
 void ProgressMailbox::collecting(const std::string& path) {
     const std::lock_guard lock(mutex_);
     latest_.path = path;
+    latest_.waiting = false;
 }
 
 void ProgressMailbox::comparisonStarted(std::uint64_t total) {
@@ -14,13 +15,21 @@ void ProgressMailbox::comparisonStarted(std::uint64_t total) {
     latest_.comparing = true;
     latest_.total = total;
     latest_.path.clear();
+    latest_.waiting = false;
 }
 
 void ProgressMailbox::processing(const std::string& path, std::uint64_t processed) {
     const std::lock_guard lock(mutex_);
     latest_.path = path;
+    latest_.waiting = false;
     // Several comparisons tell at once and may overtake each other.
     latest_.processed = std::max(latest_.processed, processed);
+}
+
+void ProgressMailbox::waitingFor(const std::string& path) {
+    const std::lock_guard lock(mutex_);
+    latest_.path = path;
+    latest_.waiting = true;
 }
 
 void ProgressMailbox::elapsed(const std::string& text) {

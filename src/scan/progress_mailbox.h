@@ -12,6 +12,7 @@ namespace tarvin {
 struct Progress {
     bool comparing = false;       ///< false while files are collected
     std::string path;             ///< the file come to last; empty before the first; native bytes
+    bool waiting = false;         ///< `path` is a folder or file whose device does not answer
     std::uint64_t total = 0;      ///< files to compare; 0 while they are collected
     std::uint64_t processed = 0;  ///< files compared
     std::uint64_t bytesRead = 0;
@@ -24,6 +25,7 @@ class ProgressMailbox final : public ScanObserver {
     void collecting(const std::string& path) override;
     void comparisonStarted(std::uint64_t total) override;
     void processing(const std::string& path, std::uint64_t processed) override;
+    void waitingFor(const std::string& path) override;
     void elapsed(const std::string& text) override;
 
     /// Forgets what was told, before another scan.

@@ -15,6 +15,8 @@ class ScanControl final {
 
     [[nodiscard]] bool pause() const { return pause_.load(std::memory_order_acquire); }
     [[nodiscard]] bool stop() const { return stop_.load(std::memory_order_acquire); }
+    /// Memory ran out, which stopped the scan.
+    [[nodiscard]] bool outOfMemory() const { return outOfMemory_.load(std::memory_order_acquire); }
 
     /// Workers that wait go on when the flag is cleared.
     void setPause(bool pause) {
@@ -23,6 +25,13 @@ class ScanControl final {
     }
 
     void setStop(bool stop) { stop_.store(stop, std::memory_order_release); }
+
+    /// Stops the scan because there is no memory to go on with. Any thread of the scan.
+    void stopForLackOfMemory() {
+        outOfMemory_.store(true, std::memory_order_release);
+        setStop(true);
+        setPause(false);
+    }
 
     /// Returns when the scan is not paused; costs one load if it is not.
     void waitWhilePaused() const {
@@ -40,6 +49,7 @@ class ScanControl final {
  private:
     std::atomic<bool> pause_{false};
     std::atomic<bool> stop_{false};
+    std::atomic<bool> outOfMemory_{false};
 };
 
 }  // namespace tarvin

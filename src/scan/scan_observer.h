@@ -34,6 +34,10 @@ class ScanObserver {
     /// The result is complete, or as complete as a stop left it.
     virtual void comparisonFinished(std::uint64_t processed) { static_cast<void>(processed); }
 
+    /// A call on this folder or file has not returned for seconds: its device or server may be
+    /// gone. About once a second for as long as that lasts; not while the scan is paused.
+    virtual void waitingFor(const std::string& path) { static_cast<void>(path); }
+
     /// The elapsed-time text, about once a second.
     virtual void elapsed(const std::string& text) { static_cast<void>(text); }
 };

@@ -1,5 +1,6 @@
 #include "scan/scan_run.h"
 
+#include "platform/start_thread.h"
 #include "platform/thread_priority.h"
 #include "scan/texts.h"
 
@@ -13,9 +14,12 @@ namespace {
 constexpr std::array comparisonOrder{Category::image, Category::video, Category::audio,
                                      Category::documents, Category::other};
 
+// Workers have nothing left to do when a comparison that was not stopped is over.
+constexpr std::chrono::seconds patienceAfterTheEnd{5};
+
 /// What a scan has left behind.
 struct Remains {
-    CategoryLists lists;
+    std::shared_ptr<ScanWork> work;
     ScanRun::CategoryResults results;
     std::shared_ptr<Modal> modal;
 };
@@ -23,10 +27,7 @@ struct Remains {
 }  // namespace
 
 ScanRun::ScanRun(Platform& platform, ScanObserver& observer, Settings settings)
-    : platform_(platform),
-      observer_(observer),
-      settings_(settings),
-      gate_(settings.progressInterval) {}
+    : platform_(platform), observer_(observer), settings_(settings), work_(makeWork()) {}
 
 ScanRun::~ScanRun() {
     requestStop();
@@ -36,24 +37,46 @@ ScanRun::~ScanRun() {
     }
 }
 
+std::shared_ptr<ScanWork> ScanRun::work() const {
+    const std::lock_guard lock(workMutex_);
+    return work_;
+}
+
+std::shared_ptr<ScanWork> ScanRun::makeWork() const {
+    return ScanWork::create(platform_.fileSystem(), observer_,
+                            {settings_.workers, settings_.progressInterval});
+}
+
+void ScanRun::changeWork(std::shared_ptr<ScanWork> work) {
+    const std::lock_guard lock(workMutex_);
+    work_.swap(work);
+}
+
 void ScanRun::start(std::vector<LocationRow> rows, ExceptionFilter exceptions) {
     wait();
-    rows_ = std::move(rows);
+    const std::shared_ptr<ScanWork> next = makeWork();
+    next->control().setPause(pause());
+    next->control().setStop(stop());
+    next->setInputs(std::move(rows), std::move(exceptions));
+    changeWork(next);
     scanning_ = true;
     wasStopped_ = false;
-    exceptions_ = std::move(exceptions);
+    ranOutOfMemory_ = false;
     scanStartDate_ = platform_.clock().now();
     started_ = platform_.clock().steadyNow();
     duration_ = {};
     collected_ = {};
-    unreadable_.clear();
-    pool_ = std::make_unique<WorkerPool>(settings_.workers);
+    unreadableLocations_.clear();
+    unreadable_ = {};
     {
         const std::lock_guard lock(mutex_);
         running_ = true;
     }
     startElapsedTimeThread();
-    scanThread_ = std::thread([this] { scanTask(); });
+    scanThread_ = startThread([this] { scanTask(); });
+    if (!scanThread_.joinable()) {
+        scanTask();
+    }
 }
 
 void ScanRun::wait() {
@@ -62,63 +85,49 @@ void ScanRun::wait() {
         changed_.wait(lock, [this] { return !running_; });
     }
     joinThreads();
-    {
-        const std::lock_guard lock(mutex_);
-        if (finder_) {
-            bytesRead_ = finder_->bytesRead();
-            finder_ = nullptr;
-        }
-    }
-    pool_ = nullptr;
 }
 
 void ScanRun::requestStop() {
     if (scanning_) {
         wasStopped_ = true;
     }
-    control_.setStop(true);
-    control_.setPause(false);
+    ScanControl& control = work()->control();
+    control.setStop(true);
+    control.setPause(false);
 }
 
 void ScanRun::homeCleanup() {
     wait();
     freeResult();
     clearFlags();
-    processed_ = 0;
     collected_ = {};
-    unreadable_.clear();
+    unreadableLocations_.clear();
+    unreadable_ = {};
     go_ = false;
     exactScanCompleted_ = false;
     wasStopped_ = false;
+    ranOutOfMemory_ = false;
     scanStartDate_ = std::nullopt;
     duration_ = {};
-    const std::lock_guard lock(mutex_);
-    bytesRead_ = 0;
-}
-
-std::uint64_t ScanRun::bytesRead() const {
-    const std::lock_guard lock(mutex_);
-    return finder_ ? finder_->bytesRead() : bytesRead_;
 }
 
 /// A million files and their sets take a tenth of a second, in which the owner would not answer.
 void ScanRun::freeResult() {
-    auto remains =
-        std::make_unique<Remains>(Remains{std::exchange(lists_, {}), std::exchange(results_, {}),
-                                          std::exchange(modal_, std::make_shared<Modal>())});
-    if (remains->lists.store->fileCount() == 0 && remains->modal->extensionCount() == 0) {
+    auto remains = std::make_unique<Remains>(Remains{
+        work(), std::exchange(results_, {}), std::exchange(modal_, std::make_shared<Modal>())});
+    changeWork(makeWork());
+    if (remains->work->lists().store->fileCount() == 0 && remains->modal->extensionCount() == 0) {
         return;
     }
     if (freeingThread_.joinable()) {
         freeingThread_.join();
     }
-    freeingThread_ = std::thread([left = std::move(remains)]() mutable {
+    freeingThread_ = startThread([left = std::move(remains)]() mutable {
         standBack();
         left = nullptr;
     });
 }
 
-/// Waits for the collection, then starts the comparisons.
 void ScanRun::scanTask() {
     if (settings_.standsBack) {
         // All threads of the scan but the one of the elapsed time descend from this one.
@@ -126,8 +135,7 @@ void ScanRun::scanTask() {
     }
     added_ = false;
     go_ = true;
-    std::thread collection([this] { addAllPhotos(); });
-    collection.join();
+    addAllPhotos();
     if (go_) {
         afterSimilarReportCall_ = false;
         exactMethod();
@@ -138,79 +146,141 @@ void ScanRun::scanTask() {
 }
 
 void ScanRun::addAllPhotos() {
-    const Collector::Outcome outcome = collect();
-    if (outcome == Collector::Outcome::stopped) {
+    const std::shared_ptr<ScanWork> work = this->work();
+    runCollection(work);
+    ranOutOfMemory_ = work->control().outOfMemory();
+    if (work->isLeftBehind() || work->outcome() == Collector::Outcome::stopped) {
+        work->endWorkers(settings_.patienceAfterStop);
         // The comparison of empty lists that follows shows an empty result.
-        rows_.clear();
+        changeWork(makeWork());
         clearFlags();
         return;
     }
     for (const Category category : allCategories) {
-        collected_[static_cast<std::size_t>(category)] = lists_.of(category).size();
+        collected_[static_cast<std::size_t>(category)] = work->lists().of(category).size();
     }
-    go_ = outcome == Collector::Outcome::collected;
+    unreadableLocations_ = work->unreadableLocations();
+    unreadable_ = work->unreadable();
+    go_ = work->outcome() == Collector::Outcome::collected;
     added_ = true;
 }
 
-/// No worker lists folders any more when this returns.
-Collector::Outcome ScanRun::collect() {
-    Collector collector(platform_.fileSystem(), *pool_, control_, exceptions_, observer_, gate_,
-                        lists_);
-    const Collector::Outcome outcome = collector.addAllPhotos(rows_);
-    unreadable_ = collector.unreadableLocations();
-    return outcome;
+/// Returns when the collection is over, or was left behind after a stop.
+void ScanRun::runCollection(const std::shared_ptr<ScanWork>& work) {
+    std::thread collection = startThread([work] { work->collect(); });
+    if (!collection.joinable()) {
+        work->collect();
+        return;
+    }
+    std::chrono::milliseconds sinceStop{0};
+    while (!work->waitForCollection(settings_.watchStep)) {
+        lookAround(*work);
+        if (!work->control().stop()) {
+            continue;
+        }
+        sinceStop += settings_.watchStep;
+        if (sinceStop >= settings_.patienceAfterStop) {
+            work->leaveBehind();
+            collection.detach();
+            return;
+        }
+    }
+    collection.join();
 }
 
-/// Starts the five comparisons and returns.
+/// Notices calls that do not return.
+void ScanRun::lookAround(ScanWork& work) {
+    work.watch().tick();
+    work.pool().allowForStuck(work.watch().lasting(settings_.stepsBeforeStandIn));
+    if (stepsUntilTold_ > 0) {
+        --stepsUntilTold_;
+        return;
+    }
+    const std::optional<IoWatch::Waiting> waiting =
+        work.watch().longest(settings_.stepsBeforeWaitIsTold);
+    if (waiting && !work.control().pause()) {
+        work.observer().waitingFor(waiting->path);
+        stepsUntilTold_ = settings_.stepsBeforeStandIn;
+    }
+}
+
+/// Runs the five comparisons.
 void ScanRun::exactMethod() {
+    const std::shared_ptr<ScanWork> work = this->work();
     exactScanCompleted_ = false;
-    processed_ = 0;
-    observer_.comparisonStarted(lists_.total());
+    work->observer().comparisonStarted(work->lists().total());
     results_ = {};
+    work->prepareComparison();
+    startComparisons(work);
+    std::unique_lock lock(mutex_);
+    while (!changed_.wait_for(lock, settings_.watchStep,
+                              [this] { return comparisonsRunning_ == 0; })) {
+        lock.unlock();
+        lookAround(*work);
+        lock.lock();
+    }
+    lock.unlock();
+    for (std::thread& thread : comparisonThreads_) {
+        if (thread.joinable()) {
+            thread.join();
+        }
+    }
+    joinResults(*work);
+}
+
+void ScanRun::startComparisons(const std::shared_ptr<ScanWork>& work) {
     {
         const std::lock_guard lock(mutex_);
-        finder_ = std::make_unique<DuplicateFinder>(platform_.fileSystem(), *pool_, control_,
-                                                    observer_, gate_, processed_);
+        comparisonsRunning_ = comparisonOrder.size();
     }
-    comparisonsRunning_ = comparisonOrder.size();
     for (const Category category : comparisonOrder) {
         comparisonThreads_[static_cast<std::size_t>(category)] =
-            std::thread([this, category] { compare(category); });
+            startThread([this, work, category] { compare(*work, category); });
+    }
+    for (const Category category : comparisonOrder) {
+        if (!comparisonThreads_[static_cast<std::size_t>(category)].joinable()) {
+            compare(*work, category);
+        }
     }
 }
 
-void ScanRun::compare(Category category) {
-    results_[static_cast<std::size_t>(category)] =
-        finder_->findDuplicates(lists_.of(category), *lists_.store);
-    if (--comparisonsRunning_ == 0) {
-        joinResults();
-    }
+void ScanRun::compare(ScanWork& work, Category category) {
+    results_[static_cast<std::size_t>(category)] = work.compare(category);
+    const std::lock_guard lock(mutex_);
+    --comparisonsRunning_;
+    changed_.notify_all();
 }
 
-/// Runs once, on the thread of the comparison that ended last.
-void ScanRun::joinResults() {
+void ScanRun::joinResults(ScanWork& work) {
+    const bool hasEnded =
+        work.endWorkers(work.control().stop() ? settings_.patienceAfterStop : patienceAfterTheEnd);
+    if (hasEnded) {
+        work.endComparison();
+    }
     for (const Category category : comparisonOrder) {
         const Modal& result = *of(category);
         modal_->addExtensionFromArray(result.extensions());
         modal_->setTotalFiles(modal_->totalFiles() + result.totalFiles());
         modal_->setTotalFilesSize(modal_->totalFilesSize() + result.totalFilesSize());
     }
+    unreadable_ = work.unreadable();
+    ranOutOfMemory_ = ranOutOfMemory_ || work.control().outOfMemory();
     exactScanCompleted_ = true;
     scanning_ = false;
-    observer_.comparisonFinished(processed_);
+    observer_.comparisonFinished(work.processed());
     finish();
 }
 
 void ScanRun::startElapsedTimeThread() {
     stopElapsedTimeThread_ = false;
-    elapsedTimeThread_ = std::thread([this] { elapsedTimeThreadSavingData(); });
+    elapsedTimeThread_ = startThread([this] { elapsedTimeThreadSavingData(); });
 }
 
 void ScanRun::elapsedTimeThreadSavingData() {
     double pausedSeconds = 0;
     while (sleepOneStep()) {
         bool goesOn = true;
-        while (goesOn && control_.pause()) {
+        while (goesOn && pause()) {
             pausedSeconds += 1.0;
             goesOn = sleepOneStep();
         }
@@ -241,21 +311,14 @@ void ScanRun::joinThreads() {
     if (scanThread_.joinable()) {
         scanThread_.join();
     }
-    for (std::thread& thread : comparisonThreads_) {
-        if (thread.joinable()) {
-            thread.join();
-        }
-    }
     if (elapsedTimeThread_.joinable()) {
         elapsedTimeThread_.join();
     }
 }
 
+/// Those of pause and stop are new with each ScanWork.
 void ScanRun::clearFlags() {
     scanning_ = false;
-    control_.setPause(false);
-    control_.setStop(false);
-    lists_.clear();
     added_ = true;
     endElapsedTimeThread();
 }

@@ -2,15 +2,11 @@
 
 #include "model/modal.h"
 #include "platform/platform.h"
-#include "scan/category_lists.h"
-#include "scan/collector.h"
-#include "scan/duplicate_finder.h"
 #include "scan/exception_filter.h"
 #include "scan/location_row.h"
-#include "scan/progress_gate.h"
-#include "scan/scan_control.h"
 #include "scan/scan_observer.h"
-#include "scan/worker_pool.h"
+#include "scan/scan_work.h"
+#include "scan/unreadable.h"
 
 #include <array>
 #include <atomic>
@@ -32,8 +28,13 @@ namespace tarvin {
 /// thread, the owner's; pause and stop may be set on any. The observer is told on the scan's own
 /// threads.
 ///
-/// A scan uses: the scan task, which waits for the collection task; five comparisons, one for each
-/// category; the elapsed-time thread; and the workers they share.
+/// A scan uses: the scan task, which runs the phases and watches over them; the collection task;
+/// five comparisons, one for each category; the elapsed-time thread; and the workers they share.
+/// Where the system gives no thread, the work is done on the one that asked for it.
+///
+/// A call of the file system that does not return holds up only what needs its answer. A scan that
+/// is stopped meanwhile ends all the same, within a second, with what is proven; the stuck thread
+/// is left behind with the data it needs.
 class ScanRun final {
  public:
     static constexpr std::size_t categoryCount = 5;
@@ -41,6 +42,14 @@ class ScanRun final {
 
     struct Settings {
         WorkerPool::Limits workers = WorkerPool::limitsOfThisMachine();
+        /// How often the scan task looks for stops and for calls that do not return.
+        std::chrono::milliseconds watchStep{100};
+        /// How many such steps a call may take before it is told that the scan waits for it.
+        unsigned stepsBeforeWaitIsTold = 50;
+        /// How many it may take before another task takes its place among those that run.
+        unsigned stepsBeforeStandIn = 10;
+        /// How long threads inside a call are waited for when the scan is stopped.
+        std::chrono::milliseconds patienceAfterStop{300};
         /// How often the observer is told of a file; with zero, of every file.
         std::chrono::milliseconds progressInterval{33};
         /// How often the elapsed time is told. Counts as one second of pause, whatever its length.
@@ -57,16 +66,17 @@ class ScanRun final {
     /// Stops what is running and waits for it.
     ~ScanRun();
 
-    /// Begins a scan of the checked folders among `rows` and returns at once. modal() must be
-    /// empty; a scan that is still running is waited for.
+    /// Begins a scan of the checked folders among `rows` and returns at once (when it is over, if
+    /// the system gives no thread). modal() must be empty; a scan that is still running is waited
+    /// for.
     void start(std::vector<LocationRow> rows, ExceptionFilter exceptions);
 
     /// Waits until the scan begun last is over. Returns at once if none was.
     void wait();
 
     /// The workers wait, or go on.
-    void setPause(bool pause) { control_.setPause(pause); }
-    /// The workers end at their next check; clears a pause. Sets found so far become the result,
+    void setPause(bool pause) { work()->control().setPause(pause); }
+    /// The workers end at their next check; clears a pause. Sets proven so far become the result,
     /// but during the collection there are none.
     void requestStop();
 
@@ -76,8 +86,8 @@ class ScanRun final {
     void homeCleanup();
 
     [[nodiscard]] bool scanning() const { return scanning_; }
-    [[nodiscard]] bool pause() const { return control_.pause(); }
-    [[nodiscard]] bool stop() const { return control_.stop(); }
+    [[nodiscard]] bool pause() const { return work()->control().pause(); }
+    [[nodiscard]] bool stop() const { return work()->control().stop(); }
     /// The collection is over.
     [[nodiscard]] bool added() const { return added_; }
     /// There is something to compare.
@@ -92,9 +102,11 @@ class ScanRun final {
     /// cleared again.
     [[nodiscard]] bool wasStopped() const { return wasStopped_; }
     /// Files accounted for so far by the comparison.
-    [[nodiscard]] std::uint64_t processed() const { return processed_; }
+    [[nodiscard]] std::uint64_t processed() const { return work()->processed(); }
     /// Bytes read so far by the comparison.
-    [[nodiscard]] std::uint64_t bytesRead() const;
+    [[nodiscard]] std::uint64_t bytesRead() const { return work()->bytesRead(); }
+    /// Whether memory ran out, which ended the scan like a stop.
+    [[nodiscard]] bool ranOutOfMemory() const { return ranOutOfMemory_; }
     [[nodiscard]] std::optional<Timestamp> scanStartDate() const { return scanStartDate_; }
 
     /// The results; the scan must be over. None of a category before its first comparison.
@@ -117,18 +129,26 @@ class ScanRun final {
     }
     /// The checked locations that could not be read.
     [[nodiscard]] const std::vector<UnreadableLocation>& unreadableLocations() const {
-        return unreadable_;
+        return unreadableLocations_;
     }
+    /// The folders and files inside the locations that could not be read.
+    [[nodiscard]] const UnreadableReport& unreadable() const { return unreadable_; }
     /// From the start to the result, pauses included.
     [[nodiscard]] std::chrono::duration<double> duration() const { return duration_; }
 
  private:
+    [[nodiscard]] std::shared_ptr<ScanWork> work() const;
+    [[nodiscard]] std::shared_ptr<ScanWork> makeWork() const;
+    void changeWork(std::shared_ptr<ScanWork> work);
+
     void scanTask();
     void addAllPhotos();
-    Collector::Outcome collect();
+    void runCollection(const std::shared_ptr<ScanWork>& work);
     void exactMethod();
-    void compare(Category category);
-    void joinResults();
+    void startComparisons(const std::shared_ptr<ScanWork>& work);
+    void compare(ScanWork& work, Category category);
+    void joinResults(ScanWork& work);
+    void lookAround(ScanWork& work);
     void startElapsedTimeThread();
     void elapsedTimeThreadSavingData();
     bool sleepOneStep();
@@ -142,7 +162,6 @@ class ScanRun final {
     ScanObserver& observer_;
     const Settings settings_;
 
-    ScanControl control_;
     std::atomic<bool> scanning_{false};
     std::atomic<bool> added_{true};
     std::atomic<bool> go_{false};
@@ -150,32 +169,31 @@ class ScanRun final {
     std::atomic<bool> exactScanCompleted_{false};
     std::atomic<bool> stopElapsedTimeThread_{true};
     std::atomic<bool> wasStopped_{false};
-    std::atomic<std::uint64_t> processed_{0};
-    std::atomic<std::size_t> comparisonsRunning_{0};
+    std::atomic<bool> ranOutOfMemory_{false};
 
     std::optional<Timestamp> scanStartDate_;
     std::chrono::steady_clock::time_point started_;
     std::chrono::duration<double> duration_{0};
-    std::vector<LocationRow> rows_;
-    ExceptionFilter exceptions_;
-    ProgressGate gate_;
-    CategoryLists lists_;
     std::array<std::uint64_t, categoryCount> collected_{};
-    std::vector<UnreadableLocation> unreadable_;
+    std::vector<UnreadableLocation> unreadableLocations_;
+    UnreadableReport unreadable_;
     CategoryResults results_;
     std::shared_ptr<Modal> modal_ = std::make_shared<Modal>();
+    unsigned stepsUntilTold_ = 0;  // the scan task's own
 
-    std::unique_ptr<WorkerPool> pool_;
-    std::unique_ptr<DuplicateFinder> finder_;
+    mutable std::mutex workMutex_;
+    // Of the scan that runs or ran last, or for the next. Guarded by workMutex_.
+    std::shared_ptr<ScanWork> work_;
+
     std::thread scanThread_;
     std::array<std::thread, categoryCount> comparisonThreads_;
     std::thread elapsedTimeThread_;
     std::thread freeingThread_;
 
-    mutable std::mutex mutex_;
+    std::mutex mutex_;
     std::condition_variable changed_;
-    bool running_ = false;         // guarded by mutex_
-    std::uint64_t bytesRead_ = 0;  // guarded by mutex_; of the last scan, when it is over
+    bool running_ = false;                // guarded by mutex_
+    std::size_t comparisonsRunning_ = 0;  // guarded by mutex_
 };
 
 }  // namespace tarvin

@@ -80,6 +80,10 @@ std::string processingFileText(std::string_view path) {
     return with("Processing File: ", path);
 }
 
+std::string waitingForText(std::string_view path) {
+    return with("Waiting for: ", path);
+}
+
 std::string_view searchingText() {
     return "Searching for duplicate files...";
 }

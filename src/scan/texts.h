@@ -25,6 +25,8 @@ namespace tarvin {
 [[nodiscard]] std::string collectingFileText(std::string_view path);
 /// For each file the comparison is done with.
 [[nodiscard]] std::string processingFileText(std::string_view path);
+/// While a folder or file does not answer.
+[[nodiscard]] std::string waitingForText(std::string_view path);
 /// What the comparison is called in a sentence and as a title.
 [[nodiscard]] std::string_view searchingText();
 [[nodiscard]] std::string_view searchingTitle();

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
+#include <new>
 #include <utility>
 
 namespace tarvin {
@@ -21,6 +23,7 @@ constexpr std::size_t mostEntriesAhead = 16 * 1024;
 // How far down the line a worker looks for a folder that it may take.
 constexpr std::size_t foldersInView = 64;
 constexpr std::size_t entriesBetweenChecks = 64;
+constexpr std::chrono::milliseconds betweenLooksAtThePool{20};
 constexpr std::size_t fewestFoldersKeptOpen = 4;
 constexpr std::size_t mostFoldersKeptOpen = 128;
 // Left to the rest of the process: standard streams, libraries, the workers' own.
@@ -38,6 +41,25 @@ struct TreeReader::PendingBlock {
     std::unique_ptr<Block> block;
     std::size_t entryCount = 0;
     bool ready = false;  // guarded by the reader's mutex_
+};
+
+/// One of the reader's tasks, queued or running. A task that its pool drops gives its place back,
+/// too.
+class TreeReader::TaskPlace final {
+ public:
+    explicit TaskPlace(std::atomic<unsigned>& tasks) : tasks_(&tasks) { ++tasks; }
+    TaskPlace(const TaskPlace&) = delete;
+    TaskPlace& operator=(const TaskPlace&) = delete;
+    ~TaskPlace() { giveBack(); }
+
+    void giveBack() {
+        if (tasks_ != nullptr) {
+            --*std::exchange(tasks_, nullptr);
+        }
+    }
+
+ private:
+    std::atomic<unsigned>* tasks_;
 };
 
 /// What was listed at one go.
@@ -61,27 +83,35 @@ class TreeReader::Listing final {
     State state = State::waiting;
     bool abandoned = false;
     bool opened = false;
+    bool refused = false;
     std::optional<SystemError> failure;
     FileIdentity identity;
     std::shared_ptr<Descriptor> descriptor;
     std::deque<std::shared_ptr<PendingBlock>> blocks;
 };
 
-TreeReader::TreeReader(FileSystem& fileSystem, WorkerPool& pool, const ScanControl& control,
-                       Interest interest, PauseWait waitOutPause)
-    : fileSystem_(fileSystem),
-      pool_(pool),
-      control_(control),
+TreeReader::TreeReader(const ScanServices& services, Interest interest, PauseWait waitOutPause)
+    : fileSystem_(services.fileSystem),
+      pool_(services.pool),
+      control_(services.control),
+      watch_(services.watch),
       interest_(interest),
       waitOutPause_(waitOutPause ? std::move(waitOutPause)
-                                 : [&control] { control.waitWhilePaused(); }),
-      homeTrash_(fileSystem.homeTrash()),
-      mostOpenFolders_(foldersToKeepOpen(fileSystem.descriptorLimit())) {}
+                                 : [&control = services.control] { control.waitWhilePaused(); }),
+      homeTrash_(services.fileSystem.homeTrash()),
+      mostOpenFolders_(foldersToKeepOpen(services.fileSystem.descriptorLimit())) {}
 
 TreeReader::~TreeReader() {
     std::unique_lock lock(mutex_);
     ending_ = true;
-    changed_.wait(lock, [this] { return tasks_ == 0; });
+    while (tasks_ > 0) {
+        lock.unlock();
+        const bool ranOne = pool_.runOneHere();
+        lock.lock();
+        if (!ranOne) {
+            changed_.wait_for(lock, betweenLooksAtThePool, [this] { return tasks_ == 0; });
+        }
+    }
 }
 
 std::shared_ptr<TreeReader::Listing> TreeReader::makeRoot(const Directory* directory) {
@@ -117,6 +147,11 @@ Result<FileIdentity> TreeReader::identityOf(const std::shared_ptr<Listing>& list
 std::optional<SystemError> TreeReader::failureOf(const std::shared_ptr<Listing>& listing) {
     const std::lock_guard lock(mutex_);
     return listing->failure;
+}
+
+bool TreeReader::isRefused(const std::shared_ptr<Listing>& listing) {
+    const std::lock_guard lock(mutex_);
+    return listing->refused;
 }
 
 std::unique_ptr<TreeReader::Block> TreeReader::nextBlock(const std::shared_ptr<Listing>& listing) {
@@ -167,19 +202,18 @@ void TreeReader::pump() {
     }
     const std::size_t useful = std::min<std::size_t>(upcoming_.size(), pool_.width());
     while (tasks_ < useful) {
-        ++tasks_;
-        pool_.submit([this] { runTask(); });
+        pool_.submit([this, place = std::make_shared<TaskPlace>(tasks_)] { runTask(*place); });
     }
 }
 
-void TreeReader::runTask() {
+void TreeReader::runTask(TaskPlace& place) {
     std::unique_lock lock(mutex_);
     if (!ending_ && entriesAhead_ < mostEntriesAhead) {
         if (const std::shared_ptr<Listing> listing = takeUpcoming()) {
             readOn(listing, lock);
         }
     }
-    --tasks_;
+    place.giveBack();
     pump();
     changed_.notify_all();
 }
@@ -222,38 +256,61 @@ void TreeReader::readOn(const std::shared_ptr<Listing>& listing,
     const Portion portion = readPortion(*listing, toTheEnd);
     lock.lock();
     const std::shared_ptr<Descriptor> folder = listing->descriptor;
-    keepPortion(listing, portion);
+    try {
+        keepPortion(listing, portion);
+    } catch (const std::bad_alloc&) {
+        // Nobody must go on waiting for it.
+        control_.stopForLackOfMemory();
+        listing->failure = SystemError{ENOMEM};
+        listing->state = Listing::State::finished;
+        changed_.notify_all();
+    }
     for (const std::shared_ptr<PendingBlock>& pending : portion.blocks) {
         lock.unlock();
-        readAttributes(*folder, *pending->block);
+        try {
+            readAttributes(*listing, *folder, *pending->block);
+        } catch (const std::bad_alloc&) {
+            control_.stopForLackOfMemory();
+        }
         lock.lock();
         pending->ready = true;
         changed_.notify_all();
     }
 }
 
+/// Without memory for it, the folder counts as unreadable from here on.
 TreeReader::Portion TreeReader::readPortion(Listing& listing, bool toTheEnd) {
     Portion portion;
+    try {
+        fillPortion(listing, toTheEnd, portion);
+    } catch (const std::bad_alloc&) {
+        control_.stopForLackOfMemory();
+        portion.failure = SystemError{ENOMEM};
+    }
+    return portion;
+}
+
+void TreeReader::fillPortion(Listing& listing, bool toTheEnd, Portion& portion) {
     if (!mayGoOn()) {
-        return portion;
+        return;
     }
     if (!listing.descriptor) {
         portion.failure = open(listing);
         if (portion.failure) {
-            return portion;
+            return;
         }
     }
     thread_local EntryBlock listed(portionBytes);
     std::size_t entries = 0;
     while (toTheEnd || entries < smallPortion) {
-        const Result<bool> more = fileSystem_.listEntries(*listing.descriptor, listed);
+        const Result<bool> more = listSome(listing, listed);
         if (!more) {
             // The entries so far are as good as any.
             portion.failure = more.error();
-            return portion;
+            return;
         }
         if (!*more || !mayGoOn()) {
-            return portion;
+            return;
         }
         auto pending = std::make_shared<PendingBlock>();
         pending->block = wanted(listed);
@@ -262,7 +319,11 @@ TreeReader::Portion TreeReader::readPortion(Listing& listing, bool toTheEnd) {
         portion.blocks.push_back(std::move(pending));
     }
     portion.more = true;
-    return portion;
+}
+
+Result<bool> TreeReader::listSome(const Listing& listing, EntryBlock& listed) {
+    const IoWatch::Call call(watch_, *listing.directory);
+    return fileSystem_.listEntries(*listing.descriptor, listed);
 }
 
 void TreeReader::keepPortion(const std::shared_ptr<Listing>& listing, const Portion& portion) {
@@ -298,32 +359,53 @@ void TreeReader::keepPortion(const std::shared_ptr<Listing>& listing, const Port
 
 /// Why the folder cannot be listed; none if it is open now.
 std::optional<SystemError> TreeReader::open(Listing& listing) {
-    std::shared_ptr<Descriptor> parent;
-    if (listing.parent) {
-        const std::lock_guard lock(mutex_);
-        parent = listing.parent->descriptor;
-    }
-    Result<Descriptor> opened = openPatiently(control_, [&]() -> Result<Descriptor> {
-        if (parent) {
-            return fileSystem_.openDirectoryAt(*parent, listing.directory->name);
+    Result<Descriptor> opened = openPatiently(fileSystem_, control_, [&] {
+        Result<Descriptor> answer = openFolder(listing);
+        if (!answer && isShortageOfDescriptors(answer.error())) {
+            closeKeptOpen();
         }
-        const std::string path = listing.directory->path();
-        return listing.directory->parent == nullptr ? fileSystem_.openRootDirectory(path)
-                                                    : fileSystem_.openDirectory(path);
+        return answer;
     });
     if (!opened) {
         return opened.error();
     }
+    const IoWatch::Call call(watch_, *listing.directory);
     const Result<FileAttributes> attributes = fileSystem_.attributesOf(*opened);
     if (!attributes) {
         return attributes.error();
     }
     if (isNeverWalked(listing, attributes->identity)) {
+        const std::lock_guard lock(mutex_);
+        listing.refused = true;
         return SystemError{EOPNOTSUPP};
     }
     listing.identity = attributes->identity;
     listing.descriptor = std::make_shared<Descriptor>(std::move(*opened));
     return std::nullopt;
+}
+
+Result<Descriptor> TreeReader::openFolder(const Listing& listing) {
+    std::shared_ptr<Descriptor> parent;
+    if (listing.parent) {
+        const std::lock_guard lock(mutex_);
+        parent = listing.parent->descriptor;
+    }
+    const IoWatch::Call call(watch_, *listing.directory);
+    if (parent) {
+        return fileSystem_.openDirectoryAt(*parent, listing.directory->name);
+    }
+    const std::string path = listing.directory->path();
+    return listing.directory->parent == nullptr ? fileSystem_.openRootDirectory(path)
+                                                : fileSystem_.openDirectory(path);
+}
+
+/// Folders kept open only to spare their subfolders a path give way to what needs a descriptor.
+void TreeReader::closeKeptOpen() {
+    const std::lock_guard lock(mutex_);
+    for (const std::shared_ptr<Listing>& listing : keptOpen_) {
+        releaseDescriptor(*listing);
+    }
+    keptOpen_.clear();
 }
 
 /// The user's Trash, and file systems that hold nobody's files.
@@ -364,7 +446,7 @@ std::unique_ptr<TreeReader::Block> TreeReader::wanted(const EntryBlock& listed) 
     return block;
 }
 
-void TreeReader::readAttributes(const Descriptor& folder, Block& block) {
+void TreeReader::readAttributes(const Listing& listing, const Descriptor& folder, Block& block) {
     std::size_t untilCheck = entriesBetweenChecks;
     for (ListedEntry& entry : block.entries) {
         if (entry.attributesKnown) {
@@ -376,12 +458,15 @@ void TreeReader::readAttributes(const Descriptor& folder, Block& block) {
                 return;
             }
         }
+        const IoWatch::Call call(watch_, *listing.directory);
         const Result<FileAttributes> attributes =
             fileSystem_.attributesAt(folder, entry.name.data());
         if (attributes) {
             entry.attributes = *attributes;
             entry.type = attributes->type;
             entry.attributesKnown = true;
+        } else {
+            entry.error = attributes.error();
         }
     }
 }

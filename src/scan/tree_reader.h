@@ -2,9 +2,9 @@
 
 #include "model/file.h"
 #include "platform/file_system.h"
-#include "scan/scan_control.h"
-#include "scan/worker_pool.h"
+#include "scan/scan_services.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <cstddef>
 #include <cstdint>
@@ -32,6 +32,7 @@ struct ListedEntry {
     std::string_view name;  ///< lives as long as the block it came in; ended by a zero byte
     EntryType type = EntryType::unknown;
     bool attributesKnown = false;  ///< `attributes` were asked for and could be read
+    SystemError error;             ///< why they could not; code 0 if they were not asked for
     FileAttributes attributes;
 };
 
@@ -63,8 +64,7 @@ class TreeReader final {
     using PauseWait = std::function<void()>;
 
     /// Without a `waitOutPause` the walk waits in silence. Made on the thread that walks.
-    TreeReader(FileSystem& fileSystem, WorkerPool& pool, const ScanControl& control,
-               Interest interest, PauseWait waitOutPause = {});
+    TreeReader(const ScanServices& services, Interest interest, PauseWait waitOutPause = {});
     TreeReader(const TreeReader&) = delete;
     TreeReader& operator=(const TreeReader&) = delete;
     /// Waits for the workers that are inside a folder.
@@ -82,6 +82,9 @@ class TreeReader final {
     Result<FileIdentity> identityOf(const std::shared_ptr<Listing>& listing);
     /// Why the folder could not be opened or not be listed to its end, as far as is known now.
     std::optional<SystemError> failureOf(const std::shared_ptr<Listing>& listing);
+    /// Whether identityOf() refused the folder because it is never walked: a Trash, or a file
+    /// system that holds nobody's files.
+    [[nodiscard]] bool isRefused(const std::shared_ptr<Listing>& listing);
     /// The next block of the folder's entries; none when there are no more, the folder cannot be
     /// read on, or the scan was stopped.
     std::unique_ptr<Block> nextBlock(const std::shared_ptr<Listing>& listing);
@@ -94,7 +97,8 @@ class TreeReader final {
     using PendingBlocks = std::vector<std::shared_ptr<PendingBlock>>;
 
     void pump();
-    void runTask();
+    class TaskPlace;
+    void runTask(TaskPlace& place);
     using Upcoming = std::deque<std::shared_ptr<Listing>>;
 
     [[nodiscard]] bool mayBeTaken(const Listing& listing) const;
@@ -104,18 +108,23 @@ class TreeReader final {
     void readOn(const std::shared_ptr<Listing>& listing, std::unique_lock<std::mutex>& lock);
     struct Portion;
     Portion readPortion(Listing& listing, bool toTheEnd);
+    void fillPortion(Listing& listing, bool toTheEnd, Portion& portion);
+    Result<bool> listSome(const Listing& listing, EntryBlock& listed);
     void keepPortion(const std::shared_ptr<Listing>& listing, const Portion& portion);
     std::optional<SystemError> open(Listing& listing);
+    Result<Descriptor> openFolder(const Listing& listing);
     [[nodiscard]] bool isNeverWalked(const Listing& listing, const FileIdentity& identity) const;
+    void closeKeptOpen();
     [[nodiscard]] std::unique_ptr<Block> wanted(const EntryBlock& listed) const;
-    void readAttributes(const Descriptor& folder, Block& block);
+    void readAttributes(const Listing& listing, const Descriptor& folder, Block& block);
     void releaseDescriptor(Listing& listing);
     void waitForChange(std::unique_lock<std::mutex>& lock);
     [[nodiscard]] bool mayGoOn();
 
     FileSystem& fileSystem_;
     WorkerPool& pool_;
-    const ScanControl& control_;
+    ScanControl& control_;
+    IoWatch& watch_;
     const Interest interest_;
     const PauseWait waitOutPause_;
     const std::thread::id walkingThread_ = std::this_thread::get_id();
@@ -128,10 +137,10 @@ class TreeReader final {
     // Listed to the end, but still open, so that the folders inside need not be opened by path; the
     // oldest is closed when others need its place. Guarded by mutex_.
     std::deque<std::shared_ptr<Listing>> keptOpen_;
-    std::size_t entriesAhead_ = 0;  // guarded by mutex_
-    std::size_t openFolders_ = 0;   // guarded by mutex_
-    unsigned tasks_ = 0;            // guarded by mutex_; queued or running
-    bool ending_ = false;           // guarded by mutex_
+    std::size_t entriesAhead_ = 0;    // guarded by mutex_
+    std::size_t openFolders_ = 0;     // guarded by mutex_
+    std::atomic<unsigned> tasks_{0};  // queued or running; grows with mutex_ held
+    bool ending_ = false;             // guarded by mutex_
 };
 
 }  // namespace tarvin

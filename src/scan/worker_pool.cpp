@@ -1,8 +1,16 @@
 #include "scan/worker_pool.h"
 
+#include "platform/start_thread.h"
+
 #include <algorithm>
 #include <atomic>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <new>
+#include <thread>
 #include <utility>
+#include <vector>
 
 namespace tarvin {
 
@@ -10,8 +18,241 @@ namespace {
 
 // Beyond this the queue of a solid-state disk is full; below it, many small reads wait in line.
 constexpr unsigned mostReadsInFlight = 32;
+// Threads beyond the width that may stand in for stuck ones.
+constexpr unsigned maxStandIns = 64;
+
+// The pool whose task the thread is running.
+thread_local const void* poolOfThisThread = nullptr;
 
 }  // namespace
+
+/// What the threads share. Outlives the pool while an abandoned thread is inside a task.
+class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
+ public:
+    Core(Limits limits, DeviceReads deviceReads)
+        : limits_(limits), deviceReads_(deviceReads), atOnce_(limits.cores) {}
+
+    void keepAlive(std::weak_ptr<void> owner) {
+        const std::lock_guard lock(mutex_);
+        owner_ = std::move(owner);
+    }
+
+    void enqueue(Task task, bool ahead) {
+        bool started = false;
+        {
+            const std::lock_guard lock(mutex_);
+            if (abandoned_) {
+                return;
+            }
+            if (ahead) {
+                queue_.push_front(std::move(task));
+            } else {
+                queue_.push_back(std::move(task));
+            }
+            // A worker that has been woken still counts as idle, so tasks are held against workers.
+            started = queue_.size() > idle_ && startOne();
+        }
+        if (!started) {
+            wake_.notify_one();
+        }
+    }
+
+    bool runOneHere() {
+        Task task;
+        {
+            const std::lock_guard lock(mutex_);
+            if (!threads_.empty() || queue_.empty()) {
+                return false;
+            }
+            task = std::move(queue_.front());
+            queue_.pop_front();
+        }
+        task();
+        return true;
+    }
+
+    void allowForStuck(unsigned tasks) {
+        const std::lock_guard lock(mutex_);
+        stuck_ = std::min(tasks, maxStandIns);
+        for (unsigned more = stuck_; more > 0 && mayStart(); --more) {
+            startOrWakeOne();
+        }
+    }
+
+    /// A task waits for calls that others make, and needs no place of its own meanwhile.
+    void beginWaiting() {
+        const std::lock_guard lock(mutex_);
+        --running_;
+        if (mayStart()) {
+            startOrWakeOne();
+        }
+    }
+
+    void endWaiting() {
+        const std::lock_guard lock(mutex_);
+        ++running_;
+    }
+
+    bool endWithin(std::chrono::milliseconds patience) {
+        while (runOneHere()) {
+        }
+        std::vector<std::thread> threads;
+        {
+            std::unique_lock lock(mutex_);
+            if (!idleAgain_.wait_for(lock, patience,
+                                     [this] { return queue_.empty() && insideTasks_ == 0; })) {
+                return false;
+            }
+            ending_ = true;
+            threads.swap(threads_);
+        }
+        join(std::move(threads));
+        return true;
+    }
+
+    /// Runs all that is queued, however long that takes.
+    void end() {
+        while (runOneHere()) {
+        }
+        std::vector<std::thread> threads;
+        {
+            const std::lock_guard lock(mutex_);
+            ending_ = true;
+            threads.swap(threads_);
+        }
+        join(std::move(threads));
+    }
+
+    void abandon() {
+        std::deque<Task> dropped;
+        const std::lock_guard lock(mutex_);
+        abandoned_ = true;
+        ending_ = true;
+        dropped.swap(queue_);
+        for (std::thread& thread : threads_) {
+            thread.detach();
+        }
+        threads_.clear();
+        wake_.notify_all();
+    }
+
+    [[nodiscard]] bool isAbandoned() {
+        const std::lock_guard lock(mutex_);
+        return abandoned_;
+    }
+
+    [[nodiscard]] const Limits& limits() const { return limits_; }
+
+ private:
+    void join(std::vector<std::thread> threads) {
+        wake_.notify_all();
+        for (std::thread& thread : threads) {
+            if (thread.get_id() == std::this_thread::get_id()) {
+                // The last task let go of the pool.
+                thread.detach();
+            } else {
+                thread.join();
+            }
+        }
+    }
+
+    [[nodiscard]] bool mayStart() const { return !queue_.empty() && running_ < atOnce_ + stuck_; }
+
+    bool startOne() {
+        if (threads_.size() >= atOnce_ + stuck_ || ending_) {
+            return false;
+        }
+        try {
+            threads_.reserve(threads_.size() + 1);
+        } catch (const std::bad_alloc&) {
+            return false;
+        }
+        std::thread thread = startThread([core = shared_from_this()] { core->work(); });
+        if (!thread.joinable()) {
+            return false;
+        }
+        threads_.push_back(std::move(thread));
+        return true;
+    }
+
+    void startOrWakeOne() {
+        if (idle_ > 0) {
+            wake_.notify_one();
+        } else {
+            startOne();
+        }
+    }
+
+    void work() {
+        std::unique_lock lock(mutex_);
+        poolOfThisThread = this;
+        while (true) {
+            ++idle_;
+            wake_.wait(lock, [this] { return mayStart() || (ending_ && queue_.empty()); });
+            --idle_;
+            if (queue_.empty()) {
+                return;
+            }
+            runNext(lock);
+        }
+    }
+
+    void runNext(std::unique_lock<std::mutex>& lock) {
+        Task task = std::move(queue_.front());
+        queue_.pop_front();
+        if (ending_ && queue_.empty()) {
+            // Nothing will be queued for those who still wait for their turn.
+            wake_.notify_all();
+        }
+        ++running_;
+        ++insideTasks_;
+        std::shared_ptr<void> owner = owner_.lock();
+        lock.unlock();
+        const std::uint64_t before = deviceReads_();
+        try {
+            task();
+        } catch (const std::bad_alloc&) {
+            // A task whose result is waited for says so itself; help for a forEach() is optional.
+        }
+        task = nullptr;
+        owner = nullptr;
+        const bool fetched = deviceReads_() != before;
+        lock.lock();
+        --running_;
+        --insideTasks_;
+        if (insideTasks_ == 0 && queue_.empty()) {
+            idleAgain_.notify_all();
+        }
+        adjust(fetched);
+    }
+
+    void adjust(bool fetchedFromDevice) {
+        if (!fetchedFromDevice) {
+            atOnce_ = std::max(limits_.cores, atOnce_ - 1);
+            return;
+        }
+        atOnce_ = std::min(limits_.width, atOnce_ + 1);
+        if (!queue_.empty() && running_ + 1 < atOnce_ + stuck_) {
+            startOrWakeOne();
+        }
+    }
+
+    const Limits limits_;
+    const DeviceReads deviceReads_;
+    std::mutex mutex_;
+    std::condition_variable wake_;
+    std::condition_variable idleAgain_;
+    std::deque<Task> queue_;            // guarded by mutex_
+    std::vector<std::thread> threads_;  // guarded by mutex_
+    std::weak_ptr<void> owner_;         // guarded by mutex_
+    unsigned running_ = 0;              // guarded by mutex_; tasks that need a place
+    unsigned insideTasks_ = 0;          // guarded by mutex_; the same and those that wait
+    unsigned idle_ = 0;                 // guarded by mutex_
+    unsigned atOnce_ = 1;               // guarded by mutex_
+    unsigned stuck_ = 0;                // guarded by mutex_
+    bool ending_ = false;               // guarded by mutex_
+    bool abandoned_ = false;            // guarded by mutex_
+};
 
 /// One forEach: indexes are handed out one by one, and the caller waits for those handed out.
 class WorkerPool::Fork final {
@@ -25,12 +266,18 @@ class WorkerPool::Fork final {
         if (index >= count_) {
             return false;
         }
-        (*body_)(index);
+        try {
+            (*body_)(index);
+        } catch (const std::bad_alloc&) {
+            outOfMemory_ = true;
+        }
         if (++done_ == count_) {
             done_.notify_all();
         }
         return true;
     }
+
+    [[nodiscard]] bool isDone() const { return done_ == count_; }
 
     void wait() const {
         for (std::size_t done = done_; done != count_; done = done_) {
@@ -38,18 +285,21 @@ class WorkerPool::Fork final {
         }
     }
 
+    [[nodiscard]] bool ranOutOfMemory() const { return outOfMemory_; }
+
  private:
     const std::size_t count_;
     // Outlives the calls, because wait() does not return before the last of them.
     const std::function<void(std::size_t)>* body_;
     std::atomic<std::size_t> next_{0};
     std::atomic<std::size_t> done_{0};
+    std::atomic<bool> outOfMemory_{false};
 };
 
 WorkerPool::WorkerPool(Limits limits, DeviceReads deviceReads)
-    : limits_{std::max(1U, limits.cores), std::max({1U, limits.cores, limits.width})},
-      deviceReads_(deviceReads),
-      atOnce_(limits_.cores) {}
+    : core_(std::make_shared<Core>(
+          Limits{std::max(1U, limits.cores), std::max({1U, limits.cores, limits.width})},
+          deviceReads)) {}
 
 WorkerPool::Limits WorkerPool::limitsOfThisMachine() {
     const unsigned cores = std::max(1U, std::thread::hardware_concurrency());
@@ -57,20 +307,43 @@ WorkerPool::Limits WorkerPool::limitsOfThisMachine() {
 }
 
 WorkerPool::~WorkerPool() {
-    std::vector<std::thread> threads;
-    {
-        const std::lock_guard lock(mutex_);
-        ending_ = true;
-        threads.swap(threads_);
-    }
-    wake_.notify_all();
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
+    core_->end();
+}
+
+void WorkerPool::keepAlive(std::weak_ptr<void> owner) {
+    core_->keepAlive(std::move(owner));
 }
 
 void WorkerPool::submit(Task task) {
-    enqueue(std::move(task), false);
+    core_->enqueue(std::move(task), false);
+}
+
+bool WorkerPool::runOneHere() {
+    return core_->runOneHere();
+}
+
+void WorkerPool::allowForStuck(unsigned tasks) {
+    core_->allowForStuck(tasks);
+}
+
+bool WorkerPool::endWithin(std::chrono::milliseconds patience) {
+    return core_->endWithin(patience);
+}
+
+void WorkerPool::abandon() {
+    core_->abandon();
+}
+
+bool WorkerPool::isAbandoned() const {
+    return core_->isAbandoned();
+}
+
+unsigned WorkerPool::cores() const {
+    return core_->limits().cores;
+}
+
+unsigned WorkerPool::width() const {
+    return core_->limits().width;
 }
 
 void WorkerPool::forEach(std::size_t count, const std::function<void(std::size_t)>& body) {
@@ -78,87 +351,36 @@ void WorkerPool::forEach(std::size_t count, const std::function<void(std::size_t
         return;
     }
     const auto fork = std::make_shared<Fork>(count, body);
-    const std::size_t helpers = std::min<std::size_t>(count, limits_.width) - 1;
+    const std::size_t helpers = std::min<std::size_t>(count, width()) - 1;
     for (std::size_t helper = 0; helper < helpers; ++helper) {
         help(fork);
     }
     while (fork->takePart()) {
     }
-    fork->wait();
+    if (!fork->isDone()) {
+        const bool isTask = poolOfThisThread == core_.get();
+        if (isTask) {
+            core_->beginWaiting();
+        }
+        fork->wait();
+        if (isTask) {
+            core_->endWaiting();
+        }
+    }
+    if (fork->ranOutOfMemory()) {
+        throw std::bad_alloc();
+    }
 }
 
 /// One call a task, so that the number of tasks at once can follow what the calls fetch.
 void WorkerPool::help(const std::shared_ptr<Fork>& fork) {
-    enqueue(
+    core_->enqueue(
         [this, fork] {
             if (fork->takePart()) {
                 help(fork);
             }
         },
         true);
-}
-
-void WorkerPool::enqueue(Task task, bool ahead) {
-    bool needsThread = false;
-    {
-        const std::lock_guard lock(mutex_);
-        if (ahead) {
-            queue_.push_front(std::move(task));
-        } else {
-            queue_.push_back(std::move(task));
-        }
-        // A worker that has been woken still counts as idle, so tasks are held against workers.
-        needsThread = queue_.size() > idle_ && threads_.size() < atOnce_ && !ending_;
-        if (needsThread) {
-            threads_.emplace_back([this] { work(); });
-        }
-    }
-    if (!needsThread) {
-        wake_.notify_one();
-    }
-}
-
-void WorkerPool::work() {
-    std::unique_lock lock(mutex_);
-    while (true) {
-        ++idle_;
-        wake_.wait(lock, [this] { return mayStart() || (ending_ && queue_.empty()); });
-        --idle_;
-        if (queue_.empty()) {
-            return;
-        }
-        Task task = std::move(queue_.front());
-        queue_.pop_front();
-        if (ending_ && queue_.empty()) {
-            // Nothing will be queued for those who still wait for their turn.
-            wake_.notify_all();
-        }
-        ++running_;
-        lock.unlock();
-        const std::uint64_t before = deviceReads_();
-        task();
-        task = nullptr;
-        const bool fetched = deviceReads_() != before;
-        lock.lock();
-        --running_;
-        adjust(fetched);
-    }
-}
-
-void WorkerPool::adjust(bool fetchedFromDevice) {
-    if (!fetchedFromDevice) {
-        atOnce_ = std::max(limits_.cores, atOnce_ - 1);
-        return;
-    }
-    atOnce_ = std::min(limits_.width, atOnce_ + 1);
-    if (queue_.empty() || running_ + 1 >= atOnce_) {
-        return;
-    }
-    if (idle_ > 0) {
-        wake_.notify_one();
-    } else if (threads_.size() < atOnce_ && !ending_) {
-        threads_.emplace_back([this] { work(); });
-    }
 }
 
 }  // namespace tarvin

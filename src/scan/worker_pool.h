@@ -2,15 +2,11 @@
 
 #include "platform/thread_usage.h"
 
-#include <condition_variable>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <memory>
-#include <mutex>
-#include <thread>
-#include <vector>
 
 namespace tarvin {
 
@@ -21,7 +17,11 @@ namespace tarvin {
 /// to the pool's width, and each that had not takes one away: the number of reads in flight follows
 /// the device, and a warm cache is not thrashed by idle threads.
 ///
-/// All functions may be called on any thread, from inside a task too.
+/// A task may hang in a call that does not return (a dead network mount). allowForStuck() lets
+/// others run in its place; abandon() leaves it behind.
+///
+/// All functions may be called on any thread, from inside a task too, except where they say
+/// otherwise.
 class WorkerPool final {
  public:
     using Task = std::function<void()>;
@@ -31,7 +31,8 @@ class WorkerPool final {
     static constexpr std::size_t filesAShare = 32;
 
     /// How many tasks run at once: at least `cores`, at most `width`. Threads are started when the
-    /// first task wants them.
+    /// first task wants them. Where the system gives fewer threads, there are fewer; where it gives
+    /// none, tasks wait for runOneHere().
     struct Limits {
         unsigned cores = 1;
         unsigned width = 1;
@@ -46,40 +47,50 @@ class WorkerPool final {
 
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;
-    /// Runs what is still queued, then ends the threads.
+    /// Runs what is still queued, then ends the threads; unless they were abandoned.
     ~WorkerPool();
+
+    /// What tasks use is kept alive by `owner`: each thread holds it while it runs a task. Before
+    /// the first task.
+    void keepAlive(std::weak_ptr<void> owner);
 
     /// Queues a task behind all others.
     void submit(Task task);
 
     /// Calls `body(0)` to `body(count - 1)`, in any order and up to width() at once, on this thread
     /// and on free workers, ahead of queued tasks. Returns when all calls have. Never waits for a
-    /// worker that has not begun, so it may be used inside a task.
+    /// worker that has not begun, so it may be used inside a task. Throws std::bad_alloc if a call
+    /// did; the other calls have been made then, too.
     void forEach(std::size_t count, const std::function<void(std::size_t)>& body);
 
-    [[nodiscard]] unsigned cores() const { return limits_.cores; }
-    /// The most that ever runs at once, not counting threads that wait in forEach().
-    [[nodiscard]] unsigned width() const { return limits_.width; }
+    /// Runs the next task on this thread if the system gave the pool no thread of its own; false if
+    /// there is nothing to do or a worker will do it. For whoever waits for a task.
+    bool runOneHere();
+
+    /// That many running tasks are stuck in a call: so many more may run beside them.
+    void allowForStuck(unsigned tasks);
+
+    /// Runs what is queued, waits until no task runs and ends the threads. False if tasks still run
+    /// after `patience`; the pool goes on then. Not inside a task.
+    [[nodiscard]] bool endWithin(std::chrono::milliseconds patience);
+    /// Drops what is queued and leaves the tasks that run to themselves; their threads end with
+    /// them. What they use must be kept alive by keepAlive().
+    void abandon();
+    [[nodiscard]] bool isAbandoned() const;
+
+    [[nodiscard]] unsigned cores() const;
+    /// The most that ever runs at once, not counting threads that wait in forEach() and stuck
+    /// tasks.
+    [[nodiscard]] unsigned width() const;
 
  private:
+    class Core;
     class Fork;
 
-    void enqueue(Task task, bool ahead);
     void help(const std::shared_ptr<Fork>& fork);
-    void work();
-    void adjust(bool fetchedFromDevice);
-    [[nodiscard]] bool mayStart() const { return !queue_.empty() && running_ < atOnce_; }
 
-    const Limits limits_;
-    const DeviceReads deviceReads_;
-    std::mutex mutex_;
-    std::condition_variable wake_;
-    std::deque<Task> queue_;            // guarded by mutex_
-    std::vector<std::thread> threads_;  // guarded by mutex_
-    unsigned running_ = 0;              // guarded by mutex_
-    unsigned idle_ = 0;                 // guarded by mutex_
-    unsigned atOnce_ = 1;               // guarded by mutex_
-    bool ending_ = false;               // guarded by mutex_
+    // Shared with the threads, so that one that was abandoned finds it when its call returns.
+    const std::shared_ptr<Core> core_;
 };
 
 }  // namespace tarvin

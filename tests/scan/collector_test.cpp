@@ -4,6 +4,7 @@
 #include "support/faulty_file_system.h"
 #include "support/file_tree.h"
 #include "support/mount.h"
+#include "support/scan_tools.h"
 #include "support/waiting.h"
 
 #include <dirent.h>
@@ -122,6 +123,7 @@ struct Collection {
     Collector::Outcome outcome = Collector::Outcome::stopped;
     CategoryLists lists;
     std::vector<UnreadableLocation> unreadable;
+    UnreadableReport unreadableInside;
     std::vector<LocationRow> rows;  // what is left of them
 
     /// The paths of all files, category by category, in the order of collection.
@@ -143,12 +145,13 @@ class CollectorTest : public testing::Test {
     Collection collect(std::vector<LocationRow> rows, WorkerPool::Limits workers = {2, 4}) {
         Collection collection;
         collection.rows = std::move(rows);
-        WorkerPool pool(workers);
+        ScanTools tools(fileSystem_, workers);
         ProgressGate gate(labelInterval_);
-        Collector collector(fileSystem_, pool, control_, exceptions_, observer_, gate,
+        Collector collector(tools.servicesWith(control_), exceptions_, observer_, gate,
                             collection.lists);
         collection.outcome = collector.addAllPhotos(collection.rows);
         collection.unreadable = collector.unreadableLocations();
+        collection.unreadableInside = tools.unreadable().report();
         return collection;
     }
 
@@ -691,6 +694,36 @@ TEST_F(CollectorTest, DoesNotWalkTheTrashOfTheHomeEvenAsALocation) {
     EXPECT_EQ(collection.unreadable.size(), 2u);
 }
 
+class TrashAsALocation : public CollectorTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(TrashAsALocation, IsNotWalkedAndTold) {
+    write({"volume/.Trash/1000/files/a.txt", "volume/.Trash-1000/files/b.txt", "home/files/c.txt",
+           "there.txt"});
+    fileSystem_.setHomeTrash(identityOf(tree_.pathOf("home")));
+    tree_.makeLink("link", tree_.pathOf(GetParam()));
+    const Collection collection =
+        collect(folderRows({tree_.pathOf(GetParam()), tree_.pathOf("link")}));
+    EXPECT_EQ(collection.outcome, Collector::Outcome::nothing);
+    ASSERT_EQ(collection.unreadable.size(), 2U);
+    EXPECT_EQ(collection.unreadable[0].path, tree_.pathOf(GetParam()));
+    EXPECT_EQ(collection.unreadable[1].path, tree_.pathOf("link"));
+    EXPECT_TRUE(collection.unreadable[0].isTrash);
+    EXPECT_TRUE(collection.unreadable[1].isTrash);
+}
+
+INSTANTIATE_TEST_SUITE_P(Places, TrashAsALocation,
+                         testing::Values("volume/.Trash", "volume/.Trash/1000/files",
+                                         "volume/.Trash-1000", "volume/.Trash-1000/files", "home",
+                                         "home/files"),
+                         [](const auto& info) { return "Place" + std::to_string(info.index); });
+
+TEST_F(CollectorTest, ALockedFileThatIsNeverCollectedIsNotShown) {
+    write({"Makefile", "README"});
+    fileSystem_.setImmutable(tree_.pathOf("Makefile"));
+    collectTree();
+    EXPECT_EQ(labels(), Names{"README"});
+}
+
 TEST_F(CollectorTest, NeverOpensWhatIsNoFolder) {
     write({"a.txt"});
     tree_.makePipe("pipe.txt");
@@ -945,6 +978,13 @@ class PlainWalk final {
     PlainWalk(std::set<std::string> exceptions, bool sorted)
         : exceptions_(std::move(exceptions)), sorted_(sorted) {}
 
+    /// A location inside a Trash is not walked.
+    void walkLocation(const std::string& location) {
+        if (("/" + location + "/").find("/.Trash-12/") == std::string::npos) {
+            walk(location);
+        }
+    }
+
     void walk(const std::string& folder) {
         struct stat own {};
         if (::stat(folder.c_str(), &own) != 0 || !S_ISDIR(own.st_mode) ||
@@ -1081,7 +1121,7 @@ TEST_F(RandomTrees, AreCollectedAsByAPlainWalk) {
             fileSystem_.setListingOrder(sorted ? ListingOrder::sorted : ListingOrder::asListed);
             PlainWalk plain(exceptions, sorted);
             for (const std::string& row : rows) {
-                plain.walk(row);
+                plain.walkLocation(row);
             }
             exceptions_ = ExceptionFilter({exceptions.begin(), exceptions.end()});
             for (const WorkerPool::Limits workers :

@@ -164,10 +164,10 @@ class StoppingBench {
     explicit StoppingBench(std::string at) : at_(std::move(at)), observer_(*this) {}
 
     std::shared_ptr<Modal> find(std::vector<File*>& list, FileStore& store) {
-        WorkerPool pool({2, 2});
+        ScanTools tools(systemFileSystem(), {2, 2});
         ProgressGate gate(std::chrono::milliseconds(0));
         std::atomic<std::uint64_t> processed{0};
-        DuplicateFinder finder(systemFileSystem(), pool, control_, observer_, gate, processed);
+        DuplicateFinder finder(tools.servicesWith(control_), observer_, gate, processed);
         return finder.findDuplicates(list, store);
     }
 
@@ -190,27 +190,29 @@ class StoppingBench {
     Observer observer_;
 };
 
-TEST(DuplicateFinder, AStopInsideAGroupFilesWhatIsGathered) {
+TEST(DuplicateFinder, AStopInsideASetFilesTheWholeSet) {
     ComparisonBench files;
     const std::string a = files.add("a.jpg", "same")->filePath();
     const std::string b = files.add("b.jpg", "same")->filePath();
-    files.add("c.jpg", "same");
+    const std::string c = files.add("c.jpg", "same")->filePath();
     files.add("d.jpg", "other");
+    files.add("e.jpg", "single");
     const auto modal = StoppingBench("/b.jpg").find(files.list(), files.store());
-    const PlainResult expected{{"jpg", {{a, b}}}};
+    const PlainResult expected{{"jpg", {{a, b, c}}}};
     EXPECT_EQ(plainResultOf(*modal), expected);
-    // The next pivot, c, had left the list before the stop was noticed.
-    EXPECT_EQ(files.list().size(), 1U);
+    // The next pivot, d, had left the list before the stop was noticed.
+    ASSERT_EQ(files.list().size(), 1U);
+    EXPECT_EQ(files.list()[0]->fileName(), "e.jpg");
 }
 
-TEST(DuplicateFinder, AStopAtAPivotKeepsTheSetsBeforeIt) {
+TEST(DuplicateFinder, AStopAtAPivotKeepsTheSetsBeforeItAndThoseThatAreProven) {
     ComparisonBench files;
     const std::string a = files.add("a.jpg", "same")->filePath();
     const std::string b = files.add("b.jpg", "same")->filePath();
-    files.add("c.jpg", "twin");
-    files.add("d.jpg", "twin");
+    const std::string c = files.add("c.jpg", "twin")->filePath();
+    const std::string d = files.add("d.jpg", "twin")->filePath();
     const auto modal = StoppingBench("/c.jpg").find(files.list(), files.store());
-    const PlainResult expected{{"jpg", {{a, b}}}};
+    const PlainResult expected{{"jpg", {{a, b}, {c, d}}}};
     EXPECT_EQ(plainResultOf(*modal), expected);
 }
 

@@ -5,6 +5,7 @@
 #include "support/faulty_file_system.h"
 #include "support/file_tree.h"
 #include "support/pairwise_finder.h"
+#include "support/scan_tools.h"
 
 #include <gtest/gtest.h>
 
@@ -65,12 +66,11 @@ class RandomScan : public ::testing::TestWithParam<unsigned> {
     /// What a single worker collects, in its order.
     CategoryLists collect() {
         CategoryLists lists;
-        WorkerPool pool({1, 1});
-        ScanControl control;
+        ScanTools tools(fileSystem_, {1, 1});
         ProgressGate gate{std::chrono::hours(1)};
         const ExceptionFilter exceptions;
         SilentObserver observer;
-        Collector collector(fileSystem_, pool, control, exceptions, observer, gate, lists);
+        Collector collector(tools.services(), exceptions, observer, gate, lists);
         std::vector<LocationRow> rows = locations();
         EXPECT_EQ(collector.addAllPhotos(rows), Collector::Outcome::collected);
         return lists;

@@ -3,6 +3,7 @@
 #include "model/file_store.h"
 #include "support/faulty_file_system.h"
 #include "support/file_tree.h"
+#include "support/scan_tools.h"
 #include "support/waiting.h"
 
 #include <gtest/gtest.h>
@@ -57,8 +58,8 @@ class TreeReaderTest : public testing::Test {
     TreeReader& reader(TreeReader::Interest interest = everything,
                        WorkerPool::Limits limits = {2, 4}) {
         reader_ = nullptr;
-        pool_ = std::make_unique<WorkerPool>(limits);
-        reader_ = std::make_unique<TreeReader>(fileSystem_, *pool_, control_, interest);
+        tools_ = std::make_unique<ScanTools>(fileSystem_, limits);
+        reader_ = std::make_unique<TreeReader>(tools_->servicesWith(control_), interest);
         return *reader_;
     }
 
@@ -111,7 +112,7 @@ class TreeReaderTest : public testing::Test {
         auto since = std::chrono::steady_clock::now();
         while (std::chrono::steady_clock::now() - since < 100ms) {
             std::promise<void> promise;
-            pool_->submit([&] { promise.set_value(); });
+            tools_->pool().submit([&] { promise.set_value(); });
             promise.get_future().wait();
             const std::uint64_t now = fileSystem_.entriesListed();
             if (now != listed) {
@@ -133,7 +134,7 @@ class TreeReaderTest : public testing::Test {
     FaultyFileSystem fileSystem_;
     ScanControl control_;
     std::shared_ptr<FileStore> store_ = FileStore::create();
-    std::unique_ptr<WorkerPool> pool_;
+    std::unique_ptr<ScanTools> tools_;
     std::unique_ptr<TreeReader> reader_;
     std::unique_ptr<TreeReader::Block> block_;
 };
@@ -490,10 +491,10 @@ TEST_F(TreeReaderTest, ListsNothingDuringAPause) {
 
 TEST_F(TreeReaderTest, LetsTheWalkWaitOutAPauseInItsOwnWay) {
     fileSystem_.inventFiles(tree_.path(), 20'000);
-    WorkerPool pool({2, 4});
+    ScanTools tools(fileSystem_, {2, 4});
     int waits = 0;
     const std::thread::id here = std::this_thread::get_id();
-    TreeReader reader(fileSystem_, pool, control_, everything, [&] {
+    TreeReader reader(tools.servicesWith(control_), everything, [&] {
         EXPECT_EQ(std::this_thread::get_id(), here);
         ++waits;
         control_.setPause(false);

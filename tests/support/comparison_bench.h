@@ -3,6 +3,7 @@
 #include "model/file_store.h"
 #include "platform/file_system.h"
 #include "scan/duplicate_finder.h"
+#include "support/scan_tools.h"
 #include "support/temporary_folder.h"
 
 #include <atomic>
@@ -20,7 +21,7 @@ class ComparisonBench final : public ScanObserver {
  public:
     explicit ComparisonBench(FileSystem& fileSystem = systemFileSystem(),
                              WorkerPool::Limits workers = {2, 4})
-        : pool_(workers), finder_(fileSystem, pool_, control_, *this, gate_, processed_) {}
+        : tools_(fileSystem, workers), finder_(tools_.services(), *this, gate_, processed_) {}
 
     /// Writes a file and puts it at the end of the list.
     File* add(std::string_view name, std::string_view content) {
@@ -51,7 +52,8 @@ class ComparisonBench final : public ScanObserver {
 
     [[nodiscard]] TemporaryFolder& folder() { return folder_; }
     [[nodiscard]] std::vector<File*>& list() { return list_; }
-    [[nodiscard]] ScanControl& control() { return control_; }
+    [[nodiscard]] ScanControl& control() { return tools_.control(); }
+    [[nodiscard]] UnreadableReport unreadable() const { return tools_.unreadable().report(); }
     [[nodiscard]] DuplicateFinder& finder() { return finder_; }
     [[nodiscard]] FileStore& store() { return *store_; }
     [[nodiscard]] std::uint64_t processed() const { return processed_; }
@@ -60,8 +62,7 @@ class ComparisonBench final : public ScanObserver {
     TemporaryFolder folder_;
     std::shared_ptr<FileStore> store_ = FileStore::create();
     std::vector<File*> list_;
-    WorkerPool pool_;
-    ScanControl control_;
+    ScanTools tools_;
     ProgressGate gate_{std::chrono::milliseconds(0)};
     std::atomic<std::uint64_t> processed_{0};
     DuplicateFinder finder_;

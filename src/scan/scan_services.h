@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/file_system.h"
+#include "scan/io_watch.h"
+#include "scan/scan_control.h"
+#include "scan/unreadable.h"
+#include "scan/worker_pool.h"
+
+namespace tarvin {
+
+/// What every part of one scan works with. References only; all of them must outlive the parts and
+/// their tasks.
+struct ScanServices {
+    FileSystem& fileSystem;
+    WorkerPool& pool;
+    ScanControl& control;
+    IoWatch& watch;
+    UnreadableLog& unreadable;
+};
+
+}  // namespace tarvin

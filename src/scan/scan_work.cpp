@@ -1,0 +1,157 @@
+#include "scan/scan_work.h"
+
+#include <new>
+#include <utility>
+
+namespace tarvin {
+
+std::shared_ptr<ScanWork> ScanWork::create(FileSystem& fileSystem, ScanObserver& observer,
+                                           Settings settings) {
+    std::shared_ptr<ScanWork> work(new ScanWork(fileSystem, observer, settings));
+    work->pool_.keepAlive(work);
+    return work;
+}
+
+ScanWork::ScanWork(FileSystem& fileSystem, ScanObserver& observer, Settings settings)
+    : observer_(observer),
+      gate_(settings.progressInterval),
+      pool_(settings.workers),
+      services_{fileSystem, pool_, control_, watch_, unreadable_} {}
+
+ScanWork::~ScanWork() = default;
+
+void ScanWork::setInputs(std::vector<LocationRow> rows, ExceptionFilter exceptions) {
+    rows_ = std::move(rows);
+    exceptions_ = std::move(exceptions);
+}
+
+void ScanWork::collect() {
+    Collector::Outcome outcome = Collector::Outcome::stopped;
+    try {
+        collector_.emplace(services_, exceptions_, observer_, gate_, lists_);
+        outcome = collector_->addAllPhotos(rows_);
+        unreadableLocations_ = collector_->unreadableLocations();
+    } catch (const std::bad_alloc&) {
+        control_.stopForLackOfMemory();
+    }
+    if (control_.outOfMemory()) {
+        outcome = Collector::Outcome::stopped;
+    }
+    // After a stop workers may be inside folders; they end in their own time.
+    if (!control_.stop()) {
+        collector_.reset();
+    }
+    endCollection(outcome);
+}
+
+void ScanWork::endCollection(Collector::Outcome outcome) {
+    const std::lock_guard lock(mutex_);
+    outcome_ = outcome;
+    collected_ = true;
+    changed_.notify_all();
+}
+
+bool ScanWork::waitForCollection(std::chrono::milliseconds patience) {
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, patience, [this] { return collected_; });
+}
+
+void ScanWork::prepareComparison() {
+    auto finder = std::make_unique<DuplicateFinder>(services_, observer_, gate_, processed_);
+    const std::lock_guard lock(mutex_);
+    finder_ = std::move(finder);
+}
+
+void ScanWork::endComparison() {
+    std::unique_ptr<DuplicateFinder> finder;
+    const std::lock_guard lock(mutex_);
+    if (finder_ != nullptr) {
+        bytesRead_ = finder_->bytesRead();
+        finder = std::move(finder_);
+    }
+}
+
+std::shared_ptr<Modal> ScanWork::compare(Category category) {
+    try {
+        return finder_->findDuplicates(lists_.of(category), *lists_.store);
+    } catch (const std::bad_alloc&) {
+        control_.stopForLackOfMemory();
+        return std::make_shared<Modal>();
+    }
+}
+
+bool ScanWork::endWorkers(std::chrono::milliseconds patience) {
+    if (pool_.endWithin(patience)) {
+        return true;
+    }
+    leaveBehind();
+    return false;
+}
+
+void ScanWork::leaveBehind() {
+    leftBehind_ = true;
+    control_.setStop(true);
+    control_.setPause(false);
+    observer_.cut();
+    pool_.abandon();
+}
+
+std::uint64_t ScanWork::bytesRead() {
+    const std::lock_guard lock(mutex_);
+    return finder_ == nullptr ? bytesRead_ : finder_->bytesRead();
+}
+
+template <class Tell>
+void ScanWork::Link::pass(const Tell& tell) {
+    const std::shared_lock lock(mutex_);
+    if (to_ != nullptr) {
+        tell(*to_);
+    }
+}
+
+void ScanWork::Link::cut() {
+    const std::unique_lock lock(mutex_);
+    to_ = nullptr;
+}
+
+void ScanWork::Link::collectionStarted() {
+    pass([](ScanObserver& to) { to.collectionStarted(); });
+}
+
+void ScanWork::Link::collecting(const std::string& path) {
+    pass([&](ScanObserver& to) { to.collecting(path); });
+}
+
+void ScanWork::Link::collectionPaused(bool paused) {
+    pass([&](ScanObserver& to) { to.collectionPaused(paused); });
+}
+
+void ScanWork::Link::nothingCollected() {
+    pass([](ScanObserver& to) { to.nothingCollected(); });
+}
+
+void ScanWork::Link::collectionFinished() {
+    pass([](ScanObserver& to) { to.collectionFinished(); });
+}
+
+void ScanWork::Link::comparisonStarted(std::uint64_t total) {
+    pass([&](ScanObserver& to) { to.comparisonStarted(total); });
+}
+
+void ScanWork::Link::processing(const std::string& path, std::uint64_t processed) {
+    pass([&](ScanObserver& to) { to.processing(path, processed); });
+}
+
+void ScanWork::Link::comparisonFinished(std::uint64_t processed) {
+    pass([&](ScanObserver& to) { to.comparisonFinished(processed); });
+}
+
+void ScanWork::Link::waitingFor(const std::string& path) {
+    pass([&](ScanObserver& to) { to.waitingFor(path); });
+}
+
+void ScanWork::Link::elapsed(const std::string& text) {
+    pass([&](ScanObserver& to) { to.elapsed(text); });
+}
+
+}  // namespace tarvin

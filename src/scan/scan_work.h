@@ -1,0 +1,137 @@
+#pragma once
+
+#include "platform/platform.h"
+#include "scan/category_lists.h"
+#include "scan/collector.h"
+#include "scan/duplicate_finder.h"
+#include "scan/exception_filter.h"
+#include "scan/io_watch.h"
+#include "scan/location_row.h"
+#include "scan/progress_gate.h"
+#include "scan/scan_control.h"
+#include "scan/scan_observer.h"
+#include "scan/scan_services.h"
+#include "scan/unreadable.h"
+#include "scan/worker_pool.h"
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <shared_mutex>
+#include <string>
+#include <vector>
+
+namespace tarvin {
+
+/// Everything that the threads of one scan touch. Shared by them, so that a thread that is stuck in
+/// a call can be left behind: whenever the call returns, it finds all of this in its place, sees
+/// the stop and ends.
+class ScanWork final : public std::enable_shared_from_this<ScanWork> {
+ public:
+    struct Settings {
+        WorkerPool::Limits workers;
+        std::chrono::milliseconds progressInterval;
+    };
+
+    /// `fileSystem` must live as long as the process, `observer` until leaveBehind() or the end of
+    /// this object.
+    static std::shared_ptr<ScanWork> create(FileSystem& fileSystem, ScanObserver& observer,
+                                            Settings settings);
+    ScanWork(const ScanWork&) = delete;
+    ScanWork& operator=(const ScanWork&) = delete;
+    ~ScanWork();
+
+    /// What is to be scanned. Once, before collect().
+    void setInputs(std::vector<LocationRow> rows, ExceptionFilter exceptions);
+    /// Walks the checked folders among the rows. Once, on a thread that may be left behind.
+    void collect();
+    /// Waits for the end of collect(); false if that has not come after `patience`.
+    [[nodiscard]] bool waitForCollection(std::chrono::milliseconds patience);
+    /// These after the collection.
+    [[nodiscard]] Collector::Outcome outcome() const { return outcome_; }
+    [[nodiscard]] const std::vector<UnreadableLocation>& unreadableLocations() const {
+        return unreadableLocations_;
+    }
+    [[nodiscard]] CategoryLists& lists() { return lists_; }
+
+    /// Before the first compare() and after the last, when endWorkers() has ended them all.
+    void prepareComparison();
+    void endComparison();
+    /// The result of a category. On any thread, once each; does not get stuck.
+    [[nodiscard]] std::shared_ptr<Modal> compare(Category category);
+
+    /// Waits until no worker is inside a task, and ends them. If one is still after `patience`, it
+    /// is left behind: it tells the observer nothing more. Whether all have ended.
+    bool endWorkers(std::chrono::milliseconds patience);
+    /// Leaves behind what still runs.
+    void leaveBehind();
+    [[nodiscard]] bool isLeftBehind() const { return leftBehind_; }
+
+    [[nodiscard]] ScanControl& control() { return control_; }
+    [[nodiscard]] IoWatch& watch() { return watch_; }
+    [[nodiscard]] WorkerPool& pool() { return pool_; }
+    [[nodiscard]] ScanObserver& observer() { return observer_; }
+    [[nodiscard]] UnreadableReport unreadable() const { return unreadable_.report(); }
+    [[nodiscard]] std::uint64_t processed() const { return processed_; }
+    /// Bytes read so far by the comparison.
+    [[nodiscard]] std::uint64_t bytesRead();
+
+ private:
+    /// Passes on what a scan tells until it is cut off.
+    class Link final : public ScanObserver {
+     public:
+        explicit Link(ScanObserver& to) : to_(&to) {}
+
+        /// Waits for calls under way; then nothing is passed on any more.
+        void cut();
+
+        void collectionStarted() override;
+        void collecting(const std::string& path) override;
+        void collectionPaused(bool paused) override;
+        void nothingCollected() override;
+        void collectionFinished() override;
+        void comparisonStarted(std::uint64_t total) override;
+        void processing(const std::string& path, std::uint64_t processed) override;
+        void comparisonFinished(std::uint64_t processed) override;
+        void waitingFor(const std::string& path) override;
+        void elapsed(const std::string& text) override;
+
+     private:
+        template <class Tell>
+        void pass(const Tell& tell);
+
+        std::shared_mutex mutex_;
+        ScanObserver* to_;  // guarded by mutex_; none when cut off
+    };
+
+    ScanWork(FileSystem& fileSystem, ScanObserver& observer, Settings settings);
+    void endCollection(Collector::Outcome outcome);
+
+    ScanControl control_;
+    IoWatch watch_;
+    UnreadableLog unreadable_;
+    Link observer_;
+    ProgressGate gate_;
+    std::vector<LocationRow> rows_;
+    ExceptionFilter exceptions_;
+    CategoryLists lists_;
+    WorkerPool pool_;
+    const ScanServices services_;
+    std::optional<Collector> collector_;
+    std::unique_ptr<DuplicateFinder> finder_;  // changed with mutex_ held
+    std::vector<UnreadableLocation> unreadableLocations_;
+    Collector::Outcome outcome_ = Collector::Outcome::stopped;
+    std::atomic<std::uint64_t> processed_{0};
+    std::atomic<bool> leftBehind_{false};
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    bool collected_ = false;       // guarded by mutex_
+    std::uint64_t bytesRead_ = 0;  // guarded by mutex_; when the finder is gone
+};
+
+}  // namespace tarvin

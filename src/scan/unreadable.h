@@ -1,0 +1,78 @@
+#pragma once
+
+#include "model/file.h"
+#include "platform/result.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+namespace tarvin {
+
+/// A folder or file that a scan could not list, open or read, and why.
+struct Unreadable {
+    std::string path;  ///< absolute, native bytes
+    bool isFolder = false;
+    SystemError error;
+
+    bool operator==(const Unreadable&) const = default;
+};
+
+/// All of them after a scan.
+struct UnreadableReport {
+    std::uint64_t folders = 0;
+    std::uint64_t files = 0;
+    /// Of the files, those that had been collected: they were to be compared, and were not.
+    std::uint64_t collectedFiles = 0;
+    /// Folders first, then files, each by path. At most UnreadableLog::maxKept; the counts above
+    /// are exact.
+    std::vector<Unreadable> kept;
+
+    [[nodiscard]] std::uint64_t total() const { return folders + files; }
+};
+
+/// Whether an error means that something is there and cannot be read. An entry that was removed
+/// since its folder was listed, or replaced by a link or another kind of entry, is not unreadable.
+[[nodiscard]] bool meansUnreadable(SystemError error);
+
+/// Collects what the threads of a scan cannot read. Any thread. The folders named must live until
+/// report() has returned.
+class UnreadableLog final {
+ public:
+    /// Paths kept; some 10 MB. Beyond that failures are only counted.
+    static constexpr std::size_t maxKept = 100'000;
+
+    UnreadableLog() = default;
+    UnreadableLog(const UnreadableLog&) = delete;
+    UnreadableLog& operator=(const UnreadableLog&) = delete;
+
+    /// Ignores errors that do not mean unreadable.
+    void addFolder(const Directory& folder, SystemError error);
+    /// Of an entry that was not collected.
+    void addFile(const Directory& folder, std::string_view name, SystemError error);
+    /// Of a collected file. Counts once, though several threads may fail to read it.
+    void addFile(const File& file, SystemError error);
+
+    [[nodiscard]] UnreadableReport report() const;
+
+ private:
+    struct Entry {
+        const Directory* folder;
+        std::string name;  // empty for the folder itself
+        SystemError error;
+    };
+
+    void add(const Directory& folder, std::string_view name, SystemError error);
+
+    mutable std::mutex mutex_;
+    std::vector<Entry> entries_;                 // guarded by mutex_
+    std::uint64_t folders_ = 0;                  // guarded by mutex_
+    std::uint64_t files_ = 0;                    // guarded by mutex_
+    std::unordered_set<const File*> collected_;  // guarded by mutex_
+};
+
+}  // namespace tarvin

@@ -1,0 +1,212 @@
+#include "scan/scan_run.h"
+#include "scan/worker_pool.h"
+#include "support/comparison_bench.h"
+#include "support/fake_platform.h"
+#include "support/faulty_file_system.h"
+#include "support/file_tree.h"
+#include "support/waiting.h"
+
+#include <gtest/gtest.h>
+#include <pthread.h>
+
+#include <atomic>
+#include <chrono>
+#include <mutex>
+#include <new>
+#include <string>
+
+namespace tarvin {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// While it lives, the system has no room for the stack of a new thread.
+class NoThreads final {
+ public:
+    NoThreads() {
+        pthread_attr_init(&before_);
+        EXPECT_EQ(pthread_getattr_default_np(&before_), 0);
+        pthread_attr_t huge;
+        pthread_attr_init(&huge);
+        EXPECT_EQ(pthread_attr_setstacksize(&huge, std::size_t{1} << 46U), 0);
+        EXPECT_EQ(pthread_setattr_default_np(&huge), 0);
+        pthread_attr_destroy(&huge);
+    }
+    NoThreads(const NoThreads&) = delete;
+    NoThreads& operator=(const NoThreads&) = delete;
+    ~NoThreads() {
+        pthread_setattr_default_np(&before_);
+        pthread_attr_destroy(&before_);
+    }
+
+ private:
+    pthread_attr_t before_{};
+};
+
+TEST(ScarceThreads, AScanIsDoneOnTheCallersThread) {
+    FileTree tree;
+    for (int number = 0; number < 50; ++number) {
+        tree.writeFile("folder " + std::to_string(number) + "/a.txt", "same");
+        tree.writeFile("folder " + std::to_string(number) + "/b.mp3", noise(20'000, 1));
+    }
+    FaultyFileSystem fileSystem;
+    FakePlatform platform(fileSystem);
+    ScanObserver observer;
+    ScanRun run(platform, observer);
+    {
+        const NoThreads none;
+        run.start({{tree.path(), "", "", true, true}}, {});
+        run.wait();
+        EXPECT_FALSE(run.scanning());
+        EXPECT_EQ(run.modal()->totalFiles(), 98U);
+        run.homeCleanup();
+    }
+    EXPECT_EQ(run.modal()->totalFiles(), 0U);
+}
+
+TEST(ScarceThreads, ATaskWaitsForWhoeverWaitsForIt) {
+    const NoThreads none;
+    WorkerPool pool({2, 4});
+    int runs = 0;
+    pool.submit([&] { ++runs; });
+    pool.submit([&] { ++runs; });
+    EXPECT_EQ(runs, 0);
+    EXPECT_TRUE(pool.runOneHere());
+    EXPECT_EQ(runs, 1);
+    EXPECT_TRUE(pool.runOneHere());
+    EXPECT_FALSE(pool.runOneHere());
+    EXPECT_EQ(runs, 2);
+}
+
+TEST(ScarceThreads, APoolWithoutThreadsRunsWhatIsQueuedAtItsEnd) {
+    const NoThreads none;
+    int runs = 0;
+    {
+        WorkerPool pool({2, 4});
+        pool.submit([&] { ++runs; });
+        pool.forEach(5, [&](std::size_t) { ++runs; });
+    }
+    EXPECT_EQ(runs, 6);
+}
+
+TEST(ScarceThreads, TasksOfWorkersAreLeftToThem) {
+    WorkerPool pool({1, 1});
+    std::mutex gate;
+    gate.lock();
+    std::atomic<int> runs{0};
+    pool.submit([&] { const std::lock_guard pass(gate); });
+    pool.submit([&] { ++runs; });
+    EXPECT_FALSE(pool.runOneHere());
+    EXPECT_EQ(runs, 0);
+    gate.unlock();
+    EXPECT_TRUE(waitUntil([&] { return runs == 1; }));
+}
+
+TEST(StuckTasks, LetOthersRunInTheirPlace) {
+    WorkerPool pool({1, 1});
+    std::mutex gate;
+    gate.lock();
+    std::atomic<bool> stuck{false};
+    std::atomic<int> runs{0};
+    pool.submit([&] {
+        stuck = true;
+        const std::lock_guard pass(gate);
+    });
+    ASSERT_TRUE(waitUntil([&] { return stuck.load(); }));
+    for (int task = 0; task < 10; ++task) {
+        pool.submit([&] { ++runs; });
+    }
+    EXPECT_EQ(runs, 0);
+    pool.allowForStuck(1);
+    EXPECT_TRUE(waitUntil([&] { return runs == 10; }));
+    gate.unlock();
+}
+
+TEST(StuckTasks, AreNotWaitedForLongerThanAsked) {
+    WorkerPool pool({1, 1});
+    std::mutex gate;
+    gate.lock();
+    pool.submit([&] { const std::lock_guard pass(gate); });
+    EXPECT_FALSE(pool.endWithin(20ms));
+    gate.unlock();
+    EXPECT_TRUE(pool.endWithin(testPatience));
+}
+
+TEST(StuckTasks, KeepWhatTheyUseAliveWhenTheyAreAbandoned) {
+    struct Owner {
+        std::mutex gate;
+        std::atomic<int> ended{0};
+        WorkerPool pool{WorkerPool::Limits{1, 1}};
+    };
+    auto owner = std::make_shared<Owner>();
+    const std::weak_ptr<Owner> watch = owner;
+    owner->pool.keepAlive(owner);
+    std::atomic<bool> dropped{true};
+    std::atomic<bool> stuck{false};
+    std::mutex gate;  // outlives the task, as a device outlives a call
+    gate.lock();
+    owner->pool.submit([&, raw = owner.get()] {
+        stuck = true;
+        const std::lock_guard pass(gate);
+        ++raw->ended;
+    });
+    owner->pool.submit([&] { dropped = false; });
+    ASSERT_TRUE(waitUntil([&] { return stuck.load(); }));
+    owner->pool.abandon();
+    EXPECT_TRUE(owner->pool.isAbandoned());
+    owner = nullptr;
+    EXPECT_FALSE(watch.expired());
+    gate.unlock();
+    EXPECT_TRUE(waitUntil([&] { return watch.expired(); }));
+    EXPECT_TRUE(dropped);
+}
+
+TEST(ScarceMemory, OfACallInForEachReachesTheCaller) {
+    WorkerPool pool({2, 4});
+    std::atomic<int> calls{0};
+    EXPECT_THROW(pool.forEach(20,
+                              [&](std::size_t index) {
+                                  ++calls;
+                                  if (index == 7) {
+                                      throw std::bad_alloc();
+                                  }
+                              }),
+                 std::bad_alloc);
+    EXPECT_EQ(calls, 20);
+}
+
+class ScarceMemoryInAScan : public ::testing::TestWithParam<FileCall> {};
+
+TEST_P(ScarceMemoryInAScan, EndsTheScanAndIsTold) {
+    FileTree tree;
+    for (int number = 0; number < 100; ++number) {
+        tree.writeFile("f/" + std::to_string(number) + ".txt", noise(20'000, 1));
+        tree.writeFile("g/" + std::to_string(number) + ".mp3", "small");
+    }
+    FaultyFileSystem fileSystem;
+    FakePlatform platform(fileSystem);
+    ScanObserver observer;
+    fileSystem.beforeCall(GetParam(), 2, [] { throw std::bad_alloc(); });
+    ScanRun run(platform, observer);
+    run.start({{tree.path(), "", "", true, true}}, {});
+    run.wait();
+    EXPECT_TRUE(run.ranOutOfMemory());
+    EXPECT_FALSE(run.scanning());
+    EXPECT_FALSE(run.wasStopped());
+    run.homeCleanup();
+    EXPECT_FALSE(run.ranOutOfMemory());
+    run.start({{tree.path(), "", "", true, true}}, {});
+    run.wait();
+    EXPECT_EQ(run.modal()->totalFiles(), 198U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Calls, ScarceMemoryInAScan,
+                         ::testing::Values(FileCall::openDirectoryAt, FileCall::listEntries,
+                                           FileCall::attributesAt, FileCall::openFile,
+                                           FileCall::readAt),
+                         [](const auto& info) {
+                             return "Call" + std::to_string(static_cast<int>(info.param));
+                         });
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,260 @@
+#include "scan/unreadable.h"
+
+#include "scan/open_patiently.h"
+#include "scan/scan_run.h"
+#include "support/comparison_bench.h"
+#include "support/fake_platform.h"
+#include "support/faulty_file_system.h"
+#include "support/file_tree.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+using namespace std::chrono_literals;
+
+using Told = std::vector<std::pair<std::string, int>>;
+
+/// What a scan of a tree tells of that it could not read.
+class UnreadableTest : public ::testing::Test {
+ protected:
+    const UnreadableReport& scan() {
+        fileSystem_.setListingOrder(ListingOrder::sorted);
+        run_.start({{tree_.path(), "", "", true, true}}, {});
+        run_.wait();
+        return run_.unreadable();
+    }
+
+    /// Paths inside the tree, a slash behind folders.
+    [[nodiscard]] Told told(const UnreadableReport& report) const {
+        Told told;
+        for (const Unreadable& unreadable : report.kept) {
+            told.emplace_back(
+                unreadable.path.substr(tree_.path().size() + 1) + (unreadable.isFolder ? "/" : ""),
+                unreadable.error.code);
+        }
+        return told;
+    }
+
+    FileTree tree_;
+    FaultyFileSystem fileSystem_{systemFileSystem()};
+    FakePlatform platform_{fileSystem_};
+    ScanObserver observer_;
+    ScanRun run_{platform_, observer_};
+};
+
+TEST_F(UnreadableTest, NothingIsToldIfAllIsReadable) {
+    tree_.writeFile("a/1.txt", "same");
+    tree_.writeFile("b/2.txt", "same");
+    const UnreadableReport& report = scan();
+    EXPECT_EQ(report.total(), 0U);
+    EXPECT_TRUE(report.kept.empty());
+    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+}
+
+class UnreadableFolder : public UnreadableTest, public ::testing::WithParamInterface<int> {};
+
+TEST_P(UnreadableFolder, IsToldIfItCannotBeOpened) {
+    tree_.writeFile("a/1.txt", "same");
+    tree_.writeFile("closed/2.txt", "same");
+    tree_.writeFile("z/3.txt", "same");
+    fileSystem_.failCall(FileCall::openDirectoryAt, FaultyFileSystem::each, GetParam(), "closed");
+    EXPECT_EQ(told(scan()), (Told{{"closed/", GetParam()}}));
+    EXPECT_EQ(run_.unreadable().folders, 1U);
+    EXPECT_EQ(run_.unreadable().files, 0U);
+    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+}
+
+TEST_P(UnreadableFolder, IsToldIfItCannotBeListedToItsEnd) {
+    tree_.writeFile("bad/1.txt", "same");
+    tree_.writeFile("z/2.txt", "same");
+    fileSystem_.failCall(FileCall::listEntries, 2, GetParam(), "bad");
+    EXPECT_EQ(told(scan()), (Told{{"bad/", GetParam()}}));
+    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Errors, UnreadableFolder, ::testing::Values(EACCES, EIO, ESTALE, EPERM));
+
+TEST_F(UnreadableTest, AFileWithoutAttributesIsTold) {
+    tree_.writeFile("a.txt", "same");
+    tree_.writeFile("b.txt", "same");
+    tree_.writeFile("c.txt", "same");
+    fileSystem_.failCall(FileCall::attributesAt, FaultyFileSystem::each, EIO, "b.txt");
+    EXPECT_EQ(told(scan()), (Told{{"b.txt", EIO}}));
+    // It was never collected, so it is not missing among those compared.
+    EXPECT_EQ(run_.unreadable().collectedFiles, 0U);
+    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+}
+
+struct FailingRead {
+    FileCall call;
+    int error;
+    std::size_t size;
+};
+
+class UnreadableFile : public UnreadableTest, public ::testing::WithParamInterface<FailingRead> {};
+
+TEST_P(UnreadableFile, IsToldAndInNoSet) {
+    tree_.writeFile("a.txt", noise(GetParam().size, 1));
+    tree_.writeFile("b.txt", noise(GetParam().size, 1));
+    tree_.writeFile("c.txt", noise(GetParam().size, 1));
+    fileSystem_.failCall(GetParam().call, FaultyFileSystem::each, GetParam().error, "b.txt");
+    EXPECT_EQ(told(scan()), (Told{{"b.txt", GetParam().error}}));
+    EXPECT_EQ(run_.unreadable().files, 1U);
+    EXPECT_EQ(run_.unreadable().collectedFiles, 1U);
+    EXPECT_EQ(run_.collected(Category::documents), 3U);
+    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, UnreadableFile,
+                         ::testing::Values(FailingRead{FileCall::openFile, EACCES, 4},
+                                           FailingRead{FileCall::openFile, ESTALE, 20'000},
+                                           FailingRead{FileCall::readAt, EIO, 4},
+                                           FailingRead{FileCall::readAt, EIO, 20'000},
+                                           FailingRead{FileCall::readAt, EIO, 9'000'000},
+                                           FailingRead{FileCall::attributesOf, EIO, 20'000}),
+                         [](const auto& info) { return "Way" + std::to_string(info.index); });
+
+TEST_F(UnreadableTest, AFileOfALargeClassCountsOnce) {
+    for (int number = 100; number < 300; ++number) {
+        tree_.writeFile(std::to_string(number) + ".txt", noise(100'000, 1));
+    }
+    fileSystem_.failCall(FileCall::readAt, FaultyFileSystem::each, EIO, "150.txt");
+    EXPECT_EQ(told(scan()), (Told{{"150.txt", EIO}}));
+    EXPECT_EQ(run_.unreadable().files, 1U);
+    EXPECT_EQ(run_.modal()->totalFiles(), 198U);
+}
+
+TEST_F(UnreadableTest, WhatIsGoneOrReplacedIsNotUnreadable) {
+    tree_.writeFile("a.txt", "same");
+    tree_.writeFile("b.txt", "same");
+    tree_.writeFile("folder/c.txt", "same");
+    fileSystem_.failCall(FileCall::openFile, FaultyFileSystem::each, ENOENT, "b.txt");
+    fileSystem_.failCall(FileCall::openFile, FaultyFileSystem::each, ELOOP, "a.txt");
+    fileSystem_.failCall(FileCall::openDirectoryAt, FaultyFileSystem::each, ENOTDIR, "folder");
+    EXPECT_EQ(scan().total(), 0U);
+}
+
+TEST_F(UnreadableTest, FoldersComeFirstThenFilesEachByPath) {
+    for (const char* name : {"b.txt", "a.txt", "y/1.txt", "x/1.txt"}) {
+        tree_.writeFile(name, "same");
+    }
+    fileSystem_.failCall(FileCall::openDirectoryAt, FaultyFileSystem::each, EACCES, "");
+    fileSystem_.failCall(FileCall::openFile, FaultyFileSystem::each, EIO, "");
+    EXPECT_EQ(told(scan()), (Told{{"x/", EACCES}, {"y/", EACCES}, {"a.txt", EIO}, {"b.txt", EIO}}));
+}
+
+TEST_F(UnreadableTest, AStopIsNoFailureOfAFile) {
+    for (int number = 0; number < 40; ++number) {
+        tree_.writeFile(std::to_string(number) + ".txt", noise(100'000, 1));
+    }
+    fileSystem_.beforeCall(FileCall::readAt, 30, [this] { run_.requestStop(); });
+    EXPECT_EQ(scan().total(), 0U);
+    EXPECT_TRUE(run_.wasStopped());
+}
+
+TEST_F(UnreadableTest, IsForgottenWithTheResult) {
+    tree_.writeFile("closed/2.txt", "same");
+    fileSystem_.failCall(FileCall::openDirectoryAt, FaultyFileSystem::each, EACCES, "closed");
+    scan();
+    ASSERT_EQ(run_.unreadable().total(), 1U);
+    run_.homeCleanup();
+    EXPECT_EQ(run_.unreadable().total(), 0U);
+}
+
+TEST_F(UnreadableTest, TrashFoldersAreNotToldAsUnreadable) {
+    tree_.writeFile("trash/files/1.txt", "same");
+    tree_.writeFile("a.txt", "same");
+    const auto trash = systemFileSystem().attributesAtPath(tree_.pathOf("trash"));
+    ASSERT_TRUE(trash);
+    fileSystem_.setHomeTrash(trash->identity);
+    EXPECT_EQ(scan().total(), 0U);
+    EXPECT_EQ(run_.collected(Category::documents), 1U);
+}
+
+TEST(UnreadableLogTest, KeepsABoundedNumberAndCountsAll) {
+    const auto store = FileStore::create();
+    const Directory* folder = store->addRoot("/folder");
+    UnreadableLog log;
+    for (std::size_t number = 0; number < UnreadableLog::maxKept + 10; ++number) {
+        log.addFile(*folder, std::to_string(number), SystemError{EIO});
+    }
+    log.addFolder(*folder, SystemError{EACCES});
+    const UnreadableReport report = log.report();
+    EXPECT_EQ(report.kept.size(), 100'000U);
+    EXPECT_EQ(report.files, 100'010U);
+    EXPECT_EQ(report.folders, 1U);
+    EXPECT_EQ(report.total(), 100'011U);
+}
+
+TEST_F(UnreadableTest, AFolderWaitsForDescriptorsLongerThanTwoSeconds) {
+    tree_.writeFile("a/1.txt", "same");
+    tree_.writeFile("b/2.txt", "same");
+    const auto begin = std::chrono::steady_clock::now();
+    // Others in the process and in the system hold them for as long: 5 ms lie between two tries.
+    for (std::uint64_t attempt = 1; attempt <= 500; ++attempt) {
+        const int error = attempt % 2 == 0 ? ENFILE : EMFILE;
+        fileSystem_.failCall(FileCall::openDirectoryAt, attempt, error, "/b");
+        fileSystem_.failCall(FileCall::openDirectory, attempt, error, "/b");
+    }
+    EXPECT_EQ(scan().total(), 0U);
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, 2500ms);
+    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+}
+
+TEST(OpenPatiently, GivesUpWhenNobodyClosesAnything) {
+    FaultyFileSystem fileSystem;
+    ScanControl control;
+    int tries = 0;
+    const Result<Descriptor> answer = openPatiently(
+        fileSystem, control,
+        [&]() -> Result<Descriptor> {
+            ++tries;
+            return SystemError{EMFILE};
+        },
+        50ms);
+    ASSERT_FALSE(answer);
+    EXPECT_EQ(answer.error().code, EMFILE);
+    EXPECT_GT(tries, 2);
+}
+
+TEST(OpenPatiently, WaitsForAsLongAsDescriptorsAreClosed) {
+    FaultyFileSystem fileSystem;
+    ScanControl control;
+    const FileTree tree;
+    int tries = 0;
+    const Result<Descriptor> answer = openPatiently(
+        fileSystem, control,
+        [&]() -> Result<Descriptor> {
+            // Opens and closes one each time.
+            EXPECT_TRUE(fileSystem.openDirectory(tree.path()));
+            return ++tries < 40 ? Result<Descriptor>(SystemError{EMFILE})
+                                : fileSystem.openDirectory(tree.path());
+        },
+        50ms);
+    EXPECT_TRUE(answer);
+    EXPECT_EQ(tries, 40);
+}
+
+TEST(OpenPatiently, EndsWhenTheScanIsStopped) {
+    FaultyFileSystem fileSystem;
+    ScanControl control;
+    const Result<Descriptor> answer =
+        openPatiently(fileSystem, control, [&]() -> Result<Descriptor> {
+            control.setStop(true);
+            return SystemError{ENFILE};
+        });
+    ASSERT_FALSE(answer);
+    EXPECT_EQ(answer.error().code, ENFILE);
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "scan/scan_services.h"
+
+namespace tarvin {
+
+/// What a scan's parts share, for a test that has only some of the parts.
+class ScanTools final {
+ public:
+    ScanTools(FileSystem& fileSystem, WorkerPool::Limits workers)
+        : fileSystem_(fileSystem), pool_(workers) {}
+
+    [[nodiscard]] ScanServices services() { return servicesWith(control_); }
+    /// The same with the flags of somebody else.
+    [[nodiscard]] ScanServices servicesWith(ScanControl& control) {
+        return {fileSystem_, pool_, control, watch_, unreadable_};
+    }
+
+    [[nodiscard]] WorkerPool& pool() { return pool_; }
+    [[nodiscard]] ScanControl& control() { return control_; }
+    [[nodiscard]] const UnreadableLog& unreadable() const { return unreadable_; }
+
+ private:
+    FileSystem& fileSystem_;
+    ScanControl control_;
+    IoWatch watch_;
+    UnreadableLog unreadable_;
+    WorkerPool pool_;
+};
+
+}  // namespace tarvin
