@@ -37,8 +37,8 @@ constexpr const char* cleanExamples =
     "\n"
     "Exit status:\n"
     "  0    all duplicates were moved, or would be, or you said no\n"
-    "  1    a folder could not be read, a file was not moved or something could not\n"
-    "       be written\n"
+    "  1    a folder or file could not be read, a file was not moved, there was not\n"
+    "       enough memory or something could not be written\n"
     "  2    the command line is wrong, there is nobody to ask and no --yes, or the\n"
     "       exceptions list or the place of the result is of no use; nothing was done\n"
     "  130  stopped by Ctrl-C or by the signal TERM or HUP";
@@ -95,6 +95,10 @@ ExitStatus CleanCommand::clean(OutputFile& output, ExceptionFilter exceptions) {
     // Before the look at the flag: a signal that comes earlier is seen here, a later one ends the
     // program.
     stage_ = asks ? Stage::asking : Stage::scanning;
+    if (scan.ranOutOfMemory()) {
+        complain("nothing was moved");
+        return ExitStatus::incomplete;
+    }
     if (scan.report().stopped || control_.stopDeletion()) {
         complain("stopped; nothing was moved");
         return ExitStatus::stopped;

@@ -6,6 +6,8 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,9 +16,23 @@ namespace tarvin {
 
 namespace {
 
+// More of what lies inside the given folders is counted, not named.
+constexpr std::size_t maxNamed = 20;
+
 void complainAboutAll(const std::vector<UnreadableLocation>& locations) {
     for (const UnreadableLocation& location : locations) {
-        complainAbout(location.path, location.error.text());
+        complainAbout(location.path, reasonOf(location));
+    }
+}
+
+void complainAboutAll(const UnreadableReport& unreadable) {
+    const std::size_t named = std::min(maxNamed, unreadable.kept.size());
+    for (std::size_t entry = 0; entry < named; ++entry) {
+        complainAbout(unreadable.kept[entry].path, unreadable.kept[entry].error.text());
+    }
+    if (unreadable.total() > named) {
+        complain(std::to_string(unreadable.total() - named) +
+                 " more folders and files could not be read");
     }
 }
 
@@ -39,10 +55,25 @@ void FolderScan::wait() {
     }
     complainAboutAll(folders_.unreadable);
     complainAboutAll(run_.unreadableLocations());
+    complainAboutAll(run_.unreadable());
+    if (run_.ranOutOfMemory()) {
+        complain("there is not enough memory to finish the scan; the result is incomplete");
+    }
 }
 
 bool FolderScan::hasReadAll() const {
-    return folders_.unreadable.empty() && run_.unreadableLocations().empty();
+    return folders_.unreadable.empty() && run_.unreadableLocations().empty() &&
+           run_.unreadable().total() == 0 && !run_.ranOutOfMemory();
+}
+
+ScanReport FolderScan::report() const {
+    ScanReport report = reportOf(run_);
+    std::vector<ScanReport::NotRead> given;
+    for (const UnreadableLocation& location : folders_.unreadable) {
+        given.push_back({location.path, reasonOf(location)});
+    }
+    report.unreadable.insert(report.unreadable.begin(), given.begin(), given.end());
+    return report;
 }
 
 bool FolderScan::showsProgress() const {

@@ -13,8 +13,8 @@
 namespace tarvin {
 
 /// The scan of a command: the folders its options name, progress on standard error if that is
-/// wanted, and a complaint about each folder that cannot be read. On the main thread, but for
-/// requestStop().
+/// wanted, and a complaint about what cannot be read: each given folder, the first twenty folders
+/// and files inside, and how many more. On the main thread, but for requestStop().
 class FolderScan final {
  public:
     FolderScan(Platform& platform, const ScanOptions& options);
@@ -27,10 +27,11 @@ class FolderScan final {
     void requestStop() { run_.requestStop(); }
 
     /// These after wait(). The report shares the result.
-    [[nodiscard]] ScanReport report() const { return reportOf(run_); }
+    [[nodiscard]] ScanReport report() const;
     [[nodiscard]] const std::shared_ptr<Modal>& modal() const { return run_.modal(); }
-    /// Whether every folder could be read.
+    /// Whether every folder and file could be read, and there was memory for the whole scan.
     [[nodiscard]] bool hasReadAll() const;
+    [[nodiscard]] bool ranOutOfMemory() const { return run_.ranOutOfMemory(); }
 
  private:
     [[nodiscard]] bool showsProgress() const;

@@ -1,5 +1,7 @@
 #include "cli/interrupt.h"
 
+#include "platform/start_thread.h"
+
 #include <utility>
 
 namespace tarvin {
@@ -39,7 +41,11 @@ Interrupt::~Interrupt() {
 void Interrupt::watch(std::function<void()> first, std::function<void()> second) {
     first_ = std::move(first);
     second_ = std::move(second);
-    thread_ = std::thread([this] { waitForSignals(); });
+    thread_ = startThread([this] { waitForSignals(); });
+    if (!thread_.joinable()) {
+        // Better the program's end than a Ctrl-C without any effect.
+        pthread_sigmask(SIG_SETMASK, &maskBefore_, nullptr);
+    }
 }
 
 void Interrupt::waitForSignals() {

@@ -128,6 +128,19 @@ void writeCollected(const ScanReport& report, Output& output) {
     output.append("}");
 }
 
+void writeUnreadable(const ScanReport& report, Output& output) {
+    output.append(R"("unreadable": [)");
+    Separator separator(output, ",");
+    for (const ScanReport::NotRead& unreadable : report.unreadable) {
+        separator.next();
+        writeName("\n    {\"path\": ", R"(, "pathBytes": )", unreadable.path, output);
+        output.append(R"(, "reason": )");
+        output.append(quoted(unreadable.reason));
+        output.append("}");
+    }
+    output.append("]");
+}
+
 /// Milliseconds are what a person can use; the point stays one in every locale.
 void writeSeconds(double seconds, Output& output) {
     std::array<char, 400> digits{};
@@ -145,6 +158,8 @@ void JsonWriter::write(const ScanReport& report, Output& output) const {
     output.append(report.stopped ? ",\n  \"stopped\": true" : ",\n  \"stopped\": false");
     output.append(",\n  \"elapsedSeconds\": ");
     writeSeconds(report.elapsedSeconds, output);
+    output.append(",\n  ");
+    writeUnreadable(report, output);
     output.append(",\n  ");
     writeCollected(report, output);
     output.append(",\n  \"categories\": [");

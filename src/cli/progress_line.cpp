@@ -3,6 +3,7 @@
 #include "cli/output.h"
 #include "cli/progress_text.h"
 #include "cli/terminal.h"
+#include "platform/start_thread.h"
 
 #include <string_view>
 #include <utility>
@@ -28,7 +29,7 @@ ProgressLine::ProgressLine(int descriptor, std::function<Progress()> look, Setti
     : descriptor_(descriptor),
       look_(std::move(look)),
       settings_(settings),
-      thread_([this] { drawUntilEnd(); }) {}
+      thread_(startThread([this] { drawUntilEnd(); })) {}
 
 ProgressLine::~ProgressLine() {
     {
@@ -36,7 +37,9 @@ ProgressLine::~ProgressLine() {
         ending_ = true;
     }
     changed_.notify_all();
-    thread_.join();
+    if (thread_.joinable()) {
+        thread_.join();
+    }
 }
 
 void ProgressLine::drawUntilEnd() {

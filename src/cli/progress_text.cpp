@@ -67,12 +67,21 @@ std::string_view timeOf(std::string_view elapsed) {
 }
 
 /// The time stays where the name has to be cut.
-std::string collectingLine(const Progress& progress, std::size_t columns) {
+std::string lineOf(std::string_view text, const Progress& progress, std::size_t columns) {
     const std::string after = "  " + std::string(timeOf(progress.elapsed));
-    const std::string text = progress.path.empty()
-                                 ? std::string(collectingFilesText())
-                                 : collectingFileText(printable(lastComponent(progress.path)));
     return std::string(cut(text, columns > after.size() ? columns - after.size() : 0)) + after;
+}
+
+std::string collectingLine(const Progress& progress, std::size_t columns) {
+    return lineOf(progress.path.empty()
+                      ? std::string(collectingFilesText())
+                      : collectingFileText(printable(lastComponent(progress.path))),
+                  progress, columns);
+}
+
+/// The whole path: what is waited for is to be found by it.
+std::string waitingLine(const Progress& progress, std::size_t columns) {
+    return lineOf(waitingForText(printable(progress.path)), progress, columns);
 }
 
 std::string comparingLine(const Progress& progress, std::size_t columns) {
@@ -87,6 +96,9 @@ std::string comparingLine(const Progress& progress, std::size_t columns) {
 }  // namespace
 
 std::string progressText(const Progress& progress, std::size_t columns) {
+    if (progress.waiting) {
+        return std::string(cut(waitingLine(progress, columns), columns));
+    }
     const std::string line =
         progress.comparing ? comparingLine(progress, columns) : collectingLine(progress, columns);
     return std::string(cut(line, columns));

@@ -29,8 +29,8 @@ constexpr const char* scanExamples =
     "\n"
     "Exit status:\n"
     "  0    the scan is done\n"
-    "  1    it is done, but a given folder could not be read or the result could not\n"
-    "       be written\n"
+    "  1    it is done, but a folder or file could not be read, there was not enough\n"
+    "       memory or the result could not be written\n"
     "  2    the command line is wrong, or a list of exceptions or the place of the\n"
     "       result is of no use; nothing was done\n"
     "  130  the scan was stopped by Ctrl-C or by the signal TERM or HUP";
@@ -65,7 +65,7 @@ ExitStatus ScanCommand::scanInto(OutputFile& output, ExceptionFilter exceptions)
     if (!write(report, output)) {
         return ExitStatus::incomplete;
     }
-    if (report.stopped) {
+    if (report.stopped && !scan.ranOutOfMemory()) {
         return ExitStatus::stopped;
     }
     return scan.hasReadAll() ? ExitStatus::done : ExitStatus::incomplete;

@@ -44,6 +44,10 @@ std::array<ScanReport::CategoryReport, allCategories.size()> ScanReport::emptyCa
     return categories;
 }
 
+std::string reasonOf(const UnreadableLocation& location) {
+    return location.isTrash ? "Trash folders are never scanned" : location.error.text();
+}
+
 ScanReport reportOf(const ScanRun& run) {
     ScanReport report;
     for (ScanReport::CategoryReport& category : report.categories) {
@@ -53,8 +57,15 @@ ScanReport reportOf(const ScanRun& run) {
             category.result = result;
         }
     }
-    report.stopped = run.wasStopped();
+    report.stopped = run.wasStopped() || run.ranOutOfMemory();
     report.elapsedSeconds = run.duration().count();
+    for (const UnreadableLocation& location : run.unreadableLocations()) {
+        report.unreadable.push_back({location.path, reasonOf(location)});
+    }
+    for (const Unreadable& unreadable : run.unreadable().kept) {
+        report.unreadable.push_back({unreadable.path, unreadable.error.text()});
+    }
+    report.notCompared = run.unreadable().collectedFiles;
     return report;
 }
 

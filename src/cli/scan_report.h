@@ -7,6 +7,8 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace tarvin {
 
@@ -19,12 +21,24 @@ struct ScanReport {
         std::shared_ptr<const Modal> result = std::make_shared<Modal>();  ///< never none
     };
 
+    struct NotRead {
+        std::string path;
+        std::string reason;
+    };
+
     /// In the order of allCategories.
     std::array<CategoryReport, allCategories.size()> categories = emptyCategories();
-    bool stopped = false;  ///< on request, before the end: there may be more duplicates
+    /// Ended early, on request or for lack of memory: there may be more duplicates.
+    bool stopped = false;
     double elapsedSeconds = 0;
+    /// The given folders that could not be read, then what could not be read inside the others.
+    std::vector<NotRead> unreadable;
+    /// Collected files among them, which were not compared.
+    std::uint64_t notCompared = 0;
 
     [[nodiscard]] std::uint64_t collected() const;
+    /// Collected files, without those that could not be read.
+    [[nodiscard]] std::uint64_t compared() const { return collected() - notCompared; }
     /// Duplicate copies, which is what could be given up, and their bytes.
     [[nodiscard]] std::uint64_t totalFiles() const;
     [[nodiscard]] std::uint64_t totalFilesSize() const;
@@ -33,6 +47,9 @@ struct ScanReport {
  private:
     static std::array<CategoryReport, allCategories.size()> emptyCategories();
 };
+
+/// Why a given folder was not scanned.
+[[nodiscard]] std::string reasonOf(const UnreadableLocation& location);
 
 /// The report of a scan that is over.
 [[nodiscard]] ScanReport reportOf(const ScanRun& run);

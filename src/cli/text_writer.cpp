@@ -75,7 +75,7 @@ void writeSummary(const ScanReport& report, Output& output) {
         output.append("The scan was stopped before its end.\n");
     }
     output.append(verdict(report));
-    output.append(counted(report.collected(), "file"));
+    output.append(counted(report.stopped ? report.collected() : report.compared(), "file"));
     output.append(report.stopped ? " collected. " : " compared. ");
     output.append(getTimeFormStringForInterval(report.elapsedSeconds));
     output.append("\n");

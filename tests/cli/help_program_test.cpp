@@ -82,8 +82,8 @@ then is written. A second Ctrl-C ends the program at once.
 
 Exit status:
   0    the scan is done
-  1    it is done, but a given folder could not be read or the result could not
-       be written
+  1    it is done, but a folder or file could not be read, there was not enough
+       memory or the result could not be written
   2    the command line is wrong, or a list of exceptions or the place of the
        result is of no use; nothing was done
   130  the scan was stopped by Ctrl-C or by the signal TERM or HUP
@@ -126,8 +126,8 @@ there. Nothing is ever deleted outright. Ctrl-C stops between two files.
 
 Exit status:
   0    all duplicates were moved, or would be, or you said no
-  1    a folder could not be read, a file was not moved or something could not
-       be written
+  1    a folder or file could not be read, a file was not moved, there was not
+       enough memory or something could not be written
   2    the command line is wrong, there is nobody to ask and no --yes, or the
        exceptions list or the place of the result is of no use; nothing was done
   130  stopped by Ctrl-C or by the signal TERM or HUP

@@ -24,6 +24,7 @@ TEST(JsonWriter, AnEmptyResultHasAllItsKeysAndCategories) {
   "totalFilesSize": 0,
   "stopped": false,
   "elapsedSeconds": 0.000,
+  "unreadable": [],
   "collected": {"Image": 0, "Video": 0, "Audio": 0, "Documents": 0, "Other": 0},
   "categories": [
     {"category": "Image", "totalFiles": 0, "totalFilesSize": 0, "extensions": []},
@@ -46,11 +47,16 @@ TEST(JsonWriter, EveryLevelTellsItsTotals) {
     report.setCollected(Category::image, 8);
     report.setCollected(Category::other, 3);
     report.setElapsedSeconds(12.3456);
+    report.addUnreadable("/closed", "Permission denied");
+    report.addUnreadable("/bad\xff", "Input/output error");
     EXPECT_EQ(jsonOf(report), R"({
   "totalFiles": 5,
   "totalFilesSize": 2023,
   "stopped": false,
   "elapsedSeconds": 12.346,
+  "unreadable": [
+    {"path": "/closed", "reason": "Permission denied"},
+    {"path": "/bad�", "pathBytes": "2f626164ff", "reason": "Input/output error"}],
   "collected": {"Image": 8, "Video": 0, "Audio": 0, "Documents": 0, "Other": 3},
   "categories": [
     {"category": "Image", "totalFiles": 4, "totalFilesSize": 2012, "extensions": [

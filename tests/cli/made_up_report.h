@@ -46,6 +46,11 @@ class MadeUpReport final {
         report_.categories[static_cast<std::size_t>(category)].collected = count;
     }
 
+    void addUnreadable(const std::string& path, const std::string& reason) {
+        report_.unreadable.push_back({path, reason});
+    }
+
+    void setNotCompared(std::uint64_t files) { report_.notCompared = files; }
     void setStopped() { report_.stopped = true; }
     void setElapsedSeconds(double seconds) { report_.elapsedSeconds = seconds; }
 

@@ -4,7 +4,10 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <linux/capability.h>
 #include <poll.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -19,6 +22,13 @@ namespace tarvin {
 namespace {
 
 constexpr std::chrono::seconds longest{60};
+
+void setLimit(int resource, std::uint64_t bytes) {
+    if (bytes > 0) {
+        const rlimit limit{bytes, bytes};
+        ::setrlimit(static_cast<__rlimit_resource>(resource), &limit);
+    }
+}
 
 /// In the child process: nothing here may need a lock that another thread held.
 [[noreturn]] void become(const std::vector<char*>& arguments, const ProgramSetting& setting,
@@ -36,6 +46,12 @@ constexpr std::chrono::seconds longest{60};
         for (const auto& [name, value] : setting.environment) {
             ::setenv(name.c_str(), value.c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
         }
+        if (setting.obeysPermissions) {
+            ::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
+            ::prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH);
+        }
+        setLimit(RLIMIT_STACK, setting.threadStack);
+        setLimit(RLIMIT_AS, setting.mostMemory);
         ::execv(arguments.front(), arguments.data());
     }
     ::_exit(127);

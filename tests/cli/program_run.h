@@ -3,6 +3,7 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
@@ -26,6 +27,11 @@ struct ProgramSetting {
     /// What its standard output and error are, if not pipes that the test reads.
     int output = -1;
     int errors = -1;
+    /// Run by root, it may still read only what its permissions allow.
+    bool obeysPermissions = false;
+    /// Most bytes of address space and of a thread's stack; 0 for those of the test.
+    std::uint64_t mostMemory = 0;
+    std::uint64_t threadStack = 0;
 };
 
 /// The finished program on its way. It must come to an end within a minute, or it is ended and the

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -18,6 +20,15 @@ void setDate(const std::string& path) {
                       std::chrono::hours(12) + std::chrono::nanoseconds(123'456'789);
     std::filesystem::last_write_time(path, std::chrono::file_clock::from_sys(noon));
 }
+
+// The sanitizers reserve terabytes of address space; nothing is limited under them.
+#ifdef TARVIN_SANITIZED
+constexpr bool limitsMemory = false;
+#else
+constexpr bool limitsMemory = true;
+#endif
+constexpr std::uint64_t manyBytes = limitsMemory ? std::uint64_t{1} << 30U : 0;
+constexpr std::uint64_t fewBytes = limitsMemory ? 24 * 1024 * 1024 : 0;
 
 /// A tree of which everything is known: each folder holds one file, so that the order of folders on
 /// the command line is the order of the result.
@@ -60,7 +71,7 @@ TEST_F(Scan, JsonTellsEveryLevel) {
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(result.output.back(), '\n');
     const Json expected = Json::parse(placed(R"({
-        "totalFiles": 3, "totalFilesSize": 16, "stopped": false,
+        "totalFiles": 3, "totalFilesSize": 16, "stopped": false, "unreadable": [],
         "collected": {"Image": 3, "Video": 0, "Audio": 2, "Documents": 1, "Other": 0},
         "categories": [
             {"category": "Image", "totalFiles": 2, "totalFilesSize": 10, "extensions": [
@@ -196,6 +207,81 @@ TEST_F(Scan, FoldersThatCannotBeReadAreToldAndTheOthersScanned) {
                                     "tarvin: DIR/no/../way: No such file or directory\n",
                                     folder_.path()));
     EXPECT_EQ(setsIn(parsedJson(result.output), folder_.path()), (Sets{{"/a/x.jpg", "/b/x.jpg"}}));
+}
+
+TEST_F(Scan, WhatCannotBeReadInsideAFolderIsToldAndNotCompared) {
+    write("tree/a.jpg", "photo");
+    write("tree/b.jpg", "photo");
+    const std::string file = write("tree/c.jpg", "photo");
+    write("tree/closed/d.jpg", "photo");
+    const std::string folder = folder_.pathOf("tree/closed");
+    std::filesystem::permissions(file, std::filesystem::perms::none);
+    std::filesystem::permissions(folder, std::filesystem::perms::none);
+    const ProgramSetting setting{.folder = folder_.path(), .obeysPermissions = true};
+    const std::string told = placed(
+        "tarvin: DIR/tree/closed: Permission denied\n"
+        "tarvin: DIR/tree/c.jpg: Permission denied\n",
+        folder_.path());
+    const ProgramResult json = runTarvin({"scan", "--format", "json", "tree"}, setting);
+    EXPECT_EQ(json.status, 1);
+    EXPECT_EQ(json.errors, told);
+    EXPECT_EQ(Json::parse(json.output)["unreadable"],
+              Json::parse(placed(R"([{"path": "DIR/tree/closed", "reason": "Permission denied"},
+                                     {"path": "DIR/tree/c.jpg", "reason": "Permission denied"}])",
+                                 folder_.path())));
+    const ProgramResult text = runTarvin({"scan", "tree"}, setting);
+    EXPECT_EQ(text.status, 1);
+    EXPECT_NE(text.output.find("\n2 files compared. "), std::string::npos) << text.output;
+    std::filesystem::permissions(folder, std::filesystem::perms::owner_all);
+}
+
+TEST_F(Scan, OfManyThatCannotBeReadTwentyAreNamedAndAllListed) {
+    for (int number = 100; number < 123; ++number) {
+        const std::string folder = folder_.makeFolder("tree/" + std::to_string(number));
+        std::filesystem::permissions(folder, std::filesystem::perms::none);
+    }
+    const ProgramResult result = runTarvin({"scan", "--format", "json", "tree"},
+                                           {.folder = folder_.path(), .obeysPermissions = true});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 21);
+    EXPECT_NE(result.errors.find("/tree/119: Permission denied\n"), std::string::npos);
+    EXPECT_TRUE(result.errors.ends_with("tarvin: 3 more folders and files could not be read\n"))
+        << result.errors;
+    EXPECT_EQ(Json::parse(result.output)["unreadable"].size(), 23U);
+}
+
+TEST_F(Scan, ATrashIsNotScannedWhicheverWayItIsNamed) {
+    write("volume/.Trash-1000/files/a.jpg", "photo");
+    write("volume/.Trash-1000/files/b.jpg", "photo");
+    const ProgramResult result = scan("json", {"volume/.Trash-1000/files"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.errors,
+              placed("tarvin: DIR/volume/.Trash-1000/files: Trash folders are never scanned\n",
+                     folder_.path()));
+    EXPECT_EQ(Json::parse(result.output)["totalFiles"], 0);
+}
+
+TEST_F(Scan, IsDoneWithoutASingleThread) {
+    write("1/a.jpg", "photo");
+    write("2/b.jpg", "photo");
+    const ProgramResult result = runTarvin(
+        {"scan", "--format", "json", "1", "2"},
+        {.folder = folder_.path(), .mostMemory = manyBytes, .threadStack = manyBytes * 4});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(setsIn(parsedJson(result.output), folder_.path()), (Sets{{"/1/a.jpg", "/2/b.jpg"}}));
+}
+
+TEST_F(Scan, WithoutEnoughMemoryEndsWithAMessage) {
+    folder_.makeFolder("tree");
+    // Names and records of these take more than there is.
+    for (int number = 0; number < 40'000; ++number) {
+        folder_.writeFile("tree/" + std::string(200, 'n') + std::to_string(number) + ".jpg", "");
+    }
+    const ProgramResult result =
+        runTarvin({"scan", "tree"}, {.folder = folder_.path(), .mostMemory = fewBytes});
+    EXPECT_EQ(result.status, limitsMemory ? 1 : 0) << result.errors;
+    EXPECT_EQ(result.errors.find("there is not enough memory") != std::string::npos, limitsMemory)
+        << result.errors;
 }
 
 TEST_F(Scan, AnEmptyFolderHasNoDuplicates) {
