@@ -34,6 +34,7 @@ class ScanMessenger final : public QObject, public ScanObserver {
     void comparisonFinished(std::uint64_t processed) override {
         Q_EMIT comparisonIsOver(processed);
     }
+    void waitingFor(const std::string& path) override { mailbox_.waitingFor(path); }
     void elapsed(const std::string& text) override { mailbox_.elapsed(text); }
 
  Q_SIGNALS:

@@ -16,6 +16,10 @@ QString ScanScreenTexts::processing(std::string_view path) {
     return tr("Processing File: %1").arg(textOfPath(path));
 }
 
+QString ScanScreenTexts::waitingFor(std::string_view path) {
+    return tr("Waiting for: %1").arg(textOfPath(path));
+}
+
 QString ScanScreenTexts::elapsed(std::string_view text) {
     constexpr std::size_t clockLength = 8;  // hh:mm:ss
     const std::string_view clock = text.substr(text.size() - std::min(text.size(), clockLength));
@@ -33,6 +37,10 @@ QString ScanScreenTexts::searchingTitle() {
 
 QString ScanScreenTexts::noDuplicates() {
     return tr("No duplicates File found");
+}
+
+QString ScanScreenTexts::outOfMemory() {
+    return tr("There was not enough memory to finish the scan. The result is incomplete.");
 }
 
 QString ScanScreenTexts::pause() {

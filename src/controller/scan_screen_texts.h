@@ -17,11 +17,15 @@ class ScanScreenTexts final {
     [[nodiscard]] static QString collecting(std::string_view path);
     /// For a file that the comparison is done with.
     [[nodiscard]] static QString processing(std::string_view path);
+    /// While a folder or file does not answer.
+    [[nodiscard]] static QString waitingFor(std::string_view path);
     /// Of a text such as "Elapsed Time: 00:01:02".
     [[nodiscard]] static QString elapsed(std::string_view text);
     [[nodiscard]] static QString searching();
     [[nodiscard]] static QString searchingTitle();
     [[nodiscard]] static QString noDuplicates();
+    /// When memory ran out during the scan.
+    [[nodiscard]] static QString outOfMemory();
     [[nodiscard]] static QString pause();
     [[nodiscard]] static QString resume();
 };

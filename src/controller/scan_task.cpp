@@ -97,10 +97,16 @@ void ScanTask::showProgress() {
         screen_.similarIndicator->setDone(run_.processed());
     }
     if (!progress_.path.empty()) {
-        screen_.similarProcessing->setText(progress_.comparing
-                                               ? ScanScreenTexts::processing(progress_.path)
-                                               : ScanScreenTexts::collecting(progress_.path));
+        screen_.similarProcessing->setText(textOfFileInHand());
     }
+}
+
+QString ScanTask::textOfFileInHand() const {
+    if (progress_.waiting) {
+        return ScanScreenTexts::waitingFor(progress_.path);
+    }
+    return progress_.comparing ? ScanScreenTexts::processing(progress_.path)
+                               : ScanScreenTexts::collecting(progress_.path);
 }
 
 void ScanTask::comparisonBegins(quint64 total) const {
@@ -123,7 +129,11 @@ void ScanTask::comparisonIsOver(quint64 processed) {
         Q_EMIT collectionStopped();
     }
     window_.confirmationView->hide();
+    const bool isIncomplete = run_.ranOutOfMemory();
     Q_EMIT finished();
+    if (isIncomplete) {
+        alerts_.show(noticeOf(ScanScreenTexts::outOfMemory()), [](int) {});
+    }
 }
 
 void ScanTask::foundNoFiles() {
