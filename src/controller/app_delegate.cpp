@@ -84,7 +84,7 @@ void AppDelegate::makeResultTasks() {
     preview_ = std::make_unique<Preview>(session_, *results_, window_, surroundings_.desktop,
                                          surroundings_.previewProgram);
     views_ = std::make_unique<ResultViews>(session_, *results_, window_, information_, *marking_,
-                                           *preview_);
+                                           *preview_, loading_);
     exceptions_ = std::make_unique<ExceptionsTask>(session_, *results_, window_,
                                                    *surroundings_.alerts, information_, *marking_);
     deletion_ = std::make_unique<DeletionTask>(session_, *results_, window_, *surroundings_.alerts,

@@ -77,7 +77,8 @@ class AppDelegate final : public QObject {
     void runningAlertOK();
     void windowWillClose() const;
 
-    /// Covers the result, until updateProgress() uncovers it.
+    /// Covers the result, until updateProgress() uncovers it. Nothing calls it: the views of a result
+    /// have the overlay itself.
     void showLoading() const;
     void updateProgress() const;
     /// Show and hide the panel of a long task.

@@ -48,14 +48,15 @@ TabButton* buttonOf(const ResultScreen& screen, ResultView view) {
 }  // namespace
 
 ResultViews::ResultViews(Session& session, Results& results, MainWindow& window,
-                         InformationWindow& information, MarkingTask& marking, Preview& preview)
+                         InformationWindow& information, MarkingTask& marking, Preview& preview,
+                         const LoadingOverlay& loading)
     : session_(session),
       results_(results),
       window_(window),
       information_(information),
       marking_(marking),
       preview_(preview),
-      loading_(window) {
+      loading_(loading) {
     window_.results->OView2->setModel(&results_.tree);
     window_.results->resultTable->setModel(&results_.files);
     connectControls();

@@ -24,7 +24,8 @@ class ResultViews final : public QObject {
  public:
     /// All outlive it.
     ResultViews(Session& session, Results& results, MainWindow& window,
-                InformationWindow& information, MarkingTask& marking, Preview& preview);
+                InformationWindow& information, MarkingTask& marking, Preview& preview,
+                const LoadingOverlay& loading);
 
     void allClicked();
     void imageClicked();
@@ -97,7 +98,7 @@ class ResultViews final : public QObject {
     InformationWindow& information_;
     MarkingTask& marking_;
     Preview& preview_;
-    LoadingOverlay loading_;
+    const LoadingOverlay& loading_;
     std::string sorting_;
     bool ascending_ = false;
 };
