@@ -110,6 +110,7 @@ void AppDelegate::initializeArrays() {
     exceptions_->loaded();
     session_.totalSize = 0;
     session_.totalSelected = 0;
+    session_.similarIndex = 1;
 }
 
 void AppDelegate::setUpButtons() const {

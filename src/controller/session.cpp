@@ -3,12 +3,10 @@
 namespace tarvin {
 
 Session::Session(Platform& thePlatform)
-    : platform(thePlatform),
-      data(platform.applicationSupportFolder()),
-      exceptions(platform.applicationSupportFolder()) {}
+    : platform(thePlatform), data(appSupportPath()), exceptions(appSupportPath()) {}
 
 void Session::loadDataFile() {
-    currentLoggedInUser = platform.userName().value_or(std::string());
+    currentLoggedInUser = getUserName().value_or(std::string());
     static_cast<void>(data.loadDataFile());
     static_cast<void>(exceptions.load());
 }

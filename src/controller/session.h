@@ -5,6 +5,7 @@
 #include "store/exception_file.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,13 @@ struct SummariesShown {
 struct Session {
     /// `platform` outlives the session.
     explicit Session(Platform& thePlatform);
+
+    /// The short name of the user; none if the system does not know it.
+    [[nodiscard]] std::optional<std::string> getUserName() const { return platform.userName(); }
+    /// The folder of both stored files; none without a home folder. It need not exist.
+    [[nodiscard]] std::optional<std::string> appSupportPath() const {
+        return platform.applicationSupportFolder();
+    }
 
     /// Sets the user's name and reads both stored files. What cannot be read counts as empty.
     void loadDataFile();
@@ -53,6 +61,7 @@ struct Session {
     std::uint64_t totalSelected = 0;
     std::uint64_t totalSize = 0;
     SummariesShown summaries;
+    std::int64_t similarIndex = 0;  ///< 1 once the program has begun; nothing reads it
     std::string currentLoggedInUser;
     DataFile data;
     ExceptionFile exceptions;
