@@ -31,6 +31,8 @@ namespace tarvin {
 namespace {
 
 constexpr QPoint closingNoticePlace{275, 225};
+constexpr QColor helpTitleColor{255, 255, 255};
+constexpr int helpTitleSize = 13;
 
 void giveHomeImages(ButtonHoverSimple& button) {
     button.setImageNormal(pictureIcon(QStringLiteral("Home Normal.png")),
@@ -114,6 +116,8 @@ void AppDelegate::initializeArrays() {
 }
 
 void AppDelegate::setUpButtons() const {
+    HoverButton& help = *window_.buttonHelpManual;
+    help.setAttributedTitle(setAttributes(helpTitleColor, help.text(), helpTitleSize));
     giveHomeImages(*window_.locations->buttonHomeExactPage);
     giveHomeImages(*window_.results->buttonHomePage);
 }

@@ -2,6 +2,10 @@
 
 namespace tarvin {
 
+AttributedTitle setAttributes(const QColor& color, const QString& text, int fontSize) {
+    return {text, color, fontSize, std::nullopt, false};
+}
+
 AttributedTitle setCenterAttributes(const QColor& color, const QString& text, int fontSize) {
     return setCenterAttributes(color, text, false, Qt::AlignHCenter, fontSize);
 }

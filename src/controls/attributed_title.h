@@ -17,6 +17,9 @@ struct AttributedTitle {
     bool operator==(const AttributedTitle&) const = default;
 };
 
+/// A title as the button aligns its own.
+[[nodiscard]] AttributedTitle setAttributes(const QColor& color, const QString& text, int fontSize);
+
 /// A centred title.
 [[nodiscard]] AttributedTitle setCenterAttributes(const QColor& color, const QString& text,
                                                   int fontSize);
