@@ -61,6 +61,11 @@ void ButtonHoverComplex::resetButton() {
     setHovering(false);
 }
 
+void ButtonHoverComplex::setMouseDown(bool mouseDown) {
+    mouseDown_ = mouseDown;
+    update();
+}
+
 void ButtonHoverComplex::draw(QPainter& painter) {
     painter.fillRect(rect(), isDown() ? darkened(fillColor_) : fillColor_);
     const QRect content = rect().adjusted(inset, inset, -inset, -inset);
@@ -82,15 +87,13 @@ void ButtonHoverComplex::mouseExited() {
 }
 
 void ButtonHoverComplex::mousePressEvent(QMouseEvent* event) {
-    mouseDown_ = event->button() == Qt::LeftButton;
-    update();
+    setMouseDown(event->button() == Qt::LeftButton);
     PaintedButton::mousePressEvent(event);
 }
 
 void ButtonHoverComplex::mouseReleaseEvent(QMouseEvent* event) {
     PaintedButton::mouseReleaseEvent(event);
-    mouseDown_ = false;
-    update();
+    setMouseDown(false);
 }
 
 void ButtonHoverComplex::drawPicture(QPainter& painter, const QRect& content) const {

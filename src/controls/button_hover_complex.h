@@ -25,13 +25,14 @@ class ButtonHoverComplex final : public PaintedButton {
     void setFillColor(const QColor& fillColor);
     [[nodiscard]] QColor fillColor() const { return fillColor_; }
 
-    /// Forgets the pointer.
+    /// Forgets the pointer. Nothing calls it.
     void resetButton();
 
     void setButtonID(std::int32_t buttonID) { buttonID_ = buttonID; }
     [[nodiscard]] std::int32_t buttonID() const { return buttonID_; }
 
-    /// Whether the mouse holds the button down.
+    /// Whether the mouse holds the button down. Setting it repaints.
+    void setMouseDown(bool mouseDown);
     [[nodiscard]] bool mouseDown() const { return mouseDown_; }
 
     [[nodiscard]] QSize sizeHint() const override { return {190, 160}; }

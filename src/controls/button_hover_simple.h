@@ -21,7 +21,7 @@ class ButtonHoverSimple final : public PaintedButton {
                         const QIcon& onClick);
 
     /// Forgets the pointer. Shows the normal picture if the button is enabled and resets its
-    /// picture when the pointer goes.
+    /// picture when the pointer goes. Nothing calls it.
     void resetButton();
 
     /// Whether the picture changes back when the pointer goes. First false.
@@ -31,7 +31,7 @@ class ButtonHoverSimple final : public PaintedButton {
     void setButtonID(std::int32_t buttonID) { buttonID_ = buttonID; }
     [[nodiscard]] std::int32_t buttonID() const { return buttonID_; }
 
-    /// Set by the owner alone: the pointer's going then shows the hover picture.
+    /// Set by the owner alone, and none does: the pointer's going then shows the hover picture.
     void setMouseDown(bool mouseDown) { mouseDown_ = mouseDown; }
     [[nodiscard]] bool mouseDown() const { return mouseDown_; }
 

@@ -36,6 +36,9 @@ class PaintedButton : public QPushButton {
     void setTitle(const QString& title);
     [[nodiscard]] QString title() const { return text(); }
 
+    /// Whether the button takes the pointer for being inside. Setting it repaints, and does nothing
+    /// else of what the pointer's coming and going does.
+    void setHovering(bool hovering);
     [[nodiscard]] bool hovering() const { return hovering_; }
 
     /// Where and in which colour the keyboard focus is shown. First: outside, in the dark ring.
@@ -61,9 +64,6 @@ class PaintedButton : public QPushButton {
 
     /// The opacity to paint with; alpha() unless a class knows better.
     [[nodiscard]] virtual double shownOpacity() const { return alpha_; }
-
-    /// Sets hovering() and repaints.
-    void setHovering(bool hovering);
 
     /// The cursor over the whole button, also while it is disabled.
     void showCursor(Qt::CursorShape shape);

@@ -1,0 +1,80 @@
+#include "controls/button_hover_complex.h"
+#include "controls/button_hover_simple.h"
+#include "controls/button_settings_saved.h"
+#include "controls/control_bench.h"
+#include "controls/hover_button.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+namespace tarvin {
+namespace {
+
+constexpr QRect place(20, 20, 120, 40);
+
+/// Counts how often a widget paints itself; outlived by it.
+class Paintings final : public QObject {
+ public:
+    explicit Paintings(QWidget* widget) { widget->installEventFilter(this); }
+
+    [[nodiscard]] int count() const { return count_; }
+
+ protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        count_ += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+ private:
+    int count_ = 0;
+};
+
+TEST(ButtonFields, ButtonIDIsKept) {
+    ButtonHoverSimple simple;
+    EXPECT_EQ(simple.buttonID(), 0);
+    simple.setButtonID(-7);
+    EXPECT_EQ(simple.buttonID(), -7);
+    ButtonHoverComplex complex;
+    EXPECT_EQ(complex.buttonID(), 0);
+    complex.setButtonID(2'147'483'647);
+    EXPECT_EQ(complex.buttonID(), 2'147'483'647);
+}
+
+TEST(ButtonFields, HoveringChangesTheLookOfAnAnswer) {
+    ControlBench bench;
+    auto& answer = bench.add<ButtonSettingsSaved>(place);
+    EXPECT_FALSE(answer.hovering());
+    EXPECT_THAT(bench.at(20, 40), IsRgb(53, 152, 252));
+    answer.setHovering(true);
+    EXPECT_TRUE(answer.hovering());
+    EXPECT_THAT(bench.at(20, 40), IsRgb(126, 180, 234));
+    answer.setHovering(false);
+    EXPECT_THAT(bench.at(20, 40), IsRgb(53, 152, 252));
+}
+
+TEST(ButtonFields, HoveringAloneDoesNotFadeAButton) {
+    HoverButton button;
+    ButtonHoverComplex tile;
+    for (PaintedButton* each :
+         {static_cast<PaintedButton*>(&button), static_cast<PaintedButton*>(&tile)}) {
+        each->setHovering(true);
+        EXPECT_TRUE(each->hovering());
+        EXPECT_EQ(each->alpha(), 1.0);
+    }
+}
+
+TEST(ButtonFields, MouseDownOfATileIsKeptAndRepaints) {
+    ControlBench bench;
+    auto& tile = bench.add<ButtonHoverComplex>(place);
+    EXPECT_FALSE(tile.mouseDown());
+    const Paintings paintings(&tile);
+    tile.setMouseDown(true);
+    EXPECT_TRUE(tile.mouseDown());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paintings.count() > 0; }, 20'000));
+    tile.setMouseDown(false);
+    EXPECT_FALSE(tile.mouseDown());
+}
+
+}  // namespace
+}  // namespace tarvin
