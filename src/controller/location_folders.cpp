@@ -28,6 +28,15 @@ bool isFolder(FileSystem& fileSystem, const Descriptor& directory, const EntryBl
     return target && target->type == EntryType::directory;
 }
 
+bool isIn(std::string_view path, std::string_view folder) {
+    return folder == "/" || path == folder ||
+           (path.starts_with(folder) && path.substr(folder.size()).starts_with('/'));
+}
+
+std::string_view folderOf(std::string_view path) {
+    return path.substr(0, std::max<std::size_t>(path.rfind('/'), 1));
+}
+
 std::string imageNameOfVolume(VolumeKind kind) {
     switch (kind) {
         case VolumeKind::network:
@@ -91,6 +100,25 @@ std::string imageNameOfPath(const std::string& path, const std::vector<Volume>& 
         std::find_if(volumes.begin(), volumes.end(),
                      [&path](const Volume& candidate) { return candidate.path == path; });
     return imageNameOfVolume(volume == volumes.end() ? VolumeKind::other : volume->kind);
+}
+
+std::string getVolumeName(Platform& platform) {
+    const std::optional<std::string> home = platform.userFolder(UserFolder::home);
+    if (!home) {
+        return {};
+    }
+    const std::string_view folder = folderOf(*home);
+    std::string_view holder;  // a volume in a volume has the longer path
+    const std::vector<Volume> volumes = platform.mountedVolumes();
+    for (const Volume& volume : volumes) {
+        if (volume.path != "/" && folderOf(volume.path) == folder) {
+            return platform.userName().value_or(std::string());
+        }
+        if (isIn(folder, volume.path) && volume.path.size() > holder.size()) {
+            holder = volume.path;
+        }
+    }
+    return std::string(lastPathComponent(holder));
 }
 
 std::string_view lastPathComponent(std::string_view path) {

@@ -30,6 +30,11 @@ namespace tarvin {
                                           const std::vector<Volume>& volumes,
                                           const std::optional<std::string>& desktop);
 
+/// The name of the volume that holds the user's home folder's own folder, such as "/home"; the
+/// user's name where that is a folder in which volumes are mounted. Empty if none of it is known.
+/// Nothing calls it.
+[[nodiscard]] std::string getVolumeName(Platform& platform);
+
 /// The last part of a path, slashes at its end aside; "/" for the root.
 [[nodiscard]] std::string_view lastPathComponent(std::string_view path);
 
