@@ -71,7 +71,7 @@ void Locations::connectControls() {
     onClick(screen.addPhotos, &Locations::addFiles);
     onClick(screen.addFolders, &Locations::addFolders);
     connect(screen.tableExact, &LocationTable::rowOpened, this,
-            [this](const QModelIndex& index) { didClickRow(index.row()); });
+            [this](const QModelIndex& index) { didClickedRow(index.row()); });
     connect(screen.tableMenu, &QMenu::aboutToShow, this, &Locations::menuNeedsUpdate);
     connect(screen.markMenuTable, &QAction::triggered, this, &Locations::markUnmarkTable);
     connect(screen.removeFromListMenu, &QAction::triggered, this,
@@ -141,7 +141,7 @@ void Locations::openWith(const std::vector<std::string>& folders) {
     reflectMarkStatusForRemoveButton();
 }
 
-void Locations::didClickRow(int row) {
+void Locations::didClickedRow(int row) {
     if (row < 0 || static_cast<std::size_t>(row) >= list_.rows().size()) {
         return;
     }

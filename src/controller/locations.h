@@ -28,7 +28,7 @@ class Locations final : public QObject {
 
     void buttonScanDriveClicked();
     void buttonScanFoldersClicked();
-    /// Drive mode for similar images, whose scan never begins.
+    /// Drive mode for similar images, whose scan never begins. Nothing calls it.
     void buttonScanFolderClicked();
 
     /// Shows the list in folder mode, if it does not show already, with these folders added and
@@ -36,7 +36,7 @@ class Locations final : public QObject {
     void openWith(const std::vector<std::string>& folders);
 
     /// The row that was double-clicked; rows are counted from the top.
-    void didClickRow(int row);
+    void didClickedRow(int row);
     void backFolderClicked();
     void nextFolderClicked();
 

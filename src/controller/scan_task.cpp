@@ -72,7 +72,7 @@ void ScanTask::buttonFindDuplicatesExactClicked() {
 }
 
 void ScanTask::showStart() {
-    screen_.textelapse->setText(ScanScreenTexts::elapsed("00:00:00"));
+    updateTextField("00:00:00");
     window_.buttonHelpManual->setEnabled(false);
     screen_.similarIndicator->setDone(0);
     screen_.similarIndicator->setIndeterminate(true);
@@ -89,7 +89,7 @@ void ScanTask::showStart() {
 void ScanTask::showProgress() {
     ++redraws_;
     messenger_.look(progress_);
-    screen_.textelapse->setText(ScanScreenTexts::elapsed(progress_.elapsed));
+    updateTextField(progress_.elapsed);
     if (run_.pause()) {
         return;
     }
@@ -107,6 +107,10 @@ QString ScanTask::textOfFileInHand() const {
     }
     return progress_.comparing ? ScanScreenTexts::processing(progress_.path)
                                : ScanScreenTexts::collecting(progress_.path);
+}
+
+void ScanTask::updateTextField(const std::string& time) const {
+    screen_.textelapse->setText(ScanScreenTexts::elapsed(time));
 }
 
 void ScanTask::comparisonBegins(quint64 total) const {

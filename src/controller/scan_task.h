@@ -8,6 +8,7 @@
 
 #include <QObject>
 #include <QTimer>
+#include <string>
 
 namespace tarvin {
 
@@ -29,6 +30,8 @@ class ScanTask final : public QObject {
     void stop();
     void stopYesClicked();
     void stopNOClicked();
+    /// Shows the elapsed time of the scan, "00:00:00".
+    void updateTextField(const std::string& time) const;
 
     /// A window that is closed during a scan makes it wait, until its notice is answered. Not
     /// before a question that is open at that time is answered, too.
