@@ -277,24 +277,24 @@ void ResultViews::sortMaadi(Set& set) {
 void ResultViews::righClickMenuItemClicked(int tag, const QString& title) {
     switch (tag) {
         case 0:
-            markUnmarkSelectedOutlineImage(title == LocationTexts::markMenu(false));
+            Q_EMIT markUnmarkSelectedOutlineImage(title == LocationTexts::markMenu(false));
             break;
         case 1:
         case 2:
-            openSelectedImageOfOutlineView(tag == 2);
+            Q_EMIT openSelectedImageOfOutlineView(tag == 2);
             break;
         case 3:
         case 4:
-            moveSelectedItemToTrash(tag == 3);
+            Q_EMIT moveSelectedItemToTrash(tag == 3);
             break;
         case 5:
-            markAllSelectedSet();
+            Q_EMIT markAllSelectedSet();
             break;
         case 6:
-            unMarkAllSelectedSet();
+            Q_EMIT unMarkAllSelectedSet();
             break;
         case 7:
-            getInfo();
+            Q_EMIT getInfo();
             break;
         default:
             break;

@@ -44,17 +44,12 @@ class ResultViews final : public QObject {
 
     void selectionShouldChangeInOutlineView(const QModelIndex& clicked);
     void outlineViewSelectionDidChange();
-    // What a right click leaves to the context menu.
+    // What a right click leaves to the context menu: nothing emits `rightClicked`, nothing calls
+    // treeView(), and neither does anything.
     void treeView() {}
     void rightClicked() {}
-    /// What the context menu of the outline does, by tag: nothing.
+    /// Asks for what the item with this tag stands for; an unknown tag asks for nothing.
     void righClickMenuItemClicked(int tag, const QString& title);
-    void markUnmarkSelectedOutlineImage(bool /*mark*/) {}
-    void openSelectedImageOfOutlineView(bool /*inFolder*/) {}
-    void moveSelectedItemToTrash(bool /*selected*/) {}
-    void markAllSelectedSet() {}
-    void unMarkAllSelectedSet() {}
-    void getInfo() {}
 
     // The sort controls. None of them changes the order of the rows.
 
@@ -77,6 +72,16 @@ class ResultViews final : public QObject {
     void shown();
     /// An empty result was acknowledged.
     void homeRequested();
+
+    // What the context menu of the outline asks for, by tag. Nothing listens, so the menu has no
+    // effect.
+
+    void markUnmarkSelectedOutlineImage(bool mark);
+    void openSelectedImageOfOutlineView(bool inFolder);
+    void moveSelectedItemToTrash(bool selected);
+    void markAllSelectedSet();
+    void unMarkAllSelectedSet();
+    void getInfo();
 
  private:
     void connectControls();
