@@ -136,6 +136,10 @@ void AppDelegate::connectControls() {
     connect(views_.get(), &ResultViews::homeRequested, this,
             &AppDelegate::buttonHomeExactPageClicked);
     connect(&window_, &MainWindow::windowWillClose, this, &AppDelegate::windowWillClose);
+    connect(this, &AppDelegate::notif, this, &AppDelegate::updateProgress);
+    connect(this, &AppDelegate::rightClicked, views_.get(), &ResultViews::rightClicked);
+    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
+            &AppDelegate::applicationWillTerminate);
     window_.setClosePermission([this] { return windowShouldClose(); });
 }
 

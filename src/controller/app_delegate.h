@@ -70,18 +70,21 @@ class AppDelegate final : public QObject {
     void homeCleanup();
     void buttonHomeExactPageClicked();
     void buttonHomePageClicked();
+    /// Nothing calls it: similar images have no screen.
     void buttonHomeSimilarPageClicked();
 
     /// Whether the window may close. A scan is paused for the question instead.
     bool windowShouldClose();
     void runningAlertOK();
     void windowWillClose() const;
+    /// Does nothing: what outlives the program is stored when it changes.
+    void applicationWillTerminate() const {}
 
-    /// Covers the result, until updateProgress() uncovers it. Nothing calls it: the views of a result
-    /// have the overlay itself.
+    /// Covers the result, until updateProgress() uncovers it. Nothing calls it: the views of a
+    /// result have the overlay itself.
     void showLoading() const;
     void updateProgress() const;
-    /// Show and hide the panel of a long task.
+    /// Show and hide the panel of a long task. Nothing calls them.
     void startAnimation() const;
     void stopAnimation() const;
 
@@ -100,6 +103,12 @@ class AppDelegate final : public QObject {
     [[nodiscard]] ExceptionsTask& exceptions() { return *exceptions_; }
     [[nodiscard]] DeletionTask& deletion() { return *deletion_; }
     [[nodiscard]] Preview& preview() { return *preview_; }
+
+ Q_SIGNALS:
+    /// Uncovers the result as updateProgress() does. Nothing emits it.
+    void notif();
+    /// A right click in the result, for ResultViews::rightClicked(). Nothing emits it.
+    void rightClicked();
 
  private:
     void showHomeImage();

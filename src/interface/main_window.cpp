@@ -84,12 +84,14 @@ MainWindow::MainWindow(Appearance appearance, QWidget* parent)
       windowAboutPanel(new AboutPanel(this)),
       aboutVersion(windowAboutPanel->aboutVersion),
       settingsWindow(makeHidden("settingsWindow", this)),
+      savedOk(named(new ButtonSettingsSaved(settingsWindow), "savedOk")),
       progressWindow(makeHidden("progressWindow", this)),
       loadingView(makeHidden("loadingView", this)),
       loadingIndicator(named(new Spinner, "loadingIndicator")),
       placement_(new Placement(this, designSize)),
       openPanels_(new OpenPanels(this)) {
     setWindowIcon(pictureIcon(QStringLiteral("app_icon")));
+    savedOk->setTitle(tr("Ok"));
     QToolTip::setPalette(lightPalette());
     placeFrame();
     placeLoadingView();

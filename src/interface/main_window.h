@@ -80,8 +80,9 @@ class MainWindow final : public EarlyWindow {
 
     AboutPanel* const windowAboutPanel;
     QLabel* const aboutVersion;
-    QWidget* const settingsWindow;  ///< never filled; others ask whether it is visible
-    QWidget* const progressWindow;  ///< never filled
+    QWidget* const settingsWindow;       ///< never shown; others ask whether it is visible
+    ButtonSettingsSaved* const savedOk;  ///< in `settingsWindow`
+    QWidget* const progressWindow;       ///< never filled
 
     /// Lies over the list and the preview of a result; hidden until it is shown.
     QWidget* const loadingView;

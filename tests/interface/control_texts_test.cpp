@@ -50,6 +50,7 @@ const Text buttons[] = {
     {"runningAlertOk", "Ok"},
     {"cancelYes", "Yes"},
     {"cancelNo", "No"},
+    {"savedOk", "Ok"},
 };
 
 const Text labels[] = {
