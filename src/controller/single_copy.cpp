@@ -13,8 +13,9 @@ bool SingleCopy::keepFirst(const std::vector<std::string>& folders) {
     if (!first || *first == *self) {
         return true;
     }
-    if (!folders.empty() && !copies_.openFolders(*first, folders)) {
-        qWarning("The copy that runs already could not be handed all of the folders.");
+    if (!folders.empty()) {
+        // A copy that takes none of them, or not all, shows its list without them.
+        static_cast<void>(copies_.openFolders(*first, folders));
     }
     return false;
 }
