@@ -39,6 +39,7 @@ testPackages=(
     fonts-liberation
     git
     gvfs
+    iproute2
     libatspi2.0-dev
     libbenchmark-dev
     libgmock-dev

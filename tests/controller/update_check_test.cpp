@@ -315,6 +315,13 @@ TEST_F(Updater, IsStartedWithOneWord) {
     EXPECT_TRUE(window().isVisible());
 }
 
+TEST_F(Updater, ThatStartsIsAnsweredByTrue) {
+    std::filesystem::copy_file(updaterProgramPath(), updater.toStdString());
+    make();
+    EXPECT_TRUE(delegate->updates().launchApp(updater, {QStringLiteral("word")}));
+    ASSERT_TRUE(waitUntil([this] { return std::filesystem::exists(folder.pathOf("told")); }));
+}
+
 TEST_F(Updater, IsNotStartedLater) {
     usedDesktop = &desktop;
     launch();

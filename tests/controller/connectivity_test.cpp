@@ -1,0 +1,45 @@
+#include "controller/paths_of_build.h"
+#include "support/shell_command.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+#include <string>
+
+namespace tarvin {
+namespace {
+
+/// Serves a file in a network of its own, at an address that is not the machine's inner one, and
+/// has the program ask for it: first without a way out, then with one. It is the kernel that is
+/// asked whether there is a way, not a network manager outside.
+constexpr const char* script = R"(
+export DBUS_SYSTEM_BUS_ADDRESS=unix:path=/nonexistent GIO_USE_NETWORK_MONITOR=netlink
+ip link set lo up && ip address add 192.0.2.1/32 dev lo || exit 1
+cd "$1" && mkfifo ready || exit 1
+python3 -u -m http.server --bind 192.0.2.1 --directory "$1" 8080 >ready 2>errors &
+server=$!
+read -r line <ready
+ask() { printf http://192.0.2.1:8080/served | "$2"; echo " status $?"; }
+ask "$@"
+ip route add default dev lo || exit 1
+ask "$@"
+kill "$server"
+)";
+
+TEST(Connectivity, AnAddressIsReadOnlyWhereThereIsAWayOut) {
+    if (runCommand("unshare -rn true").status != 0) {
+        std::cout << "No network of its own can be made here.\n";
+        return;
+    }
+    const TemporaryFolder folder;
+    folder.writeFile("served", "content");
+    const std::string asking = folder.writeFile("ask", script);
+    const CommandResult asked = runCommand("unshare -rn sh '" + asking + "' '" + folder.path() +
+                                           "' '" + addressReaderPath() + "'");
+    EXPECT_EQ(asked.output, " status 1\ncontent status 0\n");
+    EXPECT_EQ(asked.status, 0);
+}
+
+}  // namespace
+}  // namespace tarvin
