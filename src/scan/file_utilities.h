@@ -10,9 +10,9 @@
 
 namespace tarvin {
 
-// Utilities on single files, apart from the scan, which proves equality in its own way. Any thread.
-// Only regular files are read and a symbolic link is not followed; what cannot be opened or read is
-// equal to nothing and has no digest.
+// Utilities on single files, apart from the scan, which proves equality in its own way. Nothing in
+// the program calls them. Any thread. Only regular files are read and a symbolic link is not
+// followed; what cannot be opened or read is equal to nothing and has no digest.
 
 /// Whether both files can be read and hold the same bytes from first to last, as they are now.
 [[nodiscard]] bool contentsEqualAtPath(FileSystem& fileSystem, const std::string& path,
