@@ -64,16 +64,25 @@ TEST(ButtonFields, HoveringAloneDoesNotFadeAButton) {
     }
 }
 
-TEST(ButtonFields, MouseDownOfATileIsKeptAndRepaints) {
+TEST(ButtonFields, SettingHoveringOrMouseDownRepaints) {
     ControlBench bench;
     auto& tile = bench.add<ButtonHoverComplex>(place);
-    EXPECT_FALSE(tile.mouseDown());
     const Paintings paintings(&tile);
+    const auto comeTo = [&](int count) {
+        return QTest::qWaitFor([&] { return paintings.count() >= count; }, 20'000);
+    };
+    tile.update();
+    ASSERT_TRUE(comeTo(1));
+    QCoreApplication::processEvents();
+    const int before = paintings.count();
     tile.setMouseDown(true);
     EXPECT_TRUE(tile.mouseDown());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return paintings.count() > 0; }, 20'000));
+    EXPECT_TRUE(comeTo(before + 1));
     tile.setMouseDown(false);
     EXPECT_FALSE(tile.mouseDown());
+    EXPECT_TRUE(comeTo(before + 2));
+    tile.setHovering(true);
+    EXPECT_TRUE(comeTo(before + 3));
 }
 
 }  // namespace
