@@ -94,7 +94,8 @@ class ScanRun final {
     [[nodiscard]] bool go() const { return go_; }
     /// The result is complete, or as complete as a stop left it.
     [[nodiscard]] bool exactScanCompleted() const { return exactScanCompleted_; }
-    /// For the views of a result: false before each comparison, then as they leave it.
+    /// For the views of a result: false before each comparison, then as they leave it. Nothing
+    /// reads or sets it.
     [[nodiscard]] bool afterSimilarReportCall() const { return afterSimilarReportCall_; }
     void setAfterSimilarReportCall(bool called) { afterSimilarReportCall_ = called; }
     [[nodiscard]] bool stopElapsedTimeThread() const { return stopElapsedTimeThread_; }

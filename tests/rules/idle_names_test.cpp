@@ -48,6 +48,7 @@ constexpr IdleName idleNames[] = {
     {"getInfo", 2},
     {"getVolumeName", 2},
     {"similarIndex", 2},
+    {"afterSimilarReportCall", 1},
     {"dataEqualsAtPath", 2},
     {"md5OfFile", 2},
     {"checkNilDate", 2},
