@@ -38,18 +38,18 @@ class OutlineMenu : public ThreeSetsBench {
         ADD_FAILURE() << "no item has the tag " << tag;
     }
 
-    Lines asked;
+    Lines asked_;
 
  private:
     void connectFlag(const ResultViews& views, void (ResultViews::*operation)(bool),
                      const char* name) {
         QObject::connect(&views, operation, &window(), [this, name](bool flag) {
-            asked.push_back(std::string(name) + (flag ? " true" : " false"));
+            asked_.push_back(std::string(name) + (flag ? " true" : " false"));
         });
     }
     void connectPlain(const ResultViews& views, void (ResultViews::*operation)(),
                       const char* name) {
-        QObject::connect(&views, operation, &window(), [this, name] { asked.emplace_back(name); });
+        QObject::connect(&views, operation, &window(), [this, name] { asked_.emplace_back(name); });
     }
 };
 
@@ -65,24 +65,24 @@ TEST_F(OutlineMenu, EachTagAsksForItsOwnOperation) {
         "getInfo",
     };
     for (int tag = 0; tag < static_cast<int>(expected.size()); ++tag) {
-        asked.clear();
+        asked_.clear();
         chooseTag(tag);
-        EXPECT_EQ(asked, Lines{expected[static_cast<std::size_t>(tag)]}) << tag;
+        EXPECT_EQ(asked_, Lines{expected[static_cast<std::size_t>(tag)]}) << tag;
     }
 }
 
 TEST_F(OutlineMenu, AnItemThatSaysUnmarkAsksForThat) {
     delegate->views().righClickMenuItemClicked(0, QStringLiteral("Unmark"));
     delegate->views().righClickMenuItemClicked(0, QStringLiteral("Mark"));
-    EXPECT_EQ(asked, (Lines{"markUnmarkSelectedOutlineImage false",
-                            "markUnmarkSelectedOutlineImage true"}));
+    EXPECT_EQ(asked_, (Lines{"markUnmarkSelectedOutlineImage false",
+                             "markUnmarkSelectedOutlineImage true"}));
 }
 
 TEST_F(OutlineMenu, AnUnknownTagAsksForNothing) {
     for (const int tag : {-1, 8, 99}) {
         delegate->views().righClickMenuItemClicked(tag, QStringLiteral("Mark"));
     }
-    EXPECT_EQ(asked, Lines());
+    EXPECT_EQ(asked_, Lines());
 }
 
 }  // namespace

@@ -9,55 +9,56 @@ namespace {
 class VolumeName : public testing::Test {
  protected:
     VolumeName() {
-        platform.setUserName("ann");
-        platform.setUserFolder(UserFolder::home, "/home/ann");
+        platform_.setUserName("ann");
+        platform_.setUserFolder(UserFolder::home, "/home/ann");
     }
 
     void mount(const std::vector<std::string>& paths) {
         std::vector<Volume> volumes;
+        volumes.reserve(paths.size());
         for (const std::string& path : paths) {
             volumes.push_back({path, "ext4", VolumeKind::internal});
         }
-        platform.setMountedVolumes(volumes);
+        platform_.setMountedVolumes(volumes);
     }
 
-    FakePlatform platform;
+    FakePlatform platform_;
 };
 
 TEST_F(VolumeName, IsThatOfTheVolumeWithTheFolderOfTheHome) {
     mount({"/", "/mnt/data"});
-    EXPECT_EQ(getVolumeName(platform), "/");
-    platform.setUserFolder(UserFolder::home, "/mnt/data/homes/ann");
-    EXPECT_EQ(getVolumeName(platform), "data");
-    platform.setUserFolder(UserFolder::home, "/mnt/data/ann");
-    EXPECT_EQ(getVolumeName(platform), "data");
+    EXPECT_EQ(getVolumeName(platform_), "/");
+    platform_.setUserFolder(UserFolder::home, "/mnt/data/homes/ann");
+    EXPECT_EQ(getVolumeName(platform_), "data");
+    platform_.setUserFolder(UserFolder::home, "/mnt/data/ann");
+    EXPECT_EQ(getVolumeName(platform_), "data");
 }
 
 TEST_F(VolumeName, OfAVolumeInAVolumeIsThatOfTheInnerOne) {
-    platform.setUserFolder(UserFolder::home, "/mnt/data/homes/staff/ann");
+    platform_.setUserFolder(UserFolder::home, "/mnt/data/homes/staff/ann");
     mount({"/mnt/data/homes", "/", "/mnt/data"});
-    EXPECT_EQ(getVolumeName(platform), "homes");
+    EXPECT_EQ(getVolumeName(platform_), "homes");
 }
 
 TEST_F(VolumeName, IsNotThatOfAVolumeWhosePathOnlyBeginsAlike) {
-    platform.setUserFolder(UserFolder::home, "/mnt/database/ann");
+    platform_.setUserFolder(UserFolder::home, "/mnt/database/ann");
     mount({"/", "/mnt/data"});
-    EXPECT_EQ(getVolumeName(platform), "/");
+    EXPECT_EQ(getVolumeName(platform_), "/");
 }
 
 TEST_F(VolumeName, IsTheUsersNameWhereVolumesAreMounted) {
-    platform.setUserFolder(UserFolder::home, "/media/ann");
+    platform_.setUserFolder(UserFolder::home, "/media/ann");
     mount({"/", "/media/STICK"});
-    EXPECT_EQ(getVolumeName(platform), "ann");
-    platform.setUserName(std::nullopt);
-    EXPECT_EQ(getVolumeName(platform), "");
+    EXPECT_EQ(getVolumeName(platform_), "ann");
+    platform_.setUserName(std::nullopt);
+    EXPECT_EQ(getVolumeName(platform_), "");
 }
 
 TEST_F(VolumeName, IsEmptyWhereNothingIsKnown) {
-    EXPECT_EQ(getVolumeName(platform), "");
+    EXPECT_EQ(getVolumeName(platform_), "");
     mount({"/"});
-    platform.setUserFolder(UserFolder::home, std::nullopt);
-    EXPECT_EQ(getVolumeName(platform), "");
+    platform_.setUserFolder(UserFolder::home, std::nullopt);
+    EXPECT_EQ(getVolumeName(platform_), "");
 }
 
 }  // namespace
