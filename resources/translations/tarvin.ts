@@ -700,6 +700,10 @@ All exceptions has been removed.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Waiting for: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Elapsed Time: %1</source>
         <translation type="unfinished"></translation>
     </message>
@@ -713,6 +717,10 @@ All exceptions has been removed.</source>
     </message>
     <message>
         <source>No duplicates File found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There was not enough memory to finish the scan. The result is incomplete.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

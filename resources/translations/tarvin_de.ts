@@ -709,6 +709,10 @@ Alle Ausnahmen wurden entfernt.</translation>
         <translation>Vergleiche Datei: %1</translation>
     </message>
     <message>
+        <source>Waiting for: %1</source>
+        <translation>Warte auf: %1</translation>
+    </message>
+    <message>
         <source>Elapsed Time: %1</source>
         <translation>Verstrichene Zeit: %1</translation>
     </message>
@@ -723,6 +727,10 @@ Alle Ausnahmen wurden entfernt.</translation>
     <message>
         <source>No duplicates File found</source>
         <translation>Keine doppelten Dateien gefunden</translation>
+    </message>
+    <message>
+        <source>There was not enough memory to finish the scan. The result is incomplete.</source>
+        <translation>Der Speicher hat für die Suche nicht ausgereicht. Das Ergebnis ist unvollständig.</translation>
     </message>
     <message>
         <source>Pause</source>

@@ -36,6 +36,13 @@ TEST(ProgressText, TheCollectionShowsTheNameWithoutTheFolder) {
     EXPECT_EQ(progressText(progress, wide), "Collecting Files: photo.jpg  00:00:02");
 }
 
+TEST(ProgressText, WhatIsWaitedForIsShownWithItsFolder) {
+    Progress progress = comparing(45, 100);
+    progress.waiting = true;
+    progress.path = "/mnt/server/photos";
+    EXPECT_EQ(progressText(progress, wide), "Waiting for: /mnt/server/photos  00:00:12");
+}
+
 TEST(ProgressText, TheComparisonShowsABarAndWhatItIsAt) {
     EXPECT_EQ(progressText(comparing(45, 100), wide),
               "[#########           ] 45%  photo.jpg  1.05 MB  00:00:12");

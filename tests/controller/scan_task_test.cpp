@@ -12,6 +12,8 @@
 
 #include <QLabel>
 
+#include <new>
+
 namespace tarvin {
 namespace {
 
@@ -67,6 +69,27 @@ TEST_F(Scanning, ShowsTheResultWhenEveryFileIsAccountedFor) {
     click("buttonHomePage");
     EXPECT_EQ(screen(), QStringLiteral("1"));
     EXPECT_EQ(delegate->scan().run().modal()->totalFiles(), 0U);
+}
+
+TEST_F(Scanning, SaysWhichFolderItWaitsFor) {
+    beginAndHoldCollection();
+    const ElidedLabel& line = *progress().similarProcessing;
+    const QString told =
+        QStringLiteral("Waiting for: ") + QString::fromStdString(folder.pathOf("photos"));
+    EXPECT_TRUE(comesTrue([&] { return line.text() == told; }));
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(Scanning, SaysThatMemoryRanOut) {
+    writeDuplicates();
+    files.beforeCall(FileCall::openFile, 1, [] { throw std::bad_alloc(); });
+    begin();
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+    EXPECT_EQ(alerts.shown.back().informativeText,
+              QStringLiteral(
+                  "There was not enough memory to finish the scan. The result is incomplete."));
 }
 
 TEST_F(Scanning, IsNotDisturbedByFoldersOfAnotherCopy) {

@@ -27,6 +27,24 @@ TEST(ProgressMailbox, KeepsTheNewest) {
     EXPECT_EQ(progress.elapsed, "Elapsed Time: 00:00:02");
 }
 
+TEST(ProgressMailbox, WaitsUntilAFileIsToldOfAgain) {
+    ProgressMailbox mailbox;
+    mailbox.collecting("/a/one.jpg");
+    EXPECT_FALSE(mailbox.latest().waiting);
+    mailbox.waitingFor("/dead");
+    EXPECT_TRUE(mailbox.latest().waiting);
+    EXPECT_EQ(mailbox.latest().path, "/dead");
+    mailbox.collecting("/a/two.jpg");
+    EXPECT_FALSE(mailbox.latest().waiting);
+    mailbox.waitingFor("/dead");
+    mailbox.comparisonStarted(2);
+    EXPECT_FALSE(mailbox.latest().waiting);
+    mailbox.waitingFor("/dead/1.jpg");
+    mailbox.processing("/a/two.jpg", 1);
+    EXPECT_FALSE(mailbox.latest().waiting);
+    EXPECT_EQ(mailbox.latest().path, "/a/two.jpg");
+}
+
 TEST(ProgressMailbox, TheComparisonBeginsWithoutAFile) {
     ProgressMailbox mailbox;
     mailbox.collecting("/a/one.jpg");

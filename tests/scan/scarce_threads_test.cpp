@@ -134,31 +134,34 @@ TEST(StuckTasks, AreNotWaitedForLongerThanAsked) {
 
 TEST(StuckTasks, KeepWhatTheyUseAliveWhenTheyAreAbandoned) {
     struct Owner {
-        std::mutex gate;
         std::atomic<int> ended{0};
         WorkerPool pool{WorkerPool::Limits{1, 1}};
     };
+    // Outlives the task, as a device outlives a call.
+    struct Outside {
+        std::mutex gate;
+        std::atomic<bool> stuck{false};
+        std::atomic<bool> dropped{true};
+    };
     auto owner = std::make_shared<Owner>();
+    const auto outside = std::make_shared<Outside>();
     const std::weak_ptr<Owner> watch = owner;
     owner->pool.keepAlive(owner);
-    std::atomic<bool> dropped{true};
-    std::atomic<bool> stuck{false};
-    std::mutex gate;  // outlives the task, as a device outlives a call
-    gate.lock();
-    owner->pool.submit([&, raw = owner.get()] {
-        stuck = true;
-        const std::lock_guard pass(gate);
+    outside->gate.lock();
+    owner->pool.submit([outside, raw = owner.get()] {
+        outside->stuck = true;
+        const std::lock_guard pass(outside->gate);
         ++raw->ended;
     });
-    owner->pool.submit([&] { dropped = false; });
-    ASSERT_TRUE(waitUntil([&] { return stuck.load(); }));
+    owner->pool.submit([outside] { outside->dropped = false; });
+    ASSERT_TRUE(waitUntil([&] { return outside->stuck.load(); }));
     owner->pool.abandon();
     EXPECT_TRUE(owner->pool.isAbandoned());
     owner = nullptr;
     EXPECT_FALSE(watch.expired());
-    gate.unlock();
+    outside->gate.unlock();
     EXPECT_TRUE(waitUntil([&] { return watch.expired(); }));
-    EXPECT_TRUE(dropped);
+    EXPECT_TRUE(outside->dropped);
 }
 
 TEST(ScarceMemory, OfACallInForEachReachesTheCaller) {
