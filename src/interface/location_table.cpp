@@ -6,6 +6,7 @@
 #include "controls/look.h"
 #include "interface/appearance.h"
 #include "interface/list_header.h"
+#include "interface/still_list.h"
 
 #include <QDragEnterEvent>
 #include <QKeyEvent>
@@ -42,7 +43,7 @@ LocationTable::LocationTable(QWidget* parent) : QTableView(parent) {
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setVerticalScrollMode(ScrollPerPixel);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    keepStillSideways(*this);
     setContextMenuPolicy(Qt::CustomContextMenu);
     setAcceptDrops(true);
     setDragDropMode(DropOnly);

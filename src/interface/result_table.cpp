@@ -6,6 +6,7 @@
 #include "interface/full_text_tip.h"
 #include "interface/list_header.h"
 #include "interface/result_cell_delegate.h"
+#include "interface/still_list.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -53,7 +54,7 @@ ResultTable::ResultTable(QWidget* parent) : QTableView(parent) {
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setVerticalScrollMode(ScrollPerPixel);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    keepStillSideways(*this);
     useNeutralStyle(this);
 }
 

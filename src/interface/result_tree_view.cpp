@@ -9,6 +9,7 @@
 #include "interface/appearance.h"
 #include "interface/full_text_tip.h"
 #include "interface/list_header.h"
+#include "interface/still_list.h"
 #include "interface/tree_row.h"
 
 #include <QHelpEvent>
@@ -58,7 +59,9 @@ ResultTreeView::ResultTreeView(QWidget* parent) : QTreeView(parent) {
     auto* listHeader = new ListHeader(heightOfHeader, titleIndent, this);
     listHeader->setOnlyTitle(name);
     setHeader(listHeader);
-    listHeader->setStretchLastSection(true);
+    // Rows are painted as wide as the view, whatever the columns. Left alone, each would take 100
+    // pixels, which is more than the tree has.
+    listHeader->setSectionResizeMode(QHeaderView::Stretch);
     listHeader->coverScrollBarOf(this);
     setItemDelegate(new RowHeight(this));
     setFrameShape(QFrame::NoFrame);
@@ -73,7 +76,7 @@ ResultTreeView::ResultTreeView(QWidget* parent) : QTreeView(parent) {
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setVerticalScrollMode(ScrollPerPixel);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    keepStillSideways(*this);
     setContextMenuPolicy(Qt::CustomContextMenu);
     setAccessibleName(title());
     useNeutralStyle(this);

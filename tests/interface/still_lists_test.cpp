@@ -1,0 +1,195 @@
+#include "interface/location_screen.h"
+#include "interface/location_table.h"
+#include "interface/result_screen.h"
+#include "interface/shown_window.h"
+#include "interface/some_results.h"
+#include "support/on_screen.h"
+
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QWheelEvent>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+
+namespace {
+
+/// Something that a person does with a list.
+struct Act {
+    std::string name;
+    std::function<void()> done;
+};
+
+/// Lists stand still sideways, whatever a person does with them.
+class StillLists : public ShownWindow {
+ protected:
+    ~StillLists() override {
+        tree.setModel(nullptr);
+        table.setModel(nullptr);
+        locations.setModel(nullptr);
+    }
+
+    void showResults() {
+        window.selectTabViewItem(QStringLiteral("4"));
+        tree.setModel(&result.sets);
+        tree.expandAll();
+        table.setModel(&result.files);
+        QCoreApplication::processEvents();
+    }
+
+    void showLocations() {
+        window.selectTabViewItem(QStringLiteral("2"));
+        rows.add(QStringLiteral("/home/me/Pictures"), QStringLiteral("folder.png"), false);
+        rows.add(QStringLiteral("/home/me/Music"), QStringLiteral("folder.png"), true);
+        locations.setModel(&rows);
+        QCoreApplication::processEvents();
+    }
+
+    /// A real click on a place of a list.
+    void click(const QAbstractItemView& list, const QPoint& place) {
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                          list.viewport()->mapTo(&window, place));
+    }
+
+    Act clickAt(QAbstractItemView& list, const QPoint& place) {
+        return {"click at " + std::to_string(place.x()) + ", " + std::to_string(place.y()),
+                [this, &list, place] { click(list, place); }};
+    }
+    static Act press(QAbstractItemView& list, Qt::Key key) {
+        return {QKeySequence(key).toString().toStdString(), [&list, key] {
+                    list.setFocus();
+                    QTest::keyClick(list.window()->windowHandle(), key);
+                }};
+    }
+    /// Turns the wheel sideways by one notch.
+    static Act wheel(QAbstractItemView& list, int angle) {
+        return {"wheel " + std::to_string(angle), [&list, angle] {
+                    const QPoint place = list.viewport()->rect().center();
+                    QWheelEvent turn(place, list.viewport()->mapToGlobal(place), {}, {angle, 0},
+                                     Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+                    QCoreApplication::sendEvent(list.viewport(), &turn);
+                }};
+    }
+    static std::vector<Act> keysAndWheel(QAbstractItemView& list) {
+        std::vector<Act> acts;
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Home, Qt::Key_Right, Qt::Key_Right,
+                                  Qt::Key_Left, Qt::Key_Left, Qt::Key_Right, Qt::Key_Down}) {
+            acts.push_back(press(list, key));
+        }
+        for (const int angle : {-120, -120, 120}) {
+            acts.push_back(wheel(list, angle));
+        }
+        return acts;
+    }
+
+    static void expectNoRange(QAbstractItemView& list, const std::string& when) {
+        EXPECT_EQ(list.horizontalScrollBar()->minimum(), 0) << when;
+        EXPECT_EQ(list.horizontalScrollBar()->maximum(), 0) << when;
+        EXPECT_EQ(list.horizontalScrollBar()->value(), 0) << when;
+    }
+
+    /// After each act the header is seen as before and the rows as they would be painted now.
+    void expectStill(QAbstractItemView& list, QHeaderView& header, const std::vector<Act>& acts) {
+        const QImage titles = onScreen(header);
+        expectNoRange(list, "at first");
+        for (const Act& act : acts) {
+            act.done();
+            EXPECT_TRUE(onScreen(header) == titles) << act.name;
+            EXPECT_TRUE(isUpToDate(*list.viewport())) << act.name;
+            expectNoRange(list, act.name);
+        }
+    }
+
+    /// The first dark pixel of the tree in a line, from `left` on.
+    [[nodiscard]] int darkPixel(int left, int line) {
+        const QImage seen = onScreen(*tree.viewport());
+        int x = left;
+        while (x < seen.width() && qGray(seen.pixel(x, line)) > 160) {
+            ++x;
+        }
+        return x;
+    }
+
+    /// The box is drawn where a click on it is taken: `left` is where its row shows it, `row` the
+    /// row of the click.
+    void expectBoxWhereItIsHit(const QModelIndex& row, int left) {
+        const int line = tree.visualRect(row).center().y();
+        constexpr int behindTheBranch = 22;
+        const int drawn = darkPixel(behindTheBranch, line);
+        EXPECT_NEAR(drawn, left, 1);
+        const QSignalSpy clicked(&tree, &ResultTreeView::checkBoxClicked);
+        click(tree, {drawn + 8, line});
+        ASSERT_EQ(clicked.size(), 1);
+        EXPECT_EQ(clicked.front().front().toModelIndex(), row);
+    }
+
+    DrawnResult result{true};
+    SomeLocations rows;
+    ResultTreeView& tree = *window.results->OView2;
+    ResultTable& table = *window.results->resultTable;
+    LocationTable& locations = *window.locations->tableExact;
+};
+
+TEST_F(StillLists, TheTreeStaysWhereItIs) {
+    showResults();
+    std::vector<Act> acts{clickAt(tree, {90, 39}), clickAt(tree, {160, 65})};
+    for (Act& act : keysAndWheel(tree)) {
+        acts.push_back(std::move(act));
+    }
+    expectStill(tree, *tree.header(), acts);
+}
+
+TEST_F(StillLists, BoxesOfTheTreeAreHitWhereTheyAreDrawn) {
+    showResults();
+    constexpr int ofExtensions = 24;
+    constexpr int ofSets = 42;
+    expectBoxWhereItIsHit(result.sets.setAt(1, 0), ofSets);
+    click(tree, {90, 39});
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Home}) {
+        press(tree, key).done();
+        expectBoxWhereItIsHit(result.sets.setAt(1, 0), ofSets);
+    }
+    wheel(tree, -120).done();
+    expectBoxWhereItIsHit(result.sets.extensionAt(1), ofExtensions);
+}
+
+TEST_F(StillLists, TheFileListStaysWhereItIs) {
+    showResults();
+    std::vector<Act> acts{clickAt(table, {30, 45}), clickAt(table, {300, 75}),
+                          clickAt(table, {440, 105})};
+    for (Act& act : keysAndWheel(table)) {
+        acts.push_back(std::move(act));
+    }
+    expectStill(table, *table.horizontalHeader(), acts);
+}
+
+TEST_F(StillLists, TheLocationsStayWhereTheyAre) {
+    showLocations();
+    std::vector<Act> acts{clickAt(locations, {30, 30}), clickAt(locations, {700, 90})};
+    for (Act& act : keysAndWheel(locations)) {
+        acts.push_back(std::move(act));
+    }
+    expectStill(locations, *locations.horizontalHeader(), acts);
+}
+
+TEST_F(StillLists, HaveNothingBesideThemAtAnySize) {
+    for (int more = 0; more < 60; ++more) {
+        result.files.add(QStringLiteral("a"), QStringLiteral("/b"), 1, false);
+    }
+    showResults();
+    for (const QSize size : {QSize(1440, 900), QSize(1016, 531), QSize(1017, 700)}) {
+        resizeTo(size);
+        expectNoRange(tree, std::to_string(size.width()));
+        expectNoRange(table, std::to_string(size.width()));
+        EXPECT_EQ(tree.header()->length(), tree.viewport()->width());
+        EXPECT_EQ(table.horizontalHeader()->length(), table.viewport()->width());
+    }
+}
+
+}  // namespace
+
+}  // namespace tarvin
