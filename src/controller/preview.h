@@ -14,10 +14,10 @@ namespace tarvin {
 
 class MainWindow;
 
-/// The task of looking at the first file of the selected set, whichever of its rows is selected:
-/// its picture, its path and its properties. The picture keeps its proportions, though its field
-/// has others: a stretched photo is hard to tell from another one. Its dimensions are whole pixels,
-/// one a point, whatever density the file states: people compare copies by their pixels.
+/// The task of looking at one file of the selected set: its picture, its path and its properties.
+/// The picture keeps its proportions, though its field has others: a stretched photo is hard to
+/// tell from another one. Its dimensions are whole pixels, one a point, whatever density the file
+/// states: people compare copies by their pixels.
 ///
 /// Owned by AppDelegate; main thread.
 class Preview final : public QObject {

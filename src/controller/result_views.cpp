@@ -17,7 +17,9 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QMenu>
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
 
 namespace tarvin {
@@ -78,6 +80,10 @@ void ResultViews::connectControls() {
             &ResultViews::selectionShouldChangeInOutlineView);
     connect(screen.OView2->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ResultViews::outlineViewSelectionDidChange);
+    connect(screen.resultTable->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ResultViews::tableViewSelectionDidChange);
+    // Rows that were read anew are none of those that were selected.
+    connect(&results_.files, &QAbstractItemModel::modelReset, this, &ResultViews::selectShownFile);
     for (QAction* item : screen.outlineMenu->actions()) {
         connect(item, &QAction::triggered, this,
                 [this, item] { righClickMenuItemClicked(item->data().toInt(), item->text()); });
@@ -168,7 +174,7 @@ void ResultViews::showDuplicateScanResult(bool showsSummary) {
     loading_.show();
     // A result with a single extension opens without a preview.
     if (results_.modal->extensionCount() < 2) {
-        preview_.clear();
+        clearPreview();
     } else {
         showFirstFile();
     }
@@ -184,7 +190,7 @@ void ResultViews::showEmptyResult(bool showsSummary) {
     if (showsSummary) {
         showInformationWindowAccordingTab();
     }
-    preview_.clear();
+    clearPreview();
 }
 
 void ResultViews::showTotals(bool areNone) const {
@@ -202,9 +208,34 @@ void ResultViews::showFirstFile() {
     if (sets.empty() || sets.front()->files().empty()) {
         return;
     }
-    const std::string path = sets.front()->files().front()->filePath();
+    showFile(sets.front()->files().front());
+}
+
+void ResultViews::showFile(const std::shared_ptr<File>& file) {
+    shown_ = file;
+    const std::string path = file->filePath();
     preview_.showSelectedImage(path);
     preview_.showSelecteImageProperty(path);
+    selectShownFile();
+}
+
+/// Also of a list that has become shorter, where the file may be at another place.
+void ResultViews::selectShownFile() {
+    const std::shared_ptr<Set>& set = results_.files.set();
+    if (!set || !shown_) {
+        return;
+    }
+    const auto found = std::find(set->files().begin(), set->files().end(), shown_);
+    if (found != set->files().end()) {
+        window_.results->resultTable->selectFile(
+            static_cast<int>(std::distance(set->files().begin(), found)));
+    }
+}
+
+void ResultViews::clearPreview() {
+    shown_.reset();
+    window_.results->resultTable->clearSelection();
+    preview_.clear();
 }
 
 void ResultViews::showScreen() {
@@ -261,9 +292,15 @@ void ResultViews::outlineViewSelectionDidChange() {
     results_.showFiles();
     loading_.hide();
     if (!set->files().empty()) {
-        const std::string path = set->files().front()->filePath();
-        preview_.showSelectedImage(path);
-        preview_.showSelecteImageProperty(path);
+        showFile(set->files().front());
+    }
+}
+
+void ResultViews::tableViewSelectionDidChange() {
+    const std::shared_ptr<File> file =
+        results_.files.fileAt(window_.results->resultTable->selectedRow());
+    if (file && file != shown_) {
+        showFile(file);
     }
 }
 
@@ -341,8 +378,8 @@ void ResultViews::sortingOrderMenuClicked(int tag) {
 }
 
 void ResultViews::homeCleanup() {
+    clearPreview();
     results_.forget();
-    preview_.clear();
 }
 
 }  // namespace tarvin

@@ -8,6 +8,7 @@
 #include "controller/session.h"
 
 #include <QObject>
+#include <memory>
 #include <string>
 
 class QAbstractButton;
@@ -43,6 +44,7 @@ class ResultViews final : public QObject {
     // The outline.
 
     void selectionShouldChangeInOutlineView(const QModelIndex& clicked);
+    /// Shows the first file of the set that is selected now; nothing changes without one.
     void outlineViewSelectionDidChange();
     // What a right click leaves to the context menu: nothing emits `rightClicked`, nothing calls
     // treeView(), and neither does anything.
@@ -50,6 +52,11 @@ class ResultViews final : public QObject {
     void rightClicked() {}
     /// Asks for what the item with this tag stands for; an unknown tag asks for nothing.
     void righClickMenuItemClicked(int tag, const QString& title);
+
+    // The file list.
+
+    /// Shows the file of the row that is selected now; nothing changes without one.
+    void tableViewSelectionDidChange();
 
     // The sort controls. None of them changes the order of the rows.
 
@@ -92,6 +99,10 @@ class ResultViews final : public QObject {
     void showTotals(bool areNone) const;
     void selectFirstSet() const;
     void showFirstFile();
+    /// Picture, path and properties of a file, whose row is selected if it is in the list.
+    void showFile(const std::shared_ptr<File>& file);
+    void selectShownFile();
+    void clearPreview();
     void showScreen();
     void informationClosed();
     /// Files of the selected set by their date; the order is kept in their indices alone.
@@ -104,6 +115,7 @@ class ResultViews final : public QObject {
     MarkingTask& marking_;
     Preview& preview_;
     const LoadingOverlay& loading_;
+    std::shared_ptr<File> shown_;  ///< the file in the preview; none while it is empty
     std::string sorting_;
     bool ascending_ = false;
 };

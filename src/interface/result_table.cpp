@@ -78,6 +78,29 @@ void ResultTable::setModel(QAbstractItemModel* model) {
     fitColumns();
 }
 
+void ResultTable::selectFile(int row) {
+    if (model() == nullptr || row < 0 || row >= model()->rowCount()) {
+        return;
+    }
+    selectionModel()->setCurrentIndex(
+        model()->index(row, nameText),
+        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+int ResultTable::selectedRow() const {
+    const QModelIndexList rows =
+        selectionModel() == nullptr ? QModelIndexList() : selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.front().row();
+}
+
+/// No modifier takes the selection away again.
+QItemSelectionModel::SelectionFlags ResultTable::selectionCommand(const QModelIndex& index,
+                                                                  const QEvent* event) const {
+    const QItemSelectionModel::SelectionFlags command = QTableView::selectionCommand(index, event);
+    return command.testFlag(QItemSelectionModel::Deselect) ? QItemSelectionModel::NoUpdate
+                                                           : command;
+}
+
 void ResultTable::fitColumns() {
     if (model() == nullptr || model()->columnCount() <= ButtonCell) {
         return;
@@ -188,6 +211,7 @@ void ResultTable::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!isReturn && event->key() != Qt::Key_Space) {
         QTableView::keyPressEvent(event);
+        selectRowOfKeyboard(*event);
         return;
     }
     if (!current.isValid() || event->isAutoRepeat()) {
@@ -201,6 +225,24 @@ void ResultTable::keyPressEvent(QKeyEvent* event) {
     selectionModel()->setCurrentIndex(current.siblingAtColumn(ButtonCell),
                                       QItemSelectionModel::NoUpdate);
     Q_EMIT tableCheckBoxClicked(current.row());
+}
+
+/// A key that would move, but is at the end already, selects the row where it is.
+void ResultTable::selectRowOfKeyboard(const QKeyEvent& event) {
+    switch (event.key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_Home:
+        case Qt::Key_End:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+            if (selectionMode() != NoSelection && selectedRow() < 0) {
+                selectFile(currentIndex().row());
+            }
+            break;
+        default:
+            break;
+    }
 }
 
 }  // namespace tarvin

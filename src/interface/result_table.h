@@ -11,6 +11,9 @@ namespace tarvin {
 /// tool tip then shows Qt::ToolTipRole, or the whole text without one. Main thread.
 ///
 /// Made for 500,000 rows: one height for all, no widget for a row, and only those in view painted.
+///
+/// One row is selected, by a click beside its check box or by the keys that move; nothing that a
+/// person does selects none.
 class ResultTable final : public QTableView {
     Q_OBJECT
 
@@ -33,6 +36,12 @@ class ResultTable final : public QTableView {
 
     void setModel(QAbstractItemModel* model) override;
 
+    /// Selects a row as a click on it would, also while a person cannot, makes it current and
+    /// brings it into view. A row that is not there changes nothing.
+    void selectFile(int row);
+    /// The selected row; -1 without one.
+    [[nodiscard]] int selectedRow() const;
+
     /// Letters find a name, unless there are so many rows that a person would wait.
     void keyboardSearch(const QString& search) override;
 
@@ -47,6 +56,8 @@ class ResultTable final : public QTableView {
     void doubleClick(int row);
 
  protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex& index, const QEvent* event = nullptr) const override;
     bool viewportEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -61,6 +72,7 @@ class ResultTable final : public QTableView {
     [[nodiscard]] QModelIndex boxAt(const QPoint& point) const;
     /// Whether the press was meant for a check box.
     bool pressBox(const QMouseEvent& event);
+    void selectRowOfKeyboard(const QKeyEvent& event);
 
     QPersistentModelIndex pressedBox_;  // where a click on a box began
 };

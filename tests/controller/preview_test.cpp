@@ -5,6 +5,7 @@
 #include "interface/image_view.h"
 #include "interface/property_text.h"
 #include "support/image_bytes.h"
+#include "support/on_screen.h"
 
 #include <QImage>
 #include <QPainter>
@@ -56,6 +57,19 @@ class PreviewBench : public ResultBench {
         QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, at(row));
     }
 
+    /// The file is shown, and its row is the one that is selected and highlighted.
+    void expectShown(int row, const std::string& name) {
+        EXPECT_EQ(textOf("selectedPath"), "Path: " + pathOf(name));
+        EXPECT_EQ(properties().rfind(" " + name + "\n", 0), 0U) << properties();
+        EXPECT_EQ(table().selectedRow(), row);
+        EXPECT_EQ(table().currentIndex().row(), row);
+        const QImage seen = onScreen(*table().viewport());
+        for (int other = 0; other < list().rowCount(); ++other) {
+            EXPECT_EQ(seen.pixelColor(3, at(other).y()) == QColor(217, 239, 243), other == row)
+                << other;
+        }
+    }
+
     void showImages() {
         click("imageButton");
         click("scanInforOKBtn");
@@ -73,8 +87,7 @@ class PreviewBench : public ResultBench {
         }
     }
 
- private:
-    QPoint at(int row) {
+    [[nodiscard]] QPoint at(int row) {
         return table().visualRect(list().index(row, ResultTable::nameText)).center();
     }
 };
@@ -119,22 +132,97 @@ TEST_F(PreviewTest, SaysDimensionsAmongImagesAlone) {
     })) << properties();
 }
 
-TEST_F(PreviewTest, StaysWithTheFirstFileWhicheverRowIsSelected) {
+TEST_F(PreviewTest, FollowsTheRowThatIsClicked) {
     ASSERT_TRUE(comesTrue([this] { return isAll(red); }));
-    const std::string before = properties();
     clickFile(1);
-    EXPECT_EQ(table().currentIndex().row(), 1);
-    QTest::keyClick(&table(), Qt::Key_Up);
+    expectShown(1, "a2.png");
+    EXPECT_TRUE(isPlaceholder());
+    EXPECT_TRUE(comesTrue([this] { return isAll(red); }));
+    clickFile(0);
+    expectShown(0, "a1.png");
+}
+
+TEST_F(PreviewTest, FollowsTheArrowKeys) {
+    table().setFocus();
     QTest::keyClick(&table(), Qt::Key_Down);
-    EXPECT_EQ(textOf("selectedPath"), "Path: " + pathOf("a1.png"));
-    EXPECT_EQ(properties(), before);
+    expectShown(1, "a2.png");
+    QTest::keyClick(&table(), Qt::Key_Up);
+    expectShown(0, "a1.png");
+    QTest::keyClick(&table(), Qt::Key_End, Qt::ControlModifier);
+    expectShown(1, "a2.png");
+}
+
+TEST_F(PreviewTest, FollowsTheRowAmongImages) {
+    showImages();
+    clickFile(1);
+    expectShown(1, "a2.png");
+    EXPECT_TRUE(comesTrue([this] {
+        return properties().find("\nImage Dimensions   : 800x600\n") != std::string::npos;
+    })) << properties();
+}
+
+TEST_F(PreviewTest, OfARowThatIsShownAlreadyIsNotMadeAgain) {
+    ASSERT_TRUE(comesTrue([this] { return isAll(red); }));
+    clickFile(0);
     EXPECT_TRUE(isAll(red));
+    expectShown(0, "a1.png");
+}
+
+TEST_F(PreviewTest, OfASetIsItsFirstFileWithItsRow) {
+    clickFile(1);
+    select(1, 0);
+    expectShown(0, "z1.txt");
+    clickFile(1);
+    expectShown(1, "z2.txt");
+    // Also of the same set once more.
+    select(1, 0);
+    expectShown(0, "z1.txt");
+}
+
+TEST_F(PreviewTest, StaysWhenTheSelectedRowIsClickedWithAModifier) {
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::ControlModifier, at(0));
+    expectShown(0, "a1.png");
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::ShiftModifier, at(1));
+    expectShown(1, "a2.png");
+}
+
+TEST_F(PreviewTest, IsNotOfARowWhoseBoxIsClicked) {
+    clickFileBox(1);
+    expectShown(0, "a1.png");
+}
+
+TEST_F(PreviewTest, KeepsItsRowWhenOthersLeaveTheList) {
+    write("b1.txt", "more");
+    for (const char* name : {"b2.txt", "b3.txt", "b4.txt"}) {
+        write(name, "more");
+    }
+    scanAgain();
+    click("scanInforOKBtn");
+    select(1, 0);
+    ASSERT_EQ(names(), (Lines{"b1.txt", "b2.txt", "b3.txt", "b4.txt"}));
+    clickFile(2);
+    clickFileBox(1);
+    click("addEceptionBtn");
+    click("excOKBtn");
+    click("scanInforOKBtn");
+    EXPECT_EQ(names(), (Lines{"b1.txt", "b3.txt", "b4.txt"}));
+    expectShown(1, "b3.txt");
+
+    clickFileBox(1);
+    click("addEceptionBtn");
+    click("excOKBtn");
+    click("scanInforOKBtn");
+    // It was taken out itself.
+    EXPECT_EQ(names(), (Lines{"b1.txt", "b4.txt"}));
+    EXPECT_EQ(table().selectedRow(), -1);
+    clickFile(1);
+    expectShown(1, "b4.txt");
 }
 
 TEST_F(PreviewTest, ADoubleClickOpensTheFileOfItsRow) {
     doubleClickFile(1);
     EXPECT_EQ(desktop.paths, std::vector<std::string>{pathOf("a2.png")});
-    EXPECT_EQ(textOf("selectedPath"), "Path: " + pathOf("a1.png"));
+    EXPECT_EQ(textOf("selectedPath"), "Path: " + pathOf("a2.png"));
     const QPoint beside(20, table().viewport()->height() - 4);
     QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, beside);
     delegate->preview().doubleClick(-1);
@@ -256,6 +344,17 @@ TEST_F(PreviewOfImages, IsThatOfTheSetClickedLast) {
     EXPECT_EQ(textOf("selectedPath"), "Path: " + pathOf("b1.png"));
     EXPECT_NE(properties().find("\nImage Dimensions   : 40x30\n"), std::string::npos)
         << properties();
+}
+
+TEST_F(PreviewOfImages, OfASingleExtensionBeginsWithTheRowThatIsChosen) {
+    writeImages("a1.png", "a2.png", {800, 600});
+    scanAndReview();
+    EXPECT_EQ(table().selectedRow(), -1);
+    QTest::keyClick(&table(), Qt::Key_Up);
+    expectShown(0, "a1.png");
+    QTest::keyClick(&table(), Qt::Key_Down);
+    expectShown(1, "a2.png");
+    EXPECT_TRUE(comesTrue([this] { return isAll(red); }));
 }
 
 TEST_F(PreviewOfImages, OfASingleExtensionStaysEmptyThoughAPictureWasOnItsWay) {

@@ -222,6 +222,7 @@ TEST_F(Views, ShowTheFirstSetWithItsFirstFile) {
     EXPECT_EQ(fileText(0, ResultTable::fileLocation), folder.pathOf("found"));
     EXPECT_EQ(fileText(0, ResultTable::fileGroup), "1");
     EXPECT_EQ(textOf("selectedPath"), "Path: " + folder.pathOf("found/a1.jpg"));
+    EXPECT_EQ(table().selectedRow(), 0);
     EXPECT_FALSE(isCovered());
     EXPECT_TRUE(outline().isExpanded(tree().indexOfExtension(0)));
     EXPECT_TRUE(outline().isExpanded(tree().indexOfExtension(1)));
@@ -236,6 +237,7 @@ TEST_F(Views, OfASingleExtensionBeginWithoutAPreview) {
     EXPECT_TRUE(window().results->imView->image().isNull());
     EXPECT_EQ(textOf("selectedPath"), "");
     EXPECT_EQ(window().results->textField->text(), QString());
+    EXPECT_EQ(table().selectedRow(), -1);
 }
 
 class EmptyViews : public Views {

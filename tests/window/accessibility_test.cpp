@@ -138,6 +138,23 @@ TEST_F(ResultAccess, TellsOfBoxesOfTheFilesToggledByTheKeyboard) {
     expectMark(OutlineRows(*window_), 1, Mark::mixed);
 }
 
+TEST_F(ResultAccess, SaysWhichFileIsShown) {
+    openResults();
+    const FileRows files(*window_);
+    window_->waitForText("Path: " + files.path(0));
+    EXPECT_TRUE(files.name(0).is(ATSPI_STATE_SELECTED));
+    files.click(2);
+    window_->waitForText("Path: " + files.path(2));
+    EXPECT_TRUE(files.name(2).is(ATSPI_STATE_SELECTED));
+    EXPECT_FALSE(files.name(0).is(ATSPI_STATE_SELECTED));
+    input::key("Up");
+    window_->waitForText("Path: " + files.path(1));
+    OutlineRows(*window_).click(4);
+    EXPECT_TRUE(waitUntil([&] { return files.count() == 2; }));
+    window_->waitForText("Path: " + files.path(0));
+    EXPECT_TRUE(waitUntil([&] { return files.name(0).is(ATSPI_STATE_SELECTED); }));
+}
+
 TEST_F(ResultAccess, FindsTheSortControlsStates) {
     openResults();
     const Accessible order = window_->wait(ATSPI_ROLE_CHECK_BOX, "File order");
