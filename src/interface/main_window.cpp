@@ -19,6 +19,7 @@
 #include "interface/notice_panel.h"
 #include "interface/open_panels.h"
 #include "interface/placement.h"
+#include "interface/press_guard.h"
 #include "interface/product_title.h"
 #include "interface/progress_screen.h"
 #include "interface/result_screen.h"
@@ -89,10 +90,12 @@ MainWindow::MainWindow(Appearance appearance, QWidget* parent)
       loadingView(makeHidden("loadingView", this)),
       loadingIndicator(named(new Spinner, "loadingIndicator")),
       placement_(new Placement(this, designSize)),
-      openPanels_(new OpenPanels(this)) {
+      openPanels_(new OpenPanels(this)),
+      pressGuard_(new PressGuard(this)) {
     setWindowIcon(pictureIcon(QStringLiteral("app_icon")));
     savedOk->setTitle(tr("Ok"));
     QToolTip::setPalette(lightPalette());
+    pressGuard_->setAreas({topBar, tabViewMain});
     placeFrame();
     placeLoadingView();
     makeNotices();
@@ -190,6 +193,10 @@ void MainWindow::selectTabViewItem(const QString& identifier) {
     for (Screen* screen : screens()) {
         if (screen->identifier() != identifier) {
             continue;
+        }
+        // At launch nobody has seen what the first screen takes the place of.
+        if (screen != currentScreen() && (currentScreen()->wasSeen() || pressGuard_->isActive())) {
+            pressGuard_->begin();
         }
         currentScreen()->setBarShown(false);
         tabViewMain->setCurrentWidget(screen);

@@ -23,6 +23,7 @@ class LocationScreen;
 class NoticePanel;
 class OpenPanels;
 class Placement;
+class PressGuard;
 class ProgressScreen;
 class ResultScreen;
 class Screen;
@@ -89,7 +90,8 @@ class MainWindow final : public EarlyWindow {
     Spinner* const loadingIndicator;
 
     /// Shows the screen with this identifier and gives the keyboard to its first control. An
-    /// unknown identifier changes nothing.
+    /// unknown identifier changes nothing. For the time of a double click the mouse presses nothing
+    /// on a screen that has just come, so that a double click on Scan does not press Stop, too.
     void selectTabViewItem(const QString& identifier);
     /// The identifier of the screen that is shown.
     [[nodiscard]] QString selectedTabViewItem() const;
@@ -142,6 +144,7 @@ class MainWindow final : public EarlyWindow {
 
     Placement* const placement_;
     OpenPanels* const openPanels_;
+    PressGuard* const pressGuard_;
     QVector<ViewTransparent*> covers_;  // in the order in which they came
     std::function<bool()> closePermission_;
 };

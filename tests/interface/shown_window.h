@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QStandardItemModel>
 #include <QTest>
 
@@ -20,12 +21,16 @@ class ShownWindow : public testing::Test {
     ShownWindow() {
         // Nothing is to be under the pointer by chance.
         QCursor::setPos(-100, -100);
+        // Tests click sooner after a change of screens than a person does.
+        QApplication::setDoubleClickInterval(0);
         window.show();
         // Whatever a slow machine takes, up to a limit; a window that never comes fails the test.
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&window, 20000));
         window.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window, 20000));
     }
+
+    ~ShownWindow() override { QApplication::setDoubleClickInterval(usualInterval_); }
 
     /// The control with this object name; fails the test and gives none if there is none.
     template <class Control = QWidget>
@@ -48,6 +53,9 @@ class ShownWindow : public testing::Test {
     }
 
     MainWindow window;
+
+ private:
+    const int usualInterval_ = QApplication::doubleClickInterval();
 };
 
 /// Locations as their table shows them.

@@ -10,6 +10,9 @@ namespace tarvin::input {
 
 namespace {
 
+/// In seconds; a little more than Qt's 0.4.
+constexpr const char* timeOfADoubleClick = "0.45";
+
 void act(const std::string& words) {
     const CommandResult result = runCommand("xdotool " + words);
     EXPECT_EQ(result.status, 0) << words << ": " << result.output;
@@ -34,7 +37,12 @@ void release() {
 }
 
 void click(Spot spot) {
-    act(wordsFor(spot) + " click 1");
+    act("sleep " + std::string(timeOfADoubleClick) + " " + wordsFor(spot) + " click 1");
+}
+
+void doubleClick(Spot spot) {
+    act("sleep " + std::string(timeOfADoubleClick) + " " + wordsFor(spot) +
+        " click --repeat 2 --delay 50 1");
 }
 
 void key(const std::string& keys) {

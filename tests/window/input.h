@@ -12,7 +12,11 @@ namespace input {
 void moveTo(Spot spot);
 void press();    ///< the left button
 void release();  ///< the left button
+/// A click that is none of a pair: it comes after the time of a double click, in which a screen
+/// that has just come takes none.
 void click(Spot spot);
+/// Two clicks at once.
+void doubleClick(Spot spot);
 /// A key with its modifiers, as in "alt+F4", for the window that has the keyboard.
 void key(const std::string& keys);
 

@@ -1,6 +1,7 @@
 #include "support/waiting.h"
 #include "window/drop.h"
 #include "window/home.h"
+#include "window/input.h"
 #include "window/location_rows.h"
 #include "window/program_window.h"
 #include "window/scan_steps.h"
@@ -88,6 +89,25 @@ TEST(WholeRun, ScansASmallFolderToItsEnd) {
         goHome(window);
     }
     EXPECT_TRUE(product->runs());
+}
+
+/// Stop comes where Scan was.
+TEST(WholeRun, IsNotStoppedByADoubleClickOnScan) {
+    Home home;
+    const auto product = home.startProduct({makeEndlessFolder(home, "Films")});
+    const ProgramWindow window(product->pid());
+    window.waitForButton("Scan", true);
+    const Area scan = window.wait(ATSPI_ROLE_PUSH_BUTTON, "Scan").area();
+    const Spot spot{scan.x + scan.width * 3 / 4, scan.y + scan.height / 2};
+    input::doubleClick(spot);
+    const Area stop = window.wait(ATSPI_ROLE_PUSH_BUTTON, "Stop").area();
+    EXPECT_TRUE(stop.x < spot.x && spot.x < stop.x + stop.width);
+    waitForProgress(window);
+    EXPECT_FALSE(window.showsText(stopQuestion));
+    input::click(spot);
+    window.waitForText(stopQuestion);
+    window.click("Yes");
+    window.waitForText("Duplicate Files");
 }
 
 TEST(WholeRun, SaysThatThereIsNothingToCompare) {
