@@ -8,6 +8,7 @@
 #include "controls/hover_button.h"
 #include "controls/windows_like_button.h"
 #include "interface/about_panel.h"
+#include "interface/enabled_together.h"
 #include "interface/home_screen.h"
 #include "interface/location_screen.h"
 #include "interface/location_table.h"
@@ -179,8 +180,8 @@ void Locations::loadFolder() {
 }
 
 void Locations::showLevelButtons() {
-    window_.locations->backFolderButton->setEnabled(history_.isBackEnabled());
-    window_.locations->nextFolderButton->setEnabled(history_.isNextEnabled());
+    setEnabledTogether({{window_.locations->backFolderButton, history_.isBackEnabled()},
+                        {window_.locations->nextFolderButton, history_.isNextEnabled()}});
 }
 
 void Locations::backFolderClicked() {
@@ -218,10 +219,10 @@ void Locations::removeFromListExact() {
 void Locations::reflectMarkStatusForRemoveButton() {
     const LocationScreen& screen = *window_.locations;
     const LocationButtons buttons = tarvin::reflectMarkStatusForRemoveButton(list_.rows());
-    screen.markAllExactBtn->setEnabled(buttons.markAllExactBtn);
-    screen.unmarkAllExactBtn->setEnabled(buttons.unmarkAllExactBtn);
-    screen.removeFromListExactBtn->setEnabled(buttons.removeFromListExactBtn);
-    screen.findDuplicateExact->setEnabled(buttons.findDuplicateExact);
+    setEnabledTogether({{screen.markAllExactBtn, buttons.markAllExactBtn},
+                        {screen.unmarkAllExactBtn, buttons.unmarkAllExactBtn},
+                        {screen.removeFromListExactBtn, buttons.removeFromListExactBtn},
+                        {screen.findDuplicateExact, buttons.findDuplicateExact}});
     screen.findDuplicateExact->setAlpha(buttons.findDuplicateExactAlpha);
     if (buttons.givesScanTitle) {
         screen.findDuplicateExact->setTitle(LocationTexts::scan());

@@ -6,6 +6,7 @@
 #include "controls/hover_button.h"
 #include "controls/pop_up_button.h"
 #include "controls/tab_button.h"
+#include "interface/enabled_together.h"
 #include "interface/main_window.h"
 #include "interface/notice_panel.h"
 #include "interface/result_screen.h"
@@ -22,12 +23,6 @@ namespace tarvin {
 namespace {
 
 constexpr QPoint alertPlace{275, 225};
-
-void setEnabled(QWidget* control, std::optional<bool> enabled) {
-    if (enabled) {
-        control->setEnabled(*enabled);
-    }
-}
 
 }  // namespace
 
@@ -123,12 +118,12 @@ void MarkingTask::enableNecessaryButton() {
     const Modal none;
     const ButtonStates states = buttonStatesFor(results_.modal ? *results_.modal : none,
                                                 session_.exact, currentViewOf(results_.tabs));
-    setEnabled(screen.markAll, states.markAll);
-    setEnabled(screen.unMarkAll, states.unMarkAll);
-    setEnabled(screen.sendToRecycle, states.sendToRecycle);
-    setEnabled(screen.deletePermanently, states.deletePermanently);
-    setEnabled(screen.addEceptionBtn, states.addEceptionBtn);
-    setEnabled(screen.sortPopupBtn, states.sortPopupBtn);
+    setEnabledTogether({{screen.markAll, states.markAll},
+                        {screen.unMarkAll, states.unMarkAll},
+                        {screen.sendToRecycle, states.sendToRecycle},
+                        {screen.deletePermanently, states.deletePermanently},
+                        {screen.addEceptionBtn, states.addEceptionBtn},
+                        {screen.sortPopupBtn, states.sortPopupBtn}});
     if (!states.currentView) {
         return;
     }

@@ -52,6 +52,13 @@ bool PaintedButton::showsFocusRing() const {
     return ring_ != nullptr && ring_->isWanted();
 }
 
+void PaintedButton::setFocusAfterDisabling(const QVector<QWidget*>& controls) {
+    afterDisabling_.clear();
+    for (QWidget* control : controls) {
+        afterDisabling_.push_back(control);
+    }
+}
+
 void PaintedButton::updateTrackingAreas() {
     const bool inside =
         isVisible() && isTracked() && QApplication::widgetAt(QCursor::pos()) == this;
@@ -132,6 +139,19 @@ bool PaintedButton::event(QEvent* event) {
             break;
     }
     return QPushButton::event(event);
+}
+
+/// Asked while the button is enabled, when Tab leaves it, or while it is being disabled.
+bool PaintedButton::focusNextPrevChild(bool next) {
+    if (!isEnabled()) {
+        for (const QPointer<QWidget>& control : afterDisabling_) {
+            if (control != nullptr && control->isVisible() && control->isEnabled()) {
+                control->setFocus(Qt::OtherFocusReason);
+                return true;
+            }
+        }
+    }
+    return QPushButton::focusNextPrevChild(next);
 }
 
 void PaintedButton::changeEvent(QEvent* event) {

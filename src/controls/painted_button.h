@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QString>
+#include <QVector>
 
 namespace tarvin {
 
@@ -47,6 +48,11 @@ class PaintedButton : public QPushButton {
     /// Whether the focus ring is to be seen now.
     [[nodiscard]] bool showsFocusRing() const;
 
+    /// Who has the keyboard next if the button is disabled while it has it: the first of `controls`
+    /// that is shown and enabled then. Without one it is the next control in the tab order, which
+    /// may do something else altogether on the next key. Not owned.
+    void setFocusAfterDisabling(const QVector<QWidget*>& controls);
+
     /// Looks where the pointer is and behaves as if it had just come in or gone out. Called by the
     /// button itself whenever it is shown, moved or resized.
     void updateTrackingAreas();
@@ -69,6 +75,7 @@ class PaintedButton : public QPushButton {
     void showCursor(Qt::CursorShape shape);
 
     bool event(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void changeEvent(QEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
@@ -96,6 +103,7 @@ class PaintedButton : public QPushButton {
     FocusRing::Place ringPlace_ = FocusRing::Place::outside;
     QColor ringColor_;
     QPointer<FocusRing> ring_;
+    QVector<QPointer<QWidget>> afterDisabling_;
 };
 
 }  // namespace tarvin

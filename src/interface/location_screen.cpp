@@ -61,6 +61,12 @@ LocationScreen::LocationScreen(ViewTopBar* bar)
                      unmarkAllExactBtn, removeFromListExactBtn, tableExact, addPhotos, addFolders,
                      findDuplicateExact});
     setFirstControl(tableExact);
+    markAllExactBtn->setFocusAfterDisabling({unmarkAllExactBtn, tableExact});
+    unmarkAllExactBtn->setFocusAfterDisabling({markAllExactBtn, tableExact});
+    removeFromListExactBtn->setFocusAfterDisabling({tableExact});
+    findDuplicateExact->setFocusAfterDisabling({tableExact});
+    backFolderButton->setFocusAfterDisabling({nextFolderButton, tableExact});
+    nextFolderButton->setFocusAfterDisabling({backFolderButton, tableExact});
 }
 
 void LocationScreen::placeControls() {

@@ -128,6 +128,20 @@ ResultScreen::ResultScreen(ViewTopBar* bar)
                      resultTable, textField, markAll, unMarkAll, addEceptionBtn, removeExceptionBtn,
                      finishButton});
     setFirstControl(resultTable);
+    keepKeyboardFromTraps();
+}
+
+/// Delete and Remove Exceptions stand next to buttons that disable themselves.
+void ResultScreen::keepKeyboardFromTraps() const {
+    for (HoverButton* button :
+         {static_cast<HoverButton*>(allButton), static_cast<HoverButton*>(imageButton),
+          static_cast<HoverButton*>(videoButton), static_cast<HoverButton*>(audioButton),
+          static_cast<HoverButton*>(documentButton), static_cast<HoverButton*>(otherButton),
+          addEceptionBtn, removeExceptionBtn, finishButton}) {
+        button->setFocusAfterDisabling({resultTable});
+    }
+    markAll->setFocusAfterDisabling({unMarkAll, resultTable});
+    unMarkAll->setFocusAfterDisabling({markAll, resultTable});
 }
 
 void ResultScreen::nameControls() {

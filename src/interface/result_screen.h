@@ -71,6 +71,7 @@ class ResultScreen final : public Screen {
     void nameControls();
     void fillSortControls() const;
     void makeMenus() const;
+    void keepKeyboardFromTraps() const;
     void makeShortcuts();
     void placeControls();
     void placeTabBar(Placement& placement);

@@ -55,6 +55,40 @@ TEST(PaintedButton, AClickThatEndsOutsideDoesNot) {
     EXPECT_EQ(clicks.count(), 0);
 }
 
+TEST(PaintedButton, WhenItIsDisabledTheKeyboardGoesWhereItWasTold) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(QRect(20, 20, 60, 36));
+    auto& next = bench.add<HoverButton>(QRect(90, 20, 60, 36));
+    auto& counterpart = bench.add<HoverButton>(QRect(160, 20, 60, 36));
+    auto& list = bench.add<HoverButton>(QRect(20, 80, 60, 36));
+    button.setFocusAfterDisabling({&counterpart, &list});
+    const auto disabled = [&] {
+        button.setEnabled(true);
+        button.setFocus();
+        button.setEnabled(false);
+        return bench.window().focusWidget();
+    };
+    EXPECT_EQ(disabled(), &counterpart);
+    counterpart.setEnabled(false);
+    EXPECT_EQ(disabled(), &list);
+    counterpart.setEnabled(true);
+    counterpart.hide();
+    EXPECT_EQ(disabled(), &list);
+    list.hide();
+    EXPECT_EQ(disabled(), &next);
+}
+
+TEST(PaintedButton, TabLeavesItForTheNextWhoeverComesAfterDisabling) {
+    ControlBench bench;
+    auto& button = bench.add<HoverButton>(QRect(20, 20, 60, 36));
+    auto& next = bench.add<HoverButton>(QRect(90, 20, 60, 36));
+    auto& counterpart = bench.add<HoverButton>(QRect(160, 20, 60, 36));
+    button.setFocusAfterDisabling({&counterpart});
+    button.setFocus();
+    QTest::keyClick(bench.window().windowHandle(), Qt::Key_Tab);
+    EXPECT_EQ(bench.window().focusWidget(), &next);
+}
+
 TEST(PaintedButton, TheFocusedOneComesBeforeTheScreensReturn) {
     ControlBench bench;
     auto& button = bench.add<HoverButton>(place);
