@@ -121,10 +121,12 @@ void HoverButton::mouseExited() {
 }
 
 double HoverButton::shownOpacity() const {
-    if (isEnabled() || kind_ == Kind::quiet) {
+    if (isEnabled()) {
         return alpha();
     }
-    return std::min(alpha(), disabledOpacity_);
+    // What the pointer has left of it is no state of a disabled one.
+    const double own = alpha() == hoverAlpha ? 1.0 : alpha();
+    return kind_ == Kind::quiet ? own : std::min(own, disabledOpacity_);
 }
 
 void HoverButton::changeEvent(QEvent* event) {

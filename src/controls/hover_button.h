@@ -8,8 +8,9 @@
 namespace tarvin {
 
 /// A flat button with a title. Under the pointer its alpha is 0.7 with a hand for a cursor, and 1.0
-/// when the pointer has gone; a disabled one keeps its alpha and shows the not-allowed cursor. A
-/// button that was left while it was disabled gets its alpha of 1.0 back when it is enabled again.
+/// when the pointer has gone; a disabled one keeps its alpha and shows the not-allowed cursor. One
+/// that was disabled under the pointer is painted as if the pointer had never come, and gets its
+/// alpha of 1.0 back when it is enabled elsewhere.
 class HoverButton : public PaintedButton {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 
 #include "controls/look.h"
 #include "controls/painting.h"
+#include "controls/popup_watch.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -22,6 +23,8 @@ bool isReturn(const QKeyEvent& event) {
 PaintedButton::PaintedButton(QWidget* parent, Tracking tracking)
     : QPushButton(parent), tracking_(tracking), ringColor_(look::focusRing) {
     setFocusPolicy(Qt::StrongFocus);
+    connect(&PopupWatch::instance(), &PopupWatch::closed, this,
+            &PaintedButton::updateTrackingAreas);
     if (tracking == Tracking::inActiveApplication) {
         connect(qApp, &QGuiApplication::applicationStateChanged, this,
                 &PaintedButton::updateTrackingAreas);
@@ -157,6 +160,7 @@ bool PaintedButton::focusNextPrevChild(bool next) {
 void PaintedButton::changeEvent(QEvent* event) {
     if (event->type() == QEvent::EnabledChange) {
         borrowedCursor_.giveBack();
+        updateTrackingAreas();
     }
     QPushButton::changeEvent(event);
 }
@@ -210,6 +214,15 @@ void PaintedButton::keyPressEvent(QKeyEvent* event) {
     }
     if (!event->isAutoRepeat()) {
         click();
+    }
+}
+
+/// What a click does may take the pointer away without telling so.
+void PaintedButton::mouseReleaseEvent(QMouseEvent* event) {
+    const QPointer<PaintedButton> remains(this);
+    QPushButton::mouseReleaseEvent(event);
+    if (remains != nullptr) {
+        updateTrackingAreas();
     }
 }
 

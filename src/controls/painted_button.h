@@ -54,7 +54,8 @@ class PaintedButton : public QPushButton {
     void setFocusAfterDisabling(const QVector<QWidget*>& controls);
 
     /// Looks where the pointer is and behaves as if it had just come in or gone out. Called by the
-    /// button itself whenever it is shown, moved or resized.
+    /// button itself whenever it is shown, moved, resized, enabled, disabled or clicked, and when a
+    /// menu has closed.
     void updateTrackingAreas();
 
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
@@ -86,6 +87,7 @@ class PaintedButton : public QPushButton {
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     /// One whose signals are blocked does not turn either.
     void nextCheckState() override;
     void paintEvent(QPaintEvent* event) override;

@@ -4,8 +4,11 @@
 #include "controls/images.h"
 #include "controls/look.h"
 #include "controls/painting.h"
+#include "controls/popup_watch.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
+#include <QCursor>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QStyledItemDelegate>
@@ -48,6 +51,7 @@ PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
     // The delegate of combo boxes would ignore the margins of that.
     setItemDelegate(new QStyledItemDelegate(this));
     setCursor(Qt::PointingHandCursor);
+    connect(&PopupWatch::instance(), &PopupWatch::closed, this, &PopUpButton::updateTrackingAreas);
 }
 
 void PopUpButton::addTagged(const QString& title, int tag) {
@@ -76,6 +80,15 @@ bool PopUpButton::showsFocusRing() const {
     return ring_ != nullptr && ring_->isWanted();
 }
 
+void PopUpButton::updateTrackingAreas() {
+    setHovering(isVisible() && QApplication::widgetAt(QCursor::pos()) == this);
+}
+
+void PopUpButton::setHovering(bool hovering) {
+    hovering_ = hovering;
+    update();
+}
+
 void PopUpButton::showPopup() {
     if (!signalsBlocked()) {
         QComboBox::showPopup();
@@ -101,16 +114,31 @@ void PopUpButton::draw(QPainter& painter) const {
                                                   densityOf(painter)));
 }
 
+void PopUpButton::changeEvent(QEvent* event) {
+    QComboBox::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange) {
+        updateTrackingAreas();
+    }
+}
+
+void PopUpButton::showEvent(QShowEvent* event) {
+    QComboBox::showEvent(event);
+    updateTrackingAreas();
+}
+
+void PopUpButton::hideEvent(QHideEvent* event) {
+    QComboBox::hideEvent(event);
+    updateTrackingAreas();
+}
+
 void PopUpButton::enterEvent(QEnterEvent* event) {
     QComboBox::enterEvent(event);
-    hovering_ = true;
-    update();
+    setHovering(true);
 }
 
 void PopUpButton::leaveEvent(QEvent* event) {
     QComboBox::leaveEvent(event);
-    hovering_ = false;
-    update();
+    setHovering(false);
 }
 
 void PopUpButton::focusInEvent(QFocusEvent* event) {

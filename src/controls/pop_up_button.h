@@ -29,10 +29,17 @@ class PopUpButton final : public QComboBox {
 
     [[nodiscard]] bool showsFocusRing() const;
 
+    /// Looks whether the pointer is over the button. Called by the button itself whenever it is
+    /// shown, enabled or disabled, and when its list or a menu has closed.
+    void updateTrackingAreas();
+
     /// Opens the list, unless signals are blocked and a choice would tell nobody.
     void showPopup() override;
 
  protected:
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
@@ -42,6 +49,7 @@ class PopUpButton final : public QComboBox {
 
  private:
     void draw(QPainter& painter) const;
+    void setHovering(bool hovering);
     void showRing(bool shown);
 
     bool hovering_ = false;

@@ -37,6 +37,10 @@ QSize TabButton::sizeHint() const {
     return {2 * padding + glyphSide + gap + title, tabHeight};
 }
 
+double TabButton::shownOpacity() const {
+    return isEnabled() ? HoverButton::shownOpacity() : 1.0;
+}
+
 void TabButton::draw(QPainter& painter) {
     const bool selected = !isEnabled();
     if (selected || isDown()) {

@@ -8,7 +8,7 @@ namespace tarvin {
 
 /// A tab in the white bar of the results: a drawing and a title beside it. The tab that is shown is
 /// the disabled one, so its disabled look is the selected look: a tint, a bold title and a line at
-/// the foot. Behaves under the pointer as every HoverButton.
+/// the foot, whatever its alpha. Behaves under the pointer as every HoverButton.
 class TabButton final : public HoverButton {
     Q_OBJECT
 
@@ -22,6 +22,7 @@ class TabButton final : public HoverButton {
 
  protected:
     void draw(QPainter& painter) override;
+    [[nodiscard]] double shownOpacity() const override;
 
  private:
     QString glyph_;

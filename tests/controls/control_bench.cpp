@@ -2,13 +2,28 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QCursor>
 #include <QTest>
 #include <QWindow>
 #include <cmath>
 
 namespace tarvin {
+
+UntoldPointer::UntoldPointer() {
+    qApp->installEventFilter(this);
+}
+
+bool UntoldPointer::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::Enter:
+        case QEvent::Leave:
+        case QEvent::MouseMove:
+            return true;
+        default:
+            return QObject::eventFilter(watched, event);
+    }
+}
 
 ControlBench::ControlBench(const QColor& ground) {
     QPalette colors = window_.palette();
@@ -44,6 +59,12 @@ void ControlBench::movePointerAway() {
     QCoreApplication::processEvents();
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(window_.windowHandle(), &leave);
+}
+
+void ControlBench::loseThePointer() {
+    const UntoldPointer untold;
+    QCursor::setPos(window_.mapToGlobal(QPoint(-8, -8)));
+    QCoreApplication::processEvents();
 }
 
 void ControlBench::deactivate() {

@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QImage>
+#include <QObject>
 #include <QWidget>
 #include <utility>
 
@@ -16,6 +17,15 @@ MATCHER_P3(IsRgb, red, green, blue, "") {
     return std::abs(arg.red() - red) <= slack && std::abs(arg.green() - green) <= slack &&
            std::abs(arg.blue() - blue) <= slack;
 }
+
+/// While it is there nobody is told of the pointer's ways, as Qt does while a menu is open and
+/// after it has closed.
+class UntoldPointer final : public QObject {
+ public:
+    UntoldPointer();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
 
 /// An active window of 300 x 250 with a ground of one colour (the page colour, 243,246,248, at
 /// first), on which a test lays out controls. The pointer starts outside.
@@ -41,6 +51,8 @@ class ControlBench final {
     void movePointer(const QPoint& place);
     void movePointerTo(const QWidget& control);
     void movePointerAway();
+    /// The pointer is outside the window, but nobody is told so.
+    void loseThePointer();
 
     /// Takes the window for another one, so that ours is active no longer, and gives it back.
     void deactivate();

@@ -7,6 +7,7 @@
 
 #include <QFontInfo>
 #include <QFontMetrics>
+#include <QMenu>
 #include <QTest>
 
 namespace tarvin {
@@ -164,6 +165,91 @@ TEST(HoverButton, OneThatWasLeftWhileDisabledIsWholeWhenItIsEnabledAgain) {
     EXPECT_DOUBLE_EQ(button.alpha(), 0.7);
     button.setEnabled(true);
     EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
+}
+
+TEST(HoverButton, OneDisabledUnderThePointerIsNotWashedOut) {
+    ControlBench bench(Qt::black);
+    auto& button = bench.add<HoverButton>(place, Kind::quiet, QStringLiteral("Mark All"));
+    bench.movePointerTo(button);
+    button.setEnabled(false);
+    EXPECT_THAT(bench.at(25, 25), IsRgb(243, 246, 248));
+    EXPECT_THAT(bench.at(20, 30), IsRgb(197, 207, 213));
+    bench.movePointerAway();
+    EXPECT_THAT(bench.at(25, 25), IsRgb(243, 246, 248));
+    button.setEnabled(true);
+    EXPECT_THAT(bench.at(25, 25), IsRgb(255, 255, 255));
+}
+
+TEST(HoverButton, OneDisabledByItsOwnerKeepsTheAlphaThatTheOwnerGave) {
+    ControlBench bench(Qt::black);
+    auto& button = bench.add<HoverButton>(place, Kind::quiet, QString());
+    button.setAlpha(0.6);
+    button.setEnabled(false);
+    EXPECT_THAT(bench.at(25, 25), IsRgb(146, 148, 149));
+}
+
+TEST(HoverButton, EnabledUnderThePointerItIsHovered) {
+    ControlBench bench;
+    auto& button = addFilled(bench, look::deepTeal);
+    button.setEnabled(false);
+    bench.movePointerTo(button);
+    button.setEnabled(true);
+    EXPECT_DOUBLE_EQ(button.alpha(), 0.7);
+    EXPECT_TRUE(button.hovering());
+}
+
+TEST(HoverButton, EnabledOrDisabledItLooksWhereThePointerIs) {
+    ControlBench bench;
+    auto& button = addFilled(bench, look::deepTeal);
+    bench.movePointerTo(button);
+    bench.loseThePointer();
+    ASSERT_TRUE(button.hovering());
+    button.setEnabled(false);
+    EXPECT_FALSE(button.hovering());
+    button.setEnabled(true);
+    EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
+    EXPECT_THAT(bench.at(25, 25), IsRgb(14, 116, 138));
+}
+
+TEST(HoverButton, AfterAClickItLooksWhereThePointerIs) {
+    ControlBench bench;
+    auto& button = addFilled(bench, look::deepTeal);
+    bench.movePointerTo(button);
+    bench.loseThePointer();
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_FALSE(button.hovering());
+    EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
+}
+
+TEST(HoverButton, WhenAMenuHasClosedItLooksWhereThePointerIs) {
+    ControlBench bench;
+    auto& button = addFilled(bench, look::deepTeal);
+    QMenu menu;
+    menu.addAction(QStringLiteral("Ascending"));
+    bench.movePointerTo(button);
+    const UntoldPointer untold;
+    menu.popup(bench.window().mapToGlobal(QPoint(150, 100)));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu));
+    bench.loseThePointer();
+    ASSERT_TRUE(button.hovering());
+    menu.close();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(button.hovering());
+    EXPECT_THAT(bench.at(25, 25), IsRgb(14, 116, 138));
+}
+
+TEST(HoverButton, WhenAMenuHasClosedOverItItIsHovered) {
+    ControlBench bench;
+    auto& button = addFilled(bench, look::deepTeal);
+    QMenu menu;
+    menu.addAction(QStringLiteral("Ascending"));
+    const UntoldPointer untold;
+    menu.popup(bench.window().mapToGlobal(place.topLeft()));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu));
+    QCursor::setPos(bench.window().mapToGlobal(place.topLeft() + QPoint(6, 6)));
+    menu.close();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(button.hovering());
 }
 
 TEST(HoverButton, HeldDownItIsDarker) {

@@ -96,6 +96,30 @@ TEST_F(PopUpButtonTest, ThePointerMakesItFainter) {
     EXPECT_THAT(bench.at(20, 36), IsRgb(107, 124, 135));
 }
 
+TEST_F(PopUpButtonTest, WhenItsListHasClosedItLooksWhereThePointerIs) {
+    bench.movePointerTo(button);
+    const UntoldPointer untold;
+    button.showPopup();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(button.view()->window(), 20000));
+    bench.loseThePointer();
+    button.view()->setCurrentIndex(button.model()->index(1, 0));
+    QTest::keyClick(button.view(), Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !button.view()->isVisible(); }, 20000));
+    QCoreApplication::processEvents();
+    EXPECT_THAT(bench.at(20, 36), IsRgb(107, 124, 135));
+    EXPECT_TRUE(bench.holds(place, QColor(20, 36, 46)));
+}
+
+TEST_F(PopUpButtonTest, EnabledAgainItLooksWhereThePointerIs) {
+    bench.movePointerTo(button);
+    bench.loseThePointer();
+    button.setEnabled(false);
+    button.setEnabled(true);
+    EXPECT_THAT(bench.at(20, 36), IsRgb(107, 124, 135));
+    bench.movePointerTo(button);
+    EXPECT_THAT(bench.at(20, 36), IsRgb(148, 161, 169));
+}
+
 TEST_F(PopUpButtonTest, TheKeyboardIsShownRoundIt) {
     EXPECT_FALSE(button.showsFocusRing());
     button.setFocus(Qt::TabFocusReason);

@@ -42,11 +42,30 @@ TEST_F(TabButtonTest, TheDisabledOneLooksSelected) {
     EXPECT_TRUE(bench.holds(place, QColor(11, 97, 115)));
 }
 
-TEST_F(TabButtonTest, TheDisabledOneIsAsOpaqueAsItsAlpha) {
+TEST_F(TabButtonTest, TheChosenOneIsOpaqueWhateverItsAlpha) {
     tab.setEnabled(false);
-    tab.setAlpha(0.5);
-    // Half of the foot over the page.
-    EXPECT_THAT(bench.at(80, 58), IsRgb(128, 181, 193));
+    for (const double alpha : {0.5, 0.7, 0.0}) {
+        tab.setAlpha(alpha);
+        EXPECT_THAT(bench.at(80, 58), IsRgb(14, 116, 138)) << alpha;
+        EXPECT_THAT(bench.at(22, 22), IsRgb(230, 244, 247)) << alpha;
+        EXPECT_TRUE(bench.holds(place, QColor(11, 97, 115))) << alpha;
+    }
+}
+
+TEST_F(TabButtonTest, OneChosenUnderThePointerIsAsDrawn) {
+    QObject::connect(&tab, &QAbstractButton::clicked, [this] { tab.setEnabled(false); });
+    bench.movePointerTo(tab);
+    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, place.center());
+    ASSERT_FALSE(tab.isEnabled());
+    EXPECT_THAT(bench.at(22, 22), IsRgb(230, 244, 247));
+    EXPECT_THAT(bench.at(80, 58), IsRgb(14, 116, 138));
+    EXPECT_TRUE(bench.holds(place, QColor(11, 97, 115)));
+    bench.movePointerAway();
+    EXPECT_THAT(bench.at(80, 58), IsRgb(14, 116, 138));
+    // Another one is chosen.
+    tab.setEnabled(true);
+    EXPECT_DOUBLE_EQ(tab.alpha(), 1.0);
+    EXPECT_TRUE(bench.holds(place, QColor(20, 36, 46)));
 }
 
 TEST_F(TabButtonTest, GlyphAndTitleStandTogetherInTheMiddle) {
