@@ -1,8 +1,8 @@
 #include "preview/limits.h"
 
-#include <sys/prctl.h>
+#include "platform/confinement.h"
+
 #include <sys/resource.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <csignal>
@@ -23,19 +23,11 @@ void limit(Resource resource, rlim_t most) {
     ::setrlimit(resource, &limits);
 }
 
-/// If the one that started this has ended meanwhile, this ends now.
-void endWithStarter() {
-    const pid_t starter = ::getppid();
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (::getppid() != starter) {
-        ::_exit(1);
-    }
-}
-
 }  // namespace
 
 void limitThisProcess() {
-    endWithStarter();
+    endWithParent();
+    limitThreadStacks();
     limit(RLIMIT_CPU, 10);
     limit(RLIMIT_CORE, 0);
     // A write to a file fails instead of ending the process: libraries try, for their caches.

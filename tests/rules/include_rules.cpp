@@ -32,7 +32,7 @@ constexpr std::array layers{
           .librariesInSources = {Library::utf8proc, Library::xxhash}},
     Layer{.folder = "store", .ours = {"platform/"}, .librariesInSources = {Library::libplist}},
     Layer{.folder = "preview",
-          .ours = {"platform/file_system.h"},
+          .ours = {"platform/confinement.h", "platform/file_system.h"},
           .libraries = {Library::qt},
           .librariesInSources = {Library::system}},
     Layer{.folder = "network", .libraries = {Library::qt}, .librariesInSources = {Library::system}},
