@@ -49,8 +49,10 @@ void ImageView::paintEvent(QPaintEvent* event) {
         return;
     }
     const double density = densityOf(painter);
-    const QSize size =
-        image_.size().scaled((QSizeF(inside.size()) * density).toSize(), Qt::KeepAspectRatio);
+    // A picture much longer than it is high is a line, not nothing.
+    const QSize size = image_.size()
+                           .scaled((QSizeF(inside.size()) * density).toSize(), Qt::KeepAspectRatio)
+                           .expandedTo({1, 1});
     if (scaled_.size() != size || scaled_.devicePixelRatio() != density) {
         scaled_ = QPixmap::fromImage(
             image_.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));

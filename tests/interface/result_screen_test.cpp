@@ -192,11 +192,15 @@ TEST_F(ImageViewTest, KeepsTheProportionsOfOthers) {
     EXPECT_EQ(at(224, 95), look::surface);
 }
 
-TEST_F(ImageViewTest, AVeryThinPictureIsNoTrouble) {
-    screen.imView->setImage(plain({4000, 1}));
+TEST_F(ImageViewTest, ShowsAVeryThinPictureAsALine) {
+    screen.imView->setImage(plain({640, 1}));
     EXPECT_EQ(at(127, 50), look::surface);
-    screen.imView->setImage(plain({1, 4000}));
+    EXPECT_EQ(at(1, 95), QColor(Qt::magenta));
+    EXPECT_EQ(at(252, 95), QColor(Qt::magenta));
+    screen.imView->setImage(plain({1, 640}));
     EXPECT_EQ(at(50, 95), look::surface);
+    EXPECT_EQ(at(127, 1) == QColor(Qt::magenta), at(127, 189) == QColor(Qt::magenta));
+    EXPECT_TRUE(at(126, 100) == QColor(Qt::magenta) || at(127, 100) == QColor(Qt::magenta));
 }
 
 TEST_F(ImageViewTest, IsAsLargeAsItsPlaceInALargerWindow) {
