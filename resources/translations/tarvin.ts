@@ -107,9 +107,9 @@
     <message>
         <source> %1
 Size                          : %2
-Image Dimensions   : %3x%4
-Created Date           : %5
-Modified Date         : %6</source>
+Image Dimensions   : %3
+Created Date           : %4
+Modified Date         : %5</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

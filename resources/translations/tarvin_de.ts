@@ -107,14 +107,14 @@
     <message>
         <source> %1
 Size                          : %2
-Image Dimensions   : %3x%4
-Created Date           : %5
-Modified Date         : %6</source>
+Image Dimensions   : %3
+Created Date           : %4
+Modified Date         : %5</source>
         <translation> %1
 Größe              : %2
-Abmessungen   : %3x%4
-Erstellt               : %5
-Geändert           : %6</translation>
+Abmessungen   : %3
+Erstellt               : %4
+Geändert           : %5</translation>
     </message>
     <message>
         <source> %1

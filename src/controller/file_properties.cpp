@@ -47,11 +47,12 @@ QString FileProperties::getImageProperties(FileSystem& fileSystem, const std::st
 QString FileProperties::getImageProperties(const std::optional<FileAttributes>& attributes,
                                            const std::string& path, QSizeF size) {
     const CommonProperties common = commonOf(attributes, path);
-    const QSizeF shown = size.expandedTo({0, 0});  // Qt writes "none" as -1 x -1
-    return tr(" %1\nSize                          : %2\nImage Dimensions   : %3x%4\n"
-              "Created Date           : %5\nModified Date         : %6")
-        .arg(common.name, common.size, decimalText(shown.width()), decimalText(shown.height()),
-             common.created, common.modified);
+    const QString dimensions =
+        size.isEmpty() ? QString()
+                       : QString(decimalText(size.width()) % 'x' % decimalText(size.height()));
+    return tr(" %1\nSize                          : %2\nImage Dimensions   : %3\n"
+              "Created Date           : %4\nModified Date         : %5")
+        .arg(common.name, common.size, dimensions, common.created, common.modified);
 }
 
 QString FileProperties::getAllProperties(FileSystem& fileSystem, const std::string& path) {

@@ -20,8 +20,8 @@ class FileProperties final {
 
  public:
     /// For the view of images. `size` is that of the image as it is seen, after its orientation,
-    /// one point a pixel; printed as 0 x 0 while it is not known or if the file is no image that
-    /// can be read.
+    /// one point a pixel. Empty while it is not known or if the file is no image that can be read;
+    /// then nothing stands in its place.
     [[nodiscard]] static QString getImageProperties(FileSystem& fileSystem, const std::string& path,
                                                     QSizeF size);
     [[nodiscard]] static QString getImageProperties(const std::optional<FileAttributes>& attributes,

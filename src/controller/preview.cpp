@@ -28,7 +28,7 @@ Preview::Preview(Session& session, Results& results, MainWindow& window, Desktop
 
 void Preview::showSelectedImage(const std::string& path) {
     path_ = path;
-    size_ = QSizeF(0, 0);
+    size_ = {};
     pictures_.resizeImageAtPath(path);
     ImageView& view = *window_.results->imView;
     view.setImage(previewPlaceholder(view.devicePixelRatioF()));
@@ -38,7 +38,7 @@ void Preview::showSelectedImage(const std::string& path) {
 void Preview::showSelecteImageProperty(const std::string& path) {
     if (path != path_) {
         path_ = path;
-        size_ = QSizeF(0, 0);
+        size_ = {};
     }
     showProperties();
 }

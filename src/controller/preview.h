@@ -30,8 +30,8 @@ class Preview final : public QObject {
 
     /// Shows the placeholder at once and the picture, if there is one, when it is made.
     void showSelectedImage(const std::string& path);
-    /// With the dimensions of the picture while images are in view; they follow when the picture
-    /// is made.
+    /// With the dimensions of the picture while images are in view; they follow when they are
+    /// known, and until then there are none.
     void showSelecteImageProperty(const std::string& path);
     void clear();
 
@@ -49,7 +49,7 @@ class Preview final : public QObject {
     Desktop& desktop_;
     ImagePreview pictures_;
     std::string path_;  ///< of the file that is shown
-    QSizeF size_;       ///< of its picture, as far as it is known
+    QSizeF size_;       ///< of its picture; empty as long as it is not known
 };
 
 }  // namespace tarvin

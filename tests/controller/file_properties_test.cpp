@@ -115,7 +115,7 @@ TEST_F(FilePropertiesTest, AreThereWithoutAnyAttribute) {
     EXPECT_EQ(FileProperties::getImageProperties(systemFileSystem(), gone, {}),
               " gone.png\n"
               "Size                          : \n"
-              "Image Dimensions   : 0x0\n"
+              "Image Dimensions   : \n"
               "Created Date           : \n"
               "Modified Date         : ");
 }

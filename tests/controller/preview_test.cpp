@@ -132,6 +132,16 @@ TEST_F(PreviewTest, SaysDimensionsAmongImagesAlone) {
     })) << properties();
 }
 
+TEST_F(PreviewTest, SaysNoDimensionsUntilTheyAreKnown) {
+    showImages();
+    select(0, 0);
+    EXPECT_NE(properties().find("\nImage Dimensions   : \n"), std::string::npos) << properties();
+    EXPECT_TRUE(comesTrue([this] {
+        EXPECT_EQ(properties().find("0x0"), std::string::npos);
+        return properties().find("\nImage Dimensions   : 800x600\n") != std::string::npos;
+    })) << properties();
+}
+
 TEST_F(PreviewTest, FollowsTheRowThatIsClicked) {
     ASSERT_TRUE(comesTrue([this] { return isAll(red); }));
     clickFile(1);
@@ -256,8 +266,8 @@ TEST_F(PreviewTest, OfAnImageThatVanishedHasNoDimensions) {
     std::filesystem::remove(pathOf("a1.png"));
     select(0, 0);
     const std::string absent =
-        " a1.png\nSize                          : \nImage Dimensions   : 0x0\nCreated Date         "
-        "  : \nModified Date         : ";
+        " a1.png\nSize                          : \nImage Dimensions   : \nCreated Date           "
+        ": \nModified Date         : ";
     EXPECT_EQ(properties(), absent);
     outlastRequests(pathOf("a2.png"));
     EXPECT_EQ(properties(), absent);
