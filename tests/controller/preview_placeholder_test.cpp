@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QFont>
+#include <QFontMetricsF>
+#include <QPainter>
 #include <QRect>
 #include <QRegion>
 #include <QTranslator>
@@ -50,6 +53,25 @@ TEST(PreviewPlaceholder, HasItsTextAtItsPlace) {
     EXPECT_GE(ink.bottom(), 126);
     EXPECT_GE(ink.top(), 130 - 22);
     EXPECT_LE(ink.top(), 130 - 14);
+}
+
+/// The same text at the same place, in the font that the system has for a name.
+QImage placeholderIn(const QString& family) {
+    QImage image(250, 250, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QFont font(family);
+    font.setPixelSize(18);
+    QPainter painter(&image);
+    painter.setFont(font);
+    painter.drawText(QPointF(10, 250 - 120 - QFontMetricsF(font).descent()),
+                     QStringLiteral("Double Click On FIle To Open"));
+    return image;
+}
+
+TEST(PreviewPlaceholder, IsWrittenInHelvetica) {
+    EXPECT_EQ(previewPlaceholder(1), placeholderIn(QStringLiteral("Helvetica")));
+    EXPECT_NE(previewPlaceholder(1), placeholderIn(QStringLiteral("DejaVu Sans")));
+    EXPECT_NE(previewPlaceholder(1), placeholderIn(QStringLiteral("Times")));
 }
 
 TEST(PreviewPlaceholder, IsBlackOnNothing) {
