@@ -2,6 +2,7 @@
 
 #include "preview/preview_format.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tarvin {
@@ -11,6 +12,15 @@ namespace {
 /// How long the end of a process may take that was told to end. Only one that waits for a disk
 /// takes longer than some milliseconds.
 constexpr std::chrono::milliseconds endPatience{1'000};
+
+/// `image` with as many pixels a point as it takes to fill the field in one direction.
+QImage inField(QImage image, QSizeF field) {
+    if (!image.isNull() && !field.isEmpty()) {
+        image.setDevicePixelRatio(
+            std::max(image.width() / field.width(), image.height() / field.height()));
+    }
+    return image;
+}
 
 }  // namespace
 
@@ -36,12 +46,13 @@ ImagePreview::~ImagePreview() {
     }
 }
 
-void ImagePreview::resizeImageAtPath(const std::string& path) {
+void ImagePreview::resizeImageAtPath(const std::string& path, double width, double height) {
     cancel();
+    const Request request{path, {width, height}};
     if (process_ == nullptr) {
-        start(path);
+        start(request);
     } else {
-        waiting_ = path;
+        waiting_ = request;
     }
 }
 
@@ -53,8 +64,9 @@ void ImagePreview::cancel() {
     }
 }
 
-void ImagePreview::start(const std::string& path) {
+void ImagePreview::start(const Request& request) {
     isOvertaken_ = false;
+    field_ = request.field;
     reader_ = std::make_unique<PreviewReader>();
     process_ = std::make_unique<QProcess>();
     process_->setStandardErrorFile(QProcess::nullDevice());
@@ -71,7 +83,7 @@ void ImagePreview::start(const std::string& path) {
         Qt::QueuedConnection);
     process_->start(program_, QStringList());
     if (process_->isWritable()) {
-        process_->write(path.data(), static_cast<qint64>(path.size()));
+        process_->write(request.path.data(), static_cast<qint64>(request.path.size()));
         process_->closeWriteChannel();
     }
     timeLimit_.start();
@@ -94,10 +106,10 @@ void ImagePreview::finish() {
     timeLimit_.stop();
     endLimit_.stop();
     letGoOfProcess();
-    const QImage image = reader_->picture();
+    const QImage image = inField(reader_->picture(), field_);
     const bool isWanted = !isOvertaken_;
-    if (const std::optional<std::string> path = std::exchange(waiting_, std::nullopt)) {
-        start(*path);
+    if (const std::optional<Request> next = std::exchange(waiting_, std::nullopt)) {
+        start(*next);
     }
     if (!isWanted) {
         return;

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QProcess>
 #include <QSize>
+#include <QSizeF>
 #include <QString>
 #include <QTimer>
 #include <chrono>
@@ -34,9 +35,9 @@ class ImagePreview final : public QObject {
     /// brings about at once unless a disk does not answer: then for one second.
     ~ImagePreview() override;
 
-    /// Asks for the preview of the file at a path, native bytes; of a link there is none. The
-    /// answer comes later, by ready() or nothing().
-    void resizeImageAtPath(const std::string& path);
+    /// Asks for the preview of the file at a path, native bytes, for a field of `width` by `height`
+    /// points; of a link there is none. The answer comes later, by ready() or nothing().
+    void resizeImageAtPath(const std::string& path, double width, double height);
     /// Forgets the last request.
     void cancel();
 
@@ -44,13 +45,20 @@ class ImagePreview final : public QObject {
     /// The size of the image in the file, turned as the camera was held, in pixels. Before the
     /// answer, and also if that is nothing() because the file is damaged further on.
     void measured(QSize size);
-    /// The preview: turned as the camera was held, no side longer than 640 pixels.
+    /// The preview: turned as the camera was held, no side longer than 640 pixels, however large
+    /// the field is. In points it is as large as it can be in the field with its proportions kept;
+    /// a field without room leaves it at one pixel a point.
     void ready(const QImage& image);
     /// The file is no image that can be read, or it takes too much time or memory.
     void nothing();
 
  private:
-    void start(const std::string& path);
+    struct Request {
+        std::string path;
+        QSizeF field;
+    };
+
+    void start(const Request& request);
     void read();
     void finish();
     void endProcess();
@@ -60,7 +68,8 @@ class ImagePreview final : public QObject {
     std::unique_ptr<QProcess> process_;      // none while nothing is made
     std::unique_ptr<PreviewReader> reader_;  // of what it writes
     bool isOvertaken_ = false;               // nobody wants to hear of the process any more
-    std::optional<std::string> waiting_;     // the path that is asked for when it has ended
+    QSizeF field_;                           // of the request in hand
+    std::optional<Request> waiting_;         // what is asked for when it has ended
     QTimer timeLimit_;
     QTimer endLimit_;
 };

@@ -29,8 +29,9 @@ Preview::Preview(Session& session, Results& results, MainWindow& window, Desktop
 void Preview::showSelectedImage(const std::string& path) {
     path_ = path;
     size_ = {};
-    pictures_.resizeImageAtPath(path);
     ImageView& view = *window_.results->imView;
+    constexpr int lines = 2;  // around the picture: left and right, above and below
+    pictures_.resizeImageAtPath(path, view.width() - lines, view.height() - lines);
     view.setImage(previewPlaceholder(view.devicePixelRatioF()));
     window_.results->selectedPath->setText(ResultTexts::selectedPath(path));
 }

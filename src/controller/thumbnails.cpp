@@ -35,18 +35,18 @@ QPixmap Thumbnails::of(const std::string& path) {
 void Thumbnails::makeNext() {
     if (inHand_.isEmpty() && !waiting_.isEmpty()) {
         inHand_ = waiting_.takeLast();
-        previews_.resizeImageAtPath(inHand_.toStdString());
+        previews_.resizeImageAtPath(inHand_.toStdString(), size_.width(), size_.height());
     }
 }
 
 /// One that is no image is kept as a null picture, so that it is not tried again and again.
 void Thumbnails::keep(const QImage& image) {
     const bool fits = image.width() <= size_.width() && image.height() <= size_.height();
+    QImage small =
+        fits ? image : image.scaled(size_, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    small.setDevicePixelRatio(1);  // not enlarged to the size, and as sharp as its pixels
     const QByteArray path = std::exchange(inHand_, {});
-    pictures_.insert(
-        path,
-        new QPixmap(QPixmap::fromImage(
-            fits ? image : image.scaled(size_, Qt::KeepAspectRatio, Qt::SmoothTransformation))));
+    pictures_.insert(path, new QPixmap(QPixmap::fromImage(small)));
     makeNext();
     Q_EMIT ready(path);
 }

@@ -60,7 +60,7 @@ class ImagePreviewTest : public ::testing::Test {
         ready_.clear();
         nothing_.clear();
         measured_.clear();
-        preview_.resizeImageAtPath(path);
+        preview_.resizeImageAtPath(path, 252, 189);
         return answer();
     }
 
@@ -181,6 +181,21 @@ TEST_F(ImagePreviewOf, IsTurnedAndMadeSmaller) {
     EXPECT_EQ(measured(), QSize(3000, 4000));
 }
 
+TEST_F(ImagePreviewOf, FitsIntoItsFieldInItsProportions) {
+    // Wider than the field, higher, and smaller: in points each fills it in one direction.
+    EXPECT_EQ(previewOf(writeImage("wide.png", {2000, 1000}, "png")).deviceIndependentSize(),
+              QSizeF(252, 126));
+    EXPECT_EQ(previewOf(writeImage("high.png", {1000, 2000}, "png")).deviceIndependentSize(),
+              QSizeF(94.5, 189));
+    EXPECT_EQ(previewOf(writeImage("small.png", {8, 6}, "png")).deviceIndependentSize(),
+              QSizeF(252, 189));
+}
+
+TEST_F(ImagePreviewOf, HasOnePixelAPointForAFieldWithoutRoom) {
+    preview_.resizeImageAtPath(writeImage("a.png", {80, 60}, "png"), -2, -2);
+    EXPECT_EQ(answer().deviceIndependentSize(), QSizeF(80, 60));
+}
+
 TEST_F(ImagePreviewOf, TakesNamesThatAreNotText) {
     const std::string path = writeImage("a.png", {4, 4}, "png");
     for (const char* const name : {"M\xFC\xFF.png", "two\nlines.png", "-h", "%s %1"}) {
@@ -250,7 +265,7 @@ TEST_F(ImagePreviewOfHarm, EndsThoughADrawingRefersToWhatHasNoEnd) {
         ImagePreview preview(program, 2s);
         QSignalSpy ready(&preview, &ImagePreview::ready);
         QSignalSpy nothing(&preview, &ImagePreview::nothing);
-        preview.resizeImageAtPath(writeSvg("self.svg", reference(endless)));
+        preview.resizeImageAtPath(writeSvg("self.svg", reference(endless)), 252, 189);
         EXPECT_TRUE(waitUntil([&] {
             QCoreApplication::processEvents();
             return ready.size() + nothing.size() == 1;
@@ -320,12 +335,30 @@ TEST_F(ImagePreviewOfHarm, IsNoneOfAnImageThatTakesTooLong) {
     QSignalSpy measured(&preview, &ImagePreview::measured);
     const std::string path = tree_.writeFile("huge.png", imagebytes::blackPng(50'000, 50'000, 24));
     const auto begin = std::chrono::steady_clock::now();
-    preview.resizeImageAtPath(path);
+    preview.resizeImageAtPath(path, 252, 189);
     EXPECT_TRUE(nothing.wait(20'000));
     // It was not damage that ended it. The timer may be a twentieth too early.
     EXPECT_GE(std::chrono::steady_clock::now() - begin, 2800ms);
     ASSERT_EQ(measured.size(), 1);
     EXPECT_EQ(measured[0][0].toSize(), QSize(50'000, 50'000));
+}
+
+TEST_F(ImagePreviewRequests, ReadTheFileAnewEachTime) {
+    QImage image(4, 4, QImage::Format_RGB888);
+    image.fill(Qt::red);
+    const std::string path = tree_.pathOf("a.bmp");
+    ASSERT_TRUE(image.save(QString::fromStdString(path)));
+    EXPECT_EQ(previewOf(path).pixelColor(1, 1), QColor(Qt::red));
+    // As long as before, and of the same date: nothing but the content tells.
+    const auto size = std::filesystem::file_size(path);
+    const auto date = std::filesystem::last_write_time(path);
+    image.fill(Qt::blue);
+    ASSERT_TRUE(image.save(QString::fromStdString(path)));
+    std::filesystem::last_write_time(path, date);
+    ASSERT_EQ(std::filesystem::file_size(path), size);
+    EXPECT_EQ(previewOf(path).pixelColor(1, 1), QColor(Qt::blue));
+    std::filesystem::remove(path);
+    EXPECT_TRUE(previewOf(path).isNull());
 }
 
 TEST_F(ImagePreviewRequests, AreAnsweredTheLastAlone) {
@@ -334,7 +367,7 @@ TEST_F(ImagePreviewRequests, AreAnsweredTheLastAlone) {
         paths.push_back(writeImage("image" + std::to_string(number) + ".png", {number, 1}, "png"));
     }
     for (const std::string& path : paths) {
-        preview_.resizeImageAtPath(path);
+        preview_.resizeImageAtPath(path, 252, 189);
         EXPECT_LE(childCount(), 1);
     }
     EXPECT_EQ(answer().size(), QSize(100, 1));
@@ -349,7 +382,7 @@ TEST_F(ImagePreviewRequests, AreAnsweredAlsoWhenTheyComeBetweenEvents) {
         paths.push_back(writeImage("image" + std::to_string(number) + ".png", {number, 1}, "png"));
     }
     for (const std::string& path : paths) {
-        preview_.resizeImageAtPath(path);
+        preview_.resizeImageAtPath(path, 252, 189);
         QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
     }
     ASSERT_TRUE(waitUntil([this] {
@@ -361,10 +394,10 @@ TEST_F(ImagePreviewRequests, AreAnsweredAlsoWhenTheyComeBetweenEvents) {
 
 TEST_F(ImagePreviewRequests, OvertakeOneThatTakesLong) {
     preview_.resizeImageAtPath(
-        tree_.writeFile("huge.png", imagebytes::blackPng(50'000, 50'000, 24)));
+        tree_.writeFile("huge.png", imagebytes::blackPng(50'000, 50'000, 24)), 252, 189);
     ASSERT_TRUE(measured_.wait(20'000));
     const auto begin = std::chrono::steady_clock::now();
-    preview_.resizeImageAtPath(writeImage("small.png", {4, 4}, "png"));
+    preview_.resizeImageAtPath(writeImage("small.png", {4, 4}, "png"), 252, 189);
     EXPECT_EQ(answer().size(), QSize(4, 4));
     EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s);
     EXPECT_EQ(nothing_.size(), 0);
@@ -372,7 +405,7 @@ TEST_F(ImagePreviewRequests, OvertakeOneThatTakesLong) {
 }
 
 TEST_F(ImagePreviewRequests, CanBeTakenBack) {
-    preview_.resizeImageAtPath(writeImage("small.png", {4, 4}, "png"));
+    preview_.resizeImageAtPath(writeImage("small.png", {4, 4}, "png"), 252, 189);
     preview_.cancel();
     ASSERT_TRUE(waitUntil([] {
         QCoreApplication::processEvents();
@@ -389,12 +422,12 @@ TEST_F(ImagePreviewRequests, LeaveNothingRunningBehind) {
     {
         ImagePreview preview(program);
         QSignalSpy measured(&preview, &ImagePreview::measured);
-        preview.resizeImageAtPath(huge);
+        preview.resizeImageAtPath(huge, 252, 189);
         ASSERT_TRUE(measured.wait(20'000));
         EXPECT_EQ(childCount(), 1);
     }
     EXPECT_EQ(childCount(), 0);
-    ImagePreview(program).resizeImageAtPath(huge);
+    ImagePreview(program).resizeImageAtPath(huge, 252, 189);
     EXPECT_EQ(childCount(), 0);
 }
 
@@ -403,7 +436,7 @@ TEST_F(ImagePreviewRequests, AreAnsweredWithNothingInTime) {
     QSignalSpy nothing(&preview, &ImagePreview::nothing);
     const std::string path = tree_.writeFile("huge.png", imagebytes::blackPng(50'000, 50'000, 24));
     const auto begin = std::chrono::steady_clock::now();
-    preview.resizeImageAtPath(path);
+    preview.resizeImageAtPath(path, 252, 189);
     EXPECT_TRUE(nothing.wait(20'000));
     EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s);
 }
@@ -413,11 +446,11 @@ TEST_F(ImagePreviewRequests, AreAnsweredWithNothingWithoutAProgram) {
          {QString(), QStringLiteral("/no/such/program"), QString::fromStdString(tree_.path())}) {
         ImagePreview preview(missing);
         QSignalSpy nothing(&preview, &ImagePreview::nothing);
-        preview.resizeImageAtPath("/a.png");
+        preview.resizeImageAtPath("/a.png", 252, 189);
         EXPECT_TRUE(nothing.isEmpty());
         EXPECT_TRUE(nothing.wait(20'000));
-        preview.resizeImageAtPath("/a.png");
-        preview.resizeImageAtPath("/b.png");
+        preview.resizeImageAtPath("/a.png", 252, 189);
+        preview.resizeImageAtPath("/b.png", 252, 189);
         EXPECT_TRUE(nothing.wait(20'000));
         EXPECT_EQ(nothing.size(), 2);
     }
@@ -430,7 +463,7 @@ TEST_F(ImagePreviewRequests, AreAnsweredWithNothingByAnotherProgram) {
         ImagePreview preview(QString::fromStdString(path));
         QSignalSpy nothing(&preview, &ImagePreview::nothing);
         QSignalSpy measured(&preview, &ImagePreview::measured);
-        preview.resizeImageAtPath("/a.png");
+        preview.resizeImageAtPath("/a.png", 252, 189);
         EXPECT_TRUE(nothing.wait(20'000)) << script;
         EXPECT_EQ(measured.size(), 0) << script;
     };

@@ -82,7 +82,7 @@ class PreviewBench : public ResultBench {
         const QSignalSpy ready(&other, &ImagePreview::ready);
         const QSignalSpy nothing(&other, &ImagePreview::nothing);
         for (int request = 1; request <= 2; ++request) {
-            other.resizeImageAtPath(path);
+            other.resizeImageAtPath(path, 248, 186);
             ASSERT_TRUE(comesTrue([&] { return ready.size() + nothing.size() == request; }));
         }
     }
@@ -311,6 +311,20 @@ TEST_F(PreviewOfImages, SaysTheDimensionsOfALargeOne) {
     })) << properties();
     EXPECT_TRUE(comesTrue([this] { return isAll(red); }));
     EXPECT_EQ(picture().size(), QSize(640, 480));
+}
+
+TEST_F(PreviewOfImages, FillsThePlaceInsideTheLinesOfItsField) {
+    writeImages("a1.png", "a2.png", {800, 400});
+    writeImages("b1.png", "b2.png", {300, 600}, blue);
+    writeTexts();
+    scanAndReview();
+    ASSERT_EQ(window().results->imView->size(), QSize(254, 191));
+    select(0, 0);
+    EXPECT_TRUE(comesTrue([this] { return isAll(red); }));
+    EXPECT_EQ(picture().deviceIndependentSize(), QSizeF(252, 126));
+    select(0, 1);
+    EXPECT_TRUE(comesTrue([this] { return isAll(blue); }));
+    EXPECT_EQ(picture().deviceIndependentSize(), QSizeF(94.5, 189));
 }
 
 TEST_F(PreviewOfImages, StandsAsTheCameraWasHeld) {

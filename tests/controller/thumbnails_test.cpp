@@ -53,11 +53,13 @@ class ThumbnailsTest : public testing::Test {
 TEST_F(ThumbnailsTest, FitIntoTheirSizeInTheirProportions) {
     EXPECT_EQ(sizeOf(writeImage("wide.png", {400, 100})), QSize(80, 20));
     EXPECT_EQ(sizeOf(writeImage("high.jpg", {100, 400}, "jpg")), QSize(20, 80));
-    EXPECT_EQ(sizeOf(writeImage("line.png", {4000, 1})), QSize(80, 1));
+    EXPECT_EQ(sizeOf(writeImage("line.png", {20'000, 1})), QSize(80, 1));
 }
 
 TEST_F(ThumbnailsTest, AreNotEnlarged) {
-    EXPECT_EQ(sizeOf(writeImage("small.png", {8, 4})), QSize(8, 4));
+    const std::string path = writeImage("small.png", {8, 4});
+    EXPECT_EQ(sizeOf(path), QSize(8, 4));
+    EXPECT_EQ(thumbnails.of(path).deviceIndependentSize(), QSizeF(8, 4));
 }
 
 TEST_F(ThumbnailsTest, AreNoneOfWhatIsNoImage) {
