@@ -1,5 +1,7 @@
 #include "model/extensions.h"
 
+#include "model/counter.h"
+
 #include <atomic>
 
 namespace tarvin {
@@ -84,8 +86,8 @@ CheckState Extensions::determineSelfState() {
 
 RemovalResult Extensions::removeSelectedFilesInSet(const std::shared_ptr<Set>& set, Trash& trash) {
     // The marked counters need no such care: determineSelfState sets them anew.
-    total_ -= set->totalFilesInSet();
-    totalSize_ -= set->totalFilesInSetSize();
+    total_ = lessened(total_, set->totalFilesInSet());
+    totalSize_ = lessened(totalSize_, set->totalFilesInSetSize());
     const RemovalResult result = set->removeSelectedFilesInSet(trash);
     total_ += set->totalFilesInSet();
     totalSize_ += set->totalFilesInSetSize();

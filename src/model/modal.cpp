@@ -1,5 +1,7 @@
 #include "model/modal.h"
 
+#include "model/counter.h"
+
 namespace tarvin {
 
 void Modal::addExtension(std::shared_ptr<Extensions> extension) {
@@ -94,8 +96,9 @@ void Modal::rebuildIndex() const {
 }
 
 void Modal::subtractMarksOf(const Extensions& extension) {
-    totalFilesSelected_ -= extension.totalFilesSelectedInExtension();
-    totalFilesSelectedSize_ -= extension.totalFilesSelectedInExtensionSize();
+    totalFilesSelected_ = lessened(totalFilesSelected_, extension.totalFilesSelectedInExtension());
+    totalFilesSelectedSize_ =
+        lessened(totalFilesSelectedSize_, extension.totalFilesSelectedInExtensionSize());
 }
 
 void Modal::addMarksOf(const Extensions& extension) {
@@ -104,8 +107,8 @@ void Modal::addMarksOf(const Extensions& extension) {
 }
 
 void Modal::subtractTotalsOf(const Extensions& extension) {
-    totalFiles_ -= extension.totalFilesInExtension();
-    totalFilesSize_ -= extension.totalFilesInExtensionSize();
+    totalFiles_ = lessened(totalFiles_, extension.totalFilesInExtension());
+    totalFilesSize_ = lessened(totalFilesSize_, extension.totalFilesInExtensionSize());
 }
 
 void Modal::addTotalsOf(const Extensions& extension) {

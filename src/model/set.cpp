@@ -1,5 +1,6 @@
 #include "model/set.h"
 
+#include "model/counter.h"
 #include "platform/trash.h"
 
 #include <cstddef>
@@ -25,8 +26,7 @@ void SetTally::dropState(CheckState state) {
 }
 
 std::string Set::nameOfSetWith(std::size_t files) {
-    const std::uint64_t copies = std::uint64_t{files} - 1;  // wraps for an empty set
-    return "Set(" + std::to_string(copies) + ")";
+    return "Set(" + std::to_string(lessened(files, 1)) + ")";
 }
 
 void Set::markAllFiles() {
@@ -83,8 +83,8 @@ RemovalResult Set::removeSelectedFilesInSet(Trash& trash) {
         }
         moved.insert(file.get());
         uncountMark(*file);
-        totalFilesInSet_ -= 1;
-        totalFilesInSetSize_ -= file->fileSize();
+        totalFilesInSet_ = lessened(totalFilesInSet_, 1);
+        totalFilesInSetSize_ = lessened(totalFilesInSetSize_, file->fileSize());
         result.deletedFilesCount += 1;
         result.deletedFilesSize += file->fileSize();
     }
@@ -161,8 +161,8 @@ void Set::countMark(const File& file) {
 }
 
 void Set::uncountMark(const File& file) {
-    setTotalFilesSelectedInSet(marked_ - 1);
-    setTotalFilesSelectedInSetSize(markedSize_ - file.fileSize());
+    setTotalFilesSelectedInSet(lessened(marked_, 1));
+    setTotalFilesSelectedInSetSize(lessened(markedSize_, file.fileSize()));
 }
 
 void Set::takeOut(const std::unordered_set<const File*>& leaving) {

@@ -47,7 +47,7 @@ class Set final {
     /// Appends a file. Touches no counter: whoever builds the set knows its totals.
     void addFiles(std::shared_ptr<File> file) { files_.push_back(std::move(file)); }
 
-    /// "Set(N)" with the number of copies, which is the number of files less one.
+    /// "Set(N)" with the number of copies, which is the number of files less one; 0 without files.
     [[nodiscard]] std::string nameOfSet() const { return nameOfSetWith(files_.size()); }
     /// The same for a set of that many files.
     [[nodiscard]] static std::string nameOfSetWith(std::size_t files);

@@ -249,15 +249,26 @@ TEST(Modal, RemovingLeavesRefusedAndVanishedFilesCountedOnEveryLevel) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 4, 2110, 4, 2110}));
 }
 
-TEST(Modal, RemovingAnUncountedMarkWrapsOnTheSetAndStaysExactAbove) {
+TEST(Modal, RemovingAnUncountedMarkEndsAtZeroOnTheSetAndIsExactAbove) {
     Lists lists;
     lists.all.changeStateOfExtension(lists.jpg, lists.two, lists.two->files()[0]);
     lists.all.markAllExtension();
     EXPECT_EQ(lists.all.removeSelectedFilesInSet(lists.two, lists.jpg, lists.trash),
               (RemovalResult{2, 200}));
-    EXPECT_EQ(levelOf(*lists.two), (Level{on, wrapped, wrapped - 99, wrapped, wrapped - 99}));
-    EXPECT_EQ(levelOf(*lists.jpg), (Level{on, 1, wrapped - 79, 1, wrapped - 79}));
-    EXPECT_EQ(levelOf(lists.all), (Level{off, 3, 1920, 3, 1920}));
+    EXPECT_EQ(levelOf(*lists.two), (Level{off, 0, 0, 0, 0}));
+    EXPECT_EQ(levelOf(*lists.jpg), (Level{mixed, 2, 20, 2, 20}));
+    EXPECT_EQ(levelOf(lists.all), (Level{off, 4, 2020, 4, 2020}));
+}
+
+TEST(Modal, TotalsThatWereNeverCountedEndAtZero) {
+    Lists lists;
+    lists.jpg->setTotalFilesInExtension(1);
+    lists.jpg->setTotalFilesInExtensionSize(1);
+    lists.all.setTotalFiles(0);
+    lists.all.setTotalFilesSize(0);
+    lists.all.removeSelectedFilesInSet(lists.two, lists.jpg, lists.trash);
+    EXPECT_EQ(levelOf(*lists.jpg), (Level{off, 1, 100, 0, 0}));
+    EXPECT_EQ(levelOf(lists.all), (Level{off, 1, 100, 0, 0}));
 }
 
 TEST(Modal, ExceptingLowersTheMarksButNotTheTotalsOnEveryLevel) {
@@ -302,11 +313,11 @@ TEST(Modal, CalculatingTheTotalsEndsTheirStalenessButNotThatOfTheMarks) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 3, 2100, 42, 43}));
 }
 
-TEST(Modal, StaleMarksWrapWhenTheyAreTakenAwayHere) {
+TEST(Modal, StaleMarksEndAtZeroWhenTheyAreTakenAwayHere) {
     Lists lists;
     lists.all.markAllExtension();
     lists.images.changeStateOfExtension(lists.jpg, nullptr, nullptr);
-    EXPECT_EQ(levelOf(lists.images), (Level{off, 3, 120, wrapped - 2, wrapped - 119}));
+    EXPECT_EQ(levelOf(lists.images), (Level{off, 3, 120, 0, 0}));
     EXPECT_EQ(levelOf(lists.all), (Level{off, 5, 2120, 5, 2120}));
 }
 

@@ -16,6 +16,11 @@ namespace tarvin {
 // walks all sets of an extension for every answer, and keeps nothing that it could compute. It is
 // the judge of the real one.
 
+/// No counter falls below 0.
+inline void takeAway(std::uint64_t& counter, std::uint64_t part) {
+    counter = part < counter ? counter - part : 0;
+}
+
 struct PlainFile {
     std::string path;
     std::uint64_t size = 0;
@@ -67,8 +72,8 @@ struct PlainSet {
         if (file.state != 0) {
             file.state = 0;
             if (marked != 0) {
-                marked -= 1;
-                markedSize -= file.size;
+                takeAway(marked, 1);
+                takeAway(markedSize, file.size);
             }
         } else {
             file.state = 1;
@@ -99,10 +104,10 @@ struct PlainSet {
         for (const auto& file : files) {
             if (file->state != 0 && file->removeFile(trash)) {
                 leaving.push_back(file);
-                marked -= 1;
-                total -= 1;
-                markedSize -= file->size;
-                totalSize -= file->size;
+                takeAway(marked, 1);
+                takeAway(total, 1);
+                takeAway(markedSize, file->size);
+                takeAway(totalSize, file->size);
                 sums.deletedFilesCount += 1;
                 sums.deletedFilesSize += file->size;
             }
@@ -119,8 +124,8 @@ struct PlainSet {
             if (file->state != 0) {
                 paths.push_back(file->path);
                 leaving.push_back(file);
-                marked -= 1;
-                markedSize -= file->size;
+                takeAway(marked, 1);
+                takeAway(markedSize, file->size);
             }
         }
         eraseAll(files, leaving);
@@ -202,10 +207,10 @@ struct PlainExtensions {
     }
 
     RemovalResult remove(PlainSet& set, Trash& trash) {
-        marked -= set.marked;
-        markedSize -= set.markedSize;
-        total -= set.total;
-        totalSize -= set.totalSize;
+        takeAway(marked, set.marked);
+        takeAway(markedSize, set.markedSize);
+        takeAway(total, set.total);
+        takeAway(totalSize, set.totalSize);
         const RemovalResult sums = set.remove(trash);
         marked += set.marked;
         markedSize += set.markedSize;
@@ -216,8 +221,8 @@ struct PlainExtensions {
     }
 
     std::vector<std::string> except(PlainSet& set) {
-        marked -= set.marked;
-        markedSize -= set.markedSize;
+        takeAway(marked, set.marked);
+        takeAway(markedSize, set.markedSize);
         std::vector<std::string> paths = set.except();
         marked += set.marked;
         markedSize += set.markedSize;
@@ -262,8 +267,8 @@ struct PlainModal {
     }
 
     void changeState(PlainExtensions& extension, PlainSet* set, PlainFile* file) {
-        marked -= extension.marked;
-        markedSize -= extension.markedSize;
+        takeAway(marked, extension.marked);
+        takeAway(markedSize, extension.markedSize);
         if (file != nullptr) {
             extension.changeStateOfFile(*file, *set);
         } else if (set != nullptr) {
@@ -276,10 +281,10 @@ struct PlainModal {
     }
 
     RemovalResult remove(PlainSet& set, PlainExtensions& extension, Trash& trash) {
-        marked -= extension.marked;
-        markedSize -= extension.markedSize;
-        total -= extension.total;
-        totalSize -= extension.totalSize;
+        takeAway(marked, extension.marked);
+        takeAway(markedSize, extension.markedSize);
+        takeAway(total, extension.total);
+        takeAway(totalSize, extension.totalSize);
         const RemovalResult sums = extension.remove(set, trash);
         marked += extension.marked;
         markedSize += extension.markedSize;
@@ -289,8 +294,8 @@ struct PlainModal {
     }
 
     std::vector<std::string> except(PlainSet& set, PlainExtensions& extension) {
-        marked -= extension.marked;
-        markedSize -= extension.markedSize;
+        takeAway(marked, extension.marked);
+        takeAway(markedSize, extension.markedSize);
         std::vector<std::string> paths = extension.except(set);
         marked += extension.marked;
         markedSize += extension.markedSize;

@@ -19,7 +19,7 @@ inline constexpr auto on = CheckState::on;
 inline constexpr auto mixed = CheckState::mixed;
 /// No state of a box.
 inline constexpr auto unexpected = static_cast<CheckState>(7);
-/// What a counter holds that was taken below zero.
+/// The number of copies in a set without files: 0 - 1 in 64 bits.
 inline constexpr std::uint64_t wrapped = std::numeric_limits<std::uint64_t>::max();
 
 inline void PrintTo(CheckState state, std::ostream* out) {

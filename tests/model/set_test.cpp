@@ -66,8 +66,8 @@ TEST(Set, IsNamedByItsNumberOfCopies) {
     EXPECT_EQ(makeSet("f", {1})->nameOfSet(), "Set(0)");
 }
 
-TEST(Set, WithoutFilesWrapsTheNumberInItsName) {
-    EXPECT_EQ(Set().nameOfSet(), "Set(18446744073709551615)");
+TEST(Set, WithoutFilesHasNoCopiesInItsName) {
+    EXPECT_EQ(Set().nameOfSet(), "Set(0)");
 }
 
 TEST(Set, MarkingAllLeavesTheFirstFileAlone) {
@@ -298,7 +298,7 @@ TEST(Set, KeepsTheIndexOfTheFilesThatStay) {
     EXPECT_EQ(set->files()[1]->index(), 2);
 }
 
-TEST(Set, RemovingAlsoMovesAMarkThatIsNotCountedAndWraps) {
+TEST(Set, RemovingAlsoMovesAMarkThatIsNotCountedAndEndsAtZero) {
     const auto set = makeSet("f", {1000, 20, 300});
     RecordingTrash trash;
     addAllTo(trash, *set);
@@ -306,7 +306,7 @@ TEST(Set, RemovingAlsoMovesAMarkThatIsNotCountedAndWraps) {
     set->markAllFiles();
     EXPECT_EQ(set->removeSelectedFilesInSet(trash), (RemovalResult{3, 1320}));
     EXPECT_TRUE(set->files().empty());
-    EXPECT_EQ(levelOf(*set), (Level{on, wrapped, wrapped - 999, wrapped, wrapped - 999}));
+    EXPECT_EQ(levelOf(*set), (Level{off, 0, 0, 0, 0}));
 }
 
 TEST(Set, TakesOutEveryPlaceOfAFileThatWent) {
@@ -351,12 +351,26 @@ TEST(Set, ExceptingEveryFileIsOffWithAnEmptySet) {
     EXPECT_EQ(levelOf(*set), (Level{off, 1, 20, 0, 0}));
 }
 
-TEST(Set, ExceptingAMarkThatIsNotCountedWraps) {
+TEST(Set, ExceptingAMarkThatIsNotCountedEndsAtZero) {
     const auto set = makeSet("f", {1000, 20});
     set->changeStateOfFile(set->files()[0]);
     set->markAllFiles();
     EXPECT_EQ(set->addSelectedFilesInSetToException(), (Paths{"/f0", "/f1"}));
-    EXPECT_EQ(levelOf(*set), (Level{on, 1, 20, wrapped, wrapped - 999}));
+    EXPECT_EQ(levelOf(*set), (Level{off, 1, 20, 0, 0}));
+}
+
+TEST(Set, CountsTheNextMarkFromZeroAfterAMarkThatWasNotCounted) {
+    const auto set = makeSet("f", {10, 10, 10, 10});
+    RecordingTrash trash;
+    addAllTo(trash, *set);
+    set->changeStateOfFile(set->files()[0]);
+    set->markAllFiles();
+    set->changeStateOfFile(set->files()[0]);
+    // Three are marked and two are counted.
+    EXPECT_EQ(set->removeSelectedFilesInSet(trash), (RemovalResult{3, 30}));
+    EXPECT_EQ(levelOf(*set), (Level{off, 0, 0, 0, 0}));
+    set->changeStateOfFile(set->files()[0]);
+    EXPECT_EQ(levelOf(*set), (Level{off, 0, 0, 1, 10}));
 }
 
 TEST(Set, KeepsAnUnexpectedStateUntilAnOperationSettlesIt) {
