@@ -50,6 +50,7 @@ testPackages=(
     openbox
     python3
     shellcheck
+    x11-utils
     xdotool
     xvfb
     zsh

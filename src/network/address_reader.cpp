@@ -61,7 +61,7 @@ class Download final {
             if (target == address) {
                 return bodyOf(*reply);
             }
-            if (target.scheme() != address.scheme()) {
+            if (!mayRedirect(address, target)) {
                 break;
             }
             address = target;
@@ -105,6 +105,13 @@ class Download final {
 };
 
 }  // namespace
+
+bool mayRedirect(const QUrl& from, const QUrl& to) {
+    const QString http = QStringLiteral("http");
+    const QString https = QStringLiteral("https");
+    return to.isValid() && (to.scheme() == https || to.scheme() == http) &&
+           (from.scheme() == to.scheme() || (from.scheme() == http && to.scheme() == https));
+}
 
 std::optional<QByteArray> readAddress(const QUrl& address, const ReadBounds& bounds) {
     return address.isLocalFile() ? readFile(address.toLocalFile(), bounds.bytes)

@@ -43,6 +43,22 @@ std::optional<QByteArray> readFrom(const LoopbackServer& server, const ReadBound
     return readThere(server.address() + QStringLiteral("/Update.plist"), bounds);
 }
 
+/// Trusts the certificate of the test's server as long as it lives.
+class Trust final {
+ public:
+    Trust() : before_(QSslConfiguration::defaultConfiguration()) {
+        QSslConfiguration trusting = before_;
+        trusting.addCaCertificate(QSslCertificate(QByteArray(loopbackCertificate)));
+        QSslConfiguration::setDefaultConfiguration(trusting);
+    }
+    Trust(const Trust&) = delete;
+    Trust& operator=(const Trust&) = delete;
+    ~Trust() { QSslConfiguration::setDefaultConfiguration(before_); }
+
+ private:
+    QSslConfiguration before_;
+};
+
 TEST(ReadBounds, AreTenSecondsAndAMebibyte) {
     EXPECT_EQ(ReadBounds{}.time, std::chrono::seconds(10));
     EXPECT_EQ(ReadBounds{}.bytes, 1'048'576);
@@ -150,20 +166,6 @@ TEST(AddressReader, FollowsToAnAddressOfTheSameScheme) {
     EXPECT_TRUE(there.requests[0].startsWith("GET /new "));
 }
 
-TEST(AddressReader, FollowsToNoOtherScheme) {
-    const TemporaryFolder folder;
-    const QString file = QString::fromStdString(folder.writeFile("Update.plist", "a file"));
-    const LoopbackServer secure(LoopbackServer::with("secure"), LoopbackServer::Scheme::https);
-    for (const QString& address :
-         {QString(QStringLiteral("file://") + file),
-          QString(secure.address() + QStringLiteral("/Update.plist")), QStringLiteral("data:,text"),
-          QStringLiteral("ftp://127.0.0.1/"), QStringLiteral("http://[bad")}) {
-        const LoopbackServer server(LoopbackServer::to(address));
-        EXPECT_EQ(readFrom(server), std::nullopt) << address.toStdString();
-    }
-    EXPECT_TRUE(secure.requests.isEmpty());
-}
-
 TEST(AddressReader, DoesNotFollowForEver) {
     LoopbackServer server({});
     server.answer = [&server](QTcpSocket& connection) {
@@ -179,22 +181,6 @@ TEST(AddressReader, DoesNotFollowToTheSameAddress) {
     EXPECT_EQ(server.requests.size(), 1);
 }
 
-/// Trusts the certificate of the test's server as long as it lives.
-class Trust final {
- public:
-    Trust() : before_(QSslConfiguration::defaultConfiguration()) {
-        QSslConfiguration trusting = before_;
-        trusting.addCaCertificate(QSslCertificate(QByteArray(loopbackCertificate)));
-        QSslConfiguration::setDefaultConfiguration(trusting);
-    }
-    Trust(const Trust&) = delete;
-    Trust& operator=(const Trust&) = delete;
-    ~Trust() { QSslConfiguration::setDefaultConfiguration(before_); }
-
- private:
-    QSslConfiguration before_;
-};
-
 TEST(AddressReader, TrustsNoServerThatVouchesForItself) {
     const LoopbackServer server(LoopbackServer::with("forged"), LoopbackServer::Scheme::https);
     EXPECT_EQ(readFrom(server), std::nullopt);
@@ -205,6 +191,67 @@ TEST(AddressReader, ReadsFromAServerThatIsTrusted) {
     const Trust trust;
     const LoopbackServer server(LoopbackServer::with("honest"), LoopbackServer::Scheme::https);
     EXPECT_EQ(readFrom(server), QByteArray("honest"));
+}
+
+TEST(AddressReader, FollowsFromHttpToHttps) {
+    const Trust trust;
+    const LoopbackServer secure(LoopbackServer::with("moved"), LoopbackServer::Scheme::https);
+    const LoopbackServer server(LoopbackServer::to(secure.address() + QStringLiteral("/new")));
+    EXPECT_EQ(readFrom(server), QByteArray("moved"));
+    ASSERT_EQ(secure.requests.size(), 1);
+    EXPECT_TRUE(secure.requests[0].startsWith("GET /new "));
+}
+
+TEST(AddressReader, FollowsFromHttpToNoServerThatIsNotTrusted) {
+    const LoopbackServer secure(LoopbackServer::with("forged"), LoopbackServer::Scheme::https);
+    const LoopbackServer server(LoopbackServer::to(secure.address()));
+    EXPECT_EQ(readFrom(server), std::nullopt);
+    EXPECT_TRUE(secure.requests.isEmpty());
+}
+
+/// Both servers would answer.
+TEST(AddressReader, DoesNotFollowFromHttpsToHttp) {
+    const Trust trust;
+    const LoopbackServer plain(LoopbackServer::with("in the clear"));
+    const LoopbackServer secure(LoopbackServer::to(plain.address()), LoopbackServer::Scheme::https);
+    EXPECT_EQ(readFrom(secure), std::nullopt);
+    EXPECT_EQ(secure.requests.size(), 1);
+    EXPECT_TRUE(plain.requests.isEmpty());
+    const LoopbackServer first(LoopbackServer::to(secure.address()));
+    EXPECT_EQ(readFrom(first), std::nullopt);
+    EXPECT_EQ(secure.requests.size(), 2);
+    EXPECT_TRUE(plain.requests.isEmpty());
+}
+
+TEST(AddressReader, FollowsToNoOtherScheme) {
+    const TemporaryFolder folder;
+    const QString file = QString::fromStdString(folder.writeFile("Update.plist", "a file"));
+    for (const QString& address :
+         {QString(QStringLiteral("file://") + file), QStringLiteral("data:,text"),
+          QStringLiteral("ftp://127.0.0.1/"), QStringLiteral("http://[bad")}) {
+        const LoopbackServer server(LoopbackServer::to(address));
+        EXPECT_EQ(readFrom(server), std::nullopt) << address.toStdString();
+    }
+}
+
+TEST(Redirect, MayOnlyGoWithinASchemeOrFromHttpToHttps) {
+    const QString schemes[] = {QStringLiteral("http"), QStringLiteral("https"),
+                               QStringLiteral("ftp"), QStringLiteral("file"),
+                               QStringLiteral("data")};
+    for (const QString& from : schemes) {
+        for (const QString& to : schemes) {
+            const std::string road = from.toStdString() + " to " + to.toStdString();
+            const bool isAllowed =
+                road == "http to http" || road == "https to https" || road == "http to https";
+            EXPECT_EQ(mayRedirect(QUrl(from + QStringLiteral("://host/a")),
+                                  QUrl(to + QStringLiteral("://host/b"))),
+                      isAllowed)
+                << road;
+        }
+    }
+    EXPECT_TRUE(mayRedirect(QUrl("HTTP://host/"), QUrl("HTTPS://host/")));
+    EXPECT_FALSE(mayRedirect(QUrl("http://host/"), QUrl()));
+    EXPECT_FALSE(mayRedirect(QUrl("http://host/"), QUrl("http://[bad")));
 }
 
 TEST(AddressReader, ReadsFiles) {
