@@ -51,6 +51,7 @@ int runWindow(const std::vector<std::string>& folders) {
          .terminate = [] { QCoreApplication::exit(); },
          .version = QApplication::applicationVersion(),
          .urls = tarvin::installedResource(QStringLiteral("Urls.plist")),
+         .guide = tarvin::installedResource(QStringLiteral("index.html")),
          .previewProgram = tarvin::helperProgram(QStringLiteral("tarvin-image-preview")),
          .updater = tarvin::updaterProgram(),
          .readAddress =

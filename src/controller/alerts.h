@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <cstdint>
 #include <functional>
 
 namespace tarvin {
@@ -18,12 +19,19 @@ struct Alert {
 /// Tests answer in its place.
 class Alerts {
  public:
+    /// Names one alert of a run of the program. No alert has the number 0.
+    using Number = std::uint64_t;
+
     virtual ~Alerts() = default;
 
     /// `answered`, which may be empty, is called with the number of the pressed button.
-    virtual void show(const Alert& alert, std::function<void(int button)> answered) = 0;
+    virtual Number show(const Alert& alert, std::function<void(int button)> answered) = 0;
 
-    void show(const Alert& alert) { show(alert, {}); }
+    Number show(const Alert& alert) { return show(alert, {}); }
+
+    /// Closes an alert whose reason is gone, without an answer. Nothing happens if it was answered
+    /// or withdrawn already, or if there is none of that number.
+    virtual void withdraw(Number alert) = 0;
 };
 
 /// The message of the product with "Ok" alone.

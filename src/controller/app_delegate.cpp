@@ -42,18 +42,15 @@ void giveHomeImages(ButtonHoverSimple& button) {
     button.setResetImageWhenNotHovering(true);
 }
 
-/// Nobody wants to see a window that goes again at once, and the desktop's permission to come to
-/// the front, which the first window of a process uses up, is for the other copy.
-MainWindow::Appearance appearanceIn(const AppDelegate::Surroundings& surroundings) {
-    return surroundings.platform.runningCopies().isAnyRunning() ? MainWindow::Appearance::whenShown
-                                                                : surroundings.appearance;
-}
-
 }  // namespace
 
 AppDelegate::AppDelegate(Surroundings surroundings)
     : surroundings_(std::move(surroundings)),
-      window_(appearanceIn(surroundings_)),
+      singleCopy_(std::make_unique<SingleCopy>(surroundings_.platform.runningCopies())),
+      // A window that goes again at once would flash, and the desktop's permission to come to the
+      // front, which the first window of a process uses up, is for the first copy.
+      window_(singleCopy_->isFirst() ? surroundings_.appearance
+                                     : MainWindow::Appearance::whenShown),
       session_(surroundings_.platform) {
     if (surroundings_.alerts == nullptr) {
         ownAlerts_ = std::make_unique<MessageBoxes>(&window_);
@@ -66,18 +63,21 @@ AppDelegate::AppDelegate(Surroundings surroundings)
     locations_ = std::make_unique<Locations>(session_, window_, *surroundings_.alerts,
                                              *surroundings_.panels, surroundings_.previewProgram);
     scan_ = std::make_unique<ScanTask>(session_, window_, *surroundings_.alerts, *locations_);
-    help_ = std::make_unique<Help>(window_, surroundings_.desktop);
+    help_ = std::make_unique<Help>(window_, surroundings_.desktop, surroundings_.guide);
     updates_ =
         std::make_unique<UpdateCheck>(window_, *surroundings_.alerts, surroundings_.desktop,
                                       UpdateCheck::Subject{.version = surroundings_.version,
                                                            .updater = surroundings_.updater,
                                                            .read = surroundings_.readAddress});
     makeResultTasks();
-    singleCopy_ = std::make_unique<SingleCopy>(surroundings_.platform.runningCopies());
     connectControls();
     connectRequests();
     QCoreApplication::instance()->installEventFilter(this);
     awakeFromNib();
+}
+
+AppDelegate::~AppDelegate() {
+    singleCopy_.reset();  // a copy started from now on does not count on this one
 }
 
 void AppDelegate::makeResultTasks() {
@@ -144,22 +144,23 @@ void AppDelegate::connectControls() {
 }
 
 void AppDelegate::connectRequests() {
-    connect(
-        singleCopy_.get(), &SingleCopy::quitRequested, this, [this] { surroundings_.terminate(); },
-        Qt::QueuedConnection);
-    connect(
-        singleCopy_.get(), &SingleCopy::frontRequested, this,
-        [this](const QByteArray& token) {
-            qputenv("XDG_ACTIVATION_TOKEN", token);
-            comeToFront();
-        },
-        Qt::QueuedConnection);
-    connect(singleCopy_.get(), &SingleCopy::foldersRequested, this, &AppDelegate::openFolders,
-            Qt::QueuedConnection);
+    connect(singleCopy_.get(), &SingleCopy::quitRequested, this,
+            [this] { surroundings_.terminate(); });
+    connect(singleCopy_.get(), &SingleCopy::frontRequested, this, [this](const QByteArray& token) {
+        qputenv("XDG_ACTIVATION_TOKEN", token);
+        comeToFront();
+    });
+    connect(singleCopy_.get(), &SingleCopy::foldersRequested, this, &AppDelegate::openFolders);
 }
 
 void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& folders) {
-    const bool stays = singleCopy_->keepFirst(folders);
+    if (!singleCopy_->keepFirst(folders)) {
+        // Nothing of this copy is seen. It ends when the event loop begins, even if the request
+        // that it has sent to itself is lost.
+        QMetaObject::invokeMethod(
+            this, [this] { surroundings_.terminate(); }, Qt::QueuedConnection);
+        return;
+    }
     session_.awake = true;
     session_.exact = false;
     session_.similar = false;
@@ -171,15 +172,14 @@ void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& 
     help_->setVersion(surroundings_.version);
     showCleanHistory();
     session_.summaries = {};
-    if (stays && !folders.empty()) {
+    if (!folders.empty()) {
         openFolders(folders);
     }
     window_.show();
     comeToFront();
-    // The window comes first; a copy that gives way asks nobody.
-    if (stays) {
-        QMetaObject::invokeMethod(updates_.get(), "checkAtLaunch", Qt::QueuedConnection);
-    }
+    singleCopy_->listen();
+    // The window comes first.
+    QMetaObject::invokeMethod(updates_.get(), "checkAtLaunch", Qt::QueuedConnection);
 }
 
 bool AppDelegate::eventFilter(QObject* watched, QEvent* event) {
@@ -199,16 +199,16 @@ void AppDelegate::openFolders(const std::vector<std::string>& folders) {
         (screen == window_.locations->identifier() && locations_->list().scanFolderClicked())) {
         window_.windowAboutPanel->hide();
         locations_->openWith(folders);
-    } else {
-        surroundings_.alerts->show(
-            noticeOf(tr("To scan other folders, please go back to the start first.")));
+    } else if (refusal_ == 0) {
+        refusal_ = surroundings_.alerts->show(
+            noticeOf(tr("To scan other folders, please go back to the start first.")),
+            [this](int) { refusal_ = 0; });
     }
 }
 
 void AppDelegate::comeToFront() {
-    if (window_.isMinimized()) {
-        window_.showNormal();
-    }
+    // Only that: a window that was maximised comes back so.
+    window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
     window_.raise();
     window_.activateWindow();
 }

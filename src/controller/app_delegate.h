@@ -47,23 +47,25 @@ class AppDelegate final : public QObject {
         std::function<void()> terminate{};  ///< ends the program, soon
         QString version{};
         QString urls{};                ///< path of the list of addresses; may be empty
+        QString guide{};               ///< path of the user guide; may be empty
         QString previewProgram{};      ///< path of the program that makes previews
         QString updater{};             ///< path of the program that fetches updates; may be empty
         AddressReading readAddress{};  ///< for updates; may be empty
-        /// Whether the window comes before all else is made. Where another copy runs, which will
-        /// stay in place of this one, it never does.
+        /// Whether the window comes before all else is made. It never does where another copy runs
+        /// that will stay in place of this one.
         MainWindow::Appearance appearance = MainWindow::Appearance::whenShown;
     };
 
     explicit AppDelegate(Surroundings surroundings);
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
-    ~AppDelegate() override = default;
+    ~AppDelegate() override;
 
     /// The interface is there: its pictures and, the first time, everything that is done once.
     void awakeFromNib();
     void initializeArrays();
-    /// Shows the window. `folders`, absolute paths, open the location list with them checked.
+    /// Shows the window. `folders`, absolute paths, open the location list with them checked. A
+    /// copy that gives way to another shows nothing: it hands its folders over and ends.
     void applicationDidFinishLaunching(const std::vector<std::string>& folders = {});
 
     /// Forgets what a scan or a choice of locations has left.
@@ -123,6 +125,7 @@ class AppDelegate final : public QObject {
     void showDuplicateScanResult();
 
     Surroundings surroundings_;
+    std::unique_ptr<SingleCopy> singleCopy_;  // before the window, which waits for what it says
     MainWindow window_;
     Session session_;
     std::unique_ptr<Alerts> ownAlerts_;
@@ -139,7 +142,7 @@ class AppDelegate final : public QObject {
     std::unique_ptr<ResultViews> views_;
     std::unique_ptr<ExceptionsTask> exceptions_;
     std::unique_ptr<DeletionTask> deletion_;  // ends before what it uses
-    std::unique_ptr<SingleCopy> singleCopy_;  // ends first: nobody counts on this copy any more
+    Alerts::Number refusal_ = 0;              // the open notice that other folders have to wait
     std::int32_t homeImageCounter_ = 1;
 };
 

@@ -15,6 +15,7 @@
 #include "scan/checked_trash.h"
 
 #include <QLabel>
+#include <utility>
 
 namespace tarvin {
 
@@ -183,14 +184,10 @@ void DeletionTask::stopDeletionProcess() {
     control_.setPauseDeletion(true);
     window_.deletionPreview->pauseResumeBtn->setEnabled(false);
     setPauseTitle(ScanScreenTexts::pause());
-    alerts_.show(stopDeletionAlert(), [this](int button) { stopAnswered(button); });
+    stopQuestion_ = alerts_.show(stopDeletionAlert(), [this](int button) { stopAnswered(button); });
 }
 
-/// Nothing is left to stop if the run has ended before the answer.
 void DeletionTask::stopAnswered(int button) {
-    if (!run_) {
-        return;
-    }
     if (button == yes) {
         control_.stop();
         return;
@@ -206,7 +203,8 @@ void DeletionTask::finish() {
     }
     run->wait();
     redraw_.stop();
-    // A question that is still open has paused the runs to come.
+    alerts_.withdraw(std::exchange(stopQuestion_, 0));
+    // The question has paused the runs to come.
     control_.setPauseDeletion(false);
     removeDeletionView();
     window_.home->cleanHistory->setText(

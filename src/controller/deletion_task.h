@@ -20,10 +20,9 @@ class MainWindow;
 /// pause and stop, and the report. While it runs nobody else reads marks or files of the list in
 /// view. Owned by AppDelegate; main thread.
 ///
-/// A stop that was answered with "YES" ends every later run, too, until the program ends. An answer
-/// that comes after its run is over stops nothing: who sees the report has nothing left to stop.
-/// For the same reason no run begins paused, and each begins with both buttons of its panel
-/// enabled.
+/// A stop that was answered with "YES" ends every later run, too, until the program ends. The
+/// question is withdrawn with its run: the report that follows leaves nothing to stop. For the same
+/// reason no run begins paused, and each begins with both buttons of its panel enabled.
 class DeletionTask final : public QObject {
     Q_OBJECT
 
@@ -69,7 +68,8 @@ class DeletionTask final : public QObject {
     Alerts& alerts_;
     InformationWindow& information_;
     MarkingTask& marking_;
-    DeletionControl control_;  // of all runs: one stop ends the later ones, too
+    DeletionControl control_;          // of all runs: one stop ends the later ones, too
+    Alerts::Number stopQuestion_ = 0;  // asked last; 0 for none
     QTimer redraw_;
     std::unique_ptr<Run> run_;
 };

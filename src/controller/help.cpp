@@ -1,23 +1,24 @@
 #include "controller/help.h"
 
-#include "controller/resource_files.h"
 #include "controls/hover_button.h"
 #include "interface/main_window.h"
 
 #include <QAction>
 #include <QFile>
 #include <QLabel>
+#include <utility>
 
 namespace tarvin {
 
-Help::Help(MainWindow& window, Desktop& desktop) : window_(window), desktop_(desktop) {
+Help::Help(MainWindow& window, Desktop& desktop, QString guide)
+    : window_(window), desktop_(desktop), guide_(std::move(guide)) {
     connect(window_.buttonHelpManual, &QAbstractButton::clicked, this,
             &Help::buttonHelpManualClicked);
     connect(window_.helpMenuItem, &QAction::triggered, this, &Help::helpMenuClicked);
     connect(window_.supportMenuItem, &QAction::triggered, this, &Help::supportMenuClicked);
     connect(window_.aboutMenuItem, &QAction::triggered, this, &Help::aboutMenuClicked);
     // A menu offers what can be had.
-    window_.helpMenuItem->setEnabled(!installedResource(QStringLiteral("index.html")).isEmpty());
+    window_.helpMenuItem->setEnabled(!guide_.isEmpty());
     window_.supportMenuItem->setEnabled(false);
 }
 
@@ -35,9 +36,8 @@ void Help::buttonHelpManualClicked() {
 }
 
 void Help::helpMenuClicked() {
-    const QString guide = installedResource(QStringLiteral("index.html"));
-    if (!guide.isEmpty()) {
-        desktop_.openPath(QFile::encodeName(guide).toStdString());
+    if (!guide_.isEmpty()) {
+        desktop_.openPath(QFile::encodeName(guide_).toStdString());
     }
 }
 

@@ -15,8 +15,9 @@ class Help final : public QObject {
     Q_OBJECT
 
  public:
-    /// Both outlive it.
-    Help(MainWindow& window, Desktop& desktop);
+    /// Window and desktop must outlive this object. `guide` is the path of the user guide; may be
+    /// empty.
+    Help(MainWindow& window, Desktop& desktop, QString guide);
 
     void setUrls(const Urls& urls);
 
@@ -33,6 +34,7 @@ class Help final : public QObject {
  private:
     MainWindow& window_;
     Desktop& desktop_;
+    const QString guide_;
     Urls urlDict_;
 };
 

@@ -15,8 +15,10 @@ constexpr int iconSize = 64;
 
 }  // namespace
 
-void MessageBoxes::show(const Alert& alert, std::function<void(int button)> answered) {
+Alerts::Number MessageBoxes::show(const Alert& alert, std::function<void(int button)> answered) {
     auto* box = new QMessageBox(window_);
+    const Number thisAlert = ++last_;
+    open_.emplace(thisAlert, box);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setIconPixmap(picture(QStringLiteral("app_icon"), {iconSize, iconSize},
                                window_ ? window_->devicePixelRatioF() : 1.0));
@@ -34,15 +36,30 @@ void MessageBoxes::show(const Alert& alert, std::function<void(int button)> answ
             box->setDefaultButton(button);
         }
     }
-    // However the box goes, also with its frame's button, there is one answer.
-    QObject::connect(box, &QDialog::finished, box,
-                     [box, buttons, answered = std::move(answered), escape = alert.escapeButton] {
+    // However the box goes, also with its frame's button, there is one answer; unless it was
+    // withdrawn.
+    QObject::connect(box, &QDialog::finished, &context_,
+                     [this, thisAlert, box, buttons, answered = std::move(answered),
+                      escape = alert.escapeButton] {
                          const auto pressed = buttons.indexOf(box->clickedButton());
-                         if (answered) {
+                         if (open_.erase(thisAlert) > 0 && answered) {
                              answered(pressed < 0 ? escape : static_cast<int>(pressed));
                          }
                      });
     box->open();
+    return thisAlert;
+}
+
+void MessageBoxes::withdraw(Number alert) {
+    const auto found = open_.find(alert);
+    if (found == open_.end()) {
+        return;
+    }
+    const QPointer<QMessageBox> box = found->second;
+    open_.erase(found);
+    if (box) {
+        box->reject();
+    }
 }
 
 }  // namespace tarvin

@@ -2,8 +2,12 @@
 
 #include "controller/alerts.h"
 
+#include <QObject>
 #include <QPointer>
 #include <QWidget>
+#include <map>
+
+class QMessageBox;
 
 namespace tarvin {
 
@@ -16,10 +20,14 @@ class MessageBoxes final : public Alerts {
     explicit MessageBoxes(QWidget* window) : window_(window) {}
 
     using Alerts::show;
-    void show(const Alert& alert, std::function<void(int button)> answered) override;
+    Number show(const Alert& alert, std::function<void(int button)> answered) override;
+    void withdraw(Number alert) override;
 
  private:
     QPointer<QWidget> window_;
+    std::map<Number, QPointer<QMessageBox>> open_;
+    Number last_ = 0;
+    QObject context_;  // the last member: no box answers to what is gone
 };
 
 }  // namespace tarvin

@@ -132,7 +132,7 @@ void ScanTask::comparisonIsOver(quint64 processed) {
     if (run_.wasStopped() && !run_.stop()) {
         Q_EMIT collectionStopped();
     }
-    window_.confirmationView->hide();
+    hideNotices();
     const bool isIncomplete = run_.ranOutOfMemory();
     Q_EMIT finished();
     if (isIncomplete) {
@@ -146,9 +146,9 @@ void ScanTask::foundNoFiles() {
     }
     screen_.animationImage->stopAnimation();
     redraw_.stop();
+    hideNotices();
     alerts_.show(noticeOf(ScanScreenTexts::noDuplicates()), [this](int) {
         run_.wait();
-        window_.confirmationView->hide();
         Q_EMIT endedWithoutFiles();
     });
 }
@@ -181,8 +181,14 @@ void ScanTask::stop() {
     }
 }
 
-void ScanTask::stopYesClicked() {
+/// The question whether to stop and the notice of closing: without a scan they have no reason.
+void ScanTask::hideNotices() const {
     window_.confirmationView->hide();
+    window_.runningAlert->hide();
+}
+
+void ScanTask::stopYesClicked() {
+    hideNotices();
     run_.requestStop();
 }
 

@@ -68,6 +68,7 @@ class ScanTask final : public QObject {
     void comparisonIsOver(quint64 processed);
     void foundNoFiles();
     void setPauseTitle(const QString& title) const;
+    void hideNotices() const;
 
     Session& session_;
     MainWindow& window_;

@@ -1,16 +1,27 @@
 #include "controller/single_copy.h"
 
 #include <QtGlobal>
+#include <utility>
 
 namespace tarvin {
 
+SingleCopy::SingleCopy(RunningCopies& copies) : copies_(copies) {
+    if (const auto joined = copies_.join(requests())) {
+        self_ = *joined;
+    }
+}
+
+bool SingleCopy::isFirst() const {
+    const std::vector<RunningCopy> running = copies_.copies();
+    return running.empty() || running.front() == self_;
+}
+
 bool SingleCopy::keepFirst(const std::vector<std::string>& folders) {
-    const auto self = copies_.join(requests());
-    if (!self) {
+    if (!self_) {
         return true;
     }
     const auto first = keepFirstCopyOnly(copies_, qgetenv("XDG_ACTIVATION_TOKEN").toStdString());
-    if (!first || *first == *self) {
+    if (!first || first == self_) {
         return true;
     }
     if (!folders.empty()) {
@@ -20,15 +31,37 @@ bool SingleCopy::keepFirst(const std::vector<std::string>& folders) {
     return false;
 }
 
+void SingleCopy::listen() {
+    listens_ = true;
+    for (const std::function<void()>& signal : std::exchange(kept_, {})) {
+        signal();
+    }
+}
+
 CopyRequests SingleCopy::requests() {
     return {
-        .quit = [this] { Q_EMIT quitRequested(); },
+        .quit = [this] { pass([this] { Q_EMIT quitRequested(); }); },
         .comeToFront =
             [this](const std::string& token) {
-                Q_EMIT frontRequested(QByteArray::fromStdString(token));
+                pass([this, token] { Q_EMIT frontRequested(QByteArray::fromStdString(token)); });
             },
         .openFolders =
-            [this](const std::vector<std::string>& folders) { Q_EMIT foldersRequested(folders); }};
+            [this](const std::vector<std::string>& folders) {
+                pass([this, folders] { Q_EMIT foldersRequested(folders); });
+            }};
+}
+
+void SingleCopy::pass(std::function<void()> signal) {
+    QMetaObject::invokeMethod(
+        this,
+        [this, signal = std::move(signal)] {
+            if (listens_) {
+                signal();
+            } else {
+                kept_.push_back(signal);
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 }  // namespace tarvin

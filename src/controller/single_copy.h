@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 #include <QObject>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,19 +17,25 @@ class SingleCopy final : public QObject {
     Q_OBJECT
 
  public:
-    /// `copies` outlive it.
-    explicit SingleCopy(RunningCopies& copies) : copies_(copies) {}
+    /// Joins the other copies. From now on what they ask is kept until listen(). `copies` must
+    /// outlive this object.
+    explicit SingleCopy(RunningCopies& copies);
     SingleCopy(const SingleCopy&) = delete;
     SingleCopy& operator=(const SingleCopy&) = delete;
     ~SingleCopy() override { copies_.leave(); }
 
-    /// Joins the others and has all but the first of them end. If this is not the first, that one
-    /// is handed the folders, absolute paths. Whether this one stays. Called once.
+    /// Whether no copy that still runs was started before this one. A copy that comes later does
+    /// not change the answer.
+    [[nodiscard]] bool isFirst() const;
+
+    /// Asks all copies but the first to end. If this is not the first, that one is handed the
+    /// folders, absolute paths. Returns whether this copy stays. Call at most once.
     bool keepFirst(const std::vector<std::string>& folders);
 
- Q_SIGNALS:
-    // From a thread of their own, so to be connected through the event loop.
+    /// Emits the signals for what was asked so far, and from now on for what is asked.
+    void listen();
 
+ Q_SIGNALS:
     void quitRequested();
     void frontRequested(const QByteArray& activationToken);
     /// Absolute paths, native bytes.
@@ -35,8 +43,13 @@ class SingleCopy final : public QObject {
 
  private:
     CopyRequests requests();
+    /// Called on the thread of the requests.
+    void pass(std::function<void()> signal);
 
     RunningCopies& copies_;
+    std::vector<std::function<void()>> kept_;  // while nobody listens
+    bool listens_ = false;
+    std::optional<RunningCopy> self_;  // the last: requests may come as soon as it is set
 };
 
 }  // namespace tarvin

@@ -37,10 +37,6 @@ class RunningCopies {
  public:
     virtual ~RunningCopies() = default;
 
-    /// Whether a copy runs already, for this process to know before it joins. Where that cannot be
-    /// learned, none does; the answer may be out of date when it is given.
-    virtual bool isAnyRunning() = 0;
-
     /// Makes this process known as a copy, last in order, until leave(). On failure there is no
     /// safe place to be known at; then copies() is empty and the program runs on its own. Called
     /// once.

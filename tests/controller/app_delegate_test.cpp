@@ -21,6 +21,22 @@
 namespace tarvin {
 namespace {
 
+/// Counts the windows that come onto the screen while it lives.
+class ShownWindows final : public QObject {
+ public:
+    ShownWindows() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        count_ += event->type() == QEvent::Show && watched->isWindowType() ? 1 : 0;
+        return false;
+    }
+
+    [[nodiscard]] int count() const { return count_; }
+
+ private:
+    int count_ = 0;
+};
+
 class Launch : public ProductBench {
  protected:
     [[nodiscard]] QString imageOfOneRun() {
@@ -100,14 +116,14 @@ TEST_F(Launch, WithAFolderThatIsListedChecksItWithoutANotice) {
 
 TEST_F(Launch, OfASecondCopyAsksItToEnd) {
     platform.runningCopies().setOthers({{1}}, {2});
-    launch();
+    start();
     EXPECT_EQ(platform.runningCopies().askedToQuit(), (std::vector<RunningCopy>{{2}}));
     EXPECT_EQ(platform.runningCopies().broughtToFront(), (std::vector<RunningCopy>{{1}}));
 }
 
 TEST_F(Launch, OfASecondCopyHandsItsFoldersToTheFirst) {
     platform.runningCopies().setOthers({{1}}, {2});
-    launch({folder.pathOf("Pictures"), folder.makeFolder("more")});
+    start({folder.pathOf("Pictures"), folder.makeFolder("more")});
     EXPECT_EQ(platform.runningCopies().handedOn(),
               (std::vector<std::string>{folder.pathOf("Pictures"), folder.pathOf("more")}));
     EXPECT_EQ(screen(), window().home->identifier());
@@ -120,14 +136,35 @@ TEST_F(Launch, OfTheFirstCopyHandsNothingOn) {
     EXPECT_EQ(screen(), window().locations->identifier());
 }
 
-TEST_F(Launch, OfASecondCopyShowsNoWindowBeforeAllElse) {
+TEST_F(Launch, OfASecondCopyEndsWithoutAWindow) {
     appearance = MainWindow::Appearance::atOnce;
     make();
     EXPECT_TRUE(window().isVisible());
     delegate.reset();
     platform.runningCopies().setOthers({{1}}, {2});
+    const ShownWindows shown;
+    start();
+    EXPECT_TRUE(comesTrue([&] { return terminations == 1; }));
+    EXPECT_EQ(shown.count(), 0);
+}
+
+TEST_F(Launch, OfACopyThatAnotherPrecedesByAMomentShowsNoWindow) {
+    appearance = MainWindow::Appearance::atOnce;
+    platform.runningCopies().letOthersComeFirst({{1}}, {2});
+    const ShownWindows shown;
+    start();
+    EXPECT_TRUE(comesTrue([&] { return terminations == 1; }));
+    EXPECT_EQ(shown.count(), 0);
+}
+
+TEST_F(Launch, ObeysWhatAnotherCopyAskedDuringTheStart) {
     make();
-    EXPECT_FALSE(window().isVisible());
+    platform.runningCopies().openInThis({folder.makeFolder("more")});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(screen(), window().home->identifier());
+    delegate->applicationDidFinishLaunching();
+    EXPECT_TRUE(comesTo("2"));
+    EXPECT_EQ(delegate->locations().list().rows().back().name, folder.pathOf("more"));
 }
 
 TEST_F(Launch, EndsWhenAskedTo) {
@@ -141,6 +178,17 @@ TEST_F(Launch, ComesToTheFrontWhenAskedTo) {
     window().showMinimized();
     platform.runningCopies().bringThisToFront();
     EXPECT_TRUE(comesTrue([&] { return !window().isMinimized(); }));
+}
+
+TEST_F(Launch, ComesBackMaximisedIfItWasMaximised) {
+    launch();
+    window().showMaximized();
+    ASSERT_TRUE(comesTrue([&] { return window().isMaximized(); }));
+    window().showMinimized();
+    ASSERT_TRUE(comesTrue([&] { return window().isMinimized(); }));
+    platform.runningCopies().bringThisToFront();
+    EXPECT_TRUE(comesTrue([&] { return !window().isMinimized(); }));
+    EXPECT_TRUE(window().isMaximized());
 }
 
 /// Folders that another copy was started with.
@@ -202,6 +250,18 @@ TEST_F(FoldersOfAnotherCopy, AreRefusedInTheListOfDrives) {
     handOver("more");
     expectRefusal();
     EXPECT_EQ(rows().size(), before);
+}
+
+TEST_F(FoldersOfAnotherCopy, AreRefusedOnceWhileTheRefusalIsOpen) {
+    click("mainScanButton");
+    handOver("more");
+    expectRefusal();
+    handOver("and more");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(alerts.shown.size(), 1U);
+    alerts.press(0);
+    handOver("and more");
+    EXPECT_TRUE(comesTrue([this] { return alerts.shown.size() == 2; }));
 }
 
 class FoldersOpenedByTheDesktop : public ProductBench {
@@ -315,6 +375,14 @@ TEST_F(HelpMenu, OpensNothingWithoutAddresses) {
     EXPECT_TRUE(desktop.addresses.isEmpty());
 }
 
+TEST_F(HelpMenu, OpensTheGuide) {
+    guide = QString::fromStdString(folder.pathOf("share/index.html"));
+    launch();
+    ASSERT_TRUE(window().helpMenuItem->isEnabled());
+    window().helpMenuItem->trigger();
+    EXPECT_EQ(desktop.paths, std::vector<std::string>{folder.pathOf("share/index.html")});
+}
+
 TEST_F(HelpMenu, OpensTheAddressForSupport) {
     urls = QString::fromStdString(
         folder.writeFile("Urls.plist",
@@ -357,8 +425,8 @@ TEST_F(Places, OfANoticeOfTheList) {
     click("mainScanButtonFolder");
     panels.choice = {{folder.pathOf("Pictures")}};
     click("addFolders");
-    EXPECT_EQ(window().runningAlert->x(),
-              window().locations->tableExact->mapTo(&window(), QPoint(220, 0)).x());
+    // In the list area, whose corner is at 55, 134; from there 220 to the right and 50 down.
+    EXPECT_EQ(window().runningAlert->geometry(), QRect(275, 184, 466, 140));
 }
 
 TEST_F(Places, OfTheQuestionWhetherToStop) {
@@ -458,8 +526,6 @@ TEST_F(Entry, BeginsWithButtonsThatHaveNothingToDo) {
         EXPECT_FALSE(control(name)->isEnabled()) << name;
     }
     EXPECT_EQ(window().locations->findDuplicateExact->alpha(), 0.6);
-    EXPECT_EQ(window().home->mainScanButton->alpha(), 1.0);
-    EXPECT_EQ(window().home->mainScanButtonFolder->alpha(), 1.0);
 }
 
 TEST_F(Entry, IsHinderedByTheSettings) {
@@ -571,6 +637,10 @@ TEST_F(LocationScreenTest, AFolderThatVanishedIsNotGoneBackTo) {
     ASSERT_EQ(alerts.shown.size(), 1U);
     EXPECT_EQ(alerts.shown[0].informativeText, QStringLiteral("No Folders."));
     EXPECT_EQ(rows().size(), 4U);
+    // The position has moved, the buttons have not.
+    EXPECT_EQ(delegate->locations().history().currentPath(), 1);
+    EXPECT_FALSE(window().locations->backFolderButton->isEnabled());
+    EXPECT_TRUE(window().locations->nextFolderButton->isEnabled());
 }
 
 TEST_F(LocationScreenTest, TwoFilesMayBeScanned) {

@@ -78,23 +78,45 @@ TEST_F(DeletionRefusal, LeavesASetWhoseStateIsOffUntouchedByTheNextRun) {
 using DeletionCounter = DeletionRefusal;
 
 /// One more file has gone than was counted as marked.
-TEST_F(DeletionCounter, WrapsAfterAWholeSet) {
+TEST_F(DeletionCounter, EndsAtZeroAfterAWholeSet) {
     markWholeSet();
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 2");
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");
     click("scanInforOKBtn");
-    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 18446744073709551615");
-    EXPECT_EQ(setText(0, 1), "Set(18446744073709551615)");
-    // More than all is marked: there is no class, and the buttons stay as they were.
-    for (const char* name : {"markAll", "unMarkAll", "addEceptionBtn"}) {
-        EXPECT_TRUE(isEnabled(name)) << name;
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 0");
+    EXPECT_EQ(textOf("selectedSize"), "Marked File Size: 0.00 KB");
+    EXPECT_EQ(setText(0, 1), "Set(0)");
+    EXPECT_EQ(modal().totalFiles(), 2U);
+    EXPECT_EQ(modal().totalFilesSize(), 12U);
+    EXPECT_EQ(tree().indexOfSet(0, 1).data(Qt::CheckStateRole), QVariant(Qt::Unchecked));
+    EXPECT_TRUE(isEnabled("markAll"));
+    for (const char* name : {"unMarkAll", "addEceptionBtn"}) {
+        EXPECT_FALSE(isEnabled(name)) << name;
     }
+}
+
+TEST_F(DeletionCounter, CountsTheNextMarksFromZeroAfterAWholeSet) {
+    markWholeSet();
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");
+    click("scanInforOKBtn");
+    select(1, 0);
+    clickFileBox(1);
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 1");
+    EXPECT_EQ(delegate->session().totalSize, 9U);
+    EXPECT_TRUE(isEnabled("unMarkAll"));
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 1");
+    EXPECT_FALSE(isThere("c2.txt"));
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 0");
+}
+
+TEST_F(DeletionCounter, CountsAllThatAreLeftAfterAWholeSet) {
+    markWholeSet();
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");
+    click("scanInforOKBtn");
     click("markAll");
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 2");
-    click("unMarkAll");
-    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 0");
-    EXPECT_FALSE(isEnabled("unMarkAll"));
-    EXPECT_TRUE(isEnabled("markAll"));
+    EXPECT_FALSE(isEnabled("markAll"));
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 2");
 }
 
 TEST_F(DeletionCounter, OfNothingShowsNothingThoughUnmarkAllIsEnabled) {
@@ -104,6 +126,28 @@ TEST_F(DeletionCounter, OfNothingShowsNothingThoughUnmarkAllIsEnabled) {
     EXPECT_EQ(information(), Lines());
     EXPECT_FALSE(window().deletionPreview->isVisible());
     EXPECT_EQ(covers(), 0);
+}
+
+TEST_F(DeletionCounter, OfTheBarBeginsAtZeroInEachRun) {
+    select(0, 0);
+    clickFileBox(1);
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 1");
+    click("scanInforOKBtn");
+    select(0, 1);
+    clickFileBox(1);
+    deleteAndHoldAt("b2.jpg");
+    const ProgressBar& bar = *window().deletionPreview->deletionIndicator;
+    ASSERT_TRUE(comesTrue([&] { return bar.done() == 1; }));
+    barrier.open();
+    ASSERT_TRUE(reported());
+    click("scanInforOKBtn");
+    clickFileBox(1);
+    delegate->deletion().deleteButtonExactPageClicked();
+    // Before the run's first news are shown.
+    EXPECT_TRUE(window().deletionPreview->isVisible());
+    EXPECT_EQ(bar.done(), 0U);
+    ASSERT_TRUE(reported());
+    EXPECT_EQ(information()[1], "Duplicates Cleaned: 1");
 }
 
 /// The bar counts the sets met that are down to one file.

@@ -97,11 +97,27 @@ TEST_F(DeletionStop, AsksAndStillStoresAndReports) {
 
 TEST_F(DeletionStop, EndsEveryLaterRunAtOnce) {
     ASSERT_NO_FATAL_FAILURE(stopInFirstSet());
+    std::filesystem::remove(folder.pathOf("support/data.plist"));
     click("finishButton");
     ASSERT_TRUE(reported());
     EXPECT_EQ(information(),
               (Lines{"Information", "Duplicates Cleaned: 0", "Space Regained: 0.00 KB ", ""}));
+    // The totals are written all the same.
+    EXPECT_TRUE(std::filesystem::exists(folder.pathOf("support/data.plist")));
     EXPECT_EQ(storedTotals().alreadyDeletedCount(), 1);
+    EXPECT_EQ(storedTotals().alreadyDeletedSize(), 3U);
+}
+
+TEST_F(DeletionStop, AskedForDuringAPauseTitlesTheButtonPause) {
+    ASSERT_NO_FATAL_FAILURE(waitBehindFirstSetAfter("pauseResumeBtn"));
+    const DeletionPanel& panel = *window().deletionPreview;
+    ASSERT_EQ(panel.pauseResumeBtn->title(), QStringLiteral("Resume"));
+    delegate->deletion().stopDeletionProcess();
+    EXPECT_EQ(panel.pauseResumeBtn->attributedTitle(),
+              setCenterAttributes(Qt::white, QStringLiteral("Pause"), 14));
+    EXPECT_EQ(panel.pauseResumeBtn->accessibleName(), QStringLiteral("Pause"));
+    alerts.press(1);
+    ASSERT_TRUE(reported());
 }
 
 TEST_F(DeletionStop, EndsTheRunsOfALaterScanToo) {
@@ -124,13 +140,15 @@ TEST_F(DeletionStop, GoesOnIfTheQuestionIsAnsweredWithNo) {
     EXPECT_EQ(information()[1], "Duplicates Cleaned: 4");
 }
 
-TEST_F(DeletionStop, WithAnAnswerAfterTheEndStopsNoLaterRun) {
+TEST_F(DeletionStop, WithdrawsItsQuestionWithTheRun) {
     select(1, 0);
     clickFileBox(1);
     deleteAndHoldAt("c2.txt");
     click("stopDeleteBtn");
+    EXPECT_EQ(alerts.open(), 1U);
     barrier.open();
     ASSERT_TRUE(reported());
+    EXPECT_EQ(alerts.open(), 0U);
     alerts.press(0);
     click("scanInforOKBtn");
     click("markAll");
@@ -138,7 +156,7 @@ TEST_F(DeletionStop, WithAnAnswerAfterTheEndStopsNoLaterRun) {
 }
 
 /// Nothing holds it and no button of its panel is disabled.
-TEST_F(DeletionStop, WithAQuestionThatIsStillOpenLeavesTheNextRunAlone) {
+TEST_F(DeletionStop, WithAQuestionThatWasWithdrawnLeavesTheNextRunAlone) {
     select(1, 0);
     clickFileBox(1);
     deleteAndHoldAt("c2.txt");

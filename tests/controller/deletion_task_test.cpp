@@ -94,6 +94,37 @@ TEST_F(DeletionTest, OfNothingSaysSo) {
     EXPECT_FALSE(delegate->deletion().isRunning());
 }
 
+/// A button that is there and not shown.
+TEST_F(DeletionTest, BeginsWithTheOtherButtonToo) {
+    EXPECT_FALSE(window().results->sendToRecycle->isEnabled());
+    delegate->deletion().sendToRecycleClicked();
+    EXPECT_EQ(information(), Lines());
+    EXPECT_FALSE(delegate->deletion().isRunning());
+    click("markAll");
+    ASSERT_TRUE(window().results->sendToRecycle->isEnabled());
+    window().results->sendToRecycle->click();
+    EXPECT_TRUE(window().deletionPreview->isVisible());
+    ASSERT_TRUE(reported());
+    EXPECT_EQ(information()[1], "Duplicates Cleaned: 4");
+}
+
+/// Which somebody else may have removed.
+TEST_F(DeletionTest, WritesTheTotalsThoughNothingWasMoved) {
+    click("markAll");
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 4");
+    click("scanInforOKBtn");
+    std::filesystem::remove(folder.pathOf("support/data.plist"));
+    write("c2.txt", "text text");
+    scanAgain();
+    click("scanInforOKBtn");
+    platform.trash().refuse(found("c2.txt"));
+    click("markAll");
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 0");
+    EXPECT_TRUE(std::filesystem::exists(folder.pathOf("support/data.plist")));
+    EXPECT_EQ(storedTotals().alreadyDeletedCount(), 4);
+    EXPECT_EQ(storedTotals().alreadyDeletedSize(), 22U);
+}
+
 TEST_F(DeletionTest, ShowsItsPanelOverTheCoveredResult) {
     click("markAll");
     deleteAndHoldAt("a2.jpg");

@@ -1,9 +1,12 @@
 #include "controller/message_boxes.h"
 
+#include "controller/information.h"
+
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
 #include <vector>
 
@@ -19,7 +22,7 @@ class MessageBoxesTest : public testing::Test {
     }
 
     QMessageBox* show(const Alert& alert) {
-        boxes.show(alert, [this](int button) { answers.push_back(button); });
+        number = boxes.show(alert, [this](int button) { answers.push_back(button); });
         auto* box = window.findChild<QMessageBox*>();
         EXPECT_NE(box, nullptr);
         EXPECT_TRUE(QTest::qWaitForWindowExposed(box));
@@ -36,6 +39,7 @@ class MessageBoxesTest : public testing::Test {
                          1};
     QWidget window;
     MessageBoxes boxes{&window};
+    Alerts::Number number = 0;  // of the last
     std::vector<int> answers;
 };
 
@@ -72,6 +76,47 @@ TEST_F(MessageBoxesTest, TakeEscForTheHarmlessButton) {
     QTest::keyClick(show(question), Qt::Key_Escape);
     ASSERT_TRUE(boxIsGone());
     EXPECT_EQ(answers, std::vector<int>{1});
+}
+
+TEST_F(MessageBoxesTest, OfYesAndNoTakeEnterAndEscForNo) {
+    for (const Alert& alert : {stopDeletionAlert(), removeExceptionsAlert()}) {
+        ASSERT_EQ(alert.buttons, (QStringList{QStringLiteral("YES"), QStringLiteral("NO")}));
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+            QMessageBox* box = show(alert);
+            EXPECT_EQ(box->defaultButton()->text(), QStringLiteral("NO"));
+            answers.clear();
+            QTest::keyClick(box, key);
+            ASSERT_TRUE(boxIsGone());
+            EXPECT_EQ(answers, std::vector<int>{1}) << key;
+        }
+    }
+}
+
+TEST_F(MessageBoxesTest, GoWithoutAnAnswerWhenTheyAreWithdrawn) {
+    show(question);
+    boxes.withdraw(number);
+    EXPECT_TRUE(boxIsGone());
+    EXPECT_TRUE(answers.empty());
+    EXPECT_TRUE(window.isEnabled());
+}
+
+TEST_F(MessageBoxesTest, OfOneThatIsWithdrawnTheOtherStays) {
+    show(question);
+    const Alerts::Number first = number;
+    QMessageBox* second = nullptr;
+    boxes.show(noticeOf(QStringLiteral("No Folders.")),
+               [this](int button) { answers.push_back(button + 10); });
+    for (auto* box : window.findChildren<QMessageBox*>()) {
+        second = box->informativeText() == QStringLiteral("No Folders.") ? box : second;
+    }
+    boxes.withdraw(first);
+    ASSERT_TRUE(
+        QTest::qWaitFor([this] { return window.findChildren<QMessageBox*>().size() == 1; }));
+    boxes.withdraw(first);
+    boxes.withdraw(0);
+    QTest::keyClick(second, Qt::Key_Escape);
+    EXPECT_TRUE(boxIsGone());
+    EXPECT_EQ(answers, std::vector<int>{10});
 }
 
 TEST_F(MessageBoxesTest, TakeTheirClosingForTheHarmlessButton) {

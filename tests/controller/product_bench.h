@@ -14,6 +14,7 @@
 #include <QSettings>
 #include <QTest>
 #include <atomic>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -26,22 +27,27 @@ namespace tarvin {
 class FakeAlerts final : public Alerts {
  public:
     using Alerts::show;
-    void show(const Alert& alert, std::function<void(int button)> answered) override {
+    Number show(const Alert& alert, std::function<void(int button)> answered) override {
         shown.push_back(alert);
-        answered_ = std::move(answered);
+        open_[shown.size()] = std::move(answered);
+        return shown.size();
     }
+    void withdraw(Number alert) override { open_.erase(alert); }
 
-    /// Presses a button of the alert shown last.
+    /// Presses a button of the alert shown last, if it is still open.
     void press(int button) {
-        if (const auto answered = std::exchange(answered_, {})) {
-            answered(button);
+        if (const auto pressed = open_.extract(shown.size()); pressed && pressed.mapped()) {
+            pressed.mapped()(button);
         }
     }
+
+    /// How many have neither been answered nor withdrawn.
+    [[nodiscard]] std::size_t open() const { return open_.size(); }
 
     std::vector<Alert> shown;
 
  private:
-    std::function<void(int button)> answered_;
+    std::map<Number, std::function<void(int button)>> open_;
 };
 
 /// Panels in which a person has chosen already.
@@ -125,10 +131,11 @@ class ProductBench : public testing::Test {
                                       .desktop = *usedDesktop,
                                       .settings = settings,
                                       .alerts = &alerts,
-                                      .panels = &panels,
+                                      .panels = usedPanels,
                                       .terminate = [this] { ++terminations; },
                                       .version = QStringLiteral("1.2.3"),
                                       .urls = urls,
+                                      .guide = guide,
                                       .previewProgram = previewProgram(),
                                       .updater = updater,
                                       .readAddress = readAddress,
@@ -137,10 +144,15 @@ class ProductBench : public testing::Test {
 
     /// Starts the product and waits for its window.
     void launch(const std::vector<std::string>& folders = {}) {
+        start(folders);
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window(), 20000));
+    }
+
+    /// Starts the product, which may give way to another copy.
+    void start(const std::vector<std::string>& folders = {}) {
         QCursor::setPos(-100, -100);
         make();
         delegate->applicationDidFinishLaunching(folders);
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window(), 20000));
     }
 
     [[nodiscard]] MainWindow& window() { return delegate->window(); }
@@ -194,8 +206,10 @@ class ProductBench : public testing::Test {
     Desktop* usedDesktop = &desktop;
     FakeAlerts alerts;
     FakePanels panels;
+    FilePanels* usedPanels = &panels;  ///< none: the product's own
     QSettings settings{QString::fromStdString(folder.pathOf("settings.ini")), QSettings::IniFormat};
     QString urls;
+    QString guide;
     QString updater;
     AddressReading readAddress;
     MainWindow::Appearance appearance = MainWindow::Appearance::whenShown;

@@ -1,3 +1,4 @@
+#include "controller/home_image.h"
 #include "controller/product_bench.h"
 #include "controls/button_settings_saved.h"
 #include "controls/elided_label.h"
@@ -170,6 +171,7 @@ TEST_F(Scanning, WithoutFilesSaysSoAndGoesHome) {
     EXPECT_EQ(alerts.shown[0].informativeText, QStringLiteral("No duplicates File found"));
     EXPECT_EQ(screen(), QStringLiteral("5"));
     EXPECT_FALSE(progress().animationImage->isAnimating());
+    EXPECT_TRUE(comesTrue([this] { return !bar().isIndeterminate(); }));
     alerts.press(0);
     EXPECT_EQ(screen(), QStringLiteral("1"));
     EXPECT_FALSE(delegate->scan().scanning());
@@ -249,12 +251,64 @@ TEST_F(Scanning, StoppedBesideTheNoticeOfClosingGoesOnIfTheAnswerIsNo) {
     EXPECT_TRUE(comesTo("4"));
 }
 
+TEST_F(Scanning, StoppedBesideTheNoticeOfClosingTakesTheNoticeAway) {
+    beginAndHoldComparison();
+    EXPECT_FALSE(window().close());
+    delegate->scan().stop();
+    click("cancelYes");
+    EXPECT_FALSE(window().runningAlert->isVisible());
+    EXPECT_FALSE(window().confirmationView->isVisible());
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
+/// The workers may be with the last file when the pause begins.
+TEST_F(Scanning, ThatEndsTakesTheNoticeOfClosingAway) {
+    beginAndHoldComparison();
+    EXPECT_FALSE(window().close());
+    delegate->scan().run().setPause(false);
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_FALSE(window().runningAlert->isVisible());
+}
+
+TEST_F(Scanning, WithoutFilesTakesNoticeAndQuestionAway) {
+    files.beforeCall(
+        FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
+    begin();
+    ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
+    click("stopButton");
+    EXPECT_FALSE(window().close());
+    delegate->scan().run().setPause(false);
+    barrier.open();
+    ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+    EXPECT_FALSE(window().runningAlert->isVisible());
+    EXPECT_FALSE(window().confirmationView->isVisible());
+    alerts.press(0);
+    EXPECT_EQ(screen(), QStringLiteral("1"));
+}
+
+TEST_F(Scanning, PausedBeforeTheNoticeOfClosingGoesOnWithItsOk) {
+    beginAndHoldComparison();
+    click("pauseResume");
+    EXPECT_FALSE(window().close());
+    click("runningAlertOk");
+    EXPECT_FALSE(delegate->scan().run().pause());
+    EXPECT_EQ(progress().pauseResume->text(), QStringLiteral("Pause"));
+    EXPECT_TRUE(progress().stopButton->isEnabled());
+    EXPECT_TRUE(progress().animationImage->isAnimating());
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
 TEST_F(Scanning, WaitsForTheAnswerWhetherToStopBehindTheNoticeOfClosing) {
     beginAndHoldComparison();
     click("stopButton");
     EXPECT_FALSE(window().close());
     click("runningAlertOk");
     EXPECT_TRUE(delegate->scan().run().pause());
+    EXPECT_FALSE(progress().animationImage->isAnimating());
+    EXPECT_FALSE(progress().stopButton->isEnabled());
     EXPECT_TRUE(window().confirmationView->isVisible());
     click("cancelNo");
     EXPECT_FALSE(delegate->scan().run().pause());
@@ -367,12 +421,16 @@ TEST_F(Scanning, KeepsTheWindowOpenAndWaitsForTheAnswer) {
               QStringLiteral("A operation is in progress. Please stop the current process."));
     EXPECT_TRUE(delegate->scan().run().pause());
     EXPECT_FALSE(progress().animationImage->isAnimating());
+    // Only a program that ends shows the next picture at its next start.
+    EXPECT_FALSE(settings.contains(homeImageKey));
     click("runningAlertOk");
     EXPECT_FALSE(window().runningAlert->isVisible());
     EXPECT_FALSE(delegate->scan().run().pause());
     EXPECT_TRUE(progress().animationImage->isAnimating());
     barrier.open();
     EXPECT_TRUE(comesTo("4"));
+    EXPECT_TRUE(window().close());
+    EXPECT_EQ(settings.value(homeImageKey).toString(), QStringLiteral("2"));
 }
 
 TEST_F(Scanning, ASecondScanKnowsNothingOfTheFirst) {

@@ -1,62 +1,76 @@
 #include "controller/single_copy.h"
 
+#include "support/fake_running_copies.h"
+
 #include <gtest/gtest.h>
 
-#include <QStringList>
-#include <QtGlobal>
+#include <QCoreApplication>
+#include <cerrno>
+#include <memory>
 
 namespace tarvin {
 namespace {
 
-/// A first copy that comes to the front and takes no folders; this one is the second.
-class BusyFirstCopy final : public RunningCopies {
- public:
-    bool isAnyRunning() override { return true; }
-    Result<RunningCopy> join(CopyRequests /*requests*/) override { return RunningCopy{2}; }
-    void leave() override {}
-    std::vector<RunningCopy> copies() override { return {{1}, {2}}; }
-    bool askToQuit(RunningCopy /*copy*/) override { return true; }
-    bool bringToFront(RunningCopy /*copy*/, const std::string& /*token*/) override { return true; }
-    bool openFolders(RunningCopy /*copy*/, const std::vector<std::string>& folders) override {
-        offered.insert(offered.end(), folders.begin(), folders.end());
-        return false;
+class SingleCopyTest : public testing::Test {
+ protected:
+    SingleCopyTest() {
+        copies.setOthers({{3}}, {2});
+        copy = std::make_unique<SingleCopy>(copies);
+        QObject::connect(copy.get(), &SingleCopy::quitRequested, [this] { ++quits; });
+        QObject::connect(copy.get(), &SingleCopy::frontRequested,
+                         [this](const QByteArray& token) { tokens << token; });
+        QObject::connect(copy.get(), &SingleCopy::foldersRequested,
+                         [this](const std::vector<std::string>& given) { folders = given; });
     }
 
-    std::vector<std::string> offered;
+    FakeRunningCopies copies;
+    std::unique_ptr<SingleCopy> copy;
+    int quits = 0;
+    QByteArrayList tokens;
+    std::vector<std::string> folders;
 };
 
-/// What Qt is asked to log while this lives. One at a time.
-class Logged final {
- public:
-    Logged() {
-        lines.clear();
-        before_ = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext&, const QString& text) { lines.append(text); });
-    }
-    Logged(const Logged&) = delete;
-    Logged& operator=(const Logged&) = delete;
-    ~Logged() { qInstallMessageHandler(before_); }
-
-    static inline QStringList lines;
-
- private:
-    QtMessageHandler before_ = nullptr;
-};
-
-TEST(SingleCopyTest, LogsNothingIfTheFirstTakesNoFolders) {
-    BusyFirstCopy copies;
-    SingleCopy copy(copies);
-    const Logged logged;
-    EXPECT_FALSE(copy.keepFirst({"/some/folder"}));
-    EXPECT_EQ(copies.offered, std::vector<std::string>{"/some/folder"});
-    EXPECT_EQ(Logged::lines, QStringList());
+TEST_F(SingleCopyTest, JoinsAtOnceAndLeavesAtTheEnd) {
+    EXPECT_TRUE(copies.hasJoined());
+    EXPECT_TRUE(copy->isFirst());
+    copy.reset();
+    EXPECT_FALSE(copies.hasJoined());
 }
 
-TEST(SingleCopyTest, OffersNothingIfItWasGivenNoFolders) {
-    BusyFirstCopy copies;
+TEST_F(SingleCopyTest, KeepsWhatIsAskedUntilSomebodyListens) {
+    copies.bringThisToFront("token");
+    copies.openInThis({"/a", "/b"});
+    copies.askThisToQuit();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(tokens, QByteArrayList());
+    EXPECT_EQ(quits, 0);
+    copy->listen();
+    EXPECT_EQ(tokens, QByteArrayList{"token"});
+    EXPECT_EQ(folders, (std::vector<std::string>{"/a", "/b"}));
+    EXPECT_EQ(quits, 1);
+}
+
+TEST_F(SingleCopyTest, TellsWhatIsAskedFromThenOnThroughTheEventLoop) {
+    copy->listen();
+    copies.bringThisToFront("token");
+    EXPECT_EQ(tokens, QByteArrayList());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(tokens, QByteArrayList{"token"});
+}
+
+TEST(SingleCopyOfMany, IsNotFirstBehindAnother) {
+    FakeRunningCopies copies;
+    copies.setOthers({{1}}, {2});
+    EXPECT_FALSE(SingleCopy(copies).isFirst());
+}
+
+TEST(SingleCopyOfMany, IsFirstWhereNobodyCanMeet) {
+    FakeRunningCopies copies;
+    copies.setOthers({{1}}, {2});
+    copies.refuseToJoin({EACCES});
     SingleCopy copy(copies);
-    EXPECT_FALSE(copy.keepFirst({}));
-    EXPECT_TRUE(copies.offered.empty());
+    EXPECT_TRUE(copy.isFirst());
+    EXPECT_TRUE(copy.keepFirst({}));
 }
 
 }  // namespace

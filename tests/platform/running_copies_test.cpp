@@ -103,26 +103,6 @@ TEST_F(RunningCopiesTest, AreNoneBeforeThisOneJoins) {
     copies->leave();
 }
 
-TEST_F(RunningCopiesTest, AreSeenByThoseThatHaveNotJoined) {
-    const auto outside = makeRunningCopies(folders_);
-    EXPECT_FALSE(outside->isAnyRunning());
-    {
-        const Copy copy(folders_);
-        EXPECT_TRUE(outside->isAnyRunning());
-        EXPECT_TRUE(outside->copies().empty());
-    }
-    EXPECT_FALSE(outside->isAnyRunning());
-}
-
-TEST_F(RunningCopiesTest, AreSeenWhereverTheyMeet) {
-    const std::string second = tree_.pathOf("second");
-    const Copy copy({second});
-    ASSERT_TRUE(copy.hasJoined());
-    EXPECT_TRUE(makeRunningCopies({folder_, second})->isAnyRunning());
-    EXPECT_FALSE(makeRunningCopies({tree_.pathOf("missing/meeting")})->isAnyRunning());
-    EXPECT_FALSE(makeRunningCopies({})->isAnyRunning());
-}
-
 TEST_F(RunningCopiesTest, BeginWithTheFirst) {
     Copy only(folders_);
     EXPECT_EQ(only.number(), 1u);

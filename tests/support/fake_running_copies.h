@@ -22,6 +22,11 @@ class FakeRunningCopies final : public RunningCopies {
         others_ = std::move(others);
         thisCopy_ = thisCopy;
     }
+    /// The same, but they come only just before this process joins.
+    void letOthersComeFirst(std::vector<RunningCopy> others, RunningCopy thisCopy) {
+        comingFirst_ = std::move(others);
+        thisCopy_ = thisCopy;
+    }
     /// What another copy asks of this one; it must have joined.
     void askThisToQuit() const { requests_.quit(); }
     void bringThisToFront(const std::string& activationToken = {}) const {
@@ -38,13 +43,12 @@ class FakeRunningCopies final : public RunningCopies {
     [[nodiscard]] const std::vector<std::string>& handedOn() const { return handedOn_; }
     [[nodiscard]] const std::string& lastToken() const { return lastToken_; }
 
-    bool isAnyRunning() override { return joined_ || !others_.empty(); }
-
     Result<RunningCopy> join(CopyRequests requests) override {
         if (refusal_) {
             return *refusal_;
         }
         requests_ = std::move(requests);
+        others_.insert(others_.end(), comingFirst_.begin(), comingFirst_.end());
         joined_ = true;
         return thisCopy_;
     }
@@ -112,6 +116,7 @@ class FakeRunningCopies final : public RunningCopies {
     CopyRequests requests_;
     std::optional<SystemError> refusal_;
     std::vector<RunningCopy> others_;
+    std::vector<RunningCopy> comingFirst_;
     std::vector<RunningCopy> ending_;
     RunningCopy thisCopy_{1};
     std::vector<RunningCopy> askedToQuit_;

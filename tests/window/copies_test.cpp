@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <memory>
+#include <sstream>
+#include <string>
 #include <vector>
 
 namespace tarvin {
@@ -16,6 +18,84 @@ namespace {
 
 bool comesToFront(const ChildProcess& program) {
     return waitUntil([&] { return input::processInFront() == program.pid(); });
+}
+
+/// What the window manager says of its windows from now on.
+class WindowLists final {
+ public:
+    WindowLists()
+        : watch_({"xprop", "-root", "-spy", "_NET_CLIENT_LIST"}, folder_.pathOf("windows")) {
+        EXPECT_FALSE(watch_.firstLine().empty());
+    }
+
+    /// How often a window has come or gone.
+    [[nodiscard]] int changes() const {
+        std::istringstream lines(watch_.output());
+        std::string before;
+        std::getline(lines, before);
+        int changes = 0;
+        for (std::string line; std::getline(lines, line); before = line) {
+            changes += line == before ? 0 : 1;
+        }
+        return changes;
+    }
+
+ private:
+    TemporaryFolder folder_;
+    ChildProcess watch_;
+};
+
+TEST(Copies, ThatGiveWayShowNoWindow) {
+    Home home;
+    const auto first = home.startProduct();
+    const ProgramWindow window(first->pid());
+    const WindowLists windows;
+    std::vector<std::unique_ptr<ChildProcess>> copies;
+    for (int number = 0; number < 4; ++number) {
+        copies.push_back(home.startProduct());
+    }
+    for (const auto& copy : copies) {
+        EXPECT_EQ(copy->wait(), 0) << copy->errors();
+    }
+    // One more, which comes behind all that there were.
+    const TemporaryFolder folder;
+    const ChildProcess other({dropSource(), "text/plain", folder.writeFile("content", "")},
+                             folder.pathOf("other"));
+    ASSERT_TRUE(comesToFront(other));
+    ASSERT_TRUE(waitUntil([&] { return windows.changes() > 0; }));
+    EXPECT_EQ(windows.changes(), 1);
+    EXPECT_TRUE(first->runs());
+}
+
+TEST(Copies, OfThreeStartedAtOnceOneShowsAWindow) {
+    Home home;
+    const WindowLists windows;
+    std::vector<std::unique_ptr<ChildProcess>> copies;
+    for (int number = 0; number < 3; ++number) {
+        copies.push_back(home.startProduct());
+    }
+    ASSERT_TRUE(waitUntil([&] {
+        return std::count_if(copies.begin(), copies.end(),
+                             [](const auto& copy) { return copy->runs(); }) == 1;
+    }));
+    ASSERT_TRUE(waitUntil([&] { return windows.changes() > 0; }));
+    EXPECT_EQ(windows.changes(), 1);
+}
+
+TEST(Copies, TwoLaterOnesLeaveOneNotice) {
+    Home home;
+    const std::string films = home.folder().makeFolder("Films");
+    const auto first = home.startProduct();
+    const ProgramWindow window(first->pid());
+    window.click("Scan Drives");
+    window.waitForText("Choose Locations");
+    const std::string notice = "To scan other folders, please go back to the start first.";
+    for (int number = 0; number < 2; ++number) {
+        EXPECT_EQ(home.startProduct({films})->wait(), 0);
+        window.waitForText(notice);
+    }
+    window.click("Ok");
+    window.waitForEnd(notice);
 }
 
 TEST(Copies, TheSecondBringsTheFirstToTheFrontAndEnds) {
@@ -44,6 +124,26 @@ TEST(Copies, TheSecondBringsBackTheFirstFromItsIcon) {
     EXPECT_EQ(home.startProduct()->wait(), 0);
     EXPECT_TRUE(comesToFront(*first));
     window.waitForText("Find duplicate files");
+}
+
+TEST(Copies, TheSecondBringsBackTheFirstAsLargeAsItWas) {
+    Home home;
+    const auto first = home.startProduct();
+    const ProgramWindow window(first->pid());
+    ASSERT_TRUE(comesToFront(*first));
+    const Accessible frame = window.wait(ATSPI_ROLE_FILLER, "Tarvin Duplicate File Remover");
+    const Area small = frame.area();
+    constexpr int titleBarAbove = 10;
+    input::doubleClick({small.middle().x, small.y - titleBarAbove});
+    ASSERT_TRUE(waitUntil([&] { return frame.area().width == input::screenWidth; }));
+    const Area large = frame.area();
+    input::minimize();
+    ASSERT_TRUE(waitUntil([&] { return input::processInFront() != first->pid(); }));
+
+    EXPECT_EQ(home.startProduct()->wait(), 0);
+    EXPECT_TRUE(comesToFront(*first));
+    EXPECT_EQ(frame.area().width, large.width);
+    EXPECT_EQ(frame.area().height, large.height);
 }
 
 TEST(Copies, OfThreeStartedAtOnceOneStays) {

@@ -9,6 +9,9 @@ namespace tarvin {
 /// What a person does with mouse and keyboard, by real events of the X server.
 namespace input {
 
+/// Of the screen, in pixels.
+inline constexpr int screenWidth = 1600;
+
 void moveTo(Spot spot);
 void press();    ///< the left button
 void release();  ///< the left button

@@ -228,17 +228,6 @@ class LinuxRunningCopies final : public RunningCopies {
     LinuxRunningCopies(std::vector<std::string> folders, std::chrono::milliseconds patience)
         : folders_(std::move(folders)), patience_(patience) {}
 
-    bool isAnyRunning() override {
-        return std::any_of(folders_.begin(), folders_.end(), [this](const std::string& path) {
-            const auto folder = PrivateFolder::open(path);
-            if (!folder) {
-                return false;
-            }
-            const auto lock = FolderLock::take(folder->path(), patience_);
-            return lock && !livingCopies(*folder).empty();
-        });
-    }
-
     Result<RunningCopy> join(CopyRequests requests) override {
         SystemError failure{ENOENT};
         for (const std::string& path : folders_) {
