@@ -4,8 +4,6 @@
 #include <QList>
 #include <QString>
 #include <QSysInfo>
-#include <QUrl>
-#include <optional>
 
 namespace tarvin {
 
@@ -16,6 +14,8 @@ bool isThisMachine(const QString& host) {
     return host.isEmpty() || host == QStringLiteral("localhost") ||
            host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
 }
+
+}  // namespace
 
 std::optional<std::string> localPath(const QUrl& url) {
     if (!url.isValid() || !url.isLocalFile() || !isThisMachine(url.host())) {
@@ -32,8 +32,6 @@ std::optional<std::string> localPath(const QUrl& url) {
     }
     return path;
 }
-
-}  // namespace
 
 std::vector<std::string> droppedPaths(const QMimeData& data) {
     std::vector<std::string> paths;

@@ -1,17 +1,33 @@
 #include "controller/file_dialogs.h"
 
+#include "controller/dropped_paths.h"
+#include "controller/message_boxes.h"
+#include "controller/path_text.h"
+#include "scan/category.h"
+
 #include <QAbstractItemView>
 #include <QCoreApplication>
-#include <QFile>
 #include <QFileDialog>
-#include <QFileInfo>
+#include <QGridLayout>
+#include <QLabel>
 #include <QListView>
 #include <QTreeView>
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <system_error>
+#include <unordered_set>
 #include <utility>
 
 namespace tarvin {
 
 namespace {
+
+using Paths = std::vector<std::string>;
+
+QString text(const char* source) {
+    return QCoreApplication::translate("tarvin::FileDialogs", source);
+}
 
 /// Qt's dialog chooses one folder at a time unless its views are told otherwise.
 void allowSeveral(const QFileDialog& dialog) {
@@ -41,51 +57,128 @@ QString patternsOf(const QStringList& types) {
     return patterns.join(QLatin1Char(' '));
 }
 
-/// What was chosen, as bytes. Qt's texts do not hold every name; what has become another one on the
-/// way is left out, because it names nothing.
-std::vector<std::string> chosenPaths(const QStringList& files) {
-    std::vector<std::string> paths;
-    for (const QString& file : files) {
-        if (QFileInfo::exists(file)) {
-            paths.push_back(QFile::encodeName(file).toStdString());
+/// Every folder above one of the paths.
+std::unordered_set<std::string> foldersAbove(const Paths& paths) {
+    std::unordered_set<std::string> folders;
+    for (const std::string& path : paths) {
+        for (std::size_t slash = path.rfind('/'); slash != std::string::npos && path != "/";
+             slash = slash == 0 ? std::string::npos : path.rfind('/', slash - 1)) {
+            folders.insert(path.substr(0, std::max<std::size_t>(slash, 1)));
         }
     }
+    return folders;
+}
+
+/// What stands in a dialog as chosen. While a path is typed, Qt's dialog selects each folder that
+/// it comes by, also the one that it shows, and may keep it beside the one that was meant. A person
+/// can select in one folder only.
+Paths chosenIn(const QFileDialog& dialog) {
+    Paths paths;
+    for (const QUrl& url : dialog.selectedUrls()) {
+        if (auto path = localPath(url)) {
+            paths.push_back(std::move(*path));
+        }
+    }
+    std::erase_if(paths, [above = foldersAbove(paths)](const std::string& path) {
+        return above.contains(path);
+    });
     return paths;
 }
 
-QString title(const char* text) {
-    return QCoreApplication::translate("tarvin::FileDialogs", text);
+bool exists(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::exists(path, error);
+}
+
+bool isOfType(const std::string& path, const QStringList& types) {
+    return types.contains(textOfPath(pathExtension(path)), Qt::CaseInsensitive);
+}
+
+/// Qt's dialog takes whatever name is typed, as long as it is there. This one stays open for a file
+/// of another type and says why.
+class OpenDialog final : public QFileDialog {
+ public:
+    OpenDialog(QWidget* window, QStringList types) : QFileDialog(window), types_(std::move(types)) {
+        setAttribute(Qt::WA_DeleteOnClose);
+    }
+
+    void accept() override {
+        const Paths chosen = chosenIn(*this);
+        const bool takesAll =
+            types_.isEmpty() || std::all_of(chosen.begin(), chosen.end(), [this](const auto& path) {
+                std::error_code error;
+                return !std::filesystem::is_regular_file(path, error) || isOfType(path, types_);
+            });
+        if (takesAll) {
+            QFileDialog::accept();
+            return;
+        }
+        const char* onlyPhotos = QT_TRANSLATE_NOOP("tarvin::FileDialogs",
+                                                   "Only photos of these types can be added: %1.");
+        MessageBoxes(this).show(noticeOf(text(onlyPhotos).arg(types_.join(QStringLiteral(", ")))));
+    }
+
+ private:
+    const QStringList types_;
+};
+
+/// Qt's dialog lists no name that is not UTF-8. One of the desktop's has no place for a hint.
+void addHint(QFileDialog& dialog, const QString& hint) {
+    if (auto* grid = qobject_cast<QGridLayout*>(dialog.layout())) {
+        auto* label = new QLabel(hint, &dialog);
+        label->setObjectName(QStringLiteral("hint"));
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(true);
+        grid->addWidget(label, grid->rowCount(), 0, 1, -1);
+    }
 }
 
 void setUp(QFileDialog& dialog, const OpenPanel& panel) {
     if (panel.canChooseDirectories) {
-        dialog.setWindowTitle(title(QT_TRANSLATE_NOOP("tarvin::FileDialogs", "Add Folders")));
+        dialog.setWindowTitle(text(QT_TRANSLATE_NOOP("tarvin::FileDialogs", "Add Folders")));
         dialog.setOption(QFileDialog::DontUseNativeDialog);
         dialog.setOption(QFileDialog::ShowDirsOnly);
         dialog.setFileMode(QFileDialog::Directory);
         allowSeveral(dialog);
+        addHint(dialog,
+                text(QT_TRANSLATE_NOOP("tarvin::FileDialogs",
+                                       "Folders not shown here can be dropped onto the list.")));
         return;
     }
-    dialog.setWindowTitle(title(QT_TRANSLATE_NOOP("tarvin::FileDialogs", "Add Photos")));
+    dialog.setWindowTitle(text(QT_TRANSLATE_NOOP("tarvin::FileDialogs", "Add Photos")));
     dialog.setFileMode(QFileDialog::ExistingFiles);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     if (!panel.allowedFileTypes.isEmpty()) {
-        const QString photos = title(QT_TRANSLATE_NOOP("tarvin::FileDialogs", "Photos"));
+        const QString photos = text(QT_TRANSLATE_NOOP("tarvin::FileDialogs", "Photos"));
         dialog.setNameFilter(photos + QStringLiteral(" (") + patternsOf(panel.allowedFileTypes) +
                              QLatin1Char(')'));
     }
+    addHint(dialog, text(QT_TRANSLATE_NOOP("tarvin::FileDialogs",
+                                           "Photos not shown here can be dropped onto the list.")));
 }
 
 }  // namespace
 
 void FileDialogs::open(const OpenPanel& panel,
                        std::function<void(const std::vector<std::string>& paths)> chosen) {
-    auto* dialog = new QFileDialog(window_);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    auto* dialog = new OpenDialog(window_, panel.allowedFileTypes);
     setUp(*dialog, panel);
     QObject::connect(
-        dialog, &QFileDialog::filesSelected, dialog,
-        [chosen = std::move(chosen)](const QStringList& files) { chosen(chosenPaths(files)); });
+        dialog, &QDialog::accepted, dialog,
+        [dialog, window = window_, types = panel.allowedFileTypes, chosen = std::move(chosen)] {
+            Paths paths = chosenIn(*dialog);
+            if (std::erase_if(paths, std::not_fn(exists)) > 0) {
+                MessageBoxes(window).show(
+                    noticeOf(text(QT_TRANSLATE_NOOP("tarvin::FileDialogs",
+                                                    "Some of the chosen items cannot be added "
+                                                    "here. Please drop them onto the list."))));
+            }
+            // A dialog of the desktop's may offer other types, too.
+            std::erase_if(paths, [&](const std::string& path) {
+                return !types.isEmpty() && !isOfType(path, types);
+            });
+            chosen(paths);
+        });
     dialog->open();
 }
 

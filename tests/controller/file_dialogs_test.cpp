@@ -5,8 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListView>
+#include <QMessageBox>
 #include <QTest>
+#include <algorithm>
 
 namespace tarvin {
 namespace {
@@ -14,6 +18,8 @@ namespace {
 /// The dialogs of the product over a window, answered as a person would.
 class FileDialogsTest : public testing::Test {
  protected:
+    using Paths = std::vector<std::string>;
+
     FileDialogsTest() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
 
     void SetUp() override {
@@ -22,13 +28,48 @@ class FileDialogsTest : public testing::Test {
     }
 
     QFileDialog* open(const OpenPanel& panel) {
-        dialogs.open(panel, [this](const std::vector<std::string>& paths) {
+        dialogs.open(panel, [this](const Paths& paths) {
             ++answers;
             chosen = paths;
         });
         auto* dialog = window.findChild<QFileDialog*>();
         EXPECT_NE(dialog, nullptr);
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(dialog));
+        dialog->setDirectory(QString::fromStdString(folder.path()));
         return dialog;
+    }
+
+    /// Types a name, key by key, and presses Return.
+    static void type(QFileDialog* dialog, const std::string& name) {
+        auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(edit, nullptr);
+        edit->setFocus();
+        edit->clear();
+        for (const QChar letter : QString::fromStdString(name)) {
+            QTest::sendKeyEvent(QTest::Click, edit, Qt::Key_unknown, QString(letter), {});
+        }
+        QTest::keyClick(edit, Qt::Key_Return);
+    }
+
+    [[nodiscard]] bool isGone() {
+        return QTest::qWaitFor([this] { return window.findChild<QFileDialog*>() == nullptr; },
+                               20000);
+    }
+
+    [[nodiscard]] static QString hintOf(const QFileDialog& dialog) {
+        const auto* hint = dialog.findChild<QLabel*>(QStringLiteral("hint"));
+        return hint != nullptr && hint->isVisible() ? hint->text() : QString();
+    }
+
+    /// The text of the box over `parent`, which is closed.
+    static QString answerBox(const QWidget& parent) {
+        auto* box = parent.findChild<QMessageBox*>();
+        if (box == nullptr) {
+            return {};
+        }
+        const QString text = box->informativeText();
+        box->close();
+        return text;
     }
 
     const OpenPanel folders{.canChooseDirectories = true, .allowedFileTypes = {}};
@@ -37,9 +78,21 @@ class FileDialogsTest : public testing::Test {
     TemporaryFolder folder;
     QWidget window;
     FileDialogs dialogs{&window};
-    std::vector<std::string> chosen;
+    Paths chosen;
     int answers = 0;
 };
+
+TEST_F(FileDialogsTest, BeginAsSheetsOnTheWindow) {
+    for (const OpenPanel& panel : {folders, photos}) {
+        QFileDialog* dialog = open(panel);
+        EXPECT_EQ(dialog->parentWidget(), &window);
+        EXPECT_EQ(dialog->windowModality(), Qt::WindowModal);
+        EXPECT_TRUE(dialog->isVisible());
+        EXPECT_EQ(answers, 0);
+        dialog->reject();
+        ASSERT_TRUE(isGone());
+    }
+}
 
 TEST_F(FileDialogsTest, ForFoldersOfferFoldersAndSeveralOfThem) {
     const QFileDialog* dialog = open(folders);
@@ -58,17 +111,135 @@ TEST_F(FileDialogsTest, ForPhotosOfferFilesOfTheTypesInAnySpelling) {
               QStringList{QStringLiteral("Photos (*.[jJ][pP][gG] *.[cC][rR]2)")});
 }
 
-TEST_F(FileDialogsTest, AnswerWithThePathsThatAreThere) {
-    const std::string path = folder.makeFolder("M\xC3\xBCsik");
+TEST_F(FileDialogsTest, AnswerWithAPathThatWasTypedInFull) {
+    const std::string path = folder.makeFolder("albums/summer");
+    folder.makeFolder("albums/winter");
     QFileDialog* dialog = open(folders);
-    Q_EMIT dialog->filesSelected(
-        {QString::fromStdString(path), QString::fromStdString(folder.pathOf("M\xEF\xBF\xBD"))});
-    EXPECT_EQ(chosen, std::vector<std::string>{path});
+    type(dialog, path);
+    ASSERT_TRUE(isGone());
+    EXPECT_EQ(chosen, Paths{path});
+}
+
+/// Qt selects the folders above it, too, if its field does not have the keyboard meanwhile.
+TEST_F(FileDialogsTest, AnswerWithAPathAndNotWithTheFoldersAboveIt) {
+    const std::string path = folder.makeFolder("albums/summer/june");
+    for (const char* shown : {"", "albums", "albums/summer", "albums/summer/june"}) {
+        QFileDialog* dialog = open(folders);
+        dialog->setDirectory(QString::fromStdString(folder.pathOf(shown)));
+        auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        dialog->findChild<QListView*>(QStringLiteral("listView"))->setFocus();
+        for (const std::string& step : {std::string("/"), folder.path(), folder.pathOf("albums"),
+                                        folder.pathOf("albums/summer"), path}) {
+            edit->setText(QString::fromStdString(step));
+        }
+        static_cast<QDialog*>(dialog)->accept();
+        ASSERT_TRUE(isGone());
+        EXPECT_EQ(chosen, Paths{path}) << shown;
+    }
+}
+
+TEST_F(FileDialogsTest, AnswerWithAPathBesideTheFolderThatIsShown) {
+    const std::string path = folder.makeFolder("albums/summer");
+    const std::string shown = folder.makeFolder("shown/inner");
+    QFileDialog* dialog = open(folders);
+    dialog->setDirectory(QString::fromStdString(folder.pathOf("shown")));
+    auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    dialog->findChild<QListView*>(QStringLiteral("listView"))->setFocus();
+    edit->setText(QString::fromStdString(folder.pathOf("shown")));
+    edit->setText(QString::fromStdString(path));
+    static_cast<QDialog*>(dialog)->accept();
+    ASSERT_TRUE(isGone());
+    EXPECT_EQ(chosen, Paths{path});
+}
+
+TEST_F(FileDialogsTest, AnswerWithANameInTheFolderThatIsShown) {
+    const std::string path = folder.makeFolder("M\xC3\xBCsik");
+    type(open(folders), "M\xC3\xBCsik");
+    ASSERT_TRUE(isGone());
+    EXPECT_EQ(chosen, Paths{path});
+}
+
+TEST_F(FileDialogsTest, AnswerWithTheFolderThatIsShownIfNothingElseIsChosen) {
+    QFileDialog* dialog = open(folders);
+    static_cast<QDialog*>(dialog)->accept();
+    ASSERT_TRUE(isGone());
+    EXPECT_EQ(chosen, Paths{folder.path()});
+}
+
+TEST_F(FileDialogsTest, AnswerWithTheRootAlone) {
+    type(open(folders), "/");
+    ASSERT_TRUE(isGone());
+    EXPECT_EQ(chosen, Paths{"/"});
+}
+
+TEST_F(FileDialogsTest, AnswerWithSeveralFolders) {
+    const Paths paths{folder.makeFolder("a"), folder.makeFolder("b")};
+    QFileDialog* dialog = open(folders);
+    auto* list = dialog->findChild<QListView*>(QStringLiteral("listView"));
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 2; }, 20000));
+    list->selectAll();
+    static_cast<QDialog*>(dialog)->accept();
+    ASSERT_TRUE(isGone());
+    std::sort(chosen.begin(), chosen.end());
+    EXPECT_EQ(chosen, paths);
+}
+
+TEST_F(FileDialogsTest, ForPhotosTakeATypedNameOfTheTypes) {
+    const std::string photo = folder.writeFile("sea.JPG", "x");
+    type(open(photos), "sea.JPG");
+    ASSERT_TRUE(isGone());
+    EXPECT_EQ(chosen, Paths{photo});
+}
+
+TEST_F(FileDialogsTest, ForPhotosTakeNoTypedNameOfAnotherType) {
+    folder.writeFile("letter.txt", "x");
+    folder.writeFile("letter", "x");
+    QFileDialog* dialog = open(photos);
+    for (const char* name : {"letter.txt", "letter"}) {
+        type(dialog, name);
+        EXPECT_EQ(answerBox(*dialog),
+                  QStringLiteral("Only photos of these types can be added: jpg, cr2."));
+        EXPECT_TRUE(dialog->isVisible());
+    }
+    EXPECT_EQ(answers, 0);
+}
+
+TEST_F(FileDialogsTest, SayThatOtherNamesCanBeDropped) {
+    QFileDialog* dialog = open(folders);
+    EXPECT_EQ(hintOf(*dialog),
+              QStringLiteral("Folders not shown here can be dropped onto the list."));
+    dialog->reject();
+    ASSERT_TRUE(isGone());
+    EXPECT_EQ(hintOf(*open(photos)),
+              QStringLiteral("Photos not shown here can be dropped onto the list."));
+}
+
+/// A dialog of the desktop's may answer so.
+TEST_F(FileDialogsTest, SayThatWhatCannotBeNamedCanBeDropped) {
+    QFileDialog* dialog = open(photos);
+    dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+        ->setText(QStringLiteral("caf\uFFFD.jpg"));
+    Q_EMIT dialog->accepted();
+    EXPECT_EQ(chosen, Paths());
+    EXPECT_EQ(answerBox(window),
+              QStringLiteral("Some of the chosen items cannot be added here. Please drop them onto "
+                             "the list."));
+}
+
+TEST_F(FileDialogsTest, ForPhotosTakeNoOtherTypeFromADialogOfTheDesktop) {
+    folder.writeFile("letter.txt", "x");
+    QFileDialog* dialog = open(photos);
+    dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+        ->setText(QStringLiteral("letter.txt"));
+    Q_EMIT dialog->accepted();
+    EXPECT_EQ(answers, 1);
+    EXPECT_EQ(chosen, Paths());
 }
 
 TEST_F(FileDialogsTest, AnswerNothingWhenTheyAreLeft) {
     open(photos)->reject();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return window.findChild<QFileDialog*>() == nullptr; }));
+    EXPECT_TRUE(isGone());
     EXPECT_EQ(answers, 0);
 }
 
