@@ -101,6 +101,22 @@
         <source>Photos</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Only photos of these types can be added: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Folders not shown here can be dropped onto the list.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Photos not shown here can be dropped onto the list.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileProperties</name>

@@ -101,6 +101,22 @@
         <source>Photos</source>
         <translation>Fotos</translation>
     </message>
+    <message>
+        <source>Only photos of these types can be added: %1.</source>
+        <translation>Nur Fotos dieser Typen können hinzugefügt werden: %1.</translation>
+    </message>
+    <message>
+        <source>Folders not shown here can be dropped onto the list.</source>
+        <translation>Ordner, die hier fehlen, können auf die Liste gezogen werden.</translation>
+    </message>
+    <message>
+        <source>Photos not shown here can be dropped onto the list.</source>
+        <translation>Fotos, die hier fehlen, können auf die Liste gezogen werden.</translation>
+    </message>
+    <message>
+        <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
+        <translation>Einige der gewählten Objekte können hier nicht hinzugefügt werden. Bitte ziehen Sie sie auf die Liste.</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileProperties</name>

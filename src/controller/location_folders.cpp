@@ -1,8 +1,13 @@
 #include "controller/location_folders.h"
 
+#include "controller/path_text.h"
+
+#include <QCollator>
+#include <QLocale>
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <utility>
 
 namespace tarvin {
 
@@ -35,6 +40,31 @@ bool isIn(std::string_view path, std::string_view folder) {
 
 std::string_view folderOf(std::string_view path) {
     return path.substr(0, std::max<std::size_t>(path.rfind('/'), 1));
+}
+
+QCollator collatorForNames() {
+    const QLocale locale = QLocale().collation();
+    // The plain locale knows neither letters nor numbers, only codes.
+    QCollator collator(locale == QLocale::c() ? QLocale(QLocale::English) : locale);
+    collator.setNumericMode(true);
+    return collator;
+}
+
+std::vector<std::string> sortedByName(std::vector<std::string> folders) {
+    const QCollator collator = collatorForNames();
+    std::vector<std::pair<QCollatorSortKey, std::string>> keyed;
+    keyed.reserve(folders.size());
+    for (std::string& folder : folders) {
+        QCollatorSortKey key = collator.sortKey(textOfPath(lastPathComponent(folder)));
+        keyed.emplace_back(std::move(key), std::move(folder));
+    }
+    std::sort(keyed.begin(), keyed.end(), [](const auto& one, const auto& other) {
+        const int order = one.first.compare(other.first);
+        return order != 0 ? order < 0 : one.second < other.second;
+    });
+    std::transform(keyed.begin(), keyed.end(), folders.begin(),
+                   [](auto& entry) { return std::move(entry.second); });
+    return folders;
 }
 
 std::string imageNameOfVolume(VolumeKind kind) {
@@ -70,7 +100,7 @@ std::vector<std::string> getFoldersAtPath(FileSystem& fileSystem, const std::str
             return {};
         }
         if (!*more) {
-            return folders;
+            return sortedByName(std::move(folders));
         }
         for (const EntryBlock::Entry& entry : block.entries()) {
             if (!isSpecialFolder(entry.name) && isFolder(fileSystem, *directory, entry)) {

@@ -16,8 +16,9 @@ namespace tarvin {
 /// full stop. Letters, digits and the underscore are not among them.
 [[nodiscard]] bool isSpecialFolder(std::string_view name);
 
-/// The visible folders in a folder, in the order in which the file system lists them; symbolic
-/// links to folders count. Empty if the path is no folder or cannot be listed to its end.
+/// The visible folders in a folder; symbolic links to folders count. They are sorted by name as
+/// people sort in the user's language, numbers by their value, and where that is the same by bytes.
+/// Empty if the path is not a folder or cannot be listed to its end.
 [[nodiscard]] std::vector<std::string> getFoldersAtPath(FileSystem& fileSystem,
                                                         const std::string& path);
 

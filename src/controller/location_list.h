@@ -5,8 +5,10 @@
 #include "scan/location_row.h"
 
 #include <cstddef>
+#include <map>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace tarvin {
@@ -65,19 +67,23 @@ class LocationList final {
     /// Checked is what stateArray() holds. Does not empty the list.
     void setInitialState();
 
+    /// Shows the top level instead of the rows.
+    void showTopLevel();
+
     /// Shows the folders in a folder instead of the rows, all of them checked, and put into
     /// stateArray(), if stateArray() holds the folder. False, and nothing changes, if there are
     /// none.
     bool loadFolder(const std::string& path);
 
-    /// The visible folders in a folder, as the file system lists them; empty if there is none or it
-    /// cannot be read.
+    /// The visible folders in a folder, sorted by name; empty if there is none or it cannot be
+    /// read.
     [[nodiscard]] std::vector<std::string> getFoldersAtPath(const std::string& path) const;
 
     /// Which picture a location has; asks for the volumes as they are now.
     [[nodiscard]] std::string imageNameOfPath(const std::string& path) const;
 
-    // Adding. What is added is checked and does not go into stateArray().
+    // Adding. What is added is checked and does not go into stateArray(). It belongs to the level
+    // that is shown, and comes back with it, at its place and checked or not as it was left.
 
     /// Whether a row stands for the path or for a folder above it. A folder whose name has an
     /// extension covers nothing but itself.
@@ -112,7 +118,7 @@ class LocationList final {
     void setState(std::size_t row, bool state);
     void removeRow(std::size_t row);
 
-    /// Empties the list.
+    /// Empties the list, and forgets what was added at other levels.
     void removeAllRows();
     /// Forgets which folders are checked at other levels; changes no row.
     void clearStateArray() { stateArray_.clear(); }
@@ -129,8 +135,22 @@ class LocationList final {
         bool notAdded = false;
     };
 
+    /// A row that was added at a level that is not shown.
+    struct KeptRow {
+        std::size_t position = 0;
+        LocationRow row;
+    };
+
     [[nodiscard]] bool isInStateArray(const std::string& path) const;
+    [[nodiscard]] std::vector<LocationRow> topLevelRows() const;
+    /// Shows `rows` and what was added to them before; `level` is a folder's path, or empty for the
+    /// top level.
+    void showLevel(const std::string& level, std::vector<LocationRow> rows);
+    [[nodiscard]] std::vector<KeptRow> addedRows() const;
+    [[nodiscard]] std::vector<LocationRow> putBack(std::vector<KeptRow> kept,
+                                                   std::vector<LocationRow> listed);
     void takeDropped(const std::string& path, std::vector<LocationRow>& rows, Refusals& refusals);
+    /// Takes a row that is to be added.
     void gather(LocationRow row, std::vector<LocationRow>& rows);
     /// The rows have been gathered.
     void insertRows(std::size_t first, std::vector<LocationRow> rows);
@@ -142,6 +162,9 @@ class LocationList final {
     std::vector<LocationRow> rows_;
     LocationIndex index_;  // of the names of rows_
     std::vector<std::string> stateArray_;
+    std::string level_;                                 // that is shown; empty for the top level
+    std::unordered_set<std::string> added_;             // the names of its rows that were added
+    std::map<std::string, std::vector<KeptRow>> kept_;  // of the other levels
     bool scanFolderClicked_ = false;
 };
 

@@ -26,6 +26,7 @@ namespace tarvin {
 namespace {
 
 constexpr QPoint noticePlace{220, 50};
+constexpr int scanTitleSize = 14;
 
 /// What the panel for photos offers, in its order.
 QStringList photoTypes() {
@@ -161,8 +162,8 @@ void Locations::didClickedRow(int row) {
 
 void Locations::showLevel() {
     if (history_.currentPath() == 0) {
-        list_.removeAllRows();
-        list_.setInitialState();
+        list_.showTopLevel();
+        reflectMarkStatusForRemoveButton();
     } else {
         loadFolder();
     }
@@ -170,18 +171,25 @@ void Locations::showLevel() {
 
 void Locations::loadFolder() {
     if (history_.isAtTopLevel()) {
-        list_.removeAllRows();
-        list_.setInitialState();
+        list_.showTopLevel();
     } else if (!list_.loadFolder(history_.current())) {
         alerts_.show(noticeOf(LocationTexts::noFolders()));
         return;
     }
     showLevelButtons();
+    reflectMarkStatusForRemoveButton();
 }
 
 void Locations::showLevelButtons() {
-    setEnabledTogether({{window_.locations->backFolderButton, history_.isBackEnabled()},
-                        {window_.locations->nextFolderButton, history_.isNextEnabled()}});
+    const LocationScreen& screen = *window_.locations;
+    const bool hadFocus =
+        screen.backFolderButton->hasFocus() || screen.nextFolderButton->hasFocus();
+    setEnabledTogether({{screen.backFolderButton, history_.isBackEnabled()},
+                        {screen.nextFolderButton, history_.isNextEnabled()}});
+    // With both disabled the focus would go on to "Mark All".
+    if (hadFocus && !screen.backFolderButton->hasFocus() && !screen.nextFolderButton->hasFocus()) {
+        screen.tableExact->setFocus();
+    }
 }
 
 void Locations::backFolderClicked() {
@@ -225,7 +233,8 @@ void Locations::reflectMarkStatusForRemoveButton() {
                         {screen.findDuplicateExact, buttons.findDuplicateExact}});
     screen.findDuplicateExact->setAlpha(buttons.findDuplicateExactAlpha);
     if (buttons.givesScanTitle) {
-        screen.findDuplicateExact->setTitle(LocationTexts::scan());
+        screen.findDuplicateExact->setAttributedTitle(setCenterAttributes(
+            Qt::white, LocationTexts::scan(), false, Qt::AlignHCenter, scanTitleSize));
     }
 }
 

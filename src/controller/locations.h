@@ -64,8 +64,8 @@ class Locations final : public QObject {
     [[nodiscard]] const BrowseHistory& history() const { return history_; }
 
  private:
-    // In pixels: what a row shows, at twice the density.
-    static constexpr QSize thumbnailSize{80, 80};
+    // In pixels; a row shows it in 40 logical pixels.
+    static constexpr QSize thumbnailSize{74, 74};
 
     /// Whether a window stands in the way of leaving the screen.
     [[nodiscard]] bool isHindered() const;

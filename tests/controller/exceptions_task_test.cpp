@@ -42,6 +42,22 @@ TEST_F(Exceptions, TakeTheMarkedFilesOutAfterAQuestion) {
     EXPECT_EQ(screen(), QStringLiteral("4"));
 }
 
+/// Its marks are one more than were counted.
+TEST_F(Exceptions, OfAWholeSetLeaveTheMarksAtZero) {
+    select(0, 1);
+    clickFileBox(0);
+    clickBox(tree().indexOfSet(0, 1));
+    click("addEceptionBtn");
+    click("excOKBtn");
+    EXPECT_EQ(storedExceptions(), (Lines{found("b1.jpg"), found("b2.jpg"), found("b3.jpg")}));
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 0");
+    EXPECT_EQ(textOf("selectedSize"), "Marked File Size: 0.00 KB");
+    click("scanInforOKBtn");
+    select(1, 0);
+    clickFileBox(1);
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 1");
+}
+
 TEST_F(Exceptions, AreLeftAsTheyAreIfTheQuestionIsCancelled) {
     click("markAll");
     click("addEceptionBtn");

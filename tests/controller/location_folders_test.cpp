@@ -7,6 +7,7 @@
 #include <sys/fsuid.h>
 #include <sys/stat.h>
 
+#include <QLocale>
 #include <algorithm>
 #include <cerrno>
 #include <string>
@@ -28,8 +29,34 @@ class FolderBrowser : public ::testing::Test {
         return folders;
     }
 
+    void makeFolders(const Paths& names) {
+        for (const std::string& name : names) {
+            tree_.makeFolder(name);
+        }
+    }
+
+    Paths namesAt(const std::string& path) {
+        Paths names;
+        for (const std::string& folder : foldersAt(path)) {
+            names.push_back(folder.substr(folder.rfind('/') + 1));
+        }
+        return names;
+    }
+
     FileTree tree_;
     FaultyFileSystem fileSystem_;
+};
+
+/// The language of the user while it lives.
+class Locale final {
+ public:
+    explicit Locale(QLocale::Language language) { QLocale::setDefault(QLocale(language)); }
+    Locale(const Locale&) = delete;
+    Locale& operator=(const Locale&) = delete;
+    ~Locale() { QLocale::setDefault(before_); }
+
+ private:
+    QLocale before_;
 };
 
 TEST_F(FolderBrowser, ListsFoldersAndNothingElse) {
@@ -62,13 +89,39 @@ TEST_F(FolderBrowser, AsksWhereTheListingDoesNotTellTypes) {
     EXPECT_EQ(foldersAt(tree_.path()), Paths{tree_.pathOf("folder")});
 }
 
-TEST_F(FolderBrowser, KeepsTheOrderOfTheFileSystem) {
-    for (const char* name : {"c", "a", "d", "b"}) {
-        tree_.makeFolder(name);
+TEST_F(FolderBrowser, SortsByNameAsPeopleDo) {
+    const Locale english(QLocale::English);
+    const Paths sorted{"_tmp",         "2",       "10",       "apple",     "Banana", "cherry",
+                       "\xc3\x89tude", "Photo 9", "photo 10", "Photo 100", "zoo"};
+    makeFolders(sorted);
+    for (const ListingOrder order : {ListingOrder::sorted, ListingOrder::reversed}) {
+        fileSystem_.setListingOrder(order);
+        EXPECT_EQ(namesAt(tree_.path()), sorted);
     }
-    fileSystem_.setListingOrder(ListingOrder::reversed);
-    EXPECT_EQ(foldersAt(tree_.path()),
-              (Paths{tree_.pathOf("d"), tree_.pathOf("c"), tree_.pathOf("b"), tree_.pathOf("a")}));
+}
+
+TEST_F(FolderBrowser, SortsByTheLanguageOfTheUser) {
+    makeFolders({"zebra", "\xc3\xa4pple", "apple", "azure"});
+    {
+        const Locale german(QLocale::German);
+        EXPECT_EQ(namesAt(tree_.path()), (Paths{"apple", "\xc3\xa4pple", "azure", "zebra"}));
+    }
+    const Locale swedish(QLocale::Swedish);
+    EXPECT_EQ(namesAt(tree_.path()), (Paths{"apple", "azure", "zebra", "\xc3\xa4pple"}));
+}
+
+TEST_F(FolderBrowser, SortsNumbersByValueWithoutALanguage) {
+    const Locale none(QLocale::C);
+    makeFolders({"10", "9", "B", "a"});
+    EXPECT_EQ(namesAt(tree_.path()), (Paths{"9", "10", "a", "B"}));
+}
+
+TEST_F(FolderBrowser, SortsNamesThatAreNotTextByTheirBytes) {
+    makeFolders({"a\xff", "a\xfe", "b"});
+    for (const ListingOrder order : {ListingOrder::sorted, ListingOrder::reversed}) {
+        fileSystem_.setListingOrder(order);
+        EXPECT_EQ(namesAt(tree_.path()), (Paths{"a\xfe", "a\xff", "b"}));
+    }
 }
 
 TEST_F(FolderBrowser, HidesFoldersThatBeginWithASign) {

@@ -55,6 +55,21 @@ class FolderPanel : public LocationRows {};
 class OpenedFolders : public LocationRows {};
 class CheckedRows : public LocationRows {};
 
+/// What was added at one level, when another one is shown in between.
+class AddedRows : public LocationRows {
+ protected:
+    AddedRows() {
+        tree_.makeFolder("top/inner");
+        list_.setInitialState();
+    }
+
+    void goDownAndBack() {
+        ASSERT_TRUE(list_.loadFolder(tree_.pathOf("top")));
+        EXPECT_EQ(namesOf(list_), Paths{tree_.pathOf("top/inner")});
+        list_.showTopLevel();
+    }
+};
+
 TEST_F(TopLevel, IsTheVolumesInDriveMode) {
     list_.setInitialState();
     EXPECT_EQ(namesOf(list_), (Paths{"/", "/media/ann/STICK"}));
@@ -112,10 +127,9 @@ TEST_F(TopLevel, MayBeEmpty) {
 
 TEST_F(TopLevel, ShowsTheVolumesThatAreThereAtEachEntry) {
     list_.setInitialState();
-    list_.removeAllRows();
     platform_.setMountedVolumes(
         {{"/", "ext4", VolumeKind::internal}, {"/mnt/new", "xfs", VolumeKind::internal}});
-    list_.setInitialState();
+    list_.showTopLevel();
     EXPECT_EQ(namesOf(list_), (Paths{"/", "/mnt/new"}));
 }
 
@@ -128,8 +142,7 @@ TEST_F(TopLevel, IsAppended) {
 TEST_F(TopLevel, ShowsWhatWasCheckedBefore) {
     enterFolderMode();
     list_.checkButtonExactFirstpage(1, true);
-    list_.removeAllRows();
-    list_.setInitialState();
+    list_.showTopLevel();
     EXPECT_EQ(statesOf(list_), (States{false, true, false, false, false}));
 }
 
@@ -319,6 +332,93 @@ TEST_F(OpenedFolders, AreAppendedAlsoBelowAListedFolder) {
     EXPECT_EQ(namesOf(list_), (Paths{"/", "/media/ann/STICK", "/media/ann/STICK/photos", "/srv"}));
     EXPECT_EQ(statesOf(list_), (States{false, false, true, true}));
     EXPECT_EQ(list_.stateArray(), Paths{});
+}
+
+TEST_F(AddedRows, ComeBackWithTheirLevelAtTheirPlaces) {
+    const std::string photo = tree_.writeFile("photo.png", "1234567890");
+    list_.addFolders({"/srv"});
+    list_.addFiles({photo});
+    list_.openFolders({"/opt"});
+    list_.acceptDrop(1, {tree_.makeFolder("dropped")});
+    const Paths names{"/", tree_.pathOf("dropped"), "/media/ann/STICK", "/srv", photo, "/opt"};
+    ASSERT_EQ(namesOf(list_), names);
+    goDownAndBack();
+    EXPECT_EQ(namesOf(list_), names);
+    EXPECT_EQ(statesOf(list_), (States{false, true, false, true, true, true}));
+    EXPECT_EQ(list_.rows()[4].size, "0.01 KB");
+    EXPECT_FALSE(list_.rows()[4].folder);
+    EXPECT_EQ(list_.stateArray(), Paths{});
+    EXPECT_TRUE(list_.imageIsAlreadyThere("/srv/www"));
+}
+
+TEST_F(AddedRows, KeepTheirChecks) {
+    list_.addFolders({"/a", "/b", "/c"});
+    list_.checkButtonExactFirstpage(3, false);
+    list_.setState(4, false);
+    goDownAndBack();
+    EXPECT_EQ(namesOf(list_), (Paths{"/", "/media/ann/STICK", "/a", "/b", "/c"}));
+    EXPECT_EQ(statesOf(list_), (States{false, false, true, false, false}));
+    list_.unmarkAllExact();
+    goDownAndBack();
+    EXPECT_EQ(statesOf(list_), (States{false, false, false, false, false}));
+}
+
+TEST_F(AddedRows, ThatWereListedAlreadyKeepTheirCheck) {
+    list_.openFolders({"/media/ann/STICK"});
+    goDownAndBack();
+    EXPECT_EQ(namesOf(list_), (Paths{"/", "/media/ann/STICK"}));
+    EXPECT_EQ(statesOf(list_), (States{false, true}));
+    list_.checkButtonExactFirstpage(1, false);
+    goDownAndBack();
+    EXPECT_EQ(statesOf(list_), (States{false, false}));
+}
+
+TEST_F(AddedRows, BelongToTheLevelTheyWereAddedAt) {
+    list_.addFolders({"/srv"});
+    ASSERT_TRUE(list_.loadFolder(tree_.pathOf("top")));
+    list_.addFolders({"/opt"});
+    list_.showTopLevel();
+    EXPECT_EQ(namesOf(list_), (Paths{"/", "/media/ann/STICK", "/srv"}));
+    ASSERT_TRUE(list_.loadFolder(tree_.pathOf("top")));
+    EXPECT_EQ(namesOf(list_), (Paths{tree_.pathOf("top/inner"), "/opt"}));
+}
+
+TEST_F(AddedRows, FollowTheirCheckBoxAtAnotherLevel) {
+    list_.addFolders({tree_.pathOf("top/inner")});
+    ASSERT_TRUE(list_.loadFolder(tree_.pathOf("top")));
+    list_.checkButtonExactFirstpage(0, true);
+    list_.checkButtonExactFirstpage(0, false);
+    list_.showTopLevel();
+    EXPECT_EQ(statesOf(list_), (States{false, false, false}));
+}
+
+TEST_F(AddedRows, DoNotComeBackOnceTheyWereRemoved) {
+    list_.addFolders({"/a", "/b"});
+    list_.removeRow(2);
+    goDownAndBack();
+    EXPECT_EQ(namesOf(list_), (Paths{"/", "/media/ann/STICK", "/b"}));
+    list_.removeFromListExact();
+    goDownAndBack();
+    EXPECT_EQ(namesOf(list_), (Paths{"/", "/media/ann/STICK"}));
+}
+
+TEST_F(AddedRows, ComeBehindALevelThatHasBecomeShorter) {
+    list_.addFolders({"/srv"});
+    ASSERT_TRUE(list_.loadFolder(tree_.pathOf("top")));
+    platform_.setMountedVolumes({});
+    list_.showTopLevel();
+    EXPECT_EQ(namesOf(list_), Paths{"/srv"});
+}
+
+TEST_F(AddedRows, AreForgottenWhenTheListIsEmptied) {
+    list_.addFolders({"/srv"});
+    ASSERT_TRUE(list_.loadFolder(tree_.pathOf("top")));
+    list_.addFolders({"/opt"});
+    list_.removeAllRows();
+    list_.setInitialState();
+    EXPECT_EQ(namesOf(list_), (Paths{"/", "/media/ann/STICK"}));
+    goDownAndBack();
+    EXPECT_EQ(namesOf(list_), (Paths{"/", "/media/ann/STICK"}));
 }
 
 TEST_F(CheckedRows, AreNotedInTheStateArray) {
