@@ -144,8 +144,7 @@ void AppDelegate::connectControls() {
 }
 
 void AppDelegate::connectRequests() {
-    connect(singleCopy_.get(), &SingleCopy::quitRequested, this,
-            [this] { surroundings_.terminate(); });
+    connect(singleCopy_.get(), &SingleCopy::quitRequested, this, &AppDelegate::terminate);
     connect(singleCopy_.get(), &SingleCopy::frontRequested, this, [this](const QByteArray& token) {
         qputenv("XDG_ACTIVATION_TOKEN", token);
         comeToFront();
@@ -157,8 +156,7 @@ void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& 
     if (!singleCopy_->keepFirst(folders)) {
         // Nothing of this copy is seen. It ends when the event loop begins, even if the request
         // that it has sent to itself is lost.
-        QMetaObject::invokeMethod(
-            this, [this] { surroundings_.terminate(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "terminate", Qt::QueuedConnection);
         return;
     }
     session_.awake = true;
@@ -278,7 +276,7 @@ bool AppDelegate::windowShouldClose() {
     surroundings_.settings.setValue(
         homeImageKey, storedHomeImageCounter(nextHomeImageCounter(homeImageCounter_)));
     homeImageCounter_ = nextHomeImageCounter(homeImageCounter_);
-    surroundings_.terminate();
+    terminate();
     return true;
 }
 
@@ -288,6 +286,10 @@ void AppDelegate::runningAlertOK() {
 }
 
 void AppDelegate::windowWillClose() const {
+    terminate();
+}
+
+void AppDelegate::terminate() const {
     surroundings_.terminate();
 }
 

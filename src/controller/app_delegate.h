@@ -113,6 +113,7 @@ class AppDelegate final : public QObject {
     void rightClicked();
 
  private:
+    Q_SLOT void terminate() const;
     void showHomeImage();
     void setUpButtons() const;
     void connectControls();

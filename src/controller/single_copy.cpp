@@ -6,6 +6,7 @@
 namespace tarvin {
 
 SingleCopy::SingleCopy(RunningCopies& copies) : copies_(copies) {
+    connect(this, &SingleCopy::asked, this, &SingleCopy::pass, Qt::QueuedConnection);
     if (const auto joined = copies_.join(requests())) {
         self_ = *joined;
     }
@@ -39,29 +40,24 @@ void SingleCopy::listen() {
 }
 
 CopyRequests SingleCopy::requests() {
-    return {
-        .quit = [this] { pass([this] { Q_EMIT quitRequested(); }); },
-        .comeToFront =
-            [this](const std::string& token) {
-                pass([this, token] { Q_EMIT frontRequested(QByteArray::fromStdString(token)); });
-            },
-        .openFolders =
-            [this](const std::vector<std::string>& folders) {
-                pass([this, folders] { Q_EMIT foldersRequested(folders); });
-            }};
+    return {.quit = [this] { Q_EMIT asked([this] { Q_EMIT quitRequested(); }); },
+            .comeToFront =
+                [this](const std::string& token) {
+                    Q_EMIT asked(
+                        [this, token] { Q_EMIT frontRequested(QByteArray::fromStdString(token)); });
+                },
+            .openFolders =
+                [this](const std::vector<std::string>& folders) {
+                    Q_EMIT asked([this, folders] { Q_EMIT foldersRequested(folders); });
+                }};
 }
 
-void SingleCopy::pass(std::function<void()> signal) {
-    QMetaObject::invokeMethod(
-        this,
-        [this, signal = std::move(signal)] {
-            if (listens_) {
-                signal();
-            } else {
-                kept_.push_back(signal);
-            }
-        },
-        Qt::QueuedConnection);
+void SingleCopy::pass(const std::function<void()>& signal) {
+    if (listens_) {
+        signal();
+    } else {
+        kept_.push_back(signal);
+    }
 }
 
 }  // namespace tarvin

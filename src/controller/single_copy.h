@@ -41,15 +41,17 @@ class SingleCopy final : public QObject {
     /// Absolute paths, native bytes.
     void foldersRequested(const std::vector<std::string>& folders);
 
+    /// From the thread of the requests to this one: emit `signal` when somebody listens.
+    void asked(const std::function<void()>& signal);
+
  private:
     CopyRequests requests();
-    /// Called on the thread of the requests.
-    void pass(std::function<void()> signal);
+    void pass(const std::function<void()>& signal);
 
     RunningCopies& copies_;
     std::vector<std::function<void()>> kept_;  // while nobody listens
     bool listens_ = false;
-    std::optional<RunningCopy> self_;  // the last: requests may come as soon as it is set
+    std::optional<RunningCopy> self_;  // none if it could not join
 };
 
 }  // namespace tarvin

@@ -143,7 +143,7 @@ TEST_F(KeyboardInLocations, ReturnsToTheListWhenRowsAreRemoved) {
 
 TEST_F(KeyboardInLocations, GoesFromBackToNextAndTheOtherWayRound) {
     const std::string inside = folder.pathOf("one");
-    delegate->locations().didClickRow(
+    delegate->locations().didClickedRow(
         static_cast<int>(std::find_if(delegate->locations().list().rows().begin(),
                                       delegate->locations().list().rows().end(),
                                       [&](const LocationRow& row) { return row.name == inside; }) -

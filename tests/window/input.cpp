@@ -45,10 +45,6 @@ void doubleClick(Spot spot) {
         " click --repeat 2 --delay 50 1");
 }
 
-void doubleClick(Spot spot) {
-    act(wordsFor(spot) + " click --repeat 2 --delay 20 1");
-}
-
 void key(const std::string& keys) {
     act("key " + keys);
 }
