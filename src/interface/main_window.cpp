@@ -91,7 +91,8 @@ MainWindow::MainWindow(Appearance appearance, QWidget* parent)
       loadingIndicator(named(new Spinner, "loadingIndicator")),
       placement_(new Placement(this, designSize)),
       openPanels_(new OpenPanels(this)),
-      pressGuard_(new PressGuard(this)) {
+      pressGuard_(new PressGuard(this)),
+      noticeOverlay_(std::make_unique<ViewTransparent>()) {
     setWindowIcon(pictureIcon(QStringLiteral("app_icon")));
     savedOk->setTitle(tr("Ok"));
     QToolTip::setPalette(lightPalette());
@@ -145,6 +146,9 @@ void MainWindow::makeNotices() {
     runningAlert->keyboard().setAnswers({runningAlertOk}, runningAlertOk, runningAlertOk);
     confirmationView->keyboard().setAnswers({cancelYes, cancelNo}, cancelNo, cancelNo);
     allCheckAlertView->keyboard().setAnswers({allCheckOk}, allCheckOk, allCheckOk);
+    for (ButtonSettingsSaved* answer : {runningAlertOk, cancelYes, cancelNo, allCheckOk}) {
+        answer->setViewTransparent(noticeOverlay_.get());
+    }
     for (NoticePanel* notice : {runningAlert, confirmationView, allCheckAlertView}) {
         openPanels_->watch(notice, &notice->keyboard());
     }
@@ -227,7 +231,7 @@ void MainWindow::showOver(QWidget* panel, QPoint origin) {
 
 void MainWindow::addCover() {
     auto* cover = named(new ViewTransparent(this), "viewTransparent");
-    for (ViewTransparent* before : covers_) {
+    for (ViewTransparent* before : covers_ + QVector<ViewTransparent*>{noticeOverlay_.get()}) {
         connect(cover, &ViewTransparent::addedNote, before,
                 &ViewTransparent::viewTransparentAddedNote);
         connect(cover, &ViewTransparent::removedNote, before,

@@ -4,6 +4,7 @@
 
 #include <QVector>
 #include <functional>
+#include <memory>
 
 class QAction;
 class QLabel;
@@ -145,6 +146,8 @@ class MainWindow final : public EarlyWindow {
     Placement* const placement_;
     OpenPanels* const openPanels_;
     PressGuard* const pressGuard_;
+    /// Lies over nothing: knows for the buttons of the notices how many covers lie over them.
+    const std::unique_ptr<ViewTransparent> noticeOverlay_;
     QVector<ViewTransparent*> covers_;  // in the order in which they came
     std::function<bool()> closePermission_;
 };

@@ -10,6 +10,7 @@
 
 #include <QLabel>
 #include <QSignalSpy>
+#include <QWindow>
 
 namespace tarvin {
 
@@ -20,6 +21,16 @@ class NoticeTest : public ShownWindow {
     void ask() {
         window.selectTabViewItem(QStringLiteral("5"));
         window.showNotice(window.confirmationView, {350, 235});
+    }
+
+    /// The cursor of the window after the pointer has come over a control.
+    Qt::CursorShape cursorOver(const QWidget* control) {
+        const QPoint place = placeOf(control).center();
+        QCursor::setPos(window.mapToGlobal(place));
+        QCoreApplication::processEvents();
+        QTest::mouseMove(window.windowHandle(), place);
+        QCoreApplication::processEvents();
+        return window.windowHandle()->cursor().shape();
     }
 };
 
@@ -66,6 +77,29 @@ TEST_F(NoticeTest, TheNoticeOfClosingStandsOverTheScan) {
 
     resizeTo({1400, 900});
     EXPECT_EQ(placeOf(window.runningAlert), QRect(467, 351, 466, 140));
+}
+
+TEST_F(NoticeTest, AnswersShowAHand) {
+    for (const ButtonSettingsSaved* answer :
+         {window.runningAlertOk, window.cancelYes, window.cancelNo, window.allCheckOk}) {
+        EXPECT_EQ(answer->cursor().shape(), Qt::PointingHandCursor)
+            << answer->objectName().toStdString();
+    }
+    window.selectTabViewItem(QStringLiteral("2"));
+    window.showNoticeInList(window.runningAlert, {220, 50});
+    EXPECT_EQ(cursorOver(window.runningAlertText), Qt::ArrowCursor);
+    EXPECT_EQ(cursorOver(window.runningAlertOk), Qt::PointingHandCursor);
+}
+
+TEST_F(NoticeTest, AnswersUnderACoverShowNoHand) {
+    QWidget panel(&window);
+    window.showOver(&panel, {250, 200});
+    window.showOver(&panel, {250, 200});
+    EXPECT_NE(window.runningAlertOk->cursor().shape(), Qt::PointingHandCursor);
+    window.removeFirstCover();
+    EXPECT_NE(window.runningAlertOk->cursor().shape(), Qt::PointingHandCursor);
+    window.removeCovers();
+    EXPECT_EQ(window.runningAlertOk->cursor().shape(), Qt::PointingHandCursor);
 }
 
 TEST_F(NoticeTest, ALongTextMakesTheNoticeTaller) {
