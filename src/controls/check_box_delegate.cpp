@@ -45,7 +45,8 @@ bool CheckBoxDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
             if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Space) {
                 return false;
             }
-            if (toggleCheckState(*model, index)) {
+            if (!static_cast<QKeyEvent*>(event)->isAutoRepeat() &&
+                toggleCheckState(*model, index)) {
                 Q_EMIT checkButtonClicked(index);
             }
             return true;
@@ -54,12 +55,15 @@ bool CheckBoxDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
     }
 }
 
+QRect CheckBoxDelegate::reachIn(const QRect& cell) const {
+    constexpr int reach = 8;
+    return checkBoxIn(cell, side_ + 2 * reach).intersected(cell);
+}
+
 bool CheckBoxDelegate::handleMouse(const QMouseEvent& event, QAbstractItemModel& model,
                                    const QRect& cell, const QModelIndex& index) {
-    constexpr int reach = 8;
-    const QRect target = checkBoxIn(cell, side_ + 2 * reach).intersected(cell);
     const bool isHit =
-        event.button() == Qt::LeftButton && target.contains(event.position().toPoint());
+        event.button() == Qt::LeftButton && reachIn(cell).contains(event.position().toPoint());
     if (event.type() == QEvent::MouseButtonPress) {
         pressed_ = isHit ? QPersistentModelIndex(index) : QPersistentModelIndex();
         return isHit;

@@ -18,6 +18,9 @@ class CheckBoxDelegate final : public QStyledItemDelegate {
  public:
     explicit CheckBoxDelegate(QObject* parent = nullptr, int side = checkBoxSide);
 
+    /// Where a click in a cell means the box.
+    [[nodiscard]] QRect reachIn(const QRect& cell) const;
+
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,

@@ -30,7 +30,7 @@ bool LocationCellDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
         return false;
     }
     const QModelIndex check = index.siblingAtColumn(checkColumn_);
-    if (toggleCheckState(*model, check)) {
+    if (!static_cast<QKeyEvent*>(event)->isAutoRepeat() && toggleCheckState(*model, check)) {
         Q_EMIT checkButtonClicked(check);
     }
     return true;

@@ -73,16 +73,15 @@ void RowHover::setRow(const QModelIndex& index) {
     }
     const QModelIndex before = row_;
     row_ = first;
-    updateRow(before);
-    updateRow(first);
+    updateRow(view_, before);
+    updateRow(view_, first);
 }
 
-void RowHover::updateRow(const QModelIndex& index) const {
-    if (!index.isValid()) {
-        return;
+void updateRow(const QAbstractItemView& view, const QModelIndex& index) {
+    if (index.isValid()) {
+        const QRect cell = view.visualRect(index);
+        view.viewport()->update(0, cell.top(), view.viewport()->width(), cell.height());
     }
-    const QRect cell = view_.visualRect(index);
-    view_.viewport()->update(0, cell.top(), view_.viewport()->width(), cell.height());
 }
 
 void paintRow(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,

@@ -27,11 +27,14 @@ class RowHover final : public QObject {
     explicit RowHover(QAbstractItemView& view);
 
     void setRow(const QModelIndex& index);
-    void updateRow(const QModelIndex& index) const;
 
     QAbstractItemView& view_;
     QPersistentModelIndex row_;  // first column
 };
+
+/// Repaints the whole row of an index, with what goes across its cells: its ground and the focus
+/// ring. Nothing happens without a row.
+void updateRow(const QAbstractItemView& view, const QModelIndex& index);
 
 /// The colours of a row.
 struct RowLook {

@@ -4,6 +4,7 @@
 #include "controls/focus_ring.h"
 #include "controls/location_cell_delegate.h"
 #include "controls/look.h"
+#include "controls/row_painter.h"
 #include "interface/appearance.h"
 #include "interface/list_header.h"
 #include "interface/still_list.h"
@@ -27,7 +28,8 @@ bool isReturn(const QKeyEvent& event) {
 
 }  // namespace
 
-LocationTable::LocationTable(QWidget* parent) : QTableView(parent) {
+LocationTable::LocationTable(QWidget* parent)
+    : QTableView(parent), boxes_(new CheckBoxDelegate(this)) {
     auto* header = new ListHeader(heightOfHeader, titleIndent, this);
     setHorizontalHeader(header);
     header->coverScrollBarOf(this);
@@ -52,12 +54,12 @@ LocationTable::LocationTable(QWidget* parent) : QTableView(parent) {
     useNeutralStyle(this);
     // Two quick clicks on a check box turn it twice and open nothing.
     connect(this, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex& index) {
-        if (index.column() != buttonCell) {
+        if (opensRow_) {
             Q_EMIT rowOpened(index);
         }
     });
     setItemDelegateForColumn(mainCell, new LocationCellDelegate(buttonCell, this));
-    setItemDelegateForColumn(buttonCell, new CheckBoxDelegate(this));
+    setItemDelegateForColumn(buttonCell, boxes_);
 }
 
 void LocationTable::setModel(QAbstractItemModel* model) {
@@ -88,10 +90,22 @@ bool LocationTable::event(QEvent* event) {
 void LocationTable::keyPressEvent(QKeyEvent* event) {
     const QModelIndex current = currentIndex();
     if (current.isValid() && isReturn(*event)) {
-        Q_EMIT rowOpened(current);
+        if (!event->isAutoRepeat()) {
+            Q_EMIT rowOpened(current);
+        }
     } else {
         QTableView::keyPressEvent(event);
     }
+}
+
+bool LocationTable::isOnBox(const QPoint& place) const {
+    const QModelIndex index = indexAt(place);
+    return index.column() == buttonCell && boxes_->reachIn(visualRect(index)).contains(place);
+}
+
+void LocationTable::mouseDoubleClickEvent(QMouseEvent* event) {
+    opensRow_ = event->button() == Qt::LeftButton && !isOnBox(event->position().toPoint());
+    QTableView::mouseDoubleClickEvent(event);
 }
 
 void LocationTable::paintEvent(QPaintEvent* event) {
@@ -141,6 +155,9 @@ void LocationTable::focusOutEvent(QFocusEvent* event) {
 
 void LocationTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
+    // Qt repaints two cells.
+    updateRow(*this, previous);
+    updateRow(*this, current);
     Q_EMIT surroundingsChanged();
 }
 

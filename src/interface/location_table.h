@@ -4,6 +4,8 @@
 
 namespace tarvin {
 
+class CheckBoxDelegate;
+
 /// The list of locations, `tableExact`. Its model has the columns of LocationColumn; drops are
 /// offered to the model (canDropMimeData(), dropMimeData()). Return on a row opens it, Space
 /// turns its check box. Main thread.
@@ -44,6 +46,7 @@ class LocationTable final : public QTableView {
  protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
@@ -54,7 +57,11 @@ class LocationTable final : public QTableView {
 
  private:
     void setDragHovering(bool hovering);
+    /// Whether a click there means the check box.
+    [[nodiscard]] bool isOnBox(const QPoint& place) const;
 
+    CheckBoxDelegate* const boxes_;
+    bool opensRow_ = false;  // the double click that is told of
     QString emptyText_;
     bool dragHovering_ = false;
     bool focusShown_ = false;

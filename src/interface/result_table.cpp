@@ -1,6 +1,7 @@
 #include "interface/result_table.h"
 
 #include "controls/check_box_painter.h"
+#include "controls/row_painter.h"
 #include "interface/announced_rows.h"
 #include "interface/appearance.h"
 #include "interface/full_text_tip.h"
@@ -131,6 +132,13 @@ void ResultTable::dataChanged(const QModelIndex& topLeft, const QModelIndex& bot
     announceRows(*this, topLeft, bottomRight);
 }
 
+void ResultTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    // Qt repaints two cells.
+    updateRow(*this, previous);
+    updateRow(*this, current);
+}
+
 void ResultTable::keyboardSearch(const QString& search) {
     constexpr int most = 20000;
     if (model() != nullptr && model()->rowCount() <= most) {
@@ -197,8 +205,8 @@ void ResultTable::mouseDoubleClickEvent(QMouseEvent* event) {
         return;
     }
     const QModelIndex index = indexAt(event->position().toPoint());
-    const bool opens = event->button() == Qt::LeftButton && index.isValid() &&
-                       index.column() != ButtonCell && index.row() == currentIndex().row();
+    const bool opens =
+        event->button() == Qt::LeftButton && index.isValid() && index.row() == currentIndex().row();
     if (opens) {
         Q_EMIT doubleClick(index.row());
     } else {

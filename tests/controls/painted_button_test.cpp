@@ -55,6 +55,27 @@ TEST(PaintedButton, AClickThatEndsOutsideDoesNot) {
     EXPECT_EQ(clicks.count(), 0);
 }
 
+TEST(PaintedButton, AHeldKeyPressesItOnce) {
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        ControlBench bench;
+        auto& button = bench.add<HoverButton>(place);
+        const QSignalSpy clicks(&button, &QPushButton::clicked);
+        button.setFocus();
+        const auto send = [&](QEvent::Type type, bool repeated) {
+            QKeyEvent event(type, key, Qt::NoModifier, QString(), repeated);
+            QCoreApplication::sendEvent(&button, &event);
+        };
+        send(QEvent::KeyPress, false);
+        // As the window systems tell it: each repetition with a release of its own.
+        for (int repetition = 0; repetition < 3; ++repetition) {
+            send(QEvent::KeyRelease, true);
+            send(QEvent::KeyPress, true);
+        }
+        send(QEvent::KeyRelease, false);
+        EXPECT_EQ(clicks.count(), 1) << key;
+    }
+}
+
 TEST(PaintedButton, WhenItIsDisabledTheKeyboardGoesWhereItWasTold) {
     ControlBench bench;
     auto& button = bench.add<HoverButton>(QRect(20, 20, 60, 36));

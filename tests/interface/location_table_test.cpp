@@ -66,6 +66,44 @@ TEST_F(LocationTableTest, ADoubleClickOnACheckBoxTurnsItTwiceAndOpensNothing) {
     EXPECT_EQ(opened.size(), 0);
 }
 
+TEST_F(LocationTableTest, ADoubleClickOpensBesideTheBoxToo) {
+    const QSignalSpy opened(&table, &LocationTable::rowOpened);
+    const QSignalSpy turned(&rows, &QAbstractItemModel::dataChanged);
+    const QPoint box = middleOf(1, LocationTable::buttonCell);
+    for (const int x : {1, box.x() - 20, box.x() + 20, table.viewport()->width() - 1}) {
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, {x, box.y()});
+        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, {x, box.y()});
+    }
+    EXPECT_EQ(opened.size(), 4);
+    EXPECT_EQ(turned.size(), 0);
+    // In reach of the box it is two clicks.
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, box + QPoint(15, 0));
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, box + QPoint(15, 0));
+    EXPECT_EQ(opened.size(), 4);
+    EXPECT_EQ(turned.size(), 2);
+}
+
+TEST_F(LocationTableTest, ADoubleClickOfTheOtherButtonOpensNothing) {
+    const QSignalSpy opened(&table, &LocationTable::rowOpened);
+    const QPoint row = middleOf(1, LocationTable::mainCell);
+    QTest::mouseClick(table.viewport(), Qt::RightButton, {}, row);
+    QTest::mouseDClick(table.viewport(), Qt::RightButton, {}, row);
+    EXPECT_EQ(opened.size(), 0);
+}
+
+TEST_F(LocationTableTest, AHeldKeyActsOnce) {
+    const QSignalSpy opened(&table, &LocationTable::rowOpened);
+    const QSignalSpy turned(&rows, &QAbstractItemModel::dataChanged);
+    makeCurrent(1);
+    hold(table, Qt::Key_Return);
+    EXPECT_EQ(opened.size(), 1);
+    hold(table, Qt::Key_Space);
+    EXPECT_EQ(turned.size(), 1);
+    table.setCurrentIndex(rows.index(0, LocationTable::buttonCell));
+    hold(table, Qt::Key_Space);
+    EXPECT_EQ(turned.size(), 2);
+}
+
 TEST_F(LocationTableTest, TheScrollBarBeginsBelowTheHeader) {
     for (int more = 0; more < 20; ++more) {
         rows.add(QStringLiteral("/home/me/more"), QStringLiteral("folder.png"), false);

@@ -102,9 +102,20 @@ TEST_F(ResultTableTest, ADoubleClickOnABoxIsTwoClicksAndOpensNothing) {
     const QSignalSpy clicked(&table, &ResultTable::tableCheckBoxClicked);
     table.selectRow(2);
     doubleClick(middleOf(2, ResultTable::ButtonCell));
-    EXPECT_EQ(clicked.size(), 2);
-    doubleClick(middleOf(2, ResultTable::ButtonCell) + QPoint(22, 0));
+    doubleClick(middleOf(2, ResultTable::ButtonCell) + QPoint(14, 0));
+    EXPECT_EQ(clicked.size(), 4);
     EXPECT_EQ(opened.size(), 0);
+}
+
+TEST_F(ResultTableTest, ADoubleClickOpensFromEdgeToEdgeBesideTheBox) {
+    const QSignalSpy opened(&table, &ResultTable::doubleClick);
+    const QSignalSpy clicked(&table, &ResultTable::tableCheckBoxClicked);
+    const QPoint box = middleOf(2, ResultTable::ButtonCell);
+    for (const int x : {1, box.x() - 20, box.x() + 20, table.viewport()->width() - 1}) {
+        doubleClick({x, box.y()});
+    }
+    EXPECT_EQ(opened.size(), 4);
+    EXPECT_EQ(clicked.size(), 0);
 }
 
 TEST_F(ResultTableTest, ADoubleClickOutsideTheRowsOpensNothing) {
@@ -137,6 +148,17 @@ TEST_F(ResultTableTest, ReturnOpensAndSpaceMarksTheRowOfTheRing) {
     EXPECT_EQ(opened[0].front().toInt(), 1);
     ASSERT_EQ(clicked.size(), 1);
     EXPECT_EQ(clicked[0].front().toInt(), 1);
+}
+
+TEST_F(ResultTableTest, AHeldKeyActsOnce) {
+    const QSignalSpy opened(&table, &ResultTable::doubleClick);
+    const QSignalSpy clicked(&table, &ResultTable::tableCheckBoxClicked);
+    table.selectRow(1);
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        hold(table, key);
+    }
+    EXPECT_EQ(opened.size(), 2);
+    EXPECT_EQ(clicked.size(), 1);
 }
 
 TEST_F(ResultTableTest, ALetterFindsAName) {

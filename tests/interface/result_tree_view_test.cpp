@@ -202,6 +202,13 @@ TEST_F(ResultTreeViewTest, SpaceReportsTheRowOfTheRing) {
     EXPECT_EQ(clicked[1].front().toModelIndex(), sets.extensionAt(1));
 }
 
+TEST_F(ResultTreeViewTest, AHeldSpaceReportsOnce) {
+    const QSignalSpy clicked(&tree, &ResultTreeView::checkBoxClicked);
+    tree.selectSet(sets.setAt(0, 2));
+    hold(tree, Qt::Key_Space);
+    EXPECT_EQ(clicked.size(), 1);
+}
+
 TEST_F(ResultTreeViewTest, SpaceWithoutARowReportsNothing) {
     const QSignalSpy clicked(&tree, &ResultTreeView::checkBoxClicked);
     tree.setCurrentIndex({});

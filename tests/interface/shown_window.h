@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QStandardItemModel>
 #include <QTest>
 
@@ -50,6 +51,16 @@ class ShownWindow : public testing::Test {
         window.resize(size);
         ASSERT_TRUE(QTest::qWaitFor([&] { return window.size() == size; }, 20000));
         QCoreApplication::sendPostedEvents();
+    }
+
+    /// A key that is held down: pressed, repeated by the keyboard twice, and let go.
+    static void hold(QWidget& control, int key) {
+        for (const bool repeated : {false, true, true}) {
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(), repeated);
+            QCoreApplication::sendEvent(&control, &press);
+        }
+        QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&control, &release);
     }
 
     MainWindow window;

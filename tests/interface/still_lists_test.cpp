@@ -1,3 +1,4 @@
+#include "controls/hover_button.h"
 #include "interface/location_screen.h"
 #include "interface/location_table.h"
 #include "interface/result_screen.h"
@@ -188,6 +189,97 @@ TEST_F(StillLists, HaveNothingBesideThemAtAnySize) {
         EXPECT_EQ(tree.header()->length(), tree.viewport()->width());
         EXPECT_EQ(table.horizontalHeader()->length(), table.viewport()->width());
     }
+}
+
+class RingOfLists : public StillLists {
+ protected:
+    /// Comes to a list by Tab, as the ring is shown only then.
+    void comeByKey(QAbstractItemView& list) {
+        list.setFocus(Qt::TabFocusReason);
+        window.setAttribute(Qt::WA_KeyboardFocusChange);
+        list.viewport()->update();
+        QCoreApplication::processEvents();
+    }
+
+    /// After each act the ring is seen where it is, and nowhere else.
+    void expectRing(QAbstractItemView& list, const std::vector<Act>& acts) {
+        for (const Act& act : acts) {
+            act.done();
+            EXPECT_TRUE(isUpToDate(*list.viewport())) << act.name;
+            EXPECT_EQ(ringsIn(list), 1) << act.name;
+        }
+    }
+
+    /// How many rows have the ring's colour at their left edge.
+    int ringsIn(QAbstractItemView& list) {
+        const QImage seen = onScreen(*list.viewport());
+        int rings = 0;
+        bool before = false;
+        for (int y = 0; y < seen.height(); ++y) {
+            const bool isRing = seen.pixelColor(0, y) == QColor(10, 58, 82);
+            rings += isRing && !before ? 1 : 0;
+            before = isRing;
+        }
+        return rings;
+    }
+
+    static Act makeCurrent(QAbstractItemView& list, int row, int column) {
+        return {"current " + std::to_string(row), [&list, row, column] {
+                    list.selectionModel()->setCurrentIndex(list.model()->index(row, column),
+                                                           QItemSelectionModel::NoUpdate);
+                }};
+    }
+};
+
+TEST_F(RingOfLists, OfFilesLeavesNothingBehind) {
+    showResults();
+    table.selectFile(0);
+    comeByKey(table);
+    expectRing(table, {makeCurrent(table, 3, ResultTable::ButtonCell),
+                       makeCurrent(table, 1, ResultTable::nameText),
+                       makeCurrent(table, 1, ResultTable::fileGroup), press(table, Qt::Key_Down),
+                       press(table, Qt::Key_Space), press(table, Qt::Key_Up)});
+    window.results->markAll->setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(isUpToDate(*table.viewport()));
+    EXPECT_EQ(ringsIn(table), 0);
+}
+
+TEST_F(RingOfLists, OfTheTreeLeavesNothingBehind) {
+    showResults();
+    tree.selectSet(result.sets.setAt(0, 0));
+    comeByKey(tree);
+    expectRing(tree, {press(tree, Qt::Key_Down), press(tree, Qt::Key_Down),
+                      makeCurrent(tree, 0, ResultTreeView::name), press(tree, Qt::Key_P),
+                      press(tree, Qt::Key_Space), press(tree, Qt::Key_Home)});
+    table.setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(isUpToDate(*tree.viewport()));
+    EXPECT_EQ(ringsIn(tree), 0);
+}
+
+TEST_F(RingOfLists, OfLocationsLeavesNothingBehind) {
+    showLocations();
+    locations.setCurrentIndex(rows.index(0, 0));
+    comeByKey(locations);
+    expectRing(locations, {makeCurrent(locations, 1, LocationTable::mainCell),
+                           makeCurrent(locations, 0, LocationTable::buttonCell),
+                           press(locations, Qt::Key_Down), press(locations, Qt::Key_Space)});
+    window.locations->addPhotos->setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(isUpToDate(*locations.viewport()));
+    EXPECT_EQ(ringsIn(locations), 0);
+}
+
+TEST_F(RingOfLists, GoesWhenTheMouseIsUsed) {
+    showResults();
+    table.selectFile(0);
+    comeByKey(table);
+    ASSERT_EQ(ringsIn(table), 1);
+    click(table, table.visualRect(result.files.index(3, ResultTable::ButtonCell)).center());
+    EXPECT_TRUE(isUpToDate(*table.viewport()));
+    comeByKey(tree);
+    tree.setCurrentIndex(result.sets.setAt(0, 0));
+    ASSERT_EQ(ringsIn(tree), 1);
+    click(tree, tree.visualRect(result.sets.extensionAt(1)).center());
+    EXPECT_TRUE(isUpToDate(*tree.viewport()));
 }
 
 }  // namespace
