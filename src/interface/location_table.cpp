@@ -5,6 +5,7 @@
 #include "controls/location_cell_delegate.h"
 #include "controls/look.h"
 #include "controls/row_painter.h"
+#include "interface/accessible_list.h"
 #include "interface/appearance.h"
 #include "interface/list_header.h"
 #include "interface/still_list.h"
@@ -60,6 +61,7 @@ LocationTable::LocationTable(QWidget* parent)
     });
     setItemDelegateForColumn(mainCell, new LocationCellDelegate(buttonCell, this));
     setItemDelegateForColumn(buttonCell, boxes_);
+    AccessibleList::install();
 }
 
 void LocationTable::setModel(QAbstractItemModel* model) {
@@ -98,6 +100,26 @@ void LocationTable::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+int LocationTable::shownRows() const {
+    return model() == nullptr ? 0 : model()->rowCount();
+}
+
+QModelIndex LocationTable::indexInRow(int row, int column) const {
+    return model() == nullptr ? QModelIndex() : model()->index(row, column);
+}
+
+void LocationTable::turnBox(const QModelIndex& box) {
+    if (!signalsBlocked()) {
+        toggleCheckState(*model(), box);
+    }
+}
+
+void LocationTable::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                                const QVector<int>& roles) {
+    QTableView::dataChanged(topLeft, bottomRight, roles);
+    marks_.announce(topLeft, bottomRight);
+}
+
 bool LocationTable::isOnBox(const QPoint& place) const {
     const QModelIndex index = indexAt(place);
     return index.column() == buttonCell && boxes_->reachIn(visualRect(index)).contains(place);
@@ -110,6 +132,7 @@ void LocationTable::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void LocationTable::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
+    marks_.painted();
     if (model() != nullptr && model()->rowCount() > 0) {
         return;
     }

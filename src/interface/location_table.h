@@ -1,5 +1,8 @@
 #pragma once
 
+#include "interface/mark_announcer.h"
+#include "interface/marked_list.h"
+
 #include <QTableView>
 
 namespace tarvin {
@@ -9,7 +12,7 @@ class CheckBoxDelegate;
 /// The list of locations, `tableExact`. Its model has the columns of LocationColumn; drops are
 /// offered to the model (canDropMimeData(), dropMimeData()). Return on a row opens it, Space
 /// turns its check box. Main thread.
-class LocationTable final : public QTableView {
+class LocationTable final : public QTableView, public MarkedList {
     Q_OBJECT
 
  public:
@@ -26,6 +29,14 @@ class LocationTable final : public QTableView {
     explicit LocationTable(QWidget* parent = nullptr);
 
     void setModel(QAbstractItemModel* model) override;
+
+    [[nodiscard]] int shownRows() const override;
+    [[nodiscard]] QModelIndex indexInRow(int row, int column) const override;
+    [[nodiscard]] int rowOf(const QModelIndex& index) const override { return index.row(); }
+    void turnBox(const QModelIndex& box) override;
+
+    void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                     const QVector<int>& roles = {}) override;
 
     /// Whether a drag that could be dropped hovers over the list.
     [[nodiscard]] bool isDragHovering() const { return dragHovering_; }
@@ -61,6 +72,7 @@ class LocationTable final : public QTableView {
     [[nodiscard]] bool isOnBox(const QPoint& place) const;
 
     CheckBoxDelegate* const boxes_;
+    MarkAnnouncer marks_{*this, buttonCell};
     bool opensRow_ = false;  // the double click that is told of
     QString emptyText_;
     bool dragHovering_ = false;

@@ -56,4 +56,9 @@ QSize ResultCellDelegate::sizeHint(const QStyleOptionViewItem&, const QModelInde
     return {100, ResultTable::heightOfRows};
 }
 
+bool ResultCellDelegate::editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&,
+                                     const QModelIndex&) {
+    return false;
+}
+
 }  // namespace tarvin

@@ -19,6 +19,9 @@ class ResultCellDelegate final : public QStyledItemDelegate {
                const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const override;
+    /// The table takes presses itself.
+    bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
+                     const QModelIndex& index) override;
 
     /// Where the text of a cell lies, and its font.
     [[nodiscard]] static QRect textPlace(const QRect& cell, int column);

@@ -2,7 +2,7 @@
 
 #include "controls/check_box_painter.h"
 #include "controls/row_painter.h"
-#include "interface/announced_rows.h"
+#include "interface/accessible_list.h"
 #include "interface/appearance.h"
 #include "interface/full_text_tip.h"
 #include "interface/list_header.h"
@@ -57,6 +57,7 @@ ResultTable::ResultTable(QWidget* parent) : QTableView(parent) {
     setVerticalScrollMode(ScrollPerPixel);
     keepStillSideways(*this);
     useNeutralStyle(this);
+    AccessibleList::install();
 }
 
 QString ResultTable::title(Column column) {
@@ -77,6 +78,18 @@ void ResultTable::setModel(QAbstractItemModel* model) {
     QTableView::setModel(model);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     fitColumns();
+}
+
+int ResultTable::shownRows() const {
+    return model() == nullptr ? 0 : model()->rowCount();
+}
+
+QModelIndex ResultTable::indexInRow(int row, int column) const {
+    return model() == nullptr ? QModelIndex() : model()->index(row, column);
+}
+
+void ResultTable::turnBox(const QModelIndex& box) {
+    Q_EMIT tableCheckBoxClicked(box.row());
 }
 
 void ResultTable::selectFile(int row) {
@@ -129,7 +142,8 @@ void ResultTable::dataChanged(const QModelIndex& topLeft, const QModelIndex& bot
     const int top = rowViewportPosition(topLeft.row());
     const int bottom = rowViewportPosition(bottomRight.row()) + rowHeight(bottomRight.row());
     viewport()->update(QRect(0, top, viewport()->width(), bottom - top) & viewport()->rect());
-    announceRows(*this, topLeft, bottomRight);
+    announceData(*this, topLeft, bottomRight);
+    marks_.announce(topLeft, bottomRight);
 }
 
 void ResultTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
@@ -137,6 +151,11 @@ void ResultTable::currentChanged(const QModelIndex& current, const QModelIndex& 
     // Qt repaints two cells.
     updateRow(*this, previous);
     updateRow(*this, current);
+}
+
+void ResultTable::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    marks_.painted();
 }
 
 void ResultTable::keyboardSearch(const QString& search) {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "interface/mark_announcer.h"
+#include "interface/marked_list.h"
+
 #include <QPersistentModelIndex>
 #include <QTableView>
 
@@ -14,7 +17,7 @@ namespace tarvin {
 ///
 /// One row is selected, by a click beside its check box or by the keys that move; nothing that a
 /// person does selects none.
-class ResultTable final : public QTableView {
+class ResultTable final : public QTableView, public MarkedList {
     Q_OBJECT
 
  public:
@@ -35,6 +38,11 @@ class ResultTable final : public QTableView {
     [[nodiscard]] static QString title(Column column);
 
     void setModel(QAbstractItemModel* model) override;
+
+    [[nodiscard]] int shownRows() const override;
+    [[nodiscard]] QModelIndex indexInRow(int row, int column) const override;
+    [[nodiscard]] int rowOf(const QModelIndex& index) const override { return index.row(); }
+    void turnBox(const QModelIndex& box) override;
 
     /// Selects a row as a click on it would, also while a person cannot, makes it current and
     /// brings it into view. A row that is not there changes nothing.
@@ -60,6 +68,7 @@ class ResultTable final : public QTableView {
         const QModelIndex& index, const QEvent* event = nullptr) const override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     bool viewportEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -75,6 +84,7 @@ class ResultTable final : public QTableView {
     bool pressBox(const QMouseEvent& event);
     void selectRowOfKeyboard(const QKeyEvent& event);
 
+    MarkAnnouncer marks_{*this, ButtonCell};
     QPersistentModelIndex pressedBox_;  // where a click on a box began
 };
 

@@ -5,7 +5,7 @@
 #include "controls/look.h"
 #include "controls/painting.h"
 #include "controls/row_painter.h"
-#include "interface/announced_rows.h"
+#include "interface/accessible_list.h"
 #include "interface/appearance.h"
 #include "interface/full_text_tip.h"
 #include "interface/list_header.h"
@@ -24,10 +24,15 @@ namespace tarvin {
 
 namespace {
 
-/// Tells the tree its one row height. Rows are painted by the tree.
+/// Tells the tree its one row height. Rows are painted and pressed by the tree.
 class RowHeight final : public QStyledItemDelegate {
  public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    bool editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&,
+                     const QModelIndex&) override {
+        return false;
+    }
 
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override {
         return {0, ResultTreeView::heightOfRows};
@@ -80,6 +85,7 @@ ResultTreeView::ResultTreeView(QWidget* parent) : QTreeView(parent) {
     setContextMenuPolicy(Qt::CustomContextMenu);
     setAccessibleName(title());
     useNeutralStyle(this);
+    AccessibleList::install();
 }
 
 QString ResultTreeView::title() {
@@ -137,6 +143,35 @@ QModelIndex ResultTreeView::indexAt(const QPoint& point) const {
     return found.siblingAtColumn(parts.boxReach().contains(point) ? check : name);
 }
 
+/// Asks for rows, as Qt keeps their number to itself; it finds each at once.
+int ResultTreeView::shownRows() const {
+    int end = 1;
+    while (indexInRow(end - 1, check).isValid()) {
+        end *= 2;
+    }
+    int begin = end / 2;
+    while (begin + 1 < end) {
+        const int middle = begin + (end - begin) / 2;
+        (indexInRow(middle - 1, check).isValid() ? begin : end) = middle;
+    }
+    return begin;
+}
+
+QModelIndex ResultTreeView::indexInRow(int row, int column) const {
+    return row < 0 ? QModelIndex()
+                   : QTreeView::indexAt({0, row * heightOfRows - verticalOffset()})
+                         .siblingAtColumn(column);
+}
+
+int ResultTreeView::rowOf(const QModelIndex& index) const {
+    const QRect row = QTreeView::visualRect(index.siblingAtColumn(check));
+    return row.isValid() ? (row.top() + verticalOffset()) / heightOfRows : -1;
+}
+
+void ResultTreeView::turnBox(const QModelIndex& box) {
+    Q_EMIT checkBoxClicked(box);
+}
+
 void ResultTreeView::keyboardSearch(const QString& search) {
     if (model() == nullptr || model()->rowCount() == 0) {
         return;
@@ -172,7 +207,8 @@ void ResultTreeView::dataChanged(const QModelIndex& topLeft, const QModelIndex& 
         isAllDue_ = true;
         viewport()->update();
     }
-    announceRows(*this, topLeft, bottomRight);
+    announceData(*this, topLeft, bottomRight);
+    marks_.announce(topLeft, bottomRight);
 }
 
 /// Looks for it among the rows in view: asking where a row lies walks through the whole tree if it
@@ -195,6 +231,7 @@ void ResultTreeView::updateRow(const QModelIndex& index) {
 void ResultTreeView::paintEvent(QPaintEvent* event) {
     isAllDue_ = false;
     QTreeView::paintEvent(event);
+    marks_.painted();
 }
 
 QItemSelectionModel::SelectionFlags ResultTreeView::selectionCommand(const QModelIndex& index,

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "interface/mark_announcer.h"
+#include "interface/marked_list.h"
+
 #include <QPersistentModelIndex>
 #include <QTreeView>
 
@@ -17,7 +20,7 @@ namespace tarvin {
 ///
 /// Only a click on a set's name selects; the arrow keys move nothing but the current index, which
 /// the focus ring shows.
-class ResultTreeView final : public QTreeView {
+class ResultTreeView final : public QTreeView, public MarkedList {
     Q_OBJECT
 
  public:
@@ -51,6 +54,11 @@ class ResultTreeView final : public QTreeView {
     [[nodiscard]] QRect visualRect(const QModelIndex& index) const override;
     /// Column `check` in the reach of a check box, else column `name`.
     [[nodiscard]] QModelIndex indexAt(const QPoint& point) const override;
+
+    [[nodiscard]] int shownRows() const override;
+    [[nodiscard]] QModelIndex indexInRow(int row, int column) const override;
+    [[nodiscard]] int rowOf(const QModelIndex& index) const override;
+    void turnBox(const QModelIndex& box) override;
 
     /// All sets cannot be selected at once.
     void selectAll() override {}
@@ -94,6 +102,7 @@ class ResultTreeView final : public QTreeView {
     /// Whether the press was meant for the branch or the box and has had its effect.
     bool pressControl(const QMouseEvent& event);
 
+    MarkAnnouncer marks_{*this, check};
     QPersistentModelIndex pressedBox_;  // where a click on a box began
     bool isAllDue_ = false;             // all rows in view will be painted
 };

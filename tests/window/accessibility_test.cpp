@@ -1,4 +1,5 @@
 #include "support/waiting.h"
+#include "window/announcements.h"
 #include "window/copies.h"
 #include "window/home.h"
 #include "window/input.h"
@@ -7,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -136,6 +138,71 @@ TEST_F(ResultAccess, TellsOfBoxesOfTheFilesToggledByTheKeyboard) {
     input::key("space");
     expectMark(files, 1, Mark::off);
     expectMark(OutlineRows(*window_), 1, Mark::mixed);
+}
+
+TEST_F(ResultAccess, TogglesBoxesByTheirAction) {
+    openResults();
+    const FileRows files(*window_);
+    EXPECT_TRUE(files.box(1).act("Toggle"));
+    window_->waitForText("Marked Duplicate Files: 1");
+    expectMark(files, 1, Mark::on);
+    EXPECT_TRUE(files.name(0).is(ATSPI_STATE_SELECTED));
+    EXPECT_TRUE(files.box(1).act("Toggle"));
+    window_->waitForText("Marked Duplicate Files: 0");
+    EXPECT_FALSE(files.name(1).act("Toggle"));
+
+    const OutlineRows outline(*window_);
+    EXPECT_TRUE(outline.box(3).act("Toggle"));
+    window_->waitForText("Marked Duplicate Files: 2");
+    expectMark(outline, 4, Mark::on);
+    EXPECT_TRUE(outline.box(4).act("Toggle"));
+    window_->waitForText("Marked Duplicate Files: 1");
+    expectMark(outline, 3, Mark::mixed);
+    // The set that is selected stays so.
+    EXPECT_TRUE(outline.box(1).is(ATSPI_STATE_SELECTED));
+}
+
+TEST_F(ResultAccess, TellsOfTheMarksThatTurned) {
+    openResults();
+    const FileRows files(*window_);
+    Announcements announcements;
+    const auto expectHeard = [&](std::vector<std::string> lines) {
+        std::sort(lines.begin(), lines.end());
+        std::vector<std::string> heard;
+        EXPECT_TRUE(announcements.hear([&](const std::vector<std::string>& all) {
+            heard = all;
+            std::sort(heard.begin(), heard.end());
+            return heard == lines;
+        })) << testing::PrintToString(heard);
+        announcements.forget();
+    };
+    const auto file = [&](int row) { return files.box(row).name(); };
+
+    window_->click("Mark All");
+    window_->waitForText("Marked Duplicate Files: 6");
+    expectHeard({"Mark jpg on", "Mark Set(2) on", "Mark Set(2) on", "Mark txt on", "Mark Set(1) on",
+                 "Mark Set(1) on", file(1) + " on", file(2) + " on"});
+    EXPECT_TRUE(files.box(2).act("Toggle"));
+    window_->waitForText("Marked Duplicate Files: 5");
+    // Of the set that is mixed now a screen reader reads the description.
+    expectHeard({file(2) + " off", "Mark Set(2) off"});
+    window_->click("Unmark All");
+    window_->waitForText("Marked Duplicate Files: 0");
+    expectHeard({"Mark jpg off", "Mark Set(2) off", "Mark Set(2) off", "Mark txt off",
+                 "Mark Set(1) off", "Mark Set(1) off", file(1) + " off"});
+
+    files.clickCheckBox(1);
+    files.clickCheckBox(2);
+    window_->waitForText("Marked Duplicate Files: 2");
+    expectHeard(
+        {"Mark jpg off", "Mark Set(2) off", file(1) + " on", "Mark Set(2) on", file(2) + " on"});
+    // What is refused turns nothing.
+    files.clickCheckBox(0);
+    window_->waitForText("All the files of same set cannot be selected");
+    window_->click("Ok");
+    files.clickCheckBox(2);
+    window_->waitForText("Marked Duplicate Files: 1");
+    expectHeard({file(2) + " off", "Mark Set(2) off"});
 }
 
 TEST_F(ResultAccess, SaysWhichFileIsShown) {

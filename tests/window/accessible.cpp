@@ -1,5 +1,7 @@
 #include "window/accessible.h"
 
+#include <algorithm>
+
 namespace tarvin {
 
 namespace {
@@ -88,6 +90,31 @@ std::vector<Accessible> Accessible::children() const {
         }
     }
     return children;
+}
+
+std::vector<std::string> Accessible::actions() const {
+    AtspiAction* actions = atspi_accessible_get_action_iface(object_.get());
+    if (actions == nullptr) {
+        return {};
+    }
+    std::vector<std::string> names;
+    const int count = atspi_action_get_n_actions(actions, Answer());
+    for (int number = 0; number < count; ++number) {
+        names.push_back(textOf(atspi_action_get_action_name(actions, number, Answer())));
+    }
+    g_object_unref(actions);
+    return names;
+}
+
+bool Accessible::act(const std::string& name) const {
+    const std::vector<std::string> names = actions();
+    const auto found = std::find(names.begin(), names.end(), name);
+    AtspiAction* actions = atspi_accessible_get_action_iface(object_.get());
+    const bool done =
+        actions != nullptr && found != names.end() &&
+        atspi_action_do_action(actions, static_cast<int>(found - names.begin()), Answer()) != FALSE;
+    g_clear_object(&actions);
+    return done;
 }
 
 int Accessible::rows() const {

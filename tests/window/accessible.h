@@ -39,6 +39,9 @@ class Accessible final {
     [[nodiscard]] double value() const;
     [[nodiscard]] pid_t process() const;
     [[nodiscard]] std::vector<Accessible> children() const;
+    /// The names of what can be done with it, and doing it; false if it has no such action.
+    [[nodiscard]] std::vector<std::string> actions() const;
+    [[nodiscard]] bool act(const std::string& name) const;
 
     /// Of a table.
     [[nodiscard]] int rows() const;

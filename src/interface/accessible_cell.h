@@ -1,0 +1,105 @@
+#pragma once
+
+#include <QAbstractItemView>
+#include <QAccessibleActionInterface>
+#include <QAccessibleInterface>
+#include <QAccessibleTableCellInterface>
+#include <QPersistentModelIndex>
+#include <QPointer>
+
+class QHeaderView;
+
+namespace tarvin {
+
+class AccessibleList;
+
+/// One cell of an AccessibleList. One that is a box can be toggled. No longer valid when its row is
+/// gone. Owned by Qt; main thread.
+class AccessibleCell final : public QAccessibleInterface,
+                             public QAccessibleTableCellInterface,
+                             public QAccessibleActionInterface {
+ public:
+    AccessibleCell(QAbstractItemView& view, const QModelIndex& index);
+
+    [[nodiscard]] QModelIndex index() const { return index_; }
+
+    void* interface_cast(QAccessible::InterfaceType type) override;
+    [[nodiscard]] bool isValid() const override;
+    [[nodiscard]] QObject* object() const override { return nullptr; }
+    [[nodiscard]] QWindow* window() const override;
+    [[nodiscard]] QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override {
+        return nullptr;
+    }
+    [[nodiscard]] QAccessibleInterface* parent() const override;
+    [[nodiscard]] QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+    [[nodiscard]] int childCount() const override { return 0; }
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* /*child*/) const override {
+        return -1;
+    }
+    [[nodiscard]] QString text(QAccessible::Text kind) const override;
+    void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+    [[nodiscard]] QRect rect() const override;
+    [[nodiscard]] QAccessible::Role role() const override;
+    [[nodiscard]] QAccessible::State state() const override;
+
+    [[nodiscard]] bool isSelected() const override;
+    [[nodiscard]] QList<QAccessibleInterface*> columnHeaderCells() const override;
+    [[nodiscard]] QList<QAccessibleInterface*> rowHeaderCells() const override { return {}; }
+    [[nodiscard]] int columnIndex() const override { return index_.column(); }
+    [[nodiscard]] int rowIndex() const override;
+    [[nodiscard]] int columnExtent() const override { return 1; }
+    [[nodiscard]] int rowExtent() const override { return 1; }
+    [[nodiscard]] QAccessibleInterface* table() const override { return parent(); }
+
+    [[nodiscard]] QStringList actionNames() const override;
+    /// Toggles a box; gives the keyboard to the row.
+    void doAction(const QString& actionName) override;
+    [[nodiscard]] QStringList keyBindingsForAction(const QString& /*actionName*/) const override {
+        return {};
+    }
+
+ private:
+    [[nodiscard]] bool isBox() const;
+    [[nodiscard]] AccessibleList* owner() const;
+
+    QPointer<QAbstractItemView> view_;
+    QPersistentModelIndex index_;
+};
+
+/// The title over a column of an AccessibleList, or the unseen one beside a row. Owned by Qt; main
+/// thread.
+class AccessibleHeader final : public QAccessibleInterface {
+ public:
+    AccessibleHeader(QAbstractItemView& view, int section, Qt::Orientation orientation)
+        : view_(&view), section_(section), orientation_(orientation) {}
+
+    [[nodiscard]] int section() const { return section_; }
+    [[nodiscard]] Qt::Orientation orientation() const { return orientation_; }
+
+    [[nodiscard]] bool isValid() const override;
+    [[nodiscard]] QObject* object() const override { return nullptr; }
+    [[nodiscard]] QWindow* window() const override;
+    [[nodiscard]] QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override {
+        return nullptr;
+    }
+    [[nodiscard]] QAccessibleInterface* parent() const override;
+    [[nodiscard]] QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+    [[nodiscard]] int childCount() const override { return 0; }
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* /*child*/) const override {
+        return -1;
+    }
+    [[nodiscard]] QString text(QAccessible::Text kind) const override;
+    void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+    [[nodiscard]] QRect rect() const override;
+    [[nodiscard]] QAccessible::Role role() const override;
+    [[nodiscard]] QAccessible::State state() const override;
+
+ private:
+    [[nodiscard]] QHeaderView* header() const;
+
+    QPointer<QAbstractItemView> view_;
+    int section_;  ///< -1 in the corner
+    Qt::Orientation orientation_;
+};
+
+}  // namespace tarvin
