@@ -1,8 +1,10 @@
 #pragma once
 
+#include "preview/image_decoder.h"
+
 #include <QImage>
-#include <QImageReader>
 #include <QSize>
+#include <memory>
 
 class QIODevice;
 
@@ -11,12 +13,16 @@ namespace tarvin {
 /// An image that is read for a picture of it. Its content decides what format it is in.
 class ImageFile final {
  public:
-    /// `device` is open and outlives it.
+    /// Loads what it takes to decode the image; no other file is opened later. `device` is open and
+    /// outlives it.
     explicit ImageFile(QIODevice& device);
+
+    /// Whether the file can name others, to be shown as a part of it.
+    [[nodiscard]] bool canReferToFiles() const { return decoder_->canReferToFiles(); }
 
     /// In pixels, turned as the camera was held, of the first image if there are several; empty if
     /// there is none or its format does not say before it is decoded.
-    [[nodiscard]] QSize size() const;
+    [[nodiscard]] QSize size() { return decoder_->size(); }
 
     /// The image, turned as the camera was held, with no side longer than `longestSide`; null if it
     /// cannot be decoded or would take too much memory. What is drawn and not made of pixels is as
@@ -24,9 +30,7 @@ class ImageFile final {
     [[nodiscard]] QImage picture(int longestSide);
 
  private:
-    [[nodiscard]] QSize sizeToDecode(QSize full, int longestSide) const;
-
-    mutable QImageReader reader_;  // which opens what it reads when it is first asked
+    std::unique_ptr<ImageDecoder> decoder_;
 };
 
 }  // namespace tarvin

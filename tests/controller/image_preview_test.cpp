@@ -1,26 +1,16 @@
 #include "controller/image_preview.h"
 
+#include "controller/image_preview_fixture.h"
 #include "controller/preview_program.h"
-#include "support/file_tree.h"
 #include "support/image_bytes.h"
-#include "support/shell_command.h"
-#include "support/waiting.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <QByteArray>
-#include <QColor>
-#include <QCoreApplication>
-#include <QFile>
-#include <QImage>
-#include <QImageWriter>
-#include <QPainter>
-#include <QSignalSpy>
+#include <QPoint>
+#include <array>
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -29,84 +19,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-const QString program = previewProgram();
-constexpr const char* svgBegin =
-    "<svg xmlns='http://www.w3.org/2000/svg' "
-    "xmlns:xlink='http://www.w3.org/1999/xlink' "
-    "width='100' height='50'>";
-
-/// The processes that this one has started and that have not ended, or have not been waited for.
-int childCount() {
-    std::ifstream file("/proc/self/task/" + std::to_string(::getpid()) + "/children");
-    int count = 0;
-    for (std::string number; file >> number;) {
-        ++count;
-    }
-    return count;
-}
-
-class ImagePreviewTest : public ::testing::Test {
- protected:
-    /// Waits for an answer to the last request: the image, null for nothing.
-    QImage answer() {
-        EXPECT_TRUE(waitUntil([this] {
-            QCoreApplication::processEvents();
-            return ready_.size() + nothing_.size() > 0;
-        }));
-        return ready_.isEmpty() ? QImage() : ready_.takeFirst()[0].value<QImage>();
-    }
-
-    QImage previewOf(const std::string& path) {
-        ready_.clear();
-        nothing_.clear();
-        measured_.clear();
-        preview_.resizeImageAtPath(path, 252, 189);
-        return answer();
-    }
-
-    [[nodiscard]] QSize measured() const {
-        return measured_.size() == 1 ? measured_[0][0].toSize() : QSize();
-    }
-
-    /// An image of two halves, left red and right blue.
-    std::string writeImage(const std::string& name, QSize size, const char* format) {
-        // What most formats hold, so that large ones need no threads of Qt's to convert them.
-        QImage image(size, QImage::Format_RGB888);
-        image.fill(Qt::red);
-        QPainter(&image).fillRect(size.width() / 2, 0, size.width(), size.height(), Qt::blue);
-        std::string path = tree_.pathOf(name);
-        QFile file(QString::fromStdString(path));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        EXPECT_TRUE(QImageWriter(&file, format).write(image));
-        return path;
-    }
-
-    /// A part of a drawing that shows the image at an address.
-    static std::string reference(const std::string& address) {
-        return "<image xlink:href='" + address + "' width='100' height='50'/>";
-    }
-
-    std::string writeSvg(const std::string& name, const std::string& content) {
-        return tree_.writeFile(name, svgBegin + content + "</svg>");
-    }
-
-    FileTree tree_;
-    ImagePreview preview_{program};
-    QSignalSpy ready_{&preview_, &ImagePreview::ready};
-    QSignalSpy nothing_{&preview_, &ImagePreview::nothing};
-    QSignalSpy measured_{&preview_, &ImagePreview::measured};
-};
-
-class ImagePreviewOf : public ImagePreviewTest {};
-class ImagePreviewOfHarm : public ImagePreviewTest {};
-class ImagePreviewRequests : public ImagePreviewTest {};
-
-/// Red or blue, where nothing but a lossy format stands between.
-bool isNear(QColor color, QColor expected) {
-    return std::abs(color.red() - expected.red()) < 40 &&
-           std::abs(color.green() - expected.green()) < 40 &&
-           std::abs(color.blue() - expected.blue()) < 40;
-}
+class ImagePreviewOf : public ImagePreviewFixture {};
+class ImagePreviewRequests : public ImagePreviewFixture {};
 
 TEST_F(ImagePreviewOf, HasTheProportionsOfTheImage) {
     EXPECT_EQ(previewOf(writeImage("wide.png", {4000, 3000}, "png")).size(), QSize(640, 480));
@@ -149,16 +63,6 @@ TEST_F(ImagePreviewOf, KeepsWhatIsTransparent) {
     EXPECT_NEAR(color.red(), 200, 2);
 }
 
-TEST_F(ImagePreviewOf, DrawsAsLargeAsAPreviewIs) {
-    const QImage image = previewOf(writeSvg("a.svg",
-                                            "<rect width='50' height='50' fill='#f00'/>"
-                                            "<text x='60' y='40' font-size='20'>A</text>"));
-    ASSERT_EQ(image.size(), QSize(640, 320));
-    EXPECT_EQ(measured(), QSize(100, 50));
-    EXPECT_EQ(image.pixelColor(300, 10), QColor(Qt::red));
-    EXPECT_EQ(image.pixelColor(630, 10).alpha(), 0);
-}
-
 TEST_F(ImagePreviewOf, IsTurnedAsTheCameraWasHeld) {
     // The camera was held so that what is left in the file is at the top.
     const std::string sideways = writeImage("plain.jpg", {400, 200}, "jpg");
@@ -179,6 +83,46 @@ TEST_F(ImagePreviewOf, IsTurnedAndMadeSmaller) {
                                                                   imagebytes::turnedToTheRight)));
     EXPECT_EQ(image.size(), QSize(480, 640));
     EXPECT_EQ(measured(), QSize(3000, 4000));
+}
+
+/// What the eight marks of a camera make of a picture whose left half is red.
+TEST_F(ImagePreviewOf, IsTurnedAndMirroredInEveryWay) {
+    const std::string plain = imagebytes::contentOf(writeImage("plain.jpg", {80, 40}, "jpg"));
+    constexpr std::array<QPoint, 8> red{QPoint{5, 20},  QPoint{75, 20}, QPoint{75, 20},
+                                        QPoint{5, 20},  QPoint{20, 5},  QPoint{20, 5},
+                                        QPoint{20, 75}, QPoint{20, 75}};
+    for (int mark = 1; mark <= 8; ++mark) {
+        const QImage image = previewOf(tree_.writeFile(
+            "turned.jpg", imagebytes::withOrientation(plain, static_cast<char>(mark))));
+        ASSERT_EQ(image.size(), mark < 5 ? QSize(80, 40) : QSize(40, 80)) << mark;
+        const QPoint place = red.at(static_cast<std::size_t>(mark) - 1);
+        const QPoint opposite(image.width() - 1 - place.x(), image.height() - 1 - place.y());
+        EXPECT_TRUE(isNear(image.pixelColor(place), Qt::red)) << mark;
+        EXPECT_TRUE(isNear(image.pixelColor(opposite), Qt::blue)) << mark;
+    }
+}
+
+TEST_F(ImagePreviewOf, IsOfTheImageAndNotOfTheSmallOneInItsFile) {
+    const std::string image = imagebytes::contentOf(writeImage("image.jpg", {400, 300}, "jpg"));
+    QImage green(160, 120, QImage::Format_RGB888);
+    green.fill(Qt::green);
+    ASSERT_TRUE(green.save(QString::fromStdString(tree_.pathOf("small.jpg"))));
+    const std::string small = imagebytes::contentOf(tree_.pathOf("small.jpg"));
+    const QImage shown =
+        previewOf(tree_.writeFile("both.jpg", imagebytes::withThumbnail(image, small)));
+    ASSERT_EQ(shown.size(), QSize(400, 300));
+    EXPECT_TRUE(isNear(shown.pixelColor(20, 150), Qt::red));
+}
+
+TEST_F(ImagePreviewOf, IsALineOfWhatIsVeryLong) {
+    for (const char* const format : {"png", "jpg", "bmp", "tiff"}) {
+        const QImage wide = previewOf(writeImage("wide", {20'000, 1}, format));
+        EXPECT_EQ(wide.size(), QSize(640, 1)) << format;
+        EXPECT_EQ(measured(), QSize(20'000, 1)) << format;
+        EXPECT_TRUE(isNear(wide.pixelColor(100, 0), Qt::red)) << format;
+        EXPECT_EQ(previewOf(writeImage("high", {1, 20'000}, format)).size(), QSize(1, 640))
+            << format;
+    }
 }
 
 TEST_F(ImagePreviewOf, FitsIntoItsFieldInItsProportions) {
@@ -221,128 +165,6 @@ TEST_F(ImagePreviewOf, WaitsForNoPipeAndNoSocket) {
     EXPECT_TRUE(previewOf("/dev/zero").isNull());
 }
 
-TEST_F(ImagePreviewOfHarm, ShowsWhatIsLeftOfATruncatedJpegOrNothing) {
-    const std::string whole = imagebytes::contentOf(writeImage("whole.jpg", {800, 600}, "jpg"));
-    for (const std::size_t part : {std::size_t{1}, whole.size() / 2, whole.size() - 2}) {
-        const QImage image = previewOf(tree_.writeFile("part.jpg", whole.substr(0, part)));
-        EXPECT_TRUE(image.isNull() || image.size() == QSize(640, 480)) << part;
-    }
-    // The beginning says how large it was meant to be.
-    EXPECT_EQ(measured(), QSize(800, 600));
-}
-
-TEST_F(ImagePreviewOfHarm, IsMeasuredThoughItCannotBeDecoded) {
-    EXPECT_TRUE(
-        previewOf(tree_.writeFile("head.png", imagebytes::pngHeader(4000, 3000) +
-                                                  imagebytes::pngChunk("IDAT", "no pixels")))
-            .isNull());
-    EXPECT_EQ(measured(), QSize(4000, 3000));
-}
-
-TEST_F(ImagePreviewOfHarm, IsNoneOfADrawingThatRefersToItself) {
-    const QImage image = previewOf(
-        writeSvg("self.svg",
-                 "<g id='a'><use xlink:href='#a'/><rect width='9' height='9'/></g>"
-                 "<g id='b'><use xlink:href='#c'/></g><g id='c'><use xlink:href='#b'/></g>"));
-    EXPECT_TRUE(image.isNull() || image.size() == QSize(640, 320));
-    EXPECT_EQ(childCount(), 0);
-}
-
-TEST_F(ImagePreviewOfHarm, TakesNothingFromElsewhereIntoADrawing) {
-    const std::string half = "<rect width='50' height='50' fill='#f00'/>";
-    const QImage plain = previewOf(writeSvg("plain.svg", half));
-    ASSERT_FALSE(plain.isNull());
-    for (const char* const elsewhere :
-         {"file:///etc/passwd", "/etc/passwd", "http://127.0.0.1:9/a.png",
-          "https://example.invalid/a.png"}) {
-        EXPECT_EQ(previewOf(writeSvg("a.svg", half + reference(elsewhere))), plain) << elsewhere;
-    }
-}
-
-TEST_F(ImagePreviewOfHarm, EndsThoughADrawingRefersToWhatHasNoEnd) {
-    for (const std::string& endless :
-         {std::string("/dev/zero"), tree_.makePipe("pipe"), tree_.pathOf("self.svg")}) {
-        ImagePreview preview(program, 2s);
-        QSignalSpy ready(&preview, &ImagePreview::ready);
-        QSignalSpy nothing(&preview, &ImagePreview::nothing);
-        preview.resizeImageAtPath(writeSvg("self.svg", reference(endless)), 252, 189);
-        EXPECT_TRUE(waitUntil([&] {
-            QCoreApplication::processEvents();
-            return ready.size() + nothing.size() == 1;
-        })) << endless;
-        EXPECT_EQ(childCount(), 0) << endless;
-    }
-}
-
-TEST_F(ImagePreviewOfHarm, IsNoneOfADrawingThatGrowsWithoutEnd) {
-    std::string entities = "<!DOCTYPE svg [<!ENTITY a0 'lol'>";
-    for (int level = 1; level < 12; ++level) {
-        const std::string inner = "&a" + std::to_string(level - 1) + ";";
-        entities += "<!ENTITY a" + std::to_string(level) + " '";
-        for (int time = 0; time < 10; ++time) {
-            entities += inner;
-        }
-        entities += "'>";
-    }
-    const QImage image =
-        previewOf(tree_.writeFile("lol.svg", "<?xml version='1.0'?>" + entities + "]>" + svgBegin +
-                                                 "<text y='20'>&a11;</text></svg>"));
-    EXPECT_TRUE(image.isNull() || image.size() == QSize(640, 320));
-}
-
-/// The most memory that the program has had for one file, in MB, in no more than two seconds.
-/// Another process starts it and asks: the system counts a process's memory for what it starts.
-long memoryFor(const std::string& path) {
-    const std::string script =
-        "import resource, subprocess, sys\n"
-        "try:\n"
-        "    subprocess.run([sys.argv[1]], input=sys.argv[2].encode(), timeout=2,\n"
-        "                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)\n"
-        "except subprocess.TimeoutExpired:\n"
-        "    pass\n"
-        "print(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss // 1000)\n";
-    const CommandResult result =
-        runCommand("python3 -c '" + script + "' " + program.toStdString() + ' ' + path);
-    EXPECT_EQ(result.status, 0) << result.output;
-    return std::atol(result.output.c_str());
-}
-
-TEST_F(ImagePreviewOfHarm, CostsLittleMemory) {
-    const std::vector<std::string> paths{
-        // Of one bit: 300 MB once decoded. Of three bytes: 7.5 GB, which are read through.
-        tree_.writeFile("bits.png", imagebytes::blackPng(50'000, 50'000, 1)),
-        tree_.writeFile("bytes.png", imagebytes::blackPng(50'000, 50'000, 24)),
-        // What is decoded as a whole before it is made smaller.
-        writeImage("large.webp", {6000, 6000}, "webp"),
-        writeImage("large.tiff", {7000, 5000}, "tiff"),
-        tree_.writeFile("huge.bmp", imagebytes::bmpHeader(30'000, 30'000)),
-        writeSvg("self.svg", "<g id='a'><use xlink:href='#a'/></g>" +
-                                 reference(tree_.pathOf("self.svg")) + reference("/dev/zero")),
-    };
-    for (const std::string& path : paths) {
-        const long megabytes = memoryFor(path);
-        RecordProperty(path.substr(path.rfind('/') + 1), static_cast<int>(megabytes));
-        EXPECT_GT(megabytes, 10) << path;
-#ifndef TARVIN_SANITIZED
-        EXPECT_LE(megabytes, 256) << path;
-#endif
-    }
-}
-
-TEST_F(ImagePreviewOfHarm, IsNoneOfAnImageThatTakesTooLong) {
-    ImagePreview preview(program, 3s);
-    QSignalSpy nothing(&preview, &ImagePreview::nothing);
-    QSignalSpy measured(&preview, &ImagePreview::measured);
-    const std::string path = tree_.writeFile("huge.png", imagebytes::blackPng(50'000, 50'000, 24));
-    const auto begin = std::chrono::steady_clock::now();
-    preview.resizeImageAtPath(path, 252, 189);
-    EXPECT_TRUE(nothing.wait(20'000));
-    // It was not damage that ended it. The timer may be a twentieth too early.
-    EXPECT_GE(std::chrono::steady_clock::now() - begin, 2800ms);
-    ASSERT_EQ(measured.size(), 1);
-    EXPECT_EQ(measured[0][0].toSize(), QSize(50'000, 50'000));
-}
-
 TEST_F(ImagePreviewRequests, ReadTheFileAnewEachTime) {
     QImage image(4, 4, QImage::Format_RGB888);
     image.fill(Qt::red);
@@ -367,7 +189,7 @@ TEST_F(ImagePreviewRequests, AreAnsweredTheLastAlone) {
         paths.push_back(writeImage("image" + std::to_string(number) + ".png", {number, 1}, "png"));
     }
     for (const std::string& path : paths) {
-        preview_.resizeImageAtPath(path, 252, 189);
+        ask(path);
         EXPECT_LE(childCount(), 1);
     }
     EXPECT_EQ(answer().size(), QSize(100, 1));
@@ -382,7 +204,7 @@ TEST_F(ImagePreviewRequests, AreAnsweredAlsoWhenTheyComeBetweenEvents) {
         paths.push_back(writeImage("image" + std::to_string(number) + ".png", {number, 1}, "png"));
     }
     for (const std::string& path : paths) {
-        preview_.resizeImageAtPath(path, 252, 189);
+        ask(path);
         QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
     }
     ASSERT_TRUE(waitUntil([this] {
@@ -393,11 +215,10 @@ TEST_F(ImagePreviewRequests, AreAnsweredAlsoWhenTheyComeBetweenEvents) {
 }
 
 TEST_F(ImagePreviewRequests, OvertakeOneThatTakesLong) {
-    preview_.resizeImageAtPath(
-        tree_.writeFile("huge.png", imagebytes::blackPng(50'000, 50'000, 24)), 252, 189);
+    ask(tree_.writeFile("huge.png", imagebytes::blackPng(50'000, 50'000, 24)));
     ASSERT_TRUE(measured_.wait(20'000));
     const auto begin = std::chrono::steady_clock::now();
-    preview_.resizeImageAtPath(writeImage("small.png", {4, 4}, "png"), 252, 189);
+    ask(writeImage("small.png", {4, 4}, "png"));
     EXPECT_EQ(answer().size(), QSize(4, 4));
     EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s);
     EXPECT_EQ(nothing_.size(), 0);
@@ -405,7 +226,7 @@ TEST_F(ImagePreviewRequests, OvertakeOneThatTakesLong) {
 }
 
 TEST_F(ImagePreviewRequests, CanBeTakenBack) {
-    preview_.resizeImageAtPath(writeImage("small.png", {4, 4}, "png"), 252, 189);
+    ask(writeImage("small.png", {4, 4}, "png"));
     preview_.cancel();
     ASSERT_TRUE(waitUntil([] {
         QCoreApplication::processEvents();
@@ -420,19 +241,19 @@ TEST_F(ImagePreviewRequests, CanBeTakenBack) {
 TEST_F(ImagePreviewRequests, LeaveNothingRunningBehind) {
     const std::string huge = tree_.writeFile("huge.png", imagebytes::blackPng(50'000, 50'000, 24));
     {
-        ImagePreview preview(program);
+        ImagePreview preview(previewProgram());
         QSignalSpy measured(&preview, &ImagePreview::measured);
         preview.resizeImageAtPath(huge, 252, 189);
         ASSERT_TRUE(measured.wait(20'000));
         EXPECT_EQ(childCount(), 1);
     }
     EXPECT_EQ(childCount(), 0);
-    ImagePreview(program).resizeImageAtPath(huge, 252, 189);
+    ImagePreview(previewProgram()).resizeImageAtPath(huge, 252, 189);
     EXPECT_EQ(childCount(), 0);
 }
 
 TEST_F(ImagePreviewRequests, AreAnsweredWithNothingInTime) {
-    ImagePreview preview(program, 300ms);
+    ImagePreview preview(previewProgram(), 300ms);
     QSignalSpy nothing(&preview, &ImagePreview::nothing);
     const std::string path = tree_.writeFile("huge.png", imagebytes::blackPng(50'000, 50'000, 24));
     const auto begin = std::chrono::steady_clock::now();

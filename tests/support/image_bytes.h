@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -124,6 +125,23 @@ inline std::string twoPixelGif() {
 /// What EXIF calls an image whose left side is up in the scene.
 inline constexpr char turnedToTheRight = 6;
 
+/// A JPEG file that holds another, small one for file managers to show.
+inline std::string withThumbnail(const std::string& jpeg, const std::string& thumbnail) {
+    const auto entry = [](const char* tag, std::uint32_t value) {
+        return std::string(tag, 2) + std::string("\x04\0\x01\0\0\0", 6) + littleEndian(value);
+    };
+    // Two lists, the second of the small one: that it is a JPEG, where and how long it is.
+    constexpr std::uint32_t begin = 8 + 2 + 12 + 4 + 2 + 3 * 12 + 4;
+    const std::string exif = std::string("Exif\0\0", 6) + std::string("II*\0\x08\0\0\0", 8) +
+                             std::string("\x01\0\x12\x01\x03\0\x01\0\0\0\x01\0\0\0", 14) +
+                             littleEndian(26) + std::string("\x03\0", 2) + entry("\x03\x01", 6) +
+                             entry("\x01\x02", begin) +
+                             entry("\x02\x02", static_cast<std::uint32_t>(thumbnail.size())) +
+                             littleEndian(0) + thumbnail;
+    const auto length = static_cast<std::uint32_t>(exif.size() + 2);
+    return jpeg.substr(0, 2) + "\xff\xe1" + bigEndian(length).substr(2) + exif + jpeg.substr(2);
+}
+
 /// A JPEG file with a mark that says how the camera was held.
 inline std::string withOrientation(const std::string& jpeg, char orientation) {
     const std::string exif = std::string("Exif\0\0", 6) + std::string("II*\0\x08\0\0\0", 8) +
@@ -131,6 +149,115 @@ inline std::string withOrientation(const std::string& jpeg, char orientation) {
                              std::string(7, '\0');
     const auto length = static_cast<std::uint32_t>(exif.size() + 2);
     return jpeg.substr(0, 2) + "\xff\xe1" + bigEndian(length).substr(2) + exif + jpeg.substr(2);
+}
+
+/// A PNG file of 16 bits for each of three colours and, with a `pixel` of 8 bytes, for how solid it
+/// is; all pixels are alike.
+inline std::string deepPng(std::uint32_t width, std::uint32_t height, const std::string& pixel) {
+    std::string header = bigEndian(width) + bigEndian(height) + '\x10';
+    header += pixel.size() == 8 ? '\x06' : '\x02';
+    header += std::string(3, '\0');
+    QByteArray row(1, '\0');
+    row += QByteArray::fromStdString(pixel).repeated(static_cast<qsizetype>(width));
+    // Qt puts the length before the stream.
+    const QByteArray stream = qCompress(row.repeated(static_cast<qsizetype>(height)), 1).mid(4);
+    return "\x89PNG\r\n\x1a\n" + pngChunk("IHDR", header) + pngChunk("IDAT", stream.toStdString()) +
+           pngChunk("IEND", "");
+}
+
+/// How the pixels of a TIFF file are to be taken.
+enum class TiffColors : std::uint8_t { light = 2, inks = 5 };
+
+/// A TIFF file of pixels of one colour, `pixel`, of that many channels. It is small: every row is
+/// stored at the same place.
+inline std::string flatTiff(std::uint32_t width, std::uint32_t height, TiffColors colors,
+                            std::uint32_t channels, const std::string& pixel) {
+    const auto bits = static_cast<std::uint32_t>(pixel.size() * 8 / channels);
+    std::string row;
+    for (std::uint32_t column = 0; column < width; ++column) {
+        row += pixel;
+    }
+    const auto entry = [](std::uint32_t tag, char type, std::uint32_t count, std::uint32_t value) {
+        return littleEndian(tag).substr(0, 2) + type + '\0' + littleEndian(count) +
+               littleEndian(value);
+    };
+    constexpr char number = 4;
+    constexpr std::uint32_t entries = 9;
+    constexpr std::uint32_t bitsAt = 8 + 2 + entries * 12 + 4;
+    const std::uint32_t placesAt = bitsAt + 2 * channels;
+    const std::uint32_t lengthsAt = placesAt + 4 * height;
+    const std::uint32_t rowAt = lengthsAt + 4 * height;
+    std::string tiff =
+        std::string("II*\0", 4) + littleEndian(8) + littleEndian(entries).substr(0, 2) +
+        entry(256, number, 1, width) + entry(257, number, 1, height) +
+        entry(258, 3, channels, bitsAt) + entry(259, number, 1, 1) +
+        entry(262, number, 1, static_cast<std::uint32_t>(colors)) +
+        entry(273, number, height, placesAt) + entry(277, number, 1, channels) +
+        entry(278, number, 1, 1) + entry(279, number, height, lengthsAt) + littleEndian(0);
+    for (std::uint32_t channel = 0; channel < channels; ++channel) {
+        tiff += littleEndian(bits).substr(0, 2);
+    }
+    for (const std::uint32_t value : {rowAt, static_cast<std::uint32_t>(row.size())}) {
+        for (std::uint32_t line = 0; line < height; ++line) {
+            tiff += littleEndian(value);
+        }
+    }
+    return tiff + row;
+}
+
+/// Bits one after another, as a JPEG file holds them.
+class JpegBits final {
+ public:
+    void add(std::uint32_t value, int count) {
+        for (int bit = count - 1; bit >= 0; --bit) {
+            byte_ = (byte_ << 1U) | ((value >> static_cast<unsigned>(bit)) & 1U);
+            if (++filled_ == 8) {
+                bytes_ += static_cast<char>(byte_);
+                // A marker begins like this.
+                bytes_ += byte_ == 0xFF ? std::string(1, '\0') : std::string();
+                byte_ = 0;
+                filled_ = 0;
+            }
+        }
+    }
+    [[nodiscard]] std::string bytes() {
+        while (filled_ != 0) {
+            add(1, 1);
+        }
+        return bytes_;
+    }
+
+ private:
+    std::string bytes_;
+    std::uint32_t byte_ = 0;
+    int filled_ = 0;
+};
+
+/// A red JPEG file whose three components are as fine as each other and come in several passes, so
+/// that all of it has to be kept until the last. Of these, only the first is there, which is enough
+/// for one colour.
+inline std::string progressiveJpeg(std::uint32_t width, std::uint32_t height) {
+    std::string jpeg("\xff\xd8\xff\xdb\0\x43\0", 7);
+    jpeg += std::string(64, '\1');
+    jpeg += std::string("\xff\xc2\0\x11\x08", 5) + bigEndian(height).substr(2) +
+            bigEndian(width).substr(2) + std::string("\3\1\x11\0\2\x11\0\3\x11\0", 10);
+    // Codes for "as before" and for differences of 9 and of 10 bits: 0, 10 and 110.
+    jpeg += std::string("\xff\xc4\0\x16\0\1\1\1", 8) + std::string(13, '\0') +
+            std::string("\0\x09\x0a", 3);
+    jpeg += std::string("\xff\xda\0\x0c\3\1\0\2\0\3\0\0\0\0", 14);
+    JpegBits bits;
+    // Red in luminance and two differences, eight times the distance from 128: -416, -344, 1016.
+    bits.add(0b10, 2);
+    bits.add(511 - 416, 9);
+    bits.add(0b10, 2);
+    bits.add(511 - 344, 9);
+    bits.add(0b110, 3);
+    bits.add(1016, 10);
+    const std::uint32_t blocks = ((width + 7) / 8) * ((height + 7) / 8);
+    for (std::uint32_t block = 1; block < blocks; ++block) {
+        bits.add(0, 3);
+    }
+    return jpeg + bits.bytes() + "\xff\xd9";
 }
 
 }  // namespace tarvin::imagebytes

@@ -1,0 +1,66 @@
+#include "preview/qt_image.h"
+
+#include "preview/drawing_needs.h"
+#include "preview/smaller_image.h"
+
+namespace tarvin {
+
+namespace {
+
+/// Nobody draws more by hand, and no program should.
+constexpr qint64 maxDrawingBytes = 64 * 1024 * 1024;
+
+}  // namespace
+
+QtImage::QtImage(QIODevice& device) : reader_(&device) {
+    // A copy of the whole image at its full size would be turned: see decode().
+    reader_.setAutoTransform(false);
+    // From here on the reader knows its plug-in and loads no other.
+    isDrawing_ = reader_.format().startsWith("svg");
+    if (!isDrawing_) {
+        return;
+    }
+    device.seek(0);
+    drawing_.setData(device.read(maxDrawingBytes));
+    drawing_.open(QIODevice::ReadOnly);
+    loadDrawingNeeds(drawing_.data());
+    reader_.setDevice(&drawing_);
+}
+
+QSize QtImage::size() {
+    const QSize size = reader_.size();
+    const bool isTurned =
+        reader_.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+    return isTurned ? size.transposed() : size;
+}
+
+QImage QtImage::decode(int longestSide) {
+    const QSize full = reader_.size();  // as it lies in the file
+    if (full.isValid() && canDecodeSmaller()) {
+        reader_.setScaledSize(sizeToDecode(full, longestSide));
+    }
+    const QImageIOHandler::Transformations transformations = reader_.transformation();
+    const QImage image = reader_.read();
+    // What is turned is small.
+    return image.isNull() || fits(image.size(), longestSide)
+               ? turned(image, transformations)
+               : turned(smaller(image, fitted(image.size(), longestSide)), transformations);
+}
+
+/// Whether the plug-in needs less memory for a smaller image. If it does not, Qt would make that of
+/// a whole one, and copy that first.
+bool QtImage::canDecodeSmaller() const {
+    if (!reader_.supportsOption(QImageIOHandler::ScaledSize)) {
+        return false;
+    }
+    const QImage::Format format = reader_.imageFormat();
+    const bool isWholeFirst = reader_.format() == "png" && format != QImage::Format_RGB32 &&
+                              format != QImage::Format_ARGB32;
+    return !isWholeFirst;
+}
+
+QSize QtImage::sizeToDecode(QSize full, int longestSide) const {
+    return isDrawing_ || !fits(full, longestSide) ? fitted(full, longestSide) : full;
+}
+
+}  // namespace tarvin

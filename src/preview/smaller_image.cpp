@@ -1,0 +1,65 @@
+#include "preview/smaller_image.h"
+
+#include <QTransform>
+#include <algorithm>
+#include <cstring>
+
+namespace tarvin {
+
+namespace {
+
+constexpr QImage::Format workFormat = QImage::Format_ARGB32_Premultiplied;
+
+int dividedUp(int number, int divisor) {
+    return (number + divisor - 1) / divisor;
+}
+
+/// Each square of `factor` by `factor` pixels as one.
+QImage reduced(const QImage& image, int factor) {
+    QImage result(dividedUp(image.width(), factor), dividedUp(image.height(), factor), workFormat);
+    for (int row = 0; row < result.height(); ++row) {
+        const int top = row * factor;
+        const QImage band =
+            image.copy(0, top, image.width(), std::min(factor, image.height() - top))
+                .convertToFormat(workFormat)
+                .scaled(result.width(), 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        if (band.isNull()) {
+            return {};
+        }
+        std::memcpy(result.scanLine(row), band.constScanLine(0),
+                    static_cast<std::size_t>(band.width()) * sizeof(QRgb));
+    }
+    return result;
+}
+
+}  // namespace
+
+QSize fitted(QSize size, int longestSide) {
+    return size.scaled(longestSide, longestSide, Qt::KeepAspectRatio).expandedTo({1, 1});
+}
+
+bool fits(QSize size, int longestSide) {
+    return size.width() <= longestSide && size.height() <= longestSide;
+}
+
+QImage smaller(const QImage& image, QSize size) {
+    // The rest, at least two to one, is left to a filter that weighs parts of pixels.
+    const int factor =
+        std::min(image.width() / (2 * size.width()), image.height() / (2 * size.height()));
+    const QImage middle = factor < 2 ? image : reduced(image, factor);
+    return middle.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+QImage turned(const QImage& image, QImageIOHandler::Transformations transformations) {
+    if (transformations == QImageIOHandler::TransformationNone) {
+        return image;
+    }
+    const QImage mirrored =
+        image.mirrored(transformations.testFlag(QImageIOHandler::TransformationMirror),
+                       transformations.testFlag(QImageIOHandler::TransformationFlip));
+    return transformations.testFlag(QImageIOHandler::TransformationRotate90)
+               ? mirrored.transformed(QTransform().rotate(90))
+               : mirrored;
+}
+
+}  // namespace tarvin
