@@ -35,11 +35,17 @@ void limitThisProcess() {
     limit(RLIMIT_FSIZE, 0);
 #ifndef TARVIN_SANITIZED  // whose shadow memory is beyond every limit
     constexpr rlim_t megabyte = 1'000'000;
-    limit(RLIMIT_DATA, 208 * megabyte);
+    // The rest of 512 is for the libraries and the fonts, which lie in memory as in their files.
+    limit(RLIMIT_DATA, 440 * megabyte);
     limit(RLIMIT_STACK, 8 * megabyte);
     // Address space is only reserved in part: for libraries, and by each thread that allocates.
-    limit(RLIMIT_AS, 512 * megabyte);
+    limit(RLIMIT_AS, 1024 * megabyte);
 #endif
+}
+
+bool mayBeDecoded(QSize size, qsizetype bytesPerPixel) {
+    constexpr qsizetype most = qsizetype{decodedImageLimit} * 1024 * 1024;
+    return !size.isEmpty() && most / bytesPerPixel / size.width() >= size.height();
 }
 
 }  // namespace tarvin

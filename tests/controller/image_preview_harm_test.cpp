@@ -1,0 +1,113 @@
+#include "controller/image_preview.h"
+#include "controller/image_preview_fixture.h"
+#include "controller/preview_memory.h"
+#include "controller/preview_program.h"
+#include "support/image_bytes.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QSignalSpy>
+#include <chrono>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+using namespace std::chrono_literals;
+
+class ImagePreviewOfHarm : public ImagePreviewFixture {};
+
+TEST_F(ImagePreviewOfHarm, ShowsWhatIsLeftOfATruncatedJpegOrNothing) {
+    const std::string whole = imagebytes::contentOf(writeImage("whole.jpg", {800, 600}, "jpg"));
+    for (const std::size_t part : {std::size_t{1}, whole.size() / 2, whole.size() - 2}) {
+        const QImage image = previewOf(tree_.writeFile("part.jpg", whole.substr(0, part)));
+        EXPECT_TRUE(image.isNull() || image.size() == QSize(640, 480)) << part;
+    }
+    // The beginning says how large it was meant to be.
+    EXPECT_EQ(measured(), QSize(800, 600));
+}
+
+TEST_F(ImagePreviewOfHarm, IsMeasuredThoughItCannotBeDecoded) {
+    EXPECT_TRUE(
+        previewOf(tree_.writeFile("head.png", imagebytes::pngHeader(4000, 3000) +
+                                                  imagebytes::pngChunk("IDAT", "no pixels")))
+            .isNull());
+    EXPECT_EQ(measured(), QSize(4000, 3000));
+}
+
+/// Files that say that they are larger than any image can be, in one place of their header.
+TEST_F(ImagePreviewOfHarm, IsNoneOfWhatClaimsTwoToThe31stPixels) {
+    constexpr std::uint32_t largest = 0x7FFFFFFF;
+    const std::vector<std::string> paths{
+        tree_.writeFile("png", imagebytes::pngHeader(largest, largest) +
+                                   imagebytes::pngChunk("IDAT", "no pixels")),
+        tree_.writeFile(
+            "row", imagebytes::pngHeader(largest, 1) + imagebytes::pngChunk("IDAT", "no pixels")),
+        tree_.writeFile("bmp", imagebytes::bmpHeader(largest, largest)),
+        tree_.writeFile("bmp46341", imagebytes::bmpHeader(46'341, 46'341)),
+        tree_.writeFile("tiff", imagebytes::flatTiff(3, 3, imagebytes::TiffColors::light, 3, "abc")
+                                    .replace(18, 4, imagebytes::littleEndian(largest))
+                                    .replace(30, 4, imagebytes::littleEndian(largest))),
+        tree_.writeFile("jpeg",
+                        imagebytes::progressiveJpeg(8, 8).replace(76, 4, "\xff\xff\xff\xff")),
+        tree_.writeFile("ppm", "P6 2147483647 2147483647 255\nno pixels"),
+    };
+    for (const std::string& path : paths) {
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_TRUE(previewOf(path).isNull()) << path;
+        EXPECT_LT(std::chrono::steady_clock::now() - start, 10s) << path;
+        EXPECT_EQ(childCount(), 0) << path;
+    }
+}
+
+TEST_F(ImagePreviewOfHarm, IsWithinItsMemory) {
+    const std::vector<std::string> paths{
+        // 300 MB of bits once decoded, and 7.5 GB of bytes, which are read through.
+        tree_.writeFile("bits.png", imagebytes::blackPng(50'000, 50'000, 1)),
+        tree_.writeFile("bytes.png", imagebytes::blackPng(50'000, 50'000, 24)),
+        tree_.writeFile("huge.bmp", imagebytes::bmpHeader(30'000, 30'000)),
+        // Of each, one that takes just what there is, and others that would take more.
+        tree_.writeFile("passes-67.jpg", imagebytes::progressiveJpeg(9'000, 7'500)),
+        tree_.writeFile("passes-100.jpg", imagebytes::progressiveJpeg(10'000, 10'000)),
+        tree_.writeFile("passes-400.jpg", imagebytes::progressiveJpeg(20'000, 20'000)),
+        tree_.writeFile(
+            "deep-50.tiff",
+            imagebytes::flatTiff(7'090, 7'090, imagebytes::TiffColors::light, 3, "abcdef")),
+        tree_.writeFile(
+            "deep-144.tiff",
+            imagebytes::flatTiff(12'000, 12'000, imagebytes::TiffColors::light, 3, "abcdef")),
+        writeImage("large.webp", {6'000, 6'000}, "webp"),
+        tree_.writeFile("self.svg",
+                        "<svg xmlns='http://www.w3.org/2000/svg' "
+                        "xmlns:xlink='http://www.w3.org/1999/xlink' width='9' height='9'>"
+                        "<g id='a'><use xlink:href='#a'/></g></svg>"),
+    };
+    for (const std::string& path : paths) {
+        const PreviewCost cost = costOfPreview(path);
+        RecordProperty(path.substr(path.rfind('/') + 1), static_cast<int>(cost.megabytes));
+        EXPECT_GT(cost.megabytes, 10) << path;
+#ifndef TARVIN_SANITIZED
+        EXPECT_LE(cost.megabytes, 512) << path;
+#endif
+    }
+}
+
+TEST_F(ImagePreviewOfHarm, IsNoneOfAnImageThatTakesTooLong) {
+    ImagePreview preview(previewProgram(), 3s);
+    QSignalSpy nothing(&preview, &ImagePreview::nothing);
+    QSignalSpy measured(&preview, &ImagePreview::measured);
+    const std::string path = tree_.writeFile("huge.png", imagebytes::blackPng(50'000, 50'000, 24));
+    const auto begin = std::chrono::steady_clock::now();
+    preview.resizeImageAtPath(path, 252, 189);
+    EXPECT_TRUE(nothing.wait(20'000));
+    // It was not damage that ended it. The timer may be a twentieth too early.
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, 2800ms);
+    ASSERT_EQ(measured.size(), 1);
+    EXPECT_EQ(measured[0][0].toSize(), QSize(50'000, 50'000));
+}
+
+}  // namespace
+}  // namespace tarvin
