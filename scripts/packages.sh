@@ -9,6 +9,8 @@ buildPackages=(
     g++
     libcli11-dev
     libglib2.0-dev
+    libheif-dev
+    libopenjp2-7-dev
     libplist-dev
     libutf8proc-dev
     libxxhash-dev

@@ -24,10 +24,12 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # GIO, which moves files to the Trash, is loaded when it is needed: nothing else asks for it.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS libglib2.0-0)
-# Addresses by https; letters narrow enough for the properties of a file; previews of WebP and TIFF;
-# a window of Wayland's own; the programs that open a file or the guide.
+# Addresses by https; letters narrow enough for the properties of a file; previews of HEIC and AVIF,
+# of JPEG 2000, of WebP and TIFF, each loaded when it is needed; a window of Wayland's own; the
+# programs that open a file or the guide.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "ca-certificates, fonts-liberation, qt6-image-formats-plugins, qt6-wayland, xdg-utils")
-# For file managers that show the Trash and put files back.
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS gvfs)
+    "ca-certificates, fonts-liberation, libheif1, libopenjp2-7, qt6-image-formats-plugins, qt6-wayland, xdg-utils")
+# For file managers that show the Trash and put files back; drawings and more formats for
+# previews on Debian 13.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "gvfs, kimageformat6-plugins, qt6-svg-plugins")
 include(CPack)

@@ -15,8 +15,8 @@ void limitThreadStacks();
 
 /// From now on no thread of this process opens a file, asks for one by its path, uses a network or
 /// starts a process: the system refuses each with ENOSYS, at once. What is open can be read and
-/// written, memory and threads can be had. Cannot be taken back. False if the system cannot do
-/// that; then nothing has changed.
+/// written, not mapped; memory and threads can be had. Cannot be taken back. False if the system
+/// cannot do that; then nothing has changed.
 [[nodiscard]] bool confineToOpenFiles();
 
 }  // namespace tarvin

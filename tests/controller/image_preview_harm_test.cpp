@@ -3,6 +3,7 @@
 #include "controller/preview_memory.h"
 #include "controller/preview_program.h"
 #include "support/image_bytes.h"
+#include "support/sample_images.h"
 
 #include <gtest/gtest.h>
 
@@ -41,6 +42,15 @@ TEST_F(ImagePreviewOfHarm, IsMeasuredThoughItCannotBeDecoded) {
 /// Files that say that they are larger than any image can be, in one place of their header.
 TEST_F(ImagePreviewOfHarm, IsNoneOfWhatClaimsTwoToThe31stPixels) {
     constexpr std::uint32_t largest = 0x7FFFFFFF;
+    const auto claiming = [](const std::string& name, const std::string& before) {
+        std::string bytes = imagebytes::contentOf(sampleImage(name));
+        const std::size_t at = bytes.find(before);
+        EXPECT_NE(at, std::string::npos) << name;
+        return bytes.replace(at, before.size(),
+                             imagebytes::bigEndian(largest) + imagebytes::bigEndian(largest));
+    };
+    const std::string size = imagebytes::bigEndian(96) + imagebytes::bigEndian(48);
+    const std::string turned = imagebytes::bigEndian(48) + imagebytes::bigEndian(96);
     const std::vector<std::string> paths{
         tree_.writeFile("png", imagebytes::pngHeader(largest, largest) +
                                    imagebytes::pngChunk("IDAT", "no pixels")),
@@ -54,12 +64,28 @@ TEST_F(ImagePreviewOfHarm, IsNoneOfWhatClaimsTwoToThe31stPixels) {
         tree_.writeFile("jpeg",
                         imagebytes::progressiveJpeg(8, 8).replace(76, 4, "\xff\xff\xff\xff")),
         tree_.writeFile("ppm", "P6 2147483647 2147483647 255\nno pixels"),
+        tree_.writeFile("heic", claiming("wide.heic", size)),
+        tree_.writeFile("avif", claiming("wide.avif", size)),
+        tree_.writeFile("jp2", claiming("wide.jp2", turned)),
+        tree_.writeFile("j2k", claiming("wide.j2k", size)),
     };
     for (const std::string& path : paths) {
         const auto start = std::chrono::steady_clock::now();
         EXPECT_TRUE(previewOf(path).isNull()) << path;
         EXPECT_LT(std::chrono::steady_clock::now() - start, 10s) << path;
         EXPECT_EQ(childCount(), 0) << path;
+    }
+}
+
+TEST_F(ImagePreviewOfHarm, IsNoneOfWhatBreaksOff) {
+    for (const char* const name :
+         {"wide.heic", "turned.heic", "wide.avif", "wide.jp2", "wide.j2k"}) {
+        const std::string whole = imagebytes::contentOf(sampleImage(name));
+        for (std::size_t length = 0; length < whole.size(); length += 23) {
+            const QImage image = previewOf(tree_.writeFile("part", whole.substr(0, length)));
+            EXPECT_TRUE(image.isNull() || image.width() <= 96) << name << ' ' << length;
+        }
+        EXPECT_EQ(childCount(), 0) << name;
     }
 }
 

@@ -3,6 +3,7 @@
 #include "controller/image_preview_fixture.h"
 #include "controller/preview_program.h"
 #include "support/image_bytes.h"
+#include "support/sample_images.h"
 
 #include <gtest/gtest.h>
 
@@ -43,6 +44,25 @@ TEST_F(ImagePreviewOf, ShowsEveryFormatThatIsCommon) {
         EXPECT_TRUE(isNear(image.pixelColor(90, 25), Qt::blue)) << format;
         EXPECT_EQ(measured(), QSize(100, 50)) << format;
     }
+}
+
+/// Those that Qt has no plug-in for on some systems.
+TEST_F(ImagePreviewOf, ShowsWhatTheLibrariesOfTheSystemDecode) {
+    for (const char* const name : {"wide.heic", "wide.avif", "wide.jp2", "wide.j2k"}) {
+        const QImage image = previewOf(sampleImage(name));
+        EXPECT_EQ(image.size(), QSize(96, 48)) << name;
+        EXPECT_TRUE(isNear(image.pixelColor(10, 25), Qt::red)) << name;
+        EXPECT_TRUE(isNear(image.pixelColor(85, 25), Qt::blue)) << name;
+        EXPECT_EQ(measured(), QSize(96, 48)) << name;
+    }
+}
+
+TEST_F(ImagePreviewOf, StandsUprightInAHeicToo) {
+    const QImage image = previewOf(sampleImage("turned.heic"));
+    ASSERT_EQ(image.size(), QSize(48, 96));
+    EXPECT_EQ(measured(), QSize(48, 96));
+    EXPECT_TRUE(isNear(image.pixelColor(24, 10), Qt::red));
+    EXPECT_TRUE(isNear(image.pixelColor(24, 85), Qt::blue));
 }
 
 TEST_F(ImagePreviewOf, ShowsTheFirstImageOfAGif) {
@@ -112,6 +132,8 @@ TEST_F(ImagePreviewOf, IsOfTheImageAndNotOfTheSmallOneInItsFile) {
         previewOf(tree_.writeFile("both.jpg", imagebytes::withThumbnail(image, small)));
     ASSERT_EQ(shown.size(), QSize(400, 300));
     EXPECT_TRUE(isNear(shown.pixelColor(20, 150), Qt::red));
+    // One that is 32 pixels wide is in this file as well.
+    EXPECT_EQ(previewOf(sampleImage("wide.heic")).size(), QSize(96, 48));
 }
 
 TEST_F(ImagePreviewOf, IsALineOfWhatIsVeryLong) {

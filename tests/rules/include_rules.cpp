@@ -11,7 +11,19 @@ namespace tarvin {
 
 namespace {
 
-enum class Library { standard, system, glib, libplist, utf8proc, xxhash, cli11, json, qt };
+enum class Library {
+    standard,
+    system,
+    glib,
+    libheif,
+    libplist,
+    openjpeg,
+    utf8proc,
+    xxhash,
+    cli11,
+    json,
+    qt
+};
 
 /// What one folder may name beside itself and the standard library.
 struct Layer {
@@ -34,7 +46,7 @@ constexpr std::array layers{
     Layer{.folder = "preview",
           .ours = {"platform/confinement.h", "platform/file_system.h"},
           .libraries = {Library::qt},
-          .librariesInSources = {Library::system}},
+          .librariesInSources = {Library::system, Library::libheif, Library::openjpeg}},
     Layer{.folder = "network", .libraries = {Library::qt}, .librariesInSources = {Library::system}},
     Layer{.folder = "controls", .libraries = {Library::qt}},
     Layer{.folder = "interface", .ours = {"controls/"}, .libraries = {Library::qt}},
@@ -67,6 +79,7 @@ constexpr std::array headers{
     HeaderOf{"termios.h", Library::system}, HeaderOf{"unistd.h", Library::system},
     HeaderOf{"gio/", Library::glib},        HeaderOf{"glib.h", Library::glib},
     HeaderOf{"glib/", Library::glib},       HeaderOf{"glib-object.h", Library::glib},
+    HeaderOf{"libheif/", Library::libheif}, HeaderOf{"openjpeg.h", Library::openjpeg},
     HeaderOf{"plist/", Library::libplist},  HeaderOf{"utf8proc.h", Library::utf8proc},
     HeaderOf{"xxhash.h", Library::xxhash},  HeaderOf{"CLI/", Library::cli11},
     HeaderOf{"nlohmann/", Library::json},
