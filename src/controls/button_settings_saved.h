@@ -17,7 +17,6 @@ class ButtonSettingsSaved final : public PaintedButton {
     explicit ButtonSettingsSaved(QWidget* parent = nullptr);
 
     /// The overlay that decides about the cursor; none: the cursor never changes. Not owned.
-    /// Nothing calls it.
     void setViewTransparent(ViewTransparent* viewTransparent);
     [[nodiscard]] ViewTransparent* viewTransparent() const { return viewTransparent_; }
 

@@ -100,17 +100,16 @@ TEST_F(BrowsedList, HasButtonsThatFollowEachLevel) {
     EXPECT_EQ(buttons(), allChecked);
 }
 
-TEST_F(BrowsedList, HasTheFocusWhereAButtonCannotBePressedAgain) {
+TEST_F(BrowsedList, GivesTheFocusOfAButtonThatCannotBePressedAgainToItsCounterpart) {
     launch();
     click("mainScanButtonFolder");
     check("Pictures");
     open("Documents");
     control("backFolderButton")->setFocus();
     click("backFolderButton");
-    EXPECT_TRUE(table().hasFocus());
-    control("nextFolderButton")->setFocus();
+    EXPECT_TRUE(window().locations->nextFolderButton->hasFocus());
     click("nextFolderButton");
-    EXPECT_TRUE(table().hasFocus());
+    EXPECT_TRUE(window().locations->backFolderButton->hasFocus());
 }
 
 TEST_F(BrowsedList, LeavesTheFocusOnAButtonThatCanBePressedAgain) {

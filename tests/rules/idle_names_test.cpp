@@ -54,7 +54,6 @@ constexpr IdleName idleNames[] = {
     {"checkNilDate", 2},
     {"resetButton", 4},
     {"setButtonID", 2},
-    {"setViewTransparent", 2},
 };
 
 std::string sectionOfNames() {

@@ -38,7 +38,8 @@ struct Layer {
 constexpr std::array layers{
     Layer{.folder = "platform",
           .librariesInSources = {Library::system, Library::glib, Library::qt}},
-    Layer{.folder = "model", .ours = {"platform/trash.h", "platform/timestamp.h"}},
+    Layer{.folder = "model",
+          .ours = {"platform/start_thread.h", "platform/timestamp.h", "platform/trash.h"}},
     Layer{.folder = "scan",
           .ours = {"model/", "platform/"},
           .librariesInSources = {Library::utf8proc, Library::xxhash}},
