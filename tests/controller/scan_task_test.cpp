@@ -12,7 +12,6 @@
 #include "interface/text_block.h"
 
 #include <QLabel>
-
 #include <new>
 
 namespace tarvin {
