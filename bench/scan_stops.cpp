@@ -64,12 +64,11 @@ void showProgress(const std::string& folder) {
     ScanRun run(systemPlatform(), observer);
     begin(run, folder);
     std::printf("bytes read   files counted of %zu\n", pairs * 2);
-    for (std::uint64_t tenth = 1; tenth < 10; ++tenth) {
+    for (unsigned tenth = 1; tenth < 10; ++tenth) {
         while (run.scanning() && run.bytesRead() < allBytes * tenth / 10) {
             std::this_thread::yield();
         }
-        std::printf("%9llu %%   %llu\n", static_cast<unsigned long long>(tenth * 10),
-                    static_cast<unsigned long long>(run.processed()));
+        std::printf("%8u0 %%   %llu\n", tenth, static_cast<unsigned long long>(run.processed()));
     }
     run.wait();
     std::printf("      end     %llu, %llu sets\n", static_cast<unsigned long long>(run.processed()),

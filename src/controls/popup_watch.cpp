@@ -23,7 +23,7 @@ bool PopupWatch::eventFilter(QObject* watched, QEvent* event) {
     const bool hides = event->type() == QEvent::Hide && watched->isWidgetType();
     if (hides && static_cast<const QWidget*>(watched)->windowType() == Qt::Popup) {
         // Once it is no longer found under the pointer.
-        QMetaObject::invokeMethod(this, &PopupWatch::closed, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "closed", Qt::QueuedConnection);
     }
     return QObject::eventFilter(watched, event);
 }

@@ -97,11 +97,12 @@ int AccessibleList::childCount() const {
 }
 
 QAccessibleInterface* AccessibleList::child(int index) const {
-    if (index < 0 || index >= childCount()) {
+    const int perRow = stride();
+    if (perRow < 1 || index < 0 || index >= childCount()) {
         return nullptr;
     }
-    const int row = index / stride() - 1;
-    const int column = index % stride() - headerColumns();
+    const int row = index / perRow - 1;
+    const int column = index % perRow - headerColumns();
     if (column < 0) {
         return headerAt(row, Qt::Vertical);
     }

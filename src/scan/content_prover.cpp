@@ -353,20 +353,20 @@ void ContentProver::prove(FileGroup group, ContentVerdict& verdict) {
             [&groups](FileGroup alike) { groups.push_back(std::move(alike)); }, verdict);
         for (FileGroup& alike : groups) {
             for (FileGroup& equal : proveInParallel(std::move(alike), order, leases, verdict)) {
-                tell(std::move(equal), verdict);
+                tell(equal, verdict);
             }
         }
     } else {
         proveStretch(
             std::move(group), order, {0, order.size(), true}, leases.front(),
-            [&](FileGroup equal) { tell(std::move(equal), verdict); }, verdict);
+            [&](const FileGroup& equal) { tell(equal, verdict); }, verdict);
     }
     if (!reader_.control().stop()) {
         verdict.decided(members);
     }
 }
 
-void ContentProver::tell(FileGroup group, ContentVerdict& verdict) {
+void ContentProver::tell(const FileGroup& group, ContentVerdict& verdict) {
     FileGroup kept = withoutChanged(group);
     if (kept.size() > 1) {
         std::sort(kept.begin(), kept.end());

@@ -102,7 +102,7 @@ class ContentProver final {
                                                          const ComparisonOrder& order,
                                                          std::vector<BufferPool::Lease>& leases,
                                                          ContentVerdict& verdict);
-    void tell(FileGroup group, ContentVerdict& verdict);
+    void tell(const FileGroup& group, ContentVerdict& verdict);
     [[nodiscard]] FileGroup withoutChanged(const FileGroup& group);
     [[nodiscard]] bool isOnRotationalDevice(std::uint32_t number) const;
 

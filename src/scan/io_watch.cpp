@@ -41,7 +41,7 @@ IoWatch::Slot& IoWatch::slotOfThisThread() {
         Slot* slot = nullptr;
     };
     thread_local Known known;
-    if (known.number != number_) {
+    if (known.number != number_ || known.slot == nullptr) {
         const std::lock_guard lock(mutex_);
         slots_.push_back(std::make_unique<Slot>());
         known = {number_, slots_.back().get()};
