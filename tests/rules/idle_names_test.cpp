@@ -2,25 +2,41 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cstddef>
 #include <map>
-#include <regex>
 #include <string>
 
 namespace tarvin {
 namespace {
 
-/// How often each word stands in the sources of the programs, comments aside.
+bool isPartOfAName(char character) {
+    return std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '_';
+}
+
+/// Counts each word of a source, comments aside.
+void countWords(const std::string& text, std::map<std::string, int>& counts) {
+    auto at = text.begin();
+    while (at != text.end()) {
+        if (*at == '/' && at + 1 != text.end() && at[1] == '/') {
+            at = std::find(at, text.end(), '\n');
+        } else if (isPartOfAName(*at)) {
+            const auto end = std::find_if_not(at, text.end(), isPartOfAName);
+            ++counts[std::string(at, end)];
+            at = end;
+        } else {
+            ++at;
+        }
+    }
+}
+
+/// How often each word stands in the sources of the programs.
 const std::map<std::string, int>& words() {
     static const std::map<std::string, int> counts = [] {
         std::map<std::string, int> all;
-        const std::regex comment("//[^\n]*");
-        const std::regex word("\\w+");
         for (const std::filesystem::path& file : cppFilesBelow("src")) {
-            const std::string text = std::regex_replace(readProjectFile(file), comment, "");
-            for (std::sregex_iterator at(text.begin(), text.end(), word), end; at != end; ++at) {
-                ++all[at->str()];
-            }
+            countWords(readProjectFile(file), all);
         }
         return all;
     }();
