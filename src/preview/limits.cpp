@@ -3,6 +3,7 @@
 #include "platform/confinement.h"
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <csignal>
@@ -28,7 +29,10 @@ void limit(Resource resource, rlim_t most) {
 void limitThisProcess() {
     endWithParent();
     limitThreadStacks();
-    limit(RLIMIT_CPU, 10);
+    constexpr unsigned seconds = 10;
+    std::signal(SIGALRM, SIG_DFL);
+    ::alarm(seconds);
+    limit(RLIMIT_CPU, seconds);  // whatever becomes of the alarm
     limit(RLIMIT_CORE, 0);
     // A write to a file fails instead of ending the process: libraries try, for their caches.
     std::signal(SIGXFSZ, SIG_IGN);

@@ -10,9 +10,9 @@ namespace tarvin {
 // libraries and a smaller picture beside it, that is less than 512 MB.
 
 /// What a process may use that reads files of anybody's: memory so that it costs less than 512 MB
-/// in all, with the libraries that it shares; 10 seconds of processor time; no files to write.
-/// Beyond that, it fails to get memory or is ended by the system. It ends with the process that
-/// started it. For the whole process; once, before there are threads.
+/// in all, with the libraries that it shares; 10 seconds, whether it works or waits; no files to
+/// write. Beyond that, it fails to get memory or is ended by the system. It ends with the process
+/// that started it. For the whole process; once, before there are threads.
 void limitThisProcess();
 
 /// What one image may take when it is decoded, in units of 1024 * 1024 bytes; the rest is the

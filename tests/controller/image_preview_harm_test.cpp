@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QProcess>
 #include <QSignalSpy>
 #include <chrono>
 #include <filesystem>
@@ -133,6 +134,19 @@ TEST_F(ImagePreviewOfHarm, IsNoneOfAnImageThatTakesTooLong) {
     EXPECT_GE(std::chrono::steady_clock::now() - begin, 2800ms);
     ASSERT_EQ(measured.size(), 1);
     EXPECT_EQ(measured[0][0].toSize(), QSize(50'000, 50'000));
+}
+
+TEST_F(ImagePreviewOfHarm, EndsItsProcessThoughNobodyElseDoes) {
+    QProcess process;
+    process.start(previewProgram(), QStringList());
+    ASSERT_TRUE(process.waitForStarted());
+    const auto start = std::chrono::steady_clock::now();
+    // It is never told which file it shall read.
+    EXPECT_TRUE(process.waitForFinished(15'000));
+    EXPECT_EQ(process.exitStatus(), QProcess::CrashExit);
+    EXPECT_GE(std::chrono::steady_clock::now() - start, 9s);
+    process.kill();
+    process.waitForFinished();
 }
 
 }  // namespace
