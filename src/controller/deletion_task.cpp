@@ -21,8 +21,8 @@ namespace tarvin {
 
 namespace {
 
-constexpr QPoint place{205, 114};
-constexpr int redrawMilliseconds = 33;
+constexpr QPoint previewPlace{205, 114};
+constexpr int deletionRedrawMilliseconds = 33;
 constexpr int yes = 0;
 
 }  // namespace
@@ -88,7 +88,7 @@ DeletionTask::DeletionTask(Session& session, Results& results, MainWindow& windo
     connect(panel.stopDeleteBtn, &QAbstractButton::clicked, this,
             &DeletionTask::stopDeletionProcess);
     connect(this, &DeletionTask::walkIsOver, this, &DeletionTask::finish, Qt::QueuedConnection);
-    redraw_.setInterval(redrawMilliseconds);
+    redraw_.setInterval(deletionRedrawMilliseconds);
     connect(&redraw_, &QTimer::timeout, this, &DeletionTask::showProgress);
 }
 
@@ -145,7 +145,7 @@ void DeletionTask::setDeletionView() {
 
 void DeletionTask::showDeletion() {
     window_.deletionPreview->deletionIndicator->setDone(0);
-    window_.showOver(window_.deletionPreview, place);
+    window_.showOver(window_.deletionPreview, previewPlace);
     window_.results->resultTable->hide();
 }
 

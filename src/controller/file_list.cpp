@@ -11,7 +11,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr int columns = 4;
+constexpr int listColumns = 4;
 
 // The view counts alike.
 static_assert(int{FileList::nameText} == int{ResultTable::nameText} &&
@@ -80,7 +80,7 @@ int FileList::rowCount(const QModelIndex& parent) const {
 }
 
 int FileList::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : columns;
+    return parent.isValid() ? 0 : listColumns;
 }
 
 QVariant FileList::data(const QModelIndex& index, int role) const {
@@ -98,7 +98,7 @@ QVariant FileList::data(const QModelIndex& index, int role) const {
 }
 
 QVariant FileList::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || section < 0 || section >= columns) {
+    if (orientation != Qt::Horizontal || section < 0 || section >= listColumns) {
         return {};
     }
     switch (role) {

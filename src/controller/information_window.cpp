@@ -13,7 +13,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr QPoint place{250, 200};
+constexpr QPoint windowPlace{250, 200};
 constexpr QColor background{21, 138, 162};
 
 }  // namespace
@@ -46,7 +46,7 @@ void InformationWindow::setInformationWindowWithInformationHeader(
 }
 
 void InformationWindow::showInformationWindow() {
-    window_.showOver(window_.informationWindow, place);
+    window_.showOver(window_.informationWindow, windowPlace);
 }
 
 void InformationWindow::okInformationWindow() {

@@ -13,7 +13,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr int columns = 2;
+constexpr int treeColumns = 2;
 
 // The view counts alike.
 static_assert(int{ResultTree::check} == int{ResultTreeView::check} &&
@@ -201,7 +201,7 @@ int ResultTree::rowCount(const QModelIndex& parent) const {
 }
 
 int ResultTree::columnCount(const QModelIndex& /*parent*/) const {
-    return columns;
+    return treeColumns;
 }
 
 QVariant ResultTree::data(const QModelIndex& index, int role) const {
@@ -230,7 +230,7 @@ QVariant ResultTree::data(const QModelIndex& index, int role) const {
 }
 
 QVariant ResultTree::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || section < 0 || section >= columns) {
+    if (orientation != Qt::Horizontal || section < 0 || section >= treeColumns) {
         return {};
     }
     switch (role) {

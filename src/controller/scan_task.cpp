@@ -20,7 +20,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr int redrawMilliseconds = 33;
+constexpr int scanRedrawMilliseconds = 33;
 constexpr QPoint confirmationPlace{350, 235};
 
 }  // namespace
@@ -34,7 +34,7 @@ ScanTask::ScanTask(Session& session, MainWindow& window, Alerts& alerts, Locatio
       run_(session.platform, messenger_, {.standsBack = true}) {
     // In the words that pause() compares it with.
     setPauseTitle(ScanScreenTexts::pause());
-    redraw_.setInterval(redrawMilliseconds);
+    redraw_.setInterval(scanRedrawMilliseconds);
     connect(&redraw_, &QTimer::timeout, this, &ScanTask::showProgress);
     connectControls();
 }

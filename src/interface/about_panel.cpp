@@ -17,11 +17,11 @@ namespace tarvin {
 
 namespace {
 
-constexpr int line = 1;
-constexpr int bandHeight = 28;
-constexpr int footHeight = 44;
-constexpr int margin = 33;
-constexpr QRect sentencePlace{margin, 181, 354, 40};
+constexpr int outline = 1;
+constexpr int titleHeight = 28;
+constexpr int footerHeight = 44;
+constexpr int textMargin = 33;
+constexpr QRect sentencePlace{textMargin, 181, 354, 40};
 constexpr int airUnderSentence = AboutPanel::designSize.height() - sentencePlace.bottom() - 1;
 constexpr QColor bandTitle{51, 69, 79};
 
@@ -54,14 +54,14 @@ void AboutPanel::placeControls() {
         placement->place(control, {design, atStart, down, fit});
     };
     place(makeLabel(tr("About"), look::font(12, QFont::DemiBold), bandTitle, Qt::AlignHCenter),
-          {line, line, 418, bandHeight - line});
-    place(closeButton, {391, line, 28, bandHeight - line});
-    place(icon, {margin, 61, 96, 96});
+          {outline, outline, 418, titleHeight - outline});
+    place(closeButton, {391, outline, 28, titleHeight - outline});
+    place(icon, {textMargin, 61, 96, 96});
     place(name, {153, 61, 244, 52});
     place(aboutVersion, {153, 121, 244, 20});
     place(sentence_, sentencePlace, atStart, Fit::taller);
     place(makeLabel(tr("© Tarvin Software. All rights reserved."), look::font(12), look::muted),
-          {margin, 244, 354, 43}, atEnd);
+          {textMargin, 244, 354, 43}, atEnd);
 }
 
 int AboutPanel::heightForWidth(int width) const {
@@ -73,17 +73,17 @@ int AboutPanel::heightForWidth(int width) const {
 void AboutPanel::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event)
     QPainter painter(this);
-    const QRect inside = rect().adjusted(line, line, -line, -line);
+    const QRect inside = rect().adjusted(outline, outline, -outline, -outline);
     painter.fillRect(inside, look::surface);
     QRect band = inside;
-    band.setHeight(bandHeight);
+    band.setHeight(titleHeight);
     painter.fillRect(band, look::header);
-    painter.fillRect(QRect(line, bandHeight, inside.width(), line), look::frame);
+    painter.fillRect(QRect(outline, titleHeight, inside.width(), outline), look::frame);
     QRect foot = inside;
-    foot.setTop(height() - line - footHeight);
+    foot.setTop(height() - outline - footerHeight);
     painter.fillRect(foot, look::page);
-    painter.fillRect(QRect(line, foot.top(), inside.width(), line), look::line);
-    paintFrame(painter, rect(), line, look::noticeFrame);
+    painter.fillRect(QRect(outline, foot.top(), inside.width(), outline), look::line);
+    paintFrame(painter, rect(), outline, look::noticeFrame);
 }
 
 }  // namespace tarvin

@@ -12,8 +12,8 @@ namespace tarvin {
 
 namespace {
 
-constexpr int line = 1;
-constexpr int margin = 3;
+constexpr int frameLine = 1;
+constexpr int tableMargin = 3;
 constexpr int dragLine = 2;
 
 }  // namespace
@@ -28,20 +28,21 @@ void LocationFrame::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event)
     QPainter painter(this);
     painter.fillRect(rect(), look::surface);
-    ListHeader::paintGround(painter,
-                            {line, line, width() - 2 * line, LocationTable::heightOfHeader});
+    ListHeader::paintGround(
+        painter, {frameLine, frameLine, width() - 2 * frameLine, LocationTable::heightOfHeader});
     if (table_->isDragHovering()) {
         paintFrame(painter, rect(), dragLine, look::teal);
     } else if (table_->showsFocus()) {
         paintFocusRing(painter, rect(), look::focusRing);
     } else {
-        paintFrame(painter, rect(), line, look::frame);
+        paintFrame(painter, rect(), frameLine, look::frame);
     }
 }
 
 void LocationFrame::resizeEvent(QResizeEvent* event) {
     Q_UNUSED(event)
-    table_->setGeometry(rect().adjusted(line + margin, line, -line - margin, -line - margin));
+    table_->setGeometry(rect().adjusted(frameLine + tableMargin, frameLine,
+                                        -frameLine - tableMargin, -frameLine - tableMargin));
 }
 
 }  // namespace tarvin

@@ -15,11 +15,11 @@ namespace tarvin {
 
 namespace {
 
-constexpr int line = 1;
+constexpr int noticeLine = 1;
 constexpr int bandHeight = 25;
 constexpr int footHeight = 45;
-constexpr int margin = line + 16;  ///< of the title and of the text
-constexpr int textTop = line + bandHeight;
+constexpr int noticeMargin = noticeLine + 16;  ///< of the title and of the text
+constexpr int textTop = noticeLine + bandHeight;
 constexpr int leastAir = 8;  ///< above and below the text
 constexpr QSize buttonSize{84, 27};
 constexpr int buttonAir = 10;  ///< on each side of a title
@@ -31,16 +31,16 @@ NoticePanel::NoticePanel(int width, const char* textName, QWidget* parent)
     : Panel(parent),
       text(named(new TextBlock(look::font(14), 20, look::ink), textName)),
       width_(width),
-      buttonsFrom_(width - line - 15),
+      buttonsFrom_(width - noticeLine - 15),
       placement_(new Placement(this, {width, designHeight})) {
     resize(width, designHeight);
     new PanelShadow(*this);
     text->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     QLabel* title = makeLabel(productTitle(), look::font(12, QFont::DemiBold), look::ink);
-    const int inside = width - 2 * margin;
-    placement_->place(title, {{margin, line, inside, bandHeight}, stretching, atStart});
-    const int textHeight = designHeight - textTop - line - footHeight;
-    placement_->place(text, {{margin, textTop, inside, textHeight}, stretching, stretching});
+    const int inside = width - 2 * noticeMargin;
+    placement_->place(title, {{noticeMargin, noticeLine, inside, bandHeight}, stretching, atStart});
+    const int textHeight = designHeight - textTop - noticeLine - footHeight;
+    placement_->place(text, {{noticeMargin, textTop, inside, textHeight}, stretching, stretching});
 }
 
 ButtonSettingsSaved* NoticePanel::addButton(const char* objectName, const QString& title) {
@@ -48,7 +48,7 @@ ButtonSettingsSaved* NoticePanel::addButton(const char* objectName, const QStrin
     button->setTitle(title);
     const int needed = QFontMetrics(look::font(13)).horizontalAdvance(title) + 2 * buttonAir;
     const int width = std::max(buttonSize.width(), needed);
-    const int top = designHeight - line - footHeight + 9;
+    const int top = designHeight - noticeLine - footHeight + 9;
     placement_->place(button,
                       {{buttonsFrom_ - width, top, width, buttonSize.height()}, atEnd, atEnd});
     buttonsFrom_ -= width + buttonGap;
@@ -56,8 +56,8 @@ ButtonSettingsSaved* NoticePanel::addButton(const char* objectName, const QStrin
 }
 
 int NoticePanel::heightForWidth(int width) const {
-    const int needed = text->heightForWidth(width - 2 * margin) + 2 * leastAir;
-    return std::max(designHeight, textTop + needed + footHeight + line);
+    const int needed = text->heightForWidth(width - 2 * noticeMargin) + 2 * leastAir;
+    return std::max(designHeight, textTop + needed + footHeight + noticeLine);
 }
 
 QSize NoticePanel::sizeHint() const {

@@ -13,13 +13,13 @@ namespace tarvin {
 namespace {
 
 // Left to the rest of the process: standard streams, libraries, folders being listed.
-constexpr std::size_t descriptorsForOthers = 32;
+constexpr std::size_t descriptorsNotForFiles = 32;
 constexpr std::size_t fewestDescriptors = 2;
 constexpr std::size_t mostDescriptors = 512;
 
 /// Half of what can be spared: one half is for visits, the other for files kept open.
 std::size_t openAtOnce(std::size_t limit) {
-    const std::size_t spare = limit > descriptorsForOthers ? limit - descriptorsForOthers : 0;
+    const std::size_t spare = limit > descriptorsNotForFiles ? limit - descriptorsNotForFiles : 0;
     return std::clamp(spare / 2, fewestDescriptors, mostDescriptors);
 }
 

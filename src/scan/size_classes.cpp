@@ -6,17 +6,17 @@ namespace tarvin {
 
 namespace {
 
-constexpr std::uint32_t none = 0xFFFFFFFF;
+constexpr std::uint32_t noPosition = 0xFFFFFFFF;
 
 /// The first file of each size, in a table at most half full that is probed in line.
 class FirstBySize final {
  public:
     explicit FirstBySize(std::span<File* const> files)
-        : files_(files), slots_(std::bit_ceil(files.size() * 2 + 1), none) {}
+        : files_(files), slots_(std::bit_ceil(files.size() * 2 + 1), noPosition) {}
 
     std::uint32_t& of(std::uint64_t size) {
         std::size_t slot = spread(size) & (slots_.size() - 1);
-        while (slots_[slot] != none && files_[slots_[slot]]->fileSize() != size) {
+        while (slots_[slot] != noPosition && files_[slots_[slot]]->fileSize() != size) {
             slot = (slot + 1) & (slots_.size() - 1);
         }
         return slots_[slot];
@@ -35,7 +35,7 @@ class FirstBySize final {
 }  // namespace
 
 SizeClasses::SizeClasses(std::span<File* const> files)
-    : next_(files.size(), none), classOf_(files.size(), noClass) {
+    : next_(files.size(), noPosition), classOf_(files.size(), noClass) {
     {
         // From the end, so that each file is put before those of its size that come after it.
         FirstBySize first(files);
@@ -46,13 +46,13 @@ SizeClasses::SizeClasses(std::span<File* const> files)
         }
     }
     for (std::uint32_t position = 0; position < files.size(); ++position) {
-        if (next_[position] == none || classOf_[position] != noClass) {
+        if (next_[position] == noPosition || classOf_[position] != noClass) {
             continue;
         }
         const auto number = static_cast<std::uint32_t>(heads_.size());
         heads_.push_back(position);
         counts_.push_back(0);
-        for (std::uint32_t member = position; member != none; member = next_[member]) {
+        for (std::uint32_t member = position; member != noPosition; member = next_[member]) {
             classOf_[member] = number;
             ++counts_.back();
         }
@@ -62,7 +62,7 @@ SizeClasses::SizeClasses(std::span<File* const> files)
 void SizeClasses::members(std::size_t number, std::vector<std::uint32_t>& positions) const {
     positions.clear();
     positions.reserve(counts_[number]);
-    for (std::uint32_t at = heads_[number]; at != none; at = next_[at]) {
+    for (std::uint32_t at = heads_[number]; at != noPosition; at = next_[at]) {
         positions.push_back(at);
     }
 }

@@ -27,11 +27,11 @@ constexpr std::chrono::milliseconds betweenLooksAtThePool{20};
 constexpr std::size_t fewestFoldersKeptOpen = 4;
 constexpr std::size_t mostFoldersKeptOpen = 128;
 // Left to the rest of the process: standard streams, libraries, the workers' own.
-constexpr std::size_t descriptorsForOthers = 48;
+constexpr std::size_t descriptorsNotForFolders = 48;
 
 std::size_t foldersToKeepOpen(std::size_t descriptorLimit) {
     const std::size_t spare =
-        descriptorLimit > descriptorsForOthers ? descriptorLimit - descriptorsForOthers : 0;
+        descriptorLimit > descriptorsNotForFolders ? descriptorLimit - descriptorsNotForFolders : 0;
     return std::clamp(spare / 2, fewestFoldersKeptOpen, mostFoldersKeptOpen);
 }
 
