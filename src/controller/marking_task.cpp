@@ -72,13 +72,13 @@ void MarkingTask::checkBoxClicked(const QModelIndex& clickedRow) {
     const std::shared_ptr<Set> set = results_.tree.setAt(clickedRow);
     results_.modal->changeStateOfExtension(extension, set, nullptr);
     showTotalsAndButtons();
+    results_.files.allMarksChanged();
     const int row = ResultTree::extensionRow(clickedRow);
     if (set) {
         results_.tree.marksChanged(row, ResultTree::setRow(clickedRow));
     } else {
         results_.tree.extensionChanged(row);
     }
-    results_.files.allMarksChanged();
 }
 
 void MarkingTask::tableCheckBoxClicked(int tag) {

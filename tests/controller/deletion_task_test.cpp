@@ -48,6 +48,35 @@ class DeletionTest : public DeletionBench {
     }
 };
 
+TEST_F(DeletionTest, LeavesTheButtonsAsTheMarksAreThen) {
+    clickBox(tree().indexOfSet(0, 1));
+    ASSERT_TRUE(isEnabled("unMarkAll"));
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 2");
+    click("scanInforOKBtn");
+    // Nothing is marked any more.
+    EXPECT_TRUE(isEnabled("markAll"));
+    EXPECT_TRUE(isEnabled("sortPopupBtn"));
+    EXPECT_FALSE(isEnabled("unMarkAll"));
+    EXPECT_FALSE(isEnabled("addEceptionBtn"));
+    EXPECT_FALSE(window().results->sendToRecycle->isEnabled());
+    EXPECT_FALSE(window().results->deletePermanently->isEnabled());
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 0");
+
+    // One of all that are marked stays, marked: every duplicate that is left is.
+    click("markAll");
+    ASSERT_FALSE(isEnabled("markAll"));
+    std::filesystem::remove(found("a2.jpg"));
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 1");
+    click("scanInforOKBtn");
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 1");
+    EXPECT_FALSE(isEnabled("markAll"));
+    for (const char* name : {"unMarkAll", "addEceptionBtn"}) {
+        EXPECT_TRUE(isEnabled(name)) << name;
+    }
+    EXPECT_TRUE(window().results->sendToRecycle->isEnabled());
+    EXPECT_TRUE(window().results->deletePermanently->isEnabled());
+}
+
 TEST_F(DeletionTest, MovesWhatIsMarkedAndReports) {
     click("markAll");
     click("finishButton");

@@ -58,6 +58,17 @@ TEST_F(Exceptions, OfAWholeSetLeaveTheMarksAtZero) {
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 1");
 }
 
+TEST_F(Exceptions, LeaveTheButtonsOfNothingMarked) {
+    excludeAll();
+    EXPECT_TRUE(isEnabled("markAll"));
+    EXPECT_TRUE(isEnabled("sortPopupBtn"));
+    for (const char* name : {"unMarkAll", "addEceptionBtn"}) {
+        EXPECT_FALSE(isEnabled(name)) << name;
+    }
+    EXPECT_FALSE(window().results->sendToRecycle->isEnabled());
+    EXPECT_FALSE(window().results->deletePermanently->isEnabled());
+}
+
 TEST_F(Exceptions, AreLeftAsTheyAreIfTheQuestionIsCancelled) {
     click("markAll");
     click("addEceptionBtn");

@@ -1,6 +1,8 @@
 #include "controller/comings.h"
 #include "controller/result_bench.h"
 
+#include <QSignalSpy>
+
 namespace tarvin {
 namespace {
 
@@ -50,6 +52,24 @@ TEST_F(Outline, AClickOnAnExtensionSelectsNothing) {
     EXPECT_EQ(delegate->results().selected, tree().indexOfSet(0, 1));
     EXPECT_EQ(list().rowCount(), 3);
     EXPECT_FALSE(isCovered());
+}
+
+TEST_F(Outline, WithoutASelectedSetNothingHappens) {
+    select(0, 1);
+    clickBox(tree().indexOfSet(0, 1));
+    delegate->views().sortByMenuClicked(2);
+    ASSERT_TRUE(isCovered());
+    const Lines files = names();
+    const QSignalSpy reloaded(&list(), &QAbstractItemModel::modelReset);
+    outline().clearSelection();
+    delegate->views().outlineViewSelectionDidChange();
+    EXPECT_EQ(reloaded.size(), 0);
+    EXPECT_EQ(names(), files);
+    EXPECT_EQ(textOf("selectedPath"), "Path: " + folder.pathOf("found/b1.jpg"));
+    // The effective key is set by a set alone.
+    EXPECT_EQ(delegate->views().sorting(), "CreatDate");
+    EXPECT_TRUE(isCovered());
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 2");
 }
 
 TEST_F(Outline, ArrowsSelectNothing) {

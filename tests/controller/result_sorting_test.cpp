@@ -1,6 +1,7 @@
 #include "controller/comings.h"
 #include "controller/result_bench.h"
 #include "controls/pop_up_button.h"
+#include "controls/spinner.h"
 #include "controls/toggle_button.h"
 
 #include <QAbstractItemView>
@@ -225,6 +226,36 @@ TEST_F(Sorting, OrderMenuSaysAscendingForBoth) {
     EXPECT_TRUE(asscendingBtn().isChecked());
     EXPECT_EQ(asscendingBtn().toolTip(), QStringLiteral("Ascending"));
     EXPECT_TRUE(isCovered());
+}
+
+TEST_F(Sorting, KeepsItsControlsWhenThereIsAnotherResult) {
+    chooseInMenu(3);
+    select(0, 1);
+    chooseOrder(1);
+    select(0, 0);
+    asscendingBtn().setToolTip(QStringLiteral("as it was"));
+    scanAgain();
+    click("scanInforOKBtn");
+    EXPECT_EQ(popup().selectedTag(), 4);
+    EXPECT_EQ(popup().toolTip(), QStringLiteral("Sort by modified date"));
+    EXPECT_FALSE(asscendingBtn().isChecked());
+    EXPECT_EQ(asscendingBtn().toolTip(), QStringLiteral("as it was"));
+}
+
+TEST_F(Sorting, TurnsTheSpinnerWhileTheFilesAreCovered) {
+    const Spinner& spinner = *window().loadingIndicator;
+    EXPECT_FALSE(spinner.isAnimating());
+    chooseInMenu(1);
+    ASSERT_TRUE(isCovered());
+    EXPECT_TRUE(spinner.isAnimating());
+    EXPECT_TRUE(spinner.clock().isRunning());
+    select(0, 1);
+    ASSERT_FALSE(isCovered());
+    EXPECT_FALSE(spinner.isAnimating());
+    chooseInMenu(2);
+    EXPECT_TRUE(spinner.isAnimating());
+    click("buttonHomePage");
+    EXPECT_FALSE(spinner.isAnimating());
 }
 
 }  // namespace

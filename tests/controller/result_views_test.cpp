@@ -127,6 +127,18 @@ TEST_F(Views, OfEachCategoryShowItsOwn) {
     EXPECT_EQ(flags(), onlyFlag(0));
 }
 
+TEST_F(Views, OfAllCategoriesStandInOrderAgain) {
+    writeEachCategory();
+    scanAndReview();
+    for (const char* tab : {"otherButton", "imageButton"}) {
+        click(tab);
+        click("scanInforOKBtn");
+        ASSERT_EQ(extensions().size(), 1U);
+        click("allButton");
+        EXPECT_EQ(extensions(), (Lines{"jpg", "mp4", "mp3", "doc", "bin1"})) << tab;
+    }
+}
+
 TEST_F(Views, OfAllCategoriesSumTheirTotalsAnew) {
     writeEachCategory();
     scanAndReview();
@@ -432,6 +444,18 @@ TEST_F(ViewsWithoutAResult, SayThatACategoryIsEmptyAndLeadToAll) {
         EXPECT_EQ(flags(), onlyFlag(0));
         expectTheEmptySummaryThatLeadsHome();
     }
+}
+
+TEST_F(ViewsWithoutAResult, StayWhereTheyAreWhenNoneIsChosen) {
+    window().selectTabViewItem(QStringLiteral("4"));
+    ASSERT_EQ(delegate->results().modal, nullptr);
+    delegate->results().tabs = {};
+    window().showOver(window().informationWindow, {250, 200});
+    click("scanInforOKBtn");
+    EXPECT_EQ(screen(), QStringLiteral("4"));
+    EXPECT_EQ(information(), Lines());
+    EXPECT_EQ(covers(), 0U);
+    EXPECT_EQ(flags(), (std::array<bool, 6>{}));
 }
 
 TEST_F(ViewsWithoutAResult, TakeACategoryThatWasNotComparedForEmpty) {
