@@ -15,6 +15,7 @@
 #include <QImageWriter>
 #include <QPainter>
 #include <QSignalSpy>
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -82,7 +83,12 @@ class ImagePreviewFixture : public ::testing::Test {
     }
 
     FileTree tree_;
+#ifdef TARVIN_SANITIZED
+    // The program takes several times as long; less than a test waits.
+    ImagePreview preview_{previewProgram(), std::chrono::seconds(18)};
+#else
     ImagePreview preview_{previewProgram()};
+#endif
     QSignalSpy ready_{&preview_, &ImagePreview::ready};
     QSignalSpy nothing_{&preview_, &ImagePreview::nothing};
     QSignalSpy measured_{&preview_, &ImagePreview::measured};

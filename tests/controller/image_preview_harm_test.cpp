@@ -142,7 +142,7 @@ TEST_F(ImagePreviewOfHarm, EndsItsProcessThoughNobodyElseDoes) {
     ASSERT_TRUE(process.waitForStarted());
     const auto start = std::chrono::steady_clock::now();
     // It is never told which file it shall read.
-    EXPECT_TRUE(process.waitForFinished(15'000));
+    EXPECT_TRUE(process.waitForFinished(25'000));
     EXPECT_EQ(process.exitStatus(), QProcess::CrashExit);
     EXPECT_GE(std::chrono::steady_clock::now() - start, 9s);
     process.kill();
