@@ -29,9 +29,15 @@ class MarksOnScreen : public ThreeSetsBench {
         return table().visualRect(list().index(row, ResultTable::ButtonCell)).center();
     }
 
-    /// Whether the screen shows the teal of a mark beside the middle of a box.
+    /// Whether the screen shows a box with a mark in it, which may be a mixed one.
     static bool isFilled(const QWidget* viewport, const QPoint& box) {
-        return onScreen(*viewport).pixelColor(box - QPoint(6, 0)) == QColor(14, 116, 138);
+        const QImage screen = onScreen(*viewport);
+        for (int x = box.x() - 6; x <= box.x() + 6; ++x) {
+            if (screen.pixelColor(x, box.y()) == QColor(14, 116, 138)) {
+                return true;
+            }
+        }
+        return false;
     }
     [[nodiscard]] bool isMarked(int extension, int set) {
         return isFilled(outline().viewport(), boxOf(tree().indexOfSet(extension, set)));

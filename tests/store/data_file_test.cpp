@@ -221,8 +221,9 @@ TEST_F(DataFileTest, OnAFullDiskStaysAsItWasAndCountsInMemory) {
 // A list that cannot be read for the moment may be whole.
 TEST_F(DataFileTest, ThatTheSystemCannotReadNowIsNotReplaced) {
     write(plistText("<dict><key>deletedCount</key><integer>3</integer></dict>"));
-    const std::string old = contentOf(path_);
     DataFile data(own_);
+    ASSERT_FALSE(data.addDeleted(1, 1));
+    const std::string old = contentOf(path_);
     rlimit allowed{};
     ::getrlimit(RLIMIT_NOFILE, &allowed);
     // One for the lock, none for the list.
