@@ -36,8 +36,7 @@ void Screen::setShortcutsEnabled(bool enabled) {
 void Screen::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (!wasSeen_) {
-        QMetaObject::invokeMethod(
-            this, [this] { wasSeen_ = wasSeen_ || isVisible(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "rememberThatItIsSeen", Qt::QueuedConnection);
     }
 }
 

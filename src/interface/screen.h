@@ -38,6 +38,8 @@ class Screen : public QWidget {
 
     /// Whether it has been on the screen at any time.
     [[nodiscard]] bool wasSeen() const { return wasSeen_; }
+    /// It is on the screen now, if it is still shown. Called by its name.
+    Q_INVOKABLE void rememberThatItIsSeen() { wasSeen_ = wasSeen_ || isVisible(); }
 
     /// Switches the shortcuts of addShortcut() off and on again.
     void setShortcutsEnabled(bool enabled);
