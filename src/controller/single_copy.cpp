@@ -6,7 +6,7 @@
 namespace tarvin {
 
 SingleCopy::SingleCopy(RunningCopies& copies) : copies_(copies) {
-    connect(this, &SingleCopy::asked, this, &SingleCopy::pass, Qt::QueuedConnection);
+    connect(this, &SingleCopy::asked, this, &SingleCopy::emitKept, Qt::QueuedConnection);
     if (const auto joined = copies_.join(requests())) {
         self_ = *joined;
     }
@@ -34,29 +34,41 @@ bool SingleCopy::keepFirst(const std::vector<std::string>& folders) {
 
 void SingleCopy::listen() {
     listens_ = true;
-    for (const std::function<void()>& signal : std::exchange(kept_, {})) {
-        signal();
-    }
+    emitKept();
 }
 
 CopyRequests SingleCopy::requests() {
-    return {.quit = [this] { Q_EMIT asked([this] { Q_EMIT quitRequested(); }); },
-            .comeToFront =
-                [this](const std::string& token) {
-                    Q_EMIT asked(
-                        [this, token] { Q_EMIT frontRequested(QByteArray::fromStdString(token)); });
-                },
-            .openFolders =
-                [this](const std::vector<std::string>& folders) {
-                    Q_EMIT asked([this, folders] { Q_EMIT foldersRequested(folders); });
-                }};
+    return {
+        .quit = [this] { keep([this] { Q_EMIT quitRequested(); }); },
+        .comeToFront =
+            [this](const std::string& token) {
+                keep([this, token] { Q_EMIT frontRequested(QByteArray::fromStdString(token)); });
+            },
+        .openFolders =
+            [this](const std::vector<std::string>& folders) {
+                keep([this, folders] { Q_EMIT foldersRequested(folders); });
+            }};
 }
 
-void SingleCopy::pass(const std::function<void()>& signal) {
-    if (listens_) {
+void SingleCopy::keep(std::function<void()> signal) {
+    {
+        const std::lock_guard lock(mutex_);
+        kept_.push_back(std::move(signal));
+    }
+    Q_EMIT asked();
+}
+
+void SingleCopy::emitKept() {
+    if (!listens_) {
+        return;
+    }
+    std::vector<std::function<void()>> emissions;
+    {
+        const std::lock_guard lock(mutex_);
+        emissions = std::exchange(kept_, {});
+    }
+    for (const std::function<void()>& signal : emissions) {
         signal();
-    } else {
-        kept_.push_back(signal);
     }
 }
 

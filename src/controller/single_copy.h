@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QObject>
 #include <functional>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -41,15 +42,18 @@ class SingleCopy final : public QObject {
     /// Absolute paths, native bytes.
     void foldersRequested(const std::vector<std::string>& folders);
 
-    /// From the thread of the requests to this one: emit `signal` when somebody listens.
-    void asked(const std::function<void()>& signal);
+    /// From the thread of the requests to this one: something was asked.
+    void asked();
 
  private:
     CopyRequests requests();
-    void pass(const std::function<void()>& signal);
+    /// On any thread: has `signal` emitted on this one as soon as somebody listens.
+    void keep(std::function<void()> signal);
+    void emitKept();
 
     RunningCopies& copies_;
-    std::vector<std::function<void()>> kept_;  // while nobody listens
+    std::mutex mutex_;
+    std::vector<std::function<void()>> kept_;  // guarded by mutex_
     bool listens_ = false;
     std::optional<RunningCopy> self_;  // none if it could not join
 };
