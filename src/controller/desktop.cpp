@@ -26,7 +26,7 @@ class QtDesktop final : public Desktop {
         }
         // Encoded byte by byte: a path need not be text.
         const QByteArray encoded = QByteArray::fromStdString(path).toPercentEncoding("/");
-        return QDesktopServices::openUrl(QUrl::fromEncoded("file://" + encoded));
+        return QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray("file://" + encoded)));
     }
 
     bool openAddress(const QString& address) override {

@@ -1,12 +1,10 @@
 #include "store/property_list.h"
 
+#include "store/plist_library.h"
 #include "store/property_list_check.h"
-
-#include <plist/plist.h>
 
 #include <charconv>
 #include <cstddef>
-#include <cstdlib>
 #include <limits>
 #include <system_error>
 
@@ -82,8 +80,7 @@ std::optional<PropertyList> PropertyList::parse(std::string_view bytes) {
         !isHarmlessPropertyList(bytes)) {
         return std::nullopt;
     }
-    plist_t root = nullptr;
-    plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
+    plist_t root = readPropertyList(bytes);
     return root == nullptr ? std::nullopt : std::optional(PropertyList(root));
 }
 
@@ -178,7 +175,7 @@ std::string PropertyList::xml() const {
     std::uint32_t length = 0;
     plist_to_xml(root_.get(), &text, &length);
     std::string copy(text == nullptr ? "" : text, text == nullptr ? 0 : length);
-    plist_to_xml_free(text);
+    freeWrittenList(text);
     return copy;
 }
 

@@ -1,6 +1,7 @@
 #include "store/data_file.h"
 
 #include "store/exception_file.h"
+#include "store/plist_library.h"
 #include "store/plist_text.h"
 #include "store/property_list.h"
 #include "support/file_content.h"
@@ -8,7 +9,6 @@
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
-#include <plist/plist.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -42,7 +42,7 @@ std::string binaryDictionary() {
     std::uint32_t length = 0;
     plist_to_bin(dictionary, &bytes, &length);
     std::string copy(bytes, length);
-    plist_to_bin_free(bytes);
+    freeWrittenList(bytes);
     plist_free(dictionary);
     return copy;
 }

@@ -1,16 +1,15 @@
 #include "store/exception_file.h"
 
+#include "store/plist_library.h"
 #include "store/plist_text.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
-#include <plist/plist.h>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -55,7 +54,7 @@ TEST_F(ExceptionFile, ReadsBinaryListsToo) {
     std::uint32_t length = 0;
     plist_to_bin(array, &bytes, &length);
     const ExceptionList list = read(std::string(bytes, length));
-    std::free(bytes);  // NOLINT(cppcoreguidelines-no-malloc): allocated by the library
+    freeWrittenList(bytes);
     plist_free(array);
     EXPECT_FALSE(list.error);
     EXPECT_EQ(list.paths, (Paths{"/photos/grün.jpg", "/photos/b.jpg"}));
