@@ -1,5 +1,7 @@
 #include "platform/durable_file.h"
 
+#include "platform/exclusive_rename.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -94,7 +96,8 @@ void syncFolderOf(const std::string& path) {
 /// False, with EEXIST, where something stands at `to`. Not every file system can look and rename in
 /// one step; there the caller's lock keeps other copies of the program away in between.
 bool renameToFree(const std::string& from, const std::string& to) {
-    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
+    errno = renameExclusively(from, to);
+    if (errno == 0) {
         return true;
     }
     if (errno != EINVAL && errno != ENOSYS) {
