@@ -6,11 +6,11 @@ namespace tarvin {
 
 struct Md5::State {
     struct Free {
-        void operator()(GChecksum* checksum) const { g_checksum_free(checksum); }
+        void operator()(GChecksum* one) const { g_checksum_free(one); }
     };
-    using Checksum = std::unique_ptr<GChecksum, Free>;
+    using Pointer = std::unique_ptr<GChecksum, Free>;
 
-    Checksum checksum{g_checksum_new(G_CHECKSUM_MD5)};
+    Pointer checksum{g_checksum_new(G_CHECKSUM_MD5)};
 };
 
 Md5::Md5() : state_(std::make_unique<State>()) {}
@@ -28,7 +28,7 @@ void Md5::update(std::span<const std::byte> bytes) {
 
 std::string Md5::hexDigest() const {
     // Asking a checksum ends it; a copy is asked, so that this one can go on.
-    const State::Checksum ended(g_checksum_copy(state_->checksum.get()));
+    const State::Pointer ended(g_checksum_copy(state_->checksum.get()));
     return g_checksum_get_string(ended.get());
 }
 

@@ -1,5 +1,7 @@
 #include "platform/file_system.h"
 
+#include "platform/raw_array.h"
+
 #include <system_error>
 
 namespace tarvin {
@@ -27,6 +29,6 @@ void Descriptor::reset() {
 }
 
 EntryBlock::EntryBlock(std::size_t capacity)
-    : bytes_(std::make_unique_for_overwrite<std::byte[]>(capacity)), capacity_(capacity) {}
+    : bytes_(makeRawArray<std::byte>(capacity)), capacity_(capacity) {}
 
 }  // namespace tarvin

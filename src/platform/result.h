@@ -10,6 +10,8 @@ namespace tarvin {
 struct SystemError {
     int code = 0;
 
+    bool operator==(const SystemError&) const = default;
+
     /// The system's own words for it, in the language of the process.
     [[nodiscard]] std::string text() const;
 };

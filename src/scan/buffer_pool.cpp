@@ -1,5 +1,7 @@
 #include "scan/buffer_pool.h"
 
+#include "platform/raw_array.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -70,7 +72,7 @@ std::unique_ptr<std::byte[]> BufferPool::takeSlab() {
         }
         ++slabsMade_;
     }
-    return std::make_unique_for_overwrite<std::byte[]>(slabBytes);
+    return makeRawArray<std::byte>(slabBytes);
 }
 
 void BufferPool::giveBack(std::vector<std::unique_ptr<std::byte[]>>&& slabs) {
