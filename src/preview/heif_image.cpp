@@ -89,7 +89,16 @@ heif_reader_grow_status waitForHeif(std::int64_t size, void* userData) {
                                                : heif_reader_grow_status_size_beyond_eof;
 }
 
-constexpr heif_reader heifReader{1, heifPosition, readHeif, seekHeif, waitForHeif};
+/// Of the first version of its interface; later ones have members more.
+constexpr heif_reader heifReader = [] {
+    heif_reader reader{};
+    reader.reader_api_version = 1;
+    reader.get_position = heifPosition;
+    reader.read = readHeif;
+    reader.seek = seekHeif;
+    reader.wait_for_file_size = waitForHeif;
+    return reader;
+}();
 
 /// By the brand that the file names first, or one of those that it is compatible with. Videos begin
 /// alike.
