@@ -72,7 +72,7 @@ void walk(DIR* directory, const std::string& path, std::vector<FoundFile>& files
         if (isDotEntry(name)) {
             continue;
         }
-        struct stat status {};
+        struct stat status{};
         if (entry->d_type == DT_DIR) {
             if (const DirectoryHandle child = openDirectory(descriptor, name)) {
                 walk(child.get(), path + "/" + name, files);

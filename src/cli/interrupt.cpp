@@ -10,7 +10,7 @@ namespace {
 
 /// As under nohup, or in the background of a shell without job control.
 bool isIgnored(int signal) {
-    struct sigaction action {};
+    struct sigaction action{};
     return ::sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
 }
 

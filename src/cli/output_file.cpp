@@ -18,7 +18,7 @@ constexpr mode_t readableAndWritable = 0666;  // less what the user's mask takes
 
 /// What stands at a path, symbolic links followed: none if nothing does.
 Result<std::optional<struct stat>> statusOf(const std::string& path) {
-    struct stat status {};
+    struct stat status{};
     if (::stat(path.c_str(), &status) == 0) {
         return std::optional(status);
     }
@@ -30,7 +30,7 @@ Result<std::optional<struct stat>> statusOf(const std::string& path) {
 
 /// "/dev/stdout" and the like: to replace what the shell has opened would lose what is in it.
 bool isStandardOutput(const struct stat& status) {
-    struct stat ours {};
+    struct stat ours{};
     return ::fstat(STDOUT_FILENO, &ours) == 0 && ours.st_dev == status.st_dev &&
            ours.st_ino == status.st_ino;
 }

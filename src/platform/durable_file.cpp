@@ -73,7 +73,7 @@ std::optional<SystemError> writeNew(const std::string& path, const std::string& 
     if (!file) {
         return lastError();
     }
-    struct stat old {};
+    struct stat old{};
     if (::stat(like.c_str(), &old) == 0) {
         // Not every file system knows permissions; that is no reason to lose what is written.
         static_cast<void>(::fchmod(file.number(), old.st_mode & 0777U));
@@ -103,7 +103,7 @@ bool renameToFree(const std::string& from, const std::string& to) {
     if (errno != EINVAL && errno != ENOSYS) {
         return false;
     }
-    struct stat status {};
+    struct stat status{};
     if (::lstat(to.c_str(), &status) == 0) {
         errno = EEXIST;
         return false;
@@ -158,7 +158,7 @@ std::optional<SystemError> makeFolders(const std::string& path) {
             failure = lastError();  // those that come after only follow from it
         }
     }
-    struct stat status {};
+    struct stat status{};
     if (::stat(path.c_str(), &status) == 0) {
         // What matters is whether the last one is there.
         return S_ISDIR(status.st_mode) ? std::nullopt : std::optional(SystemError{ENOTDIR});

@@ -45,7 +45,7 @@ int write(const std::string& path, const std::string& text) {
 }
 
 mode_t modeOf(const std::string& path) {
-    struct stat status {};
+    struct stat status{};
     return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
 }
 

@@ -36,8 +36,7 @@ TEST(ProgressLine, IsDrawnAgainWhenThereIsSomethingNew) {
     Pipe pipe;
     std::atomic<int> number{1};
     std::optional<ProgressLine> line;
-    line.emplace(
-        pipe.writing(), [&] { return at(std::to_string(number)); }, quick);
+    line.emplace(pipe.writing(), [&] { return at(std::to_string(number)); }, quick);
     EXPECT_EQ(pipe.readUntil("\x1B[K"), "\rCollecting Files: 1  00:00:00\x1B[K");
     number = 2;
     EXPECT_EQ(pipe.readUntil("\x1B[K"), "\rCollecting Files: 2  00:00:00\x1B[K");

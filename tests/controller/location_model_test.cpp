@@ -222,7 +222,9 @@ TEST_F(LocationChanges, ReachTheViews) {
 TEST_F(LocationChanges, OutliveTheModel) {
     {
         LocationList list(platform_);
-        { const LocationModel model(list); }
+        {
+            const LocationModel model(list);
+        }
         list.addFolders({"/a"});
         list.markAllExact();
         list.removeAllRows();

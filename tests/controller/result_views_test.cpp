@@ -257,7 +257,7 @@ class EmptyViews : public Views {
     /// The tab of a category without duplicates: says so and changes nothing behind it, and its
     /// answer leads to all categories.
     void expectNothingIn(std::size_t view, const char* picture,
-                         bool SummariesShown::*summaryIsShown) {
+                         bool SummariesShown::* summaryIsShown) {
         click("markAll");
         select(0, 0);
         const Lines before{textOf("selectedCount"), textOf("selectedSize"), textOf("selectedPath")};

@@ -42,8 +42,7 @@ class Scanning : public ProductBench {
 
     void beginAndHoldCollection() {
         writeDuplicates();
-        files.beforeCall(
-            FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
+        files.beforeCall(FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
         begin();
         EXPECT_TRUE(comesTrue([this] { return barrier.isReached(); }));
     }
@@ -142,8 +141,7 @@ TEST_F(Scanning, NamesTheFileItIsAt) {
     folder.writeFile("photos/a/4.txt", "equal");
     folder.makeFolder("photos/b");
     files.setListingOrder(ListingOrder::sorted);
-    files.beforeCall(
-        FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos/b");
+    files.beforeCall(FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos/b");
     files.beforeCall(FileCall::openFile, FaultyFileSystem::each, [this] { second.wait(); });
     begin();
     const auto names = [&](const char* beginning) {
@@ -212,8 +210,7 @@ TEST_F(Scanning, StandsStillOnTheScreenDuringAPause) {
 
 TEST_F(Scanning, LetsTheBarRestWhileTheCollectionIsPaused) {
     writeDuplicates();
-    files.beforeCall(
-        FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
+    files.beforeCall(FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
     begin();
     EXPECT_TRUE(comesTrue([this] { return barrier.isReached(); }));
     EXPECT_TRUE(comesTrue([this] { return bar().clock().isRunning(); }));
@@ -272,8 +269,7 @@ TEST_F(Scanning, ThatEndsTakesTheNoticeOfClosingAway) {
 }
 
 TEST_F(Scanning, WithoutFilesTakesNoticeAndQuestionAway) {
-    files.beforeCall(
-        FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
+    files.beforeCall(FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
     begin();
     ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
     click("stopButton");
@@ -365,8 +361,7 @@ TEST_F(Scanning, StoppedWhileItComparesShowsWhatWasProven) {
 
 TEST_F(Scanning, StoppedBetweenTwoLocationsShowsAnEmptyResultAndResetsEverything) {
     writeDuplicates();
-    files.beforeCall(
-        FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
+    files.beforeCall(FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
     launch({folder.pathOf("photos"), folder.makeFolder("more")});
     click("findDuplicateExact");
     ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
@@ -386,8 +381,7 @@ TEST_F(Scanning, StoppedInTheLastLocationComparesNothing) {
     writeDuplicates();
     folder.writeFile("photos/inner/last.txt", "last");
     files.setListingOrder(ListingOrder::sorted);
-    files.beforeCall(
-        FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos/inner");
+    files.beforeCall(FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos/inner");
     begin();
     ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
     click("stopButton");
@@ -438,8 +432,7 @@ TEST_F(Scanning, ASecondScanKnowsNothingOfTheFirst) {
     EXPECT_TRUE(comesTo("4"));
     click("scanInforOKBtn");
     click("buttonHomePage");
-    files.beforeCall(
-        FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
+    files.beforeCall(FileCall::listEntries, 1, [this] { barrier.wait(); }, "photos");
     delegate->locations().openWith({folder.pathOf("photos")});
     click("findDuplicateExact");
     EXPECT_TRUE(comesTrue([this] { return barrier.isReached(); }));

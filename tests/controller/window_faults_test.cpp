@@ -221,8 +221,7 @@ TEST_F(Closing, BehindTheAboutPanelEnds) {
 TEST_F(Closing, IsRefusedWhileFilesAreCollected) {
     folder.writeFile("Pictures/a.jpg", "equal");
     Barrier barrier;
-    files.beforeCall(
-        FileCall::listEntries, 1, [&barrier] { barrier.wait(); }, "Pictures");
+    files.beforeCall(FileCall::listEntries, 1, [&barrier] { barrier.wait(); }, "Pictures");
     delegate->locations().openWith({folder.pathOf("Pictures")});
     click("findDuplicateExact");
     ASSERT_TRUE(comesTrue([&] { return barrier.isReached(); }));

@@ -56,7 +56,7 @@ TEST(ConfinementToOpenFiles, LeavesWhatIsOpen) {
     const int file = ::open(folder.writeFile("a", "some text").c_str(), O_RDONLY | O_CLOEXEC);
     ASSERT_GE(file, 0);
     EXPECT_EQ(inConfinedChild([file] {
-                  struct stat attributes {};
+                  struct stat attributes{};
                   std::array<char, 4> bytes{};
                   const bool isRead = ::fstat(file, &attributes) == 0 && attributes.st_size == 9 &&
                                       ::lseek(file, 5, SEEK_SET) == 5 &&
@@ -119,8 +119,8 @@ TEST(ConfinementToOpenFiles, LooksUpNoPath) {
     const TemporaryFolder folder;
     const std::string path = folder.writeFile("a", "some text");
     EXPECT_EQ(inConfinedChild([&] {
-                  struct stat attributes {};
-                  struct statx more {};
+                  struct stat attributes{};
+                  struct statx more{};
                   std::array<char, 8> target{};
                   const bool isRefusedAll =
                       isRefused(::stat(path.c_str(), &attributes)) &&

@@ -258,7 +258,7 @@ TEST_F(FileSystemAttributes, HoldWhatTheFileSystemRecords) {
     const std::string path = tree_.writeFile("file", "12345");
     setTimes(path, {1'600'000'000, 0}, {1'700'000'000, 123'456'789});
     const FileAttributes attributes = attributesAt(tree_.path(), "file");
-    struct stat expected {};
+    struct stat expected{};
     ASSERT_EQ(::lstat(path.c_str(), &expected), 0);
     EXPECT_EQ(attributes.type, EntryType::regular);
     EXPECT_FALSE(attributes.immutable);
@@ -274,7 +274,7 @@ TEST_F(FileSystemAttributes, HoldTheTimeOfCreation) {
     setTimes(path, {1, 0}, {2, 0});
     const std::optional<Timestamp> created = attributesAt(tree_.path(), "file").created;
     if (!created) {
-        struct statx answer {};
+        struct statx answer{};
         ::statx(AT_FDCWD, path.c_str(), 0, STATX_BTIME, &answer);
         EXPECT_EQ(answer.stx_mask & STATX_BTIME, 0u);
         std::cout << "The temporary folder's file system records no time of creation\n";
@@ -302,7 +302,7 @@ TEST_F(FileSystemAttributes, HoldTimesBeyondTheirRangeAtItsEnds) {
     for (const Row& row : {Row{10'413'792'000, Timestamp::max()},
                            Row{-10'413'792'000, Timestamp(-9'223'372'035s)}}) {
         setTimes(path, {0, 0}, {row.seconds, 0});
-        struct stat kept {};
+        struct stat kept{};
         ASSERT_EQ(::stat(path.c_str(), &kept), 0);
         if (kept.st_mtim.tv_sec != row.seconds) {
             std::cout << "The temporary folder's file system records no time as far as "
@@ -767,7 +767,7 @@ TEST_F(FileSystemReading, DoesNotCountAsAUseOfTheFile) {
         std::vector<std::byte> bytes(5);
         EXPECT_TRUE(fileSystem_.readCachedAt(opened, 0, bytes));
     }
-    struct stat after {};
+    struct stat after{};
     ASSERT_EQ(::stat(path.c_str(), &after), 0);
     EXPECT_EQ(after.st_atim.tv_sec, 1'000'000'000);
 }

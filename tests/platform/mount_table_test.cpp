@@ -137,7 +137,7 @@ TEST(MountTable, ThatCannotBeReadIsNone) {
 TEST(MountTable, OfThisProcessKnowsTheProcessTable) {
     const auto entries = readMountInfo();
     ASSERT_TRUE(entries);
-    struct stat status {};
+    struct stat status{};
     ASSERT_EQ(::stat("/proc/self/status", &status), 0);
     const auto found = std::find_if(entries->begin(), entries->end(), [&](const MountEntry& entry) {
         return entry.device == status.st_dev;

@@ -149,7 +149,9 @@ TEST_F(RunningCopiesTest, ComeAfterAllThatRun) {
 }
 
 TEST_F(RunningCopiesTest, LeaveNothingBehind) {
-    { const Copy copy(folders_); }
+    {
+        const Copy copy(folders_);
+    }
     EXPECT_EQ(files(), std::set<std::string>{});
 }
 
@@ -253,7 +255,9 @@ TEST_F(MeetingPlace, KeepsWhatIsNotOfCopies) {
     for (const std::string& name : others) {
         tree_.writeFile("meeting/" + name);
     }
-    { const Copy copy(folders_); }
+    {
+        const Copy copy(folders_);
+    }
     EXPECT_EQ(files(), others);
 }
 

@@ -34,7 +34,7 @@ class CheckedTrashTest : public ::testing::Test {
     }
 
     void add(const std::string& path) {
-        struct stat status {};
+        struct stat status{};
         ASSERT_EQ(::stat(path.c_str(), &status), 0);
         const std::chrono::nanoseconds modified = std::chrono::seconds(status.st_mtim.tv_sec) +
                                                   std::chrono::nanoseconds(status.st_mtim.tv_nsec);
@@ -144,7 +144,7 @@ TEST_F(CheckedTrashTest, TheSameNameBehindALinkIsNoOther) {
     Set set;
     const std::string real = folder_.writeFile("real/x.txt", "same");
     folder_.makeLink("alias", "real");
-    struct stat status {};
+    struct stat status{};
     ASSERT_EQ(::stat(real.c_str(), &status), 0);
     const Timestamp modified(std::chrono::seconds(status.st_mtim.tv_sec) +
                              std::chrono::nanoseconds(status.st_mtim.tv_nsec));

@@ -113,7 +113,7 @@ std::vector<LocationRow> folderRows(const Names& paths) {
 }
 
 FileIdentity identityOf(const std::string& path) {
-    struct stat answer {};
+    struct stat answer{};
     EXPECT_EQ(::stat(path.c_str(), &answer), 0) << path;
     return {answer.st_dev, answer.st_ino};
 }
@@ -986,14 +986,14 @@ class PlainWalk final {
     }
 
     void walk(const std::string& folder) {
-        struct stat own {};
+        struct stat own{};
         if (::stat(folder.c_str(), &own) != 0 || !S_ISDIR(own.st_mode) ||
             !walked_.emplace(own.st_dev, own.st_ino).second) {
             return;
         }
         for (const std::string& name : namesIn(folder)) {
             const std::string path = folder + "/" + name;
-            struct stat entry {};
+            struct stat entry{};
             if (isPassedOver(name) || ::lstat(path.c_str(), &entry) != 0) {
                 continue;
             }

@@ -132,7 +132,7 @@ FileAttributes toAttributes(const struct statx& from) {
 }
 
 Result<FileAttributes> attributesFrom(int directory, const char* name, int flags) {
-    struct statx answer {};
+    struct statx answer{};
     while (::statx(directory, name, flags | AT_NO_AUTOMOUNT, attributeMask, &answer) != 0) {
         if (errno != EINTR) {
             return SystemError{errno};

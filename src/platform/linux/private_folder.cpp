@@ -12,7 +12,7 @@ namespace tarvin {
 namespace {
 
 bool isPrivate(int folder) {
-    struct stat status {};
+    struct stat status{};
     return ::fstat(folder, &status) == 0 && status.st_uid == ::geteuid() &&
            (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
 }

@@ -54,7 +54,7 @@ class Library final {
 constexpr std::uint64_t leastRoom = 64 * 1024;
 
 bool isLink(const std::string& path) {
-    struct stat status {};
+    struct stat status{};
     return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
@@ -73,7 +73,7 @@ std::string folderOf(const std::string& path) {
 std::string volumeOf(std::string folder, dev_t device) {
     while (folder != "/") {
         std::string above = folderOf(folder);
-        struct stat status {};
+        struct stat status{};
         if (::stat(above.c_str(), &status) != 0 || status.st_dev != device) {
             break;
         }
@@ -93,7 +93,7 @@ bool isAstray(const Library& library) {
 class DesktopTrash final : public Trash {
  public:
     bool fileExistsAtPath(const std::string& path) override {
-        struct stat status {};
+        struct stat status{};
         return ::stat(path.c_str(), &status) == 0;
     }
 
@@ -114,8 +114,8 @@ class DesktopTrash final : public Trash {
     bool hasPlaceFor(const std::string& path, const Library& library) {
         const auto homeTrash = homeTrashFolder(processEnvironment());
         const auto home = homeFolder(processEnvironment());
-        struct stat item {};
-        struct stat homeStatus {};
+        struct stat item{};
+        struct stat homeStatus{};
         if (!homeTrash || !home || ::lstat(path.c_str(), &item) != 0 ||
             ::stat(home->c_str(), &homeStatus) != 0 || !hasRoom(folderOf(path))) {
             return false;
@@ -133,7 +133,7 @@ class DesktopTrash final : public Trash {
     }
 
     static bool hasRoom(const std::string& folder) {
-        struct statvfs status {};
+        struct statvfs status{};
         return ::statvfs(folder.c_str(), &status) == 0 &&
                std::uint64_t{status.f_bavail} * status.f_frsize >= leastRoom;
     }
