@@ -1,6 +1,14 @@
 # shellcheck shell=bash
-# What the project needs from Debian 12, in one place, and how it is installed. Sourced by ./run
-# and ./test.
+# What the project needs from Debian 12 and 13, in one place, and how it is installed. Sourced by
+# ./run, ./test and the scripts beside it.
+
+# The release that this system is of: bookworm is Debian 12, trixie is Debian 13.
+releaseName() {
+    local name='' value
+    while IFS='=' read -r name value; do
+        [[ $name != VERSION_CODENAME ]] || printf '%s' "${value//\"/}"
+    done 2>/dev/null </etc/os-release
+}
 
 # To build the programs.
 # shellcheck disable=SC2034  # read by the scripts that source this one
@@ -25,15 +33,20 @@ buildPackages=(
     qt6-tools-dev-tools
     qt6-wayland
 )
+if [[ $(releaseName) != bookworm ]]; then
+    buildPackages+=(qt6-svg-plugins)  # a part of qt6-svg-dev before
+fi
 
-# To build and run the tests and the benchmarks, and to check the sources.
+# To build and run the tests and the benchmarks, and to check the sources. How a source is to be
+# written depends on the version of what checks it: both releases have 19.
 # shellcheck disable=SC2034
 testPackages=(
     appstream
     at-spi2-core
     ccache
-    clang-format
-    clang-tidy
+    clang-19
+    clang-format-19
+    clang-tidy-19
     dbus
     desktop-file-utils
     e2fsprogs
@@ -44,6 +57,8 @@ testPackages=(
     iproute2
     libatspi2.0-dev
     libbenchmark-dev
+    libc++-19-dev
+    libc++abi-19-dev
     libgmock-dev
     libglib2.0-bin
     libgtest-dev
@@ -75,8 +90,8 @@ packagingPackages=(
 # To feed the readers of files with what chance makes.
 # shellcheck disable=SC2034
 fuzzPackages=(
-    clang
-    libclang-rt-14-dev
+    clang-19
+    libclang-rt-19-dev
 )
 
 # Prints those of the named packages that are not installed, one a line.
@@ -95,33 +110,51 @@ missingPackages() {
     done
 }
 
+# Runs its arguments and keeps what they print for when they fail. The log has what they printed.
+inLog() {
+    local log=$1
+    shift
+    if ! "$@" </dev/null >>"$log" 2>&1; then
+        tail -n 30 -- "$log" >&2
+        return 1
+    fi
+}
+
 # Installs what is missing of the named packages, as root or through sudo, and prints to standard
 # error only. Does nothing, quickly, if nothing is missing.
 ensurePackages() {
-    local -a missing asRoot
+    local -a missing asRoot=() install=(apt-get install --no-install-recommends)
+    local log amount
     if ! command -v dpkg-query >/dev/null; then
-        printf 'This is no Debian system: please install what is missing yourself.\n' >&2
+        printf 'This is no Debian system: please install what is missing yourself (see README.md).\n' >&2
         return 0
     fi
     mapfile -t missing < <(missingPackages "$@")
     if ((${#missing[@]} == 0)); then
         return 0
     fi
-    printf 'Installing: %s\n' "${missing[*]}" >&2
-    if ((EUID == 0)); then
-        asRoot=(env)
-    elif command -v sudo >/dev/null; then
-        asRoot=(sudo env)
-    else
-        printf 'That takes root or sudo, and there is neither. As root, please run:\n' >&2
-        printf '  apt-get update && apt-get install %s\n' "${missing[*]}" >&2
-        return 1
+    printf 'To be installed: %s\n' "${missing[*]}" >&2
+    if (($(id -u) != 0)); then
+        if ! command -v sudo >/dev/null; then
+            printf 'That takes root or sudo, and there is neither. As root, please run:\n' >&2
+            printf '  apt-get update && %s %s\n' "${install[*]}" "${missing[*]}" >&2
+            return 1
+        fi
+        asRoot=(sudo)
     fi
-    asRoot+=(DEBIAN_FRONTEND=noninteractive apt-get -qq -o Acquire::Retries=3
-        -o DPkg::Lock::Timeout=300)
-    if ! { "${asRoot[@]}" update && "${asRoot[@]}" install --no-install-recommends --yes \
-        "${missing[@]}"; } </dev/null >&2; then
-        printf 'Could not be installed: %s\n' "${missing[*]}" >&2
-        return 1
+    log=$(dirname -- "${BASH_SOURCE[0]}")/../build/packages.log
+    mkdir -p -- "${log%/*}"
+    : >"$log"
+    asRoot+=(env LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive)
+    install=("${asRoot[@]}" apt-get -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300
+        "${install[@]:1}")
+    if inLog "$log" "${asRoot[@]}" apt-get -q -o Acquire::Retries=3 update; then
+        amount=$("${install[@]}" --assume-no "${missing[@]}" </dev/null 2>/dev/null |
+            sed -n 's/^Need to get \(.*\) of archives\.$/\1/p')
+        printf 'Fetching %s and installing it; the log is %s.\n' "${amount:-them}" \
+            "$(readlink -f -- "$log")" >&2
+        ! inLog "$log" "${install[@]}" -q --yes "${missing[@]}" || return 0
     fi
+    printf 'Could not be installed: %s\n' "${missing[*]}" >&2
+    return 1
 }

@@ -42,10 +42,37 @@ TEST(Scripts, ShellcheckFindsNothingInThem) {
     }
 }
 
+TEST(Scripts, FindTheirShellThoughAnotherBeganThem) {
+    const CommandResult result = runCommand("sh ./test --help");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.output, testing::StartsWith("Usage: ./test [OPTION]...\n"));
+}
+
+/// Sources the script of the packages where nothing is installed, by somebody who is not root.
+CommandResult installAsNobody(const std::string& packages) {
+    return runCommand(
+        "bin=$(mktemp -d) && trap 'rm -r \"$bin\"' EXIT &&"
+        " for tool in bash dirname; do ln -s \"$(command -v \"$tool\")\" \"$bin\"; done &&"
+        " printf '#!/bin/sh\\nexit 1\\n' >\"$bin/dpkg-query\" &&"
+        " printf '#!/bin/sh\\necho 1000\\n' >\"$bin/id\" && chmod +x \"$bin\"/* &&"
+        " PATH=$bin bash -c 'source scripts/packages.sh && ensurePackages " +
+        packages + "' 2>&1");
+}
+
+TEST(Scripts, NameTheWholeCommandWhereNobodyMayInstall) {
+    const CommandResult result = installAsNobody("one two");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.output,
+              "To be installed: one two\n"
+              "That takes root or sudo, and there is neither. As root, please run:\n"
+              "  apt-get update && apt-get install --no-install-recommends one two\n");
+}
+
 TEST(Scripts, TheTestCommandExplainsItself) {
     const CommandResult result = runCommand("./test --help");
     EXPECT_EQ(result.status, 0);
-    for (const char* option : {"--quick", "--sanitizers", "--tidy", "--format", "--help"}) {
+    for (const char* option :
+         {"--quick", "--sanitizers", "--tidy", "--clang", "--format", "--help"}) {
         EXPECT_THAT(result.output, testing::HasSubstr(option));
     }
 }
