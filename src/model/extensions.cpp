@@ -36,9 +36,9 @@ void Extensions::markAllSet() {
 void Extensions::unmarkAllSet() {
     for (const std::shared_ptr<Set>& set : sets_) {
         set->unmarkAllFiles();
+        marked_ = 0;
+        markedSize_ = 0;
     }
-    marked_ = 0;
-    markedSize_ = 0;
     extensionState_ = CheckState::off;
 }
 

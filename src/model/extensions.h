@@ -34,7 +34,8 @@ class Extensions final {
 
     /// Marks every set (Set::markAllFiles) and turns the state on.
     void markAllSet();
-    /// Unmarks every set and turns the state off.
+    /// Unmarks every set and turns the state off. Without sets, counters that were set by hand
+    /// stay.
     void unmarkAllSet();
     /// What a click on the extension's check box does: off and mixed mark all, on unmarks all,
     /// any other state does nothing.

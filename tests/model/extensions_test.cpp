@@ -92,6 +92,16 @@ TEST(Extensions, WithoutSetsIsSetOnAndOffDirectly) {
     EXPECT_EQ(levelOf(extension), (Level{off, 0, 0, 0, 0}));
 }
 
+TEST(Extensions, WithoutSetsKeepsItsCountersWhenAllAreUnmarked) {
+    Extensions extension("jpg");
+    extension.setTotalFilesSelectedInExtension(3);
+    extension.setTotalFilesSelectedInExtensionSize(30);
+    extension.unmarkAllSet();
+    EXPECT_EQ(levelOf(extension), (Level{off, 0, 0, 3, 30}));
+    extension.markAllSet();
+    EXPECT_EQ(levelOf(extension), (Level{on, 0, 0, 0, 0}));
+}
+
 TEST(Extensions, ClickingTheBoxMarksAllWhenOff) {
     TwoSets tree;
     tree.extension->changeState();

@@ -160,9 +160,9 @@ struct PlainExtensions {
         for (const auto& set : sets) {
             set->unmarkAllFiles();
             set->state = 0;
+            marked = 0;
+            markedSize = 0;
         }
-        marked = 0;
-        markedSize = 0;
         state = 0;
     }
 
