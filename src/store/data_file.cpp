@@ -3,8 +3,6 @@
 #include "platform/durable_file.h"
 #include "store/stored_list.h"
 
-#include <algorithm>
-#include <array>
 #include <limits>
 #include <utility>
 
@@ -15,37 +13,29 @@ namespace {
 constexpr const char* countKey = "deletedCount";
 constexpr const char* sizeKey = "deletedSize";
 
-constexpr std::array totalKeys{countKey, sizeKey};
-
 struct Totals {
     std::int64_t count = 0;
     std::uint64_t size = 0;
 };
 
-// What is beyond it reads back as a negative number.
-constexpr std::uint64_t largestNumber = std::numeric_limits<std::int64_t>::max();
-
-std::uint64_t numberIn(const PropertyList& list, const char* key) {
-    const std::uint64_t number = list.number(key).value_or(0);
-    return number > largestNumber ? 0 : number;
-}
-
 Totals totalsOf(const PropertyList& list) {
-    return {static_cast<std::int64_t>(numberIn(list, countKey)), numberIn(list, sizeKey)};
+    return {list.signedNumber(countKey).value_or(0), list.number(sizeKey).value_or(0)};
 }
 
 std::int64_t sumOf(std::int64_t one, std::uint64_t other) {
     constexpr auto most = std::numeric_limits<std::int64_t>::max();
-    const auto room = static_cast<std::uint64_t>(most - one);
-    return other > room ? most : one + static_cast<std::int64_t>(other);
+    // Without a sign, what is left up to the largest number fits for a number below zero, too.
+    const std::uint64_t room = static_cast<std::uint64_t>(most) - static_cast<std::uint64_t>(one);
+    return other > room ? most : static_cast<std::int64_t>(static_cast<std::uint64_t>(one) + other);
 }
 
 std::uint64_t sumOf(std::uint64_t one, std::uint64_t other) {
-    return other > largestNumber - one ? largestNumber : one + other;
+    constexpr auto most = std::numeric_limits<std::uint64_t>::max();
+    return other > most - one ? most : one + other;
 }
 
 void setTotals(PropertyList& list, const Totals& totals) {
-    list.setNumber(countKey, static_cast<std::uint64_t>(totals.count));
+    list.setSignedNumber(countKey, totals.count);
     list.setNumber(sizeKey, totals.size);
 }
 
@@ -59,9 +49,8 @@ PropertyList defaultList() {
 
 /// A total that is missing counts as none; one that is no number makes the list unusable.
 bool hasUsableTotals(const PropertyList& list) {
-    return std::all_of(totalKeys.begin(), totalKeys.end(), [&list](const char* key) {
-        return !list.has(key) || list.number(key).has_value();
-    });
+    return (!list.has(countKey) || list.signedNumber(countKey)) &&
+           (!list.has(sizeKey) || list.number(sizeKey));
 }
 
 /// The dictionary in the file, or why there is none.

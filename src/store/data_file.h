@@ -25,14 +25,15 @@ class DataFile final {
     /// done. A file that cannot be used is left as it is and nothing counts; the answer says why.
     std::optional<StoreError> loadDataFile();
 
-    /// 0 when missing, of another type, below zero or beyond 63 bits.
+    /// 0 when missing, of another type or beyond 63 bits. A file may say less than nothing.
     [[nodiscard]] std::int64_t alreadyDeletedCount() const { return count_; }
-    /// Bytes; 0 in the same cases.
+    /// Bytes; 0 when missing, of another type or below zero.
     [[nodiscard]] std::uint64_t alreadyDeletedSize() const { return size_; }
 
-    /// Adds what one run has moved to the totals, here and in the file. Totals end at the largest
-    /// number of 63 bits. A file that cannot be used is given the name "data.plist.unreadable"
-    /// first. In memory it counts whether or not the file can be written; the answer says why not.
+    /// Adds what one run has moved to the totals, here and in the file. They end at the
+    /// largest numbers of 63 and 64 bits. A file that cannot be used is given the name
+    /// "data.plist.unreadable" first. In memory it counts whether or not the file can be written;
+    /// the answer says why not.
     std::optional<StoreError> addDeleted(std::uint64_t count, std::uint64_t size);
 
     /// The path that the last addDeleted() gave a file of no use; empty if there was none.

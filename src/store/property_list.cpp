@@ -62,11 +62,41 @@ std::optional<std::uint64_t> wholeNumber(double number) {
                                           : std::nullopt;
 }
 
-std::optional<std::uint64_t> wholeNumber(const std::string& digits) {
-    std::uint64_t number = 0;
+std::optional<std::int64_t> signedWholeNumber(double number) {
+    constexpr double beyond = 9223372036854775808.0;  // 2 to the 63rd
+    return number >= -beyond && number < beyond ? std::optional(static_cast<std::int64_t>(number))
+                                                : std::nullopt;
+}
+
+template <typename Number>
+std::optional<Number> numberOfDigits(const std::string& digits) {
+    Number number = 0;
     const char* const end = digits.data() + digits.size();
     const auto [rest, failure] = std::from_chars(digits.data(), end, number);
     return failure == std::errc() && rest == end ? std::optional(number) : std::nullopt;
+}
+
+std::string xmlOf(plist_t node) {
+    char* text = nullptr;
+    std::uint32_t length = 0;
+    plist_to_xml(node, &text, &length);
+    std::string copy(text == nullptr ? "" : text, text == nullptr ? 0 : length);
+    freeWrittenList(text);
+    return copy;
+}
+
+/// libplist answers with the 64 bits of an integer and keeps its sign to itself, but writes it.
+bool isBelowZero(plist_t integer) {
+    return xmlOf(integer).find("<integer>-") != std::string::npos;
+}
+
+/// An integer with its sign. plist_new_uint would write what is beyond 63 bits as a negative number
+/// in some versions and as a positive one in others; what was read is written as it was.
+plist_t integerOf(const std::string& digits) {
+    const std::string text = "<plist><integer>" + digits + "</integer></plist>";
+    plist_t integer = nullptr;
+    plist_from_xml(text.data(), static_cast<std::uint32_t>(text.size()), &integer);
+    return integer;
 }
 
 }  // namespace
@@ -138,7 +168,7 @@ std::optional<std::uint64_t> PropertyList::number(const char* key) const {
         case PLIST_UINT: {
             std::uint64_t number = 0;
             plist_get_uint_val(item, &number);
-            return number;
+            return isBelowZero(item) ? 0 : number;
         }
         case PLIST_REAL: {
             double number = 0;
@@ -146,7 +176,31 @@ std::optional<std::uint64_t> PropertyList::number(const char* key) const {
             return wholeNumber(number);
         }
         case PLIST_STRING:
-            return wholeNumber(text(key).value_or(""));
+            return numberOfDigits<std::uint64_t>(text(key).value_or(""));
+        default:
+            return std::nullopt;
+    }
+}
+
+std::optional<std::int64_t> PropertyList::signedNumber(const char* key) const {
+    plist_t item = plist_dict_get_item(root_.get(), key);
+    if (item == nullptr) {
+        return std::nullopt;
+    }
+    switch (plist_get_node_type(item)) {
+        case PLIST_UINT: {
+            std::uint64_t number = 0;
+            plist_get_uint_val(item, &number);
+            const bool fits = number <= std::numeric_limits<std::int64_t>::max();
+            return fits || isBelowZero(item) ? static_cast<std::int64_t>(number) : 0;
+        }
+        case PLIST_REAL: {
+            double number = 0;
+            plist_get_real_val(item, &number);
+            return signedWholeNumber(number);
+        }
+        case PLIST_STRING:
+            return numberOfDigits<std::int64_t>(text(key).value_or(""));
         default:
             return std::nullopt;
     }
@@ -167,16 +221,15 @@ std::optional<std::string> PropertyList::text(const char* key) const {
 }
 
 void PropertyList::setNumber(const char* key, std::uint64_t number) {
-    plist_dict_set_item(root_.get(), key, plist_new_uint(number));
+    plist_dict_set_item(root_.get(), key, integerOf(std::to_string(number)));
+}
+
+void PropertyList::setSignedNumber(const char* key, std::int64_t number) {
+    plist_dict_set_item(root_.get(), key, integerOf(std::to_string(number)));
 }
 
 std::string PropertyList::xml() const {
-    char* text = nullptr;
-    std::uint32_t length = 0;
-    plist_to_xml(root_.get(), &text, &length);
-    std::string copy(text == nullptr ? "" : text, text == nullptr ? 0 : length);
-    freeWrittenList(text);
-    return copy;
+    return xmlOf(root_.get());
 }
 
 }  // namespace tarvin

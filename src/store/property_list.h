@@ -31,13 +31,17 @@ class PropertyList final {
     [[nodiscard]] std::vector<std::string> paths() const;
 
     /// The number under `key` of a dictionary, as 64 bits without a sign: a whole number, a real
-    /// without its fraction, or a string of digits. None if there is none or something else.
+    /// without its fraction, or a string of digits. None if there is none or something else; 0 for
+    /// an integer below zero.
     [[nodiscard]] std::optional<std::uint64_t> number(const char* key) const;
+    /// The same with a sign; 0 for an integer beyond 63 bits.
+    [[nodiscard]] std::optional<std::int64_t> signedNumber(const char* key) const;
     /// Whether a dictionary has `key`, whatever is under it.
     [[nodiscard]] bool has(const char* key) const;
     /// The string under `key` of a dictionary, in UTF-8; none if there is none or something else.
     [[nodiscard]] std::optional<std::string> text(const char* key) const;
     void setNumber(const char* key, std::uint64_t number);
+    void setSignedNumber(const char* key, std::int64_t number);
 
     /// The list as an XML property list; empty if there is no memory for it.
     [[nodiscard]] std::string xml() const;

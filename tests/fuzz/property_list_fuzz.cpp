@@ -47,7 +47,8 @@ void check(std::string_view bytes) {
     if (!list) {
         return;
     }
-    static_cast<void>(list->number("deletedCount"));
+    static_cast<void>(list->signedNumber("deletedCount"));
+    static_cast<void>(list->number("deletedSize"));
     if (levelsOf(list->xml()) > tarvin::deepestPropertyList) {
         fail("more levels than are let through");
     }

@@ -135,40 +135,59 @@ TEST_F(DataFileTest, PutsAListAsideWhoseTotalsAreNoNumbers) {
     }
 }
 
-TEST_F(DataFileTest, TakesANegativeCountForNone) {
-    write(plistText("<dict><key>deletedCount</key><integer>-5</integer></dict>"));
+TEST_F(DataFileTest, CountsOnFromBelowZero) {
+    for (const char* count :
+         {"<integer>-5</integer>", "<real>-5.5</real>", "<string>-5</string>"}) {
+        write(plistText(std::string("<dict><key>deletedCount</key>") + count + "</dict>"));
+        DataFile data(own_);
+        EXPECT_FALSE(data.loadDataFile());
+        EXPECT_EQ(data.alreadyDeletedCount(), -5) << count;
+        EXPECT_FALSE(data.addDeleted(2, 0));
+        EXPECT_EQ(data.alreadyDeletedCount(), -3) << count;
+        EXPECT_NE(contentOf(path_).find("<integer>-3</integer>"), std::string::npos) << count;
+        EXPECT_FALSE(data.addDeleted(7, 0));
+        EXPECT_EQ(stored(path_, "deletedCount"), 4U) << count;
+    }
+}
+
+TEST_F(DataFileTest, KeepsBytesOf64BitsWithoutASign) {
+    write(plistText("<dict><key>deletedSize</key><integer>9223372036854775807</integer></dict>"));
     DataFile data(own_);
-    data.loadDataFile();
-    EXPECT_EQ(data.alreadyDeletedCount(), 0);
-    data.addDeleted(2, 0);
-    EXPECT_EQ(stored(path_, "deletedCount"), 2U);
+    EXPECT_FALSE(data.loadDataFile());
+    EXPECT_FALSE(data.addDeleted(1, 1));
+    EXPECT_EQ(data.alreadyDeletedSize(), 9'223'372'036'854'775'808U);
+    EXPECT_NE(contentOf(path_).find("<integer>9223372036854775808</integer>"), std::string::npos);
+    DataFile again(own_);
+    EXPECT_FALSE(again.loadDataFile());
+    EXPECT_EQ(again.alreadyDeletedSize(), 9'223'372'036'854'775'808U);
 }
 
 TEST_F(DataFileTest, StopsAtTheLargestNumbers) {
     write(
         plistText("<dict><key>deletedCount</key><integer>9223372036854775806</integer>"
-                  "<key>deletedSize</key><integer>9223372036854775800</integer></dict>"));
+                  "<key>deletedSize</key><integer>18446744073709551610</integer></dict>"));
     DataFile data(own_);
     data.loadDataFile();
+    EXPECT_EQ(data.alreadyDeletedSize(), 18'446'744'073'709'551'610U);
     EXPECT_FALSE(data.addDeleted(5, 50));
     EXPECT_EQ(data.alreadyDeletedCount(), std::numeric_limits<std::int64_t>::max());
-    EXPECT_EQ(data.alreadyDeletedSize(), 9'223'372'036'854'775'807U);
+    EXPECT_EQ(data.alreadyDeletedSize(), 18'446'744'073'709'551'615U);
     EXPECT_EQ(stored(path_, "deletedCount"), 9'223'372'036'854'775'807U);
-    EXPECT_EQ(stored(path_, "deletedSize"), 9'223'372'036'854'775'807U);
+    EXPECT_EQ(stored(path_, "deletedSize"), 18'446'744'073'709'551'615U);
 }
 
-TEST_F(DataFileTest, TakesNumbersThatAreNoneForNone) {
-    for (const char* number : {"-5", "18446744073709551615", "99999999999999999999999999"}) {
-        write(plistText(std::string("<dict><key>deletedCount</key><integer>") + number +
-                        "</integer><key>deletedSize</key><integer>" + number +
-                        "</integer></dict>"));
+TEST_F(DataFileTest, TakesNumbersOutsideTheirRangeForNone) {
+    for (const char* count :
+         {"9223372036854775808", "18446744073709551615", "99999999999999999999999999"}) {
+        write(plistText(std::string("<dict><key>deletedCount</key><integer>") + count +
+                        "</integer><key>deletedSize</key><integer>-5</integer></dict>"));
         DataFile data(own_);
-        EXPECT_FALSE(data.loadDataFile()) << number;
-        EXPECT_EQ(data.alreadyDeletedCount(), 0) << number;
-        EXPECT_EQ(data.alreadyDeletedSize(), 0U) << number;
-        EXPECT_FALSE(data.addDeleted(2, 20)) << number;
-        EXPECT_EQ(stored(path_, "deletedCount"), 2U) << number;
-        EXPECT_EQ(stored(path_, "deletedSize"), 20U) << number;
+        EXPECT_FALSE(data.loadDataFile()) << count;
+        EXPECT_EQ(data.alreadyDeletedCount(), 0) << count;
+        EXPECT_EQ(data.alreadyDeletedSize(), 0U) << count;
+        EXPECT_FALSE(data.addDeleted(2, 20)) << count;
+        EXPECT_EQ(stored(path_, "deletedCount"), 2U) << count;
+        EXPECT_EQ(stored(path_, "deletedSize"), 20U) << count;
     }
 }
 

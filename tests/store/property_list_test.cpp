@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -106,6 +107,36 @@ TEST(PropertyList, ReadsNumbers) {
     EXPECT_EQ(list->number("e"), std::nullopt);
     EXPECT_EQ(list->number("f"), std::nullopt);
     EXPECT_EQ(list->number("missing"), std::nullopt);
+}
+
+TEST(PropertyList, ReadsAndWritesNumbersWithTheirSign) {
+    PropertyList list = PropertyList::dictionary();
+    list.setSignedNumber("least", std::numeric_limits<std::int64_t>::min());
+    list.setSignedNumber("below", -5);
+    list.setNumber("half", 9'223'372'036'854'775'808U);
+    list.setNumber("most", std::numeric_limits<std::uint64_t>::max());
+    const auto again = PropertyList::parse(list.xml());
+    ASSERT_TRUE(again);
+    EXPECT_EQ(again->signedNumber("least"), std::numeric_limits<std::int64_t>::min());
+    EXPECT_EQ(again->signedNumber("below"), -5);
+    EXPECT_EQ(again->number("below"), 0U);
+    EXPECT_EQ(again->number("half"), 9'223'372'036'854'775'808U);
+    EXPECT_EQ(again->signedNumber("half"), 0);
+    EXPECT_EQ(again->number("most"), 18'446'744'073'709'551'615U);
+    EXPECT_EQ(again->signedNumber("missing"), std::nullopt);
+}
+
+// -5 in 8 bytes, and 2 to the 64th less 5 in 16, whose lower halves are alike.
+TEST(PropertyList, ReadsTheSignsOfTheBinaryForm) {
+    const std::string low = std::string(7, '\xFF') + '\xFB';
+    const auto list =
+        PropertyList::parse(binary({"\xD2\x01\x02\x03\x04", "\x52/a", "\x52/b", "\x13" + low,
+                                    "\x14" + std::string(8, '\0') + low}));
+    ASSERT_TRUE(list);
+    EXPECT_EQ(list->signedNumber("/a"), -5);
+    EXPECT_EQ(list->number("/a"), 0U);
+    EXPECT_EQ(list->number("/b"), 18'446'744'073'709'551'611U);
+    EXPECT_EQ(list->signedNumber("/b"), 0);
 }
 
 TEST(PropertyList, KeepsWhatItDoesNotKnow) {
