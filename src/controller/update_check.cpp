@@ -19,12 +19,12 @@ bool UpdateCheck::canCheck() const {
     return subject_.read && !updateAddress(urlDict_).isEmpty();
 }
 
-QString UpdateCheck::checkForupUpdates(const std::stop_token& stop) const {
+std::optional<QString> UpdateCheck::checkForupUpdates(const std::stop_token& stop) const {
     const auto description = subject_.read(updateAddress(urlDict_), stop);
-    return description ? updateFor(subject_.version, *description) : QString();
+    return description ? updateFor(subject_.version, *description) : std::nullopt;
 }
 
-std::jthread UpdateCheck::check(QString& version, const char* slot) {
+std::jthread UpdateCheck::check(std::optional<QString>& version, const char* slot) {
     return std::jthread([this, &version, slot](const std::stop_token& stop) {
         version = checkForupUpdates(stop);
         QMetaObject::invokeMethod(this, slot, Qt::QueuedConnection);
@@ -38,26 +38,25 @@ void UpdateCheck::showIfUpdateAvailable(const QObject* sender) {
         }
         return;
     }
-    const std::optional<QString> version = canCheck() ? waitForCheck() : QString();
-    if (!version) {
+    std::optional<QString> version;
+    if (canCheck() && !waitForCheck(version)) {
         return;
     }
-    if (version->isEmpty()) {
-        alerts_.show({tr("Your application is up to date"), tr("No update required."), {tr("Ok")}});
-    } else {
+    if (version) {
         offer(*version);
+    } else {
+        alerts_.show({tr("Your application is up to date"), tr("No update required."), {tr("Ok")}});
     }
 }
 
 void UpdateCheck::launchChecked() {
     launchCheck_.join();
-    if (!launchVersion_.isEmpty()) {
-        offer(launchVersion_);
+    if (launchVersion_) {
+        offer(*launchVersion_);
     }
 }
 
-std::optional<QString> UpdateCheck::waitForCheck() {
-    QString version;
+bool UpdateCheck::waitForCheck(std::optional<QString>& version) {
     QEventLoop loop;
     waiting_ = &loop;
     answered_ = false;
@@ -68,7 +67,7 @@ std::optional<QString> UpdateCheck::waitForCheck() {
     }
     QGuiApplication::restoreOverrideCursor();
     waiting_ = nullptr;
-    return answered_ ? std::optional(version) : std::nullopt;
+    return answered_;
 }
 
 void UpdateCheck::menuChecked() {

@@ -42,9 +42,9 @@ class UpdateCheck final : public QObject {
     /// Before the first check.
     void setUrls(const Urls& urls) { urlDict_ = urls; }
 
-    /// The version to update to; empty if there is none. Blocks until the description
-    /// is read; on another thread than the main one.
-    [[nodiscard]] QString checkForupUpdates(const std::stop_token& stop) const;
+    /// The version to update to, or none. Blocks until the description is read; on another thread
+    /// than the main one.
+    [[nodiscard]] std::optional<QString> checkForupUpdates(const std::stop_token& stop) const;
 
     /// Checks on a thread of its own and offers an update. With a sender, the window waits for the
     /// answer, is drawn meanwhile, and says if there is none. One check for a sender at a time.
@@ -63,9 +63,9 @@ class UpdateCheck final : public QObject {
     /// Whether there is anything to read.
     [[nodiscard]] bool canCheck() const;
     /// Puts the answer into `version` and calls the slot in the main thread.
-    std::jthread check(QString& version, const char* slot);
-    /// None if the program ends meanwhile.
-    [[nodiscard]] std::optional<QString> waitForCheck();
+    std::jthread check(std::optional<QString>& version, const char* slot);
+    /// False if the program ends meanwhile.
+    [[nodiscard]] bool waitForCheck(std::optional<QString>& version);
     Q_SLOT void launchChecked();
     Q_SLOT void menuChecked();
     void offer(const QString& version);
@@ -75,10 +75,10 @@ class UpdateCheck final : public QObject {
     Desktop& desktop_;
     const Subject subject_;
     Urls urlDict_;
-    QEventLoop* waiting_ = nullptr;  // while the help menu's check is under way
-    bool answered_ = false;          // that check
-    QString launchVersion_;          // of the thread, until it has ended
-    std::jthread launchCheck_;       // last: ends before what it reads
+    QEventLoop* waiting_ = nullptr;         // while the help menu's check is under way
+    bool answered_ = false;                 // that check
+    std::optional<QString> launchVersion_;  // of the thread, until it has ended
+    std::jthread launchCheck_;              // last: ends before what it reads
 };
 
 }  // namespace tarvin

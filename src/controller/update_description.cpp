@@ -25,6 +25,19 @@ bool isReadable(const QUrl& address) {
     return address.isValid() && schemes.contains(address.scheme());
 }
 
+/// In one line, and no longer than a question has room for.
+QString shownVersion(const std::string& version) {
+    QString shown = textOfPath(version);
+    if (shown.size() > longestVersion) {
+        shown.truncate(longestVersion - 1);
+        if (shown.back().isHighSurrogate()) {
+            shown.chop(1);
+        }
+        shown += QChar(0x2026);
+    }
+    return shown;
+}
+
 }  // namespace
 
 QUrl updateAddress(const Urls& urls) {
@@ -38,17 +51,16 @@ QUrl updateAddress(const Urls& urls) {
     return isReadable(address) ? address : QUrl();
 }
 
-QString updateFor(const QString& version, const QByteArray& description) {
+std::optional<QString> updateFor(const QString& version, const QByteArray& description) {
     const auto list = PropertyList::parse(description.toStdString());
     if (!list || !list->isDictionary()) {
-        return {};
+        return std::nullopt;
     }
     const auto newer = list->text(version.toUtf8().constData());
     if (!newer || *newer == version.toStdString()) {
-        return {};
+        return std::nullopt;
     }
-    QString shown = textOfPath(*newer);
-    return shown.size() <= longestVersion ? shown : QString();
+    return shownVersion(*newer);
 }
 
 }  // namespace tarvin

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QUrl>
+#include <optional>
 
 namespace tarvin {
 
@@ -13,14 +14,16 @@ namespace tarvin {
 /// is no http, https or file address. Pure.
 [[nodiscard]] QUrl updateAddress(const Urls& urls);
 
-/// In UTF-16 units; a longer one would not fit into the question.
+/// In UTF-16 units; a longer one is cut, because it would not fit into the question.
 inline constexpr qsizetype longestVersion = 64;
 
-/// What an update description tells the users of `version` to move to; empty if that is nothing.
+/// What an update description tells the users of `version` to move to, as it is shown; none if that
+/// is nothing.
 ///
 /// The description is a property list, a dictionary whose keys are versions, each with the version
-/// that its users should move to. There is no order of versions: any other one is an update. What
-/// could not be a version (empty, longer than `longestVersion`, not a text) is none. Pure.
-[[nodiscard]] QString updateFor(const QString& version, const QByteArray& description);
+/// that its users should move to. There is no order of versions: any other text is an update, an
+/// empty one too. What is no text is no version. Pure.
+[[nodiscard]] std::optional<QString> updateFor(const QString& version,
+                                               const QByteArray& description);
 
 }  // namespace tarvin

@@ -113,6 +113,17 @@ TEST_F(Updates, AreOfferedEvenIfTheyAreOlder) {
     expectOffer(alerts.shown[0], "1.0");
 }
 
+TEST_F(Updates, AreOfferedEvenWithoutAName) {
+    server.answer = LoopbackServer::with(descriptionOf(""));
+    launch();
+    ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+    expectOffer(alerts.shown[0], "");
+    alerts.shown.clear();
+    askForUpdates();
+    ASSERT_EQ(alerts.shown.size(), 1U);
+    expectOffer(alerts.shown[0], "");
+}
+
 TEST_F(Updates, AreOfferedWhenTheyAreAskedFor) {
     server.answer = LoopbackServer::with(descriptionOf(current));
     launchAndCheck();

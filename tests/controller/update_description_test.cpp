@@ -16,8 +16,11 @@ std::string addressOf(const char* location, const char* name) {
         .toStdString();
 }
 
+const std::string none = "no update";
+
 std::string updateOf(const char* version, const std::string& description) {
     return updateFor(QString::fromUtf8(version), QByteArray::fromStdString(description))
+        .value_or(QString::fromStdString(none))
         .toStdString();
 }
 
@@ -66,13 +69,13 @@ TEST(UpdateDescription, OffersALowerVersionToo) {
 }
 
 TEST(UpdateDescription, OffersNothingToTheVersionItself) {
-    EXPECT_EQ(updateOf("1.0", listOfTexts({{"1.0", "1.0"}})), "");
+    EXPECT_EQ(updateOf("1.0", listOfTexts({{"1.0", "1.0"}})), none);
 }
 
 TEST(UpdateDescription, OffersNothingToAVersionItDoesNotKnow) {
     const std::string description = listOfTexts({{"1.0", "2.0"}});
     for (const char* version : {"1.0.0", "1", "1.", " 1.0", "2.0", ""}) {
-        EXPECT_EQ(updateOf(version, description), "") << version;
+        EXPECT_EQ(updateOf(version, description), none) << version;
     }
 }
 
@@ -88,15 +91,26 @@ TEST(UpdateDescription, OffersNothingByAListThatIsDamaged) {
           begin + "<dict><key>1.0</key><integer>2</integer></dict></plist>",
           begin + "<dict><key>1.0</key><dict/></dict></plist>",
           begin + "<dict><key>1.0</key><true/></dict></plist>", std::string(1 << 20, '<'),
-          std::string(1 << 20, '\0'), std::string("bplist00"), listOfTexts({{"1.0", ""}})}) {
-        EXPECT_EQ(updateOf("1.0", description), "") << description.substr(0, 100);
+          std::string(1 << 20, '\0'), std::string("bplist00")}) {
+        EXPECT_EQ(updateOf("1.0", description), none) << description.substr(0, 100);
     }
 }
 
-TEST(UpdateDescription, OffersNothingThatCouldBeNoVersion) {
-    const std::string longest(longestVersion, '1');
+TEST(UpdateDescription, OffersAnyOtherText) {
+    for (const char* other : {"", " 1.0", "1.0.0", "01.0", "newest", "1,0"}) {
+        EXPECT_EQ(updateOf("1.0", listOfTexts({{"1.0", other}})), other);
+    }
+}
+
+TEST(UpdateDescription, ShowsTheBeginningOfAVeryLongVersion) {
+    const std::string longest(64, '1');
     EXPECT_EQ(updateOf("1.0", listOfTexts({{"1.0", longest}})), longest);
-    EXPECT_EQ(updateOf("1.0", listOfTexts({{"1.0", longest + "1"}})), "");
+    EXPECT_EQ(updateOf("1.0", listOfTexts({{"1.0", longest + "1"}})),
+              std::string(63, '1') + "\xE2\x80\xA6");
+    // A character of two units is not cut in half.
+    EXPECT_EQ(updateOf("1.0", listOfTexts({{"1.0", std::string(62, '1') + "\xF0\x9F\x98\x80"
+                                                                          "22"}})),
+              std::string(62, '1') + "\xE2\x80\xA6");
 }
 
 TEST(UpdateDescription, ShowsAVersionInOneLine) {
