@@ -15,6 +15,7 @@
 #include <condition_variable>
 #include <functional>
 #include <mutex>
+#include <set>
 #include <thread>
 #include <utility>
 
@@ -347,6 +348,54 @@ TEST_F(ScanRunTest, StandsBackIfItIsToldTo) {
         EXPECT_EQ(reading, standsBack ? back : own);
         EXPECT_EQ(nicenessOfThisThread(), own);
     }
+}
+
+/// Keeps each thread that tells of a file of the comparison until five of them have come.
+class MeetingOfFive final : public ScanObserver {
+ public:
+    void processing(const std::string& /*path*/, std::uint64_t /*processed*/) override {
+        std::unique_lock lock(mutex_);
+        threads_.insert(std::this_thread::get_id());
+        changed_.notify_all();
+        // Nobody waits a second time.
+        haveMet_ = haveMet_ &&
+                   changed_.wait_for(lock, testPatience, [this] { return threads_.size() == 5; });
+    }
+
+    [[nodiscard]] bool haveMet() const { return haveMet_; }
+
+ private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::set<std::thread::id> threads_;  // guarded by mutex_
+    std::atomic<bool> haveMet_{true};
+};
+
+TEST_F(ScanRunTest, TheFiveCategoriesAreComparedAtTheSameTime) {
+    for (const char* name : {"a.jpg", "a.mp4", "a.mp3", "a.pdf", "a.xyz"}) {
+        folder_.writeFile(std::string("f/") + name, "same");
+        folder_.writeFile(std::string("g/") + name, "same");
+    }
+    MeetingOfFive five;
+    ScanRun run(platform_, five, settings());
+    run.start({{folder_.path(), "", "", true, true}}, {});
+    run.wait();
+    EXPECT_TRUE(five.haveMet());
+    EXPECT_EQ(run.processed(), 10U);
+    EXPECT_EQ(run.modal()->totalFiles(), 5U);
+}
+
+TEST_F(ScanRunTest, AComparisonIsNotCompletedByTheOneBefore) {
+    folder_.writeFile("a.txt", "same");
+    addRow(folder_.path());
+    scan();
+    ASSERT_TRUE(run_.exactScanCompleted());
+    bool duringTheNext = true;
+    recorder_.at("comparisonStarted 1", [&] { duringTheNext = run_.exactScanCompleted(); });
+    addRow(folder_.path());
+    scan();
+    EXPECT_FALSE(duringTheNext);
+    EXPECT_TRUE(run_.exactScanCompleted());
 }
 
 TEST_F(ScanRunTest, EachComparisonClearsTheFlagOfTheViews) {

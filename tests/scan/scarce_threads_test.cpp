@@ -14,6 +14,7 @@
 #include <mutex>
 #include <new>
 #include <string>
+#include <vector>
 
 namespace tarvin {
 namespace {
@@ -62,6 +63,37 @@ TEST(ScarceThreads, AScanIsDoneOnTheCallersThread) {
         run.homeCleanup();
     }
     EXPECT_EQ(run.modal()->totalFiles(), 0U);
+}
+
+/// Keeps the names of the files that the comparison came to.
+class Names final : public ScanObserver {
+ public:
+    void processing(const std::string& path, std::uint64_t /*processed*/) override {
+        names_.push_back(path.substr(path.rfind('/') + 1));
+    }
+
+    [[nodiscard]] const std::vector<std::string>& names() const { return names_; }
+
+ private:
+    std::vector<std::string> names_;
+};
+
+TEST(ScarceThreads, CategoriesAreComparedInTheirOrder) {
+    FileTree tree;
+    for (const char* name : {"a.xyz", "a.pdf", "a.mp3", "a.mp4", "a.jpg"}) {
+        tree.writeFile(name, "same");
+    }
+    FaultyFileSystem fileSystem;
+    FakePlatform platform(fileSystem);
+    Names names;
+    ScanRun::Settings settings;
+    settings.progressInterval = 0ms;
+    ScanRun run(platform, names, settings);
+    const NoThreads none;
+    run.start({{tree.path(), "", "", true, true}}, {});
+    run.wait();
+    EXPECT_EQ(names.names(),
+              (std::vector<std::string>{"a.jpg", "a.mp4", "a.mp3", "a.pdf", "a.xyz"}));
 }
 
 TEST(ScarceThreads, ATaskWaitsForWhoeverWaitsForIt) {
