@@ -1,7 +1,5 @@
 #include "model/file_store.h"
 
-#include "platform/raw_array.h"
-
 #include <algorithm>
 #include <new>
 #include <type_traits>
@@ -58,7 +56,8 @@ const Directory* FileStore::addDirectory(const Directory* parent, std::string_vi
 File* FileStore::addFile(const Directory* directory, std::string_view name, std::uint64_t fileSize,
                          std::optional<Timestamp> modified, std::optional<Timestamp> created) {
     if (fileBlocks_.empty() || fileBlockUsed_ == filesPerBlock) {
-        fileBlocks_.push_back(makeRawArray<std::byte>(filesPerBlock * sizeof(File)));
+        fileBlocks_.push_back(
+            std::make_unique_for_overwrite<std::byte[]>(filesPerBlock * sizeof(File)));
         fileBlockUsed_ = 0;
     }
     std::byte* place = fileBlocks_.back().get() + fileBlockUsed_ * sizeof(File);
@@ -86,7 +85,7 @@ std::string_view FileStore::keepName(std::string_view name) {
     const std::size_t needed = name.size() + 1;
     if (nameBlocks_.empty() || nameBlockUsed_ + needed > nameBlockSize_) {
         nameBlockSize_ = std::max(needed, nameBlockBytes);
-        nameBlocks_.push_back(makeRawArray<char>(nameBlockSize_));
+        nameBlocks_.push_back(std::make_unique_for_overwrite<char[]>(nameBlockSize_));
         nameBlockUsed_ = 0;
     }
     char* place = nameBlocks_.back().get() + nameBlockUsed_;

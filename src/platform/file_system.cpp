@@ -1,7 +1,5 @@
 #include "platform/file_system.h"
 
-#include "platform/raw_array.h"
-
 #include <system_error>
 
 namespace tarvin {
@@ -29,6 +27,6 @@ void Descriptor::reset() {
 }
 
 EntryBlock::EntryBlock(std::size_t capacity)
-    : bytes_(makeRawArray<std::byte>(capacity)), capacity_(capacity) {}
+    : bytes_(std::make_unique_for_overwrite<std::byte[]>(capacity)), capacity_(capacity) {}
 
 }  // namespace tarvin

@@ -1,7 +1,5 @@
 #include "scan/buffer_pool.h"
 
-#include "platform/raw_array.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -72,7 +70,7 @@ std::unique_ptr<std::byte[]> BufferPool::takeSlab() {
         }
         ++slabsMade_;
     }
-    return makeRawArray<std::byte>(slabBytes);
+    return std::make_unique_for_overwrite<std::byte[]>(slabBytes);
 }
 
 void BufferPool::giveBack(std::vector<std::unique_ptr<std::byte[]>>&& slabs) {

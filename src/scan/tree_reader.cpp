@@ -1,6 +1,5 @@
 #include "scan/tree_reader.h"
 
-#include "platform/raw_array.h"
 #include "scan/open_patiently.h"
 
 #include <algorithm>
@@ -436,7 +435,7 @@ std::unique_ptr<TreeReader::Block> TreeReader::wanted(const EntryBlock& listed) 
             (entry.type == EntryType::regular && interest == EntryInterest::name);
         nameBytes += name.size() + 1;
     }
-    block->names = makeRawArray<char>(nameBytes);
+    block->names = std::make_unique_for_overwrite<char[]>(nameBytes);
     char* at = block->names.get();
     for (ListedEntry& entry : block->entries) {
         std::memcpy(at, entry.name.data(), entry.name.size());

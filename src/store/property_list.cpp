@@ -3,6 +3,8 @@
 #include "store/plist_library.h"
 #include "store/property_list_check.h"
 
+#include <plist/plist.h>
+
 #include <charconv>
 #include <cstddef>
 #include <limits>

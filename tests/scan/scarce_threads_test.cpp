@@ -66,7 +66,7 @@ TEST(ScarceThreads, AScanIsDoneOnTheCallersThread) {
 }
 
 /// Keeps the names of the files that the comparison came to.
-class Names final : public ScanObserver {
+class CategoryNames final : public ScanObserver {
  public:
     void processing(const std::string& path, std::uint64_t /*processed*/) override {
         names_.push_back(path.substr(path.rfind('/') + 1));
@@ -85,7 +85,7 @@ TEST(ScarceThreads, CategoriesAreComparedInTheirOrder) {
     }
     FaultyFileSystem fileSystem;
     FakePlatform platform(fileSystem);
-    Names names;
+    CategoryNames names;
     ScanRun::Settings settings;
     settings.progressInterval = 0ms;
     ScanRun run(platform, names, settings);

@@ -9,6 +9,7 @@
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
+#include <plist/plist.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>

@@ -5,6 +5,7 @@
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
+#include <plist/plist.h>
 #include <sys/stat.h>
 
 #include <algorithm>
