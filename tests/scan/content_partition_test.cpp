@@ -25,9 +25,9 @@ namespace {
 constexpr std::uint64_t firstBlock = ComparisonOrder::edgeBytes;
 
 #ifdef TARVIN_SANITIZED
-constexpr std::chrono::milliseconds promptly{2000};
+constexpr std::chrono::milliseconds quickly{2000};
 #else
-constexpr std::chrono::milliseconds promptly{200};
+constexpr std::chrono::milliseconds quickly{200};
 #endif
 
 /// Files that are compared through a file system that counts and fails.
@@ -515,7 +515,7 @@ class LongComparison : public Comparison, public ::testing::WithParamInterface<C
         const auto asked = std::chrono::steady_clock::now();
         bench_.control().setStop(true);
         comparison_.join();
-        EXPECT_LT(std::chrono::steady_clock::now() - asked, promptly);
+        EXPECT_LT(std::chrono::steady_clock::now() - asked, quickly);
         EXPECT_EQ(result_, PlainResult{});
     }
 
@@ -542,13 +542,13 @@ TEST_P(LongComparison, IsPausedAtOnce) {
     // good while.
     std::uint64_t before = 0;
     auto still = asked;
-    while (std::chrono::steady_clock::now() - still < promptly / 4) {
+    while (std::chrono::steady_clock::now() - still < quickly / 4) {
         const std::uint64_t now = fileSystem_.bytesRead();
         if (now != before) {
             before = now;
             still = std::chrono::steady_clock::now();
         }
-        ASSERT_LT(still - asked, promptly);
+        ASSERT_LT(still - asked, quickly);
         std::this_thread::yield();
     }
     EXPECT_LT(before, bytesInAll());
