@@ -9,6 +9,7 @@
 #include "cli/print.h"
 #include "cli/scan_command.h"
 #include "cli/shown_name.h"
+#include "cli/spelling.h"
 #include "cli/terminal.h"
 #include "cli/totals_command.h"
 
@@ -17,6 +18,7 @@
 #include <algorithm>
 #include <csignal>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -66,6 +68,16 @@ std::string understood(const CLI::App& program) {
     return chosen.empty() ? program.get_name() : program.get_name() + ' ' + chosen[0]->get_name();
 }
 
+/// The same where nothing has been parsed: the command, or the one that it is a part of.
+std::string helpedBy(const CLI::App& command) {
+    const CLI::App* const parent = command.get_parent();
+    if (parent == nullptr) {
+        return command.get_name();
+    }
+    return parent->get_parent() == nullptr ? parent->get_name() + ' ' + command.get_name()
+                                           : helpedBy(*parent);
+}
+
 bool isCommand(const std::vector<Entry>& entries, const std::string& name) {
     return std::any_of(entries.begin(), entries.end(),
                        [&name](const Entry& entry) { return entry.parser->get_name() == name; });
@@ -79,6 +91,9 @@ ExitStatus parseAndRun(CLI::App& program, const std::vector<Entry>& entries,
     const std::string& first = arguments.front();
     if (!first.starts_with('-') && !isCommand(entries, first)) {
         return refuse(shownName(first) + " is no command", program.get_name());
+    }
+    if (const std::optional<Misspelling> misspelt = misspellingIn(program, arguments)) {
+        return refuse(misspelt->reason, helpedBy(*misspelt->command));
     }
     try {
         std::reverse(arguments.begin(), arguments.end());  // as the parser wants them

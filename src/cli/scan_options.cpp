@@ -63,6 +63,28 @@ void addChoice(CLI::App& command, const std::string& name,
         ->take_last();
 }
 
+/// Why a word cannot be the name of a file that an option wants; empty if it can. The parser takes
+/// whatever follows for it, so that a forgotten name would swallow the next option.
+std::string refusalOfFile(const std::string& word) {
+    if (word.empty()) {
+        return "the value is empty";
+    }
+    return word.size() > 1 && word.starts_with('-')
+               ? shownName(word) + " looks like an option; a file of that name is " +
+                     shownName("./" + word)
+               : std::string();
+}
+
+/// An option whose value is the name of a file; of several on one command line the last counts.
+template <typename Target>
+CLI::Option* addFile(CLI::App& command, const std::string& name, Target& target,
+                     const std::string& help) {
+    return command.add_option(name, target, help)
+        ->type_name("FILE")
+        ->check(CLI::Validator(refusalOfFile, "", ""))
+        ->take_last();
+}
+
 }  // namespace
 
 std::string shownOutput(const ScanOptions& options) {
@@ -75,20 +97,14 @@ void addScanOptions(CLI::App& command, ScanOptions& options) {
         ->required();
     addChoice(command, "--format", formats, options.format,
               "How the result is written; text, the default,\nis meant to be read by people");
-    command
-        .add_option("--output", options.output,
-                    "Write the result to FILE instead of standard\noutput")
-        ->type_name("FILE")
-        ->take_last();
+    addFile(command, "--output", options.output,
+            "Write the result to FILE instead of standard\noutput");
     CLI::Option* none = command.add_flag(
         "--no-exceptions", [&options](std::int64_t /*times*/) { options.useExceptions = false; },
         "Look at every file, also at those on the\nexceptions list");
-    command
-        .add_option("--exceptions", options.exceptionsFile,
-                    "Leave out the files on the list in FILE instead\nof those on your own list")
-        ->type_name("FILE")
-        ->excludes(none)
-        ->take_last();
+    addFile(command, "--exceptions", options.exceptionsFile,
+            "Leave out the files on the list in FILE instead\nof those on your own list")
+        ->excludes(none);
     addChoice(command, "--progress", progressTimes, options.progress,
               "Whether to show progress on standard error; auto,\n"
               "the default, shows it if that is a terminal");

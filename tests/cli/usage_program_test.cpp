@@ -1,4 +1,5 @@
 #include "cli/program_run.h"
+#include "support/file_content.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -77,6 +78,47 @@ TEST(Usage, AWordThatIsNoneOfThemIsNamed) {
     expectRefusal({{"scan", "--progress", "sometimes", "/nonexistent"},
                    "tarvin: --progress: sometimes is none of auto, always, never\n"
                    "Try 'tarvin scan --help'.\n"});
+}
+
+TEST(Usage, AnEmptyValueIsRefusedAndTheNextWordIsNotTakenForIt) {
+    const TemporaryFolder folder;
+    folder.writeFile("photos/a.jpg", "photo");
+    const std::string kept = folder.writeFile("kept", "not to be lost");
+    for (const char* option : {"--output", "--exceptions", "--format", "--progress"}) {
+        expectRefusal({{"scan", option + std::string("="), kept, folder.pathOf("photos")},
+                       "tarvin: " + std::string(option) +
+                           ": the value is empty\nTry 'tarvin scan --help'.\n"});
+        EXPECT_EQ(contentOf(kept), "not to be lost") << option;
+    }
+    expectRefusal({{"clean", "--dry-run", "--output=", kept, folder.pathOf("photos")},
+                   "tarvin: --output: the value is empty\nTry 'tarvin clean --help'.\n"});
+    EXPECT_EQ(contentOf(kept), "not to be lost");
+    for (const char* option : {"--output", "--exceptions"}) {
+        expectRefusal({{"scan", option, "", folder.pathOf("photos")},
+                       "tarvin: " + std::string(option) +
+                           ": the value is empty\nTry 'tarvin scan --help'.\n"});
+    }
+}
+
+TEST(Usage, AForgottenFileDoesNotSwallowTheNextOption) {
+    expectRefusal({{"clean", "--output", "--dry-run", "--yes", "/nonexistent"},
+                   "tarvin: --output: --dry-run looks like an option; a file of that name is "
+                   "./--dry-run\nTry 'tarvin clean --help'.\n"});
+    expectRefusal({{"scan", "--exceptions", "-x", "/nonexistent"},
+                   "tarvin: --exceptions: -x looks like an option; a file of that name is ./-x\n"
+                   "Try 'tarvin scan --help'.\n"});
+}
+
+TEST(Usage, AFlagTakesNoValue) {
+    for (const char* word : {"--yes=", "--yes=no", "--yes=1"}) {
+        expectRefusal({{"clean", word, "/nonexistent"},
+                       "tarvin: --yes takes no value\nTry 'tarvin clean --help'.\n"});
+    }
+    expectRefusal({{"scan", "--no-exceptions=false", "/nonexistent"},
+                   "tarvin: --no-exceptions takes no value\nTry 'tarvin scan --help'.\n"});
+    expectRefusal({{"exceptions", "add", "--help=yes"},
+                   "tarvin: --help takes no value\nTry 'tarvin exceptions --help'.\n"});
+    expectRefusal({{"--version=2"}, "tarvin: --version takes no value\nTry 'tarvin --help'.\n"});
 }
 
 TEST(Usage, ExceptionsCannotBeBothLeftOutAndTaken) {

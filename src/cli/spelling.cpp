@@ -1,0 +1,85 @@
+#include "cli/spelling.h"
+
+#include "cli/shown_name.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cctype>
+#include <string_view>
+
+namespace tarvin {
+
+namespace {
+
+bool takesValue(const CLI::Option& option) {
+    return option.get_items_expected_max() > 0;
+}
+
+/// "--name=value" where the value is empty, or where the option takes none.
+std::optional<std::string> reasonAgainstValue(const CLI::App& command, std::string_view word) {
+    const std::size_t equals = word.find('=');
+    if (equals == std::string_view::npos) {
+        return std::nullopt;
+    }
+    const std::string name(word.substr(0, equals));
+    const CLI::Option* const option = command.get_option_no_throw(name);
+    if (option == nullptr) {
+        return std::nullopt;  // the parser tells
+    }
+    if (!takesValue(*option)) {
+        return name + " takes no value";
+    }
+    return equals + 1 == word.size() ? std::optional(name + ": the value is empty") : std::nullopt;
+}
+
+/// "-ny" and "-ofile" are letters that the command knows, the last one with its value.
+bool isBundle(const CLI::App& command, std::string_view word) {
+    for (const char letter : word.substr(1)) {
+        const CLI::Option* const option = command.get_option_no_throw(std::string{'-', letter});
+        if (option == nullptr) {
+            return std::isalnum(static_cast<unsigned char>(letter)) != 0;  // the parser tells
+        }
+        if (takesValue(*option)) {
+            return true;
+        }
+    }
+    return true;
+}
+
+std::optional<std::string> reasonAgainst(const CLI::App& command, const std::string& word) {
+    if (word.starts_with("--")) {
+        return reasonAgainstValue(command, word);
+    }
+    const bool isLongName = word.size() > 2 && command.get_option_no_throw('-' + word) != nullptr;
+    if (isLongName) {
+        return shownName(word) + " is not expected here. Did you mean -" + word + '?';
+    }
+    return isBundle(command, word) ? std::nullopt
+                                   : std::optional(shownName(word) + " is not expected here");
+}
+
+const CLI::App* subcommandOf(const CLI::App& command, const std::string& name) {
+    const auto all = command.get_subcommands({});
+    const auto found = std::find_if(
+        all.begin(), all.end(), [&name](const CLI::App* each) { return each->get_name() == name; });
+    return found == all.end() ? nullptr : *found;
+}
+
+}  // namespace
+
+std::optional<Misspelling> misspellingIn(const CLI::App& program,
+                                         const std::vector<std::string>& arguments) {
+    const CLI::App* command = &program;
+    for (const std::string& word : arguments) {
+        if (!word.starts_with('-')) {
+            const CLI::App* const named = subcommandOf(*command, word);
+            command = named != nullptr ? named : command;
+        } else if (auto reason = reasonAgainst(*command, word)) {
+            return Misspelling{command, std::move(*reason)};
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace tarvin
