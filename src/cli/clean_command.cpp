@@ -1,5 +1,6 @@
 #include "cli/clean_command.h"
 
+#include "cli/clean_report.h"
 #include "cli/interrupt.h"
 #include "cli/messages.h"
 #include "cli/question.h"
@@ -41,7 +42,9 @@ constexpr const char* cleanExamples =
     "       enough memory or something could not be written\n"
     "  2    the command line is wrong, there is nobody to ask and no --yes, or the\n"
     "       exceptions list or the place of the result is of no use; nothing was done\n"
-    "  130  stopped by Ctrl-C or by the signal TERM or HUP";
+    "  130  stopped by Ctrl-C or by the signal TERM or HUP\n"
+    "  141  the reader of the report, such as 'head', went away before its end; all\n"
+    "       duplicates were moved, and standard error has the rest of the report";
 
 std::string questionFor(const Modal& modal) {
     return "Move " + std::to_string(modal.totalFilesSelected()) + " duplicate files (" +
@@ -140,23 +143,18 @@ ExitStatus CleanCommand::plan(const Modal& modal, OutputFile& output) {
     });
     const bool stopped = control_.stopDeletion();
     writer->end({modal.totalFilesSelected(), modal.totalFilesSelectedSize(), stopped});
-    const bool written = commitOutput(options_, output);
-    if (stopped) {
-        return ExitStatus::stopped;
-    }
-    return written ? ExitStatus::done : ExitStatus::incomplete;
+    const ExitStatus written = commitOutput(options_, output);
+    return stopped ? ExitStatus::stopped : written;
 }
 
 ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
     stage_ = Stage::moving;
-    const std::unique_ptr<CleanWriter> writer =
-        makeCleanWriter(options_.format, false, output.output());
-    writer->begin();
+    CleanReport told(options_, output);
     bool movedAll = true;
     bool stopped = false;
     std::unordered_set<const File*> left;
     const auto report = [&](const File& file, MoveOutcome outcome) {
-        writer->file(file, outcome);
+        told.file(file, outcome);
         stopped = stopped || outcome == MoveOutcome::stopped;
         if (outcome == MoveOutcome::moved) {
             return;
@@ -177,17 +175,16 @@ ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
     // Those that the walk did not come to; a file that was moved is in the tree no more.
     forEachMarkedFile(modal, [&](const File& file) {
         if (!left.contains(&file)) {
-            writer->file(file, MoveOutcome::stopped);
+            told.file(file, MoveOutcome::stopped);
             stopped = true;
         }
     });
-    writer->end({moved.deletedFilesCount, moved.deletedFilesSize, stopped});
     const bool stored = storeTotals(moved);
-    const bool written = commitOutput(options_, output);
+    const ExitStatus written = told.end({moved.deletedFilesCount, moved.deletedFilesSize, stopped});
     if (stopped) {
         return ExitStatus::stopped;
     }
-    return movedAll && stored && written ? ExitStatus::done : ExitStatus::incomplete;
+    return movedAll && stored ? written : ExitStatus::incomplete;
 }
 
 bool CleanCommand::storeTotals(const RemovalResult& moved) const {

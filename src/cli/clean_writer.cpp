@@ -29,10 +29,6 @@ class CleanTextWriter final : public CleanWriter {
         output_.append(dryRun_ ? "Would move to the Trash: " : "Moved to the Trash: ");
         output_.append(shownName(file.filePath()));
         output_.append("\n");
-        if (!dryRun_) {
-            // What has been done is told even if the program ends before its time.
-            output_.flush();
-        }
     }
 
     void end(const CleanSummary& summary) override {

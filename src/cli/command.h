@@ -11,7 +11,9 @@ enum class ExitStatus : int {
     done = 0,
     incomplete = 1,  ///< done as far as possible: something could not be read or written
     wrongUsage = 2,  ///< nothing was done
-    stopped = 130    ///< ended early on request; what was found until then has been told
+    stopped = 130,   ///< ended early on request; what was found until then has been told
+    /// The reader of the output has gone away: what a shell sees of a program that SIGPIPE ended.
+    outputClosed = 141
 };
 
 /// One command of the program, such as "scan". Made, asked and run on the main thread.

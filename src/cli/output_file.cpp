@@ -110,7 +110,7 @@ OutputFile::OutputFile(int descriptor, bool owned, std::string temporary, std::s
 
 OutputFile::~OutputFile() {
     static_cast<void>(closeOwned());
-    if (!committed_) {
+    if (!keeps_) {
         removeTemporary();
     }
 }
@@ -128,8 +128,13 @@ std::optional<SystemError> OutputFile::commit() {
     if (!temporary_.empty() && std::rename(temporary_.c_str(), target_.c_str()) != 0) {
         return SystemError{errno};
     }
-    committed_ = true;
+    keeps_ = true;
     return std::nullopt;
+}
+
+std::string OutputFile::keepUnfinished() {
+    keeps_ = true;
+    return temporary_;
 }
 
 void OutputFile::removeTemporary() const {

@@ -30,6 +30,10 @@ class OutputFile final {
     /// Answers the first failure, that of an earlier portion included.
     [[nodiscard]] std::optional<SystemError> commit();
 
+    /// Keeps what has been written so far under the name it has now, and answers that name; empty
+    /// if there is no such file. For a result that is worth keeping even if it is not whole.
+    std::string keepUnfinished();
+
     /// Removes what has been begun, for a program that is about to end. Any thread.
     void removeTemporary() const;
 
@@ -44,7 +48,8 @@ class OutputFile final {
     bool owned_;
     const std::string temporary_;  ///< empty if the place is written to directly
     const std::string target_;
-    bool committed_ = false;
+    bool keeps_ = false;  ///< the file that has been begun, or that took its place
+
     Output output_;
 };
 

@@ -5,16 +5,23 @@
 
 #include <unistd.h>
 
+#include <cerrno>
+#include <string>
+
 namespace tarvin {
 
 ExitStatus print(std::string_view text) {
     Output output(STDOUT_FILENO);
     output.append(text);
-    if (!output.flush()) {
-        complain("standard output: " + output.error()->text());
-        return ExitStatus::incomplete;
+    return output.flush() ? ExitStatus::done : statusOfFailure("standard output", *output.error());
+}
+
+ExitStatus statusOfFailure(std::string_view place, const SystemError& failure) {
+    if (failure.code == EPIPE) {
+        return ExitStatus::outputClosed;
     }
-    return ExitStatus::done;
+    complain(std::string(place) + ": " + failure.text());
+    return ExitStatus::incomplete;
 }
 
 }  // namespace tarvin

@@ -118,8 +118,11 @@ ExitStatus parseAndRun(CLI::App& program, const std::vector<Entry>& entries,
 
 int runProgram(std::span<const char* const> arguments, Platform& platform) {
     reserveStandardStreams();
-    // A reader that has gone away is a failure to write, and told like one.
-    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+    // A reader that has gone away and a limit on the sizes of files are failures to write: neither
+    // may end a clean-up between two files.
+    for (const int signal : {SIGPIPE, SIGXFSZ}) {
+        static_cast<void>(std::signal(signal, SIG_IGN));
+    }
     CLI::App program(description, "tarvin");
     program.formatter(std::make_shared<HelpFormatter>());
     program.footer(programExamples);

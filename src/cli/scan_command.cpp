@@ -33,7 +33,8 @@ constexpr const char* scanExamples =
     "       memory or the result could not be written\n"
     "  2    the command line is wrong, or a list of exceptions or the place of the\n"
     "       result is of no use; nothing was done\n"
-    "  130  the scan was stopped by Ctrl-C or by the signal TERM or HUP";
+    "  130  the scan was stopped by Ctrl-C or by the signal TERM or HUP\n"
+    "  141  the reader of the result, such as 'head', went away before its end";
 
 }  // namespace
 
@@ -62,8 +63,8 @@ ExitStatus ScanCommand::scanInto(OutputFile& output, ExceptionFilter exceptions)
                     });
     scan.wait();
     const ScanReport report = scan.report();
-    if (!write(report, output)) {
-        return ExitStatus::incomplete;
+    if (const ExitStatus written = write(report, output); written != ExitStatus::done) {
+        return written;
     }
     if (report.stopped && !scan.ranOutOfMemory()) {
         return ExitStatus::stopped;
@@ -71,7 +72,7 @@ ExitStatus ScanCommand::scanInto(OutputFile& output, ExceptionFilter exceptions)
     return scan.hasReadAll() ? ExitStatus::done : ExitStatus::incomplete;
 }
 
-bool ScanCommand::write(const ScanReport& report, OutputFile& output) const {
+ExitStatus ScanCommand::write(const ScanReport& report, OutputFile& output) const {
     makeWriter(options_.format)->write(report, output.output());
     return commitOutput(options_, output);
 }

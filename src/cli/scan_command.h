@@ -19,7 +19,7 @@ class ScanCommand final : public Command {
 
  private:
     ExitStatus scanInto(OutputFile& output, ExceptionFilter exceptions);
-    [[nodiscard]] bool write(const ScanReport& report, OutputFile& output) const;
+    [[nodiscard]] ExitStatus write(const ScanReport& report, OutputFile& output) const;
 
     Platform& platform_;
     ScanOptions options_;

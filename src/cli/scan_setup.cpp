@@ -1,6 +1,7 @@
 #include "cli/scan_setup.h"
 
 #include "cli/messages.h"
+#include "cli/print.h"
 #include "cli/scan_inputs.h"
 #include "platform/result.h"
 
@@ -41,12 +42,9 @@ std::optional<ScanSetup> setUpScan(const ScanOptions& options, Platform& platfor
     return ScanSetup{std::move(*exceptions), std::move(*output)};
 }
 
-bool commitOutput(const ScanOptions& options, OutputFile& output) {
+ExitStatus commitOutput(const ScanOptions& options, OutputFile& output) {
     const std::optional<SystemError> failure = output.commit();
-    if (failure) {
-        complain(shownOutput(options) + ": " + failure->text());
-    }
-    return !failure;
+    return failure ? statusOfFailure(shownOutput(options), *failure) : ExitStatus::done;
 }
 
 }  // namespace tarvin

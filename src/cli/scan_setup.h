@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/command.h"
 #include "cli/output_file.h"
 #include "cli/scan_options.h"
 #include "platform/platform.h"
@@ -27,7 +28,7 @@ struct ScanSetup {
 [[nodiscard]] std::optional<ScanSetup> setUpScan(const ScanOptions& options, Platform& platform,
                                                  UnusableExceptions unusable);
 
-/// Puts the result in its place. False, and a complaint, if that fails.
-[[nodiscard]] bool commitOutput(const ScanOptions& options, OutputFile& output);
+/// Puts the result in its place. If that fails, what statusOfFailure() makes of it.
+[[nodiscard]] ExitStatus commitOutput(const ScanOptions& options, OutputFile& output);
 
 }  // namespace tarvin

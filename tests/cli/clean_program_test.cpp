@@ -10,6 +10,7 @@
 #include "support/temporary_folder.h"
 #include "support/waiting.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -343,6 +344,129 @@ TEST_F(Clean, ADryRunThatNobodyReadsCanBeEnded) {
     run.send(SIGTERM);
     run.send(SIGINT);
     EXPECT_EQ(run.wait().status, 130);
+}
+
+/// A clean-up of many equal files whose report does not find its place.
+class CleanUnread : public Clean {
+ protected:
+    static constexpr std::size_t moved = 149;
+
+    CleanUnread() {
+        for (std::size_t number = 0; number <= moved; ++number) {
+            folder_.writeFile("photos/" + std::to_string(number) + ".jpg", "same");
+        }
+    }
+
+    /// How often a line tells of a file that is in the Trash now. Fails for one that is not.
+    [[nodiscard]] std::size_t toldIn(const std::string& text) const {
+        const std::string beginning = "Moved to the Trash: ";
+        std::istringstream lines(text);
+        std::size_t told = 0;
+        for (std::string line; std::getline(lines, line);) {
+            if (line.starts_with(beginning)) {
+                EXPECT_FALSE(std::filesystem::exists(line.substr(beginning.size()))) << line;
+                ++told;
+            }
+        }
+        return told;
+    }
+
+    void expectAllMovedAndCounted() const {
+        EXPECT_EQ(trashed().size(), moved);
+        EXPECT_EQ(tarvin({"totals"}).output, "Files cleaned so far: 149 (0.60 KB)\n");
+    }
+};
+
+constexpr const char* sumsOfAll = "Duplicates Cleaned: 149\nSpace Regained: 0.60 KB \n";
+
+TEST_F(CleanUnread, GoesOnWithoutAReaderAndReportsToStandardError) {
+    for (const char* format : {"text", "json", "csv"}) {
+        for (std::size_t number = 0; number <= moved; ++number) {
+            folder_.writeFile("photos/" + std::to_string(number) + ".jpg", "same");
+        }
+        std::filesystem::remove_all(folder_.pathOf("data"));
+        Pipe pipe;
+        pipe.closeReading();
+        ProgramSetting unread = setting();
+        unread.output = pipe.writing();
+        const ProgramResult result =
+            runTarvin({"clean", "--yes", "--format", format, photos()}, unread);
+        EXPECT_EQ(result.status, 141) << format;
+        EXPECT_TRUE(result.errors.starts_with(
+            "tarvin: standard output: Broken pipe; the rest of the report follows\n"))
+            << result.errors.substr(0, 200);
+        EXPECT_EQ(toldIn(result.errors), moved) << format;
+        EXPECT_TRUE(result.errors.ends_with(sumsOfAll)) << format;
+        expectAllMovedAndCounted();
+    }
+}
+
+TEST_F(CleanUnread, AReaderThatLeavesInTheMiddleDoesNotStopIt) {
+    Pipe pipe;
+    // Takes about 40 of the files, so that the program waits here until the reader has left.
+    ASSERT_GT(::fcntl(pipe.writing(), F_SETPIPE_SZ, 4096), 0);
+    ProgramSetting unread = setting();
+    unread.output = pipe.writing();
+    ProgramRun run({"clean", "--yes", photos()}, unread);
+    pipe.closeWriting();
+    const std::string before = pipe.readUntil("\n");
+    pipe.closeReading();
+    const ProgramResult result = run.wait();
+    EXPECT_EQ(result.status, 141);
+    EXPECT_GT(toldIn(before), 0U);
+    EXPECT_GT(toldIn(result.errors), 0U);
+    EXPECT_LT(toldIn(result.errors), moved);
+    EXPECT_TRUE(result.errors.ends_with(sumsOfAll)) << result.errors;
+    expectAllMovedAndCounted();
+}
+
+TEST_F(CleanUnread, AFullDiskBehindStandardOutputDoesNotLoseTheReport) {
+    const int full = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
+    ProgramSetting unread = setting();
+    unread.output = full;
+    const ProgramResult result = runTarvin({"clean", "--yes", photos()}, unread);
+    ::close(full);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(
+        result.errors.starts_with("tarvin: standard output: No space left on device; the rest of "
+                                  "the report follows\n"))
+        << result.errors;
+    EXPECT_EQ(toldIn(result.errors), moved);
+    expectAllMovedAndCounted();
+}
+
+TEST_F(CleanUnread, AReportThatOutgrowsItsFileIsKeptAndItsRestTold) {
+    const std::string folder = folder_.makeFolder("reports");
+    ProgramSetting narrow = setting();
+    narrow.largestFile = 4096;
+    const ProgramResult result =
+        runTarvin({"clean", "--yes", "--output", folder + "/report", photos()}, narrow);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_FALSE(std::filesystem::exists(folder + "/report"));
+    const std::filesystem::directory_iterator kept(folder);
+    ASSERT_NE(kept, std::filesystem::directory_iterator());
+    const std::string name = kept->path().string();
+    EXPECT_TRUE(result.errors.starts_with("tarvin: " + folder +
+                                          "/report: File too large; what was written is kept as " +
+                                          name + "; the rest of the report follows\n"))
+        << result.errors.substr(0, 300);
+    const std::string written = contentOf(name);
+    // The last line of the file need not be whole.
+    const std::size_t whole = toldIn(written.substr(0, written.rfind('\n') + 1));
+    EXPECT_GT(whole, 0U);
+    EXPECT_EQ(whole + toldIn(result.errors), moved);
+    expectAllMovedAndCounted();
+}
+
+TEST_F(CleanUnread, ADryRunEndsQuietly) {
+    Pipe pipe;
+    pipe.closeReading();
+    ProgramSetting unread = setting();
+    unread.output = pipe.writing();
+    const ProgramResult result = runTarvin({"clean", "--dry-run", photos()}, unread);
+    EXPECT_EQ(result.status, 141);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_TRUE(trashed().empty());
 }
 
 TEST_F(Clean, OnAFullVolumeMovesNothingAndSaysSo) {

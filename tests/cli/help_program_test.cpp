@@ -87,6 +87,7 @@ Exit status:
   2    the command line is wrong, or a list of exceptions or the place of the
        result is of no use; nothing was done
   130  the scan was stopped by Ctrl-C or by the signal TERM or HUP
+  141  the reader of the result, such as 'head', went away before its end
 )");
 }
 
@@ -131,6 +132,8 @@ Exit status:
   2    the command line is wrong, there is nobody to ask and no --yes, or the
        exceptions list or the place of the result is of no use; nothing was done
   130  stopped by Ctrl-C or by the signal TERM or HUP
+  141  the reader of the report, such as 'head', went away before its end; all
+       duplicates were moved, and standard error has the rest of the report
 )");
 }
 

@@ -2,6 +2,7 @@
 #include "cli/program_run.h"
 #include "cli/result_json.h"
 #include "support/file_content.h"
+#include "support/shell_command.h"
 #include "support/temporary_folder.h"
 
 #include <fcntl.h>
@@ -92,12 +93,41 @@ TEST_F(ResultOutput, AFullDiskBehindStandardOutputIsAFailure) {
     EXPECT_EQ(result.errors, "tarvin: standard output: No space left on device\n");
 }
 
-TEST_F(ResultOutput, AReaderThatHasGoneAwayIsAFailure) {
-    Pipe pipe;
-    pipe.closeReading();
-    const ProgramResult result = runTarvin(scanTo("-"), {.output = pipe.writing()});
-    EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "tarvin: standard output: Broken pipe\n");
+TEST_F(ResultOutput, AReaderThatHasGoneAwayEndsItQuietly) {
+    for (const char* output : {"-", "/dev/stdout"}) {
+        Pipe pipe;
+        pipe.closeReading();
+        const ProgramResult result = runTarvin(scanTo(output), {.output = pipe.writing()});
+        EXPECT_EQ(result.status, 141) << output;
+        EXPECT_EQ(result.errors, "") << output;
+    }
+}
+
+TEST_F(ResultOutput, AReaderThatHasReadEnoughEndsItQuietly) {
+    // Far more than a pipe takes.
+    for (int number = 0; number < 2000; ++number) {
+        folder_.writeFile("photos/" + std::to_string(number) + std::string(100, 'x') + ".jpg",
+                          "photo");
+    }
+    const CommandResult result =
+        runCommand("bash -c '\"$0\" scan \"$1\" | head -n 1; echo ${PIPESTATUS[0]}' '" +
+                   ProgramRun::program() + "' '" + folder_.pathOf("photos") + "'");
+    EXPECT_EQ(result.output, "Image\n141\n");
+}
+
+TEST(PrintedOutput, AReaderThatHasGoneAwayEndsEveryCommandQuietly) {
+    const TemporaryFolder home;
+    const std::string photo = home.writeFile("photo.jpg", "photo");
+    for (const ProgramRun::Words& arguments :
+         {ProgramRun::Words{"--help"}, {"--version"}, {"totals"}, {"exceptions", "add", photo}}) {
+        Pipe pipe;
+        pipe.closeReading();
+        const ProgramResult result = runTarvin(
+            arguments,
+            {.environment = {{"XDG_DATA_HOME", home.pathOf("data")}}, .output = pipe.writing()});
+        EXPECT_EQ(result.status, 141) << arguments.front();
+        EXPECT_EQ(result.errors, "") << arguments.front();
+    }
 }
 
 TEST_F(ResultOutput, AFailureIsToldEvenIfEverythingElseWentWell) {

@@ -52,6 +52,7 @@ void setLimit(int resource, std::uint64_t bytes) {
         }
         setLimit(RLIMIT_STACK, setting.threadStack);
         setLimit(RLIMIT_AS, setting.mostMemory);
+        setLimit(RLIMIT_FSIZE, setting.largestFile);
         ::execv(arguments.front(), arguments.data());
     }
     ::_exit(127);

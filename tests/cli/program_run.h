@@ -32,6 +32,8 @@ struct ProgramSetting {
     /// Most bytes of address space and of a thread's stack; 0 for those of the test.
     std::uint64_t mostMemory = 0;
     std::uint64_t threadStack = 0;
+    /// Most bytes of a file that it writes; 0 for those of the test.
+    std::uint64_t largestFile = 0;
 };
 
 /// The finished program on its way. It must come to an end within a minute, or it is ended and the
