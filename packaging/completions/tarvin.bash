@@ -22,7 +22,7 @@ _tarvin() {
     fi
 
     if ((COMP_CWORD == 1)); then
-        _tarvin_offer -W 'scan clean exceptions totals --help --version' -- "$word"
+        _tarvin_offer -W 'scan clean exceptions totals help --help --version' -- "$word"
         return
     fi
     case ${COMP_WORDS[1]} in
@@ -33,6 +33,18 @@ _tarvin() {
                 _tarvin_offer -W 'list add clear --help' -- "$word"
             elif [[ ${COMP_WORDS[2]} == add ]]; then
                 _tarvin_offer_names -f -- "$word"
+            fi
+            return
+            ;;
+        help)
+            if ((COMP_CWORD == 2)) && [[ $word != -* ]]; then
+                _tarvin_offer -W 'scan clean exceptions totals help' -- "$word"
+                return
+            fi
+            ;;&
+        totals | help)
+            if [[ $word == -* ]]; then
+                _tarvin_offer -W '--help' -- "$word"
             fi
             return
             ;;
@@ -47,9 +59,9 @@ _tarvin() {
     done
 
     case $before in
-        --format) _tarvin_offer -W 'text json csv' -- "$word" ;;
+        -f | --format) _tarvin_offer -W 'text json csv' -- "$word" ;;
         --progress) _tarvin_offer -W 'auto always never' -- "$word" ;;
-        --output | --exceptions) _tarvin_offer_names -f -- "$word" ;;
+        -o | --output | --exceptions) _tarvin_offer_names -f -- "$word" ;;
         *)
             if [[ $word == -* ]]; then
                 options+=' --format --output --no-exceptions --exceptions --progress --help'

@@ -69,8 +69,8 @@ void forEachMarkedFile(const Modal& modal, const Action& action) {
 CLI::App& CleanCommand::addTo(CLI::App& program) {
     CLI::App* command = program.add_subcommand("clean", description);
     command->footer(cleanExamples);
-    command->add_flag("--dry-run", dryRun_, "Only tell what would be moved");
-    command->add_flag("--yes", yes_, "Move without asking");
+    command->add_flag("-n,--dry-run", dryRun_, "Only tell what would be moved");
+    command->add_flag("-y,--yes", yes_, "Move without asking");
     addScanOptions(*command, options_);
     return *command;
 }

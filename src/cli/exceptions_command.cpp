@@ -2,6 +2,7 @@
 
 #include "cli/messages.h"
 #include "cli/print.h"
+#include "cli/refusal.h"
 #include "cli/shown_name.h"
 #include "platform/file_paths.h"
 #include "platform/file_system.h"
@@ -92,8 +93,7 @@ CLI::App& ExceptionsCommand::addTo(CLI::App& program) {
 
 ExitStatus ExceptionsCommand::run() {
     if (!list_->parsed() && !add_->parsed() && !clear_->parsed()) {
-        complain("list, add or clear is missing\nTry 'tarvin exceptions --help'.");
-        return ExitStatus::wrongUsage;
+        return refuse("list, add or clear is missing", "tarvin exceptions");
     }
     const std::optional<std::string> folder = platform_.applicationSupportFolder();
     if (!folder) {

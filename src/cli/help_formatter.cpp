@@ -4,7 +4,7 @@ namespace tarvin {
 
 HelpFormatter::HelpFormatter() {
     label("Positionals", "Arguments");
-    column_width(28);
+    column_width(30);
 }
 
 std::string HelpFormatter::make_usage(const CLI::App* app, std::string name) const {

@@ -4,9 +4,11 @@
 #include "cli/clean_command.h"
 #include "cli/command.h"
 #include "cli/exceptions_command.h"
+#include "cli/help_command.h"
 #include "cli/help_formatter.h"
-#include "cli/messages.h"
+#include "cli/parser.h"
 #include "cli/print.h"
+#include "cli/refusal.h"
 #include "cli/scan_command.h"
 #include "cli/shown_name.h"
 #include "cli/spelling.h"
@@ -29,7 +31,7 @@ namespace {
 
 constexpr const char* description =
     "Finds byte-for-byte identical files and moves copies to the Trash.\n"
-    "'tarvin COMMAND --help' explains a command.";
+    "'tarvin help COMMAND' explains a command.";
 
 constexpr const char* programExamples =
     "Examples:\n"
@@ -50,6 +52,7 @@ std::vector<Entry> addCommands(CLI::App& program, Platform& platform) {
     entries.push_back({std::make_unique<CleanCommand>(platform), nullptr});
     entries.push_back({std::make_unique<ExceptionsCommand>(platform), nullptr});
     entries.push_back({std::make_unique<TotalsCommand>(platform), nullptr});
+    entries.push_back({std::make_unique<HelpCommand>(), nullptr});
     for (Entry& entry : entries) {
         entry.parser = &entry.command->addTo(program);
         entry.parser->group("Commands");
@@ -57,30 +60,10 @@ std::vector<Entry> addCommands(CLI::App& program, Platform& platform) {
     return entries;
 }
 
-ExitStatus refuse(const std::string& reason, const std::string& helpCommand) {
-    complain(printable(reason) + "\nTry '" + helpCommand + " --help'.");
-    return ExitStatus::wrongUsage;
-}
-
-/// The command line as far as it was understood: "tarvin" or "tarvin scan".
-std::string understood(const CLI::App& program) {
+/// The command that the command line led to, as far as it was parsed.
+const CLI::App& understood(const CLI::App& program) {
     const std::vector<CLI::App*> chosen = program.get_subcommands();
-    return chosen.empty() ? program.get_name() : program.get_name() + ' ' + chosen[0]->get_name();
-}
-
-/// The same where nothing has been parsed: the command, or the one that it is a part of.
-std::string helpedBy(const CLI::App& command) {
-    const CLI::App* const parent = command.get_parent();
-    if (parent == nullptr) {
-        return command.get_name();
-    }
-    return parent->get_parent() == nullptr ? parent->get_name() + ' ' + command.get_name()
-                                           : helpedBy(*parent);
-}
-
-bool isCommand(const std::vector<Entry>& entries, const std::string& name) {
-    return std::any_of(entries.begin(), entries.end(),
-                       [&name](const Entry& entry) { return entry.parser->get_name() == name; });
+    return chosen.empty() ? program : understood(*chosen.back());
 }
 
 ExitStatus parseAndRun(CLI::App& program, const std::vector<Entry>& entries,
@@ -89,24 +72,24 @@ ExitStatus parseAndRun(CLI::App& program, const std::vector<Entry>& entries,
         return refuse("a command is missing", program.get_name());
     }
     const std::string& first = arguments.front();
-    if (!first.starts_with('-') && !isCommand(entries, first)) {
+    if (!first.starts_with('-') && subcommandOf(program, first) == nullptr) {
         return refuse(shownName(first) + " is no command", program.get_name());
     }
     if (const std::optional<Misspelling> misspelt = misspellingIn(program, arguments)) {
-        return refuse(misspelt->reason, helpedBy(*misspelt->command));
+        return refuse(misspelt->reason, commandLineOf(*misspelt->command));
     }
     try {
         std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
         program.parse(std::move(arguments));
     } catch (const CLI::CallForHelp&) {
-        return print(program.help());
+        return print(helpOf(understood(program)));
     } catch (const CLI::CallForVersion&) {
         return print(program.get_name() + ' ' + TARVIN_VERSION + '\n');
     } catch (const CLI::ExtrasError&) {
         return refuse(shownName(program.remaining(true).front()) + " is not expected here",
-                      understood(program));
+                      commandLineOf(understood(program)));
     } catch (const CLI::ParseError& error) {
-        return refuse(error.what(), understood(program));
+        return refuse(error.what(), commandLineOf(understood(program)));
     }
     const auto chosen = std::find_if(entries.begin(), entries.end(),
                                      [](const Entry& entry) { return entry.parser->parsed(); });
@@ -127,7 +110,7 @@ int runProgram(std::span<const char* const> arguments, Platform& platform) {
     program.formatter(std::make_shared<HelpFormatter>());
     program.footer(programExamples);
     program.set_help_flag("-h,--help", "Print this text, or that of a command, and exit");
-    program.set_version_flag("--version", TARVIN_VERSION, "Print the version and exit");
+    program.set_version_flag("-V,--version", TARVIN_VERSION, "Print the version and exit");
     // None is allowed here so that a wrong option is what gets told, not the missing command.
     program.require_subcommand(0, 1);
     const std::vector<Entry> entries = addCommands(program, platform);

@@ -95,9 +95,9 @@ void addScanOptions(CLI::App& command, ScanOptions& options) {
     command.add_option("FOLDER", options.folders, "Where to look, everything below included")
         ->type_name("")
         ->required();
-    addChoice(command, "--format", formats, options.format,
+    addChoice(command, "-f,--format", formats, options.format,
               "How the result is written; text, the default,\nis meant to be read by people");
-    addFile(command, "--output", options.output,
+    addFile(command, "-o,--output", options.output,
             "Write the result to FILE instead of standard\noutput");
     CLI::Option* none = command.add_flag(
         "--no-exceptions", [&options](std::int64_t /*times*/) { options.useExceptions = false; },

@@ -1,10 +1,10 @@
 #include "cli/spelling.h"
 
+#include "cli/parser.h"
 #include "cli/shown_name.h"
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <cctype>
 #include <string_view>
 
@@ -57,13 +57,6 @@ std::optional<std::string> reasonAgainst(const CLI::App& command, const std::str
     }
     return isBundle(command, word) ? std::nullopt
                                    : std::optional(shownName(word) + " is not expected here");
-}
-
-const CLI::App* subcommandOf(const CLI::App& command, const std::string& name) {
-    const auto all = command.get_subcommands({});
-    const auto found = std::find_if(
-        all.begin(), all.end(), [&name](const CLI::App* each) { return each->get_name() == name; });
-    return found == all.end() ? nullptr : *found;
 }
 
 }  // namespace

@@ -102,6 +102,20 @@ TEST_F(Clean, MovesAllButOneOfEachSetToTheTrash) {
         << result.output;
 }
 
+TEST_F(Clean, ShortOptionsDoWhatTheLongOnesDo) {
+    writePhotos();
+    const ProgramResult planned = tarvin({"clean", "-n", "-f", "json", photos()});
+    EXPECT_EQ(parsedJson(planned.output)["dryRun"], true);
+    const ProgramResult both = tarvin({"clean", "-ny", photos()});
+    EXPECT_TRUE(both.output.ends_with("Nothing was moved.\n")) << both.output;
+    EXPECT_EQ(leftOfThree() + leftOfTwo(), 5);
+    const ProgramResult moved = tarvin({"clean", "-y", "-o", folder_.pathOf("report"), photos()});
+    EXPECT_EQ(moved.status, 0);
+    EXPECT_EQ(moved.output, "");
+    EXPECT_TRUE(contentOf(folder_.pathOf("report")).starts_with("Moved to the Trash: "));
+    EXPECT_EQ(leftOfThree() + leftOfTwo(), 2);
+}
+
 TEST_F(Clean, LeavesTheFileThatTheScanListsFirst) {
     writePhotos();
     const Json scan = parsedJson(tarvin({"scan", "--format", "json", photos()}).output);

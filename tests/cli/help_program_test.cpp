@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <map>
 #include <string>
 
 namespace tarvin {
@@ -13,11 +14,21 @@ namespace {
 
 using testing::HasSubstr;
 
+std::string joined(const ProgramRun::Words& words) {
+    std::string text;
+    for (const std::string& word : words) {
+        text += (text.empty() ? "" : " ") + word;
+    }
+    return text;
+}
+
 TEST(Version, IsThatOfTheBuild) {
-    const ProgramResult result = runTarvin({"--version"});
-    EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.output, std::string("tarvin ") + TARVIN_VERSION + "\n");
-    EXPECT_EQ(result.errors, "");
+    for (const char* option : {"--version", "-V"}) {
+        const ProgramResult result = runTarvin({option});
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.output, std::string("tarvin ") + TARVIN_VERSION + "\n");
+        EXPECT_EQ(result.errors, "");
+    }
 }
 
 TEST(Help, OfTheProgramNamesItsCommandsWithExamples) {
@@ -26,19 +37,20 @@ TEST(Help, OfTheProgramNamesItsCommandsWithExamples) {
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(result.output,
               R"(Finds byte-for-byte identical files and moves copies to the Trash.
-'tarvin COMMAND --help' explains a command.
+'tarvin help COMMAND' explains a command.
 
 Usage: tarvin COMMAND [OPTION]...
 
 Options:
-  -h,--help                 Print this text, or that of a command, and exit
-  --version                 Print the version and exit
+  -h,--help                   Print this text, or that of a command, and exit
+  -V,--version                Print the version and exit
 
 Commands:
-  scan                      Finds the files in FOLDER... whose contents are identical.
-  clean                     Moves the duplicates in FOLDER... to the Trash; one file of each set stays.
-  exceptions                Shows or changes the list of files that no scan looks at.
-  totals                    Tells how many files were moved to the Trash over all runs.
+  scan                        Finds the files in FOLDER... whose contents are identical.
+  clean                       Moves the duplicates in FOLDER... to the Trash; one file of each set stays.
+  exceptions                  Shows or changes the list of files that no scan looks at.
+  totals                      Tells how many files were moved to the Trash over all runs.
+  help                        Explains the program or one of its commands.
 
 Examples:
   tarvin scan ~/Pictures ~/Downloads
@@ -57,21 +69,21 @@ TEST(Help, OfScanExplainsItWithExamples) {
 Usage: tarvin scan [OPTION]... FOLDER...
 
 Arguments:
-  FOLDER                    Where to look, everything below included
+  FOLDER                      Where to look, everything below included
 
 Options:
-  -h,--help                 Print this text, or that of a command, and exit
-  --format text|json|csv    How the result is written; text, the default,
-                            is meant to be read by people
-  --output FILE             Write the result to FILE instead of standard
-                            output
-  --no-exceptions           Look at every file, also at those on the
-                            exceptions list
-  --exceptions FILE         Leave out the files on the list in FILE instead
-                            of those on your own list
+  -h,--help                   Print this text, or that of a command, and exit
+  -f,--format text|json|csv   How the result is written; text, the default,
+                              is meant to be read by people
+  -o,--output FILE            Write the result to FILE instead of standard
+                              output
+  --no-exceptions             Look at every file, also at those on the
+                              exceptions list
+  --exceptions FILE           Leave out the files on the list in FILE instead
+                              of those on your own list
   --progress auto|always|never
-                            Whether to show progress on standard error; auto,
-                            the default, shows it if that is a terminal
+                              Whether to show progress on standard error; auto,
+                              the default, shows it if that is a terminal
 
 Examples:
   tarvin scan ~/Pictures ~/Downloads
@@ -98,23 +110,23 @@ TEST(Help, OfCleanExplainsItWithExamples) {
 Usage: tarvin clean [OPTION]... FOLDER...
 
 Arguments:
-  FOLDER                    Where to look, everything below included
+  FOLDER                      Where to look, everything below included
 
 Options:
-  -h,--help                 Print this text, or that of a command, and exit
-  --dry-run                 Only tell what would be moved
-  --yes                     Move without asking
-  --format text|json|csv    How the result is written; text, the default,
-                            is meant to be read by people
-  --output FILE             Write the result to FILE instead of standard
-                            output
-  --no-exceptions           Look at every file, also at those on the
-                            exceptions list
-  --exceptions FILE         Leave out the files on the list in FILE instead
-                            of those on your own list
+  -h,--help                   Print this text, or that of a command, and exit
+  -n,--dry-run                Only tell what would be moved
+  -y,--yes                    Move without asking
+  -f,--format text|json|csv   How the result is written; text, the default,
+                              is meant to be read by people
+  -o,--output FILE            Write the result to FILE instead of standard
+                              output
+  --no-exceptions             Look at every file, also at those on the
+                              exceptions list
+  --exceptions FILE           Leave out the files on the list in FILE instead
+                              of those on your own list
   --progress auto|always|never
-                            Whether to show progress on standard error; auto,
-                            the default, shows it if that is a terminal
+                              Whether to show progress on standard error; auto,
+                              the default, shows it if that is a terminal
 
 Examples:
   tarvin clean --dry-run ~/Pictures ~/Downloads
@@ -144,12 +156,12 @@ TEST(Help, OfExceptionsExplainsThem) {
 Usage: tarvin exceptions COMMAND [OPTION]...
 
 Options:
-  -h,--help                 Print this text, or that of a command, and exit
+  -h,--help                   Print this text, or that of a command, and exit
 
 Commands:
-  list                      Prints the files on the list.
-  add                       Puts FILE... on the list.
-  clear                     Empties the list.
+  list                        Prints the files on the list.
+  add                         Puts FILE... on the list.
+  clear                       Empties the list.
 
 Examples:
   tarvin exceptions add ~/Pictures/keep-both.jpg
@@ -171,13 +183,45 @@ TEST(Help, OfTotalsExplainsThem) {
 Usage: tarvin totals [OPTION]...
 
 Options:
-  -h,--help                 Print this text, or that of a command, and exit
+  -h,--help                   Print this text, or that of a command, and exit
 
 Exit status:
   0    done
   1    the totals could not be read, or not be printed
   2    the command line is wrong; nothing was done
 )");
+}
+
+TEST(Help, OfAWordIsThatOfItsOption) {
+    using Words = ProgramRun::Words;
+    for (const Words& words : {Words{}, Words{"scan"}, Words{"clean"}, Words{"exceptions"},
+                               Words{"exceptions", "add"}, Words{"totals"}, Words{"help"}}) {
+        Words first{"help"};
+        first.insert(first.end(), words.begin(), words.end());
+        Words last = words;
+        last.emplace_back("--help");
+        const ProgramResult result = runTarvin(first);
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.errors, "");
+        EXPECT_EQ(result.output, runTarvin(last).output);
+        Words usage{"Usage: tarvin"};
+        usage.insert(usage.end(), words.begin(), words.end());
+        EXPECT_THAT(result.output, HasSubstr(joined(usage) + (words.empty() ? " COMMAND" : " ")));
+    }
+}
+
+TEST(Help, OfAnUnknownCommandIsRefused) {
+    for (const auto& [words, errors] : std::map<ProgramRun::Words, std::string>{
+             {{"help", "purge"}, "tarvin: purge is no command\nTry 'tarvin --help'.\n"},
+             {{"help", "exceptions", "forget"},
+              "tarvin: forget is no command\nTry 'tarvin exceptions --help'.\n"},
+             {{"help", "scan", "clean"},
+              "tarvin: clean is no command\nTry 'tarvin scan --help'.\n"}}) {
+        const ProgramResult result = runTarvin(words);
+        EXPECT_EQ(result.status, 2);
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.errors, errors);
+    }
 }
 
 TEST(Help, IsGivenWhateverElseIsAsked) {

@@ -52,6 +52,16 @@ TEST(ScanOptions, OptionsMayStandBetweenTheFolders) {
     EXPECT_EQ(answer.options.output, "o.json");
 }
 
+TEST(ScanOptions, FormatAndOutputHaveShortNames) {
+    for (const Words& words : {Words{"-f", "json", "-o", "r", "a"}, Words{"-fjson", "a", "-or"}}) {
+        const Parsed answer = parsed(words);
+        EXPECT_EQ(answer.error, "");
+        EXPECT_EQ(answer.options.folders, Words{"a"});
+        EXPECT_EQ(answer.options.format, ResultFormat::json);
+        EXPECT_EQ(answer.options.output, "r");
+    }
+}
+
 TEST(ScanOptions, EveryFormatHasItsWord) {
     EXPECT_EQ(parsed({"--format", "text", "a"}).options.format, ResultFormat::text);
     EXPECT_EQ(parsed({"--format", "json", "a"}).options.format, ResultFormat::json);

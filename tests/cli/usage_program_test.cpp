@@ -63,7 +63,7 @@ TEST(Usage, ExceptionsNeedToKnowWhatToDo) {
     expectRefusal({{"exceptions", "forget"},
                    "tarvin: forget is not expected here\nTry 'tarvin exceptions --help'.\n"});
     expectRefusal(
-        {{"exceptions", "add"}, "tarvin: FILE is required\nTry 'tarvin exceptions --help'.\n"});
+        {{"exceptions", "add"}, "tarvin: FILE is required\nTry 'tarvin exceptions add --help'.\n"});
 }
 
 TEST(Usage, TotalsTakeNothing) {
@@ -109,6 +109,30 @@ TEST(Usage, AForgottenFileDoesNotSwallowTheNextOption) {
                    "Try 'tarvin scan --help'.\n"});
 }
 
+TEST(Usage, ALongNameBehindOneDashIsNotTakenForAShortOptionWithItsValue) {
+    const TemporaryFolder folder;
+    const ProgramResult result =
+        runTarvin({"scan", "-output", "result", folder.path()}, {.folder = folder.path()});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.errors,
+              "tarvin: -output is not expected here. Did you mean --output?\n"
+              "Try 'tarvin scan --help'.\n");
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+    expectRefusal({{"scan", "-format", "json", "/nonexistent"},
+                   "tarvin: -format is not expected here. Did you mean --format?\n"
+                   "Try 'tarvin scan --help'.\n"});
+}
+
+TEST(Usage, ShortOptionsInOneWordAreLetters) {
+    for (const char* word : {"-n-", "-y-n", "-n=1", "-y /"}) {
+        expectRefusal({{"clean", word, "/nonexistent"},
+                       std::string("tarvin: ") + word +
+                           " is not expected here\nTry 'tarvin clean --help'.\n"});
+    }
+    expectRefusal({{"clean", "-nx", "/nonexistent"},
+                   "tarvin: -x is not expected here\nTry 'tarvin clean --help'.\n"});
+}
+
 TEST(Usage, AFlagTakesNoValue) {
     for (const char* word : {"--yes=", "--yes=no", "--yes=1"}) {
         expectRefusal({{"clean", word, "/nonexistent"},
@@ -117,7 +141,7 @@ TEST(Usage, AFlagTakesNoValue) {
     expectRefusal({{"scan", "--no-exceptions=false", "/nonexistent"},
                    "tarvin: --no-exceptions takes no value\nTry 'tarvin scan --help'.\n"});
     expectRefusal({{"exceptions", "add", "--help=yes"},
-                   "tarvin: --help takes no value\nTry 'tarvin exceptions --help'.\n"});
+                   "tarvin: --help takes no value\nTry 'tarvin exceptions add --help'.\n"});
     expectRefusal({{"--version=2"}, "tarvin: --version takes no value\nTry 'tarvin --help'.\n"});
 }
 

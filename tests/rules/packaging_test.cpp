@@ -53,7 +53,8 @@ TEST(BashCompletion, CompletesACommand) {
 }
 
 TEST(BashCompletion, OffersWhatMayStandFirst) {
-    EXPECT_EQ(bashOffers("tarvin \"\"", 1), "--help\n--version\nclean\nexceptions\nscan\ntotals\n");
+    EXPECT_EQ(bashOffers("tarvin \"\"", 1),
+              "--help\n--version\nclean\nexceptions\nhelp\nscan\ntotals\n");
 }
 
 TEST(BashCompletion, OffersTheOptionsOfScan) {
@@ -75,10 +76,18 @@ TEST(BashCompletion, OffersWhatToDoWithExceptions) {
     EXPECT_EQ(bashOffers("tarvin totals LIC", 2), "");
 }
 
+TEST(BashCompletion, OffersTheCommandsThatCanBeExplained) {
+    EXPECT_EQ(bashOffers("tarvin help \"\"", 2), "clean\nexceptions\nhelp\nscan\ntotals\n");
+    EXPECT_EQ(bashOffers("tarvin help scan \"\"", 3), "");
+    EXPECT_EQ(bashOffers("tarvin help --", 2), "--help\n");
+    EXPECT_EQ(bashOffers("tarvin totals -", 2), "--help\n");
+}
+
 TEST(BashCompletion, OffersTheFormats) {
     EXPECT_EQ(bashOffers("tarvin scan --format \"\"", 3), "csv\njson\ntext\n");
     EXPECT_EQ(bashOffers("tarvin scan --format = js", 4), "json\n");
     EXPECT_EQ(bashOffers("tarvin scan --format =", 3), "csv\njson\ntext\n");
+    EXPECT_EQ(bashOffers("tarvin scan -f js", 3), "json\n");
 }
 
 TEST(BashCompletion, OffersWhenToShowProgress) {
@@ -93,6 +102,7 @@ TEST(BashCompletion, OffersFoldersToScanAndNoFiles) {
 TEST(BashCompletion, OffersFilesWhereAFileIsWanted) {
     EXPECT_EQ(bashOffers("tarvin scan --output LIC", 3), "LICENSE\n");
     EXPECT_EQ(bashOffers("tarvin scan --exceptions LIC", 3), "LICENSE\n");
+    EXPECT_EQ(bashOffers("tarvin scan -o LIC", 3), "LICENSE\n");
 }
 
 TEST(BashCompletion, AfterTheEndOfOptionsOnlyFoldersAreOffered) {

@@ -1,0 +1,33 @@
+#include "cli/help_command.h"
+
+#include "cli/parser.h"
+#include "cli/print.h"
+#include "cli/refusal.h"
+#include "cli/shown_name.h"
+
+#include <CLI/CLI.hpp>
+
+namespace tarvin {
+
+CLI::App& HelpCommand::addTo(CLI::App& program) {
+    program_ = &program;
+    CLI::App* command =
+        program.add_subcommand("help", "Explains the program or one of its commands.");
+    command->add_option("COMMAND", words_, "Which command; without one, the program")
+        ->type_name("");
+    return *command;
+}
+
+ExitStatus HelpCommand::run() {
+    const CLI::App* asked = program_;
+    for (const std::string& word : words_) {
+        const CLI::App* const next = subcommandOf(*asked, word);
+        if (next == nullptr) {
+            return refuse(shownName(word) + " is no command", commandLineOf(*asked));
+        }
+        asked = next;
+    }
+    return print(helpOf(*asked));
+}
+
+}  // namespace tarvin

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "cli/command.h"
+
+#include <string>
+#include <vector>
+
+namespace tarvin {
+
+/// "tarvin help": prints what "--help" behind the same words prints.
+class HelpCommand final : public Command {
+ public:
+    CLI::App& addTo(CLI::App& program) override;
+    ExitStatus run() override;
+
+ private:
+    const CLI::App* program_ = nullptr;
+    std::vector<std::string> words_;
+};
+
+}  // namespace tarvin

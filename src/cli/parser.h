@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace tarvin {
+
+// Questions about the commands that a parser knows. Main thread.
+
+/// The command of that name below `command`, or none.
+[[nodiscard]] const CLI::App* subcommandOf(const CLI::App& command, const std::string& name);
+
+/// The words that lead to a command, the program's name first: "tarvin exceptions add".
+[[nodiscard]] std::string commandLineOf(const CLI::App& command);
+
+/// What "--help" behind these words prints.
+[[nodiscard]] std::string helpOf(const CLI::App& command);
+
+}  // namespace tarvin

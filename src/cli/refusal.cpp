@@ -1,0 +1,13 @@
+#include "cli/refusal.h"
+
+#include "cli/messages.h"
+#include "cli/shown_name.h"
+
+namespace tarvin {
+
+ExitStatus refuse(const std::string& reason, const std::string& helpCommand) {
+    complain(printable(reason) + "\nTry '" + helpCommand + " --help'.");
+    return ExitStatus::wrongUsage;
+}
+
+}  // namespace tarvin
