@@ -4,6 +4,7 @@
 #include "cli/print.h"
 #include "cli/refusal.h"
 #include "cli/shown_name.h"
+#include "cli/suggestion.h"
 
 #include <CLI/CLI.hpp>
 
@@ -23,7 +24,9 @@ ExitStatus HelpCommand::run() {
     for (const std::string& word : words_) {
         const CLI::App* const next = subcommandOf(*asked, word);
         if (next == nullptr) {
-            return refuse(shownName(word) + " is no command", commandLineOf(*asked));
+            return refuse(
+                shownName(word) + " is no command" + suggestionFor(word, subcommandNamesOf(*asked)),
+                commandLineOf(*asked));
         }
         asked = next;
     }

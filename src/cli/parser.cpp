@@ -13,6 +13,24 @@ const CLI::App* subcommandOf(const CLI::App& command, const std::string& name) {
     return found == all.end() ? nullptr : *found;
 }
 
+std::vector<std::string> subcommandNamesOf(const CLI::App& command) {
+    std::vector<std::string> names;
+    for (const CLI::App* each : command.get_subcommands({})) {
+        names.push_back(each->get_name());
+    }
+    return names;
+}
+
+std::vector<std::string> optionNamesOf(const CLI::App& command) {
+    std::vector<std::string> names;
+    for (const CLI::Option* option : command.get_options()) {
+        for (const std::string& name : option->get_lnames()) {
+            names.push_back("--" + name);
+        }
+    }
+    return names;
+}
+
 std::string commandLineOf(const CLI::App& command) {
     const CLI::App* const parent = command.get_parent();
     return parent == nullptr ? command.get_name()

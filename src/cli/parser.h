@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -12,6 +13,12 @@ namespace tarvin {
 
 /// The command of that name below `command`, or none.
 [[nodiscard]] const CLI::App* subcommandOf(const CLI::App& command, const std::string& name);
+
+/// The names of the commands below `command`.
+[[nodiscard]] std::vector<std::string> subcommandNamesOf(const CLI::App& command);
+
+/// The long names of its options, with their dashes.
+[[nodiscard]] std::vector<std::string> optionNamesOf(const CLI::App& command);
 
 /// The words that lead to a command, the program's name first: "tarvin exceptions add".
 [[nodiscard]] std::string commandLineOf(const CLI::App& command);

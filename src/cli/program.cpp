@@ -12,6 +12,7 @@
 #include "cli/scan_command.h"
 #include "cli/shown_name.h"
 #include "cli/spelling.h"
+#include "cli/suggestion.h"
 #include "cli/terminal.h"
 #include "cli/totals_command.h"
 
@@ -66,6 +67,15 @@ const CLI::App& understood(const CLI::App& program) {
     return chosen.empty() ? program : understood(*chosen.back());
 }
 
+/// A word that the command has no use for. Of "--fromat=json" only the name can be a slip.
+ExitStatus refuseWord(const std::string& word, const CLI::App& command) {
+    const std::string suggestion =
+        word.starts_with('-')
+            ? suggestionFor(word.substr(0, word.find('=')), optionNamesOf(command))
+            : suggestionFor(word, subcommandNamesOf(command));
+    return refuse(shownName(word) + " is not expected here" + suggestion, commandLineOf(command));
+}
+
 ExitStatus parseAndRun(CLI::App& program, const std::vector<Entry>& entries,
                        std::vector<std::string> arguments) {
     if (arguments.empty()) {
@@ -73,7 +83,9 @@ ExitStatus parseAndRun(CLI::App& program, const std::vector<Entry>& entries,
     }
     const std::string& first = arguments.front();
     if (!first.starts_with('-') && subcommandOf(program, first) == nullptr) {
-        return refuse(shownName(first) + " is no command", program.get_name());
+        return refuse(
+            shownName(first) + " is no command" + suggestionFor(first, subcommandNamesOf(program)),
+            program.get_name());
     }
     if (const std::optional<Misspelling> misspelt = misspellingIn(program, arguments)) {
         return refuse(misspelt->reason, commandLineOf(*misspelt->command));
@@ -86,8 +98,7 @@ ExitStatus parseAndRun(CLI::App& program, const std::vector<Entry>& entries,
     } catch (const CLI::CallForVersion&) {
         return print(program.get_name() + ' ' + TARVIN_VERSION + '\n');
     } catch (const CLI::ExtrasError&) {
-        return refuse(shownName(program.remaining(true).front()) + " is not expected here",
-                      commandLineOf(understood(program)));
+        return refuseWord(program.remaining(true).front(), understood(program));
     } catch (const CLI::ParseError& error) {
         return refuse(error.what(), commandLineOf(understood(program)));
     }

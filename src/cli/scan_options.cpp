@@ -1,6 +1,7 @@
 #include "cli/scan_options.h"
 
 #include "cli/shown_name.h"
+#include "cli/suggestion.h"
 
 #include <CLI/CLI.hpp>
 
@@ -8,6 +9,7 @@
 #include <array>
 #include <cstddef>
 #include <string_view>
+#include <vector>
 
 namespace tarvin {
 
@@ -36,10 +38,10 @@ const Choice<Value>* choiceNamed(const std::array<Choice<Value>, count>& choices
 }
 
 template <typename Value, std::size_t count>
-std::string namesOf(const std::array<Choice<Value>, count>& choices, std::string_view separator) {
-    std::string names;
+std::vector<std::string> namesOf(const std::array<Choice<Value>, count>& choices) {
+    std::vector<std::string> names;
     for (const Choice<Value>& choice : choices) {
-        names.append(names.empty() ? "" : separator).append(choice.name);
+        names.emplace_back(choice.name);
     }
     return names;
 }
@@ -49,16 +51,18 @@ template <typename Value, std::size_t count>
 void addChoice(CLI::App& command, const std::string& name,
                const std::array<Choice<Value>, count>& choices, Value& target,
                const std::string& help) {
-    const auto refusal = [&choices](const std::string& word) {
-        return choiceNamed(choices, word) != nullptr
+    const std::vector<std::string> names = namesOf(choices);
+    const auto refusal = [names](const std::string& word) {
+        return std::find(names.begin(), names.end(), word) != names.end()
                    ? std::string()
-                   : shownName(word) + " is none of " + namesOf(choices, ", ");
+                   : shownName(word) + " is none of " + CLI::detail::join(names, ", ") +
+                         suggestionFor(word, names);
     };
     const auto take = [&choices, &target](const std::string& word) {
         target = choiceNamed(choices, word)->value;
     };
     command.add_option_function<std::string>(name, take, help)
-        ->type_name(namesOf(choices, "|"))
+        ->type_name(CLI::detail::join(names, "|"))
         ->check(CLI::Validator(refusal, "", ""))
         ->take_last();
 }

@@ -100,7 +100,8 @@ TEST(ScanOptions, ExceptionsCannotBeBothLeftOutAndTaken) {
 
 TEST(ScanOptions, AWordThatIsNoneOfThemIsRefused) {
     EXPECT_EQ(parsed({"--format", "xml", "a"}).error, "--format: xml is none of text, json, csv");
-    EXPECT_EQ(parsed({"--format", "JSON", "a"}).error, "--format: JSON is none of text, json, csv");
+    EXPECT_EQ(parsed({"--format", "JSON", "a"}).error,
+              "--format: JSON is none of text, json, csv. Did you mean json?");
     EXPECT_EQ(parsed({"--progress", "", "a"}).error,
               "--progress: $'' is none of auto, always, never");
 }

@@ -38,6 +38,36 @@ TEST(Usage, AnUnknownCommandIsNamed) {
     expectRefusal({{""}, "tarvin: $'' is no command\nTry 'tarvin --help'.\n"});
 }
 
+TEST(Usage, ANearMissIsNamedAndNotRun) {
+    const TemporaryFolder folder;
+    folder.writeFile("a.jpg", "photo");
+    folder.writeFile("b.jpg", "photo");
+    expectRefusal({{"claen", "--yes", folder.path()},
+                   "tarvin: claen is no command. Did you mean clean?\nTry 'tarvin --help'.\n"});
+    expectRefusal({{"help", "exeption"},
+                   "tarvin: exeption is no command. Did you mean exceptions?\n"
+                   "Try 'tarvin --help'.\n"});
+    expectRefusal({{"exceptions", "lsit"},
+                   "tarvin: lsit is not expected here. Did you mean list?\n"
+                   "Try 'tarvin exceptions --help'.\n"});
+    for (const char* word : {"--fromat=json", "--form"}) {
+        expectRefusal({{"scan", word, folder.path()},
+                       std::string("tarvin: ") + word +
+                           " is not expected here. Did you mean --format?\n"
+                           "Try 'tarvin scan --help'.\n"});
+    }
+    expectRefusal({{"clean", "--yse", folder.path()},
+                   "tarvin: --yse is not expected here. Did you mean --yes?\n"
+                   "Try 'tarvin clean --help'.\n"});
+    expectRefusal({{"--vresion"},
+                   "tarvin: --vresion is not expected here. Did you mean --version?\n"
+                   "Try 'tarvin --help'.\n"});
+    expectRefusal({{"scan", "--format", "jsno", folder.path()},
+                   "tarvin: --format: jsno is none of text, json, csv. Did you mean json?\n"
+                   "Try 'tarvin scan --help'.\n"});
+    EXPECT_TRUE(std::filesystem::exists(folder.pathOf("b.jpg")));
+}
+
 TEST(Usage, AnUnknownOptionIsNamed) {
     expectRefusal(
         {{"--recursive"}, "tarvin: --recursive is not expected here\nTry 'tarvin --help'.\n"});
