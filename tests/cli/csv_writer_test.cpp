@@ -1,5 +1,6 @@
 #include "cli/csv_writer.h"
 
+#include "cli/csv_field.h"
 #include "cli/made_up_report.h"
 
 #include <gtest/gtest.h>
@@ -49,6 +50,32 @@ TEST(CsvWriter, WhatWouldEndAFieldIsQuoted) {
                                  "Other,\"x,y\",1,2,1,,,\"/two\nlines.x\",\r\n"
                                  "Other,\"x,y\",1,3,1,,,\"/carriage\rreturn.x\",\r\n"
                                  "Other,\"x,y\",1,4,1,,,/ plain 'text'; \u00E4.x,\r\n");
+}
+
+TEST(CsvField, WhatASpreadsheetWouldCalculateIsText) {
+    EXPECT_EQ(csvField("=1+1"), "\"'=1+1\"");
+    EXPECT_EQ(csvField("+1"), "\"'+1\"");
+    EXPECT_EQ(csvField("-1"), "\"'-1\"");
+    EXPECT_EQ(csvField("@SUM(A1)"), "\"'@SUM(A1)\"");
+    EXPECT_EQ(csvField("\t=1"), "\"'\t=1\"");
+    EXPECT_EQ(csvField("\r=1"), "\"'\r=1\"");
+    EXPECT_EQ(csvField("=HYPERLINK(\"a\",\"b\")"), "\"'=HYPERLINK(\"\"a\"\",\"\"b\"\")\"");
+}
+
+TEST(CsvField, OtherTextsGetNoApostrophe) {
+    EXPECT_EQ(csvField(""), "");
+    EXPECT_EQ(csvField("a=1"), "a=1");
+    EXPECT_EQ(csvField("/=1+1"), "/=1+1");
+    EXPECT_EQ(csvField("a-b+c@d"), "a-b+c@d");
+    EXPECT_EQ(csvField("'=1"), "'=1");
+}
+
+TEST(CsvWriter, AnExtensionThatLooksLikeAFormulaIsTextAndNumbersStayNumbers) {
+    MadeUpReport report;
+    report.addSet(Category::other, {{"/a.=1+1", 7}, {"/b.=1+1", 7}});
+    EXPECT_EQ(csvOf(report), headings +
+                                 "Other,\"'=1+1\",1,0,7,,,/a.=1+1,\r\n"
+                                 "Other,\"'=1+1\",1,1,7,,,/b.=1+1,\r\n");
 }
 
 TEST(CsvWriter, APathThatIsNotUtf8IsToldExactlyInTheLastColumn) {
