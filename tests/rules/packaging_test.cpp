@@ -39,6 +39,18 @@ TEST(ManPage, IsWrittenWithoutMistake) {
     }
 }
 
+/// Sentences that people decide by, as they are read.
+TEST(ManPage, SaysWhatAHardLinkIsTakenFor) {
+    const CommandResult result = runCommand(
+        "LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 man -E UTF-8 --no-hyphenation "
+        "--no-justification -l -Tutf8 packaging/man/tarvin.1 | col -bx | tr -s '\\n ' ' '");
+    EXPECT_THAT(result.output,
+                testing::HasSubstr("Hard links, which are several names of one file, are files of "
+                                   "one set"));
+    EXPECT_THAT(result.output, testing::HasSubstr("Removing one frees nothing as long as another "
+                                                  "name of the file is left"));
+}
+
 TEST(ZshCompletion, IsAcceptedByZsh) {
     for (const char* program : {"tarvin", "tarvin-duplicate-file-remover"}) {
         const CommandResult result =
