@@ -1,6 +1,7 @@
 #include "cli/clean_writer.h"
 
 #include "cli/csv_field.h"
+#include "cli/harmless_json.h"
 #include "cli/shown_name.h"
 #include "cli/utf8.h"
 #include "scan/clean_texts.h"
@@ -73,7 +74,7 @@ class CleanJsonWriter final : public CleanWriter {
         entry["fileSize"] = file.fileSize();
         entry["outcome"] = outcomeWord(outcome);
         output_.append(isFirst_ ? "\n    " : ",\n    ");
-        output_.append(entry.dump());
+        output_.append(harmlessJson(entry.dump()));
         isFirst_ = false;
     }
 
@@ -95,30 +96,23 @@ class CleanJsonWriter final : public CleanWriter {
 
 class CleanCsvWriter final : public CleanWriter {
  public:
-    explicit CleanCsvWriter(Output& output) : output_(output) {}
+    CleanCsvWriter(Display display, Output& output) : display_(display), output_(output) {}
 
     void begin() override { output_.append("outcome,size,path,path_bytes\r\n"); }
 
     void file(const File& file, std::optional<MoveOutcome> outcome) override {
-        std::string path = file.filePath();
-        std::string pathBytes;
-        if (!isValidUtf8(path)) {
-            pathBytes = hexadecimal(path);
-            path = withBadBytesReplaced(path);
-        }
         output_.append(outcomeWord(outcome));
         output_.append(",");
         output_.appendNumber(file.fileSize());
         output_.append(",");
-        output_.append(csvField(path));
-        output_.append(",");
-        output_.append(pathBytes);
+        output_.append(csvPath(file.filePath(), display_));
         output_.append("\r\n");
     }
 
     void end(const CleanSummary&) override {}
 
  private:
+    const Display display_;
     Output& output_;
 };
 
@@ -129,7 +123,7 @@ std::unique_ptr<CleanWriter> makeCleanWriter(ResultFormat format, bool dryRun, O
         case ResultFormat::json:
             return std::make_unique<CleanJsonWriter>(dryRun, output);
         case ResultFormat::csv:
-            return std::make_unique<CleanCsvWriter>(output);
+            return std::make_unique<CleanCsvWriter>(displayOf(output.descriptor()), output);
         case ResultFormat::text:
             break;
     }

@@ -1,5 +1,8 @@
 #include "cli/csv_field.h"
 
+#include "cli/shown_name.h"
+#include "cli/utf8.h"
+
 namespace tarvin {
 
 namespace {
@@ -8,6 +11,14 @@ namespace {
 bool isCalculated(std::string_view text) {
     constexpr std::string_view beginnings = "=+-@\t\r";
     return !text.empty() && beginnings.find(text.front()) != std::string_view::npos;
+}
+
+/// The name as far as it may be shown.
+std::string shownIn(const std::string& name, Display display) {
+    if (display.isTerminal) {
+        return withHarmfulReplaced(name);
+    }
+    return isValidUtf8(name) ? name : withBadBytesReplaced(name);
 }
 
 }  // namespace
@@ -22,6 +33,15 @@ std::string csvField(std::string_view text) {
         quoted.append(byte == '"' ? 2 : 1, byte);
     }
     return quoted += '"';
+}
+
+std::string csvName(const std::string& name, Display display) {
+    return csvField(shownIn(name, display));
+}
+
+std::string csvPath(const std::string& path, Display display) {
+    const std::string shown = shownIn(path, display);
+    return csvField(shown) + ',' + (shown == path ? "" : hexadecimal(path));
 }
 
 }  // namespace tarvin

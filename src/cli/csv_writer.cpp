@@ -2,7 +2,6 @@
 
 #include "cli/csv_field.h"
 #include "cli/iso_date.h"
-#include "cli/utf8.h"
 #include "scan/category.h"
 
 #include <optional>
@@ -19,17 +18,12 @@ std::string dateField(std::optional<Timestamp> date) {
 
 /// What the rows of one extension begin with, and where they go.
 struct RowContext {
+    Display display;
     std::string beginning;
     std::uint64_t setNumber = 0;
 };
 
 void writeFile(const File& file, const RowContext& context, Output& output) {
-    std::string path = file.filePath();
-    std::string pathBytes;
-    if (!isValidUtf8(path)) {
-        pathBytes = hexadecimal(path);
-        path = withBadBytesReplaced(path);
-    }
     output.append(context.beginning);
     output.appendNumber(context.setNumber);
     output.append(",");
@@ -41,17 +35,15 @@ void writeFile(const File& file, const RowContext& context, Output& output) {
     output.append(",");
     output.append(dateField(file.fileCreationDate()));
     output.append(",");
-    output.append(csvField(path));
-    output.append(",");
-    output.append(pathBytes);
+    output.append(csvPath(file.filePath(), context.display));
     output.append("\r\n");
 }
 
 /// The category and extension columns, with a comma at their end.
-std::string beginningOf(Category category, const Extensions& extension) {
+std::string beginningOf(Category category, const Extensions& extension, Display display) {
     std::string beginning(categoryName(category));
     beginning += ',';
-    beginning += csvField(withBadBytesReplaced(extension.name()));
+    beginning += csvName(extension.name(), display);
     return beginning += ',';
 }
 
@@ -60,9 +52,10 @@ std::string beginningOf(Category category, const Extensions& extension) {
 void CsvWriter::write(const ScanReport& report, Output& output) const {
     output.append("category,extension,set,index,size,modified,created,path,path_bytes\r\n");
     RowContext context;
+    context.display = displayOf(output.descriptor());
     for (const ScanReport::CategoryReport& category : report.categories) {
         for (const std::shared_ptr<Extensions>& extension : category.result->extensions()) {
-            context.beginning = beginningOf(category.category, *extension);
+            context.beginning = beginningOf(category.category, *extension, context.display);
             for (const std::shared_ptr<Set>& set : extension->sets()) {
                 ++context.setNumber;
                 for (const std::shared_ptr<File>& file : set->files()) {

@@ -1,5 +1,6 @@
 #include "cli/json_writer.h"
 
+#include "cli/harmless_json.h"
 #include "cli/iso_date.h"
 #include "cli/utf8.h"
 #include "scan/category.h"
@@ -20,7 +21,7 @@ using Json = nlohmann::json;
 
 /// `text` must be UTF-8.
 std::string quoted(std::string text) {
-    return Json(std::move(text)).dump();
+    return harmlessJson(Json(std::move(text)).dump());
 }
 
 /// Puts a separator before all but the first of several elements.

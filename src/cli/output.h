@@ -26,6 +26,7 @@ class Output final {
     /// Hands on everything appended so far; what is not flushed at the end is lost. False if that
     /// or an earlier portion failed.
     bool flush();
+    [[nodiscard]] int descriptor() const { return descriptor_; }
     [[nodiscard]] const std::optional<SystemError>& error() const { return error_; }
 
  private:

@@ -1,7 +1,5 @@
 #include "cli/shown_name.h"
 
-#include "cli/utf8.h"
-
 #include <algorithm>
 
 namespace tarvin {
@@ -12,16 +10,6 @@ constexpr std::string_view quotationBegin = "$'";
 
 bool isWithin(char32_t codePoint, char32_t first, char32_t last) {
     return codePoint >= first && codePoint <= last;
-}
-
-bool isHarmless(const Utf8Character& character) {
-    const char32_t codePoint = character.codePoint;
-    const bool isControl = codePoint < 0x20 || isWithin(codePoint, 0x7F, 0x9F);
-    const bool isLineEnd = isWithin(codePoint, 0x2028, 0x2029);
-    const bool isDirection = codePoint == 0x061C || isWithin(codePoint, 0x200E, 0x200F) ||
-                             isWithin(codePoint, 0x202A, 0x202E) ||
-                             isWithin(codePoint, 0x2066, 0x2069);
-    return character.valid && !isControl && !isLineEnd && !isDirection;
 }
 
 bool isPlain(std::string_view name) {
@@ -60,7 +48,28 @@ std::string escaped(std::string_view bytes, bool isHarmlessCharacter) {
     return answer;
 }
 
+/// The text with `mark` for what is not harmless.
+std::string replaced(std::string_view text, std::string_view mark) {
+    std::string answer;
+    while (!text.empty()) {
+        const Utf8Character character = firstCharacter(text);
+        answer += isHarmless(character) ? text.substr(0, character.length) : mark;
+        text.remove_prefix(character.length);
+    }
+    return answer;
+}
+
 }  // namespace
+
+bool isHarmless(const Utf8Character& character) {
+    const char32_t codePoint = character.codePoint;
+    const bool isControl = codePoint < 0x20 || isWithin(codePoint, 0x7F, 0x9F);
+    const bool isLineEnd = isWithin(codePoint, 0x2028, 0x2029);
+    const bool isDirection = codePoint == 0x061C || isWithin(codePoint, 0x200E, 0x200F) ||
+                             isWithin(codePoint, 0x202A, 0x202E) ||
+                             isWithin(codePoint, 0x2066, 0x2069);
+    return character.valid && !isControl && !isLineEnd && !isDirection;
+}
 
 std::string shownName(std::string_view name) {
     if (isPlain(name)) {
@@ -76,13 +85,11 @@ std::string shownName(std::string_view name) {
 }
 
 std::string printable(std::string_view text) {
-    std::string answer;
-    while (!text.empty()) {
-        const Utf8Character character = firstCharacter(text);
-        answer += isHarmless(character) ? text.substr(0, character.length) : "?";
-        text.remove_prefix(character.length);
-    }
-    return answer;
+    return replaced(text, "?");
+}
+
+std::string withHarmfulReplaced(std::string_view text) {
+    return replaced(text, "\xEF\xBF\xBD");
 }
 
 }  // namespace tarvin

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cli/utf8.h"
+
 #include <string>
 #include <string_view>
 
@@ -12,6 +14,12 @@ namespace tarvin {
 /// notation $'...', which stands for exactly these bytes: "$'/tmp/two\nlines'". Names that would
 /// look like that notation, or like nothing, are quoted too.
 [[nodiscard]] std::string shownName(std::string_view name);
+
+/// The text with U+FFFD for each character that is not harmless and for each bad byte.
+[[nodiscard]] std::string withHarmfulReplaced(std::string_view text);
+
+/// Whether the character neither breaks the line nor steers the terminal, and is UTF-8.
+[[nodiscard]] bool isHarmless(const Utf8Character& character);
 
 /// The text with a question mark for each character that is not harmless and for each bad byte.
 [[nodiscard]] std::string printable(std::string_view text);

@@ -132,5 +132,18 @@ TEST(JsonWriter, LargeNumbersKeepTheirDigits) {
     EXPECT_EQ(filesOf(report)[1]["fileSize"].get<std::uint64_t>(), 9'007'199'254'740'993U);
 }
 
+TEST(JsonWriter, WhatATerminalWouldObeyIsEscapedAndStaysTheSameName) {
+    const std::string name = "/\x1B[1m\x7F\u009B\u2028\u202E\u00E4\U0001F600.jpg";
+    MadeUpReport report;
+    report.addSet(Category::image, {{name, 1}, {"/b.jpg", 1}});
+    const std::string text = jsonOf(report);
+    EXPECT_NE(text.find("\"/\\u001b[1m\\u007f\\u009b\\u2028\\u202e\u00E4\U0001F600.jpg\""),
+              std::string::npos)
+        << text;
+    EXPECT_EQ(
+        Json::parse(text)["categories"][0]["extensions"][0]["sets"][0]["files"][0]["filePath"],
+        name);
+}
+
 }  // namespace
 }  // namespace tarvin

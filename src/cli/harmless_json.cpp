@@ -1,0 +1,43 @@
+#include "cli/harmless_json.h"
+
+#include "cli/shown_name.h"
+#include "cli/utf8.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace tarvin {
+
+namespace {
+
+/// All that is not harmless has at most four digits.
+void appendEscaped(char32_t codePoint, std::string& text) {
+    const std::array<char, 2> bytes{static_cast<char>(codePoint >> 8U),
+                                    static_cast<char>(codePoint)};
+    text += "\\u";
+    text += hexadecimal({bytes.data(), bytes.size()});
+}
+
+}  // namespace
+
+std::string harmlessJson(std::string text) {
+    const bool isAscii =
+        std::all_of(text.begin(), text.end(), [](char byte) { return byte >= 0 && byte < '\x7F'; });
+    if (isAscii) {
+        return text;
+    }
+    std::string answer;
+    for (std::string_view rest = text; !rest.empty();) {
+        const Utf8Character character = firstCharacter(rest);
+        if (isHarmless(character)) {
+            answer += rest.substr(0, character.length);
+        } else {
+            appendEscaped(character.codePoint, answer);
+        }
+        rest.remove_prefix(character.length);
+    }
+    return answer;
+}
+
+}  // namespace tarvin

@@ -1,0 +1,132 @@
+#include "cli/program_run.h"
+#include "cli/pseudo_terminal.h"
+#include "support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace tarvin {
+namespace {
+
+using Words = ProgramRun::Words;
+
+/// What a program draws on one terminal that is its standard output and error.
+std::string drawnBy(const Words& arguments, ProgramSetting setting = {}) {
+    PseudoTerminal terminal;
+    setting.output = terminal.programsEnd();
+    setting.errors = terminal.programsEnd();
+    ProgramRun run(arguments, setting);
+    terminal.closeProgramsEnd();
+    std::string drawn = terminal.readAll();
+    run.wait();
+    return drawn;
+}
+
+/// Whether a terminal would obey what the text begins with. `before` is the byte before it.
+bool steersTheTerminal(std::string_view text, unsigned char before) {
+    const auto byte = [text](std::size_t position) {
+        return position < text.size() ? static_cast<unsigned char>(text[position]) : 0U;
+    };
+    const bool isC1 = byte(0) >= 0x80 && byte(0) <= 0x9F && (before < 0x80 || before == 0xC2);
+    const bool isDirection =
+        (text.starts_with("\xE2\x80") &&
+         ((byte(2) >= 0x8E && byte(2) <= 0x8F) || (byte(2) >= 0xA8 && byte(2) <= 0xAE))) ||
+        (text.starts_with("\xE2\x81") && byte(2) >= 0xA6 && byte(2) <= 0xA9);
+    if (byte(0) == '\r') {
+        return byte(1) != '\n' && byte(1) != '\r';
+    }
+    return (byte(0) < 0x20 && byte(0) != '\n') || byte(0) == 0x7F || isC1 || isDirection;
+}
+
+/// The drawing from the first place on that steers the terminal; empty if there is none.
+std::string_view steeringIn(std::string_view drawn) {
+    unsigned char before = 0;
+    while (!drawn.empty() && !steersTheTerminal(drawn, before)) {
+        before = static_cast<unsigned char>(drawn.front());
+        drawn.remove_prefix(1);
+    }
+    return drawn;
+}
+
+/// Equal files whose names a terminal would obey, and a folder of that kind.
+class HostileNames : public testing::Test {
+ protected:
+    HostileNames() {
+        int number = 0;
+        for (const char* part : {"\x1B[31m", "\x1B]0;title\x07", "\u009B31m", "\x7F\b\b", "\r",
+                                 "\nMoved", "\u202Egpj", "\u2066", "\u2028",
+                                 "\x9B"
+                                 "1m",
+                                 "\t"}) {
+            folder_.writeFile("photos/" + std::to_string(++number) + part + "x.e" + part, "same");
+            folder_.writeFile("photos/" + std::to_string(number) + part + "y.e" + part, "same");
+        }
+    }
+
+    [[nodiscard]] std::string photos() const { return folder_.pathOf("photos"); }
+
+    void expectHarmless(const Words& arguments) const {
+        const std::string drawn =
+            drawnBy(arguments,
+                    {.environment = {{"XDG_DATA_HOME", folder_.pathOf("data")}, {"TERM", "dumb"}}});
+        EXPECT_NE(drawn, "") << arguments.front();
+        EXPECT_EQ(steeringIn(drawn), "") << arguments.front();
+        EXPECT_EQ(drawn.find("\nMovedx"), std::string::npos) << drawn;
+    }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(HostileNames, ReachNoTerminalFromAScan) {
+    for (const char* format : {"text", "json", "csv"}) {
+        expectHarmless({"scan", "--format", format, photos()});
+    }
+}
+
+TEST_F(HostileNames, ReachNoTerminalFromACleanUp) {
+    for (const char* format : {"text", "json", "csv"}) {
+        expectHarmless({"clean", "-n", "--format", format, photos()});
+    }
+    expectHarmless({"clean", "-y", photos()});
+}
+
+TEST_F(HostileNames, ReachNoTerminalFromAMessage) {
+    const std::string name = "\x1B[31m\u009B\x7F\u202E\n\x9B";
+    for (const Words& arguments : {Words{name},
+                                   {"scan", name},
+                                   {"scan", "--output", name + "/x", "/nonexistent"},
+                                   {"scan", "--exceptions", name, "/nonexistent"},
+                                   {"scan", "--format", name, "/"},
+                                   {"scan", "--" + name, "/"},
+                                   {"scan", "-" + name, "/"},
+                                   {"help", name},
+                                   {"exceptions", name},
+                                   {"exceptions", "add", name},
+                                   {"totals", name},
+                                   {"scan", "--output", "-" + name, "/"},
+                                   {"scan", "--yes=" + name, "/"}}) {
+        expectHarmless(arguments);
+    }
+}
+
+TEST_F(HostileNames, ReachNoTerminalFromTheExceptions) {
+    Words add{"exceptions", "add"};
+    for (const auto& entry : std::filesystem::directory_iterator(photos())) {
+        add.push_back(entry.path());
+    }
+    expectHarmless(add);
+    expectHarmless({"exceptions", "list"});
+}
+
+TEST_F(HostileNames, AreToldExactlyInAPipe) {
+    const std::string csv = runTarvin({"scan", "--format", "csv", photos()}).output;
+    EXPECT_THAT(csv, testing::HasSubstr(photos() + "/1\x1B[31mx.e\x1B[31m,\r\n"));
+    EXPECT_THAT(csv, testing::HasSubstr(photos() + "/3\u009B31mx.e\u009B31m,\r\n"));
+}
+
+}  // namespace
+}  // namespace tarvin
