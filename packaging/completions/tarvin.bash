@@ -21,6 +21,10 @@ _tarvin() {
         before=${COMP_WORDS[COMP_CWORD - 2]}
     fi
 
+    if [[ $before == --color ]]; then
+        _tarvin_offer -W 'auto always never' -- "$word"
+        return
+    fi
     if ((COMP_CWORD == 1)); then
         _tarvin_offer -W 'scan clean exceptions totals help --help --version' -- "$word"
         return
@@ -30,7 +34,7 @@ _tarvin() {
         clean) options='--dry-run --yes' ;;
         exceptions)
             if ((COMP_CWORD == 2)); then
-                _tarvin_offer -W 'list add clear --help' -- "$word"
+                _tarvin_offer -W 'list add clear --color --help' -- "$word"
             elif [[ ${COMP_WORDS[2]} == add ]]; then
                 _tarvin_offer_names -f -- "$word"
             fi
@@ -44,7 +48,7 @@ _tarvin() {
             ;;&
         totals | help)
             if [[ $word == -* ]]; then
-                _tarvin_offer -W '--help' -- "$word"
+                _tarvin_offer -W '--color --help' -- "$word"
             fi
             return
             ;;
@@ -64,7 +68,7 @@ _tarvin() {
         -o | --output | --exceptions) _tarvin_offer_names -f -- "$word" ;;
         *)
             if [[ $word == -* ]]; then
-                options+=' --format --output --no-exceptions --exceptions --progress --help'
+                options+=' --format --output --no-exceptions --exceptions --progress --color --help'
                 _tarvin_offer -W "$options" -- "$word"
             else
                 _tarvin_offer_names -d -- "$word"

@@ -1,11 +1,45 @@
 #include "cli/display.h"
 
+#include "cli/terminal.h"
+
 #include <unistd.h>
+
+#include <atomic>
+#include <cstdlib>
 
 namespace tarvin {
 
+namespace {
+
+std::atomic<ColorWhen> colorWhen{ColorWhen::automatic};
+
+/// Set to anything but the empty text. Safe on any thread, because nothing in the program changes
+/// its environment.
+bool isSet(const char* name) {
+    const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe)
+    return value != nullptr && *value != '\0';
+}
+
+bool isColored(int descriptor) {
+    switch (colorWhen.load()) {
+        case ColorWhen::always:
+            return true;
+        case ColorWhen::never:
+            return false;
+        case ColorWhen::automatic:
+            break;
+    }
+    return !isSet("NO_COLOR") && isSet("TERM") && isDrawable(descriptor);
+}
+
+}  // namespace
+
+void useColor(ColorWhen when) {
+    colorWhen = when;
+}
+
 Display displayOf(int descriptor) {
-    return {.isTerminal = ::isatty(descriptor) == 1};
+    return {.isTerminal = ::isatty(descriptor) == 1, .isColored = isColored(descriptor)};
 }
 
 }  // namespace tarvin

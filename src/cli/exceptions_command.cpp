@@ -1,5 +1,6 @@
 #include "cli/exceptions_command.h"
 
+#include "cli/color_option.h"
 #include "cli/messages.h"
 #include "cli/print.h"
 #include "cli/refusal.h"
@@ -85,7 +86,9 @@ CLI::App& ExceptionsCommand::addTo(CLI::App& program) {
     clear_ = command->add_subcommand("clear", "Empties the list.");
     for (CLI::App* each : {list_, add_, clear_}) {
         each->group("Commands");
+        addColorOption(*each);
     }
+    addColorOption(*command);
     // None is allowed here so that a wrong word is what gets told, not the missing command.
     command->require_subcommand(0, 1);
     return *command;

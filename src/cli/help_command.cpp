@@ -1,5 +1,6 @@
 #include "cli/help_command.h"
 
+#include "cli/color_option.h"
 #include "cli/parser.h"
 #include "cli/print.h"
 #include "cli/refusal.h"
@@ -16,6 +17,7 @@ CLI::App& HelpCommand::addTo(CLI::App& program) {
         program.add_subcommand("help", "Explains the program or one of its commands.");
     command->add_option("COMMAND", words_, "Which command; without one, the program")
         ->type_name("");
+    addColorOption(*command);
     return *command;
 }
 

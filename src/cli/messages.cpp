@@ -1,5 +1,6 @@
 #include "cli/messages.h"
 
+#include "cli/display.h"
 #include "cli/output.h"
 #include "cli/shown_name.h"
 
@@ -11,7 +12,11 @@ namespace tarvin {
 
 void complain(std::string_view text) {
     Output output(STDERR_FILENO);
-    output.append("tarvin: ");
+    const bool isColored = displayOf(STDERR_FILENO).isColored;
+    output.append(isColored ? red : "");
+    output.append("tarvin:");
+    output.append(isColored ? plain : "");
+    output.append(" ");
     output.append(text);
     output.append("\n");
     output.flush();

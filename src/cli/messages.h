@@ -4,8 +4,8 @@
 
 namespace tarvin {
 
-/// Writes "tarvin: ", the text and a line end to standard error, in one piece. What is not harmless
-/// on a terminal has to be quoted already. Any thread.
+/// Writes "tarvin: ", the text and a line end to standard error, in one piece, the name in red
+/// where there is colour. What is not harmless on a terminal has to be quoted already. Any thread.
 void complain(std::string_view text);
 
 /// The same about a file or folder: "tarvin: PATH: REASON". Quotes the path where needed.

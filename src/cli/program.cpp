@@ -2,6 +2,7 @@
 
 #include "cli/arguments.h"
 #include "cli/clean_command.h"
+#include "cli/color_option.h"
 #include "cli/command.h"
 #include "cli/exceptions_command.h"
 #include "cli/help_command.h"
@@ -122,6 +123,7 @@ int runProgram(std::span<const char* const> arguments, Platform& platform) {
     program.footer(programExamples);
     program.set_help_flag("-h,--help", "Print this text, or that of a command, and exit");
     program.set_version_flag("-V,--version", TARVIN_VERSION, "Print the version and exit");
+    addColorOption(program);
     // None is allowed here so that a wrong option is what gets told, not the missing command.
     program.require_subcommand(0, 1);
     const std::vector<Entry> entries = addCommands(program, platform);

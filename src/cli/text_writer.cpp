@@ -1,5 +1,6 @@
 #include "cli/text_writer.h"
 
+#include "cli/display.h"
 #include "cli/shown_name.h"
 #include "scan/category.h"
 #include "scan/texts.h"
@@ -19,12 +20,19 @@ std::string counted(std::uint64_t number, std::string_view noun) {
     return number == 1 ? text : text += 's';
 }
 
-void writeSet(const Set& set, Output& output) {
+/// Headings are bold where there is colour.
+void writeHeading(std::string_view text, bool isColored, Output& output) {
+    output.append(isColored ? bold : "");
+    output.append(text);
+    output.append(isColored ? plain : "");
+    output.append("\n");
+}
+
+void writeSet(const Set& set, bool isColored, Output& output) {
     output.append("    ");
-    output.append(set.nameOfSet());
-    output.append("  ");
-    output.append(getFormattedStringForSize(set.files().front()->fileSize()));
-    output.append(" each\n");
+    writeHeading(set.nameOfSet() + "  " +
+                     getFormattedStringForSize(set.files().front()->fileSize()) + " each",
+                 isColored, output);
     std::string path;
     for (const std::shared_ptr<File>& file : set.files()) {
         path.clear();
@@ -35,12 +43,12 @@ void writeSet(const Set& set, Output& output) {
     }
 }
 
-void writeExtension(const Extensions& extension, Output& output) {
+void writeExtension(const Extensions& extension, bool isColored, Output& output) {
     output.append("  ");
     output.append(shownName(extension.name()));
     output.append("\n");
     for (const std::shared_ptr<Set>& set : extension.sets()) {
-        writeSet(*set, output);
+        writeSet(*set, isColored, output);
     }
 }
 
@@ -48,10 +56,10 @@ void writeCategory(const ScanReport::CategoryReport& category, Output& output) {
     if (category.result->extensionCount() == 0) {
         return;
     }
-    output.append(categoryName(category.category));
-    output.append("\n");
+    const bool isColored = displayOf(output.descriptor()).isColored;
+    writeHeading(categoryName(category.category), isColored, output);
     for (const std::shared_ptr<Extensions>& extension : category.result->extensions()) {
-        writeExtension(*extension, output);
+        writeExtension(*extension, isColored, output);
     }
     output.append("\n");
 }

@@ -1,5 +1,6 @@
 #include "cli/totals_command.h"
 
+#include "cli/color_option.h"
 #include "cli/messages.h"
 #include "cli/print.h"
 #include "scan/clean_texts.h"
@@ -26,6 +27,7 @@ CLI::App& TotalsCommand::addTo(CLI::App& program) {
     CLI::App* command = program.add_subcommand(
         "totals", "Tells how many files were moved to the Trash over all runs.");
     command->footer(totalsExamples);
+    addColorOption(*command);
     return *command;
 }
 

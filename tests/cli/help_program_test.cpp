@@ -44,6 +44,8 @@ Usage: tarvin COMMAND [OPTION]...
 Options:
   -h,--help                   Print this text, or that of a command, and exit
   -V,--version                Print the version and exit
+  --color auto|always|never   Whether to use colour; auto, the default, uses it
+                              on a terminal that has it
 
 Commands:
   scan                        Finds the files in FOLDER... whose contents are identical.
@@ -84,6 +86,8 @@ Options:
   --progress auto|always|never
                               Whether to show progress on standard error; auto,
                               the default, shows it if that is a terminal
+  --color auto|always|never   Whether to use colour; auto, the default, uses it
+                              on a terminal that has it
 
 Examples:
   tarvin scan ~/Pictures ~/Downloads
@@ -127,6 +131,8 @@ Options:
   --progress auto|always|never
                               Whether to show progress on standard error; auto,
                               the default, shows it if that is a terminal
+  --color auto|always|never   Whether to use colour; auto, the default, uses it
+                              on a terminal that has it
 
 Examples:
   tarvin clean --dry-run ~/Pictures ~/Downloads
@@ -157,6 +163,8 @@ Usage: tarvin exceptions COMMAND [OPTION]...
 
 Options:
   -h,--help                   Print this text, or that of a command, and exit
+  --color auto|always|never   Whether to use colour; auto, the default, uses it
+                              on a terminal that has it
 
 Commands:
   list                        Prints the files on the list.
@@ -184,6 +192,8 @@ Usage: tarvin totals [OPTION]...
 
 Options:
   -h,--help                   Print this text, or that of a command, and exit
+  --color auto|always|never   Whether to use colour; auto, the default, uses it
+                              on a terminal that has it
 
 Exit status:
   0    done

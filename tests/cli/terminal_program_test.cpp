@@ -1,5 +1,6 @@
 #include "cli/program_run.h"
 #include "cli/pseudo_terminal.h"
+#include "support/file_content.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
@@ -24,6 +25,97 @@ std::string drawnBy(const Words& arguments, ProgramSetting setting = {}) {
     std::string drawn = terminal.readAll();
     run.wait();
     return drawn;
+}
+
+/// Two equal files, and a folder that is not there, on a terminal of some kind.
+class Color : public testing::Test {
+ protected:
+    Color() {
+        folder_.writeFile("a.jpg", "photo");
+        folder_.writeFile("b.jpg", "photo");
+    }
+
+    [[nodiscard]] Words scan(Words options = {}) const {
+        options.insert(options.begin(),
+                       {"scan", "--progress", "never", folder_.path(), "/nonexistent"});
+        return options;
+    }
+
+    [[nodiscard]] std::string drawn(const Words& options, const std::string& terminalKind = "xterm",
+                                    const std::string& noColor = "") const {
+        return drawnBy(scan(options),
+                       {.environment = {{"TERM", terminalKind}, {"NO_COLOR", noColor}}});
+    }
+
+    TemporaryFolder folder_;
+};
+
+constexpr char escape = '\x1B';
+
+/// The text without what switches colours, and with the line ends of a file.
+std::string withoutColor(std::string text) {
+    for (const std::string mark : {"\x1B[1m", "\x1B[31m", "\x1B[0m", "\r"}) {
+        for (std::size_t at = 0; (at = text.find(mark)) != std::string::npos;) {
+            text.erase(at, mark.size());
+        }
+    }
+    return text;
+}
+
+/// Without the seconds that it took.
+std::string beforeTheTime(const std::string& text) {
+    return text.substr(0, text.find("Elapsed Time"));
+}
+
+TEST_F(Color, HeadingsAreBoldAndMessagesBeginInRedOnATerminal) {
+    const std::string text = drawn({});
+    EXPECT_THAT(text, testing::StartsWith("\x1B[31mtarvin:\x1B[0m /nonexistent: "));
+    EXPECT_THAT(text, testing::HasSubstr("\n\x1B[1mImage\x1B[0m\r\n  jpg\r\n"
+                                         "    \x1B[1mSet(1)  0.00 KB each\x1B[0m\r\n      /"));
+    EXPECT_THAT(drawn({"--color", "auto"}), testing::HasSubstr("\x1B[1mImage"));
+    EXPECT_THAT(drawnBy({"scna"}, {.environment = {{"TERM", "xterm"}, {"NO_COLOR", ""}}}),
+                testing::StartsWith("\x1B[31mtarvin:\x1B[0m scna is no command"));
+}
+
+TEST_F(Color, TheTextIsTheSameLetterForLetterWithoutIt) {
+    const ProgramResult piped = runTarvin(scan());
+    EXPECT_EQ(beforeTheTime(withoutColor(drawn({}))), beforeTheTime(piped.errors + piped.output));
+}
+
+TEST_F(Color, IsNeverInAPipeOrFileUnlessAlwaysAskedFor) {
+    const ProgramSetting xterm{.environment = {{"TERM", "xterm"}, {"NO_COLOR", ""}}};
+    for (const Words& options : {Words{}, Words{"--color=auto"}, Words{"--color=never"}}) {
+        const ProgramResult piped = runTarvin(scan(options), xterm);
+        EXPECT_EQ((piped.output + piped.errors).find(escape), std::string::npos);
+    }
+    // Standard output is a terminal, the result is not on it.
+    const std::string file = folder_.pathOf("result");
+    EXPECT_THAT(drawn({"--output", file}), testing::HasSubstr("/nonexistent"));
+    EXPECT_EQ(contentOf(file).find(escape), std::string::npos);
+    const ProgramResult always = runTarvin(scan({"--color=always"}), xterm);
+    EXPECT_THAT(always.output, testing::StartsWith("\x1B[1mImage\x1B[0m\n"));
+    EXPECT_THAT(always.errors, testing::StartsWith("\x1B[31mtarvin:\x1B[0m "));
+}
+
+TEST_F(Color, IsSwitchedOffByOptionEnvironmentAndKindOfTerminal) {
+    EXPECT_EQ(drawn({"--color", "never"}).find(escape), std::string::npos);
+    EXPECT_EQ(drawn({}, "xterm", "1").find(escape), std::string::npos);
+    EXPECT_EQ(drawn({}, "xterm", "0").find(escape), std::string::npos);
+    EXPECT_EQ(drawn({}, "dumb").find(escape), std::string::npos);
+    EXPECT_EQ(drawn({}, "").find(escape), std::string::npos);
+    EXPECT_THAT(drawn({"--color", "always"}, "dumb", "1"), testing::HasSubstr("\x1B[1mImage"));
+    // Also of a command line that is given up in the middle.
+    EXPECT_THAT(drawnBy({"scan", "--color=never", "/", "--format"},
+                        {.environment = {{"TERM", "xterm"}, {"NO_COLOR", ""}}}),
+                testing::StartsWith("tarvin: --format: "));
+}
+
+TEST_F(Color, IsNeverInJsonAndCsv) {
+    for (const char* format : {"json", "csv"}) {
+        EXPECT_EQ(runTarvin(scan({"--color", "always", "--format", format})).output.find(escape),
+                  std::string::npos)
+            << format;
+    }
 }
 
 /// Whether a terminal would obey what the text begins with. `before` is the byte before it.

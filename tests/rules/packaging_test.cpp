@@ -71,18 +71,20 @@ TEST(BashCompletion, OffersWhatMayStandFirst) {
 
 TEST(BashCompletion, OffersTheOptionsOfScan) {
     EXPECT_EQ(bashOffers("tarvin scan --", 2),
-              "--exceptions\n--format\n--help\n--no-exceptions\n--output\n--progress\n");
+              "--color\n--exceptions\n--format\n--help\n--no-exceptions\n--output\n--progress\n");
+    EXPECT_EQ(bashOffers("tarvin scan --color al", 3), "always\n");
 }
 
 TEST(BashCompletion, OffersTheOptionsOfClean) {
     EXPECT_EQ(bashOffers("tarvin clean --", 2),
-              "--dry-run\n--exceptions\n--format\n--help\n--no-exceptions\n--output\n--progress\n"
+              "--color\n--dry-run\n--exceptions\n--format\n--help\n--no-exceptions\n--output\n--"
+              "progress\n"
               "--yes\n");
     EXPECT_EQ(bashOffers("tarvin clean --format js", 3), "json\n");
 }
 
 TEST(BashCompletion, OffersWhatToDoWithExceptions) {
-    EXPECT_EQ(bashOffers("tarvin exceptions \"\"", 2), "--help\nadd\nclear\nlist\n");
+    EXPECT_EQ(bashOffers("tarvin exceptions \"\"", 2), "--color\n--help\nadd\nclear\nlist\n");
     EXPECT_EQ(bashOffers("tarvin exceptions add LIC", 3), "LICENSE\n");
     EXPECT_EQ(bashOffers("tarvin exceptions clear LIC", 3), "");
     EXPECT_EQ(bashOffers("tarvin totals LIC", 2), "");
@@ -91,8 +93,8 @@ TEST(BashCompletion, OffersWhatToDoWithExceptions) {
 TEST(BashCompletion, OffersTheCommandsThatCanBeExplained) {
     EXPECT_EQ(bashOffers("tarvin help \"\"", 2), "clean\nexceptions\nhelp\nscan\ntotals\n");
     EXPECT_EQ(bashOffers("tarvin help scan \"\"", 3), "");
-    EXPECT_EQ(bashOffers("tarvin help --", 2), "--help\n");
-    EXPECT_EQ(bashOffers("tarvin totals -", 2), "--help\n");
+    EXPECT_EQ(bashOffers("tarvin help --", 2), "--color\n--help\n");
+    EXPECT_EQ(bashOffers("tarvin totals -", 2), "--color\n--help\n");
 }
 
 TEST(BashCompletion, OffersTheFormats) {

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "cli/shown_name.h"
+#include "cli/suggestion.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvin {
+
+/// One of the words that an option's value may be, and what it stands for.
+template <typename Value>
+struct Choice {
+    std::string_view name;
+    Value value;
+};
+
+template <typename Value, std::size_t count>
+const Choice<Value>* choiceNamed(const std::array<Choice<Value>, count>& choices,
+                                 std::string_view name) {
+    const auto* found = std::find_if(choices.begin(), choices.end(),
+                                     [name](const auto& choice) { return choice.name == name; });
+    return found == choices.end() ? nullptr : found;
+}
+
+template <typename Value, std::size_t count>
+std::vector<std::string> namesOf(const std::array<Choice<Value>, count>& choices) {
+    std::vector<std::string> names;
+    for (const Choice<Value>& choice : choices) {
+        names.emplace_back(choice.name);
+    }
+    return names;
+}
+
+/// Adds an option whose value is one of a few words; of several on one command line the last
+/// counts, and `take` is called with what it stands for. `choices` must outlive `command`.
+template <typename Value, std::size_t count, typename Take>
+CLI::Option* addChoice(CLI::App& command, const std::string& name,
+                       const std::array<Choice<Value>, count>& choices, const Take& take,
+                       const std::string& help) {
+    const std::vector<std::string> names = namesOf(choices);
+    const auto refusal = [names](const std::string& word) {
+        return std::find(names.begin(), names.end(), word) != names.end()
+                   ? std::string()
+                   : shownName(word) + " is none of " + CLI::detail::join(names, ", ") +
+                         suggestionFor(word, names);
+    };
+    const auto takeWord = [&choices, take](const std::string& word) {
+        take(choiceNamed(choices, word)->value);
+    };
+    return command.add_option_function<std::string>(name, takeWord, help)
+        ->type_name(CLI::detail::join(names, "|"))
+        ->check(CLI::Validator(refusal, "", ""))
+        ->take_last();
+}
+
+}  // namespace tarvin

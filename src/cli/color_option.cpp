@@ -1,0 +1,26 @@
+#include "cli/color_option.h"
+
+#include "cli/choice.h"
+#include "cli/display.h"
+
+#include <CLI/CLI.hpp>
+
+#include <array>
+
+namespace tarvin {
+
+namespace {
+
+constexpr std::array times{Choice<ColorWhen>{"auto", ColorWhen::automatic},
+                           Choice<ColorWhen>{"always", ColorWhen::always},
+                           Choice<ColorWhen>{"never", ColorWhen::never}};
+
+}  // namespace
+
+void addColorOption(CLI::App& command) {
+    addChoice(command, "--color", times, useColor,
+              "Whether to use colour; auto, the default, uses it\non a terminal that has it")
+        ->trigger_on_parse();
+}
+
+}  // namespace tarvin
