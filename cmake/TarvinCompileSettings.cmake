@@ -9,7 +9,9 @@ target_compile_options(tarvin_compile_settings INTERFACE
     -Woverloaded-virtual -Wcast-align -Wformat=2 -Wimplicit-fallthrough -Wundef
     -fno-omit-frame-pointer
     # GCC 12 sees overlapping copies in std::string's operator+ where there are none (its bug 105651).
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+    # Clang 19 complains of what std::stable_partition of GCC's library calls inside.
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>)
 target_compile_definitions(tarvin_compile_settings INTERFACE
     _FILE_OFFSET_BITS=64
     $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)

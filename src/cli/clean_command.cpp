@@ -196,7 +196,7 @@ bool CleanCommand::storeTotals(const RemovalResult& moved) const {
         complain("there is no home folder to keep the totals in");
         return false;
     }
-    DataFile data(*folder);
+    DataFile data(folder);
     // Reads what is stored first, and puts a file of no use aside.
     const std::optional<StoreError> failure =
         data.addDeleted(moved.deletedFilesCount, moved.deletedFilesSize);

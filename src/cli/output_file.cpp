@@ -60,14 +60,15 @@ Result<std::unique_ptr<OutputFile>> OutputFile::open(const std::string& path) {
     if (!status) {
         return status.error();
     }
-    if (!status->has_value()) {
+    const std::optional<struct stat>& present = *status;
+    if (!present) {
         return beginBeside(path);
     }
-    if (isStandardOutput(**status)) {
+    if (isStandardOutput(*present)) {
         // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the answer owns it.
         return open("-");
     }
-    if (!S_ISREG((*status)->st_mode)) {
+    if (!S_ISREG(present->st_mode)) {
         return openDirectly(path);
     }
     if (::access(path.c_str(), W_OK) != 0) {

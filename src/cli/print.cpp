@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <optional>
 #include <string>
 
 namespace tarvin {
@@ -13,7 +14,9 @@ namespace tarvin {
 ExitStatus print(std::string_view text) {
     Output output(STDOUT_FILENO);
     output.append(text);
-    return output.flush() ? ExitStatus::done : statusOfFailure("standard output", *output.error());
+    output.flush();
+    const std::optional<SystemError> failure = output.error();
+    return failure ? statusOfFailure("standard output", *failure) : ExitStatus::done;
 }
 
 ExitStatus statusOfFailure(std::string_view place, const SystemError& failure) {
