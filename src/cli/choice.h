@@ -32,6 +32,7 @@ const Choice<Value>* choiceNamed(const std::array<Choice<Value>, count>& choices
 template <typename Value, std::size_t count>
 std::vector<std::string> namesOf(const std::array<Choice<Value>, count>& choices) {
     std::vector<std::string> names;
+    names.reserve(choices.size());
     for (const Choice<Value>& choice : choices) {
         names.emplace_back(choice.name);
     }
