@@ -73,7 +73,7 @@ testPackages=(
     zsh
 )
 
-# To make the package and to try it.
+# To try the packages.
 # shellcheck disable=SC2034
 packagingPackages=(
     debootstrap

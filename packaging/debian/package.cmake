@@ -1,35 +1,86 @@
-# How cpack makes the package for Debian out of what is installed.
+# How cpack makes the packages for Debian out of what is installed: tarvin is the program for the
+# terminal, without Qt; tarvin-duplicate-file-remover has the window, and needs the other.
+if(TARVIN_PACKAGE)
+    find_program(TARVIN_DPKG_SHLIBDEPS dpkg-shlibdeps)
+    find_program(TARVIN_FILE file)
+    if(NOT TARVIN_DPKG_SHLIBDEPS OR NOT TARVIN_FILE)
+        message(FATAL_ERROR "A package is made with dpkg-shlibdeps and file, which are not both here: "
+            "apt-get install --no-install-recommends dpkg-dev file")
+    endif()
+endif()
 set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGE_NAME tarvin-duplicate-file-remover)
+set(CPACK_PACKAGE_NAME tarvin)
 set(CPACK_PACKAGE_VENDOR "Tarvin Software")
 set(CPACK_PACKAGE_CONTACT
     "Tarvin Software <maintainers@users.noreply.c-seed-7f7ff67a.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY
     "find files with identical content and move copies to the Trash")
-file(READ ${CMAKE_CURRENT_LIST_DIR}/description CPACK_PACKAGE_DESCRIPTION)
-string(STRIP "${CPACK_PACKAGE_DESCRIPTION}" CPACK_PACKAGE_DESCRIPTION)
 
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/documents.cmake)
 
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_GROUPING IGNORE)
+set(CPACK_COMPONENTS_ALL terminal)
+set(CPACK_DEBIAN_TERMINAL_PACKAGE_NAME tarvin)
+set(CPACK_DEBIAN_WINDOW_PACKAGE_NAME tarvin-duplicate-file-remover)
+if(TARVIN_BUILD_WINDOW)
+    list(APPEND CPACK_COMPONENTS_ALL window)
+endif()
+
+# The release that it is made on and for, with its number: what it depends on has other names there.
+set(TARVIN_DEBIAN_RELEASE "")
+set(TARVIN_DEBIAN_NAME unstable)
+set(lines "")
+if(EXISTS /etc/os-release)
+    file(STRINGS /etc/os-release lines REGEX "^VERSION_(ID|CODENAME)=")
+endif()
+foreach(line IN LISTS lines)
+    if(line MATCHES "^VERSION_ID=\"?([0-9]+)")
+        set(TARVIN_DEBIAN_RELEASE "~deb${CMAKE_MATCH_1}")
+    elseif(line MATCHES "^VERSION_CODENAME=\"?([a-z]+)")
+        set(TARVIN_DEBIAN_NAME ${CMAKE_MATCH_1})
+    endif()
+endforeach()
 # Of the package, not of the program: counted up when the same program is packed anew.
-set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 2${TARVIN_DEBIAN_RELEASE})
+set(packed ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
+configure_file(${CMAKE_CURRENT_LIST_DIR}/changelog.in debian/changelog @ONLY)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/documents.cmake.in debian/documents.cmake @ONLY)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_BINARY_DIR}/debian/documents.cmake)
+
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# GIO, which moves files to the Trash, is loaded when it is needed: nothing else asks for it.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS libglib2.0-0)
+foreach(component IN ITEMS terminal window)
+    string(TOUPPER ${component} part)
+    file(READ ${CMAKE_CURRENT_LIST_DIR}/description.${component} description)
+    string(STRIP "${description}" CPACK_DEBIAN_${part}_DESCRIPTION)
+endforeach()
+
+# Both were one package before.
+set(CPACK_DEBIAN_TERMINAL_PACKAGE_BREAKS "tarvin-duplicate-file-remover (<< ${PROJECT_VERSION}-2~)")
+set(CPACK_DEBIAN_TERMINAL_PACKAGE_REPLACES ${CPACK_DEBIAN_TERMINAL_PACKAGE_BREAKS})
+set(CPACK_DEBIAN_WINDOW_PACKAGE_DEPENDS "tarvin (= ${packed})")
 # Addresses by https; letters narrow enough for the properties of a file; previews of HEIC and AVIF,
 # of JPEG 2000, of WebP and TIFF, each loaded when it is needed; a window of Wayland's own; the
 # programs that open a file or the guide.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "ca-certificates, fonts-liberation, libheif1, libopenjp2-7, qt6-image-formats-plugins, qt6-wayland, xdg-utils")
-# For file managers that show the Trash and put files back; drawings and more formats for
-# previews on Debian 13.
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "gvfs, kimageformat6-plugins, qt6-svg-plugins")
+set(recommended ca-certificates fonts-liberation libheif1 libopenjp2-7 qt6-image-formats-plugins)
+set(glib libglib2.0-0t64)
+set(suggested gvfs)  # for file managers that show the Trash and put files back
+if(TARVIN_DEBIAN_NAME STREQUAL "bookworm")
+    set(glib libglib2.0-0)
+else()  # drawings, and more formats for previews
+    list(APPEND recommended qt6-svg-plugins)
+    list(APPEND suggested kimageformat6-plugins)
+endif()
+# GIO, which moves files to the Trash, is loaded when it is needed: nothing else asks for it.
+set(CPACK_DEBIAN_TERMINAL_PACKAGE_DEPENDS ${glib})
+list(APPEND recommended qt6-wayland xdg-utils)
+list(JOIN recommended ", " CPACK_DEBIAN_WINDOW_PACKAGE_RECOMMENDS)
+list(JOIN suggested ", " CPACK_DEBIAN_WINDOW_PACKAGE_SUGGESTS)
 include(CPack)

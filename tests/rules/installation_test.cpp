@@ -26,8 +26,8 @@ using Paths = std::vector<std::string>;
 const Paths terminalFiles{
     "bin/tarvin",
     "share/bash-completion/completions/tarvin",
-    "share/doc/tarvin-duplicate-file-remover/changelog",
-    "share/doc/tarvin-duplicate-file-remover/copyright",
+    "share/doc/tarvin/changelog",
+    "share/doc/tarvin/copyright",
     "share/man/man1/tarvin.1",
     "share/zsh/site-functions/_tarvin",
 };
@@ -40,6 +40,8 @@ const Paths windowFiles{
     "share/applications/tarvin-duplicate-file-remover.desktop",
     "share/applications/zz-tarvin-duplicate-file-remover-folders.desktop",
     "share/bash-completion/completions/tarvin-duplicate-file-remover",
+    "share/doc/tarvin-duplicate-file-remover/changelog",
+    "share/doc/tarvin-duplicate-file-remover/copyright",
     "share/icons/hicolor/128x128/apps/tarvin-duplicate-file-remover.png",
     "share/icons/hicolor/16x16/apps/tarvin-duplicate-file-remover.png",
     "share/icons/hicolor/22x22/apps/tarvin-duplicate-file-remover.png",
@@ -149,7 +151,7 @@ TEST_F(Installation, HasProgramsThatTellTheirNameAndVersion) {
 TEST(Version, IsTheSameWhereverItIsTold) {
     EXPECT_EQ(foundIn("CHANGELOG.md", "\n## \\[([^\\]]*)\\]"), TARVIN_VERSION);
     EXPECT_EQ(foundIn(metainfo, "<release version=\"([^\"]*)\""), TARVIN_VERSION);
-    EXPECT_EQ(foundIn("packaging/debian/changelog",
+    EXPECT_EQ(foundIn("packaging/debian/changelog.in",
                       "^tarvin-duplicate-file-remover \\(([^)]*)-[0-9]+\\) "),
               TARVIN_VERSION);
     for (const char* page :

@@ -1,0 +1,40 @@
+# shellcheck shell=bash
+# Debian systems of their own in folders, for the scripts that try the program where nothing of it
+# has been before. Sourced by bash; takes root and Debian's archive.
+
+# Fills a folder with the minimal system of a release ("bookworm"), or with a copy of the folder
+# TARVIN_MINIMAL_ROOT of the environment, and mounts what programs expect. The caller has mounts of
+# its own, and ends with leaveRoot.
+makeRoot() {
+    local release=$1 folder=$2 log=$2.log
+    if [[ -n ${TARVIN_MINIMAL_ROOT-} ]]; then
+        cp -a --one-file-system -- "$TARVIN_MINIMAL_ROOT" "$folder"
+    else
+        debootstrap --variant=minbase "$release" "$folder" http://deb.debian.org/debian >"$log" || {
+            tail -n 20 "$log" >&2
+            printf 'There is no system to try it in.\n' >&2
+            return 1
+        }
+    fi
+    cp -L /etc/resolv.conf "$folder/etc/"
+    mount -t proc proc "$folder/proc"
+    mount --rbind /dev "$folder/dev"
+    # Nothing in there starts services.
+    printf '#!/bin/sh\nexit 101\n' >"$folder/usr/sbin/policy-rc.d"
+    chmod 755 "$folder/usr/sbin/policy-rc.d"
+}
+
+# Runs a command in such a folder, as root and with nothing of the caller's environment.
+inRoot() {
+    local folder=$1
+    shift
+    chroot "$folder" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 HOME=/root \
+        DEBIAN_FRONTEND=noninteractive "$@"
+}
+
+# Removes such a folder.
+leaveRoot() {
+    local folder=$1
+    umount --recursive --lazy "$folder/proc" "$folder/dev" "$folder/tmp/.X11-unix" 2>/dev/null || true
+    rm -rf --one-file-system -- "$folder" "$folder.log"
+}
