@@ -18,11 +18,14 @@ struct WrongUsage {
     std::string errors;
 };
 
+/// In a folder of its own, where nothing may appear.
 void expectRefusal(const WrongUsage& wrong) {
-    const ProgramResult result = runTarvin(wrong.arguments);
+    const TemporaryFolder current;
+    const ProgramResult result = runTarvin(wrong.arguments, {.folder = current.path()});
     EXPECT_EQ(result.status, 2) << wrong.errors;
     EXPECT_EQ(result.output, "");
     EXPECT_EQ(result.errors, wrong.errors);
+    EXPECT_TRUE(std::filesystem::is_empty(current.path())) << wrong.errors;
 }
 
 TEST(Usage, WithoutACommandNothingIsDone) {
