@@ -103,7 +103,7 @@ ExitStatus ExceptionsCommand::run() {
         complain("there is no home folder to keep a list in");
         return ExitStatus::incomplete;
     }
-    ExceptionFile exceptions(*folder);
+    ExceptionFile exceptions(folder);
     const std::optional<StoreError> failure = exceptions.load();
     if (list_->parsed()) {
         return failure ? failed(*failure) : list(exceptions);

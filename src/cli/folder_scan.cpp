@@ -69,6 +69,7 @@ bool FolderScan::hasReadAll() const {
 ScanReport FolderScan::report() const {
     ScanReport report = reportOf(run_);
     std::vector<ScanReport::NotRead> given;
+    given.reserve(folders_.unreadable.size());
     for (const UnreadableLocation& location : folders_.unreadable) {
         given.push_back({location.path, reasonOf(location)});
     }

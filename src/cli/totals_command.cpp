@@ -37,7 +37,7 @@ ExitStatus TotalsCommand::run() {
         complain("there is no home folder to keep totals in");
         return ExitStatus::incomplete;
     }
-    DataFile data(*folder);
+    DataFile data(folder);
     const std::optional<StoreError> failure = data.loadDataFile();
     if (failure) {
         complainAbout(failure->path, failure->text);

@@ -17,8 +17,9 @@ std::optional<bool>& reducedChoice() {
 }  // namespace
 
 bool reducedMotion() {
-    if (reducedChoice()) {
-        return *reducedChoice();
+    const std::optional<bool> chosen = reducedChoice();
+    if (chosen) {
+        return *chosen;
     }
     return QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) == 0;
 }
