@@ -426,8 +426,11 @@ std::vector<FileGroup> ContentProver::proveInParallel(FileGroup group, const Com
 
 /// There, several readers would only send the heads to and fro. Known of what is kept open.
 bool ContentProver::isOnRotationalDevice(std::uint32_t number) const {
-    return !candidates_.open.empty() && candidates_.open[number] &&
-           candidates_.open[number]->onlyReader != nullptr;
+    if (candidates_.open.empty()) {
+        return false;
+    }
+    const auto& open = candidates_.open[number];
+    return open && open->onlyReader != nullptr;
 }
 
 /// Leaves out what was changed or replaced while it was read. Where files are opened for each
@@ -438,7 +441,8 @@ FileGroup ContentProver::withoutChanged(const FileGroup& group) {
     }
     FileGroup kept;
     for (const std::uint32_t number : group) {
-        if (candidates_.open[number] && reader_.isUnchanged(*candidates_.open[number])) {
+        const auto& open = candidates_.open[number];
+        if (open && reader_.isUnchanged(*open)) {
             kept.push_back(number);
         }
     }

@@ -287,7 +287,8 @@ void ScanRun::elapsedTimeThreadSavingData() {
         if (!goesOn) {
             return;
         }
-        const std::chrono::duration<double> sinceStart = platform_.clock().now() - *scanStartDate_;
+        const auto now = platform_.clock().now();
+        const std::chrono::duration<double> sinceStart = now - scanStartDate_.value_or(now);
         observer_.elapsed(getTimeFormStringForInterval(sinceStart.count() - pausedSeconds));
     }
 }
