@@ -181,7 +181,10 @@ class Jpeg2000Image final : public ImageDecoder {
 std::unique_ptr<ImageDecoder> openJpeg2000Image(QIODevice& device) {
     constexpr qint64 beginLength = 12;
     const std::optional<OPJ_CODEC_FORMAT> format = formatOf(device.peek(beginLength));
-    const Jpeg2000Library* const library = format ? Jpeg2000Library::get() : nullptr;
+    if (!format) {
+        return nullptr;
+    }
+    const Jpeg2000Library* const library = Jpeg2000Library::get();
     if (library == nullptr) {
         return nullptr;
     }

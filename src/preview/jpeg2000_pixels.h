@@ -2,7 +2,7 @@
 
 #include <QImage>
 
-struct opj_image;
+struct opj_image;  // NOLINT(readability-identifier-naming): the library's name
 
 namespace tarvin {
 

@@ -72,7 +72,10 @@ CopySocket::~CopySocket() {
 
 bool CopySocket::send(const std::string& path, std::string_view message) {
     const auto address = addressOf(path);
-    const int socket = address ? newSocket() : -1;
+    if (!address) {
+        return false;
+    }
+    const int socket = newSocket();
     if (socket < 0) {
         return false;
     }

@@ -278,6 +278,7 @@ class LinuxFileSystem final : public FileSystem {
         while (!listed.empty()) {
             // The kernel lays the records out aligned, one behind the other.
             const auto* record =
+                // NOLINTNEXTLINE(bugprone-casting-through-void): they are records.
                 static_cast<const dirent64*>(static_cast<const void*>(listed.data()));
             const std::string_view name = record->d_name;
             if (name != "." && name != "..") {

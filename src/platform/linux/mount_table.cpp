@@ -66,6 +66,7 @@ std::string unescaped(std::string_view text) {
 std::optional<unsigned> parseNumber(std::string_view text) {
     unsigned number = 0;
     const char* const end = text.data() + text.size();
+    // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): the end is given.
     const auto [stopped, failure] = std::from_chars(text.data(), end, number);
     if (failure != std::errc() || stopped != end) {
         return std::nullopt;
