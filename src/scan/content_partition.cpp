@@ -109,6 +109,7 @@ bool mayHoldItself(const FileGroup& group, std::span<const std::optional<FileSta
     std::vector<FileIdentity> identities;
     identities.reserve(group.size());
     for (const std::uint32_t number : group) {
+        // NOLINTNEXTLINE(bugprone-unchecked-optional-access): members were read.
         identities.push_back(stamps[number]->identity);
     }
     std::sort(identities.begin(), identities.end(), [](const auto& one, const auto& other) {
@@ -291,6 +292,7 @@ bool ContentPartition::proveOpen(std::span<File* const> files, const Seen& seen,
         members.push_back(files[number]);
         stamps.push_back(seen.stamps[number]);
         open.push_back(reader_.open(*files[number]));
+        // NOLINTNEXTLINE(bugprone-unchecked-optional-access): members were read.
         if (open.back() && open.back()->stamp != *seen.stamps[number]) {
             open.back().reset();
         }

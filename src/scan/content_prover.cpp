@@ -101,6 +101,7 @@ class ContentProver::Opened final {
     Opened(ContentProver& prover, std::uint32_t number) {
         const Candidates& candidates = prover.candidates_;
         if (!candidates.open.empty()) {
+            // NOLINTNEXTLINE(bugprone-unchecked-optional-access): looked at just before.
             candidate_ = candidates.open[number] ? &*candidates.open[number] : nullptr;
             return;
         }
@@ -337,6 +338,7 @@ ContentProver::ContentProver(CandidateReader& reader, BufferPool& buffers, Worke
 
 void ContentProver::prove(FileGroup group, ContentVerdict& verdict) {
     const FileGroup members = group;
+    // NOLINTNEXTLINE(bugprone-unchecked-optional-access): members were read.
     const ComparisonOrder order(candidates_.seen[group.front()]->size);
     const bool inParallel = pool_.cores() > 1 && group.size() <= smallGroup &&
                             order.size() - order.middle() > stretchWorthSharing &&
