@@ -460,6 +460,7 @@ void TreeReader::readAttributes(const Listing& listing, const Descriptor& folder
         }
         const IoWatch::Call call(watch_, *listing.directory);
         const Result<FileAttributes> attributes =
+            // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): a zero byte follows.
             fileSystem_.attributesAt(folder, entry.name.data());
         if (attributes) {
             entry.attributes = *attributes;
