@@ -211,6 +211,7 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
         const std::uint64_t before = deviceReads_();
         try {
             task();
+            // NOLINTNEXTLINE(bugprone-empty-catch): nothing is lost.
         } catch (const std::bad_alloc&) {
             // A task whose result is waited for says so itself; help for a forEach() is optional.
         }
