@@ -90,6 +90,7 @@ std::optional<StoreError> DataFile::loadDataFile() {
 
 /// A failure costs nothing: the file is made when there is something to write.
 void DataFile::makeFirst() const {
+    // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
     const Result<FolderLock> lock = FolderLock::take(*folder_);
     if (!lock) {
         return;
@@ -112,8 +113,10 @@ std::optional<StoreError> DataFile::addDeleted(std::uint64_t count, std::uint64_
 /// The old totals stand in for those of a file that has gone meanwhile.
 std::optional<StoreError> DataFile::store(std::uint64_t count, std::uint64_t size,
                                           std::int64_t oldCount, std::uint64_t oldSize) {
+    // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
     const Result<FolderLock> lock = FolderLock::take(*folder_);
     if (!lock) {
+        // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
         return storeErrorOf(*folder_, lock.error());
     }
     auto read = readData(dataPath_);

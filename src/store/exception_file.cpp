@@ -65,8 +65,10 @@ std::optional<StoreError> ExceptionFile::removeExceptions() {
 
 std::optional<StoreError> ExceptionFile::store(Keep keep) {
     putAside_.clear();
+    // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
     const Result<FolderLock> lock = FolderLock::take(*folder_);
     if (!lock) {
+        // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
         return storeErrorOf(*folder_, lock.error());
     }
     ExceptionList stored = readExceptionFile(path_);

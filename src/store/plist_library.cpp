@@ -10,8 +10,10 @@ void* readPropertyList(std::string_view bytes) {
     plist_t root = nullptr;
     const auto length = static_cast<std::uint32_t>(bytes.size());
 #if TARVIN_LIBPLIST_2_3
+    // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): length is given.
     plist_from_memory(bytes.data(), length, &root, nullptr);
 #else
+    // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): length is given.
     plist_from_memory(bytes.data(), length, &root);
 #endif
     return root;
