@@ -22,7 +22,6 @@ namespace tarvin {
 namespace {
 
 constexpr QPoint previewPlace{205, 114};
-constexpr int deletionRedrawMilliseconds = 33;
 constexpr int yes = 0;
 
 }  // namespace
@@ -88,7 +87,7 @@ DeletionTask::DeletionTask(Session& session, Results& results, MainWindow& windo
     connect(panel.stopDeleteBtn, &QAbstractButton::clicked, this,
             &DeletionTask::stopDeletionProcess);
     connect(this, &DeletionTask::walkIsOver, this, &DeletionTask::finish, Qt::QueuedConnection);
-    redraw_.setInterval(deletionRedrawMilliseconds);
+    redraw_.setInterval(redrawMilliseconds);
     connect(&redraw_, &QTimer::timeout, this, &DeletionTask::showProgress);
 }
 

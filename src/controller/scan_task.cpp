@@ -20,7 +20,6 @@ namespace tarvin {
 
 namespace {
 
-constexpr int scanRedrawMilliseconds = 33;
 constexpr QPoint confirmationPlace{350, 235};
 
 }  // namespace
@@ -34,7 +33,7 @@ ScanTask::ScanTask(Session& session, MainWindow& window, Alerts& alerts, Locatio
       run_(session.platform, messenger_, {.standsBack = true}) {
     // In the words that pause() compares it with.
     setPauseTitle(ScanScreenTexts::pause());
-    redraw_.setInterval(scanRedrawMilliseconds);
+    redraw_.setInterval(redrawMilliseconds);
     connect(&redraw_, &QTimer::timeout, this, &ScanTask::showProgress);
     connectControls();
 }

@@ -11,7 +11,6 @@ namespace tarvin {
 
 namespace {
 
-constexpr double hoverAlpha = 0.7;
 constexpr QColor disabledGroundOnBar{205, 207, 208};
 constexpr QColor disabledLineOnBar{169, 178, 183};
 constexpr QColor disabledTextOnBar{115, 126, 133};
@@ -109,7 +108,7 @@ void HoverButton::draw(QPainter& painter) {
 
 void HoverButton::mouseEntered() {
     if (isEnabled()) {
-        setAlpha(hoverAlpha);
+        setAlpha(look::hoverAlpha);
     }
     updateCursor();
 }
@@ -125,7 +124,7 @@ double HoverButton::shownOpacity() const {
         return alpha();
     }
     // What the pointer has left of it is no state of a disabled one.
-    const double own = alpha() == hoverAlpha ? 1.0 : alpha();
+    const double own = alpha() == look::hoverAlpha ? 1.0 : alpha();
     return kind_ == Kind::quiet ? own : std::min(own, disabledOpacity_);
 }
 
@@ -134,7 +133,7 @@ void HoverButton::changeEvent(QEvent* event) {
     if (event->type() != QEvent::EnabledChange) {
         return;
     }
-    if (isEnabled() && !hovering() && alpha() == hoverAlpha) {
+    if (isEnabled() && !hovering() && alpha() == look::hoverAlpha) {
         setAlpha(1.0);
     }
     updateCursor();

@@ -37,6 +37,9 @@ inline constexpr QColor noticeButtonLine{53, 152, 252};
 inline constexpr QColor noticeButtonLineHover{126, 180, 234};
 inline constexpr QColor focusRing{10, 58, 82};
 
+/// How opaque a control is under the pointer.
+inline constexpr double hoverAlpha = 0.7;
+
 /// The interface font of the platform at a size in pixels.
 [[nodiscard]] QFont font(int pixelSize, QFont::Weight weight = QFont::Normal);
 

@@ -23,7 +23,6 @@ constexpr int padding = 10;
 constexpr int chevronSide = 16;
 constexpr int chevronMargin = 8;
 constexpr int chevronGap = 4;  ///< to the title
-constexpr double pointedAlpha = 0.7;
 constexpr double disabledAlpha = 0.45;
 
 QFont titleFont() {
@@ -97,7 +96,7 @@ void PopUpButton::showPopup() {
 
 void PopUpButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintFaded(painter, rect(), hovering_ && isEnabled() ? pointedAlpha : 1.0,
+    paintFaded(painter, rect(), hovering_ && isEnabled() ? look::hoverAlpha : 1.0,
                [this](QPainter& inside) { draw(inside); });
 }
 

@@ -6,6 +6,9 @@
 
 namespace tarvin {
 
+/// How often what is told of a run is shown anew; 30 times a second look fluid.
+inline constexpr int redrawMilliseconds = 33;
+
 /// A flat bar, teal on a light line, 10 logical pixels high. It shows how much of a total is done,
 /// or, while the total is unknown, a piece that wanders from left to right in 1.4 s. Owned by its
 /// parent; main thread.
