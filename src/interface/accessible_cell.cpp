@@ -12,14 +12,6 @@ namespace tarvin {
 
 namespace {
 
-QWindow* windowOf(const QAbstractItemView* view) {
-    return view == nullptr ? nullptr : view->window()->windowHandle();
-}
-
-QAccessibleInterface* interfaceOf(QAbstractItemView* view) {
-    return view == nullptr ? nullptr : QAccessible::queryAccessibleInterface(view);
-}
-
 /// A part of a widget, on the screen.
 QRect onScreen(const QWidget& widget, const QRect& part) {
     return part.isEmpty() ? QRect() : QRect(widget.mapToGlobal(part.topLeft()), part.size());
@@ -27,8 +19,20 @@ QRect onScreen(const QWidget& widget, const QRect& part) {
 
 }  // namespace
 
+AccessiblePart::AccessiblePart(QAbstractItemView& view) : view_(&view) {}
+
+AccessiblePart::~AccessiblePart() = default;
+
+QWindow* AccessiblePart::window() const {
+    return view_ == nullptr ? nullptr : view_->window()->windowHandle();
+}
+
+QAccessibleInterface* AccessiblePart::parent() const {
+    return view_ == nullptr ? nullptr : QAccessible::queryAccessibleInterface(view_);
+}
+
 AccessibleCell::AccessibleCell(QAbstractItemView& view, const QModelIndex& index)
-    : view_(&view), index_(index) {}
+    : AccessiblePart(view), index_(index) {}
 
 void* AccessibleCell::interface_cast(QAccessible::InterfaceType type) {
     switch (type) {
@@ -42,19 +46,11 @@ void* AccessibleCell::interface_cast(QAccessible::InterfaceType type) {
 }
 
 bool AccessibleCell::isValid() const {
-    return view_ != nullptr && index_.isValid() && index_.model() == view_->model();
-}
-
-QWindow* AccessibleCell::window() const {
-    return windowOf(view_);
-}
-
-QAccessibleInterface* AccessibleCell::parent() const {
-    return interfaceOf(view_);
+    return view() != nullptr && index_.isValid() && index_.model() == view()->model();
 }
 
 AccessibleList* AccessibleCell::owner() const {
-    return view_ == nullptr ? nullptr : AccessibleList::of(*view_);
+    return view() == nullptr ? nullptr : AccessibleList::of(*view());
 }
 
 QString AccessibleCell::text(QAccessible::Text kind) const {
@@ -74,12 +70,12 @@ QString AccessibleCell::text(QAccessible::Text kind) const {
 }
 
 QRect AccessibleCell::rect() const {
-    return isValid() ? onScreen(*view_->viewport(), view_->visualRect(index_)) : QRect();
+    return isValid() ? onScreen(*view()->viewport(), view()->visualRect(index_)) : QRect();
 }
 
 QAccessible::Role AccessibleCell::role() const {
-    return qobject_cast<const QTreeView*>(view_) != nullptr ? QAccessible::TreeItem
-                                                            : QAccessible::Cell;
+    return qobject_cast<const QTreeView*>(view()) != nullptr ? QAccessible::TreeItem
+                                                             : QAccessible::Cell;
 }
 
 QAccessible::State AccessibleCell::state() const {
@@ -88,18 +84,18 @@ QAccessible::State AccessibleCell::state() const {
         state.invalid = true;
         return state;
     }
-    const QRect place = view_->visualRect(index_);
-    state.invisible = !view_->isVisible();
-    state.offscreen = !view_->viewport()->rect().intersects(place);
+    const QRect place = view()->visualRect(index_);
+    state.invisible = !view()->isVisible();
+    state.offscreen = !view()->viewport()->rect().intersects(place);
     state.selectable = index_.flags().testFlag(Qt::ItemIsSelectable);
-    state.selected = view_->selectionModel()->isSelected(index_);
+    state.selected = view()->selectionModel()->isSelected(index_);
     state.focusable = true;
-    state.focused = view_->hasFocus() && view_->currentIndex() == index_;
+    state.focused = view()->hasFocus() && view()->currentIndex() == index_;
     const auto mark = static_cast<Qt::CheckState>(index_.data(Qt::CheckStateRole).toInt());
     state.checkable = isBox();
     state.checked = isBox() && mark == Qt::Checked;
     state.checkStateMixed = isBox() && mark == Qt::PartiallyChecked;
-    if (const auto* tree = qobject_cast<const QTreeView*>(view_)) {
+    if (const auto* tree = qobject_cast<const QTreeView*>(view())) {
         const QModelIndex first = index().siblingAtColumn(0);
         state.expandable = tree->model()->hasChildren(first);
         state.expanded = state.expandable && tree->isExpanded(first);
@@ -114,7 +110,7 @@ bool AccessibleCell::isBox() const {
 }
 
 bool AccessibleCell::isSelected() const {
-    return isValid() && view_->selectionModel()->isSelected(index_);
+    return isValid() && view()->selectionModel()->isSelected(index_);
 }
 
 QList<QAccessibleInterface*> AccessibleCell::columnHeaderCells() const {
@@ -145,28 +141,20 @@ void AccessibleCell::doAction(const QString& actionName) {
     if (actionName == toggleAction() && isBox()) {
         list->list().turnBox(index_);
     } else if (actionName == setFocusAction()) {
-        view_->setFocus(Qt::OtherFocusReason);
-        view_->selectionModel()->setCurrentIndex(index_, QItemSelectionModel::NoUpdate);
+        view()->setFocus(Qt::OtherFocusReason);
+        view()->selectionModel()->setCurrentIndex(index_, QItemSelectionModel::NoUpdate);
     }
 }
 
 bool AccessibleHeader::isValid() const {
-    return view_ != nullptr && view_->model() != nullptr;
-}
-
-QWindow* AccessibleHeader::window() const {
-    return windowOf(view_);
-}
-
-QAccessibleInterface* AccessibleHeader::parent() const {
-    return interfaceOf(view_);
+    return view() != nullptr && view()->model() != nullptr;
 }
 
 QHeaderView* AccessibleHeader::header() const {
-    if (const auto* tree = qobject_cast<const QTreeView*>(view_)) {
+    if (const auto* tree = qobject_cast<const QTreeView*>(view())) {
         return tree->header();
     }
-    const auto* table = qobject_cast<const QTableView*>(view_);
+    const auto* table = qobject_cast<const QTableView*>(view());
     return table == nullptr               ? nullptr
            : orientation_ == Qt::Vertical ? table->verticalHeader()
                                           : table->horizontalHeader();
@@ -174,7 +162,7 @@ QHeaderView* AccessibleHeader::header() const {
 
 QString AccessibleHeader::text(QAccessible::Text kind) const {
     return kind == QAccessible::Name && isValid() && orientation_ == Qt::Horizontal
-               ? view_->model()->headerData(section_, orientation_).toString()
+               ? view()->model()->headerData(section_, orientation_).toString()
                : QString();
 }
 

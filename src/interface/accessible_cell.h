@@ -13,18 +13,11 @@ namespace tarvin {
 
 class AccessibleList;
 
-/// One cell of an AccessibleList. One that is a box can be toggled. No longer valid when its row is
-/// gone. Owned by Qt; main thread.
-class AccessibleCell final : public QAccessibleInterface,
-                             public QAccessibleTableCellInterface,
-                             public QAccessibleActionInterface {
+/// A part of a list's view that is no object of its own and has no parts. Owned by Qt; main thread.
+class AccessiblePart : public QAccessibleInterface {
  public:
-    AccessibleCell(QAbstractItemView& view, const QModelIndex& index);
+    explicit AccessiblePart(QAbstractItemView& view);
 
-    [[nodiscard]] QModelIndex index() const { return index_; }
-
-    void* interface_cast(QAccessible::InterfaceType type) override;
-    [[nodiscard]] bool isValid() const override;
     [[nodiscard]] QObject* object() const override { return nullptr; }
     [[nodiscard]] QWindow* window() const override;
     [[nodiscard]] QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override {
@@ -36,8 +29,31 @@ class AccessibleCell final : public QAccessibleInterface,
     [[nodiscard]] int indexOfChild(const QAccessibleInterface* /*child*/) const override {
         return -1;
     }
-    [[nodiscard]] QString text(QAccessible::Text kind) const override;
     void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+
+ protected:
+    ~AccessiblePart() override;
+
+    /// Null when it is gone.
+    [[nodiscard]] QAbstractItemView* view() const { return view_; }
+
+ private:
+    QPointer<QAbstractItemView> view_;
+};
+
+/// One cell of an AccessibleList. One that is a box can be toggled. No longer valid when its row is
+/// gone. Owned by Qt; main thread.
+class AccessibleCell final : public AccessiblePart,
+                             public QAccessibleTableCellInterface,
+                             public QAccessibleActionInterface {
+ public:
+    AccessibleCell(QAbstractItemView& view, const QModelIndex& index);
+
+    [[nodiscard]] QModelIndex index() const { return index_; }
+
+    void* interface_cast(QAccessible::InterfaceType type) override;
+    [[nodiscard]] bool isValid() const override;
+    [[nodiscard]] QString text(QAccessible::Text kind) const override;
     [[nodiscard]] QRect rect() const override;
     [[nodiscard]] QAccessible::Role role() const override;
     [[nodiscard]] QAccessible::State state() const override;
@@ -62,34 +78,21 @@ class AccessibleCell final : public QAccessibleInterface,
     [[nodiscard]] bool isBox() const;
     [[nodiscard]] AccessibleList* owner() const;
 
-    QPointer<QAbstractItemView> view_;
     QPersistentModelIndex index_;
 };
 
 /// The title over a column of an AccessibleList, or the unseen one beside a row. Owned by Qt; main
 /// thread.
-class AccessibleHeader final : public QAccessibleInterface {
+class AccessibleHeader final : public AccessiblePart {
  public:
     AccessibleHeader(QAbstractItemView& view, int section, Qt::Orientation orientation)
-        : view_(&view), section_(section), orientation_(orientation) {}
+        : AccessiblePart(view), section_(section), orientation_(orientation) {}
 
     [[nodiscard]] int section() const { return section_; }
     [[nodiscard]] Qt::Orientation orientation() const { return orientation_; }
 
     [[nodiscard]] bool isValid() const override;
-    [[nodiscard]] QObject* object() const override { return nullptr; }
-    [[nodiscard]] QWindow* window() const override;
-    [[nodiscard]] QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override {
-        return nullptr;
-    }
-    [[nodiscard]] QAccessibleInterface* parent() const override;
-    [[nodiscard]] QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
-    [[nodiscard]] int childCount() const override { return 0; }
-    [[nodiscard]] int indexOfChild(const QAccessibleInterface* /*child*/) const override {
-        return -1;
-    }
     [[nodiscard]] QString text(QAccessible::Text kind) const override;
-    void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
     [[nodiscard]] QRect rect() const override;
     [[nodiscard]] QAccessible::Role role() const override;
     [[nodiscard]] QAccessible::State state() const override;
@@ -97,7 +100,6 @@ class AccessibleHeader final : public QAccessibleInterface {
  private:
     [[nodiscard]] QHeaderView* header() const;
 
-    QPointer<QAbstractItemView> view_;
     int section_;  ///< -1 in the corner
     Qt::Orientation orientation_;
 };

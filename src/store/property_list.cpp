@@ -6,9 +6,12 @@
 #include <plist/plist.h>
 
 #include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <limits>
 #include <system_error>
+#include <type_traits>
+#include <utility>
 
 namespace tarvin {
 
@@ -58,16 +61,13 @@ bool isString(const std::string& path) {
            blanks.find(path.back()) == std::string_view::npos && isPlain(path);
 }
 
-std::optional<std::uint64_t> wholeNumber(double number) {
-    constexpr double beyond = 18446744073709551616.0;  // 2 to the 64th
-    return number >= 0 && number < beyond ? std::optional(static_cast<std::uint64_t>(number))
-                                          : std::nullopt;
-}
-
-std::optional<std::int64_t> signedWholeNumber(double number) {
-    constexpr double beyond = 9223372036854775808.0;  // 2 to the 63rd
-    return number >= -beyond && number < beyond ? std::optional(static_cast<std::int64_t>(number))
-                                                : std::nullopt;
+/// The whole part of a number, if the type holds it.
+template <typename Number>
+std::optional<Number> wholePart(double number) {
+    const double beyond = std::ldexp(1.0, std::numeric_limits<Number>::digits);
+    const double lowest = std::is_signed_v<Number> ? -beyond : 0.0;
+    return number >= lowest && number < beyond ? std::optional(static_cast<Number>(number))
+                                               : std::nullopt;
 }
 
 template <typename Number>
@@ -90,6 +90,39 @@ std::string xmlOf(plist_t node) {
 /// libplist answers with the 64 bits of an integer and keeps its sign to itself, but writes it.
 bool isBelowZero(plist_t integer) {
     return xmlOf(integer).find("<integer>-") != std::string::npos;
+}
+
+std::string textOf(plist_t string) {
+    std::uint64_t length = 0;
+    const char* bytes = plist_get_string_ptr(string, &length);
+    return {bytes, static_cast<std::size_t>(length)};
+}
+
+/// What an integer, a real number or the digits of a text stand for. An integer that the type does
+/// not hold is 0.
+template <typename Number>
+std::optional<Number> numberOf(plist_t item) {
+    if (item == nullptr) {
+        return std::nullopt;
+    }
+    switch (plist_get_node_type(item)) {
+        case PLIST_UINT: {
+            std::uint64_t bits = 0;
+            plist_get_uint_val(item, &bits);
+            const bool fits =
+                isBelowZero(item) ? std::is_signed_v<Number> : std::in_range<Number>(bits);
+            return fits ? static_cast<Number>(bits) : 0;
+        }
+        case PLIST_REAL: {
+            double number = 0;
+            plist_get_real_val(item, &number);
+            return wholePart<Number>(number);
+        }
+        case PLIST_STRING:
+            return numberOfDigits<Number>(textOf(item));
+        default:
+            return std::nullopt;
+    }
 }
 
 /// An integer with its sign. plist_new_uint would write what is beyond 63 bits as a negative number
@@ -162,50 +195,11 @@ std::vector<std::string> PropertyList::paths() const {
 }
 
 std::optional<std::uint64_t> PropertyList::number(const char* key) const {
-    plist_t item = plist_dict_get_item(root_.get(), key);
-    if (item == nullptr) {
-        return std::nullopt;
-    }
-    switch (plist_get_node_type(item)) {
-        case PLIST_UINT: {
-            std::uint64_t number = 0;
-            plist_get_uint_val(item, &number);
-            return isBelowZero(item) ? 0 : number;
-        }
-        case PLIST_REAL: {
-            double number = 0;
-            plist_get_real_val(item, &number);
-            return wholeNumber(number);
-        }
-        case PLIST_STRING:
-            return numberOfDigits<std::uint64_t>(text(key).value_or(""));
-        default:
-            return std::nullopt;
-    }
+    return numberOf<std::uint64_t>(plist_dict_get_item(root_.get(), key));
 }
 
 std::optional<std::int64_t> PropertyList::signedNumber(const char* key) const {
-    plist_t item = plist_dict_get_item(root_.get(), key);
-    if (item == nullptr) {
-        return std::nullopt;
-    }
-    switch (plist_get_node_type(item)) {
-        case PLIST_UINT: {
-            std::uint64_t number = 0;
-            plist_get_uint_val(item, &number);
-            const bool fits = number <= std::numeric_limits<std::int64_t>::max();
-            return fits || isBelowZero(item) ? static_cast<std::int64_t>(number) : 0;
-        }
-        case PLIST_REAL: {
-            double number = 0;
-            plist_get_real_val(item, &number);
-            return signedWholeNumber(number);
-        }
-        case PLIST_STRING:
-            return numberOfDigits<std::int64_t>(text(key).value_or(""));
-        default:
-            return std::nullopt;
-    }
+    return numberOf<std::int64_t>(plist_dict_get_item(root_.get(), key));
 }
 
 bool PropertyList::has(const char* key) const {
@@ -217,9 +211,7 @@ std::optional<std::string> PropertyList::text(const char* key) const {
     if (item == nullptr || plist_get_node_type(item) != PLIST_STRING) {
         return std::nullopt;
     }
-    std::uint64_t length = 0;
-    const char* bytes = plist_get_string_ptr(item, &length);
-    return std::string(bytes, static_cast<std::size_t>(length));
+    return textOf(item);
 }
 
 void PropertyList::setNumber(const char* key, std::uint64_t number) {
