@@ -6,9 +6,9 @@
 
 namespace tarvin::bench {
 
-using Clock = std::chrono::steady_clock;
+using SteadyClock = std::chrono::steady_clock;
 
-[[nodiscard]] inline double milliseconds(Clock::duration duration) {
+[[nodiscard]] inline double milliseconds(SteadyClock::duration duration) {
     return std::chrono::duration<double, std::milli>(duration).count();
 }
 

@@ -68,7 +68,7 @@ class FirstFrameWatch final : public QObject {
     static Moment now() {
         timespec ran{};
         ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &ran);
-        return {std::chrono::nanoseconds(Clock::now().time_since_epoch()).count(),
+        return {std::chrono::nanoseconds(SteadyClock::now().time_since_epoch()).count(),
                 std::int64_t{ran.tv_sec} * 1'000'000'000 + ran.tv_nsec};
     }
 

@@ -88,11 +88,11 @@ void Heartbeat::clear() {
 }
 
 void Heartbeat::handlerBegan() {
-    handlerBegan_ = Clock::now();
+    handlerBegan_ = SteadyClock::now();
 }
 
 void Heartbeat::handlerEnded(const char* className, const QString& name, int event) {
-    const double taken = milliseconds(Clock::now() - handlerBegan_);
+    const double taken = milliseconds(SteadyClock::now() - handlerBegan_);
     if (taken <= stretch_.handler) {
         return;
     }
@@ -106,7 +106,7 @@ void Heartbeat::handlerEnded(const char* className, const QString& name, int eve
 }
 
 void Heartbeat::waitBegins() {
-    stretch_.wall = milliseconds(Clock::now() - stretchBegan_);
+    stretch_.wall = milliseconds(SteadyClock::now() - stretchBegan_);
     stretch_.processor = processorMilliseconds() - processorBegan_;
     stretch_.queued = queuedMilliseconds() - queuedBegan_;
     Step& step = steps_[now_];
@@ -118,7 +118,7 @@ void Heartbeat::waitBegins() {
 
 void Heartbeat::waitEnded() {
     stretch_ = {};
-    stretchBegan_ = Clock::now();
+    stretchBegan_ = SteadyClock::now();
     processorBegan_ = processorMilliseconds();
     queuedBegan_ = queuedMilliseconds();
 }

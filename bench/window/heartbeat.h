@@ -58,10 +58,10 @@ class Heartbeat final {
     std::vector<Step> steps_;
     std::size_t now_ = 0;
     Stretch stretch_;
-    Clock::time_point stretchBegan_;
+    SteadyClock::time_point stretchBegan_;
     double processorBegan_ = 0;
     double queuedBegan_ = 0;
-    Clock::time_point handlerBegan_;
+    SteadyClock::time_point handlerBegan_;
 };
 
 /// The application object of a measurement: tells the heartbeat of every handler.

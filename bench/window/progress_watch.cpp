@@ -17,25 +17,25 @@ void ProgressWatch::begin() {
     collecting_ = {};
     comparing_ = {};
     now_ = &collecting_;
-    collecting_.from = Clock::now();
+    collecting_.from = SteadyClock::now();
 }
 
 void ProgressWatch::look() {
     if (now_ == &collecting_ && screen_.similarIndicator->total() > 0 &&
         !screen_.similarIndicator->isIndeterminate()) {
-        collecting_.to = comparing_.from = Clock::now();
+        collecting_.to = comparing_.from = SteadyClock::now();
         now_ = &comparing_;
     }
 }
 
 void ProgressWatch::end() {
-    comparing_.to = Clock::now();
+    comparing_.to = SteadyClock::now();
     now_ = nullptr;
 }
 
 bool ProgressWatch::eventFilter(QObject* watched, QEvent* event) {
     if (now_ != nullptr && event->type() == QEvent::Paint) {
-        const Clock::time_point moment = Clock::now();
+        const SteadyClock::time_point moment = SteadyClock::now();
         now_->paints.push_back(moment);
         const bool isBar = watched == screen_.similarIndicator;
         const QString text = isBar ? paintedText_ : screen_.similarProcessing->text();
@@ -50,11 +50,11 @@ bool ProgressWatch::eventFilter(QObject* watched, QEvent* event) {
 }
 
 std::vector<double> inEachSecond(const ProgressWatch::Phase& phase,
-                                 const std::vector<Clock::time_point>& moments) {
+                                 const std::vector<SteadyClock::time_point>& moments) {
     const auto wholeSeconds =
         std::chrono::duration_cast<std::chrono::seconds>(phase.to - phase.from);
     std::vector<double> counts(static_cast<std::size_t>(wholeSeconds.count()), 0.0);
-    for (const Clock::time_point moment : moments) {
+    for (const SteadyClock::time_point moment : moments) {
         const auto second = static_cast<std::size_t>(
             std::chrono::duration_cast<std::chrono::seconds>(moment - phase.from).count());
         if (second < counts.size()) {

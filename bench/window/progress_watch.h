@@ -18,10 +18,10 @@ class ProgressWatch final : public QObject {
  public:
     /// One phase of a scan.
     struct Phase {
-        Clock::time_point from{};
-        Clock::time_point to{};
-        std::vector<Clock::time_point> paints;   ///< of the bar or the line
-        std::vector<Clock::time_point> changes;  ///< those that showed something new
+        SteadyClock::time_point from{};
+        SteadyClock::time_point to{};
+        std::vector<SteadyClock::time_point> paints;   ///< of the bar or the line
+        std::vector<SteadyClock::time_point> changes;  ///< those that showed something new
     };
 
     /// `screen` outlives it.
@@ -50,6 +50,6 @@ class ProgressWatch final : public QObject {
 
 /// How many of `moments` lie in each whole second of a phase.
 [[nodiscard]] std::vector<double> inEachSecond(const ProgressWatch::Phase& phase,
-                                               const std::vector<Clock::time_point>& moments);
+                                               const std::vector<SteadyClock::time_point>& moments);
 
 }  // namespace tarvin::bench

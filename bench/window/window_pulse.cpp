@@ -39,7 +39,7 @@ constexpr std::chrono::milliseconds aLook{400};
 // A result is let go of in the meantime.
 constexpr std::chrono::milliseconds aLongLook{2000};
 
-struct Options {
+struct PulseOptions {
     std::string work = "/var/tmp";
     std::string tree;
     std::uint64_t files = 20'000;
@@ -278,7 +278,7 @@ bool makeTree(const std::string& path, std::uint64_t files) {
 
 int main(int argc, char** argv) {
     CLI::App app("Measures how long the window's main thread is ever busy while it scans.");
-    Options options;
+    PulseOptions options;
     app.add_option("--files", options.files, "the tree made for it has so many files");
     app.add_option("--tree", options.tree, "this tree instead, which is only read");
     app.add_option("--rounds", options.rounds, "so many scans")->check(CLI::PositiveNumber);

@@ -57,7 +57,7 @@ constexpr std::chrono::milliseconds anInstant{1};
 constexpr std::chrono::milliseconds aMoment{100};
 constexpr std::chrono::milliseconds aLongLook{2000};
 
-struct Options {
+struct ResultsOptions {
     std::string work = "/var/tmp";
     EqualFiles result{.sets = 200'000, .files = 500'000, .extensions = 20};
     int rounds = 3;
@@ -80,7 +80,7 @@ class ComparisonEnd final {
               while (run.scanning()) {
                   std::this_thread::sleep_for(std::chrono::microseconds(200));
               }
-              end_ = Clock::now();
+              end_ = SteadyClock::now();
           }) {}
     ComparisonEnd(const ComparisonEnd&) = delete;
     ComparisonEnd& operator=(const ComparisonEnd&) = delete;
@@ -90,13 +90,13 @@ class ComparisonEnd final {
         }
     }
 
-    [[nodiscard]] Clock::time_point wait() {
+    [[nodiscard]] SteadyClock::time_point wait() {
         thread_.join();
         return end_;
     }
 
  private:
-    Clock::time_point end_;
+    SteadyClock::time_point end_;
     std::thread thread_;
 };
 
@@ -193,16 +193,16 @@ class ResultTour final {
     template <class Action>
     bool measure(const std::string& name, double goal, PaintWatch& answer, Action action) {
         heartbeat_.enter(name);
-        Clock::time_point begin;
+        SteadyClock::time_point begin;
         bool begun = false;
         product_.act([&] {
             answer.forget();
             begun = true;
-            begin = Clock::now();
+            begin = SteadyClock::now();
             action();
         });
         const bool came = Product::until([&] { return begun && answer.isPainted(); });
-        step(name, goal).delays.push_back(milliseconds(Clock::now() - begin));
+        step(name, goal).delays.push_back(milliseconds(SteadyClock::now() - begin));
         return came;
     }
 
@@ -229,7 +229,7 @@ class ResultTour final {
         const QString screen = window().results->identifier();
         const bool came =
             Product::until([&] { return product_.isOn(screen) && result_.isPainted(); });
-        const Clock::time_point shown = Clock::now();
+        const SteadyClock::time_point shown = SteadyClock::now();
         step(name, openingGoal).delays.push_back(milliseconds(shown - end.wait()));
         rest(aMoment);
         return came && acknowledge();
@@ -393,11 +393,11 @@ class ResultTour final {
         rest(aMoment);
         const std::uint64_t marked = results().modal->totalFilesSelected();
         heartbeat_.enter(name);
-        const Clock::time_point begin = Clock::now();
+        const SteadyClock::time_point begin = SteadyClock::now();
         product_.click(window().results->finishButton);
         const bool ended =
             Product::until([this] { return window().informationWindow->isVisible(); });
-        const double seconds = milliseconds(Clock::now() - begin) / 1000;
+        const double seconds = milliseconds(SteadyClock::now() - begin) / 1000;
         Product::rest(aMoment);
         step(name, stretchGoal).delays.clear();
         removed_.push_back(name + ": " + std::to_string(marked) + " marked, " +
@@ -466,7 +466,7 @@ class ResultTour final {
 int main(int argc, char** argv) {
     using namespace tarvin::bench;
     CLI::App app("Measures how long a person waits in the window of a large result.");
-    Options options;
+    ResultsOptions options;
     app.add_option("--sets", options.result.sets, "so many sets")->check(CLI::PositiveNumber);
     app.add_option("--files", options.result.files, "in so many files");
     app.add_option("--extensions", options.result.extensions, "of so many extensions")

@@ -21,7 +21,7 @@ namespace {
 
 using namespace tarvin::bench;
 
-constexpr double goal = 1.2;
+constexpr double startGoal = 1.2;
 constexpr int cannotStart = 127;
 
 struct Program {
@@ -29,7 +29,7 @@ struct Program {
     std::string widget;  ///< without which its window is not whole; may be empty
 };
 
-struct Options {
+struct StartOptions {
     Program product{TARVIN_PRODUCT, "HomePage"};
     Program bare{TARVIN_BARE_WINDOW, {}};
     std::string platform = "offscreen";
@@ -77,7 +77,7 @@ std::optional<FirstFrame> start(const Program& program) {
 }
 
 bool measure(const Program& program, Starts& starts) {
-    const Clock::time_point begin = Clock::now();
+    const SteadyClock::time_point begin = SteadyClock::now();
     const std::optional<FirstFrame> frame = start(program);
     if (!frame) {
         std::fprintf(stderr, "%s showed no window.\n", program.path.c_str());
@@ -85,7 +85,7 @@ bool measure(const Program& program, Starts& starts) {
     }
     const auto add = [begin](const Moment& moment, std::vector<double>& wall,
                              std::vector<double>& processor) {
-        const Clock::time_point at{std::chrono::nanoseconds(moment.steady)};
+        const SteadyClock::time_point at{std::chrono::nanoseconds(moment.steady)};
         wall.push_back(milliseconds(at - begin));
         processor.push_back(static_cast<double>(moment.processor) / 1e6);
     };
@@ -101,7 +101,7 @@ void print(const char* what, const std::vector<double>& wall,
 }
 
 /// Both, in turns, each round beginning with the other one.
-bool takeTurns(const Options& options, Starts& bare, Starts& product) {
+bool takeTurns(const StartOptions& options, Starts& bare, Starts& product) {
     Starts untimed;
     if (!measure(options.bare, untimed) || !measure(options.product, untimed)) {
         return false;
@@ -121,7 +121,7 @@ bool takeTurns(const Options& options, Starts& bare, Starts& product) {
 
 int main(int argc, char** argv) {
     CLI::App app("Measures the product's start beside that of a bare window.");
-    Options options;
+    StartOptions options;
     app.add_option("--product", options.product.path, "the program to measure");
     app.add_option("--platform", options.platform, "Qt's platform: offscreen, xcb, wayland");
     app.add_option("--rounds", options.rounds, "so many starts of each")
@@ -146,9 +146,9 @@ int main(int argc, char** argv) {
     print("product, the window", product.shown, product.shownProcessor);
     print("product, the window with all it shows", product.whole, product.wholeProcessor);
     const double ratio = median(product.shown) / median(bare.shown);
-    const bool reached = ratio <= goal;
+    const bool reached = ratio <= startGoal;
     std::printf("shown after %.2f times as long (whole after %.2f times); at most %.1f: %s\n",
-                ratio, median(product.whole) / median(bare.shown), goal,
+                ratio, median(product.whole) / median(bare.shown), startGoal,
                 reached ? "reached" : "NOT REACHED");
     return reached ? 0 : 1;
 }

@@ -34,11 +34,11 @@ namespace {
 
 using namespace tarvin::bench;
 
-constexpr double goal = 300;  // milliseconds
+constexpr double stopGoal = 300;  // milliseconds
 constexpr std::uint64_t gibibyte = 1ULL << 30U;
 constexpr std::size_t blockBytes = 1U << 20U;
 
-struct Options {
+struct StopOptions {
     std::string work = "/var/tmp";
     std::uint64_t gibibytes = 10;
     int rounds = 10;
@@ -137,25 +137,25 @@ class StopRounds final {
     bool stop() {
         question_.forget();
         result_.forget();
-        Clock::time_point pressed;
-        Clock::time_point answered;
+        SteadyClock::time_point pressed;
+        SteadyClock::time_point answered;
         product_.act([&] {
-            pressed = Clock::now();
+            pressed = SteadyClock::now();
             window().progress->stopButton->click();
         });
         if (!Product::until([this] { return question_.isPainted(); })) {
             return false;
         }
-        delays_.question.push_back(milliseconds(Clock::now() - pressed));
+        delays_.question.push_back(milliseconds(SteadyClock::now() - pressed));
         product_.act([&] {
-            answered = Clock::now();
+            answered = SteadyClock::now();
             window().cancelYes->click();
         });
         const QString results = window().results->identifier();
         if (!Product::until([&] { return product_.isOn(results) && result_.isPainted(); })) {
             return false;
         }
-        const Clock::time_point shown = Clock::now();
+        const SteadyClock::time_point shown = SteadyClock::now();
         delays_.answer.push_back(milliseconds(shown - answered));
         delays_.both.push_back(milliseconds(shown - pressed));
         // Otherwise it was over before.
@@ -185,7 +185,7 @@ void print(const char* what, const std::vector<double>& figures) {
 
 int main(int argc, char** argv) {
     CLI::App app("Measures how long a stopped scan takes to show its result.");
-    Options options;
+    StopOptions options;
     app.add_option("--gibibytes", options.gibibytes, "the size of each of the two files")
         ->check(CLI::PositiveNumber);
     app.add_option("--rounds", options.rounds, "so many stops, each further on in the files")
@@ -214,7 +214,7 @@ int main(int argc, char** argv) {
     print("Stop to the question", delays.question);
     print("Yes to the result", delays.answer);
     print("both, without a pause", delays.both);
-    const bool reached = most(delays.both) <= goal;
-    std::printf("at most %.0f ms: %s\n", goal, reached ? "reached" : "NOT REACHED");
+    const bool reached = most(delays.both) <= stopGoal;
+    std::printf("at most %.0f ms: %s\n", stopGoal, reached ? "reached" : "NOT REACHED");
     return reached ? 0 : 1;
 }

@@ -23,7 +23,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr const char* description =
+constexpr const char* cleanDescription =
     "Moves the duplicates in FOLDER... to the Trash; one file of each set stays.";
 
 constexpr const char* cleanExamples =
@@ -67,7 +67,7 @@ void forEachMarkedFile(const Modal& modal, const Action& action) {
 }  // namespace
 
 CLI::App& CleanCommand::addTo(CLI::App& program) {
-    CLI::App* command = program.add_subcommand("clean", description);
+    CLI::App* command = program.add_subcommand("clean", cleanDescription);
     command->footer(cleanExamples);
     command->add_flag("-n,--dry-run", dryRun_, "Only tell what would be moved");
     command->add_flag("-y,--yes", yes_, "Move without asking");

@@ -17,7 +17,8 @@ namespace tarvin {
 
 namespace {
 
-constexpr const char* description = "Finds the files in FOLDER... whose contents are identical.";
+constexpr const char* scanDescription =
+    "Finds the files in FOLDER... whose contents are identical.";
 
 constexpr const char* scanExamples =
     "Examples:\n"
@@ -39,7 +40,7 @@ constexpr const char* scanExamples =
 }  // namespace
 
 CLI::App& ScanCommand::addTo(CLI::App& program) {
-    CLI::App* command = program.add_subcommand("scan", description);
+    CLI::App* command = program.add_subcommand("scan", scanDescription);
     command->footer(scanExamples);
     addScanOptions(*command, options_);
     return *command;

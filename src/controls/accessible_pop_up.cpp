@@ -8,7 +8,7 @@ namespace tarvin {
 
 namespace {
 
-QAccessibleInterface* answerFor(const QString& className, QObject* object) {
+QAccessibleInterface* popUpInterface(const QString& className, QObject* object) {
     Q_UNUSED(className)
     auto* button = qobject_cast<PopUpButton*>(object);
     return button == nullptr ? nullptr : new AccessiblePopUp(*button);
@@ -21,7 +21,7 @@ AccessiblePopUp::AccessiblePopUp(PopUpButton& button)
 
 void AccessiblePopUp::install() {
     [[maybe_unused]] static const bool done = [] {
-        QAccessible::installFactory(answerFor);
+        QAccessible::installFactory(popUpInterface);
         return true;
     }();
 }

@@ -37,6 +37,8 @@ inline constexpr QColor noticeButtonLine{53, 152, 252};
 inline constexpr QColor noticeButtonLineHover{126, 180, 234};
 inline constexpr QColor focusRing{10, 58, 82};
 
+/// The width of the line round a list or a panel, in logical pixels.
+inline constexpr int frameLine = 1;
 /// How opaque a control is under the pointer.
 inline constexpr double hoverAlpha = 0.7;
 

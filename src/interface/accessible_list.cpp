@@ -10,7 +10,7 @@ namespace tarvin {
 
 namespace {
 
-QAccessibleInterface* answerFor(const QString& className, QObject* object) {
+QAccessibleInterface* listInterface(const QString& className, QObject* object) {
     Q_UNUSED(className)
     auto* view = qobject_cast<QAbstractItemView*>(object);
     auto* list = dynamic_cast<MarkedList*>(view);
@@ -33,7 +33,7 @@ AccessibleList::~AccessibleList() {
 
 void AccessibleList::install() {
     [[maybe_unused]] static const bool done = [] {
-        QAccessible::installFactory(answerFor);
+        QAccessible::installFactory(listInterface);
         return true;
     }();
 }

@@ -12,7 +12,6 @@ namespace tarvin {
 
 namespace {
 
-constexpr int frameLine = 1;
 constexpr int frameMargin = 24;
 
 }  // namespace
@@ -25,8 +24,8 @@ DialogPanel::DialogPanel(QSize design, const char* headerName, QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     resize(design);
     new PanelShadow(*this);
-    placement_->place(header, {{frameLine + frameMargin, frameLine,
-                                design.width() - 2 * (frameLine + frameMargin), bandHeight},
+    placement_->place(header, {{look::frameLine + frameMargin, look::frameLine,
+                                design.width() - 2 * (look::frameLine + frameMargin), bandHeight},
                                stretching,
                                atStart});
 }
@@ -45,12 +44,15 @@ void DialogPanel::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.fillRect(rect(), look::surface);
     if (footHeight_ > 0) {
-        const int top = height() - frameLine - footHeight_;
-        painter.fillRect(frameLine, top, width() - 2 * frameLine, footHeight_, look::page);
-        painter.fillRect(frameLine, top, width() - 2 * frameLine, frameLine, look::line);
+        const int top = height() - look::frameLine - footHeight_;
+        painter.fillRect(look::frameLine, top, width() - 2 * look::frameLine, footHeight_,
+                         look::page);
+        painter.fillRect(look::frameLine, top, width() - 2 * look::frameLine, look::frameLine,
+                         look::line);
     }
-    paintFrame(painter, rect(), frameLine, look::noticeFrame);
-    painter.fillRect(frameLine, frameLine, width() - 2 * frameLine, bandHeight, look::panelBlue);
+    paintFrame(painter, rect(), look::frameLine, look::noticeFrame);
+    painter.fillRect(look::frameLine, look::frameLine, width() - 2 * look::frameLine, bandHeight,
+                     look::panelBlue);
 }
 
 }  // namespace tarvin

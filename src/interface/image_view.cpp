@@ -11,7 +11,7 @@ namespace tarvin {
 
 namespace {
 
-QAccessibleInterface* answerFor(const QString& className, QObject* object) {
+QAccessibleInterface* imageInterface(const QString& className, QObject* object) {
     Q_UNUSED(className)
     auto* view = qobject_cast<ImageView*>(object);
     return view == nullptr ? nullptr : new QAccessibleWidget(view, QAccessible::Graphic);
@@ -20,7 +20,7 @@ QAccessibleInterface* answerFor(const QString& className, QObject* object) {
 /// Has a screen reader find a picture, not just some widget.
 void installAccess() {
     [[maybe_unused]] static const bool done = [] {
-        QAccessible::installFactory(answerFor);
+        QAccessible::installFactory(imageInterface);
         return true;
     }();
 }

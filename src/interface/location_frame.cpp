@@ -12,7 +12,6 @@ namespace tarvin {
 
 namespace {
 
-constexpr int frameLine = 1;
 constexpr int tableMargin = 3;
 constexpr int dragLine = 2;
 
@@ -28,21 +27,23 @@ void LocationFrame::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event)
     QPainter painter(this);
     painter.fillRect(rect(), look::surface);
-    ListHeader::paintGround(
-        painter, {frameLine, frameLine, width() - 2 * frameLine, LocationTable::heightOfHeader});
+    ListHeader::paintGround(painter,
+                            {look::frameLine, look::frameLine, width() - 2 * look::frameLine,
+                             LocationTable::heightOfHeader});
     if (table_->isDragHovering()) {
         paintFrame(painter, rect(), dragLine, look::teal);
     } else if (table_->showsFocus()) {
         paintFocusRing(painter, rect(), look::focusRing);
     } else {
-        paintFrame(painter, rect(), frameLine, look::frame);
+        paintFrame(painter, rect(), look::frameLine, look::frame);
     }
 }
 
 void LocationFrame::resizeEvent(QResizeEvent* event) {
     Q_UNUSED(event)
-    table_->setGeometry(rect().adjusted(frameLine + tableMargin, frameLine,
-                                        -frameLine - tableMargin, -frameLine - tableMargin));
+    table_->setGeometry(rect().adjusted(look::frameLine + tableMargin, look::frameLine,
+                                        -look::frameLine - tableMargin,
+                                        -look::frameLine - tableMargin));
 }
 
 }  // namespace tarvin
