@@ -21,8 +21,6 @@ QRect onScreen(const QWidget& widget, const QRect& part) {
 
 AccessiblePart::AccessiblePart(QAbstractItemView& view) : view_(&view) {}
 
-AccessiblePart::~AccessiblePart() = default;
-
 QWindow* AccessiblePart::window() const {
     return view_ == nullptr ? nullptr : view_->window()->windowHandle();
 }

@@ -32,8 +32,6 @@ class AccessiblePart : public QAccessibleInterface {
     void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
 
  protected:
-    ~AccessiblePart() override;
-
     /// Null when it is gone.
     [[nodiscard]] QAbstractItemView* view() const { return view_; }
 

@@ -11,7 +11,7 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect place(20, 20, 120, 40);
+constexpr QRect buttonFieldsPlace(20, 20, 120, 40);
 
 /// Counts how often a widget paints itself; outlived by it.
 class Paintings final : public QObject {
@@ -43,7 +43,7 @@ TEST(ButtonFields, ButtonIDIsKept) {
 
 TEST(ButtonFields, HoveringChangesTheLookOfAnAnswer) {
     ControlBench bench;
-    auto& answer = bench.add<ButtonSettingsSaved>(place);
+    auto& answer = bench.add<ButtonSettingsSaved>(buttonFieldsPlace);
     EXPECT_FALSE(answer.hovering());
     EXPECT_THAT(bench.at(20, 40), IsRgb(53, 152, 252));
     answer.setHovering(true);
@@ -66,7 +66,7 @@ TEST(ButtonFields, HoveringAloneDoesNotFadeAButton) {
 
 TEST(ButtonFields, SettingHoveringOrMouseDownRepaints) {
     ControlBench bench;
-    auto& tile = bench.add<ButtonHoverComplex>(place);
+    auto& tile = bench.add<ButtonHoverComplex>(buttonFieldsPlace);
     const Paintings paintings(&tile);
     const auto comeTo = [&](int count) {
         return QTest::qWaitFor([&] { return paintings.count() >= count; }, 20'000);

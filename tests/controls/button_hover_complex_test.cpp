@@ -11,7 +11,7 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect place(20, 20, 190, 160);
+constexpr QRect buttonHoverComplexPlace(20, 20, 190, 160);
 
 QPixmap plain(const QSize& size, const QColor& color) {
     QPixmap pixmap(size);
@@ -20,7 +20,7 @@ QPixmap plain(const QSize& size, const QColor& color) {
 }
 
 ButtonHoverComplex& addTile(ControlBench& bench, const QIcon& picture = {}) {
-    auto& tile = bench.add<ButtonHoverComplex>(place);
+    auto& tile = bench.add<ButtonHoverComplex>(buttonHoverComplexPlace);
     tile.setFillColor(look::deepTeal);
     tile.setImageNormal(picture, {});
     return tile;
@@ -84,19 +84,19 @@ TEST(ButtonHoverComplex, TheDrawingOfTheDrivesTileIsSharp) {
 TEST(ButtonHoverComplex, TheTitleIsInTheUpperLeft) {
     ControlBench bench;
     addTile(bench).setTitle(QStringLiteral("HHH"));
-    const QImage image = bench.picture(place);
+    const QImage image = bench.picture(buttonHoverComplexPlace);
     const double ratio = image.devicePixelRatio();
     const QRect ink = inkBounds(image, look::deepTeal);
     EXPECT_NEAR(ink.left() / ratio, 11, 1.5);
     EXPECT_GE(ink.top() / ratio, 9);
     EXPECT_LE(ink.bottom() / ratio, 25);
-    EXPECT_TRUE(bench.holds(place, Qt::white));
+    EXPECT_TRUE(bench.holds(buttonHoverComplexPlace, Qt::white));
 }
 
 TEST(ButtonHoverComplex, ALongTitleIsCutAtTheInset) {
     ControlBench bench;
     addTile(bench).setTitle(QString(60, QLatin1Char('W')));
-    const QImage image = bench.picture(place);
+    const QImage image = bench.picture(buttonHoverComplexPlace);
     EXPECT_LT(inkBounds(image, look::deepTeal).right() / image.devicePixelRatio(), 180);
 }
 
@@ -116,9 +116,11 @@ TEST(ButtonHoverComplex, TheMouseHoldsItDownUntilItIsReleased) {
     ControlBench bench;
     auto& tile = addTile(bench);
     EXPECT_FALSE(tile.mouseDown());
-    QTest::mousePress(bench.window().windowHandle(), Qt::LeftButton, {}, place.center());
+    QTest::mousePress(bench.window().windowHandle(), Qt::LeftButton, {},
+                      buttonHoverComplexPlace.center());
     EXPECT_TRUE(tile.mouseDown());
-    QTest::mouseRelease(bench.window().windowHandle(), Qt::LeftButton, {}, place.center());
+    QTest::mouseRelease(bench.window().windowHandle(), Qt::LeftButton, {},
+                        buttonHoverComplexPlace.center());
     EXPECT_FALSE(tile.mouseDown());
 }
 
@@ -146,7 +148,7 @@ TEST(ButtonHoverComplex, TheArrowIsKeptAndNotDrawn) {
     auto& tile = addTile(bench);
     tile.setImageNormal({}, plain({110, 110}, Qt::red));
     EXPECT_FALSE(tile.arrowImage().isNull());
-    EXPECT_FALSE(bench.holds(place, Qt::red));
+    EXPECT_FALSE(bench.holds(buttonHoverComplexPlace, Qt::red));
     tile.setButtonID(7);
     EXPECT_EQ(tile.buttonID(), 7);
 }

@@ -10,11 +10,11 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect place(20, 20, 84, 27);
+constexpr QRect buttonSettingsSavedPlace(20, 20, 84, 27);
 
 TEST(ButtonSettingsSaved, ItIsAGrayGradientWithABlueLine) {
     ControlBench bench;
-    bench.add<ButtonSettingsSaved>(place);
+    bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     EXPECT_THAT(bench.at(20, 30), IsRgb(53, 152, 252));
     EXPECT_THAT(bench.at(103.5, 46.5), IsRgb(53, 152, 252));
     EXPECT_THAT(bench.at(30, 45.5), IsRgb(223, 223, 223));
@@ -24,7 +24,7 @@ TEST(ButtonSettingsSaved, ItIsAGrayGradientWithABlueLine) {
 
 TEST(ButtonSettingsSaved, UnderThePointerItIsBlue) {
     ControlBench bench;
-    auto& button = bench.add<ButtonSettingsSaved>(place);
+    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     bench.movePointerTo(button);
     EXPECT_TRUE(button.hovering());
     EXPECT_THAT(bench.at(20, 30), IsRgb(126, 180, 234));
@@ -37,8 +37,8 @@ TEST(ButtonSettingsSaved, UnderThePointerItIsBlue) {
 
 TEST(ButtonSettingsSaved, TheTitleIsBlackAndCentred) {
     ControlBench bench;
-    bench.add<ButtonSettingsSaved>(place).setTitle(QStringLiteral("IHI"));
-    const QImage image = bench.picture(place.adjusted(2, 2, -2, -2));
+    bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace).setTitle(QStringLiteral("IHI"));
+    const QImage image = bench.picture(buttonSettingsSavedPlace.adjusted(2, 2, -2, -2));
     int left = image.width();
     int right = 0;
     for (int x = 0; x < image.width(); ++x) {
@@ -54,7 +54,7 @@ TEST(ButtonSettingsSaved, TheTitleIsBlackAndCentred) {
 
 TEST(ButtonSettingsSaved, ThePointerCountsInTheActiveProgram) {
     ControlBench bench;
-    auto& button = bench.add<ButtonSettingsSaved>(place);
+    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     // Another window of the same program is active.
     bench.deactivate();
     bench.movePointerTo(button);
@@ -63,7 +63,7 @@ TEST(ButtonSettingsSaved, ThePointerCountsInTheActiveProgram) {
 
 TEST(ButtonSettingsSaved, WithoutAnOverlayTheCursorStays) {
     ControlBench bench;
-    auto& button = bench.add<ButtonSettingsSaved>(place);
+    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     bench.movePointerTo(button);
     EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
 }
@@ -71,7 +71,7 @@ TEST(ButtonSettingsSaved, WithoutAnOverlayTheCursorStays) {
 TEST(ButtonSettingsSaved, TheHandIsShownWhileNothingCoversTheOverlay) {
     ControlBench bench;
     ViewTransparent overlay;
-    auto& button = bench.add<ButtonSettingsSaved>(place);
+    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     button.setViewTransparent(&overlay);
     EXPECT_EQ(button.viewTransparent(), &overlay);
     bench.movePointerTo(button);
@@ -87,7 +87,7 @@ TEST(ButtonSettingsSaved, TheHandIsShownWhileNothingCoversTheOverlay) {
 TEST(ButtonSettingsSaved, TheOverlayMayGoFirst) {
     ControlBench bench;
     auto overlay = std::make_unique<ViewTransparent>();
-    auto& button = bench.add<ButtonSettingsSaved>(place);
+    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     button.setViewTransparent(overlay.get());
     overlay.reset();
     EXPECT_EQ(button.viewTransparent(), nullptr);

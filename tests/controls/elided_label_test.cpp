@@ -12,21 +12,21 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect place(20, 20, 200, 20);
+constexpr QRect elidedLabelPlace(20, 20, 200, 20);
 const QString longPath =
     QStringLiteral("/Users/me/Pictures/2023 Summer/holidays/at the sea/IMG_2041.jpg");
 
 TEST(ElidedLabel, AShortTextIsShownWhole) {
     ControlBench bench;
-    auto& label = bench.add<ElidedLabel>(place, QStringLiteral("short"));
+    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("short"));
     EXPECT_FALSE(label.isElided());
     EXPECT_EQ(label.shownText(), QStringLiteral("short"));
-    EXPECT_TRUE(bench.holds(place, look::ink));
+    EXPECT_TRUE(bench.holds(elidedLabelPlace, look::ink));
 }
 
 TEST(ElidedLabel, ALongTextLosesItsMiddle) {
     ControlBench bench;
-    auto& label = bench.add<ElidedLabel>(place, longPath);
+    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, longPath);
     EXPECT_TRUE(label.isElided());
     EXPECT_EQ(label.text(), longPath);
     EXPECT_TRUE(label.shownText().startsWith(QStringLiteral("/Users/")));
@@ -37,7 +37,7 @@ TEST(ElidedLabel, ALongTextLosesItsMiddle) {
 
 TEST(ElidedLabel, OrItsEnd) {
     ControlBench bench;
-    auto& label = bench.add<ElidedLabel>(place, longPath);
+    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, longPath);
     label.setElideMode(Qt::ElideRight);
     EXPECT_TRUE(label.shownText().startsWith(QStringLiteral("/Users/me/Pic")));
     EXPECT_TRUE(label.shownText().endsWith(QChar(0x2026)));
@@ -45,7 +45,7 @@ TEST(ElidedLabel, OrItsEnd) {
 
 TEST(ElidedLabel, ItGrowsBackWithTheWindow) {
     ControlBench bench;
-    auto& label = bench.add<ElidedLabel>(place, longPath);
+    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, longPath);
     label.resize(2000, 20);
     EXPECT_EQ(label.shownText(), longPath);
 }
@@ -57,7 +57,7 @@ TEST(ElidedLabel, TheToolTipIsTheFullText) {
 
 TEST(ElidedLabel, TheToolTipComesOnlyIfSomethingIsMissing) {
     ControlBench bench;
-    auto& label = bench.add<ElidedLabel>(place, QStringLiteral("short"));
+    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("short"));
     QHelpEvent ask(QEvent::ToolTip, QPoint(5, 5), label.mapToGlobal(QPoint(5, 5)));
     QCoreApplication::sendEvent(&label, &ask);
     EXPECT_EQ(QToolTip::text(), QString());
@@ -80,22 +80,22 @@ TEST(ElidedLabel, MarkupIsShownLetterForLetter) {
 
 TEST(ElidedLabel, ANameOfTwoLinesStaysOnOne) {
     ControlBench bench;
-    auto& label = bench.add<ElidedLabel>(place, QStringLiteral("a\nb"));
+    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("a\nb"));
     EXPECT_EQ(label.shownText(), QStringLiteral("a b"));
     EXPECT_EQ(label.sizeHint().height(), label.fontMetrics().height());
 }
 
 TEST(ElidedLabel, ItIsPaintedInItsColourAndAtItsSide) {
     ControlBench bench;
-    auto& label = bench.add<ElidedLabel>(place, QStringLiteral("HHH"));
+    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("HHH"));
     label.setTextColor(look::muted);
     EXPECT_EQ(label.textColor(), QColor(74, 91, 102));
-    EXPECT_TRUE(bench.holds(place, look::muted));
-    EXPECT_FALSE(bench.holds(place, look::ink));
-    const QImage left = bench.picture(place);
+    EXPECT_TRUE(bench.holds(elidedLabelPlace, look::muted));
+    EXPECT_FALSE(bench.holds(elidedLabelPlace, look::ink));
+    const QImage left = bench.picture(elidedLabelPlace);
     EXPECT_LT(inkBounds(left, QColor(243, 246, 248)).left() / left.devicePixelRatio(), 4);
     label.setAlignment(Qt::AlignRight);
-    const QImage right = bench.picture(place);
+    const QImage right = bench.picture(elidedLabelPlace);
     EXPECT_GT(inkBounds(right, QColor(243, 246, 248)).right() / right.devicePixelRatio(), 195);
 }
 
@@ -109,18 +109,18 @@ TEST(ElidedLabel, AssistiveTechnologyReadsTheFullText) {
 
 TEST(ElidedLabel, AFramedOneStandsInAWhiteField) {
     ControlBench bench;
-    auto& label = bench.add<ElidedLabel>(place, QStringLiteral("HHH"));
+    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("HHH"));
     label.setFramed(true);
-    const QPoint corner = place.topLeft();
+    const QPoint corner = elidedLabelPlace.topLeft();
     EXPECT_THAT(bench.at(corner.x(), corner.y() + 5), IsRgb(197, 207, 213));
     EXPECT_THAT(bench.at(corner.x() + 3, corner.y() + 3), IsRgb(255, 255, 255));
-    const QImage image = bench.picture(place.adjusted(1, 1, -1, -1));
+    const QImage image = bench.picture(elidedLabelPlace.adjusted(1, 1, -1, -1));
     EXPECT_NEAR(inkBounds(image, Qt::white).left() / image.devicePixelRatio(), 12, 3);
 
     label.setText(longPath);
-    const QImage full = bench.picture(place.adjusted(1, 1, -1, -1));
+    const QImage full = bench.picture(elidedLabelPlace.adjusted(1, 1, -1, -1));
     EXPECT_LE((inkBounds(full, Qt::white).right() + 1) / full.devicePixelRatio(),
-              place.width() - 2 - 11);
+              elidedLabelPlace.width() - 2 - 11);
 
     label.setFramed(false);
     EXPECT_THAT(bench.at(corner.x(), corner.y() + 5), IsRgb(243, 246, 248));

@@ -12,11 +12,11 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect place(20, 20, 100, 36);
+constexpr QRect focusRingPlace(20, 20, 100, 36);
 
 TEST(FocusRing, TheKeyboardMakesItSeen) {
     ControlBench bench;
-    auto& button = bench.add<HoverButton>(place);
+    auto& button = bench.add<HoverButton>(focusRingPlace);
     EXPECT_FALSE(button.showsFocusRing());
     button.setFocus(Qt::TabFocusReason);
     EXPECT_TRUE(button.showsFocusRing());
@@ -26,15 +26,15 @@ TEST(FocusRing, TheKeyboardMakesItSeen) {
 
 TEST(FocusRing, TheMouseDoesNot) {
     ControlBench bench;
-    auto& button = bench.add<HoverButton>(place);
-    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, place.center());
+    auto& button = bench.add<HoverButton>(focusRingPlace);
+    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, focusRingPlace.center());
     ASSERT_TRUE(button.hasFocus());
     EXPECT_FALSE(button.showsFocusRing());
 }
 
 TEST(FocusRing, AFocusMovedByTheProgramIsSeenIfTheKeyboardIsInUse) {
     ControlBench bench;
-    auto& first = bench.add<HoverButton>(place);
+    auto& first = bench.add<HoverButton>(focusRingPlace);
     auto& second = bench.add<HoverButton>(QRect(20, 80, 100, 36));
     second.setFocus(Qt::OtherFocusReason);
     EXPECT_FALSE(second.showsFocusRing());
@@ -47,7 +47,7 @@ TEST(FocusRing, AFocusMovedByTheProgramIsSeenIfTheKeyboardIsInUse) {
 
 TEST(FocusRing, ItIsTwoWideWithAGapOfTwo) {
     ControlBench bench;
-    auto& button = bench.add<HoverButton>(place);
+    auto& button = bench.add<HoverButton>(focusRingPlace);
     button.setFocus(Qt::TabFocusReason);
     EXPECT_THAT(bench.at(15.5, 30), IsRgb(243, 246, 248));
     EXPECT_THAT(bench.at(16, 30), IsRgb(10, 58, 82));
@@ -60,7 +60,7 @@ TEST(FocusRing, ItIsTwoWideWithAGapOfTwo) {
 
 TEST(FocusRing, ItIsWhiteOnTheBlueBars) {
     ControlBench bench(look::topBar);
-    auto& button = bench.add<HoverButton>(place, HoverButton::Kind::outline, QString());
+    auto& button = bench.add<HoverButton>(focusRingPlace, HoverButton::Kind::outline, QString());
     button.setFocus(Qt::TabFocusReason);
     EXPECT_THAT(bench.at(16, 30), IsRgb(255, 255, 255));
 }
@@ -77,7 +77,7 @@ TEST(FocusRing, InACornerItLiesInsideTheControl) {
 
 TEST(FocusRing, ItGoesWhereItsControlGoes) {
     ControlBench bench;
-    auto& button = bench.add<HoverButton>(place);
+    auto& button = bench.add<HoverButton>(focusRingPlace);
     button.setFocus(Qt::TabFocusReason);
     auto* ring = bench.window().findChild<FocusRing*>();
     ASSERT_NE(ring, nullptr);
@@ -89,17 +89,17 @@ TEST(FocusRing, ItGoesWhereItsControlGoes) {
 
 TEST(FocusRing, ItTakesNeitherMouseNorKeyboard) {
     ControlBench bench;
-    auto& button = bench.add<HoverButton>(place);
+    auto& button = bench.add<HoverButton>(focusRingPlace);
     button.setFocus(Qt::TabFocusReason);
     auto* ring = bench.window().findChild<FocusRing*>();
     ASSERT_NE(ring, nullptr);
     EXPECT_EQ(ring->focusPolicy(), Qt::NoFocus);
-    EXPECT_EQ(bench.window().childAt(place.center()), &button);
+    EXPECT_EQ(bench.window().childAt(focusRingPlace.center()), &button);
 }
 
 TEST(FocusRing, ItGoesWithItsControl) {
     ControlBench bench;
-    auto& button = bench.add<HoverButton>(place);
+    auto& button = bench.add<HoverButton>(focusRingPlace);
     button.setFocus(Qt::TabFocusReason);
     delete &button;
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -109,7 +109,7 @@ TEST(FocusRing, ItGoesWithItsControl) {
 TEST(FocusRing, ItMovesToANewParentWithItsControl) {
     ControlBench bench;
     auto& panel = bench.add<QWidget>(QRect(100, 100, 150, 100));
-    auto& button = bench.add<HoverButton>(place);
+    auto& button = bench.add<HoverButton>(focusRingPlace);
     button.setFocus(Qt::TabFocusReason);
     auto* ring = bench.window().findChild<FocusRing*>();
     ASSERT_NE(ring, nullptr);

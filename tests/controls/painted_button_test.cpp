@@ -15,12 +15,12 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect place(20, 20, 100, 36);
+constexpr QRect paintedButtonPlace(20, 20, 100, 36);
 
 TEST(PaintedButton, SpaceReturnAndEnterPressIt) {
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
         ControlBench bench;
-        auto& button = bench.add<HoverButton>(place);
+        auto& button = bench.add<HoverButton>(paintedButtonPlace);
         const QSignalSpy clicks(&button, &QPushButton::clicked);
         button.setFocus();
         QTest::keyClick(bench.window().windowHandle(), key);
@@ -30,27 +30,30 @@ TEST(PaintedButton, SpaceReturnAndEnterPressIt) {
 
 TEST(PaintedButton, ADisabledOneTakesNoKeysAndNoClicks) {
     ControlBench bench;
-    auto& button = bench.add<HoverButton>(place);
+    auto& button = bench.add<HoverButton>(paintedButtonPlace);
     button.setEnabled(false);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
     QTest::keyClick(&button, Qt::Key_Return);
-    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, place.center());
+    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {},
+                      paintedButtonPlace.center());
     EXPECT_EQ(clicks.count(), 0);
 }
 
 TEST(PaintedButton, AClickPressesIt) {
     ControlBench bench;
-    auto& button = bench.add<HoverButton>(place);
+    auto& button = bench.add<HoverButton>(paintedButtonPlace);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
-    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, place.center());
+    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {},
+                      paintedButtonPlace.center());
     EXPECT_EQ(clicks.count(), 1);
 }
 
 TEST(PaintedButton, AClickThatEndsOutsideDoesNot) {
     ControlBench bench;
-    auto& button = bench.add<HoverButton>(place);
+    auto& button = bench.add<HoverButton>(paintedButtonPlace);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
-    QTest::mousePress(bench.window().windowHandle(), Qt::LeftButton, {}, place.center());
+    QTest::mousePress(bench.window().windowHandle(), Qt::LeftButton, {},
+                      paintedButtonPlace.center());
     QTest::mouseRelease(bench.window().windowHandle(), Qt::LeftButton, {}, QPoint(200, 200));
     EXPECT_EQ(clicks.count(), 0);
 }
@@ -58,7 +61,7 @@ TEST(PaintedButton, AClickThatEndsOutsideDoesNot) {
 TEST(PaintedButton, AHeldKeyPressesItOnce) {
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
         ControlBench bench;
-        auto& button = bench.add<HoverButton>(place);
+        auto& button = bench.add<HoverButton>(paintedButtonPlace);
         const QSignalSpy clicks(&button, &QPushButton::clicked);
         button.setFocus();
         const auto send = [&](QEvent::Type type, bool repeated) {
@@ -112,7 +115,7 @@ TEST(PaintedButton, TabLeavesItForTheNextWhoeverComesAfterDisabling) {
 
 TEST(PaintedButton, TheFocusedOneComesBeforeTheScreensReturn) {
     ControlBench bench;
-    auto& button = bench.add<HoverButton>(place);
+    auto& button = bench.add<HoverButton>(paintedButtonPlace);
     const QShortcut shortcut(QKeySequence(Qt::Key_Return), &bench.window());
     const QSignalSpy screens(&shortcut, &QShortcut::activated);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
@@ -151,9 +154,9 @@ TEST(PaintedButton, AnAmpersandIsALetter) {
 
 TEST(PaintedButton, OneShownUnderThePointerIsHoveredAtOnce) {
     ControlBench bench;
-    auto& button = bench.add<HoverButton>(place);
+    auto& button = bench.add<HoverButton>(paintedButtonPlace);
     button.hide();
-    bench.movePointer(place.center());
+    bench.movePointer(paintedButtonPlace.center());
     EXPECT_FALSE(button.hovering());
     button.show();
     EXPECT_TRUE(button.hovering());
@@ -164,11 +167,11 @@ TEST(PaintedButton, OneShownUnderThePointerIsHoveredAtOnce) {
 
 TEST(PaintedButton, OneMovedOrResizedFromUnderThePointerIsNotHoveredAnyMore) {
     ControlBench bench;
-    auto& button = bench.add<HoverButton>(place);
-    bench.movePointer(place.center());
+    auto& button = bench.add<HoverButton>(paintedButtonPlace);
+    bench.movePointer(paintedButtonPlace.center());
     button.move(150, 20);
     EXPECT_FALSE(button.hovering());
-    button.move(place.topLeft());
+    button.move(paintedButtonPlace.topLeft());
     EXPECT_TRUE(button.hovering());
     button.resize(10, 10);
     EXPECT_FALSE(button.hovering());
@@ -176,9 +179,9 @@ TEST(PaintedButton, OneMovedOrResizedFromUnderThePointerIsNotHoveredAnyMore) {
 
 TEST(PaintedButton, WhatCoversItKeepsThePointerAway) {
     ControlBench bench;
-    auto& button = bench.add<HoverButton>(place);
+    auto& button = bench.add<HoverButton>(paintedButtonPlace);
     bench.add<QWidget>(QRect(0, 0, 300, 250));
-    bench.movePointer(place.center());
+    bench.movePointer(paintedButtonPlace.center());
     button.resize(90, 30);
     EXPECT_FALSE(button.hovering());
 }
@@ -187,7 +190,7 @@ TEST(PaintedButton, NoStyleChangesIt) {
     for (const QString& name : QStyleFactory::keys()) {
         ControlBench bench;
         const std::unique_ptr<QStyle> style(QStyleFactory::create(name));
-        auto& button = bench.add<HoverButton>(place);
+        auto& button = bench.add<HoverButton>(paintedButtonPlace);
         button.setStyle(style.get());
         button.setFill(QColor(14, 116, 138));
         EXPECT_THAT(bench.at(20, 20), IsRgb(14, 116, 138)) << name.toStdString();
@@ -198,12 +201,13 @@ TEST(PaintedButton, NoStyleChangesIt) {
 
 TEST(PaintedButton, ADarkPaletteDoesNotChangeIt) {
     ControlBench bench;
-    auto& button = bench.add<HoverButton>(place, HoverButton::Kind::quiet, QStringLiteral("OOO"));
-    const QImage light = bench.picture(place);
+    auto& button =
+        bench.add<HoverButton>(paintedButtonPlace, HoverButton::Kind::quiet, QStringLiteral("OOO"));
+    const QImage light = bench.picture(paintedButtonPlace);
     QPalette dark(Qt::black);
     dark.setColor(QPalette::ButtonText, Qt::white);
     button.setPalette(dark);
-    EXPECT_EQ(bench.picture(place), light);
+    EXPECT_EQ(bench.picture(paintedButtonPlace), light);
 }
 
 /// Green, with a white square in its middle.
@@ -220,7 +224,7 @@ class TwoLayers final : public PaintedButton {
 
 TEST(PaintedButton, IsFadedAsAWholeAtEveryDensity) {
     ControlBench bench(QColor(200, 200, 200));
-    auto& button = bench.add<TwoLayers>(place);
+    auto& button = bench.add<TwoLayers>(paintedButtonPlace);
     button.setAlpha(0.6);
     for (const double density : {1.0, 1.25, 1.5, 2.0, 3.0}) {
         QImage image((QSizeF(bench.window().size()) * density).toSize(), QImage::Format_RGB32);
@@ -229,10 +233,12 @@ TEST(PaintedButton, IsFadedAsAWholeAtEveryDensity) {
         const auto at = [&](QPoint point) {
             return image.pixelColor((QPointF(point) * density).toPoint());
         };
-        EXPECT_THAT(at(place.center()), IsRgb(233, 233, 233)) << density;
-        EXPECT_THAT(at(place.topLeft() + QPoint(5, 5)), IsRgb(80, 140, 80)) << density;
-        EXPECT_THAT(at(place.bottomRight() - QPoint(1, 1)), IsRgb(80, 140, 80)) << density;
-        EXPECT_THAT(at(place.bottomRight() + QPoint(3, 3)), IsRgb(200, 200, 200)) << density;
+        EXPECT_THAT(at(paintedButtonPlace.center()), IsRgb(233, 233, 233)) << density;
+        EXPECT_THAT(at(paintedButtonPlace.topLeft() + QPoint(5, 5)), IsRgb(80, 140, 80)) << density;
+        EXPECT_THAT(at(paintedButtonPlace.bottomRight() - QPoint(1, 1)), IsRgb(80, 140, 80))
+            << density;
+        EXPECT_THAT(at(paintedButtonPlace.bottomRight() + QPoint(3, 3)), IsRgb(200, 200, 200))
+            << density;
     }
 }
 

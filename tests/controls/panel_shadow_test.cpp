@@ -8,11 +8,11 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect place(80, 60, 140, 100);
+constexpr QRect panelShadowPlace(80, 60, 140, 100);
 
 class PanelShadowTest : public testing::Test {
  protected:
-    PanelShadowTest() : bench_(Qt::white), panel_(bench_.add<ViewSettingsSaved>(place)) {
+    PanelShadowTest() : bench_(Qt::white), panel_(bench_.add<ViewSettingsSaved>(panelShadowPlace)) {
         shadow_ = new PanelShadow(panel_);
     }
 

@@ -11,12 +11,12 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect place(20, 20, 200, 10);
+constexpr QRect progressBarPlace(20, 20, 200, 10);
 constexpr quint64 most = std::numeric_limits<quint64>::max();
 
 TEST(ProgressBar, ItIsTealOnALightLine) {
     ControlBench bench;
-    auto& bar = bench.add<ProgressBar>(place);
+    auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(100);
     bar.setDone(62);
     EXPECT_THAT(bench.at(20, 20), IsRgb(0, 155, 178));
@@ -27,7 +27,7 @@ TEST(ProgressBar, ItIsTealOnALightLine) {
 
 TEST(ProgressBar, AtFirstItIsEmpty) {
     ControlBench bench;
-    const auto& bar = bench.add<ProgressBar>(place);
+    const auto& bar = bench.add<ProgressBar>(progressBarPlace);
     EXPECT_FALSE(bar.isIndeterminate());
     EXPECT_DOUBLE_EQ(bar.fraction(), 0);
     EXPECT_THAT(bench.at(20, 20), IsRgb(213, 221, 226));
@@ -35,7 +35,7 @@ TEST(ProgressBar, AtFirstItIsEmpty) {
 
 TEST(ProgressBar, ItIsFullOnlyWhenEverythingIsDone) {
     ControlBench bench;
-    auto& bar = bench.add<ProgressBar>(place);
+    auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(1000000);
     bar.setDone(999999);
     EXPECT_THAT(bench.at(219.5, 25), IsRgb(213, 221, 226));
@@ -74,7 +74,7 @@ TEST(ProgressBar, NothingToDoIsNothingDone) {
 
 TEST(ProgressBar, WhileTheTotalIsUnknownAPieceWanders) {
     ControlBench bench;
-    auto& bar = bench.add<ProgressBar>(place);
+    auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setIndeterminate(true);
     EXPECT_TRUE(bar.clock().isRunning());
     EXPECT_EQ(bar.clock().duration(), 1400);
@@ -86,12 +86,12 @@ TEST(ProgressBar, WhileTheTotalIsUnknownAPieceWanders) {
     EXPECT_THAT(bench.at(152, 25), IsRgb(0, 155, 178));
     EXPECT_THAT(bench.at(156, 25), IsRgb(213, 221, 226));
     bar.clock().setPhase(0);
-    EXPECT_FALSE(bench.holds(place, QColor(0, 155, 178)));
+    EXPECT_FALSE(bench.holds(progressBarPlace, QColor(0, 155, 178)));
 }
 
 TEST(ProgressBar, ThePieceMoves) {
     ControlBench bench;
-    auto& bar = bench.add<ProgressBar>(place);
+    auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setIndeterminate(true);
     const double before = bar.clock().phase();
     EXPECT_TRUE(QTest::qWaitFor([&] { return bar.clock().phase() != before; }, 5000));
@@ -99,7 +99,7 @@ TEST(ProgressBar, ThePieceMoves) {
 
 TEST(ProgressBar, ADeterminateOneRestsAndKeepsItsNumbers) {
     ControlBench bench;
-    auto& bar = bench.add<ProgressBar>(place);
+    auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(10);
     bar.setDone(5);
     bar.setIndeterminate(true);
@@ -113,7 +113,7 @@ TEST(ProgressBar, ADeterminateOneRestsAndKeepsItsNumbers) {
 
 TEST(ProgressBar, AHiddenOneDoesNotKeepTheProcessorBusy) {
     ControlBench bench;
-    auto& bar = bench.add<ProgressBar>(place);
+    auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setIndeterminate(true);
     bar.hide();
     EXPECT_FALSE(bar.clock().isRunning());
@@ -124,7 +124,7 @@ TEST(ProgressBar, AHiddenOneDoesNotKeepTheProcessorBusy) {
 
 TEST(ProgressBar, ASheenRunsOverTheWholeBar) {
     ControlBench bench;
-    auto& bar = bench.add<ProgressBar>(place);
+    auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(100);
     bar.setDone(50);
     bar.setSheen(true);
@@ -141,7 +141,7 @@ TEST(ProgressBar, ASheenRunsOverTheWholeBar) {
 
 TEST(ProgressBar, ASheenIsSeenWhileNothingIsDone) {
     ControlBench bench;
-    auto& bar = bench.add<ProgressBar>(place);
+    auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(100);
     bar.setSheen(true);
     bar.clock().stop();
@@ -152,7 +152,7 @@ TEST(ProgressBar, ASheenIsSeenWhileNothingIsDone) {
 TEST(ProgressBar, TheSheenRestsWhenMovementIsReduced) {
     setReducedMotion(true);
     ControlBench bench;
-    auto& bar = bench.add<ProgressBar>(place);
+    auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(100);
     bar.setDone(50);
     bar.setSheen(true);

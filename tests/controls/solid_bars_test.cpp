@@ -9,11 +9,11 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect place(10, 10, 100, 45);
+constexpr QRect solidBarsPlace(10, 10, 100, 45);
 
 TEST(SolidBars, TheTopBarIsDeepBlue) {
     ControlBench bench;
-    bench.add<ViewTopBar>(place);
+    bench.add<ViewTopBar>(solidBarsPlace);
     EXPECT_THAT(bench.at(10, 10), IsRgb(31, 100, 134));
     EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(31, 100, 134));
     EXPECT_THAT(bench.at(110, 54.5), IsRgb(243, 246, 248));
@@ -21,26 +21,26 @@ TEST(SolidBars, TheTopBarIsDeepBlue) {
 
 TEST(SolidBars, TheButtonBarIsWhite) {
     ControlBench bench;
-    bench.add<ViewButtonBar>(place);
+    bench.add<ViewButtonBar>(solidBarsPlace);
     EXPECT_THAT(bench.at(10, 10), IsRgb(255, 255, 255));
 }
 
 TEST(SolidBars, TheGrayBarIsGray) {
     ControlBench bench;
-    bench.add<ViewButtonGrayBar>(place);
+    bench.add<ViewButtonGrayBar>(solidBarsPlace);
     EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(193, 193, 193));
 }
 
 TEST(SolidBars, TheTreesFrameIsTeal) {
     ControlBench bench;
-    bench.add<ViewBackgroundTree>(place);
+    bench.add<ViewBackgroundTree>(solidBarsPlace);
     EXPECT_THAT(bench.at(10, 10), IsRgb(0, 155, 178));
     EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(0, 155, 178));
 }
 
 TEST(SolidBars, AColourSetOnTheTopBarIsNeverSeen) {
     ControlBench bench;
-    auto& bar = bench.add<ViewTopBar>(place);
+    auto& bar = bench.add<ViewTopBar>(solidBarsPlace);
     EXPECT_EQ(bar.fillColor(), QColor(31, 100, 134));
     bar.setFillColor(Qt::red);
     EXPECT_EQ(bar.fillColor(), QColor(Qt::red));
@@ -50,7 +50,7 @@ TEST(SolidBars, AColourSetOnTheTopBarIsNeverSeen) {
 
 TEST(SolidBars, NorOnTheOtherTwo) {
     ControlBench bench;
-    auto& white = bench.add<ViewButtonBar>(place);
+    auto& white = bench.add<ViewButtonBar>(solidBarsPlace);
     auto& gray = bench.add<ViewButtonGrayBar>(QRect(10, 100, 100, 45));
     white.setFillColor(Qt::red);
     gray.setFillColor(Qt::red);

@@ -9,11 +9,11 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect place(20, 20, 44, 44);
+constexpr QRect spinnerPlace(20, 20, 44, 44);
 
 TEST(Spinner, ItIsATealQuarterOnAPaleRing) {
     ControlBench bench;
-    bench.add<Spinner>(place);
+    bench.add<Spinner>(spinnerPlace);
     // On the ring, 18 from the middle (42, 42), to each side; the quarter begins at the top and
     // goes right.
     EXPECT_THAT(bench.at(54.7, 29.3), IsRgb(0, 155, 178));
@@ -24,7 +24,7 @@ TEST(Spinner, ItIsATealQuarterOnAPaleRing) {
 
 TEST(Spinner, ItTurnsClockwise) {
     ControlBench bench;
-    auto& spinner = bench.add<Spinner>(place);
+    auto& spinner = bench.add<Spinner>(spinnerPlace);
     spinner.clock().setPhase(0.25);
     EXPECT_THAT(bench.at(54.7, 54.7), IsRgb(0, 155, 178));
     EXPECT_THAT(bench.at(54.7, 29.3), IsRgb(207, 237, 241));
@@ -36,7 +36,7 @@ TEST(Spinner, ItTurnsOnceInNineTenthsOfASecond) {
 
 TEST(Spinner, ItStartsAndStops) {
     ControlBench bench;
-    auto& spinner = bench.add<Spinner>(place);
+    auto& spinner = bench.add<Spinner>(spinnerPlace);
     EXPECT_FALSE(spinner.isAnimating());
     spinner.startAnimation();
     EXPECT_TRUE(spinner.isAnimating());
@@ -49,7 +49,7 @@ TEST(Spinner, ItStartsAndStops) {
 
 TEST(Spinner, AHiddenOneRests) {
     ControlBench bench;
-    auto& spinner = bench.add<Spinner>(place);
+    auto& spinner = bench.add<Spinner>(spinnerPlace);
     spinner.hide();
     spinner.startAnimation();
     EXPECT_FALSE(spinner.clock().isRunning());

@@ -7,14 +7,14 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect place(20, 20, 32, 32);
+constexpr QRect windowsLikeButtonPlace(20, 20, 32, 32);
 
 // A dark ground, so that the white edge can be told from it.
 const QColor ground(40, 40, 40);
 
 TEST(WIndowsLikeButton, ItIsTealWithAWhiteEdgeOfTwo) {
     ControlBench bench(ground);
-    bench.add<WIndowsLikeButton>(place, QString());
+    bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QString());
     EXPECT_THAT(bench.at(20, 30), IsRgb(255, 255, 255));
     EXPECT_THAT(bench.at(21.5, 30), IsRgb(255, 255, 255));
     EXPECT_THAT(bench.at(22, 30), IsRgb(0, 155, 178));
@@ -25,7 +25,7 @@ TEST(WIndowsLikeButton, ItIsTealWithAWhiteEdgeOfTwo) {
 
 TEST(WIndowsLikeButton, ItsChevronPointsTheWayItGoes) {
     ControlBench bench(ground);
-    bench.add<WIndowsLikeButton>(place, QStringLiteral("ui/back"));
+    bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QStringLiteral("ui/back"));
     bench.add<WIndowsLikeButton>(QRect(60, 20, 32, 32), QStringLiteral("ui/next"));
     // The points of the two chevrons, 9 and 23 from the left edges.
     EXPECT_THAT(bench.at(33.5, 36), IsRgb(255, 255, 255));
@@ -36,7 +36,7 @@ TEST(WIndowsLikeButton, ItsChevronPointsTheWayItGoes) {
 
 TEST(WIndowsLikeButton, UnderThePointerItsAlphaIsSevenTenths) {
     ControlBench bench(ground);
-    auto& button = bench.add<WIndowsLikeButton>(place, QString());
+    auto& button = bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QString());
     bench.movePointerTo(button);
     EXPECT_DOUBLE_EQ(button.alpha(), 0.7);
     EXPECT_THAT(bench.at(30, 25), IsRgb(12, 121, 137));
@@ -47,7 +47,7 @@ TEST(WIndowsLikeButton, UnderThePointerItsAlphaIsSevenTenths) {
 
 TEST(WIndowsLikeButton, DisabledItIsShownAtFourTenths) {
     ControlBench bench(ground);
-    auto& button = bench.add<WIndowsLikeButton>(place, QStringLiteral("ui/back"));
+    auto& button = bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QStringLiteral("ui/back"));
     button.setEnabled(false);
     EXPECT_THAT(bench.at(30, 25), IsRgb(24, 86, 95));
     bench.movePointerTo(button);
@@ -57,7 +57,7 @@ TEST(WIndowsLikeButton, DisabledItIsShownAtFourTenths) {
 
 TEST(WIndowsLikeButton, HeldDownItIsDarker) {
     ControlBench bench(ground);
-    bench.add<WIndowsLikeButton>(place, QString()).setDown(true);
+    bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QString()).setDown(true);
     EXPECT_THAT(bench.at(30, 25), IsRgb(0, 136, 157));
     EXPECT_THAT(bench.at(20, 30), IsRgb(255, 255, 255));
 }
