@@ -43,6 +43,7 @@ fi
 testPackages=(
     appstream
     at-spi2-core
+    bsdextrautils
     ccache
     clang-19
     clang-format-19

@@ -18,6 +18,7 @@ makeRoot() {
     fi
     cp -L /etc/resolv.conf "$folder/etc/"
     mount -t proc proc "$folder/proc"
+    mount -t sysfs -o ro sysfs "$folder/sys"
     mount --rbind /dev "$folder/dev"
     # Nothing in there starts services.
     printf '#!/bin/sh\nexit 101\n' >"$folder/usr/sbin/policy-rc.d"
@@ -35,6 +36,6 @@ inRoot() {
 # Removes such a folder.
 leaveRoot() {
     local folder=$1
-    umount --recursive --lazy "$folder/proc" "$folder/dev" "$folder/tmp/.X11-unix" 2>/dev/null || true
+    umount --recursive --lazy "$folder/proc" "$folder/sys" "$folder/dev" "$folder/tmp/.X11-unix" 2>/dev/null || true
     rm -rf --one-file-system -- "$folder" "$folder.log"
 }

@@ -6,8 +6,10 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QIconEngine>
+#include <QLibraryInfo>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <QVersionNumber>
 #include <utility>
 
 /// Has to stand outside every namespace. Without it the linker leaves the drawings in the library.
@@ -78,8 +80,10 @@ class PictureEngine final : public QIconEngine {
         return picture(name_, size, 1.0);
     }
 
+    /// The size is in pixels of the device before Qt 6.8, and in logical ones from then on.
     QPixmap scaledPixmap(const QSize& size, QIcon::Mode, QIcon::State, qreal scale) override {
-        return picture(name_, (QSizeF(size) / scale).toSize(), scale);
+        const bool isLogical = QLibraryInfo::version() >= QVersionNumber(6, 8);
+        return picture(name_, isLogical ? size : (QSizeF(size) / scale).toSize(), scale);
     }
 
     QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override { return {pictureSize(name_)}; }

@@ -70,7 +70,8 @@ TEST(AddressReader, ReadsWhatAServerAnswers) {
     ASSERT_EQ(server.requests.size(), 1);
     EXPECT_TRUE(server.requests[0].startsWith("GET /Update.plist HTTP/1.1\r\n"))
         << server.requests[0].toStdString();
-    EXPECT_TRUE(server.requests[0].contains("Accept-Encoding: identity\r\n"));
+    // Later versions of Qt write the names of headers in lower case.
+    EXPECT_TRUE(server.requests[0].toLower().contains("accept-encoding: identity\r\n"));
 }
 
 TEST(AddressReader, ReadsAnAnswerOfUnknownLength) {

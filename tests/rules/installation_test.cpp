@@ -218,11 +218,16 @@ TEST(DesktopEntries, OfferFoldersButNeverBecomeWhatOpensThem) {
     }
 }
 
-/// Its name for software centres cannot be that of an address on the web, which there is none of.
+/// There is no address on the web that its name for software centres could be taken from and that
+/// it could name. Before version 1.0 the tool knows no developer but in the old way, which later
+/// ones refuse.
 TEST(SoftwareCentreEntry, IsValid) {
     const CommandResult result =
-        runCommand(std::string("appstreamcli validate --no-net --strict --no-color "
-                               "--override=cid-maybe-not-rdns=pedantic ") +
+        runCommand(std::string("passed=cid-maybe-not-rdns=pedantic,url-homepage-missing=pedantic; "
+                               "case $(appstreamcli --version) in *' 0.'*) "
+                               "passed=$passed,unknown-tag=pedantic;; esac; "
+                               "appstreamcli validate --no-net --strict --no-color "
+                               "--override=$passed ") +
                    metainfo);
     EXPECT_EQ(result.status, 0) << result.output;
 }

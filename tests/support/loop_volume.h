@@ -31,8 +31,14 @@ class LoopVolume final {
     explicit operator bool() const { return mounted_; }
     [[nodiscard]] std::string pathOf(const std::string& name) const { return folder_ + '/' + name; }
 
-    /// Takes all the room that is left.
-    void fill() const { run("cat /dev/zero 2>/dev/null > " + pathOf("filling") + "; sync"); }
+    /// Takes all the room that is left: byte by byte in the end, and again once what was set aside
+    /// for writing has been given back.
+    void fill() const {
+        for (const char* round : {"first", "second", "last"}) {
+            run("for block in 64k 1k 1; do dd if=/dev/zero bs=$block 2>/dev/null; done > " +
+                pathOf(round) + "; sync");
+        }
+    }
 
  private:
     static bool run(const std::string& command) {
