@@ -122,33 +122,18 @@ TEST_F(ImagePreviewOfHarm, IsWithinItsMemory) {
     }
 }
 
-/// Small, and a billion squares to paint.
-std::string endlessDrawing() {
-    std::string drawing =
-        "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
-        "width='50' height='40'><defs><rect id='u0' width='9' height='9'/>";
-    for (int level = 0; level < 9; ++level) {
-        drawing += "<g id='u" + std::to_string(level + 1) + "'>";
-        for (int copy = 0; copy < 10; ++copy) {
-            drawing += "<use xlink:href='#u" + std::to_string(level) + "'/>";
-        }
-        drawing += "</g>";
-    }
-    return drawing + "</defs><use xlink:href='#u9'/></svg>";
-}
-
 TEST_F(ImagePreviewOfHarm, IsNoneOfAnImageThatTakesTooLong) {
     ImagePreview preview(previewProgram(), 3s);
     QSignalSpy nothing(&preview, &ImagePreview::nothing);
     QSignalSpy measured(&preview, &ImagePreview::measured);
-    const std::string path = tree_.writeFile("endless.svg", endlessDrawing());
+    const std::string path = tree_.writeFile("endless.jpg", imagebytes::endlessJpeg(3'000));
     const auto begin = std::chrono::steady_clock::now();
     preview.resizeImageAtPath(path, 252, 189);
     EXPECT_TRUE(nothing.wait(20'000));
     // It was not damage that ended it. The timer may be a twentieth too early.
     EXPECT_GE(std::chrono::steady_clock::now() - begin, 2800ms);
     ASSERT_EQ(measured.size(), 1);
-    EXPECT_EQ(measured[0][0].toSize(), QSize(50, 40));
+    EXPECT_EQ(measured[0][0].toSize(), QSize(3'000, 3'000));
 }
 
 TEST_F(ImagePreviewOfHarm, EndsItsProcessThoughNobodyElseDoes) {

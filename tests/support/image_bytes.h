@@ -260,4 +260,26 @@ inline std::string progressiveJpeg(std::uint32_t width, std::uint32_t height) {
     return jpeg + bits.bytes() + "\xff\xd9";
 }
 
+/// The same image, small in the file and in memory, with so many passes more that it takes minutes
+/// to read.
+inline std::string endlessJpeg(std::uint32_t side) {
+    constexpr int passes = 100'000;
+    constexpr std::uint32_t blocksOfARun = 32'767;
+    std::string jpeg = progressiveJpeg(side, side);
+    jpeg.resize(jpeg.size() - 2);  // without its end
+    // The one code 0 for a run of 16,384 blocks without differences, and as many more as the 14
+    // bits behind it say.
+    jpeg += std::string("\xff\xc4\0\x14\x10\1", 6) + std::string(15, '\0') + '\xe0';
+    JpegBits bits;
+    const std::uint32_t blocks = ((side + 7) / 8) * ((side + 7) / 8);
+    for (std::uint32_t block = 0; block < blocks; block += blocksOfARun) {
+        bits.add(0x3FFF, 15);
+    }
+    const std::string pass = std::string("\xff\xda\0\x08\1\1\0\1\x3f\0", 10) + bits.bytes();
+    for (int number = 0; number < passes; ++number) {
+        jpeg += pass;
+    }
+    return jpeg + "\xff\xd9";
+}
+
 }  // namespace tarvin::imagebytes
