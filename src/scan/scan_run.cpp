@@ -4,6 +4,7 @@
 #include "platform/thread_priority.h"
 #include "scan/texts.h"
 
+#include <new>
 #include <utility>
 
 namespace tarvin {
@@ -196,6 +197,14 @@ void ScanRun::lookAround(ScanWork& work) {
         --stepsUntilTold_;
         return;
     }
+    try {
+        tellOfWait(work);
+    } catch (const std::bad_alloc&) {
+        // Whoever needs the memory for the scan itself ends it; this can be told later.
+    }
+}
+
+void ScanRun::tellOfWait(ScanWork& work) {
     const std::optional<IoWatch::Waiting> waiting =
         work.watch().longest(settings_.stepsBeforeWaitIsTold);
     if (waiting && !work.control().pause()) {

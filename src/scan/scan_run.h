@@ -150,6 +150,7 @@ class ScanRun final {
     void compare(ScanWork& work, Category category);
     void joinResults(ScanWork& work);
     void lookAround(ScanWork& work);
+    void tellOfWait(ScanWork& work);
     void startElapsedTimeThread();
     void elapsedTimeThreadSavingData();
     bool sleepOneStep();

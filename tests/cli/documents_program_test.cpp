@@ -46,11 +46,11 @@ class Documents : public testing::TestWithParam<std::string> {};
 
 TEST_P(Documents, NameEveryOptionOfTheCommand) {
     // As it is read, on one line.
-    const std::string manual =
-        runCommand(
-            "MANROFFSEQ='' MANWIDTH=80 man -E UTF-8 -l -Tutf8 packaging/man/tarvin.1 "
-            "| col -bx | sed -n '/^OPTIONS/,/^OUTPUT/p' | tr -s '\\n ' ' '")
-            .output;
+    const std::string manual = runCommand(
+                                   "GROFF_NO_SGR=1 MANROFFSEQ='' MANWIDTH=80 man -E UTF-8 -l "
+                                   "-Tutf8 packaging/man/tarvin.1 "
+                                   "| col -bx | sed -n '/^OPTIONS/,/^OUTPUT/p' | tr -s '\\n ' ' '")
+                                   .output;
     const std::string zsh = runCommand("cat packaging/completions/_tarvin").output;
     const Words options = optionsOf(GetParam());
     const Words offered = offeredByBash(GetParam());

@@ -15,6 +15,7 @@
 #include <iterator>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <string>
 #include <thread>
 #include <vector>
@@ -68,6 +69,9 @@ class WaitObserver final : public ScanObserver {
         waitedFor_.push_back(path);
         ++calls_;
         changed_.notify_all();
+        if (lacksMemory) {
+            throw std::bad_alloc();
+        }
     }
     void collecting(const std::string&) override { count(); }
     void processing(const std::string&, std::uint64_t) override { count(); }
@@ -98,6 +102,8 @@ class WaitObserver final : public ScanObserver {
         const std::lock_guard lock(mutex_);
         return calls_;
     }
+
+    bool lacksMemory = false;  ///< set before the scan begins
 
  private:
     void count() {
@@ -241,6 +247,19 @@ TEST_F(HangingCalls, TheFileThatIsWaitedForIsTold) {
     start(run);
     EXPECT_EQ(observer_.firstWaitedFor(), tree_.pathOf("b.txt"));
     stop(run);
+}
+
+TEST_F(HangingCalls, AWaitThatThereIsNoMemoryToTellOfEndsNothing) {
+    tree_.writeFile("a.txt", "same");
+    tree_.writeFile("b.txt", "same");
+    hangAt(FileCall::readAt, "b.txt");
+    observer_.lacksMemory = true;
+    ScanRun run(hangs().platform, observer_, settings());
+    start(run);
+    EXPECT_EQ(observer_.firstWaitedFor(), tree_.pathOf("b.txt"));
+    hang_->open();
+    run.wait();
+    EXPECT_EQ(run.modal()->totalFiles(), 1U);
 }
 
 TEST_F(HangingCalls, NothingIsToldToBeWaitedForDuringAPause) {
