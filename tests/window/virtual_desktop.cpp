@@ -88,6 +88,9 @@ void VirtualDesktop::startBus() {
 }
 
 void VirtualDesktop::startWindowManager() {
+    // The first key that a program presses brings a keyboard of its own, for which a window manager
+    // gives up its keys and asks for them again; one pressed meanwhile would be lost.
+    EXPECT_EQ(runCommand("xdotool key Shift_L").status, 0);
     windowManager_ = std::make_unique<ChildProcess>(ChildProcess::Words{"openbox", "--sm-disable"},
                                                     folder_.pathOf("openbox"));
     // Only a window manager can tell.
