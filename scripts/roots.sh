@@ -2,9 +2,13 @@
 # Debian systems of their own in folders, for the scripts that try the program where nothing of it
 # has been before. Sourced by bash; takes root and Debian's archive.
 
+# Where the sources are in such a system.
+sourcesInRoot=/srv/tarvin
+
 # Fills a folder with the minimal system of a release ("bookworm"), or with a copy of the folder
-# TARVIN_MINIMAL_ROOT of the environment, and mounts what programs expect. The caller has mounts of
-# its own, and ends with leaveRoot.
+# TARVIN_MINIMAL_ROOT of the environment, and mounts what programs expect. Where the environment has
+# TARVIN_COMPILER_CACHE, that folder is the compiler's cache in there. The caller has mounts of its
+# own, and ends with leaveRoot.
 makeRoot() {
     local release=$1 folder=$2 log=$2.log
     if [[ -n ${TARVIN_MINIMAL_ROOT-} ]]; then
@@ -20,9 +24,18 @@ makeRoot() {
     mount -t proc proc "$folder/proc"
     mount -t sysfs -o ro sysfs "$folder/sys"
     mount --rbind /dev "$folder/dev"
+    if [[ -n ${TARVIN_COMPILER_CACHE-} ]]; then
+        mkdir -p "$folder/root/.cache/ccache"
+        mount --bind "$TARVIN_COMPILER_CACHE" "$folder/root/.cache/ccache"
+    fi
     # Nothing in there starts services.
     printf '#!/bin/sh\nexit 101\n' >"$folder/usr/sbin/policy-rc.d"
     chmod 755 "$folder/usr/sbin/policy-rc.d"
+}
+
+# Puts what is committed into such a folder.
+cloneIntoRoot() {
+    git -c safe.directory='*' clone --quiet . "$1$sourcesInRoot"
 }
 
 # Runs a command in such a folder, as root and with nothing of the caller's environment.
@@ -33,9 +46,15 @@ inRoot() {
         DEBIAN_FRONTEND=noninteractive "$@"
 }
 
-# Removes such a folder.
+# Removes such a folder, unless something of others is still mounted in there.
 leaveRoot() {
-    local folder=$1
-    umount --recursive --lazy "$folder/proc" "$folder/sys" "$folder/dev" "$folder/tmp/.X11-unix" 2>/dev/null || true
-    rm -rf --one-file-system -- "$folder" "$folder.log"
+    local folder=$1 place
+    for place in proc sys dev root/.cache/ccache tmp/.X11-unix; do
+        umount --recursive --lazy "$folder/$place" 2>/dev/null || true
+    done
+    if grep -qF " $folder/" /proc/self/mountinfo; then
+        printf '%s is left: something is mounted in it.\n' "$folder" >&2
+    else
+        rm -rf --one-file-system -- "$folder" "$folder.log"
+    fi
 }
