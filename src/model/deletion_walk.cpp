@@ -1,7 +1,7 @@
 #include "model/deletion_walk.h"
 
+#include "model/file_mover.h"
 #include "platform/start_thread.h"
-#include "platform/trash.h"
 
 #include <utility>
 #include <vector>
@@ -30,9 +30,9 @@ void DeletionControl::waitWhilePaused() const {
     }
 }
 
-DeletionWalk::DeletionWalk(Modal& modal, Trash& trash, DeletionControl& control,
+DeletionWalk::DeletionWalk(Modal& modal, FileMover& mover, DeletionControl& control,
                            BeforeSet beforeSet)
-    : modal_(modal), trash_(trash), control_(control), beforeSet_(std::move(beforeSet)) {}
+    : modal_(modal), mover_(mover), control_(control), beforeSet_(std::move(beforeSet)) {}
 
 DeletionWalk::~DeletionWalk() {
     wait();
@@ -59,21 +59,22 @@ RemovalResult DeletionWalk::wait() {
 }
 
 void DeletionWalk::walk() {
-    for (const std::shared_ptr<Extensions>& extension : modal_.extensionsArray()) {
+    const std::vector<std::shared_ptr<Extensions>>& extensions = modal_.extensionsArray();
+    for (std::size_t number = 0; number < extensions.size(); ++number) {
         if (control_.stopDeletion()) {
             return;
         }
         control_.waitWhilePaused();
-        if (extension->extensionState() != CheckState::off && !walkSetsOf(extension)) {
+        if (extensions[number]->extensionState() != CheckState::off && !walkSetsOf(number)) {
             return;
         }
     }
 }
 
-/// False after a stop.
-bool DeletionWalk::walkSetsOf(const std::shared_ptr<Extensions>& extension) {
-    // NOLINTNEXTLINE(readability-use-anyofallof): it moves files; no question is asked of the sets
-    for (const std::shared_ptr<Set>& set : extension->sets()) {
+/// False after a stop, or where the mover cannot go on.
+bool DeletionWalk::walkSetsOf(std::size_t extension) {
+    const std::shared_ptr<Extensions>& of = modal_.extensionsArray()[extension];
+    for (std::size_t number = 0; number < of->sets().size(); ++number) {
         if (control_.stopDeletion()) {
             return false;
         }
@@ -81,18 +82,49 @@ bool DeletionWalk::walkSetsOf(const std::shared_ptr<Extensions>& extension) {
         if (control_.isAbandoned()) {
             return false;
         }
+        const std::shared_ptr<Set>& set = of->sets()[number];
         progress_.indicator += std::uint64_t{set->files().size() == 1};
         if (set->setsState() == CheckState::off) {
             continue;
         }
+        if (prepared_ == 0 && !prepareFrom({extension, number})) {
+            return false;
+        }
+        --prepared_;
         if (beforeSet_) {
             beforeSet_(*set, progress_);
         }
-        const RemovalResult removed = modal_.removeSelectedFilesInSet(set, extension, trash_);
+        const RemovalResult removed = modal_.removeSelectedFilesInSet(set, of, mover_);
         progress_.deletedCount += removed.deletedFilesCount;
         progress_.deletedSize += removed.deletedFilesSize;
     }
     return true;
+}
+
+/// Tells the mover of so many sets at once that what it does for all of them costs each little, and
+/// of so few that a stop finds little prepared. What has been removed so far may have changed the
+/// state of the extension in hand, which is walked to its end all the same.
+bool DeletionWalk::prepareFrom(Place from) {
+    constexpr std::uint64_t filesAtOnce = 512;
+    std::vector<std::shared_ptr<Set>> sets;
+    std::uint64_t files = 0;
+    const auto& extensions = modal_.extensionsArray();
+    const std::size_t inHand = from.extension;
+    for (; from.extension < extensions.size() && files < filesAtOnce; ++from.extension) {
+        const Extensions& extension = *extensions[from.extension];
+        if (from.extension == inHand || extension.extensionState() != CheckState::off) {
+            for (; from.set < extension.sets().size() && files < filesAtOnce; ++from.set) {
+                const std::shared_ptr<Set>& set = extension.sets()[from.set];
+                if (set->setsState() != CheckState::off) {
+                    sets.push_back(set);
+                    files += set->totalFilesSelectedInSet();
+                }
+            }
+        }
+        from.set = 0;
+    }
+    prepared_ = sets.size();
+    return mover_.prepare(sets);
 }
 
 }  // namespace tarvin

@@ -10,7 +10,7 @@
 
 namespace tarvin {
 
-class Trash;
+class FileMover;
 
 /// The two flags through which a deletion is paused and stopped. Any thread.
 class DeletionControl final {
@@ -58,7 +58,7 @@ class DeletionWalk final {
     using BeforeSet = std::function<void(const Set& set, const Progress& progress)>;
 
     /// All outlive the walk. `beforeSet` may be empty.
-    DeletionWalk(Modal& modal, Trash& trash, DeletionControl& control, BeforeSet beforeSet);
+    DeletionWalk(Modal& modal, FileMover& mover, DeletionControl& control, BeforeSet beforeSet);
     DeletionWalk(const DeletionWalk&) = delete;
     DeletionWalk& operator=(const DeletionWalk&) = delete;
     /// Waits for the end; whoever does not want to wait long stops the walk before.
@@ -74,14 +74,22 @@ class DeletionWalk final {
     RemovalResult wait();
 
  private:
+    /// A set of the list, by the places of its extension and of itself in that.
+    struct Place {
+        std::size_t extension = 0;
+        std::size_t set = 0;
+    };
+
     void walk();
-    [[nodiscard]] bool walkSetsOf(const std::shared_ptr<Extensions>& extension);
+    [[nodiscard]] bool walkSetsOf(std::size_t extension);
+    [[nodiscard]] bool prepareFrom(Place from);
 
     Modal& modal_;
-    Trash& trash_;
+    FileMover& mover_;
     DeletionControl& control_;
     const BeforeSet beforeSet_;
-    Progress progress_;  // the walk's own until it is over
+    Progress progress_;         // the walk's own until it is over
+    std::size_t prepared_ = 0;  // sets that come and that the mover knows of; the walk's own
     std::thread thread_;
 };
 

@@ -84,11 +84,11 @@ CheckState Extensions::determineSelfState() {
     return touched > 0 && sets_.size() > touched ? CheckState::mixed : CheckState::off;
 }
 
-RemovalResult Extensions::removeSelectedFilesInSet(const std::shared_ptr<Set>& set, Trash& trash) {
+RemovalResult Extensions::removeSelectedFilesInSet(const std::shared_ptr<Set>& set, FileMover& mover) {
     // The marked counters need no such care: determineSelfState sets them anew.
     total_ = lessened(total_, set->totalFilesInSet());
     totalSize_ = lessened(totalSize_, set->totalFilesInSetSize());
-    const RemovalResult result = set->removeSelectedFilesInSet(trash);
+    const RemovalResult result = set->removeSelectedFilesInSet(mover);
     total_ += set->totalFilesInSet();
     totalSize_ += set->totalFilesInSetSize();
     extensionState_ = determineSelfState();

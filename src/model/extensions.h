@@ -50,7 +50,7 @@ class Extensions final {
     CheckState determineSelfState();
 
     /// Set::removeSelectedFilesInSet for one of the sets; totals, marks and state follow.
-    RemovalResult removeSelectedFilesInSet(const std::shared_ptr<Set>& set, Trash& trash);
+    RemovalResult removeSelectedFilesInSet(const std::shared_ptr<Set>& set, FileMover& mover);
     /// Set::addSelectedFilesInSetToException for one of the sets; marks and state follow, the
     /// totals stay.
     std::vector<std::string> addSelectedFilesInExtensionToExceptionOfSet(

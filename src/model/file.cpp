@@ -1,6 +1,6 @@
 #include "model/file.h"
 
-#include "platform/trash.h"
+#include "model/file_mover.h"
 
 #include <algorithm>
 
@@ -49,11 +49,10 @@ File::File(const Directory* directory, std::string_view name, std::uint64_t file
       fileSize_(fileSize),
       modified_(toRaw(fileModificationDate)),
       created_(toRaw(fileCreationDate)),
-      nameLength_(static_cast<std::uint32_t>(name.size())) {}
+      nameLength_(static_cast<std::uint16_t>(name.size())) {}
 
-bool File::removeFile(Trash& trash) const {
-    const std::string path = filePath();
-    return trash.fileExistsAtPath(path) && trash.trashItemAtPath(path);
+bool File::removeFile(SetMover& mover) const {
+    return mover.move(*this);
 }
 
 std::string File::filePath() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/file_system.h"
 #include "platform/timestamp.h"
 
 #include <cstdint>
@@ -11,7 +12,7 @@
 namespace tarvin {
 
 class FileStore;
-class Trash;
+class SetMover;
 
 /// A check box's state, at every level of the result tree.
 enum class CheckState : std::int8_t {
@@ -21,7 +22,8 @@ enum class CheckState : std::int8_t {
 };
 
 /// One folder of a scan, shared by the files in it so that a path is held once and not once per
-/// file. Lives as long as the FileStore that made it; never changes after that.
+/// file. Lives as long as the FileStore that made it; only its identity is filled in later, by the
+/// thread that added it.
 struct Directory {
     const Directory* parent = nullptr;  ///< none for the folder a walk began at
     /// Last component, ended by a zero byte; for the first folder its whole path.
@@ -29,6 +31,8 @@ struct Directory {
     std::uint32_t nameLength = 0;  ///< bytes
     std::uint32_t pathLength = 0;  ///< bytes of the absolute path, without a slash at its end
     bool insideBundle = false;     ///< a ".app/" or ".framework/" stands in the paths below it
+    /// What the system knows the folder by; inode 0 while it is not known.
+    FileIdentity identity;
 
     /// The absolute path in native bytes, without a slash at its end ("/" itself is the exception).
     [[nodiscard]] std::string path() const;
@@ -36,9 +40,17 @@ struct Directory {
     [[nodiscard]] std::string pathOf(std::string_view entryName) const;
 };
 
-/// One collected file. Made and owned by a FileStore; 64 bytes or less, because a scan holds
-/// millions. Paths and names are native bytes and need not be UTF-8. `state` and `index` change on
-/// the one thread that changes the result tree; everything else is fixed.
+/// What a file was when its bytes were compared, beside its recorded size and date.
+struct ComparedState {
+    FileIdentity identity;
+    std::optional<Timestamp> changed;  ///< none where the file system keeps no such date
+
+    bool operator==(const ComparedState&) const = default;
+};
+
+/// One collected file. Made and owned by a FileStore; 56 bytes, because a scan holds millions. Paths
+/// and names are native bytes and need not be UTF-8. `state` and `index` change on the one thread
+/// that changes the result tree; everything else is fixed.
 class File final {
  public:
     /// `name` is not copied.
@@ -47,7 +59,7 @@ class File final {
 
     /// Moves the file to the Trash. True only if it existed and the move reported no error; on
     /// false nothing has changed on disk.
-    bool removeFile(Trash& trash) const;
+    bool removeFile(SetMover& mover) const;
 
     /// The file's name as its folder lists it.
     [[nodiscard]] std::string_view fileName() const { return {name_, nameLength_}; }
@@ -68,9 +80,15 @@ class File final {
     void setState(CheckState state) { state_ = state; }
     /// 0-based position in the set when the set was built; kept when other files leave the set.
     [[nodiscard]] std::int64_t index() const { return index_; }
-    void setIndex(std::int64_t index) { index_ = index; }
+    /// 32 bits: no set is larger.
+    void setIndex(std::int64_t index) { index_ = static_cast<std::int32_t>(index); }
+
+    /// None if the file is in no set, or was not then what had been recorded of it.
+    [[nodiscard]] const ComparedState* compared() const { return compared_; }
 
  private:
+    friend class FileStore;
+
     static constexpr std::int64_t noDate = std::numeric_limits<std::int64_t>::min();
     static std::int64_t toRaw(std::optional<Timestamp> date);
     static std::optional<Timestamp> fromRaw(std::int64_t raw);
@@ -80,11 +98,12 @@ class File final {
     std::uint64_t fileSize_;
     std::int64_t modified_;
     std::int64_t created_;
-    std::int64_t index_ = 0;
-    std::uint32_t nameLength_;  // bytes
+    const ComparedState* compared_ = nullptr;  // of the same store
+    std::int32_t index_ = 0;
+    std::uint16_t nameLength_;  // bytes; no listing has longer ones
     CheckState state_ = CheckState::off;
 };
 
-static_assert(sizeof(File) <= 64);
+static_assert(sizeof(File) <= 56);
 
 }  // namespace tarvin

@@ -31,7 +31,7 @@ std::shared_ptr<FileStore> FileStore::create() {
     return std::shared_ptr<FileStore>(new FileStore);
 }
 
-const Directory* FileStore::addRoot(std::string_view path) {
+Directory* FileStore::addRoot(std::string_view path) {
     while (!path.empty() && path.back() == '/') {
         path.remove_suffix(1);
     }
@@ -43,7 +43,7 @@ const Directory* FileStore::addRoot(std::string_view path) {
     return &root;
 }
 
-const Directory* FileStore::addDirectory(const Directory* parent, std::string_view name) {
+Directory* FileStore::addDirectory(const Directory* parent, std::string_view name) {
     Directory& directory = directories_.emplace_back();
     directory.parent = parent;
     directory.name = keepName(name).data();
@@ -64,6 +64,11 @@ File* FileStore::addFile(const Directory* directory, std::string_view name, std:
     ++fileBlockUsed_;
     ++fileCount_;
     return new (place) File(directory, keepName(name), fileSize, modified, created);
+}
+
+void FileStore::keepCompared(File& file, const ComparedState& state) {
+    const std::lock_guard lock(comparedMutex_);
+    file.compared_ = &compared_.emplace_back(state);
 }
 
 std::shared_ptr<File> FileStore::share(File* file) {

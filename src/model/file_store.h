@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -25,12 +26,16 @@ class FileStore final : public std::enable_shared_from_this<FileStore> {
     ~FileStore();
 
     /// The folder a walk begins at, by its absolute path. Slashes at the end are dropped.
-    const Directory* addRoot(std::string_view path);
+    Directory* addRoot(std::string_view path);
     /// A folder inside `parent`, which is of this store.
-    const Directory* addDirectory(const Directory* parent, std::string_view name);
+    Directory* addDirectory(const Directory* parent, std::string_view name);
     /// A file inside `directory`, which is of this store. The answer lives as long as the store.
     File* addFile(const Directory* directory, std::string_view name, std::uint64_t fileSize,
                   std::optional<Timestamp> modified, std::optional<Timestamp> created);
+
+    /// Keeps what a file of this store was when it was compared; once for a file. Any thread, but
+    /// not at the same time for one file.
+    void keepCompared(File& file, const ComparedState& state);
 
     /// A reference that keeps the whole store alive; no allocation.
     [[nodiscard]] std::shared_ptr<File> share(File* file);
@@ -55,6 +60,8 @@ class FileStore final : public std::enable_shared_from_this<FileStore> {
     std::vector<std::unique_ptr<std::byte[]>> fileBlocks_;
     std::size_t fileBlockUsed_ = 0;
     std::size_t fileCount_ = 0;
+    std::mutex comparedMutex_;
+    std::deque<ComparedState> compared_;  // guarded by comparedMutex_
 };
 
 }  // namespace tarvin

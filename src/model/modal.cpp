@@ -57,10 +57,10 @@ void Modal::changeStateOfExtension(const std::shared_ptr<Extensions>& extension,
 
 RemovalResult Modal::removeSelectedFilesInSet(const std::shared_ptr<Set>& set,
                                               const std::shared_ptr<Extensions>& extension,
-                                              Trash& trash) {
+                                              FileMover& mover) {
     subtractMarksOf(*extension);
     subtractTotalsOf(*extension);
-    const RemovalResult result = extension->removeSelectedFilesInSet(set, trash);
+    const RemovalResult result = extension->removeSelectedFilesInSet(set, mover);
     addMarksOf(*extension);
     addTotalsOf(*extension);
     return result;

@@ -54,7 +54,7 @@ class Modal final {
     /// counters follow on every level.
     RemovalResult removeSelectedFilesInSet(const std::shared_ptr<Set>& set,
                                            const std::shared_ptr<Extensions>& extension,
-                                           Trash& trash);
+                                           FileMover& mover);
     /// Takes the marked files of one set out and answers their paths in set order
     /// (Set::addSelectedFilesInSetToException); only the marked counters follow.
     std::vector<std::string> addSelectedFilesToExceptionInSet(

@@ -1,7 +1,7 @@
 #include "model/set.h"
 
 #include "model/counter.h"
-#include "platform/trash.h"
+#include "model/file_mover.h"
 
 #include <cstddef>
 
@@ -74,11 +74,12 @@ CheckState Set::determineSelfState() const {
     return marked_ != 0 ? CheckState::mixed : CheckState::off;
 }
 
-RemovalResult Set::removeSelectedFilesInSet(Trash& trash) {
+RemovalResult Set::removeSelectedFilesInSet(FileMover& mover) {
     RemovalResult result;
     std::unordered_set<const File*> moved;
+    const std::unique_ptr<SetMover> moving = mover.begin(*this);
     for (const std::shared_ptr<File>& file : files_) {
-        if (!isMarked(*file) || !file->removeFile(trash)) {
+        if (!isMarked(*file) || !file->removeFile(*moving)) {
             continue;
         }
         moved.insert(file.get());

@@ -11,7 +11,7 @@
 
 namespace tarvin {
 
-class Trash;
+class FileMover;
 
 /// What a removal took out of a set: the files that were moved to the Trash, and no others.
 struct RemovalResult {
@@ -66,7 +66,7 @@ class Set final {
 
     /// Moves the marked files to the Trash in set order and takes out those that went. A file
     /// whose move fails stays, marked and counted. Answers what was moved.
-    RemovalResult removeSelectedFilesInSet(Trash& trash);
+    RemovalResult removeSelectedFilesInSet(FileMover& mover);
     /// Takes the marked files out and answers their paths in set order. The totals still count
     /// them: only a removal from the disk lowers those.
     std::vector<std::string> addSelectedFilesInSetToException();

@@ -92,7 +92,7 @@ void Collector::acceptFilenameDrag3(const std::string& path) {
         unreadable_.push_back({path, SystemError{ENOENT}});
         return;
     }
-    const Directory* root = lists_.store->addRoot(path);
+    Directory* root = lists_.store->addRoot(path);
     if (isInTrash(*root)) {
         unreadable_.push_back({path, SystemError{EOPNOTSUPP}, true});
         return;
@@ -153,7 +153,7 @@ void Collector::takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block>
     std::vector<std::shared_ptr<TreeReader::Listing>> ahead;
     for (const ListedEntry& entry : folder.block->entries) {
         if (entry.type == EntryType::directory) {
-            const Directory* directory = lists_.store->addDirectory(folder.directory, entry.name);
+            Directory* directory = lists_.store->addDirectory(folder.directory, entry.name);
             folder.folders.emplace_back(directory,
                                         TreeReader::makeListing(folder.listing, directory));
             ahead.push_back(folder.folders.back().second);
@@ -163,10 +163,11 @@ void Collector::takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block>
 }
 
 /// True if the folder can be listed and has not been walked yet. Otherwise it is closed.
-bool Collector::enter(const Directory& directory,
+bool Collector::enter(Directory& directory,
                       const std::shared_ptr<TreeReader::Listing>& listing) {
     const Result<FileIdentity> identity = reader_.identityOf(listing);
     if (identity && walked_.insert(*identity).second) {
+        directory.identity = *identity;
         return true;
     }
     if (!identity) {

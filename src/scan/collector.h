@@ -58,7 +58,7 @@ class Collector final {
     struct OpenFolder;
 
     void waitWhilePaused();
-    [[nodiscard]] bool enter(const Directory& directory,
+    [[nodiscard]] bool enter(Directory& directory,
                              const std::shared_ptr<TreeReader::Listing>& listing);
     void leave(const OpenFolder& folder);
     void noteFailure(const Directory& directory,

@@ -198,6 +198,10 @@ class ContentPartition::Unrepeated final : public ContentVerdict {
     void equal(FileGroup group) override {
         FileGroup kept = withoutItself(std::move(group), files_, seen_.stamps);
         if (kept.size() > 1) {
+            for (const std::uint32_t number : kept) {
+                // NOLINTNEXTLINE(bugprone-unchecked-optional-access): members were read.
+                to_.compared(number, *seen_.stamps[number]);
+            }
             to_.equal(std::move(kept));
         }
     }

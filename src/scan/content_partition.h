@@ -36,6 +36,13 @@ class ContentPartition final {
 
     /// What reading whole files takes: memory for one class and one open file.
     class Workspace final {
+     public:
+        /// What a file that was read last was when it was opened. Only of members of a group.
+        [[nodiscard]] const FileStamp& stampOf(std::uint32_t number) const {
+            // NOLINTNEXTLINE(bugprone-unchecked-optional-access): it was read
+            return *stamps_[number];
+        }
+
      private:
         friend class ContentPartition;
         Workspace(BufferPool::Lease lease, Budget::Share descriptor)

@@ -25,6 +25,8 @@ class ContentVerdict {
  public:
     virtual ~ContentVerdict() = default;
 
+    /// What a file of a group was when it was opened to be compared; told before the group is.
+    virtual void compared(std::uint32_t /*file*/, const FileStamp& /*stamp*/) {}
     /// Two or more files whose bytes were found equal, from the first to the last. Each file is
     /// in at most one group.
     virtual void equal(FileGroup group) = 0;

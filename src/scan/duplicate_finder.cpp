@@ -105,6 +105,10 @@ class DuplicateFinder::CategoryComparison final {
         Verdict(CategoryComparison& comparison, const Members& members)
             : comparison_(comparison), members_(members) {}
 
+        void compared(std::uint32_t file, const FileStamp& stamp) override {
+            comparison_.keepState(*members_.files[file], stamp);
+        }
+
         void equal(FileGroup group) override {
             comparison_.keep(members_.positions, group);
             decided(group);
@@ -212,6 +216,9 @@ class DuplicateFinder::CategoryComparison final {
             return false;
         }
         for (const FileGroup& group : *groups) {
+            for (const std::uint32_t file : group) {
+                keepState(*members.files[file], workspace->stampOf(file));
+            }
             keep(members.positions, group);
             for (const std::uint32_t file : group) {
                 count(members.positions[file], false);
@@ -244,6 +251,14 @@ class DuplicateFinder::CategoryComparison final {
         }
         for (std::size_t at = 0; at + 1 < group.size(); ++at) {
             nextEqual_[members[group[at]]] = members[group[at + 1]];
+        }
+    }
+
+    /// For whoever moves the file. Without it, or where it is not the file of the listing any more,
+    /// it has to be compared anew then.
+    void keepState(File& file, const FileStamp& stamp) {
+        if (stamp.size == file.fileSize() && stamp.modified == file.fileModificationDate()) {
+            store_.keepCompared(file, {stamp.identity, stamp.changed});
         }
     }
 
