@@ -17,11 +17,11 @@ struct SystemError {
 };
 
 /// What a call that can fail answers: a value, or why there is none. Nothing of ours throws.
-template <typename Value>
+template <typename Value, typename Error = SystemError>
 class [[nodiscard]] Result final {
  public:
     Result(Value value) : content_(std::in_place_index<0>, std::move(value)) {}  // NOLINT
-    Result(SystemError error) : content_(std::in_place_index<1>, error) {}       // NOLINT
+    Result(Error error) : content_(std::in_place_index<1>, std::move(error)) {}  // NOLINT
 
     [[nodiscard]] bool ok() const { return content_.index() == 0; }
     explicit operator bool() const { return ok(); }
@@ -35,10 +35,10 @@ class [[nodiscard]] Result final {
     const Value* operator->() const { return &value(); }
 
     /// Requires !ok().
-    [[nodiscard]] SystemError error() const { return *std::get_if<1>(&content_); }
+    [[nodiscard]] Error error() const { return *std::get_if<1>(&content_); }
 
  private:
-    std::variant<Value, SystemError> content_;
+    std::variant<Value, Error> content_;
 };
 
 }  // namespace tarvin

@@ -132,6 +132,22 @@ std::optional<std::vector<MountEntry>> readMountInfo(const std::string& path) {
     return parseMountInfo(*text);
 }
 
+std::optional<MountEntry> findMount(std::uint64_t number, const std::string& path) {
+    const auto text = readSmallFile(path, largestTable);
+    if (!text) {
+        return std::nullopt;
+    }
+    const std::string start = std::to_string(number) + ' ';
+    std::string_view rest = *text;
+    while (!rest.empty()) {
+        const std::string_view line = takeUntil(rest, '\n');
+        if (line.starts_with(start)) {
+            return parseLine(line);
+        }
+    }
+    return std::nullopt;
+}
+
 bool isPseudoFileSystemType(std::string_view type) {
     return std::binary_search(pseudoTypes.begin(), pseudoTypes.end(), type);
 }

@@ -31,6 +31,11 @@ inline constexpr const char* mountInfoFile = "/proc/self/mountinfo";
 [[nodiscard]] std::optional<std::vector<MountEntry>> readMountInfo(
     const std::string& path = mountInfoFile);
 
+/// The mount of this number, which the system tells of an open file, or none if the table does not
+/// list it: the mount may be another process's, or gone. Any thread.
+[[nodiscard]] std::optional<MountEntry> findMount(std::uint64_t number,
+                                                  const std::string& path = mountInfoFile);
+
 /// Whether file systems of this type hold no files of anybody's, but tables of the kernel or views
 /// of files that stand elsewhere.
 [[nodiscard]] bool isPseudoFileSystemType(std::string_view type);

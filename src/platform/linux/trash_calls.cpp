@@ -1,0 +1,117 @@
+#include "platform/linux/trash_calls.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+
+namespace tarvin {
+
+namespace {
+
+constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
+constexpr int noteFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+
+int outcome(int answer) {
+    return answer == 0 ? 0 : errno;
+}
+
+int openAt(int folder, const char* path, int flags, int& number) {
+    do {
+        number = ::openat(folder, path, flags, S_IRUSR | S_IWUSR);
+    } while (number < 0 && errno == EINTR);
+    return number < 0 ? errno : 0;
+}
+
+int statusAt(int folder, const char* path, int flags, TrashEntryStatus& status) {
+    struct statx answer{};
+    constexpr unsigned mask = STATX_TYPE | STATX_MODE | STATX_UID | STATX_INO | STATX_MNT_ID;
+    while (::statx(folder, path, flags | AT_NO_AUTOMOUNT, mask, &answer) != 0) {
+        if (errno != EINTR) {
+            return errno;
+        }
+    }
+    status.identity = {makedev(answer.stx_dev_major, answer.stx_dev_minor), answer.stx_ino};
+    // Linux 5.8 and later tell it.
+    status.mount = (answer.stx_mask & STATX_MNT_ID) != 0 ? answer.stx_mnt_id : 0;
+    status.owner = answer.stx_uid;
+    status.mode = answer.stx_mode;
+    return 0;
+}
+
+}  // namespace
+
+const int TrashCalls::currentFolder = AT_FDCWD;
+
+int TrashCalls::openFolder(int folder, const char* path, int& number) {
+    return openAt(folder, path, folderFlags, number);
+}
+
+int TrashCalls::makeFolder(int folder, const char* path) {
+    return outcome(::mkdirat(folder, path, S_IRWXU));
+}
+
+int TrashCalls::createNote(int folder, const char* name, int& number) {
+    return openAt(folder, name, noteFlags, number);
+}
+
+int TrashCalls::write(int number, const char* bytes, std::size_t size, std::size_t& written) {
+    ssize_t count = 0;
+    do {
+        count = ::write(number, bytes, size);
+    } while (count < 0 && errno == EINTR);
+    written = count < 0 ? 0 : static_cast<std::size_t>(count);
+    return count < 0 ? errno : 0;
+}
+
+int TrashCalls::close(int number) {
+    return outcome(::close(number));
+}
+
+int TrashCalls::renameExclusively(int from, const char* name, int to, const char* newName) {
+    return outcome(::renameat2(from, name, to, newName, RENAME_NOREPLACE));
+}
+
+int TrashCalls::rename(int from, const char* name, int to, const char* newName) {
+    return outcome(::renameat(from, name, to, newName));
+}
+
+int TrashCalls::link(int from, const char* name, int to, const char* newName) {
+    return outcome(::linkat(from, name, to, newName, 0));
+}
+
+int TrashCalls::unlink(int folder, const char* name) {
+    return outcome(::unlinkat(folder, name, 0));
+}
+
+int TrashCalls::status(int folder, const char* path, TrashEntryStatus& status) {
+    return statusAt(folder, path, AT_SYMLINK_NOFOLLOW, status);
+}
+
+int TrashCalls::targetStatus(int folder, const char* path, TrashEntryStatus& status) {
+    return statusAt(folder, path, 0, status);
+}
+
+int TrashCalls::statusOf(int number, TrashEntryStatus& status) {
+    return statusAt(number, "", AT_EMPTY_PATH, status);
+}
+
+int TrashCalls::longestName(int folder, std::size_t& bytes) {
+    struct statvfs answer{};
+    if (::fstatvfs(folder, &answer) != 0) {
+        return errno;
+    }
+    bytes = answer.f_namemax;
+    return 0;
+}
+
+TrashCalls& systemTrashCalls() {
+    static TrashCalls calls;
+    return calls;
+}
+
+}  // namespace tarvin

@@ -1,0 +1,412 @@
+#include "platform/trash_move.h"
+
+#include "platform/linux/mount_table.h"
+#include "platform/linux/trash_folder.h"
+#include "platform/linux/trash_mover.h"
+#include "platform/linux/user_environment.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <climits>
+#include <ctime>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+/// How long a Trash, a mount or a device counts as it was when it was looked at.
+constexpr std::chrono::seconds lookingAgain{1};
+
+/// Each takes three descriptors.
+constexpr std::size_t mostHeld = 16;
+
+/// Bytes for one portion of a Trash's listing.
+constexpr std::size_t listingRoom = 256 * 1024;
+
+/// File systems that record no owners and rights of files, but show those of the mount for all.
+bool keepsRights(std::string_view fileSystemType) {
+    constexpr auto without = std::to_array<std::string_view>(
+        {"exfat", "fuseblk", "msdos", "ntfs", "ntfs3", "umsdos", "vfat"});
+    return std::find(without.begin(), without.end(), fileSystemType) == without.end();
+}
+
+bool isWithin(std::string_view path, std::string_view folder) {
+    return folder == "/" || (path.starts_with(folder) &&
+                             (path.size() == folder.size() || path[folder.size()] == '/'));
+}
+
+/// Whether a path means the same whatever its folders are: links may change what ".." is.
+bool isSettled(std::string_view path) {
+    return path.starts_with('/') && path.find("/../") == std::string_view::npos &&
+           !path.ends_with("/..");
+}
+
+/// Where an open folder is now, by the system's own account. None where that is no place: the
+/// folder was removed, or lies outside of what the process sees.
+std::optional<std::string> placeOf(const Descriptor& folder) {
+    std::string path(PATH_MAX, '\0');
+    const std::string link = "/proc/self/fd/" + std::to_string(folder.number());
+    const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());
+    if (length <= 0 || static_cast<std::size_t>(length) == path.size() || path.front() != '/') {
+        return std::nullopt;
+    }
+    path.resize(static_cast<std::size_t>(length));
+    return path;
+}
+
+/// The local date and time as a note has it.
+std::string dateText(std::time_t seconds) {
+    std::tm local{};
+    if (::localtime_r(&seconds, &local) == nullptr) {
+        ::gmtime_r(&seconds, &local);
+    }
+    char text[64];
+    const std::size_t length = std::strftime(text, sizeof(text), "%Y-%m-%dT%H:%M:%S", &local);
+    return {text, length};
+}
+
+class LinuxTrashMover final : public TrashMover {
+ public:
+    LinuxTrashMover(TrashUser user, const TrashSurroundings& around)
+        : user_(std::move(user)), around_(around) {}
+
+    Result<TrashPlace, TrashRefusal> move(const Descriptor& folder, const std::string& folderPath,
+                                          const char* name) override;
+    Result<FileAttributes, TrashRefusal> look(const TrashPlace& place) override;
+    std::optional<TrashRefusal> putBack(const TrashPlace& place, const Descriptor& folder,
+                                        const char* name) override;
+    Result<std::vector<TrashedFile>, TrashRefusal> find(
+        const std::string& trash, std::span<const FileIdentity> wanted) override;
+
+ private:
+    using Time = std::chrono::steady_clock::time_point;
+
+    /// A Trash that is open.
+    struct Held {
+        TrashFolder folder;
+        std::string top;          ///< of the volume; empty for the home Trash
+        std::uint64_t mount = 0;  ///< of the volume; 0 for the home Trash and one opened by path
+        Time looked;
+    };
+
+    Result<Held*, TrashRefusal> trashFor(const Descriptor& folder);
+    Result<Held*, TrashRefusal> homeTrash();
+    Result<Held*, TrashRefusal> volumeTrash(std::uint64_t mount);
+    Result<Held*, TrashRefusal> trashAt(const std::string& path);
+    Result<TrashFolder, TrashRefusal> openVolume(const MountEntry& entry);
+    Result<MountEntry, TrashRefusal> mountEntry(std::uint64_t mount);
+    Result<std::uint64_t, TrashRefusal> homeDevice();
+    template <typename Condition>
+    Held* held(const Condition& condition);
+    Held* hold(Held trash);
+    void forgetChanged();
+    Result<std::string, TrashRefusal> pathForNote(const Held& trash, const Descriptor& folder,
+                                                  const std::string& folderPath, const char* name);
+    const std::string& date();
+    [[nodiscard]] bool isRecent(Time looked) const {
+        return around_.clock.steadyNow() - looked < lookingAgain;
+    }
+
+    const TrashUser user_;
+    const TrashSurroundings around_;
+    std::vector<std::unique_ptr<Held>> held_;
+    std::optional<std::uint64_t> homeDevice_;
+    Time homeLooked_;
+    std::time_t dateSecond_ = 0;
+    std::string date_;
+};
+
+Result<TrashPlace, TrashRefusal> LinuxTrashMover::move(const Descriptor& folder,
+                                                       const std::string& folderPath,
+                                                       const char* name) {
+    for (bool again = false;; again = true) {
+        const auto trash = trashFor(folder);
+        if (!trash) {
+            return trash.error();
+        }
+        const auto original = pathForNote(**trash, folder, folderPath, name);
+        if (!original) {
+            return original.error();
+        }
+        auto moved = (*trash)->folder.take(folder, name, *original, date());
+        if (moved) {
+            return TrashPlace{(*trash)->folder.path(), std::move(*moved)};
+        }
+        // Somebody may have emptied the Trash by removing it.
+        const int code = moved.error().error.code;
+        const bool mayBeLost =
+            moved.error().kind == TrashRefusalKind::system && (code == ENOENT || code == ESTALE);
+        if (again || !mayBeLost || (*trash)->folder.isIntact()) {
+            return moved.error();
+        }
+        forgetChanged();
+    }
+}
+
+Result<LinuxTrashMover::Held*, TrashRefusal> LinuxTrashMover::trashFor(const Descriptor& folder) {
+    TrashEntryStatus status;
+    const int failure = around_.calls.statusOf(folder.number(), status);
+    if (failure != 0) {
+        return systemRefusal(failure);
+    }
+    const auto device = homeDevice();
+    if (!device) {
+        return device.error();
+    }
+    return *device == status.identity.device ? homeTrash() : volumeTrash(status.mount);
+}
+
+/// The device that the home Trash is on or, before it is made, will be on.
+Result<std::uint64_t, TrashRefusal> LinuxTrashMover::homeDevice() {
+    if (!user_.homeTrash) {
+        return TrashRefusal{TrashRefusalKind::noHome, {ENOENT}, "there is no home folder"};
+    }
+    if (homeDevice_ && isRecent(homeLooked_)) {
+        return *homeDevice_;
+    }
+    std::string path = *user_.homeTrash;
+    TrashEntryStatus status;
+    int failure = around_.calls.status(TrashCalls::currentFolder, path.c_str(), status);
+    while ((failure == ENOENT || failure == ENOTDIR) && path.size() > 1) {
+        path.resize(std::max<std::size_t>(path.rfind('/'), 1));
+        failure = around_.calls.targetStatus(TrashCalls::currentFolder, path.c_str(), status);
+    }
+    if (failure != 0) {
+        return systemRefusal(failure);
+    }
+    homeDevice_ = status.identity.device;
+    homeLooked_ = around_.clock.steadyNow();
+    return *homeDevice_;
+}
+
+Result<LinuxTrashMover::Held*, TrashRefusal> LinuxTrashMover::homeTrash() {
+    const std::string& path = *user_.homeTrash;
+    Held* const known = held([&](const Held& each) { return each.folder.path() == path; });
+    if (known != nullptr) {
+        return known;
+    }
+    auto opened = TrashFolder::open(
+        {.path = path, .user = user_.number, .isHome = true, .make = true}, around_.calls);
+    if (!opened) {
+        return opened.error();
+    }
+    return hold({std::move(*opened), "", 0, around_.clock.steadyNow()});
+}
+
+Result<LinuxTrashMover::Held*, TrashRefusal> LinuxTrashMover::volumeTrash(std::uint64_t mount) {
+    Held* const known = held([&](const Held& each) { return mount != 0 && each.mount == mount; });
+    if (known != nullptr) {
+        return known;
+    }
+    auto entry = mountEntry(mount);
+    if (!entry) {
+        return entry.error();
+    }
+    auto opened = openVolume(*entry);
+    if (!opened) {
+        return opened.error();
+    }
+    return hold(
+        {std::move(*opened), std::move(entry->mountPoint), mount, around_.clock.steadyNow()});
+}
+
+/// The entry of a mount that its mount point leads to: another one may hide it.
+Result<MountEntry, TrashRefusal> LinuxTrashMover::mountEntry(std::uint64_t mount) {
+    const TrashRefusal refusal{
+        TrashRefusalKind::noVolume, {ENODEV}, "the volume of the file is not accessible"};
+    auto entry = mount == 0 ? std::nullopt : findMount(mount, around_.mountTable);
+    TrashEntryStatus status;
+    if (!entry || around_.calls.targetStatus(TrashCalls::currentFolder, entry->mountPoint.c_str(),
+                                             status) != 0) {
+        return refusal;
+    }
+    if (status.mount != mount) {
+        return refusal;
+    }
+    return std::move(*entry);
+}
+
+Result<TrashFolder, TrashRefusal> LinuxTrashMover::openVolume(const MountEntry& entry) {
+    const std::string number = std::to_string(user_.number);
+    TrashFolder::Request request{.path = pathBelow(entry.mountPoint, ".Trash/" + number),
+                                 .user = user_.number,
+                                 .make = true,
+                                 .keepsRights = keepsRights(entry.fileSystemType),
+                                 .isShared = true};
+    // Whatever stands against the Trash that the users share, there is their own.
+    auto shared = TrashFolder::open(request, around_.calls);
+    if (shared) {
+        return shared;
+    }
+    request.path = pathBelow(entry.mountPoint, ".Trash-" + number);
+    request.isShared = false;
+    return TrashFolder::open(request, around_.calls);
+}
+
+/// A Trash that was used before, by its path.
+Result<LinuxTrashMover::Held*, TrashRefusal> LinuxTrashMover::trashAt(const std::string& path) {
+    Held* const known = held([&](const Held& each) { return each.folder.path() == path; });
+    if (known != nullptr) {
+        return known;
+    }
+    TrashFolder::Request request{
+        .path = path, .user = user_.number, .isHome = path == user_.homeTrash};
+    request.isShared = !request.isHome && path.ends_with("/.Trash/" + std::to_string(user_.number));
+    TrashEntryStatus status;
+    if (around_.calls.status(TrashCalls::currentFolder, path.c_str(), status) == 0) {
+        const auto entry = findMount(status.mount, around_.mountTable);
+        request.keepsRights = request.isHome || !entry || keepsRights(entry->fileSystemType);
+    }
+    auto opened = TrashFolder::open(request, around_.calls);
+    if (!opened) {
+        return opened.error();
+    }
+    return hold({std::move(*opened), "", 0, around_.clock.steadyNow()});
+}
+
+/// The first open Trash that meets a condition and is still what stands at its path.
+template <typename Condition>
+LinuxTrashMover::Held* LinuxTrashMover::held(const Condition& condition) {
+    const auto found = std::find_if(held_.begin(), held_.end(),
+                                    [&](const auto& each) { return condition(*each); });
+    if (found == held_.end()) {
+        return nullptr;
+    }
+    if (!isRecent((*found)->looked)) {
+        if (!(*found)->folder.isIntact()) {
+            held_.erase(found);
+            return nullptr;
+        }
+        (*found)->looked = around_.clock.steadyNow();
+    }
+    return found->get();
+}
+
+LinuxTrashMover::Held* LinuxTrashMover::hold(Held trash) {
+    if (held_.size() >= mostHeld) {
+        held_.clear();
+    }
+    held_.push_back(std::make_unique<Held>(std::move(trash)));
+    return held_.back().get();
+}
+
+void LinuxTrashMover::forgetChanged() {
+    std::erase_if(held_, [](const auto& each) { return !each->folder.isIntact(); });
+    homeDevice_.reset();
+}
+
+/// Where the file was, as its note is to tell: absolute in the home Trash, else below the top
+/// folder of the volume.
+Result<std::string, TrashRefusal> LinuxTrashMover::pathForNote(const Held& trash,
+                                                               const Descriptor& folder,
+                                                               const std::string& folderPath,
+                                                               const char* name) {
+    std::optional<std::string> path = folderPath;
+    while (path->size() > 1 && path->ends_with('/')) {
+        path->pop_back();
+    }
+    // The folder may have been reached by a link from elsewhere.
+    if (!isSettled(*path) || !isWithin(*path, trash.top)) {
+        path = placeOf(folder);
+    }
+    if (!path || !isWithin(*path, trash.top)) {
+        return systemRefusal(ENOENT);
+    }
+    std::string whole = pathBelow(*path, name);
+    if (trash.top.empty()) {
+        return whole;
+    }
+    return whole.substr(trash.top == "/" ? 1 : trash.top.size() + 1);
+}
+
+const std::string& LinuxTrashMover::date() {
+    const auto now = std::chrono::floor<std::chrono::seconds>(around_.clock.now());
+    const auto second = static_cast<std::time_t>(now.time_since_epoch().count());
+    if (date_.empty() || second != dateSecond_) {
+        date_ = dateText(second);
+        dateSecond_ = second;
+    }
+    return date_;
+}
+
+Result<FileAttributes, TrashRefusal> LinuxTrashMover::look(const TrashPlace& place) {
+    const auto trash = trashAt(place.trash);
+    if (!trash) {
+        return trash.error();
+    }
+    const auto attributes =
+        systemFileSystem().attributesAt((*trash)->folder.files(), place.name.c_str());
+    if (!attributes) {
+        TrashRefusal refusal = systemRefusal(attributes.error().code);
+        if (attributes.error().code == ENOENT) {
+            refusal.kind = TrashRefusalKind::gone;
+        }
+        return refusal;
+    }
+    return *attributes;
+}
+
+std::optional<TrashRefusal> LinuxTrashMover::putBack(const TrashPlace& place,
+                                                     const Descriptor& folder, const char* name) {
+    const auto trash = trashAt(place.trash);
+    if (!trash) {
+        return trash.error();
+    }
+    return (*trash)->folder.giveBack(place.name, folder, name);
+}
+
+Result<std::vector<TrashedFile>, TrashRefusal> LinuxTrashMover::find(
+    const std::string& trash, std::span<const FileIdentity> wanted) {
+    const auto known = trashAt(trash);
+    if (!known) {
+        return known.error();
+    }
+    FileSystem& fileSystem = systemFileSystem();
+    // A listing of its own, from the beginning.
+    const auto files = fileSystem.openDirectoryAt((*known)->folder.files(), ".");
+    if (!files) {
+        return systemRefusal(files.error().code);
+    }
+    const std::unordered_set<FileIdentity, FileIdentityHash> looked(wanted.begin(), wanted.end());
+    std::vector<TrashedFile> found;
+    EntryBlock block(listingRoom);
+    Result<bool> more = false;
+    while ((more = fileSystem.listEntries(*files, block)) && *more) {
+        for (const EntryBlock::Entry& entry : block.entries()) {
+            const auto attributes = fileSystem.attributesAt(*files, entry.name);
+            if (attributes && looked.contains(attributes->identity)) {
+                found.push_back({entry.name, *attributes});
+            }
+        }
+    }
+    if (!more) {
+        return systemRefusal(more.error().code);
+    }
+    return found;
+}
+
+}  // namespace
+
+TrashUser processTrashUser() {
+    return {homeTrashFolder(processEnvironment()), ::geteuid()};
+}
+
+TrashSurroundings systemTrashSurroundings() {
+    return {systemTrashCalls(), systemClock(), mountInfoFile};
+}
+
+std::unique_ptr<TrashMover> makeTrashMover(TrashUser user) {
+    return makeTrashMover(std::move(user), systemTrashSurroundings());
+}
+
+std::unique_ptr<TrashMover> makeTrashMover(TrashUser user, const TrashSurroundings& around) {
+    return std::make_unique<LinuxTrashMover>(std::move(user), around);
+}
+
+}  // namespace tarvin

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "platform/file_system.h"
+#include "platform/linux/trash_mover.h"
+#include "platform/trash_move.h"
+#include "support/fake_platform.h"
+#include "support/faulty_trash_calls.h"
+#include "support/file_content.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <system_error>
+#include <utility>
+
+namespace tarvin {
+
+/// 0 if there is no such folder.
+inline std::size_t entriesIn(const std::string& folder) {
+    std::error_code missing;
+    std::size_t count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, missing)) {
+        static_cast<void>(entry);
+        ++count;
+    }
+    return count;
+}
+
+/// Files and a home Trash of the test's own, on one file system. The clock stands still until the
+/// test moves it.
+class TrashFixture : public ::testing::Test {
+ protected:
+    [[nodiscard]] std::string trash() const { return folder_.pathOf("home/data/Trash"); }
+    [[nodiscard]] std::string filesIn(const std::string& trash, const std::string& name) const {
+        return trash + "/files/" + name;
+    }
+    [[nodiscard]] std::string trashed(const std::string& name) const {
+        return trash() + "/files/" + name;
+    }
+    [[nodiscard]] std::string note(const std::string& name) const {
+        return contentOf(trash() + "/info/" + name + ".trashinfo");
+    }
+    [[nodiscard]] static std::string user() { return std::to_string(::geteuid()); }
+
+    [[nodiscard]] std::unique_ptr<TrashMover> newMover() {
+        return makeTrashMover({trash(), static_cast<std::uint32_t>(::geteuid())},
+                              {calls_, clock_, mountTable_});
+    }
+
+    /// Moves the file at `path` as the engine would: its folder is open.
+    Result<TrashPlace, TrashRefusal> move(const std::string& path) {
+        const std::filesystem::path file(path);
+        const auto folder = systemFileSystem().openDirectory(file.parent_path().native());
+        EXPECT_TRUE(folder.ok()) << path;
+        return mover_->move(*folder, file.parent_path().native(), file.filename().c_str());
+    }
+
+    std::optional<TrashRefusal> putBack(const TrashPlace& place, const std::string& path) {
+        const std::filesystem::path file(path);
+        const auto folder = systemFileSystem().openDirectory(file.parent_path().native());
+        EXPECT_TRUE(folder.ok()) << path;
+        return mover_->putBack(place, *folder, file.filename().c_str());
+    }
+
+    /// What follows happens later than the Trash is trusted unseen.
+    void letASecondPass() { clock_.advance(std::chrono::milliseconds(1'001)); }
+
+    /// The move is refused and nothing has changed: the file is whole, the Trash has no word of it.
+    TrashRefusal expectRefused(const std::string& path) { return expectRefused(path, trash()); }
+    TrashRefusal expectRefused(const std::string& path, const std::string& trash) {
+        const std::size_t files = entriesIn(trash + "/files");
+        const std::size_t notes = entriesIn(trash + "/info");
+        const auto moved = move(path);
+        EXPECT_FALSE(moved.ok()) << path;
+        EXPECT_EQ(contentOf(path), "bytes");
+        EXPECT_EQ(entriesIn(trash + "/files"), files);
+        EXPECT_EQ(entriesIn(trash + "/info"), notes);
+        EXPECT_EQ(calls_.notesOpen(), 0U);
+        return moved ? TrashRefusal{} : moved.error();
+    }
+
+    TemporaryFolder folder_;
+    FaultyTrashCalls calls_;
+    FakeClock clock_;
+    std::string mountTable_ = "/proc/self/mountinfo";
+    std::unique_ptr<TrashMover> mover_ = newMover();
+};
+
+}  // namespace tarvin

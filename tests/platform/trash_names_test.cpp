@@ -1,0 +1,89 @@
+#include "platform/linux/trash_names.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace tarvin {
+namespace {
+
+TEST(TrashName, OfTheFirstTryIsTheFilesOwn) {
+    for (const std::string name : {"a.txt", ".bashrc", "....", "a", "a.", "x y.tar.gz"}) {
+        EXPECT_EQ(nameInTrash(name, 1, 245), name);
+    }
+}
+
+TEST(TrashName, OfLaterTriesHasTheNumberBeforeTheExtension) {
+    EXPECT_EQ(nameInTrash("a.txt", 2, 245), "a.2.txt");
+    EXPECT_EQ(nameInTrash("x y.tar.gz", 17, 245), "x y.tar.17.gz");
+}
+
+TEST(TrashName, WithoutExtensionHasTheNumberAtItsEnd) {
+    EXPECT_EQ(nameInTrash("a", 2, 245), "a.2");
+    EXPECT_EQ(nameInTrash("a.", 2, 245), "a..2");
+    EXPECT_EQ(nameInTrash(".bashrc", 2, 245), ".bashrc.2");
+    EXPECT_EQ(nameInTrash("....", 2, 245), ".....2");
+    EXPECT_EQ(nameInTrash("..x", 2, 245), "..x.2");
+}
+
+TEST(TrashName, IsShortenedInFrontOfTheExtension) {
+    EXPECT_EQ(nameInTrash(std::string(251, 'a') + ".txt", 1, 245), std::string(241, 'a') + ".txt");
+    EXPECT_EQ(nameInTrash(std::string(251, 'a') + ".txt", 12, 245),
+              std::string(238, 'a') + ".12.txt");
+    EXPECT_EQ(nameInTrash(std::string(255, 'a'), 1, 245), std::string(245, 'a'));
+    EXPECT_EQ(nameInTrash(std::string(241, 'a') + ".txt", 1, 245), std::string(241, 'a') + ".txt");
+}
+
+TEST(TrashName, TreatsAnExtensionOfUnusualLengthAsPartOfTheName) {
+    EXPECT_EQ(nameInTrash("a." + std::string(253, 'b'), 1, 245), "a." + std::string(243, 'b'));
+    EXPECT_EQ(nameInTrash("." + std::string(254, 'b'), 3, 245), '.' + std::string(242, 'b') + ".3");
+}
+
+TEST(TrashName, IsShortenedBetweenTwoCharacters) {
+    // Two, three and four bytes each; the cut would fall into the last one.
+    EXPECT_EQ(nameInTrash(std::string(244, 'a') + "\xC3\xA4zzz", 1, 245), std::string(244, 'a'));
+    EXPECT_EQ(nameInTrash(std::string(243, 'a') + "\xE2\x82\xACzzz", 1, 245),
+              std::string(243, 'a'));
+    EXPECT_EQ(nameInTrash(std::string(242, 'a') + "\xF0\x9F\x98\x80zzz", 1, 245),
+              std::string(242, 'a'));
+    EXPECT_EQ(nameInTrash(std::string(243, 'a') + "\xC3\xA4zzz", 1, 245),
+              std::string(243, 'a') + "\xC3\xA4");
+}
+
+TEST(TrashName, ThatIsNotUtf8IsShortenedBetweenTwoBytes) {
+    EXPECT_EQ(nameInTrash(std::string(255, '\xFF'), 1, 245), std::string(245, '\xFF'));
+    EXPECT_EQ(nameInTrash(std::string(255, '\x80'), 1, 245), std::string(245, '\x80'));
+    // A first byte without the ones that belong to it.
+    EXPECT_EQ(nameInTrash(std::string(244, 'a') + "\xE9zzzz", 1, 245),
+              std::string(244, 'a') + '\xE9');
+}
+
+TEST(TrashNote, HasEveryByteOfThePathThatIsNotPlainAsANumber) {
+    EXPECT_EQ(percentEncoded("/azAZ09-_.!~*'()"), "/azAZ09-_.!~*'()");
+    EXPECT_EQ(percentEncoded("a b%\n\xFF\"#;[]"), "a%20b%25%0A%FF%22%23%3B%5B%5D");
+}
+
+TEST(TrashNote, HasPathAndDate) {
+    EXPECT_EQ(trashNote("/a b", "2024-02-29T23:59:59"),
+              "[Trash Info]\nPath=/a%20b\nDeletionDate=2024-02-29T23:59:59\n");
+}
+
+TEST(TrashNumbers, BeginBehindTheLastOneTaken) {
+    TrashNumbers numbers;
+    EXPECT_EQ(numbers.firstFor("a"), 1U);
+    numbers.take("a", 2);
+    EXPECT_EQ(numbers.firstFor("a"), 3U);
+    EXPECT_EQ(numbers.firstFor("b"), 1U);
+}
+
+TEST(TrashNumbers, AreForgottenRatherThanKeptForMillionsOfNames) {
+    TrashNumbers numbers;
+    for (int each = 0; each < 10'001; ++each) {
+        numbers.take(std::to_string(each), 2);
+    }
+    EXPECT_EQ(numbers.firstFor("0"), 1U);
+    EXPECT_EQ(numbers.firstFor("10000"), 3U);
+}
+
+}  // namespace
+}  // namespace tarvin

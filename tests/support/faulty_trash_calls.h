@@ -1,0 +1,156 @@
+#pragma once
+
+#include "platform/linux/trash_calls.h"
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <utility>
+
+namespace tarvin {
+
+enum class TrashCall {
+    openFolder,
+    makeFolder,
+    createNote,
+    write,
+    close,
+    renameExclusively,
+    rename,
+    link,
+    unlink,
+    status,
+    targetStatus,
+    statusOf,
+    longestName
+};
+
+/// The real calls, counted; each can be made to fail instead of being made. One thread at a time.
+class FaultyTrashCalls final : public TrashCalls {
+ public:
+    /// From now on every call of this kind fails, until `heal`.
+    void fail(TrashCall call, int code) { failing_[call] = code; }
+    /// The call of this number, from 0, of all that follow fails; those behind it do not.
+    void failOnce(std::size_t number, int code) {
+        failingNumber_ = made_ + number;
+        failingCode_ = code;
+    }
+    void heal() {
+        failing_.clear();
+        failingNumber_.reset();
+    }
+    /// Writes take no more than this many bytes each.
+    void limitWrites(std::size_t bytes) { mostWritten_ = bytes; }
+    void limitNames(std::size_t bytes) { longestName_ = bytes; }
+    /// Is run once, before the next call of this kind.
+    void before(TrashCall call, std::function<void()> action) {
+        action_ = std::move(action);
+        actionCall_ = call;
+    }
+
+    [[nodiscard]] std::size_t made() const { return made_; }
+    [[nodiscard]] std::size_t made(TrashCall call) const {
+        const auto found = counts_.find(call);
+        return found == counts_.end() ? 0 : found->second;
+    }
+    /// Whether the call of `failOnce` has come.
+    [[nodiscard]] bool hasFailed() const { return hasFailed_; }
+    /// Notes that were opened and not closed again.
+    [[nodiscard]] std::size_t notesOpen() const { return notes_.size(); }
+
+    int openFolder(int folder, const char* path, int& number) override {
+        const int failure = failureOf(TrashCall::openFolder);
+        return failure != 0 ? failure : TrashCalls::openFolder(folder, path, number);
+    }
+    int makeFolder(int folder, const char* path) override {
+        const int failure = failureOf(TrashCall::makeFolder);
+        return failure != 0 ? failure : TrashCalls::makeFolder(folder, path);
+    }
+    int createNote(int folder, const char* name, int& number) override {
+        int failure = failureOf(TrashCall::createNote);
+        failure = failure != 0 ? failure : TrashCalls::createNote(folder, name, number);
+        if (failure == 0) {
+            notes_.insert(number);
+        }
+        return failure;
+    }
+    int write(int number, const char* bytes, std::size_t size, std::size_t& written) override {
+        const int failure = failureOf(TrashCall::write);
+        return failure != 0 ? failure
+                            : TrashCalls::write(number, bytes,
+                                                size < mostWritten_ ? size : mostWritten_, written);
+    }
+    /// A descriptor is gone even where closing fails.
+    int close(int number) override {
+        const int failure = failureOf(TrashCall::close);
+        notes_.erase(number);
+        const int closing = TrashCalls::close(number);
+        return failure != 0 ? failure : closing;
+    }
+    int renameExclusively(int from, const char* name, int to, const char* newName) override {
+        const int failure = failureOf(TrashCall::renameExclusively);
+        return failure != 0 ? failure : TrashCalls::renameExclusively(from, name, to, newName);
+    }
+    int rename(int from, const char* name, int to, const char* newName) override {
+        const int failure = failureOf(TrashCall::rename);
+        return failure != 0 ? failure : TrashCalls::rename(from, name, to, newName);
+    }
+    int link(int from, const char* name, int to, const char* newName) override {
+        const int failure = failureOf(TrashCall::link);
+        return failure != 0 ? failure : TrashCalls::link(from, name, to, newName);
+    }
+    int unlink(int folder, const char* name) override {
+        const int failure = failureOf(TrashCall::unlink);
+        return failure != 0 ? failure : TrashCalls::unlink(folder, name);
+    }
+    int status(int folder, const char* path, TrashEntryStatus& status) override {
+        const int failure = failureOf(TrashCall::status);
+        return failure != 0 ? failure : TrashCalls::status(folder, path, status);
+    }
+    int targetStatus(int folder, const char* path, TrashEntryStatus& status) override {
+        const int failure = failureOf(TrashCall::targetStatus);
+        return failure != 0 ? failure : TrashCalls::targetStatus(folder, path, status);
+    }
+    int statusOf(int number, TrashEntryStatus& status) override {
+        const int failure = failureOf(TrashCall::statusOf);
+        return failure != 0 ? failure : TrashCalls::statusOf(number, status);
+    }
+    int longestName(int folder, std::size_t& bytes) override {
+        const int failure = failureOf(TrashCall::longestName);
+        if (failure != 0 || !longestName_) {
+            return failure != 0 ? failure : TrashCalls::longestName(folder, bytes);
+        }
+        bytes = *longestName_;
+        return 0;
+    }
+
+ private:
+    int failureOf(TrashCall call) {
+        if (action_ && actionCall_ == call) {
+            std::exchange(action_, nullptr)();
+        }
+        ++counts_[call];
+        if (made_++ == failingNumber_) {
+            hasFailed_ = true;
+            return failingCode_;
+        }
+        const auto found = failing_.find(call);
+        return found == failing_.end() ? 0 : found->second;
+    }
+
+    std::map<TrashCall, int> failing_;
+    std::map<TrashCall, std::size_t> counts_;
+    std::set<int> notes_;
+    std::size_t made_ = 0;
+    std::optional<std::size_t> failingNumber_;
+    int failingCode_ = 0;
+    bool hasFailed_ = false;
+    std::size_t mostWritten_ = static_cast<std::size_t>(-1);
+    std::optional<std::size_t> longestName_;
+    std::function<void()> action_;
+    TrashCall actionCall_ = TrashCall::openFolder;
+};
+
+}  // namespace tarvin
