@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/result.h"
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <utility>
+
+namespace tarvin {
+
+/// Exclusive holders keep everybody else out, shared ones only exclusive ones.
+enum class LockSharing : std::uint8_t { exclusive, shared };
+
+/// One lock of a file of locks, held until destruction. The system releases it when the process
+/// ends, however it ends. Two locks of one number exclude each other also within one process,
+/// whichever threads take them. A child that a fork() leaves behind holds the lock with its parent
+/// until it exits or starts another program.
+class FileLock final {
+ public:
+    FileLock(FileLock&& other) noexcept;
+    FileLock& operator=(FileLock&& other) noexcept;
+    FileLock(const FileLock&) = delete;
+    FileLock& operator=(const FileLock&) = delete;
+    ~FileLock();
+
+ private:
+    friend class LockFile;
+    explicit FileLock(int descriptor) : descriptor_(descriptor) {}
+
+    int descriptor_;
+};
+
+/// A file in a folder of the user's whose single bytes are locked by number; its content is empty.
+/// The file is made when a lock is first taken, readable and writable by the user alone. A link, a
+/// folder or a file of another user in its place is refused. Any thread.
+class LockFile final {
+ public:
+    /// `path` is absolute, native bytes; its folder must be there before a lock is taken.
+    explicit LockFile(std::string path) : path_(std::move(path)) {}
+
+    /// Takes lock `number` (at most 2^62 - 1) if it is free; EBUSY if it is not, other codes if the
+    /// file cannot be used.
+    [[nodiscard]] Result<FileLock> tryTake(std::uint64_t number,
+                                           LockSharing sharing = LockSharing::exclusive) const;
+
+    /// Blocks until lock `number` is free, at most for `patience`; then EBUSY. Whoever releases the
+    /// lock and takes it again comes after those who were waiting already.
+    [[nodiscard]] Result<FileLock> take(std::uint64_t number,
+                                        std::chrono::milliseconds patience) const;
+
+    [[nodiscard]] const std::string& path() const { return path_; }
+
+ private:
+    std::string path_;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,109 @@
+#include "platform/file_lock.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <optional>
+#include <thread>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+// Waiting for a lock n, a taker holds lock n + turnOffset. So there is one taker at a time that is
+// next, and whoever has just released the lock has to wait behind it.
+constexpr std::uint64_t turnOffset = std::uint64_t{1} << 62U;
+
+// The first tries find a lock that is held for a moment, the later ones cost next to nothing.
+constexpr std::chrono::microseconds minPause{50};
+constexpr std::chrono::microseconds maxPause{5000};
+
+using Deadline = std::chrono::steady_clock::time_point;
+
+/// 0, or why what is open must not be used as a file of locks.
+int refusalOf(int descriptor) {
+    struct stat status{};
+    if (::fstat(descriptor, &status) != 0) {
+        return errno;
+    }
+    // Root may work with the files of the user for whom it was called.
+    const bool isOurs = status.st_uid == ::geteuid() || ::geteuid() == 0;
+    return S_ISREG(status.st_mode) && isOurs ? 0 : EPERM;
+}
+
+/// Locks one byte on behalf of the open file, not of the process: the system then releases it with
+/// this descriptor, whatever else the process closes, and two descriptors exclude each other.
+int lockByte(int descriptor, std::uint64_t number, LockSharing sharing) {
+    struct flock range{};
+    range.l_type = sharing == LockSharing::shared ? F_RDLCK : F_WRLCK;
+    range.l_whence = SEEK_SET;
+    range.l_start = static_cast<off_t>(number);
+    range.l_len = 1;
+    while (::fcntl(descriptor, F_OFD_SETLK, &range) != 0) {
+        if (errno != EINTR) {
+            return errno == EAGAIN || errno == EACCES ? EBUSY : errno;
+        }
+    }
+    return 0;
+}
+
+/// Tries until the lock is free or the deadline has passed.
+Result<FileLock> takeUntil(const LockFile& file, std::uint64_t number, Deadline deadline) {
+    auto pause = minPause;
+    while (true) {
+        Result<FileLock> lock = file.tryTake(number);
+        if (lock || lock.error().code != EBUSY || std::chrono::steady_clock::now() >= deadline) {
+            return lock;
+        }
+        std::this_thread::sleep_for(pause);
+        pause = std::min(pause * 2, maxPause);
+    }
+}
+
+}  // namespace
+
+FileLock::FileLock(FileLock&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+
+FileLock& FileLock::operator=(FileLock&& other) noexcept {
+    std::swap(descriptor_, other.descriptor_);
+    return *this;
+}
+
+FileLock::~FileLock() {
+    if (descriptor_ >= 0) {
+        ::close(descriptor_);
+    }
+}
+
+Result<FileLock> LockFile::tryTake(std::uint64_t number, LockSharing sharing) const {
+    const int descriptor =
+        ::open(path_.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
+               S_IRUSR | S_IWUSR);
+    if (descriptor < 0) {
+        return SystemError{errno};
+    }
+    FileLock lock(descriptor);
+    int failure = refusalOf(descriptor);
+    if (failure == 0) {
+        failure = lockByte(descriptor, number, sharing);
+    }
+    if (failure != 0) {
+        return SystemError{failure};
+    }
+    return lock;
+}
+
+Result<FileLock> LockFile::take(std::uint64_t number, std::chrono::milliseconds patience) const {
+    const Deadline deadline = std::chrono::steady_clock::now() + patience;
+    const Result<FileLock> turn = takeUntil(*this, number + turnOffset, deadline);
+    if (!turn) {
+        return turn.error();
+    }
+    return takeUntil(*this, number, deadline);
+}
+
+}  // namespace tarvin

@@ -1,0 +1,244 @@
+#include "platform/file_lock.h"
+
+#include "support/file_content.h"
+#include "support/mount.h"
+#include "support/temporary_folder.h"
+#include "support/waiting.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+class FileLockTest : public ::testing::Test {
+ protected:
+    [[nodiscard]] int codeOf(std::uint64_t number,
+                             LockSharing sharing = LockSharing::exclusive) const {
+        const Result<FileLock> lock = locks_.tryTake(number, sharing);
+        return lock ? 0 : lock.error().code;
+    }
+
+    TemporaryFolder folder_;
+    LockFile locks_{folder_.pathOf("own.lock")};
+};
+
+/// A child process that has taken a lock and sleeps.
+class Holder final {
+ public:
+    Holder(const LockFile& locks, std::uint64_t number) {
+        int ends[2];
+        EXPECT_EQ(::pipe(ends), 0);
+        child_ = ::fork();
+        if (child_ == 0) {
+            const Result<FileLock> lock = locks.tryTake(number);
+            const char answer = lock ? '1' : '0';
+            while (::write(ends[1], &answer, 1) == 1) {
+                ::pause();
+            }
+            ::_exit(0);
+        }
+        char answer = '0';
+        EXPECT_EQ(::read(ends[0], &answer, 1), 1);
+        EXPECT_EQ(answer, '1');
+        ::close(ends[0]);
+        ::close(ends[1]);
+    }
+    Holder(const Holder&) = delete;
+    Holder& operator=(const Holder&) = delete;
+    ~Holder() { kill(); }
+
+    void kill() {
+        if (child_ > 0) {
+            ::kill(child_, SIGKILL);
+            ::waitpid(child_, nullptr, 0);
+            child_ = -1;
+        }
+    }
+
+ private:
+    pid_t child_ = -1;
+};
+
+TEST_F(FileLockTest, MakesTheFileForTheUserAlone) {
+    const mode_t old = ::umask(0);
+    const Result<FileLock> lock = locks_.tryTake(1);
+    ::umask(old);
+    ASSERT_TRUE(lock);
+    EXPECT_EQ(std::filesystem::status(locks_.path()).permissions(), std::filesystem::perms(0600));
+    EXPECT_EQ(std::filesystem::file_size(locks_.path()), 0U);
+}
+
+TEST_F(FileLockTest, ExcludesASecondTakerOfTheSameProcess) {
+    std::optional<Result<FileLock>> lock(locks_.tryTake(7));
+    ASSERT_TRUE(*lock);
+    EXPECT_EQ(codeOf(7), EBUSY);
+    EXPECT_EQ(codeOf(8), 0);
+    EXPECT_EQ(codeOf(0), 0);
+    // The end of the refused attempts above did not release the first one.
+    EXPECT_EQ(codeOf(7), EBUSY);
+    lock.reset();
+    EXPECT_EQ(codeOf(7), 0);
+}
+
+TEST_F(FileLockTest, ExcludesOtherThreads) {
+    int counter = 0;
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < 4; ++thread) {
+        threads.emplace_back([&] {
+            for (int round = 0; round < 100; ++round) {
+                const Result<FileLock> lock = locks_.take(3, testPatience);
+                ASSERT_TRUE(lock);
+                // Not atomic: only the lock keeps the threads apart.
+                volatile int* shared = &counter;
+                const int read = *shared;
+                std::this_thread::yield();
+                *shared = read + 1;
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(counter, 400);
+}
+
+TEST_F(FileLockTest, SharedHoldersExcludeExclusiveOnesOnly) {
+    const Result<FileLock> one = locks_.tryTake(0, LockSharing::shared);
+    ASSERT_TRUE(one);
+    EXPECT_EQ(codeOf(0, LockSharing::shared), 0);
+    EXPECT_EQ(codeOf(0), EBUSY);
+    const Result<FileLock> other = locks_.tryTake(5);
+    ASSERT_TRUE(other);
+    EXPECT_EQ(codeOf(5, LockSharing::shared), EBUSY);
+}
+
+TEST_F(FileLockTest, IsReleasedWhenItsProcessIsKilled) {
+    Holder holder(locks_, 9);
+    EXPECT_EQ(codeOf(9), EBUSY);
+    EXPECT_EQ(codeOf(10), 0);
+    holder.kill();
+    EXPECT_EQ(codeOf(9), 0);
+}
+
+TEST_F(FileLockTest, IsNotInheritedByAProgramThatIsStarted) {
+    std::optional<Result<FileLock>> lock(locks_.tryTake(2));
+    ASSERT_TRUE(*lock);
+    int ends[2];
+    ASSERT_EQ(::pipe(ends), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::dup2(ends[1], STDOUT_FILENO);
+        ::execlp("sh", "sh", "-c", "echo started; exec sleep 1000", nullptr);
+        ::_exit(1);
+    }
+    char first = 0;
+    EXPECT_EQ(::read(ends[0], &first, 1), 1);
+    EXPECT_EQ(first, 's');
+    lock.reset();
+    EXPECT_EQ(codeOf(2), 0);
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    ::close(ends[0]);
+    ::close(ends[1]);
+}
+
+TEST_F(FileLockTest, AttemptTimesOut) {
+    const Result<FileLock> held = locks_.tryTake(4);
+    ASSERT_TRUE(held);
+    const auto begin = std::chrono::steady_clock::now();
+    const Result<FileLock> refused = locks_.take(4, std::chrono::milliseconds(20));
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().code, EBUSY);
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(20));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+}
+
+TEST_F(FileLockTest, GoesToTheWaitingTakerBeforeTheLastHolder) {
+    for (int round = 0; round < 20; ++round) {
+        std::optional<Result<FileLock>> held(locks_.take(1, testPatience));
+        ASSERT_TRUE(*held);
+        std::atomic<pid_t> waiter{0};
+        std::atomic<bool> waiterWasFirst{false};
+        std::thread thread([&] {
+            waiter = ::gettid();
+            const Result<FileLock> lock = locks_.take(1, testPatience);
+            EXPECT_TRUE(lock);
+            waiterWasFirst = true;
+        });
+        // Once it sleeps, it waits for the lock.
+        EXPECT_TRUE(waitUntil([&] { return waiter != 0 && isAsleep(waiter); }));
+        held.reset();
+        const Result<FileLock> again = locks_.take(1, testPatience);
+        EXPECT_TRUE(again);
+        EXPECT_TRUE(waiterWasFirst);
+        thread.join();
+    }
+}
+
+TEST_F(FileLockTest, RefusesALinkInPlaceOfTheFile) {
+    const std::string target = folder_.writeFile("target", "untouched");
+    folder_.makeLink("own.lock", target);
+    EXPECT_EQ(codeOf(1), ELOOP);
+    EXPECT_EQ(contentOf(target), "untouched");
+    const LockFile dangling(folder_.makeLink("dangling", folder_.pathOf("missing")));
+    EXPECT_EQ(dangling.tryTake(1).error().code, ELOOP);
+    EXPECT_FALSE(std::filesystem::exists(folder_.pathOf("missing")));
+}
+
+TEST_F(FileLockTest, RefusesWhatIsNotARegularFile) {
+    EXPECT_EQ(LockFile(folder_.makeFolder("folder")).tryTake(1).error().code, EISDIR);
+    const std::string pipe = folder_.pathOf("pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(LockFile(pipe).tryTake(1).error().code, EPERM);
+}
+
+TEST_F(FileLockTest, RefusesTheFileOfAnotherUser) {
+    if (::geteuid() != 0) {
+        std::cout << "Only root can become another user\n";
+        return;
+    }
+    ::chmod(folder_.path().c_str(), 0777);
+    const std::string path = folder_.writeFile("own.lock", "");
+    ::chmod(path.c_str(), 0666);
+    constexpr uid_t nobody = 65534;
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const bool isOther = ::seteuid(nobody) == 0;
+        ::_exit(isOther ? codeOf(1) : 0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), EPERM);
+    ASSERT_EQ(::chown(path.c_str(), nobody, nobody), 0);
+    EXPECT_EQ(codeOf(1), 0);  // root may
+}
+
+TEST_F(FileLockTest, NeedsItsFolder) {
+    EXPECT_EQ(LockFile(folder_.pathOf("missing/own.lock")).tryTake(1).error().code, ENOENT);
+}
+
+TEST_F(FileLockTest, CannotBeTakenOnAReadOnlyDisk) {
+    const std::string disk = folder_.makeFolder("disk");
+    const Mount mount("none", disk, "tmpfs", MS_RDONLY);
+    if (mount) {
+        EXPECT_EQ(LockFile(disk + "/own.lock").tryTake(1).error().code, EROFS);
+    }
+}
+
+}  // namespace
+}  // namespace tarvin
