@@ -60,6 +60,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>The clean-up could not begin: its moves cannot be written down.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Deleting files, please wait...</source>
         <translation type="unfinished"></translation>
     </message>

@@ -60,6 +60,10 @@
         <translation>In den Papierkorb verschieben</translation>
     </message>
     <message>
+        <source>The clean-up could not begin: its moves cannot be written down.</source>
+        <translation>Das Aufräumen konnte nicht beginnen: Die Schritte lassen sich nicht aufzeichnen.</translation>
+    </message>
+    <message>
         <source>Deleting files, please wait...</source>
         <translation>Dateien werden gelöscht, bitte warten ...</translation>
     </message>

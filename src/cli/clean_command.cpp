@@ -1,12 +1,12 @@
 #include "cli/clean_command.h"
 
+#include "clean/clean_up_run.h"
 #include "cli/clean_report.h"
 #include "cli/interrupt.h"
 #include "cli/messages.h"
 #include "cli/question.h"
 #include "cli/scan_setup.h"
 #include "cli/shown_name.h"
-#include "scan/checked_trash.h"
 #include "scan/clean_texts.h"
 #include "scan/texts.h"
 #include "store/data_file.h"
@@ -63,6 +63,56 @@ void forEachMarkedFile(const Modal& modal, const Action& action) {
         }
     }
 }
+
+void complainOf(const StoreError& error) {
+    if (error.path.empty()) {
+        complain(error.text);
+    } else {
+        complainAbout(error.path, error.text);
+    }
+}
+
+/// Tells of each file as it is moved or not.
+class MoveTeller final {
+ public:
+    MoveTeller(const ScanOptions& options, OutputFile& output) : report_(options, output) {}
+
+    void tell(const File& file, const MoveResult& result) {
+        report_.file(file, result);
+        if (result.outcome == MoveOutcome::moved) {
+            return;
+        }
+        left_.insert(&file);
+        if (result.outcome == MoveOutcome::stopped) {
+            stopped_ = true;
+            return;
+        }
+        complainAbout(file.filePath(), "not moved: " + reasonFor(result));
+        movedAll_ = false;
+    }
+
+    /// Of those that were not come to; a file that was moved is in the tree no more.
+    void tellOfTheRest(const Modal& modal) {
+        forEachMarkedFile(modal, [this](const File& file) {
+            if (!left_.contains(&file)) {
+                tell(file, {MoveOutcome::stopped, {}});
+            }
+        });
+    }
+
+    [[nodiscard]] ExitStatus end(const RemovalResult& moved) {
+        return report_.end({moved.deletedFilesCount, moved.deletedFilesSize, stopped_});
+    }
+
+    [[nodiscard]] bool movedAll() const { return movedAll_; }
+    [[nodiscard]] bool stopped() const { return stopped_; }
+
+ private:
+    CleanReport report_;
+    bool movedAll_ = true;
+    bool stopped_ = false;
+    std::unordered_set<const File*> left_;
+};
 
 }  // namespace
 
@@ -149,64 +199,43 @@ ExitStatus CleanCommand::plan(const Modal& modal, OutputFile& output) {
 
 ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
     stage_ = Stage::moving;
-    CleanReport told(options_, output);
-    bool movedAll = true;
-    bool stopped = false;
-    std::unordered_set<const File*> left;
-    const auto report = [&](const File& file, MoveOutcome outcome) {
-        told.file(file, outcome);
-        stopped = stopped || outcome == MoveOutcome::stopped;
-        if (outcome == MoveOutcome::moved) {
-            return;
-        }
-        left.insert(&file);
-        if (outcome != MoveOutcome::stopped) {
-            complainAbout(file.filePath(), reasonFor(outcome));
-            movedAll = false;
-        }
+    std::optional<MoveTeller> teller;
+    CleanUp::Settings settings;
+    settings.report = [&teller](const File& file, const MoveResult& result) {
+        teller->tell(file, result);
     };
-    CheckedTrash trash(platform_.fileSystem(), platform_.trash(), report,
-                       [this] { return control_.stopDeletion(); });
-    DeletionWalk walk(
-        modal, trash, control_,
-        [&trash](const Set& set, const DeletionWalk::Progress&) { trash.beginSet(set); });
+    settings.stopped = [this] { return control_.stopDeletion(); };
+    auto opened = CleanUpRun::open(platform_, std::move(settings));
+    if (const auto* error = std::get_if<StoreError>(&opened)) {
+        complainOf(*error);
+        complain("nothing was moved");
+        return ExitStatus::incomplete;
+    }
+    teller.emplace(options_, output);
+    CleanUpRun& run = *std::get<std::unique_ptr<CleanUpRun>>(opened);
+    DeletionWalk walk(modal, run.cleanUp(), control_, {});
     walk.start();
     const RemovalResult moved = walk.wait();
-    // Those that the walk did not come to; a file that was moved is in the tree no more.
-    forEachMarkedFile(modal, [&](const File& file) {
-        if (!left.contains(&file)) {
-            told.file(file, MoveOutcome::stopped);
-            stopped = true;
-        }
-    });
-    const bool stored = storeTotals(moved);
-    const ExitStatus written = told.end({moved.deletedFilesCount, moved.deletedFilesSize, stopped});
-    if (stopped) {
+    teller->tellOfTheRest(modal);
+    const bool isStored = finish(run);
+    const ExitStatus written = teller->end(moved);
+    if (teller->stopped() && !run.cleanUp().failure()) {
         return ExitStatus::stopped;
     }
-    return movedAll && stored ? written : ExitStatus::incomplete;
+    return teller->movedAll() && isStored ? written : ExitStatus::incomplete;
 }
 
-bool CleanCommand::storeTotals(const RemovalResult& moved) const {
-    if (moved.deletedFilesCount == 0) {
-        return true;
-    }
-    const std::optional<std::string> folder = platform_.applicationSupportFolder();
-    if (!folder) {
-        complain("there is no home folder to keep the totals in");
-        return false;
-    }
-    DataFile data(folder);
-    // Reads what is stored first, and puts a file of no use aside.
-    const std::optional<StoreError> failure =
-        data.addDeleted(moved.deletedFilesCount, moved.deletedFilesSize);
+/// False if something of it could not be written.
+bool CleanCommand::finish(CleanUpRun& run) const {
+    DataFile totals(platform_.applicationSupportFolder());
+    const std::optional<StoreError> failure = run.finish(totals);
     if (failure) {
-        complainAbout(failure->path, failure->text);
+        complainOf(*failure);
     }
-    if (!data.putAside().empty()) {
-        complainPutAside(data.dataPath(), data.putAside());
+    if (!totals.putAside().empty()) {
+        complainPutAside(totals.dataPath(), totals.putAside());
     }
-    return !failure && data.putAside().empty();
+    return !failure && totals.putAside().empty();
 }
 
 }  // namespace tarvin

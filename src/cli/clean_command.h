@@ -1,5 +1,6 @@
 #pragma once
 
+#include "clean/clean_up_run.h"
 #include "cli/clean_writer.h"
 #include "cli/command.h"
 #include "cli/folder_scan.h"
@@ -32,7 +33,7 @@ class CleanCommand final : public Command {
     void endOnSecondSignal(const OutputFile& output) const;
     ExitStatus plan(const Modal& modal, OutputFile& output);
     ExitStatus move(Modal& modal, OutputFile& output);
-    [[nodiscard]] bool storeTotals(const RemovalResult& moved) const;
+    [[nodiscard]] bool finish(CleanUpRun& run) const;
 
     Platform& platform_;
     ScanOptions options_;

@@ -19,14 +19,14 @@ CleanReport::CleanReport(const ScanOptions& options, OutputFile& output)
     writer_->begin();
 }
 
-void CleanReport::file(const File& file, MoveOutcome outcome) {
+void CleanReport::file(const File& file, const MoveResult& result) {
     if (!failure_) {
-        writer_->file(file, outcome);
+        writer_->file(file, result);
         file_.output().flush();
         noteFailure();
     }
     if (failure_) {
-        rest_->file(file, outcome);
+        rest_->file(file, result);
         errors_.flush();
     }
 }

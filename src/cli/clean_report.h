@@ -1,12 +1,12 @@
 #pragma once
 
+#include "clean/move_outcome.h"
 #include "cli/clean_writer.h"
 #include "cli/command.h"
 #include "cli/output_file.h"
 #include "cli/scan_options.h"
 #include "model/file.h"
 #include "platform/result.h"
-#include "scan/checked_trash.h"
 
 #include <memory>
 #include <optional>
@@ -23,7 +23,7 @@ class CleanReport final {
     CleanReport(const ScanOptions& options, OutputFile& output);
 
     /// Tells what became of a file. Why one was not moved is the caller's to tell.
-    void file(const File& file, MoveOutcome outcome);
+    void file(const File& file, const MoveResult& result);
     /// Tells the sums and puts the report in its place. Call once, as the last.
     [[nodiscard]] ExitStatus end(const CleanSummary& summary);
 

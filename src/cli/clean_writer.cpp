@@ -15,6 +15,10 @@ namespace tarvin {
 
 namespace {
 
+std::string_view wordFor(const std::optional<MoveResult>& result) {
+    return result ? outcomeWord(result->outcome) : "planned";
+}
+
 /// For people: the path of each file that was or would be moved, and the sums. What was not moved
 /// is told on standard error.
 class CleanTextWriter final : public CleanWriter {
@@ -23,8 +27,8 @@ class CleanTextWriter final : public CleanWriter {
 
     void begin() override {}
 
-    void file(const File& file, std::optional<MoveOutcome> outcome) override {
-        if (outcome && *outcome != MoveOutcome::moved) {
+    void file(const File& file, const std::optional<MoveResult>& result) override {
+        if (result && result->outcome != MoveOutcome::moved) {
             return;
         }
         output_.append(dryRun_ ? "Would move to the Trash: " : "Moved to the Trash: ");
@@ -63,7 +67,7 @@ class CleanJsonWriter final : public CleanWriter {
         output_.append("  \"files\": [");
     }
 
-    void file(const File& file, std::optional<MoveOutcome> outcome) override {
+    void file(const File& file, const std::optional<MoveResult>& result) override {
         const std::string path = file.filePath();
         nlohmann::ordered_json entry;
         const bool isUtf8 = isValidUtf8(path);
@@ -72,7 +76,10 @@ class CleanJsonWriter final : public CleanWriter {
             entry["filePathBytes"] = hexadecimal(path);
         }
         entry["fileSize"] = file.fileSize();
-        entry["outcome"] = outcomeWord(outcome);
+        entry["outcome"] = wordFor(result);
+        if (result && result->outcome != MoveOutcome::moved) {
+            entry["reason"] = withBadBytesReplaced(reasonFor(*result));
+        }
         output_.append(isFirst_ ? "\n    " : ",\n    ");
         output_.append(harmlessJson(entry.dump()));
         isFirst_ = false;
@@ -100,8 +107,8 @@ class CleanCsvWriter final : public CleanWriter {
 
     void begin() override { output_.append("outcome,size,path,path_bytes\r\n"); }
 
-    void file(const File& file, std::optional<MoveOutcome> outcome) override {
-        output_.append(outcomeWord(outcome));
+    void file(const File& file, const std::optional<MoveResult>& result) override {
+        output_.append(wordFor(result));
         output_.append(",");
         output_.appendNumber(file.fileSize());
         output_.append(",");
@@ -130,43 +137,22 @@ std::unique_ptr<CleanWriter> makeCleanWriter(ResultFormat format, bool dryRun, O
     return std::make_unique<CleanTextWriter>(dryRun, output);
 }
 
-std::string_view outcomeWord(std::optional<MoveOutcome> outcome) {
-    if (!outcome) {
-        return "planned";
-    }
-    switch (*outcome) {
-        case MoveOutcome::moved:
-            return "moved";
-        case MoveOutcome::gone:
-            return "gone";
-        case MoveOutcome::changed:
-            return "changed";
-        case MoveOutcome::lastCopy:
-            return "lastCopy";
-        case MoveOutcome::stopped:
-            return "stopped";
-        case MoveOutcome::refused:
-            break;
-    }
-    return "refused";
-}
-
-std::string_view reasonFor(MoveOutcome outcome) {
-    switch (outcome) {
+std::string reasonFor(const MoveResult& result) {
+    switch (result.outcome) {
         case MoveOutcome::moved:
             return "it is in the Trash";
         case MoveOutcome::gone:
-            return "not moved: it is not there any more";
+            return "it is not there any more";
         case MoveOutcome::changed:
-            return "not moved: it has changed since the scan";
+            return "it has changed since the scan";
         case MoveOutcome::lastCopy:
-            return "not moved: no other copy is left as it was";
+            return "no other copy is left as it was";
         case MoveOutcome::stopped:
-            return "not moved: stopped before";
+            return "stopped before";
         case MoveOutcome::refused:
             break;
     }
-    return "not moved: the Trash did not take it";
+    return result.reason;
 }
 
 }  // namespace tarvin

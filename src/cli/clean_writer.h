@@ -1,14 +1,14 @@
 #pragma once
 
+#include "clean/move_outcome.h"
 #include "cli/output.h"
 #include "cli/result_writer.h"
 #include "model/file.h"
-#include "scan/checked_trash.h"
 
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <string_view>
+#include <string>
 
 namespace tarvin {
 
@@ -26,8 +26,8 @@ class CleanWriter {
     virtual ~CleanWriter() = default;
 
     virtual void begin() = 0;
-    /// `outcome` is none for a file that would be moved.
-    virtual void file(const File& file, std::optional<MoveOutcome> outcome) = 0;
+    /// `result` is none for a file that would be moved.
+    virtual void file(const File& file, const std::optional<MoveResult>& result) = 0;
     virtual void end(const CleanSummary& summary) = 0;
 };
 
@@ -35,11 +35,7 @@ class CleanWriter {
 [[nodiscard]] std::unique_ptr<CleanWriter> makeCleanWriter(ResultFormat format, bool dryRun,
                                                            Output& output);
 
-/// The word for an outcome in JSON and CSV: "moved", "gone", "changed", "lastCopy", "refused",
-/// "stopped"; "planned" if there is none.
-[[nodiscard]] std::string_view outcomeWord(std::optional<MoveOutcome> outcome);
-
-/// Why a file was not moved, for a person.
-[[nodiscard]] std::string_view reasonFor(MoveOutcome outcome);
+/// Why a file was not moved, for a person: "it is not there any more".
+[[nodiscard]] std::string reasonFor(const MoveResult& result);
 
 }  // namespace tarvin

@@ -1,5 +1,6 @@
 #include "controller/deletion_task.h"
 
+#include "clean/clean_up_run.h"
 #include "controller/home_image.h"
 #include "controller/result_texts.h"
 #include "controller/scan_screen_texts.h"
@@ -12,7 +13,6 @@
 #include "interface/result_screen.h"
 #include "interface/result_table.h"
 #include "interface/text_block.h"
-#include "scan/checked_trash.h"
 
 #include <QLabel>
 #include <utility>
@@ -29,26 +29,22 @@ constexpr int yes = 0;
 /// One run. Its parts live until it is over.
 class DeletionTask::Run final {
  public:
-    Run(std::shared_ptr<Modal> modal, Session& session, DeletionControl& control)
+    Run(std::shared_ptr<Modal> modal, std::unique_ptr<CleanUpRun> cleanUp, Session& session,
+        DeletionControl& control)
         : session_(session),
           modal_(std::move(modal)),
-          trash_(std::make_unique<CheckedTrash>(session.platform.fileSystem(),
-                                                session.platform.trash(),
-                                                CheckedTrash::WholeSets::goIfMarked)),
-          walk_(*modal_, *trash_, control,
-                [this](const Set& set, const DeletionWalk::Progress& progress) {
+          cleanUp_(std::move(cleanUp)),
+          walk_(*modal_, cleanUp_->cleanUp(), control,
+                [this](const Set&, const DeletionWalk::Progress& progress) {
                     indicator_ = progress.indicator;
-                    trash_->beginSet(set);
                 }) {}
 
     /// `over` is called on the run's thread, when the totals have been stored.
     void start(std::function<void()> over) {
         walk_.start([this, over = std::move(over)](const DeletionWalk::Progress& progress) {
             indicator_ = progress.indicator;
-            // What it knows of a large last set takes long to free: not on the main thread.
-            trash_.reset();
             moved_ = {progress.deletedCount, progress.deletedSize};
-            session_.addDeleted(moved_.deletedFilesCount, moved_.deletedFilesSize);
+            session_.finishCleanUp(*cleanUp_);
             over();
         });
     }
@@ -62,7 +58,7 @@ class DeletionTask::Run final {
  private:
     Session& session_;
     const std::shared_ptr<Modal> modal_;
-    std::unique_ptr<CheckedTrash> trash_;  // the walk's own, until it is over
+    const std::unique_ptr<CleanUpRun> cleanUp_;  // the walk's own, until it is over
     std::atomic<std::uint64_t> indicator_{0};
     RemovalResult moved_;
     DeletionWalk walk_;  // the last: it ends before what it uses
@@ -120,10 +116,19 @@ void DeletionTask::begin(bool unMarkAllEnabled) {
         case DeletionStart::run:
             break;
     }
+    CleanUp::Settings settings;
+    settings.wholeSets = CleanUp::WholeSets::goIfMarked;
+    auto opened = CleanUpRun::open(session_.platform, std::move(settings));
+    if (const auto* error = std::get_if<StoreError>(&opened)) {
+        information_.setInformationWindow(noCleanUpInformation(error->text));
+        return;
+    }
     setDeletionView();
     results_.tree.keepStill();
     results_.files.setSet(nullptr, 0);
-    run_ = std::make_unique<Run>(results_.modal, session_, control_);
+    run_ = std::make_unique<Run>(results_.modal,
+                                 std::get<std::unique_ptr<CleanUpRun>>(std::move(opened)), session_,
+                                 control_);
     run_->start([this] { Q_EMIT walkIsOver(); });
     redraw_.start();
 }

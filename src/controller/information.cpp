@@ -119,6 +119,10 @@ Information nothingToDeleteInformation() {
     return noticeWith(ResultTexts::nothingToDelete());
 }
 
+Information noCleanUpInformation(const std::string& reason) {
+    return noticeWith(ResultTexts::cleanUpNotBegun(), QString::fromStdString(reason));
+}
+
 Information deletionReport(const RemovalResult& moved) {
     return noticeWith(ResultTexts::duplicatesCleaned(moved.deletedFilesCount),
                       ResultTexts::spaceRegained(moved.deletedFilesSize));

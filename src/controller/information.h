@@ -7,6 +7,7 @@
 #include <QString>
 #include <cstdint>
 #include <optional>
+#include <string>
 
 namespace tarvin {
 
@@ -55,6 +56,8 @@ struct CategoryTotals {
 [[nodiscard]] Information allFilesOfSetInformation();
 /// When nothing is marked that could be moved to the Trash.
 [[nodiscard]] Information nothingToDeleteInformation();
+/// When moves could not be written down, for which the text says why.
+[[nodiscard]] Information noCleanUpInformation(const std::string& reason);
 /// What one run has moved, in files and bytes.
 [[nodiscard]] Information deletionReport(const RemovalResult& moved);
 /// `files` have been put on the list of exceptions, those that were on it already included.

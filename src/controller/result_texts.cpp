@@ -138,6 +138,10 @@ QString ResultTexts::nothingToDelete() {
     return tr("Please select any file to delete.");
 }
 
+QString ResultTexts::cleanUpNotBegun() {
+    return tr("The clean-up could not begin: its moves cannot be written down.");
+}
+
 QString ResultTexts::deleting() {
     return tr("Deleting files, please wait...");
 }

@@ -70,6 +70,8 @@ class ResultTexts final {
 
     /// When nothing is marked.
     [[nodiscard]] static QString nothingToDelete();
+    /// Followed by the reason, on a line of its own.
+    [[nodiscard]] static QString cleanUpNotBegun();
     /// While files are moved.
     [[nodiscard]] static QString deleting();
     [[nodiscard]] static QString stopDeletionQuestion();

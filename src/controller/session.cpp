@@ -11,8 +11,8 @@ void Session::loadDataFile() {
     static_cast<void>(exceptions.load());
 }
 
-void Session::addDeleted(std::uint64_t count, std::uint64_t size) {
-    static_cast<void>(data.addDeleted(count, size));
+void Session::finishCleanUp(CleanUpRun& cleanUp) {
+    static_cast<void>(cleanUp.finish(data));
 }
 
 void Session::addExceptions(const std::vector<std::string>& paths) {

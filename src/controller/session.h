@@ -1,5 +1,6 @@
 #pragma once
 
+#include "clean/clean_up_run.h"
 #include "platform/platform.h"
 #include "store/data_file.h"
 #include "store/exception_file.h"
@@ -43,8 +44,8 @@ struct Session {
 
     [[nodiscard]] std::int64_t alreadyDeletedCount() const { return data.alreadyDeletedCount(); }
     [[nodiscard]] std::uint64_t alreadyDeletedSize() const { return data.alreadyDeletedSize(); }
-    /// Adds what one run has moved. Any thread, while no other asks for totals.
-    void addDeleted(std::uint64_t count, std::uint64_t size);
+    /// Ends a clean-up and counts what it has moved. Any thread, while no other asks for totals.
+    void finishCleanUp(CleanUpRun& cleanUp);
 
     /// The files that no scan takes.
     [[nodiscard]] const std::vector<std::string>& exceptionArrayData() const {

@@ -84,7 +84,8 @@ CheckState Extensions::determineSelfState() {
     return touched > 0 && sets_.size() > touched ? CheckState::mixed : CheckState::off;
 }
 
-RemovalResult Extensions::removeSelectedFilesInSet(const std::shared_ptr<Set>& set, FileMover& mover) {
+RemovalResult Extensions::removeSelectedFilesInSet(const std::shared_ptr<Set>& set,
+                                                   FileMover& mover) {
     // The marked counters need no such care: determineSelfState sets them anew.
     total_ = lessened(total_, set->totalFilesInSet());
     totalSize_ = lessened(totalSize_, set->totalFilesInSetSize());

@@ -48,9 +48,9 @@ struct ComparedState {
     bool operator==(const ComparedState&) const = default;
 };
 
-/// One collected file. Made and owned by a FileStore; 56 bytes, because a scan holds millions. Paths
-/// and names are native bytes and need not be UTF-8. `state` and `index` change on the one thread
-/// that changes the result tree; everything else is fixed.
+/// One collected file. Made and owned by a FileStore; 56 bytes, because a scan holds millions.
+/// Paths and names are native bytes and need not be UTF-8. `state` and `index` change on the one
+/// thread that changes the result tree; everything else is fixed.
 class File final {
  public:
     /// `name` is not copied.

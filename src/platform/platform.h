@@ -3,8 +3,9 @@
 #include "platform/clock.h"
 #include "platform/file_system.h"
 #include "platform/running_copies.h"
-#include "platform/trash.h"
+#include "platform/trash_move.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -38,7 +39,8 @@ class Platform {
 
     virtual FileSystem& fileSystem() = 0;
     virtual Clock& clock() = 0;
-    virtual Trash& trash() = 0;
+    /// The user's Trash, for one clean-up.
+    virtual std::unique_ptr<TrashMover> makeTrashMover() = 0;
     /// This process is none of the copies until it joins them.
     virtual RunningCopies& runningCopies() = 0;
 

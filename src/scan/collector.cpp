@@ -46,7 +46,7 @@ struct Collector::OpenFolder {
     std::shared_ptr<TreeReader::Listing> listing;
     std::unique_ptr<TreeReader::Block> block;
     std::size_t nextEntry = 0;
-    std::vector<std::pair<const Directory*, std::shared_ptr<TreeReader::Listing>>> folders;
+    std::vector<std::pair<Directory*, std::shared_ptr<TreeReader::Listing>>> folders;
     std::size_t nextFolder = 0;  // in `folders`, which has one for each folder of the block
 };
 

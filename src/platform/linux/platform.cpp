@@ -27,7 +27,7 @@ class LinuxPlatform final : public Platform {
  public:
     FileSystem& fileSystem() override { return systemFileSystem(); }
     Clock& clock() override { return systemClock(); }
-    Trash& trash() override { return systemTrash(); }
+    std::unique_ptr<TrashMover> makeTrashMover() override { return tarvin::makeTrashMover(); }
     RunningCopies& runningCopies() override { return *runningCopies_; }
 
     std::vector<Volume> mountedVolumes() override {

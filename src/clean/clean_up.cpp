@@ -1,0 +1,149 @@
+#include "clean/clean_up.h"
+
+#include <cstdint>
+#include <string>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+/// Of the sets that are moved at a time; a few folders more than most trees repeat.
+constexpr std::size_t foldersAtOnce = 128;
+/// Any number that no clean-up has.
+constexpr std::uint64_t turnNumber = 0;
+
+PlannedMove planFor(const File& file) {
+    const ComparedState* const compared = file.compared();
+    return {file.filePath(), compared == nullptr ? 0 : compared->identity.inode, file.fileSize(),
+            file.fileModificationDate()};
+}
+
+}  // namespace
+
+/// The moves of one set.
+class CleanUp::Turn final : public SetMover {
+ public:
+    Turn(CleanUp& cleanUp, const Set& set)
+        : cleanUp_(cleanUp),
+          lock_(cleanUp.turns_.take(turnNumber, cleanUp.settings_.patience)),
+          moves_(cleanUp.tools_, set, cleanUp.settings_.wholeSets == WholeSets::goIfMarked) {}
+
+    bool move(const File& file) override {
+        const std::optional<MoveRow> row = cleanUp_.rowOf(file);
+        TrashPlace place;
+        MoveResult result;
+        if (!row) {
+            result = {MoveOutcome::refused, "it was not written down before"};
+        } else if (!lock_) {
+            result = {MoveOutcome::refused, lock_.error().text()};
+        } else {
+            result = moves_.move(file, place);
+        }
+        const bool moved = result.outcome == MoveOutcome::moved;
+        if (row) {
+            cleanUp_.record(*row, result, std::move(place));
+        }
+        if (cleanUp_.settings_.report) {
+            cleanUp_.settings_.report(file, result);
+        }
+        return moved;
+    }
+
+ private:
+    CleanUp& cleanUp_;
+    const Result<FileLock> lock_;
+    SetMove moves_;
+};
+
+CleanUp::CleanUp(FileSystem& fileSystem, TrashMover& trash, CleanUpJournal& journal,
+                 const LockFile& turns, Clock& clock, Settings settings)
+    : journal_(journal),
+      turns_(turns),
+      clock_(clock),
+      settings_(std::move(settings)),
+      folders_(fileSystem, settings_.foldersTrusted, foldersAtOnce),
+      tools_{fileSystem, trash, folders_, settings_.stopped, settings_.beforeStep} {}
+
+bool CleanUp::prepare(std::span<const std::shared_ptr<Set>> sets) {
+    std::vector<PlannedMove> moves;
+    planned_.clear();
+    nextPlanned_ = 0;
+    for (const std::shared_ptr<Set>& set : sets) {
+        for (const std::shared_ptr<File>& file : set->files()) {
+            if (file->state() != CheckState::off) {
+                planned_.push_back({file.get(), 0});
+                moves.push_back(planFor(*file));
+            }
+        }
+    }
+    if (!id_) {
+        auto begun = journal_.begin(clock_.now());
+        if (auto* error = std::get_if<StoreError>(&begun)) {
+            return keep(std::move(*error));
+        }
+        id_ = std::get<CleanUpId>(begun);
+    }
+    auto first = journal_.plan(*id_, moves);
+    if (auto* error = std::get_if<StoreError>(&first)) {
+        return keep(std::move(*error));
+    }
+    MoveRow row = std::get<MoveRow>(first);
+    for (Planned& planned : planned_) {
+        planned.row = row++;
+    }
+    return true;
+}
+
+std::unique_ptr<SetMover> CleanUp::begin(const Set& set) {
+    return std::make_unique<Turn>(*this, set);
+}
+
+std::optional<StoreError> CleanUp::finish() {
+    if (!id_) {
+        return failure_;
+    }
+    for (; nextPlanned_ < planned_.size(); ++nextPlanned_) {
+        record(planned_[nextPlanned_].row, {MoveOutcome::stopped, {}}, {});
+    }
+    static_cast<void>(keep(journal_.finish(*id_)));
+    return failure_;
+}
+
+/// False if there is one.
+bool CleanUp::keep(std::optional<StoreError> failure) {
+    if (failure && !failure_) {
+        failure_ = std::move(failure);
+    }
+    return !failure;
+}
+
+/// Files are asked for in the order in which they were planned.
+std::optional<MoveRow> CleanUp::rowOf(const File& file) {
+    for (std::size_t at = nextPlanned_; at < planned_.size(); ++at) {
+        if (planned_[at].file == &file && planned_[at].row != 0) {
+            nextPlanned_ = at + 1;
+            return planned_[at].row;
+        }
+    }
+    return std::nullopt;
+}
+
+/// What cannot be written is found out again at the next start.
+void CleanUp::record(MoveRow row, const MoveResult& result, TrashPlace place) {
+    RecordedOutcome outcome;
+    outcome.row = row;
+    if (result.outcome == MoveOutcome::moved) {
+        outcome.trashFolder = std::move(place.trash);
+        outcome.trashName = std::move(place.name);
+    } else {
+        outcome.state = MoveState::left;
+        outcome.reason = std::string(outcomeWord(result.outcome));
+        if (!result.reason.empty()) {
+            outcome.reason += ": " + result.reason;
+        }
+    }
+    static_cast<void>(keep(journal_.record({&outcome, 1})));
+}
+
+}  // namespace tarvin

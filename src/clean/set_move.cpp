@@ -1,0 +1,224 @@
+#include "clean/set_move.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <string>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+bool isMarked(const File& file) {
+    return file.state() != CheckState::off;
+}
+
+/// Whether something else than a refusal of the system is behind it.
+std::optional<MoveOutcome> outcomeOf(SystemError error) {
+    switch (error.code) {
+        case ENOENT:
+        case ENOTDIR:
+            return MoveOutcome::gone;
+        case ESTALE:
+        case ELOOP:
+            return MoveOutcome::changed;
+        default:
+            return std::nullopt;
+    }
+}
+
+MoveResult resultOf(SystemError error) {
+    const std::optional<MoveOutcome> outcome = outcomeOf(error);
+    return outcome ? MoveResult{*outcome, {}} : MoveResult{MoveOutcome::refused, error.text()};
+}
+
+}  // namespace
+
+SetMove::SetMove(const MoveTools& tools, const Set& set, bool mayTakeAll)
+    : tools_(tools), mayTakeAll_(mayTakeAll) {
+    for (const std::shared_ptr<File>& file : set.files()) {
+        files_.push_back(file.get());
+    }
+    const auto marked = std::stable_partition(files_.begin(), files_.end(),
+                                              [](const File* file) { return !isMarked(*file); });
+    mayTakeAll_ = mayTakeAll_ && marked == files_.begin() && standWhole();
+}
+
+MoveResult SetMove::move(const File& file, TrashPlace& place) {
+    if (tools_.stopped && tools_.stopped()) {
+        return {MoveOutcome::stopped, {}};
+    }
+    before(MoveStep::lookAtFile);
+    const Result<Seen> seen = look(file);
+    if (!seen) {
+        return resultOf(seen.error());
+    }
+    if (match(file, seen->attributes) == Match::different) {
+        return {MoveOutcome::changed, {}};
+    }
+    before(MoveStep::findSurvivor);
+    if (!mayTakeAll_ && !findSurvivor(file, *seen)) {
+        return {MoveOutcome::lastCopy, {}};
+    }
+    return moveSeen(file, *seen, place);
+}
+
+/// Relative to its open folder, so that a path of any length will do.
+Result<SetMove::Seen> SetMove::look(const File& file) {
+    const Result<std::shared_ptr<const OpenFolder>> folder = tools_.folders.open(*file.directory());
+    if (!folder) {
+        return folder.error();
+    }
+    Result<FileAttributes> now =
+        tools_.fileSystem.attributesAt((*folder)->descriptor, std::string(file.fileName()).c_str());
+    if (!now) {
+        return now.error();
+    }
+    return Seen{*folder, std::move(*now)};
+}
+
+SetMove::Match SetMove::match(const File& file, const FileAttributes& now) const {
+    if (now.type != EntryType::regular || now.size != file.fileSize() ||
+        now.modified != file.fileModificationDate()) {
+        return Match::different;
+    }
+    const ComparedState* const compared = file.compared();
+    if (compared == nullptr) {
+        return Match::otherChange;
+    }
+    if (now.identity != compared->identity) {
+        return Match::different;
+    }
+    const auto proven = proven_.find(&file);
+    const bool isProven = proven != proven_.end() && proven->second == now.changed;
+    return now.changed == compared->changed || isProven ? Match::asCompared : Match::otherChange;
+}
+
+/// Every file, as compared or equal to the first.
+bool SetMove::standWhole() {
+    const File* first = nullptr;
+    FileAttributes firstNow;
+    for (const File* const file : files_) {
+        const Result<Seen> seen = look(*file);
+        if (!seen) {
+            return false;
+        }
+        const Match match = this->match(*file, seen->attributes);
+        if (match == Match::different ||
+            (match == Match::otherChange &&
+             (first == nullptr || !proveEqual(*first, firstNow, *file, seen->attributes)))) {
+            return false;
+        }
+        if (first == nullptr) {
+            first = file;
+            firstNow = seen->attributes;
+        }
+    }
+    return true;
+}
+
+/// Begins with the one that was there the last time.
+std::optional<std::size_t> SetMove::findSurvivor(const File& file, const Seen& seen) {
+    for (std::size_t step = 0; step < files_.size(); ++step) {
+        const std::size_t number = (survivor_ + step) % files_.size();
+        if (files_[number] != &file && survives(*files_[number], file, seen)) {
+            survivor_ = number;
+            return number;
+        }
+    }
+    return std::nullopt;
+}
+
+/// Whether the content lives on in `other`: it is as compared, and not the same name on another
+/// way, as where a folder is shown at two places.
+bool SetMove::survives(const File& other, const File& file, const Seen& seen) {
+    const Result<Seen> now = look(other);
+    if (!now || match(other, now->attributes) == Match::different) {
+        return false;
+    }
+    if (now->attributes.identity == seen.attributes.identity) {
+        const bool sameName =
+            now->folder->identity == seen.folder->identity && other.fileName() == file.fileName();
+        if (now->attributes.linkCount < 2 || sameName) {
+            return false;
+        }
+    } else if ((match(other, now->attributes) == Match::otherChange ||
+                match(file, seen.attributes) == Match::otherChange) &&
+               !proveEqual(other, now->attributes, file, seen.attributes)) {
+        return false;
+    }
+    survivorSeen_ = now->attributes;
+    return true;
+}
+
+/// By their bytes. What is found equal to a file as compared needs not be read again as long as its
+/// dates stay.
+bool SetMove::proveEqual(const File& one, const FileAttributes& oneNow, const File& other,
+                         const FileAttributes& otherNow) {
+    if (!haveEqualContents(tools_.fileSystem, {one.filePath(), oneNow},
+                           {other.filePath(), otherNow}, tools_.stopped)) {
+        return false;
+    }
+    if (match(one, oneNow) == Match::asCompared && other.compared() != nullptr) {
+        proven_[&other] = otherNow.changed;
+    } else if (match(other, otherNow) == Match::asCompared && one.compared() != nullptr) {
+        proven_[&one] = oneNow.changed;
+    }
+    return true;
+}
+
+MoveResult SetMove::moveSeen(const File& file, const Seen& seen, TrashPlace& place) {
+    before(MoveStep::moveToTrash);
+    const std::string name(file.fileName());
+    Result<TrashPlace, TrashRefusal> moved =
+        tools_.trash.move(seen.folder->descriptor, seen.folder->path, name.c_str());
+    if (!moved) {
+        const TrashRefusal refusal = moved.error();
+        return refusal.kind == TrashRefusalKind::gone
+                   ? MoveResult{MoveOutcome::gone, {}}
+                   : MoveResult{MoveOutcome::refused, refusal.text};
+    }
+    place = std::move(*moved);
+    before(MoveStep::lookAgain);
+    const std::optional<MoveOutcome> failure = secondLook(file, seen, place);
+    return failure ? moveBack(file, seen, place, *failure) : MoveResult{MoveOutcome::moved, {}};
+}
+
+/// None if what arrived is what was looked at, and the content still stands elsewhere.
+std::optional<MoveOutcome> SetMove::secondLook(const File& file, const Seen& seen,
+                                               const TrashPlace& place) {
+    const Result<FileAttributes, TrashRefusal> arrived = tools_.trash.look(place);
+    if (!arrived || !isSameFile(seen.attributes, *arrived)) {
+        return MoveOutcome::changed;
+    }
+    if (mayTakeAll_ || stillStands(*files_[survivor_], *arrived) || findSurvivor(file, seen)) {
+        return std::nullopt;
+    }
+    return MoveOutcome::lastCopy;
+}
+
+/// Moving a file changes the date of change of its other names.
+bool SetMove::stillStands(const File& file, const FileAttributes& moved) {
+    const Result<Seen> now = look(file);
+    return now && isSameFile(survivorSeen_, now->attributes) &&
+           (now->attributes.identity == moved.identity ||
+            now->attributes.changed == survivorSeen_.changed);
+}
+
+/// Where that cannot be done, the file is in the Trash, whole, with its note.
+MoveResult SetMove::moveBack(const File& file, const Seen& seen, const TrashPlace& place,
+                             MoveOutcome outcome) {
+    before(MoveStep::moveBack);
+    const std::string name(file.fileName());
+    const std::optional<TrashRefusal> refusal =
+        tools_.trash.putBack(place, seen.folder->descriptor, name.c_str());
+    return refusal ? MoveResult{MoveOutcome::moved, refusal->text} : MoveResult{outcome, {}};
+}
+
+void SetMove::before(MoveStep step) const {
+    if (tools_.beforeStep) {
+        tools_.beforeStep(step);
+    }
+}
+
+}  // namespace tarvin
