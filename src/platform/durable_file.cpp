@@ -135,6 +135,25 @@ std::optional<SystemError> replaceFile(const std::string& path, std::string_view
     return std::nullopt;
 }
 
+std::optional<SystemError> makePrivateFile(const std::string& path) {
+    const Opened made(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                             S_IRUSR | S_IWUSR));
+    if (made) {
+        return std::nullopt;
+    }
+    struct stat status{};
+    if (errno != EEXIST || ::lstat(path.c_str(), &status) != 0) {
+        return lastError();
+    }
+    if (S_ISREG(status.st_mode)) {
+        return std::nullopt;
+    }
+    if (S_ISLNK(status.st_mode)) {
+        return SystemError{ELOOP};
+    }
+    return SystemError{S_ISDIR(status.st_mode) ? EISDIR : EPERM};
+}
+
 Result<std::string> putAside(const std::string& path, std::string_view suffix) {
     std::string aside = path + std::string(suffix);
     for (int number = 2; number < mostNamesTried; ++number) {

@@ -19,6 +19,11 @@ namespace tarvin {
 [[nodiscard]] std::optional<SystemError> replaceFile(const std::string& path,
                                                      std::string_view bytes);
 
+/// Makes an empty file that only the user can read and write, unless there is a regular file
+/// already. Fails with ELOOP where a link stands, with EISDIR where a folder does, with EPERM for
+/// anything else. A file that is there is not opened.
+[[nodiscard]] std::optional<SystemError> makePrivateFile(const std::string& path);
+
 /// Gives what stands at `path` the name with `suffix` behind, or with "-2", "-3"... behind that
 /// where the name is taken. Answers the new path. Never replaces anything.
 Result<std::string> putAside(const std::string& path, std::string_view suffix);
