@@ -20,6 +20,7 @@ buildPackages=(
     libheif-dev
     libopenjp2-7-dev
     libplist-dev
+    libsqlite3-dev
     libutf8proc-dev
     libxxhash-dev
     ninja-build

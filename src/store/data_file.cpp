@@ -13,12 +13,7 @@ namespace {
 constexpr const char* countKey = "deletedCount";
 constexpr const char* sizeKey = "deletedSize";
 
-struct Totals {
-    std::int64_t count = 0;
-    std::uint64_t size = 0;
-};
-
-Totals totalsOf(const PropertyList& list) {
+StoredTotals totalsOf(const PropertyList& list) {
     return {list.signedNumber(countKey).value_or(0), list.number(sizeKey).value_or(0)};
 }
 
@@ -34,7 +29,7 @@ std::uint64_t sumOf(std::uint64_t one, std::uint64_t other) {
     return other > most - one ? most : one + other;
 }
 
-void setTotals(PropertyList& list, const Totals& totals) {
+void setTotals(PropertyList& list, const StoredTotals& totals) {
     list.setSignedNumber(countKey, totals.count);
     list.setNumber(sizeKey, totals.size);
 }
@@ -63,14 +58,37 @@ std::variant<PropertyList, StoreError> readData(const std::string& path) {
     return read;
 }
 
+/// A list to write the totals into, and what they are in it.
+struct OpenedData {
+    PropertyList list;
+    StoredTotals totals;
+    bool isStored = false;  ///< the file says so
+    std::string aside;      ///< the new path of a file of no use; empty if there was none
+};
+
+/// What the file holds, or a new list with the totals that are known. The folder is locked.
+std::variant<OpenedData, StoreError> openData(const std::string& path, const StoredTotals& known) {
+    auto read = readData(path);
+    if (auto* list = std::get_if<PropertyList>(&read)) {
+        const StoredTotals totals = totalsOf(*list);
+        return OpenedData{std::move(*list), totals, true, {}};
+    }
+    auto aside = putUnusableAside(std::get<StoreError>(read));
+    if (auto* failure = std::get_if<StoreError>(&aside)) {
+        return std::move(*failure);
+    }
+    auto& newPath = std::get<std::string>(aside);
+    PropertyList list = newPath.empty() ? defaultList() : PropertyList::dictionary();
+    return OpenedData{std::move(list), known, false, std::move(newPath)};
+}
+
 }  // namespace
 
 DataFile::DataFile(std::optional<std::string> folder)
     : folder_(std::move(folder)), dataPath_(folder_ ? *folder_ + "/data.plist" : std::string()) {}
 
 std::optional<StoreError> DataFile::loadDataFile() {
-    count_ = 0;
-    size_ = 0;
+    remember({});
     if (!folder_) {
         return std::nullopt;
     }
@@ -82,10 +100,13 @@ std::optional<StoreError> DataFile::loadDataFile() {
         makeFirst();
         return std::nullopt;
     }
-    const Totals totals = totalsOf(std::get<PropertyList>(read));
-    count_ = totals.count;
-    size_ = totals.size;
+    remember(totalsOf(std::get<PropertyList>(read)));
     return std::nullopt;
+}
+
+void DataFile::remember(const StoredTotals& totals) {
+    known_ = totals;
+    showInMemory(totals);
 }
 
 /// A failure costs nothing: the file is made when there is something to write.
@@ -105,35 +126,67 @@ void DataFile::makeFirst() const {
 
 std::optional<StoreError> DataFile::addDeleted(std::uint64_t count, std::uint64_t size) {
     putAside_.clear();
-    const std::int64_t oldCount = std::exchange(count_, sumOf(count_, count));
-    const std::uint64_t oldSize = std::exchange(size_, sumOf(size_, size));
-    return folder_ ? store(count, size, oldCount, oldSize) : std::nullopt;
+    const StoredTotals old = known_;
+    known_ = {sumOf(known_.count, count), sumOf(known_.size, size)};
+    showInMemory({sumOf(count_, count), sumOf(size_, size)});
+    return folder_ ? store(count, size, old) : std::nullopt;
 }
 
 /// The old totals stand in for those of a file that has gone meanwhile.
 std::optional<StoreError> DataFile::store(std::uint64_t count, std::uint64_t size,
-                                          std::int64_t oldCount, std::uint64_t oldSize) {
+                                          const StoredTotals& old) {
     // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
     const Result<FolderLock> lock = FolderLock::take(*folder_);
     if (!lock) {
         // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
         return storeErrorOf(*folder_, lock.error());
     }
-    auto read = readData(dataPath_);
-    Totals old{oldCount, oldSize};
-    if (const auto* error = std::get_if<StoreError>(&read)) {
-        auto aside = putUnusableAside(*error);
-        if (auto* failure = std::get_if<StoreError>(&aside)) {
-            return std::move(*failure);
-        }
-        putAside_ = std::get<std::string>(std::move(aside));
-        read = putAside_.empty() ? defaultList() : PropertyList::dictionary();
-    } else {
-        old = totalsOf(std::get<PropertyList>(read));
+    auto opened = openData(dataPath_, old);
+    if (auto* error = std::get_if<StoreError>(&opened)) {
+        return std::move(*error);
     }
-    auto& list = std::get<PropertyList>(read);
-    setTotals(list, {sumOf(old.count, count), sumOf(old.size, size)});
-    return writeStoredList(dataPath_, list);
+    auto& data = std::get<OpenedData>(opened);
+    putAside_ = std::move(data.aside);
+    setTotals(data.list, {sumOf(data.totals.count, count), sumOf(data.totals.size, size)});
+    return writeStoredList(dataPath_, data.list);
+}
+
+std::variant<LockedTotals, StoreError> DataFile::lock() {
+    putAside_.clear();
+    if (!folder_) {
+        remember(known_);
+        return LockedTotals(*this, std::nullopt, PropertyList::dictionary(), known_);
+    }
+    Result<FolderLock> folderLock = FolderLock::take(*folder_);
+    if (!folderLock) {
+        return storeErrorOf(*folder_, folderLock.error());
+    }
+    auto opened = openData(dataPath_, known_);
+    if (auto* error = std::get_if<StoreError>(&opened)) {
+        return std::move(*error);
+    }
+    auto& data = std::get<OpenedData>(opened);
+    putAside_ = std::move(data.aside);
+    LockedTotals totals(*this, std::move(*folderLock), std::move(data.list), data.totals);
+    if (data.isStored) {
+        remember(data.totals);
+    } else if (auto error = totals.store(data.totals)) {
+        return std::move(*error);
+    }
+    return totals;
+}
+
+std::optional<StoreError> LockedTotals::store(const StoredTotals& totals) {
+    if (lock_) {
+        setTotals(list_, totals);
+        if (auto error = writeStoredList(owner_->dataPath_, list_)) {
+            setTotals(list_, stored_);
+            return error;
+        }
+    }
+    stored_ = totals;
+    owner_->remember(totals);
+    return std::nullopt;
 }
 
 }  // namespace tarvin

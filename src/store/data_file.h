@@ -1,12 +1,47 @@
 #pragma once
 
+#include "platform/durable_file.h"
+#include "store/property_list.h"
 #include "store/store_error.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <variant>
 
 namespace tarvin {
+
+/// Lifetime totals of moved files.
+struct StoredTotals {
+    std::int64_t count = 0;
+    std::uint64_t size = 0;  ///< bytes
+
+    bool operator==(const StoredTotals&) const = default;
+};
+
+class DataFile;
+
+/// The totals of a data file while its folder is locked: what is stored cannot change by others
+/// between a look and a change. Ends the lock on destruction; the DataFile must outlive it.
+class LockedTotals final {
+ public:
+    [[nodiscard]] const StoredTotals& stored() const { return stored_; }
+
+    /// Replaces the totals, durably, in the file and in the DataFile's memory. After a failure the
+    /// file is as it was, and so is memory.
+    [[nodiscard]] std::optional<StoreError> store(const StoredTotals& totals);
+
+ private:
+    friend class DataFile;
+    LockedTotals(DataFile& owner, std::optional<FolderLock> lock, PropertyList list,
+                 const StoredTotals& stored)
+        : owner_(&owner), lock_(std::move(lock)), list_(std::move(list)), stored_(stored) {}
+
+    DataFile* owner_;
+    std::optional<FolderLock> lock_;  // nullopt without a folder
+    PropertyList list_;               // what is stored under other keys is kept
+    StoredTotals stored_;
+};
 
 /// The lifetime totals of moved files, kept in "data.plist": an XML property list whose root is a
 /// dictionary of whole numbers, "deletedCount", "deletedSize" (bytes), and "matchingLevel" (5) and
@@ -36,21 +71,40 @@ class DataFile final {
     /// the answer says why not.
     std::optional<StoreError> addDeleted(std::uint64_t count, std::uint64_t size);
 
-    /// The path that the last addDeleted() gave a file of no use; empty if there was none.
+    /// Locks the folder and reads the file, for a change in several steps. A file that is missing
+    /// is made and one that cannot be used put aside, as by addDeleted(), and both say the totals
+    /// in memory then. In memory the totals are those of the file from now on.
+    std::variant<LockedTotals, StoreError> lock();
+
+    /// Has memory say more (or less) than what is stored, where that could not be written; until
+    /// lock() succeeds. Does not add up with earlier calls.
+    void showInMemory(const StoredTotals& totals) {
+        count_ = totals.count;
+        size_ = totals.size;
+    }
+    /// What memory said before showInMemory().
+    [[nodiscard]] const StoredTotals& known() const { return known_; }
+
+    /// The path that the last addDeleted() or lock() gave a file of no use; empty if there was
+    /// none.
     [[nodiscard]] const std::string& putAside() const { return putAside_; }
 
     /// Empty without a folder.
     [[nodiscard]] const std::string& dataPath() const { return dataPath_; }
 
  private:
+    friend class LockedTotals;
+
     [[nodiscard]] std::optional<StoreError> store(std::uint64_t count, std::uint64_t size,
-                                                  std::int64_t oldCount, std::uint64_t oldSize);
+                                                  const StoredTotals& old);
+    void remember(const StoredTotals& totals);
     void makeFirst() const;
 
     const std::optional<std::string> folder_;
     const std::string dataPath_;
     std::int64_t count_ = 0;
     std::uint64_t size_ = 0;
+    StoredTotals known_;  // those of the file, as far as we know
     std::string putAside_;
 };
 

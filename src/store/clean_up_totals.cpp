@@ -1,0 +1,140 @@
+#include "store/clean_up_totals.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace tarvin {
+
+namespace {
+
+/// The old count and `more`; ends at the largest number.
+std::int64_t raised(std::int64_t old, std::uint64_t more) {
+    // Without a sign, what is left up to the largest number fits for a number below zero, too.
+    const std::uint64_t room =
+        static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) -
+        static_cast<std::uint64_t>(old);
+    return more > room ? std::numeric_limits<std::int64_t>::max()
+                       : static_cast<std::int64_t>(static_cast<std::uint64_t>(old) + more);
+}
+
+std::uint64_t raised(std::uint64_t old, std::uint64_t more) {
+    const std::uint64_t room = std::numeric_limits<std::uint64_t>::max() - old;
+    return old + std::min(more, room);
+}
+
+/// The old count without `less`, but not below 0. A count that is below 0 stays.
+std::int64_t lowered(std::int64_t old, std::uint64_t less) {
+    if (old <= 0) {
+        return old;
+    }
+    const auto count = static_cast<std::uint64_t>(old);
+    return static_cast<std::int64_t>(count - std::min(count, less));
+}
+
+std::uint64_t lowered(std::uint64_t old, std::uint64_t less) {
+    return old - std::min(old, less);
+}
+
+template <typename Number>
+Number moved(Number total, std::uint64_t from, std::uint64_t to) {
+    return to >= from ? raised(total, to - from) : lowered(total, from - to);
+}
+
+StoredTotals afterChange(const StoredTotals& before, const TotalsOfCleanUp& change) {
+    return {moved(before.count, change.countedFiles, change.files),
+            moved(before.size, change.countedBytes, change.bytes)};
+}
+
+/// Has memory say what the file cannot.
+void showUnstored(DataFile& data, CleanUpJournal& journal) {
+    const auto read = journal.uncounted();
+    const auto* changes = std::get_if<std::vector<TotalsOfCleanUp>>(&read);
+    if (changes == nullptr) {
+        return;
+    }
+    StoredTotals totals = data.known();
+    for (const TotalsOfCleanUp& change : *changes) {
+        totals = afterChange(totals, change);
+    }
+    data.showInMemory(totals);
+}
+
+/// Ends the change that a process has begun and not ended.
+std::optional<StoreError> endIntent(const LockedTotals& totals, CleanUpJournal& journal,
+                                    const std::function<void()>& betweenSteps) {
+    const auto read = journal.totalsIntent();
+    if (const auto* error = std::get_if<StoreError>(&read)) {
+        return *error;
+    }
+    const auto& intent = std::get<std::optional<TotalsIntent>>(read);
+    if (!intent) {
+        return std::nullopt;
+    }
+    betweenSteps();
+    // Totals that are neither the old nor the new ones were changed by somebody since, most likely
+    // on top of ours.
+    return journal.clearTotalsIntent(totals.stored() != intent->before);
+}
+
+std::optional<StoreError> countCleanUp(LockedTotals& totals, CleanUpJournal& journal,
+                                       const TotalsOfCleanUp& change,
+                                       const std::function<void()>& betweenSteps) {
+    const StoredTotals before = totals.stored();
+    const StoredTotals after = afterChange(before, change);
+    betweenSteps();
+    if (after == before) {
+        // At one of their ends. A look at the file could not tell whether the change was made.
+        return journal.setCounted(change);
+    }
+    if (auto error = journal.setTotalsIntent({change, before, after})) {
+        return error;
+    }
+    betweenSteps();
+    if (auto error = totals.store(after)) {
+        // If the intent stays, the next call finds the old totals.
+        static_cast<void>(journal.clearTotalsIntent(false));
+        return error;
+    }
+    betweenSteps();
+    return journal.clearTotalsIntent(true);
+}
+
+std::optional<StoreError> settleLocked(LockedTotals& totals, CleanUpJournal& journal,
+                                       const std::function<void()>& betweenSteps) {
+    if (auto error = endIntent(totals, journal, betweenSteps)) {
+        return error;
+    }
+    const auto read = journal.uncounted();
+    if (const auto* error = std::get_if<StoreError>(&read)) {
+        return *error;
+    }
+    for (const TotalsOfCleanUp& change : std::get<std::vector<TotalsOfCleanUp>>(read)) {
+        if (auto error = countCleanUp(totals, journal, change, betweenSteps)) {
+            return error;
+        }
+    }
+    betweenSteps();
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<StoreError> settleTotals(DataFile& data, CleanUpJournal& journal,
+                                       const std::function<void()>& betweenSteps) {
+    auto locked = data.lock();
+    std::optional<StoreError> error;
+    if (auto* refused = std::get_if<StoreError>(&locked)) {
+        error = std::move(*refused);
+    } else {
+        error = settleLocked(std::get<LockedTotals>(locked), journal, betweenSteps);
+    }
+    if (error) {
+        showUnstored(data, journal);
+    }
+    return error;
+}
+
+}  // namespace tarvin
