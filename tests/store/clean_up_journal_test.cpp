@@ -373,7 +373,7 @@ TEST_F(CleanUpJournalTest, AFinishedCleanUpIsClaimedByOneProcess) {
     EXPECT_FALSE(one.claim(id));
     EXPECT_FALSE(one.claim(id));
     ASSERT_TRUE(other.claim(id));
-    EXPECT_EQ(other.claim(id)->text, "Device or resource busy");
+    EXPECT_EQ(other.claim(id)->text, "in use by another process");
     one.release(id);
     EXPECT_FALSE(other.claim(id));
 }
@@ -868,7 +868,7 @@ TEST_F(CleanUpJournalTest, ThatIsOpenIsNotPutAside) {
     {
         CleanUpJournal journal = opened();
         const StoreError error = errorOf(CleanUpJournal::putAside(own_));
-        EXPECT_EQ(error.text, "Device or resource busy");
+        EXPECT_EQ(error.text, "in use by another process");
         EXPECT_EQ(error.kind, Kind::passing);
         oneMove(journal);
     }

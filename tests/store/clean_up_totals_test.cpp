@@ -327,6 +327,17 @@ TEST_F(CleanUpTotalsTest, PutADataFileOfNoUseAside) {
     EXPECT_EQ(stored(), (StoredTotals{1, 10}));
 }
 
+TEST_F(CleanUpTotalsTest, WithNothingToCountLeaveADataFileOfNoUseAlone) {
+    CleanUpJournal journal = opened();
+    DataFile data(own_);
+    EXPECT_FALSE(settleTotals(data, journal));
+    EXPECT_FALSE(std::filesystem::exists(data_));
+    folder_.writeFile("own/data.plist", "damaged");
+    EXPECT_FALSE(settleTotals(data, journal));
+    EXPECT_EQ(contentOf(data_), "damaged");
+    EXPECT_EQ(data.putAside(), "");
+}
+
 TEST_F(CleanUpTotalsTest, OfADataFileThatHasGoneGoOnFromWhatIsKnown) {
     CleanUpJournal journal = opened();
     write("3", "500");
