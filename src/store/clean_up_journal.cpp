@@ -103,6 +103,13 @@ StoreError passingError(const std::string& path, SystemError reason) {
     return {path, reason.text(), StoreError::Kind::passing};
 }
 
+StoreError lockError(const LockFile& locks, SystemError reason) {
+    if (reason.code == EBUSY) {
+        return {locks.path(), "in use by another process", StoreError::Kind::passing};
+    }
+    return passingError(locks.path(), reason);
+}
+
 CleanUpId cleanUpOf(MoveRow row) {
     return row >> rowBits;
 }
@@ -299,7 +306,7 @@ StoreResult<CleanUpJournal> CleanUpJournal::open(const std::string& folder,
     LockFile locks(real.native() + journalLockName);
     Result<FileLock> presence = locks.tryTake(presenceLock, LockSharing::shared);
     if (!presence) {
-        return passingError(locks.path(), presence.error());
+        return lockError(locks, presence.error());
     }
     if (const auto failure = makePrivateFile(path)) {
         StoreError error = storeErrorOf(path, *failure);
@@ -325,7 +332,7 @@ StoreResult<std::string> CleanUpJournal::putAside(const std::string& folder) {
     const LockFile locks(folder + journalLockName);
     const Result<FileLock> alone = locks.tryTake(presenceLock);
     if (!alone) {
-        return passingError(locks.path(), alone.error());
+        return lockError(locks, alone.error());
     }
     const std::string path = folder + journalName;
     // First, and even if the other one fails: a new journal must never find the old one's.
@@ -389,7 +396,7 @@ StoreResult<CleanUpId> CleanUpJournal::begin(Timestamp now) {
         lock = locks_.tryTake(static_cast<std::uint64_t>(id));
     }
     if (!lock) {
-        database_->fail(passingError(locks_.path(), lock.error()));
+        database_->fail(lockError(locks_, lock.error()));
     }
     if (id >= rowsOfCleanUp / 2) {
         database_->failDamaged();  // nobody has cleaned up so often
@@ -581,7 +588,7 @@ std::optional<StoreError> CleanUpJournal::claim(CleanUpId id) {
     }
     Result<FileLock> lock = locks_.tryTake(static_cast<std::uint64_t>(id));
     if (!lock) {
-        return passingError(locks_.path(), lock.error());
+        return lockError(locks_, lock.error());
     }
     held_.emplace(id, std::move(*lock));
     return std::nullopt;
@@ -606,7 +613,7 @@ StoreResult<std::vector<CleanUpSummary>> CleanUpJournal::crashed() {
         if (lock) {
             taken.emplace(candidate.id, std::move(*lock));
         } else if (lock.error().code != EBUSY) {
-            return passingError(locks_.path(), lock.error());
+            return lockError(locks_, lock.error());
         }
     }
     // Their processes may have gone on, and to the end, between the reading and the locks.

@@ -175,8 +175,8 @@ class CleanUpJournal final {
     /// its moves should have an outcome. On failure the lock stays.
     [[nodiscard]] std::optional<StoreError> finish(CleanUpId id);
 
-    /// Takes the lock of any clean-up, so that this process alone puts back what it moved. EBUSY's
-    /// text if another one has it. True if it is held here already.
+    /// Takes the lock of any clean-up, so that this process alone puts back what it moved; "in use
+    /// by another process" if another one has it. Does nothing if it is held here already.
     [[nodiscard]] std::optional<StoreError> claim(CleanUpId id);
     /// Gives back the lock of a clean-up, finished or not, if it is held here.
     void release(CleanUpId id);

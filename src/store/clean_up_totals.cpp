@@ -62,6 +62,15 @@ void showUnstored(DataFile& data, CleanUpJournal& journal) {
     data.showInMemory(totals);
 }
 
+/// False also if the journal cannot be read, which then says why.
+bool hasNothingToSettle(CleanUpJournal& journal) {
+    const auto intent = journal.totalsIntent();
+    const auto* none = std::get_if<std::optional<TotalsIntent>>(&intent);
+    const auto changes = journal.uncounted();
+    const auto* empty = std::get_if<std::vector<TotalsOfCleanUp>>(&changes);
+    return none != nullptr && !none->has_value() && empty != nullptr && empty->empty();
+}
+
 /// Ends the change that a process has begun and not ended.
 std::optional<StoreError> endIntent(const LockedTotals& totals, CleanUpJournal& journal,
                                     const std::function<void()>& betweenSteps) {
@@ -124,6 +133,11 @@ std::optional<StoreError> settleLocked(LockedTotals& totals, CleanUpJournal& jou
 
 std::optional<StoreError> settleTotals(DataFile& data, CleanUpJournal& journal,
                                        const std::function<void()>& betweenSteps) {
+    if (hasNothingToSettle(journal)) {
+        // What another process has settled for this one.
+        data.refresh();
+        return std::nullopt;
+    }
     auto locked = data.lock();
     std::optional<StoreError> error;
     if (auto* refused = std::get_if<StoreError>(&locked)) {

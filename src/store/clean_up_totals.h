@@ -13,7 +13,7 @@ namespace tarvin {
 /// moved, and no longer after it was put back, whichever process dies at whatever moment of a
 /// clean-up or of this function. Totals never fall below 0 by it. Any number of processes may call
 /// it; each settles the clean-ups of all. To be called after a clean-up, after putting back and at
-/// the start.
+/// the start. Where there is nothing to settle, the data file is read and nothing is written.
 ///
 /// In memory the totals are those that were stored. Where they could not be stored, they are what
 /// would have been, and the journal keeps what is missing for the next call. The first failure is

@@ -151,6 +151,15 @@ std::optional<StoreError> DataFile::store(std::uint64_t count, std::uint64_t siz
     return writeStoredList(dataPath_, data.list);
 }
 
+void DataFile::refresh() {
+    if (folder_) {
+        const auto read = readData(dataPath_);
+        if (const auto* list = std::get_if<PropertyList>(&read)) {
+            remember(totalsOf(*list));
+        }
+    }
+}
+
 std::variant<LockedTotals, StoreError> DataFile::lock() {
     putAside_.clear();
     if (!folder_) {

@@ -71,6 +71,9 @@ class DataFile final {
     /// the answer says why not.
     std::optional<StoreError> addDeleted(std::uint64_t count, std::uint64_t size);
 
+    /// Has memory say what the file says; does nothing if it cannot be read.
+    void refresh();
+
     /// Locks the folder and reads the file, for a change in several steps. A file that is missing
     /// is made and one that cannot be used put aside, as by addDeleted(), and both say the totals
     /// in memory then. In memory the totals are those of the file from now on.

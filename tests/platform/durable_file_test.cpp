@@ -112,6 +112,34 @@ TEST_F(DurableFile, InAMissingFolderIsAFailure) {
     EXPECT_EQ(failure->code, ENOENT);
 }
 
+TEST_F(DurableFile, ThatIsPrivateIsMadeForTheUserAlone) {
+    const mode_t old = ::umask(0);
+    EXPECT_FALSE(makePrivateFile(path_));
+    ::umask(old);
+    EXPECT_EQ(std::filesystem::status(path_).permissions(), std::filesystem::perms(0600));
+    EXPECT_EQ(std::filesystem::file_size(path_), 0U);
+}
+
+TEST_F(DurableFile, ThatIsPrivateIsLeftAsItIsWhereThereIsOne) {
+    folder_.writeFile("data.plist", "old");
+    EXPECT_FALSE(makePrivateFile(path_));
+    EXPECT_EQ(contentOf(path_), "old");
+}
+
+TEST_F(DurableFile, ThatIsPrivateTakesThePlaceOfNothingElse) {
+    folder_.makeLink("link", folder_.pathOf("missing"));
+    folder_.makeFolder("folder");
+    ASSERT_EQ(::mkfifo(folder_.pathOf("pipe").c_str(), 0600), 0);
+    const auto codeOf = [this](const char* name) {
+        return makePrivateFile(folder_.pathOf(name)).value_or(SystemError{0}).code;
+    };
+    EXPECT_EQ(codeOf("link"), ELOOP);
+    EXPECT_EQ(codeOf("folder"), EISDIR);
+    EXPECT_EQ(codeOf("pipe"), EPERM);
+    EXPECT_EQ(codeOf("none/file"), ENOENT);
+    EXPECT_FALSE(std::filesystem::exists(folder_.pathOf("missing")));
+}
+
 TEST_F(DurableFile, IsPutAsideUnderTheFirstFreeName) {
     for (const char* content : {"one", "two", "three"}) {
         folder_.writeFile("data.plist", content);
