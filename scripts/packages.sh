@@ -68,6 +68,7 @@ testPackages=(
     openbox
     python3
     shellcheck
+    trash-cli
     x11-utils
     xdotool
     xvfb
