@@ -8,16 +8,18 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <string>
+#include <system_error>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 namespace tarvin {
@@ -237,7 +239,7 @@ TEST_F(HomeTrash, NotesThePlaceThatTheFolderIsAtWhereItsPathIsNone) {
     }
 }
 
-TEST_F(HomeTrash, IsOneOfTheUser) {
+TEST_F(HomeTrash, IsRefusedWhereThereIsNoHome) {
     const std::string path = folder_.writeFile("a", "bytes");
     mover_ = makeTrashMover({std::nullopt, 0}, {calls_, clock_, mountTable_});
     const TrashRefusal refusal = expectRefused(path);
