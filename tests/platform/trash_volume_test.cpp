@@ -363,7 +363,9 @@ TEST_F(VolumeTrash, GivesNothingBackFromASharedOneWithoutStickyBit) {
         ASSERT_TRUE(moved.ok());
         ::chmod(path(".Trash").c_str(), 0777);
         mover_ = newMover();
-        EXPECT_EQ(mover_->look(*moved).error().kind, TrashRefusalKind::notPrivate);
+        const auto looked = mover_->look(*moved);
+        ASSERT_FALSE(looked.ok());
+        EXPECT_EQ(looked.error().kind, TrashRefusalKind::notPrivate);
     }
 }
 
