@@ -69,6 +69,7 @@ testPackages=(
     openbox
     python3
     shellcheck
+    trash-cli
     x11-utils
     xdotool
     xvfb

@@ -128,6 +128,17 @@ TEST(MountTable, IsReadFromAFile) {
     EXPECT_EQ(entries->size(), 1u);
 }
 
+TEST(MountTable, FindsAMountByItsWholeNumber) {
+    const TemporaryFolder folder;
+    const std::string path = folder.writeFile("mountinfo",
+                                              "36 1 8:1 / /a rw - ext4 /dev/sda1 rw\n"
+                                              "3 36 8:2 / /b\\040c rw - vfat /dev/sda2 rw\n");
+    EXPECT_EQ(findMount(3, path), (MountEntry{makedev(8, 2), "/b c", "vfat", "/dev/sda2"}));
+    EXPECT_EQ(findMount(36, path)->mountPoint, "/a");
+    EXPECT_EQ(findMount(1, path), std::nullopt);
+    EXPECT_EQ(findMount(3, folder.pathOf("missing")), std::nullopt);
+}
+
 TEST(MountTable, ThatCannotBeReadIsNone) {
     const TemporaryFolder folder;
     EXPECT_FALSE(readMountInfo(folder.pathOf("missing")));

@@ -6,14 +6,20 @@
 #include "support/fake_platform.h"
 #include "support/faulty_trash_calls.h"
 #include "support/file_content.h"
+#include "support/loop_volume.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstddef>
+#include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -31,14 +37,31 @@ inline std::size_t entriesIn(const std::string& folder) {
     return count;
 }
 
+/// The local time of a test's own, for its time.
+class TimeZone final {
+ public:
+    explicit TimeZone(const char* rule) {
+        ::setenv("TZ", rule, 1);  // NOLINT(concurrency-mt-unsafe)
+        ::tzset();                // NOLINT(concurrency-mt-unsafe)
+    }
+    TimeZone(const TimeZone&) = delete;
+    TimeZone& operator=(const TimeZone&) = delete;
+    ~TimeZone() {
+        ::unsetenv("TZ");  // NOLINT(concurrency-mt-unsafe)
+        ::tzset();         // NOLINT(concurrency-mt-unsafe)
+    }
+};
+
 /// Files and a home Trash of the test's own, on one file system. The clock stands still until the
 /// test moves it.
 class TrashFixture : public ::testing::Test {
  protected:
+    /// `parent` is the folder that the test's own is made in.
+    explicit TrashFixture(
+        const std::filesystem::path& parent = std::filesystem::temp_directory_path())
+        : folder_(parent) {}
+
     [[nodiscard]] std::string trash() const { return folder_.pathOf("home/data/Trash"); }
-    [[nodiscard]] std::string filesIn(const std::string& trash, const std::string& name) const {
-        return trash + "/files/" + name;
-    }
     [[nodiscard]] std::string trashed(const std::string& name) const {
         return trash() + "/files/" + name;
     }
@@ -67,6 +90,14 @@ class TrashFixture : public ::testing::Test {
         return mover_->putBack(place, *folder, file.filename().c_str());
     }
 
+    /// Whether the test has a volume of its own: asks for it, which the machine may not allow.
+    bool hasVolume() {
+        if (!volume_) {
+            volume_.emplace();
+        }
+        return static_cast<bool>(*volume_);
+    }
+
     /// What follows happens later than the Trash is trusted unseen.
     void letASecondPass() { clock_.advance(std::chrono::milliseconds(1'001)); }
 
@@ -88,6 +119,8 @@ class TrashFixture : public ::testing::Test {
     FaultyTrashCalls calls_;
     FakeClock clock_;
     std::string mountTable_ = "/proc/self/mountinfo";
+    /// None unless the test needs one. A mover keeps it from being unmounted, so it comes first.
+    std::optional<LoopVolume> volume_;
     std::unique_ptr<TrashMover> mover_ = newMover();
 };
 

@@ -32,6 +32,8 @@ class FaultyTrashCalls final : public TrashCalls {
  public:
     /// From now on every call of this kind fails, until `heal`.
     void fail(TrashCall call, int code) { failing_[call] = code; }
+    /// The next call of this kind fails, and no other.
+    void failNext(TrashCall call, int code) { failingNext_[call] = code; }
     /// The call of this number, from 0, of all that follow fails; those behind it do not.
     void failOnce(std::size_t number, int code) {
         failingNumber_ = made_ + number;
@@ -136,11 +138,15 @@ class FaultyTrashCalls final : public TrashCalls {
             hasFailed_ = true;
             return failingCode_;
         }
+        if (const auto next = failingNext_.extract(call)) {
+            return next.mapped();
+        }
         const auto found = failing_.find(call);
         return found == failing_.end() ? 0 : found->second;
     }
 
     std::map<TrashCall, int> failing_;
+    std::map<TrashCall, int> failingNext_;
     std::map<TrashCall, std::size_t> counts_;
     std::set<int> notes_;
     std::size_t made_ = 0;

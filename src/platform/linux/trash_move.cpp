@@ -8,13 +8,20 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <climits>
+#include <cstddef>
 #include <ctime>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
+#include <vector>
 
 namespace tarvin {
 
@@ -73,8 +80,8 @@ std::string dateText(std::time_t seconds) {
 
 class LinuxTrashMover final : public TrashMover {
  public:
-    LinuxTrashMover(TrashUser user, const TrashSurroundings& around)
-        : user_(std::move(user)), around_(around) {}
+    LinuxTrashMover(TrashUser user, TrashSurroundings around)
+        : user_(std::move(user)), around_(std::move(around)) {}
 
     Result<TrashPlace, TrashRefusal> move(const Descriptor& folder, const std::string& folderPath,
                                           const char* name) override;
@@ -106,8 +113,10 @@ class LinuxTrashMover final : public TrashMover {
     Held* held(const Condition& condition);
     Held* hold(Held trash);
     void forgetChanged();
-    Result<std::string, TrashRefusal> pathForNote(const Held& trash, const Descriptor& folder,
-                                                  const std::string& folderPath, const char* name);
+    static Result<std::string, TrashRefusal> pathForNote(const Held& trash,
+                                                         const Descriptor& folder,
+                                                         const std::string& folderPath,
+                                                         const char* name);
     const std::string& date();
     [[nodiscard]] bool isRecent(Time looked) const {
         return around_.clock.steadyNow() - looked < lookingAgain;
@@ -186,7 +195,7 @@ Result<std::uint64_t, TrashRefusal> LinuxTrashMover::homeDevice() {
 }
 
 Result<LinuxTrashMover::Held*, TrashRefusal> LinuxTrashMover::homeTrash() {
-    const std::string& path = *user_.homeTrash;
+    const std::string path = user_.homeTrash.value_or("");
     Held* const known = held([&](const Held& each) { return each.folder.path() == path; });
     if (known != nullptr) {
         return known;
