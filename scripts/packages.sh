@@ -152,7 +152,8 @@ ensurePackages() {
     install=("${asRoot[@]}" apt-get -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300
         "${install[@]:1}")
     if inLog "$log" "${asRoot[@]}" apt-get -q -o Acquire::Retries=3 update; then
-        amount=$("${install[@]}" --assume-no "${missing[@]}" </dev/null 2>/dev/null |
+        # Told "no", apt-get fails.
+        amount=$({ "${install[@]}" --assume-no "${missing[@]}" || true; } </dev/null 2>/dev/null |
             sed -n 's/^Need to get \(.*\) of archives\.$/\1/p')
         printf 'Fetching %s and installing it; the log is %s.\n' "${amount:-them}" \
             "$(readlink -f -- "$log")" >&2

@@ -201,6 +201,7 @@ void ScanRun::lookAround(ScanWork& work) {
         tellOfWait(work);
     } catch (const std::bad_alloc&) {
         // Whoever needs the memory for the scan itself ends it; this can be told later.
+        stepsUntilTold_ = settings_.stepsBeforeStandIn;
     }
 }
 

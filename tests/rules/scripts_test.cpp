@@ -48,24 +48,41 @@ TEST(Scripts, FindTheirShellThoughAnotherBeganThem) {
     EXPECT_THAT(result.output, testing::StartsWith("Usage: ./test [OPTION]...\n"));
 }
 
-/// Sources the script of the packages where nothing is installed, by somebody who is not root.
-CommandResult installAsNobody(const std::string& packages) {
+/// Installs packages with a copy of the script, where nothing is installed yet, as the user of that
+/// number and with an apt-get that fetches 3 MB and, told "no", fails like the real one.
+CommandResult installAs(const std::string& user, const std::string& packages) {
     return runCommand(
-        "bin=$(mktemp -d) && trap 'rm -r \"$bin\"' EXIT &&"
-        " for tool in bash dirname; do ln -s \"$(command -v \"$tool\")\" \"$bin\"; done &&"
+        "place=$(mktemp -d) && trap 'rm -r \"$place\"' EXIT && bin=$place/bin &&"
+        " mkdir \"$bin\" \"$place/scripts\" && cp scripts/packages.sh \"$place/scripts\" &&"
+        " for tool in bash dirname env mkdir readlink sed tail; do"
+        " ln -s \"$(command -v \"$tool\")\" \"$bin\"; done &&"
         " printf '#!/bin/sh\\nexit 1\\n' >\"$bin/dpkg-query\" &&"
-        " printf '#!/bin/sh\\necho 1000\\n' >\"$bin/id\" && chmod +x \"$bin\"/* &&"
-        " PATH=$bin bash -c 'source scripts/packages.sh && ensurePackages " +
-        packages + "' 2>&1");
+        " printf '#!/bin/sh\\necho " +
+        user +
+        "\\n' >\"$bin/id\" &&"
+        " printf '#!/bin/sh\\ncase \"$*\" in *--assume-no*)"
+        " echo Need to get 3 MB of archives.; exit 1;; esac\\n' >\"$bin/apt-get\" &&"
+        " chmod +x \"$bin/id\" \"$bin/dpkg-query\" \"$bin/apt-get\" && cd \"$place\" &&"
+        " told=$(PATH=$bin bash -euo pipefail -c 'source scripts/packages.sh; ensurePackages " +
+        packages +
+        "' 2>&1); status=$?; printf '%s\\n' \"$told\" | sed \"s|$place|DIR|\"; exit $status");
 }
 
 TEST(Scripts, NameTheWholeCommandWhereNobodyMayInstall) {
-    const CommandResult result = installAsNobody("one two");
+    const CommandResult result = installAs("1000", "one two");
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.output,
               "To be installed: one two\n"
               "That takes root or sudo, and there is neither. As root, please run:\n"
               "  apt-get update && apt-get install --no-install-recommends one two\n");
+}
+
+TEST(Scripts, TellHowMuchTheyFetchAndWhereItsLogIs) {
+    const CommandResult result = installAs("0", "one two");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output,
+              "To be installed: one two\n"
+              "Fetching 3 MB and installing it; the log is DIR/build/packages.log.\n");
 }
 
 TEST(Scripts, TheTestCommandExplainsItself) {
