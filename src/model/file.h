@@ -76,12 +76,20 @@ class File final {
     [[nodiscard]] std::optional<Timestamp> fileCreationDate() const { return fromRaw(created_); }
 
     /// 1 marked, 0 unmarked; no other value occurs.
-    [[nodiscard]] CheckState state() const { return state_; }
-    void setState(CheckState state) { state_ = state; }
+    [[nodiscard]] CheckState state() const {
+        return (indexAndMark_ & 1U) != 0 ? CheckState::on : CheckState::off;
+    }
+    void setState(CheckState state) {
+        indexAndMark_ = (indexAndMark_ & ~1U) | (state == CheckState::off ? 0U : 1U);
+    }
     /// 0-based position in the set when the set was built; kept when other files leave the set.
-    [[nodiscard]] std::int64_t index() const { return index_; }
-    /// 32 bits: no set is larger.
-    void setIndex(std::int64_t index) { index_ = static_cast<std::int32_t>(index); }
+    [[nodiscard]] std::int64_t index() const {
+        return static_cast<std::int32_t>(indexAndMark_) >> 1U;
+    }
+    /// 31 bits: no set is larger.
+    void setIndex(std::int64_t index) {
+        indexAndMark_ = static_cast<std::uint32_t>(index) << 1U | (indexAndMark_ & 1U);
+    }
 
     /// None if the file is in no set, or was not then what had been recorded of it.
     [[nodiscard]] const ComparedState* compared() const { return compared_; }
@@ -99,9 +107,8 @@ class File final {
     std::int64_t modified_;
     std::int64_t created_;
     const ComparedState* compared_ = nullptr;  // of the same store
-    std::int32_t index_ = 0;
-    std::uint16_t nameLength_;  // bytes; no listing has longer ones
-    CheckState state_ = CheckState::off;
+    std::uint32_t nameLength_;          // bytes
+    std::uint32_t indexAndMark_ = 0;  // the mark is the lowest bit
 };
 
 static_assert(sizeof(File) <= 56);

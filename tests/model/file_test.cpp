@@ -2,6 +2,7 @@
 
 #include "model/file_store.h"
 #include "model/result_tree.h"
+#include "model/set.h"
 #include "support/recording_trash.h"
 
 #include <gtest/gtest.h>
@@ -69,18 +70,23 @@ TEST(File, AppendsItsPathBehindWhatTheBufferHolds) {
     EXPECT_EQ(buffer, "move /home/ann/a.jpg");
 }
 
+bool isRemoved(const File& file, RecordingTrash& trash) {
+    const Set set;
+    return file.removeFile(*trash.begin(set));
+}
+
 TEST(File, GoesToTheTrashWhenItExistsAndTheMoveSucceeds) {
     RecordingTrash trash;
     trash.addExisting("/home/ann/a.jpg");
     const auto file = FileStore::standalone("/home/ann/a.jpg", 1);
-    EXPECT_TRUE(file->removeFile(trash));
+    EXPECT_TRUE(isRemoved(*file, trash));
     EXPECT_EQ(trash.moves(), (std::vector<std::string>{"/home/ann/a.jpg"}));
 }
 
 TEST(File, IsNotMovedWhenItExistsNoMore) {
     RecordingTrash trash;
     const auto file = FileStore::standalone("/home/ann/a.jpg", 1);
-    EXPECT_FALSE(file->removeFile(trash));
+    EXPECT_FALSE(isRemoved(*file, trash));
     EXPECT_TRUE(trash.attempts().empty());
 }
 
@@ -89,7 +95,7 @@ TEST(File, ReportsARefusedMove) {
     trash.addExisting("/a");
     trash.refuse("/a");
     const auto file = FileStore::standalone("/a", 1);
-    EXPECT_FALSE(file->removeFile(trash));
+    EXPECT_FALSE(isRemoved(*file, trash));
     EXPECT_EQ(trash.attempts(), (std::vector<std::string>{"/a"}));
     EXPECT_TRUE(trash.moves().empty());
 }
@@ -99,7 +105,7 @@ TEST(File, KeepsItsMarkWhenItIsRemoved) {
     trash.addExisting("/a");
     const auto file = FileStore::standalone("/a", 1);
     file->setState(CheckState::on);
-    EXPECT_TRUE(file->removeFile(trash));
+    EXPECT_TRUE(isRemoved(*file, trash));
     EXPECT_EQ(file->state(), CheckState::on);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/result_tree.h"
-#include "platform/trash.h"
+#include "support/recording_trash.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -26,7 +26,7 @@ struct PlainFile {
     std::uint64_t size = 0;
     int state = 0;
 
-    bool removeFile(Trash& trash) const {
+    bool removeFile(RecordingTrash& trash) const {
         return trash.fileExistsAtPath(path) && trash.trashItemAtPath(path);
     }
 };
@@ -98,7 +98,7 @@ struct PlainSet {
         return 0;
     }
 
-    RemovalResult remove(Trash& trash) {
+    RemovalResult remove(RecordingTrash& trash) {
         RemovalResult sums;
         std::vector<PlainFilePtr> leaving;
         for (const auto& file : files) {
@@ -206,7 +206,7 @@ struct PlainExtensions {
         return 0;
     }
 
-    RemovalResult remove(PlainSet& set, Trash& trash) {
+    RemovalResult remove(PlainSet& set, RecordingTrash& trash) {
         takeAway(marked, set.marked);
         takeAway(markedSize, set.markedSize);
         takeAway(total, set.total);
@@ -280,7 +280,7 @@ struct PlainModal {
         markedSize += extension.markedSize;
     }
 
-    RemovalResult remove(PlainSet& set, PlainExtensions& extension, Trash& trash) {
+    RemovalResult remove(PlainSet& set, PlainExtensions& extension, RecordingTrash& trash) {
         takeAway(marked, extension.marked);
         takeAway(markedSize, extension.markedSize);
         takeAway(total, extension.total);

@@ -2,10 +2,11 @@
 
 #include "platform/platform.h"
 #include "support/fake_running_copies.h"
-#include "support/recording_trash.h"
+#include "support/fake_trash.h"
 
 #include <chrono>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -54,8 +55,8 @@ class FakePlatform final : public Platform {
 
     FileSystem& fileSystem() override { return fileSystem_; }
     FakeClock& clock() override { return clock_; }
-    /// Used on one thread at a time, like every Trash.
-    RecordingTrash& trash() override { return trash_; }
+    std::unique_ptr<TrashMover> makeTrashMover() override { return trash_.makeMover(); }
+    FakeTrash& trash() { return trash_; }
     /// Used on one thread at a time, like all running copies.
     FakeRunningCopies& runningCopies() override { return runningCopies_; }
 
@@ -114,7 +115,7 @@ class FakePlatform final : public Platform {
  private:
     FileSystem& fileSystem_;
     FakeClock clock_;
-    RecordingTrash trash_;
+    FakeTrash trash_;
     FakeRunningCopies runningCopies_;
     std::mutex mutex_;
     std::vector<Volume> volumes_;                                   // guarded by mutex_

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "platform/trash_move.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+#include <span>
+#include <string>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+
+/// A Trash that is a folder of the test's, in which files have numbers for names. The test says
+/// which paths it refuses, and reads afterwards what was asked of it. One thread at a time.
+class FakeTrash final {
+ public:
+    /// The folder, which is there.
+    void moveTo(const std::string& folder) { folder_ = folder; }
+    /// Every move of `path` fails from now on.
+    void refuse(const std::string& path) { refusing_.insert(path); }
+
+    /// Every path a move was asked for, in order.
+    [[nodiscard]] const std::vector<std::string>& attempts() const { return attempts_; }
+    /// The paths whose move was done, in order, those that were moved back included.
+    [[nodiscard]] const std::vector<std::string>& moves() const { return moves_; }
+
+    [[nodiscard]] std::unique_ptr<TrashMover> makeMover() { return std::make_unique<Mover>(*this); }
+
+ private:
+    static TrashRefusal refusalOf(int code) {
+        const SystemError error{code};
+        return {TrashRefusalKind::system, error, error.text()};
+    }
+
+    class Mover final : public TrashMover {
+     public:
+        explicit Mover(FakeTrash& trash) : trash_(trash) {}
+
+        Result<TrashPlace, TrashRefusal> move(const Descriptor& /*folder*/,
+                                              const std::string& folderPath,
+                                              const char* name) override {
+            const std::string path = folderPath + '/' + name;
+            trash_.attempts_.push_back(path);
+            const TrashPlace place{trash_.folder_, std::to_string(trash_.moves_.size())};
+            if (trash_.refusing_.contains(path)) {
+                return refusalOf(EPERM);
+            }
+            if (std::rename(path.c_str(), pathOf(place).c_str()) != 0) {
+                return refusalOf(errno);
+            }
+            trash_.moves_.push_back(path);
+            return place;
+        }
+
+        Result<FileAttributes, TrashRefusal> look(const TrashPlace& place) override {
+            Result<FileAttributes> attributes = systemFileSystem().attributesAtPath(pathOf(place));
+            if (!attributes) {
+                return refusalOf(attributes.error().code);
+            }
+            return std::move(*attributes);
+        }
+
+        std::optional<TrashRefusal> putBack(const TrashPlace& /*place*/,
+                                            const Descriptor& /*folder*/,
+                                            const char* /*name*/) override {
+            return refusalOf(EPERM);
+        }
+
+        Result<std::vector<TrashedFile>, TrashRefusal> find(
+            const std::string& /*trash*/, std::span<const FileIdentity> /*wanted*/) override {
+            return std::vector<TrashedFile>();
+        }
+
+     private:
+        static std::string pathOf(const TrashPlace& place) {
+            return place.trash + '/' + place.name;
+        }
+
+        FakeTrash& trash_;
+    };
+
+    std::string folder_;
+    std::unordered_set<std::string> refusing_;
+    std::vector<std::string> attempts_;
+    std::vector<std::string> moves_;
+};
+
+}  // namespace tarvin
