@@ -1,0 +1,134 @@
+#pragma once
+
+#include "clean/clean_up.h"
+#include "model/deletion_walk.h"
+#include "model/file_store.h"
+#include "model/modal.h"
+#include "platform/platform.h"
+#include "platform/trash_move.h"
+#include "store/clean_up_journal.h"
+#include "support/faulty_file_system.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace tarvin {
+
+/// Files as a scan has compared them: each set with what its files were at that moment.
+class ComparedFiles final {
+ public:
+    /// A set of the files at these paths, in this order, under the extension "txt".
+    std::shared_ptr<Set> addSet(const std::vector<std::string>& paths) {
+        const auto set = std::make_shared<Set>();
+        std::uint64_t copies = 0;
+        for (const std::string& path : paths) {
+            const std::shared_ptr<File> file = fileAt(path);
+            copies += set->files().empty() ? 0 : file->fileSize();
+            set->addFiles(file);
+        }
+        set->setTotalFilesInSet(paths.size() - 1);
+        set->setTotalFilesInSetSize(copies);
+        extension_->addSet(set);
+        return set;
+    }
+
+    /// The list with all sets, the first file of each unmarked.
+    [[nodiscard]] Modal& marked() {
+        if (modal_.extensions().empty()) {
+            modal_.addExtension(extension_);
+        }
+        modal_.markAllExtension();
+        return modal_;
+    }
+
+ private:
+    std::shared_ptr<File> fileAt(const std::string& path) {
+        const std::string folder = std::filesystem::path(path).parent_path();
+        const std::string name = std::filesystem::path(path).filename();
+        const auto attributes = systemFileSystem().attributesAtPath(path);
+        EXPECT_TRUE(attributes) << path;
+        Directory* const directory = store_->addRoot(folder);
+        const auto opened = systemFileSystem().openRootDirectory(folder);
+        directory->identity = systemFileSystem().attributesOf(*opened)->identity;
+        File* const file = store_->addFile(directory, name, attributes->size, attributes->modified,
+                                           attributes->created);
+        store_->keepCompared(*file, {attributes->identity, attributes->changed});
+        return store_->share(file);
+    }
+
+    std::shared_ptr<FileStore> store_ = FileStore::create();
+    std::shared_ptr<Extensions> extension_ = std::make_shared<Extensions>("txt");
+    Modal modal_;
+};
+
+/// A user with a Trash, a journal and turns of their own.
+class CleaningUser final {
+ public:
+    /// `folder` is there and this user's alone; the Trash is on the volume that it is on.
+    explicit CleaningUser(const std::string& folder)
+        : trash_(folder + "/Trash"),
+          mover_(makeTrashMover({trash_, static_cast<std::uint32_t>(::getuid())})),
+          turns_(folder + "/turns"),
+          journal_(opened(folder)) {}
+
+    [[nodiscard]] TrashMover& mover() { return *mover_; }
+    [[nodiscard]] CleanUpJournal& journal() { return journal_; }
+    [[nodiscard]] const LockFile& turns() const { return turns_; }
+    [[nodiscard]] const std::string& trash() const { return trash_; }
+
+    /// How many files are in the Trash, and how many notes.
+    [[nodiscard]] std::size_t trashed() const { return entriesIn(trash_ + "/files"); }
+    [[nodiscard]] std::size_t notes() const { return entriesIn(trash_ + "/info"); }
+
+ private:
+    static CleanUpJournal opened(const std::string& folder) {
+        auto journal = CleanUpJournal::open(folder);
+        if (const auto* error = std::get_if<StoreError>(&journal)) {
+            ADD_FAILURE() << error->path << ": " << error->text;
+            std::abort();
+        }
+        return std::get<CleanUpJournal>(std::move(journal));
+    }
+
+    static std::size_t entriesIn(const std::string& folder) {
+        std::error_code missing;
+        const std::filesystem::directory_iterator entries(folder, missing);
+        return static_cast<std::size_t>(std::distance(entries, {}));
+    }
+
+    const std::string trash_;
+    const std::unique_ptr<TrashMover> mover_;
+    const LockFile turns_;
+    CleanUpJournal journal_;
+};
+
+/// Moves what is marked; the report in order.
+using MoveReport = std::vector<std::pair<std::string, MoveOutcome>>;
+
+inline MoveReport cleanUp(Modal& modal, CleaningUser& user, FileSystem& fileSystem,
+                          CleanUp::Settings settings = {}) {
+    MoveReport report;
+    settings.foldersTrusted = std::chrono::milliseconds(0);
+    settings.report = [&report](const File& file, const MoveResult& result) {
+        report.emplace_back(file.fileName(), result.outcome);
+    };
+    CleanUp cleanUp(fileSystem, user.mover(), user.journal(), user.turns(),
+                    systemPlatform().clock(), std::move(settings));
+    DeletionControl control;
+    DeletionWalk walk(modal, cleanUp, control, {});
+    walk.start();
+    walk.wait();
+    EXPECT_FALSE(cleanUp.finish().has_value());
+    return report;
+}
+
+}  // namespace tarvin

@@ -1,0 +1,269 @@
+#include "clean/set_move.h"
+
+#include "clean/clean_up_bench.h"
+#include "support/file_content.h"
+
+#include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+
+namespace tarvin {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A set of three equal files, of which the second and the third are to go.
+class SetMoves : public ::testing::Test {
+ protected:
+    SetMoves() : set_(files_.addSet({one_, two_, three_})) {}
+
+    MoveReport run() { return run({}); }
+
+    MoveReport run(CleanUp::Settings settings) {
+        return cleanUp(files_.marked(), user_, fileSystem_, std::move(settings));
+    }
+
+    /// Does something when the first file comes to a step.
+    static CleanUp::Settings at(MoveStep step, std::function<void()> action) {
+        CleanUp::Settings settings;
+        settings.beforeStep = [step, done = false,
+                               action = std::move(action)](MoveStep now) mutable {
+            if (now == step && !std::exchange(done, true)) {
+                action();
+            }
+        };
+        return settings;
+    }
+
+    static void append(const std::string& path) { std::ofstream(path, std::ios::app) << "more"; }
+
+    /// Writes something else of the same size and puts the date back.
+    static void forge(const std::string& path, const std::string& bytes = "evil") {
+        const auto date = fs::last_write_time(path);
+        std::ofstream(path) << bytes;
+        fs::last_write_time(path, date);
+    }
+
+    void expectNothingMoved() {
+        EXPECT_EQ(user_.trashed(), 0U);
+        EXPECT_EQ(user_.notes(), 0U);
+    }
+
+    TemporaryFolder folder_;
+    std::string one_ = folder_.writeFile("a/one.txt", "same");
+    std::string two_ = folder_.writeFile("b/two.txt", "same");
+    std::string three_ = folder_.writeFile("c/three.txt", "same");
+    TemporaryFolder home_;
+    CleaningUser user_{home_.path()};
+    FaultyFileSystem fileSystem_;
+    ComparedFiles files_;
+    std::shared_ptr<Set> set_;
+};
+
+constexpr MoveOutcome moved = MoveOutcome::moved;
+constexpr MoveOutcome changed = MoveOutcome::changed;
+constexpr MoveOutcome gone = MoveOutcome::gone;
+constexpr MoveOutcome lastCopy = MoveOutcome::lastCopy;
+
+MoveReport outcomes(MoveOutcome second, MoveOutcome third) {
+    return {{"two.txt", second}, {"three.txt", third}};
+}
+
+TEST_F(SetMoves, TakeWhatIsAsItWasCompared) {
+    EXPECT_EQ(run(), outcomes(moved, moved));
+    EXPECT_EQ(contentOf(one_), "same");
+    EXPECT_FALSE(fs::exists(two_));
+    EXPECT_EQ(user_.trashed(), 2U);
+    EXPECT_EQ(user_.notes(), 2U);
+}
+
+TEST_F(SetMoves, LeaveAFileOfAnotherSize) {
+    append(two_);
+    EXPECT_EQ(run(), outcomes(changed, moved));
+}
+
+TEST_F(SetMoves, LeaveAFileWithAnotherDate) {
+    fs::last_write_time(two_, fs::last_write_time(two_) + std::chrono::hours(1));
+    EXPECT_EQ(run(), outcomes(changed, moved));
+}
+
+TEST_F(SetMoves, LeaveOtherBytesWhoseDateWasPutBack) {
+    forge(two_);
+    EXPECT_EQ(run(), outcomes(lastCopy, moved));
+    EXPECT_EQ(contentOf(two_), "evil");
+}
+
+TEST_F(SetMoves, TakeAFileOfWhichOnlyTheRightsWereChanged) {
+    fs::permissions(two_, fs::perms::owner_read);
+    EXPECT_EQ(run(), outcomes(moved, moved));
+}
+
+TEST_F(SetMoves, LeaveAFileThatWasReplacedByACopy) {
+    const auto date = fs::last_write_time(two_);
+    fs::copy_file(one_, two_ + ".new");
+    fs::last_write_time(two_ + ".new", date);
+    fs::rename(two_ + ".new", two_);
+    EXPECT_EQ(run(), outcomes(changed, moved));
+}
+
+TEST_F(SetMoves, LeaveWhatHasBecomeALinkOrAFolder) {
+    fs::remove(two_);
+    fs::create_symlink(one_, two_);
+    fs::remove(three_);
+    fs::create_directory(three_);
+    EXPECT_EQ(run(), outcomes(changed, changed));
+    expectNothingMoved();
+}
+
+TEST_F(SetMoves, TellOfFilesThatAreGone) {
+    fs::remove(two_);
+    fs::remove_all(folder_.pathOf("c"));
+    EXPECT_EQ(run(), outcomes(gone, gone));
+}
+
+TEST_F(SetMoves, LeaveAFileWhoseFolderIsAnotherOneNow) {
+    fs::rename(folder_.pathOf("b"), folder_.pathOf("old"));
+    folder_.writeFile("b/two.txt", "same");
+    EXPECT_EQ(run(), outcomes(changed, moved));
+}
+
+TEST_F(SetMoves, LeaveAFileWhoseFolderBecameALink) {
+    fs::rename(folder_.pathOf("b"), folder_.pathOf("old"));
+    folder_.makeLink("b", "old");
+    // It is where a scan began, which may be a link, and is still the folder that was walked.
+    EXPECT_EQ(run(), outcomes(moved, moved));
+    EXPECT_EQ(contentOf(one_), "same");
+}
+
+TEST_F(SetMoves, LeaveTheLastCopy) {
+    fs::remove(one_);
+    append(three_);
+    EXPECT_EQ(run(), outcomes(lastCopy, changed));
+    expectNothingMoved();
+}
+
+TEST_F(SetMoves, LeaveTheLastCopyWhoseOthersHoldOtherBytes) {
+    forge(one_);
+    forge(three_, "vile");
+    EXPECT_EQ(run(), outcomes(lastCopy, lastCopy));
+    expectNothingMoved();
+}
+
+TEST_F(SetMoves, PutBackAFileWhoseLastCopyWentMeanwhile) {
+    fs::remove(three_);
+    EXPECT_EQ(run(at(MoveStep::lookAgain, [this] { fs::remove(one_); })), outcomes(lastCopy, gone));
+    EXPECT_EQ(contentOf(two_), "same");
+    expectNothingMoved();
+}
+
+TEST_F(SetMoves, PutBackAFileWhoseLastCopyWasWrittenToMeanwhile) {
+    fs::remove(three_);
+    EXPECT_EQ(run(at(MoveStep::moveToTrash, [this] { forge(one_); })), outcomes(lastCopy, gone));
+    EXPECT_EQ(contentOf(two_), "same");
+    expectNothingMoved();
+}
+
+TEST_F(SetMoves, FindAnotherCopyForOneThatWentMeanwhile) {
+    EXPECT_EQ(run(at(MoveStep::lookAgain, [this] { fs::remove(one_); })),
+              outcomes(moved, lastCopy));
+    EXPECT_EQ(contentOf(three_), "same");
+}
+
+TEST_F(SetMoves, PutBackWhatWasExchangedBeforeTheMove) {
+    const MoveReport report = run(at(MoveStep::moveToTrash, [this] {
+        fs::remove(two_);
+        std::ofstream(two_) << "somebody's own";
+    }));
+    EXPECT_EQ(report, outcomes(changed, moved));
+    EXPECT_EQ(contentOf(two_), "somebody's own");
+    EXPECT_EQ(user_.trashed(), 1U);
+}
+
+TEST_F(SetMoves, LeaveInTheTrashWhatCannotBePutBack) {
+    fs::remove(three_);
+    CleanUp::Settings settings;
+    settings.beforeStep = [this](MoveStep step) {
+        if (step == MoveStep::lookAgain) {
+            fs::remove(one_);
+        } else if (step == MoveStep::moveBack) {
+            std::ofstream(two_) << "in its place";
+        }
+    };
+    EXPECT_EQ(run(std::move(settings)), outcomes(moved, gone));
+    EXPECT_EQ(contentOf(two_), "in its place");
+    EXPECT_EQ(user_.trashed(), 1U);
+    EXPECT_EQ(user_.notes(), 1U);
+}
+
+TEST_F(SetMoves, CountAHardLinkAsAnotherFile) {
+    const std::string link = folder_.pathOf("b/link.txt");
+    fs::create_hard_link(two_, link);
+    ComparedFiles linked;
+    linked.addSet({two_, link});
+    EXPECT_EQ(cleanUp(linked.marked(), user_, fileSystem_), (MoveReport{{"link.txt", moved}}));
+    EXPECT_EQ(contentOf(two_), "same");
+}
+
+TEST_F(SetMoves, DoNotCountTheSameNameOnAnotherWay) {
+    folder_.makeLink("alias", "b");
+    ComparedFiles twice;
+    twice.addSet({two_, folder_.pathOf("alias/two.txt")});
+    EXPECT_EQ(cleanUp(twice.marked(), user_, fileSystem_), (MoveReport{{"two.txt", lastCopy}}));
+    expectNothingMoved();
+}
+
+TEST_F(SetMoves, TellWhyTheSystemRefuses) {
+    std::vector<MoveResult> results;
+    fileSystem_.failCall(FileCall::attributesAt, 1, EIO, "two.txt");
+    CleanUp::Settings settings;
+    settings.report = [&results](const File&, const MoveResult& result) {
+        results.push_back(result);
+    };
+    CleanUp cleanUp(fileSystem_, user_.mover(), user_.journal(), user_.turns(),
+                    systemPlatform().clock(), std::move(settings));
+    DeletionControl control;
+    DeletionWalk walk(files_.marked(), cleanUp, control, {});
+    walk.start();
+    walk.wait();
+    EXPECT_EQ(results.front(), (MoveResult{MoveOutcome::refused, "Input/output error"}));
+    EXPECT_FALSE(cleanUp.finish().has_value());
+}
+
+TEST_F(SetMoves, TakeNothingAfterAStop) {
+    CleanUp::Settings settings;
+    settings.stopped = [] { return true; };
+    EXPECT_EQ(run(std::move(settings)), outcomes(MoveOutcome::stopped, MoveOutcome::stopped));
+    expectNothingMoved();
+}
+
+TEST_F(SetMoves, KeepOneOfASetInWhichEveryFileIsMarked) {
+    Modal& modal = files_.marked();
+    set_->files().front()->setState(CheckState::on);
+    EXPECT_EQ(cleanUp(modal, user_, fileSystem_),
+              (MoveReport{{"one.txt", moved}, {"two.txt", moved}, {"three.txt", lastCopy}}));
+    EXPECT_EQ(contentOf(three_), "same");
+}
+
+TEST_F(SetMoves, TakeAWholeSetThatAPersonMarked) {
+    Modal& modal = files_.marked();
+    set_->files().front()->setState(CheckState::on);
+    CleanUp::Settings settings;
+    settings.wholeSets = CleanUp::WholeSets::goIfMarked;
+    EXPECT_EQ(cleanUp(modal, user_, fileSystem_, std::move(settings)),
+              (MoveReport{{"one.txt", moved}, {"two.txt", moved}, {"three.txt", moved}}));
+}
+
+TEST_F(SetMoves, KeepOneOfAWholeSetOfWhichAFileHasChanged) {
+    Modal& modal = files_.marked();
+    set_->files().front()->setState(CheckState::on);
+    append(one_);
+    CleanUp::Settings settings;
+    settings.wholeSets = CleanUp::WholeSets::goIfMarked;
+    EXPECT_EQ(cleanUp(modal, user_, fileSystem_, std::move(settings)),
+              (MoveReport{{"one.txt", changed}, {"two.txt", moved}, {"three.txt", lastCopy}}));
+}
+
+}  // namespace
+}  // namespace tarvin
