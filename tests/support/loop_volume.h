@@ -2,7 +2,10 @@
 
 #include "support/temporary_folder.h"
 
+#include <cstdint>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <string>
 
@@ -38,6 +41,15 @@ class LoopVolume final {
             run("for block in 64k 1k 1; do dd if=/dev/zero bs=$block 2>/dev/null; done > " +
                 pathOf(round) + "; sync");
         }
+    }
+
+    /// The same, but for so much.
+    void fillBut(std::uintmax_t bytes) const {
+        const std::string room = pathOf("room");
+        std::ofstream(room) << std::string(bytes, ' ');
+        fill();
+        std::filesystem::remove(room);
+        run("sync");
     }
 
  private:
