@@ -171,7 +171,8 @@ std::optional<SqliteDatabase::Header> SqliteDatabase::header() {
     // Through SQLite's own descriptor: to open and close another one would release the locks that
     // this process holds on the file by other connections.
     sqlite3_file* file = nullptr;
-    if (!ok() || sqlite3_file_control(handle_, "main", SQLITE_FCNTL_FILE_POINTER, &file) != 0 ||
+    void* into = static_cast<void*>(&file);
+    if (!ok() || sqlite3_file_control(handle_, "main", SQLITE_FCNTL_FILE_POINTER, into) != 0 ||
         file == nullptr || file->pMethods == nullptr) {
         return std::nullopt;
     }

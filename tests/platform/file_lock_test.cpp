@@ -100,25 +100,24 @@ TEST_F(FileLockTest, ExcludesASecondTakerOfTheSameProcess) {
 }
 
 TEST_F(FileLockTest, ExcludesOtherThreads) {
-    int counter = 0;
+    std::atomic<int> counter{0};
     std::vector<std::thread> threads;
     for (int thread = 0; thread < 4; ++thread) {
         threads.emplace_back([&] {
             for (int round = 0; round < 100; ++round) {
                 const Result<FileLock> lock = locks_.take(3, testPatience);
                 ASSERT_TRUE(lock);
-                // Not atomic: only the lock keeps the threads apart.
-                volatile int* shared = &counter;
-                const int read = *shared;
+                // Two steps, which only the lock keeps together.
+                const int read = counter.load();
                 std::this_thread::yield();
-                *shared = read + 1;
+                counter.store(read + 1);
             }
         });
     }
     for (std::thread& thread : threads) {
         thread.join();
     }
-    EXPECT_EQ(counter, 400);
+    EXPECT_EQ(counter.load(), 400);
 }
 
 TEST_F(FileLockTest, SharedHoldersExcludeExclusiveOnesOnly) {

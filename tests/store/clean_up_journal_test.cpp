@@ -405,7 +405,11 @@ TEST_F(CleanUpJournalTest, NeverDeletesAnUncountedUnfinishedOrClaimedCleanUp) {
     DataFile data(own_);
     const CleanUpId claimed = oneMove(journal) >> 32;
     EXPECT_FALSE(other.claim(claimed));
-    const CleanUpId unfinished = valueOf(other.begin(Timestamp()));
+    CleanUpId unfinished = 0;
+    {
+        CleanUpJournal dead = opened();
+        unfinished = valueOf(dead.begin(Timestamp()));
+    }
     for (int number = 0; number < 32; ++number) {
         oneMove(journal);
     }

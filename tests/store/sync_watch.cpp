@@ -10,6 +10,7 @@ namespace tarvin {
 
 struct SyncWatch::Layer {
     std::set<const void*> unsynced;
+    int closedUnsynced = 0;
     int unsyncedRemovals = 0;
     int syncs = 0;
     sqlite3_vfs vfs{};
@@ -34,7 +35,8 @@ sqlite3_file* realOf(sqlite3_file* file) {
 }
 
 int closeFile(sqlite3_file* file) {
-    watched->unsynced.erase(file);
+    // Once it is closed, nothing flushes it any more.
+    watched->closedUnsynced += static_cast<int>(watched->unsynced.erase(file));
     return realOf(file)->pMethods->xClose(realOf(file));
 }
 int readFile(sqlite3_file* file, void* into, int count, sqlite3_int64 offset) {
@@ -127,7 +129,8 @@ SyncWatch::~SyncWatch() {
 }
 
 int SyncWatch::unsyncedFiles() const {
-    return static_cast<int>(layer_->unsynced.size()) + layer_->unsyncedRemovals;
+    return static_cast<int>(layer_->unsynced.size()) + layer_->closedUnsynced +
+           layer_->unsyncedRemovals;
 }
 
 int SyncWatch::syncs() const {

@@ -13,8 +13,8 @@ class SyncWatch final {
     SyncWatch& operator=(const SyncWatch&) = delete;
     ~SyncWatch();
 
-    /// How many open files were written or truncated after they were last flushed to the disk, and
-    /// names removed that were not.
+    /// How many files were written or truncated after they were last flushed to the disk, and how
+    /// many names were removed without a flush of their folder.
     [[nodiscard]] int unsyncedFiles() const;
     /// How often a file was flushed so far.
     [[nodiscard]] int syncs() const;
