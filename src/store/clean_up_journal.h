@@ -226,7 +226,6 @@ class CleanUpJournal final {
                    std::unique_ptr<SqliteDatabase> database);
 
     std::optional<StoreError> writeOutcomes();
-    std::optional<StoreError> writeOutcomesBefore(std::size_t added);
     void applyOutcomes();
     std::optional<StoreError> mark(std::span<const MoveRow> rows, MoveState state);
     void prune();
