@@ -2,8 +2,9 @@
 # Debian systems of their own in folders, for the scripts that try the program where nothing of it
 # has been before. Sourced by bash; takes root and Debian's archive.
 
-# Where the sources are in such a system.
+# Where the sources and the compiler's cache are in such a system.
 sourcesInRoot=/srv/tarvin
+cacheInRoot=/srv/ccache
 
 # Fills a folder with the minimal system of a release ("bookworm"), or with a copy of the folder
 # TARVIN_MINIMAL_ROOT of the environment, and mounts what programs expect. Where the environment has
@@ -25,8 +26,8 @@ makeRoot() {
     mount -t sysfs -o ro sysfs "$folder/sys"
     mount --rbind /dev "$folder/dev"
     if [[ -n ${TARVIN_COMPILER_CACHE-} ]]; then
-        mkdir -p "$folder/root/.cache/ccache"
-        mount --bind "$TARVIN_COMPILER_CACHE" "$folder/root/.cache/ccache"
+        mkdir -p "$folder$cacheInRoot"
+        mount --bind "$TARVIN_COMPILER_CACHE" "$folder$cacheInRoot"
     fi
     # Nothing in there starts services.
     printf '#!/bin/sh\nexit 101\n' >"$folder/usr/sbin/policy-rc.d"
@@ -43,14 +44,14 @@ inRoot() {
     local folder=$1
     shift
     chroot "$folder" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 HOME=/root \
-        DEBIAN_FRONTEND=noninteractive "$@"
+        DEBIAN_FRONTEND=noninteractive CCACHE_DIR="$cacheInRoot" "$@"
 }
 
 # Removes such a folder, unless something of others is still mounted in there.
 leaveRoot() {
     local folder=$1 place
-    for place in proc sys dev root/.cache/ccache tmp/.X11-unix; do
-        umount --recursive --lazy "$folder/$place" 2>/dev/null || true
+    for place in /proc /sys /dev "$cacheInRoot" /tmp/.X11-unix; do
+        umount --recursive --lazy "$folder$place" 2>/dev/null || true
     done
     if grep -qF " $folder/" /proc/self/mountinfo; then
         printf '%s is left: something is mounted in it.\n' "$folder" >&2
