@@ -1,7 +1,9 @@
 #include "clean/clean_up.h"
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
+#include <system_error>
 #include <utility>
 
 namespace tarvin {
@@ -10,14 +12,10 @@ namespace {
 
 /// Of the sets that are moved at a time; a few folders more than most trees repeat.
 constexpr std::size_t foldersAtOnce = 128;
+/// Whose path without links is remembered.
+constexpr std::size_t realFoldersAtOnce = 4096;
 /// Any number that no clean-up has.
 constexpr std::uint64_t turnNumber = 0;
-
-PlannedMove planFor(const File& file) {
-    const ComparedState* const compared = file.compared();
-    return {file.filePath(), compared == nullptr ? 0 : compared->identity.inode, file.fileSize(),
-            file.fileModificationDate()};
-}
 
 }  // namespace
 
@@ -108,6 +106,30 @@ std::optional<StoreError> CleanUp::finish() {
     }
     static_cast<void>(keep(journal_.finish(*id_)));
     return failure_;
+}
+
+PlannedMove CleanUp::planFor(const File& file) {
+    const ComparedState* const compared = file.compared();
+    const std::string& folder = realPathOf(*file.directory());
+    std::string path = folder == "/" ? folder : folder + '/';
+    path += file.fileName();
+    return {std::move(path), compared == nullptr ? 0 : compared->identity.inode, file.fileSize(),
+            file.fileModificationDate()};
+}
+
+/// Without links, since who puts back follows none: what one leads to may be another folder then.
+const std::string& CleanUp::realPathOf(const Directory& folder) {
+    const auto known = realFolders_.find(&folder);
+    if (known != realFolders_.end()) {
+        return known->second;
+    }
+    if (realFolders_.size() >= realFoldersAtOnce) {
+        realFolders_.clear();
+    }
+    const std::string path = folder.path();
+    std::error_code unknown;
+    const std::filesystem::path real = std::filesystem::canonical(path, unknown);
+    return realFolders_.emplace(&folder, unknown ? path : real.native()).first->second;
 }
 
 /// False if there is one.

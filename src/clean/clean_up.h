@@ -15,6 +15,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace tarvin {
@@ -73,6 +75,8 @@ class CleanUp final : public FileMover {
         MoveRow row = 0;
     };
 
+    [[nodiscard]] PlannedMove planFor(const File& file);
+    [[nodiscard]] const std::string& realPathOf(const Directory& folder);
     [[nodiscard]] bool keep(std::optional<StoreError> failure);
     [[nodiscard]] std::optional<MoveRow> rowOf(const File& file);
     void record(MoveRow row, const MoveResult& result, TrashPlace place);
@@ -86,6 +90,7 @@ class CleanUp final : public FileMover {
     std::optional<CleanUpId> id_;
     std::vector<Planned> planned_;  // in the order in which they will be asked for
     std::size_t nextPlanned_ = 0;
+    std::unordered_map<const Directory*, std::string> realFolders_;
     std::optional<StoreError> failure_;
 };
 

@@ -2,24 +2,19 @@
 
 #include "store/clean_up_totals.h"
 
-#include <string>
 #include <utility>
 
 namespace tarvin {
 
 std::variant<std::unique_ptr<CleanUpRun>, StoreError> CleanUpRun::open(Platform& platform,
+                                                                       DataFile& totals,
                                                                        CleanUp::Settings settings) {
-    const std::optional<std::string> folder = platform.applicationSupportFolder();
-    if (!folder) {
-        return StoreError{"", "there is no home folder to keep the journal in",
-                          StoreError::Kind::passing};
-    }
-    auto journal = CleanUpJournal::open(*folder);
-    if (auto* error = std::get_if<StoreError>(&journal)) {
+    auto opened = openRecovered(platform, totals);
+    if (auto* error = std::get_if<StoreError>(&opened)) {
         return std::move(*error);
     }
     return std::unique_ptr<CleanUpRun>(new CleanUpRun(
-        platform, *folder, std::get<CleanUpJournal>(std::move(journal)), std::move(settings)));
+        platform, std::get<RecoveredJournal>(std::move(opened)), std::move(settings)));
 }
 
 std::optional<StoreError> CleanUpRun::finish(DataFile& totals) {
@@ -28,11 +23,10 @@ std::optional<StoreError> CleanUpRun::finish(DataFile& totals) {
     return failure ? failure : unsettled;
 }
 
-CleanUpRun::CleanUpRun(Platform& platform, const std::string& folder, CleanUpJournal journal,
-                       CleanUp::Settings settings)
-    : journal_(std::move(journal)),
-      turns_(folder + "/clean-up.turn"),
-      trash_(platform.makeTrashMover()),
+CleanUpRun::CleanUpRun(Platform& platform, RecoveredJournal opened, CleanUp::Settings settings)
+    : journal_(std::move(opened.journal)),
+      turns_(opened.folder + "/clean-up.turn"),
+      trash_(std::move(opened.trash)),
       cleanUp_(platform.fileSystem(), *trash_, journal_, turns_, platform.clock(),
                std::move(settings)) {}
 

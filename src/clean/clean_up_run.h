@@ -1,6 +1,7 @@
 #pragma once
 
 #include "clean/clean_up.h"
+#include "clean/recovered_journal.h"
 #include "platform/file_lock.h"
 #include "platform/platform.h"
 #include "platform/trash_move.h"
@@ -18,8 +19,10 @@ namespace tarvin {
 /// take turns, both in the application-support folder. One thread at a time.
 class CleanUpRun final {
  public:
-    /// The reason if there is no journal to write moves down in: no clean-up can be made then.
+    /// The reason if there is no journal to write moves down in: no clean-up can be made then. What
+    /// earlier ones have left open, because their process ended, is recovered first.
     static std::variant<std::unique_ptr<CleanUpRun>, StoreError> open(Platform& platform,
+                                                                      DataFile& totals,
                                                                       CleanUp::Settings settings);
     CleanUpRun(const CleanUpRun&) = delete;
     CleanUpRun& operator=(const CleanUpRun&) = delete;
@@ -31,8 +34,7 @@ class CleanUpRun final {
     [[nodiscard]] std::optional<StoreError> finish(DataFile& totals);
 
  private:
-    CleanUpRun(Platform& platform, const std::string& folder, CleanUpJournal journal,
-               CleanUp::Settings settings);
+    CleanUpRun(Platform& platform, RecoveredJournal opened, CleanUp::Settings settings);
 
     CleanUpJournal journal_;
     const LockFile turns_;

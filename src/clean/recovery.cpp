@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <string>
+#include <unordered_set>
 #include <utility>
 #include <variant>
 
@@ -21,25 +23,42 @@ bool isPlanned(const JournalMove& move, const FileAttributes& now) {
 
 class Recovery final {
  public:
-    Recovery(FileSystem& fileSystem, TrashMover& trash, const std::vector<std::string>& trashes)
-        : fileSystem_(fileSystem), trash_(trash), trashes_(trashes) {}
+    Recovery(FileSystem& fileSystem, TrashMover& trash) : fileSystem_(fileSystem), trash_(trash) {}
 
     /// What became of each of these moves.
     std::vector<RecordedOutcome> outcomesOf(std::vector<JournalMove> moves) {
         outcomes_.clear();
         std::erase_if(moves, [this](const JournalMove& move) { return isInPlace(move); });
-        for (const std::string& trash : trashes_) {
-            if (!moves.empty()) {
-                takeFoundIn(trash, moves);
+        std::unordered_set<std::string> searched;
+        while (!moves.empty()) {
+            // Finds the others that are in the same places, too.
+            for (const std::string& trash : trash_.trashesFor(moves.back().path)) {
+                if (searched.insert(trash).second) {
+                    takeFoundIn(trash, moves);
+                }
             }
-        }
-        for (const JournalMove& move : moves) {
-            outcomes_.push_back({move.row, MoveState::left, {}, {}, "gone"});
+            takeLost(searched, moves);
         }
         return std::move(outcomes_);
     }
 
  private:
+    /// Those at the end that were looked for in vain wherever they can be.
+    void takeLost(const std::unordered_set<std::string>& searched,
+                  std::vector<JournalMove>& moves) {
+        const auto isSearched = [&searched](const std::string& trash) {
+            return searched.contains(trash);
+        };
+        while (!moves.empty()) {
+            const std::vector<std::string> trashes = trash_.trashesFor(moves.back().path);
+            if (!std::all_of(trashes.begin(), trashes.end(), isSearched)) {
+                return;
+            }
+            outcomes_.push_back({moves.back().row, MoveState::left, {}, {}, "gone"});
+            moves.pop_back();
+        }
+    }
+
     bool isInPlace(const JournalMove& move) {
         const Result<FileAttributes> now = fileSystem_.attributesAtPath(move.path);
         if (!now || !isPlanned(move, *now)) {
@@ -75,7 +94,6 @@ class Recovery final {
 
     FileSystem& fileSystem_;
     TrashMover& trash_;
-    const std::vector<std::string>& trashes_;
     std::vector<RecordedOutcome> outcomes_;
 };
 
@@ -99,13 +117,12 @@ std::optional<StoreError> complete(CleanUpId id, Recovery& recovery, CleanUpJour
 }  // namespace
 
 std::optional<StoreError> recoverCleanUps(FileSystem& fileSystem, TrashMover& trash,
-                                          const std::vector<std::string>& trashes,
                                           CleanUpJournal& journal, DataFile& totals) {
     auto crashed = journal.crashed();
     if (auto* error = std::get_if<StoreError>(&crashed)) {
         return std::move(*error);
     }
-    Recovery recovery(fileSystem, trash, trashes);
+    Recovery recovery(fileSystem, trash);
     std::optional<StoreError> failure;
     for (const CleanUpSummary& cleanUp : std::get<std::vector<CleanUpSummary>>(crashed)) {
         std::optional<StoreError> ofOne = complete(cleanUp.id, recovery, journal);

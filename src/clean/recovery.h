@@ -7,20 +7,17 @@
 #include "store/store_error.h"
 
 #include <optional>
-#include <string>
-#include <vector>
 
 namespace tarvin {
 
 /// Finds out what became of the moves of clean-ups that ended with their process, or with the
-/// machine: each planned file is at its place, in one of `trashes`, or gone. Completes the journal
-/// and brings the totals up to it. What another process works on is left to that. Where nothing
-/// has crashed this costs two questions to the journal.
+/// machine: each planned file is at its place, in a Trash of the user, or gone. Completes the
+/// journal and brings the totals up to it. What another process works on is left to that. Where
+/// nothing has crashed this costs two questions to the journal.
 ///
 /// To be called before a clean-up, before putting back and at the start. The first failure; what
 /// it keeps from being written is found out again the next time. One thread, that of the journal.
 [[nodiscard]] std::optional<StoreError> recoverCleanUps(FileSystem& fileSystem, TrashMover& trash,
-                                                        const std::vector<std::string>& trashes,
                                                         CleanUpJournal& journal, DataFile& totals);
 
 }  // namespace tarvin

@@ -205,7 +205,8 @@ ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
         teller->tell(file, result);
     };
     settings.stopped = [this] { return control_.stopDeletion(); };
-    auto opened = CleanUpRun::open(platform_, std::move(settings));
+    DataFile totals(platform_.applicationSupportFolder());
+    auto opened = CleanUpRun::open(platform_, totals, std::move(settings));
     if (const auto* error = std::get_if<StoreError>(&opened)) {
         complainOf(*error);
         complain("nothing was moved");
@@ -217,7 +218,7 @@ ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
     walk.start();
     const RemovalResult moved = walk.wait();
     teller->tellOfTheRest(modal);
-    const bool isStored = finish(run);
+    const bool isStored = finish(run, totals);
     const ExitStatus written = teller->end(moved);
     if (teller->stopped() && !run.cleanUp().failure()) {
         return ExitStatus::stopped;
@@ -226,8 +227,7 @@ ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
 }
 
 /// False if something of it could not be written.
-bool CleanCommand::finish(CleanUpRun& run) const {
-    DataFile totals(platform_.applicationSupportFolder());
+bool CleanCommand::finish(CleanUpRun& run, DataFile& totals) {
     const std::optional<StoreError> failure = run.finish(totals);
     if (failure) {
         complainOf(*failure);

@@ -33,7 +33,7 @@ class CleanCommand final : public Command {
     void endOnSecondSignal(const OutputFile& output) const;
     ExitStatus plan(const Modal& modal, OutputFile& output);
     ExitStatus move(Modal& modal, OutputFile& output);
-    [[nodiscard]] bool finish(CleanUpRun& run) const;
+    [[nodiscard]] static bool finish(CleanUpRun& run, DataFile& totals);
 
     Platform& platform_;
     ScanOptions options_;

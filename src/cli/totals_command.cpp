@@ -1,5 +1,6 @@
 #include "cli/totals_command.h"
 
+#include "clean/recovered_journal.h"
 #include "cli/color_option.h"
 #include "cli/messages.h"
 #include "cli/print.h"
@@ -41,6 +42,11 @@ ExitStatus TotalsCommand::run() {
     const std::optional<StoreError> failure = data.loadDataFile();
     if (failure) {
         complainAbout(failure->path, failure->text);
+        return ExitStatus::incomplete;
+    }
+    // The totals may lack what a clean-up has moved whose process was ended.
+    if (const std::optional<StoreError> unsettled = recoverAtStart(platform_, data)) {
+        complainAbout(unsettled->path, unsettled->text);
         return ExitStatus::incomplete;
     }
     return print(cleanedSoFarText(data.alreadyDeletedCount(), data.alreadyDeletedSize()) + '\n');

@@ -118,7 +118,7 @@ void DeletionTask::begin(bool unMarkAllEnabled) {
     }
     CleanUp::Settings settings;
     settings.wholeSets = CleanUp::WholeSets::goIfMarked;
-    auto opened = CleanUpRun::open(session_.platform, std::move(settings));
+    auto opened = CleanUpRun::open(session_.platform, session_.data, std::move(settings));
     if (const auto* error = std::get_if<StoreError>(&opened)) {
         information_.setInformationWindow(noCleanUpInformation(error->text));
         return;

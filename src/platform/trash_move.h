@@ -103,6 +103,10 @@ class TrashMover {
     /// told once for each.
     virtual Result<std::vector<TrashedFile>, TrashRefusal> find(
         const std::string& trash, std::span<const FileIdentity> wanted) = 0;
+
+    /// The Trash folders that a file at this path can have been moved to, whatever was mounted at
+    /// that time and whether or not they exist, the likeliest first. Asks no file system.
+    [[nodiscard]] virtual std::vector<std::string> trashesFor(const std::string& path) const = 0;
 };
 
 [[nodiscard]] std::unique_ptr<TrashMover> makeTrashMover(TrashUser user = processTrashUser());

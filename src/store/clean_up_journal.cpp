@@ -324,6 +324,12 @@ StoreResult<CleanUpJournal> CleanUpJournal::open(const std::string& folder,
                           std::move(database));
 }
 
+bool CleanUpJournal::isIn(const std::string& folder) {
+    std::error_code unknown;
+    const auto status = std::filesystem::symlink_status(folder + journalName, unknown);
+    return status.type() != std::filesystem::file_type::not_found;
+}
+
 StoreResult<std::string> CleanUpJournal::putAside(const std::string& folder) {
     const Result<FolderLock> folderLock = FolderLock::take(folder);
     if (!folderLock) {

@@ -141,6 +141,9 @@ class CleanUpJournal final {
     static StoreResult<CleanUpJournal> open(
         const std::string& folder, std::chrono::milliseconds patience = std::chrono::seconds(10));
 
+    /// Whether there is a journal in `folder`, usable or not. Opens and makes nothing.
+    static bool isIn(const std::string& folder);
+
     /// Gives the journal in `folder`, and the rollback journal beside it, names with ".unreadable"
     /// behind, so that open() makes a new one; returns the new path. Refused ("passing") while any
     /// process has it open. What it counted and planned is out of reach then.

@@ -74,6 +74,11 @@ class FakeTrash final {
             return std::vector<TrashedFile>();
         }
 
+        [[nodiscard]] std::vector<std::string> trashesFor(
+            const std::string& /*path*/) const override {
+            return {trash_.folder_};
+        }
+
      private:
         static std::string pathOf(const TrashPlace& place) {
             return place.trash + '/' + place.name;

@@ -4,6 +4,7 @@
 #include "platform/linux/trash_folder.h"
 #include "platform/linux/trash_mover.h"
 #include "platform/linux/user_environment.h"
+#include "platform/open_folder.h"
 
 #include <unistd.h>
 
@@ -54,19 +55,6 @@ bool isSettled(std::string_view path) {
            !path.ends_with("/..");
 }
 
-/// Where an open folder is now, by the system's own account. None where that is no place: the
-/// folder was removed, or lies outside of what the process sees.
-std::optional<std::string> placeOf(const Descriptor& folder) {
-    std::string path(PATH_MAX, '\0');
-    const std::string link = "/proc/self/fd/" + std::to_string(folder.number());
-    const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());
-    if (length <= 0 || static_cast<std::size_t>(length) == path.size() || path.front() != '/') {
-        return std::nullopt;
-    }
-    path.resize(static_cast<std::size_t>(length));
-    return path;
-}
-
 /// The local date and time as a note has it.
 std::string dateText(std::time_t seconds) {
     std::tm local{};
@@ -90,6 +78,7 @@ class LinuxTrashMover final : public TrashMover {
                                         const char* name) override;
     Result<std::vector<TrashedFile>, TrashRefusal> find(
         const std::string& trash, std::span<const FileIdentity> wanted) override;
+    [[nodiscard]] std::vector<std::string> trashesFor(const std::string& path) const override;
 
  private:
     using Time = std::chrono::steady_clock::time_point;
@@ -398,6 +387,22 @@ Result<std::vector<TrashedFile>, TrashRefusal> LinuxTrashMover::find(
         return systemRefusal(more.error().code);
     }
     return found;
+}
+
+std::vector<std::string> LinuxTrashMover::trashesFor(const std::string& path) const {
+    const std::string user = std::to_string(user_.number);
+    std::vector<std::string> trashes;
+    if (user_.homeTrash) {
+        trashes.push_back(*user_.homeTrash);
+    }
+    // Each folder above may have been the top folder of a mount.
+    for (std::size_t end = path.rfind('/'); end != std::string::npos;
+         end = end == 0 ? std::string::npos : path.rfind('/', end - 1)) {
+        const std::string top = path.substr(0, end);
+        trashes.push_back(top + "/.Trash/" + user);
+        trashes.push_back(top + "/.Trash-" + user);
+    }
+    return trashes;
 }
 
 }  // namespace

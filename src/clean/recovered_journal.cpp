@@ -1,0 +1,40 @@
+#include "clean/recovered_journal.h"
+
+#include "clean/recovery.h"
+
+#include <utility>
+
+namespace tarvin {
+
+std::variant<RecoveredJournal, StoreError> openRecovered(Platform& platform, DataFile& totals) {
+    const std::optional<std::string> folder = platform.applicationSupportFolder();
+    if (!folder) {
+        return StoreError{"", "there is no home folder to keep the journal in",
+                          StoreError::Kind::passing};
+    }
+    auto journal = CleanUpJournal::open(*folder);
+    if (auto* error = std::get_if<StoreError>(&journal)) {
+        return std::move(*error);
+    }
+    RecoveredJournal opened{*folder, std::get<CleanUpJournal>(std::move(journal)),
+                            platform.makeTrashMover()};
+    static_cast<void>(
+        recoverCleanUps(platform.fileSystem(), *opened.trash, opened.journal, totals));
+    return opened;
+}
+
+std::optional<StoreError> recoverAtStart(Platform& platform, DataFile& totals) {
+    const std::optional<std::string> folder = platform.applicationSupportFolder();
+    if (!folder || !CleanUpJournal::isIn(*folder)) {
+        return std::nullopt;
+    }
+    auto journal = CleanUpJournal::open(*folder);
+    if (auto* error = std::get_if<StoreError>(&journal)) {
+        return std::move(*error);
+    }
+    const std::unique_ptr<TrashMover> trash = platform.makeTrashMover();
+    return recoverCleanUps(platform.fileSystem(), *trash, std::get<CleanUpJournal>(journal),
+                           totals);
+}
+
+}  // namespace tarvin

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/platform.h"
+#include "platform/trash_move.h"
+#include "store/clean_up_journal.h"
+#include "store/data_file.h"
+#include "store/store_error.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <variant>
+
+namespace tarvin {
+
+/// The journal of clean-ups and the Trash that it speaks of.
+struct RecoveredJournal {
+    std::string folder;  ///< where the journal is, and whatever else clean-ups share
+    CleanUpJournal journal;
+    std::unique_ptr<TrashMover> trash;
+};
+
+/// Opens the journal in the application-support folder, and makes it if it is missing. What
+/// clean-ups have left open whose process has ended is recovered and brings the totals up to it; a
+/// failure of that is not told, since the next call tries again. One thread, that which uses the
+/// journal then.
+[[nodiscard]] std::variant<RecoveredJournal, StoreError> openRecovered(Platform& platform,
+                                                                       DataFile& totals);
+
+/// Recovers what was left open, if there is a journal at all; makes none. To be called where the
+/// totals are shown. The first failure.
+[[nodiscard]] std::optional<StoreError> recoverAtStart(Platform& platform, DataFile& totals);
+
+}  // namespace tarvin

@@ -1,0 +1,91 @@
+#include "clean/return_folders.h"
+
+#include "platform/open_folder.h"
+
+#include <cerrno>
+#include <optional>
+
+namespace tarvin {
+
+namespace {
+
+/// Open at once; beyond it all are opened anew.
+constexpr std::size_t mostKept = 64;
+
+}  // namespace
+
+ReturnFolders::Opened ReturnFolders::open(const std::string& path) {
+    const auto kept = kept_.find(path);
+    if (kept != kept_.end()) {
+        const Result<FileAttributes> now = fileSystem_.attributesAtPath(path);
+        if (now && now->identity == kept->second->identity) {
+            return kept->second;
+        }
+        kept_.erase(kept);
+    }
+    Opened folder = openAnew(path);
+    if (folder) {
+        if (kept_.size() >= mostKept) {
+            kept_.clear();
+        }
+        kept_.emplace(path, *folder);
+    }
+    return folder;
+}
+
+ReturnFolders::Opened ReturnFolders::openOrMake(const std::string& path) {
+    made_.clear();
+    return make(path);
+}
+
+void ReturnFolders::removeMade() {
+    for (; !made_.empty(); made_.pop_back()) {
+        const auto& [parent, name] = made_.back();
+        removeEmptyFolderAt(parent->descriptor, name);
+        kept_.erase(parent->path == "/" ? parent->path + name : parent->path + '/' + name);
+    }
+}
+
+/// The system says where the folder that was opened is, so nothing can change between two looks.
+ReturnFolders::Opened ReturnFolders::openAnew(const std::string& path) {
+    OpenFolder folder;
+    folder.path = path;
+    Result<Descriptor> opened = fileSystem_.openDirectory(path);
+    if (!opened) {
+        const Result<FileAttributes> now = fileSystem_.attributesAtPath(path);
+        const bool isNoFolder = now && now->type != EntryType::directory;
+        return isNoFolder ? SystemError{ENOTDIR} : opened.error();
+    }
+    const Result<FileAttributes> attributes = fileSystem_.attributesOf(*opened);
+    if (!attributes) {
+        return attributes.error();
+    }
+    if (placeOf(*opened) != path) {
+        return SystemError{ELOOP};
+    }
+    folder.descriptor = std::move(*opened);
+    folder.identity = attributes->identity;
+    return std::shared_ptr<const OpenFolder>(std::make_shared<OpenFolder>(std::move(folder)));
+}
+
+ReturnFolders::Opened ReturnFolders::make(const std::string& path) {
+    Opened there = open(path);
+    const std::size_t slash = path.rfind('/');
+    if (there || there.error().code != ENOENT || slash == std::string::npos || path == "/") {
+        return there;
+    }
+    const Opened parent = make(slash == 0 ? "/" : path.substr(0, slash));
+    if (!parent) {
+        return parent;
+    }
+    const std::string name = path.substr(slash + 1);
+    if (const std::optional<SystemError> failure = makeFolderAt((*parent)->descriptor, name);
+        failure && failure->code != EEXIST) {
+        return *failure;
+    } else if (!failure) {
+        made_.emplace_back(*parent, name);
+    }
+    return open(path);
+}
+
+}  // namespace tarvin
