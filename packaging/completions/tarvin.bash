@@ -26,12 +26,25 @@ _tarvin() {
         return
     fi
     if ((COMP_CWORD == 1)); then
-        _tarvin_offer -W 'scan clean exceptions totals help --help --version' -- "$word"
+        _tarvin_offer -W 'scan clean restore exceptions totals help --help --version' -- "$word"
         return
     fi
     case ${COMP_WORDS[1]} in
         scan) options= ;;
         clean) options='--dry-run --yes' ;;
+        restore)
+            case $before in
+                -f | --format) _tarvin_offer -W 'text json' -- "$word" ;;
+                -o | --output) _tarvin_offer_names -f -- "$word" ;;
+                *)
+                    if [[ $word == -* ]]; then
+                        options='--list --dry-run --yes --format --output --color --help'
+                        _tarvin_offer -W "$options" -- "$word"
+                    fi
+                    ;;
+            esac
+            return
+            ;;
         exceptions)
             if ((COMP_CWORD == 2)); then
                 _tarvin_offer -W 'list add clear --color --help' -- "$word"
@@ -42,7 +55,7 @@ _tarvin() {
             ;;
         help)
             if ((COMP_CWORD == 2)) && [[ $word != -* ]]; then
-                _tarvin_offer -W 'scan clean exceptions totals help' -- "$word"
+                _tarvin_offer -W 'scan clean restore exceptions totals help' -- "$word"
                 return
             fi
             ;;&

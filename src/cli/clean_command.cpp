@@ -1,8 +1,9 @@
 #include "cli/clean_command.h"
 
 #include "clean/clean_up_run.h"
-#include "cli/clean_report.h"
+#include "cli/file_option.h"
 #include "cli/interrupt.h"
+#include "cli/lasting_report.h"
 #include "cli/messages.h"
 #include "cli/question.h"
 #include "cli/scan_setup.h"
@@ -64,21 +65,17 @@ void forEachMarkedFile(const Modal& modal, const Action& action) {
     }
 }
 
-void complainOf(const StoreError& error) {
-    if (error.path.empty()) {
-        complain(error.text);
-    } else {
-        complainAbout(error.path, error.text);
-    }
-}
-
 /// Tells of each file as it is moved or not.
 class MoveTeller final {
  public:
-    MoveTeller(const ScanOptions& options, OutputFile& output) : report_(options, output) {}
+    MoveTeller(const ScanOptions& options, OutputFile& output)
+        : report_(options.format, shownOutput(options.output), output,
+                  [](ResultFormat format, Output& place) {
+                      return makeCleanWriter(format, false, place);
+                  }) {}
 
     void tell(const File& file, const MoveResult& result) {
-        report_.file(file, result);
+        report_.write([&](CleanWriter& writer) { writer.file(file, result); });
         if (result.outcome == MoveOutcome::moved) {
             return;
         }
@@ -101,14 +98,16 @@ class MoveTeller final {
     }
 
     [[nodiscard]] ExitStatus end(const RemovalResult& moved) {
-        return report_.end({moved.deletedFilesCount, moved.deletedFilesSize, stopped_});
+        return report_.end([&](CleanWriter& writer) {
+            writer.end({moved.deletedFilesCount, moved.deletedFilesSize, stopped_});
+        });
     }
 
     [[nodiscard]] bool movedAll() const { return movedAll_; }
     [[nodiscard]] bool stopped() const { return stopped_; }
 
  private:
-    CleanReport report_;
+    LastingReport<CleanWriter> report_;
     bool movedAll_ = true;
     bool stopped_ = false;
     std::unordered_set<const File*> left_;
@@ -193,7 +192,7 @@ ExitStatus CleanCommand::plan(const Modal& modal, OutputFile& output) {
     });
     const bool stopped = control_.stopDeletion();
     writer->end({modal.totalFilesSelected(), modal.totalFilesSelectedSize(), stopped});
-    const ExitStatus written = commitOutput(options_, output);
+    const ExitStatus written = commitOutput(options_.output, output);
     return stopped ? ExitStatus::stopped : written;
 }
 

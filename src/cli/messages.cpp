@@ -26,6 +26,14 @@ void complainAbout(std::string_view path, std::string_view reason) {
     complain(shownName(path).append(": ").append(reason));
 }
 
+void complainOf(const StoreError& error) {
+    if (error.path.empty()) {
+        complain(error.text);
+    } else {
+        complainAbout(error.path, error.text);
+    }
+}
+
 void complainPutAside(std::string_view path, std::string_view aside) {
     complainAbout(
         path, "could not be used; it is kept as " + shownName(aside) + " and a new one was begun");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/store_error.h"
+
 #include <string_view>
 
 namespace tarvin {
@@ -10,6 +12,9 @@ void complain(std::string_view text);
 
 /// The same about a file or folder: "tarvin: PATH: REASON". Quotes the path where needed.
 void complainAbout(std::string_view path, std::string_view reason);
+
+/// Tells a failure of something stored.
+void complainOf(const StoreError& error);
 
 /// About a file of ours that was of no use and now has the name `aside`.
 void complainPutAside(std::string_view path, std::string_view aside);

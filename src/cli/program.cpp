@@ -10,6 +10,7 @@
 #include "cli/parser.h"
 #include "cli/print.h"
 #include "cli/refusal.h"
+#include "cli/restore_command.h"
 #include "cli/scan_command.h"
 #include "cli/shown_name.h"
 #include "cli/spelling.h"
@@ -40,6 +41,7 @@ constexpr const char* programExamples =
     "  tarvin scan ~/Pictures ~/Downloads\n"
     "  tarvin scan --format json --output duplicates.json ~/Pictures\n"
     "  tarvin clean --dry-run ~/Pictures\n"
+    "  tarvin restore\n"
     "  tarvin exceptions add ~/Pictures/keep-both.jpg";
 
 /// A command and its place in the parser.
@@ -52,6 +54,7 @@ std::vector<Entry> addCommands(CLI::App& program, Platform& platform) {
     std::vector<Entry> entries;
     entries.push_back({std::make_unique<ScanCommand>(platform), nullptr});
     entries.push_back({std::make_unique<CleanCommand>(platform), nullptr});
+    entries.push_back({std::make_unique<RestoreCommand>(platform), nullptr});
     entries.push_back({std::make_unique<ExceptionsCommand>(platform), nullptr});
     entries.push_back({std::make_unique<TotalsCommand>(platform), nullptr});
     entries.push_back({std::make_unique<HelpCommand>(), nullptr});

@@ -1,5 +1,6 @@
 #include "cli/scan_command.h"
 
+#include "cli/file_option.h"
 #include "cli/folder_scan.h"
 #include "cli/interrupt.h"
 #include "cli/messages.h"
@@ -75,7 +76,7 @@ ExitStatus ScanCommand::scanInto(OutputFile& output, ExceptionFilter exceptions)
 
 ExitStatus ScanCommand::write(const ScanReport& report, OutputFile& output) const {
     makeWriter(options_.format)->write(report, output.output());
-    return commitOutput(options_, output);
+    return commitOutput(options_.output, output);
 }
 
 }  // namespace tarvin

@@ -29,9 +29,6 @@ struct ScanOptions {
     ProgressWhen progress = ProgressWhen::automatic;
 };
 
-/// Where the result goes, for a message.
-[[nodiscard]] std::string shownOutput(const ScanOptions& options);
-
 /// Adds the options and the folders of a scan to a command. `options` must live as long as
 /// `command`, which stores into it.
 void addScanOptions(CLI::App& command, ScanOptions& options);

@@ -1,9 +1,8 @@
 #include "cli/scan_setup.h"
 
+#include "cli/file_option.h"
 #include "cli/messages.h"
-#include "cli/print.h"
 #include "cli/scan_inputs.h"
-#include "platform/result.h"
 
 #include <utility>
 
@@ -34,17 +33,11 @@ std::optional<ScanSetup> setUpScan(const ScanOptions& options, Platform& platfor
     if (!exceptions) {
         return std::nullopt;
     }
-    Result<std::unique_ptr<OutputFile>> output = OutputFile::open(options.output);
+    std::unique_ptr<OutputFile> output = openOutput(options.output);
     if (!output) {
-        complain(shownOutput(options) + ": " + output.error().text());
         return std::nullopt;
     }
-    return ScanSetup{std::move(*exceptions), std::move(*output)};
-}
-
-ExitStatus commitOutput(const ScanOptions& options, OutputFile& output) {
-    const std::optional<SystemError> failure = output.commit();
-    return failure ? statusOfFailure(shownOutput(options), *failure) : ExitStatus::done;
+    return ScanSetup{std::move(*exceptions), std::move(output)};
 }
 
 }  // namespace tarvin

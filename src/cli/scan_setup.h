@@ -1,6 +1,5 @@
 #pragma once
 
-#include "cli/command.h"
 #include "cli/output_file.h"
 #include "cli/scan_options.h"
 #include "platform/platform.h"
@@ -27,8 +26,5 @@ struct ScanSetup {
 /// What the options ask for, or none, and a complaint, if there is no such list or place.
 [[nodiscard]] std::optional<ScanSetup> setUpScan(const ScanOptions& options, Platform& platform,
                                                  UnusableExceptions unusable);
-
-/// Puts the result in its place. If that fails, what statusOfFailure() makes of it.
-[[nodiscard]] ExitStatus commitOutput(const ScanOptions& options, OutputFile& output);
 
 }  // namespace tarvin

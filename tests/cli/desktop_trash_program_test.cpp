@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <filesystem>
+#include <iterator>
 #include <string>
 
 namespace tarvin {
@@ -53,6 +55,72 @@ TEST(DesktopTrash, PutsAFileBackWhereItWas) {
         "\" && gio trash --restore \"$(gio trash --list | grep -F $HOME | cut -f 1)\"");
     EXPECT_TRUE(std::filesystem::exists(home.pathOf("photos/a.jpg"))) << result.output;
     EXPECT_TRUE(std::filesystem::exists(home.pathOf("photos/b.jpg"))) << result.output;
+}
+
+/// Two cleaned up, of which another program puts one back.
+class OtherProgram : public testing::Test {
+ protected:
+    OtherProgram() {
+        for (const char* name : {"a.jpg", "b.jpg", "c.jpg"}) {
+            home_.writeFile(std::string("photos/") + name, "equal");
+        }
+    }
+
+    /// What our program still offers once `command` has put a.jpg or b.jpg back, and what it says
+    /// after the rest is back, too.
+    void expectOneLeft(const std::string& command) const {
+        const std::string photos = home_.pathOf("photos");
+        const CommandResult result = DesktopSession(home_).run(
+            program + " clean --yes \"" + photos + "\" >\"$HOME/moved\" && " + command +
+            " && echo ---- && " + program + " restore --yes && " + program + " restore --yes && " +
+            program + " totals");
+        EXPECT_EQ(result.status, 0);
+        const std::string ours = result.output.substr(result.output.find("----\n") + 5);
+        EXPECT_TRUE(ours.starts_with("Put back: " + photos + "/")) << result.output;
+        EXPECT_TRUE(
+            ours.ends_with(".jpg\nFiles Put Back: 1\nSize: 0.01 KB\n"
+                           "There is nothing to put back.\n"
+                           "The last clean-up has been put back already.\n"
+                           "Files cleaned so far: 0 (0.00 KB)\n"))
+            << result.output;
+        for (const char* name : {"a.jpg", "b.jpg", "c.jpg"}) {
+            EXPECT_TRUE(std::filesystem::exists(home_.pathOf(std::string("photos/") + name)))
+                << name;
+        }
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(photos), {}), 3);
+    }
+
+    TemporaryFolder home_;
+};
+
+/// The path that the first line of our report tells.
+const std::string firstMoved = "$(head -n 1 \"$HOME/moved\" | cut -d : -f 2- | cut -c 2-)";
+
+TEST_F(OtherProgram, TrashListShowsEveryFileWithItsPlace) {
+    const CommandResult result = DesktopSession(home_).run(
+        program + " clean --yes \"" + home_.pathOf("photos") + "\" >/dev/null && trash-list");
+    std::size_t listed = 0;
+    for (const char* name : {"a.jpg", "b.jpg", "c.jpg"}) {
+        const std::string path = home_.pathOf(std::string("photos/") + name);
+        const bool isListed = result.output.find(' ' + path + '\n') != std::string::npos;
+        EXPECT_NE(isListed, std::filesystem::exists(path)) << result.output;
+        listed += isListed ? 1 : 0;
+    }
+    EXPECT_EQ(listed, 2U);
+}
+
+TEST_F(OtherProgram, WhatTrashRestoreBroughtIsNotOffered) {
+    expectOneLeft("echo 0 | trash-restore \"" + firstMoved + "\" >/dev/null");
+}
+
+TEST_F(OtherProgram, WhatGioRestoredIsNotOffered) {
+    expectOneLeft(
+        "gio trash --restore \"$(gio trash --list | grep -F $HOME | head -n 1 | cut -f 1)\"");
+}
+
+TEST_F(OtherProgram, WhatGioMovedHomeIsNotOffered) {
+    expectOneLeft("gio move \"$XDG_DATA_HOME/Trash/files/$(basename \"" + firstMoved + "\")\" \"" +
+                  firstMoved + "\"");
 }
 
 }  // namespace

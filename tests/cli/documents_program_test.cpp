@@ -66,7 +66,8 @@ TEST_P(Documents, NameEveryOptionOfTheCommand) {
 }
 
 INSTANTIATE_TEST_SUITE_P(EachCommand, Documents,
-                         testing::Values("scan", "clean", "exceptions", "totals", "help"),
+                         testing::Values("scan", "clean", "restore", "exceptions", "totals",
+                                         "help"),
                          [](const auto& info) { return info.param; });
 
 }  // namespace

@@ -50,6 +50,7 @@ Options:
 Commands:
   scan                        Finds the files in FOLDER... whose contents are identical.
   clean                       Moves the duplicates in FOLDER... to the Trash; one file of each set stays.
+  restore                     Puts the files of a clean-up back from the Trash to where they were.
   exceptions                  Shows or changes the list of files that no scan looks at.
   totals                      Tells how many files were moved to the Trash over all runs.
   help                        Explains the program or one of its commands.
@@ -58,6 +59,7 @@ Examples:
   tarvin scan ~/Pictures ~/Downloads
   tarvin scan --format json --output duplicates.json ~/Pictures
   tarvin clean --dry-run ~/Pictures
+  tarvin restore
   tarvin exceptions add ~/Pictures/keep-both.jpg
 )");
 }
@@ -155,6 +157,51 @@ Exit status:
 )");
 }
 
+TEST(Help, OfRestoreExplainsItWithExamples) {
+    EXPECT_EQ(runTarvin({"restore", "--help"}).output,
+              R"(Puts the files of a clean-up back from the Trash to where they were.
+
+Usage: tarvin restore [OPTION]... [CLEAN-UP]
+
+Arguments:
+  CLEAN-UP                    Its number, as --list tells it; without one, the
+                              last clean-up that has something to put back
+
+Options:
+  -h,--help                   Print this text, or that of a command, and exit
+  -l,--list                   Only list the clean-ups that are known, newest
+                              first
+  -n,--dry-run                Only tell what would be put back
+  -y,--yes                    Put back without asking
+  -f,--format text|json       How the result is written; text, the default,
+                              is meant to be read by people
+  -o,--output FILE            Write the result to FILE instead of standard
+                              output
+  --color auto|always|never   Whether to use colour; auto, the default, uses it
+                              on a terminal that has it
+
+Examples:
+  tarvin restore --list
+  tarvin restore --dry-run
+  tarvin restore
+  tarvin restore --yes 12
+
+Nothing that is there now is replaced: a file whose name is taken comes back as
+'NAME (put back).EXT'. Folders that are gone are made again. What cannot come
+back stays in the Trash, for another try. Ctrl-C stops between two files.
+
+Exit status:
+  0    all files were put back, or would be, or you said no, or there is nothing
+       to put back
+  1    a file could not be put back, or something could not be read or written
+  2    the command line is wrong, there is nobody to ask and no --yes, or the
+       place of the result is of no use; nothing was done
+  130  stopped by Ctrl-C or by the signal TERM or HUP
+  141  the reader of the report, such as 'head', went away before its end; all
+       that can be was put back, and standard error has the rest of the report
+)");
+}
+
 TEST(Help, OfExceptionsExplainsThem) {
     EXPECT_EQ(runTarvin({"exceptions", "--help"}).output,
               R"(Shows or changes the list of files that no scan looks at.
@@ -204,8 +251,9 @@ Exit status:
 
 TEST(Help, OfAWordIsThatOfItsOption) {
     using Words = ProgramRun::Words;
-    for (const Words& words : {Words{}, Words{"scan"}, Words{"clean"}, Words{"exceptions"},
-                               Words{"exceptions", "add"}, Words{"totals"}, Words{"help"}}) {
+    for (const Words& words :
+         {Words{}, Words{"scan"}, Words{"clean"}, Words{"restore"}, Words{"exceptions"},
+          Words{"exceptions", "add"}, Words{"totals"}, Words{"help"}}) {
         Words first{"help"};
         first.insert(first.end(), words.begin(), words.end());
         Words last = words;

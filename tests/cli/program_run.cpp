@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <linux/capability.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -41,7 +42,9 @@ void setLimit(int resource, std::uint64_t bytes) {
     }
     const bool isThere = setting.folder.empty() || ::chdir(setting.folder.c_str()) == 0;
     const bool isFed = setting.input < 0 || ::dup2(setting.input, STDIN_FILENO) >= 0;
-    if (isThere && isFed && ::dup2(output, STDOUT_FILENO) >= 0 &&
+    const bool isObeyed =
+        !setting.ownsTerminal || (::setsid() > 0 && ::ioctl(STDIN_FILENO, TIOCSCTTY, 0) == 0);
+    if (isThere && isFed && isObeyed && ::dup2(output, STDOUT_FILENO) >= 0 &&
         ::dup2(errors, STDERR_FILENO) >= 0) {
         for (const auto& [name, value] : setting.environment) {
             ::setenv(name.c_str(), value.c_str(), 1);  // NOLINT(concurrency-mt-unsafe)

@@ -24,6 +24,8 @@ struct ProgramSetting {
     std::map<std::string, std::string> environment{};  ///< added to the test's own
     /// What its standard input is, if not the test's.
     int input = -1;
+    /// Its standard input is a terminal, and its own: what Ctrl-C there does is meant for it.
+    bool ownsTerminal = false;
     /// What its standard output and error are, if not pipes that the test reads.
     int output = -1;
     int errors = -1;

@@ -66,7 +66,7 @@ TEST(BashCompletion, CompletesACommand) {
 
 TEST(BashCompletion, OffersWhatMayStandFirst) {
     EXPECT_EQ(bashOffers("tarvin \"\"", 1),
-              "--help\n--version\nclean\nexceptions\nhelp\nscan\ntotals\n");
+              "--help\n--version\nclean\nexceptions\nhelp\nrestore\nscan\ntotals\n");
 }
 
 TEST(BashCompletion, OffersTheOptionsOfScan) {
@@ -83,6 +83,14 @@ TEST(BashCompletion, OffersTheOptionsOfClean) {
     EXPECT_EQ(bashOffers("tarvin clean --format js", 3), "json\n");
 }
 
+TEST(BashCompletion, OffersTheOptionsOfRestore) {
+    EXPECT_EQ(bashOffers("tarvin restore --", 2),
+              "--color\n--dry-run\n--format\n--help\n--list\n--output\n--yes\n");
+    EXPECT_EQ(bashOffers("tarvin restore --format \"\"", 3), "json\ntext\n");
+    EXPECT_EQ(bashOffers("tarvin restore --list -o LIC", 4), "LICENSE\n");
+    EXPECT_EQ(bashOffers("tarvin restore LIC", 2), "");
+}
+
 TEST(BashCompletion, OffersWhatToDoWithExceptions) {
     EXPECT_EQ(bashOffers("tarvin exceptions \"\"", 2), "--color\n--help\nadd\nclear\nlist\n");
     EXPECT_EQ(bashOffers("tarvin exceptions add LIC", 3), "LICENSE\n");
@@ -91,7 +99,8 @@ TEST(BashCompletion, OffersWhatToDoWithExceptions) {
 }
 
 TEST(BashCompletion, OffersTheCommandsThatCanBeExplained) {
-    EXPECT_EQ(bashOffers("tarvin help \"\"", 2), "clean\nexceptions\nhelp\nscan\ntotals\n");
+    EXPECT_EQ(bashOffers("tarvin help \"\"", 2),
+              "clean\nexceptions\nhelp\nrestore\nscan\ntotals\n");
     EXPECT_EQ(bashOffers("tarvin help scan \"\"", 3), "");
     EXPECT_EQ(bashOffers("tarvin help --", 2), "--color\n--help\n");
     EXPECT_EQ(bashOffers("tarvin totals -", 2), "--color\n--help\n");

@@ -1,0 +1,45 @@
+#include "cli/report_place.h"
+
+#include "cli/messages.h"
+#include "cli/shown_name.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+namespace tarvin {
+
+ReportPlace::ReportPlace(std::string shownName, OutputFile& file)
+    : shownName_(std::move(shownName)), file_(file), errors_(STDERR_FILENO) {}
+
+bool ReportPlace::flush() {
+    if (failure_) {
+        return false;
+    }
+    file_.output().flush();
+    failure_ = file_.output().error();
+    if (!failure_) {
+        return true;
+    }
+    const std::string kept = file_.keepUnfinished();
+    complain(shownName_ + ": " + failure_->text() +
+             (kept.empty() ? "" : "; what was written is kept as " + shownName(kept)) +
+             "; the rest of the report follows");
+    return false;
+}
+
+ExitStatus ReportPlace::commit() {
+    if (failure_) {
+        return failure_->code == EPIPE ? ExitStatus::outputClosed : ExitStatus::incomplete;
+    }
+    if (const std::optional<SystemError> failure = file_.commit()) {
+        const std::string kept = file_.keepUnfinished();
+        complain(shownName_ + ": " + failure->text() +
+                 (kept.empty() ? "" : "; the report is kept as " + shownName(kept)));
+        return ExitStatus::incomplete;
+    }
+    return ExitStatus::done;
+}
+
+}  // namespace tarvin

@@ -1,0 +1,368 @@
+#include "cli/restore_command.h"
+
+#include "cli/choice.h"
+#include "cli/color_option.h"
+#include "cli/file_option.h"
+#include "cli/interrupt.h"
+#include "cli/lasting_report.h"
+#include "cli/local_date.h"
+#include "cli/messages.h"
+#include "cli/question.h"
+#include "cli/refusal.h"
+#include "cli/shown_name.h"
+#include "scan/texts.h"
+
+#include <CLI/CLI.hpp>
+
+#include <array>
+#include <charconv>
+#include <cstdlib>
+#include <limits>
+#include <memory>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+
+/// What would come back of a clean-up now.
+struct RestoreCommand::Prospect {
+    std::uint64_t files = 0;  ///< that would come back
+    std::uint64_t bytes = 0;  ///< of those
+    std::uint64_t lost = 0;   ///< that are not in the Trash any more
+    std::uint64_t all = 0;    ///< all that are not back
+};
+
+namespace {
+
+constexpr const char* restoreDescription =
+    "Puts the files of a clean-up back from the Trash to where they were.";
+
+constexpr const char* restoreExamples =
+    "Examples:\n"
+    "  tarvin restore --list\n"
+    "  tarvin restore --dry-run\n"
+    "  tarvin restore\n"
+    "  tarvin restore --yes 12\n"
+    "\n"
+    "Nothing that is there now is replaced: a file whose name is taken comes back as\n"
+    "'NAME (put back).EXT'. Folders that are gone are made again. What cannot come\n"
+    "back stays in the Trash, for another try. Ctrl-C stops between two files.\n"
+    "\n"
+    "Exit status:\n"
+    "  0    all files were put back, or would be, or you said no, or there is nothing\n"
+    "       to put back\n"
+    "  1    a file could not be put back, or something could not be read or written\n"
+    "  2    the command line is wrong, there is nobody to ask and no --yes, or the\n"
+    "       place of the result is of no use; nothing was done\n"
+    "  130  stopped by Ctrl-C or by the signal TERM or HUP\n"
+    "  141  the reader of the report, such as 'head', went away before its end; all\n"
+    "       that can be was put back, and standard error has the rest of the report";
+
+constexpr const char* helpCommand = "tarvin restore";
+
+constexpr std::array formats{Choice<ResultFormat>{"text", ResultFormat::text},
+                             Choice<ResultFormat>{"json", ResultFormat::json}};
+
+ExitStatus failed(const StoreError& error) {
+    complainOf(error);
+    return ExitStatus::incomplete;
+}
+
+std::string questionFor(std::uint64_t files, std::uint64_t all, std::uint64_t bytes,
+                        const CleanUpSummary& cleanUp) {
+    const std::string count =
+        files == all ? filesText(files) : std::to_string(files) + " of " + filesText(all);
+    return "Put " + count + " (" + getFormattedStringForSize(bytes) + ") of the clean-up of " +
+           localDate(cleanUp.begun) + " back? [y/N] ";
+}
+
+[[noreturn]] void endAtOnce(const OutputFile& output) {
+    output.removeTemporary();
+    std::_Exit(static_cast<int>(ExitStatus::stopped));
+}
+
+/// Tells of each file as it comes back or not, and counts.
+class RestoreTeller final {
+ public:
+    RestoreTeller(const RestoreSubject& subject, ResultFormat format, const std::string& place,
+                  OutputFile& output)
+        : report_(format, shownOutput(place), output,
+                  [&subject](ResultFormat written, Output& to) {
+                      return makeRestoreWriter(written, subject, to);
+                  }),
+          refusal_(subject.dryRun ? "cannot be put back: " : "not put back: ") {}
+
+    void tell(const PutBackFile& file) {
+        report_.write([&](RestoreWriter& writer) { writer.file(file); });
+        if (isBack(file.outcome)) {
+            ++summary_.files;
+            summary_.bytes += file.size;
+            return;
+        }
+        ++summary_.notFiles;
+        if (file.outcome == PutBackOutcome::stopped) {
+            summary_.stopped = true;
+        } else {
+            complainAbout(file.path, refusal_ + reasonFor(file));
+            ++refused_;
+        }
+    }
+
+    void tellStop() { summary_.stopped = true; }
+
+    [[nodiscard]] ExitStatus end() {
+        const ExitStatus written =
+            report_.end([this](RestoreWriter& writer) { writer.end(summary_); });
+        if (summary_.stopped) {
+            return ExitStatus::stopped;
+        }
+        return refused_ == 0 ? written : ExitStatus::incomplete;
+    }
+
+ private:
+    LastingReport<RestoreWriter> report_;
+    const std::string refusal_;
+    RestoreSummary summary_;
+    std::uint64_t refused_ = 0;
+};
+
+}  // namespace
+
+CLI::App& RestoreCommand::addTo(CLI::App& program) {
+    CLI::App* command = program.add_subcommand("restore", restoreDescription);
+    command->footer(restoreExamples);
+    CLI::Option* number =
+        command
+            ->add_option("CLEAN-UP", number_,
+                         "Its number, as --list tells it; without one, the\nlast clean-up that "
+                         "has something to put back")
+            ->type_name("");
+    CLI::Option* list = command->add_flag("-l,--list", list_,
+                                          "Only list the clean-ups that are known, newest\nfirst");
+    list->excludes(number);
+    list->excludes(command->add_flag("-n,--dry-run", dryRun_, "Only tell what would be put back"));
+    list->excludes(command->add_flag("-y,--yes", yes_, "Put back without asking"));
+    addChoice(
+        *command, "-f,--format", formats, [this](ResultFormat format) { format_ = format; },
+        "How the result is written; text, the default,\nis meant to be read by people");
+    addOutputOption(*command, output_);
+    addColorOption(*command);
+    return *command;
+}
+
+ExitStatus RestoreCommand::run() {
+    if (!takeNumber()) {
+        return refuse(shownName(*number_) + " is not the number of a clean-up", helpCommand);
+    }
+    if (!list_ && !dryRun_ && !yes_ && !canAsk()) {
+        complain("there is nobody to ask; give --yes, or --dry-run to see what would be put back");
+        return ExitStatus::wrongUsage;
+    }
+    const std::unique_ptr<OutputFile> output = openOutput(output_);
+    if (!output) {
+        return ExitStatus::wrongUsage;
+    }
+    Interrupt interrupt;
+    interrupt.watch([&] { stopOnFirstSignal(*output); }, [&] { endOnSecondSignal(*output); });
+    return restoreOrList(*output);
+}
+
+/// True, and the number stored, if none was given or it is one.
+bool RestoreCommand::takeNumber() {
+    if (!number_) {
+        return true;
+    }
+    CleanUpId number = 0;
+    const char* const end = number_->data() + number_->size();
+    const auto [behind, failure] = std::from_chars(number_->data(), end, number);
+    if (failure == std::errc::result_out_of_range) {
+        number = std::numeric_limits<CleanUpId>::max();  // no clean-up has it
+    } else if (failure != std::errc() || number < 0) {
+        return false;
+    }
+    cleanUp_ = number;
+    return behind == end;
+}
+
+ExitStatus RestoreCommand::restoreOrList(OutputFile& output) {
+    const std::optional<std::string> folder = platform_.applicationSupportFolder();
+    DataFile totals(folder);
+    std::unique_ptr<PutBack> putBack;
+    // No journal is made where nothing has ever been cleaned up.
+    if (!folder || CleanUpJournal::isIn(*folder)) {
+        auto opened = PutBack::open(platform_, totals);
+        if (const auto* error = std::get_if<StoreError>(&opened)) {
+            return failed(*error);
+        }
+        putBack = std::get<std::unique_ptr<PutBack>>(std::move(opened));
+    }
+    if (list_) {
+        return list(putBack.get(), output);
+    }
+    const auto chosen = choose(putBack.get());
+    if (const auto* status = std::get_if<ExitStatus>(&chosen)) {
+        return *status;
+    }
+    if (const auto* reason = std::get_if<NothingToPutBack>(&chosen)) {
+        return nothing(*reason, output);
+    }
+    return restore(*putBack, std::get<CleanUpSummary>(chosen), totals, output);
+}
+
+ExitStatus RestoreCommand::list(PutBack* putBack, OutputFile& output) const {
+    std::vector<KnownCleanUp> all;
+    if (putBack != nullptr) {
+        const auto known = putBack->cleanUps();
+        if (const auto* error = std::get_if<StoreError>(&known)) {
+            return failed(*error);
+        }
+        for (const CleanUpSummary& summary : std::get<std::vector<CleanUpSummary>>(known)) {
+            const auto prospect = lookAt(*putBack, summary.id);
+            if (const auto* error = std::get_if<StoreError>(&prospect)) {
+                return failed(*error);
+            }
+            const Prospect& now = std::get<Prospect>(prospect);
+            const std::uint64_t lost = summary.lostFiles + now.lost;
+            all.push_back({summary, summary.movedFiles - summary.lostFiles - now.all, lost});
+        }
+    }
+    writeCleanUps(format_, all, output.output());
+    return commitOutput(output_, output);
+}
+
+/// The clean-up that is meant, or what came of the search.
+RestoreCommand::Chosen RestoreCommand::choose(PutBack* putBack) const {
+    if (!number_) {
+        if (putBack == nullptr) {
+            return NothingToPutBack::neverCleaned;
+        }
+        const auto last = putBack->last();
+        if (const auto* error = std::get_if<StoreError>(&last)) {
+            return failed(*error);
+        }
+        const auto& found = std::get<std::variant<CleanUpSummary, NothingToPutBack>>(last);
+        const auto* cleanUp = std::get_if<CleanUpSummary>(&found);
+        return cleanUp != nullptr ? Chosen(*cleanUp) : Chosen(std::get<NothingToPutBack>(found));
+    }
+    if (putBack != nullptr) {
+        const auto known = putBack->cleanUps();
+        if (const auto* error = std::get_if<StoreError>(&known)) {
+            return failed(*error);
+        }
+        for (const CleanUpSummary& each : std::get<std::vector<CleanUpSummary>>(known)) {
+            if (each.id == cleanUp_) {
+                return each;
+            }
+        }
+    }
+    return refuse("no clean-up has the number " + *number_ + "; 'tarvin restore --list' lists them",
+                  helpCommand);
+}
+
+std::variant<RestoreCommand::Prospect, StoreError> RestoreCommand::lookAt(PutBack& putBack,
+                                                                          CleanUpId cleanUp) {
+    Prospect prospect;
+    std::optional<StoreError> failure = putBack.examine(cleanUp, [&](const PutBackFile& file) {
+        ++prospect.all;
+        if (isBack(file.outcome)) {
+            ++prospect.files;
+            prospect.bytes += file.size;
+        }
+        prospect.lost += file.outcome == PutBackOutcome::lost ? 1 : 0;
+        return true;
+    });
+    if (failure) {
+        return std::move(*failure);
+    }
+    return prospect;
+}
+
+ExitStatus RestoreCommand::restore(PutBack& putBack, const CleanUpSummary& cleanUp,
+                                   DataFile& totals, OutputFile& output) {
+    const auto looked = lookAt(putBack, cleanUp.id);
+    if (const auto* error = std::get_if<StoreError>(&looked)) {
+        return failed(*error);
+    }
+    const Prospect& prospect = std::get<Prospect>(looked);
+    if (prospect.all == prospect.lost) {
+        const bool isAllBack = prospect.all == 0 && cleanUp.lostFiles == 0;
+        return nothing(isAllBack ? NothingToPutBack::allBack : NothingToPutBack::noneInTrash,
+                       output);
+    }
+    // Where none can come back, nobody needs to be asked: the report says why.
+    if (dryRun_ || prospect.files == 0) {
+        return plan(putBack, cleanUp.id, output);
+    }
+    if (!yes_ && !isAgreedTo(questionFor(prospect.files, prospect.all, prospect.bytes, cleanUp))) {
+        return ExitStatus::done;
+    }
+    return bringBack(putBack, cleanUp.id, totals, output);
+}
+
+ExitStatus RestoreCommand::nothing(NothingToPutBack reason, OutputFile& output) const {
+    const auto writer = makeRestoreWriter(
+        format_, {.dryRun = dryRun_, .cleanUp = number_ ? std::optional(cleanUp_) : std::nullopt},
+        output.output());
+    writer->begin();
+    writer->nothing(reason);
+    return commitOutput(output_, output);
+}
+
+ExitStatus RestoreCommand::plan(PutBack& putBack, CleanUpId cleanUp, OutputFile& output) {
+    enter(Stage::planning);
+    RestoreTeller teller({.dryRun = dryRun_, .cleanUp = cleanUp}, format_, output_, output);
+    const std::optional<StoreError> failure =
+        putBack.examine(cleanUp, [&](const PutBackFile& file) {
+            if (stopped_) {
+                teller.tellStop();
+                return false;
+            }
+            teller.tell(file);
+            return true;
+        });
+    const ExitStatus status = teller.end();
+    return failure ? failed(*failure) : status;
+}
+
+ExitStatus RestoreCommand::bringBack(PutBack& putBack, CleanUpId cleanUp, DataFile& totals,
+                                     OutputFile& output) {
+    enter(Stage::puttingBack);
+    RestoreTeller teller({.dryRun = false, .cleanUp = cleanUp}, format_, output_, output);
+    const std::optional<StoreError> failure =
+        putBack.run(cleanUp, {.stopped = [this] { return stopped_.load(); },
+                              .report = [&](const PutBackFile& file) { teller.tell(file); }});
+    if (failure) {
+        complainOf(*failure);
+    }
+    if (!totals.putAside().empty()) {
+        complainPutAside(totals.dataPath(), totals.putAside());
+    }
+    const ExitStatus status = teller.end();
+    const bool isStored = !failure && totals.putAside().empty();
+    return status == ExitStatus::stopped || isStored ? status : ExitStatus::incomplete;
+}
+
+/// Held up for good where a signal ends the program meanwhile: nothing is begun any more then.
+void RestoreCommand::enter(Stage stage) {
+    const std::lock_guard lock(mutex_);
+    stage_ = stage;
+}
+
+void RestoreCommand::stopOnFirstSignal(const OutputFile& output) {
+    const std::lock_guard lock(mutex_);
+    stopped_ = true;
+    if (stage_ == Stage::looking) {
+        endAtOnce(output);
+    }
+}
+
+/// Not while files come back: what has been done must be told and counted.
+void RestoreCommand::endOnSecondSignal(const OutputFile& output) {
+    const std::lock_guard lock(mutex_);
+    if (stage_ != Stage::puttingBack) {
+        endAtOnce(output);
+    }
+}
+
+}  // namespace tarvin

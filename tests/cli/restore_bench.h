@@ -1,0 +1,115 @@
+#pragma once
+
+#include "cli/program_run.h"
+#include "cli/result_json.h"
+#include "support/file_content.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstddef>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+
+/// Photos and a home of the test's own, with its Trash; files are cleaned up and put back.
+class RestoreBench : public testing::Test {
+ protected:
+    /// What is at a path.
+    struct Entry {
+        std::string content;
+        std::filesystem::file_time_type date;
+
+        bool operator==(const Entry&) const = default;
+    };
+    using Tree = std::map<std::string, Entry>;
+
+    [[nodiscard]] ProgramSetting setting() const {
+        return {.environment = {{"XDG_DATA_HOME", folder_.pathOf("data")}, {"TZ", "XYZ-5:30"}}};
+    }
+
+    // NOLINTNEXTLINE(modernize-use-nodiscard)
+    ProgramResult tarvin(const ProgramRun::Words& arguments) const {
+        return runTarvin(arguments, setting());
+    }
+
+    /// "tarvin restore --yes".
+    [[nodiscard]] ProgramResult restore(ProgramRun::Words more = {}) const {
+        more.insert(more.begin(), {"restore", "--yes"});
+        return tarvin(more);
+    }
+
+    [[nodiscard]] Json restoreAsJson(ProgramRun::Words more = {}) const {
+        more.insert(more.end(), {"--format", "json"});
+        return parsedJson(restore(more).output);
+    }
+
+    [[nodiscard]] std::string photos() const { return folder_.pathOf("photos"); }
+    [[nodiscard]] std::string trash() const { return folder_.pathOf("data/Trash"); }
+
+    [[nodiscard]] std::string journal() const {
+        return folder_.pathOf(
+            "data/Tarvin Software/Tarvin Duplicate File Remover/clean-ups.sqlite");
+    }
+
+    /// Writes files whose bytes are the same, each with a date of its own.
+    void writeEqual(const std::vector<std::string>& names,
+                    const std::string& content = "equal") const {
+        int day = 0;
+        for (const std::string& name : names) {
+            const std::string path = folder_.writeFile("photos/" + name, content);
+            std::filesystem::last_write_time(
+                path, std::filesystem::file_time_type::clock::now() - std::chrono::days(++day));
+        }
+    }
+
+    /// Cleans up; the paths of what was moved, in order.
+    // NOLINTNEXTLINE(modernize-use-nodiscard)
+    std::vector<std::string> clean() const {
+        const ProgramResult result = tarvin({"clean", "--yes", "--format", "json", photos()});
+        EXPECT_EQ(result.status, 0) << result.errors;
+        std::vector<std::string> moved;
+        for (const Json& file : parsedJson(result.output)["files"]) {
+            moved.push_back(file["filePath"]);
+        }
+        return moved;
+    }
+
+    /// All files below a folder.
+    [[nodiscard]] static Tree treeOf(const std::string& folder) {
+        Tree tree;
+        std::error_code missing;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder, missing)) {
+            if (entry.is_regular_file()) {
+                tree[entry.path()] = {contentOf(entry.path()), entry.last_write_time()};
+            }
+        }
+        return tree;
+    }
+
+    [[nodiscard]] std::size_t trashed() const { return treeOf(trash() + "/files").size(); }
+    [[nodiscard]] std::size_t notes() const { return treeOf(trash() + "/info").size(); }
+
+    void expectTotals(std::size_t count) const {
+        const std::string text = tarvin({"totals"}).output;
+        EXPECT_TRUE(text.starts_with("Files cleaned so far: " + std::to_string(count) + " ("))
+            << text;
+    }
+
+    TemporaryFolder folder_;
+};
+
+constexpr const char* nothingYet =
+    "There is nothing to put back.\nNothing has been cleaned up yet.\n";
+constexpr const char* allIsBack =
+    "There is nothing to put back.\nThe last clean-up has been put back already.\n";
+constexpr const char* noneInTrash =
+    "There is nothing to put back.\nIts files are no longer in the Trash.\n";
+
+}  // namespace tarvin
