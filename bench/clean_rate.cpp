@@ -143,7 +143,8 @@ class PrivateUser final {
 
 /// What the programs do after the question.
 void cleanUp(Modal& modal) {
-    auto opened = CleanUpRun::open(systemPlatform(), {});
+    DataFile totals(systemPlatform().applicationSupportFolder());
+    auto opened = CleanUpRun::open(systemPlatform(), totals, {});
     if (const auto* error = std::get_if<StoreError>(&opened)) {
         fail(error->path + ": " + error->text);
     }
@@ -152,7 +153,6 @@ void cleanUp(Modal& modal) {
     DeletionWalk walk(modal, run.cleanUp(), control, {});
     walk.start();
     walk.wait();
-    DataFile totals(systemPlatform().applicationSupportFolder());
     if (const auto failure = run.finish(totals)) {
         fail(failure->path + ": " + failure->text);
     }

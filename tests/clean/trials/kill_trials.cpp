@@ -74,7 +74,7 @@ class KillTrial final {
         amidMoves_ += std::size_t{wasKilled && moved > 0 && moved < 2 * sets_};
         killed_ += std::size_t{wasKilled};
         Losses losses;
-        losses.rows += std::uint64_t{!recover(place_.home)};
+        losses.rows += std::uint64_t{!recoverAsAtTheStart()};
         losses += lossesOf(place_.home, originals_);
         return losses;
     }

@@ -144,7 +144,8 @@ void waitForNextTick() {
 void cleanUpBetween(Modal& modal, std::function<void(MoveStep)> beforeStep) {
     CleanUp::Settings settings;
     settings.beforeStep = std::move(beforeStep);
-    auto opened = CleanUpRun::open(systemPlatform(), std::move(settings));
+    DataFile totals(systemPlatform().applicationSupportFolder());
+    auto opened = CleanUpRun::open(systemPlatform(), totals, std::move(settings));
     auto* const run = std::get_if<std::unique_ptr<CleanUpRun>>(&opened);
     if (run == nullptr) {
         return;
@@ -153,7 +154,6 @@ void cleanUpBetween(Modal& modal, std::function<void(MoveStep)> beforeStep) {
     DeletionWalk walk(modal, (*run)->cleanUp(), control, {});
     walk.start();
     walk.wait();
-    DataFile totals(systemPlatform().applicationSupportFolder());
     static_cast<void>((*run)->finish(totals));
 }
 

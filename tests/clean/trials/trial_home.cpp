@@ -1,6 +1,6 @@
 #include "clean/trials/trial_home.h"
 
-#include "clean/recovery.h"
+#include "clean/recovered_journal.h"
 #include "platform/platform.h"
 #include "scan/scan_run.h"
 #include "store/clean_up_journal.h"
@@ -160,16 +160,9 @@ Losses lossesOf(const TrialHome& home, const Originals& originals) {
     return losses;
 }
 
-bool recover(const TrialHome& home) {
-    auto opened = CleanUpJournal::open(supportFolder());
-    auto* const journal = std::get_if<CleanUpJournal>(&opened);
-    if (journal == nullptr) {
-        return false;
-    }
-    const std::unique_ptr<TrashMover> trash = systemPlatform().makeTrashMover();
+bool recoverAsAtTheStart() {
     DataFile totals(supportFolder());
-    return !recoverCleanUps(systemFileSystem(), *trash, {home.trash()}, *journal, totals)
-                .has_value();
+    return !recoverAtStart(systemPlatform(), totals).has_value();
 }
 
 std::shared_ptr<Modal> scanned(const std::vector<std::string>& folders) {

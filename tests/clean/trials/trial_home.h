@@ -54,7 +54,7 @@ struct Losses {
 
 /// Finds out what became of clean-ups whose process was killed, as the programs do at their start.
 /// False if that failed.
-[[nodiscard]] bool recover(const TrialHome& home);
+[[nodiscard]] bool recoverAsAtTheStart();
 
 /// The result of a scan of these folders, in this order, the first file of each set unmarked.
 [[nodiscard]] std::shared_ptr<Modal> scanned(const std::vector<std::string>& folders);
