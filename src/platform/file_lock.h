@@ -57,8 +57,9 @@ class LockFile final {
 };
 
 /// One lock of a file of locks, for one who takes it again and again: the file stays open between,
-/// and is opened anew once a second, so that a replaced one is noticed. Excludes, and is excluded
-/// by, FileLocks of the same number. One thread.
+/// and is opened anew once a second, so that a replaced one is noticed. Those who wait come first,
+/// but for a millisecond in which it may be released and taken many times. Excludes, and is
+/// excluded by, FileLocks of the same number. One thread.
 class RepeatedLock final {
  public:
     /// `number` is at most 2^62 - 1.
@@ -74,13 +75,14 @@ class RepeatedLock final {
     void release();
 
  private:
-    [[nodiscard]] std::optional<SystemError> open();
+    [[nodiscard]] std::optional<SystemError> open(std::chrono::steady_clock::time_point now);
     void close();
 
     const LockFile file_;
     const std::uint64_t number_;
     int descriptor_ = -1;
     std::chrono::steady_clock::time_point opened_;
+    std::chrono::steady_clock::time_point queued_;  // looked last whether others wait
 };
 
 }  // namespace tarvin

@@ -25,6 +25,9 @@ constexpr std::chrono::microseconds maxPause{5000};
 /// How long a RepeatedLock believes that the file is still the one at its path.
 constexpr std::chrono::seconds keptOpen{1};
 
+/// So long it may take the lock again without a look whether others wait for it.
+constexpr std::chrono::milliseconds withoutQueue{1};
+
 using Deadline = std::chrono::steady_clock::time_point;
 
 /// 0, or why what is open must not be used as a file of locks.
@@ -148,10 +151,15 @@ RepeatedLock::~RepeatedLock() {
 }
 
 std::optional<SystemError> RepeatedLock::take(std::chrono::milliseconds patience) {
-    const Deadline deadline = std::chrono::steady_clock::now() + patience;
-    if (auto failure = open()) {
+    const auto now = std::chrono::steady_clock::now();
+    const Deadline deadline = now + patience;
+    if (auto failure = open(now)) {
         return failure;
     }
+    if (now - queued_ < withoutQueue && lockByte(descriptor_, number_, F_WRLCK) == 0) {
+        return std::nullopt;
+    }
+    queued_ = now;
     int failure = lockUntil(descriptor_, number_ + turnOffset, deadline);
     if (failure == 0) {
         failure = lockUntil(descriptor_, number_, deadline);
@@ -166,8 +174,7 @@ void RepeatedLock::release() {
     }
 }
 
-std::optional<SystemError> RepeatedLock::open() {
-    const auto now = std::chrono::steady_clock::now();
+std::optional<SystemError> RepeatedLock::open(std::chrono::steady_clock::time_point now) {
     if (descriptor_ >= 0 && now - opened_ < keptOpen) {
         return std::nullopt;
     }
