@@ -123,7 +123,7 @@ TEST_F(RestoreMany, CtrlCEndsTheFileInHandAndTheRestIsToldAsStopped) {
     ProgramRun run({"restore", "--yes", "--format", "json"}, typing);
     EXPECT_TRUE(waitUntil([this] { return there() > 1; }));
     terminal.type(ctrlC);
-    terminal.type(ctrlC);
+    run.send(SIGTERM);  // another signal, which cannot be merged with the first
     const ProgramResult result = run.wait();
     EXPECT_EQ(result.status, 130);
     EXPECT_EQ(result.errors, "");
