@@ -1,14 +1,28 @@
-// Times the clean-up of many sets of two files in the folder given, or in /var/tmp: how many files
-// a second go to the Trash, beside the bare cost of as many notes written and files renamed, and
-// how the walk alone grows with the number of sets.
+// How quickly a clean-up moves files to the Trash. Over one tree, built anew for each and in turn:
+// the whole clean-up as the programs make it, with its looks, its lock and its journal; the
+// desktop's library; and bare notes and renames, without a look at anything. Then many files of one
+// name against as many different ones, what a clean-up takes of memory, and how the walk alone
+// grows with the number of sets. Everything happens in a private folder in the place given.
 
+#include "clean/clean_up_run.h"
+#include "cleaned_tree.h"
 #include "model/deletion_walk.h"
+#include "model/file_mover.h"
 #include "model/file_store.h"
 #include "platform/platform.h"
-#include "scan/checked_trash.h"
 #include "scan/duplicate_finder.h"
+#include "store/data_file.h"
 #include "work_folder.h"
 
+#include <CLI/CLI.hpp>
+#include <fcntl.h>
+#include <gio/gio.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -19,27 +33,33 @@
 #include <iostream>
 #include <memory>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace {
 
 using namespace tarvin;
-using tarvin::bench::WorkFolder;
+using namespace tarvin::bench;
 
-constexpr std::size_t movedFiles = 5'000;
-
-/// Moves nothing and says that it did.
-class FreeTrash final : public Trash {
- public:
-    bool fileExistsAtPath(const std::string& path) override {
-        static_cast<void>(path);
-        return true;
-    }
-    bool trashItemAtPath(const std::string& path) override {
-        static_cast<void>(path);
-        return true;
-    }
+struct Options {
+    std::size_t files = 10'000;
+    std::size_t namedAlike = 20'000;
+    std::size_t rounds = 5;
+    bool memoryOnly = false;
+    std::string work = "/var/tmp";
 };
+
+/// Times as fast as the library, and times the time of bare notes and renames.
+constexpr double libraryGoal = 1.5;
+constexpr double bareGoal = 1.8;
+/// One name may take so much longer a file than different ones: what two runs of the same differ
+/// by.
+constexpr double oneNameGoal = 1.1;
+
+[[noreturn]] void fail(const std::string& what) {
+    std::cerr << what << '\n';
+    std::exit(1);  // NOLINT(concurrency-mt-unsafe)
+}
 
 template <typename Work>
 double secondsFor(const Work& work) {
@@ -48,106 +68,348 @@ double secondsFor(const Work& work) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
 }
 
-void write(const std::string& path, const std::string& text) {
-    std::ofstream(path, std::ios::binary) << text;
+double medianOf(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    const std::size_t middle = values.size() / 2;
+    return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
 }
 
-/// A marked list of that many sets of two files, which need not be there.
-std::shared_ptr<Modal> markedSets(FileStore& store, const std::string& folder, std::size_t count) {
-    auto modal = std::make_shared<Modal>();
-    const Directory* const in = store.addRoot(folder);
-    for (std::size_t number = 0; number < count; ++number) {
+/// Of all threads, in the system and outside it.
+double processorSeconds() {
+    rusage usage{};
+    ::getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+/// What `/proc/self/status` says under a name, in MiB.
+double mebibytes(const std::string& name) {
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;) {
+        if (word == name + ':') {
+            double kibibytes = 0;
+            status >> kibibytes;
+            return kibibytes / 1024;
+        }
+    }
+    return 0;
+}
+
+/// From now on the peak is that of what comes.
+void forgetPeak() {
+    std::ofstream("/proc/self/clear_refs") << "5";
+}
+
+/// The home of the user who cleans up, which has all that a clean-up writes.
+class PrivateUser final {
+ public:
+    /// Before anything asks where the Trash is.
+    explicit PrivateUser(const WorkFolder& work) : home_(work.pathOf("home")) {
+        // NOLINTBEGIN(concurrency-mt-unsafe)
+        ::setenv("HOME", home_.c_str(), 1);
+        ::setenv("XDG_DATA_HOME", data().c_str(), 1);
+        ::setenv("GIO_USE_VFS", "local", 1);
+        // NOLINTEND(concurrency-mt-unsafe)
+        renew();
+    }
+
+    /// Nothing has been moved yet.
+    void renew() const {
+        std::filesystem::remove_all(home_);
+        std::filesystem::create_directories(trash() + "/files");
+        std::filesystem::create_directories(trash() + "/info");
+        for (const char* part : {"", "/files", "/info"}) {
+            std::filesystem::permissions(trash() + part, std::filesystem::perms::owner_all);
+        }
+    }
+
+    [[nodiscard]] std::string data() const { return home_ + "/data"; }
+    [[nodiscard]] std::string trash() const { return data() + "/Trash"; }
+
+    void expectTrashed(std::size_t files) const {
+        const std::size_t moved = entriesIn(trash() + "/files");
+        const std::size_t notes = entriesIn(trash() + "/info");
+        if (moved != files || notes < files) {
+            fail("Only " + std::to_string(moved) + " files and " + std::to_string(notes) +
+                 " notes of " + std::to_string(files) + " are in the Trash");
+        }
+    }
+
+ private:
+    const std::string home_;
+};
+
+/// What the programs do after the question.
+void cleanUp(Modal& modal) {
+    DataFile totals(systemPlatform().applicationSupportFolder());
+    auto opened = CleanUpRun::open(systemPlatform(), totals, {});
+    if (const auto* error = std::get_if<StoreError>(&opened)) {
+        fail(error->path + ": " + error->text);
+    }
+    CleanUpRun& run = *std::get<std::unique_ptr<CleanUpRun>>(opened);
+    DeletionControl control;
+    DeletionWalk walk(modal, run.cleanUp(), control, {});
+    walk.start();
+    walk.wait();
+    if (const auto failure = run.finish(totals)) {
+        fail(failure->path + ": " + failure->text);
+    }
+}
+
+void moveByLibrary(const std::vector<std::string>& paths) {
+    for (const std::string& path : paths) {
+        GFile* const file = g_file_new_for_path(path.c_str());
+        GError* error = nullptr;
+        if (g_file_trash(file, nullptr, &error) == 0) {
+            fail(error->message);
+        }
+        g_object_unref(file);
+    }
+}
+
+/// What nobody can do without: a note for each file, and the file renamed.
+void moveBarely(const std::vector<std::string>& paths, const std::string& trash) {
+    const int files = ::open((trash + "/files").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int info = ::open((trash + "/info").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    for (const std::string& path : paths) {
+        const std::string name = path.substr(path.rfind('/') + 1);
+        const std::string note =
+            "[Trash Info]\nPath=" + path + "\nDeletionDate=2026-01-31T12:00:00\n";
+        const std::string noteName = name + ".trashinfo";
+        const int file =
+            ::openat(info, noteName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        if (file < 0 || ::write(file, note.data(), note.size()) < 0 || ::close(file) != 0 ||
+            ::renameat(AT_FDCWD, path.c_str(), files, name.c_str()) != 0) {
+            fail("A bare move failed at " + path);
+        }
+    }
+    ::close(files);
+    ::close(info);
+}
+
+/// What one trial came to.
+struct Figures {
+    double rate = 0;       ///< files a second
+    double processor = 0;  ///< microseconds a file
+};
+
+/// Of several trials of one contender.
+struct Contender {
+    const char* name = "";
+    std::vector<double> rates;
+    std::vector<double> processor;
+
+    void add(const Figures& figures) {
+        rates.push_back(figures.rate);
+        processor.push_back(figures.processor);
+    }
+    void print() const {
+        const auto [least, most] = std::minmax_element(rates.begin(), rates.end());
+        std::printf("  %-40s %8.0f  (%.0f to %.0f)  %6.1f\n", name, medianOf(rates), *least, *most,
+                    medianOf(processor));
+    }
+};
+
+/// Built anew, moved once, and gone.
+class Trial final {
+ public:
+    Trial(const WorkFolder& work, const PrivateUser& user, const CleanedTree& tree)
+        : folder_(work.pathOf("tree")), user_(user), files_(tree.files) {
+        user_.renew();
+        writeTree(folder_, tree);
+        modal_ = scanTree(folder_, tree.files);
+    }
+    Trial(const Trial&) = delete;
+    Trial& operator=(const Trial&) = delete;
+    ~Trial() {
+        modal_.reset();
+        std::filesystem::remove_all(folder_);
+    }
+
+    [[nodiscard]] Modal& modal() { return *modal_; }
+
+    [[nodiscard]] std::vector<std::string> paths() const {
+        std::vector<std::string> paths;
+        for (const MarkedFile& file : markedFiles(*modal_)) {
+            paths.push_back(file.folder + '/' + file.name);
+        }
+        return paths;
+    }
+
+    template <typename Work>
+    [[nodiscard]] Figures run(const Work& work) {
+        ::sync();  // what writing the tree has left to do is not the move's
+        const double before = processorSeconds();
+        const double seconds = secondsFor(work);
+        const double processor = processorSeconds() - before;
+        user_.expectTrashed(files_);
+        const auto files = static_cast<double>(files_);
+        return {files / seconds, processor * 1e6 / files};
+    }
+
+ private:
+    const std::string folder_;
+    const PrivateUser& user_;
+    const std::size_t files_;
+    std::shared_ptr<Modal> modal_;
+};
+
+Figures runCleanUp(Trial& trial) {
+    return trial.run([&] { cleanUp(trial.modal()); });
+}
+
+/// Says whether a figure reached its goal.
+bool judge(const char* what, double value, const char* goal, bool isReached) {
+    std::printf("%-52s %6.2f  %s%s\n", what, value, goal, isReached ? "" : "  NOT REACHED");
+    return isReached;
+}
+
+bool compare(const WorkFolder& work, const PrivateUser& user, const Options& options) {
+    const CleanedTree tree{options.files};
+    std::array<Contender, 3> contenders{{{"the whole clean-up", {}, {}},
+                                         {"g_file_trash() of GIO, nothing else", {}, {}},
+                                         {"bare notes and renames", {}, {}}}};
+    std::vector<double> toLibrary;
+    std::vector<double> toBare;
+    for (std::size_t round = 0; round < options.rounds; ++round) {
+        std::array<double, 3> now{};
+        for (std::size_t turn = 0; turn < now.size(); ++turn) {
+            const std::size_t who = (round + turn) % now.size();
+            Trial trial(work, user, tree);
+            const std::vector<std::string> paths = trial.paths();
+            const Figures figures = who == 0 ? runCleanUp(trial)
+                                    : who == 1
+                                        ? trial.run([&] { moveByLibrary(paths); })
+                                        : trial.run([&] { moveBarely(paths, user.trash()); });
+            contenders[who].add(figures);
+            now[who] = figures.rate;
+        }
+        toLibrary.push_back(now[0] / now[1]);
+        toBare.push_back(now[2] / now[0]);
+    }
+    std::printf(
+        "%zu files in folders of %zu, %zu rounds in turn: files a second, median (least to most),\n"
+        "and microseconds of processor time a file\n",
+        tree.files, tree.perFolder, options.rounds);
+    for (const Contender& contender : contenders) {
+        contender.print();
+    }
+    const double library = medianOf(toLibrary);
+    const double bare = medianOf(toBare);
+    const bool first = judge("rate of the clean-up over that of the library", library,
+                             "at least 1.5", library >= libraryGoal);
+    return judge("time of the clean-up over that of bare renames", bare, "at most 1.8",
+                 bare <= bareGoal) &&
+           first;
+}
+
+bool compareNames(const WorkFolder& work, const PrivateUser& user, const Options& options) {
+    std::array<Contender, 2> contenders{
+        {{"all of one name", {}, {}}, {"all of different names", {}, {}}}};
+    std::vector<double> ratios;
+    for (std::size_t round = 0; round < options.rounds; ++round) {
+        std::array<double, 2> now{};
+        for (std::size_t turn = 0; turn < now.size(); ++turn) {
+            const std::size_t who = (round + turn) % now.size();
+            Trial trial(work, user, {options.namedAlike, 1, who == 0});
+            const Figures figures = runCleanUp(trial);
+            contenders[who].add(figures);
+            now[who] = figures.rate;
+        }
+        ratios.push_back(now[1] / now[0]);
+    }
+    std::printf("\n%zu files, each in a folder of its own\n", options.namedAlike);
+    for (const Contender& contender : contenders) {
+        contender.print();
+    }
+    const double ratio = medianOf(ratios);
+    return judge("time of one name over that of different ones", ratio, "at most 1.1",
+                 ratio <= oneNameGoal);
+}
+
+void showMemory(const WorkFolder& work, const PrivateUser& user, std::size_t files) {
+    Trial trial(work, user, {files});
+    const double before = mebibytes("VmRSS");
+    forgetPeak();
+    const double rate = runCleanUp(trial).rate;
+    const double peak = mebibytes("VmHWM");
+    std::printf(
+        "\nmemory, %zu files: %.1f MiB with the result of the scan, at most %.1f MiB while\n"
+        "they were moved: %.1f MiB more; %.0f files a second\n",
+        files, before, peak, peak - before, rate);
+}
+
+/// Moves nothing and says that it did.
+class FreeMover final : public FileMover {
+ public:
+    bool prepare(std::span<const std::shared_ptr<Set>> /*sets*/) override { return true; }
+    std::unique_ptr<SetMover> begin(const Set& /*set*/) override {
+        return std::make_unique<FreeMoves>();
+    }
+
+ private:
+    class FreeMoves final : public SetMover {
+     public:
+        bool move(const File& /*file*/) override { return true; }
+    };
+};
+
+/// Of sets of two files that need not be there.
+void showWalk(std::size_t sets) {
+    const std::shared_ptr<FileStore> store = FileStore::create();
+    const Directory* const folder = store->addRoot("/nowhere");
+    Modal modal;
+    for (std::size_t number = 0; number < sets; ++number) {
         std::vector<std::shared_ptr<File>> set;
         for (const char* half : {"a", "b"}) {
             const std::string name = half + std::to_string(number) + ".jpg";
-            const auto at = systemFileSystem().openDirectory(folder);
-            const auto now = at ? systemFileSystem().attributesAt(*at, name.c_str())
-                                : Result<FileAttributes>(SystemError{});
-            set.push_back(store.share(store.addFile(
-                in, name, now ? now->size : 1, now ? now->modified : std::nullopt, std::nullopt)));
+            set.push_back(
+                store->share(store->addFile(folder, name, 1, std::nullopt, std::nullopt)));
         }
-        fileSetUnderExtension(*modal, set);
+        fileSetUnderExtension(modal, set);
     }
-    modal->markAllExtension();
-    return modal;
-}
-
-std::uint64_t movedBy(Modal& modal, Trash& trash, const DeletionWalk::BeforeSet& beforeSet = {}) {
+    modal.markAllExtension();
+    FreeMover mover;
     DeletionControl control;
-    DeletionWalk walk(modal, trash, control, beforeSet);
-    walk.start();
-    return walk.wait().deletedFilesCount;
-}
-
-double cleanUp(const WorkFolder& folder) {
-    const std::string photos = folder.pathOf("photos");
-    std::filesystem::create_directory(photos);
-    for (std::size_t number = 0; number < movedFiles; ++number) {
-        for (const char* half : {"/a", "/b"}) {
-            write(photos + half + std::to_string(number) + ".jpg",
-                  "photo " + std::to_string(number));
-        }
-    }
-    const std::shared_ptr<FileStore> store = FileStore::create();
-    const std::shared_ptr<Modal> modal = markedSets(*store, photos, movedFiles);
-    CheckedTrash trash(systemFileSystem(), systemTrash());
-    std::uint64_t moved = 0;
     const double seconds = secondsFor([&] {
-        moved = movedBy(*modal, trash, [&trash](const Set& set, const DeletionWalk::Progress&) {
-            trash.beginSet(set);
-        });
+        DeletionWalk walk(modal, mover, control, {});
+        walk.start();
+        walk.wait();
     });
-    if (moved != movedFiles) {
-        std::cerr << "Only " << moved << " files were moved.\n";
-        std::exit(1);  // NOLINT(concurrency-mt-unsafe)
-    }
-    return seconds;
-}
-
-/// What nobody can do without: a note beside each file, and the file renamed.
-double bareCost(const WorkFolder& folder) {
-    for (const char* name : {"bare", "bare/files", "bare/info", "bare/from"}) {
-        std::filesystem::create_directory(folder.pathOf(name));
-    }
-    for (std::size_t number = 0; number < movedFiles; ++number) {
-        write(folder.pathOf("bare/from/b" + std::to_string(number) + ".jpg"),
-              "photo " + std::to_string(number));
-    }
-    const std::string note =
-        "[Trash Info]\nPath=" + std::string(60, 'x') + "\nDeletionDate=2026-01-31T12:00:00\n";
-    return secondsFor([&] {
-        for (std::size_t number = 0; number < movedFiles; ++number) {
-            const std::string name = "b" + std::to_string(number) + ".jpg";
-            write(folder.pathOf("bare/info/" + name + ".trashinfo"), note);
-            std::filesystem::rename(folder.pathOf("bare/from/" + name),
-                                    folder.pathOf("bare/files/" + name));
-        }
-    });
-}
-
-double walkOf(std::size_t sets) {
-    const std::shared_ptr<FileStore> store = FileStore::create();
-    const std::shared_ptr<Modal> modal = markedSets(*store, "/nowhere", sets);
-    FreeTrash trash;
-    return secondsFor([&] { movedBy(*modal, trash); });
+    std::printf("walk of %zu sets, nothing moved: %.3f s, %.2f us a set\n", sets, seconds,
+                seconds * 1e6 / static_cast<double>(sets));
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    const WorkFolder folder(argc > 1 ? argv[1] : "/var/tmp");
-    // Before anything asks where the Trash is.
-    ::setenv("XDG_DATA_HOME", folder.pathOf("data").c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
-    const double bare = bareCost(folder);
-    const double cleaned = cleanUp(folder);
-    std::printf("%zu files to the Trash: %.0f a second (%.3f s)\n", movedFiles,
-                double{movedFiles} / cleaned, cleaned);
-    std::printf("bare notes and renames:   %.0f a second (%.3f s), %.2f times as fast\n",
-                double{movedFiles} / bare, bare, cleaned / bare);
-    for (const std::size_t sets : {20'000U, 200'000U}) {
-        const double seconds = walkOf(sets);
-        std::printf("walk of %zu sets, nothing moved: %.3f s, %.2f us a set\n", sets, seconds,
-                    seconds * 1e6 / static_cast<double>(sets));
+    CLI::App app("Measures how quickly a clean-up moves files to the Trash.");
+    Options options;
+    app.add_option("--files", options.files, "so many files for each contender")
+        ->check(CLI::Range(std::size_t{1}, std::size_t{1'000'000}));
+    app.add_option("--one-name", options.namedAlike, "so many files of one name; 0: none")
+        ->check(CLI::Range(std::size_t{0}, std::size_t{1'000'000}));
+    app.add_option("--rounds", options.rounds, "so many times each")->check(CLI::PositiveNumber);
+    app.add_flag("--memory-only", options.memoryOnly,
+                 "only one clean-up, and what memory it takes");
+    app.add_option("--work", options.work, "where the files and the private home go");
+    CLI11_PARSE(app, argc, argv);
+
+    const WorkFolder work(options.work);
+    const PrivateUser user(work);
+    if (options.memoryOnly) {
+        showMemory(work, user, options.files);
+        return 0;
     }
-    return 0;
+    bool reached = compare(work, user, options);
+    if (options.namedAlike > 0) {
+        reached = compareNames(work, user, options) && reached;
+    }
+    showMemory(work, user, options.files);
+    for (const std::size_t sets : {20'000U, 200'000U}) {
+        showWalk(sets);
+    }
+    return reached ? 0 : 1;
 }

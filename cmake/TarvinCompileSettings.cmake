@@ -8,6 +8,9 @@ target_compile_options(tarvin_compile_settings INTERFACE
     -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
     -Woverloaded-virtual -Wcast-align -Wformat=2 -Wimplicit-fallthrough -Wundef
     -fno-omit-frame-pointer
+    # Of sources compiled as one, every path would keep the compiler's cache from serving a clone in
+    # another folder; so they are told from the root of the project.
+    -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=
     # GCC 12 sees overlapping copies in std::string's operator+ where there are none (its bug 105651).
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     # Clang 19 complains of what std::stable_partition of GCC's library calls inside.

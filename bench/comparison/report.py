@@ -57,8 +57,8 @@ def introduction(setting):
     """How the figures came about."""
     return [
         f"Measured by `{setting.command}` on {setting.date}, revision {setting.revision}. Every "
-        "figure on this page comes from that one run, except for the last section, on the window; "
-        "the script writes the page and keeps that section.",
+        "figure on this page comes from that one run, except for the last two sections, on the "
+        "window and on a clean-up; the script writes the page and keeps those sections.",
         "",
         "Each tree is made from a fixed seed. First every program runs once, untimed, and what it "
         "found is compared: unless our sets are exactly those of the programs that confirm every "

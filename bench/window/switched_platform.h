@@ -2,33 +2,67 @@
 
 #include "platform/platform.h"
 
+#include <atomic>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace tarvin::bench {
 
-/// A Trash that can be made one that costs nothing: it says that a file is gone and leaves it.
-class SwitchedTrash final : public Trash {
+/// A Trash that can be made one that costs nothing: it says that it has a file, shows it at its
+/// place and leaves it there.
+class SwitchedTrash final : public TrashMover {
  public:
-    /// While no run uses it.
-    void setFree(bool isFree) { isFree_ = isFree; }
+    /// `isFree` outlives the object.
+    SwitchedTrash(std::unique_ptr<TrashMover> real, const std::atomic<bool>& isFree)
+        : real_(std::move(real)), isFree_(isFree) {}
 
-    bool fileExistsAtPath(const std::string& path) override {
-        return isFree_ || systemTrash().fileExistsAtPath(path);
+    Result<TrashPlace, TrashRefusal> move(const Descriptor& folder, const std::string& folderPath,
+                                          const char* name) override {
+        if (isFree_) {
+            return TrashPlace{folderPath, name};
+        }
+        return real_->move(folder, folderPath, name);
     }
-    bool trashItemAtPath(const std::string& path) override {
-        return isFree_ || systemTrash().trashItemAtPath(path);
+    Result<FileAttributes, TrashRefusal> look(const TrashPlace& place) override {
+        if (!isFree_) {
+            return real_->look(place);
+        }
+        auto attributes = systemFileSystem().attributesAtPath(place.trash + '/' + place.name);
+        if (!attributes) {
+            const SystemError error = attributes.error();
+            return TrashRefusal{TrashRefusalKind::system, error, error.text()};
+        }
+        return std::move(*attributes);
+    }
+    std::optional<TrashRefusal> putBack(const TrashPlace& place, const Descriptor& folder,
+                                        const char* name) override {
+        return isFree_ ? std::nullopt : real_->putBack(place, folder, name);
+    }
+    Result<std::vector<TrashedFile>, TrashRefusal> find(
+        const std::string& trash, std::span<const FileIdentity> wanted) override {
+        return real_->find(trash, wanted);
     }
 
  private:
-    bool isFree_ = false;
+    const std::unique_ptr<TrashMover> real_;
+    const std::atomic<bool>& isFree_;
 };
 
 /// The machine, but for the Trash.
 class SwitchedPlatform final : public Platform {
  public:
-    [[nodiscard]] SwitchedTrash& switchedTrash() { return trash_; }
+    /// While no run uses a Trash.
+    void setTrashFree(bool isFree) { isTrashFree_ = isFree; }
 
     FileSystem& fileSystem() override { return systemPlatform().fileSystem(); }
     tarvin::Clock& clock() override { return systemPlatform().clock(); }
-    Trash& trash() override { return trash_; }
+    std::unique_ptr<TrashMover> makeTrashMover() override {
+        return std::make_unique<SwitchedTrash>(systemPlatform().makeTrashMover(), isTrashFree_);
+    }
     RunningCopies& runningCopies() override { return systemPlatform().runningCopies(); }
     std::vector<Volume> mountedVolumes() override { return systemPlatform().mountedVolumes(); }
     bool isOnNetwork(const std::string& path) override {
@@ -43,7 +77,7 @@ class SwitchedPlatform final : public Platform {
     }
 
  private:
-    SwitchedTrash trash_;
+    std::atomic<bool> isTrashFree_{false};
 };
 
 }  // namespace tarvin::bench

@@ -137,13 +137,13 @@ class ResultTour final {
             if (round == 0) {
                 memory_ = memoryOfViews(product_.delegate().results().modal);
             }
-            platform_.switchedTrash().setFree(true);
+            platform_.setTrashFree(true);
             if (!remove("deletion, a Trash that costs nothing") || !goHome()) {
                 return false;
             }
         }
         // The last: the files are gone then.
-        platform_.switchedTrash().setFree(false);
+        platform_.setTrashFree(false);
         return open() && remove("deletion, the real Trash") && goHome();
     }
 

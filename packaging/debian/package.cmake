@@ -70,16 +70,11 @@ set(CPACK_DEBIAN_WINDOW_PACKAGE_DEPENDS "tarvin (= ${packed})")
 # of JPEG 2000, of WebP and TIFF, each loaded when it is needed; a window of Wayland's own; the
 # programs that open a file or the guide.
 set(recommended ca-certificates fonts-liberation libheif1 libopenjp2-7 qt6-image-formats-plugins)
-set(glib libglib2.0-0t64)
 set(suggested gvfs)  # for file managers that show the Trash and put files back
-if(TARVIN_DEBIAN_NAME STREQUAL "bookworm")
-    set(glib libglib2.0-0)
-else()  # drawings, and more formats for previews
+if(NOT TARVIN_DEBIAN_NAME STREQUAL "bookworm")  # drawings, and more formats for previews
     list(APPEND recommended qt6-svg-plugins)
     list(APPEND suggested kimageformat6-plugins)
 endif()
-# GIO, which moves files to the Trash, is loaded when it is needed: nothing else asks for it.
-set(CPACK_DEBIAN_TERMINAL_PACKAGE_DEPENDS ${glib})
 list(APPEND recommended qt6-wayland xdg-utils)
 list(JOIN recommended ", " CPACK_DEBIAN_WINDOW_PACKAGE_RECOMMENDS)
 list(JOIN suggested ", " CPACK_DEBIAN_WINDOW_PACKAGE_SUGGESTS)

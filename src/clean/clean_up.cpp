@@ -24,8 +24,11 @@ class CleanUp::Turn final : public SetMover {
  public:
     Turn(CleanUp& cleanUp, const Set& set)
         : cleanUp_(cleanUp),
-          lock_(cleanUp.turns_.take(turnNumber, cleanUp.settings_.patience)),
+          refusal_(cleanUp.turn_.take(cleanUp.settings_.patience)),
           moves_(cleanUp.tools_, set, cleanUp.settings_.wholeSets == WholeSets::goIfMarked) {}
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+    ~Turn() override { cleanUp_.turn_.release(); }
 
     bool move(const File& file) override {
         const std::optional<MoveRow> row = cleanUp_.rowOf(file);
@@ -33,8 +36,8 @@ class CleanUp::Turn final : public SetMover {
         MoveResult result;
         if (!row) {
             result = {MoveOutcome::refused, "it was not written down before"};
-        } else if (!lock_) {
-            result = {MoveOutcome::refused, lock_.error().text()};
+        } else if (refusal_) {
+            result = {MoveOutcome::refused, refusal_->text()};
         } else {
             result = moves_.move(file, place);
         }
@@ -50,14 +53,14 @@ class CleanUp::Turn final : public SetMover {
 
  private:
     CleanUp& cleanUp_;
-    const Result<FileLock> lock_;
+    const std::optional<SystemError> refusal_;  // of its turn
     SetMove moves_;
 };
 
 CleanUp::CleanUp(FileSystem& fileSystem, TrashMover& trash, CleanUpJournal& journal,
                  const LockFile& turns, Clock& clock, Settings settings)
     : journal_(journal),
-      turns_(turns),
+      turn_(turns, turnNumber),
       clock_(clock),
       settings_(std::move(settings)),
       folders_(fileSystem, settings_.foldersTrusted, foldersAtOnce),

@@ -46,7 +46,7 @@ class CleanUp final : public FileMover {
         std::chrono::milliseconds patience = std::chrono::minutes(10);
     };
 
-    /// All outlive it. `turns` is the user's lock of clean-ups.
+    /// All outlive it but `turns`, which is copied: the user's lock of clean-ups.
     CleanUp(FileSystem& fileSystem, TrashMover& trash, CleanUpJournal& journal,
             const LockFile& turns, Clock& clock, Settings settings);
     CleanUp(const CleanUp&) = delete;
@@ -82,7 +82,7 @@ class CleanUp final : public FileMover {
     void record(MoveRow row, const MoveResult& result, TrashPlace place);
 
     CleanUpJournal& journal_;
-    const LockFile& turns_;
+    RepeatedLock turn_;
     Clock& clock_;
     const Settings settings_;
     OpenFolders folders_;

@@ -23,12 +23,16 @@ std::variant<RecoveredJournal, StoreError> openRecovered(Platform& platform, Dat
     return opened;
 }
 
-std::optional<StoreError> recoverAtStart(Platform& platform, DataFile& totals) {
+bool hasJournal(Platform& platform) {
     const std::optional<std::string> folder = platform.applicationSupportFolder();
-    if (!folder || !CleanUpJournal::isIn(*folder)) {
+    return folder && CleanUpJournal::isIn(*folder);
+}
+
+std::optional<StoreError> recoverAtStart(Platform& platform, DataFile& totals) {
+    if (!hasJournal(platform)) {
         return std::nullopt;
     }
-    auto journal = CleanUpJournal::open(*folder);
+    auto journal = CleanUpJournal::open(*platform.applicationSupportFolder());
     if (auto* error = std::get_if<StoreError>(&journal)) {
         return std::move(*error);
     }

@@ -27,6 +27,9 @@ struct RecoveredJournal {
 [[nodiscard]] std::variant<RecoveredJournal, StoreError> openRecovered(Platform& platform,
                                                                        DataFile& totals);
 
+/// Whether clean-ups have been written down here. Opens nothing.
+[[nodiscard]] bool hasJournal(Platform& platform);
+
 /// Recovers what was left open, if there is a journal at all; makes none. To be called where the
 /// totals are shown. The first failure.
 [[nodiscard]] std::optional<StoreError> recoverAtStart(Platform& platform, DataFile& totals);

@@ -159,6 +159,7 @@ void JsonWriter::write(const ScanReport& report, Output& output) const {
     output.append(report.stopped ? ",\n  \"stopped\": true" : ",\n  \"stopped\": false");
     output.append(",\n  \"elapsedSeconds\": ");
     writeSeconds(report.elapsedSeconds, output);
+    writeNumber(",\n  \"reclaimable\": ", report.reclaimable(), output);
     output.append(",\n  ");
     writeUnreadable(report, output);
     output.append(",\n  ");

@@ -1,6 +1,33 @@
 #include "cli/scan_report.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <tuple>
+
 namespace tarvin {
+
+namespace {
+
+/// Of a set, without its first file. What is not known to be a name of another file is a file of
+/// its own.
+std::uint64_t reclaimableOf(const Set& set, std::vector<FileIdentity>& known) {
+    known.clear();
+    std::uint64_t files = 0;
+    for (const std::shared_ptr<File>& file : set.files()) {
+        if (const ComparedState* const compared = file->compared()) {
+            known.push_back(compared->identity);
+        } else {
+            ++files;
+        }
+    }
+    std::sort(known.begin(), known.end(), [](const FileIdentity& one, const FileIdentity& other) {
+        return std::tie(one.device, one.inode) < std::tie(other.device, other.inode);
+    });
+    files += static_cast<std::uint64_t>(std::unique(known.begin(), known.end()) - known.begin());
+    return files < 2 ? 0 : (files - 1) * set.files().front()->fileSize();
+}
+
+}  // namespace
 
 std::uint64_t ScanReport::collected() const {
     std::uint64_t sum = 0;
@@ -31,6 +58,19 @@ std::uint64_t ScanReport::totalSets() const {
     for (const CategoryReport& category : categories) {
         for (const auto& extension : category.result->extensions()) {
             sum += extension->nummberOfSets();
+        }
+    }
+    return sum;
+}
+
+std::uint64_t ScanReport::reclaimable() const {
+    std::uint64_t sum = 0;
+    std::vector<FileIdentity> known;
+    for (const CategoryReport& category : categories) {
+        for (const auto& extension : category.result->extensions()) {
+            for (const std::shared_ptr<Set>& set : extension->sets()) {
+                sum += reclaimableOf(*set, known);
+            }
         }
     }
     return sum;

@@ -43,6 +43,9 @@ struct ScanReport {
     [[nodiscard]] std::uint64_t totalFiles() const;
     [[nodiscard]] std::uint64_t totalFilesSize() const;
     [[nodiscard]] std::uint64_t totalSets() const;
+    /// Bytes that are free once every file but the first of each set has gone: names of one file
+    /// count as one. Less than totalFilesSize() only where there are hard links.
+    [[nodiscard]] std::uint64_t reclaimable() const;
 
  private:
     static std::array<CategoryReport, allCategories.size()> emptyCategories();

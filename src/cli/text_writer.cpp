@@ -69,7 +69,7 @@ std::string verdict(const ScanReport& report) {
     if (report.totalSets() > 0) {
         return counted(report.totalFiles(), "duplicate file") + " in " +
                counted(report.totalSets(), "set") + ". " +
-               getFormattedStringForSize(report.totalFilesSize()) + " can be regained.\n";
+               getFormattedStringForSize(report.reclaimable()) + " can be regained.\n";
     }
     if (report.stopped) {
         return "No duplicates were found by then.\n";

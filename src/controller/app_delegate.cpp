@@ -110,9 +110,23 @@ void AppDelegate::showHomeImage() {
 void AppDelegate::initializeArrays() {
     session_.loadDataFile();
     exceptions_->loaded();
+    recoverCleanUps();
     session_.totalSize = 0;
     session_.totalSelected = 0;
     session_.similarIndex = 1;
+}
+
+void AppDelegate::recoverCleanUps() {
+    recovery_ = std::make_unique<RecoveryTask>(session_.platform);
+    connect(recovery_.get(), &RecoveryTask::totalsSettled, this, [this] {
+        if (deletion_->isRunning()) {
+            return;  // which settles the totals itself
+        }
+        session_.data.refresh();
+        if (window_.selectedTabViewItem() == window_.home->identifier()) {
+            showCleanHistory();
+        }
+    });
 }
 
 void AppDelegate::setUpButtons() const {

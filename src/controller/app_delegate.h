@@ -12,6 +12,7 @@
 #include "controller/locations.h"
 #include "controller/marking_task.h"
 #include "controller/preview.h"
+#include "controller/recovery_task.h"
 #include "controller/result_views.h"
 #include "controller/results.h"
 #include "controller/scan_task.h"
@@ -120,6 +121,7 @@ class AppDelegate final : public QObject {
     void connectRequests();
     void openFolders(const std::vector<std::string>& folders);
     void showCleanHistory();
+    void recoverCleanUps();
     void comeToFront();
     void goHome();
     void makeResultTasks();
@@ -143,6 +145,7 @@ class AppDelegate final : public QObject {
     std::unique_ptr<ResultViews> views_;
     std::unique_ptr<ExceptionsTask> exceptions_;
     std::unique_ptr<DeletionTask> deletion_;  // ends before what it uses
+    std::unique_ptr<RecoveryTask> recovery_;
     Alerts::Number refusal_ = 0;              // the open notice that other folders have to wait
     std::int32_t homeImageCounter_ = 1;
 };

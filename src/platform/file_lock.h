@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -53,6 +54,33 @@ class LockFile final {
 
  private:
     std::string path_;
+};
+
+/// One lock of a file of locks, for one who takes it again and again: the file stays open between,
+/// and is opened anew once a second, so that a replaced one is noticed. Excludes, and is excluded
+/// by, FileLocks of the same number. One thread.
+class RepeatedLock final {
+ public:
+    /// `number` is at most 2^62 - 1.
+    RepeatedLock(LockFile file, std::uint64_t number) : file_(std::move(file)), number_(number) {}
+    RepeatedLock(const RepeatedLock&) = delete;
+    RepeatedLock& operator=(const RepeatedLock&) = delete;
+    /// Releases the lock.
+    ~RepeatedLock();
+
+    /// As LockFile::take(); it must not be held. None if it is held now.
+    [[nodiscard]] std::optional<SystemError> take(std::chrono::milliseconds patience);
+    /// Does nothing if it is not held.
+    void release();
+
+ private:
+    [[nodiscard]] std::optional<SystemError> open();
+    void close();
+
+    const LockFile file_;
+    const std::uint64_t number_;
+    int descriptor_ = -1;
+    std::chrono::steady_clock::time_point opened_;
 };
 
 }  // namespace tarvin

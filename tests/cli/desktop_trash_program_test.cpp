@@ -33,9 +33,7 @@ class DesktopSession final {
     std::string start_;
 };
 
-/// The program, without the desktop's own plug-in: with it GLib has threads whose locks the thread
-/// sanitizer does not see.
-const std::string program = "GIO_USE_VFS=local " + ProgramRun::program();
+const std::string program = ProgramRun::program();
 
 TEST(DesktopTrash, ListsWhatWasMovedWithThePlaceItCameFrom) {
     const TemporaryFolder home;

@@ -24,6 +24,7 @@ TEST(JsonWriter, AnEmptyResultHasAllItsKeysAndCategories) {
   "totalFilesSize": 0,
   "stopped": false,
   "elapsedSeconds": 0.000,
+  "reclaimable": 0,
   "unreadable": [],
   "collected": {"Image": 0, "Video": 0, "Audio": 0, "Documents": 0, "Other": 0},
   "categories": [
@@ -54,6 +55,7 @@ TEST(JsonWriter, EveryLevelTellsItsTotals) {
   "totalFilesSize": 2023,
   "stopped": false,
   "elapsedSeconds": 12.346,
+  "reclaimable": 2023,
   "unreadable": [
     {"path": "/closed", "reason": "Permission denied"},
     {"path": "/bad�", "pathBytes": "2f626164ff", "reason": "Input/output error"}],

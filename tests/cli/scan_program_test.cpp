@@ -71,7 +71,8 @@ TEST_F(Scan, JsonTellsEveryLevel) {
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(result.output.back(), '\n');
     const Json expected = Json::parse(placed(R"({
-        "totalFiles": 3, "totalFilesSize": 16, "stopped": false, "unreadable": [],
+        "totalFiles": 3, "totalFilesSize": 16, "stopped": false, "reclaimable": 16,
+        "unreadable": [],
         "collected": {"Image": 3, "Video": 0, "Audio": 2, "Documents": 1, "Other": 0},
         "categories": [
             {"category": "Image", "totalFiles": 2, "totalFilesSize": 10, "extensions": [
@@ -113,6 +114,35 @@ TEST_F(Scan, TextIsForPeople) {
 2 files compared. Elapsed Time: 00:0)",
                                         folder_.path());
     EXPECT_EQ(result.output.substr(0, expected.size()), expected);
+}
+
+TEST_F(Scan, HardLinksOfOneFileCountOnceForWhatCanBeRegained) {
+    // Four names of two files: whatever is kept, one of the files can go.
+    write("1/a.jpg", std::string(1000, 'p'));
+    write("2/b.jpg", std::string(1000, 'p'));
+    std::filesystem::create_hard_link(folder_.pathOf("1/a.jpg"), folder_.pathOf("1/link.jpg"));
+    std::filesystem::create_hard_link(folder_.pathOf("2/b.jpg"), folder_.pathOf("2/link.jpg"));
+    // Two names of one file.
+    write("1/c.mp3", "sound");
+    std::filesystem::create_hard_link(folder_.pathOf("1/c.mp3"), folder_.pathOf("2/c.mp3"));
+    const Json json = parsedJson(scan("json", {"1", "2"}).output);
+    EXPECT_EQ(json["totalFiles"], 4);
+    EXPECT_EQ(json["totalFilesSize"], 3005);
+    EXPECT_EQ(json["reclaimable"], 1000);
+    const std::string text = scan("text", {"1", "2"}).output;
+    EXPECT_NE(text.find("\n4 duplicate files in 2 sets. 1.00 KB can be regained.\n"),
+              std::string::npos)
+        << text;
+}
+
+TEST_F(Scan, HardLinksOfOneFileAloneLeaveNothingToRegain) {
+    write("1/a.jpg", std::string(1000, 'p'));
+    std::filesystem::create_hard_link(folder_.pathOf("1/a.jpg"), folder_.pathOf("1/b.jpg"));
+    EXPECT_EQ(parsedJson(scan("json", {"1"}).output)["reclaimable"], 0);
+    const std::string text = scan("text", {"1"}).output;
+    EXPECT_NE(text.find("\n1 duplicate file in 1 set. 0.00 KB can be regained.\n"),
+              std::string::npos)
+        << text;
 }
 
 TEST_F(Scan, CsvHasARowForEachFile) {

@@ -1,5 +1,6 @@
 #include "controller/deletion_bench.h"
 #include "interface/translation.h"
+#include "store/clean_up_journal.h"
 #include "store/property_list.h"
 
 #include <QCoreApplication>
@@ -136,6 +137,30 @@ TEST_F(WithoutASupportFolder, ExceptionsHoldUntilTheyAreForgotten) {
     ASSERT_TRUE(comesTo("4"));
     EXPECT_EQ(modal().totalFiles(), 4U);
     EXPECT_FALSE(std::filesystem::exists("/exception.plist"));
+}
+
+/// A clean-up that has moved one file of 70 bytes, and whose process has ended before its end.
+void leaveCleanUp(const std::string& folder) {
+    auto opened = CleanUpJournal::open(folder);
+    auto& journal = std::get<CleanUpJournal>(opened);
+    const CleanUpId id = std::get<CleanUpId>(journal.begin({}));
+    const std::vector<PlannedMove> moves{{"/nowhere/a.txt", 1, 70, {}}};
+    const MoveRow row = std::get<MoveRow>(journal.plan(id, moves));
+    const RecordedOutcome outcome{row, MoveState::moved, "/nowhere/Trash", "a.txt", {}};
+    ASSERT_FALSE(journal.record({&outcome, 1}));
+}
+
+TEST_F(StoredFiles, CountWhatACleanUpHasMovedWhoseProcessHasEnded) {
+    leaveCleanUp(folder.pathOf("support"));
+    launch();
+    EXPECT_TRUE(comesTrue([&] { return showsTotals(); }));
+    EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 1 (0.07 KB)");
+    EXPECT_EQ(storedData().number("deletedCount"), 1U);
+}
+
+TEST_F(StoredFiles, AreLeftAloneByARecoveryWithoutAJournal) {
+    launch();
+    EXPECT_FALSE(std::filesystem::exists(folder.pathOf("support/clean-ups.sqlite")));
 }
 
 class InGerman : public StoredFiles {

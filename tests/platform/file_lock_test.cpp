@@ -244,5 +244,69 @@ TEST_F(FileLockTest, CannotBeTakenOnAReadOnlyDisk) {
     }
 }
 
+class RepeatedLockTest : public FileLockTest {
+ protected:
+    static constexpr std::chrono::milliseconds atOnce{0};
+
+    RepeatedLock lock_{locks_, 5};
+};
+
+TEST_F(RepeatedLockTest, ExcludesOthersWhileItIsHeld) {
+    for (int time = 0; time < 3; ++time) {
+        ASSERT_FALSE(lock_.take(atOnce).has_value());
+        EXPECT_EQ(codeOf(5), EBUSY);
+        EXPECT_EQ(codeOf(6), 0);
+        lock_.release();
+        EXPECT_EQ(codeOf(5), 0);
+    }
+}
+
+TEST_F(RepeatedLockTest, IsRefusedWhileOthersHoldIt) {
+    const Result<FileLock> held = locks_.tryTake(5);
+    ASSERT_TRUE(held);
+    const auto refusal = lock_.take(atOnce);
+    ASSERT_TRUE(refusal.has_value());
+    EXPECT_EQ(refusal->code, EBUSY);
+}
+
+TEST_F(RepeatedLockTest, ExcludesAnotherOfTheSameNumber) {
+    RepeatedLock other(locks_, 5);
+    ASSERT_FALSE(lock_.take(atOnce).has_value());
+    EXPECT_TRUE(other.take(atOnce).has_value());
+    lock_.release();
+    EXPECT_FALSE(other.take(atOnce).has_value());
+    EXPECT_TRUE(lock_.take(atOnce).has_value());
+}
+
+TEST_F(RepeatedLockTest, IsTakenAgainAfterOneThatWasWaiting) {
+    ASSERT_FALSE(lock_.take(atOnce).has_value());
+    std::atomic<bool> got{false};
+    std::thread waiter([&] {
+        RepeatedLock other(locks_, 5);
+        got = !other.take(std::chrono::seconds(30)).has_value();
+    });
+    // Until it is next.
+    EXPECT_TRUE(waitUntil([&] { return codeOf(5 + (std::uint64_t{1} << 62U)) == EBUSY; }));
+    lock_.release();
+    ASSERT_FALSE(lock_.take(std::chrono::seconds(30)).has_value());
+    EXPECT_TRUE(got);
+    waiter.join();
+}
+
+TEST_F(RepeatedLockTest, IsReleasedWithTheObject) {
+    {
+        RepeatedLock other(locks_, 5);
+        ASSERT_FALSE(other.take(atOnce).has_value());
+    }
+    EXPECT_EQ(codeOf(5), 0);
+}
+
+TEST_F(RepeatedLockTest, TellsWhyTheFileCannotBeUsed) {
+    RepeatedLock nowhere(LockFile(folder_.pathOf("missing/own.lock")), 5);
+    const auto refusal = nowhere.take(atOnce);
+    ASSERT_TRUE(refusal.has_value());
+    EXPECT_EQ(refusal->code, ENOENT);
+}
+
 }  // namespace
 }  // namespace tarvin

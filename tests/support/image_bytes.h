@@ -260,8 +260,8 @@ inline std::string progressiveJpeg(std::uint32_t width, std::uint32_t height) {
     return jpeg + bits.bytes() + "\xff\xd9";
 }
 
-/// The same image, small in the file and in memory, with so many passes more that it takes minutes
-/// to read.
+/// The same image, small in the file and in memory, with 100,000 passes over all of it: what reads
+/// it is busy for longer than any test waits.
 inline std::string endlessJpeg(std::uint32_t side) {
     constexpr int passes = 100'000;
     constexpr std::uint32_t blocksOfARun = 32'767;

@@ -22,6 +22,9 @@ constexpr std::uint64_t turnOffset = std::uint64_t{1} << 62U;
 constexpr std::chrono::microseconds minPause{50};
 constexpr std::chrono::microseconds maxPause{5000};
 
+/// How long a RepeatedLock believes that the file is still the one at its path.
+constexpr std::chrono::seconds keptOpen{1};
+
 using Deadline = std::chrono::steady_clock::time_point;
 
 /// 0, or why what is open must not be used as a file of locks.
@@ -35,11 +38,12 @@ int refusalOf(int descriptor) {
     return S_ISREG(status.st_mode) && isOurs ? 0 : EPERM;
 }
 
-/// Locks one byte on behalf of the open file, not of the process: the system then releases it with
-/// this descriptor, whatever else the process closes, and two descriptors exclude each other.
-int lockByte(int descriptor, std::uint64_t number, LockSharing sharing) {
+/// `type` is F_RDLCK, F_WRLCK or F_UNLCK. Locks one byte on behalf of the open file, not of the
+/// process: the system then releases it with this descriptor, whatever else the process closes, and
+/// two descriptors exclude each other.
+int lockByte(int descriptor, std::uint64_t number, short type) {
     struct flock range{};
-    range.l_type = sharing == LockSharing::shared ? F_RDLCK : F_WRLCK;
+    range.l_type = type;
     range.l_whence = SEEK_SET;
     range.l_start = static_cast<off_t>(number);
     range.l_len = 1;
@@ -51,17 +55,55 @@ int lockByte(int descriptor, std::uint64_t number, LockSharing sharing) {
     return 0;
 }
 
+/// Waits longer each time.
+class Pauses final {
+ public:
+    void wait() {
+        std::this_thread::sleep_for(next_);
+        next_ = std::min(next_ * 2, maxPause);
+    }
+
+ private:
+    std::chrono::microseconds next_ = minPause;
+};
+
+bool isOver(Deadline deadline) {
+    return std::chrono::steady_clock::now() >= deadline;
+}
+
 /// Tries until the lock is free or the deadline has passed.
 Result<FileLock> takeUntil(const LockFile& file, std::uint64_t number, Deadline deadline) {
-    auto pause = minPause;
-    while (true) {
+    for (Pauses pauses;; pauses.wait()) {
         Result<FileLock> lock = file.tryTake(number);
-        if (lock || lock.error().code != EBUSY || std::chrono::steady_clock::now() >= deadline) {
+        if (lock || lock.error().code != EBUSY || isOver(deadline)) {
             return lock;
         }
-        std::this_thread::sleep_for(pause);
-        pause = std::min(pause * 2, maxPause);
     }
+}
+
+/// The same with an open file; 0 or why not.
+int lockUntil(int descriptor, std::uint64_t number, Deadline deadline) {
+    for (Pauses pauses;; pauses.wait()) {
+        const int failure = lockByte(descriptor, number, F_WRLCK);
+        if (failure != EBUSY || isOver(deadline)) {
+            return failure;
+        }
+    }
+}
+
+/// The descriptor of a file of locks, or why it cannot be used.
+Result<int> openLocks(const std::string& path) {
+    const int descriptor =
+        ::open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
+               S_IRUSR | S_IWUSR);
+    if (descriptor < 0) {
+        return SystemError{errno};
+    }
+    if (const int failure = refusalOf(descriptor); failure != 0) {
+        ::close(descriptor);
+        return SystemError{failure};
+    }
+    return descriptor;
 }
 
 }  // namespace
@@ -80,18 +122,13 @@ FileLock::~FileLock() {
 }
 
 Result<FileLock> LockFile::tryTake(std::uint64_t number, LockSharing sharing) const {
-    const int descriptor =
-        ::open(path_.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
-               S_IRUSR | S_IWUSR);
-    if (descriptor < 0) {
-        return SystemError{errno};
+    const Result<int> descriptor = openLocks(path_);
+    if (!descriptor) {
+        return descriptor.error();
     }
-    FileLock lock(descriptor);
-    int failure = refusalOf(descriptor);
-    if (failure == 0) {
-        failure = lockByte(descriptor, number, sharing);
-    }
-    if (failure != 0) {
+    FileLock lock(*descriptor);
+    const short type = sharing == LockSharing::shared ? F_RDLCK : F_WRLCK;
+    if (const int failure = lockByte(*descriptor, number, type); failure != 0) {
         return SystemError{failure};
     }
     return lock;
@@ -104,6 +141,50 @@ Result<FileLock> LockFile::take(std::uint64_t number, std::chrono::milliseconds 
         return turn.error();
     }
     return takeUntil(*this, number, deadline);
+}
+
+RepeatedLock::~RepeatedLock() {
+    close();
+}
+
+std::optional<SystemError> RepeatedLock::take(std::chrono::milliseconds patience) {
+    const Deadline deadline = std::chrono::steady_clock::now() + patience;
+    if (auto failure = open()) {
+        return failure;
+    }
+    int failure = lockUntil(descriptor_, number_ + turnOffset, deadline);
+    if (failure == 0) {
+        failure = lockUntil(descriptor_, number_, deadline);
+        lockByte(descriptor_, number_ + turnOffset, F_UNLCK);
+    }
+    return failure == 0 ? std::nullopt : std::optional(SystemError{failure});
+}
+
+void RepeatedLock::release() {
+    if (descriptor_ >= 0) {
+        lockByte(descriptor_, number_, F_UNLCK);
+    }
+}
+
+std::optional<SystemError> RepeatedLock::open() {
+    const auto now = std::chrono::steady_clock::now();
+    if (descriptor_ >= 0 && now - opened_ < keptOpen) {
+        return std::nullopt;
+    }
+    close();
+    const Result<int> opened = openLocks(file_.path());
+    if (!opened) {
+        return opened.error();
+    }
+    descriptor_ = *opened;
+    opened_ = now;
+    return std::nullopt;
+}
+
+void RepeatedLock::close() {
+    if (descriptor_ >= 0) {
+        ::close(std::exchange(descriptor_, -1));
+    }
 }
 
 }  // namespace tarvin

@@ -1,0 +1,73 @@
+#include "controller/recovery_task.h"
+
+#include "clean/recovered_journal.h"
+#include "platform/start_thread.h"
+#include "store/data_file.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+namespace tarvin {
+
+namespace {
+
+/// A drive that does not answer is left alone after this time; what it holds back is found out at
+/// the next start.
+constexpr std::chrono::seconds patienceAtTheEnd{2};
+
+}  // namespace
+
+/// What the thread and the task share; lives as long as the longer of the two.
+class RecoveryTask::Shared final {
+ public:
+    explicit Shared(RecoveryTask* task) : task_(task) {}
+
+    /// On the thread.
+    void end() {
+        const std::lock_guard lock(mutex_);
+        isOver_ = true;
+        if (task_ != nullptr) {
+            QMetaObject::invokeMethod(task_, &RecoveryTask::totalsSettled, Qt::QueuedConnection);
+        }
+        over_.notify_all();
+    }
+
+    /// The task goes.
+    void leave() {
+        std::unique_lock lock(mutex_);
+        task_ = nullptr;
+        over_.wait_for(lock, patienceAtTheEnd, [this] { return isOver_; });
+    }
+
+ private:
+    std::mutex mutex_;
+    std::condition_variable over_;
+    RecoveryTask* task_;   // guarded by mutex_
+    bool isOver_ = false;  // guarded by mutex_
+};
+
+RecoveryTask::RecoveryTask(Platform& platform) {
+    if (!hasJournal(platform)) {
+        return;
+    }
+    auto shared = std::make_shared<Shared>(this);
+    std::thread thread = startThread([&platform, shared] {
+        DataFile totals(platform.applicationSupportFolder());
+        static_cast<void>(recoverAtStart(platform, totals));
+        shared->end();
+    });
+    if (thread.joinable()) {
+        thread.detach();
+        shared_ = std::move(shared);
+    }
+}
+
+RecoveryTask::~RecoveryTask() {
+    if (shared_) {
+        shared_->leave();
+    }
+}
+
+}  // namespace tarvin
