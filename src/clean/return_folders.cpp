@@ -3,7 +3,9 @@
 #include "platform/open_folder.h"
 
 #include <cerrno>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 namespace tarvin {
 
@@ -53,8 +55,11 @@ ReturnFolders::Opened ReturnFolders::openAnew(const std::string& path) {
     Result<Descriptor> opened = fileSystem_.openDirectory(path);
     if (!opened) {
         const Result<FileAttributes> now = fileSystem_.attributesAtPath(path);
-        const bool isNoFolder = now && now->type != EntryType::directory;
-        return isNoFolder ? SystemError{ENOTDIR} : opened.error();
+        if (!now || now->type == EntryType::directory) {
+            return opened.error();
+        }
+        std::error_code unknown;
+        return SystemError{std::filesystem::is_symlink(path, unknown) ? ELOOP : ENOTDIR};
     }
     const Result<FileAttributes> attributes = fileSystem_.attributesOf(*opened);
     if (!attributes) {

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <fstream>
 #include <map>
@@ -339,6 +340,25 @@ TEST_F(PutBackTest, RefusesAFolderThatIsAFileNow) {
     tree_.writeFile("b", "no folder");
     EXPECT_EQ(run(), (Outcomes{{"b/c.txt", PutBackOutcome::refused}}));
     EXPECT_EQ(contentOf(tree_.pathOf("b")), "no folder");
+}
+
+TEST_F(PutBackTest, RefusesAFolderThatIsALinkNow) {
+    cleanSet({"a.txt", "b/c.txt", "d/e/f.txt"});
+    fs::rename(tree_.pathOf("b"), tree_.pathOf("old b"));
+    tree_.makeLink("b", "old b");
+    fs::rename(tree_.pathOf("d"), tree_.pathOf("old d"));
+    tree_.makeLink("d", "old d");
+    std::vector<std::string> reasons;
+    const auto keep = [&reasons](const PutBackFile& file) {
+        EXPECT_EQ(file.outcome, PutBackOutcome::refused);
+        EXPECT_EQ(file.error.code, ELOOP);
+        reasons.push_back(file.reason);
+        return true;
+    };
+    EXPECT_FALSE(opened()->examine(1, keep));
+    EXPECT_FALSE(opened()->run(1, {.stopped = {}, .report = keep}));
+    EXPECT_EQ(reasons, std::vector<std::string>(4, "its folder is a link now"));
+    EXPECT_EQ(trashed(), 2);
 }
 
 TEST_F(PutBackTest, KnowsAFileByItsRealPath) {

