@@ -34,7 +34,8 @@ class CleanUp::Turn final : public SetMover {
         if (!row) {
             result = {MoveOutcome::refused, "it was not written down before"};
         } else if (!lock_) {
-            result = {MoveOutcome::refused, lock_.error().text()};
+            result = {MoveOutcome::refused, lock_.error().text(), TrashRefusalKind::system,
+                      lock_.error()};
         } else {
             result = moves_.move(file, place);
         }
