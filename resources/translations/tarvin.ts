@@ -60,10 +60,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>The clean-up could not begin: its moves cannot be written down.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Deleting files, please wait...</source>
         <translation type="unfinished"></translation>
     </message>
@@ -141,6 +137,25 @@ Modified Date       : %4</source>
     </message>
 </context>
 <context>
+    <name>tarvin::FileReasons</name>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tarvin::Help</name>
     <message>
         <source>Version %1</source>
@@ -177,6 +192,56 @@ Modified Date       : %4</source>
     <name>tarvin::InformationPanel</name>
     <message>
         <source>Review</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show the files that were left where they are</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::KeptFiles</name>
+    <message>
+        <source>Not there any more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Changed since the scan</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No other copy is left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stopped before its turn</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This volume has no Trash</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Trash of this volume is full</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ListPanel</name>
+    <message>
+        <source>Copy List</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -333,6 +398,26 @@ Modified Date       : %4</source>
         <source>All the files of same set cannot be selected</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Put Back Last Clean-up…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Left Where They Are</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These files were not moved to the Trash. They are still in the results and still marked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files left where they are</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tarvin::ProgressScreen</name>
@@ -354,6 +439,198 @@ Modified Date       : %4</source>
     </message>
     <message>
         <source>Scan progress</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::PutBackList</name>
+    <message>
+        <source>No longer in the Trash</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Changed in the Trash</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drive not attached</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stopped before its turn</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The disk is full</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Something else is there now: will be named &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The folder is gone: will be made again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, to %2, %3</source>
+        <comment>name of a file, its folder, what becomes of it</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File and folder it goes back to</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::PutBackPanel</name>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Put Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Put Back Last Clean-up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files of the last clean-up</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::PutBackProgress</name>
+    <message>
+        <source>Stop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Putting Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Putting files back, please wait...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Put back progress</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::PutBackReport</name>
+    <message>
+        <source>Ok</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Put Back Last Clean-up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files that could not be put back</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::PutBackTexts</name>
+    <message>
+        <source>Put Back Last Clean-up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 file (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 files (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Checking…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No files can be put back.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 file will be put back.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 files will be put back.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 file cannot be put back.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 files cannot be put back.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of %2 files. Nothing that is there now is replaced.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files Put Back: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 file could not be put back:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 files could not be put back:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scan again to see these files in the results.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is nothing to put back.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing has been cleaned up yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The last clean-up has been put back already.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Its files are no longer in the Trash.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The last clean-up could not be put back.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -697,6 +974,18 @@ All exceptions has been removed.</source>
         <source>NO</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>The clean-up could not begin: its moves cannot be written down.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 file was left where it is.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 files were left where they are.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tarvin::ResultTreeView</name>
@@ -756,6 +1045,19 @@ All exceptions has been removed.</source>
     <name>tarvin::Screen</name>
     <message>
         <source>Home</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ShownNumbers</name>
+    <message>
+        <source>en</source>
+        <comment>the code of the language of these texts</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>date, time</comment>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -60,10 +60,6 @@
         <translation>In den Papierkorb verschieben</translation>
     </message>
     <message>
-        <source>The clean-up could not begin: its moves cannot be written down.</source>
-        <translation>Das Aufräumen konnte nicht beginnen: Die Schritte lassen sich nicht aufzeichnen.</translation>
-    </message>
-    <message>
         <source>Deleting files, please wait...</source>
         <translation>Dateien werden gelöscht, bitte warten ...</translation>
     </message>
@@ -148,6 +144,25 @@ Geändert       : %4</translation>
     </message>
 </context>
 <context>
+    <name>tarvin::FileReasons</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Grund</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::Help</name>
     <message>
         <source>Version %1</source>
@@ -185,6 +200,56 @@ Geändert       : %4</translation>
     <message>
         <source>Review</source>
         <translation>Ansehen</translation>
+    </message>
+    <message>
+        <source>Show…</source>
+        <translation>Anzeigen…</translation>
+    </message>
+    <message>
+        <source>Show the files that were left where they are</source>
+        <translation>Die Dateien anzeigen, die an ihrem Platz geblieben sind</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::KeptFiles</name>
+    <message>
+        <source>Not there any more</source>
+        <translation>Nicht mehr vorhanden</translation>
+    </message>
+    <message>
+        <source>Changed since the scan</source>
+        <translation>Seit der Suche geändert</translation>
+    </message>
+    <message>
+        <source>No other copy is left</source>
+        <translation>Keine andere Kopie mehr vorhanden</translation>
+    </message>
+    <message>
+        <source>Stopped before its turn</source>
+        <translation>Vorher abgebrochen</translation>
+    </message>
+    <message>
+        <source>This volume has no Trash</source>
+        <translation>Kein Papierkorb auf diesem Laufwerk</translation>
+    </message>
+    <message>
+        <source>The Trash of this volume is full</source>
+        <translation>Der Papierkorb ist voll</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>Keine Berechtigung</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ListPanel</name>
+    <message>
+        <source>Copy List</source>
+        <translation>Liste kopieren</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
@@ -340,6 +405,26 @@ Geändert       : %4</translation>
         <source>All the files of same set cannot be selected</source>
         <translation>Nicht alle Dateien einer Gruppe können markiert werden</translation>
     </message>
+    <message>
+        <source>Put Back Last Clean-up…</source>
+        <translation>Letztes Aufräumen rückgängig machen…</translation>
+    </message>
+    <message>
+        <source>Left Where They Are</source>
+        <translation>An ihrem Platz geblieben</translation>
+    </message>
+    <message>
+        <source>These files were not moved to the Trash. They are still in the results and still marked.</source>
+        <translation>Diese Dateien kamen nicht in den Papierkorb. Sie stehen noch markiert im Ergebnis.</translation>
+    </message>
+    <message>
+        <source>Files left where they are</source>
+        <translation>Dateien, die an ihrem Platz geblieben sind</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::ProgressScreen</name>
@@ -362,6 +447,198 @@ Geändert       : %4</translation>
     <message>
         <source>Scan progress</source>
         <translation>Fortschritt der Suche</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::PutBackList</name>
+    <message>
+        <source>No longer in the Trash</source>
+        <translation>Nicht mehr im Papierkorb</translation>
+    </message>
+    <message>
+        <source>Changed in the Trash</source>
+        <translation>Im Papierkorb geändert</translation>
+    </message>
+    <message>
+        <source>Drive not attached</source>
+        <translation>Laufwerk nicht angeschlossen</translation>
+    </message>
+    <message>
+        <source>Stopped before its turn</source>
+        <translation>Vorher abgebrochen</translation>
+    </message>
+    <message>
+        <source>The disk is full</source>
+        <translation>Das Laufwerk ist voll</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>Keine Berechtigung</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Bereit</translation>
+    </message>
+    <message>
+        <source>Something else is there now: will be named &quot;%1&quot;</source>
+        <translation>Dort ist jetzt etwas anderes: wird „%1“ heißen</translation>
+    </message>
+    <message>
+        <source>The folder is gone: will be made again</source>
+        <translation>Der Ordner fehlt: wird neu angelegt</translation>
+    </message>
+    <message>
+        <source>%1, to %2, %3</source>
+        <comment>name of a file, its folder, what becomes of it</comment>
+        <translation>%1, nach %2, %3</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>File and folder it goes back to</source>
+        <translation>Datei und Ordner, in den sie zurückkommt</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Zustand</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::PutBackPanel</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Put Back</source>
+        <translation>Zurücklegen</translation>
+    </message>
+    <message>
+        <source>Put Back Last Clean-up</source>
+        <translation>Letztes Aufräumen rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Files of the last clean-up</source>
+        <translation>Dateien des letzten Aufräumens</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::PutBackProgress</name>
+    <message>
+        <source>Stop</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Putting Back</source>
+        <translation>Zurücklegen</translation>
+    </message>
+    <message>
+        <source>Putting files back, please wait...</source>
+        <translation>Dateien werden zurückgelegt, bitte warten...</translation>
+    </message>
+    <message>
+        <source>Put back progress</source>
+        <translation>Fortschritt beim Zurücklegen</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::PutBackReport</name>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+    <message>
+        <source>Put Back Last Clean-up</source>
+        <translation>Letztes Aufräumen rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Files that could not be put back</source>
+        <translation>Dateien, die nicht zurückgelegt werden konnten</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::PutBackTexts</name>
+    <message>
+        <source>Put Back Last Clean-up</source>
+        <translation>Letztes Aufräumen rückgängig machen</translation>
+    </message>
+    <message>
+        <source>1 file (%1)</source>
+        <translation>1 Datei (%1)</translation>
+    </message>
+    <message>
+        <source>%1 files (%2)</source>
+        <translation>%1 Dateien (%2)</translation>
+    </message>
+    <message>
+        <source>Checking…</source>
+        <translation>Wird geprüft…</translation>
+    </message>
+    <message>
+        <source>No files can be put back.</source>
+        <translation>Keine Datei kann zurückgelegt werden.</translation>
+    </message>
+    <message>
+        <source>1 file will be put back.</source>
+        <translation>1 Datei wird zurückgelegt.</translation>
+    </message>
+    <message>
+        <source>%1 files will be put back.</source>
+        <translation>%1 Dateien werden zurückgelegt.</translation>
+    </message>
+    <message>
+        <source>1 file cannot be put back.</source>
+        <translation>1 Datei kann nicht zurückgelegt werden.</translation>
+    </message>
+    <message>
+        <source>%1 files cannot be put back.</source>
+        <translation>%1 Dateien können nicht zurückgelegt werden.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files. Nothing that is there now is replaced.</source>
+        <translation>%1 von %2 Dateien. Nichts, was jetzt dort ist, wird ersetzt.</translation>
+    </message>
+    <message>
+        <source>Files Put Back: %1</source>
+        <translation>Zurückgelegte Dateien: %1</translation>
+    </message>
+    <message>
+        <source>Size: %1</source>
+        <translation>Größe: %1</translation>
+    </message>
+    <message>
+        <source>1 file could not be put back:</source>
+        <translation>1 Datei konnte nicht zurückgelegt werden:</translation>
+    </message>
+    <message>
+        <source>%1 files could not be put back:</source>
+        <translation>%1 Dateien konnten nicht zurückgelegt werden:</translation>
+    </message>
+    <message>
+        <source>Scan again to see these files in the results.</source>
+        <translation>Suchen Sie erneut, um diese Dateien im Ergebnis zu sehen.</translation>
+    </message>
+    <message>
+        <source>There is nothing to put back.</source>
+        <translation>Es gibt nichts zurückzulegen.</translation>
+    </message>
+    <message>
+        <source>Nothing has been cleaned up yet.</source>
+        <translation>Es wurde noch nichts aufgeräumt.</translation>
+    </message>
+    <message>
+        <source>The last clean-up has been put back already.</source>
+        <translation>Das letzte Aufräumen ist schon rückgängig gemacht.</translation>
+    </message>
+    <message>
+        <source>Its files are no longer in the Trash.</source>
+        <translation>Die Dateien sind nicht mehr im Papierkorb.</translation>
+    </message>
+    <message>
+        <source>The last clean-up could not be put back.</source>
+        <translation>Das letzte Aufräumen ließ sich nicht rückgängig machen.</translation>
     </message>
 </context>
 <context>
@@ -706,6 +983,18 @@ Alle Ausnahmen wurden entfernt.</translation>
         <source>NO</source>
         <translation>NEIN</translation>
     </message>
+    <message>
+        <source>The clean-up could not begin: its moves cannot be written down.</source>
+        <translation>Das Aufräumen konnte nicht beginnen: Die Schritte lassen sich nicht aufzeichnen.</translation>
+    </message>
+    <message>
+        <source>1 file was left where it is.</source>
+        <translation>1 Datei blieb an ihrem Platz.</translation>
+    </message>
+    <message>
+        <source>%1 files were left where they are.</source>
+        <translation>%1 Dateien blieben an ihrem Platz.</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::ResultTreeView</name>
@@ -766,6 +1055,19 @@ Alle Ausnahmen wurden entfernt.</translation>
     <message>
         <source>Home</source>
         <translation>Startseite</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ShownNumbers</name>
+    <message>
+        <source>en</source>
+        <comment>the code of the language of these texts</comment>
+        <translation>de</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>date, time</comment>
+        <translation>%1, %2</translation>
     </message>
 </context>
 <context>

@@ -37,7 +37,7 @@ class CleanUp::Turn final : public SetMover {
         if (!row) {
             result = {MoveOutcome::refused, "it was not written down before"};
         } else if (refusal_) {
-            result = {MoveOutcome::refused, refusal_->text()};
+            result = {MoveOutcome::refused, refusal_->text(), TrashRefusalKind::system, *refusal_};
         } else {
             result = moves_.move(file, place);
         }

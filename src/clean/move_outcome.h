@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/result.h"
+#include "platform/trash_move.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -20,6 +23,10 @@ struct MoveResult {
     MoveOutcome outcome = MoveOutcome::stopped;
     /// Why the system refused, in its words or in those of the Trash; empty for other outcomes.
     std::string reason;
+    // Of `refused`, for whoever puts it in other words: by whom and why, if the Trash or the system
+    // was asked.
+    TrashRefusalKind refusal = TrashRefusalKind::system;
+    SystemError error{};
 
     bool operator==(const MoveResult&) const = default;
 };

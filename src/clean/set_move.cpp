@@ -29,7 +29,9 @@ std::optional<MoveOutcome> outcomeOf(SystemError error) {
 
 MoveResult resultOf(SystemError error) {
     const std::optional<MoveOutcome> outcome = outcomeOf(error);
-    return outcome ? MoveResult{*outcome, {}} : MoveResult{MoveOutcome::refused, error.text()};
+    return outcome
+               ? MoveResult{*outcome, {}}
+               : MoveResult{MoveOutcome::refused, error.text(), TrashRefusalKind::system, error};
 }
 
 }  // namespace
@@ -176,7 +178,7 @@ MoveResult SetMove::moveSeen(const File& file, const Seen& seen, TrashPlace& pla
         const TrashRefusal refusal = moved.error();
         return refusal.kind == TrashRefusalKind::gone
                    ? MoveResult{MoveOutcome::gone, {}}
-                   : MoveResult{MoveOutcome::refused, refusal.text};
+                   : MoveResult{MoveOutcome::refused, refusal.text, refusal.kind, refusal.error};
     }
     place = std::move(*moved);
     before(MoveStep::lookAgain);

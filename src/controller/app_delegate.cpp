@@ -91,6 +91,7 @@ void AppDelegate::makeResultTasks() {
                                                    *surroundings_.alerts, information_, *marking_);
     deletion_ = std::make_unique<DeletionTask>(session_, *results_, window_, *surroundings_.alerts,
                                                information_, *marking_);
+    putBack_ = std::make_unique<PutBackTask>(session_, window_, information_);
 }
 
 void AppDelegate::awakeFromNib() {
@@ -147,6 +148,7 @@ void AppDelegate::connectControls() {
             &AppDelegate::buttonHomeExactPageClicked);
     connect(scan_.get(), &ScanTask::finished, this, &AppDelegate::showDuplicateScanResult);
     connect(views_.get(), &ResultViews::shown, this, &AppDelegate::comeToFront);
+    connect(putBack_.get(), &PutBackTask::totalsChanged, this, &AppDelegate::showCleanHistory);
     connect(views_.get(), &ResultViews::homeRequested, this,
             &AppDelegate::buttonHomeExactPageClicked);
     connect(&window_, &MainWindow::windowWillClose, this, &AppDelegate::windowWillClose);

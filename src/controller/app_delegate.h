@@ -12,6 +12,7 @@
 #include "controller/locations.h"
 #include "controller/marking_task.h"
 #include "controller/preview.h"
+#include "controller/put_back_task.h"
 #include "controller/recovery_task.h"
 #include "controller/result_views.h"
 #include "controller/results.h"
@@ -106,6 +107,7 @@ class AppDelegate final : public QObject {
     [[nodiscard]] ExceptionsTask& exceptions() { return *exceptions_; }
     [[nodiscard]] DeletionTask& deletion() { return *deletion_; }
     [[nodiscard]] Preview& preview() { return *preview_; }
+    [[nodiscard]] PutBackTask& putBack() { return *putBack_; }
 
  Q_SIGNALS:
     /// Uncovers the result as updateProgress() does. Nothing emits it.
@@ -145,8 +147,9 @@ class AppDelegate final : public QObject {
     std::unique_ptr<ResultViews> views_;
     std::unique_ptr<ExceptionsTask> exceptions_;
     std::unique_ptr<DeletionTask> deletion_;  // ends before what it uses
+    std::unique_ptr<PutBackTask> putBack_;    // the same
     std::unique_ptr<RecoveryTask> recovery_;
-    Alerts::Number refusal_ = 0;              // the open notice that other folders have to wait
+    Alerts::Number refusal_ = 0;  // the open notice that other folders have to wait
     std::int32_t homeImageCounter_ = 1;
 };
 

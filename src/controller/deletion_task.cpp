@@ -6,6 +6,7 @@
 #include "controller/scan_screen_texts.h"
 #include "controls/button_hover_simple.h"
 #include "controls/hover_button.h"
+#include "controls/menu_button.h"
 #include "controls/progress_bar.h"
 #include "interface/deletion_panel.h"
 #include "interface/home_screen.h"
@@ -29,13 +30,17 @@ constexpr int yes = 0;
 /// One run. Its parts live until it is over.
 class DeletionTask::Run final {
  public:
-    Run(std::shared_ptr<Modal> modal, std::unique_ptr<CleanUpRun> cleanUp, Session& session,
-        DeletionControl& control)
+    /// `cleanUp` reports to `kept`.
+    Run(std::shared_ptr<Modal> modal, std::unique_ptr<CleanUpRun> cleanUp,
+        std::shared_ptr<KeptFiles> kept, Session& session, DeletionControl& control)
         : session_(session),
+          control_(control),
           modal_(std::move(modal)),
+          kept_(std::move(kept)),
           cleanUp_(std::move(cleanUp)),
           walk_(*modal_, cleanUp_->cleanUp(), control,
-                [this](const Set&, const DeletionWalk::Progress& progress) {
+                [this](const Set& set, const DeletionWalk::Progress& progress) {
+                    lastBegun_ = &set;
                     indicator_ = progress.indicator;
                 }) {}
 
@@ -44,6 +49,7 @@ class DeletionTask::Run final {
         walk_.start([this, over = std::move(over)](const DeletionWalk::Progress& progress) {
             indicator_ = progress.indicator;
             moved_ = {progress.deletedCount, progress.deletedSize};
+            addRest();
             session_.finishCleanUp(*cleanUp_);
             over();
         });
@@ -54,10 +60,25 @@ class DeletionTask::Run final {
     [[nodiscard]] std::uint64_t indicator() const { return indicator_; }
     /// After wait().
     [[nodiscard]] const RemovalResult& moved() const { return moved_; }
+    /// After wait().
+    [[nodiscard]] const KeptFiles& kept() const { return *kept_; }
 
  private:
+    /// What a stop, or a journal that could not be written, has kept from its turn.
+    void addRest() {
+        const std::optional<StoreError>& failure = cleanUp_->cleanUp().failure();
+        if (control_.stopDeletion()) {
+            kept_->addRest(*modal_, lastBegun_, {MoveOutcome::stopped, {}});
+        } else if (failure) {
+            kept_->addRest(*modal_, lastBegun_, {MoveOutcome::refused, failure->text});
+        }
+    }
+
     Session& session_;
+    const DeletionControl& control_;
     const std::shared_ptr<Modal> modal_;
+    const std::shared_ptr<KeptFiles> kept_;      // the walk's own, until it is over
+    const Set* lastBegun_ = nullptr;             // the same
     const std::unique_ptr<CleanUpRun> cleanUp_;  // the walk's own, until it is over
     std::atomic<std::uint64_t> indicator_{0};
     RemovalResult moved_;
@@ -71,7 +92,8 @@ DeletionTask::DeletionTask(Session& session, Results& results, MainWindow& windo
       window_(window),
       alerts_(alerts),
       information_(information),
-      marking_(marking) {
+      marking_(marking),
+      kept_(window, information) {
     const ResultScreen& screen = *window_.results;
     connect(screen.finishButton, &QAbstractButton::clicked, this,
             &DeletionTask::deleteButtonExactPageClicked);
@@ -118,6 +140,10 @@ void DeletionTask::begin(bool unMarkAllEnabled) {
     }
     CleanUp::Settings settings;
     settings.wholeSets = CleanUp::WholeSets::goIfMarked;
+    const auto kept = std::make_shared<KeptFiles>();
+    settings.report = [kept](const File& file, const MoveResult& result) {
+        kept->add(file, result);
+    };
     auto opened = CleanUpRun::open(session_.platform, session_.data, std::move(settings));
     if (const auto* error = std::get_if<StoreError>(&opened)) {
         information_.setInformationWindow(noCleanUpInformation(error->text));
@@ -127,8 +153,8 @@ void DeletionTask::begin(bool unMarkAllEnabled) {
     results_.tree.keepStill();
     results_.files.setSet(nullptr, 0);
     run_ = std::make_unique<Run>(results_.modal,
-                                 std::get<std::unique_ptr<CleanUpRun>>(std::move(opened)), session_,
-                                 control_);
+                                 std::get<std::unique_ptr<CleanUpRun>>(std::move(opened)), kept,
+                                 session_, control_);
     run_->start([this] { Q_EMIT walkIsOver(); });
     redraw_.start();
 }
@@ -137,6 +163,7 @@ void DeletionTask::setDeletionView() {
     const ResultScreen& screen = *window_.results;
     const DeletionPanel& panel = *window_.deletionPreview;
     screen.buttonHomePage->hide();
+    window_.buttonMore->setEnabled(false);
     screen.finishButton->setEnabled(false);
     screen.finishButton->setAlpha(0.6);
     panel.deletionStatus->setText(ResultTexts::deleting());
@@ -158,6 +185,7 @@ void DeletionTask::removeDeletionView() {
     window_.deletionPreview->hide();
     window_.removeCovers();
     screen.buttonHomePage->show();
+    window_.buttonMore->setEnabled(true);
     screen.finishButton->setEnabled(true);
     screen.finishButton->setAlpha(1.0);
     screen.resultTable->show();
@@ -217,7 +245,8 @@ void DeletionTask::finish() {
     results_.showFiles();
     marking_.setMarkedFilesDetails();
     marking_.enableNecessaryButton();
-    information_.setInformationWindow(deletionReport(run->moved()));
+    kept_.setFiles(run->kept());
+    information_.setInformationWindow(deletionReport(run->moved(), run->kept().count()));
 }
 
 }  // namespace tarvin

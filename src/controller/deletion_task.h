@@ -2,6 +2,7 @@
 
 #include "controller/alerts.h"
 #include "controller/information_window.h"
+#include "controller/kept_list.h"
 #include "controller/marking_task.h"
 #include "controller/results.h"
 #include "controller/session.h"
@@ -68,6 +69,7 @@ class DeletionTask final : public QObject {
     Alerts& alerts_;
     InformationWindow& information_;
     MarkingTask& marking_;
+    KeptList kept_;
     DeletionControl control_;          // of all runs: one stop ends the later ones, too
     Alerts::Number stopQuestion_ = 0;  // asked last; 0 for none
     QTimer redraw_;

@@ -123,9 +123,13 @@ Information noCleanUpInformation(const std::string& reason) {
     return noticeWith(ResultTexts::cleanUpNotBegun(), QString::fromStdString(reason));
 }
 
-Information deletionReport(const RemovalResult& moved) {
-    return noticeWith(ResultTexts::duplicatesCleaned(moved.deletedFilesCount),
-                      ResultTexts::spaceRegained(moved.deletedFilesSize));
+Information deletionReport(const RemovalResult& moved, std::uint64_t left) {
+    Information report = noticeWith(ResultTexts::duplicatesCleaned(moved.deletedFilesCount),
+                                    ResultTexts::spaceRegained(moved.deletedFilesSize));
+    if (left > 0) {
+        report.keptLine = ResultTexts::filesLeft(left);
+    }
+    return report;
 }
 
 Information exceptionsAddedInformation(std::int64_t files) {

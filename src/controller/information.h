@@ -19,6 +19,7 @@ struct Information {
     QString otherInfomration;  ///< the third
     QString informationImage;  ///< by the name of the drawing
     QString actionButtonTitle;
+    QString keptLine{};  ///< about the files that were left; shows the button beside it, too
 
     bool operator==(const Information&) const = default;
 };
@@ -58,8 +59,8 @@ struct CategoryTotals {
 [[nodiscard]] Information nothingToDeleteInformation();
 /// When moves could not be written down, for which the text says why.
 [[nodiscard]] Information noCleanUpInformation(const std::string& reason);
-/// What one run has moved, in files and bytes.
-[[nodiscard]] Information deletionReport(const RemovalResult& moved);
+/// What one run has moved, in files and bytes, and how many files it has left where they are.
+[[nodiscard]] Information deletionReport(const RemovalResult& moved, std::uint64_t left = 0);
 /// `files` have been put on the list of exceptions, those that were on it already included.
 [[nodiscard]] Information exceptionsAddedInformation(std::int64_t files);
 [[nodiscard]] Information exceptionsRemovedInformation();

@@ -24,29 +24,49 @@ InformationWindow::InformationWindow(MainWindow& window) : window_(window) {
 }
 
 void InformationWindow::setInformationWindow(const Information& information) {
-    setInformationWindowWithInformationHeader(
-        information.informationHeader, information.duplicatesCount, information.duplicatesSize,
-        information.otherInfomration, information.informationImage, information.actionButtonTitle);
+    fill(information);
+    showInformationWindow();
+}
+
+void InformationWindow::setInformationWindowInPlaceOf(DialogPanel& panel,
+                                                      const Information& information) {
+    fill(information);
+    showInPlaceOf(panel);
+}
+
+void InformationWindow::fill(const Information& information) {
+    const InformationPanel& panel = *window_.informationWindow;
+    panel.informationHeader->setText(information.informationHeader);
+    panel.scanInfoCount->setText(information.duplicatesCount);
+    panel.scanInfoSize->setText(information.duplicatesSize);
+    panel.scanOtherInfo->setText(information.otherInfomration);
+    panel.scanInfoImage->setPictureName(information.informationImage);
+    window_.informationWindow->setKeptLine(information.keptLine);
+    setButtonAtrribute(*panel.scanInforOKBtn, 0, background,
+                       {.title = information.actionButtonTitle, .titleColor = Qt::white});
+    panel.scanInforOKBtn->setAccessibleName(information.actionButtonTitle);
 }
 
 void InformationWindow::setInformationWindowWithInformationHeader(
     const QString& informationHeader, const QString& duplicatesCount, const QString& duplicatesSize,
     const QString& otherInfomration, const QString& informationImage,
     const QString& actionButtonTitle) {
-    const InformationPanel& panel = *window_.informationWindow;
-    panel.informationHeader->setText(informationHeader);
-    panel.scanInfoCount->setText(duplicatesCount);
-    panel.scanInfoSize->setText(duplicatesSize);
-    panel.scanOtherInfo->setText(otherInfomration);
-    panel.scanInfoImage->setPictureName(informationImage);
-    setButtonAtrribute(*panel.scanInforOKBtn, 0, background,
-                       {.title = actionButtonTitle, .titleColor = Qt::white});
-    panel.scanInforOKBtn->setAccessibleName(actionButtonTitle);
-    showInformationWindow();
+    setInformationWindow({.informationHeader = informationHeader,
+                          .duplicatesCount = duplicatesCount,
+                          .duplicatesSize = duplicatesSize,
+                          .otherInfomration = otherInfomration,
+                          .informationImage = informationImage,
+                          .actionButtonTitle = actionButtonTitle});
 }
 
 void InformationWindow::showInformationWindow() {
     window_.showOver(window_.informationWindow, windowPlace);
+}
+
+void InformationWindow::showInPlaceOf(DialogPanel& panel) {
+    const QSize size = window_.informationWindow->sizeHint();
+    const int top = MainWindow::designSize.height() - windowPlace.y() - size.height();
+    window_.showInPlaceOf(&panel, window_.informationWindow, {{windowPlace.x(), top}, size});
 }
 
 void InformationWindow::okInformationWindow() {

@@ -7,6 +7,7 @@
 
 namespace tarvin {
 
+class DialogPanel;
 class MainWindow;
 
 /// The window in which the product says what has come of something, over the covered screen. Owned
@@ -26,9 +27,12 @@ class InformationWindow final : public QObject {
                                                    const QString& otherInfomration,
                                                    const QString& informationImage,
                                                    const QString& actionButtonTitle);
-    /// The same.
+    /// The same, with a line about the files that were left if there is one.
     void setInformationWindow(const Information& information);
     void showInformationWindow();
+    /// Shows it in the place of a panel, if that is shown, under the cover that is there.
+    void showInPlaceOf(DialogPanel& panel);
+    void setInformationWindowInPlaceOf(DialogPanel& panel, const Information& information);
     /// The button of the window.
     void okInformationWindow();
 
@@ -37,6 +41,8 @@ class InformationWindow final : public QObject {
     void closed();
 
  private:
+    void fill(const Information& information);
+
     MainWindow& window_;
 };
 

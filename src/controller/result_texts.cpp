@@ -1,6 +1,7 @@
 #include "controller/result_texts.h"
 
 #include "controller/path_text.h"
+#include "controller/shown_numbers.h"
 #include "scan/texts.h"
 
 namespace tarvin {
@@ -156,6 +157,11 @@ QString ResultTexts::duplicatesCleaned(std::uint64_t files) {
 
 QString ResultTexts::spaceRegained(std::uint64_t bytes) {
     return tr("Space Regained: %1 ").arg(sizeText(bytes));
+}
+
+QString ResultTexts::filesLeft(std::uint64_t files) {
+    return files == 1 ? tr("1 file was left where it is.")
+                      : tr("%1 files were left where they are.").arg(ShownNumbers::count(files));
 }
 
 QString ResultTexts::exceptionQuestion(bool exact) {

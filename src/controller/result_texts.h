@@ -79,6 +79,9 @@ class ResultTexts final {
     [[nodiscard]] static QString duplicatesCleaned(std::uint64_t files);
     [[nodiscard]] static QString spaceRegained(std::uint64_t bytes);
 
+    /// Below them, if there are such files.
+    [[nodiscard]] static QString filesLeft(std::uint64_t files);
+
     // Exceptions.
 
     /// Before marked files are excluded. `exact` says that they come from a scan for identical

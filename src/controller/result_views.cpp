@@ -263,7 +263,7 @@ void ResultViews::showInformationWindowAccordingTab() {
 
 /// An empty list leads back: one category to all of them, all of them home.
 void ResultViews::informationClosed() {
-    if (!results_.isEmpty()) {
+    if (!results_.isEmpty() || window_.selectedTabViewItem() != window_.results->identifier()) {
         return;
     }
     const std::optional<ResultView> view = currentViewOf(results_.tabs);

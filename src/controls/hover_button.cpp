@@ -22,6 +22,7 @@ QFont::Weight weightOf(HoverButton::Kind kind) {
         case HoverButton::Kind::filled:
             return QFont::Bold;
         case HoverButton::Kind::quiet:
+        case HoverButton::Kind::text:
             return QFont::Medium;
         case HoverButton::Kind::outline:
             break;
@@ -35,6 +36,8 @@ int heightOf(HoverButton::Kind kind) {
             return 36;
         case HoverButton::Kind::quiet:
             return 32;
+        case HoverButton::Kind::text:
+            return 24;
         case HoverButton::Kind::outline:
             break;
     }
@@ -56,6 +59,7 @@ HoverButton::HoverButton(Kind kind, const QString& title, QWidget* parent) : Hov
 void HoverButton::setKind(Kind kind) {
     kind_ = kind;
     look_.pixelSize = kind == Kind::filled ? 14 : 13;
+    look_.underline = kind == Kind::text;
     setFocusRing(FocusRing::Place::outside,
                  kind == Kind::outline ? look::surface : look::focusRing);
     updateGeometry();
@@ -96,7 +100,7 @@ void HoverButton::setOnGrayBar(bool onGrayBar) {
 }
 
 QSize HoverButton::sizeHint() const {
-    constexpr int padding = 15;
+    const int padding = kind_ == Kind::text ? 0 : 15;
     const QFontMetrics metrics(look::font(look_.pixelSize, weightOf(kind_)));
     return {metrics.horizontalAdvance(text()) + 2 * padding, heightOf(kind_)};
 }
@@ -156,11 +160,13 @@ void HoverButton::drawGround(QPainter& painter) {
             }
             paintFrame(painter, rect(), 1, outlineColor);
             break;
+        case Kind::text:
+            break;
     }
 }
 
 void HoverButton::drawTitle(QPainter& painter) {
-    constexpr int padding = 4;
+    const int padding = kind_ == Kind::text ? 0 : 4;
     QFont font = look::font(look_.pixelSize, weightOf(kind_));
     font.setUnderline(look_.underline);
     paintLine(painter, rect().adjusted(padding, 0, -padding, 0), text(), font, titleColor(),
@@ -183,6 +189,9 @@ QColor HoverButton::titleColor() const {
     }
     if (look_.color.isValid()) {
         return look_.color;
+    }
+    if (kind_ == Kind::text) {
+        return isDown() ? darkened(look::activeTab) : look::activeTab;
     }
     return kind_ == Kind::quiet ? quietColors().text : look::surface;
 }

@@ -16,9 +16,10 @@ class HoverButton : public PaintedButton {
 
  public:
     enum class Kind {
-        filled,  ///< a coloured ground, white bold title
-        quiet,   ///< white with a thin line, ink title of medium weight
-        outline  ///< for the blue bars: a thin white line, white title, no ground
+        filled,   ///< a coloured ground, white bold title
+        quiet,    ///< white with a thin line, ink title of medium weight
+        outline,  ///< for the blue bars: a thin white line, white title, no ground
+        text      ///< an underlined title without ground or frame
     };
 
     explicit HoverButton(QWidget* parent = nullptr);

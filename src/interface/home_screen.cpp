@@ -1,6 +1,7 @@
 #include "interface/home_screen.h"
 
 #include "controls/button_hover_complex.h"
+#include "controls/elided_label.h"
 #include "controls/images.h"
 #include "controls/look.h"
 #include "controls/view_background.h"

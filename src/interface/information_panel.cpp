@@ -1,5 +1,6 @@
 #include "interface/information_panel.h"
 
+#include "controls/elided_label.h"
 #include "controls/hover_button.h"
 #include "controls/look.h"
 #include "interface/making.h"
@@ -41,12 +42,19 @@ InformationPanel::InformationPanel(QWidget* parent)
       scanInfoSize(makeLine("scanInfoSize", this)),
       scanOtherInfo(makeLine("scanOtherInfo", this)),
       scanInfoImage(named(new PictureView, "scanInfoImage")),
+      keptLine(named(new ElidedLabel(this), "keptLine")),
+      keptShow(makeTextButton("keptShow", tr("Show…"))),
       scanInforOKBtn(makeFilledButton("scanInforOKBtn", tr("Review"), look::buttonTeal)) {
     setObjectName(QStringLiteral("informationWindow"));
     placement().place(scanInfoImage, {{24, 68, 96, 96}});
     placement().place(scanInforOKBtn, {{372, 140, 120, 34}, atEnd, atEnd});
     placement().row({scanInforOKBtn});
-    keyboard().setAnswers({scanInforOKBtn}, scanInforOKBtn, scanInforOKBtn);
+    keptLine->setElideMode(Qt::ElideRight);
+    keptLine->setTextColor(look::muted);
+    keptShow->setParent(this);
+    keptShow->setAccessibleName(tr("Show the files that were left where they are"));
+    setKeptLine({});
+    keyboard().setAnswers({keptShow, scanInforOKBtn}, scanInforOKBtn, scanInforOKBtn);
 }
 
 bool InformationPanel::event(QEvent* event) {
@@ -71,6 +79,25 @@ void InformationPanel::placeLines() {
         block->setGeometry(linesLeft, top, linesWidth, heightOf(*block));
         top += block->height();
     }
+    placeKeptLine(top);
+}
+
+void InformationPanel::placeKeptLine(int top) {
+    constexpr int height = 20;
+    constexpr int gap = 4;
+    const QSize button = keptShow->sizeHint();
+    const int width = std::min(keptLine->sizeHint().width(), linesWidth - gap - button.width());
+    keptLine->setGeometry(linesLeft, top, width, height);
+    // Higher than the line, so that it is easily met.
+    keptShow->setGeometry(
+        {{linesLeft + width + gap, top - (button.height() - height) / 2}, button});
+}
+
+void InformationPanel::setKeptLine(const QString& text) {
+    keptLine->setText(text);
+    keptLine->setVisible(!text.isEmpty());
+    keptShow->setVisible(!text.isEmpty());
+    placeLines();
 }
 
 }  // namespace tarvin

@@ -39,6 +39,11 @@ void ListHeader::setTitlesAtLeft(int count) {
     viewport()->update();
 }
 
+void ListHeader::indentAllTitles() {
+    allIndented_ = true;
+    viewport()->update();
+}
+
 void ListHeader::setOnlyTitle(int section) {
     onlyTitle_ = section;
     viewport()->update();
@@ -70,7 +75,7 @@ void ListHeader::paintSection(QPainter* painter, const QRect& rect, int section)
         return;
     }
     const bool atLeft = isOnly || section < titlesAtLeft_;
-    const bool indented = isOnly || section == 0;
+    const bool indented = isOnly || section == 0 || (atLeft && allIndented_);
     const QRect area =
         (isOnly ? viewport()->rect() : rect).adjusted(indented ? indent_ : 0, 0, 0, -1);
     const QString title = model()->headerData(section, Qt::Horizontal).toString();

@@ -16,6 +16,8 @@ class ListHeader final : public QHeaderView {
 
     /// How many titles stand at the left; first one. Those after the first are not indented.
     void setTitlesAtLeft(int count);
+    /// Has every title at the left stand as far from the beginning of its column as the first.
+    void indentAllTitles();
     /// Has the title of one column go over all of them, in place of theirs.
     void setOnlyTitle(int section);
 
@@ -35,6 +37,7 @@ class ListHeader final : public QHeaderView {
     int height_;
     int indent_;
     int titlesAtLeft_ = 1;
+    bool allIndented_ = false;
     int onlyTitle_ = -1;  // the section of it; -1: each has its own
 };
 

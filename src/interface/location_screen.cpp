@@ -1,6 +1,7 @@
 #include "interface/location_screen.h"
 
 #include "controls/button_hover_simple.h"
+#include "controls/elided_label.h"
 #include "controls/hover_button.h"
 #include "controls/look.h"
 #include "controls/view_button_gray_bar.h"

@@ -4,6 +4,7 @@
 #include "controls/hover_button.h"
 #include "controls/images.h"
 #include "controls/look.h"
+#include "controls/menu_button.h"
 #include "controls/spinner.h"
 #include "controls/view_top_bar.h"
 #include "controls/view_transparent.h"
@@ -14,6 +15,7 @@
 #include "interface/exception_panel.h"
 #include "interface/home_screen.h"
 #include "interface/information_panel.h"
+#include "interface/list_panel.h"
 #include "interface/location_screen.h"
 #include "interface/making.h"
 #include "interface/notice_panel.h"
@@ -22,6 +24,9 @@
 #include "interface/press_guard.h"
 #include "interface/product_title.h"
 #include "interface/progress_screen.h"
+#include "interface/put_back_panel.h"
+#include "interface/put_back_progress.h"
+#include "interface/put_back_report.h"
 #include "interface/result_screen.h"
 #include "interface/text_block.h"
 
@@ -40,7 +45,9 @@ namespace {
 // The list area of the locations, in the content.
 constexpr QPoint listArea{55, 134};
 constexpr int helpMenuWidth = 282;
-constexpr int helpMenuGap = 4;
+constexpr int moreMenuWidth = 232;
+constexpr int menuGap = 4;
+constexpr int keptReasonWidth = 226;
 
 /// The place of a panel whose lower left corner is counted from the lower left of the content.
 QRect fromLowerLeft(QPoint origin, QSize size) {
@@ -63,6 +70,9 @@ MainWindow::MainWindow(Appearance appearance, QWidget* parent)
       locations(named(new LocationScreen(topBar), "locationScreen")),
       progress(named(new ProgressScreen(topBar), "progressScreen")),
       results(named(new ResultScreen(topBar), "resultScreen")),
+      moreMenu(named(new QMenu(this), "moreMenu")),
+      buttonMore(named(new MenuButton(QStringLiteral("ui/more"), moreMenu), "buttonMore")),
+      putBackItem(named(moreMenu->addAction(tr("Put Back Last Clean-up…")), "putBackItem")),
       buttonHelpManual(
           named(new HoverButton(HoverButton::Kind::outline, tr("Help")), "buttonHelpManual")),
       helpMenu(named(new QMenu(this), "helpMenu")),
@@ -80,6 +90,17 @@ MainWindow::MainWindow(Appearance appearance, QWidget* parent)
       informationWindow(new InformationPanel(this)),
       exceptionWindow(new ExceptionPanel(this)),
       deletionPreview(new DeletionPanel(this)),
+      keptWindow(new ListPanel(
+          {.name = "kept",
+           .title = tr("Left Where They Are"),
+           .sentence = tr("These files were not moved to the Trash. They are still in the "
+                          "results and still marked."),
+           .listName = tr("Files left where they are"),
+           .reasonWidth = keptReasonWidth},
+          this)),
+      putBackWindow(new PutBackPanel(this)),
+      putBackProgress(new PutBackProgress(this)),
+      putBackReport(new PutBackReport(this)),
       allCheckAlertView(named(new NoticePanel(466, "allCheckText", this), "allCheckAlertView")),
       allCheckOk(allCheckAlertView->addButton("allCheckOk", tr("Ok"))),
       windowAboutPanel(new AboutPanel(this)),
@@ -101,6 +122,7 @@ MainWindow::MainWindow(Appearance appearance, QWidget* parent)
     placeLoadingView();
     makeNotices();
     makeHelpMenu();
+    makeMoreMenu();
     orderKeyboard();
     selectTabViewItem(home->identifier());
     // Widgets that come to a window which is shown already have to be shown by themselves.
@@ -121,8 +143,9 @@ void MainWindow::placeFrame() {
         tabViewMain->addWidget(screen);
     }
     auto* inBar = new Placement(topBar, {1016, Screen::barHeight});
+    inBar->place(buttonMore, {{895, 8, 29, 29}, atEnd, atStart});
     inBar->place(buttonHelpManual, {{932, 8, 72, 29}, atEnd, atStart});
-    inBar->row({buttonHelpManual});
+    inBar->row({buttonMore, buttonHelpManual});
 }
 
 void MainWindow::placeLoadingView() {
@@ -154,13 +177,18 @@ void MainWindow::makeNotices() {
     }
     for (DialogPanel* panel :
          {static_cast<DialogPanel*>(informationWindow), static_cast<DialogPanel*>(exceptionWindow),
-          static_cast<DialogPanel*>(deletionPreview)}) {
+          static_cast<DialogPanel*>(deletionPreview), static_cast<DialogPanel*>(keptWindow),
+          static_cast<DialogPanel*>(putBackWindow), static_cast<DialogPanel*>(putBackProgress),
+          static_cast<DialogPanel*>(putBackReport)}) {
         openPanels_->watch(panel, &panel->keyboard());
     }
     openPanels_->watch(windowAboutPanel, &windowAboutPanel->keyboard());
     connect(openPanels_, &OpenPanels::anyChanged, this, [this](bool any) {
         for (Screen* screen : screens()) {
             screen->setShortcutsEnabled(!any);
+        }
+        for (QAction* shortcut : shortcuts_) {
+            shortcut->setEnabled(!any);
         }
     });
     connect(openPanels_, &OpenPanels::keyboardFree, this,
@@ -177,6 +205,49 @@ void MainWindow::makeHelpMenu() {
     addAction(helpMenuItem);
 }
 
+void MainWindow::makeMoreMenu() {
+    buttonMore->setToolTip(tr("More"));
+    buttonMore->setAccessibleName(tr("More"));
+    moreMenu->setMinimumWidth(moreMenuWidth);
+    moreMenu->setAccessibleName(tr("More"));
+    styleMenu(moreMenu);
+    connect(buttonMore, &QAbstractButton::clicked, this, &MainWindow::popUpMoreMenu);
+#ifndef Q_OS_MACOS
+    addShortcut(Qt::Key_F10, [this] { openMoreByKey(); });
+#endif
+    addShortcut(Qt::CTRL | Qt::Key_Z, [this] {
+        if (buttonMore->isEnabled()) {
+            putBackItem->trigger();
+        }
+    });
+    buttonHelpManual->installEventFilter(this);
+}
+
+/// Works on every screen while no panel is open.
+void MainWindow::addShortcut(const QKeySequence& key, const std::function<void()>& press) {
+    auto* shortcut = new QAction(this);
+    shortcut->setShortcut(key);
+    shortcut->setAutoRepeat(false);
+    connect(shortcut, &QAction::triggered, this, press);
+    addAction(shortcut);
+    shortcuts_.push_back(shortcut);
+}
+
+/// The keyboard returns to the button when the menu closes.
+void MainWindow::openMoreByKey() {
+    if (buttonMore->isEnabled()) {
+        buttonMore->setFocus(Qt::ShortcutFocusReason);
+        buttonMore->click();
+    }
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == buttonHelpManual && event->type() == QEvent::EnabledChange) {
+        buttonMore->setEnabled(buttonHelpManual->isEnabled());
+    }
+    return EarlyWindow::eventFilter(watched, event);
+}
+
 void MainWindow::orderKeyboard() {
     QWidget* before = nullptr;
     const auto next = [&before](QWidget* control) {
@@ -190,6 +261,7 @@ void MainWindow::orderKeyboard() {
             next(control);
         }
     }
+    next(buttonMore);
     next(buttonHelpManual);
 }
 
@@ -227,6 +299,20 @@ void MainWindow::showNoticeInList(NoticePanel* notice, QPoint origin) {
 void MainWindow::showOver(QWidget* panel, QPoint origin) {
     addCover();
     showPanel(panel, fromLowerLeft(origin, panel->sizeHint()));
+}
+
+void MainWindow::showOver(DialogPanel* panel, const QRect& design, Growth across, Growth down) {
+    addCover();
+    showPanel(panel, design, across, down);
+}
+
+void MainWindow::showInPlaceOf(DialogPanel* before, DialogPanel* panel, const QRect& design,
+                               Growth across, Growth down) {
+    showPanel(panel, design, across, down);
+    if (before != nullptr && before->isVisible()) {
+        before->keyboard().handOver(panel->keyboard());
+        before->hide();
+    }
 }
 
 void MainWindow::addCover() {
@@ -279,16 +365,23 @@ void MainWindow::showAbout() {
                              windowAboutPanel->heightForWidth(AboutPanel::designSize.width()))});
 }
 
-void MainWindow::showPanel(QWidget* panel, const QRect& design) {
-    placement_->place(panel, {design, inMiddle, inMiddle});
+void MainWindow::showPanel(QWidget* panel, const QRect& design, Growth across, Growth down) {
+    placement_->place(panel, {design, across, down});
     panel->raise();
     panel->show();
 }
 
+void MainWindow::popUpMoreMenu() const {
+    popUp(*moreMenu, *buttonMore, moreMenuWidth);
+}
+
 void MainWindow::popUpHelpMenu() const {
-    const int width = std::max(helpMenu->sizeHint().width(), helpMenuWidth);
-    helpMenu->popup(buttonHelpManual->mapToGlobal(
-        QPoint(buttonHelpManual->width() - width, buttonHelpManual->height() + helpMenuGap)));
+    popUp(*helpMenu, *buttonHelpManual, helpMenuWidth);
+}
+
+void MainWindow::popUp(QMenu& menu, const QWidget& button, int leastWidth) {
+    const int width = std::max(menu.sizeHint().width(), leastWidth);
+    menu.popup(button.mapToGlobal(QPoint(button.width() - width, button.height() + menuGap)));
 }
 
 void MainWindow::setClosePermission(std::function<bool()> permission) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "interface/early_window.h"
+#include "interface/placement.h"
 
 #include <QVector>
 #include <functional>
@@ -16,16 +17,21 @@ namespace tarvin {
 class AboutPanel;
 class ButtonSettingsSaved;
 class DeletionPanel;
+class DialogPanel;
 class ExceptionPanel;
 class HomeScreen;
 class HoverButton;
 class InformationPanel;
+class ListPanel;
 class LocationScreen;
+class MenuButton;
 class NoticePanel;
 class OpenPanels;
-class Placement;
 class PressGuard;
 class ProgressScreen;
+class PutBackPanel;
+class PutBackProgress;
+class PutBackReport;
 class ResultScreen;
 class Screen;
 class Spinner;
@@ -56,6 +62,14 @@ class MainWindow final : public EarlyWindow {
     ProgressScreen* const progress;   ///< "5"
     ResultScreen* const results;      ///< "4"
 
+    /// Shown by popUpMoreMenu().
+    QMenu* const moreMenu;
+    /// Opens it: functions without a button of their own; also F10, but for macOS, where a panel is
+    /// not open. Disabled whenever Help is, and on the progress screen.
+    MenuButton* const buttonMore;
+    /// "Put Back Last Clean-up…"; also Ctrl+Z where the button can be pressed and no panel is open.
+    QAction* const putBackItem;
+
     HoverButton* const buttonHelpManual;
     /// Shown by popUpHelpMenu().
     QMenu* const helpMenu;
@@ -77,6 +91,12 @@ class MainWindow final : public EarlyWindow {
     InformationPanel* const informationWindow;
     ExceptionPanel* const exceptionWindow;
     DeletionPanel* const deletionPreview;
+    ListPanel* const keptWindow;  ///< the files that a clean-up has left where they are
+    /// What "Put Back Last Clean-up…" shows, in this order; `informationWindow` if there is nothing
+    /// to put back or everything came back.
+    PutBackPanel* const putBackWindow;
+    PutBackProgress* const putBackProgress;
+    PutBackReport* const putBackReport;
     NoticePanel* const allCheckAlertView;
     ButtonSettingsSaved* const allCheckOk;
 
@@ -110,12 +130,24 @@ class MainWindow final : public EarlyWindow {
     /// keyboard goes to its first answer and stays inside until the panel is hidden. Until no cover
     /// is left, bar and screens do nothing, whoever presses them.
     void showOver(QWidget* panel, QPoint origin);
+    /// The same with the place of the panel in the design, from the upper left. `across` and `down`
+    /// say what it does with what the window gains.
+    void showOver(DialogPanel* panel, const QRect& design, Growth across = inMiddle,
+                  Growth down = inMiddle);
+    /// Covers the whole window as showOver() does; the panel comes by showInPlaceOf().
+    void cover() { addCover(); }
+    /// Shows `panel` under the cover that is there, in the place of `before`, if that is shown. The
+    /// keyboard returns to where it was before either came.
+    void showInPlaceOf(DialogPanel* before, DialogPanel* panel, const QRect& design,
+                       Growth across = inMiddle, Growth down = inMiddle);
     /// Takes away all covers of showOver(), or the one that came first. Panels stay.
     void removeCovers();
     void removeFirstCover();
     /// Shows `windowAboutPanel` in the middle.
     void showAbout();
 
+    /// Shows `moreMenu` under its button and returns at once.
+    void popUpMoreMenu() const;
     /// Shows `helpMenu` under its button and returns at once.
     void popUpHelpMenu() const;
 
@@ -129,14 +161,20 @@ class MainWindow final : public EarlyWindow {
  protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
     void placeFrame();
     void placeLoadingView();
     void makeNotices();
     void makeHelpMenu();
+    void makeMoreMenu();
+    void addShortcut(const QKeySequence& key, const std::function<void()>& press);
+    void openMoreByKey();
+    static void popUp(QMenu& menu, const QWidget& button, int leastWidth);
     void orderKeyboard();
-    void showPanel(QWidget* panel, const QRect& design);
+    void showPanel(QWidget* panel, const QRect& design, Growth across = inMiddle,
+                   Growth down = inMiddle);
     void addCover();
     void removeCover(ViewTransparent* cover);
     void coversChanged() const;
@@ -148,6 +186,7 @@ class MainWindow final : public EarlyWindow {
     PressGuard* const pressGuard_;
     /// Lies over nothing: knows for the buttons of the notices how many covers lie over them.
     const std::unique_ptr<ViewTransparent> noticeOverlay_;
+    QVector<QAction*> shortcuts_;       // rest while a panel is shown
     QVector<ViewTransparent*> covers_;  // in the order in which they came
     std::function<bool()> closePermission_;
 };

@@ -22,6 +22,10 @@ HoverButton* makeFilledButton(const char* name, const QString& title, const QCol
     return button;
 }
 
+HoverButton* makeTextButton(const char* name, const QString& title) {
+    return named(new HoverButton(HoverButton::Kind::text, title), name);
+}
+
 HoverButton* makeQuietButton(const char* name, const QString& title) {
     return named(new HoverButton(HoverButton::Kind::quiet, title), name);
 }

@@ -24,6 +24,9 @@ Object* named(Object* object, const char* name) {
 [[nodiscard]] HoverButton* makeFilledButton(const char* name, const QString& title,
                                             const QColor& fill);
 
+/// An underlined text that is pressed.
+[[nodiscard]] HoverButton* makeTextButton(const char* name, const QString& title);
+
 /// A white button with a thin line.
 [[nodiscard]] HoverButton* makeQuietButton(const char* name, const QString& title);
 

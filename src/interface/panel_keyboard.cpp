@@ -22,12 +22,21 @@ void PanelKeyboard::take() {
 }
 
 void PanelKeyboard::giveBack() {
+    if (std::exchange(handedOver_, false)) {
+        return;
+    }
     if (before_ != nullptr && before_->isVisible() && before_->isEnabled()) {
         before_->setFocus(Qt::PopupFocusReason);
     } else if (fallback_) {
         fallback_();
     }
     before_.clear();
+}
+
+void PanelKeyboard::handOver(PanelKeyboard& next) {
+    next.before_ = before_;
+    before_.clear();
+    handedOver_ = true;
 }
 
 void PanelKeyboard::moveOn(bool next) {

@@ -28,6 +28,10 @@ class PanelKeyboard final {
     void take();
     void giveBack();
 
+    /// `next` has come in the place of this panel, which goes now: where the keyboard was before,
+    /// it returns to when that one goes.
+    void handOver(PanelKeyboard& next);
+
     /// Moves on to the next or the previous control inside.
     void moveOn(bool next);
 
@@ -43,6 +47,7 @@ class PanelKeyboard final {
     QWidget* first_ = nullptr;
     QAbstractButton* safe_ = nullptr;
     QPointer<QWidget> before_;
+    bool handedOver_ = false;
     std::function<void()> fallback_;
 };
 

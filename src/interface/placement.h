@@ -16,10 +16,11 @@ struct Growth {
     double stretched = 0;  ///< share of the gain that the control takes for itself
 };
 
-inline constexpr Growth atStart{0, 0};     ///< keeps its distance to the left or the top
-inline constexpr Growth atEnd{1, 0};       ///< keeps its distance to the right or the bottom
-inline constexpr Growth inMiddle{0.5, 0};  ///< keeps its place relative to the middle
-inline constexpr Growth stretching{0, 1};  ///< keeps both distances
+inline constexpr Growth atStart{0, 0};          ///< keeps its distance to the left or the top
+inline constexpr Growth atEnd{1, 0};            ///< keeps its distance to the right or the bottom
+inline constexpr Growth inMiddle{0.5, 0};       ///< keeps its place relative to the middle
+inline constexpr Growth stretching{0, 1};       ///< keeps both distances
+inline constexpr Growth halfOfGain{0.25, 0.5};  ///< takes half of it, about the middle
 
 /// What is done for a text that needs more height than it was drawn with: a translation, or a font
 /// wider than the one of the design.

@@ -20,7 +20,7 @@ class ProgressScreen final : public Screen {
  public:
     explicit ProgressScreen(ViewTopBar* bar);
 
-    QLabel* const progressTypeText;  ///< in the bar
+    ElidedLabel* const progressTypeText;  ///< in the bar
     /// Has one page, which holds the block of animation, status, bar and file.
     QStackedWidget* const exactSimilarTabView;
     ScanAnimation* const animationImage;

@@ -1,6 +1,7 @@
 #include "interface/screen_title.h"
 
 #include "controls/button_hover_simple.h"
+#include "controls/elided_label.h"
 #include "controls/look.h"
 #include "controls/view_top_bar.h"
 #include "interface/making.h"
@@ -11,15 +12,18 @@ namespace tarvin {
 
 namespace {
 
-// In the bar, which keeps its height; the Help button begins right of the title.
-constexpr QRect titlePlace{51, 12, 860, 21};
+// In the bar, which keeps its height; the More button begins right of the title.
+constexpr QRect titlePlace{51, 12, 832, 21};
 constexpr QRect homePlace{0, 0, 45, 45};
 
 }  // namespace
 
-QLabel* makeScreenTitle(const char* name, const QString& title, ViewTopBar* bar) {
-    QLabel* label = named(makeLabel(title, look::font(15, QFont::DemiBold), look::surface), name);
-    label->setParent(bar);
+ElidedLabel* makeScreenTitle(const char* name, const QString& title, ViewTopBar* bar) {
+    auto* label = named(new ElidedLabel(title, bar), name);
+    label->setFont(look::font(15, QFont::DemiBold));
+    label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    label->setTextColor(look::surface);
+    label->setElideMode(Qt::ElideRight);
     label->setGeometry(titlePlace);
     return label;
 }

@@ -227,7 +227,8 @@ TEST_F(SetMoves, TellWhyTheSystemRefuses) {
     DeletionWalk walk(files_.marked(), cleanUp, control, {});
     walk.start();
     walk.wait();
-    EXPECT_EQ(results.front(), (MoveResult{MoveOutcome::refused, "Input/output error"}));
+    EXPECT_EQ(results.front(), (MoveResult{MoveOutcome::refused, "Input/output error",
+                                           TrashRefusalKind::system, SystemError{EIO}}));
     EXPECT_FALSE(cleanUp.finish().has_value());
 }
 

@@ -3,6 +3,7 @@
 #include "controls/button_settings_saved.h"
 #include "controls/elided_label.h"
 #include "controls/hover_button.h"
+#include "controls/menu_button.h"
 #include "controls/pop_up_button.h"
 #include "controls/progress_bar.h"
 #include "controls/scan_animation.h"
@@ -42,6 +43,7 @@ struct Control {
 const Control controls[] = {
     {"topBar", ViewTopBar::staticMetaObject, "1", {0, 0, 1016, 45}, {0, 0, 1400, 45}},
     {"tabViewMain", QStackedWidget::staticMetaObject, "1", {0, 45, 1016, 486}, {0, 45, 1400, 855}},
+    {"buttonMore", MenuButton::staticMetaObject, "1", {895, 8, 29, 29}, {1279, 8, 29, 29}},
     {"buttonHelpManual", HoverButton::staticMetaObject, "1", {932, 8, 72, 29}, {1316, 8, 72, 29}},
 
     {"brandMark", QWidget::staticMetaObject, "1", {14, 9, 26, 26}, {14, 9, 26, 26}},
@@ -107,7 +109,7 @@ const Control controls[] = {
      {805, 483, 160, 36},
      {1130, 852, 160, 36}},
 
-    {"progressTypeText", QLabel::staticMetaObject, "5", {51, 12, 860, 21}, {51, 12, 860, 21}},
+    {"progressTypeText", QLabel::staticMetaObject, "5", {51, 12, 832, 21}, {51, 12, 832, 21}},
     {"exactSimilarTabView",
      QStackedWidget::staticMetaObject,
      "5",
@@ -282,16 +284,17 @@ TEST_F(ControlPlacesTest, OnlyTheScreensOwnControlsAreInTheBar) {
         return names;
     };
     const QString help = QStringLiteral("buttonHelpManual");
+    const QString more = QStringLiteral("buttonMore");
 
-    EXPECT_EQ(shownInBar(),
-              QStringList({QStringLiteral("brandMark"), help, QStringLiteral("homeScreenTitle")}));
+    EXPECT_EQ(shownInBar(), QStringList({QStringLiteral("brandMark"), help, more,
+                                         QStringLiteral("homeScreenTitle")}));
     window.selectTabViewItem(QStringLiteral("2"));
-    EXPECT_EQ(shownInBar(), QStringList({help, QStringLiteral("buttonHomeExactPage"),
+    EXPECT_EQ(shownInBar(), QStringList({help, QStringLiteral("buttonHomeExactPage"), more,
                                          QStringLiteral("locationScreenTitle")}));
     window.selectTabViewItem(QStringLiteral("5"));
-    EXPECT_EQ(shownInBar(), QStringList({help, QStringLiteral("progressTypeText")}));
+    EXPECT_EQ(shownInBar(), QStringList({help, more, QStringLiteral("progressTypeText")}));
     window.selectTabViewItem(QStringLiteral("4"));
-    EXPECT_EQ(shownInBar(), QStringList({help, QStringLiteral("buttonHomePage"),
+    EXPECT_EQ(shownInBar(), QStringList({help, QStringLiteral("buttonHomePage"), more,
                                          QStringLiteral("resultScreenTitle")}));
 }
 

@@ -1,5 +1,7 @@
+#include "controller/put_back_texts.h"
 #include "controller/result_texts.h"
 #include "controller/scan_screen_texts.h"
+#include "controller/shown_numbers.h"
 #include "controls/elided_label.h"
 #include "controls/hover_button.h"
 #include "controls/look.h"
@@ -9,7 +11,11 @@
 #include "interface/exception_panel.h"
 #include "interface/information_panel.h"
 #include "interface/keep_picture.h"
+#include "interface/list_panel.h"
 #include "interface/notice_panel.h"
+#include "interface/put_back_panel.h"
+#include "interface/put_back_progress.h"
+#include "interface/put_back_report.h"
 #include "interface/result_screen.h"
 #include "interface/shown_window.h"
 #include "interface/some_results.h"
@@ -51,7 +57,9 @@ bool hasRoom(const QWidget& widget) {
         return widget.sizeHint().width() - air <= widget.width();
     }
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
-        constexpr int air = 8;  // on each side
+        const auto* hover = qobject_cast<const HoverButton*>(button);
+        const bool isText = hover != nullptr && hover->kind() == HoverButton::Kind::text;
+        const int air = isText ? 0 : 8;  // on each side
         return button->text().isEmpty() || titleWidth(*button) + 2 * air <= button->width();
     }
     return true;
@@ -230,6 +238,57 @@ TEST_P(RoomForTextsTest, InTheOtherPanelsOfTheResults) {
     window->deletionPreview->hide();
     window->showOver(window->allCheckAlertView, {275, 225});
     lookAtEverythingShown("alternative");
+}
+
+TEST_P(RoomForTextsTest, InTheReportOfFilesThatWereLeft) {
+    window->selectTabViewItem(window->results->identifier());
+    InformationPanel& panel = *window->informationWindow;
+    panel.informationHeader->setText(ResultTexts::information());
+    panel.scanInfoCount->setText(ResultTexts::duplicatesCleaned(123456));
+    panel.scanInfoSize->setText(ResultTexts::spaceRegained(999'990'000'000));
+    panel.setKeptLine(ResultTexts::filesLeft(123456));
+    window->showOver(&panel, QPoint(250, 200));
+    lookAtEverythingShown("report-kept");
+    EXPECT_EQ(panel.height(), 190);
+    EXPECT_FALSE(panel.keptLine->isElided());
+    window->showInPlaceOf(&panel, window->keptWindow, ListPanel::designPlace, halfOfGain,
+                          halfOfGain);
+    lookAtEverythingShown("kept");
+}
+
+TEST_P(RoomForTextsTest, InThePanelsOfPuttingBack) {
+    window->selectTabViewItem(window->results->identifier());
+    PutBackPanel& question = *window->putBackWindow;
+    question.putBackDate->setText(ShownNumbers::dateAndTime(Timestamp()));
+    question.putBackTotal->setText(PutBackTexts::total(123456, 999'990'000'000));
+    question.putBackOutcome->setText(PutBackTexts::coming(123456));
+    question.putBackCannot->setText(PutBackTexts::staying(123456));
+    window->showOver(&question, PutBackPanel::designPlace, halfOfGain, halfOfGain);
+    lookAtEverythingShown("put-back");
+    EXPECT_LT(question.putBackOutcome->fontMetrics()
+                  .size(Qt::TextSingleLine, question.putBackOutcome->text())
+                  .width(),
+              question.putBackCancel->x() - question.putBackOutcome->x());
+    PutBackProgress& progress = *window->putBackProgress;
+    progress.putBackProcessing->setText(PutBackTexts::progress(123456, 123456));
+    window->showInPlaceOf(&question, &progress, PutBackProgress::designPlace);
+    lookAtEverythingShown("put-back-running");
+    PutBackReport& report = *window->putBackReport;
+    report.putBackReportCount->setText(PutBackTexts::filesPutBack(123456));
+    report.putBackReportSize->setText(PutBackTexts::size(999'990'000'000));
+    report.putBackReportFailed->setText(PutBackTexts::failed(123456));
+    report.putBackReportHint->setText(PutBackTexts::scanAgain());
+    window->showInPlaceOf(&progress, &report, PutBackReport::designPlace);
+    lookAtEverythingShown("put-back-done");
+    window->informationWindow->informationHeader->setText(PutBackTexts::title());
+    window->informationWindow->scanInfoCount->setText(PutBackTexts::nothing());
+    for (const NothingToPutBack reason : {NothingToPutBack::neverCleaned, NothingToPutBack::allBack,
+                                          NothingToPutBack::noneInTrash}) {
+        window->informationWindow->scanInfoSize->setText(PutBackTexts::nothingBecause(reason));
+        window->showOver(window->informationWindow, QPoint(250, 200));
+        lookAtEverythingShown("put-back-nothing");
+        window->informationWindow->hide();
+    }
 }
 
 TEST_P(RoomForTextsTest, TheHintEndsBeforeTheTools) {

@@ -32,7 +32,8 @@ class TabOrderTest : public ShownWindow {
 
 TEST_F(TabOrderTest, HomeBeginsOnTheDrives) {
     EXPECT_EQ(holder(), QStringLiteral("mainScanButton"));
-    EXPECT_EQ(visited(), QStringLiteral("mainScanButton mainScanButtonFolder buttonHelpManual"));
+    EXPECT_EQ(visited(), QStringLiteral("mainScanButton mainScanButtonFolder buttonMore "
+                                        "buttonHelpManual"));
 }
 
 TEST_F(TabOrderTest, LocationsBeginOnTheListAndFollowReading) {
@@ -40,9 +41,10 @@ TEST_F(TabOrderTest, LocationsBeginOnTheListAndFollowReading) {
 
     EXPECT_EQ(holder(), QStringLiteral("tableExact"));
     EXPECT_EQ(visited(),
-              QStringLiteral("tableExact addPhotos addFolders findDuplicateExact buttonHelpManual "
-                             "buttonHomeExactPage backFolderButton nextFolderButton "
-                             "markAllExactBtn unmarkAllExactBtn removeFromListExactBtn"));
+              QStringLiteral(
+                  "tableExact addPhotos addFolders findDuplicateExact buttonMore buttonHelpManual "
+                  "buttonHomeExactPage backFolderButton nextFolderButton "
+                  "markAllExactBtn unmarkAllExactBtn removeFromListExactBtn"));
 }
 
 TEST_F(TabOrderTest, BacktabGoesTheOtherWay) {
@@ -51,7 +53,7 @@ TEST_F(TabOrderTest, BacktabGoesTheOtherWay) {
     EXPECT_EQ(visited(Qt::Key_Backtab),
               QStringLiteral("tableExact removeFromListExactBtn unmarkAllExactBtn "
                              "markAllExactBtn nextFolderButton backFolderButton "
-                             "buttonHomeExactPage buttonHelpManual findDuplicateExact "
+                             "buttonHomeExactPage buttonHelpManual buttonMore findDuplicateExact "
                              "addFolders addPhotos"));
 }
 
@@ -61,9 +63,10 @@ TEST_F(TabOrderTest, DisabledControlsArePassedOver) {
     window.locations->nextFolderButton->setEnabled(false);
     window.locations->findDuplicateExact->setEnabled(false);
 
-    EXPECT_EQ(visited(), QStringLiteral("tableExact addPhotos addFolders buttonHelpManual "
-                                        "buttonHomeExactPage markAllExactBtn unmarkAllExactBtn "
-                                        "removeFromListExactBtn"));
+    EXPECT_EQ(visited(),
+              QStringLiteral("tableExact addPhotos addFolders buttonMore buttonHelpManual "
+                             "buttonHomeExactPage markAllExactBtn unmarkAllExactBtn "
+                             "removeFromListExactBtn"));
 }
 
 TEST_F(TabOrderTest, ProgressBeginsOnPause) {
@@ -79,11 +82,12 @@ TEST_F(TabOrderTest, ResultsBeginOnTheListAndFollowReading) {
     control("allButton")->setEnabled(false);
 
     EXPECT_EQ(holder(), QStringLiteral("resultTable"));
-    EXPECT_EQ(visited(),
-              QStringLiteral("resultTable textField markAll unMarkAll addEceptionBtn "
-                             "removeExceptionBtn finishButton buttonHelpManual buttonHomePage "
-                             "imageButton videoButton audioButton documentButton otherButton "
-                             "sortPopupBtn sortBtn asscendingBtn OView2"));
+    EXPECT_EQ(
+        visited(),
+        QStringLiteral("resultTable textField markAll unMarkAll addEceptionBtn "
+                       "removeExceptionBtn finishButton buttonMore buttonHelpManual buttonHomePage "
+                       "imageButton videoButton audioButton documentButton otherButton "
+                       "sortPopupBtn sortBtn asscendingBtn OView2"));
 }
 
 TEST_F(TabOrderTest, TheKeyboardIsSeenOnlyWhenItIsUsed) {

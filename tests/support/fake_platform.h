@@ -3,6 +3,7 @@
 #include "platform/platform.h"
 #include "support/fake_running_copies.h"
 #include "support/fake_trash.h"
+#include "support/held_trash.h"
 
 #include <chrono>
 #include <map>
@@ -55,7 +56,17 @@ class FakePlatform final : public Platform {
 
     FileSystem& fileSystem() override { return fileSystem_; }
     FakeClock& clock() override { return clock_; }
-    std::unique_ptr<TrashMover> makeTrashMover() override { return trash_.makeMover(); }
+    std::unique_ptr<TrashMover> makeTrashMover() override {
+        if (!trashUser_) {
+            return trash_.makeMover();
+        }
+        return std::make_unique<HeldTrash>(tarvin::makeTrashMover(*trashUser_), beforePutBack_);
+    }
+    /// Has files go to the real Trash of this user, in place of trash(). Before anything is moved.
+    void useTrashOf(TrashUser user, HeldTrash::BeforePutBack beforePutBack) {
+        trashUser_ = std::move(user);
+        beforePutBack_ = std::move(beforePutBack);
+    }
     FakeTrash& trash() { return trash_; }
     /// Used on one thread at a time, like all running copies.
     FakeRunningCopies& runningCopies() override { return runningCopies_; }
@@ -116,6 +127,8 @@ class FakePlatform final : public Platform {
     FileSystem& fileSystem_;
     FakeClock clock_;
     FakeTrash trash_;
+    std::optional<TrashUser> trashUser_;
+    HeldTrash::BeforePutBack beforePutBack_;
     FakeRunningCopies runningCopies_;
     std::mutex mutex_;
     std::vector<Volume> volumes_;                                   // guarded by mutex_

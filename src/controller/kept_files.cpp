@@ -1,0 +1,83 @@
+#include "controller/kept_files.h"
+
+#include <cerrno>
+
+namespace tarvin {
+
+void KeptFiles::add(const File& file, const MoveResult& result) {
+    if (result.outcome == MoveOutcome::moved) {
+        return;
+    }
+    ++count_;
+    if (listed_.size() < FileReasons::mostListed) {
+        listed_.push_back({file.filePath(), result});
+    }
+}
+
+/// Those that the walk would have come to: it passes over what is not marked as a whole or in part.
+void KeptFiles::addRest(const Modal& modal, const Set* last, const MoveResult& result) {
+    bool isBehind = last == nullptr;
+    for (const auto& extension : modal.extensionsArray()) {
+        for (const auto& set : extension->sets()) {
+            const bool isNext = isBehind && extension->extensionState() != CheckState::off &&
+                                set->setsState() != CheckState::off;
+            for (const auto& file : set->files()) {
+                if (isNext && file->state() != CheckState::off) {
+                    add(*file, result);
+                }
+            }
+            isBehind = isBehind || set.get() == last;
+        }
+    }
+}
+
+QVector<FileReason> KeptFiles::reasons() const {
+    QVector<FileReason> reasons;
+    reasons.reserve(static_cast<qsizetype>(listed_.size()));
+    for (const Kept& kept : listed_) {
+        reasons.push_back(fileReason(kept.path, reasonOf(kept.result)));
+    }
+    return reasons;
+}
+
+QString KeptFiles::reasonOf(const MoveResult& result) {
+    switch (result.outcome) {
+        case MoveOutcome::gone:
+            return tr("Not there any more");
+        case MoveOutcome::changed:
+            return tr("Changed since the scan");
+        case MoveOutcome::lastCopy:
+            return tr("No other copy is left");
+        case MoveOutcome::stopped:
+            return tr("Stopped before its turn");
+        case MoveOutcome::refused:
+        case MoveOutcome::moved:
+            break;
+    }
+    return refusalText(result);
+}
+
+QString KeptFiles::refusalText(const MoveResult& result) {
+    switch (result.refusal) {
+        case TrashRefusalKind::noVolume:
+        case TrashRefusalKind::otherVolume:
+        case TrashRefusalKind::noHome:
+            return tr("This volume has no Trash");
+        case TrashRefusalKind::system:
+            break;
+        default:
+            return QString::fromStdString(result.reason);
+    }
+    switch (result.error.code) {
+        case ENOSPC:
+        case EDQUOT:
+            return tr("The Trash of this volume is full");
+        case EACCES:
+        case EPERM:
+            return tr("Permission denied");
+        default:
+            return QString::fromStdString(result.reason);
+    }
+}
+
+}  // namespace tarvin

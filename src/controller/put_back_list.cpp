@@ -1,0 +1,154 @@
+#include "controller/put_back_list.h"
+
+#include "controller/file_reasons.h"
+#include "controller/path_text.h"
+#include "controller/shown_numbers.h"
+#include "interface/list_table.h"
+
+#include <cerrno>
+
+namespace tarvin {
+
+namespace {
+
+void keep(std::vector<PutBackFile>& group, const PutBackFile& file) {
+    if (group.size() < FileReasons::mostListed) {
+        group.push_back(file);
+    }
+}
+
+}  // namespace
+
+void PutBackOutlook::add(const PutBackFile& file) {
+    ++all_;
+    bytes_ += file.size;
+    if (!isBack(file.outcome)) {
+        keep(staying_, file);
+        return;
+    }
+    ++coming_;
+    keep(file.outcome == PutBackOutcome::toItsPlace ? ready_ : changed_, file);
+}
+
+std::vector<PutBackFile> PutBackOutlook::files() const {
+    std::vector<PutBackFile> files;
+    for (const std::vector<PutBackFile>* group : {&staying_, &changed_, &ready_}) {
+        for (const PutBackFile& file : *group) {
+            keep(files, file);
+        }
+    }
+    return files;
+}
+
+void PutBackList::setFiles(const PutBackOutlook& outlook) {
+    beginResetModel();
+    files_ = outlook.files();
+    more_ = outlook.all() - files_.size();
+    endResetModel();
+}
+
+QString PutBackList::reasonOf(const PutBackFile& file) {
+    switch (file.outcome) {
+        case PutBackOutcome::lost:
+            return tr("No longer in the Trash");
+        case PutBackOutcome::changed:
+            return tr("Changed in the Trash");
+        case PutBackOutcome::notAttached:
+            return tr("Drive not attached");
+        case PutBackOutcome::stopped:
+            return tr("Stopped before its turn");
+        case PutBackOutcome::refused:
+            break;
+        default:
+            return {};
+    }
+    switch (file.error.code) {
+        case ENOSPC:
+        case EDQUOT:
+            return tr("The disk is full");
+        case EACCES:
+        case EPERM:
+            return tr("Permission denied");
+        default:
+            return QString::fromStdString(file.reason);
+    }
+}
+
+QString PutBackList::statusText(const PutBackFile& file) {
+    switch (file.outcome) {
+        case PutBackOutcome::toItsPlace:
+            return tr("Ready");
+        case PutBackOutcome::underOtherName:
+            return tr("Something else is there now: will be named \"%1\"")
+                .arg(textOfPath(file.name));
+        case PutBackOutcome::withItsFolder:
+            return tr("The folder is gone: will be made again");
+        default:
+            return reasonOf(file);
+    }
+}
+
+int PutBackList::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(files_.size()) + (more_ > 0 ? 1 : 0);
+}
+
+int PutBackList::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : int{columns};
+}
+
+QVariant PutBackList::data(const QModelIndex& index, int role) const {
+    if (!index.isValid()) {
+        return {};
+    }
+    const auto row = static_cast<std::size_t>(index.row());
+    if (row == files_.size()) {
+        return lastRowData(index.column(), role);
+    }
+    const PutBackFile& shown = files_[row];
+    return index.column() == file ? fileData(shown, role) : statusData(shown, role);
+}
+
+QVariant PutBackList::fileData(const PutBackFile& file, int role) {
+    const FileReason texts = fileReason(file.path, {});
+    switch (role) {
+        case Qt::DisplayRole:
+            return texts.name;
+        case ListTable::secondLineRole:
+            return texts.folder;
+        case ListTable::mutedRole:
+            return !isBack(file.outcome);
+        case Qt::AccessibleTextRole:
+            return tr("%1, to %2, %3", "name of a file, its folder, what becomes of it")
+                .arg(texts.name, texts.folder, statusText(file));
+        default:
+            return {};
+    }
+}
+
+QVariant PutBackList::statusData(const PutBackFile& file, int role) {
+    switch (role) {
+        case Qt::DisplayRole:
+            return statusText(file);
+        case ListTable::mutedRole:
+            return file.outcome == PutBackOutcome::toItsPlace;
+        default:
+            return {};
+    }
+}
+
+QVariant PutBackList::lastRowData(int column, int role) const {
+    if (role == ListTable::mutedRole) {
+        return true;
+    }
+    const bool isText = role == Qt::DisplayRole && column == file;
+    return isText ? tr("and %1 more").arg(ShownNumbers::count(more_)) : QVariant();
+}
+
+QVariant PutBackList::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
+        return {};
+    }
+    return section == file ? tr("File and folder it goes back to") : tr("Status");
+}
+
+}  // namespace tarvin

@@ -1,0 +1,85 @@
+#include "controller/put_back_run.h"
+
+#include "platform/start_thread.h"
+
+#include <utility>
+
+namespace tarvin {
+
+PutBackRun::PutBackRun(Platform& platform, DataFile totals)
+    : platform_(platform), totals_(std::move(totals)) {}
+
+PutBackRun::~PutBackRun() {
+    stop();
+    wait();
+}
+
+void PutBackRun::examine(std::function<void()> over) {
+    start([this] { lookForCleanUp(); }, std::move(over));
+}
+
+void PutBackRun::putBack(std::function<void()> over) {
+    start([this] { bringBack(); }, std::move(over));
+}
+
+void PutBackRun::start(std::function<void()> work, std::function<void()> over) {
+    wait();
+    const auto run = [work = std::move(work), over = std::move(over)] {
+        work();
+        over();
+    };
+    thread_ = startThread(run);
+    if (!thread_.joinable()) {
+        run();
+    }
+}
+
+void PutBackRun::wait() {
+    if (thread_.joinable()) {
+        thread_.join();
+    }
+}
+
+void PutBackRun::lookForCleanUp() {
+    auto opened = PutBack::open(platform_, totals_);
+    if (auto* error = std::get_if<StoreError>(&opened)) {
+        failure_ = std::move(*error);
+        return;
+    }
+    engine_ = std::get<std::unique_ptr<PutBack>>(std::move(opened));
+    auto last = engine_->last();
+    if (auto* error = std::get_if<StoreError>(&last)) {
+        failure_ = std::move(*error);
+        return;
+    }
+    const auto& found = std::get<std::variant<CleanUpSummary, NothingToPutBack>>(last);
+    if (const auto* nothing = std::get_if<NothingToPutBack>(&found)) {
+        nothing_ = *nothing;
+        return;
+    }
+    cleanUp_ = std::get<CleanUpSummary>(found);
+    failure_ = engine_->examine(cleanUp_->id, [this](const PutBackFile& file) {
+        outlook_.add(file);
+        return !stopped_;
+    });
+}
+
+void PutBackRun::bringBack() {
+    failure_ =
+        engine_->run(cleanUp_->id, {.stopped = [this] { return stopped_.load(); },
+                                    .report = [this](const PutBackFile& file) { count(file); }});
+}
+
+void PutBackRun::count(const PutBackFile& file) {
+    if (isBack(file.outcome)) {
+        bytesDone_ += file.size;
+        ++done_;
+        return;
+    }
+    ++failed_;
+    if (failures_.size() < FileReasons::mostListed) {
+        failures_.push_back(file);
+    }
+}
+
+}  // namespace tarvin

@@ -1,0 +1,237 @@
+#include "controller/put_back_task.h"
+
+#include "controller/put_back_run.h"
+#include "controller/put_back_texts.h"
+#include "controller/result_texts.h"
+#include "controller/shown_numbers.h"
+#include "controls/hover_button.h"
+#include "controls/progress_bar.h"
+#include "interface/about_panel.h"
+#include "interface/list_table.h"
+#include "interface/main_window.h"
+#include "interface/put_back_panel.h"
+#include "interface/put_back_progress.h"
+#include "interface/put_back_report.h"
+#include "interface/result_screen.h"
+#include "interface/text_block.h"
+
+#include <QAction>
+#include <QLabel>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+/// What takes no longer is not worth a panel that comes and goes.
+constexpr int patienceMilliseconds = 300;
+
+}  // namespace
+
+PutBackTask::PutBackTask(Session& session, MainWindow& window, InformationWindow& information)
+    : session_(session), window_(window), information_(information) {
+    window_.putBackWindow->putBackTable->setModel(&files_);
+    window_.putBackReport->putBackFailures->setModel(&failures_);
+    connect(window_.putBackItem, &QAction::triggered, this, &PutBackTask::open);
+    connect(window_.putBackWindow->putBackCancel, &QAbstractButton::clicked, this,
+            &PutBackTask::cancel);
+    connect(window_.putBackWindow->putBackOk, &QAbstractButton::clicked, this,
+            &PutBackTask::putBack);
+    connect(window_.putBackProgress->stopPutBackBtn, &QAbstractButton::clicked, this,
+            &PutBackTask::stop);
+    connect(window_.putBackReport->putBackReportOk, &QAbstractButton::clicked, this,
+            &PutBackTask::closeReport);
+    connect(this, &PutBackTask::examined, this, &PutBackTask::showExamined, Qt::QueuedConnection);
+    connect(this, &PutBackTask::finished, this, &PutBackTask::showResult, Qt::QueuedConnection);
+    patience_.setSingleShot(true);
+    patience_.setInterval(patienceMilliseconds);
+    connect(&patience_, &QTimer::timeout, this, &PutBackTask::showThatItTakesLong);
+    redraw_.setInterval(redrawMilliseconds);
+    connect(&redraw_, &QTimer::timeout, this, &PutBackTask::drawProgress);
+}
+
+PutBackTask::~PutBackTask() {
+    run_.reset();
+    window_.putBackWindow->putBackTable->setModel(nullptr);
+    window_.putBackReport->putBackFailures->setModel(nullptr);
+}
+
+/// Covered at once: nothing else is to begin meanwhile.
+void PutBackTask::open() {
+    if (state_ != State::idle) {
+        return;
+    }
+    state_ = State::examining;
+    window_.windowAboutPanel->hide();
+    window_.cover();
+    run_ = std::make_unique<PutBackRun>(session_.platform, session_.data);
+    patience_.start();
+    run_->examine([this] { Q_EMIT examined(); });
+}
+
+void PutBackTask::showThatItTakesLong() {
+    if (state_ == State::examining) {
+        showExamining();
+    } else if (state_ == State::running) {
+        showProgress();
+    }
+}
+
+void PutBackTask::showExamining() {
+    const PutBackPanel& panel = *window_.putBackWindow;
+    files_.setFiles({});
+    panel.putBackDate->setText({});
+    panel.putBackTotal->setText({});
+    panel.putBackOutcome->setText(PutBackTexts::checking());
+    panel.putBackCannot->setText({});
+    window_.putBackWindow->setPossible(false);
+    window_.showInPlaceOf(nullptr, window_.putBackWindow, PutBackPanel::designPlace, halfOfGain,
+                          halfOfGain);
+}
+
+void PutBackTask::showExamined() {
+    patience_.stop();
+    run_->wait();
+    if (state_ == State::cancelled) {
+        endRun();
+    } else if (run_->failure()) {
+        inform(*window_.putBackWindow, PutBackTexts::notBegun(),
+               QString::fromStdString(run_->failure()->text));
+    } else if (run_->cleanUp()) {
+        showQuestion();
+    } else {
+        inform(*window_.putBackWindow, PutBackTexts::nothing(),
+               PutBackTexts::nothingBecause(run_->nothing()));
+    }
+}
+
+void PutBackTask::showQuestion() {
+    state_ = State::asking;
+    PutBackPanel& panel = *window_.putBackWindow;
+    const PutBackOutlook& outlook = run_->outlook();
+    files_.setFiles(outlook);
+    panel.putBackTable->scrollToTop();
+    panel.putBackDate->setText(ShownNumbers::dateAndTime(run_->cleanUp()->begun));
+    panel.putBackTotal->setText(PutBackTexts::total(outlook.all(), outlook.bytes()));
+    panel.putBackOutcome->setText(PutBackTexts::coming(outlook.coming()));
+    panel.putBackCannot->setText(PutBackTexts::staying(outlook.staying()));
+    panel.setPossible(outlook.coming() > 0);
+    if (panel.isVisible()) {
+        panel.keyboard().begin();
+    } else {
+        window_.showInPlaceOf(nullptr, &panel, PutBackPanel::designPlace, halfOfGain, halfOfGain);
+    }
+}
+
+/// The information window takes the cover away when it is answered.
+void PutBackTask::inform(DialogPanel& before, const QString& firstLine, const QString& secondLine) {
+    information_.setInformationWindowInPlaceOf(
+        before, {.informationHeader = PutBackTexts::title(),
+                 .duplicatesCount = firstLine,
+                 .duplicatesSize = secondLine,
+                 .otherInfomration = {},
+                 .informationImage = informationImageOf(ResultView::all),
+                 .actionButtonTitle = ResultTexts::ok()});
+    endRun();
+}
+
+void PutBackTask::cancel() {
+    switch (state_) {
+        case State::examining:
+            // The thread ends at the next file; until then nothing else can be opened.
+            run_->stop();
+            state_ = State::cancelled;
+            break;
+        case State::asking:
+            endRun();
+            break;
+        default:
+            return;
+    }
+    window_.putBackWindow->hide();
+    window_.removeFirstCover();
+}
+
+void PutBackTask::putBack() {
+    if (state_ != State::asking) {
+        return;
+    }
+    state_ = State::running;
+    patience_.start();
+    run_->putBack([this] { Q_EMIT finished(); });
+}
+
+void PutBackTask::showProgress() {
+    window_.putBackProgress->putBackIndicator->setTotal(run_->outlook().coming());
+    drawProgress();
+    redraw_.start();
+    window_.showInPlaceOf(window_.putBackWindow, window_.putBackProgress,
+                          PutBackProgress::designPlace);
+}
+
+void PutBackTask::drawProgress() {
+    const PutBackProgress& panel = *window_.putBackProgress;
+    panel.putBackIndicator->setDone(run_->done());
+    panel.putBackProcessing->setText(
+        PutBackTexts::progress(run_->done(), run_->outlook().coming()));
+}
+
+void PutBackTask::stop() {
+    if (state_ == State::running) {
+        run_->stop();
+    }
+}
+
+void PutBackTask::showResult() {
+    patience_.stop();
+    redraw_.stop();
+    run_->wait();
+    // Memory may know more than could be written.
+    session_.data.showInMemory(
+        {run_->totals().alreadyDeletedCount(), run_->totals().alreadyDeletedSize()});
+    Q_EMIT totalsChanged();
+    DialogPanel* shown = window_.putBackProgress->isVisible()
+                             ? static_cast<DialogPanel*>(window_.putBackProgress)
+                             : window_.putBackWindow;
+    if (run_->failed() > 0) {
+        showReport(*shown);
+        return;
+    }
+    const bool nothingDone = run_->done() == 0 && run_->failure();
+    inform(*shown,
+           nothingDone ? PutBackTexts::notBegun() : PutBackTexts::filesPutBack(run_->done()),
+           nothingDone ? QString::fromStdString(run_->failure()->text)
+                       : PutBackTexts::size(run_->bytesDone()));
+}
+
+void PutBackTask::showReport(DialogPanel& before) {
+    state_ = State::reporting;
+    QVector<FileReason> reasons;
+    for (const PutBackFile& file : run_->failures()) {
+        reasons.push_back(fileReason(file.path, PutBackList::reasonOf(file)));
+    }
+    failures_.setFiles(reasons, run_->failed());
+    const PutBackReport& panel = *window_.putBackReport;
+    panel.putBackFailures->scrollToTop();
+    panel.putBackReportCount->setText(PutBackTexts::filesPutBack(run_->done()));
+    panel.putBackReportSize->setText(PutBackTexts::size(run_->bytesDone()));
+    panel.putBackReportFailed->setText(PutBackTexts::failed(run_->failed()));
+    const bool overResults = window_.selectedTabViewItem() == window_.results->identifier();
+    panel.putBackReportHint->setText(overResults ? PutBackTexts::scanAgain() : QString());
+    window_.showInPlaceOf(&before, window_.putBackReport, PutBackReport::designPlace);
+}
+
+void PutBackTask::closeReport() {
+    window_.putBackReport->hide();
+    window_.removeFirstCover();
+    failures_.setFiles({}, 0);
+    endRun();
+}
+
+void PutBackTask::endRun() {
+    state_ = State::idle;
+    files_.setFiles({});
+    run_.reset();
+}
+
+}  // namespace tarvin

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "clean/put_back.h"
+
+#include <QCoreApplication>
+#include <QString>
+#include <cstdint>
+
+namespace tarvin {
+
+/// The texts of putting a clean-up back. Main thread.
+class PutBackTexts final {
+    Q_DECLARE_TR_FUNCTIONS(tarvin::PutBackTexts)
+
+ public:
+    /// The title of every panel.
+    [[nodiscard]] static QString title();
+
+    // Before.
+
+    /// "1,406 files (157.46 MB)".
+    [[nodiscard]] static QString total(std::uint64_t files, std::uint64_t bytes);
+    /// While it is not known what comes back.
+    [[nodiscard]] static QString checking();
+    [[nodiscard]] static QString coming(std::uint64_t files);
+    /// Empty if there are none.
+    [[nodiscard]] static QString staying(std::uint64_t files);
+
+    // Meanwhile.
+
+    [[nodiscard]] static QString progress(std::uint64_t done, std::uint64_t files);
+
+    // Afterwards.
+
+    [[nodiscard]] static QString filesPutBack(std::uint64_t files);
+    [[nodiscard]] static QString size(std::uint64_t bytes);
+    [[nodiscard]] static QString failed(std::uint64_t files);
+    [[nodiscard]] static QString scanAgain();
+
+    // Where there is nothing to do.
+
+    [[nodiscard]] static QString nothing();
+    [[nodiscard]] static QString nothingBecause(NothingToPutBack reason);
+    /// Followed by the reason, on a line of its own.
+    [[nodiscard]] static QString notBegun();
+};
+
+}  // namespace tarvin

@@ -1,0 +1,51 @@
+#include "controller/shown_numbers.h"
+
+#include "scan/texts.h"
+
+#include <QDateTime>
+#include <QLocale>
+#include <QRegularExpression>
+#include <chrono>
+
+namespace tarvin {
+
+namespace {
+
+/// The person's own where it is of the language of the window.
+QLocale localeOf(const QString& language) {
+    const QLocale own;
+    const QLocale window(language);
+    if (own != QLocale::c() && own.language() == window.language()) {
+        return own;
+    }
+    return window.language() == QLocale::English ? QLocale(QLocale::English, QLocale::UnitedKingdom)
+                                                 : window;
+}
+
+}  // namespace
+
+QString ShownNumbers::count(std::uint64_t number) {
+    return localeOf(tr("en", "the code of the language of these texts"))
+        .toString(static_cast<qulonglong>(number));
+}
+
+QString ShownNumbers::size(std::uint64_t bytes) {
+    QString text = QString::fromStdString(getFormattedStringForSize(bytes));
+    const QLocale locale = localeOf(tr("en", "the code of the language of these texts"));
+    return text.replace(QLatin1Char('.'), locale.decimalPoint());
+}
+
+QString ShownNumbers::dateAndTime(Timestamp time) {
+    const auto sinceEpoch =
+        std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());
+    const QDateTime local = QDateTime::fromMSecsSinceEpoch(sinceEpoch.count());
+    const QLocale locale = localeOf(tr("en", "the code of the language of these texts"));
+    // Without the day of the week.
+    static const QRegularExpression weekday(QStringLiteral("^dddd[,.]?\\s*|[,.]?\\s*dddd$"));
+    const QString format = locale.dateFormat(QLocale::LongFormat).remove(weekday);
+    return tr("%1, %2", "date, time")
+        .arg(locale.toString(local.date(), format),
+             locale.toString(local.time(), QLocale::ShortFormat));
+}
+
+}  // namespace tarvin

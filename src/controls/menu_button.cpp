@@ -1,0 +1,53 @@
+#include "controls/menu_button.h"
+
+#include "controls/accessible_menu_button.h"
+#include "controls/images.h"
+#include "controls/painting.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+constexpr QColor openGround{255, 255, 255, 46};  // white at 18 %
+
+}  // namespace
+
+MenuButton::MenuButton(QString pictureName, QMenu* menu, QWidget* parent)
+    : HoverButton(Kind::outline, {}, parent), pictureName_(std::move(pictureName)) {
+    AccessibleMenuButton::install();
+    connect(menu, &QMenu::aboutToShow, this, [this] { setOpen(true); });
+    connect(menu, &QMenu::aboutToHide, this, [this] { setOpen(false); });
+}
+
+void MenuButton::setOpen(bool open) {
+    isOpen_ = open;
+    update();
+}
+
+void MenuButton::draw(QPainter& painter) {
+    constexpr int side = 17;
+    drawGround(painter);
+    const QRect place((width() - side) / 2, (height() - side) / 2, side, side);
+    painter.drawPixmap(place, picture(pictureName_, place.size(), densityOf(painter)));
+}
+
+void MenuButton::drawGround(QPainter& painter) {
+    if (isOpen_) {
+        painter.fillRect(rect(), openGround);
+    }
+    HoverButton::drawGround(painter);
+}
+
+void MenuButton::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Down && !event->isAutoRepeat()) {
+        click();
+        return;
+    }
+    HoverButton::keyPressEvent(event);
+}
+
+}  // namespace tarvin

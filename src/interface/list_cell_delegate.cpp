@@ -1,0 +1,127 @@
+#include "interface/list_cell_delegate.h"
+
+#include "controls/look.h"
+#include "controls/painting.h"
+#include "controls/plain_text.h"
+#include "controls/row_painter.h"
+#include "interface/list_table.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QTextLayout>
+
+namespace tarvin {
+
+namespace {
+
+constexpr int padding = 12;
+constexpr int wrappedPitch = 17;
+// Of a row with two lines, from its top.
+constexpr int nameTop = 5;
+constexpr int namePitch = 18;
+constexpr int placeTop = 23;
+constexpr int placePitch = 16;
+
+QFont fontOf(ListTable::Text text) {
+    const bool isName = text == ListTable::Text::name || text == ListTable::Text::nameAndPlace;
+    return look::font(13, isName ? QFont::Medium : QFont::Normal);
+}
+
+QFont secondFont() {
+    return look::font(12);
+}
+
+QString secondLine(const QModelIndex& index) {
+    return index.data(ListTable::secondLineRole).toString();
+}
+
+bool fits(const QString& text, const QFont& font, int width) {
+    return QFontMetrics(font).horizontalAdvance(singleLine(text)) <= width;
+}
+
+/// The text on one line or two; the second is shortened if there would be more.
+QStringList wrapped(const QString& text, const QFont& font, int width) {
+    QTextLayout layout(singleLine(text), font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    if (line.isValid()) {
+        line.setLineWidth(width);
+    }
+    const int end = line.isValid() ? line.textStart() + line.textLength() : 0;
+    layout.endLayout();
+    const QString rest = layout.text().mid(end);
+    if (rest.isEmpty()) {
+        return {layout.text()};
+    }
+    return {layout.text().left(end).trimmed(),
+            QFontMetrics(font).elidedText(rest, Qt::ElideRight, width)};
+}
+
+}  // namespace
+
+ListCellDelegate::ListCellDelegate(ListTable& table) : QStyledItemDelegate(&table), table_(table) {}
+
+void ListCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const {
+    painter->save();
+    paintRow(*painter, option, index);
+    const ListTable::Text kind = table_.columns()[index.column()].text;
+    const QRect place = option.rect.adjusted(padding, 0, -padding, 0);
+    const QString text = index.data().toString();
+    const bool muted = kind == ListTable::Text::place || index.data(ListTable::mutedRole).toBool();
+    const QColor color = muted ? look::muted : look::ink;
+    const QFont font = fontOf(kind);
+    switch (kind) {
+        case ListTable::Text::nameAndPlace:
+            paintLine(*painter, {place.left(), place.top() + nameTop, place.width(), namePitch},
+                      text, font, color, Qt::AlignLeft, Qt::ElideMiddle);
+            paintLine(*painter, {place.left(), place.top() + placeTop, place.width(), placePitch},
+                      secondLine(index), secondFont(), look::muted, Qt::AlignLeft, Qt::ElideMiddle);
+            break;
+        case ListTable::Text::wrapped: {
+            const QStringList lines = wrapped(text, font, place.width());
+            const int height = wrappedPitch * static_cast<int>(lines.size());
+            int top = place.top() + (place.height() - height) / 2;
+            for (const QString& line : lines) {
+                paintLine(*painter, {place.left(), top, place.width(), wrappedPitch}, line, font,
+                          color);
+                top += wrappedPitch;
+            }
+            break;
+        }
+        default:
+            paintLine(*painter, place, text, font, color, Qt::AlignLeft,
+                      kind == ListTable::Text::plain ? Qt::ElideRight : Qt::ElideMiddle);
+    }
+    painter->restore();
+}
+
+QSize ListCellDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {
+    return {100, table_.rowHeight(0)};
+}
+
+QString ListCellDelegate::hiddenText(const QRect& cell, const QModelIndex& index) const {
+    const int width = cell.width() - 2 * padding;
+    const QString text = index.data().toString();
+    const ListTable::Text kind = table_.columns()[index.column()].text;
+    const QFont font = fontOf(kind);
+    switch (kind) {
+        case ListTable::Text::nameAndPlace: {
+            const QString second = secondLine(index);
+            const bool shown = fits(text, font, width) && fits(second, secondFont(), width);
+            return shown ? QString() : text + QLatin1Char('\n') + second;
+        }
+        case ListTable::Text::wrapped: {
+            const QStringList lines = wrapped(text, font, width);
+            const bool shown = lines.size() < 2 || singleLine(text).endsWith(lines.back());
+            return shown ? QString() : text;
+        }
+        default:
+            return fits(text, font, width) ? QString() : text;
+    }
+}
+
+}  // namespace tarvin

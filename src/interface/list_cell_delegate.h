@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QRect>
+#include <QStyledItemDelegate>
+
+namespace tarvin {
+
+class ListTable;
+
+/// Paints the cells of a ListTable, its parent. Main thread.
+class ListCellDelegate final : public QStyledItemDelegate {
+    Q_OBJECT
+
+ public:
+    explicit ListCellDelegate(ListTable& table);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override;
+
+    /// The whole text of a cell that is not to be seen in `cell` as a whole; else nothing.
+    [[nodiscard]] QString hiddenText(const QRect& cell, const QModelIndex& index) const;
+
+ private:
+    const ListTable& table_;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,130 @@
+#include "interface/list_table.h"
+
+#include "controls/plain_text.h"
+#include "interface/appearance.h"
+#include "interface/list_cell_delegate.h"
+#include "interface/list_header.h"
+#include "interface/still_list.h"
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QToolTip>
+#include <algorithm>
+
+namespace tarvin {
+
+ListTable::ListTable(const QVector<Column>& columns, int heightOfRows, QWidget* parent)
+    : QTableView(parent), columns_(columns) {
+    constexpr int titleIndent = 12;
+    auto* header = new ListHeader(heightOfHeader, titleIndent, this);
+    header->setTitlesAtLeft(static_cast<int>(columns.size()));
+    header->indentAllTitles();
+    header->setMinimumSectionSize(leastWidth);
+    setHorizontalHeader(header);
+    header->coverScrollBarOf(this);
+    connect(header, &QHeaderView::sectionResized, this, &ListTable::moveEdge);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(heightOfRows);
+    setItemDelegate(new ListCellDelegate(*this));
+    setFrameShape(QFrame::NoFrame);
+    setShowGrid(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setTabKeyNavigation(false);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setVerticalScrollMode(ScrollPerPixel);
+    keepStillSideways(*this);
+    useNeutralStyle(this);
+}
+
+void ListTable::setModel(QAbstractItemModel* model) {
+    QTableView::setModel(model);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    fitting_ = true;
+    for (int at = 0; model != nullptr && at < columns_.size(); ++at) {
+        if (columns_[at].width > 0) {
+            setColumnWidth(at, columns_[at].width);
+        }
+    }
+    fitting_ = false;
+    fitColumns();
+}
+
+/// What the list gains goes to the one column without a width of its own.
+void ListTable::fitColumns() {
+    if (model() == nullptr) {
+        return;
+    }
+    int filling = 0;
+    int left = viewport()->width();
+    for (int at = 0; at < columns_.size(); ++at) {
+        if (columns_[at].width > 0) {
+            left -= columnWidth(at);
+        } else {
+            filling = at;
+        }
+    }
+    fitting_ = true;
+    setColumnWidth(filling, std::max(left, int{leastWidth}));
+    fitting_ = false;
+}
+
+/// What a column gains its neighbour loses, so that the columns fill the list. The edge of the last
+/// one is that of the list.
+void ListTable::moveEdge(int section, int before, int now) {
+    if (fitting_) {
+        return;
+    }
+    fitting_ = true;
+    const int neighbour = section + 1;
+    if (neighbour == columns_.size()) {
+        setColumnWidth(section, before);
+    } else {
+        const int both = before + columnWidth(neighbour);
+        const int width = std::clamp(now, int{leastWidth}, std::max(both - leastWidth, 1));
+        setColumnWidth(section, width);
+        setColumnWidth(neighbour, both - width);
+    }
+    fitting_ = false;
+}
+
+void ListTable::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    fitColumns();
+}
+
+bool ListTable::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) {
+        return QTableView::viewportEvent(event);
+    }
+    const auto& help = static_cast<const QHelpEvent&>(*event);
+    const QModelIndex index = indexAt(help.pos());
+    const auto* delegate = static_cast<const ListCellDelegate*>(itemDelegate());
+    const QString text =
+        index.isValid() ? delegate->hiddenText(visualRect(index), index) : QString();
+    if (text.isEmpty()) {
+        QToolTip::hideText();
+    } else {
+        QToolTip::showText(help.globalPos(), plainToolTip(text), viewport(), visualRect(index));
+    }
+    return true;
+}
+
+void ListTable::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        return;
+    }
+    // Only the panel knows what Escape presses.
+    if (event->key() == Qt::Key_Escape) {
+        event->ignore();
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+}  // namespace tarvin

@@ -1,0 +1,189 @@
+#include "controller/kept_files.h"
+
+#include "controller/deletion_bench.h"
+#include "interface/list_panel.h"
+#include "interface/list_table.h"
+#include "model/file_store.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <cerrno>
+
+namespace tarvin {
+namespace {
+
+std::string reasonOf(const MoveResult& result) {
+    return KeptFiles::reasonOf(result).toStdString();
+}
+
+std::string refusal(TrashRefusalKind kind, int code = 0) {
+    return reasonOf({MoveOutcome::refused, "the words of the system", kind, {code}});
+}
+
+TEST(KeptFiles, TellsOutcomesInTheWordsOfTheWindow) {
+    EXPECT_EQ(reasonOf({MoveOutcome::changed, {}}), "Changed since the scan");
+    EXPECT_EQ(reasonOf({MoveOutcome::lastCopy, {}}), "No other copy is left");
+    EXPECT_EQ(reasonOf({MoveOutcome::gone, {}}), "Not there any more");
+    EXPECT_EQ(reasonOf({MoveOutcome::stopped, {}}), "Stopped before its turn");
+}
+
+TEST(KeptFiles, TellsRefusalsByTheirKindAndElseInTheWordsOfTheSystem) {
+    using enum TrashRefusalKind;
+    EXPECT_EQ(refusal(TrashRefusalKind::system, ENOSPC), "The Trash of this volume is full");
+    EXPECT_EQ(refusal(TrashRefusalKind::system, EDQUOT), "The Trash of this volume is full");
+    EXPECT_EQ(refusal(TrashRefusalKind::system, EACCES), "Permission denied");
+    EXPECT_EQ(refusal(TrashRefusalKind::system, EPERM), "Permission denied");
+    EXPECT_EQ(refusal(TrashRefusalKind::system, EROFS), "the words of the system");
+    for (const TrashRefusalKind kind : {noVolume, noHome, otherVolume}) {
+        EXPECT_EQ(refusal(kind), "This volume has no Trash");
+    }
+    for (const TrashRefusalKind kind : {link, notFolder, notOurs, notPrivate, noName}) {
+        EXPECT_EQ(refusal(kind), "the words of the system");
+    }
+}
+
+TEST(KeptFiles, CountsAllAndListsTenThousand) {
+    const std::shared_ptr<FileStore> store = FileStore::create();
+    const std::shared_ptr<File> file =
+        store->share(store->addFile(store->addRoot("/somewhere"), "name.jpg", 1, {}, {}));
+    KeptFiles kept;
+    kept.add(*file, {MoveOutcome::moved, {}});
+    EXPECT_EQ(kept.count(), 0U);
+    for (int number = 0; number < 10'003; ++number) {
+        kept.add(*file, {MoveOutcome::changed, {}});
+    }
+    EXPECT_EQ(kept.count(), 10'003U);
+    FileReasons list;
+    list.setFiles(kept.reasons(), kept.count());
+    ASSERT_EQ(list.rowCount(), 10'001);
+    EXPECT_EQ(list.index(0, 0).data().toString(), QStringLiteral("name.jpg"));
+    EXPECT_EQ(list.index(0, 1).data().toString(), QStringLiteral("/somewhere"));
+    EXPECT_EQ(list.index(0, 2).data().toString(), QStringLiteral("Changed since the scan"));
+    EXPECT_EQ(list.index(10'000, 0).data().toString(), QStringLiteral("and 3 more"));
+    EXPECT_TRUE(list.index(10'000, 0).data(ListTable::mutedRole).toBool());
+    EXPECT_FALSE(list.index(9'999, 0).data(ListTable::mutedRole).toBool());
+}
+
+/// What a clean-up has left, in the report and in the list behind it.
+class KeptFilesOfADeletion : public DeletionBench {
+ protected:
+    void SetUp() override {
+        writeThreeSets();
+        scanAndReview();
+    }
+
+    [[nodiscard]] std::vector<Lines> rows() {
+        std::vector<Lines> rows;
+        const QAbstractItemModel& model = *window().keptWindow->table->model();
+        for (int row = 0; row < model.rowCount(); ++row) {
+            Lines texts;
+            for (int column = 0; column < 3; ++column) {
+                texts.push_back(model.index(row, column).data().toString().toStdString());
+            }
+            rows.push_back(texts);
+        }
+        return rows;
+    }
+
+    [[nodiscard]] Lines row(const std::string& name, const std::string& reason) const {
+        return {name, folder.pathOf("found"), reason};
+    }
+};
+
+TEST_F(KeptFilesOfADeletion, AreToldInTheReportAndListed) {
+    click("markAll");
+    write("a2.jpg", "changed");
+    std::filesystem::remove(found("b2.jpg"));
+    platform.trash().refuse(found("c2.txt"));
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 1");
+    EXPECT_EQ(textOf("keptLine"), "3 files were left where they are.");
+    click("keptShow");
+    EXPECT_FALSE(window().informationWindow->isVisible());
+    ASSERT_TRUE(window().keptWindow->isVisible());
+    EXPECT_EQ(rows(), (std::vector<Lines>{row("a2.jpg", "Changed since the scan"),
+                                          row("b2.jpg", "Not there any more"),
+                                          row("c2.txt", "Permission denied")}));
+    EXPECT_EQ(covers(), 1);
+}
+
+TEST_F(KeptFilesOfADeletion, OfASingleFileIsToldInTheSingular) {
+    click("markAll");
+    platform.trash().refuse(found("c2.txt"));
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");
+    EXPECT_EQ(textOf("keptLine"), "1 file was left where it is.");
+}
+
+TEST_F(KeptFilesOfADeletion, TheLastCopyIsOne) {
+    click("markAll");
+    std::filesystem::remove(found("c1.txt"));
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");
+    click("keptShow");
+    EXPECT_EQ(rows(), (std::vector<Lines>{row("c2.txt", "No other copy is left")}));
+}
+
+TEST_F(KeptFilesOfADeletion, NoneAreNotMentioned) {
+    click("markAll");
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 4");
+    EXPECT_FALSE(window().informationWindow->keptLine->isVisible());
+    EXPECT_FALSE(window().informationWindow->keptShow->isVisible());
+}
+
+TEST_F(KeptFilesOfADeletion, ThoseOfTheLastRunAreForgotten) {
+    click("markAll");
+    platform.trash().refuse(found("c2.txt"));
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");
+    click("scanInforOKBtn");
+    click("unMarkAll");
+    click("finishButton");
+    EXPECT_EQ(information()[1], "Please select any file to delete.");
+    EXPECT_FALSE(window().informationWindow->keptLine->isVisible());
+}
+
+TEST_F(KeptFilesOfADeletion, AStopAddsThoseWhoseTurnDidNotCome) {
+    click("markAll");
+    deleteAndHoldAt("a2.jpg");
+    click("stopDeleteBtn");
+    alerts.press(0);
+    barrier.open();
+    ASSERT_TRUE(reported());
+    EXPECT_EQ(information()[1], "Duplicates Cleaned: 1");
+    EXPECT_EQ(textOf("keptLine"), "3 files were left where they are.");
+    click("keptShow");
+    EXPECT_EQ(rows(), (std::vector<Lines>{row("b2.jpg", "Stopped before its turn"),
+                                          row("b3.jpg", "Stopped before its turn"),
+                                          row("c2.txt", "Stopped before its turn")}));
+    click("keptClose");
+    click("scanInforOKBtn");
+    // A run that does not begin at all.
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 0");
+    EXPECT_EQ(textOf("keptLine"), "3 files were left where they are.");
+}
+
+TEST_F(KeptFilesOfADeletion, ClosingTheListBringsTheReportBack) {
+    click("markAll");
+    platform.trash().refuse(found("c2.txt"));
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");
+    click("keptShow");
+    EXPECT_EQ(window().focusWidget(), window().keptWindow->closeButton);
+    QTest::keyClick(window().focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(window().keptWindow->isVisible());
+    ASSERT_TRUE(window().informationWindow->isVisible());
+    EXPECT_EQ(placeOf(window().informationWindow), QPoint(250, 200));
+    EXPECT_EQ(window().focusWidget(), window().informationWindow->keptShow);
+    click("scanInforOKBtn");
+    EXPECT_EQ(covers(), 0);
+}
+
+TEST_F(KeptFilesOfADeletion, CopyListPutsThemOnTheClipboard) {
+    click("markAll");
+    platform.trash().refuse(found("c2.txt"));
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");
+    click("keptShow");
+    click("keptCopy");
+    EXPECT_EQ(
+        QGuiApplication::clipboard()->text().toStdString(),
+        "Name\tLocation\tReason\nc2.txt\t" + folder.pathOf("found") + "\tPermission denied\n");
+}
+
+}  // namespace
+}  // namespace tarvin

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "controller/deletion_bench.h"
+#include "interface/list_table.h"
+#include "interface/put_back_panel.h"
+#include "interface/put_back_progress.h"
+#include "interface/put_back_report.h"
+#include "support/file_content.h"
+
+#include <unistd.h>
+
+#include <QLocale>
+#include <QMenu>
+
+namespace tarvin {
+
+/// A result whose files go to a real Trash, and what comes back from it.
+class PutBackBench : public DeletionBench {
+ protected:
+    PutBackBench() {
+        qputenv("TZ", "UTC");
+        QLocale::setDefault(QLocale::c());
+        folder.makeFolder("data");
+        platform.useTrashOf({folder.pathOf("data/Trash"), ::geteuid()},
+                            [this](const std::string& name) {
+                                if (name == heldName_) {
+                                    barrier.wait();
+                                }
+                            });
+    }
+
+    /// Holds the run before it brings the file of this name back.
+    void holdPutBackOf(const std::string& name) { heldName_ = name; }
+
+    /// Opens the panel by the menu; true when it, or a window in its place, is there.
+    [[nodiscard]] bool opens() {
+        click("buttonMore");
+        if (!comesTrue([this] { return window().moreMenu->isVisible(); })) {
+            return false;
+        }
+        choose(window().moreMenu, window().putBackItem);
+        return comesTrue([this] {
+            return (question().isVisible() && !textOf("putBackTotal").empty()) ||
+                   window().informationWindow->isVisible();
+        });
+    }
+
+    /// Cleans up all copies and puts the report away.
+    void cleanUp() {
+        click("markAll");
+        ASSERT_NE(deleteMarked(), "no report");
+        click("scanInforOKBtn");
+    }
+
+    [[nodiscard]] PutBackPanel& question() { return *window().putBackWindow; }
+    [[nodiscard]] PutBackReport& report() { return *window().putBackReport; }
+
+    /// The rows of the question: name, folder, status.
+    [[nodiscard]] std::vector<Lines> rows() { return rowsOf(*question().putBackTable, true); }
+    [[nodiscard]] std::vector<Lines> failures() { return rowsOf(*report().putBackFailures, false); }
+
+    [[nodiscard]] static std::vector<Lines> rowsOf(const ListTable& table, bool twoLines) {
+        std::vector<Lines> rows;
+        const QAbstractItemModel& model = *table.model();
+        for (int row = 0; row < model.rowCount(); ++row) {
+            Lines texts;
+            for (int column = 0; column < model.columnCount(); ++column) {
+                const QModelIndex index = model.index(row, column);
+                texts.push_back(index.data().toString().toStdString());
+                if (twoLines && column == 0) {
+                    texts.push_back(index.data(ListTable::secondLineRole).toString().toStdString());
+                }
+            }
+            rows.push_back(texts);
+        }
+        return rows;
+    }
+
+ private:
+    std::string heldName_;
+};
+
+}  // namespace tarvin

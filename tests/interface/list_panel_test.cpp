@@ -1,0 +1,242 @@
+#include "interface/list_panel.h"
+
+#include "controls/hover_button.h"
+#include "interface/information_panel.h"
+#include "interface/list_table.h"
+#include "interface/shown_window.h"
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QSignalSpy>
+#include <QToolTip>
+#include <algorithm>
+
+namespace tarvin {
+
+namespace {
+
+/// Counts the rows that are asked for their text.
+class ManyRows final : public QAbstractTableModel {
+ public:
+    explicit ManyRows(int rows) : rows_(rows) {}
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : rows_;
+    }
+    [[nodiscard]] int columnCount(const QModelIndex&) const override { return 3; }
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+        if (role != Qt::DisplayRole) {
+            return {};
+        }
+        last = std::max(last, index.row());
+        return QStringLiteral("%1-%2 of a name that is long enough to be shortened")
+            .arg(index.row())
+            .arg(index.column());
+    }
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation, int role) const override {
+        return role == Qt::DisplayRole ? QVariant(QStringLiteral("T%1").arg(section)) : QVariant();
+    }
+
+    mutable int last = -1;
+
+ private:
+    int rows_;
+};
+
+class ListPanelTest : public ShownWindow {
+ protected:
+    ListPanelTest() {
+        window.selectTabViewItem(QStringLiteral("4"));
+        panel.table->setModel(&rows);
+    }
+    ~ListPanelTest() override { panel.table->setModel(nullptr); }
+
+    void show() {
+        window.showOver(&panel, ListPanel::designPlace, halfOfGain, halfOfGain);
+        QCoreApplication::sendPostedEvents();
+    }
+
+    [[nodiscard]] int columnWidth(int column) const { return panel.table->columnWidth(column); }
+
+    /// Drags the edge at the right of a column.
+    void drag(int column, int by) {
+        QHeaderView* header = panel.table->horizontalHeader();
+        const QPoint edge(header->sectionViewportPosition(column) + header->sectionSize(column) - 1,
+                          14);
+        QTest::mousePress(header->viewport(), Qt::LeftButton, {}, edge);
+        const QPointF there = edge + QPoint(by, 0);
+        QMouseEvent move(QEvent::MouseMove, there, header->viewport()->mapToGlobal(there),
+                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(header->viewport(), &move);
+        QTest::mouseRelease(header->viewport(), Qt::LeftButton, {}, edge + QPoint(by, 0));
+    }
+
+    ManyRows rows{10'000};
+    ListPanel& panel = *window.keptWindow;
+};
+
+TEST_F(ListPanelTest, StandsWhereItIsDrawn) {
+    show();
+    EXPECT_EQ(placeOf(&panel), QRect(168, 97, 680, 404));
+    EXPECT_EQ(placeOf(control("keptSentence")), QRect(192, 155, 632, 18));
+    EXPECT_EQ(placeOf(control("keptTableFrame")), QRect(192, 185, 632, 236));
+    EXPECT_EQ(placeOf(control("keptCopy")), QRect(192, 454, 104, 32));
+    EXPECT_EQ(placeOf(control("keptClose")), QRect(720, 453, 104, 34));
+    EXPECT_EQ(panel.table->rowHeight(0), 30);
+    EXPECT_EQ(panel.table->horizontalHeader()->height(), 28);
+    EXPECT_EQ(columnWidth(0), 160);
+    EXPECT_EQ(columnWidth(1), 632 - 2 - 12 - 160 - 226);
+    EXPECT_EQ(columnWidth(2), 226);
+}
+
+TEST_F(ListPanelTest, SaysWhatItShows) {
+    EXPECT_EQ(panel.objectName(), QStringLiteral("keptWindow"));
+    EXPECT_EQ(panel.header->text(), QStringLiteral("Left Where They Are"));
+    EXPECT_EQ(panel.sentence->text(),
+              QStringLiteral("These files were not moved to the Trash. They are still in the "
+                             "results and still marked."));
+    EXPECT_EQ(panel.copyButton->text(), QStringLiteral("Copy List"));
+    EXPECT_EQ(panel.closeButton->text(), QStringLiteral("Close"));
+    EXPECT_EQ(panel.table->accessibleName(), QStringLiteral("Files left where they are"));
+    EXPECT_EQ(panel.closeButton->fill(), QColor(14, 116, 138));
+}
+
+TEST_F(ListPanelTest, TakesHalfOfWhatTheWindowGains) {
+    show();
+    resizeTo({1400, 900});
+    EXPECT_EQ(placeOf(&panel), QRect(168 + 96, 97 + 92, 680 + 192, 404 + 185));
+    EXPECT_EQ(placeOf(control("keptTableFrame")).size(), QSize(632 + 192, 236 + 185));
+    // The middle column stretches.
+    EXPECT_EQ(columnWidth(0), 160);
+    EXPECT_EQ(columnWidth(2), 226);
+}
+
+TEST_F(ListPanelTest, KeepsTheKeyboardInsideFromCloseOn) {
+    show();
+    QStringList visited;
+    for (int pressed = 0; pressed < 4; ++pressed) {
+        visited.push_back(window.focusWidget()->objectName());
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(visited.join(QLatin1Char(' ')),
+              QStringLiteral("keptClose keptTable keptCopy keptClose"));
+}
+
+TEST_F(ListPanelTest, EscapeClosesAndReturnInTheListDoesNot) {
+    show();
+    const QSignalSpy closed(panel.closeButton, &QAbstractButton::clicked);
+    panel.table->setFocus();
+    QTest::keyClick(panel.table, Qt::Key_Down);
+    QTest::keyClick(panel.table, Qt::Key_Return);
+    QTest::keyClick(panel.table, Qt::Key_Enter);
+    EXPECT_EQ(closed.size(), 0);
+    EXPECT_EQ(panel.table->currentIndex().row(), 0);
+    QTest::keyClick(panel.table, Qt::Key_Escape);
+    EXPECT_EQ(closed.size(), 1);
+    panel.closeButton->setFocus();
+    QTest::keyClick(panel.closeButton, Qt::Key_Return);
+    EXPECT_EQ(closed.size(), 2);
+}
+
+TEST_F(ListPanelTest, DrawsOnlyTheRowsInView) {
+    show();
+    rows.last = -1;
+    panel.table->viewport()->repaint();
+    EXPECT_GE(rows.last, 5);
+    EXPECT_LE(rows.last, 10);
+}
+
+TEST_F(ListPanelTest, DraggingAnEdgeGivesOneColumnWhatItsNeighbourLoses) {
+    show();
+    drag(0, 40);
+    EXPECT_EQ(columnWidth(0), 200);
+    EXPECT_EQ(columnWidth(1), 232 - 40);
+    drag(1, -30);
+    EXPECT_EQ(columnWidth(1), 232 - 70);
+    EXPECT_EQ(columnWidth(2), 226 + 30);
+    // No further than both can be seen.
+    drag(0, 1000);
+    EXPECT_EQ(columnWidth(1), 48);
+    EXPECT_EQ(columnWidth(0) + columnWidth(1) + columnWidth(2), 618);
+}
+
+TEST_F(ListPanelTest, ATipShowsTheWholeTextOfAShortenedCell) {
+    show();
+    const QRect cell = panel.table->visualRect(rows.index(1, 0));
+    const QPoint global = panel.table->viewport()->mapToGlobal(cell.center());
+    QHelpEvent help(QEvent::ToolTip, cell.center(), global);
+    QCoreApplication::sendEvent(panel.table->viewport(), &help);
+    EXPECT_TRUE(QToolTip::text().contains(
+        QStringLiteral("1-0 of a name that is long enough to be shortened")))
+        << QToolTip::text().toStdString();
+    QToolTip::hideText();
+}
+
+class KeptLineTest : public ShownWindow {
+ protected:
+    KeptLineTest() { window.selectTabViewItem(QStringLiteral("4")); }
+
+    void show(const QString& kept) {
+        panel.scanInfoCount->setText(QStringLiteral("Duplicates Cleaned: 1394"));
+        panel.scanInfoSize->setText(QStringLiteral("Space Regained: 139.54 MB "));
+        panel.setKeptLine(kept);
+        window.showOver(&panel, QPoint(250, 200));
+        QCoreApplication::sendPostedEvents();
+    }
+
+    InformationPanel& panel = *window.informationWindow;
+};
+
+TEST_F(KeptLineTest, StandsBelowTheLinesWithItsButtonBehind) {
+    show(QStringLiteral("12 files were left where they are."));
+    EXPECT_EQ(placeOf(&panel), QRect(250, 141, 516, 190));
+    const QRect line = placeOf(control("keptLine"));
+    EXPECT_EQ(line.topLeft(), QPoint(394, 255));
+    EXPECT_EQ(line.height(), 20);
+    const QRect button = placeOf(control("keptShow"));
+    EXPECT_EQ(button.left(), line.right() + 1 + 4);
+    EXPECT_GE(button.height(), 24);
+    EXPECT_LE(button.right(), 394 + 348);
+    EXPECT_FALSE(button.intersects(placeOf(panel.scanInforOKBtn)));
+}
+
+TEST_F(KeptLineTest, IsNotThereIfNothingWasLeft) {
+    show({});
+    EXPECT_FALSE(control("keptLine")->isVisible());
+    EXPECT_FALSE(control("keptShow")->isVisible());
+    EXPECT_EQ(window.focusWidget(), panel.scanInforOKBtn);
+    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(window.focusWidget(), panel.scanInforOKBtn);
+}
+
+TEST_F(KeptLineTest, TheKeyboardStartsOnOkAndGoesToShow) {
+    show(QStringLiteral("12 files were left where they are."));
+    EXPECT_EQ(window.focusWidget(), panel.scanInforOKBtn);
+    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(window.focusWidget(), panel.keptShow);
+    const auto& button = *control<HoverButton>("keptShow");
+    EXPECT_EQ(button.text(), QStringLiteral("Show…"));
+    EXPECT_EQ(button.accessibleName(),
+              QStringLiteral("Show the files that were left where they are"));
+    EXPECT_EQ(button.kind(), HoverButton::Kind::text);
+}
+
+TEST_F(KeptLineTest, TheKeyboardReturnsToTheScreenAfterTheListHasTakenItsPlace) {
+    QWidget* before = control("OView2");
+    before->setFocus();
+    show(QStringLiteral("12 files were left where they are."));
+    window.showInPlaceOf(&panel, window.keptWindow, ListPanel::designPlace, halfOfGain, halfOfGain);
+    EXPECT_FALSE(panel.isVisible());
+    EXPECT_EQ(window.focusWidget(), window.keptWindow->closeButton);
+    window.showInPlaceOf(window.keptWindow, &panel, {250, 141, 516, 190});
+    EXPECT_FALSE(window.keptWindow->isVisible());
+    EXPECT_EQ(window.focusWidget(), panel.scanInforOKBtn);
+    panel.hide();
+    EXPECT_EQ(window.focusWidget(), before);
+}
+
+}  // namespace
+
+}  // namespace tarvin

@@ -1,0 +1,135 @@
+#include "controls/elided_label.h"
+#include "controls/hover_button.h"
+#include "controls/menu_button.h"
+#include "interface/home_screen.h"
+#include "interface/shown_window.h"
+
+#include <QAccessible>
+#include <QAccessibleInterface>
+#include <QAction>
+#include <QMenu>
+#include <QSignalSpy>
+
+namespace tarvin {
+
+namespace {
+
+class MoreMenuTest : public ShownWindow {
+ protected:
+    [[nodiscard]] bool opens() {
+        return QTest::qWaitFor([this] { return window.moreMenu->isVisible(); }, 20000);
+    }
+
+    /// Where the menu is, in the content of the window.
+    [[nodiscard]] QRect menuPlace() const {
+        return {window.mapFromGlobal(window.moreMenu->pos()), window.moreMenu->size()};
+    }
+
+    const QSignalSpy chosen{window.putBackItem, &QAction::triggered};
+};
+
+TEST_F(MoreMenuTest, OpensBelowItsButton) {
+    EXPECT_EQ(placeOf(window.buttonMore), QRect(895, 8, 29, 29));
+    QTest::mouseClick(window.buttonMore, Qt::LeftButton);
+    ASSERT_TRUE(opens());
+    EXPECT_EQ(menuPlace().right() + 1, 924);
+    EXPECT_EQ(menuPlace().top(), 41);
+    EXPECT_GE(menuPlace().width(), 232);
+    EXPECT_TRUE(window.buttonMore->isOpen());
+    QTest::keyClick(window.moreMenu, Qt::Key_Escape);
+    EXPECT_FALSE(window.moreMenu->isVisible());
+    EXPECT_FALSE(window.buttonMore->isOpen());
+}
+
+TEST_F(MoreMenuTest, FollowsTheRightEdge) {
+    resizeTo({1400, 900});
+    EXPECT_EQ(placeOf(window.buttonMore), QRect(895 + 384, 8, 29, 29));
+}
+
+TEST_F(MoreMenuTest, OffersWhatThereIs) {
+    ASSERT_EQ(window.moreMenu->actions().size(), 1);
+    EXPECT_EQ(window.moreMenu->actions().front(), window.putBackItem);
+    EXPECT_EQ(window.putBackItem->text(), QStringLiteral("Put Back Last Clean-up…"));
+    EXPECT_TRUE(window.putBackItem->isEnabled());
+    // No key is shown behind it.
+    EXPECT_TRUE(window.putBackItem->shortcut().isEmpty());
+}
+
+TEST_F(MoreMenuTest, OpensByEveryKeyOnItsButton) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_Down}) {
+        window.buttonMore->setFocus();
+        QTest::keyClick(window.buttonMore, key);
+        ASSERT_TRUE(opens()) << key;
+        QTest::keyClick(window.moreMenu, Qt::Key_Escape);
+        EXPECT_EQ(window.focusWidget(), window.buttonMore);
+    }
+}
+
+TEST_F(MoreMenuTest, F10OpensItAndLeavesTheKeyboardOnTheButton) {
+    for (const char* screen : {"1", "2", "4"}) {
+        window.selectTabViewItem(QLatin1String(screen));
+        QTest::keyClick(window.focusWidget(), Qt::Key_F10);
+        ASSERT_TRUE(opens()) << screen;
+        QTest::keyClick(window.moreMenu, Qt::Key_Escape);
+        EXPECT_EQ(window.focusWidget(), window.buttonMore);
+    }
+}
+
+TEST_F(MoreMenuTest, CtrlZPutsBackOnEveryScreenButTheProgress) {
+    for (const char* screen : {"1", "2", "4"}) {
+        window.selectTabViewItem(QLatin1String(screen));
+        QTest::keyClick(window.focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+    }
+    EXPECT_EQ(chosen.size(), 3);
+    window.buttonHelpManual->setEnabled(false);
+    window.selectTabViewItem(QStringLiteral("5"));
+    QTest::keyClick(window.focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+    QTest::keyClick(window.focusWidget(), Qt::Key_F10);
+    EXPECT_EQ(chosen.size(), 3);
+    EXPECT_FALSE(window.moreMenu->isVisible());
+}
+
+TEST_F(MoreMenuTest, IsDisabledWheneverHelpIs) {
+    window.buttonHelpManual->setEnabled(false);
+    EXPECT_FALSE(window.buttonMore->isEnabled());
+    EXPECT_EQ(window.buttonMore->disabledOpacity(), 0.45);
+    window.buttonHelpManual->setEnabled(true);
+    EXPECT_TRUE(window.buttonMore->isEnabled());
+}
+
+TEST_F(MoreMenuTest, ItsKeysRestWhileAPanelIsShown) {
+    window.selectTabViewItem(QStringLiteral("2"));
+    window.showAbout();
+    QTest::keyClick(window.focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+    QTest::keyClick(window.focusWidget(), Qt::Key_F10);
+    EXPECT_EQ(chosen.size(), 0);
+    EXPECT_FALSE(window.moreMenu->isVisible());
+}
+
+TEST_F(MoreMenuTest, IsAButtonWithAMenuForAssistiveTechnology) {
+    EXPECT_EQ(window.buttonMore->toolTip(), QStringLiteral("More"));
+    QAccessibleInterface* button = QAccessible::queryAccessibleInterface(window.buttonMore);
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(button->text(QAccessible::Name), QStringLiteral("More"));
+    EXPECT_EQ(button->role(), QAccessible::ButtonMenu);
+    EXPECT_TRUE(button->state().hasPopup);
+    EXPECT_TRUE(button->state().collapsed);
+    button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    ASSERT_TRUE(opens());
+    EXPECT_TRUE(button->state().expanded);
+    window.moreMenu->close();
+}
+
+TEST_F(MoreMenuTest, NoTitleLiesUnderTheButton) {
+    for (const char* name :
+         {"homeScreenTitle", "locationScreenTitle", "progressTypeText", "resultScreenTitle"}) {
+        auto* title = control<ElidedLabel>(name);
+        EXPECT_EQ(title->geometry(), QRect(51, 12, 832, 21)) << name;
+        title->setText(QString(300, QLatin1Char('m')));
+        EXPECT_TRUE(title->shownText().endsWith(QChar(0x2026))) << name;
+    }
+}
+
+}  // namespace
+
+}  // namespace tarvin
