@@ -46,6 +46,9 @@ class SwitchedTrash final : public TrashMover {
         const std::string& trash, std::span<const FileIdentity> wanted) override {
         return real_->find(trash, wanted);
     }
+    [[nodiscard]] std::vector<std::string> trashesFor(const std::string& path) const override {
+        return real_->trashesFor(path);
+    }
 
  private:
     const std::unique_ptr<TrashMover> real_;
