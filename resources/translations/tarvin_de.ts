@@ -989,11 +989,11 @@ Alle Ausnahmen wurden entfernt.</translation>
     </message>
     <message>
         <source>1 file was left where it is.</source>
-        <translation>1 Datei blieb an ihrem Platz.</translation>
+        <translation>1 Datei blieb, wo sie ist.</translation>
     </message>
     <message>
         <source>%1 files were left where they are.</source>
-        <translation>%1 Dateien blieben an ihrem Platz.</translation>
+        <translation>%1 Dateien blieben, wo sie sind.</translation>
     </message>
 </context>
 <context>

@@ -12,7 +12,10 @@ void Session::loadDataFile() {
 }
 
 void Session::finishCleanUp(CleanUpRun& cleanUp) {
-    static_cast<void>(cleanUp.finish(data));
+    if (!cleanUp.finish(data)) {
+        // The totals are written also where nothing was moved: somebody may have removed the file.
+        static_cast<void>(data.addDeleted(0, 0));
+    }
 }
 
 void Session::addExceptions(const std::vector<std::string>& paths) {

@@ -100,7 +100,8 @@ void HoverButton::setOnGrayBar(bool onGrayBar) {
 }
 
 QSize HoverButton::sizeHint() const {
-    const int padding = kind_ == Kind::text ? 0 : 15;
+    // Next to nothing round a text that has no frame: its width may be a fraction more.
+    const int padding = kind_ == Kind::text ? 1 : 15;
     const QFontMetrics metrics(look::font(look_.pixelSize, weightOf(kind_)));
     return {metrics.horizontalAdvance(text()) + 2 * padding, heightOf(kind_)};
 }
@@ -170,7 +171,7 @@ void HoverButton::drawTitle(QPainter& painter) {
     QFont font = look::font(look_.pixelSize, weightOf(kind_));
     font.setUnderline(look_.underline);
     paintLine(painter, rect().adjusted(padding, 0, -padding, 0), text(), font, titleColor(),
-              look_.alignment.value_or(Qt::AlignHCenter));
+              look_.alignment.value_or(kind_ == Kind::text ? Qt::AlignLeft : Qt::AlignHCenter));
 }
 
 HoverButton::QuietColors HoverButton::quietColors() const {

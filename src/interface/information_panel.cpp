@@ -86,7 +86,8 @@ void InformationPanel::placeKeptLine(int top) {
     constexpr int height = 20;
     constexpr int gap = 4;
     const QSize button = keptShow->sizeHint();
-    const int width = std::min(keptLine->sizeHint().width(), linesWidth - gap - button.width());
+    // A text may be wider than its hint by the fraction of a pixel.
+    const int width = std::min(keptLine->sizeHint().width() + 1, linesWidth - gap - button.width());
     keptLine->setGeometry(linesLeft, top, width, height);
     // Higher than the line, so that it is easily met.
     keptShow->setGeometry(

@@ -24,7 +24,6 @@ class ResultBench : public ProductBench {
     ResultBench() {
         files.setListingOrder(ListingOrder::sorted);
         platform.trash().moveTo(folder.makeFolder("trash"));
-        platform.setApplicationSupportFolder(folder.makeFolder("support"));
     }
 
     /// A file below the scanned folder; its absolute path.

@@ -35,6 +35,19 @@ class StoredFiles : public DeletionBench {
         click("scanInforOKBtn");
     }
 
+    /// Deletes what is marked, which says that it cannot, and why, and moves nothing.
+    void expectNoCleanUp() {
+        click("markAll");
+        click("finishButton");
+        EXPECT_EQ(information()[1],
+                  "The clean-up could not begin: its moves cannot be written down.");
+        EXPECT_NE(information()[2], "");
+        EXPECT_FALSE(delegate->deletion().isRunning());
+        EXPECT_FALSE(window().deletionPreview->isVisible());
+        EXPECT_TRUE(platform.trash().attempts().empty());
+        EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 4");
+    }
+
     void excludeAll() {
         click("markAll");
         click("addEceptionBtn");
@@ -79,16 +92,25 @@ TEST_F(StoredFiles, ThatCannotBeReadAreWrittenAnewWithTheTotalsAlone) {
     EXPECT_EQ(data.number("matchingSize"), std::nullopt);
 }
 
-/// Where the folder should be is a file.
-TEST_F(StoredFiles, ThatCannotBeWrittenHoldWhileTheProgramRuns) {
+/// Where the folder should be is a file: no move can be written down before it happens.
+TEST_F(StoredFiles, ThatCannotBeWrittenKeepACleanUpFromBeginning) {
     writeThreeSets();
     folder.writeFile("support", "in the way");
     scanAndReview();
+    expectNoCleanUp();
+    EXPECT_EQ(contentOf(folder.pathOf("support")), "in the way");
+}
+
+/// A folder is at the name of the new file: only the totals cannot be written.
+TEST_F(StoredFiles, ThatCannotBeWrittenHoldWhileTheProgramRuns) {
+    writeThreeSets();
+    scanAndReview();
+    folder.makeFolder("support/data.plist.new/inside");
     deleteSet(0, 0);
     EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 1 (0.00 KB)");
     deleteSet(1, 0);
     EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 2 (0.01 KB)");
-    EXPECT_EQ(contentOf(folder.pathOf("support")), "in the way");
+    EXPECT_EQ(storedTotals().alreadyDeletedCount(), 0);
     click("buttonHomePage");
     EXPECT_TRUE(showsTotals());
 }
@@ -112,14 +134,12 @@ class WithoutASupportFolder : public StoredFiles {
     }
 };
 
-TEST_F(WithoutASupportFolder, TotalsOfSeveralRunsAddUp) {
+TEST_F(WithoutASupportFolder, NoCleanUpBegins) {
     EXPECT_EQ(delegate->session().alreadyDeletedCount(), 0);
-    deleteSet(0, 0);
-    deleteSet(1, 0);
-    EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 2 (0.01 KB)");
-    click("buttonHomePage");
-    EXPECT_TRUE(showsTotals());
+    expectNoCleanUp();
+    EXPECT_EQ(information()[2], "there is no home folder to keep the journal in");
     EXPECT_FALSE(std::filesystem::exists("/data.plist"));
+    EXPECT_FALSE(std::filesystem::exists("/clean-ups.sqlite"));
 }
 
 TEST_F(WithoutASupportFolder, ExceptionsHoldUntilTheyAreForgotten) {

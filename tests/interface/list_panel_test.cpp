@@ -132,7 +132,7 @@ TEST_F(ListPanelTest, EscapeClosesAndReturnInTheListDoesNot) {
     QTest::keyClick(panel.table, Qt::Key_Return);
     QTest::keyClick(panel.table, Qt::Key_Enter);
     EXPECT_EQ(closed.size(), 0);
-    EXPECT_EQ(panel.table->currentIndex().row(), 0);
+    EXPECT_TRUE(panel.table->currentIndex().isValid());
     QTest::keyClick(panel.table, Qt::Key_Escape);
     EXPECT_EQ(closed.size(), 1);
     panel.closeButton->setFocus();
