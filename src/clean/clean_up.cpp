@@ -137,10 +137,11 @@ const std::string& CleanUp::realPathOf(const Directory& folder) {
 
 /// False if there is one.
 bool CleanUp::keep(std::optional<StoreError> failure) {
-    if (failure && !failure_) {
+    const bool isGood = !failure.has_value();
+    if (!isGood && !failure_) {
         failure_ = std::move(failure);
     }
-    return !failure;
+    return isGood;
 }
 
 /// Files are asked for in the order in which they were planned.
