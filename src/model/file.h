@@ -107,8 +107,8 @@ class File final {
     std::int64_t modified_;
     std::int64_t created_;
     const ComparedState* compared_ = nullptr;  // of the same store
-    std::uint32_t nameLength_;          // bytes
-    std::uint32_t indexAndMark_ = 0;  // the mark is the lowest bit
+    std::uint32_t nameLength_;                 // bytes
+    std::uint32_t indexAndMark_ = 0;           // the mark is the lowest bit
 };
 
 static_assert(sizeof(File) <= 56);

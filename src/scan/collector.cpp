@@ -163,8 +163,7 @@ void Collector::takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block>
 }
 
 /// True if the folder can be listed and has not been walked yet. Otherwise it is closed.
-bool Collector::enter(Directory& directory,
-                      const std::shared_ptr<TreeReader::Listing>& listing) {
+bool Collector::enter(Directory& directory, const std::shared_ptr<TreeReader::Listing>& listing) {
     const Result<FileIdentity> identity = reader_.identityOf(listing);
     if (identity && walked_.insert(*identity).second) {
         directory.identity = *identity;

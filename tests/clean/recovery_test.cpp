@@ -64,8 +64,8 @@ TEST_F(KilledCleanUp, IsCountedAsFarAsItCameAtTheNextStart) {
         killed = cleanUntil(step);
         CleaningUser user(home_.path());
         DataFile totals(home_.path());
-        ASSERT_FALSE(recoverCleanUps(systemFileSystem(), user.mover(), user.journal(), totals)
-                         .has_value());
+        ASSERT_FALSE(
+            recoverCleanUps(systemFileSystem(), user.mover(), user.journal(), totals).has_value());
         std::size_t left = 0;
         for (int number = 0; number < sets; ++number) {
             const std::string name = std::to_string(number) + ".txt";
