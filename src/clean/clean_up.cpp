@@ -1,5 +1,7 @@
 #include "clean/clean_up.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -14,6 +16,8 @@ namespace {
 constexpr std::size_t foldersAtOnce = 128;
 /// Whose path without links is remembered.
 constexpr std::size_t realFoldersAtOnce = 4096;
+/// While another clean-up has its turn.
+constexpr std::chrono::milliseconds betweenLooksForStop{100};
 /// Any number that no clean-up has.
 constexpr std::uint64_t turnNumber = 0;
 
@@ -24,7 +28,7 @@ class CleanUp::Turn final : public SetMover {
  public:
     Turn(CleanUp& cleanUp, const Set& set)
         : cleanUp_(cleanUp),
-          refusal_(cleanUp.turn_.take(cleanUp.settings_.patience)),
+          refusal_(cleanUp.takeTurn()),
           moves_(cleanUp.tools_, set, cleanUp.settings_.wholeSets == WholeSets::goIfMarked) {}
     Turn(const Turn&) = delete;
     Turn& operator=(const Turn&) = delete;
@@ -36,6 +40,8 @@ class CleanUp::Turn final : public SetMover {
         MoveResult result;
         if (!row) {
             result = {MoveOutcome::refused, "it was not written down before"};
+        } else if (refusal_ && cleanUp_.isStopped()) {
+            result = {MoveOutcome::stopped, {}};
         } else if (refusal_) {
             result = {MoveOutcome::refused, refusal_->text(), TrashRefusalKind::system, *refusal_};
         } else {
@@ -81,12 +87,14 @@ bool CleanUp::prepare(std::span<const std::shared_ptr<Set>> sets) {
     if (!id_) {
         auto begun = journal_.begin(clock_.now());
         if (auto* error = std::get_if<StoreError>(&begun)) {
+            planned_.clear();
             return keep(std::move(*error));
         }
         id_ = std::get<CleanUpId>(begun);
     }
     auto first = journal_.plan(*id_, moves);
     if (auto* error = std::get_if<StoreError>(&first)) {
+        planned_.clear();
         return keep(std::move(*error));
     }
     MoveRow row = std::get<MoveRow>(first);
@@ -109,6 +117,23 @@ std::optional<StoreError> CleanUp::finish() {
     }
     static_cast<void>(keep(journal_.finish(*id_)));
     return failure_;
+}
+
+/// A stop ends the wait for another clean-up.
+std::optional<SystemError> CleanUp::takeTurn() {
+    const auto deadline = std::chrono::steady_clock::now() + settings_.patience;
+    std::optional<SystemError> refusal;
+    do {
+        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+            deadline - std::chrono::steady_clock::now());
+        refusal = turn_.take(std::clamp(left, std::chrono::milliseconds(0), betweenLooksForStop));
+    } while (refusal && refusal->code == EBUSY && !isStopped() &&
+             std::chrono::steady_clock::now() < deadline);
+    return refusal;
+}
+
+bool CleanUp::isStopped() const {
+    return settings_.stopped && settings_.stopped();
 }
 
 PlannedMove CleanUp::planFor(const File& file) {

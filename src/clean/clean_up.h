@@ -75,6 +75,8 @@ class CleanUp final : public FileMover {
         MoveRow row = 0;
     };
 
+    [[nodiscard]] std::optional<SystemError> takeTurn();
+    [[nodiscard]] bool isStopped() const;
     [[nodiscard]] PlannedMove planFor(const File& file);
     [[nodiscard]] const std::string& realPathOf(const Directory& folder);
     [[nodiscard]] bool keep(std::optional<StoreError> failure);

@@ -21,7 +21,9 @@ enum class MoveOutcome : std::uint8_t {
 
 struct MoveResult {
     MoveOutcome outcome = MoveOutcome::stopped;
-    /// Why the system refused, in its words or in those of the Trash; empty for other outcomes.
+    /// Why the system refused, in its words or in those of the Trash. Of a file that was moved: why
+    /// it could not be moved back, though no other copy was found after the move. Empty for other
+    /// outcomes.
     std::string reason;
     // Of `refused`, for whoever puts it in other words: by whom and why, if the Trash or the system
     // was asked.

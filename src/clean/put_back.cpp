@@ -34,6 +34,15 @@ std::string nameAtTry(const std::string& own, std::uint64_t number) {
     return number == 0 ? own : putBackName(own, number, longestName);
 }
 
+PutBackFile fileOf(const JournalMove& move) {
+    PutBackFile file;
+    file.row = move.row;
+    file.path = move.path;
+    file.size = move.size;
+    file.name = nameOf(move.path);
+    return file;
+}
+
 bool isSameFile(const JournalMove& move, const FileAttributes& now) {
     return now.type == EntryType::regular && now.identity.inode == move.inode &&
            now.size == move.size && now.modified == move.modified;
@@ -149,23 +158,39 @@ PutBack::PutBack(Platform& platform, RecoveredJournal opened, DataFile& totals)
 StoreResult<std::vector<CleanUpSummary>> PutBack::cleanUps() {
     auto all = journal_.cleanUps();
     if (auto* known = std::get_if<std::vector<CleanUpSummary>>(&all)) {
-        std::erase_if(*known, [](const CleanUpSummary& cleanUp) {
-            return !cleanUp.finished || cleanUp.movedFiles == 0;
+        std::erase_if(*known, [this](const CleanUpSummary& cleanUp) {
+            return cleanUp.movedFiles == 0 || (!cleanUp.finished && isInUse(cleanUp.id));
         });
     }
     return all;
 }
 
-StoreResult<std::variant<CleanUpSummary, NothingToPutBack>> PutBack::last() {
+/// One that could not be recovered whole, as its drive is not there, is not.
+bool PutBack::isInUse(CleanUpId id) {
+    if (journal_.claim(id)) {
+        return true;
+    }
+    journal_.release(id);
+    return false;
+}
+
+StoreResult<std::variant<CleanUpSummary, NothingToPutBack>> PutBack::last(
+    const std::function<bool()>& stopped) {
     auto all = cleanUps();
     if (auto* error = std::get_if<StoreError>(&all)) {
         return std::move(*error);
     }
     std::optional<NothingToPutBack> nothing;
     for (const CleanUpSummary& cleanUp : std::get<std::vector<CleanUpSummary>>(all)) {
+        if (stopped && stopped()) {
+            break;
+        }
         bool isWorthATry = false;
         bool isAllBack = cleanUp.lostFiles == 0;
         auto failure = examine(cleanUp.id, [&](const PutBackFile& file) {
+            if (stopped && stopped()) {
+                return false;
+            }
             isAllBack = false;
             isWorthATry =
                 file.outcome != PutBackOutcome::lost && file.outcome != PutBackOutcome::changed;
@@ -187,12 +212,24 @@ StoreResult<std::variant<CleanUpSummary, NothingToPutBack>> PutBack::last() {
 
 std::optional<StoreError> PutBack::examine(CleanUpId id,
                                            const std::function<bool(const PutBackFile&)>& visit) {
-    return journal_.forEachMove(
+    std::optional<StoreError> failure;
+    Marks putBack(journal_, &CleanUpJournal::markPutBack);
+    bool hasNews = false;
+    auto unread = journal_.forEachMove(
         id, {MoveState::moved}, CleanUpJournal::Order::asPlanned, [&](const JournalMove& move) {
             const PutBackFile file = lookAt(move);
-            const bool isBack = file.outcome == PutBackOutcome::lost && isBackAlready(move);
-            return isBack || visit(file);
+            if (file.outcome == PutBackOutcome::lost && isBackAlready(move)) {
+                putBack.add(move.row, failure);
+                hasNews = true;
+                return true;
+            }
+            return visit(file);
         });
+    putBack.writeOut(failure);
+    if (hasNews && !failure) {
+        failure = settleTotals(totals_, journal_);
+    }
+    return unread ? unread : failure;
 }
 
 std::optional<StoreError> PutBack::run(CleanUpId id, const Settings& settings) {
@@ -206,15 +243,15 @@ std::optional<StoreError> PutBack::run(CleanUpId id, const Settings& settings) {
     auto unread = journal_.forEachMove(
         id, {MoveState::moved}, CleanUpJournal::Order::asPlanned, [&](const JournalMove& move) {
             isStopped = isStopped || (settings.stopped && settings.stopped());
-            PutBackFile file = isStopped ? lookAt(move) : bring(move);
-            if (file.outcome == PutBackOutcome::lost) {
+            PutBackFile file = isStopped ? fileOf(move) : bring(move);
+            if (isStopped) {
+                file.outcome = PutBackOutcome::stopped;
+            } else if (file.outcome == PutBackOutcome::lost) {
                 if (isBackAlready(move)) {
                     putBack.add(move.row, failure);
                     return true;
                 }
                 lost.add(move.row, failure);
-            } else if (isStopped) {
-                file.outcome = PutBackOutcome::stopped;
             } else if (isBack(file.outcome)) {
                 putBack.add(move.row, failure);
             }
@@ -233,11 +270,7 @@ std::optional<StoreError> PutBack::run(CleanUpId id, const Settings& settings) {
 
 /// Whether what was moved is there. The outcome is to its place if it is.
 PutBackFile PutBack::inTrash(const JournalMove& move) {
-    PutBackFile file;
-    file.row = move.row;
-    file.path = move.path;
-    file.size = move.size;
-    file.name = nameOf(move.path);
+    PutBackFile file = fileOf(move);
     const auto there = trash_->look({move.trashFolder, move.trashName});
     if (there) {
         if (!isSameFile(move, *there)) {

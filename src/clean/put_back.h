@@ -64,10 +64,11 @@ enum class NothingToPutBack : std::uint8_t {
 [[nodiscard]] std::string putBackName(std::string_view name, std::uint64_t number,
                                       std::size_t longest);
 
-/// Puts the files of a clean-up back from the Trash to where they were. Only what is the same file
-/// as was moved comes back; nothing that stands at a path is replaced, no link is followed, nothing
-/// is copied and, but for folders that were made in vain, nothing is deleted. What cannot come back
-/// stays in the Trash, for another try. One thread at a time.
+/// Puts the files of a clean-up back from the Trash to where they were. Only what was, when
+/// it was looked at, the same file as was moved comes back; nothing that stands at a path is
+/// replaced, no link is followed, nothing is copied and, but for folders that were made in vain,
+/// nothing is deleted. What cannot come back stays in the Trash, for another try. One thread at a
+/// time.
 class PutBack final {
  public:
     struct Settings {
@@ -80,15 +81,18 @@ class PutBack final {
     PutBack(const PutBack&) = delete;
     PutBack& operator=(const PutBack&) = delete;
 
-    /// Those that have moved something, newest first; what another process works on is left out.
+    /// Those that have moved something, newest first; those that still run are left out.
     StoreResult<std::vector<CleanUpSummary>> cleanUps();
 
     /// The newest clean-up of which something can be put back, or could if its drive were there.
-    StoreResult<std::variant<CleanUpSummary, NothingToPutBack>> last();
+    /// `stopped`, which may be empty, is asked before each file; the answer means nothing then.
+    StoreResult<std::variant<CleanUpSummary, NothingToPutBack>> last(
+        const std::function<bool()>& stopped = {});
 
     /// Calls `visit` with each file of a clean-up that has not come back yet, in the order in which
-    /// they were moved, and with what would become of it now; until it returns false. Changes
-    /// nothing.
+    /// they were moved, and with what would become of it now; until it returns false. Changes no
+    /// file. What came back otherwise, by another program or by a process that ended before it
+    /// could write that down, is marked in the journal and taken from the totals.
     [[nodiscard]] std::optional<StoreError> examine(
         CleanUpId id, const std::function<bool(const PutBackFile&)>& visit);
 
@@ -100,6 +104,7 @@ class PutBack final {
  private:
     PutBack(Platform& platform, RecoveredJournal opened, DataFile& totals);
 
+    [[nodiscard]] bool isInUse(CleanUpId id);
     [[nodiscard]] PutBackFile inTrash(const JournalMove& move);
     [[nodiscard]] PutBackFile lookAt(const JournalMove& move);
     [[nodiscard]] PutBackFile bring(const JournalMove& move);

@@ -3,9 +3,10 @@
 #include "store/clean_up_totals.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
 #include <string>
-#include <unordered_set>
+#include <unordered_map>
 #include <utility>
 #include <variant>
 
@@ -25,38 +26,47 @@ class Recovery final {
  public:
     Recovery(FileSystem& fileSystem, TrashMover& trash) : fileSystem_(fileSystem), trash_(trash) {}
 
-    /// What became of each of these moves.
+    /// What became of these moves, as far as that can be seen now.
     std::vector<RecordedOutcome> outcomesOf(std::vector<JournalMove> moves) {
         outcomes_.clear();
         std::erase_if(moves, [this](const JournalMove& move) { return isInPlace(move); });
-        std::unordered_set<std::string> searched;
+        std::unordered_map<std::string, bool> isReadable;
         while (!moves.empty()) {
             // Finds the others that are in the same places, too.
             for (const std::string& trash : trash_.trashesFor(moves.back().path)) {
-                if (searched.insert(trash).second) {
-                    takeFoundIn(trash, moves);
+                if (!isReadable.contains(trash)) {
+                    isReadable[trash] = takeFoundIn(trash, moves);
                 }
             }
-            takeLost(searched, moves);
+            dropSought(isReadable, moves);
         }
         return std::move(outcomes_);
     }
 
  private:
-    /// Those at the end that were looked for in vain wherever they can be.
-    void takeLost(const std::unordered_set<std::string>& searched,
-                  std::vector<JournalMove>& moves) {
-        const auto isSearched = [&searched](const std::string& trash) {
-            return searched.contains(trash);
-        };
-        while (!moves.empty()) {
-            const std::vector<std::string> trashes = trash_.trashesFor(moves.back().path);
-            if (!std::all_of(trashes.begin(), trashes.end(), isSearched)) {
-                return;
+    /// Those at the end that were looked for wherever they can be. They are gone, unless a place
+    /// could not be looked at: then the next start looks again.
+    void dropSought(const std::unordered_map<std::string, bool>& isReadable,
+                    std::vector<JournalMove>& moves) {
+        for (; !moves.empty(); moves.pop_back()) {
+            bool isGone = isAttached(moves.back());
+            for (const std::string& trash : trash_.trashesFor(moves.back().path)) {
+                const auto sought = isReadable.find(trash);
+                if (sought == isReadable.end()) {
+                    return;
+                }
+                isGone = isGone && sought->second;
             }
-            outcomes_.push_back({moves.back().row, MoveState::left, {}, {}, "gone"});
-            moves.pop_back();
+            if (isGone) {
+                outcomes_.push_back({moves.back().row, MoveState::left, {}, {}, "gone"});
+            }
         }
+    }
+
+    /// Whether the folder of a file is there. If it is not, its drive may not be, either.
+    bool isAttached(const JournalMove& move) {
+        const std::size_t slash = move.path.rfind('/');
+        return slash == 0 || fileSystem_.attributesAtPath(move.path.substr(0, slash));
     }
 
     bool isInPlace(const JournalMove& move) {
@@ -68,10 +78,11 @@ class Recovery final {
         return true;
     }
 
-    void takeFoundIn(const std::string& trash, std::vector<JournalMove>& moves) {
+    /// False if the Trash is there and cannot be looked at.
+    bool takeFoundIn(const std::string& trash, std::vector<JournalMove>& moves) {
         const Result<FileAttributes> files = fileSystem_.attributesAtPath(trash + "/files");
         if (!files) {
-            return;
+            return files.error().code == ENOENT || files.error().code == ENOTDIR;
         }
         std::vector<FileIdentity> wanted;
         for (const JournalMove& move : moves) {
@@ -79,7 +90,7 @@ class Recovery final {
         }
         const auto found = trash_.find(trash, wanted);
         if (!found) {
-            return;
+            return false;
         }
         for (const TrashedFile& file : *found) {
             const auto move = std::find_if(moves.begin(), moves.end(), [&](const auto& planned) {
@@ -90,6 +101,7 @@ class Recovery final {
                 moves.erase(move);
             }
         }
+        return true;
     }
 
     FileSystem& fileSystem_;
@@ -97,7 +109,9 @@ class Recovery final {
     std::vector<RecordedOutcome> outcomes_;
 };
 
+/// One of which something cannot be looked at now stays unfinished.
 std::optional<StoreError> complete(CleanUpId id, Recovery& recovery, CleanUpJournal& journal) {
+    bool isWhole = true;
     for (MoveRow after = 0;;) {
         auto moves = journal.moves(id, {MoveState::planned}, movesAtOnce, after);
         if (auto* error = std::get_if<StoreError>(&moves)) {
@@ -105,13 +119,21 @@ std::optional<StoreError> complete(CleanUpId id, Recovery& recovery, CleanUpJour
         }
         auto& planned = std::get<std::vector<JournalMove>>(moves);
         if (planned.empty()) {
-            return journal.finish(id);
+            break;
         }
         after = planned.back().row;
-        if (auto failure = journal.record(recovery.outcomesOf(std::move(planned)))) {
+        const std::size_t count = planned.size();
+        const std::vector<RecordedOutcome> outcomes = recovery.outcomesOf(std::move(planned));
+        isWhole = isWhole && outcomes.size() == count;
+        if (auto failure = journal.record(outcomes)) {
             return failure;
         }
     }
+    if (isWhole) {
+        return journal.finish(id);
+    }
+    journal.release(id);
+    return std::nullopt;
 }
 
 }  // namespace

@@ -12,7 +12,8 @@ namespace tarvin {
 
 /// Finds out what became of the moves of clean-ups that ended with their process, or with the
 /// machine: each planned file is at its place, in a Trash of the user, or gone. Completes the
-/// journal and brings the totals up to it. What another process works on is left to that. Where
+/// journal and brings the totals up to it. Where a drive or a Trash cannot be looked at, the
+/// clean-up stays unfinished until it can. What another process works on is left to that. Where
 /// nothing has crashed this costs two questions to the journal.
 ///
 /// To be called before a clean-up, before putting back and at the start. The first failure; what

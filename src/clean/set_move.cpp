@@ -193,18 +193,21 @@ std::optional<MoveOutcome> SetMove::secondLook(const File& file, const Seen& see
     if (!arrived || !isSameFile(seen.attributes, *arrived)) {
         return MoveOutcome::changed;
     }
-    if (mayTakeAll_ || stillStands(*files_[survivor_], *arrived) || findSurvivor(file, seen)) {
+    if (mayTakeAll_ || stillStands(*files_[survivor_], *arrived)) {
         return std::nullopt;
     }
-    return MoveOutcome::lastCopy;
+    // The folders that are open may stand elsewhere by now.
+    tools_.folders.distrust();
+    return findSurvivor(file, seen) ? std::nullopt : std::optional(MoveOutcome::lastCopy);
 }
 
-/// Moving a file changes the date of change of its other names.
+/// By its path, on the volume itself: the folder may have been moved since it was opened, and what
+/// the system remembers may be older than the move. Moving a file changes the date of change of its
+/// other names.
 bool SetMove::stillStands(const File& file, const FileAttributes& moved) {
-    const Result<Seen> now = look(file);
-    return now && isSameFile(survivorSeen_, now->attributes) &&
-           (now->attributes.identity == moved.identity ||
-            now->attributes.changed == survivorSeen_.changed);
+    const Result<FileAttributes> now = tools_.fileSystem.currentAttributesAtPath(file.filePath());
+    return now && isSameFile(survivorSeen_, *now) &&
+           (now->identity == moved.identity || now->changed == survivorSeen_.changed);
 }
 
 /// Where that cannot be done, the file is in the Trash, whole, with its note.

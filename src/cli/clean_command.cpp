@@ -77,6 +77,10 @@ class MoveTeller final {
     void tell(const File& file, const MoveResult& result) {
         report_.write([&](CleanWriter& writer) { writer.file(file, result); });
         if (result.outcome == MoveOutcome::moved) {
+            if (!result.reason.empty()) {
+                complainAbout(file.filePath(), reasonFor(result));
+                movedAll_ = false;
+            }
             return;
         }
         left_.insert(&file);

@@ -77,7 +77,7 @@ class CleanJsonWriter final : public CleanWriter {
         }
         entry["fileSize"] = file.fileSize();
         entry["outcome"] = wordFor(result);
-        if (result && result->outcome != MoveOutcome::moved) {
+        if (result && (result->outcome != MoveOutcome::moved || !result->reason.empty())) {
             entry["reason"] = withBadBytesReplaced(reasonFor(*result));
         }
         output_.append(isFirst_ ? "\n    " : ",\n    ");
@@ -140,7 +140,11 @@ std::unique_ptr<CleanWriter> makeCleanWriter(ResultFormat format, bool dryRun, O
 std::string reasonFor(const MoveResult& result) {
     switch (result.outcome) {
         case MoveOutcome::moved:
-            return "it is in the Trash";
+            return result.reason.empty()
+                       ? "it is in the Trash"
+                       : "it is in the Trash, no other copy is left as it was, and it could not be "
+                         "moved back: " +
+                             result.reason;
         case MoveOutcome::gone:
             return "it is not there any more";
         case MoveOutcome::changed:

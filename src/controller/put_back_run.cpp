@@ -47,7 +47,7 @@ void PutBackRun::lookForCleanUp() {
         return;
     }
     engine_ = std::get<std::unique_ptr<PutBack>>(std::move(opened));
-    auto last = engine_->last();
+    auto last = engine_->last([this] { return stopped_.load(); });
     if (auto* error = std::get_if<StoreError>(&last)) {
         failure_ = std::move(*error);
         return;

@@ -121,6 +121,11 @@ class FileSystem {
                                                       const char* name) = 0;
     /// The attributes of the entry at a path, whether or not it can be opened.
     virtual Result<FileAttributes> attributesAtPath(const std::string& path) = 0;
+    /// The same, asked of the volume itself where the system may remember them from before, as of
+    /// other machines. May take as long as an answer from there.
+    virtual Result<FileAttributes> currentAttributesAtPath(const std::string& path) {
+        return attributesAtPath(path);
+    }
     /// The attributes of what is open.
     virtual Result<FileAttributes> attributesOf(const Descriptor& descriptor) = 0;
 

@@ -74,11 +74,13 @@ class ComparedFiles final {
 class CleaningUser final {
  public:
     /// `folder` is there and this user's alone; the Trash is on the volume that it is on.
-    explicit CleaningUser(const std::string& folder)
+    /// `patience` is that with others who have the journal.
+    explicit CleaningUser(const std::string& folder,
+                          std::chrono::milliseconds patience = std::chrono::seconds(10))
         : trash_(folder + "/Trash"),
           mover_(makeTrashMover({trash_, static_cast<std::uint32_t>(::getuid())})),
           turns_(folder + "/turns"),
-          journal_(opened(folder)) {}
+          journal_(opened(folder, patience)) {}
 
     [[nodiscard]] TrashMover& mover() { return *mover_; }
     [[nodiscard]] CleanUpJournal& journal() { return journal_; }
@@ -90,8 +92,8 @@ class CleaningUser final {
     [[nodiscard]] std::size_t notes() const { return entriesIn(trash_ + "/info"); }
 
  private:
-    static CleanUpJournal opened(const std::string& folder) {
-        auto journal = CleanUpJournal::open(folder);
+    static CleanUpJournal opened(const std::string& folder, std::chrono::milliseconds patience) {
+        auto journal = CleanUpJournal::open(folder, patience);
         if (const auto* error = std::get_if<StoreError>(&journal)) {
             ADD_FAILURE() << error->path << ": " << error->text;
             std::abort();
@@ -115,9 +117,10 @@ class CleaningUser final {
 using MoveReport = std::vector<std::pair<std::string, MoveOutcome>>;
 
 inline MoveReport cleanUp(Modal& modal, CleaningUser& user, FileSystem& fileSystem,
-                          CleanUp::Settings settings = {}) {
+                          CleanUp::Settings settings = {},
+                          std::chrono::milliseconds foldersTrusted = {}) {
     MoveReport report;
-    settings.foldersTrusted = std::chrono::milliseconds(0);
+    settings.foldersTrusted = foldersTrusted;
     settings.report = [&report](const File& file, const MoveResult& result) {
         report.emplace_back(file.fileName(), result.outcome);
     };

@@ -251,6 +251,30 @@ TEST_F(PutBackTest, KilledAtAnyFileIsEndedByTheNextTry) {
     }
 }
 
+TEST_F(PutBackTest, KilledAfterItsLastFileIsCountedByTheNextLook) {
+    cleanSet({"a.txt", "b.txt"});
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const auto putBack = opened();
+        static_cast<void>(putBack->run(
+            1, {.stopped = {}, .report = [](const PutBackFile&) { ::kill(::getpid(), SIGKILL); }}));
+        ::_exit(0);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    expectLast(NothingToPutBack::allBack);
+    DataFile stored(home_.path());
+    EXPECT_FALSE(stored.loadDataFile());
+    EXPECT_EQ(stored.alreadyDeletedCount(), 0);
+}
+
+TEST_F(PutBackTest, AfterAStopNothingIsLookedAt) {
+    cleanSet({"a.txt", "b.txt"});
+    fs::remove(inTrash("b.txt"));
+    EXPECT_EQ(run(1, [] { return true; }), (Outcomes{{"b.txt", PutBackOutcome::stopped}}));
+}
+
 TEST_F(PutBackTest, TheLastIsTheNewestOfWhichSomethingCanComeBack) {
     expectLast(NothingToPutBack::neverCleaned);
     cleanSet({"a.txt", "b.txt"});

@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 
 namespace tarvin {
@@ -90,6 +91,45 @@ TEST_F(KilledCleanUp, IsRecoveredByOneProcessOnly) {
     ASSERT_EQ(std::get<std::vector<CleanUpSummary>>(taken).size(), 1U);
     const auto rest = second.journal().crashed();
     EXPECT_TRUE(std::get<std::vector<CleanUpSummary>>(rest).empty());
+}
+
+/// A move of which nothing is known but that it was planned.
+class PlannedMoves : public ::testing::Test {
+ protected:
+    void plan(const std::string& path) {
+        CleaningUser user(home_.path());
+        const auto id = user.journal().begin({});
+        const std::vector<PlannedMove> moves{{path, 1, 4, {}}};
+        ASSERT_TRUE(
+            std::holds_alternative<MoveRow>(user.journal().plan(std::get<CleanUpId>(id), moves)));
+    }
+
+    /// Whether the clean-up has come to its end in the journal.
+    bool recover() {
+        CleaningUser user(home_.path());
+        DataFile totals(home_.path());
+        EXPECT_FALSE(recoverCleanUps(fileSystem_, user.mover(), user.journal(), totals));
+        const auto all = user.journal().cleanUps();
+        return std::get<std::vector<CleanUpSummary>>(all).front().finished;
+    }
+
+    TemporaryFolder home_;
+    TemporaryFolder tree_;
+    FaultyFileSystem fileSystem_;
+};
+
+TEST_F(PlannedMoves, OnADriveThatIsNotThereWaitForIt) {
+    plan(tree_.pathOf("drive/a.txt"));
+    EXPECT_FALSE(recover());
+    tree_.makeFolder("drive");
+    EXPECT_TRUE(recover());
+}
+
+TEST_F(PlannedMoves, WhoseTrashCannotBeLookedAtWaitForIt) {
+    plan(tree_.pathOf("a.txt"));
+    fileSystem_.failCall(FileCall::attributesAtPath, 1, EIO, home_.pathOf("Trash/files"));
+    EXPECT_FALSE(recover());
+    EXPECT_TRUE(recover());
 }
 
 }  // namespace

@@ -165,6 +165,18 @@ TEST_F(SetMoves, PutBackAFileWhoseLastCopyWasWrittenToMeanwhile) {
     expectNothingMoved();
 }
 
+TEST_F(SetMoves, PutBackAFileWhoseLastCopysFolderWasMovedMeanwhile) {
+    fs::remove(three_);
+    CleanUp::Settings settings = at(MoveStep::lookAgain, [this] {
+        fs::rename(folder_.pathOf("a"), folder_.pathOf("elsewhere"));
+    });
+    EXPECT_EQ(
+        cleanUp(files_.marked(), user_, fileSystem_, std::move(settings), std::chrono::hours(1)),
+        outcomes(lastCopy, gone));
+    EXPECT_EQ(contentOf(two_), "same");
+    expectNothingMoved();
+}
+
 TEST_F(SetMoves, FindAnotherCopyForOneThatWentMeanwhile) {
     EXPECT_EQ(run(at(MoveStep::lookAgain, [this] { fs::remove(one_); })),
               outcomes(moved, lastCopy));
@@ -237,6 +249,48 @@ TEST_F(SetMoves, TakeNothingAfterAStop) {
     settings.stopped = [] { return true; };
     EXPECT_EQ(run(std::move(settings)), outcomes(MoveOutcome::stopped, MoveOutcome::stopped));
     expectNothingMoved();
+}
+
+TEST_F(SetMoves, AreNotMadeWhileAnotherCleanUpHasItsTurn) {
+    const auto turn = user_.turns().tryTake(0);
+    ASSERT_TRUE(turn);
+    CleanUp::Settings settings;
+    settings.patience = std::chrono::milliseconds(1);
+    EXPECT_EQ(run(std::move(settings)), outcomes(MoveOutcome::refused, MoveOutcome::refused));
+    expectNothingMoved();
+}
+
+TEST_F(SetMoves, DoNotWaitForAnotherCleanUpAfterAStop) {
+    const auto turn = user_.turns().tryTake(0);
+    ASSERT_TRUE(turn);
+    CleanUp::Settings settings;
+    settings.stopped = [looks = 0]() mutable { return ++looks > 2; };
+    EXPECT_EQ(run(std::move(settings)), outcomes(MoveOutcome::stopped, MoveOutcome::stopped));
+    expectNothingMoved();
+}
+
+TEST_F(SetMoves, AreWrittenDownThoughLaterOnesCouldNotBePlanned) {
+    CleaningUser user(home_.path(), std::chrono::milliseconds(1));
+    ComparedFiles more;
+    const auto other = more.addSet(
+        {folder_.writeFile("d/four.txt", "else"), folder_.writeFile("d/five.txt", "else")});
+    EXPECT_EQ(more.marked().totalFilesSelected(), 1U);
+    EXPECT_EQ(files_.marked().totalFilesSelected(), 2U);
+    CleanUp cleanUp(fileSystem_, user.mover(), user.journal(), user.turns(),
+                    systemPlatform().clock(), {});
+    ASSERT_TRUE(cleanUp.prepare({&set_, 1}));
+    ASSERT_TRUE(cleanUp.begin(*set_)->move(*set_->files().back()));
+    {
+        // By which SQLite says that somebody writes.
+        const auto writing = LockFile(user.journal().path()).tryTake(0x40000001);
+        ASSERT_TRUE(writing);
+        EXPECT_FALSE(cleanUp.prepare({&other, 1}));
+    }
+    EXPECT_TRUE(cleanUp.finish().has_value());
+    const auto all = user.journal().cleanUps();
+    const CleanUpSummary& summary = std::get<std::vector<CleanUpSummary>>(all).front();
+    EXPECT_TRUE(summary.finished);
+    EXPECT_EQ(summary.movedFiles, 1U);
 }
 
 TEST_F(SetMoves, KeepOneOfASetInWhichEveryFileIsMarked) {

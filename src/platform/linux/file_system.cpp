@@ -190,6 +190,13 @@ class LinuxFileSystem final : public FileSystem {
         return attributesOf(*entry);
     }
 
+    Result<FileAttributes> currentAttributesAtPath(const std::string& path) override {
+        Result<FileAttributes> now =
+            attributesFrom(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW | AT_STATX_FORCE_SYNC);
+        const bool isLong = !now && now.error().code == ENAMETOOLONG;
+        return isLong ? attributesAtPath(path) : now;
+    }
+
     Result<FileAttributes> attributesOf(const Descriptor& descriptor) override {
         return attributesFrom(descriptor.number(), "", AT_EMPTY_PATH);
     }
