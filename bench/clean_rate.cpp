@@ -173,6 +173,9 @@ void moveByLibrary(const std::vector<std::string>& paths) {
 void moveBarely(const std::vector<std::string>& paths, const std::string& trash) {
     const int files = ::open((trash + "/files").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     const int info = ::open((trash + "/info").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (files < 0 || info < 0) {
+        fail("There is no Trash at " + trash);
+    }
     for (const std::string& path : paths) {
         const std::string name = path.substr(path.rfind('/') + 1);
         const std::string note =

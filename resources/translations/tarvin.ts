@@ -222,6 +222,10 @@ Modified Date       : %4</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Its Trash is on another volume</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>This volume has no Trash</source>
         <translation type="unfinished"></translation>
     </message>

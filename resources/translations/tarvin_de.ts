@@ -229,6 +229,10 @@ Geändert       : %4</translation>
         <translation>Vorher abgebrochen</translation>
     </message>
     <message>
+        <source>Its Trash is on another volume</source>
+        <translation>Sein Papierkorb liegt auf einem anderen Laufwerk</translation>
+    </message>
+    <message>
         <source>This volume has no Trash</source>
         <translation>Kein Papierkorb auf diesem Laufwerk</translation>
     </message>

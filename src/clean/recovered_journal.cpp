@@ -29,10 +29,11 @@ bool hasJournal(Platform& platform) {
 }
 
 std::optional<StoreError> recoverAtStart(Platform& platform, DataFile& totals) {
-    if (!hasJournal(platform)) {
+    const std::optional<std::string> folder = platform.applicationSupportFolder();
+    if (!folder || !CleanUpJournal::isIn(*folder)) {
         return std::nullopt;
     }
-    auto journal = CleanUpJournal::open(*platform.applicationSupportFolder());
+    auto journal = CleanUpJournal::open(*folder);
     if (auto* error = std::get_if<StoreError>(&journal)) {
         return std::move(*error);
     }

@@ -85,6 +85,7 @@ class Recovery final {
             return files.error().code == ENOENT || files.error().code == ENOTDIR;
         }
         std::vector<FileIdentity> wanted;
+        wanted.reserve(moves.size());
         for (const JournalMove& move : moves) {
             wanted.push_back({files->identity.device, move.inode});
         }

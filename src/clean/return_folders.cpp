@@ -79,15 +79,16 @@ ReturnFolders::Opened ReturnFolders::make(const std::string& path) {
     if (there || there.error().code != ENOENT || slash == std::string::npos || path == "/") {
         return there;
     }
-    const Opened parent = make(slash == 0 ? "/" : path.substr(0, slash));
+    Opened parent = make(slash == 0 ? "/" : path.substr(0, slash));
     if (!parent) {
         return parent;
     }
     const std::string name = path.substr(slash + 1);
-    if (const std::optional<SystemError> failure = makeFolderAt((*parent)->descriptor, name);
-        failure && failure->code != EEXIST) {
+    const std::optional<SystemError> failure = makeFolderAt((*parent)->descriptor, name);
+    if (failure && failure->code != EEXIST) {
         return *failure;
-    } else if (!failure) {
+    }
+    if (!failure) {
         made_.emplace_back(*parent, name);
     }
     return open(path);

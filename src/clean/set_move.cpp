@@ -76,7 +76,7 @@ Result<SetMove::Seen> SetMove::look(const File& file) {
     if (!now) {
         return now.error();
     }
-    return Seen{*folder, std::move(*now)};
+    return Seen{*folder, *now};
 }
 
 SetMove::Match SetMove::match(const File& file, const FileAttributes& now) const {

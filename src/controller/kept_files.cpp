@@ -60,9 +60,10 @@ QString KeptFiles::reasonOf(const MoveResult& result) {
 QString KeptFiles::refusalText(const MoveResult& result) {
     switch (result.refusal) {
         case TrashRefusalKind::noVolume:
-        case TrashRefusalKind::otherVolume:
         case TrashRefusalKind::noHome:
             return tr("This volume has no Trash");
+        case TrashRefusalKind::otherVolume:
+            return tr("Its Trash is on another volume");
         case TrashRefusalKind::system:
             break;
         default:

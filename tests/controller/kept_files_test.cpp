@@ -34,9 +34,10 @@ TEST(KeptFiles, TellsRefusalsByTheirKindAndElseInTheWordsOfTheSystem) {
     EXPECT_EQ(refusal(TrashRefusalKind::system, EACCES), "Permission denied");
     EXPECT_EQ(refusal(TrashRefusalKind::system, EPERM), "Permission denied");
     EXPECT_EQ(refusal(TrashRefusalKind::system, EROFS), "the words of the system");
-    for (const TrashRefusalKind kind : {noVolume, noHome, otherVolume}) {
+    for (const TrashRefusalKind kind : {noVolume, noHome}) {
         EXPECT_EQ(refusal(kind), "This volume has no Trash");
     }
+    EXPECT_EQ(refusal(otherVolume), "Its Trash is on another volume");
     for (const TrashRefusalKind kind : {link, notFolder, notOurs, notPrivate, noName}) {
         EXPECT_EQ(refusal(kind), "the words of the system");
     }
