@@ -202,7 +202,7 @@ TEST_F(HomeTrash, GivesUpAfterFortyNames) {
 
 TEST_F(HomeTrash, TakesWhatTwoMoveAtOnce) {
     const TemporaryFolder other;
-    const auto work = [this](const TemporaryFolder& folder, TrashMover& mover) {
+    const auto work = [](const TemporaryFolder& folder, TrashMover& mover) {
         const auto open = systemFileSystem().openDirectory(folder.path());
         for (int each = 0; each < 500; ++each) {
             folder.writeFile("a.txt", "bytes");
