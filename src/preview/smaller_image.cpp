@@ -32,6 +32,18 @@ QImage reduced(const QImage& image, int factor) {
     return result;
 }
 
+/// What QImage calls mirrored() has the name flipped() from Qt 6.9 on.
+QImage flipped(const QImage& image, bool horizontally, bool vertically) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 9, 0)
+    Qt::Orientations axes;
+    axes.setFlag(Qt::Horizontal, horizontally);
+    axes.setFlag(Qt::Vertical, vertically);
+    return image.flipped(axes);
+#else
+    return image.mirrored(horizontally, vertically);
+#endif
+}
+
 }  // namespace
 
 QSize fitted(QSize size, int longestSide) {
@@ -54,12 +66,12 @@ QImage turned(const QImage& image, QImageIOHandler::Transformations transformati
     if (transformations == QImageIOHandler::TransformationNone) {
         return image;
     }
-    const QImage mirrored =
-        image.mirrored(transformations.testFlag(QImageIOHandler::TransformationMirror),
-                       transformations.testFlag(QImageIOHandler::TransformationFlip));
+    const QImage upright =
+        flipped(image, transformations.testFlag(QImageIOHandler::TransformationMirror),
+                transformations.testFlag(QImageIOHandler::TransformationFlip));
     return transformations.testFlag(QImageIOHandler::TransformationRotate90)
-               ? mirrored.transformed(QTransform().rotate(90))
-               : mirrored;
+               ? upright.transformed(QTransform().rotate(90))
+               : upright;
 }
 
 }  // namespace tarvin
