@@ -36,7 +36,7 @@ class SwitchedTrash final : public TrashMover {
             const SystemError error = attributes.error();
             return TrashRefusal{TrashRefusalKind::system, error, error.text()};
         }
-        return std::move(*attributes);
+        return *attributes;
     }
     std::optional<TrashRefusal> putBack(const TrashPlace& place, const Descriptor& folder,
                                         const char* name) override {

@@ -34,7 +34,7 @@ void InformationWindow::setInformationWindowInPlaceOf(DialogPanel& panel,
     showInPlaceOf(panel);
 }
 
-void InformationWindow::fill(const Information& information) {
+void InformationWindow::fill(const Information& information) const {
     const InformationPanel& panel = *window_.informationWindow;
     panel.informationHeader->setText(information.informationHeader);
     panel.scanInfoCount->setText(information.duplicatesCount);

@@ -41,7 +41,7 @@ class InformationWindow final : public QObject {
     void closed();
 
  private:
-    void fill(const Information& information);
+    void fill(const Information& information) const;
 
     MainWindow& window_;
 };
