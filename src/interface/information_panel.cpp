@@ -82,7 +82,7 @@ void InformationPanel::placeLines() {
     placeKeptLine(top);
 }
 
-void InformationPanel::placeKeptLine(int top) {
+void InformationPanel::placeKeptLine(int top) const {
     constexpr int height = 20;
     constexpr int gap = 4;
     const QSize button = keptShow->sizeHint();

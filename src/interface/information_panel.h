@@ -36,7 +36,7 @@ class InformationPanel final : public DialogPanel {
 
  private:
     void placeLines();
-    void placeKeptLine(int top);
+    void placeKeptLine(int top) const;
 };
 
 }  // namespace tarvin
