@@ -15,20 +15,6 @@ namespace fs = std::filesystem;
 using SteadyClock = std::chrono::steady_clock;
 using std::chrono::microseconds;
 
-/// Sets of three files; two of each are to go.
-Originals writeTriples(const std::string& tree, std::size_t sets) {
-    Originals originals;
-    for (const char* folder : {"/a", "/b", "/c"}) {
-        fs::create_directories(tree + folder);
-        for (std::size_t number = 0; number < sets; ++number) {
-            const std::string path = tree + folder + '/' + std::to_string(number) + ".jpg";
-            originals[path] = "content " + std::to_string(number);
-            writeBytes(path, originals[path]);
-        }
-    }
-    return originals;
-}
-
 /// Once the program has moved so many files, or has ended.
 void waitForMoves(const TrialHome& home, const Program& program, std::size_t files) {
     while (!program.hasEnded() && home.trashed() < files) {
@@ -82,7 +68,7 @@ class KillTrial final {
     void writeAnew() {
         place_.home.renew();
         fs::remove_all(place_.tree);
-        originals_ = writeTriples(place_.tree, sets_);
+        originals_ = writeSets(place_.tree, {"/a", "/b", "/c"}, sets_);
     }
 
     [[nodiscard]] std::vector<std::string> words() const {

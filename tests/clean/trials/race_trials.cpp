@@ -17,19 +17,6 @@ struct Race {
     std::size_t failed = 0;     ///< programs that did not come to their end by themselves
 };
 
-Originals writePairs(const std::string& tree, std::size_t sets) {
-    Originals originals;
-    for (const char* folder : {"/a", "/b"}) {
-        fs::create_directories(tree + folder);
-        for (std::size_t number = 0; number < sets; ++number) {
-            const std::string path = tree + folder + '/' + std::to_string(number) + ".jpg";
-            originals[path] = "content " + std::to_string(number);
-            writeBytes(path, originals[path]);
-        }
-    }
-    return originals;
-}
-
 std::size_t filesIn(const std::string& folder) {
     return static_cast<std::size_t>(
         std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
@@ -39,7 +26,7 @@ std::size_t filesIn(const std::string& folder) {
 void raceOnce(const TrialPlace& place, std::size_t sets, bool twoUsers, Race& race) {
     place.home.renew();
     fs::remove_all(place.tree);
-    const Originals originals = writePairs(place.tree, sets);
+    const Originals originals = writeSets(place.tree, {"/a", "/b"}, sets);
     const std::string a = place.tree + "/a";
     const std::string b = place.tree + "/b";
     const std::string other = twoUsers ? place.home.path() + "/other" : std::string();

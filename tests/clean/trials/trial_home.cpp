@@ -160,6 +160,20 @@ Losses lossesOf(const TrialHome& home, const Originals& originals) {
     return losses;
 }
 
+Originals writeSets(const std::string& tree, std::initializer_list<const char*> folders,
+                    std::size_t sets) {
+    Originals originals;
+    for (const char* folder : folders) {
+        fs::create_directories(tree + folder);
+        for (std::size_t number = 0; number < sets; ++number) {
+            const std::string path = tree + folder + '/' + std::to_string(number) + ".jpg";
+            originals[path] = "content " + std::to_string(number);
+            writeBytes(path, originals[path]);
+        }
+    }
+    return originals;
+}
+
 bool recoverAsAtTheStart() {
     DataFile totals(supportFolder());
     return !recoverAtStart(systemPlatform(), totals).has_value();

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <map>
 #include <memory>
 #include <string>
@@ -51,6 +52,10 @@ struct Losses {
 
 /// Compares what is there now with what was. All clean-ups have ended or been recovered.
 [[nodiscard]] Losses lossesOf(const TrialHome& home, const Originals& originals);
+
+/// Writes sets of equal files, one of each set in each of `folders`, whose paths begin with '/'.
+[[nodiscard]] Originals writeSets(const std::string& tree,
+                                  std::initializer_list<const char*> folders, std::size_t sets);
 
 /// Finds out what became of clean-ups whose process was killed, as the programs do at their start.
 /// False if that failed.
