@@ -29,16 +29,10 @@ ListTable::ListTable(const QVector<Column>& columns, int heightOfRows, QWidget* 
     verticalHeader()->setMinimumSectionSize(1);
     verticalHeader()->setDefaultSectionSize(heightOfRows);
     setItemDelegate(new ListCellDelegate(*this));
-    setFrameShape(QFrame::NoFrame);
     setShowGrid(false);
     setWordWrap(false);
     setCornerButtonEnabled(false);
-    setTabKeyNavigation(false);
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
-    setEditTriggers(NoEditTriggers);
-    setVerticalScrollMode(ScrollPerPixel);
-    keepStillSideways(*this);
+    setUpList(*this);
     useNeutralStyle(this);
 }
 

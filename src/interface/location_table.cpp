@@ -37,16 +37,10 @@ LocationTable::LocationTable(QWidget* parent)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(heightOfRows);
-    setFrameShape(QFrame::NoFrame);
     setShowGrid(false);
     setWordWrap(false);
     setMouseTracking(true);
-    setTabKeyNavigation(false);
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
-    setEditTriggers(NoEditTriggers);
-    setVerticalScrollMode(ScrollPerPixel);
-    keepStillSideways(*this);
+    setUpList(*this);
     setContextMenuPolicy(Qt::CustomContextMenu);
     setAcceptDrops(true);
     setDragDropMode(DropOnly);

@@ -45,17 +45,11 @@ ResultTable::ResultTable(QWidget* parent) : QTableView(parent) {
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(heightOfRows);
     setItemDelegate(new ResultCellDelegate(this));
-    setFrameShape(QFrame::NoFrame);
     setShowGrid(false);
     setWordWrap(false);
     setCornerButtonEnabled(false);
     setMouseTracking(true);
-    setTabKeyNavigation(false);
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
-    setEditTriggers(NoEditTriggers);
-    setVerticalScrollMode(ScrollPerPixel);
-    keepStillSideways(*this);
+    setUpList(*this);
     useNeutralStyle(this);
     AccessibleList::install();
 }
