@@ -153,7 +153,8 @@ CLI::App& RestoreCommand::addTo(CLI::App& program) {
 
 ExitStatus RestoreCommand::run() {
     if (!takeNumber()) {
-        return refuse(shownName(number_.value_or("")) + " is not the number of a clean-up", helpCommand);
+        return refuse(shownName(number_.value_or("")) + " is not the number of a clean-up",
+                      helpCommand);
     }
     if (!list_ && !dryRun_ && !yes_ && !canAsk()) {
         complain("there is nobody to ask; give --yes, or --dry-run to see what would be put back");
