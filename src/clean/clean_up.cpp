@@ -40,7 +40,7 @@ class CleanUp::Turn final : public SetMover {
         MoveResult result;
         if (!row) {
             result = {MoveOutcome::refused, "it was not written down before"};
-        } else if (refusal_ && cleanUp_.isStopped()) {
+        } else if (refusal_ && cleanUp_.endsWaiting()) {
             result = {MoveOutcome::stopped, {}};
         } else if (refusal_) {
             result = {MoveOutcome::refused, refusal_->text(), TrashRefusalKind::system, *refusal_};
@@ -127,13 +127,14 @@ std::optional<SystemError> CleanUp::takeTurn() {
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
             deadline - std::chrono::steady_clock::now());
         refusal = turn_.take(std::clamp(left, std::chrono::milliseconds(0), betweenLooksForStop));
-    } while (refusal && refusal->code == EBUSY && !isStopped() &&
+    } while (refusal && refusal->code == EBUSY && !endsWaiting() &&
              std::chrono::steady_clock::now() < deadline);
     return refusal;
 }
 
-bool CleanUp::isStopped() const {
-    return settings_.stopped && settings_.stopped();
+bool CleanUp::endsWaiting() const {
+    return (settings_.stopped && settings_.stopped()) ||
+           (settings_.endsWaiting && settings_.endsWaiting());
 }
 
 PlannedMove CleanUp::planFor(const File& file) {

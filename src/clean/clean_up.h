@@ -39,6 +39,8 @@ class CleanUp final : public FileMover {
         WholeSets wholeSets = WholeSets::keepOne;
         Report report;                             ///< told of each file; may be empty
         std::function<bool()> stopped;             ///< asked before each file; may be empty
+        /// Asked while another clean-up has its turn, whether to go on without; may be empty.
+        std::function<bool()> endsWaiting;
         std::function<void(MoveStep)> beforeStep;  ///< for tests; may be empty
         /// How long a folder that was looked at is believed to stand where it was.
         std::chrono::milliseconds foldersTrusted{100};
@@ -76,7 +78,7 @@ class CleanUp final : public FileMover {
     };
 
     [[nodiscard]] std::optional<SystemError> takeTurn();
-    [[nodiscard]] bool isStopped() const;
+    [[nodiscard]] bool endsWaiting() const;
     [[nodiscard]] PlannedMove planFor(const File& file);
     [[nodiscard]] const std::string& realPathOf(const Directory& folder);
     [[nodiscard]] bool keep(std::optional<StoreError> failure);

@@ -14,8 +14,11 @@
 #include "interface/result_screen.h"
 #include "interface/result_table.h"
 #include "interface/text_block.h"
+#include "platform/start_thread.h"
 
 #include <QLabel>
+#include <optional>
+#include <thread>
 #include <utility>
 
 namespace tarvin {
@@ -30,59 +33,85 @@ constexpr int yes = 0;
 /// One run. Its parts live until it is over.
 class DeletionTask::Run final {
  public:
-    /// `cleanUp` reports to `kept`.
-    Run(std::shared_ptr<Modal> modal, std::unique_ptr<CleanUpRun> cleanUp,
-        std::shared_ptr<KeptFiles> kept, Session& session, DeletionControl& control)
-        : session_(session),
-          control_(control),
-          modal_(std::move(modal)),
-          kept_(std::move(kept)),
-          cleanUp_(std::move(cleanUp)),
-          walk_(*modal_, cleanUp_->cleanUp(), control,
-                [this](const Set& set, const DeletionWalk::Progress& progress) {
-                    lastBegun_ = &set;
-                    indicator_ = progress.indicator;
-                }) {}
+    Run(std::shared_ptr<Modal> modal, Session& session, DeletionControl& control)
+        : session_(session), control_(control), modal_(std::move(modal)) {}
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+    ~Run() { wait(); }
 
     /// `over` is called on the run's thread, when the totals have been stored.
     void start(std::function<void()> over) {
-        walk_.start([this, over = std::move(over)](const DeletionWalk::Progress& progress) {
-            indicator_ = progress.indicator;
-            moved_ = {progress.deletedCount, progress.deletedSize};
-            addRest();
-            session_.finishCleanUp(*cleanUp_);
+        const auto run = [this, over = std::move(over)] {
+            work();
             over();
-        });
+        };
+        thread_ = startThread(run);
+        if (!thread_.joinable()) {
+            run();
+        }
     }
 
-    void wait() { walk_.wait(); }
+    void wait() {
+        if (thread_.joinable()) {
+            thread_.join();
+        }
+    }
 
     [[nodiscard]] std::uint64_t indicator() const { return indicator_; }
-    /// After wait().
+
+    // After wait().
+
+    /// Why it could not begin.
+    [[nodiscard]] const std::optional<StoreError>& refusal() const { return refusal_; }
     [[nodiscard]] const RemovalResult& moved() const { return moved_; }
-    /// After wait().
-    [[nodiscard]] const KeptFiles& kept() const { return *kept_; }
+    [[nodiscard]] const KeptFiles& kept() const { return kept_; }
 
  private:
+    /// Opening waits for others who have the journal, and for drives.
+    void work() {
+        CleanUp::Settings settings;
+        settings.wholeSets = CleanUp::WholeSets::goIfMarked;
+        settings.report = [this](const File& file, const MoveResult& result) {
+            kept_.add(file, result);
+        };
+        settings.endsWaiting = [this] { return control_.stopDeletion(); };
+        auto opened = CleanUpRun::open(session_.platform, session_.data, std::move(settings));
+        if (auto* error = std::get_if<StoreError>(&opened)) {
+            refusal_ = std::move(*error);
+            return;
+        }
+        CleanUpRun& cleanUp = *std::get<std::unique_ptr<CleanUpRun>>(opened);
+        DeletionWalk walk(*modal_, cleanUp.cleanUp(), control_,
+                          [this](const Set& set, const DeletionWalk::Progress& progress) {
+                              lastBegun_ = &set;
+                              indicator_ = progress.indicator;
+                          });
+        walk.start(
+            [this](const DeletionWalk::Progress& progress) { indicator_ = progress.indicator; });
+        moved_ = walk.wait();
+        addRest(cleanUp.cleanUp().failure());
+        session_.finishCleanUp(cleanUp);
+    }
+
     /// What a stop, or a journal that could not be written, has kept from its turn.
-    void addRest() {
-        const std::optional<StoreError>& failure = cleanUp_->cleanUp().failure();
+    void addRest(const std::optional<StoreError>& failure) {
         if (control_.stopDeletion()) {
-            kept_->addRest(*modal_, lastBegun_, {MoveOutcome::stopped, {}});
+            kept_.addRest(*modal_, lastBegun_, {MoveOutcome::stopped, {}});
         } else if (failure) {
-            kept_->addRest(*modal_, lastBegun_, {MoveOutcome::refused, failure->text});
+            kept_.addRest(*modal_, lastBegun_, {MoveOutcome::refused, failure->text});
         }
     }
 
     Session& session_;
-    const DeletionControl& control_;
+    DeletionControl& control_;
     const std::shared_ptr<Modal> modal_;
-    const std::shared_ptr<KeptFiles> kept_;      // the walk's own, until it is over
-    const Set* lastBegun_ = nullptr;             // the same
-    const std::unique_ptr<CleanUpRun> cleanUp_;  // the walk's own, until it is over
     std::atomic<std::uint64_t> indicator_{0};
+    // The run's own until it is over.
+    KeptFiles kept_;
+    const Set* lastBegun_ = nullptr;
+    std::optional<StoreError> refusal_;
     RemovalResult moved_;
-    DeletionWalk walk_;  // the last: it ends before what it uses
+    std::thread thread_;
 };
 
 DeletionTask::DeletionTask(Session& session, Results& results, MainWindow& window, Alerts& alerts,
@@ -138,23 +167,10 @@ void DeletionTask::begin(bool unMarkAllEnabled) {
         case DeletionStart::run:
             break;
     }
-    CleanUp::Settings settings;
-    settings.wholeSets = CleanUp::WholeSets::goIfMarked;
-    const auto kept = std::make_shared<KeptFiles>();
-    settings.report = [kept](const File& file, const MoveResult& result) {
-        kept->add(file, result);
-    };
-    auto opened = CleanUpRun::open(session_.platform, session_.data, std::move(settings));
-    if (const auto* error = std::get_if<StoreError>(&opened)) {
-        information_.setInformationWindow(noCleanUpInformation(error->text));
-        return;
-    }
     setDeletionView();
     results_.tree.keepStill();
     results_.files.setSet(nullptr, 0);
-    run_ = std::make_unique<Run>(results_.modal,
-                                 std::get<std::unique_ptr<CleanUpRun>>(std::move(opened)), kept,
-                                 session_, control_);
+    run_ = std::make_unique<Run>(results_.modal, session_, control_);
     run_->start([this] { Q_EMIT walkIsOver(); });
     redraw_.start();
 }
@@ -245,6 +261,10 @@ void DeletionTask::finish() {
     results_.showFiles();
     marking_.setMarkedFilesDetails();
     marking_.enableNecessaryButton();
+    if (run->refusal()) {
+        information_.setInformationWindow(noCleanUpInformation(run->refusal()->text));
+        return;
+    }
     kept_.setFiles(run->kept());
     information_.setInformationWindow(deletionReport(run->moved(), run->kept().count()));
 }

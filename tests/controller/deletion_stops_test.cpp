@@ -95,6 +95,32 @@ TEST_F(DeletionStop, AsksAndStillStoresAndReports) {
     EXPECT_TRUE(isThere("c2.txt"));
 }
 
+TEST_F(DeletionStop, EndsTheWaitForAnotherCleanUp) {
+    const LockFile turns(folder.pathOf("support/clean-up.turn"));
+    const auto turn = turns.tryTake(0);
+    ASSERT_TRUE(turn);
+    click("markAll");
+    click("finishButton");
+    click("stopDeleteBtn");
+    alerts.press(0);
+    ASSERT_TRUE(reported());
+    EXPECT_EQ(information()[1], "Duplicates Cleaned: 0");
+    EXPECT_TRUE(isThere("a2.jpg"));
+}
+
+TEST_F(DeletionStop, IsPossibleWhileSomebodyElseHasTheJournal) {
+    {
+        const auto others = FolderLock::take(folder.pathOf("support"));
+        ASSERT_TRUE(others);
+        click("markAll");
+        click("finishButton");
+        EXPECT_TRUE(delegate->deletion().isRunning());
+        EXPECT_TRUE(isEnabled("stopDeleteBtn"));
+    }
+    ASSERT_TRUE(reported());
+    EXPECT_EQ(information()[1], "Duplicates Cleaned: 4");
+}
+
 TEST_F(DeletionStop, EndsEveryLaterRunAtOnce) {
     ASSERT_NO_FATAL_FAILURE(stopInFirstSet());
     std::filesystem::remove(folder.pathOf("support/data.plist"));

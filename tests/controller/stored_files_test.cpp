@@ -39,10 +39,10 @@ class StoredFiles : public DeletionBench {
     void expectNoCleanUp() {
         click("markAll");
         click("finishButton");
+        EXPECT_TRUE(comesTrue([this] { return !delegate->deletion().isRunning(); }));
         EXPECT_EQ(information()[1],
                   "The clean-up could not begin: its moves cannot be written down.");
         EXPECT_NE(information()[2], "");
-        EXPECT_FALSE(delegate->deletion().isRunning());
         EXPECT_FALSE(window().deletionPreview->isVisible());
         EXPECT_TRUE(platform.trash().attempts().empty());
         EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 4");
