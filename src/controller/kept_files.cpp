@@ -14,19 +14,23 @@ void KeptFiles::add(const File& file, const MoveResult& result) {
     }
 }
 
-/// Those that the walk would have come to: it passes over what is not marked as a whole or in part.
+/// Those that the walk would have come to: it passes over what is not marked as a whole or in part,
+/// but goes through the extension in hand to its end, whatever its removals have made of its state.
 void KeptFiles::addRest(const Modal& modal, const Set* last, const MoveResult& result) {
     bool isBehind = last == nullptr;
     for (const auto& extension : modal.extensionsArray()) {
+        bool isWalked = extension->extensionState() != CheckState::off;
         for (const auto& set : extension->sets()) {
-            const bool isNext = isBehind && extension->extensionState() != CheckState::off &&
-                                set->setsState() != CheckState::off;
+            const bool isNext = isBehind && isWalked && set->setsState() != CheckState::off;
             for (const auto& file : set->files()) {
                 if (isNext && file->state() != CheckState::off) {
                     add(*file, result);
                 }
             }
-            isBehind = isBehind || set.get() == last;
+            if (set.get() == last) {
+                isBehind = true;
+                isWalked = true;
+            }
         }
     }
 }

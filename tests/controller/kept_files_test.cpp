@@ -65,6 +65,75 @@ TEST(KeptFiles, CountsAllAndListsTenThousand) {
     EXPECT_FALSE(list.index(9'999, 0).data(ListTable::mutedRole).toBool());
 }
 
+/// A list of extensions with sets of two files, "EXTENSION-SET-NUMBER", all of them marked but the
+/// first of each set.
+class KeptFilesOfAWalk : public testing::Test {
+ protected:
+    void SetUp() override {
+        for (const char* name : {"jpg", "png", "txt"}) {
+            const auto extension = std::make_shared<Extensions>(name);
+            modal_.addExtension(extension);
+            for (int number = 0; number < 3; ++number) {
+                extension->addSet(makeSet(std::string(name) + '-' + std::to_string(number)));
+            }
+            modal_.changeStateOfExtension(extension, nullptr, nullptr);
+        }
+    }
+
+    [[nodiscard]] Extensions& extension(std::size_t number) {
+        return *modal_.extensionsArray()[number];
+    }
+    [[nodiscard]] Set& set(std::size_t extensionNumber, std::size_t number) {
+        return *extension(extensionNumber).sets()[number];
+    }
+
+    /// What is listed behind a set, by the names of the files.
+    [[nodiscard]] std::vector<std::string> restBehind(const Set* last) const {
+        KeptFiles kept;
+        kept.addRest(modal_, last, {MoveOutcome::stopped, {}});
+        std::vector<std::string> names;
+        for (const FileReason& file : kept.reasons()) {
+            names.push_back(file.name.toStdString());
+        }
+        return names;
+    }
+
+ private:
+    static std::shared_ptr<Set> makeSet(const std::string& name) {
+        auto set = std::make_shared<Set>();
+        for (const char* number : {"-0", "-1"}) {
+            set->addFiles(FileStore::standalone("/somewhere/" + name + number, 10));
+        }
+        return set;
+    }
+
+    Modal modal_;
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(KeptFilesOfAWalk, AreTheMarkedOnesBehindTheLastSetThatWasBegun) {
+    EXPECT_EQ(restBehind(&set(1, 1)), (Names{"png-2-1", "txt-0-1", "txt-1-1", "txt-2-1"}));
+    EXPECT_EQ(restBehind(&set(2, 2)), Names());
+    EXPECT_EQ(restBehind(nullptr).size(), 9U);
+}
+
+TEST_F(KeptFilesOfAWalk, AreNoneOfWhatTheWalkPassesOver) {
+    extension(0).setExtensionState(CheckState::off);
+    extension(2).setExtensionState(CheckState::off);
+    set(1, 1).setSetsState(CheckState::off);
+    EXPECT_EQ(restBehind(nullptr), (Names{"png-0-1", "png-2-1"}));
+    EXPECT_EQ(restBehind(&set(1, 0)), (Names{"png-2-1"}));
+}
+
+TEST_F(KeptFilesOfAWalk, AreThoseOfTheExtensionInHandThoughItsRemovalsHaveTurnedItOff) {
+    extension(1).setExtensionState(CheckState::off);
+    EXPECT_EQ(restBehind(&set(1, 0)),
+              (Names{"png-1-1", "png-2-1", "txt-0-1", "txt-1-1", "txt-2-1"}));
+    // The walk was not in it.
+    EXPECT_EQ(restBehind(&set(0, 2)), (Names{"txt-0-1", "txt-1-1", "txt-2-1"}));
+}
+
 /// What a clean-up has left, in the report and in the list behind it.
 class KeptFilesOfADeletion : public DeletionBench {
  protected:
