@@ -33,6 +33,15 @@ class DeletionBench : public ResultBench {
         ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
     }
 
+    /// Deletes, stops the run while it is held there, with "YES", and waits for its report.
+    void deleteAndStopAt(const std::string& part) {
+        ASSERT_NO_FATAL_FAILURE(deleteAndHoldAt(part));
+        click("stopDeleteBtn");
+        alerts.press(0);
+        barrier.open();
+        ASSERT_TRUE(reported());
+    }
+
     /// Whether the run that was held sleeps now, behind a set or an extension.
     [[nodiscard]] bool isPaused() {
         return waitUntil([this] { return isAsleep(walker); });

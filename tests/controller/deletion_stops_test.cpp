@@ -27,11 +27,7 @@ class DeletionStop : public DeletionBench {
     /// Stops a run in its first set and puts its report away.
     void stopInFirstSet() {
         click("markAll");
-        deleteAndHoldAt("a2.jpg");
-        click("stopDeleteBtn");
-        alerts.press(0);
-        barrier.open();
-        ASSERT_TRUE(reported());
+        ASSERT_NO_FATAL_FAILURE(deleteAndStopAt("a2.jpg"));
         click("scanInforOKBtn");
     }
 

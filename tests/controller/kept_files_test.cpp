@@ -211,11 +211,7 @@ TEST_F(KeptFilesOfADeletion, ThoseOfTheLastRunAreForgotten) {
 
 TEST_F(KeptFilesOfADeletion, AStopAddsThoseWhoseTurnDidNotCome) {
     click("markAll");
-    deleteAndHoldAt("a2.jpg");
-    click("stopDeleteBtn");
-    alerts.press(0);
-    barrier.open();
-    ASSERT_TRUE(reported());
+    ASSERT_NO_FATAL_FAILURE(deleteAndStopAt("a2.jpg"));
     EXPECT_EQ(information()[1], "Duplicates Cleaned: 1");
     EXPECT_EQ(textOf("keptLine"), "3 files were left where they are.");
     click("keptShow");
