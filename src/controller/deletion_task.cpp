@@ -4,6 +4,7 @@
 #include "controller/home_image.h"
 #include "controller/result_texts.h"
 #include "controller/scan_screen_texts.h"
+#include "controller/work_thread.h"
 #include "controls/button_hover_simple.h"
 #include "controls/hover_button.h"
 #include "controls/menu_button.h"
@@ -14,11 +15,9 @@
 #include "interface/result_screen.h"
 #include "interface/result_table.h"
 #include "interface/text_block.h"
-#include "platform/start_thread.h"
 
 #include <QLabel>
 #include <optional>
-#include <thread>
 #include <utility>
 
 namespace tarvin {
@@ -41,21 +40,10 @@ class DeletionTask::Run final {
 
     /// `over` is called on the run's thread, when the totals have been stored.
     void start(std::function<void()> over) {
-        const auto run = [this, over = std::move(over)] {
-            work();
-            over();
-        };
-        thread_ = startThread(run);
-        if (!thread_.joinable()) {
-            run();
-        }
+        thread_.start([this] { work(); }, std::move(over));
     }
 
-    void wait() {
-        if (thread_.joinable()) {
-            thread_.join();
-        }
-    }
+    void wait() { thread_.wait(); }
 
     [[nodiscard]] std::uint64_t indicator() const { return indicator_; }
 
@@ -111,7 +99,7 @@ class DeletionTask::Run final {
     const Set* lastBegun_ = nullptr;
     std::optional<StoreError> refusal_;
     RemovalResult moved_;
-    std::thread thread_;
+    WorkThread thread_;
 };
 
 DeletionTask::DeletionTask(Session& session, Results& results, MainWindow& window, Alerts& alerts,

@@ -1,7 +1,5 @@
 #include "controller/put_back_run.h"
 
-#include "platform/start_thread.h"
-
 #include <utility>
 
 namespace tarvin {
@@ -15,29 +13,11 @@ PutBackRun::~PutBackRun() {
 }
 
 void PutBackRun::examine(std::function<void()> over) {
-    start([this] { lookForCleanUp(); }, std::move(over));
+    thread_.start([this] { lookForCleanUp(); }, std::move(over));
 }
 
 void PutBackRun::putBack(std::function<void()> over) {
-    start([this] { bringBack(); }, std::move(over));
-}
-
-void PutBackRun::start(std::function<void()> work, std::function<void()> over) {
-    wait();
-    const auto run = [work = std::move(work), over = std::move(over)] {
-        work();
-        over();
-    };
-    thread_ = startThread(run);
-    if (!thread_.joinable()) {
-        run();
-    }
-}
-
-void PutBackRun::wait() {
-    if (thread_.joinable()) {
-        thread_.join();
-    }
+    thread_.start([this] { bringBack(); }, std::move(over));
 }
 
 void PutBackRun::lookForCleanUp() {

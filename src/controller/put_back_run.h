@@ -3,6 +3,7 @@
 #include "clean/put_back.h"
 #include "controller/file_reasons.h"
 #include "controller/put_back_list.h"
+#include "controller/work_thread.h"
 #include "platform/platform.h"
 #include "store/data_file.h"
 
@@ -11,7 +12,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <thread>
 #include <variant>
 #include <vector>
 
@@ -38,7 +38,7 @@ class PutBackRun final {
     /// How many files have come back.
     [[nodiscard]] std::uint64_t done() const { return done_; }
     /// Waits until nothing runs.
-    void wait();
+    void wait() { thread_.wait(); }
 
     // After examine().
 
@@ -59,7 +59,6 @@ class PutBackRun final {
     [[nodiscard]] const DataFile& totals() const { return totals_; }
 
  private:
-    void start(std::function<void()> work, std::function<void()> over);
     void lookForCleanUp();
     void bringBack();
     void count(const PutBackFile& file);
@@ -77,7 +76,7 @@ class PutBackRun final {
     std::uint64_t failed_ = 0;
     std::vector<PutBackFile> failures_;
     std::optional<StoreError> failure_;
-    std::thread thread_;
+    WorkThread thread_;
 };
 
 }  // namespace tarvin
