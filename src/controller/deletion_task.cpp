@@ -63,6 +63,7 @@ class DeletionTask::Run final {
             kept_.add(file, result);
         };
         settings.endsWaiting = [this] { return control_.stopDeletion(); };
+        const StoredTotals before = session_.data.shown();
         auto opened = CleanUpRun::open(session_.platform, session_.data, std::move(settings));
         if (auto* error = std::get_if<StoreError>(&opened)) {
             refusal_ = std::move(*error);
@@ -78,7 +79,7 @@ class DeletionTask::Run final {
             [this](const DeletionWalk::Progress& progress) { indicator_ = progress.indicator; });
         moved_ = walk.wait();
         addRest(cleanUp.cleanUp().failure());
-        session_.finishCleanUp(cleanUp);
+        session_.finishCleanUp(cleanUp, before, moved_);
     }
 
     /// What a stop, or a journal that could not be written, has kept from its turn.

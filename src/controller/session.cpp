@@ -11,8 +11,12 @@ void Session::loadDataFile() {
     static_cast<void>(exceptions.load());
 }
 
-void Session::finishCleanUp(CleanUpRun& cleanUp) {
-    if (!cleanUp.finish(data)) {
+void Session::finishCleanUp(CleanUpRun& cleanUp, const StoredTotals& before,
+                            const RemovalResult& moved) {
+    if (cleanUp.finish(data)) {
+        // What is missing in the journal is found out at the next start; until then memory has it.
+        data.showAtLeast(before, moved.deletedFilesCount, moved.deletedFilesSize);
+    } else {
         // The totals are written also where nothing was moved: somebody may have removed the file.
         static_cast<void>(data.addDeleted(0, 0));
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "clean/clean_up_run.h"
+#include "model/set.h"
 #include "platform/platform.h"
 #include "store/data_file.h"
 #include "store/exception_file.h"
@@ -44,8 +45,10 @@ struct Session {
 
     [[nodiscard]] std::int64_t alreadyDeletedCount() const { return data.alreadyDeletedCount(); }
     [[nodiscard]] std::uint64_t alreadyDeletedSize() const { return data.alreadyDeletedSize(); }
-    /// Ends a clean-up and counts what it has moved. Any thread, while no other asks for totals.
-    void finishCleanUp(CleanUpRun& cleanUp);
+    /// Ends a clean-up and counts what it has moved: as the journal has it or, where that could not
+    /// be written, `moved` on top of the totals that were shown `before` the clean-up was opened.
+    /// Any thread, while no other asks for totals.
+    void finishCleanUp(CleanUpRun& cleanUp, const StoredTotals& before, const RemovalResult& moved);
 
     /// The files that no scan takes.
     [[nodiscard]] const std::vector<std::string>& exceptionArrayData() const {

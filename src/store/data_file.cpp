@@ -3,6 +3,7 @@
 #include "platform/durable_file.h"
 #include "store/stored_list.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -149,6 +150,11 @@ std::optional<StoreError> DataFile::store(std::uint64_t count, std::uint64_t siz
     putAside_ = std::move(data.aside);
     setTotals(data.list, {sumOf(data.totals.count, count), sumOf(data.totals.size, size)});
     return writeStoredList(dataPath_, data.list);
+}
+
+void DataFile::showAtLeast(const StoredTotals& before, std::uint64_t count, std::uint64_t size) {
+    showInMemory(
+        {std::max(count_, sumOf(before.count, count)), std::max(size_, sumOf(before.size, size))});
 }
 
 void DataFile::refresh() {

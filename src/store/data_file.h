@@ -85,6 +85,11 @@ class DataFile final {
         count_ = totals.count;
         size_ = totals.size;
     }
+    /// Has memory say no less than `before` with so many files and bytes more: they were moved, but
+    /// could not be written down where the totals come from. Until lock() or refresh() succeeds.
+    void showAtLeast(const StoredTotals& before, std::uint64_t count, std::uint64_t size);
+    /// What memory says.
+    [[nodiscard]] StoredTotals shown() const { return {count_, size_}; }
     /// What memory said before showInMemory().
     [[nodiscard]] const StoredTotals& known() const { return known_; }
 

@@ -1,9 +1,12 @@
-#include "controller/deletion_bench.h"
+#include "controller/put_back_bench.h"
 #include "interface/translation.h"
 #include "store/clean_up_journal.h"
 #include "store/property_list.h"
 
+#include <sys/resource.h>
+
 #include <QCoreApplication>
+#include <csignal>
 #include <fstream>
 #include <iterator>
 
@@ -181,6 +184,75 @@ TEST_F(StoredFiles, CountWhatACleanUpHasMovedWhoseProcessHasEnded) {
 TEST_F(StoredFiles, AreLeftAloneByARecoveryWithoutAJournal) {
     launch();
     EXPECT_FALSE(std::filesystem::exists(folder.pathOf("support/clean-ups.sqlite")));
+}
+
+/// Notes of the Trash and the totals find room, the journal does not: a limit of the process stands
+/// in for a full disk.
+class WithoutRoomForTheJournal : public PutBackBench {
+ protected:
+    WithoutRoomForTheJournal() {
+        usualHandler_ = std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &usual_);
+    }
+    ~WithoutRoomForTheJournal() override {
+        makeRoom();
+        static_cast<void>(std::signal(SIGXFSZ, usualHandler_));
+    }
+
+    void SetUp() override {
+        writeThreeSets();
+        scanAndReview();
+    }
+
+    /// Deletes what is marked; the room goes when the moves have been planned and none is made.
+    [[nodiscard]] std::string deleteAndFillAt(const std::string& part) {
+        deleteAndHoldAt(part);
+        const rlimit limit{1000, usual_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        barrier.open();
+        return reported() ? information()[1] : "no report";
+    }
+    void makeRoom() { ::setrlimit(RLIMIT_FSIZE, &usual_); }
+
+ private:
+    rlimit usual_{};
+    void (*usualHandler_)(int) = nullptr;
+};
+
+TEST_F(WithoutRoomForTheJournal, TheTotalsOnScreenAreThoseOfTheReport) {
+    click("markAll");
+    EXPECT_EQ(deleteAndFillAt("a2.jpg"), "Duplicates Cleaned: 4");
+    EXPECT_FALSE(isThere("a2.jpg"));
+    EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 4 (0.02 KB)");
+    EXPECT_EQ(delegate->session().alreadyDeletedCount(), 4);
+    EXPECT_EQ(delegate->session().alreadyDeletedSize(), 22U);
+    EXPECT_EQ(storedTotals().alreadyDeletedCount(), 0);
+}
+
+TEST_F(WithoutRoomForTheJournal, TheNextStartCountsOnceWhatWasMoved) {
+    click("markAll");
+    EXPECT_EQ(deleteAndFillAt("a2.jpg"), "Duplicates Cleaned: 4");
+    delegate.reset();
+    makeRoom();
+    launch();
+    EXPECT_TRUE(comesTrue([this] { return window().home->cleanHistory->isVisible(); }));
+    EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 4 (0.02 KB)");
+    EXPECT_EQ(storedTotals().alreadyDeletedCount(), 4);
+}
+
+TEST_F(WithoutRoomForTheJournal, TheTotalsStayAndTheNextCleanUpCountsOnce) {
+    clickBox(tree().indexOfSet(0, 0));
+    EXPECT_EQ(deleteAndFillAt("a2.jpg"), "Duplicates Cleaned: 1");
+    click("scanInforOKBtn");
+    click("markAll");
+    // There is no room for its plan.
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 0");
+    click("scanInforOKBtn");
+    EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 1 (0.00 KB)");
+    makeRoom();
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");
+    EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 4 (0.02 KB)");
+    EXPECT_EQ(storedTotals().alreadyDeletedCount(), 4);
 }
 
 class InGerman : public StoredFiles {
