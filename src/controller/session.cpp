@@ -1,6 +1,20 @@
 #include "controller/session.h"
 
+#include <variant>
+
 namespace tarvin {
+
+namespace {
+
+/// Also where nothing was moved: somebody may have removed the file, or taken a total out of it.
+void storeTotals(DataFile& data) {
+    auto locked = data.lock();
+    if (auto* totals = std::get_if<LockedTotals>(&locked)) {
+        static_cast<void>(totals->store(totals->stored()));
+    }
+}
+
+}  // namespace
 
 Session::Session(Platform& thePlatform)
     : platform(thePlatform), data(appSupportPath()), exceptions(appSupportPath()) {}
@@ -17,8 +31,7 @@ void Session::finishCleanUp(CleanUpRun& cleanUp, const StoredTotals& before,
         // What is missing in the journal is found out at the next start; until then memory has it.
         data.showAtLeast(before, moved.deletedFilesCount, moved.deletedFilesSize);
     } else {
-        // The totals are written also where nothing was moved: somebody may have removed the file.
-        static_cast<void>(data.addDeleted(0, 0));
+        storeTotals(data);
     }
 }
 

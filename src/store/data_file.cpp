@@ -125,33 +125,6 @@ void DataFile::makeFirst() const {
     }
 }
 
-std::optional<StoreError> DataFile::addDeleted(std::uint64_t count, std::uint64_t size) {
-    putAside_.clear();
-    const StoredTotals old = known_;
-    known_ = {sumOf(known_.count, count), sumOf(known_.size, size)};
-    showInMemory({sumOf(count_, count), sumOf(size_, size)});
-    return folder_ ? store(count, size, old) : std::nullopt;
-}
-
-/// The old totals stand in for those of a file that has gone meanwhile.
-std::optional<StoreError> DataFile::store(std::uint64_t count, std::uint64_t size,
-                                          const StoredTotals& old) {
-    // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
-    const Result<FolderLock> lock = FolderLock::take(*folder_);
-    if (!lock) {
-        // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
-        return storeErrorOf(*folder_, lock.error());
-    }
-    auto opened = openData(dataPath_, old);
-    if (auto* error = std::get_if<StoreError>(&opened)) {
-        return std::move(*error);
-    }
-    auto& data = std::get<OpenedData>(opened);
-    putAside_ = std::move(data.aside);
-    setTotals(data.list, {sumOf(data.totals.count, count), sumOf(data.totals.size, size)});
-    return writeStoredList(dataPath_, data.list);
-}
-
 void DataFile::showAtLeast(const StoredTotals& before, std::uint64_t count, std::uint64_t size) {
     showInMemory(
         {std::max(count_, sumOf(before.count, count)), std::max(size_, sumOf(before.size, size))});

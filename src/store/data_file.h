@@ -65,18 +65,13 @@ class DataFile final {
     /// Bytes; 0 when missing, of another type or below zero.
     [[nodiscard]] std::uint64_t alreadyDeletedSize() const { return size_; }
 
-    /// Adds what one run has moved to the totals, here and in the file. They end at the
-    /// largest numbers of 63 and 64 bits. A file that cannot be used is given the name
-    /// "data.plist.unreadable" first. In memory it counts whether or not the file can be written;
-    /// the answer says why not.
-    std::optional<StoreError> addDeleted(std::uint64_t count, std::uint64_t size);
-
     /// Has memory say what the file says; does nothing if it cannot be read.
     void refresh();
 
     /// Locks the folder and reads the file, for a change in several steps. A file that is missing
-    /// is made and one that cannot be used put aside, as by addDeleted(), and both say the totals
-    /// in memory then. In memory the totals are those of the file from now on.
+    /// is made, one that cannot be used is given the name "data.plist.unreadable" and made anew,
+    /// and both say the totals in memory then. In memory the totals are those of the file from now
+    /// on.
     std::variant<LockedTotals, StoreError> lock();
 
     /// Has memory say more (or less) than what is stored, where that could not be written; until
@@ -86,15 +81,15 @@ class DataFile final {
         size_ = totals.size;
     }
     /// Has memory say no less than `before` with so many files and bytes more: they were moved, but
-    /// could not be written down where the totals come from. Until lock() or refresh() succeeds.
+    /// could not be written down where the totals come from. They end at the largest numbers of 63
+    /// and 64 bits. Until lock() or refresh() succeeds.
     void showAtLeast(const StoredTotals& before, std::uint64_t count, std::uint64_t size);
     /// What memory says.
     [[nodiscard]] StoredTotals shown() const { return {count_, size_}; }
     /// What memory said before showInMemory().
     [[nodiscard]] const StoredTotals& known() const { return known_; }
 
-    /// The path that the last addDeleted() or lock() gave a file of no use; empty if there was
-    /// none.
+    /// The path that the last lock() gave a file of no use; empty if there was none.
     [[nodiscard]] const std::string& putAside() const { return putAside_; }
 
     /// Empty without a folder.
@@ -103,8 +98,6 @@ class DataFile final {
  private:
     friend class LockedTotals;
 
-    [[nodiscard]] std::optional<StoreError> store(std::uint64_t count, std::uint64_t size,
-                                                  const StoredTotals& old);
     void remember(const StoredTotals& totals);
     void makeFirst() const;
 

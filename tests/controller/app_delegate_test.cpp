@@ -10,6 +10,7 @@
 #include "interface/notice_panel.h"
 #include "interface/picture_view.h"
 #include "interface/text_block.h"
+#include "support/add_to_totals.h"
 
 #include <QAction>
 #include <QFileOpenEvent>
@@ -86,7 +87,7 @@ TEST_F(Launch, HidesTheTotalsWhileNothingWasEverCleaned) {
 
 TEST_F(Launch, TellsTheTotalsOfEarlierRuns) {
     DataFile data(folder.pathOf("support"));
-    data.addDeleted(1284, 18'620'000'000);
+    ASSERT_FALSE(addToTotals(data, 1284, 18'620'000'000));
     launch();
     EXPECT_TRUE(window().home->cleanHistory->isVisible());
     EXPECT_EQ(window().home->cleanHistory->text(),

@@ -2,6 +2,7 @@
 #include "interface/translation.h"
 #include "store/clean_up_journal.h"
 #include "store/property_list.h"
+#include "support/add_to_totals.h"
 
 #include <sys/resource.h>
 
@@ -271,7 +272,7 @@ class InGerman : public StoredFiles {
 
 TEST_F(InGerman, TheTotalsAreToldAlikeAtTheStartAndAfterADeletion) {
     DataFile before(folder.pathOf("support"));
-    ASSERT_FALSE(before.addDeleted(3, 2'000'000).has_value());
+    ASSERT_FALSE(addToTotals(before, 3, 2'000'000).has_value());
     writeThreeSets();
     scan();
     EXPECT_EQ(textOf("cleanHistory"), "Bisher bereinigte Dateien: 3 (2.00 MB)");

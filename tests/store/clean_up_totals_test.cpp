@@ -4,6 +4,7 @@
 #include "store/journal_fixture.h"
 #include "store/plist_text.h"
 #include "store/property_list.h"
+#include "support/add_to_totals.h"
 #include "support/file_content.h"
 #include "support/mount.h"
 
@@ -222,7 +223,7 @@ TEST_F(CleanUpTotalsTest, ThatAnotherHasChangedSinceAreTakenAsCounted) {
     EXPECT_EQ(stored(), (StoredTotals{4, 510}));
     DataFile other(own_);
     EXPECT_FALSE(other.loadDataFile());
-    EXPECT_FALSE(other.addDeleted(6, 90));
+    EXPECT_FALSE(addToTotals(other, 6, 90));
     EXPECT_EQ(settled(journal), (StoredTotals{10, 600}));
 }
 
@@ -363,7 +364,7 @@ TEST_F(CleanUpTotalsTest, InMemoryFollowOtherProcesses) {
     DataFile one(own_);
     EXPECT_FALSE(one.loadDataFile());
     DataFile other(own_);
-    EXPECT_FALSE(other.addDeleted(6, 60));
+    EXPECT_FALSE(addToTotals(other, 6, 60));
     oneMove(journal, 10);
     EXPECT_FALSE(settleTotals(one, journal));
     EXPECT_EQ(one.alreadyDeletedCount(), 7);

@@ -4,6 +4,7 @@
 #include "store/plist_library.h"
 #include "store/plist_text.h"
 #include "store/property_list.h"
+#include "support/add_to_totals.h"
 #include "support/file_content.h"
 #include "support/mount.h"
 #include "support/temporary_folder.h"
@@ -78,7 +79,7 @@ TEST_F(DataFileTest, AddsToWhatIsStored) {
     EXPECT_FALSE(data.loadDataFile());
     EXPECT_EQ(data.alreadyDeletedCount(), 3);
     EXPECT_EQ(data.alreadyDeletedSize(), 500U);
-    EXPECT_FALSE(data.addDeleted(2, 70));
+    EXPECT_FALSE(addToTotals(data, 2, 70));
     EXPECT_EQ(data.alreadyDeletedCount(), 5);
     EXPECT_EQ(data.alreadyDeletedSize(), 570U);
     EXPECT_EQ(stored(path_, "deletedCount"), 5U);
@@ -100,7 +101,7 @@ TEST_F(DataFileTest, KeepsOtherKeys) {
     write(plistText("<dict><key>mine</key><string>kept</string></dict>"));
     DataFile data(own_);
     data.loadDataFile();
-    EXPECT_FALSE(data.addDeleted(1, 1));
+    EXPECT_FALSE(addToTotals(data, 1, 1));
     EXPECT_NE(contentOf(path_).find("<string>kept</string>"), std::string::npos);
     EXPECT_EQ(stored(path_, "matchingLevel"), std::nullopt);
 }
@@ -113,7 +114,7 @@ TEST_F(DataFileTest, ReadsNumbersOfOtherTypes) {
     EXPECT_FALSE(data.loadDataFile());
     EXPECT_EQ(data.alreadyDeletedCount(), 3);
     EXPECT_EQ(data.alreadyDeletedSize(), 1000U);
-    EXPECT_FALSE(data.addDeleted(1, 10));
+    EXPECT_FALSE(addToTotals(data, 1, 10));
     EXPECT_EQ(data.putAside(), "");
     EXPECT_EQ(stored(path_, "deletedCount"), 4U);
     EXPECT_EQ(stored(path_, "deletedSize"), 1010U);
@@ -128,7 +129,7 @@ TEST_F(DataFileTest, PutsAListAsideWhoseTotalsAreNoNumbers) {
         DataFile data(own_);
         EXPECT_TRUE(data.loadDataFile()) << value;
         EXPECT_EQ(data.alreadyDeletedCount(), 0) << value;
-        EXPECT_FALSE(data.addDeleted(1, 10)) << value;
+        EXPECT_FALSE(addToTotals(data, 1, 10)) << value;
         ASSERT_NE(data.putAside(), "") << value;
         EXPECT_EQ(contentOf(data.putAside()), list);
         EXPECT_EQ(stored(path_, "deletedCount"), 1U) << value;
@@ -143,10 +144,10 @@ TEST_F(DataFileTest, CountsOnFromBelowZero) {
         DataFile data(own_);
         EXPECT_FALSE(data.loadDataFile());
         EXPECT_EQ(data.alreadyDeletedCount(), -5) << count;
-        EXPECT_FALSE(data.addDeleted(2, 0));
+        EXPECT_FALSE(addToTotals(data, 2, 0));
         EXPECT_EQ(data.alreadyDeletedCount(), -3) << count;
         EXPECT_NE(contentOf(path_).find("<integer>-3</integer>"), std::string::npos) << count;
-        EXPECT_FALSE(data.addDeleted(7, 0));
+        EXPECT_FALSE(addToTotals(data, 7, 0));
         EXPECT_EQ(stored(path_, "deletedCount"), 4U) << count;
     }
 }
@@ -155,7 +156,7 @@ TEST_F(DataFileTest, KeepsBytesOf64BitsWithoutASign) {
     write(plistText("<dict><key>deletedSize</key><integer>9223372036854775807</integer></dict>"));
     DataFile data(own_);
     EXPECT_FALSE(data.loadDataFile());
-    EXPECT_FALSE(data.addDeleted(1, 1));
+    EXPECT_FALSE(addToTotals(data, 1, 1));
     EXPECT_EQ(data.alreadyDeletedSize(), 9'223'372'036'854'775'808U);
     EXPECT_NE(contentOf(path_).find("<integer>9223372036854775808</integer>"), std::string::npos);
     DataFile again(own_);
@@ -163,18 +164,16 @@ TEST_F(DataFileTest, KeepsBytesOf64BitsWithoutASign) {
     EXPECT_EQ(again.alreadyDeletedSize(), 9'223'372'036'854'775'808U);
 }
 
-TEST_F(DataFileTest, StopsAtTheLargestNumbers) {
+TEST_F(DataFileTest, InMemoryStopsAtTheLargestNumbers) {
     write(
         plistText("<dict><key>deletedCount</key><integer>9223372036854775806</integer>"
                   "<key>deletedSize</key><integer>18446744073709551610</integer></dict>"));
     DataFile data(own_);
     data.loadDataFile();
     EXPECT_EQ(data.alreadyDeletedSize(), 18'446'744'073'709'551'610U);
-    EXPECT_FALSE(data.addDeleted(5, 50));
+    data.showAtLeast(data.shown(), 5, 50);
     EXPECT_EQ(data.alreadyDeletedCount(), std::numeric_limits<std::int64_t>::max());
     EXPECT_EQ(data.alreadyDeletedSize(), 18'446'744'073'709'551'615U);
-    EXPECT_EQ(stored(path_, "deletedCount"), 9'223'372'036'854'775'807U);
-    EXPECT_EQ(stored(path_, "deletedSize"), 18'446'744'073'709'551'615U);
 }
 
 TEST_F(DataFileTest, TakesNumbersOutsideTheirRangeForNone) {
@@ -186,7 +185,7 @@ TEST_F(DataFileTest, TakesNumbersOutsideTheirRangeForNone) {
         EXPECT_FALSE(data.loadDataFile()) << count;
         EXPECT_EQ(data.alreadyDeletedCount(), 0) << count;
         EXPECT_EQ(data.alreadyDeletedSize(), 0U) << count;
-        EXPECT_FALSE(data.addDeleted(2, 20)) << count;
+        EXPECT_FALSE(addToTotals(data, 2, 20)) << count;
         EXPECT_EQ(stored(path_, "deletedCount"), 2U) << count;
         EXPECT_EQ(stored(path_, "deletedSize"), 20U) << count;
     }
@@ -197,7 +196,7 @@ TEST_F(DataFileTest, OfBinaryFormIsReadAndWrittenBackAsXmlWithItsOtherKeys) {
     DataFile data(own_);
     EXPECT_FALSE(data.loadDataFile());
     EXPECT_EQ(data.alreadyDeletedCount(), 7);
-    EXPECT_FALSE(data.addDeleted(1, 1));
+    EXPECT_FALSE(addToTotals(data, 1, 1));
     EXPECT_TRUE(contentOf(path_).starts_with("<?xml"));
     EXPECT_EQ(stored(path_, "deletedCount"), 8U);
     EXPECT_EQ(stored(path_, "other"), 9U);
@@ -207,21 +206,21 @@ TEST_F(DataFileTest, ThatIsALinkToItselfIsPutAside) {
     folder_.makeLink("own/data.plist", "data.plist");
     DataFile data(own_);
     ASSERT_TRUE(data.loadDataFile());
-    EXPECT_FALSE(data.addDeleted(1, 1));
+    EXPECT_FALSE(addToTotals(data, 1, 1));
     EXPECT_EQ(data.putAside(), path_ + ".unreadable");
     EXPECT_EQ(stored(path_, "deletedCount"), 1U);
 }
 
-TEST_F(DataFileTest, AfterARunThatMovedNothingIsWrittenUnchanged) {
+TEST_F(DataFileTest, IsCompletedWhereTheSameTotalsAreStored) {
     write(plistText("<dict><key>deletedCount</key><integer>3</integer></dict>"));
     DataFile data(own_);
     data.loadDataFile();
-    EXPECT_FALSE(data.addDeleted(0, 0));
+    EXPECT_FALSE(addToTotals(data, 0, 0));
     EXPECT_EQ(stored(path_, "deletedCount"), 3U);
     EXPECT_EQ(stored(path_, "deletedSize"), 0U);
 }
 
-TEST_F(DataFileTest, OnAFullDiskStaysAsItWasAndCountsInMemory) {
+TEST_F(DataFileTest, OnAFullDiskStaysAsItWas) {
     std::filesystem::create_directories(own_);
     const Mount mount("none", own_, "tmpfs", 0, "size=16k");
     if (mount) {
@@ -230,11 +229,11 @@ TEST_F(DataFileTest, OnAFullDiskStaysAsItWasAndCountsInMemory) {
         DataFile data(own_);
         EXPECT_FALSE(data.loadDataFile());
         folder_.writeFile("own/filling", std::string(100'000, 'x'));
-        const auto failure = data.addDeleted(1, 1);
+        const auto failure = addToTotals(data, 1, 1);
         ASSERT_TRUE(failure);
         EXPECT_EQ(failure->text, "No space left on device");
         EXPECT_EQ(contentOf(path_), old);
-        EXPECT_EQ(data.alreadyDeletedCount(), 4);
+        EXPECT_EQ(data.alreadyDeletedCount(), 3);
     }
 }
 
@@ -242,7 +241,7 @@ TEST_F(DataFileTest, OnAFullDiskStaysAsItWasAndCountsInMemory) {
 TEST_F(DataFileTest, ThatTheSystemCannotReadNowIsNotReplaced) {
     write(plistText("<dict><key>deletedCount</key><integer>3</integer></dict>"));
     DataFile data(own_);
-    ASSERT_FALSE(data.addDeleted(1, 1));
+    ASSERT_FALSE(addToTotals(data, 1, 1));
     const std::string old = contentOf(path_);
     rlimit allowed{};
     ::getrlimit(RLIMIT_NOFILE, &allowed);
@@ -251,7 +250,7 @@ TEST_F(DataFileTest, ThatTheSystemCannotReadNowIsNotReplaced) {
     ::close(next);
     const rlimit one{static_cast<rlim_t>(next) + 1, allowed.rlim_max};
     ::setrlimit(RLIMIT_NOFILE, &one);
-    const auto failure = data.addDeleted(1, 1);
+    const auto failure = addToTotals(data, 1, 1);
     ::setrlimit(RLIMIT_NOFILE, &allowed);
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->text, "Too many open files");
@@ -276,7 +275,7 @@ TEST_F(DataFileTest, ThatIsOfNoUseIsPutAsideBeforeItIsReplaced) {
         EXPECT_EQ(error->path, path_);
         EXPECT_EQ(contentOf(path_), content);
         EXPECT_EQ(data.alreadyDeletedCount(), 0);
-        EXPECT_FALSE(data.addDeleted(1, 10));
+        EXPECT_FALSE(addToTotals(data, 1, 10));
         EXPECT_EQ(contentOf(path_ + ".unreadable"), content);
         EXPECT_EQ(stored(path_, "deletedCount"), 1U);
         EXPECT_EQ(stored(path_, "matchingLevel"), std::nullopt);
@@ -287,7 +286,7 @@ TEST_F(DataFileTest, AFolderInItsPlaceIsPutAsideToo) {
     folder_.writeFile("own/data.plist/inside.txt", "kept");
     DataFile data(own_);
     EXPECT_TRUE(data.loadDataFile());
-    EXPECT_FALSE(data.addDeleted(1, 10));
+    EXPECT_FALSE(addToTotals(data, 1, 10));
     EXPECT_EQ(contentOf(path_ + ".unreadable/inside.txt"), "kept");
     EXPECT_EQ(stored(path_, "deletedCount"), 1U);
 }
@@ -297,19 +296,31 @@ TEST_F(DataFileTest, ThatHasGoneMeanwhileIsMadeAgainFromWhatIsKnown) {
     DataFile data(own_);
     data.loadDataFile();
     std::filesystem::remove_all(own_);
-    EXPECT_FALSE(data.addDeleted(2, 10));
+    EXPECT_FALSE(addToTotals(data, 2, 10));
     EXPECT_EQ(stored(path_, "deletedCount"), 5U);
 }
 
-TEST_F(DataFileTest, CountsInMemoryEvenWhereItCannotBeWritten) {
+TEST_F(DataFileTest, SaysInMemoryWhatCouldNotBeWritten) {
     const std::string file = folder_.writeFile("file", "");
     DataFile data(file + "/own");
     const auto loading = data.loadDataFile();
     ASSERT_TRUE(loading);
     EXPECT_EQ(loading->text, "Not a directory");
-    EXPECT_TRUE(data.addDeleted(2, 10));
+    EXPECT_TRUE(addToTotals(data, 2, 10));
+    EXPECT_EQ(data.alreadyDeletedCount(), 0);
+    data.showAtLeast({}, 2, 10);
     EXPECT_EQ(data.alreadyDeletedCount(), 2);
     EXPECT_EQ(data.alreadyDeletedSize(), 10U);
+}
+
+TEST_F(DataFileTest, InMemorySaysNoLessThanWhatIsKnown) {
+    write(plistText("<dict><key>deletedCount</key><integer>3</integer></dict>"));
+    DataFile data(own_);
+    EXPECT_FALSE(data.loadDataFile());
+    data.showAtLeast({1, 0}, 1, 10);
+    EXPECT_EQ(data.shown(), (StoredTotals{3, 10}));
+    data.refresh();
+    EXPECT_EQ(data.shown(), (StoredTotals{3, 0}));
 }
 
 TEST_F(DataFileTest, OfAHundredMegabytesIsReadOrRefusedWithoutHarm) {
@@ -325,7 +336,7 @@ TEST_F(DataFileTest, OfAHundredMegabytesIsReadOrRefusedWithoutHarm) {
     DataFile data(own_);
     EXPECT_FALSE(data.loadDataFile());
     EXPECT_EQ(data.alreadyDeletedCount(), 0);
-    EXPECT_FALSE(data.addDeleted(1, 1));
+    EXPECT_FALSE(addToTotals(data, 1, 1));
     EXPECT_EQ(stored(path_, "deletedCount"), 1U);
     EXPECT_LT(std::filesystem::file_size(path_), 1'000U);
 }
@@ -429,7 +440,7 @@ TEST_F(ExceptionFileTest, AndTotalsKeepTheWorkOfEightProcesses) {
             ExceptionFile exceptions(own_);
             bool good = !data.loadDataFile() && !exceptions.load();
             for (int round = 0; round < rounds; ++round) {
-                good = good && !data.addDeleted(1, 10);
+                good = good && !addToTotals(data, 1, 10);
                 good = good && !exceptions.addExceptions(
                                    {"/" + std::to_string(process) + "/" + std::to_string(round)});
             }
