@@ -222,19 +222,15 @@ Modified Date       : %4</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Its Trash is on another volume</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>This volume has no Trash</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>The Trash of this volume is full</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Permission denied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Its move was not written down before</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -424,6 +420,89 @@ Modified Date       : %4</source>
     </message>
 </context>
 <context>
+    <name>tarvin::OwnReasons</name>
+    <message>
+        <source>No longer in the Trash</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Something else has its name now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Its Trash is on another volume</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This volume has no Trash</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A folder of the Trash is a link</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A part of the Trash is not a folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Trash belongs to another user</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other users can change the Trash</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no free name in the Trash</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no home folder to keep the journal in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>in use by another process</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a database of another program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>written by a newer version of the program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is a link</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file is damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file was moved or replaced</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not a property list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not a property list of totals</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ProgressScreen</name>
     <message>
         <source>Searching for duplicate files</source>
@@ -499,6 +578,14 @@ Modified Date       : %4</source>
     </message>
     <message>
         <source>Status</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Its folder is a link now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Something else is where its folder was</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -229,20 +229,16 @@ Geändert       : %4</translation>
         <translation>Vorher abgebrochen</translation>
     </message>
     <message>
-        <source>Its Trash is on another volume</source>
-        <translation>Sein Papierkorb liegt auf einem anderen Laufwerk</translation>
-    </message>
-    <message>
-        <source>This volume has no Trash</source>
-        <translation>Kein Papierkorb auf diesem Laufwerk</translation>
-    </message>
-    <message>
         <source>The Trash of this volume is full</source>
         <translation>Der Papierkorb ist voll</translation>
     </message>
     <message>
         <source>Permission denied</source>
         <translation>Keine Berechtigung</translation>
+    </message>
+    <message>
+        <source>Its move was not written down before</source>
+        <translation>Das Verschieben war nicht vorher aufgezeichnet</translation>
     </message>
 </context>
 <context>
@@ -431,6 +427,89 @@ Geändert       : %4</translation>
     </message>
 </context>
 <context>
+    <name>tarvin::OwnReasons</name>
+    <message>
+        <source>No longer in the Trash</source>
+        <translation>Nicht mehr im Papierkorb</translation>
+    </message>
+    <message>
+        <source>Something else has its name now</source>
+        <translation>Etwas anderes hat jetzt seinen Namen</translation>
+    </message>
+    <message>
+        <source>Its Trash is on another volume</source>
+        <translation>Sein Papierkorb liegt auf einem anderen Laufwerk</translation>
+    </message>
+    <message>
+        <source>This volume has no Trash</source>
+        <translation>Kein Papierkorb auf diesem Laufwerk</translation>
+    </message>
+    <message>
+        <source>A folder of the Trash is a link</source>
+        <translation>Ein Ordner des Papierkorbs ist eine Verknüpfung</translation>
+    </message>
+    <message>
+        <source>A part of the Trash is not a folder</source>
+        <translation>Ein Teil des Papierkorbs ist kein Ordner</translation>
+    </message>
+    <message>
+        <source>The Trash belongs to another user</source>
+        <translation>Der Papierkorb gehört jemand anderem</translation>
+    </message>
+    <message>
+        <source>Other users can change the Trash</source>
+        <translation>Andere können den Papierkorb ändern</translation>
+    </message>
+    <message>
+        <source>There is no free name in the Trash</source>
+        <translation>Im Papierkorb ist kein Name mehr frei</translation>
+    </message>
+    <message>
+        <source>there is no home folder to keep the journal in</source>
+        <translation>es gibt keinen persönlichen Ordner für die Aufzeichnungen</translation>
+    </message>
+    <message>
+        <source>in use by another process</source>
+        <translation>ein anderes Programm benutzt es gerade</translation>
+    </message>
+    <message>
+        <source>a database of another program</source>
+        <translation>die Datenbank eines anderen Programms</translation>
+    </message>
+    <message>
+        <source>written by a newer version of the program</source>
+        <translation>von einer neueren Version des Programms geschrieben</translation>
+    </message>
+    <message>
+        <source>is a link</source>
+        <translation>ist eine Verknüpfung</translation>
+    </message>
+    <message>
+        <source>the file is damaged</source>
+        <translation>die Datei ist beschädigt</translation>
+    </message>
+    <message>
+        <source>the file was moved or replaced</source>
+        <translation>die Datei wurde verschoben oder ersetzt</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation>die Datei ist zu groß</translation>
+    </message>
+    <message>
+        <source>not a property list</source>
+        <translation>keine Eigenschaftsliste</translation>
+    </message>
+    <message>
+        <source>not a property list of totals</source>
+        <translation>keine Eigenschaftsliste mit Summen</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ProgressScreen</name>
     <message>
         <source>Searching for duplicate files</source>
@@ -507,6 +586,14 @@ Geändert       : %4</translation>
     <message>
         <source>Status</source>
         <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Its folder is a link now</source>
+        <translation>Sein Ordner ist jetzt eine Verknüpfung</translation>
+    </message>
+    <message>
+        <source>Something else is where its folder was</source>
+        <translation>Wo sein Ordner war, ist jetzt etwas anderes</translation>
     </message>
 </context>
 <context>

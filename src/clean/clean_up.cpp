@@ -39,7 +39,9 @@ class CleanUp::Turn final : public SetMover {
         TrashPlace place;
         MoveResult result;
         if (!row) {
-            result = {MoveOutcome::refused, "it was not written down before"};
+            result = {.outcome = MoveOutcome::refused,
+                      .reason = "it was not written down before",
+                      .isUnplanned = true};
         } else if (refusal_ && cleanUp_.endsWaiting()) {
             result = {MoveOutcome::stopped, {}};
         } else if (refusal_) {

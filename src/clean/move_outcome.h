@@ -25,10 +25,11 @@ struct MoveResult {
     /// it could not be moved back, though no other copy was found after the move. Empty for other
     /// outcomes.
     std::string reason;
-    // Of `refused`, for whoever puts it in other words: by whom and why, if the Trash or the system
+    // Of `reason`, for whoever puts it in other words: by whom and why, if the Trash or the system
     // was asked.
     TrashRefusalKind refusal = TrashRefusalKind::system;
     SystemError error{};
+    bool isUnplanned = false;  ///< refused since the journal does not hold the move
 
     bool operator==(const MoveResult&) const = default;
 };

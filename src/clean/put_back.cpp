@@ -54,14 +54,23 @@ void refuse(PutBackFile& file, SystemError error, std::string reason) {
     file.reason = std::move(reason);
 }
 
+void refuse(PutBackFile& file, const TrashRefusal& refusal) {
+    refuse(file, refusal.error, refusal.text);
+    file.refusal =
+        refusal.kind == TrashRefusalKind::system ? PutBackRefusal::system : PutBackRefusal::trash;
+    file.trash = refusal.kind;
+}
+
 /// Because the folder cannot be opened or made.
 void refuseFolder(PutBackFile& file, SystemError error) {
     switch (error.code) {
         case ELOOP:
             refuse(file, error, "its folder is a link now");
+            file.refusal = PutBackRefusal::link;
             break;
         case ENOTDIR:
             refuse(file, error, "something else is where its folder was");
+            file.refusal = PutBackRefusal::notFolder;
             break;
         default:
             refuse(file, error, error.text());
@@ -282,7 +291,7 @@ PutBackFile PutBack::inTrash(const JournalMove& move) {
     const bool isGone = refusal.kind == TrashRefusalKind::gone || refusal.error.code == ENOENT ||
                         refusal.error.code == ENOTDIR;
     if (!isGone) {
-        refuse(file, refusal.error, refusal.text);
+        refuse(file, refusal);
     } else {
         file.outcome =
             isAttached(move.trashFolder) ? PutBackOutcome::lost : PutBackOutcome::notAttached;
@@ -370,7 +379,7 @@ void PutBack::bringTo(const OpenFolder& folder, const JournalMove& move, PutBack
             return;
         }
         if (refusal->kind != TrashRefusalKind::taken) {
-            refuse(file, refusal->error, refusal->text);
+            refuse(file, *refusal);
             return;
         }
     }

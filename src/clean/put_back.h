@@ -40,6 +40,14 @@ enum class PutBackOutcome : std::uint8_t {
 /// The word for an outcome in JSON: "toItsPlace" and so on.
 [[nodiscard]] std::string_view putBackWord(PutBackOutcome outcome);
 
+/// What a refusal is about, for whoever puts it in other words.
+enum class PutBackRefusal : std::uint8_t {
+    system,    ///< the system's reason
+    trash,     ///< the Trash, as its kind says
+    link,      ///< the folder, which is behind a link now
+    notFolder  ///< something else that is where the folder was
+};
+
 /// A file of a clean-up that is to come back, or has, or has not.
 struct PutBackFile {
     MoveRow row = 0;
@@ -50,6 +58,8 @@ struct PutBackFile {
     SystemError error;  ///< refused: of the system's call, else the one that comes nearest
     /// Refused: why, in the system's words or in ours in English; empty for other outcomes.
     std::string reason;
+    PutBackRefusal refusal = PutBackRefusal::system;
+    TrashRefusalKind trash = TrashRefusalKind::system;  ///< of a refusal by the Trash
 };
 
 /// Why there is nothing to put back.

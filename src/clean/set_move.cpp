@@ -217,7 +217,8 @@ MoveResult SetMove::moveBack(const File& file, const Seen& seen, const TrashPlac
     const std::string name(file.fileName());
     const std::optional<TrashRefusal> refusal =
         tools_.trash.putBack(place, seen.folder->descriptor, name.c_str());
-    return refusal ? MoveResult{MoveOutcome::moved, refusal->text} : MoveResult{outcome, {}};
+    return refusal ? MoveResult{MoveOutcome::moved, refusal->text, refusal->kind, refusal->error}
+                   : MoveResult{outcome, {}};
 }
 
 void SetMove::before(MoveStep step) const {

@@ -2,6 +2,7 @@
 
 #include "clean/clean_up_run.h"
 #include "controller/home_image.h"
+#include "controller/own_reasons.h"
 #include "controller/result_texts.h"
 #include "controller/scan_screen_texts.h"
 #include "controller/work_thread.h"
@@ -251,7 +252,7 @@ void DeletionTask::finish() {
     marking_.setMarkedFilesDetails();
     marking_.enableNecessaryButton();
     if (run->refusal()) {
-        information_.setInformationWindow(noCleanUpInformation(run->refusal()->text));
+        information_.setInformationWindow(noCleanUpInformation(OwnReasons::of(*run->refusal())));
         return;
     }
     kept_.setFiles(run->kept());

@@ -119,8 +119,8 @@ Information nothingToDeleteInformation() {
     return noticeWith(ResultTexts::nothingToDelete());
 }
 
-Information noCleanUpInformation(const std::string& reason) {
-    return noticeWith(ResultTexts::cleanUpNotBegun(), QString::fromStdString(reason));
+Information noCleanUpInformation(const QString& reason) {
+    return noticeWith(ResultTexts::cleanUpNotBegun(), reason);
 }
 
 Information deletionReport(const RemovalResult& moved, std::uint64_t left) {

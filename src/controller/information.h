@@ -7,7 +7,6 @@
 #include <QString>
 #include <cstdint>
 #include <optional>
-#include <string>
 
 namespace tarvin {
 
@@ -58,7 +57,7 @@ struct CategoryTotals {
 /// When nothing is marked that could be moved to the Trash.
 [[nodiscard]] Information nothingToDeleteInformation();
 /// When moves could not be written down, for which the text says why.
-[[nodiscard]] Information noCleanUpInformation(const std::string& reason);
+[[nodiscard]] Information noCleanUpInformation(const QString& reason);
 /// What one run has moved, in files and bytes, and how many files it has left where they are.
 [[nodiscard]] Information deletionReport(const RemovalResult& moved, std::uint64_t left = 0);
 /// `files` have been put on the list of exceptions, those that were on it already included.

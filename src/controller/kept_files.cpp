@@ -1,5 +1,7 @@
 #include "controller/kept_files.h"
 
+#include "controller/own_reasons.h"
+
 #include <cerrno>
 
 namespace tarvin {
@@ -62,18 +64,16 @@ QString KeptFiles::reasonOf(const MoveResult& result) {
 }
 
 QString KeptFiles::refusalText(const MoveResult& result) {
-    switch (result.refusal) {
-        case TrashRefusalKind::noVolume:
-        case TrashRefusalKind::noHome:
-            return tr("This volume has no Trash");
-        case TrashRefusalKind::otherVolume:
-            return tr("Its Trash is on another volume");
-        case TrashRefusalKind::system:
-            break;
-        default:
-            return QString::fromStdString(result.reason);
+    if (result.isUnplanned) {
+        return tr("Its move was not written down before");
+    }
+    if (result.refusal != TrashRefusalKind::system) {
+        return OwnReasons::ofTrash(result.refusal, result.reason);
     }
     switch (result.error.code) {
+        case 0:
+            // Of the journal, not of a file.
+            return OwnReasons::ofStore(result.reason);
         case ENOSPC:
         case EDQUOT:
             return tr("The Trash of this volume is full");

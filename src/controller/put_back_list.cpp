@@ -1,6 +1,7 @@
 #include "controller/put_back_list.h"
 
 #include "controller/file_reasons.h"
+#include "controller/own_reasons.h"
 #include "controller/path_text.h"
 #include "controller/shown_numbers.h"
 #include "interface/list_table.h"
@@ -58,9 +59,22 @@ QString PutBackList::reasonOf(const PutBackFile& file) {
         case PutBackOutcome::stopped:
             return tr("Stopped before its turn");
         case PutBackOutcome::refused:
-            break;
+            return refusalText(file);
         default:
             return {};
+    }
+}
+
+QString PutBackList::refusalText(const PutBackFile& file) {
+    switch (file.refusal) {
+        case PutBackRefusal::trash:
+            return OwnReasons::ofTrash(file.trash, file.reason);
+        case PutBackRefusal::link:
+            return tr("Its folder is a link now");
+        case PutBackRefusal::notFolder:
+            return tr("Something else is where its folder was");
+        case PutBackRefusal::system:
+            break;
     }
     switch (file.error.code) {
         case ENOSPC:

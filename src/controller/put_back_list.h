@@ -60,6 +60,7 @@ class PutBackList final : public QAbstractTableModel {
                                       int role) const override;
 
  private:
+    [[nodiscard]] static QString refusalText(const PutBackFile& file);
     [[nodiscard]] static QVariant fileData(const PutBackFile& file, int role);
     [[nodiscard]] static QVariant statusData(const PutBackFile& file, int role);
     [[nodiscard]] QVariant lastRowData(int column, int role) const;

@@ -1,5 +1,6 @@
 #include "controller/put_back_task.h"
 
+#include "controller/own_reasons.h"
 #include "controller/put_back_run.h"
 #include "controller/put_back_texts.h"
 #include "controller/result_texts.h"
@@ -95,8 +96,7 @@ void PutBackTask::showExamined() {
     if (state_ == State::cancelled) {
         endRun();
     } else if (run_->failure()) {
-        inform(*window_.putBackWindow, PutBackTexts::notBegun(),
-               QString::fromStdString(run_->failure()->text));
+        inform(*window_.putBackWindow, PutBackTexts::notBegun(), OwnReasons::of(*run_->failure()));
     } else if (run_->cleanUp()) {
         showQuestion();
     } else {
@@ -200,8 +200,7 @@ void PutBackTask::showResult() {
     const bool nothingDone = run_->done() == 0 && run_->failure();
     inform(*shown,
            nothingDone ? PutBackTexts::notBegun() : PutBackTexts::filesPutBack(run_->done()),
-           nothingDone ? QString::fromStdString(run_->failure()->text)
-                       : PutBackTexts::size(run_->bytesDone()));
+           nothingDone ? OwnReasons::of(*run_->failure()) : PutBackTexts::size(run_->bytesDone()));
 }
 
 void PutBackTask::showReport(DialogPanel& before) {
