@@ -233,6 +233,41 @@ Modified Date       : %4</source>
         <source>Its move was not written down before</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>In the Trash, not moved back: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The disk is full</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::KeptList</name>
+    <message>
+        <source>Files to check</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show the files to check</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could Not Be Moved Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These files are in the Trash. No other copy of them may be left outside it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files to Check</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files in the Trash may be last copies. The others were not moved and are still marked.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tarvin::ListPanel</name>
@@ -1075,6 +1110,18 @@ All exceptions has been removed.</source>
     </message>
     <message>
         <source>%1 files were left where they are.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 file in the Trash may be the last copy.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 files in the Trash may be last copies.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Left: %1. Maybe last copies: %2.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

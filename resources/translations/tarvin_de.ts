@@ -240,6 +240,41 @@ Geändert       : %4</translation>
         <source>Its move was not written down before</source>
         <translation>Das Verschieben war nicht vorher aufgezeichnet</translation>
     </message>
+    <message>
+        <source>In the Trash, not moved back: %1</source>
+        <translation>Im Papierkorb, nicht zurückgelegt: %1</translation>
+    </message>
+    <message>
+        <source>The disk is full</source>
+        <translation>Das Laufwerk ist voll</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::KeptList</name>
+    <message>
+        <source>Files to check</source>
+        <translation>Dateien, die zu prüfen sind</translation>
+    </message>
+    <message>
+        <source>Show the files to check</source>
+        <translation>Die Dateien anzeigen, die zu prüfen sind</translation>
+    </message>
+    <message>
+        <source>Could Not Be Moved Back</source>
+        <translation>Nicht zurückgelegt</translation>
+    </message>
+    <message>
+        <source>These files are in the Trash. No other copy of them may be left outside it.</source>
+        <translation>Diese Dateien sind im Papierkorb. Außerhalb gibt es vielleicht keine Kopie mehr.</translation>
+    </message>
+    <message>
+        <source>Files to Check</source>
+        <translation>Bitte prüfen</translation>
+    </message>
+    <message>
+        <source>Files in the Trash may be last copies. The others were not moved and are still marked.</source>
+        <translation>Dateien im Papierkorb sind vielleicht letzte Kopien. Die anderen sind noch da und markiert.</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::ListPanel</name>
@@ -1085,6 +1120,18 @@ Alle Ausnahmen wurden entfernt.</translation>
     <message>
         <source>%1 files were left where they are.</source>
         <translation>%1 Dateien blieben, wo sie sind.</translation>
+    </message>
+    <message>
+        <source>1 file in the Trash may be the last copy.</source>
+        <translation>Im Papierkorb: 1 evtl. letzte Kopie.</translation>
+    </message>
+    <message>
+        <source>%1 files in the Trash may be last copies.</source>
+        <translation>Im Papierkorb: %1 evtl. letzte Kopien.</translation>
+    </message>
+    <message>
+        <source>Left: %1. Maybe last copies: %2.</source>
+        <translation>%1 belassen, %2 evtl. letzte Kopie.</translation>
     </message>
 </context>
 <context>

@@ -256,7 +256,8 @@ void DeletionTask::finish() {
         return;
     }
     kept_.setFiles(run->kept());
-    information_.setInformationWindow(deletionReport(run->moved(), run->kept().count()));
+    information_.setInformationWindow(
+        deletionReport(run->moved(), run->kept().left(), run->kept().notBack()));
 }
 
 }  // namespace tarvin

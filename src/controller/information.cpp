@@ -123,11 +123,15 @@ Information noCleanUpInformation(const QString& reason) {
     return noticeWith(ResultTexts::cleanUpNotBegun(), reason);
 }
 
-Information deletionReport(const RemovalResult& moved, std::uint64_t left) {
+Information deletionReport(const RemovalResult& moved, std::uint64_t left, std::uint64_t notBack) {
     Information report = noticeWith(ResultTexts::duplicatesCleaned(moved.deletedFilesCount),
                                     ResultTexts::spaceRegained(moved.deletedFilesSize));
-    if (left > 0) {
+    if (left > 0 && notBack > 0) {
+        report.keptLine = ResultTexts::filesLeftAndNotBack(left, notBack);
+    } else if (left > 0) {
         report.keptLine = ResultTexts::filesLeft(left);
+    } else if (notBack > 0) {
+        report.keptLine = ResultTexts::filesNotBack(notBack);
     }
     return report;
 }

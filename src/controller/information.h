@@ -58,8 +58,10 @@ struct CategoryTotals {
 [[nodiscard]] Information nothingToDeleteInformation();
 /// When moves could not be written down, for which the text says why.
 [[nodiscard]] Information noCleanUpInformation(const QString& reason);
-/// What one run has moved, in files and bytes, and how many files it has left where they are.
-[[nodiscard]] Information deletionReport(const RemovalResult& moved, std::uint64_t left = 0);
+/// What one run has moved, in files and bytes, how many files it has left where they are, and how
+/// many of those it has moved it could not move back, though no other copy was found then.
+[[nodiscard]] Information deletionReport(const RemovalResult& moved, std::uint64_t left = 0,
+                                         std::uint64_t notBack = 0);
 /// `files` have been put on the list of exceptions, those that were on it already included.
 [[nodiscard]] Information exceptionsAddedInformation(std::int64_t files);
 [[nodiscard]] Information exceptionsRemovedInformation();

@@ -7,12 +7,18 @@
 namespace tarvin {
 
 void KeptFiles::add(const File& file, const MoveResult& result) {
-    if (result.outcome == MoveOutcome::moved) {
-        return;
+    if (result.outcome != MoveOutcome::moved) {
+        ++left_;
+        keep(listedLeft_, file, result);
+    } else if (!result.reason.empty()) {
+        ++notBack_;
+        keep(listedNotBack_, file, result);
     }
-    ++count_;
-    if (listed_.size() < FileReasons::mostListed) {
-        listed_.push_back({file.filePath(), result});
+}
+
+void KeptFiles::keep(std::vector<Kept>& files, const File& file, const MoveResult& result) {
+    if (files.size() < FileReasons::mostListed) {
+        files.push_back({file.filePath(), result});
     }
 }
 
@@ -39,9 +45,12 @@ void KeptFiles::addRest(const Modal& modal, const Set* last, const MoveResult& r
 
 QVector<FileReason> KeptFiles::reasons() const {
     QVector<FileReason> reasons;
-    reasons.reserve(static_cast<qsizetype>(listed_.size()));
-    for (const Kept& kept : listed_) {
-        reasons.push_back(fileReason(kept.path, reasonOf(kept.result)));
+    for (const std::vector<Kept>* files : {&listedNotBack_, &listedLeft_}) {
+        for (const Kept& kept : *files) {
+            if (static_cast<std::size_t>(reasons.size()) < FileReasons::mostListed) {
+                reasons.push_back(fileReason(kept.path, reasonOf(kept.result)));
+            }
+        }
     }
     return reasons;
 }
@@ -56,8 +65,11 @@ QString KeptFiles::reasonOf(const MoveResult& result) {
             return tr("No other copy is left");
         case MoveOutcome::stopped:
             return tr("Stopped before its turn");
-        case MoveOutcome::refused:
         case MoveOutcome::moved:
+            return result.refusal == TrashRefusalKind::gone
+                       ? refusalText(result)
+                       : tr("In the Trash, not moved back: %1").arg(refusalText(result));
+        case MoveOutcome::refused:
             break;
     }
     return refusalText(result);
@@ -76,7 +88,8 @@ QString KeptFiles::refusalText(const MoveResult& result) {
             return OwnReasons::ofStore(result.reason);
         case ENOSPC:
         case EDQUOT:
-            return tr("The Trash of this volume is full");
+            return result.outcome == MoveOutcome::moved ? tr("The disk is full")
+                                                        : tr("The Trash of this volume is full");
         case EACCES:
         case EPERM:
             return tr("Permission denied");

@@ -8,11 +8,17 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLabel>
 
 namespace tarvin {
 
 KeptList::KeptList(MainWindow& window, InformationWindow& information)
-    : window_(window), information_(information) {
+    : window_(window),
+      information_(information),
+      usualTitle_(window.keptWindow->header->text()),
+      usualSentence_(window.keptWindow->sentence->text()),
+      usualListName_(window.keptWindow->table->accessibleName()),
+      usualShowName_(window.informationWindow->keptShow->accessibleName()) {
     const ListPanel& panel = *window_.keptWindow;
     panel.table->setModel(&files_);
     connect(window_.informationWindow->keptShow, &QAbstractButton::clicked, this, &KeptList::show);
@@ -25,7 +31,30 @@ KeptList::~KeptList() {
 }
 
 void KeptList::setFiles(const KeptFiles& files) {
-    files_.setFiles(files.reasons(), files.count());
+    files_.setFiles(files.reasons(), files.all());
+    setWords(files);
+}
+
+/// Files in the Trash are neither where they were nor in the results.
+void KeptList::setWords(const KeptFiles& files) {
+    const ListPanel& panel = *window_.keptWindow;
+    const bool isUsual = files.notBack() == 0;
+    panel.table->setAccessibleName(isUsual ? usualListName_ : tr("Files to check"));
+    window_.informationWindow->keptShow->setAccessibleName(isUsual ? usualShowName_
+                                                                   : tr("Show the files to check"));
+    if (isUsual) {
+        panel.header->setText(usualTitle_);
+        panel.sentence->setText(usualSentence_);
+    } else if (files.left() == 0) {
+        panel.header->setText(tr("Could Not Be Moved Back"));
+        panel.sentence->setText(
+            tr("These files are in the Trash. No other copy of them may be left outside it."));
+    } else {
+        panel.header->setText(tr("Files to Check"));
+        panel.sentence->setText(
+            tr("Files in the Trash may be last copies. The others were not moved and are still "
+               "marked."));
+    }
 }
 
 void KeptList::show() {

@@ -10,8 +10,8 @@ namespace tarvin {
 
 class MainWindow;
 
-/// The list of the files that a clean-up has left, which takes the place of its report while a
-/// person looks at it. Owned by DeletionTask; main thread.
+/// The list of the files to look at after a clean-up (KeptFiles), which takes the place of its
+/// report while a person looks at it. Owned by DeletionTask; main thread.
 class KeptList final : public QObject {
     Q_OBJECT
 
@@ -22,10 +22,11 @@ class KeptList final : public QObject {
     KeptList& operator=(const KeptList&) = delete;
     ~KeptList() override;
 
-    /// What the list shows from now on.
+    /// What the list and the button that opens it show from now on.
     void setFiles(const KeptFiles& files);
 
  private:
+    void setWords(const KeptFiles& files);
     void show();
     void close();
     void copy() const;
@@ -33,6 +34,11 @@ class KeptList final : public QObject {
     MainWindow& window_;
     InformationWindow& information_;
     FileReasons files_;
+    // Where all files were left, as the window has them.
+    const QString usualTitle_;
+    const QString usualSentence_;
+    const QString usualListName_;
+    const QString usualShowName_;
 };
 
 }  // namespace tarvin

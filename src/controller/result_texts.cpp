@@ -164,6 +164,17 @@ QString ResultTexts::filesLeft(std::uint64_t files) {
                       : tr("%1 files were left where they are.").arg(ShownNumbers::count(files));
 }
 
+QString ResultTexts::filesNotBack(std::uint64_t files) {
+    return files == 1
+               ? tr("1 file in the Trash may be the last copy.")
+               : tr("%1 files in the Trash may be last copies.").arg(ShownNumbers::count(files));
+}
+
+QString ResultTexts::filesLeftAndNotBack(std::uint64_t left, std::uint64_t notBack) {
+    return tr("Left: %1. Maybe last copies: %2.")
+        .arg(ShownNumbers::count(left), ShownNumbers::count(notBack));
+}
+
 QString ResultTexts::exceptionQuestion(bool exact) {
     return exact ? tr("The selected files will be excluded from all future scans. Press \"OK\" to "
                       "exclude.")

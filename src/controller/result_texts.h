@@ -81,6 +81,9 @@ class ResultTexts final {
 
     /// Below them, if there are such files.
     [[nodiscard]] static QString filesLeft(std::uint64_t files);
+    /// Of files that could not be moved back.
+    [[nodiscard]] static QString filesNotBack(std::uint64_t files);
+    [[nodiscard]] static QString filesLeftAndNotBack(std::uint64_t left, std::uint64_t notBack);
 
     // Exceptions.
 

@@ -47,13 +47,13 @@ TEST(KeptFiles, CountsAllAndListsTenThousand) {
         store->share(store->addFile(store->addRoot("/somewhere"), "name.jpg", 1, {}, {}));
     KeptFiles kept;
     kept.add(*file, {MoveOutcome::moved, {}});
-    EXPECT_EQ(kept.count(), 0U);
+    EXPECT_EQ(kept.left(), 0U);
     for (int number = 0; number < 10'003; ++number) {
         kept.add(*file, {MoveOutcome::changed, {}});
     }
-    EXPECT_EQ(kept.count(), 10'003U);
+    EXPECT_EQ(kept.left(), 10'003U);
     FileReasons list;
-    list.setFiles(kept.reasons(), kept.count());
+    list.setFiles(kept.reasons(), kept.all());
     ASSERT_EQ(list.rowCount(), 10'001);
     EXPECT_EQ(list.index(0, 0).data().toString(), QStringLiteral("name.jpg"));
     EXPECT_EQ(list.index(0, 1).data().toString(), QStringLiteral("/somewhere"));
@@ -61,6 +61,36 @@ TEST(KeptFiles, CountsAllAndListsTenThousand) {
     EXPECT_EQ(list.index(10'000, 0).data().toString(), QStringLiteral("and 3 more"));
     EXPECT_TRUE(list.index(10'000, 0).data(ListTable::mutedRole).toBool());
     EXPECT_FALSE(list.index(9'999, 0).data(ListTable::mutedRole).toBool());
+}
+
+TEST(KeptFiles, ListsOneThatCouldNotBeMovedBackBeforeTenThousandThatWereLeft) {
+    const std::shared_ptr<File> left = FileStore::standalone("/somewhere/left.jpg", 1);
+    const std::shared_ptr<File> notBack = FileStore::standalone("/somewhere/trashed.jpg", 1);
+    KeptFiles kept;
+    for (int number = 0; number < 10'000; ++number) {
+        kept.add(*left, {MoveOutcome::changed, {}});
+    }
+    kept.add(*notBack, {MoveOutcome::moved, "words", TrashRefusalKind::taken, {EEXIST}});
+    EXPECT_EQ(kept.left(), 10'000U);
+    EXPECT_EQ(kept.notBack(), 1U);
+    EXPECT_EQ(kept.all(), 10'001U);
+    const QVector<FileReason> reasons = kept.reasons();
+    ASSERT_EQ(reasons.size(), 10'000);
+    EXPECT_EQ(reasons[0].name, QStringLiteral("trashed.jpg"));
+    EXPECT_EQ(reasons[0].reason,
+              QStringLiteral("In the Trash, not moved back: Something else has its name now"));
+    EXPECT_EQ(reasons[1].name, QStringLiteral("left.jpg"));
+}
+
+TEST(KeptFiles, TellsWhyOneCouldNotBeMovedBack) {
+    const auto reason = [](TrashRefusalKind kind, int code) {
+        return reasonOf({MoveOutcome::moved, "the words of the system", kind, {code}});
+    };
+    EXPECT_EQ(reason(TrashRefusalKind::system, ENOSPC),
+              "In the Trash, not moved back: The disk is full");
+    EXPECT_EQ(reason(TrashRefusalKind::system, EROFS),
+              "In the Trash, not moved back: the words of the system");
+    EXPECT_EQ(reason(TrashRefusalKind::gone, ENOENT), "No longer in the Trash");
 }
 
 /// A list of extensions with sets of two files, "EXTENSION-SET-NUMBER", all of them marked but the
@@ -221,6 +251,59 @@ TEST_F(KeptFilesOfADeletion, AStopAddsThoseWhoseTurnDidNotCome) {
     // A run that does not begin at all.
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 0");
     EXPECT_EQ(textOf("keptLine"), "3 files were left where they are.");
+}
+
+/// Behind the move, the file that was to stay has gone, and the Trash does not give back.
+TEST_F(KeptFilesOfADeletion, OneThatCouldNotBeMovedBackIsToldAndListed) {
+    click("markAll");
+    files.beforeCall(
+        FileCall::attributesAtPath, 1, [this] { std::filesystem::remove(found("c1.txt")); },
+        "c1.txt");
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 4");
+    EXPECT_FALSE(isThere("c1.txt"));
+    EXPECT_FALSE(isThere("c2.txt"));
+    EXPECT_EQ(textOf("keptLine"), "1 file in the Trash may be the last copy.");
+    EXPECT_EQ(control("keptShow")->accessibleName(), QStringLiteral("Show the files to check"));
+    click("keptShow");
+    EXPECT_EQ(textOf("keptHeader"), "Could Not Be Moved Back");
+    EXPECT_EQ(textOf("keptSentence"),
+              "These files are in the Trash. No other copy of them may be left outside it.");
+    EXPECT_EQ(control("keptTable")->accessibleName(), QStringLiteral("Files to check"));
+    EXPECT_EQ(
+        rows(),
+        (std::vector<Lines>{row("c2.txt", "In the Trash, not moved back: Permission denied")}));
+}
+
+TEST_F(KeptFilesOfADeletion, ThoseThatCouldNotBeMovedBackComeBeforeThoseThatWereLeft) {
+    click("markAll");
+    platform.trash().refuse(found("a2.jpg"));
+    platform.trash().refuse(found("b2.jpg"));
+    files.beforeCall(
+        FileCall::attributesAtPath, 1, [this] { std::filesystem::remove(found("c1.txt")); },
+        "c1.txt");
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 2");
+    EXPECT_EQ(textOf("keptLine"), "Left: 2. Maybe last copies: 1.");
+    click("keptShow");
+    EXPECT_EQ(textOf("keptHeader"), "Files to Check");
+    EXPECT_EQ(textOf("keptSentence"),
+              "Files in the Trash may be last copies. The others were not moved and are still "
+              "marked.");
+    EXPECT_EQ(rows(), (std::vector<Lines>{
+                          row("c2.txt", "In the Trash, not moved back: Permission denied"),
+                          row("a2.jpg", "Permission denied"), row("b2.jpg", "Permission denied")}));
+    click("keptClose");
+    click("scanInforOKBtn");
+    // The next run only leaves files.
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 0");
+    EXPECT_EQ(textOf("keptLine"), "2 files were left where they are.");
+    EXPECT_EQ(control("keptShow")->accessibleName(),
+              QStringLiteral("Show the files that were left where they are"));
+    click("keptShow");
+    EXPECT_EQ(textOf("keptHeader"), "Left Where They Are");
+    EXPECT_EQ(textOf("keptSentence"),
+              "These files were not moved to the Trash. They are still in the results and still "
+              "marked.");
+    EXPECT_EQ(control("keptTable")->accessibleName(), QStringLiteral("Files left where they are"));
 }
 
 TEST_F(KeptFilesOfADeletion, ClosingTheListBringsTheReportBack) {

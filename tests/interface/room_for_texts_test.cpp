@@ -1,3 +1,5 @@
+#include "controller/information_window.h"
+#include "controller/kept_list.h"
 #include "controller/put_back_texts.h"
 #include "controller/result_texts.h"
 #include "controller/scan_screen_texts.h"
@@ -21,6 +23,7 @@
 #include "interface/some_results.h"
 #include "interface/text_block.h"
 #include "interface/translation.h"
+#include "model/file_store.h"
 
 #include <QFile>
 #include <QHeaderView>
@@ -254,6 +257,33 @@ TEST_P(RoomForTextsTest, InTheReportOfFilesThatWereLeft) {
     window->showInPlaceOf(&panel, window->keptWindow, ListPanel::designPlace, halfOfGain,
                           halfOfGain);
     lookAtEverythingShown("kept");
+}
+
+TEST_P(RoomForTextsTest, InTheReportOfFilesThatCouldNotBeMovedBack) {
+    window->selectTabViewItem(window->results->identifier());
+    InformationPanel& panel = *window->informationWindow;
+    for (const QString& line : {ResultTexts::filesNotBack(1), ResultTexts::filesNotBack(1234),
+                                ResultTexts::filesLeftAndNotBack(123456, 12)}) {
+        panel.setKeptLine(line);
+        window->showOver(&panel, QPoint(250, 200));
+        lookAtEverythingShown("report-not-back");
+        EXPECT_FALSE(panel.keptLine->isElided()) << line.toStdString();
+        panel.hide();
+        window->removeCovers();
+    }
+    InformationWindow information(*window);
+    KeptList list(*window, information);
+    const std::shared_ptr<File> file =
+        FileStore::standalone("/home/anna/Pictures/2023 Summer/beach.jpg", 1);
+    KeptFiles files;
+    for (const MoveOutcome outcome : {MoveOutcome::moved, MoveOutcome::changed}) {
+        files.add(*file, {outcome, "reason", TrashRefusalKind::taken, {}});
+        list.setFiles(files);
+        window->showOver(window->keptWindow, ListPanel::designPlace, halfOfGain, halfOfGain);
+        lookAtEverythingShown(outcome == MoveOutcome::moved ? "not-back" : "kept-and-not-back");
+        window->keptWindow->hide();
+        window->removeCovers();
+    }
 }
 
 TEST_P(RoomForTextsTest, InThePanelsOfPuttingBack) {
