@@ -759,6 +759,10 @@ Modified Date       : %4</source>
         <source>The last clean-up could not be put back.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Not all was done or written down: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tarvin::ResultScreen</name>

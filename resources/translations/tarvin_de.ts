@@ -766,6 +766,10 @@ Geändert       : %4</translation>
         <source>The last clean-up could not be put back.</source>
         <translation>Das letzte Aufräumen ließ sich nicht rückgängig machen.</translation>
     </message>
+    <message>
+        <source>Not all was done or written down: %1</source>
+        <translation>Nicht alles getan oder aufgezeichnet: %1</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::ResultScreen</name>

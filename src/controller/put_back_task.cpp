@@ -5,6 +5,7 @@
 #include "controller/put_back_texts.h"
 #include "controller/result_texts.h"
 #include "controller/shown_numbers.h"
+#include "controls/elided_label.h"
 #include "controls/hover_button.h"
 #include "controls/progress_bar.h"
 #include "interface/about_panel.h"
@@ -18,6 +19,7 @@
 
 #include <QAction>
 #include <QLabel>
+#include <optional>
 #include <utility>
 
 namespace tarvin {
@@ -124,12 +126,13 @@ void PutBackTask::showQuestion() {
 }
 
 /// The information window takes the cover away when it is answered.
-void PutBackTask::inform(DialogPanel& before, const QString& firstLine, const QString& secondLine) {
+void PutBackTask::inform(DialogPanel& before, const QString& firstLine, const QString& secondLine,
+                         const QString& thirdLine) {
     information_.setInformationWindowInPlaceOf(
         before, {.informationHeader = PutBackTexts::title(),
                  .duplicatesCount = firstLine,
                  .duplicatesSize = secondLine,
-                 .otherInfomration = {},
+                 .otherInfomration = thirdLine,
                  .informationImage = informationImageOf(ResultView::all),
                  .actionButtonTitle = ResultTexts::ok()});
     endRun();
@@ -197,10 +200,18 @@ void PutBackTask::showResult() {
         showReport(*shown);
         return;
     }
-    const bool nothingDone = run_->done() == 0 && run_->failure();
-    inform(*shown,
-           nothingDone ? PutBackTexts::notBegun() : PutBackTexts::filesPutBack(run_->done()),
-           nothingDone ? OwnReasons::of(*run_->failure()) : PutBackTexts::size(run_->bytesDone()));
+    if (run_->done() == 0 && run_->failure()) {
+        inform(*shown, PutBackTexts::notBegun(), OwnReasons::of(*run_->failure()));
+        return;
+    }
+    inform(*shown, PutBackTexts::filesPutBack(run_->done()), PutBackTexts::size(run_->bytesDone()),
+           failureLine());
+}
+
+/// Empty if nothing has failed but single files.
+QString PutBackTask::failureLine() const {
+    const std::optional<StoreError>& failure = run_->failure();
+    return failure ? PutBackTexts::notAll(OwnReasons::of(*failure)) : QString();
 }
 
 void PutBackTask::showReport(DialogPanel& before) {
@@ -216,7 +227,8 @@ void PutBackTask::showReport(DialogPanel& before) {
     panel.putBackReportSize->setText(PutBackTexts::size(run_->bytesDone()));
     panel.putBackReportFailed->setText(PutBackTexts::failed(run_->failed()));
     const bool overResults = window_.selectedTabViewItem() == window_.results->identifier();
-    panel.putBackReportHint->setText(overResults ? PutBackTexts::scanAgain() : QString());
+    const QString hint = overResults ? PutBackTexts::scanAgain() : QString();
+    panel.putBackReportHint->setText(run_->failure() ? failureLine() : hint);
     window_.showInPlaceOf(&before, window_.putBackReport, PutBackReport::designPlace);
 }
 

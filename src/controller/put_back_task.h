@@ -58,7 +58,9 @@ class PutBackTask final : public QObject {
     void showReport(DialogPanel& before);
     void closeReport();
     void endRun();
-    void inform(DialogPanel& before, const QString& firstLine, const QString& secondLine);
+    void inform(DialogPanel& before, const QString& firstLine, const QString& secondLine,
+                const QString& thirdLine = {});
+    [[nodiscard]] QString failureLine() const;
 
     Session& session_;
     MainWindow& window_;

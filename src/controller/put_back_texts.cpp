@@ -56,6 +56,10 @@ QString PutBackTexts::scanAgain() {
     return tr("Scan again to see these files in the results.");
 }
 
+QString PutBackTexts::notAll(const QString& reason) {
+    return tr("Not all was done or written down: %1").arg(reason);
+}
+
 QString PutBackTexts::nothing() {
     return tr("There is nothing to put back.");
 }

@@ -36,6 +36,8 @@ class PutBackTexts final {
     [[nodiscard]] static QString size(std::uint64_t bytes);
     [[nodiscard]] static QString failed(std::uint64_t files);
     [[nodiscard]] static QString scanAgain();
+    /// Where the run has failed, for whatever reason, behind what it has brought back.
+    [[nodiscard]] static QString notAll(const QString& reason);
 
     // Where there is nothing to do.
 

@@ -1,5 +1,6 @@
 #include "interface/put_back_report.h"
 
+#include "controls/elided_label.h"
 #include "controls/hover_button.h"
 #include "controls/look.h"
 #include "interface/list_table.h"
@@ -30,13 +31,15 @@ PutBackReport::PutBackReport(QWidget* parent)
                                            {ListTable::Text::plain, 210}},
                                           ListTable::heightOfLine),
                             "putBackFailures")),
-      putBackReportHint(named(makeLabel({}, look::font(13), look::muted), "putBackReportHint")),
+      putBackReportHint(named(new ElidedLabel, "putBackReportHint")),
       putBackReportOk(makeFilledButton("putBackReportOk", tr("Ok"), look::deepTeal)) {
     setObjectName(QStringLiteral("putBackReport"));
     header->setText(tr("Put Back Last Clean-up"));
     putBackFailures->setAccessibleName(tr("Files that could not be put back"));
     auto* picture = named(new PictureView, "putBackReportImage");
     picture->setPictureName(QStringLiteral("common_info"));
+    putBackReportHint->setElideMode(Qt::ElideRight);
+    putBackReportHint->setTextColor(look::muted);
     setFootHeight(64);
     placement().place(picture, {{24, 60, 96, 96}});
     placement().place(putBackReportCount, {{144, 64, 502, 24}});

@@ -4,6 +4,7 @@
 
 namespace tarvin {
 
+class ElidedLabel;
 class HoverButton;
 class ListTable;
 class TextBlock;
@@ -23,7 +24,7 @@ class PutBackReport final : public DialogPanel {
     TextBlock* const putBackReportSize;
     QLabel* const putBackReportFailed;
     ListTable* const putBackFailures;
-    QLabel* const putBackReportHint;
+    ElidedLabel* const putBackReportHint;  ///< or why not all was done
     HoverButton* const putBackReportOk;
 };
 

@@ -1,6 +1,7 @@
 #include "controller/put_back_bench.h"
 #include "interface/home_screen.h"
 #include "store/clean_up_journal.h"
+#include "support/file_size_limit.h"
 
 namespace tarvin {
 namespace {
@@ -226,6 +227,33 @@ TEST_F(PutBackTest, OverTheHomeScreenGivesNoHintToScanAgain) {
     click("putBackReportOk");
     EXPECT_TRUE(window().home->cleanHistory->isVisible());
     EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 1 (0.01 KB)");
+}
+
+TEST_F(PutBackTest, TellsWhatCameBackAndThatItCouldNotBeWrittenDown) {
+    cleanUp();
+    ASSERT_TRUE(opens());
+    FileSizeLimit room;
+    room.set(1000);
+    click("putBackOk");
+    ASSERT_TRUE(comesTrue([this] { return hasResult(); }));
+    EXPECT_TRUE(isThere("c2.txt"));
+    EXPECT_EQ(information(), (Lines{"Put Back Last Clean-up", "Files Put Back: 4", "Size: 0.02 KB",
+                                    "Not all was done or written down: File too large"}));
+}
+
+TEST_F(PutBackTest, ReportsWhatDidNotComeBackAndThatItCouldNotBeWrittenDown) {
+    cleanUp();
+    std::filesystem::remove(folder.pathOf("data/Trash/files/c2.txt"));
+    ASSERT_TRUE(opens());
+    FileSizeLimit room;
+    room.set(1000);
+    click("putBackOk");
+    ASSERT_TRUE(comesTrue([this] { return hasResult(); }));
+    ASSERT_TRUE(report().isVisible());
+    EXPECT_EQ(textOf("putBackReportCount"), "Files Put Back: 3");
+    EXPECT_EQ(failures(),
+              (std::vector<Lines>{{"c2.txt", folder.pathOf("found"), "No longer in the Trash"}}));
+    EXPECT_EQ(textOf("putBackReportHint"), "Not all was done or written down: File too large");
 }
 
 /// Its panel would come over theirs.

@@ -3,11 +3,9 @@
 #include "store/clean_up_journal.h"
 #include "store/property_list.h"
 #include "support/add_to_totals.h"
-
-#include <sys/resource.h>
+#include "support/file_size_limit.h"
 
 #include <QCoreApplication>
-#include <csignal>
 #include <fstream>
 #include <iterator>
 
@@ -191,15 +189,6 @@ TEST_F(StoredFiles, AreLeftAloneByARecoveryWithoutAJournal) {
 /// in for a full disk.
 class WithoutRoomForTheJournal : public PutBackBench {
  protected:
-    WithoutRoomForTheJournal() {
-        usualHandler_ = std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &usual_);
-    }
-    ~WithoutRoomForTheJournal() override {
-        makeRoom();
-        static_cast<void>(std::signal(SIGXFSZ, usualHandler_));
-    }
-
     void SetUp() override {
         writeThreeSets();
         scanAndReview();
@@ -208,16 +197,12 @@ class WithoutRoomForTheJournal : public PutBackBench {
     /// Deletes what is marked; the room goes when the moves have been planned and none is made.
     [[nodiscard]] std::string deleteAndFillAt(const std::string& part) {
         deleteAndHoldAt(part);
-        const rlimit limit{1000, usual_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
+        room.set(1000);
         barrier.open();
         return reported() ? information()[1] : "no report";
     }
-    void makeRoom() { ::setrlimit(RLIMIT_FSIZE, &usual_); }
 
- private:
-    rlimit usual_{};
-    void (*usualHandler_)(int) = nullptr;
+    FileSizeLimit room;
 };
 
 TEST_F(WithoutRoomForTheJournal, TheTotalsOnScreenAreThoseOfTheReport) {
@@ -234,7 +219,7 @@ TEST_F(WithoutRoomForTheJournal, TheNextStartCountsOnceWhatWasMoved) {
     click("markAll");
     EXPECT_EQ(deleteAndFillAt("a2.jpg"), "Duplicates Cleaned: 4");
     delegate.reset();
-    makeRoom();
+    room.lift();
     launch();
     EXPECT_TRUE(comesTrue([this] { return window().home->cleanHistory->isVisible(); }));
     EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 4 (0.02 KB)");
@@ -250,7 +235,7 @@ TEST_F(WithoutRoomForTheJournal, TheTotalsStayAndTheNextCleanUpCountsOnce) {
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 0");
     click("scanInforOKBtn");
     EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 1 (0.00 KB)");
-    makeRoom();
+    room.lift();
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");
     EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 4 (0.02 KB)");
     EXPECT_EQ(storedTotals().alreadyDeletedCount(), 4);

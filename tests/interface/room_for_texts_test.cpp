@@ -310,6 +310,10 @@ TEST_P(RoomForTextsTest, InThePanelsOfPuttingBack) {
     report.putBackReportHint->setText(PutBackTexts::scanAgain());
     window->showInPlaceOf(&progress, &report, PutBackReport::designPlace);
     lookAtEverythingShown("put-back-done");
+    report.putBackReportHint->setText(
+        PutBackTexts::notAll(QStringLiteral("No space left on device")));
+    lookAtEverythingShown("put-back-failed");
+    EXPECT_FALSE(report.putBackReportHint->isElided());
     window->informationWindow->informationHeader->setText(PutBackTexts::title());
     window->informationWindow->scanInfoCount->setText(PutBackTexts::nothing());
     for (const NothingToPutBack reason : {NothingToPutBack::neverCleaned, NothingToPutBack::allBack,
