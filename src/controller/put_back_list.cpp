@@ -3,9 +3,11 @@
 #include "controller/file_reasons.h"
 #include "controller/own_reasons.h"
 #include "controller/path_text.h"
+#include "controller/put_back_texts.h"
 #include "controller/shown_numbers.h"
 #include "interface/list_table.h"
 
+#include <algorithm>
 #include <cerrno>
 
 namespace tarvin {
@@ -45,6 +47,18 @@ void PutBackList::setFiles(const PutBackOutlook& outlook) {
     beginResetModel();
     files_ = outlook.files();
     more_ = outlook.all() - files_.size();
+    isChecked_ = true;
+    endResetModel();
+}
+
+void PutBackList::setUnchecked(const UncheckedCleanUp& cleanUp) {
+    beginResetModel();
+    files_.clear();
+    for (const std::string& path : cleanUp.paths) {
+        files_.emplace_back().path = path;
+    }
+    more_ = cleanUp.all - std::min<std::uint64_t>(cleanUp.all, files_.size());
+    isChecked_ = false;
     endResetModel();
 }
 
@@ -122,7 +136,11 @@ QVariant PutBackList::data(const QModelIndex& index, int role) const {
     return index.column() == file ? fileData(shown, role) : statusData(shown, role);
 }
 
-QVariant PutBackList::fileData(const PutBackFile& file, int role) {
+QString PutBackList::shownStatus(const PutBackFile& file) const {
+    return isChecked_ ? statusText(file) : PutBackTexts::checking();
+}
+
+QVariant PutBackList::fileData(const PutBackFile& file, int role) const {
     const FileReason texts = fileReason(file.path, {});
     switch (role) {
         case Qt::DisplayRole:
@@ -133,18 +151,18 @@ QVariant PutBackList::fileData(const PutBackFile& file, int role) {
             return !isBack(file.outcome);
         case Qt::AccessibleTextRole:
             return tr("%1, to %2, %3", "name of a file, its folder, what becomes of it")
-                .arg(texts.name, texts.folder, statusText(file));
+                .arg(texts.name, texts.folder, shownStatus(file));
         default:
             return {};
     }
 }
 
-QVariant PutBackList::statusData(const PutBackFile& file, int role) {
+QVariant PutBackList::statusData(const PutBackFile& file, int role) const {
     switch (role) {
         case Qt::DisplayRole:
-            return statusText(file);
+            return shownStatus(file);
         case ListTable::mutedRole:
-            return file.outcome == PutBackOutcome::toItsPlace;
+            return !isChecked_ || file.outcome == PutBackOutcome::toItsPlace;
         default:
             return {};
     }

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "clean/put_back.h"
+#include "platform/timestamp.h"
 
 #include <QAbstractTableModel>
 #include <QCoreApplication>
 #include <QString>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace tarvin {
@@ -36,6 +38,13 @@ class PutBackOutlook final {
     std::uint64_t bytes_ = 0;
 };
 
+/// What is known of a clean-up before its files have been looked at.
+struct UncheckedCleanUp {
+    Timestamp begun;
+    std::vector<std::string> paths;  ///< of its files, in order; as many as a list shows
+    std::uint64_t all = 0;           ///< files
+};
+
 /// The files of the last clean-up, the places that they go back to and what becomes of them, for a
 /// ListTable. Main thread.
 class PutBackList final : public QAbstractTableModel {
@@ -47,6 +56,8 @@ class PutBackList final : public QAbstractTableModel {
     using QAbstractTableModel::QAbstractTableModel;
 
     void setFiles(const PutBackOutlook& outlook);
+    /// The same while it is not known what becomes of them.
+    void setUnchecked(const UncheckedCleanUp& cleanUp);
 
     /// Why a file does not come back; empty if it does.
     [[nodiscard]] static QString reasonOf(const PutBackFile& file);
@@ -61,12 +72,14 @@ class PutBackList final : public QAbstractTableModel {
 
  private:
     [[nodiscard]] static QString refusalText(const PutBackFile& file);
-    [[nodiscard]] static QVariant fileData(const PutBackFile& file, int role);
-    [[nodiscard]] static QVariant statusData(const PutBackFile& file, int role);
+    [[nodiscard]] QString shownStatus(const PutBackFile& file) const;
+    [[nodiscard]] QVariant fileData(const PutBackFile& file, int role) const;
+    [[nodiscard]] QVariant statusData(const PutBackFile& file, int role) const;
     [[nodiscard]] QVariant lastRowData(int column, int role) const;
 
     std::vector<PutBackFile> files_;
     std::uint64_t more_ = 0;  // that are not listed
+    bool isChecked_ = true;   // whether the outcomes say anything
 };
 
 }  // namespace tarvin

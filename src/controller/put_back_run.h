@@ -5,12 +5,14 @@
 #include "controller/put_back_list.h"
 #include "controller/work_thread.h"
 #include "platform/platform.h"
+#include "store/clean_up_journal.h"
 #include "store/data_file.h"
 
 #include <atomic>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <variant>
 #include <vector>
@@ -19,7 +21,7 @@ namespace tarvin {
 
 /// The work of putting the last clean-up back, on threads of its own: first to find out what would
 /// become of each file, then to do it. Between the start of either and the call of its `over` only
-/// stop() and done() may be called, on any thread.
+/// stop(), done() and takeUnchecked() may be called, on any thread.
 class PutBackRun final {
  public:
     /// `platform` outlives it. `totals` is a copy, which the threads change.
@@ -29,14 +31,18 @@ class PutBackRun final {
     /// Stops what runs behind the file in hand, and waits for it.
     ~PutBackRun();
 
-    /// `over` is called on the other thread, as the last. Once.
-    void examine(std::function<void()> over);
+    /// `listed` is called on the other thread whenever takeUnchecked() has something new: before
+    /// files are looked at, which takes as long as their drives do. `over` is called there as the
+    /// last. Once.
+    void examine(std::function<void()> listed, std::function<void()> over);
     /// The same, after an examination that has found a clean-up.
     void putBack(std::function<void()> over);
 
     void stop() { stopped_ = true; }
     /// How many files have come back.
     [[nodiscard]] std::uint64_t done() const { return done_; }
+    /// The clean-up whose files are about to be looked at, once.
+    [[nodiscard]] std::optional<UncheckedCleanUp> takeUnchecked();
     /// Waits until nothing runs.
     void wait() { thread_.wait(); }
 
@@ -59,16 +65,20 @@ class PutBackRun final {
     [[nodiscard]] const DataFile& totals() const { return totals_; }
 
  private:
-    void lookForCleanUp();
+    void lookForCleanUp(const std::function<void()>& listed);
+    void list(std::optional<CleanUpId> id, const std::function<void()>& listed);
     void bringBack();
     void count(const PutBackFile& file);
 
     Platform& platform_;
     std::atomic<bool> stopped_{false};
     std::atomic<std::uint64_t> done_{0};
+    std::mutex mutex_;
+    std::optional<UncheckedCleanUp> unchecked_;  // guarded by mutex_
     // All below is the thread's own while it runs.
     DataFile totals_;
     std::unique_ptr<PutBack> engine_;
+    std::optional<CleanUpId> listed_;
     std::optional<CleanUpSummary> cleanUp_;
     NothingToPutBack nothing_ = NothingToPutBack::neverCleaned;
     PutBackOutlook outlook_;

@@ -44,6 +44,7 @@ PutBackTask::PutBackTask(Session& session, MainWindow& window, InformationWindow
             &PutBackTask::stop);
     connect(window_.putBackReport->putBackReportOk, &QAbstractButton::clicked, this,
             &PutBackTask::closeReport);
+    connect(this, &PutBackTask::listed, this, &PutBackTask::showListed, Qt::QueuedConnection);
     connect(this, &PutBackTask::examined, this, &PutBackTask::showExamined, Qt::QueuedConnection);
     connect(this, &PutBackTask::finished, this, &PutBackTask::showResult, Qt::QueuedConnection);
     patience_.setSingleShot(true);
@@ -69,7 +70,8 @@ void PutBackTask::open() {
     window_.cover();
     run_ = std::make_unique<PutBackRun>(session_.platform, session_.data);
     patience_.start();
-    run_->examine([this] { Q_EMIT examined(); });
+    window_.putBackWindow->putBackDate->setText({});
+    run_->examine([this] { Q_EMIT listed(); }, [this] { Q_EMIT examined(); });
 }
 
 void PutBackTask::showThatItTakesLong() {
@@ -82,14 +84,23 @@ void PutBackTask::showThatItTakesLong() {
 
 void PutBackTask::showExamining() {
     const PutBackPanel& panel = *window_.putBackWindow;
-    files_.setFiles({});
-    panel.putBackDate->setText({});
     panel.putBackTotal->setText({});
     panel.putBackOutcome->setText(PutBackTexts::checking());
     panel.putBackCannot->setText({});
     window_.putBackWindow->setPossible(false);
     window_.showInPlaceOf(nullptr, window_.putBackWindow, PutBackPanel::designPlace, halfOfGain,
                           halfOfGain);
+}
+
+/// The files come before what is to be said of them. The panel may not be there yet.
+void PutBackTask::showListed() {
+    if (state_ != State::examining) {
+        return;
+    }
+    if (const std::optional<UncheckedCleanUp> unchecked = run_->takeUnchecked()) {
+        files_.setUnchecked(*unchecked);
+        window_.putBackWindow->putBackDate->setText(ShownNumbers::dateAndTime(unchecked->begun));
+    }
 }
 
 void PutBackTask::showExamined() {
@@ -151,6 +162,7 @@ void PutBackTask::cancel() {
         default:
             return;
     }
+    files_.setFiles({});
     window_.putBackWindow->hide();
     window_.removeFirstCover();
 }

@@ -42,6 +42,7 @@ class PutBackTask final : public QObject {
     /// The totals are other ones now.
     void totalsChanged();
     // From the run's thread to this one.
+    void listed();
     void examined();
     void finished();
 
@@ -50,6 +51,7 @@ class PutBackTask final : public QObject {
 
     void showThatItTakesLong();
     void showExamining();
+    void showListed();
     void showExamined();
     void showQuestion();
     void showProgress();

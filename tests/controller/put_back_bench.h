@@ -32,6 +32,12 @@ class PutBackBench : public DeletionBench {
     /// Holds the run before it brings the file of this name back.
     void holdPutBackOf(const std::string& name) { heldName_ = name; }
 
+    /// Holds the look at what would become of the files, before their folder is looked at.
+    void holdExamination() {
+        files.beforeCall(
+            FileCall::openDirectory, 1, [this] { barrier.wait(); }, folder.pathOf("found"));
+    }
+
     /// Opens the panel by the menu; true when it, or a window in its place, is there.
     [[nodiscard]] bool opens() {
         click("buttonMore");

@@ -229,6 +229,52 @@ TEST_F(PutBackTest, OverTheHomeScreenGivesNoHintToScanAgain) {
     EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 1 (0.01 KB)");
 }
 
+/// Its drive has not answered yet.
+TEST_F(PutBackTest, ListsTheFilesWhileTheyAreChecked) {
+    cleanUp();
+    holdExamination();
+    click("buttonMore");
+    ASSERT_TRUE(comesTrue([this] { return window().moreMenu->isVisible(); }));
+    choose(window().moreMenu, window().putBackItem);
+    ASSERT_TRUE(comesTrue([this] { return question().isVisible() && rows().size() == 4; }));
+    const std::string place = folder.pathOf("found");
+    EXPECT_EQ(rows(), (std::vector<Lines>{{"a2.jpg", place, "Checking…"},
+                                          {"b2.jpg", place, "Checking…"},
+                                          {"b3.jpg", place, "Checking…"},
+                                          {"c2.txt", place, "Checking…"}}));
+    const QAbstractItemModel& model = *question().putBackTable->model();
+    EXPECT_TRUE(model.index(0, 1).data(ListTable::mutedRole).toBool());
+    EXPECT_FALSE(model.index(0, 0).data(ListTable::mutedRole).toBool());
+    EXPECT_EQ(model.index(0, 0).data(Qt::AccessibleTextRole).toString().toStdString(),
+              "a2.jpg, to " + place + ", Checking…");
+    EXPECT_EQ(textOf("putBackDate"), "31 January 2026, 00:00");
+    EXPECT_EQ(textOf("putBackOutcome"), "Checking…");
+    EXPECT_FALSE(isEnabled("putBackOk"));
+    barrier.open();
+    ASSERT_TRUE(comesTrue([this] { return isEnabled("putBackOk"); }));
+    EXPECT_EQ(rows().size(), 4U);
+    EXPECT_EQ(rows().front(), (Lines{"a2.jpg", place, "Ready"}));
+}
+
+TEST_F(PutBackTest, CancelledWhileFilesAreCheckedShowsNoneOfThemTheNextTime) {
+    cleanUp();
+    holdExamination();
+    click("buttonMore");
+    ASSERT_TRUE(comesTrue([this] { return window().moreMenu->isVisible(); }));
+    choose(window().moreMenu, window().putBackItem);
+    ASSERT_TRUE(comesTrue([this] { return question().isVisible() && rows().size() == 4; }));
+    click("putBackCancel");
+    EXPECT_EQ(covers(), 0);
+    EXPECT_TRUE(rows().empty());
+    barrier.open();
+    // It can be opened again when the thread has ended.
+    ASSERT_TRUE(comesTrue([this] {
+        window().putBackItem->trigger();
+        return question().isVisible() && isEnabled("putBackOk");
+    }));
+    EXPECT_EQ(rows().front()[2], "Ready");
+}
+
 TEST_F(PutBackTest, TellsWhatCameBackAndThatItCouldNotBeWrittenDown) {
     cleanUp();
     ASSERT_TRUE(opens());
