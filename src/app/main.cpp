@@ -1,6 +1,7 @@
 #include "controller/app_delegate.h"
 #include "controller/command_line.h"
 #include "controller/desktop.h"
+#include "controller/recovery_task.h"
 #include "controller/resource_files.h"
 #include "interface/translation.h"
 #include "platform/platform.h"
@@ -61,9 +62,8 @@ int runWindow(const std::vector<std::string>& folders) {
     return QApplication::exec();
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+/// The whole program; what it needs of Qt is gone behind it.
+int run(int& argc, char** argv) {
     const auto arguments = [&] {
         return std::span<const char* const>(argv, static_cast<std::size_t>(argc));
     };
@@ -98,4 +98,10 @@ int main(int argc, char** argv) {
     const auto folders = tarvin::givenFolders(commandLine.folders, complaints);
     std::fputs(complaints.c_str(), stderr);
     return runWindow(folders);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return tarvin::RecoveryTask::endOfProcess(run(argc, argv));
 }

@@ -4,8 +4,11 @@
 #include "platform/start_thread.h"
 #include "store/data_file.h"
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
 #include <mutex>
 #include <thread>
 
@@ -17,6 +20,9 @@ namespace {
 /// the next start.
 constexpr std::chrono::seconds patienceAtTheEnd{2};
 
+/// Threads.
+std::atomic<int> behind{0};
+
 }  // namespace
 
 /// What the thread and the task share; lives as long as the longer of the two.
@@ -24,10 +30,11 @@ class RecoveryTask::Shared final {
  public:
     explicit Shared(RecoveryTask* task) : task_(task) {}
 
-    /// On the thread.
+    /// On the thread, when it uses nothing any more but this.
     void end() {
         const std::lock_guard lock(mutex_);
         isOver_ = true;
+        behind -= wasLeft_ ? 1 : 0;
         if (task_ != nullptr) {
             QMetaObject::invokeMethod(task_, &RecoveryTask::totalsSettled, Qt::QueuedConnection);
         }
@@ -38,14 +45,16 @@ class RecoveryTask::Shared final {
     void leave() {
         std::unique_lock lock(mutex_);
         task_ = nullptr;
-        over_.wait_for(lock, patienceAtTheEnd, [this] { return isOver_; });
+        wasLeft_ = !over_.wait_for(lock, patienceAtTheEnd, [this] { return isOver_; });
+        behind += wasLeft_ ? 1 : 0;
     }
 
  private:
     std::mutex mutex_;
     std::condition_variable over_;
-    RecoveryTask* task_;   // guarded by mutex_
-    bool isOver_ = false;  // guarded by mutex_
+    RecoveryTask* task_;    // guarded by mutex_
+    bool isOver_ = false;   // guarded by mutex_
+    bool wasLeft_ = false;  // guarded by mutex_
 };
 
 RecoveryTask::RecoveryTask(Platform& platform) {
@@ -54,8 +63,10 @@ RecoveryTask::RecoveryTask(Platform& platform) {
     }
     auto shared = std::make_shared<Shared>(this);
     std::thread thread = startThread([&platform, shared] {
-        DataFile totals(platform.applicationSupportFolder());
-        static_cast<void>(recoverAtStart(platform, totals));
+        {
+            DataFile totals(platform.applicationSupportFolder());
+            static_cast<void>(recoverAtStart(platform, totals));
+        }
         shared->end();
     });
     if (thread.joinable()) {
@@ -68,6 +79,18 @@ RecoveryTask::~RecoveryTask() {
     if (shared_) {
         shared_->leave();
     }
+}
+
+int RecoveryTask::leftBehind() {
+    return behind;
+}
+
+int RecoveryTask::endOfProcess(int status) {
+    if (leftBehind() > 0) {
+        std::fflush(nullptr);
+        std::_Exit(status);
+    }
+    return status;
 }
 
 }  // namespace tarvin

@@ -20,7 +20,16 @@ class RecoveryTask final : public QObject {
     explicit RecoveryTask(Platform& platform);
     RecoveryTask(const RecoveryTask&) = delete;
     RecoveryTask& operator=(const RecoveryTask&) = delete;
+    /// Waits for two seconds at most. A thread that hangs longer is left behind, and goes on to use
+    /// the platform.
     ~RecoveryTask() override;
+
+    /// How many threads have been left behind and still run. Any thread.
+    [[nodiscard]] static int leftBehind();
+    /// The last of main(): answers the exit status. If a thread was left behind, it ends the
+    /// process with that status instead, without destroying what the thread uses: the platform and
+    /// other objects that live as long as the process. Everything else should be gone by then.
+    [[nodiscard]] static int endOfProcess(int status);
 
  Q_SIGNALS:
     /// The stored totals may have changed. On the main thread.

@@ -1,0 +1,76 @@
+#include "controller/recovery_task.h"
+
+#include "controller/product_bench.h"
+#include "store/clean_up_journal.h"
+#include "support/waiting.h"
+
+#include <cstdlib>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+/// A clean-up whose process has ended before it could tell what became of a file, and the drive of
+/// that file, which does not answer before the test lets it.
+class RecoveryOfAHangingDrive : public testing::Test {
+ protected:
+    RecoveryOfAHangingDrive() {
+        platform.setApplicationSupportFolder(folder.pathOf("support"));
+        auto opened = CleanUpJournal::open(folder.pathOf("support"));
+        auto& journal = std::get<CleanUpJournal>(opened);
+        const CleanUpId id = std::get<CleanUpId>(journal.begin({}));
+        const std::vector<PlannedMove> moves{{"/far/away/a.txt", 1, 70, {}}};
+        EXPECT_TRUE(std::holds_alternative<MoveRow>(journal.plan(id, moves)));
+        files.beforeCall(FileCall::attributesAtPath, 1, [this] { drive.wait(); }, "/far/away");
+    }
+    ~RecoveryOfAHangingDrive() override {
+        drive.open();
+        EXPECT_TRUE(waitUntil([] { return RecoveryTask::leftBehind() == 0; }));
+    }
+
+    /// Begins a recovery, and ends its task while it hangs.
+    void leaveRecovery() {
+        const RecoveryTask task(platform);
+        ASSERT_TRUE(waitUntil([this] { return drive.isReached(); }));
+        EXPECT_EQ(RecoveryTask::leftBehind(), 0);
+    }
+
+    TemporaryFolder folder;
+    FaultyFileSystem files;
+    FakePlatform platform{files};
+    Barrier drive;
+};
+
+TEST_F(RecoveryOfAHangingDrive, IsLeftBehindAndKnownUntilItHasEnded) {
+    leaveRecovery();
+    EXPECT_EQ(RecoveryTask::leftBehind(), 1);
+    drive.open();
+    EXPECT_TRUE(waitUntil([] { return RecoveryTask::leftBehind() == 0; }));
+}
+
+TEST_F(RecoveryOfAHangingDrive, ThatAnswersInTimeIsNotLeftBehind) {
+    drive.open();
+    leaveRecovery();
+    EXPECT_EQ(RecoveryTask::leftBehind(), 0);
+}
+
+TEST_F(RecoveryOfAHangingDrive, LetsAProcessEndAsUsualThatHasNone) {
+    EXPECT_EQ(RecoveryTask::endOfProcess(7), 7);
+}
+
+/// In a process of its own: what is destroyed at the end of one would be in use by the thread.
+TEST_F(RecoveryOfAHangingDrive, EndsTheProcessWithoutDestroyingWhatItUses) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    struct Witness {
+        ~Witness() { std::_Exit(9); }
+    };
+    const auto end = [this] {
+        static const Witness witness;
+        leaveRecovery();
+        std::exit(RecoveryTask::endOfProcess(7));  // NOLINT(concurrency-mt-unsafe)
+    };
+    EXPECT_EXIT(end(), testing::ExitedWithCode(7), "");
+}
+
+}  // namespace
+}  // namespace tarvin
