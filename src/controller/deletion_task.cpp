@@ -251,8 +251,8 @@ void DeletionTask::finish() {
     results_.showFiles();
     marking_.setMarkedFilesDetails();
     marking_.enableNecessaryButton();
-    if (run->refusal()) {
-        information_.setInformationWindow(noCleanUpInformation(OwnReasons::of(*run->refusal())));
+    if (const std::optional<StoreError>& refusal = run->refusal()) {
+        information_.setInformationWindow(noCleanUpInformation(OwnReasons::of(*refusal)));
         return;
     }
     kept_.setFiles(run->kept());

@@ -81,6 +81,7 @@ class RepeatedLock final {
     const LockFile file_;
     const std::uint64_t number_;
     int descriptor_ = -1;
+    bool isHeld_ = false;
     std::chrono::steady_clock::time_point opened_;
     std::chrono::steady_clock::time_point queued_;  // looked last whether others wait
 };

@@ -157,6 +157,7 @@ std::optional<SystemError> RepeatedLock::take(std::chrono::milliseconds patience
         return failure;
     }
     if (now - queued_ < withoutQueue && lockByte(descriptor_, number_, F_WRLCK) == 0) {
+        isHeld_ = true;
         return std::nullopt;
     }
     queued_ = now;
@@ -165,11 +166,12 @@ std::optional<SystemError> RepeatedLock::take(std::chrono::milliseconds patience
         failure = lockUntil(descriptor_, number_, deadline);
         lockByte(descriptor_, number_ + turnOffset, F_UNLCK);
     }
-    return failure == 0 ? std::nullopt : std::optional(SystemError{failure});
+    isHeld_ = failure == 0;
+    return isHeld_ ? std::nullopt : std::optional(SystemError{failure});
 }
 
 void RepeatedLock::release() {
-    if (descriptor_ >= 0) {
+    if (std::exchange(isHeld_, false)) {
         lockByte(descriptor_, number_, F_UNLCK);
     }
 }
