@@ -20,12 +20,11 @@ class SwitchedTrash final : public TrashMover {
     SwitchedTrash(std::unique_ptr<TrashMover> real, const std::atomic<bool>& isFree)
         : real_(std::move(real)), isFree_(isFree) {}
 
-    Result<TrashPlace, TrashRefusal> move(const Descriptor& folder, const std::string& folderPath,
-                                          const char* name) override {
+    Result<TrashPlace, TrashRefusal> move(const OpenFolder& folder, const char* name) override {
         if (isFree_) {
-            return TrashPlace{folderPath, name};
+            return TrashPlace{folder.path, name};
         }
-        return real_->move(folder, folderPath, name);
+        return real_->move(folder, name);
     }
     Result<FileAttributes, TrashRefusal> look(const TrashPlace& place) override {
         if (!isFree_) {
@@ -46,6 +45,15 @@ class SwitchedTrash final : public TrashMover {
         const std::string& trash, std::span<const FileIdentity> wanted) override {
         return real_->find(trash, wanted);
     }
+    std::optional<TrashRefusal> mendNote(const TrashPlace& place, const std::string& path,
+                                         Timestamp moved) override {
+        return real_->mendNote(place, path, moved);
+    }
+    std::optional<TrashRefusal> removeUnusedNotes(const std::string& trash,
+                                                  const std::vector<std::string>& paths) override {
+        return real_->removeUnusedNotes(trash, paths);
+    }
+    [[nodiscard]] std::optional<TrashRefusal> flush() override { return real_->flush(); }
     [[nodiscard]] std::vector<std::string> trashesFor(const std::string& path) const override {
         return real_->trashesFor(path);
     }

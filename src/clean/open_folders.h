@@ -2,21 +2,14 @@
 
 #include "model/file.h"
 #include "platform/file_system.h"
+#include "platform/open_folder.h"
 
 #include <chrono>
 #include <list>
 #include <memory>
-#include <string>
 #include <unordered_map>
 
 namespace tarvin {
-
-/// A folder of a scan, open.
-struct OpenFolder {
-    Descriptor descriptor;
-    FileIdentity identity;
-    std::string path;  ///< absolute, native bytes
-};
 
 /// Keeps the folders open that files are moved out of, so that one is opened once and not for each
 /// of its files. A folder is given out only while what stands at its path is what the scan walked.

@@ -172,8 +172,7 @@ bool SetMove::proveEqual(const File& one, const FileAttributes& oneNow, const Fi
 MoveResult SetMove::moveSeen(const File& file, const Seen& seen, TrashPlace& place) {
     before(MoveStep::moveToTrash);
     const std::string name(file.fileName());
-    Result<TrashPlace, TrashRefusal> moved =
-        tools_.trash.move(seen.folder->descriptor, seen.folder->path, name.c_str());
+    Result<TrashPlace, TrashRefusal> moved = tools_.trash.move(*seen.folder, name.c_str());
     if (!moved) {
         const TrashRefusal refusal = moved.error();
         return refusal.kind == TrashRefusalKind::gone

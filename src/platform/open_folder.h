@@ -8,6 +8,13 @@
 
 namespace tarvin {
 
+/// A folder that is open, what it is, and where it was when it was opened.
+struct OpenFolder {
+    Descriptor descriptor;
+    FileIdentity identity;
+    std::string path;  ///< absolute, native bytes
+};
+
 // Of folders that are open, whatever stands at their path meanwhile. Any thread.
 
 /// Where an open folder is now, by the system's own account: an absolute path without links, native

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "platform/file_system.h"
+#include "platform/open_folder.h"
 #include "platform/result.h"
+#include "platform/timestamp.h"
 
 #include <cstdint>
 #include <memory>
@@ -78,15 +80,13 @@ class TrashMover {
  public:
     virtual ~TrashMover() = default;
 
-    /// Moves the entry `name` of an open folder to the Trash. `folderPath` is the folder's absolute
-    /// path, which the note is to tell. The note is complete before the file is moved. On a refusal
-    /// the file is where it was, and there is no note unless the system refuses to take it away
-    /// again. Meant for plain files: of a folder no size is noted in "directorysizes".
+    /// Moves the entry `name` of an open folder to the Trash. The note tells the folder's path and
+    /// is complete before the file is moved. On a refusal the file is where it was, and there is no
+    /// note unless the system refuses to take it away again. Meant for plain files: of a folder no
+    /// size is noted in "directorysizes".
     ///
     /// Whether it is still the file that is meant, the caller looks before and after (`look`).
-    virtual Result<TrashPlace, TrashRefusal> move(const Descriptor& folder,
-                                                  const std::string& folderPath,
-                                                  const char* name) = 0;
+    virtual Result<TrashPlace, TrashRefusal> move(const OpenFolder& folder, const char* name) = 0;
 
     /// What is at a place of a Trash now. Like every call below, it opens a Trash that is not open
     /// yet, by its path and with the same checks, and makes nothing.
@@ -103,6 +103,21 @@ class TrashMover {
     /// told once for each.
     virtual Result<std::vector<TrashedFile>, TrashRefusal> find(
         const std::string& trash, std::span<const FileIdentity> wanted) = 0;
+
+    /// Writes the note of a file in a Trash, which was at `path` until `moved`, if it has none or,
+    /// as after a power failure, not a whole one.
+    virtual std::optional<TrashRefusal> mendNote(const TrashPlace& place, const std::string& path,
+                                                 Timestamp moved) = 0;
+
+    /// Takes the notes away that have no file, of those that tell one of `paths`, or nothing yet
+    /// under a name that one of these files can get. Meant for what a process has left that was
+    /// killed before it could move the file; nobody may be moving these files.
+    virtual std::optional<TrashRefusal> removeUnusedNotes(
+        const std::string& trash, const std::vector<std::string>& paths) = 0;
+
+    /// On return a power failure takes neither what this object has moved nor its notes. The first
+    /// failure. Waits for all that was written to the file systems of these Trashes.
+    [[nodiscard]] virtual std::optional<TrashRefusal> flush() = 0;
 
     /// The Trash folders that a file at this path can have been moved to, whatever was mounted at
     /// that time and whether or not they exist, the likeliest first. Asks no file system.

@@ -78,10 +78,19 @@ class TrashFixture : public ::testing::Test {
     /// Moves the file at `path` as the engine would: its folder is open.
     Result<TrashPlace, TrashRefusal> move(const std::string& path) {
         const std::filesystem::path file(path);
-        const auto folder = systemFileSystem().openDirectory(file.parent_path().native());
-        EXPECT_TRUE(folder.ok()) << path;
-        return mover_->move(*folder, file.parent_path().native(), file.filename().c_str());
+        return mover_->move(opened(file.parent_path().native()), file.filename().c_str());
     }
+
+    /// Follows a link at the end of the path. `told` is where the folder is said to be.
+    static OpenFolder opened(const std::string& path, const std::string& told) {
+        FileSystem& fileSystem = systemFileSystem();
+        auto folder = fileSystem.openRootDirectory(path);
+        EXPECT_TRUE(folder.ok()) << path;
+        const auto attributes = fileSystem.attributesOf(*folder);
+        EXPECT_TRUE(attributes.ok()) << path;
+        return {std::move(*folder), attributes->identity, told};
+    }
+    static OpenFolder opened(const std::string& path) { return opened(path, path); }
 
     std::optional<TrashRefusal> putBack(const TrashPlace& place, const std::string& path) {
         const std::filesystem::path file(path);

@@ -58,6 +58,20 @@ TEST(TrashName, ThatIsNotUtf8IsShortenedBetweenTwoBytes) {
               std::string(244, 'a') + '\xE9');
 }
 
+TEST(TrashName, IsKnownAgain) {
+    const std::string longName = std::string(300, 'n') + ".jpg";
+    for (const std::string& name : {std::string("a.jpg"), std::string("a.2.jpg"),
+                                    std::string("1.2"), std::string("..."), longName}) {
+        for (const std::uint64_t number : {1U, 2U, 10U, 1'000'000U}) {
+            EXPECT_TRUE(isNameInTrashOf(name, nameInTrash(name, number, 245), 245)) << name;
+        }
+        for (const char* other : {"", "a", "b.jpg", "a.x.jpg", "a.2", "a.2x.jpg", "x.a.2.jpg",
+                                  "a.99999999999999999999999.jpg"}) {
+            EXPECT_FALSE(isNameInTrashOf(name, other, 245)) << name << ' ' << other;
+        }
+    }
+}
+
 TEST(TrashNote, HasEveryByteOfThePathThatIsNotPlainAsANumber) {
     EXPECT_EQ(percentEncoded("/azAZ09-_.!~*'()"), "/azAZ09-_.!~*'()");
     EXPECT_EQ(percentEncoded("a b%\n\xFF\"#;[]"), "a%20b%25%0A%FF%22%23%3B%5B%5D");
@@ -66,6 +80,15 @@ TEST(TrashNote, HasEveryByteOfThePathThatIsNotPlainAsANumber) {
 TEST(TrashNote, HasPathAndDate) {
     EXPECT_EQ(trashNote("/a b", "2024-02-29T23:59:59"),
               "[Trash Info]\nPath=/a%20b\nDeletionDate=2024-02-29T23:59:59\n");
+}
+
+TEST(TrashNote, TellsItsPathAsFarAsItIsWhole) {
+    EXPECT_EQ(notedPath(trashNote("/a b", "2024-02-29T23:59:59")), "/a%20b");
+    EXPECT_EQ(notedPath("[Trash Info]\nPath=\n"), "");
+    for (const char* text : {"", "Path=/a\n", "[Trash Info]\n", "[Trash Info]\nPath=/a",
+                             "[Trash Info]\nPath=/a\nDeletionDate=", "x[Trash Info]\nPath=/a\n"}) {
+        EXPECT_FALSE(notedPath(text)) << text;
+    }
 }
 
 TEST(TrashNumbers, BeginBehindTheLastOneTaken) {

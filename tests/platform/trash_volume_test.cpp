@@ -252,8 +252,7 @@ TEST_F(VolumeTrash, NotesThePlaceOnTheVolumeOfAFileReachedByALink) {
     if (hasVolume()) {
         writeFile("sub/b.txt");
         folder_.makeLink("way", path("sub"));
-        const auto folder = systemFileSystem().openRootDirectory(folder_.pathOf("way"));
-        const auto moved = mover_->move(*folder, folder_.pathOf("way"), "b.txt");
+        const auto moved = mover_->move(opened(folder_.pathOf("way")), "b.txt");
         ASSERT_TRUE(moved.ok()) << moved.error().text;
         EXPECT_NE(contentOf(own() + "/info/b.txt.trashinfo").find("Path=sub/b.txt\n"),
                   std::string::npos);
@@ -297,10 +296,10 @@ TEST_F(VolumeTrash, OfAMountWithAnyNameIsFound) {
 
 TEST_F(VolumeTrash, OfAMountBehindAnotherIsNotReached) {
     if (hasVolume()) {
-        const auto folder = systemFileSystem().openDirectory(top());
+        const OpenFolder folder = opened(top());
         const Mount mount("none", top(), "tmpfs");
         ASSERT_TRUE(mount);
-        const auto moved = mover_->move(*folder, top(), "a.txt");
+        const auto moved = mover_->move(folder, "a.txt");
         ASSERT_FALSE(moved.ok());
         EXPECT_EQ(moved.error().kind, TrashRefusalKind::noVolume);
         EXPECT_EQ(moved.error().text, "the volume of the file is not accessible");

@@ -39,10 +39,8 @@ class FakeTrash final {
      public:
         explicit Mover(FakeTrash& trash) : trash_(trash) {}
 
-        Result<TrashPlace, TrashRefusal> move(const Descriptor& /*folder*/,
-                                              const std::string& folderPath,
-                                              const char* name) override {
-            const std::string path = folderPath + '/' + name;
+        Result<TrashPlace, TrashRefusal> move(const OpenFolder& folder, const char* name) override {
+            const std::string path = folder.path + '/' + name;
             trash_.attempts_.push_back(path);
             const TrashPlace place{trash_.folder_, std::to_string(trash_.moves_.size())};
             if (trash_.refusing_.contains(path)) {
@@ -73,6 +71,19 @@ class FakeTrash final {
             const std::string& /*trash*/, std::span<const FileIdentity> /*wanted*/) override {
             return std::vector<TrashedFile>();
         }
+
+        std::optional<TrashRefusal> mendNote(const TrashPlace& /*place*/,
+                                             const std::string& /*path*/,
+                                             Timestamp /*moved*/) override {
+            return std::nullopt;
+        }
+
+        std::optional<TrashRefusal> removeUnusedNotes(
+            const std::string& /*trash*/, const std::vector<std::string>& /*paths*/) override {
+            return std::nullopt;
+        }
+
+        [[nodiscard]] std::optional<TrashRefusal> flush() override { return std::nullopt; }
 
         [[nodiscard]] std::vector<std::string> trashesFor(
             const std::string& /*path*/) const override {

@@ -15,6 +15,8 @@ enum class TrashCall {
     openFolder,
     makeFolder,
     createNote,
+    openNote,
+    read,
     write,
     close,
     renameExclusively,
@@ -24,6 +26,7 @@ enum class TrashCall {
     status,
     targetStatus,
     statusOf,
+    flush,
     longestName
 };
 
@@ -78,6 +81,14 @@ class FaultyTrashCalls final : public TrashCalls {
         }
         return failure;
     }
+    int openNote(int folder, const char* name, int& number) override {
+        const int failure = failureOf(TrashCall::openNote);
+        return failure != 0 ? failure : TrashCalls::openNote(folder, name, number);
+    }
+    int read(int number, char* bytes, std::size_t size, std::size_t& count) override {
+        const int failure = failureOf(TrashCall::read);
+        return failure != 0 ? failure : TrashCalls::read(number, bytes, size, count);
+    }
     int write(int number, const char* bytes, std::size_t size, std::size_t& written) override {
         const int failure = failureOf(TrashCall::write);
         return failure != 0 ? failure
@@ -118,6 +129,10 @@ class FaultyTrashCalls final : public TrashCalls {
     int statusOf(int number, TrashEntryStatus& status) override {
         const int failure = failureOf(TrashCall::statusOf);
         return failure != 0 ? failure : TrashCalls::statusOf(number, status);
+    }
+    int flush(int folder) override {
+        const int failure = failureOf(TrashCall::flush);
+        return failure != 0 ? failure : TrashCalls::flush(folder);
     }
     int longestName(int folder, std::size_t& bytes) override {
         const int failure = failureOf(TrashCall::longestName);

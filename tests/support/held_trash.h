@@ -19,9 +19,8 @@ class HeldTrash final : public TrashMover {
     HeldTrash(std::unique_ptr<TrashMover> trash, BeforePutBack beforePutBack)
         : trash_(std::move(trash)), beforePutBack_(std::move(beforePutBack)) {}
 
-    Result<TrashPlace, TrashRefusal> move(const Descriptor& folder, const std::string& folderPath,
-                                          const char* name) override {
-        return trash_->move(folder, folderPath, name);
+    Result<TrashPlace, TrashRefusal> move(const OpenFolder& folder, const char* name) override {
+        return trash_->move(folder, name);
     }
     Result<FileAttributes, TrashRefusal> look(const TrashPlace& place) override {
         return trash_->look(place);
@@ -35,6 +34,15 @@ class HeldTrash final : public TrashMover {
         const std::string& trash, std::span<const FileIdentity> wanted) override {
         return trash_->find(trash, wanted);
     }
+    std::optional<TrashRefusal> mendNote(const TrashPlace& place, const std::string& path,
+                                         Timestamp moved) override {
+        return trash_->mendNote(place, path, moved);
+    }
+    std::optional<TrashRefusal> removeUnusedNotes(const std::string& trash,
+                                                  const std::vector<std::string>& paths) override {
+        return trash_->removeUnusedNotes(trash, paths);
+    }
+    [[nodiscard]] std::optional<TrashRefusal> flush() override { return trash_->flush(); }
     [[nodiscard]] std::vector<std::string> trashesFor(const std::string& path) const override {
         return trash_->trashesFor(path);
     }

@@ -59,6 +59,19 @@ int TrashCalls::createNote(int folder, const char* name, int& number) {
     return openAt(folder, name, noteFlags, number);
 }
 
+int TrashCalls::openNote(int folder, const char* name, int& number) {
+    return openAt(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, number);
+}
+
+int TrashCalls::read(int number, char* bytes, std::size_t size, std::size_t& count) {
+    ssize_t answer = 0;
+    do {
+        answer = ::read(number, bytes, size);
+    } while (answer < 0 && errno == EINTR);
+    count = answer < 0 ? 0 : static_cast<std::size_t>(answer);
+    return answer < 0 ? errno : 0;
+}
+
 int TrashCalls::write(int number, const char* bytes, std::size_t size, std::size_t& written) {
     ssize_t count = 0;
     do {
@@ -98,6 +111,10 @@ int TrashCalls::targetStatus(int folder, const char* path, TrashEntryStatus& sta
 
 int TrashCalls::statusOf(int number, TrashEntryStatus& status) {
     return statusAt(number, "", AT_EMPTY_PATH, status);
+}
+
+int TrashCalls::flush(int folder) {
+    return outcome(::syncfs(folder));
 }
 
 int TrashCalls::longestName(int folder, std::size_t& bytes) {

@@ -33,6 +33,10 @@ class TrashCalls {
     virtual int makeFolder(int folder, const char* path);
     /// Makes a file that was not there, for writing by the user alone.
     virtual int createNote(int folder, const char* name, int& number);
+    /// Opens a file for reading; never waits for a pipe.
+    virtual int openNote(int folder, const char* name, int& number);
+    /// `count` is 0 at the end.
+    virtual int read(int number, char* bytes, std::size_t size, std::size_t& count);
     /// `written` may be less than `size`.
     virtual int write(int number, const char* bytes, std::size_t size, std::size_t& written);
     virtual int close(int number);
@@ -46,6 +50,8 @@ class TrashCalls {
     /// Of what a link leads to.
     virtual int targetStatus(int folder, const char* path, TrashEntryStatus& status);
     virtual int statusOf(int number, TrashEntryStatus& status);
+    /// Brings all that was written to the file system of an open folder to its device.
+    virtual int flush(int folder);
     /// Bytes that a name may have in the file system of an open folder.
     virtual int longestName(int folder, std::size_t& bytes);
 };

@@ -18,6 +18,9 @@ constexpr std::size_t longestOfAll = 255;
 /// Names in the Trash that are tried for one file; the last number is about a million million.
 constexpr int mostTries = 40;
 
+/// Bytes of a note: a path of 4,096 bytes, each as "%XX", and a few words.
+constexpr std::size_t longestNote = 16 * 1024;
+
 /// What `nameInTrash` can make do with.
 constexpr std::size_t leastLongestName = 64;
 
@@ -222,6 +225,65 @@ Result<std::string, TrashRefusal> TrashFolder::take(const Descriptor& from, cons
     return TrashRefusal{TrashRefusalKind::noName, {EEXIST}, "there is no free name in the Trash"};
 }
 
+std::optional<TrashRefusal> TrashFolder::mendNote(const std::string& name,
+                                                  std::string_view original,
+                                                  std::string_view date) {
+    std::string text;
+    int failure = readNote(name, text);
+    if (failure == 0 && notedPath(text)) {
+        return std::nullopt;
+    }
+    if (failure == 0) {
+        removeNote(name);
+    }
+    if (failure == 0 || failure == ENOENT) {
+        failure = writeNote(name, trashNote(original, date));
+    }
+    return failure == 0 ? std::nullopt : std::optional(systemRefusal(failure));
+}
+
+std::optional<TrashRefusal> TrashFolder::removeUnusedNotes(
+    const std::unordered_set<std::string>& originals, std::span<const std::string_view> names) {
+    FileSystem& fileSystem = systemFileSystem();
+    // A listing of its own, from the beginning.
+    const auto notes = fileSystem.openDirectoryAt(parts_[infoPart].folder, ".");
+    if (!notes) {
+        return systemRefusal(notes.error().code);
+    }
+    EntryBlock block(trashListingBytes);
+    Result<bool> more = false;
+    while ((more = fileSystem.listEntries(*notes, block)) && *more) {
+        for (const EntryBlock::Entry& entry : block.entries()) {
+            std::string name(entry.name);
+            TrashEntryStatus status;
+            if (!name.ends_with(trashNoteEnding)) {
+                continue;
+            }
+            name.resize(name.size() - trashNoteEnding.size());
+            std::string text;
+            if (calls_.status(files().number(), name.c_str(), status) != ENOENT ||
+                readNote(name, text) != 0) {
+                continue;
+            }
+            const auto original = notedPath(text);
+            const bool isOurs =
+                original ? originals.contains(std::string(*original))
+                         : text.empty() && std::any_of(names.begin(), names.end(), [&](auto own) {
+                               return isNameInTrashOf(own, name, longestName_);
+                           });
+            if (isOurs) {
+                removeNote(name);
+            }
+        }
+    }
+    return more ? std::nullopt : std::optional(systemRefusal(more.error().code));
+}
+
+std::optional<TrashRefusal> TrashFolder::flush() const {
+    const int failure = calls_.flush(files().number());
+    return failure == 0 ? std::nullopt : std::optional(systemRefusal(failure));
+}
+
 TrashRefusal TrashFolder::moveRefusal(int code, int folder, const char* name) const {
     TrashRefusal refusal = systemRefusal(code);
     TrashEntryStatus status;
@@ -255,6 +317,26 @@ int TrashFolder::writeNote(const std::string& name, std::string_view text) const
     if (failure != 0) {
         removeNote(name);
     }
+    return failure;
+}
+
+/// Of a longer file only the beginning: no note of ours is so long.
+int TrashFolder::readNote(const std::string& name, std::string& text) const {
+    const std::string noteName = name + std::string(trashNoteEnding);
+    int number = -1;
+    int failure = calls_.openNote(parts_[infoPart].folder.number(), noteName.c_str(), number);
+    if (failure != 0) {
+        return failure;
+    }
+    text.resize(longestNote);
+    std::size_t length = 0;
+    std::size_t count = 0;
+    do {
+        failure = calls_.read(number, text.data() + length, text.size() - length, count);
+        length += count;
+    } while (failure == 0 && count != 0 && length < text.size());
+    text.resize(length);
+    static_cast<void>(calls_.close(number));
     return failure;
 }
 

@@ -9,8 +9,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 
 namespace tarvin {
 
@@ -19,6 +21,9 @@ namespace tarvin {
 
 /// `name` in `folder`, as a path.
 [[nodiscard]] std::string pathBelow(const std::string& folder, std::string_view name);
+
+/// Room for one portion of the listing of a Trash.
+inline constexpr std::size_t trashListingBytes = 256 * 1024;
 
 /// One Trash of the user's, held open. One thread at a time.
 ///
@@ -55,6 +60,18 @@ class TrashFolder final {
     Result<std::string, TrashRefusal> take(const Descriptor& from, const char* name,
                                            std::string_view original, std::string_view date);
 
+    /// Writes the note of a file that is here, unless it has a whole one.
+    std::optional<TrashRefusal> mendNote(const std::string& name, std::string_view original,
+                                         std::string_view date);
+
+    /// Takes away the notes that have no file, of those that tell one of the paths, or nothing and
+    /// could be of one of them. `originals` are paths as a note has them, `names` those of files.
+    std::optional<TrashRefusal> removeUnusedNotes(const std::unordered_set<std::string>& originals,
+                                                  std::span<const std::string_view> names);
+
+    /// Brings what was moved, and the notes, to the disk.
+    [[nodiscard]] std::optional<TrashRefusal> flush() const;
+
     /// See `TrashMover::putBack`.
     std::optional<TrashRefusal> giveBack(const std::string& name, const Descriptor& to,
                                          const char* newName);
@@ -79,6 +96,7 @@ class TrashFolder final {
                                                             const std::string& path) const;
     [[nodiscard]] TrashRefusal moveRefusal(int code, int folder, const char* name) const;
     [[nodiscard]] int writeNote(const std::string& name, std::string_view text) const;
+    [[nodiscard]] int readNote(const std::string& name, std::string& text) const;
     void removeNote(const std::string& name) const;
     [[nodiscard]] int moveIn(int from, const char* name, const char* newName) const;
     [[nodiscard]] int moveOut(const char* name, int to, const char* newName) const;

@@ -34,9 +34,6 @@ constexpr std::chrono::seconds lookingAgain{1};
 /// Each takes three descriptors.
 constexpr std::size_t mostHeld = 16;
 
-/// Bytes for one portion of a Trash's listing.
-constexpr std::size_t listingRoom = 256 * 1024;
-
 /// File systems that record no owners and rights of files, but show those of the mount for all.
 bool keepsRights(std::string_view fileSystemType) {
     constexpr auto without = std::to_array<std::string_view>(
@@ -71,13 +68,17 @@ class LinuxTrashMover final : public TrashMover {
     LinuxTrashMover(TrashUser user, TrashSurroundings around)
         : user_(std::move(user)), around_(std::move(around)) {}
 
-    Result<TrashPlace, TrashRefusal> move(const Descriptor& folder, const std::string& folderPath,
-                                          const char* name) override;
+    Result<TrashPlace, TrashRefusal> move(const OpenFolder& folder, const char* name) override;
     Result<FileAttributes, TrashRefusal> look(const TrashPlace& place) override;
     std::optional<TrashRefusal> putBack(const TrashPlace& place, const Descriptor& folder,
                                         const char* name) override;
     Result<std::vector<TrashedFile>, TrashRefusal> find(
         const std::string& trash, std::span<const FileIdentity> wanted) override;
+    std::optional<TrashRefusal> mendNote(const TrashPlace& place, const std::string& path,
+                                         Timestamp moved) override;
+    std::optional<TrashRefusal> removeUnusedNotes(const std::string& trash,
+                                                  const std::vector<std::string>& paths) override;
+    [[nodiscard]] std::optional<TrashRefusal> flush() override;
     [[nodiscard]] std::vector<std::string> trashesFor(const std::string& path) const override;
 
  private:
@@ -89,9 +90,10 @@ class LinuxTrashMover final : public TrashMover {
         std::string top;          ///< of the volume; empty for the home Trash
         std::uint64_t mount = 0;  ///< of the volume; 0 for the home Trash and one opened by path
         Time looked;
+        bool isFlushed = true;
     };
 
-    Result<Held*, TrashRefusal> trashFor(const Descriptor& folder);
+    Result<Held*, TrashRefusal> trashFor(const OpenFolder& folder);
     Result<Held*, TrashRefusal> homeTrash();
     Result<Held*, TrashRefusal> volumeTrash(std::uint64_t mount);
     Result<Held*, TrashRefusal> trashAt(const std::string& path);
@@ -103,9 +105,9 @@ class LinuxTrashMover final : public TrashMover {
     Held* hold(Held trash);
     void forgetChanged();
     static Result<std::string, TrashRefusal> pathForNote(const Held& trash,
-                                                         const Descriptor& folder,
-                                                         const std::string& folderPath,
+                                                         const OpenFolder& folder,
                                                          const char* name);
+    static std::string noted(const Held& trash, std::string path);
     const std::string& date();
     [[nodiscard]] bool isRecent(Time looked) const {
         return around_.clock.steadyNow() - looked < lookingAgain;
@@ -120,20 +122,19 @@ class LinuxTrashMover final : public TrashMover {
     std::string date_;
 };
 
-Result<TrashPlace, TrashRefusal> LinuxTrashMover::move(const Descriptor& folder,
-                                                       const std::string& folderPath,
-                                                       const char* name) {
+Result<TrashPlace, TrashRefusal> LinuxTrashMover::move(const OpenFolder& folder, const char* name) {
     for (bool again = false;; again = true) {
         const auto trash = trashFor(folder);
         if (!trash) {
             return trash.error();
         }
-        const auto original = pathForNote(**trash, folder, folderPath, name);
+        const auto original = pathForNote(**trash, folder, name);
         if (!original) {
             return original.error();
         }
-        auto moved = (*trash)->folder.take(folder, name, *original, date());
+        auto moved = (*trash)->folder.take(folder.descriptor, name, *original, date());
         if (moved) {
+            (*trash)->isFlushed = false;
             return TrashPlace{(*trash)->folder.path(), std::move(*moved)};
         }
         // Somebody may have emptied the Trash by removing it.
@@ -147,17 +148,20 @@ Result<TrashPlace, TrashRefusal> LinuxTrashMover::move(const Descriptor& folder,
     }
 }
 
-Result<LinuxTrashMover::Held*, TrashRefusal> LinuxTrashMover::trashFor(const Descriptor& folder) {
-    TrashEntryStatus status;
-    const int failure = around_.calls.statusOf(folder.number(), status);
-    if (failure != 0) {
-        return systemRefusal(failure);
-    }
+Result<LinuxTrashMover::Held*, TrashRefusal> LinuxTrashMover::trashFor(const OpenFolder& folder) {
     const auto device = homeDevice();
     if (!device) {
         return device.error();
     }
-    return *device == status.identity.device ? homeTrash() : volumeTrash(status.mount);
+    if (*device == folder.identity.device) {
+        return homeTrash();
+    }
+    TrashEntryStatus status;
+    const int failure = around_.calls.statusOf(folder.descriptor.number(), status);
+    if (failure != 0) {
+        return systemRefusal(failure);
+    }
+    return volumeTrash(status.mount);
 }
 
 /// The device that the home Trash is on or, before it is made, will be on.
@@ -265,7 +269,14 @@ Result<LinuxTrashMover::Held*, TrashRefusal> LinuxTrashMover::trashAt(const std:
     if (!opened) {
         return opened.error();
     }
-    return hold({std::move(*opened), "", 0, around_.clock.steadyNow()});
+    std::string top = request.isHome ? "" : path.substr(0, path.rfind('/'));
+    if (request.isShared) {
+        top.erase(top.rfind('/'));
+    }
+    if (!request.isHome && top.empty()) {
+        top = "/";
+    }
+    return hold({std::move(*opened), std::move(top), 0, around_.clock.steadyNow()});
 }
 
 /// The first open Trash that meets a condition and is still what stands at its path.
@@ -288,6 +299,7 @@ LinuxTrashMover::Held* LinuxTrashMover::held(const Condition& condition) {
 
 LinuxTrashMover::Held* LinuxTrashMover::hold(Held trash) {
     if (held_.size() >= mostHeld) {
+        static_cast<void>(flush());
         held_.clear();
     }
     held_.push_back(std::make_unique<Held>(std::move(trash)));
@@ -302,25 +314,28 @@ void LinuxTrashMover::forgetChanged() {
 /// Where the file was, as its note is to tell: absolute in the home Trash, else below the top
 /// folder of the volume.
 Result<std::string, TrashRefusal> LinuxTrashMover::pathForNote(const Held& trash,
-                                                               const Descriptor& folder,
-                                                               const std::string& folderPath,
+                                                               const OpenFolder& folder,
                                                                const char* name) {
-    std::optional<std::string> path = folderPath;
+    std::optional<std::string> path = folder.path;
     while (path->size() > 1 && path->ends_with('/')) {
         path->pop_back();
     }
     // The folder may have been reached by a link from elsewhere.
     if (!isSettled(*path) || !isWithin(*path, trash.top)) {
-        path = placeOf(folder);
+        path = placeOf(folder.descriptor);
     }
     if (!path || !isWithin(*path, trash.top)) {
         return systemRefusal(ENOENT);
     }
-    std::string whole = pathBelow(*path, name);
-    if (trash.top.empty()) {
-        return whole;
+    return noted(trash, pathBelow(*path, name));
+}
+
+/// A path below the top folder of a volume, from there.
+std::string LinuxTrashMover::noted(const Held& trash, std::string path) {
+    if (!trash.top.empty() && isWithin(path, trash.top)) {
+        path.erase(0, trash.top == "/" ? 1 : trash.top.size() + 1);
     }
-    return whole.substr(trash.top == "/" ? 1 : trash.top.size() + 1);
+    return path;
 }
 
 const std::string& LinuxTrashMover::date() {
@@ -373,7 +388,7 @@ Result<std::vector<TrashedFile>, TrashRefusal> LinuxTrashMover::find(
     }
     const std::unordered_set<FileIdentity, FileIdentityHash> looked(wanted.begin(), wanted.end());
     std::vector<TrashedFile> found;
-    EntryBlock block(listingRoom);
+    EntryBlock block(trashListingBytes);
     Result<bool> more = false;
     while ((more = fileSystem.listEntries(*files, block)) && *more) {
         for (const EntryBlock::Entry& entry : block.entries()) {
@@ -387,6 +402,45 @@ Result<std::vector<TrashedFile>, TrashRefusal> LinuxTrashMover::find(
         return systemRefusal(more.error().code);
     }
     return found;
+}
+
+std::optional<TrashRefusal> LinuxTrashMover::mendNote(const TrashPlace& place,
+                                                      const std::string& path, Timestamp moved) {
+    const auto trash = trashAt(place.trash);
+    if (!trash) {
+        return trash.error();
+    }
+    const auto second = std::chrono::floor<std::chrono::seconds>(moved);
+    const auto failure = (*trash)->folder.mendNote(
+        place.name, noted(**trash, path),
+        dateText(static_cast<std::time_t>(second.time_since_epoch().count())));
+    (*trash)->isFlushed = false;
+    return failure;
+}
+
+std::optional<TrashRefusal> LinuxTrashMover::removeUnusedNotes(
+    const std::string& trash, const std::vector<std::string>& paths) {
+    const auto known = trashAt(trash);
+    if (!known) {
+        return known.error();
+    }
+    std::unordered_set<std::string> originals;
+    std::vector<std::string_view> names;
+    for (const std::string& path : paths) {
+        originals.insert(percentEncoded(noted(**known, path)));
+        names.push_back(std::string_view(path).substr(path.rfind('/') + 1));
+    }
+    return (*known)->folder.removeUnusedNotes(originals, names);
+}
+
+std::optional<TrashRefusal> LinuxTrashMover::flush() {
+    std::optional<TrashRefusal> first;
+    for (const auto& each : held_) {
+        auto failure = each->isFlushed ? std::nullopt : each->folder.flush();
+        each->isFlushed = !failure;
+        first = first ? std::move(first) : std::move(failure);
+    }
+    return first;
 }
 
 std::vector<std::string> LinuxTrashMover::trashesFor(const std::string& path) const {

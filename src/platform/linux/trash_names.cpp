@@ -3,7 +3,9 @@
 #include "platform/varied_name.h"
 
 #include <array>
+#include <charconv>
 #include <cstddef>
+#include <system_error>
 
 namespace tarvin {
 
@@ -12,6 +14,9 @@ namespace {
 /// Beyond it all are forgotten, which costs each name that comes again a few tries: a clean-up of
 /// millions of names takes no more memory than this.
 constexpr std::size_t mostNumbers = 10'000;
+
+/// What every note of ours begins with.
+constexpr std::string_view noteBeginning = "[Trash Info]\nPath=";
 
 /// The bytes that stand for themselves in a note.
 constexpr auto plainBytes = [] {
@@ -27,6 +32,22 @@ constexpr auto plainBytes = [] {
 
 std::string nameInTrash(std::string_view name, std::uint64_t number, std::size_t longest) {
     return variedName(name, number > 1 ? '.' + std::to_string(number) : std::string(), longest);
+}
+
+bool isNameInTrashOf(std::string_view name, std::string_view inTrash, std::size_t longest) {
+    if (inTrash == nameInTrash(name, 1, longest)) {
+        return true;
+    }
+    for (std::size_t dot = inTrash.find('.'); dot != std::string_view::npos;
+         dot = inTrash.find('.', dot + 1)) {
+        std::uint64_t number = 0;
+        const char* const begin = inTrash.data() + dot + 1;
+        const auto read = std::from_chars(begin, inTrash.data() + inTrash.size(), number);
+        if (read.ec == std::errc() && inTrash == nameInTrash(name, number, longest)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 std::string percentEncoded(std::string_view path) {
@@ -47,12 +68,21 @@ std::string percentEncoded(std::string_view path) {
 }
 
 std::string trashNote(std::string_view path, std::string_view date) {
-    std::string text("[Trash Info]\nPath=");
+    std::string text(noteBeginning);
     text += percentEncoded(path);
     text += "\nDeletionDate=";
     text += date;
     text += '\n';
     return text;
+}
+
+std::optional<std::string_view> notedPath(std::string_view note) {
+    const std::size_t end = note.find('\n', noteBeginning.size());
+    if (!note.starts_with(noteBeginning) || end == std::string_view::npos ||
+        !note.ends_with('\n')) {
+        return std::nullopt;
+    }
+    return note.substr(noteBeginning.size(), end - noteBeginning.size());
 }
 
 std::uint64_t TrashNumbers::firstFor(const std::string& name) const {
