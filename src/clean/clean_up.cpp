@@ -18,8 +18,12 @@ constexpr std::size_t foldersAtOnce = 128;
 constexpr std::size_t realFoldersAtOnce = 4096;
 /// While another clean-up has its turn.
 constexpr std::chrono::milliseconds betweenLooksForStop{100};
-/// Any number that no clean-up has.
-constexpr std::uint64_t turnNumber = 0;
+
+/// 0 if it is not known.
+std::uint64_t inodeOf(const File& file) {
+    const ComparedState* const compared = file.compared();
+    return compared == nullptr ? 0 : compared->identity.inode;
+}
 
 }  // namespace
 
@@ -35,10 +39,10 @@ class CleanUp::Turn final : public SetMover {
     ~Turn() override { cleanUp_.turn_.release(); }
 
     bool move(const File& file) override {
-        const std::optional<MoveRow> row = cleanUp_.rowOf(file);
+        const Planned* const planned = cleanUp_.plannedFor(file);
         TrashPlace place;
         MoveResult result;
-        if (!row) {
+        if (planned == nullptr) {
             result = {.outcome = MoveOutcome::refused,
                       .reason = "it was not written down before",
                       .isUnplanned = true};
@@ -50,8 +54,8 @@ class CleanUp::Turn final : public SetMover {
             result = moves_.move(file, place);
         }
         const bool moved = result.outcome == MoveOutcome::moved;
-        if (row) {
-            cleanUp_.record(*row, result, std::move(place));
+        if (planned != nullptr) {
+            cleanUp_.record(*planned, result, std::move(place));
         }
         if (cleanUp_.settings_.report) {
             cleanUp_.settings_.report(file, result);
@@ -68,7 +72,7 @@ class CleanUp::Turn final : public SetMover {
 CleanUp::CleanUp(FileSystem& fileSystem, TrashMover& trash, CleanUpJournal& journal,
                  const LockFile& turns, Clock& clock, Settings settings)
     : journal_(journal),
-      turn_(turns, turnNumber),
+      turn_(turns, cleanUpTurn),
       clock_(clock),
       settings_(std::move(settings)),
       folders_(fileSystem, settings_.foldersTrusted, foldersAtOnce),
@@ -79,10 +83,11 @@ bool CleanUp::prepare(std::span<const std::shared_ptr<Set>> sets) {
     planned_.clear();
     nextPlanned_ = 0;
     for (const std::shared_ptr<Set>& set : sets) {
+        const File* const staying = stayingFor(*set);
         for (const std::shared_ptr<File>& file : set->files()) {
             if (file->state() != CheckState::off) {
                 planned_.push_back({file.get(), 0});
-                moves.push_back(planFor(*file));
+                moves.push_back(planFor(*file, staying));
             }
         }
     }
@@ -115,7 +120,12 @@ std::optional<StoreError> CleanUp::finish() {
         return failure_;
     }
     for (; nextPlanned_ < planned_.size(); ++nextPlanned_) {
-        record(planned_[nextPlanned_].row, {MoveOutcome::stopped, {}}, {});
+        record(planned_[nextPlanned_], {MoveOutcome::stopped, {}}, {});
+    }
+    if (tools_.trash.flush()) {
+        // Nobody knows what a power failure would leave. The next start looks at each file.
+        journal_.release(*id_);
+        return failure_;
     }
     static_cast<void>(keep(journal_.finish(*id_)));
     return failure_;
@@ -139,17 +149,38 @@ bool CleanUp::endsWaiting() const {
            (settings_.endsWaiting && settings_.endsWaiting());
 }
 
-PlannedMove CleanUp::planFor(const File& file) {
-    const ComparedState* const compared = file.compared();
-    const std::string& folder = realPathOf(*file.directory());
+/// One of those that are not to go, or none.
+const File* CleanUp::stayingFor(const Set& set) const {
+    const auto& files = set.files();
+    const auto unmarked = std::find_if(files.begin(), files.end(), [](const auto& file) {
+        return file->state() == CheckState::off;
+    });
+    if (unmarked != files.end()) {
+        return unmarked->get();
+    }
+    // Asked for last, when the others may be gone; then it stays.
+    const bool oneStays = settings_.wholeSets == WholeSets::keepOne && !files.empty();
+    return oneStays ? files.back().get() : nullptr;
+}
+
+PlannedMove CleanUp::planFor(const File& file, const File* staying) {
+    PlannedMove move{realPathOf(file), inodeOf(file), file.fileSize(), file.fileModificationDate(),
+                     std::nullopt};
+    if (staying != nullptr && staying != &file) {
+        move.staying = {realPathOf(*staying), inodeOf(*staying), staying->fileModificationDate()};
+    }
+    return move;
+}
+
+std::string CleanUp::realPathOf(const File& file) {
+    const std::string& folder = realFolderOf(*file.directory());
     std::string path = folder == "/" ? folder : folder + '/';
     path += file.fileName();
-    return {std::move(path), compared == nullptr ? 0 : compared->identity.inode, file.fileSize(),
-            file.fileModificationDate()};
+    return path;
 }
 
 /// Without links, since who puts back follows none: what one leads to may be another folder then.
-const std::string& CleanUp::realPathOf(const Directory& folder) {
+const std::string& CleanUp::realFolderOf(const Directory& folder) {
     const auto known = realFolders_.find(&folder);
     if (known != realFolders_.end()) {
         return known->second;
@@ -173,23 +204,25 @@ bool CleanUp::keep(std::optional<StoreError> failure) {
 }
 
 /// Files are asked for in the order in which they were planned.
-std::optional<MoveRow> CleanUp::rowOf(const File& file) {
+const CleanUp::Planned* CleanUp::plannedFor(const File& file) {
     for (std::size_t at = nextPlanned_; at < planned_.size(); ++at) {
         if (planned_[at].file == &file && planned_[at].row != 0) {
             nextPlanned_ = at + 1;
-            return planned_[at].row;
+            return &planned_[at];
         }
     }
-    return std::nullopt;
+    return nullptr;
 }
 
 /// What cannot be written is found out again at the next start.
-void CleanUp::record(MoveRow row, const MoveResult& result, TrashPlace place) {
+void CleanUp::record(const Planned& planned, const MoveResult& result, TrashPlace place) {
     RecordedOutcome outcome;
-    outcome.row = row;
+    outcome.row = planned.row;
     if (result.outcome == MoveOutcome::moved) {
         outcome.trashFolder = std::move(place.trash);
-        outcome.trashName = std::move(place.name);
+        if (place.name != planned.file->fileName()) {
+            outcome.trashName = std::move(place.name);
+        }
     } else {
         outcome.state = MoveState::left;
         outcome.reason = std::string(outcomeWord(result.outcome));

@@ -21,6 +21,9 @@
 
 namespace tarvin {
 
+/// The lock in the file of turns by which the clean-ups of a user exclude each other, set by set.
+inline constexpr std::uint64_t cleanUpTurn = 0;
+
 /// One clean-up: moves the marked files of a result tree to the Trash, keeps a living copy of each
 /// content in its place (SetMove), and writes every move down before it happens. A move that the
 /// journal does not hold is not made. The user's clean-ups take turns, set by set. One thread, the
@@ -37,8 +40,8 @@ class CleanUp final : public FileMover {
 
     struct Settings {
         WholeSets wholeSets = WholeSets::keepOne;
-        Report report;                             ///< told of each file; may be empty
-        std::function<bool()> stopped;             ///< asked before each file; may be empty
+        Report report;                  ///< told of each file; may be empty
+        std::function<bool()> stopped;  ///< asked before each file; may be empty
         /// Asked while another clean-up has its turn, whether to go on without; may be empty.
         std::function<bool()> endsWaiting;
         std::function<void(MoveStep)> beforeStep;  ///< for tests; may be empty
@@ -79,11 +82,13 @@ class CleanUp final : public FileMover {
 
     [[nodiscard]] std::optional<SystemError> takeTurn();
     [[nodiscard]] bool endsWaiting() const;
-    [[nodiscard]] PlannedMove planFor(const File& file);
-    [[nodiscard]] const std::string& realPathOf(const Directory& folder);
+    [[nodiscard]] PlannedMove planFor(const File& file, const File* staying);
+    [[nodiscard]] const File* stayingFor(const Set& set) const;
+    [[nodiscard]] std::string realPathOf(const File& file);
+    [[nodiscard]] const std::string& realFolderOf(const Directory& folder);
     [[nodiscard]] bool keep(std::optional<StoreError> failure);
-    [[nodiscard]] std::optional<MoveRow> rowOf(const File& file);
-    void record(MoveRow row, const MoveResult& result, TrashPlace place);
+    [[nodiscard]] const Planned* plannedFor(const File& file);
+    void record(const Planned& planned, const MoveResult& result, TrashPlace place);
 
     CleanUpJournal& journal_;
     RepeatedLock turn_;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <iterator>
 #include <limits>
 #include <string_view>
 #include <system_error>
@@ -80,6 +81,10 @@ constexpr const char* schema =
     " inode INTEGER NOT NULL,"
     " size INTEGER NOT NULL,"
     " modified INTEGER,"
+    " stays_folder INTEGER NOT NULL,"  // 0 if no file of the content is to stay
+    " stays_name BLOB,"                // null if it is that of the file that is moved
+    " stays_inode INTEGER,"
+    " stays_modified INTEGER,"
     " state INTEGER NOT NULL,"
     " trash INTEGER NOT NULL,"  // the lower half of a folder's row; 0 if it was not moved
     " trash_name BLOB,"
@@ -129,6 +134,22 @@ std::int64_t asNumber(std::uint64_t count) {
 /// Of two numbers that are not negative; ends at the largest one.
 std::int64_t cappedSum(std::int64_t one, std::int64_t other) {
     return one > maxNumber - other ? maxNumber : one + other;
+}
+
+/// The folder, and the name in it.
+std::pair<std::string_view, std::string_view> partsOf(std::string_view path) {
+    const std::size_t slash = path.rfind('/');
+    return {path.substr(0, slash), path.substr(slash + 1)};
+}
+
+void withDate(SqliteStatement& statement, const std::optional<Timestamp>& date) {
+    date ? statement.with(date->time_since_epoch().count()) : statement.withNull();
+}
+
+std::optional<Timestamp> dateIn(const SqliteStatement& row, int column) {
+    return row.isNull(column)
+               ? std::nullopt
+               : std::optional(Timestamp(std::chrono::nanoseconds(row.number(column))));
 }
 
 CleanUpSummary summaryOf(const SqliteStatement& row) {
@@ -434,20 +455,29 @@ StoreResult<MoveRow> CleanUpJournal::plan(CleanUpId id, std::span<const PlannedM
     const MoveRow first = firstRowOf(id) + planned + 1;
     MoveRow row = first;
     FolderNumbers folders(*database_, id);
-    SqliteStatement insert =
-        database_->statement("INSERT INTO move VALUES (?, ?, ?, ?, ?, ?, ?, 0, NULL, NULL)");
+    SqliteStatement insert = database_->statement(
+        "INSERT INTO move VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0, NULL, NULL)");
     for (const PlannedMove& move : moves) {
-        const std::size_t slash = move.path.rfind('/');
-        if (!move.path.starts_with('/') || move.size > static_cast<std::uint64_t>(maxNumber)) {
+        if (!move.path.starts_with('/') || move.size > static_cast<std::uint64_t>(maxNumber) ||
+            (move.staying && !move.staying->path.starts_with('/'))) {
             database_->fail(passingError(move.path, SystemError{EINVAL}));
             break;
         }
-        const std::string_view path = move.path;
+        const auto [folder, name] = partsOf(move.path);
         insert.again();
-        insert.with(row++).with(folders.numberOf(path.substr(0, slash)));
-        insert.with(path.substr(slash + 1)).with(static_cast<std::int64_t>(move.inode));
+        insert.with(row++).with(folders.numberOf(folder)).with(name);
+        insert.with(static_cast<std::int64_t>(move.inode));
         insert.with(static_cast<std::int64_t>(move.size));
-        move.modified ? insert.with(move.modified->time_since_epoch().count()) : insert.withNull();
+        withDate(insert, move.modified);
+        if (move.staying) {
+            const auto [stayingFolder, stayingName] = partsOf(move.staying->path);
+            insert.with(folders.numberOf(stayingFolder));
+            stayingName == name ? insert.withNull() : insert.with(stayingName);
+            insert.with(static_cast<std::int64_t>(move.staying->inode));
+            withDate(insert, move.staying->modified);
+        } else {
+            insert.with(0).withNull().withNull().withNull();
+        }
         insert.with(static_cast<std::int64_t>(MoveState::planned)).run();
     }
     folders.storeCount();
@@ -505,7 +535,7 @@ class OutcomeWriter final {
         SqliteStatement update = database_.statement(
             "UPDATE move SET state = ?, trash = ?, trash_name = ?, reason = ? WHERE id = ?");
         if (isMoved) {
-            const bool hasOwnName = read.bytes(2) == outcome.trashName;
+            const bool hasOwnName = outcome.trashName.empty() || read.bytes(2) == outcome.trashName;
             update.with(static_cast<std::int64_t>(MoveState::moved));
             update.with(folders_.numberOf(outcome.trashFolder));
             hasOwnName ? update.withNull() : update.with(std::string_view(outcome.trashName));
@@ -521,6 +551,29 @@ class OutcomeWriter final {
         update.with(outcome.row).run();
     }
 
+    /// Moves of consecutive rows to one Trash, each under its own name. Much cheaper than one by
+    /// one. False if one of them has an outcome already; nothing is written then.
+    bool writeRun(MoveRow first, MoveRow last, const std::string& trash) {
+        {
+            SqliteStatement read = database_.statement(
+                "SELECT count(*), sum(size >> 32), sum(size & 4294967295) FROM move"
+                " WHERE id BETWEEN ? AND ? AND state = 0");
+            if (!read.with(first).with(last).step() || read.number(0) != last - first + 1) {
+                return false;
+            }
+            const std::int64_t high = read.number(1);
+            const std::int64_t bytes = high > maxNumber >> 32 ? maxNumber : high << 32;
+            changes_.movedBytes = cappedSum(changes_.movedBytes, cappedSum(bytes, read.number(2)));
+        }
+        changes_.movedFiles += last - first + 1;
+        database_.statement("UPDATE move SET state = 1, trash = ? WHERE id BETWEEN ? AND ?")
+            .with(folders_.numberOf(trash))
+            .with(first)
+            .with(last)
+            .run();
+        return true;
+    }
+
     void storeCounts() {
         folders_.storeCount();
         storeCounters(database_, id_, changes_);
@@ -533,13 +586,43 @@ class OutcomeWriter final {
     CounterChanges changes_;
 };
 
+using Outcomes = std::vector<RecordedOutcome>;
+
+/// Behind the last of those that OutcomeWriter::writeRun() takes together; at least one.
+Outcomes::const_iterator endOfRun(Outcomes::const_iterator first, Outcomes::const_iterator end) {
+    const auto joins = [&](const RecordedOutcome& outcome) {
+        return outcome.state == MoveState::moved && outcome.trashName.empty() &&
+               outcome.trashFolder == first->trashFolder;
+    };
+    auto last = first;
+    for (auto next = std::next(first);
+         next != end && joins(*last) && joins(*next) && next->row == last->row + 1 &&
+         cleanUpOf(next->row) == cleanUpOf(first->row);
+         ++next) {
+        last = next;
+    }
+    return std::next(last);
+}
+
+static_assert(static_cast<int>(MoveState::planned) == 0 && static_cast<int>(MoveState::moved) == 1,
+              "as the statements say");
+
 }  // namespace
 
 void CleanUpJournal::applyOutcomes() {
     std::map<CleanUpId, OutcomeWriter> writers;
-    for (const RecordedOutcome& outcome : outcomes_) {
-        const CleanUpId id = cleanUpOf(outcome.row);
-        writers.try_emplace(id, *database_, id).first->second.write(outcome);
+    for (auto outcome = outcomes_.begin(); outcome != outcomes_.end();) {
+        const auto end = endOfRun(outcome, outcomes_.end());
+        const CleanUpId id = cleanUpOf(outcome->row);
+        OutcomeWriter& writer = writers.try_emplace(id, *database_, id).first->second;
+        const bool isWritten =
+            end - outcome > 1 &&
+            writer.writeRun(outcome->row, std::prev(end)->row, outcome->trashFolder);
+        for (; outcome != end; ++outcome) {
+            if (!isWritten) {
+                writer.write(*outcome);
+            }
+        }
     }
     for (auto& [id, writer] : writers) {
         writer.storeCounts();
@@ -660,16 +743,20 @@ namespace {
 // A state that is none is read as damage, not passed over.
 constexpr const char* movesForward =
     "SELECT move.id, folder.path, name, inode, size, modified, state, trash.path,"
-    " coalesce(trash_name, name), reason FROM move"
+    " coalesce(trash_name, name), reason, stays.path, coalesce(stays_name, name), stays_inode,"
+    " stays_modified FROM move"
     " LEFT JOIN folder ON folder.id = (move.id >> 32 << 32 | move.folder)"
     " LEFT JOIN folder AS trash ON trash.id = (move.id >> 32 << 32 | move.trash)"
+    " LEFT JOIN folder AS stays ON stays.id = (move.id >> 32 << 32 | stays_folder)"
     " WHERE move.id > ? AND move.id < ? AND (state NOT BETWEEN 0 AND 4 OR ? >> state & 1)"
     " ORDER BY move.id LIMIT ?";
 constexpr const char* movesBackward =
     "SELECT move.id, folder.path, name, inode, size, modified, state, trash.path,"
-    " coalesce(trash_name, name), reason FROM move"
+    " coalesce(trash_name, name), reason, stays.path, coalesce(stays_name, name), stays_inode,"
+    " stays_modified FROM move"
     " LEFT JOIN folder ON folder.id = (move.id >> 32 << 32 | move.folder)"
     " LEFT JOIN folder AS trash ON trash.id = (move.id >> 32 << 32 | move.trash)"
+    " LEFT JOIN folder AS stays ON stays.id = (move.id >> 32 << 32 | stays_folder)"
     " WHERE move.id > ? AND move.id < ? AND (state NOT BETWEEN 0 AND 4 OR ? >> state & 1)"
     " ORDER BY move.id DESC LIMIT ?";
 
@@ -683,8 +770,12 @@ bool readMove(const SqliteStatement& row, JournalMove& move) {
     move.path.assign(row.bytes(1)).append("/").append(row.bytes(2));
     move.inode = static_cast<std::uint64_t>(row.number(3));
     move.size = asCount(row.number(4));
-    if (!row.isNull(5)) {
-        move.modified = Timestamp(std::chrono::nanoseconds(row.number(5)));
+    move.modified = dateIn(row, 5);
+    if (!row.isNull(10)) {
+        StayingFile& staying = move.staying.emplace();
+        staying.path.assign(row.bytes(10)).append("/").append(row.bytes(11));
+        staying.inode = static_cast<std::uint64_t>(row.number(12));
+        staying.modified = dateIn(row, 13);
     }
     move.state = static_cast<MoveState>(state);
     move.reason = row.bytes(9);

@@ -58,12 +58,22 @@ class MoveStates final {
     std::uint32_t bits_ = 0;
 };
 
+/// The file of a content that is to stay in its place while copies of it are moved.
+struct StayingFile {
+    std::string path;  ///< absolute, native bytes
+    std::uint64_t inode = 0;
+    std::optional<Timestamp> modified;
+
+    bool operator==(const StayingFile&) const = default;
+};
+
 /// A file that is about to be moved to the Trash.
 struct PlannedMove {
     std::string path;  ///< absolute, native bytes
     std::uint64_t inode = 0;
     std::uint64_t size = 0;  ///< bytes, at most 2^63 - 1
     std::optional<Timestamp> modified;
+    std::optional<StayingFile> staying = std::nullopt;  ///< as large; none if all copies go
 };
 
 /// What came of a planned move.
@@ -71,8 +81,8 @@ struct RecordedOutcome {
     MoveRow row = 0;
     MoveState state = MoveState::moved;  ///< moved or left
     std::string trashFolder;             ///< moved: absolute path of the Trash folder
-    std::string trashName;               ///< moved: the file's name inside its "files" folder
-    std::string reason;                  ///< left: why, in the caller's own words
+    std::string trashName;  ///< moved: its name in "files"; empty if it is the file's own
+    std::string reason;     ///< left: why, in the caller's own words
 };
 
 /// A move as the journal knows it.
@@ -82,6 +92,7 @@ struct JournalMove {
     std::uint64_t inode = 0;
     std::uint64_t size = 0;  ///< bytes
     std::optional<Timestamp> modified;
+    std::optional<StayingFile> staying;
     MoveState state = MoveState::planned;
     std::string trashFolder;  ///< as recorded; empty if it was not moved
     std::string trashName;

@@ -22,6 +22,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <numeric>
 #include <set>
 #include <string>
@@ -249,6 +250,86 @@ TEST_F(CleanUpJournalTest, KeepsTheFirstOfTwoOutcomes) {
     EXPECT_EQ(summary.leftFiles, 1U);
     EXPECT_EQ(summary.unsettledFiles, 0U);
     EXPECT_EQ(allMoves(journal, id)[1].reason, "gone");
+}
+
+TEST_F(CleanUpJournalTest, KnowsWhichFileIsToStay) {
+    CleanUpJournal journal = opened();
+    const CleanUpId id = valueOf(journal.begin(Timestamp()));
+    std::vector<PlannedMove> moves = movesOf({"/a/one", "/a/two", "/top"});
+    moves[0].staying = {"/b/stays", 77, Timestamp(std::chrono::nanoseconds(5))};
+    moves[2].staying = {"/top", 78, std::nullopt};
+    valueOf(journal.plan(id, moves));
+    const std::vector<JournalMove> read = allMoves(journal, id);
+    EXPECT_EQ(read[0].staying, moves[0].staying);
+    EXPECT_FALSE(read[1].staying);
+    EXPECT_EQ(read[2].staying, moves[2].staying);
+    moves[0].staying->path = "relative";
+    EXPECT_EQ(errorOf(journal.plan(id, moves)).kind, Kind::passing);
+}
+
+TEST_F(CleanUpJournalTest, CountsMovesThatCameInARow) {
+    CleanUpJournal journal = opened();
+    const CleanUpId id = valueOf(journal.begin(Timestamp()));
+    std::vector<PlannedMove> moves = movesOf({"/a/0", "/a/1", "/a/2", "/a/3", "/a/4", "/a/5"});
+    moves[4].size = 5'000'000'000;
+    const MoveRow first = valueOf(journal.plan(id, moves));
+    const RecordedOutcome other{first + 2, MoveState::moved, "/other/Trash", "", ""};
+    EXPECT_FALSE(
+        journal.record(std::vector<RecordedOutcome>{movedTo(first, ""),
+                                                    movedTo(first + 1, ""),
+                                                    other,
+                                                    movedTo(first + 3, ""),
+                                                    movedTo(first + 4, ""),
+                                                    {first + 5, MoveState::left, "", "", "gone"}}));
+    const CleanUpSummary summary = valueOf(journal.cleanUps())[0];
+    EXPECT_EQ(summary.movedFiles, 5U);
+    EXPECT_EQ(summary.movedBytes, 10U + 20U + 30U + 40U + 5'000'000'000U);
+    EXPECT_EQ(summary.leftFiles, 1U);
+    const std::vector<JournalMove> read = allMoves(journal, id);
+    for (std::size_t at = 0; at < 5; ++at) {
+        EXPECT_EQ(read[at].state, MoveState::moved) << at;
+        EXPECT_EQ(read[at].trashName, std::to_string(at));
+        EXPECT_EQ(read[at].trashFolder, at == 2 ? "/other/Trash" : "/home/user/.local/share/Trash");
+    }
+    EXPECT_EQ(read[5].state, MoveState::left);
+}
+
+TEST_F(CleanUpJournalTest, CountsNoMoveTwiceThatComesInARowAgain) {
+    CleanUpJournal journal = opened();
+    const CleanUpId id = valueOf(journal.begin(Timestamp()));
+    const MoveRow first = valueOf(journal.plan(id, movesOf({"/a", "/b", "/c"})));
+    EXPECT_FALSE(journal.record(
+        std::vector<RecordedOutcome>{{first + 1, MoveState::left, "", "", "changed"}}));
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_FALSE(journal.record(std::vector<RecordedOutcome>{
+            movedTo(first, ""), movedTo(first + 1, ""), movedTo(first + 2, "")}));
+        const CleanUpSummary summary = valueOf(journal.cleanUps())[0];
+        EXPECT_EQ(summary.movedFiles, 2U);
+        EXPECT_EQ(summary.movedBytes, 40U);
+        EXPECT_EQ(summary.leftFiles, 1U);
+    }
+    EXPECT_EQ(allMoves(journal, id)[1].reason, "changed");
+}
+
+TEST_F(CleanUpJournalTest, ARunWithARowThatWasNeverPlannedIsAnError) {
+    CleanUpJournal journal = opened();
+    const CleanUpId id = valueOf(journal.begin(Timestamp()));
+    const MoveRow first = valueOf(journal.plan(id, movesOf({"/a", "/b"})));
+    EXPECT_FALSE(journal.record(std::vector<RecordedOutcome>{
+        movedTo(first, ""), movedTo(first + 1, ""), movedTo(first + 2, "")}));
+    EXPECT_EQ(errorOf(journal.cleanUps()).kind, Kind::unusable);
+}
+
+TEST_F(CleanUpJournalTest, CountsSizesOfARunUpToTheLargestNumber) {
+    CleanUpJournal journal = opened();
+    const CleanUpId id = valueOf(journal.begin(Timestamp()));
+    std::vector<PlannedMove> moves = movesOf({"/a", "/b"});
+    moves[0].size = moves[1].size = std::numeric_limits<std::int64_t>::max();
+    const MoveRow first = valueOf(journal.plan(id, moves));
+    EXPECT_FALSE(
+        journal.record(std::vector<RecordedOutcome>{movedTo(first, ""), movedTo(first + 1, "")}));
+    EXPECT_EQ(valueOf(journal.cleanUps())[0].movedBytes,
+              static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()));
 }
 
 TEST_F(CleanUpJournalTest, OutcomesOfARowThatWasNeverPlannedAreAnError) {
