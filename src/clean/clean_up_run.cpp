@@ -25,7 +25,7 @@ std::optional<StoreError> CleanUpRun::finish(DataFile& totals) {
 
 CleanUpRun::CleanUpRun(Platform& platform, RecoveredJournal opened, CleanUp::Settings settings)
     : journal_(std::move(opened.journal)),
-      turns_(opened.folder + "/clean-up.turn"),
+      turns_(std::move(opened.turns)),
       trash_(std::move(opened.trash)),
       cleanUp_(platform.fileSystem(), *trash_, journal_, turns_, platform.clock(),
                std::move(settings)) {}

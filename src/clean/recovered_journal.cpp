@@ -2,9 +2,18 @@
 
 #include "clean/recovery.h"
 
+#include <string>
 #include <utility>
 
 namespace tarvin {
+
+namespace {
+
+LockFile turnsIn(const std::string& folder) {
+    return LockFile(folder + "/clean-up.turn");
+}
+
+}  // namespace
 
 std::variant<RecoveredJournal, StoreError> openRecovered(Platform& platform, DataFile& totals) {
     const std::optional<std::string> folder = platform.applicationSupportFolder();
@@ -16,10 +25,10 @@ std::variant<RecoveredJournal, StoreError> openRecovered(Platform& platform, Dat
     if (auto* error = std::get_if<StoreError>(&journal)) {
         return std::move(*error);
     }
-    RecoveredJournal opened{*folder, std::get<CleanUpJournal>(std::move(journal)),
+    RecoveredJournal opened{turnsIn(*folder), std::get<CleanUpJournal>(std::move(journal)),
                             platform.makeTrashMover()};
-    static_cast<void>(
-        recoverCleanUps(platform.fileSystem(), *opened.trash, opened.journal, totals));
+    static_cast<void>(recoverCleanUps(platform.fileSystem(), *opened.trash, opened.turns,
+                                      opened.journal, totals));
     return opened;
 }
 
@@ -38,8 +47,8 @@ std::optional<StoreError> recoverAtStart(Platform& platform, DataFile& totals) {
         return std::move(*error);
     }
     const std::unique_ptr<TrashMover> trash = platform.makeTrashMover();
-    return recoverCleanUps(platform.fileSystem(), *trash, std::get<CleanUpJournal>(journal),
-                           totals);
+    return recoverCleanUps(platform.fileSystem(), *trash, turnsIn(*folder),
+                           std::get<CleanUpJournal>(journal), totals);
 }
 
 }  // namespace tarvin

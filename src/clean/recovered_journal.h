@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/file_lock.h"
 #include "platform/platform.h"
 #include "platform/trash_move.h"
 #include "store/clean_up_journal.h"
@@ -8,14 +9,13 @@
 
 #include <memory>
 #include <optional>
-#include <string>
 #include <variant>
 
 namespace tarvin {
 
 /// The journal of clean-ups and the Trash that it speaks of.
 struct RecoveredJournal {
-    std::string folder;  ///< where the journal is, and whatever else clean-ups share
+    LockFile turns;  ///< by which the user's clean-ups exclude each other, set by set
     CleanUpJournal journal;
     std::unique_ptr<TrashMover> trash;
 };

@@ -1,14 +1,20 @@
 #include "clean/recovery.h"
 
+#include "clean/clean_up.h"
+#include "clean/file_return.h"
 #include "store/clean_up_totals.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <variant>
+#include <vector>
 
 namespace tarvin {
 
@@ -16,20 +22,74 @@ namespace {
 
 /// So many moves at a time, which bounds the memory and the passes over a Trash.
 constexpr std::size_t movesAtOnce = 4096;
+/// For a clean-up that moves one set meanwhile.
+constexpr std::chrono::seconds waitForTurn{1};
 
 bool isPlanned(const JournalMove& move, const FileAttributes& now) {
     return now.type == EntryType::regular && now.size == move.size &&
            now.modified == move.modified && (move.inode == 0 || now.identity.inode == move.inode);
 }
 
+/// The clean-ups of one recovery.
 class Recovery final {
  public:
-    Recovery(FileSystem& fileSystem, TrashMover& trash) : fileSystem_(fileSystem), trash_(trash) {}
+    Recovery(FileSystem& fileSystem, TrashMover& trash, const LockFile& turns,
+             CleanUpJournal& journal)
+        : fileSystem_(fileSystem),
+          trash_(trash),
+          turns_(turns),
+          journal_(journal),
+          files_(fileSystem, trash) {}
 
-    /// What became of these moves, as far as that can be seen now.
+    /// One of which something cannot be looked at now stays unfinished.
+    std::optional<StoreError> complete(const CleanUpSummary& cleanUp) {
+        bool isWhole = true;
+        std::optional<StoreError> failure =
+            forEachPortion(cleanUp.id, MoveState::planned, [&](std::vector<JournalMove> moves) {
+                const std::size_t count = moves.size();
+                const std::vector<RecordedOutcome> outcomes = outcomesOf(std::move(moves));
+                isWhole = isWhole && outcomes.size() == count;
+                return journal_.record(outcomes);
+            });
+        if (!failure && isWhole) {
+            failure = forEachPortion(cleanUp.id, MoveState::moved, [&](const auto& moves) {
+                return lookAtMoved(moves, cleanUp.begun);
+            });
+        }
+        if (failure) {
+            return failure;
+        }
+        if (isWhole && !trash_.flush()) {
+            return journal_.finish(cleanUp.id);
+        }
+        journal_.release(cleanUp.id);
+        return std::nullopt;
+    }
+
+ private:
+    std::optional<StoreError> forEachPortion(
+        CleanUpId id, MoveState state,
+        const std::function<std::optional<StoreError>(std::vector<JournalMove>)>& visit) {
+        for (MoveRow after = 0;;) {
+            auto read = journal_.moves(id, {state}, movesAtOnce, after);
+            if (auto* error = std::get_if<StoreError>(&read)) {
+                return std::move(*error);
+            }
+            auto& moves = std::get<std::vector<JournalMove>>(read);
+            if (moves.empty()) {
+                return std::nullopt;
+            }
+            after = moves.back().row;
+            if (auto failure = visit(std::move(moves))) {
+                return failure;
+            }
+        }
+    }
+
+    /// What became of planned moves, as far as that can be seen now.
     std::vector<RecordedOutcome> outcomesOf(std::vector<JournalMove> moves) {
         outcomes_.clear();
-        std::erase_if(moves, [this](const JournalMove& move) { return isInPlace(move); });
+        takeInPlace(moves);
         std::unordered_map<std::string, bool> isReadable;
         while (!moves.empty()) {
             // Finds the others that are in the same places, too.
@@ -43,7 +103,6 @@ class Recovery final {
         return std::move(outcomes_);
     }
 
- private:
     /// Those at the end that were looked for wherever they can be. They are gone, unless a place
     /// could not be looked at: then the next start looks again.
     void dropSought(const std::unordered_map<std::string, bool>& isReadable,
@@ -71,11 +130,40 @@ class Recovery final {
 
     bool isInPlace(const JournalMove& move) {
         const Result<FileAttributes> now = fileSystem_.attributesAtPath(move.path);
-        if (!now || !isPlanned(move, *now)) {
-            return false;
+        return now && isPlanned(move, *now);
+    }
+
+    /// The moves that were not made. The next one may have its note already.
+    void takeInPlace(std::vector<JournalMove>& moves) {
+        std::vector<std::string> paths;
+        std::erase_if(moves, [&](JournalMove& move) {
+            if (!isInPlace(move)) {
+                return false;
+            }
+            outcomes_.push_back({move.row, MoveState::left, {}, {}, "stopped"});
+            paths.push_back(std::move(move.path));
+            return true;
+        });
+        removeNotesOf(paths);
+    }
+
+    /// Waits until no clean-up moves anything: it may be one of these files.
+    void removeNotesOf(const std::vector<std::string>& paths) {
+        const Result<FileLock> turn = turns_.take(cleanUpTurn, waitForTurn);
+        if (!turn) {
+            return;
         }
-        outcomes_.push_back({move.row, MoveState::left, {}, {}, "stopped"});
-        return true;
+        std::unordered_set<std::string> trashes;
+        for (const std::string& path : paths) {
+            for (std::string& trash : trash_.trashesFor(path)) {
+                trashes.insert(std::move(trash));
+            }
+        }
+        for (const std::string& trash : trashes) {
+            if (fileSystem_.attributesAtPath(trash)) {
+                static_cast<void>(trash_.removeUnusedNotes(trash, paths));
+            }
+        }
     }
 
     /// False if the Trash is there and cannot be looked at.
@@ -98,57 +186,71 @@ class Recovery final {
                 return planned.inode != 0 && isPlanned(planned, file.attributes);
             });
             if (move != moves.end()) {
-                outcomes_.push_back({move->row, MoveState::moved, trash, file.name, {}});
+                move->trashFolder = trash;
+                move->trashName = file.name;
+                outcomes_.push_back(outcomeOfFound(*move));
                 moves.erase(move);
             }
         }
         return true;
     }
 
+    /// Of a file in the Trash. The look that follows each move may not have been made.
+    RecordedOutcome outcomeOfFound(const JournalMove& move) {
+        if (!staysAsPlanned(move) && isBack(files_.bring(move).outcome)) {
+            return {
+                move.row, MoveState::left, {}, {}, std::string(outcomeWord(MoveOutcome::lastCopy))};
+        }
+        return {move.row, MoveState::moved, move.trashFolder, move.trashName, {}};
+    }
+
+    bool staysAsPlanned(const JournalMove& move) {
+        if (!move.staying) {
+            return true;
+        }
+        const Result<FileAttributes> now = fileSystem_.currentAttributesAtPath(move.staying->path);
+        return now && now->type == EntryType::regular && now->size == move.size &&
+               now->modified == move.staying->modified &&
+               now->identity.inode == move.staying->inode;
+    }
+
+    /// After a power failure the disk may have lost a note, or the whole move, of what the journal
+    /// knows as moved.
+    std::optional<StoreError> lookAtMoved(const std::vector<JournalMove>& moves, Timestamp begun) {
+        std::vector<MoveRow> notMoved;
+        for (const JournalMove& move : moves) {
+            const TrashPlace place{move.trashFolder, move.trashName};
+            const auto there = trash_.look(place);
+            if (there && isPlanned(move, *there)) {
+                static_cast<void>(trash_.mendNote(place, move.path, begun));
+            } else if (!there && isInPlace(move)) {
+                notMoved.push_back(move.row);
+            }
+        }
+        return notMoved.empty() ? std::nullopt : journal_.markPutBack(notMoved);
+    }
+
     FileSystem& fileSystem_;
     TrashMover& trash_;
+    const LockFile& turns_;
+    CleanUpJournal& journal_;
+    FileReturn files_;
     std::vector<RecordedOutcome> outcomes_;
 };
-
-/// One of which something cannot be looked at now stays unfinished.
-std::optional<StoreError> complete(CleanUpId id, Recovery& recovery, CleanUpJournal& journal) {
-    bool isWhole = true;
-    for (MoveRow after = 0;;) {
-        auto moves = journal.moves(id, {MoveState::planned}, movesAtOnce, after);
-        if (auto* error = std::get_if<StoreError>(&moves)) {
-            return std::move(*error);
-        }
-        auto& planned = std::get<std::vector<JournalMove>>(moves);
-        if (planned.empty()) {
-            break;
-        }
-        after = planned.back().row;
-        const std::size_t count = planned.size();
-        const std::vector<RecordedOutcome> outcomes = recovery.outcomesOf(std::move(planned));
-        isWhole = isWhole && outcomes.size() == count;
-        if (auto failure = journal.record(outcomes)) {
-            return failure;
-        }
-    }
-    if (isWhole) {
-        return journal.finish(id);
-    }
-    journal.release(id);
-    return std::nullopt;
-}
 
 }  // namespace
 
 std::optional<StoreError> recoverCleanUps(FileSystem& fileSystem, TrashMover& trash,
-                                          CleanUpJournal& journal, DataFile& totals) {
+                                          const LockFile& turns, CleanUpJournal& journal,
+                                          DataFile& totals) {
     auto crashed = journal.crashed();
     if (auto* error = std::get_if<StoreError>(&crashed)) {
         return std::move(*error);
     }
-    Recovery recovery(fileSystem, trash);
+    Recovery recovery(fileSystem, trash, turns, journal);
     std::optional<StoreError> failure;
     for (const CleanUpSummary& cleanUp : std::get<std::vector<CleanUpSummary>>(crashed)) {
-        std::optional<StoreError> ofOne = complete(cleanUp.id, recovery, journal);
+        std::optional<StoreError> ofOne = recovery.complete(cleanUp);
         failure = failure ? failure : std::move(ofOne);
     }
     std::optional<StoreError> unsettled = settleTotals(totals, journal);

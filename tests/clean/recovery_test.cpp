@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <fstream>
 
 namespace tarvin {
 namespace {
@@ -66,7 +67,8 @@ TEST_F(KilledCleanUp, IsCountedAsFarAsItCameAtTheNextStart) {
         CleaningUser user(home_.path());
         DataFile totals(home_.path());
         ASSERT_FALSE(
-            recoverCleanUps(systemFileSystem(), user.mover(), user.journal(), totals).has_value());
+            recoverCleanUps(systemFileSystem(), user.mover(), user.turns(), user.journal(), totals)
+                .has_value());
         std::size_t left = 0;
         for (int number = 0; number < sets; ++number) {
             const std::string name = std::to_string(number) + ".txt";
@@ -93,6 +95,200 @@ TEST_F(KilledCleanUp, IsRecoveredByOneProcessOnly) {
     EXPECT_TRUE(std::get<std::vector<CleanUpSummary>>(rest).empty());
 }
 
+/// Users of one machine, each with a Trash and a journal of their own, whose clean-ups are killed.
+class KilledUsers : public ::testing::Test {
+ protected:
+    void SetUp() override {
+        a_ = tree_.writeFile("a.txt", "bytes");
+        b_ = tree_.writeFile("b.txt", "bytes");
+    }
+
+    /// Moves the second of these paths; killed at the step.
+    void killedWhileMoving(const std::string& staying, const std::string& moved,
+                           const std::string& home, MoveStep atStep = MoveStep::lookAgain) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            CleaningUser user(home);
+            CleanUp::Settings settings;
+            settings.beforeStep = [atStep](MoveStep step) {
+                if (step == atStep) {
+                    ::kill(::getpid(), SIGKILL);
+                }
+            };
+            ComparedFiles files;
+            files.addSet({staying, moved});
+            cleanUp(files.marked(), user, systemFileSystem(), std::move(settings));
+            ::_exit(0);
+        }
+        int status = 0;
+        EXPECT_EQ(::waitpid(child, &status, 0), child);
+        EXPECT_TRUE(WIFSIGNALED(status));
+    }
+
+    /// What the totals say then.
+    std::int64_t recover(const std::string& home) {
+        CleaningUser user(home);
+        DataFile totals(home);
+        EXPECT_FALSE(recoverCleanUps(systemFileSystem(), user.mover(), user.turns(), user.journal(),
+                                     totals));
+        EXPECT_TRUE(valueOf(user.journal().crashed()).empty());
+        EXPECT_EQ(user.notes(), user.trashed());
+        return totals.alreadyDeletedCount();
+    }
+
+    template <typename Value>
+    static Value valueOf(StoreResult<Value> result) {
+        return std::get<Value>(std::move(result));
+    }
+
+    TemporaryFolder tree_;
+    TemporaryFolder one_;
+    TemporaryFolder other_;
+    std::string a_;
+    std::string b_;
+};
+
+TEST_F(KilledUsers, HaveWhatWasNotLookedAtAgainPutBackIfNothingStays) {
+    killedWhileMoving(a_, b_, one_.path());
+    fs::remove(a_);
+    EXPECT_EQ(recover(one_.path()), 0);
+    EXPECT_EQ(contentOf(b_), "bytes");
+}
+
+TEST_F(KilledUsers, HaveItPutBackIfWhatStaysIsAnotherFile) {
+    killedWhileMoving(a_, b_, one_.path());
+    fs::rename(a_, tree_.pathOf("away"));
+    tree_.writeFile("a.txt", "other");
+    EXPECT_EQ(recover(one_.path()), 0);
+    EXPECT_EQ(contentOf(b_), "bytes");
+}
+
+TEST_F(KilledUsers, HaveItCountedIfTheOtherFileStays) {
+    killedWhileMoving(a_, b_, one_.path());
+    EXPECT_EQ(recover(one_.path()), 1);
+    EXPECT_FALSE(fs::exists(b_));
+    EXPECT_EQ(contentOf(a_), "bytes");
+}
+
+TEST_F(KilledUsers, KeepACopyThoughEachMovedOneBeforeTheOtherLookedAgain) {
+    // The survivor of the first is moved by the second, which is killed in its turn.
+    const pid_t child = ::fork();
+    if (child == 0) {
+        CleaningUser user(one_.path());
+        CleanUp::Settings settings;
+        settings.beforeStep = [this](MoveStep step) {
+            if (step == MoveStep::moveToTrash) {
+                killedWhileMoving(b_, a_, other_.path(), MoveStep::lookAgain);
+            }
+            if (step == MoveStep::lookAgain) {
+                ::kill(::getpid(), SIGKILL);
+            }
+        };
+        ComparedFiles files;
+        files.addSet({a_, b_});
+        cleanUp(files.marked(), user, systemFileSystem(), std::move(settings));
+        ::_exit(0);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    ASSERT_FALSE(fs::exists(a_) || fs::exists(b_));
+    EXPECT_EQ(recover(one_.path()), 0);
+    EXPECT_EQ(recover(other_.path()), 1);
+    EXPECT_EQ(contentOf(b_), "bytes");
+    EXPECT_FALSE(fs::exists(a_));
+}
+
+TEST_F(KilledUsers, LeaveNoNoteWithoutAFile) {
+    killedWhileMoving(a_, b_, one_.path(), MoveStep::moveToTrash);
+    // As between the note and the rename, for which there is no step.
+    const std::string notes = one_.pathOf("Trash/info/");
+    one_.makeFolder("Trash/files");
+    const auto write = [&](const std::string& name, const std::string& path) {
+        one_.writeFile("Trash/info/" + name,
+                       "[Trash Info]\nPath=" + path + "\nDeletionDate=2026-01-01T00:00:00\n");
+    };
+    write("b.txt.trashinfo", b_);
+    write("c.txt.trashinfo", tree_.pathOf("c.txt"));
+    fs::permissions(one_.pathOf("Trash"), fs::perms(0700));
+    CleaningUser user(one_.path());
+    DataFile totals(one_.path());
+    EXPECT_FALSE(
+        recoverCleanUps(systemFileSystem(), user.mover(), user.turns(), user.journal(), totals));
+    EXPECT_EQ(contentOf(b_), "bytes");
+    EXPECT_FALSE(fs::exists(notes + "b.txt.trashinfo"));
+    EXPECT_TRUE(fs::exists(notes + "c.txt.trashinfo"));
+}
+
+TEST_F(KilledUsers, LeaveNotesAloneWhileAnotherCleanUpHasItsTurn) {
+    killedWhileMoving(a_, b_, one_.path(), MoveStep::moveToTrash);
+    one_.makeFolder("Trash/files");
+    one_.writeFile("Trash/info/b.txt.trashinfo",
+                   "[Trash Info]\nPath=" + b_ + "\nDeletionDate=2026-01-01T00:00:00\n");
+    CleaningUser user(one_.path());
+    DataFile totals(one_.path());
+    const Result<FileLock> turn = user.turns().tryTake(cleanUpTurn);
+    ASSERT_TRUE(turn);
+    EXPECT_FALSE(
+        recoverCleanUps(systemFileSystem(), user.mover(), user.turns(), user.journal(), totals));
+    EXPECT_EQ(user.notes(), 1U);
+}
+
+/// A clean-up whose machine lost its power: the journal is on the disk, and not all of the rest.
+class LostPower : public KilledUsers {
+ protected:
+    void SetUp() override {
+        KilledUsers::SetUp();
+        const std::string c = tree_.writeFile("c.txt", "bytes");
+        const pid_t child = ::fork();
+        if (child == 0) {
+            CleaningUser user(one_.path());
+            ComparedFiles files;
+            files.addSet({a_, b_, c});
+            CleanUp cleanUp(systemFileSystem(), user.mover(), user.journal(), user.turns(),
+                            systemPlatform().clock(), {});
+            DeletionControl control;
+            DeletionWalk walk(files.marked(), cleanUp, control, {});
+            walk.start();
+            walk.wait();
+            // The outcomes, but not the end.
+            static_cast<void>(user.journal().cleanUps());
+            ::_exit(0);
+        }
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        ASSERT_EQ(status, 0);
+    }
+
+    [[nodiscard]] std::string note(const std::string& name) const {
+        return one_.pathOf("Trash/info/" + name + ".trashinfo");
+    }
+};
+
+TEST_F(LostPower, HasNotesWrittenAnewThatAreNotWhole) {
+    const std::string whole = contentOf(note("b.txt"));
+    ASSERT_EQ(whole.find("[Trash Info]\nPath=" + b_ + "\nDeletionDate="), 0U);
+    fs::resize_file(note("b.txt"), 0);
+    fs::remove(note("c.txt"));
+    EXPECT_EQ(recover(one_.path()), 2);
+    EXPECT_EQ(contentOf(note("b.txt")).size(), whole.size());
+    EXPECT_EQ(contentOf(note("c.txt")).find("[Trash Info]\nPath=" + tree_.pathOf("c.txt") + "\n"),
+              0U);
+}
+
+TEST_F(LostPower, HasWholeNotesLeftAsTheyAre) {
+    std::ofstream(note("b.txt"), std::ios::app) << "Further=1\n";
+    const std::string before = contentOf(note("b.txt"));
+    EXPECT_EQ(recover(one_.path()), 2);
+    EXPECT_EQ(contentOf(note("b.txt")), before);
+}
+
+TEST_F(LostPower, HasWhatTheDiskKnowsInItsPlaceTakenFromTheTotals) {
+    fs::rename(one_.pathOf("Trash/files/b.txt"), b_);
+    fs::remove(note("b.txt"));
+    EXPECT_EQ(recover(one_.path()), 1);
+}
+
 /// A move of which nothing is known but that it was planned.
 class PlannedMoves : public ::testing::Test {
  protected:
@@ -108,7 +304,8 @@ class PlannedMoves : public ::testing::Test {
     bool recover() {
         CleaningUser user(home_.path());
         DataFile totals(home_.path());
-        EXPECT_FALSE(recoverCleanUps(fileSystem_, user.mover(), user.journal(), totals));
+        EXPECT_FALSE(
+            recoverCleanUps(fileSystem_, user.mover(), user.turns(), user.journal(), totals));
         const auto all = user.journal().cleanUps();
         return std::get<std::vector<CleanUpSummary>>(all).front().finished;
     }

@@ -51,6 +51,7 @@ class KillTrial final {
 
     [[nodiscard]] std::size_t killed() const { return killed_; }
     [[nodiscard]] std::size_t amidMoves() const { return amidMoves_; }
+    [[nodiscard]] std::size_t notesWithoutFile() const { return notesWithoutFile_; }
 
  private:
     Losses endedNow(Program& program) {
@@ -62,6 +63,7 @@ class KillTrial final {
         Losses losses;
         losses.rows += std::uint64_t{!recoverAsAtTheStart()};
         losses += lossesOf(place_.home, originals_);
+        notesWithoutFile_ += place_.home.notesWithoutFile();
         return losses;
     }
 
@@ -80,6 +82,7 @@ class KillTrial final {
     Originals originals_;
     std::size_t killed_ = 0;
     std::size_t amidMoves_ = 0;
+    std::size_t notesWithoutFile_ = 0;
 };
 
 }  // namespace
@@ -97,10 +100,11 @@ std::uint64_t tryKills(const TrialPlace& place, std::size_t rounds, std::size_t 
     }
     std::printf(
         "killed clean-ups of %zu files, and the next start: %zu rounds, seed %llu\n"
-        "  %zu were killed before their end, %zu of them amid their moves\n  %s\n",
+        "  %zu were killed before their end, %zu of them amid their moves\n"
+        "  %s, %zu notes without a file\n",
         2 * sets, rounds, static_cast<unsigned long long>(place.seed), trial.killed(),
-        trial.amidMoves(), described(losses).c_str());
-    return losses.sum();
+        trial.amidMoves(), described(losses).c_str(), trial.notesWithoutFile());
+    return losses.sum() + trial.notesWithoutFile();
 }
 
 }  // namespace tarvin

@@ -103,6 +103,14 @@ std::size_t TrialHome::trashed() const {
     return entriesOf(trash() + "/files").size();
 }
 
+std::size_t TrialHome::notesWithoutFile() const {
+    std::size_t count = 0;
+    for (const fs::path& note : entriesOf(trash() + "/info")) {
+        count += std::size_t{!fs::exists(trash() + "/files/" + note.stem().native())};
+    }
+    return count;
+}
+
 Losses& Losses::operator+=(const Losses& more) {
     contents += more.contents;
     files += more.files;

@@ -26,6 +26,8 @@ class TrialHome final {
     [[nodiscard]] std::string trash() const { return path_ + "/data/Trash"; }
     /// Files that are in the Trash.
     [[nodiscard]] std::size_t trashed() const;
+    /// Notes in the Trash that tell of nothing that is there.
+    [[nodiscard]] std::size_t notesWithoutFile() const;
 
  private:
     const std::string path_;

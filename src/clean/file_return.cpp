@@ -1,0 +1,255 @@
+#include "clean/file_return.h"
+
+#include "platform/open_folder.h"
+#include "platform/varied_name.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+/// Bytes of a name, on the file systems that people use.
+constexpr std::size_t longestName = 255;
+/// Beyond it a file stays in the Trash.
+constexpr std::uint64_t mostNames = 10'000;
+
+std::string_view nameOf(std::string_view path) {
+    return path.substr(path.rfind('/') + 1);
+}
+
+std::string folderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+std::string nameAtTry(const std::string& own, std::uint64_t number) {
+    return number == 0 ? own : putBackName(own, number, longestName);
+}
+
+bool isSameFile(const JournalMove& move, const FileAttributes& now) {
+    return now.type == EntryType::regular && now.identity.inode == move.inode &&
+           now.size == move.size && now.modified == move.modified;
+}
+
+void refuse(PutBackFile& file, SystemError error, std::string reason) {
+    file.outcome = PutBackOutcome::refused;
+    file.error = error;
+    file.reason = std::move(reason);
+}
+
+void refuse(PutBackFile& file, const TrashRefusal& refusal) {
+    refuse(file, refusal.error, refusal.text);
+    file.refusal =
+        refusal.kind == TrashRefusalKind::system ? PutBackRefusal::system : PutBackRefusal::trash;
+    file.trash = refusal.kind;
+}
+
+/// Because the folder cannot be opened or made.
+void refuseFolder(PutBackFile& file, SystemError error) {
+    switch (error.code) {
+        case ELOOP:
+            refuse(file, error, "its folder is a link now");
+            file.refusal = PutBackRefusal::link;
+            break;
+        case ENOTDIR:
+            refuse(file, error, "something else is where its folder was");
+            file.refusal = PutBackRefusal::notFolder;
+            break;
+        default:
+            refuse(file, error, error.text());
+            break;
+    }
+}
+
+/// The top folder of the volume that a Trash is on; empty if it is the home Trash.
+std::string topOf(const std::string& trash) {
+    const std::filesystem::path path(trash);
+    if (path.filename().native().starts_with(".Trash-")) {
+        return path.parent_path();
+    }
+    if (path.parent_path().filename() == ".Trash") {
+        return path.parent_path().parent_path();
+    }
+    return {};
+}
+
+}  // namespace
+
+std::string_view putBackWord(PutBackOutcome outcome) {
+    switch (outcome) {
+        case PutBackOutcome::toItsPlace:
+            return "toItsPlace";
+        case PutBackOutcome::underOtherName:
+            return "underOtherName";
+        case PutBackOutcome::withItsFolder:
+            return "withItsFolder";
+        case PutBackOutcome::lost:
+            return "lost";
+        case PutBackOutcome::changed:
+            return "changed";
+        case PutBackOutcome::notAttached:
+            return "notAttached";
+        case PutBackOutcome::refused:
+            return "refused";
+        case PutBackOutcome::stopped:
+            break;
+    }
+    return "stopped";
+}
+
+std::string putBackName(std::string_view name, std::uint64_t number, std::size_t longest) {
+    const std::string addition =
+        number == 1 ? " (put back)" : " (put back " + std::to_string(number) + ")";
+    return variedName(name, addition, longest);
+}
+
+PutBackFile FileReturn::fileOf(const JournalMove& move) {
+    PutBackFile file;
+    file.row = move.row;
+    file.path = move.path;
+    file.size = move.size;
+    file.name = nameOf(move.path);
+    return file;
+}
+
+/// Whether what was moved is there. The outcome is to its place if it is.
+PutBackFile FileReturn::inTrash(const JournalMove& move) {
+    PutBackFile file = fileOf(move);
+    const auto there = trash_.look({move.trashFolder, move.trashName});
+    if (there) {
+        if (!isSameFile(move, *there)) {
+            file.outcome = PutBackOutcome::changed;
+        }
+        return file;
+    }
+    const TrashRefusal& refusal = there.error();
+    const bool isGone = refusal.kind == TrashRefusalKind::gone || refusal.error.code == ENOENT ||
+                        refusal.error.code == ENOTDIR;
+    if (!isGone) {
+        refuse(file, refusal);
+    } else {
+        file.outcome =
+            isAttached(move.trashFolder) ? PutBackOutcome::lost : PutBackOutcome::notAttached;
+    }
+    return file;
+}
+
+PutBackFile FileReturn::lookAt(const JournalMove& move) {
+    PutBackFile file = inTrash(move);
+    if (isBack(file.outcome)) {
+        lookForRoom(folderOf(move.path), file);
+    }
+    return file;
+}
+
+/// What becomes of a file of which nothing but its place is looked at.
+void FileReturn::lookForRoom(const std::string& folder, PutBackFile& file) {
+    std::string nearest = folder;
+    ReturnFolders::Opened opened = folders_.open(nearest);
+    while (!opened && opened.error().code == ENOENT && nearest != "/") {
+        file.outcome = PutBackOutcome::withItsFolder;
+        nearest = folderOf(nearest);
+        opened = folders_.open(nearest);
+    }
+    if (!opened) {
+        refuseFolder(file, opened.error());
+        return;
+    }
+    if (const auto refusal = refusalOfNames((*opened)->descriptor)) {
+        refuse(file, *refusal, refusal->text());
+        return;
+    }
+    if (file.outcome == PutBackOutcome::withItsFolder) {
+        return;
+    }
+    const std::string own = file.name;
+    for (std::uint64_t number = 0; number < mostNames; ++number) {
+        file.name = nameAtTry(own, number);
+        if (!fileSystem_.attributesAt((*opened)->descriptor, file.name.c_str())) {
+            file.outcome =
+                number == 0 ? PutBackOutcome::toItsPlace : PutBackOutcome::underOtherName;
+            return;
+        }
+    }
+    refuse(file, SystemError{EEXIST}, SystemError{EEXIST}.text());
+}
+
+PutBackFile FileReturn::bring(const JournalMove& move) {
+    PutBackFile file = inTrash(move);
+    if (!isBack(file.outcome)) {
+        return file;
+    }
+    const std::string path = folderOf(move.path);
+    ReturnFolders::Opened folder = folders_.open(path);
+    const bool isMade = !folder && folder.error().code == ENOENT;
+    if (isMade) {
+        file.outcome = PutBackOutcome::withItsFolder;
+        folder = folders_.openOrMake(path);
+    }
+    if (folder) {
+        bringTo(**folder, move, file);
+    } else {
+        refuseFolder(file, folder.error());
+    }
+    if (isMade && !isBack(file.outcome)) {
+        folders_.removeMade();
+    }
+    return file;
+}
+
+void FileReturn::bringTo(const OpenFolder& folder, const JournalMove& move, PutBackFile& file) {
+    const TrashPlace place{move.trashFolder, move.trashName};
+    const std::string own = file.name;
+    for (std::uint64_t number = 0; number < mostNames; ++number) {
+        file.name = nameAtTry(own, number);
+        const auto refusal = trash_.putBack(place, folder.descriptor, file.name.c_str());
+        if (!refusal) {
+            if (number != 0) {
+                file.outcome = PutBackOutcome::underOtherName;
+            }
+            return;
+        }
+        if (refusal->kind == TrashRefusalKind::gone) {
+            file.outcome = PutBackOutcome::lost;
+            return;
+        }
+        if (refusal->kind != TrashRefusalKind::taken) {
+            refuse(file, *refusal);
+            return;
+        }
+    }
+    refuse(file, SystemError{EEXIST}, SystemError{EEXIST}.text());
+}
+
+bool FileReturn::isBackAlready(const JournalMove& move) {
+    const std::string folder = folderOf(move.path);
+    const std::string own(nameOf(move.path));
+    for (std::uint64_t number = 0; number < mostNames; ++number) {
+        const auto now = fileSystem_.attributesAtPath((folder == "/" ? "" : folder) + '/' +
+                                                      nameAtTry(own, number));
+        if (!now) {
+            return false;
+        }
+        if (isSameFile(move, *now)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Whether the volume of a Trash is mounted at its place. A volume is another device than the
+/// folder it is mounted in.
+bool FileReturn::isAttached(const std::string& trash) {
+    const std::string top = topOf(trash);
+    if (top.empty() || top == "/" || fileSystem_.attributesAtPath(trash)) {
+        return true;
+    }
+    const auto mounted = fileSystem_.attributesAtPath(top);
+    const auto above = fileSystem_.attributesAtPath(folderOf(top));
+    return mounted && above && mounted->identity.device != above->identity.device;
+}
+
+}  // namespace tarvin
