@@ -1,6 +1,8 @@
 #include "clean/recovery.h"
 
 #include "clean/clean_up_bench.h"
+#include "platform/linux/trash_mover.h"
+#include "support/faulty_trash_calls.h"
 #include "support/file_content.h"
 
 #include <sys/wait.h>
@@ -281,6 +283,53 @@ TEST_F(LostPower, HasWholeNotesLeftAsTheyAre) {
     const std::string before = contentOf(note("b.txt"));
     EXPECT_EQ(recover(one_.path()), 2);
     EXPECT_EQ(contentOf(note("b.txt")), before);
+}
+
+TEST_F(LostPower, StaysUnfinishedUntilTheNotesAreOnTheDisk) {
+    FaultyTrashCalls calls;
+    TrashSurroundings around = systemTrashSurroundings();
+    const auto mover =
+        makeTrashMover({one_.pathOf("Trash"), static_cast<std::uint32_t>(::getuid())},
+                       {calls, around.clock, around.mountTable});
+    CleaningUser user(one_.path());
+    DataFile totals(one_.path());
+    const auto isFinished = [&] { return valueOf(user.journal().cleanUps()).front().finished; };
+    fs::remove(note("b.txt"));
+    calls.failNext(TrashCall::flush, EIO);
+    EXPECT_FALSE(recoverCleanUps(systemFileSystem(), *mover, user.turns(), user.journal(), totals));
+    EXPECT_EQ(totals.alreadyDeletedCount(), 2);
+    EXPECT_FALSE(isFinished());
+    fs::remove(note("b.txt"));
+    EXPECT_FALSE(recoverCleanUps(systemFileSystem(), *mover, user.turns(), user.journal(), totals));
+    EXPECT_TRUE(isFinished());
+    EXPECT_TRUE(fs::exists(note("b.txt")));
+    EXPECT_EQ(totals.alreadyDeletedCount(), 2);
+}
+
+TEST_F(KilledUsers, LookAgainLaterWhereTheDiskFailedAtTheEnd) {
+    FaultyTrashCalls calls;
+    TrashSurroundings around = systemTrashSurroundings();
+    const auto mover =
+        makeTrashMover({one_.pathOf("Trash"), static_cast<std::uint32_t>(::getuid())},
+                       {calls, around.clock, around.mountTable});
+    CleaningUser user(one_.path());
+    ComparedFiles files;
+    files.addSet({a_, b_});
+    CleanUp cleanUp(systemFileSystem(), *mover, user.journal(), user.turns(),
+                    systemPlatform().clock(), {});
+    DeletionControl control;
+    DeletionWalk walk(files.marked(), cleanUp, control, {});
+    walk.start();
+    walk.wait();
+    calls.fail(TrashCall::flush, EIO);
+    EXPECT_FALSE(cleanUp.finish());
+    EXPECT_FALSE(valueOf(user.journal().cleanUps()).front().finished);
+    // It is nobody's now, so that the next start takes it.
+    DataFile totals(one_.path());
+    calls.heal();
+    EXPECT_FALSE(recoverCleanUps(systemFileSystem(), *mover, user.turns(), user.journal(), totals));
+    EXPECT_TRUE(valueOf(user.journal().cleanUps()).front().finished);
+    EXPECT_EQ(totals.alreadyDeletedCount(), 1);
 }
 
 TEST_F(LostPower, HasWhatTheDiskKnowsInItsPlaceTakenFromTheTotals) {
