@@ -55,14 +55,32 @@ MoveResult SetMove::move(const File& file, TrashPlace& place) {
     if (!seen) {
         return resultOf(seen.error());
     }
-    if (match(file, seen->attributes) == Match::different) {
+    const Match match = this->match(file, seen->attributes);
+    if (match == Match::different) {
         return {MoveOutcome::changed, {}};
     }
     before(MoveStep::findSurvivor);
     if (!mayTakeAll_ && !findSurvivor(file, *seen)) {
         return {MoveOutcome::lastCopy, {}};
     }
+    if (mayTakeAll_ && match == Match::otherChange && !isAsMoved(file, *seen) &&
+        !findSurvivor(file, *seen)) {
+        return {MoveOutcome::changed, {}};
+    }
     return moveSeen(file, *seen, place);
+}
+
+/// Whether the content is that of the file of the set that was moved last. Moving one name of a
+/// file changes the date of change of all.
+bool SetMove::isAsMoved(const File& file, const Seen& seen) const {
+    if (!moved_) {
+        return false;
+    }
+    const FileAttributes& moved = moved_->attributes;
+    return (moved.identity == seen.attributes.identity &&
+            moved.changed == seen.attributes.changed) ||
+           haveEqualContents(tools_.fileSystem, *moved_, {file.filePath(), seen.attributes},
+                             tools_.stopped);
 }
 
 /// Relative to its open folder, so that a path of any length will do.
@@ -192,7 +210,11 @@ std::optional<MoveOutcome> SetMove::secondLook(const File& file, const Seen& see
     if (!arrived || !isSameFile(seen.attributes, *arrived)) {
         return MoveOutcome::changed;
     }
-    if (mayTakeAll_ || stillStands(*files_[survivor_], *arrived)) {
+    if (mayTakeAll_) {
+        moved_ = {place.trash + "/files/" + place.name, *arrived};
+        return std::nullopt;
+    }
+    if (stillStands(*files_[survivor_], *arrived)) {
         return std::nullopt;
     }
     // The folders that are open may stand elsewhere by now.

@@ -35,14 +35,16 @@ struct MoveTools {
 /// can end with every copy in the Trash. One thread.
 ///
 /// "As compared" is: same folder, device, inode, size, and dates of modification and change. A file
-/// of which only the last is another one is compared byte for byte with the one that stays.
+/// of which only the last is another one is compared byte for byte with the one that stays or,
+/// where all go, with the one that went before.
 class SetMove final {
  public:
     /// `mayTakeAll`: the last file goes, too, if at this moment every file of the set is marked and
     /// as compared.
     SetMove(const MoveTools& tools, const Set& set, bool mayTakeAll);
 
-    /// Moves a file of the set; `place` says then where it is.
+    /// Moves a file of the set; `place` says then where it is. On any other outcome than moved it
+    /// is where it was, or has never been there.
     [[nodiscard]] MoveResult move(const File& file, TrashPlace& place);
 
  private:
@@ -58,6 +60,7 @@ class SetMove final {
     [[nodiscard]] bool standWhole();
     [[nodiscard]] std::optional<std::size_t> findSurvivor(const File& file, const Seen& seen);
     [[nodiscard]] bool survives(const File& other, const File& file, const Seen& seen);
+    [[nodiscard]] bool isAsMoved(const File& file, const Seen& seen) const;
     [[nodiscard]] bool proveEqual(const File& one, const FileAttributes& oneNow, const File& other,
                                   const FileAttributes& otherNow);
     [[nodiscard]] MoveResult moveSeen(const File& file, const Seen& seen, TrashPlace& place);
@@ -73,6 +76,7 @@ class SetMove final {
     std::size_t survivor_ = 0;        // in `files_`: the one found there last
     FileAttributes survivorSeen_;
     bool mayTakeAll_;
+    std::optional<SeenFile> moved_;  // last, where all may go; in the Trash
     // Of files whose change date is another one: that for which they were found equal to a file as
     // compared.
     std::unordered_map<const File*, std::optional<Timestamp>> proven_;
