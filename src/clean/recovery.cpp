@@ -144,7 +144,9 @@ class Recovery final {
             paths.push_back(std::move(move.path));
             return true;
         });
-        removeNotesOf(paths);
+        if (!paths.empty()) {
+            removeNotesOf(paths);
+        }
     }
 
     /// Waits until no clean-up moves anything: it may be one of these files.

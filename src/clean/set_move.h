@@ -44,7 +44,7 @@ class SetMove final {
     SetMove(const MoveTools& tools, const Set& set, bool mayTakeAll);
 
     /// Moves a file of the set; `place` says then where it is. On any other outcome than moved it
-    /// is where it was, or has never been there.
+    /// stays, or is put back, where it was.
     [[nodiscard]] MoveResult move(const File& file, TrashPlace& place);
 
  private:

@@ -14,8 +14,8 @@ class SetMover {
  public:
     virtual ~SetMover() = default;
 
-    /// Moves a file of the set. True if it was there and is in the Trash now; on false it is where
-    /// it was. Nothing is ever deleted outright.
+    /// Moves a file of the set. True if it was there and is in the Trash now; on false it has
+    /// been left, or put back, where it was. Nothing is ever deleted outright.
     virtual bool move(const File& file) = 0;
 };
 

@@ -159,8 +159,17 @@ TEST_F(KilledUsers, HaveWhatWasNotLookedAtAgainPutBackIfNothingStays) {
 
 TEST_F(KilledUsers, HaveItPutBackIfWhatStaysIsAnotherFile) {
     killedWhileMoving(a_, b_, one_.path());
-    fs::rename(a_, tree_.pathOf("away"));
+    const std::string away = tree_.pathOf("away");
+    fs::rename(a_, away);
     tree_.writeFile("a.txt", "other");
+    fs::last_write_time(a_, fs::last_write_time(away));
+    EXPECT_EQ(recover(one_.path()), 0);
+    EXPECT_EQ(contentOf(b_), "bytes");
+}
+
+TEST_F(KilledUsers, HaveItPutBackIfWhatStaysWasWrittenTo) {
+    killedWhileMoving(a_, b_, one_.path());
+    std::ofstream(a_) << "other";
     EXPECT_EQ(recover(one_.path()), 0);
     EXPECT_EQ(contentOf(b_), "bytes");
 }

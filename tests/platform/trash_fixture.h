@@ -7,6 +7,7 @@
 #include "support/faulty_trash_calls.h"
 #include "support/file_content.h"
 #include "support/loop_volume.h"
+#include "support/opened_folder.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -18,6 +19,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <optional>
 #include <string>
@@ -78,19 +80,8 @@ class TrashFixture : public ::testing::Test {
     /// Moves the file at `path` as the engine would: its folder is open.
     Result<TrashPlace, TrashRefusal> move(const std::string& path) {
         const std::filesystem::path file(path);
-        return mover_->move(opened(file.parent_path().native()), file.filename().c_str());
+        return mover_->move(openedFolder(file.parent_path().native()), file.filename().c_str());
     }
-
-    /// Follows a link at the end of the path. `told` is where the folder is said to be.
-    static OpenFolder opened(const std::string& path, const std::string& told) {
-        FileSystem& fileSystem = systemFileSystem();
-        auto folder = fileSystem.openRootDirectory(path);
-        EXPECT_TRUE(folder.ok()) << path;
-        const auto attributes = fileSystem.attributesOf(*folder);
-        EXPECT_TRUE(attributes.ok()) << path;
-        return {std::move(*folder), attributes->identity, told};
-    }
-    static OpenFolder opened(const std::string& path) { return opened(path, path); }
 
     std::optional<TrashRefusal> putBack(const TrashPlace& place, const std::string& path) {
         const std::filesystem::path file(path);
@@ -122,6 +113,18 @@ class TrashFixture : public ::testing::Test {
         EXPECT_EQ(entriesIn(trash + "/info"), notes);
         EXPECT_EQ(calls_.notesOpen(), 0U);
         return moved ? TrashRefusal{} : moved.error();
+    }
+
+    /// A file in the Trash that has no note keeps its name, and what is moved gets another one.
+    void expectFileWithoutNoteLeftAlone() {
+        std::filesystem::create_directories(trash() + "/files");
+        std::ofstream(trashed("a.txt")) << "orphan";
+        const auto moved = move(folder_.writeFile("a.txt", "bytes"));
+        ASSERT_TRUE(moved.ok());
+        EXPECT_EQ(moved->name, "a.2.txt");
+        EXPECT_EQ(contentOf(trashed("a.txt")), "orphan");
+        EXPECT_EQ(contentOf(trashed("a.2.txt")), "bytes");
+        EXPECT_EQ(entriesIn(trash() + "/info"), 1U);
     }
 
     TemporaryFolder folder_;

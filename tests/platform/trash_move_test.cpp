@@ -86,13 +86,7 @@ TEST_F(HomeTrash, TakesFilesOfOneNameSideBySide) {
 }
 
 TEST_F(HomeTrash, LeavesAFileWithoutANoteAlone) {
-    std::filesystem::create_directories(trash() + "/files");
-    std::ofstream(trashed("a.txt")) << "orphan";
-    const auto moved = move(folder_.writeFile("a.txt", "bytes"));
-    ASSERT_TRUE(moved.ok());
-    EXPECT_EQ(moved->name, "a.2.txt");
-    EXPECT_EQ(contentOf(trashed("a.txt")), "orphan");
-    EXPECT_EQ(entriesIn(trash() + "/info"), 1U);
+    expectFileWithoutNoteLeftAlone();
 }
 
 TEST_F(HomeTrash, LeavesANoteWithoutAFileAlone) {
@@ -203,7 +197,7 @@ TEST_F(HomeTrash, GivesUpAfterFortyNames) {
 TEST_F(HomeTrash, TakesWhatTwoMoveAtOnce) {
     const TemporaryFolder other;
     const auto work = [](const TemporaryFolder& folder, TrashMover& mover) {
-        const OpenFolder open = opened(folder.path());
+        const OpenFolder open = openedFolder(folder.path());
         for (int each = 0; each < 500; ++each) {
             folder.writeFile("a.txt", "bytes");
             ASSERT_TRUE(mover.move(open, "a.txt").ok());
@@ -232,7 +226,7 @@ TEST_F(HomeTrash, NotesThePlaceThatTheFolderIsAtWhereItsPathIsNone) {
     folder_.writeFile("one/a", "bytes");
     for (const std::string& path : {std::string("one"), folder_.pathOf("one/../one")}) {
         folder_.writeFile("one/a", "bytes");
-        const auto moved = mover_->move(opened(folder_.pathOf("one"), path), "a");
+        const auto moved = mover_->move(openedFolder(folder_.pathOf("one"), path), "a");
         ASSERT_TRUE(moved.ok());
         EXPECT_NE(note(moved->name).find("Path=" + folder_.pathOf("one/a\n")), std::string::npos);
     }
@@ -535,14 +529,8 @@ TEST_P(TrashWithoutExclusiveRename, TakesAFile) {
     EXPECT_NE(note("a"), "");
 }
 
-TEST_P(TrashWithoutExclusiveRename, ReplacesNothing) {
-    std::filesystem::create_directories(trash() + "/files");
-    std::ofstream(trashed("a")) << "orphan";
-    const auto moved = move(folder_.writeFile("a", "bytes"));
-    ASSERT_TRUE(moved.ok());
-    EXPECT_EQ(moved->name, "a.2");
-    EXPECT_EQ(contentOf(trashed("a")), "orphan");
-    EXPECT_EQ(entriesIn(trash() + "/info"), 1U);
+TEST_P(TrashWithoutExclusiveRename, LeavesAFileWithoutANoteAlone) {
+    expectFileWithoutNoteLeftAlone();
 }
 
 TEST_P(TrashWithoutExclusiveRename, LeavesFileAndNoNoteWhereACallFails) {

@@ -252,7 +252,7 @@ TEST_F(VolumeTrash, NotesThePlaceOnTheVolumeOfAFileReachedByALink) {
     if (hasVolume()) {
         writeFile("sub/b.txt");
         folder_.makeLink("way", path("sub"));
-        const auto moved = mover_->move(opened(folder_.pathOf("way")), "b.txt");
+        const auto moved = mover_->move(openedFolder(folder_.pathOf("way")), "b.txt");
         ASSERT_TRUE(moved.ok()) << moved.error().text;
         EXPECT_NE(contentOf(own() + "/info/b.txt.trashinfo").find("Path=sub/b.txt\n"),
                   std::string::npos);
@@ -296,7 +296,7 @@ TEST_F(VolumeTrash, OfAMountWithAnyNameIsFound) {
 
 TEST_F(VolumeTrash, OfAMountBehindAnotherIsNotReached) {
     if (hasVolume()) {
-        const OpenFolder folder = opened(top());
+        const OpenFolder folder = openedFolder(top());
         const Mount mount("none", top(), "tmpfs");
         ASSERT_TRUE(mount);
         const auto moved = mover_->move(folder, "a.txt");
