@@ -58,7 +58,7 @@ class FakeTrash final {
             if (!attributes) {
                 return refusalOf(attributes.error().code);
             }
-            return std::move(*attributes);
+            return *attributes;
         }
 
         std::optional<TrashRefusal> putBack(const TrashPlace& /*place*/,
