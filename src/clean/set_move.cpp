@@ -217,9 +217,12 @@ std::optional<MoveOutcome> SetMove::secondLook(const File& file, const Seen& see
     if (stillStands(*files_[survivor_], *arrived)) {
         return std::nullopt;
     }
-    // The folders that are open may stand elsewhere by now.
+    // The folders that are open may stand elsewhere by now, and what is found may only be what the
+    // system remembers.
     tools_.folders.distrust();
-    return findSurvivor(file, seen) ? std::nullopt : std::optional(MoveOutcome::lastCopy);
+    return findSurvivor(file, seen) && stillStands(*files_[survivor_], *arrived)
+               ? std::nullopt
+               : std::optional(MoveOutcome::lastCopy);
 }
 
 /// By its path, on the volume itself: the folder may have been moved since it was opened, and what
