@@ -44,6 +44,7 @@ fi
 testPackages=(
     appstream
     at-spi2-core
+    bindfs
     bsdextrautils
     ccache
     clang-19

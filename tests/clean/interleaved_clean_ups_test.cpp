@@ -1,12 +1,9 @@
 #include "clean/clean_up_bench.h"
 #include "support/file_content.h"
 
-#include <unistd.h>
-
 #include <array>
 #include <condition_variable>
 #include <cstddef>
-#include <filesystem>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -101,15 +98,6 @@ class Turns final {
     std::array<bool, 2> ended_{};
     std::size_t choices_ = 0;
 };
-
-/// A folder in memory where there is one: a journal flushes each batch, and hundreds of clean-ups
-/// would wait for the disk.
-std::string quickFolder() {
-    const std::string memory = "/dev/shm";
-    return ::access(memory.c_str(), W_OK | X_OK) == 0
-               ? memory
-               : std::filesystem::temp_directory_path().string();
-}
 
 /// So many there are of three steps each, the fewest that a file takes which may be moved.
 constexpr std::size_t leastOrders = 20;
