@@ -1,0 +1,136 @@
+// A set of which a person marked every file, with something that happens between two of its moves.
+
+#include "clean/clean_up_bench.h"
+#include "support/file_content.h"
+
+#include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <utility>
+
+namespace tarvin {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Three equal files, all of them marked. Something is done to the others once the first has gone.
+class WholeSet : public ::testing::Test {
+ protected:
+    static constexpr MoveOutcome moved = MoveOutcome::moved;
+    static constexpr MoveOutcome changed = MoveOutcome::changed;
+
+    /// `change` is made when the second file comes to a step.
+    MoveReport runWith(std::function<void()> change, MoveStep at = MoveStep::lookAtFile) {
+        return runWith(std::move(change), at, {one_, two_, three_});
+    }
+    MoveReport runWith(std::function<void()> change, MoveStep at,
+                       const std::vector<std::string>& paths) {
+        ComparedFiles files;
+        const std::shared_ptr<Set> set = files.addSet(paths);
+        Modal& modal = files.marked();
+        set->files().front()->setState(CheckState::on);
+        CleanUp::Settings settings;
+        settings.wholeSets = CleanUp::WholeSets::goIfMarked;
+        settings.beforeStep = [at, change = std::move(change), moves = 0](MoveStep step) mutable {
+            if (step == at && ++moves == 2) {
+                change();
+            }
+        };
+        return cleanUp(modal, user_, fileSystem_, std::move(settings),
+                       CleanUp::Settings().foldersTrusted);
+    }
+
+    static MoveReport outcomes(MoveOutcome first, MoveOutcome second, MoveOutcome third) {
+        return {{"one.txt", first}, {"two.txt", second}, {"three.txt", third}};
+    }
+
+    /// Every file in the Trash has these bytes and a note.
+    void expectInTrash(std::size_t count) {
+        EXPECT_EQ(user_.trashed(), count);
+        EXPECT_EQ(user_.notes(), count);
+        for (const auto& entry : fs::directory_iterator(user_.trash() + "/files")) {
+            EXPECT_EQ(contentOf(entry.path()), "same") << entry.path();
+        }
+    }
+
+    TemporaryFolder folder_{quickFolder()};
+    std::string one_ = folder_.writeFile("a/one.txt", "same");
+    std::string two_ = folder_.writeFile("b/two.txt", "same");
+    std::string three_ = folder_.writeFile("c/three.txt", "same");
+    TemporaryFolder home_{quickFolder()};
+    CleaningUser user_{home_.path()};
+    FaultyFileSystem fileSystem_;
+};
+
+TEST_F(WholeSet, GoesButForAFileThatIsWrittenTo) {
+    EXPECT_EQ(runWith([this] { std::ofstream(two_, std::ios::app) << "more"; }),
+              outcomes(moved, changed, moved));
+    EXPECT_EQ(contentOf(two_), "samemore");
+    expectInTrash(2);
+}
+
+TEST_F(WholeSet, GoesButForAFileThatIsReplaced) {
+    EXPECT_EQ(runWith([this] {
+                  const auto date = fs::last_write_time(three_);
+                  std::ofstream(three_ + ".new") << "evil";
+                  fs::last_write_time(three_ + ".new", date);
+                  fs::rename(three_ + ".new", three_);
+              }),
+              outcomes(moved, moved, changed));
+    EXPECT_EQ(contentOf(three_), "evil");
+    expectInTrash(2);
+}
+
+TEST_F(WholeSet, GoesButForAFileThatIsALinkByThen) {
+    EXPECT_EQ(runWith([this] {
+                  fs::remove(two_);
+                  fs::create_symlink(three_, two_);
+              }),
+              outcomes(moved, changed, moved));
+    expectInTrash(2);
+}
+
+TEST_F(WholeSet, GoesButForAFileThatIsGoneByThen) {
+    EXPECT_EQ(runWith([this] { fs::remove(two_); }), outcomes(moved, MoveOutcome::gone, moved));
+    expectInTrash(2);
+}
+
+TEST_F(WholeSet, PutsBackWhatIsExchangedBeforeItsMove) {
+    EXPECT_EQ(runWith(
+                  [this] {
+                      fs::remove(two_);
+                      std::ofstream(two_) << "somebody's own";
+                  },
+                  MoveStep::moveToTrash),
+              outcomes(moved, changed, moved));
+    EXPECT_EQ(contentOf(two_), "somebody's own");
+    expectInTrash(2);
+}
+
+TEST_F(WholeSet, GoesButForAFileThatCannotBeLookedAt) {
+    EXPECT_EQ(runWith([this] { fileSystem_.failCall(FileCall::attributesAt, 1, EIO, "two.txt"); }),
+              outcomes(moved, MoveOutcome::refused, moved));
+    EXPECT_EQ(contentOf(two_), "same");
+    expectInTrash(2);
+}
+
+TEST_F(WholeSet, GoesWithAFileOfWhichOnlyTheRightsAreChanged) {
+    EXPECT_EQ(runWith([this] { fs::permissions(two_, fs::perms::owner_read); }),
+              outcomes(moved, moved, moved));
+    expectInTrash(3);
+}
+
+// Of the second name all that the move of the first has changed is its date of change.
+TEST_F(WholeSet, GoesWithTheOtherNamesOfAFile) {
+    const std::string link = folder_.pathOf("b/link.txt");
+    fs::create_hard_link(two_, link);
+    EXPECT_EQ(runWith([] {}, MoveStep::lookAtFile, {two_, link}),
+              (MoveReport{{"two.txt", moved}, {"link.txt", moved}}));
+    expectInTrash(2);
+}
+
+}  // namespace
+}  // namespace tarvin
