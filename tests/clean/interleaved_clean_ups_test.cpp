@@ -1,10 +1,14 @@
 #include "clean/clean_up_bench.h"
 #include "support/file_content.h"
 
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <condition_variable>
 #include <cstddef>
+#include <memory>
 #include <mutex>
+#include <set>
 #include <string>
 #include <thread>
 #include <utility>
@@ -102,52 +106,160 @@ class Turns final {
 /// So many there are of three steps each, the fewest that a file takes which may be moved.
 constexpr std::size_t leastOrders = 20;
 
-/// Two users clean up the same files at the same time, each keeping another one. Nothing but what
-/// each looks at keeps them from moving every copy.
+/// Two clean-ups of the same files at the same time, each keeping another one.
 class InterleavedCleanUps : public ::testing::Test {
  protected:
-    /// How many of the files are in their places at the end.
-    std::size_t leftAfter(Orders& orders, const std::vector<std::string>& names) {
+    /// How a clean-up begins and what it has come to.
+    struct Side {
+        CleaningUser& user;
+        CleanUp::WholeSets wholeSets = CleanUp::WholeSets::keepOne;
+        std::set<MoveStep> steps = all;   ///< before which another one may come
+        std::size_t stoodAtItsBegin = 0;  ///< files in their places when it looked at the first
+        bool isAtWork = false;            ///< between its first step and its end
+        bool hasMet = false;              ///< the other one was at work at its begin
+        MoveReport report{};
+    };
+
+    inline static const std::set<MoveStep> all{MoveStep::lookAtFile, MoveStep::findSurvivor,
+                                               MoveStep::moveToTrash, MoveStep::lookAgain,
+                                               MoveStep::moveBack};
+    /// Those around what is done, for more files: there, a look follows the one before it.
+    inline static const std::set<MoveStep> fewer{MoveStep::moveToTrash, MoveStep::lookAgain,
+                                                 MoveStep::moveBack};
+
+    /// How many of the files are in their places at the end of the clean-ups.
+    std::size_t leftAfter(Orders& orders, const std::vector<std::string>& names, Side& first,
+                          Side& second) {
         const TemporaryFolder tree(quickFolder());
-        std::vector<std::string> paths;
+        paths_.clear();
         for (const std::string& name : names) {
-            paths.push_back(tree.writeFile(name + "/" + name + ".txt", "the same"));
+            paths_.push_back(tree.writeFile(name + "/" + name + ".txt", "the same"));
         }
-        const std::vector<std::string> backwards(paths.rbegin(), paths.rend());
-        ComparedFiles first;
-        ComparedFiles second;
-        first.addSet(paths);
-        second.addSet(backwards);
+        ComparedFiles ones;
+        ComparedFiles others;
+        const std::shared_ptr<Set> set = ones.addSet(paths_);
+        const std::shared_ptr<Set> otherSet = others.addSet({paths_.rbegin(), paths_.rend()});
         Turns turns(orders);
-        const auto run = [&turns](std::size_t who, ComparedFiles& files, CleaningUser& user) {
-            CleanUp::Settings settings;
-            settings.beforeStep = [&turns, who](MoveStep) { turns.step(who); };
-            cleanUp(files.marked(), user, systemFileSystem(), std::move(settings));
-            turns.end(who);
-        };
-        std::thread other([&] { run(1, second, bob_); });
-        run(0, first, ann_);
+        std::thread other([&] { run(turns, 1, second, first, others, *otherSet); });
+        run(turns, 0, first, second, ones, *set);
         other.join();
-        std::size_t left = 0;
-        for (const std::string& path : paths) {
-            left += std::size_t{contentOf(path) == "the same"};
-        }
-        return left;
+        return standing();
     }
+
+    [[nodiscard]] std::size_t standing() const {
+        return static_cast<std::size_t>(
+            std::count_if(paths_.begin(), paths_.end(),
+                          [](const std::string& path) { return contentOf(path) == "the same"; }));
+    }
+
+    /// Every file in the Trash has a note.
+    static void expectNotes(const CleaningUser& user) { EXPECT_EQ(user.notes(), user.trashed()); }
 
     TemporaryFolder homes_{quickFolder()};
     CleaningUser ann_{homes_.makeFolder("ann")};
     CleaningUser bob_{homes_.makeFolder("bob")};
+
+ private:
+    void run(Turns& turns, std::size_t who, Side& side, const Side& other, ComparedFiles& files,
+             const Set& set) {
+        Modal& modal = files.marked();
+        if (side.wholeSets == CleanUp::WholeSets::goIfMarked) {
+            set.files().front()->setState(CheckState::on);
+        }
+        CleanUp::Settings settings;
+        settings.wholeSets = side.wholeSets;
+        // Whoever comes while another one of the same user is at work is told so at once.
+        settings.patience = std::chrono::milliseconds(0);
+        settings.beforeStep = [&](MoveStep step) {
+            if (!std::exchange(side.isAtWork, true)) {
+                side.stoodAtItsBegin = standing();
+            }
+            if (side.steps.contains(step)) {
+                turns.step(who);
+            }
+        };
+        turns.step(who);
+        side.hasMet = other.isAtWork;
+        side.report = cleanUp(modal, side.user, systemFileSystem(), std::move(settings));
+        side.isAtWork = false;
+        turns.end(who);
+    }
+
+    std::vector<std::string> paths_;
 };
 
 TEST_F(InterleavedCleanUps, OfTwoFilesAlwaysLeaveOne) {
     Orders orders;
     std::size_t count = 0;
     do {
-        ASSERT_GE(leftAfter(orders, {"a", "b"}), 1U) << "order " << orders.text();
+        Side ann{ann_};
+        Side bob{bob_};
+        ASSERT_GE(leftAfter(orders, {"a", "b"}, ann, bob), 1U) << "order " << orders.text();
         ++count;
     } while (orders.next());
     EXPECT_GE(count, leastOrders);
+}
+
+TEST_F(InterleavedCleanUps, OfThreeFilesAlwaysLeaveOne) {
+    Orders orders;
+    std::size_t count = 0;
+    do {
+        Side ann{ann_, CleanUp::WholeSets::keepOne, fewer};
+        Side bob{bob_, CleanUp::WholeSets::keepOne, fewer};
+        ASSERT_GE(leftAfter(orders, {"a", "b", "c"}, ann, bob), 1U) << "order " << orders.text();
+        ++count;
+    } while (orders.next());
+    EXPECT_GE(count, leastOrders);
+
+    expectNotes(ann_);
+    expectNotes(bob_);
+}
+
+// Ann wants them all gone, and Bob keeps one: every file is somewhere, whole. If not all stood when
+// hers began, hers keeps one as well.
+TEST_F(InterleavedCleanUps, OfAWholeSetLoseNothing) {
+    Orders orders;
+    std::size_t count = 0;
+    std::size_t wholeSets = 0;
+    do {
+        const std::size_t trashed = ann_.trashed() + bob_.trashed();
+        Side ann{ann_, CleanUp::WholeSets::goIfMarked, fewer};
+        Side bob{bob_, CleanUp::WholeSets::keepOne, fewer};
+        const std::size_t left = leftAfter(orders, {"a", "b", "c"}, ann, bob);
+        ASSERT_EQ(left + ann_.trashed() + bob_.trashed() - trashed, 3U) << orders.text();
+        ASSERT_TRUE(left > 0 || ann.stoodAtItsBegin == 3) << "order " << orders.text();
+        wholeSets += std::size_t{left == 0};
+        ++count;
+    } while (orders.next());
+    EXPECT_GE(count, leastOrders);
+
+    EXPECT_GE(wholeSets, 1U);
+    expectNotes(ann_);
+    expectNotes(bob_);
+}
+
+TEST_F(InterleavedCleanUps, OfOneUserAreNotAtWorkOnASetAtTheSameTime) {
+    CleaningUser again(homes_.pathOf("ann"));
+    const auto refused = [](const Side& side) {
+        return std::all_of(side.report.begin(), side.report.end(),
+                           [](const auto& file) { return file.second == MoveOutcome::refused; });
+    };
+    Orders orders;
+    std::size_t count = 0;
+    std::size_t met = 0;
+    do {
+        Side first{ann_};
+        Side second{again};
+        ASSERT_EQ(leftAfter(orders, {"a", "b", "c"}, first, second), 1U) << orders.text();
+        ASSERT_EQ(refused(first), first.hasMet) << "order " << orders.text();
+        ASSERT_EQ(refused(second), second.hasMet) << "order " << orders.text();
+        met += std::size_t{first.hasMet} + std::size_t{second.hasMet};
+        ++count;
+    } while (orders.next());
+    EXPECT_GE(count, leastOrders / 2);
+
+    EXPECT_GE(met, leastOrders / 4);
+    expectNotes(ann_);
 }
 
 }  // namespace
