@@ -1,0 +1,154 @@
+// Files and folders that the system lets nobody change, or only be added to.
+
+#include "clean/clean_up_bench.h"
+#include "support/file_content.h"
+#include "support/loop_volume.h"
+
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The parameter: for good (immutable), or but for what is written behind its end.
+class FixedFiles : public ::testing::TestWithParam<unsigned> {
+ protected:
+    /// False where there is no volume for the test. Afterwards each file is as in the beginning.
+    bool renew() {
+        if (!volume_) {
+            return false;
+        }
+        for (const char* name : {"a", "b", "c", "home"}) {
+            fs::remove_all(volume_.pathOf(name));
+            fs::create_directory(volume_.pathOf(name));
+        }
+        for (const std::string& path : paths_) {
+            std::ofstream(path) << "same";
+        }
+        return true;
+    }
+
+    /// Gives or takes the attribute.
+    static void fix(const std::string& path, bool isFixed = true) {
+        const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+        unsigned flags = 0;
+        EXPECT_EQ(::ioctl(file, FS_IOC_GETFLAGS, &flags), 0) << path;
+        flags = isFixed ? flags | GetParam() : flags & ~GetParam();
+        EXPECT_EQ(::ioctl(file, FS_IOC_SETFLAGS, &flags), 0) << path;
+        ::close(file);
+    }
+
+    /// What becomes of the second and the third file, with the reasons. `change` is made before the
+    /// first of the two comes to the step.
+    std::vector<MoveResult> run(MoveStep at, const std::function<void()>& change) {
+        CleaningUser user(volume_.pathOf("home"));
+        ComparedFiles files;
+        files.addSet(paths_);
+        std::vector<MoveResult> results;
+        CleanUp::Settings settings;
+        settings.beforeStep = [&, isMade = false](MoveStep step) mutable {
+            if (step == at && !std::exchange(isMade, true)) {
+                change();
+            }
+        };
+        settings.report = [&results](const File&, const MoveResult& result) {
+            results.push_back(result);
+        };
+        CleanUp cleanUp(systemFileSystem(), user.mover(), user.journal(), user.turns(),
+                        systemPlatform().clock(), std::move(settings));
+        DeletionControl control;
+        DeletionWalk walk(files.marked(), cleanUp, control, {});
+        walk.start();
+        walk.wait();
+        EXPECT_FALSE(cleanUp.finish().has_value());
+        EXPECT_EQ(user.notes(), user.trashed());
+        trashed_ = user.trashed();
+        return results;
+    }
+
+    static MoveResult refusal() {
+        return {MoveOutcome::refused, "Operation not permitted", TrashRefusalKind::system,
+                SystemError{EPERM}};
+    }
+
+    const LoopVolume volume_;
+    const std::vector<std::string> paths_{volume_.pathOf("a/one.txt"), volume_.pathOf("b/two.txt"),
+                                          volume_.pathOf("c/three.txt")};
+    std::size_t trashed_ = 0;
+};
+
+const MoveResult wasMoved{MoveOutcome::moved, {}};
+
+// Giving the attribute changes nothing but the date of change, so that the bytes are compared
+// first.
+TEST_P(FixedFiles, ToGoStayWithTheReason) {
+    for (const MoveStep at :
+         {MoveStep::lookAtFile, MoveStep::findSurvivor, MoveStep::moveToTrash}) {
+        if (renew()) {
+            EXPECT_EQ(run(at, [this] { fix(paths_[1]); }),
+                      (std::vector<MoveResult>{refusal(), wasMoved}));
+            EXPECT_EQ(contentOf(paths_[0]), "same");
+            EXPECT_EQ(contentOf(paths_[1]), "same");
+            EXPECT_EQ(trashed_, 1U);
+            fix(paths_[1], false);
+        }
+    }
+}
+
+TEST_P(FixedFiles, ToStayLetTheOthersGo) {
+    for (const MoveStep at : {MoveStep::lookAtFile, MoveStep::findSurvivor}) {
+        if (renew()) {
+            EXPECT_EQ(run(at, [this] { fix(paths_[0]); }),
+                      (std::vector<MoveResult>{wasMoved, wasMoved}));
+            EXPECT_EQ(contentOf(paths_[0]), "same");
+            EXPECT_EQ(trashed_, 2U);
+            fix(paths_[0], false);
+        }
+    }
+}
+
+TEST_P(FixedFiles, OfAFixedFolderStayWithTheReason) {
+    if (renew()) {
+        EXPECT_EQ(run(MoveStep::lookAtFile, [this] { fix(volume_.pathOf("b")); }),
+                  (std::vector<MoveResult>{refusal(), wasMoved}));
+        EXPECT_EQ(contentOf(paths_[1]), "same");
+        fix(volume_.pathOf("b"), false);
+    }
+}
+
+// Nothing that is fixed can be moved back either; what can only be added to takes it back.
+TEST_P(FixedFiles, ThatCannotGoBackAreInTheTrashWithTheReason) {
+    if (renew()) {
+        const std::vector<MoveResult> results = run(MoveStep::lookAgain, [this] {
+            fs::remove(paths_[0]);
+            fs::remove(paths_[2]);
+            fix(volume_.pathOf("b"));
+        });
+        const bool isForGood = GetParam() == FS_IMMUTABLE_FL;
+        ASSERT_EQ(results.size(), 2U);
+        EXPECT_EQ(results.front(), isForGood
+                                       ? (MoveResult{MoveOutcome::moved, "Operation not permitted"})
+                                       : (MoveResult{MoveOutcome::lastCopy, {}}));
+        EXPECT_EQ(trashed_, isForGood ? 1U : 0U);
+        EXPECT_EQ(contentOf(paths_[1]), isForGood ? "" : "same");
+        fix(volume_.pathOf("b"), false);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(EachAttribute, FixedFiles,
+                         ::testing::Values(FS_IMMUTABLE_FL, FS_APPEND_FL));
+
+}  // namespace
+}  // namespace tarvin
