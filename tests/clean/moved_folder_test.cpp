@@ -1,0 +1,133 @@
+// The folder of a file is moved away while the file is, and open folders are trusted for as long as
+// they are in the programs.
+
+#include "clean/clean_up_bench.h"
+#include "support/file_content.h"
+
+#include <array>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <system_error>
+#include <utility>
+
+namespace tarvin {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A set of a file that stays and two that go, both out of one folder.
+class MovedFolder : public ::testing::Test {
+ protected:
+    static constexpr MoveOutcome lastCopy = MoveOutcome::lastCopy;
+    static constexpr std::array everyStep{MoveStep::lookAtFile, MoveStep::findSurvivor,
+                                          MoveStep::moveToTrash, MoveStep::lookAgain};
+
+    void renew() {
+        for (const char* name : {"a", "b", "away"}) {
+            fs::remove_all(folder_.pathOf(name));
+        }
+        folder_.writeFile("a/one.txt", "same");
+        folder_.writeFile("b/two.txt", "same");
+        folder_.writeFile("b/three.txt", "same");
+    }
+
+    /// Of the same size and date.
+    void writeOthers() {
+        for (const std::string name : {"/two.txt", "/three.txt"}) {
+            folder_.writeFile("b" + name, "evil");
+            std::error_code gone;
+            const auto date = fs::last_write_time(path("away" + name), gone);
+            fs::last_write_time(path("b" + name), gone ? fs::file_time_type::clock::now() : date);
+        }
+    }
+
+    /// `change` is made before the step of the file of that number, from 1.
+    MoveReport run(MoveStep at, int number, const std::function<void()>& change) {
+        ComparedFiles files;
+        files.addSet({path("a/one.txt"), path("b/two.txt"), path("b/three.txt")});
+        CleanUp::Settings settings;
+        settings.beforeStep = [=, count = 0](MoveStep step) mutable {
+            if (step == at && ++count == number) {
+                change();
+            }
+        };
+        return cleanUp(files.marked(), user_, systemFileSystem(), std::move(settings),
+                       CleanUp::Settings().foldersTrusted);
+    }
+
+    [[nodiscard]] std::string path(const std::string& name) const { return folder_.pathOf(name); }
+
+    /// Those of the files that are where they were, or in the folder that was moved away.
+    [[nodiscard]] std::size_t living() const {
+        std::size_t count = 0;
+        for (const char* name : {"a/one.txt", "b/two.txt", "b/three.txt", "away/one.txt",
+                                 "away/two.txt", "away/three.txt"}) {
+            count += std::size_t{contentOf(path(name)) == "same"};
+        }
+        return count;
+    }
+
+    TemporaryFolder folder_{quickFolder()};
+    TemporaryFolder home_{quickFolder()};
+    CleaningUser user_{home_.path()};
+};
+
+TEST_F(MovedFolder, OfAMarkedFileLosesNoneAtWhateverStep) {
+    std::size_t before = 0;
+    for (const MoveStep at : everyStep) {
+        for (const int number : {1, 2}) {
+            for (const bool isReplaced : {false, true}) {
+                renew();
+                run(at, number, [&] {
+                    fs::rename(path("b"), path("away"));
+                    if (isReplaced) {
+                        writeOthers();
+                    }
+                });
+                ASSERT_EQ(contentOf(path("a/one.txt")), "same");
+                ASSERT_EQ(living() + user_.trashed() - before, 3U);
+                before = user_.trashed();
+                ASSERT_EQ(user_.notes(), before);
+                if (isReplaced) {
+                    ASSERT_EQ(contentOf(path("b/two.txt")), "evil");
+                    ASSERT_EQ(contentOf(path("b/three.txt")), "evil");
+                }
+            }
+        }
+    }
+}
+
+// It is open: the file goes back into it, wherever it is by then.
+TEST_F(MovedFolder, GetsAFileBackThatWasTheLast) {
+    renew();
+    const MoveReport report = run(MoveStep::lookAgain, 1, [&] {
+        fs::rename(path("b"), path("away"));
+        fs::remove(path("a/one.txt"));
+        fs::remove(path("away/three.txt"));
+    });
+    ASSERT_EQ(report.size(), 2U);
+    EXPECT_EQ(report.front(), (std::pair<std::string, MoveOutcome>("two.txt", lastCopy)));
+    EXPECT_EQ(contentOf(path("away/two.txt")), "same");
+    EXPECT_EQ(user_.trashed(), 0U);
+    EXPECT_EQ(user_.notes(), 0U);
+}
+
+TEST_F(MovedFolder, OfTheFileThatStaysLeavesTheLastCopyAtWhateverStep) {
+    for (const MoveStep at : everyStep) {
+        for (const int number : {1, 2}) {
+            const std::size_t before = user_.trashed();
+            renew();
+            run(at, number, [&] { fs::rename(path("a"), path("away")); });
+            // Nobody looks for the copy under another path, so another one has to stay.
+            const std::size_t left = std::size_t{fs::exists(path("b/two.txt"))} +
+                                     std::size_t{fs::exists(path("b/three.txt"))};
+            ASSERT_GE(left, 1U) << static_cast<int>(at) << ", file " << number;
+            ASSERT_EQ(left + user_.trashed() - before, 2U);
+            ASSERT_EQ(user_.notes(), user_.trashed());
+        }
+    }
+}
+
+}  // namespace
+}  // namespace tarvin
