@@ -1,0 +1,167 @@
+#include "cli/restore_bench.h"
+#include "support/mount.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace tarvin {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Where the moves cannot be written down, none is made.
+class CleanJournal : public RestoreBench {
+ protected:
+    /// One clean-up has been written down; another set is there.
+    CleanJournal() {
+        writeEqual({"a.jpg", "b.jpg"});
+        clean();
+        writeEqual({"c.jpg", "d.jpg", "e.jpg"}, "others");
+    }
+
+    /// It does not begin, and says why.
+    void expectRefused(const std::string& reason) const { expectRefused(journal(), reason); }
+    void expectRefused(const std::string& path, const std::string& reason) const {
+        const Tree before = treeOf(photos());
+        for (const std::string format : {"text", "json", "csv"}) {
+            const ProgramResult result = tarvin({"clean", "--yes", "--format", format, photos()});
+            EXPECT_EQ(result.status, 1);
+            EXPECT_EQ(result.errors,
+                      "tarvin: " + path + ": " + reason + "\ntarvin: nothing was moved\n");
+            EXPECT_EQ(result.output, "") << format;
+        }
+        expectNothingMoved(before);
+    }
+
+    /// It ends before the first move, which could not be written down.
+    void expectStopped(const std::string& reason) const {
+        const Tree before = treeOf(photos());
+        const ProgramResult result = tarvin({"clean", "--yes", photos()});
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.errors, "tarvin: " + journal() + ": " + reason + "\n");
+        EXPECT_EQ(result.output,
+                  "Stopped before the end.\nDuplicates Cleaned: 0\nSpace Regained: 0.00 KB \n");
+        expectNothingMoved(before);
+    }
+
+    void expectNothingMoved(const Tree& before) const {
+        EXPECT_EQ(treeOf(photos()), before);
+        EXPECT_EQ(trashed(), 1U);
+        EXPECT_EQ(notes(), 1U);
+    }
+
+    [[nodiscard]] std::string support() const { return fs::path(journal()).parent_path(); }
+};
+
+TEST_F(CleanJournal, ThatIsDamagedIsNamedAndNothingIsMoved) {
+    std::ofstream(journal()) << std::string(5000, 'x');
+    expectRefused("the file is damaged");
+    EXPECT_EQ(contentOf(journal()), std::string(5000, 'x'));
+}
+
+TEST_F(CleanJournal, ThatIsDamagedFurtherDownIsNamedAndNothingIsMoved) {
+    const std::string whole = contentOf(journal());
+    std::ofstream(journal()) << whole.substr(0, 4096) << std::string(whole.size() - 4096, 'x');
+    expectStopped("the file is damaged");
+}
+
+TEST_F(CleanJournal, OfANewerVersionIsNamedAndNothingIsMoved) {
+    {
+        std::fstream file(journal(), std::ios::in | std::ios::out | std::ios::binary);
+        // The version of the schema in the header of a database, the last of four bytes.
+        file.seekp(63);
+        file.put(9);
+    }
+    const std::string before = contentOf(journal());
+    expectRefused("written by a newer version of the program");
+    EXPECT_EQ(contentOf(journal()), before);
+}
+
+TEST_F(CleanJournal, ThatIsLockedForTooLongIsNamedAndNothingIsMoved) {
+    const int held = ::open(journal().c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_GE(held, 0);
+    // Where a database is locked by whoever writes it.
+    struct flock whole{};
+    whole.l_type = F_WRLCK;
+    whole.l_whence = SEEK_SET;
+    whole.l_start = 0x40000000;
+    whole.l_len = 512;
+    ASSERT_EQ(::fcntl(held, F_SETLK, &whole), 0);
+    const ProgramResult result = tarvin({"clean", "--yes", photos()});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.errors, "tarvin: " + journal() +
+                                 ": in use by another process\n"
+                                 "tarvin: nothing was moved\n");
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(treeOf(photos()).size(), 4U);
+    EXPECT_EQ(trashed(), 1U);
+    ::close(held);
+    EXPECT_EQ(tarvin({"clean", "--yes", photos()}).status, 0);
+    EXPECT_EQ(trashed(), 3U);
+}
+
+TEST_F(CleanJournal, ThatIsAFolderIsNamedAndNothingIsMoved) {
+    fs::remove(journal());
+    fs::create_directory(journal());
+    expectRefused("Is a directory");
+}
+
+/// The data folder on a small volume of its own, which is full.
+class CleanJournalOnAFullDisk : public CleanJournal {
+ protected:
+    static void fill(const std::string& folder) {
+        for (const std::size_t size : {65536U, 4096U, 1U}) {
+            std::ofstream file(folder + "/full" + std::to_string(size));
+            while (file << std::string(size, 'x') << std::flush) {
+            }
+        }
+    }
+};
+
+TEST_F(CleanJournalOnAFullDisk, IsNamedAndNothingIsMoved) {
+    const std::string kept = folder_.pathOf("kept");
+    fs::rename(support(), kept);
+    fs::create_directory(support());
+    const Mount disk("none", support(), "tmpfs", 0, "size=1m");
+    if (disk) {
+        fs::copy(kept, support());
+        fill(support());
+        expectStopped("No space left on device");
+    }
+}
+
+TEST_F(CleanJournalOnAFullDisk, ThatHasNoneYetIsNamedAndNothingIsMoved) {
+    fs::remove_all(support());
+    fs::create_directory(support());
+    const Mount disk("none", support(), "tmpfs", 0, "size=1m");
+    if (disk) {
+        fill(support());
+        expectRefused("No space left on device");
+    }
+}
+
+TEST_F(CleanJournalOnAFullDisk, ThatTakesNoMoreFilesIsNamedAndNothingIsMoved) {
+    fs::remove_all(support());
+    fs::create_directory(support());
+    // One of them is the folder itself.
+    const Mount disk("none", support(), "tmpfs", 0, "size=1m,nr_inodes=2");
+    if (disk) {
+        expectRefused("No space left on device");
+    }
+}
+
+TEST_F(CleanJournalOnAFullDisk, ThatMayNotBeWrittenToIsNamedAndNothingIsMoved) {
+    fs::remove_all(support());
+    fs::create_directory(support());
+    const Mount disk("none", support(), "tmpfs", MS_RDONLY);
+    if (disk) {
+        expectRefused(support() + "/clean-ups.lock", "Read-only file system");
+    }
+}
+
+}  // namespace
+}  // namespace tarvin
