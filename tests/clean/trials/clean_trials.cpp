@@ -1,6 +1,7 @@
 // Shows what a clean-up does where something comes between: another clean-up, a change of its
-// files, a sudden end, a call that fails. Prints figures; the exit status is 1 if one of those that
-// have to be 0 is not. Everything happens in a private folder in the place given.
+// files, a sudden end, a call that fails; and what many files of one name cost. Prints figures; the
+// exit status is 1 if one of those that have to be 0 is not. Everything happens in a private folder
+// in the place given.
 
 #include "clean/trials/trials.h"
 #include "support/temporary_folder.h"
@@ -19,8 +20,9 @@ struct Options {
     std::size_t rounds = 500;
     std::size_t kills = 300;
     std::size_t sets = 300;
+    std::size_t files = 100'000;
     std::uint64_t seed = 1;
-    std::vector<std::string> only{"races", "swaps", "kills", "faults"};
+    std::vector<std::string> only{"races", "swaps", "kills", "faults", "names"};
     std::string work = "/var/tmp";
 };
 
@@ -36,10 +38,11 @@ int main(int argc, char** argv) {
         ->check(CLI::PositiveNumber);
     app.add_option("--sets", options.sets, "in a clean-up that is raced or killed")
         ->check(CLI::PositiveNumber);
+    app.add_option("--files", options.files, "of one name")->check(CLI::PositiveNumber);
     app.add_option("--seed", options.seed, "of the moments of the kills");
-    app.add_option("--only", options.only, "some of races, swaps, kills and faults")
+    app.add_option("--only", options.only, "some of races, swaps, kills, faults and names")
         ->delimiter(',')
-        ->check(CLI::IsMember({"races", "swaps", "kills", "faults"}));
+        ->check(CLI::IsMember(options.only));
     app.add_option("--work", options.work, "where the files and the private home go");
     CLI11_PARSE(app, argc, argv);
 
@@ -55,6 +58,7 @@ int main(int argc, char** argv) {
     bad += isAsked("swaps") ? trySwaps(place, options.rounds) : 0;
     bad += isAsked("kills") ? tryKills(place, options.kills, options.sets) : 0;
     bad += isAsked("faults") ? tryFaults(place) : 0;
+    bad += isAsked("names") ? tryNames(place, options.files) : 0;
     std::printf(bad == 0 ? "Nothing was lost.\n" : "NOT EVERY FIGURE IS 0.\n");
     return bad == 0 ? 0 : 1;
 }

@@ -30,4 +30,8 @@ struct TrialPlace {
 /// Each call of a move fails once, with each of several reasons.
 [[nodiscard]] std::uint64_t tryFaults(const TrialPlace& place);
 
+/// So many files of one name take no longer each than files with names of their own. In memory,
+/// where there is a place for that.
+[[nodiscard]] std::uint64_t tryNames(const TrialPlace& place, std::size_t files);
+
 }  // namespace tarvin

@@ -1,0 +1,104 @@
+#include "clean/trials/trials.h"
+#include "platform/file_system.h"
+#include "platform/trash_move.h"
+#include "support/temporary_folder.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <limits>
+#include <memory>
+#include <string>
+
+namespace tarvin {
+
+namespace {
+
+using SteadyClock = std::chrono::steady_clock;
+
+/// One name may take so much longer a file than different ones.
+constexpr double most = 1.5;
+/// The files are moved in so many parts, of one name and of different ones in turns, so that
+/// whatever else the machine is doing slows both down. The best of the last parts counts, as the
+/// Trash is fullest there.
+constexpr std::size_t parts = 10;
+constexpr std::size_t lastParts = 3;
+
+/// A disk would take minutes, and that for the files themselves.
+std::string quickPlace(const std::string& otherwise) {
+    const std::string memory = "/dev/shm";
+    return ::access(memory.c_str(), W_OK | X_OK) == 0 ? memory : otherwise;
+}
+
+/// Files in a folder, made one after the other, and the Trash that they go to.
+class NamedFiles final {
+ public:
+    NamedFiles(const std::string& place, bool areNamedAlike)
+        : folder_(place),
+          open_(systemFileSystem().openDirectory(folder_.makeFolder("files"))),
+          mover_(
+              makeTrashMover({folder_.pathOf("Trash"), static_cast<std::uint32_t>(::geteuid())})),
+          areNamedAlike_(areNamedAlike) {}
+
+    /// The time that the moves alone took; those that failed are counted.
+    SteadyClock::duration move(std::size_t files) {
+        SteadyClock::duration took{};
+        for (std::size_t each = 0; each < files; ++each, ++made_) {
+            const std::string name = areNamedAlike_ ? "a.txt" : std::to_string(made_) + ".txt";
+            folder_.writeFile("files/" + name, "");
+            const auto begin = SteadyClock::now();
+            const bool isMoved = mover_->move(*open_, folder_.pathOf("files"), name.c_str()).ok();
+            took += SteadyClock::now() - begin;
+            refused_ += std::uint64_t{!isMoved};
+        }
+        return took;
+    }
+
+    [[nodiscard]] std::uint64_t refused() const { return refused_; }
+
+ private:
+    const TemporaryFolder folder_;
+    const Result<Descriptor> open_;
+    const std::unique_ptr<TrashMover> mover_;
+    const bool areNamedAlike_;
+    std::size_t made_ = 0;
+    std::uint64_t refused_ = 0;
+};
+
+/// In microseconds.
+double timeOfEach(SteadyClock::duration time, std::size_t files) {
+    return std::chrono::duration<double, std::micro>(time).count() / static_cast<double>(files);
+}
+
+}  // namespace
+
+std::uint64_t tryNames(const TrialPlace& place, std::size_t files) {
+    const std::string folder = quickPlace(place.home.path());
+    NamedFiles alike(folder, true);
+    NamedFiles different(folder, false);
+    const std::size_t each = std::max<std::size_t>(files / parts, 1);
+    SteadyClock::duration alikeTook{};
+    SteadyClock::duration differentTook{};
+    double best = std::numeric_limits<double>::max();
+    for (std::size_t part = 0; part < parts; ++part) {
+        const SteadyClock::duration one = alike.move(each);
+        const SteadyClock::duration other = different.move(each);
+        alikeTook += one;
+        differentTook += other;
+        if (part + lastParts >= parts) {
+            best = std::min(best, timeOfEach(one, each) / timeOfEach(other, each));
+        }
+    }
+    const std::uint64_t refused = alike.refused() + different.refused();
+    std::printf(
+        "%zu files of one name: %.1f us each, %.1f us with names of their own; at the end %.2f "
+        "times as long (at most %.1f)\n  %llu were not moved\n",
+        each * parts, timeOfEach(alikeTook, each * parts), timeOfEach(differentTook, each * parts),
+        best, most, static_cast<unsigned long long>(refused));
+    return refused + std::uint64_t{best > most};
+}
+
+}  // namespace tarvin
