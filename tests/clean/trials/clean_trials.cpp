@@ -22,7 +22,7 @@ struct Options {
     std::size_t sets = 300;
     std::size_t files = 100'000;
     std::uint64_t seed = 1;
-    std::vector<std::string> only{"races", "swaps", "kills", "faults", "names"};
+    std::vector<std::string> only{"races", "swaps", "kills", "killed-races", "faults", "names"};
     std::string work = "/var/tmp";
 };
 
@@ -34,13 +34,14 @@ int main(int argc, char** argv) {
     Options options;
     app.add_option("--rounds", options.rounds, "of each race and each change")
         ->check(CLI::PositiveNumber);
-    app.add_option("--kills", options.kills, "so many clean-ups are killed")
+    app.add_option("--kills", options.kills, "so many clean-ups, and pairs of them, are killed")
         ->check(CLI::PositiveNumber);
     app.add_option("--sets", options.sets, "in a clean-up that is raced or killed")
         ->check(CLI::PositiveNumber);
     app.add_option("--files", options.files, "of one name")->check(CLI::PositiveNumber);
     app.add_option("--seed", options.seed, "of the moments of the kills");
-    app.add_option("--only", options.only, "some of races, swaps, kills, faults and names")
+    app.add_option("--only", options.only,
+                   "some of races, swaps, kills, killed-races, faults and names")
         ->delimiter(',')
         ->check(CLI::IsMember(options.only));
     app.add_option("--work", options.work, "where the files and the private home go");
@@ -57,6 +58,7 @@ int main(int argc, char** argv) {
     bad += isAsked("races") ? tryRaces(place, options.rounds, options.sets) : 0;
     bad += isAsked("swaps") ? trySwaps(place, options.rounds) : 0;
     bad += isAsked("kills") ? tryKills(place, options.kills, options.sets) : 0;
+    bad += isAsked("killed-races") ? tryKilledRaces(place, options.kills, options.sets) : 0;
     bad += isAsked("faults") ? tryFaults(place) : 0;
     bad += isAsked("names") ? tryNames(place, options.files) : 0;
     std::printf(bad == 0 ? "Nothing was lost.\n" : "NOT EVERY FIGURE IS 0.\n");

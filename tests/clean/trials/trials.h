@@ -27,6 +27,10 @@ struct TrialPlace {
 /// A real clean-up that is killed at a random moment, and the next start.
 [[nodiscard]] std::uint64_t tryKills(const TrialPlace& place, std::size_t rounds, std::size_t sets);
 
+/// Two real clean-ups of two users at once that are both killed, and the next start of both.
+[[nodiscard]] std::uint64_t tryKilledRaces(const TrialPlace& place, std::size_t rounds,
+                                           std::size_t sets);
+
 /// Each call of a move fails once, with each of several reasons.
 [[nodiscard]] std::uint64_t tryFaults(const TrialPlace& place);
 
