@@ -123,6 +123,17 @@ TEST_F(WholeSet, GoesWithAFileOfWhichOnlyTheRightsAreChanged) {
     expectInTrash(3);
 }
 
+// Nobody compared what it holds by now.
+TEST_F(WholeSet, LeavesAFileOfOtherBytesWhoseDateWasPutBack) {
+    runWith([this] {
+        const auto date = fs::last_write_time(two_);
+        std::ofstream(two_) << "evil";
+        fs::last_write_time(two_, date);
+    });
+    EXPECT_EQ(contentOf(two_), "evil");
+    EXPECT_FALSE(fs::exists(one_));
+}
+
 // Of the second name all that the move of the first has changed is its date of change.
 TEST_F(WholeSet, GoesWithTheOtherNamesOfAFile) {
     const std::string link = folder_.pathOf("b/link.txt");
