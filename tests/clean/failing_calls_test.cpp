@@ -107,7 +107,8 @@ class FailingCalls : public ::testing::Test {
         fileSystem_.clearFaults();
         CleaningUser user(home_);
         DataFile totals(home_);
-        ASSERT_FALSE(recoverCleanUps(fileSystem_, user.mover(), user.journal(), totals));
+        ASSERT_FALSE(
+            recoverCleanUps(fileSystem_, user.mover(), user.turns(), user.journal(), totals));
         const std::map<std::string, std::string> inTrash = expectNotesAndRows(user);
         std::map<std::string, std::size_t> living;
         std::uint64_t size = 0;

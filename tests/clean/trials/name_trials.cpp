@@ -1,6 +1,7 @@
 #include "clean/trials/trials.h"
 #include "platform/file_system.h"
 #include "platform/trash_move.h"
+#include "support/opened_folder.h"
 #include "support/temporary_folder.h"
 
 #include <unistd.h>
@@ -38,7 +39,7 @@ class NamedFiles final {
  public:
     NamedFiles(const std::string& place, bool areNamedAlike)
         : folder_(place),
-          open_(systemFileSystem().openDirectory(folder_.makeFolder("files"))),
+          open_(openedFolder(folder_.makeFolder("files"))),
           mover_(
               makeTrashMover({folder_.pathOf("Trash"), static_cast<std::uint32_t>(::geteuid())})),
           areNamedAlike_(areNamedAlike) {}
@@ -50,7 +51,7 @@ class NamedFiles final {
             const std::string name = areNamedAlike_ ? "a.txt" : std::to_string(made_) + ".txt";
             folder_.writeFile("files/" + name, "");
             const auto begin = SteadyClock::now();
-            const bool isMoved = mover_->move(*open_, folder_.pathOf("files"), name.c_str()).ok();
+            const bool isMoved = mover_->move(open_, name.c_str()).ok();
             took += SteadyClock::now() - begin;
             refused_ += std::uint64_t{!isMoved};
         }
@@ -61,7 +62,7 @@ class NamedFiles final {
 
  private:
     const TemporaryFolder folder_;
-    const Result<Descriptor> open_;
+    const OpenFolder open_;
     const std::unique_ptr<TrashMover> mover_;
     const bool areNamedAlike_;
     std::size_t made_ = 0;
