@@ -108,8 +108,8 @@ void PutBackTask::showExamined() {
     run_->wait();
     if (state_ == State::cancelled) {
         endRun();
-    } else if (run_->failure()) {
-        inform(*window_.putBackWindow, PutBackTexts::notBegun(), OwnReasons::of(*run_->failure()));
+    } else if (const std::optional<StoreError>& failure = run_->failure()) {
+        inform(*window_.putBackWindow, PutBackTexts::notBegun(), OwnReasons::of(*failure));
     } else if (run_->cleanUp()) {
         showQuestion();
     } else {
@@ -212,8 +212,9 @@ void PutBackTask::showResult() {
         showReport(*shown);
         return;
     }
-    if (run_->done() == 0 && run_->failure()) {
-        inform(*shown, PutBackTexts::notBegun(), OwnReasons::of(*run_->failure()));
+    const std::optional<StoreError>& failure = run_->failure();
+    if (run_->done() == 0 && failure) {
+        inform(*shown, PutBackTexts::notBegun(), OwnReasons::of(*failure));
         return;
     }
     inform(*shown, PutBackTexts::filesPutBack(run_->done()), PutBackTexts::size(run_->bytesDone()),

@@ -36,7 +36,7 @@ class RecoveryTask::Shared final {
         isOver_ = true;
         behind -= wasLeft_ ? 1 : 0;
         if (task_ != nullptr) {
-            QMetaObject::invokeMethod(task_, &RecoveryTask::totalsSettled, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(task_, "totalsSettled", Qt::QueuedConnection);
         }
         over_.notify_all();
     }

@@ -234,7 +234,7 @@ void MainWindow::addShortcut(const QKeySequence& key, const std::function<void()
 }
 
 /// The keyboard returns to the button when the menu closes.
-void MainWindow::openMoreByKey() {
+void MainWindow::openMoreByKey() const {
     if (buttonMore->isEnabled()) {
         buttonMore->setFocus(Qt::ShortcutFocusReason);
         buttonMore->click();

@@ -170,7 +170,7 @@ class MainWindow final : public EarlyWindow {
     void makeHelpMenu();
     void makeMoreMenu();
     void addShortcut(const QKeySequence& key, const std::function<void()>& press);
-    void openMoreByKey();
+    void openMoreByKey() const;
     static void popUp(QMenu& menu, const QWidget& button, int leastWidth);
     void orderKeyboard();
     void showPanel(QWidget* panel, const QRect& design, Growth across = inMiddle,
