@@ -210,6 +210,32 @@ TEST_F(KilledUsers, KeepACopyThoughEachMovedOneBeforeTheOtherLookedAgain) {
     EXPECT_FALSE(fs::exists(a_));
 }
 
+TEST_F(KilledUsers, HaveAWholeSetCountedOfWhichNothingWasToStay) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        CleaningUser user(one_.path());
+        CleanUp::Settings settings;
+        settings.wholeSets = CleanUp::WholeSets::goIfMarked;
+        settings.beforeStep = [looks = 0](MoveStep step) mutable {
+            looks += step == MoveStep::lookAgain ? 1 : 0;
+            if (looks == 2) {
+                ::kill(::getpid(), SIGKILL);
+            }
+        };
+        ComparedFiles files;
+        const auto set = files.addSet({a_, b_});
+        Modal& modal = files.marked();
+        set->files().front()->setState(CheckState::on);
+        cleanUp(modal, user, systemFileSystem(), std::move(settings));
+        ::_exit(0);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    EXPECT_EQ(recover(one_.path()), 2);
+    EXPECT_FALSE(fs::exists(a_) || fs::exists(b_));
+}
+
 TEST_F(KilledUsers, LeaveNoNoteWithoutAFile) {
     killedWhileMoving(a_, b_, one_.path(), MoveStep::moveToTrash);
     // As between the note and the rename, for which there is no step.

@@ -90,7 +90,7 @@ TEST_F(StoredNote, WithoutAFileGoesIfItTellsOneOfThePaths) {
     writeNote("sought", text("/x/sought%20one"));
     writeNote("sought.2", text("/x/sought%20one"));
     writeNote("other", text("/x/other"));
-    writeNote("cut off", "[Trash Info]\nPath=/x/sought%20one");
+    writeNote("sought one.3", "[Trash Info]\nPath=/x/sought%20one");
     std::ofstream(trash() + "/info/sought.txt") << text("/x/sought%20one");
     for (const char* name : {"sought one", "sought one.12", "sought one.x", "empty"}) {
         writeNote(name, "");
@@ -103,7 +103,7 @@ TEST_F(StoredNote, WithoutAFileGoesIfItTellsOneOfThePaths) {
     EXPECT_FALSE(fs::exists(notePath("sought")));
     EXPECT_FALSE(fs::exists(notePath("sought.2")));
     EXPECT_TRUE(fs::exists(notePath("other")));
-    EXPECT_TRUE(fs::exists(notePath("cut off")));
+    EXPECT_TRUE(fs::exists(notePath("sought one.3")));
     EXPECT_TRUE(fs::exists(trash() + "/info/sought.txt"));
 }
 

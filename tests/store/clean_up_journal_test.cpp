@@ -320,14 +320,28 @@ TEST_F(CleanUpJournalTest, ARunWithARowThatWasNeverPlannedIsAnError) {
     EXPECT_EQ(errorOf(journal.cleanUps()).kind, Kind::unusable);
 }
 
+TEST_F(CleanUpJournalTest, RecordsNothingBetweenTwoMovesThatAreRecorded) {
+    CleanUpJournal journal = opened();
+    const CleanUpId id = valueOf(journal.begin(Timestamp()));
+    const MoveRow first = valueOf(journal.plan(id, movesOf({"/a", "/b", "/c"})));
+    EXPECT_FALSE(
+        journal.record(std::vector<RecordedOutcome>{movedTo(first, ""), movedTo(first + 2, "")}));
+    const std::vector<JournalMove> read = allMoves(journal, id);
+    EXPECT_EQ(read[0].state, MoveState::moved);
+    EXPECT_EQ(read[1].state, MoveState::planned);
+    EXPECT_EQ(read[2].state, MoveState::moved);
+}
+
 TEST_F(CleanUpJournalTest, CountsSizesOfARunUpToTheLargestNumber) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
-    std::vector<PlannedMove> moves = movesOf({"/a", "/b"});
-    moves[0].size = moves[1].size = std::numeric_limits<std::int64_t>::max();
+    std::vector<PlannedMove> moves = movesOf({"/a", "/b", "/c"});
+    for (PlannedMove& move : moves) {
+        move.size = std::numeric_limits<std::int64_t>::max();
+    }
     const MoveRow first = valueOf(journal.plan(id, moves));
-    EXPECT_FALSE(
-        journal.record(std::vector<RecordedOutcome>{movedTo(first, ""), movedTo(first + 1, "")}));
+    EXPECT_FALSE(journal.record(std::vector<RecordedOutcome>{
+        movedTo(first, ""), movedTo(first + 1, ""), movedTo(first + 2, "")}));
     EXPECT_EQ(valueOf(journal.cleanUps())[0].movedBytes,
               static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()));
 }
