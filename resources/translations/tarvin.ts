@@ -1109,6 +1109,10 @@ All exceptions has been removed.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>The file was set aside; the next clean-up begins a new one.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>1 file was left where it is.</source>
         <translation type="unfinished"></translation>
     </message>

@@ -1118,6 +1118,10 @@ Alle Ausnahmen wurden entfernt.</translation>
         <translation>Das Aufräumen konnte nicht beginnen: Die Schritte lassen sich nicht aufzeichnen.</translation>
     </message>
     <message>
+        <source>The file was set aside; the next clean-up begins a new one.</source>
+        <translation>Die Datei wurde beiseitegelegt; das nächste Aufräumen beginnt eine neue.</translation>
+    </message>
+    <message>
         <source>1 file was left where it is.</source>
         <translation>1 Datei blieb, wo sie ist.</translation>
     </message>

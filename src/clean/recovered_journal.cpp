@@ -32,6 +32,16 @@ std::variant<RecoveredJournal, StoreError> openRecovered(Platform& platform, Dat
     return opened;
 }
 
+std::optional<std::string> putJournalAside(Platform& platform, const StoreError& error) {
+    const std::optional<std::string> folder = platform.applicationSupportFolder();
+    if (!folder || error.kind != StoreError::Kind::unusable) {
+        return std::nullopt;
+    }
+    auto aside = CleanUpJournal::putAside(*folder);
+    auto* const path = std::get_if<std::string>(&aside);
+    return path == nullptr ? std::nullopt : std::optional(std::move(*path));
+}
+
 bool hasJournal(Platform& platform) {
     const std::optional<std::string> folder = platform.applicationSupportFolder();
     return folder && CleanUpJournal::isIn(*folder);

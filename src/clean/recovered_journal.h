@@ -9,6 +9,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <variant>
 
 namespace tarvin {
@@ -26,6 +27,12 @@ struct RecoveredJournal {
 /// journal then.
 [[nodiscard]] std::variant<RecoveredJournal, StoreError> openRecovered(Platform& platform,
                                                                        DataFile& totals);
+
+/// Gives a journal that is of no use a name of its own, so that the next clean-up begins a new one;
+/// what it knows can then be put back by the desktop's Trash only. The new path; none if `error` is
+/// not about such a journal, or if it cannot be renamed, as while somebody has it open.
+[[nodiscard]] std::optional<std::string> putJournalAside(Platform& platform,
+                                                         const StoreError& error);
 
 /// Whether clean-ups have been written down here. Opens nothing.
 [[nodiscard]] bool hasJournal(Platform& platform);

@@ -212,33 +212,47 @@ ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
     auto opened = CleanUpRun::open(platform_, totals, std::move(settings));
     if (const auto* error = std::get_if<StoreError>(&opened)) {
         complainOf(*error);
+        putAside(*error);
         complain("nothing was moved");
         return ExitStatus::incomplete;
     }
     teller.emplace(options_, output);
-    CleanUpRun& run = *std::get<std::unique_ptr<CleanUpRun>>(opened);
-    DeletionWalk walk(modal, run.cleanUp(), control_, {});
+    auto run = std::get<std::unique_ptr<CleanUpRun>>(std::move(opened));
+    DeletionWalk walk(modal, run->cleanUp(), control_, {});
     walk.start();
     const RemovalResult moved = walk.wait();
     teller->tellOfTheRest(modal);
-    const bool isStored = finish(run, totals);
+    const std::optional<StoreError> failure = run->cleanUp().failure();
+    const bool isStored = finish(std::move(run), totals);
     const ExitStatus written = teller->end(moved);
-    if (teller->stopped() && !run.cleanUp().failure()) {
+    if (teller->stopped() && !failure) {
         return ExitStatus::stopped;
     }
     return teller->movedAll() && isStored ? written : ExitStatus::incomplete;
 }
 
 /// False if something of it could not be written.
-bool CleanCommand::finish(CleanUpRun& run, DataFile& totals) {
-    const std::optional<StoreError> failure = run.finish(totals);
+bool CleanCommand::finish(std::unique_ptr<CleanUpRun> run, DataFile& totals) {
+    const std::optional<StoreError> failure = run->finish(totals);
     if (failure) {
         complainOf(*failure);
+    }
+    if (const std::optional<StoreError> ofJournal = run->cleanUp().failure()) {
+        run.reset();
+        putAside(*ofJournal);
     }
     if (!totals.putAside().empty()) {
         complainPutAside(totals.dataPath(), totals.putAside());
     }
     return !failure && totals.putAside().empty();
+}
+
+/// So that a damaged journal is in the way of one clean-up only.
+void CleanCommand::putAside(const StoreError& error) {
+    if (const auto aside = putJournalAside(platform_, error)) {
+        complainAbout(error.path, "it is kept as " + shownName(*aside) +
+                                      "; the next clean-up begins a new one");
+    }
 }
 
 }  // namespace tarvin

@@ -11,6 +11,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace tarvin {
@@ -33,7 +34,8 @@ class CleanCommand final : public Command {
     void endOnSecondSignal(const OutputFile& output) const;
     ExitStatus plan(const Modal& modal, OutputFile& output);
     ExitStatus move(Modal& modal, OutputFile& output);
-    [[nodiscard]] static bool finish(CleanUpRun& run, DataFile& totals);
+    [[nodiscard]] bool finish(std::unique_ptr<CleanUpRun> run, DataFile& totals);
+    void putAside(const StoreError& error);
 
     Platform& platform_;
     ScanOptions options_;

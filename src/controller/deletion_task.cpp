@@ -1,6 +1,7 @@
 #include "controller/deletion_task.h"
 
 #include "clean/clean_up_run.h"
+#include "clean/recovered_journal.h"
 #include "controller/home_image.h"
 #include "controller/own_reasons.h"
 #include "controller/result_texts.h"
@@ -52,6 +53,8 @@ class DeletionTask::Run final {
 
     /// Why it could not begin.
     [[nodiscard]] const std::optional<StoreError>& refusal() const { return refusal_; }
+    /// Where the journal was put that was of no use.
+    [[nodiscard]] const std::optional<std::string>& aside() const { return aside_; }
     [[nodiscard]] const RemovalResult& moved() const { return moved_; }
     [[nodiscard]] const KeptFiles& kept() const { return kept_; }
 
@@ -67,10 +70,12 @@ class DeletionTask::Run final {
         const StoredTotals before = session_.data.shown();
         auto opened = CleanUpRun::open(session_.platform, session_.data, std::move(settings));
         if (auto* error = std::get_if<StoreError>(&opened)) {
+            aside_ = putJournalAside(session_.platform, *error);
             refusal_ = std::move(*error);
             return;
         }
-        CleanUpRun& cleanUp = *std::get<std::unique_ptr<CleanUpRun>>(opened);
+        auto run = std::get<std::unique_ptr<CleanUpRun>>(std::move(opened));
+        CleanUpRun& cleanUp = *run;
         DeletionWalk walk(*modal_, cleanUp.cleanUp(), control_,
                           [this](const Set& set, const DeletionWalk::Progress& progress) {
                               lastBegun_ = &set;
@@ -81,6 +86,10 @@ class DeletionTask::Run final {
         moved_ = walk.wait();
         addRest(cleanUp.cleanUp().failure());
         session_.finishCleanUp(cleanUp, before, moved_);
+        if (const std::optional<StoreError> failure = cleanUp.cleanUp().failure()) {
+            run.reset();
+            aside_ = putJournalAside(session_.platform, *failure);
+        }
     }
 
     /// What a stop, or a journal that could not be written, has kept from its turn.
@@ -100,6 +109,7 @@ class DeletionTask::Run final {
     KeptFiles kept_;
     const Set* lastBegun_ = nullptr;
     std::optional<StoreError> refusal_;
+    std::optional<std::string> aside_;
     RemovalResult moved_;
     WorkThread thread_;
 };
@@ -252,7 +262,7 @@ void DeletionTask::finish() {
     marking_.setMarkedFilesDetails();
     marking_.enableNecessaryButton();
     if (const std::optional<StoreError>& refusal = run->refusal()) {
-        information_.setInformationWindow(noCleanUpInformation(OwnReasons::of(*refusal)));
+        information_.setInformationWindow(noCleanUpInformation(OwnReasons::of(*refusal), run->aside()));
         return;
     }
     kept_.setFiles(run->kept());

@@ -119,8 +119,12 @@ Information nothingToDeleteInformation() {
     return noticeWith(ResultTexts::nothingToDelete());
 }
 
-Information noCleanUpInformation(const QString& reason) {
-    return noticeWith(ResultTexts::cleanUpNotBegun(), reason);
+Information noCleanUpInformation(const QString& reason, const std::optional<std::string>& aside) {
+    Information notice = noticeWith(ResultTexts::cleanUpNotBegun(), reason);
+    if (aside) {
+        notice.otherInfomration = ResultTexts::journalKeptAside();
+    }
+    return notice;
 }
 
 Information deletionReport(const RemovalResult& moved, std::uint64_t left, std::uint64_t notBack) {

@@ -7,6 +7,7 @@
 #include <QString>
 #include <cstdint>
 #include <optional>
+#include <string>
 
 namespace tarvin {
 
@@ -56,8 +57,10 @@ struct CategoryTotals {
 [[nodiscard]] Information allFilesOfSetInformation();
 /// When nothing is marked that could be moved to the Trash.
 [[nodiscard]] Information nothingToDeleteInformation();
-/// When moves could not be written down, for which the text says why.
-[[nodiscard]] Information noCleanUpInformation(const QString& reason);
+/// When moves could not be written down, for which `reason` says why. `aside` is where the journal is
+/// kept that was in the way, if it was put aside.
+[[nodiscard]] Information noCleanUpInformation(const QString& reason,
+                                               const std::optional<std::string>& aside);
 /// What one run has moved, in files and bytes, how many files it has left where they are, and how
 /// many of those it has moved it could not move back, though no other copy was found then.
 [[nodiscard]] Information deletionReport(const RemovalResult& moved, std::uint64_t left = 0,

@@ -143,6 +143,10 @@ QString ResultTexts::cleanUpNotBegun() {
     return tr("The clean-up could not begin: its moves cannot be written down.");
 }
 
+QString ResultTexts::journalKeptAside() {
+    return tr("The file was set aside; the next clean-up begins a new one.");
+}
+
 QString ResultTexts::deleting() {
     return tr("Deleting files, please wait...");
 }

@@ -72,6 +72,8 @@ class ResultTexts final {
     [[nodiscard]] static QString nothingToDelete();
     /// Followed by the reason, on a line of its own.
     [[nodiscard]] static QString cleanUpNotBegun();
+    /// Behind the reason, if what was in the way is so no longer.
+    [[nodiscard]] static QString journalKeptAside();
     /// While files are moved.
     [[nodiscard]] static QString deleting();
     [[nodiscard]] static QString stopDeletionQuestion();

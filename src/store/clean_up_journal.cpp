@@ -32,7 +32,7 @@ constexpr std::size_t movesReadAtOnce = 1024;
 constexpr int maxLockedNumbers = 1000;
 
 constexpr std::uint32_t applicationId = 0x54414355;  // "TACU"
-constexpr std::uint32_t schemaVersion = 1;
+constexpr std::uint32_t schemaVersion = 2;
 
 constexpr auto maxNumber = std::numeric_limits<std::int64_t>::max();
 
@@ -101,8 +101,8 @@ constexpr const char* schema =
     " after_count INTEGER NOT NULL,"
     " after_size INTEGER NOT NULL) STRICT;"
     "PRAGMA application_id = 1413563221;"
-    "PRAGMA user_version = 1;";
-static_assert(applicationId == 1413563221 && schemaVersion == 1, "as the schema says");
+    "PRAGMA user_version = 2;";
+static_assert(applicationId == 1413563221 && schemaVersion == 2, "as the schema says");
 
 StoreError passingError(const std::string& path, SystemError reason) {
     return {path, reason.text(), StoreError::Kind::passing};

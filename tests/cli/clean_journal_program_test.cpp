@@ -38,14 +38,27 @@ class CleanJournal : public RestoreBench {
     }
 
     /// It ends before the first move, which could not be written down.
-    void expectStopped(const std::string& reason) const {
+    void expectStopped(const std::string& reason, const std::string& more = "") const {
         const Tree before = treeOf(photos());
         const ProgramResult result = tarvin({"clean", "--yes", photos()});
         EXPECT_EQ(result.status, 1);
-        EXPECT_EQ(result.errors, "tarvin: " + journal() + ": " + reason + "\n");
+        EXPECT_EQ(result.errors, "tarvin: " + journal() + ": " + reason + "\n" + more);
         EXPECT_EQ(result.output,
                   "Stopped before the end.\nDuplicates Cleaned: 0\nSpace Regained: 0.00 KB \n");
         expectNothingMoved(before);
+    }
+
+    /// What is said of a journal that nobody can read.
+    [[nodiscard]] std::string setAside() const {
+        return "tarvin: " + journal() + ": it is kept as " + journal() +
+               ".unreadable; the next clean-up begins a new one\n";
+    }
+
+    void expectCleanedNow() const {
+        const ProgramResult result = tarvin({"clean", "--yes", photos()});
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.errors, "");
+        EXPECT_EQ(trashed(), 3U);
     }
 
     void expectNothingMoved(const Tree& before) const {
@@ -57,16 +70,25 @@ class CleanJournal : public RestoreBench {
     [[nodiscard]] std::string support() const { return fs::path(journal()).parent_path(); }
 };
 
-TEST_F(CleanJournal, ThatIsDamagedIsNamedAndNothingIsMoved) {
+TEST_F(CleanJournal, ThatIsDamagedIsSetAsideAndNothingIsMovedYet) {
     std::ofstream(journal()) << std::string(5000, 'x');
-    expectRefused("the file is damaged");
-    EXPECT_EQ(contentOf(journal()), std::string(5000, 'x'));
+    const Tree before = treeOf(photos());
+    const ProgramResult result = tarvin({"clean", "--yes", photos()});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.errors, "tarvin: " + journal() + ": the file is damaged\n" + setAside() +
+                                 "tarvin: nothing was moved\n");
+    EXPECT_EQ(result.output, "");
+    expectNothingMoved(before);
+    EXPECT_EQ(contentOf(journal() + ".unreadable"), std::string(5000, 'x'));
+    expectCleanedNow();
 }
 
-TEST_F(CleanJournal, ThatIsDamagedFurtherDownIsNamedAndNothingIsMoved) {
+TEST_F(CleanJournal, ThatIsDamagedFurtherDownIsSetAsideAndNothingIsMovedYet) {
     const std::string whole = contentOf(journal());
     std::ofstream(journal()) << whole.substr(0, 4096) << std::string(whole.size() - 4096, 'x');
-    expectStopped("the file is damaged");
+    expectStopped("the file is damaged", setAside());
+    EXPECT_EQ(contentOf(journal() + ".unreadable").size(), whole.size());
+    expectCleanedNow();
 }
 
 TEST_F(CleanJournal, OfANewerVersionIsNamedAndNothingIsMoved) {

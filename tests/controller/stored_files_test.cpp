@@ -103,6 +103,28 @@ TEST_F(StoredFiles, ThatCannotBeWrittenKeepACleanUpFromBeginning) {
     EXPECT_EQ(contentOf(folder.pathOf("support")), "in the way");
 }
 
+TEST_F(StoredFiles, OfWhichTheJournalIsDamagedAreInTheWayOfOneCleanUpOnly) {
+    writeThreeSets();
+    folder.writeFile("support/clean-ups.sqlite", std::string(5000, 'x'));
+    scanAndReview();
+    expectNoCleanUp();
+    EXPECT_EQ(information()[2], "the file is damaged");
+    EXPECT_EQ(information()[3], "The file was set aside; the next clean-up begins a new one.");
+    EXPECT_EQ(contentOf(folder.pathOf("support/clean-ups.sqlite.unreadable")),
+              std::string(5000, 'x'));
+    click("scanInforOKBtn");
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 4");
+}
+
+TEST_F(StoredFiles, OfWhichTheJournalCannotBeOpenedAreNotSetAside) {
+    writeThreeSets();
+    folder.makeFolder("support/clean-ups.sqlite");
+    scanAndReview();
+    expectNoCleanUp();
+    EXPECT_EQ(information().size(), 3U);
+    EXPECT_TRUE(std::filesystem::is_directory(folder.pathOf("support/clean-ups.sqlite")));
+}
+
 /// A folder is at the name of the new file: only the totals cannot be written.
 TEST_F(StoredFiles, ThatCannotBeWrittenHoldWhileTheProgramRuns) {
     writeThreeSets();

@@ -779,7 +779,7 @@ TEST_F(CleanUpJournalTest, WithoutAByteIsANewOne) {
 
 TEST_F(CleanUpJournalTest, OfANewerVersionIsLeftAsItIs) {
     writeLargeJournal();
-    sql("PRAGMA user_version = 2");
+    sql("PRAGMA user_version = 3");
     expectRefused("written by a newer version of the program", Kind::passing);
 }
 
