@@ -106,6 +106,9 @@ void PutBackRun::list(std::optional<CleanUpId> id, const std::function<void()>& 
 }
 
 void PutBackRun::bringBack() {
+    if (!cleanUp_) {
+        return;
+    }
     failure_ =
         engine_->run(cleanUp_->id, {.stopped = [this] { return stopped_.load(); },
                                     .report = [this](const PutBackFile& file) { count(file); }});

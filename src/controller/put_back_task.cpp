@@ -110,21 +110,21 @@ void PutBackTask::showExamined() {
         endRun();
     } else if (const std::optional<StoreError>& failure = run_->failure()) {
         inform(*window_.putBackWindow, PutBackTexts::notBegun(), OwnReasons::of(*failure));
-    } else if (run_->cleanUp()) {
-        showQuestion();
+    } else if (const std::optional<CleanUpSummary>& cleanUp = run_->cleanUp()) {
+        showQuestion(*cleanUp);
     } else {
         inform(*window_.putBackWindow, PutBackTexts::nothing(),
                PutBackTexts::nothingBecause(run_->nothing()));
     }
 }
 
-void PutBackTask::showQuestion() {
+void PutBackTask::showQuestion(const CleanUpSummary& cleanUp) {
     state_ = State::asking;
     PutBackPanel& panel = *window_.putBackWindow;
     const PutBackOutlook& outlook = run_->outlook();
     files_.setFiles(outlook);
     panel.putBackTable->scrollToTop();
-    panel.putBackDate->setText(ShownNumbers::dateAndTime(run_->cleanUp()->begun));
+    panel.putBackDate->setText(ShownNumbers::dateAndTime(cleanUp.begun));
     panel.putBackTotal->setText(PutBackTexts::total(outlook.all(), outlook.bytes()));
     panel.putBackOutcome->setText(PutBackTexts::coming(outlook.coming()));
     panel.putBackCannot->setText(PutBackTexts::staying(outlook.staying()));

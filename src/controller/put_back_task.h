@@ -53,7 +53,7 @@ class PutBackTask final : public QObject {
     void showExamining();
     void showListed();
     void showExamined();
-    void showQuestion();
+    void showQuestion(const CleanUpSummary& cleanUp);
     void showProgress();
     void drawProgress();
     void showResult();
