@@ -262,7 +262,8 @@ void DeletionTask::finish() {
     marking_.setMarkedFilesDetails();
     marking_.enableNecessaryButton();
     if (const std::optional<StoreError>& refusal = run->refusal()) {
-        information_.setInformationWindow(noCleanUpInformation(OwnReasons::of(*refusal), run->aside()));
+        information_.setInformationWindow(
+            noCleanUpInformation(OwnReasons::of(*refusal), run->aside()));
         return;
     }
     kept_.setFiles(run->kept());

@@ -57,8 +57,8 @@ struct CategoryTotals {
 [[nodiscard]] Information allFilesOfSetInformation();
 /// When nothing is marked that could be moved to the Trash.
 [[nodiscard]] Information nothingToDeleteInformation();
-/// When moves could not be written down, for which `reason` says why. `aside` is where the journal is
-/// kept that was in the way, if it was put aside.
+/// When moves could not be written down, for which `reason` says why. `aside` is where the journal
+/// is kept that was in the way, if it was put aside.
 [[nodiscard]] Information noCleanUpInformation(const QString& reason,
                                                const std::optional<std::string>& aside);
 /// What one run has moved, in files and bytes, how many files it has left where they are, and how
