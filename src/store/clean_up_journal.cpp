@@ -604,8 +604,8 @@ Outcomes::const_iterator endOfRun(Outcomes::const_iterator first, Outcomes::cons
     return std::next(last);
 }
 
-static_assert(static_cast<int>(MoveState::planned) == 0 && static_cast<int>(MoveState::moved) == 1,
-              "as the statements say");
+// As the statements say.
+static_assert(static_cast<int>(MoveState::planned) == 0 && static_cast<int>(MoveState::moved) == 1);
 
 }  // namespace
 

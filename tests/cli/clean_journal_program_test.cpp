@@ -126,10 +126,16 @@ TEST_F(CleanJournal, ThatIsLockedForTooLongIsNamedAndNothingIsMoved) {
     EXPECT_EQ(trashed(), 3U);
 }
 
-TEST_F(CleanJournal, ThatIsAFolderIsNamedAndNothingIsMoved) {
+TEST_F(CleanJournal, ThatIsAFolderIsSetAsideAndNothingIsMovedYet) {
     fs::remove(journal());
     fs::create_directory(journal());
-    expectRefused("Is a directory");
+    const Tree before = treeOf(photos());
+    const ProgramResult result = tarvin({"clean", "--yes", photos()});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.errors, "tarvin: " + journal() + ": Is a directory\n" + setAside() +
+                                 "tarvin: nothing was moved\n");
+    expectNothingMoved(before);
+    expectCleanedNow();
 }
 
 /// The data folder on a small volume of its own, which is full.

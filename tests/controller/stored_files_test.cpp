@@ -1,5 +1,6 @@
 #include "controller/put_back_bench.h"
 #include "interface/translation.h"
+#include "platform/file_lock.h"
 #include "store/clean_up_journal.h"
 #include "store/property_list.h"
 #include "support/add_to_totals.h"
@@ -116,13 +117,17 @@ TEST_F(StoredFiles, OfWhichTheJournalIsDamagedAreInTheWayOfOneCleanUpOnly) {
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 4");
 }
 
-TEST_F(StoredFiles, OfWhichTheJournalCannotBeOpenedAreNotSetAside) {
+TEST_F(StoredFiles, OfWhichAnotherProgramHasTheJournalAreLeftToIt) {
     writeThreeSets();
-    folder.makeFolder("support/clean-ups.sqlite");
+    const std::string path = folder.writeFile("support/clean-ups.sqlite", std::string(5000, 'x'));
+    const LockFile locks(folder.pathOf("support/clean-ups.lock"));
+    const Result<FileLock> open = locks.tryTake(0, LockSharing::shared);
+    ASSERT_TRUE(open);
     scanAndReview();
     expectNoCleanUp();
+    EXPECT_EQ(information()[2], "the file is damaged");
     EXPECT_EQ(information()[3], "");
-    EXPECT_TRUE(std::filesystem::is_directory(folder.pathOf("support/clean-ups.sqlite")));
+    EXPECT_EQ(contentOf(path), std::string(5000, 'x'));
 }
 
 /// A folder is at the name of the new file: only the totals cannot be written.
