@@ -139,7 +139,8 @@ TEST_P(FixedFiles, ThatCannotGoBackAreInTheTrashWithTheReason) {
         const bool isForGood = GetParam() == FS_IMMUTABLE_FL;
         ASSERT_EQ(results.size(), 2U);
         EXPECT_EQ(results.front(), isForGood
-                                       ? (MoveResult{MoveOutcome::moved, "Operation not permitted"})
+                                       ? (MoveResult{MoveOutcome::moved, "Operation not permitted",
+                                                     TrashRefusalKind::system, SystemError{EPERM}})
                                        : (MoveResult{MoveOutcome::lastCopy, {}}));
         EXPECT_EQ(trashed_, isForGood ? 1U : 0U);
         EXPECT_EQ(contentOf(paths_[1]), isForGood ? "" : "same");

@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fstream>
+#include <functional>
 
 namespace tarvin {
 namespace {
@@ -108,8 +109,7 @@ class KilledUsers : public ::testing::Test {
     /// Moves the second of these paths; killed at the step.
     void killedWhileMoving(const std::string& staying, const std::string& moved,
                            const std::string& home, MoveStep atStep = MoveStep::lookAgain) {
-        const pid_t child = ::fork();
-        if (child == 0) {
+        killed([&] {
             CleaningUser user(home);
             CleanUp::Settings settings;
             settings.beforeStep = [atStep](MoveStep step) {
@@ -120,6 +120,14 @@ class KilledUsers : public ::testing::Test {
             ComparedFiles files;
             files.addSet({staying, moved});
             cleanUp(files.marked(), user, systemFileSystem(), std::move(settings));
+        });
+    }
+
+    /// Runs `work` in a process of its own, which is killed by it.
+    static void killed(const std::function<void()>& work) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            work();
             ::_exit(0);
         }
         int status = 0;
@@ -183,8 +191,7 @@ TEST_F(KilledUsers, HaveItCountedIfTheOtherFileStays) {
 
 TEST_F(KilledUsers, KeepACopyThoughEachMovedOneBeforeTheOtherLookedAgain) {
     // The survivor of the first is moved by the second, which is killed in its turn.
-    const pid_t child = ::fork();
-    if (child == 0) {
+    killed([this] {
         CleaningUser user(one_.path());
         CleanUp::Settings settings;
         settings.beforeStep = [this](MoveStep step) {
@@ -198,11 +205,7 @@ TEST_F(KilledUsers, KeepACopyThoughEachMovedOneBeforeTheOtherLookedAgain) {
         ComparedFiles files;
         files.addSet({a_, b_});
         cleanUp(files.marked(), user, systemFileSystem(), std::move(settings));
-        ::_exit(0);
-    }
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    ASSERT_TRUE(WIFSIGNALED(status));
+    });
     ASSERT_FALSE(fs::exists(a_) || fs::exists(b_));
     EXPECT_EQ(recover(one_.path()), 0);
     EXPECT_EQ(recover(other_.path()), 1);
@@ -211,8 +214,7 @@ TEST_F(KilledUsers, KeepACopyThoughEachMovedOneBeforeTheOtherLookedAgain) {
 }
 
 TEST_F(KilledUsers, HaveAWholeSetCountedOfWhichNothingWasToStay) {
-    const pid_t child = ::fork();
-    if (child == 0) {
+    killed([this] {
         CleaningUser user(one_.path());
         CleanUp::Settings settings;
         settings.wholeSets = CleanUp::WholeSets::goIfMarked;
@@ -227,11 +229,7 @@ TEST_F(KilledUsers, HaveAWholeSetCountedOfWhichNothingWasToStay) {
         Modal& modal = files.marked();
         set->files().front()->setState(CheckState::on);
         cleanUp(modal, user, systemFileSystem(), std::move(settings));
-        ::_exit(0);
-    }
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    ASSERT_TRUE(WIFSIGNALED(status));
+    });
     EXPECT_EQ(recover(one_.path()), 2);
     EXPECT_FALSE(fs::exists(a_) || fs::exists(b_));
 }
