@@ -18,7 +18,9 @@ class Marks final {
  public:
     using Write = std::optional<StoreError> (CleanUpJournal::*)(std::span<const MoveRow>);
 
-    Marks(CleanUpJournal& journal, Write write) : journal_(journal), write_(write) {}
+    /// `trash` is flushed before: a power failure must not undo what is written down.
+    Marks(CleanUpJournal& journal, TrashMover& trash, Write write)
+        : journal_(journal), trash_(trash), write_(write) {}
 
     void add(MoveRow row, std::optional<StoreError>& failure) {
         rows_.push_back(row);
@@ -28,7 +30,13 @@ class Marks final {
     }
 
     void writeOut(std::optional<StoreError>& failure) {
-        std::optional<StoreError> now = rows_.empty() ? std::nullopt : (journal_.*write_)(rows_);
+        if (rows_.empty()) {
+            return;
+        }
+        const std::optional<TrashRefusal> refusal = trash_.flush();
+        std::optional<StoreError> now =
+            refusal ? StoreError{"", refusal->text, StoreError::Kind::passing}
+                    : (journal_.*write_)(rows_);
         if (now && !failure) {
             failure = std::move(now);
         }
@@ -37,6 +45,7 @@ class Marks final {
 
  private:
     CleanUpJournal& journal_;
+    TrashMover& trash_;
     const Write write_;
     std::vector<MoveRow> rows_;
 };
@@ -116,7 +125,7 @@ StoreResult<std::variant<CleanUpSummary, NothingToPutBack>> PutBack::last(
 std::optional<StoreError> PutBack::examine(CleanUpId id,
                                            const std::function<bool(const PutBackFile&)>& visit) {
     std::optional<StoreError> failure;
-    Marks putBack(journal_, &CleanUpJournal::markPutBack);
+    Marks putBack(journal_, *trash_, &CleanUpJournal::markPutBack);
     bool hasNews = false;
     auto unread = journal_.forEachMove(
         id, {MoveState::moved}, CleanUpJournal::Order::asPlanned, [&](const JournalMove& move) {
@@ -139,9 +148,13 @@ std::optional<StoreError> PutBack::run(CleanUpId id, const Settings& settings) {
     if (auto inUse = journal_.claim(id)) {
         return inUse;
     }
-    std::optional<StoreError> failure;
-    Marks putBack(journal_, &CleanUpJournal::markPutBack);
-    Marks lost(journal_, &CleanUpJournal::markLost);
+    std::optional<StoreError> failure = journal_.beginReturn(id);
+    if (failure) {
+        journal_.release(id);
+        return failure;
+    }
+    Marks putBack(journal_, *trash_, &CleanUpJournal::markPutBack);
+    Marks lost(journal_, *trash_, &CleanUpJournal::markLost);
     bool isStopped = false;
     auto unread = journal_.forEachMove(
         id, {MoveState::moved}, CleanUpJournal::Order::asPlanned, [&](const JournalMove& move) {
@@ -165,9 +178,12 @@ std::optional<StoreError> PutBack::run(CleanUpId id, const Settings& settings) {
         });
     putBack.writeOut(failure);
     lost.writeOut(failure);
+    // What could not be written is found out by the next start.
+    std::optional<StoreError> unended = failure ? std::nullopt : journal_.endReturn(id);
     journal_.release(id);
     std::optional<StoreError> unsettled = settleTotals(totals_, journal_);
     failure = failure ? failure : std::move(unread);
+    failure = failure ? failure : std::move(unended);
     return failure ? failure : unsettled;
 }
 

@@ -43,15 +43,15 @@ class Recovery final {
 
     /// One of which something cannot be looked at now stays unfinished.
     std::optional<StoreError> complete(const CleanUpSummary& cleanUp) {
-        bool isWhole = true;
+        isWhole_ = true;
         std::optional<StoreError> failure =
             forEachPortion(cleanUp.id, MoveState::planned, [&](std::vector<JournalMove> moves) {
                 const std::size_t count = moves.size();
                 const std::vector<RecordedOutcome> outcomes = outcomesOf(std::move(moves));
-                isWhole = isWhole && outcomes.size() == count;
-                return journal_.record(outcomes);
+                isWhole_ = isWhole_ && outcomes.size() == count;
+                return whenFlushed([&] { return journal_.record(outcomes); });
             });
-        if (!failure && isWhole) {
+        if (!failure && isWhole_) {
             failure = forEachPortion(cleanUp.id, MoveState::moved, [&](const auto& moves) {
                 return lookAtMoved(moves, cleanUp.begun);
             });
@@ -59,7 +59,7 @@ class Recovery final {
         if (failure) {
             return failure;
         }
-        if (isWhole && !trash_.flush()) {
+        if (isWhole_ && !trash_.flush()) {
             return journal_.finish(cleanUp.id);
         }
         journal_.release(cleanUp.id);
@@ -67,6 +67,15 @@ class Recovery final {
     }
 
  private:
+    /// Writes down what was done to files, unless a power failure could still undo it.
+    std::optional<StoreError> whenFlushed(const std::function<std::optional<StoreError>()>& write) {
+        if (trash_.flush()) {
+            isWhole_ = false;
+            return std::nullopt;
+        }
+        return write();
+    }
+
     std::optional<StoreError> forEachPortion(
         CleanUpId id, MoveState state,
         const std::function<std::optional<StoreError>(std::vector<JournalMove>)>& visit) {
@@ -217,16 +226,19 @@ class Recovery final {
     }
 
     /// After a power failure the disk may have lost a note, or the whole move, of what the journal
-    /// knows as moved.
+    /// knows as moved; and who put files back may have ended before that was written down.
     std::optional<StoreError> lookAtMoved(const std::vector<JournalMove>& moves, Timestamp begun) {
         std::vector<MoveRow> notMoved;
         for (const JournalMove& move : moves) {
             const TrashPlace place{move.trashFolder, move.trashName};
             const auto there = trash_.look(place);
             if (there && isPlanned(move, *there)) {
-                static_cast<void>(trash_.mendNote(place, move.path, begun));
-            } else if (!there && isInPlace(move)) {
+                isWhole_ = !trash_.mendNote(place, move.path, begun) && isWhole_;
+            } else if (!there && files_.isBackAlready(move)) {
                 notMoved.push_back(move.row);
+            } else if (!there) {
+                const PutBackOutcome outlook = files_.lookAt(move).outcome;
+                isWhole_ = isWhole_ && outlook == PutBackOutcome::lost;
             }
         }
         return notMoved.empty() ? std::nullopt : journal_.markPutBack(notMoved);
@@ -238,6 +250,7 @@ class Recovery final {
     CleanUpJournal& journal_;
     FileReturn files_;
     std::vector<RecordedOutcome> outcomes_;
+    bool isWhole_ = true;  // of the clean-up in hand: everything could be looked at and mended
 };
 
 }  // namespace

@@ -115,8 +115,9 @@ class TrashMover {
     virtual std::optional<TrashRefusal> removeUnusedNotes(
         const std::string& trash, const std::vector<std::string>& paths) = 0;
 
-    /// On return a power failure takes neither what this object has moved nor its notes. The first
-    /// failure. Waits for all that was written to the file systems of these Trashes.
+    /// On return a power failure takes neither what this object has moved or put back nor notes of
+    /// it. The first failure since the last call. Waits for all that was written to the file
+    /// systems of these Trashes.
     [[nodiscard]] virtual std::optional<TrashRefusal> flush() = 0;
 
     /// The Trash folders that a file at this path can have been moved to, whatever was mounted at

@@ -57,8 +57,8 @@ constexpr const char* settings =
 constexpr const char* schema =
     "CREATE TABLE clean_up ("
     " id INTEGER PRIMARY KEY AUTOINCREMENT,"
-    " begun INTEGER NOT NULL,"  // nanoseconds since 1970
-    " finished INTEGER NOT NULL DEFAULT 0,"
+    " begun INTEGER NOT NULL,"               // nanoseconds since 1970
+    " finished INTEGER NOT NULL DEFAULT 0,"  // 2 while files of a finished one are put back
     " folders INTEGER NOT NULL DEFAULT 0,"
     " planned INTEGER NOT NULL DEFAULT 0,"
     " moved_files INTEGER NOT NULL DEFAULT 0,"
@@ -157,6 +157,7 @@ CleanUpSummary summaryOf(const SqliteStatement& row) {
     summary.id = row.number(0);
     summary.begun = Timestamp(std::chrono::nanoseconds(row.number(1)));
     summary.finished = row.number(2) != 0;
+    summary.isReturning = row.number(2) == 2;
     summary.plannedFiles = asCount(row.number(3));
     summary.movedFiles = asCount(row.number(4));
     summary.movedBytes = asCount(row.number(5));
@@ -167,6 +168,11 @@ CleanUpSummary summaryOf(const SqliteStatement& row) {
     summary.unsettledFiles =
         asCount(row.number(3) - std::min(row.number(3), row.number(4) + row.number(6)));
     return summary;
+}
+
+/// Whether nothing of it is to be found out at the next start.
+bool isSettled(const CleanUpSummary& cleanUp) {
+    return cleanUp.finished && !cleanUp.isReturning;
 }
 
 /// The numbers of the folders of one clean-up, as a transaction asks for them.
@@ -683,6 +689,20 @@ std::optional<StoreError> CleanUpJournal::claim(CleanUpId id) {
     return std::nullopt;
 }
 
+std::optional<StoreError> CleanUpJournal::beginReturn(CleanUpId id) {
+    return setFinished(id, "UPDATE clean_up SET finished = 2 WHERE id = ? AND finished");
+}
+
+std::optional<StoreError> CleanUpJournal::endReturn(CleanUpId id) {
+    return setFinished(id, "UPDATE clean_up SET finished = 1 WHERE id = ? AND finished");
+}
+
+std::optional<StoreError> CleanUpJournal::setFinished(CleanUpId id, const char* statement) {
+    SqliteTransaction setting(*database_);
+    database_->statement(statement).with(id).run();
+    return setting.commit();
+}
+
 void CleanUpJournal::release(CleanUpId id) {
     held_.erase(id);
 }
@@ -695,7 +715,7 @@ StoreResult<std::vector<CleanUpSummary>> CleanUpJournal::crashed() {
     }
     std::map<CleanUpId, FileLock> taken;
     for (const CleanUpSummary& candidate : *candidates) {
-        if (candidate.finished || held_.contains(candidate.id)) {
+        if (isSettled(candidate) || held_.contains(candidate.id)) {
             continue;
         }
         Result<FileLock> lock = locks_.tryTake(static_cast<std::uint64_t>(candidate.id));
@@ -713,7 +733,7 @@ StoreResult<std::vector<CleanUpSummary>> CleanUpJournal::crashed() {
     }
     std::reverse(all->begin(), all->end());
     std::erase_if(*all, [&](const CleanUpSummary& summary) {
-        return summary.finished || !taken.contains(summary.id);
+        return isSettled(summary) || !taken.contains(summary.id);
     });
     for (const CleanUpSummary& summary : *all) {
         held_.insert(taken.extract(summary.id));

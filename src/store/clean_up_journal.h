@@ -104,6 +104,7 @@ struct CleanUpSummary {
     CleanUpId id = 0;
     Timestamp begun;
     bool finished = false;
+    bool isReturning = false;  ///< files of it are being put back, or were when a process ended
     std::uint64_t plannedFiles = 0;    ///< all moves
     std::uint64_t unsettledFiles = 0;  ///< in state planned
     std::uint64_t movedFiles = 0;
@@ -195,8 +196,14 @@ class CleanUpJournal final {
     /// Gives back the lock of a clean-up, finished or not, if it is held here.
     void release(CleanUpId id);
 
-    /// The unfinished clean-ups that nobody works on, oldest first. Each comes with its lock, held
-    /// until finish(), release() or destruction: only one process recovers it.
+    /// Files of a clean-up whose lock is held are being put back: until endReturn() it counts as
+    /// crashed if the process ends. An unfinished one stays so. Durable on return.
+    [[nodiscard]] std::optional<StoreError> beginReturn(CleanUpId id);
+    [[nodiscard]] std::optional<StoreError> endReturn(CleanUpId id);
+
+    /// The clean-ups that nobody works on and that are unfinished or were being put back, oldest
+    /// first. Each comes with its lock, held until finish(), release() or destruction: only one
+    /// process recovers it.
     StoreResult<std::vector<CleanUpSummary>> crashed();
 
     /// All clean-ups, newest first.
@@ -239,6 +246,7 @@ class CleanUpJournal final {
     CleanUpJournal(std::string path, LockFile locks, FileLock presence,
                    std::unique_ptr<SqliteDatabase> database);
 
+    std::optional<StoreError> setFinished(CleanUpId id, const char* statement);
     std::optional<StoreError> writeOutcomes();
     void applyOutcomes();
     std::optional<StoreError> mark(std::span<const MoveRow> rows, MoveState state);

@@ -1,7 +1,10 @@
 #include "clean/put_back.h"
 
 #include "clean/clean_up_bench.h"
+#include "clean/recovery.h"
+#include "platform/linux/trash_mover.h"
 #include "store/clean_up_totals.h"
+#include "support/faulty_trash_calls.h"
 #include "support/file_content.h"
 #include "support/mount.h"
 
@@ -28,8 +31,11 @@ class HomePlatform final : public Platform {
     FaultyFileSystem& fileSystem() override { return fileSystem_; }
     Clock& clock() override { return systemPlatform().clock(); }
     std::unique_ptr<TrashMover> makeTrashMover() override {
-        return tarvin::makeTrashMover({home_ + "/Trash", static_cast<std::uint32_t>(::getuid())});
+        const TrashSurroundings around = systemTrashSurroundings();
+        return tarvin::makeTrashMover({home_ + "/Trash", static_cast<std::uint32_t>(::getuid())},
+                                      {trashCalls_, around.clock, around.mountTable});
     }
+    FaultyTrashCalls& trashCalls() { return trashCalls_; }
     RunningCopies& runningCopies() override { return systemPlatform().runningCopies(); }
     std::vector<Volume> mountedVolumes() override { return {}; }
     bool isOnNetwork(const std::string& /*path*/) override { return false; }
@@ -40,6 +46,7 @@ class HomePlatform final : public Platform {
  private:
     const std::string home_;
     FaultyFileSystem fileSystem_;
+    FaultyTrashCalls trashCalls_;
 };
 
 class PutBackTest : public ::testing::Test {
@@ -267,6 +274,49 @@ TEST_F(PutBackTest, KilledAfterItsLastFileIsCountedByTheNextLook) {
     DataFile stored(home_.path());
     EXPECT_FALSE(stored.loadDataFile());
     EXPECT_EQ(stored.alreadyDeletedCount(), 0);
+}
+
+TEST_F(PutBackTest, KilledIsCountedByTheNextStart) {
+    cleanSet({"a.txt", "b.txt", "c.txt", "d.txt"});
+    // Of what comes back, one gets another name and one is gone from the Trash otherwise.
+    tree_.writeFile("b.txt", "in the way");
+    const pid_t child = ::fork();
+    if (child == 0) {
+        int reported = 0;
+        static_cast<void>(opened()->run(1, {.stopped = {}, .report = [&](const PutBackFile&) {
+                                                if (++reported == 2) {
+                                                    ::kill(::getpid(), SIGKILL);
+                                                }
+                                            }}));
+        ::_exit(0);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    ASSERT_EQ(trashed(), 1);
+    CleaningUser user(home_.path());
+    DataFile stored(home_.path());
+    EXPECT_FALSE(
+        recoverCleanUps(systemFileSystem(), user.mover(), user.turns(), user.journal(), stored));
+    EXPECT_EQ(stored.alreadyDeletedCount(), 1);
+    EXPECT_TRUE(std::get<std::vector<CleanUpSummary>>(user.journal().crashed()).empty());
+}
+
+TEST_F(PutBackTest, IsNotWrittenDownWhereTheDiskFails) {
+    cleanSet({"a.txt", "b.txt"});
+    {
+        const auto putBack = opened();
+        platform_.trashCalls().fail(TrashCall::flush, EIO);
+        const auto failure = putBack->run(1, {});
+        ASSERT_TRUE(failure);
+        EXPECT_EQ(failure->text, "Input/output error");
+        EXPECT_EQ(contentOf(tree_.pathOf("b.txt")), "the same");
+    }
+    CleaningUser user(home_.path());
+    const auto moved = user.journal().moves(1, {MoveState::moved}, 10);
+    EXPECT_EQ(std::get<std::vector<JournalMove>>(moved).size(), 1U);
+    platform_.trashCalls().heal();
+    expectLast(NothingToPutBack::allBack);
 }
 
 TEST_F(PutBackTest, AfterAStopNothingIsLookedAt) {

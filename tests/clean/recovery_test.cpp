@@ -339,6 +339,39 @@ TEST_F(LostPower, StaysUnfinishedUntilTheNotesAreOnTheDisk) {
     EXPECT_EQ(totals.alreadyDeletedCount(), 2);
 }
 
+TEST_F(LostPower, StaysUnfinishedUntilItsNotesAreMended) {
+    FaultyTrashCalls calls;
+    const TrashSurroundings around = systemTrashSurroundings();
+    const auto mover =
+        makeTrashMover({one_.pathOf("Trash"), static_cast<std::uint32_t>(::getuid())},
+                       {calls, around.clock, around.mountTable});
+    CleaningUser user(one_.path());
+    DataFile totals(one_.path());
+    fs::resize_file(note("b.txt"), 0);
+    calls.failNext(TrashCall::write, ENOSPC);
+    for (const bool isFinished : {false, true}) {
+        EXPECT_FALSE(
+            recoverCleanUps(systemFileSystem(), *mover, user.turns(), user.journal(), totals));
+        EXPECT_EQ(valueOf(user.journal().cleanUps()).front().finished, isFinished);
+    }
+    EXPECT_EQ(contentOf(note("b.txt")).find("[Trash Info]\nPath=" + b_ + "\n"), 0U);
+}
+
+TEST_F(LostPower, StaysUnfinishedWhileItsTrashCannotBeLookedAt) {
+    FaultyTrashCalls calls;
+    const TrashSurroundings around = systemTrashSurroundings();
+    const auto mover =
+        makeTrashMover({one_.pathOf("Trash"), static_cast<std::uint32_t>(::getuid())},
+                       {calls, around.clock, around.mountTable});
+    CleaningUser user(one_.path());
+    DataFile totals(one_.path());
+    calls.fail(TrashCall::openFolder, EIO);
+    EXPECT_FALSE(recoverCleanUps(systemFileSystem(), *mover, user.turns(), user.journal(), totals));
+    EXPECT_FALSE(valueOf(user.journal().cleanUps()).front().finished);
+    calls.heal();
+    EXPECT_EQ(recover(one_.path()), 2);
+}
+
 TEST_F(KilledUsers, LookAgainLaterWhereTheDiskFailedAtTheEnd) {
     FaultyTrashCalls calls;
     TrashSurroundings around = systemTrashSurroundings();

@@ -567,6 +567,50 @@ TEST_P(TrashWithoutExclusiveRename, PutsNothingBackOverAnotherFile) {
     EXPECT_NE(note("a"), "");
 }
 
+class TrashWithoutExclusiveRenameAndLinks : public TrashWithoutExclusiveRename {
+ protected:
+    TrashWithoutExclusiveRenameAndLinks() {
+        path_ = folder_.writeFile("a", "bytes");
+        place_ = *move(path_);
+        calls_.fail(TrashCall::link, EPERM);
+    }
+
+    std::string path_;
+    TrashPlace place_;
+};
+
+TEST_P(TrashWithoutExclusiveRenameAndLinks, PutsAFileBack) {
+    EXPECT_FALSE(putBack(place_, path_));
+    EXPECT_EQ(contentOf(path_), "bytes");
+    EXPECT_EQ(entriesIn(trash() + "/files"), 0U);
+    EXPECT_EQ(entriesIn(trash() + "/info"), 0U);
+    EXPECT_EQ(calls_.notesOpen(), 0U);
+}
+
+TEST_P(TrashWithoutExclusiveRenameAndLinks, PutsNothingBackOverAnotherFile) {
+    folder_.writeFile("a", "other");
+    const auto refusal = putBack(place_, path_);
+    ASSERT_TRUE(refusal);
+    EXPECT_EQ(refusal->kind, TrashRefusalKind::taken);
+    EXPECT_EQ(contentOf(path_), "other");
+    EXPECT_EQ(contentOf(trashed("a")), "bytes");
+}
+
+TEST_P(TrashWithoutExclusiveRenameAndLinks, LeavesNothingInThePlaceWhereACallFails) {
+    for (const TrashCall call : {TrashCall::createNote, TrashCall::close, TrashCall::rename}) {
+        calls_.failNext(call, EIO);
+        const auto refusal = putBack(place_, path_);
+        ASSERT_TRUE(refusal);
+        EXPECT_EQ(refusal->error.code, EIO);
+        EXPECT_FALSE(std::filesystem::exists(path_));
+        EXPECT_EQ(contentOf(trashed("a")), "bytes");
+        EXPECT_NE(note("a"), "");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(EachAnswer, TrashWithoutExclusiveRenameAndLinks,
+                         ::testing::Values(EINVAL, ENOSYS, EOPNOTSUPP));
+
 // The file must keep a name whatever comes between; a second one in the Trash does no harm.
 TEST_P(TrashWithoutExclusiveRename, KeepsFileAndNoteWhereTheNameInTheTrashStays) {
     const std::string path = folder_.writeFile("a", "bytes");

@@ -135,6 +135,33 @@ TEST_F(StoredNote, IsFlushedOnceWithWhatItBelongsTo) {
     EXPECT_EQ(calls_.made(TrashCall::flush), 4U);
 }
 
+TEST_F(StoredNote, IsFlushedWithAFileThatIsPutBack) {
+    EXPECT_FALSE(mover_->flush());
+    EXPECT_FALSE(putBack(place_, folder_.pathOf("a b")));
+    EXPECT_FALSE(mover_->flush());
+    EXPECT_EQ(calls_.made(TrashCall::flush), 2U);
+}
+
+TEST_F(StoredNote, OfATrashThatIsLeftIsFlushedBefore) {
+    letASecondPass();
+    fs::rename(trash(), trash() + ".away");
+    calls_.failNext(TrashCall::flush, EIO);
+    EXPECT_TRUE(move(folder_.writeFile("c", "bytes")).ok());
+    EXPECT_EQ(calls_.made(TrashCall::flush), 1U);
+    const auto refusal = mover_->flush();
+    ASSERT_TRUE(refusal);
+    EXPECT_EQ(refusal->error.code, EIO);
+    EXPECT_FALSE(mover_->flush());
+}
+
+TEST_F(StoredNote, StaysIfItsFileArrivesWhileItGoes) {
+    const std::string text = note("a b");
+    fs::rename(trashed("a b"), folder_.pathOf("a b"));
+    calls_.before(TrashCall::unlink, [this] { fs::rename(folder_.pathOf("a b"), trashed("a b")); });
+    EXPECT_FALSE(mover_->removeUnusedNotes(trash(), {folder_.pathOf("a b")}));
+    EXPECT_EQ(note("a b"), text);
+}
+
 TEST_F(StoredNote, OfAVolumeTellsThePlaceOnIt) {
     if (hasVolume()) {
         const std::string top = fs::path(volume_->pathOf("x")).parent_path();

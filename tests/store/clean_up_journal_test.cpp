@@ -252,6 +252,31 @@ TEST_F(CleanUpJournalTest, KeepsTheFirstOfTwoOutcomes) {
     EXPECT_EQ(allMoves(journal, id)[1].reason, "gone");
 }
 
+TEST_F(CleanUpJournalTest, ACleanUpWhoseFilesWereBeingPutBackCountsAsCrashed) {
+    CleanUpJournal journal = opened();
+    oneMove(journal);
+    EXPECT_FALSE(journal.claim(1));
+    EXPECT_FALSE(journal.beginReturn(1));
+    EXPECT_TRUE(valueOf(journal.cleanUps())[0].finished);
+    CleanUpJournal other = opened();
+    EXPECT_TRUE(valueOf(other.crashed()).empty());
+    journal.release(1);
+    EXPECT_EQ(valueOf(other.crashed()).size(), 1U);
+    EXPECT_FALSE(other.endReturn(1));
+    other.release(1);
+    EXPECT_TRUE(valueOf(journal.crashed()).empty());
+    EXPECT_TRUE(valueOf(journal.cleanUps())[0].finished);
+}
+
+TEST_F(CleanUpJournalTest, AnUnfinishedCleanUpStaysSoWhenFilesArePutBack) {
+    CleanUpJournal journal = opened();
+    const CleanUpId id = valueOf(journal.begin(Timestamp()));
+    EXPECT_FALSE(journal.beginReturn(id));
+    EXPECT_FALSE(valueOf(journal.cleanUps())[0].finished);
+    EXPECT_FALSE(journal.endReturn(id));
+    EXPECT_FALSE(valueOf(journal.cleanUps())[0].finished);
+}
+
 TEST_F(CleanUpJournalTest, KnowsWhichFileIsToStay) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));

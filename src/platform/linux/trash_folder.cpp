@@ -29,6 +29,11 @@ bool isUnknownRename(int code) {
     return code == EINVAL || code == ENOSYS || code == EOPNOTSUPP;
 }
 
+/// Whether the file system has no second names for files.
+bool isUnknownLink(int code) {
+    return code == EPERM || code == ENOSYS || code == EOPNOTSUPP || code == EMLINK;
+}
+
 /// Makes a folder and those above it that are missing, for the user alone.
 int makeWithParents(TrashCalls& calls, const std::string& path) {
     const int failure = calls.makeFolder(TrashCalls::currentFolder, path.c_str());
@@ -274,6 +279,10 @@ std::optional<TrashRefusal> TrashFolder::removeUnusedNotes(
             if (isOurs) {
                 removeNote(name);
             }
+            // Another program may have moved the very file here meanwhile.
+            if (isOurs && original && calls_.status(files().number(), name.c_str(), status) == 0) {
+                static_cast<void>(writeNote(name, text));
+            }
         }
     }
     return more ? std::nullopt : std::optional(systemRefusal(more.error().code));
@@ -385,6 +394,9 @@ int TrashFolder::moveOut(const char* name, int to, const char* newName) const {
     }
     // A second name replaces nothing; then the first one goes.
     failure = calls_.link(from, name, to, newName);
+    if (isUnknownLink(failure)) {
+        return moveOverPlaceholder(name, to, newName);
+    }
     if (failure != 0) {
         return failure;
     }
@@ -398,6 +410,23 @@ int TrashFolder::moveOut(const char* name, int to, const char* newName) const {
     }
     static_cast<void>(calls_.unlink(from, name));
     return 0;
+}
+
+/// An empty file, made where nothing was, reserves the name and is then replaced.
+int TrashFolder::moveOverPlaceholder(const char* name, int to, const char* newName) const {
+    int number = -1;
+    int failure = calls_.createNote(to, newName, number);
+    if (failure != 0) {
+        return failure;
+    }
+    failure = calls_.close(number);
+    if (failure == 0) {
+        failure = calls_.rename(files().number(), name, to, newName);
+    }
+    if (failure != 0) {
+        static_cast<void>(calls_.unlink(to, newName));
+    }
+    return failure;
 }
 
 }  // namespace tarvin

@@ -100,6 +100,7 @@ class TrashFolder final {
     void removeNote(const std::string& name) const;
     [[nodiscard]] int moveIn(int from, const char* name, const char* newName) const;
     [[nodiscard]] int moveOut(const char* name, int to, const char* newName) const;
+    [[nodiscard]] int moveOverPlaceholder(const char* name, int to, const char* newName) const;
 
     Request request_;
     TrashCalls& calls_;

@@ -103,6 +103,7 @@ class LinuxTrashMover final : public TrashMover {
     template <typename Condition>
     Held* held(const Condition& condition);
     Held* hold(Held trash);
+    void flush(Held& trash);
     void forgetChanged();
     static Result<std::string, TrashRefusal> pathForNote(const Held& trash,
                                                          const OpenFolder& folder,
@@ -116,6 +117,7 @@ class LinuxTrashMover final : public TrashMover {
     const TrashUser user_;
     const TrashSurroundings around_;
     std::vector<std::unique_ptr<Held>> held_;
+    std::optional<TrashRefusal> notFlushed_;
     std::optional<std::uint64_t> homeDevice_;
     Time homeLooked_;
     std::time_t dateSecond_ = 0;
@@ -289,6 +291,7 @@ LinuxTrashMover::Held* LinuxTrashMover::held(const Condition& condition) {
     }
     if (!isRecent((*found)->looked)) {
         if (!(*found)->folder.isIntact()) {
+            flush(**found);
             held_.erase(found);
             return nullptr;
         }
@@ -299,7 +302,9 @@ LinuxTrashMover::Held* LinuxTrashMover::held(const Condition& condition) {
 
 LinuxTrashMover::Held* LinuxTrashMover::hold(Held trash) {
     if (held_.size() >= mostHeld) {
-        static_cast<void>(flush());
+        for (const auto& each : held_) {
+            flush(*each);
+        }
         held_.clear();
     }
     held_.push_back(std::make_unique<Held>(std::move(trash)));
@@ -307,7 +312,13 @@ LinuxTrashMover::Held* LinuxTrashMover::hold(Held trash) {
 }
 
 void LinuxTrashMover::forgetChanged() {
-    std::erase_if(held_, [](const auto& each) { return !each->folder.isIntact(); });
+    std::erase_if(held_, [this](const auto& each) {
+        const bool isChanged = !each->folder.isIntact();
+        if (isChanged) {
+            flush(*each);
+        }
+        return isChanged;
+    });
     homeDevice_.reset();
 }
 
@@ -371,6 +382,7 @@ std::optional<TrashRefusal> LinuxTrashMover::putBack(const TrashPlace& place,
     if (!trash) {
         return trash.error();
     }
+    (*trash)->isFlushed = false;
     return (*trash)->folder.giveBack(place.name, folder, name);
 }
 
@@ -434,13 +446,19 @@ std::optional<TrashRefusal> LinuxTrashMover::removeUnusedNotes(
 }
 
 std::optional<TrashRefusal> LinuxTrashMover::flush() {
-    std::optional<TrashRefusal> first;
     for (const auto& each : held_) {
-        auto failure = each->isFlushed ? std::nullopt : each->folder.flush();
-        each->isFlushed = !failure;
-        first = first ? std::move(first) : std::move(failure);
+        flush(*each);
     }
-    return first;
+    return std::exchange(notFlushed_, std::nullopt);
+}
+
+/// The first failure is told by the next flush() of all.
+void LinuxTrashMover::flush(Held& trash) {
+    auto failure = trash.isFlushed ? std::nullopt : trash.folder.flush();
+    trash.isFlushed = !failure;
+    if (failure && !notFlushed_) {
+        notFlushed_ = std::move(failure);
+    }
 }
 
 std::vector<std::string> LinuxTrashMover::trashesFor(const std::string& path) const {
