@@ -148,11 +148,9 @@ std::optional<StoreError> PutBack::run(CleanUpId id, const Settings& settings) {
     if (auto inUse = journal_.claim(id)) {
         return inUse;
     }
-    std::optional<StoreError> failure = journal_.beginReturn(id);
-    if (failure) {
-        journal_.release(id);
-        return failure;
-    }
+    // Files come back also where nothing can be written: that is told at the end.
+    static_cast<void>(journal_.beginReturn(id));
+    std::optional<StoreError> failure;
     Marks putBack(journal_, *trash_, &CleanUpJournal::markPutBack);
     Marks lost(journal_, *trash_, &CleanUpJournal::markLost);
     bool isStopped = false;

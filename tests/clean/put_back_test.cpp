@@ -302,6 +302,13 @@ TEST_F(PutBackTest, KilledIsCountedByTheNextStart) {
     EXPECT_TRUE(std::get<std::vector<CleanUpSummary>>(user.journal().crashed()).empty());
 }
 
+TEST_F(PutBackTest, LeavesNothingToTheNextStartWhenItEnds) {
+    cleanSet({"a.txt", "b.txt", "c.txt"});
+    run();
+    CleaningUser user(home_.path());
+    EXPECT_TRUE(std::get<std::vector<CleanUpSummary>>(user.journal().crashed()).empty());
+}
+
 TEST_F(PutBackTest, IsNotWrittenDownWhereTheDiskFails) {
     cleanSet({"a.txt", "b.txt"});
     {
