@@ -1,3 +1,4 @@
+#include "platform/file_lock.h"
 #include "support/waiting.h"
 #include "window/copies.h"
 #include "window/home.h"
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -93,6 +95,7 @@ class ResultsRoad : public testing::Test {
     void expectFilesMoved() const;
     void expectTotalsStored() const;
 
+    [[nodiscard]] std::string storedPath(const std::string& file) const;
     [[nodiscard]] std::string storedText(const std::string& file) const;
 
     static constexpr int filesAtFirst = 20'000;
@@ -182,16 +185,26 @@ void ResultsRoad::deleteAllMarked() const {
     window_->click("Mark All");
     window_->waitForText("Marked Duplicate Files: 10497");
     window_->waitForText("Marked File Size: 10.50 MB");
-    window_->click("Delete");
-    window_->waitForText("Deleting files, please wait...");
+    {
+        // Another clean-up has its turn, so that this one does not end before it has been seen.
+        const LockFile turns(storedPath("clean-up.turn"));
+        const Result<FileLock> turn = turns.take(0, std::chrono::seconds(10));
+        ASSERT_TRUE(turn);
+        window_->click("Delete");
+        window_->waitForText("Deleting files, please wait...");
+    }
     expectSummary({"Duplicates Cleaned: 10497", "Space Regained: 10.50 MB "}, "Ok");
     window_->waitForText("Marked Duplicate Files: 0");
     EXPECT_EQ(OutlineRows(*window_).count(), 6 + 7500);
 }
 
+std::string ResultsRoad::storedPath(const std::string& file) const {
+    return home_.folder().pathOf(".local/share/Tarvin Software/Tarvin Duplicate File Remover/" +
+                                 file);
+}
+
 std::string ResultsRoad::storedText(const std::string& file) const {
-    std::ifstream stored(home_.folder().pathOf(
-        ".local/share/Tarvin Software/Tarvin Duplicate File Remover/" + file));
+    std::ifstream stored(storedPath(file));
     return {std::istreambuf_iterator<char>(stored), {}};
 }
 
