@@ -190,13 +190,21 @@ TEST_F(KilledUsers, HaveItCountedIfTheOtherFileStays) {
 }
 
 TEST_F(KilledUsers, KeepACopyThoughEachMovedOneBeforeTheOtherLookedAgain) {
-    // The survivor of the first is moved by the second, which is killed in its turn.
-    killed([this] {
+    // The first has looked and waits; the second moves what is to stay and is killed; the first
+    // moves the other file and is killed, too.
+    int hasLooked[2];
+    int mayMove[2];
+    ASSERT_EQ(::pipe(hasLooked), 0);
+    ASSERT_EQ(::pipe(mayMove), 0);
+    const pid_t first = ::fork();
+    if (first == 0) {
         CleaningUser user(one_.path());
         CleanUp::Settings settings;
-        settings.beforeStep = [this](MoveStep step) {
-            if (step == MoveStep::moveToTrash) {
-                killedWhileMoving(b_, a_, other_.path(), MoveStep::lookAgain);
+        settings.beforeStep = [&](MoveStep step) {
+            char byte = 0;
+            if (step == MoveStep::moveToTrash &&
+                (::write(hasLooked[1], &byte, 1) != 1 || ::read(mayMove[0], &byte, 1) != 1)) {
+                ::_exit(1);
             }
             if (step == MoveStep::lookAgain) {
                 ::kill(::getpid(), SIGKILL);
@@ -205,7 +213,18 @@ TEST_F(KilledUsers, KeepACopyThoughEachMovedOneBeforeTheOtherLookedAgain) {
         ComparedFiles files;
         files.addSet({a_, b_});
         cleanUp(files.marked(), user, systemFileSystem(), std::move(settings));
-    });
+        ::_exit(0);
+    }
+    char byte = 0;
+    ASSERT_EQ(::read(hasLooked[0], &byte, 1), 1);
+    killedWhileMoving(b_, a_, other_.path());
+    ASSERT_EQ(::write(mayMove[1], &byte, 1), 1);
+    int status = 0;
+    ASSERT_EQ(::waitpid(first, &status, 0), first);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    for (const int end : {hasLooked[0], hasLooked[1], mayMove[0], mayMove[1]}) {
+        ::close(end);
+    }
     ASSERT_FALSE(fs::exists(a_) || fs::exists(b_));
     EXPECT_EQ(recover(one_.path()), 0);
     EXPECT_EQ(recover(other_.path()), 1);
