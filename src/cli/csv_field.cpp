@@ -1,7 +1,8 @@
 #include "cli/csv_field.h"
 
+#include "cli/hexadecimal.h"
 #include "cli/shown_name.h"
-#include "cli/utf8.h"
+#include "text/utf8.h"
 
 namespace tarvin {
 

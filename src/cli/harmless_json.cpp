@@ -1,7 +1,8 @@
 #include "cli/harmless_json.h"
 
+#include "cli/hexadecimal.h"
 #include "cli/shown_name.h"
-#include "cli/utf8.h"
+#include "text/utf8.h"
 
 #include <algorithm>
 #include <array>

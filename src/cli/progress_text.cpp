@@ -1,11 +1,10 @@
 #include "cli/progress_text.h"
 
 #include "cli/shown_name.h"
-#include "cli/utf8.h"
 #include "scan/texts.h"
+#include "text/utf8.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -15,32 +14,13 @@ namespace {
 
 constexpr std::size_t barCells = 20;
 
-struct Range {
-    char32_t first;
-    char32_t last;
-};
-
-/// Where characters are two columns wide: the scripts of East Asia and pictographs.
-constexpr std::array wideRanges{
-    Range{0x1100, 0x115F}, Range{0x2E80, 0xA4CF},   Range{0xAC00, 0xD7A3},
-    Range{0xF900, 0xFAFF}, Range{0xFE30, 0xFE6F},   Range{0xFF00, 0xFF60},
-    Range{0xFFE0, 0xFFE6}, Range{0x1F300, 0x1FAFF}, Range{0x20000, 0x3FFFD}};
-
-std::size_t columnsOf(char32_t codePoint) {
-    const bool isWide =
-        std::any_of(wideRanges.begin(), wideRanges.end(), [codePoint](const Range& range) {
-            return codePoint >= range.first && codePoint <= range.last;
-        });
-    return isWide ? 2 : 1;
-}
-
 /// As much of the text as fits into the columns, whole characters only.
 std::string_view cut(std::string_view text, std::size_t columns) {
     std::size_t length = 0;
     std::size_t used = 0;
     while (length < text.size()) {
         const Utf8Character character = firstCharacter(text.substr(length));
-        used += columnsOf(character.codePoint);
+        used += character.valid ? columnsOf(character.codePoint) : 1;
         if (used > columns) {
             break;
         }

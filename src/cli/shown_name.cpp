@@ -1,5 +1,8 @@
 #include "cli/shown_name.h"
 
+#include "cli/hexadecimal.h"
+#include "text/utf8.h"
+
 #include <algorithm>
 
 namespace tarvin {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/utf8.h"
+#include "text/utf8.h"
 
 #include <string>
 #include <string_view>

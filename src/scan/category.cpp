@@ -1,9 +1,10 @@
 #include "scan/category.h"
 
-#include <utf8proc.h>
+#include "text/lowercase.h"
+#include "text/utf8.h"
 
 #include <algorithm>
-#include <iterator>
+#include <array>
 
 namespace tarvin {
 
@@ -45,112 +46,14 @@ constexpr std::size_t shortestNeedle = 3;  // units of UTF-16
 constexpr std::size_t mostKnownKeys = 4096;
 constexpr std::size_t longestKnownKey = 32;  // bytes
 
-/// One character of a text, or one byte of it that is not UTF-8.
-struct Character {
-    utf8proc_int32_t code;  ///< negative for a byte that is not UTF-8
-    std::size_t length;     ///< bytes; at least 1
-};
-
-/// The character at the front of `text`, which is not empty.
-Character firstCharacter(std::string_view text) {
-    const void* const bytes = text.data();
-    utf8proc_int32_t code = -1;
-    const utf8proc_ssize_t length =
-        utf8proc_iterate(static_cast<const utf8proc_uint8_t*>(bytes),
-                         static_cast<utf8proc_ssize_t>(text.size()), &code);
-    return length > 0 ? Character{code, static_cast<std::size_t>(length)} : Character{-1, 1};
-}
-
 bool isShorterThanANeedle(std::string_view text) {
     std::size_t units = 0;
     while (!text.empty() && units < shortestNeedle) {
-        const Character character = firstCharacter(text);
-        units += character.code > 0xFFFF ? 2 : 1;
+        const Utf8Character character = firstCharacter(text);
+        units += character.codePoint > 0xFFFF ? 2 : 1;
         text.remove_prefix(character.length);
     }
     return units < shortestNeedle;
-}
-
-/// Whether the character has a case, apart from those that isCaseIgnorable() tells.
-bool isCased(utf8proc_int32_t code) {
-    struct Range {
-        utf8proc_int32_t first;
-        utf8proc_int32_t last;
-    };
-    // Signs that look like letters: ordinals, Roman numerals, letters in circles and squares.
-    constexpr std::array signs{Range{0xAA, 0xAA},       Range{0xBA, 0xBA},
-                               Range{0x2160, 0x217F},   Range{0x24B6, 0x24E9},
-                               Range{0x1F130, 0x1F149}, Range{0x1F150, 0x1F169},
-                               Range{0x1F170, 0x1F189}};
-    const utf8proc_category_t category = utf8proc_category(code);
-    return category == UTF8PROC_CATEGORY_LU || category == UTF8PROC_CATEGORY_LL ||
-           category == UTF8PROC_CATEGORY_LT ||
-           std::any_of(signs.begin(), signs.end(), [code](const Range& range) {
-               return code >= range.first && code <= range.last;
-           });
-}
-
-/// Whether the character may stand inside a word without being a letter of it.
-bool isCaseIgnorable(utf8proc_int32_t code) {
-    // The apostrophes, full stops, colons and middle dots at which a word does not end.
-    constexpr std::array<utf8proc_int32_t, 17> insideWords{
-        0x27,   0x2E,   0x3A,   0xB7,   0x387,  0x55F,  0x5F4,  0x2018, 0x2019,
-        0x2024, 0x2027, 0xFE13, 0xFE52, 0xFE55, 0xFF07, 0xFF0E, 0xFF1A};
-    switch (utf8proc_category(code)) {
-        case UTF8PROC_CATEGORY_MN:
-        case UTF8PROC_CATEGORY_ME:
-        case UTF8PROC_CATEGORY_CF:
-        case UTF8PROC_CATEGORY_LM:
-        case UTF8PROC_CATEGORY_SK:
-            return true;
-        default:
-            return std::binary_search(insideWords.begin(), insideWords.end(), code);
-    }
-}
-
-/// Whether the word goes on in `text`: what is ignorable is passed over, then comes a letter.
-bool continuesWord(std::string_view text) {
-    while (!text.empty()) {
-        const Character character = firstCharacter(text);
-        if (character.code < 0 || !isCaseIgnorable(character.code)) {
-            return character.code >= 0 && isCased(character.code);
-        }
-        text.remove_prefix(character.length);
-    }
-    return false;
-}
-
-/// Whether a letter of the same word stands before the character that follows `character`, given
-/// whether one stands before `character` itself.
-bool isInWordAfter(Character character, bool wasInWord) {
-    if (character.code >= 0 && isCaseIgnorable(character.code)) {
-        return wasInWord;
-    }
-    return character.code >= 0 && isCased(character.code);
-}
-
-void appendCharacter(utf8proc_int32_t code, std::string& out) {
-    std::array<utf8proc_uint8_t, 4> bytes{};
-    const utf8proc_ssize_t length = utf8proc_encode_char(code, bytes.data());
-    std::transform(bytes.begin(), bytes.begin() + length, std::back_inserter(out),
-                   [](utf8proc_uint8_t byte) { return static_cast<char>(byte); });
-}
-
-/// Appends the lower case of `code`, which stands in a word or at its start and before `rest`.
-void appendLowercase(utf8proc_int32_t code, bool isInWord, std::string_view rest,
-                     std::string& out) {
-    constexpr utf8proc_int32_t capitalSigma = 0x3A3;
-    constexpr utf8proc_int32_t finalSigma = 0x3C2;
-    constexpr utf8proc_int32_t capitalDottedI = 0x130;
-    constexpr utf8proc_int32_t dotAbove = 0x307;
-    if (code == capitalSigma && isInWord && !continuesWord(rest)) {
-        appendCharacter(finalSigma, out);
-    } else if (code == capitalDottedI) {
-        out += 'i';
-        appendCharacter(dotAbove, out);
-    } else {
-        appendCharacter(utf8proc_tolower(code), out);
-    }
 }
 
 char asciiLowercase(char byte) {
@@ -227,24 +130,6 @@ std::string_view pathExtension(std::string_view path) {
         return {};
     }
     return name.substr(dot + 1);
-}
-
-std::string lowercase(std::string_view text) {
-    std::string out;
-    out.reserve(text.size());
-    bool isInWord = false;
-    while (!text.empty()) {
-        const Character character = firstCharacter(text);
-        const std::string_view rest = text.substr(character.length);
-        if (character.code < 0) {
-            out += text.front();
-        } else {
-            appendLowercase(character.code, isInWord, rest, out);
-        }
-        isInWord = isInWordAfter(character, isInWord);
-        text = rest;
-    }
-    return out;
 }
 
 std::string extensionKey(std::string_view path) {

@@ -32,10 +32,6 @@ inline constexpr std::array<Category, 5> allCategories{
 /// if there is no dot, the dot ends the name or the dot begins it (".hidden"). May hold blanks.
 [[nodiscard]] std::string_view pathExtension(std::string_view path);
 
-/// The whole of Unicode's lower case, whatever the language: a capital sigma that ends a word
-/// becomes the final one, a dotted capital I becomes two characters. Other bytes stay.
-[[nodiscard]] std::string lowercase(std::string_view text);
-
 /// The extension in lower case up to its first blank: "jpg" for "Photo.JPG copy".
 [[nodiscard]] std::string extensionKey(std::string_view path);
 

@@ -2,6 +2,7 @@
 
 #include "store/plist_library.h"
 #include "store/property_list_check.h"
+#include "text/utf8.h"
 
 #include <plist/plist.h>
 
@@ -20,27 +21,11 @@ namespace {
 /// The length of the UTF-8 character that `text` begins with, if XML can hold it and gives it back
 /// as it was; 0 if not. A carriage return is read as a line feed, so it is none.
 std::size_t plainCharacter(std::string_view text) {
-    const auto byte = [text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
-    const unsigned first = byte(0);
-    if (first < 0x80) {
-        return first >= 0x20 || first == '\t' || first == '\n' ? 1 : 0;
-    }
-    const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
-    if (first < 0xC2 || first > 0xF4 || text.size() < length) {
-        return 0;
-    }
-    char32_t character = first & (0x7FU >> length);
-    for (std::size_t at = 1; at < length; ++at) {
-        if ((byte(at) & 0xC0U) != 0x80) {
-            return 0;
-        }
-        character = character << 6U | (byte(at) & 0x3FU);
-    }
-    const bool overlong =
-        (length == 3 && character < 0x800) || (length == 4 && character < 0x10000);
-    const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
-    const bool noCharacter = character == 0xFFFE || character == 0xFFFF || character > 0x10FFFF;
-    return overlong || surrogate || noCharacter ? 0 : length;
+    const Utf8Character character = firstCharacter(text);
+    const char32_t code = character.codePoint;
+    const bool isOfXml =
+        code == '\t' || code == '\n' || (code >= 0x20 && code != 0xFFFE && code != 0xFFFF);
+    return character.valid && isOfXml ? character.length : 0;
 }
 
 bool isPlain(std::string_view text) {

@@ -1,7 +1,8 @@
-#include "cli/utf8.h"
+#include "text/utf8.h"
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <string_view>
 
 namespace tarvin {
@@ -29,27 +30,27 @@ TEST(Utf8, CharactersOfEveryLengthAreValid) {
 
 TEST(Utf8, BytesThatBeginNoCharacterAreBad) {
     for (const std::string_view text : {"\x80", "\xBF", "\xC0", "\xC1", "\xF5", "\xFF"}) {
-        EXPECT_FALSE(isValidUtf8(text)) << hexadecimal(text);
+        EXPECT_FALSE(isValidUtf8(text));
     }
 }
 
 TEST(Utf8, ACharacterThatBreaksOffIsBad) {
     for (const std::string_view text :
          {"\xC3", "\xC3z", "\xE2\x82", "\xE2\x82z", "\xF0\x9F\x98", "\xF0\x9F\x98z"}) {
-        EXPECT_FALSE(isValidUtf8(text)) << hexadecimal(text);
+        EXPECT_FALSE(isValidUtf8(text));
     }
 }
 
 TEST(Utf8, ALongerSpellingThanNeededIsBad) {
     for (const std::string_view text :
          {"\xC0\xAF", "\xE0\x80\xAF", "\xE0\x9F\xBF", "\xF0\x80\x80\xAF", "\xF0\x8F\xBF\xBF"}) {
-        EXPECT_FALSE(isValidUtf8(text)) << hexadecimal(text);
+        EXPECT_FALSE(isValidUtf8(text));
     }
 }
 
 TEST(Utf8, SurrogatesAndWhatLiesBeyondTheLastCharacterAreBad) {
     for (const std::string_view text : {"\xED\xA0\x80", "\xED\xBF\xBF", "\xF4\x90\x80\x80"}) {
-        EXPECT_FALSE(isValidUtf8(text)) << hexadecimal(text);
+        EXPECT_FALSE(isValidUtf8(text));
     }
 }
 
@@ -72,9 +73,21 @@ TEST(Utf8, EachBadByteIsReplaced) {
     EXPECT_EQ(withBadBytesReplaced("fine"), "fine");
 }
 
-TEST(Utf8, BytesAreWrittenInLowerCaseHexadecimal) {
-    EXPECT_EQ(hexadecimal("\x00\x0F/\xAB\xFF"sv), "000f2fabff");
-    EXPECT_EQ(hexadecimal(""), "");
+TEST(Utf8, CharactersAreAppendedAsTheirBytes) {
+    std::string text = "a";
+    for (const char32_t code : {U'\u00E4', U'\u20AC', U'\U0001F600', U'b'}) {
+        appendCharacter(code, text);
+    }
+    EXPECT_EQ(text, "a\u00E4\u20AC\U0001F600b");
+}
+
+TEST(Utf8, CharactersHaveTheColumnsThatATerminalGivesThem) {
+    EXPECT_EQ(columnsOf(U'a'), 1U);
+    EXPECT_EQ(columnsOf(U'\u00E4'), 1U);
+    EXPECT_EQ(columnsOf(U'\u5199'), 2U);
+    EXPECT_EQ(columnsOf(U'\uAC00'), 2U);
+    EXPECT_EQ(columnsOf(U'\U0001F600'), 2U);
+    EXPECT_EQ(columnsOf(U'\u0308'), 0U);
 }
 
 }  // namespace

@@ -6,8 +6,8 @@
 
 namespace tarvin {
 
-// Names as text. A name is any bytes; what is not UTF-8 in it is dealt with byte by byte. All pure;
-// any thread.
+// Text in UTF-8. A name is any bytes; what is not UTF-8 in it is dealt with byte by byte. Any
+// thread.
 
 /// One character at the beginning of a text.
 struct Utf8Character {
@@ -24,7 +24,11 @@ struct Utf8Character {
 /// The same text with U+FFFD in place of each bad byte.
 [[nodiscard]] std::string withBadBytesReplaced(std::string_view text);
 
-/// Two digits a byte, lower case.
-[[nodiscard]] std::string hexadecimal(std::string_view bytes);
+/// Appends a code point, which is none of the surrogates and at most U+10FFFF.
+void appendCharacter(char32_t codePoint, std::string& text);
+
+/// How many columns of a terminal a character takes: 2 for those of East Asia and for pictographs,
+/// 0 for what is put on the character before it.
+[[nodiscard]] std::size_t columnsOf(char32_t codePoint);
 
 }  // namespace tarvin
