@@ -111,7 +111,7 @@ class TrashFixture : public ::testing::Test {
         EXPECT_EQ(contentOf(path), "bytes");
         EXPECT_EQ(entriesIn(trash + "/files"), files);
         EXPECT_EQ(entriesIn(trash + "/info"), notes);
-        EXPECT_EQ(calls_.notesOpen(), 0U);
+        EXPECT_EQ(calls_.filesOpen(), 0U);
         return moved ? TrashRefusal{} : moved.error();
     }
 

@@ -174,24 +174,24 @@ void moveManyOfOneName(const std::function<Result<TrashPlace, TrashRefusal>(std:
 TEST_F(ManyFilesOfOneName, TakeOneTryEach) {
     moveManyOfOneName([this](const std::string& path) { return move(path); }, folder_);
     EXPECT_EQ(entriesIn(trash() + "/files"), 10'000U);
-    EXPECT_EQ(calls_.made(TrashCall::createNote), 10'001U);
+    EXPECT_EQ(calls_.made(TrashCall::createFile), 10'001U);
 }
 
 TEST_F(ManyFilesOfOneName, FromEarlierArePassedInAFewTries) {
     moveManyOfOneName([this](const std::string& path) { return move(path); }, folder_);
     mover_ = newMover();
-    const std::size_t before = calls_.made(TrashCall::createNote);
+    const std::size_t before = calls_.made(TrashCall::createFile);
     moveManyOfOneName([this](const std::string& path) { return move(path); }, folder_);
     EXPECT_EQ(entriesIn(trash() + "/files"), 20'000U);
-    EXPECT_LE(calls_.made(TrashCall::createNote) - before, 10'015U);
+    EXPECT_LE(calls_.made(TrashCall::createFile) - before, 10'015U);
 }
 
 TEST_F(HomeTrash, GivesUpAfterFortyNames) {
-    calls_.fail(TrashCall::createNote, EEXIST);
+    calls_.fail(TrashCall::createFile, EEXIST);
     const TrashRefusal refusal = expectRefused(folder_.writeFile("a", "bytes"));
     EXPECT_EQ(refusal.kind, TrashRefusalKind::noName);
     EXPECT_EQ(refusal.text, "there is no free name in the Trash");
-    EXPECT_EQ(calls_.made(TrashCall::createNote), 40U);
+    EXPECT_EQ(calls_.made(TrashCall::createFile), 40U);
 }
 
 TEST_F(HomeTrash, TakesWhatTwoMoveAtOnce) {
@@ -450,8 +450,8 @@ TEST_F(HomeTrash, ThatMayNotBeChangedTakesNothing) {
 
 TEST_F(HomeTrash, TellsTheReasonOfEachCallThatFails) {
     for (const auto& [call, code, text] :
-         {std::tuple{TrashCall::createNote, EROFS, "Read-only file system"},
-          std::tuple{TrashCall::createNote, ENOSPC, "No space left on device"},
+         {std::tuple{TrashCall::createFile, EROFS, "Read-only file system"},
+          std::tuple{TrashCall::createFile, ENOSPC, "No space left on device"},
           std::tuple{TrashCall::write, ENOSPC, "No space left on device"},
           std::tuple{TrashCall::write, EDQUOT, "Disk quota exceeded"},
           std::tuple{TrashCall::close, EIO, "Input/output error"},
@@ -500,7 +500,7 @@ TEST_F(HomeTrash, LeavesFileAndNoNoteWhereAnyCallFails) {
             calls.failOnce(number, EIO);
             const auto moved = move(path);
             hasEnded = !calls.hasFailed();
-            EXPECT_EQ(calls.notesOpen(), 0U) << number;
+            EXPECT_EQ(calls.filesOpen(), 0U) << number;
             // A look that fails may be answered by opening the Trash anew.
             EXPECT_EQ(moved.ok(), contentOf(trashed("a")) == "bytes") << number;
             EXPECT_EQ(moved.ok(), !note("a").empty()) << number;
@@ -584,7 +584,7 @@ TEST_P(TrashWithoutExclusiveRenameAndLinks, PutsAFileBack) {
     EXPECT_EQ(contentOf(path_), "bytes");
     EXPECT_EQ(entriesIn(trash() + "/files"), 0U);
     EXPECT_EQ(entriesIn(trash() + "/info"), 0U);
-    EXPECT_EQ(calls_.notesOpen(), 0U);
+    EXPECT_EQ(calls_.filesOpen(), 0U);
 }
 
 TEST_P(TrashWithoutExclusiveRenameAndLinks, PutsNothingBackOverAnotherFile) {
@@ -597,7 +597,7 @@ TEST_P(TrashWithoutExclusiveRenameAndLinks, PutsNothingBackOverAnotherFile) {
 }
 
 TEST_P(TrashWithoutExclusiveRenameAndLinks, LeavesNothingInThePlaceWhereACallFails) {
-    for (const TrashCall call : {TrashCall::createNote, TrashCall::close, TrashCall::rename}) {
+    for (const TrashCall call : {TrashCall::createFile, TrashCall::close, TrashCall::rename}) {
         calls_.failNext(call, EIO);
         const auto refusal = putBack(place_, path_);
         ASSERT_TRUE(refusal);

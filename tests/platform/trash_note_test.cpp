@@ -73,7 +73,7 @@ TEST_F(StoredNote, ThatIsALinkIsNotWrittenThrough) {
 }
 
 TEST_F(StoredNote, ThatCannotBeReadIsToldAndStays) {
-    for (const TrashCall call : {TrashCall::openNote, TrashCall::read}) {
+    for (const TrashCall call : {TrashCall::openFile, TrashCall::read}) {
         writeNote("a b", "");
         calls_.failNext(call, EIO);
         const auto refusal = mend();

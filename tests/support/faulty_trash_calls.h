@@ -14,8 +14,8 @@ namespace tarvin {
 enum class TrashCall {
     openFolder,
     makeFolder,
-    createNote,
-    openNote,
+    createFile,
+    openFile,
     read,
     write,
     close,
@@ -62,8 +62,8 @@ class FaultyTrashCalls final : public TrashCalls {
     }
     /// Whether the call of `failOnce` has come.
     [[nodiscard]] bool hasFailed() const { return hasFailed_; }
-    /// Notes that were opened and not closed again.
-    [[nodiscard]] std::size_t notesOpen() const { return notes_.size(); }
+    /// Files that were created and not closed again.
+    [[nodiscard]] std::size_t filesOpen() const { return open_.size(); }
 
     int openFolder(int folder, const char* path, int& number) override {
         const int failure = failureOf(TrashCall::openFolder);
@@ -73,17 +73,17 @@ class FaultyTrashCalls final : public TrashCalls {
         const int failure = failureOf(TrashCall::makeFolder);
         return failure != 0 ? failure : TrashCalls::makeFolder(folder, path);
     }
-    int createNote(int folder, const char* name, int& number) override {
-        int failure = failureOf(TrashCall::createNote);
-        failure = failure != 0 ? failure : TrashCalls::createNote(folder, name, number);
+    int createFile(int folder, const char* name, int& number) override {
+        int failure = failureOf(TrashCall::createFile);
+        failure = failure != 0 ? failure : TrashCalls::createFile(folder, name, number);
         if (failure == 0) {
-            notes_.insert(number);
+            open_.insert(number);
         }
         return failure;
     }
-    int openNote(int folder, const char* name, int& number) override {
-        const int failure = failureOf(TrashCall::openNote);
-        return failure != 0 ? failure : TrashCalls::openNote(folder, name, number);
+    int openFile(int folder, const char* name, int& number) override {
+        const int failure = failureOf(TrashCall::openFile);
+        return failure != 0 ? failure : TrashCalls::openFile(folder, name, number);
     }
     int read(int number, char* bytes, std::size_t size, std::size_t& count) override {
         const int failure = failureOf(TrashCall::read);
@@ -98,7 +98,7 @@ class FaultyTrashCalls final : public TrashCalls {
     /// A descriptor is gone even where closing fails.
     int close(int number) override {
         const int failure = failureOf(TrashCall::close);
-        notes_.erase(number);
+        open_.erase(number);
         const int closing = TrashCalls::close(number);
         return failure != 0 ? failure : closing;
     }
@@ -163,7 +163,7 @@ class FaultyTrashCalls final : public TrashCalls {
     std::map<TrashCall, int> failing_;
     std::map<TrashCall, int> failingNext_;
     std::map<TrashCall, std::size_t> counts_;
-    std::set<int> notes_;
+    std::set<int> open_;
     std::size_t made_ = 0;
     std::optional<std::size_t> failingNumber_;
     int failingCode_ = 0;

@@ -14,7 +14,7 @@ namespace tarvin {
 namespace {
 
 constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
-constexpr int noteFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+constexpr int newFileFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
 
 int outcome(int answer) {
     return answer == 0 ? 0 : errno;
@@ -55,11 +55,11 @@ int TrashCalls::makeFolder(int folder, const char* path) {
     return outcome(::mkdirat(folder, path, S_IRWXU));
 }
 
-int TrashCalls::createNote(int folder, const char* name, int& number) {
-    return openAt(folder, name, noteFlags, number);
+int TrashCalls::createFile(int folder, const char* name, int& number) {
+    return openAt(folder, name, newFileFlags, number);
 }
 
-int TrashCalls::openNote(int folder, const char* name, int& number) {
+int TrashCalls::openFile(int folder, const char* name, int& number) {
     return openAt(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, number);
 }
 

@@ -32,9 +32,9 @@ class TrashCalls {
     virtual int openFolder(int folder, const char* path, int& number);
     virtual int makeFolder(int folder, const char* path);
     /// Makes a file that was not there, for writing by the user alone.
-    virtual int createNote(int folder, const char* name, int& number);
+    virtual int createFile(int folder, const char* name, int& number);
     /// Opens a file for reading; never waits for a pipe.
-    virtual int openNote(int folder, const char* name, int& number);
+    virtual int openFile(int folder, const char* name, int& number);
     /// `count` is 0 at the end.
     virtual int read(int number, char* bytes, std::size_t size, std::size_t& count);
     /// `written` may be less than `size`.

@@ -308,7 +308,7 @@ TrashRefusal TrashFolder::moveRefusal(int code, int folder, const char* name) co
 int TrashFolder::writeNote(const std::string& name, std::string_view text) const {
     const std::string noteName = name + std::string(trashNoteEnding);
     int number = -1;
-    int failure = calls_.createNote(parts_[infoPart].folder.number(), noteName.c_str(), number);
+    int failure = calls_.createFile(parts_[infoPart].folder.number(), noteName.c_str(), number);
     if (failure != 0) {
         return failure;
     }
@@ -333,7 +333,7 @@ int TrashFolder::writeNote(const std::string& name, std::string_view text) const
 int TrashFolder::readNote(const std::string& name, std::string& text) const {
     const std::string noteName = name + std::string(trashNoteEnding);
     int number = -1;
-    int failure = calls_.openNote(parts_[infoPart].folder.number(), noteName.c_str(), number);
+    int failure = calls_.openFile(parts_[infoPart].folder.number(), noteName.c_str(), number);
     if (failure != 0) {
         return failure;
     }
@@ -415,7 +415,7 @@ int TrashFolder::moveOut(const char* name, int to, const char* newName) const {
 /// An empty file, made where nothing was, reserves the name and is then replaced.
 int TrashFolder::moveOverPlaceholder(const char* name, int to, const char* newName) const {
     int number = -1;
-    int failure = calls_.createNote(to, newName, number);
+    int failure = calls_.createFile(to, newName, number);
     if (failure != 0) {
         return failure;
     }

@@ -81,7 +81,7 @@ std::uint64_t tryFaults(const TrialPlace& place) {
             calls.failOnce(number, code);
             unrecorded += std::uint64_t{!cleanUpWith(*modal, calls)};
             losses += lossesOf(place.home, originals);
-            open += calls.notesOpen();
+            open += calls.filesOpen();
             hasFailed = calls.hasFailed();
             trials += std::size_t{hasFailed};
             most = std::max(most, calls.made());
