@@ -288,6 +288,39 @@ TEST_F(KilledUsers, LeaveNotesAloneWhileAnotherCleanUpHasItsTurn) {
     EXPECT_EQ(user.notes(), 1U);
 }
 
+/// A user whose clean-ups are recovered, and whose Trash can be made to fail.
+class FaultyUser final {
+ public:
+    explicit FaultyUser(const std::string& home)
+        : user_(home),
+          totals_(home),
+          mover_(makeTrashMover({user_.trash(), static_cast<std::uint32_t>(::getuid())},
+                                {calls_, around_.clock, around_.mountTable})) {}
+
+    [[nodiscard]] FaultyTrashCalls& calls() { return calls_; }
+    [[nodiscard]] TrashMover& mover() { return *mover_; }
+    [[nodiscard]] CleaningUser& user() { return user_; }
+    [[nodiscard]] std::int64_t counted() const { return totals_.alreadyDeletedCount(); }
+
+    void recover() {
+        EXPECT_FALSE(
+            recoverCleanUps(systemFileSystem(), *mover_, user_.turns(), user_.journal(), totals_));
+    }
+
+    /// Whether the journal has the newest clean-up as finished.
+    [[nodiscard]] bool isFinished() {
+        const auto all = user_.journal().cleanUps();
+        return std::get<std::vector<CleanUpSummary>>(all).front().finished;
+    }
+
+ private:
+    CleaningUser user_;
+    DataFile totals_;
+    FaultyTrashCalls calls_;
+    const TrashSurroundings around_ = systemTrashSurroundings();
+    const std::unique_ptr<TrashMover> mover_;
+};
+
 /// A clean-up whose machine lost its power: the journal is on the disk, and not all of the rest.
 class LostPower : public KilledUsers {
  protected:
@@ -338,83 +371,57 @@ TEST_F(LostPower, HasWholeNotesLeftAsTheyAre) {
 }
 
 TEST_F(LostPower, StaysUnfinishedUntilTheNotesAreOnTheDisk) {
-    FaultyTrashCalls calls;
-    TrashSurroundings around = systemTrashSurroundings();
-    const auto mover =
-        makeTrashMover({one_.pathOf("Trash"), static_cast<std::uint32_t>(::getuid())},
-                       {calls, around.clock, around.mountTable});
-    CleaningUser user(one_.path());
-    DataFile totals(one_.path());
-    const auto isFinished = [&] { return valueOf(user.journal().cleanUps()).front().finished; };
+    FaultyUser user(one_.path());
     fs::remove(note("b.txt"));
-    calls.failNext(TrashCall::flush, EIO);
-    EXPECT_FALSE(recoverCleanUps(systemFileSystem(), *mover, user.turns(), user.journal(), totals));
-    EXPECT_EQ(totals.alreadyDeletedCount(), 2);
-    EXPECT_FALSE(isFinished());
+    user.calls().failNext(TrashCall::flush, EIO);
+    user.recover();
+    EXPECT_EQ(user.counted(), 2);
+    EXPECT_FALSE(user.isFinished());
     fs::remove(note("b.txt"));
-    EXPECT_FALSE(recoverCleanUps(systemFileSystem(), *mover, user.turns(), user.journal(), totals));
-    EXPECT_TRUE(isFinished());
+    user.recover();
+    EXPECT_TRUE(user.isFinished());
     EXPECT_TRUE(fs::exists(note("b.txt")));
-    EXPECT_EQ(totals.alreadyDeletedCount(), 2);
+    EXPECT_EQ(user.counted(), 2);
 }
 
 TEST_F(LostPower, StaysUnfinishedUntilItsNotesAreMended) {
-    FaultyTrashCalls calls;
-    const TrashSurroundings around = systemTrashSurroundings();
-    const auto mover =
-        makeTrashMover({one_.pathOf("Trash"), static_cast<std::uint32_t>(::getuid())},
-                       {calls, around.clock, around.mountTable});
-    CleaningUser user(one_.path());
-    DataFile totals(one_.path());
+    FaultyUser user(one_.path());
     fs::resize_file(note("b.txt"), 0);
-    calls.failNext(TrashCall::write, ENOSPC);
+    user.calls().failNext(TrashCall::write, ENOSPC);
     for (const bool isFinished : {false, true}) {
-        EXPECT_FALSE(
-            recoverCleanUps(systemFileSystem(), *mover, user.turns(), user.journal(), totals));
-        EXPECT_EQ(valueOf(user.journal().cleanUps()).front().finished, isFinished);
+        user.recover();
+        EXPECT_EQ(user.isFinished(), isFinished);
     }
     EXPECT_EQ(contentOf(note("b.txt")).find("[Trash Info]\nPath=" + b_ + "\n"), 0U);
 }
 
 TEST_F(LostPower, StaysUnfinishedWhileItsTrashCannotBeLookedAt) {
-    FaultyTrashCalls calls;
-    const TrashSurroundings around = systemTrashSurroundings();
-    const auto mover =
-        makeTrashMover({one_.pathOf("Trash"), static_cast<std::uint32_t>(::getuid())},
-                       {calls, around.clock, around.mountTable});
-    CleaningUser user(one_.path());
-    DataFile totals(one_.path());
-    calls.fail(TrashCall::openFolder, EIO);
-    EXPECT_FALSE(recoverCleanUps(systemFileSystem(), *mover, user.turns(), user.journal(), totals));
-    EXPECT_FALSE(valueOf(user.journal().cleanUps()).front().finished);
-    calls.heal();
+    FaultyUser user(one_.path());
+    user.calls().fail(TrashCall::openFolder, EIO);
+    user.recover();
+    EXPECT_FALSE(user.isFinished());
+    user.calls().heal();
     EXPECT_EQ(recover(one_.path()), 2);
 }
 
 TEST_F(KilledUsers, LookAgainLaterWhereTheDiskFailedAtTheEnd) {
-    FaultyTrashCalls calls;
-    TrashSurroundings around = systemTrashSurroundings();
-    const auto mover =
-        makeTrashMover({one_.pathOf("Trash"), static_cast<std::uint32_t>(::getuid())},
-                       {calls, around.clock, around.mountTable});
-    CleaningUser user(one_.path());
+    FaultyUser user(one_.path());
     ComparedFiles files;
     files.addSet({a_, b_});
-    CleanUp cleanUp(systemFileSystem(), *mover, user.journal(), user.turns(),
+    CleanUp cleanUp(systemFileSystem(), user.mover(), user.user().journal(), user.user().turns(),
                     systemPlatform().clock(), {});
     DeletionControl control;
     DeletionWalk walk(files.marked(), cleanUp, control, {});
     walk.start();
     walk.wait();
-    calls.fail(TrashCall::flush, EIO);
+    user.calls().fail(TrashCall::flush, EIO);
     EXPECT_FALSE(cleanUp.finish());
-    EXPECT_FALSE(valueOf(user.journal().cleanUps()).front().finished);
+    EXPECT_FALSE(user.isFinished());
     // It is nobody's now, so that the next start takes it.
-    DataFile totals(one_.path());
-    calls.heal();
-    EXPECT_FALSE(recoverCleanUps(systemFileSystem(), *mover, user.turns(), user.journal(), totals));
-    EXPECT_TRUE(valueOf(user.journal().cleanUps()).front().finished);
-    EXPECT_EQ(totals.alreadyDeletedCount(), 1);
+    user.calls().heal();
+    user.recover();
+    EXPECT_TRUE(user.isFinished());
+    EXPECT_EQ(user.counted(), 1);
 }
 
 TEST_F(LostPower, HasWhatTheDiskKnowsInItsPlaceTakenFromTheTotals) {
