@@ -1,28 +1,30 @@
 #pragma once
 
-#include <memory>
+#include "support/database_layer.h"
+
+#include <set>
 
 namespace tarvin {
 
-/// Watches what SQLite writes, as long as it lives: databases that are opened meanwhile go through
-/// it. One at a time, and to be made before and destroyed after those databases.
-class SyncWatch final {
+/// Counts what SQLite has written and not synced. As a DatabaseLayer, only one at a time, created
+/// before and destroyed after the databases.
+class SyncWatch final : public DatabaseLayer {
  public:
-    SyncWatch();
-    SyncWatch(const SyncWatch&) = delete;
-    SyncWatch& operator=(const SyncWatch&) = delete;
-    ~SyncWatch();
-
-    /// How many files were written or truncated after they were last flushed to the disk, and how
-    /// many names were removed without a flush of their folder.
-    [[nodiscard]] int unsyncedFiles() const;
-    /// How often a file was flushed so far.
-    [[nodiscard]] int syncs() const;
-
-    struct Layer;
+    /// Files written or truncated since their last sync, and names removed without a sync of their
+    /// folder.
+    [[nodiscard]] int unsyncedFiles() const {
+        return static_cast<int>(unsynced_.size()) + closedUnsynced_ + unsyncedRemovals_;
+    }
+    /// Syncs of files so far.
+    [[nodiscard]] int syncs() const { return syncs_; }
 
  private:
-    std::unique_ptr<Layer> layer_;
+    int before(DatabaseCall call, const void* file) override;
+
+    std::set<const void*> unsynced_;
+    int closedUnsynced_ = 0;  // never synced any more
+    int unsyncedRemovals_ = 0;
+    int syncs_ = 0;
 };
 
 }  // namespace tarvin

@@ -1,36 +1,34 @@
 #pragma once
 
+#include "support/database_layer.h"
+
 #include <cstddef>
-#include <memory>
+#include <optional>
 
 namespace tarvin {
 
-/// Lets calls of SQLite to the system fail, as long as it lives: databases that are opened
-/// meanwhile go through it. One at a time, to be made before and destroyed after those databases.
-/// One thread.
-class FaultyDatabase final {
+/// Makes calls of SQLite to the file system fail. As a DatabaseLayer, only one at a time, created
+/// before and destroyed after the databases. One thread.
+class FaultyDatabase final : public DatabaseLayer {
  public:
     enum class Fault {
-        device,  ///< every call can fail
-        full     ///< only what takes room can: opening, writing, flushing
+        device,  ///< any call can fail
+        full     ///< only calls that allocate space can: opening, writing, syncing
     };
 
-    FaultyDatabase();
-    FaultyDatabase(const FaultyDatabase&) = delete;
-    FaultyDatabase& operator=(const FaultyDatabase&) = delete;
-    ~FaultyDatabase();
-
-    /// The call of this number, from 0, of those that follow and can fail so does not happen.
+    /// Of the following calls that this fault can hit, the one with this number, from 0, fails.
     void failOnce(std::size_t number, Fault fault);
     /// Whether that call has come.
-    [[nodiscard]] bool hasFailed() const;
-    /// Nothing fails from now on.
-    void heal();
-
-    struct Layer;
+    [[nodiscard]] bool hasFailed() const { return hasFailed_; }
+    /// No call fails from now on.
+    void heal() { left_.reset(); }
 
  private:
-    const std::unique_ptr<Layer> layer_;
+    int before(DatabaseCall call, const void* file) override;
+
+    std::optional<std::size_t> left_;  // calls before the one that fails
+    Fault fault_ = Fault::device;
+    bool hasFailed_ = false;
 };
 
 }  // namespace tarvin
