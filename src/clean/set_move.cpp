@@ -47,7 +47,7 @@ SetMove::SetMove(const MoveTools& tools, const Set& set, bool mayTakeAll)
 }
 
 MoveResult SetMove::move(const File& file, TrashPlace& place) {
-    if (tools_.stopped && tools_.stopped()) {
+    if (isStopped()) {
         return {MoveOutcome::stopped, {}};
     }
     before(MoveStep::lookAtFile);
@@ -61,11 +61,11 @@ MoveResult SetMove::move(const File& file, TrashPlace& place) {
     }
     before(MoveStep::findSurvivor);
     if (!mayTakeAll_ && !findSurvivor(file, *seen)) {
-        return {MoveOutcome::lastCopy, {}};
+        return {unlessStopped(MoveOutcome::lastCopy), {}};
     }
     if (mayTakeAll_ && match == Match::otherChange && !isAsMoved(file, *seen) &&
         !findSurvivor(file, *seen)) {
-        return {MoveOutcome::changed, {}};
+        return {unlessStopped(MoveOutcome::changed), {}};
     }
     return moveSeen(file, *seen, place);
 }
@@ -222,7 +222,7 @@ std::optional<MoveOutcome> SetMove::secondLook(const File& file, const Seen& see
     tools_.folders.distrust();
     return findSurvivor(file, seen) && stillStands(*files_[survivor_], *arrived)
                ? std::nullopt
-               : std::optional(MoveOutcome::lastCopy);
+               : std::optional(unlessStopped(MoveOutcome::lastCopy));
 }
 
 /// By its path, on the volume itself: the folder may have been moved since it was opened, and what
@@ -243,6 +243,15 @@ MoveResult SetMove::moveBack(const File& file, const Seen& seen, const TrashPlac
         tools_.trash.putBack(place, seen.folder->descriptor, name.c_str());
     return refusal ? MoveResult{MoveOutcome::moved, refusal->text, refusal->kind, refusal->error}
                    : MoveResult{outcome, {}};
+}
+
+bool SetMove::isStopped() const {
+    return tools_.stopped && tools_.stopped();
+}
+
+/// A stop also ends the comparison of two files, which then says nothing of their contents.
+MoveOutcome SetMove::unlessStopped(MoveOutcome outcome) const {
+    return isStopped() ? MoveOutcome::stopped : outcome;
 }
 
 void SetMove::before(MoveStep step) const {

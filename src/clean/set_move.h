@@ -24,7 +24,7 @@ struct MoveTools {
     FileSystem& fileSystem;
     TrashMover& trash;
     OpenFolders& folders;
-    std::function<bool()> stopped;             ///< asked before each file; may be empty
+    std::function<bool()> stopped;             ///< polled before each file and chunk; may be empty
     std::function<void(MoveStep)> beforeStep;  ///< may be empty
 };
 
@@ -69,6 +69,8 @@ class SetMove final {
     [[nodiscard]] bool stillStands(const File& file, const FileAttributes& moved);
     [[nodiscard]] MoveResult moveBack(const File& file, const Seen& seen, const TrashPlace& place,
                                       MoveOutcome outcome);
+    [[nodiscard]] bool isStopped() const;
+    [[nodiscard]] MoveOutcome unlessStopped(MoveOutcome outcome) const;
     void before(MoveStep step) const;
 
     const MoveTools& tools_;

@@ -251,6 +251,42 @@ TEST_F(SetMoves, TakeNothingAfterAStop) {
     expectNothingMoved();
 }
 
+TEST_F(SetMoves, ReportAStopDuringAComparisonAsStopped) {
+    fs::permissions(two_, fs::perms::owner_read);
+    CleanUp::Settings settings;
+    settings.stopped = [questions = 0]() mutable { return ++questions > 1; };
+    EXPECT_EQ(run(std::move(settings)), outcomes(MoveOutcome::stopped, MoveOutcome::stopped));
+    expectNothingMoved();
+}
+
+TEST_F(SetMoves, ReportAStopDuringAComparisonOfAWholeSetAsStopped) {
+    Modal& modal = files_.marked();
+    set_->files().front()->setState(CheckState::on);
+    CleanUp::Settings settings;
+    settings.wholeSets = CleanUp::WholeSets::goIfMarked;
+    // The second file; its comparison asks for the third time.
+    settings.beforeStep = [this, files = 0](MoveStep step) mutable {
+        if (step == MoveStep::lookAtFile && ++files == 2) {
+            fs::permissions(two_, fs::perms::owner_read);
+        }
+    };
+    settings.stopped = [questions = 0]() mutable { return ++questions > 2; };
+    EXPECT_EQ(cleanUp(modal, user_, fileSystem_, std::move(settings)),
+              (MoveReport{{"one.txt", moved},
+                          {"two.txt", MoveOutcome::stopped},
+                          {"three.txt", MoveOutcome::stopped}}));
+    EXPECT_EQ(user_.trashed(), 1U);
+}
+
+TEST_F(SetMoves, PutBackAFileWhoseSecondLookIsStopped) {
+    fs::permissions(three_, fs::perms::owner_read);
+    CleanUp::Settings settings = at(MoveStep::lookAgain, [this] { fs::remove(one_); });
+    settings.stopped = [questions = 0]() mutable { return ++questions > 1; };
+    EXPECT_EQ(run(std::move(settings)), outcomes(MoveOutcome::stopped, MoveOutcome::stopped));
+    EXPECT_EQ(contentOf(two_), "same");
+    expectNothingMoved();
+}
+
 TEST_F(SetMoves, AreNotMadeWhileAnotherCleanUpHasItsTurn) {
     const auto turn = user_.turns().tryTake(0);
     ASSERT_TRUE(turn);
