@@ -1,8 +1,5 @@
-#include "cli/restore_bench.h"
+#include "cli/restore_fixture.h"
 #include "support/mount.h"
-
-#include <fcntl.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -14,7 +11,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Where the moves cannot be written down, none is made.
-class CleanJournal : public RestoreBench {
+class CleanJournal : public RestoreFixture {
  protected:
     /// One clean-up has been written down; another set is there.
     CleanJournal() {
@@ -92,27 +89,15 @@ TEST_F(CleanJournal, ThatIsDamagedFurtherDownIsSetAsideAndNothingIsMovedYet) {
 }
 
 TEST_F(CleanJournal, OfANewerVersionIsNamedAndNothingIsMoved) {
-    {
-        std::fstream file(journal(), std::ios::in | std::ios::out | std::ios::binary);
-        // The version of the schema in the header of a database, the last of four bytes.
-        file.seekp(63);
-        file.put(9);
-    }
+    makeJournalNewer();
     const std::string before = contentOf(journal());
     expectRefused("written by a newer version of the program");
     EXPECT_EQ(contentOf(journal()), before);
 }
 
 TEST_F(CleanJournal, ThatIsLockedForTooLongIsNamedAndNothingIsMoved) {
-    const int held = ::open(journal().c_str(), O_RDWR | O_CLOEXEC);
-    ASSERT_GE(held, 0);
-    // Where a database is locked by whoever writes it.
-    struct flock whole{};
-    whole.l_type = F_WRLCK;
-    whole.l_whence = SEEK_SET;
-    whole.l_start = 0x40000000;
-    whole.l_len = 512;
-    ASSERT_EQ(::fcntl(held, F_SETLK, &whole), 0);
+    Descriptor lock = lockedJournal();
+    ASSERT_TRUE(lock.isOpen());
     const ProgramResult result = tarvin({"clean", "--yes", photos()});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.errors, "tarvin: " + journal() +
@@ -121,7 +106,7 @@ TEST_F(CleanJournal, ThatIsLockedForTooLongIsNamedAndNothingIsMoved) {
     EXPECT_EQ(result.output, "");
     EXPECT_EQ(treeOf(photos()).size(), 4U);
     EXPECT_EQ(trashed(), 1U);
-    ::close(held);
+    lock.reset();
     EXPECT_EQ(tarvin({"clean", "--yes", photos()}).status, 0);
     EXPECT_EQ(trashed(), 3U);
 }

@@ -1,4 +1,4 @@
-#include "cli/restore_bench.h"
+#include "cli/restore_fixture.h"
 
 #include <filesystem>
 #include <fstream>
@@ -11,7 +11,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Files of no bytes are equal, and go and come back like all others.
-class EmptyFiles : public RestoreBench {
+class EmptyFiles : public RestoreFixture {
  protected:
     EmptyFiles() { writeEqual({"a.txt", "b.txt", "c/a.txt", "d.txt"}, ""); }
 };

@@ -2,14 +2,17 @@
 
 #include "cli/program_run.h"
 #include "cli/result_json.h"
+#include "platform/file_system.h"
 #include "support/file_content.h"
 #include "support/temporary_folder.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <cstddef>
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <set>
 #include <string>
@@ -19,7 +22,7 @@
 namespace tarvin {
 
 /// Photos and a home of the test's own, with its Trash; files are cleaned up and put back.
-class RestoreBench : public testing::Test {
+class RestoreFixture : public testing::Test {
  protected:
     /// What is at a path.
     struct Entry {
@@ -101,6 +104,26 @@ class RestoreBench : public testing::Test {
         const std::string text = tarvin({"totals"}).output;
         EXPECT_TRUE(text.starts_with("Files cleaned so far: " + std::to_string(count) + " ("))
             << text;
+    }
+
+    /// Gives the journal a version of its schema that only a newer program can know.
+    void makeJournalNewer() const {
+        std::fstream file(journal(), std::ios::in | std::ios::out | std::ios::binary);
+        // The last of the four bytes of the user version in the header of a database.
+        file.seekp(63);
+        file.put(9);
+    }
+
+    /// Locks the journal as a process does that writes to it through SQLite, until the result is
+    /// destroyed. Not open if that fails.
+    [[nodiscard]] Descriptor lockedJournal() const {
+        Descriptor file(systemFileSystem(), ::open(journal().c_str(), O_RDWR | O_CLOEXEC));
+        struct flock whole{};
+        whole.l_type = F_WRLCK;
+        whole.l_whence = SEEK_SET;
+        whole.l_start = 0x40000000;
+        whole.l_len = 512;
+        return ::fcntl(file.number(), F_SETLK, &whole) == 0 ? std::move(file) : Descriptor();
     }
 
     TemporaryFolder folder_;

@@ -1,8 +1,6 @@
-#include "cli/restore_bench.h"
+#include "cli/restore_fixture.h"
 
-#include <fcntl.h>
 #include <gmock/gmock.h>
-#include <unistd.h>
 
 #include <fstream>
 
@@ -12,7 +10,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// A journal that cannot be used.
-class RestoreJournal : public RestoreBench {
+class RestoreJournal : public RestoreFixture {
  protected:
     RestoreJournal() {
         writeEqual({"a.jpg", "b.jpg"});
@@ -38,28 +36,17 @@ TEST_F(RestoreJournal, ThatIsDamagedIsNamed) {
 }
 
 TEST_F(RestoreJournal, OfANewerVersionIsNamed) {
-    std::fstream file(journal(), std::ios::in | std::ios::out | std::ios::binary);
-    // The version of the schema in the header of a database, the last of four bytes.
-    file.seekp(63);
-    file.put(9);
-    file.close();
+    makeJournalNewer();
     expectRefused(journal(), "written by a newer version of the program");
 }
 
 TEST_F(RestoreJournal, ThatIsLockedIsNamed) {
-    const int held = ::open(journal().c_str(), O_RDWR | O_CLOEXEC);
-    ASSERT_GE(held, 0);
-    // Where a database is locked by whoever writes it.
-    struct flock whole{};
-    whole.l_type = F_WRLCK;
-    whole.l_whence = SEEK_SET;
-    whole.l_start = 0x40000000;
-    whole.l_len = 512;
-    ASSERT_EQ(::fcntl(held, F_SETLK, &whole), 0);
+    Descriptor lock = lockedJournal();
+    ASSERT_TRUE(lock.isOpen());
     const ProgramResult result = restore();
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.errors, "tarvin: " + journal() + ": in use by another process\n");
-    ::close(held);
+    lock.reset();
     EXPECT_EQ(restore().status, 0);
 }
 

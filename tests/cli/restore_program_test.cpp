@@ -1,5 +1,5 @@
 #include "cli/pipe.h"
-#include "cli/restore_bench.h"
+#include "cli/restore_fixture.h"
 
 #include <gmock/gmock.h>
 
@@ -14,7 +14,7 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::MatchesRegex;
 
-class Restore : public RestoreBench {
+class Restore : public RestoreFixture {
  protected:
     /// A file in the Trash by what it is called there.
     [[nodiscard]] std::string inTrash(const std::string& path) const {

@@ -1,5 +1,5 @@
 #include "cli/pseudo_terminal.h"
-#include "cli/restore_bench.h"
+#include "cli/restore_fixture.h"
 #include "support/waiting.h"
 
 #include <gmock/gmock.h>
@@ -15,7 +15,7 @@ using testing::HasSubstr;
 constexpr const char* ctrlC = "\x03";
 
 /// With a person at a terminal.
-class RestoreAsking : public RestoreBench {
+class RestoreAsking : public RestoreFixture {
  protected:
     RestoreAsking() {
         writeEqual({"a.jpg", "b.jpg", "c.jpg"});
@@ -90,7 +90,7 @@ TEST_F(RestoreAsking, CtrlCAtTheQuestionEndsIt) {
 }
 
 /// A clean-up of many files.
-class RestoreMany : public RestoreBench {
+class RestoreMany : public RestoreFixture {
  protected:
     static constexpr std::size_t files = 3000;
 
