@@ -2,6 +2,7 @@
 
 #include "store/clean_up_totals.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <utility>
@@ -12,6 +13,12 @@ namespace {
 
 /// What is written down at a time; a crash has the next look find out so many again.
 constexpr std::size_t rowsAtOnce = 512;
+
+/// As far as the journal knows.
+std::uint64_t filesInTrash(const CleanUpSummary& cleanUp) {
+    const std::uint64_t away = cleanUp.putBackFiles + cleanUp.lostFiles;
+    return cleanUp.movedFiles - std::min(cleanUp.movedFiles, away);
+}
 
 /// Writes down in portions what became of moves.
 class Marks final {
@@ -52,8 +59,35 @@ class Marks final {
 
 }  // namespace
 
-StoreResult<std::unique_ptr<PutBack>> PutBack::open(Platform& platform, DataFile& totals) {
-    auto opened = openRecovered(platform, totals);
+std::optional<UncheckedCleanUp> uncheckedCleanUp(CleanUpJournal& journal, std::size_t maxPaths,
+                                                 std::optional<CleanUpId> id) {
+    const auto all = journal.cleanUps();
+    const auto* known = std::get_if<std::vector<CleanUpSummary>>(&all);
+    if (known == nullptr) {
+        return std::nullopt;
+    }
+    const auto found = std::find_if(known->begin(), known->end(), [&](const auto& each) {
+        return id ? each.id == *id : filesInTrash(each) > 0;
+    });
+    if (found == known->end()) {
+        return std::nullopt;
+    }
+    const auto moves = journal.moves(found->id, {MoveState::moved}, maxPaths);
+    const auto* files = std::get_if<std::vector<JournalMove>>(&moves);
+    if (files == nullptr) {
+        return std::nullopt;
+    }
+    UncheckedCleanUp unchecked{found->id, found->begun, {}, filesInTrash(*found)};
+    for (const JournalMove& move : *files) {
+        unchecked.paths.push_back(move.path);
+    }
+    return unchecked;
+}
+
+StoreResult<std::unique_ptr<PutBack>> PutBack::open(
+    Platform& platform, DataFile& totals,
+    const std::function<void(CleanUpJournal&)>& beforeRecovery) {
+    auto opened = openRecovered(platform, totals, beforeRecovery);
     if (auto* error = std::get_if<StoreError>(&opened)) {
         return std::move(*error);
     }

@@ -3,15 +3,18 @@
 #include "clean/file_return.h"
 #include "clean/recovered_journal.h"
 #include "platform/platform.h"
+#include "platform/timestamp.h"
 #include "platform/trash_move.h"
 #include "store/clean_up_journal.h"
 #include "store/data_file.h"
 #include "store/store_error.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <variant>
 #include <vector>
 
@@ -24,6 +27,19 @@ enum class NothingToPutBack : std::uint8_t {
     noneInTrash    ///< what it moved is not in the Trash any more
 };
 
+/// What the journal says of a clean-up, before any of its files is checked.
+struct UncheckedCleanUp {
+    CleanUpId id = 0;
+    Timestamp begun;
+    std::vector<std::string> paths;  ///< of the first files that are in the Trash, in order
+    std::uint64_t all = 0;           ///< files in the Trash
+};
+
+/// Reads the clean-up `id`, or else the newest one with files in the Trash, with up to `maxPaths`
+/// paths. nullopt if there is none, or if the journal cannot be read.
+[[nodiscard]] std::optional<UncheckedCleanUp> uncheckedCleanUp(
+    CleanUpJournal& journal, std::size_t maxPaths, std::optional<CleanUpId> id = std::nullopt);
+
 /// Puts the files of a clean-up back from the Trash to where they were, each as FileReturn does,
 /// and writes that down. One thread at a time.
 class PutBack final {
@@ -34,9 +50,14 @@ class PutBack final {
     };
 
     /// Recovers what earlier clean-ups have left open. The reason if there is no usable journal.
-    static StoreResult<std::unique_ptr<PutBack>> open(Platform& platform, DataFile& totals);
+    /// `beforeRecovery` is that of openRecovered().
+    static StoreResult<std::unique_ptr<PutBack>> open(
+        Platform& platform, DataFile& totals,
+        const std::function<void(CleanUpJournal&)>& beforeRecovery = {});
     PutBack(const PutBack&) = delete;
     PutBack& operator=(const PutBack&) = delete;
+
+    [[nodiscard]] CleanUpJournal& journal() { return journal_; }
 
     /// Those that have moved something, newest first; those that still run are left out.
     StoreResult<std::vector<CleanUpSummary>> cleanUps();

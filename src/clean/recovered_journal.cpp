@@ -15,7 +15,9 @@ LockFile turnsIn(const std::string& folder) {
 
 }  // namespace
 
-std::variant<RecoveredJournal, StoreError> openRecovered(Platform& platform, DataFile& totals) {
+std::variant<RecoveredJournal, StoreError> openRecovered(
+    Platform& platform, DataFile& totals,
+    const std::function<void(CleanUpJournal&)>& beforeRecovery) {
     const std::optional<std::string> folder = platform.applicationSupportFolder();
     if (!folder) {
         return StoreError{"", "there is no home folder to keep the journal in",
@@ -27,6 +29,9 @@ std::variant<RecoveredJournal, StoreError> openRecovered(Platform& platform, Dat
     }
     RecoveredJournal opened{turnsIn(*folder), std::get<CleanUpJournal>(std::move(journal)),
                             platform.makeTrashMover()};
+    if (beforeRecovery) {
+        beforeRecovery(opened.journal);
+    }
     static_cast<void>(recoverCleanUps(platform.fileSystem(), *opened.trash, opened.turns,
                                       opened.journal, totals));
     return opened;

@@ -7,6 +7,7 @@
 #include "store/data_file.h"
 #include "store/store_error.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -24,9 +25,11 @@ struct RecoveredJournal {
 /// Opens the journal in the application-support folder, and makes it if it is missing. What
 /// clean-ups have left open whose process has ended is recovered and brings the totals up to it; a
 /// failure of that is not told, since the next call tries again. One thread, that which uses the
-/// journal then.
-[[nodiscard]] std::variant<RecoveredJournal, StoreError> openRecovered(Platform& platform,
-                                                                       DataFile& totals);
+/// journal then. `beforeRecovery`, which may be empty, is called with the open journal: the
+/// recovery checks files and so blocks while a drive does not respond.
+[[nodiscard]] std::variant<RecoveredJournal, StoreError> openRecovered(
+    Platform& platform, DataFile& totals,
+    const std::function<void(CleanUpJournal&)>& beforeRecovery = {});
 
 /// Gives a journal that is of no use a name of its own, so that the next clean-up begins a new one;
 /// what it knows can then be put back by the desktop's Trash only. The new path; none if `error` is

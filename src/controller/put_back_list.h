@@ -1,13 +1,11 @@
 #pragma once
 
 #include "clean/put_back.h"
-#include "platform/timestamp.h"
 
 #include <QAbstractTableModel>
 #include <QCoreApplication>
 #include <QString>
 #include <cstdint>
-#include <string>
 #include <vector>
 
 namespace tarvin {
@@ -36,13 +34,6 @@ class PutBackOutlook final {
     std::uint64_t coming_ = 0;
     std::uint64_t all_ = 0;
     std::uint64_t bytes_ = 0;
-};
-
-/// What is known of a clean-up before its files have been looked at.
-struct UncheckedCleanUp {
-    Timestamp begun;
-    std::vector<std::string> paths;  ///< of its files, in order; as many as a list shows
-    std::uint64_t all = 0;           ///< files
 };
 
 /// The files of the last clean-up, the places that they go back to and what becomes of them, for a

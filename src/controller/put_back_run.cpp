@@ -1,20 +1,8 @@
 #include "controller/put_back_run.h"
 
-#include <algorithm>
-#include <string>
 #include <utility>
 
 namespace tarvin {
-
-namespace {
-
-/// As far as the journal knows.
-std::uint64_t filesInTrash(const CleanUpSummary& cleanUp) {
-    const std::uint64_t away = cleanUp.putBackFiles + cleanUp.lostFiles;
-    return cleanUp.movedFiles - std::min(cleanUp.movedFiles, away);
-}
-
-}  // namespace
 
 PutBackRun::PutBackRun(Platform& platform, DataFile totals)
     : platform_(platform), totals_(std::move(totals)) {}
@@ -38,8 +26,15 @@ std::optional<UncheckedCleanUp> PutBackRun::takeUnchecked() {
 }
 
 void PutBackRun::lookForCleanUp(const std::function<void()>& listed) {
-    list(std::nullopt, listed);
-    auto opened = PutBack::open(platform_, totals_);
+    std::optional<CleanUpId> shown;
+    const auto list = [&](CleanUpJournal& journal, std::optional<CleanUpId> id) {
+        if (auto unchecked = uncheckedCleanUp(journal, FileReasons::mostListed, id)) {
+            shown = unchecked->id;
+            showUnchecked(std::move(*unchecked), listed);
+        }
+    };
+    auto opened = PutBack::open(platform_, totals_,
+                                [&](CleanUpJournal& journal) { list(journal, std::nullopt); });
     if (auto* error = std::get_if<StoreError>(&opened)) {
         failure_ = std::move(*error);
         return;
@@ -56,8 +51,8 @@ void PutBackRun::lookForCleanUp(const std::function<void()>& listed) {
         return;
     }
     cleanUp_ = std::get<CleanUpSummary>(found);
-    if (cleanUp_->id != listed_) {
-        list(cleanUp_->id, listed);
+    if (cleanUp_->id != shown) {
+        list(engine_->journal(), cleanUp_->id);
     }
     failure_ = engine_->examine(cleanUp_->id, [this](const PutBackFile& file) {
         outlook_.add(file);
@@ -65,42 +60,10 @@ void PutBackRun::lookForCleanUp(const std::function<void()>& listed) {
     });
 }
 
-/// Lists what a clean-up has moved, or the likeliest one: the last that has something in the Trash.
-/// What the journal refuses is told by the examination, which asks it again.
-void PutBackRun::list(std::optional<CleanUpId> id, const std::function<void()>& listed) {
-    const std::optional<std::string> folder = platform_.applicationSupportFolder();
-    if (!folder || !CleanUpJournal::isIn(*folder)) {
-        return;
-    }
-    auto opened = CleanUpJournal::open(*folder);
-    auto* journal = std::get_if<CleanUpJournal>(&opened);
-    if (journal == nullptr) {
-        return;
-    }
-    const auto all = journal->cleanUps();
-    const auto* known = std::get_if<std::vector<CleanUpSummary>>(&all);
-    if (known == nullptr) {
-        return;
-    }
-    const auto found = std::find_if(known->begin(), known->end(), [&](const auto& each) {
-        return id ? each.id == *id : filesInTrash(each) > 0;
-    });
-    if (found == known->end()) {
-        return;
-    }
-    const auto moves = journal->moves(found->id, {MoveState::moved}, FileReasons::mostListed);
-    const auto* files = std::get_if<std::vector<JournalMove>>(&moves);
-    if (files == nullptr) {
-        return;
-    }
-    UncheckedCleanUp unchecked{found->begun, {}, filesInTrash(*found)};
-    for (const JournalMove& move : *files) {
-        unchecked.paths.push_back(move.path);
-    }
-    listed_ = found->id;
+void PutBackRun::showUnchecked(UncheckedCleanUp cleanUp, const std::function<void()>& listed) {
     {
         const std::lock_guard lock(mutex_);
-        unchecked_ = std::move(unchecked);
+        unchecked_ = std::move(cleanUp);
     }
     listed();
 }

@@ -66,7 +66,7 @@ class PutBackRun final {
 
  private:
     void lookForCleanUp(const std::function<void()>& listed);
-    void list(std::optional<CleanUpId> id, const std::function<void()>& listed);
+    void showUnchecked(UncheckedCleanUp cleanUp, const std::function<void()>& listed);
     void bringBack();
     void count(const PutBackFile& file);
 
@@ -78,7 +78,6 @@ class PutBackRun final {
     // All below is the thread's own while it runs.
     DataFile totals_;
     std::unique_ptr<PutBack> engine_;
-    std::optional<CleanUpId> listed_;
     std::optional<CleanUpSummary> cleanUp_;
     NothingToPutBack nothing_ = NothingToPutBack::neverCleaned;
     PutBackOutlook outlook_;

@@ -140,6 +140,30 @@ class PutBackTest : public ::testing::Test {
 
 constexpr PutBackOutcome toItsPlace = PutBackOutcome::toItsPlace;
 
+TEST_F(PutBackTest, ListsTheNewestCleanUpBeforeRecoveryChecksFiles) {
+    cleanSet({"a.txt", "b.txt", "c.txt"});
+    {
+        CleaningUser crashed(home_.path());
+        const auto id = std::get<CleanUpId>(crashed.journal().begin({}));
+        const std::vector<PlannedMove> moves{{tree_.pathOf("a.txt"), 1, 8, {}}};
+        ASSERT_TRUE(std::holds_alternative<MoveRow>(crashed.journal().plan(id, moves)));
+    }
+    const FaultyFileSystem& files = platform_.fileSystem();
+    std::optional<UncheckedCleanUp> listed;
+    const auto opened = PutBack::open(platform_, totals_, [&](CleanUpJournal& journal) {
+        listed = uncheckedCleanUp(journal, 1);
+        EXPECT_EQ(files.calls(FileCall::attributesAtPath), 0U);
+    });
+    EXPECT_GT(files.calls(FileCall::attributesAtPath), 0U);
+    ASSERT_TRUE(listed);
+    EXPECT_EQ(listed->id, 1);
+    EXPECT_EQ(listed->paths, std::vector{tree_.pathOf("b.txt")});
+    EXPECT_EQ(listed->all, 2U);
+    auto& journal = std::get<std::unique_ptr<PutBack>>(opened)->journal();
+    EXPECT_EQ(uncheckedCleanUp(journal, 1, 2)->all, 0U);
+    EXPECT_FALSE(uncheckedCleanUp(journal, 1, 3));
+}
+
 TEST(PutBackName, HasItsAdditionBeforeTheExtension) {
     EXPECT_EQ(putBackName("beach.jpg", 1, 255), "beach (put back).jpg");
     EXPECT_EQ(putBackName("beach.jpg", 2, 255), "beach (put back 2).jpg");
