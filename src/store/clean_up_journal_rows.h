@@ -1,0 +1,82 @@
+#pragma once
+
+#include "platform/result.h"
+#include "platform/timestamp.h"
+#include "store/clean_up_journal.h"
+#include "store/sqlite_database.h"
+#include "store/store_error.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+// For the sources of CleanUpJournal alone: its numbers, and the rows that several of them write.
+
+namespace tarvin {
+
+inline constexpr auto maxNumber = std::numeric_limits<std::int64_t>::max();
+
+// Rows of moves and folders have the number of their clean-up in the upper half. So those of one
+// clean-up are neighbours, are found and deleted without an index, and new ones are appended.
+inline constexpr unsigned rowBits = 32;
+inline constexpr std::int64_t rowsOfCleanUp = std::int64_t{1} << rowBits;
+
+[[nodiscard]] constexpr CleanUpId cleanUpOf(MoveRow row) {
+    return row >> rowBits;
+}
+
+[[nodiscard]] constexpr std::int64_t firstRowOf(CleanUpId id) {
+    return id << rowBits;
+}
+
+/// 0 for a negative number.
+[[nodiscard]] std::uint64_t asCount(std::int64_t number);
+/// Ends at the largest number.
+[[nodiscard]] std::int64_t asNumber(std::uint64_t count);
+/// Of two numbers that are not negative; ends at the largest one.
+[[nodiscard]] std::int64_t cappedSum(std::int64_t one, std::int64_t other);
+
+void withDate(SqliteStatement& statement, const std::optional<Timestamp>& date);
+[[nodiscard]] std::optional<Timestamp> dateIn(const SqliteStatement& row, int column);
+
+[[nodiscard]] StoreError passingError(const std::string& path, SystemError reason);
+
+/// The numbers of the folders of one clean-up, as a transaction asks for them.
+class FolderNumbers final {
+ public:
+    FolderNumbers(SqliteDatabase& database, CleanUpId id);
+
+    std::int64_t numberOf(std::string_view path);
+    /// To be called once, at the end.
+    void storeCount();
+
+ private:
+    /// Paths are looked up by views, whose texts outlive the transaction.
+    static constexpr std::size_t maxKnown = 4096;
+
+    std::int64_t storedNumberOf(std::string_view path);
+
+    SqliteDatabase& database_;
+    const CleanUpId id_;
+    std::int64_t count_ = 0;
+    std::unordered_map<std::string_view, std::int64_t> known_;
+};
+
+/// What changes of a clean-up's counters in a transaction.
+struct CounterChanges {
+    std::int64_t movedFiles = 0;
+    std::int64_t movedBytes = 0;
+    std::int64_t leftFiles = 0;
+    std::int64_t putBackFiles = 0;
+    std::int64_t putBackBytes = 0;
+    std::int64_t lostFiles = 0;
+};
+
+void storeCounters(SqliteDatabase& database, CleanUpId id, const CounterChanges& changes);
+
+}  // namespace tarvin

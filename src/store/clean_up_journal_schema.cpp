@@ -1,0 +1,125 @@
+#include "store/clean_up_journal_schema.h"
+
+#include "store/store_error.h"
+
+#include <cstdint>
+#include <optional>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+constexpr std::uint32_t applicationId = 0x54414355;  // "TACU"
+constexpr std::uint32_t schemaVersion = 2;
+
+// The folder may be on a network volume, so no write-ahead log: its shared memory works on one
+// machine only. The rollback journal is truncated, and with "full" that is flushed to disk, too; a
+// removed one could be there again after a power failure and undo what was committed.
+constexpr const char* settings =
+    "PRAGMA journal_mode = TRUNCATE;"
+    "PRAGMA synchronous = FULL;"
+    "PRAGMA foreign_keys = ON;"
+    "PRAGMA cell_size_check = ON;"
+    "PRAGMA secure_delete = FAST;"
+    "PRAGMA temp_store = MEMORY;";
+
+// Sizes of a data file are of 64 bits without a sign and stand in intent with the same bits. A
+// move's name in the Trash is null if it is its own. States are those of MoveState.
+constexpr const char* schema =
+    "CREATE TABLE clean_up ("
+    " id INTEGER PRIMARY KEY AUTOINCREMENT,"
+    " begun INTEGER NOT NULL,"               // nanoseconds since 1970
+    " finished INTEGER NOT NULL DEFAULT 0,"  // 2 while files of a finished one are put back
+    " folders INTEGER NOT NULL DEFAULT 0,"
+    " planned INTEGER NOT NULL DEFAULT 0,"
+    " moved_files INTEGER NOT NULL DEFAULT 0,"
+    " moved_bytes INTEGER NOT NULL DEFAULT 0,"
+    " left_files INTEGER NOT NULL DEFAULT 0,"
+    " put_back_files INTEGER NOT NULL DEFAULT 0,"
+    " put_back_bytes INTEGER NOT NULL DEFAULT 0,"
+    " lost_files INTEGER NOT NULL DEFAULT 0,"
+    " counted_files INTEGER NOT NULL DEFAULT 0,"
+    " counted_bytes INTEGER NOT NULL DEFAULT 0) STRICT;"
+    "CREATE TABLE folder ("
+    " id INTEGER PRIMARY KEY,"
+    " clean_up INTEGER NOT NULL REFERENCES clean_up (id) ON DELETE CASCADE,"
+    " path BLOB NOT NULL,"
+    " UNIQUE (clean_up, path)) STRICT;"
+    "CREATE TABLE move ("
+    " id INTEGER PRIMARY KEY,"
+    " folder INTEGER NOT NULL,"  // the lower half of its row
+    " name BLOB NOT NULL,"
+    " inode INTEGER NOT NULL,"
+    " size INTEGER NOT NULL,"
+    " modified INTEGER,"
+    " stays_folder INTEGER NOT NULL,"  // 0 if no file of the content is to stay
+    " stays_name BLOB,"                // null if it is that of the file that is moved
+    " stays_inode INTEGER,"
+    " stays_modified INTEGER,"
+    " state INTEGER NOT NULL,"
+    " trash INTEGER NOT NULL,"  // the lower half of a folder's row; 0 if it was not moved
+    " trash_name BLOB,"
+    " reason BLOB) STRICT;"
+    "CREATE TABLE intent ("
+    " one INTEGER PRIMARY KEY CHECK (one = 1),"
+    " clean_up INTEGER NOT NULL REFERENCES clean_up (id),"
+    " counted_files INTEGER NOT NULL,"
+    " counted_bytes INTEGER NOT NULL,"
+    " files INTEGER NOT NULL,"
+    " bytes INTEGER NOT NULL,"
+    " before_count INTEGER NOT NULL,"
+    " before_size INTEGER NOT NULL,"
+    " after_count INTEGER NOT NULL,"
+    " after_size INTEGER NOT NULL) STRICT;"
+    "PRAGMA application_id = 1413563221;"
+    "PRAGMA user_version = 2;";
+static_assert(applicationId == 1413563221 && schemaVersion == 2, "as the schema says");
+
+}  // namespace
+
+void prepareSchema(SqliteDatabase& database, const std::string& path) {
+    const auto isOurs = [&](std::int64_t application, std::int64_t version) {
+        if (application != applicationId) {
+            database.fail({path, "a database of another program", StoreError::Kind::unusable});
+        } else if (version > schemaVersion) {
+            database.fail(
+                {path, "written by a newer version of the program", StoreError::Kind::passing});
+        } else if (version < schemaVersion) {
+            database.failDamaged();
+        }
+    };
+    // Before SQLite itself looks into the file: it might begin to write beside it.
+    if (const auto header = database.header()) {
+        isOurs(header->applicationId, header->userVersion);
+    }
+    database.execute(settings);
+    std::int64_t application = 0;
+    std::int64_t version = 0;
+    std::int64_t tables = 0;
+    {
+        SqliteStatement read = database.statement(
+            "SELECT (SELECT application_id FROM pragma_application_id),"
+            " (SELECT user_version FROM pragma_user_version),"
+            " (SELECT count(*) FROM sqlite_master)");
+        if (read.step()) {
+            application = read.number(0);
+            version = read.number(1);
+            tables = read.number(2);
+        }
+    }
+    if (!database.ok()) {
+        return;
+    }
+    if (application != 0 || version != 0 || tables != 0) {
+        isOurs(application, version);
+        return;
+    }
+    SqliteTransaction making(database);
+    database.execute(schema);
+    if (auto error = making.commit()) {
+        database.fail(std::move(*error));
+    }
+}
+
+}  // namespace tarvin
