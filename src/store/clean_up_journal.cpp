@@ -34,6 +34,23 @@ StoreError lockError(const LockFile& locks, SystemError reason) {
     return passingError(locks.path(), reason);
 }
 
+CleanUpId nextIdIn(SqliteDatabase& database) {
+    SqliteStatement last =
+        database.statement("SELECT seq FROM sqlite_sequence WHERE name = 'clean_up'");
+    return last.step() ? last.number(0) + 1 : 1;
+}
+
+/// Takes the lock of `id`, or of the next number that is free: who used a journal that was put
+/// aside since may still hold the lock of a number.
+Result<FileLock> takeUnheld(const LockFile& locks, CleanUpId& id) {
+    Result<FileLock> lock = locks.tryTake(static_cast<std::uint64_t>(id));
+    for (int tries = 0; !lock && lock.error().code == EBUSY && tries < maxLockedNumbers; ++tries) {
+        ++id;
+        lock = locks.tryTake(static_cast<std::uint64_t>(id));
+    }
+    return lock;
+}
+
 /// Whether nothing of it is to be found out at the next start.
 bool isSettled(const CleanUpSummary& cleanUp) {
     return cleanUp.finished && !cleanUp.isReturning;
@@ -137,21 +154,9 @@ StoreResult<CleanUpId> CleanUpJournal::begin(Timestamp now) {
     }
     prune();
     SqliteTransaction beginning(*database_);
-    CleanUpId id = 1;
-    {
-        SqliteStatement last =
-            database_->statement("SELECT seq FROM sqlite_sequence WHERE name = 'clean_up'");
-        if (last.step()) {
-            id = last.number(0) + 1;
-        }
-    }
-    // Taken before others can see the clean-up. Who used a journal that was put aside since may
-    // still hold the lock of a number.
-    Result<FileLock> lock = locks_.tryTake(static_cast<std::uint64_t>(id));
-    for (int tries = 0; !lock && lock.error().code == EBUSY && tries < maxLockedNumbers; ++tries) {
-        ++id;
-        lock = locks_.tryTake(static_cast<std::uint64_t>(id));
-    }
+    CleanUpId id = nextIdIn(*database_);
+    // Taken before others can see the clean-up.
+    Result<FileLock> lock = takeUnheld(locks_, id);
     if (!lock) {
         database_->fail(lockError(locks_, lock.error()));
     }

@@ -28,46 +28,22 @@ CleanUpSummary summaryOf(const SqliteStatement& row) {
     return summary;
 }
 
-}  // namespace
-
-StoreResult<std::vector<CleanUpSummary>> CleanUpJournal::cleanUps() {
-    if (auto error = writeOutcomes()) {
-        return std::move(*error);
-    }
-    std::vector<CleanUpSummary> found;
-    SqliteStatement read = database_->statement(
-        "SELECT id, begun, finished, planned, moved_files, moved_bytes, left_files,"
-        " put_back_files, put_back_bytes, lost_files FROM clean_up ORDER BY id DESC");
-    while (read.step()) {
-        found.push_back(summaryOf(read));
-    }
-    if (auto error = database_->takeError()) {
-        return std::move(*error);
-    }
-    return found;
+/// With parameters for the rows before the first and behind the last one, a set of states and a
+/// limit. A state that is none is read as damage, not passed over.
+const char* selectMoves(CleanUpJournal::Order order) {
+    static const std::string select =
+        "SELECT move.id, folder.path, name, inode, size, modified, state, trash.path,"
+        " coalesce(trash_name, name), reason, stays.path, coalesce(stays_name, name), stays_inode,"
+        " stays_modified FROM move"
+        " LEFT JOIN folder ON folder.id = (move.id >> 32 << 32 | move.folder)"
+        " LEFT JOIN folder AS trash ON trash.id = (move.id >> 32 << 32 | move.trash)"
+        " LEFT JOIN folder AS stays ON stays.id = (move.id >> 32 << 32 | stays_folder)"
+        " WHERE move.id > ? AND move.id < ? AND (state NOT BETWEEN 0 AND 4 OR ? >> state & 1)"
+        " ORDER BY move.id ";
+    static const std::string asPlanned = select + "LIMIT ?";
+    static const std::string lastFirst = select + "DESC LIMIT ?";
+    return (order == CleanUpJournal::Order::asPlanned ? asPlanned : lastFirst).c_str();
 }
-
-namespace {
-
-// A state that is none is read as damage, not passed over.
-constexpr const char* movesForward =
-    "SELECT move.id, folder.path, name, inode, size, modified, state, trash.path,"
-    " coalesce(trash_name, name), reason, stays.path, coalesce(stays_name, name), stays_inode,"
-    " stays_modified FROM move"
-    " LEFT JOIN folder ON folder.id = (move.id >> 32 << 32 | move.folder)"
-    " LEFT JOIN folder AS trash ON trash.id = (move.id >> 32 << 32 | move.trash)"
-    " LEFT JOIN folder AS stays ON stays.id = (move.id >> 32 << 32 | stays_folder)"
-    " WHERE move.id > ? AND move.id < ? AND (state NOT BETWEEN 0 AND 4 OR ? >> state & 1)"
-    " ORDER BY move.id LIMIT ?";
-constexpr const char* movesBackward =
-    "SELECT move.id, folder.path, name, inode, size, modified, state, trash.path,"
-    " coalesce(trash_name, name), reason, stays.path, coalesce(stays_name, name), stays_inode,"
-    " stays_modified FROM move"
-    " LEFT JOIN folder ON folder.id = (move.id >> 32 << 32 | move.folder)"
-    " LEFT JOIN folder AS trash ON trash.id = (move.id >> 32 << 32 | move.trash)"
-    " LEFT JOIN folder AS stays ON stays.id = (move.id >> 32 << 32 | stays_folder)"
-    " WHERE move.id > ? AND move.id < ? AND (state NOT BETWEEN 0 AND 4 OR ? >> state & 1)"
-    " ORDER BY move.id DESC LIMIT ?";
 
 /// False if the row cannot be one of ours.
 bool readMove(const SqliteStatement& row, JournalMove& move) {
@@ -98,6 +74,23 @@ bool readMove(const SqliteStatement& row, JournalMove& move) {
 
 }  // namespace
 
+StoreResult<std::vector<CleanUpSummary>> CleanUpJournal::cleanUps() {
+    if (auto error = writeOutcomes()) {
+        return std::move(*error);
+    }
+    std::vector<CleanUpSummary> found;
+    SqliteStatement read = database_->statement(
+        "SELECT id, begun, finished, planned, moved_files, moved_bytes, left_files,"
+        " put_back_files, put_back_bytes, lost_files FROM clean_up ORDER BY id DESC");
+    while (read.step()) {
+        found.push_back(summaryOf(read));
+    }
+    if (auto error = database_->takeError()) {
+        return std::move(*error);
+    }
+    return found;
+}
+
 StoreResult<std::vector<JournalMove>> CleanUpJournal::moves(CleanUpId id, MoveStates states,
                                                             std::size_t limit, MoveRow after,
                                                             Order order) {
@@ -111,7 +104,7 @@ StoreResult<std::vector<JournalMove>> CleanUpJournal::moves(CleanUpId id, MoveSt
         (isForward ? above : below) = after;
     }
     std::vector<JournalMove> found;
-    SqliteStatement read = database_->statement(isForward ? movesForward : movesBackward);
+    SqliteStatement read = database_->statement(selectMoves(order));
     read.with(above).with(below).with(std::int64_t{states.bits()}).with(asNumber(limit));
     while (read.step()) {
         if (!readMove(read, found.emplace_back())) {

@@ -17,81 +17,52 @@ std::pair<std::string_view, std::string_view> partsOf(std::string_view path) {
     return {path.substr(0, slash), path.substr(slash + 1)};
 }
 
-}  // namespace
+std::int64_t plannedIn(SqliteDatabase& database, CleanUpId id) {
+    SqliteStatement read = database.statement("SELECT planned FROM clean_up WHERE id = ?");
+    return read.with(id).step() ? read.number(0) : 0;
+}
 
-StoreResult<MoveRow> CleanUpJournal::plan(CleanUpId id, std::span<const PlannedMove> moves) {
-    if (!held_.contains(id)) {
-        return passingError(path_, SystemError{ENOLCK});
+bool canBeStored(const PlannedMove& move) {
+    return move.path.starts_with('/') && move.size <= static_cast<std::uint64_t>(maxNumber) &&
+           (!move.staying || move.staying->path.starts_with('/'));
+}
+
+void insertMove(SqliteStatement& insert, FolderNumbers& folders, MoveRow row,
+                const PlannedMove& move) {
+    const auto [folder, name] = partsOf(move.path);
+    insert.again();
+    insert.with(row).with(folders.numberOf(folder)).with(name);
+    insert.with(static_cast<std::int64_t>(move.inode));
+    insert.with(static_cast<std::int64_t>(move.size));
+    withDate(insert, move.modified);
+    if (move.staying) {
+        const auto [stayingFolder, stayingName] = partsOf(move.staying->path);
+        insert.with(folders.numberOf(stayingFolder));
+        stayingName == name ? insert.withNull() : insert.with(stayingName);
+        insert.with(static_cast<std::int64_t>(move.staying->inode));
+        withDate(insert, move.staying->modified);
+    } else {
+        insert.with(0).withNull().withNull().withNull();
     }
-    SqliteTransaction planning(*database_);
-    applyOutcomes();
-    std::int64_t planned = 0;
-    {
-        SqliteStatement read = database_->statement("SELECT planned FROM clean_up WHERE id = ?");
-        if (read.with(id).step()) {
-            planned = read.number(0);
-        }
-    }
-    const MoveRow first = firstRowOf(id) + planned + 1;
-    MoveRow row = first;
-    FolderNumbers folders(*database_, id);
-    SqliteStatement insert = database_->statement(
+    insert.with(static_cast<std::int64_t>(MoveState::planned)).run();
+}
+
+/// Returns the row behind the last one.
+MoveRow insertMoves(SqliteDatabase& database, CleanUpId id, MoveRow row,
+                    std::span<const PlannedMove> moves) {
+    FolderNumbers folders(database, id);
+    SqliteStatement insert = database.statement(
         "INSERT INTO move VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0, NULL, NULL)");
     for (const PlannedMove& move : moves) {
-        if (!move.path.starts_with('/') || move.size > static_cast<std::uint64_t>(maxNumber) ||
-            (move.staying && !move.staying->path.starts_with('/'))) {
-            database_->fail(passingError(move.path, SystemError{EINVAL}));
+        if (!canBeStored(move)) {
+            database.fail(passingError(move.path, SystemError{EINVAL}));
             break;
         }
-        const auto [folder, name] = partsOf(move.path);
-        insert.again();
-        insert.with(row++).with(folders.numberOf(folder)).with(name);
-        insert.with(static_cast<std::int64_t>(move.inode));
-        insert.with(static_cast<std::int64_t>(move.size));
-        withDate(insert, move.modified);
-        if (move.staying) {
-            const auto [stayingFolder, stayingName] = partsOf(move.staying->path);
-            insert.with(folders.numberOf(stayingFolder));
-            stayingName == name ? insert.withNull() : insert.with(stayingName);
-            insert.with(static_cast<std::int64_t>(move.staying->inode));
-            withDate(insert, move.staying->modified);
-        } else {
-            insert.with(0).withNull().withNull().withNull();
-        }
-        insert.with(static_cast<std::int64_t>(MoveState::planned)).run();
+        insertMove(insert, folders, row++, move);
     }
     folders.storeCount();
-    database_->statement("UPDATE clean_up SET planned = ? WHERE id = ?")
-        .with(row - firstRowOf(id) - 1)
-        .with(id)
-        .run();
-    insert.again();
-    if (auto error = planning.commit()) {
-        return std::move(*error);
-    }
-    outcomes_.clear();
-    return first;
+    return row;
 }
-
-std::optional<StoreError> CleanUpJournal::record(std::span<const RecordedOutcome> outcomes) {
-    outcomes_.insert(outcomes_.end(), outcomes.begin(), outcomes.end());
-    return outcomes_.size() < maxUnwrittenOutcomes ? std::nullopt : writeOutcomes();
-}
-
-std::optional<StoreError> CleanUpJournal::writeOutcomes() {
-    if (outcomes_.empty()) {
-        return std::nullopt;
-    }
-    SqliteTransaction writing(*database_);
-    applyOutcomes();
-    auto error = writing.commit();
-    if (!error) {
-        outcomes_.clear();
-    }
-    return error;
-}
-
-namespace {
 
 /// Writes the outcomes of one clean-up, inside a transaction.
 class OutcomeWriter final {
@@ -111,10 +82,9 @@ class OutcomeWriter final {
         if (read.number(0) != static_cast<std::int64_t>(MoveState::planned)) {
             return;
         }
-        const bool isMoved = outcome.state == MoveState::moved;
         SqliteStatement update = database_.statement(
             "UPDATE move SET state = ?, trash = ?, trash_name = ?, reason = ? WHERE id = ?");
-        if (isMoved) {
+        if (outcome.state == MoveState::moved) {
             const bool hasOwnName = outcome.trashName.empty() || read.bytes(2) == outcome.trashName;
             update.with(static_cast<std::int64_t>(MoveState::moved));
             update.with(folders_.numberOf(outcome.trashFolder));
@@ -188,6 +158,43 @@ Outcomes::const_iterator endOfRun(Outcomes::const_iterator first, Outcomes::cons
 static_assert(static_cast<int>(MoveState::planned) == 0 && static_cast<int>(MoveState::moved) == 1);
 
 }  // namespace
+
+StoreResult<MoveRow> CleanUpJournal::plan(CleanUpId id, std::span<const PlannedMove> moves) {
+    if (!held_.contains(id)) {
+        return passingError(path_, SystemError{ENOLCK});
+    }
+    SqliteTransaction planning(*database_);
+    applyOutcomes();
+    const MoveRow first = firstRowOf(id) + plannedIn(*database_, id) + 1;
+    const MoveRow end = insertMoves(*database_, id, first, moves);
+    database_->statement("UPDATE clean_up SET planned = ? WHERE id = ?")
+        .with(end - firstRowOf(id) - 1)
+        .with(id)
+        .run();
+    if (auto error = planning.commit()) {
+        return std::move(*error);
+    }
+    outcomes_.clear();
+    return first;
+}
+
+std::optional<StoreError> CleanUpJournal::record(std::span<const RecordedOutcome> outcomes) {
+    outcomes_.insert(outcomes_.end(), outcomes.begin(), outcomes.end());
+    return outcomes_.size() < maxUnwrittenOutcomes ? std::nullopt : writeOutcomes();
+}
+
+std::optional<StoreError> CleanUpJournal::writeOutcomes() {
+    if (outcomes_.empty()) {
+        return std::nullopt;
+    }
+    SqliteTransaction writing(*database_);
+    applyOutcomes();
+    auto error = writing.commit();
+    if (!error) {
+        outcomes_.clear();
+    }
+    return error;
+}
 
 void CleanUpJournal::applyOutcomes() {
     std::map<CleanUpId, OutcomeWriter> writers;

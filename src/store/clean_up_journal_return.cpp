@@ -1,7 +1,38 @@
 #include "store/clean_up_journal.h"
 #include "store/clean_up_journal_rows.h"
 
+#include <map>
+
 namespace tarvin {
+
+namespace {
+
+void markOne(SqliteDatabase& database, MoveRow row, MoveState state, CounterChanges& change) {
+    SqliteStatement read = database.statement("SELECT state, size FROM move WHERE id = ?");
+    if (!read.with(row).step()) {
+        if (database.ok()) {
+            database.failDamaged();
+        }
+        return;
+    }
+    const auto old = static_cast<MoveState>(read.number(0));
+    if (state == MoveState::putBack && (old == MoveState::moved || old == MoveState::lost)) {
+        ++change.putBackFiles;
+        change.putBackBytes = cappedSum(change.putBackBytes, read.number(1));
+        change.lostFiles -= old == MoveState::lost ? 1 : 0;
+    } else if (state == MoveState::lost && old == MoveState::moved) {
+        ++change.lostFiles;
+    } else {
+        return;
+    }
+    read.again();
+    database.statement("UPDATE move SET state = ? WHERE id = ?")
+        .with(static_cast<std::int64_t>(state))
+        .with(row)
+        .run();
+}
+
+}  // namespace
 
 std::optional<StoreError> CleanUpJournal::beginReturn(CleanUpId id) {
     return setFinished(id, "UPDATE clean_up SET finished = 2 WHERE id = ? AND finished");
@@ -22,29 +53,7 @@ std::optional<StoreError> CleanUpJournal::mark(std::span<const MoveRow> rows, Mo
     applyOutcomes();
     std::map<CleanUpId, CounterChanges> changes;
     for (const MoveRow row : rows) {
-        SqliteStatement read = database_->statement("SELECT state, size FROM move WHERE id = ?");
-        if (!read.with(row).step()) {
-            if (database_->ok()) {
-                database_->failDamaged();
-            }
-            break;
-        }
-        const auto old = static_cast<MoveState>(read.number(0));
-        CounterChanges& change = changes[cleanUpOf(row)];
-        if (state == MoveState::putBack && (old == MoveState::moved || old == MoveState::lost)) {
-            ++change.putBackFiles;
-            change.putBackBytes = cappedSum(change.putBackBytes, read.number(1));
-            change.lostFiles -= old == MoveState::lost ? 1 : 0;
-        } else if (state == MoveState::lost && old == MoveState::moved) {
-            ++change.lostFiles;
-        } else {
-            continue;
-        }
-        read.again();
-        database_->statement("UPDATE move SET state = ? WHERE id = ?")
-            .with(static_cast<std::int64_t>(state))
-            .with(row)
-            .run();
+        markOne(*database_, row, state, changes[cleanUpOf(row)]);
     }
     for (const auto& [id, change] : changes) {
         storeCounters(*database_, id, change);

@@ -76,49 +76,59 @@ constexpr const char* schema =
     "PRAGMA user_version = 2;";
 static_assert(applicationId == 1413563221 && schemaVersion == 2, "as the schema says");
 
-}  // namespace
-
-void prepareSchema(SqliteDatabase& database, const std::string& path) {
-    const auto isOurs = [&](std::int64_t application, std::int64_t version) {
-        if (application != applicationId) {
-            database.fail({path, "a database of another program", StoreError::Kind::unusable});
-        } else if (version > schemaVersion) {
-            database.fail(
-                {path, "written by a newer version of the program", StoreError::Kind::passing});
-        } else if (version < schemaVersion) {
-            database.failDamaged();
-        }
-    };
-    // Before SQLite itself looks into the file: it might begin to write beside it.
-    if (const auto header = database.header()) {
-        isOurs(header->applicationId, header->userVersion);
-    }
-    database.execute(settings);
+/// What a database file says of itself.
+struct StoredSchema {
     std::int64_t application = 0;
     std::int64_t version = 0;
     std::int64_t tables = 0;
-    {
-        SqliteStatement read = database.statement(
-            "SELECT (SELECT application_id FROM pragma_application_id),"
-            " (SELECT user_version FROM pragma_user_version),"
-            " (SELECT count(*) FROM sqlite_master)");
-        if (read.step()) {
-            application = read.number(0);
-            version = read.number(1);
-            tables = read.number(2);
-        }
+};
+
+StoredSchema storedSchemaIn(SqliteDatabase& database) {
+    SqliteStatement read = database.statement(
+        "SELECT (SELECT application_id FROM pragma_application_id),"
+        " (SELECT user_version FROM pragma_user_version),"
+        " (SELECT count(*) FROM sqlite_master)");
+    return read.step() ? StoredSchema{read.number(0), read.number(1), read.number(2)}
+                       : StoredSchema();
+}
+
+/// Fails unless the file has our schema.
+void expectOurSchema(SqliteDatabase& database, const std::string& path, std::int64_t application,
+                     std::int64_t version) {
+    if (application != applicationId) {
+        database.fail({path, "a database of another program", StoreError::Kind::unusable});
+    } else if (version > schemaVersion) {
+        database.fail(
+            {path, "written by a newer version of the program", StoreError::Kind::passing});
+    } else if (version < schemaVersion) {
+        database.failDamaged();
     }
-    if (!database.ok()) {
-        return;
-    }
-    if (application != 0 || version != 0 || tables != 0) {
-        isOurs(application, version);
-        return;
-    }
+}
+
+void createSchema(SqliteDatabase& database) {
     SqliteTransaction making(database);
     database.execute(schema);
     if (auto error = making.commit()) {
         database.fail(std::move(*error));
+    }
+}
+
+}  // namespace
+
+void prepareSchema(SqliteDatabase& database, const std::string& path) {
+    // Before SQLite itself looks into the file: it might begin to write beside it.
+    if (const auto header = database.header()) {
+        expectOurSchema(database, path, header->applicationId, header->userVersion);
+    }
+    database.execute(settings);
+    const StoredSchema stored = storedSchemaIn(database);
+    if (!database.ok()) {
+        return;
+    }
+    if (stored.application == 0 && stored.version == 0 && stored.tables == 0) {
+        createSchema(database);
+    } else {
+        expectOurSchema(database, path, stored.application, stored.version);
     }
 }
 
