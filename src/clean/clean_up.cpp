@@ -7,6 +7,7 @@
 #include <string>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace tarvin {
 
@@ -41,29 +42,32 @@ class CleanUp::Turn final : public SetMover {
     bool move(const File& file) override {
         const Planned* const planned = cleanUp_.plannedFor(file);
         TrashPlace place;
-        MoveResult result;
-        if (planned == nullptr) {
-            result = {.outcome = MoveOutcome::refused,
-                      .reason = "it was not written down before",
-                      .isUnplanned = true};
-        } else if (refusal_ && cleanUp_.endsWaiting()) {
-            result = {MoveOutcome::stopped, {}};
-        } else if (refusal_) {
-            result = {MoveOutcome::refused, refusal_->text(), TrashRefusalKind::system, *refusal_};
-        } else {
-            result = moves_.move(file, place);
-        }
-        const bool moved = result.outcome == MoveOutcome::moved;
+        const MoveResult result = planned == nullptr ? unplanned() : resultOf(file, place);
         if (planned != nullptr) {
             cleanUp_.record(*planned, result, std::move(place));
         }
         if (cleanUp_.settings_.report) {
             cleanUp_.settings_.report(file, result);
         }
-        return moved;
+        return result.outcome == MoveOutcome::moved;
     }
 
  private:
+    static MoveResult unplanned() {
+        return {.outcome = MoveOutcome::refused,
+                .reason = "it was not written down before",
+                .isUnplanned = true};
+    }
+
+    MoveResult resultOf(const File& file, TrashPlace& place) {
+        if (!refusal_) {
+            return moves_.move(file, place);
+        }
+        return cleanUp_.endsWaiting() ? MoveResult{MoveOutcome::stopped, {}}
+                                      : MoveResult{MoveOutcome::refused, refusal_->text(),
+                                                   TrashRefusalKind::system, *refusal_};
+    }
+
     CleanUp& cleanUp_;
     const std::optional<SystemError> refusal_;  // of its turn
     SetMove moves_;
@@ -79,26 +83,12 @@ CleanUp::CleanUp(FileSystem& fileSystem, TrashMover& trash, CleanUpJournal& jour
       tools_{fileSystem, trash, folders_, settings_.stopped, settings_.beforeStep} {}
 
 bool CleanUp::prepare(std::span<const std::shared_ptr<Set>> sets) {
-    std::vector<PlannedMove> moves;
     planned_.clear();
     nextPlanned_ = 0;
-    for (const std::shared_ptr<Set>& set : sets) {
-        const File* const staying = stayingFor(*set);
-        for (const std::shared_ptr<File>& file : set->files()) {
-            if (file->state() != CheckState::off) {
-                planned_.push_back({file.get(), 0});
-                moves.push_back(planFor(*file, staying));
-            }
-        }
+    if (!hasBegun()) {
+        return false;
     }
-    if (!id_) {
-        auto begun = journal_.begin(clock_.now());
-        if (auto* error = std::get_if<StoreError>(&begun)) {
-            planned_.clear();
-            return keep(std::move(*error));
-        }
-        id_ = std::get<CleanUpId>(begun);
-    }
+    const std::vector<PlannedMove> moves = listMarked(sets);
     auto first = journal_.plan(*id_, moves);
     if (auto* error = std::get_if<StoreError>(&first)) {
         planned_.clear();
@@ -109,6 +99,34 @@ bool CleanUp::prepare(std::span<const std::shared_ptr<Set>> sets) {
         planned.row = row++;
     }
     return true;
+}
+
+/// Begins the clean-up in the journal if that has not been done. False on failure.
+bool CleanUp::hasBegun() {
+    if (id_) {
+        return true;
+    }
+    auto begun = journal_.begin(clock_.now());
+    if (auto* error = std::get_if<StoreError>(&begun)) {
+        return keep(std::move(*error));
+    }
+    id_ = std::get<CleanUpId>(begun);
+    return true;
+}
+
+/// Fills `planned_` with the marked files; returns their moves in the same order.
+std::vector<PlannedMove> CleanUp::listMarked(std::span<const std::shared_ptr<Set>> sets) {
+    std::vector<PlannedMove> moves;
+    for (const std::shared_ptr<Set>& set : sets) {
+        const File* const staying = stayingFor(*set);
+        for (const std::shared_ptr<File>& file : set->files()) {
+            if (file->state() != CheckState::off) {
+                planned_.push_back({file.get(), 0});
+                moves.push_back(planFor(*file, staying));
+            }
+        }
+    }
+    return moves;
 }
 
 std::unique_ptr<SetMover> CleanUp::begin(const Set& set) {

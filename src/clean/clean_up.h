@@ -15,6 +15,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -82,6 +83,8 @@ class CleanUp final : public FileMover {
 
     [[nodiscard]] std::optional<SystemError> takeTurn();
     [[nodiscard]] bool endsWaiting() const;
+    [[nodiscard]] bool hasBegun();
+    [[nodiscard]] std::vector<PlannedMove> listMarked(std::span<const std::shared_ptr<Set>> sets);
     [[nodiscard]] PlannedMove planFor(const File& file, const File* staying);
     [[nodiscard]] const File* stayingFor(const Set& set) const;
     [[nodiscard]] std::string realPathOf(const File& file);

@@ -122,6 +122,7 @@ bool PutBack::isInUse(CleanUpId id) {
 
 StoreResult<std::variant<CleanUpSummary, NothingToPutBack>> PutBack::last(
     const std::function<bool()>& stopped) {
+    using Last = std::variant<CleanUpSummary, NothingToPutBack>;
     auto all = cleanUps();
     if (auto* error = std::get_if<StoreError>(&all)) {
         return std::move(*error);
@@ -131,29 +132,40 @@ StoreResult<std::variant<CleanUpSummary, NothingToPutBack>> PutBack::last(
         if (stopped && stopped()) {
             break;
         }
-        bool isWorthATry = false;
-        bool isAllBack = cleanUp.lostFiles == 0;
-        auto failure = examine(cleanUp.id, [&](const PutBackFile& file) {
-            if (stopped && stopped()) {
-                return false;
-            }
-            isAllBack = false;
-            isWorthATry =
-                file.outcome != PutBackOutcome::lost && file.outcome != PutBackOutcome::changed;
-            return !isWorthATry;
-        });
-        if (failure) {
-            return std::move(*failure);
+        auto found = nothingIn(cleanUp, stopped);
+        if (auto* error = std::get_if<StoreError>(&found)) {
+            return std::move(*error);
         }
-        if (isWorthATry) {
-            return std::variant<CleanUpSummary, NothingToPutBack>(cleanUp);
+        const auto& reason = std::get<std::optional<NothingToPutBack>>(found);
+        if (!reason) {
+            return Last(cleanUp);
         }
-        if (!nothing) {
-            nothing = isAllBack ? NothingToPutBack::allBack : NothingToPutBack::noneInTrash;
-        }
+        nothing = nothing ? nothing : reason;
     }
-    return std::variant<CleanUpSummary, NothingToPutBack>(
-        nothing.value_or(NothingToPutBack::neverCleaned));
+    return Last(nothing.value_or(NothingToPutBack::neverCleaned));
+}
+
+/// Why nothing of a clean-up can be put back; nullopt if a file can, or could with its drive there.
+StoreResult<std::optional<NothingToPutBack>> PutBack::nothingIn(
+    const CleanUpSummary& cleanUp, const std::function<bool()>& stopped) {
+    bool isWorthATry = false;
+    bool isAllBack = cleanUp.lostFiles == 0;
+    auto failure = examine(cleanUp.id, [&](const PutBackFile& file) {
+        if (stopped && stopped()) {
+            return false;
+        }
+        isAllBack = false;
+        isWorthATry =
+            file.outcome != PutBackOutcome::lost && file.outcome != PutBackOutcome::changed;
+        return !isWorthATry;
+    });
+    if (failure) {
+        return std::move(*failure);
+    }
+    if (isWorthATry) {
+        return std::optional<NothingToPutBack>();
+    }
+    return std::optional(isAllBack ? NothingToPutBack::allBack : NothingToPutBack::noneInTrash);
 }
 
 std::optional<StoreError> PutBack::examine(CleanUpId id,
@@ -178,13 +190,10 @@ std::optional<StoreError> PutBack::examine(CleanUpId id,
     return unread ? unread : failure;
 }
 
-std::optional<StoreError> PutBack::run(CleanUpId id, const Settings& settings) {
-    if (auto inUse = journal_.claim(id)) {
-        return inUse;
-    }
-    // Files come back also where nothing can be written: that is told at the end.
-    static_cast<void>(journal_.beginReturn(id));
-    std::optional<StoreError> failure;
+/// Puts back what can come. Returns why the journal could not be read; `failure` is why it could
+/// not be written.
+std::optional<StoreError> PutBack::bringAll(CleanUpId id, const Settings& settings,
+                                            std::optional<StoreError>& failure) {
     Marks putBack(journal_, *trash_, &CleanUpJournal::markPutBack);
     Marks lost(journal_, *trash_, &CleanUpJournal::markLost);
     bool isStopped = false;
@@ -210,6 +219,17 @@ std::optional<StoreError> PutBack::run(CleanUpId id, const Settings& settings) {
         });
     putBack.writeOut(failure);
     lost.writeOut(failure);
+    return unread;
+}
+
+std::optional<StoreError> PutBack::run(CleanUpId id, const Settings& settings) {
+    if (auto inUse = journal_.claim(id)) {
+        return inUse;
+    }
+    // Files come back also where nothing can be written: that is told at the end.
+    static_cast<void>(journal_.beginReturn(id));
+    std::optional<StoreError> failure;
+    auto unread = bringAll(id, settings, failure);
     // What could not be written is found out by the next start.
     std::optional<StoreError> unended = failure ? std::nullopt : journal_.endReturn(id);
     journal_.release(id);

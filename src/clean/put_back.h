@@ -83,6 +83,10 @@ class PutBack final {
     PutBack(Platform& platform, RecoveredJournal opened, DataFile& totals);
 
     [[nodiscard]] bool isInUse(CleanUpId id);
+    StoreResult<std::optional<NothingToPutBack>> nothingIn(const CleanUpSummary& cleanUp,
+                                                           const std::function<bool()>& stopped);
+    std::optional<StoreError> bringAll(CleanUpId id, const Settings& settings,
+                                       std::optional<StoreError>& failure);
 
     DataFile& totals_;
     CleanUpJournal journal_;
