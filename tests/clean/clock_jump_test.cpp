@@ -1,6 +1,6 @@
 // The date of the system is set back between moves, between clean-ups and before putting back.
 
-#include "clean/clean_up_bench.h"
+#include "clean/clean_up_fixture.h"
 #include "clean/put_back.h"
 #include "platform/linux/trash_mover.h"
 #include "store/clean_up_totals.h"

@@ -1,7 +1,7 @@
 // Each call that a clean-up makes to the system fails once, whatever it is for. Those of its moves
 // alone are tried by `clean_trials`, too, with the whole clean-up around them.
 
-#include "clean/clean_up_bench.h"
+#include "clean/clean_up_fixture.h"
 #include "clean/recovery.h"
 #include "platform/linux/trash_mover.h"
 #include "store/clean_up_totals.h"

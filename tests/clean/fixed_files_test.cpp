@@ -1,6 +1,6 @@
 // Files and folders that the system lets nobody change, or only be added to.
 
-#include "clean/clean_up_bench.h"
+#include "clean/clean_up_fixture.h"
 #include "support/file_content.h"
 #include "support/loop_volume.h"
 

@@ -3,7 +3,7 @@
 
 #include "support/fuse_view.h"
 
-#include "clean/clean_up_bench.h"
+#include "clean/clean_up_fixture.h"
 #include "support/file_content.h"
 
 #include <cstddef>

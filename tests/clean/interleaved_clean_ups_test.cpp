@@ -1,4 +1,4 @@
-#include "clean/clean_up_bench.h"
+#include "clean/clean_up_fixture.h"
 #include "support/file_content.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // The folder of a file is moved away while the file is, and open folders are trusted for as long as
 // they are in the programs.
 
-#include "clean/clean_up_bench.h"
+#include "clean/clean_up_fixture.h"
 #include "support/file_content.h"
 
 #include <array>

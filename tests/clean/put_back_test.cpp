@@ -1,6 +1,6 @@
 #include "clean/put_back.h"
 
-#include "clean/clean_up_bench.h"
+#include "clean/clean_up_fixture.h"
 #include "clean/recovery.h"
 #include "platform/linux/trash_mover.h"
 #include "store/clean_up_totals.h"

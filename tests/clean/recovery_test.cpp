@@ -1,6 +1,6 @@
 #include "clean/recovery.h"
 
-#include "clean/clean_up_bench.h"
+#include "clean/clean_up_fixture.h"
 #include "platform/linux/trash_mover.h"
 #include "support/faulty_trash_calls.h"
 #include "support/file_content.h"

@@ -1,6 +1,6 @@
 // Clean-ups of users who are not the administrator, on a volume that they share.
 
-#include "clean/clean_up_bench.h"
+#include "clean/clean_up_fixture.h"
 #include "clean/put_back.h"
 #include "store/clean_up_totals.h"
 #include "support/as_user.h"

@@ -1,6 +1,6 @@
 #include "clean/set_move.h"
 
-#include "clean/clean_up_bench.h"
+#include "clean/clean_up_fixture.h"
 #include "support/file_content.h"
 
 #include <cerrno>

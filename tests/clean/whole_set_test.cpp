@@ -1,6 +1,6 @@
 // A set of which a person marked every file, with something that happens between two of its moves.
 
-#include "clean/clean_up_bench.h"
+#include "clean/clean_up_fixture.h"
 #include "support/file_content.h"
 
 #include <cerrno>
