@@ -98,7 +98,7 @@ class CleaningUser final {
 
     /// How many files are in the Trash, and how many notes.
     [[nodiscard]] std::size_t trashed() const { return entriesIn(trash_ + "/files"); }
-    [[nodiscard]] std::size_t notes() const { return entriesIn(trash_ + "/info"); }
+    [[nodiscard]] std::size_t trashInfos() const { return entriesIn(trash_ + "/info"); }
 
  private:
     static CleanUpJournal opened(const std::string& folder, std::chrono::milliseconds patience) {

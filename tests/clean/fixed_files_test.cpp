@@ -73,7 +73,7 @@ class FixedFiles : public ::testing::TestWithParam<unsigned> {
         walk.start();
         walk.wait();
         EXPECT_FALSE(cleanUp.finish().has_value());
-        EXPECT_EQ(user.notes(), user.trashed());
+        EXPECT_EQ(user.trashInfos(), user.trashed());
         trashed_ = user.trashed();
         return results;
     }

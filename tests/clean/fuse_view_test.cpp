@@ -53,7 +53,7 @@ TEST_P(FilesOfAView, KeepTheirOnlyCopyWhereTheViewsIsToStay) {
         EXPECT_EQ(clean({view.pathOf("a.txt"), real("a.txt")}), (MoveReport{{"a.txt", lastCopy}}));
         EXPECT_EQ(living(), 1U);
         EXPECT_EQ(user_.trashed(), 0U);
-        EXPECT_EQ(user_.notes(), 0U);
+        EXPECT_EQ(user_.trashInfos(), 0U);
     }
 }
 

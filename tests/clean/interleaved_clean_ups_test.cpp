@@ -153,7 +153,9 @@ class InterleavedCleanUps : public ::testing::Test {
     }
 
     /// Every file in the Trash has a note.
-    static void expectNotes(const CleaningUser& user) { EXPECT_EQ(user.notes(), user.trashed()); }
+    static void expectNotes(const CleaningUser& user) {
+        EXPECT_EQ(user.trashInfos(), user.trashed());
+    }
 
     TemporaryFolder homes_{quickFolder()};
     CleaningUser ann_{homes_.makeFolder("ann")};

@@ -88,7 +88,7 @@ TEST_F(MovedFolder, OfAMarkedFileLosesNoneAtWhateverStep) {
                 ASSERT_EQ(contentOf(path("a/one.txt")), "same");
                 ASSERT_EQ(living() + user_.trashed() - before, 3U);
                 before = user_.trashed();
-                ASSERT_EQ(user_.notes(), before);
+                ASSERT_EQ(user_.trashInfos(), before);
                 if (isReplaced) {
                     ASSERT_EQ(contentOf(path("b/two.txt")), "evil");
                     ASSERT_EQ(contentOf(path("b/three.txt")), "evil");
@@ -110,7 +110,7 @@ TEST_F(MovedFolder, GetsAFileBackThatWasTheLast) {
     EXPECT_EQ(report.front(), (std::pair<std::string, MoveOutcome>("two.txt", lastCopy)));
     EXPECT_EQ(contentOf(path("away/two.txt")), "same");
     EXPECT_EQ(user_.trashed(), 0U);
-    EXPECT_EQ(user_.notes(), 0U);
+    EXPECT_EQ(user_.trashInfos(), 0U);
 }
 
 TEST_F(MovedFolder, OfTheFileThatStaysLeavesTheLastCopyAtWhateverStep) {
@@ -124,7 +124,7 @@ TEST_F(MovedFolder, OfTheFileThatStaysLeavesTheLastCopyAtWhateverStep) {
                                      std::size_t{fs::exists(path("b/three.txt"))};
             ASSERT_GE(left, 1U) << static_cast<int>(at) << ", file " << number;
             ASSERT_EQ(left + user_.trashed() - before, 2U);
-            ASSERT_EQ(user_.notes(), user_.trashed());
+            ASSERT_EQ(user_.trashInfos(), user_.trashed());
         }
     }
 }

@@ -82,7 +82,7 @@ TEST_F(KilledCleanUp, IsCountedAsFarAsItCameAtTheNextStart) {
         counted += 2 * sets - static_cast<std::int64_t>(left);
         ASSERT_EQ(totals.alreadyDeletedCount(), counted) << "step " << step;
         ASSERT_EQ(user.trashed(), static_cast<std::size_t>(counted)) << "step " << step;
-        ASSERT_EQ(user.notes(), user.trashed()) << "step " << step;
+        ASSERT_EQ(user.trashInfos(), user.trashed()) << "step " << step;
     }
     EXPECT_GE(counted, 2 * sets);
 }
@@ -142,7 +142,7 @@ class KilledUsers : public ::testing::Test {
         EXPECT_FALSE(recoverCleanUps(systemFileSystem(), user.mover(), user.turns(), user.journal(),
                                      totals));
         EXPECT_TRUE(valueOf(user.journal().crashed()).empty());
-        EXPECT_EQ(user.notes(), user.trashed());
+        EXPECT_EQ(user.trashInfos(), user.trashed());
         return totals.alreadyDeletedCount();
     }
 
@@ -285,7 +285,7 @@ TEST_F(KilledUsers, LeaveNotesAloneWhileAnotherCleanUpHasItsTurn) {
     ASSERT_TRUE(turn);
     EXPECT_FALSE(
         recoverCleanUps(systemFileSystem(), user.mover(), user.turns(), user.journal(), totals));
-    EXPECT_EQ(user.notes(), 1U);
+    EXPECT_EQ(user.trashInfos(), 1U);
 }
 
 /// A user whose clean-ups are recovered, and whose Trash can be made to fail.

@@ -48,7 +48,7 @@ class SetMoves : public ::testing::Test {
 
     void expectNothingMoved() {
         EXPECT_EQ(user_.trashed(), 0U);
-        EXPECT_EQ(user_.notes(), 0U);
+        EXPECT_EQ(user_.trashInfos(), 0U);
     }
 
     TemporaryFolder folder_;
@@ -76,7 +76,7 @@ TEST_F(SetMoves, TakeWhatIsAsItWasCompared) {
     EXPECT_EQ(contentOf(one_), "same");
     EXPECT_FALSE(fs::exists(two_));
     EXPECT_EQ(user_.trashed(), 2U);
-    EXPECT_EQ(user_.notes(), 2U);
+    EXPECT_EQ(user_.trashInfos(), 2U);
 }
 
 TEST_F(SetMoves, LeaveAFileOfAnotherSize) {
@@ -206,7 +206,7 @@ TEST_F(SetMoves, LeaveInTheTrashWhatCannotBePutBack) {
     EXPECT_EQ(run(std::move(settings)), outcomes(moved, gone));
     EXPECT_EQ(contentOf(two_), "in its place");
     EXPECT_EQ(user_.trashed(), 1U);
-    EXPECT_EQ(user_.notes(), 1U);
+    EXPECT_EQ(user_.trashInfos(), 1U);
 }
 
 TEST_F(SetMoves, CountAHardLinkAsAnotherFile) {

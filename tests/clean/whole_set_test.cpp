@@ -50,7 +50,7 @@ class WholeSet : public ::testing::Test {
     /// Every file in the Trash has these bytes and a note.
     void expectInTrash(std::size_t count) {
         EXPECT_EQ(user_.trashed(), count);
-        EXPECT_EQ(user_.notes(), count);
+        EXPECT_EQ(user_.trashInfos(), count);
         for (const auto& entry : fs::directory_iterator(user_.trash() + "/files")) {
             EXPECT_EQ(contentOf(entry.path()), "same") << entry.path();
         }
