@@ -12,9 +12,9 @@ namespace tarvin {
 namespace {
 
 /// Bytes of a name, on the file systems that people use.
-constexpr std::size_t longestName = 255;
+constexpr std::size_t maxNameBytes = 255;
 /// Beyond it a file stays in the Trash.
-constexpr std::uint64_t mostNames = 10'000;
+constexpr std::uint64_t maxNames = 10'000;
 
 std::string_view nameOf(std::string_view path) {
     return path.substr(path.rfind('/') + 1);
@@ -26,7 +26,7 @@ std::string folderOf(const std::string& path) {
 }
 
 std::string nameAtTry(const std::string& own, std::uint64_t number) {
-    return number == 0 ? own : putBackName(own, number, longestName);
+    return number == 0 ? own : putBackName(own, number, maxNameBytes);
 }
 
 bool isSameFile(const JournalMove& move, const FileAttributes& now) {
@@ -100,10 +100,10 @@ std::string_view putBackWord(PutBackOutcome outcome) {
     return "stopped";
 }
 
-std::string putBackName(std::string_view name, std::uint64_t number, std::size_t longest) {
+std::string putBackName(std::string_view name, std::uint64_t number, std::size_t maxBytes) {
     const std::string addition =
         number == 1 ? " (put back)" : " (put back " + std::to_string(number) + ")";
-    return variedName(name, addition, longest);
+    return variedName(name, addition, maxBytes);
 }
 
 PutBackFile FileReturn::fileOf(const JournalMove& move) {
@@ -116,7 +116,7 @@ PutBackFile FileReturn::fileOf(const JournalMove& move) {
 }
 
 /// Whether what was moved is there. The outcome is to its place if it is.
-PutBackFile FileReturn::inTrash(const JournalMove& move) {
+PutBackFile FileReturn::checkInTrash(const JournalMove& move) {
     PutBackFile file = fileOf(move);
     const auto there = trash_.look({move.trashFolder, move.trashName});
     if (there) {
@@ -137,16 +137,16 @@ PutBackFile FileReturn::inTrash(const JournalMove& move) {
     return file;
 }
 
-PutBackFile FileReturn::lookAt(const JournalMove& move) {
-    PutBackFile file = inTrash(move);
+PutBackFile FileReturn::check(const JournalMove& move) {
+    PutBackFile file = checkInTrash(move);
     if (isBack(file.outcome)) {
-        lookForRoom(folderOf(move.path), file);
+        checkDestination(folderOf(move.path), file);
     }
     return file;
 }
 
 /// What becomes of a file of which nothing but its place is looked at.
-void FileReturn::lookForRoom(const std::string& folder, PutBackFile& file) {
+void FileReturn::checkDestination(const std::string& folder, PutBackFile& file) {
     std::string nearest = folder;
     ReturnFolders::Opened opened = folders_.open(nearest);
     while (!opened && opened.error().code == ENOENT && nearest != "/") {
@@ -166,7 +166,7 @@ void FileReturn::lookForRoom(const std::string& folder, PutBackFile& file) {
         return;
     }
     const std::string own = file.name;
-    for (std::uint64_t number = 0; number < mostNames; ++number) {
+    for (std::uint64_t number = 0; number < maxNames; ++number) {
         file.name = nameAtTry(own, number);
         if (!fileSystem_.attributesAt((*opened)->descriptor, file.name.c_str())) {
             file.outcome =
@@ -177,8 +177,8 @@ void FileReturn::lookForRoom(const std::string& folder, PutBackFile& file) {
     refuse(file, SystemError{EEXIST}, SystemError{EEXIST}.text());
 }
 
-PutBackFile FileReturn::bring(const JournalMove& move) {
-    PutBackFile file = inTrash(move);
+PutBackFile FileReturn::putBack(const JournalMove& move) {
+    PutBackFile file = checkInTrash(move);
     if (!isBack(file.outcome)) {
         return file;
     }
@@ -190,7 +190,7 @@ PutBackFile FileReturn::bring(const JournalMove& move) {
         folder = folders_.openOrMake(path);
     }
     if (folder) {
-        bringTo(**folder, move, file);
+        putBackInto(**folder, move, file);
     } else {
         refuseFolder(file, folder.error());
     }
@@ -200,10 +200,10 @@ PutBackFile FileReturn::bring(const JournalMove& move) {
     return file;
 }
 
-void FileReturn::bringTo(const OpenFolder& folder, const JournalMove& move, PutBackFile& file) {
+void FileReturn::putBackInto(const OpenFolder& folder, const JournalMove& move, PutBackFile& file) {
     const TrashPlace place{move.trashFolder, move.trashName};
     const std::string own = file.name;
-    for (std::uint64_t number = 0; number < mostNames; ++number) {
+    for (std::uint64_t number = 0; number < maxNames; ++number) {
         file.name = nameAtTry(own, number);
         const auto refusal = trash_.putBack(place, folder.descriptor, file.name.c_str());
         if (!refusal) {
@@ -227,7 +227,7 @@ void FileReturn::bringTo(const OpenFolder& folder, const JournalMove& move, PutB
 bool FileReturn::isBackAlready(const JournalMove& move) {
     const std::string folder = folderOf(move.path);
     const std::string own(nameOf(move.path));
-    for (std::uint64_t number = 0; number < mostNames; ++number) {
+    for (std::uint64_t number = 0; number < maxNames; ++number) {
         const auto now = fileSystem_.attributesAtPath((folder == "/" ? "" : folder) + '/' +
                                                       nameAtTry(own, number));
         if (!now) {

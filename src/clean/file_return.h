@@ -56,9 +56,9 @@ struct PutBackFile {
 };
 
 /// The name that a file gets whose own is taken, at the `number`th try, from 1: "a (put back).jpg",
-/// then "a (put back 2).jpg". At most `longest` bytes.
+/// then "a (put back 2).jpg". At most `maxBytes` bytes.
 [[nodiscard]] std::string putBackName(std::string_view name, std::uint64_t number,
-                                      std::size_t longest);
+                                      std::size_t maxBytes);
 
 /// Brings single files back from the Trash to where a clean-up took them from. Only what is the
 /// file that was moved comes back; nothing that stands at a path is replaced, no link is followed,
@@ -74,9 +74,9 @@ class FileReturn final {
     FileReturn& operator=(const FileReturn&) = delete;
 
     /// What would become of the file now. Changes nothing.
-    [[nodiscard]] PutBackFile lookAt(const JournalMove& move);
+    [[nodiscard]] PutBackFile check(const JournalMove& move);
 
-    [[nodiscard]] PutBackFile bring(const JournalMove& move);
+    [[nodiscard]] PutBackFile putBack(const JournalMove& move);
 
     /// Whether it came back otherwise: a process ended before it could write that down, or another
     /// program put it back. Looks at the names that it would have got, up to the first that nothing
@@ -87,9 +87,9 @@ class FileReturn final {
     [[nodiscard]] static PutBackFile fileOf(const JournalMove& move);
 
  private:
-    [[nodiscard]] PutBackFile inTrash(const JournalMove& move);
-    void bringTo(const OpenFolder& folder, const JournalMove& move, PutBackFile& file);
-    void lookForRoom(const std::string& folder, PutBackFile& file);
+    [[nodiscard]] PutBackFile checkInTrash(const JournalMove& move);
+    void putBackInto(const OpenFolder& folder, const JournalMove& move, PutBackFile& file);
+    void checkDestination(const std::string& folder, PutBackFile& file);
     [[nodiscard]] bool isAttached(const std::string& trash);
 
     FileSystem& fileSystem_;

@@ -135,7 +135,7 @@ bool PlannedOutcomes::takeFoundIn(const std::string& trash, std::vector<JournalM
 
 /// Of a file in the Trash. The look that follows each move may not have been made.
 RecordedOutcome PlannedOutcomes::outcomeOfFound(const JournalMove& move) {
-    if (!staysAsPlanned(move) && isBack(files_.bring(move).outcome)) {
+    if (!staysAsPlanned(move) && isBack(files_.putBack(move).outcome)) {
         return {move.row, MoveState::left, {}, {}, std::string(outcomeWord(MoveOutcome::lastCopy))};
     }
     return {move.row, MoveState::moved, move.trashFolder, move.trashName, {}};

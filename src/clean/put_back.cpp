@@ -175,7 +175,7 @@ std::optional<StoreError> PutBack::examine(CleanUpId id,
     bool hasNews = false;
     auto unread = journal_.forEachMove(
         id, {MoveState::moved}, CleanUpJournal::Order::asPlanned, [&](const JournalMove& move) {
-            const PutBackFile file = files_.lookAt(move);
+            const PutBackFile file = files_.check(move);
             if (file.outcome == PutBackOutcome::lost && files_.isBackAlready(move)) {
                 putBack.add(move.row, failure);
                 hasNews = true;
@@ -200,7 +200,7 @@ std::optional<StoreError> PutBack::bringAll(CleanUpId id, const Settings& settin
     auto unread = journal_.forEachMove(
         id, {MoveState::moved}, CleanUpJournal::Order::asPlanned, [&](const JournalMove& move) {
             isStopped = isStopped || (settings.stopped && settings.stopped());
-            PutBackFile file = isStopped ? FileReturn::fileOf(move) : files_.bring(move);
+            PutBackFile file = isStopped ? FileReturn::fileOf(move) : files_.putBack(move);
             if (isStopped) {
                 file.outcome = PutBackOutcome::stopped;
             } else if (file.outcome == PutBackOutcome::lost) {

@@ -93,7 +93,7 @@ class Recovery final {
             } else if (!there && files_.isBackAlready(move)) {
                 notMoved.push_back(move.row);
             } else if (!there) {
-                const PutBackOutcome outlook = files_.lookAt(move).outcome;
+                const PutBackOutcome outlook = files_.check(move).outcome;
                 isWhole_ = isWhole_ && outlook == PutBackOutcome::lost;
             }
         }
