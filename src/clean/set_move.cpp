@@ -43,15 +43,15 @@ SetMove::SetMove(const MoveTools& tools, const Set& set, bool mayTakeAll)
     }
     const auto marked = std::stable_partition(files_.begin(), files_.end(),
                                               [](const File* file) { return !isMarked(*file); });
-    mayTakeAll_ = mayTakeAll_ && marked == files_.begin() && standWhole();
+    mayTakeAll_ = mayTakeAll_ && marked == files_.begin() && allAreEqual();
 }
 
 MoveResult SetMove::move(const File& file, TrashPlace& place) {
     if (isStopped()) {
         return {MoveOutcome::stopped, {}};
     }
-    before(MoveStep::lookAtFile);
-    const Result<Seen> seen = look(file);
+    before(MoveStep::checkFile);
+    const Result<Seen> seen = stat(file);
     if (!seen) {
         return resultOf(seen.error());
     }
@@ -84,7 +84,7 @@ bool SetMove::isAsMoved(const File& file, const Seen& seen) const {
 }
 
 /// Relative to its open folder, so that a path of any length will do.
-Result<SetMove::Seen> SetMove::look(const File& file) {
+Result<SetMove::Seen> SetMove::stat(const File& file) {
     const Result<std::shared_ptr<const OpenFolder>> folder = tools_.folders.open(*file.directory());
     if (!folder) {
         return folder.error();
@@ -109,24 +109,24 @@ SetMove::Match SetMove::match(const File& file, const FileAttributes& now) const
     if (now.identity != compared->identity) {
         return Match::different;
     }
-    const auto proven = proven_.find(&file);
-    const bool isProven = proven != proven_.end() && proven->second == now.changed;
-    return now.changed == compared->changed || isProven ? Match::asCompared : Match::otherChange;
+    const auto confirmed = confirmed_.find(&file);
+    const bool isConfirmed = confirmed != confirmed_.end() && confirmed->second == now.changed;
+    return now.changed == compared->changed || isConfirmed ? Match::asCompared : Match::otherChange;
 }
 
 /// Every file, as compared or equal to the first.
-bool SetMove::standWhole() {
+bool SetMove::allAreEqual() {
     const File* first = nullptr;
     FileAttributes firstNow;
     for (const File* const file : files_) {
-        const Result<Seen> seen = look(*file);
+        const Result<Seen> seen = stat(*file);
         if (!seen) {
             return false;
         }
         const Match match = this->match(*file, seen->attributes);
         if (match == Match::different ||
             (match == Match::otherChange &&
-             (first == nullptr || !proveEqual(*first, firstNow, *file, seen->attributes)))) {
+             (first == nullptr || !confirmEqual(*first, firstNow, *file, seen->attributes)))) {
             return false;
         }
         if (first == nullptr) {
@@ -152,7 +152,7 @@ std::optional<std::size_t> SetMove::findSurvivor(const File& file, const Seen& s
 /// Whether the content lives on in `other`: it is as compared, and not the same name on another
 /// way, as where a folder is shown at two places.
 bool SetMove::survives(const File& other, const File& file, const Seen& seen) {
-    const Result<Seen> now = look(other);
+    const Result<Seen> now = stat(other);
     if (!now || match(other, now->attributes) == Match::different) {
         return false;
     }
@@ -164,25 +164,25 @@ bool SetMove::survives(const File& other, const File& file, const Seen& seen) {
         }
     } else if ((match(other, now->attributes) == Match::otherChange ||
                 match(file, seen.attributes) == Match::otherChange) &&
-               !proveEqual(other, now->attributes, file, seen.attributes)) {
+               !confirmEqual(other, now->attributes, file, seen.attributes)) {
         return false;
     }
-    survivorSeen_ = now->attributes;
+    survivorState_ = now->attributes;
     return true;
 }
 
 /// By their bytes. What is found equal to a file as compared needs not be read again as long as its
 /// dates stay.
-bool SetMove::proveEqual(const File& one, const FileAttributes& oneNow, const File& other,
-                         const FileAttributes& otherNow) {
+bool SetMove::confirmEqual(const File& one, const FileAttributes& oneNow, const File& other,
+                           const FileAttributes& otherNow) {
     if (!haveEqualContents(tools_.fileSystem, {one.filePath(), oneNow},
                            {other.filePath(), otherNow}, tools_.stopped)) {
         return false;
     }
     if (match(one, oneNow) == Match::asCompared && other.compared() != nullptr) {
-        proven_[&other] = otherNow.changed;
+        confirmed_[&other] = otherNow.changed;
     } else if (match(other, otherNow) == Match::asCompared && one.compared() != nullptr) {
-        proven_[&one] = oneNow.changed;
+        confirmed_[&one] = oneNow.changed;
     }
     return true;
 }
@@ -198,14 +198,14 @@ MoveResult SetMove::moveSeen(const File& file, const Seen& seen, TrashPlace& pla
                    : MoveResult{MoveOutcome::refused, refusal.text, refusal.kind, refusal.error};
     }
     place = std::move(*moved);
-    before(MoveStep::lookAgain);
-    const std::optional<MoveOutcome> failure = secondLook(file, seen, place);
+    before(MoveStep::recheck);
+    const std::optional<MoveOutcome> failure = recheck(file, seen, place);
     return failure ? moveBack(file, seen, place, *failure) : MoveResult{MoveOutcome::moved, {}};
 }
 
 /// None if what arrived is what was looked at, and the content still stands elsewhere.
-std::optional<MoveOutcome> SetMove::secondLook(const File& file, const Seen& seen,
-                                               const TrashPlace& place) {
+std::optional<MoveOutcome> SetMove::recheck(const File& file, const Seen& seen,
+                                            const TrashPlace& place) {
     const Result<FileAttributes, TrashRefusal> arrived = tools_.trash.look(place);
     if (!arrived || !isSameFile(seen.attributes, *arrived)) {
         return MoveOutcome::changed;
@@ -214,13 +214,13 @@ std::optional<MoveOutcome> SetMove::secondLook(const File& file, const Seen& see
         moved_ = {place.trash + "/files/" + place.name, *arrived};
         return std::nullopt;
     }
-    if (stillStands(*files_[survivor_], *arrived)) {
+    if (isUnchangedNow(*files_[survivor_], *arrived)) {
         return std::nullopt;
     }
     // The folders that are open may stand elsewhere by now, and what is found may only be what the
     // system remembers.
     tools_.folders.distrust();
-    return findSurvivor(file, seen) && stillStands(*files_[survivor_], *arrived)
+    return findSurvivor(file, seen) && isUnchangedNow(*files_[survivor_], *arrived)
                ? std::nullopt
                : std::optional(unlessStopped(MoveOutcome::lastCopy));
 }
@@ -228,10 +228,10 @@ std::optional<MoveOutcome> SetMove::secondLook(const File& file, const Seen& see
 /// By its path, on the volume itself: the folder may have been moved since it was opened, and what
 /// the system remembers may be older than the move. Moving a file changes the date of change of its
 /// other names.
-bool SetMove::stillStands(const File& file, const FileAttributes& moved) {
+bool SetMove::isUnchangedNow(const File& file, const FileAttributes& moved) {
     const Result<FileAttributes> now = tools_.fileSystem.currentAttributesAtPath(file.filePath());
-    return now && isSameFile(survivorSeen_, *now) &&
-           (now->identity == moved.identity || now->changed == survivorSeen_.changed);
+    return now && isSameFile(survivorState_, *now) &&
+           (now->identity == moved.identity || now->changed == survivorState_.changed);
 }
 
 /// Where that cannot be done, the file is in the Trash, whole, with its note.

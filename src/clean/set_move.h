@@ -17,7 +17,7 @@
 namespace tarvin {
 
 /// The steps of a move, for tests that change something before one of them.
-enum class MoveStep : std::uint8_t { lookAtFile, findSurvivor, moveToTrash, lookAgain, moveBack };
+enum class MoveStep : std::uint8_t { checkFile, findSurvivor, moveToTrash, recheck, moveBack };
 
 /// What moving files takes. All outlive whoever is given them.
 struct MoveTools {
@@ -55,18 +55,18 @@ class SetMove final {
     };
     enum class Match : std::uint8_t { asCompared, otherChange, different };
 
-    [[nodiscard]] Result<Seen> look(const File& file);
+    [[nodiscard]] Result<Seen> stat(const File& file);
     [[nodiscard]] Match match(const File& file, const FileAttributes& now) const;
-    [[nodiscard]] bool standWhole();
+    [[nodiscard]] bool allAreEqual();
     [[nodiscard]] std::optional<std::size_t> findSurvivor(const File& file, const Seen& seen);
     [[nodiscard]] bool survives(const File& other, const File& file, const Seen& seen);
     [[nodiscard]] bool isAsMoved(const File& file, const Seen& seen) const;
-    [[nodiscard]] bool proveEqual(const File& one, const FileAttributes& oneNow, const File& other,
-                                  const FileAttributes& otherNow);
+    [[nodiscard]] bool confirmEqual(const File& one, const FileAttributes& oneNow,
+                                    const File& other, const FileAttributes& otherNow);
     [[nodiscard]] MoveResult moveSeen(const File& file, const Seen& seen, TrashPlace& place);
-    [[nodiscard]] std::optional<MoveOutcome> secondLook(const File& file, const Seen& seen,
-                                                        const TrashPlace& place);
-    [[nodiscard]] bool stillStands(const File& file, const FileAttributes& moved);
+    [[nodiscard]] std::optional<MoveOutcome> recheck(const File& file, const Seen& seen,
+                                                     const TrashPlace& place);
+    [[nodiscard]] bool isUnchangedNow(const File& file, const FileAttributes& moved);
     [[nodiscard]] MoveResult moveBack(const File& file, const Seen& seen, const TrashPlace& place,
                                       MoveOutcome outcome);
     [[nodiscard]] bool isStopped() const;
@@ -76,12 +76,12 @@ class SetMove final {
     const MoveTools& tools_;
     std::vector<const File*> files_;  // those that are not to go come first
     std::size_t survivor_ = 0;        // in `files_`: the one found there last
-    FileAttributes survivorSeen_;
+    FileAttributes survivorState_;
     bool mayTakeAll_;
     std::optional<SeenFile> moved_;  // last, where all may go; in the Trash
     // Of files whose change date is another one: that for which they were found equal to a file as
     // compared.
-    std::unordered_map<const File*, std::optional<Timestamp>> proven_;
+    std::unordered_map<const File*, std::optional<Timestamp>> confirmed_;
 };
 
 }  // namespace tarvin

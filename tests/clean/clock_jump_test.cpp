@@ -51,7 +51,7 @@ class ClockJump : public ::testing::Test {
         files.addSet(paths);
         CleanUp::Settings settings;
         settings.beforeStep = [&, count = 0](MoveStep step) mutable {
-            if (step == MoveStep::lookAtFile) {
+            if (step == MoveStep::checkFile) {
                 atMove(++count);
             }
         };

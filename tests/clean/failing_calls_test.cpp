@@ -244,7 +244,7 @@ TEST_F(FailingCalls, OfTheWayBackLoseNothing) {
             bool isDone = false;
             clean([] {},
                   [&](MoveStep step) {
-                      if (step == MoveStep::lookAgain && !std::exchange(isDone, true)) {
+                      if (step == MoveStep::recheck && !std::exchange(isDone, true)) {
                           fs::remove(path("a/one.txt"));
                           fs::remove(path("c/one.txt"));
                       } else if (step == MoveStep::moveBack) {

@@ -94,8 +94,7 @@ const MoveResult wasMoved{MoveOutcome::moved, {}};
 // Giving the attribute changes nothing but the date of change, so that the bytes are compared
 // first.
 TEST_P(FixedFiles, ToGoStayWithTheReason) {
-    for (const MoveStep at :
-         {MoveStep::lookAtFile, MoveStep::findSurvivor, MoveStep::moveToTrash}) {
+    for (const MoveStep at : {MoveStep::checkFile, MoveStep::findSurvivor, MoveStep::moveToTrash}) {
         if (renew()) {
             EXPECT_EQ(run(at, [this] { fix(paths_[1]); }),
                       (std::vector<MoveResult>{refusal(), wasMoved}));
@@ -108,7 +107,7 @@ TEST_P(FixedFiles, ToGoStayWithTheReason) {
 }
 
 TEST_P(FixedFiles, ToStayLetTheOthersGo) {
-    for (const MoveStep at : {MoveStep::lookAtFile, MoveStep::findSurvivor}) {
+    for (const MoveStep at : {MoveStep::checkFile, MoveStep::findSurvivor}) {
         if (renew()) {
             EXPECT_EQ(run(at, [this] { fix(paths_[0]); }),
                       (std::vector<MoveResult>{wasMoved, wasMoved}));
@@ -121,7 +120,7 @@ TEST_P(FixedFiles, ToStayLetTheOthersGo) {
 
 TEST_P(FixedFiles, OfAFixedFolderStayWithTheReason) {
     if (renew()) {
-        EXPECT_EQ(run(MoveStep::lookAtFile, [this] { fix(volume_.pathOf("b")); }),
+        EXPECT_EQ(run(MoveStep::checkFile, [this] { fix(volume_.pathOf("b")); }),
                   (std::vector<MoveResult>{refusal(), wasMoved}));
         EXPECT_EQ(contentOf(paths_[1]), "same");
         fix(volume_.pathOf("b"), false);
@@ -131,7 +130,7 @@ TEST_P(FixedFiles, OfAFixedFolderStayWithTheReason) {
 // Nothing that is fixed can be moved back either; what can only be added to takes it back.
 TEST_P(FixedFiles, ThatCannotGoBackAreInTheTrashWithTheReason) {
     if (renew()) {
-        const std::vector<MoveResult> results = run(MoveStep::lookAgain, [this] {
+        const std::vector<MoveResult> results = run(MoveStep::recheck, [this] {
             fs::remove(paths_[0]);
             fs::remove(paths_[2]);
             fix(volume_.pathOf("b"));

@@ -112,7 +112,7 @@ TEST_P(FilesOfAView, KeepTheLastCopyThatIsTakenAwayBehindTheView) {
     if (view) {
         CleanUp::Settings settings;
         settings.beforeStep = [this](MoveStep step) {
-            if (step == MoveStep::lookAgain) {
+            if (step == MoveStep::recheck) {
                 fs::remove(real("a.txt"));
             }
         };

@@ -120,11 +120,11 @@ class InterleavedCleanUps : public ::testing::Test {
         MoveReport report{};
     };
 
-    inline static const std::set<MoveStep> all{MoveStep::lookAtFile, MoveStep::findSurvivor,
-                                               MoveStep::moveToTrash, MoveStep::lookAgain,
+    inline static const std::set<MoveStep> all{MoveStep::checkFile, MoveStep::findSurvivor,
+                                               MoveStep::moveToTrash, MoveStep::recheck,
                                                MoveStep::moveBack};
     /// Those around what is done, for more files: there, a look follows the one before it.
-    inline static const std::set<MoveStep> fewer{MoveStep::moveToTrash, MoveStep::lookAgain,
+    inline static const std::set<MoveStep> fewer{MoveStep::moveToTrash, MoveStep::recheck,
                                                  MoveStep::moveBack};
 
     /// How many of the files are in their places at the end of the clean-ups.

@@ -20,8 +20,8 @@ namespace fs = std::filesystem;
 class MovedFolder : public ::testing::Test {
  protected:
     static constexpr MoveOutcome lastCopy = MoveOutcome::lastCopy;
-    static constexpr std::array everyStep{MoveStep::lookAtFile, MoveStep::findSurvivor,
-                                          MoveStep::moveToTrash, MoveStep::lookAgain};
+    static constexpr std::array everyStep{MoveStep::checkFile, MoveStep::findSurvivor,
+                                          MoveStep::moveToTrash, MoveStep::recheck};
 
     void renew() {
         for (const char* name : {"a", "b", "away"}) {
@@ -101,7 +101,7 @@ TEST_F(MovedFolder, OfAMarkedFileLosesNoneAtWhateverStep) {
 // It is open: the file goes back into it, wherever it is by then.
 TEST_F(MovedFolder, GetsAFileBackThatWasTheLast) {
     renew();
-    const MoveReport report = run(MoveStep::lookAgain, 1, [&] {
+    const MoveReport report = run(MoveStep::recheck, 1, [&] {
         fs::rename(path("b"), path("away"));
         fs::remove(path("a/one.txt"));
         fs::remove(path("away/three.txt"));

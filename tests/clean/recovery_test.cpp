@@ -108,7 +108,7 @@ class KilledUsers : public ::testing::Test {
 
     /// Moves the second of these paths; killed at the step.
     void killedWhileMoving(const std::string& staying, const std::string& moved,
-                           const std::string& home, MoveStep atStep = MoveStep::lookAgain) {
+                           const std::string& home, MoveStep atStep = MoveStep::recheck) {
         killed([&] {
             CleaningUser user(home);
             CleanUp::Settings settings;
@@ -206,7 +206,7 @@ TEST_F(KilledUsers, KeepACopyThoughEachMovedOneBeforeTheOtherLookedAgain) {
                 (::write(hasLooked[1], &byte, 1) != 1 || ::read(mayMove[0], &byte, 1) != 1)) {
                 ::_exit(1);
             }
-            if (step == MoveStep::lookAgain) {
+            if (step == MoveStep::recheck) {
                 ::kill(::getpid(), SIGKILL);
             }
         };
@@ -238,7 +238,7 @@ TEST_F(KilledUsers, HaveAWholeSetCountedOfWhichNothingWasToStay) {
         CleanUp::Settings settings;
         settings.wholeSets = CleanUp::WholeSets::goIfMarked;
         settings.beforeStep = [looks = 0](MoveStep step) mutable {
-            looks += step == MoveStep::lookAgain ? 1 : 0;
+            looks += step == MoveStep::recheck ? 1 : 0;
             if (looks == 2) {
                 ::kill(::getpid(), SIGKILL);
             }

@@ -153,7 +153,7 @@ TEST_F(SetMoves, LeaveTheLastCopyWhoseOthersHoldOtherBytes) {
 
 TEST_F(SetMoves, PutBackAFileWhoseLastCopyWentMeanwhile) {
     fs::remove(three_);
-    EXPECT_EQ(run(at(MoveStep::lookAgain, [this] { fs::remove(one_); })), outcomes(lastCopy, gone));
+    EXPECT_EQ(run(at(MoveStep::recheck, [this] { fs::remove(one_); })), outcomes(lastCopy, gone));
     EXPECT_EQ(contentOf(two_), "same");
     expectNothingMoved();
 }
@@ -167,7 +167,7 @@ TEST_F(SetMoves, PutBackAFileWhoseLastCopyWasWrittenToMeanwhile) {
 
 TEST_F(SetMoves, PutBackAFileWhoseLastCopysFolderWasMovedMeanwhile) {
     fs::remove(three_);
-    CleanUp::Settings settings = at(MoveStep::lookAgain, [this] {
+    CleanUp::Settings settings = at(MoveStep::recheck, [this] {
         fs::rename(folder_.pathOf("a"), folder_.pathOf("elsewhere"));
     });
     EXPECT_EQ(
@@ -178,8 +178,7 @@ TEST_F(SetMoves, PutBackAFileWhoseLastCopysFolderWasMovedMeanwhile) {
 }
 
 TEST_F(SetMoves, FindAnotherCopyForOneThatWentMeanwhile) {
-    EXPECT_EQ(run(at(MoveStep::lookAgain, [this] { fs::remove(one_); })),
-              outcomes(moved, lastCopy));
+    EXPECT_EQ(run(at(MoveStep::recheck, [this] { fs::remove(one_); })), outcomes(moved, lastCopy));
     EXPECT_EQ(contentOf(three_), "same");
 }
 
@@ -197,7 +196,7 @@ TEST_F(SetMoves, LeaveInTheTrashWhatCannotBePutBack) {
     fs::remove(three_);
     CleanUp::Settings settings;
     settings.beforeStep = [this](MoveStep step) {
-        if (step == MoveStep::lookAgain) {
+        if (step == MoveStep::recheck) {
             fs::remove(one_);
         } else if (step == MoveStep::moveBack) {
             std::ofstream(two_) << "in its place";
@@ -266,7 +265,7 @@ TEST_F(SetMoves, ReportAStopDuringAComparisonOfAWholeSetAsStopped) {
     settings.wholeSets = CleanUp::WholeSets::goIfMarked;
     // The second file; its comparison asks for the third time.
     settings.beforeStep = [this, files = 0](MoveStep step) mutable {
-        if (step == MoveStep::lookAtFile && ++files == 2) {
+        if (step == MoveStep::checkFile && ++files == 2) {
             fs::permissions(two_, fs::perms::owner_read);
         }
     };
@@ -280,7 +279,7 @@ TEST_F(SetMoves, ReportAStopDuringAComparisonOfAWholeSetAsStopped) {
 
 TEST_F(SetMoves, PutBackAFileWhoseSecondLookIsStopped) {
     fs::permissions(three_, fs::perms::owner_read);
-    CleanUp::Settings settings = at(MoveStep::lookAgain, [this] { fs::remove(one_); });
+    CleanUp::Settings settings = at(MoveStep::recheck, [this] { fs::remove(one_); });
     settings.stopped = [questions = 0]() mutable { return ++questions > 1; };
     EXPECT_EQ(run(std::move(settings)), outcomes(MoveOutcome::stopped, MoveOutcome::stopped));
     EXPECT_EQ(contentOf(two_), "same");

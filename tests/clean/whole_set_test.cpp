@@ -23,7 +23,7 @@ class WholeSet : public ::testing::Test {
     static constexpr MoveOutcome changed = MoveOutcome::changed;
 
     /// `change` is made when the second file comes to a step.
-    MoveReport runWith(std::function<void()> change, MoveStep at = MoveStep::lookAtFile) {
+    MoveReport runWith(std::function<void()> change, MoveStep at = MoveStep::checkFile) {
         return runWith(std::move(change), at, {one_, two_, three_});
     }
     MoveReport runWith(std::function<void()> change, MoveStep at,
@@ -138,7 +138,7 @@ TEST_F(WholeSet, LeavesAFileOfOtherBytesWhoseDateWasPutBack) {
 TEST_F(WholeSet, GoesWithTheOtherNamesOfAFile) {
     const std::string link = folder_.pathOf("b/link.txt");
     fs::create_hard_link(two_, link);
-    EXPECT_EQ(runWith([] {}, MoveStep::lookAtFile, {two_, link}),
+    EXPECT_EQ(runWith([] {}, MoveStep::checkFile, {two_, link}),
               (MoveReport{{"two.txt", moved}, {"link.txt", moved}}));
     expectInTrash(2);
 }

@@ -123,9 +123,9 @@ const std::array changes{
 };
 
 /// Before the clean-up, or before one of the steps of its move.
-constexpr std::array<std::optional<MoveStep>, 5> moments{
-    std::nullopt, MoveStep::lookAtFile, MoveStep::findSurvivor, MoveStep::moveToTrash,
-    MoveStep::lookAgain};
+constexpr std::array<std::optional<MoveStep>, 5> moments{std::nullopt, MoveStep::checkFile,
+                                                         MoveStep::findSurvivor,
+                                                         MoveStep::moveToTrash, MoveStep::recheck};
 
 /// Until a change of a file gets another date than one that was made before: some kernels count
 /// dates in ticks, and nobody can tell two changes within one tick apart.
