@@ -79,7 +79,7 @@ CleanUp::CleanUp(FileSystem& fileSystem, TrashMover& trash, CleanUpJournal& jour
       turn_(turns, cleanUpTurn),
       clock_(clock),
       settings_(std::move(settings)),
-      folders_(fileSystem, settings_.foldersTrusted, foldersAtOnce),
+      folders_(fileSystem, settings_.folderMaxAge, foldersAtOnce),
       tools_{fileSystem, trash, folders_, settings_.stopped, settings_.beforeStep} {}
 
 bool CleanUp::prepare(std::span<const std::shared_ptr<Set>> sets) {

@@ -47,7 +47,7 @@ class CleanUp final : public FileMover {
         std::function<bool()> endsWaiting;
         std::function<void(MoveStep)> beforeStep;  ///< for tests; may be empty
         /// How long a folder that was looked at is believed to stand where it was.
-        std::chrono::milliseconds foldersTrusted{100};
+        std::chrono::milliseconds folderMaxAge{100};
         /// How long another clean-up may take for one set.
         std::chrono::milliseconds patience = std::chrono::minutes(10);
     };

@@ -10,7 +10,7 @@ Result<std::shared_ptr<const OpenFolder>> OpenFolders::open(const Directory& dir
     const auto known = byDirectory_.find(&directory);
     if (known != byDirectory_.end()) {
         kept_.splice(kept_.begin(), kept_, known->second);
-        if (now - kept_.front().lookedAt < trusted_) {
+        if (now - kept_.front().checkedAt < maxAge_) {
             return kept_.front().folder;
         }
         byDirectory_.erase(known);
@@ -20,7 +20,7 @@ Result<std::shared_ptr<const OpenFolder>> OpenFolders::open(const Directory& dir
     if (!folder) {
         return folder;
     }
-    if (kept_.size() >= atOnce_) {
+    if (kept_.size() >= maxOpen_) {
         byDirectory_.erase(kept_.back().directory);
         kept_.pop_back();
     }
@@ -29,9 +29,9 @@ Result<std::shared_ptr<const OpenFolder>> OpenFolders::open(const Directory& dir
     return folder;
 }
 
-void OpenFolders::distrust() {
+void OpenFolders::invalidate() {
     for (Kept& kept : kept_) {
-        kept.lookedAt = {};
+        kept.checkedAt = {};
     }
 }
 

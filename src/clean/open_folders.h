@@ -16,17 +16,17 @@ namespace tarvin {
 /// One thread.
 class OpenFolders final {
  public:
-    /// `trusted` is how long a folder that was looked at is believed to stand where it was. At most
-    /// `atOnce` folders are open.
-    OpenFolders(FileSystem& fileSystem, std::chrono::milliseconds trusted, std::size_t atOnce)
-        : fileSystem_(fileSystem), trusted_(trusted), atOnce_(atOnce) {}
+    /// `maxAge` is how long a folder that was looked at is believed to stand where it was. At most
+    /// `maxOpen` folders are open.
+    OpenFolders(FileSystem& fileSystem, std::chrono::milliseconds maxAge, std::size_t maxOpen)
+        : fileSystem_(fileSystem), maxAge_(maxAge), maxOpen_(maxOpen) {}
 
     /// ESTALE if another folder stands at the path now; a link at its end is not followed, unless
     /// it is where the scan began. Stays open for as long as it is held.
     Result<std::shared_ptr<const OpenFolder>> open(const Directory& directory);
 
     /// Looks at every folder again when it is next asked for.
-    void distrust();
+    void invalidate();
 
  private:
     using Clock = std::chrono::steady_clock;
@@ -34,14 +34,14 @@ class OpenFolders final {
     struct Kept {
         const Directory* directory = nullptr;
         std::shared_ptr<const OpenFolder> folder;
-        Clock::time_point lookedAt;
+        Clock::time_point checkedAt;
     };
 
     Result<std::shared_ptr<const OpenFolder>> openAnew(const Directory& directory);
 
     FileSystem& fileSystem_;
-    const std::chrono::milliseconds trusted_;
-    const std::size_t atOnce_;
+    const std::chrono::milliseconds maxAge_;
+    const std::size_t maxOpen_;
     std::list<Kept> kept_;  // the one asked for last comes first
     std::unordered_map<const Directory*, std::list<Kept>::iterator> byDirectory_;
 };

@@ -219,7 +219,7 @@ std::optional<MoveOutcome> SetMove::recheck(const File& file, const Seen& seen,
     }
     // The folders that are open may stand elsewhere by now, and what is found may only be what the
     // system remembers.
-    tools_.folders.distrust();
+    tools_.folders.invalidate();
     return findSurvivor(file, seen) && isUnchangedNow(*files_[survivor_], *arrived)
                ? std::nullopt
                : std::optional(unlessStopped(MoveOutcome::lastCopy));

@@ -127,9 +127,9 @@ using MoveReport = std::vector<std::pair<std::string, MoveOutcome>>;
 
 inline MoveReport cleanUp(Modal& modal, CleaningUser& user, FileSystem& fileSystem,
                           CleanUp::Settings settings = {},
-                          std::chrono::milliseconds foldersTrusted = {}) {
+                          std::chrono::milliseconds folderMaxAge = {}) {
     MoveReport report;
-    settings.foldersTrusted = foldersTrusted;
+    settings.folderMaxAge = folderMaxAge;
     settings.report = [&report](const File& file, const MoveResult& result) {
         report.emplace_back(file.fileName(), result.outcome);
     };

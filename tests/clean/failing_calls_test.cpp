@@ -80,7 +80,7 @@ class FailingCalls : public ::testing::Test {
             makeTrashMover({user.trash(), static_cast<std::uint32_t>(::getuid())},
                            {*calls_, around.clock, around.mountTable});
         CleanUp::Settings settings;
-        settings.foldersTrusted = {};
+        settings.folderMaxAge = {};
         settings.beforeStep = beforeStep;
         report_.clear();
         settings.report = [this](const File& file, const MoveResult& result) {

@@ -29,7 +29,7 @@ class FilesOfAView : public ::testing::TestWithParam<const char*> {
         ComparedFiles files;
         files.addSet(paths);
         return cleanUp(files.marked(), user_, systemFileSystem(), std::move(settings),
-                       CleanUp::Settings().foldersTrusted);
+                       CleanUp::Settings().folderMaxAge);
     }
 
     /// In the folder itself, whatever a view says. Its Trash does not count.

@@ -53,7 +53,7 @@ class MovedFolder : public ::testing::Test {
             }
         };
         return cleanUp(files.marked(), user_, systemFileSystem(), std::move(settings),
-                       CleanUp::Settings().foldersTrusted);
+                       CleanUp::Settings().folderMaxAge);
     }
 
     [[nodiscard]] std::string path(const std::string& name) const { return folder_.pathOf(name); }

@@ -40,7 +40,7 @@ class WholeSet : public ::testing::Test {
             }
         };
         return cleanUp(modal, user_, fileSystem_, std::move(settings),
-                       CleanUp::Settings().foldersTrusted);
+                       CleanUp::Settings().folderMaxAge);
     }
 
     static MoveReport outcomes(MoveOutcome first, MoveOutcome second, MoveOutcome third) {
