@@ -37,12 +37,12 @@ std::variant<RecoveredJournal, StoreError> openRecovered(
     return opened;
 }
 
-std::optional<std::string> putJournalAside(Platform& platform, const StoreError& error) {
+std::optional<std::string> moveJournalAside(Platform& platform, const StoreError& error) {
     const std::optional<std::string> folder = platform.applicationSupportFolder();
     if (!folder || error.kind != StoreError::Kind::unusable) {
         return std::nullopt;
     }
-    auto aside = CleanUpJournal::putAside(*folder);
+    auto aside = CleanUpJournal::moveAside(*folder);
     auto* const path = std::get_if<std::string>(&aside);
     return path == nullptr ? std::nullopt : std::optional(std::move(*path));
 }

@@ -34,8 +34,8 @@ struct RecoveredJournal {
 /// Gives a journal that is of no use a name of its own, so that the next clean-up begins a new one;
 /// what it knows can then be put back by the desktop's Trash only. The new path; none if `error` is
 /// not about such a journal, or if it cannot be renamed, as while somebody has it open.
-[[nodiscard]] std::optional<std::string> putJournalAside(Platform& platform,
-                                                         const StoreError& error);
+[[nodiscard]] std::optional<std::string> moveJournalAside(Platform& platform,
+                                                          const StoreError& error);
 
 /// Whether clean-ups have been written down here. Opens nothing.
 [[nodiscard]] bool hasJournal(Platform& platform);

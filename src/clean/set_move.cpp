@@ -43,7 +43,7 @@ SetMove::SetMove(const MoveTools& tools, const Set& set, bool mayTakeAll)
     }
     const auto marked = std::stable_partition(files_.begin(), files_.end(),
                                               [](const File* file) { return !isMarked(*file); });
-    mayTakeAll_ = mayTakeAll_ && marked == files_.begin() && allAreEqual();
+    mayTakeAll_ = mayTakeAll_ && marked == files_.begin() && allUnchanged();
 }
 
 MoveResult SetMove::move(const File& file, TrashPlace& place) {
@@ -115,7 +115,7 @@ SetMove::Match SetMove::match(const File& file, const FileAttributes& now) const
 }
 
 /// Every file, as compared or equal to the first.
-bool SetMove::allAreEqual() {
+bool SetMove::allUnchanged() {
     const File* first = nullptr;
     FileAttributes firstNow;
     for (const File* const file : files_) {

@@ -57,7 +57,7 @@ class SetMove final {
 
     [[nodiscard]] Result<Seen> stat(const File& file);
     [[nodiscard]] Match match(const File& file, const FileAttributes& now) const;
-    [[nodiscard]] bool allAreEqual();
+    [[nodiscard]] bool allUnchanged();
     [[nodiscard]] std::optional<std::size_t> findSurvivor(const File& file, const Seen& seen);
     [[nodiscard]] bool survives(const File& other, const File& file, const Seen& seen);
     [[nodiscard]] bool isAsMoved(const File& file, const Seen& seen) const;

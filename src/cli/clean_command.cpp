@@ -249,7 +249,7 @@ bool CleanCommand::finish(std::unique_ptr<CleanUpRun> run, DataFile& totals) {
 
 /// So that a damaged journal is in the way of one clean-up only.
 void CleanCommand::putAside(const StoreError& error) {
-    if (const auto aside = putJournalAside(platform_, error)) {
+    if (const auto aside = moveJournalAside(platform_, error)) {
         complainAbout(error.path, "it is kept as " + shownName(*aside) +
                                       "; the next clean-up begins a new one");
     }

@@ -70,7 +70,7 @@ class DeletionTask::Run final {
         const StoredTotals before = session_.data.shown();
         auto opened = CleanUpRun::open(session_.platform, session_.data, std::move(settings));
         if (auto* error = std::get_if<StoreError>(&opened)) {
-            aside_ = putJournalAside(session_.platform, *error);
+            aside_ = moveJournalAside(session_.platform, *error);
             refusal_ = std::move(*error);
             return;
         }
@@ -88,7 +88,7 @@ class DeletionTask::Run final {
         session_.finishCleanUp(cleanUp, before, moved_);
         if (const std::optional<StoreError> failure = cleanUp.cleanUp().failure()) {
             run.reset();
-            aside_ = putJournalAside(session_.platform, *failure);
+            aside_ = moveJournalAside(session_.platform, *failure);
         }
     }
 

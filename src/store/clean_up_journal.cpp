@@ -98,7 +98,7 @@ bool CleanUpJournal::isIn(const std::string& folder) {
     return status.type() != std::filesystem::file_type::not_found;
 }
 
-StoreResult<std::string> CleanUpJournal::putAside(const std::string& folder) {
+StoreResult<std::string> CleanUpJournal::moveAside(const std::string& folder) {
     const Result<FolderLock> folderLock = FolderLock::take(folder);
     if (!folderLock) {
         return passingError(folder, folderLock.error());

@@ -144,7 +144,7 @@ using StoreResult = std::variant<Value, StoreError>;
 /// One thread at a time, and the same object not across a fork(). Calls wait for other processes as
 /// long as open() was told. A call that fails has changed nothing; its error says why: "unusable"
 /// if the file is damaged or another program's, "passing" in all other cases (no room, read-only,
-/// in use, written by a newer version). Nothing is overwritten or put aside unless putAside() is
+/// in use, written by a newer version). Nothing is overwritten or put aside unless moveAside() is
 /// asked.
 class CleanUpJournal final {
  public:
@@ -159,7 +159,7 @@ class CleanUpJournal final {
     /// Gives the journal in `folder`, and the rollback journal beside it, names with ".unreadable"
     /// behind, so that open() makes a new one; returns the new path. Refused ("passing") while any
     /// process has it open. What it counted and planned is out of reach then.
-    static StoreResult<std::string> putAside(const std::string& folder);
+    static StoreResult<std::string> moveAside(const std::string& folder);
 
     CleanUpJournal(CleanUpJournal&& other) noexcept;
     CleanUpJournal& operator=(CleanUpJournal&& other) noexcept;
@@ -254,7 +254,7 @@ class CleanUpJournal final {
 
     std::string path_;
     LockFile locks_;
-    FileLock presence_;  // shared, so that putAside() sees that the file is in use
+    FileLock presence_;  // shared, so that moveAside() sees that the file is in use
     std::unique_ptr<SqliteDatabase> database_;
     std::map<CleanUpId, FileLock> held_;
     std::vector<RecordedOutcome> outcomes_;  // not written yet

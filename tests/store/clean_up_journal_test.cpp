@@ -741,7 +741,7 @@ TEST_F(CleanUpJournalTest, WithADamagedFirstPageIsRefusedAndCanBePutAside) {
     expectRefused("the file is damaged", Kind::unusable);
     const std::string rollback = file_ + "-journal";
     std::ofstream(rollback) << "of the damaged one";
-    EXPECT_EQ(valueOf(CleanUpJournal::putAside(own_)), file_ + ".unreadable");
+    EXPECT_EQ(valueOf(CleanUpJournal::moveAside(own_)), file_ + ".unreadable");
     EXPECT_TRUE(contentOf(file_ + ".unreadable") == old);
     EXPECT_EQ(contentOf(rollback + ".unreadable"), "of the damaged one");
     EXPECT_FALSE(std::filesystem::exists(rollback));
@@ -829,7 +829,7 @@ TEST_F(CleanUpJournalTest, ThatIsNoDatabaseIsLeftAsItIs) {
 TEST_F(CleanUpJournalTest, AFolderOrALinkInItsPlaceIsRefused) {
     folder_.writeFile("own/clean-ups.sqlite/inside.txt", "kept");
     expectRefused("Is a directory", Kind::unusable);
-    EXPECT_EQ(valueOf(CleanUpJournal::putAside(own_)), file_ + ".unreadable");
+    EXPECT_EQ(valueOf(CleanUpJournal::moveAside(own_)), file_ + ".unreadable");
     EXPECT_EQ(contentOf(file_ + ".unreadable/inside.txt"), "kept");
     const std::string target = folder_.writeFile("target", "untouched");
     folder_.makeLink("own/clean-ups.sqlite", target);
@@ -991,17 +991,17 @@ TEST_F(CleanUpJournalTest, ThatAnotherProcessHoldsLockedIsNotWaitedForForever) {
 TEST_F(CleanUpJournalTest, ThatIsOpenIsNotPutAside) {
     {
         CleanUpJournal journal = opened();
-        const StoreError error = errorOf(CleanUpJournal::putAside(own_));
+        const StoreError error = errorOf(CleanUpJournal::moveAside(own_));
         EXPECT_EQ(error.text, "in use by another process");
         EXPECT_EQ(error.kind, Kind::passing);
         oneMove(journal);
     }
-    EXPECT_EQ(valueOf(CleanUpJournal::putAside(own_)), file_ + ".unreadable");
+    EXPECT_EQ(valueOf(CleanUpJournal::moveAside(own_)), file_ + ".unreadable");
     EXPECT_TRUE(valueOf(opened().cleanUps()).empty());
 }
 
 TEST_F(CleanUpJournalTest, ThatIsMissingCannotBePutAside) {
-    EXPECT_EQ(errorOf(CleanUpJournal::putAside(own_)).text, "No such file or directory");
+    EXPECT_EQ(errorOf(CleanUpJournal::moveAside(own_)).text, "No such file or directory");
 }
 
 /// Resident memory of this process, in bytes.
