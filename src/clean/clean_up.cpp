@@ -14,11 +14,11 @@ namespace tarvin {
 namespace {
 
 /// Of the sets that are moved at a time; a few folders more than most trees repeat.
-constexpr std::size_t foldersAtOnce = 128;
+constexpr std::size_t maxOpenFolders = 128;
 /// Whose path without links is remembered.
-constexpr std::size_t realFoldersAtOnce = 4096;
+constexpr std::size_t maxRealFolders = 4096;
 /// While another clean-up has its turn.
-constexpr std::chrono::milliseconds betweenLooksForStop{100};
+constexpr std::chrono::milliseconds stopPollInterval{100};
 
 /// 0 if it is not known.
 std::uint64_t inodeOf(const File& file) {
@@ -79,7 +79,7 @@ CleanUp::CleanUp(FileSystem& fileSystem, TrashMover& trash, CleanUpJournal& jour
       turn_(turns, cleanUpTurn),
       clock_(clock),
       settings_(std::move(settings)),
-      folders_(fileSystem, settings_.folderMaxAge, foldersAtOnce),
+      folders_(fileSystem, settings_.folderMaxAge, maxOpenFolders),
       tools_{fileSystem, trash, folders_, settings_.stopped, settings_.beforeStep} {}
 
 bool CleanUp::prepare(std::span<const std::shared_ptr<Set>> sets) {
@@ -92,7 +92,7 @@ bool CleanUp::prepare(std::span<const std::shared_ptr<Set>> sets) {
     auto first = journal_.plan(*id_, moves);
     if (auto* error = std::get_if<StoreError>(&first)) {
         planned_.clear();
-        return keep(std::move(*error));
+        return keepFirst(std::move(*error));
     }
     MoveRow row = std::get<MoveRow>(first);
     for (Planned& planned : planned_) {
@@ -108,7 +108,7 @@ bool CleanUp::hasBegun() {
     }
     auto begun = journal_.begin(clock_.now());
     if (auto* error = std::get_if<StoreError>(&begun)) {
-        return keep(std::move(*error));
+        return keepFirst(std::move(*error));
     }
     id_ = std::get<CleanUpId>(begun);
     return true;
@@ -145,7 +145,7 @@ std::optional<StoreError> CleanUp::finish() {
         journal_.release(*id_);
         return failure_;
     }
-    static_cast<void>(keep(journal_.finish(*id_)));
+    static_cast<void>(keepFirst(journal_.finish(*id_)));
     return failure_;
 }
 
@@ -156,7 +156,7 @@ std::optional<SystemError> CleanUp::takeTurn() {
     do {
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
             deadline - std::chrono::steady_clock::now());
-        refusal = turn_.take(std::clamp(left, std::chrono::milliseconds(0), betweenLooksForStop));
+        refusal = turn_.take(std::clamp(left, std::chrono::milliseconds(0), stopPollInterval));
     } while (refusal && refusal->code == EBUSY && !endsWaiting() &&
              std::chrono::steady_clock::now() < deadline);
     return refusal;
@@ -203,7 +203,7 @@ const std::string& CleanUp::realFolderOf(const Directory& folder) {
     if (known != realFolders_.end()) {
         return known->second;
     }
-    if (realFolders_.size() >= realFoldersAtOnce) {
+    if (realFolders_.size() >= maxRealFolders) {
         realFolders_.clear();
     }
     const std::string path = folder.path();
@@ -213,7 +213,7 @@ const std::string& CleanUp::realFolderOf(const Directory& folder) {
 }
 
 /// False if there is one.
-bool CleanUp::keep(std::optional<StoreError> failure) {
+bool CleanUp::keepFirst(std::optional<StoreError> failure) {
     const bool isGood = !failure.has_value();
     if (!isGood && !failure_) {
         failure_ = std::move(failure);
@@ -248,7 +248,7 @@ void CleanUp::record(const Planned& planned, const MoveResult& result, TrashPlac
             outcome.reason += ": " + result.reason;
         }
     }
-    static_cast<void>(keep(journal_.record({&outcome, 1})));
+    static_cast<void>(keepFirst(journal_.record({&outcome, 1})));
 }
 
 }  // namespace tarvin

@@ -89,7 +89,7 @@ class CleanUp final : public FileMover {
     [[nodiscard]] const File* stayingFor(const Set& set) const;
     [[nodiscard]] std::string realPathOf(const File& file);
     [[nodiscard]] const std::string& realFolderOf(const Directory& folder);
-    [[nodiscard]] bool keep(std::optional<StoreError> failure);
+    [[nodiscard]] bool keepFirst(std::optional<StoreError> failure);
     [[nodiscard]] const Planned* plannedFor(const File& file);
     void record(const Planned& planned, const MoveResult& result, TrashPlace place);
 

@@ -10,7 +10,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr std::size_t pieceBytes = 256 * 1024;
+constexpr std::size_t chunkBytes = 256 * 1024;
 
 bool isUnchanged(const FileAttributes& before, const FileAttributes& now) {
     return isSameFile(before, now) && now.changed == before.changed && now.linkCount > 0;
@@ -56,12 +56,12 @@ bool haveEqualContents(FileSystem& fileSystem, const SeenFile& one, const SeenFi
     if (size != other.attributes.size || !first.isAsSeen() || !second.isAsSeen()) {
         return false;
     }
-    const auto room = std::make_unique_for_overwrite<std::byte[]>(2 * pieceBytes);
-    for (std::uint64_t offset = 0; offset < size; offset += pieceBytes) {
+    const auto buffer = std::make_unique_for_overwrite<std::byte[]>(2 * chunkBytes);
+    for (std::uint64_t offset = 0; offset < size; offset += chunkBytes) {
         const auto length =
-            static_cast<std::size_t>(std::min<std::uint64_t>(pieceBytes, size - offset));
-        const std::span<std::byte> ones(room.get(), length);
-        const std::span<std::byte> others(room.get() + pieceBytes, length);
+            static_cast<std::size_t>(std::min<std::uint64_t>(chunkBytes, size - offset));
+        const std::span<std::byte> ones(buffer.get(), length);
+        const std::span<std::byte> others(buffer.get() + chunkBytes, length);
         if ((stopped && stopped()) || !first.read(offset, ones) || !second.read(offset, others) ||
             std::memcmp(ones.data(), others.data(), length) != 0) {
             return false;

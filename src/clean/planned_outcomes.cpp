@@ -13,11 +13,11 @@ namespace tarvin {
 namespace {
 
 /// For a clean-up that moves one set meanwhile.
-constexpr std::chrono::seconds waitForTurn{1};
+constexpr std::chrono::seconds turnTimeout{1};
 
 }  // namespace
 
-bool isPlanned(const JournalMove& move, const FileAttributes& now) {
+bool isFileOf(const JournalMove& move, const FileAttributes& now) {
     return now.type == EntryType::regular && now.size == move.size &&
            now.modified == move.modified && (move.inode == 0 || now.identity.inode == move.inode);
 }
@@ -25,32 +25,32 @@ bool isPlanned(const JournalMove& move, const FileAttributes& now) {
 /// What became of planned moves, as far as that can be seen now.
 std::vector<RecordedOutcome> PlannedOutcomes::of(std::vector<JournalMove> moves) {
     outcomes_.clear();
-    takeInPlace(moves);
+    settleInPlace(moves);
     std::unordered_map<std::string, bool> isReadable;
     while (!moves.empty()) {
         // Finds the others that are in the same places, too.
         for (const std::string& trash : trash_.trashesFor(moves.back().path)) {
             if (!isReadable.contains(trash)) {
-                isReadable[trash] = takeFoundIn(trash, moves);
+                isReadable[trash] = settleFoundIn(trash, moves);
             }
         }
-        dropSought(isReadable, moves);
+        settleMissing(isReadable, moves);
     }
     return std::move(outcomes_);
 }
 
 /// Those at the end that were looked for wherever they can be. They are gone, unless a place
 /// could not be looked at: then the next start looks again.
-void PlannedOutcomes::dropSought(const std::unordered_map<std::string, bool>& isReadable,
-                                 std::vector<JournalMove>& moves) {
+void PlannedOutcomes::settleMissing(const std::unordered_map<std::string, bool>& isReadable,
+                                    std::vector<JournalMove>& moves) {
     for (; !moves.empty(); moves.pop_back()) {
         bool isGone = isAttached(moves.back());
         for (const std::string& trash : trash_.trashesFor(moves.back().path)) {
-            const auto sought = isReadable.find(trash);
-            if (sought == isReadable.end()) {
+            const auto searched = isReadable.find(trash);
+            if (searched == isReadable.end()) {
                 return;
             }
-            isGone = isGone && sought->second;
+            isGone = isGone && searched->second;
         }
         if (isGone) {
             outcomes_.push_back({moves.back().row, MoveState::left, {}, {}, "gone"});
@@ -66,11 +66,11 @@ bool PlannedOutcomes::isAttached(const JournalMove& move) {
 
 bool PlannedOutcomes::isInPlace(const JournalMove& move) {
     const Result<FileAttributes> now = fileSystem_.attributesAtPath(move.path);
-    return now && isPlanned(move, *now);
+    return now && isFileOf(move, *now);
 }
 
 /// The moves that were not made. The next one may have its note already.
-void PlannedOutcomes::takeInPlace(std::vector<JournalMove>& moves) {
+void PlannedOutcomes::settleInPlace(std::vector<JournalMove>& moves) {
     std::vector<std::string> paths;
     std::erase_if(moves, [&](JournalMove& move) {
         if (!isInPlace(move)) {
@@ -81,13 +81,13 @@ void PlannedOutcomes::takeInPlace(std::vector<JournalMove>& moves) {
         return true;
     });
     if (!paths.empty()) {
-        removeNotesOf(paths);
+        removeTrashInfosOf(paths);
     }
 }
 
 /// Waits until no clean-up moves anything: it may be one of these files.
-void PlannedOutcomes::removeNotesOf(const std::vector<std::string>& paths) {
-    const Result<FileLock> turn = turns_.take(cleanUpTurn, waitForTurn);
+void PlannedOutcomes::removeTrashInfosOf(const std::vector<std::string>& paths) {
+    const Result<FileLock> turn = turns_.take(cleanUpTurn, turnTimeout);
     if (!turn) {
         return;
     }
@@ -105,7 +105,7 @@ void PlannedOutcomes::removeNotesOf(const std::vector<std::string>& paths) {
 }
 
 /// False if the Trash is there and cannot be looked at.
-bool PlannedOutcomes::takeFoundIn(const std::string& trash, std::vector<JournalMove>& moves) {
+bool PlannedOutcomes::settleFoundIn(const std::string& trash, std::vector<JournalMove>& moves) {
     const Result<FileAttributes> files = fileSystem_.attributesAtPath(trash + "/files");
     if (!files) {
         return files.error().code == ENOENT || files.error().code == ENOTDIR;
@@ -121,7 +121,7 @@ bool PlannedOutcomes::takeFoundIn(const std::string& trash, std::vector<JournalM
     }
     for (const TrashedFile& file : *found) {
         const auto move = std::find_if(moves.begin(), moves.end(), [&](const auto& planned) {
-            return planned.inode != 0 && isPlanned(planned, file.attributes);
+            return planned.inode != 0 && isFileOf(planned, file.attributes);
         });
         if (move != moves.end()) {
             move->trashFolder = trash;

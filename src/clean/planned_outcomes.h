@@ -13,7 +13,7 @@
 namespace tarvin {
 
 /// Whether the file at hand is the one of a move: its size, its date and, if known, its inode.
-[[nodiscard]] bool isPlanned(const JournalMove& move, const FileAttributes& now);
+[[nodiscard]] bool isFileOf(const JournalMove& move, const FileAttributes& now);
 
 /// Finds out what became of moves of which only the plan is known, after their process has ended:
 /// the file is in its place, in a Trash, or gone. One thread.
@@ -32,13 +32,13 @@ class PlannedOutcomes final {
     [[nodiscard]] std::vector<RecordedOutcome> of(std::vector<JournalMove> moves);
 
  private:
-    void dropSought(const std::unordered_map<std::string, bool>& isReadable,
-                    std::vector<JournalMove>& moves);
+    void settleMissing(const std::unordered_map<std::string, bool>& isReadable,
+                       std::vector<JournalMove>& moves);
     [[nodiscard]] bool isAttached(const JournalMove& move);
     [[nodiscard]] bool isInPlace(const JournalMove& move);
-    void takeInPlace(std::vector<JournalMove>& moves);
-    void removeNotesOf(const std::vector<std::string>& paths);
-    [[nodiscard]] bool takeFoundIn(const std::string& trash, std::vector<JournalMove>& moves);
+    void settleInPlace(std::vector<JournalMove>& moves);
+    void removeTrashInfosOf(const std::vector<std::string>& paths);
+    [[nodiscard]] bool settleFoundIn(const std::string& trash, std::vector<JournalMove>& moves);
     [[nodiscard]] RecordedOutcome outcomeOfFound(const JournalMove& move);
     [[nodiscard]] bool staysAsPlanned(const JournalMove& move);
 

@@ -12,7 +12,7 @@ namespace tarvin {
 namespace {
 
 /// What is written down at a time; a crash has the next look find out so many again.
-constexpr std::size_t rowsAtOnce = 512;
+constexpr std::size_t batchSize = 512;
 
 /// As far as the journal knows.
 std::uint64_t filesInTrash(const CleanUpSummary& cleanUp) {
@@ -21,17 +21,17 @@ std::uint64_t filesInTrash(const CleanUpSummary& cleanUp) {
 }
 
 /// Writes down in portions what became of moves.
-class Marks final {
+class MarkBatch final {
  public:
     using Write = std::optional<StoreError> (CleanUpJournal::*)(std::span<const MoveRow>);
 
     /// `trash` is flushed before: a power failure must not undo what is written down.
-    Marks(CleanUpJournal& journal, TrashMover& trash, Write write)
+    MarkBatch(CleanUpJournal& journal, TrashMover& trash, Write write)
         : journal_(journal), trash_(trash), write_(write) {}
 
     void add(MoveRow row, std::optional<StoreError>& failure) {
         rows_.push_back(row);
-        if (rows_.size() >= rowsAtOnce) {
+        if (rows_.size() >= batchSize) {
             writeOut(failure);
         }
     }
@@ -171,7 +171,7 @@ StoreResult<std::optional<NothingToPutBack>> PutBack::nothingIn(
 std::optional<StoreError> PutBack::examine(CleanUpId id,
                                            const std::function<bool(const PutBackFile&)>& visit) {
     std::optional<StoreError> failure;
-    Marks putBack(journal_, *trash_, &CleanUpJournal::markPutBack);
+    MarkBatch putBack(journal_, *trash_, &CleanUpJournal::markPutBack);
     bool hasNews = false;
     auto unread = journal_.forEachMove(
         id, {MoveState::moved}, CleanUpJournal::Order::asPlanned, [&](const JournalMove& move) {
@@ -194,8 +194,8 @@ std::optional<StoreError> PutBack::examine(CleanUpId id,
 /// not be written.
 std::optional<StoreError> PutBack::bringAll(CleanUpId id, const Settings& settings,
                                             std::optional<StoreError>& failure) {
-    Marks putBack(journal_, *trash_, &CleanUpJournal::markPutBack);
-    Marks lost(journal_, *trash_, &CleanUpJournal::markLost);
+    MarkBatch putBack(journal_, *trash_, &CleanUpJournal::markPutBack);
+    MarkBatch lost(journal_, *trash_, &CleanUpJournal::markLost);
     bool isStopped = false;
     auto unread = journal_.forEachMove(
         id, {MoveState::moved}, CleanUpJournal::Order::asPlanned, [&](const JournalMove& move) {

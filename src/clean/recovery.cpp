@@ -15,7 +15,7 @@ namespace tarvin {
 namespace {
 
 /// So many moves at a time, which bounds the memory and the passes over a Trash.
-constexpr std::size_t movesAtOnce = 4096;
+constexpr std::size_t batchSize = 4096;
 
 /// The clean-ups of one recovery.
 class Recovery final {
@@ -29,23 +29,23 @@ class Recovery final {
 
     /// One of which something cannot be looked at now stays unfinished.
     std::optional<StoreError> complete(const CleanUpSummary& cleanUp) {
-        isWhole_ = true;
+        isComplete_ = true;
         std::optional<StoreError> failure =
-            forEachPortion(cleanUp.id, MoveState::planned, [&](std::vector<JournalMove> moves) {
+            forEachBatch(cleanUp.id, MoveState::planned, [&](std::vector<JournalMove> moves) {
                 const std::size_t count = moves.size();
                 const std::vector<RecordedOutcome> outcomes = planned_.of(std::move(moves));
-                isWhole_ = isWhole_ && outcomes.size() == count;
+                isComplete_ = isComplete_ && outcomes.size() == count;
                 return whenFlushed([&] { return journal_.record(outcomes); });
             });
-        if (!failure && isWhole_) {
-            failure = forEachPortion(cleanUp.id, MoveState::moved, [&](const auto& moves) {
-                return lookAtMoved(moves, cleanUp.begun);
+        if (!failure && isComplete_) {
+            failure = forEachBatch(cleanUp.id, MoveState::moved, [&](const auto& moves) {
+                return checkMoved(moves, cleanUp.begun);
             });
         }
         if (failure) {
             return failure;
         }
-        if (isWhole_ && !trash_.flush()) {
+        if (isComplete_ && !trash_.flush()) {
             return journal_.finish(cleanUp.id);
         }
         journal_.release(cleanUp.id);
@@ -56,17 +56,17 @@ class Recovery final {
     /// Writes down what was done to files, unless a power failure could still undo it.
     std::optional<StoreError> whenFlushed(const std::function<std::optional<StoreError>()>& write) {
         if (trash_.flush()) {
-            isWhole_ = false;
+            isComplete_ = false;
             return std::nullopt;
         }
         return write();
     }
 
-    std::optional<StoreError> forEachPortion(
+    std::optional<StoreError> forEachBatch(
         CleanUpId id, MoveState state,
         const std::function<std::optional<StoreError>(std::vector<JournalMove>)>& visit) {
         for (MoveRow after = 0;;) {
-            auto read = journal_.moves(id, {state}, movesAtOnce, after);
+            auto read = journal_.moves(id, {state}, batchSize, after);
             if (auto* error = std::get_if<StoreError>(&read)) {
                 return std::move(*error);
             }
@@ -83,18 +83,18 @@ class Recovery final {
 
     /// After a power failure the disk may have lost a note, or the whole move, of what the journal
     /// knows as moved; and who put files back may have ended before that was written down.
-    std::optional<StoreError> lookAtMoved(const std::vector<JournalMove>& moves, Timestamp begun) {
+    std::optional<StoreError> checkMoved(const std::vector<JournalMove>& moves, Timestamp begun) {
         std::vector<MoveRow> notMoved;
         for (const JournalMove& move : moves) {
             const TrashPlace place{move.trashFolder, move.trashName};
             const auto there = trash_.look(place);
-            if (there && isPlanned(move, *there)) {
-                isWhole_ = !trash_.mendNote(place, move.path, begun) && isWhole_;
+            if (there && isFileOf(move, *there)) {
+                isComplete_ = !trash_.mendNote(place, move.path, begun) && isComplete_;
             } else if (!there && files_.isBackAlready(move)) {
                 notMoved.push_back(move.row);
             } else if (!there) {
                 const PutBackOutcome outlook = files_.check(move).outcome;
-                isWhole_ = isWhole_ && outlook == PutBackOutcome::lost;
+                isComplete_ = isComplete_ && outlook == PutBackOutcome::lost;
             }
         }
         return notMoved.empty() ? std::nullopt : journal_.markPutBack(notMoved);
@@ -104,7 +104,7 @@ class Recovery final {
     CleanUpJournal& journal_;
     FileReturn files_;
     PlannedOutcomes planned_;
-    bool isWhole_ = true;  // of the clean-up in hand: everything could be looked at and mended
+    bool isComplete_ = true;  // of the clean-up in hand: everything could be looked at and mended
 };
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace tarvin {
 namespace {
 
 /// Open at once; beyond it all are opened anew.
-constexpr std::size_t mostKept = 64;
+constexpr std::size_t maxKept = 64;
 
 }  // namespace
 
@@ -27,7 +27,7 @@ ReturnFolders::Opened ReturnFolders::open(const std::string& path) {
     }
     Opened folder = openAnew(path);
     if (folder) {
-        if (kept_.size() >= mostKept) {
+        if (kept_.size() >= maxKept) {
             kept_.clear();
         }
         kept_.emplace(path, *folder);

@@ -24,7 +24,7 @@ constexpr std::string_view asideSuffix = ".unreadable";
 /// Held, shared, by all that have the journal open. Clean-ups are numbered from 1.
 constexpr std::uint64_t presenceLock = 0;
 
-constexpr std::int64_t keptCleanUps = 30;
+constexpr std::int64_t maxKeptCleanUps = 30;
 constexpr int maxLockedNumbers = 1000;
 
 StoreError lockError(const LockFile& locks, SystemError reason) {
@@ -196,7 +196,7 @@ void CleanUpJournal::prune() {
             " LIMIT -1 OFFSET ?) AS old WHERE counted_files = moved_files - put_back_files"
             " AND counted_bytes = moved_bytes - put_back_bytes"
             " AND NOT EXISTS (SELECT 1 FROM intent WHERE intent.clean_up = old.id)");
-        for (read.with(keptCleanUps); read.step();) {
+        for (read.with(maxKeptCleanUps); read.step();) {
             old.push_back(read.number(0));
         }
     }

@@ -8,7 +8,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr std::size_t movesReadAtOnce = 1024;
+constexpr std::size_t readBatch = 1024;
 
 CleanUpSummary summaryOf(const SqliteStatement& row) {
     CleanUpSummary summary;
@@ -122,7 +122,7 @@ std::optional<StoreError> CleanUpJournal::forEachMove(
     const std::function<bool(const JournalMove&)>& visit) {
     MoveRow last = 0;
     while (true) {
-        auto read = moves(id, states, movesReadAtOnce, last, order);
+        auto read = moves(id, states, readBatch, last, order);
         if (auto* error = std::get_if<StoreError>(&read)) {
             return std::move(*error);
         }
@@ -132,7 +132,7 @@ std::optional<StoreError> CleanUpJournal::forEachMove(
                 return std::nullopt;
             }
         }
-        if (found.size() < movesReadAtOnce) {
+        if (found.size() < readBatch) {
             return std::nullopt;
         }
         last = found.back().row;
