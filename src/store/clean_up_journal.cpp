@@ -21,7 +21,7 @@ constexpr const char* journalLockName = "/clean-ups.lock";
 constexpr std::string_view rollbackSuffix = "-journal";
 constexpr std::string_view asideSuffix = ".unreadable";
 
-/// Held, shared, by all that have the journal open. Clean-ups are numbered from 1.
+/// Lock shared by all objects that have the journal open. Clean-ups use their numbers, from 1.
 constexpr std::uint64_t presenceLock = 0;
 
 constexpr std::int64_t maxKeptCleanUps = 30;
@@ -51,7 +51,7 @@ Result<FileLock> takeUnheld(const LockFile& locks, CleanUpId& id) {
     return lock;
 }
 
-/// Whether nothing of it is to be found out at the next start.
+/// Whether it needs no recovery.
 bool isSettled(const CleanUpSummary& cleanUp) {
     return cleanUp.finished && !cleanUp.isReturning;
 }
@@ -64,7 +64,7 @@ StoreResult<CleanUpJournal> CleanUpJournal::open(const std::string& folder,
     if (!folderLock) {
         return passingError(folder, folderLock.error());
     }
-    // Links above the file are followed here; SQLite is told to follow none.
+    // Symlinks above the file are resolved here, since SQLite opens it with SQLITE_OPEN_NOFOLLOW.
     std::error_code unresolved;
     const std::filesystem::path real = std::filesystem::canonical(folder, unresolved);
     if (unresolved) {
@@ -109,7 +109,8 @@ StoreResult<std::string> CleanUpJournal::moveAside(const std::string& folder) {
         return lockError(locks, alone.error());
     }
     const std::string path = folder + journalName;
-    // First, and even if the other one fails: a new journal must never find the old one's.
+    // First, and even if the second rename fails: a new journal must never find the rollback
+    // journal of the old one.
     const std::string rollback = path + std::string(rollbackSuffix);
     const Result<std::string> rollbackAside = tarvin::putAside(rollback, asideSuffix);
     if (!rollbackAside && rollbackAside.error().code != ENOENT) {
@@ -143,7 +144,7 @@ CleanUpJournal& CleanUpJournal::operator=(CleanUpJournal&& other) noexcept {
 
 CleanUpJournal::~CleanUpJournal() {
     if (database_ != nullptr) {
-        // What is lost here is found out again like after a crash.
+        // Outcomes that cannot be written are recovered as after a crash.
         static_cast<void>(writeOutcomes());
     }
 }
@@ -155,13 +156,13 @@ StoreResult<CleanUpId> CleanUpJournal::begin(Timestamp now) {
     prune();
     SqliteTransaction beginning(*database_);
     CleanUpId id = nextIdIn(*database_);
-    // Taken before others can see the clean-up.
+    // Locked before other processes can see the clean-up.
     Result<FileLock> lock = takeUnheld(locks_, id);
     if (!lock) {
         database_->fail(lockError(locks_, lock.error()));
     }
     if (id >= rowsOfCleanUp / 2) {
-        database_->failDamaged();  // nobody has cleaned up so often
+        database_->failDamaged();  // 2^31 clean-ups are impossible in practice
     }
     database_->statement("INSERT INTO clean_up (id, begun) VALUES (?, ?)")
         .with(id)
@@ -187,7 +188,7 @@ std::optional<StoreError> CleanUpJournal::finish(CleanUpId id) {
     return std::nullopt;
 }
 
-/// What cannot be deleted now is deleted the next time.
+/// Deletes old clean-ups. Failures are ignored: the next call tries again.
 void CleanUpJournal::prune() {
     std::vector<CleanUpId> old;
     {
@@ -203,7 +204,7 @@ void CleanUpJournal::prune() {
     for (const CleanUpId id : old) {
         const Result<FileLock> lock = locks_.tryTake(static_cast<std::uint64_t>(id));
         if (!lock) {
-            continue;  // somebody puts it back
+            continue;  // a process is putting it back
         }
         SqliteTransaction deleting(*database_);
         database_->statement("DELETE FROM move WHERE id BETWEEN ? AND ?")
@@ -250,7 +251,7 @@ StoreResult<std::vector<CleanUpSummary>> CleanUpJournal::crashed() {
             return lockError(locks_, lock.error());
         }
     }
-    // Their processes may have gone on, and to the end, between the reading and the locks.
+    // Read again: a process may have finished its clean-up between the first reading and the lock.
     auto now = cleanUps();
     auto* all = std::get_if<std::vector<CleanUpSummary>>(&now);
     if (all == nullptr) {

@@ -24,16 +24,16 @@ class SqliteDatabase;
 
 /// The number of a clean-up, from 1 up; newer ones have larger numbers, and none is used twice.
 using CleanUpId = std::int64_t;
-/// The number of a move, unique in its journal; it says of which clean-up it is.
+/// The number of a move, unique in its journal; its upper half is the clean-up.
 using MoveRow = std::int64_t;
 
 /// planned becomes moved or left; moved becomes putBack or lost, and lost becomes putBack.
 enum class MoveState : std::uint8_t {
-    planned,  ///< what came of it has not been recorded
+    planned,  ///< no outcome has been recorded
     moved,    ///< in the Trash
-    left,     ///< stayed where it was
+    left,     ///< was not moved
     putBack,  ///< was in the Trash and has been put back
-    lost      ///< is in the Trash no longer, and was not put back by us
+    lost      ///< no longer in the Trash, and not put back by tarvin
 };
 
 /// A set of states.
@@ -58,7 +58,7 @@ class MoveStates final {
     std::uint32_t bits_ = 0;
 };
 
-/// The file of a content that is to stay in its place while copies of it are moved.
+/// The file of a set that stays in its place while its duplicates are moved.
 struct StayingFile {
     std::string path;  ///< absolute, native bytes
     std::uint64_t inode = 0;
@@ -73,19 +73,20 @@ struct PlannedMove {
     std::uint64_t inode = 0;
     std::uint64_t size = 0;  ///< bytes, at most 2^63 - 1
     std::optional<Timestamp> modified;
-    std::optional<StayingFile> staying = std::nullopt;  ///< as large; none if all copies go
+    /// Has the same size; nullopt if the whole set is moved.
+    std::optional<StayingFile> staying = std::nullopt;
 };
 
-/// What came of a planned move.
+/// The outcome of a planned move.
 struct RecordedOutcome {
     MoveRow row = 0;
     MoveState state = MoveState::moved;  ///< moved or left
     std::string trashFolder;             ///< moved: absolute path of the Trash folder
-    std::string trashName;  ///< moved: its name in "files"; empty if it is the file's own
-    std::string reason;     ///< left: why, in the caller's own words
+    std::string trashName;               ///< moved: its name in "files"; empty if unchanged
+    std::string reason;                  ///< left: free text of the caller
 };
 
-/// A move as the journal knows it.
+/// A move as stored in the journal.
 struct JournalMove {
     MoveRow row = 0;
     std::string path;
@@ -99,13 +100,13 @@ struct JournalMove {
     std::string reason;  ///< as recorded; empty if it was not left
 };
 
-/// One clean-up. Files that were moved count as moved also after they were put back or lost.
+/// One clean-up. Moved files still count as moved after they have been put back or lost.
 struct CleanUpSummary {
     CleanUpId id = 0;
     Timestamp begun;
     bool finished = false;
-    bool isReturning = false;  ///< files of it are being put back, or were when a process ended
-    std::uint64_t plannedFiles = 0;    ///< all moves
+    bool isReturning = false;        ///< its files are being put back, or were when a process ended
+    std::uint64_t plannedFiles = 0;  ///< all moves
     std::uint64_t unsettledFiles = 0;  ///< in state planned
     std::uint64_t movedFiles = 0;
     std::uint64_t movedBytes = 0;
@@ -115,7 +116,7 @@ struct CleanUpSummary {
     std::uint64_t lostFiles = 0;
 };
 
-/// What the totals include of a clean-up, and what they should.
+/// The part of a clean-up that the totals include, and the part that they should.
 struct TotalsOfCleanUp {
     CleanUpId id = 0;
     std::uint64_t countedFiles = 0;
@@ -124,8 +125,8 @@ struct TotalsOfCleanUp {
     std::uint64_t bytes = 0;
 };
 
-/// A change of the totals that is about to be made: `change.files` and `bytes` are what will be
-/// counted of the clean-up once the data file says `after`.
+/// A change of the totals that is about to be made: once the data file holds `after`,
+/// `change.files` and `change.bytes` of the clean-up are counted.
 struct TotalsIntent {
     TotalsOfCleanUp change;
     StoredTotals before;
@@ -135,111 +136,107 @@ struct TotalsIntent {
 template <typename Value>
 using StoreResult = std::variant<Value, StoreError>;
 
-/// The journal of clean-ups, "clean-ups.sqlite" with "clean-ups.lock" in the application-support
-/// folder: each move to the Trash is written here before it happens, and what came of it after.
-/// Read by Put Back and, after a crash, by the next start. A clean-up belongs to the process that
-/// holds its lock; locks end with the object or the process. Several processes use the file at
+/// The journal of clean-ups, "clean-ups.sqlite" with "clean-ups.lock" in the data folder. Each move
+/// to the Trash is stored here before it is made, and its outcome afterwards. Put Back reads it,
+/// and so does the next start after a crash. A clean-up belongs to the process that holds its lock;
+/// the object or the end of the process releases its locks. Several processes can use the file at
 /// once.
 ///
-/// One thread at a time, and the same object not across a fork(). Calls wait for other processes as
-/// long as open() was told. A call that fails has changed nothing; its error says why: "unusable"
-/// if the file is damaged or another program's, "passing" in all other cases (no room, read-only,
-/// in use, written by a newer version). Nothing is overwritten or put aside unless moveAside() is
-/// asked.
+/// One thread at a time; an object must not be used across a fork(). Calls wait for other processes
+/// for the `patience` of open(). A call that fails has changed nothing. The kind of its error is
+/// "unusable" if the file is damaged or belongs to another program, otherwise "passing" (no space,
+/// read-only, in use, written by a newer version). Only moveAside() replaces or renames the file.
 class CleanUpJournal final {
  public:
-    /// Makes folder and file where they are missing, for the user alone. Holds the folder's
-    /// FolderLock meanwhile, so the caller must not.
+    /// Creates a missing folder and file, private to the user. The caller must not hold the
+    /// FolderLock of `folder`, which this call takes.
     static StoreResult<CleanUpJournal> open(
         const std::string& folder, std::chrono::milliseconds patience = std::chrono::seconds(10));
 
-    /// Whether there is a journal in `folder`, usable or not. Opens and makes nothing.
+    /// Whether `folder` has a journal, usable or not. Opens and creates nothing.
     static bool isIn(const std::string& folder);
 
-    /// Gives the journal in `folder`, and the rollback journal beside it, names with ".unreadable"
-    /// behind, so that open() makes a new one; returns the new path. Refused ("passing") while any
-    /// process has it open. What it counted and planned is out of reach then.
+    /// Appends ".unreadable" to the names of the journal in `folder` and of its rollback journal,
+    /// so that open() creates a new one. Returns the new path. Fails ("passing") while any process
+    /// has the journal open. Its clean-ups can no longer be put back or counted afterwards.
     static StoreResult<std::string> moveAside(const std::string& folder);
 
     CleanUpJournal(CleanUpJournal&& other) noexcept;
     CleanUpJournal& operator=(CleanUpJournal&& other) noexcept;
-    /// Writes outcomes that are still to be written, as far as that can be done, and gives back all
-    /// locks: an unfinished clean-up then counts as crashed.
+    /// Writes pending outcomes if possible and releases all locks: an unfinished clean-up then
+    /// counts as crashed.
     ~CleanUpJournal();
 
     [[nodiscard]] const std::string& path() const { return path_; }
 
-    /// Begins a clean-up and holds its lock until finish(), release() or destruction. Begin one
-    /// only when there is something to plan: each takes one of the 30 places. Finished clean-ups
-    /// beyond the newest 30 are deleted, except those that the totals do not include yet and those
-    /// whose lock is held.
+    /// Begins a clean-up and holds its lock until finish(), release() or destruction. To be called
+    /// only if there is something to plan: only the newest 30 finished clean-ups are kept. Older
+    /// ones are deleted unless the totals do not include them yet or their lock is held.
     StoreResult<CleanUpId> begin(Timestamp now);
 
-    /// Plans moves of a clean-up whose lock is held here. They get consecutive numbers, in order;
-    /// the first is returned. One transaction: on return it outlives a power failure, and so do all
-    /// outcomes recorded before.
+    /// Plans moves of a clean-up whose lock this object holds. They get consecutive numbers, in
+    /// order; returns the first. One transaction: on return it is durable, and so are all outcomes
+    /// recorded before.
     StoreResult<MoveRow> plan(CleanUpId id, std::span<const PlannedMove> moves);
 
-    /// Notes what came of planned moves. Cheap: kept in memory, and written with the next plan(),
-    /// with any other call of this object, with its destruction, or once there are 4,096. What a
-    /// crash takes is found out again by looking at the planned moves. Of two outcomes of one move
-    /// the first counts.
+    /// Records outcomes of planned moves. Cheap: they are kept in memory and written by the next
+    /// plan() or any other call of this object, on destruction, or once there are 4,096. Recovery
+    /// determines those that a crash has lost from the files. The first outcome of a move wins.
     [[nodiscard]] std::optional<StoreError> record(std::span<const RecordedOutcome> outcomes);
 
-    /// Marks a clean-up complete and gives back its lock; deletes old ones like begin(). Each of
-    /// its moves should have an outcome. On failure the lock stays.
+    /// Marks a clean-up as finished and releases its lock; deletes old ones like begin(). Each of
+    /// its moves should have an outcome. On failure the lock is kept.
     [[nodiscard]] std::optional<StoreError> finish(CleanUpId id);
 
-    /// Takes the lock of any clean-up, so that this process alone puts back what it moved; "in use
-    /// by another process" if another one has it. Does nothing if it is held here already.
+    /// Takes the lock of any clean-up, so that only this process puts its files back; fails with
+    /// "in use by another process" if another one holds it. Does nothing if this object holds it.
     [[nodiscard]] std::optional<StoreError> claim(CleanUpId id);
-    /// Gives back the lock of a clean-up, finished or not, if it is held here.
+    /// Releases the lock of a clean-up, finished or not, if this object holds it.
     void release(CleanUpId id);
 
-    /// Files of a clean-up whose lock is held are being put back: until endReturn() it counts as
-    /// crashed if the process ends. An unfinished one stays so. Durable on return.
+    /// Marks a clean-up whose lock is held as being put back: if the process ends before
+    /// endReturn(), it counts as crashed. An unfinished one stays unfinished. Durable on return.
     [[nodiscard]] std::optional<StoreError> beginReturn(CleanUpId id);
     [[nodiscard]] std::optional<StoreError> endReturn(CleanUpId id);
 
-    /// The clean-ups that nobody works on and that are unfinished or were being put back, oldest
-    /// first. Each comes with its lock, held until finish(), release() or destruction: only one
-    /// process recovers it.
+    /// Returns the clean-ups that no process holds and that are unfinished or were being put back,
+    /// oldest first. Takes the lock of each until finish(), release() or destruction, so that only
+    /// one process recovers it.
     StoreResult<std::vector<CleanUpSummary>> crashed();
 
-    /// All clean-ups, newest first.
+    /// Returns all clean-ups, newest first.
     StoreResult<std::vector<CleanUpSummary>> cleanUps();
 
     enum class Order : std::uint8_t { asPlanned, lastFirst };
 
-    /// Up to `limit` moves of a clean-up in any of `states`, in order, behind (or, lastFirst,
-    /// before) the row `after`; 0 begins at the first.
+    /// Returns up to `limit` moves of a clean-up in any of `states`, in order, that follow (with
+    /// lastFirst: precede) the row `after`; with 0 from the beginning.
     StoreResult<std::vector<JournalMove>> moves(CleanUpId id, MoveStates states, std::size_t limit,
                                                 MoveRow after = 0, Order order = Order::asPlanned);
 
-    /// Calls `visit` with each move in any of `states`, until it returns false. Reads in portions:
-    /// memory is bounded, nothing is locked during a visit, and `visit` may use this object. A
-    /// change of state that `visit` makes ahead is seen.
+    /// Calls `visit` with each move in any of `states`, until it returns false. Reads in batches:
+    /// memory is bounded, nothing is locked during a visit, and `visit` may use this object.
+    /// Changes of state that `visit` makes are seen from the next batch on (1,024 moves).
     [[nodiscard]] std::optional<StoreError> forEachMove(
         CleanUpId id, MoveStates states, Order order,
         const std::function<bool(const JournalMove&)>& visit);
 
-    /// Moves that were put back, or that are no longer in the Trash. One transaction each, durable
-    /// on return; a move that is so already, or was never moved, stays as it is.
+    /// Mark moves whose files were put back, or are no longer in the Trash. One transaction each,
+    /// durable on return. Moves that are marked already, or were never made, stay as they are.
     [[nodiscard]] std::optional<StoreError> markPutBack(std::span<const MoveRow> rows);
     [[nodiscard]] std::optional<StoreError> markLost(std::span<const MoveRow> rows);
 
-    // For settleTotals(), which alone may call these; the caller holds the FolderLock.
+    // Only for settleTotals(), which holds the FolderLock.
 
-    /// The clean-ups of which the totals do not include what they should, oldest first.
+    /// Returns the clean-ups that the totals do not include as they should, oldest first.
     StoreResult<std::vector<TotalsOfCleanUp>> uncounted();
-    /// The change that was about to be made, if one was.
+    /// Returns the pending change, if there is one.
     StoreResult<std::optional<TotalsIntent>> totalsIntent();
-    /// Durable on return. There must be no other.
+    /// Durable on return. Requires that no change is pending.
     [[nodiscard]] std::optional<StoreError> setTotalsIntent(const TotalsIntent& intent);
-    /// Ends the intent; if the change was made, its clean-up is counted as it says, in one
-    /// transaction.
+    /// Removes the intent and, if the change was made, counts its clean-up, in one transaction.
     [[nodiscard]] std::optional<StoreError> clearTotalsIntent(bool wasMade);
-    /// Marks as counted without a change of the data file.
+    /// Counts a clean-up without a change of the data file.
     [[nodiscard]] std::optional<StoreError> setCounted(const TotalsOfCleanUp& counted);
 
  private:
@@ -254,10 +251,10 @@ class CleanUpJournal final {
 
     std::string path_;
     LockFile locks_;
-    FileLock presence_;  // shared, so that moveAside() sees that the file is in use
+    FileLock presence_;  // shared; moveAside() needs it exclusively
     std::unique_ptr<SqliteDatabase> database_;
     std::map<CleanUpId, FileLock> held_;
-    std::vector<RecordedOutcome> outcomes_;  // not written yet
+    std::vector<RecordedOutcome> outcomes_;  // pending
 };
 
 }  // namespace tarvin

@@ -28,8 +28,8 @@ CleanUpSummary summaryOf(const SqliteStatement& row) {
     return summary;
 }
 
-/// With parameters for the rows before the first and behind the last one, a set of states and a
-/// limit. A state that is none is read as damage, not passed over.
+/// Parameters: the row before the first, the row after the last, the bits of a MoveStates and a
+/// limit. Also selects rows with an invalid state, which readMove() reports as damage.
 const char* selectMoves(CleanUpJournal::Order order) {
     static const std::string select =
         "SELECT move.id, folder.path, name, inode, size, modified, state, trash.path,"
@@ -45,7 +45,7 @@ const char* selectMoves(CleanUpJournal::Order order) {
     return (order == CleanUpJournal::Order::asPlanned ? asPlanned : lastFirst).c_str();
 }
 
-/// False if the row cannot be one of ours.
+/// Returns false if the row is damaged.
 bool readMove(const SqliteStatement& row, JournalMove& move) {
     const std::int64_t state = row.number(6);
     if (row.isNull(1) || state < 0 || state > static_cast<std::int64_t>(MoveState::lost)) {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t maxUnwrittenOutcomes = 4096;
 
-/// The folder, and the name in it.
+/// Splits a path into folder and name.
 std::pair<std::string_view, std::string_view> partsOf(std::string_view path) {
     const std::size_t slash = path.rfind('/');
     return {path.substr(0, slash), path.substr(slash + 1)};
@@ -47,7 +47,7 @@ void insertMove(SqliteStatement& insert, FolderNumbers& folders, MoveRow row,
     insert.with(static_cast<std::int64_t>(MoveState::planned)).run();
 }
 
-/// Returns the row behind the last one.
+/// Returns the row after the last one.
 MoveRow insertMoves(SqliteDatabase& database, CleanUpId id, MoveRow row,
                     std::span<const PlannedMove> moves) {
     FolderNumbers folders(database, id);
@@ -64,7 +64,7 @@ MoveRow insertMoves(SqliteDatabase& database, CleanUpId id, MoveRow row,
     return row;
 }
 
-/// Writes the outcomes of one clean-up, inside a transaction.
+/// Writes the outcomes of one clean-up in a transaction of the caller.
 class OutcomeWriter final {
  public:
     OutcomeWriter(SqliteDatabase& database, CleanUpId id)
@@ -75,7 +75,7 @@ class OutcomeWriter final {
             database_.statement("SELECT state, size, name FROM move WHERE id = ?");
         if (!read.with(outcome.row).step()) {
             if (database_.ok()) {
-                database_.failDamaged();  // it was planned, and durably so
+                database_.failDamaged();  // plan() stored it durably
             }
             return;
         }
@@ -101,8 +101,8 @@ class OutcomeWriter final {
         update.with(outcome.row).run();
     }
 
-    /// Moves of consecutive rows to one Trash, each under its own name. Much cheaper than one by
-    /// one. False if one of them has an outcome already; nothing is written then.
+    /// Writes moves of consecutive rows to one Trash, each under its own name. Much cheaper than
+    /// single writes. Returns false and writes nothing if one of them has an outcome already.
     bool writeRun(MoveRow first, MoveRow last, const std::string& trash) {
         {
             SqliteStatement read = database_.statement(
@@ -138,7 +138,7 @@ class OutcomeWriter final {
 
 using Outcomes = std::vector<RecordedOutcome>;
 
-/// Behind the last of those that OutcomeWriter::writeRun() takes together; at least one.
+/// Returns the end of the outcomes that OutcomeWriter::writeRun() can write together; at least one.
 Outcomes::const_iterator endOfRun(Outcomes::const_iterator first, Outcomes::const_iterator end) {
     const auto joins = [&](const RecordedOutcome& outcome) {
         return outcome.state == MoveState::moved && outcome.trashName.empty() &&
@@ -154,7 +154,7 @@ Outcomes::const_iterator endOfRun(Outcomes::const_iterator first, Outcomes::cons
     return std::next(last);
 }
 
-// As the statements say.
+// The SQL statements contain these numbers.
 static_assert(static_cast<int>(MoveState::planned) == 0 && static_cast<int>(MoveState::moved) == 1);
 
 }  // namespace

@@ -15,14 +15,14 @@
 #include <unordered_map>
 #include <utility>
 
-// For the sources of CleanUpJournal alone: its numbers, and the rows that several of them write.
+// Internal to CleanUpJournal: conversions of numbers, and rows that several of its sources write.
 
 namespace tarvin {
 
 inline constexpr auto maxNumber = std::numeric_limits<std::int64_t>::max();
 
-// Rows of moves and folders have the number of their clean-up in the upper half. So those of one
-// clean-up are neighbours, are found and deleted without an index, and new ones are appended.
+// The upper half of a row number of a move or folder is its clean-up. So the rows of one clean-up
+// are adjacent, are found and deleted without an index, and new rows are appended.
 inline constexpr unsigned rowBits = 32;
 inline constexpr std::int64_t rowsOfCleanUp = std::int64_t{1} << rowBits;
 
@@ -34,11 +34,11 @@ inline constexpr std::int64_t rowsOfCleanUp = std::int64_t{1} << rowBits;
     return id << rowBits;
 }
 
-/// 0 for a negative number.
+/// Returns 0 for a negative number.
 [[nodiscard]] std::uint64_t asCount(std::int64_t number);
-/// Ends at the largest number.
+/// Returns at most the largest number.
 [[nodiscard]] std::int64_t asNumber(std::uint64_t count);
-/// Of two numbers that are not negative; ends at the largest one.
+/// Adds two numbers >= 0; returns at most the largest number.
 [[nodiscard]] std::int64_t cappedSum(std::int64_t one, std::int64_t other);
 
 void withDate(SqliteStatement& statement, const std::optional<Timestamp>& date);
@@ -46,17 +46,18 @@ void withDate(SqliteStatement& statement, const std::optional<Timestamp>& date);
 
 [[nodiscard]] StoreError passingError(const std::string& path, SystemError reason);
 
-/// The numbers of the folders of one clean-up, as a transaction asks for them.
+/// Numbers the folders of one clean-up, in a transaction of the caller, who must keep the paths
+/// until its end.
 class FolderNumbers final {
  public:
     FolderNumbers(SqliteDatabase& database, CleanUpId id);
 
     std::int64_t numberOf(std::string_view path);
-    /// To be called once, at the end.
+    /// Call once, at the end.
     void storeCount();
 
  private:
-    /// Paths are looked up by views, whose texts outlive the transaction.
+    /// Cached paths.
     static constexpr std::size_t maxKnown = 4096;
 
     std::int64_t storedNumberOf(std::string_view path);
@@ -67,7 +68,7 @@ class FolderNumbers final {
     std::unordered_map<std::string_view, std::int64_t> known_;
 };
 
-/// What changes of a clean-up's counters in a transaction.
+/// The changes of a clean-up's counters in a transaction.
 struct CounterChanges {
     std::int64_t movedFiles = 0;
     std::int64_t movedBytes = 0;

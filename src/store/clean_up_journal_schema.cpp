@@ -13,9 +13,9 @@ namespace {
 constexpr std::uint32_t applicationId = 0x54414355;  // "TACU"
 constexpr std::uint32_t schemaVersion = 2;
 
-// The folder may be on a network volume, so no write-ahead log: its shared memory works on one
-// machine only. The rollback journal is truncated, and with "full" that is flushed to disk, too; a
-// removed one could be there again after a power failure and undo what was committed.
+// No write-ahead log: the folder may be on a network volume, and the log's shared memory works on
+// one machine only. The rollback journal is truncated, which FULL also syncs; a deleted one could
+// reappear after a power failure and undo a committed transaction.
 constexpr const char* settings =
     "PRAGMA journal_mode = TRUNCATE;"
     "PRAGMA synchronous = FULL;"
@@ -24,13 +24,13 @@ constexpr const char* settings =
     "PRAGMA secure_delete = FAST;"
     "PRAGMA temp_store = MEMORY;";
 
-// Sizes of a data file are of 64 bits without a sign and stand in intent with the same bits. A
-// move's name in the Trash is null if it is its own. States are those of MoveState.
+// Sizes in the data file are unsigned 64-bit numbers; `intent` stores the same bits. `trash_name`
+// is null if the file kept its name. `state` is a MoveState.
 constexpr const char* schema =
     "CREATE TABLE clean_up ("
     " id INTEGER PRIMARY KEY AUTOINCREMENT,"
     " begun INTEGER NOT NULL,"               // nanoseconds since 1970
-    " finished INTEGER NOT NULL DEFAULT 0,"  // 2 while files of a finished one are put back
+    " finished INTEGER NOT NULL DEFAULT 0,"  // 2 while a finished one is being put back
     " folders INTEGER NOT NULL DEFAULT 0,"
     " planned INTEGER NOT NULL DEFAULT 0,"
     " moved_files INTEGER NOT NULL DEFAULT 0,"
@@ -53,12 +53,12 @@ constexpr const char* schema =
     " inode INTEGER NOT NULL,"
     " size INTEGER NOT NULL,"
     " modified INTEGER,"
-    " stays_folder INTEGER NOT NULL,"  // 0 if no file of the content is to stay
-    " stays_name BLOB,"                // null if it is that of the file that is moved
+    " stays_folder INTEGER NOT NULL,"  // 0 if the whole set is moved
+    " stays_name BLOB,"                // null if it equals `name`
     " stays_inode INTEGER,"
     " stays_modified INTEGER,"
     " state INTEGER NOT NULL,"
-    " trash INTEGER NOT NULL,"  // the lower half of a folder's row; 0 if it was not moved
+    " trash INTEGER NOT NULL,"  // the lower half of a folder's row; 0 if not moved
     " trash_name BLOB,"
     " reason BLOB) STRICT;"
     "CREATE TABLE intent ("
@@ -74,9 +74,9 @@ constexpr const char* schema =
     " after_size INTEGER NOT NULL) STRICT;"
     "PRAGMA application_id = 1413563221;"
     "PRAGMA user_version = 2;";
-static_assert(applicationId == 1413563221 && schemaVersion == 2, "as the schema says");
+static_assert(applicationId == 1413563221 && schemaVersion == 2, "must equal the pragmas above");
 
-/// What a database file says of itself.
+/// The identification of a database file.
 struct StoredSchema {
     std::int64_t application = 0;
     std::int64_t version = 0;
@@ -116,7 +116,7 @@ void createSchema(SqliteDatabase& database) {
 }  // namespace
 
 void prepareSchema(SqliteDatabase& database, const std::string& path) {
-    // Before SQLite itself looks into the file: it might begin to write beside it.
+    // Checked before SQLite accesses the file, since it might write to its rollback journal.
     if (const auto header = database.header()) {
         expectOurSchema(database, path, header->applicationId, header->userVersion);
     }

@@ -6,7 +6,8 @@
 
 namespace tarvin {
 
-/// Brings an open file to our schema, or fails with the reason why it must not be touched.
+/// Creates our schema in an empty database and checks it in any other: an unknown schema makes the
+/// database fail, and the file stays as it is.
 void prepareSchema(SqliteDatabase& database, const std::string& path);
 
 }  // namespace tarvin

@@ -10,9 +10,9 @@ namespace tarvin {
 
 namespace {
 
-/// The old count and `more`; ends at the largest number.
+/// Returns `old` plus `more`, at most the largest number.
 std::int64_t raised(std::int64_t old, std::uint64_t more) {
-    // Without a sign, what is left up to the largest number fits for a number below zero, too.
+    // Unsigned, so that the difference from a negative number fits, too.
     const std::uint64_t room =
         static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) -
         static_cast<std::uint64_t>(old);
@@ -25,7 +25,7 @@ std::uint64_t raised(std::uint64_t old, std::uint64_t more) {
     return old + std::min(more, room);
 }
 
-/// The old count without `less`, but not below 0. A count that is below 0 stays.
+/// Returns `old` minus `less`, at least 0; a negative count stays as it is.
 std::int64_t lowered(std::int64_t old, std::uint64_t less) {
     if (old <= 0) {
         return old;
@@ -48,7 +48,7 @@ StoredTotals afterChange(const StoredTotals& before, const TotalsOfCleanUp& chan
             moved(before.size, change.countedBytes, change.bytes)};
 }
 
-/// Has memory say what the file cannot.
+/// Shows totals in memory that could not be stored.
 void showUnstored(DataFile& data, CleanUpJournal& journal) {
     const auto read = journal.uncounted();
     const auto* changes = std::get_if<std::vector<TotalsOfCleanUp>>(&read);
@@ -62,7 +62,7 @@ void showUnstored(DataFile& data, CleanUpJournal& journal) {
     data.showInMemory(totals);
 }
 
-/// False also if the journal cannot be read, which then says why.
+/// Returns false also if the journal cannot be read: the caller then reads it again for the error.
 bool hasNothingToSettle(CleanUpJournal& journal) {
     const auto intent = journal.totalsIntent();
     const auto* none = std::get_if<std::optional<TotalsIntent>>(&intent);
@@ -71,7 +71,7 @@ bool hasNothingToSettle(CleanUpJournal& journal) {
     return none != nullptr && !none->has_value() && empty != nullptr && empty->empty();
 }
 
-/// Ends the change that a process has begun and not ended.
+/// Completes a change that a process began before it ended.
 std::optional<StoreError> endIntent(const LockedTotals& totals, CleanUpJournal& journal,
                                     const std::function<void()>& betweenSteps) {
     const auto read = journal.totalsIntent();
@@ -83,8 +83,8 @@ std::optional<StoreError> endIntent(const LockedTotals& totals, CleanUpJournal& 
         return std::nullopt;
     }
     betweenSteps();
-    // Totals that are neither the old nor the new ones were changed by somebody since, most likely
-    // on top of ours.
+    // If the totals are neither the old nor the new ones, another program has changed them since,
+    // most likely after our change.
     return journal.clearTotalsIntent(totals.stored() != intent->before);
 }
 
@@ -95,7 +95,7 @@ std::optional<StoreError> countCleanUp(LockedTotals& totals, CleanUpJournal& jou
     const StoredTotals after = afterChange(before, change);
     betweenSteps();
     if (after == before) {
-        // At one of their ends. A look at the file could not tell whether the change was made.
+        // At a limit: the file could not show whether the change was made.
         return journal.setCounted(change);
     }
     if (auto error = journal.setTotalsIntent({change, before, after})) {
@@ -134,7 +134,7 @@ std::optional<StoreError> settleLocked(LockedTotals& totals, CleanUpJournal& jou
 std::optional<StoreError> settleTotals(DataFile& data, CleanUpJournal& journal,
                                        const std::function<void()>& betweenSteps) {
     if (hasNothingToSettle(journal)) {
-        // What another process has settled for this one.
+        // Another process may have settled it.
         data.refresh();
         return std::nullopt;
     }

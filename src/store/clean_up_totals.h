@@ -9,15 +9,15 @@
 
 namespace tarvin {
 
-/// Brings the lifetime totals up to what the journal knows: each file counts once after it was
-/// moved, and no longer after it was put back, whichever process dies at whatever moment of a
-/// clean-up or of this function. Totals never fall below 0 by it. Any number of processes may call
-/// it; each settles the clean-ups of all. To be called after a clean-up, after putting back and at
-/// the start. Where there is nothing to settle, the data file is read and nothing is written.
+/// Updates the lifetime totals from the journal: each moved file counts once, and no longer after
+/// it was put back, even if processes are killed at any point of a clean-up or of this function. It
+/// never lowers totals below 0. Several processes may call it at once; each settles all clean-ups.
+/// To be called after a clean-up, after putting back and at the start. If there is nothing to
+/// settle, it reads the data file and writes nothing.
 ///
-/// In memory the totals are those that were stored. Where they could not be stored, they are what
-/// would have been, and the journal keeps what is missing for the next call. The first failure is
-/// returned.
+/// Afterwards the totals in memory are the stored ones. If they could not be stored, they are those
+/// that should have been, and the journal keeps the difference for the next call. Returns the first
+/// failure.
 ///
 /// `betweenSteps` is for tests: called before each write and after the last one.
 [[nodiscard]] std::optional<StoreError> settleTotals(

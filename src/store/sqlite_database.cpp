@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view damagedText = "the file is damaged";
 
-// Of the file's first page; from the description of the file format.
+// Layout of the header, from the description of the SQLite file format.
 constexpr std::string_view magic{"SQLite format 3\0", 16};
 constexpr int headerBytes = 100;
 constexpr std::size_t userVersionOffset = 60;
@@ -37,7 +37,7 @@ StoreError passing(const std::string& path, std::string text) {
     return {path, std::move(text), StoreError::Kind::passing};
 }
 
-/// Why the last call failed. `system` is the system's error number, if a call to it failed.
+/// Converts a failure of SQLite. `system` is the errno of a failed system call, otherwise 0.
 StoreError reasonOf(const std::string& path, int extendedCode, int system, const char* message) {
     switch (extendedCode) {
         case SQLITE_READONLY_DBMOVED:
@@ -83,7 +83,7 @@ SqliteStatement& SqliteStatement::with(std::int64_t number) {
 
 SqliteStatement& SqliteStatement::with(std::string_view bytes) {
     if (owner_.ok()) {
-        // A null pointer would be bound as null.
+        // SQLite binds a null pointer as NULL.
         const char* data = bytes.data() == nullptr ? "" : bytes.data();
         expectOk(sqlite3_bind_blob64(statement_, ++bound_, data, bytes.size(), SQLITE_STATIC));
     }
@@ -110,7 +110,7 @@ bool SqliteStatement::step() {
 
 void SqliteStatement::again() {
     if (statement_ != nullptr) {
-        // Repeats the code of a step that failed, which is known already.
+        // Returns the code of a failed step again; it has been stored already.
         sqlite3_reset(statement_);
         sqlite3_clear_bindings(statement_);
     }
@@ -133,7 +133,7 @@ bool SqliteStatement::isNull(int column) const {
 
 SqliteDatabase::SqliteDatabase(const std::string& path, std::chrono::milliseconds patience)
     : path_(path) {
-    // A path beyond SQLite's own limit fails without a number of the system.
+    // SQLite would fail without an errno.
     if (path.size() > maxPathBytes) {
         fail(passing(path, SystemError{ENAMETOOLONG}.text()));
         return;
@@ -147,12 +147,12 @@ SqliteDatabase::SqliteDatabase(const std::string& path, std::chrono::millisecond
     }
     expectOk(code);
     if (ok() && sqlite3_db_readonly(handle_, "main") == 1) {
-        // It is opened for reading where it cannot be opened for writing.
+        // SQLite falls back to read-only access if the file is not writable.
         fail(passing(path, SystemError{EACCES}.text()));
     }
     if (ok()) {
         sqlite3_busy_timeout(handle_, static_cast<int>(patience.count()));
-        // What a damaged or forged file says of its own tables must not run anything.
+        // The schema of a damaged or forged file must not execute anything.
         sqlite3_db_config(handle_, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
         sqlite3_db_config(handle_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
         sqlite3_db_config(handle_, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
@@ -168,8 +168,8 @@ SqliteDatabase::~SqliteDatabase() {
 }
 
 std::optional<SqliteDatabase::Header> SqliteDatabase::header() {
-    // Through SQLite's own descriptor: to open and close another one would release the locks that
-    // this process holds on the file by other connections.
+    // Through SQLite's own descriptor: closing another one would release the POSIX locks that other
+    // connections of this process hold on the file.
     sqlite3_file* file = nullptr;
     void* into = static_cast<void*>(&file);
     if (!ok() || sqlite3_file_control(handle_, "main", SQLITE_FCNTL_FILE_POINTER, into) != 0 ||
@@ -220,7 +220,7 @@ void SqliteDatabase::expectOk(int code) {
 
 std::optional<StoreError> SqliteDatabase::takeError() {
     if (error_ && handle_ != nullptr && sqlite3_get_autocommit(handle_) == 0) {
-        // Nothing can be done about a failure: then SQLite rolls back when the file is opened.
+        // A failure is ignored: SQLite then rolls back when the file is next opened.
         sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
     }
     return std::exchange(error_, std::nullopt);
@@ -233,7 +233,7 @@ SqliteTransaction::SqliteTransaction(SqliteDatabase& database) : database_(datab
 SqliteTransaction::~SqliteTransaction() {
     if (isOpen_) {
         database_.execute("ROLLBACK");
-        // A failure before it is the caller's, who has not taken it; it has to be rolled back, too.
+        // Rolls back after an earlier failure, too, and keeps that failure for the caller.
         if (auto error = database_.takeError()) {
             database_.fail(std::move(*error));
         }

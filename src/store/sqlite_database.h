@@ -16,8 +16,8 @@ namespace tarvin {
 
 class SqliteDatabase;
 
-/// One run of a statement that its database has prepared and keeps. Reset on destruction, so that
-/// it holds no lock. After a failure of the database every call does nothing.
+/// One execution of a prepared statement, which the database owns. Reset on destruction, which
+/// releases its locks. After a failure of the database every call does nothing.
 class SqliteStatement final {
  public:
     SqliteStatement(SqliteDatabase& owner, sqlite3_stmt* statement)
@@ -26,20 +26,20 @@ class SqliteStatement final {
     SqliteStatement& operator=(const SqliteStatement&) = delete;
     ~SqliteStatement() { again(); }
 
-    /// Each binds the parameter after the last one that was bound. Bytes are not copied: they must
-    /// stay until again() or destruction.
+    /// Bind the next parameter. Bytes are not copied: they must outlive again() or this object.
     SqliteStatement& with(std::int64_t number);
     SqliteStatement& with(std::string_view bytes);
     SqliteStatement& withNull();
 
-    /// True if there is a row (or another one) to read; false at the end or after a failure.
+    /// Steps to the next row. Returns false at the end or after a failure.
     bool step();
-    /// Runs a statement without rows to its end.
+    /// Runs a statement that returns no rows.
     void run() { static_cast<void>(step()); }
-    /// Back to the beginning, without parameters.
+    /// Resets the statement and clears its parameters.
     void again();
 
-    // Of the row that step() found. Null reads as 0 or as no bytes; bytes stay until the next call.
+    // Columns of the current row. Null reads as 0 or as no bytes; bytes are valid until the next
+    // step() or again().
     [[nodiscard]] std::int64_t number(int column) const;
     [[nodiscard]] std::string_view bytes(int column) const;
     [[nodiscard]] bool isNull(int column) const;
@@ -52,49 +52,49 @@ class SqliteStatement final {
     int bound_ = 0;
 };
 
-/// A database file of our own. The first failure stays until takeError(), and what is asked for
-/// meanwhile does nothing: callers look once, at the end of a sequence. One thread at a time; not
-/// across a fork().
+/// An SQLite database in a file. The first failure is kept until takeError(), and calls in between
+/// do nothing, so that callers check once, at the end of a sequence. One thread at a time; must not
+/// be used across a fork().
 class SqliteDatabase final {
  public:
-    /// What the first bytes of a file say that begins like a database.
+    /// Identification of the program and schema in the header of a database file.
     struct Header {
         std::uint32_t applicationId = 0;
         std::uint32_t userVersion = 0;
     };
 
-    /// Opens an existing file; `path` holds no symbolic link and at most maxPathBytes bytes.
-    /// `patience` is how long each call waits for the locks of others.
+    /// Opens an existing file; `path` must contain no symbolic link and at most maxPathBytes bytes.
+    /// `patience` is how long each call waits for locks of other connections.
     SqliteDatabase(const std::string& path, std::chrono::milliseconds patience);
     SqliteDatabase(const SqliteDatabase&) = delete;
     SqliteDatabase& operator=(const SqliteDatabase&) = delete;
     ~SqliteDatabase();
 
-    /// Read without a lock and without a look at the journal; nullopt if the file does not begin
-    /// like a database.
+    /// Reads without a lock and ignores the rollback journal. Returns nullopt if the file does not
+    /// begin with the header of a database.
     [[nodiscard]] std::optional<Header> header();
 
     /// Runs statements that have no parameters.
     void execute(const char* statements);
-    /// The statement of this text, prepared once. `text` must stay where it is. One run of a
-    /// statement at a time.
+    /// Returns the statement of this text, which is prepared once. Cached by the address of `text`,
+    /// which must outlive this object. Only one SqliteStatement for each text at a time.
     [[nodiscard]] SqliteStatement statement(const char* text);
 
     [[nodiscard]] bool ok() const { return !error_; }
-    /// Fails with an error of the caller's own.
+    /// Fails with an error of the caller.
     void fail(StoreError error);
-    /// Fails because what is stored contradicts itself.
+    /// Fails because the stored data are inconsistent.
     void failDamaged();
-    /// The first failure since the last call, if there was one. Rolls back an open transaction
-    /// after a failure.
+    /// Returns the first failure since the last call, if any. After a failure, rolls back an open
+    /// transaction.
     [[nodiscard]] std::optional<StoreError> takeError();
 
-    /// SQLite's own limit of 512 bytes, less the name of the rollback journal beside the file.
+    /// SQLite's limit of 512 bytes, less the suffix of the rollback journal.
     static constexpr std::size_t maxPathBytes = 504;
 
  private:
     friend class SqliteStatement;
-    /// Keeps the reason if `code` is a failure.
+    /// Stores the error if `code` is a failure.
     void expectOk(int code);
 
     const std::string path_;
@@ -103,8 +103,8 @@ class SqliteDatabase final {
     std::optional<StoreError> error_;
 };
 
-/// A transaction that writes: BEGIN IMMEDIATE, so that it never finds out halfway that another
-/// process writes. Rolled back on destruction unless it was committed.
+/// A write transaction: BEGIN IMMEDIATE, so that it cannot fail later because another process
+/// writes. Rolled back on destruction unless it was committed.
 class SqliteTransaction final {
  public:
     explicit SqliteTransaction(SqliteDatabase& database);
@@ -112,7 +112,7 @@ class SqliteTransaction final {
     SqliteTransaction& operator=(const SqliteTransaction&) = delete;
     ~SqliteTransaction();
 
-    /// Durable on return if it is nullopt; otherwise nothing has changed.
+    /// Durable on return if it returns nullopt; otherwise nothing has changed.
     [[nodiscard]] std::optional<StoreError> commit();
 
  private:
