@@ -13,14 +13,14 @@ namespace tarvin {
 
 namespace {
 
-/// Of the sets that are moved at a time; a few folders more than most trees repeat.
+/// A few more than the sets planned together have folders in most trees.
 constexpr std::size_t maxOpenFolders = 128;
-/// Whose path without links is remembered.
+/// Folders whose resolved path is cached.
 constexpr std::size_t maxRealFolders = 4096;
-/// While another clean-up has its turn.
+/// While waiting for the lock.
 constexpr std::chrono::milliseconds stopPollInterval{100};
 
-/// 0 if it is not known.
+/// Returns 0 if unknown.
 std::uint64_t inodeOf(const File& file) {
     const ComparedState* const compared = file.compared();
     return compared == nullptr ? 0 : compared->identity.inode;
@@ -69,7 +69,7 @@ class CleanUp::Turn final : public SetMover {
     }
 
     CleanUp& cleanUp_;
-    const std::optional<SystemError> refusal_;  // of its turn
+    const std::optional<SystemError> refusal_;  // why the lock could not be taken
     SetMove moves_;
 };
 
@@ -141,7 +141,7 @@ std::optional<StoreError> CleanUp::finish() {
         record(planned_[nextPlanned_], {MoveOutcome::stopped, {}}, {});
     }
     if (tools_.trash.flush()) {
-        // Nobody knows what a power failure would leave. The next start looks at each file.
+        // It is unknown what a power failure would leave; the next start checks each file.
         journal_.release(*id_);
         return failure_;
     }
@@ -149,7 +149,7 @@ std::optional<StoreError> CleanUp::finish() {
     return failure_;
 }
 
-/// A stop ends the wait for another clean-up.
+/// Takes the lock of the set. A stop ends the wait.
 std::optional<SystemError> CleanUp::takeTurn() {
     const auto deadline = std::chrono::steady_clock::now() + settings_.patience;
     std::optional<SystemError> refusal;
@@ -167,7 +167,7 @@ bool CleanUp::endsWaiting() const {
            (settings_.endsWaiting && settings_.endsWaiting());
 }
 
-/// One of those that are not to go, or none.
+/// Returns a file of the set that is not moved, or nullptr.
 const File* CleanUp::stayingFor(const Set& set) const {
     const auto& files = set.files();
     const auto unmarked = std::find_if(files.begin(), files.end(), [](const auto& file) {
@@ -176,7 +176,7 @@ const File* CleanUp::stayingFor(const Set& set) const {
     if (unmarked != files.end()) {
         return unmarked->get();
     }
-    // Asked for last, when the others may be gone; then it stays.
+    // The last file, since SetMove keeps it when the others have been moved.
     const bool oneStays = settings_.wholeSets == WholeSets::keepOne && !files.empty();
     return oneStays ? files.back().get() : nullptr;
 }
@@ -197,7 +197,7 @@ std::string CleanUp::realPathOf(const File& file) {
     return path;
 }
 
-/// Without links, since who puts back follows none: what one leads to may be another folder then.
+/// Resolves symlinks, since Put Back follows none: they may have another target by then.
 const std::string& CleanUp::realFolderOf(const Directory& folder) {
     const auto known = realFolders_.find(&folder);
     if (known != realFolders_.end()) {
@@ -212,7 +212,7 @@ const std::string& CleanUp::realFolderOf(const Directory& folder) {
     return realFolders_.emplace(&folder, unknown ? path : real.native()).first->second;
 }
 
-/// False if there is one.
+/// Stores the first failure. Returns whether there was none.
 bool CleanUp::keepFirst(std::optional<StoreError> failure) {
     const bool isGood = !failure.has_value();
     if (!isGood && !failure_) {
@@ -221,7 +221,7 @@ bool CleanUp::keepFirst(std::optional<StoreError> failure) {
     return isGood;
 }
 
-/// Files are asked for in the order in which they were planned.
+/// Files are moved in the order in which they were planned.
 const CleanUp::Planned* CleanUp::plannedFor(const File& file) {
     for (std::size_t at = nextPlanned_; at < planned_.size(); ++at) {
         if (planned_[at].file == &file && planned_[at].row != 0) {
@@ -232,7 +232,7 @@ const CleanUp::Planned* CleanUp::plannedFor(const File& file) {
     return nullptr;
 }
 
-/// What cannot be written is found out again at the next start.
+/// Outcomes that cannot be written are recovered at the next start.
 void CleanUp::record(const Planned& planned, const MoveResult& result, TrashPlace place) {
     RecordedOutcome outcome;
     outcome.row = planned.row;

@@ -22,60 +22,63 @@
 
 namespace tarvin {
 
-/// The lock in the file of turns by which the clean-ups of a user exclude each other, set by set.
+/// The lock in the turn file (`turns`) by which clean-ups of one user exclude each other, set by
+/// set.
 inline constexpr std::uint64_t cleanUpTurn = 0;
 
-/// One clean-up: moves the marked files of a result tree to the Trash, keeps a living copy of each
-/// content in its place (SetMove), and writes every move down before it happens. A move that the
-/// journal does not hold is not made. The user's clean-ups take turns, set by set. One thread, the
-/// one that changes the result tree.
+/// One clean-up: moves the marked files of a result tree to the Trash and keeps one file of each
+/// set in its place (SetMove). Every move is stored in the journal first; a move that is not stored
+/// is not made. A lock excludes other clean-ups of the user, set by set. Used only by the thread
+/// that changes the result tree.
 class CleanUp final : public FileMover {
  public:
     using Report = std::function<void(const File& file, const MoveResult& result)>;
 
-    /// What becomes of a set whose every file is marked, which takes a person's own hand.
+    /// What to do with a set in which every file is marked; only a user can mark so.
     enum class WholeSets : std::uint8_t {
-        keepOne,    ///< the last one is not moved
-        goIfMarked  ///< it is, as long as every file is as compared
+        keepOne,    ///< keep the last file
+        goIfMarked  ///< move all files if each is as compared
     };
 
     struct Settings {
         WholeSets wholeSets = WholeSets::keepOne;
-        Report report;                  ///< told of each file; may be empty
-        std::function<bool()> stopped;  ///< asked before each file; may be empty
-        /// Asked while another clean-up has its turn, whether to go on without; may be empty.
+        Report report;                  ///< called for each file; may be empty
+        std::function<bool()> stopped;  ///< polled before each file and chunk; may be empty
+        /// Polled while another clean-up holds the lock: true gives up waiting; may be empty.
         std::function<bool()> endsWaiting;
         std::function<void(MoveStep)> beforeStep;  ///< for tests; may be empty
-        /// How long a folder that was looked at is believed to stand where it was.
+        /// Age after which the identity of an open folder is checked again.
         std::chrono::milliseconds folderMaxAge{100};
-        /// How long another clean-up may take for one set.
+        /// Maximum wait for the lock, which another clean-up holds for one set.
         std::chrono::milliseconds patience = std::chrono::minutes(10);
     };
 
-    /// All outlive it but `turns`, which is copied: the user's lock of clean-ups.
+    /// All arguments must outlive this object except `turns`, the user's turn file, which is
+    /// copied.
     CleanUp(FileSystem& fileSystem, TrashMover& trash, CleanUpJournal& journal,
             const LockFile& turns, Clock& clock, Settings settings);
     CleanUp(const CleanUp&) = delete;
     CleanUp& operator=(const CleanUp&) = delete;
-    /// What finish() did not end counts as crashed, and is looked into at the next start.
+    /// Without finish() the clean-up counts as crashed and is recovered at the next start.
     ~CleanUp() override = default;
 
-    /// False if the journal cannot be written: failure() says why.
+    /// Returns false if the journal cannot be written; failure() says why.
     bool prepare(std::span<const std::shared_ptr<Set>> sets) override;
     std::unique_ptr<SetMover> begin(const Set& set) override;
 
-    /// Ends the clean-up in the journal. What was planned and not asked for has been stopped.
+    /// Finishes the clean-up in the journal. Planned files that were never moved count as stopped.
+    /// Returns failure().
     [[nodiscard]] std::optional<StoreError> finish();
 
-    /// What kept the journal from being written, first.
+    /// The first failure to write the journal.
     [[nodiscard]] const std::optional<StoreError>& failure() const { return failure_; }
-    /// None before something was planned.
+    /// nullopt until something has been planned.
     [[nodiscard]] std::optional<CleanUpId> id() const { return id_; }
 
  private:
     class Turn;
 
-    /// A move that is written down and not made yet.
+    /// A planned move without an outcome.
     struct Planned {
         const File* file = nullptr;
         MoveRow row = 0;
@@ -100,7 +103,7 @@ class CleanUp final : public FileMover {
     OpenFolders folders_;
     const MoveTools tools_;
     std::optional<CleanUpId> id_;
-    std::vector<Planned> planned_;  // in the order in which they will be asked for
+    std::vector<Planned> planned_;  // in the order of the moves
     std::size_t nextPlanned_ = 0;
     std::unordered_map<const Directory*, std::string> realFolders_;
     std::optional<StoreError> failure_;

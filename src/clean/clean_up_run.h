@@ -15,12 +15,12 @@
 
 namespace tarvin {
 
-/// A clean-up and all that it takes: the user's Trash, the journal and the lock by which clean-ups
-/// take turns, both in the application-support folder. One thread at a time.
+/// A clean-up with the user's Trash, the journal and the turn file, the last two in the data
+/// folder. One thread at a time.
 class CleanUpRun final {
  public:
-    /// The reason if there is no journal to write moves down in: no clean-up can be made then. What
-    /// earlier ones have left open, because their process ended, is recovered first.
+    /// Opens all of it and recovers crashed clean-ups first. Fails if the journal cannot be opened.
+    /// `platform` must outlive the result.
     static std::variant<std::unique_ptr<CleanUpRun>, StoreError> open(Platform& platform,
                                                                       DataFile& totals,
                                                                       CleanUp::Settings settings);
@@ -29,8 +29,8 @@ class CleanUpRun final {
 
     [[nodiscard]] CleanUp& cleanUp() { return cleanUp_; }
 
-    /// Ends the clean-up and brings the totals up to what it has moved. The first failure; what
-    /// could not be written is made up for at the next start.
+    /// Finishes the clean-up and updates the totals. Returns the first failure; the next start
+    /// recovers what could not be written.
     [[nodiscard]] std::optional<StoreError> finish(DataFile& totals);
 
  private:

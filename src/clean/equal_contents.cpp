@@ -16,7 +16,7 @@ bool isUnchanged(const FileAttributes& before, const FileAttributes& now) {
     return isSameFile(before, now) && now.changed == before.changed && now.linkCount > 0;
 }
 
-/// Open, and still what was seen at its path.
+/// A file open for reading.
 class OpenFile final {
  public:
     OpenFile(FileSystem& fileSystem, const SeenFile& seen)

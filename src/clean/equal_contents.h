@@ -7,20 +7,20 @@
 
 namespace tarvin {
 
-/// A file as it was looked at.
+/// A file and its metadata at one moment.
 struct SeenFile {
     std::string path;  ///< absolute, native bytes
     FileAttributes attributes;
 };
 
-/// Whether two files of one size hold the same bytes and are, before and after, what was seen of
-/// them. False also where one cannot be read, or `stopped` (which may be empty) says so. Any
-/// thread.
+/// Whether two files have the same size and bytes and, before and after the comparison, their given
+/// metadata. Returns false also if one cannot be read, or if `stopped`, which is polled for each
+/// chunk and may be empty, returns true. Any thread.
 [[nodiscard]] bool haveEqualContents(FileSystem& fileSystem, const SeenFile& one,
                                      const SeenFile& other, const std::function<bool()>& stopped);
 
-/// Whether a file that was looked at twice is the same and has not been written to meanwhile. Its
-/// names may have changed.
+/// Whether both are metadata of the same file with unchanged content: type, identity, size and
+/// modification date. Its names and permissions may differ.
 [[nodiscard]] bool isSameFile(const FileAttributes& before, const FileAttributes& now);
 
 }  // namespace tarvin

@@ -11,9 +11,9 @@ namespace tarvin {
 
 namespace {
 
-/// Bytes of a name, on the file systems that people use.
+/// Limit of most file systems.
 constexpr std::size_t maxNameBytes = 255;
-/// Beyond it a file stays in the Trash.
+/// Names to try before the file is refused.
 constexpr std::uint64_t maxNames = 10'000;
 
 std::string_view nameOf(std::string_view path) {
@@ -47,7 +47,7 @@ void refuse(PutBackFile& file, const TrashRefusal& refusal) {
     file.trash = refusal.kind;
 }
 
-/// Because the folder cannot be opened or made.
+/// The folder cannot be opened or created.
 void refuseFolder(PutBackFile& file, SystemError error) {
     switch (error.code) {
         case ELOOP:
@@ -64,7 +64,7 @@ void refuseFolder(PutBackFile& file, SystemError error) {
     }
 }
 
-/// The top folder of the volume that a Trash is on; empty if it is the home Trash.
+/// Returns the top directory of the volume of a Trash; empty for the home Trash.
 std::string topOf(const std::string& trash) {
     const std::filesystem::path path(trash);
     if (path.filename().native().starts_with(".Trash-")) {
@@ -115,7 +115,7 @@ PutBackFile FileReturn::fileOf(const JournalMove& move) {
     return file;
 }
 
-/// Whether what was moved is there. The outcome is to its place if it is.
+/// Checks that the moved file is in the Trash. The outcome is `toItsPlace` if it is.
 PutBackFile FileReturn::checkInTrash(const JournalMove& move) {
     PutBackFile file = fileOf(move);
     const auto there = trash_.look({move.trashFolder, move.trashName});
@@ -145,7 +145,7 @@ PutBackFile FileReturn::check(const JournalMove& move) {
     return file;
 }
 
-/// What becomes of a file of which nothing but its place is looked at.
+/// Checks where a file in the Trash could go.
 void FileReturn::checkDestination(const std::string& folder, PutBackFile& file) {
     std::string nearest = folder;
     ReturnFolders::Opened opened = folders_.open(nearest);
@@ -240,8 +240,7 @@ bool FileReturn::isBackAlready(const JournalMove& move) {
     return false;
 }
 
-/// Whether the volume of a Trash is mounted at its place. A volume is another device than the
-/// folder it is mounted in.
+/// Whether the volume of a Trash is mounted: a mount point has another device than its parent.
 bool FileReturn::isAttached(const std::string& trash) {
     const std::string top = topOf(trash);
     if (top.empty() || top == "/" || fileSystem_.attributesAtPath(trash)) {

@@ -13,77 +13,76 @@
 
 namespace tarvin {
 
-/// How a file comes back from the Trash, or why it does not.
+/// How a file was, or would be, put back; or why not.
 enum class PutBackOutcome : std::uint8_t {
     toItsPlace,
-    underOtherName,  ///< something else has its name now
-    withItsFolder,   ///< the folder is not there any more and is made again
-    lost,            ///< it is not in the Trash any more
-    changed,         ///< the file in the Trash was written to, or is another one
-    notAttached,     ///< the drive that it is on is not there
-    refused,         ///< the system does not allow it
-    stopped          ///< a stop came first
+    underOtherName,  ///< its name is taken
+    withItsFolder,   ///< its missing folder is created
+    lost,            ///< no longer in the Trash
+    changed,         ///< the file in the Trash has changed, or is another one
+    notAttached,     ///< its drive is not mounted
+    refused,         ///< see PutBackFile::reason
+    stopped          ///< stopped before this file
 };
 
-/// Whether the file comes back, or came.
+/// Whether the file is, or would be, put back.
 [[nodiscard]] constexpr bool isBack(PutBackOutcome outcome) {
     return outcome <= PutBackOutcome::withItsFolder;
 }
 
-/// The word for an outcome in JSON: "toItsPlace" and so on.
+/// Returns the word for an outcome in JSON: "toItsPlace" and so on.
 [[nodiscard]] std::string_view putBackWord(PutBackOutcome outcome);
 
-/// What a refusal is about, for whoever puts it in other words.
+/// The cause of a refusal, for callers that translate it.
 enum class PutBackRefusal : std::uint8_t {
-    system,    ///< the system's reason
-    trash,     ///< the Trash, as its kind says
-    link,      ///< the folder, which is behind a link now
-    notFolder  ///< something else that is where the folder was
+    system,    ///< a system error
+    trash,     ///< the Trash; see PutBackFile::trash
+    link,      ///< its folder is now behind a symlink
+    notFolder  ///< the path of its folder is now a file
 };
 
-/// A file of a clean-up that is to come back, or has, or has not.
+/// A file of a clean-up and what was, or would be, done with it.
 struct PutBackFile {
     MoveRow row = 0;
-    std::string path;        ///< where it was; absolute, native bytes
+    std::string path;        ///< original path; absolute, native bytes
     std::uint64_t size = 0;  ///< bytes
     PutBackOutcome outcome = PutBackOutcome::toItsPlace;
-    std::string name;   ///< that it gets, or got, in its folder
-    SystemError error;  ///< refused: of the system's call, else the one that comes nearest
-    /// Refused: why, in the system's words or in ours in English; empty for other outcomes.
+    std::string name;   ///< its name after being put back
+    SystemError error;  ///< refused: of the failed call, otherwise the closest one
+    /// Refused: the message of the system or our own in English; otherwise empty.
     std::string reason;
     PutBackRefusal refusal = PutBackRefusal::system;
-    TrashRefusalKind trash = TrashRefusalKind::system;  ///< of a refusal by the Trash
+    TrashRefusalKind trash = TrashRefusalKind::system;  ///< if `refusal` is trash
 };
 
-/// The name that a file gets whose own is taken, at the `number`th try, from 1: "a (put back).jpg",
-/// then "a (put back 2).jpg". At most `maxBytes` bytes.
+/// Returns the name for try `number`, from 1, of a file whose own name is taken: "a (put
+/// back).jpg", then "a (put back 2).jpg". At most `maxBytes` bytes.
 [[nodiscard]] std::string putBackName(std::string_view name, std::uint64_t number,
                                       std::size_t maxBytes);
 
-/// Brings single files back from the Trash to where a clean-up took them from. Only what is the
-/// file that was moved comes back; nothing that stands at a path is replaced, no link is followed,
-/// nothing is copied and, but for folders that were made in vain, nothing is deleted. What cannot
-/// come back stays in the Trash, for another try. Of a move its path, its identity and its place in
-/// the Trash are looked at. One thread.
+/// Puts single files back from the Trash to the folders that a clean-up moved them from. Puts back
+/// only the file that was moved; replaces nothing, follows no symlinks, copies nothing, and deletes
+/// nothing but folders that it created in vain. Files that cannot be put back stay in the Trash.
+/// Uses the path, identity and Trash place of a JournalMove. One thread.
 class FileReturn final {
  public:
-    /// Both outlive it.
+    /// Both must outlive this object.
     FileReturn(FileSystem& fileSystem, TrashMover& trash)
         : fileSystem_(fileSystem), trash_(trash), folders_(fileSystem) {}
     FileReturn(const FileReturn&) = delete;
     FileReturn& operator=(const FileReturn&) = delete;
 
-    /// What would become of the file now. Changes nothing.
+    /// Returns what putBack() would do now. Changes nothing.
     [[nodiscard]] PutBackFile check(const JournalMove& move);
 
     [[nodiscard]] PutBackFile putBack(const JournalMove& move);
 
-    /// Whether it came back otherwise: a process ended before it could write that down, or another
-    /// program put it back. Looks at the names that it would have got, up to the first that nothing
-    /// has.
+    /// Whether the file has been put back without a record in the journal: by another program, or
+    /// by a process that ended too early. Checks the names that it could have, up to the first free
+    /// one.
     [[nodiscard]] bool isBackAlready(const JournalMove& move);
 
-    /// Without a look at anything.
+    /// Fills in what the journal knows; accesses no file.
     [[nodiscard]] static PutBackFile fileOf(const JournalMove& move);
 
  private:

@@ -9,33 +9,31 @@
 
 namespace tarvin {
 
-/// What became of one marked file.
+/// The outcome for one marked file.
 enum class MoveOutcome : std::uint8_t {
-    moved,     ///< it is in the Trash
-    gone,      ///< nothing stands at its path any more
-    changed,   ///< not what was compared: it, its folder or its contents are others now
-    lastCopy,  ///< no other file of its set is there as it was compared
-    refused,   ///< the system did not move it
-    stopped    ///< a stop came first
+    moved,     ///< in the Trash
+    gone,      ///< its path no longer exists
+    changed,   ///< the file, its folder or its contents differ from those compared
+    lastCopy,  ///< no other file of its set is still as compared
+    refused,   ///< see MoveResult::reason
+    stopped    ///< stopped before its move
 };
 
 struct MoveResult {
     MoveOutcome outcome = MoveOutcome::stopped;
-    /// Why the system refused, in its words or in those of the Trash. Of a file that was moved: why
-    /// it could not be moved back, though no other copy was found after the move. Empty for other
-    /// outcomes.
+    /// refused: the message of the system or of the Trash. moved: empty, or why the file could not
+    /// be moved back although no other file of its set was found after the move. Otherwise empty.
     std::string reason;
-    // Of `reason`, for whoever puts it in other words: by whom and why, if the Trash or the system
-    // was asked.
+    // The cause of `reason`, for callers that translate it.
     TrashRefusalKind refusal = TrashRefusalKind::system;
     SystemError error{};
-    bool isUnplanned = false;  ///< refused since the journal does not hold the move
+    bool isUnplanned = false;  ///< refused because the journal does not have the move
 
     bool operator==(const MoveResult&) const = default;
 };
 
-/// The word for an outcome in the journal, in JSON and CSV: "moved", "gone", "changed", "lastCopy",
-/// "refused", "stopped".
+/// Returns the word for an outcome in the journal, in JSON and CSV: "moved", "gone", "changed",
+/// "lastCopy", "refused", "stopped".
 [[nodiscard]] std::string_view outcomeWord(MoveOutcome outcome);
 
 }  // namespace tarvin

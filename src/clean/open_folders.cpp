@@ -38,7 +38,7 @@ void OpenFolders::invalidate() {
 Result<std::shared_ptr<const OpenFolder>> OpenFolders::openAnew(const Directory& directory) {
     OpenFolder folder;
     folder.path = directory.path();
-    // A location that a person chose may be a link; its folder is known by what it is.
+    // A location chosen by the user may be a symlink; the folder is identified by its identity.
     Result<Descriptor> opened = directory.parent == nullptr
                                     ? fileSystem_.openRootDirectory(folder.path)
                                     : fileSystem_.openDirectory(folder.path);

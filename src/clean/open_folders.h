@@ -11,21 +11,21 @@
 
 namespace tarvin {
 
-/// Keeps the folders open that files are moved out of, so that one is opened once and not for each
-/// of its files. A folder is given out only while what stands at its path is what the scan walked.
-/// One thread.
+/// Caches open folders that files are moved out of, so that a folder is not opened for each of its
+/// files. Returns a folder only if its path still leads to the folder that was scanned. One thread.
 class OpenFolders final {
  public:
-    /// `maxAge` is how long a folder that was looked at is believed to stand where it was. At most
-    /// `maxOpen` folders are open.
+    /// A folder is opened again by its path after `maxAge`. Keeps at most `maxOpen` folders open.
+    /// `fileSystem` must outlive this object.
     OpenFolders(FileSystem& fileSystem, std::chrono::milliseconds maxAge, std::size_t maxOpen)
         : fileSystem_(fileSystem), maxAge_(maxAge), maxOpen_(maxOpen) {}
 
-    /// ESTALE if another folder stands at the path now; a link at its end is not followed, unless
-    /// it is where the scan began. Stays open for as long as it is held.
+    /// Returns the open folder, which stays open as long as the result is held. Fails with ESTALE
+    /// if another folder is at the path now. Follows a symlink at the end of the path only for a
+    /// root of the scan.
     Result<std::shared_ptr<const OpenFolder>> open(const Directory& directory);
 
-    /// Looks at every folder again when it is next asked for.
+    /// Has every folder opened again by its path on the next call of open().
     void invalidate();
 
  private:
@@ -42,7 +42,7 @@ class OpenFolders final {
     FileSystem& fileSystem_;
     const std::chrono::milliseconds maxAge_;
     const std::size_t maxOpen_;
-    std::list<Kept> kept_;  // the one asked for last comes first
+    std::list<Kept> kept_;  // most recently used first
     std::unordered_map<const Directory*, std::list<Kept>::iterator> byDirectory_;
 };
 

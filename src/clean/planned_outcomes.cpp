@@ -12,7 +12,7 @@ namespace tarvin {
 
 namespace {
 
-/// For a clean-up that moves one set meanwhile.
+/// Another clean-up holds the lock for one set.
 constexpr std::chrono::seconds turnTimeout{1};
 
 }  // namespace
@@ -22,13 +22,12 @@ bool isFileOf(const JournalMove& move, const FileAttributes& now) {
            now.modified == move.modified && (move.inode == 0 || now.identity.inode == move.inode);
 }
 
-/// What became of planned moves, as far as that can be seen now.
 std::vector<RecordedOutcome> PlannedOutcomes::of(std::vector<JournalMove> moves) {
     outcomes_.clear();
     settleInPlace(moves);
     std::unordered_map<std::string, bool> isReadable;
     while (!moves.empty()) {
-        // Finds the others that are in the same places, too.
+        // Also finds other moves in the same Trash folders.
         for (const std::string& trash : trash_.trashesFor(moves.back().path)) {
             if (!isReadable.contains(trash)) {
                 isReadable[trash] = settleFoundIn(trash, moves);
@@ -39,8 +38,8 @@ std::vector<RecordedOutcome> PlannedOutcomes::of(std::vector<JournalMove> moves)
     return std::move(outcomes_);
 }
 
-/// Those at the end that were looked for wherever they can be. They are gone, unless a place
-/// could not be looked at: then the next start looks again.
+/// Removes moves from the end while all their possible Trash folders have been searched. The
+/// outcome is "gone", or none if a folder could not be accessed: then the next start tries again.
 void PlannedOutcomes::settleMissing(const std::unordered_map<std::string, bool>& isReadable,
                                     std::vector<JournalMove>& moves) {
     for (; !moves.empty(); moves.pop_back()) {
@@ -58,7 +57,7 @@ void PlannedOutcomes::settleMissing(const std::unordered_map<std::string, bool>&
     }
 }
 
-/// Whether the folder of a file is there. If it is not, its drive may not be, either.
+/// Whether the folder of a file exists. If not, its drive may not be mounted.
 bool PlannedOutcomes::isAttached(const JournalMove& move) {
     const std::size_t slash = move.path.rfind('/');
     return slash == 0 || fileSystem_.attributesAtPath(move.path.substr(0, slash));
@@ -69,7 +68,7 @@ bool PlannedOutcomes::isInPlace(const JournalMove& move) {
     return now && isFileOf(move, *now);
 }
 
-/// The moves that were not made. The next one may have its note already.
+/// Removes the moves that were not made. One of them may have its .trashinfo file already.
 void PlannedOutcomes::settleInPlace(std::vector<JournalMove>& moves) {
     std::vector<std::string> paths;
     std::erase_if(moves, [&](JournalMove& move) {
@@ -85,7 +84,7 @@ void PlannedOutcomes::settleInPlace(std::vector<JournalMove>& moves) {
     }
 }
 
-/// Waits until no clean-up moves anything: it may be one of these files.
+/// Takes the lock of clean-ups, since another one may be moving one of these files.
 void PlannedOutcomes::removeTrashInfosOf(const std::vector<std::string>& paths) {
     const Result<FileLock> turn = turns_.take(cleanUpTurn, turnTimeout);
     if (!turn) {
@@ -104,7 +103,7 @@ void PlannedOutcomes::removeTrashInfosOf(const std::vector<std::string>& paths) 
     }
 }
 
-/// False if the Trash is there and cannot be looked at.
+/// Removes the moves whose files are in `trash`. Returns false if that exists and cannot be read.
 bool PlannedOutcomes::settleFoundIn(const std::string& trash, std::vector<JournalMove>& moves) {
     const Result<FileAttributes> files = fileSystem_.attributesAtPath(trash + "/files");
     if (!files) {
@@ -133,7 +132,8 @@ bool PlannedOutcomes::settleFoundIn(const std::string& trash, std::vector<Journa
     return true;
 }
 
-/// Of a file in the Trash. The look that follows each move may not have been made.
+/// Puts the file back if its staying file is not as planned: the check after the move may not have
+/// been made.
 RecordedOutcome PlannedOutcomes::outcomeOfFound(const JournalMove& move) {
     if (!staysAsPlanned(move) && isBack(files_.putBack(move).outcome)) {
         return {move.row, MoveState::left, {}, {}, std::string(outcomeWord(MoveOutcome::lastCopy))};

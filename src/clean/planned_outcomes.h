@@ -12,11 +12,11 @@
 
 namespace tarvin {
 
-/// Whether the file at hand is the one of a move: its size, its date and, if known, its inode.
+/// Whether a file is that of a move: a regular file with its size, date and, if known, inode.
 [[nodiscard]] bool isFileOf(const JournalMove& move, const FileAttributes& now);
 
-/// Finds out what became of moves of which only the plan is known, after their process has ended:
-/// the file is in its place, in a Trash, or gone. One thread.
+/// Determines the outcomes of planned moves whose process has ended: the file is in its place, in a
+/// Trash, or gone. One thread.
 class PlannedOutcomes final {
  public:
     /// All arguments must outlive this object.
@@ -26,9 +26,10 @@ class PlannedOutcomes final {
     PlannedOutcomes(const PlannedOutcomes&) = delete;
     PlannedOutcomes& operator=(const PlannedOutcomes&) = delete;
 
-    /// Returns the outcomes that can be seen now, in any order. Moves whose folder, drive or Trash
-    /// cannot be accessed have none. Removes the .trashinfo files that unmade moves have left, and
-    /// puts files back whose staying file is no longer as planned.
+    /// Returns the outcomes in any order, without those of moves whose folder, drive or Trash
+    /// cannot be accessed. Removes .trashinfo files left by moves that were not made, and puts
+    /// files back whose staying file is no longer as planned: their process may have ended before
+    /// it checked that again.
     [[nodiscard]] std::vector<RecordedOutcome> of(std::vector<JournalMove> moves);
 
  private:

@@ -11,21 +11,21 @@ namespace tarvin {
 
 namespace {
 
-/// What is written down at a time; a crash has the next look find out so many again.
+/// Rows per transaction; after a crash up to this many files are checked again.
 constexpr std::size_t batchSize = 512;
 
-/// As far as the journal knows.
+/// According to the journal.
 std::uint64_t filesInTrash(const CleanUpSummary& cleanUp) {
     const std::uint64_t away = cleanUp.putBackFiles + cleanUp.lostFiles;
     return cleanUp.movedFiles - std::min(cleanUp.movedFiles, away);
 }
 
-/// Writes down in portions what became of moves.
+/// Records outcomes of moves in batches.
 class MarkBatch final {
  public:
     using Write = std::optional<StoreError> (CleanUpJournal::*)(std::span<const MoveRow>);
 
-    /// `trash` is flushed before: a power failure must not undo what is written down.
+    /// Flushes `trash` before each write: a power failure must not undo recorded moves.
     MarkBatch(CleanUpJournal& journal, TrashMover& trash, Write write)
         : journal_(journal), trash_(trash), write_(write) {}
 
@@ -111,7 +111,8 @@ StoreResult<std::vector<CleanUpSummary>> PutBack::cleanUps() {
     return all;
 }
 
-/// One that could not be recovered whole, as its drive is not there, is not.
+/// Whether another process holds the clean-up. An unfinished one that no process holds could not be
+/// recovered completely, for example because its drive is not mounted.
 bool PutBack::isInUse(CleanUpId id) {
     if (journal_.claim(id)) {
         return true;
@@ -145,7 +146,7 @@ StoreResult<std::variant<CleanUpSummary, NothingToPutBack>> PutBack::last(
     return Last(nothing.value_or(NothingToPutBack::neverCleaned));
 }
 
-/// Why nothing of a clean-up can be put back; nullopt if a file can, or could with its drive there.
+/// Returns why no file can be put back; nullopt if one can, or could if its drive were mounted.
 StoreResult<std::optional<NothingToPutBack>> PutBack::nothingIn(
     const CleanUpSummary& cleanUp, const std::function<bool()>& stopped) {
     bool isWorthATry = false;
@@ -190,9 +191,9 @@ std::optional<StoreError> PutBack::examine(CleanUpId id,
     return unread ? unread : failure;
 }
 
-/// Puts back what can come. Returns why the journal could not be read; `failure` is why it could
-/// not be written.
-std::optional<StoreError> PutBack::bringAll(CleanUpId id, const Settings& settings,
+/// Puts back all files that can be. Returns a failure to read the journal; `failure` receives the
+/// first failure to write it.
+std::optional<StoreError> PutBack::putBackAll(CleanUpId id, const Settings& settings,
                                             std::optional<StoreError>& failure) {
     MarkBatch putBack(journal_, *trash_, &CleanUpJournal::markPutBack);
     MarkBatch lost(journal_, *trash_, &CleanUpJournal::markLost);
@@ -226,11 +227,11 @@ std::optional<StoreError> PutBack::run(CleanUpId id, const Settings& settings) {
     if (auto inUse = journal_.claim(id)) {
         return inUse;
     }
-    // Files come back also where nothing can be written: that is told at the end.
+    // Files are put back even if the journal cannot be written; that is reported at the end.
     static_cast<void>(journal_.beginReturn(id));
     std::optional<StoreError> failure;
-    auto unread = bringAll(id, settings, failure);
-    // What could not be written is found out by the next start.
+    auto unread = putBackAll(id, settings, failure);
+    // After a failure the clean-up stays marked, so that the next start recovers it.
     std::optional<StoreError> unended = failure ? std::nullopt : journal_.endReturn(id);
     journal_.release(id);
     std::optional<StoreError> unsettled = settleTotals(totals_, journal_);

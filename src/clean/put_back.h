@@ -22,16 +22,16 @@ namespace tarvin {
 
 /// Why there is nothing to put back.
 enum class NothingToPutBack : std::uint8_t {
-    neverCleaned,  ///< no clean-up that is known has moved anything
+    neverCleaned,  ///< no known clean-up has moved a file
     allBack,       ///< the last one has been put back
-    noneInTrash    ///< what it moved is not in the Trash any more
+    noneInTrash    ///< its files are no longer in the Trash
 };
 
-/// What the journal says of a clean-up, before any of its files is checked.
+/// A clean-up as stored in the journal, before its files are checked.
 struct UncheckedCleanUp {
     CleanUpId id = 0;
     Timestamp begun;
-    std::vector<std::string> paths;  ///< of the first files that are in the Trash, in order
+    std::vector<std::string> paths;  ///< of files in the Trash, in order; up to a limit
     std::uint64_t all = 0;           ///< files in the Trash
 };
 
@@ -40,16 +40,18 @@ struct UncheckedCleanUp {
 [[nodiscard]] std::optional<UncheckedCleanUp> uncheckedCleanUp(
     CleanUpJournal& journal, std::size_t maxPaths, std::optional<CleanUpId> id = std::nullopt);
 
-/// Puts the files of a clean-up back from the Trash to where they were, each as FileReturn does,
-/// and writes that down. One thread at a time.
+/// Puts the files of a clean-up back from the Trash to their folders (FileReturn) and records that
+/// in the journal and the totals. One thread at a time.
 class PutBack final {
  public:
     struct Settings {
-        std::function<bool()> stopped;  ///< asked before each file; may be empty
-        std::function<void(const PutBackFile& file)> report;  ///< told of each file; may be empty
+        std::function<bool()> stopped;  ///< polled before each file; may be empty
+        std::function<void(const PutBackFile& file)>
+            report;  ///< called for each file; may be empty
     };
 
-    /// Recovers what earlier clean-ups have left open. The reason if there is no usable journal.
+    /// Opens the journal and recovers crashed clean-ups. Fails if there is no usable journal.
+    /// `platform` and `totals` must outlive the result.
     /// `beforeRecovery` is that of openRecovered().
     static StoreResult<std::unique_ptr<PutBack>> open(
         Platform& platform, DataFile& totals,
@@ -59,24 +61,24 @@ class PutBack final {
 
     [[nodiscard]] CleanUpJournal& journal() { return journal_; }
 
-    /// Those that have moved something, newest first; those that still run are left out.
+    /// Returns the clean-ups that have moved files and are not running, newest first.
     StoreResult<std::vector<CleanUpSummary>> cleanUps();
 
-    /// The newest clean-up of which something can be put back, or could if its drive were there.
-    /// `stopped`, which may be empty, is asked before each file; the answer means nothing then.
+    /// Returns the newest clean-up with a file that can be put back, or could if its drive were
+    /// mounted. `stopped`, which may be empty, is polled before each file; once it has returned
+    /// true, the result is meaningless.
     StoreResult<std::variant<CleanUpSummary, NothingToPutBack>> last(
         const std::function<bool()>& stopped = {});
 
-    /// Calls `visit` with each file of a clean-up that has not come back yet, in the order in which
-    /// they were moved, and with what would become of it now; until it returns false. Changes no
-    /// file. What came back otherwise, by another program or by a process that ended before it
-    /// could write that down, is marked in the journal and taken from the totals.
+    /// Calls `visit` with what run() would do with each file that has not been put back yet, in the
+    /// order of the moves, until it returns false. Changes no file. Files that another program, or
+    /// a process that ended too early, has put back are recorded in the journal and in the totals.
     [[nodiscard]] std::optional<StoreError> examine(
         CleanUpId id, const std::function<bool(const PutBackFile&)>& visit);
 
-    /// Puts back the files that can come, and takes them from the totals. The error if nothing
-    /// could be begun ("in use by another process" where another one puts back the same), or if
-    /// what was done could not be written down; that is found out again the next time.
+    /// Puts back all files that can be, and subtracts them from the totals. Fails if the clean-up
+    /// cannot be claimed ("in use by another process"), or if the result cannot be recorded; the
+    /// next call or start then determines it again.
     [[nodiscard]] std::optional<StoreError> run(CleanUpId id, const Settings& settings);
 
  private:
@@ -85,7 +87,7 @@ class PutBack final {
     [[nodiscard]] bool isInUse(CleanUpId id);
     StoreResult<std::optional<NothingToPutBack>> nothingIn(const CleanUpSummary& cleanUp,
                                                            const std::function<bool()>& stopped);
-    std::optional<StoreError> bringAll(CleanUpId id, const Settings& settings,
+    std::optional<StoreError> putBackAll(CleanUpId id, const Settings& settings,
                                        std::optional<StoreError>& failure);
 
     DataFile& totals_;

@@ -14,10 +14,9 @@ namespace tarvin {
 
 namespace {
 
-/// So many moves at a time, which bounds the memory and the passes over a Trash.
+/// Moves read at a time. Bounds memory; each batch reads a Trash at most once.
 constexpr std::size_t batchSize = 4096;
 
-/// The clean-ups of one recovery.
 class Recovery final {
  public:
     Recovery(FileSystem& fileSystem, TrashMover& trash, const LockFile& turns,
@@ -27,7 +26,7 @@ class Recovery final {
           files_(fileSystem, trash),
           planned_(fileSystem, trash, turns, files_) {}
 
-    /// One of which something cannot be looked at now stays unfinished.
+    /// Leaves the clean-up unfinished if something cannot be accessed now.
     std::optional<StoreError> complete(const CleanUpSummary& cleanUp) {
         isComplete_ = true;
         std::optional<StoreError> failure =
@@ -53,7 +52,7 @@ class Recovery final {
     }
 
  private:
-    /// Writes down what was done to files, unless a power failure could still undo it.
+    /// Calls `write` only if a power failure can no longer undo what was done to files.
     std::optional<StoreError> whenFlushed(const std::function<std::optional<StoreError>()>& write) {
         if (trash_.flush()) {
             isComplete_ = false;
@@ -81,8 +80,8 @@ class Recovery final {
         }
     }
 
-    /// After a power failure the disk may have lost a note, or the whole move, of what the journal
-    /// knows as moved; and who put files back may have ended before that was written down.
+    /// After a power failure the disk may have lost the .trashinfo file or the move itself of a
+    /// file recorded as moved; and a process that put it back may have ended before recording that.
     std::optional<StoreError> checkMoved(const std::vector<JournalMove>& moves, Timestamp begun) {
         std::vector<MoveRow> notMoved;
         for (const JournalMove& move : moves) {
@@ -104,7 +103,7 @@ class Recovery final {
     CleanUpJournal& journal_;
     FileReturn files_;
     PlannedOutcomes planned_;
-    bool isComplete_ = true;  // of the clean-up in hand: everything could be looked at and mended
+    bool isComplete_ = true;  // of the current clean-up: all files could be checked and repaired
 };
 
 }  // namespace

@@ -11,17 +11,15 @@
 
 namespace tarvin {
 
-/// Finds out what became of the moves of clean-ups that ended with their process, or with the
-/// machine: each planned file is at its place, in a Trash of the user, or gone. One in the Trash of
-/// which the file that was to stay is not as it was, is put back: the process may have ended before
-/// it could look again. Notes that a power failure took are written anew, and those of moves that
-/// were not made go. Completes the journal and brings the totals up to it. Where a drive or a Trash
-/// cannot be looked at, the clean-up stays unfinished until it can. What another process works on
-/// is left to that. Where nothing has crashed this costs two questions to the journal.
+/// Recovers clean-ups whose process or machine has crashed: determines the outcome of each planned
+/// move (PlannedOutcomes), rewrites .trashinfo files lost in a power failure, completes the journal
+/// and updates the totals. A clean-up stays unfinished while one of its drives or Trash folders
+/// cannot be accessed. Skips clean-ups that another process holds. If nothing has crashed, this
+/// costs two queries of the journal.
 ///
-/// `turns` is the user's lock of clean-ups. To be called before a clean-up, before putting back and
-/// at the start. The first failure; what it keeps from being written is found out again the next
-/// time. One thread, that of the journal.
+/// `turns` is the user's lock file of clean-ups. To be called before a clean-up, before putting
+/// back and at the start, on the thread that uses `journal`. Returns the first failure; the next
+/// call recovers what could not be written.
 [[nodiscard]] std::optional<StoreError> recoverCleanUps(FileSystem& fileSystem, TrashMover& trash,
                                                         const LockFile& turns,
                                                         CleanUpJournal& journal, DataFile& totals);

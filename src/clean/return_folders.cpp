@@ -11,7 +11,7 @@ namespace tarvin {
 
 namespace {
 
-/// Open at once; beyond it all are opened anew.
+/// Folders kept open; when full, all are closed.
 constexpr std::size_t maxKept = 64;
 
 }  // namespace

@@ -13,20 +13,20 @@
 
 namespace tarvin {
 
-/// Opens the folders that files go back to, by the path they had. Where one of its folders is a
-/// link now, files would land elsewhere: that is refused (ELOOP). One thread.
+/// Opens the folders that files are put back into, by their recorded paths. Fails with ELOOP if a
+/// folder of the path is a symlink now, since files would go elsewhere. One thread.
 class ReturnFolders final {
  public:
     using Opened = Result<std::shared_ptr<const OpenFolder>>;
 
     explicit ReturnFolders(FileSystem& fileSystem) : fileSystem_(fileSystem) {}
 
-    /// ENOENT if it is not there, ENOTDIR if something else is.
+    /// Fails with ENOENT if the folder does not exist, with ENOTDIR if the path is a file.
     Opened open(const std::string& path);
 
-    /// Makes what is missing of the path, too. What one call has made, the next one forgets.
+    /// Also creates missing folders of the path. Each call forgets what the previous one created.
     Opened openOrMake(const std::string& path);
-    /// Takes away again what the last openOrMake() has made, as far as it is empty.
+    /// Removes the folders that the last openOrMake() created, if they are empty.
     void removeMade();
 
  private:
@@ -35,7 +35,8 @@ class ReturnFolders final {
 
     FileSystem& fileSystem_;
     std::unordered_map<std::string, std::shared_ptr<const OpenFolder>> kept_;
-    std::vector<std::pair<std::shared_ptr<const OpenFolder>, std::string>> made_;  // in order
+    std::vector<std::pair<std::shared_ptr<const OpenFolder>, std::string>>
+        made_;  // outermost first
 };
 
 }  // namespace tarvin

@@ -13,7 +13,7 @@ bool isMarked(const File& file) {
     return file.state() != CheckState::off;
 }
 
-/// Whether something else than a refusal of the system is behind it.
+/// Returns the outcome of errors that are not refusals of the system.
 std::optional<MoveOutcome> outcomeOf(SystemError error) {
     switch (error.code) {
         case ENOENT:
@@ -70,8 +70,8 @@ MoveResult SetMove::move(const File& file, TrashPlace& place) {
     return moveSeen(file, *seen, place);
 }
 
-/// Whether the content is that of the file of the set that was moved last. Moving one name of a
-/// file changes the date of change of all.
+/// Whether the content equals that of the file of the set that was moved last. Moving one hard link
+/// changes the change date of all.
 bool SetMove::isAsMoved(const File& file, const Seen& seen) const {
     if (!moved_) {
         return false;
@@ -83,7 +83,7 @@ bool SetMove::isAsMoved(const File& file, const Seen& seen) const {
                              tools_.stopped);
 }
 
-/// Relative to its open folder, so that a path of any length will do.
+/// Relative to the open folder, so that the path may be of any length.
 Result<SetMove::Seen> SetMove::stat(const File& file) {
     const Result<std::shared_ptr<const OpenFolder>> folder = tools_.folders.open(*file.directory());
     if (!folder) {
@@ -114,7 +114,7 @@ SetMove::Match SetMove::match(const File& file, const FileAttributes& now) const
     return now.changed == compared->changed || isConfirmed ? Match::asCompared : Match::otherChange;
 }
 
-/// Every file, as compared or equal to the first.
+/// Whether every file is as compared or has the bytes of the first.
 bool SetMove::allUnchanged() {
     const File* first = nullptr;
     FileAttributes firstNow;
@@ -137,7 +137,7 @@ bool SetMove::allUnchanged() {
     return true;
 }
 
-/// Begins with the one that was there the last time.
+/// Starts with the last one found.
 std::optional<std::size_t> SetMove::findSurvivor(const File& file, const Seen& seen) {
     for (std::size_t step = 0; step < files_.size(); ++step) {
         const std::size_t number = (survivor_ + step) % files_.size();
@@ -149,8 +149,7 @@ std::optional<std::size_t> SetMove::findSurvivor(const File& file, const Seen& s
     return std::nullopt;
 }
 
-/// Whether the content lives on in `other`: it is as compared, and not the same name on another
-/// way, as where a folder is shown at two places.
+/// Whether `other` is as compared and not the same file under another path, as with a bind mount.
 bool SetMove::survives(const File& other, const File& file, const Seen& seen) {
     const Result<Seen> now = stat(other);
     if (!now || match(other, now->attributes) == Match::different) {
@@ -171,8 +170,8 @@ bool SetMove::survives(const File& other, const File& file, const Seen& seen) {
     return true;
 }
 
-/// By their bytes. What is found equal to a file as compared needs not be read again as long as its
-/// dates stay.
+/// Compares bytes. A file found equal to one as compared is not read again until its change date
+/// changes.
 bool SetMove::confirmEqual(const File& one, const FileAttributes& oneNow, const File& other,
                            const FileAttributes& otherNow) {
     if (!haveEqualContents(tools_.fileSystem, {one.filePath(), oneNow},
@@ -203,7 +202,7 @@ MoveResult SetMove::moveSeen(const File& file, const Seen& seen, TrashPlace& pla
     return failure ? moveBack(file, seen, place, *failure) : MoveResult{MoveOutcome::moved, {}};
 }
 
-/// None if what arrived is what was looked at, and the content still stands elsewhere.
+/// Returns nullopt if the file that arrived is the one checked and the survivor is still there.
 std::optional<MoveOutcome> SetMove::recheck(const File& file, const Seen& seen,
                                             const TrashPlace& place) {
     const Result<FileAttributes, TrashRefusal> arrived = tools_.trash.look(place);
@@ -217,24 +216,22 @@ std::optional<MoveOutcome> SetMove::recheck(const File& file, const Seen& seen,
     if (isUnchangedNow(*files_[survivor_], *arrived)) {
         return std::nullopt;
     }
-    // The folders that are open may stand elsewhere by now, and what is found may only be what the
-    // system remembers.
+    // The open folders may have been moved, and the metadata may come from a cache.
     tools_.folders.invalidate();
     return findSurvivor(file, seen) && isUnchangedNow(*files_[survivor_], *arrived)
                ? std::nullopt
                : std::optional(unlessStopped(MoveOutcome::lastCopy));
 }
 
-/// By its path, on the volume itself: the folder may have been moved since it was opened, and what
-/// the system remembers may be older than the move. Moving a file changes the date of change of its
-/// other names.
+/// Checks by path, since the folder may have been moved since it was opened, and bypasses caches,
+/// which may be older than the move. Moving a file changes the change date of its other hard links.
 bool SetMove::isUnchangedNow(const File& file, const FileAttributes& moved) {
     const Result<FileAttributes> now = tools_.fileSystem.currentAttributesAtPath(file.filePath());
     return now && isSameFile(survivorState_, *now) &&
            (now->identity == moved.identity || now->changed == survivorState_.changed);
 }
 
-/// Where that cannot be done, the file is in the Trash, whole, with its note.
+/// If that fails, the file stays in the Trash with its .trashinfo file.
 MoveResult SetMove::moveBack(const File& file, const Seen& seen, const TrashPlace& place,
                              MoveOutcome outcome) {
     before(MoveStep::moveBack);
@@ -249,7 +246,7 @@ bool SetMove::isStopped() const {
     return tools_.stopped && tools_.stopped();
 }
 
-/// A stop also ends the comparison of two files, which then says nothing of their contents.
+/// A stop ends a byte comparison early, so that its result says nothing about the contents.
 MoveOutcome SetMove::unlessStopped(MoveOutcome outcome) const {
     return isStopped() ? MoveOutcome::stopped : outcome;
 }

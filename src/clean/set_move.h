@@ -19,7 +19,7 @@ namespace tarvin {
 /// The steps of a move, for tests that change something before one of them.
 enum class MoveStep : std::uint8_t { checkFile, findSurvivor, moveToTrash, recheck, moveBack };
 
-/// What moving files takes. All outlive whoever is given them.
+/// What SetMove uses. All must outlive it.
 struct MoveTools {
     FileSystem& fileSystem;
     TrashMover& trash;
@@ -28,27 +28,26 @@ struct MoveTools {
     std::function<void(MoveStep)> beforeStep;  ///< may be empty
 };
 
-/// Moves files of one set to the Trash, so that a file of its content stays where it is: each only
-/// while it is what was compared and another file of the set is there, also as compared. Both are
-/// looked at before the move and after it; where the second look finds something else, the file is
-/// moved back. So neither another clean-up, of whomever, nor one file that is seen at two places
-/// can end with every copy in the Trash. One thread.
+/// Moves files of one set to the Trash and keeps one file of the set in its place: moves a file
+/// only if it and another file of the set, the survivor, are both as compared. Checks both before
+/// and after the move; if the second check fails, moves the file back. So clean-ups of other users
+/// or one file visible at two paths cannot move every copy to the Trash. One thread.
 ///
-/// "As compared" is: same folder, device, inode, size, and dates of modification and change. A file
-/// of which only the last is another one is compared byte for byte with the one that stays or,
-/// where all go, with the one that went before.
+/// "As compared" means: same folder, device, inode, size, and dates of modification and change. If
+/// only the change date differs, the file is compared byte for byte with the survivor or, if the
+/// whole set is moved, with the file moved before it.
 class SetMove final {
  public:
-    /// `mayTakeAll`: the last file goes, too, if at this moment every file of the set is marked and
-    /// as compared.
+    /// With `mayTakeAll`, moves the last file, too, if every file of the set is now marked and as
+    /// compared.
     SetMove(const MoveTools& tools, const Set& set, bool mayTakeAll);
 
-    /// Moves a file of the set; `place` says then where it is. On any other outcome than moved it
-    /// stays, or is put back, where it was.
+    /// Moves a file of the set and sets `place`. Unless the outcome is `moved`, the file is in its
+    /// original place, possibly after it was moved back.
     [[nodiscard]] MoveResult move(const File& file, TrashPlace& place);
 
  private:
-    /// A name in a folder, and what stands there.
+    /// The metadata of a file, and its folder.
     struct Seen {
         std::shared_ptr<const OpenFolder> folder;
         FileAttributes attributes;
@@ -74,12 +73,12 @@ class SetMove final {
     void before(MoveStep step) const;
 
     const MoveTools& tools_;
-    std::vector<const File*> files_;  // those that are not to go come first
-    std::size_t survivor_ = 0;        // in `files_`: the one found there last
+    std::vector<const File*> files_;  // unmarked files first
+    std::size_t survivor_ = 0;        // index in `files_` of the last one found
     FileAttributes survivorState_;
     bool mayTakeAll_;
-    std::optional<SeenFile> moved_;  // last, where all may go; in the Trash
-    // Of files whose change date is another one: that for which they were found equal to a file as
+    std::optional<SeenFile> moved_;  // the last file moved, if all may go
+    // For files with another change date: the one at which their bytes were equal to a file as
     // compared.
     std::unordered_map<const File*, std::optional<Timestamp>> confirmed_;
 };

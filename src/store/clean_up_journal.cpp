@@ -40,8 +40,8 @@ CleanUpId nextIdIn(SqliteDatabase& database) {
     return last.step() ? last.number(0) + 1 : 1;
 }
 
-/// Takes the lock of `id`, or of the next number that is free: who used a journal that was put
-/// aside since may still hold the lock of a number.
+/// Takes the lock of `id` or, if it is held, of the next free number, which becomes `id`: a process
+/// that used a journal since moved aside may still hold the lock of a number.
 Result<FileLock> takeUnheld(const LockFile& locks, CleanUpId& id) {
     Result<FileLock> lock = locks.tryTake(static_cast<std::uint64_t>(id));
     for (int tries = 0; !lock && lock.error().code == EBUSY && tries < maxLockedNumbers; ++tries) {

@@ -53,7 +53,7 @@ constexpr const char* schema =
     " inode INTEGER NOT NULL,"
     " size INTEGER NOT NULL,"
     " modified INTEGER,"
-    " stays_folder INTEGER NOT NULL,"  // 0 if the whole set is moved
+    " stays_folder INTEGER NOT NULL,"  // 0 if no file of the set stays
     " stays_name BLOB,"                // null if it equals `name`
     " stays_inode INTEGER,"
     " stays_modified INTEGER,"
