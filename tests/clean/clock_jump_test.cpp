@@ -92,7 +92,7 @@ class ClockJump : public ::testing::Test {
     DataFile totals_{home_.path()};
 };
 
-TEST_F(ClockJump, BetweenTwoMovesDatesEachAsItIsThen) {
+TEST_F(ClockJump, BetweenMovesDatesEachAtItsOwnTime) {
     clock().set(today + std::chrono::hours(12));
     clean("a", [this](int number) {
         if (number == 2) {
@@ -108,7 +108,7 @@ TEST_F(ClockJump, BetweenTwoMovesDatesEachAsItIsThen) {
     EXPECT_EQ(totals_.alreadyDeletedCount(), 0);
 }
 
-TEST_F(ClockJump, BackLeavesTheLastCleanUpTheLast) {
+TEST_F(ClockJump, BackKeepsTheOrderOfCleanUps) {
     clock().set(today);
     clean("a");
     clock().set(longAgo);
@@ -129,7 +129,7 @@ TEST_F(ClockJump, BackLeavesTheLastCleanUpTheLast) {
 }
 
 // The thirty newest stay, whatever their dates are.
-TEST_F(ClockJump, BackDoesNotMakeANewCleanUpAnOldOne) {
+TEST_F(ClockJump, BackKeepsTheThirtyNewestCleanUps) {
     for (int number = 0; number < 32; ++number) {
         clock().set(today - std::chrono::days(number));
         clean(std::to_string(number));
@@ -142,7 +142,7 @@ TEST_F(ClockJump, BackDoesNotMakeANewCleanUpAnOldOne) {
 }
 
 // Once a second the Trash is looked at, and by another clock than that of dates.
-TEST_F(ClockJump, BackDoesNotKeepATrashTrusted) {
+TEST_F(ClockJump, BackDoesNotDelayTheCheckOfTheTrash) {
     clean("a", [this](int number) {
         if (number == 2) {
             clock().advance(std::chrono::seconds(2));

@@ -177,7 +177,7 @@ class FailingCalls : public ::testing::Test {
     }
 };
 
-TEST_F(FailingCalls, OfLooksAndReadsLoseNothing) {
+TEST_F(FailingCalls, ForMetadataAndReadsLoseNothing) {
     std::size_t trials = 0;
     for (const FileCall call : {FileCall::openRootDirectory, FileCall::openDirectory,
                                 FileCall::attributesAt, FileCall::attributesAtPath,
@@ -199,7 +199,7 @@ TEST_F(FailingCalls, OfLooksAndReadsLoseNothing) {
     EXPECT_GE(trials, 200U);
 }
 
-TEST_F(FailingCalls, OfLooksAndReadsThatFailForAllLeaveEveryFile) {
+TEST_F(FailingCalls, ForMetadataThatAlwaysFailKeepEveryFile) {
     for (const FileCall call :
          {FileCall::openRootDirectory, FileCall::attributesAt, FileCall::attributesOf}) {
         renew();
@@ -213,7 +213,7 @@ TEST_F(FailingCalls, OfLooksAndReadsThatFailForAllLeaveEveryFile) {
     }
 }
 
-TEST_F(FailingCalls, OfTheJournalLoseNothing) {
+TEST_F(FailingCalls, ForTheJournalLoseNothing) {
     std::size_t trials = 0;
     for (const auto fault : {FaultyDatabase::Fault::device, FaultyDatabase::Fault::full}) {
         bool hasFailed = true;
@@ -231,7 +231,7 @@ TEST_F(FailingCalls, OfTheJournalLoseNothing) {
 }
 
 // The others of its set go between the looks, so that what arrived has to go back.
-TEST_F(FailingCalls, OfTheWayBackLoseNothing) {
+TEST_F(FailingCalls, ForMovingBackLoseNothing) {
     std::size_t trials = 0;
     std::size_t stayed = 0;
     takenAway_ = "content of one.txt";
@@ -266,7 +266,7 @@ TEST_F(FailingCalls, OfTheWayBackLoseNothing) {
 }
 
 /// Something else than a file of locks, by which clean-ups take turns.
-TEST_F(FailingCalls, OfTheTurnLeaveEveryFileAndSayWhy) {
+TEST_F(FailingCalls, ForTheLockKeepEveryFileAndReportWhy) {
     const std::string turns = home_ + "/turns";
     const std::vector<std::pair<Prepare, std::string>> trials{
         {[&] { fs::create_directory(turns); }, "Is a directory"},

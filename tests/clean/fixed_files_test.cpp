@@ -93,7 +93,7 @@ const MoveResult wasMoved{MoveOutcome::moved, {}};
 
 // Giving the attribute changes nothing but the date of change, so that the bytes are compared
 // first.
-TEST_P(FixedFiles, ToGoStayWithTheReason) {
+TEST_P(FixedFiles, MarkedStayWithTheReason) {
     for (const MoveStep at : {MoveStep::checkFile, MoveStep::findSurvivor, MoveStep::moveToTrash}) {
         if (renew()) {
             EXPECT_EQ(run(at, [this] { fix(paths_[1]); }),
@@ -106,7 +106,7 @@ TEST_P(FixedFiles, ToGoStayWithTheReason) {
     }
 }
 
-TEST_P(FixedFiles, ToStayLetTheOthersGo) {
+TEST_P(FixedFiles, UnmarkedLetTheOthersBeMoved) {
     for (const MoveStep at : {MoveStep::checkFile, MoveStep::findSurvivor}) {
         if (renew()) {
             EXPECT_EQ(run(at, [this] { fix(paths_[0]); }),
@@ -118,7 +118,7 @@ TEST_P(FixedFiles, ToStayLetTheOthersGo) {
     }
 }
 
-TEST_P(FixedFiles, OfAFixedFolderStayWithTheReason) {
+TEST_P(FixedFiles, InAFixedFolderStayWithTheReason) {
     if (renew()) {
         EXPECT_EQ(run(MoveStep::checkFile, [this] { fix(volume_.pathOf("b")); }),
                   (std::vector<MoveResult>{refusal(), wasMoved}));
@@ -128,7 +128,7 @@ TEST_P(FixedFiles, OfAFixedFolderStayWithTheReason) {
 }
 
 // Nothing that is fixed can be moved back either; what can only be added to takes it back.
-TEST_P(FixedFiles, ThatCannotGoBackAreInTheTrashWithTheReason) {
+TEST_P(FixedFiles, ThatCannotBeMovedBackStayInTheTrashWithTheReason) {
     if (renew()) {
         const std::vector<MoveResult> results = run(MoveStep::recheck, [this] {
             fs::remove(paths_[0]);

@@ -46,7 +46,7 @@ class FilesOfAView : public ::testing::TestWithParam<const char*> {
     CleaningUser user_{home_.path()};
 };
 
-TEST_P(FilesOfAView, KeepTheirOnlyCopyWhereTheViewsIsToStay) {
+TEST_P(FilesOfAView, KeepTheOnlyCopyIfItsViewIsUnmarked) {
     folder_.writeFile("a.txt", "same");
     const FuseView view(folder_.path(), GetParam());
     if (view) {
@@ -57,7 +57,7 @@ TEST_P(FilesOfAView, KeepTheirOnlyCopyWhereTheViewsIsToStay) {
     }
 }
 
-TEST_P(FilesOfAView, KeepTheirOnlyCopyWhereTheViewsIsToGo) {
+TEST_P(FilesOfAView, KeepTheOnlyCopyIfItsViewIsMarked) {
     folder_.writeFile("a.txt", "same");
     const FuseView view(folder_.path(), GetParam());
     if (view) {
@@ -66,7 +66,7 @@ TEST_P(FilesOfAView, KeepTheirOnlyCopyWhereTheViewsIsToGo) {
     }
 }
 
-TEST_P(FilesOfAView, KeepTheirOnlyCopyWhereTwoViewsShowIt) {
+TEST_P(FilesOfAView, KeepTheOnlyCopyIfTwoViewsShowIt) {
     folder_.writeFile("a.txt", "same");
     const FuseView view(folder_.path(), GetParam());
     const FuseView other(folder_.path(), GetParam());
@@ -91,7 +91,7 @@ TEST_P(FilesOfAView, KeepOneOfSeveralCopies) {
     }
 }
 
-TEST_P(FilesOfAView, GoWhereAnotherCopyStays) {
+TEST_P(FilesOfAView, AreMovedIfAnotherCopyStays) {
     const std::string other = folder_.writeFile("elsewhere/a.txt", "same");
     folder_.writeFile("a.txt", "same");
     const FuseView view(folder_.path(), GetParam());
@@ -105,7 +105,7 @@ TEST_P(FilesOfAView, GoWhereAnotherCopyStays) {
 }
 
 // The look at the copy that stays is older than the move, and no older than the system remembers.
-TEST_P(FilesOfAView, KeepTheLastCopyThatIsTakenAwayBehindTheView) {
+TEST_P(FilesOfAView, KeepTheLastCopyIfTheOtherIsRemovedBehindTheView) {
     folder_.writeFile("a.txt", "same");
     const std::string other = folder_.writeFile("elsewhere/a.txt", "same");
     const FuseView view(folder_.path(), GetParam());

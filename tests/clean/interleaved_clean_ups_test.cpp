@@ -240,7 +240,7 @@ TEST_F(InterleavedCleanUps, OfAWholeSetLoseNothing) {
     expectNotes(bob_);
 }
 
-TEST_F(InterleavedCleanUps, OfOneUserAreNotAtWorkOnASetAtTheSameTime) {
+TEST_F(InterleavedCleanUps, OfOneUserExcludeEachOther) {
     CleaningUser again(homes_.pathOf("ann"));
     const auto refused = [](const Side& side) {
         return std::all_of(side.report.begin(), side.report.end(),

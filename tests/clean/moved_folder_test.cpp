@@ -73,7 +73,7 @@ class MovedFolder : public ::testing::Test {
     CleaningUser user_{home_.path()};
 };
 
-TEST_F(MovedFolder, OfAMarkedFileLosesNoneAtWhateverStep) {
+TEST_F(MovedFolder, OfAMarkedFileLosesNothingAtAnyStep) {
     std::size_t before = 0;
     for (const MoveStep at : everyStep) {
         for (const int number : {1, 2}) {
@@ -99,7 +99,7 @@ TEST_F(MovedFolder, OfAMarkedFileLosesNoneAtWhateverStep) {
 }
 
 // It is open: the file goes back into it, wherever it is by then.
-TEST_F(MovedFolder, GetsAFileBackThatWasTheLast) {
+TEST_F(MovedFolder, ReceivesTheLastCopyBack) {
     renew();
     const MoveReport report = run(MoveStep::recheck, 1, [&] {
         fs::rename(path("b"), path("away"));
@@ -113,7 +113,7 @@ TEST_F(MovedFolder, GetsAFileBackThatWasTheLast) {
     EXPECT_EQ(user_.trashInfos(), 0U);
 }
 
-TEST_F(MovedFolder, OfTheFileThatStaysLeavesTheLastCopyAtWhateverStep) {
+TEST_F(MovedFolder, OfTheSurvivorKeepsTheLastCopyAtAnyStep) {
     for (const MoveStep at : everyStep) {
         for (const int number : {1, 2}) {
             const std::size_t before = user_.trashed();

@@ -164,7 +164,7 @@ TEST_F(PutBackTest, ListsTheNewestCleanUpBeforeRecoveryChecksFiles) {
     EXPECT_FALSE(uncheckedCleanUp(journal, 1, 3));
 }
 
-TEST(PutBackName, HasItsAdditionBeforeTheExtension) {
+TEST(PutBackName, HasTheSuffixBeforeTheExtension) {
     EXPECT_EQ(putBackName("beach.jpg", 1, 255), "beach (put back).jpg");
     EXPECT_EQ(putBackName("beach.jpg", 2, 255), "beach (put back 2).jpg");
     EXPECT_EQ(putBackName("beach.jpg", 10'000, 255), "beach (put back 10000).jpg");
@@ -174,7 +174,7 @@ TEST(PutBackName, HasItsAdditionBeforeTheExtension) {
     EXPECT_EQ(putBackName("end.", 1, 255), "end. (put back)");
 }
 
-TEST(PutBackName, FitsTheFileSystemWithoutHalfACharacter) {
+TEST(PutBackName, IsTruncatedAtACharacterBoundary) {
     EXPECT_EQ(putBackName(std::string(251, 'n') + ".jpg", 1, 255),
               std::string(240, 'n') + " (put back).jpg");
     // 124 characters of two bytes; half of one would fit.
@@ -188,7 +188,7 @@ TEST(PutBackName, FitsTheFileSystemWithoutHalfACharacter) {
     EXPECT_EQ(odd, 'n' + name.substr(0, 238) + " (put back).jpg");
 }
 
-TEST(PutBackWord, IsThatOfTheOutcome) {
+TEST(PutBackWord, MatchesTheOutcome) {
     const std::vector<std::string> words = {"toItsPlace", "underOtherName", "withItsFolder",
                                             "lost",       "changed",        "notAttached",
                                             "refused",    "stopped"};
@@ -199,7 +199,7 @@ TEST(PutBackWord, IsThatOfTheOutcome) {
     }
 }
 
-TEST_F(PutBackTest, TellsOfFilesInTheOrderInWhichTheyWereMoved) {
+TEST_F(PutBackTest, ReportsFilesInTheOrderOfTheirMoves) {
     cleanSet({"a/one.txt", "b/three.txt", "c/two.txt", "b/four.txt"});
     const Outcomes all = {
         {"b/three.txt", toItsPlace}, {"c/two.txt", toItsPlace}, {"b/four.txt", toItsPlace}};
@@ -209,7 +209,7 @@ TEST_F(PutBackTest, TellsOfFilesInTheOrderInWhichTheyWereMoved) {
     EXPECT_EQ(contentOf(tree_.pathOf("b/four.txt")), "the same");
 }
 
-TEST_F(PutBackTest, BringsTenThousandFilesBack) {
+TEST_F(PutBackTest, PutsTenThousandFilesBack) {
     std::vector<std::string> names{"first.txt"};
     for (int number = 0; number < 10'000; ++number) {
         names.push_back(std::to_string(number % 50) + "/" + std::to_string(number) + ".txt");
@@ -229,7 +229,7 @@ TEST_F(PutBackTest, BringsTenThousandFilesBack) {
     EXPECT_EQ(totals_.alreadyDeletedSize(), 0U);
 }
 
-TEST_F(PutBackTest, IsNotDoneTwiceAtOnce) {
+TEST_F(PutBackTest, RunsInOneProcessAtATime) {
     cleanSet({"a.txt", "b.txt", "c.txt"});
     const auto first = opened();
     const auto second = opened();
@@ -249,7 +249,7 @@ TEST_F(PutBackTest, IsNotDoneTwiceAtOnce) {
     EXPECT_FALSE(second->run(1, {}));
 }
 
-TEST_F(PutBackTest, KilledAtAnyFileIsEndedByTheNextTry) {
+TEST_F(PutBackTest, KilledAtAnyFileIsCompletedByTheNextRun) {
     const std::vector<std::string> names = {"a.txt", "b.txt", "c.txt", "d.txt", "e.txt"};
     for (std::size_t killAt = 1; killAt <= 4; ++killAt) {
         cleanSet(names);
@@ -282,7 +282,7 @@ TEST_F(PutBackTest, KilledAtAnyFileIsEndedByTheNextTry) {
     }
 }
 
-TEST_F(PutBackTest, KilledAfterItsLastFileIsCountedByTheNextLook) {
+TEST_F(PutBackTest, KilledAfterTheLastFileIsCountedByTheNextCheck) {
     cleanSet({"a.txt", "b.txt"});
     const pid_t child = ::fork();
     if (child == 0) {
@@ -326,14 +326,14 @@ TEST_F(PutBackTest, KilledIsCountedByTheNextStart) {
     EXPECT_TRUE(std::get<std::vector<CleanUpSummary>>(user.journal().crashed()).empty());
 }
 
-TEST_F(PutBackTest, LeavesNothingToTheNextStartWhenItEnds) {
+TEST_F(PutBackTest, LeavesNothingToRecoverAfterItEnds) {
     cleanSet({"a.txt", "b.txt", "c.txt"});
     run();
     CleaningUser user(home_.path());
     EXPECT_TRUE(std::get<std::vector<CleanUpSummary>>(user.journal().crashed()).empty());
 }
 
-TEST_F(PutBackTest, IsNotWrittenDownWhereTheDiskFails) {
+TEST_F(PutBackTest, IsNotRecordedIfTheFlushFails) {
     cleanSet({"a.txt", "b.txt"});
     {
         const auto putBack = opened();
@@ -350,13 +350,13 @@ TEST_F(PutBackTest, IsNotWrittenDownWhereTheDiskFails) {
     expectLast(NothingToPutBack::allBack);
 }
 
-TEST_F(PutBackTest, AfterAStopNothingIsLookedAt) {
+TEST_F(PutBackTest, AccessesNoFolderAfterAStop) {
     cleanSet({"a.txt", "b.txt"});
     EXPECT_EQ(run(1, [] { return true; }), (Outcomes{{"b.txt", PutBackOutcome::stopped}}));
     EXPECT_EQ(platform_.fileSystem().calls(FileCall::openDirectory), 0U);
 }
 
-TEST_F(PutBackTest, TheLastIsTheNewestOfWhichSomethingCanComeBack) {
+TEST_F(PutBackTest, LastIsTheNewestWithARestorableFile) {
     expectLast(NothingToPutBack::neverCleaned);
     cleanSet({"a.txt", "b.txt"});
     expectLast(1);
@@ -368,13 +368,13 @@ TEST_F(PutBackTest, TheLastIsTheNewestOfWhichSomethingCanComeBack) {
     expectLast(NothingToPutBack::noneInTrash);
 }
 
-TEST_F(PutBackTest, AfterTheLastIsBackSaysSo) {
+TEST_F(PutBackTest, LastReportsThatAllIsBack) {
     cleanSet({"a.txt", "b.txt"});
     run();
     expectLast(NothingToPutBack::allBack);
 }
 
-TEST_F(PutBackTest, AfterTheTrashWasEmptiedSaysSo) {
+TEST_F(PutBackTest, LastReportsAnEmptiedTrash) {
     cleanSet({"a.txt", "b.txt"});
     fs::remove(inTrash("b.txt"));
     expectLast(NothingToPutBack::noneInTrash);
@@ -382,7 +382,7 @@ TEST_F(PutBackTest, AfterTheTrashWasEmptiedSaysSo) {
     expectLast(NothingToPutBack::noneInTrash);
 }
 
-TEST_F(PutBackTest, OfWhatIsNotMovedNothingIsOffered) {
+TEST_F(PutBackTest, LastIgnoresCleanUpsWithoutMoves) {
     {
         CleaningUser user(home_.path());
         auto id = user.journal().begin({});
@@ -391,7 +391,7 @@ TEST_F(PutBackTest, OfWhatIsNotMovedNothingIsOffered) {
     expectLast(NothingToPutBack::neverCleaned);
 }
 
-TEST_F(PutBackTest, WaitsForADriveThatIsNotAttached) {
+TEST_F(PutBackTest, KeepsFilesOfAnUnmountedDrive) {
     // Moved to the Trash of a volume; only the folder it was mounted on is there now.
     const std::string top = tree_.makeFolder("drive");
     const std::string trash = top + "/.Trash-" + std::to_string(::getuid());
@@ -419,7 +419,7 @@ TEST_F(PutBackTest, WaitsForADriveThatIsNotAttached) {
     }
 }
 
-TEST_F(PutBackTest, TakesAFolderAwayAgainThatWasMadeInVain) {
+TEST_F(PutBackTest, RemovesFoldersCreatedInVain) {
     cleanSet({"a.txt", "b/c/d/e.txt"});
     fs::remove_all(tree_.pathOf("b/c"));
     // Another volume, to which no rename leads.
@@ -431,7 +431,7 @@ TEST_F(PutBackTest, TakesAFolderAwayAgainThatWasMadeInVain) {
     }
 }
 
-TEST_F(PutBackTest, MakesMissingFoldersOnce) {
+TEST_F(PutBackTest, CreatesMissingFoldersOnce) {
     cleanSet({"a.txt", "b/c/d.txt", "b/c/e.txt"});
     fs::remove_all(tree_.pathOf("b"));
     EXPECT_EQ(run(),
@@ -439,7 +439,7 @@ TEST_F(PutBackTest, MakesMissingFoldersOnce) {
     EXPECT_EQ(contentOf(tree_.pathOf("b/c/e.txt")), "the same");
 }
 
-TEST_F(PutBackTest, RefusesAFolderThatIsAFileNow) {
+TEST_F(PutBackTest, RefusesAFolderReplacedByAFile) {
     cleanSet({"a.txt", "b/c.txt"});
     fs::remove(tree_.pathOf("b"));
     tree_.writeFile("b", "no folder");
@@ -447,7 +447,7 @@ TEST_F(PutBackTest, RefusesAFolderThatIsAFileNow) {
     EXPECT_EQ(contentOf(tree_.pathOf("b")), "no folder");
 }
 
-TEST_F(PutBackTest, RefusesAFolderThatIsALinkNow) {
+TEST_F(PutBackTest, RefusesAFolderReplacedByASymlink) {
     cleanSet({"a.txt", "b/c.txt", "d/e/f.txt"});
     fs::rename(tree_.pathOf("b"), tree_.pathOf("old b"));
     tree_.makeLink("b", "old b");
@@ -466,7 +466,7 @@ TEST_F(PutBackTest, RefusesAFolderThatIsALinkNow) {
     EXPECT_EQ(trashed(), 2);
 }
 
-TEST_F(PutBackTest, KnowsAFileByItsRealPath) {
+TEST_F(PutBackTest, UsesTheResolvedPath) {
     const std::string real = tree_.writeFile("real/b.txt", "the same");
     tree_.makeLink("link", "real");
     cleanPaths({tree_.writeFile("a.txt", "the same"), tree_.pathOf("link/b.txt")});
@@ -480,7 +480,7 @@ TEST_F(PutBackTest, KnowsAFileByItsRealPath) {
     EXPECT_TRUE(fs::is_empty(tree_.pathOf("other")));
 }
 
-TEST_F(PutBackTest, AFileOfTheSameNameInTheTrashIsNotTakenForIt) {
+TEST_F(PutBackTest, RejectsAnotherFileOfTheSameNameInTheTrash) {
     cleanSet({"a.txt", "b.txt"});
     fs::rename(inTrash("b.txt"), inTrash("b.old"));
     std::ofstream(inTrash("b.txt")) << "the same";
@@ -488,7 +488,7 @@ TEST_F(PutBackTest, AFileOfTheSameNameInTheTrashIsNotTakenForIt) {
     EXPECT_FALSE(fs::exists(tree_.pathOf("b.txt")));
 }
 
-TEST_F(PutBackTest, AfterAStopTellsOfTheRestAndLeavesIt) {
+TEST_F(PutBackTest, ReportsRemainingFilesAsStopped) {
     cleanSet({"a.txt", "b.txt", "c.txt", "d.txt"});
     int asked = 0;
     EXPECT_EQ(run(1, [&asked] { return ++asked == 2; }),
@@ -500,7 +500,7 @@ TEST_F(PutBackTest, AfterAStopTellsOfTheRestAndLeavesIt) {
     EXPECT_EQ(run(), (Outcomes{{"c.txt", toItsPlace}, {"d.txt", toItsPlace}}));
 }
 
-TEST_F(PutBackTest, WhatAnotherProgramPutBackIsNeitherToldNorCounted) {
+TEST_F(PutBackTest, IgnoresFilesThatAnotherProgramPutBack) {
     cleanSet({"a.txt", "b.txt", "c.txt"});
     fs::rename(inTrash("b.txt"), tree_.pathOf("b.txt"));
     EXPECT_EQ(examine(), (Outcomes{{"c.txt", toItsPlace}}));

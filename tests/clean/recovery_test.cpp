@@ -61,7 +61,7 @@ class KilledCleanUp : public ::testing::Test {
     TemporaryFolder tree_;
 };
 
-TEST_F(KilledCleanUp, IsCountedAsFarAsItCameAtTheNextStart) {
+TEST_F(KilledCleanUp, CountsItsMovedFilesAtTheNextStart) {
     std::int64_t counted = 0;
     bool killed = true;
     for (int step = 1; killed; ++step) {
@@ -99,7 +99,7 @@ TEST_F(KilledCleanUp, IsRecoveredByOneProcessOnly) {
 }
 
 /// Users of one machine, each with a Trash and a journal of their own, whose clean-ups are killed.
-class KilledUsers : public ::testing::Test {
+class KilledMove : public ::testing::Test {
  protected:
     void SetUp() override {
         a_ = tree_.writeFile("a.txt", "bytes");
@@ -158,14 +158,14 @@ class KilledUsers : public ::testing::Test {
     std::string b_;
 };
 
-TEST_F(KilledUsers, HaveWhatWasNotLookedAtAgainPutBackIfNothingStays) {
+TEST_F(KilledMove, IsUndoneIfTheSurvivorIsMissing) {
     killedWhileMoving(a_, b_, one_.path());
     fs::remove(a_);
     EXPECT_EQ(recover(one_.path()), 0);
     EXPECT_EQ(contentOf(b_), "bytes");
 }
 
-TEST_F(KilledUsers, HaveItPutBackIfWhatStaysIsAnotherFile) {
+TEST_F(KilledMove, IsUndoneIfTheSurvivorWasReplaced) {
     killedWhileMoving(a_, b_, one_.path());
     const std::string away = tree_.pathOf("away");
     fs::rename(a_, away);
@@ -175,21 +175,21 @@ TEST_F(KilledUsers, HaveItPutBackIfWhatStaysIsAnotherFile) {
     EXPECT_EQ(contentOf(b_), "bytes");
 }
 
-TEST_F(KilledUsers, HaveItPutBackIfWhatStaysWasWrittenTo) {
+TEST_F(KilledMove, IsUndoneIfTheSurvivorWasChanged) {
     killedWhileMoving(a_, b_, one_.path());
     std::ofstream(a_) << "other";
     EXPECT_EQ(recover(one_.path()), 0);
     EXPECT_EQ(contentOf(b_), "bytes");
 }
 
-TEST_F(KilledUsers, HaveItCountedIfTheOtherFileStays) {
+TEST_F(KilledMove, IsCountedIfTheSurvivorIsUnchanged) {
     killedWhileMoving(a_, b_, one_.path());
     EXPECT_EQ(recover(one_.path()), 1);
     EXPECT_FALSE(fs::exists(b_));
     EXPECT_EQ(contentOf(a_), "bytes");
 }
 
-TEST_F(KilledUsers, KeepACopyThoughEachMovedOneBeforeTheOtherLookedAgain) {
+TEST_F(KilledMove, OfTwoUsersBeforeTheirRechecksLeavesACopy) {
     // The first has looked and waits; the second moves what is to stay and is killed; the first
     // moves the other file and is killed, too.
     int hasLooked[2];
@@ -232,7 +232,7 @@ TEST_F(KilledUsers, KeepACopyThoughEachMovedOneBeforeTheOtherLookedAgain) {
     EXPECT_FALSE(fs::exists(a_));
 }
 
-TEST_F(KilledUsers, HaveAWholeSetCountedOfWhichNothingWasToStay) {
+TEST_F(KilledMove, OfAWholeSetIsCounted) {
     killed([this] {
         CleaningUser user(one_.path());
         CleanUp::Settings settings;
@@ -253,7 +253,7 @@ TEST_F(KilledUsers, HaveAWholeSetCountedOfWhichNothingWasToStay) {
     EXPECT_FALSE(fs::exists(a_) || fs::exists(b_));
 }
 
-TEST_F(KilledUsers, LeaveNoNoteWithoutAFile) {
+TEST_F(KilledMove, LeavesNoTrashInfoWithoutAFile) {
     killedWhileMoving(a_, b_, one_.path(), MoveStep::moveToTrash);
     // As between the note and the rename, for which there is no step.
     const std::string notes = one_.pathOf("Trash/info/");
@@ -274,7 +274,7 @@ TEST_F(KilledUsers, LeaveNoNoteWithoutAFile) {
     EXPECT_TRUE(fs::exists(notes + "c.txt.trashinfo"));
 }
 
-TEST_F(KilledUsers, LeaveNotesAloneWhileAnotherCleanUpHasItsTurn) {
+TEST_F(KilledMove, KeepsTrashInfosWhileAnotherCleanUpHoldsTheLock) {
     killedWhileMoving(a_, b_, one_.path(), MoveStep::moveToTrash);
     one_.makeFolder("Trash/files");
     one_.writeFile("Trash/info/b.txt.trashinfo",
@@ -322,10 +322,10 @@ class FaultyUser final {
 };
 
 /// A clean-up whose machine lost its power: the journal is on the disk, and not all of the rest.
-class LostPower : public KilledUsers {
+class PowerFailure : public KilledMove {
  protected:
     void SetUp() override {
-        KilledUsers::SetUp();
+        KilledMove::SetUp();
         const std::string c = tree_.writeFile("c.txt", "bytes");
         const pid_t child = ::fork();
         if (child == 0) {
@@ -352,7 +352,7 @@ class LostPower : public KilledUsers {
     }
 };
 
-TEST_F(LostPower, HasNotesWrittenAnewThatAreNotWhole) {
+TEST_F(PowerFailure, RewritesIncompleteTrashInfos) {
     const std::string whole = contentOf(note("b.txt"));
     ASSERT_EQ(whole.find("[Trash Info]\nPath=" + b_ + "\nDeletionDate="), 0U);
     fs::resize_file(note("b.txt"), 0);
@@ -363,14 +363,14 @@ TEST_F(LostPower, HasNotesWrittenAnewThatAreNotWhole) {
               0U);
 }
 
-TEST_F(LostPower, HasWholeNotesLeftAsTheyAre) {
+TEST_F(PowerFailure, KeepsCompleteTrashInfos) {
     std::ofstream(note("b.txt"), std::ios::app) << "Further=1\n";
     const std::string before = contentOf(note("b.txt"));
     EXPECT_EQ(recover(one_.path()), 2);
     EXPECT_EQ(contentOf(note("b.txt")), before);
 }
 
-TEST_F(LostPower, StaysUnfinishedUntilTheNotesAreOnTheDisk) {
+TEST_F(PowerFailure, StaysUnfinishedUntilTrashInfosAreFlushed) {
     FaultyUser user(one_.path());
     fs::remove(note("b.txt"));
     user.calls().failNext(TrashCall::flush, EIO);
@@ -384,7 +384,7 @@ TEST_F(LostPower, StaysUnfinishedUntilTheNotesAreOnTheDisk) {
     EXPECT_EQ(user.counted(), 2);
 }
 
-TEST_F(LostPower, StaysUnfinishedUntilItsNotesAreMended) {
+TEST_F(PowerFailure, StaysUnfinishedUntilTrashInfosAreRepaired) {
     FaultyUser user(one_.path());
     fs::resize_file(note("b.txt"), 0);
     user.calls().failNext(TrashCall::write, ENOSPC);
@@ -395,7 +395,7 @@ TEST_F(LostPower, StaysUnfinishedUntilItsNotesAreMended) {
     EXPECT_EQ(contentOf(note("b.txt")).find("[Trash Info]\nPath=" + b_ + "\n"), 0U);
 }
 
-TEST_F(LostPower, StaysUnfinishedWhileItsTrashCannotBeLookedAt) {
+TEST_F(PowerFailure, StaysUnfinishedWhileTheTrashIsInaccessible) {
     FaultyUser user(one_.path());
     user.calls().fail(TrashCall::openFolder, EIO);
     user.recover();
@@ -404,7 +404,7 @@ TEST_F(LostPower, StaysUnfinishedWhileItsTrashCannotBeLookedAt) {
     EXPECT_EQ(recover(one_.path()), 2);
 }
 
-TEST_F(KilledUsers, LookAgainLaterWhereTheDiskFailedAtTheEnd) {
+TEST_F(KilledMove, WithAFailedFlushIsRecoveredLater) {
     FaultyUser user(one_.path());
     ComparedFiles files;
     files.addSet({a_, b_});
@@ -424,7 +424,7 @@ TEST_F(KilledUsers, LookAgainLaterWhereTheDiskFailedAtTheEnd) {
     EXPECT_EQ(user.counted(), 1);
 }
 
-TEST_F(LostPower, HasWhatTheDiskKnowsInItsPlaceTakenFromTheTotals) {
+TEST_F(PowerFailure, SubtractsFilesFoundInPlaceFromTheTotals) {
     fs::rename(one_.pathOf("Trash/files/b.txt"), b_);
     fs::remove(note("b.txt"));
     EXPECT_EQ(recover(one_.path()), 1);
@@ -456,14 +456,14 @@ class PlannedMoves : public ::testing::Test {
     FaultyFileSystem fileSystem_;
 };
 
-TEST_F(PlannedMoves, OnADriveThatIsNotThereWaitForIt) {
+TEST_F(PlannedMoves, WaitForAMissingDrive) {
     plan(tree_.pathOf("drive/a.txt"));
     EXPECT_FALSE(recover());
     tree_.makeFolder("drive");
     EXPECT_TRUE(recover());
 }
 
-TEST_F(PlannedMoves, WhoseTrashCannotBeLookedAtWaitForIt) {
+TEST_F(PlannedMoves, WaitForAnInaccessibleTrash) {
     plan(tree_.pathOf("a.txt"));
     fileSystem_.failCall(FileCall::attributesAtPath, 1, EIO, home_.pathOf("Trash/files"));
     EXPECT_FALSE(recover());

@@ -99,7 +99,7 @@ class SecondUser : public ::testing::Test {
     const TemporaryFolder homes_;
 };
 
-TEST_F(SecondUser, HasATrashOfTheirOwnOnAVolume) {
+TEST_F(SecondUser, GetsTheirOwnTrashOnAVolume) {
     if (!hasVolume()) {
         return;
     }
@@ -117,7 +117,7 @@ TEST_F(SecondUser, HasATrashOfTheirOwnOnAVolume) {
     EXPECT_FALSE(fs::exists(volume_.pathOf(".Trash-0")));
 }
 
-TEST_F(SecondUser, HasAFolderInTheTrashThatUsersShare) {
+TEST_F(SecondUser, GetsAFolderInTheSharedTrash) {
     if (!hasVolume()) {
         return;
     }
@@ -133,7 +133,7 @@ TEST_F(SecondUser, HasAFolderInTheTrashThatUsersShare) {
     expectTrash(volume_.pathOf(".Trash/" + std::to_string(bob)), bob, 2);
 }
 
-TEST_F(SecondUser, UsesNoTrashThatAnotherHasMadeInTheirName) {
+TEST_F(SecondUser, RejectsATrashCreatedByAnotherUser) {
     if (!hasVolume()) {
         return;
     }

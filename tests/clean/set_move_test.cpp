@@ -15,9 +15,9 @@ namespace {
 namespace fs = std::filesystem;
 
 /// A set of three equal files, of which the second and the third are to go.
-class SetMoves : public ::testing::Test {
+class SetMoveTest : public ::testing::Test {
  protected:
-    SetMoves() : set_(files_.addSet({one_, two_, three_})) {}
+    SetMoveTest() : set_(files_.addSet({one_, two_, three_})) {}
 
     MoveReport run() { return run({}); }
 
@@ -71,7 +71,7 @@ MoveReport outcomes(MoveOutcome second, MoveOutcome third) {
     return {{"two.txt", second}, {"three.txt", third}};
 }
 
-TEST_F(SetMoves, TakeWhatIsAsItWasCompared) {
+TEST_F(SetMoveTest, MovesUnchangedFiles) {
     EXPECT_EQ(run(), outcomes(moved, moved));
     EXPECT_EQ(contentOf(one_), "same");
     EXPECT_FALSE(fs::exists(two_));
@@ -79,28 +79,28 @@ TEST_F(SetMoves, TakeWhatIsAsItWasCompared) {
     EXPECT_EQ(user_.trashInfos(), 2U);
 }
 
-TEST_F(SetMoves, LeaveAFileOfAnotherSize) {
+TEST_F(SetMoveTest, KeepsAFileOfAnotherSize) {
     append(two_);
     EXPECT_EQ(run(), outcomes(changed, moved));
 }
 
-TEST_F(SetMoves, LeaveAFileWithAnotherDate) {
+TEST_F(SetMoveTest, KeepsAFileWithAnotherDate) {
     fs::last_write_time(two_, fs::last_write_time(two_) + std::chrono::hours(1));
     EXPECT_EQ(run(), outcomes(changed, moved));
 }
 
-TEST_F(SetMoves, LeaveOtherBytesWhoseDateWasPutBack) {
+TEST_F(SetMoveTest, KeepsAFileWithOtherBytesAndTheSameDate) {
     forge(two_);
     EXPECT_EQ(run(), outcomes(lastCopy, moved));
     EXPECT_EQ(contentOf(two_), "evil");
 }
 
-TEST_F(SetMoves, TakeAFileOfWhichOnlyTheRightsWereChanged) {
+TEST_F(SetMoveTest, MovesAFileWithChangedPermissions) {
     fs::permissions(two_, fs::perms::owner_read);
     EXPECT_EQ(run(), outcomes(moved, moved));
 }
 
-TEST_F(SetMoves, LeaveAFileThatWasReplacedByACopy) {
+TEST_F(SetMoveTest, KeepsAFileReplacedByACopy) {
     const auto date = fs::last_write_time(two_);
     fs::copy_file(one_, two_ + ".new");
     fs::last_write_time(two_ + ".new", date);
@@ -108,7 +108,7 @@ TEST_F(SetMoves, LeaveAFileThatWasReplacedByACopy) {
     EXPECT_EQ(run(), outcomes(changed, moved));
 }
 
-TEST_F(SetMoves, LeaveWhatHasBecomeALinkOrAFolder) {
+TEST_F(SetMoveTest, KeepsAFileReplacedByASymlinkOrFolder) {
     fs::remove(two_);
     fs::create_symlink(one_, two_);
     fs::remove(three_);
@@ -117,19 +117,19 @@ TEST_F(SetMoves, LeaveWhatHasBecomeALinkOrAFolder) {
     expectNothingMoved();
 }
 
-TEST_F(SetMoves, TellOfFilesThatAreGone) {
+TEST_F(SetMoveTest, ReportsMissingFilesAsGone) {
     fs::remove(two_);
     fs::remove_all(folder_.pathOf("c"));
     EXPECT_EQ(run(), outcomes(gone, gone));
 }
 
-TEST_F(SetMoves, LeaveAFileWhoseFolderIsAnotherOneNow) {
+TEST_F(SetMoveTest, KeepsAFileWhoseFolderWasReplaced) {
     fs::rename(folder_.pathOf("b"), folder_.pathOf("old"));
     folder_.writeFile("b/two.txt", "same");
     EXPECT_EQ(run(), outcomes(changed, moved));
 }
 
-TEST_F(SetMoves, LeaveAFileWhoseFolderBecameALink) {
+TEST_F(SetMoveTest, MovesAFileWhoseScanRootBecameASymlinkToIt) {
     fs::rename(folder_.pathOf("b"), folder_.pathOf("old"));
     folder_.makeLink("b", "old");
     // It is where a scan began, which may be a link, and is still the folder that was walked.
@@ -137,35 +137,35 @@ TEST_F(SetMoves, LeaveAFileWhoseFolderBecameALink) {
     EXPECT_EQ(contentOf(one_), "same");
 }
 
-TEST_F(SetMoves, LeaveTheLastCopy) {
+TEST_F(SetMoveTest, KeepsTheLastCopy) {
     fs::remove(one_);
     append(three_);
     EXPECT_EQ(run(), outcomes(lastCopy, changed));
     expectNothingMoved();
 }
 
-TEST_F(SetMoves, LeaveTheLastCopyWhoseOthersHoldOtherBytes) {
+TEST_F(SetMoveTest, KeepsTheLastCopyIfTheOthersHaveOtherBytes) {
     forge(one_);
     forge(three_, "vile");
     EXPECT_EQ(run(), outcomes(lastCopy, lastCopy));
     expectNothingMoved();
 }
 
-TEST_F(SetMoves, PutBackAFileWhoseLastCopyWentMeanwhile) {
+TEST_F(SetMoveTest, MovesBackIfTheSurvivorIsRemovedMeanwhile) {
     fs::remove(three_);
     EXPECT_EQ(run(at(MoveStep::recheck, [this] { fs::remove(one_); })), outcomes(lastCopy, gone));
     EXPECT_EQ(contentOf(two_), "same");
     expectNothingMoved();
 }
 
-TEST_F(SetMoves, PutBackAFileWhoseLastCopyWasWrittenToMeanwhile) {
+TEST_F(SetMoveTest, MovesBackIfTheSurvivorIsChangedMeanwhile) {
     fs::remove(three_);
     EXPECT_EQ(run(at(MoveStep::moveToTrash, [this] { forge(one_); })), outcomes(lastCopy, gone));
     EXPECT_EQ(contentOf(two_), "same");
     expectNothingMoved();
 }
 
-TEST_F(SetMoves, PutBackAFileWhoseLastCopysFolderWasMovedMeanwhile) {
+TEST_F(SetMoveTest, MovesBackIfTheSurvivorsFolderIsMovedMeanwhile) {
     fs::remove(three_);
     CleanUp::Settings settings = at(MoveStep::recheck, [this] {
         fs::rename(folder_.pathOf("a"), folder_.pathOf("elsewhere"));
@@ -177,12 +177,12 @@ TEST_F(SetMoves, PutBackAFileWhoseLastCopysFolderWasMovedMeanwhile) {
     expectNothingMoved();
 }
 
-TEST_F(SetMoves, FindAnotherCopyForOneThatWentMeanwhile) {
+TEST_F(SetMoveTest, FindsAnotherSurvivorForARemovedOne) {
     EXPECT_EQ(run(at(MoveStep::recheck, [this] { fs::remove(one_); })), outcomes(moved, lastCopy));
     EXPECT_EQ(contentOf(three_), "same");
 }
 
-TEST_F(SetMoves, PutBackWhatWasExchangedBeforeTheMove) {
+TEST_F(SetMoveTest, MovesBackAFileExchangedBeforeTheMove) {
     const MoveReport report = run(at(MoveStep::moveToTrash, [this] {
         fs::remove(two_);
         std::ofstream(two_) << "somebody's own";
@@ -192,7 +192,7 @@ TEST_F(SetMoves, PutBackWhatWasExchangedBeforeTheMove) {
     EXPECT_EQ(user_.trashed(), 1U);
 }
 
-TEST_F(SetMoves, LeaveInTheTrashWhatCannotBePutBack) {
+TEST_F(SetMoveTest, LeavesAFileInTheTrashThatCannotBeMovedBack) {
     fs::remove(three_);
     CleanUp::Settings settings;
     settings.beforeStep = [this](MoveStep step) {
@@ -208,7 +208,7 @@ TEST_F(SetMoves, LeaveInTheTrashWhatCannotBePutBack) {
     EXPECT_EQ(user_.trashInfos(), 1U);
 }
 
-TEST_F(SetMoves, CountAHardLinkAsAnotherFile) {
+TEST_F(SetMoveTest, CountsAHardLinkAsASurvivor) {
     const std::string link = folder_.pathOf("b/link.txt");
     fs::create_hard_link(two_, link);
     ComparedFiles linked;
@@ -217,7 +217,7 @@ TEST_F(SetMoves, CountAHardLinkAsAnotherFile) {
     EXPECT_EQ(contentOf(two_), "same");
 }
 
-TEST_F(SetMoves, DoNotCountTheSameNameOnAnotherWay) {
+TEST_F(SetMoveTest, DoesNotCountTheSameFileUnderAnotherPath) {
     folder_.makeLink("alias", "b");
     ComparedFiles twice;
     twice.addSet({two_, folder_.pathOf("alias/two.txt")});
@@ -225,7 +225,7 @@ TEST_F(SetMoves, DoNotCountTheSameNameOnAnotherWay) {
     expectNothingMoved();
 }
 
-TEST_F(SetMoves, TellWhyTheSystemRefuses) {
+TEST_F(SetMoveTest, ReportsTheSystemError) {
     std::vector<MoveResult> results;
     fileSystem_.failCall(FileCall::attributesAt, 1, EIO, "two.txt");
     CleanUp::Settings settings;
@@ -243,14 +243,14 @@ TEST_F(SetMoves, TellWhyTheSystemRefuses) {
     EXPECT_FALSE(cleanUp.finish().has_value());
 }
 
-TEST_F(SetMoves, TakeNothingAfterAStop) {
+TEST_F(SetMoveTest, MovesNothingAfterAStop) {
     CleanUp::Settings settings;
     settings.stopped = [] { return true; };
     EXPECT_EQ(run(std::move(settings)), outcomes(MoveOutcome::stopped, MoveOutcome::stopped));
     expectNothingMoved();
 }
 
-TEST_F(SetMoves, ReportAStopDuringAComparisonAsStopped) {
+TEST_F(SetMoveTest, ReportsAStopDuringAComparisonAsStopped) {
     fs::permissions(two_, fs::perms::owner_read);
     CleanUp::Settings settings;
     settings.stopped = [questions = 0]() mutable { return ++questions > 1; };
@@ -258,7 +258,7 @@ TEST_F(SetMoves, ReportAStopDuringAComparisonAsStopped) {
     expectNothingMoved();
 }
 
-TEST_F(SetMoves, ReportAStopDuringAComparisonOfAWholeSetAsStopped) {
+TEST_F(SetMoveTest, ReportsAStopInAComparisonOfAWholeSetAsStopped) {
     Modal& modal = files_.marked();
     set_->files().front()->setState(CheckState::on);
     CleanUp::Settings settings;
@@ -277,7 +277,7 @@ TEST_F(SetMoves, ReportAStopDuringAComparisonOfAWholeSetAsStopped) {
     EXPECT_EQ(user_.trashed(), 1U);
 }
 
-TEST_F(SetMoves, PutBackAFileWhoseSecondLookIsStopped) {
+TEST_F(SetMoveTest, MovesBackIfTheRecheckIsStopped) {
     fs::permissions(three_, fs::perms::owner_read);
     CleanUp::Settings settings = at(MoveStep::recheck, [this] { fs::remove(one_); });
     settings.stopped = [questions = 0]() mutable { return ++questions > 1; };
@@ -286,7 +286,7 @@ TEST_F(SetMoves, PutBackAFileWhoseSecondLookIsStopped) {
     expectNothingMoved();
 }
 
-TEST_F(SetMoves, AreNotMadeWhileAnotherCleanUpHasItsTurn) {
+TEST_F(SetMoveTest, RefusesWhileAnotherCleanUpHoldsTheLock) {
     const auto turn = user_.turns().tryTake(0);
     ASSERT_TRUE(turn);
     CleanUp::Settings settings;
@@ -295,7 +295,7 @@ TEST_F(SetMoves, AreNotMadeWhileAnotherCleanUpHasItsTurn) {
     expectNothingMoved();
 }
 
-TEST_F(SetMoves, DoNotWaitForAnotherCleanUpAfterAStop) {
+TEST_F(SetMoveTest, StopEndsTheWaitForTheLock) {
     const auto turn = user_.turns().tryTake(0);
     ASSERT_TRUE(turn);
     CleanUp::Settings settings;
@@ -304,7 +304,7 @@ TEST_F(SetMoves, DoNotWaitForAnotherCleanUpAfterAStop) {
     expectNothingMoved();
 }
 
-TEST_F(SetMoves, AreWrittenDownThoughLaterOnesCouldNotBePlanned) {
+TEST_F(SetMoveTest, RecordsMovesThoughALaterPlanFails) {
     CleaningUser user(home_.path(), std::chrono::milliseconds(1));
     ComparedFiles more;
     const auto other = more.addSet(
@@ -328,7 +328,7 @@ TEST_F(SetMoves, AreWrittenDownThoughLaterOnesCouldNotBePlanned) {
     EXPECT_EQ(summary.movedFiles, 1U);
 }
 
-TEST_F(SetMoves, KeepOneOfASetInWhichEveryFileIsMarked) {
+TEST_F(SetMoveTest, KeepsOneFileOfAFullyMarkedSet) {
     Modal& modal = files_.marked();
     set_->files().front()->setState(CheckState::on);
     EXPECT_EQ(cleanUp(modal, user_, fileSystem_),
@@ -336,7 +336,7 @@ TEST_F(SetMoves, KeepOneOfASetInWhichEveryFileIsMarked) {
     EXPECT_EQ(contentOf(three_), "same");
 }
 
-TEST_F(SetMoves, TakeAWholeSetThatAPersonMarked) {
+TEST_F(SetMoveTest, MovesAWholeSetIfAllowed) {
     Modal& modal = files_.marked();
     set_->files().front()->setState(CheckState::on);
     CleanUp::Settings settings;
@@ -345,7 +345,7 @@ TEST_F(SetMoves, TakeAWholeSetThatAPersonMarked) {
               (MoveReport{{"one.txt", moved}, {"two.txt", moved}, {"three.txt", moved}}));
 }
 
-TEST_F(SetMoves, KeepOneOfAWholeSetOfWhichAFileHasChanged) {
+TEST_F(SetMoveTest, KeepsOneFileOfAWholeSetWithAChangedFile) {
     Modal& modal = files_.marked();
     set_->files().front()->setState(CheckState::on);
     append(one_);

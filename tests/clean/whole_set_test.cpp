@@ -65,14 +65,14 @@ class WholeSet : public ::testing::Test {
     FaultyFileSystem fileSystem_;
 };
 
-TEST_F(WholeSet, GoesButForAFileThatIsWrittenTo) {
+TEST_F(WholeSet, KeepsAChangedFile) {
     EXPECT_EQ(runWith([this] { std::ofstream(two_, std::ios::app) << "more"; }),
               outcomes(moved, changed, moved));
     EXPECT_EQ(contentOf(two_), "samemore");
     expectInTrash(2);
 }
 
-TEST_F(WholeSet, GoesButForAFileThatIsReplaced) {
+TEST_F(WholeSet, KeepsAReplacedFile) {
     EXPECT_EQ(runWith([this] {
                   const auto date = fs::last_write_time(three_);
                   std::ofstream(three_ + ".new") << "evil";
@@ -84,7 +84,7 @@ TEST_F(WholeSet, GoesButForAFileThatIsReplaced) {
     expectInTrash(2);
 }
 
-TEST_F(WholeSet, GoesButForAFileThatIsALinkByThen) {
+TEST_F(WholeSet, KeepsAFileReplacedByASymlink) {
     EXPECT_EQ(runWith([this] {
                   fs::remove(two_);
                   fs::create_symlink(three_, two_);
@@ -93,12 +93,12 @@ TEST_F(WholeSet, GoesButForAFileThatIsALinkByThen) {
     expectInTrash(2);
 }
 
-TEST_F(WholeSet, GoesButForAFileThatIsGoneByThen) {
+TEST_F(WholeSet, SkipsAMissingFile) {
     EXPECT_EQ(runWith([this] { fs::remove(two_); }), outcomes(moved, MoveOutcome::gone, moved));
     expectInTrash(2);
 }
 
-TEST_F(WholeSet, PutsBackWhatIsExchangedBeforeItsMove) {
+TEST_F(WholeSet, MovesBackAFileExchangedBeforeItsMove) {
     EXPECT_EQ(runWith(
                   [this] {
                       fs::remove(two_);
@@ -110,21 +110,21 @@ TEST_F(WholeSet, PutsBackWhatIsExchangedBeforeItsMove) {
     expectInTrash(2);
 }
 
-TEST_F(WholeSet, GoesButForAFileThatCannotBeLookedAt) {
+TEST_F(WholeSet, KeepsAnInaccessibleFile) {
     EXPECT_EQ(runWith([this] { fileSystem_.failCall(FileCall::attributesAt, 1, EIO, "two.txt"); }),
               outcomes(moved, MoveOutcome::refused, moved));
     EXPECT_EQ(contentOf(two_), "same");
     expectInTrash(2);
 }
 
-TEST_F(WholeSet, GoesWithAFileOfWhichOnlyTheRightsAreChanged) {
+TEST_F(WholeSet, MovesAFileWithChangedPermissions) {
     EXPECT_EQ(runWith([this] { fs::permissions(two_, fs::perms::owner_read); }),
               outcomes(moved, moved, moved));
     expectInTrash(3);
 }
 
 // Nobody compared what it holds by now.
-TEST_F(WholeSet, LeavesAFileOfOtherBytesWhoseDateWasPutBack) {
+TEST_F(WholeSet, KeepsAFileWithOtherBytesAndTheSameDate) {
     runWith([this] {
         const auto date = fs::last_write_time(two_);
         std::ofstream(two_) << "evil";
@@ -135,7 +135,7 @@ TEST_F(WholeSet, LeavesAFileOfOtherBytesWhoseDateWasPutBack) {
 }
 
 // Of the second name all that the move of the first has changed is its date of change.
-TEST_F(WholeSet, GoesWithTheOtherNamesOfAFile) {
+TEST_F(WholeSet, MovesOtherHardLinksOfAFile) {
     const std::string link = folder_.pathOf("b/link.txt");
     fs::create_hard_link(two_, link);
     EXPECT_EQ(runWith([] {}, MoveStep::checkFile, {two_, link}),

@@ -96,7 +96,7 @@ class CleanUpJournalTest : public JournalFixture {
     }
 };
 
-TEST_F(CleanUpJournalTest, IsMadeForTheUserAlone) {
+TEST_F(CleanUpJournalTest, IsPrivateToTheUser) {
     const mode_t old = ::umask(0);
     CleanUpJournal journal = opened();
     oneMove(journal);
@@ -112,7 +112,7 @@ TEST_F(CleanUpJournalTest, IsMadeForTheUserAlone) {
     EXPECT_EQ(std::filesystem::status(own_).permissions(), std::filesystem::perms(0700));
 }
 
-TEST_F(CleanUpJournalTest, OfAnEarlierProcessIsReadAgain) {
+TEST_F(CleanUpJournalTest, CanBeReadByALaterProcess) {
     const Timestamp begun(std::chrono::nanoseconds(1'763'800'000'123'456'789));
     CleanUpId id = 0;
     MoveRow first = 0;
@@ -157,7 +157,7 @@ TEST_F(CleanUpJournalTest, OfAnEarlierProcessIsReadAgain) {
     EXPECT_EQ(moves[3].state, MoveState::planned);
 }
 
-TEST_F(CleanUpJournalTest, KeepsNamesOfAllKinds) {
+TEST_F(CleanUpJournalTest, StoresNamesOfAllKinds) {
     std::string deep;
     while (deep.size() < 5000) {
         deep += '/' + std::string(249, 'd');
@@ -188,7 +188,7 @@ TEST_F(CleanUpJournalTest, KeepsNamesOfAllKinds) {
     }
 }
 
-TEST_F(CleanUpJournalTest, KeepsLargeNumbersAndMissingDates) {
+TEST_F(CleanUpJournalTest, StoresLargeNumbersAndMissingDates) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp::min()));
     const std::vector<PlannedMove> moves{
@@ -208,7 +208,7 @@ TEST_F(CleanUpJournalTest, KeepsLargeNumbersAndMissingDates) {
     EXPECT_EQ(valueOf(journal.cleanUps())[0].movedBytes, 9'223'372'036'854'775'807U);
 }
 
-TEST_F(CleanUpJournalTest, RefusesToPlanWhatIsNotAnAbsolutePath) {
+TEST_F(CleanUpJournalTest, RefusesToPlanARelativePath) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
     EXPECT_EQ(errorOf(journal.plan(id, movesOf({"/a", "b/c"}))).text, "Invalid argument");
@@ -252,7 +252,7 @@ TEST_F(CleanUpJournalTest, KeepsTheFirstOfTwoOutcomes) {
     EXPECT_EQ(allMoves(journal, id)[1].reason, "gone");
 }
 
-TEST_F(CleanUpJournalTest, ACleanUpWhoseFilesWereBeingPutBackCountsAsCrashed) {
+TEST_F(CleanUpJournalTest, ACleanUpBeingPutBackCountsAsCrashed) {
     CleanUpJournal journal = opened();
     oneMove(journal);
     EXPECT_FALSE(journal.claim(1));
@@ -268,7 +268,7 @@ TEST_F(CleanUpJournalTest, ACleanUpWhoseFilesWereBeingPutBackCountsAsCrashed) {
     EXPECT_TRUE(valueOf(journal.cleanUps())[0].finished);
 }
 
-TEST_F(CleanUpJournalTest, AnUnfinishedCleanUpStaysSoWhenFilesArePutBack) {
+TEST_F(CleanUpJournalTest, AnUnfinishedCleanUpStaysUnfinishedWhenPutBack) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
     EXPECT_FALSE(journal.beginReturn(id));
@@ -277,7 +277,7 @@ TEST_F(CleanUpJournalTest, AnUnfinishedCleanUpStaysSoWhenFilesArePutBack) {
     EXPECT_FALSE(valueOf(journal.cleanUps())[0].finished);
 }
 
-TEST_F(CleanUpJournalTest, KnowsWhichFileIsToStay) {
+TEST_F(CleanUpJournalTest, StoresTheStayingFile) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
     std::vector<PlannedMove> moves = movesOf({"/a/one", "/a/two", "/top"});
@@ -292,7 +292,7 @@ TEST_F(CleanUpJournalTest, KnowsWhichFileIsToStay) {
     EXPECT_EQ(errorOf(journal.plan(id, moves)).kind, Kind::passing);
 }
 
-TEST_F(CleanUpJournalTest, CountsMovesThatCameInARow) {
+TEST_F(CleanUpJournalTest, CountsMovesOfConsecutiveRows) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
     std::vector<PlannedMove> moves = movesOf({"/a/0", "/a/1", "/a/2", "/a/3", "/a/4", "/a/5"});
@@ -319,7 +319,7 @@ TEST_F(CleanUpJournalTest, CountsMovesThatCameInARow) {
     EXPECT_EQ(read[5].state, MoveState::left);
 }
 
-TEST_F(CleanUpJournalTest, CountsNoMoveTwiceThatComesInARowAgain) {
+TEST_F(CleanUpJournalTest, CountsNoMoveOfARunTwice) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
     const MoveRow first = valueOf(journal.plan(id, movesOf({"/a", "/b", "/c"})));
@@ -336,7 +336,7 @@ TEST_F(CleanUpJournalTest, CountsNoMoveTwiceThatComesInARowAgain) {
     EXPECT_EQ(allMoves(journal, id)[1].reason, "changed");
 }
 
-TEST_F(CleanUpJournalTest, ARunWithARowThatWasNeverPlannedIsAnError) {
+TEST_F(CleanUpJournalTest, ARunWithAnUnplannedRowIsAnError) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
     const MoveRow first = valueOf(journal.plan(id, movesOf({"/a", "/b"})));
@@ -345,7 +345,7 @@ TEST_F(CleanUpJournalTest, ARunWithARowThatWasNeverPlannedIsAnError) {
     EXPECT_EQ(errorOf(journal.cleanUps()).kind, Kind::unusable);
 }
 
-TEST_F(CleanUpJournalTest, RecordsNothingBetweenTwoMovesThatAreRecorded) {
+TEST_F(CleanUpJournalTest, RecordsNothingBetweenTwoRecordedMoves) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
     const MoveRow first = valueOf(journal.plan(id, movesOf({"/a", "/b", "/c"})));
@@ -357,7 +357,7 @@ TEST_F(CleanUpJournalTest, RecordsNothingBetweenTwoMovesThatAreRecorded) {
     EXPECT_EQ(read[2].state, MoveState::moved);
 }
 
-TEST_F(CleanUpJournalTest, CountsSizesOfARunUpToTheLargestNumber) {
+TEST_F(CleanUpJournalTest, CapsTheSizeOfARun) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
     std::vector<PlannedMove> moves = movesOf({"/a", "/b", "/c"});
@@ -371,7 +371,7 @@ TEST_F(CleanUpJournalTest, CountsSizesOfARunUpToTheLargestNumber) {
               static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()));
 }
 
-TEST_F(CleanUpJournalTest, OutcomesOfARowThatWasNeverPlannedAreAnError) {
+TEST_F(CleanUpJournalTest, AnOutcomeOfAnUnplannedRowIsAnError) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
     const MoveRow row = valueOf(journal.plan(id, movesOf({"/a"})));
@@ -379,7 +379,7 @@ TEST_F(CleanUpJournalTest, OutcomesOfARowThatWasNeverPlannedAreAnError) {
     EXPECT_EQ(errorOf(journal.cleanUps()).kind, Kind::unusable);
 }
 
-TEST_F(CleanUpJournalTest, APlanIsFlushedToTheDiskWhenItIsAnswered) {
+TEST_F(CleanUpJournalTest, APlanIsSyncedOnReturn) {
     SyncWatch watch;
     CleanUpJournal journal = opened();
     EXPECT_EQ(watch.unsyncedFiles(), 0);
@@ -399,7 +399,7 @@ TEST_F(CleanUpJournalTest, APlanIsFlushedToTheDiskWhenItIsAnswered) {
     EXPECT_EQ(watch.unsyncedFiles(), 0);
 }
 
-TEST_F(CleanUpJournalTest, OutcomesAreWrittenWithTheNextPlanAndBySheerNumber) {
+TEST_F(CleanUpJournalTest, OutcomesAreWrittenWithTheNextPlanOrWhenMany) {
     CleanUpJournal journal = opened();
     CleanUpJournal reader = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
@@ -421,7 +421,7 @@ TEST_F(CleanUpJournalTest, OutcomesAreWrittenWithTheNextPlanAndBySheerNumber) {
     EXPECT_EQ(movedFiles(), 4097U);
 }
 
-TEST_F(CleanUpJournalTest, APlanOutlivesAKilledProcess) {
+TEST_F(CleanUpJournalTest, APlanSurvivesAKilledProcess) {
     EXPECT_EQ(inChildProcess([this] {
                   CleanUpJournal journal = opened();
                   const CleanUpId id = valueOf(journal.begin(Timestamp()));
@@ -443,7 +443,7 @@ TEST_F(CleanUpJournalTest, APlanOutlivesAKilledProcess) {
     EXPECT_EQ(planned[1].path, "/c");
 }
 
-TEST_F(CleanUpJournalTest, ACleanUpThatRunsIsNotTakenForACrashedOne) {
+TEST_F(CleanUpJournalTest, ARunningCleanUpIsNotCrashed) {
     CleanUpJournal running = opened();
     const CleanUpId id = valueOf(running.begin(Timestamp()));
     CleanUpJournal other = opened();
@@ -456,7 +456,7 @@ TEST_F(CleanUpJournalTest, ACleanUpThatRunsIsNotTakenForACrashedOne) {
     EXPECT_TRUE(valueOf(other.cleanUps())[0].finished);
 }
 
-TEST_F(CleanUpJournalTest, ACrashedCleanUpIsGivenToOneProcessOnly) {
+TEST_F(CleanUpJournalTest, ACrashedCleanUpIsReturnedToOneProcessOnly) {
     CleanUpId id = 0;
     {
         CleanUpJournal dead = opened();
@@ -553,7 +553,7 @@ TEST_F(CleanUpJournalTest, NeverDeletesAnUncountedUnfinishedOrClaimedCleanUp) {
     EXPECT_EQ(valueOf(journal.cleanUps()).size(), 32U);  // and the two that are not finished
 }
 
-TEST_F(CleanUpJournalTest, NumbersACleanUpBeyondThoseOfAJournalThatWasPutAside) {
+TEST_F(CleanUpJournalTest, SkipsLockedNumbersOfAJournalMovedAside) {
     CleanUpJournal old = opened();
     EXPECT_EQ(valueOf(old.begin(Timestamp())), 1);
     EXPECT_EQ(valueOf(old.begin(Timestamp())), 2);
@@ -630,7 +630,7 @@ TEST_F(CleanUpJournalTest, AVisitMayChangeStates) {
     EXPECT_EQ(valueOf(journal.moves(id, {MoveState::putBack}, 10)).size(), 5U);
 }
 
-TEST_F(CleanUpJournalTest, ReadsMovesByStateInPortions) {
+TEST_F(CleanUpJournalTest, ReadsMovesByStateInBatches) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
     const MoveRow first = valueOf(journal.plan(id, movesOf({"/0", "/1", "/2", "/3", "/4"})));
@@ -658,7 +658,7 @@ TEST_F(CleanUpJournalTest, ReadsMovesByStateInPortions) {
     EXPECT_TRUE(valueOf(journal.moves(id + 1, MoveStates::all(), 10)).empty());
 }
 
-TEST_F(CleanUpJournalTest, CountsEachFileThatWasPutBackOnce) {
+TEST_F(CleanUpJournalTest, CountsEachPutBackFileOnce) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
     const MoveRow first = valueOf(journal.plan(id, movesOf({"/0", "/1", "/2", "/3"})));
@@ -693,7 +693,7 @@ TEST_F(CleanUpJournalTest, CountsEachFileThatWasPutBackOnce) {
     EXPECT_EQ(summary.lostFiles, 0U);
 }
 
-TEST_F(CleanUpJournalTest, OfProcessesThatPlanAtTheSameTimeKeepsAll) {
+TEST_F(CleanUpJournalTest, KeepsPlansOfConcurrentProcesses) {
     constexpr int processes = 4;
     constexpr int batches = 25;
     std::vector<pid_t> children;
@@ -734,7 +734,7 @@ TEST_F(CleanUpJournalTest, OfProcessesThatPlanAtTheSameTimeKeepsAll) {
     }
 }
 
-TEST_F(CleanUpJournalTest, WithADamagedFirstPageIsRefusedAndCanBePutAside) {
+TEST_F(CleanUpJournalTest, WithADamagedFirstPageIsRefusedAndCanBeMovedAside) {
     writeLargeJournal();
     overwrite(0, 4096);
     const std::string old = contentOf(file_);
@@ -750,7 +750,7 @@ TEST_F(CleanUpJournalTest, WithADamagedFirstPageIsRefusedAndCanBePutAside) {
     EXPECT_EQ(valueOf(journal.cleanUps()).size(), 1U);
 }
 
-TEST_F(CleanUpJournalTest, WithATableThatIsNotOursIsRefused) {
+TEST_F(CleanUpJournalTest, WithAnUnknownTableIsRefused) {
     writeLargeJournal();
     sql("ALTER TABLE move RENAME COLUMN inode TO something");
     CleanUpJournal journal = opened();
@@ -759,7 +759,7 @@ TEST_F(CleanUpJournalTest, WithATableThatIsNotOursIsRefused) {
     EXPECT_EQ(error.kind, Kind::unusable);
 }
 
-TEST_F(CleanUpJournalTest, WithADamagedMiddlePageSaysSoWhenItIsRead) {
+TEST_F(CleanUpJournalTest, WithADamagedMiddlePageFailsWhenRead) {
     writeLargeJournal();
     const auto size = std::filesystem::file_size(file_);
     ASSERT_GT(size, 20U * 4096U);
@@ -787,7 +787,7 @@ TEST_F(CleanUpJournalTest, WithADamagedMiddlePageSaysSoWhenItIsRead) {
     EXPECT_GT(failures, size / 4096 / 2);
 }
 
-TEST_F(CleanUpJournalTest, ThatWasTruncatedIsRefused) {
+TEST_F(CleanUpJournalTest, ThatIsTruncatedIsRefused) {
     writeLargeJournal();
     std::filesystem::resize_file(file_, std::filesystem::file_size(file_) - 4096);
     expectRefused("the file is damaged", Kind::unusable);
@@ -795,20 +795,20 @@ TEST_F(CleanUpJournalTest, ThatWasTruncatedIsRefused) {
     expectRefused("the file is damaged", Kind::unusable);
 }
 
-TEST_F(CleanUpJournalTest, WithoutAByteIsANewOne) {
+TEST_F(CleanUpJournalTest, ThatIsEmptyIsInitialised) {
     std::filesystem::create_directories(own_);
     std::ofstream{file_};
     CleanUpJournal journal = opened();
     oneMove(journal);
 }
 
-TEST_F(CleanUpJournalTest, OfANewerVersionIsLeftAsItIs) {
+TEST_F(CleanUpJournalTest, OfANewerVersionIsNotChanged) {
     writeLargeJournal();
     sql("PRAGMA user_version = 3");
     expectRefused("written by a newer version of the program", Kind::passing);
 }
 
-TEST_F(CleanUpJournalTest, OfAnotherProgramIsLeftAsItIs) {
+TEST_F(CleanUpJournalTest, OfAnotherProgramIsNotChanged) {
     sql("CREATE TABLE theirs (text); INSERT INTO theirs VALUES ('kept')");
     expectRefused("a database of another program", Kind::unusable);
     std::filesystem::remove(file_);
@@ -816,17 +816,17 @@ TEST_F(CleanUpJournalTest, OfAnotherProgramIsLeftAsItIs) {
     expectRefused("a database of another program", Kind::unusable);
 }
 
-TEST_F(CleanUpJournalTest, OfAnotherProgramWithAWriteAheadLogIsLeftAsItIs) {
+TEST_F(CleanUpJournalTest, OfAnotherProgramWithAWriteAheadLogIsNotChanged) {
     sql("PRAGMA journal_mode = WAL; CREATE TABLE theirs (text)");
     expectRefused("a database of another program", Kind::unusable);
 }
 
-TEST_F(CleanUpJournalTest, ThatIsNoDatabaseIsLeftAsItIs) {
+TEST_F(CleanUpJournalTest, ThatIsNotADatabaseIsNotChanged) {
     folder_.writeFile("own/clean-ups.sqlite", std::string(5000, 'x'));
     expectRefused("the file is damaged", Kind::unusable);
 }
 
-TEST_F(CleanUpJournalTest, AFolderOrALinkInItsPlaceIsRefused) {
+TEST_F(CleanUpJournalTest, ThatIsAFolderOrASymlinkIsRefused) {
     folder_.writeFile("own/clean-ups.sqlite/inside.txt", "kept");
     expectRefused("Is a directory", Kind::unusable);
     EXPECT_EQ(valueOf(CleanUpJournal::moveAside(own_)), file_ + ".unreadable");
@@ -840,7 +840,7 @@ TEST_F(CleanUpJournalTest, AFolderOrALinkInItsPlaceIsRefused) {
     EXPECT_FALSE(std::filesystem::exists(target));
 }
 
-TEST_F(CleanUpJournalTest, ALinkInPlaceOfTheLockFileIsRefused) {
+TEST_F(CleanUpJournalTest, WithASymlinkAsLockFileIsRefused) {
     folder_.makeLink("own/clean-ups.lock", folder_.pathOf("target"));
     const StoreError error = errorOf(CleanUpJournal::open(own_));
     EXPECT_EQ(error.path, own_ + "/clean-ups.lock");
@@ -848,7 +848,7 @@ TEST_F(CleanUpJournalTest, ALinkInPlaceOfTheLockFileIsRefused) {
     EXPECT_FALSE(std::filesystem::exists(file_));
 }
 
-TEST_F(CleanUpJournalTest, InAFolderBehindALinkIsUsed) {
+TEST_F(CleanUpJournalTest, InAFolderBehindASymlinkIsUsed) {
     folder_.makeFolder("real");
     folder_.makeLink("own", "real");
     CleanUpJournal journal = opened();
@@ -882,7 +882,7 @@ TEST_F(CleanUpJournalTest, OnAReadOnlyDiskIsRefused) {
     }
 }
 
-TEST_F(CleanUpJournalTest, ThatMayNotBeWrittenIsRefused) {
+TEST_F(CleanUpJournalTest, WithoutWritePermissionIsRefused) {
     {
         CleanUpJournal journal = opened();
         oneMove(journal);
@@ -906,7 +906,7 @@ TEST_F(CleanUpJournalTest, ThatMayNotBeWrittenIsRefused) {
         0);
 }
 
-TEST_F(CleanUpJournalTest, OnAFullDiskKeepsWhatItHasAndGoesOnLater) {
+TEST_F(CleanUpJournalTest, OnAFullDiskKeepsItsContentAndContinuesLater) {
     const LoopVolume volume;
     if (!volume) {
         return;
@@ -971,7 +971,7 @@ class WritingProcess final {
     pid_t child_ = -1;
 };
 
-TEST_F(CleanUpJournalTest, ThatAnotherProcessHoldsLockedIsNotWaitedForForever) {
+TEST_F(CleanUpJournalTest, WaitForALockTimesOut) {
     CleanUpJournal journal = valueOf(CleanUpJournal::open(own_, std::chrono::milliseconds(50)));
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
     WritingProcess other(file_);
@@ -988,7 +988,7 @@ TEST_F(CleanUpJournalTest, ThatAnotherProcessHoldsLockedIsNotWaitedForForever) {
     EXPECT_EQ(valueOf(journal.plan(id, movesOf({"/a"}))), (id << 32) + 1);
 }
 
-TEST_F(CleanUpJournalTest, ThatIsOpenIsNotPutAside) {
+TEST_F(CleanUpJournalTest, ThatIsOpenIsNotMovedAside) {
     {
         CleanUpJournal journal = opened();
         const StoreError error = errorOf(CleanUpJournal::moveAside(own_));
@@ -1000,7 +1000,7 @@ TEST_F(CleanUpJournalTest, ThatIsOpenIsNotPutAside) {
     EXPECT_TRUE(valueOf(opened().cleanUps()).empty());
 }
 
-TEST_F(CleanUpJournalTest, ThatIsMissingCannotBePutAside) {
+TEST_F(CleanUpJournalTest, ThatIsMissingCannotBeMovedAside) {
     EXPECT_EQ(errorOf(CleanUpJournal::moveAside(own_)).text, "No such file or directory");
 }
 
@@ -1013,7 +1013,7 @@ std::int64_t residentBytes() {
     return resident * ::sysconf(_SC_PAGESIZE);
 }
 
-TEST_F(CleanUpJournalTest, NeedsTheSameMemoryForManyMoves) {
+TEST_F(CleanUpJournalTest, UsesBoundedMemoryForManyMoves) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
     // Sanitizers keep what was freed.

@@ -90,7 +90,7 @@ TEST_F(CleanUpTotalsTest, CountEachMovedFileOnce) {
     EXPECT_NE(contentOf(data_).find("<string>kept</string>"), std::string::npos);
 }
 
-TEST_F(CleanUpTotalsTest, FallByWhatWasPutBack) {
+TEST_F(CleanUpTotalsTest, FallByThePutBackFiles) {
     CleanUpJournal journal = opened();
     write("3", "500");
     const MoveRow one = oneMove(journal, 40);
@@ -125,7 +125,7 @@ TEST_F(CleanUpTotalsTest, NeverFallBelowZero) {
     EXPECT_EQ(settled(journal), (StoredTotals{1, 8}));
 }
 
-TEST_F(CleanUpTotalsTest, BelowZeroAreCountedOnAndNotLowered) {
+TEST_F(CleanUpTotalsTest, BelowZeroRiseAndAreNotLowered) {
     CleanUpJournal journal = opened();
     write("-5", "10");
     const MoveRow row = oneMove(journal, 8);
@@ -134,7 +134,7 @@ TEST_F(CleanUpTotalsTest, BelowZeroAreCountedOnAndNotLowered) {
     EXPECT_EQ(settled(journal), (StoredTotals{-4, 10}));
 }
 
-TEST_F(CleanUpTotalsTest, EndAtTheLargestNumbers) {
+TEST_F(CleanUpTotalsTest, AreCappedAtTheLargestNumbers) {
     CleanUpJournal journal = opened();
     write("9223372036854775807", "18446744073709551610");
     const MoveRow row = oneMove(journal, 8);
@@ -152,7 +152,7 @@ TEST_F(CleanUpTotalsTest, EndAtTheLargestNumbers) {
     EXPECT_EQ(settled(journal), (StoredTotals{1, 1}));
 }
 
-TEST_F(CleanUpTotalsTest, AreExactWhereverTheirWriterIsKilled) {
+TEST_F(CleanUpTotalsTest, AreExactWhereverSettlingIsKilled) {
     std::int64_t files = 0;
     std::uint64_t bytes = 0;
     int step = 0;
@@ -172,7 +172,7 @@ TEST_F(CleanUpTotalsTest, AreExactWhereverTheirWriterIsKilled) {
     EXPECT_EQ(step, 8);
 }
 
-TEST_F(CleanUpTotalsTest, AreExactWhereverThePuttingBackIsKilled) {
+TEST_F(CleanUpTotalsTest, AreExactWhereverPuttingBackIsKilled) {
     std::int64_t files = 100;
     std::uint64_t bytes = 1000;
     write("100", "1000");
@@ -215,7 +215,7 @@ TEST_F(CleanUpTotalsTest, AreExactWhereverTheRecoveryIsKilled) {
     }
 }
 
-TEST_F(CleanUpTotalsTest, ThatAnotherHasChangedSinceAreTakenAsCounted) {
+TEST_F(CleanUpTotalsTest, ChangedByAnotherProgramAreTakenAsCounted) {
     CleanUpJournal journal = opened();
     write("3", "500");
     oneMove(journal, 10);
@@ -246,7 +246,7 @@ TEST_F(CleanUpTotalsTest, CountAnUnfinishedCleanUpOnceItsMovesAreKnown) {
     EXPECT_EQ(settled(journal), (StoredTotals{2, 30}));
 }
 
-TEST_F(CleanUpTotalsTest, OfManyProcessesAtOnceAreExact) {
+TEST_F(CleanUpTotalsTest, WithConcurrentProcessesAreExact) {
     constexpr int processes = 6;
     constexpr int rounds = 5;
     std::vector<pid_t> children;
@@ -272,7 +272,7 @@ TEST_F(CleanUpTotalsTest, OfManyProcessesAtOnceAreExact) {
     EXPECT_EQ(stored(), (StoredTotals{processes * rounds, processes * rounds * 10}));
 }
 
-TEST_F(CleanUpTotalsTest, ThatCannotBeStoredCountInMemoryUntilTheyCan) {
+TEST_F(CleanUpTotalsTest, ThatCannotBeStoredAreKeptInMemory) {
     folder_.makeFolder("own");
     const Mount mount("none", own_, "tmpfs", 0, "size=200k");
     if (!mount) {
@@ -309,14 +309,14 @@ TEST_F(CleanUpTotalsTest, ThatCannotBeStoredCountInMemoryUntilTheyCan) {
     EXPECT_EQ(settled(journal), (StoredTotals{5, 530}));
 }
 
-TEST_F(CleanUpTotalsTest, BeginWhereThereIsNoDataFile) {
+TEST_F(CleanUpTotalsTest, StartWithoutADataFile) {
     CleanUpJournal journal = opened();
     oneMove(journal, 10);
     EXPECT_EQ(settled(journal), (StoredTotals{1, 10}));
     EXPECT_NE(contentOf(data_).find("<key>matchingLevel</key>"), std::string::npos);
 }
 
-TEST_F(CleanUpTotalsTest, PutADataFileOfNoUseAside) {
+TEST_F(CleanUpTotalsTest, MoveADamagedDataFileAside) {
     CleanUpJournal journal = opened();
     folder_.writeFile("own/data.plist", "damaged");
     DataFile data(own_);
@@ -328,7 +328,7 @@ TEST_F(CleanUpTotalsTest, PutADataFileOfNoUseAside) {
     EXPECT_EQ(stored(), (StoredTotals{1, 10}));
 }
 
-TEST_F(CleanUpTotalsTest, WithNothingToCountLeaveADataFileOfNoUseAlone) {
+TEST_F(CleanUpTotalsTest, WithNothingToCountKeepADamagedDataFile) {
     CleanUpJournal journal = opened();
     DataFile data(own_);
     EXPECT_FALSE(settleTotals(data, journal));
@@ -339,7 +339,7 @@ TEST_F(CleanUpTotalsTest, WithNothingToCountLeaveADataFileOfNoUseAlone) {
     EXPECT_EQ(data.putAside(), "");
 }
 
-TEST_F(CleanUpTotalsTest, OfADataFileThatHasGoneGoOnFromWhatIsKnown) {
+TEST_F(CleanUpTotalsTest, ContinueFromMemoryIfTheDataFileIsMissing) {
     CleanUpJournal journal = opened();
     write("3", "500");
     DataFile data(own_);
@@ -374,7 +374,7 @@ TEST_F(CleanUpTotalsTest, InMemoryFollowOtherProcesses) {
     EXPECT_EQ(other.alreadyDeletedCount(), 7);
 }
 
-TEST_F(CleanUpTotalsTest, OfADamagedJournalAreLeftAsTheyAre) {
+TEST_F(CleanUpTotalsTest, StayUnchangedIfTheJournalIsDamaged) {
     write("3", "500");
     CleanUpJournal journal = opened();
     oneMove(journal, 10);
