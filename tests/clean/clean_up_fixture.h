@@ -23,10 +23,10 @@
 
 namespace tarvin {
 
-/// Files as a scan has compared them: each set with what its files were at that moment.
+/// Sets as the result of a scan, with the metadata of their files at the time of addSet().
 class ComparedFiles final {
  public:
-    /// A set of the files at these paths, in this order, under the extension "txt".
+    /// Adds a set of these files, in this order, under the extension "txt".
     std::shared_ptr<Set> addSet(const std::vector<std::string>& paths) {
         const auto set = std::make_shared<Set>();
         std::uint64_t copies = 0;
@@ -41,7 +41,7 @@ class ComparedFiles final {
         return set;
     }
 
-    /// The list with all sets, the first file of each unmarked.
+    /// Returns the list of all sets, with all files but the first of each marked.
     [[nodiscard]] Modal& marked() {
         if (modal_.extensions().empty()) {
             modal_.addExtension(extension_);
@@ -70,8 +70,8 @@ class ComparedFiles final {
     Modal modal_;
 };
 
-/// A folder in memory where there is one, for tests of many clean-ups: a journal flushes each
-/// batch, and hundreds would wait for the disk.
+/// Returns a folder on tmpfs if there is one, for tests of many clean-ups, which would otherwise
+/// wait for hundreds of syncs of their journals.
 inline std::string quickFolder() {
     const std::string memory = "/dev/shm";
     return ::access(memory.c_str(), W_OK | X_OK) == 0
@@ -79,11 +79,10 @@ inline std::string quickFolder() {
                : std::filesystem::temp_directory_path().string();
 }
 
-/// A user with a Trash, a journal and turns of their own.
+/// A user with a separate Trash, journal and turn file.
 class CleaningUser final {
  public:
-    /// `folder` is there and this user's alone; the Trash is on the volume that it is on.
-    /// `patience` is that with others who have the journal.
+    /// `folder` must exist and not be shared with another user. `patience` is that of the journal.
     explicit CleaningUser(const std::string& folder,
                           std::chrono::milliseconds patience = std::chrono::seconds(10))
         : trash_(folder + "/Trash"),
@@ -96,7 +95,7 @@ class CleaningUser final {
     [[nodiscard]] const LockFile& turns() const { return turns_; }
     [[nodiscard]] const std::string& trash() const { return trash_; }
 
-    /// How many files are in the Trash, and how many notes.
+    /// Numbers of files and of .trashinfo files in the Trash.
     [[nodiscard]] std::size_t trashed() const { return entriesIn(trash_ + "/files"); }
     [[nodiscard]] std::size_t trashInfos() const { return entriesIn(trash_ + "/info"); }
 
@@ -122,7 +121,7 @@ class CleaningUser final {
     CleanUpJournal journal_;
 };
 
-/// Moves what is marked; the report in order.
+/// Outcomes by file name, in order.
 using MoveReport = std::vector<std::pair<std::string, MoveOutcome>>;
 
 inline MoveReport cleanUp(Modal& modal, CleaningUser& user, FileSystem& fileSystem,

@@ -1,4 +1,4 @@
-// The date of the system is set back between moves, between clean-ups and before putting back.
+// The system clock is set back between moves, between clean-ups and before putting back.
 
 #include "clean/clean_up_fixture.h"
 #include "clean/put_back.h"
@@ -71,7 +71,7 @@ class ClockJump : public ::testing::Test {
         return std::get<std::unique_ptr<PutBack>>(PutBack::open(platform_, totals_));
     }
 
-    /// The number of the clean-up that would be put back.
+    /// Returns the clean-up that would be put back; 0 if there is none.
     CleanUpId last() {
         const auto found =
             std::get<std::variant<CleanUpSummary, NothingToPutBack>>(opened()->last());
@@ -80,10 +80,10 @@ class ClockJump : public ::testing::Test {
     }
 
     [[nodiscard]] std::string dateOf(const std::string& name) const {
-        const std::string note = contentOf(home_.pathOf("Trash/info/" + name + ".trashinfo"));
+        const std::string info = contentOf(home_.pathOf("Trash/info/" + name + ".trashinfo"));
         const std::string before = "\nDeletionDate=";
-        const std::size_t at = note.find(before);
-        return at == std::string::npos ? "" : note.substr(at + before.size(), 10);
+        const std::size_t at = info.find(before);
+        return at == std::string::npos ? "" : info.substr(at + before.size(), 10);
     }
 
     TemporaryFolder home_{quickFolder()};
@@ -128,7 +128,7 @@ TEST_F(ClockJump, BackKeepsTheOrderOfCleanUps) {
     EXPECT_EQ(totals_.alreadyDeletedSize(), 0U);
 }
 
-// The thirty newest stay, whatever their dates are.
+// "Newest" by number, not by date.
 TEST_F(ClockJump, BackKeepsTheThirtyNewestCleanUps) {
     for (int number = 0; number < 32; ++number) {
         clock().set(today - std::chrono::days(number));
@@ -141,7 +141,7 @@ TEST_F(ClockJump, BackKeepsTheThirtyNewestCleanUps) {
     EXPECT_EQ(totals_.alreadyDeletedCount(), 64);
 }
 
-// Once a second the Trash is looked at, and by another clock than that of dates.
+// The Trash is checked once a second by a monotonic clock.
 TEST_F(ClockJump, BackDoesNotDelayTheCheckOfTheTrash) {
     clean("a", [this](int number) {
         if (number == 2) {

@@ -1,5 +1,5 @@
-// Each call that a clean-up makes to the system fails once, whatever it is for. Those of its moves
-// alone are tried by `clean_trials`, too, with the whole clean-up around them.
+// Each system call of a clean-up fails once. `clean_trials` does the same for the calls of its
+// moves alone.
 
 #include "clean/clean_up_fixture.h"
 #include "clean/recovery.h"
@@ -31,14 +31,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Three sets of three files, two of each to go, and a home for each try. Of some files only the
-/// rights are others by now, so that their bytes are compared once more; and the one that is to
-/// stay of the third set holds other bytes by now, which nothing else tells.
+/// Three sets of three files, two of each marked, and a new home for each trial. Some files have
+/// other permissions than at the scan, so that their bytes are compared again; the unmarked file of
+/// the third set has other bytes of the same size and date.
 class FailingCalls : public ::testing::Test {
  protected:
     using Prepare = std::function<void()>;
 
-    /// Begins anew: the files, an empty Trash, no journal.
+    /// Writes the files anew and removes Trash and journal.
     void renew() {
         fs::remove_all(home_);
         fs::remove_all(folder_.pathOf("tree"));
@@ -65,7 +65,7 @@ class FailingCalls : public ::testing::Test {
         fs::last_write_time(path, date);
     }
 
-    /// As `CleanUpRun` does it. `begun` is run when nothing but the journal has been opened.
+    /// Cleans up as CleanUpRun does. Calls `begun` when only the journal has been opened.
     void clean(const Prepare& begun, const std::function<void(MoveStep)>& beforeStep = {}) {
         CleaningUser user(home_);
         ComparedFiles files;
@@ -94,14 +94,14 @@ class FailingCalls : public ::testing::Test {
         DeletionWalk walk(modal, cleanUp, control, {});
         walk.start();
         walk.wait();
-        // Whatever cannot be written now is found out at the next start.
+        // The next start recovers what cannot be written now.
         static_cast<void>(cleanUp.finish());
         DataFile totals(home_);
         static_cast<void>(settleTotals(totals, user.journal()));
     }
 
-    /// The next start, and then nothing is missing anywhere.
-    void expectNothingLost(const std::string& trial, std::size_t mostGone = 9) {
+    /// Recovers as at the next start and expects that nothing is lost.
+    void expectNothingLost(const std::string& trial, std::size_t maxTrashed = 9) {
         SCOPED_TRACE(trial);
         calls_->heal();
         fileSystem_.clearFaults();
@@ -109,7 +109,7 @@ class FailingCalls : public ::testing::Test {
         DataFile totals(home_);
         ASSERT_FALSE(
             recoverCleanUps(fileSystem_, user.mover(), user.turns(), user.journal(), totals));
-        const std::map<std::string, std::string> inTrash = expectNotesAndRows(user);
+        const std::map<std::string, std::string> inTrash = expectTrashInfosAndRows(user);
         std::map<std::string, std::size_t> living;
         std::uint64_t size = 0;
         for (const auto& [path, content] : originals_) {
@@ -121,9 +121,9 @@ class FailingCalls : public ::testing::Test {
                 << path;
         }
         for (const auto& [content, count] : living) {
-            ASSERT_TRUE(count > 0 || content == takenAway_) << content;
+            ASSERT_TRUE(count > 0 || content == removedContent_) << content;
         }
-        ASSERT_LE(inTrash.size(), mostGone);
+        ASSERT_LE(inTrash.size(), maxTrashed);
         ASSERT_EQ(totals.alreadyDeletedCount(), static_cast<std::int64_t>(inTrash.size()));
         ASSERT_EQ(totals.alreadyDeletedSize(), size);
     }
@@ -135,17 +135,18 @@ class FailingCalls : public ::testing::Test {
     std::unique_ptr<FaultyTrashCalls> calls_;
     FaultyFileSystem fileSystem_;
     std::vector<std::pair<std::string, MoveResult>> report_;
-    std::string takenAway_;  ///< its other copies were, so that the last may be in the Trash
+    std::string
+        removedContent_;  ///< content whose other copies the test removes; the last may be trashed
 
  private:
-    /// What each file in the Trash holds, by the path in its note. Every one of them has a whole
-    /// note and a row in the journal, and no row is without a file.
-    static std::map<std::string, std::string> expectNotesAndRows(CleaningUser& user) {
+    /// Returns the contents of the files in the Trash by original path. Expects a complete
+    /// .trashinfo file and a journal row for each, and no row without a file.
+    static std::map<std::string, std::string> expectTrashInfosAndRows(CleaningUser& user) {
         std::set<std::string> rows;
         const auto all = user.journal().cleanUps();
         for (const CleanUpSummary& cleanUp : std::get<std::vector<CleanUpSummary>>(all)) {
             EXPECT_TRUE(cleanUp.finished);
-            // Where a plan was written and could not be flushed, nothing was moved.
+            // If a plan was written and could not be flushed, nothing was moved.
             EXPECT_TRUE(cleanUp.unsettledFiles == 0 || cleanUp.movedFiles == 0);
             EXPECT_FALSE(user.journal().forEachMove(cleanUp.id, {MoveState::moved},
                                                     CleanUpJournal::Order::asPlanned,
@@ -159,20 +160,20 @@ class FailingCalls : public ::testing::Test {
         for (const auto& entry : fs::directory_iterator(user.trash() + "/files", missing)) {
             const std::string name = entry.path().filename();
             EXPECT_EQ(rows.erase(name), 1U) << name;
-            inTrash[pathInNote(user.trash() + "/info/" + name + ".trashinfo")] =
+            inTrash[pathInTrashInfo(user.trash() + "/info/" + name + ".trashinfo")] =
                 contentOf(entry.path());
         }
         EXPECT_TRUE(rows.empty()) << *rows.begin();
         return inTrash;
     }
 
-    static std::string pathInNote(const std::string& note) {
-        const std::string text = contentOf(note);
+    static std::string pathInTrashInfo(const std::string& file) {
+        const std::string text = contentOf(file);
         const std::string head = "[Trash Info]\nPath=";
         const std::size_t end = text.find("\nDeletionDate=");
         EXPECT_TRUE(text.starts_with(head) && end != std::string::npos &&
                     text.size() == end + std::string("\nDeletionDate=2026-01-31T12:00:00\n").size())
-            << note << ": " << text;
+            << file << ": " << text;
         return end == std::string::npos ? "" : text.substr(head.size(), end - head.size());
     }
 };
@@ -230,11 +231,11 @@ TEST_F(FailingCalls, ForTheJournalLoseNothing) {
     EXPECT_GE(trials, 50U);
 }
 
-// The others of its set go between the looks, so that what arrived has to go back.
+// The other files of the set are removed during the move, so that the file is moved back.
 TEST_F(FailingCalls, ForMovingBackLoseNothing) {
     std::size_t trials = 0;
     std::size_t stayed = 0;
-    takenAway_ = "content of one.txt";
+    removedContent_ = "content of one.txt";
     for (const int code : {EIO, EACCES, ENOSPC, EXDEV, ENOENT, EEXIST, EINVAL}) {
         bool hasFailed = true;
         for (std::size_t number = 0; hasFailed; ++number) {
@@ -265,7 +266,7 @@ TEST_F(FailingCalls, ForMovingBackLoseNothing) {
     EXPECT_GE(stayed, 1U);
 }
 
-/// Something else than a file of locks, by which clean-ups take turns.
+/// The turn file cannot be opened.
 TEST_F(FailingCalls, ForTheLockKeepEveryFileAndReportWhy) {
     const std::string turns = home_ + "/turns";
     const std::vector<std::pair<Prepare, std::string>> trials{

@@ -1,4 +1,4 @@
-// Files and folders that the system lets nobody change, or only be added to.
+// Immutable and append-only files and folders.
 
 #include "clean/clean_up_fixture.h"
 #include "support/file_content.h"
@@ -22,10 +22,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The parameter: for good (immutable), or but for what is written behind its end.
+/// The parameter is the inode flag: immutable or append-only.
 class FixedFiles : public ::testing::TestWithParam<unsigned> {
  protected:
-    /// False where there is no volume for the test. Afterwards each file is as in the beginning.
+    /// Writes the files anew. Returns false if the test has no volume.
     bool renew() {
         if (!volume_) {
             return false;
@@ -40,7 +40,7 @@ class FixedFiles : public ::testing::TestWithParam<unsigned> {
         return true;
     }
 
-    /// Gives or takes the attribute.
+    /// Sets or clears the flag.
     static void fix(const std::string& path, bool isFixed = true) {
         const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
         unsigned flags = 0;
@@ -50,8 +50,8 @@ class FixedFiles : public ::testing::TestWithParam<unsigned> {
         ::close(file);
     }
 
-    /// What becomes of the second and the third file, with the reasons. `change` is made before the
-    /// first of the two comes to the step.
+    /// Returns the results for the second and third file. Calls `change` before step `at` of the
+    /// second file.
     std::vector<MoveResult> run(MoveStep at, const std::function<void()>& change) {
         CleaningUser user(volume_.pathOf("home"));
         ComparedFiles files;
@@ -91,8 +91,7 @@ class FixedFiles : public ::testing::TestWithParam<unsigned> {
 
 const MoveResult wasMoved{MoveOutcome::moved, {}};
 
-// Giving the attribute changes nothing but the date of change, so that the bytes are compared
-// first.
+// Setting the flag changes only the change date, so that the bytes are compared first.
 TEST_P(FixedFiles, MarkedStayWithTheReason) {
     for (const MoveStep at : {MoveStep::checkFile, MoveStep::findSurvivor, MoveStep::moveToTrash}) {
         if (renew()) {
@@ -127,7 +126,7 @@ TEST_P(FixedFiles, InAFixedFolderStayWithTheReason) {
     }
 }
 
-// Nothing that is fixed can be moved back either; what can only be added to takes it back.
+// An immutable folder cannot take the file back; an append-only one can.
 TEST_P(FixedFiles, ThatCannotBeMovedBackStayInTheTrashWithTheReason) {
     if (renew()) {
         const std::vector<MoveResult> results = run(MoveStep::recheck, [this] {

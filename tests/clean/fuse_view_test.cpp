@@ -1,5 +1,5 @@
-// Copies that a scan finds twice because a program in user space shows their folder a second time.
-// Nothing of what the system says of two such paths tells that they are one file.
+// Files that a scan finds twice because a FUSE file system shows their folder a second time. The
+// metadata of the two paths do not reveal that they are one file.
 
 #include "support/fuse_view.h"
 
@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The parameter: how long the system may believe what it was told of the files in a view.
+/// The parameter is the mount options: how long the kernel may cache metadata of the view.
 class FilesOfAView : public ::testing::TestWithParam<const char*> {
  protected:
     static constexpr MoveOutcome moved = MoveOutcome::moved;
@@ -24,7 +24,7 @@ class FilesOfAView : public ::testing::TestWithParam<const char*> {
 
     [[nodiscard]] std::string real(const std::string& name) const { return folder_.pathOf(name); }
 
-    /// Cleans up the set of these paths, the first of which stays.
+    /// Cleans up the set of these paths; the first stays.
     MoveReport clean(const std::vector<std::string>& paths, CleanUp::Settings settings = {}) {
         ComparedFiles files;
         files.addSet(paths);
@@ -32,7 +32,7 @@ class FilesOfAView : public ::testing::TestWithParam<const char*> {
                        CleanUp::Settings().folderMaxAge);
     }
 
-    /// In the folder itself, whatever a view says. Its Trash does not count.
+    /// Counts the files in the folder itself, not through a view.
     [[nodiscard]] std::size_t living() const {
         std::size_t count = 0;
         for (const auto& entry : fs::directory_iterator(folder_.path())) {
@@ -104,7 +104,7 @@ TEST_P(FilesOfAView, AreMovedIfAnotherCopyStays) {
     }
 }
 
-// The look at the copy that stays is older than the move, and no older than the system remembers.
+// The metadata of the survivor may be cached from before the move.
 TEST_P(FilesOfAView, KeepTheLastCopyIfTheOtherIsRemovedBehindTheView) {
     folder_.writeFile("a.txt", "same");
     const std::string other = folder_.writeFile("elsewhere/a.txt", "same");

@@ -17,12 +17,11 @@
 namespace tarvin {
 namespace {
 
-/// The orders in which two threads can take their steps, one after the other: a tree of choices,
-/// walked depth first. A choice is there only where both wait; what it leads to decides on the
-/// next.
+/// Enumerates the orders in which two threads can take their steps: a tree of choices, depth first.
+/// A choice exists only where both threads wait.
 class Orders final {
  public:
-    /// False once every order has been gone through.
+    /// Proceeds to the next order. Returns false after the last one.
     bool next() {
         while (!chosen_.empty() && chosen_.back() == 1) {
             chosen_.pop_back();
@@ -34,7 +33,7 @@ class Orders final {
         return true;
     }
 
-    /// Who comes first at a choice of the present order; a new one begins with thread 0.
+    /// Returns the thread that goes first at a choice of the current order; thread 0 if it is new.
     [[nodiscard]] std::size_t at(std::size_t choice) const {
         return choice < chosen_.size() ? chosen_[choice] : 0;
     }
@@ -44,7 +43,7 @@ class Orders final {
         }
     }
 
-    /// For a person: "0110".
+    /// For failure messages: "0110".
     [[nodiscard]] std::string text() const {
         std::string digits;
         for (const std::size_t who : chosen_) {
@@ -57,8 +56,7 @@ class Orders final {
     std::vector<std::size_t> chosen_;
 };
 
-/// Lets two threads go on by turns, one step at a time: at each step a thread waits until it is its
-/// turn. Where one has ended, the other one goes on.
+/// Runs two threads one step at a time, in a given order. When one has ended, the other continues.
 class Turns final {
  public:
     explicit Turns(Orders& orders) : orders_(orders) {}
@@ -82,7 +80,7 @@ class Turns final {
     }
 
  private:
-    /// Nobody's as long as one is on its way to its next step.
+    /// Returns `nobody` while a thread is between two steps.
     [[nodiscard]] std::size_t next() const {
         for (std::size_t who = 0; who < 2; ++who) {
             if (!waiting_[who] && !ended_[who]) {
@@ -103,31 +101,31 @@ class Turns final {
     std::size_t choices_ = 0;
 };
 
-/// So many there are of three steps each, the fewest that a file takes which may be moved.
-constexpr std::size_t leastOrders = 20;
+/// The number of orders of 3 + 3 steps; a file that can be moved takes at least 3.
+constexpr std::size_t minOrders = 20;
 
-/// Two clean-ups of the same files at the same time, each keeping another one.
+/// Two simultaneous clean-ups of the same files, each keeping another one.
 class InterleavedCleanUps : public ::testing::Test {
  protected:
-    /// How a clean-up begins and what it has come to.
+    /// The settings and the result of a clean-up.
     struct Side {
         CleaningUser& user;
         CleanUp::WholeSets wholeSets = CleanUp::WholeSets::keepOne;
-        std::set<MoveStep> steps = all;   ///< before which another one may come
-        std::size_t stoodAtItsBegin = 0;  ///< files in their places when it looked at the first
-        bool isAtWork = false;            ///< between its first step and its end
-        bool hasMet = false;              ///< the other one was at work at its begin
+        std::set<MoveStep> steps = all;  ///< at which the threads may switch
+        std::size_t inPlaceAtBegin = 0;  ///< files in place when it checked the first one
+        bool isAtWork = false;           ///< between its first step and its end
+        bool hasMet = false;             ///< the other one was at work when it began
         MoveReport report{};
     };
 
     inline static const std::set<MoveStep> all{MoveStep::checkFile, MoveStep::findSurvivor,
                                                MoveStep::moveToTrash, MoveStep::recheck,
                                                MoveStep::moveBack};
-    /// Those around what is done, for more files: there, a look follows the one before it.
+    /// Only the steps around changes, for more files.
     inline static const std::set<MoveStep> fewer{MoveStep::moveToTrash, MoveStep::recheck,
                                                  MoveStep::moveBack};
 
-    /// How many of the files are in their places at the end of the clean-ups.
+    /// Returns how many files are in place after both clean-ups.
     std::size_t leftAfter(Orders& orders, const std::vector<std::string>& names, Side& first,
                           Side& second) {
         const TemporaryFolder tree(quickFolder());
@@ -143,17 +141,17 @@ class InterleavedCleanUps : public ::testing::Test {
         std::thread other([&] { run(turns, 1, second, first, others, *otherSet); });
         run(turns, 0, first, second, ones, *set);
         other.join();
-        return standing();
+        return inPlace();
     }
 
-    [[nodiscard]] std::size_t standing() const {
+    [[nodiscard]] std::size_t inPlace() const {
         return static_cast<std::size_t>(
             std::count_if(paths_.begin(), paths_.end(),
                           [](const std::string& path) { return contentOf(path) == "the same"; }));
     }
 
-    /// Every file in the Trash has a note.
-    static void expectNotes(const CleaningUser& user) {
+    /// Expects a .trashinfo file for every file in the Trash.
+    static void expectTrashInfos(const CleaningUser& user) {
         EXPECT_EQ(user.trashInfos(), user.trashed());
     }
 
@@ -170,11 +168,11 @@ class InterleavedCleanUps : public ::testing::Test {
         }
         CleanUp::Settings settings;
         settings.wholeSets = side.wholeSets;
-        // Whoever comes while another one of the same user is at work is told so at once.
+        // Fails at once if another clean-up of the same user holds the lock.
         settings.patience = std::chrono::milliseconds(0);
         settings.beforeStep = [&](MoveStep step) {
             if (!std::exchange(side.isAtWork, true)) {
-                side.stoodAtItsBegin = standing();
+                side.inPlaceAtBegin = inPlace();
             }
             if (side.steps.contains(step)) {
                 turns.step(who);
@@ -199,7 +197,7 @@ TEST_F(InterleavedCleanUps, OfTwoFilesAlwaysLeaveOne) {
         ASSERT_GE(leftAfter(orders, {"a", "b"}, ann, bob), 1U) << "order " << orders.text();
         ++count;
     } while (orders.next());
-    EXPECT_GE(count, leastOrders);
+    EXPECT_GE(count, minOrders);
 }
 
 TEST_F(InterleavedCleanUps, OfThreeFilesAlwaysLeaveOne) {
@@ -211,14 +209,14 @@ TEST_F(InterleavedCleanUps, OfThreeFilesAlwaysLeaveOne) {
         ASSERT_GE(leftAfter(orders, {"a", "b", "c"}, ann, bob), 1U) << "order " << orders.text();
         ++count;
     } while (orders.next());
-    EXPECT_GE(count, leastOrders);
+    EXPECT_GE(count, minOrders);
 
-    expectNotes(ann_);
-    expectNotes(bob_);
+    expectTrashInfos(ann_);
+    expectTrashInfos(bob_);
 }
 
-// Ann wants them all gone, and Bob keeps one: every file is somewhere, whole. If not all stood when
-// hers began, hers keeps one as well.
+// Ann moves the whole set and Bob keeps one file: every file is in place or in a Trash. If a file
+// was missing when Ann began, she keeps one as well.
 TEST_F(InterleavedCleanUps, OfAWholeSetLoseNothing) {
     Orders orders;
     std::size_t count = 0;
@@ -229,15 +227,15 @@ TEST_F(InterleavedCleanUps, OfAWholeSetLoseNothing) {
         Side bob{bob_, CleanUp::WholeSets::keepOne, fewer};
         const std::size_t left = leftAfter(orders, {"a", "b", "c"}, ann, bob);
         ASSERT_EQ(left + ann_.trashed() + bob_.trashed() - trashed, 3U) << orders.text();
-        ASSERT_TRUE(left > 0 || ann.stoodAtItsBegin == 3) << "order " << orders.text();
+        ASSERT_TRUE(left > 0 || ann.inPlaceAtBegin == 3) << "order " << orders.text();
         wholeSets += std::size_t{left == 0};
         ++count;
     } while (orders.next());
-    EXPECT_GE(count, leastOrders);
+    EXPECT_GE(count, minOrders);
 
     EXPECT_GE(wholeSets, 1U);
-    expectNotes(ann_);
-    expectNotes(bob_);
+    expectTrashInfos(ann_);
+    expectTrashInfos(bob_);
 }
 
 TEST_F(InterleavedCleanUps, OfOneUserExcludeEachOther) {
@@ -258,10 +256,10 @@ TEST_F(InterleavedCleanUps, OfOneUserExcludeEachOther) {
         met += std::size_t{first.hasMet} + std::size_t{second.hasMet};
         ++count;
     } while (orders.next());
-    EXPECT_GE(count, leastOrders / 2);
+    EXPECT_GE(count, minOrders / 2);
 
-    EXPECT_GE(met, leastOrders / 4);
-    expectNotes(ann_);
+    EXPECT_GE(met, minOrders / 4);
+    expectTrashInfos(ann_);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// The folder of a file is moved away while the file is, and open folders are trusted for as long as
-// they are in the programs.
+// The folder of a file is moved away during its move. Open folders have the maximum age that the
+// programs use.
 
 #include "clean/clean_up_fixture.h"
 #include "support/file_content.h"
@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A set of a file that stays and two that go, both out of one folder.
+/// A set with one unmarked file and two marked ones in one folder.
 class MovedFolder : public ::testing::Test {
  protected:
     static constexpr MoveOutcome lastCopy = MoveOutcome::lastCopy;
@@ -32,7 +32,7 @@ class MovedFolder : public ::testing::Test {
         folder_.writeFile("b/three.txt", "same");
     }
 
-    /// Of the same size and date.
+    /// Writes other files of the same size and date.
     void writeOthers() {
         for (const std::string name : {"/two.txt", "/three.txt"}) {
             folder_.writeFile("b" + name, "evil");
@@ -42,7 +42,7 @@ class MovedFolder : public ::testing::Test {
         }
     }
 
-    /// `change` is made before the step of the file of that number, from 1.
+    /// Calls `change` before step `at` of marked file `number`, from 1.
     MoveReport run(MoveStep at, int number, const std::function<void()>& change) {
         ComparedFiles files;
         files.addSet({path("a/one.txt"), path("b/two.txt"), path("b/three.txt")});
@@ -58,7 +58,7 @@ class MovedFolder : public ::testing::Test {
 
     [[nodiscard]] std::string path(const std::string& name) const { return folder_.pathOf(name); }
 
-    /// Those of the files that are where they were, or in the folder that was moved away.
+    /// Counts the files in their places or in the folder that was moved away.
     [[nodiscard]] std::size_t living() const {
         std::size_t count = 0;
         for (const char* name : {"a/one.txt", "b/two.txt", "b/three.txt", "away/one.txt",
@@ -98,7 +98,7 @@ TEST_F(MovedFolder, OfAMarkedFileLosesNothingAtAnyStep) {
     }
 }
 
-// It is open: the file goes back into it, wherever it is by then.
+// The folder is open, so the file is moved back into it at its new path.
 TEST_F(MovedFolder, ReceivesTheLastCopyBack) {
     renew();
     const MoveReport report = run(MoveStep::recheck, 1, [&] {
@@ -119,7 +119,7 @@ TEST_F(MovedFolder, OfTheSurvivorKeepsTheLastCopyAtAnyStep) {
             const std::size_t before = user_.trashed();
             renew();
             run(at, number, [&] { fs::rename(path("a"), path("away")); });
-            // Nobody looks for the copy under another path, so another one has to stay.
+            // The survivor is not found under its new path, so another file must stay.
             const std::size_t left = std::size_t{fs::exists(path("b/two.txt"))} +
                                      std::size_t{fs::exists(path("b/three.txt"))};
             ASSERT_GE(left, 1U) << static_cast<int>(at) << ", file " << number;

@@ -23,7 +23,7 @@ namespace {
 namespace fs = std::filesystem;
 using Outcomes = std::vector<std::pair<std::string, PutBackOutcome>>;
 
-/// The machine, with a home of the test's own.
+/// The system platform with the home of the test.
 class HomePlatform final : public Platform {
  public:
     explicit HomePlatform(std::string home) : home_(std::move(home)) {}
@@ -51,7 +51,7 @@ class HomePlatform final : public Platform {
 
 class PutBackTest : public ::testing::Test {
  protected:
-    /// Writes a set of files with the same bytes and cleans it up; the first stays.
+    /// Writes a set of equal files and cleans it up; the first stays.
     void cleanSet(const std::vector<std::string>& names) {
         std::vector<std::string> paths;
         for (const std::string& name : names) {
@@ -79,7 +79,7 @@ class PutBackTest : public ::testing::Test {
         return std::get<std::unique_ptr<PutBack>>(std::move(putBack));
     }
 
-    /// What run() reports, by paths below the tree.
+    /// Returns what run() reports, by path below the tree.
     Outcomes run(CleanUpId id = 1, std::function<bool()> stopped = {}) {
         Outcomes outcomes;
         const auto putBack = opened();
@@ -234,18 +234,18 @@ TEST_F(PutBackTest, RunsInOneProcessAtATime) {
     const auto first = opened();
     const auto second = opened();
     std::vector<std::string> refusals;
-    std::size_t told = 0;
-    const auto failure =
-        first->run(1, {.stopped = {}, .report = [&](const PutBackFile&) {
-                           const auto refusal = second->run(
-                               1, {.stopped = {}, .report = [&](const PutBackFile&) { ++told; }});
-                           refusals.push_back(refusal ? refusal->text : "");
-                       }});
+    std::size_t reported = 0;
+    const auto failure = first->run(
+        1, {.stopped = {}, .report = [&](const PutBackFile&) {
+                const auto refusal = second->run(
+                    1, {.stopped = {}, .report = [&](const PutBackFile&) { ++reported; }});
+                refusals.push_back(refusal ? refusal->text : "");
+            }});
     EXPECT_FALSE(failure);
     const std::string inUse = "in use by another process";
     EXPECT_EQ(refusals, (std::vector<std::string>{inUse, inUse}));
-    EXPECT_EQ(told, 0U);
-    // The claim ends with the run.
+    EXPECT_EQ(reported, 0U);
+    // run() has released its claim.
     EXPECT_FALSE(second->run(1, {}));
 }
 
@@ -258,7 +258,7 @@ TEST_F(PutBackTest, KilledAtAnyFileIsCompletedByTheNextRun) {
         if (child == 0) {
             std::size_t reported = 0;
             static_cast<void>(opened()->run(id, {.stopped = {}, .report = [&](const PutBackFile&) {
-                                                     // Renamed, and not yet written down.
+                                                     // Renamed, but not recorded.
                                                      if (++reported == killAt) {
                                                          ::kill(::getpid(), SIGKILL);
                                                      }
@@ -302,7 +302,7 @@ TEST_F(PutBackTest, KilledAfterTheLastFileIsCountedByTheNextCheck) {
 
 TEST_F(PutBackTest, KilledIsCountedByTheNextStart) {
     cleanSet({"a.txt", "b.txt", "c.txt", "d.txt"});
-    // Of what comes back, one gets another name and one is gone from the Trash otherwise.
+    // One of the files gets another name.
     tree_.writeFile("b.txt", "in the way");
     const pid_t child = ::fork();
     if (child == 0) {
@@ -392,7 +392,7 @@ TEST_F(PutBackTest, LastIgnoresCleanUpsWithoutMoves) {
 }
 
 TEST_F(PutBackTest, KeepsFilesOfAnUnmountedDrive) {
-    // Moved to the Trash of a volume; only the folder it was mounted on is there now.
+    // In the Trash of a volume of which only the mount point exists.
     const std::string top = tree_.makeFolder("drive");
     const std::string trash = top + "/.Trash-" + std::to_string(::getuid());
     {
@@ -411,7 +411,7 @@ TEST_F(PutBackTest, KeepsFilesOfAnUnmountedDrive) {
     fs::remove(top);
     EXPECT_EQ(examine(), (Outcomes{{"drive/a.txt", PutBackOutcome::notAttached}}));
     fs::create_directory(top);
-    // Attached, but the Trash on it was emptied.
+    // Mounted, but its Trash is empty.
     const Mount mount("none", top, "tmpfs");
     if (mount) {
         EXPECT_EQ(run(), (Outcomes{{"drive/a.txt", PutBackOutcome::lost}}));
@@ -422,7 +422,7 @@ TEST_F(PutBackTest, KeepsFilesOfAnUnmountedDrive) {
 TEST_F(PutBackTest, RemovesFoldersCreatedInVain) {
     cleanSet({"a.txt", "b/c/d/e.txt"});
     fs::remove_all(tree_.pathOf("b/c"));
-    // Another volume, to which no rename leads.
+    // Another volume, so that rename() fails.
     const Mount mount("none", tree_.pathOf("b"), "tmpfs");
     if (mount) {
         EXPECT_EQ(run(), (Outcomes{{"b/c/d/e.txt", PutBackOutcome::refused}}));
@@ -471,7 +471,7 @@ TEST_F(PutBackTest, UsesTheResolvedPath) {
     tree_.makeLink("link", "real");
     cleanPaths({tree_.writeFile("a.txt", "the same"), tree_.pathOf("link/b.txt")});
     ASSERT_FALSE(fs::exists(real));
-    // What the link leads to now is not where the file was.
+    // The symlink now leads to another folder.
     fs::remove(tree_.pathOf("link"));
     tree_.makeFolder("other");
     tree_.makeLink("link", "other");

@@ -18,12 +18,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A clean-up of twelve files in four sets, whose process is killed at a step.
+/// A clean-up of four sets of three files, whose process is killed at a step.
 class KilledCleanUp : public ::testing::Test {
  protected:
     static constexpr int sets = 4;
 
-    /// Returns once the process has gone; false if it came to its end before the step.
+    /// Waits for the process. Returns false if it ended before the step.
     bool cleanUntil(int step) {
         const pid_t child = ::fork();
         if (child == 0) {
@@ -98,7 +98,7 @@ TEST_F(KilledCleanUp, IsRecoveredByOneProcessOnly) {
     EXPECT_TRUE(std::get<std::vector<CleanUpSummary>>(rest).empty());
 }
 
-/// Users of one machine, each with a Trash and a journal of their own, whose clean-ups are killed.
+/// Users with separate Trash folders and journals, whose processes are killed during a move.
 class KilledMove : public ::testing::Test {
  protected:
     void SetUp() override {
@@ -106,7 +106,7 @@ class KilledMove : public ::testing::Test {
         b_ = tree_.writeFile("b.txt", "bytes");
     }
 
-    /// Moves the second of these paths; killed at the step.
+    /// Moves the file `moved` in a process that is killed at the step.
     void killedWhileMoving(const std::string& staying, const std::string& moved,
                            const std::string& home, MoveStep atStep = MoveStep::recheck) {
         killed([&] {
@@ -123,7 +123,7 @@ class KilledMove : public ::testing::Test {
         });
     }
 
-    /// Runs `work` in a process of its own, which is killed by it.
+    /// Runs `work` in a child process, which it must kill.
     static void killed(const std::function<void()>& work) {
         const pid_t child = ::fork();
         if (child == 0) {
@@ -135,7 +135,7 @@ class KilledMove : public ::testing::Test {
         EXPECT_TRUE(WIFSIGNALED(status));
     }
 
-    /// What the totals say then.
+    /// Recovers and returns the count of the totals.
     std::int64_t recover(const std::string& home) {
         CleaningUser user(home);
         DataFile totals(home);
@@ -190,7 +190,7 @@ TEST_F(KilledMove, IsCountedIfTheSurvivorIsUnchanged) {
 }
 
 TEST_F(KilledMove, OfTwoUsersBeforeTheirRechecksLeavesACopy) {
-    // The first has looked and waits; the second moves what is to stay and is killed; the first
+    // The first user has checked and waits; the second moves the survivor and is killed; the first
     // moves the other file and is killed, too.
     int hasLooked[2];
     int mayMove[2];
@@ -255,8 +255,8 @@ TEST_F(KilledMove, OfAWholeSetIsCounted) {
 
 TEST_F(KilledMove, LeavesNoTrashInfoWithoutAFile) {
     killedWhileMoving(a_, b_, one_.path(), MoveStep::moveToTrash);
-    // As between the note and the rename, for which there is no step.
-    const std::string notes = one_.pathOf("Trash/info/");
+    // As between writing the .trashinfo file and the rename, where there is no step.
+    const std::string infos = one_.pathOf("Trash/info/");
     one_.makeFolder("Trash/files");
     const auto write = [&](const std::string& name, const std::string& path) {
         one_.writeFile("Trash/info/" + name,
@@ -270,8 +270,8 @@ TEST_F(KilledMove, LeavesNoTrashInfoWithoutAFile) {
     EXPECT_FALSE(
         recoverCleanUps(systemFileSystem(), user.mover(), user.turns(), user.journal(), totals));
     EXPECT_EQ(contentOf(b_), "bytes");
-    EXPECT_FALSE(fs::exists(notes + "b.txt.trashinfo"));
-    EXPECT_TRUE(fs::exists(notes + "c.txt.trashinfo"));
+    EXPECT_FALSE(fs::exists(infos + "b.txt.trashinfo"));
+    EXPECT_TRUE(fs::exists(infos + "c.txt.trashinfo"));
 }
 
 TEST_F(KilledMove, KeepsTrashInfosWhileAnotherCleanUpHoldsTheLock) {
@@ -321,7 +321,7 @@ class FaultyUser final {
     const std::unique_ptr<TrashMover> mover_;
 };
 
-/// A clean-up whose machine lost its power: the journal is on the disk, and not all of the rest.
+/// A clean-up before a power failure: the journal is on the disk, but not all of the rest.
 class PowerFailure : public KilledMove {
  protected:
     void SetUp() override {
@@ -338,7 +338,7 @@ class PowerFailure : public KilledMove {
             DeletionWalk walk(files.marked(), cleanUp, control, {});
             walk.start();
             walk.wait();
-            // The outcomes, but not the end.
+            // Writes the outcomes, but does not finish.
             static_cast<void>(user.journal().cleanUps());
             ::_exit(0);
         }
@@ -347,52 +347,53 @@ class PowerFailure : public KilledMove {
         ASSERT_EQ(status, 0);
     }
 
-    [[nodiscard]] std::string note(const std::string& name) const {
+    [[nodiscard]] std::string trashInfo(const std::string& name) const {
         return one_.pathOf("Trash/info/" + name + ".trashinfo");
     }
 };
 
 TEST_F(PowerFailure, RewritesIncompleteTrashInfos) {
-    const std::string whole = contentOf(note("b.txt"));
+    const std::string whole = contentOf(trashInfo("b.txt"));
     ASSERT_EQ(whole.find("[Trash Info]\nPath=" + b_ + "\nDeletionDate="), 0U);
-    fs::resize_file(note("b.txt"), 0);
-    fs::remove(note("c.txt"));
+    fs::resize_file(trashInfo("b.txt"), 0);
+    fs::remove(trashInfo("c.txt"));
     EXPECT_EQ(recover(one_.path()), 2);
-    EXPECT_EQ(contentOf(note("b.txt")).size(), whole.size());
-    EXPECT_EQ(contentOf(note("c.txt")).find("[Trash Info]\nPath=" + tree_.pathOf("c.txt") + "\n"),
-              0U);
+    EXPECT_EQ(contentOf(trashInfo("b.txt")).size(), whole.size());
+    EXPECT_EQ(
+        contentOf(trashInfo("c.txt")).find("[Trash Info]\nPath=" + tree_.pathOf("c.txt") + "\n"),
+        0U);
 }
 
 TEST_F(PowerFailure, KeepsCompleteTrashInfos) {
-    std::ofstream(note("b.txt"), std::ios::app) << "Further=1\n";
-    const std::string before = contentOf(note("b.txt"));
+    std::ofstream(trashInfo("b.txt"), std::ios::app) << "Further=1\n";
+    const std::string before = contentOf(trashInfo("b.txt"));
     EXPECT_EQ(recover(one_.path()), 2);
-    EXPECT_EQ(contentOf(note("b.txt")), before);
+    EXPECT_EQ(contentOf(trashInfo("b.txt")), before);
 }
 
 TEST_F(PowerFailure, StaysUnfinishedUntilTrashInfosAreFlushed) {
     FaultyUser user(one_.path());
-    fs::remove(note("b.txt"));
+    fs::remove(trashInfo("b.txt"));
     user.calls().failNext(TrashCall::flush, EIO);
     user.recover();
     EXPECT_EQ(user.counted(), 2);
     EXPECT_FALSE(user.isFinished());
-    fs::remove(note("b.txt"));
+    fs::remove(trashInfo("b.txt"));
     user.recover();
     EXPECT_TRUE(user.isFinished());
-    EXPECT_TRUE(fs::exists(note("b.txt")));
+    EXPECT_TRUE(fs::exists(trashInfo("b.txt")));
     EXPECT_EQ(user.counted(), 2);
 }
 
 TEST_F(PowerFailure, StaysUnfinishedUntilTrashInfosAreRepaired) {
     FaultyUser user(one_.path());
-    fs::resize_file(note("b.txt"), 0);
+    fs::resize_file(trashInfo("b.txt"), 0);
     user.calls().failNext(TrashCall::write, ENOSPC);
     for (const bool isFinished : {false, true}) {
         user.recover();
         EXPECT_EQ(user.isFinished(), isFinished);
     }
-    EXPECT_EQ(contentOf(note("b.txt")).find("[Trash Info]\nPath=" + b_ + "\n"), 0U);
+    EXPECT_EQ(contentOf(trashInfo("b.txt")).find("[Trash Info]\nPath=" + b_ + "\n"), 0U);
 }
 
 TEST_F(PowerFailure, StaysUnfinishedWhileTheTrashIsInaccessible) {
@@ -417,7 +418,7 @@ TEST_F(KilledMove, WithAFailedFlushIsRecoveredLater) {
     user.calls().fail(TrashCall::flush, EIO);
     EXPECT_FALSE(cleanUp.finish());
     EXPECT_FALSE(user.isFinished());
-    // It is nobody's now, so that the next start takes it.
+    // No process holds it now, so that the next start recovers it.
     user.calls().heal();
     user.recover();
     EXPECT_TRUE(user.isFinished());
@@ -426,11 +427,11 @@ TEST_F(KilledMove, WithAFailedFlushIsRecoveredLater) {
 
 TEST_F(PowerFailure, SubtractsFilesFoundInPlaceFromTheTotals) {
     fs::rename(one_.pathOf("Trash/files/b.txt"), b_);
-    fs::remove(note("b.txt"));
+    fs::remove(trashInfo("b.txt"));
     EXPECT_EQ(recover(one_.path()), 1);
 }
 
-/// A move of which nothing is known but that it was planned.
+/// Planned moves without an outcome.
 class PlannedMoves : public ::testing::Test {
  protected:
     void plan(const std::string& path) {
@@ -441,7 +442,7 @@ class PlannedMoves : public ::testing::Test {
             std::holds_alternative<MoveRow>(user.journal().plan(std::get<CleanUpId>(id), moves)));
     }
 
-    /// Whether the clean-up has come to its end in the journal.
+    /// Recovers and returns whether the clean-up is finished.
     bool recover() {
         CleaningUser user(home_.path());
         DataFile totals(home_.path());

@@ -1,4 +1,4 @@
-// Clean-ups of users who are not the administrator, on a volume that they share.
+// Clean-ups of users other than root, on a shared volume.
 
 #include "clean/clean_up_fixture.h"
 #include "clean/put_back.h"
@@ -27,10 +27,10 @@ namespace fs = std::filesystem;
 constexpr unsigned ann = 12'345;
 constexpr unsigned bob = 12'346;
 
-/// Files on a volume that everybody may write to, and homes elsewhere.
+/// Files on a volume that all users can write to; the homes are elsewhere.
 class SecondUser : public ::testing::Test {
  protected:
-    /// False where there is no volume for the test, or nobody can become another user.
+    /// Returns false if there is no volume or the process cannot change its user.
     bool hasVolume() {
         if (!volume_ || ::geteuid() != 0) {
             return false;
@@ -48,7 +48,7 @@ class SecondUser : public ::testing::Test {
         return home;
     }
 
-    /// In the process of a user: writes a set of three and cleans it up.
+    /// In a process of the user: writes a set of three files and cleans it up.
     void clean(const std::string& home, const std::string& place) {
         for (const char* name : {"one.txt", "two.txt", "three.txt"}) {
             fs::create_directories(volume_.pathOf(place));
@@ -64,7 +64,7 @@ class SecondUser : public ::testing::Test {
         EXPECT_FALSE(settleTotals(totals, user.journal()));
     }
 
-    /// In the process of a user: puts the first clean-up back.
+    /// In a process of the user: puts the first clean-up back.
     void putBack(const std::string& home, const std::string& place) {
         FakePlatform platform;
         platform.setApplicationSupportFolder(home);

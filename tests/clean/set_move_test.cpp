@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A set of three equal files, of which the second and the third are to go.
+/// A set of three equal files; the second and third are marked.
 class SetMoveTest : public ::testing::Test {
  protected:
     SetMoveTest() : set_(files_.addSet({one_, two_, three_})) {}
@@ -25,7 +25,7 @@ class SetMoveTest : public ::testing::Test {
         return cleanUp(files_.marked(), user_, fileSystem_, std::move(settings));
     }
 
-    /// Does something when the first file comes to a step.
+    /// Calls `action` before the first `step`.
     static CleanUp::Settings at(MoveStep step, std::function<void()> action) {
         CleanUp::Settings settings;
         settings.beforeStep = [step, done = false,
@@ -39,7 +39,7 @@ class SetMoveTest : public ::testing::Test {
 
     static void append(const std::string& path) { std::ofstream(path, std::ios::app) << "more"; }
 
-    /// Writes something else of the same size and puts the date back.
+    /// Writes other bytes of the same size and restores the modification date.
     static void forge(const std::string& path, const std::string& bytes = "evil") {
         const auto date = fs::last_write_time(path);
         std::ofstream(path) << bytes;
@@ -132,7 +132,7 @@ TEST_F(SetMoveTest, KeepsAFileWhoseFolderWasReplaced) {
 TEST_F(SetMoveTest, MovesAFileWhoseScanRootBecameASymlinkToIt) {
     fs::rename(folder_.pathOf("b"), folder_.pathOf("old"));
     folder_.makeLink("b", "old");
-    // It is where a scan began, which may be a link, and is still the folder that was walked.
+    // A scan root may be a symlink, and it still leads to the scanned folder.
     EXPECT_EQ(run(), outcomes(moved, moved));
     EXPECT_EQ(contentOf(one_), "same");
 }
@@ -263,7 +263,7 @@ TEST_F(SetMoveTest, ReportsAStopInAComparisonOfAWholeSetAsStopped) {
     set_->files().front()->setState(CheckState::on);
     CleanUp::Settings settings;
     settings.wholeSets = CleanUp::WholeSets::goIfMarked;
-    // The second file; its comparison asks for the third time.
+    // The third poll is in the comparison of the second file.
     settings.beforeStep = [this, files = 0](MoveStep step) mutable {
         if (step == MoveStep::checkFile && ++files == 2) {
             fs::permissions(two_, fs::perms::owner_read);
@@ -316,7 +316,7 @@ TEST_F(SetMoveTest, RecordsMovesThoughALaterPlanFails) {
     ASSERT_TRUE(cleanUp.prepare({&set_, 1}));
     ASSERT_TRUE(cleanUp.begin(*set_)->move(*set_->files().back()));
     {
-        // By which SQLite says that somebody writes.
+        // SQLite's lock of a connection that is about to write.
         const auto writing = LockFile(user.journal().path()).tryTake(0x40000001);
         ASSERT_TRUE(writing);
         EXPECT_FALSE(cleanUp.prepare({&other, 1}));

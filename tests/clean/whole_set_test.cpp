@@ -1,4 +1,4 @@
-// A set of which a person marked every file, with something that happens between two of its moves.
+// Sets in which the user marked every file, with a change between two of their moves.
 
 #include "clean/clean_up_fixture.h"
 #include "support/file_content.h"
@@ -16,13 +16,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Three equal files, all of them marked. Something is done to the others once the first has gone.
+/// Three equal files, all marked. After the first has been moved, the others are changed.
 class WholeSet : public ::testing::Test {
  protected:
     static constexpr MoveOutcome moved = MoveOutcome::moved;
     static constexpr MoveOutcome changed = MoveOutcome::changed;
 
-    /// `change` is made when the second file comes to a step.
+    /// Calls `change` before step `at` of the second file.
     MoveReport runWith(std::function<void()> change, MoveStep at = MoveStep::checkFile) {
         return runWith(std::move(change), at, {one_, two_, three_});
     }
@@ -47,7 +47,7 @@ class WholeSet : public ::testing::Test {
         return {{"one.txt", first}, {"two.txt", second}, {"three.txt", third}};
     }
 
-    /// Every file in the Trash has these bytes and a note.
+    /// Expects `count` files in the Trash, with the original bytes and .trashinfo files.
     void expectInTrash(std::size_t count) {
         EXPECT_EQ(user_.trashed(), count);
         EXPECT_EQ(user_.trashInfos(), count);
@@ -123,7 +123,7 @@ TEST_F(WholeSet, MovesAFileWithChangedPermissions) {
     expectInTrash(3);
 }
 
-// Nobody compared what it holds by now.
+// Its current bytes have not been compared.
 TEST_F(WholeSet, KeepsAFileWithOtherBytesAndTheSameDate) {
     runWith([this] {
         const auto date = fs::last_write_time(two_);
@@ -134,7 +134,7 @@ TEST_F(WholeSet, KeepsAFileWithOtherBytesAndTheSameDate) {
     EXPECT_FALSE(fs::exists(one_));
 }
 
-// Of the second name all that the move of the first has changed is its date of change.
+// Moving the first hard link changes the change date of the second one.
 TEST_F(WholeSet, MovesOtherHardLinksOfAFile) {
     const std::string link = folder_.pathOf("b/link.txt");
     fs::create_hard_link(two_, link);
