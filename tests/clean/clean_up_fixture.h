@@ -8,6 +8,7 @@
 #include "platform/trash_move.h"
 #include "store/clean_up_journal.h"
 #include "support/faulty_file_system.h"
+#include "support/quick_folder.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -69,15 +70,6 @@ class ComparedFiles final {
     std::shared_ptr<Extensions> extension_ = std::make_shared<Extensions>("txt");
     Modal modal_;
 };
-
-/// Returns a folder on tmpfs if there is one, for tests of many clean-ups, which would otherwise
-/// wait for hundreds of syncs of their journals.
-inline std::string quickFolder() {
-    const std::string memory = "/dev/shm";
-    return ::access(memory.c_str(), W_OK | X_OK) == 0
-               ? memory
-               : std::filesystem::temp_directory_path().string();
-}
 
 /// A user with a separate Trash, journal and turn file.
 class CleaningUser final {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/clean_up_journal.h"
+#include "support/quick_folder.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -23,13 +24,6 @@ namespace tarvin {
 // NOLINTNEXTLINE(readability-identifier-naming)
 inline void PrintTo(const StoredTotals& totals, std::ostream* out) {
     *out << totals.count << " files, " << totals.size << " bytes";
-}
-
-/// A folder in memory where there is one: each transaction waits for the disk several times.
-inline std::filesystem::path quickFolder() {
-    const std::filesystem::path inMemory = "/dev/shm";
-    return std::filesystem::is_directory(inMemory) ? inMemory
-                                                   : std::filesystem::temp_directory_path();
 }
 
 /// What a call returned that must not fail.

@@ -2,6 +2,7 @@
 #include "platform/file_system.h"
 #include "platform/trash_move.h"
 #include "support/opened_folder.h"
+#include "support/quick_folder.h"
 #include "support/temporary_folder.h"
 
 #include <unistd.h>
@@ -27,12 +28,6 @@ constexpr double most = 1.5;
 /// Trash is fullest there.
 constexpr std::size_t parts = 10;
 constexpr std::size_t lastParts = 3;
-
-/// A disk would take minutes, and that for the files themselves.
-std::string quickPlace(const std::string& otherwise) {
-    const std::string memory = "/dev/shm";
-    return ::access(memory.c_str(), W_OK | X_OK) == 0 ? memory : otherwise;
-}
 
 /// Files in a folder, made one after the other, and the Trash that they go to.
 class NamedFiles final {
@@ -77,7 +72,7 @@ double timeOfEach(SteadyClock::duration time, std::size_t files) {
 }  // namespace
 
 std::uint64_t tryNames(const TrialPlace& place, std::size_t files) {
-    const std::string folder = quickPlace(place.home.path());
+    const std::string folder = quickFolder(place.home.path());
     NamedFiles alike(folder, true);
     NamedFiles different(folder, false);
     const std::size_t each = std::max<std::size_t>(files / parts, 1);
