@@ -1,8 +1,8 @@
-// How quickly a clean-up moves files to the Trash. Over one tree, built anew for each and in turn:
-// the whole clean-up as the programs make it, with its looks, its lock and its journal; the
-// desktop's library; and bare notes and renames, without a look at anything. Then many files of one
-// name against as many different ones, what a clean-up takes of memory, and how the walk alone
-// grows with the number of sets. Everything happens in a private folder in the place given.
+// Measures how fast a clean-up moves files to the Trash. Contenders, in turn, each on a new copy of
+// one tree: the whole clean-up of the programs, with its checks, its lock and its journal; the
+// desktop's library; and only .trashinfo files and renames, without any check. Then many files of
+// one name compared with different names, the memory of a clean-up, and the time of the walk alone
+// by number of sets. Uses only a private folder in the place given.
 
 #include "clean/clean_up_run.h"
 #include "cleaned_tree.h"
@@ -49,11 +49,11 @@ struct Options {
     std::string work = "/var/tmp";
 };
 
-/// Times as fast as the library, and times the time of bare notes and renames.
+/// Minimum ratio of the rate to that of the library; maximum ratio of the time to that of bare
+/// moves.
 constexpr double libraryGoal = 1.5;
 constexpr double bareGoal = 1.8;
-/// One name may take so much longer a file than different ones: what two runs of the same differ
-/// by.
+/// Maximum ratio of the times per file, one name to different names: equal runs differ by as much.
 constexpr double oneNameGoal = 1.1;
 
 [[noreturn]] void fail(const std::string& what) {
@@ -74,8 +74,8 @@ double medianOf(std::vector<double> values) {
     return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
 }
 
-/// Of all threads, in the system and outside it.
-double processorSeconds() {
+/// CPU time of all threads, in user and kernel mode.
+double cpuSeconds() {
     rusage usage{};
     ::getrusage(RUSAGE_SELF, &usage);
     const auto seconds = [](const timeval& time) {
@@ -84,7 +84,7 @@ double processorSeconds() {
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-/// What `/proc/self/status` says under a name, in MiB.
+/// Returns a value of `/proc/self/status` in MiB.
 double mebibytes(const std::string& name) {
     std::ifstream status("/proc/self/status");
     for (std::string word; status >> word;) {
@@ -97,15 +97,15 @@ double mebibytes(const std::string& name) {
     return 0;
 }
 
-/// From now on the peak is that of what comes.
+/// Resets the peak of resident memory.
 void forgetPeak() {
     std::ofstream("/proc/self/clear_refs") << "5";
 }
 
-/// The home of the user who cleans up, which has all that a clean-up writes.
+/// The home of the user who cleans up; a clean-up writes only here.
 class PrivateUser final {
  public:
-    /// Before anything asks where the Trash is.
+    /// To be created before the location of the Trash is first determined.
     explicit PrivateUser(const WorkFolder& work) : home_(work.pathOf("home")) {
         // NOLINTBEGIN(concurrency-mt-unsafe)
         ::setenv("HOME", home_.c_str(), 1);
@@ -115,7 +115,7 @@ class PrivateUser final {
         renew();
     }
 
-    /// Nothing has been moved yet.
+    /// Deletes everything and creates an empty Trash.
     void renew() const {
         std::filesystem::remove_all(home_);
         std::filesystem::create_directories(trash() + "/files");
@@ -130,10 +130,10 @@ class PrivateUser final {
 
     void expectTrashed(std::size_t files) const {
         const std::size_t moved = entriesIn(trash() + "/files");
-        const std::size_t notes = entriesIn(trash() + "/info");
-        if (moved != files || notes < files) {
-            fail("Only " + std::to_string(moved) + " files and " + std::to_string(notes) +
-                 " notes of " + std::to_string(files) + " are in the Trash");
+        const std::size_t infos = entriesIn(trash() + "/info");
+        if (moved != files || infos < files) {
+            fail("Only " + std::to_string(moved) + " files and " + std::to_string(infos) +
+                 " .trashinfo files of " + std::to_string(files) + " are in the Trash");
         }
     }
 
@@ -141,7 +141,7 @@ class PrivateUser final {
     const std::string home_;
 };
 
-/// What the programs do after the question.
+/// Does what the programs do after the confirmation.
 void cleanUp(Modal& modal) {
     DataFile totals(systemPlatform().applicationSupportFolder());
     auto opened = CleanUpRun::open(systemPlatform(), totals, {});
@@ -169,53 +169,53 @@ void moveByLibrary(const std::vector<std::string>& paths) {
     }
 }
 
-/// What nobody can do without: a note for each file, and the file renamed.
+/// The indispensable part of a move: the .trashinfo file and the rename.
 void moveBarely(const std::vector<std::string>& paths, const std::string& trash) {
     const int files = ::open((trash + "/files").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    const int info = ::open((trash + "/info").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (files < 0 || info < 0) {
+    const int infoFolder = ::open((trash + "/info").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (files < 0 || infoFolder < 0) {
         fail("There is no Trash at " + trash);
     }
     for (const std::string& path : paths) {
         const std::string name = path.substr(path.rfind('/') + 1);
-        const std::string note =
+        const std::string info =
             "[Trash Info]\nPath=" + path + "\nDeletionDate=2026-01-31T12:00:00\n";
-        const std::string noteName = name + ".trashinfo";
+        const std::string infoName = name + ".trashinfo";
         const int file =
-            ::openat(info, noteName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-        if (file < 0 || ::write(file, note.data(), note.size()) < 0 || ::close(file) != 0 ||
+            ::openat(infoFolder, infoName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        if (file < 0 || ::write(file, info.data(), info.size()) < 0 || ::close(file) != 0 ||
             ::renameat(AT_FDCWD, path.c_str(), files, name.c_str()) != 0) {
             fail("A bare move failed at " + path);
         }
     }
     ::close(files);
-    ::close(info);
+    ::close(infoFolder);
 }
 
-/// What one trial came to.
+/// The result of one trial.
 struct Figures {
-    double rate = 0;       ///< files a second
-    double processor = 0;  ///< microseconds a file
+    double rate = 0;  ///< files a second
+    double cpu = 0;   ///< microseconds a file
 };
 
-/// Of several trials of one contender.
+/// The results of one contender.
 struct Contender {
     const char* name = "";
     std::vector<double> rates;
-    std::vector<double> processor;
+    std::vector<double> cpu;
 
     void add(const Figures& figures) {
         rates.push_back(figures.rate);
-        processor.push_back(figures.processor);
+        cpu.push_back(figures.cpu);
     }
     void print() const {
         const auto [least, most] = std::minmax_element(rates.begin(), rates.end());
         std::printf("  %-40s %8.0f  (%.0f to %.0f)  %6.1f\n", name, medianOf(rates), *least, *most,
-                    medianOf(processor));
+                    medianOf(cpu));
     }
 };
 
-/// Built anew, moved once, and gone.
+/// A tree for one trial, deleted afterwards.
 class Trial final {
  public:
     Trial(const WorkFolder& work, const PrivateUser& user, const CleanedTree& tree)
@@ -243,13 +243,13 @@ class Trial final {
 
     template <typename Work>
     [[nodiscard]] Figures run(const Work& work) {
-        ::sync();  // what writing the tree has left to do is not the move's
-        const double before = processorSeconds();
+        ::sync();  // so that writing the tree does not count
+        const double before = cpuSeconds();
         const double seconds = secondsFor(work);
-        const double processor = processorSeconds() - before;
+        const double cpu = cpuSeconds() - before;
         user_.expectTrashed(files_);
         const auto files = static_cast<double>(files_);
-        return {files / seconds, processor * 1e6 / files};
+        return {files / seconds, cpu * 1e6 / files};
     }
 
  private:
@@ -263,7 +263,17 @@ Figures runCleanUp(Trial& trial) {
     return trial.run([&] { cleanUp(trial.modal()); });
 }
 
-/// Says whether a figure reached its goal.
+/// `who` is the index of a contender of compare().
+Figures runContender(std::size_t who, Trial& trial, const PrivateUser& user) {
+    if (who == 0) {
+        return runCleanUp(trial);
+    }
+    const std::vector<std::string> paths = trial.paths();
+    return who == 1 ? trial.run([&] { moveByLibrary(paths); })
+                    : trial.run([&] { moveBarely(paths, user.trash()); });
+}
+
+/// Prints whether a figure reached its goal.
 bool judge(const char* what, double value, const char* goal, bool isReached) {
     std::printf("%-52s %6.2f  %s%s\n", what, value, goal, isReached ? "" : "  NOT REACHED");
     return isReached;
@@ -273,7 +283,7 @@ bool compare(const WorkFolder& work, const PrivateUser& user, const Options& opt
     const CleanedTree tree{options.files};
     std::array<Contender, 3> contenders{{{"the whole clean-up", {}, {}},
                                          {"g_file_trash() of GIO, nothing else", {}, {}},
-                                         {"bare notes and renames", {}, {}}}};
+                                         {"only .trashinfo files and renames", {}, {}}}};
     std::vector<double> toLibrary;
     std::vector<double> toBare;
     for (std::size_t round = 0; round < options.rounds; ++round) {
@@ -281,11 +291,7 @@ bool compare(const WorkFolder& work, const PrivateUser& user, const Options& opt
         for (std::size_t turn = 0; turn < now.size(); ++turn) {
             const std::size_t who = (round + turn) % now.size();
             Trial trial(work, user, tree);
-            const std::vector<std::string> paths = trial.paths();
-            const Figures figures = who == 0 ? runCleanUp(trial)
-                                    : who == 1
-                                        ? trial.run([&] { moveByLibrary(paths); })
-                                        : trial.run([&] { moveBarely(paths, user.trash()); });
+            const Figures figures = runContender(who, trial, user);
             contenders[who].add(figures);
             now[who] = figures.rate;
         }
@@ -294,7 +300,7 @@ bool compare(const WorkFolder& work, const PrivateUser& user, const Options& opt
     }
     std::printf(
         "%zu files in folders of %zu, %zu rounds in turn: files a second, median (least to most),\n"
-        "and microseconds of processor time a file\n",
+        "and microseconds of CPU time a file\n",
         tree.files, tree.perFolder, options.rounds);
     for (const Contender& contender : contenders) {
         contender.print();
@@ -344,7 +350,7 @@ void showMemory(const WorkFolder& work, const PrivateUser& user, std::size_t fil
         files, before, peak, peak - before, rate);
 }
 
-/// Moves nothing and says that it did.
+/// Moves nothing and reports success.
 class FreeMover final : public FileMover {
  public:
     bool prepare(std::span<const std::shared_ptr<Set>> /*sets*/) override { return true; }
@@ -359,7 +365,7 @@ class FreeMover final : public FileMover {
     };
 };
 
-/// Of sets of two files that need not be there.
+/// Times the walk over sets of two files, which do not exist.
 void showWalk(std::size_t sets) {
     const std::shared_ptr<FileStore> store = FileStore::create();
     const Directory* const folder = store->addRoot("/nowhere");

@@ -36,7 +36,7 @@ using Kind = StoreError::Kind;
 
 class CleanUpJournalTest : public JournalFixture {
  protected:
-    /// Runs SQL on the file by SQLite itself; the first column of the last row, as a number.
+    /// Runs SQL on the file with SQLite. Returns the first column of the last row as a number.
     std::int64_t sql(const std::string& statements) const {
         sqlite3* database = nullptr;
         std::filesystem::create_directories(own_);
@@ -58,7 +58,7 @@ class CleanUpJournalTest : public JournalFixture {
         file << std::string(count, '\xA5');
     }
 
-    /// A journal with 2,000 moves, which has pages of every kind.
+    /// Writes a journal with 2,000 moves, which has pages of every kind.
     void writeLargeJournal() const {
         CleanUpJournal journal = opened();
         std::vector<std::string> paths;
@@ -70,7 +70,7 @@ class CleanUpJournalTest : public JournalFixture {
         valueOf(journal.plan(id, movesOf(paths)));
     }
 
-    /// Opening fails so, changes nothing, and what stands there can be put aside.
+    /// Expects that opening fails and changes nothing, and that the file can be moved aside.
     void expectRefused(const std::string& text, Kind kind) const {
         const auto content = [this] {
             const bool isFile = std::filesystem::is_regular_file(file_);
@@ -204,7 +204,7 @@ TEST_F(CleanUpJournalTest, StoresLargeNumbersAndMissingDates) {
     EXPECT_EQ(read[0].modified, std::nullopt);
     EXPECT_EQ(read[1].modified, Timestamp::min());
     EXPECT_EQ(read[2].modified, Timestamp::max());
-    // The sum ends at the largest number instead of failing.
+    // The sum is capped instead of failing.
     EXPECT_EQ(valueOf(journal.cleanUps())[0].movedBytes, 9'223'372'036'854'775'807U);
 }
 
@@ -389,7 +389,7 @@ TEST_F(CleanUpJournalTest, APlanIsSyncedOnReturn) {
     const MoveRow row = valueOf(journal.plan(id, movesOf({"/a", "/b"})));
     EXPECT_EQ(watch.unsyncedFiles(), 0);
     EXPECT_GT(watch.syncs(), syncsBefore);
-    // Outcomes cost nothing until the next plan.
+    // Outcomes are not written until the next plan.
     const int syncsOfPlan = watch.syncs();
     EXPECT_FALSE(journal.record(std::vector{movedTo(row, "a")}));
     EXPECT_EQ(watch.syncs(), syncsOfPlan);
@@ -550,14 +550,14 @@ TEST_F(CleanUpJournalTest, NeverDeletesAnUncountedUnfinishedOrClaimedCleanUp) {
     EXPECT_FALSE(settleTotals(data, journal));
     other.release(claimed);
     valueOf(journal.begin(Timestamp()));
-    EXPECT_EQ(valueOf(journal.cleanUps()).size(), 32U);  // and the two that are not finished
+    EXPECT_EQ(valueOf(journal.cleanUps()).size(), 32U);  // including the two unfinished ones
 }
 
 TEST_F(CleanUpJournalTest, SkipsLockedNumbersOfAJournalMovedAside) {
     CleanUpJournal old = opened();
     EXPECT_EQ(valueOf(old.begin(Timestamp())), 1);
     EXPECT_EQ(valueOf(old.begin(Timestamp())), 2);
-    // As another process would find it after the file was moved away by hand.
+    // As after a user has moved the file away by hand.
     std::filesystem::rename(file_, file_ + ".moved");
     CleanUpJournal journal = opened();
     EXPECT_EQ(valueOf(journal.begin(Timestamp())), 3);
@@ -618,7 +618,7 @@ TEST_F(CleanUpJournalTest, AVisitMayChangeStates) {
     std::size_t visited = 0;
     EXPECT_FALSE(journal.forEachMove(
         id, {MoveState::moved}, CleanUpJournal::Order::lastFirst, [&](const JournalMove& move) {
-            // Whoever else writes is not kept waiting meanwhile.
+            // Other connections can write meanwhile.
             if (visited % 500 == 0) {
                 EXPECT_FALSE(journal.markPutBack(std::vector{move.row}));
                 oneMove(other);
@@ -685,7 +685,7 @@ TEST_F(CleanUpJournalTest, CountsEachPutBackFileOnce) {
     EXPECT_EQ(moves[1].state, MoveState::lost);
     EXPECT_EQ(moves[2].state, MoveState::left);
     EXPECT_EQ(moves[3].state, MoveState::planned);
-    // It has come to light again.
+    // Lost files can still be put back.
     EXPECT_FALSE(journal.markPutBack(std::vector<MoveRow>{first + 1}));
     summary = valueOf(journal.cleanUps())[0];
     EXPECT_EQ(summary.putBackFiles, 2U);
@@ -783,7 +783,7 @@ TEST_F(CleanUpJournalTest, WithADamagedMiddlePageFailsWhenRead) {
         }
         std::ofstream(file_, std::ios::binary) << old;
     }
-    // Nearly all pages hold what was read; an index is not looked at.
+    // Nearly all pages contain data that is read; pages of an index are not.
     EXPECT_GT(failures, size / 4096 / 2);
 }
 
@@ -893,7 +893,7 @@ TEST_F(CleanUpJournalTest, WithoutWritePermissionIsRefused) {
     ::chmod(file_.c_str(), 0444);
     EXPECT_EQ(
         inChildProcess([this] {
-            // Root may write everywhere.
+            // Root can write everywhere.
             constexpr uid_t nobody = 65534;
             const bool isRoot = ::geteuid() == 0;
             const std::string lock = own_ + "/clean-ups.lock";
@@ -931,7 +931,7 @@ TEST_F(CleanUpJournalTest, OnAFullDiskKeepsItsContentAndContinuesLater) {
     EXPECT_EQ(summary.movedFiles, 1U);
 }
 
-/// Another process that holds the file's own lock, like a long transaction.
+/// A process that holds the lock of the file, like a long transaction.
 class WritingProcess final {
  public:
     explicit WritingProcess(const std::string& file) {
@@ -1004,7 +1004,7 @@ TEST_F(CleanUpJournalTest, ThatIsMissingCannotBeMovedAside) {
     EXPECT_EQ(errorOf(CleanUpJournal::moveAside(own_)).text, "No such file or directory");
 }
 
-/// Resident memory of this process, in bytes.
+/// Returns the resident memory of this process, in bytes.
 std::int64_t residentBytes() {
     std::ifstream file("/proc/self/statm");
     std::int64_t total = 0;
@@ -1016,7 +1016,7 @@ std::int64_t residentBytes() {
 TEST_F(CleanUpJournalTest, UsesBoundedMemoryForManyMoves) {
     CleanUpJournal journal = opened();
     const CleanUpId id = valueOf(journal.begin(Timestamp()));
-    // Sanitizers keep what was freed.
+    // Sanitizers do not release freed memory at once.
 #ifdef TARVIN_SANITIZED
     constexpr int batches = 40;
     constexpr std::int64_t maxBytes = 200'000'000;

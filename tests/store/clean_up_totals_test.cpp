@@ -42,7 +42,7 @@ class CleanUpTotalsTest : public JournalFixture {
                                     "</integer><key>other</key><string>kept</string></dict>"));
     }
 
-    /// What is stored, and what memory says, after a call that must not fail.
+    /// Settles and returns the stored totals, which must equal those in memory.
     StoredTotals settled(CleanUpJournal& journal) const {
         DataFile data(own_);
         const auto error = settleTotals(data, journal);
@@ -52,7 +52,8 @@ class CleanUpTotalsTest : public JournalFixture {
         return stored();
     }
 
-    /// Settles in a child that kills itself before step `step`; false if there is no such step.
+    /// Settles in a child process that kills itself before step `step`. Returns false if there is
+    /// no such step.
     [[nodiscard]] bool isKilledAt(int step) const {
         const int end = inChildProcess([&] {
             CleanUpJournal journal = opened();
@@ -78,7 +79,7 @@ TEST_F(CleanUpTotalsTest, CountEachMovedFileOnce) {
     const MoveRow first = valueOf(journal.plan(id, movesOf({"/a", "/b", "/c"})));
     EXPECT_FALSE(journal.record(std::vector<RecordedOutcome>{
         movedTo(first, "a"), {first + 1, MoveState::left, "", "", "gone"}}));
-    // While it runs, too.
+    // Also while it runs.
     EXPECT_EQ(settled(journal), (StoredTotals{4, 510}));
     EXPECT_EQ(settled(journal), (StoredTotals{4, 510}));
     EXPECT_FALSE(journal.record(std::vector{movedTo(first + 2, "c")}));
@@ -98,10 +99,10 @@ TEST_F(CleanUpTotalsTest, FallByThePutBackFiles) {
     EXPECT_EQ(settled(journal), (StoredTotals{5, 545}));
     EXPECT_FALSE(journal.markPutBack(std::vector{one}));
     EXPECT_EQ(settled(journal), (StoredTotals{4, 505}));
-    // What has left the Trash by other ways was moved there all the same.
+    // Lost files still count as moved.
     EXPECT_FALSE(journal.markLost(std::vector{other}));
     EXPECT_EQ(settled(journal), (StoredTotals{4, 505}));
-    // Moved and put back before anything was counted.
+    // Moved and put back before it was counted.
     const MoveRow third = oneMove(journal, 7);
     EXPECT_FALSE(journal.markPutBack(std::vector{third}));
     EXPECT_EQ(settled(journal), (StoredTotals{4, 505}));
@@ -140,7 +141,7 @@ TEST_F(CleanUpTotalsTest, AreCappedAtTheLargestNumbers) {
     const MoveRow row = oneMove(journal, 8);
     EXPECT_EQ(settled(journal),
               (StoredTotals{9'223'372'036'854'775'807, 18'446'744'073'709'551'615U}));
-    // No file can count twice there either: it is put back from the end.
+    // Files that did not count at the limit are subtracted when put back.
     EXPECT_FALSE(journal.markPutBack(std::vector{row}));
     EXPECT_EQ(settled(journal),
               (StoredTotals{9'223'372'036'854'775'806, 18'446'744'073'709'551'607U}));
@@ -168,7 +169,7 @@ TEST_F(CleanUpTotalsTest, AreExactWhereverSettlingIsKilled) {
         CleanUpJournal journal = opened();
         EXPECT_EQ(settled(journal), (StoredTotals{files, bytes})) << step;
     }
-    // Three writes for each of two clean-ups, and the end.
+    // Three writes for each of two clean-ups, and one step at the end.
     EXPECT_EQ(step, 8);
 }
 
@@ -195,7 +196,7 @@ TEST_F(CleanUpTotalsTest, AreExactWhereverPuttingBackIsKilled) {
 
 TEST_F(CleanUpTotalsTest, AreExactWhereverTheRecoveryIsKilled) {
     std::int64_t files = 0;
-    // Killed once after the intent, once after the data file was written, then at every step.
+    // Killed after the intent, then after the data file was written, then at every step.
     for (const int firstDeath : {1, 2}) {
         int step = 0;
         for (bool isKilled = true; isKilled; ++step) {
@@ -283,7 +284,7 @@ TEST_F(CleanUpTotalsTest, ThatCannotBeStoredAreKeptInMemory) {
     DataFile data(own_);
     EXPECT_FALSE(data.loadDataFile());
     oneMove(journal, 10);
-    // A folder at the name of the new file: only the data file cannot be written.
+    // A folder has the name of the temporary file: only the data file cannot be written.
     folder_.makeFolder("own/data.plist.new/inside");
     for (int call = 0; call < 2; ++call) {
         const auto failure = settleTotals(data, journal);
@@ -297,7 +298,7 @@ TEST_F(CleanUpTotalsTest, ThatCannotBeStoredAreKeptInMemory) {
     EXPECT_FALSE(settleTotals(data, journal));
     EXPECT_EQ(stored(), (StoredTotals{4, 510}));
     EXPECT_EQ(data.alreadyDeletedCount(), 4);
-    // The journal itself has no room left: nothing is counted in the file that it does not know.
+    // The journal has no space left: the data file counts nothing that the journal does not have.
     oneMove(journal, 20);
     folder_.writeFile("own/filling", std::string(300'000, 'x'));
     const auto failure = settleTotals(data, journal);
@@ -369,7 +370,7 @@ TEST_F(CleanUpTotalsTest, InMemoryFollowOtherProcesses) {
     EXPECT_FALSE(settleTotals(one, journal));
     EXPECT_EQ(one.alreadyDeletedCount(), 7);
     EXPECT_EQ(one.alreadyDeletedSize(), 70U);
-    // With nothing to settle, too.
+    // Also with nothing to settle.
     EXPECT_FALSE(settleTotals(other, journal));
     EXPECT_EQ(other.alreadyDeletedCount(), 7);
 }
@@ -378,7 +379,7 @@ TEST_F(CleanUpTotalsTest, StayUnchangedIfTheJournalIsDamaged) {
     write("3", "500");
     CleanUpJournal journal = opened();
     oneMove(journal, 10);
-    // All but the first page, which says how large the file is.
+    // All but the first page, which contains the size of the file.
     std::string content = contentOf(file_);
     content.replace(4096, std::string::npos, std::string(content.size() - 4096, '\xA5'));
     folder_.writeFile("own/clean-ups.sqlite", content);

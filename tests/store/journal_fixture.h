@@ -26,7 +26,7 @@ inline void PrintTo(const StoredTotals& totals, std::ostream* out) {
     *out << totals.count << " files, " << totals.size << " bytes";
 }
 
-/// What a call returned that must not fail.
+/// Returns the value of a call that must not fail.
 template <typename Value>
 Value valueOf(StoreResult<Value> result) {
     if (const auto* error = std::get_if<StoreError>(&result)) {
@@ -36,14 +36,14 @@ Value valueOf(StoreResult<Value> result) {
     return std::get<Value>(std::move(result));
 }
 
-/// Why a call failed; a text of its own if it did not.
+/// Returns the error of a call; "no error" if it did not fail.
 template <typename Value>
 StoreError errorOf(const StoreResult<Value>& result) {
     const auto* error = std::get_if<StoreError>(&result);
     return error == nullptr ? StoreError{"", "no error", StoreError::Kind::missing} : *error;
 }
 
-/// Runs `work` in a child process; its exit status, or 128 and the signal that ended it.
+/// Runs `work` in a child process. Returns its exit status, or 128 plus the signal that ended it.
 template <typename Work>
 int inChildProcess(const Work& work) {
     const pid_t child = ::fork();
@@ -61,7 +61,7 @@ class JournalFixture : public ::testing::Test {
         return valueOf(CleanUpJournal::open(own_, std::chrono::seconds(10)));
     }
 
-    /// A move of each path: inode 1000 and up, size 10, 20, 30...
+    /// Returns a move for each path: inodes from 1000, sizes 10, 20, 30...
     static std::vector<PlannedMove> movesOf(const std::vector<std::string>& paths) {
         std::vector<PlannedMove> moves;
         for (const std::string& path : paths) {
@@ -76,7 +76,7 @@ class JournalFixture : public ::testing::Test {
         return {row, MoveState::moved, "/home/user/.local/share/Trash", trashName, ""};
     }
 
-    /// A finished clean-up of one file of `size` bytes that was moved. Its only row.
+    /// Adds a finished clean-up of one moved file of `size` bytes. Returns its row.
     static MoveRow oneMove(CleanUpJournal& journal, std::uint64_t size = 10) {
         const CleanUpId id = valueOf(journal.begin(Timestamp()));
         const std::vector<PlannedMove> moves{{"/home/user/a.txt", 7, size, std::nullopt}};

@@ -1,7 +1,6 @@
-// Shows what a clean-up does where something comes between: another clean-up, a change of its
-// files, a sudden end, a call that fails; and what many files of one name cost. Prints figures; the
-// exit status is 1 if one of those that have to be 0 is not. Everything happens in a private folder
-// in the place given.
+// Tests a clean-up against another clean-up, changes of its files, kills and failing calls, and
+// measures the cost of many files of one name. Prints figures; the exit status is 1 if one that
+// must be 0 is not. Uses only a private folder in the place given.
 
 #include "clean/trials/trials.h"
 #include "support/temporary_folder.h"

@@ -26,7 +26,7 @@ namespace fs = std::filesystem;
 constexpr std::array codes{EIO,    ENOSPC, EACCES, EPERM,  EROFS,
                            EDQUOT, ENOMEM, ESTALE, EINVAL, EXDEV};
 
-/// Two sets of three files; two of each are to go.
+/// Two sets of three files; two of each are marked.
 Originals writeTwoSets(const std::string& tree) {
     Originals originals;
     for (const char* folder : {"/a", "/b", "/c"}) {
@@ -40,7 +40,7 @@ Originals writeTwoSets(const std::string& tree) {
     return originals;
 }
 
-/// As `CleanUpRun` does it, with these calls.
+/// Cleans up as CleanUpRun does, with these calls.
 bool cleanUpWith(Modal& modal, TrashCalls& calls) {
     Platform& platform = systemPlatform();
     const std::string support = platform.applicationSupportFolder().value_or("");
@@ -89,7 +89,7 @@ std::uint64_t tryFaults(const TrialPlace& place) {
     }
     std::printf(
         "each of up to %zu calls of a clean-up's moves failing once, %zu reasons: %zu trials\n"
-        "  %s, %llu not recorded, %llu notes left open\n",
+        "  %s, %llu not recorded, %llu files left open\n",
         most, codes.size(), trials, described(losses).c_str(),
         static_cast<unsigned long long>(unrecorded), static_cast<unsigned long long>(open));
     return losses.sum() + unrecorded + open;

@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 using SteadyClock = std::chrono::steady_clock;
 using std::chrono::microseconds;
 
-/// Once the program has moved so many files, or has ended.
+/// Waits until the program has moved this many files, or has ended.
 void waitForMoves(const TrialHome& home, const Program& program, std::size_t files) {
     while (!program.hasEnded() && home.trashed() < files) {
         std::this_thread::yield();
@@ -26,7 +26,7 @@ class KillTrial final {
  public:
     KillTrial(const TrialPlace& place, std::size_t sets) : place_(place), sets_(sets) {}
 
-    /// How long a clean-up takes that nobody kills.
+    /// The duration of a clean-up that is not killed.
     microseconds wholeTime() {
         writeAnew();
         const auto begin = SteadyClock::now();
@@ -51,7 +51,7 @@ class KillTrial final {
 
     [[nodiscard]] std::size_t killed() const { return killed_; }
     [[nodiscard]] std::size_t amidMoves() const { return amidMoves_; }
-    [[nodiscard]] std::size_t notesWithoutFile() const { return notesWithoutFile_; }
+    [[nodiscard]] std::size_t trashInfosWithoutFile() const { return trashInfosWithoutFile_; }
 
  private:
     Losses endedNow(Program& program) {
@@ -63,7 +63,7 @@ class KillTrial final {
         Losses losses;
         losses.rows += std::uint64_t{!recoverAsAtTheStart()};
         losses += lossesOf(place_.home, originals_);
-        notesWithoutFile_ += place_.home.notesWithoutFile();
+        trashInfosWithoutFile_ += place_.home.trashInfosWithoutFile();
         return losses;
     }
 
@@ -82,7 +82,7 @@ class KillTrial final {
     Originals originals_;
     std::size_t killed_ = 0;
     std::size_t amidMoves_ = 0;
-    std::size_t notesWithoutFile_ = 0;
+    std::size_t trashInfosWithoutFile_ = 0;
 };
 
 }  // namespace
@@ -94,17 +94,17 @@ std::uint64_t tryKills(const TrialPlace& place, std::size_t rounds, std::size_t 
     std::uniform_int_distribution<std::size_t> move(1, 2 * sets);
     Losses losses;
     for (std::size_t round = 0; round < rounds; ++round) {
-        // Most of the time goes into other things than moves.
+        // Moves take only a small part of the time.
         losses += round % 4 == 0 ? trial.killAfter(microseconds(moment(random)))
                                  : trial.killAtMove(move(random));
     }
     std::printf(
         "killed clean-ups of %zu files, and the next start: %zu rounds, seed %llu\n"
         "  %zu were killed before their end, %zu of them amid their moves\n"
-        "  %s, %zu notes without a file\n",
+        "  %s, %zu .trashinfo files without a file\n",
         2 * sets, rounds, static_cast<unsigned long long>(place.seed), trial.killed(),
-        trial.amidMoves(), described(losses).c_str(), trial.notesWithoutFile());
-    return losses.sum() + trial.notesWithoutFile();
+        trial.amidMoves(), described(losses).c_str(), trial.trashInfosWithoutFile());
+    return losses.sum() + trial.trashInfosWithoutFile();
 }
 
 }  // namespace tarvin

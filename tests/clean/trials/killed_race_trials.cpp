@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 using SteadyClock = std::chrono::steady_clock;
 using std::chrono::microseconds;
 
-/// A move takes about so long; beyond it another one is under way.
+/// About the duration of a move.
 constexpr microseconds longestDelay{100};
 
 std::size_t countOf(const std::string& folder) {
@@ -35,13 +35,13 @@ void addContents(std::set<std::string>& contents, const std::string& folder) {
     }
 }
 
-/// Two clean-ups of two users, of which each keeps what the other one moves.
+/// Clean-ups of two users, each of which keeps the files that the other one moves.
 class KilledRace final {
  public:
     KilledRace(const TrialPlace& place, std::size_t sets)
         : place_(place), sets_(sets), other_(place.home.path() + "/other") {}
 
-    /// Both are killed once both together have moved so many files, and some time after that.
+    /// Kills both some time after they have moved this many files together.
     void run(std::size_t files, microseconds delay) {
         place_.home.renew();
         fs::remove_all(place_.tree);
@@ -56,7 +56,7 @@ class KilledRace final {
             }
             const auto moment = SteadyClock::now() + delay;
             while (SteadyClock::now() < moment) {
-                // For less than the system would sleep.
+                // Spins, since a sleep would be too long.
             }
             first.kill();
             second.kill();
@@ -87,7 +87,7 @@ class KilledRace final {
         return place_.home.trashed() + countOf(other_ + "/Trash/files");
     }
 
-    /// What is in the files that are outside every Trash.
+    /// Returns the contents of the files outside of Trash folders.
     [[nodiscard]] std::set<std::string> living() const {
         std::set<std::string> contents;
         addContents(contents, place_.tree + "/a");

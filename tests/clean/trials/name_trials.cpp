@@ -21,15 +21,14 @@ namespace {
 
 using SteadyClock = std::chrono::steady_clock;
 
-/// One name may take so much longer a file than different ones.
-constexpr double most = 1.5;
-/// The files are moved in so many parts, of one name and of different ones in turns, so that
-/// whatever else the machine is doing slows both down. The best of the last parts counts, as the
-/// Trash is fullest there.
+/// The maximum ratio of the times per file, one name to different names.
+constexpr double maxRatio = 1.5;
+/// The files are moved in parts, alternately of one name and of different names, so that other load
+/// slows both down. The best of the last parts counts, when the Trash is fullest.
 constexpr std::size_t parts = 10;
 constexpr std::size_t lastParts = 3;
 
-/// Files in a folder, made one after the other, and the Trash that they go to.
+/// Creates files in a folder one after the other and moves them to a Trash.
 class NamedFiles final {
  public:
     NamedFiles(const std::string& place, bool areNamedAlike)
@@ -39,7 +38,7 @@ class NamedFiles final {
               makeTrashMover({folder_.pathOf("Trash"), static_cast<std::uint32_t>(::geteuid())})),
           areNamedAlike_(areNamedAlike) {}
 
-    /// The time that the moves alone took; those that failed are counted.
+    /// Returns the time of the moves alone; counts failed moves.
     SteadyClock::duration move(std::size_t files) {
         SteadyClock::duration took{};
         for (std::size_t each = 0; each < files; ++each, ++made_) {
@@ -91,10 +90,10 @@ std::uint64_t tryNames(const TrialPlace& place, std::size_t files) {
     const std::uint64_t refused = alike.refused() + different.refused();
     std::printf(
         "%zu files of one name: %.1f us each, %.1f us with names of their own; at the end %.2f "
-        "times as long (at most %.1f)\n  %llu were not moved\n",
+        "times as long (at maxRatio %.1f)\n  %llu were not moved\n",
         each * parts, timeOfEach(alikeTook, each * parts), timeOfEach(differentTook, each * parts),
-        best, most, static_cast<unsigned long long>(refused));
-    return refused + std::uint64_t{best > most};
+        best, maxRatio, static_cast<unsigned long long>(refused));
+    return refused + std::uint64_t{best > maxRatio};
 }
 
 }  // namespace tarvin

@@ -31,7 +31,7 @@ Program::Program(const std::vector<std::string>& words, const std::string& dataH
     if (process_ != 0) {
         return;
     }
-    // Here nothing may need a lock that another thread held; this process has one thread by now.
+    // setenv() is safe here: the process had a single thread when it forked, so no lock is held.
     if (!dataHome.empty()) {
         ::setenv("XDG_DATA_HOME", dataHome.c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
     }

@@ -8,22 +8,22 @@
 
 namespace tarvin {
 
-/// The finished program for the terminal, on its way and silent.
+/// The running program `tarvin`, without output.
 class Program final {
  public:
-    /// `dataHome`: its XDG_DATA_HOME; empty for this process's.
+    /// `dataHome` is its XDG_DATA_HOME; if empty, that of this process.
     explicit Program(const std::vector<std::string>& words, const std::string& dataHome = {});
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
     ~Program();
 
     void kill() const;
-    /// Returns once it has ended: its exit status, or -1 if a signal ended it or it could not
+    /// Waits for its end. Returns its exit status, or -1 if a signal ended it or it could not
     /// start.
     int wait();
     /// Whether it has ended, without waiting for it.
     [[nodiscard]] bool hasEnded() const;
-    /// Returns once it has ended, or after that time.
+    /// Waits for its end or for that time.
     void letRun(std::chrono::microseconds time) const;
 
  private:

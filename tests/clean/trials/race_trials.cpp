@@ -14,7 +14,7 @@ struct Race {
     Losses losses;
     std::uint64_t sets = 0;
     std::size_t contested = 0;  ///< rounds in which each of the two moved files
-    std::size_t failed = 0;     ///< programs that did not come to their end by themselves
+    std::size_t failed = 0;     ///< programs that failed
 };
 
 std::size_t filesIn(const std::string& folder) {
@@ -22,7 +22,7 @@ std::size_t filesIn(const std::string& folder) {
         std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
 }
 
-/// Of two users nothing but the contents is compared: the second one's Trash is elsewhere.
+/// With two users, only contents are compared: the Trash of the second user is elsewhere.
 void raceOnce(const TrialPlace& place, std::size_t sets, bool twoUsers, Race& race) {
     place.home.renew();
     fs::remove_all(place.tree);

@@ -26,11 +26,10 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::string content = "the one content";
-/// As long as the content.
+/// Same length as the content.
 const std::string foreign = "something else!";
 
-/// A set of two files: the first stays, the second is to go. What is done to it is undone at the
-/// end of a trial as far as it outlives the tree.
+/// A set of two files, of which the second is marked. Mounts are removed at the end of a trial.
 struct Scene {
     std::string tree;
     std::string keptFolder = tree + "/kept";
@@ -47,7 +46,7 @@ void forge(const std::string& path) {
     fs::last_write_time(path, date);
 }
 
-/// By another file of the same size and date.
+/// Replaces a file by another one of the same size and date.
 void replace(const std::string& path) {
     const auto date = fs::last_write_time(path);
     writeBytes(path + ".new", foreign);
@@ -57,7 +56,7 @@ void replace(const std::string& path) {
 
 void mountOnKept(Scene& scene, const std::string& source, const char* type, unsigned long flags,
                  const std::string& options) {
-    // What was kept is gone: the only copy is the one that is shown twice.
+    // The kept file is hidden: the only copy is shown under both paths.
     fs::remove(scene.kept);
     scene.isMounted =
         ::mount(source.c_str(), scene.keptFolder.c_str(), type, flags, options.c_str()) == 0;
@@ -73,11 +72,11 @@ void showSecondFileSystem(Scene& scene) {
 
 struct Change {
     const char* what;
-    /// Whether it is made to the marked file: not once that is in the Trash.
+    /// Whether it changes the marked file; such a change is not made once that is in the Trash.
     bool needsMarked = false;
     std::function<void(Scene&)> make{};
-    /// Amid a move no look can tell it from the move, which is itself a change without another
-    /// date: the file goes to the Trash whole, with the bytes that it has by then.
+    /// During a move it cannot be distinguished from the move, which also changes only the change
+    /// date: the file is moved to the Trash with its current bytes.
     bool mayGoAlong = false;
 };
 
@@ -122,13 +121,13 @@ const std::array changes{
     Change{"the same in a second file system (overlay)", false, showSecondFileSystem},
 };
 
-/// Before the clean-up, or before one of the steps of its move.
+/// Moments of the change: before the clean-up, or before a step of its move.
 constexpr std::array<std::optional<MoveStep>, 5> moments{std::nullopt, MoveStep::checkFile,
                                                          MoveStep::findSurvivor,
                                                          MoveStep::moveToTrash, MoveStep::recheck};
 
-/// Until a change of a file gets another date than one that was made before: some kernels count
-/// dates in ticks, and nobody can tell two changes within one tick apart.
+/// Waits until a change of a file gets a new date: some kernels count dates in ticks, so that two
+/// changes within one tick have the same date.
 void waitForNextTick() {
     const auto now = [] {
         timespec time{};
@@ -137,7 +136,7 @@ void waitForNextTick() {
     };
     const auto begin = now();
     while (now() == begin) {
-        // A tick is a hundredth of a second at most.
+        // A tick is at most 10 ms.
     }
 }
 
@@ -157,7 +156,7 @@ void cleanUpBetween(Modal& modal, std::function<void(MoveStep)> beforeStep) {
     static_cast<void>((*run)->finish(totals));
 }
 
-/// How many regular files of these bytes are in the tree, nothing mounted.
+/// Counts the regular files with these bytes in the tree. Requires that nothing is mounted.
 std::size_t living(const std::string& tree, const std::string& bytes) {
     std::size_t count = 0;
     for (const auto& entry : fs::recursive_directory_iterator(tree)) {
@@ -169,10 +168,10 @@ std::size_t living(const std::string& tree, const std::string& bytes) {
 
 struct SwapFigures {
     std::size_t rounds = 0;
-    std::size_t made = 0;       ///< rounds in which it came to the change
-    std::size_t moved = 0;      ///< the marked file went to the Trash, rightly
+    std::size_t made = 0;       ///< rounds in which the change was made
+    std::size_t moved = 0;      ///< the marked file was moved, correctly
     std::uint64_t lost = 0;     ///< no living copy of the content
-    std::uint64_t foreign = 0;  ///< somebody's own bytes are in the Trash
+    std::uint64_t foreign = 0;  ///< other bytes are in the Trash
     int refusal = 0;
 };
 
@@ -242,7 +241,7 @@ std::uint64_t trySwaps(const TrialPlace& place, std::size_t rounds) {
     }
     std::printf(
         "  lost: no living copy of the content; foreign: other bytes are in the Trash\n"
-        "  *: once the file was looked at nobody can tell; its bytes are in the Trash, whole\n");
+        "  *: cannot be detected after the check; the file with these bytes is in the Trash\n");
     return bad;
 }
 

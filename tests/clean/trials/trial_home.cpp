@@ -44,24 +44,24 @@ std::string decoded(std::string_view text) {
     return bytes;
 }
 
-/// The path that a whole note tells; empty if it is not whole.
-std::string pathInNote(const std::string& note) {
+/// Returns the path in a .trashinfo file; empty if the file is incomplete.
+std::string pathInTrashInfo(const std::string& text) {
     constexpr std::string_view head = "[Trash Info]\nPath=";
     constexpr std::string_view date = "\nDeletionDate=";
     constexpr std::size_t dateLength = std::string_view("2026-01-31T12:00:00\n").size();
-    const std::size_t at = note.find(date);
-    if (!note.starts_with(head) || at == std::string::npos || !note.ends_with('\n') ||
-        note.size() != at + date.size() + dateLength) {
+    const std::size_t at = text.find(date);
+    if (!text.starts_with(head) || at == std::string::npos || !text.ends_with('\n') ||
+        text.size() != at + date.size() + dateLength) {
         return {};
     }
-    return decoded(std::string_view(note).substr(head.size(), at - head.size()));
+    return decoded(std::string_view(text).substr(head.size(), at - head.size()));
 }
 
 std::string supportFolder() {
     return systemPlatform().applicationSupportFolder().value_or("");
 }
 
-/// The names in the Trash that the journal knows as moved there.
+/// Returns the names in the Trash that the journal has as moved.
 std::set<std::string> journalNames(const std::string& trash) {
     std::set<std::string> names;
     auto opened = CleanUpJournal::open(supportFolder());
@@ -79,7 +79,7 @@ std::set<std::string> journalNames(const std::string& trash) {
                                      }
                                      return true;
                                  });
-        static_cast<void>(failure);  // then names are missing
+        static_cast<void>(failure);  // shows as missing names
     }
     return names;
 }
@@ -103,10 +103,10 @@ std::size_t TrialHome::trashed() const {
     return entriesOf(trash() + "/files").size();
 }
 
-std::size_t TrialHome::notesWithoutFile() const {
+std::size_t TrialHome::trashInfosWithoutFile() const {
     std::size_t count = 0;
-    for (const fs::path& note : entriesOf(trash() + "/info")) {
-        count += std::size_t{!fs::exists(trash() + "/files/" + note.stem().native())};
+    for (const fs::path& info : entriesOf(trash() + "/info")) {
+        count += std::size_t{!fs::exists(trash() + "/files/" + info.stem().native())};
     }
     return count;
 }
@@ -114,7 +114,7 @@ std::size_t TrialHome::notesWithoutFile() const {
 Losses& Losses::operator+=(const Losses& more) {
     contents += more.contents;
     files += more.files;
-    notes += more.notes;
+    trashInfos += more.trashInfos;
     rows += more.rows;
     totals += more.totals;
     return *this;
@@ -123,7 +123,7 @@ Losses& Losses::operator+=(const Losses& more) {
 std::string described(const Losses& losses) {
     std::string text = std::to_string(losses.contents) + " without a living copy";
     text += ", " + std::to_string(losses.files) + " files lost";
-    text += ", " + std::to_string(losses.notes) + " without a note";
+    text += ", " + std::to_string(losses.trashInfos) + " without a .trashinfo file";
     text += ", " + std::to_string(losses.rows) + " without a journal row";
     text += ", " + std::to_string(losses.totals) + " wrong totals";
     return text;
@@ -148,10 +148,11 @@ Losses lossesOf(const TrialHome& home, const Originals& originals) {
     std::uint64_t size = 0;
     for (const fs::path& file : entriesOf(home.trash() + "/files")) {
         const std::string name = file.filename();
-        const std::string from = pathInNote(bytesOf(home.trash() + "/info/" + name + ".trashinfo"));
+        const std::string from =
+            pathInTrashInfo(bytesOf(home.trash() + "/info/" + name + ".trashinfo"));
         const auto original = originals.find(from);
         const std::string bytes = bytesOf(file);
-        losses.notes += std::uint64_t{original == originals.end()};
+        losses.trashInfos += std::uint64_t{original == originals.end()};
         losses.rows += std::uint64_t{rows.erase(name) == 0};
         if (original != originals.end() && original->second == bytes) {
             missing.erase(from);

@@ -12,22 +12,22 @@
 
 namespace tarvin {
 
-/// The home of the user who cleans up in a trial, with a Trash, a journal and totals: a folder of
-/// the trial's own. This process and its children have it for theirs.
+/// The home of the user of a trial, with a Trash, a journal and totals. This process and its
+/// children use it as theirs.
 class TrialHome final {
  public:
-    /// `path` need not exist. Before anything asks where the Trash is.
+    /// `path` need not exist. To be created before the location of the Trash is first determined.
     explicit TrialHome(std::string path);
 
-    /// Empties it.
+    /// Deletes its contents.
     void renew() const;
 
     [[nodiscard]] const std::string& path() const { return path_; }
     [[nodiscard]] std::string trash() const { return path_ + "/data/Trash"; }
     /// Files that are in the Trash.
     [[nodiscard]] std::size_t trashed() const;
-    /// Notes in the Trash that tell of nothing that is there.
-    [[nodiscard]] std::size_t notesWithoutFile() const;
+    /// Returns the number of .trashinfo files without a file in the Trash.
+    [[nodiscard]] std::size_t trashInfosWithoutFile() const;
 
  private:
     const std::string path_;
@@ -36,37 +36,39 @@ class TrialHome final {
 /// The files of a trial as they were written, by their paths.
 using Originals = std::map<std::string, std::string>;
 
-/// What must not be: each of these has to be 0.
+/// Losses; each must be 0.
 struct Losses {
-    std::uint64_t contents = 0;  ///< no file outside the Trash has it
-    std::uint64_t files = 0;     ///< neither in its place nor in the Trash
-    std::uint64_t notes = 0;     ///< files in the Trash without a whole note of where they were
-    std::uint64_t rows = 0;      ///< files in the Trash that the journal does not have there, or
-                                 ///< the other way round
-    std::uint64_t totals = 0;    ///< 1 if the lifetime totals are not what is in the Trash
+    std::uint64_t contents = 0;    ///< without a file outside the Trash
+    std::uint64_t files = 0;       ///< neither in its place nor in the Trash
+    std::uint64_t trashInfos = 0;  ///< files in the Trash without a complete .trashinfo file
+    std::uint64_t rows = 0;        ///< files in the Trash without a journal row, or rows without
+                                   ///< a file
+    std::uint64_t totals = 0;      ///< 1 if the lifetime totals are not what is in the Trash
 
-    [[nodiscard]] std::uint64_t sum() const { return contents + files + notes + rows + totals; }
+    [[nodiscard]] std::uint64_t sum() const {
+        return contents + files + trashInfos + rows + totals;
+    }
     Losses& operator+=(const Losses& more);
 };
 
-/// "3 contents, 1 note", for a person.
+/// Returns a text such as "3 files lost, 1 wrong totals".
 [[nodiscard]] std::string described(const Losses& losses);
 
-/// Compares what is there now with what was. All clean-ups have ended or been recovered.
+/// Compares the current state with the original files. Requires that all clean-ups have ended or
+/// been recovered.
 [[nodiscard]] Losses lossesOf(const TrialHome& home, const Originals& originals);
 
 /// Writes sets of equal files, one of each set in each of `folders`, whose paths begin with '/'.
 [[nodiscard]] Originals writeSets(const std::string& tree,
                                   std::initializer_list<const char*> folders, std::size_t sets);
 
-/// Finds out what became of clean-ups whose process was killed, as the programs do at their start.
-/// False if that failed.
+/// Recovers killed clean-ups as the programs do at their start. Returns false if that failed.
 [[nodiscard]] bool recoverAsAtTheStart();
 
-/// The result of a scan of these folders, in this order, the first file of each set unmarked.
+/// Scans these folders, in this order, and marks all files but the first of each set.
 [[nodiscard]] std::shared_ptr<Modal> scanned(const std::vector<std::string>& folders);
 
-/// The bytes of a file; empty if it cannot be read.
+/// Returns the bytes of a file; empty if it cannot be read.
 [[nodiscard]] std::string bytesOf(const std::string& path);
 void writeBytes(const std::string& path, const std::string& bytes);
 
