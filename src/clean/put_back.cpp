@@ -194,7 +194,7 @@ std::optional<StoreError> PutBack::examine(CleanUpId id,
 /// Puts back all files that can be. Returns a failure to read the journal; `failure` receives the
 /// first failure to write it.
 std::optional<StoreError> PutBack::putBackAll(CleanUpId id, const Settings& settings,
-                                            std::optional<StoreError>& failure) {
+                                              std::optional<StoreError>& failure) {
     MarkBatch putBack(journal_, *trash_, &CleanUpJournal::markPutBack);
     MarkBatch lost(journal_, *trash_, &CleanUpJournal::markLost);
     bool isStopped = false;

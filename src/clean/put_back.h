@@ -36,7 +36,7 @@ struct UncheckedCleanUp {
 };
 
 /// Reads the clean-up `id`, or else the newest one with files in the Trash, with up to `maxPaths`
-/// paths. nullopt if there is none, or if the journal cannot be read.
+/// paths. Returns nullopt if there is none, or if the journal cannot be read.
 [[nodiscard]] std::optional<UncheckedCleanUp> uncheckedCleanUp(
     CleanUpJournal& journal, std::size_t maxPaths, std::optional<CleanUpId> id = std::nullopt);
 
@@ -45,9 +45,10 @@ struct UncheckedCleanUp {
 class PutBack final {
  public:
     struct Settings {
-        std::function<bool()> stopped;  ///< polled before each file; may be empty
-        std::function<void(const PutBackFile& file)>
-            report;  ///< called for each file; may be empty
+        /// Polled before each file; may be empty.
+        std::function<bool()> stopped;
+        /// Called for each file; may be empty.
+        std::function<void(const PutBackFile& file)> report;
     };
 
     /// Opens the journal and recovers crashed clean-ups. Fails if there is no usable journal.
@@ -88,7 +89,7 @@ class PutBack final {
     StoreResult<std::optional<NothingToPutBack>> nothingIn(const CleanUpSummary& cleanUp,
                                                            const std::function<bool()>& stopped);
     std::optional<StoreError> putBackAll(CleanUpId id, const Settings& settings,
-                                       std::optional<StoreError>& failure);
+                                         std::optional<StoreError>& failure);
 
     DataFile& totals_;
     CleanUpJournal journal_;

@@ -24,7 +24,7 @@ struct MoveTools {
     FileSystem& fileSystem;
     TrashMover& trash;
     OpenFolders& folders;
-    std::function<bool()> stopped;             ///< polled before each file and chunk; may be empty
+    std::function<bool()> stopped;  ///< polled before each file and chunk read; may be empty
     std::function<void(MoveStep)> beforeStep;  ///< may be empty
 };
 
@@ -42,8 +42,8 @@ class SetMove final {
     /// compared.
     SetMove(const MoveTools& tools, const Set& set, bool mayTakeAll);
 
-    /// Moves a file of the set and sets `place`. Unless the outcome is `moved`, the file is in its
-    /// original place, possibly after it was moved back.
+    /// Moves a file of the set and sets `place`. With any outcome but `moved` the file has not been
+    /// moved, or has been moved back.
     [[nodiscard]] MoveResult move(const File& file, TrashPlace& place);
 
  private:
