@@ -77,7 +77,7 @@ std::shared_ptr<Modal> scanTree(const std::string& folder, std::size_t sets) {
     run.start({{folder + "/keep", "", "", true, true}, {folder + "/copies", "", "", true, true}},
               {});
     run.wait();
-    std::shared_ptr<Modal> modal = run.modal();
+    std::shared_ptr<Modal> modal = run.result().modal;
     if (modal == nullptr || modal->totalFiles() != sets) {
         fail("The scan did not find the sets of " + folder);
     }

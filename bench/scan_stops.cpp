@@ -72,7 +72,7 @@ void showProgress(const std::string& folder) {
     }
     run.wait();
     std::printf("      end     %llu, %llu sets\n", static_cast<unsigned long long>(run.processed()),
-                static_cast<unsigned long long>(run.modal()->totalFiles()));
+                static_cast<unsigned long long>(run.result().modal->totalFiles()));
 }
 
 void stopAt(const std::string& folder, std::uint64_t percent) {
@@ -87,7 +87,7 @@ void stopAt(const std::string& folder, std::uint64_t percent) {
     run.wait();
     std::printf("stop at %2llu %% of the bytes: %llu of %zu sets, after %.3f s\n",
                 static_cast<unsigned long long>(percent),
-                static_cast<unsigned long long>(run.modal()->totalFiles()), pairs,
+                static_cast<unsigned long long>(run.result().modal->totalFiles()), pairs,
                 secondsSince(stopped));
 }
 

@@ -215,7 +215,7 @@ class Tour final {
         tarvin::ScanRun& run = product_.delegate().scan().run();
         files_ = run.processed();
         sets_ = 0;
-        for (const auto& extension : run.modal()->extensions()) {
+        for (const auto& extension : run.result().modal->extensions()) {
             sets_ += extension->nummberOfSets();
         }
         collecting_.add(watch_.collecting());

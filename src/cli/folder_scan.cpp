@@ -54,16 +54,16 @@ void FolderScan::wait() {
         run_.wait();
     }
     complainAboutAll(folders_.unreadable);
-    complainAboutAll(run_.unreadableLocations());
-    complainAboutAll(run_.unreadable());
-    if (run_.ranOutOfMemory()) {
+    complainAboutAll(run_.result().unreadableLocations);
+    complainAboutAll(run_.result().unreadable);
+    if (run_.result().ranOutOfMemory) {
         complain("there is not enough memory to finish the scan; the result is incomplete");
     }
 }
 
 bool FolderScan::hasReadAll() const {
-    return folders_.unreadable.empty() && run_.unreadableLocations().empty() &&
-           run_.unreadable().total() == 0 && !run_.ranOutOfMemory();
+    return folders_.unreadable.empty() && run_.result().unreadableLocations.empty() &&
+           run_.result().unreadable.total() == 0 && !run_.result().ranOutOfMemory;
 }
 
 ScanReport FolderScan::report() const {

@@ -28,10 +28,10 @@ class FolderScan final {
 
     /// These after wait(). The report shares the result.
     [[nodiscard]] ScanReport report() const;
-    [[nodiscard]] const std::shared_ptr<Modal>& modal() const { return run_.modal(); }
+    [[nodiscard]] const std::shared_ptr<Modal>& modal() const { return run_.result().modal; }
     /// Whether every folder and file could be read, and there was memory for the whole scan.
     [[nodiscard]] bool hasReadAll() const;
-    [[nodiscard]] bool ranOutOfMemory() const { return run_.ranOutOfMemory(); }
+    [[nodiscard]] bool ranOutOfMemory() const { return run_.result().ranOutOfMemory; }
 
  private:
     [[nodiscard]] bool showsProgress() const;

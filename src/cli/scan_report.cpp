@@ -91,21 +91,21 @@ std::string reasonOf(const UnreadableLocation& location) {
 ScanReport reportOf(const ScanRun& run) {
     ScanReport report;
     for (ScanReport::CategoryReport& category : report.categories) {
-        category.collected = run.collected(category.category);
+        category.collected = run.result().collected(category.category);
         // A scan that found no files has not made a list.
-        if (const std::shared_ptr<Modal>& result = run.of(category.category)) {
+        if (const std::shared_ptr<Modal>& result = run.result().of(category.category)) {
             category.result = result;
         }
     }
-    report.stopped = run.wasStopped() || run.ranOutOfMemory();
-    report.elapsedSeconds = run.duration().count();
-    for (const UnreadableLocation& location : run.unreadableLocations()) {
+    report.stopped = run.wasStopped() || run.result().ranOutOfMemory;
+    report.elapsedSeconds = run.result().duration.count();
+    for (const UnreadableLocation& location : run.result().unreadableLocations) {
         report.unreadable.push_back({location.path, reasonOf(location)});
     }
-    for (const Unreadable& unreadable : run.unreadable().kept) {
+    for (const Unreadable& unreadable : run.result().unreadable.kept) {
         report.unreadable.push_back({unreadable.path, unreadable.error.text()});
     }
-    report.notCompared = run.unreadable().collectedFiles;
+    report.notCompared = run.result().unreadable.collectedFiles;
     return report;
 }
 

@@ -1,14 +1,8 @@
 #include "controller/results.h"
 
-#include <array>
-
 namespace tarvin {
 
 namespace {
-
-/// In the order in which the joined list has them.
-constexpr std::array joinedViews{ResultView::image, ResultView::video, ResultView::audio,
-                                 ResultView::documents, ResultView::other};
 
 Category categoryOf(ResultView view) {
     switch (view) {
@@ -39,12 +33,12 @@ ViewFlags flagsOf(ResultView view) {
 }  // namespace
 
 void Results::begin() {
-    modal = scan.modal();
+    modal = scan.result().modal;
     tabs = flagsOf(ResultView::all);
 }
 
 const std::shared_ptr<Modal>& Results::of(ResultView view) const {
-    return scan.of(categoryOf(view));
+    return scan.result().of(categoryOf(view));
 }
 
 void Results::change(ResultView view) {
@@ -56,16 +50,7 @@ void Results::change(ResultView view) {
         modal = of(view);
         return;
     }
-    modal = std::make_shared<Modal>();
-    for (const ResultView joined : joinedViews) {
-        const std::shared_ptr<Modal>& category = of(joined);
-        if (!category) {
-            continue;
-        }
-        modal->addExtensionFromArray(category->extensions());
-        modal->setTotalFiles(modal->totalFiles() + category->totalFiles());
-        modal->setTotalFilesSize(modal->totalFilesSize() + category->totalFilesSize());
-    }
+    modal = joinCategories(scan.result().categories);
 }
 
 void Results::forget() {

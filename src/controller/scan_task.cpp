@@ -30,7 +30,7 @@ ScanTask::ScanTask(Session& session, MainWindow& window, Alerts& alerts, Locatio
       screen_(*window.progress),
       alerts_(alerts),
       locations_(locations),
-      run_(session.platform, messenger_, {.standsBack = true}) {
+      run_(session.platform, messenger_, {.lowPriority = true}) {
     // In the words that pause() compares it with.
     setPauseTitle(ScanScreenTexts::pause());
     redraw_.setInterval(redrawMilliseconds);
@@ -132,7 +132,7 @@ void ScanTask::comparisonIsOver(quint64 processed) {
         Q_EMIT collectionStopped();
     }
     hideNotices();
-    const bool isIncomplete = run_.ranOutOfMemory();
+    const bool isIncomplete = run_.result().ranOutOfMemory;
     Q_EMIT finished();
     if (isIncomplete) {
         alerts_.show(noticeOf(ScanScreenTexts::outOfMemory()), [](int) {});

@@ -18,13 +18,6 @@
 
 namespace tarvin {
 
-/// A location that could not be read, and why.
-struct UnreadableLocation {
-    std::string path;
-    SystemError error;
-    bool isTrash = false;  ///< a Trash folder or inside one; these are never walked
-};
-
 /// The first phase of a scan: walks the checked locations and puts every file that has a file-name
 /// extension into the list of its category, in the order of the listings.
 ///

@@ -2,8 +2,8 @@
 
 #include "platform/start_thread.h"
 #include "platform/thread_priority.h"
-#include "scan/texts.h"
 
+#include <array>
 #include <new>
 #include <utility>
 
@@ -11,24 +11,23 @@ namespace tarvin {
 
 namespace {
 
-// The order in which comparisons begin and their results are put together.
-constexpr std::array comparisonOrder{Category::image, Category::video, Category::audio,
-                                     Category::documents, Category::other};
-
-// Workers have nothing left to do when a comparison that was not stopped is over.
+// After a comparison that was not stopped the workers have nothing left to do.
 constexpr std::chrono::seconds patienceAfterTheEnd{5};
 
-/// What a scan has left behind.
-struct Remains {
+/// The data of a scan that its owner has dropped.
+struct DroppedScan {
     std::shared_ptr<ScanWork> work;
-    ScanRun::CategoryResults results;
-    std::shared_ptr<Modal> modal;
+    ScanResult result;
 };
 
 }  // namespace
 
 ScanRun::ScanRun(Platform& platform, ScanObserver& observer, Settings settings)
-    : platform_(platform), observer_(observer), settings_(settings), work_(makeWork()) {}
+    : platform_(platform),
+      observer_(observer),
+      settings_(settings),
+      work_(makeWork()),
+      elapsedTime_(platform.clock(), observer, settings.elapsedStep, [this] { return pause(); }) {}
 
 ScanRun::~ScanRun() {
     requestStop();
@@ -62,18 +61,15 @@ void ScanRun::start(std::vector<LocationRow> rows, ExceptionFilter exceptions) {
     changeWork(next);
     scanning_ = true;
     wasStopped_ = false;
-    ranOutOfMemory_ = false;
-    scanStartDate_ = platform_.clock().now();
+    result_ = {};
+    const Timestamp now = platform_.clock().now();
+    scanStartDate_ = now;
     started_ = platform_.clock().steadyNow();
-    duration_ = {};
-    collected_ = {};
-    unreadableLocations_.clear();
-    unreadable_ = {};
     {
         const std::lock_guard lock(mutex_);
         running_ = true;
     }
-    startElapsedTimeThread();
+    elapsedTime_.startElapsedTimeThread(now);
     scanThread_ = startThread([this] { scanTask(); });
     if (!scanThread_.joinable()) {
         scanTask();
@@ -85,7 +81,10 @@ void ScanRun::wait() {
         std::unique_lock lock(mutex_);
         changed_.wait(lock, [this] { return !running_; });
     }
-    joinThreads();
+    if (scanThread_.joinable()) {
+        scanThread_.join();
+    }
+    elapsedTime_.wait();
 }
 
 void ScanRun::requestStop() {
@@ -101,55 +100,50 @@ void ScanRun::homeCleanup() {
     wait();
     freeResult();
     clearFlags();
-    collected_ = {};
-    unreadableLocations_.clear();
-    unreadable_ = {};
     go_ = false;
     exactScanCompleted_ = false;
     wasStopped_ = false;
-    ranOutOfMemory_ = false;
     scanStartDate_ = std::nullopt;
-    duration_ = {};
 }
 
-/// A million files and their sets take a tenth of a second, in which the owner would not answer.
+/// On a background thread: freeing a million files takes 0.1 s, which would stall the owner's.
 void ScanRun::freeResult() {
-    auto remains = std::make_unique<Remains>(Remains{
-        work(), std::exchange(results_, {}), std::exchange(modal_, std::make_shared<Modal>())});
+    auto dropped = std::make_unique<DroppedScan>(DroppedScan{work(), std::exchange(result_, {})});
     changeWork(makeWork());
-    if (remains->work->lists().store->fileCount() == 0 && remains->modal->extensionCount() == 0) {
+    if (dropped->work->lists().store->fileCount() == 0 &&
+        dropped->result.modal->extensionCount() == 0) {
         return;
     }
     if (freeingThread_.joinable()) {
         freeingThread_.join();
     }
-    freeingThread_ = startThread([left = std::move(remains)]() mutable {
+    freeingThread_ = startThread([dropped = std::move(dropped)]() mutable {
         standBack();
-        left = nullptr;
+        dropped = nullptr;
     });
 }
 
 void ScanRun::scanTask() {
-    if (settings_.standsBack) {
-        // All threads of the scan but the one of the elapsed time descend from this one.
+    if (settings_.lowPriority) {
+        // This thread starts all threads of the scan but the elapsed-time thread.
         standBack();
     }
     added_ = false;
     go_ = true;
-    addAllPhotos();
-    if (go_) {
+    ScanResult result;
+    addAllPhotos(result);
+    const bool compares = go_;
+    if (compares) {
         afterSimilarReportCall_ = false;
-        exactMethod();
-    } else {
-        scanning_ = false;
-        finish();
+        exactMethod(result);
     }
+    finish(std::move(result), compares);
 }
 
-void ScanRun::addAllPhotos() {
+void ScanRun::addAllPhotos(ScanResult& result) {
     const std::shared_ptr<ScanWork> work = this->work();
     runCollection(work);
-    ranOutOfMemory_ = work->control().outOfMemory();
+    result.ranOutOfMemory = work->control().outOfMemory();
     if (work->isLeftBehind() || work->outcome() == Collector::Outcome::stopped) {
         work->endWorkers(settings_.patienceAfterStop);
         // The comparison of empty lists that follows shows an empty result.
@@ -158,15 +152,17 @@ void ScanRun::addAllPhotos() {
         return;
     }
     for (const Category category : allCategories) {
-        collected_[static_cast<std::size_t>(category)] = work->lists().of(category).size();
+        result.collectedFiles[static_cast<std::size_t>(category)] =
+            work->lists().of(category).size();
     }
-    unreadableLocations_ = work->unreadableLocations();
-    unreadable_ = work->unreadable();
+    result.unreadableLocations = work->unreadableLocations();
+    result.unreadable = work->unreadable();
     go_ = work->outcome() == Collector::Outcome::collected;
     added_ = true;
 }
 
-/// Returns when the collection is over, or was left behind after a stop.
+/// Returns when the collection has ended, or was left behind after a stop. It has its own thread so
+/// that it can be left behind.
 void ScanRun::runCollection(const std::shared_ptr<ScanWork>& work) {
     std::thread collection = startThread([work] { work->collect(); });
     if (!collection.joinable()) {
@@ -175,7 +171,7 @@ void ScanRun::runCollection(const std::shared_ptr<ScanWork>& work) {
     }
     std::chrono::milliseconds sinceStop{0};
     while (!work->waitForCollection(settings_.watchStep)) {
-        lookAround(*work);
+        watchCalls(*work);
         if (!work->control().stop()) {
             continue;
         }
@@ -189,154 +185,107 @@ void ScanRun::runCollection(const std::shared_ptr<ScanWork>& work) {
     collection.join();
 }
 
-/// Notices calls that do not return.
-void ScanRun::lookAround(ScanWork& work) {
+/// Finds calls that do not return.
+void ScanRun::watchCalls(ScanWork& work) {
     work.watch().tick();
     work.pool().allowForStuck(work.watch().lasting(settings_.stepsBeforeStandIn));
-    if (stepsUntilTold_ > 0) {
-        --stepsUntilTold_;
+    if (stepsUntilReported_ > 0) {
+        --stepsUntilReported_;
         return;
     }
     try {
-        tellOfWait(work);
+        reportWait(work);
     } catch (const std::bad_alloc&) {
-        // Whoever needs the memory for the scan itself ends it; this can be told later.
-        stepsUntilTold_ = settings_.stepsBeforeStandIn;
+        // A report can wait; code that needs memory for the scan itself ends the scan.
+        stepsUntilReported_ = settings_.stepsBeforeStandIn;
     }
 }
 
-void ScanRun::tellOfWait(ScanWork& work) {
+void ScanRun::reportWait(ScanWork& work) {
     const std::optional<IoWatch::Waiting> waiting =
-        work.watch().longest(settings_.stepsBeforeWaitIsTold);
+        work.watch().longest(settings_.stepsBeforeWaitIsReported);
     if (waiting && !work.control().pause()) {
         work.observer().waitingFor(waiting->path);
-        stepsUntilTold_ = settings_.stepsBeforeStandIn;
+        stepsUntilReported_ = settings_.stepsBeforeStandIn;
     }
 }
 
-/// Runs the five comparisons.
-void ScanRun::exactMethod() {
+/// Runs the five comparisons and joins their results.
+void ScanRun::exactMethod(ScanResult& result) {
     const std::shared_ptr<ScanWork> work = this->work();
     exactScanCompleted_ = false;
     work->observer().comparisonStarted(work->lists().total());
-    results_ = {};
     work->prepareComparison();
-    startComparisons(work);
-    std::unique_lock lock(mutex_);
-    while (!changed_.wait_for(lock, settings_.watchStep,
-                              [this] { return comparisonsRunning_ == 0; })) {
-        lock.unlock();
-        lookAround(*work);
-        lock.lock();
+    result.categories = compareCategories(work);
+    const bool hasEnded = work->endWorkers(work->control().stop() ? settings_.patienceAfterStop
+                                                                  : patienceAfterTheEnd);
+    if (hasEnded) {
+        work->endComparison();
     }
-    lock.unlock();
-    for (std::thread& thread : comparisonThreads_) {
+    result.modal = joinCategories(result.categories);
+    result.unreadable = work->unreadable();
+    result.ranOutOfMemory = result.ranOutOfMemory || work->control().outOfMemory();
+}
+
+CategoryResults ScanRun::compareCategories(const std::shared_ptr<ScanWork>& work) {
+    {
+        const std::lock_guard lock(mutex_);
+        comparisonsRunning_ = allCategories.size();
+    }
+    CategoryResults results;
+    const auto compare = [this, &work, &results](Category category) {
+        results[static_cast<std::size_t>(category)] = work->compare(category);
+        const std::lock_guard lock(mutex_);
+        --comparisonsRunning_;
+        changed_.notify_all();
+    };
+    std::array<std::thread, allCategories.size()> threads;
+    for (const Category category : allCategories) {
+        threads[static_cast<std::size_t>(category)] =
+            startThread([&compare, category] { compare(category); });
+    }
+    for (const Category category : allCategories) {
+        if (!threads[static_cast<std::size_t>(category)].joinable()) {
+            compare(category);
+        }
+    }
+    waitForComparisons(*work);
+    for (std::thread& thread : threads) {
         if (thread.joinable()) {
             thread.join();
         }
     }
-    joinResults(*work);
+    return results;
 }
 
-void ScanRun::startComparisons(const std::shared_ptr<ScanWork>& work) {
-    {
-        const std::lock_guard lock(mutex_);
-        comparisonsRunning_ = comparisonOrder.size();
-    }
-    for (const Category category : comparisonOrder) {
-        comparisonThreads_[static_cast<std::size_t>(category)] =
-            startThread([this, work, category] { compare(*work, category); });
-    }
-    for (const Category category : comparisonOrder) {
-        if (!comparisonThreads_[static_cast<std::size_t>(category)].joinable()) {
-            compare(*work, category);
-        }
-    }
-}
-
-void ScanRun::compare(ScanWork& work, Category category) {
-    results_[static_cast<std::size_t>(category)] = work.compare(category);
-    const std::lock_guard lock(mutex_);
-    --comparisonsRunning_;
-    changed_.notify_all();
-}
-
-void ScanRun::joinResults(ScanWork& work) {
-    const bool hasEnded =
-        work.endWorkers(work.control().stop() ? settings_.patienceAfterStop : patienceAfterTheEnd);
-    if (hasEnded) {
-        work.endComparison();
-    }
-    for (const Category category : comparisonOrder) {
-        const Modal& result = *of(category);
-        modal_->addExtensionFromArray(result.extensions());
-        modal_->setTotalFiles(modal_->totalFiles() + result.totalFiles());
-        modal_->setTotalFilesSize(modal_->totalFilesSize() + result.totalFilesSize());
-    }
-    unreadable_ = work.unreadable();
-    ranOutOfMemory_ = ranOutOfMemory_ || work.control().outOfMemory();
-    exactScanCompleted_ = true;
-    scanning_ = false;
-    observer_.comparisonFinished(work.processed());
-    finish();
-}
-
-void ScanRun::startElapsedTimeThread() {
-    stopElapsedTimeThread_ = false;
-    elapsedTimeThread_ = startThread([this] { elapsedTimeThreadSavingData(); });
-}
-
-void ScanRun::elapsedTimeThreadSavingData() {
-    double pausedSeconds = 0;
-    while (sleepOneStep()) {
-        bool goesOn = true;
-        while (goesOn && pause()) {
-            pausedSeconds += 1.0;
-            goesOn = sleepOneStep();
-        }
-        if (!goesOn) {
-            return;
-        }
-        const auto now = platform_.clock().now();
-        const std::chrono::duration<double> sinceStart = now - scanStartDate_.value_or(now);
-        observer_.elapsed(getTimeFormStringForInterval(sinceStart.count() - pausedSeconds));
-    }
-}
-
-/// False, and at once, when the thread is to end.
-bool ScanRun::sleepOneStep() {
+void ScanRun::waitForComparisons(ScanWork& work) {
     std::unique_lock lock(mutex_);
-    return !changed_.wait_for(lock, settings_.elapsedStep,
-                              [this] { return stopElapsedTimeThread_.load(); });
-}
-
-void ScanRun::endElapsedTimeThread() {
-    {
-        const std::lock_guard lock(mutex_);
-        stopElapsedTimeThread_ = true;
-    }
-    changed_.notify_all();
-}
-
-void ScanRun::joinThreads() {
-    if (scanThread_.joinable()) {
-        scanThread_.join();
-    }
-    if (elapsedTimeThread_.joinable()) {
-        elapsedTimeThread_.join();
+    while (!changed_.wait_for(lock, settings_.watchStep,
+                              [this] { return comparisonsRunning_ == 0; })) {
+        lock.unlock();
+        watchCalls(work);
+        lock.lock();
     }
 }
 
-/// Those of pause and stop are new with each ScanWork.
+/// Pause and stop are those of the ScanWork, which is new after a stop.
 void ScanRun::clearFlags() {
     scanning_ = false;
     added_ = true;
-    endElapsedTimeThread();
+    elapsedTime_.end();
 }
 
-void ScanRun::finish() {
-    duration_ = platform_.clock().steadyNow() - started_;
-    endElapsedTimeThread();
+void ScanRun::finish(ScanResult result, bool compared) {
+    result.duration = platform_.clock().steadyNow() - started_;
+    result_ = std::move(result);
+    if (compared) {
+        exactScanCompleted_ = true;
+    }
+    scanning_ = false;
+    if (compared) {
+        observer_.comparisonFinished(work()->processed());
+    }
+    elapsedTime_.end();
     const std::lock_guard lock(mutex_);
     running_ = false;
     changed_.notify_all();

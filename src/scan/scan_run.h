@@ -1,17 +1,17 @@
 #pragma once
 
-#include "model/modal.h"
 #include "platform/platform.h"
+#include "scan/elapsed_time_thread.h"
 #include "scan/exception_filter.h"
 #include "scan/location_row.h"
 #include "scan/scan_observer.h"
+#include "scan/scan_result.h"
 #include "scan/scan_work.h"
-#include "scan/unreadable.h"
 
-#include <array>
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -21,69 +21,68 @@
 
 namespace tarvin {
 
-/// One scan after another: runs collection and comparison off the caller's thread, keeps the flags
-/// through which the two sides speak, and holds the results.
+/// Runs scans, one after another, on background threads. Owns the threads and the flags that the
+/// owner and the threads share. Each scan leaves a ScanResult.
 ///
-/// Owned by whoever shows the scan. start(), wait(), homeCleanup() and the results belong to one
-/// thread, the owner's; pause and stop may be set on any. The observer is told on the scan's own
-/// threads.
+/// start(), wait(), homeCleanup() and result() belong to the owner's thread; the flags may be read,
+/// and pause and stop be set, on any. The observer is notified on the threads of the scan.
 ///
-/// A scan uses: the scan task, which runs the phases and watches over them; the collection task;
-/// five comparisons, one for each category; the elapsed-time thread; and the workers they share.
-/// Where the system gives no thread, the work is done on the one that asked for it.
+/// A scan uses: the scan task, which runs the phases and watches for calls that do not return; the
+/// collection task; five comparisons, one for each category; the elapsed-time thread; and the
+/// workers they share. Where the system gives no thread, the caller's thread does the work.
 ///
-/// A call of the file system that does not return holds up only what needs its answer. A scan that
-/// is stopped meanwhile ends all the same, within a second, with what is proven; the stuck thread
-/// is left behind with the data it needs.
+/// A file-system call that does not return delays only the work that needs its result. A scan that
+/// is stopped meanwhile still ends within a second, with the sets confirmed so far; the stuck
+/// thread is left behind with the data it uses.
 class ScanRun final {
  public:
-    static constexpr std::size_t categoryCount = 5;
-    using CategoryResults = std::array<std::shared_ptr<Modal>, categoryCount>;
-
     struct Settings {
         WorkerPool::Limits workers = WorkerPool::limitsOfThisMachine();
-        /// How often the scan task looks for stops and for calls that do not return.
+        /// How often the scan task checks for a stop and for calls that do not return.
         std::chrono::milliseconds watchStep{100};
-        /// How many such steps a call may take before it is told that the scan waits for it.
-        unsigned stepsBeforeWaitIsTold = 50;
-        /// How many it may take before another task takes its place among those that run.
+        /// How many such steps a call may take before ScanObserver::waitingFor() reports it.
+        unsigned stepsBeforeWaitIsReported = 50;
+        /// How many such steps a call may take before another task may run in its place.
         unsigned stepsBeforeStandIn = 10;
-        /// How long threads inside a call are waited for when the scan is stopped.
+        /// How long a stopped scan waits for threads inside a call.
         std::chrono::milliseconds patienceAfterStop{300};
-        /// How often the observer is told of a file; with zero, of every file.
+        /// Minimum time between two reports of a file. Zero: every file is reported.
         std::chrono::milliseconds progressInterval{33};
-        /// How often the elapsed time is told. Counts as one second of pause, whatever its length.
+        /// How often the elapsed time is reported. Counts as one second of pause, whatever its
+        /// length.
         std::chrono::milliseconds elapsedStep{1000};
-        /// The threads of the scan leave the processors to the owner's own and to other programs:
-        /// for an owner who has a person to answer meanwhile.
-        bool standsBack = false;
+        /// Lowers the priority of the scan's threads, for an owner whose thread serves a user.
+        bool lowPriority = false;
     };
 
     ScanRun(Platform& platform, ScanObserver& observer) : ScanRun(platform, observer, Settings{}) {}
     ScanRun(Platform& platform, ScanObserver& observer, Settings settings);
     ScanRun(const ScanRun&) = delete;
     ScanRun& operator=(const ScanRun&) = delete;
-    /// Stops what is running and waits for it.
+    /// Stops a running scan and waits for it.
     ~ScanRun();
 
-    /// Begins a scan of the checked folders among `rows` and returns at once (when it is over, if
-    /// the system gives no thread). modal() must be empty; a scan that is still running is waited
-    /// for.
+    /// Starts a scan of the checked folders among `rows` and returns immediately (after the scan if
+    /// the system gives no thread). Waits for a scan that is still running. Drops the last result,
+    /// whose lists homeCleanup() should have freed before.
     void start(std::vector<LocationRow> rows, ExceptionFilter exceptions);
 
-    /// Waits until the scan begun last is over. Returns at once if none was.
+    /// Blocks until the last scan has ended. Returns at once if there was none.
     void wait();
 
-    /// The workers wait, or go on.
+    /// Pauses or resumes the workers.
     void setPause(bool pause) { work()->control().setPause(pause); }
-    /// The workers end at their next check; clears a pause. Sets proven so far become the result,
-    /// but during the collection there are none.
+    /// Workers end at their next check. Clears a pause. The sets confirmed so far become the
+    /// result; during the collection there are none.
     void requestStop();
 
-    /// Forgets lists and results and makes every flag what it was before the first scan. The scan
-    /// must be over. Returns soon: what a large scan has left is freed on a thread of its own, so
-    /// whoever has kept a part of the result may let go of it, and do nothing else with it.
+    /// Drops lists and result and resets every flag to its value before the first scan. Requires
+    /// that the scan has ended. Returns quickly: a background thread frees what a large scan leaves
+    /// behind. A caller that still holds a part of the result may only release it.
     void homeCleanup();
+
+    /// The result of the last scan, which must have ended; an empty one before the first scan.
+    [[nodiscard]] const ScanResult& result() const { return result_; }
 
     [[nodiscard]] bool scanning() const { return scanning_; }
     [[nodiscard]] bool pause() const { return work()->control().pause(); }
@@ -98,44 +97,18 @@ class ScanRun final {
     /// reads or sets it.
     [[nodiscard]] bool afterSimilarReportCall() const { return afterSimilarReportCall_; }
     void setAfterSimilarReportCall(bool called) { afterSimilarReportCall_ = called; }
-    [[nodiscard]] bool stopElapsedTimeThread() const { return stopElapsedTimeThread_; }
-    /// Whether the scan begun last was asked to stop before it was over, also where the flag is
-    /// cleared again.
+    [[nodiscard]] bool stopElapsedTimeThread() const {
+        return elapsedTime_.stopElapsedTimeThread();
+    }
+    /// Whether a stop was requested before the last scan had ended, even if stop() has been
+    /// cleared since.
     [[nodiscard]] bool wasStopped() const { return wasStopped_; }
-    /// Files accounted for so far by the comparison.
+    /// Files decided so far by the comparison.
     [[nodiscard]] std::uint64_t processed() const { return work()->processed(); }
     /// Bytes read so far by the comparison.
     [[nodiscard]] std::uint64_t bytesRead() const { return work()->bytesRead(); }
-    /// Whether memory ran out, which ended the scan like a stop.
-    [[nodiscard]] bool ranOutOfMemory() const { return ranOutOfMemory_; }
+    /// nullopt before the first scan.
     [[nodiscard]] std::optional<Timestamp> scanStartDate() const { return scanStartDate_; }
-
-    /// The results; the scan must be over. None of a category before its first comparison.
-    [[nodiscard]] const std::shared_ptr<Modal>& imageModal() const { return of(Category::image); }
-    [[nodiscard]] const std::shared_ptr<Modal>& videoModal() const { return of(Category::video); }
-    [[nodiscard]] const std::shared_ptr<Modal>& audioModal() const { return of(Category::audio); }
-    [[nodiscard]] const std::shared_ptr<Modal>& docsModal() const {
-        return of(Category::documents);
-    }
-    [[nodiscard]] const std::shared_ptr<Modal>& otherModal() const { return of(Category::other); }
-    [[nodiscard]] const std::shared_ptr<Modal>& of(Category category) const {
-        return results_[static_cast<std::size_t>(category)];
-    }
-    /// All categories together, sharing their extensions.
-    [[nodiscard]] const std::shared_ptr<Modal>& modal() const { return modal_; }
-
-    /// How many files of a category were collected.
-    [[nodiscard]] std::uint64_t collected(Category category) const {
-        return collected_[static_cast<std::size_t>(category)];
-    }
-    /// The checked locations that could not be read.
-    [[nodiscard]] const std::vector<UnreadableLocation>& unreadableLocations() const {
-        return unreadableLocations_;
-    }
-    /// The folders and files inside the locations that could not be read.
-    [[nodiscard]] const UnreadableReport& unreadable() const { return unreadable_; }
-    /// From the start to the result, pauses included.
-    [[nodiscard]] std::chrono::duration<double> duration() const { return duration_; }
 
  private:
     [[nodiscard]] std::shared_ptr<ScanWork> work() const;
@@ -143,22 +116,16 @@ class ScanRun final {
     void changeWork(std::shared_ptr<ScanWork> work);
 
     void scanTask();
-    void addAllPhotos();
+    void addAllPhotos(ScanResult& result);
     void runCollection(const std::shared_ptr<ScanWork>& work);
-    void exactMethod();
-    void startComparisons(const std::shared_ptr<ScanWork>& work);
-    void compare(ScanWork& work, Category category);
-    void joinResults(ScanWork& work);
-    void lookAround(ScanWork& work);
-    void tellOfWait(ScanWork& work);
-    void startElapsedTimeThread();
-    void elapsedTimeThreadSavingData();
-    bool sleepOneStep();
-    void endElapsedTimeThread();
-    void joinThreads();
+    void exactMethod(ScanResult& result);
+    [[nodiscard]] CategoryResults compareCategories(const std::shared_ptr<ScanWork>& work);
+    void waitForComparisons(ScanWork& work);
+    void watchCalls(ScanWork& work);
+    void reportWait(ScanWork& work);
     void freeResult();
     void clearFlags();
-    void finish();
+    void finish(ScanResult result, bool compared);
 
     Platform& platform_;
     ScanObserver& observer_;
@@ -169,28 +136,20 @@ class ScanRun final {
     std::atomic<bool> go_{false};
     std::atomic<bool> afterSimilarReportCall_{false};
     std::atomic<bool> exactScanCompleted_{false};
-    std::atomic<bool> stopElapsedTimeThread_{true};
     std::atomic<bool> wasStopped_{false};
-    std::atomic<bool> ranOutOfMemory_{false};
 
     std::optional<Timestamp> scanStartDate_;
     std::chrono::steady_clock::time_point started_;
-    std::chrono::duration<double> duration_{0};
-    std::array<std::uint64_t, categoryCount> collected_{};
-    std::vector<UnreadableLocation> unreadableLocations_;
-    UnreadableReport unreadable_;
-    CategoryResults results_;
-    std::shared_ptr<Modal> modal_ = std::make_shared<Modal>();
-    unsigned stepsUntilTold_ = 0;  // the scan task's own
+    ScanResult result_;                // the scan task's until the scan has ended
+    unsigned stepsUntilReported_ = 0;  // the scan task's own
 
     mutable std::mutex workMutex_;
-    // Of the scan that runs or ran last, or for the next. Guarded by workMutex_.
+    // Of the current or last scan, or for the next. Guarded by workMutex_.
     std::shared_ptr<ScanWork> work_;
 
     std::thread scanThread_;
-    std::array<std::thread, categoryCount> comparisonThreads_;
-    std::thread elapsedTimeThread_;
     std::thread freeingThread_;
+    ElapsedTimeThread elapsedTime_;
 
     std::mutex mutex_;
     std::condition_variable changed_;

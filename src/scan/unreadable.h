@@ -13,6 +13,13 @@
 
 namespace tarvin {
 
+/// A location that could not be read, and why.
+struct UnreadableLocation {
+    std::string path;
+    SystemError error;
+    bool isTrash = false;  ///< a Trash folder or inside one; these are never walked
+};
+
 /// A folder or file that a scan could not list, open or read, and why.
 struct Unreadable {
     std::string path;  ///< absolute, native bytes

@@ -60,14 +60,14 @@ TEST_F(Scanning, ShowsTheResultWhenEveryFileIsAccountedFor) {
     EXPECT_TRUE(comesTo("4"));
     EXPECT_EQ(bar().total(), 5U);
     EXPECT_EQ(bar().done(), 5U);
-    EXPECT_EQ(delegate->scan().run().modal()->totalFiles(), 2U);
+    EXPECT_EQ(delegate->scan().run().result().modal->totalFiles(), 2U);
     EXPECT_FALSE(delegate->scan().scanning());
     EXPECT_TRUE(window().buttonHelpManual->isEnabled());
     EXPECT_TRUE(delegate->locations().list().rows().empty());
     click("scanInforOKBtn");
     click("buttonHomePage");
     EXPECT_EQ(screen(), QStringLiteral("1"));
-    EXPECT_EQ(delegate->scan().run().modal()->totalFiles(), 0U);
+    EXPECT_EQ(delegate->scan().run().result().modal->totalFiles(), 0U);
 }
 
 TEST_F(Scanning, SaysWhichFolderItWaitsFor) {
@@ -110,7 +110,7 @@ TEST_F(Scanning, LeavesExceptedFilesOut) {
     begin();
     EXPECT_TRUE(comesTo("4"));
     EXPECT_EQ(bar().total(), 4U);
-    EXPECT_EQ(delegate->scan().run().modal()->totalFiles(), 1U);
+    EXPECT_EQ(delegate->scan().run().result().modal->totalFiles(), 1U);
 }
 
 TEST_F(Scanning, ShowsWhatItCollects) {
@@ -356,7 +356,7 @@ TEST_F(Scanning, StoppedWhileItComparesShowsWhatWasProven) {
     EXPECT_TRUE(comesTo("4"));
     EXPECT_FALSE(window().confirmationView->isVisible());
     EXPECT_FALSE(delegate->scan().scanning());
-    EXPECT_EQ(delegate->scan().run().modal()->totalFiles(), 0U);
+    EXPECT_EQ(delegate->scan().run().result().modal->totalFiles(), 0U);
 }
 
 TEST_F(Scanning, StoppedBetweenTwoLocationsShowsAnEmptyResultAndResetsEverything) {
@@ -370,7 +370,7 @@ TEST_F(Scanning, StoppedBetweenTwoLocationsShowsAnEmptyResultAndResetsEverything
     barrier.open();
     EXPECT_TRUE(comesTo("4"));
     EXPECT_TRUE(alerts.shown.empty());
-    EXPECT_EQ(delegate->scan().run().modal()->extensionCount(), 0U);
+    EXPECT_EQ(delegate->scan().run().result().modal->extensionCount(), 0U);
     EXPECT_TRUE(delegate->locations().list().rows().empty());
     EXPECT_TRUE(delegate->locations().history().folderBrowser().empty());
     EXPECT_TRUE(progress().pauseResume->isEnabled());
@@ -389,7 +389,7 @@ TEST_F(Scanning, StoppedInTheLastLocationComparesNothing) {
     barrier.open();
     EXPECT_TRUE(comesTo("4"));
     EXPECT_TRUE(alerts.shown.empty());
-    EXPECT_EQ(delegate->scan().run().modal()->extensionCount(), 0U);
+    EXPECT_EQ(delegate->scan().run().result().modal->extensionCount(), 0U);
 }
 
 /// No location is left at which the stop would be seen.
@@ -440,7 +440,7 @@ TEST_F(Scanning, ASecondScanKnowsNothingOfTheFirst) {
     EXPECT_EQ(progress().similarProcessing->text(), QStringLiteral("Collecting Files..."));
     barrier.open();
     EXPECT_TRUE(comesTo("4"));
-    EXPECT_EQ(delegate->scan().run().modal()->totalFiles(), 2U);
+    EXPECT_EQ(delegate->scan().run().result().modal->totalFiles(), 2U);
 }
 
 TEST_F(Scanning, EndsWithTheProgramInTheMiddleOfAFile) {

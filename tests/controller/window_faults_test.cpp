@@ -172,7 +172,7 @@ TEST_F(Faults, AVolumeThatVanishesDuringTheScanLeavesTheRest) {
     launch({folder.pathOf("kept"), folder.pathOf("stick")});
     click("findDuplicateExact");
     EXPECT_TRUE(comesTo("4"));
-    EXPECT_EQ(delegate->scan().run().modal()->totalFiles(), 1U);
+    EXPECT_EQ(delegate->scan().run().result().modal->totalFiles(), 1U);
 }
 
 TEST_F(Faults, StoredFilesThatAreNonsenseCountAsEmpty) {

@@ -137,7 +137,7 @@ class HangingCalls : public ::testing::Test {
         settings.progressInterval = 0ms;
         settings.elapsedStep = 1ms;
         settings.watchStep = 5ms;
-        settings.stepsBeforeWaitIsTold = 20;
+        settings.stepsBeforeWaitIsReported = 20;
         settings.stepsBeforeStandIn = 4;
         return settings;
     }
@@ -194,7 +194,7 @@ TEST_P(HangingFolder, DoesNotKeepAStopFromEndingTheScan) {
     hang_->waitForCalls(1);
     EXPECT_LT(stop(run), promptly);
     EXPECT_TRUE(run.wasStopped());
-    EXPECT_EQ(run.modal()->extensionCount(), 0U);
+    EXPECT_EQ(run.result().modal->extensionCount(), 0U);
 }
 
 INSTANTIATE_TEST_SUITE_P(Calls, HangingFolder,
@@ -226,7 +226,7 @@ TEST_F(HangingCalls, AnotherScanBeginsWhileAThreadIsStillStuck) {
     run.homeCleanup();
     run.start({{tree_.pathOf("a"), "", "", true, true}}, {});
     run.wait();
-    EXPECT_EQ(run.modal()->totalFiles(), 1U);
+    EXPECT_EQ(run.result().modal->totalFiles(), 1U);
 }
 
 TEST_F(HangingCalls, TheFolderThatIsWaitedForIsTold) {
@@ -259,7 +259,7 @@ TEST_F(HangingCalls, AWaitThatThereIsNoMemoryToTellOfEndsNothing) {
     EXPECT_EQ(observer_.firstWaitedFor(), tree_.pathOf("b.txt"));
     hang_->open();
     run.wait();
-    EXPECT_EQ(run.modal()->totalFiles(), 1U);
+    EXPECT_EQ(run.result().modal->totalFiles(), 1U);
 }
 
 TEST_F(HangingCalls, NothingIsToldToBeWaitedForDuringAPause) {
@@ -316,7 +316,7 @@ TEST_P(HangingFile, KeepsNoOtherSetFromBeingFoundAndStopsAreAnswered) {
     EXPECT_LT(stop(run), promptly);
     const PlainResult expected{{"mp3", {{tree_.pathOf("r.mp3"), tree_.pathOf("s.mp3")}}},
                                {"txt", {{tree_.pathOf("p.txt"), tree_.pathOf("q.txt")}}}};
-    EXPECT_EQ(plainResultOf(*run.modal()), expected);
+    EXPECT_EQ(plainResultOf(*run.result().modal), expected);
     EXPECT_TRUE(run.wasStopped());
 }
 
@@ -353,7 +353,7 @@ TEST_F(HangingCalls, ACallThatReturnsAfterAllLeavesACompleteResult) {
     observer_.firstWaitedFor();
     hang_->open();
     run.wait();
-    EXPECT_EQ(run.modal()->totalFiles(), 1U);
+    EXPECT_EQ(run.result().modal->totalFiles(), 1U);
     EXPECT_FALSE(run.wasStopped());
 }
 

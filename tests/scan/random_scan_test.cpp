@@ -99,13 +99,13 @@ TEST_P(RandomScan, FindsInEachCategoryWhatComparingAllPairsFinds) {
     std::uint64_t redundant = 0;
     for (const Category category : allCategories) {
         const PlainResult expected = findPairwise(lists.of(category));
-        const PlainResult found = plainResultOf(*run.of(category));
+        const PlainResult found = plainResultOf(*run.result().of(category));
         EXPECT_TRUE(found == expected) << categoryName(category) << ", expected:\n"
                                        << printed(expected) << "found:\n"
                                        << printed(found);
-        redundant += run.of(category)->totalFiles();
+        redundant += run.result().of(category)->totalFiles();
     }
-    EXPECT_EQ(run.modal()->totalFiles(), redundant);
+    EXPECT_EQ(run.result().modal->totalFiles(), redundant);
     EXPECT_EQ(run.processed(), lists.total());
 }
 

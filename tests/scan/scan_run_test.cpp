@@ -137,7 +137,7 @@ TEST_F(ScanRunTest, BeginsWithNothingGoingOn) {
     EXPECT_FALSE(run_.stop());
     EXPECT_TRUE(run_.added());
     EXPECT_TRUE(run_.stopElapsedTimeThread());
-    EXPECT_EQ(run_.modal()->extensionCount(), 0U);
+    EXPECT_EQ(run_.result().modal->extensionCount(), 0U);
 }
 
 TEST_F(ScanRunTest, JoinsTheCategoriesInTheirOrder) {
@@ -148,14 +148,15 @@ TEST_F(ScanRunTest, JoinsTheCategoriesInTheirOrder) {
     addRow(folder_.path());
     scan();
     std::vector<std::string> names;
-    for (const auto& extension : run_.modal()->extensions()) {
+    for (const auto& extension : run_.result().modal->extensions()) {
         names.push_back(extension->name());
     }
     EXPECT_EQ(names, (std::vector<std::string>{"png", "mp4", "mp3", "txt", "zip"}));
-    EXPECT_EQ(run_.modal()->totalFiles(), 5U);
-    EXPECT_EQ(run_.modal()->totalFilesSize(), 25U);
-    EXPECT_EQ(run_.imageModal()->extensions().front(), run_.modal()->extensions().front());
-    EXPECT_EQ(run_.collected(Category::audio), 2U);
+    EXPECT_EQ(run_.result().modal->totalFiles(), 5U);
+    EXPECT_EQ(run_.result().modal->totalFilesSize(), 25U);
+    EXPECT_EQ(run_.result().imageModal()->extensions().front(),
+              run_.result().modal->extensions().front());
+    EXPECT_EQ(run_.result().collected(Category::audio), 2U);
     EXPECT_TRUE(run_.exactScanCompleted());
     EXPECT_FALSE(run_.scanning());
     EXPECT_TRUE(run_.stopElapsedTimeThread());
@@ -166,9 +167,9 @@ TEST_F(ScanRunTest, CategoriesAreNeverCompared) {
     folder_.writeFile("Foo.app/y.png", "same");
     addRow(folder_.path());
     scan();
-    EXPECT_EQ(run_.collected(Category::image), 1U);
-    EXPECT_EQ(run_.collected(Category::other), 1U);
-    EXPECT_EQ(run_.modal()->extensionCount(), 0U);
+    EXPECT_EQ(run_.result().collected(Category::image), 1U);
+    EXPECT_EQ(run_.result().collected(Category::other), 1U);
+    EXPECT_EQ(run_.result().modal->extensionCount(), 0U);
 }
 
 TEST_F(ScanRunTest, TellsThePhasesInOrder) {
@@ -194,7 +195,7 @@ TEST_F(ScanRunTest, WithoutAnyFileThereIsNoComparison) {
     addRow(folder_.path());
     scan();
     EXPECT_TRUE(recorder_.saw("nothingCollected"));
-    EXPECT_EQ(run_.duration(), 0s);  // on the test's clock, which stood still
+    EXPECT_EQ(run_.result().duration, 0s);  // on the test's clock, which stood still
     EXPECT_FALSE(recorder_.saw("comparisonStarted 0"));
     EXPECT_FALSE(run_.go());
     EXPECT_FALSE(run_.scanning());
@@ -211,7 +212,7 @@ TEST_F(ScanRunTest, AStopBetweenLocationsLeadsToAnEmptyResult) {
     scan();
     EXPECT_TRUE(recorder_.saw("comparisonStarted 0"));
     EXPECT_TRUE(recorder_.saw("comparisonFinished 0"));
-    EXPECT_EQ(run_.modal()->extensionCount(), 0U);
+    EXPECT_EQ(run_.result().modal->extensionCount(), 0U);
     EXPECT_TRUE(run_.go());
     EXPECT_TRUE(run_.added());
     // The flag is cleared on the way, but the run knows.
@@ -233,7 +234,7 @@ TEST_F(ScanRunTest, AStopBetweenLocationsLetsNoWorkerGoOnListing) {
                    {folder_.pathOf("two"), "", "", true, true}},
                   {});
         run.wait();
-        EXPECT_EQ(run.modal()->extensionCount(), 0U);
+        EXPECT_EQ(run.result().modal->extensionCount(), 0U);
     }
 }
 
@@ -251,13 +252,13 @@ TEST_F(ScanRunTest, AStopInTheComparisonShowsTheSetsFoundBefore) {
     });
     scan();
     if (stopped) {
-        ASSERT_NE(run_.modal()->getExtensionWithName("txt"), nullptr);
-        EXPECT_EQ(run_.modal()->getExtensionWithName("txt")->totalFilesInExtension(), 1U);
-        EXPECT_EQ(run_.modal()->totalFiles(),
-                  run_.docsModal()->totalFiles() + run_.audioModal()->totalFiles());
+        ASSERT_NE(run_.result().modal->getExtensionWithName("txt"), nullptr);
+        EXPECT_EQ(run_.result().modal->getExtensionWithName("txt")->totalFilesInExtension(), 1U);
+        EXPECT_EQ(run_.result().modal->totalFiles(), run_.result().docsModal()->totalFiles() +
+                                                         run_.result().audioModal()->totalFiles());
     } else {
         // The listing gave them the other way round.
-        EXPECT_EQ(run_.modal()->totalFiles(), 2U);
+        EXPECT_EQ(run_.result().modal->totalFiles(), 2U);
     }
 }
 
@@ -268,7 +269,7 @@ TEST_F(ScanRunTest, AStopBeforeTheComparisonShowsNothing) {
     recorder_.at("comparisonStarted 2", [this] { run_.requestStop(); });
     scan();
     EXPECT_TRUE(run_.exactScanCompleted());
-    EXPECT_EQ(run_.modal()->extensionCount(), 0U);
+    EXPECT_EQ(run_.result().modal->extensionCount(), 0U);
     EXPECT_TRUE(run_.stop());
     EXPECT_TRUE(run_.wasStopped());
 }
@@ -278,14 +279,14 @@ TEST_F(ScanRunTest, HomeCleanupForgetsEverything) {
     folder_.writeFile("b.txt", "same");
     addRow(folder_.path());
     scan();
-    ASSERT_EQ(run_.modal()->totalFiles(), 1U);
+    ASSERT_EQ(run_.result().modal->totalFiles(), 1U);
     run_.requestStop();
     run_.homeCleanup();
     EXPECT_FALSE(run_.stop());
     EXPECT_FALSE(run_.pause());
     EXPECT_TRUE(run_.added());
-    EXPECT_EQ(run_.modal()->totalFiles(), 0U);
-    EXPECT_EQ(run_.imageModal(), nullptr);
+    EXPECT_EQ(run_.result().modal->totalFiles(), 0U);
+    EXPECT_EQ(run_.result().imageModal(), nullptr);
     EXPECT_EQ(run_.processed(), 0U);
     EXPECT_FALSE(run_.go());
     EXPECT_FALSE(run_.exactScanCompleted());
@@ -298,9 +299,10 @@ TEST_F(ScanRunTest, HomeCleanupFreesTheResultInAWhile) {
     folder_.writeFile("b.txt", "same");
     addRow(folder_.path());
     scan();
-    const std::weak_ptr<Modal> result = run_.modal();
-    const std::weak_ptr<Extensions> extension = run_.modal()->extensions().front();
-    const std::weak_ptr<File> file = run_.modal()->extensions().front()->sets().front()->files()[0];
+    const std::weak_ptr<Modal> result = run_.result().modal;
+    const std::weak_ptr<Extensions> extension = run_.result().modal->extensions().front();
+    const std::weak_ptr<File> file =
+        run_.result().modal->extensions().front()->sets().front()->files()[0];
     run_.homeCleanup();
     EXPECT_TRUE(waitUntil([&] { return result.expired() && extension.expired(); }));
     EXPECT_TRUE(waitUntil([&] { return file.expired(); }));
@@ -315,7 +317,7 @@ TEST_F(ScanRunTest, NothingOfAResultOutlivesTheRun) {
             ScanRun run(platform_, recorder_, settings());
             run.start({{folder_.path(), "", "", true, true}}, {});
             run.wait();
-            file = run.modal()->extensions().front()->sets().front()->files()[0];
+            file = run.result().modal->extensions().front()->sets().front()->files()[0];
             run.homeCleanup();
         }
         EXPECT_TRUE(file.expired());
@@ -329,7 +331,7 @@ TEST_F(ScanRunTest, StandsBackIfItIsToldTo) {
     const int back = std::min(own + 5, mostNiceness);
     for (const bool standsBack : {false, true}) {
         ScanRun::Settings asked = settings();
-        asked.standsBack = standsBack;
+        asked.lowPriority = standsBack;
         std::atomic<int> collecting{0};
         std::atomic<int> comparing{0};
         std::atomic<int> reading{0};
@@ -382,7 +384,7 @@ TEST_F(ScanRunTest, TheFiveCategoriesAreComparedAtTheSameTime) {
     run.wait();
     EXPECT_TRUE(five.haveMet());
     EXPECT_EQ(run.processed(), 10U);
-    EXPECT_EQ(run.modal()->totalFiles(), 5U);
+    EXPECT_EQ(run.result().modal->totalFiles(), 5U);
 }
 
 TEST_F(ScanRunTest, AComparisonIsNotCompletedByTheOneBefore) {
@@ -419,7 +421,7 @@ TEST_F(ScanRunTest, ScansAgainAfterHomeCleanup) {
     for (int round = 0; round < 3; ++round) {
         addRow(folder_.path());
         scan();
-        EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+        EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
         run_.homeCleanup();
     }
 }
@@ -436,7 +438,7 @@ TEST_F(ScanRunTest, APauseInTheCollectionHoldsItUntilItIsCleared) {
     run_.setPause(false);
     run_.wait();
     EXPECT_TRUE(recorder_.saw("resumed"));
-    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+    EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
 }
 
 TEST_F(ScanRunTest, APauseInTheComparisonTellsNothingUntilItIsCleared) {
@@ -455,7 +457,7 @@ TEST_F(ScanRunTest, APauseInTheComparisonTellsNothingUntilItIsCleared) {
     }
     run_.setPause(false);
     run_.wait();
-    EXPECT_EQ(run_.modal()->totalFiles(), 49U);
+    EXPECT_EQ(run_.result().modal->totalFiles(), 49U);
     EXPECT_EQ(run_.processed(), 50U);
 }
 
@@ -469,7 +471,7 @@ TEST_F(ScanRunTest, AStopEndsAPause) {
     run_.requestStop();
     run_.wait();
     EXPECT_FALSE(run_.pause());
-    EXPECT_EQ(run_.modal()->extensionCount(), 0U);
+    EXPECT_EQ(run_.result().modal->extensionCount(), 0U);
 }
 
 TEST_F(ScanRunTest, TheElapsedTimeFollowsTheClock) {
@@ -528,7 +530,7 @@ TEST_F(ScanRunTest, TheFileThatIsWaitedForIsToldHoweverSoonAfterAnother) {
     recorder_.waitFor("processing a.txt");
     gate.unlock();
     run.wait();
-    EXPECT_EQ(run.modal()->totalFiles(), 1U);
+    EXPECT_EQ(run.result().modal->totalFiles(), 1U);
 }
 
 TEST_F(ScanRunTest, AMissingLocationIsToldAndTheOthersAreScanned) {
@@ -537,10 +539,10 @@ TEST_F(ScanRunTest, AMissingLocationIsToldAndTheOthersAreScanned) {
     addRow(folder_.pathOf("gone"));
     addRow(folder_.pathOf("there"));
     scan();
-    ASSERT_EQ(run_.unreadableLocations().size(), 1U);
-    EXPECT_EQ(run_.unreadableLocations()[0].path, folder_.pathOf("gone"));
-    EXPECT_EQ(run_.unreadableLocations()[0].error.code, ENOENT);
-    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+    ASSERT_EQ(run_.result().unreadableLocations.size(), 1U);
+    EXPECT_EQ(run_.result().unreadableLocations[0].path, folder_.pathOf("gone"));
+    EXPECT_EQ(run_.result().unreadableLocations[0].error.code, ENOENT);
+    EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
 }
 
 TEST_F(ScanRunTest, ExceptedFilesAreLeftOut) {
@@ -549,7 +551,7 @@ TEST_F(ScanRunTest, ExceptedFilesAreLeftOut) {
     addRow(folder_.path());
     start(ExceptionFilter({excepted}));
     run_.wait();
-    EXPECT_EQ(run_.collected(Category::documents), 1U);
+    EXPECT_EQ(run_.result().collected(Category::documents), 1U);
     EXPECT_TRUE(recorder_.saw("collecting a.txt"));
 }
 
@@ -557,7 +559,7 @@ TEST_F(ScanRunTest, FindsEqualFilesFiveThousandLevelsDeep) {
     folder_.makeChain("", "level", 5'000, {"a.txt"}, "same", 4'900);
     addRow(folder_.path());
     scan();
-    const PlainResult found = plainResultOf(*run_.modal());
+    const PlainResult found = plainResultOf(*run_.result().modal);
     ASSERT_EQ(found.size(), 1U);
     ASSERT_EQ(found[0].sets.size(), 1U);
     const std::vector<std::string>& set = found[0].sets[0];
@@ -572,7 +574,7 @@ TEST_F(ScanRunTest, FindsEqualFilesWhosePathsAreLongerThanTheSystemTakes) {
         folder_.makeChain("", std::string(250, 'd'), 20, {"a.txt", "b.txt"}, "same");
     addRow(bottom);
     scan();
-    const PlainResult found = plainResultOf(*run_.modal());
+    const PlainResult found = plainResultOf(*run_.result().modal);
     ASSERT_EQ(found.size(), 1U);
     std::vector<std::string> set = found[0].sets.at(0);
     std::sort(set.begin(), set.end());
@@ -610,9 +612,9 @@ TEST_F(ScanRunTest, AnyMomentOfPauseAndStopLeavesAProvenResult) {
         run.setPause(false);
         run.requestStop();
         run.wait();
-        const PlainResult found = plainResultOf(*run.modal());
+        const PlainResult found = plainResultOf(*run.result().modal);
         std::size_t files = 0;
-        for (const auto& extension : run.modal()->extensions()) {
+        for (const auto& extension : run.result().modal->extensions()) {
             for (const auto& set : extension->sets()) {
                 ASSERT_GE(set->files().size(), 2U);
                 files += set->files().size();

@@ -59,10 +59,10 @@ TEST(ScarceThreads, AScanIsDoneOnTheCallersThread) {
         run.start({{tree.path(), "", "", true, true}}, {});
         run.wait();
         EXPECT_FALSE(run.scanning());
-        EXPECT_EQ(run.modal()->totalFiles(), 98U);
+        EXPECT_EQ(run.result().modal->totalFiles(), 98U);
         run.homeCleanup();
     }
-    EXPECT_EQ(run.modal()->totalFiles(), 0U);
+    EXPECT_EQ(run.result().modal->totalFiles(), 0U);
 }
 
 /// Keeps the names of the files that the comparison came to.
@@ -225,14 +225,14 @@ TEST_P(ScarceMemoryInAScan, EndsTheScanAndIsTold) {
     ScanRun run(platform, observer);
     run.start({{tree.path(), "", "", true, true}}, {});
     run.wait();
-    EXPECT_TRUE(run.ranOutOfMemory());
+    EXPECT_TRUE(run.result().ranOutOfMemory);
     EXPECT_FALSE(run.scanning());
     EXPECT_FALSE(run.wasStopped());
     run.homeCleanup();
-    EXPECT_FALSE(run.ranOutOfMemory());
+    EXPECT_FALSE(run.result().ranOutOfMemory);
     run.start({{tree.path(), "", "", true, true}}, {});
     run.wait();
-    EXPECT_EQ(run.modal()->totalFiles(), 198U);
+    EXPECT_EQ(run.result().modal->totalFiles(), 198U);
 }
 
 INSTANTIATE_TEST_SUITE_P(Calls, ScarceMemoryInAScan,

@@ -30,7 +30,7 @@ class UnreadableTest : public ::testing::Test {
         fileSystem_.setListingOrder(ListingOrder::sorted);
         run_.start({{tree_.path(), "", "", true, true}}, {});
         run_.wait();
-        return run_.unreadable();
+        return run_.result().unreadable;
     }
 
     /// Paths inside the tree, a slash behind folders.
@@ -57,7 +57,7 @@ TEST_F(UnreadableTest, NothingIsToldIfAllIsReadable) {
     const UnreadableReport& report = scan();
     EXPECT_EQ(report.total(), 0U);
     EXPECT_TRUE(report.kept.empty());
-    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+    EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
 }
 
 class UnreadableFolder : public UnreadableTest, public ::testing::WithParamInterface<int> {};
@@ -68,9 +68,9 @@ TEST_P(UnreadableFolder, IsToldIfItCannotBeOpened) {
     tree_.writeFile("z/3.txt", "same");
     fileSystem_.failCall(FileCall::openDirectoryAt, FaultyFileSystem::each, GetParam(), "closed");
     EXPECT_EQ(told(scan()), (Told{{"closed/", GetParam()}}));
-    EXPECT_EQ(run_.unreadable().folders, 1U);
-    EXPECT_EQ(run_.unreadable().files, 0U);
-    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+    EXPECT_EQ(run_.result().unreadable.folders, 1U);
+    EXPECT_EQ(run_.result().unreadable.files, 0U);
+    EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
 }
 
 TEST_P(UnreadableFolder, IsToldIfItCannotBeListedToItsEnd) {
@@ -78,7 +78,7 @@ TEST_P(UnreadableFolder, IsToldIfItCannotBeListedToItsEnd) {
     tree_.writeFile("z/2.txt", "same");
     fileSystem_.failCall(FileCall::listEntries, 2, GetParam(), "bad");
     EXPECT_EQ(told(scan()), (Told{{"bad/", GetParam()}}));
-    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+    EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
 }
 
 INSTANTIATE_TEST_SUITE_P(Errors, UnreadableFolder, ::testing::Values(EACCES, EIO, ESTALE, EPERM));
@@ -90,8 +90,8 @@ TEST_F(UnreadableTest, AFileWithoutAttributesIsTold) {
     fileSystem_.failCall(FileCall::attributesAt, FaultyFileSystem::each, EIO, "b.txt");
     EXPECT_EQ(told(scan()), (Told{{"b.txt", EIO}}));
     // It was never collected, so it is not missing among those compared.
-    EXPECT_EQ(run_.unreadable().collectedFiles, 0U);
-    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+    EXPECT_EQ(run_.result().unreadable.collectedFiles, 0U);
+    EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
 }
 
 struct FailingRead {
@@ -108,10 +108,10 @@ TEST_P(UnreadableFile, IsToldAndInNoSet) {
     tree_.writeFile("c.txt", noise(GetParam().size, 1));
     fileSystem_.failCall(GetParam().call, FaultyFileSystem::each, GetParam().error, "b.txt");
     EXPECT_EQ(told(scan()), (Told{{"b.txt", GetParam().error}}));
-    EXPECT_EQ(run_.unreadable().files, 1U);
-    EXPECT_EQ(run_.unreadable().collectedFiles, 1U);
-    EXPECT_EQ(run_.collected(Category::documents), 3U);
-    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+    EXPECT_EQ(run_.result().unreadable.files, 1U);
+    EXPECT_EQ(run_.result().unreadable.collectedFiles, 1U);
+    EXPECT_EQ(run_.result().collected(Category::documents), 3U);
+    EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, UnreadableFile,
@@ -129,8 +129,8 @@ TEST_F(UnreadableTest, AFileOfALargeClassCountsOnce) {
     }
     fileSystem_.failCall(FileCall::readAt, FaultyFileSystem::each, EIO, "150.txt");
     EXPECT_EQ(told(scan()), (Told{{"150.txt", EIO}}));
-    EXPECT_EQ(run_.unreadable().files, 1U);
-    EXPECT_EQ(run_.modal()->totalFiles(), 198U);
+    EXPECT_EQ(run_.result().unreadable.files, 1U);
+    EXPECT_EQ(run_.result().modal->totalFiles(), 198U);
 }
 
 TEST_F(UnreadableTest, WhatIsGoneOrReplacedIsNotUnreadable) {
@@ -165,9 +165,9 @@ TEST_F(UnreadableTest, IsForgottenWithTheResult) {
     tree_.writeFile("closed/2.txt", "same");
     fileSystem_.failCall(FileCall::openDirectoryAt, FaultyFileSystem::each, EACCES, "closed");
     scan();
-    ASSERT_EQ(run_.unreadable().total(), 1U);
+    ASSERT_EQ(run_.result().unreadable.total(), 1U);
     run_.homeCleanup();
-    EXPECT_EQ(run_.unreadable().total(), 0U);
+    EXPECT_EQ(run_.result().unreadable.total(), 0U);
 }
 
 TEST_F(UnreadableTest, TrashFoldersAreNotToldAsUnreadable) {
@@ -177,7 +177,7 @@ TEST_F(UnreadableTest, TrashFoldersAreNotToldAsUnreadable) {
     ASSERT_TRUE(trash);
     fileSystem_.setHomeTrash(trash->identity);
     EXPECT_EQ(scan().total(), 0U);
-    EXPECT_EQ(run_.collected(Category::documents), 1U);
+    EXPECT_EQ(run_.result().collected(Category::documents), 1U);
 }
 
 TEST(UnreadableLogTest, KeepsABoundedNumberAndCountsAll) {
@@ -207,7 +207,7 @@ TEST_F(UnreadableTest, AFolderWaitsForDescriptorsLongerThanTwoSeconds) {
     }
     EXPECT_EQ(scan().total(), 0U);
     EXPECT_GE(std::chrono::steady_clock::now() - begin, 2500ms);
-    EXPECT_EQ(run_.modal()->totalFiles(), 1U);
+    EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
 }
 
 TEST(OpenPatiently, GivesUpWhenNobodyClosesAnything) {

@@ -197,7 +197,7 @@ std::shared_ptr<Modal> scanned(const std::vector<std::string>& folders) {
     }
     run.start(std::move(rows), {});
     run.wait();
-    std::shared_ptr<Modal> modal = run.modal();
+    std::shared_ptr<Modal> modal = run.result().modal;
     modal->markAllExtension();
     return modal;
 }
