@@ -151,8 +151,7 @@ void cleanUp(Modal& modal) {
     CleanUpRun& run = *std::get<std::unique_ptr<CleanUpRun>>(opened);
     DeletionControl control;
     DeletionWalk walk(modal, run.cleanUp(), control, {});
-    walk.start();
-    walk.wait();
+    walk.run();
     if (const auto failure = run.finish(totals)) {
         fail(failure->path + ": " + failure->text);
     }
@@ -384,8 +383,7 @@ void showWalk(std::size_t sets) {
     DeletionControl control;
     const double seconds = secondsFor([&] {
         DeletionWalk walk(modal, mover, control, {});
-        walk.start();
-        walk.wait();
+        walk.run();
     });
     std::printf("walk of %zu sets, nothing moved: %.3f s, %.2f us a set\n", sets, seconds,
                 seconds * 1e6 / static_cast<double>(sets));

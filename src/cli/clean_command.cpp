@@ -219,8 +219,7 @@ ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
     teller.emplace(options_, output);
     auto run = std::get<std::unique_ptr<CleanUpRun>>(std::move(opened));
     DeletionWalk walk(modal, run->cleanUp(), control_, {});
-    walk.start();
-    const RemovalResult moved = walk.wait();
+    const RemovalResult moved = walk.run();
     teller->tellOfTheRest(modal);
     const std::optional<StoreError> failure = run->cleanUp().failure();
     const bool isStored = finish(std::move(run), totals);

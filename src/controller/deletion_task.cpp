@@ -81,9 +81,8 @@ class DeletionTask::Run final {
                               lastBegun_ = &set;
                               indicator_ = progress.indicator;
                           });
-        walk.start(
-            [this](const DeletionWalk::Progress& progress) { indicator_ = progress.indicator; });
-        moved_ = walk.wait();
+        moved_ = walk.run();
+        indicator_ = walk.progress().indicator;
         addRest(cleanUp.cleanUp().failure());
         session_.finishCleanUp(cleanUp, before, moved_);
         if (const std::optional<StoreError> failure = cleanUp.cleanUp().failure()) {

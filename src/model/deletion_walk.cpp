@@ -1,7 +1,6 @@
 #include "model/deletion_walk.h"
 
 #include "model/file_mover.h"
-#include "platform/start_thread.h"
 
 #include <utility>
 #include <vector>
@@ -34,27 +33,8 @@ DeletionWalk::DeletionWalk(Modal& modal, FileMover& mover, DeletionControl& cont
                            BeforeSet beforeSet)
     : modal_(modal), mover_(mover), control_(control), beforeSet_(std::move(beforeSet)) {}
 
-DeletionWalk::~DeletionWalk() {
-    wait();
-}
-
-void DeletionWalk::start(AtEnd atEnd) {
-    const auto run = [this, atEnd = std::move(atEnd)] {
-        walk();
-        if (atEnd) {
-            atEnd(progress_);
-        }
-    };
-    thread_ = startThread(run);
-    if (!thread_.joinable()) {
-        run();
-    }
-}
-
-RemovalResult DeletionWalk::wait() {
-    if (thread_.joinable()) {
-        thread_.join();
-    }
+RemovalResult DeletionWalk::run() {
+    walk();
     return {progress_.deletedCount, progress_.deletedSize};
 }
 

@@ -3,10 +3,10 @@
 #include "model/modal.h"
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <thread>
 
 namespace tarvin {
 
@@ -36,11 +36,10 @@ class DeletionControl final {
     std::atomic<bool> abandoned_{false};
 };
 
-/// Moves the marked files of a result list to the Trash, set by set, on a thread of its own.
+/// Moves the marked files of a result list to the Trash, set by set, on the calling thread.
 ///
-/// Between start() and the end of wait() the walk alone changes the tree; others may read nothing
-/// of it. A file whose move fails is passed over and stays marked. A set that is begun is finished
-/// before a stop or a pause takes effect.
+/// During run() the walk alone may use the tree. A file whose move fails is skipped and stays
+/// marked. A set that has been begun is finished before a stop or a pause takes effect.
 class DeletionWalk final {
  public:
     /// How far a walk is.
@@ -54,24 +53,18 @@ class DeletionWalk final {
         bool operator==(const Progress&) const = default;
     };
 
-    /// Called on the walk's thread before a set is begun; the set is not changed meanwhile.
+    /// Called before a set is begun; the set is not changed meanwhile.
     using BeforeSet = std::function<void(const Set& set, const Progress& progress)>;
 
-    /// All outlive the walk. `beforeSet` may be empty.
+    /// The references must outlive the walk. `beforeSet` may be empty.
     DeletionWalk(Modal& modal, FileMover& mover, DeletionControl& control, BeforeSet beforeSet);
     DeletionWalk(const DeletionWalk&) = delete;
     DeletionWalk& operator=(const DeletionWalk&) = delete;
-    /// Waits for the end; whoever does not want to wait long stops the walk before.
-    ~DeletionWalk();
 
-    /// Called on the walk's thread as the last. What the walk met behind the last set that it began
-    /// has been told to nobody before.
-    using AtEnd = std::function<void(const Progress& progress)>;
-
-    /// Begins; once only. Returns at once. `atEnd` may be empty.
-    void start(AtEnd atEnd = {});
-    /// Waits until the walk is over and answers what was moved.
-    RemovalResult wait();
+    /// Walks until the end, or until a stop. Returns what was moved. Call at most once.
+    RemovalResult run();
+    /// The state at the end of run(), which includes the sets after the last one that was begun.
+    [[nodiscard]] const Progress& progress() const { return progress_; }
 
  private:
     /// A set of the list, by the places of its extension and of itself in that.
@@ -88,9 +81,8 @@ class DeletionWalk final {
     FileMover& mover_;
     DeletionControl& control_;
     const BeforeSet beforeSet_;
-    Progress progress_;         // the walk's own until it is over
-    std::size_t prepared_ = 0;  // sets that come and that the mover knows of; the walk's own
-    std::thread thread_;
+    Progress progress_;
+    std::size_t prepared_ = 0;  // of the next sets, those that the mover has prepared
 };
 
 }  // namespace tarvin

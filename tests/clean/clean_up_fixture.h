@@ -128,8 +128,7 @@ inline MoveReport cleanUp(Modal& modal, CleaningUser& user, FileSystem& fileSyst
                     systemPlatform().clock(), std::move(settings));
     DeletionControl control;
     DeletionWalk walk(modal, cleanUp, control, {});
-    walk.start();
-    walk.wait();
+    walk.run();
     EXPECT_FALSE(cleanUp.finish().has_value());
     return report;
 }

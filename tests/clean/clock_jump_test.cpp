@@ -59,8 +59,7 @@ class ClockJump : public ::testing::Test {
                         std::move(settings));
         DeletionControl control;
         DeletionWalk walk(files.marked(), cleanUp, control, {});
-        walk.start();
-        EXPECT_EQ(walk.wait().deletedFilesCount, 2U);
+        EXPECT_EQ(walk.run().deletedFilesCount, 2U);
         EXPECT_FALSE(cleanUp.finish());
         EXPECT_FALSE(settleTotals(totals_, user.journal()));
     }

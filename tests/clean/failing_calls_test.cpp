@@ -92,8 +92,7 @@ class FailingCalls : public ::testing::Test {
         begun();
         DeletionControl control;
         DeletionWalk walk(modal, cleanUp, control, {});
-        walk.start();
-        walk.wait();
+        walk.run();
         // The next start recovers what cannot be written now.
         static_cast<void>(cleanUp.finish());
         DataFile totals(home_);

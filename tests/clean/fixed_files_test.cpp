@@ -70,8 +70,7 @@ class FixedFiles : public ::testing::TestWithParam<unsigned> {
                         systemPlatform().clock(), std::move(settings));
         DeletionControl control;
         DeletionWalk walk(files.marked(), cleanUp, control, {});
-        walk.start();
-        walk.wait();
+        walk.run();
         EXPECT_FALSE(cleanUp.finish().has_value());
         EXPECT_EQ(user.trashInfos(), user.trashed());
         trashed_ = user.trashed();

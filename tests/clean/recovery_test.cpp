@@ -336,8 +336,7 @@ class PowerFailure : public KilledMove {
                             systemPlatform().clock(), {});
             DeletionControl control;
             DeletionWalk walk(files.marked(), cleanUp, control, {});
-            walk.start();
-            walk.wait();
+            walk.run();
             // Writes the outcomes, but does not finish.
             static_cast<void>(user.journal().cleanUps());
             ::_exit(0);
@@ -413,8 +412,7 @@ TEST_F(KilledMove, WithAFailedFlushIsRecoveredLater) {
                     systemPlatform().clock(), {});
     DeletionControl control;
     DeletionWalk walk(files.marked(), cleanUp, control, {});
-    walk.start();
-    walk.wait();
+    walk.run();
     user.calls().fail(TrashCall::flush, EIO);
     EXPECT_FALSE(cleanUp.finish());
     EXPECT_FALSE(user.isFinished());

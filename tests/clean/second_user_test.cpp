@@ -162,8 +162,7 @@ TEST_F(SecondUser, RejectsATrashCreatedByAnotherUser) {
                         systemPlatform().clock(), std::move(settings));
         DeletionControl control;
         DeletionWalk walk(files.marked(), cleanUp, control, {});
-        walk.start();
-        EXPECT_EQ(walk.wait().deletedFilesCount, 0U);
+        EXPECT_EQ(walk.run().deletedFilesCount, 0U);
         EXPECT_FALSE(cleanUp.finish());
         EXPECT_EQ(contentOf(volume_.pathOf("ann/two.txt")), "same");
     });

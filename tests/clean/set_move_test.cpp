@@ -236,8 +236,7 @@ TEST_F(SetMoveTest, ReportsTheSystemError) {
                     systemPlatform().clock(), std::move(settings));
     DeletionControl control;
     DeletionWalk walk(files_.marked(), cleanUp, control, {});
-    walk.start();
-    walk.wait();
+    walk.run();
     EXPECT_EQ(results.front(), (MoveResult{MoveOutcome::refused, "Input/output error",
                                            TrashRefusalKind::system, SystemError{EIO}}));
     EXPECT_FALSE(cleanUp.finish().has_value());

@@ -11,6 +11,7 @@
 #include <atomic>
 #include <cstdint>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -54,8 +55,7 @@ class Deletion : public ::testing::Test {
 
     RemovalResult run(DeletionWalk::BeforeSet beforeSet = {}) {
         DeletionWalk walk(modal_, trash_, control_, std::move(beforeSet));
-        walk.start();
-        return walk.wait();
+        return walk.run();
     }
 
     /// A walk that is paused once, when the set of that number is begun, from zero. Stopped if a
@@ -65,19 +65,26 @@ class Deletion : public ::testing::Test {
         PausingWalk(Deletion& test, std::size_t point)
             : control_(test.control_),
               walk_(test.modal_, test.trash_, test.control_,
-                    [this, point](const Set&, const DeletionWalk::Progress&) { begin(point); }) {
-            walk_.start();
-        }
+                    [this, point](const Set&, const DeletionWalk::Progress&) { begin(point); }),
+              runner_([this] { moved_ = walk_.run(); }) {}
         PausingWalk(const PausingWalk&) = delete;
         PausingWalk& operator=(const PausingWalk&) = delete;
-        ~PausingWalk() { control_.stop(); }
+        ~PausingWalk() {
+            control_.stop();
+            wait();
+        }
 
         /// False if the pause does not hold it within the tests' patience.
         [[nodiscard]] bool waitUntilAsleep() const {
             return waitUntil([this] { return thread_ != 0 && isAsleep(thread_); });
         }
         [[nodiscard]] std::size_t begun() const { return begun_; }
-        RemovalResult wait() { return walk_.wait(); }
+        RemovalResult wait() {
+            if (runner_.joinable()) {
+                runner_.join();
+            }
+            return moved_;
+        }
 
      private:
         void begin(std::size_t point) {
@@ -90,7 +97,9 @@ class Deletion : public ::testing::Test {
         DeletionControl& control_;
         std::atomic<std::size_t> begun_{0};
         std::atomic<pid_t> thread_{0};
-        DeletionWalk walk_;  // the last: it ends before what it uses
+        DeletionWalk walk_;
+        RemovalResult moved_;  // the runner's until it is joined
+        std::thread runner_;   // the last: it starts when all it uses is there
     };
 
     Modal modal_;
@@ -197,8 +206,8 @@ TEST_F(Deletion, TheIndicatorOfSetsBehindTheLastThatIsOnIsToldAtTheEnd) {
     DeletionWalk walk(
         modal_, trash_, control_,
         [&seen](const Set&, const DeletionWalk::Progress& progress) { seen.push_back(progress); });
-    walk.start([&seen](const DeletionWalk::Progress& progress) { seen.push_back(progress); });
-    walk.wait();
+    walk.run();
+    seen.push_back(walk.progress());
     EXPECT_EQ(seen, (std::vector<DeletionWalk::Progress>{{0, 0, 0}, {1, 1, 10}, {1, 2, 20}}));
 }
 
@@ -343,16 +352,6 @@ TEST_F(Deletion, APauseDuringTheLastSetHoldsNothing) {
     EXPECT_EQ(
         run([this](const Set&, const DeletionWalk::Progress&) { control_.setPauseDeletion(true); }),
         (RemovalResult{1, 10}));
-}
-
-TEST_F(Deletion, TellsItsEndLast) {
-    addExtension("jpg", {2});
-    modal_.markAllExtension();
-    DeletionWalk walk(modal_, trash_, control_, {});
-    std::atomic<std::size_t> movedAtEnd{0};
-    walk.start([&](const DeletionWalk::Progress&) { movedAtEnd = trash_.moves().size(); });
-    walk.wait();
-    EXPECT_EQ(movedAtEnd, 1U);
 }
 
 using ExceptionBatch = Deletion;

@@ -56,8 +56,7 @@ bool cleanUpWith(Modal& modal, TrashCalls& calls) {
     CleanUp run(platform.fileSystem(), *trash, *journal, turns, platform.clock(), {});
     DeletionControl control;
     DeletionWalk walk(modal, run, control, {});
-    walk.start();
-    walk.wait();
+    walk.run();
     DataFile totals(support);
     return !run.finish().has_value() && !settleTotals(totals, *journal).has_value();
 }

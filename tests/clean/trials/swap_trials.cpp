@@ -151,8 +151,7 @@ void cleanUpBetween(Modal& modal, std::function<void(MoveStep)> beforeStep) {
     }
     DeletionControl control;
     DeletionWalk walk(modal, (*run)->cleanUp(), control, {});
-    walk.start();
-    walk.wait();
+    walk.run();
     static_cast<void>((*run)->finish(totals));
 }
 
