@@ -55,7 +55,7 @@ std::vector<BufferPool::Lease> BufferPool::takeSeveral(std::size_t count, std::s
     return leases;
 }
 
-std::size_t BufferPool::bytesTaken() {
+std::size_t BufferPool::bytesAllocated() {
     const std::lock_guard lock(mutex_);
     return slabsMade_ * slabBytes;
 }

@@ -53,7 +53,7 @@ class BufferPool final {
 
     [[nodiscard]] std::size_t mostSlabs() const { return budget_.amount(); }
     /// Bytes of the slabs there are, on loan or idle.
-    [[nodiscard]] std::size_t bytesTaken();
+    [[nodiscard]] std::size_t bytesAllocated();
 
  private:
     std::unique_ptr<std::byte[]> takeSlab();

@@ -62,7 +62,7 @@ class CandidateReader final {
 
     /// Says that little of the file will be read, so that the device is not kept busy with the
     /// rest.
-    void expectLittle(const OpenCandidate& candidate) {
+    void disableReadAhead(const OpenCandidate& candidate) {
         fileSystem_.disableReadAhead(candidate.descriptor);
     }
 

@@ -2,7 +2,8 @@
 
 #include "scan/buffer_pool.h"
 #include "scan/candidate_reader.h"
-#include "scan/content_prover.h"
+#include "scan/content_comparer.h"
+#include "scan/content_verdict.h"
 #include "scan/worker_pool.h"
 
 #include <cstddef>
@@ -14,30 +15,31 @@
 
 namespace tarvin {
 
-/// Splits the files of one recorded size into groups of equal content, judged as the files stand
-/// now. The way depends on the class: a few small files are read whole and compared in memory; many
-/// files are told apart by a fingerprint of their first block, and only what that leaves together
-/// is compared byte by byte; the rest is compared at once. No group rests on a fingerprint.
+/// Splits the files of one recorded size into groups of equal content, by their current bytes. The
+/// method depends on the class: a few small files are read whole and compared in memory; many files
+/// are first split by a hash of their first block; all others are compared byte by byte at once. No
+/// group depends on a hash alone.
 ///
-/// Any thread; one object serves all classes of a scan. After a stop only what was proven before it
-/// is told.
+/// Any thread; one object serves all classes of a scan. After a stop only groups that were
+/// confirmed before it are reported.
 class ContentPartition final {
  public:
     ContentPartition(CandidateReader& reader, BufferPool& buffers, WorkerPool& pool)
         : reader_(reader), buffers_(buffers), pool_(pool) {}
 
-    /// A file read whole, in a workspace.
+    /// A file that was read whole, in a workspace.
     struct WholeFile {
         std::uint32_t number = 0;
-        bool taken = false;  ///< found equal to one before it
+        bool taken = false;  ///< equal to an earlier file
         std::span<const std::byte> bytes;
-        std::uint64_t fingerprint = 0;
+        std::uint64_t hash = 0;
     };
 
-    /// What reading whole files takes: memory for one class and one open file.
+    /// The resources for reading whole files: memory for one class, and one descriptor.
     class Workspace final {
      public:
-        /// What a file that was read last was when it was opened. Only of members of a group.
+        /// The state of a file of the last class when it was opened. Requires that the file is in a
+        /// group.
         [[nodiscard]] const FileStamp& stampOf(std::uint32_t number) const {
             // NOLINTNEXTLINE(bugprone-unchecked-optional-access): it was read
             return *stamps_[number];
@@ -50,35 +52,35 @@ class ContentPartition final {
 
         BufferPool::Lease lease_;
         Budget::Share descriptor_;
-        // Kept from class to class for their memory alone.
+        // Members only to reuse their memory from class to class.
         std::vector<WholeFile> read_;
         std::vector<std::optional<FileStamp>> stamps_;
     };
 
-    /// Whether a class is fit for compareWhole(). Such classes cost little and are better handed
-    /// over several at a time.
+    /// Whether a class is small enough for compareWhole(). Such classes cost little, so a task
+    /// should take several.
     [[nodiscard]] static bool isReadWhole(std::uint64_t fileSize, std::size_t fileCount);
-    /// Waits for its parts. The caller must not hold a workspace already.
+    /// Blocks until memory and descriptor are free. The caller must not hold a workspace.
     [[nodiscard]] Workspace makeWorkspace();
 
-    /// The groups of two or more equal files among `files`, each ascending. An unreadable file is
-    /// in none. No value if a file has grown too large meanwhile; the class is one for partition()
-    /// then. After a stop the groups among the files read before it.
+    /// Returns the groups of two or more equal files among `files`, each ascending. An unreadable
+    /// file is in no group. Returns nullopt if a file has grown too large meanwhile; use
+    /// partition() then. After a stop: the groups among the files read before it.
     [[nodiscard]] std::optional<std::vector<FileGroup>> compareWhole(std::span<File* const> files,
                                                                      Workspace& workspace);
 
-    /// The same for any class, told as soon as each is known. The caller must not hold a workspace.
+    /// The same for any class; reports each group as soon as it is confirmed. The caller must not
+    /// hold a workspace.
     void partition(std::span<File* const> files, ContentVerdict& verdict);
 
  private:
-    struct Seen;
+    struct Inspection;
+    class RepeatFilter;
 
-    class Unrepeated;
-
-    [[nodiscard]] bool proveOpen(std::span<File* const> files, const Seen& seen,
-                                 const FileGroup& group, ContentVerdict& verdict);
-    void look(std::span<File* const> files, Seen& seen);
-    void lookAt(std::uint32_t number, const File& file, Seen& seen);
+    [[nodiscard]] bool compareOpen(std::span<File* const> files, const Inspection& seen,
+                                   const FileGroup& group, ContentVerdict& verdict);
+    void inspectAll(std::span<File* const> files, Inspection& seen);
+    void inspect(std::uint32_t number, const File& file, Inspection& seen);
 
     CandidateReader& reader_;
     BufferPool& buffers_;

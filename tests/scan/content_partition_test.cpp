@@ -559,29 +559,5 @@ INSTANTIATE_TEST_SUITE_P(Ways, LongComparison,
                                            ClassOfFiles{100'000, 20'000}),
                          nameOf);
 
-TEST(ComparisonOrder, GoesOverEveryByteOnce) {
-    for (const std::uint64_t size : {0U, 1U, 8'191U, 8'192U, 8'193U, 16'383U, 16'384U, 100'000U}) {
-        const ComparisonOrder order(size);
-        std::vector<int> seen(size, 0);
-        for (std::uint64_t position = 0; position < size;) {
-            const ComparisonOrder::Piece piece = order.pieceAt(position);
-            ASSERT_GT(piece.length, 0U);
-            for (std::uint64_t at = piece.offset; at < piece.offset + piece.length; ++at) {
-                ++seen[at];
-            }
-            position += piece.length;
-        }
-        EXPECT_EQ(std::count(seen.begin(), seen.end(), 1), static_cast<std::ptrdiff_t>(size));
-    }
-}
-
-TEST(ComparisonOrder, ReadsTheEndSecond) {
-    const ComparisonOrder order(1'000'000);
-    EXPECT_EQ(order.pieceAt(0).offset, 0U);
-    EXPECT_EQ(order.pieceAt(8'192).offset, 1'000'000U - 8'192U);
-    EXPECT_EQ(order.pieceAt(16'384).offset, 8'192U);
-    EXPECT_EQ(order.pieceAt(32'768).length, 1'000'000U - 32'768U);
-}
-
 }  // namespace
 }  // namespace tarvin

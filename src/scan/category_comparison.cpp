@@ -1,0 +1,348 @@
+#include "scan/category_comparison.h"
+
+#include "scan/duplicate_finder.h"
+
+#include <new>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+// Small classes are queued in batches of about this much work. A batch counts only when all of it
+// is done, so larger ones would hold up the progress on a slow disk.
+constexpr std::size_t filesABatch = WorkerPool::filesAShare;
+constexpr std::uint64_t bytesABatch = 1024 * 1024;
+constexpr std::uint32_t none = 0xFFFFFFFF;
+// How long workers may take to hand in what they have confirmed when the scan is stopped: many
+// times the few milliseconds of a read.
+constexpr std::chrono::milliseconds patienceAfterStop{250};
+constexpr std::chrono::milliseconds stopPollInterval{20};
+
+}  // namespace
+
+bool ComparisonProgress::updateProgressBarWith(const File& file) {
+    // While paused the screen keeps what it showed at the moment of pausing.
+    if (control_.pause() || !gate_.due()) {
+        return false;
+    }
+    reportNow(file);
+    return true;
+}
+
+void ComparisonProgress::reportNow(const File& file) {
+    if (!control_.pause()) {
+        observer_.processing(file.filePath(), processed_.load(std::memory_order_relaxed));
+    }
+}
+
+/// Keeps the results of a class that is compared in parts.
+class CategoryComparison::Verdict final : public ContentVerdict {
+ public:
+    Verdict(CategoryComparison& comparison, const Members& members)
+        : comparison_(comparison), members_(members) {}
+
+    void compared(std::uint32_t file, const FileStamp& stamp) override {
+        comparison_.keepState(*members_.files[file], stamp);
+    }
+
+    void equal(FileGroup group) override {
+        comparison_.keep(members_.positions, group);
+        decided(group);
+    }
+
+    void decided(std::span<const std::uint32_t> files) override {
+        for (const std::uint32_t file : files) {
+            comparison_.count(members_.positions[file], true);
+        }
+    }
+
+ private:
+    CategoryComparison& comparison_;
+    const Members& members_;
+};
+
+CategoryComparison::CategoryComparison(Context context, std::vector<File*> list, FileStore& store)
+    : context_(context),
+      list_(std::move(list)),
+      store_(store),
+      classes_(list_),
+      nextEqual_(list_.size(), none),
+      counted_(list_.size()),
+      taken_(list_.size(), false),
+      currentPivot_(none) {}
+
+std::shared_ptr<Modal> CategoryComparison::compare() {
+    auto modal = std::make_shared<Modal>();
+    try {
+        submitAll();
+        walk(*modal);
+    } catch (const std::bad_alloc&) {
+        context_.control.stopForLackOfMemory();
+    }
+    if (context_.control.stop()) {
+        waitForBatches(patienceAfterStop);
+        closeVerdicts();
+        fileWhatIsDecided(*modal);
+    }
+    return modal;
+}
+
+bool CategoryComparison::isLeft() {
+    const std::lock_guard lock(mutex_);
+    return batchesLeft_ == 0;
+}
+
+bool CategoryComparison::waitForBatches(std::chrono::milliseconds patience) {
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    while (context_.pool.runOneHere()) {
+    }
+    std::unique_lock lock(mutex_);
+    return changed_.wait_until(lock, deadline, [this] { return batchesLeft_ == 0; });
+}
+
+std::vector<File*> CategoryComparison::rest() const {
+    std::vector<File*> rest;
+    for (std::size_t position = 0; position < list_.size(); ++position) {
+        if (!taken_[position]) {
+            rest.push_back(list_[position]);
+        }
+    }
+    return rest;
+}
+
+void CategoryComparison::submitAll() {
+    std::size_t files = 0;
+    std::uint64_t bytes = 0;
+    batchOf_.reserve(classes_.count());
+    for (std::size_t number = 0; number < classes_.count(); ++number) {
+        const std::uint64_t size = list_[classes_.firstOf(number)]->fileSize();
+        const std::size_t members = classes_.memberCount(number);
+        const bool alone = !isReadWhole(number);
+        if (batches_.empty() || alone || files >= filesABatch || bytes >= bytesABatch) {
+            submitLast();
+            batches_.push_back(std::make_unique<Batch>());
+            batches_.back()->firstClass = number;
+            files = 0;
+            bytes = 0;
+        }
+        batches_.back()->endClass = number + 1;
+        batchOf_.push_back(batches_.back().get());
+        // A class that is a task of its own fills its batch.
+        files += alone ? filesABatch : members;
+        bytes += size * members;
+    }
+    submitLast();
+}
+
+void CategoryComparison::submitLast() {
+    if (batches_.empty()) {
+        return;
+    }
+    changeBatchesLeft(1);
+    try {
+        context_.pool.submit([this, batch = batches_.back().get()] { run(*batch); });
+    } catch (const std::bad_alloc&) {
+        changeBatchesLeft(-1);
+        throw;
+    }
+}
+
+void CategoryComparison::changeBatchesLeft(int by) {
+    const std::lock_guard lock(mutex_);
+    batchesLeft_ += by;
+}
+
+void CategoryComparison::run(Batch& batch) {
+    try {
+        compareAll(batch);
+    } catch (const std::bad_alloc&) {
+        context_.control.stopForLackOfMemory();
+    }
+    // Once the lock is released this object may be destroyed.
+    const std::lock_guard lock(mutex_);
+    batch.done = true;
+    --batchesLeft_;
+    changed_.notify_all();
+}
+
+void CategoryComparison::compareAll(const Batch& batch) {
+    Members members;
+    std::vector<std::size_t> inParts;
+    {
+        std::optional<ContentPartition::Workspace> workspace;
+        for (std::size_t number = batch.firstClass; number < batch.endClass; ++number) {
+            if (!context_.control.mayGoOn()) {
+                break;
+            }
+            if (!compareWhole(number, members, workspace)) {
+                inParts.push_back(number);
+            }
+        }
+    }
+    for (const std::size_t number : inParts) {
+        find(number, members);
+        Verdict verdict(*this, members);
+        context_.partition.partition(members.files, verdict);
+        countAll(members, true);
+    }
+}
+
+/// Returns false if the class has to be compared in parts.
+bool CategoryComparison::compareWhole(std::size_t number, Members& members,
+                                      std::optional<ContentPartition::Workspace>& workspace) {
+    if (!isReadWhole(number)) {
+        return false;
+    }
+    if (!workspace) {
+        workspace.emplace(context_.partition.makeWorkspace());
+    }
+    find(number, members);
+    const auto groups = context_.partition.compareWhole(members.files, *workspace);
+    if (!groups) {
+        return false;
+    }
+    for (const FileGroup& group : *groups) {
+        for (const std::uint32_t file : group) {
+            keepState(*members.files[file], workspace->stampOf(file));
+        }
+        keep(members.positions, group);
+        for (const std::uint32_t file : group) {
+            count(members.positions[file], false);
+        }
+    }
+    countAll(members, false);
+    return true;
+}
+
+bool CategoryComparison::isReadWhole(std::size_t number) const {
+    return ContentPartition::isReadWhole(list_[classes_.firstOf(number)]->fileSize(),
+                                         classes_.memberCount(number));
+}
+
+void CategoryComparison::find(std::size_t number, Members& members) const {
+    classes_.members(number, members.positions);
+    members.files.clear();
+    members.files.reserve(members.positions.size());
+    for (const std::uint32_t position : members.positions) {
+        members.files.push_back(list_[position]);
+    }
+}
+
+/// Links a group's files into a chain, from the first to the last. Ignores groups that come after
+/// the walk has taken what was decided.
+void CategoryComparison::keep(const std::vector<std::uint32_t>& members, const FileGroup& group) {
+    const std::lock_guard lock(mutex_);
+    if (closed_) {
+        return;
+    }
+    for (std::size_t at = 0; at + 1 < group.size(); ++at) {
+        nextEqual_[members[group[at]]] = members[group[at + 1]];
+    }
+}
+
+/// Stores the state that a later move of the file is checked against. A file without it, because it
+/// has changed since it was listed, is compared again before a move.
+void CategoryComparison::keepState(File& file, const FileStamp& stamp) {
+    if (stamp.size == file.fileSize() && stamp.modified == file.fileModificationDate()) {
+        store_.keepCompared(file, {stamp.identity, stamp.changed});
+    }
+}
+
+/// Counts the files of a class that was compared to its end.
+void CategoryComparison::countAll(const Members& members, bool reports) {
+    if (context_.control.stop()) {
+        return;
+    }
+    for (const std::uint32_t position : members.positions) {
+        count(position, reports);
+    }
+}
+
+/// Counts each file once, however many threads decide it.
+void CategoryComparison::count(std::uint32_t position, bool reports) {
+    if (counted_[position].exchange(true, std::memory_order_relaxed)) {
+        return;
+    }
+    context_.progress.countOne();
+    if (reports && isWaiting_.load(std::memory_order_relaxed)) {
+        context_.progress.updateProgressBarWith(*list_[position]);
+    }
+}
+
+void CategoryComparison::closeVerdicts() {
+    const std::lock_guard lock(mutex_);
+    closed_ = true;
+}
+
+void CategoryComparison::walk(Modal& modal) {
+    for (std::uint32_t pivot = 0; pivot < list_.size(); ++pivot) {
+        if (taken_[pivot]) {
+            continue;
+        }
+        take(pivot);
+        currentPivot_ = pivot;
+        if (!context_.control.mayGoOn() || !waitForClassOf(pivot)) {
+            return;
+        }
+        fileGroupOf(pivot, modal);
+        currentPivot_ = none;
+    }
+}
+
+/// Returns false if the scan was stopped before the class was compared.
+bool CategoryComparison::waitForClassOf(std::uint32_t pivot) {
+    const std::uint32_t number = classes_.classOf(pivot);
+    if (number == SizeClasses::noClass) {
+        return true;
+    }
+    const Batch& batch = *batchOf_[number];
+    if (batch.done) {
+        return true;
+    }
+    if (!isReported_) {
+        // The wait may be long, and the file reported last is already decided.
+        context_.progress.reportNow(*list_[pivot]);
+    }
+    isWaiting_ = true;
+    while (context_.pool.runOneHere()) {
+    }
+    std::unique_lock lock(mutex_);
+    while (!batch.done && !context_.control.stop()) {
+        changed_.wait_for(lock, stopPollInterval, [&batch] { return batch.done.load(); });
+    }
+    isWaiting_ = false;
+    return batch.done;
+}
+
+void CategoryComparison::fileGroupOf(std::uint32_t pivot, Modal& modal) {
+    if (nextEqual_[pivot] == none) {
+        return;
+    }
+    taken_[pivot] = true;
+    std::vector<std::shared_ptr<File>> group{store_.share(list_[pivot])};
+    for (std::uint32_t at = nextEqual_[pivot]; at != none; at = nextEqual_[at]) {
+        context_.control.waitWhilePaused();
+        take(at);
+        group.push_back(store_.share(list_[at]));
+    }
+    fileSetUnderExtension(modal, group);
+}
+
+/// Files the sets that the walk had not reached before the stop.
+void CategoryComparison::fileWhatIsDecided(Modal& modal) {
+    for (std::uint32_t pivot = 0; pivot < list_.size(); ++pivot) {
+        if (!taken_[pivot] || pivot == currentPivot_) {
+            fileGroupOf(pivot, modal);
+        }
+    }
+}
+
+void CategoryComparison::take(std::uint32_t position) {
+    taken_[position] = true;
+    count(position, false);
+    isReported_ =
+        !context_.control.stop() && context_.progress.updateProgressBarWith(*list_[position]);
+}
+
+}  // namespace tarvin
