@@ -1,6 +1,6 @@
 #include "scan/candidate_reader.h"
 
-#include "scan/open_patiently.h"
+#include "scan/open_with_retry.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -46,7 +46,7 @@ std::optional<OpenCandidate> CandidateReader::open(const File& file) {
     path.clear();
     file.appendFilePath(path);
     Result<Descriptor> descriptor =
-        openPatiently(fileSystem_, control_, [&] { return openOnce(file, path); });
+        openWithRetry(fileSystem_, control_, [&] { return openOnce(file, path); });
     if (!descriptor) {
         return failed(file, descriptor.error());
     }

@@ -1,6 +1,6 @@
 #include "scan/tree_reader.h"
 
-#include "scan/open_patiently.h"
+#include "scan/open_with_retry.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -359,7 +359,7 @@ void TreeReader::keepPortion(const std::shared_ptr<Listing>& listing, const Port
 
 /// Why the folder cannot be listed; none if it is open now.
 std::optional<SystemError> TreeReader::open(Listing& listing) {
-    Result<Descriptor> opened = openPatiently(fileSystem_, control_, [&] {
+    Result<Descriptor> opened = openWithRetry(fileSystem_, control_, [&] {
         Result<Descriptor> answer = openFolder(listing);
         if (!answer && isShortageOfDescriptors(answer.error())) {
             closeKeptOpen();

@@ -1,6 +1,6 @@
 #include "scan/unreadable.h"
 
-#include "scan/open_patiently.h"
+#include "scan/open_with_retry.h"
 #include "scan/scan_run.h"
 #include "support/comparison_bench.h"
 #include "support/fake_platform.h"
@@ -214,7 +214,7 @@ TEST(OpenPatiently, GivesUpWhenNobodyClosesAnything) {
     FaultyFileSystem fileSystem;
     ScanControl control;
     int tries = 0;
-    const Result<Descriptor> answer = openPatiently(
+    const Result<Descriptor> answer = openWithRetry(
         fileSystem, control,
         [&]() -> Result<Descriptor> {
             ++tries;
@@ -231,7 +231,7 @@ TEST(OpenPatiently, WaitsForAsLongAsDescriptorsAreClosed) {
     ScanControl control;
     const FileTree tree;
     int tries = 0;
-    const Result<Descriptor> answer = openPatiently(
+    const Result<Descriptor> answer = openWithRetry(
         fileSystem, control,
         [&]() -> Result<Descriptor> {
             // Opens and closes one each time.
@@ -248,7 +248,7 @@ TEST(OpenPatiently, EndsWhenTheScanIsStopped) {
     FaultyFileSystem fileSystem;
     ScanControl control;
     const Result<Descriptor> answer =
-        openPatiently(fileSystem, control, [&]() -> Result<Descriptor> {
+        openWithRetry(fileSystem, control, [&]() -> Result<Descriptor> {
             control.setStop(true);
             return SystemError{ENFILE};
         });

@@ -1,4 +1,4 @@
-#include "scan/open_patiently.h"
+#include "scan/open_with_retry.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -18,7 +18,7 @@ bool isShortageOfDescriptors(SystemError error) {
     return error.code == EMFILE || error.code == ENFILE;
 }
 
-Result<Descriptor> openPatiently(const FileSystem& fileSystem, const ScanControl& control,
+Result<Descriptor> openWithRetry(const FileSystem& fileSystem, const ScanControl& control,
                                  const std::function<Result<Descriptor>()>& open,
                                  std::chrono::milliseconds patience) {
     Result<Descriptor> descriptor = open();

@@ -14,7 +14,7 @@ namespace tarvin {
 /// Calls `open` until it returns anything but a shortage of descriptors. Waits for as long as
 /// descriptors of `fileSystem` are being closed; gives up when none has been for 10 seconds,
 /// because then others hold them all. Ends early when the scan is stopped.
-Result<Descriptor> openPatiently(const FileSystem& fileSystem, const ScanControl& control,
+Result<Descriptor> openWithRetry(const FileSystem& fileSystem, const ScanControl& control,
                                  const std::function<Result<Descriptor>()>& open,
                                  std::chrono::milliseconds patience = std::chrono::seconds(10));
 
