@@ -2,9 +2,9 @@
 
 namespace tarvin {
 
-/// From now on the calling thread, and every thread that it starts, leaves the processors to
-/// threads that have not stood back, when both want them. Cannot be taken back. Does nothing where
-/// the system has no such thing.
-void standBack();
+/// Lowers the priority of the calling thread and of every thread that it starts afterwards, so that
+/// under CPU contention they get about a third of a normal thread's share. Cannot be undone. Does
+/// nothing if the system has no such priorities.
+void lowerThreadPriority();
 
 }  // namespace tarvin

@@ -118,7 +118,7 @@ void ScanRun::freeResult() {
         freeingThread_.join();
     }
     freeingThread_ = startThread([dropped = std::move(dropped)]() mutable {
-        standBack();
+        lowerThreadPriority();
         dropped = nullptr;
     });
 }
@@ -126,7 +126,7 @@ void ScanRun::freeResult() {
 void ScanRun::scanTask() {
     if (settings_.lowPriority) {
         // This thread starts all threads of the scan but the elapsed-time thread.
-        standBack();
+        lowerThreadPriority();
     }
     added_ = false;
     go_ = true;

@@ -10,30 +10,30 @@
 namespace tarvin {
 namespace {
 
-TEST(ThreadPriority, StandingBackConcernsTheThreadAndThoseItStarts) {
+TEST(ThreadPriority, LoweringAffectsTheThreadAndThoseItStarts) {
     const int before = nicenessOfThisThread();
     int after = before;
     int afterOfStarted = before;
     std::thread([&] {
-        standBack();
+        lowerThreadPriority();
         after = nicenessOfThisThread();
         std::thread([&] { afterOfStarted = nicenessOfThisThread(); }).join();
     }).join();
-    EXPECT_EQ(after, std::min(before + 5, mostNiceness));
+    EXPECT_EQ(after, std::min(before + 5, maxNiceness));
     EXPECT_EQ(afterOfStarted, after);
     EXPECT_EQ(nicenessOfThisThread(), before);
 }
 
-TEST(ThreadPriority, StandingBackTwiceGoesFurtherAndNeverForward) {
+TEST(ThreadPriority, RepeatedLoweringEndsAtTheLowestPriority) {
     const int before = nicenessOfThisThread();
     int after = before;
     std::thread([&] {
         for (int time = 0; time < 10; ++time) {
-            standBack();
+            lowerThreadPriority();
         }
         after = nicenessOfThisThread();
     }).join();
-    EXPECT_EQ(after, mostNiceness);
+    EXPECT_EQ(after, maxNiceness);
 }
 
 }  // namespace

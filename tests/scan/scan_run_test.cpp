@@ -324,30 +324,30 @@ TEST_F(ScanRunTest, NothingOfAResultOutlivesTheRun) {
     }
 }
 
-TEST_F(ScanRunTest, StandsBackIfItIsToldTo) {
+TEST_F(ScanRunTest, LowersThePriorityOfItsThreadsIfConfigured) {
     folder_.writeFile("a.txt", "same");
     folder_.writeFile("b.txt", "same");
     const int own = nicenessOfThisThread();
-    const int back = std::min(own + 5, mostNiceness);
-    for (const bool standsBack : {false, true}) {
-        ScanRun::Settings asked = settings();
-        asked.lowPriority = standsBack;
+    const int low = std::min(own + 5, maxNiceness);
+    for (const bool isLow : {false, true}) {
+        ScanRun::Settings configured = settings();
+        configured.lowPriority = isLow;
         std::atomic<int> collecting{0};
         std::atomic<int> comparing{0};
         std::atomic<int> reading{0};
         fileSystem_.beforeCall(FileCall::openFile, FaultyFileSystem::each,
                                [&] { reading = nicenessOfThisThread(); });
         Recorder recorder;
-        ScanRun run(platform_, recorder, asked);
+        ScanRun run(platform_, recorder, configured);
         recorder.at("collecting a.txt", [&] {
             collecting = nicenessOfThisThread();
             recorder.at("processing b.txt", [&] { comparing = nicenessOfThisThread(); });
         });
         run.start({{folder_.path(), "", "", true, true}}, {});
         run.wait();
-        EXPECT_EQ(collecting, standsBack ? back : own);
-        EXPECT_EQ(comparing, standsBack ? back : own);
-        EXPECT_EQ(reading, standsBack ? back : own);
+        EXPECT_EQ(collecting, isLow ? low : own);
+        EXPECT_EQ(comparing, isLow ? low : own);
+        EXPECT_EQ(reading, isLow ? low : own);
         EXPECT_EQ(nicenessOfThisThread(), own);
     }
 }

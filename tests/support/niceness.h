@@ -5,11 +5,11 @@
 
 namespace tarvin {
 
-/// How far the calling thread stands back: from -20, not at all, to 19.
+/// The nice value of the calling thread: from -20 to 19, the lowest priority.
 inline int nicenessOfThisThread() {
     return ::getpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()));
 }
 
-inline constexpr int mostNiceness = 19;
+inline constexpr int maxNiceness = 19;
 
 }  // namespace tarvin

@@ -7,15 +7,18 @@ namespace tarvin {
 
 namespace {
 
-// Where there is not enough for all, the thread gets about a third of what the others get.
-constexpr int step = 5;
+// Added to the nice value. Under CPU contention the thread gets about a third of the share of a
+// thread of normal priority.
+constexpr int niceIncrement = 5;
 
 }  // namespace
 
-void standBack() {
-    // The thread's own, though the names say process: niceness is kept by thread here.
+void lowerThreadPriority() {
+    // On Linux the nice value is per thread; PRIO_PROCESS with a thread ID changes that thread
+    // only.
     const auto self = static_cast<id_t>(::gettid());
-    static_cast<void>(::setpriority(PRIO_PROCESS, self, ::getpriority(PRIO_PROCESS, self) + step));
+    static_cast<void>(
+        ::setpriority(PRIO_PROCESS, self, ::getpriority(PRIO_PROCESS, self) + niceIncrement));
 }
 
 }  // namespace tarvin
