@@ -20,7 +20,7 @@ class ScanMessenger final : public QObject, public ScanObserver {
     void clear() { mailbox_.clear(); }
     /// What has been told last; `progress` stays as it is while the scan tells something new, so
     /// that nobody waits for a thread of the scan. Any thread.
-    void look(Progress& progress) const { mailbox_.look(progress); }
+    void tryLatest(Progress& progress) const { mailbox_.tryLatest(progress); }
 
     // Called by the scan.
     void collecting(const std::string& path) override { mailbox_.collecting(path); }

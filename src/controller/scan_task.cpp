@@ -87,7 +87,7 @@ void ScanTask::showStart() {
 /// Nothing moves during a pause, though workers may finish the file in hand.
 void ScanTask::showProgress() {
     ++redraws_;
-    messenger_.look(progress_);
+    messenger_.tryLatest(progress_);
     updateTextField(progress_.elapsed);
     if (run_.pause()) {
         return;

@@ -47,7 +47,7 @@ Progress ProgressMailbox::latest() const {
     return latest_;
 }
 
-void ProgressMailbox::look(Progress& progress) const {
+void ProgressMailbox::tryLatest(Progress& progress) const {
     const std::unique_lock lock(mutex_, std::try_to_lock);
     if (lock) {
         progress = latest_;

@@ -36,7 +36,7 @@ class ProgressMailbox final : public ScanObserver {
 
     /// The same, for whoever must not wait: leaves `progress` as it is if the scan is telling
     /// something at the very moment.
-    void look(Progress& progress) const;
+    void tryLatest(Progress& progress) const;
 
  private:
     mutable std::mutex mutex_;

@@ -89,7 +89,7 @@ TEST(ProgressMailbox, ALookIsAnsweredAsAQuestionIs) {
     mailbox.comparisonStarted(7);
     mailbox.processing("/a/two.jpg", 5);
     Progress progress;
-    mailbox.look(progress);
+    mailbox.tryLatest(progress);
     EXPECT_TRUE(progress.comparing);
     EXPECT_EQ(progress.path, "/a/two.jpg");
     EXPECT_EQ(progress.total, 7U);
@@ -108,7 +108,7 @@ TEST(ProgressMailbox, ALookInTheMiddleOfTellingShowsWhatWasSeenBefore) {
     Progress progress;
     while (progress.processed < times) {
         const std::uint64_t seen = progress.processed;
-        mailbox.look(progress);
+        mailbox.tryLatest(progress);
         ASSERT_GE(progress.processed, seen);
         ASSERT_EQ(progress.path,
                   progress.processed == 0 ? "" : "/a/" + std::to_string(progress.processed));
