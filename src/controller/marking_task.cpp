@@ -97,7 +97,7 @@ void MarkingTask::collectionViewCheckButtonCLicked(int position) {
     }
     const QModelIndex row = results_.selected;
     if (toggleFile(*results_.modal, results_.tree.extensionAt(row), set,
-                   static_cast<std::size_t>(position)) == ToggleAnswer::refused) {
+                   static_cast<std::size_t>(position)) == ToggleResult::refused) {
         information_.setInformationWindow(allFilesOfSetInformation());
     }
     showTotalsAndButtons();

@@ -23,15 +23,15 @@ bool allDuplicatesAreSelectedOfSet(const Set& set) {
     return set.totalFilesSelectedInSet() == std::uint64_t{set.files().size()} - 1;
 }
 
-ToggleAnswer toggleFile(Modal& modal, const std::shared_ptr<Extensions>& extension,
+ToggleResult toggleFile(Modal& modal, const std::shared_ptr<Extensions>& extension,
                         const std::shared_ptr<Set>& set, std::size_t position) {
     // Kept alive and in hand: the list may change under its reference.
     const std::shared_ptr<File> file = set->files()[position];
     if (file->state() == CheckState::off && allDuplicatesAreSelectedOfSet(*set)) {
-        return ToggleAnswer::refused;
+        return ToggleResult::refused;
     }
     modal.changeStateOfExtension(extension, set, file);
-    return ToggleAnswer::toggled;
+    return ToggleResult::toggled;
 }
 
 std::optional<ResultView> currentViewOf(const ViewFlags& flags) {

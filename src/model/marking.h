@@ -27,14 +27,14 @@ enum class SelectionClass : std::uint8_t {
 /// so any one file may be the one that stays.
 [[nodiscard]] bool allDuplicatesAreSelectedOfSet(const Set& set);
 
-enum class ToggleAnswer : std::uint8_t {
+enum class ToggleResult : std::uint8_t {
     toggled,
     refused  ///< it is the last file of its set that is not marked; nothing has changed
 };
 
 /// What a click on one file's check box does: its mark turns over, unless that would leave the set
 /// without an unmarked file. `set` is one of `extension`'s and `position` one of the set's.
-ToggleAnswer toggleFile(Modal& modal, const std::shared_ptr<Extensions>& extension,
+ToggleResult toggleFile(Modal& modal, const std::shared_ptr<Extensions>& extension,
                         const std::shared_ptr<Set>& set, std::size_t position);
 
 /// The lists of a result that can be looked at, each with a button of its own.

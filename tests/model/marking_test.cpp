@@ -33,7 +33,7 @@ class Marking : public ::testing::Test {
         return set;
     }
 
-    ToggleAnswer toggle(const std::shared_ptr<Set>& set, std::size_t position) {
+    ToggleResult toggle(const std::shared_ptr<Set>& set, std::size_t position) {
         return toggleFile(modal_, extension_, set, position);
     }
 
@@ -43,18 +43,18 @@ class Marking : public ::testing::Test {
 
 TEST_F(Marking, OfOneFileTurnsOver) {
     const auto set = addSet(3);
-    EXPECT_EQ(toggle(set, 1), ToggleAnswer::toggled);
+    EXPECT_EQ(toggle(set, 1), ToggleResult::toggled);
     EXPECT_EQ(set->files()[1]->state(), CheckState::on);
     EXPECT_EQ(modal_.totalFilesSelected(), 1U);
-    EXPECT_EQ(toggle(set, 1), ToggleAnswer::toggled);
+    EXPECT_EQ(toggle(set, 1), ToggleResult::toggled);
     EXPECT_EQ(set->files()[1]->state(), CheckState::off);
     EXPECT_EQ(modal_.totalFilesSelected(), 0U);
 }
 
 TEST_F(Marking, OfTheOtherOfTwoIsRefused) {
     const auto set = addSet(2);
-    EXPECT_EQ(toggle(set, 0), ToggleAnswer::toggled);
-    EXPECT_EQ(toggle(set, 1), ToggleAnswer::refused);
+    EXPECT_EQ(toggle(set, 0), ToggleResult::toggled);
+    EXPECT_EQ(toggle(set, 1), ToggleResult::refused);
     EXPECT_EQ(set->files()[1]->state(), CheckState::off);
     EXPECT_EQ(modal_.totalFilesSelected(), 1U);
     EXPECT_EQ(set->setsState(), CheckState::on);
@@ -67,7 +67,7 @@ TEST_F(Marking, OfTheOnlyFileThatIsLeftIsRefused) {
     toggle(set, 0);
     modal_.removeSelectedFilesInSet(set, extension_, trash);
     ASSERT_EQ(set->files().size(), 1U);
-    EXPECT_EQ(toggle(set, 0), ToggleAnswer::refused);
+    EXPECT_EQ(toggle(set, 0), ToggleResult::refused);
     EXPECT_EQ(set->files()[0]->state(), CheckState::off);
     EXPECT_EQ(modal_.totalFilesSelected(), 0U);
 }
@@ -76,9 +76,9 @@ TEST_F(Marking, LeavesAnyOneFileNotOnlyTheFirst) {
     const auto set = addSet(3);
     toggle(set, 0);
     toggle(set, 1);
-    EXPECT_EQ(toggle(set, 2), ToggleAnswer::refused);
-    EXPECT_EQ(toggle(set, 0), ToggleAnswer::toggled);
-    EXPECT_EQ(toggle(set, 2), ToggleAnswer::toggled);
+    EXPECT_EQ(toggle(set, 2), ToggleResult::refused);
+    EXPECT_EQ(toggle(set, 0), ToggleResult::toggled);
+    EXPECT_EQ(toggle(set, 2), ToggleResult::toggled);
     EXPECT_EQ(set->files()[0]->state(), CheckState::off);
 }
 
