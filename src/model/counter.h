@@ -5,8 +5,8 @@
 
 namespace tarvin {
 
-/// A counter of files or bytes after a part of it was taken away. It never falls below 0: a mark
-/// that was never counted (see Set::markAllFiles) can leave with its file all the same.
+/// Returns `counter - part`, but never less than 0: a file can be removed with a mark that was
+/// never counted (see Set::markAllFiles). Files or bytes.
 [[nodiscard]] constexpr std::uint64_t lessened(std::uint64_t counter, std::uint64_t part) {
     return counter - std::min(counter, part);
 }

@@ -13,7 +13,7 @@ void DeletionControl::setPauseDeletion(bool pause) {
 }
 
 void DeletionControl::stop() {
-    // In this order, so that a walk that wakes finds the stop.
+    // In this order, so that a walk that wakes up sees the stop.
     stopDeletion_ = true;
     setPauseDeletion(false);
 }
@@ -51,7 +51,7 @@ void DeletionWalk::walk() {
     }
 }
 
-/// False after a stop, or where the mover cannot go on.
+/// Returns false after a stop, or if the mover cannot continue.
 bool DeletionWalk::walkSetsOf(std::size_t extension) {
     const std::shared_ptr<Extensions>& of = modal_.extensionsArray()[extension];
     for (std::size_t number = 0; number < of->sets().size(); ++number) {
@@ -81,18 +81,18 @@ bool DeletionWalk::walkSetsOf(std::size_t extension) {
     return true;
 }
 
-/// Tells the mover of so many sets at once that what it does for all of them costs each little, and
-/// of so few that a stop finds little prepared. What has been removed so far may have changed the
-/// state of the extension in hand, which is walked to its end all the same.
-bool DeletionWalk::prepareFrom(Place from) {
+/// Prepares sets in batches: large enough that the mover's fixed cost is small for each set, small
+/// enough that a stop finds few prepared. Includes the current extension whatever its state: the
+/// removals so far may have changed that, and it is walked to its end.
+bool DeletionWalk::prepareFrom(Position from) {
     constexpr std::uint64_t filesAtOnce = 512;
     std::vector<std::shared_ptr<Set>> sets;
     std::uint64_t files = 0;
     const auto& extensions = modal_.extensionsArray();
-    const std::size_t inHand = from.extension;
+    const std::size_t current = from.extension;
     for (; from.extension < extensions.size() && files < filesAtOnce; ++from.extension) {
         const Extensions& extension = *extensions[from.extension];
-        if (from.extension == inHand || extension.extensionState() != CheckState::off) {
+        if (from.extension == current || extension.extensionState() != CheckState::off) {
             for (; from.set < extension.sets().size() && files < filesAtOnce; ++from.set) {
                 const std::shared_ptr<Set>& set = extension.sets()[from.set];
                 if (set->setsState() != CheckState::off) {

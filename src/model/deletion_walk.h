@@ -12,7 +12,7 @@ namespace tarvin {
 
 class FileMover;
 
-/// The two flags through which a deletion is paused and stopped. Any thread.
+/// The pause and stop flags of a deletion. Any thread.
 class DeletionControl final {
  public:
     DeletionControl() = default;
@@ -23,9 +23,9 @@ class DeletionControl final {
     [[nodiscard]] bool pauseDeletion() const { return pauseDeletion_; }
 
     void setPauseDeletion(bool pause);
-    /// Stops this deletion and every later one: nothing clears the flag again. Ends a pause.
+    /// Stops this deletion and every later one: the flag is never cleared. Ends a pause.
     void stop();
-    /// The same at the end of the program: a walk that is paused before a set does not begin it.
+    /// The same when the program exits: a walk that is paused before a set does not begin it.
     void abandon();
     [[nodiscard]] bool isAbandoned() const { return abandoned_; }
     void waitWhilePaused() const;
@@ -42,10 +42,9 @@ class DeletionControl final {
 /// marked. A set that has been begun is finished before a stop or a pause takes effect.
 class DeletionWalk final {
  public:
-    /// How far a walk is.
     struct Progress {
-        /// Counts the sets met that hold exactly one file, whose maximum is the number of marked
-        /// files: a measure that rarely moves, and is meant so.
+        /// The number of visited sets that hold exactly one file. Its maximum is the number of
+        /// marked files, so it rarely changes, which is intended.
         std::uint64_t indicator = 0;
         std::uint64_t deletedCount = 0;
         std::uint64_t deletedSize = 0;  ///< bytes
@@ -67,22 +66,22 @@ class DeletionWalk final {
     [[nodiscard]] const Progress& progress() const { return progress_; }
 
  private:
-    /// A set of the list, by the places of its extension and of itself in that.
-    struct Place {
+    /// The position of a set in the list.
+    struct Position {
         std::size_t extension = 0;
         std::size_t set = 0;
     };
 
     void walk();
     [[nodiscard]] bool walkSetsOf(std::size_t extension);
-    [[nodiscard]] bool prepareFrom(Place from);
+    [[nodiscard]] bool prepareFrom(Position from);
 
     Modal& modal_;
     FileMover& mover_;
     DeletionControl& control_;
     const BeforeSet beforeSet_;
     Progress progress_;
-    std::size_t prepared_ = 0;  // of the next sets, those that the mover has prepared
+    std::size_t prepared_ = 0;  // how many of the next sets the mover has prepared
 };
 
 }  // namespace tarvin

@@ -8,17 +8,17 @@ namespace tarvin {
 
 namespace {
 
-// Five categories are built on five threads; only the count itself is shared between them.
+// Atomic: the five categories are built on five threads.
 std::atomic<std::uint64_t> renamingCount{0};
 
 }  // namespace
 
 Extensions::~Extensions() {
-    letGoOfSets();
+    releaseSets();
 }
 
 void Extensions::addSet(std::shared_ptr<Set> set) {
-    takeIn(*set);
+    adopt(*set);
     sets_.push_back(std::move(set));
 }
 
@@ -74,7 +74,7 @@ void Extensions::changeStateOfFile(const std::shared_ptr<File>& file,
 }
 
 CheckState Extensions::determineSelfState() {
-    const SetTally tally = tallyIsWhole_ ? tally_ : walkSets();
+    const SetTally tally = tallyIsComplete_ ? tally_ : walkSets();
     marked_ = tally.marked;
     markedSize_ = tally.markedSize;
     const auto touched = static_cast<std::uint32_t>(tally.on + tally.mixed);
@@ -86,7 +86,7 @@ CheckState Extensions::determineSelfState() {
 
 RemovalResult Extensions::removeSelectedFilesInSet(const std::shared_ptr<Set>& set,
                                                    FileMover& mover) {
-    // The marked counters need no such care: determineSelfState sets them anew.
+    // The marked counters are recomputed by determineSelfState().
     total_ = lessened(total_, set->totalFilesInSet());
     totalSize_ = lessened(totalSize_, set->totalFilesInSetSize());
     const RemovalResult result = set->removeSelectedFilesInSet(mover);
@@ -104,11 +104,11 @@ std::vector<std::string> Extensions::addSelectedFilesInExtensionToExceptionOfSet
 }
 
 void Extensions::setSets(std::vector<std::shared_ptr<Set>> sets) {
-    letGoOfSets();
-    tallyIsWhole_ = true;
+    releaseSets();
+    tallyIsComplete_ = true;
     sets_ = std::move(sets);
     for (const std::shared_ptr<Set>& set : sets_) {
-        takeIn(*set);
+        adopt(*set);
     }
 }
 
@@ -121,13 +121,13 @@ std::uint64_t Extensions::renamings() {
     return renamingCount.load(std::memory_order_relaxed);
 }
 
-void Extensions::takeIn(Set& set) {
+void Extensions::adopt(Set& set) {
     if (!set.joinTally(tally_)) {
-        tallyIsWhole_ = false;
+        tallyIsComplete_ = false;
     }
 }
 
-void Extensions::letGoOfSets() {
+void Extensions::releaseSets() {
     for (const std::shared_ptr<Set>& set : sets_) {
         set->leaveTally(tally_);
     }

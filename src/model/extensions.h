@@ -11,60 +11,59 @@
 
 namespace tarvin {
 
-/// All sets of one file-name extension within a result list, their check box and their counters.
-/// Shared by the list of its category and the list that joins all categories; one thread at a
-/// time changes a result tree.
+/// All sets of one file-name extension within a result list, with the state of its check box and
+/// its counters. Shared by the list of its category and the list of all categories. One thread at a
+/// time may change a result tree.
 ///
-/// A set belongs to one extension, and keeps that extension's sums of marks current whoever changes
-/// it: an operation on one set costs what the set costs, however many sets stand beside it. An
-/// extension that is given a set of another one, or one of its own a second time, answers just as
-/// right but walks all its sets for every answer, until setSets() gives it sets of its own.
+/// A set belongs to one extension and keeps that extension's sums of marks current, so the cost of
+/// an operation on one set does not depend on the number of sets. An extension that was given a set
+/// of another one, or one of its own sets twice, is still correct, but walks all its sets for each
+/// sum until setSets() gives it sets of its own.
 class Extensions final {
  public:
     /// `name` is in lower case, as the scan derives it, for example "jpg". Native bytes.
     explicit Extensions(std::string name) : name_(std::move(name)) {}
     Extensions(const Extensions&) = delete;
     Extensions& operator=(const Extensions&) = delete;
-    /// Sets that outlive their extension belong to none.
+    /// Sets that outlive their extension belong to no extension.
     ~Extensions();
 
-    /// Appends a set. Touches no counter: whoever builds the extension adds the set's totals.
+    /// Appends a set. Changes no counter: the caller adds the set's totals.
     void addSet(std::shared_ptr<Set> set);
     [[nodiscard]] std::size_t nummberOfSets() const { return sets_.size(); }
 
     /// Marks every set (Set::markAllFiles) and turns the state on.
     void markAllSet();
-    /// Unmarks every set and turns the state off. Without sets, counters that were set by hand
+    /// Unmarks every set and turns the state off. Without sets, counters that were set explicitly
     /// stay.
     void unmarkAllSet();
-    /// What a click on the extension's check box does: off and mixed mark all, on unmarks all,
-    /// any other state does nothing.
+    /// Toggles the extension's check box: off and mixed mark all, on unmarks all.
     void changeState();
-    /// The same for the check box of `set`, followed by determineSelfState.
+    /// Toggles the check box of `set` likewise, then updates counters and state.
     void changeStateOfSet(const std::shared_ptr<Set>& set);
-    /// Turns the mark of `file`, a file of `set`, over, followed by determineSelfState.
+    /// Toggles the mark of `file`, a file of `set`, then updates counters and state.
     void changeStateOfFile(const std::shared_ptr<File>& file, const std::shared_ptr<Set>& set);
-    /// Sets the marked counters to the sums of the sets' and answers the state that follows from
-    /// the sets' states: on when every set is on or mixed (so too without any set), mixed when
-    /// some are, else off. Leaves extensionState to the caller.
+    /// Sets the marked counters to the sums over the sets and returns the state that follows from
+    /// the sets' states: on if every set is on or mixed (also without sets), mixed if some are,
+    /// else off. Does not change extensionState().
     CheckState determineSelfState();
 
-    /// Set::removeSelectedFilesInSet for one of the sets; totals, marks and state follow.
+    /// Set::removeSelectedFilesInSet() for one of the sets; updates totals, marks and state.
     RemovalResult removeSelectedFilesInSet(const std::shared_ptr<Set>& set, FileMover& mover);
-    /// Set::addSelectedFilesInSetToException for one of the sets; marks and state follow, the
-    /// totals stay.
+    /// Set::addSelectedFilesInSetToException() for one of the sets; updates marks and state, but
+    /// not the totals.
     std::vector<std::string> addSelectedFilesInExtensionToExceptionOfSet(
         const std::shared_ptr<Set>& set);
 
     [[nodiscard]] const std::vector<std::shared_ptr<Set>>& sets() const { return sets_; }
-    /// Touches no counter. The former sets belong to no extension afterwards.
+    /// Changes no counter. The former sets belong to no extension afterwards.
     void setSets(std::vector<std::shared_ptr<Set>> sets);
 
     [[nodiscard]] const std::string& name() const { return name_; }
-    /// Lists that hold the extension find it by the new name from then on.
+    /// Lists that hold the extension find it under the new name afterwards.
     void setName(std::string name);
-    /// How often extensions were renamed since the program began, over all of them. Lists compare
-    /// it to learn that what they noted of names may be out of date. Any thread may ask.
+    /// How many times extensions have been renamed in this process. Lists compare it to see whether
+    /// their index of names is out of date. Any thread.
     [[nodiscard]] static std::uint64_t renamings();
 
     [[nodiscard]] CheckState extensionState() const { return extensionState_; }
@@ -87,14 +86,14 @@ class Extensions final {
     void setTotalFilesSelectedInExtensionSize(std::uint64_t bytes) { markedSize_ = bytes; }
 
  private:
-    void takeIn(Set& set);
-    void letGoOfSets();
+    void adopt(Set& set);
+    void releaseSets();
     [[nodiscard]] SetTally walkSets() const;
 
     std::vector<std::shared_ptr<Set>> sets_;
     std::string name_;
-    SetTally tally_;            ///< kept current by the sets that belong here
-    bool tallyIsWhole_ = true;  ///< `tally_` counts each entry of `sets_` exactly once
+    SetTally tally_;               ///< kept current by the sets that belong to this extension
+    bool tallyIsComplete_ = true;  ///< `tally_` counts each entry of `sets_` exactly once
     CheckState extensionState_ = CheckState::off;
     std::uint64_t total_ = 0;
     std::uint64_t totalSize_ = 0;

@@ -73,7 +73,7 @@ std::int64_t File::toRaw(std::optional<Timestamp> date) {
     if (!date) {
         return noDate;
     }
-    // The earliest instant stands for "none", so a date held at that end of the range moves up.
+    // The earliest time means "no date", so a date at that end of the range moves up by 1 ns.
     return std::max<std::int64_t>(date->time_since_epoch().count(), noDate + 1);
 }
 

@@ -14,56 +14,55 @@ namespace tarvin {
 class FileStore;
 class SetMover;
 
-/// A check box's state, at every level of the result tree.
+/// The state of a check box, at every level of the result tree.
 enum class CheckState : std::int8_t {
     off = 0,    ///< nothing marked
     on = 1,     ///< fully marked (for a set: every file but one)
     mixed = -1  ///< partly marked
 };
 
-/// One folder of a scan, shared by the files in it so that a path is held once and not once per
-/// file. Lives as long as the FileStore that made it; only its identity is filled in later, by the
-/// thread that added it.
+/// One folder of a scan, shared by its files so that its path is stored once. Lives as long as its
+/// FileStore. Immutable except for `identity`, which the thread that added the folder sets later.
 struct Directory {
-    const Directory* parent = nullptr;  ///< none for the folder a walk began at
-    /// Last component, ended by a zero byte; for the first folder its whole path.
+    const Directory* parent = nullptr;  ///< nullptr for the folder at which a walk began
+    /// Null-terminated last component; the whole path for the folder at which a walk began.
     const char* name = nullptr;
     std::uint32_t nameLength = 0;  ///< bytes
-    std::uint32_t pathLength = 0;  ///< bytes of the absolute path, without a slash at its end
-    bool insideBundle = false;     ///< a ".app/" or ".framework/" stands in the paths below it
-    /// What the system knows the folder by; inode 0 while it is not known.
+    std::uint32_t pathLength = 0;  ///< bytes of the absolute path, without a trailing slash
+    bool insideBundle = false;     ///< the paths below it contain ".app/" or ".framework/"
+    /// Inode 0 while it is unknown.
     FileIdentity identity;
 
-    /// The absolute path in native bytes, without a slash at its end ("/" itself is the exception).
+    /// The absolute path in native bytes, without a trailing slash (except for "/").
     [[nodiscard]] std::string path() const;
     /// The absolute path of the entry `name` of this folder.
     [[nodiscard]] std::string pathOf(std::string_view entryName) const;
 };
 
-/// What a file was when its bytes were compared, beside its recorded size and date.
+/// The metadata of a file when its bytes were compared, besides its recorded size and date.
 struct ComparedState {
     FileIdentity identity;
-    std::optional<Timestamp> changed;  ///< none where the file system keeps no such date
+    std::optional<Timestamp> changed;  ///< nullopt if the file system has no such date
 
     bool operator==(const ComparedState&) const = default;
 };
 
-/// One collected file. Made and owned by a FileStore; 56 bytes, because a scan holds millions.
-/// Paths and names are native bytes and need not be UTF-8. `state` and `index` change on the one
-/// thread that changes the result tree; everything else is fixed.
+/// One collected file. Created and owned by a FileStore; 56 bytes, because a scan holds millions.
+/// Paths and names are native bytes and need not be UTF-8. Only the thread that changes the result
+/// tree may change state and index; everything else is immutable.
 class File final {
  public:
-    /// `name` is not copied.
+    /// `name` is not copied and must outlive the file.
     File(const Directory* directory, std::string_view name, std::uint64_t fileSize,
          std::optional<Timestamp> fileModificationDate, std::optional<Timestamp> fileCreationDate);
 
-    /// Moves the file to the Trash. True only if it existed and the move reported no error; on
-    /// false nothing has changed on disk.
+    /// Moves the file to the Trash. Returns true only if it existed and was moved without an error;
+    /// on false nothing has changed on disk.
     bool removeFile(SetMover& mover) const;
 
     /// The file's name as its folder lists it.
     [[nodiscard]] std::string_view fileName() const { return {name_, nameLength_}; }
-    /// The absolute path: the file's identity everywhere. Put together on each call.
+    /// The absolute path, by which the file is identified. Built on each call.
     [[nodiscard]] std::string filePath() const;
     /// Appends the absolute path to `out`, for callers that reuse one buffer.
     void appendFilePath(std::string& out) const;
@@ -75,23 +74,24 @@ class File final {
     }
     [[nodiscard]] std::optional<Timestamp> fileCreationDate() const { return fromRaw(created_); }
 
-    /// 1 marked, 0 unmarked; no other value occurs.
+    /// On (marked) or off; never mixed.
     [[nodiscard]] CheckState state() const {
         return (indexAndMark_ & 1U) != 0 ? CheckState::on : CheckState::off;
     }
     void setState(CheckState state) {
         indexAndMark_ = (indexAndMark_ & ~1U) | (state == CheckState::off ? 0U : 1U);
     }
-    /// 0-based position in the set when the set was built; kept when other files leave the set.
+    /// 0-based position in the set when the set was built; does not change when files are removed.
     [[nodiscard]] std::int64_t index() const {
         return static_cast<std::int32_t>(indexAndMark_) >> 1U;
     }
-    /// 31 bits: no set is larger.
+    /// At most 31 bits.
     void setIndex(std::int64_t index) {
         indexAndMark_ = static_cast<std::uint32_t>(index) << 1U | (indexAndMark_ & 1U);
     }
 
-    /// None if the file is in no set, or was not then what had been recorded of it.
+    /// nullptr if the file is in no set, or had changed since it was collected when it was
+    /// compared.
     [[nodiscard]] const ComparedState* compared() const { return compared_; }
 
  private:

@@ -11,15 +11,15 @@ namespace {
 constexpr std::size_t nameBlockBytes = 64 * 1024;
 constexpr std::size_t filesPerBlock = 1024;
 
-static_assert(std::is_trivially_destructible_v<File>, "blocks of files are dropped as raw memory");
+static_assert(std::is_trivially_destructible_v<File>, "blocks of files are freed as raw memory");
 
-bool endsABundleName(std::string_view name) {
+bool isBundleName(std::string_view name) {
     return name.ends_with(".app") || name.ends_with(".framework");
 }
 
-bool holdsABundle(std::string_view path) {
+bool containsBundle(std::string_view path) {
     return path.find(".app/") != std::string_view::npos ||
-           path.find(".framework/") != std::string_view::npos || endsABundleName(path);
+           path.find(".framework/") != std::string_view::npos || isBundleName(path);
 }
 
 }  // namespace
@@ -39,7 +39,7 @@ Directory* FileStore::addRoot(std::string_view path) {
     root.name = keepName(path).data();
     root.nameLength = static_cast<std::uint32_t>(path.size());
     root.pathLength = root.nameLength;
-    root.insideBundle = holdsABundle(path);
+    root.insideBundle = containsBundle(path);
     return &root;
 }
 
@@ -49,7 +49,7 @@ Directory* FileStore::addDirectory(const Directory* parent, std::string_view nam
     directory.name = keepName(name).data();
     directory.nameLength = static_cast<std::uint32_t>(name.size());
     directory.pathLength = parent->pathLength + 1 + directory.nameLength;
-    directory.insideBundle = parent->insideBundle || endsABundleName(name);
+    directory.insideBundle = parent->insideBundle || isBundleName(name);
     return &directory;
 }
 

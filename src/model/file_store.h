@@ -13,34 +13,34 @@
 
 namespace tarvin {
 
-/// Owns the folders, names and files of one scan in large blocks: a million files cost a million
-/// records and their names, and no allocation each. One thread adds; what has been added may be
-/// read by any thread that was handed it afterwards. Nothing is given back before the store ends.
+/// Owns the folders, names and files of one scan, in large blocks to save allocations. One thread
+/// adds; other threads may read what they were passed after it was added. Memory is released only
+/// with the store.
 class FileStore final : public std::enable_shared_from_this<FileStore> {
  public:
-    /// Stores are shared: every set that holds a file of a store keeps the store alive.
+    /// Stores are shared: each set that holds a file of a store keeps the store alive.
     [[nodiscard]] static std::shared_ptr<FileStore> create();
 
     FileStore(const FileStore&) = delete;
     FileStore& operator=(const FileStore&) = delete;
     ~FileStore();
 
-    /// The folder a walk begins at, by its absolute path. Slashes at the end are dropped.
+    /// Adds the folder at which a walk begins, by its absolute path. Removes trailing slashes.
     Directory* addRoot(std::string_view path);
-    /// A folder inside `parent`, which is of this store.
+    /// Adds a folder inside `parent`, which is in this store.
     Directory* addDirectory(const Directory* parent, std::string_view name);
-    /// A file inside `directory`, which is of this store. The answer lives as long as the store.
+    /// Adds a file inside `directory`, which is in this store. The file lives as long as the store.
     File* addFile(const Directory* directory, std::string_view name, std::uint64_t fileSize,
                   std::optional<Timestamp> modified, std::optional<Timestamp> created);
 
-    /// Keeps what a file of this store was when it was compared; once for a file. Any thread, but
-    /// not at the same time for one file.
+    /// Stores the state of a file of this store when it was compared. Call at most once for each
+    /// file. Any thread, but not at the same time for one file.
     void keepCompared(File& file, const ComparedState& state);
 
-    /// A reference that keeps the whole store alive; no allocation.
+    /// Returns a reference that keeps the whole store alive. Does not allocate.
     [[nodiscard]] std::shared_ptr<File> share(File* file);
 
-    /// A file with a store of its own, for callers that have a path and no scan.
+    /// Creates a file with a store of its own, for callers without a scan.
     [[nodiscard]] static std::shared_ptr<File> standalone(
         std::string_view path, std::uint64_t fileSize,
         std::optional<Timestamp> modified = std::nullopt,
@@ -50,7 +50,7 @@ class FileStore final : public std::enable_shared_from_this<FileStore> {
 
  private:
     FileStore();
-    /// The copy is followed by a zero byte.
+    /// Returns a null-terminated copy.
     std::string_view keepName(std::string_view name);
 
     std::vector<std::unique_ptr<char[]>> nameBlocks_;

@@ -25,7 +25,7 @@ bool allDuplicatesAreSelectedOfSet(const Set& set) {
 
 ToggleResult toggleFile(Modal& modal, const std::shared_ptr<Extensions>& extension,
                         const std::shared_ptr<Set>& set, std::size_t position) {
-    // Kept alive and in hand: the list may change under its reference.
+    // A copy: the set's list may change during the call.
     const std::shared_ptr<File> file = set->files()[position];
     if (file->state() == CheckState::off && allDuplicatesAreSelectedOfSet(*set)) {
         return ToggleResult::refused;

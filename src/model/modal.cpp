@@ -5,7 +5,7 @@
 namespace tarvin {
 
 void Modal::addExtension(std::shared_ptr<Extensions> extension) {
-    // An emplacement that finds the name taken changes nothing: the first of a name stays.
+    // The first extension of a name wins: try_emplace() keeps an existing entry.
     firstPosition_.try_emplace(extension->name(), extensionsArray_.size());
     extensionsArray_.push_back(std::move(extension));
 }

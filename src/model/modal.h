@@ -14,60 +14,60 @@
 
 namespace tarvin {
 
-/// One result list: the extensions of a category, or those of all categories joined. Owned by
-/// whoever runs the scan; one thread at a time changes a result tree.
+/// One result list: the extensions of a category, or those of all categories joined. One thread at
+/// a time may change a result tree.
 ///
-/// Changes go through the highest level that contains them, which is this one. Two lists may share
-/// their extensions: what is done through one is seen through the other, except in the totals of
-/// the other list itself, which go stale (calculateTotalFilesAndSize). Marking, removing and
-/// excepting set by set costs what the sets cost, not what their extension holds.
+/// Changes must go through this class, so that the counters of all levels follow. Two lists may
+/// share their extensions: changes made through one are visible through the other, except in the
+/// other list's own totals, which become stale (calculateTotalFilesAndSize()). The cost of marking,
+/// removing or excluding one set does not depend on the size of its extension.
 class Modal final {
  public:
     Modal() = default;
     Modal(const Modal&) = delete;
     Modal& operator=(const Modal&) = delete;
 
-    /// Appends one extension. Touches no counter.
+    /// Appends one extension. Changes no counter.
     void addExtension(std::shared_ptr<Extensions> extension);
     /// Appends every element of a list, which may be this list's own, in order.
     void addExtensionFromArray(std::vector<std::shared_ptr<Extensions>> extensions);
-    /// The list itself: valid until the next change of this object.
+    /// Valid until the next change of this object.
     [[nodiscard]] const std::vector<std::shared_ptr<Extensions>>& extensions() const {
         return extensionsArray_;
     }
     [[nodiscard]] std::size_t extensionCount() const { return extensionsArray_.size(); }
-    /// The first extension of exactly this name, byte for byte, or none. Costs the same however
-    /// many extensions there are; only the first call after a renaming goes through all of them.
+    /// Returns the first extension with exactly this name, byte for byte, or nullptr. Takes
+    /// constant time, except for the first call after a renaming.
     [[nodiscard]] std::shared_ptr<Extensions> getExtensionWithName(std::string_view name) const;
 
-    /// Marks every copy in every set; position 0 of each set survives.
+    /// Marks all files of every set except the one at position 0.
     void markAllExtension();
     /// Clears every mark.
     void unmarkAllExtension();
-    /// What a click on a check box does. With a file: its mark turns over (`set` is its set).
-    /// Else with a set: the set's check box. Else the check box of the extension. `extension` is
-    /// never none and holds the set; counters and states follow on every level.
+    /// Toggles a check box: that of `file` in `set`; without a file that of `set`; without a set
+    /// that of `extension`. `extension` is never nullptr and contains the set. Updates counters and
+    /// states on every level.
     void changeStateOfExtension(const std::shared_ptr<Extensions>& extension,
                                 const std::shared_ptr<Set>& set, const std::shared_ptr<File>& file);
 
-    /// Moves the marked files of one set to the Trash (Set::removeSelectedFilesInSet); all four
-    /// counters follow on every level.
+    /// Moves the marked files of one set to the Trash (Set::removeSelectedFilesInSet()). Updates
+    /// all four counters on every level.
     RemovalResult removeSelectedFilesInSet(const std::shared_ptr<Set>& set,
                                            const std::shared_ptr<Extensions>& extension,
                                            FileMover& mover);
-    /// Takes the marked files of one set out and answers their paths in set order
-    /// (Set::addSelectedFilesInSetToException); only the marked counters follow.
+    /// Removes the marked files of one set and returns their paths in set order
+    /// (Set::addSelectedFilesInSetToException()). Updates only the marked counters.
     std::vector<std::string> addSelectedFilesToExceptionInSet(
         const std::shared_ptr<Set>& set, const std::shared_ptr<Extensions>& extension);
 
-    /// Sums the totals anew from the extensions. Leaves the marked counters alone.
+    /// Recomputes the totals from the extensions. Does not change the marked counters.
     void calculateTotalFilesAndSize();
 
     /// The same list as extensions().
     [[nodiscard]] const std::vector<std::shared_ptr<Extensions>>& extensionsArray() const {
         return extensionsArray_;
     }
-    /// Touches no counter.
+    /// Changes no counter.
     void setExtensionsArray(std::vector<std::shared_ptr<Extensions>> extensions);
 
     /// Sum of the extensions' totalFilesInExtension.
@@ -102,7 +102,7 @@ class Modal final {
     void addTotalsOf(const Extensions& extension);
 
     std::vector<std::shared_ptr<Extensions>> extensionsArray_;
-    mutable PositionsByName firstPosition_;  ///< follows from `extensionsArray_` and the names
+    mutable PositionsByName firstPosition_;  ///< an index of `extensionsArray_`
     mutable std::uint64_t indexedRenamings_ = Extensions::renamings();
     std::uint64_t totalFiles_ = 0;
     std::uint64_t totalFilesSize_ = 0;

@@ -51,8 +51,8 @@ void Set::unmarkAllFiles() {
 void Set::changeStateOfFile(const std::shared_ptr<File>& file) {
     if (isMarked(*file)) {
         file->setState(CheckState::off);
-        // A mark that markAllFiles left on position 0 was never counted, so there can be a marked
-        // file and nothing to subtract it from.
+        // A mark that markAllFiles() left on position 0 was never counted, so the counter can be 0
+        // although the file is marked.
         if (marked_ != 0) {
             uncountMark(*file);
         }
@@ -89,7 +89,7 @@ RemovalResult Set::removeSelectedFilesInSet(FileMover& mover) {
         result.deletedFilesCount += 1;
         result.deletedFilesSize += file->fileSize();
     }
-    takeOut(moved);
+    remove(moved);
     setSetsState(determineSelfState());
     return result;
 }
@@ -104,7 +104,7 @@ std::vector<std::string> Set::addSelectedFilesInSetToException() {
             uncountMark(*file);
         }
     }
-    takeOut(excepted);
+    remove(excepted);
     setSetsState(determineSelfState());
     return paths;
 }
@@ -166,7 +166,7 @@ void Set::uncountMark(const File& file) {
     setTotalFilesSelectedInSetSize(lessened(markedSize_, file.fileSize()));
 }
 
-void Set::takeOut(const std::unordered_set<const File*>& leaving) {
+void Set::remove(const std::unordered_set<const File*>& leaving) {
     std::erase_if(files_, [&leaving](const std::shared_ptr<File>& file) {
         return leaving.contains(file.get());
     });

@@ -13,7 +13,7 @@ namespace tarvin {
 
 class FileMover;
 
-/// What a removal took out of a set: the files that were moved to the Trash, and no others.
+/// The files that were moved to the Trash.
 struct RemovalResult {
     std::uint64_t deletedFilesCount = 0;
     std::uint64_t deletedFilesSize = 0;  ///< bytes
@@ -21,8 +21,8 @@ struct RemovalResult {
     bool operator==(const RemovalResult&) const = default;
 };
 
-/// The marks of many sets added up, so that their extension can answer for all of them without
-/// asking each. Sums wrap at 64 bits, which is why taking a part away again is always exact.
+/// The sums of the marks of many sets, so that their extension need not walk them. Sums wrap at 64
+/// bits, so subtracting a part again is always exact.
 struct SetTally {
     std::uint64_t on = 0;          ///< sets whose state is on
     std::uint64_t mixed = 0;       ///< sets whose state is mixed
@@ -33,53 +33,53 @@ struct SetTally {
     void dropState(CheckState state);
 };
 
-/// One group of files with identical content, the marks in it and their counters. Shared by the
-/// extension that lists it and whoever shows it; one thread at a time changes a result tree.
+/// One group of files with identical content, with its marks and counters. Shared by its extension
+/// and the views. One thread at a time may change a result tree.
 ///
-/// Whoever changes a set through itself and not through its list leaves the counters of the
-/// levels above as they were. A file stands in one set, once.
+/// Changes that are made directly, not through the Modal, do not update the counters of the levels
+/// above. A file is in at most one set, once.
 class Set final {
  public:
     Set() = default;
     Set(const Set&) = delete;
     Set& operator=(const Set&) = delete;
 
-    /// Appends a file. Touches no counter: whoever builds the set knows its totals.
+    /// Appends a file. Changes no counter: the caller sets the totals.
     void addFiles(std::shared_ptr<File> file) { files_.push_back(std::move(file)); }
 
-    /// "Set(N)" with the number of copies, which is the number of files less one; 0 without files.
+    /// "Set(N)", where N is the number of files less one; 0 without files.
     [[nodiscard]] std::string nameOfSet() const { return nameOfSetWith(files_.size()); }
-    /// The same for a set of that many files.
+    /// The same for a set of `files` files.
     [[nodiscard]] static std::string nameOfSetWith(std::size_t files);
 
-    /// Marks every file from position 1 on and turns the state on, whatever the number of files.
-    /// The file at position 0 survives: its own mark is neither set, cleared nor counted.
+    /// Marks every file from position 1 on and turns the state on, even in an empty set. The mark
+    /// of the file at position 0 is neither set, cleared nor counted.
     void markAllFiles();
     /// Clears every mark, that of position 0 included, and turns the state off.
     void unmarkAllFiles();
-    /// Turns the mark of `file`, which is of this set, over. Marks the last unmarked file too:
-    /// callers that must keep one file of each set ask before.
+    /// Toggles the mark of `file`, which is in this set. Marks the last unmarked file, too: see
+    /// allDuplicatesAreSelectedOfSet().
     void changeStateOfFile(const std::shared_ptr<File>& file);
-    /// The state that follows from the marked counter and the number of files. A set in which
-    /// every file is marked is off, as is one of a single unmarked file.
+    /// The state that follows from the marked counter and the number of files. A set with all files
+    /// marked is off, and so is a set of one unmarked file.
     [[nodiscard]] CheckState determineSelfState() const;
 
-    /// Moves the marked files to the Trash in set order and takes out those that went. A file
-    /// whose move fails stays, marked and counted. Answers what was moved.
+    /// Moves the marked files to the Trash in set order and removes them from the set. A file whose
+    /// move fails stays, marked and counted.
     RemovalResult removeSelectedFilesInSet(FileMover& mover);
-    /// Takes the marked files out and answers their paths in set order. The totals still count
-    /// them: only a removal from the disk lowers those.
+    /// Removes the marked files and returns their paths in set order. The totals still count them:
+    /// only a move to the Trash lowers these.
     std::vector<std::string> addSelectedFilesInSetToException();
 
-    /// The file at position 0 is the one that marking all leaves alone.
+    /// markAllFiles() does not mark the file at position 0.
     [[nodiscard]] const std::vector<std::shared_ptr<File>>& files() const { return files_; }
-    /// Touches no counter.
+    /// Changes no counter.
     void setFiles(std::vector<std::shared_ptr<File>> files) { files_ = std::move(files); }
 
     [[nodiscard]] CheckState setsState() const { return setsState_; }
     void setSetsState(CheckState state);
 
-    /// Duplicate copies: the number of files less one.
+    /// Duplicates: the number of files less one.
     [[nodiscard]] std::uint64_t totalFilesInSet() const { return totalFilesInSet_; }
     void setTotalFilesInSet(std::uint64_t count) { totalFilesInSet_ = count; }
 
@@ -97,23 +97,23 @@ class Set final {
  private:
     friend class Extensions;
 
-    /// From now on `tally` counts this set and is kept current with it, until leaveTally.
-    /// False, and nothing is done, if another tally counts it already.
+    /// Adds this set to `tally` and keeps that current, until leaveTally(). Returns false and does
+    /// nothing if a tally already counts this set.
     bool joinTally(SetTally& tally);
-    /// Does nothing if it is not `tally` that counts this set.
+    /// Does nothing if `tally` does not count this set.
     void leaveTally(const SetTally& tally);
     void addTo(SetTally& tally) const;
 
     void countMark(const File& file);
     void uncountMark(const File& file);
-    void takeOut(const std::unordered_set<const File*>& leaving);
+    void remove(const std::unordered_set<const File*>& leaving);
 
     std::vector<std::shared_ptr<File>> files_;
     std::uint64_t totalFilesInSet_ = 0;
     std::uint64_t totalFilesInSetSize_ = 0;
     std::uint64_t marked_ = 0;
     std::uint64_t markedSize_ = 0;
-    SetTally* tally_ = nullptr;  ///< of the extension this set belongs to; ends its hold first
+    SetTally* tally_ = nullptr;  ///< of the set's extension, which resets it on destruction
     CheckState setsState_ = CheckState::off;
 };
 

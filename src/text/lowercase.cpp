@@ -15,13 +15,13 @@ utf8proc_category_t categoryOf(char32_t code) {
     return utf8proc_category(static_cast<utf8proc_int32_t>(code));
 }
 
-/// Whether the character has a case, apart from those that isCaseIgnorable() tells.
+/// Unicode property Cased, without the characters for which isCaseIgnorable() is true.
 bool isCased(char32_t code) {
     struct Range {
         char32_t first;
         char32_t last;
     };
-    // Signs that look like letters: ordinals, Roman numerals, letters in circles and squares.
+    // Letter-like symbols: ordinals, Roman numerals, circled and squared letters.
     constexpr std::array signs{Range{0xAA, 0xAA},       Range{0xBA, 0xBA},
                                Range{0x2160, 0x217F},   Range{0x24B6, 0x24E9},
                                Range{0x1F130, 0x1F149}, Range{0x1F150, 0x1F169},
@@ -34,9 +34,9 @@ bool isCased(char32_t code) {
            });
 }
 
-/// Whether the character may stand inside a word without being a letter of it.
+/// Unicode property Case_Ignorable: may occur inside a word without being a letter of it.
 bool isCaseIgnorable(char32_t code) {
-    // The apostrophes, full stops, colons and middle dots at which a word does not end.
+    // Apostrophes, periods, colons and middle dots, which do not end a word.
     constexpr std::array<char32_t, 17> insideWords{0x27,   0x2E,   0x3A,   0xB7,   0x387,  0x55F,
                                                    0x5F4,  0x2018, 0x2019, 0x2024, 0x2027, 0xFE13,
                                                    0xFE52, 0xFE55, 0xFF07, 0xFF0E, 0xFF1A};
@@ -52,7 +52,7 @@ bool isCaseIgnorable(char32_t code) {
     }
 }
 
-/// Whether the word goes on in `text`: what is ignorable is passed over, then comes a letter.
+/// Whether the word continues in `text`: a letter follows, after any case-ignorable characters.
 bool continuesWord(std::string_view text) {
     while (!text.empty()) {
         const Utf8Character character = firstCharacter(text);
@@ -64,8 +64,8 @@ bool continuesWord(std::string_view text) {
     return false;
 }
 
-/// Whether a letter of the same word stands before the character that follows `character`, given
-/// whether one stands before `character` itself.
+/// Whether a letter of the same word precedes the character after `character`. `wasInWord`: whether
+/// one precedes `character` itself.
 bool isInWordAfter(const Utf8Character& character, bool wasInWord) {
     if (character.valid && isCaseIgnorable(character.codePoint)) {
         return wasInWord;
@@ -73,7 +73,8 @@ bool isInWordAfter(const Utf8Character& character, bool wasInWord) {
     return character.valid && isCased(character.codePoint);
 }
 
-/// Appends the lower case of `code`, which stands in a word or at its start and before `rest`.
+/// Appends the lower case of `code`, which precedes `rest`. `isInWord`: a letter of the same word
+/// precedes it.
 void appendLowercase(char32_t code, bool isInWord, std::string_view rest, std::string& out) {
     constexpr char32_t capitalSigma = 0x3A3;
     constexpr char32_t finalSigma = 0x3C2;

@@ -5,9 +5,9 @@
 
 namespace tarvin {
 
-/// The whole of Unicode's lower case, whatever the language: a capital sigma that ends a word
-/// becomes the final one, a dotted capital I becomes two characters. Bytes that are not UTF-8 stay.
-/// Any thread.
+/// Full Unicode lower case, independent of the locale: a capital sigma at the end of a word becomes
+/// a final sigma, a dotted capital I becomes two characters. Bytes that are not UTF-8 stay
+/// unchanged. Any thread.
 [[nodiscard]] std::string lowercase(std::string_view text);
 
 }  // namespace tarvin

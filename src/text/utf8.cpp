@@ -52,13 +52,13 @@ bool isValidUtf8(std::string_view text) {
 }
 
 std::string withBadBytesReplaced(std::string_view text) {
-    std::string answer;
+    std::string result;
     while (!text.empty()) {
         const Utf8Character character = firstCharacter(text);
-        answer += character.valid ? text.substr(0, character.length) : replacementCharacter;
+        result += character.valid ? text.substr(0, character.length) : replacementCharacter;
         text.remove_prefix(character.length);
     }
-    return answer;
+    return result;
 }
 
 void appendCharacter(char32_t codePoint, std::string& text) {

@@ -6,14 +6,14 @@
 
 namespace tarvin {
 
-// Text in UTF-8. A name is any bytes; what is not UTF-8 in it is dealt with byte by byte. Any
-// thread.
+// UTF-8 text. File names may contain any bytes; a byte that is not UTF-8 counts as one character.
+// Any thread.
 
-/// One character at the beginning of a text.
+/// The first character of a text.
 struct Utf8Character {
-    char32_t codePoint = 0;  ///< of a bad byte: the byte
+    char32_t codePoint = 0;  ///< of an invalid byte: the byte
     std::size_t length = 1;  ///< bytes
-    bool valid = false;      ///< false for a byte that begins no character
+    bool valid = false;      ///< false for a byte that does not begin a character
 };
 
 /// The first character of `text`, which must not be empty.
@@ -21,14 +21,14 @@ struct Utf8Character {
 
 [[nodiscard]] bool isValidUtf8(std::string_view text);
 
-/// The same text with U+FFFD in place of each bad byte.
+/// Replaces each invalid byte with U+FFFD.
 [[nodiscard]] std::string withBadBytesReplaced(std::string_view text);
 
-/// Appends a code point, which is none of the surrogates and at most U+10FFFF.
+/// Appends a code point, not a surrogate, at most U+10FFFF.
 void appendCharacter(char32_t codePoint, std::string& text);
 
-/// How many columns of a terminal a character takes: 2 for those of East Asia and for pictographs,
-/// 0 for what is put on the character before it.
+/// The number of terminal columns of a character: 2 for East Asian wide characters and emoji, 0 for
+/// combining characters.
 [[nodiscard]] std::size_t columnsOf(char32_t codePoint);
 
 }  // namespace tarvin
