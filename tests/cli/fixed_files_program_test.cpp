@@ -11,7 +11,6 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <iostream>
 #include <map>
 #include <string>
 
@@ -58,8 +57,7 @@ TEST_P(FixedAtTheQuestion, StaysWithTheReason) {
         fix(path, false);
     }
     if (!isFixed) {
-        std::cout << "Not tried: files cannot be fixed here\n";
-        return;
+        GTEST_SKIP() << "this file system has no immutable or append-only files";
     }
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.output, "Duplicates Cleaned: 0\nSpace Regained: 0.00 KB \n");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/skip.h"
+
 #include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -11,12 +13,12 @@
 
 namespace tarvin {
 
-/// Does something in a process of its own, as another user. What is expected there counts for this
-/// test. Takes the administrator; where the test is not run by one, says so and does nothing. The
-/// test has one thread by now.
+/// Runs `action` in a separate process, as the user `number`; a failed expectation there fails the
+/// test. Requires root, else the test is skipped. Requires that the test has no other thread: the
+/// process is forked.
 inline void asUser(unsigned number, const std::function<void()>& action) {
     if (::geteuid() != 0) {
-        std::cout << "Not tried: only the administrator can become another user\n";
+        skipTest("only root can become another user");
         return;
     }
     std::cout.flush();
@@ -31,7 +33,7 @@ inline void asUser(unsigned number, const std::function<void()>& action) {
                 action();
             }
         } catch (const std::exception& error) {
-            // Or it would go on with the tests that follow.
+            // Uncaught, it would run the remaining tests in the child process.
             ADD_FAILURE() << error.what();
         }
         std::cout.flush();

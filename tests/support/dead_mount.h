@@ -9,8 +9,8 @@
 
 namespace tarvin {
 
-/// A file system mounted on a folder whose server never answers, like a network volume whose
-/// machine is gone: every call on it hangs until release(). Takes the right to mount.
+/// A FUSE mount whose server never replies, like a network volume whose server is gone: every call
+/// on it hangs until release(). Requires the right to mount.
 class DeadMount final {
  public:
     explicit DeadMount(std::string folder)
@@ -24,10 +24,10 @@ class DeadMount final {
     DeadMount& operator=(const DeadMount&) = delete;
     ~DeadMount() { release(); }
 
-    /// False where mounting is refused.
+    /// False if mounting was refused.
     [[nodiscard]] bool isMounted() const { return isMounted_; }
 
-    /// Lets all calls fail and takes the file system away.
+    /// Makes all pending calls fail, and unmounts.
     void release() {
         if (server_ >= 0) {
             ::close(std::exchange(server_, -1));

@@ -1,36 +1,36 @@
 #pragma once
 
+#include "support/skip.h"
 #include "support/temporary_folder.h"
 
 #include <sys/mount.h>
 #include <unistd.h>
 
 #include <cstdlib>
-#include <iostream>
 #include <string>
 
 namespace tarvin {
 
-/// A folder shown a second time by a program in user space (bindfs), for the time of a test: files
-/// have another device there, and the system may answer from what it was told of them before, as
-/// with volumes on a network. Where the machine does not allow that, the reason is printed and the
-/// test goes on without.
+/// A second view of a folder through FUSE (bindfs), unmounted on destruction: files have another
+/// device number there, and the kernel may serve attributes and names from its cache, as for
+/// network volumes. Where there is no FUSE, the object is false, and the test is reported as
+/// skipped.
 class FuseView final {
  public:
-    /// `options` are those of the mount: "attr_timeout=60,entry_timeout=60" lets the system believe
-    /// for a minute what it was told; empty for the default, a second.
+    /// `options` are mount options: "attr_timeout=60,entry_timeout=60" lets the kernel cache
+    /// attributes and names for a minute; the default is a second.
     explicit FuseView(const std::string& folder, const std::string& options = {}) {
         if (::access("/dev/fuse", R_OK | W_OK) != 0) {
-            std::cout << "Not tried: there is no FUSE here (/dev/fuse)\n";
+            skipTest("there is no FUSE (/dev/fuse)");
             return;
         }
         std::string command = "bindfs ";
         command += options.empty() ? "" : "-o " + options + ' ';
         command += '\'' + folder + "' '" + shown_.path() + '\'';
-        // It returns once the view is there.
+        // bindfs returns when the view is mounted.
         mounted_ = run(command);
         if (!mounted_) {
-            std::cout << "Not tried: bindfs cannot show a folder here (its reason is above)\n";
+            skipTest("bindfs failed (its message is above)");
         }
     }
     FuseView(const FuseView&) = delete;
@@ -40,11 +40,11 @@ class FuseView final {
     explicit operator bool() const { return mounted_; }
     [[nodiscard]] std::string pathOf(const std::string& name) const { return shown_.pathOf(name); }
 
-    /// Its program ends once nobody has anything open there.
+    /// Unmounts the view; bindfs exits when the last file in it is closed.
     void release() {
         if (mounted_) {
             if (::umount2(shown_.path().c_str(), MNT_DETACH) != 0) {
-                // Who is not the administrator has a program for that.
+                // umount2() needs root; fusermount is set-user-ID.
                 run("fusermount -uz '" + shown_.path() + '\'');
             }
             mounted_ = false;

@@ -1,18 +1,18 @@
 #pragma once
 
+#include "support/skip.h"
 #include "support/temporary_folder.h"
 
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iostream>
 #include <string>
 
 namespace tarvin {
 
-/// A small volume of its own with a common file system, mounted for the time of a test. Where the
-/// machine does not allow that, the reason is printed and the test goes on without.
+/// A loop-mounted ext4 volume of 8 MiB, unmounted on destruction. Where mounting is refused, the
+/// object is false, and the test is reported as skipped.
 class LoopVolume final {
  public:
     LoopVolume() : folder_(place_.makeFolder("volume")) {
@@ -20,7 +20,7 @@ class LoopVolume final {
         mounted_ = run("truncate -s 8M " + image + " && mkfs.ext4 -q -m 0 " + image +
                        " && mount -o loop " + image + ' ' + folder_);
         if (!mounted_) {
-            std::cout << "No volume of its own can be mounted here\n";
+            skipTest("an image cannot be mounted (the message is above)");
         }
     }
     LoopVolume(const LoopVolume&) = delete;
@@ -34,8 +34,8 @@ class LoopVolume final {
     explicit operator bool() const { return mounted_; }
     [[nodiscard]] std::string pathOf(const std::string& name) const { return folder_ + '/' + name; }
 
-    /// Takes all the room that is left: byte by byte in the end, and again once what was set aside
-    /// for writing has been given back.
+    /// Fills the volume to the last byte. Three rounds: ext4 frees blocks that it had reserved for
+    /// delayed writes.
     void fill() const {
         for (const char* round : {"first", "second", "last"}) {
             run("for block in 64k 1k 1; do dd if=/dev/zero bs=$block 2>/dev/null; done > " +
@@ -43,7 +43,7 @@ class LoopVolume final {
         }
     }
 
-    /// The same, but for so much.
+    /// Fills the volume except for about `bytes`.
     void fillBut(std::uintmax_t bytes) const {
         const std::string room = pathOf("room");
         std::ofstream(room) << std::string(bytes, ' ');

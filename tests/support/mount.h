@@ -1,16 +1,17 @@
 #pragma once
 
+#include "support/skip.h"
+
 #include <sys/mount.h>
 
 #include <cerrno>
 #include <cstring>
-#include <iostream>
 #include <string>
 
 namespace tarvin {
 
-/// What is mounted on a folder for the time of a test. Where the machine does not allow that, the
-/// reason is printed and the test goes on without.
+/// A mount, unmounted on destruction. Where mounting is refused, the object is false, and the test
+/// is reported as skipped.
 class Mount final {
  public:
     Mount(const std::string& source, const std::string& folder, const char* type,
@@ -18,7 +19,7 @@ class Mount final {
         : folder_(folder),
           mounted_(::mount(source.c_str(), folder.c_str(), type, flags, options) == 0) {
         if (!mounted_) {
-            std::cout << "Nothing can be mounted here: " << std::strerror(errno) << '\n';
+            skipTest(std::string("mounting is refused: ") + std::strerror(errno));
         }
     }
     Mount(const Mount&) = delete;
