@@ -24,19 +24,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A place that tasks wait at until it is opened.
-class Gate final {
- public:
-    void open() { open_ = true; }
-    /// False if nobody opened it in time.
-    bool pass() const {
-        return waitUntil([this] { return open_.load(); });
-    }
-
- private:
-    std::atomic<bool> open_{false};
-};
-
 /// How many tasks are inside at once, and the most that ever were.
 class Crowd final {
  public:
@@ -339,13 +326,13 @@ TEST(WorkerPoolForEach, UsesFreeWorkers) {
 }
 
 TEST(WorkerPoolForEach, DoesNotWaitForWorkersThatAreBusy) {
-    WorkerPool pool({2, 2});
-    Gate gate;
+    Event gate;
     Crowd busy;
+    WorkerPool pool({2, 2});
     for (int task = 0; task < 2; ++task) {
         pool.submit([&] {
             busy.enter();
-            gate.pass();
+            gate.wait();
             busy.leave();
         });
     }
@@ -354,17 +341,17 @@ TEST(WorkerPoolForEach, DoesNotWaitForWorkersThatAreBusy) {
     pool.forEach(100, [&](std::size_t) { ++calls; });
     EXPECT_EQ(calls, 100);
     EXPECT_EQ(busy.inside(), 2);
-    gate.open();
+    gate.set();
 }
 
 TEST(WorkerPoolForEach, GoesAheadOfQueuedTasks) {
     // One worker, which is free when both a task and calls are waiting.
+    Event gate;
     WorkerPool pool({1, 2});
-    Gate gate;
     std::atomic<bool> busy{false};
     pool.submit([&] {
         busy = true;
-        gate.pass();
+        gate.wait();
     });
     ASSERT_TRUE(waitUntil([&] { return busy.load(); }));
     std::mutex mutex;
@@ -386,7 +373,7 @@ TEST(WorkerPoolForEach, GoesAheadOfQueuedTasks) {
             ++callsOfTheWorker;
             return;
         }
-        gate.open();
+        gate.set();
         EXPECT_TRUE(waitUntil([&] { return callsOfTheWorker == 3; }));
     });
     EXPECT_TRUE(waitUntil([&] { return taskRan.load(); }));

@@ -10,6 +10,11 @@ namespace {
 
 constexpr const char* kind = "object:state-changed:checked";
 
+gboolean expire(gpointer isOver) {
+    *static_cast<bool*>(isOver) = true;
+    return G_SOURCE_REMOVE;
+}
+
 }  // namespace
 
 Announcements::Announcements() : listener_(atspi_event_listener_new(take, this, nullptr)) {
@@ -31,11 +36,15 @@ void Announcements::take(AtspiEvent* event, void* self) {
 
 bool Announcements::hear(
     const std::function<bool(const std::vector<std::string>& heard)>& isEnough) {
-    return waitUntil([&] {
-        while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
-        }
-        return isEnough(heard_);
-    });
+    bool isOver = false;
+    const guint alarm = g_timeout_add_seconds(testPatience.count(), expire, &isOver);
+    while (!isEnough(heard_) && !isOver) {
+        g_main_context_iteration(nullptr, TRUE);
+    }
+    if (!isOver) {
+        g_source_remove(alarm);
+    }
+    return isEnough(heard_);
 }
 
 }  // namespace tarvin
