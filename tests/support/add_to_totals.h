@@ -9,8 +9,8 @@
 
 namespace tarvin {
 
-/// Adds to the totals of a data file, as another copy of the program does after a clean-up. The
-/// error if they could not be written.
+/// Adds to the totals of a data file, as another instance does after a clean-up. Returns the error
+/// if they could not be written. `size` is in bytes.
 [[nodiscard]] inline std::optional<StoreError> addToTotals(DataFile& data, std::uint64_t count,
                                                            std::uint64_t size) {
     auto locked = data.lock();

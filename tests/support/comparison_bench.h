@@ -16,19 +16,19 @@
 
 namespace tarvin {
 
-/// Files in a folder of their own and a finder to compare them with. Tells every file.
+/// Files in a temporary folder, and a finder for them that reports every file.
 class ComparisonBench final : public ScanObserver {
  public:
     explicit ComparisonBench(FileSystem& fileSystem = systemFileSystem(),
                              WorkerPool::Limits workers = {2, 4})
         : tools_(fileSystem, workers), finder_(tools_.services(), *this, gate_, processed_) {}
 
-    /// Writes a file and puts it at the end of the list.
+    /// Writes a file and appends it to the list.
     File* add(std::string_view name, std::string_view content) {
         return addPath(folder_.writeFile(name, content), content.size());
     }
 
-    /// Puts a file at the end of the list under a recorded size, whatever stands at the path.
+    /// Appends a file with a recorded size in bytes, whether or not a file is at the path.
     File* addPath(const std::string& path, std::uint64_t recordedSize) {
         const std::size_t slash = path.rfind('/');
         const Directory* directory = store_->addRoot(std::string_view(path).substr(0, slash));
@@ -37,7 +37,7 @@ class ComparisonBench final : public ScanObserver {
         return list_.back();
     }
 
-    /// Compares what is in the list.
+    /// Compares the files of the list.
     std::shared_ptr<Modal> find() { return finder_.findDuplicates(list_, *store_); }
 
     void processing(const std::string& path, std::uint64_t) override {
@@ -70,7 +70,7 @@ class ComparisonBench final : public ScanObserver {
     std::vector<std::string> told_;  // guarded by mutex_
 };
 
-/// `size` bytes that look like nothing; the same for the same seed.
+/// `size` pseudo-random bytes; the same for the same seed.
 inline std::string noise(std::size_t size, std::uint64_t seed) {
     std::string bytes(size, '\0');
     std::uint64_t state = seed * 0x9E3779B97F4A7C15U + 1;

@@ -7,27 +7,27 @@
 
 namespace tarvin {
 
-/// A desktop session of a test's own, with the service that shows the Trash to file managers. Its
-/// home is a temporary folder, with the folder "data" for programs' data.
+/// A separate desktop session with the GVfs service that shows the Trash to file managers. Its home
+/// is `home`, with "data" as XDG_DATA_HOME.
 class DesktopSession final {
  public:
-    /// Commands that are run in the session may take a minute.
+    /// A command may take a minute. `home` must outlive this object.
     explicit DesktopSession(const TemporaryFolder& home)
         : environment_("env HOME=" + quoted(home.path()) +
                        " XDG_DATA_HOME=" + quoted(home.pathOf("data")) +
                        " XDG_RUNTIME_DIR=" + quoted(home.makeFolder("run")) + " LC_ALL=C.UTF-8") {}
 
-    /// Runs shell commands with a bus of their own.
+    /// Runs shell commands with a D-Bus session of their own.
     [[nodiscard]] CommandResult run(const std::string& commands) const {
         return runCommand(environment_ + " timeout --kill-after=5 60 dbus-run-session -- sh -c " +
                           quoted(commands));
     }
-    /// The same for programs that need no bus.
+    /// Runs shell commands without D-Bus.
     [[nodiscard]] CommandResult runAlone(const std::string& commands) const {
         return runCommand(environment_ + " timeout --kill-after=5 60 sh -c " + quoted(commands));
     }
 
-    /// A word of a shell command.
+    /// Returns `word` quoted for a shell command.
     [[nodiscard]] static std::string quoted(const std::string& word) {
         std::string text = "'";
         for (const char letter : word) {

@@ -16,7 +16,7 @@
 
 namespace tarvin {
 
-/// A clock that stands still until the test moves it. Any thread.
+/// A clock that only the test advances. Any thread.
 class FakeClock final : public Clock {
  public:
     Timestamp now() override {
@@ -29,13 +29,13 @@ class FakeClock final : public Clock {
         return steadyNow_;
     }
 
-    /// Sets the date and time as a person would: the steady clock does not notice.
+    /// Sets the date and time like a user; the steady clock is not changed.
     void set(Timestamp now) {
         const std::lock_guard lock(mutex_);
         now_ = now;
     }
 
-    /// Lets time pass on both clocks.
+    /// Advances both clocks.
     void advance(std::chrono::nanoseconds time) {
         const std::lock_guard lock(mutex_);
         now_ += time;
@@ -48,8 +48,8 @@ class FakeClock final : public Clock {
     std::chrono::steady_clock::time_point steadyNow_{};                       // guarded by mutex_
 };
 
-/// A platform that answers what the test has set: at first no volumes, no user, no folders, and the
-/// files of the file system it was given. Any thread.
+/// A platform that returns what the test has set: at first no volumes, no user, no folders, and
+/// `fileSystem`, which must outlive it. Any thread.
 class FakePlatform final : public Platform {
  public:
     explicit FakePlatform(FileSystem& fileSystem = systemFileSystem()) : fileSystem_(fileSystem) {}
@@ -62,13 +62,14 @@ class FakePlatform final : public Platform {
         }
         return std::make_unique<HeldTrash>(tarvin::makeTrashMover(*trashUser_), beforePutBack_);
     }
-    /// Has files go to the real Trash of this user, in place of trash(). Before anything is moved.
+    /// Moves files to the real Trash of this user instead of trash(). Call before anything is
+    /// moved.
     void useTrashOf(TrashUser user, HeldTrash::BeforePutBack beforePutBack) {
         trashUser_ = std::move(user);
         beforePutBack_ = std::move(beforePutBack);
     }
     FakeTrash& trash() { return trash_; }
-    /// Used on one thread at a time, like all running copies.
+    /// One thread at a time, like every RunningCopies.
     FakeRunningCopies& runningCopies() override { return runningCopies_; }
 
     std::vector<Volume> mountedVolumes() override {
@@ -102,7 +103,7 @@ class FakePlatform final : public Platform {
         volumes_ = std::move(volumes);
     }
 
-    /// What begins with `path` is on another machine.
+    /// Paths that begin with `path` are on a network volume.
     void setNetworkFolder(std::string path) {
         const std::lock_guard lock(mutex_);
         networkFolder_ = std::move(path);

@@ -10,24 +10,24 @@
 
 namespace tarvin {
 
-/// Copies of the program that are only said to run. At first this process would be the only one.
-/// One thread at a time; the requests are called at once, on that thread.
+/// Fake instances of the program; at first this process is the only one. One thread at a time; the
+/// requests are called synchronously, on that thread.
 class FakeRunningCopies final : public RunningCopies {
  public:
-    /// What join() fails with from now on.
+    /// Makes join() fail with `error` from now on.
     void refuseToJoin(SystemError error) { refusal_ = error; }
-    /// Others that run already, in order, with numbers below and above that of this process, which
-    /// is `number`.
+    /// Sets the instances that run already, in order; their numbers may be below and above that of
+    /// this process, which is `thisCopy`.
     void setOthers(std::vector<RunningCopy> others, RunningCopy thisCopy) {
         others_ = std::move(others);
         thisCopy_ = thisCopy;
     }
-    /// The same, but they come only just before this process joins.
+    /// Like setOthers(), but they start just before this process joins.
     void letOthersComeFirst(std::vector<RunningCopy> others, RunningCopy thisCopy) {
         comingFirst_ = std::move(others);
         thisCopy_ = thisCopy;
     }
-    /// What another copy asks of this one; it must have joined.
+    /// Requests of another instance to this one. Requires that it has joined.
     void askThisToQuit() const { requests_.quit(); }
     void bringThisToFront(const std::string& activationToken = {}) const {
         requests_.comeToFront(activationToken);
@@ -100,7 +100,7 @@ class FakeRunningCopies final : public RunningCopies {
         return true;
     }
 
-    /// A copy ends just before it would be asked for anything: it is still listed once.
+    /// Makes an instance exit just before the next request to it: copies() lists it once more.
     void endBeforeItIsAsked(RunningCopy copy) { ending_.push_back(copy); }
 
  private:

@@ -13,18 +13,18 @@
 
 namespace tarvin {
 
-/// A Trash that is a folder of the test's, in which files have numbers for names. The test says
-/// which paths it refuses, and reads afterwards what was asked of it. One thread at a time.
+/// A Trash that moves files into a folder of the test and names them by number. The test sets which
+/// paths it refuses, and can read the calls afterwards. One thread at a time.
 class FakeTrash final {
  public:
-    /// The folder, which is there.
+    /// Sets the folder, which must exist.
     void moveTo(const std::string& folder) { folder_ = folder; }
-    /// Every move of `path` fails from now on.
+    /// Makes every move of `path` fail from now on.
     void refuse(const std::string& path) { refusing_.insert(path); }
 
-    /// Every path a move was asked for, in order.
+    /// The paths of all attempted moves, in order.
     [[nodiscard]] const std::vector<std::string>& attempts() const { return attempts_; }
-    /// The paths whose move was done, in order, those that were moved back included.
+    /// The paths of all completed moves, in order, including files that were moved back.
     [[nodiscard]] const std::vector<std::string>& moves() const { return moves_; }
 
     [[nodiscard]] std::unique_ptr<TrashMover> makeMover() { return std::make_unique<Mover>(*this); }

@@ -10,7 +10,7 @@ namespace tarvin {
 
 namespace {
 
-// What the kernel takes for an entry besides its name, about: portions are as large as real ones.
+// Bytes of a directory record besides the name, about: blocks are as large as those of the kernel.
 constexpr std::size_t recordBytes = 24;
 constexpr std::size_t portionRoom = 32 * 1024;
 constexpr std::string_view inventedName = "invented-";
@@ -19,7 +19,8 @@ std::size_t indexOf(FileCall call) {
     return static_cast<std::size_t>(call);
 }
 
-/// Copies `name` to the front of `room` and adds it to `block`; false if there is no room left.
+/// Copies `name` to the front of `room` and adds it to `block`. Returns false if `room` is too
+/// small.
 bool addEntry(const std::string& name, EntryType type, std::span<std::byte>& room,
               EntryBlock& block) {
     if (room.size() < name.size() + recordBytes) {
@@ -60,9 +61,9 @@ void FaultyFileSystem::setDescriptorLimit(std::size_t limit) {
     descriptorLimit_ = limit;
 }
 
-void FaultyFileSystem::refuseMoreDescriptorsThan(std::size_t most) {
+void FaultyFileSystem::refuseMoreDescriptorsThan(std::size_t max) {
     const std::lock_guard lock(mutex_);
-    mostDescriptors_ = most;
+    maxDescriptors_ = max;
 }
 
 void FaultyFileSystem::setRotational(bool rotational) {
@@ -340,11 +341,11 @@ void FaultyFileSystem::close(int number) {
     open = std::move(found->second);
     open_.erase(found);
     --openNow_;
-    // Closed with the lock held: before that nobody can be given the same number.
+    // Closed with the lock held, so that no other thread gets the same descriptor before.
     open->real.reset();
 }
 
-/// Counts the call, runs its actions and answers its fault, if it has one.
+/// Counts the call, runs its actions and returns its fault, if any.
 std::optional<SystemError> FaultyFileSystem::enter(FileCall call, const std::string& path) {
     std::vector<Action> actions;
     std::optional<SystemError> error;
@@ -378,7 +379,7 @@ std::optional<SystemError> FaultyFileSystem::enter(FileCall call, const std::str
     return error;
 }
 
-/// The same for an entry: the path is only put together if somebody wants to know it.
+/// Like enter(), for an entry. Builds the path only if a fault needs it.
 std::optional<SystemError> FaultyFileSystem::enterAt(FileCall call, const std::string& folder,
                                                      const char* name) {
     {
@@ -391,10 +392,10 @@ std::optional<SystemError> FaultyFileSystem::enterAt(FileCall call, const std::s
     return enter(call, entryPath(folder, name));
 }
 
-/// Counts the descriptor about to be opened, so that two that open at once see each other.
+/// Counts the descriptor before it is opened, so that concurrent opens respect the limit.
 std::optional<SystemError> FaultyFileSystem::reserveDescriptor() {
     const std::lock_guard lock(mutex_);
-    if (mostDescriptors_ && openNow_ >= *mostDescriptors_) {
+    if (maxDescriptors_ && openNow_ >= *maxDescriptors_) {
         return SystemError{EMFILE};
     }
     openAtMost_ = std::max(openAtMost_, ++openNow_);

@@ -41,77 +41,76 @@ enum class ListingOrder : std::uint8_t {
     asListed,  ///< that of the file system
     sorted,    ///< by the bytes of the names
     reversed,  ///< by the bytes of the names, last first
-    shuffled   ///< by chance, but the same for the same names and seed
+    shuffled   ///< random, but the same for the same names and seed
 };
 
-/// Another file system (the machine's, as a rule) with a fault wherever the test wants one. Counts
-/// what is asked of it, fails or acts at the n-th call of a kind, and answers for devices as told.
-/// At first it changes nothing, except that there is no Trash in the home. Any thread; an action
-/// runs on the thread that made the call and may use everything here.
+/// A file system with fault injection: forwards to another one (by default the real one), counts
+/// the calls, makes the n-th call of a kind fail or runs an action before it, and returns set
+/// values for devices. At first it changes nothing, except that there is no home Trash. Any thread;
+/// an action runs on the thread of the call and may use this object.
 class FaultyFileSystem final : public FileSystem {
  public:
     using Action = std::function<void()>;
 
-    /// `nth` for every call.
+    /// Value of `nth` for every call.
     static constexpr std::uint64_t each = 0;
 
-    /// `real` outlives it.
+    /// `real` must outlive this object.
     explicit FaultyFileSystem(FileSystem& real = systemFileSystem()) : real_(real) {}
 
-    // Faults. Calls are numbered from 1, from the moment the fault is set, among those of the kind
-    // whose path contains `pathPart` (all of them if it is empty). The path of a call on an open
-    // file or folder is the one it was opened by; that of an entry is its folder's with the name
-    // behind.
+    // Faults. Calls of a kind whose path contains `pathPart` (all if it is empty) are numbered from
+    // 1, beginning when the fault is set. The path of a call on an open file or folder is the path
+    // by which it was opened; the path of an entry is that of its folder plus the name.
 
-    /// Lets the `nth` such call fail with the error number `error`, without asking the real one.
+    /// Makes the `nth` such call fail with errno `error`, without calling the real file system.
     void failCall(FileCall call, std::uint64_t nth, int error, std::string_view pathPart = {});
-    /// Runs `action` just before the `nth` such call is made, or failed.
+    /// Runs `action` just before the `nth` such call, or its fault.
     void beforeCall(FileCall call, std::uint64_t nth, Action action,
                     std::string_view pathPart = {});
-    /// Forgets all faults and actions.
+    /// Removes all faults and actions.
     void clearFaults();
 
-    // Answers.
+    // Return values.
 
-    /// What descriptorLimit() says from now on.
+    /// Sets the result of descriptorLimit().
     void setDescriptorLimit(std::size_t limit);
-    /// From now on opening anything while `most` descriptors are open fails with EMFILE.
-    void refuseMoreDescriptorsThan(std::size_t most);
-    /// What isRotational() says of every device.
+    /// Makes every open fail with EMFILE while `max` descriptors are open.
+    void refuseMoreDescriptorsThan(std::size_t max);
+    /// Sets the result of isRotational() for every device.
     void setRotational(bool rotational);
-    /// What isPseudoFileSystem() says of this device.
+    /// Sets the result of isPseudoFileSystem() for this device.
     void setPseudoFileSystem(std::uint64_t device, bool pseudo);
     void setHomeTrash(std::optional<FileIdentity> identity);
-    /// Says that the entry with exactly this path is immutable.
+    /// Reports the entry with exactly this path as immutable.
     void setImmutable(const std::string& path);
-    /// Says that the entry with exactly this path was made then.
+    /// Reports that time of creation for the entry with exactly this path.
     void setCreated(const std::string& path, Timestamp created);
-    /// Folders opened after this list their entries in that order.
+    /// Sets the order of entries for folders that are opened from now on.
     void setListingOrder(ListingOrder order, std::uint64_t seed = 0);
-    /// Listings say no entry's type, as some file systems do.
+    /// Lists entries without their types, like some file systems.
     void hideEntryTypes();
-    /// Puts `count` empty regular files behind the entries of a folder, by its path:
-    /// "invented-0.txt" and so on. They are listed and have attributes, and cannot be opened.
+    /// Appends `count` fake empty regular files to the entries of the folder at the path:
+    /// "invented-0.txt" and so on. They are listed and have attributes, but cannot be opened.
     void inventFiles(const std::string& folder, std::uint64_t count);
 
-    // What was asked for so far.
+    // Counters.
 
     [[nodiscard]] std::uint64_t calls(FileCall call) const;
-    /// How often a file or folder was opened by this path, successfully or not.
+    /// The number of times that this path was opened, successfully or not.
     [[nodiscard]] std::uint64_t opens(const std::string& path) const;
-    /// All paths that openFile() was asked for, sorted, each once.
+    /// All paths passed to openFile(), sorted, without repetitions.
     [[nodiscard]] std::vector<std::string> openedFiles() const;
-    /// Bytes that readAt() and readCachedAt() gave of the file opened by this path.
+    /// Bytes returned by readAt() and readCachedAt() of the file opened by this path.
     [[nodiscard]] std::uint64_t bytesRead(const std::string& path) const;
-    /// The same for all files together.
+    /// Bytes returned by readAt() and readCachedAt() of all files.
     [[nodiscard]] std::uint64_t bytesRead() const;
-    /// Entries that listEntries() gave, of all folders together.
+    /// Entries returned by listEntries(), of all folders.
     [[nodiscard]] std::uint64_t entriesListed() const;
     /// Files and folders open now.
     [[nodiscard]] std::size_t openNow() const;
-    /// The most that were open at once.
+    /// The highest number that were open at the same time.
     [[nodiscard]] std::size_t openAtMost() const;
-    /// The most threads that were inside readAtLeast() of one device's files at once.
+    /// The highest number of threads inside readAtLeast() for files of one device.
     [[nodiscard]] std::size_t readersOfOneDeviceAtMost() const;
 
     Result<Descriptor> openRootDirectory(const std::string& path) override;
@@ -143,7 +142,7 @@ class FaultyFileSystem final : public FileSystem {
     struct Fault {
         std::uint64_t nth;
         std::string pathPart;
-        int error;  // none for an action
+        int error;  // errno; 0 for an action
         Action action;
         std::uint64_t seen = 0;
     };
@@ -153,12 +152,12 @@ class FaultyFileSystem final : public FileSystem {
         EntryType type;
     };
 
-    /// What is open. Kept alive by the calls that are inside it.
+    /// An open file or folder. Shared with the calls that use it.
     struct Open {
         Descriptor real;
         std::string path;
         std::uint64_t device = 0;       // of a file
-        std::vector<ListedName> names;  // of a folder whose order is not the file system's
+        std::vector<ListedName> names;  // of a folder that is listed in another order
         std::size_t nextName = 0;
         bool allListed = false;
         std::uint64_t invented = 0;
@@ -186,7 +185,7 @@ class FaultyFileSystem final : public FileSystem {
 
     FileSystem& real_;
 
-    mutable std::mutex mutex_;  // guards everything below
+    mutable std::mutex mutex_;  // guards all fields below
     std::array<std::vector<Fault>, callKinds> faults_;
     std::array<std::uint64_t, callKinds> calls_{};
     std::unordered_map<int, std::shared_ptr<Open>> open_;
@@ -199,7 +198,7 @@ class FaultyFileSystem final : public FileSystem {
     std::size_t readersAtMost_ = 0;
 
     std::optional<std::size_t> descriptorLimit_;
-    std::optional<std::size_t> mostDescriptors_;
+    std::optional<std::size_t> maxDescriptors_;
     std::optional<bool> rotational_;
     std::map<std::uint64_t, bool> pseudo_;
     std::optional<FileIdentity> homeTrash_;

@@ -30,14 +30,14 @@ enum class TrashCall {
     longestName
 };
 
-/// The real calls, counted; each can be made to fail instead of being made. One thread at a time.
+/// The real calls with counters and fault injection. One thread at a time.
 class FaultyTrashCalls final : public TrashCalls {
  public:
-    /// From now on every call of this kind fails, until `heal`.
+    /// Makes every call of this kind fail with errno `code`, until heal().
     void fail(TrashCall call, int code) { failing_[call] = code; }
-    /// The next call of this kind fails, and no other.
+    /// Makes only the next call of this kind fail.
     void failNext(TrashCall call, int code) { failingNext_[call] = code; }
-    /// The call of this number, from 0, of all that follow fails; those behind it do not.
+    /// Makes one of the following calls of any kind fail: the one with this number, from 0.
     void failOnce(std::size_t number, int code) {
         failingNumber_ = made_ + number;
         failingCode_ = code;
@@ -46,10 +46,10 @@ class FaultyTrashCalls final : public TrashCalls {
         failing_.clear();
         failingNumber_.reset();
     }
-    /// Writes take no more than this many bytes each.
-    void limitWrites(std::size_t bytes) { mostWritten_ = bytes; }
+    /// Limits each write to this many bytes.
+    void limitWrites(std::size_t bytes) { maxWritten_ = bytes; }
     void limitNames(std::size_t bytes) { longestName_ = bytes; }
-    /// Is run once, before the next call of this kind.
+    /// Runs `action` once, before the next call of this kind.
     void before(TrashCall call, std::function<void()> action) {
         action_ = std::move(action);
         actionCall_ = call;
@@ -60,7 +60,7 @@ class FaultyTrashCalls final : public TrashCalls {
         const auto found = counts_.find(call);
         return found == counts_.end() ? 0 : found->second;
     }
-    /// Whether the call of `failOnce` has come.
+    /// Whether the call of failOnce() was made.
     [[nodiscard]] bool hasFailed() const { return hasFailed_; }
     /// Files that were created and not closed again.
     [[nodiscard]] std::size_t filesOpen() const { return open_.size(); }
@@ -93,9 +93,9 @@ class FaultyTrashCalls final : public TrashCalls {
         const int failure = failureOf(TrashCall::write);
         return failure != 0 ? failure
                             : TrashCalls::write(number, bytes,
-                                                size < mostWritten_ ? size : mostWritten_, written);
+                                                size < maxWritten_ ? size : maxWritten_, written);
     }
-    /// A descriptor is gone even where closing fails.
+    /// Closes the descriptor also if the call has a fault.
     int close(int number) override {
         const int failure = failureOf(TrashCall::close);
         open_.erase(number);
@@ -168,7 +168,7 @@ class FaultyTrashCalls final : public TrashCalls {
     std::optional<std::size_t> failingNumber_;
     int failingCode_ = 0;
     bool hasFailed_ = false;
-    std::size_t mostWritten_ = static_cast<std::size_t>(-1);
+    std::size_t maxWritten_ = static_cast<std::size_t>(-1);
     std::optional<std::size_t> longestName_;
     std::function<void()> action_;
     TrashCall actionCall_ = TrashCall::openFolder;

@@ -6,7 +6,7 @@
 
 namespace tarvin {
 
-/// All bytes of a file; none if it cannot be read.
+/// All bytes of a file; empty if it cannot be read.
 inline std::string contentOf(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};

@@ -6,8 +6,8 @@
 
 namespace tarvin {
 
-/// Stands in for a full disk: while it is set, no file of this process grows beyond a size. Its end
-/// lifts it.
+/// Simulates a full disk: while it is set, writes of this process beyond a file size fail with
+/// EFBIG. Lifted on destruction.
 class FileSizeLimit final {
  public:
     FileSizeLimit() : usualHandler_(std::signal(SIGXFSZ, SIG_IGN)) {

@@ -21,22 +21,21 @@
 
 namespace tarvin {
 
-/// A tree of a test's own inside a temporary folder, with what a folder may hold besides files, and
-/// of any depth. Names are relative to the tree and may hold slashes; folders in between are made.
-/// A test whose tree cannot be built ends at once.
+/// A tree in a temporary folder, of any depth, with links, pipes and sockets. Names are relative to
+/// the tree and may contain slashes; missing folders are made. Aborts if an entry cannot be made.
 class FileTree final {
  public:
     FileTree() = default;
     FileTree(const FileTree&) = delete;
     FileTree& operator=(const FileTree&) = delete;
-    /// Takes the tree down step by step: it may be deeper than there are descriptors.
+    /// Removes the tree level by level: it may be deeper than the descriptor limit.
     ~FileTree() { removeTree(folder_.path()); }
 
-    /// The tree itself: absolute, without a slash at its end.
+    /// The root of the tree: absolute, without a trailing slash.
     [[nodiscard]] const std::string& path() const { return folder_.path(); }
     [[nodiscard]] std::string pathOf(std::string_view name) const { return folder_.pathOf(name); }
 
-    // Each makes an entry and answers its absolute path.
+    // Each makes an entry and returns its absolute path.
 
     std::string makeFolder(std::string_view name) const { return folder_.makeFolder(name); }
 
@@ -67,9 +66,9 @@ class FileTree final {
         return path;
     }
 
-    /// `depth` folders called `name`, one inside the other, the outermost in the folder `in` of the
-    /// tree. Each, from the level `from` on, holds a file of that content for every name in
-    /// `files`. Answers the path of the innermost, which may be longer than the system takes.
+    /// Makes `depth` nested folders called `name`, the outermost in the folder `in` of the tree.
+    /// Each, from level `from` on, contains the `files`, with `content`. Returns the path of the
+    /// innermost, which may be longer than PATH_MAX.
     std::string makeChain(std::string_view in, std::string_view name, std::size_t depth,
                           const std::vector<std::string>& files = {}, std::string_view content = {},
                           std::size_t from = 0) const {
@@ -91,7 +90,7 @@ class FileTree final {
         return path;
     }
 
-    /// `count` empty files in the folder `in` of the tree: "0", "1" and so on with the ending.
+    /// Makes `count` empty files in the folder `in` of the tree: "0", "1" and so on, plus `ending`.
     void makeFiles(std::string_view in, std::size_t count, std::string_view ending = ".txt") const {
         const std::string path = makeFolder(in);
         const int folder = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -108,8 +107,7 @@ class FileTree final {
         if (folder < 0) {
             return;
         }
-        // The folders that are still to be removed, level by level; the last one of each level is
-        // the one gone into.
+        // The folders still to be removed, by level; the last one of each level is the current one.
         std::vector<std::vector<std::string>> levels;
         levels.push_back(removeFiles(folder));
         while (true) {
@@ -133,12 +131,13 @@ class FileTree final {
  private:
     static void check(int answer, const std::string& path) {
         if (answer < 0) {
-            std::cerr << "The test's tree: " << std::strerror(errno) << " at " << path << '\n';
+            std::cerr << "cannot build or remove the test's tree at '" << path
+                      << "': " << std::strerror(errno) << '\n';
             std::abort();
         }
     }
 
-    /// Goes from the open folder `from` to one beside or below it.
+    /// Closes `from` and opens a folder relative to it.
     static int moveTo(int from, const char* name) {
         const int to = ::openat(from, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
         check(to, name);
@@ -157,7 +156,7 @@ class FileTree final {
         }
     }
 
-    /// Removes everything but the folders, whose names it answers.
+    /// Removes all entries except folders. Returns the names of the folders.
     static std::vector<std::string> removeFiles(int folder) {
         std::vector<std::string> folders;
         std::vector<std::string> others;
@@ -171,7 +170,7 @@ class FileTree final {
         ::closedir(listing);
         for (const std::string& name : others) {
             const int answer = ::unlinkat(folder, name.c_str(), 0);
-            // Some file systems do not say in a listing what is a folder.
+            // Some file systems list entries without their types.
             if (answer < 0 && errno == EISDIR) {
                 folders.push_back(name);
             } else {

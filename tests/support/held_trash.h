@@ -11,7 +11,7 @@
 
 namespace tarvin {
 
-/// A Trash that tells a test of each file before it puts it back, by the name that it is to get.
+/// Forwards to another Trash and calls the test before each restored file, with its new name.
 class HeldTrash final : public TrashMover {
  public:
     using BeforePutBack = std::function<void(const std::string& name)>;

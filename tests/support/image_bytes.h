@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-/// Image files as bytes, made by hand: those that no program would write, or not in this time.
+/// Image files as bytes, for what no encoder would write, or not fast enough.
 namespace tarvin::imagebytes {
 
 inline std::string contentOf(const std::string& path) {
@@ -27,7 +27,7 @@ inline std::string littleEndian(std::uint32_t number) {
     return {bytes.rbegin(), bytes.rend()};
 }
 
-/// The check sum of the chunks of a PNG file.
+/// The checksum of PNG chunks.
 inline std::uint32_t crc32(std::string_view bytes) {
     static const std::array<std::uint32_t, 256> table = [] {
         std::array<std::uint32_t, 256> sums{};
@@ -54,8 +54,7 @@ inline std::string pngChunk(std::string_view type, std::string_view content) {
            bigEndian(crc32(checked));
 }
 
-/// Signature and header of a PNG file of one bit of gray or, with `bits` 24, of three bytes a
-/// pixel.
+/// Signature and header of a PNG file with 1 bit of gray or, if `bits` is 24, 3 bytes a pixel.
 inline std::string pngHeader(std::uint32_t width, std::uint32_t height, int bits = 24) {
     const bool isGray = bits == 1;
     std::string header = bigEndian(width) + bigEndian(height);
@@ -65,13 +64,12 @@ inline std::string pngHeader(std::uint32_t width, std::uint32_t height, int bits
     return "\x89PNG\r\n\x1a\n" + pngChunk("IHDR", header);
 }
 
-/// How many zero bytes a stream of zlib's repeats in 13 bytes of its own.
+/// The number of zero bytes that 13 bytes of a zlib stream repeat.
 inline constexpr std::uint64_t zerosRepeated = 8 * 258;
 
-/// Eight times "258 more of the same" in a stream of zlib's. Each takes 13 bits (1100 0101 for the
-/// length, 00000 for the distance), so that eight take whole bytes. They are moved by three bits,
-/// to leave room for `before`; what that moves out at the end are zeros, as is `before` of the
-/// next.
+/// Eight zlib matches of 258 bytes at distance 1. Each takes 13 bits (1100 0101 for the length,
+/// 00000 for the distance), so that eight are whole bytes. They are shifted by three bits for
+/// `before`; the bits shifted out at the end are zero, and so is `before` of the next group.
 inline std::string repeatedZeros(unsigned before) {
     std::string bytes(13, '\0');
     for (std::size_t match = 0; match < 8; ++match) {
@@ -84,13 +82,13 @@ inline std::string repeatedZeros(unsigned before) {
     return bytes;
 }
 
-/// A whole black PNG file but for the end of its stream.
+/// A black PNG file, complete except for the end of its zlib stream.
 inline std::string blackPng(std::uint32_t width, std::uint32_t height, int bits) {
     constexpr std::uint64_t repetitionsInAChunk = 80'000;
     const std::uint64_t rowBytes = 1 + (std::uint64_t{width} * static_cast<unsigned>(bits) + 7) / 8;
     const std::uint64_t chunks = rowBytes * height / (zerosRepeated * repetitionsInAChunk) + 1;
-    // The header of the stream, a block that holds one zero byte as it is, and the beginning of one
-    // (the bits 010) that repeats it.
+    // The zlib header, a stored block with one zero byte, and the begin (bits 010) of a compressed
+    // block that repeats it.
     std::string png =
         pngHeader(width, height, bits) +
         pngChunk("IDAT", std::string("\x78\x01\x00\x01\x00\xfe\xff\x00", 8) + repeatedZeros(0b010));
@@ -106,7 +104,7 @@ inline std::string blackPng(std::uint32_t width, std::uint32_t height, int bits)
     return png + pngChunk("IEND", "");
 }
 
-/// The beginning of a BMP file of three bytes a pixel.
+/// The header of a BMP file with 3 bytes a pixel, and 1,000 more bytes.
 inline std::string bmpHeader(std::uint32_t width, std::uint32_t height) {
     std::string header = "BM" + littleEndian(0) + littleEndian(0) + littleEndian(54) +
                          littleEndian(40) + littleEndian(width) + littleEndian(height);
@@ -114,7 +112,7 @@ inline std::string bmpHeader(std::uint32_t width, std::uint32_t height) {
     return header + std::string(24, '\0') + std::string(1000, 'x');
 }
 
-/// A GIF of two pixels, red and blue.
+/// A GIF with two pixels, red and blue.
 inline std::string twoPixelGif() {
     return std::string("GIF89a\x02\x00\x01\x00\x80\x00\x00", 13) +
            std::string("\xff\x00\x00\x00\x00\xff", 6) +
@@ -122,15 +120,15 @@ inline std::string twoPixelGif() {
            std::string("\x02\x02\x44\x0a\x00;", 6);
 }
 
-/// What EXIF calls an image whose left side is up in the scene.
+/// The EXIF orientation of an image to be rotated by 90 degrees clockwise.
 inline constexpr char turnedToTheRight = 6;
 
-/// A JPEG file that holds another, small one for file managers to show.
+/// A JPEG file with an EXIF thumbnail.
 inline std::string withThumbnail(const std::string& jpeg, const std::string& thumbnail) {
     const auto entry = [](const char* tag, std::uint32_t value) {
         return std::string(tag, 2) + std::string("\x04\0\x01\0\0\0", 6) + littleEndian(value);
     };
-    // Two lists, the second of the small one: that it is a JPEG, where and how long it is.
+    // Two directories; the second has the compression, offset and length of the thumbnail.
     constexpr std::uint32_t begin = 8 + 2 + 12 + 4 + 2 + 3 * 12 + 4;
     const std::string exif = std::string("Exif\0\0", 6) + std::string("II*\0\x08\0\0\0", 8) +
                              std::string("\x01\0\x12\x01\x03\0\x01\0\0\0\x01\0\0\0", 14) +
@@ -142,7 +140,7 @@ inline std::string withThumbnail(const std::string& jpeg, const std::string& thu
     return jpeg.substr(0, 2) + "\xff\xe1" + bigEndian(length).substr(2) + exif + jpeg.substr(2);
 }
 
-/// A JPEG file with a mark that says how the camera was held.
+/// A JPEG file with an EXIF orientation.
 inline std::string withOrientation(const std::string& jpeg, char orientation) {
     const std::string exif = std::string("Exif\0\0", 6) + std::string("II*\0\x08\0\0\0", 8) +
                              std::string("\x01\0\x12\x01\x03\0\x01\0\0\0", 10) + orientation +
@@ -151,25 +149,24 @@ inline std::string withOrientation(const std::string& jpeg, char orientation) {
     return jpeg.substr(0, 2) + "\xff\xe1" + bigEndian(length).substr(2) + exif + jpeg.substr(2);
 }
 
-/// A PNG file of 16 bits for each of three colours and, with a `pixel` of 8 bytes, for how solid it
-/// is; all pixels are alike.
+/// A PNG file with 16 bits a channel: RGB, or RGBA if `pixel` has 8 bytes. All pixels are equal.
 inline std::string deepPng(std::uint32_t width, std::uint32_t height, const std::string& pixel) {
     std::string header = bigEndian(width) + bigEndian(height) + '\x10';
     header += pixel.size() == 8 ? '\x06' : '\x02';
     header += std::string(3, '\0');
     QByteArray row(1, '\0');
     row += QByteArray::fromStdString(pixel).repeated(static_cast<qsizetype>(width));
-    // Qt puts the length before the stream.
+    // qCompress() puts the length in front of the stream.
     const QByteArray stream = qCompress(row.repeated(static_cast<qsizetype>(height)), 1).mid(4);
     return "\x89PNG\r\n\x1a\n" + pngChunk("IHDR", header) + pngChunk("IDAT", stream.toStdString()) +
            pngChunk("IEND", "");
 }
 
-/// How the pixels of a TIFF file are to be taken.
+/// The photometric interpretation of a TIFF file: RGB or CMYK.
 enum class TiffColors : std::uint8_t { light = 2, inks = 5 };
 
-/// A TIFF file of pixels of one colour, `pixel`, of that many channels. It is small: every row is
-/// stored at the same place.
+/// A TIFF file in one colour, `pixel`, with that many channels. It is small: all rows have the same
+/// offset.
 inline std::string flatTiff(std::uint32_t width, std::uint32_t height, TiffColors colors,
                             std::uint32_t channels, const std::string& pixel) {
     const auto bits = static_cast<std::uint32_t>(pixel.size() * 8 / channels);
@@ -205,7 +202,7 @@ inline std::string flatTiff(std::uint32_t width, std::uint32_t height, TiffColor
     return tiff + row;
 }
 
-/// Bits one after another, as a JPEG file holds them.
+/// Writes bits with the byte stuffing of JPEG.
 class JpegBits final {
  public:
     void add(std::uint32_t value, int count) {
@@ -213,7 +210,7 @@ class JpegBits final {
             byte_ = (byte_ << 1U) | ((value >> static_cast<unsigned>(bit)) & 1U);
             if (++filled_ == 8) {
                 bytes_ += static_cast<char>(byte_);
-                // A marker begins like this.
+                // 0xFF begins a marker unless a zero byte follows.
                 bytes_ += byte_ == 0xFF ? std::string(1, '\0') : std::string();
                 byte_ = 0;
                 filled_ = 0;
@@ -233,20 +230,19 @@ class JpegBits final {
     int filled_ = 0;
 };
 
-/// A red JPEG file whose three components are as fine as each other and come in several passes, so
-/// that all of it has to be kept until the last. Of these, only the first is there, which is enough
-/// for one colour.
+/// A red progressive JPEG file without chroma subsampling: a decoder must keep all coefficients
+/// until the last scan. It has only the first scan, which is enough for one colour.
 inline std::string progressiveJpeg(std::uint32_t width, std::uint32_t height) {
     std::string jpeg("\xff\xd8\xff\xdb\0\x43\0", 7);
     jpeg += std::string(64, '\1');
     jpeg += std::string("\xff\xc2\0\x11\x08", 5) + bigEndian(height).substr(2) +
             bigEndian(width).substr(2) + std::string("\3\1\x11\0\2\x11\0\3\x11\0", 10);
-    // Codes for "as before" and for differences of 9 and of 10 bits: 0, 10 and 110.
+    // Huffman codes for no difference and for differences of 9 and 10 bits: 0, 10 and 110.
     jpeg += std::string("\xff\xc4\0\x16\0\1\1\1", 8) + std::string(13, '\0') +
             std::string("\0\x09\x0a", 3);
     jpeg += std::string("\xff\xda\0\x0c\3\1\0\2\0\3\0\0\0\0", 14);
     JpegBits bits;
-    // Red in luminance and two differences, eight times the distance from 128: -416, -344, 1016.
+    // Red as Y, Cb and Cr, eight times the distance from 128: -416, -344, 1016.
     bits.add(0b10, 2);
     bits.add(511 - 416, 9);
     bits.add(0b10, 2);
@@ -260,15 +256,15 @@ inline std::string progressiveJpeg(std::uint32_t width, std::uint32_t height) {
     return jpeg + bits.bytes() + "\xff\xd9";
 }
 
-/// The same image, small in the file and in memory, with 100,000 passes over all of it: what reads
-/// it is busy for longer than any test waits.
+/// The image of progressiveJpeg() with 100,000 scans: small in the file and in memory, but decoding
+/// takes longer than any test waits.
 inline std::string endlessJpeg(std::uint32_t side) {
     constexpr int passes = 100'000;
     constexpr std::uint32_t blocksOfARun = 32'767;
     std::string jpeg = progressiveJpeg(side, side);
     jpeg.resize(jpeg.size() - 2);  // without its end
-    // The one code 0 for a run of 16,384 blocks without differences, and as many more as the 14
-    // bits behind it say.
+    // The only code, 0: a run of 16,384 blocks without differences, plus the number in the next 14
+    // bits.
     jpeg += std::string("\xff\xc4\0\x14\x10\1", 6) + std::string(15, '\0') + '\xe0';
     JpegBits bits;
     const std::uint32_t blocks = ((side + 7) / 8) * ((side + 7) / 8);

@@ -8,9 +8,9 @@
 
 namespace tarvin {
 
-/// What the screen shows of a widget, in pixels, once all that is due has been painted. Unlike
-/// QWidget::grab() it paints nothing by itself: a part that had to be painted again and was not is
-/// seen as it is. The widget's window is shown and nothing lies over it.
+/// The pixels of a widget on the screen, after pending paint events. Unlike QWidget::grab() it does
+/// not paint: a missing update() is visible. Requires that the widget's window is shown and not
+/// covered.
 inline QImage onScreen(const QWidget& widget) {
     QCoreApplication::processEvents();
     const QWidget& window = *widget.window();
@@ -21,12 +21,12 @@ inline QImage onScreen(const QWidget& widget) {
     return whole.copy(place.toRect()).convertToFormat(QImage::Format_RGB32);
 }
 
-/// The same widget painted anew, as it has to be seen.
+/// The pixels of the widget when it is painted now.
 inline QImage paintedAnew(QWidget& widget) {
     return widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
-/// Whether the screen shows of a widget what it would paint now.
+/// Whether the pixels on the screen equal those that the widget would paint now.
 inline bool isUpToDate(QWidget& widget) {
     const QImage shown = onScreen(widget);
     return shown == paintedAnew(widget);

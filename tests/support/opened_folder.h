@@ -8,9 +8,9 @@
 
 namespace tarvin {
 
-/// The folder at a path, open; a link at its end is followed. Throws if there is none. `told` is
-/// where it is said to be.
-inline OpenFolder openedFolder(const std::string& path, const std::string& told) {
+/// Opens the folder at a path; a link at its end is followed. Throws std::runtime_error if that
+/// fails. `recordedPath` is the path in the result.
+inline OpenFolder openedFolder(const std::string& path, const std::string& recordedPath) {
     FileSystem& fileSystem = systemFileSystem();
     auto folder = fileSystem.openRootDirectory(path);
     if (!folder) {
@@ -20,7 +20,7 @@ inline OpenFolder openedFolder(const std::string& path, const std::string& told)
     if (!attributes) {
         throw std::runtime_error(path + ": " + attributes.error().text());
     }
-    return {std::move(*folder), attributes->identity, told};
+    return {std::move(*folder), attributes->identity, recordedPath};
 }
 
 inline OpenFolder openedFolder(const std::string& path) {

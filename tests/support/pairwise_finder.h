@@ -8,8 +8,8 @@
 
 namespace tarvin {
 
-/// A result in a form that is easily compared and printed: for each extension in order its name and
-/// sets, for each set the paths in order.
+/// A result that is easily compared and printed: for each extension in order its name and sets, for
+/// each set the paths in order.
 struct PlainExtension {
     std::string name;
     std::vector<std::vector<std::string>> sets;
@@ -18,13 +18,13 @@ struct PlainExtension {
 };
 using PlainResult = std::vector<PlainExtension>;
 
-/// The judge of the finder: slow and obvious. Takes the first file, compares it in full with every
-/// other of its size, files the group, and so on until none is left.
+/// The reference implementation of the finder (brute force): compares the first file in full with
+/// every other of its size, removes that group from the list, and repeats until the list is empty.
 PlainResult findPairwise(std::vector<File*> list);
 
 PlainResult plainResultOf(const Modal& modal);
 
-/// For the message of a failed comparison.
+/// Returns the result as text, for failure messages.
 std::string printed(const PlainResult& result);
 
 }  // namespace tarvin

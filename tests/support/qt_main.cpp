@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-/// Tests of widgets need an application object. Without a display they paint into memory.
+/// Tests of widgets need a QApplication. Without QT_QPA_PLATFORM they paint into memory.
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");

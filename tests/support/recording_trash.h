@@ -11,16 +11,16 @@
 
 namespace tarvin {
 
-/// A Trash that moves nothing: the test says which paths exist and which of them refuse to go, and
-/// reads afterwards what was asked of it. A path that was moved exists no more.
+/// A fake mover: the test sets which paths exist and which of them cannot be moved, and reads the
+/// calls afterwards. A moved path no longer exists.
 class RecordingTrash final : public FileMover {
  public:
     void addExisting(const std::string& path) { existing_.insert(path); }
-    /// Lets `path` disappear as if another program had deleted it.
+    /// Removes `path`, as if another program had deleted it.
     void vanish(const std::string& path) { existing_.erase(path); }
-    /// Every move of `path` fails from now on.
+    /// Makes every move of `path` fail from now on.
     void refuse(const std::string& path) { refusing_.insert(path); }
-    /// Nothing can be prepared from now on.
+    /// Makes prepare() fail from now on.
     void refuseToPrepare() { prepares_ = false; }
 
     [[nodiscard]] bool fileExistsAtPath(const std::string& path) const {
@@ -45,11 +45,11 @@ class RecordingTrash final : public FileMover {
         return std::make_unique<Moves>(*this);
     }
 
-    /// Every path a move was asked for, in order.
+    /// The paths of all attempted moves, in order.
     [[nodiscard]] const std::vector<std::string>& attempts() const { return attempts_; }
-    /// The paths whose move was done, in order.
+    /// The paths of all completed moves, in order.
     [[nodiscard]] const std::vector<std::string>& moves() const { return moves_; }
-    /// How many sets came with each call of prepare().
+    /// The number of sets in each call of prepare().
     [[nodiscard]] const std::vector<std::size_t>& prepared() const { return prepared_; }
 
  private:

@@ -4,14 +4,14 @@
 
 namespace tarvin {
 
-/// What a scan's parts share, for a test that has only some of the parts.
+/// The services that the parts of a scan share, for a test that has only some of the parts.
 class ScanTools final {
  public:
     ScanTools(FileSystem& fileSystem, WorkerPool::Limits workers)
         : fileSystem_(fileSystem), pool_(workers) {}
 
     [[nodiscard]] ScanServices services() { return servicesWith(control_); }
-    /// The same with the flags of somebody else.
+    /// The services with another control.
     [[nodiscard]] ScanServices servicesWith(ScanControl& control) {
         return {fileSystem_, pool_, control, watch_, unreadable_};
     }

@@ -9,8 +9,8 @@ struct CommandResult {
     std::string output;  ///< standard output and standard error, in the order they were written
 };
 
-/// Runs `command` in the project's root with /bin/sh, with nothing to read on its standard input,
-/// and waits for its end.
+/// Runs `command` in the project's root with /bin/sh and an empty standard input. Blocks until it
+/// ends.
 [[nodiscard]] CommandResult runCommand(const std::string& command);
 
 }  // namespace tarvin

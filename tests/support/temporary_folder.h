@@ -10,15 +10,15 @@
 
 namespace tarvin {
 
-/// A folder of a test's own: empty at first, gone with the object. Names are relative to it and may
-/// hold slashes; folders in between are made.
+/// A temporary folder, removed on destruction. Names are relative to it and may contain slashes;
+/// missing folders are made. Aborts if it cannot be made.
 class TemporaryFolder final {
  public:
     explicit TemporaryFolder(
         const std::filesystem::path& parent = std::filesystem::temp_directory_path())
         : path_(parent / "tarvin-test-XXXXXX") {
         if (::mkdtemp(path_.data()) == nullptr) {
-            std::cerr << "No temporary folder at " << path_ << '\n';
+            std::cerr << "cannot make a temporary folder '" << path_ << "'\n";
             std::abort();
         }
     }
@@ -29,13 +29,13 @@ class TemporaryFolder final {
         std::filesystem::remove_all(path_, ignored);
     }
 
-    /// The folder itself: absolute, without a slash at its end.
+    /// Absolute, without a trailing slash.
     [[nodiscard]] const std::string& path() const { return path_; }
     [[nodiscard]] std::string pathOf(std::string_view name) const {
         return std::string(path_).append("/").append(name);
     }
 
-    /// Each makes an entry and answers its absolute path, which many a caller knows already.
+    // Each makes an entry and returns its absolute path, which many callers know already.
     // NOLINTBEGIN(modernize-use-nodiscard)
     std::string makeFolder(std::string_view name) const {
         std::string path = pathOf(name);
@@ -50,7 +50,7 @@ class TemporaryFolder final {
         return path;
     }
 
-    /// A symbolic link; `target` stands in it as given.
+    /// Makes a symbolic link to `target`, which is not resolved.
     std::string makeLink(std::string_view name, const std::string& target) const {
         std::string path = pathWithFolders(name);
         std::filesystem::create_symlink(target, path);
