@@ -1,6 +1,6 @@
 #include "scan/content_partition.h"
 
-#include "support/comparison_bench.h"
+#include "support/comparison_fixture.h"
 #include "support/faulty_file_system.h"
 #include "support/pairwise_finder.h"
 #include "support/waiting.h"
@@ -54,7 +54,7 @@ class Comparison : public ::testing::Test {
     }
 
     FaultyFileSystem fileSystem_;
-    ComparisonBench bench_{fileSystem_};
+    ComparisonFixture bench_{fileSystem_};
 };
 
 TEST_F(Comparison, OpensNothingWhoseSizeIsUnique) {
@@ -148,7 +148,7 @@ TEST_F(Comparison, ManyFilesThatDifferBehindTheFirstBlockAreReadNoFurther) {
 TEST_F(Comparison, TenThousandEqualFilesUnderALimitOf64Descriptors) {
     fileSystem_.setDescriptorLimit(64);
     fileSystem_.refuseMoreDescriptorsThan(64 - 16);
-    ComparisonBench bench(fileSystem_);
+    ComparisonFixture bench(fileSystem_);
     std::vector<std::string> paths;
     for (int number = 0; number < 10'000; ++number) {
         const std::string path = bench.folder().writeFile(std::to_string(number) + ".txt", "");
@@ -348,7 +348,7 @@ INSTANTIATE_TEST_SUITE_P(Ways, OneOfFilesInReading,
 TEST_F(Comparison, FailsAtAnyOfItsReads) {
     for (std::uint64_t nth = 2; nth < 6; ++nth) {
         FaultyFileSystem fileSystem;
-        ComparisonBench bench(fileSystem);
+        ComparisonFixture bench(fileSystem);
         std::vector<std::string> paths;
         for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
             paths.push_back(bench.add(name, noise(700'000, 3))->filePath());
@@ -479,7 +479,7 @@ TEST_F(Comparison, ADeviceInTheListIsNotRead) {
 
 TEST_F(Comparison, OneReaderAtATimeOnARotationalDevice) {
     fileSystem_.setRotational(true);
-    ComparisonBench bench(fileSystem_, {4, 8});
+    ComparisonFixture bench(fileSystem_, {4, 8});
     for (int number = 0; number < 400; ++number) {
         bench.add(std::to_string(number) + ".txt", noise(number % 2 == 0 ? 3'000 : 90'000, 3));
     }

@@ -1,6 +1,6 @@
 #include "scan/duplicate_finder.h"
 
-#include "support/comparison_bench.h"
+#include "support/comparison_fixture.h"
 #include "support/pairwise_finder.h"
 
 #include <gtest/gtest.h>
@@ -11,14 +11,14 @@ namespace {
 using Paths = std::vector<std::string>;
 
 TEST(DuplicateFinder, AnEmptyListGivesAnEmptyResult) {
-    ComparisonBench bench;
+    ComparisonFixture bench;
     const auto modal = bench.find();
     EXPECT_EQ(modal->extensionCount(), 0U);
     EXPECT_EQ(bench.processed(), 0U);
 }
 
 TEST(DuplicateFinder, OneFileGivesAnEmptyResult) {
-    ComparisonBench bench;
+    ComparisonFixture bench;
     bench.add("a.jpg", "x");
     const auto modal = bench.find();
     EXPECT_EQ(modal->extensionCount(), 0U);
@@ -28,7 +28,7 @@ TEST(DuplicateFinder, OneFileGivesAnEmptyResult) {
 }
 
 TEST(DuplicateFinder, ThreeEqualFilesFormOneSetInTheirOrder) {
-    ComparisonBench bench;
+    ComparisonFixture bench;
     File* f1 = bench.add("f1.jpg", "same bytes");
     File* f2 = bench.add("f2.jpg", "same bytes");
     File* f3 = bench.add("f3.jpg", "same bytes");
@@ -52,7 +52,7 @@ TEST(DuplicateFinder, ThreeEqualFilesFormOneSetInTheirOrder) {
 }
 
 TEST(DuplicateFinder, EqualSizesWithDifferentBytesFormNoSet) {
-    ComparisonBench bench;
+    ComparisonFixture bench;
     bench.add("a.jpg", "abc");
     bench.add("b.jpg", "abd");
     EXPECT_EQ(bench.find()->extensionCount(), 0U);
@@ -60,7 +60,7 @@ TEST(DuplicateFinder, EqualSizesWithDifferentBytesFormNoSet) {
 }
 
 TEST(DuplicateFinder, ASetStandsUnderTheExtensionOfItsFirstFile) {
-    ComparisonBench bench;
+    ComparisonFixture bench;
     bench.add("a.JPG", "same");
     bench.add("b.jpeg", "same");
     const auto modal = bench.find();
@@ -71,7 +71,7 @@ TEST(DuplicateFinder, ASetStandsUnderTheExtensionOfItsFirstFile) {
 }
 
 TEST(DuplicateFinder, AnExtensionEndsAtItsFirstBlank) {
-    ComparisonBench bench;
+    ComparisonFixture bench;
     bench.add("a.jpg copy", "same");
     bench.add("b.jpg", "same");
     const auto modal = bench.find();
@@ -80,7 +80,7 @@ TEST(DuplicateFinder, AnExtensionEndsAtItsFirstBlank) {
 }
 
 TEST(DuplicateFinder, TwoEmptyFilesFormASetOfNoSize) {
-    ComparisonBench bench;
+    ComparisonFixture bench;
     bench.add("a.jpg", "");
     bench.add("b.jpg", "");
     const auto modal = bench.find();
@@ -90,7 +90,7 @@ TEST(DuplicateFinder, TwoEmptyFilesFormASetOfNoSize) {
 }
 
 TEST(DuplicateFinder, ExtensionsAndSetsComeInTheOrderOfTheirFirstFiles) {
-    ComparisonBench bench;
+    ComparisonFixture bench;
     const Paths jpg1{bench.add("a1.jpg", "one")->filePath(), ""};
     const std::string png = bench.add("p1.png", "two")->filePath();
     const std::string jpg2 = bench.add("b1.jpg", "three")->filePath();
@@ -102,7 +102,7 @@ TEST(DuplicateFinder, ExtensionsAndSetsComeInTheOrderOfTheirFirstFiles) {
 }
 
 TEST(DuplicateFinder, TellsThePivotsAndTheirTwinsInTheOrderTheyLeaveTheList) {
-    ComparisonBench bench;
+    ComparisonFixture bench;
     const std::string a = bench.add("a.jpg", "same")->filePath();
     const std::string b = bench.add("b.jpg", "lone!")->filePath();
     const std::string c = bench.add("c.jpg", "same")->filePath();
@@ -113,7 +113,7 @@ TEST(DuplicateFinder, TellsThePivotsAndTheirTwinsInTheOrderTheyLeaveTheList) {
 }
 
 TEST(DuplicateFinder, SizesAreThoseRecordedAndContentsThoseOfNow) {
-    ComparisonBench bench;
+    ComparisonFixture bench;
     const std::string grown = bench.folder().writeFile("grown.jpg", "longer than recorded");
     const std::string twin = bench.folder().writeFile("twin.jpg", "longer than recorded");
     const std::string other = bench.folder().writeFile("other.jpg", "ab");
@@ -125,7 +125,7 @@ TEST(DuplicateFinder, SizesAreThoseRecordedAndContentsThoseOfNow) {
 }
 
 TEST(DuplicateFinder, AFileThatGrewFarBeyondItsRecordIsComparedToItsEnd) {
-    ComparisonBench bench;
+    ComparisonFixture bench;
     const std::string content = noise(300'000, 1);
     std::string late = content;
     late[200'000] = static_cast<char>(late[200'000] ^ 1);
@@ -140,14 +140,14 @@ TEST(DuplicateFinder, AFileThatGrewFarBeyondItsRecordIsComparedToItsEnd) {
 }
 
 TEST(DuplicateFinder, FilesRecordedWithDifferentSizesAreNeverCompared) {
-    ComparisonBench bench;
+    ComparisonFixture bench;
     bench.addPath(bench.folder().writeFile("a.jpg", "same"), 4);
     bench.addPath(bench.folder().writeFile("b.jpg", "same"), 5);
     EXPECT_EQ(bench.find()->extensionCount(), 0U);
 }
 
 TEST(DuplicateFinder, AStopBeforeTheFirstFileLeavesTheOthersInTheList) {
-    ComparisonBench bench;
+    ComparisonFixture bench;
     bench.add("a.jpg", "same");
     bench.add("b.jpg", "same");
     bench.add("c.jpg", "same");
@@ -191,7 +191,7 @@ class StoppingBench {
 };
 
 TEST(DuplicateFinder, AStopInsideASetFilesTheWholeSet) {
-    ComparisonBench files;
+    ComparisonFixture files;
     const std::string a = files.add("a.jpg", "same")->filePath();
     const std::string b = files.add("b.jpg", "same")->filePath();
     const std::string c = files.add("c.jpg", "same")->filePath();
@@ -206,7 +206,7 @@ TEST(DuplicateFinder, AStopInsideASetFilesTheWholeSet) {
 }
 
 TEST(DuplicateFinder, AStopAtAPivotKeepsTheSetsBeforeItAndThoseThatAreProven) {
-    ComparisonBench files;
+    ComparisonFixture files;
     const std::string a = files.add("a.jpg", "same")->filePath();
     const std::string b = files.add("b.jpg", "same")->filePath();
     const std::string c = files.add("c.jpg", "twin")->filePath();
@@ -227,7 +227,7 @@ TEST(DuplicateFinder, FilesOutliveTheStoreTheyCameFrom) {
             folder.writeFile(name, "same");
             list.push_back(store->addFile(root, name, 4, std::nullopt, std::nullopt));
         }
-        ComparisonBench bench;
+        ComparisonFixture bench;
         modal = bench.finder().findDuplicates(list, *store);
     }
     ASSERT_EQ(modal->extensionCount(), 1U);

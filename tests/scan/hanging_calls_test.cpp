@@ -1,5 +1,5 @@
 #include "scan/scan_run.h"
-#include "support/comparison_bench.h"
+#include "support/comparison_fixture.h"
 #include "support/fake_platform.h"
 #include "support/faulty_file_system.h"
 #include "support/file_tree.h"

@@ -1,4 +1,4 @@
-#include "support/comparison_bench.h"
+#include "support/comparison_fixture.h"
 #include "support/pairwise_finder.h"
 
 #include <gtest/gtest.h>
@@ -42,7 +42,7 @@ TEST_P(RandomFiles, GiveTheSetsOfThePairwiseFinder) {
     const unsigned seed = std::random_device()();
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::mt19937 random(seed);
-    ComparisonBench bench(systemFileSystem(), {workers, workers * 4});
+    ComparisonFixture bench(systemFileSystem(), {workers, workers * 4});
     const std::array<const char*, 4> extensions{"jpg", "PNG", "jpeg", "gif copy"};
     for (std::size_t number = 0; number < shape.files; ++number) {
         const std::size_t size = shape.sizes[random() % shape.sizes.size()];

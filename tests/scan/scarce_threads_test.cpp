@@ -1,6 +1,6 @@
 #include "scan/scan_run.h"
 #include "scan/worker_pool.h"
-#include "support/comparison_bench.h"
+#include "support/comparison_fixture.h"
 #include "support/fake_platform.h"
 #include "support/faulty_file_system.h"
 #include "support/file_tree.h"

@@ -1,5 +1,5 @@
 #include "scan/duplicate_finder.h"
-#include "support/comparison_bench.h"
+#include "support/comparison_fixture.h"
 #include "support/faulty_file_system.h"
 #include "support/pairwise_finder.h"
 #include "support/waiting.h"
@@ -42,7 +42,7 @@ class ComparisonOfOneClass : public ::testing::Test {
     }
 
     FaultyFileSystem fileSystem_;
-    ComparisonBench bench_{fileSystem_};
+    ComparisonFixture bench_{fileSystem_};
     std::size_t allBytes_ = 0;
     std::atomic<bool> acted_{false};
 };
@@ -83,7 +83,7 @@ TEST_F(ComparisonOfOneClass, AStopBeforeAnythingIsProvenKeepsNothing) {
 TEST_F(ComparisonOfOneClass, CountsFilesAsTheyAreDecided) {
     for (const std::size_t copies : {2U, 100U}) {
         FaultyFileSystem fileSystem;
-        ComparisonBench bench(fileSystem);
+        ComparisonFixture bench(fileSystem);
         for (std::size_t number = 0; number < 200; ++number) {
             bench.add(std::to_string(number) + ".txt",
                       noise(fileBytes, static_cast<unsigned>(number / copies)));
@@ -116,7 +116,7 @@ TEST_F(ComparisonOfOneClass, TellsOfFilesWhileItIsUnderWay) {
 
 TEST(StoppedComparison, KeepsSetsBehindOneThatWasNotDecided) {
     FaultyFileSystem fileSystem;
-    ComparisonBench bench(fileSystem, {2, 4});
+    ComparisonFixture bench(fileSystem, {2, 4});
     bench.add("slow 1.txt", noise(20'000, 1));
     bench.add("slow 2.txt", noise(20'000, 1));
     const std::string a = bench.add("a.txt", "equal")->filePath();

@@ -17,10 +17,10 @@
 namespace tarvin {
 
 /// Files in a temporary folder, and a finder for them that reports every file.
-class ComparisonBench final : public ScanObserver {
+class ComparisonFixture final : public ScanObserver {
  public:
-    explicit ComparisonBench(FileSystem& fileSystem = systemFileSystem(),
-                             WorkerPool::Limits workers = {2, 4})
+    explicit ComparisonFixture(FileSystem& fileSystem = systemFileSystem(),
+                               WorkerPool::Limits workers = {2, 4})
         : tools_(fileSystem, workers), finder_(tools_.services(), *this, gate_, processed_) {}
 
     /// Writes a file and appends it to the list.
