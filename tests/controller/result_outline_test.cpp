@@ -1,5 +1,5 @@
-#include "controller/comings.h"
 #include "controller/result_bench.h"
+#include "controller/visibility_counter.h"
 
 #include <QSignalSpy>
 
@@ -27,7 +27,7 @@ TEST_F(Outline, AClickOnASetShowsItsFiles) {
 }
 
 TEST_F(Outline, AClickOnASetCoversTheFilesMeanwhile) {
-    const Comings overlay(window().loadingView);
+    const VisibilityCounter overlay(window().loadingView);
     select(0, 1);
     EXPECT_EQ(overlay.shown(), 1);
     EXPECT_EQ(overlay.hidden(), 1);
@@ -92,7 +92,7 @@ TEST_F(Outline, ASetThatHasNoFilesLeftShowsNoRows) {
     select(1, 0);
     ASSERT_EQ(list().rowCount(), 2);
 
-    const Comings overlay(window().loadingView);
+    const VisibilityCounter overlay(window().loadingView);
     select(0, 1);
     EXPECT_EQ(delegate->results().selected, tree().indexOfSet(0, 1));
     EXPECT_EQ(list().rowCount(), 0);

@@ -1,5 +1,5 @@
-#include "controller/comings.h"
 #include "controller/result_bench.h"
+#include "controller/visibility_counter.h"
 #include "controls/pop_up_button.h"
 #include "controls/spinner.h"
 #include "controls/toggle_button.h"
@@ -115,7 +115,7 @@ TEST_F(Sorting, TakesItsDirectionFromOneOfTheTwoTogglesAlone) {
 
 TEST_F(Sorting, ControlsCoverTheFilesWhileTheyAreNumberedAnew) {
     select(0, 1);
-    const Comings overlay(window().loadingView);
+    const VisibilityCounter overlay(window().loadingView);
     chooseInPopUp(1);
     EXPECT_EQ(overlay.shown(), 1);
     click("sortBtn");

@@ -1,5 +1,5 @@
-#include "controller/comings.h"
 #include "controller/result_bench.h"
+#include "controller/visibility_counter.h"
 #include "controls/tab_button.h"
 #include "controls/view_transparent.h"
 #include "interface/image_view.h"
@@ -198,7 +198,7 @@ TEST_F(Views, OfAnEmptyCategoryGiveTheOtherTabsTheirAlphaBack) {
 TEST_F(Views, CoverTheFilesWhileTheyAreFilled) {
     writeThreeSets();
     launch({folder.makeFolder("found")});
-    const Comings overlay(window().loadingView);
+    const VisibilityCounter overlay(window().loadingView);
     click("findDuplicateExact");
     ASSERT_TRUE(comesTo("4"));
     EXPECT_EQ(overlay.shown(), 1);

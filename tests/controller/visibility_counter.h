@@ -6,10 +6,10 @@
 
 namespace tarvin {
 
-/// Counts how often a widget is shown and hidden from now on; outlived by it.
-class Comings final : public QObject {
+/// Counts the show and hide events of a widget. `widget` must outlive this object.
+class VisibilityCounter final : public QObject {
  public:
-    explicit Comings(QWidget* widget) { widget->installEventFilter(this); }
+    explicit VisibilityCounter(QWidget* widget) { widget->installEventFilter(this); }
 
     [[nodiscard]] int shown() const { return shown_; }
     [[nodiscard]] int hidden() const { return hidden_; }
