@@ -68,9 +68,9 @@ std::filesystem::path fastFolder() {
 }
 
 /// A scan of 20,000 files, most of them copies, and what a person does with its result.
-class ResultsRoad : public testing::Test {
+class ResultsWorkflow : public testing::Test {
  protected:
-    ResultsRoad() {
+    ResultsWorkflow() {
         writeCopies(documents_, {{"jpg", 2000, 3},
                                  {"png", 1000, 2},
                                  {"mp3", 1000, 2},
@@ -82,7 +82,7 @@ class ResultsRoad : public testing::Test {
         product_ = home_.startProduct();
         window_ = std::make_unique<ProgramWindow>(product_->pid());
     }
-    ~ResultsRoad() override { EXPECT_TRUE(product_->runs()) << product_->errors(); }
+    ~ResultsWorkflow() override { EXPECT_TRUE(product_->runs()) << product_->errors(); }
 
     void scan() const;
     void expectSummary(const std::vector<std::string>& lines, const std::string& button) const;
@@ -112,7 +112,7 @@ class ResultsRoad : public testing::Test {
     Paths moved_;  // the same
 };
 
-void ResultsRoad::scan() const {
+void ResultsWorkflow::scan() const {
     window_->waitForText("Find duplicate files");
     window_->click("Scan Folders");
     const LocationRows rows(*window_);
@@ -120,8 +120,8 @@ void ResultsRoad::scan() const {
     window_->click("Scan");
 }
 
-void ResultsRoad::expectSummary(const std::vector<std::string>& lines,
-                                const std::string& button) const {
+void ResultsWorkflow::expectSummary(const std::vector<std::string>& lines,
+                                    const std::string& button) const {
     for (const std::string& line : lines) {
         window_->waitForText(line);
     }
@@ -129,7 +129,7 @@ void ResultsRoad::expectSummary(const std::vector<std::string>& lines,
     window_->waitForEnd(lines.front());
 }
 
-void ResultsRoad::lookThroughTabs() const {
+void ResultsWorkflow::lookThroughTabs() const {
     window_->click("Image");
     expectSummary({"Information", "Image Duplicates: 5000", "Memory Occupied: 5.00 MB"}, "Review");
     window_->waitForButton("Image", false);
@@ -145,7 +145,7 @@ void ResultsRoad::lookThroughTabs() const {
     EXPECT_EQ(OutlineRows(*window_).count(), 6 + 7500);
 }
 
-void ResultsRoad::exclude() {
+void ResultsWorkflow::exclude() {
     const OutlineRows outline(*window_);
     const FileRows files(*window_);
     constexpr int third = 3;  // the row below that of its extension and of two sets
@@ -181,7 +181,7 @@ void ResultsRoad::exclude() {
     EXPECT_EQ(files.count(), 1);
 }
 
-void ResultsRoad::deleteAllMarked() const {
+void ResultsWorkflow::deleteAllMarked() const {
     window_->click("Mark All");
     window_->waitForText("Marked Duplicate Files: 10497");
     window_->waitForText("Marked File Size: 10.50 MB");
@@ -198,17 +198,17 @@ void ResultsRoad::deleteAllMarked() const {
     EXPECT_EQ(OutlineRows(*window_).count(), 6 + 7500);
 }
 
-std::string ResultsRoad::storedPath(const std::string& file) const {
+std::string ResultsWorkflow::storedPath(const std::string& file) const {
     return home_.folder().pathOf(".local/share/Tarvin Software/Tarvin Duplicate File Remover/" +
                                  file);
 }
 
-std::string ResultsRoad::storedText(const std::string& file) const {
+std::string ResultsWorkflow::storedText(const std::string& file) const {
     std::ifstream stored(storedPath(file));
     return {std::istreambuf_iterator<char>(stored), {}};
 }
 
-void ResultsRoad::expectExceptionsStored() const {
+void ResultsWorkflow::expectExceptionsStored() const {
     ASSERT_EQ(excluded_.size(), std::size_t{excluded});
     const std::string text = storedText("exception.plist");
     for (const std::string& path : excluded_) {
@@ -216,7 +216,7 @@ void ResultsRoad::expectExceptionsStored() const {
     }
 }
 
-void ResultsRoad::expectFilesMoved() const {
+void ResultsWorkflow::expectFilesMoved() const {
     const Files after = filesBelow(documents_);
     EXPECT_EQ(after, those(before_, pathsOf(after)));
     const Paths gone = difference(pathsOf(before_), pathsOf(after));
@@ -234,7 +234,7 @@ void ResultsRoad::expectFilesMoved() const {
     EXPECT_EQ(contentsOf(those(after, difference(left, excluded_))), all);
 }
 
-void ResultsRoad::expectTotalsStored() const {
+void ResultsWorkflow::expectTotalsStored() const {
     std::string text = storedText("data.plist");
     text.erase(std::remove_if(text.begin(), text.end(), [](char c) { return c <= ' '; }),
                text.end());
@@ -244,7 +244,7 @@ void ResultsRoad::expectTotalsStored() const {
         << text;
 }
 
-TEST_F(ResultsRoad, LeadsFromAScanThroughTheTrashToNoDuplicates) {
+TEST_F(ResultsWorkflow, LeadsFromAScanThroughTheTrashToNoDuplicates) {
     ASSERT_EQ(before_.size(), std::size_t{filesAtFirst});
     scan();
     expectSummary({"Duplicates Found", "Media: 6000", "Documents: 3500", "Others: 1000"}, "Review");
