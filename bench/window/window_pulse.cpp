@@ -16,7 +16,7 @@
 #include "interface/result_screen.h"
 #include "product.h"
 #include "progress_watch.h"
-#include "tour.h"
+#include "scenario.h"
 #include "work_folder.h"
 
 #include <CLI/CLI.hpp>
@@ -75,9 +75,10 @@ struct PhaseFigures {
 };
 
 /// The way through the window, again and again.
-class Tour final {
+class ScanScenario final {
  public:
-    Tour(Heartbeat& heartbeat, std::string tree) : heartbeat_(heartbeat), tree_(std::move(tree)) {}
+    ScanScenario(Heartbeat& heartbeat, std::string tree)
+        : heartbeat_(heartbeat), tree_(std::move(tree)) {}
 
     bool run(int rounds) {
         // How long the program takes to get here is a measurement of its own.
@@ -293,5 +294,5 @@ int main(int argc, char** argv) {
             return 1;
         }
     }
-    return lead<Tour>(argc, argv, options.work, options.tree, options.rounds);
+    return runScenario<ScanScenario>(argc, argv, options.work, options.tree, options.rounds);
 }

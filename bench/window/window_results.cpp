@@ -18,8 +18,8 @@
 #include "interface/text_block.h"
 #include "paint_watch.h"
 #include "product.h"
+#include "scenario.h"
 #include "switched_platform.h"
-#include "tour.h"
 #include "view_memory.h"
 #include "work_folder.h"
 
@@ -111,9 +111,9 @@ void clickAt(QWidget* widget, const QPoint& place) {
 }
 
 /// The way through a result, again and again.
-class ResultTour final {
+class ResultScenario final {
  public:
-    ResultTour(Heartbeat& heartbeat, std::string tree)
+    ResultScenario(Heartbeat& heartbeat, std::string tree)
         : heartbeat_(heartbeat), tree_(std::move(tree)) {}
 
     bool run(int rounds) {
@@ -480,5 +480,6 @@ int main(int argc, char** argv) {
         std::fputs("The files could not be written.\n", stderr);
         return 1;
     }
-    return lead<ResultTour>(argc, argv, options.work, work.pathOf("tree"), options.rounds);
+    return runScenario<ResultScenario>(argc, argv, options.work, work.pathOf("tree"),
+                                       options.rounds);
 }
