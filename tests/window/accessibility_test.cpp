@@ -16,13 +16,12 @@
 namespace tarvin {
 namespace {
 
-/// The results as a screen reader finds them.
+/// The results as screen readers see them.
 class ResultAccess : public testing::Test {
  protected:
     ~ResultAccess() override { EXPECT_TRUE(product_->runs()) << product_->errors(); }
 
-    /// Scans two sets of pictures and two of texts, or what is given, up to the files' list, which
-    /// has the keyboard then.
+    /// Scans two sets of images and two of texts, or `all`, and focuses the file list.
     void openResults(const std::vector<Copies>& copies = {{"jpg", 2, 3}, {"txt", 2, 2}});
 
     void expectMark(const OutlineRows& rows, int row, Mark mark) const {
@@ -92,7 +91,7 @@ TEST_F(ResultAccess, NamesRowsAndTheirBoxes) {
     EXPECT_EQ(files.group(2), "1");
 }
 
-TEST_F(ResultAccess, TellsOfBoxesOfTheOutlineToggledByTheKeyboard) {
+TEST_F(ResultAccess, AnnouncesOutlineBoxesToggledByKeyboard) {
     openResults();
     const OutlineRows outline(*window_);
     input::key("shift+Tab");
@@ -111,11 +110,11 @@ TEST_F(ResultAccess, TellsOfBoxesOfTheOutlineToggledByTheKeyboard) {
     expectMark(outline, 1, Mark::on);
     expectMark(outline, 2, Mark::on);
     expectMark(outline, 3, Mark::off);
-    // The keyboard selects nothing.
+    // Toggling by keyboard does not change the selection.
     EXPECT_TRUE(outline.box(1).is(ATSPI_STATE_SELECTED));
 }
 
-TEST_F(ResultAccess, TellsOfBoxesOfTheFilesToggledByTheKeyboard) {
+TEST_F(ResultAccess, AnnouncesFileBoxesToggledByKeyboard) {
     openResults();
     const FileRows files(*window_);
     input::key("space");
@@ -140,7 +139,7 @@ TEST_F(ResultAccess, TellsOfBoxesOfTheFilesToggledByTheKeyboard) {
     expectMark(OutlineRows(*window_), 1, Mark::mixed);
 }
 
-TEST_F(ResultAccess, TogglesBoxesByTheirAction) {
+TEST_F(ResultAccess, ToggleActionTogglesBoxes) {
     openResults();
     const FileRows files(*window_);
     EXPECT_TRUE(files.box(1).act("Toggle"));
@@ -158,11 +157,11 @@ TEST_F(ResultAccess, TogglesBoxesByTheirAction) {
     EXPECT_TRUE(outline.box(4).act("Toggle"));
     window_->waitForText("Marked Duplicate Files: 1");
     expectMark(outline, 3, Mark::mixed);
-    // The set that is selected stays so.
+    // The selected set does not change.
     EXPECT_TRUE(outline.box(1).is(ATSPI_STATE_SELECTED));
 }
 
-TEST_F(ResultAccess, TellsOfTheMarksThatTurned) {
+TEST_F(ResultAccess, AnnouncesChangedMarksOnly) {
     openResults();
     const FileRows files(*window_);
     Announcements announcements;
@@ -184,7 +183,7 @@ TEST_F(ResultAccess, TellsOfTheMarksThatTurned) {
                  "Mark Set(1) on", file(1) + " on", file(2) + " on"});
     EXPECT_TRUE(files.box(2).act("Toggle"));
     window_->waitForText("Marked Duplicate Files: 5");
-    // Of the set that is mixed now a screen reader reads the description.
+    // Screen readers read the description of a mixed check box.
     expectHeard({file(2) + " off", "Mark Set(2) off"});
     window_->click("Unmark All");
     window_->waitForText("Marked Duplicate Files: 0");
@@ -196,7 +195,7 @@ TEST_F(ResultAccess, TellsOfTheMarksThatTurned) {
     window_->waitForText("Marked Duplicate Files: 2");
     expectHeard(
         {"Mark jpg off", "Mark Set(2) off", file(1) + " on", "Mark Set(2) on", file(2) + " on"});
-    // What is refused turns nothing.
+    // A refused toggle is not announced.
     files.clickCheckBox(0);
     window_->waitForText("All the files of same set cannot be selected");
     window_->click("Ok");
@@ -205,7 +204,7 @@ TEST_F(ResultAccess, TellsOfTheMarksThatTurned) {
     expectHeard({file(2) + " off", "Mark Set(2) off"});
 }
 
-TEST_F(ResultAccess, SaysWhichFileIsShown) {
+TEST_F(ResultAccess, ShowsThePathOfTheSelectedFile) {
     openResults();
     const FileRows files(*window_);
     window_->waitForText("Path: " + files.path(0));
@@ -222,7 +221,7 @@ TEST_F(ResultAccess, SaysWhichFileIsShown) {
     EXPECT_TRUE(waitUntil([&] { return files.name(0).is(ATSPI_STATE_SELECTED); }));
 }
 
-TEST_F(ResultAccess, FindsTheSortControlsStates) {
+TEST_F(ResultAccess, ReportsTheStateOfTheSortOrder) {
     openResults();
     const Accessible order = window_->wait(ATSPI_ROLE_CHECK_BOX, "File order");
     EXPECT_TRUE(order.is(ATSPI_STATE_CHECKED));
@@ -232,7 +231,7 @@ TEST_F(ResultAccess, FindsTheSortControlsStates) {
     EXPECT_TRUE(waitUntil([&] { return order.is(ATSPI_STATE_CHECKED); }));
 }
 
-TEST_F(ResultAccess, FindsThePanelsWithTheirButtons) {
+TEST_F(ResultAccess, FindsPanelsWithTheirButtons) {
     openResults();
     window_->click("Delete");
     window_->waitForText("Please select any file to delete.");
@@ -263,12 +262,12 @@ TEST_F(ResultAccess, FindsThePanelsWithTheirButtons) {
     window_->waitForButton("Remove Exceptions", false);
 }
 
-TEST_F(ResultAccess, FindsThePanelOfADeletion) {
+TEST_F(ResultAccess, FindsTheDeletionPanel) {
     constexpr int sets = 1000;
     openResults({{"jpg", sets, 2}});
     input::key("ctrl+a");
     window_->waitForText("Marked Duplicate Files: 1000");
-    // At once, before the last file is gone.
+    // Before the last file has been moved.
     input::key("ctrl+BackSpace ctrl+p");
     window_->waitForText("Moving to the Trash");
     window_->waitForText("Deleting files, please wait...");

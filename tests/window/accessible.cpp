@@ -6,7 +6,7 @@ namespace tarvin {
 
 namespace {
 
-/// The place of an answer that may be an error instead, which is dropped.
+/// Receives the GError of a call, and ignores it.
 class Answer final {
  public:
     Answer() = default;
@@ -31,7 +31,7 @@ Accessible::Accessible(AtspiAccessible* owned) : object_(owned, Unreference()) {
 
 Accessible Accessible::desktop() {
     AtspiAccessible* desktop = atspi_get_desktop(0);
-    // Each question is a question to the program.
+    // Each property is a D-Bus call to the program.
     atspi_accessible_set_cache_mask(desktop, ATSPI_CACHE_NONE);
     return Accessible(desktop);
 }

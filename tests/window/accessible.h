@@ -9,7 +9,7 @@
 
 namespace tarvin {
 
-/// A place on the screen, in its pixels.
+/// A position on the screen, in pixels.
 struct Spot {
     int x = 0;
     int y = 0;
@@ -24,8 +24,8 @@ struct Area {
     [[nodiscard]] Spot middle() const { return {x + width / 2, y + height / 2}; }
 };
 
-/// What a program tells a screen reader of one of its controls, asked anew by each call. A control
-/// that is gone by now has no name, no state and no place.
+/// A control as a program exposes it to screen readers (AT-SPI). Each call queries the program
+/// again. A control that no longer exists has an empty name, no states and an empty area.
 class Accessible final {
  public:
     /// All programs of the desktop.
@@ -39,11 +39,12 @@ class Accessible final {
     [[nodiscard]] double value() const;
     [[nodiscard]] pid_t process() const;
     [[nodiscard]] std::vector<Accessible> children() const;
-    /// The names of what can be done with it, and doing it; false if it has no such action.
+    /// The names of its actions.
     [[nodiscard]] std::vector<std::string> actions() const;
+    /// Performs an action. Returns false if the control does not have it.
     [[nodiscard]] bool act(const std::string& name) const;
 
-    /// Of a table.
+    /// Tables only.
     [[nodiscard]] int rows() const;
     [[nodiscard]] std::optional<Accessible> cell(int row, int column) const;
 

@@ -9,8 +9,8 @@
 
 namespace tarvin {
 
-/// What programs tell a screen reader of their check boxes, for as long as it is there. One at a
-/// time; main thread.
+/// Records the state changes of check boxes that programs announce to screen readers. One object at
+/// a time. Main thread only.
 class Announcements final {
  public:
     Announcements();
@@ -18,8 +18,8 @@ class Announcements final {
     Announcements& operator=(const Announcements&) = delete;
     ~Announcements();
 
-    /// Listens until `isEnough` holds of what was heard, "NAME on" or "NAME off" in order; false if
-    /// it does not in time.
+    /// Blocks until `isEnough` holds for the announcements so far, each "NAME on" or "NAME off", in
+    /// order. Returns false after testPatience.
     bool hear(const std::function<bool(const std::vector<std::string>& heard)>& isEnough);
 
     [[nodiscard]] const std::vector<std::string>& heard() const { return heard_; }

@@ -10,10 +10,10 @@
 namespace tarvin {
 namespace {
 
-/// The window manager's own keys, which ask the program to close its window.
+/// The key of the window manager that closes a window.
 constexpr const char* closingKeys = "alt+F4";
 
-TEST(Closing, AtHomeEndsTheProgram) {
+TEST(Closing, OnTheHomeScreenExits) {
     Home home;
     const auto product = home.startProduct();
     const ProgramWindow window(product->pid());
@@ -22,7 +22,7 @@ TEST(Closing, AtHomeEndsTheProgram) {
     EXPECT_EQ(product->wait(), 0) << product->errors();
 }
 
-TEST(Closing, AtTheListEndsTheProgram) {
+TEST(Closing, OnTheLocationScreenExits) {
     Home home;
     const auto product = home.startProduct();
     const ProgramWindow window(product->pid());
@@ -32,7 +32,7 @@ TEST(Closing, AtTheListEndsTheProgram) {
     EXPECT_EQ(product->wait(), 0) << product->errors();
 }
 
-TEST(Closing, DuringAScanIsRefusedUntilItIsStopped) {
+TEST(Closing, DuringAScanIsRefusedUntilTheScanIsStopped) {
     constexpr const char* refusal = "A operation is in progress. Please stop the current process.";
     Home home;
     const auto product = home.startProduct({makeEndlessFolder(home, "Films")});

@@ -32,7 +32,7 @@ void writeSet(const std::string& folder, const Copies& kind, int set) {
     }
 }
 
-/// Of "Path=/home/somebody/letter.txt". The names of the tests' files need no decoding.
+/// The path in the line "Path=/home/user/letter.txt". Names in tests need no percent-decoding.
 std::string placeBefore(const fs::path& information) {
     const std::string path = "\nPath=";
     const std::string text = contentOf(information);

@@ -6,24 +6,24 @@
 
 namespace tarvin {
 
-/// So many sets of equal files, each of so many copies, with one file-name extension.
+/// Sets of equal files with one file-name extension.
 struct Copies {
     std::string extension;
     int sets = 0;
-    int copies = 0;
+    int copies = 0;  // files in each set
 };
 
 inline constexpr int bytesOfEachCopy = 1000;
 
-/// Writes them below `folder`, the copies of one set under the same name in different folders. No
-/// two sets are equal.
+/// Writes the files below `folder`, those of one set with the same name in different folders. Files
+/// of different sets differ.
 void writeCopies(const std::string& folder, const std::vector<Copies>& all);
 
-/// Every regular file below `folder`, by its path, with its content.
+/// The content of every regular file below `folder`, by path.
 [[nodiscard]] std::map<std::string, std::string> filesBelow(const std::string& folder);
 
-/// What lies in the Trash below `dataFolder`, by the paths that it would be put back to. Something
-/// there that cannot be put back, or is told of and missing, is a failure of the test.
+/// The content of every file in the Trash below `dataFolder`, by original path. Fails the test if a
+/// file has no .trashinfo file or a .trashinfo file has no file.
 [[nodiscard]] std::map<std::string, std::string> trashedFiles(const std::string& dataFolder);
 
 }  // namespace tarvin

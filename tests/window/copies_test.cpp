@@ -20,7 +20,7 @@ bool comesToFront(const ChildProcess& program) {
     return waitUntil([&] { return input::processInFront() == program.pid(); });
 }
 
-/// What the window manager says of its windows from now on.
+/// Counts changes of the window manager's list of windows.
 class WindowLists final {
  public:
     WindowLists()
@@ -28,7 +28,7 @@ class WindowLists final {
         EXPECT_FALSE(watch_.firstLine().empty());
     }
 
-    /// How often a window has come or gone.
+    /// The number of windows that appeared or disappeared.
     [[nodiscard]] int changes() const {
         std::istringstream lines(watch_.output());
         std::string before;
@@ -45,7 +45,7 @@ class WindowLists final {
     ChildProcess watch_;
 };
 
-TEST(Copies, ThatGiveWayShowNoWindow) {
+TEST(Instances, ThatExitForTheRunningOneShowNoWindow) {
     Home home;
     const auto first = home.startProduct();
     const ProgramWindow window(first->pid());
@@ -57,7 +57,7 @@ TEST(Copies, ThatGiveWayShowNoWindow) {
     for (const auto& copy : copies) {
         EXPECT_EQ(copy->wait(), 0) << copy->errors();
     }
-    // One more, which comes behind all that there were.
+    // One more change, which arrives after all others.
     const TemporaryFolder folder;
     const ChildProcess other({dropSource(), "text/plain", folder.writeFile("content", "")},
                              folder.pathOf("other"));
@@ -67,7 +67,7 @@ TEST(Copies, ThatGiveWayShowNoWindow) {
     EXPECT_TRUE(first->runs());
 }
 
-TEST(Copies, OfThreeStartedAtOnceOneShowsAWindow) {
+TEST(Instances, OfThreeStartedAtOnceOneShowsAWindow) {
     Home home;
     const WindowLists windows;
     std::vector<std::unique_ptr<ChildProcess>> copies;
@@ -82,7 +82,7 @@ TEST(Copies, OfThreeStartedAtOnceOneShowsAWindow) {
     EXPECT_EQ(windows.changes(), 1);
 }
 
-TEST(Copies, TwoLaterOnesLeaveOneNotice) {
+TEST(Instances, TwoLaterOnesLeaveOneNotice) {
     Home home;
     const std::string films = home.folder().makeFolder("Films");
     const auto first = home.startProduct();
@@ -98,7 +98,7 @@ TEST(Copies, TwoLaterOnesLeaveOneNotice) {
     window.waitForEnd(notice);
 }
 
-TEST(Copies, TheSecondBringsTheFirstToTheFrontAndEnds) {
+TEST(Instances, TheSecondRaisesTheFirstAndExits) {
     Home home;
     const auto first = home.startProduct();
     const ProgramWindow window(first->pid());
@@ -113,7 +113,7 @@ TEST(Copies, TheSecondBringsTheFirstToTheFrontAndEnds) {
     EXPECT_TRUE(first->runs());
 }
 
-TEST(Copies, TheSecondBringsBackTheFirstFromItsIcon) {
+TEST(Instances, TheSecondRestoresTheMinimizedFirst) {
     Home home;
     const auto first = home.startProduct();
     const ProgramWindow window(first->pid());
@@ -126,7 +126,7 @@ TEST(Copies, TheSecondBringsBackTheFirstFromItsIcon) {
     window.waitForText("Find duplicate files");
 }
 
-TEST(Copies, TheSecondBringsBackTheFirstAsLargeAsItWas) {
+TEST(Instances, TheSecondRestoresTheMaximizedFirst) {
     Home home;
     const auto first = home.startProduct();
     const ProgramWindow window(first->pid());
@@ -146,7 +146,7 @@ TEST(Copies, TheSecondBringsBackTheFirstAsLargeAsItWas) {
     EXPECT_EQ(frame.area().height, large.height);
 }
 
-TEST(Copies, OfThreeStartedAtOnceOneStays) {
+TEST(Instances, OfThreeStartedAtOnceOneStays) {
     Home home;
     std::vector<std::unique_ptr<ChildProcess>> copies;
     for (int number = 0; number < 3; ++number) {
@@ -168,7 +168,7 @@ TEST(Copies, OfThreeStartedAtOnceOneStays) {
     }
 }
 
-TEST(CommandLine, FoldersOpenTheListCheckedAndTheRestIsComplainedOf) {
+TEST(CommandLine, ChecksFoldersAndReportsOtherArguments) {
     Home home;
     const std::string films = home.folder().makeFolder("Films");
     const std::string file = home.folder().writeFile("letter.txt", "Dear");

@@ -45,7 +45,7 @@ void dropFromElsewhere(const std::string& type, const std::string& content, Spot
     };
     input::moveTo(start);
     input::press();
-    // A press becomes a drag by a few movements, and the target is asked at each of them.
+    // A drag begins after a few movements; each movement queries the target.
     int step = 0;
     EXPECT_TRUE(waitUntil([&] {
         ++step;
@@ -54,7 +54,8 @@ void dropFromElsewhere(const std::string& type, const std::string& content, Spot
         return says("over\n");
     })) << "Nobody would take the drop.";
     input::release();
-    EXPECT_TRUE(waitUntil([&] { return says("finished\n"); })) << "The drop does not end.";
+    EXPECT_TRUE(waitUntil([&] { return says("finished\n"); }))
+        << "The target program does not finish the drop.";
 }
 
 void dropFiles(const std::vector<std::string>& paths, Spot target) {

@@ -7,14 +7,15 @@
 
 namespace tarvin {
 
-/// The path of that other program: dropSource() TYPE FILE shows a window with "Drag me" in it.
+/// The path of the program drop_source. Its arguments are TYPE FILE; it shows a window with "Drag
+/// me".
 std::string dropSource();
 
-/// Starts another program with a window and drags `content`, data of the MIME type `type`, from
-/// there to `target`. Returns when the program there is done with it.
+/// Starts drop_source and drags `content`, data of the MIME type `type`, from its window to
+/// `target`. Returns when the target program has finished the drop.
 void dropFromElsewhere(const std::string& type, const std::string& content, Spot target);
 
-/// The same with files, by their paths, of which each byte that is no plain letter is encoded.
+/// Drags files, as a list of percent-encoded URLs.
 void dropFiles(const std::vector<std::string>& paths, Spot target);
 
 }  // namespace tarvin

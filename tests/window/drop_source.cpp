@@ -1,10 +1,9 @@
-// A program with a window from which the tests drag something into another program's window.
+// A program with a window as the source of drags into the window under test.
 //
 // Usage: drop_source TYPE FILE
-// What can be dragged is the content of FILE, as data of the MIME type TYPE. Each thing that
-// happens is told by a line on standard output: "over" when a program under the pointer would take
-// the drop, "finished" when that program is done with it, until which it may still ask for the
-// data.
+// The dragged data is the content of FILE, with the MIME type TYPE. Prints "over" to standard
+// output when the program under the pointer accepts the drop, and "finished" when it has finished
+// the drop; until then it may request the data.
 
 #include <QApplication>
 #include <QDrag>
@@ -30,7 +29,7 @@ class DropSource final : public QLabel {
     }
 
  protected:
-    // Otherwise the movements are not ours.
+    // A widget that ignores the press receives no mouse movements.
     void mousePressEvent(QMouseEvent* event) override { event->accept(); }
 
     void mouseMoveEvent(QMouseEvent* event) override {
@@ -67,7 +66,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     DropSource source(arguments.value(1), file.readAll());
-    // Out of the way of the window that things are dropped on.
+    // Does not cover the target window.
     source.setGeometry(40, 880, 200, 60);
     source.show();
     return QApplication::exec();

@@ -13,7 +13,7 @@
 namespace tarvin {
 namespace {
 
-/// The program with its list of locations open, which another program's files are dropped on.
+/// The program with the location list open, as the target of drops from another program.
 class Drops : public testing::Test {
  protected:
     Drops() : product_(home_.startProduct()), window_(product_->pid()) {
@@ -50,13 +50,13 @@ TEST_F(Drops, OfTextChangeNothing) {
     expectNoNotice();
 }
 
-TEST_F(Drops, OfAWebAddressChangeNothing) {
+TEST_F(Drops, OfAWebUrlChangeNothing) {
     dropData("text/uri-list", "https://www.example.org/picture.png\r\n");
     EXPECT_EQ(addedRows(), 0);
     expectNoNotice();
 }
 
-TEST_F(Drops, OfACoveredFolderAreToldOf) {
+TEST_F(Drops, OfAFolderInsideAListedOneShowANotice) {
     drop({folder().pathOf("Desktop")});
     expectNotice("File already added.");
     drop({folder().makeFolder("Pictures/Summer")});
@@ -65,13 +65,13 @@ TEST_F(Drops, OfACoveredFolderAreToldOf) {
     EXPECT_FALSE(window_.isEnabled("Scan"));
 }
 
-TEST_F(Drops, OfAFileThatIsNoPictureAreToldOf) {
+TEST_F(Drops, OfAFileThatIsNotAnImageShowANotice) {
     drop({folder().writeFile("letter.txt", "Dear")});
     expectNotice("Unsupported file.");
     EXPECT_EQ(addedRows(), 0);
 }
 
-TEST_F(Drops, OfGoodAndBadAddTheGoodAndSayNothing) {
+TEST_F(Drops, OfValidAndInvalidPathsAddTheValidSilently) {
     drop({folder().pathOf("Desktop"), folder().writeFile("letter.txt", "Dear"),
           folder().writeFile("sunset.png", "no picture inside")});
     EXPECT_EQ(addedRows(), 1);
@@ -80,7 +80,7 @@ TEST_F(Drops, OfGoodAndBadAddTheGoodAndSayNothing) {
     EXPECT_FALSE(window_.isEnabled("Scan"));
 }
 
-TEST_F(Drops, OfTenThousandFilesAddThemAll) {
+TEST_F(Drops, OfTenThousandFilesAddAll) {
     constexpr int count = 10'000;
     std::vector<std::string> paths;
     for (int number = 0; number < count; ++number) {
@@ -92,7 +92,7 @@ TEST_F(Drops, OfTenThousandFilesAddThemAll) {
     window_.waitForButton("Scan", true);
 }
 
-TEST_F(Drops, OfANameThatIsNotTextAreScanned) {
+TEST_F(Drops, OfANameThatIsNotUtf8AreScanned) {
     drop({makeSmallFolder(home_, "caf\xE9 100%")});
     EXPECT_EQ(addedRows(), 1);
     EXPECT_TRUE(rows_->isChecked("caf\xEF\xBF\xBD 100%"));

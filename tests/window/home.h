@@ -10,20 +10,20 @@
 
 namespace tarvin {
 
-/// A person's home: folders, settings and stored lists, all empty, and the copies of the program
-/// that they start.
+/// A user's home with empty folders, settings and stored lists, and the instances of the program
+/// started there.
 class Home final {
  public:
     Home();
-    /// In a folder of its own below `parent`.
+    /// In a temporary folder below `parent`.
     explicit Home(const std::filesystem::path& parent);
 
     [[nodiscard]] const TemporaryFolder& folder() const { return folder_; }
 
-    /// Another program to start than the one in the build's folder.
+    /// Starts this program instead of the one in the build folder.
     void setProgram(std::string path) { program_ = std::move(path); }
 
-    /// Starts the finished program.
+    /// Starts the program.
     std::unique_ptr<ChildProcess> startProduct(const ChildProcess::Words& arguments = {});
 
  private:

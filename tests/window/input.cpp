@@ -10,7 +10,7 @@ namespace tarvin::input {
 
 namespace {
 
-/// In seconds; a little more than Qt's 0.4.
+/// Seconds; a little more than the double-click interval of Qt, 0.4 s.
 constexpr const char* timeOfADoubleClick = "0.45";
 
 void act(const std::string& words) {

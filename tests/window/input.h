@@ -6,27 +6,27 @@
 
 namespace tarvin {
 
-/// What a person does with mouse and keyboard, by real events of the X server.
+/// Mouse and keyboard input through events of the X server (xdotool).
 namespace input {
 
-/// Of the screen, in pixels.
+/// In pixels.
 inline constexpr int screenWidth = 1600;
 
 void moveTo(Spot spot);
 void press();    ///< the left button
 void release();  ///< the left button
-/// A click that is none of a pair: it comes after the time of a double click, in which a screen
-/// that has just come takes none.
+/// A single click, sent after the double-click interval: a screen that has just appeared ignores
+/// clicks within it.
 void click(Spot spot);
-/// Two clicks at once.
+/// Two clicks without a pause.
 void doubleClick(Spot spot);
-/// A key with its modifiers, as in "alt+F4", for the window that has the keyboard.
+/// A key with its modifiers, such as "alt+F4", for the window with the keyboard focus.
 void key(const std::string& keys);
 
-/// Makes the window that has the keyboard an icon.
+/// Minimizes the window with the keyboard focus.
 void minimize();
 
-/// The process of the window that has the keyboard; 0 if there is none.
+/// The process ID of the window with the keyboard focus; 0 if there is none.
 [[nodiscard]] pid_t processInFront();
 
 }  // namespace input

@@ -31,7 +31,7 @@ Accessible LocationRows::checkBox(const std::string& title) const {
     const auto row = rowOf(title);
     auto box = row ? table_.cell(*row, checkBoxColumn) : std::nullopt;
     if (!box) {
-        throw std::runtime_error("Not on the list: " + title);
+        throw std::runtime_error("no row '" + title + "' in the location list");
     }
     return *box;
 }

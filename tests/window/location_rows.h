@@ -7,7 +7,7 @@
 
 namespace tarvin {
 
-/// The rows of the location list, while it is shown. A row is known by its title, the last
+/// The rows of the location list, while it is shown. A row is identified by its title, the last
 /// component of its path.
 class LocationRows final {
  public:
@@ -17,10 +17,10 @@ class LocationRows final {
     [[nodiscard]] int count() const { return table_.rows(); }
     [[nodiscard]] bool has(const std::string& title) const { return rowOf(title).has_value(); }
     [[nodiscard]] bool isChecked(const std::string& title) const;
-    /// A row that is not in view is not found by the mouse.
+    /// Requires that the row is in view.
     void clickCheckBox(const std::string& title) const;
 
-    /// Where something can be dropped: the first row.
+    /// A position for drops: the first row.
     [[nodiscard]] Spot dropSpot() const;
 
  private:

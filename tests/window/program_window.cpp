@@ -9,14 +9,13 @@ namespace tarvin {
 
 namespace {
 
-/// Whether it consists of rows, which may be very many.
+/// Whether the control is a list, which may have very many rows.
 bool isList(const Accessible& control) {
     const AtspiRole role = control.role();
     return role == ATSPI_ROLE_TABLE || role == ATSPI_ROLE_TREE || role == ATSPI_ROLE_TREE_TABLE;
 }
 
-/// The first control, the outer ones before those inside them, that is shown and wanted. The cells
-/// of a list are not looked at.
+/// The first visible control, depth first, for which `isWanted` holds. Skips the cells of lists.
 template <typename Wanted>
 std::optional<Accessible> firstShown(const Accessible& in, const Wanted& isWanted) {
     for (const Accessible& child : in.children()) {
@@ -111,7 +110,7 @@ void ProgramWindow::click(const std::string& button) const {
 
 void ProgramWindow::expect(const std::string& what, const std::function<bool()>& condition) const {
     if (!waitUntil(condition)) {
-        throw std::runtime_error("Not to be seen: " + what + ". Shown are:" + shown());
+        throw std::runtime_error("not visible: " + what + "; visible are:" + shown());
     }
 }
 

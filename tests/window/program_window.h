@@ -8,14 +8,14 @@
 
 namespace tarvin {
 
-/// The windows of one program as a person has them before their eyes: what is shown is found by its
-/// role and its accessible name, and acted on with the mouse. What does not come in time ends the
-/// test by an exception, which tells what is shown instead.
+/// The windows of one program: visible controls are found by role and accessible name, and clicked
+/// with the mouse. If a control does not appear within testPatience, throws std::runtime_error with
+/// the names of the visible controls.
 class ProgramWindow final {
  public:
     using Names = std::function<bool(const std::string&)>;
 
-    /// Returns when the program shows a window.
+    /// Blocks until the program shows a window.
     explicit ProgramWindow(pid_t process);
 
     [[nodiscard]] std::optional<Accessible> find(AtspiRole role, const Names& isWanted) const;
@@ -28,7 +28,7 @@ class ProgramWindow final {
     void waitForEnd(const std::string& text) const;
     void waitForButton(const std::string& name, bool enabled) const;
 
-    /// Clicks the button as soon as it is shown and enabled.
+    /// Blocks until the button is shown and enabled, and clicks it.
     void click(const std::string& button) const;
 
  private:

@@ -14,7 +14,7 @@
 namespace tarvin {
 namespace {
 
-/// The finished program, from a clean-up to where its files are again.
+/// A clean-up and its restoration in the window.
 class PutBackWindow : public testing::Test {
  protected:
     PutBackWindow() {
@@ -25,7 +25,7 @@ class PutBackWindow : public testing::Test {
     }
     ~PutBackWindow() override { EXPECT_TRUE(product_->runs()) << product_->errors(); }
 
-    /// Scans, marks all copies and moves them to the Trash.
+    /// Scans, marks all duplicates and moves them to the Trash.
     void cleanUp() const {
         window_->click("Scan");
         answer("Duplicates Found", "Review");
@@ -41,13 +41,13 @@ class PutBackWindow : public testing::Test {
         window_->waitForEnd(text);
     }
 
-    /// From the button in the bar.
+    /// Opens the panel from the menu button in the bar.
     void openPutBack() const {
-        // Which of the two roles it has depends on the version of Qt.
+        // Its role depends on the version of Qt.
         const bool isPlain = window_->shows(ATSPI_ROLE_PUSH_BUTTON, "More");
         const AtspiRole role = isPlain ? ATSPI_ROLE_PUSH_BUTTON : ATSPI_ROLE_PUSH_BUTTON_MENU;
         input::click(window_->wait(role, "More").area().middle());
-        // The first of the menu.
+        // The first menu item.
         input::key("Down");
         input::key("Return");
     }
@@ -59,7 +59,7 @@ class PutBackWindow : public testing::Test {
     std::unique_ptr<ProgramWindow> window_;
 };
 
-TEST_F(PutBackWindow, BringsACleanUpBack) {
+TEST_F(PutBackWindow, RestoresACleanUp) {
     cleanUp();
     ASSERT_EQ(filesBelow(documents_).size(), before_.size() - 100);
     ASSERT_EQ(trashedFiles(home_.folder().pathOf(".local/share")).size(), 100U);
@@ -75,7 +75,7 @@ TEST_F(PutBackWindow, BringsACleanUpBack) {
     EXPECT_EQ(filesBelow(documents_), before_);
     EXPECT_TRUE(trashedFiles(home_.folder().pathOf(".local/share")).empty());
 
-    // And only once.
+    // A clean-up can be restored only once.
     openPutBack();
     answer("The last clean-up has been put back already.", "Ok");
     window_->click("Home");
@@ -83,7 +83,7 @@ TEST_F(PutBackWindow, BringsACleanUpBack) {
     EXPECT_FALSE(window_->showsText("Files cleaned so far: 100 (100.00 KB)"));
 }
 
-TEST_F(PutBackWindow, ReplacesNothingAndTellsWhatDidNotComeBack) {
+TEST_F(PutBackWindow, ReplacesNothingAndListsFilesNotRestored) {
     cleanUp();
     const auto trashed = trashedFiles(home_.folder().pathOf(".local/share"));
     const std::string taken = trashed.begin()->first;

@@ -14,7 +14,7 @@ enum FileColumn { nameColumn, locationColumn, groupColumn, buttonColumn };
 Accessible cellOf(const Accessible& list, int row, int column) {
     auto cell = list.cell(row, column);
     if (!cell) {
-        throw std::runtime_error("No row " + std::to_string(row) + " in " + list.name());
+        throw std::runtime_error("no row " + std::to_string(row) + " in " + list.name());
     }
     return *cell;
 }

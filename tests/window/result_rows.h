@@ -8,14 +8,14 @@ namespace tarvin {
 
 enum class Mark { off, mixed, on };
 
-/// What a check box tells a screen reader.
+/// The state of a check box as screen readers see it.
 [[nodiscard]] Mark markOf(const Accessible& box);
 
-/// The rows of the outline with the extensions and the sets below them, while the results are
-/// shown. Only rows in view are found by the mouse.
+/// The rows of the outline (extensions and their sets), while the results are shown. Only rows in
+/// view can be clicked.
 class OutlineRows final {
  public:
-    /// Returns when the outline is shown.
+    /// Blocks until the outline is shown.
     explicit OutlineRows(const ProgramWindow& window);
 
     [[nodiscard]] int count() const { return outline_.rows(); }

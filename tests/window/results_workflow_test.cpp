@@ -33,7 +33,7 @@ Paths pathsOf(const Files& files) {
     return paths;
 }
 
-/// In the order of their contents, each as often as it is there.
+/// The contents, sorted, with repetitions.
 std::vector<std::string> contentsOf(const Files& files) {
     std::vector<std::string> contents;
     for (const auto& [path, content] : files) {
@@ -43,7 +43,7 @@ std::vector<std::string> contentsOf(const Files& files) {
     return contents;
 }
 
-/// Those of `files` at `paths`.
+/// The `files` at `paths`.
 Files those(const Files& files, const Paths& paths) {
     Files chosen;
     for (const std::string& path : paths) {
@@ -61,13 +61,13 @@ Paths difference(const Paths& from, const Paths& without) {
     return left;
 }
 
-/// In memory where there is such a folder: a busy disk would make a test of seconds one of minutes.
+/// A folder in memory, if there is one: on a busy disk the test takes minutes instead of seconds.
 std::filesystem::path fastFolder() {
     const std::filesystem::path memory = "/dev/shm";
     return std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
 }
 
-/// A scan of 20,000 files, most of them copies, and what a person does with its result.
+/// A scan of 20,000 files, most of them duplicates, and the use of its result.
 class ResultsWorkflow : public testing::Test {
  protected:
     ResultsWorkflow() {
@@ -87,7 +87,7 @@ class ResultsWorkflow : public testing::Test {
     void scan() const;
     void expectSummary(const std::vector<std::string>& lines, const std::string& button) const;
     void lookThroughTabs() const;
-    /// Excludes one file marked in the list and those marked by the box of another set.
+    /// Excludes one file marked in the list and two marked by the check box of another set.
     void exclude();
     void deleteAllMarked() const;
 
@@ -108,8 +108,8 @@ class ResultsWorkflow : public testing::Test {
     std::unique_ptr<ChildProcess> product_;
     std::unique_ptr<ProgramWindow> window_;
     Paths excluded_;
-    Paths kept_;   // as far as they were seen in the list
-    Paths moved_;  // the same
+    Paths kept_;   // of the two sets in exclude()
+    Paths moved_;  // of the two sets in exclude()
 };
 
 void ResultsWorkflow::scan() const {
@@ -140,7 +140,7 @@ void ResultsWorkflow::lookThroughTabs() const {
     expectSummary({"Information", "No Video Duplicates Found"}, "Ok");
     window_->waitForButton("All", false);
     window_->waitForButton("Video", true);
-    // A second look at all is not told of again.
+    // The summary of a category is shown once.
     EXPECT_FALSE(window_->showsText("Duplicates Found"));
     EXPECT_EQ(OutlineRows(*window_).count(), 6 + 7500);
 }
@@ -148,7 +148,7 @@ void ResultsWorkflow::lookThroughTabs() const {
 void ResultsWorkflow::exclude() {
     const OutlineRows outline(*window_);
     const FileRows files(*window_);
-    constexpr int third = 3;  // the row below that of its extension and of two sets
+    constexpr int third = 3;  // below the row of its extension and of two sets
     outline.click(third);
     ASSERT_TRUE(waitUntil([&] { return files.count() == 3 && files.group(0) == "3"; }));
     window_->waitForText("Path: " + files.path(0));
@@ -186,7 +186,7 @@ void ResultsWorkflow::deleteAllMarked() const {
     window_->waitForText("Marked Duplicate Files: 10497");
     window_->waitForText("Marked File Size: 10.50 MB");
     {
-        // Another clean-up has its turn, so that this one does not end before it has been seen.
+        // Another clean-up holds the lock, so this one cannot finish before its panel is visible.
         const LockFile turns(storedPath("clean-up.turn"));
         const Result<FileLock> turn = turns.take(0, std::chrono::seconds(10));
         ASSERT_TRUE(turn);
@@ -228,7 +228,7 @@ void ResultsWorkflow::expectFilesMoved() const {
     for (const Paths& stayed : {excluded_, kept_}) {
         EXPECT_TRUE(std::includes(left.begin(), left.end(), stayed.begin(), stayed.end()));
     }
-    // Each content is there once, but for what is excluded.
+    // Each content is left once, apart from the excluded files.
     std::vector<std::string> all = contentsOf(before_);
     all.erase(std::unique(all.begin(), all.end()), all.end());
     EXPECT_EQ(contentsOf(those(after, difference(left, excluded_))), all);
@@ -244,7 +244,7 @@ void ResultsWorkflow::expectTotalsStored() const {
         << text;
 }
 
-TEST_F(ResultsWorkflow, LeadsFromAScanThroughTheTrashToNoDuplicates) {
+TEST_F(ResultsWorkflow, FromAScanToTheTrashLeavesNoDuplicates) {
     ASSERT_EQ(before_.size(), std::size_t{filesAtFirst});
     scan();
     expectSummary({"Duplicates Found", "Media: 6000", "Documents: 3500", "Others: 1000"}, "Review");

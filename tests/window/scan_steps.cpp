@@ -13,7 +13,7 @@ namespace {
 constexpr std::uintmax_t endlessBytes = std::uintmax_t{1} << 40U;
 constexpr std::chrono::milliseconds stillTime{2200};
 
-/// Whether `condition` holds all the time, looked at again and again for so long.
+/// Polls `condition` for that time. Returns whether it always held.
 template <typename Condition>
 bool staysTrue(std::chrono::milliseconds time, const Condition& condition) {
     const auto end = std::chrono::steady_clock::now() + time;
@@ -51,7 +51,7 @@ std::string elapsedTime(const ProgramWindow& window) {
 void waitForProgress(const ProgramWindow& window) {
     const std::string before = elapsedTime(window);
     if (!waitUntil([&] { return !before.empty() && elapsedTime(window) != before; })) {
-        throw std::runtime_error("The scan stands still at " + before);
+        throw std::runtime_error("the elapsed time stays at " + before);
     }
 }
 

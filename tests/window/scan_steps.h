@@ -7,17 +7,18 @@
 
 namespace tarvin {
 
-/// A folder of the home with two equal files of so many bytes that comparing them does not end
-/// while a test lasts. They take no room on the disk. Answers its path.
+/// Makes a folder of the home with two equal sparse files that take longer to compare than a test
+/// runs. Returns its path.
 std::string makeEndlessFolder(const Home& home, const std::string& name);
-/// A folder with two equal files of a few bytes.
+/// Makes a folder with two equal files of a few bytes. Returns its path.
 std::string makeSmallFolder(const Home& home, const std::string& name);
 
-/// What the progress screen says of the time that has passed.
+/// The elapsed time on the progress screen.
 [[nodiscard]] std::string elapsedTime(const ProgramWindow& window);
-/// Returns when the scan has gone on for a while: its time shows another second.
+/// Blocks until the elapsed time changes. Throws std::runtime_error after testPatience.
 void waitForProgress(const ProgramWindow& window);
-/// Whether the time comes to a stop, for more than two of its steps.
+/// Blocks until the elapsed time stays the same for more than two seconds. Returns false after
+/// testPatience.
 [[nodiscard]] bool timeStandsStill(const ProgramWindow& window);
 
 }  // namespace tarvin

@@ -15,8 +15,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The programs where an installation puts them, with a list of addresses that leads to a folder of
-/// the test's, and with an updater.
+/// The programs in the folders of an installation, with an updater and with URLs that lead to a
+/// folder of the test.
 class InstalledUpdates : public testing::Test {
  protected:
     InstalledUpdates() {
@@ -59,7 +59,7 @@ class InstalledUpdates : public testing::Test {
 
 constexpr const char* offer = "New update available (Tarvin Duplicate File Remover 99.0)";
 
-TEST_F(InstalledUpdates, AreFoundAtTheStartAndFetchedByTheUpdater) {
+TEST_F(InstalledUpdates, AreFoundAtStartAndFetchedByTheUpdater) {
     announce("99.0");
     const auto product = home_.startProduct();
     const ProgramWindow window(product->pid());
@@ -71,7 +71,7 @@ TEST_F(InstalledUpdates, AreFoundAtTheStartAndFetchedByTheUpdater) {
     EXPECT_TRUE(product->runs()) << product->errors();
 }
 
-TEST_F(InstalledUpdates, MayWait) {
+TEST_F(InstalledUpdates, CanBePostponed) {
     announce("99.0");
     const auto product = home_.startProduct();
     const ProgramWindow window(product->pid());
@@ -83,12 +83,12 @@ TEST_F(InstalledUpdates, MayWait) {
     EXPECT_FALSE(fs::exists(told()));
 }
 
-TEST_F(InstalledUpdates, AreNoneForTheNewestVersion) {
+TEST_F(InstalledUpdates, AreNotOfferedForTheNewestVersion) {
     announce(TARVIN_VERSION);
     const auto product = home_.startProduct();
     const ProgramWindow window(product->pid());
     window.click("Help");
-    for (const char* key : {"Up", "Up", "Return"}) {  // the last but one of the menu
+    for (const char* key : {"Up", "Up", "Return"}) {  // the second last menu item
         input::key(key);
     }
     window.waitForText("Your application is up to date");

@@ -22,7 +22,7 @@ void set(const char* name, const std::string& value) {
     ::setenv(name, value.c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
 }
 
-/// Nothing of the desktop that the test was started on takes part.
+/// Removes the variables that lead to the desktop from which the test was started.
 void forgetOuterDesktop() {
     constexpr std::array names{
         "AT_SPI_BUS_ADDRESS", "DESKTOP_STARTUP_ID",      "NO_AT_BRIDGE",        "QT_QPA_PLATFORM",
@@ -33,7 +33,7 @@ void forgetOuterDesktop() {
     }
 }
 
-/// Those that the programs which we have started have left to us.
+/// Reaps the orphaned children of programs that this process started.
 void endOrphans() {
     const std::string task = std::to_string(::getpid());
     std::ifstream children("/proc/self/task/" + task + "/children");
@@ -53,7 +53,7 @@ VirtualDesktop::VirtualDesktop() {
     const std::string runtime = folder_.makeFolder("runtime");
     std::filesystem::permissions(runtime, std::filesystem::perms::owner_all);
     set("XDG_RUNTIME_DIR", runtime);
-    // What would start further programs on the bus.
+    // Keep the bus from starting further programs.
     set("GIO_USE_VFS", "local");
     set("GSETTINGS_BACKEND", "memory");
     startScreen();
@@ -69,7 +69,7 @@ VirtualDesktop::~VirtualDesktop() {
 }
 
 void VirtualDesktop::startScreen() {
-    // The server takes the first number that is free, and tells it.
+    // The server takes the first free display number, and prints it.
     screen_ = std::make_unique<ChildProcess>(
         ChildProcess::Words{"Xvfb", "-displayfd", "1", "-screen", "0", "1600x1000x24", "-nolisten",
                             "tcp", "-noreset"},
@@ -88,12 +88,12 @@ void VirtualDesktop::startBus() {
 }
 
 void VirtualDesktop::startWindowManager() {
-    // The first key that a program presses brings a keyboard of its own, for which a window manager
-    // gives up its keys and asks for them again; one pressed meanwhile would be lost.
+    // The first simulated key adds a keyboard device, for which a window manager releases its key
+    // grabs and takes them again; a key in between would be lost.
     EXPECT_EQ(runCommand("xdotool key Shift_L").status, 0);
     windowManager_ = std::make_unique<ChildProcess>(ChildProcess::Words{"openbox", "--sm-disable"},
                                                     folder_.pathOf("openbox"));
-    // Only a window manager can tell.
+    // Only a running window manager sets the current desktop.
     EXPECT_TRUE(waitUntil([] { return runCommand("xdotool get_desktop").status == 0; }))
         << windowManager_->errors();
 }

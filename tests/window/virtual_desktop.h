@@ -8,13 +8,12 @@
 
 namespace tarvin {
 
-/// A desktop that nobody sees and that shares nothing with the person's own: an X server, a window
-/// manager, a session bus and the accessibility bus. It belongs to this process and to all programs
-/// that the process starts while it is there, through the environment, and ends with the object.
-/// One at a time; main thread.
+/// A virtual desktop, separate from the user's: an X server, a window manager, a session bus and
+/// the accessibility bus. Used by this process and all programs that it starts, through the
+/// environment. Ends on destruction. One object at a time. Main thread only.
 class VirtualDesktop final {
  public:
-    /// Has started when this returns. What does not start in time is a failure of the test.
+    /// Blocks until the desktop has started. Fails the test if a part does not start in time.
     VirtualDesktop();
     VirtualDesktop(const VirtualDesktop&) = delete;
     VirtualDesktop& operator=(const VirtualDesktop&) = delete;

@@ -23,7 +23,7 @@ void goHome(const ProgramWindow& window) {
     window.waitForText("Find duplicate files");
 }
 
-TEST(WholeRun, LeadsFromHomeThroughAStoppedScanToHome) {
+TEST(WholeRun, ReturnsHomeAfterAStoppedScan) {
     Home home;
     const std::string endless = makeEndlessFolder(home, "Films");
     const auto product = home.startProduct();
@@ -66,13 +66,13 @@ TEST(WholeRun, LeadsFromHomeThroughAStoppedScanToHome) {
     window.waitForText(stopQuestion);
     window.click("Yes");
     window.waitForText("Duplicate Files");
-    // Nothing was found, so that its summary leads back.
+    // Nothing was found, so the button of the summary leads back.
     window.click("Review");
     window.waitForText("Find duplicate files");
     EXPECT_TRUE(product->runs());
 }
 
-TEST(WholeRun, ScansASmallFolderToItsEnd) {
+TEST(WholeRun, ScansASmallFolderToTheEnd) {
     Home home;
     const std::string folder = makeSmallFolder(home, "Letters");
     const auto product = home.startProduct();
@@ -91,7 +91,7 @@ TEST(WholeRun, ScansASmallFolderToItsEnd) {
     EXPECT_TRUE(product->runs());
 }
 
-/// Stop comes where Scan was.
+/// The Stop button appears where Scan was.
 TEST(WholeRun, IsNotStoppedByADoubleClickOnScan) {
     Home home;
     const auto product = home.startProduct({makeEndlessFolder(home, "Films")});
@@ -110,7 +110,7 @@ TEST(WholeRun, IsNotStoppedByADoubleClickOnScan) {
     window.waitForText("Duplicate Files");
 }
 
-TEST(WholeRun, SaysThatThereIsNothingToCompare) {
+TEST(WholeRun, ReportsThatThereIsNothingToCompare) {
     Home home;
     const auto product = home.startProduct();
     const ProgramWindow window(product->pid());
