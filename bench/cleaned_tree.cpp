@@ -38,7 +38,7 @@ void makeFolder(const std::string& path) {
     }
 }
 
-/// A few hundred sizes, so that the scan has classes as a real tree has.
+/// A few hundred sizes, so that the scan has as many size classes as in a real tree.
 std::string contentOf(std::size_t number) {
     return "photo " + std::to_string(number) + std::string(number % 331, '.');
 }
@@ -54,7 +54,7 @@ void writeTree(const std::string& folder, const CleanedTree& tree) {
         std::string in;
         for (std::size_t number = 0; number < tree.files; ++number) {
             if (number % tree.perFolder == 0) {
-                // No folder has more than a thousand others in it.
+                // At most 1,000 subfolders in a folder.
                 const std::size_t count = number / tree.perFolder;
                 const std::string above = top + '/' + std::to_string(count / 1000);
                 if (count % 1000 == 0) {

@@ -17,11 +17,11 @@ constexpr std::uint64_t oneSizeBytes = 64 * kibibyte;
 constexpr std::uint64_t oneSizeHeadBytes = 4 * kibibyte;
 constexpr std::uint64_t lateBytes = 32 * mebibyte;
 constexpr std::uint64_t lateFamily = 4;
-constexpr std::size_t fewestFolders = 8;     // so that four copies find four folders
-constexpr std::size_t mostFolders = 19'530;  // a full tree of fan-out five, six levels deep
+constexpr std::size_t minFolders = 8;       // four copies need four folders
+constexpr std::size_t maxFolders = 19'530;  // a full tree of fan-out 5 and depth 6
 
-// One kind of name stays inside one group of copies: a finder may keep documents and pictures
-// apart. Every name has an extension: files without one are not looked at.
+// All files of a group have one kind of name: a finder may compare documents and images separately.
+// Every name has an extension: files without one are skipped.
 constexpr std::array<NamePattern, 6> names{{{"IMG_", ".jpg"},
                                             {"screenshot-", ".png"},
                                             {"note ", ".txt"},
@@ -36,10 +36,10 @@ std::uint64_t fileCount(const CorpusRequest& request, std::uint64_t atScaleOne) 
 
 std::size_t folderCount(std::uint64_t files, std::uint64_t filesPerFolder) {
     const std::size_t wanted = files / filesPerFolder;
-    return std::clamp(wanted, fewestFolders, mostFolders);
+    return std::clamp(wanted, minFolders, maxFolders);
 }
 
-/// Puts files that are copies of each other into different folders.
+/// Chooses a different folder for each file of a group of copies.
 void spread(std::span<PlannedFile> copies, std::size_t folders, Random& random) {
     const std::uint64_t start = random.below(folders);
     const std::uint64_t step = 1 + random.below(folders / 4);
@@ -48,16 +48,15 @@ void spread(std::span<PlannedFile> copies, std::size_t folders, Random& random) 
     }
 }
 
-/// Appends `count` equal files of a content that no other file has.
+/// Appends `count` equal files with a new content.
 void addGroup(CorpusPlan& corpus, const PlannedFile& file, std::uint64_t count, Random& random) {
     const std::size_t first = corpus.files.size();
     corpus.files.insert(corpus.files.end(), count, file);
     spread(std::span(corpus.files).subspan(first), corpus.folders, random);
 }
 
-/// Fills the tree with `count` files, of which `copiesPercent` in a hundred are copies of an
-/// earlier one, in groups of two to `largestGroup`. `describe` gives the size and the extension of
-/// a new content.
+/// Adds `count` files, `copiesPercent` % of them copies of an earlier one, in groups of 2 to
+/// `largestGroup`. `describe` returns the size and the extension of a new content.
 template <typename Describe>
 void addFiles(CorpusPlan& corpus, std::uint64_t count, std::uint64_t copiesPercent,
               std::uint64_t largestGroup, Random& random, Describe describe) {
@@ -74,7 +73,7 @@ void addFiles(CorpusPlan& corpus, std::uint64_t count, std::uint64_t copiesPerce
     }
 }
 
-/// Many small files, nearly all of a size that others have too.
+/// Many small files, nearly all of a size shared with others.
 CorpusPlan planSmall(const CorpusRequest& request, Random& random) {
     const std::uint64_t count = fileCount(request, 100'000);
     CorpusPlan corpus;
@@ -88,7 +87,7 @@ CorpusPlan planSmall(const CorpusRequest& request, Random& random) {
     return corpus;
 }
 
-/// Files of one size and one extension that begin alike: the largest class of candidates.
+/// Files of one size and one extension with equal beginnings: the largest class of candidates.
 CorpusPlan planOneSize(const CorpusRequest& request, Random& random) {
     const std::uint64_t count = fileCount(request, 20'000);
     CorpusPlan corpus;
@@ -103,7 +102,7 @@ CorpusPlan planOneSize(const CorpusRequest& request, Random& random) {
     return corpus;
 }
 
-/// Families of four large files: two equal ones, and two that differ from them and from each other
+/// Groups of four large files: two equal ones, and two that differ from these and from each other
 /// in their last bytes only.
 CorpusPlan planLate(const CorpusRequest& request, Random& random) {
     const std::uint64_t families = std::max<std::uint64_t>(1, fileCount(request, 48) / lateFamily);
@@ -122,15 +121,15 @@ CorpusPlan planLate(const CorpusRequest& request, Random& random) {
     return corpus;
 }
 
-/// Sizes from 200 KiB to 4 MiB, small ones far more often, about 1 MiB on average: the fourth power
-/// pushes the even distribution down.
+/// Sizes from 200 KiB to 4 MiB, about 1 MiB on average: the fourth power of a uniform distribution
+/// favours small ones.
 std::uint64_t photoSize(Random& random) {
     const double unit = random.unit();
     const double span = static_cast<double>(4 * mebibyte - 200 * kibibyte);
     return 200 * kibibyte + static_cast<std::uint64_t>(unit * unit * unit * unit * span);
 }
 
-/// What a picture folder looks like: large files, seldom of one size unless they are copies.
+/// Like a folder of photos: large files, rarely of equal size unless they are copies.
 CorpusPlan planPhotos(const CorpusRequest& request, Random& random) {
     const std::uint64_t count = fileCount(request, 3'000);
     CorpusPlan corpus;
@@ -144,7 +143,7 @@ CorpusPlan planPhotos(const CorpusRequest& request, Random& random) {
     return corpus;
 }
 
-/// Files that need not be read, since each has a size of its own.
+/// Files that need not be read: each has a different size.
 CorpusPlan planWalk(const CorpusRequest& request, Random& random) {
     const std::uint64_t count = fileCount(request, 300'000);
     CorpusPlan corpus;
@@ -160,8 +159,8 @@ CorpusPlan planWalk(const CorpusRequest& request, Random& random) {
     return corpus;
 }
 
-/// Shuffles, so that copies lie apart on the disk as they do in life. Our own, because the standard
-/// one may differ from library to library.
+/// Shuffles the files, so that copies are not adjacent on the disk. Our own implementation: the
+/// result of std::shuffle differs between libraries.
 void shuffle(std::vector<PlannedFile>& files, Random& random) {
     for (std::size_t i = files.size(); i > 1; --i) {
         std::swap(files[i - 1], files[random.below(i)]);

@@ -8,10 +8,10 @@
 
 namespace tarvin::bench {
 
-/// The trees there are; corpus_plan.cpp tells what each of them is for.
+/// The kinds of trees; corpus_plan.cpp describes each.
 enum class CorpusKind { small, onesize, late, photos, walk };
 
-/// What a tree is made from. Equal requests give equal plans, on every machine.
+/// The parameters of a tree. Equal requests give equal plans on every machine.
 struct CorpusRequest {
     CorpusKind kind = CorpusKind::small;
     std::uint64_t seed = 1;
@@ -20,13 +20,13 @@ struct CorpusRequest {
     std::optional<std::uint64_t> copiesPercent;  ///< instead of the kind's own share of copies
 };
 
-/// How the names of one kind of file begin and end.
+/// The prefix and the extension of one kind of file name.
 struct NamePattern {
     std::string_view stem;
     std::string_view extension;  ///< with its dot
 };
 
-/// One file to be written. Two files of a tree are equal exactly if size, body and tail are.
+/// One file to write. Two files of a tree are equal if and only if size, body and tail are.
 struct PlannedFile {
     std::uint64_t size = 0;  ///< bytes
     std::uint64_t body = 0;  ///< number of the content, from 1
@@ -35,7 +35,7 @@ struct PlannedFile {
     const NamePattern* name = nullptr;  ///< lives as long as the program
 };
 
-/// A whole tree: its files in the order in which they are to be written.
+/// A tree: its files in the order in which they are written.
 struct CorpusPlan {
     std::vector<PlannedFile> files;
     std::size_t folders = 0;
@@ -43,7 +43,7 @@ struct CorpusPlan {
     bool sparse = false;          ///< the files have sizes only, no byte of them is written
 };
 
-/// Decides on every file of a tree.
+/// Plans every file of a tree.
 [[nodiscard]] CorpusPlan planCorpus(const CorpusRequest& request);
 
 }  // namespace tarvin::bench

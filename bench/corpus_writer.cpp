@@ -66,8 +66,8 @@ bool CorpusWriter::write(const std::string& out) {
     return true;
 }
 
-/// The folders form a tree of fixed fan-out, the shape that a person's folders roughly have; files
-/// lie at every level of it.
+/// The folders form a tree of fixed fan-out, roughly like a user's folders, with files at every
+/// level.
 bool CorpusWriter::makeFolders(const std::string& out) {
     folders_.assign(1, out);
     while (folders_.size() < plan_.folders) {
@@ -117,7 +117,7 @@ void CorpusWriter::overlayHead(std::span<char> firstBlock) const {
     std::copy_n(head_.begin(), std::min(head_.size(), firstBlock.size()), firstBlock.begin());
 }
 
-/// Replaces the part of the file's last bytes that lies in the block beginning at `offset`.
+/// Writes the part of the file's tail that is in the block at `offset`.
 void CorpusWriter::overlayTail(std::span<char> block, std::uint64_t offset,
                                const PlannedFile& file) const {
     std::array<char, tailBytes> tail{};
@@ -131,7 +131,7 @@ void CorpusWriter::overlayTail(std::span<char> block, std::uint64_t offset,
     }
 }
 
-/// Streams of different numbers must not overlap, so the number is mixed before it is a seed.
+/// The number is mixed before it is used as a seed: streams must not overlap.
 std::uint64_t CorpusWriter::streamSeed(std::uint64_t number) const {
     return Random(seed_ ^ Random(number).next()).next();
 }

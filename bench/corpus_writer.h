@@ -9,17 +9,17 @@
 
 namespace tarvin::bench {
 
-/// Writes a planned tree to the disk. Used once, on one thread; a failure is told on standard error
-/// and leaves what has been written so far.
+/// Writes a planned tree to the disk. Call write() at most once. One thread. A failure is reported
+/// on standard error and leaves the files written so far.
 class CorpusWriter final {
  public:
-    /// `plan` must outlive the writer. `seed` decides the contents.
+    /// `plan` must outlive this object. `seed` determines the contents.
     CorpusWriter(const CorpusPlan& plan, std::uint64_t seed);
 
-    /// Makes the folder `out`, which must not be there yet, and everything in it. False on failure.
+    /// Makes the folder `out`, which must not exist, and its files. Returns false on failure.
     bool write(const std::string& out);
 
-    /// Sizes of all files together, after a successful write.
+    /// The total size of all files in bytes, after a successful write().
     [[nodiscard]] std::uint64_t bytes() const { return bytes_; }
 
  private:

@@ -1,6 +1,6 @@
-// The floor under any duplicate finder: walks a folder, and reads every file whose size another
-// file has too, once, from first to last byte, into one reused buffer. It compares nothing, so what
-// it takes is what the system charges for looking at the files at all.
+// The read floor, a lower bound for the time of a duplicate finder: walks a folder, and reads each
+// file whose size is shared by another once, in full, into a reused buffer. It compares nothing, so
+// it measures the cost of the system calls alone.
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -46,7 +46,7 @@ struct CloseDirectory {
 };
 using DirectoryHandle = std::unique_ptr<DIR, CloseDirectory>;
 
-/// Opens a folder relative to the open one `parent`; empty if it cannot be opened.
+/// Opens a folder relative to `parent`. Returns nullptr if it cannot be opened.
 DirectoryHandle openDirectory(int parent, const char* name) {
     const int descriptor = ::openat(parent, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     if (descriptor < 0) {
@@ -63,8 +63,8 @@ bool isDotEntry(std::string_view name) {
     return name == "." || name == "..";
 }
 
-/// Collects the regular files at and below `path`, which `directory` has open. A folder that
-/// cannot be opened is passed over.
+/// Collects the regular files at and below `path`, the path of `directory`. Skips folders that
+/// cannot be opened.
 void walk(DIR* directory, const std::string& path, std::vector<FoundFile>& files) {
     const int descriptor = ::dirfd(directory);
     while (const dirent* entry = ::readdir(directory)) {
@@ -84,7 +84,7 @@ void walk(DIR* directory, const std::string& path, std::vector<FoundFile>& files
     }
 }
 
-/// The files whose size is not theirs alone, in the order of the walk.
+/// Returns the files whose size another file has, in the order of the walk.
 std::vector<const FoundFile*> candidatesIn(const std::vector<FoundFile>& files) {
     std::vector<std::uint64_t> sizes;
     sizes.reserve(files.size());
@@ -125,7 +125,7 @@ Reading readFiles(std::span<const FoundFile* const> files) {
     return reading;
 }
 
-/// Reads with `threads` threads, each an equal stretch of the list.
+/// Reads the files with `threads` threads, each an equal part of the list.
 Reading readInParallel(std::span<const FoundFile* const> files, unsigned threads) {
     std::vector<Reading> readings(threads);
     {
@@ -153,7 +153,7 @@ bool takeThreads(std::string_view text, Options& options) {
            options.threads <= mostThreads;
 }
 
-/// The options, then one folder; none if `arguments` are anything else.
+/// Parses options and one folder. Returns nullopt if `arguments` are anything else.
 std::optional<Options> parse(std::span<char* const> arguments) {
     Options options;
     for (; arguments.size() > 1; arguments = arguments.subspan(1)) {

@@ -1,5 +1,5 @@
-// Makes the file trees that the finders are compared on. The same kind, seed and size always give
-// the same tree: names, sizes and contents come from one generator and nothing else.
+// Makes the file trees for the comparison of duplicate finders. The same kind, seed and size always
+// give the same tree: names, sizes and contents come from one generator.
 
 #include "corpus_plan.h"
 #include "corpus_writer.h"
@@ -28,25 +28,25 @@ void addOptions(CLI::App& app, CorpusRequest& request, std::string& out) {
                                                   {"late", CorpusKind::late},
                                                   {"photos", CorpusKind::photos},
                                                   {"walk", CorpusKind::walk}};
-    app.add_option("--kind", request.kind, "which tree")
+    app.add_option("--kind", request.kind, "Kind of tree")
         ->required()
         ->transform(CLI::Transformer(kinds))
         ->option_text("small|onesize|late|photos|walk");
-    app.add_option("--out", out, "the tree's folder, which must not be there yet")->required();
-    app.add_option("--seed", request.seed, "another seed, another tree of the same shape");
-    app.add_option("--scale", request.scale, "times the kind's own number of files")
+    app.add_option("--out", out, "New folder for the tree")->required();
+    app.add_option("--seed", request.seed, "Seed of names, sizes and contents [default: 1]");
+    app.add_option("--scale", request.scale, "Factor for the kind's number of files")
         ->check(CLI::Range(0.0, largestScale));
-    app.add_option("--files", request.files, "exactly so many files (late: in fours)")
+    app.add_option("--files", request.files, "Number of files (late: a multiple of 4)")
         ->check(CLI::Range(std::uint64_t{1}, mostFiles));
     app.add_option("--copies", request.copiesPercent,
-                   "so many files in a hundred are copies (not for late and walk)")
+                   "Percentage of copies (not for late and walk)")
         ->check(CLI::Range(0, 100));
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("Makes a file tree to compare duplicate finders on.");
+    CLI::App app("Makes a file tree for the comparison of duplicate finders.");
     CorpusRequest request;
     std::string out;
     addOptions(app, request, out);

@@ -1,6 +1,6 @@
-// Runs one program and writes down what it cost. The script that compares the finders cannot do
-// this itself: the kernel counts the memory of whoever forks into the peak of the new process, and
-// an interpreter that holds the results of a large run would hide the peak of a small program.
+// Runs one program and records its time and peak memory. A separate program, because the peak of a
+// process includes the memory of the process that forked it: the Python interpreter with the
+// results of a large run would hide the peak of a small program.
 
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -18,7 +18,7 @@ double seconds(const timeval& time) {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
 }
 
-/// The shell's number for how a process ended: its exit status, or 128 and the signal.
+/// Returns the status as the shell does: the exit status, or 128 plus the signal number.
 int exitNumber(int status) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }

@@ -7,7 +7,7 @@
 
 namespace tarvin::bench {
 
-/// SplitMix64: eight random bytes a step, and every seed is a good one.
+/// SplitMix64: 8 random bytes a step; every seed is suitable.
 class Random final {
  public:
     explicit Random(std::uint64_t seed) : state_(seed) {}
@@ -21,15 +21,15 @@ class Random final {
         return mixed ^ (mixed >> 31U);
     }
 
-    /// A number from 0 up to, but not including, `limit` (not 0). The bias of the remainder is
-    /// below one in 2^40 for the limits used here.
+    /// A number in [0, limit). Requires limit > 0. The modulo bias is below 2^-40 for the limits
+    /// used here.
     std::uint64_t below(std::uint64_t limit) { return next() % limit; }
 
-    /// A number from 0 up to, but not including, 1.
+    /// A number in [0, 1).
     double unit() { return static_cast<double>(next() >> 11U) * 0x1.0p-53; }
 
-    /// Fills `bytes`. Only the last call of a stream may ask for a length that is no multiple of
-    /// eight, or the rest of a step is lost.
+    /// Fills `bytes`. Only the last call of a stream may have a length that is not a multiple of 8:
+    /// the rest of a step is lost.
     void fill(std::span<char> bytes) {
         while (!bytes.empty()) {
             const std::uint64_t word = next();

@@ -1,7 +1,7 @@
-// What a person gets who stops a scan: scans one class of 500 pairs of files of 2,000,000 bytes in
-// the folder given, or in /var/tmp, and prints how the progress follows the bytes read, how many
-// sets are left by stops at a quarter, a half, three quarters and 95 % of the bytes, and, where it
-// may mount, how long a stop takes while a folder does not answer.
+// Measures stopped scans: scans one class of 500 pairs of files of 2,000,000 bytes in the given
+// folder (default: /var/tmp) and prints the progress against the bytes read, the number of sets
+// that a stop at 25, 50, 75 and 95 % of the bytes keeps, and, if mounting is allowed, the time that
+// a stop takes while a file system does not respond.
 
 #include "platform/platform.h"
 #include "scan/scan_run.h"
@@ -30,7 +30,7 @@ constexpr std::size_t pairs = 500;
 constexpr std::size_t fileBytes = 2'000'000;
 constexpr std::uint64_t allBytes = std::uint64_t{2} * pairs * fileBytes;
 
-/// Bytes that differ from pair to pair from the first on.
+/// Bytes that differ between pairs from the first byte on.
 std::string contentOf(std::size_t pair) {
     std::string bytes(fileBytes, '\0');
     std::uint64_t state = pair * 0x9E3779B97F4A7C15U + 1;

@@ -4,10 +4,10 @@
 
 namespace tarvin::bench {
 
-/// A new folder that is gone with the object. Ends the program if it cannot be made.
+/// A temporary folder, removed on destruction. Exits with status 1 if it cannot be made.
 class WorkFolder final {
  public:
-    /// In the folder `in`, which has to be there.
+    /// In the folder `in`, which must exist.
     explicit WorkFolder(const std::string& in);
     WorkFolder(const WorkFolder&) = delete;
     WorkFolder& operator=(const WorkFolder&) = delete;

@@ -6,10 +6,10 @@ from dataclasses import dataclass, field
 from .programs import Program, collected_by_tarvin
 from .timing import drop_caches, spread
 
-# A peer this many times slower than we are is not worth anybody's time.
+# A peer slower than tarvin by this factor is not measured further.
 TIMES_OURS = 10
-# Nobody is stopped before so many seconds, so that a small tree does not turn start-up time into
-# a verdict.
+# Seconds before which no run is stopped: on a small tree the start-up time alone may exceed the
+# factor.
 LEAST_LIMIT = 2.0
 
 WARM = "warm"
@@ -17,41 +17,41 @@ COLD = "cold"
 
 
 class Refusal(Exception):
-    """The comparison cannot go on; the text says why."""
+    """The comparison cannot continue; the text is the reason."""
 
 
 @dataclass
 class Entry:
-    """How one program fared on one tree."""
+    """The results of one program on one tree."""
 
     program: Program
     runs: dict = field(default_factory=lambda: {WARM: [], COLD: []})
     stopped_after: float | None = None  # seconds at which a run was stopped
-    too_slow: float | None = None  # seconds of the one run that was over the limit but ended
-    trouble: str = ""  # why its times count for nothing
+    too_slow: float | None = None  # seconds of a run that exceeded the limit but ended
+    trouble: str = ""  # why its times are not valid
 
     @property
     def is_out(self):
-        """Whether it is not run again on this tree."""
+        """Whether it is excluded from further runs on this tree."""
         return bool(self.stopped_after or self.too_slow or self.trouble)
 
     def wall(self, mode):
-        """The spread of its wall times; None without any."""
+        """The spread of its wall times; None without runs."""
         return spread(run.wall for run in self.runs[mode]) if self.runs[mode] else None
 
     def cpu(self, mode):
-        """The median of its processor times; None without any."""
+        """The median of its CPU times; None without runs."""
         runs = self.runs[mode]
         return spread(run.cpu for run in runs).median if runs else None
 
     def peak(self, mode):
-        """The most memory any of its runs had; None without any."""
+        """The highest peak memory of its runs; None without runs."""
         return max((run.peak for run in self.runs[mode]), default=None)
 
 
 class Contest:
-    """All programs on one tree. `entries` holds ours first. `warmer` is a program that reads what
-    a finder may have to read."""
+    """All programs on one tree. The first of `entries` is tarvin. `warmer` is a program that reads
+    every file that a finder may read."""
 
     def __init__(self, watch, corpus, programs, warmer, limit):
         self._watch = watch
@@ -59,24 +59,24 @@ class Contest:
         self._limit = limit
         self.corpus = corpus
         self.entries = [Entry(program) for program in programs]
-        self.rounds = {WARM: 0, COLD: 0}  # as many as were begun
+        self.rounds = {WARM: 0, COLD: 0}  # begun
         self.judged_by = []
         self.sets = 0
 
     @property
     def ours(self):
-        """Our own program's entry."""
+        """The entry of tarvin."""
         return self.entries[0]
 
     def check(self):
-        """Runs everybody once, untimed, and compares what they found. Refuses if our sets are not
+        """Runs each program once, untimed, and compares the results. Raises Refusal if our sets are not
         those of the programs that compare byte for byte."""
         expected, our_wall = self._check_ours()
         judges = [entry for entry in self.entries if entry.program.judges]
         others = [e for e in self.entries[1:] if e not in judges]
         slow = self._slow_limit(our_wall)
         for entry in judges + others:
-            # Without a judge there is no verdict, so the first one may take its time.
+            # Without a judge there is no verdict, so the first one has no time limit.
             needed = entry.program.judges and not self.judged_by
             impatient = entry.program.is_peer and not needed
             self._check_other(entry, expected, slow if impatient else self._limit, slow)
@@ -84,9 +84,9 @@ class Contest:
             raise Refusal("no program that compares byte for byte came to an end")
 
     def race(self, mode, rounds, budget):
-        """Times everybody who is still in, in turn: once per round, each round beginning with the
-        next one, so that a slow drift of the machine hits all alike. No round but the first is
-        begun after `budget` seconds."""
+        """Times all remaining programs in turn: once per round, each round beginning with the next
+        program, so that a slow drift of the machine affects all alike. After `budget` seconds no
+        further round begins."""
         entries = self.entries
         deadline = time.monotonic() + budget
         for number in range(rounds):
@@ -99,7 +99,7 @@ class Contest:
                     self._time(entry, mode)
 
     def _check_ours(self):
-        """Our sets and the seconds it took to find them."""
+        """Returns the sets of tarvin and the seconds of its run."""
         run = self._run(self.ours.program, self._limit)
         if run is None or run.status != 0:
             raise Refusal(f"our own run failed: {failure_text(run, self._limit)}")
@@ -112,7 +112,7 @@ class Contest:
         return groups, run.wall
 
     def _check_other(self, entry, expected, limit, slow):
-        """Runs one other program and compares its sets with ours."""
+        """Runs one other program and compares its sets with those of tarvin."""
         run = self._run(entry.program, limit)
         if run is None:
             entry.stopped_after = limit
@@ -161,17 +161,17 @@ class Contest:
         return self._watch.run(program, self.corpus.folder, limit)
 
     def _slow_limit(self, our_wall):
-        """Seconds after which a peer is too slow."""
+        """Returns the time limit for a peer, in seconds."""
         return min(self._limit, max(LEAST_LIMIT, TIMES_OURS * our_wall))
 
 
 def failure_text(run, limit):
-    """Why a run counts for nothing."""
+    """Returns why a run is not valid."""
     return f"took over {limit:.0f} s" if run is None else f"ended with status {run.status}"
 
 
 def difference_text(judge, ours, theirs):
-    """Where two results differ, with an example of each direction."""
+    """Describes how two results differ, with an example of each direction."""
     lines = [f"our sets are not those of {judge}: {len(ours)} against {len(theirs)}"]
     for title, groups in (("only ours", ours - theirs), (f"only {judge}", theirs - ours)):
         if groups:

@@ -1,4 +1,4 @@
-"""The file trees: which there are, how large, and how they are made and removed."""
+"""The file trees: kinds, sizes, creation and removal."""
 
 import os
 import shutil
@@ -14,7 +14,7 @@ REMOVERS = 32  # threads
 
 @dataclass(frozen=True)
 class Kind:
-    """One kind of tree that all programs are compared on."""
+    """One kind of tree for the comparison."""
 
     name: str
     text: str  # for the report
@@ -53,14 +53,14 @@ class CorpusMaker:
 
     @contextmanager
     def made(self, name, kind, *options):
-        """The tree `name` of a kind for the length of a `with` block. Removed after that, unless
-        trees are to be kept, so that the disk never holds two of them."""
+        """The tree `name` of a kind, for a `with` block. Removed afterwards unless trees are kept, so
+        that there is only one on the disk at a time."""
         folder = self._work / name
         command = [self._make_corpus, "--kind", kind, "--seed", str(SEED), "--out", str(folder)]
         try:
             made = subprocess.run(command + list(options), stdout=subprocess.PIPE, text=True,
                                   check=True)
-            os.sync()  # so that writing it out does not disturb the first runs
+            os.sync()  # or write-back would disturb the first runs
             counts = dict(line.split() for line in made.stdout.splitlines())
             yield Corpus(folder, *(int(counts[key]) for key in ("files", "folders", "bytes")))
         finally:
@@ -69,8 +69,8 @@ class CorpusMaker:
 
 
 def remove(folder):
-    """Removes a tree, if it is there. Many hands at once, because on a disk mounted with "discard"
-    each file waits for the device."""
+    """Removes a tree, if it exists. Uses many threads: on a disk mounted with "discard" each removal
+    waits for the device."""
     with ThreadPoolExecutor(REMOVERS) as pool:
         for directory, _, names in os.walk(folder):
             pool.submit(remove_files, directory, names)
@@ -79,6 +79,6 @@ def remove(folder):
 
 
 def remove_files(directory, names):
-    """Removes the named files of one directory."""
+    """Removes the named files of one folder."""
     for name in names:
         os.unlink(os.path.join(directory, name))

@@ -1,15 +1,15 @@
-"""What we want to reach, and whether the measured figures do."""
+"""The goals, and whether the measurements meet them."""
 
 from dataclasses import dataclass
 
 from .contest import COLD, WARM
 
-# How many times as fast as the fastest other program we want to be, by tree.
+# Speed wanted relative to the fastest other program, by tree.
 TIMES_AS_FAST = {
     WARM: {"small": 3, "onesize": 3, "late": 3, "photos": 3, "walk": 1.5},
     COLD: {"small": 2, "onesize": 2},
 }
-# Our time divided by that of the faster floor, with everything in memory.
+# Time of tarvin divided by that of the faster read floor, with a warm cache.
 MOST_AGAINST_FLOOR = 1.2
 # Time for one file at the largest number of files, divided by that at the smallest.
 MOST_GROWTH = 1.5
@@ -19,7 +19,7 @@ MEMORY_FIXED = 16 * 2**20
 
 @dataclass(frozen=True)
 class Verdict:
-    """One goal and what became of it."""
+    """One goal and its verdict."""
 
     goal: str
     measured: str
@@ -28,14 +28,14 @@ class Verdict:
 
 @dataclass(frozen=True)
 class Ratio:
-    """Our time divided by somebody's."""
+    """The time of tarvin divided by another program's."""
 
     name: str
     value: float
 
 
 def fastest_peer(contest, mode):
-    """Ours against the fastest other program with the right sets; None if none came through."""
+    """tarvin against the fastest other program with the right sets; None if there is none."""
     timed = [entry for entry in contest.entries
              if entry.program.is_peer and entry.runs[mode] and not entry.is_out]
     if not timed or not contest.ours.runs[mode]:
@@ -44,13 +44,13 @@ def fastest_peer(contest, mode):
 
 
 def floors(contest, mode):
-    """Ours against each floor."""
+    """tarvin against each read floor."""
     return [against(contest, entry, mode) for entry in contest.entries[1:]
             if not entry.program.is_peer and entry.runs[mode]]
 
 
 def against(contest, entry, mode):
-    """Ours against one entry, medians by medians."""
+    """tarvin against one entry, by medians."""
     value = contest.ours.wall(mode).median / entry.wall(mode).median
     return Ratio(entry.program.name, value)
 
@@ -69,14 +69,14 @@ def judge(contests, series):
 
 
 def same_sets(name, contest):
-    """The programs that compare byte for byte found our sets, or there would be no contest."""
+    """The programs that compare byte for byte found the same sets; otherwise Contest refuses."""
     judges = ", ".join(contest.judged_by)
     return Verdict(f"{name}: the sets of a byte-exact finder",
                    f"{contest.sets:,} sets, the same as {judges}", True)
 
 
 def speed(name, contest, mode):
-    """Against the fastest peer and the faster floor, where there is something to reach."""
+    """Against the fastest peer and the faster read floor, if the tree has a goal."""
     verdicts = []
     wanted = TIMES_AS_FAST[mode].get(name)
     peer = fastest_peer(contest, mode)
@@ -94,7 +94,7 @@ def speed(name, contest, mode):
 
 
 def growth(plan, steps):
-    """The time for one file must not climb with the number of files."""
+    """The time for each file must not grow with the number of files."""
     first, last = steps[0], steps[-1]
     ratio = last.time_per_file / first.time_per_file
     floor = last.floor_per_file / first.floor_per_file

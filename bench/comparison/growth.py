@@ -1,4 +1,4 @@
-"""How our time and memory grow with the number of files."""
+"""Time and memory of tarvin by number of files."""
 
 from dataclasses import dataclass
 
@@ -11,29 +11,29 @@ class Step:
     """One number of files."""
 
     files: int
-    wall: Spread  # ours
-    peak: int  # ours, bytes
-    floor: float  # median seconds of the floor, for what the file system itself costs
+    wall: Spread  # of tarvin
+    peak: int  # of tarvin, bytes
+    floor: float  # median seconds of the read floor: the cost of the file system
 
     @property
     def time_per_file(self):
-        """Our seconds for one file."""
+        """Seconds of tarvin for each file."""
         return self.wall.median / self.files
 
     @property
     def floor_per_file(self):
-        """The floor's seconds for one file."""
+        """Seconds of the read floor for each file."""
         return self.floor / self.files
 
     @property
     def memory_per_file(self):
-        """Our peak bytes for one file, the program itself counted in."""
+        """Peak bytes of tarvin for each file, including the program itself."""
         return self.peak / self.files
 
 
 @dataclass(frozen=True)
 class Series:
-    """One kind of tree at growing numbers of files."""
+    """One kind of tree with increasing numbers of files."""
 
     title: str
     kind: str
@@ -59,7 +59,7 @@ ONE_CLASS = Series(
 
 
 def measure_step(corpus, watch, ours, floor, rounds, limit):
-    """One step: a run of each to warm the caches, then the timed ones in turn."""
+    """One step: an untimed run of each program to warm the cache, then the timed runs in turn."""
     runs = {ours: [], floor: []}
     for number in range(rounds + 1):
         for program, kept in runs.items():

@@ -1,4 +1,4 @@
-"""What the report says about the machine and the programs on it."""
+"""The machine and its programs, for the report."""
 
 import os
 import platform
@@ -8,11 +8,11 @@ import time
 from pathlib import Path
 
 IDLE_SAMPLE = 2.0  # seconds
-QUIET = 0.9  # share of idle processor time below which others disturb the figures
+QUIET = 0.9  # share of idle CPU time below which other processes disturb the figures
 
 
 def facts(work):
-    """Pairs of what and how much for the report. `work` is a folder on the measured disk."""
+    """Returns pairs of label and value for the report. `work` is a folder on the measured disk."""
     return [
         ("Processor", f"{cpu_model()}, {os.cpu_count()} cores"),
         ("Memory", f"{memory_gib():.1f} GiB"),
@@ -36,12 +36,12 @@ def value_in(file, key, separator):
 
 
 def cpu_model():
-    """The processor's name as the kernel gives it."""
+    """The CPU model as the kernel reports it."""
     return value_in("/proc/cpuinfo", "model name", ":")
 
 
 def distribution():
-    """The distribution's own name for itself."""
+    """The name of the distribution."""
     return value_in("/etc/os-release", "PRETTY_NAME", "=")
 
 
@@ -51,8 +51,8 @@ def memory_gib():
 
 
 def idle_share():
-    """The share of all processors that is idle while we sleep for a moment. The load average would
-    not do: it still holds the build just done."""
+    """Measures the share of idle CPU time for IDLE_SAMPLE seconds. The load average would still
+    include the build."""
     before = processor_ticks()
     time.sleep(IDLE_SAMPLE)
     spent = [after - start for start, after in zip(before, processor_ticks())]
@@ -60,19 +60,19 @@ def idle_share():
 
 
 def processor_ticks():
-    """The kernel's count of where processor time went, by kind."""
+    """The CPU times of the kernel, by kind."""
     line = Path("/proc/stat").read_text(encoding="ascii").splitlines()[0]
     return [int(field) for field in line.split()[1:9]]
 
 
 def device_of(folder):
-    """The number of the device a folder lies on, as /sys and /proc spell it."""
+    """The device number of a folder, as in /sys and /proc."""
     device = os.stat(folder).st_dev
     return f"{os.major(device)}:{os.minor(device)}"
 
 
 def file_system(folder):
-    """The type of the file system a folder lies on."""
+    """The type of the file system of a folder."""
     device = device_of(folder)
     for line in Path("/proc/self/mountinfo").read_text(encoding="utf-8").splitlines():
         mount, _, source = line.partition(" - ")
@@ -82,8 +82,8 @@ def file_system(folder):
 
 
 def rotational(folder):
-    """Whether the device claims to be a rotating one; virtual disks often do without being so. A
-    partition has no queue of its own, so its disk is asked."""
+    """Whether the device reports to be rotational; virtual disks often do, wrongly. A partition has
+    no queue, so its disk is read."""
     device = Path("/sys/dev/block") / device_of(folder)
     for place in (device, device.resolve().parent):
         try:
@@ -97,7 +97,7 @@ def rotational(folder):
 def revision(root):
     """The commit that was measured, and whether the tree had changes on top."""
     def git(*arguments):
-        """What git says; None if it fails."""
+        """Returns the output of git; None if it fails."""
         done = subprocess.run(["git", "-C", str(root), *arguments], stdout=subprocess.PIPE,
                               stderr=subprocess.DEVNULL, text=True, check=False)
         return done.stdout.strip() if done.returncode == 0 else None
@@ -117,7 +117,7 @@ def package_version(package):
 
 
 def install_missing(peers):
-    """Installs the packages of peers that are not there; the peers that are there in the end."""
+    """Installs missing packages of peers. Returns the peers that are installed."""
     missing = sorted({peer.package for peer in peers if not shutil.which(peer.command[0])})
     if missing:
         prefix = [] if os.geteuid() == 0 else ["sudo"]

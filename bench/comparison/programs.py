@@ -19,18 +19,18 @@ LISTING = "{listing}"
 
 @dataclass(frozen=True)
 class Program:
-    """One program under the stop watch."""
+    """One measured program."""
 
     name: str
     command: tuple  # FOLDER and LISTING stand for the folder and the file for the list
-    parse: Callable | None = None  # from the text of the list to Groups; none for the floor
-    package: str = ""  # the distribution's package; none for our own programs
-    judges: bool = False  # its sets, every match confirmed byte for byte, judge ours
-    how: str = ""  # one line on how it decides, for the report
+    parse: Callable | None = None  # text of the list to Groups; None for the read floor
+    package: str = ""  # of the distribution; empty for our own programs
+    judges: bool = False  # confirms matches byte for byte: our sets must equal its sets
+    how: str = ""  # its comparison method in one line, for the report
 
     @property
     def is_peer(self):
-        """Whether it is somebody else's program."""
+        """Whether it is not one of our own programs."""
         return bool(self.package)
 
     def arguments(self, folder, listing):
@@ -40,17 +40,17 @@ class Program:
 
     @property
     def writes_listing(self):
-        """Whether it writes its list to a file it is given, instead of to standard output."""
+        """Whether it writes its list to a given file instead of standard output."""
         return LISTING in self.command
 
     @property
     def shown_command(self):
-        """The command line as the report shows it."""
+        """The command line for the report."""
         return " ".join(self.command).replace(FOLDER, "FOLDER").replace(LISTING, "LIST")
 
 
 def as_groups(lists):
-    """Makes Groups of lists of paths; a list of one is no set."""
+    """Makes Groups of lists of paths; lists of one path are dropped."""
     return Groups(frozenset(paths) for paths in lists if len(paths) > 1)
 
 
@@ -65,12 +65,12 @@ def parse_tarvin(text):
 
 
 def collected_by_tarvin(text):
-    """How many files we looked at, read from our JSON."""
+    """Returns the number of files in our JSON."""
     return sum(json.loads(text)["collected"].values())
 
 
 def parse_blocks(text):
-    """Reads lists of paths that are parted by any line that is no absolute path."""
+    """Reads lists of paths, separated by lines that are not absolute paths."""
     lists = [[]]
     for line in text.splitlines():
         if line.startswith("/"):
@@ -105,7 +105,7 @@ HARDLINK_LINE = re.compile(r"^\[DryRun\] Linking (/.*) to (/.*) \([^()]*\)$")
 
 
 def parse_hardlink(text):
-    """Joins the pairs that hardlink would link."""
+    """Merges the pairs that hardlink would link."""
     member_of = {}
     for line in text.splitlines():
         if match := HARDLINK_LINE.match(line):
@@ -185,7 +185,7 @@ PEERS = (
 
 
 def tarvin(path):
-    """Our own program. The person's exception list must not change what a comparison sees."""
+    """tarvin, without the user's exception list."""
     command = (str(path), "scan", "--format", "json", "--no-exceptions", "--progress", "never")
     return Program(
         name="tarvin",
@@ -196,7 +196,7 @@ def tarvin(path):
 
 
 def floor(path, threads):
-    """The floor that reads the candidates with so many threads."""
+    """The read floor with that many threads."""
     plural = "thread" if threads == 1 else "threads"
     return Program(
         name=f"floor, {threads} {plural}",
@@ -206,5 +206,5 @@ def floor(path, threads):
 
 
 def floor_walk(path):
-    """The floor that only walks."""
+    """The floor that only walks the tree."""
     return Program(name="floor, walk only", command=(str(path), "--walk-only", FOLDER))

@@ -1,4 +1,4 @@
-"""Writes what was measured as one Markdown page."""
+"""Writes the measurements as a Markdown page."""
 
 from . import goals, machine
 from .contest import COLD, LEAST_LIMIT, TIMES_OURS, WARM
@@ -8,7 +8,7 @@ MISSING = "–"
 
 
 def table(titles, rows):
-    """A Markdown table; every column but the first is set to the right."""
+    """A Markdown table; all columns but the first are right-aligned."""
     lines = [titles, ["---"] + ["---:"] * (len(titles) - 1), *rows]
     return ["| " + " | ".join(line) + " |" for line in lines] + [""]
 
@@ -20,7 +20,7 @@ def plain_table(titles, rows):
 
 
 def seconds(value):
-    """Seconds with as many digits as they are worth."""
+    """Seconds with their significant digits."""
     return f"{value:.3f}" if value < 10 else f"{value:.1f}"
 
 
@@ -30,12 +30,12 @@ def mib(value):
 
 
 def with_spread(value):
-    """Median, least and most."""
+    """Median, minimum and maximum."""
     return f"{seconds(value.median)} ({seconds(value.least)}–{seconds(value.most)})"
 
 
 def rounds_text(number):
-    """So many rounds."""
+    """The number of rounds."""
     return f"{number} round" if number == 1 else f"{number} rounds"
 
 
@@ -54,7 +54,7 @@ def page(setting, contests, series):
 
 
 def introduction(setting):
-    """How the figures came about."""
+    """How the figures were measured."""
     return [
         f"Measured by `{setting.command}` on {setting.date}, revision {setting.revision}. Every "
         "figure on this page comes from that one run, except for the last two sections, on the "
@@ -80,7 +80,7 @@ def introduction(setting):
 
 
 def busy_lines(setting):
-    """A warning, if the machine had other work to do."""
+    """A warning, if the machine was busy."""
     if min(setting.idle) >= machine.QUIET:
         return []
     return ["**The machine was busy with other work: the times below are longer than they need be, "
@@ -88,14 +88,14 @@ def busy_lines(setting):
 
 
 def cold_text(setting):
-    """What is said about cold runs."""
+    """The paragraph about cold runs."""
     if setting.rounds[COLD]:
         return f", and {rounds_text(setting.rounds[COLD])} {COLD_NOTE} (cold)"
     return f"; no cold runs, because {setting.why_not_cold}"
 
 
 def goal_lines(verdicts):
-    """The verdicts, and their sum in one line."""
+    """The verdicts, and a line with their sum."""
     if not verdicts:
         return ["None of the goals was measured in this run.", ""]
     missed = sum(not verdict.reached for verdict in verdicts)
@@ -120,7 +120,7 @@ def setting_lines(setting):
 
 
 def ratio_lines(contests):
-    """Our time divided by the others'."""
+    """The time of tarvin divided by the others'."""
     rows = []
     for name, contest in contests.items():
         for mode in (WARM, COLD):
@@ -136,7 +136,7 @@ def ratio_lines(contests):
 
 
 def contest_lines(name, text, contest):
-    """One tree: what it is and how everybody fared."""
+    """One tree: its description and the results of all programs."""
     corpus = contest.corpus
     lines = [
         f"## {name}",
@@ -155,7 +155,7 @@ def contest_lines(name, text, contest):
 
 
 def entry_row(entry, cold):
-    """One program's line."""
+    """The row of one program."""
     cells = [entry.program.name]
     for mode in (WARM, COLD) if cold else (WARM,):
         cells += mode_cells(entry, mode)
@@ -164,7 +164,7 @@ def entry_row(entry, cold):
 
 
 def mode_cells(entry, mode):
-    """Wall and processor time, or why there are none."""
+    """Wall and CPU time, or why there are none."""
     if entry.trouble:
         return [entry.trouble, MISSING]
     if entry.stopped_after:

@@ -1,4 +1,4 @@
-"""One run of bench/compare, from the programs at hand to the finished page."""
+"""One run of bench/compare, from the installed programs to the page."""
 
 import os
 import shlex
@@ -21,13 +21,13 @@ MOST_COLD_ROUNDS = 3
 
 @dataclass(frozen=True)
 class Extent:
-    """How much is measured."""
+    """The extent of a run."""
 
     rounds: int  # warm
     growth_rounds: int
-    limit: float  # seconds for one run of anybody
-    budget: float  # seconds after which no further round of one mode on one tree is begun
-    free_bytes: int  # what the largest tree and the results need on the disk
+    limit: float  # seconds for one run of any program
+    budget: float  # seconds after which no further round of a mode on a tree begins
+    free_bytes: int  # disk space for the largest tree and the results
 
 
 FULL = Extent(rounds=5, growth_rounds=3, limit=120, budget=90, free_bytes=5 * 2**30)
@@ -36,13 +36,13 @@ QUICK = Extent(rounds=3, growth_rounds=2, limit=10, budget=6, free_bytes=2**30)
 
 @dataclass
 class Setting:
-    """What the page says about the run itself."""
+    """The data about the run for the page."""
 
     command: str
     date: str
     revision: str
     facts: list  # pairs about the machine
-    idle: list  # shares of idle processor time, before the run and after it
+    idle: list  # shares of idle CPU time, before and after the run
     programs: list
     versions: dict  # by package
     absent: list  # names of peers that could not be installed
@@ -54,8 +54,8 @@ class Setting:
 
 
 class Session:
-    """Measures with everybody in turn. `options` are the command line's, `helpers` the folder of
-    the helper programs, `work` an empty folder on the disk that is measured."""
+    """Measures all programs in turn. `options` is the command line, `helpers` the folder of the
+    helper programs, `work` an empty folder on the measured disk."""
 
     def __init__(self, options, helpers, work, root):
         self._started = time.monotonic()
@@ -73,7 +73,7 @@ class Session:
             raise Refusal(f"{work} needs {self._extent.free_bytes / 2**30:.0f} GiB free")
 
     def page(self):
-        """Measures everything that was asked for; the page."""
+        """Runs all chosen measurements. Returns the page."""
         contests = {kind.name: self._contest(kind) for kind in KINDS
                     if kind.name in self._options.only}
         series = []
@@ -83,11 +83,11 @@ class Session:
         return report.page(self._setting, contests, series)
 
     def _say(self, text):
-        """Tells how far the run is, beside the page."""
+        """Prints the progress to standard error."""
         print(f"[{time.monotonic() - self._started:4.0f} s] {text}", file=sys.stderr, flush=True)
 
     def _describe(self, work, root):
-        """What the page says about this run."""
+        """Returns the data about this run for the page."""
         why_not_cold = self._why_not_cold()
         warm = self._options.rounds or self._extent.rounds
         cold = 1 if self._options.quick else min(warm, MOST_COLD_ROUNDS)
@@ -108,7 +108,7 @@ class Session:
         )
 
     def _why_not_cold(self):
-        """Why there are no cold runs; empty if there are."""
+        """Returns why there are no cold runs; empty if there are."""
         if self._options.no_cold:
             return "none were asked for"
         if not timing.can_drop_caches():
@@ -116,7 +116,7 @@ class Session:
         return ""
 
     def _contest(self, kind):
-        """Everybody on one tree."""
+        """Measures all programs on one tree."""
         scale = kind.quick_scale if self._options.quick else 1
         self._say(f"{kind.name}: making it")
         with self._maker.made(kind.name, kind.name, "--scale", str(scale)) as corpus:
@@ -132,7 +132,7 @@ class Session:
         return contest
 
     def _growth(self, plan):
-        """One series, with its steps."""
+        """Measures one series."""
         counts = plan.quick_counts if self._options.quick else plan.counts
         floor = self._floor_walk if plan.kind == "walk" else self._floors[0]
         steps = []

@@ -1,4 +1,4 @@
-"""Runs one program at a time and tells what it cost."""
+"""Runs one program at a time and measures it."""
 
 import os
 import signal
@@ -14,17 +14,17 @@ COLD_NOTE = "with the caches of the system emptied before each run"
 
 @dataclass(frozen=True)
 class Run:
-    """What one run cost."""
+    """The measurements of one run."""
 
     wall: float  # seconds
     cpu: float  # seconds, user and system together
-    peak: int  # bytes resident at most
-    status: int  # exit status, or 128 and a signal's number
+    peak: int  # peak resident bytes
+    status: int  # exit status, or 128 plus the signal number
 
 
 @dataclass(frozen=True)
 class Spread:
-    """Median, least and most of one figure over some runs."""
+    """Median, minimum and maximum of one figure over several runs."""
 
     median: float
     least: float
@@ -38,12 +38,12 @@ def spread(values):
 
 
 def can_drop_caches():
-    """Whether this process may empty the system's caches."""
+    """Whether this process may drop the kernel's caches."""
     return os.access(DROP_CACHES, os.W_OK)
 
 
 def drop_caches():
-    """Makes the next run start cold. Dirty pages cannot be dropped, so they are written first."""
+    """Drops the caches. Dirty pages cannot be dropped, so they are written first."""
     os.sync()
     DROP_CACHES.write_text(EVERYTHING, encoding="ascii")
 
@@ -58,13 +58,13 @@ class StopWatch:
         self._listing = Path(work) / "listing"
 
     def run(self, program, folder, limit):
-        """Runs `program` on `folder`; a Run, or None if it took more than `limit` seconds and was
-        stopped. What it lists goes to a file for everybody alike."""
+        """Runs `program` on `folder`. Returns a Run, or None if it was stopped after `limit` seconds.
+        The list of every program goes to a file."""
         for file in (self._figures, self._output, self._listing):
             file.unlink(missing_ok=True)
         command = [self._measure, str(self._figures)] + program.arguments(folder, self._listing)
         with open(self._output, "wb") as output:
-            # A session of its own: stopping it also stops what it has started.
+            # A separate session, so that stopping it also stops its child processes.
             process = subprocess.Popen(
                 command,
                 stdin=subprocess.DEVNULL,
@@ -79,13 +79,13 @@ class StopWatch:
         return read_figures(self._figures)
 
     def text(self, program):
-        """What the last run, which was one of `program`, has listed."""
+        """Returns the list of the last run, which must be one of `program`."""
         file = self._listing if program.writes_listing else self._output
         return file.read_text(encoding="utf-8")
 
 
 def finished(process, limit):
-    """Waits; False if the process had to be stopped after `limit` seconds."""
+    """Waits. Returns False if the process was stopped after `limit` seconds."""
     try:
         process.wait(limit)
         return True
@@ -98,6 +98,6 @@ def finished(process, limit):
 
 
 def read_figures(file):
-    """Reads what `measure` wrote."""
+    """Reads the output of `measure`."""
     wall, user, system, peak_kib, status = file.read_text(encoding="ascii").split()
     return Run(float(wall), float(user) + float(system), int(peak_kib) * 1024, int(status))
