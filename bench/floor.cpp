@@ -23,7 +23,7 @@
 namespace {
 
 constexpr std::size_t readBufferBytes = 128 * 1024;
-constexpr unsigned mostThreads = 64;
+constexpr unsigned maxThreads = 64;
 
 struct Options {
     unsigned threads = 1;
@@ -150,7 +150,7 @@ bool takeThreads(std::string_view text, Options& options) {
     const auto [end, error] =
         std::from_chars(text.data(), text.data() + text.size(), options.threads);
     return error == std::errc{} && end == text.data() + text.size() && options.threads > 0 &&
-           options.threads <= mostThreads;
+           options.threads <= maxThreads;
 }
 
 /// Parses options and one folder. Returns nullopt if `arguments` are anything else.

@@ -19,8 +19,8 @@ using tarvin::bench::CorpusRequest;
 using tarvin::bench::CorpusWriter;
 using tarvin::bench::planCorpus;
 
-constexpr double largestScale = 1000;
-constexpr std::uint64_t mostFiles = 100'000'000;
+constexpr double maxScale = 1000;
+constexpr std::uint64_t maxFiles = 100'000'000;
 
 void addOptions(CLI::App& app, CorpusRequest& request, std::string& out) {
     const std::map<std::string, CorpusKind> kinds{{"small", CorpusKind::small},
@@ -35,9 +35,9 @@ void addOptions(CLI::App& app, CorpusRequest& request, std::string& out) {
     app.add_option("--out", out, "New folder for the tree")->required();
     app.add_option("--seed", request.seed, "Seed of names, sizes and contents [default: 1]");
     app.add_option("--scale", request.scale, "Factor for the kind's number of files")
-        ->check(CLI::Range(0.0, largestScale));
+        ->check(CLI::Range(0.0, maxScale));
     app.add_option("--files", request.files, "Number of files (late: a multiple of 4)")
-        ->check(CLI::Range(std::uint64_t{1}, mostFiles));
+        ->check(CLI::Range(std::uint64_t{1}, maxFiles));
     app.add_option("--copies", request.copiesPercent,
                    "Percentage of copies (not for late and walk)")
         ->check(CLI::Range(0, 100));
