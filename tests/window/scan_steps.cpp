@@ -17,12 +17,12 @@ constexpr std::chrono::milliseconds stillTime{2200};
 template <typename Condition>
 bool staysTrue(std::chrono::milliseconds time, const Condition& condition) {
     const auto end = std::chrono::steady_clock::now() + time;
-    while (std::chrono::steady_clock::now() < end) {
-        if (!condition()) {
-            return false;
-        }
-    }
-    return true;
+    bool held = true;
+    const bool isOver = waitUntil([&] {
+        held = condition();
+        return !held || std::chrono::steady_clock::now() >= end;
+    });
+    return held && isOver;
 }
 
 }  // namespace
