@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -13,8 +12,6 @@
 namespace tarvin {
 
 namespace {
-
-constexpr mode_t readableAndWritable = 0666;  // less what the user's mask takes away
 
 /// What stands at a path, symbolic links followed: none if nothing does.
 Result<std::optional<struct stat>> statusOf(const std::string& path) {
@@ -44,17 +41,11 @@ std::string temporaryName(const std::string& target, int attempt) {
     return (folder / name).native();
 }
 
-/// Not every file system knows how to make sure; that is no reason to lose the result.
-bool isSynced(int descriptor) {
-    return ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP;
-}
-
 }  // namespace
 
-Result<std::unique_ptr<OutputFile>> OutputFile::open(const std::string& path) {
+Result<std::unique_ptr<OutputFile>> OutputFile::open(const std::string& path, FileCalls& calls) {
     if (path == "-") {
-        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the answer owns it.
-        return std::unique_ptr<OutputFile>(new OutputFile(STDOUT_FILENO, false, "", ""));
+        return writingTo(STDOUT_FILENO, UniqueFd());
     }
     const auto status = statusOf(path);
     if (!status) {
@@ -62,11 +53,10 @@ Result<std::unique_ptr<OutputFile>> OutputFile::open(const std::string& path) {
     }
     const std::optional<struct stat>& present = *status;
     if (!present) {
-        return beginBeside(path);
+        return beginBeside(path, calls);
     }
     if (isStandardOutput(*present)) {
-        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the answer owns it.
-        return open("-");
+        return open("-", calls);
     }
     if (!S_ISREG(present->st_mode)) {
         return openDirectly(path);
@@ -76,80 +66,60 @@ Result<std::unique_ptr<OutputFile>> OutputFile::open(const std::string& path) {
     }
     std::error_code failure;
     const auto target = std::filesystem::canonical(path, failure);
-    return failure ? SystemError{failure.value()} : beginBeside(target.native());
+    return failure ? SystemError{failure.value()} : beginBeside(target.native(), calls);
 }
 
 Result<std::unique_ptr<OutputFile>> OutputFile::openDirectly(const std::string& path) {
-    const int descriptor = ::open(path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC);
-    if (descriptor < 0) {
+    UniqueFd file(::open(path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
+    if (!file) {
         return SystemError{errno};
     }
-    return std::unique_ptr<OutputFile>(new OutputFile(descriptor, true, "", path));
+    const int descriptor = file.number();
+    return writingTo(descriptor, std::move(file));
 }
 
-Result<std::unique_ptr<OutputFile>> OutputFile::beginBeside(const std::string& target) {
+Result<std::unique_ptr<OutputFile>> OutputFile::beginBeside(const std::string& target,
+                                                            FileCalls& calls) {
     for (int attempt = 0;; ++attempt) {
-        std::string temporary = temporaryName(target, attempt);
-        const int descriptor =
-            ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, readableAndWritable);
-        if (descriptor >= 0) {
-            return std::unique_ptr<OutputFile>(
-                new OutputFile(descriptor, true, std::move(temporary), target));
+        auto file = AtomicFile::create(target, temporaryName(target, attempt),
+                                       AtomicFile::Leftover::refuse, calls);
+        if (file) {
+            const int descriptor = (*file)->descriptor();
+            return writingTo(descriptor, std::move(*file));
         }
-        if (errno != EEXIST) {
-            return SystemError{errno};
+        if (file.error().code != EEXIST) {
+            return file.error();
         }
     }
 }
 
-OutputFile::OutputFile(int descriptor, bool owned, std::string temporary, std::string target)
-    : descriptor_(descriptor),
-      owned_(owned),
-      temporary_(std::move(temporary)),
-      target_(std::move(target)),
-      output_(descriptor) {}
-
-OutputFile::~OutputFile() {
-    static_cast<void>(closeOwned());
-    if (!keeps_) {
-        removeTemporary();
-    }
+std::unique_ptr<OutputFile> OutputFile::writingTo(int descriptor, Owner owner) {
+    return std::unique_ptr<OutputFile>(new OutputFile(descriptor, std::move(owner)));
 }
+
+OutputFile::OutputFile(int descriptor, Owner owner)
+    : owner_(std::move(owner)), output_(descriptor) {}
 
 std::optional<SystemError> OutputFile::commit() {
     if (!output_.flush()) {
         return output_.error();
     }
-    if (!temporary_.empty() && !isSynced(descriptor_)) {
-        return SystemError{errno};
+    if (const auto* const file = replacement()) {
+        return (*file)->commit();
     }
-    if (const auto failure = closeOwned()) {
-        return failure;
-    }
-    if (!temporary_.empty() && std::rename(temporary_.c_str(), target_.c_str()) != 0) {
-        return SystemError{errno};
-    }
-    keeps_ = true;
-    return std::nullopt;
+    const int failure = std::get<UniqueFd>(owner_).close();
+    return failure == 0 ? std::nullopt : std::optional(SystemError{failure});
 }
 
 std::string OutputFile::keepUnfinished() {
-    keeps_ = true;
-    return temporary_;
+    const auto* const file = replacement();
+    return file == nullptr ? "" : (*file)->keepTemporary();
 }
 
 void OutputFile::removeTemporary() const {
-    if (!temporary_.empty()) {
-        ::unlink(temporary_.c_str());
+    if (const auto* const file = replacement()) {
+        (*file)->removeTemporary();
     }
-}
-
-std::optional<SystemError> OutputFile::closeOwned() {
-    if (!std::exchange(owned_, false)) {
-        return std::nullopt;
-    }
-    const bool closed = ::close(descriptor_) == 0 || errno == EINTR;
-    return closed ? std::nullopt : std::optional(SystemError{errno});
 }
 
 }  // namespace tarvin

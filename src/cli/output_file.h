@@ -1,11 +1,14 @@
 #pragma once
 
 #include "cli/output.h"
+#include "platform/atomic_file.h"
 #include "platform/result.h"
+#include "platform/unique_fd.h"
 
 #include <memory>
 #include <optional>
 #include <string>
+#include <variant>
 
 namespace tarvin {
 
@@ -17,12 +20,13 @@ class OutputFile final {
  public:
     /// Finds out whether the place can be written to, and for a regular file makes sure of it by
     /// beginning one. "-" is standard output. Opening a named pipe waits for its reader.
-    static Result<std::unique_ptr<OutputFile>> open(const std::string& path);
+    static Result<std::unique_ptr<OutputFile>> open(const std::string& path,
+                                                    FileCalls& calls = systemFileCalls());
 
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
     /// Without a successful commit() a regular file is left as it was.
-    ~OutputFile();
+    ~OutputFile() = default;
 
     [[nodiscard]] Output& output() { return output_; }
 
@@ -38,18 +42,21 @@ class OutputFile final {
     void removeTemporary() const;
 
  private:
-    OutputFile(int descriptor, bool owned, std::string temporary, std::string target);
+    /// What is closed, or renamed into place, at the end. Empty for standard output.
+    using Owner = std::variant<UniqueFd, std::unique_ptr<AtomicFile>>;
 
+    OutputFile(int descriptor, Owner owner);
+
+    static std::unique_ptr<OutputFile> writingTo(int descriptor, Owner owner);
     static Result<std::unique_ptr<OutputFile>> openDirectly(const std::string& path);
-    static Result<std::unique_ptr<OutputFile>> beginBeside(const std::string& target);
-    [[nodiscard]] std::optional<SystemError> closeOwned();
+    static Result<std::unique_ptr<OutputFile>> beginBeside(const std::string& target,
+                                                           FileCalls& calls);
+    /// Null if the place is written to directly.
+    [[nodiscard]] const std::unique_ptr<AtomicFile>* replacement() const {
+        return std::get_if<std::unique_ptr<AtomicFile>>(&owner_);
+    }
 
-    int descriptor_;
-    bool owned_;
-    const std::string temporary_;  ///< empty if the place is written to directly
-    const std::string target_;
-    bool keeps_ = false;  ///< the file that has been begun, or that took its place
-
+    Owner owner_;
     Output output_;
 };
 

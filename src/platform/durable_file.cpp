@@ -13,84 +13,16 @@
 #include <filesystem>
 #include <system_error>
 #include <thread>
-#include <utility>
 
 namespace tarvin {
 
 namespace {
 
-constexpr mode_t readableAndWritable = 0666;  // less what the user's mask takes away
 constexpr std::chrono::milliseconds betweenTries{5};
 constexpr int mostNamesTried = 10'000;
 
 SystemError lastError() {
     return SystemError{errno};
-}
-
-/// A descriptor that closes itself.
-class Opened final {
- public:
-    explicit Opened(int number) : number_(number) {}
-    Opened(const Opened&) = delete;
-    Opened& operator=(const Opened&) = delete;
-    ~Opened() {
-        if (number_ >= 0) {
-            ::close(number_);
-        }
-    }
-
-    explicit operator bool() const { return number_ >= 0; }
-    [[nodiscard]] int number() const { return number_; }
-
- private:
-    int number_;
-};
-
-/// Not every file system knows how to make sure; that is no reason to lose what is written.
-bool isSynced(int descriptor) {
-    return ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP;
-}
-
-bool writeAll(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) {
-            continue;
-        }
-        if (written < 0) {
-            return false;
-        }
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
-/// The new file, safely on the disk, with the permissions of the one it is to replace.
-std::optional<SystemError> writeNew(const std::string& path, const std::string& like,
-                                    std::string_view bytes) {
-    const Opened file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC,
-                             readableAndWritable));
-    if (!file) {
-        return lastError();
-    }
-    struct stat old{};
-    if (::stat(like.c_str(), &old) == 0) {
-        // Not every file system knows permissions; that is no reason to lose what is written.
-        static_cast<void>(::fchmod(file.number(), old.st_mode & 0777U));
-    }
-    if (!writeAll(file.number(), bytes) || !isSynced(file.number())) {
-        return lastError();
-    }
-    return std::nullopt;
-}
-
-/// So that the new name, too, outlives a crash.
-void syncFolderOf(const std::string& path) {
-    const std::string folder = std::filesystem::path(path).parent_path().native();
-    const Opened opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (opened) {
-        static_cast<void>(isSynced(opened.number()));
-    }
 }
 
 /// False, with EEXIST, where something stands at `to`. Not every file system can look and rename in
@@ -120,24 +52,24 @@ std::string targetOf(const std::string& path) {
 
 }  // namespace
 
-std::optional<SystemError> replaceFile(const std::string& path, std::string_view bytes) {
+std::optional<SystemError> replaceFile(const std::string& path, std::string_view bytes,
+                                       FileCalls& calls) {
     const std::string target = targetOf(path);
-    const std::string fresh = target + ".new";
-    std::optional<SystemError> failure = writeNew(fresh, target, bytes);
-    if (!failure && std::rename(fresh.c_str(), target.c_str()) != 0) {
-        failure = lastError();
+    const auto file =
+        AtomicFile::create(target, target + ".new", AtomicFile::Leftover::overwrite, calls);
+    if (!file) {
+        return file.error();
     }
-    if (failure) {
-        ::unlink(fresh.c_str());
+    (*file)->copyPermissions();
+    if (const auto failure = (*file)->write(bytes)) {
         return failure;
     }
-    syncFolderOf(target);
-    return std::nullopt;
+    return (*file)->commit();
 }
 
 std::optional<SystemError> makePrivateFile(const std::string& path) {
-    const Opened made(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                             S_IRUSR | S_IWUSR));
+    const UniqueFd made(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                               S_IRUSR | S_IWUSR));
     if (made) {
         return std::nullopt;
     }
@@ -189,13 +121,12 @@ Result<FolderLock> FolderLock::take(const std::string& folder, std::chrono::mill
     if (const std::optional<SystemError> failure = makeFolders(folder)) {
         return *failure;
     }
-    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) {
+    FolderLock lock(UniqueFd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)));
+    if (!lock.folder_) {
         return lastError();
     }
-    FolderLock lock(descriptor);
     const auto limit = std::chrono::steady_clock::now() + patience;
-    while (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+    while (::flock(lock.folder_.number(), LOCK_EX | LOCK_NB) != 0) {
         if (errno != EWOULDBLOCK && errno != EINTR) {
             return lastError();
         }
@@ -205,15 +136,6 @@ Result<FolderLock> FolderLock::take(const std::string& folder, std::chrono::mill
         std::this_thread::sleep_for(betweenTries);
     }
     return lock;
-}
-
-FolderLock::FolderLock(FolderLock&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)) {}
-
-FolderLock::~FolderLock() {
-    if (descriptor_ >= 0) {
-        ::close(descriptor_);
-    }
 }
 
 }  // namespace tarvin

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "platform/atomic_file.h"
 #include "platform/result.h"
+#include "platform/unique_fd.h"
 
 #include <chrono>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tarvin {
 
@@ -17,7 +19,8 @@ namespace tarvin {
 /// target is replaced. Written beside it under the name with ".new" behind, which must be nobody
 /// else's: callers hold a FolderLock. On failure the old file is as it was.
 [[nodiscard]] std::optional<SystemError> replaceFile(const std::string& path,
-                                                     std::string_view bytes);
+                                                     std::string_view bytes,
+                                                     FileCalls& calls = systemFileCalls());
 
 /// Makes an empty file that only the user can read and write, unless there is a regular file
 /// already. Fails with ELOOP where a link stands, with EISDIR where a folder does, with EPERM for
@@ -38,14 +41,10 @@ class FolderLock final {
     static Result<FolderLock> take(const std::string& folder,
                                    std::chrono::milliseconds patience = std::chrono::seconds(10));
 
-    FolderLock(FolderLock&& other) noexcept;
-    FolderLock& operator=(FolderLock&&) = delete;
-    ~FolderLock();
-
  private:
-    explicit FolderLock(int descriptor) : descriptor_(descriptor) {}
+    explicit FolderLock(UniqueFd folder) : folder_(std::move(folder)) {}
 
-    int descriptor_;
+    UniqueFd folder_;
 };
 
 }  // namespace tarvin

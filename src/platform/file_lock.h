@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/result.h"
+#include "platform/unique_fd.h"
 
 #include <chrono>
 #include <cstdint>
@@ -19,17 +20,11 @@ enum class LockSharing : std::uint8_t { exclusive, shared };
 /// until it exits or starts another program.
 class FileLock final {
  public:
-    FileLock(FileLock&& other) noexcept;
-    FileLock& operator=(FileLock&& other) noexcept;
-    FileLock(const FileLock&) = delete;
-    FileLock& operator=(const FileLock&) = delete;
-    ~FileLock();
-
  private:
     friend class LockFile;
-    explicit FileLock(int descriptor) : descriptor_(descriptor) {}
+    explicit FileLock(UniqueFd file) : file_(std::move(file)) {}
 
-    int descriptor_;
+    UniqueFd file_;
 };
 
 /// A file in a folder of the user's whose single bytes are locked by number; its content is empty.
@@ -67,7 +62,7 @@ class RepeatedLock final {
     RepeatedLock(const RepeatedLock&) = delete;
     RepeatedLock& operator=(const RepeatedLock&) = delete;
     /// Releases the lock.
-    ~RepeatedLock();
+    ~RepeatedLock() = default;
 
     /// As LockFile::take(); it must not be held. None if it is held now.
     [[nodiscard]] std::optional<SystemError> take(std::chrono::milliseconds patience);
@@ -76,11 +71,10 @@ class RepeatedLock final {
 
  private:
     [[nodiscard]] std::optional<SystemError> open(std::chrono::steady_clock::time_point now);
-    void close();
 
     const LockFile file_;
     const std::uint64_t number_;
-    int descriptor_ = -1;
+    UniqueFd locks_;
     bool isHeld_ = false;
     std::chrono::steady_clock::time_point opened_;
     std::chrono::steady_clock::time_point queued_;  // looked last whether others wait

@@ -2,6 +2,7 @@
 
 #include "cli/pipe.h"
 #include "support/file_content.h"
+#include "support/recording_file_calls.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -14,6 +15,7 @@
 #include <set>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace tarvin {
 namespace {
@@ -75,6 +77,29 @@ TEST(OutputFile, AFileThatIsThereIsReplacedOnlyAtTheEnd) {
     EXPECT_FALSE((*file)->commit().has_value());
     EXPECT_EQ(contentOf(path), "new");
     EXPECT_EQ(namesIn(folder), Names{"result"});
+}
+
+TEST(OutputFile, IsFlushedToDiskBeforeItReplacesAnother) {
+    const TemporaryFolder folder;
+    const std::string inner = folder.makeFolder("inner");
+    RecordingFileCalls calls;
+    const auto file = OutputFile::open(inner + "/result", calls);
+    ASSERT_TRUE(file);
+    EXPECT_FALSE((*file)->commit());
+    const std::string temporary = ".tarvin-" + std::to_string(::getpid()) + "-0";
+    EXPECT_EQ(calls.calls(),
+              (std::vector<std::string>{"sync " + temporary, "rename " + temporary + " result",
+                                        "sync inner"}));
+}
+
+TEST(OutputFile, DoesNotWriteThroughALinkAtTheTemporaryName) {
+    const TemporaryFolder folder;
+    const std::string other = folder.writeFile("other", "untouched");
+    const std::string temporary = ".tarvin-" + std::to_string(::getpid()) + "-0";
+    folder.makeLink(temporary, other);
+    EXPECT_EQ(write(folder.pathOf("result"), "text\n"), 0);
+    EXPECT_EQ(contentOf(folder.pathOf("result")), "text\n");
+    EXPECT_EQ(contentOf(other), "untouched");
 }
 
 TEST(OutputFile, WithoutCommitNothingIsLeft) {

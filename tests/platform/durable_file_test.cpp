@@ -2,6 +2,7 @@
 
 #include "support/file_content.h"
 #include "support/mount.h"
+#include "support/recording_file_calls.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -66,6 +67,21 @@ TEST_F(DurableFile, IsNotHinderedByWhatACrashLeft) {
     folder_.writeFile("data.plist.new", "half of something");
     EXPECT_FALSE(replaceFile(path_, "new"));
     EXPECT_EQ(contentOf(path_), "new");
+}
+
+TEST_F(DurableFile, IsFlushedBeforeAndAfterItTakesItsName) {
+    RecordingFileCalls calls;
+    EXPECT_FALSE(replaceFile(folder_.makeFolder("inner") + "/list", "new", calls));
+    EXPECT_EQ(calls.calls(),
+              (std::vector<std::string>{"sync list.new", "rename list.new list", "sync inner"}));
+}
+
+TEST_F(DurableFile, IsNotWrittenThroughALinkAtTheTemporaryName) {
+    const std::string other = folder_.writeFile("other", "untouched");
+    folder_.makeLink("data.plist.new", other);
+    static_cast<void>(replaceFile(path_, "new"));
+    EXPECT_EQ(contentOf(other), "untouched");
+    EXPECT_FALSE(std::filesystem::is_symlink(path_));
 }
 
 TEST_F(DurableFile, StaysAsItWasWhereThereIsNoRoom) {

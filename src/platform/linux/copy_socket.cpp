@@ -16,8 +16,8 @@ namespace tarvin {
 
 namespace {
 
-int newSocket() {
-    return ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+UniqueFd newSocket() {
+    return UniqueFd(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
 }
 
 /// The address of a path; none if it is too long for one.
@@ -44,30 +44,30 @@ Result<std::unique_ptr<CopySocket>> CopySocket::listen(
     if (!address) {
         return SystemError{ENAMETOOLONG};
     }
-    const int socket = newSocket();
-    if (socket < 0) {
+    UniqueFd socket = newSocket();
+    if (!socket || ::bind(socket.number(), asAny(*address), sizeof(*address)) != 0) {
         return SystemError{errno};
     }
-    const int wake =
-        ::bind(socket, asAny(*address), sizeof(*address)) == 0 ? ::eventfd(0, EFD_CLOEXEC) : -1;
-    if (wake < 0) {
-        const SystemError failure{errno};
-        ::close(socket);
-        return failure;
+    UniqueFd wake(::eventfd(0, EFD_CLOEXEC));
+    if (!wake) {
+        return SystemError{errno};
     }
-    return std::unique_ptr<CopySocket>(new CopySocket(socket, wake, std::move(received)));
+    return std::unique_ptr<CopySocket>(
+        new CopySocket(std::move(socket), std::move(wake), std::move(received)));
 }
 
-CopySocket::CopySocket(int socket, int wake, std::function<void(std::string_view)> received)
-    : socket_(socket), wake_(wake), received_(std::move(received)), thread_([this] { run(); }) {}
+CopySocket::CopySocket(UniqueFd socket, UniqueFd wake,
+                       std::function<void(std::string_view)> received)
+    : socket_(std::move(socket)),
+      wake_(std::move(wake)),
+      received_(std::move(received)),
+      thread_([this] { run(); }) {}
 
 CopySocket::~CopySocket() {
     const std::uint64_t once = 1;
     // An empty counter always has room.
-    [[maybe_unused]] const ssize_t written = ::write(wake_, &once, sizeof(once));
+    [[maybe_unused]] const ssize_t written = ::write(wake_.number(), &once, sizeof(once));
     thread_.join();
-    ::close(wake_);
-    ::close(socket_);
 }
 
 bool CopySocket::send(const std::string& path, std::string_view message) {
@@ -75,20 +75,15 @@ bool CopySocket::send(const std::string& path, std::string_view message) {
     if (!address) {
         return false;
     }
-    const int socket = newSocket();
-    if (socket < 0) {
-        return false;
-    }
-    const ssize_t sent = ::sendto(socket, message.data(), message.size(), MSG_NOSIGNAL,
-                                  asAny(*address), sizeof(*address));
-    ::close(socket);
-    return sent >= 0;
+    const UniqueFd socket = newSocket();
+    return socket && ::sendto(socket.number(), message.data(), message.size(), MSG_NOSIGNAL,
+                              asAny(*address), sizeof(*address)) >= 0;
 }
 
 void CopySocket::run() {
     std::array<char, longestMessage> room{};
     while (waitForMessage()) {
-        const ssize_t got = ::recv(socket_, room.data(), room.size(), 0);
+        const ssize_t got = ::recv(socket_.number(), room.data(), room.size(), 0);
         if (got >= 0) {
             received_({room.data(), static_cast<std::size_t>(got)});
         }
@@ -97,7 +92,8 @@ void CopySocket::run() {
 
 /// False when the object goes, or the system gives up.
 bool CopySocket::waitForMessage() const {
-    std::array<pollfd, 2> waited{pollfd{wake_, POLLIN, 0}, pollfd{socket_, POLLIN, 0}};
+    std::array<pollfd, 2> waited{pollfd{wake_.number(), POLLIN, 0},
+                                 pollfd{socket_.number(), POLLIN, 0}};
     int ready = -1;
     do {
         ready = ::poll(waited.data(), waited.size(), -1);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/result.h"
+#include "platform/unique_fd.h"
 
 #include <functional>
 #include <memory>
@@ -32,13 +33,13 @@ class CopySocket final {
     static bool send(const std::string& path, std::string_view message);
 
  private:
-    CopySocket(int socket, int wake, std::function<void(std::string_view)> received);
+    CopySocket(UniqueFd socket, UniqueFd wake, std::function<void(std::string_view)> received);
 
     void run();
     [[nodiscard]] bool waitForMessage() const;
 
-    const int socket_;
-    const int wake_;  // becomes readable when the object goes
+    const UniqueFd socket_;
+    const UniqueFd wake_;  // becomes readable when the object goes
     const std::function<void(std::string_view)> received_;
     std::thread thread_;
 };

@@ -94,47 +94,32 @@ int lockUntil(int descriptor, std::uint64_t number, Deadline deadline) {
     }
 }
 
-/// The descriptor of a file of locks, or why it cannot be used.
-Result<int> openLocks(const std::string& path) {
-    const int descriptor =
-        ::open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
-               S_IRUSR | S_IWUSR);
-    if (descriptor < 0) {
+/// The open file of locks, or why it cannot be used.
+Result<UniqueFd> openLocks(const std::string& path) {
+    UniqueFd file(::open(path.c_str(),
+                         O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
+                         S_IRUSR | S_IWUSR));
+    if (!file) {
         return SystemError{errno};
     }
-    if (const int failure = refusalOf(descriptor); failure != 0) {
-        ::close(descriptor);
+    if (const int failure = refusalOf(file.number()); failure != 0) {
         return SystemError{failure};
     }
-    return descriptor;
+    return file;
 }
 
 }  // namespace
 
-FileLock::FileLock(FileLock&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
-
-FileLock& FileLock::operator=(FileLock&& other) noexcept {
-    std::swap(descriptor_, other.descriptor_);
-    return *this;
-}
-
-FileLock::~FileLock() {
-    if (descriptor_ >= 0) {
-        ::close(descriptor_);
-    }
-}
-
 Result<FileLock> LockFile::tryTake(std::uint64_t number, LockSharing sharing) const {
-    const Result<int> descriptor = openLocks(path_);
-    if (!descriptor) {
-        return descriptor.error();
+    Result<UniqueFd> file = openLocks(path_);
+    if (!file) {
+        return file.error();
     }
-    FileLock lock(*descriptor);
     const short type = sharing == LockSharing::shared ? F_RDLCK : F_WRLCK;
-    if (const int failure = lockByte(*descriptor, number, type); failure != 0) {
+    if (const int failure = lockByte(file->number(), number, type); failure != 0) {
         return SystemError{failure};
     }
-    return lock;
+    return FileLock(std::move(*file));
 }
 
 Result<FileLock> LockFile::take(std::uint64_t number, std::chrono::milliseconds patience) const {
@@ -146,25 +131,21 @@ Result<FileLock> LockFile::take(std::uint64_t number, std::chrono::milliseconds 
     return takeUntil(*this, number, deadline);
 }
 
-RepeatedLock::~RepeatedLock() {
-    close();
-}
-
 std::optional<SystemError> RepeatedLock::take(std::chrono::milliseconds patience) {
     const auto now = std::chrono::steady_clock::now();
     const Deadline deadline = now + patience;
     if (auto failure = open(now)) {
         return failure;
     }
-    if (now - queued_ < withoutQueue && lockByte(descriptor_, number_, F_WRLCK) == 0) {
+    if (now - queued_ < withoutQueue && lockByte(locks_.number(), number_, F_WRLCK) == 0) {
         isHeld_ = true;
         return std::nullopt;
     }
     queued_ = now;
-    int failure = lockUntil(descriptor_, number_ + turnOffset, deadline);
+    int failure = lockUntil(locks_.number(), number_ + turnOffset, deadline);
     if (failure == 0) {
-        failure = lockUntil(descriptor_, number_, deadline);
-        lockByte(descriptor_, number_ + turnOffset, F_UNLCK);
+        failure = lockUntil(locks_.number(), number_, deadline);
+        lockByte(locks_.number(), number_ + turnOffset, F_UNLCK);
     }
     isHeld_ = failure == 0;
     return isHeld_ ? std::nullopt : std::optional(SystemError{failure});
@@ -172,28 +153,22 @@ std::optional<SystemError> RepeatedLock::take(std::chrono::milliseconds patience
 
 void RepeatedLock::release() {
     if (std::exchange(isHeld_, false)) {
-        lockByte(descriptor_, number_, F_UNLCK);
+        lockByte(locks_.number(), number_, F_UNLCK);
     }
 }
 
 std::optional<SystemError> RepeatedLock::open(std::chrono::steady_clock::time_point now) {
-    if (descriptor_ >= 0 && now - opened_ < keptOpen) {
+    if (locks_ && now - opened_ < keptOpen) {
         return std::nullopt;
     }
-    close();
-    const Result<int> opened = openLocks(file_.path());
+    locks_.close();
+    Result<UniqueFd> opened = openLocks(file_.path());
     if (!opened) {
         return opened.error();
     }
-    descriptor_ = *opened;
+    locks_ = std::move(*opened);
     opened_ = now;
     return std::nullopt;
-}
-
-void RepeatedLock::close() {
-    if (descriptor_ >= 0) {
-        ::close(std::exchange(descriptor_, -1));
-    }
 }
 
 }  // namespace tarvin

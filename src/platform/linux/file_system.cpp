@@ -2,6 +2,7 @@
 
 #include "platform/linux/block_devices.h"
 #include "platform/linux/mount_table.h"
+#include "platform/linux/open_path.h"
 #include "platform/linux/user_environment.h"
 
 #include <dirent.h>
@@ -14,7 +15,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <cstring>
 #include <limits>
 
@@ -26,60 +26,8 @@ constexpr int directoryFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
 // No waiting for the other end of a pipe, no terminal taken over, and the file's access time stays
 // as it is: a scan is not a use of the file.
 constexpr int fileFlags = O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY;
-// A path handed to the kernel has to be shorter than PATH_MAX; longer ones are gone along in hops.
-constexpr std::size_t longestHop = PATH_MAX - 1;
 constexpr unsigned attributeMask =
     STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_CTIME | STATX_BTIME | STATX_INO | STATX_NLINK;
-
-int openAt(int directory, const char* path, int flags) {
-    int number = -1;
-    do {
-        number = ::openat(directory, path, flags);
-    } while (number < 0 && errno == EINTR);
-    return number;
-}
-
-/// Opens `path` whatever its length: a part that fits, then the next relative to it.
-int openAnyLength(const std::string& path, int flags) {
-    std::size_t from = 0;
-    // The last hop must have a name in it.
-    const std::size_t length =
-        path.size() > longestHop ? path.find_last_not_of('/') + 1 : path.size();
-    int directory = AT_FDCWD;
-    while (length - from > longestHop) {
-        const std::size_t slash = path.rfind('/', from + longestHop - 1);
-        if (slash == std::string::npos || slash <= from) {
-            errno = ENAMETOOLONG;
-            break;
-        }
-        const std::string hop = path.substr(from, slash - from);
-        const int next = openAt(directory, hop.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
-        const int failure = errno;
-        if (directory != AT_FDCWD) {
-            ::close(directory);
-        }
-        errno = failure;
-        directory = next;
-        if (directory < 0) {
-            return -1;
-        }
-        // What follows must not begin with a slash, or it would start at the root again.
-        from = path.find_first_not_of('/', slash);
-    }
-    int number = -1;
-    if (length - from <= longestHop) {
-        // Slashes behind a long path are cut off; the end of any other is that of the string.
-        number = length == path.size()
-                     ? openAt(directory, path.c_str() + from, flags)
-                     : openAt(directory, path.substr(from, length - from).c_str(), flags);
-    }
-    if (directory != AT_FDCWD) {
-        const int failure = errno;
-        ::close(directory);
-        errno = failure;
-    }
-    return number;
-}
 
 EntryType typeOfListed(unsigned char listed) {
     switch (listed) {

@@ -23,33 +23,18 @@ Result<PrivateFolder> PrivateFolder::open(const std::string& path) {
     if (::mkdir(path.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
         return SystemError{errno};
     }
-    const int number = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (number < 0) {
+    UniqueFd folder(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    if (!folder) {
         return SystemError{errno};
     }
-    PrivateFolder folder(number);
-    if (!isPrivate(number)) {
+    if (!isPrivate(folder.number())) {
         return SystemError{EACCES};
     }
-    return folder;
-}
-
-PrivateFolder::PrivateFolder(PrivateFolder&& other) noexcept
-    : number_(std::exchange(other.number_, -1)) {}
-
-PrivateFolder& PrivateFolder::operator=(PrivateFolder&& other) noexcept {
-    std::swap(number_, other.number_);
-    return *this;
-}
-
-PrivateFolder::~PrivateFolder() {
-    if (number_ >= 0) {
-        ::close(number_);
-    }
+    return PrivateFolder(std::move(folder));
 }
 
 std::string PrivateFolder::path() const {
-    return "/proc/self/fd/" + std::to_string(number_);
+    return "/proc/self/fd/" + std::to_string(number());
 }
 
 }  // namespace tarvin

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "platform/result.h"
+#include "platform/unique_fd.h"
 
 #include <string>
+#include <utility>
 
 namespace tarvin {
 
@@ -15,22 +17,16 @@ class PrivateFolder final {
     /// the system's reason.
     static Result<PrivateFolder> open(const std::string& path);
 
-    PrivateFolder(PrivateFolder&& other) noexcept;
-    PrivateFolder& operator=(PrivateFolder&& other) noexcept;
-    PrivateFolder(const PrivateFolder&) = delete;
-    PrivateFolder& operator=(const PrivateFolder&) = delete;
-    ~PrivateFolder();
-
-    [[nodiscard]] int number() const { return number_; }
+    [[nodiscard]] int number() const { return folder_.number(); }
     /// A path to the folder, or to an entry in it, that is good while this object is. Short,
     /// however deep the folder lies.
     [[nodiscard]] std::string path() const;
     [[nodiscard]] std::string pathOf(const std::string& name) const { return path() + '/' + name; }
 
  private:
-    explicit PrivateFolder(int number) : number_(number) {}
+    explicit PrivateFolder(UniqueFd folder) : folder_(std::move(folder)) {}
 
-    int number_;
+    UniqueFd folder_;
 };
 
 }  // namespace tarvin

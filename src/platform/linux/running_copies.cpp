@@ -4,6 +4,7 @@
 #include "platform/file_system.h"
 #include "platform/linux/copy_socket.h"
 #include "platform/linux/private_folder.h"
+#include "platform/unique_fd.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -78,13 +79,9 @@ void removeFiles(const PrivateFolder& folder, std::uint64_t number) {
 
 /// Whether somebody holds the copy's file locked; if so, whether the copy still listens.
 Life lifeOf(const PrivateFolder& folder, std::uint64_t number) {
-    const int file = ::openat(folder.number(), nameOf(number, lockSuffix).c_str(),
-                              O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-    if (file < 0) {
-        return Life::gone;
-    }
-    const bool isHeld = ::flock(file, LOCK_SH | LOCK_NB) != 0;
-    ::close(file);
+    const UniqueFd file(::openat(folder.number(), nameOf(number, lockSuffix).c_str(),
+                                 O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    const bool isHeld = file && ::flock(file.number(), LOCK_SH | LOCK_NB) != 0;
     if (!isHeld) {
         return Life::gone;
     }
@@ -148,14 +145,13 @@ class Place final {
     static Result<std::unique_ptr<Place>> take(PrivateFolder folder, CopyRequests requests,
                                                std::chrono::milliseconds patience);
 
-    Place(PrivateFolder folder, int file, std::uint64_t number)
-        : folder_(std::move(folder)), file_(file), number_(number) {}
+    Place(PrivateFolder folder, UniqueFd file, std::uint64_t number)
+        : folder_(std::move(folder)), file_(std::move(file)), number_(number) {}
     Place(const Place&) = delete;
     Place& operator=(const Place&) = delete;
     ~Place() {
         socket_.reset();
         removeFiles(folder_, number_);
-        ::close(file_);
     }
 
     [[nodiscard]] RunningCopy copy() const { return {number_}; }
@@ -166,7 +162,7 @@ class Place final {
     void obey(const CopyRequests& requests, std::string_view message) const;
 
     PrivateFolder folder_;
-    const int file_;  // held locked
+    const UniqueFd file_;  // held locked
     const std::uint64_t number_;
     std::unique_ptr<CopySocket> socket_;
 };
@@ -179,19 +175,21 @@ Result<std::unique_ptr<Place>> Place::take(PrivateFolder folder, CopyRequests re
     }
     const std::vector<RunningCopy> living = livingCopies(folder);
     std::uint64_t number = living.empty() ? 1 : living.back().number + 1;
-    int file = -1;
-    for (int tries = 0; file < 0; ++tries, ++number) {
-        file = ::openat(folder.number(), nameOf(number, lockSuffix).c_str(),
-                        O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
-        if (file >= 0) {
+    UniqueFd file;
+    for (int tries = 0;; ++tries, ++number) {
+        file = UniqueFd(::openat(folder.number(), nameOf(number, lockSuffix).c_str(),
+                                 O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                                 S_IRUSR | S_IWUSR));
+        if (file) {
             break;
         }
         if (errno != EEXIST || tries == mostNumbersTried) {
             return SystemError{errno};
         }
     }
-    auto place = std::make_unique<Place>(std::move(folder), file, number);
-    if (::flock(file, LOCK_EX | LOCK_NB) != 0) {
+    const int descriptor = file.number();
+    auto place = std::make_unique<Place>(std::move(folder), std::move(file), number);
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
         return SystemError{errno};
     }
     if (const auto failure = place->listen(std::move(requests))) {

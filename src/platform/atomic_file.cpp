@@ -1,0 +1,128 @@
+#include "platform/atomic_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdio>
+#include <filesystem>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+constexpr mode_t readableAndWritable = 0666;  // before the umask is applied
+
+/// Some file systems cannot flush a file; that is no reason to lose what was written.
+int syncWherePossible(int descriptor, FileCalls& calls) {
+    const int failure = calls.sync(descriptor);
+    return failure == EINVAL || failure == ENOTSUP ? 0 : failure;
+}
+
+}  // namespace
+
+int FileCalls::createFile(const char* path, int flags, UniqueFd& file) {
+    file = UniqueFd(::open(path, flags | O_WRONLY | O_CREAT | O_CLOEXEC, readableAndWritable));
+    return file ? 0 : errno;
+}
+
+int FileCalls::openFolder(const char* path, UniqueFd& folder) {
+    folder = UniqueFd(::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    return folder ? 0 : errno;
+}
+
+int FileCalls::sync(int descriptor) {
+    return ::fsync(descriptor) == 0 ? 0 : errno;
+}
+
+int FileCalls::rename(const char* from, const char* to) {
+    return std::rename(from, to) == 0 ? 0 : errno;
+}
+
+FileCalls& systemFileCalls() {
+    static FileCalls calls;
+    return calls;
+}
+
+Result<std::unique_ptr<AtomicFile>> AtomicFile::create(std::string target, std::string temporary,
+                                                       Leftover leftover, FileCalls& calls) {
+    const int flags = O_NOFOLLOW | (leftover == Leftover::overwrite ? O_TRUNC : O_EXCL);
+    UniqueFd file;
+    if (const int failure = calls.createFile(temporary.c_str(), flags, file); failure != 0) {
+        if (leftover == Leftover::overwrite) {
+            // A link, for instance: it is not followed now and not in the way the next time.
+            ::unlink(temporary.c_str());
+        }
+        return SystemError{failure};
+    }
+    return std::unique_ptr<AtomicFile>(
+        new AtomicFile(std::move(file), std::move(target), std::move(temporary), calls));
+}
+
+AtomicFile::AtomicFile(UniqueFd file, std::string target, std::string temporary, FileCalls& calls)
+    : file_(std::move(file)),
+      target_(std::move(target)),
+      temporary_(std::move(temporary)),
+      calls_(calls) {}
+
+AtomicFile::~AtomicFile() {
+    if (!keeps_) {
+        removeTemporary();
+    }
+}
+
+std::optional<SystemError> AtomicFile::write(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(file_.number(), bytes.data(), bytes.size());
+        if (written >= 0) {
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        } else if (errno != EINTR) {
+            return SystemError{errno};
+        }
+    }
+    return std::nullopt;
+}
+
+void AtomicFile::copyPermissions() const {
+    struct stat old{};
+    if (::stat(target_.c_str(), &old) == 0) {
+        static_cast<void>(::fchmod(file_.number(), old.st_mode & 0777U));
+    }
+}
+
+std::optional<SystemError> AtomicFile::commit() {
+    int failure = syncWherePossible(file_.number(), calls_);
+    if (failure == 0) {
+        failure = file_.close();
+    }
+    if (failure == 0) {
+        failure = calls_.rename(temporary_.c_str(), target_.c_str());
+    }
+    if (failure == 0) {
+        keeps_ = true;
+        syncFolderOf(target_, calls_);
+    }
+    return failure == 0 ? std::nullopt : std::optional(SystemError{failure});
+}
+
+const std::string& AtomicFile::keepTemporary() {
+    keeps_ = true;
+    return temporary_;
+}
+
+void AtomicFile::removeTemporary() const {
+    ::unlink(temporary_.c_str());
+}
+
+void syncFolderOf(const std::string& path, FileCalls& calls) {
+    const std::string folder = std::filesystem::path(path).parent_path().native();
+    UniqueFd opened;
+    if (calls.openFolder(folder.empty() ? "." : folder.c_str(), opened) == 0) {
+        static_cast<void>(calls.sync(opened.number()));
+    }
+}
+
+}  // namespace tarvin
