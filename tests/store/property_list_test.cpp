@@ -213,7 +213,8 @@ TEST(HarmlessPropertyList, IsNotOneWhoseDepthALibraryReadsOtherwise) {
     for (const std::string before :
          {"<!--><![CDATA[-->", "<!---><![CDATA[-->", "<!DOCTYPE plist [ > <!-- ]>", "<?x > <!-- ?>",
           "<?x \"?><!-- \" ?>", "<!DOCTYPE \"><!-- \">", "<plist a=\"><!-- \">",
-          "<array></array \"><!-- \">"}) {
+          "<array></array \"><!-- \">", "<plist><array><array></array \"><!-- \">",
+          "<plist><array a=\"><!-- \">", "<!DOCTYPE plist [<!ENTITY x '>'> \"<!--\" ]>"}) {
         const std::string levels = repeated("<array>", 100) + repeated("</array>", 100);
         EXPECT_FALSE(isHarmlessPropertyList(before + levels)) << before;
         EXPECT_FALSE(isHarmlessPropertyList(before + levels + "<!-- -->")) << before;
@@ -221,15 +222,26 @@ TEST(HarmlessPropertyList, IsNotOneWhoseDepthALibraryReadsOtherwise) {
     }
 }
 
-TEST(HarmlessPropertyList, IsNotOneOfManyLevelsInARootThatClosesItself) {
-    EXPECT_TRUE(isHarmlessPropertyList("<array/>" + repeated("<array>", 63)));
-    EXPECT_FALSE(isHarmlessPropertyList("<array/>" + repeated("<array>", 64)));
+// libplist 2.2 fills such a root with what follows it.
+TEST(HarmlessPropertyList, LevelsBehindARootThatClosesItselfAreRefusedOrDoNoHarm) {
+    for (const std::size_t levels : {std::size_t{64}, std::size_t{65}, std::size_t{100'000}}) {
+        const auto list = PropertyList::parse("<array/>" + repeated("<array>", levels) +
+                                              repeated("</array>", levels));
+        EXPECT_TRUE(!list || list->xml().size() < 10'000) << levels;
+        EXPECT_TRUE(!list || levels == 64) << levels;
+    }
 }
 
 TEST(HarmlessPropertyList, IsNotOneInWhichSomethingIsNeverClosed) {
     for (const std::string open : {"<!-- >", "<![CDATA[ >", "<?x >", "<!DOCTYPE plist", "<array"}) {
         EXPECT_FALSE(isHarmlessPropertyList(plistText("<array/>") + open)) << open;
     }
+}
+
+// libplist 2.6 reads it, recursively.
+TEST(HarmlessPropertyList, IsNotOneInJsonWhoseStringsHoldTags) {
+    EXPECT_FALSE(
+        isHarmlessPropertyList("[\"<a></a>\"," + repeated("[", 100'000) + repeated("]", 100'001)));
 }
 
 TEST(HarmlessPropertyList, IsNotOneThatBeginsWithNoTag) {
@@ -301,8 +313,13 @@ TEST(HarmlessPropertyList, IsNoBinaryListWithATextThatEndsOutsideIt) {
     EXPECT_FALSE(isHarmlessPropertyList(binary({"\xA1\x01", held('\x5F', 60'000, 10)})));
 }
 
-TEST(HarmlessPropertyList, IsNoBinaryListThatPointsOutsideItself) {
-    EXPECT_FALSE(isHarmlessPropertyList(binary({"\xA1\x07"})));
+TEST(PropertyList, RefusesABinaryListThatPointsOutsideItself) {
+    EXPECT_FALSE(PropertyList::parse(binary({"\xA1\x07"})));
+    EXPECT_FALSE(PropertyList::parse(binary({"\xD1\x01\x07", "\x51/"})));
+    EXPECT_FALSE(PropertyList::parse(binary({"\xA2\x01\x02", "\xA1\x09", "\x51/"})));
+    std::string manyObjects = binary({"\xA1\x01", "\x51/"});
+    manyObjects[manyObjects.size() - 24] = '\x7F';
+    EXPECT_FALSE(PropertyList::parse(manyObjects));
     std::string list = binary({"\xA1\x01",
                                "\x51"
                                "a"});
