@@ -127,7 +127,7 @@ void PropertyList::Deleter::operator()(void* root) const {
 
 std::optional<PropertyList> PropertyList::parse(std::string_view bytes) {
     if (bytes.empty() || bytes.size() > std::numeric_limits<std::uint32_t>::max() ||
-        !isHarmlessPropertyList(bytes)) {
+        !isSafePropertyList(bytes)) {
         return std::nullopt;
     }
     plist_t root = readPropertyList(bytes);

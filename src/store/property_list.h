@@ -16,7 +16,7 @@ namespace tarvin {
 class PropertyList final {
  public:
     /// An XML or binary list; none if it is not one, or one that no honest program writes
-    /// (isHarmlessPropertyList).
+    /// (isSafePropertyList).
     static std::optional<PropertyList> parse(std::string_view bytes);
     static PropertyList dictionary();
 

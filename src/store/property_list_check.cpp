@@ -257,7 +257,7 @@ class BinaryCheck final {
 
 }  // namespace
 
-bool isHarmlessPropertyList(std::string_view bytes) {
+bool isSafePropertyList(std::string_view bytes) {
     return bytes.starts_with(binaryBeginning) ? BinaryCheck(bytes).passes()
                                               : XmlCheck(bytes).passes();
 }

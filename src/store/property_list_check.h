@@ -17,7 +17,7 @@ namespace tarvin {
 ///
 /// Costs time in proportion to the bytes and, for a binary list, 16 bytes for each value that one
 /// container holds, at most 64 MB. Any thread.
-[[nodiscard]] bool isHarmlessPropertyList(std::string_view bytes);
+[[nodiscard]] bool isSafePropertyList(std::string_view bytes);
 
 // Our own lists have two levels and as many values as the user has excluded files.
 

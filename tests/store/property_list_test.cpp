@@ -182,33 +182,31 @@ TEST(PropertyList, ReadsInvalidUtf8AsItStands) {
     EXPECT_EQ(list->paths(), (Paths{"/\xFF\xC0.jpg"}));
 }
 
-TEST(HarmlessPropertyList, IsOneOfAFewLevels) {
-    EXPECT_TRUE(
-        isHarmlessPropertyList(plistText(repeated("<array>", 63) + repeated("</array>", 63))));
-    EXPECT_FALSE(
-        isHarmlessPropertyList(plistText(repeated("<array>", 64) + repeated("</array>", 64))));
+TEST(SafePropertyList, IsOneOfAFewLevels) {
+    EXPECT_TRUE(isSafePropertyList(plistText(repeated("<array>", 63) + repeated("</array>", 63))));
+    EXPECT_FALSE(isSafePropertyList(plistText(repeated("<array>", 64) + repeated("</array>", 64))));
 }
 
-TEST(HarmlessPropertyList, IsNotOneOfAHundredThousandLevels) {
+TEST(SafePropertyList, IsNotOneOfAHundredThousandLevels) {
     const std::string deep =
         plistText(repeated("<array>", 100'000) + repeated("</array>", 100'000));
-    EXPECT_FALSE(isHarmlessPropertyList(deep));
+    EXPECT_FALSE(isSafePropertyList(deep));
     EXPECT_FALSE(PropertyList::parse(deep));
     EXPECT_FALSE(PropertyList::parse(plistText(repeated("<dict><key>k</key>", 100'000))));
 }
 
-TEST(HarmlessPropertyList, DoesNotTakeAnAttributeForTheEndOfATag) {
-    EXPECT_FALSE(isHarmlessPropertyList(plistText(repeated("<array a=\"/>\">", 10))));
-    EXPECT_FALSE(isHarmlessPropertyList(plistText("<array a='b'>")));
+TEST(SafePropertyList, DoesNotTakeAnAttributeForTheEndOfATag) {
+    EXPECT_FALSE(isSafePropertyList(plistText(repeated("<array a=\"/>\">", 10))));
+    EXPECT_FALSE(isSafePropertyList(plistText("<array a='b'>")));
 }
 
-TEST(HarmlessPropertyList, CountsNothingInCommentsAndText) {
-    EXPECT_TRUE(isHarmlessPropertyList(plistText("<!-- " + repeated("<array>", 100) +
-                                                 " --><string><![CDATA[" +
-                                                 repeated("<array>", 100) + "]]></string>")));
+TEST(SafePropertyList, CountsNothingInCommentsAndText) {
+    EXPECT_TRUE(
+        isSafePropertyList(plistText("<!-- " + repeated("<array>", 100) + " --><string><![CDATA[" +
+                                     repeated("<array>", 100) + "]]></string>")));
 }
 
-TEST(HarmlessPropertyList, IsNotOneWhoseDepthALibraryReadsOtherwise) {
+TEST(SafePropertyList, IsNotOneWhoseDepthALibraryReadsOtherwise) {
     // What libplist passes over before the levels, and what it does not.
     for (const std::string before :
          {"<!--><![CDATA[-->", "<!---><![CDATA[-->", "<!DOCTYPE plist [ > <!-- ]>", "<?x > <!-- ?>",
@@ -216,14 +214,14 @@ TEST(HarmlessPropertyList, IsNotOneWhoseDepthALibraryReadsOtherwise) {
           "<array></array \"><!-- \">", "<plist><array><array></array \"><!-- \">",
           "<plist><array a=\"><!-- \">", "<!DOCTYPE plist [<!ENTITY x '>'> \"<!--\" ]>"}) {
         const std::string levels = repeated("<array>", 100) + repeated("</array>", 100);
-        EXPECT_FALSE(isHarmlessPropertyList(before + levels)) << before;
-        EXPECT_FALSE(isHarmlessPropertyList(before + levels + "<!-- -->")) << before;
-        EXPECT_FALSE(isHarmlessPropertyList(before + levels + "<![CDATA[-->]]>")) << before;
+        EXPECT_FALSE(isSafePropertyList(before + levels)) << before;
+        EXPECT_FALSE(isSafePropertyList(before + levels + "<!-- -->")) << before;
+        EXPECT_FALSE(isSafePropertyList(before + levels + "<![CDATA[-->]]>")) << before;
     }
 }
 
 // libplist 2.2 fills such a root with what follows it.
-TEST(HarmlessPropertyList, LevelsBehindARootThatClosesItselfAreRefusedOrDoNoHarm) {
+TEST(SafePropertyList, LevelsBehindARootThatClosesItselfAreRefusedOrDoNoHarm) {
     for (const std::size_t levels : {std::size_t{64}, std::size_t{65}, std::size_t{100'000}}) {
         const auto list = PropertyList::parse("<array/>" + repeated("<array>", levels) +
                                               repeated("</array>", levels));
@@ -232,27 +230,27 @@ TEST(HarmlessPropertyList, LevelsBehindARootThatClosesItselfAreRefusedOrDoNoHarm
     }
 }
 
-TEST(HarmlessPropertyList, IsNotOneInWhichSomethingIsNeverClosed) {
+TEST(SafePropertyList, IsNotOneInWhichSomethingIsNeverClosed) {
     for (const std::string open : {"<!-- >", "<![CDATA[ >", "<?x >", "<!DOCTYPE plist", "<array"}) {
-        EXPECT_FALSE(isHarmlessPropertyList(plistText("<array/>") + open)) << open;
+        EXPECT_FALSE(isSafePropertyList(plistText("<array/>") + open)) << open;
     }
 }
 
 // libplist 2.6 reads it, recursively.
-TEST(HarmlessPropertyList, IsNotOneInJsonWhoseStringsHoldTags) {
+TEST(SafePropertyList, IsNotOneInJsonWhoseStringsHoldTags) {
     EXPECT_FALSE(
-        isHarmlessPropertyList("[\"<a></a>\"," + repeated("[", 100'000) + repeated("]", 100'001)));
+        isSafePropertyList("[\"<a></a>\"," + repeated("[", 100'000) + repeated("]", 100'001)));
 }
 
-TEST(HarmlessPropertyList, IsNotOneThatBeginsWithNoTag) {
-    EXPECT_FALSE(isHarmlessPropertyList(""));
-    EXPECT_FALSE(isHarmlessPropertyList(" \n"));
-    EXPECT_FALSE(isHarmlessPropertyList("[[1]]"));
-    EXPECT_FALSE(isHarmlessPropertyList("text" + plistText("<array/>")));
-    EXPECT_TRUE(isHarmlessPropertyList(" \n" + plistText("<array/>")));
+TEST(SafePropertyList, IsNotOneThatBeginsWithNoTag) {
+    EXPECT_FALSE(isSafePropertyList(""));
+    EXPECT_FALSE(isSafePropertyList(" \n"));
+    EXPECT_FALSE(isSafePropertyList("[[1]]"));
+    EXPECT_FALSE(isSafePropertyList("text" + plistText("<array/>")));
+    EXPECT_TRUE(isSafePropertyList(" \n" + plistText("<array/>")));
 }
 
-TEST(HarmlessPropertyList, MayNameItsDocumentTypeButDefineNothing) {
+TEST(SafePropertyList, MayNameItsDocumentTypeButDefineNothing) {
     const std::string begin = R"(<?xml version="1.0" encoding="UTF-8"?>)"
                               R"(<!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" )"
                               R"("http://www.apple.com/DTDs/PropertyList-1.0.dtd")";
@@ -260,16 +258,16 @@ TEST(HarmlessPropertyList, MayNameItsDocumentTypeButDefineNothing) {
     const auto list = PropertyList::parse(begin + end);
     ASSERT_TRUE(list);
     EXPECT_EQ(list->paths(), (Paths{"/a"}));
-    EXPECT_FALSE(isHarmlessPropertyList(begin + "[<!ENTITY a \"aa\">]" + end));
-    EXPECT_FALSE(isHarmlessPropertyList("<!ELEMENT plist ANY" + end));
+    EXPECT_FALSE(isSafePropertyList(begin + "[<!ENTITY a \"aa\">]" + end));
+    EXPECT_FALSE(isSafePropertyList("<!ELEMENT plist ANY" + end));
 }
 
-TEST(HarmlessPropertyList, IsNoBinaryListThatHoldsItself) {
-    EXPECT_FALSE(isHarmlessPropertyList(binary({std::string("\xA1\x00", 2)})));
-    EXPECT_FALSE(isHarmlessPropertyList(binary({"\xA1\x01", std::string("\xA1\x00", 2)})));
+TEST(SafePropertyList, IsNoBinaryListThatHoldsItself) {
+    EXPECT_FALSE(isSafePropertyList(binary({std::string("\xA1\x00", 2)})));
+    EXPECT_FALSE(isSafePropertyList(binary({"\xA1\x01", std::string("\xA1\x00", 2)})));
 }
 
-TEST(HarmlessPropertyList, IsNoBinaryListThatUnfoldsBeyondMeasure) {
+TEST(SafePropertyList, IsNoBinaryListThatUnfoldsBeyondMeasure) {
     // Each of forty arrays holds the next one four times.
     std::vector<std::string> objects;
     for (int number = 1; number <= 40; ++number) {
@@ -278,7 +276,7 @@ TEST(HarmlessPropertyList, IsNoBinaryListThatUnfoldsBeyondMeasure) {
     objects.emplace_back(
         "\x51"
         "a");
-    EXPECT_FALSE(isHarmlessPropertyList(binary(objects)));
+    EXPECT_FALSE(isSafePropertyList(binary(objects)));
     EXPECT_FALSE(PropertyList::parse(binary(objects)));
 }
 
@@ -288,29 +286,29 @@ std::string held(char kind, std::size_t units, std::size_t bytes) {
            static_cast<char>(units & 0xFFU) + std::string(bytes, '\0');
 }
 
-TEST(HarmlessPropertyList, IsNoBinaryListThatHoldsFarMoreThanItsBytes) {
+TEST(SafePropertyList, IsNoBinaryListThatHoldsFarMoreThanItsBytes) {
     // 2,000 times 1,000 bytes; 1,000 times the same is within the room.
     for (const std::string& object :
          {held('\x4F', 1000, 1000), held('\x5F', 1000, 1000), held('\x6F', 500, 1000)}) {
-        EXPECT_FALSE(isHarmlessPropertyList(repeatedReference(2'000, object)));
+        EXPECT_FALSE(isSafePropertyList(repeatedReference(2'000, object)));
         EXPECT_FALSE(PropertyList::parse(repeatedReference(2'000, object)));
-        EXPECT_TRUE(isHarmlessPropertyList(repeatedReference(1'000, object)));
+        EXPECT_TRUE(isSafePropertyList(repeatedReference(1'000, object)));
     }
 }
 
-TEST(HarmlessPropertyList, HasNoMoreValuesThanBytes) {
+TEST(SafePropertyList, HasNoMoreValuesThanBytes) {
     // Three containers, each of which holds the next twenty times: 421 and 8,421 values.
     const std::string twenty = "\xAF\x10\x14";
     const std::string number = std::string("\x10\x01", 2);
-    EXPECT_FALSE(isHarmlessPropertyList(
+    EXPECT_FALSE(isSafePropertyList(
         binary({twenty + std::string(20, '\x01'), twenty + std::string(20, '\x02'),
                 twenty + std::string(20, '\x03'), number})));
-    EXPECT_TRUE(isHarmlessPropertyList(
+    EXPECT_TRUE(isSafePropertyList(
         binary({twenty + std::string(20, '\x01'), "\xA2" + std::string(2, '\x02'), number})));
 }
 
-TEST(HarmlessPropertyList, IsNoBinaryListWithATextThatEndsOutsideIt) {
-    EXPECT_FALSE(isHarmlessPropertyList(binary({"\xA1\x01", held('\x5F', 60'000, 10)})));
+TEST(SafePropertyList, IsNoBinaryListWithATextThatEndsOutsideIt) {
+    EXPECT_FALSE(isSafePropertyList(binary({"\xA1\x01", held('\x5F', 60'000, 10)})));
 }
 
 TEST(PropertyList, RefusesABinaryListThatPointsOutsideItself) {
@@ -329,7 +327,7 @@ TEST(PropertyList, RefusesABinaryListThatPointsOutsideItself) {
         // Whatever it says, asking and reading it ends.
         static_cast<void>(PropertyList::parse(damaged));
     }
-    EXPECT_FALSE(isHarmlessPropertyList(list.substr(0, 30)));
+    EXPECT_FALSE(isSafePropertyList(list.substr(0, 30)));
 }
 
 }  // namespace
