@@ -74,7 +74,7 @@ std::variant<OpenedData, StoreError> openData(const std::string& path, const Sto
         const StoredTotals totals = totalsOf(*list);
         return OpenedData{std::move(*list), totals, true, {}};
     }
-    auto aside = putUnusableAside(std::get<StoreError>(read));
+    auto aside = moveAside(std::get<StoreError>(read));
     if (auto* failure = std::get_if<StoreError>(&aside)) {
         return std::move(*failure);
     }

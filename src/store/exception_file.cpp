@@ -73,7 +73,7 @@ std::optional<StoreError> ExceptionFile::store(Keep keep) {
     }
     ExceptionList stored = readExceptionFile(path_);
     if (stored.error) {
-        auto aside = putUnusableAside(*stored.error);
+        auto aside = moveAside(*stored.error);
         if (auto* failure = std::get_if<StoreError>(&aside)) {
             return std::move(*failure);
         }

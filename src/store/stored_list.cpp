@@ -79,7 +79,7 @@ std::optional<StoreError> writeStoredList(const std::string& path, const Propert
     return failure ? std::optional(storeErrorOf(path, *failure)) : std::nullopt;
 }
 
-std::variant<std::string, StoreError> putUnusableAside(const StoreError& error) {
+std::variant<std::string, StoreError> moveAside(const StoreError& error) {
     if (error.kind == StoreError::Kind::missing) {
         return std::string();
     }

@@ -23,7 +23,7 @@ std::variant<PropertyList, StoreError> readStoredList(const std::string& path);
 /// Gives a file that is there, but of no use, another name that says so, so that the next writing
 /// does not cost what it holds. Answers that name: empty where `error` says that the file is
 /// missing. Where it says that the file may be whole, nothing is done and the error is the answer.
-std::variant<std::string, StoreError> putUnusableAside(const StoreError& error);
+std::variant<std::string, StoreError> moveAside(const StoreError& error);
 
 /// What the system says of a file.
 [[nodiscard]] StoreError storeErrorOf(const std::string& path, SystemError error);
