@@ -55,8 +55,8 @@ int runWindow(const std::vector<std::string>& folders) {
          .guide = tarvin::installedResource(QStringLiteral("index.html")),
          .previewProgram = tarvin::helperProgram(QStringLiteral("tarvin-image-preview")),
          .updater = tarvin::updaterProgram(),
-         .readAddress =
-             tarvin::readingBy(tarvin::helperProgram(QStringLiteral("tarvin-address-reader"))),
+         .readUrl =
+             tarvin::urlReaderFor(tarvin::helperProgram(QStringLiteral("tarvin-url-reader"))),
          .appearance = tarvin::MainWindow::Appearance::atOnce});
     delegate.applicationDidFinishLaunching(folders);
     return QApplication::exec();

@@ -64,11 +64,10 @@ AppDelegate::AppDelegate(Surroundings surroundings)
                                              *surroundings_.panels, surroundings_.previewProgram);
     scan_ = std::make_unique<ScanTask>(session_, window_, *surroundings_.alerts, *locations_);
     help_ = std::make_unique<Help>(window_, surroundings_.desktop, surroundings_.guide);
-    updates_ =
-        std::make_unique<UpdateCheck>(window_, *surroundings_.alerts, surroundings_.desktop,
-                                      UpdateCheck::Subject{.version = surroundings_.version,
-                                                           .updater = surroundings_.updater,
-                                                           .read = surroundings_.readAddress});
+    updates_ = std::make_unique<UpdateCheck>(window_, *surroundings_.alerts, surroundings_.desktop,
+                                             UpdateCheck::Subject{.version = surroundings_.version,
+                                                                  .updater = surroundings_.updater,
+                                                                  .read = surroundings_.readUrl});
     makeResultTasks();
     connectControls();
     connectRequests();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "controller/address_reading.h"
 #include "controller/alerts.h"
 #include "controller/deletion_task.h"
 #include "controller/desktop.h"
@@ -20,6 +19,7 @@
 #include "controller/session.h"
 #include "controller/single_copy.h"
 #include "controller/update_check.h"
+#include "controller/url_reader.h"
 #include "interface/main_window.h"
 #include "platform/platform.h"
 
@@ -48,11 +48,11 @@ class AppDelegate final : public QObject {
         FilePanels* panels = nullptr;
         std::function<void()> terminate{};  ///< ends the program, soon
         QString version{};
-        QString urls{};                ///< path of the list of addresses; may be empty
-        QString guide{};               ///< path of the user guide; may be empty
-        QString previewProgram{};      ///< path of the program that makes previews
-        QString updater{};             ///< path of the program that fetches updates; may be empty
-        AddressReading readAddress{};  ///< for updates; may be empty
+        QString urls{};            ///< path of the list of addresses; may be empty
+        QString guide{};           ///< path of the user guide; may be empty
+        QString previewProgram{};  ///< path of the program that makes previews
+        QString updater{};         ///< path of the program that fetches updates; may be empty
+        UrlReader readUrl{};       ///< for updates; may be empty
         /// Whether the window comes before all else is made. It never does where another copy runs
         /// that will stay in place of this one.
         MainWindow::Appearance appearance = MainWindow::Appearance::whenShown;

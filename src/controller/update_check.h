@@ -1,8 +1,8 @@
 #pragma once
 
-#include "controller/address_reading.h"
 #include "controller/alerts.h"
 #include "controller/desktop.h"
+#include "controller/url_reader.h"
 #include "controller/urls.h"
 
 #include <QObject>
@@ -27,9 +27,9 @@ class UpdateCheck final : public QObject {
  public:
     /// What the check is about.
     struct Subject {
-        QString version{};      ///< that runs
-        QString updater{};      ///< path of the updater; empty if there is none
-        AddressReading read{};  ///< called on another thread; may be empty
+        QString version{};  ///< that runs
+        QString updater{};  ///< path of the updater; empty if there is none
+        UrlReader read{};   ///< called on another thread; may be empty
     };
 
     /// What it refers to outlives it.

@@ -3,7 +3,7 @@
 // its own, because Qt bounds neither the head of an answer nor what the system is asked for on the
 // way; whoever starts it ends it in time.
 
-#include "network/address_reader.h"
+#include "network/url_reader.h"
 
 #include <sys/resource.h>
 
@@ -67,7 +67,7 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationVersion(QStringLiteral(TARVIN_VERSION));
     QNetworkProxyFactory::setUseSystemConfiguration(true);
     const QUrl address = givenAddress();
-    const auto bytes = isReachable(address) ? tarvin::readAddress(address, {}) : std::nullopt;
+    const auto bytes = isReachable(address) ? tarvin::readUrl(address, {}) : std::nullopt;
     const bool done = bytes && answer(*bytes);
     // At once: Qt would wait for a server that it has given up.
     std::_Exit(done ? EXIT_SUCCESS : EXIT_FAILURE);

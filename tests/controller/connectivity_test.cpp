@@ -34,7 +34,7 @@ TEST(Connectivity, AnAddressIsReadOnlyWhereThereIsAWayOut) {
     folder.writeFile("served", "content");
     const std::string asking = folder.writeFile("ask", script);
     const CommandResult asked = runCommand("unshare -rn sh '" + asking + "' '" + folder.path() +
-                                           "' '" + addressReaderPath() + "'");
+                                           "' '" + urlReaderPath() + "'");
     EXPECT_EQ(asked.output, " status 1\ncontent status 0\n");
     EXPECT_EQ(asked.status, 0);
 }

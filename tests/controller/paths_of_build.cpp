@@ -6,8 +6,8 @@ std::string updaterProgramPath() {
     return TARVIN_UPDATER;
 }
 
-std::string addressReaderPath() {
-    return TARVIN_ADDRESS_READER;
+std::string urlReaderPath() {
+    return TARVIN_URL_READER;
 }
 
 std::string installedUrlsPath() {

@@ -9,7 +9,7 @@ namespace tarvin {
 std::string updaterProgramPath();
 
 /// The path of the built program that reads addresses.
-std::string addressReaderPath();
+std::string urlReaderPath();
 
 /// The path of the list of addresses that is installed.
 std::string installedUrlsPath();

@@ -138,7 +138,7 @@ class ProductBench : public testing::Test {
                                       .guide = guide,
                                       .previewProgram = previewProgram(),
                                       .updater = updater,
-                                      .readAddress = readAddress,
+                                      .readUrl = readUrl,
                                       .appearance = appearance});
     }
 
@@ -211,7 +211,7 @@ class ProductBench : public testing::Test {
     QString urls;
     QString guide;
     QString updater;
-    AddressReading readAddress;
+    UrlReader readUrl;
     MainWindow::Appearance appearance = MainWindow::Appearance::whenShown;
     int terminations = 0;
     std::unique_ptr<AppDelegate> delegate;

@@ -58,7 +58,7 @@ class Updates : public ProductBench {
  protected:
     void SetUp() override {
         lead(server.address());
-        readAddress = readingBy(QString::fromStdString(addressReaderPath()));
+        readUrl = urlReaderFor(QString::fromStdString(urlReaderPath()));
     }
 
     void lead(const QString& location) {
@@ -208,7 +208,7 @@ TEST_F(Updates, AreNotLookedForWithoutAListOfAddresses) {
 }
 
 TEST_F(Updates, AreNoneWithoutANetwork) {
-    readAddress = [](const QUrl& /*address*/, const std::stop_token& /*stop*/) {
+    readUrl = [](const QUrl& /*address*/, const std::stop_token& /*stop*/) {
         return std::optional<QByteArray>();
     };
     launch();
@@ -219,7 +219,7 @@ TEST_F(Updates, AreNoneWithoutANetwork) {
 }
 
 TEST_F(Updates, AreNotLookedForIfThePartForItIsMissing) {
-    readAddress = {};
+    readUrl = {};
     launch();
     askForUpdates();
     ASSERT_EQ(alerts.shown.size(), 1U);

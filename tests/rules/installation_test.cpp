@@ -36,7 +36,7 @@ const Paths terminalFiles{
 const Paths windowFiles{
     "bin/tarvin-duplicate-file-remover",
     "libexec/tarvin-duplicate-file-remover/tarvin-image-preview",
-    "libexec/tarvin-duplicate-file-remover/tarvin-address-reader",
+    "libexec/tarvin-duplicate-file-remover/tarvin-url-reader",
     "share/applications/tarvin-duplicate-file-remover.desktop",
     "share/applications/zz-tarvin-duplicate-file-remover-folders.desktop",
     "share/bash-completion/completions/tarvin-duplicate-file-remover",

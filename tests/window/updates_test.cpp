@@ -25,7 +25,7 @@ class InstalledUpdates : public testing::Test {
             folder.makeFolder(place);
         }
         install(TARVIN_PROGRAM, bin_ + "/program");
-        install(TARVIN_ADDRESS_READER, helpers_ + "/tarvin-address-reader");
+        install(TARVIN_URL_READER, helpers_ + "/tarvin-url-reader");
         install(TARVIN_UPDATER, helpers_ + "/Tarvin Duplicate File Remover Updater");
         folder.writeFile(share_ + "/Urls.plist",
                          "<plist version=\"1.0\"><dict><key>FolderLocation</key><string>file://" +

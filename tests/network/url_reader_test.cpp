@@ -1,4 +1,4 @@
-#include "network/address_reader.h"
+#include "network/url_reader.h"
 
 #include "network/loopback_certificate.h"
 #include "network/loopback_server.h"
@@ -31,7 +31,7 @@ std::optional<QByteArray> readThere(const QString& address, const ReadBounds& bo
     std::optional<QByteArray> bytes;
     {
         const std::jthread reader([&] {
-            bytes = readAddress(QUrl(address), bounds);
+            bytes = readUrl(QUrl(address), bounds);
             done = true;
         });
         EXPECT_TRUE(QTest::qWaitFor([&] { return done.load(); }, longWait));
@@ -64,7 +64,7 @@ TEST(ReadBounds, AreTenSecondsAndAMebibyte) {
     EXPECT_EQ(ReadBounds{}.bytes, 1'048'576);
 }
 
-TEST(AddressReader, ReadsWhatAServerAnswers) {
+TEST(UrlReader, ReadsWhatAServerAnswers) {
     const LoopbackServer server(LoopbackServer::with("all of it"));
     EXPECT_EQ(readFrom(server), QByteArray("all of it"));
     ASSERT_EQ(server.requests.size(), 1);
@@ -74,13 +74,13 @@ TEST(AddressReader, ReadsWhatAServerAnswers) {
     EXPECT_TRUE(server.requests[0].toLower().contains("accept-encoding: identity\r\n"));
 }
 
-TEST(AddressReader, ReadsAnAnswerOfUnknownLength) {
+TEST(UrlReader, ReadsAnAnswerOfUnknownLength) {
     const LoopbackServer server(
         LoopbackServer::withRaw("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\nup to the end"));
     EXPECT_EQ(readFrom(server), QByteArray("up to the end"));
 }
 
-TEST(AddressReader, TakesNothingButSuccess) {
+TEST(UrlReader, TakesNothingButSuccess) {
     for (const char* status : {"204 No Content", "206 Partial Content", "304 Not Modified",
                                "401 Unauthorized", "403 Forbidden", "404 Not Found",
                                "500 Internal Server Error", "503 Service Unavailable"}) {
@@ -92,14 +92,14 @@ TEST(AddressReader, TakesNothingButSuccess) {
     }
 }
 
-TEST(AddressReader, ReadsUpToItsBound) {
+TEST(UrlReader, ReadsUpToItsBound) {
     const QByteArray body(1000, 'a');
     const LoopbackServer server(LoopbackServer::with(body));
     EXPECT_EQ(readFrom(server, {.bytes = 1000}), body);
     EXPECT_EQ(readFrom(server, {.bytes = 999}), std::nullopt);
 }
 
-TEST(AddressReader, EndsAnAnswerWithoutEnd) {
+TEST(UrlReader, EndsAnAnswerWithoutEnd) {
     QTimer more;
     LoopbackServer server([&](QTcpSocket& connection) {
         connection.write("HTTP/1.1 200 OK\r\n\r\n");
@@ -111,7 +111,7 @@ TEST(AddressReader, EndsAnAnswerWithoutEnd) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.closed == 1; }, longWait));
 }
 
-TEST(AddressReader, DoesNotWaitForAnAnswerThatDrips) {
+TEST(UrlReader, DoesNotWaitForAnAnswerThatDrips) {
     QTimer drops;
     int dropped = 0;
     LoopbackServer server([&](QTcpSocket& connection) {
@@ -127,24 +127,24 @@ TEST(AddressReader, DoesNotWaitForAnAnswerThatDrips) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.closed == 1; }, longWait));
 }
 
-TEST(AddressReader, DoesNotWaitForAServerThatSaysNothing) {
+TEST(UrlReader, DoesNotWaitForAServerThatSaysNothing) {
     LoopbackServer server([](QTcpSocket& /*connection*/) {});
     EXPECT_EQ(readFrom(server, {.time = soon}), std::nullopt);
     EXPECT_EQ(server.requests.size(), 1);
 }
 
-TEST(AddressReader, TakesNoAnswerThatWasCutOff) {
+TEST(UrlReader, TakesNoAnswerThatWasCutOff) {
     const LoopbackServer server(
         LoopbackServer::withRaw("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nonly this"));
     EXPECT_EQ(readFrom(server), std::nullopt);
 }
 
-TEST(AddressReader, TakesNoAnswerThatIsNoHttp) {
+TEST(UrlReader, TakesNoAnswerThatIsNoHttp) {
     const LoopbackServer server(LoopbackServer::withRaw("220 mail.example.org ESMTP\r\n"));
     EXPECT_EQ(readFrom(server, {.time = soon}), std::nullopt);
 }
 
-TEST(AddressReader, GivesUpWhereNobodyListens) {
+TEST(UrlReader, GivesUpWhereNobodyListens) {
     QString address;
     {
         const LoopbackServer server(LoopbackServer::with("gone"));
@@ -153,13 +153,13 @@ TEST(AddressReader, GivesUpWhereNobodyListens) {
     EXPECT_EQ(readThere(address), std::nullopt);
 }
 
-TEST(AddressReader, GivesUpWhenTheConnectionIsReset) {
+TEST(UrlReader, GivesUpWhenTheConnectionIsReset) {
     const LoopbackServer server([](QTcpSocket& connection) { connection.abort(); });
     EXPECT_EQ(readFrom(server), std::nullopt);
     EXPECT_GE(server.requests.size(), 1);
 }
 
-TEST(AddressReader, FollowsToAnAddressOfTheSameScheme) {
+TEST(UrlReader, FollowsToAnAddressOfTheSameScheme) {
     const LoopbackServer there(LoopbackServer::with("moved"));
     const LoopbackServer server(LoopbackServer::to(there.address() + QStringLiteral("/new")));
     EXPECT_EQ(readFrom(server), QByteArray("moved"));
@@ -167,7 +167,7 @@ TEST(AddressReader, FollowsToAnAddressOfTheSameScheme) {
     EXPECT_TRUE(there.requests[0].startsWith("GET /new "));
 }
 
-TEST(AddressReader, DoesNotFollowForEver) {
+TEST(UrlReader, DoesNotFollowForEver) {
     LoopbackServer server({});
     server.answer = [&server](QTcpSocket& connection) {
         LoopbackServer::to(QStringLiteral("/%1").arg(server.requests.size()))(connection);
@@ -176,25 +176,25 @@ TEST(AddressReader, DoesNotFollowForEver) {
     EXPECT_EQ(server.requests.size(), 6);
 }
 
-TEST(AddressReader, DoesNotFollowToTheSameAddress) {
+TEST(UrlReader, DoesNotFollowToTheSameAddress) {
     LoopbackServer server(LoopbackServer::to(QStringLiteral("/Update.plist")));
     EXPECT_EQ(readFrom(server), std::nullopt);
     EXPECT_EQ(server.requests.size(), 1);
 }
 
-TEST(AddressReader, TrustsNoServerThatVouchesForItself) {
+TEST(UrlReader, TrustsNoServerThatVouchesForItself) {
     const LoopbackServer server(LoopbackServer::with("forged"), LoopbackServer::Scheme::https);
     EXPECT_EQ(readFrom(server), std::nullopt);
     EXPECT_TRUE(server.requests.isEmpty());
 }
 
-TEST(AddressReader, ReadsFromAServerThatIsTrusted) {
+TEST(UrlReader, ReadsFromAServerThatIsTrusted) {
     const Trust trust;
     const LoopbackServer server(LoopbackServer::with("honest"), LoopbackServer::Scheme::https);
     EXPECT_EQ(readFrom(server), QByteArray("honest"));
 }
 
-TEST(AddressReader, FollowsFromHttpToHttps) {
+TEST(UrlReader, FollowsFromHttpToHttps) {
     const Trust trust;
     const LoopbackServer secure(LoopbackServer::with("moved"), LoopbackServer::Scheme::https);
     const LoopbackServer server(LoopbackServer::to(secure.address() + QStringLiteral("/new")));
@@ -203,7 +203,7 @@ TEST(AddressReader, FollowsFromHttpToHttps) {
     EXPECT_TRUE(secure.requests[0].startsWith("GET /new "));
 }
 
-TEST(AddressReader, FollowsFromHttpToNoServerThatIsNotTrusted) {
+TEST(UrlReader, FollowsFromHttpToNoServerThatIsNotTrusted) {
     const LoopbackServer secure(LoopbackServer::with("forged"), LoopbackServer::Scheme::https);
     const LoopbackServer server(LoopbackServer::to(secure.address()));
     EXPECT_EQ(readFrom(server), std::nullopt);
@@ -211,7 +211,7 @@ TEST(AddressReader, FollowsFromHttpToNoServerThatIsNotTrusted) {
 }
 
 /// Both servers would answer.
-TEST(AddressReader, DoesNotFollowFromHttpsToHttp) {
+TEST(UrlReader, DoesNotFollowFromHttpsToHttp) {
     const Trust trust;
     const LoopbackServer plain(LoopbackServer::with("in the clear"));
     const LoopbackServer secure(LoopbackServer::to(plain.address()), LoopbackServer::Scheme::https);
@@ -224,7 +224,7 @@ TEST(AddressReader, DoesNotFollowFromHttpsToHttp) {
     EXPECT_TRUE(plain.requests.isEmpty());
 }
 
-TEST(AddressReader, FollowsToNoOtherScheme) {
+TEST(UrlReader, FollowsToNoOtherScheme) {
     const TemporaryFolder folder;
     const QString file = QString::fromStdString(folder.writeFile("Update.plist", "a file"));
     for (const QString& address :
@@ -255,7 +255,7 @@ TEST(Redirect, MayOnlyGoWithinASchemeOrFromHttpToHttps) {
     EXPECT_FALSE(mayRedirect(QUrl("http://host/"), QUrl("http://[bad")));
 }
 
-TEST(AddressReader, ReadsFiles) {
+TEST(UrlReader, ReadsFiles) {
     const TemporaryFolder folder;
     const QString path = QString::fromStdString(folder.writeFile("a file", "bytes"));
     const QString address = QUrl::fromLocalFile(path).toString();
@@ -264,7 +264,7 @@ TEST(AddressReader, ReadsFiles) {
     EXPECT_EQ(readThere(address, {.bytes = 4}), std::nullopt);
 }
 
-TEST(AddressReader, ReadsNothingButFiles) {
+TEST(UrlReader, ReadsNothingButFiles) {
     const TemporaryFolder folder;
     const std::string pipe = folder.pathOf("pipe");
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);

@@ -1,4 +1,4 @@
-#include "controller/address_reading.h"
+#include "controller/url_reader.h"
 
 #include "controller/paths_of_build.h"
 #include "network/loopback_server.h"
@@ -22,19 +22,19 @@ constexpr std::chrono::milliseconds soonEnough{500};
 constexpr int patience = 20'000;
 
 /// A reading by the product's program, or by one of the test's own, on another thread.
-class AddressReadingTest : public ::testing::Test {
+class UrlReaderTest : public ::testing::Test {
  protected:
-    static AddressReading byTheProgram(ReadBounds bounds = {}) {
-        return readingBy(QString::fromStdString(addressReaderPath()), bounds);
+    static UrlReader byTheProgram(ReadBounds bounds = {}) {
+        return urlReaderFor(QString::fromStdString(urlReaderPath()), bounds);
     }
-    AddressReading byScript(const std::string& script, ReadBounds bounds = {}) const {
+    UrlReader byScript(const std::string& script, ReadBounds bounds = {}) const {
         const std::string path = folder_.writeFile("script", "#!/bin/sh\n" + script + "\n");
         std::filesystem::permissions(path, std::filesystem::perms::owner_all);
-        return readingBy(QString::fromStdString(path), bounds);
+        return urlReaderFor(QString::fromStdString(path), bounds);
     }
 
     /// The thread begins; join() tells what it has read.
-    void begin(const AddressReading& reading, const QString& address) {
+    void begin(const UrlReader& reading, const QString& address) {
         done_ = false;
         bytes_ = "nothing yet";
         reader_ = std::jthread([this, reading, address](const std::stop_token& stop) {
@@ -47,7 +47,7 @@ class AddressReadingTest : public ::testing::Test {
         reader_.join();
         return bytes_;
     }
-    std::optional<QByteArray> read(const AddressReading& reading,
+    std::optional<QByteArray> read(const UrlReader& reading,
                                    const QString& address = QStringLiteral("http://127.0.0.1/")) {
         begin(reading, address);
         return join();
@@ -59,7 +59,7 @@ class AddressReadingTest : public ::testing::Test {
     std::jthread reader_;
 };
 
-TEST_F(AddressReadingTest, BringsWhatIsThere) {
+TEST_F(UrlReaderTest, BringsWhatIsThere) {
     const QByteArray body("zero \0 and \xFF", 12);
     const LoopbackServer server(LoopbackServer::with(body));
     EXPECT_EQ(read(byTheProgram(), server.address() + QStringLiteral("/a%20b")), body);
@@ -67,20 +67,20 @@ TEST_F(AddressReadingTest, BringsWhatIsThere) {
     EXPECT_TRUE(server.requests[0].startsWith("GET /a%20b HTTP/1.1\r\n"));
 }
 
-TEST_F(AddressReadingTest, BringsNothingIfThereIsNothing) {
+TEST_F(UrlReaderTest, BringsNothingIfThereIsNothing) {
     const LoopbackServer server(LoopbackServer::withRaw("HTTP/1.1 404 Not Found\r\n\r\n"));
     EXPECT_EQ(read(byTheProgram(), server.address()), std::nullopt);
     EXPECT_EQ(read(byTheProgram(), QString()), std::nullopt);
     EXPECT_EQ(read(byTheProgram(), QStringLiteral("nonsense")), std::nullopt);
 }
 
-TEST_F(AddressReadingTest, HasAnEmptyAnswerToo) {
+TEST_F(UrlReaderTest, HasAnEmptyAnswerToo) {
     const LoopbackServer server(LoopbackServer::with({}));
     EXPECT_EQ(read(byTheProgram(), server.address()), QByteArray());
 }
 
 /// Nothing of it reaches the bound on the body.
-TEST_F(AddressReadingTest, EndsInTimeWhileTheHeadOfTheAnswerGoesOn) {
+TEST_F(UrlReaderTest, EndsInTimeWhileTheHeadOfTheAnswerGoesOn) {
     QTimer lines;
     LoopbackServer server([&](QTcpSocket& connection) {
         connection.write("HTTP/1.1 200 OK\r\n");
@@ -92,11 +92,11 @@ TEST_F(AddressReadingTest, EndsInTimeWhileTheHeadOfTheAnswerGoesOn) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.closed == 1; }, patience));
 }
 
-TEST_F(AddressReadingTest, EndsInTimeWhateverTheProgramWaitsFor) {
+TEST_F(UrlReaderTest, EndsInTimeWhateverTheProgramWaitsFor) {
     EXPECT_EQ(read(byScript("exec sleep 3600", {.time = soonEnough})), std::nullopt);
 }
 
-TEST_F(AddressReadingTest, EndsWhenItIsStopped) {
+TEST_F(UrlReaderTest, EndsWhenItIsStopped) {
     LoopbackServer server([](QTcpSocket& /*connection*/) {});
     begin(byTheProgram({.time = std::chrono::hours(1)}), server.address());
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.requests.size() == 1; }, patience));
@@ -105,7 +105,7 @@ TEST_F(AddressReadingTest, EndsWhenItIsStopped) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.closed == 1; }, patience));
 }
 
-TEST_F(AddressReadingTest, DoesNotBeginWhenItWasStoppedBefore) {
+TEST_F(UrlReaderTest, DoesNotBeginWhenItWasStoppedBefore) {
     const std::string trace = folder_.pathOf("trace");
     std::stop_source stopped;
     stopped.request_stop();
@@ -113,26 +113,26 @@ TEST_F(AddressReadingTest, DoesNotBeginWhenItWasStoppedBefore) {
     EXPECT_FALSE(std::filesystem::exists(trace));
 }
 
-TEST_F(AddressReadingTest, TakesUpToItsBound) {
+TEST_F(UrlReaderTest, TakesUpToItsBound) {
     EXPECT_EQ(read(byScript("printf 12345", {.bytes = 5})), QByteArray("12345"));
     EXPECT_EQ(read(byScript("printf 123456", {.bytes = 5})), std::nullopt);
     EXPECT_EQ(read(byScript("exec yes")), std::nullopt);
 }
 
-TEST_F(AddressReadingTest, GivesTheProgramTheAddress) {
+TEST_F(UrlReaderTest, GivesTheProgramTheAddress) {
     EXPECT_EQ(read(byScript("cat"), QStringLiteral("https://example.org/a b")),
               QByteArray("https://example.org/a%20b"));
 }
 
-TEST_F(AddressReadingTest, TrustsNoProgramThatFails) {
+TEST_F(UrlReaderTest, TrustsNoProgramThatFails) {
     EXPECT_EQ(read(byScript("printf 12345; exit 1")), std::nullopt);
     EXPECT_EQ(read(byScript("printf 12345; kill -SEGV $$")), std::nullopt);
 }
 
-TEST_F(AddressReadingTest, BringsNothingWithoutAProgram) {
-    EXPECT_EQ(read(readingBy({})), std::nullopt);
-    EXPECT_EQ(read(readingBy(QString::fromStdString(folder_.pathOf("missing")))), std::nullopt);
-    EXPECT_EQ(read(readingBy(QString::fromStdString(folder_.writeFile("text", "no program")))),
+TEST_F(UrlReaderTest, BringsNothingWithoutAProgram) {
+    EXPECT_EQ(read(urlReaderFor({})), std::nullopt);
+    EXPECT_EQ(read(urlReaderFor(QString::fromStdString(folder_.pathOf("missing")))), std::nullopt);
+    EXPECT_EQ(read(urlReaderFor(QString::fromStdString(folder_.writeFile("text", "no program")))),
               std::nullopt);
 }
 

@@ -13,12 +13,12 @@ namespace tarvin {
 
 /// Reads what is at a file, http or https address; none if it cannot be had, for any reason. Blocks
 /// its thread, which is not the main one, until it is done or a stop is asked for.
-using AddressReading =
+using UrlReader =
     std::function<std::optional<QByteArray>(const QUrl& address, const std::stop_token& stop)>;
 
-/// Lets `program` read, as `tarvin-address-reader` does; an empty path reads nothing. The program
+/// Lets `program` read, as `tarvin-url-reader` does; an empty path reads nothing. The program
 /// is ended as soon as a bound is passed or a stop asked for, so both take effect at once whatever
 /// the program waits for.
-[[nodiscard]] AddressReading readingBy(QString program, ReadBounds bounds = {});
+[[nodiscard]] UrlReader urlReaderFor(QString program, ReadBounds bounds = {});
 
 }  // namespace tarvin

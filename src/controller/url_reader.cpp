@@ -1,4 +1,4 @@
-#include "controller/address_reading.h"
+#include "controller/url_reader.h"
 
 #include <QEventLoop>
 #include <QProcess>
@@ -49,7 +49,7 @@ std::optional<QByteArray> read(const QString& program, const ReadBounds& bounds,
 
 }  // namespace
 
-AddressReading readingBy(QString program, ReadBounds bounds) {
+UrlReader urlReaderFor(QString program, ReadBounds bounds) {
     return [program = std::move(program), bounds](
                const QUrl& address, const std::stop_token& stop) -> std::optional<QByteArray> {
         if (program.isEmpty() || stop.stop_requested()) {

@@ -18,6 +18,6 @@ namespace tarvin {
 ///
 /// Blocks its thread. Qt bounds neither the head of an answer nor the search for a proxy; so only a
 /// process that can be ended from outside may call this.
-[[nodiscard]] std::optional<QByteArray> readAddress(const QUrl& address, const ReadBounds& bounds);
+[[nodiscard]] std::optional<QByteArray> readUrl(const QUrl& address, const ReadBounds& bounds);
 
 }  // namespace tarvin

@@ -1,4 +1,4 @@
-#include "network/address_reader.h"
+#include "network/url_reader.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -113,7 +113,7 @@ bool mayRedirect(const QUrl& from, const QUrl& to) {
            (from.scheme() == to.scheme() || (from.scheme() == http && to.scheme() == https));
 }
 
-std::optional<QByteArray> readAddress(const QUrl& address, const ReadBounds& bounds) {
+std::optional<QByteArray> readUrl(const QUrl& address, const ReadBounds& bounds) {
     return address.isLocalFile() ? readFile(address.toLocalFile(), bounds.bytes)
                                  : Download(bounds).read(address);
 }
