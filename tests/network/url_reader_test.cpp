@@ -5,7 +5,9 @@
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QSslCertificate>
 #include <QSslConfiguration>
@@ -224,15 +226,45 @@ TEST(UrlReader, DoesNotFollowFromHttpsToHttp) {
     EXPECT_TRUE(plain.requests.isEmpty());
 }
 
+/// Counts how often a file is opened.
+class OpenCounter final {
+ public:
+    explicit OpenCounter(const std::string& path) {
+        EXPECT_GE(::inotify_add_watch(events_, path.c_str(), IN_OPEN), 0);
+    }
+    OpenCounter(const OpenCounter&) = delete;
+    OpenCounter& operator=(const OpenCounter&) = delete;
+    ~OpenCounter() { ::close(events_); }
+
+    [[nodiscard]] std::size_t count() const {
+        alignas(inotify_event) char bytes[4096];
+        const ssize_t got = ::read(events_, bytes, sizeof(bytes));
+        return got > 0 ? static_cast<std::size_t>(got) / sizeof(inotify_event) : 0;
+    }
+
+ private:
+    const int events_ = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+};
+
 TEST(UrlReader, FollowsToNoOtherScheme) {
-    const TemporaryFolder folder;
-    const QString file = QString::fromStdString(folder.writeFile("Update.plist", "a file"));
-    for (const QString& address :
-         {QString(QStringLiteral("file://") + file), QStringLiteral("data:,text"),
-          QStringLiteral("ftp://127.0.0.1/"), QStringLiteral("http://[bad")}) {
+    for (const QString& address : {QStringLiteral("data:,text"), QStringLiteral("http://[bad")}) {
         const LoopbackServer server(LoopbackServer::to(address));
         EXPECT_EQ(readFrom(server), std::nullopt) << address.toStdString();
     }
+}
+
+// A file can be read, and is when its URL was given: that it is not opened shows the refusal.
+TEST(UrlReader, ARedirectOpensNoFile) {
+    const TemporaryFolder folder;
+    const std::string path = folder.writeFile("Update.plist", "a file");
+    const OpenCounter opened(path);
+    const QString url = QUrl::fromLocalFile(QString::fromStdString(path)).toString();
+    const LoopbackServer server(LoopbackServer::to(url));
+    EXPECT_EQ(readFrom(server), std::nullopt);
+    EXPECT_EQ(server.requests.size(), 1);
+    EXPECT_EQ(opened.count(), 0U);
+    EXPECT_EQ(readThere(url), QByteArray("a file"));
+    EXPECT_EQ(opened.count(), 1U);
 }
 
 TEST(Redirect, MayOnlyGoWithinASchemeOrFromHttpToHttps) {
