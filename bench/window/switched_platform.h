@@ -74,7 +74,7 @@ class SwitchedPlatform final : public Platform {
     std::unique_ptr<TrashMover> makeTrashMover() override {
         return std::make_unique<SwitchedTrash>(systemPlatform().makeTrashMover(), isTrashFree_);
     }
-    RunningCopies& runningCopies() override { return systemPlatform().runningCopies(); }
+    RunningInstances& runningInstances() override { return systemPlatform().runningInstances(); }
     std::vector<Volume> mountedVolumes() override { return systemPlatform().mountedVolumes(); }
     bool isOnNetwork(const std::string& path) override {
         return systemPlatform().isOnNetwork(path);

@@ -46,11 +46,11 @@ void giveHomeImages(ButtonHoverSimple& button) {
 
 AppDelegate::AppDelegate(Surroundings surroundings)
     : surroundings_(std::move(surroundings)),
-      singleCopy_(std::make_unique<SingleCopy>(surroundings_.platform.runningCopies())),
+      singleInstance_(std::make_unique<SingleInstance>(surroundings_.platform.runningInstances())),
       // A window that goes again at once would flash, and the desktop's permission to come to the
       // front, which the first window of a process uses up, is for the first copy.
-      window_(singleCopy_->isFirst() ? surroundings_.appearance
-                                     : MainWindow::Appearance::whenShown),
+      window_(singleInstance_->isFirst() ? surroundings_.appearance
+                                         : MainWindow::Appearance::whenShown),
       session_(surroundings_.platform) {
     if (surroundings_.alerts == nullptr) {
         ownAlerts_ = std::make_unique<MessageBoxes>(&window_);
@@ -76,7 +76,7 @@ AppDelegate::AppDelegate(Surroundings surroundings)
 }
 
 AppDelegate::~AppDelegate() {
-    singleCopy_.reset();  // a copy started from now on does not count on this one
+    singleInstance_.reset();  // a copy started from now on does not count on this one
 }
 
 void AppDelegate::makeResultTasks() {
@@ -159,16 +159,18 @@ void AppDelegate::connectControls() {
 }
 
 void AppDelegate::connectRequests() {
-    connect(singleCopy_.get(), &SingleCopy::quitRequested, this, &AppDelegate::terminate);
-    connect(singleCopy_.get(), &SingleCopy::frontRequested, this, [this](const QByteArray& token) {
-        qputenv("XDG_ACTIVATION_TOKEN", token);
-        comeToFront();
-    });
-    connect(singleCopy_.get(), &SingleCopy::foldersRequested, this, &AppDelegate::openFolders);
+    connect(singleInstance_.get(), &SingleInstance::quitRequested, this, &AppDelegate::terminate);
+    connect(singleInstance_.get(), &SingleInstance::frontRequested, this,
+            [this](const QByteArray& token) {
+                qputenv("XDG_ACTIVATION_TOKEN", token);
+                comeToFront();
+            });
+    connect(singleInstance_.get(), &SingleInstance::foldersRequested, this,
+            &AppDelegate::openFolders);
 }
 
 void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& folders) {
-    if (!singleCopy_->keepFirst(folders)) {
+    if (!singleInstance_->keepFirst(folders)) {
         // Nothing of this copy is seen. It ends when the event loop begins, even if the request
         // that it has sent to itself is lost.
         QMetaObject::invokeMethod(this, "terminate", Qt::QueuedConnection);
@@ -190,7 +192,7 @@ void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& 
     }
     window_.show();
     comeToFront();
-    singleCopy_->listen();
+    singleInstance_->listen();
     // The window comes first.
     QMetaObject::invokeMethod(updates_.get(), "checkAtLaunch", Qt::QueuedConnection);
 }

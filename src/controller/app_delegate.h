@@ -17,7 +17,7 @@
 #include "controller/results.h"
 #include "controller/scan_task.h"
 #include "controller/session.h"
-#include "controller/single_copy.h"
+#include "controller/single_instance.h"
 #include "controller/update_check.h"
 #include "controller/url_reader.h"
 #include "interface/main_window.h"
@@ -130,7 +130,8 @@ class AppDelegate final : public QObject {
     void showDuplicateScanResult();
 
     Surroundings surroundings_;
-    std::unique_ptr<SingleCopy> singleCopy_;  // before the window, which waits for what it says
+    std::unique_ptr<SingleInstance>
+        singleInstance_;  // before the window, which waits for what it says
     MainWindow window_;
     Session session_;
     std::unique_ptr<Alerts> ownAlerts_;

@@ -2,7 +2,7 @@
 
 #include "platform/clock.h"
 #include "platform/file_system.h"
-#include "platform/running_copies.h"
+#include "platform/running_instances.h"
 #include "platform/trash_move.h"
 
 #include <memory>
@@ -42,7 +42,7 @@ class Platform {
     /// The user's Trash, for one clean-up.
     virtual std::unique_ptr<TrashMover> makeTrashMover() = 0;
     /// This process is none of the copies until it joins them.
-    virtual RunningCopies& runningCopies() = 0;
+    virtual RunningInstances& runningInstances() = 0;
 
     /// The mounted volumes as they are now: the root first, then the others in the order in which
     /// they were mounted. Pseudo file systems are left out.

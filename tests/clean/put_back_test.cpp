@@ -36,7 +36,7 @@ class HomePlatform final : public Platform {
                                       {trashCalls_, around.clock, around.mountTable});
     }
     FaultyTrashCalls& trashCalls() { return trashCalls_; }
-    RunningCopies& runningCopies() override { return systemPlatform().runningCopies(); }
+    RunningInstances& runningInstances() override { return systemPlatform().runningInstances(); }
     std::vector<Volume> mountedVolumes() override { return {}; }
     bool isOnNetwork(const std::string& /*path*/) override { return false; }
     std::optional<std::string> userName() override { return {}; }

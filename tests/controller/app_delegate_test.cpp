@@ -116,24 +116,24 @@ TEST_F(Launch, WithAFolderThatIsListedChecksItWithoutANotice) {
 }
 
 TEST_F(Launch, OfASecondCopyAsksItToEnd) {
-    platform.runningCopies().setOthers({{1}}, {2});
+    platform.runningInstances().setOthers({{1}}, {2});
     start();
-    EXPECT_EQ(platform.runningCopies().askedToQuit(), (std::vector<RunningCopy>{{2}}));
-    EXPECT_EQ(platform.runningCopies().broughtToFront(), (std::vector<RunningCopy>{{1}}));
+    EXPECT_EQ(platform.runningInstances().askedToQuit(), (std::vector<RunningInstance>{{2}}));
+    EXPECT_EQ(platform.runningInstances().broughtToFront(), (std::vector<RunningInstance>{{1}}));
 }
 
 TEST_F(Launch, OfASecondCopyHandsItsFoldersToTheFirst) {
-    platform.runningCopies().setOthers({{1}}, {2});
+    platform.runningInstances().setOthers({{1}}, {2});
     start({folder.pathOf("Pictures"), folder.makeFolder("more")});
-    EXPECT_EQ(platform.runningCopies().handedOn(),
+    EXPECT_EQ(platform.runningInstances().handedOn(),
               (std::vector<std::string>{folder.pathOf("Pictures"), folder.pathOf("more")}));
     EXPECT_EQ(screen(), window().home->identifier());
 }
 
 TEST_F(Launch, OfTheFirstCopyHandsNothingOn) {
-    platform.runningCopies().setOthers({{2}}, {1});
+    platform.runningInstances().setOthers({{2}}, {1});
     launch({folder.pathOf("Pictures")});
-    EXPECT_TRUE(platform.runningCopies().handedOn().empty());
+    EXPECT_TRUE(platform.runningInstances().handedOn().empty());
     EXPECT_EQ(screen(), window().locations->identifier());
 }
 
@@ -142,7 +142,7 @@ TEST_F(Launch, OfASecondCopyEndsWithoutAWindow) {
     make();
     EXPECT_TRUE(window().isVisible());
     delegate.reset();
-    platform.runningCopies().setOthers({{1}}, {2});
+    platform.runningInstances().setOthers({{1}}, {2});
     const ShownWindows shown;
     start();
     EXPECT_TRUE(comesTrue([&] { return terminations == 1; }));
@@ -151,7 +151,7 @@ TEST_F(Launch, OfASecondCopyEndsWithoutAWindow) {
 
 TEST_F(Launch, OfACopyThatAnotherPrecedesByAMomentShowsNoWindow) {
     appearance = MainWindow::Appearance::atOnce;
-    platform.runningCopies().letOthersComeFirst({{1}}, {2});
+    platform.runningInstances().letOthersComeFirst({{1}}, {2});
     const ShownWindows shown;
     start();
     EXPECT_TRUE(comesTrue([&] { return terminations == 1; }));
@@ -160,7 +160,7 @@ TEST_F(Launch, OfACopyThatAnotherPrecedesByAMomentShowsNoWindow) {
 
 TEST_F(Launch, ObeysWhatAnotherCopyAskedDuringTheStart) {
     make();
-    platform.runningCopies().openInThis({folder.makeFolder("more")});
+    platform.runningInstances().openInThis({folder.makeFolder("more")});
     QCoreApplication::processEvents();
     EXPECT_EQ(screen(), window().home->identifier());
     delegate->applicationDidFinishLaunching();
@@ -170,14 +170,14 @@ TEST_F(Launch, ObeysWhatAnotherCopyAskedDuringTheStart) {
 
 TEST_F(Launch, EndsWhenAskedTo) {
     launch();
-    platform.runningCopies().askThisToQuit();
+    platform.runningInstances().askThisToQuit();
     EXPECT_TRUE(comesTrue([&] { return terminations == 1; }));
 }
 
 TEST_F(Launch, ComesToTheFrontWhenAskedTo) {
     launch();
     window().showMinimized();
-    platform.runningCopies().bringThisToFront();
+    platform.runningInstances().bringThisToFront();
     EXPECT_TRUE(comesTrue([&] { return !window().isMinimized(); }));
 }
 
@@ -187,7 +187,7 @@ TEST_F(Launch, ComesBackMaximisedIfItWasMaximised) {
     ASSERT_TRUE(comesTrue([&] { return window().isMaximized(); }));
     window().showMinimized();
     ASSERT_TRUE(comesTrue([&] { return window().isMinimized(); }));
-    platform.runningCopies().bringThisToFront();
+    platform.runningInstances().bringThisToFront();
     EXPECT_TRUE(comesTrue([&] { return !window().isMinimized(); }));
     EXPECT_TRUE(window().isMaximized());
 }
@@ -198,7 +198,7 @@ class FoldersOfAnotherCopy : public ProductBench {
     void SetUp() override { launch(); }
 
     void handOver(const char* name) {
-        platform.runningCopies().openInThis({folder.makeFolder(name)});
+        platform.runningInstances().openInThis({folder.makeFolder(name)});
     }
     [[nodiscard]] const std::vector<LocationRow>& rows() {
         return delegate->locations().list().rows();

@@ -148,7 +148,7 @@ TEST_F(BrowsedList, KeepsFoldersOfASecondStart) {
     launch();
     click("mainScanButtonFolder");
     open("Documents");
-    platform.runningCopies().openInThis({folder.makeFolder("more")});
+    platform.runningInstances().openInThis({folder.makeFolder("more")});
     ASSERT_TRUE(comesTrue([this] { return names().size() == 3; }));
     click("backFolderButton");
     EXPECT_EQ(names(), (Names{"Desktop", "Documents", "Pictures", "volume"}));

@@ -93,7 +93,7 @@ TEST_F(Scanning, SaysThatMemoryRanOut) {
 
 TEST_F(Scanning, IsNotDisturbedByFoldersOfAnotherCopy) {
     beginAndHoldComparison();
-    platform.runningCopies().openInThis({folder.makeFolder("more")});
+    platform.runningInstances().openInThis({folder.makeFolder("more")});
     ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
     EXPECT_EQ(alerts.shown[0].informativeText,
               QStringLiteral("To scan other folders, please go back to the start first."));
@@ -448,7 +448,7 @@ TEST_F(Scanning, EndsWithTheProgramInTheMiddleOfAFile) {
     delegate->scan().run().requestStop();
     barrier.open();
     delegate.reset();
-    EXPECT_FALSE(platform.runningCopies().hasJoined());
+    EXPECT_FALSE(platform.runningInstances().hasJoined());
 }
 
 }  // namespace

@@ -36,11 +36,11 @@ TEST(FakePlatform, AnswersWhatWasSet) {
 
 TEST(FakePlatform, RunsInOneCopyAtFirst) {
     FakePlatform platform;
-    EXPECT_TRUE(platform.runningCopies().copies().empty());
-    ASSERT_TRUE(platform.runningCopies().join({}));
-    EXPECT_EQ(platform.runningCopies().copies(), std::vector<RunningCopy>{{1}});
-    platform.runningCopies().leave();
-    EXPECT_TRUE(platform.runningCopies().copies().empty());
+    EXPECT_TRUE(platform.runningInstances().instances().empty());
+    ASSERT_TRUE(platform.runningInstances().join({}));
+    EXPECT_EQ(platform.runningInstances().instances(), std::vector<RunningInstance>{{1}});
+    platform.runningInstances().leave();
+    EXPECT_TRUE(platform.runningInstances().instances().empty());
 }
 
 TEST(FakeClock, StandsStillUntilItIsMoved) {

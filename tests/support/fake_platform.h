@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/platform.h"
-#include "support/fake_running_copies.h"
+#include "support/fake_running_instances.h"
 #include "support/fake_trash.h"
 #include "support/held_trash.h"
 
@@ -69,8 +69,8 @@ class FakePlatform final : public Platform {
         beforePutBack_ = std::move(beforePutBack);
     }
     FakeTrash& trash() { return trash_; }
-    /// One thread at a time, like every RunningCopies.
-    FakeRunningCopies& runningCopies() override { return runningCopies_; }
+    /// Used on one thread at a time, like every RunningInstances.
+    FakeRunningInstances& runningInstances() override { return runningInstances_; }
 
     std::vector<Volume> mountedVolumes() override {
         const std::lock_guard lock(mutex_);
@@ -130,7 +130,7 @@ class FakePlatform final : public Platform {
     FakeTrash trash_;
     std::optional<TrashUser> trashUser_;
     HeldTrash::BeforePutBack beforePutBack_;
-    FakeRunningCopies runningCopies_;
+    FakeRunningInstances runningInstances_;
     std::mutex mutex_;
     std::vector<Volume> volumes_;                                   // guarded by mutex_
     std::string networkFolder_;                                     // guarded by mutex_

@@ -2,7 +2,7 @@
 
 #include "platform/linux/block_devices.h"
 #include "platform/linux/mount_table.h"
-#include "platform/linux/running_copies.h"
+#include "platform/linux/running_instances.h"
 #include "platform/linux/small_file.h"
 #include "platform/linux/user_environment.h"
 #include "platform/linux/volumes.h"
@@ -28,7 +28,7 @@ class LinuxPlatform final : public Platform {
     FileSystem& fileSystem() override { return systemFileSystem(); }
     Clock& clock() override { return systemClock(); }
     std::unique_ptr<TrashMover> makeTrashMover() override { return tarvin::makeTrashMover(); }
-    RunningCopies& runningCopies() override { return *runningCopies_; }
+    RunningInstances& runningInstances() override { return *runningInstances_; }
 
     std::vector<Volume> mountedVolumes() override {
         return volumesOf(readMountInfo().value_or(std::vector<MountEntry>()),
@@ -52,8 +52,8 @@ class LinuxPlatform final : public Platform {
     }
 
  private:
-    std::unique_ptr<RunningCopies> runningCopies_ =
-        makeRunningCopies(meetingFolders(processEnvironment()));
+    std::unique_ptr<RunningInstances> runningInstances_ =
+        makeRunningInstances(meetingFolders(processEnvironment()));
 };
 
 }  // namespace

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/running_copies.h"
+#include "platform/running_instances.h"
 
 #include <algorithm>
 #include <optional>
@@ -12,20 +12,20 @@ namespace tarvin {
 
 /// Fake instances of the program; at first this process is the only one. One thread at a time; the
 /// requests are called synchronously, on that thread.
-class FakeRunningCopies final : public RunningCopies {
+class FakeRunningInstances final : public RunningInstances {
  public:
     /// Makes join() fail with `error` from now on.
     void refuseToJoin(SystemError error) { refusal_ = error; }
     /// Sets the instances that run already, in order; their numbers may be below and above that of
-    /// this process, which is `thisCopy`.
-    void setOthers(std::vector<RunningCopy> others, RunningCopy thisCopy) {
+    /// this process, which is `thisInstance`.
+    void setOthers(std::vector<RunningInstance> others, RunningInstance thisInstance) {
         others_ = std::move(others);
-        thisCopy_ = thisCopy;
+        thisInstance_ = thisInstance;
     }
     /// Like setOthers(), but they start just before this process joins.
-    void letOthersComeFirst(std::vector<RunningCopy> others, RunningCopy thisCopy) {
+    void letOthersComeFirst(std::vector<RunningInstance> others, RunningInstance thisInstance) {
         comingFirst_ = std::move(others);
-        thisCopy_ = thisCopy;
+        thisInstance_ = thisInstance;
     }
     /// Requests of another instance to this one. Requires that it has joined.
     void askThisToQuit() const { requests_.quit(); }
@@ -38,89 +38,90 @@ class FakeRunningCopies final : public RunningCopies {
     }
 
     [[nodiscard]] bool hasJoined() const { return joined_; }
-    [[nodiscard]] const std::vector<RunningCopy>& askedToQuit() const { return askedToQuit_; }
-    [[nodiscard]] const std::vector<RunningCopy>& broughtToFront() const { return front_; }
+    [[nodiscard]] const std::vector<RunningInstance>& askedToQuit() const { return askedToQuit_; }
+    [[nodiscard]] const std::vector<RunningInstance>& broughtToFront() const { return front_; }
     [[nodiscard]] const std::vector<std::string>& handedOn() const { return handedOn_; }
     [[nodiscard]] const std::string& lastToken() const { return lastToken_; }
 
-    Result<RunningCopy> join(CopyRequests requests) override {
+    Result<RunningInstance> join(InstanceRequests requests) override {
         if (refusal_) {
             return *refusal_;
         }
         requests_ = std::move(requests);
         others_.insert(others_.end(), comingFirst_.begin(), comingFirst_.end());
         joined_ = true;
-        return thisCopy_;
+        return thisInstance_;
     }
 
     void leave() override { joined_ = false; }
 
-    std::vector<RunningCopy> copies() override {
+    std::vector<RunningInstance> instances()() override {
         if (!joined_) {
             return {};
         }
-        std::vector<RunningCopy> all = others_;
-        all.push_back(thisCopy_);
-        std::sort(all.begin(), all.end(),
-                  [](RunningCopy one, RunningCopy other) { return one.number < other.number; });
+        std::vector<RunningInstance> all = others_;
+        all.push_back(thisInstance_);
+        std::sort(all.begin(), all.end(), [](RunningInstance one, RunningInstance other) {
+            return one.number < other.number;
+        });
         return all;
     }
 
-    bool askToQuit(RunningCopy copy) override {
-        if (!isThere(copy)) {
+    bool askToQuit(RunningInstance instance) override {
+        if (!isThere(instance)) {
             return false;
         }
-        askedToQuit_.push_back(copy);
-        if (copy == thisCopy_) {
+        askedToQuit_.push_back(instance);
+        if (instance == thisInstance_) {
             requests_.quit();
         }
         return true;
     }
 
-    bool bringToFront(RunningCopy copy, const std::string& activationToken) override {
-        if (!isThere(copy)) {
+    bool bringToFront(RunningInstance instance, const std::string& activationToken) override {
+        if (!isThere(instance)) {
             return false;
         }
-        front_.push_back(copy);
+        front_.push_back(instance);
         lastToken_ = activationToken;
-        if (copy == thisCopy_) {
+        if (instance == thisInstance_) {
             requests_.comeToFront(activationToken);
         }
         return true;
     }
 
-    bool openFolders(RunningCopy copy, const std::vector<std::string>& folders) override {
-        if (!isThere(copy)) {
+    bool openFolders(RunningInstance instance, const std::vector<std::string>& folders) override {
+        if (!isThere(instance)) {
             return false;
         }
         handedOn_.insert(handedOn_.end(), folders.begin(), folders.end());
-        if (copy == thisCopy_) {
+        if (instance == thisInstance_) {
             requests_.openFolders(folders);
         }
         return true;
     }
 
-    /// Makes an instance exit just before the next request to it: copies() lists it once more.
-    void endBeforeItIsAsked(RunningCopy copy) { ending_.push_back(copy); }
+    /// Makes an instance exit just before the next request to it: instances()() lists it once more.
+    void endBeforeItIsAsked(RunningInstance instance) { ending_.push_back(instance); }
 
  private:
-    bool isThere(RunningCopy copy) {
-        if (std::erase(ending_, copy) > 0) {
-            std::erase(others_, copy);
+    bool isThere(RunningInstance instance) {
+        if (std::erase(ending_, instance) > 0) {
+            std::erase(others_, instance);
             return false;
         }
-        return copy == thisCopy_ ||
-               std::find(others_.begin(), others_.end(), copy) != others_.end();
+        return instance == thisInstance_ ||
+               std::find(others_.begin(), others_.end(), instance) != others_.end();
     }
 
-    CopyRequests requests_;
+    InstanceRequests requests_;
     std::optional<SystemError> refusal_;
-    std::vector<RunningCopy> others_;
-    std::vector<RunningCopy> comingFirst_;
-    std::vector<RunningCopy> ending_;
-    RunningCopy thisCopy_{1};
-    std::vector<RunningCopy> askedToQuit_;
-    std::vector<RunningCopy> front_;
+    std::vector<RunningInstance> others_;
+    std::vector<RunningInstance> comingFirst_;
+    std::vector<RunningInstance> ending_;
+    RunningInstance thisInstance_{1};
+    std::vector<RunningInstance> askedToQuit_;
+    std::vector<RunningInstance> front_;
     std::vector<std::string> handedOn_;
     std::string lastToken_;
     bool joined_ = false;

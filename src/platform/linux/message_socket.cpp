@@ -1,4 +1,4 @@
-#include "platform/linux/copy_socket.h"
+#include "platform/linux/message_socket.h"
 
 #include <poll.h>
 #include <sys/eventfd.h>
@@ -20,7 +20,7 @@ UniqueFd newSocket() {
     return UniqueFd(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
 }
 
-/// The address of a path; none if it is too long for one.
+/// The socket address of a path; nullopt if the path is too long.
 std::optional<sockaddr_un> addressOf(const std::string& path) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
@@ -38,7 +38,7 @@ const sockaddr* asAny(const sockaddr_un& address) {
 
 }  // namespace
 
-Result<std::unique_ptr<CopySocket>> CopySocket::listen(
+Result<std::unique_ptr<MessageSocket>> MessageSocket::listen(
     const std::string& path, std::function<void(std::string_view)> received) {
     const auto address = addressOf(path);
     if (!address) {
@@ -52,25 +52,25 @@ Result<std::unique_ptr<CopySocket>> CopySocket::listen(
     if (!wake) {
         return SystemError{errno};
     }
-    return std::unique_ptr<CopySocket>(
-        new CopySocket(std::move(socket), std::move(wake), std::move(received)));
+    return std::unique_ptr<MessageSocket>(
+        new MessageSocket(std::move(socket), std::move(wake), std::move(received)));
 }
 
-CopySocket::CopySocket(UniqueFd socket, UniqueFd wake,
-                       std::function<void(std::string_view)> received)
+MessageSocket::MessageSocket(UniqueFd socket, UniqueFd wake,
+                             std::function<void(std::string_view)> received)
     : socket_(std::move(socket)),
       wake_(std::move(wake)),
       received_(std::move(received)),
       thread_([this] { run(); }) {}
 
-CopySocket::~CopySocket() {
+MessageSocket::~MessageSocket() {
     const std::uint64_t once = 1;
     // An empty counter always has room.
     [[maybe_unused]] const ssize_t written = ::write(wake_.number(), &once, sizeof(once));
     thread_.join();
 }
 
-bool CopySocket::send(const std::string& path, std::string_view message) {
+bool MessageSocket::send(const std::string& path, std::string_view message) {
     const auto address = addressOf(path);
     if (!address) {
         return false;
@@ -80,8 +80,8 @@ bool CopySocket::send(const std::string& path, std::string_view message) {
                               asAny(*address), sizeof(*address)) >= 0;
 }
 
-void CopySocket::run() {
-    std::array<char, longestMessage> room{};
+void MessageSocket::run() {
+    std::array<char, maxMessageBytes> room{};
     while (waitForMessage()) {
         const ssize_t got = ::recv(socket_.number(), room.data(), room.size(), 0);
         if (got >= 0) {
@@ -90,8 +90,8 @@ void CopySocket::run() {
     }
 }
 
-/// False when the object goes, or the system gives up.
-bool CopySocket::waitForMessage() const {
+/// False on destruction, or if the system call fails.
+bool MessageSocket::waitForMessage() const {
     std::array<pollfd, 2> waited{pollfd{wake_.number(), POLLIN, 0},
                                  pollfd{socket_.number(), POLLIN, 0}};
     int ready = -1;

@@ -1,43 +1,44 @@
-#include "controller/single_copy.h"
+#include "controller/single_instance.h"
 
 #include <QtGlobal>
 #include <utility>
 
 namespace tarvin {
 
-SingleCopy::SingleCopy(RunningCopies& copies) : copies_(copies) {
-    connect(this, &SingleCopy::asked, this, &SingleCopy::emitKept, Qt::QueuedConnection);
-    if (const auto joined = copies_.join(requests())) {
+SingleInstance::SingleInstance(RunningInstances& instances) : instances_(instances) {
+    connect(this, &SingleInstance::asked, this, &SingleInstance::emitKept, Qt::QueuedConnection);
+    if (const auto joined = instances_.join(requests())) {
         self_ = *joined;
     }
 }
 
-bool SingleCopy::isFirst() const {
-    const std::vector<RunningCopy> running = copies_.copies();
+bool SingleInstance::isFirst() const {
+    const std::vector<RunningInstance> running = instances_.instances();
     return running.empty() || running.front() == self_;
 }
 
-bool SingleCopy::keepFirst(const std::vector<std::string>& folders) {
+bool SingleInstance::keepFirst(const std::vector<std::string>& folders) {
     if (!self_) {
         return true;
     }
-    const auto first = keepFirstCopyOnly(copies_, qgetenv("XDG_ACTIVATION_TOKEN").toStdString());
+    const auto first =
+        keepFirstInstanceOnly(instances_, qgetenv("XDG_ACTIVATION_TOKEN").toStdString());
     if (!first || first == self_) {
         return true;
     }
     if (!folders.empty()) {
-        // A copy that takes none of them, or not all, shows its list without them.
-        static_cast<void>(copies_.openFolders(*first, folders));
+        // An instance that takes none of them, or not all, shows its list without them.
+        static_cast<void>(instances_.openFolders(*first, folders));
     }
     return false;
 }
 
-void SingleCopy::listen() {
+void SingleInstance::listen() {
     listens_ = true;
     emitKept();
 }
 
-CopyRequests SingleCopy::requests() {
+InstanceRequests SingleInstance::requests() {
     return {
         .quit = [this] { keep([this] { Q_EMIT quitRequested(); }); },
         .comeToFront =
@@ -50,7 +51,7 @@ CopyRequests SingleCopy::requests() {
             }};
 }
 
-void SingleCopy::keep(std::function<void()> signal) {
+void SingleInstance::keep(std::function<void()> signal) {
     {
         const std::lock_guard lock(mutex_);
         kept_.push_back(std::move(signal));
@@ -58,7 +59,7 @@ void SingleCopy::keep(std::function<void()> signal) {
     Q_EMIT asked();
 }
 
-void SingleCopy::emitKept() {
+void SingleInstance::emitKept() {
     if (!listens_) {
         return;
     }

@@ -1,4 +1,4 @@
-#include "platform/copy_process.h"
+#include "platform/instance_process.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -20,26 +20,26 @@ bool holds(const Lines& lines, const std::string& line) {
 
 class RunningProcesses : public ::testing::Test {
  protected:
-    /// Starts so many copies at once. The first of them stays, the others end.
+    /// Starts so many instances at once. The first of them stays, the others end.
     void expectOneSurvivor(std::size_t count) {
-        std::vector<std::unique_ptr<CopyProcess>> copies;
+        std::vector<std::unique_ptr<InstanceProcess>> instances;
         for (std::size_t number = 0; number < count; ++number) {
-            copies.push_back(std::make_unique<CopyProcess>(folders_));
+            instances.push_back(std::make_unique<InstanceProcess>(folders_));
         }
-        for (const auto& copy : copies) {
-            copy->tell("start");
+        for (const auto& instance : instances) {
+            instance->tell("start");
         }
         std::size_t survivors = 0;
-        for (const auto& copy : copies) {
-            if (copy->nextLine() == "joined 1") {
+        for (const auto& instance : instances) {
+            if (instance->nextLine() == "joined 1") {
                 ++survivors;
-                first_ = copy.get();
+                first_ = instance.get();
                 continue;
             }
-            const Lines lines = copy->linesToTheEnd();
+            const Lines lines = instance->linesToTheEnd();
             EXPECT_TRUE(holds(lines, "stays 1"));
             EXPECT_TRUE(holds(lines, "quit"));
-            EXPECT_EQ(copy->wait(), 0);
+            EXPECT_EQ(instance->wait(), 0);
         }
         ASSERT_EQ(survivors, 1u);
         expectFirstToStay();
@@ -50,7 +50,7 @@ class RunningProcesses : public ::testing::Test {
         Lines lines;
         while (!holds(lines, "stays 1") || !holds(lines, "front a token")) {
             lines.push_back(first_->nextLine());
-            ASSERT_NE(lines.back(), "") << "The first copy has ended.";
+            ASSERT_NE(lines.back(), "") << "The first instance has ended.";
             ASSERT_NE(lines.back(), "quit");
         }
         first_->endInput();
@@ -60,7 +60,7 @@ class RunningProcesses : public ::testing::Test {
 
     TemporaryFolder folder_;
     const std::vector<std::string> folders_{folder_.pathOf("meeting")};
-    CopyProcess* first_ = nullptr;
+    InstanceProcess* first_ = nullptr;
 };
 
 TEST_F(RunningProcesses, OfTwoStartedAtOnceTheFirstStays) {
@@ -80,9 +80,9 @@ TEST_F(RunningProcesses, OfTenStartedAtOnceTheFirstStays) {
 }
 
 TEST_F(RunningProcesses, AThirdEndsItselfAndTheSecond) {
-    CopyProcess first(folders_);
-    CopyProcess second(folders_);
-    CopyProcess third(folders_);
+    InstanceProcess first(folders_);
+    InstanceProcess second(folders_);
+    InstanceProcess third(folders_);
     EXPECT_EQ(first.ask("join"), "joined 1");
     EXPECT_EQ(second.ask("join"), "joined 2");
     EXPECT_EQ(third.ask("start"), "joined 3");
@@ -91,40 +91,40 @@ TEST_F(RunningProcesses, AThirdEndsItselfAndTheSecond) {
     EXPECT_TRUE(holds(third.linesToTheEnd(), "quit"));
     EXPECT_EQ(third.wait(), 0);
     EXPECT_EQ(first.nextLine(), "front a token");
-    EXPECT_EQ(first.ask("copies"), "copies 1");
+    EXPECT_EQ(first.ask("instances"), "instances 1");
 }
 
 TEST_F(RunningProcesses, ACrashedOneIsNoLongerThere) {
-    CopyProcess first(folders_);
-    CopyProcess second(folders_);
+    InstanceProcess first(folders_);
+    InstanceProcess second(folders_);
     EXPECT_EQ(first.ask("join"), "joined 1");
     EXPECT_EQ(second.ask("join"), "joined 2");
     first.tell("crash");
     EXPECT_EQ(first.wait(), 9);
-    EXPECT_EQ(second.ask("copies"), "copies 2");
+    EXPECT_EQ(second.ask("instances"), "instances 2");
     EXPECT_EQ(second.ask("rule"), "stays 2");
 }
 
 TEST_F(RunningProcesses, AKilledOneDoesNotKeepTheNextFromStarting) {
     {
-        CopyProcess killed(folders_);
+        InstanceProcess killed(folders_);
         EXPECT_EQ(killed.ask("join"), "joined 1");
         killed.send(SIGKILL);
         EXPECT_EQ(killed.wait(), 128 + SIGKILL);
     }
-    CopyProcess next(folders_);
+    InstanceProcess next(folders_);
     EXPECT_EQ(next.ask("start"), "joined 1");
     EXPECT_EQ(next.nextLine(), "stays 1");
-    EXPECT_EQ(next.ask("copies"), "copies 1");
+    EXPECT_EQ(next.ask("instances"), "instances 1");
 }
 
 TEST_F(RunningProcesses, OneThatStandsStillHangsNobody) {
-    CopyProcess first(folders_);
+    InstanceProcess first(folders_);
     EXPECT_EQ(first.ask("join"), "joined 1");
     first.send(SIGSTOP);
     // More of them than the system keeps messages for one that does not read them.
     for (int number = 0; number < 20; ++number) {
-        CopyProcess next(folders_);
+        InstanceProcess next(folders_);
         EXPECT_EQ(next.ask("start"), "joined 2");
         EXPECT_TRUE(holds(next.linesToTheEnd(), "quit"));
         EXPECT_EQ(next.wait(), 0);
@@ -135,13 +135,13 @@ TEST_F(RunningProcesses, OneThatStandsStillHangsNobody) {
 
 TEST_F(RunningProcesses, WithoutAPlaceToMeetEachStays) {
     const std::vector<std::string> nowhere{folder_.pathOf("missing/meeting")};
-    CopyProcess first(nowhere);
-    CopyProcess second(nowhere);
+    InstanceProcess first(nowhere);
+    InstanceProcess second(nowhere);
     EXPECT_EQ(first.ask("start"), "alone 2");
     EXPECT_EQ(first.nextLine(), "stays nobody");
     EXPECT_EQ(second.ask("start"), "alone 2");
     EXPECT_EQ(second.nextLine(), "stays nobody");
-    EXPECT_EQ(first.ask("copies"), "copies");
+    EXPECT_EQ(first.ask("instances"), "instances");
 }
 
 }  // namespace

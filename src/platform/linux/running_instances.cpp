@@ -1,8 +1,8 @@
-#include "platform/linux/running_copies.h"
+#include "platform/linux/running_instances.h"
 
 #include "platform/durable_file.h"
 #include "platform/file_system.h"
-#include "platform/linux/copy_socket.h"
+#include "platform/linux/message_socket.h"
 #include "platform/linux/private_folder.h"
 #include "platform/unique_fd.h"
 
@@ -25,9 +25,9 @@ namespace tarvin {
 
 namespace {
 
-constexpr int mostNumbersTried = 1000;
-constexpr std::size_t portionBytes = std::size_t{32} << 10U;
-constexpr std::size_t longestToken = 1024;
+constexpr int maxNumbersTried = 1000;
+constexpr std::size_t listingBytes = std::size_t{32} << 10U;
+constexpr std::size_t maxTokenBytes = 1024;
 
 constexpr std::string_view namePrefix = "copy-";
 constexpr std::string_view lockSuffix = ".lock";
@@ -35,13 +35,13 @@ constexpr std::string_view socketSuffix = ".socket";
 
 constexpr std::string_view quitMessage = "quit";
 constexpr std::string_view frontMessage = "front ";  // and the token
-constexpr std::string_view openMessage = "open ";    // and paths, each ended by a zero
+constexpr std::string_view openMessage = "open ";    // and null-terminated paths
 
 std::string nameOf(std::uint64_t number, std::string_view suffix) {
     return std::string(namePrefix).append(std::to_string(number)).append(suffix);
 }
 
-/// The number in the name of a copy's file; none for any other name.
+/// The number in the name of an instance's file; nullopt for any other name.
 std::optional<std::uint64_t> numberIn(std::string_view name) {
     std::uint64_t number = 0;
     if (!name.starts_with(namePrefix)) {
@@ -54,12 +54,12 @@ std::optional<std::uint64_t> numberIn(std::string_view name) {
     return isOurs ? std::optional(number) : std::nullopt;
 }
 
-/// The numbers of all files that copies have left in the folder, in order.
+/// The numbers of all instances with a file in the folder, in order.
 std::set<std::uint64_t> numbersIn(const PrivateFolder& folder) {
     std::set<std::uint64_t> numbers;
     FileSystem& fileSystem = systemFileSystem();
     const auto opened = fileSystem.openRootDirectory(folder.path());
-    EntryBlock block(portionBytes);
+    EntryBlock block(listingBytes);
     while (opened && fileSystem.listEntries(*opened, block) && !block.entries().empty()) {
         for (const EntryBlock::Entry& entry : block.entries()) {
             if (const auto number = numberIn(entry.name)) {
@@ -70,43 +70,43 @@ std::set<std::uint64_t> numbersIn(const PrivateFolder& folder) {
     return numbers;
 }
 
-enum class Life { lives, leaves, gone };
+enum class State { running, quitting, dead };
 
 void removeFiles(const PrivateFolder& folder, std::uint64_t number) {
     ::unlinkat(folder.number(), nameOf(number, socketSuffix).c_str(), 0);
     ::unlinkat(folder.number(), nameOf(number, lockSuffix).c_str(), 0);
 }
 
-/// Whether somebody holds the copy's file locked; if so, whether the copy still listens.
-Life lifeOf(const PrivateFolder& folder, std::uint64_t number) {
+/// Dead if its file is not locked; quitting if it has no socket any more.
+State stateOf(const PrivateFolder& folder, std::uint64_t number) {
     const UniqueFd file(::openat(folder.number(), nameOf(number, lockSuffix).c_str(),
                                  O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     const bool isHeld = file && ::flock(file.number(), LOCK_SH | LOCK_NB) != 0;
     if (!isHeld) {
-        return Life::gone;
+        return State::dead;
     }
     const std::string socket = nameOf(number, socketSuffix);
     const bool listens = ::faccessat(folder.number(), socket.c_str(), F_OK, 0) == 0;
-    return listens ? Life::lives : Life::leaves;
+    return listens ? State::running : State::quitting;
 }
 
-/// The copies that live, in order. What the others have left behind is removed. The folder is held
-/// locked, so that nobody is just being born.
-std::vector<RunningCopy> livingCopies(const PrivateFolder& folder) {
-    std::vector<RunningCopy> living;
+/// The running instances, in order. Removes the files of dead ones. Requires the folder lock: no
+/// instance can be between creating its file and locking it.
+std::vector<RunningInstance> runningInstances(const PrivateFolder& folder) {
+    std::vector<RunningInstance> running;
     for (const std::uint64_t number : numbersIn(folder)) {
-        switch (lifeOf(folder, number)) {
-            case Life::lives:
-                living.push_back({number});
+        switch (stateOf(folder, number)) {
+            case State::running:
+                running.push_back({number});
                 break;
-            case Life::leaves:
+            case State::quitting:
                 break;
-            case Life::gone:
+            case State::dead:
                 removeFiles(folder, number);
                 break;
         }
     }
-    return living;
+    return running;
 }
 
 std::vector<std::string> pathsIn(std::string_view text) {
@@ -119,10 +119,10 @@ std::vector<std::string> pathsIn(std::string_view text) {
 }
 
 bool fitsMessage(const std::string& path) {
-    return openMessage.size() + path.size() + 1 <= CopySocket::longestMessage;
+    return openMessage.size() + path.size() + 1 <= MessageSocket::maxMessageBytes;
 }
 
-/// As few messages as hold them; a path that none could hold is left out.
+/// As few messages as possible; a path that does not fit into one is left out.
 std::vector<std::string> messagesOf(const std::vector<std::string>& paths) {
     std::vector<std::string> messages;
     for (const std::string& path : paths) {
@@ -130,7 +130,7 @@ std::vector<std::string> messagesOf(const std::vector<std::string>& paths) {
             continue;
         }
         const std::size_t added = path.size() + 1;
-        if (messages.empty() || messages.back().size() + added > CopySocket::longestMessage) {
+        if (messages.empty() || messages.back().size() + added > MessageSocket::maxMessageBytes) {
             messages.emplace_back(openMessage);
         }
         messages.back().append(path).push_back('\0');
@@ -138,11 +138,11 @@ std::vector<std::string> messagesOf(const std::vector<std::string>& paths) {
     return messages;
 }
 
-/// The place of one copy: its two files. Goes with them.
+/// The two files of one instance; removed on destruction.
 class Place final {
  public:
-    /// A place behind all others.
-    static Result<std::unique_ptr<Place>> take(PrivateFolder folder, CopyRequests requests,
+    /// With a number higher than all others.
+    static Result<std::unique_ptr<Place>> take(PrivateFolder folder, InstanceRequests requests,
                                                std::chrono::milliseconds patience);
 
     Place(PrivateFolder folder, UniqueFd file, std::uint64_t number)
@@ -154,27 +154,27 @@ class Place final {
         removeFiles(folder_, number_);
     }
 
-    [[nodiscard]] RunningCopy copy() const { return {number_}; }
+    [[nodiscard]] RunningInstance instance() const { return {number_}; }
     [[nodiscard]] const PrivateFolder& folder() const { return folder_; }
 
  private:
-    std::optional<SystemError> listen(CopyRequests requests);
-    void obey(const CopyRequests& requests, std::string_view message) const;
+    std::optional<SystemError> listen(InstanceRequests requests);
+    void obey(const InstanceRequests& requests, std::string_view message) const;
 
     PrivateFolder folder_;
     const UniqueFd file_;  // held locked
     const std::uint64_t number_;
-    std::unique_ptr<CopySocket> socket_;
+    std::unique_ptr<MessageSocket> socket_;
 };
 
-Result<std::unique_ptr<Place>> Place::take(PrivateFolder folder, CopyRequests requests,
+Result<std::unique_ptr<Place>> Place::take(PrivateFolder folder, InstanceRequests requests,
                                            std::chrono::milliseconds patience) {
     const auto lock = FolderLock::take(folder.path(), patience);
     if (!lock) {
         return lock.error();
     }
-    const std::vector<RunningCopy> living = livingCopies(folder);
-    std::uint64_t number = living.empty() ? 1 : living.back().number + 1;
+    const std::vector<RunningInstance> running = runningInstances(folder);
+    std::uint64_t number = running.empty() ? 1 : running.back().number + 1;
     UniqueFd file;
     for (int tries = 0;; ++tries, ++number) {
         file = UniqueFd(::openat(folder.number(), nameOf(number, lockSuffix).c_str(),
@@ -183,7 +183,7 @@ Result<std::unique_ptr<Place>> Place::take(PrivateFolder folder, CopyRequests re
         if (file) {
             break;
         }
-        if (errno != EEXIST || tries == mostNumbersTried) {
+        if (errno != EEXIST || tries == maxNumbersTried) {
             return SystemError{errno};
         }
     }
@@ -198,10 +198,10 @@ Result<std::unique_ptr<Place>> Place::take(PrivateFolder folder, CopyRequests re
     return place;
 }
 
-std::optional<SystemError> Place::listen(CopyRequests requests) {
-    auto socket = CopySocket::listen(folder_.pathOf(nameOf(number_, socketSuffix)),
-                                     [this, requests = std::move(requests)](
-                                         std::string_view message) { obey(requests, message); });
+std::optional<SystemError> Place::listen(InstanceRequests requests) {
+    auto socket = MessageSocket::listen(folder_.pathOf(nameOf(number_, socketSuffix)),
+                                        [this, requests = std::move(requests)](
+                                            std::string_view message) { obey(requests, message); });
     if (!socket) {
         return socket.error();
     }
@@ -209,9 +209,9 @@ std::optional<SystemError> Place::listen(CopyRequests requests) {
     return std::nullopt;
 }
 
-void Place::obey(const CopyRequests& requests, std::string_view message) const {
+void Place::obey(const InstanceRequests& requests, std::string_view message) const {
     if (message == quitMessage) {
-        // From now on nobody counts on this copy.
+        // Without a socket it counts as quitting.
         ::unlinkat(folder_.number(), nameOf(number_, socketSuffix).c_str(), 0);
         requests.quit();
     } else if (message.starts_with(frontMessage)) {
@@ -221,12 +221,12 @@ void Place::obey(const CopyRequests& requests, std::string_view message) const {
     }
 }
 
-class LinuxRunningCopies final : public RunningCopies {
+class LinuxRunningInstances final : public RunningInstances {
  public:
-    LinuxRunningCopies(std::vector<std::string> folders, std::chrono::milliseconds patience)
+    LinuxRunningInstances(std::vector<std::string> folders, std::chrono::milliseconds patience)
         : folders_(std::move(folders)), patience_(patience) {}
 
-    Result<RunningCopy> join(CopyRequests requests) override {
+    Result<RunningInstance> join(InstanceRequests requests) override {
         SystemError failure{ENOENT};
         for (const std::string& path : folders_) {
             auto folder = PrivateFolder::open(path);
@@ -237,11 +237,11 @@ class LinuxRunningCopies final : public RunningCopies {
             auto place = Place::take(std::move(*folder), requests, patience_);
             if (place) {
                 place_ = std::move(*place);
-                return place_->copy();
+                return place_->instance();
             }
             failure = place.error();
             if (failure.code == EBUSY) {
-                // The others are here; in another folder this copy would not see them.
+                // The others are in this folder; in another one this instance would not see them.
                 break;
             }
         }
@@ -250,47 +250,51 @@ class LinuxRunningCopies final : public RunningCopies {
 
     void leave() override { place_.reset(); }
 
-    std::vector<RunningCopy> copies() override {
+    std::vector<RunningInstance> instances() override {
         if (place_ == nullptr) {
             return {};
         }
         const auto lock = FolderLock::take(place_->folder().path(), patience_);
-        return lock ? livingCopies(place_->folder()) : std::vector<RunningCopy>{place_->copy()};
+        return lock ? runningInstances(place_->folder())
+                    : std::vector<RunningInstance>{place_->instance()};
     }
 
-    bool askToQuit(RunningCopy copy) override { return send(copy, std::string(quitMessage)); }
-
-    bool bringToFront(RunningCopy copy, const std::string& activationToken) override {
-        const bool isToken = activationToken.size() <= longestToken;
-        return send(copy, std::string(frontMessage) + (isToken ? activationToken : std::string()));
+    bool askToQuit(RunningInstance instance) override {
+        return send(instance, std::string(quitMessage));
     }
 
-    bool openFolders(RunningCopy copy, const std::vector<std::string>& folders) override {
+    bool bringToFront(RunningInstance instance, const std::string& activationToken) override {
+        const bool isToken = activationToken.size() <= maxTokenBytes;
+        return send(instance,
+                    std::string(frontMessage) + (isToken ? activationToken : std::string()));
+    }
+
+    bool openFolders(RunningInstance instance, const std::vector<std::string>& folders) override {
         bool all = std::all_of(folders.begin(), folders.end(), fitsMessage);
         for (const std::string& message : messagesOf(folders)) {
-            all = send(copy, message) && all;
+            all = send(instance, message) && all;
         }
         return all;
     }
 
  private:
-    [[nodiscard]] bool send(RunningCopy copy, const std::string& message) const {
+    [[nodiscard]] bool send(RunningInstance instance, const std::string& message) const {
         return place_ != nullptr &&
-               CopySocket::send(place_->folder().pathOf(nameOf(copy.number, socketSuffix)),
-                                message);
+               MessageSocket::send(place_->folder().pathOf(nameOf(instance.number, socketSuffix)),
+                                   message);
     }
 
     const std::vector<std::string> folders_;
-    // The folder is held locked for a few system calls, which take long only on a busy machine.
+    // The lock is held for a few system calls only, which take long on a busy machine.
     const std::chrono::milliseconds patience_;
     std::unique_ptr<Place> place_;
 };
 
 }  // namespace
 
-std::unique_ptr<RunningCopies> makeRunningCopies(std::vector<std::string> folders,
-                                                 std::chrono::milliseconds patience) {
-    return std::make_unique<LinuxRunningCopies>(std::move(folders), patience);
+std::unique_ptr<RunningInstances> makeRunningInstances(std::vector<std::string> folders,
+                                                       std::chrono::milliseconds patience) {
+    return std::make_unique<LinuxRunningInstances>(std::move(folders), patience);
 }
 
 }  // namespace tarvin

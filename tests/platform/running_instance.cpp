@@ -1,4 +1,4 @@
-#include "platform/linux/running_copies.h"
+#include "platform/linux/running_instances.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-// One copy of a program, without the program: it does what is written to its standard input and
+// One instance of a program, without the program: it does what is written to its standard input and
 // says on its standard output what becomes of it, line by line. It ends when it is asked to quit,
 // or with its input.
 
@@ -50,10 +50,10 @@ void say(const std::string& line) {
     std::cout << line << std::endl;
 }
 
-class Copy final {
+class Instance final {
  public:
-    explicit Copy(std::vector<std::string> folders)
-        : copies_(makeRunningCopies(std::move(folders))) {
+    explicit Instance(std::vector<std::string> folders)
+        : instances_(makeRunningInstances(std::move(folders))) {
         if (::pipe2(requests_.data(), O_CLOEXEC) != 0) {
             ::_exit(3);
         }
@@ -81,7 +81,7 @@ class Copy final {
         }
     }
 
-    void leave() { copies_->leave(); }
+    void leave() { instances_->leave(); }
 
  private:
     static LineReader& nextOf(LineReader& input, LineReader& requests) {
@@ -99,12 +99,12 @@ class Copy final {
             join();
         }
         if (command == "rule" || command == "start") {
-            const auto stays = keepFirstCopyOnly(*copies_, "a token");
+            const auto stays = keepFirstInstanceOnly(*instances_, "a token");
             say("stays " + (stays ? std::to_string(stays->number) : "nobody"));
-        } else if (command == "copies") {
-            std::string line = "copies";
-            for (const RunningCopy copy : copies_->copies()) {
-                line += ' ' + std::to_string(copy.number);
+        } else if (command == "instances") {
+            std::string line = "instances";
+            for (const RunningInstance instance : instances_->instances()) {
+                line += ' ' + std::to_string(instance.number);
             }
             say(line);
         } else if (command == "crash") {
@@ -113,7 +113,7 @@ class Copy final {
     }
 
     void join() {
-        const auto joined = copies_->join(
+        const auto joined = instances_->join(
             {.quit = [this] { request("quit\n"); },
              .comeToFront = [this](const std::string& token) { request("front " + token + '\n'); },
              .openFolders = [](const std::vector<std::string>& /*folders*/) {}});
@@ -125,7 +125,7 @@ class Copy final {
         static_cast<void>(!::write(requests_[1], line.data(), line.size()));
     }
 
-    std::unique_ptr<RunningCopies> copies_;
+    std::unique_ptr<RunningInstances> instances_;
     std::array<int, 2> requests_{-1, -1};
 };
 
@@ -133,8 +133,8 @@ class Copy final {
 }  // namespace tarvin
 
 int main(int argc, char** argv) {
-    tarvin::Copy copy(std::vector<std::string>(argv + 1, argv + argc));
-    const bool wasAsked = copy.run();
-    copy.leave();
+    tarvin::Instance instance(std::vector<std::string>(argv + 1, argv + argc));
+    const bool wasAsked = instance.run();
+    instance.leave();
     return wasAsked ? 0 : 2;
 }

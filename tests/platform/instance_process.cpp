@@ -1,4 +1,4 @@
-#include "platform/copy_process.h"
+#include "platform/instance_process.h"
 
 #include "support/waiting.h"
 
@@ -30,7 +30,7 @@ Pipe newPipe() {
 }
 
 pid_t start(const std::vector<std::string>& folders, int input, int output) {
-    std::vector<std::string> words{TARVIN_RUNNING_COPY};
+    std::vector<std::string> words{TARVIN_RUNNING_INSTANCE};
     words.insert(words.end(), folders.begin(), folders.end());
     std::vector<char*> arguments;
     for (std::string& word : words) {
@@ -42,15 +42,15 @@ pid_t start(const std::vector<std::string>& folders, int input, int output) {
     ::posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
     ::posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
     pid_t process = -1;
-    const int failure =
-        ::posix_spawn(&process, TARVIN_RUNNING_COPY, &actions, nullptr, arguments.data(), environ);
+    const int failure = ::posix_spawn(&process, TARVIN_RUNNING_INSTANCE, &actions, nullptr,
+                                      arguments.data(), environ);
     ::posix_spawn_file_actions_destroy(&actions);
     return failure == 0 ? process : -1;
 }
 
 }  // namespace
 
-CopyProcess::CopyProcess(const std::vector<std::string>& folders) {
+InstanceProcess::InstanceProcess(const std::vector<std::string>& folders) {
     const Pipe input = newPipe();
     const Pipe output = newPipe();
     process_ = start(folders, input[0], output[1]);
@@ -61,7 +61,7 @@ CopyProcess::CopyProcess(const std::vector<std::string>& folders) {
     EXPECT_EQ(nextLine(), "ready");
 }
 
-CopyProcess::~CopyProcess() {
+InstanceProcess::~InstanceProcess() {
     if (process_ > 0) {
         send(SIGKILL);
         static_cast<void>(wait());
@@ -70,19 +70,19 @@ CopyProcess::~CopyProcess() {
     ::close(output_);
 }
 
-void CopyProcess::tell(const std::string& command) const {
+void InstanceProcess::tell(const std::string& command) const {
     const std::string line = command + '\n';
     EXPECT_EQ(::write(input_, line.data(), line.size()), static_cast<ssize_t>(line.size()));
 }
 
-std::string CopyProcess::nextLine() {
+std::string InstanceProcess::nextLine() {
     const auto limit = std::chrono::steady_clock::now() + testPatience;
     while (text_.find('\n') == std::string::npos) {
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
             limit - std::chrono::steady_clock::now());
         pollfd waited{output_, POLLIN, 0};
         if (left.count() <= 0 || ::poll(&waited, 1, static_cast<int>(left.count())) <= 0) {
-            ADD_FAILURE() << "A copy says nothing. Before that: " << text_;
+            ADD_FAILURE() << "An instance says nothing. Before that: " << text_;
             return {};
         }
         std::array<char, 4096> room{};
@@ -98,7 +98,7 @@ std::string CopyProcess::nextLine() {
     return line;
 }
 
-std::vector<std::string> CopyProcess::linesToTheEnd() {
+std::vector<std::string> InstanceProcess::linesToTheEnd() {
     std::vector<std::string> lines;
     for (std::string line = nextLine(); !line.empty(); line = nextLine()) {
         lines.push_back(line);
@@ -109,24 +109,24 @@ std::vector<std::string> CopyProcess::linesToTheEnd() {
     return lines;
 }
 
-void CopyProcess::endInput() {
+void InstanceProcess::endInput() {
     if (input_ >= 0) {
         ::close(std::exchange(input_, -1));
     }
 }
 
-int CopyProcess::wait() {
+int InstanceProcess::wait() {
     int status = 0;
     const bool ended = waitUntil([&] { return ::waitpid(process_, &status, WNOHANG) == process_; });
     if (!ended) {
-        ADD_FAILURE() << "A copy does not end.";
+        ADD_FAILURE() << "An instance does not end.";
         return -1;
     }
     process_ = -1;
     return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
-void CopyProcess::send(int signal) const {
+void InstanceProcess::send(int signal) const {
     ::kill(process_, signal);
 }
 
