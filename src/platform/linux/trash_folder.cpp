@@ -1,7 +1,5 @@
 #include "platform/linux/trash_folder.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <utility>
@@ -10,19 +8,17 @@ namespace tarvin {
 
 namespace {
 
-constexpr std::array partNames{"", "files", "info"};
-
 /// No file system has longer names, whatever it says: some count other units than bytes.
-constexpr std::size_t longestOfAll = 255;
+constexpr std::size_t maxNameBytes = 255;
 
 /// Names in the Trash that are tried for one file; the last number is about a million million.
-constexpr int mostTries = 40;
+constexpr int maxTries = 40;
 
 /// Bytes of a note: a path of 4,096 bytes, each as "%XX", and a few words.
-constexpr std::size_t longestNote = 16 * 1024;
+constexpr std::size_t maxNoteBytes = 16 * 1024;
 
 /// What `nameInTrash` can make do with.
-constexpr std::size_t leastLongestName = 64;
+constexpr std::size_t minNameBytes = 64;
 
 /// Whether the file system does not know a rename that replaces nothing.
 bool isUnknownRename(int code) {
@@ -34,172 +30,23 @@ bool isUnknownLink(int code) {
     return code == EPERM || code == ENOSYS || code == EOPNOTSUPP || code == EMLINK;
 }
 
-/// Makes a folder and those above it that are missing, for the user alone.
-int makeWithParents(TrashCalls& calls, const std::string& path) {
-    const int failure = calls.makeFolder(TrashCalls::currentFolder, path.c_str());
-    const std::size_t slash = path.rfind('/');
-    if (failure != ENOENT || slash == std::string::npos || slash == 0) {
-        return failure;
-    }
-    const int above = makeWithParents(calls, path.substr(0, slash));
-    if (above != 0 && above != EEXIST) {
-        return above;
-    }
-    return calls.makeFolder(TrashCalls::currentFolder, path.c_str());
-}
-
 }  // namespace
 
-TrashRefusal systemRefusal(int code) {
-    const SystemError error{code};
-    return {TrashRefusalKind::system, error, error.text()};
-}
-
-std::string pathBelow(const std::string& folder, std::string_view name) {
-    std::string path = folder == "/" ? "" : folder;
-    if (!name.empty()) {
-        path += '/';
-        path += name;
-    }
-    return path;
-}
-
-Result<TrashFolder, TrashRefusal> TrashFolder::open(const Request& request, TrashCalls& calls) {
-    TrashFolder folder(request, calls);
-    if (auto refusal = folder.openParts()) {
-        return std::move(*refusal);
-    }
-    return folder;
-}
-
-std::optional<TrashRefusal> TrashFolder::openParts() {
-    Descriptor shared;
-    int parent = TrashCalls::currentFolder;
-    std::string name = request_.path;
-    if (request_.isShared) {
-        if (auto refusal = openShared(shared)) {
-            return refusal;
-        }
-        parent = shared.number();
-        name.erase(0, name.rfind('/') + 1);
-    }
-    for (std::size_t at = 0; at < partCount; ++at) {
-        const std::string path = pathBelow(request_.path, partNames[at]);
-        if (auto refusal =
-                openPart(parts_[at], parent, at == trashPart ? name : partNames[at], path)) {
-            return refusal;
-        }
-        parent = parts_[trashPart].folder.number();
+Result<TrashFolder, TrashRefusal> TrashFolder::open(const TrashRequest& request,
+                                                    TrashCalls& calls) {
+    auto parts = TrashParts::open(request, calls);
+    if (!parts) {
+        return parts.error();
     }
     std::size_t bytes = 0;
-    if (const int failure = calls_.longestName(files().number(), bytes); failure != 0) {
+    if (const int failure = calls.longestName(parts->files().number(), bytes); failure != 0) {
         return systemRefusal(failure);
     }
-    bytes = bytes == 0 ? longestOfAll : std::min(bytes, longestOfAll);
-    if (bytes < leastLongestName + trashNoteEnding.size()) {
+    bytes = bytes == 0 ? maxNameBytes : std::min(bytes, maxNameBytes);
+    if (bytes < minNameBytes + trashNoteEnding.size()) {
         return systemRefusal(ENAMETOOLONG);
     }
-    longestName_ = bytes - trashNoteEnding.size();
-    return std::nullopt;
-}
-
-/// The folder above a Trash that the users of a volume share.
-std::optional<TrashRefusal> TrashFolder::openShared(Descriptor& shared) const {
-    const std::string path = sharedPath();
-    int number = -1;
-    int failure = calls_.openFolder(TrashCalls::currentFolder, path.c_str(), number);
-    if (failure != 0) {
-        return openRefusal(failure, path);
-    }
-    shared = Descriptor(systemFileSystem(), number);
-    TrashEntryStatus status;
-    failure = calls_.statusOf(number, status);
-    if (failure != 0) {
-        return systemRefusal(failure);
-    }
-    if ((status.mode & S_ISVTX) == 0) {
-        return TrashRefusal{TrashRefusalKind::notPrivate, {EPERM}, path + " has no sticky bit"};
-    }
-    return std::nullopt;
-}
-
-std::string TrashFolder::sharedPath() const {
-    return request_.path.substr(0, request_.path.rfind('/'));
-}
-
-std::optional<TrashRefusal> TrashFolder::openPart(Part& part, int parent, const std::string& name,
-                                                  const std::string& path) {
-    int number = -1;
-    int failure = calls_.openFolder(parent, name.c_str(), number);
-    if (failure == ENOENT && request_.make) {
-        failure = parent == TrashCalls::currentFolder ? makeWithParents(calls_, name)
-                                                      : calls_.makeFolder(parent, name.c_str());
-        if (failure == 0 || failure == EEXIST) {
-            failure = calls_.openFolder(parent, name.c_str(), number);
-        }
-    }
-    if (failure != 0) {
-        return openRefusal(failure, path);
-    }
-    part.folder = Descriptor(systemFileSystem(), number);
-    TrashEntryStatus status;
-    failure = calls_.statusOf(number, status);
-    if (failure != 0) {
-        return systemRefusal(failure);
-    }
-    part.identity = status.identity;
-    return statusRefusal(status, path);
-}
-
-TrashRefusal TrashFolder::openRefusal(int code, const std::string& path) const {
-    // A link answers ENOTDIR like everything else that is no folder.
-    TrashEntryStatus status;
-    if ((code == ENOTDIR || code == ELOOP) &&
-        calls_.status(TrashCalls::currentFolder, path.c_str(), status) == 0) {
-        if (S_ISLNK(status.mode)) {
-            return {TrashRefusalKind::link, {ELOOP}, path + " is a link"};
-        }
-        if (!S_ISDIR(status.mode)) {
-            return {TrashRefusalKind::notFolder, {ENOTDIR}, path + " is not a folder"};
-        }
-    }
-    TrashRefusal refusal = systemRefusal(code);
-    if (code == ENOENT && !request_.make) {
-        refusal.kind = TrashRefusalKind::gone;
-    }
-    return refusal;
-}
-
-std::optional<TrashRefusal> TrashFolder::statusRefusal(const TrashEntryStatus& status,
-                                                       const std::string& path) const {
-    if (status.owner != request_.user) {
-        const char* const whose = request_.isHome
-                                      ? "the Trash of the home folder belongs to somebody else"
-                                      : "the Trash of this volume belongs to somebody else";
-        return TrashRefusal{TrashRefusalKind::notOurs, {EPERM}, whose};
-    }
-    if (request_.keepsRights && (status.mode & (S_IWGRP | S_IWOTH)) != 0) {
-        return TrashRefusal{
-            TrashRefusalKind::notPrivate, {EPERM}, path + " can be changed by others"};
-    }
-    return std::nullopt;
-}
-
-bool TrashFolder::isIntact() const {
-    TrashEntryStatus status;
-    if (request_.isShared &&
-        (calls_.status(TrashCalls::currentFolder, sharedPath().c_str(), status) != 0 ||
-         !S_ISDIR(status.mode) || (status.mode & S_ISVTX) == 0)) {
-        return false;
-    }
-    for (std::size_t at = 0; at < partCount; ++at) {
-        const std::string path = pathBelow(request_.path, partNames[at]);
-        if (calls_.status(TrashCalls::currentFolder, path.c_str(), status) != 0 ||
-            status.identity != parts_[at].identity || statusRefusal(status, path)) {
-            return false;
-        }
-    }
-    return true;
+    return TrashFolder(std::move(*parts), bytes - trashNoteEnding.size(), calls);
 }
 
 Result<std::string, TrashRefusal> TrashFolder::take(const Descriptor& from, const char* name,
@@ -209,7 +56,7 @@ Result<std::string, TrashRefusal> TrashFolder::take(const Descriptor& from, cons
     const std::string own = nameInTrash(name, 1, longestName_);
     std::uint64_t number = numbers_.firstFor(own);
     std::uint64_t step = 1;  // doubled, so that a long row of taken names is passed in few tries
-    for (int tries = 0; tries < mostTries; ++tries) {
+    for (int tries = 0; tries < maxTries; ++tries) {
         std::string newName = number == 1 ? own : nameInTrash(name, number, longestName_);
         // The note reserves the name; a file that has it without a note is found by the rename.
         int failure = writeNote(newName, text);
@@ -251,7 +98,7 @@ std::optional<TrashRefusal> TrashFolder::removeUnusedNotes(
     const std::unordered_set<std::string>& originals, std::span<const std::string_view> names) {
     FileSystem& fileSystem = systemFileSystem();
     // A listing of its own, from the beginning.
-    const auto notes = fileSystem.openDirectoryAt(parts_[infoPart].folder, ".");
+    const auto notes = fileSystem.openDirectoryAt(parts_.info(), ".");
     if (!notes) {
         return systemRefusal(notes.error().code);
     }
@@ -308,7 +155,7 @@ TrashRefusal TrashFolder::moveRefusal(int code, int folder, const char* name) co
 int TrashFolder::writeNote(const std::string& name, std::string_view text) const {
     const std::string noteName = name + std::string(trashNoteEnding);
     int number = -1;
-    int failure = calls_.createFile(parts_[infoPart].folder.number(), noteName.c_str(), number);
+    int failure = calls_.createFile(parts_.info().number(), noteName.c_str(), number);
     if (failure != 0) {
         return failure;
     }
@@ -333,11 +180,11 @@ int TrashFolder::writeNote(const std::string& name, std::string_view text) const
 int TrashFolder::readNote(const std::string& name, std::string& text) const {
     const std::string noteName = name + std::string(trashNoteEnding);
     int number = -1;
-    int failure = calls_.openFile(parts_[infoPart].folder.number(), noteName.c_str(), number);
+    int failure = calls_.openFile(parts_.info().number(), noteName.c_str(), number);
     if (failure != 0) {
         return failure;
     }
-    text.resize(longestNote);
+    text.resize(maxNoteBytes);
     std::size_t length = 0;
     std::size_t count = 0;
     do {
@@ -351,7 +198,7 @@ int TrashFolder::readNote(const std::string& name, std::string& text) const {
 
 void TrashFolder::removeNote(const std::string& name) const {
     const std::string noteName = name + std::string(trashNoteEnding);
-    static_cast<void>(calls_.unlink(parts_[infoPart].folder.number(), noteName.c_str()));
+    static_cast<void>(calls_.unlink(parts_.info().number(), noteName.c_str()));
 }
 
 int TrashFolder::moveIn(int from, const char* name, const char* newName) const {

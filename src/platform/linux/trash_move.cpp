@@ -1,6 +1,7 @@
 #include "platform/trash_move.h"
 
 #include "platform/linux/mount_table.h"
+#include "platform/linux/open_trashes.h"
 #include "platform/linux/trash_folder.h"
 #include "platform/linux/trash_mover.h"
 #include "platform/linux/user_environment.h"
@@ -28,19 +29,6 @@ namespace tarvin {
 
 namespace {
 
-/// How long a Trash, a mount or a device counts as it was when it was looked at.
-constexpr std::chrono::seconds lookingAgain{1};
-
-/// Each takes three descriptors.
-constexpr std::size_t mostHeld = 16;
-
-/// File systems that record no owners and rights of files, but show those of the mount for all.
-bool keepsRights(std::string_view fileSystemType) {
-    constexpr auto without = std::to_array<std::string_view>(
-        {"exfat", "fuseblk", "msdos", "ntfs", "ntfs3", "umsdos", "vfat"});
-    return std::find(without.begin(), without.end(), fileSystemType) == without.end();
-}
-
 bool isWithin(std::string_view path, std::string_view folder) {
     return folder == "/" || (path.starts_with(folder) &&
                              (path.size() == folder.size() || path[folder.size()] == '/'));
@@ -66,7 +54,7 @@ std::string dateText(std::time_t seconds) {
 class LinuxTrashMover final : public TrashMover {
  public:
     LinuxTrashMover(TrashUser user, TrashSurroundings around)
-        : user_(std::move(user)), around_(std::move(around)) {}
+        : user_(std::move(user)), around_(std::move(around)), trashes_(user_, around_) {}
 
     Result<TrashPlace, TrashRefusal> move(const OpenFolder& folder, const char* name) override;
     Result<FileAttributes, TrashRefusal> look(const TrashPlace& place) override;
@@ -82,51 +70,22 @@ class LinuxTrashMover final : public TrashMover {
     [[nodiscard]] std::vector<std::string> trashesFor(const std::string& path) const override;
 
  private:
-    using Time = std::chrono::steady_clock::time_point;
-
-    /// A Trash that is open.
-    struct Held {
-        TrashFolder folder;
-        std::string top;          ///< of the volume; empty for the home Trash
-        std::uint64_t mount = 0;  ///< of the volume; 0 for the home Trash and one opened by path
-        Time looked;
-        bool isFlushed = true;
-    };
-
-    Result<Held*, TrashRefusal> trashFor(const OpenFolder& folder);
-    Result<Held*, TrashRefusal> homeTrash();
-    Result<Held*, TrashRefusal> volumeTrash(std::uint64_t mount);
-    Result<Held*, TrashRefusal> trashAt(const std::string& path);
-    Result<TrashFolder, TrashRefusal> openVolume(const MountEntry& entry);
-    Result<MountEntry, TrashRefusal> mountEntry(std::uint64_t mount);
-    Result<std::uint64_t, TrashRefusal> homeDevice();
-    template <typename Condition>
-    Held* held(const Condition& condition);
-    Held* hold(Held trash);
-    void flush(Held& trash);
-    void forgetChanged();
-    static Result<std::string, TrashRefusal> pathForNote(const Held& trash,
+    static Result<std::string, TrashRefusal> pathForNote(const OpenTrash& trash,
                                                          const OpenFolder& folder,
                                                          const char* name);
-    static std::string noted(const Held& trash, std::string path);
+    static std::string noted(const OpenTrash& trash, std::string path);
     const std::string& date();
-    [[nodiscard]] bool isRecent(Time looked) const {
-        return around_.clock.steadyNow() - looked < lookingAgain;
-    }
 
     const TrashUser user_;
     const TrashSurroundings around_;
-    std::vector<std::unique_ptr<Held>> held_;
-    std::optional<TrashRefusal> notFlushed_;
-    std::optional<std::uint64_t> homeDevice_;
-    Time homeLooked_;
+    OpenTrashes trashes_;
     std::time_t dateSecond_ = 0;
     std::string date_;
 };
 
 Result<TrashPlace, TrashRefusal> LinuxTrashMover::move(const OpenFolder& folder, const char* name) {
     for (bool again = false;; again = true) {
-        const auto trash = trashFor(folder);
+        const auto trash = trashes_.forFolder(folder);
         if (!trash) {
             return trash.error();
         }
@@ -146,185 +105,13 @@ Result<TrashPlace, TrashRefusal> LinuxTrashMover::move(const OpenFolder& folder,
         if (again || !mayBeLost || (*trash)->folder.isIntact()) {
             return moved.error();
         }
-        forgetChanged();
+        trashes_.closeChanged();
     }
-}
-
-Result<LinuxTrashMover::Held*, TrashRefusal> LinuxTrashMover::trashFor(const OpenFolder& folder) {
-    const auto device = homeDevice();
-    if (!device) {
-        return device.error();
-    }
-    if (*device == folder.identity.device) {
-        return homeTrash();
-    }
-    TrashEntryStatus status;
-    const int failure = around_.calls.statusOf(folder.descriptor.number(), status);
-    if (failure != 0) {
-        return systemRefusal(failure);
-    }
-    return volumeTrash(status.mount);
-}
-
-/// The device that the home Trash is on or, before it is made, will be on.
-Result<std::uint64_t, TrashRefusal> LinuxTrashMover::homeDevice() {
-    if (!user_.homeTrash) {
-        return TrashRefusal{TrashRefusalKind::noHome, {ENOENT}, "there is no home folder"};
-    }
-    if (homeDevice_ && isRecent(homeLooked_)) {
-        return *homeDevice_;
-    }
-    std::string path = *user_.homeTrash;
-    TrashEntryStatus status;
-    int failure = around_.calls.status(TrashCalls::currentFolder, path.c_str(), status);
-    while ((failure == ENOENT || failure == ENOTDIR) && path.size() > 1) {
-        path.resize(std::max<std::size_t>(path.rfind('/'), 1));
-        failure = around_.calls.targetStatus(TrashCalls::currentFolder, path.c_str(), status);
-    }
-    if (failure != 0) {
-        return systemRefusal(failure);
-    }
-    homeDevice_ = status.identity.device;
-    homeLooked_ = around_.clock.steadyNow();
-    return *homeDevice_;
-}
-
-Result<LinuxTrashMover::Held*, TrashRefusal> LinuxTrashMover::homeTrash() {
-    const std::string path = user_.homeTrash.value_or("");
-    Held* const known = held([&](const Held& each) { return each.folder.path() == path; });
-    if (known != nullptr) {
-        return known;
-    }
-    auto opened = TrashFolder::open(
-        {.path = path, .user = user_.number, .isHome = true, .make = true}, around_.calls);
-    if (!opened) {
-        return opened.error();
-    }
-    return hold({std::move(*opened), "", 0, around_.clock.steadyNow()});
-}
-
-Result<LinuxTrashMover::Held*, TrashRefusal> LinuxTrashMover::volumeTrash(std::uint64_t mount) {
-    Held* const known = held([&](const Held& each) { return mount != 0 && each.mount == mount; });
-    if (known != nullptr) {
-        return known;
-    }
-    auto entry = mountEntry(mount);
-    if (!entry) {
-        return entry.error();
-    }
-    auto opened = openVolume(*entry);
-    if (!opened) {
-        return opened.error();
-    }
-    return hold(
-        {std::move(*opened), std::move(entry->mountPoint), mount, around_.clock.steadyNow()});
-}
-
-/// The entry of a mount that its mount point leads to: another one may hide it.
-Result<MountEntry, TrashRefusal> LinuxTrashMover::mountEntry(std::uint64_t mount) {
-    const TrashRefusal refusal{
-        TrashRefusalKind::noVolume, {ENODEV}, "the volume of the file is not accessible"};
-    auto entry = mount == 0 ? std::nullopt : findMount(mount, around_.mountTable);
-    TrashEntryStatus status;
-    if (!entry || around_.calls.targetStatus(TrashCalls::currentFolder, entry->mountPoint.c_str(),
-                                             status) != 0) {
-        return refusal;
-    }
-    if (status.mount != mount) {
-        return refusal;
-    }
-    return std::move(*entry);
-}
-
-Result<TrashFolder, TrashRefusal> LinuxTrashMover::openVolume(const MountEntry& entry) {
-    const std::string number = std::to_string(user_.number);
-    TrashFolder::Request request{.path = pathBelow(entry.mountPoint, ".Trash/" + number),
-                                 .user = user_.number,
-                                 .make = true,
-                                 .keepsRights = keepsRights(entry.fileSystemType),
-                                 .isShared = true};
-    // Whatever stands against the Trash that the users share, there is their own.
-    auto shared = TrashFolder::open(request, around_.calls);
-    if (shared) {
-        return shared;
-    }
-    request.path = pathBelow(entry.mountPoint, ".Trash-" + number);
-    request.isShared = false;
-    return TrashFolder::open(request, around_.calls);
-}
-
-/// A Trash that was used before, by its path.
-Result<LinuxTrashMover::Held*, TrashRefusal> LinuxTrashMover::trashAt(const std::string& path) {
-    Held* const known = held([&](const Held& each) { return each.folder.path() == path; });
-    if (known != nullptr) {
-        return known;
-    }
-    TrashFolder::Request request{
-        .path = path, .user = user_.number, .isHome = path == user_.homeTrash};
-    request.isShared = !request.isHome && path.ends_with("/.Trash/" + std::to_string(user_.number));
-    TrashEntryStatus status;
-    if (around_.calls.status(TrashCalls::currentFolder, path.c_str(), status) == 0) {
-        const auto entry = findMount(status.mount, around_.mountTable);
-        request.keepsRights = request.isHome || !entry || keepsRights(entry->fileSystemType);
-    }
-    auto opened = TrashFolder::open(request, around_.calls);
-    if (!opened) {
-        return opened.error();
-    }
-    std::string top = request.isHome ? "" : path.substr(0, path.rfind('/'));
-    if (request.isShared) {
-        top.erase(top.rfind('/'));
-    }
-    if (!request.isHome && top.empty()) {
-        top = "/";
-    }
-    return hold({std::move(*opened), std::move(top), 0, around_.clock.steadyNow()});
-}
-
-/// The first open Trash that meets a condition and is still what stands at its path.
-template <typename Condition>
-LinuxTrashMover::Held* LinuxTrashMover::held(const Condition& condition) {
-    const auto found = std::find_if(held_.begin(), held_.end(),
-                                    [&](const auto& each) { return condition(*each); });
-    if (found == held_.end()) {
-        return nullptr;
-    }
-    if (!isRecent((*found)->looked)) {
-        if (!(*found)->folder.isIntact()) {
-            flush(**found);
-            held_.erase(found);
-            return nullptr;
-        }
-        (*found)->looked = around_.clock.steadyNow();
-    }
-    return found->get();
-}
-
-LinuxTrashMover::Held* LinuxTrashMover::hold(Held trash) {
-    if (held_.size() >= mostHeld) {
-        for (const auto& each : held_) {
-            flush(*each);
-        }
-        held_.clear();
-    }
-    held_.push_back(std::make_unique<Held>(std::move(trash)));
-    return held_.back().get();
-}
-
-void LinuxTrashMover::forgetChanged() {
-    std::erase_if(held_, [this](const auto& each) {
-        const bool isChanged = !each->folder.isIntact();
-        if (isChanged) {
-            flush(*each);
-        }
-        return isChanged;
-    });
-    homeDevice_.reset();
 }
 
 /// Where the file was, as its note is to tell: absolute in the home Trash, else below the top
 /// folder of the volume.
-Result<std::string, TrashRefusal> LinuxTrashMover::pathForNote(const Held& trash,
+Result<std::string, TrashRefusal> LinuxTrashMover::pathForNote(const OpenTrash& trash,
                                                                const OpenFolder& folder,
                                                                const char* name) {
     std::optional<std::string> path = folder.path;
@@ -342,7 +129,7 @@ Result<std::string, TrashRefusal> LinuxTrashMover::pathForNote(const Held& trash
 }
 
 /// A path below the top folder of a volume, from there.
-std::string LinuxTrashMover::noted(const Held& trash, std::string path) {
+std::string LinuxTrashMover::noted(const OpenTrash& trash, std::string path) {
     if (!trash.top.empty() && isWithin(path, trash.top)) {
         path.erase(0, trash.top == "/" ? 1 : trash.top.size() + 1);
     }
@@ -360,7 +147,7 @@ const std::string& LinuxTrashMover::date() {
 }
 
 Result<FileAttributes, TrashRefusal> LinuxTrashMover::look(const TrashPlace& place) {
-    const auto trash = trashAt(place.trash);
+    const auto trash = trashes_.at(place.trash);
     if (!trash) {
         return trash.error();
     }
@@ -378,7 +165,7 @@ Result<FileAttributes, TrashRefusal> LinuxTrashMover::look(const TrashPlace& pla
 
 std::optional<TrashRefusal> LinuxTrashMover::putBack(const TrashPlace& place,
                                                      const Descriptor& folder, const char* name) {
-    const auto trash = trashAt(place.trash);
+    const auto trash = trashes_.at(place.trash);
     if (!trash) {
         return trash.error();
     }
@@ -388,7 +175,7 @@ std::optional<TrashRefusal> LinuxTrashMover::putBack(const TrashPlace& place,
 
 Result<std::vector<TrashedFile>, TrashRefusal> LinuxTrashMover::find(
     const std::string& trash, std::span<const FileIdentity> wanted) {
-    const auto known = trashAt(trash);
+    const auto known = trashes_.at(trash);
     if (!known) {
         return known.error();
     }
@@ -418,7 +205,7 @@ Result<std::vector<TrashedFile>, TrashRefusal> LinuxTrashMover::find(
 
 std::optional<TrashRefusal> LinuxTrashMover::mendNote(const TrashPlace& place,
                                                       const std::string& path, Timestamp moved) {
-    const auto trash = trashAt(place.trash);
+    const auto trash = trashes_.at(place.trash);
     if (!trash) {
         return trash.error();
     }
@@ -432,7 +219,7 @@ std::optional<TrashRefusal> LinuxTrashMover::mendNote(const TrashPlace& place,
 
 std::optional<TrashRefusal> LinuxTrashMover::removeUnusedNotes(
     const std::string& trash, const std::vector<std::string>& paths) {
-    const auto known = trashAt(trash);
+    const auto known = trashes_.at(trash);
     if (!known) {
         return known.error();
     }
@@ -446,19 +233,7 @@ std::optional<TrashRefusal> LinuxTrashMover::removeUnusedNotes(
 }
 
 std::optional<TrashRefusal> LinuxTrashMover::flush() {
-    for (const auto& each : held_) {
-        flush(*each);
-    }
-    return std::exchange(notFlushed_, std::nullopt);
-}
-
-/// The first failure is told by the next flush() of all.
-void LinuxTrashMover::flush(Held& trash) {
-    auto failure = trash.isFlushed ? std::nullopt : trash.folder.flush();
-    trash.isFlushed = !failure;
-    if (failure && !notFlushed_) {
-        notFlushed_ = std::move(failure);
-    }
+    return trashes_.flush();
 }
 
 std::vector<std::string> LinuxTrashMover::trashesFor(const std::string& path) const {
