@@ -1,4 +1,4 @@
-// The least that a program with a window of Qt can be: what the product's start is held against.
+// An empty Qt window of the product's size: the reference for the product's start.
 
 #include <QApplication>
 #include <QWidget>

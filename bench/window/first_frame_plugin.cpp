@@ -1,6 +1,5 @@
-// A plug-in that Qt loads into any program of its own that is started with
-// QT_QPA_GENERIC_PLUGINS=firstframe: tells when the first frame has been painted, then ends the
-// program as a person would. So a program is measured as it is, without a word about it inside.
+// A generic Qt plug-in, loaded by QT_QPA_GENERIC_PLUGINS=firstframe: reports when the first frame
+// has been painted, then quits the program. The program itself needs no code for the measurement.
 
 #include "figures.h"
 #include "first_frame.h"
@@ -24,21 +23,14 @@ class FirstFrameWatch final : public QObject {
         QCoreApplication::instance()->installEventFilter(this);
     }
 
-    /// A window paints while it handles its exposure, which is therefore handled here. Of a later
-    /// frame the end comes with what is posted at its beginning, ahead of all else.
+    /// A window paints while it handles an expose or update event. The report is posted during that
+    /// and delivered, by its priority, before any other event after it.
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Expose && isExposed(watched) &&
-            !std::exchange(exposed_, true)) {
-            QCoreApplication::sendEvent(watched, event);
-            frame_.shown = now();
-            if (widget_.isEmpty()) {
-                post();
-            }
-            return true;
-        }
-        if (event->type() == QEvent::Paint && watched->objectName() == widget_ &&
-            !widget_.isEmpty()) {
-            post();
+        const bool isFrame =
+            widget_.isEmpty() ? event->type() == QEvent::Expose && isExposed(watched)
+                              : event->type() == QEvent::Paint && watched->objectName() == widget_;
+        if (isFrame && !std::exchange(posted_, true)) {
+            QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
         }
         return QObject::eventFilter(watched, event);
     }
@@ -47,8 +39,7 @@ class FirstFrameWatch final : public QObject {
         if (event->type() != QEvent::User) {
             return QObject::event(event);
         }
-        frame_.whole = now();
-        tell();
+        report();
         QCoreApplication::quit();
         return true;
     }
@@ -59,30 +50,20 @@ class FirstFrameWatch final : public QObject {
         return window != nullptr && window->isExposed();
     }
 
-    void post() {
-        if (!std::exchange(posted_, true)) {
-            QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
-        }
-    }
-
-    static Moment now() {
-        timespec ran{};
-        ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &ran);
-        return {std::chrono::nanoseconds(SteadyClock::now().time_since_epoch()).count(),
-                std::int64_t{ran.tv_sec} * 1'000'000'000 + ran.tv_nsec};
-    }
-
-    void tell() const {
+    static void report() {
+        timespec used{};
+        ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
+        const FirstFrame frame{
+            std::chrono::nanoseconds(SteadyClock::now().time_since_epoch()).count(),
+            std::int64_t{used.tv_sec} * 1'000'000'000 + used.tv_nsec};
         const int pipe = qEnvironmentVariableIntValue(firstFramePipe);
-        if (::write(pipe, &frame_, sizeof frame_) != sizeof frame_) {
-            qFatal("Nobody is told of the first frame.");
+        if (::write(pipe, &frame, sizeof frame) != sizeof frame) {
+            qFatal("cannot report the first frame");
         }
     }
 
     const QString widget_;
-    bool exposed_ = false;
     bool posted_ = false;
-    FirstFrame frame_;
 };
 
 class FirstFramePlugin final : public QGenericPlugin {

@@ -36,8 +36,7 @@ Product::Product(Platform& platform) {
                                   .settings = settings_,
                                   .terminate = [] {},
                                   .version = QStringLiteral("0"),
-                                  .urls = installedResource(QStringLiteral("Urls.plist")),
-                                  .appearance = MainWindow::Appearance::atOnce});
+                                  .urls = installedResource(QStringLiteral("Urls.plist"))});
     delegate_->applicationDidFinishLaunching();
     hand_.setSingleShot(true);
     QObject::connect(&hand_, &QTimer::timeout, delegate_.get(),

@@ -1,5 +1,5 @@
-// Starts the product and a bare window in turns, and measures how long each takes from the start of
-// its process to its first painted frame.
+// Starts the product and a bare Qt window alternately, and measures the time from the start of each
+// process to its first frame; the product's must contain the whole first screen.
 
 #include "figures.h"
 #include "first_frame.h"
@@ -21,12 +21,13 @@ namespace {
 
 using namespace tarvin::bench;
 
-constexpr double startGoal = 1.2;
+constexpr double maxMilliseconds = 150;
+constexpr double maxTimesBare = 4;
 constexpr int cannotStart = 127;
 
 struct Program {
     std::string path;
-    std::string widget;  ///< without which its window is not whole; may be empty
+    std::string widget;  ///< must be in the first frame; may be empty
 };
 
 struct StartOptions {
@@ -37,12 +38,10 @@ struct StartOptions {
     int rounds = 31;
 };
 
-/// Milliseconds of each start, from the beginning of the process.
+/// Milliseconds from the start of the process to the first frame.
 struct Starts {
-    std::vector<double> shown;
-    std::vector<double> shownProcessor;  ///< of all threads
-    std::vector<double> whole;
-    std::vector<double> wholeProcessor;
+    std::vector<double> wall;
+    std::vector<double> cpu;  ///< of all threads
 };
 
 [[noreturn]] void become(const Program& program, int pipe) {
@@ -53,7 +52,7 @@ struct Starts {
     ::_exit(cannotStart);
 }
 
-/// One start; none if the program shows nothing.
+/// Returns nullopt if the program fails or shows nothing.
 std::optional<FirstFrame> start(const Program& program) {
     std::array<int, 2> ends{};
     if (::pipe(ends.data()) != 0) {
@@ -66,11 +65,11 @@ std::optional<FirstFrame> start(const Program& program) {
     }
     ::close(ends[1]);
     FirstFrame frame;
-    const bool told = ::read(ends[0], &frame, sizeof frame) == sizeof frame;
+    const bool reported = ::read(ends[0], &frame, sizeof frame) == sizeof frame;
     ::close(ends[0]);
     int status = 0;
     ::waitpid(child, &status, 0);
-    if (!told || status != 0) {
+    if (!reported || status != 0) {
         return std::nullopt;
     }
     return frame;
@@ -83,24 +82,18 @@ bool measure(const Program& program, Starts& starts) {
         std::fprintf(stderr, "%s showed no window.\n", program.path.c_str());
         return false;
     }
-    const auto add = [begin](const Moment& moment, std::vector<double>& wall,
-                             std::vector<double>& processor) {
-        const SteadyClock::time_point at{std::chrono::nanoseconds(moment.steady)};
-        wall.push_back(milliseconds(at - begin));
-        processor.push_back(static_cast<double>(moment.processor) / 1e6);
-    };
-    add(frame->shown, starts.shown, starts.shownProcessor);
-    add(frame->whole, starts.whole, starts.wholeProcessor);
+    const SteadyClock::time_point painted{std::chrono::nanoseconds(frame->steady)};
+    starts.wall.push_back(milliseconds(painted - begin));
+    starts.cpu.push_back(static_cast<double>(frame->cpu) / 1e6);
     return true;
 }
 
-void print(const char* what, const std::vector<double>& wall,
-           const std::vector<double>& processor) {
-    std::printf("  %-38s %7.1f (%.1f to %.1f)   %7.1f\n", what, median(wall), least(wall),
-                most(wall), median(processor));
+void print(const char* name, const Starts& starts) {
+    std::printf("  %-22s %7.1f (%.1f to %.1f)   %7.1f\n", name, median(starts.wall),
+                least(starts.wall), most(starts.wall), median(starts.cpu));
 }
 
-/// Both, in turns, each round beginning with the other one.
+/// Starts both in each round, in alternating order. The first start of each is not counted.
 bool takeTurns(const StartOptions& options, Starts& bare, Starts& product) {
     Starts untimed;
     if (!measure(options.bare, untimed) || !measure(options.product, untimed)) {
@@ -120,13 +113,13 @@ bool takeTurns(const StartOptions& options, Starts& bare, Starts& product) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("Measures the product's start beside that of a bare window.");
+    CLI::App app("Compares the start of the product with that of a bare Qt window.");
     StartOptions options;
     app.add_option("--product", options.product.path, "the program to measure");
     app.add_option("--platform", options.platform, "Qt's platform: offscreen, xcb, wayland");
-    app.add_option("--rounds", options.rounds, "so many starts of each")
+    app.add_option("--rounds", options.rounds, "number of starts of each program")
         ->check(CLI::PositiveNumber);
-    app.add_option("--work", options.work, "where the private home goes");
+    app.add_option("--work", options.work, "folder for the private home");
     CLI11_PARSE(app, argc, argv);
 
     const PrivateHome home(options.work);
@@ -139,16 +132,15 @@ int main(int argc, char** argv) {
         return 1;
     }
     std::printf(
-        "%s, from the start of the process, %d times each, ms;\n"
-        "median (least to most), and median of processor time:\n",
+        "%s, start of the process to first frame, %d starts each, ms;\n"
+        "median (minimum to maximum), and median of CPU time:\n",
         options.platform.c_str(), options.rounds);
-    print("bare window", bare.shown, bare.shownProcessor);
-    print("product, the window", product.shown, product.shownProcessor);
-    print("product, the window with all it shows", product.whole, product.wholeProcessor);
-    const double ratio = median(product.shown) / median(bare.shown);
-    const bool reached = ratio <= startGoal;
-    std::printf("shown after %.2f times as long (whole after %.2f times); at most %.1f: %s\n",
-                ratio, median(product.whole) / median(bare.shown), startGoal,
-                reached ? "reached" : "NOT REACHED");
+    print("bare window", bare);
+    print("product, whole screen", product);
+    const double time = median(product.wall);
+    const double ratio = time / median(bare.wall);
+    const bool reached = time <= maxMilliseconds && ratio <= maxTimesBare;
+    std::printf("%.1f ms, %.2f times the bare window; at most %.0f ms and %.1f times: %s\n", time,
+                ratio, maxMilliseconds, maxTimesBare, reached ? "reached" : "NOT REACHED");
     return reached ? 0 : 1;
 }

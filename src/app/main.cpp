@@ -56,8 +56,7 @@ int runWindow(const std::vector<std::string>& folders) {
          .previewProgram = tarvin::helperProgram(QStringLiteral("tarvin-image-preview")),
          .updater = tarvin::updaterProgram(),
          .readUrl =
-             tarvin::urlReaderFor(tarvin::helperProgram(QStringLiteral("tarvin-url-reader"))),
-         .appearance = tarvin::MainWindow::Appearance::atOnce});
+             tarvin::urlReaderFor(tarvin::helperProgram(QStringLiteral("tarvin-url-reader")))});
     delegate.applicationDidFinishLaunching(folders);
     return QApplication::exec();
 }

@@ -47,10 +47,6 @@ void giveHomeImages(ButtonHoverSimple& button) {
 AppDelegate::AppDelegate(Surroundings surroundings)
     : surroundings_(std::move(surroundings)),
       singleInstance_(std::make_unique<SingleInstance>(surroundings_.platform.runningInstances())),
-      // A window that goes again at once would flash, and the desktop's permission to come to the
-      // front, which the first window of a process uses up, is for the first copy.
-      window_(singleInstance_->isFirst() ? surroundings_.appearance
-                                         : MainWindow::Appearance::whenShown),
       session_(surroundings_.platform) {
     if (surroundings_.alerts == nullptr) {
         ownAlerts_ = std::make_unique<MessageBoxes>(&window_);

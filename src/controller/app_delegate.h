@@ -48,14 +48,11 @@ class AppDelegate final : public QObject {
         FilePanels* panels = nullptr;
         std::function<void()> terminate{};  ///< ends the program, soon
         QString version{};
-        QString urls{};            ///< path of the list of addresses; may be empty
-        QString guide{};           ///< path of the user guide; may be empty
-        QString previewProgram{};  ///< path of the program that makes previews
-        QString updater{};         ///< path of the program that fetches updates; may be empty
-        UrlReader readUrl{};       ///< for updates; may be empty
-        /// Whether the window comes before all else is made. It never does where another copy runs
-        /// that will stay in place of this one.
-        MainWindow::Appearance appearance = MainWindow::Appearance::whenShown;
+        QString urls{};                ///< path of the list of addresses; may be empty
+        QString guide{};               ///< path of the user guide; may be empty
+        QString previewProgram{};      ///< path of the program that makes previews
+        QString updater{};             ///< path of the program that fetches updates; may be empty
+        UrlReader readUrl{};  ///< for updates; may be empty
     };
 
     explicit AppDelegate(Surroundings surroundings);

@@ -62,8 +62,8 @@ QWidget* makeHidden(const char* name, QWidget* parent) {
 
 }  // namespace
 
-MainWindow::MainWindow(Appearance appearance, QWidget* parent)
-    : EarlyWindow(parent, appearance, designSize),
+MainWindow::MainWindow(QWidget* parent)
+    : QWidget(parent),
       topBar(named(new ViewTopBar, "topBar")),
       tabViewMain(named(new QStackedWidget, "tabViewMain")),
       home(named(new HomeScreen(topBar), "homeScreen")),
@@ -114,7 +114,11 @@ MainWindow::MainWindow(Appearance appearance, QWidget* parent)
       openPanels_(new OpenPanels(this)),
       pressGuard_(new PressGuard(this)),
       noticeOverlay_(std::make_unique<ViewTransparent>()) {
+    setWindowTitle(productTitle());
     setWindowIcon(pictureIcon(QStringLiteral("app_icon")));
+    setMinimumSize(designSize);
+    resize(designSize);
+    useLightColors(this);
     savedOk->setTitle(tr("Ok"));
     QToolTip::setPalette(lightPalette());
     pressGuard_->setAreas({topBar, tabViewMain});
@@ -125,9 +129,6 @@ MainWindow::MainWindow(Appearance appearance, QWidget* parent)
     makeMoreMenu();
     orderKeyboard();
     selectTabViewItem(home->identifier());
-    // Widgets that come to a window which is shown already have to be shown by themselves.
-    topBar->show();
-    tabViewMain->show();
 }
 
 /// An open panel is hidden with the window, when there are no screens any more to be told.
@@ -245,7 +246,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == buttonHelpManual && event->type() == QEvent::EnabledChange) {
         buttonMore->setEnabled(buttonHelpManual->isEnabled());
     }
-    return EarlyWindow::eventFilter(watched, event);
+    return QWidget::eventFilter(watched, event);
 }
 
 void MainWindow::orderKeyboard() {
@@ -270,8 +271,8 @@ void MainWindow::selectTabViewItem(const QString& identifier) {
         if (screen->identifier() != identifier) {
             continue;
         }
-        // At launch nobody has seen what the first screen takes the place of.
-        if (screen != currentScreen() && (currentScreen()->wasSeen() || pressGuard_->isActive())) {
+        // Before the window is shown there is no click that could have meant another screen.
+        if (screen != currentScreen() && isVisible()) {
             pressGuard_->begin();
         }
         currentScreen()->setBarShown(false);

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "interface/early_window.h"
 #include "interface/placement.h"
 
 #include <QVector>
+#include <QWidget>
 #include <functional>
 #include <memory>
 
@@ -45,14 +45,14 @@ class ViewTransparent;
 ///
 /// Each public member is a control, for as long as the window lives; its object name is the name of
 /// the member. Those of a screen are members of the screen.
-class MainWindow final : public EarlyWindow {
+class MainWindow final : public QWidget {
     Q_OBJECT
 
  public:
     /// Of the content; also the least that the window can be made.
     static constexpr QSize designSize{1016, 531};
 
-    explicit MainWindow(Appearance appearance = Appearance::whenShown, QWidget* parent = nullptr);
+    explicit MainWindow(QWidget* parent = nullptr);
     ~MainWindow() override;
 
     ViewTopBar* const topBar;

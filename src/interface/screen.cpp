@@ -32,14 +32,6 @@ void Screen::setShortcutsEnabled(bool enabled) {
     }
 }
 
-/// It is painted by the time that what was queued now comes round.
-void Screen::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    if (!wasSeen_) {
-        QMetaObject::invokeMethod(this, "rememberThatItIsSeen", Qt::QueuedConnection);
-    }
-}
-
 void Screen::showInBar(QWidget* control) {
     inBar_.push_back(control);
     control->hide();

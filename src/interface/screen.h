@@ -36,16 +36,10 @@ class Screen : public QWidget {
     /// Gives the keyboard to the control where a person begins. Does nothing if it is disabled.
     void beginWithKeyboard();
 
-    /// Whether it has been on the screen at any time.
-    [[nodiscard]] bool wasSeen() const { return wasSeen_; }
-    /// It is on the screen now, if it is still shown. Called by its name.
-    Q_INVOKABLE void rememberThatItIsSeen() { wasSeen_ = wasSeen_ || isVisible(); }
-
     /// Switches the shortcuts of addShortcut() off and on again.
     void setShortcutsEnabled(bool enabled);
 
  protected:
-    void showEvent(QShowEvent* event) override;
     [[nodiscard]] ViewTopBar* bar() const { return bar_; }
     /// `control` stands in the bar while the screen is shown.
     void showInBar(QWidget* control);
@@ -62,7 +56,6 @@ class Screen : public QWidget {
     QVector<QWidget*> readingOrder_;
     QWidget* firstControl_ = nullptr;
     QVector<QAction*> shortcuts_;
-    bool wasSeen_ = false;
 };
 
 }  // namespace tarvin

@@ -138,8 +138,7 @@ class ProductBench : public testing::Test {
                                       .guide = guide,
                                       .previewProgram = previewProgram(),
                                       .updater = updater,
-                                      .readUrl = readUrl,
-                                      .appearance = appearance});
+                                      .readUrl = readUrl});
     }
 
     /// Starts the product and waits for its window.
@@ -212,7 +211,6 @@ class ProductBench : public testing::Test {
     QString guide;
     QString updater;
     UrlReader readUrl;
-    MainWindow::Appearance appearance = MainWindow::Appearance::whenShown;
     int terminations = 0;
     std::unique_ptr<AppDelegate> delegate;
 };

@@ -20,8 +20,6 @@ class PressGuardTest : public ShownWindow {
  protected:
     PressGuardTest() {
         QApplication::setDoubleClickInterval(longInterval);
-        // The home screen is seen.
-        QCoreApplication::processEvents();
     }
 
     [[nodiscard]] QPoint middleOf(const QWidget* control) const {
