@@ -1,10 +1,14 @@
 #pragma once
 
-#include <QModelIndex>
+#include <QAbstractItemModel>
 #include <QPainter>
 #include <QRect>
 
 namespace tarvin {
+
+/// Toggles the check state of an index: unchecked and partially checked become checked. Returns
+/// false if the item is not checkable, is disabled, or its model refuses.
+bool toggleCheckState(QAbstractItemModel& model, const QModelIndex& index);
 
 /// The check box of one row, as a value that a delegate fills for each row it paints.
 class CheckBoxCell final {

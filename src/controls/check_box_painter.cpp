@@ -34,4 +34,9 @@ QRect checkBoxIn(const QRect& cell, int side) {
             side};
 }
 
+QRect checkBoxReach(const QRect& cell, int side) {
+    constexpr int reach = 8;
+    return checkBoxIn(cell, side + 2 * reach).intersected(cell);
+}
+
 }  // namespace tarvin

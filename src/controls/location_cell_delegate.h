@@ -1,31 +1,21 @@
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "controls/box_cell_delegate.h"
 
 namespace tarvin {
 
-/// Paints the wide column of the location list with CustomTableCellView, in rows of 56. Space turns
-/// over the check box of the row, which lies in another column. Owned by its parent; main thread.
-class LocationCellDelegate final : public QStyledItemDelegate {
-    Q_OBJECT
-
+/// Paints the cells of the location list, in rows of 56 logical pixels: CustomTableCellView and a
+/// check box. Owned by its parent. Main thread only.
+class LocationCellDelegate final : public BoxCellDelegate {
  public:
-    /// `checkColumn` is the column of the check boxes.
-    explicit LocationCellDelegate(int checkColumn, QObject* parent = nullptr);
+    explicit LocationCellDelegate(int boxColumn, QObject* parent = nullptr);
 
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const override;
-    bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
-                     const QModelIndex& index) override;
 
- Q_SIGNALS:
-    /// Space was pressed on the row and the model has taken the new state of `checkIndex`.
-    void checkButtonClicked(const QModelIndex& checkIndex);
-
- private:
-    int checkColumn_;
+ protected:
+    void paintContent(QPainter& painter, const QRect& cell,
+                      const QModelIndex& index) const override;
 };
 
 }  // namespace tarvin

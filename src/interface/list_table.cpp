@@ -1,10 +1,9 @@
 #include "interface/list_table.h"
 
 #include "controls/plain_text.h"
-#include "interface/appearance.h"
 #include "interface/list_cell_delegate.h"
 #include "interface/list_header.h"
-#include "interface/still_list.h"
+#include "interface/list_setup.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -21,19 +20,9 @@ ListTable::ListTable(const QVector<Column>& columns, int heightOfRows, QWidget* 
     header->setTitlesAtLeft(static_cast<int>(columns.size()));
     header->indentAllTitles();
     header->setMinimumSectionSize(leastWidth);
-    setHorizontalHeader(header);
-    header->coverScrollBarOf(this);
+    setUpTable(*this, *header, heightOfRows);
     connect(header, &QHeaderView::sectionResized, this, &ListTable::moveEdge);
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setMinimumSectionSize(1);
-    verticalHeader()->setDefaultSectionSize(heightOfRows);
     setItemDelegate(new ListCellDelegate(*this));
-    setShowGrid(false);
-    setWordWrap(false);
-    setCornerButtonEnabled(false);
-    setUpList(*this);
-    useNeutralStyle(this);
 }
 
 void ListTable::setModel(QAbstractItemModel* model) {

@@ -1,14 +1,11 @@
 #include "interface/location_table.h"
 
-#include "controls/check_box_delegate.h"
+#include "controls/check_box_cell.h"
+#include "controls/check_box_painter.h"
 #include "controls/focus_ring.h"
 #include "controls/location_cell_delegate.h"
 #include "controls/look.h"
-#include "controls/row_painter.h"
-#include "interface/accessible_list.h"
-#include "interface/appearance.h"
 #include "interface/list_header.h"
-#include "interface/still_list.h"
 
 #include <QDragEnterEvent>
 #include <QKeyEvent>
@@ -19,9 +16,6 @@ namespace tarvin {
 
 namespace {
 
-// Above the pictures of the rows.
-constexpr int titleIndent = 16;
-
 bool isReturn(const QKeyEvent& event) {
     return (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) &&
            (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
@@ -30,32 +24,23 @@ bool isReturn(const QKeyEvent& event) {
 }  // namespace
 
 LocationTable::LocationTable(QWidget* parent)
-    : QTableView(parent), boxes_(new CheckBoxDelegate(this)) {
-    auto* header = new ListHeader(heightOfHeader, titleIndent, this);
-    setHorizontalHeader(header);
-    header->coverScrollBarOf(this);
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(heightOfRows);
-    setShowGrid(false);
-    setWordWrap(false);
-    setMouseTracking(true);
-    setUpList(*this);
+    : BoxTable({.boxColumn = buttonCell,
+                .boxSide = checkBoxSide,
+                .heightOfRows = heightOfRows,
+                .heightOfHeader = heightOfHeader,
+                .titleIndent = 16},  // the left edge of the images
+               parent) {
     setContextMenuPolicy(Qt::CustomContextMenu);
     setAcceptDrops(true);
     setDragDropMode(DropOnly);
     setDragDropOverwriteMode(false);
     setDropIndicatorShown(false);
-    useNeutralStyle(this);
-    // Two quick clicks on a check box turn it twice and open nothing.
+    setItemDelegate(new LocationCellDelegate(buttonCell, this));
     connect(this, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex& index) {
         if (opensRow_) {
             Q_EMIT rowOpened(index);
         }
     });
-    setItemDelegateForColumn(mainCell, new LocationCellDelegate(buttonCell, this));
-    setItemDelegateForColumn(buttonCell, boxes_);
-    AccessibleList::install();
 }
 
 void LocationTable::setModel(QAbstractItemModel* model) {
@@ -90,16 +75,8 @@ void LocationTable::keyPressEvent(QKeyEvent* event) {
             Q_EMIT rowOpened(current);
         }
     } else {
-        QTableView::keyPressEvent(event);
+        BoxTable::keyPressEvent(event);
     }
-}
-
-int LocationTable::shownRows() const {
-    return model() == nullptr ? 0 : model()->rowCount();
-}
-
-QModelIndex LocationTable::indexInRow(int row, int column) const {
-    return model() == nullptr ? QModelIndex() : model()->index(row, column);
 }
 
 void LocationTable::turnBox(const QModelIndex& box) {
@@ -111,22 +88,16 @@ void LocationTable::turnBox(const QModelIndex& box) {
 void LocationTable::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                                 const QVector<int>& roles) {
     QTableView::dataChanged(topLeft, bottomRight, roles);
-    marks_.announce(topLeft, bottomRight);
-}
-
-bool LocationTable::isOnBox(const QPoint& place) const {
-    const QModelIndex index = indexAt(place);
-    return index.column() == buttonCell && boxes_->reachIn(visualRect(index)).contains(place);
+    marks().announce(topLeft, bottomRight);
 }
 
 void LocationTable::mouseDoubleClickEvent(QMouseEvent* event) {
-    opensRow_ = event->button() == Qt::LeftButton && !isOnBox(event->position().toPoint());
-    QTableView::mouseDoubleClickEvent(event);
+    opensRow_ = event->button() == Qt::LeftButton;
+    BoxTable::mouseDoubleClickEvent(event);
 }
 
 void LocationTable::paintEvent(QPaintEvent* event) {
-    QTableView::paintEvent(event);
-    marks_.painted();
+    BoxTable::paintEvent(event);
     if (model() != nullptr && model()->rowCount() > 0) {
         return;
     }
@@ -171,10 +142,7 @@ void LocationTable::focusOutEvent(QFocusEvent* event) {
 }
 
 void LocationTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QTableView::currentChanged(current, previous);
-    // Qt repaints two cells.
-    updateRow(*this, previous);
-    updateRow(*this, current);
+    BoxTable::currentChanged(current, previous);
     Q_EMIT surroundingsChanged();
 }
 

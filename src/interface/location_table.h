@@ -1,18 +1,13 @@
 #pragma once
 
-#include "interface/mark_announcer.h"
-#include "interface/marked_list.h"
-
-#include <QTableView>
+#include "interface/box_table.h"
 
 namespace tarvin {
-
-class CheckBoxDelegate;
 
 /// The list of locations, `tableExact`. Its model has the columns of LocationColumn; drops are
 /// offered to the model (canDropMimeData(), dropMimeData()). Return on a row opens it, Space
 /// turns its check box. Main thread.
-class LocationTable final : public QTableView, public MarkedList {
+class LocationTable final : public BoxTable {
     Q_OBJECT
 
  public:
@@ -30,9 +25,6 @@ class LocationTable final : public QTableView, public MarkedList {
 
     void setModel(QAbstractItemModel* model) override;
 
-    [[nodiscard]] int shownRows() const override;
-    [[nodiscard]] QModelIndex indexInRow(int row, int column) const override;
-    [[nodiscard]] int rowOf(const QModelIndex& index) const override { return index.row(); }
     void turnBox(const QModelIndex& box) override;
 
     void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
@@ -68,12 +60,8 @@ class LocationTable final : public QTableView, public MarkedList {
 
  private:
     void setDragHovering(bool hovering);
-    /// Whether a click there means the check box.
-    [[nodiscard]] bool isOnBox(const QPoint& place) const;
 
-    CheckBoxDelegate* const boxes_;
-    MarkAnnouncer marks_{*this, buttonCell};
-    bool opensRow_ = false;  // the double click that is told of
+    bool opensRow_ = false;  // the double click that is being handled
     QString emptyText_;
     bool dragHovering_ = false;
     bool focusShown_ = false;

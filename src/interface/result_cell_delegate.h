@@ -1,31 +1,30 @@
 #pragma once
 
+#include "controls/box_cell_delegate.h"
+
 #include <QFont>
-#include <QStyledItemDelegate>
 
 namespace tarvin {
 
-/// Paints the cells of ResultTable: texts on one line, a check box in the last column, and a tint
-/// on every second row. Owned by its parent; main thread.
-class ResultCellDelegate final : public QStyledItemDelegate {
-    Q_OBJECT
-
+/// Paints the cells of ResultTable: single-line texts, a check box in the last column, and a tint
+/// on every second row. Owned by its parent. Main thread only.
+class ResultCellDelegate final : public BoxCellDelegate {
  public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
     static constexpr int boxSide = 16;
 
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override;
+    explicit ResultCellDelegate(QObject* parent);
+
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const override;
-    /// The table takes presses itself.
-    bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
-                     const QModelIndex& index) override;
 
-    /// Where the text of a cell lies, and its font.
-    [[nodiscard]] static QRect textPlace(const QRect& cell, int column);
+    /// The geometry of the text in a cell, and its font.
+    [[nodiscard]] static QRect textRect(const QRect& cell, int column);
     [[nodiscard]] static QFont textFont(int column);
+
+ protected:
+    void paintContent(QPainter& painter, const QRect& cell,
+                      const QModelIndex& index) const override;
+    [[nodiscard]] RowLook rowLook(const QModelIndex& index) const override;
 };
 
 }  // namespace tarvin

@@ -1,13 +1,8 @@
 #include "interface/result_table.h"
 
-#include "controls/check_box_painter.h"
-#include "controls/row_painter.h"
-#include "interface/accessible_list.h"
-#include "interface/appearance.h"
 #include "interface/full_text_tip.h"
 #include "interface/list_header.h"
 #include "interface/result_cell_delegate.h"
-#include "interface/still_list.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -35,23 +30,15 @@ int widthOfTitle(const QTableView& table, int column) {
 
 }  // namespace
 
-ResultTable::ResultTable(QWidget* parent) : QTableView(parent) {
-    constexpr int titleIndent = 12;
-    auto* header = new ListHeader(heightOfHeader, titleIndent, this);
-    header->setTitlesAtLeft(2);
-    setHorizontalHeader(header);
-    header->coverScrollBarOf(this);
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(heightOfRows);
+ResultTable::ResultTable(QWidget* parent)
+    : BoxTable({.boxColumn = ButtonCell,
+                .boxSide = ResultCellDelegate::boxSide,
+                .heightOfRows = heightOfRows,
+                .heightOfHeader = heightOfHeader,
+                .titleIndent = 12},
+               parent) {
+    listHeader().setTitlesAtLeft(2);
     setItemDelegate(new ResultCellDelegate(this));
-    setShowGrid(false);
-    setWordWrap(false);
-    setCornerButtonEnabled(false);
-    setMouseTracking(true);
-    setUpList(*this);
-    useNeutralStyle(this);
-    AccessibleList::install();
 }
 
 QString ResultTable::title(Column column) {
@@ -72,14 +59,6 @@ void ResultTable::setModel(QAbstractItemModel* model) {
     QTableView::setModel(model);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     fitColumns();
-}
-
-int ResultTable::shownRows() const {
-    return model() == nullptr ? 0 : model()->rowCount();
-}
-
-QModelIndex ResultTable::indexInRow(int row, int column) const {
-    return model() == nullptr ? QModelIndex() : model()->index(row, column);
 }
 
 void ResultTable::turnBox(const QModelIndex& box) {
@@ -137,19 +116,7 @@ void ResultTable::dataChanged(const QModelIndex& topLeft, const QModelIndex& bot
     const int bottom = rowViewportPosition(bottomRight.row()) + rowHeight(bottomRight.row());
     viewport()->update(QRect(0, top, viewport()->width(), bottom - top) & viewport()->rect());
     announceData(*this, topLeft, bottomRight);
-    marks_.announce(topLeft, bottomRight);
-}
-
-void ResultTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QTableView::currentChanged(current, previous);
-    // Qt repaints two cells.
-    updateRow(*this, previous);
-    updateRow(*this, current);
-}
-
-void ResultTable::paintEvent(QPaintEvent* event) {
-    QTableView::paintEvent(event);
-    marks_.painted();
+    marks().announce(topLeft, bottomRight);
 }
 
 void ResultTable::keyboardSearch(const QString& search) {
@@ -167,50 +134,10 @@ bool ResultTable::viewportEvent(QEvent* event) {
     const QModelIndex index = indexAt(help.pos());
     if (index.isValid() && index.column() != ButtonCell) {
         showFullText(help, viewport(),
-                     ResultCellDelegate::textPlace(visualRect(index), index.column()),
+                     ResultCellDelegate::textRect(visualRect(index), index.column()),
                      ResultCellDelegate::textFont(index.column()), index);
     }
     return true;
-}
-
-QModelIndex ResultTable::boxAt(const QPoint& point) const {
-    constexpr int reach = 8;
-    const QModelIndex index = indexAt(point);
-    if (!index.isValid() || index.column() != ButtonCell) {
-        return {};
-    }
-    const QRect target = checkBoxIn(visualRect(index), ResultCellDelegate::boxSide + 2 * reach);
-    return target.contains(point) ? index : QModelIndex();
-}
-
-bool ResultTable::pressBox(const QMouseEvent& event) {
-    pressedBox_ =
-        event.button() == Qt::LeftButton ? boxAt(event.position().toPoint()) : QModelIndex();
-    return pressedBox_.isValid();
-}
-
-void ResultTable::mousePressEvent(QMouseEvent* event) {
-    if (!pressBox(*event)) {
-        QTableView::mousePressEvent(event);
-    }
-}
-
-void ResultTable::mouseMoveEvent(QMouseEvent* event) {
-    if (!pressedBox_.isValid()) {
-        QTableView::mouseMoveEvent(event);
-    }
-}
-
-void ResultTable::mouseReleaseEvent(QMouseEvent* event) {
-    if (!pressedBox_.isValid()) {
-        QTableView::mouseReleaseEvent(event);
-        return;
-    }
-    const QModelIndex pressed = pressedBox_;
-    pressedBox_ = QPersistentModelIndex();
-    if (event->button() == Qt::LeftButton && boxAt(event->position().toPoint()) == pressed) {
-        Q_EMIT tableCheckBoxClicked(pressed.row());
-    }
 }
 
 void ResultTable::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -229,23 +156,17 @@ void ResultTable::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void ResultTable::keyPressEvent(QKeyEvent* event) {
     const QModelIndex current = currentIndex();
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!isReturn && event->key() != Qt::Key_Space) {
-        QTableView::keyPressEvent(event);
-        selectRowOfKeyboard(*event);
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (current.isValid() && !event->isAutoRepeat()) {
+            Q_EMIT doubleClick(current.row());
+        }
         return;
     }
-    if (!current.isValid() || event->isAutoRepeat()) {
-        return;
+    if (event->key() == Qt::Key_Space) {
+        continueFromBox();
     }
-    if (isReturn) {
-        Q_EMIT doubleClick(current.row());
-        return;
-    }
-    // Assistive technology reads on from the box.
-    selectionModel()->setCurrentIndex(current.siblingAtColumn(ButtonCell),
-                                      QItemSelectionModel::NoUpdate);
-    Q_EMIT tableCheckBoxClicked(current.row());
+    BoxTable::keyPressEvent(event);
+    selectRowOfKeyboard(*event);
 }
 
 /// A key that would move, but is at the end already, selects the row where it is.

@@ -1,10 +1,6 @@
 #pragma once
 
-#include "interface/mark_announcer.h"
-#include "interface/marked_list.h"
-
-#include <QPersistentModelIndex>
-#include <QTableView>
+#include "interface/box_table.h"
 
 namespace tarvin {
 
@@ -17,7 +13,7 @@ namespace tarvin {
 ///
 /// One row is selected, by a click beside its check box or by the keys that move; nothing that a
 /// person does selects none.
-class ResultTable final : public QTableView, public MarkedList {
+class ResultTable final : public BoxTable {
     Q_OBJECT
 
  public:
@@ -39,9 +35,6 @@ class ResultTable final : public QTableView, public MarkedList {
 
     void setModel(QAbstractItemModel* model) override;
 
-    [[nodiscard]] int shownRows() const override;
-    [[nodiscard]] QModelIndex indexInRow(int row, int column) const override;
-    [[nodiscard]] int rowOf(const QModelIndex& index) const override { return index.row(); }
     void turnBox(const QModelIndex& box) override;
 
     /// Selects a row as a click on it would, also while a person cannot, makes it current and
@@ -66,26 +59,14 @@ class ResultTable final : public QTableView, public MarkedList {
  protected:
     QItemSelectionModel::SelectionFlags selectionCommand(
         const QModelIndex& index, const QEvent* event = nullptr) const override;
-    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     bool viewportEvent(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
  private:
     void fitColumns();
-    /// The row whose check box is in reach of a point, in column ButtonCell; invalid elsewhere.
-    [[nodiscard]] QModelIndex boxAt(const QPoint& point) const;
-    /// Whether the press was meant for a check box.
-    bool pressBox(const QMouseEvent& event);
     void selectRowOfKeyboard(const QKeyEvent& event);
-
-    MarkAnnouncer marks_{*this, ButtonCell};
-    QPersistentModelIndex pressedBox_;  // where a click on a box began
 };
 
 }  // namespace tarvin

@@ -1,15 +1,10 @@
 #include "interface/result_tree_view.h"
 
-#include "controls/check_box_painter.h"
-#include "controls/images.h"
 #include "controls/look.h"
-#include "controls/painting.h"
 #include "controls/row_painter.h"
-#include "interface/accessible_list.h"
-#include "interface/appearance.h"
 #include "interface/full_text_tip.h"
 #include "interface/list_header.h"
-#include "interface/still_list.h"
+#include "interface/list_setup.h"
 #include "interface/tree_row.h"
 
 #include <QHelpEvent>
@@ -24,7 +19,7 @@ namespace tarvin {
 
 namespace {
 
-/// Tells the tree its one row height. Rows are painted and pressed by the tree.
+/// Gives the tree its one row height. The tree paints its rows itself.
 class RowHeight final : public QStyledItemDelegate {
  public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -39,17 +34,6 @@ class RowHeight final : public QStyledItemDelegate {
     }
 };
 
-void paintBranch(QPainter& painter, const QRect& place, bool expanded) {
-    const QPixmap chevron =
-        picture(QStringLiteral("ui/chevron_down"), place.size(), densityOf(painter));
-    painter.save();
-    painter.translate(QRectF(place).center());
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.rotate(expanded ? 0 : -90);
-    painter.drawPixmap(QPointF(-place.width() / 2.0, -place.height() / 2.0), chevron);
-    painter.restore();
-}
-
 bool isLeftPress(const QEvent* event) {
     return event != nullptr &&
            (event->type() == QEvent::MouseButtonPress ||
@@ -59,7 +43,7 @@ bool isLeftPress(const QEvent* event) {
 
 }  // namespace
 
-ResultTreeView::ResultTreeView(QWidget* parent) : QTreeView(parent) {
+ResultTreeView::ResultTreeView(QWidget* parent) : BoxList(check, parent) {
     constexpr int titleIndent = 12;
     auto* listHeader = new ListHeader(heightOfHeader, titleIndent, this);
     listHeader->setOnlyTitle(name);
@@ -74,12 +58,9 @@ ResultTreeView::ResultTreeView(QWidget* parent) : QTreeView(parent) {
     setRootIsDecorated(false);
     setExpandsOnDoubleClick(false);
     setAllColumnsShowFocus(true);
-    setMouseTracking(true);
     setUpList(*this);
     setContextMenuPolicy(Qt::CustomContextMenu);
     setAccessibleName(title());
-    useNeutralStyle(this);
-    AccessibleList::install();
 }
 
 QString ResultTreeView::title() {
@@ -202,7 +183,7 @@ void ResultTreeView::dataChanged(const QModelIndex& topLeft, const QModelIndex& 
         viewport()->update();
     }
     announceData(*this, topLeft, bottomRight);
-    marks_.announce(topLeft, bottomRight);
+    marks().announce(topLeft, bottomRight);
 }
 
 /// Looks for it among the rows in view: asking where a row lies walks through the whole tree if it
@@ -224,8 +205,7 @@ void ResultTreeView::updateRow(const QModelIndex& index) {
 
 void ResultTreeView::paintEvent(QPaintEvent* event) {
     isAllDue_ = false;
-    QTreeView::paintEvent(event);
-    marks_.painted();
+    BoxList::paintEvent(event);
 }
 
 QItemSelectionModel::SelectionFlags ResultTreeView::selectionCommand(const QModelIndex& index,
@@ -256,13 +236,12 @@ void ResultTreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& opti
     row.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(first));
     painter->save();
     paintRow(*painter, row, first, {.selected = look::treeSelected, .line = QColor()});
-    const TreeRow parts(row.rect, set);
-    if (!set && model()->hasChildren(first)) {
-        paintBranch(*painter, parts.branch(), isExpanded(first));
-    }
-    const auto state = static_cast<Qt::CheckState>(first.data(Qt::CheckStateRole).toInt());
-    paintCheckBox(*painter, parts.box(), state);
-    paintLine(*painter, parts.name(), label.data().toString(), parts.nameFont(), look::ink);
+    TreeRow(row.rect, set)
+        .paint(*painter,
+               {.name = label.data().toString(),
+                .mark = static_cast<Qt::CheckState>(first.data(Qt::CheckStateRole).toInt()),
+                .hasBranch = !set && model()->hasChildren(first),
+                .isExpanded = isExpanded(first)});
     painter->restore();
 }
 
@@ -280,26 +259,22 @@ bool ResultTreeView::viewportEvent(QEvent* event) {
     return true;
 }
 
-bool ResultTreeView::pressControl(const QMouseEvent& event) {
-    pressedBox_ = QPersistentModelIndex();
-    const QPoint place = event.position().toPoint();
-    const QModelIndex index = indexAt(place);
-    switch (event.button() == Qt::LeftButton ? partAt(place) : Part::text) {
-        case Part::box:
-            pressedBox_ = index;
-            return true;
-        case Part::branch:
-            setExpanded(index.siblingAtColumn(check), !isExpanded(index.siblingAtColumn(check)));
-            return true;
-        case Part::text:
-        case Part::none:
-            break;
+QModelIndex ResultTreeView::boxAt(const QPoint& point) const {
+    return partAt(point) == Part::box ? indexAt(point) : QModelIndex();
+}
+
+bool ResultTreeView::pressBranch(const QMouseEvent& event) {
+    const QPoint point = event.position().toPoint();
+    if (event.button() != Qt::LeftButton || partAt(point) != Part::branch) {
+        return false;
     }
-    return false;
+    const QModelIndex extension = indexAt(point).siblingAtColumn(check);
+    setExpanded(extension, !isExpanded(extension));
+    return true;
 }
 
 void ResultTreeView::mousePressEvent(QMouseEvent* event) {
-    if (pressControl(*event)) {
+    if (pressBox(*event) || pressBranch(*event)) {
         return;
     }
     const QModelIndex index = indexAt(event->position().toPoint());
@@ -309,26 +284,8 @@ void ResultTreeView::mousePressEvent(QMouseEvent* event) {
     QTreeView::mousePressEvent(event);
 }
 
-void ResultTreeView::mouseMoveEvent(QMouseEvent* event) {
-    if (!pressedBox_.isValid()) {
-        QTreeView::mouseMoveEvent(event);
-    }
-}
-
-void ResultTreeView::mouseReleaseEvent(QMouseEvent* event) {
-    if (!pressedBox_.isValid()) {
-        QTreeView::mouseReleaseEvent(event);
-        return;
-    }
-    const QModelIndex pressed = pressedBox_;
-    pressedBox_ = QPersistentModelIndex();
-    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()) == pressed) {
-        Q_EMIT checkBoxClicked(pressed);
-    }
-}
-
 void ResultTreeView::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (pressControl(*event)) {
+    if (pressBox(*event) || pressBranch(*event)) {
         return;
     }
     const QModelIndex first = indexAt(event->position().toPoint()).siblingAtColumn(check);
@@ -343,16 +300,10 @@ void ResultTreeView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ResultTreeView::keyPressEvent(QKeyEvent* event) {
-    if (event->key() != Qt::Key_Space) {
-        QTreeView::keyPressEvent(event);
-        return;
+    if (event->key() == Qt::Key_Space) {
+        continueFromBox();
     }
-    const QModelIndex box = currentIndex().siblingAtColumn(check);
-    if (box.isValid() && !event->isAutoRepeat()) {
-        // Assistive technology reads on from the box.
-        selectionModel()->setCurrentIndex(box, QItemSelectionModel::NoUpdate);
-        Q_EMIT checkBoxClicked(box);
-    }
+    BoxList::keyPressEvent(event);
 }
 
 }  // namespace tarvin

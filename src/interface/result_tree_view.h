@@ -1,9 +1,7 @@
 #pragma once
 
-#include "interface/mark_announcer.h"
-#include "interface/marked_list.h"
+#include "interface/box_list.h"
 
-#include <QPersistentModelIndex>
 #include <QTreeView>
 
 namespace tarvin {
@@ -20,7 +18,7 @@ namespace tarvin {
 ///
 /// Only a click on a set's name selects; the arrow keys move nothing but the current index, which
 /// the focus ring shows.
-class ResultTreeView final : public QTreeView, public MarkedList {
+class ResultTreeView final : public BoxList<QTreeView> {
     Q_OBJECT
 
  public:
@@ -79,6 +77,7 @@ class ResultTreeView final : public QTreeView, public MarkedList {
  protected:
     QItemSelectionModel::SelectionFlags selectionCommand(
         const QModelIndex& index, const QEvent* event = nullptr) const override;
+    [[nodiscard]] QModelIndex boxAt(const QPoint& point) const override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
     void paintEvent(QPaintEvent* event) override;
@@ -86,8 +85,6 @@ class ResultTreeView final : public QTreeView, public MarkedList {
                  const QModelIndex& index) const override;
     bool viewportEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -99,12 +96,11 @@ class ResultTreeView final : public QTreeView, public MarkedList {
     [[nodiscard]] QRect rowRect(const QModelIndex& index) const;
     /// Repaints a row if it is in view.
     void updateRow(const QModelIndex& index);
-    /// Whether the press was meant for the branch or the box and has had its effect.
-    bool pressControl(const QMouseEvent& event);
+    /// Expands or collapses the row if the event is a press on its branch, and returns whether it
+    /// is.
+    bool pressBranch(const QMouseEvent& event);
 
-    MarkAnnouncer marks_{*this, check};
-    QPersistentModelIndex pressedBox_;  // where a click on a box began
-    bool isAllDue_ = false;             // all rows in view will be painted
+    bool isAllDue_ = false;  // all rows in view will be painted
 };
 
 }  // namespace tarvin

@@ -1,7 +1,9 @@
 #include "interface/tree_row.h"
 
 #include "controls/check_box_painter.h"
+#include "controls/images.h"
 #include "controls/look.h"
+#include "controls/painting.h"
 
 namespace tarvin {
 
@@ -14,6 +16,17 @@ constexpr int boxSide = 16;
 constexpr int indentation = 18;
 constexpr int boxToName = 24;
 constexpr int rightMargin = 8;
+
+void paintBranch(QPainter& painter, const QRect& place, bool expanded) {
+    const QPixmap chevron =
+        picture(QStringLiteral("ui/chevron_down"), place.size(), densityOf(painter));
+    painter.save();
+    painter.translate(QRectF(place).center());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.rotate(expanded ? 0 : -90);
+    painter.drawPixmap(QPointF(-place.width() / 2.0, -place.height() / 2.0), chevron);
+    painter.restore();
+}
 
 }  // namespace
 
@@ -45,6 +58,14 @@ QRect TreeRow::name() const {
 
 QFont TreeRow::nameFont() const {
     return look::font(13, isSet_ ? QFont::Normal : QFont::DemiBold);
+}
+
+void TreeRow::paint(QPainter& painter, const Content& content) const {
+    if (content.hasBranch) {
+        paintBranch(painter, branch(), content.isExpanded);
+    }
+    paintCheckBox(painter, box(), content.mark);
+    paintLine(painter, name(), content.name, nameFont(), look::ink);
 }
 
 int TreeRow::boxLeft() const {

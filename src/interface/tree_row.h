@@ -1,13 +1,23 @@
 #pragma once
 
 #include <QFont>
+#include <QPainter>
 #include <QRect>
+#include <QString>
 
 namespace tarvin {
 
-/// Where the parts of one row of the tree of results lie, `row` being the whole row.
+/// The geometry of the parts of one row in the tree of results, and their painting. `row` is the
+/// whole row.
 class TreeRow final {
  public:
+    struct Content {
+        QString name;
+        Qt::CheckState mark = Qt::Unchecked;
+        bool hasBranch = false;
+        bool isExpanded = false;
+    };
+
     TreeRow(const QRect& row, bool isSet) : row_(row), isSet_(isSet) {}
 
     /// The chevron that expands an extension; empty for a set.
@@ -19,6 +29,9 @@ class TreeRow final {
     [[nodiscard]] QRect boxReach() const;
     [[nodiscard]] QRect name() const;
     [[nodiscard]] QFont nameFont() const;
+
+    /// Paints everything but the background.
+    void paint(QPainter& painter, const Content& content) const;
 
  private:
     [[nodiscard]] int boxLeft() const;

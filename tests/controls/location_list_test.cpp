@@ -1,15 +1,13 @@
-#include "controls/check_box_delegate.h"
+#include "controls/check_box_cell.h"
 #include "controls/control_bench.h"
 #include "controls/custom_table_cell_view.h"
 #include "controls/images.h"
 #include "controls/location_cell_delegate.h"
-#include "controls/look.h"
 #include "controls/row_painter.h"
 
 #include <gtest/gtest.h>
 
 #include <QHeaderView>
-#include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTableView>
 #include <QTest>
@@ -41,13 +39,8 @@ class LocationListTest : public testing::Test {
         table_.setSelectionBehavior(QAbstractItemView::SelectRows);
         table_.setColumnWidth(0, 216);
         table_.setColumnWidth(1, 84);
-        location_ = new LocationCellDelegate(1, &table_);
-        check_ = new CheckBoxDelegate(&table_);
-        table_.setItemDelegateForColumn(0, location_);
-        table_.setItemDelegateForColumn(1, check_);
+        table_.setItemDelegate(&delegate_);
     }
-
-    Qt::CheckState state(int row) { return model_.item(row, 1)->checkState(); }
 
     /// A list hears of the pointer from its first painting on.
     void paintOnce() { table_.grab(); }
@@ -56,11 +49,10 @@ class LocationListTest : public testing::Test {
         QTest::mouseClick(bench_.window().windowHandle(), Qt::LeftButton, {}, place);
     }
 
+    LocationCellDelegate delegate_{1};
     QStandardItemModel model_;
     ControlBench bench_;
     QTableView& table_;
-    LocationCellDelegate* location_ = nullptr;
-    CheckBoxDelegate* check_ = nullptr;
 };
 
 TEST_F(LocationListTest, ARowIsWhiteWithALineBelow) {
@@ -88,7 +80,7 @@ TEST(RowPainterTest, ARowMayHaveOtherColoursAndNoLine) {
 }
 
 TEST_F(LocationListTest, ARowIs56High) {
-    EXPECT_EQ(location_->sizeHint({}, {}).height(), 56);
+    EXPECT_EQ(delegate_.sizeHint({}, {}).height(), 56);
 }
 
 TEST_F(LocationListTest, ASelectedRowHasItsColour) {
@@ -153,9 +145,9 @@ TEST_F(LocationListTest, ARowWithoutAPictureShowsAFolder) {
 TEST_F(LocationListTest, NameAboveAndPathBelow) {
     const QRect name(72, 9, 120, 19);
     const QRect path(72, 29, 120, 17);
-    EXPECT_TRUE(bench_.holds(name, look::ink));
-    EXPECT_FALSE(bench_.holds(path, look::ink));
-    EXPECT_TRUE(bench_.holds(path, look::muted));
+    EXPECT_TRUE(bench_.holds(name, QColor(20, 36, 46)));
+    EXPECT_FALSE(bench_.holds(path, QColor(20, 36, 46)));
+    EXPECT_TRUE(bench_.holds(path, QColor(74, 91, 102)));
 }
 
 TEST_F(LocationListTest, ALongPathEndsBeforeTheColumnDoes) {
@@ -177,77 +169,31 @@ TEST_F(LocationListTest, TheSizeOfAFileIsOnTheRight) {
     EXPECT_GT(sizePlace().right() / table_.devicePixelRatioF(), 100);
 }
 
-TEST_F(LocationListTest, AClickOnTheBoxTurnsItOver) {
-    const QSignalSpy clicks(check_, &CheckBoxDelegate::checkButtonClicked);
-    click(QPoint(258, 28));
-    EXPECT_EQ(state(0), Qt::Checked);
-    EXPECT_EQ(clicks.count(), 1);
+TEST_F(LocationListTest, PaintsTheBoxInItsColumn) {
+    EXPECT_THAT(bench_.at(252.5, 22), IsRgb(255, 255, 255));
+    model_.item(0, 1)->setCheckState(Qt::Checked);
     EXPECT_THAT(bench_.at(252.5, 22), IsRgb(14, 116, 138));
+}
+
+TEST_F(LocationListTest, TheDelegateLeavesClicksAndKeysToTheList) {
     click(QPoint(258, 28));
-    EXPECT_EQ(state(0), Qt::Unchecked);
-    EXPECT_EQ(clicks.count(), 2);
-}
-
-TEST_F(LocationListTest, AClickNearTheBoxCountsAndOneFarFromItDoesNot) {
-    click(QPoint(258 + 16, 28));
-    EXPECT_EQ(state(0), Qt::Checked);
-    click(QPoint(258 + 18, 28));
-    EXPECT_EQ(state(0), Qt::Checked);
-    click(QPoint(100, 28));
-    EXPECT_EQ(state(0), Qt::Checked);
-}
-
-TEST_F(LocationListTest, AClickThatEndsInAnotherRowDoesNotCount) {
-    QWindow* window = bench_.window().windowHandle();
-    QTest::mousePress(window, Qt::LeftButton, {}, QPoint(258, 28));
-    QTest::mouseRelease(window, Qt::LeftButton, {}, QPoint(258, 84));
-    EXPECT_EQ(state(0), Qt::Unchecked);
-    EXPECT_EQ(state(1), Qt::Unchecked);
-}
-
-TEST_F(LocationListTest, TheOtherMouseButtonDoesNotCount) {
-    QTest::mouseClick(bench_.window().windowHandle(), Qt::RightButton, {}, QPoint(258, 28));
-    EXPECT_EQ(state(0), Qt::Unchecked);
-}
-
-TEST_F(LocationListTest, TwoQuickClicksTurnItOverTwice) {
-    QTest::mouseDClick(bench_.window().windowHandle(), Qt::LeftButton, {}, QPoint(258, 28));
-    EXPECT_EQ(state(0), Qt::Unchecked);
-}
-
-TEST_F(LocationListTest, SpaceTurnsOverTheBoxOfTheRowInEitherColumn) {
-    const QSignalSpy locations(location_, &LocationCellDelegate::checkButtonClicked);
-    const QSignalSpy checks(check_, &CheckBoxDelegate::checkButtonClicked);
     table_.setFocus();
-    table_.setCurrentIndex(model_.index(1, 0));
+    table_.setCurrentIndex(model_.index(0, 1));
     QTest::keyClick(bench_.window().windowHandle(), Qt::Key_Space);
-    EXPECT_EQ(state(1), Qt::Checked);
-    EXPECT_EQ(locations.count(), 1);
-    table_.setCurrentIndex(model_.index(1, 1));
-    QTest::keyClick(bench_.window().windowHandle(), Qt::Key_Space);
-    EXPECT_EQ(state(1), Qt::Unchecked);
-    EXPECT_EQ(checks.count(), 1);
+    EXPECT_EQ(model_.item(0, 1)->checkState(), Qt::Unchecked);
 }
 
-TEST_F(LocationListTest, OtherKeysTurnNothingOver) {
-    table_.setFocus();
-    table_.setCurrentIndex(model_.index(1, 0));
-    QTest::keyClick(bench_.window().windowHandle(), Qt::Key_X);
-    EXPECT_EQ(state(1), Qt::Unchecked);
-}
-
-TEST_F(LocationListTest, ABoxThatIsDisabledStays) {
+TEST_F(LocationListTest, ADisabledBoxIsNotToggled) {
     model_.item(0, 1)->setEnabled(false);
-    click(QPoint(258, 28));
-    EXPECT_EQ(state(0), Qt::Unchecked);
     EXPECT_FALSE(toggleCheckState(model_, model_.index(0, 1)));
+    EXPECT_EQ(model_.item(0, 1)->checkState(), Qt::Unchecked);
     EXPECT_FALSE(toggleCheckState(model_, model_.index(0, 0)));
 }
 
-TEST_F(LocationListTest, ABoxThatIsPartlyOnGoesOn) {
+TEST_F(LocationListTest, APartiallyCheckedBoxBecomesChecked) {
     model_.item(0, 1)->setCheckState(Qt::PartiallyChecked);
     EXPECT_TRUE(toggleCheckState(model_, model_.index(0, 1)));
-    EXPECT_EQ(state(0), Qt::Checked);
+    EXPECT_EQ(model_.item(0, 1)->checkState(), Qt::Checked);
 }
 
 TEST_F(LocationListTest, TheKeyboardIsShownRoundTheWholeRow) {

@@ -1,5 +1,4 @@
 #include "controls/hover_button.h"
-#include "controls/look.h"
 #include "interface/location_frame.h"
 #include "interface/shown_window.h"
 
@@ -35,6 +34,13 @@ class LocationTableTest : public ShownWindow {
         return table.visualRect(rows.index(row, column)).center();
     }
 
+    /// The events of a real double click, which ends with a release.
+    void doubleClick(const QPoint& point, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(table.viewport(), button, {}, point);
+        QTest::mouseDClick(table.viewport(), button, {}, point);
+        QTest::mouseRelease(table.viewport(), button, {}, point);
+    }
+
     void makeCurrent(int row) { table.setCurrentIndex(rows.index(row, LocationTable::mainCell)); }
 
     SomeLocations rows;
@@ -45,8 +51,7 @@ TEST_F(LocationTableTest, ADoubleClickOpensTheRow) {
     const QSignalSpy opened(&table, &LocationTable::rowOpened);
     const QPoint row = middleOf(1, LocationTable::mainCell);
 
-    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, row);
-    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, row);
+    doubleClick(row);
 
     ASSERT_EQ(opened.size(), 1);
     EXPECT_EQ(opened.front().front().toModelIndex().row(), 1);
@@ -57,8 +62,7 @@ TEST_F(LocationTableTest, ADoubleClickOnACheckBoxTurnsItTwiceAndOpensNothing) {
     const QSignalSpy turned(&rows, &QAbstractItemModel::dataChanged);
     const QPoint box = middleOf(1, LocationTable::buttonCell);
 
-    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, box);
-    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, box);
+    doubleClick(box);
 
     EXPECT_EQ(turned.size(), 2);
     EXPECT_EQ(rows.index(1, LocationTable::buttonCell).data(Qt::CheckStateRole).toInt(),
@@ -71,14 +75,12 @@ TEST_F(LocationTableTest, ADoubleClickOpensBesideTheBoxToo) {
     const QSignalSpy turned(&rows, &QAbstractItemModel::dataChanged);
     const QPoint box = middleOf(1, LocationTable::buttonCell);
     for (const int x : {1, box.x() - 20, box.x() + 20, table.viewport()->width() - 1}) {
-        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, {x, box.y()});
-        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, {x, box.y()});
+        doubleClick({x, box.y()});
     }
     EXPECT_EQ(opened.size(), 4);
     EXPECT_EQ(turned.size(), 0);
     // In reach of the box it is two clicks.
-    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, box + QPoint(15, 0));
-    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, box + QPoint(15, 0));
+    doubleClick(box + QPoint(15, 0));
     EXPECT_EQ(opened.size(), 4);
     EXPECT_EQ(turned.size(), 2);
 }
@@ -86,8 +88,7 @@ TEST_F(LocationTableTest, ADoubleClickOpensBesideTheBoxToo) {
 TEST_F(LocationTableTest, ADoubleClickOfTheOtherButtonOpensNothing) {
     const QSignalSpy opened(&table, &LocationTable::rowOpened);
     const QPoint row = middleOf(1, LocationTable::mainCell);
-    QTest::mouseClick(table.viewport(), Qt::RightButton, {}, row);
-    QTest::mouseDClick(table.viewport(), Qt::RightButton, {}, row);
+    doubleClick(row, Qt::RightButton);
     EXPECT_EQ(opened.size(), 0);
 }
 
@@ -112,7 +113,7 @@ TEST_F(LocationTableTest, TheScrollBarBeginsBelowTheHeader) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return bar.isVisible(); }, 20000));
     EXPECT_EQ(bar.mapTo(&table, QPoint(0, 0)).y(), LocationTable::heightOfHeader);
     // Its band goes on above the bar.
-    EXPECT_EQ(table.grab().toImage().pixelColor(table.width() - 3, 10), look::header);
+    EXPECT_EQ(table.grab().toImage().pixelColor(table.width() - 3, 10), QColor(233, 239, 242));
 }
 
 TEST_F(LocationTableTest, AClickOpensNothing) {
@@ -161,14 +162,14 @@ TEST_F(LocationTableTest, ReturnWithCtrlScansFromARow) {
 TEST_F(LocationTableTest, AnEmptyListShowsTheKeyboardRoundItself) {
     const auto edge = [this] { return edgeOf(*window.locations->tableFrame); };
     rows.removeRows(0, 2);
-    EXPECT_EQ(edge(), look::surface);
+    EXPECT_EQ(edge(), QColor(255, 255, 255));
 
     window.locations->addPhotos->setFocus();
     QTest::keyClick(window.locations->addPhotos, Qt::Key_Backtab);
-    EXPECT_EQ(edge(), look::focusRing);
+    EXPECT_EQ(edge(), QColor(10, 58, 82));
 
     QTest::keyClick(&table, Qt::Key_Tab);
-    EXPECT_EQ(edge(), look::surface);
+    EXPECT_EQ(edge(), QColor(255, 255, 255));
 }
 
 TEST_F(LocationTableTest, SpaceTurnsTheCheckBoxOfTheRow) {
@@ -185,6 +186,49 @@ TEST_F(LocationTableTest, AClickOnTheCheckBoxTurnsIt) {
     QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, middleOf(1, LocationTable::buttonCell));
 
     EXPECT_FALSE(rows.isChecked(1));
+    EXPECT_FALSE(rows.isChecked(0));
+}
+
+TEST_F(LocationTableTest, ABoxTakesClicksUpToEightPixelsOutsideItsEdge) {
+    const QPoint box = middleOf(0, LocationTable::buttonCell);
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, box + QPoint(16, 0));
+    EXPECT_TRUE(rows.isChecked(0));
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, box + QPoint(18, 0));
+    EXPECT_TRUE(rows.isChecked(0));
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, middleOf(0, LocationTable::mainCell));
+    EXPECT_TRUE(rows.isChecked(0));
+}
+
+TEST_F(LocationTableTest, AClickThatEndsInAnotherRowTogglesNothing) {
+    QTest::mousePress(table.viewport(), Qt::LeftButton, {}, middleOf(0, LocationTable::buttonCell));
+    QTest::mouseRelease(table.viewport(), Qt::LeftButton, {},
+                        middleOf(1, LocationTable::buttonCell));
+    EXPECT_FALSE(rows.isChecked(0));
+    EXPECT_TRUE(rows.isChecked(1));
+}
+
+TEST_F(LocationTableTest, OtherMouseButtonsToggleNothing) {
+    QTest::mouseClick(table.viewport(), Qt::RightButton, {},
+                      middleOf(0, LocationTable::buttonCell));
+    EXPECT_FALSE(rows.isChecked(0));
+}
+
+TEST_F(LocationTableTest, SpaceTogglesTheBoxOfTheRowFromEitherColumn) {
+    makeCurrent(0);
+    QTest::keyClick(&table, Qt::Key_Space);
+    EXPECT_TRUE(rows.isChecked(0));
+    table.setCurrentIndex(rows.index(0, LocationTable::buttonCell));
+    QTest::keyClick(&table, Qt::Key_Space);
+    EXPECT_FALSE(rows.isChecked(0));
+    QTest::keyClick(&table, Qt::Key_X);
+    EXPECT_FALSE(rows.isChecked(0));
+}
+
+TEST_F(LocationTableTest, ADisabledBoxIgnoresClicksAndKeys) {
+    rows.item(0, LocationTable::buttonCell)->setEnabled(false);
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, middleOf(0, LocationTable::buttonCell));
+    makeCurrent(0);
+    QTest::keyClick(&table, Qt::Key_Space);
     EXPECT_FALSE(rows.isChecked(0));
 }
 
@@ -273,16 +317,16 @@ class LocationDropTest : public ShownWindow {
 };
 
 TEST_F(LocationDropTest, AHoveringDragIsShownByTheFrame) {
-    EXPECT_EQ(frameColor(), look::surface);
+    EXPECT_EQ(frameColor(), QColor(255, 255, 255));
 
     enter();
     EXPECT_TRUE(table.isDragHovering());
-    EXPECT_EQ(frameColor(), look::teal);
+    EXPECT_EQ(frameColor(), QColor(0, 155, 178));
 
     QDragLeaveEvent leave;
     QCoreApplication::sendEvent(table.viewport(), &leave);
     EXPECT_FALSE(table.isDragHovering());
-    EXPECT_EQ(frameColor(), look::surface);
+    EXPECT_EQ(frameColor(), QColor(255, 255, 255));
 }
 
 TEST_F(LocationDropTest, ADropGoesToTheModel) {
