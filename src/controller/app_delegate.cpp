@@ -11,6 +11,7 @@
 #include "controls/spinner.h"
 #include "interface/about_panel.h"
 #include "interface/home_screen.h"
+#include "interface/loading_overlay.h"
 #include "interface/location_screen.h"
 #include "interface/notice_panel.h"
 #include "interface/picture_view.h"
@@ -81,7 +82,7 @@ void AppDelegate::makeResultTasks() {
     preview_ = std::make_unique<Preview>(session_, *results_, window_, surroundings_.desktop,
                                          surroundings_.previewProgram);
     views_ = std::make_unique<ResultViews>(session_, *results_, window_, information_, *marking_,
-                                           *preview_, loading_);
+                                           *preview_, window_.loading());
     exceptions_ = std::make_unique<ExceptionsTask>(session_, *results_, window_,
                                                    *surroundings_.alerts, information_, *marking_);
     deletion_ = std::make_unique<DeletionTask>(session_, *results_, window_, *surroundings_.alerts,
@@ -307,11 +308,11 @@ void AppDelegate::terminate() const {
 }
 
 void AppDelegate::showLoading() const {
-    loading_.show();
+    window_.loading().show();
 }
 
 void AppDelegate::updateProgress() const {
-    loading_.hide();
+    window_.loading().hide();
 }
 
 void AppDelegate::startAnimation() const {

@@ -7,7 +7,6 @@
 #include "controller/file_panels.h"
 #include "controller/help.h"
 #include "controller/information_window.h"
-#include "controller/loading_overlay.h"
 #include "controller/locations.h"
 #include "controller/marking_task.h"
 #include "controller/preview.h"
@@ -137,7 +136,6 @@ class AppDelegate final : public QObject {
     std::unique_ptr<ScanTask> scan_;
     std::unique_ptr<Help> help_;
     std::unique_ptr<UpdateCheck> updates_;
-    LoadingOverlay loading_{window_};
     InformationWindow information_{window_};
     std::unique_ptr<Results> results_;
     std::unique_ptr<MarkingTask> marking_;

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "controller/information_window.h"
-#include "controller/loading_overlay.h"
 #include "controller/marking_task.h"
 #include "controller/preview.h"
 #include "controller/results.h"
 #include "controller/session.h"
+#include "interface/loading_overlay.h"
 
 #include <QObject>
 #include <memory>

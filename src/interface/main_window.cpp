@@ -7,15 +7,14 @@
 #include "controls/menu_button.h"
 #include "controls/spinner.h"
 #include "controls/view_top_bar.h"
-#include "controls/view_transparent.h"
 #include "interface/about_panel.h"
 #include "interface/appearance.h"
-#include "interface/covered.h"
 #include "interface/deletion_panel.h"
 #include "interface/exception_panel.h"
 #include "interface/home_screen.h"
 #include "interface/information_panel.h"
 #include "interface/list_panel.h"
+#include "interface/loading_overlay.h"
 #include "interface/location_screen.h"
 #include "interface/making.h"
 #include "interface/notice_panel.h"
@@ -28,7 +27,9 @@
 #include "interface/put_back_progress.h"
 #include "interface/put_back_report.h"
 #include "interface/result_screen.h"
+#include "interface/shortcuts.h"
 #include "interface/text_block.h"
+#include "interface/window_covers.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -113,7 +114,9 @@ MainWindow::MainWindow(QWidget* parent)
       placement_(new Placement(this, designSize)),
       openPanels_(new OpenPanels(this)),
       pressGuard_(new PressGuard(this)),
-      noticeOverlay_(std::make_unique<ViewTransparent>()) {
+      loading_(std::make_unique<LoadingOverlay>(*loadingView, *loadingIndicator, *placement_)),
+      covers_(std::make_unique<WindowCovers>(*this, QVector<const QWidget*>{topBar, tabViewMain})),
+      shortcuts_(std::make_unique<Shortcuts>(*this)) {
     setWindowTitle(productTitle());
     setWindowIcon(pictureIcon(QStringLiteral("app_icon")));
     setMinimumSize(designSize);
@@ -123,7 +126,7 @@ MainWindow::MainWindow(QWidget* parent)
     QToolTip::setPalette(lightPalette());
     pressGuard_->setAreas({topBar, tabViewMain});
     placeFrame();
-    placeLoadingView();
+    loadingView->raise();
     makeNotices();
     makeHelpMenu();
     makeMoreMenu();
@@ -149,21 +152,6 @@ void MainWindow::placeFrame() {
     inBar->row({buttonMore, buttonHelpManual});
 }
 
-void MainWindow::placeLoadingView() {
-    QPalette colors = lightPalette();
-    QColor veil = look::page;
-    veil.setAlphaF(0.86F);
-    colors.setColor(QPalette::Window, veil);
-    loadingView->setPalette(colors);
-    loadingView->setAutoFillBackground(true);
-    // The tree of a result, which stays free, takes 18 % of what the window gains.
-    constexpr QRect design{205, 97, 799, 320};
-    placement_->place(loadingView, {design, {0.18, 0.82}, stretching});
-    loadingView->raise();
-    auto* inside = new Placement(loadingView, design.size());
-    inside->place(loadingIndicator, {{377, 138, 44, 44}, inMiddle, inMiddle});
-}
-
 void MainWindow::makeNotices() {
     confirmationView->text->setText(tr("Are you sure, you want to stop this process?"));
     allCheckAlertView->text->setText(tr("All the files of same set cannot be selected"));
@@ -171,7 +159,7 @@ void MainWindow::makeNotices() {
     confirmationView->keyboard().setAnswers({cancelYes, cancelNo}, cancelNo, cancelNo);
     allCheckAlertView->keyboard().setAnswers({allCheckOk}, allCheckOk, allCheckOk);
     for (ButtonSettingsSaved* answer : {runningAlertOk, cancelYes, cancelNo, allCheckOk}) {
-        answer->setViewTransparent(noticeOverlay_.get());
+        answer->setViewTransparent(covers_->counter());
     }
     for (NoticePanel* notice : {runningAlert, confirmationView, allCheckAlertView}) {
         openPanels_->watch(notice, &notice->keyboard());
@@ -188,9 +176,7 @@ void MainWindow::makeNotices() {
         for (Screen* screen : screens()) {
             screen->setShortcutsEnabled(!any);
         }
-        for (QAction* shortcut : shortcuts_) {
-            shortcut->setEnabled(!any);
-        }
+        shortcuts_->setEnabled(!any);
     });
     connect(openPanels_, &OpenPanels::keyboardFree, this,
             [this] { currentScreen()->beginWithKeyboard(); });
@@ -214,24 +200,14 @@ void MainWindow::makeMoreMenu() {
     styleMenu(moreMenu);
     connect(buttonMore, &QAbstractButton::clicked, this, &MainWindow::popUpMoreMenu);
 #ifndef Q_OS_MACOS
-    addShortcut(Qt::Key_F10, [this] { openMoreByKey(); });
+    shortcuts_->add({Qt::Key_F10}, [this] { openMoreByKey(); });
 #endif
-    addShortcut(Qt::CTRL | Qt::Key_Z, [this] {
+    shortcuts_->add({Qt::CTRL | Qt::Key_Z}, [this] {
         if (buttonMore->isEnabled()) {
             putBackItem->trigger();
         }
     });
     buttonHelpManual->installEventFilter(this);
-}
-
-/// Works on every screen while no panel is open.
-void MainWindow::addShortcut(const QKeySequence& key, const std::function<void()>& press) {
-    auto* shortcut = new QAction(this);
-    shortcut->setShortcut(key);
-    shortcut->setAutoRepeat(false);
-    connect(shortcut, &QAction::triggered, this, press);
-    addAction(shortcut);
-    shortcuts_.push_back(shortcut);
 }
 
 /// The keyboard returns to the button when the menu closes.
@@ -298,12 +274,12 @@ void MainWindow::showNoticeInList(NoticePanel* notice, QPoint origin) {
 }
 
 void MainWindow::showOver(QWidget* panel, QPoint origin) {
-    addCover();
+    covers_->add();
     showPanel(panel, fromLowerLeft(origin, panel->sizeHint()));
 }
 
 void MainWindow::showOver(DialogPanel* panel, const QRect& design, Growth across, Growth down) {
-    addCover();
+    covers_->add();
     showPanel(panel, design, across, down);
 }
 
@@ -316,47 +292,16 @@ void MainWindow::showInPlaceOf(DialogPanel* before, DialogPanel* panel, const QR
     }
 }
 
-void MainWindow::addCover() {
-    auto* cover = named(new ViewTransparent(this), "viewTransparent");
-    for (ViewTransparent* before : covers_ + QVector<ViewTransparent*>{noticeOverlay_.get()}) {
-        connect(cover, &ViewTransparent::addedNote, before,
-                &ViewTransparent::viewTransparentAddedNote);
-        connect(cover, &ViewTransparent::removedNote, before,
-                &ViewTransparent::viewTransparentRemovedNote);
-    }
-    covers_.push_back(cover);
-    cover->setGeometry(rect());
-    cover->raise();
-    cover->show();
-    cover->postAddedNotification();
-    coversChanged();
-}
-
-void MainWindow::removeCover(ViewTransparent* cover) {
-    covers_.removeOne(cover);
-    cover->postRemovedNotification();
-    // At once no longer a child; the mouse may still be on its way to it.
-    cover->hide();
-    cover->setParent(nullptr);
-    cover->deleteLater();
-    coversChanged();
-}
-
-void MainWindow::coversChanged() const {
-    setCovered(topBar, !covers_.isEmpty());
-    setCovered(tabViewMain, !covers_.isEmpty());
+void MainWindow::cover() {
+    covers_->add();
 }
 
 void MainWindow::removeCovers() {
-    while (!covers_.isEmpty()) {
-        removeCover(covers_.back());
-    }
+    covers_->removeAll();
 }
 
 void MainWindow::removeFirstCover() {
-    if (!covers_.isEmpty()) {
-        removeCover(covers_.front());
-    }
+    covers_->removeFirst();
 }
 
 void MainWindow::showAbout() {
@@ -391,9 +336,7 @@ void MainWindow::setClosePermission(std::function<bool()> permission) {
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    for (ViewTransparent* cover : covers_) {
-        cover->setGeometry(rect());
-    }
+    covers_->resize();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

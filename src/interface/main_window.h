@@ -23,6 +23,7 @@ class HomeScreen;
 class HoverButton;
 class InformationPanel;
 class ListPanel;
+class LoadingOverlay;
 class LocationScreen;
 class MenuButton;
 class NoticePanel;
@@ -34,10 +35,11 @@ class PutBackProgress;
 class PutBackReport;
 class ResultScreen;
 class Screen;
+class Shortcuts;
 class Spinner;
 class TextBlock;
 class ViewTopBar;
-class ViewTransparent;
+class WindowCovers;
 
 /// The one window of the program: the bar at the top, the screens below, and the panels that come
 /// over them. Holds every control and decides nothing: who owns the window connects the controls'
@@ -135,7 +137,7 @@ class MainWindow final : public QWidget {
     void showOver(DialogPanel* panel, const QRect& design, Growth across = inMiddle,
                   Growth down = inMiddle);
     /// Covers the whole window as showOver() does; the panel comes by showInPlaceOf().
-    void cover() { addCover(); }
+    void cover();
     /// Shows `panel` under the cover that is there, in the place of `before`, if that is shown. The
     /// keyboard returns to where it was before either came.
     void showInPlaceOf(DialogPanel* before, DialogPanel* panel, const QRect& design,
@@ -143,6 +145,9 @@ class MainWindow final : public QWidget {
     /// Takes away all covers of showOver(), or the one that came first. Panels stay.
     void removeCovers();
     void removeFirstCover();
+    /// Shows and hides `loadingView`.
+    [[nodiscard]] const LoadingOverlay& loading() const { return *loading_; }
+
     /// Shows `windowAboutPanel` in the middle.
     void showAbout();
 
@@ -165,29 +170,23 @@ class MainWindow final : public QWidget {
 
  private:
     void placeFrame();
-    void placeLoadingView();
     void makeNotices();
     void makeHelpMenu();
     void makeMoreMenu();
-    void addShortcut(const QKeySequence& key, const std::function<void()>& press);
     void openMoreByKey() const;
     static void popUp(QMenu& menu, const QWidget& button, int leastWidth);
     void orderKeyboard();
     void showPanel(QWidget* panel, const QRect& design, Growth across = inMiddle,
                    Growth down = inMiddle);
-    void addCover();
-    void removeCover(ViewTransparent* cover);
-    void coversChanged() const;
     [[nodiscard]] QVector<Screen*> screens() const;
     [[nodiscard]] Screen* currentScreen() const;
 
     Placement* const placement_;
     OpenPanels* const openPanels_;
     PressGuard* const pressGuard_;
-    /// Lies over nothing: knows for the buttons of the notices how many covers lie over them.
-    const std::unique_ptr<ViewTransparent> noticeOverlay_;
-    QVector<QAction*> shortcuts_;       // rest while a panel is shown
-    QVector<ViewTransparent*> covers_;  // in the order in which they came
+    const std::unique_ptr<LoadingOverlay> loading_;
+    const std::unique_ptr<WindowCovers> covers_;
+    const std::unique_ptr<Shortcuts> shortcuts_;  // disabled while a panel is shown
     std::function<bool()> closePermission_;
 };
 

@@ -26,25 +26,14 @@ void Screen::beginWithKeyboard() {
     }
 }
 
-void Screen::setShortcutsEnabled(bool enabled) {
-    for (QAction* shortcut : shortcuts_) {
-        shortcut->setEnabled(enabled);
-    }
-}
-
 void Screen::showInBar(QWidget* control) {
     inBar_.push_back(control);
     control->hide();
 }
 
 QAction* Screen::addShortcut(const QList<QKeySequence>& keys, QAbstractButton* button) {
-    auto* shortcut = new QAction(this);
+    QAction* shortcut = shortcuts_.add(keys, [button] { button->click(); });
     shortcut->setObjectName(button->objectName() + QStringLiteral("Shortcut"));
-    shortcut->setShortcuts(keys);
-    shortcut->setAutoRepeat(false);
-    connect(shortcut, &QAction::triggered, button, [button] { button->click(); });
-    addAction(shortcut);
-    shortcuts_.push_back(shortcut);
     return shortcut;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "interface/shortcuts.h"
+
 #include <QString>
 #include <QVector>
 #include <QWidget>
@@ -37,7 +39,7 @@ class Screen : public QWidget {
     void beginWithKeyboard();
 
     /// Switches the shortcuts of addShortcut() off and on again.
-    void setShortcutsEnabled(bool enabled);
+    void setShortcutsEnabled(bool enabled) { shortcuts_.setEnabled(enabled); }
 
  protected:
     [[nodiscard]] ViewTopBar* bar() const { return bar_; }
@@ -55,7 +57,7 @@ class Screen : public QWidget {
     QVector<QWidget*> inBar_;
     QVector<QWidget*> readingOrder_;
     QWidget* firstControl_ = nullptr;
-    QVector<QAction*> shortcuts_;
+    Shortcuts shortcuts_{*this};
 };
 
 }  // namespace tarvin
