@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cli/shown_name.h"
 #include "cli/suggestion.h"
+#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 

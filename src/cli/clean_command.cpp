@@ -7,10 +7,10 @@
 #include "cli/messages.h"
 #include "cli/question.h"
 #include "cli/scan_setup.h"
-#include "cli/shown_name.h"
 #include "scan/clean_texts.h"
 #include "scan/texts.h"
 #include "store/data_file.h"
+#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 

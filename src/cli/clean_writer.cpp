@@ -2,10 +2,10 @@
 
 #include "cli/csv_field.h"
 #include "cli/harmless_json.h"
-#include "cli/hexadecimal.h"
-#include "cli/shown_name.h"
 #include "scan/clean_texts.h"
 #include "scan/texts.h"
+#include "text/hexadecimal.h"
+#include "text/shown_name.h"
 #include "text/utf8.h"
 
 #include <nlohmann/json.hpp>

@@ -1,7 +1,7 @@
 #include "cli/csv_field.h"
 
-#include "cli/hexadecimal.h"
-#include "cli/shown_name.h"
+#include "text/hexadecimal.h"
+#include "text/shown_name.h"
 #include "text/utf8.h"
 
 namespace tarvin {

@@ -4,10 +4,10 @@
 #include "cli/messages.h"
 #include "cli/print.h"
 #include "cli/refusal.h"
-#include "cli/shown_name.h"
 #include "platform/file_paths.h"
 #include "platform/file_system.h"
 #include "scan/clean_texts.h"
+#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 

@@ -2,8 +2,8 @@
 
 #include "cli/messages.h"
 #include "cli/print.h"
-#include "cli/shown_name.h"
 #include "platform/result.h"
+#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 

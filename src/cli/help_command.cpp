@@ -4,8 +4,8 @@
 #include "cli/parser.h"
 #include "cli/print.h"
 #include "cli/refusal.h"
-#include "cli/shown_name.h"
 #include "cli/suggestion.h"
+#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 

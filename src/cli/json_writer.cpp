@@ -1,9 +1,9 @@
 #include "cli/json_writer.h"
 
 #include "cli/harmless_json.h"
-#include "cli/hexadecimal.h"
 #include "cli/iso_date.h"
 #include "scan/category.h"
+#include "text/hexadecimal.h"
 #include "text/utf8.h"
 
 #include <nlohmann/json.hpp>

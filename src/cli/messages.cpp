@@ -2,7 +2,7 @@
 
 #include "cli/display.h"
 #include "cli/output.h"
-#include "cli/shown_name.h"
+#include "text/shown_name.h"
 
 #include <unistd.h>
 

@@ -12,11 +12,11 @@
 #include "cli/refusal.h"
 #include "cli/restore_command.h"
 #include "cli/scan_command.h"
-#include "cli/shown_name.h"
 #include "cli/spelling.h"
 #include "cli/suggestion.h"
 #include "cli/terminal.h"
 #include "cli/totals_command.h"
+#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 

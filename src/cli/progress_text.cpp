@@ -1,7 +1,7 @@
 #include "cli/progress_text.h"
 
-#include "cli/shown_name.h"
 #include "scan/texts.h"
+#include "text/shown_name.h"
 #include "text/utf8.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "cli/refusal.h"
 
 #include "cli/messages.h"
-#include "cli/shown_name.h"
+#include "text/shown_name.h"
 
 namespace tarvin {
 

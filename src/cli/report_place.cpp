@@ -1,7 +1,7 @@
 #include "cli/report_place.h"
 
 #include "cli/messages.h"
-#include "cli/shown_name.h"
+#include "text/shown_name.h"
 
 #include <unistd.h>
 

@@ -9,8 +9,8 @@
 #include "cli/messages.h"
 #include "cli/question.h"
 #include "cli/refusal.h"
-#include "cli/shown_name.h"
 #include "scan/texts.h"
+#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,11 +1,11 @@
 #include "cli/restore_writer.h"
 
 #include "cli/harmless_json.h"
-#include "cli/hexadecimal.h"
 #include "cli/iso_date.h"
 #include "cli/local_date.h"
-#include "cli/shown_name.h"
 #include "scan/texts.h"
+#include "text/hexadecimal.h"
+#include "text/shown_name.h"
 #include "text/utf8.h"
 
 #include <nlohmann/json.hpp>

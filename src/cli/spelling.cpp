@@ -1,7 +1,7 @@
 #include "cli/spelling.h"
 
 #include "cli/parser.h"
-#include "cli/shown_name.h"
+#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,9 +1,9 @@
 #include "cli/text_writer.h"
 
 #include "cli/display.h"
-#include "cli/shown_name.h"
 #include "scan/category.h"
 #include "scan/texts.h"
+#include "text/shown_name.h"
 
 #include <string>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "cli/hexadecimal.h"
+#include "text/hexadecimal.h"
 
 namespace tarvin {
 

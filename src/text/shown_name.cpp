@@ -1,6 +1,6 @@
-#include "cli/shown_name.h"
+#include "text/shown_name.h"
 
-#include "cli/hexadecimal.h"
+#include "text/hexadecimal.h"
 #include "text/utf8.h"
 
 #include <algorithm>

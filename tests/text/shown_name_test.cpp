@@ -1,4 +1,4 @@
-#include "cli/shown_name.h"
+#include "text/shown_name.h"
 
 #include <gtest/gtest.h>
 
