@@ -5,26 +5,32 @@
 #include "controller/resource_files.h"
 #include "interface/translation.h"
 #include "platform/platform.h"
+#include "platform/result.h"
 
 #include <QApplication>
 #include <QSettings>
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <memory>
 #include <span>
+#include <string>
 
 namespace {
 
-constexpr const char* programName = "tarvin-duplicate-file-remover";
-
-int refuse(const std::string& option) {
-    std::fprintf(stderr, "%s: %s is no option\nTry '%s --help'.\n", programName, option.c_str(),
-                 programName);
-    return 2;
+/// Returns the exit status.
+int print(const std::string& text) {
+    if (std::fputs(text.c_str(), stdout) != EOF && std::fflush(stdout) == 0) {
+        return 0;
+    }
+    const tarvin::SystemError failure{errno};
+    std::fprintf(stderr, "%s: cannot write standard output: %s\n", tarvin::programName,
+                 failure.text().c_str());
+    return 1;
 }
 
-/// Qt would end the program as if it had crashed.
+/// Without a display Qt would abort the program.
 bool hasDisplay() {
 #ifdef Q_OS_DARWIN
     return true;
@@ -37,9 +43,9 @@ bool hasDisplay() {
 
 int refuseWithoutDisplay() {
     std::fprintf(stderr,
-                 "%s: there is no display to open a window on\n"
+                 "%s: cannot open a window: no display (DISPLAY and WAYLAND_DISPLAY are not set)\n"
                  "'tarvin' does the same work in a terminal.\n",
-                 programName);
+                 tarvin::programName);
     return 1;
 }
 
@@ -61,41 +67,40 @@ int runWindow(const std::vector<std::string>& folders) {
     return QApplication::exec();
 }
 
-/// The whole program; what it needs of Qt is gone behind it.
+/// Returns the exit status. All Qt objects are destroyed by then.
 int run(int& argc, char** argv) {
     const auto arguments = [&] {
         return std::span<const char* const>(argv, static_cast<std::size_t>(argc));
     };
-    // Before Qt, which wants a display.
-    const tarvin::CommandLine asked = tarvin::readCommandLine(arguments());
-    if (asked.help) {
-        std::fputs(tarvin::helpText().c_str(), stdout);
-        return 0;
+    // Before QApplication, which needs a display.
+    const tarvin::CommandLine withQtOptions = tarvin::readCommandLine(arguments());
+    if (withQtOptions.help) {
+        return print(tarvin::helpText());
     }
-    if (asked.version) {
-        std::printf("%s %s\n", programName, TARVIN_VERSION);
-        return 0;
+    if (withQtOptions.version) {
+        return print(std::string(tarvin::programName) + ' ' + TARVIN_VERSION + '\n');
     }
-    if (!asked.choosesDisplay && !hasDisplay()) {
+    if (!withQtOptions.choosesDisplay && !hasDisplay()) {
         return refuseWithoutDisplay();
     }
     QCoreApplication::setOrganizationName(QStringLiteral("Tarvin Software"));
     QCoreApplication::setApplicationName(QStringLiteral("Tarvin Duplicate File Remover"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TARVIN_VERSION));
-    QGuiApplication::setDesktopFileName(QString::fromLatin1(programName));
+    QGuiApplication::setDesktopFileName(QString::fromLatin1(tarvin::programName));
     const QApplication application(argc, argv);
     const std::unique_ptr<QTranslator> translation = tarvin::loadTranslation(QLocale());
     if (translation) {
         QCoreApplication::installTranslator(translation.get());
     }
-    // Qt has taken its own options away.
+    // QApplication has removed its own options.
     const tarvin::CommandLine commandLine = tarvin::readCommandLine(arguments());
     if (!commandLine.unknownOption.empty()) {
-        return refuse(commandLine.unknownOption);
+        std::fputs(tarvin::unknownOptionText(commandLine.unknownOption).c_str(), stderr);
+        return 2;
     }
-    std::string complaints;
-    const auto folders = tarvin::givenFolders(commandLine.folders, complaints);
-    std::fputs(complaints.c_str(), stderr);
+    std::string errors;
+    const auto folders = tarvin::givenFolders(commandLine.folders, errors);
+    std::fputs(errors.c_str(), stderr);
     return runWindow(folders);
 }
 

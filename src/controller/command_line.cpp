@@ -1,6 +1,7 @@
 #include "controller/command_line.h"
 
 #include "platform/file_paths.h"
+#include "text/shown_name.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -13,6 +14,12 @@ namespace {
 
 bool isDisplayOption(std::string_view word) {
     return word == "-platform" || word == "--platform" || word == "-display" || word == "--display";
+}
+
+/// 'word', or $'...' if the word could disturb a terminal.
+std::string quoted(const std::string& word) {
+    const std::string shown = shownName(word);
+    return shown == word ? "'" + word + "'" : shown;
 }
 
 }  // namespace
@@ -43,18 +50,23 @@ std::string helpText() {
            "\n"
            "Usage: tarvin-duplicate-file-remover [OPTION]... [FOLDER]...\n"
            "\n"
-           "Each FOLDER is put on the list of what can be scanned, and checked.\n"
+           "Adds each FOLDER to the list of locations, checked.\n"
            "\n"
            "Options:\n"
            "  -h,--help    Print this text and exit\n"
            "  --version    Print the version and exit\n"
            "\n"
-           "Options of Qt, such as -platform and -style, are taken too.\n"
+           "Qt options such as -platform and -style are also accepted.\n"
            "'tarvin' does the same work in a terminal.\n";
 }
 
+std::string unknownOptionText(const std::string& option) {
+    const std::string name = programName;
+    return name + ": unknown option " + quoted(option) + "\nTry '" + name + " --help'.\n";
+}
+
 std::vector<std::string> givenFolders(const std::vector<std::string>& folders,
-                                      std::string& complaints) {
+                                      std::string& errors) {
     std::vector<std::string> paths;
     for (const std::string& folder : folders) {
         const Result<std::string> path = absolutePath(folder);
@@ -66,7 +78,8 @@ std::vector<std::string> givenFolders(const std::vector<std::string>& folders,
         const std::string reason = !path     ? path.error().text()
                                    : failure ? failure.message()
                                              : SystemError{ENOTDIR}.text();
-        complaints += folder + ": " + reason + '\n';
+        errors +=
+            std::string(programName) + ": cannot add " + quoted(folder) + ": " + reason + '\n';
     }
     return paths;
 }

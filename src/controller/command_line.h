@@ -6,7 +6,9 @@
 
 namespace tarvin {
 
-/// What the program with a window was started with.
+inline constexpr const char* programName = "tarvin-duplicate-file-remover";
+
+/// The arguments of the program with a window.
 struct CommandLine {
     bool help = false;
     bool version = false;
@@ -15,14 +17,18 @@ struct CommandLine {
     std::vector<std::string> folders;  ///< as given, native bytes
 };
 
-/// Reads the arguments, the program's name first. Everything behind "--" is a folder. Pure.
+/// Reads the arguments, the program's name first. All arguments after "--" are folders. Pure.
 [[nodiscard]] CommandLine readCommandLine(std::span<const char* const> arguments);
 
-/// What "--help" prints.
+/// The output of "--help".
 [[nodiscard]] std::string helpText();
 
-/// The absolute paths of those that are folders. Adds a line for each that is none to `complaints`.
+/// The error message for an unknown option, two lines. Safe to print on a terminal.
+[[nodiscard]] std::string unknownOptionText(const std::string& option);
+
+/// Returns the absolute paths of the arguments that are folders. Adds a line to `errors`, safe to
+/// print on a terminal, for each that is not.
 [[nodiscard]] std::vector<std::string> givenFolders(const std::vector<std::string>& folders,
-                                                    std::string& complaints);
+                                                    std::string& errors);
 
 }  // namespace tarvin

@@ -17,7 +17,7 @@ CommandLine read(std::vector<const char*> words) {
     return readCommandLine(words);
 }
 
-TEST(CommandLine, WithoutWordsAsksForNothing) {
+TEST(CommandLine, WithoutArgumentsIsEmpty) {
     for (const CommandLine& line : {readCommandLine({}), read({})}) {
         EXPECT_FALSE(line.help);
         EXPECT_FALSE(line.version);
@@ -27,14 +27,14 @@ TEST(CommandLine, WithoutWordsAsksForNothing) {
     }
 }
 
-TEST(CommandLine, KnowsItsOptionsWhereverTheyStand) {
+TEST(CommandLine, RecognisesItsOptionsAnywhere) {
     EXPECT_TRUE(read({"-h"}).help);
     EXPECT_TRUE(read({"/films", "--help"}).help);
     EXPECT_TRUE(read({"--version", "/films"}).version);
     EXPECT_FALSE(read({"--help"}).version);
 }
 
-TEST(CommandLine, NamesTheFirstUnknownOption) {
+TEST(CommandLine, ReportsTheFirstUnknownOption) {
     const CommandLine line = read({"/films", "-x", "--nonsense"});
     EXPECT_EQ(line.unknownOption, "-x");
     EXPECT_EQ(line.folders, Words{"/films"});
@@ -48,7 +48,7 @@ TEST(CommandLine, TakesEverythingElseAsFolders) {
     EXPECT_EQ(line.unknownOption, "");
 }
 
-TEST(CommandLine, KnowsTheOptionsThatChooseADisplay) {
+TEST(CommandLine, RecognisesQtsDisplayOptions) {
     for (const char* option : {"-platform", "--platform", "-display", "--display"}) {
         EXPECT_TRUE(read({option, "name"}).choosesDisplay) << option;
         EXPECT_FALSE(read({"--", option, "name"}).choosesDisplay) << option;
@@ -56,15 +56,24 @@ TEST(CommandLine, KnowsTheOptionsThatChooseADisplay) {
     EXPECT_FALSE(read({"-style", "fusion"}).choosesDisplay);
 }
 
-TEST(GivenFolders, AreMadeAbsoluteAndTheRestIsComplainedOf) {
+TEST(GivenFolders, AreMadeAbsoluteAndTheRestIsReported) {
     const TemporaryFolder folder;
     const std::string films = folder.makeFolder("films");
     const std::string letter = folder.writeFile("letter", "Dear");
-    std::string complaints;
-    EXPECT_EQ(givenFolders({films, letter, folder.pathOf("gone"), films + "/../films"}, complaints),
+    std::string errors;
+    EXPECT_EQ(givenFolders({films, letter, folder.pathOf("gone"), films + "/../films"}, errors),
               (Words{films, films}));
-    EXPECT_EQ(complaints, letter + ": Not a directory\n" + folder.pathOf("gone") +
-                              ": No such file or directory\n");
+    EXPECT_EQ(errors, "tarvin-duplicate-file-remover: cannot add '" + letter +
+                          "': Not a directory\ntarvin-duplicate-file-remover: cannot add '" +
+                          folder.pathOf("gone") + "': No such file or directory\n");
+}
+
+TEST(GivenFolders, EscapesNamesForTheTerminal) {
+    std::string errors;
+    EXPECT_EQ(givenFolders({"/gone\x1B[2J"}, errors), Words{});
+    EXPECT_EQ(errors,
+              "tarvin-duplicate-file-remover: cannot add $'/gone\\x1b[2J': No such file or "
+              "directory\n");
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
 #include "cli/program_run.h"
 #include "support/temporary_folder.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <array>
 #include <cstdlib>
@@ -10,7 +12,7 @@
 namespace tarvin {
 namespace {
 
-/// The program where there is no display to be found.
+/// The program in an environment without a display.
 class StartWithoutADisplay : public testing::Test {
  protected:
     StartWithoutADisplay() {
@@ -22,14 +24,14 @@ class StartWithoutADisplay : public testing::Test {
     }
 };
 
-TEST_F(StartWithoutADisplay, TellsTheVersion) {
+TEST_F(StartWithoutADisplay, PrintsTheVersion) {
     const ProgramResult result = runTarvin({"--version"});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.output, "tarvin-duplicate-file-remover " TARVIN_VERSION "\n");
     EXPECT_EQ(result.errors, "");
 }
 
-TEST_F(StartWithoutADisplay, Helps) {
+TEST_F(StartWithoutADisplay, PrintsHelp) {
     for (const char* option : {"-h", "--help"}) {
         const ProgramResult result = runTarvin({option, "/films"});
         EXPECT_EQ(result.status, 0);
@@ -39,31 +41,32 @@ TEST_F(StartWithoutADisplay, Helps) {
 
 Usage: tarvin-duplicate-file-remover [OPTION]... [FOLDER]...
 
-Each FOLDER is put on the list of what can be scanned, and checked.
+Adds each FOLDER to the list of locations, checked.
 
 Options:
   -h,--help    Print this text and exit
   --version    Print the version and exit
 
-Options of Qt, such as -platform and -style, are taken too.
+Qt options such as -platform and -style are also accepted.
 'tarvin' does the same work in a terminal.
 )");
     }
 }
 
-TEST_F(StartWithoutADisplay, SaysThatThereIsNone) {
+TEST_F(StartWithoutADisplay, ReportsThatThereIsNoDisplay) {
     const ProgramResult result = runTarvin({});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.output, "");
     EXPECT_EQ(result.errors,
-              "tarvin-duplicate-file-remover: there is no display to open a window on\n"
+              "tarvin-duplicate-file-remover: cannot open a window: no display (DISPLAY and "
+              "WAYLAND_DISPLAY are not set)\n"
               "'tarvin' does the same work in a terminal.\n");
 }
 
-TEST_F(StartWithoutADisplay, NamesAnUnknownOption) {
+TEST_F(StartWithoutADisplay, ReportsAnUnknownOption) {
     const TemporaryFolder folder;
     const std::string refusal =
-        "tarvin-duplicate-file-remover: --nonsense is no option\n"
+        "tarvin-duplicate-file-remover: unknown option '--nonsense'\n"
         "Try 'tarvin-duplicate-file-remover --help'.\n";
     for (const ProgramRun::Words& words :
          {ProgramRun::Words{"-platform", "offscreen", "--nonsense"},
@@ -74,6 +77,28 @@ TEST_F(StartWithoutADisplay, NamesAnUnknownOption) {
         EXPECT_EQ(result.output, "");
         EXPECT_EQ(result.errors, refusal);
     }
+}
+
+TEST_F(StartWithoutADisplay, EscapesAnUnknownOptionForTheTerminal) {
+    const TemporaryFolder folder;
+    const ProgramResult result = runTarvin({"-platform", "offscreen", "--red\x1B[31m\xC3\xBC\n"},
+                                           {.environment = {{"XDG_RUNTIME_DIR", folder.path()}}});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.errors,
+              "tarvin-duplicate-file-remover: unknown option $'--red\\x1b[31m\xC3\xBC\\n'\n"
+              "Try 'tarvin-duplicate-file-remover --help'.\n");
+}
+
+TEST_F(StartWithoutADisplay, ReportsThatHelpOrVersionCannotBeWritten) {
+    const int full = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
+    for (const char* option : {"--help", "--version"}) {
+        const ProgramResult result = runTarvin({option}, {.output = full});
+        EXPECT_EQ(result.status, 1) << option;
+        EXPECT_EQ(result.errors,
+                  "tarvin-duplicate-file-remover: cannot write standard output: No space left on "
+                  "device\n");
+    }
+    ::close(full);
 }
 
 }  // namespace
