@@ -18,9 +18,7 @@ namespace {
 /// A screen comes under the pointer while a person may still be clicking on the one before.
 class PressGuardTest : public ShownWindow {
  protected:
-    PressGuardTest() {
-        QApplication::setDoubleClickInterval(longInterval);
-    }
+    PressGuardTest() { QApplication::setDoubleClickInterval(longInterval); }
 
     [[nodiscard]] QPoint middleOf(const QWidget* control) const {
         return placeOf(control).center();

@@ -1,3 +1,4 @@
+#include "controls/elided_label.h"
 #include "controls/hover_button.h"
 #include "controls/progress_bar.h"
 #include "interface/list_table.h"

@@ -3,7 +3,6 @@
 #include "controls/elided_label.h"
 #include "controls/focus_ring.h"
 #include "controls/hover_button.h"
-#include "controls/look.h"
 #include "controls/pop_up_button.h"
 #include "controls/tab_button.h"
 #include "controls/toggle_button.h"
@@ -97,7 +96,7 @@ TEST_F(ResultScreenTest, OneDeleteButtonIsShown) {
     EXPECT_TRUE(screen.finishButton->isVisible());
     EXPECT_FALSE(screen.sendToRecycle->isVisible());
     EXPECT_FALSE(screen.deletePermanently->isVisible());
-    EXPECT_EQ(screen.finishButton->fill(), look::deleteRed);
+    EXPECT_EQ(screen.finishButton->fill(), QColor(176, 58, 54));
     EXPECT_DOUBLE_EQ(screen.finishButton->disabledOpacity(), 0.6);
 }
 
@@ -166,39 +165,39 @@ class ImageViewTest : public ResultScreenTest {
 };
 
 TEST_F(ImageViewTest, ShowsNothingAtFirstAndAgainAfterANullImage) {
-    EXPECT_EQ(at(0, 50), look::frame);
-    EXPECT_EQ(at(127, 95), look::surface);
+    EXPECT_EQ(at(0, 50), QColor(197, 207, 213));
+    EXPECT_EQ(at(127, 95), QColor(255, 255, 255));
     screen.imView->setImage(plain({40, 30}));
     EXPECT_EQ(at(127, 95), QColor(Qt::magenta));
     screen.imView->setImage({});
-    EXPECT_EQ(at(127, 95), look::surface);
+    EXPECT_EQ(at(127, 95), QColor(255, 255, 255));
 }
 
 TEST_F(ImageViewTest, FillsItsPlaceWithAPictureOfItsProportions) {
     screen.imView->setImage(plain({640, 480}));
     EXPECT_EQ(at(1, 1), QColor(Qt::magenta));
     EXPECT_EQ(at(252, 189), QColor(Qt::magenta));
-    EXPECT_EQ(at(0, 0), look::frame);
-    EXPECT_EQ(at(253, 190), look::frame);
+    EXPECT_EQ(at(0, 0), QColor(197, 207, 213));
+    EXPECT_EQ(at(253, 190), QColor(197, 207, 213));
 }
 
 TEST_F(ImageViewTest, KeepsTheProportionsOfOthers) {
     screen.imView->setImage(plain({250, 250}));
     EXPECT_EQ(at(127, 1), QColor(Qt::magenta));
     EXPECT_EQ(at(127, 189), QColor(Qt::magenta));
-    EXPECT_EQ(at(29, 95), look::surface);
+    EXPECT_EQ(at(29, 95), QColor(255, 255, 255));
     EXPECT_EQ(at(35, 95), QColor(Qt::magenta));
     EXPECT_EQ(at(218, 95), QColor(Qt::magenta));
-    EXPECT_EQ(at(224, 95), look::surface);
+    EXPECT_EQ(at(224, 95), QColor(255, 255, 255));
 }
 
 TEST_F(ImageViewTest, ShowsAVeryThinPictureAsALine) {
     screen.imView->setImage(plain({640, 1}));
-    EXPECT_EQ(at(127, 50), look::surface);
+    EXPECT_EQ(at(127, 50), QColor(255, 255, 255));
     EXPECT_EQ(at(1, 95), QColor(Qt::magenta));
     EXPECT_EQ(at(252, 95), QColor(Qt::magenta));
     screen.imView->setImage(plain({1, 640}));
-    EXPECT_EQ(at(50, 95), look::surface);
+    EXPECT_EQ(at(50, 95), QColor(255, 255, 255));
     EXPECT_EQ(at(127, 1) == QColor(Qt::magenta), at(127, 189) == QColor(Qt::magenta));
     EXPECT_TRUE(at(126, 100) == QColor(Qt::magenta) || at(127, 100) == QColor(Qt::magenta));
 }

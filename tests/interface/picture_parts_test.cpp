@@ -1,0 +1,71 @@
+#include "interface/picture_parts.h"
+
+#include "controls/menu_button.h"
+#include "interface/pictures_of_window.h"
+
+#include <QLabel>
+
+namespace tarvin {
+
+namespace {
+
+/// What the comparison of pictures notices.
+class PicturePartsTest : public PicturesOfWindow {
+ protected:
+    PicturePartsTest() {
+        rows.add(QStringLiteral("/home/me/Pictures"), QStringLiteral("folder.png"), true);
+        window.locations->tableExact->setModel(&rows);
+        window.selectTabViewItem(QStringLiteral("2"));
+        QCoreApplication::processEvents();
+    }
+    ~PicturePartsTest() override { window.locations->tableExact->setModel(nullptr); }
+
+    /// What has changed since `before`, at both device pixel ratios.
+    std::string changedSince(const QImage& before) {
+        return changedParts(window, rendered(before.devicePixelRatio()), before);
+    }
+
+    SomeLocations rows;
+};
+
+TEST_F(PicturePartsTest, NothingChangesByItself) {
+    EXPECT_EQ(changedSince(rendered(1)), "");
+    EXPECT_EQ(changedSince(rendered(2)), "");
+}
+
+TEST_F(PicturePartsTest, AnIconThatIsMissingIsNoticed) {
+    for (const double ratio : {1.0, 2.0}) {
+        const QImage expected = rendered(ratio);
+        QImage without = expected;
+        const QRect icon(window.buttonMore->mapTo(&window, QPoint(0, 0)),
+                         window.buttonMore->size());
+        const int factor = static_cast<int>(ratio);
+        for (int y = icon.top() * factor; y < (icon.bottom() + 1) * factor; ++y) {
+            for (int x = icon.left() * factor; x < (icon.right() + 1) * factor; ++x) {
+                without.setPixel(x, y, expected.pixel(icon.topLeft() * factor));
+            }
+        }
+        EXPECT_EQ(changedParts(window, without, expected), "buttonMore");
+    }
+}
+
+TEST_F(PicturePartsTest, ChangesInTheRowsOfAListAreNoticed) {
+    const QImage checked = rendered(1);
+    rows.item(0, LocationTable::buttonCell)->setCheckState(Qt::Unchecked);
+    EXPECT_EQ(changedSince(checked), "box of row");
+    const QImage folder = rendered(1);
+    rows.item(0, LocationTable::mainCell)
+        ->setData(pictureIcon(QStringLiteral("usb_drive.png")), Qt::DecorationRole);
+    EXPECT_EQ(changedSince(folder), "image of row");
+}
+
+TEST_F(PicturePartsTest, ATextThatIsMissingIsNoticed) {
+    auto* const title = control<QLabel>("locationScreenTitle");
+    const QImage expected = rendered(1);
+    title->clear();
+    EXPECT_EQ(changedSince(expected), "locationScreenTitle");
+}
+
+}  // namespace
+
+}  // namespace tarvin
