@@ -34,7 +34,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>To scan other folders, please go back to the start first.</source>
+        <source>To scan other folders, return to the start screen first.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -319,7 +319,7 @@ Modified Date       : %4</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Check what to scan. Folders can also be dropped onto the list.</source>
+        <source>Check the locations to scan. You can also drop folders here.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -327,7 +327,7 @@ Modified Date       : %4</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Nothing to list. Add folders or drop them here.</source>
+        <source>No locations yet. Add folders, or drop them here.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

@@ -34,8 +34,8 @@
         <translation>Ein Vorgang läuft noch. Bitte brechen Sie ihn zuerst ab.</translation>
     </message>
     <message>
-        <source>To scan other folders, please go back to the start first.</source>
-        <translation>Um andere Ordner zu durchsuchen, gehen Sie bitte zuerst zur Startseite zurück.</translation>
+        <source>To scan other folders, return to the start screen first.</source>
+        <translation>Um andere Ordner zu durchsuchen, kehren Sie zuerst zur Startseite zurück.</translation>
     </message>
 </context>
 <context>
@@ -326,16 +326,16 @@ Geändert       : %4</translation>
         <translation>Weiter</translation>
     </message>
     <message>
-        <source>Check what to scan. Folders can also be dropped onto the list.</source>
-        <translation>Kreuzen Sie an, was durchsucht wird. Ordner können auch auf die Liste gezogen werden.</translation>
+        <source>Check the locations to scan. You can also drop folders here.</source>
+        <translation>Kreuzen Sie die Orte an, die durchsucht werden. Sie können Ordner auch hierher ziehen.</translation>
     </message>
     <message>
         <source>Locations</source>
         <translation>Orte</translation>
     </message>
     <message>
-        <source>Nothing to list. Add folders or drop them here.</source>
-        <translation>Die Liste ist leer. Fügen Sie Ordner hinzu oder ziehen Sie sie hierher.</translation>
+        <source>No locations yet. Add folders, or drop them here.</source>
+        <translation>Noch keine Orte. Fügen Sie Ordner hinzu oder ziehen Sie sie hierher.</translation>
     </message>
     <message>
         <source>Choose Locations</source>

@@ -213,7 +213,7 @@ void AppDelegate::openFolders(const std::vector<std::string>& folders) {
         locations_->openWith(folders);
     } else if (refusal_ == 0) {
         refusal_ = surroundings_.alerts->show(
-            noticeOf(tr("To scan other folders, please go back to the start first.")),
+            noticeOf(tr("To scan other folders, return to the start screen first.")),
             [this](int) { refusal_ = 0; });
     }
 }

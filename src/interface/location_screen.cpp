@@ -49,9 +49,9 @@ LocationScreen::LocationScreen(ViewTopBar* bar)
     nextFolderButton->setAccessibleName(tr("Next"));
     backFolderButton->setToolTip(tr("Back"));
     nextFolderButton->setToolTip(tr("Next"));
-    hint->setText(tr("Check what to scan. Folders can also be dropped onto the list."));
+    hint->setText(tr("Check the locations to scan. You can also drop folders here."));
     tableExact->setAccessibleName(tr("Locations"));
-    tableExact->setEmptyText(tr("Nothing to list. Add folders or drop them here."));
+    tableExact->setEmptyText(tr("No locations yet. Add folders, or drop them here."));
     findDuplicateExact->setDisabledOpacity(0.6);
     showInBar(buttonHomeExactPage);
     showInBar(makeScreenTitle("locationScreenTitle", tr("Choose Locations"), bar));

@@ -201,7 +201,7 @@ class FoldersOfAnotherCopy : public ProductBench {
         ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
         EXPECT_EQ(alerts.shown[0].messageText, QStringLiteral("Tarvin Duplicate File Remover"));
         EXPECT_EQ(alerts.shown[0].informativeText,
-                  QStringLiteral("To scan other folders, please go back to the start first."));
+                  QStringLiteral("To scan other folders, return to the start screen first."));
         EXPECT_EQ(alerts.shown[0].buttons, QStringList{QStringLiteral("Ok")});
     }
 };

@@ -96,7 +96,7 @@ TEST_F(Scanning, IsNotDisturbedByFoldersOfAnotherCopy) {
     platform.runningInstances().openInThis({folder.makeFolder("more")});
     ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
     EXPECT_EQ(alerts.shown[0].informativeText,
-              QStringLiteral("To scan other folders, please go back to the start first."));
+              QStringLiteral("To scan other folders, return to the start screen first."));
     EXPECT_TRUE(delegate->scan().scanning());
     barrier.open();
     EXPECT_TRUE(comesTo("4"));

@@ -61,7 +61,7 @@ const Text labels[] = {
      "the copies to the Trash."},
     {"cleanHistory", ""},
     {"locationScreenTitle", "Choose Locations"},
-    {"hint", "Check what to scan. Folders can also be dropped onto the list."},
+    {"hint", "Check the locations to scan. You can also drop folders here."},
     {"progressTypeText", "Searching for duplicate files"},
     {"searchStatus", "Searching for duplicate files..."},
     {"similarProcessing", ""},
@@ -192,7 +192,7 @@ TEST_F(ControlTextsTest, WhateverTakesTheKeyboardHasAName) {
 
 TEST_F(ControlTextsTest, AnEmptyListSaysSo) {
     EXPECT_EQ(window.locations->tableExact->emptyText(),
-              QStringLiteral("Nothing to list. Add folders or drop them here."));
+              QStringLiteral("No locations yet. Add folders, or drop them here."));
 }
 
 TEST_F(ControlTextsTest, TheWindowHasTheProductsNameAndPicture) {

@@ -89,7 +89,7 @@ TEST(Instances, TwoLaterOnesLeaveOneNotice) {
     const ProgramWindow window(first->pid());
     window.click("Scan Drives");
     window.waitForText("Choose Locations");
-    const std::string notice = "To scan other folders, please go back to the start first.";
+    const std::string notice = "To scan other folders, return to the start screen first.";
     for (int number = 0; number < 2; ++number) {
         EXPECT_EQ(home.startProduct({films})->wait(), 0);
         window.waitForText(notice);
