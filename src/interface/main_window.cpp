@@ -188,6 +188,7 @@ void MainWindow::makeHelpMenu() {
     helpMenu->setMinimumWidth(helpMenuWidth);
     styleMenu(helpMenu);
     helpMenuItem->setShortcut(Qt::Key_F1);
+    helpMenuItem->setAutoRepeat(false);
     helpMenuItem->setShortcutVisibleInContextMenu(false);
     addAction(helpMenuItem);
 }

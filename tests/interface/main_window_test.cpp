@@ -1,12 +1,15 @@
 #include "controls/hover_button.h"
 #include "controls/scan_animation.h"
+#include "controls/spinner.h"
 #include "interface/home_screen.h"
+#include "interface/loading_overlay.h"
 #include "interface/picture_view.h"
 #include "interface/shown_window.h"
 
 #include <QAction>
 #include <QMenu>
 #include <QSignalSpy>
+#include <QStackedWidget>
 #include <QStyle>
 #include <QStyleFactory>
 
@@ -20,6 +23,22 @@ TEST_F(MainWindowTest, OpensOnHomeInItsSmallestSize) {
     EXPECT_EQ(window.selectedTabViewItem(), QStringLiteral("1"));
     EXPECT_EQ(window.size(), QSize(1016, 531));
     EXPECT_EQ(window.minimumSize(), QSize(1016, 531));
+}
+
+TEST_F(MainWindowTest, HasTheBackgroundOfAPage) {
+    EXPECT_EQ(window.palette().color(QPalette::Window), QColor(243, 246, 248));
+}
+
+TEST_F(MainWindowTest, TheLoadingOverlayLiesAboveTheResultsAndTurns) {
+    window.selectTabViewItem(QStringLiteral("4"));
+    window.tabViewMain->raise();
+    window.loading().show();
+    EXPECT_TRUE(window.loadingView->isVisible());
+    EXPECT_TRUE(window.loadingIndicator->isAnimating());
+    EXPECT_EQ(window.childAt(window.loadingView->geometry().center()), window.loadingIndicator);
+    window.loading().hide();
+    EXPECT_FALSE(window.loadingView->isVisible());
+    EXPECT_FALSE(window.loadingIndicator->isAnimating());
 }
 
 TEST_F(MainWindowTest, SelectsEachScreenByItsIdentifier) {

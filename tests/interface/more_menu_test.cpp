@@ -67,6 +67,15 @@ TEST_F(MoreMenuTest, OpensByEveryKeyOnItsButton) {
     }
 }
 
+TEST_F(MoreMenuTest, AHeldKeyOnItsButtonOpensItOnce) {
+    const QSignalSpy clicks(window.buttonMore, &QAbstractButton::clicked);
+    for (const int key : {Qt::Key_Down, Qt::Key_Return}) {
+        hold(*window.buttonMore, key);
+        window.moreMenu->close();
+    }
+    EXPECT_EQ(clicks.size(), 2);
+}
+
 TEST_F(MoreMenuTest, F10OpensItAndLeavesTheKeyboardOnTheButton) {
     for (const char* screen : {"1", "2", "4"}) {
         window.selectTabViewItem(QLatin1String(screen));

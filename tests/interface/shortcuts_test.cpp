@@ -1,6 +1,7 @@
 #include "controls/button_hover_simple.h"
 #include "controls/hover_button.h"
 #include "controls/windows_like_button.h"
+#include "interface/deletion_panel.h"
 #include "interface/progress_screen.h"
 #include "interface/result_screen.h"
 #include "interface/shown_window.h"
@@ -51,6 +52,15 @@ class ShortcutsTest : public ShownWindow {
         QWidget* holder = window.focusWidget() == nullptr ? &window : window.focusWidget();
         QTest::keyClick(holder, shortcut.key, shortcut.modifiers);
     }
+
+    /// Holds the keys down where the focus is: the keyboard repeats them twice.
+    void holdDown(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        QWidget* holder = window.focusWidget() == nullptr ? &window : window.focusWidget();
+        for (const bool repeated : {false, true, true}) {
+            QTest::simulateEvent(holder, true, key, modifiers, QString(), repeated);
+        }
+        QTest::simulateEvent(holder, false, key, modifiers, QString(), false);
+    }
 };
 
 TEST_F(ShortcutsTest, PressTheirButtons) {
@@ -61,6 +71,37 @@ TEST_F(ShortcutsTest, PressTheirButtons) {
         press(shortcut);
         EXPECT_EQ(clicks.size(), 1) << shortcut.button;
     }
+}
+
+TEST_F(ShortcutsTest, AHeldKeyPressesItsButtonOnce) {
+    for (const Shortcut& shortcut : shortcuts) {
+        window.selectTabViewItem(QLatin1String(shortcut.screen));
+        const QSignalSpy clicks(control<QAbstractButton>(shortcut.button),
+                                &QAbstractButton::clicked);
+        holdDown(shortcut.key, shortcut.modifiers);
+        EXPECT_EQ(clicks.size(), 1) << shortcut.button;
+    }
+}
+
+TEST_F(ShortcutsTest, AHeldKeyOfTheWindowActsOnce) {
+    const QSignalSpy guides(window.helpMenuItem, &QAction::triggered);
+    holdDown(Qt::Key_F1, Qt::NoModifier);
+    EXPECT_EQ(guides.size(), 1);
+    const QSignalSpy putBacks(window.putBackItem, &QAction::triggered);
+    holdDown(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(putBacks.size(), 1);
+}
+
+TEST_F(ShortcutsTest, AHeldKeyOfADeletionPressesItsButtonOnce) {
+    window.selectTabViewItem(QStringLiteral("4"));
+    DeletionPanel& panel = *window.deletionPreview;
+    window.showOver(&panel, {205, 114});
+    const QSignalSpy pauses(panel.pauseResumeBtn, &QAbstractButton::clicked);
+    holdDown(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(pauses.size(), 1);
+    const QSignalSpy stops(panel.stopDeleteBtn, &QAbstractButton::clicked);
+    holdDown(Qt::Key_Period, Qt::ControlModifier);
+    EXPECT_EQ(stops.size(), 1);
 }
 
 TEST_F(ShortcutsTest, DoNothingToADisabledButton) {
