@@ -33,7 +33,7 @@ void paintFocusRing(QPainter& painter, const QRectF& rect, const QColor& color) 
 }
 
 FocusRing::FocusRing(QWidget& target, Place place, const QColor& color)
-    : Follower(target, marginsOf(place), Layer::above), color_(color) {
+    : AttachedDrawing(target, marginsOf(place), Layer::above), color_(color) {
     setObjectName(QStringLiteral("focusRing"));
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/follower.h"
+#include "controls/attached_drawing.h"
 
 #include <QColor>
 #include <QFocusEvent>
@@ -22,7 +22,7 @@ void paintFocusRing(QPainter& painter, const QRectF& rect, const QColor& color);
 
 /// The ring round one control, or, for a control that has no room round it, inside its edge. Made
 /// by the control when it is needed first; owned by the control's parent. Main thread.
-class FocusRing final : public Follower {
+class FocusRing final : public AttachedDrawing {
     Q_OBJECT
 
  public:

@@ -53,7 +53,7 @@ QImage shadowImage(const QSize& size, double ratio) {
 }  // namespace
 
 PanelShadow::PanelShadow(QWidget& panel)
-    : Follower(panel, QMargins(blur, blur - offset, blur, blur + offset), Layer::below) {
+    : AttachedDrawing(panel, QMargins(blur, blur - offset, blur, blur + offset), Layer::below) {
     setObjectName(QStringLiteral("panelShadow"));
     setWanted(true);
 }

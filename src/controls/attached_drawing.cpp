@@ -1,10 +1,10 @@
-#include "controls/follower.h"
+#include "controls/attached_drawing.h"
 
 #include <QEvent>
 
 namespace tarvin {
 
-Follower::Follower(QWidget& target, const QMargins& margins, Layer layer)
+AttachedDrawing::AttachedDrawing(QWidget& target, const QMargins& margins, Layer layer)
     : QWidget(target.parentWidget()), target_(&target), margins_(margins), layer_(layer) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_NoSystemBackground);
@@ -14,7 +14,7 @@ Follower::Follower(QWidget& target, const QMargins& margins, Layer layer)
     connect(&target, &QObject::destroyed, this, &QObject::deleteLater);
 }
 
-bool Follower::eventFilter(QObject* watched, QEvent* event) {
+bool AttachedDrawing::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::Move:
         case QEvent::Resize:
@@ -32,12 +32,12 @@ bool Follower::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-void Follower::setWanted(bool wanted) {
+void AttachedDrawing::setWanted(bool wanted) {
     wanted_ = wanted;
     follow();
 }
 
-void Follower::follow() {
+void AttachedDrawing::follow() {
     if (target_ == nullptr || target_->parentWidget() == nullptr) {
         hide();
         return;
@@ -53,7 +53,7 @@ void Follower::follow() {
     setVisible(seen);
 }
 
-void Follower::restack() {
+void AttachedDrawing::restack() {
     if (target_ == nullptr) {
         return;
     }

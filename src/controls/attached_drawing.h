@@ -9,13 +9,13 @@ namespace tarvin {
 /// A drawing round another widget: lies beside it in the same parent, larger by some margins, and
 /// goes where it goes. Never takes the mouse or the keyboard. Belongs to the parent of the widget
 /// it follows; deletes itself when that widget is destroyed. Main thread.
-class Follower : public QWidget {
+class AttachedDrawing : public QWidget {
     Q_OBJECT
 
  public:
     enum class Layer { above, below };
 
-    Follower(QWidget& target, const QMargins& margins, Layer layer);
+    AttachedDrawing(QWidget& target, const QMargins& margins, Layer layer);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
