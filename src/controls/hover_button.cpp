@@ -11,7 +11,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr QColor disabledGroundOnBar{205, 207, 208};
+constexpr QColor disabledBackgroundOnBar{205, 207, 208};
 constexpr QColor disabledLineOnBar{169, 178, 183};
 constexpr QColor disabledTextOnBar{115, 126, 133};
 constexpr QColor outlineColor{255, 255, 255, 140};  // white at 55 %
@@ -107,7 +107,7 @@ QSize HoverButton::sizeHint() const {
 }
 
 void HoverButton::draw(QPainter& painter) {
-    drawGround(painter);
+    drawBackground(painter);
     drawTitle(painter);
 }
 
@@ -144,14 +144,14 @@ void HoverButton::changeEvent(QEvent* event) {
     updateCursor();
 }
 
-void HoverButton::drawGround(QPainter& painter) {
+void HoverButton::drawBackground(QPainter& painter) {
     switch (kind_) {
         case Kind::filled:
-            paintGround(painter, isDown() ? darkened(fill_) : fill_);
+            paintBackground(painter, isDown() ? darkened(fill_) : fill_);
             break;
         case Kind::quiet: {
             const QuietColors colors = quietColors();
-            painter.fillRect(rect(), isDown() ? darkened(colors.ground) : colors.ground);
+            painter.fillRect(rect(), isDown() ? darkened(colors.background) : colors.background);
             paintFrame(painter, rect(), 1, colors.line);
             break;
         }
@@ -179,7 +179,7 @@ HoverButton::QuietColors HoverButton::quietColors() const {
         return {look::surface, look::controlLine, look::ink};
     }
     if (onGrayBar_) {
-        return {disabledGroundOnBar, disabledLineOnBar, disabledTextOnBar};
+        return {disabledBackgroundOnBar, disabledLineOnBar, disabledTextOnBar};
     }
     return {look::page, look::frame, look::disabledText};
 }
@@ -197,7 +197,7 @@ QColor HoverButton::titleColor() const {
     return kind_ == Kind::quiet ? quietColors().text : look::surface;
 }
 
-void HoverButton::paintGround(QPainter& painter, const QColor& ground) const {
+void HoverButton::paintBackground(QPainter& painter, const QColor& ground) const {
     if (cornerRadius_ <= 0) {
         painter.fillRect(rect(), ground);
         return;

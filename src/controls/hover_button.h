@@ -60,19 +60,19 @@ class HoverButton : public PaintedButton {
     void changeEvent(QEvent* event) override;
 
     /// Paints the ground and the line round it.
-    virtual void drawGround(QPainter& painter);
+    virtual void drawBackground(QPainter& painter);
     void drawTitle(QPainter& painter);
 
  private:
     struct QuietColors {
-        QColor ground;
+        QColor background;
         QColor line;
         QColor text;
     };
 
     [[nodiscard]] QuietColors quietColors() const;
     [[nodiscard]] QColor titleColor() const;
-    void paintGround(QPainter& painter, const QColor& ground) const;
+    void paintBackground(QPainter& painter, const QColor& ground) const;
     void updateCursor();
 
     Kind kind_ = Kind::filled;

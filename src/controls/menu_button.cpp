@@ -12,7 +12,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr QColor openGround{255, 255, 255, 46};  // white at 18 %
+constexpr QColor openBackground{255, 255, 255, 46};  // white at 18 %
 
 }  // namespace
 
@@ -30,16 +30,16 @@ void MenuButton::setOpen(bool open) {
 
 void MenuButton::draw(QPainter& painter) {
     constexpr int side = 17;
-    drawGround(painter);
+    drawBackground(painter);
     const QRect place((width() - side) / 2, (height() - side) / 2, side, side);
     painter.drawPixmap(place, picture(pictureName_, place.size(), densityOf(painter)));
 }
 
-void MenuButton::drawGround(QPainter& painter) {
+void MenuButton::drawBackground(QPainter& painter) {
     if (isOpen_) {
-        painter.fillRect(rect(), openGround);
+        painter.fillRect(rect(), openBackground);
     }
-    HoverButton::drawGround(painter);
+    HoverButton::drawBackground(painter);
 }
 
 void MenuButton::keyPressEvent(QKeyEvent* event) {

@@ -12,8 +12,8 @@ QAbstractItemView* viewOf(const QStyleOptionViewItem& option) {
     return qobject_cast<QAbstractItemView*>(const_cast<QWidget*>(option.widget));
 }
 
-QColor groundOf(const QStyleOptionViewItem& option, const QModelIndex& index,
-                const RowLook& rowLook) {
+QColor backgroundOf(const QStyleOptionViewItem& option, const QModelIndex& index,
+                    const RowLook& rowLook) {
     if (option.state.testFlag(QStyle::State_Selected)) {
         return rowLook.selected;
     }
@@ -21,7 +21,7 @@ QColor groundOf(const QStyleOptionViewItem& option, const QModelIndex& index,
     if (view != nullptr && RowHover::of(*view).isOver(index)) {
         return look::rowHover;
     }
-    return rowLook.ground;
+    return rowLook.background;
 }
 
 bool hasShownFocus(const QAbstractItemView& view, const QModelIndex& index) {
@@ -87,7 +87,7 @@ void updateRow(const QAbstractItemView& view, const QModelIndex& index) {
 void paintRow(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
               const RowLook& rowLook) {
     const QRect& cell = option.rect;
-    painter.fillRect(cell, groundOf(option, index, rowLook));
+    painter.fillRect(cell, backgroundOf(option, index, rowLook));
     if (rowLook.line.isValid()) {
         painter.fillRect(cell.left(), cell.bottom(), cell.width(), 1, rowLook.line);
     }

@@ -38,7 +38,7 @@ void updateRow(const QAbstractItemView& view, const QModelIndex& index);
 
 /// The colours of a row.
 struct RowLook {
-    QColor ground = look::surface;
+    QColor background = look::surface;
     QColor selected = look::rowSelected;
     QColor line = look::rowLine;  ///< below the row; invalid: none
 };

@@ -18,7 +18,7 @@ ToggleButton::ToggleButton(QString onGlyph, QString offGlyph, QWidget* parent)
 
 void ToggleButton::draw(QPainter& painter) {
     constexpr int side = 18;
-    drawGround(painter);
+    drawBackground(painter);
     if (!isEnabled()) {
         painter.setOpacity(painter.opacity() * disabledOpacity());
     }
@@ -26,9 +26,9 @@ void ToggleButton::draw(QPainter& painter) {
     painter.drawPixmap(place.topLeft(), picture(glyph(), place.size(), densityOf(painter)));
 }
 
-void ToggleButton::drawGround(QPainter& painter) {
+void ToggleButton::drawBackground(QPainter& painter) {
     if (!isChecked() || !isEnabled()) {
-        HoverButton::drawGround(painter);
+        HoverButton::drawBackground(painter);
         return;
     }
     painter.fillRect(rect(), isDown() ? darkened(look::activeTint) : look::activeTint);

@@ -23,7 +23,7 @@ class ToggleButton final : public HoverButton {
 
  protected:
     void draw(QPainter& painter) override;
-    void drawGround(QPainter& painter) override;
+    void drawBackground(QPainter& painter) override;
 
  private:
     QString onGlyph_;

@@ -19,7 +19,7 @@ void WIndowsLikeButton::setGlyph(const QString& glyph) {
 }
 
 void WIndowsLikeButton::draw(QPainter& painter) {
-    drawGround(painter);
+    drawBackground(painter);
     if (glyph_.isEmpty()) {
         drawTitle(painter);
         return;
@@ -29,7 +29,7 @@ void WIndowsLikeButton::draw(QPainter& painter) {
     painter.drawPixmap(place.topLeft(), picture(glyph_, place.size(), densityOf(painter)));
 }
 
-void WIndowsLikeButton::drawGround(QPainter& painter) {
+void WIndowsLikeButton::drawBackground(QPainter& painter) {
     constexpr int edge = 2;
     painter.fillRect(rect(), isDown() ? darkened(look::teal) : look::teal);
     paintFrame(painter, rect(), edge, look::surface);

@@ -19,7 +19,7 @@ class BandEnd final : public QWidget {
     void paintEvent(QPaintEvent* event) override {
         Q_UNUSED(event)
         QPainter painter(this);
-        ListHeader::paintGround(painter, rect());
+        ListHeader::paintBackground(painter, rect());
     }
 };
 
@@ -57,14 +57,14 @@ void ListHeader::coverScrollBarOf(QAbstractScrollArea* list) const {
     list->addScrollBarWidget(new BandEnd(height_), Qt::AlignTop);
 }
 
-void ListHeader::paintGround(QPainter& painter, const QRect& band) {
+void ListHeader::paintBackground(QPainter& painter, const QRect& band) {
     painter.fillRect(band, look::header);
     painter.fillRect(QRect(band.left(), band.bottom(), band.width(), 1), look::line);
 }
 
 void ListHeader::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
-    paintGround(painter, viewport()->rect());
+    paintBackground(painter, viewport()->rect());
     painter.end();
     QHeaderView::paintEvent(event);
 }

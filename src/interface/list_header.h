@@ -27,7 +27,7 @@ class ListHeader final : public QHeaderView {
     void coverScrollBarOf(QAbstractScrollArea* list) const;
 
     /// The tint and the line at its foot, for a band that goes on beside the header.
-    static void paintGround(QPainter& painter, const QRect& band);
+    static void paintBackground(QPainter& painter, const QRect& band);
 
  protected:
     void paintEvent(QPaintEvent* event) override;

@@ -27,9 +27,9 @@ void LocationFrame::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event)
     QPainter painter(this);
     painter.fillRect(rect(), look::surface);
-    ListHeader::paintGround(painter,
-                            {look::frameLine, look::frameLine, width() - 2 * look::frameLine,
-                             LocationTable::heightOfHeader});
+    ListHeader::paintBackground(painter,
+                                {look::frameLine, look::frameLine, width() - 2 * look::frameLine,
+                                 LocationTable::heightOfHeader});
     if (table_->isDragHovering()) {
         paintFrame(painter, rect(), dragLine, look::teal);
     } else if (table_->showsFocus()) {

@@ -51,8 +51,8 @@ void PaneFrame::paintEvent(QPaintEvent* event) {
     const QRect inside = rect().marginsRemoved(lines_);
     painter.fillRect(inside, look::surface);
     if (headerHeight_ > 0) {
-        ListHeader::paintGround(painter,
-                                {inside.left(), inside.top(), inside.width(), headerHeight_});
+        ListHeader::paintBackground(painter,
+                                    {inside.left(), inside.top(), inside.width(), headerHeight_});
     }
 }
 

@@ -46,7 +46,7 @@ void ResultCellDelegate::paintContent(QPainter& painter, const QRect& cell,
 }
 
 RowLook ResultCellDelegate::rowLook(const QModelIndex& index) const {
-    return {.ground = index.row() % 2 == 0 ? look::surface : secondRow, .line = QColor()};
+    return {.background = index.row() % 2 == 0 ? look::surface : secondRow, .line = QColor()};
 }
 
 QSize ResultCellDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {

@@ -112,7 +112,7 @@ ResultScreen::ResultScreen(ViewTopBar* bar)
       tabBar_(named(new ViewButtonBar, "resultTabBar")),
       sortLabel_(named(makeLabel(tr("Sort by"), look::font(13), look::muted, Qt::AlignRight),
                        "sortLabel")),
-      treeGround_(named(new ViewBackgroundTree, "treeGround")),
+      treeBackground_(named(new ViewBackgroundTree, "treeBackground")),
       tableFrame_(
           named(new PaneFrame(resultTable, ResultTable::heightOfHeader), "resultTableFrame")),
       actionBar_(named(new ViewButtonGrayBar, "resultActionBar")) {
@@ -230,8 +230,8 @@ void ResultScreen::placeTabBar(Placement& placement) {
 }
 
 void ResultScreen::placePanes(Placement& placement) {
-    placement.place(treeGround_, {{12, 52, 181, 366}, {0, treeShare}, stretching});
-    auto* inTree = new Placement(treeGround_, {181, 366});
+    placement.place(treeBackground_, {{12, 52, 181, 366}, {0, treeShare}, stretching});
+    auto* inTree = new Placement(treeBackground_, {181, 366});
     auto* treeFrame =
         named(new PaneFrame(OView2, ResultTreeView::heightOfHeader, {1, 0, 1, 1}), "treeFrame");
     inTree->place(treeFrame, {{0, treeEdge, 181, 366 - treeEdge}, stretching, stretching});

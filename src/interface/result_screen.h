@@ -81,7 +81,7 @@ class ResultScreen final : public Screen {
 
     ViewButtonBar* const tabBar_;
     QLabel* const sortLabel_;
-    ViewBackgroundTree* const treeGround_;
+    ViewBackgroundTree* const treeBackground_;
     PaneFrame* const tableFrame_;
     ViewButtonGrayBar* const actionBar_;
 };

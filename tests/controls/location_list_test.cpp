@@ -68,7 +68,7 @@ TEST(RowPainterTest, ARowMayHaveOtherColoursAndNoLine) {
     QPainter painter(&image);
     QStyleOptionViewItem row;
     row.rect = image.rect();
-    const RowLook look{.ground = Qt::yellow, .selected = Qt::cyan, .line = QColor()};
+    const RowLook look{.background = Qt::yellow, .selected = Qt::cyan, .line = QColor()};
 
     paintRow(painter, row, {}, look);
     EXPECT_EQ(image.pixelColor(5, 5), QColor(Qt::yellow));

@@ -10,7 +10,7 @@ namespace {
 constexpr QRect windowsLikeButtonPlace(20, 20, 32, 32);
 
 // A dark ground, so that the white edge can be told from it.
-const QColor ground(40, 40, 40);
+const QColor background(40, 40, 40);
 
 TEST(WIndowsLikeButton, ItIsTealWithAWhiteEdgeOfTwo) {
     ControlBench bench(ground);

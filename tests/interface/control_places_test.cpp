@@ -153,7 +153,7 @@ const Control controls[] = {
     {"sortBtn", ToggleButton::staticMetaObject, "4", {934, 49, 32, 32}, {1318, 49, 32, 32}},
     {"asscendingBtn", ToggleButton::staticMetaObject, "4", {972, 49, 32, 32}, {1356, 49, 32, 32}},
     // The tree takes 18 % of 384, the list 52 % and the preview 30 %.
-    {"treeGround",
+    {"treeBackground",
      ViewBackgroundTree::staticMetaObject,
      "4",
      {12, 97, 181, 366},
