@@ -197,14 +197,14 @@ QColor HoverButton::titleColor() const {
     return kind_ == Kind::quiet ? quietColors().text : look::surface;
 }
 
-void HoverButton::paintBackground(QPainter& painter, const QColor& ground) const {
+void HoverButton::paintBackground(QPainter& painter, const QColor& color) const {
     if (cornerRadius_ <= 0) {
-        painter.fillRect(rect(), ground);
+        painter.fillRect(rect(), color);
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(ground);
+    painter.setBrush(color);
     painter.drawRoundedRect(rect(), cornerRadius_, cornerRadius_);
 }
 

@@ -72,7 +72,7 @@ class HoverButton : public PaintedButton {
 
     [[nodiscard]] QuietColors quietColors() const;
     [[nodiscard]] QColor titleColor() const;
-    void paintBackground(QPainter& painter, const QColor& ground) const;
+    void paintBackground(QPainter& painter, const QColor& color) const;
     void updateCursor();
 
     Kind kind_ = Kind::filled;

@@ -19,7 +19,7 @@ ListTable::ListTable(const QVector<Column>& columns, int heightOfRows, QWidget* 
     auto* header = new ListHeader(heightOfHeader, titleIndent, this);
     header->setTitlesAtLeft(static_cast<int>(columns.size()));
     header->indentAllTitles();
-    header->setMinimumSectionSize(leastWidth);
+    header->setMinimumSectionSize(minWidth);
     setUpTable(*this, *header, heightOfRows);
     connect(header, &QHeaderView::sectionResized, this, &ListTable::moveEdge);
     setItemDelegate(new ListCellDelegate(*this));
@@ -53,7 +53,7 @@ void ListTable::fitColumns() {
         }
     }
     fitting_ = true;
-    setColumnWidth(filling, std::max(left, int{leastWidth}));
+    setColumnWidth(filling, std::max(left, int{minWidth}));
     fitting_ = false;
 }
 
@@ -69,7 +69,7 @@ void ListTable::moveEdge(int section, int before, int now) {
         setColumnWidth(section, before);
     } else {
         const int both = before + columnWidth(neighbour);
-        const int width = std::clamp(now, int{leastWidth}, std::max(both - leastWidth, 1));
+        const int width = std::clamp(now, int{minWidth}, std::max(both - minWidth, 1));
         setColumnWidth(section, width);
         setColumnWidth(neighbour, both - width);
     }

@@ -19,7 +19,7 @@ class ListTable : public QTableView {
     static constexpr int heightOfHeader = 28;
     static constexpr int heightOfLine = 30;      ///< of rows with one line
     static constexpr int heightOfTwoLines = 44;  ///< of rows with two
-    static constexpr int leastWidth = 48;        ///< of a column
+    static constexpr int minWidth = 48;          ///< of a column
 
     /// What is painted in a column.
     enum class Text : std::uint8_t {

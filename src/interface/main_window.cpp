@@ -326,8 +326,8 @@ void MainWindow::popUpHelpMenu() const {
     popUp(*helpMenu, *buttonHelpManual, helpMenuWidth);
 }
 
-void MainWindow::popUp(QMenu& menu, const QWidget& button, int leastWidth) {
-    const int width = std::max(menu.sizeHint().width(), leastWidth);
+void MainWindow::popUp(QMenu& menu, const QWidget& button, int minWidth) {
+    const int width = std::max(menu.sizeHint().width(), minWidth);
     menu.popup(button.mapToGlobal(QPoint(button.width() - width, button.height() + menuGap)));
 }
 

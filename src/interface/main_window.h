@@ -174,7 +174,7 @@ class MainWindow final : public QWidget {
     void makeHelpMenu();
     void makeMoreMenu();
     void openMoreByKey() const;
-    static void popUp(QMenu& menu, const QWidget& button, int leastWidth);
+    static void popUp(QMenu& menu, const QWidget& button, int minWidth);
     void orderKeyboard();
     void showPanel(QWidget* panel, const QRect& design, Growth across = inMiddle,
                    Growth down = inMiddle);

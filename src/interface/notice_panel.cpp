@@ -20,9 +20,9 @@ constexpr int bandHeight = 25;
 constexpr int footHeight = 45;
 constexpr int noticeMargin = noticeLine + 16;  ///< of the title and of the text
 constexpr int textTop = noticeLine + bandHeight;
-constexpr int leastAir = 8;  ///< above and below the text
+constexpr int minPadding = 8;  ///< above and below the text
 constexpr QSize buttonSize{84, 27};
-constexpr int buttonAir = 10;  ///< on each side of a title
+constexpr int buttonPadding = 10;  ///< on each side of a title
 constexpr int buttonGap = 10;
 
 }  // namespace
@@ -46,7 +46,7 @@ NoticePanel::NoticePanel(int width, const char* textName, QWidget* parent)
 ButtonSettingsSaved* NoticePanel::addButton(const char* objectName, const QString& title) {
     auto* button = named(new ButtonSettingsSaved, objectName);
     button->setTitle(title);
-    const int needed = QFontMetrics(look::font(13)).horizontalAdvance(title) + 2 * buttonAir;
+    const int needed = QFontMetrics(look::font(13)).horizontalAdvance(title) + 2 * buttonPadding;
     const int width = std::max(buttonSize.width(), needed);
     const int top = designHeight - noticeLine - footHeight + 9;
     placement_->place(button,
@@ -56,7 +56,7 @@ ButtonSettingsSaved* NoticePanel::addButton(const char* objectName, const QStrin
 }
 
 int NoticePanel::heightForWidth(int width) const {
-    const int needed = text->heightForWidth(width - 2 * noticeMargin) + 2 * leastAir;
+    const int needed = text->heightForWidth(width - 2 * noticeMargin) + 2 * minPadding;
     return std::max(designHeight, textTop + needed + footHeight + noticeLine);
 }
 

@@ -24,9 +24,9 @@ void grow(int& from, int& length, int gain, Growth growth) {
 
 /// Our own buttons do with less air beside their titles than they like, rather than push others.
 int widthNeeded(const QWidget* control) {
-    constexpr int airToSpare = 10;
-    const bool sparesAir = qobject_cast<const HoverButton*>(control) != nullptr;
-    const int needed = control->sizeHint().width() - (sparesAir ? airToSpare : 0);
+    constexpr int sparePadding = 10;
+    const bool canSparePadding = qobject_cast<const HoverButton*>(control) != nullptr;
+    const int needed = control->sizeHint().width() - (canSparePadding ? sparePadding : 0);
     return std::max(needed, control->minimumWidth());
 }
 
@@ -119,7 +119,7 @@ QRect Placement::grown(const Place& place) const {
     int width = place.design.width();
     int height = place.design.height();
     if (place.inColumn) {
-        const int gainOfColumn = std::min(gainAcross, column_.widest - column_.width);
+        const int gainOfColumn = std::min(gainAcross, column_.maxWidth - column_.width);
         grow(x, width, gainOfColumn, place.across);
         x += (gainAcross - gainOfColumn) / 2;
     } else {

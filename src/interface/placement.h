@@ -42,8 +42,8 @@ struct Place {
 
 /// The middle part of a parent, which grows with it up to a width and then stays centred.
 struct Column {
-    int width = 0;   ///< in the design, centred
-    int widest = 0;  ///< where it ends growing
+    int width = 0;     ///< in the design, centred
+    int maxWidth = 0;  ///< it grows up to this
 };
 
 /// Gives each control of one parent its place, at once and whenever the parent's size, a text or

@@ -18,9 +18,9 @@ void PreviewColumn::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     constexpr int lines = 2;  // above and below, or left and right
     constexpr int gap = 8;
-    constexpr int leastProperties = 121;
+    constexpr int minPropertiesHeight = 121;
     const int wanted = static_cast<int>(std::lround((width() - lines) * 0.75)) + lines;
-    const int pictureHeight = std::min(wanted, height() - gap - leastProperties);
+    const int pictureHeight = std::min(wanted, height() - gap - minPropertiesHeight);
     picture_->setGeometry(0, 0, width(), pictureHeight);
     const int top = pictureHeight + gap;
     properties_->setGeometry(0, top, width(), height() - top);

@@ -21,11 +21,11 @@ constexpr double nameShare = 0.308;  ///< of what the list gains
 constexpr int groupWidth = 52;
 constexpr int boxWidth = 58;
 
-/// With some air on both sides.
+/// With some padding on both sides.
 int widthOfTitle(const QTableView& table, int column) {
-    constexpr int air = 4;
+    constexpr int padding = 4;
     const QString title = table.model()->headerData(column, Qt::Horizontal).toString();
-    return table.horizontalHeader()->fontMetrics().horizontalAdvance(title) + 2 * air;
+    return table.horizontalHeader()->fontMetrics().horizontalAdvance(title) + 2 * padding;
 }
 
 }  // namespace
@@ -120,8 +120,8 @@ void ResultTable::dataChanged(const QModelIndex& topLeft, const QModelIndex& bot
 }
 
 void ResultTable::keyboardSearch(const QString& search) {
-    constexpr int most = 20000;
-    if (model() != nullptr && model()->rowCount() <= most) {
+    constexpr int maxRows = 20000;  // more take too long
+    if (model() != nullptr && model()->rowCount() <= maxRows) {
         QTableView::keyboardSearch(search);
     }
 }

@@ -25,9 +25,9 @@ bool UntoldPointer::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
-ControlBench::ControlBench(const QColor& ground) {
+ControlBench::ControlBench(const QColor& background) {
     QPalette colors = window_.palette();
-    colors.setColor(QPalette::Window, ground);
+    colors.setColor(QPalette::Window, background);
     window_.setPalette(colors);
     window_.setAutoFillBackground(true);
     // Both windows fit on the screen of the offscreen platform, 400 x 400 at the double density.
@@ -109,11 +109,11 @@ bool isNear(const QColor& one, const QColor& other) {
     return testing::Matches(IsRgb(other.red(), other.green(), other.blue()))(one);
 }
 
-QRect inkBounds(const QImage& image, const QColor& ground) {
+QRect inkBounds(const QImage& image, const QColor& background) {
     QRect bounds;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            if (!isNear(image.pixelColor(x, y), ground)) {
+            if (!isNear(image.pixelColor(x, y), background)) {
                 bounds |= QRect(x, y, 1, 1);
             }
         }

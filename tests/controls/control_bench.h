@@ -27,11 +27,11 @@ class UntoldPointer final : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
-/// An active window of 300 x 250 with a ground of one colour (the page colour, 243,246,248, at
+/// An active window of 300 x 250 with a background of one colour (the page colour, 243,246,248, at
 /// first), on which a test lays out controls. The pointer starts outside.
 class ControlBench final {
  public:
-    explicit ControlBench(const QColor& ground = QColor(243, 246, 248));
+    explicit ControlBench(const QColor& background = QColor(243, 246, 248));
     ~ControlBench();
     ControlBench(const ControlBench&) = delete;
     ControlBench& operator=(const ControlBench&) = delete;
@@ -79,7 +79,7 @@ class ControlBench final {
 /// Whether two colours are the same, give or take 2 in each part.
 [[nodiscard]] bool isNear(const QColor& one, const QColor& other);
 
-/// The smallest rectangle, in pixels, around all that differs from `ground`.
-[[nodiscard]] QRect inkBounds(const QImage& image, const QColor& ground);
+/// The smallest rectangle, in pixels, around all that differs from `background`.
+[[nodiscard]] QRect inkBounds(const QImage& image, const QColor& background);
 
 }  // namespace tarvin

@@ -12,7 +12,7 @@ namespace tarvin {
 namespace {
 
 constexpr QRect progressBarPlace(20, 20, 200, 10);
-constexpr quint64 most = std::numeric_limits<quint64>::max();
+constexpr quint64 maxCount = std::numeric_limits<quint64>::max();
 
 TEST(ProgressBar, ItIsTealOnALightLine) {
     ControlBench bench;
@@ -47,13 +47,13 @@ TEST(ProgressBar, ItIsFullOnlyWhenEverythingIsDone) {
 
 TEST(ProgressBar, NumbersMayBeAsLargeAsTheyGet) {
     ProgressBar bar;
-    bar.setTotal(most);
-    bar.setDone(most / 2);
+    bar.setTotal(maxCount);
+    bar.setDone(maxCount / 2);
     EXPECT_NEAR(bar.fraction(), 0.5, 1e-9);
-    bar.setDone(most - 1);
+    bar.setDone(maxCount - 1);
     EXPECT_LT(bar.fraction(), 1.0);
     EXPECT_LT(bar.value(), bar.maximum());
-    bar.setDone(most);
+    bar.setDone(maxCount);
     EXPECT_DOUBLE_EQ(bar.fraction(), 1.0);
     EXPECT_EQ(bar.value(), bar.maximum());
 }

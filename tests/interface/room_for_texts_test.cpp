@@ -55,15 +55,15 @@ bool hasRoom(const QWidget& widget) {
     }
     if (qobject_cast<const TabButton*>(&widget) != nullptr ||
         qobject_cast<const PopUpButton*>(&widget) != nullptr) {
-        // Their air may be spared.
-        constexpr int air = 10;
-        return widget.sizeHint().width() - air <= widget.width();
+        // Their padding may be spared.
+        constexpr int padding = 10;
+        return widget.sizeHint().width() - padding <= widget.width();
     }
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
         const auto* hover = qobject_cast<const HoverButton*>(button);
         const bool isText = hover != nullptr && hover->kind() == HoverButton::Kind::text;
-        const int air = isText ? 0 : 8;  // on each side
-        return button->text().isEmpty() || titleWidth(*button) + 2 * air <= button->width();
+        const int padding = isText ? 0 : 8;  // on each side
+        return button->text().isEmpty() || titleWidth(*button) + 2 * padding <= button->width();
     }
     return true;
 }
