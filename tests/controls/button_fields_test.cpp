@@ -1,7 +1,7 @@
 #include "controls/button_hover_complex.h"
 #include "controls/button_hover_simple.h"
 #include "controls/button_settings_saved.h"
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 #include "controls/hover_button.h"
 
 #include <gtest/gtest.h>
@@ -42,7 +42,7 @@ TEST(ButtonFields, ButtonIDIsKept) {
 }
 
 TEST(ButtonFields, HoveringChangesTheLookOfAnAnswer) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& answer = bench.add<ButtonSettingsSaved>(buttonFieldsPlace);
     EXPECT_FALSE(answer.hovering());
     EXPECT_THAT(bench.at(20, 40), IsRgb(53, 152, 252));
@@ -65,7 +65,7 @@ TEST(ButtonFields, HoveringAloneDoesNotFadeAButton) {
 }
 
 TEST(ButtonFields, SettingHoveringOrMouseDownRepaints) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& tile = bench.add<ButtonHoverComplex>(buttonFieldsPlace);
     const Paintings paintings(&tile);
     const auto comeTo = [&](int count) {

@@ -1,6 +1,6 @@
 #include "controls/button_hover_complex.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 #include "controls/images.h"
 #include "controls/look.h"
 
@@ -19,7 +19,7 @@ QPixmap plain(const QSize& size, const QColor& color) {
     return pixmap;
 }
 
-ButtonHoverComplex& addTile(ControlBench& bench, const QIcon& picture = {}) {
+ButtonHoverComplex& addTile(ControlFixture& bench, const QIcon& picture = {}) {
     auto& tile = bench.add<ButtonHoverComplex>(buttonHoverComplexPlace);
     tile.setFillColor(look::deepTeal);
     tile.setImageNormal(picture, {});
@@ -27,7 +27,7 @@ ButtonHoverComplex& addTile(ControlBench& bench, const QIcon& picture = {}) {
 }
 
 TEST(ButtonHoverComplex, ItIsFilledFromEdgeToEdge) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& tile = addTile(bench);
     EXPECT_THAT(bench.at(20, 20), IsRgb(14, 116, 138));
     EXPECT_THAT(bench.at(209.5, 179.5), IsRgb(14, 116, 138));
@@ -38,7 +38,7 @@ TEST(ButtonHoverComplex, ItIsFilledFromEdgeToEdge) {
 }
 
 TEST(ButtonHoverComplex, APictureThatIs110WideIsDrawnAsItIs) {
-    ControlBench bench;
+    ControlFixture bench;
     QIcon icon(plain({220, 220}, Qt::red));
     icon.addPixmap(plain({110, 60}, Qt::green));
     addTile(bench, icon);
@@ -53,7 +53,7 @@ TEST(ButtonHoverComplex, APictureThatIs110WideIsDrawnAsItIs) {
 
 TEST(ButtonHoverComplex, AnyOtherPictureIsResized) {
     for (const QSize size : {QSize(64, 32), QSize(300, 200), QSize(109, 110)}) {
-        ControlBench bench;
+        ControlFixture bench;
         addTile(bench, plain(size, Qt::red));
         EXPECT_THAT(bench.at(60, 45), IsRgb(255, 0, 0)) << size.width();
         EXPECT_THAT(bench.at(169.5, 154.5), IsRgb(255, 0, 0)) << size.width();
@@ -66,14 +66,14 @@ TEST(ButtonHoverComplex, ThePictureStandsUpright) {
     QPixmap pixmap(110, 110);
     pixmap.fill(Qt::red);
     QPainter(&pixmap).fillRect(0, 0, 110, 55, Qt::green);
-    ControlBench bench;
+    ControlFixture bench;
     addTile(bench, pixmap);
     EXPECT_THAT(bench.at(100, 50), IsRgb(0, 255, 0));
     EXPECT_THAT(bench.at(100, 150), IsRgb(255, 0, 0));
 }
 
 TEST(ButtonHoverComplex, TheDrawingOfTheDrivesTileIsSharp) {
-    ControlBench bench;
+    ControlFixture bench;
     addTile(bench, pictureIcon(QStringLiteral("ui/tile_drives")));
     // The upper edge of the white sheet, 14 of 110 down, and its left one, 32 of 110.
     EXPECT_THAT(bench.at(115, 58.5), IsRgb(14, 116, 138));
@@ -82,7 +82,7 @@ TEST(ButtonHoverComplex, TheDrawingOfTheDrivesTileIsSharp) {
 }
 
 TEST(ButtonHoverComplex, TheTitleIsInTheUpperLeft) {
-    ControlBench bench;
+    ControlFixture bench;
     addTile(bench).setTitle(QStringLiteral("HHH"));
     const QImage image = bench.picture(buttonHoverComplexPlace);
     const double ratio = image.devicePixelRatio();
@@ -94,14 +94,14 @@ TEST(ButtonHoverComplex, TheTitleIsInTheUpperLeft) {
 }
 
 TEST(ButtonHoverComplex, ALongTitleIsCutAtTheInset) {
-    ControlBench bench;
+    ControlFixture bench;
     addTile(bench).setTitle(QString(60, QLatin1Char('W')));
     const QImage image = bench.picture(buttonHoverComplexPlace);
     EXPECT_LT(inkBounds(image, QColor(14, 116, 138)).right() / image.devicePixelRatio(), 180);
 }
 
 TEST(ButtonHoverComplex, UnderThePointerItsAlphaIsEightTenths) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& tile = addTile(bench);
     bench.movePointerTo(tile);
     EXPECT_DOUBLE_EQ(tile.alpha(), 0.8);
@@ -113,7 +113,7 @@ TEST(ButtonHoverComplex, UnderThePointerItsAlphaIsEightTenths) {
 }
 
 TEST(ButtonHoverComplex, TheMouseHoldsItDownUntilItIsReleased) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& tile = addTile(bench);
     EXPECT_FALSE(tile.mouseDown());
     QTest::mousePress(bench.window().windowHandle(), Qt::LeftButton, {},
@@ -125,13 +125,13 @@ TEST(ButtonHoverComplex, TheMouseHoldsItDownUntilItIsReleased) {
 }
 
 TEST(ButtonHoverComplex, HeldDownItIsDarker) {
-    ControlBench bench;
+    ControlFixture bench;
     addTile(bench).setDown(true);
     EXPECT_THAT(bench.at(25, 100), IsRgb(12, 102, 121));
 }
 
 TEST(ButtonHoverComplex, ResettingAndNewPicturesForgetThePointer) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& tile = addTile(bench);
     bench.movePointerTo(tile);
     ASSERT_TRUE(tile.hovering());
@@ -144,7 +144,7 @@ TEST(ButtonHoverComplex, ResettingAndNewPicturesForgetThePointer) {
 }
 
 TEST(ButtonHoverComplex, TheArrowIsKeptAndNotDrawn) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& tile = addTile(bench);
     tile.setImageNormal({}, plain({110, 110}, Qt::red));
     EXPECT_FALSE(tile.arrowImage().isNull());

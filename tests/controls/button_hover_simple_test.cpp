@@ -1,6 +1,6 @@
 #include "controls/button_hover_simple.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 #include "controls/images.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ QIcon plain(const QColor& color) {
 }
 
 /// Normal red, hover green, disabled blue, on click yellow.
-ButtonHoverSimple& addButton(ControlBench& bench) {
+ButtonHoverSimple& addButton(ControlFixture& bench) {
     auto& button = bench.add<ButtonHoverSimple>(buttonHoverSimplePlace);
     button.setImageNormal(plain(Qt::red), plain(Qt::green), plain(Qt::blue), plain(Qt::yellow));
     return button;
@@ -36,14 +36,14 @@ TEST(ButtonHoverSimple, ItStartsWithNothing) {
 }
 
 TEST(ButtonHoverSimple, ItShowsTheNormalPicture) {
-    ControlBench bench;
+    ControlFixture bench;
     addButton(bench);
     EXPECT_THAT(bench.at(20, 20), IsRgb(255, 0, 0));
     EXPECT_THAT(bench.at(64.5, 64.5), IsRgb(255, 0, 0));
 }
 
 TEST(ButtonHoverSimple, UnderThePointerItShowsTheHoverPicture) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addButton(bench);
     bench.movePointerTo(button);
     EXPECT_TRUE(button.hovering());
@@ -52,7 +52,7 @@ TEST(ButtonHoverSimple, UnderThePointerItShowsTheHoverPicture) {
 }
 
 TEST(ButtonHoverSimple, ItKeepsTheHoverPictureUnlessItIsToReset) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addButton(bench);
     bench.movePointerTo(button);
     bench.movePointerAway();
@@ -61,7 +61,7 @@ TEST(ButtonHoverSimple, ItKeepsTheHoverPictureUnlessItIsToReset) {
 }
 
 TEST(ButtonHoverSimple, ItShowsTheNormalPictureAgainIfItIsToReset) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addButton(bench);
     button.setResetImageWhenNotHovering(true);
     bench.movePointerTo(button);
@@ -70,7 +70,7 @@ TEST(ButtonHoverSimple, ItShowsTheNormalPictureAgainIfItIsToReset) {
 }
 
 TEST(ButtonHoverSimple, WithTheMouseDownTheHoverPictureStays) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addButton(bench);
     button.setResetImageWhenNotHovering(true);
     bench.movePointerTo(button);
@@ -80,7 +80,7 @@ TEST(ButtonHoverSimple, WithTheMouseDownTheHoverPictureStays) {
 }
 
 TEST(ButtonHoverSimple, ADisabledOneKeepsItsPicture) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addButton(bench);
     button.setResetImageWhenNotHovering(true);
     button.setEnabled(false);
@@ -92,7 +92,7 @@ TEST(ButtonHoverSimple, ADisabledOneKeepsItsPicture) {
 }
 
 TEST(ButtonHoverSimple, OneDisabledUnderThePointerDoesNotReset) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addButton(bench);
     button.setResetImageWhenNotHovering(true);
     bench.movePointerTo(button);
@@ -102,7 +102,7 @@ TEST(ButtonHoverSimple, OneDisabledUnderThePointerDoesNotReset) {
 }
 
 TEST(ButtonHoverSimple, ResettingForgetsThePointer) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addButton(bench);
     bench.movePointerTo(button);
     button.resetButton();
@@ -114,7 +114,7 @@ TEST(ButtonHoverSimple, ResettingForgetsThePointer) {
 }
 
 TEST(ButtonHoverSimple, NewPicturesBeginWithTheNormalOne) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addButton(bench);
     bench.movePointerTo(button);
     button.setImageNormal(plain(Qt::cyan), plain(Qt::green), {}, {});
@@ -123,7 +123,7 @@ TEST(ButtonHoverSimple, NewPicturesBeginWithTheNormalOne) {
 }
 
 TEST(ButtonHoverSimple, ThePointerCountsOnlyInTheActiveWindow) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addButton(bench);
     button.setResetImageWhenNotHovering(true);
     bench.deactivate();
@@ -138,7 +138,7 @@ TEST(ButtonHoverSimple, ThePointerCountsOnlyInTheActiveWindow) {
 }
 
 TEST(ButtonHoverSimple, AClickPressesItAndLeavesMouseDownToItsOwner) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addButton(bench);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
     QTest::mousePress(bench.window().windowHandle(), Qt::LeftButton, {},
@@ -151,7 +151,7 @@ TEST(ButtonHoverSimple, AClickPressesItAndLeavesMouseDownToItsOwner) {
 }
 
 TEST(ButtonHoverSimple, TheHomePicturesAreThere) {
-    ControlBench bench(QColor(31, 100, 134));
+    ControlFixture bench(QColor(31, 100, 134));
     auto& button = bench.add<ButtonHoverSimple>(buttonHoverSimplePlace);
     button.setImageNormal(pictureIcon(QStringLiteral("Home Normal.png")),
                           pictureIcon(QStringLiteral("Home Hover.png")),

@@ -1,6 +1,6 @@
 #include "controls/button_settings_saved.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ namespace {
 constexpr QRect buttonSettingsSavedPlace(20, 20, 84, 27);
 
 TEST(ButtonSettingsSaved, ItIsAGrayGradientWithABlueLine) {
-    ControlBench bench;
+    ControlFixture bench;
     bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     EXPECT_THAT(bench.at(20, 30), IsRgb(53, 152, 252));
     EXPECT_THAT(bench.at(103.5, 46.5), IsRgb(53, 152, 252));
@@ -23,7 +23,7 @@ TEST(ButtonSettingsSaved, ItIsAGrayGradientWithABlueLine) {
 }
 
 TEST(ButtonSettingsSaved, UnderThePointerItIsBlue) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     bench.movePointerTo(button);
     EXPECT_TRUE(button.hovering());
@@ -36,7 +36,7 @@ TEST(ButtonSettingsSaved, UnderThePointerItIsBlue) {
 }
 
 TEST(ButtonSettingsSaved, TheTitleIsBlackAndCentred) {
-    ControlBench bench;
+    ControlFixture bench;
     bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace).setTitle(QStringLiteral("IHI"));
     const QImage image = bench.picture(buttonSettingsSavedPlace.adjusted(2, 2, -2, -2));
     int left = image.width();
@@ -53,7 +53,7 @@ TEST(ButtonSettingsSaved, TheTitleIsBlackAndCentred) {
 }
 
 TEST(ButtonSettingsSaved, ThePointerCountsInTheActiveProgram) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     // Another window of the same program is active.
     bench.deactivate();
@@ -62,14 +62,14 @@ TEST(ButtonSettingsSaved, ThePointerCountsInTheActiveProgram) {
 }
 
 TEST(ButtonSettingsSaved, WithoutAnOverlayTheCursorStays) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     bench.movePointerTo(button);
     EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
 }
 
 TEST(ButtonSettingsSaved, TheHandIsShownWhileNothingCoversTheOverlay) {
-    ControlBench bench;
+    ControlFixture bench;
     ViewTransparent overlay;
     auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     button.setViewTransparent(&overlay);
@@ -85,7 +85,7 @@ TEST(ButtonSettingsSaved, TheHandIsShownWhileNothingCoversTheOverlay) {
 }
 
 TEST(ButtonSettingsSaved, TheOverlayMayGoFirst) {
-    ControlBench bench;
+    ControlFixture bench;
     auto overlay = std::make_unique<ViewTransparent>();
     auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     button.setViewTransparent(overlay.get());

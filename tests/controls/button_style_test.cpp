@@ -1,6 +1,6 @@
 #include "controls/button_style.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -24,7 +24,7 @@ TEST(ButtonStyle, AStyledButtonHasItsGroundItsCornersAndItsTitle) {
 }
 
 TEST(ButtonStyle, TheAnswerOfTheInformationWindowIsPaintedSo) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(buttonStylePlace);
     setButtonAtrribute(button, 0, QColor(21, 138, 162), {QStringLiteral("Review"), Qt::white, 14});
     EXPECT_THAT(bench.at(20, 20), IsRgb(21, 138, 162));
@@ -40,7 +40,7 @@ TEST(ButtonStyle, TheLongFormSetsAlignmentAndUnderline) {
 }
 
 TEST(ButtonStyle, AnUnderlineIsPaintedUnderTheWholeTitle) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(buttonStylePlace);
     button.setFill(Qt::black);
     const QString text = QStringLiteral("aaaa");
@@ -52,7 +52,7 @@ TEST(ButtonStyle, AnUnderlineIsPaintedUnderTheWholeTitle) {
 }
 
 TEST(ButtonStyle, AlignmentMovesTheTitle) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(buttonStylePlace);
     button.setFill(Qt::black);
     const QString text = QStringLiteral("HH");

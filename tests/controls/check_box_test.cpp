@@ -1,6 +1,6 @@
 #include "controls/check_box_cell.h"
 #include "controls/check_box_painter.h"
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 
 #include <gtest/gtest.h>
 

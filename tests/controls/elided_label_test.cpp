@@ -1,6 +1,6 @@
 #include "controls/elided_label.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 #include "controls/look.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ const QString longPath =
     QStringLiteral("/Users/me/Pictures/2023 Summer/holidays/at the sea/IMG_2041.jpg");
 
 TEST(ElidedLabel, AShortTextIsShownWhole) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("short"));
     EXPECT_FALSE(label.isElided());
     EXPECT_EQ(label.shownText(), QStringLiteral("short"));
@@ -25,7 +25,7 @@ TEST(ElidedLabel, AShortTextIsShownWhole) {
 }
 
 TEST(ElidedLabel, ALongTextLosesItsMiddle) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, longPath);
     EXPECT_TRUE(label.isElided());
     EXPECT_EQ(label.text(), longPath);
@@ -36,7 +36,7 @@ TEST(ElidedLabel, ALongTextLosesItsMiddle) {
 }
 
 TEST(ElidedLabel, OrItsEnd) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, longPath);
     label.setElideMode(Qt::ElideRight);
     EXPECT_TRUE(label.shownText().startsWith(QStringLiteral("/Users/me/Pic")));
@@ -44,7 +44,7 @@ TEST(ElidedLabel, OrItsEnd) {
 }
 
 TEST(ElidedLabel, ItGrowsBackWithTheWindow) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, longPath);
     label.resize(2000, 20);
     EXPECT_EQ(label.shownText(), longPath);
@@ -56,7 +56,7 @@ TEST(ElidedLabel, TheToolTipIsTheFullText) {
 }
 
 TEST(ElidedLabel, TheToolTipComesOnlyIfSomethingIsMissing) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("short"));
     QHelpEvent ask(QEvent::ToolTip, QPoint(5, 5), label.mapToGlobal(QPoint(5, 5)));
     QCoreApplication::sendEvent(&label, &ask);
@@ -68,7 +68,7 @@ TEST(ElidedLabel, TheToolTipComesOnlyIfSomethingIsMissing) {
 }
 
 TEST(ElidedLabel, MarkupIsShownLetterForLetter) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(QRect(0, 20, 300, 20));
     label.setText(QStringLiteral("<b>a</b>&amp;<img src=x>"));
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
@@ -79,14 +79,14 @@ TEST(ElidedLabel, MarkupIsShownLetterForLetter) {
 }
 
 TEST(ElidedLabel, ANameOfTwoLinesStaysOnOne) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("a\nb"));
     EXPECT_EQ(label.shownText(), QStringLiteral("a b"));
     EXPECT_EQ(label.sizeHint().height(), label.fontMetrics().height());
 }
 
 TEST(ElidedLabel, ItIsPaintedInItsColourAndAtItsSide) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("HHH"));
     label.setTextColor(look::muted);
     EXPECT_EQ(label.textColor(), QColor(74, 91, 102));
@@ -108,7 +108,7 @@ TEST(ElidedLabel, AssistiveTechnologyReadsTheFullText) {
 }
 
 TEST(ElidedLabel, AFramedOneStandsInAWhiteField) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("HHH"));
     label.setFramed(true);
     const QPoint corner = elidedLabelPlace.topLeft();

@@ -1,7 +1,7 @@
 #include "controls/focus_ring.h"
 
 #include "controls/button_hover_simple.h"
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 #include "controls/hover_button.h"
 #include "controls/look.h"
 
@@ -15,7 +15,7 @@ namespace {
 constexpr QRect focusRingPlace(20, 20, 100, 36);
 
 TEST(FocusRing, TheKeyboardMakesItSeen) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(focusRingPlace);
     EXPECT_FALSE(button.showsFocusRing());
     button.setFocus(Qt::TabFocusReason);
@@ -25,7 +25,7 @@ TEST(FocusRing, TheKeyboardMakesItSeen) {
 }
 
 TEST(FocusRing, TheMouseDoesNot) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(focusRingPlace);
     QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, focusRingPlace.center());
     ASSERT_TRUE(button.hasFocus());
@@ -33,7 +33,7 @@ TEST(FocusRing, TheMouseDoesNot) {
 }
 
 TEST(FocusRing, AFocusMovedByTheProgramIsSeenIfTheKeyboardIsInUse) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& first = bench.add<HoverButton>(focusRingPlace);
     auto& second = bench.add<HoverButton>(QRect(20, 80, 100, 36));
     second.setFocus(Qt::OtherFocusReason);
@@ -46,7 +46,7 @@ TEST(FocusRing, AFocusMovedByTheProgramIsSeenIfTheKeyboardIsInUse) {
 }
 
 TEST(FocusRing, ItIsTwoWideWithAGapOfTwo) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(focusRingPlace);
     button.setFocus(Qt::TabFocusReason);
     EXPECT_THAT(bench.at(15.5, 30), IsRgb(243, 246, 248));
@@ -59,14 +59,14 @@ TEST(FocusRing, ItIsTwoWideWithAGapOfTwo) {
 }
 
 TEST(FocusRing, ItIsWhiteOnTheBlueBars) {
-    ControlBench bench(look::topBar);
+    ControlFixture bench(look::topBar);
     auto& button = bench.add<HoverButton>(focusRingPlace, HoverButton::Kind::outline, QString());
     button.setFocus(Qt::TabFocusReason);
     EXPECT_THAT(bench.at(16, 30), IsRgb(255, 255, 255));
 }
 
 TEST(FocusRing, InACornerItLiesInsideTheControl) {
-    ControlBench bench(look::topBar);
+    ControlFixture bench(look::topBar);
     auto& button = bench.add<ButtonHoverSimple>(QRect(0, 0, 45, 45));
     button.setFocus(Qt::TabFocusReason);
     EXPECT_THAT(bench.at(1.5, 20), IsRgb(31, 100, 134));
@@ -76,7 +76,7 @@ TEST(FocusRing, InACornerItLiesInsideTheControl) {
 }
 
 TEST(FocusRing, ItGoesWhereItsControlGoes) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(focusRingPlace);
     button.setFocus(Qt::TabFocusReason);
     auto* ring = bench.window().findChild<FocusRing*>();
@@ -88,7 +88,7 @@ TEST(FocusRing, ItGoesWhereItsControlGoes) {
 }
 
 TEST(FocusRing, ItTakesNeitherMouseNorKeyboard) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(focusRingPlace);
     button.setFocus(Qt::TabFocusReason);
     auto* ring = bench.window().findChild<FocusRing*>();
@@ -98,7 +98,7 @@ TEST(FocusRing, ItTakesNeitherMouseNorKeyboard) {
 }
 
 TEST(FocusRing, ItGoesWithItsControl) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(focusRingPlace);
     button.setFocus(Qt::TabFocusReason);
     delete &button;
@@ -107,7 +107,7 @@ TEST(FocusRing, ItGoesWithItsControl) {
 }
 
 TEST(FocusRing, ItMovesToANewParentWithItsControl) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& panel = bench.add<QWidget>(QRect(100, 100, 150, 100));
     auto& button = bench.add<HoverButton>(focusRingPlace);
     button.setFocus(Qt::TabFocusReason);

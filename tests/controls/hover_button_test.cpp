@@ -1,6 +1,6 @@
 #include "controls/hover_button.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 #include "controls/look.h"
 
 #include <gtest/gtest.h>
@@ -17,14 +17,14 @@ using Kind = HoverButton::Kind;
 
 constexpr QRect hoverButtonPlace(20, 20, 120, 36);
 
-HoverButton& addFilled(ControlBench& bench, const QColor& fill) {
+HoverButton& addFilled(ControlFixture& bench, const QColor& fill) {
     auto& button = bench.add<HoverButton>(hoverButtonPlace);
     button.setFill(fill);
     return button;
 }
 
 TEST(HoverButton, AFilledOneIsOneColourFromEdgeToEdge) {
-    ControlBench bench;
+    ControlFixture bench;
     addFilled(bench, look::deepTeal);
     EXPECT_THAT(bench.at(20, 20), IsRgb(14, 116, 138));
     EXPECT_THAT(bench.at(139.5, 55.5), IsRgb(14, 116, 138));
@@ -33,7 +33,7 @@ TEST(HoverButton, AFilledOneIsOneColourFromEdgeToEdge) {
 }
 
 TEST(HoverButton, AFilledTitleIsWhiteAndCentred) {
-    ControlBench bench;
+    ControlFixture bench;
     addFilled(bench, look::deepTeal).setTitle(QStringLiteral("OOO"));
     const QImage image = bench.picture(hoverButtonPlace);
     const QRect ink = inkBounds(image, look::deepTeal);
@@ -43,7 +43,7 @@ TEST(HoverButton, AFilledTitleIsWhiteAndCentred) {
 }
 
 TEST(HoverButton, UnderThePointerItsAlphaIsSevenTenths) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     bench.movePointerTo(button);
     EXPECT_TRUE(button.hovering());
@@ -53,7 +53,7 @@ TEST(HoverButton, UnderThePointerItsAlphaIsSevenTenths) {
 }
 
 TEST(HoverButton, WhenThePointerGoesItsAlphaIsOne) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     button.setAlpha(0.6);
     bench.movePointerTo(button);
@@ -64,7 +64,7 @@ TEST(HoverButton, WhenThePointerGoesItsAlphaIsOne) {
 }
 
 TEST(HoverButton, ADisabledOneShowsTheNotAllowedCursorAndKeepsItsAlpha) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     button.setEnabled(false);
     bench.movePointerTo(button);
@@ -77,7 +77,7 @@ TEST(HoverButton, ADisabledOneShowsTheNotAllowedCursorAndKeepsItsAlpha) {
 }
 
 TEST(HoverButton, TheCursorIsRightBetweenTwoDisabledOnes) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& first = bench.add<HoverButton>(QRect(20, 20, 50, 36));
     auto& second = bench.add<HoverButton>(QRect(70, 20, 50, 36));
     first.setEnabled(false);
@@ -90,7 +90,7 @@ TEST(HoverButton, TheCursorIsRightBetweenTwoDisabledOnes) {
 }
 
 TEST(HoverButton, TheCursorFollowsWhatHappensUnderThePointer) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     bench.movePointerTo(button);
     button.setEnabled(false);
@@ -102,7 +102,7 @@ TEST(HoverButton, TheCursorFollowsWhatHappensUnderThePointer) {
 }
 
 TEST(HoverButton, OneEnteredWhileDisabledGetsTheHandWhenItIsEnabled) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     button.setEnabled(false);
     bench.movePointerTo(button);
@@ -111,7 +111,7 @@ TEST(HoverButton, OneEnteredWhileDisabledGetsTheHandWhenItIsEnabled) {
 }
 
 TEST(HoverButton, TheParentsOwnCursorComesBack) {
-    ControlBench bench;
+    ControlFixture bench;
     bench.window().setCursor(Qt::CrossCursor);
     auto& button = addFilled(bench, look::deepTeal);
     button.setEnabled(false);
@@ -122,7 +122,7 @@ TEST(HoverButton, TheParentsOwnCursorComesBack) {
 }
 
 TEST(HoverButton, ADestroyedOneLeavesNoCursorBehind) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     button.setEnabled(false);
     bench.movePointerTo(button);
@@ -132,13 +132,13 @@ TEST(HoverButton, ADestroyedOneLeavesNoCursorBehind) {
 }
 
 TEST(HoverButton, ADisabledOneIsShownAtLessThanHalf) {
-    ControlBench bench;
+    ControlFixture bench;
     addFilled(bench, look::panelBlue).setEnabled(false);
     EXPECT_THAT(bench.at(25, 25), IsRgb(147, 187, 211));
 }
 
 TEST(HoverButton, ScanAndDeleteAreShownAtSixTenthsWhenDisabled) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     button.setDisabledOpacity(0.6);
     button.setEnabled(false);
@@ -157,7 +157,7 @@ TEST(HoverButton, TheAlphaIsKeptBetweenNothingAndAll) {
 }
 
 TEST(HoverButton, OneThatWasLeftWhileDisabledIsWholeWhenItIsEnabledAgain) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     bench.movePointerTo(button);
     button.setEnabled(false);
@@ -168,7 +168,7 @@ TEST(HoverButton, OneThatWasLeftWhileDisabledIsWholeWhenItIsEnabledAgain) {
 }
 
 TEST(HoverButton, OneDisabledUnderThePointerIsNotWashedOut) {
-    ControlBench bench(Qt::black);
+    ControlFixture bench(Qt::black);
     auto& button =
         bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QStringLiteral("Mark All"));
     bench.movePointerTo(button);
@@ -182,7 +182,7 @@ TEST(HoverButton, OneDisabledUnderThePointerIsNotWashedOut) {
 }
 
 TEST(HoverButton, OneDisabledByItsOwnerKeepsTheAlphaThatTheOwnerGave) {
-    ControlBench bench(Qt::black);
+    ControlFixture bench(Qt::black);
     auto& button = bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QString());
     button.setAlpha(0.6);
     button.setEnabled(false);
@@ -190,7 +190,7 @@ TEST(HoverButton, OneDisabledByItsOwnerKeepsTheAlphaThatTheOwnerGave) {
 }
 
 TEST(HoverButton, EnabledUnderThePointerItIsHovered) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     button.setEnabled(false);
     bench.movePointerTo(button);
@@ -200,7 +200,7 @@ TEST(HoverButton, EnabledUnderThePointerItIsHovered) {
 }
 
 TEST(HoverButton, EnabledOrDisabledItLooksWhereThePointerIs) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     bench.movePointerTo(button);
     bench.loseThePointer();
@@ -213,7 +213,7 @@ TEST(HoverButton, EnabledOrDisabledItLooksWhereThePointerIs) {
 }
 
 TEST(HoverButton, AfterAClickItLooksWhereThePointerIs) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     bench.movePointerTo(button);
     bench.loseThePointer();
@@ -223,7 +223,7 @@ TEST(HoverButton, AfterAClickItLooksWhereThePointerIs) {
 }
 
 TEST(HoverButton, WhenAMenuHasClosedItLooksWhereThePointerIs) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     QMenu menu;
     menu.addAction(QStringLiteral("Ascending"));
@@ -240,7 +240,7 @@ TEST(HoverButton, WhenAMenuHasClosedItLooksWhereThePointerIs) {
 }
 
 TEST(HoverButton, WhenAMenuHasClosedOverItItIsHovered) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     QMenu menu;
     menu.addAction(QStringLiteral("Ascending"));
@@ -254,14 +254,14 @@ TEST(HoverButton, WhenAMenuHasClosedOverItItIsHovered) {
 }
 
 TEST(HoverButton, HeldDownItIsDarker) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = addFilled(bench, look::deleteRed);
     button.setDown(true);
     EXPECT_THAT(bench.at(25, 25), IsRgb(155, 51, 48));
 }
 
 TEST(HoverButton, AQuietOneIsWhiteWithAThinLineAndInkTitle) {
-    ControlBench bench;
+    ControlFixture bench;
     bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QStringLiteral("Mark All"));
     EXPECT_THAT(bench.at(20, 20), IsRgb(107, 124, 135));
     EXPECT_THAT(bench.at(139.5, 40), IsRgb(107, 124, 135));
@@ -271,7 +271,7 @@ TEST(HoverButton, AQuietOneIsWhiteWithAThinLineAndInkTitle) {
 }
 
 TEST(HoverButton, AQuietOneChangesItsColoursWhenDisabled) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button =
         bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QStringLiteral("Mark All"));
     button.setEnabled(false);
@@ -281,7 +281,7 @@ TEST(HoverButton, AQuietOneChangesItsColoursWhenDisabled) {
 }
 
 TEST(HoverButton, OnTheGrayBarADisabledQuietOneIsDarker) {
-    ControlBench bench(look::barGray);
+    ControlFixture bench(look::barGray);
     auto& button =
         bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QStringLiteral("Mark All"));
     button.setOnGrayBar(true);
@@ -294,14 +294,14 @@ TEST(HoverButton, OnTheGrayBarADisabledQuietOneIsDarker) {
 }
 
 TEST(HoverButton, AQuietOneFadesUnderThePointerToo) {
-    ControlBench bench(Qt::black);
+    ControlFixture bench(Qt::black);
     auto& button = bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QString());
     bench.movePointerTo(button);
     EXPECT_THAT(bench.at(30, 30), IsRgb(179, 179, 179));
 }
 
 TEST(HoverButton, AnOutlinedOneLetsTheBarShine) {
-    ControlBench bench(look::topBar);
+    ControlFixture bench(look::topBar);
     auto& button = bench.add<HoverButton>(hoverButtonPlace, Kind::outline, QStringLiteral("Help"));
     EXPECT_THAT(bench.at(20, 30), IsRgb(154, 185, 200));
     EXPECT_THAT(bench.at(22, 22), IsRgb(31, 100, 134));
@@ -312,7 +312,7 @@ TEST(HoverButton, AnOutlinedOneLetsTheBarShine) {
 }
 
 TEST(HoverButton, RoundedCornersShowTheGround) {
-    ControlBench bench;
+    ControlFixture bench;
     addFilled(bench, look::deepTeal).setCornerRadius(10);
     EXPECT_THAT(bench.at(20, 20), IsRgb(243, 246, 248));
     EXPECT_THAT(bench.at(20.5, 38), IsRgb(14, 116, 138));
@@ -327,7 +327,7 @@ TEST(HoverButton, ItsSizeFollowsItsKind) {
 }
 
 TEST(HoverButton, ATitleThatIsTooLongEndsInsideTheButton) {
-    ControlBench bench;
+    ControlFixture bench;
     bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QString(80, QLatin1Char('W')));
     EXPECT_THAT(bench.at(22, 38), IsRgb(255, 255, 255));
     EXPECT_THAT(bench.at(137, 38), IsRgb(255, 255, 255));

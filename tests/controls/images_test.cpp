@@ -1,6 +1,6 @@
 #include "controls/images.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 
 #include <gtest/gtest.h>
 

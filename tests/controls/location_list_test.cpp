@@ -1,5 +1,5 @@
 #include "controls/check_box_cell.h"
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 #include "controls/custom_table_cell_view.h"
 #include "controls/images.h"
 #include "controls/location_cell_delegate.h"
@@ -51,7 +51,7 @@ class LocationListTest : public testing::Test {
 
     LocationCellDelegate delegate_{1};
     QStandardItemModel model_;
-    ControlBench bench_;
+    ControlFixture bench_;
     QTableView& table_;
 };
 

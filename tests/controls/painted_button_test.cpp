@@ -1,6 +1,6 @@
 #include "controls/painted_button.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 #include "controls/hover_button.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ constexpr QRect paintedButtonPlace(20, 20, 100, 36);
 
 TEST(PaintedButton, SpaceReturnAndEnterPressIt) {
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
-        ControlBench bench;
+        ControlFixture bench;
         auto& button = bench.add<HoverButton>(paintedButtonPlace);
         const QSignalSpy clicks(&button, &QPushButton::clicked);
         button.setFocus();
@@ -29,7 +29,7 @@ TEST(PaintedButton, SpaceReturnAndEnterPressIt) {
 }
 
 TEST(PaintedButton, ADisabledOneTakesNoKeysAndNoClicks) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(paintedButtonPlace);
     button.setEnabled(false);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
@@ -40,7 +40,7 @@ TEST(PaintedButton, ADisabledOneTakesNoKeysAndNoClicks) {
 }
 
 TEST(PaintedButton, AClickPressesIt) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(paintedButtonPlace);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
     QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {},
@@ -49,7 +49,7 @@ TEST(PaintedButton, AClickPressesIt) {
 }
 
 TEST(PaintedButton, AClickThatEndsOutsideDoesNot) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(paintedButtonPlace);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
     QTest::mousePress(bench.window().windowHandle(), Qt::LeftButton, {},
@@ -60,7 +60,7 @@ TEST(PaintedButton, AClickThatEndsOutsideDoesNot) {
 
 TEST(PaintedButton, AHeldKeyPressesItOnce) {
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
-        ControlBench bench;
+        ControlFixture bench;
         auto& button = bench.add<HoverButton>(paintedButtonPlace);
         const QSignalSpy clicks(&button, &QPushButton::clicked);
         button.setFocus();
@@ -80,7 +80,7 @@ TEST(PaintedButton, AHeldKeyPressesItOnce) {
 }
 
 TEST(PaintedButton, WhenItIsDisabledTheKeyboardGoesWhereItWasTold) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(QRect(20, 20, 60, 36));
     auto& next = bench.add<HoverButton>(QRect(90, 20, 60, 36));
     auto& counterpart = bench.add<HoverButton>(QRect(160, 20, 60, 36));
@@ -103,7 +103,7 @@ TEST(PaintedButton, WhenItIsDisabledTheKeyboardGoesWhereItWasTold) {
 }
 
 TEST(PaintedButton, TabLeavesItForTheNextWhoeverComesAfterDisabling) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(QRect(20, 20, 60, 36));
     auto& next = bench.add<HoverButton>(QRect(90, 20, 60, 36));
     auto& counterpart = bench.add<HoverButton>(QRect(160, 20, 60, 36));
@@ -114,7 +114,7 @@ TEST(PaintedButton, TabLeavesItForTheNextWhoeverComesAfterDisabling) {
 }
 
 TEST(PaintedButton, TheFocusedOneComesBeforeTheScreensReturn) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(paintedButtonPlace);
     const QShortcut shortcut(QKeySequence(Qt::Key_Return), &bench.window());
     const QSignalSpy screens(&shortcut, &QShortcut::activated);
@@ -153,7 +153,7 @@ TEST(PaintedButton, AnAmpersandIsALetter) {
 }
 
 TEST(PaintedButton, OneShownUnderThePointerIsHoveredAtOnce) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(paintedButtonPlace);
     button.hide();
     bench.movePointer(paintedButtonPlace.center());
@@ -166,7 +166,7 @@ TEST(PaintedButton, OneShownUnderThePointerIsHoveredAtOnce) {
 }
 
 TEST(PaintedButton, OneMovedOrResizedFromUnderThePointerIsNotHoveredAnyMore) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(paintedButtonPlace);
     bench.movePointer(paintedButtonPlace.center());
     button.move(150, 20);
@@ -178,7 +178,7 @@ TEST(PaintedButton, OneMovedOrResizedFromUnderThePointerIsNotHoveredAnyMore) {
 }
 
 TEST(PaintedButton, WhatCoversItKeepsThePointerAway) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(paintedButtonPlace);
     bench.add<QWidget>(QRect(0, 0, 300, 250));
     bench.movePointer(paintedButtonPlace.center());
@@ -188,7 +188,7 @@ TEST(PaintedButton, WhatCoversItKeepsThePointerAway) {
 
 TEST(PaintedButton, NoStyleChangesIt) {
     for (const QString& name : QStyleFactory::keys()) {
-        ControlBench bench;
+        ControlFixture bench;
         const std::unique_ptr<QStyle> style(QStyleFactory::create(name));
         auto& button = bench.add<HoverButton>(paintedButtonPlace);
         button.setStyle(style.get());
@@ -200,7 +200,7 @@ TEST(PaintedButton, NoStyleChangesIt) {
 }
 
 TEST(PaintedButton, ADarkPaletteDoesNotChangeIt) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button =
         bench.add<HoverButton>(paintedButtonPlace, HoverButton::Kind::quiet, QStringLiteral("OOO"));
     const QImage light = bench.picture(paintedButtonPlace);
@@ -223,7 +223,7 @@ class TwoLayers final : public PaintedButton {
 };
 
 TEST(PaintedButton, IsFadedAsAWholeAtEveryDensity) {
-    ControlBench bench(QColor(200, 200, 200));
+    ControlFixture bench(QColor(200, 200, 200));
     auto& button = bench.add<TwoLayers>(paintedButtonPlace);
     button.setAlpha(0.6);
     for (const double density : {1.0, 1.25, 1.5, 2.0, 3.0}) {

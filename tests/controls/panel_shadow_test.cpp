@@ -1,6 +1,6 @@
 #include "controls/panel_shadow.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 #include "controls/view_settings_saved.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ class PanelShadowTest : public testing::Test {
         shadow_ = new PanelShadow(panel_);
     }
 
-    ControlBench bench_;
+    ControlFixture bench_;
     ViewSettingsSaved& panel_;
     PanelShadow* shadow_;
 };

@@ -1,6 +1,6 @@
 #include "controls/pop_up_button.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ class PopUpButtonTest : public testing::Test {
         button.addTagged(QStringLiteral("Dimension"), 5);
     }
 
-    ControlBench bench;
+    ControlFixture bench;
     PopUpButton& button;
 };
 

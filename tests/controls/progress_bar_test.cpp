@@ -1,6 +1,6 @@
 #include "controls/progress_bar.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ constexpr QRect progressBarPlace(20, 20, 200, 10);
 constexpr quint64 maxCount = std::numeric_limits<quint64>::max();
 
 TEST(ProgressBar, ItIsTealOnALightLine) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(100);
     bar.setDone(62);
@@ -26,7 +26,7 @@ TEST(ProgressBar, ItIsTealOnALightLine) {
 }
 
 TEST(ProgressBar, AtFirstItIsEmpty) {
-    ControlBench bench;
+    ControlFixture bench;
     const auto& bar = bench.add<ProgressBar>(progressBarPlace);
     EXPECT_FALSE(bar.isIndeterminate());
     EXPECT_DOUBLE_EQ(bar.fraction(), 0);
@@ -34,7 +34,7 @@ TEST(ProgressBar, AtFirstItIsEmpty) {
 }
 
 TEST(ProgressBar, ItIsFullOnlyWhenEverythingIsDone) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(1000000);
     bar.setDone(999999);
@@ -73,7 +73,7 @@ TEST(ProgressBar, NothingToDoIsNothingDone) {
 }
 
 TEST(ProgressBar, WhileTheTotalIsUnknownAPieceWanders) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setIndeterminate(true);
     EXPECT_TRUE(bar.clock().isRunning());
@@ -90,7 +90,7 @@ TEST(ProgressBar, WhileTheTotalIsUnknownAPieceWanders) {
 }
 
 TEST(ProgressBar, ThePieceMoves) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setIndeterminate(true);
     const double before = bar.clock().phase();
@@ -98,7 +98,7 @@ TEST(ProgressBar, ThePieceMoves) {
 }
 
 TEST(ProgressBar, ADeterminateOneRestsAndKeepsItsNumbers) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(10);
     bar.setDone(5);
@@ -112,7 +112,7 @@ TEST(ProgressBar, ADeterminateOneRestsAndKeepsItsNumbers) {
 }
 
 TEST(ProgressBar, AHiddenOneDoesNotKeepTheProcessorBusy) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setIndeterminate(true);
     bar.hide();
@@ -123,7 +123,7 @@ TEST(ProgressBar, AHiddenOneDoesNotKeepTheProcessorBusy) {
 }
 
 TEST(ProgressBar, ASheenRunsOverTheWholeBar) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(100);
     bar.setDone(50);
@@ -140,7 +140,7 @@ TEST(ProgressBar, ASheenRunsOverTheWholeBar) {
 }
 
 TEST(ProgressBar, ASheenIsSeenWhileNothingIsDone) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(100);
     bar.setSheen(true);
@@ -151,7 +151,7 @@ TEST(ProgressBar, ASheenIsSeenWhileNothingIsDone) {
 
 TEST(ProgressBar, TheSheenRestsWhenMovementIsReduced) {
     setReducedMotion(true);
-    ControlBench bench;
+    ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(100);
     bar.setDone(50);

@@ -1,6 +1,6 @@
 #include "controls/scan_animation.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ class ScanAnimationTest : public testing::Test {
  protected:
     ~ScanAnimationTest() override { setReducedMotion(std::nullopt); }
 
-    ControlBench bench_;
+    ControlFixture bench_;
 };
 
 TEST_F(ScanAnimationTest, ItShowsTheSheetsAndTheLens) {

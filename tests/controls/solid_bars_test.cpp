@@ -1,4 +1,4 @@
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 #include "controls/view_background_tree.h"
 #include "controls/view_button_bar.h"
 #include "controls/view_button_gray_bar.h"
@@ -12,7 +12,7 @@ namespace {
 constexpr QRect solidBarsPlace(10, 10, 100, 45);
 
 TEST(SolidBars, TheTopBarIsDeepBlue) {
-    ControlBench bench;
+    ControlFixture bench;
     bench.add<ViewTopBar>(solidBarsPlace);
     EXPECT_THAT(bench.at(10, 10), IsRgb(31, 100, 134));
     EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(31, 100, 134));
@@ -20,26 +20,26 @@ TEST(SolidBars, TheTopBarIsDeepBlue) {
 }
 
 TEST(SolidBars, TheButtonBarIsWhite) {
-    ControlBench bench;
+    ControlFixture bench;
     bench.add<ViewButtonBar>(solidBarsPlace);
     EXPECT_THAT(bench.at(10, 10), IsRgb(255, 255, 255));
 }
 
 TEST(SolidBars, TheGrayBarIsGray) {
-    ControlBench bench;
+    ControlFixture bench;
     bench.add<ViewButtonGrayBar>(solidBarsPlace);
     EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(193, 193, 193));
 }
 
 TEST(SolidBars, TheTreesFrameIsTeal) {
-    ControlBench bench;
+    ControlFixture bench;
     bench.add<ViewBackgroundTree>(solidBarsPlace);
     EXPECT_THAT(bench.at(10, 10), IsRgb(0, 155, 178));
     EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(0, 155, 178));
 }
 
 TEST(SolidBars, AColourSetOnTheTopBarIsNeverSeen) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& bar = bench.add<ViewTopBar>(solidBarsPlace);
     EXPECT_EQ(bar.fillColor(), QColor(31, 100, 134));
     bar.setFillColor(Qt::red);
@@ -49,7 +49,7 @@ TEST(SolidBars, AColourSetOnTheTopBarIsNeverSeen) {
 }
 
 TEST(SolidBars, NorOnTheOtherTwo) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& white = bench.add<ViewButtonBar>(solidBarsPlace);
     auto& gray = bench.add<ViewButtonGrayBar>(QRect(10, 100, 100, 45));
     white.setFillColor(Qt::red);

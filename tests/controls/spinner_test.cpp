@@ -1,6 +1,6 @@
 #include "controls/spinner.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@ namespace {
 constexpr QRect spinnerPlace(20, 20, 44, 44);
 
 TEST(Spinner, ItIsATealQuarterOnAPaleRing) {
-    ControlBench bench;
+    ControlFixture bench;
     bench.add<Spinner>(spinnerPlace);
     // On the ring, 18 from the middle (42, 42), to each side; the quarter begins at the top and
     // goes right.
@@ -23,7 +23,7 @@ TEST(Spinner, ItIsATealQuarterOnAPaleRing) {
 }
 
 TEST(Spinner, ItTurnsClockwise) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& spinner = bench.add<Spinner>(spinnerPlace);
     spinner.clock().setPhase(0.25);
     EXPECT_THAT(bench.at(54.7, 54.7), IsRgb(0, 155, 178));
@@ -35,7 +35,7 @@ TEST(Spinner, ItTurnsOnceInNineTenthsOfASecond) {
 }
 
 TEST(Spinner, ItStartsAndStops) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& spinner = bench.add<Spinner>(spinnerPlace);
     EXPECT_FALSE(spinner.isAnimating());
     spinner.startAnimation();
@@ -48,7 +48,7 @@ TEST(Spinner, ItStartsAndStops) {
 }
 
 TEST(Spinner, AHiddenOneRests) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& spinner = bench.add<Spinner>(spinnerPlace);
     spinner.hide();
     spinner.startAnimation();

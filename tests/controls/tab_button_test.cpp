@@ -1,6 +1,6 @@
 #include "controls/tab_button.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ class TabButtonTest : public testing::Test {
 
     const QString glyph = QStringLiteral("ui/tab_documents");
     const QString title = QStringLiteral("Documents");
-    ControlBench bench;
+    ControlFixture bench;
     TabButton& tab;
 };
 

@@ -1,6 +1,6 @@
 #include "controls/toggle_button.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ class ToggleButtonTest : public testing::Test {
         : toggle(bench.add<ToggleButton>(toggleButtonPlace, QStringLiteral("ui/ascending"),
                                          QStringLiteral("ui/descending"))) {}
 
-    ControlBench bench;
+    ControlFixture bench;
     ToggleButton& toggle;
 };
 

@@ -1,6 +1,6 @@
 #include "controls/view_background.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 #include "controls/look.h"
 
 #include <gtest/gtest.h>

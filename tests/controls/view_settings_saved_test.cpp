@@ -1,6 +1,6 @@
 #include "controls/view_settings_saved.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@ namespace tarvin {
 namespace {
 
 TEST(ViewSettingsSaved, ItHasALineABandAndAFoot) {
-    ControlBench bench;
+    ControlFixture bench;
     bench.add<ViewSettingsSaved>(QRect(20, 20, 200, 140));
     EXPECT_THAT(bench.at(20, 20), IsRgb(80, 148, 184));
     EXPECT_THAT(bench.at(20.5, 90), IsRgb(80, 148, 184));
@@ -24,7 +24,7 @@ TEST(ViewSettingsSaved, ItHasALineABandAndAFoot) {
 }
 
 TEST(ViewSettingsSaved, AClickGivesItTheKeyboard) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& panel = bench.add<ViewSettingsSaved>(QRect(20, 20, 200, 140));
     QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, QPoint(60, 70));
     EXPECT_TRUE(panel.hasFocus());

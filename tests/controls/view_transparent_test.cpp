@@ -1,6 +1,6 @@
 #include "controls/view_transparent.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 #include "controls/hover_button.h"
 
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ class MouseCounter final : public QWidget {
 };
 
 TEST(ViewTransparent, AClickOnItReachesNothingBeneath) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& button = bench.add<HoverButton>(QRect(20, 20, 100, 36));
     bench.add<ViewTransparent>(QRect(0, 0, 300, 250));
     const QSignalSpy clicks(&button, &QPushButton::clicked);
@@ -44,7 +44,7 @@ TEST(ViewTransparent, AClickOnItReachesNothingBeneath) {
 }
 
 TEST(ViewTransparent, NothingOfTheMouseReachesItsParent) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& parent = bench.add<MouseCounter>(QRect(0, 0, 300, 250));
     parent.setMouseTracking(true);
     ViewTransparent overlay(&parent);
@@ -66,7 +66,7 @@ TEST(ViewTransparent, NothingOfTheMouseReachesItsParent) {
 }
 
 TEST(ViewTransparent, ItPaintsNothing) {
-    ControlBench bench;
+    ControlFixture bench;
     bench.add<HoverButton>(QRect(20, 20, 100, 36));
     const QImage before = bench.picture(QRect(0, 0, 300, 250));
     bench.add<ViewTransparent>(QRect(0, 0, 300, 250));
@@ -74,7 +74,7 @@ TEST(ViewTransparent, ItPaintsNothing) {
 }
 
 TEST(ViewTransparent, AClickGivesItTheKeyboard) {
-    ControlBench bench;
+    ControlFixture bench;
     auto& overlay = bench.add<ViewTransparent>(QRect(0, 0, 300, 250));
     QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, QPoint(60, 40));
     EXPECT_TRUE(overlay.hasFocus());

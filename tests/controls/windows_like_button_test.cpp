@@ -1,6 +1,6 @@
 #include "controls/windows_like_button.h"
 
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ constexpr QRect windowsLikeButtonPlace(20, 20, 32, 32);
 const QColor background(40, 40, 40);
 
 TEST(WIndowsLikeButton, ItIsTealWithAWhiteEdgeOfTwo) {
-    ControlBench bench(background);
+    ControlFixture bench(background);
     bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QString());
     EXPECT_THAT(bench.at(20, 30), IsRgb(255, 255, 255));
     EXPECT_THAT(bench.at(21.5, 30), IsRgb(255, 255, 255));
@@ -24,7 +24,7 @@ TEST(WIndowsLikeButton, ItIsTealWithAWhiteEdgeOfTwo) {
 }
 
 TEST(WIndowsLikeButton, ItsChevronPointsTheWayItGoes) {
-    ControlBench bench(background);
+    ControlFixture bench(background);
     bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QStringLiteral("ui/back"));
     bench.add<WIndowsLikeButton>(QRect(60, 20, 32, 32), QStringLiteral("ui/next"));
     // The points of the two chevrons, 9 and 23 from the left edges.
@@ -35,7 +35,7 @@ TEST(WIndowsLikeButton, ItsChevronPointsTheWayItGoes) {
 }
 
 TEST(WIndowsLikeButton, UnderThePointerItsAlphaIsSevenTenths) {
-    ControlBench bench(background);
+    ControlFixture bench(background);
     auto& button = bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QString());
     bench.movePointerTo(button);
     EXPECT_DOUBLE_EQ(button.alpha(), 0.7);
@@ -46,7 +46,7 @@ TEST(WIndowsLikeButton, UnderThePointerItsAlphaIsSevenTenths) {
 }
 
 TEST(WIndowsLikeButton, DisabledItIsShownAtFourTenths) {
-    ControlBench bench(background);
+    ControlFixture bench(background);
     auto& button = bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QStringLiteral("ui/back"));
     button.setEnabled(false);
     EXPECT_THAT(bench.at(30, 25), IsRgb(24, 86, 95));
@@ -56,7 +56,7 @@ TEST(WIndowsLikeButton, DisabledItIsShownAtFourTenths) {
 }
 
 TEST(WIndowsLikeButton, HeldDownItIsDarker) {
-    ControlBench bench(background);
+    ControlFixture bench(background);
     bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QString()).setDown(true);
     EXPECT_THAT(bench.at(30, 25), IsRgb(0, 136, 157));
     EXPECT_THAT(bench.at(20, 30), IsRgb(255, 255, 255));

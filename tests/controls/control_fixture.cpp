@@ -1,4 +1,4 @@
-#include "controls/control_bench.h"
+#include "controls/control_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ bool UntoldPointer::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
-ControlBench::ControlBench(const QColor& background) {
+ControlFixture::ControlFixture(const QColor& background) {
     QPalette colors = window_.palette();
     colors.setColor(QPalette::Window, background);
     window_.setPalette(colors);
@@ -38,11 +38,11 @@ ControlBench::ControlBench(const QColor& background) {
     movePointerAway();
 }
 
-ControlBench::~ControlBench() {
+ControlFixture::~ControlFixture() {
     movePointerAway();
 }
 
-void ControlBench::movePointer(const QPoint& place) {
+void ControlFixture::movePointer(const QPoint& place) {
     QCursor::setPos(window_.mapToGlobal(place));
     QCoreApplication::processEvents();
     // At the double density the offscreen platform misplaces the events of the line above.
@@ -50,46 +50,46 @@ void ControlBench::movePointer(const QPoint& place) {
     QCoreApplication::processEvents();
 }
 
-void ControlBench::movePointerTo(const QWidget& control) {
+void ControlFixture::movePointerTo(const QWidget& control) {
     movePointer(control.mapTo(&window_, control.rect().center()));
 }
 
-void ControlBench::movePointerAway() {
+void ControlFixture::movePointerAway() {
     QCursor::setPos(window_.mapToGlobal(QPoint(-8, -8)));
     QCoreApplication::processEvents();
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(window_.windowHandle(), &leave);
 }
 
-void ControlBench::loseThePointer() {
+void ControlFixture::loseThePointer() {
     const UntoldPointer untold;
     QCursor::setPos(window_.mapToGlobal(QPoint(-8, -8)));
     QCoreApplication::processEvents();
 }
 
-void ControlBench::deactivate() {
+void ControlFixture::deactivate() {
     other_.show();
     other_.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other_));
 }
 
-void ControlBench::activate() {
+void ControlFixture::activate() {
     window_.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
 }
 
-Qt::CursorShape ControlBench::cursor() const {
+Qt::CursorShape ControlFixture::cursor() const {
     return window_.windowHandle()->cursor().shape();
 }
 
-QColor ControlBench::at(double x, double y) {
+QColor ControlFixture::at(double x, double y) {
     const QImage whole = window_.grab().toImage();
     const double ratio = whole.devicePixelRatio();
     return whole.pixelColor(static_cast<int>(std::floor(x * ratio)),
                             static_cast<int>(std::floor(y * ratio)));
 }
 
-bool ControlBench::holds(const QRect& part, const QColor& color) {
+bool ControlFixture::holds(const QRect& part, const QColor& color) {
     const QImage image = picture(part);
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
@@ -101,7 +101,7 @@ bool ControlBench::holds(const QRect& part, const QColor& color) {
     return false;
 }
 
-QImage ControlBench::picture(const QRect& part) {
+QImage ControlFixture::picture(const QRect& part) {
     return window_.grab(part).toImage();
 }
 

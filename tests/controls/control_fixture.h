@@ -29,12 +29,12 @@ class UntoldPointer final : public QObject {
 
 /// An active window of 300 x 250 with a background of one colour (the page colour, 243,246,248, at
 /// first), on which a test lays out controls. The pointer starts outside.
-class ControlBench final {
+class ControlFixture final {
  public:
-    explicit ControlBench(const QColor& background = QColor(243, 246, 248));
-    ~ControlBench();
-    ControlBench(const ControlBench&) = delete;
-    ControlBench& operator=(const ControlBench&) = delete;
+    explicit ControlFixture(const QColor& background = QColor(243, 246, 248));
+    ~ControlFixture();
+    ControlFixture(const ControlFixture&) = delete;
+    ControlFixture& operator=(const ControlFixture&) = delete;
 
     /// A control of the window, shown at `place`.
     template <typename Control, typename... Arguments>
