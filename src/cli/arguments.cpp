@@ -13,7 +13,7 @@ bool isMistakable(std::string_view argument, bool optionsEnded) {
 
 }  // namespace
 
-std::vector<std::string> unmistakable(std::span<const char* const> arguments) {
+std::vector<std::string> escapedForParser(std::span<const char* const> arguments) {
     std::vector<std::string> answer;
     bool optionsEnded = false;
     for (const std::string_view argument : arguments) {

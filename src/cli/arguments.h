@@ -11,6 +11,6 @@ namespace tarvin {
 /// loses what follows "--" once it has read a path. All arguments of ours that are no options are
 /// paths, so each of these is written "./[a,b]" and so on, which is the same path. "--" itself is
 /// left out.
-std::vector<std::string> unmistakable(std::span<const char* const> arguments);
+std::vector<std::string> escapedForParser(std::span<const char* const> arguments);
 
 }  // namespace tarvin

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/suggestion.h"
-#include "text/shown_name.h"
+#include "cli/usage_texts.h"
 
 #include <CLI/CLI.hpp>
 
@@ -39,6 +39,12 @@ std::vector<std::string> namesOf(const std::array<Choice<Value>, count>& choices
     return names;
 }
 
+/// "text, json or csv".
+[[nodiscard]] inline std::string alternatives(const std::vector<std::string>& names) {
+    const std::vector<std::string> first(names.begin(), names.end() - 1);
+    return CLI::detail::join(first, ", ") + " or " + names.back();
+}
+
 /// Adds an option whose value is one of a few words; of several on one command line the last
 /// counts, and `take` is called with what it stands for. `choices` must outlive `command`.
 template <typename Value, std::size_t count, typename Take>
@@ -46,18 +52,22 @@ CLI::Option* addChoice(CLI::App& command, const std::string& name,
                        const std::array<Choice<Value>, count>& choices, const Take& take,
                        const std::string& help) {
     const std::vector<std::string> names = namesOf(choices);
-    const auto refusal = [names](const std::string& word) {
-        return std::find(names.begin(), names.end(), word) != names.end()
-                   ? std::string()
-                   : shownName(word) + " is none of " + CLI::detail::join(names, ", ") +
-                         suggestionFor(word, names);
+    const std::string option = name.substr(name.rfind(',') + 1);
+    const auto usageError = [names, option](const std::string& word) {
+        if (std::find(names.begin(), names.end(), word) != names.end()) {
+            return std::string();
+        }
+        return word.empty() ? missingValueText(option)
+                            : invalidValueText(
+                                  word, option,
+                                  "expected " + alternatives(names) + suggestionFor(word, names));
     };
     const auto takeWord = [&choices, take](const std::string& word) {
         take(choiceNamed(choices, word)->value);
     };
     return command.add_option_function<std::string>(name, takeWord, help)
         ->type_name(CLI::detail::join(names, "|"))
-        ->check(CLI::Validator(refusal, "", ""))
+        ->check(CLI::Validator(usageError, "", ""))
         ->take_last();
 }
 

@@ -1,6 +1,7 @@
 #include "cli/clean_command.h"
 
 #include "clean/clean_up_run.h"
+#include "cli/counted.h"
 #include "cli/file_option.h"
 #include "cli/interrupt.h"
 #include "cli/lasting_report.h"
@@ -10,7 +11,6 @@
 #include "scan/clean_texts.h"
 #include "scan/texts.h"
 #include "store/data_file.h"
-#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 
@@ -24,8 +24,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr const char* cleanDescription =
-    "Moves the duplicates in FOLDER... to the Trash; one file of each set stays.";
+constexpr const char* cleanDescription = "Move duplicates to the Trash, keep one of each set";
 
 constexpr const char* cleanExamples =
     "Examples:\n"
@@ -34,21 +33,21 @@ constexpr const char* cleanExamples =
     "  tarvin clean --yes --format json ~/Pictures\n"
     "\n"
     "The first file of each set, as 'tarvin scan' lists it, stays. A file is moved\n"
-    "only if it is still what the scan saw and another file of its set is still\n"
-    "there. Nothing is ever deleted outright. Ctrl-C stops between two files.\n"
+    "only if it and another file of its set have not changed since the scan.\n"
+    "Nothing is deleted permanently. Ctrl-C stops between two files.\n"
     "\n"
     "Exit status:\n"
     "  0    all duplicates were moved, or would be, or you said no\n"
-    "  1    a folder or file could not be read, a file was not moved, there was not\n"
-    "       enough memory or something could not be written\n"
-    "  2    the command line is wrong, there is nobody to ask and no --yes, or the\n"
-    "       exceptions list or the place of the result is of no use; nothing was done\n"
-    "  130  stopped by Ctrl-C or by the signal TERM or HUP\n"
-    "  141  the reader of the report, such as 'head', went away before its end; all\n"
-    "       duplicates were moved, and standard error has the rest of the report";
+    "  1    a folder or file could not be read, a file was not moved, memory ran out\n"
+    "       or something could not be written\n"
+    "  2    usage error, confirmation impossible without a terminal or --yes, or the\n"
+    "       exceptions list or output file cannot be used; nothing was done\n"
+    "  130  stopped by Ctrl-C, SIGTERM or SIGHUP\n"
+    "  141  the reader of the report, such as 'head', closed the pipe early; all\n"
+    "       duplicates were moved, and the rest of the report is on standard error";
 
 std::string questionFor(const Modal& modal) {
-    return "Move " + std::to_string(modal.totalFilesSelected()) + " duplicate files (" +
+    return "Move " + counted(modal.totalFilesSelected(), "duplicate file") + " (" +
            getFormattedStringForSize(modal.totalFilesSelectedSize()) + ") to the Trash? [y/N] ";
 }
 
@@ -78,7 +77,7 @@ class MoveTeller final {
         report_.write([&](CleanWriter& writer) { writer.file(file, result); });
         if (result.outcome == MoveOutcome::moved) {
             if (!result.reason.empty()) {
-                complainAbout(file.filePath(), reasonFor(result));
+                printError(quotedName(file.filePath()) + " is in the Trash: " + reasonFor(result));
                 movedAll_ = false;
             }
             return;
@@ -88,7 +87,8 @@ class MoveTeller final {
             stopped_ = true;
             return;
         }
-        complainAbout(file.filePath(), "not moved: " + reasonFor(result));
+        printError(
+            failureText("move", quotedName(file.filePath()) + " to the Trash", reasonFor(result)));
         movedAll_ = false;
     }
 
@@ -122,15 +122,15 @@ class MoveTeller final {
 CLI::App& CleanCommand::addTo(CLI::App& program) {
     CLI::App* command = program.add_subcommand("clean", cleanDescription);
     command->footer(cleanExamples);
-    command->add_flag("-n,--dry-run", dryRun_, "Only tell what would be moved");
-    command->add_flag("-y,--yes", yes_, "Move without asking");
+    command->add_flag("-n,--dry-run", dryRun_, "List what would be moved, and move nothing");
+    command->add_flag("-y,--yes", yes_, "Do not ask for confirmation");
     addScanOptions(*command, options_);
     return *command;
 }
 
 ExitStatus CleanCommand::run() {
-    if (!dryRun_ && !yes_ && !canAsk()) {
-        complain("there is nobody to ask; give --yes, or --dry-run to see what would be moved");
+    if (!dryRun_ && !yes_ && !isInteractive()) {
+        printCannotConfirm("move files");
         return ExitStatus::wrongUsage;
     }
     std::optional<ScanSetup> setup =
@@ -152,14 +152,14 @@ ExitStatus CleanCommand::clean(OutputFile& output, ExceptionFilter exceptions) {
     // program.
     stage_ = asks ? Stage::asking : Stage::scanning;
     if (scan.ranOutOfMemory()) {
-        complain("nothing was moved");
+        printError("nothing was moved");
         return ExitStatus::incomplete;
     }
     if (scan.report().stopped || control_.stopDeletion()) {
-        complain("stopped; nothing was moved");
+        printError("stopped; nothing was moved");
         return ExitStatus::stopped;
     }
-    if (asks && !isAgreedTo(questionFor(modal))) {
+    if (asks && !confirm(questionFor(modal))) {
         return scan.hasReadAll() ? ExitStatus::done : ExitStatus::incomplete;
     }
     const ExitStatus status = dryRun_ ? plan(modal, output) : move(modal, output);
@@ -208,12 +208,18 @@ ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
         teller->tell(file, result);
     };
     settings.stopped = [this] { return control_.stopDeletion(); };
-    DataFile totals(platform_.applicationSupportFolder());
+    const std::optional<std::string> folder = platform_.applicationSupportFolder();
+    if (!folder) {
+        printNoHomeFolder("open journal");
+        printError("nothing was moved");
+        return ExitStatus::incomplete;
+    }
+    DataFile totals(folder);
     auto opened = CleanUpRun::open(platform_, totals, std::move(settings));
     if (const auto* error = std::get_if<StoreError>(&opened)) {
-        complainOf(*error);
+        printStoreError("open journal", *error);
         putAside(*error);
-        complain("nothing was moved");
+        printError("nothing was moved");
         return ExitStatus::incomplete;
     }
     teller.emplace(options_, output);
@@ -234,14 +240,14 @@ ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
 bool CleanCommand::finish(std::unique_ptr<CleanUpRun> run, DataFile& totals) {
     const std::optional<StoreError> failure = run->finish(totals);
     if (failure) {
-        complainOf(*failure);
+        printRecordError(*failure, totals.dataPath());
     }
     if (const std::optional<StoreError> ofJournal = run->cleanUp().failure()) {
         run.reset();
         putAside(*ofJournal);
     }
     if (!totals.putAside().empty()) {
-        complainPutAside(totals.dataPath(), totals.putAside());
+        printMovedAside(totals.dataPath(), totals.putAside());
     }
     return !failure && totals.putAside().empty();
 }
@@ -249,8 +255,8 @@ bool CleanCommand::finish(std::unique_ptr<CleanUpRun> run, DataFile& totals) {
 /// So that a damaged journal is in the way of one clean-up only.
 void CleanCommand::putAside(const StoreError& error) {
     if (const auto aside = moveJournalAside(platform_, error)) {
-        complainAbout(error.path, "it is kept as " + shownName(*aside) +
-                                      "; the next clean-up begins a new one");
+        printError(quotedName(error.path) + " is kept as " + quotedName(*aside) +
+                   "; the next clean-up starts a new journal");
     }
 }
 

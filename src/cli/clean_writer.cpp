@@ -39,13 +39,13 @@ class CleanTextWriter final : public CleanWriter {
 
     void end(const CleanSummary& summary) override {
         if (summary.stopped) {
-            output_.append("Stopped before the end.\n");
+            output_.append("Stopped early; the remaining files were not moved.\n");
         }
         if (dryRun_) {
             output_.append(markedFilesText(summary.deletedCount));
             output_.append("\n");
             output_.append(markedSizeText(summary.deletedSize));
-            output_.append("\nNothing was moved.\n");
+            output_.append("\nDry run: nothing was moved.\n");
             return;
         }
         output_.append(duplicatesCleanedText(summary.deletedCount));
@@ -142,18 +142,17 @@ std::string reasonFor(const MoveResult& result) {
     switch (result.outcome) {
         case MoveOutcome::moved:
             return result.reason.empty()
-                       ? "it is in the Trash"
-                       : "it is in the Trash, no other copy is left as it was, and it could not be "
-                         "moved back: " +
+                       ? "moved to the Trash"
+                       : "no unchanged copy is left, and the file could not be moved back: " +
                              result.reason;
         case MoveOutcome::gone:
-            return "it is not there any more";
+            return "file no longer exists";
         case MoveOutcome::changed:
-            return "it has changed since the scan";
+            return "file has changed since the scan";
         case MoveOutcome::lastCopy:
-            return "no other copy is left as it was";
+            return "no unchanged copy would be left";
         case MoveOutcome::stopped:
-            return "stopped before";
+            return "stopped before its turn";
         case MoveOutcome::refused:
             break;
     }

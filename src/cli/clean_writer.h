@@ -35,7 +35,7 @@ class CleanWriter {
 [[nodiscard]] std::unique_ptr<CleanWriter> makeCleanWriter(ResultFormat format, bool dryRun,
                                                            Output& output);
 
-/// Why a file was not moved, for a person: "it is not there any more".
+/// Why a file was not moved, for a person: "file no longer exists".
 [[nodiscard]] std::string reasonFor(const MoveResult& result);
 
 }  // namespace tarvin

@@ -19,7 +19,7 @@ constexpr std::array times{Choice<ColorWhen>{"auto", ColorWhen::automatic},
 
 void addColorOption(CLI::App& command) {
     addChoice(command, "--color", times, useColor,
-              "Whether to use colour; auto, the default, uses it\non a terminal that has it")
+              "When to use colour [default: auto, on a terminal\nthat supports it]")
         ->trigger_on_parse();
 }
 

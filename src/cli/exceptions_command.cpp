@@ -4,6 +4,7 @@
 #include "cli/messages.h"
 #include "cli/print.h"
 #include "cli/refusal.h"
+#include "cli/usage_texts.h"
 #include "platform/file_paths.h"
 #include "platform/file_system.h"
 #include "scan/clean_texts.h"
@@ -24,15 +25,15 @@ constexpr const char* exceptionsExamples =
     "  tarvin exceptions add ~/Pictures/keep-both.jpg\n"
     "  tarvin exceptions list\n"
     "\n"
-    "A file that is moved or renamed is looked at again.\n"
+    "An exception is a path: a moved or renamed file is scanned again.\n"
     "\n"
     "Exit status:\n"
     "  0    done\n"
-    "  1    a file is not there, or the list could not be read or written\n"
-    "  2    the command line is wrong; nothing was done";
+    "  1    a file does not exist, or the list could not be read or written\n"
+    "  2    usage error; nothing was done";
 
-ExitStatus failed(const StoreError& error) {
-    complainAbout(error.path, error.text);
+ExitStatus failed(std::string_view action, const StoreError& error) {
+    printStoreError(action, error);
     return ExitStatus::incomplete;
 }
 
@@ -42,12 +43,12 @@ bool toldPutAside(const ExceptionFile& exceptions) {
     if (exceptions.putAside().empty()) {
         return false;
     }
-    complainPutAside(exceptions.path(), exceptions.putAside());
+    printMovedAside(exceptions.path(), exceptions.putAside());
     return true;
 }
 
 /// Why no scan would ever meet the file; none if one may.
-std::optional<std::string> reasonAgainst(FileSystem& fileSystem, const std::string& path) {
+std::optional<std::string> exclusionError(FileSystem& fileSystem, const std::string& path) {
     const std::size_t slash = path.rfind('/');
     const Result<Descriptor> folder =
         fileSystem.openRootDirectory(slash == 0 ? "/" : path.substr(0, slash));
@@ -63,9 +64,9 @@ std::optional<std::string> reasonAgainst(FileSystem& fileSystem, const std::stri
         case EntryType::regular:
             return std::nullopt;
         case EntryType::directory:
-            return "is a folder; only files can be excluded";
+            return "Is a folder";
         default:
-            return "is no regular file, so no scan looks at it";
+            return "not a regular file (scans skip it anyway)";
     }
 }
 
@@ -77,13 +78,13 @@ std::string asLine(std::string_view text) {
 }  // namespace
 
 CLI::App& ExceptionsCommand::addTo(CLI::App& program) {
-    CLI::App* command = program.add_subcommand(
-        "exceptions", "Shows or changes the list of files that no scan looks at.");
+    CLI::App* command =
+        program.add_subcommand("exceptions", "Show or edit the list of excluded files");
     command->footer(exceptionsExamples);
-    list_ = command->add_subcommand("list", "Prints the files on the list.");
-    add_ = command->add_subcommand("add", "Puts FILE... on the list.");
-    add_->add_option("FILE", files_, "Which files")->type_name("")->required();
-    clear_ = command->add_subcommand("clear", "Empties the list.");
+    list_ = command->add_subcommand("list", "Print the excluded files");
+    add_ = command->add_subcommand("add", "Exclude files");
+    add_->add_option("FILE", files_, "File to exclude")->type_name("")->required();
+    clear_ = command->add_subcommand("clear", "Empty the list");
     for (CLI::App* each : {list_, add_, clear_}) {
         each->group("Commands");
         addColorOption(*each);
@@ -96,17 +97,17 @@ CLI::App& ExceptionsCommand::addTo(CLI::App& program) {
 
 ExitStatus ExceptionsCommand::run() {
     if (!list_->parsed() && !add_->parsed() && !clear_->parsed()) {
-        return refuse("list, add or clear is missing", "tarvin exceptions");
+        return refuse(missingCommandText() + ": list, add or clear", "tarvin exceptions");
     }
     const std::optional<std::string> folder = platform_.applicationSupportFolder();
     if (!folder) {
-        complain("there is no home folder to keep a list in");
+        printNoHomeFolder(list_->parsed() ? "read exceptions" : "store exceptions");
         return ExitStatus::incomplete;
     }
     ExceptionFile exceptions(folder);
     const std::optional<StoreError> failure = exceptions.load();
     if (list_->parsed()) {
-        return failure ? failed(*failure) : list(exceptions);
+        return failure ? failed("read exceptions list", *failure) : list(exceptions);
     }
     // A list of no use is put aside by the writing.
     return add_->parsed() ? add(exceptions) : clear(exceptions);
@@ -126,9 +127,9 @@ ExitStatus ExceptionsCommand::add(ExceptionFile& exceptions) const {
     for (const std::string& file : files_) {
         const Result<std::string> path = absolutePath(file);
         if (!path) {
-            complainAbout(file, path.error().text());
-        } else if (const auto reason = reasonAgainst(platform_.fileSystem(), *path)) {
-            complainAbout(file, *reason);
+            printPathError("exclude", file, path.error().text());
+        } else if (const auto reason = exclusionError(platform_.fileSystem(), *path)) {
+            printPathError("exclude", file, *reason);
         } else {
             paths.push_back(*path);
         }
@@ -137,7 +138,7 @@ ExitStatus ExceptionsCommand::add(ExceptionFile& exceptions) const {
         return ExitStatus::incomplete;
     }
     if (const std::optional<StoreError> failure = exceptions.addExceptions(paths)) {
-        return failed(*failure);
+        return failed("write exceptions list", *failure);
     }
     const ExitStatus status = print(asLine(exceptionsAddedText(paths.size())));
     const bool isWhole = paths.size() == files_.size() && !toldPutAside(exceptions);
@@ -146,7 +147,7 @@ ExitStatus ExceptionsCommand::add(ExceptionFile& exceptions) const {
 
 ExitStatus ExceptionsCommand::clear(ExceptionFile& exceptions) {
     if (const std::optional<StoreError> failure = exceptions.removeExceptions()) {
-        return failed(*failure);
+        return failed("write exceptions list", *failure);
     }
     const ExitStatus status = print(asLine(exceptionsRemovedText()));
     return toldPutAside(exceptions) ? ExitStatus::incomplete : status;

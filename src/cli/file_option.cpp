@@ -2,8 +2,8 @@
 
 #include "cli/messages.h"
 #include "cli/print.h"
+#include "cli/usage_texts.h"
 #include "platform/result.h"
-#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 
@@ -14,15 +14,16 @@ namespace tarvin {
 
 namespace {
 
-/// Why a word cannot be the name of a file that an option wants; empty if it can. The parser takes
-/// whatever follows for it, so that a forgotten name would swallow the next option.
-std::string refusalOfFile(const std::string& word) {
+/// Why a word cannot be the file name that `option` takes; empty if it can. The parser takes
+/// whatever follows as the value, so a forgotten name would swallow the next option.
+std::string fileNameError(const std::string& word, const std::string& option) {
     if (word.empty()) {
-        return "the value is empty";
+        return missingValueText(option);
     }
     return word.size() > 1 && word.starts_with('-')
-               ? shownName(word) + " looks like an option; a file of that name is " +
-                     shownName("./" + word)
+               ? invalidValueText(word, option,
+                                  "looks like an option; write " + quotedName("./" + word) +
+                                      " for a file of that name")
                : std::string();
 }
 
@@ -31,26 +32,28 @@ std::string refusalOfFile(const std::string& word) {
 CLI::Option* addFileOption(CLI::App& command, const std::string& name,
                            const std::function<void(const std::string&)>& take,
                            const std::string& help) {
+    const std::string option = name.substr(name.rfind(',') + 1);
+    const auto check = [option](const std::string& word) { return fileNameError(word, option); };
     return command.add_option_function<std::string>(name, take, help)
         ->type_name("FILE")
-        ->check(CLI::Validator(refusalOfFile, "", ""))
+        ->check(CLI::Validator(check, "", ""))
         ->take_last();
 }
 
 void addOutputOption(CLI::App& command, std::string& output) {
     addFileOption(
         command, "-o,--output", [&output](const std::string& file) { output = file; },
-        "Write the result to FILE instead of standard\noutput");
+        "Write to FILE [default: standard output]");
 }
 
 std::string shownOutput(const std::string& output) {
-    return output == "-" ? "standard output" : shownName(output);
+    return output == "-" ? "standard output" : quotedName(output);
 }
 
 std::unique_ptr<OutputFile> openOutput(const std::string& output) {
     Result<std::unique_ptr<OutputFile>> opened = OutputFile::open(output);
     if (!opened) {
-        complain(shownOutput(output) + ": " + opened.error().text());
+        printError(failureText("write", shownOutput(output), opened.error().text()));
         return nullptr;
     }
     return std::move(*opened);

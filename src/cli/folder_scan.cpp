@@ -19,20 +19,23 @@ namespace {
 // More of what lies inside the given folders is counted, not named.
 constexpr std::size_t maxNamed = 20;
 
-void complainAboutAll(const std::vector<UnreadableLocation>& locations) {
+void printErrors(const std::vector<UnreadableLocation>& locations) {
     for (const UnreadableLocation& location : locations) {
-        complainAbout(location.path, reasonOf(location));
+        printPathError(location.isTrash ? "scan" : "read folder", location.path,
+                       reasonOf(location));
     }
 }
 
-void complainAboutAll(const UnreadableReport& unreadable) {
+void printErrors(const UnreadableReport& unreadable) {
     const std::size_t named = std::min(maxNamed, unreadable.kept.size());
     for (std::size_t entry = 0; entry < named; ++entry) {
-        complainAbout(unreadable.kept[entry].path, unreadable.kept[entry].error.text());
+        const Unreadable& each = unreadable.kept[entry];
+        printPathError(each.isFolder ? "read folder" : "read", each.path, each.error.text());
     }
     if (unreadable.total() > named) {
-        complain(std::to_string(unreadable.total() - named) +
-                 " more folders and files could not be read");
+        const std::uint64_t more = unreadable.total() - named;
+        printError(more == 1 ? std::string("cannot read 1 more file or folder")
+                             : "cannot read " + std::to_string(more) + " more files and folders");
     }
 }
 
@@ -53,11 +56,11 @@ void FolderScan::wait() {
         }
         run_.wait();
     }
-    complainAboutAll(folders_.unreadable);
-    complainAboutAll(run_.result().unreadableLocations);
-    complainAboutAll(run_.result().unreadable);
+    printErrors(folders_.unreadable);
+    printErrors(run_.result().unreadableLocations);
+    printErrors(run_.result().unreadable);
     if (run_.result().ranOutOfMemory) {
-        complain("there is not enough memory to finish the scan; the result is incomplete");
+        printError("cannot finish the scan: out of memory; the result is incomplete");
     }
 }
 

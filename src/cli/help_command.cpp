@@ -4,8 +4,7 @@
 #include "cli/parser.h"
 #include "cli/print.h"
 #include "cli/refusal.h"
-#include "cli/suggestion.h"
-#include "text/shown_name.h"
+#include "cli/usage_texts.h"
 
 #include <CLI/CLI.hpp>
 
@@ -13,9 +12,8 @@ namespace tarvin {
 
 CLI::App& HelpCommand::addTo(CLI::App& program) {
     program_ = &program;
-    CLI::App* command =
-        program.add_subcommand("help", "Explains the program or one of its commands.");
-    command->add_option("COMMAND", words_, "Which command; without one, the program")
+    CLI::App* command = program.add_subcommand("help", "Show help for the program or a command");
+    command->add_option("COMMAND", words_, "Command to explain [default: the program]")
         ->type_name("");
     addColorOption(*command);
     return *command;
@@ -26,9 +24,7 @@ ExitStatus HelpCommand::run() {
     for (const std::string& word : words_) {
         const CLI::App* const next = subcommandOf(*asked, word);
         if (next == nullptr) {
-            return refuse(
-                shownName(word) + " is no command" + suggestionFor(word, subcommandNamesOf(*asked)),
-                commandLineOf(*asked));
+            return refuse(unknownCommandText(word, *asked), commandLineOf(*asked));
         }
         asked = next;
     }

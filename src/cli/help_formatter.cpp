@@ -21,6 +21,12 @@ std::string HelpFormatter::make_usage(const CLI::App* app, std::string name) con
     return line += '\n';
 }
 
+std::string HelpFormatter::make_option_name(const CLI::Option* option, bool isPositional) const {
+    std::string names = CLI::Formatter::make_option_name(option, isPositional);
+    const std::size_t comma = names.find(',');
+    return comma == std::string::npos ? names : names.insert(comma + 1, " ");
+}
+
 std::string HelpFormatter::make_option_opts(const CLI::Option* option) const {
     const std::string type = option->get_type_size() == 0 ? "" : option->get_type_name();
     return type.empty() ? "" : ' ' + type;

@@ -13,6 +13,7 @@ class HelpFormatter final : public CLI::Formatter {
     HelpFormatter();
 
     std::string make_usage(const CLI::App* app, std::string name) const override;
+    std::string make_option_name(const CLI::Option* option, bool isPositional) const override;
     std::string make_option_opts(const CLI::Option* option) const override;
 };
 

@@ -10,7 +10,7 @@
 
 namespace tarvin {
 
-void complain(std::string_view text) {
+void printError(std::string_view text) {
     Output output(STDERR_FILENO);
     const bool isColored = displayOf(STDERR_FILENO).isColored;
     output.append(isColored ? red : "");
@@ -22,21 +22,42 @@ void complain(std::string_view text) {
     output.flush();
 }
 
-void complainAbout(std::string_view path, std::string_view reason) {
-    complain(shownName(path).append(": ").append(reason));
+std::string failureText(std::string_view action, std::string_view object, std::string_view reason) {
+    return std::string("cannot ").append(action).append(" ").append(object).append(": ").append(
+        reason);
 }
 
-void complainOf(const StoreError& error) {
+void printPathError(std::string_view action, std::string_view path, std::string_view reason) {
+    printError(failureText(action, quotedName(path), reason));
+}
+
+void printStoreError(std::string_view action, const StoreError& error) {
     if (error.path.empty()) {
-        complain(error.text);
+        printError(std::string("cannot ").append(action).append(": ").append(error.text));
     } else {
-        complainAbout(error.path, error.text);
+        printPathError(action, error.path, error.text);
     }
 }
 
-void complainPutAside(std::string_view path, std::string_view aside) {
-    complainAbout(
-        path, "could not be used; it is kept as " + shownName(aside) + " and a new one was begun");
+void printRecordError(const StoreError& error, std::string_view totalsPath) {
+    const bool isAboutTotals = !error.path.empty() && totalsPath.starts_with(error.path);
+    printStoreError(isAboutTotals ? "store totals in" : "write journal", error);
+}
+
+void printNoHomeFolder(std::string_view action) {
+    printStoreError(action, {"", "no home folder"});
+}
+
+void printCannotConfirm(std::string_view action) {
+    printError(std::string("cannot ask for confirmation: standard input or standard error is not a "
+                           "terminal; use --yes to ")
+                   .append(action)
+                   .append(", or --dry-run to list them"));
+}
+
+void printMovedAside(std::string_view path, std::string_view aside) {
+    printError(quotedName(path) + " is damaged; kept as " + quotedName(aside) +
+               ", and a new file was started");
 }
 
 }  // namespace tarvin

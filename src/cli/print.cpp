@@ -23,7 +23,7 @@ ExitStatus statusOfFailure(std::string_view place, const SystemError& failure) {
     if (failure.code == EPIPE) {
         return ExitStatus::outputClosed;
     }
-    complain(std::string(place) + ": " + failure.text());
+    printError(failureText("write", place, failure.text()));
     return ExitStatus::incomplete;
 }
 

@@ -13,10 +13,9 @@
 #include "cli/restore_command.h"
 #include "cli/scan_command.h"
 #include "cli/spelling.h"
-#include "cli/suggestion.h"
 #include "cli/terminal.h"
 #include "cli/totals_command.h"
-#include "text/shown_name.h"
+#include "cli/usage_texts.h"
 
 #include <CLI/CLI.hpp>
 
@@ -33,7 +32,7 @@ namespace tarvin {
 namespace {
 
 constexpr const char* description =
-    "Finds byte-for-byte identical files and moves copies to the Trash.\n"
+    "Find byte-for-byte identical files and move copies to the Trash.\n"
     "'tarvin help COMMAND' explains a command.";
 
 constexpr const char* programExamples =
@@ -71,25 +70,14 @@ const CLI::App& understood(const CLI::App& program) {
     return chosen.empty() ? program : understood(*chosen.back());
 }
 
-/// A word that the command has no use for. Of "--fromat=json" only the name can be a slip.
-ExitStatus refuseWord(const std::string& word, const CLI::App& command) {
-    const std::string suggestion =
-        word.starts_with('-')
-            ? suggestionFor(word.substr(0, word.find('=')), optionNamesOf(command))
-            : suggestionFor(word, subcommandNamesOf(command));
-    return refuse(shownName(word) + " is not expected here" + suggestion, commandLineOf(command));
-}
-
 ExitStatus parseAndRun(CLI::App& program, const std::vector<Entry>& entries,
                        std::vector<std::string> arguments) {
     if (arguments.empty()) {
-        return refuse("a command is missing", program.get_name());
+        return refuse(missingCommandText(), program.get_name());
     }
     const std::string& first = arguments.front();
     if (!first.starts_with('-') && subcommandOf(program, first) == nullptr) {
-        return refuse(
-            shownName(first) + " is no command" + suggestionFor(first, subcommandNamesOf(program)),
-            program.get_name());
+        return refuse(unknownCommandText(first, program), program.get_name());
     }
     if (const std::optional<Misspelling> misspelt = misspellingIn(program, arguments)) {
         return refuse(misspelt->reason, commandLineOf(*misspelt->command));
@@ -102,13 +90,16 @@ ExitStatus parseAndRun(CLI::App& program, const std::vector<Entry>& entries,
     } catch (const CLI::CallForVersion&) {
         return print(program.get_name() + ' ' + TARVIN_VERSION + '\n');
     } catch (const CLI::ExtrasError&) {
-        return refuseWord(program.remaining(true).front(), understood(program));
+        const CLI::App& command = understood(program);
+        return refuse(unexpectedArgumentText(program.remaining(true).front(), command),
+                      commandLineOf(command));
     } catch (const CLI::ParseError& error) {
-        return refuse(error.what(), commandLineOf(understood(program)));
+        const CLI::App& command = understood(program);
+        return refuse(usageErrorText(error, command), commandLineOf(command));
     }
     const auto chosen = std::find_if(entries.begin(), entries.end(),
                                      [](const Entry& entry) { return entry.parser->parsed(); });
-    return chosen == entries.end() ? refuse("a command is missing", program.get_name())
+    return chosen == entries.end() ? refuse(missingCommandText(), program.get_name())
                                    : chosen->command->run();
 }
 
@@ -124,13 +115,13 @@ int runProgram(std::span<const char* const> arguments, Platform& platform) {
     CLI::App program(description, "tarvin");
     program.formatter(std::make_shared<HelpFormatter>());
     program.footer(programExamples);
-    program.set_help_flag("-h,--help", "Print this text, or that of a command, and exit");
+    program.set_help_flag("-h,--help", "Print help and exit");
     program.set_version_flag("-V,--version", TARVIN_VERSION, "Print the version and exit");
     addColorOption(program);
     // None is allowed here so that a wrong option is what gets told, not the missing command.
     program.require_subcommand(0, 1);
     const std::vector<Entry> entries = addCommands(program, platform);
-    return static_cast<int>(parseAndRun(program, entries, unmistakable(arguments)));
+    return static_cast<int>(parseAndRun(program, entries, escapedForParser(arguments)));
 }
 
 }  // namespace tarvin

@@ -32,11 +32,11 @@ std::string readLine() {
 
 }  // namespace
 
-bool canAsk() {
+bool isInteractive() {
     return ::isatty(STDIN_FILENO) == 1 && ::isatty(STDERR_FILENO) == 1;
 }
 
-bool isAgreedTo(std::string_view question) {
+bool confirm(std::string_view question) {
     Output output(STDERR_FILENO);
     output.append(question);
     if (!output.flush()) {

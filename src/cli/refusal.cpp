@@ -6,7 +6,7 @@
 namespace tarvin {
 
 ExitStatus refuse(const std::string& reason, const std::string& helpCommand) {
-    complain(printable(reason) + "\nTry '" + helpCommand + " --help'.");
+    printError(printable(reason) + "\nTry '" + helpCommand + " --help'.");
     return ExitStatus::wrongUsage;
 }
 

@@ -23,9 +23,9 @@ bool ReportPlace::flush() {
         return true;
     }
     const std::string kept = file_.keepUnfinished();
-    complain(shownName_ + ": " + failure_->text() +
-             (kept.empty() ? "" : "; what was written is kept as " + shownName(kept)) +
-             "; the rest of the report follows");
+    printError(failureText("write", shownName_, failure_->text()) +
+               (kept.empty() ? "" : "; partial report kept as " + quotedName(kept)) +
+               "; the rest of the report follows");
     return false;
 }
 
@@ -35,8 +35,8 @@ ExitStatus ReportPlace::commit() {
     }
     if (const std::optional<SystemError> failure = file_.commit()) {
         const std::string kept = file_.keepUnfinished();
-        complain(shownName_ + ": " + failure->text() +
-                 (kept.empty() ? "" : "; the report is kept as " + shownName(kept)));
+        printError(failureText("write", shownName_, failure->text()) +
+                   (kept.empty() ? "" : "; report kept as " + quotedName(kept)));
         return ExitStatus::incomplete;
     }
     return ExitStatus::done;

@@ -2,6 +2,7 @@
 
 #include "cli/choice.h"
 #include "cli/color_option.h"
+#include "cli/counted.h"
 #include "cli/file_option.h"
 #include "cli/interrupt.h"
 #include "cli/lasting_report.h"
@@ -9,8 +10,8 @@
 #include "cli/messages.h"
 #include "cli/question.h"
 #include "cli/refusal.h"
+#include "cli/usage_texts.h"
 #include "scan/texts.h"
-#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 
@@ -35,8 +36,7 @@ struct RestoreCommand::Prospect {
 
 namespace {
 
-constexpr const char* restoreDescription =
-    "Puts the files of a clean-up back from the Trash to where they were.";
+constexpr const char* restoreDescription = "Put the files of a clean-up back from the Trash";
 
 constexpr const char* restoreExamples =
     "Examples:\n"
@@ -45,34 +45,34 @@ constexpr const char* restoreExamples =
     "  tarvin restore\n"
     "  tarvin restore --yes 12\n"
     "\n"
-    "Nothing that is there now is replaced: a file whose name is taken comes back as\n"
-    "'NAME (put back).EXT'. Folders that are gone are made again. What cannot come\n"
-    "back stays in the Trash, for another try. Ctrl-C stops between two files.\n"
+    "Existing files are never replaced: a file whose name is taken is put back as\n"
+    "'NAME (put back).EXT'. Missing folders are created. A file that cannot be put\n"
+    "back stays in the Trash. Ctrl-C stops between two files.\n"
     "\n"
     "Exit status:\n"
     "  0    all files were put back, or would be, or you said no, or there is nothing\n"
     "       to put back\n"
     "  1    a file could not be put back, or something could not be read or written\n"
-    "  2    the command line is wrong, there is nobody to ask and no --yes, or the\n"
-    "       place of the result is of no use; nothing was done\n"
-    "  130  stopped by Ctrl-C or by the signal TERM or HUP\n"
-    "  141  the reader of the report, such as 'head', went away before its end; all\n"
-    "       that can be was put back, and standard error has the rest of the report";
+    "  2    usage error, confirmation impossible without a terminal or --yes, or the\n"
+    "       output file cannot be used; nothing was done\n"
+    "  130  stopped by Ctrl-C, SIGTERM or SIGHUP\n"
+    "  141  the reader of the report, such as 'head', closed the pipe early; the\n"
+    "       files were put back, and the rest of the report is on standard error";
 
 constexpr const char* helpCommand = "tarvin restore";
 
 constexpr std::array formats{Choice<ResultFormat>{"text", ResultFormat::text},
                              Choice<ResultFormat>{"json", ResultFormat::json}};
 
-ExitStatus failed(const StoreError& error) {
-    complainOf(error);
+ExitStatus failed(const StoreError& error, std::string_view action = "read journal") {
+    printStoreError(action, error);
     return ExitStatus::incomplete;
 }
 
 std::string questionFor(std::uint64_t files, std::uint64_t all, std::uint64_t bytes,
                         const CleanUpSummary& cleanUp) {
-    const std::string count =
-        files == all ? filesText(files) : std::to_string(files) + " of " + filesText(all);
+    const std::string count = files == all ? counted(files, "file")
+                                           : std::to_string(files) + " of " + counted(all, "file");
     return "Put " + count + " (" + getFormattedStringForSize(bytes) + ") of the clean-up of " +
            localDate(cleanUp.begun) + " back? [y/N] ";
 }
@@ -87,11 +87,9 @@ class RestoreTeller final {
  public:
     RestoreTeller(const RestoreSubject& subject, ResultFormat format, const std::string& place,
                   OutputFile& output)
-        : report_(format, shownOutput(place), output,
-                  [&subject](ResultFormat written, Output& to) {
-                      return makeRestoreWriter(written, subject, to);
-                  }),
-          refusal_(subject.dryRun ? "cannot be put back: " : "not put back: ") {}
+        : report_(format, shownOutput(place), output, [&subject](ResultFormat written, Output& to) {
+              return makeRestoreWriter(written, subject, to);
+          }) {}
 
     void tell(const PutBackFile& file) {
         report_.write([&](RestoreWriter& writer) { writer.file(file); });
@@ -104,7 +102,7 @@ class RestoreTeller final {
         if (file.outcome == PutBackOutcome::stopped) {
             summary_.stopped = true;
         } else {
-            complainAbout(file.path, refusal_ + reasonFor(file));
+            printPathError("put back", file.path, reasonFor(file));
             ++refused_;
         }
     }
@@ -122,7 +120,6 @@ class RestoreTeller final {
 
  private:
     LastingReport<RestoreWriter> report_;
-    const std::string refusal_;
     RestoreSummary summary_;
     std::uint64_t refused_ = 0;
 };
@@ -132,20 +129,21 @@ class RestoreTeller final {
 CLI::App& RestoreCommand::addTo(CLI::App& program) {
     CLI::App* command = program.add_subcommand("restore", restoreDescription);
     command->footer(restoreExamples);
-    CLI::Option* number =
-        command
-            ->add_option("CLEAN-UP", number_,
-                         "Its number, as --list tells it; without one, the\nlast clean-up that "
-                         "has something to put back")
-            ->type_name("");
-    CLI::Option* list = command->add_flag("-l,--list", list_,
-                                          "Only list the clean-ups that are known, newest\nfirst");
+    CLI::Option* number = command
+                              ->add_option("CLEAN-UP", number_,
+                                           "Number of the clean-up, as shown by --list\n[default: "
+                                           "the last one with files to put "
+                                           "back]")
+                              ->type_name("");
+    CLI::Option* list =
+        command->add_flag("-l,--list", list_, "List the known clean-ups, newest first, and exit");
     list->excludes(number);
-    list->excludes(command->add_flag("-n,--dry-run", dryRun_, "Only tell what would be put back"));
-    list->excludes(command->add_flag("-y,--yes", yes_, "Put back without asking"));
+    list->excludes(command->add_flag("-n,--dry-run", dryRun_,
+                                     "List what would be put back, and put back\nnothing"));
+    list->excludes(command->add_flag("-y,--yes", yes_, "Do not ask for confirmation"));
     addChoice(
         *command, "-f,--format", formats, [this](ResultFormat format) { format_ = format; },
-        "How the result is written; text, the default,\nis meant to be read by people");
+        "Output format [default: text]");
     addOutputOption(*command, output_);
     addColorOption(*command);
     return *command;
@@ -153,11 +151,12 @@ CLI::App& RestoreCommand::addTo(CLI::App& program) {
 
 ExitStatus RestoreCommand::run() {
     if (!takeNumber()) {
-        return refuse(shownName(number_.value_or("")) + " is not the number of a clean-up",
+        return refuse(invalidValueText(number_.value_or(""), "CLEAN-UP",
+                                       "expected a number, as shown by --list"),
                       helpCommand);
     }
-    if (!list_ && !dryRun_ && !yes_ && !canAsk()) {
-        complain("there is nobody to ask; give --yes, or --dry-run to see what would be put back");
+    if (!list_ && !dryRun_ && !yes_ && !isInteractive()) {
+        printCannotConfirm("put files back");
         return ExitStatus::wrongUsage;
     }
     const std::unique_ptr<OutputFile> output = openOutput(output_);
@@ -188,13 +187,17 @@ bool RestoreCommand::takeNumber() {
 
 ExitStatus RestoreCommand::restoreOrList(OutputFile& output) {
     const std::optional<std::string> folder = platform_.applicationSupportFolder();
+    if (!folder) {
+        printNoHomeFolder("open journal");
+        return ExitStatus::incomplete;
+    }
     DataFile totals(folder);
     std::unique_ptr<PutBack> putBack;
     // No journal is made where nothing has ever been cleaned up.
-    if (!folder || CleanUpJournal::isIn(*folder)) {
+    if (CleanUpJournal::isIn(*folder)) {
         auto opened = PutBack::open(platform_, totals);
         if (const auto* error = std::get_if<StoreError>(&opened)) {
-            return failed(*error);
+            return failed(*error, "open journal");
         }
         putBack = std::get<std::unique_ptr<PutBack>>(std::move(opened));
     }
@@ -257,7 +260,8 @@ RestoreCommand::Chosen RestoreCommand::choose(PutBack* putBack) const {
             }
         }
     }
-    return refuse("no clean-up has the number " + *number_ + "; 'tarvin restore --list' lists them",
+    return refuse("unknown clean-up " + quotedName(*number_) +
+                      "; 'tarvin restore --list' lists the known ones",
                   helpCommand);
 }
 
@@ -295,7 +299,7 @@ ExitStatus RestoreCommand::restore(PutBack& putBack, const CleanUpSummary& clean
     if (dryRun_ || prospect.files == 0) {
         return plan(putBack, cleanUp.id, output);
     }
-    if (!yes_ && !isAgreedTo(questionFor(prospect.files, prospect.all, prospect.bytes, cleanUp))) {
+    if (!yes_ && !confirm(questionFor(prospect.files, prospect.all, prospect.bytes, cleanUp))) {
         return ExitStatus::done;
     }
     return bringBack(putBack, cleanUp.id, totals, output);
@@ -334,10 +338,10 @@ ExitStatus RestoreCommand::bringBack(PutBack& putBack, CleanUpId cleanUp, DataFi
         putBack.run(cleanUp, {.stopped = [this] { return stopped_.load(); },
                               .report = [&](const PutBackFile& file) { teller.tell(file); }});
     if (failure) {
-        complainOf(*failure);
+        printRecordError(*failure, totals.dataPath());
     }
     if (!totals.putAside().empty()) {
-        complainPutAside(totals.dataPath(), totals.putAside());
+        printMovedAside(totals.dataPath(), totals.putAside());
     }
     const ExitStatus status = teller.end();
     const bool isStored = !failure && totals.putAside().empty();

@@ -1,5 +1,6 @@
 #include "cli/restore_writer.h"
 
+#include "cli/counted.h"
 #include "cli/harmless_json.h"
 #include "cli/iso_date.h"
 #include "cli/local_date.h"
@@ -76,13 +77,13 @@ class RestoreTextWriter final : public RestoreWriter {
 
     void end(const RestoreSummary& summary) override {
         if (summary.stopped) {
-            output_.append("Stopped before the end.\n");
+            output_.append("Stopped early; the remaining files were not put back.\n");
         }
         output_.append(dryRun_ ? "Files To Put Back: " : "Files Put Back: ");
         output_.appendNumber(summary.files);
         output_.append("\nSize: ");
         output_.append(getFormattedStringForSize(summary.bytes));
-        output_.append(dryRun_ ? "\nNothing was put back.\n" : "\n");
+        output_.append(dryRun_ ? "\nDry run: nothing was put back.\n" : "\n");
     }
 
     void nothing(NothingToPutBack reason) override {
@@ -177,8 +178,9 @@ void writeCleanUpsAsJson(const std::vector<KnownCleanUp>& cleanUps, Output& outp
 }
 
 std::string lineFor(const KnownCleanUp& known) {
-    std::string line = localDate(known.summary.begun) + "  " + filesText(known.summary.movedFiles) +
-                       " (" + getFormattedStringForSize(known.summary.movedBytes) + ')';
+    std::string line = localDate(known.summary.begun) + "  " +
+                       counted(known.summary.movedFiles, "file") + " (" +
+                       getFormattedStringForSize(known.summary.movedBytes) + ')';
     if (known.putBackFiles > 0) {
         line += ", " + std::to_string(known.putBackFiles) + " put back";
     }
@@ -223,23 +225,19 @@ std::string reasonFor(const PutBackFile& file) {
         case PutBackOutcome::toItsPlace:
         case PutBackOutcome::underOtherName:
         case PutBackOutcome::withItsFolder:
-            return "it is back";
+            return "put back";
         case PutBackOutcome::lost:
-            return "it is not in the Trash any more";
+            return "no longer in the Trash";
         case PutBackOutcome::changed:
-            return "it was changed in the Trash";
+            return "file was changed in the Trash";
         case PutBackOutcome::notAttached:
-            return "its drive is not attached";
+            return "drive not attached";
         case PutBackOutcome::stopped:
-            return "stopped before";
+            return "stopped before its turn";
         case PutBackOutcome::refused:
             break;
     }
     return file.reason;
-}
-
-std::string filesText(std::uint64_t count) {
-    return std::to_string(count) + (count == 1 ? " file" : " files");
 }
 
 }  // namespace tarvin

@@ -55,10 +55,7 @@ class RestoreWriter {
 /// Appends the list of clean-ups, in the order given. There is no CSV: text is written instead.
 void writeCleanUps(ResultFormat format, const std::vector<KnownCleanUp>& cleanUps, Output& output);
 
-/// Why a file does not come back, for a person: "it is not in the Trash any more".
+/// Why a file does not come back, for a person: "no longer in the Trash".
 [[nodiscard]] std::string reasonFor(const PutBackFile& file);
-
-/// "1 file", "3 files".
-[[nodiscard]] std::string filesText(std::uint64_t count);
 
 }  // namespace tarvin

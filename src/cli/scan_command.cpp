@@ -18,25 +18,24 @@ namespace tarvin {
 
 namespace {
 
-constexpr const char* scanDescription =
-    "Finds the files in FOLDER... whose contents are identical.";
+constexpr const char* scanDescription = "Find identical files";
 
 constexpr const char* scanExamples =
     "Examples:\n"
     "  tarvin scan ~/Pictures ~/Downloads\n"
     "  tarvin scan --format json --output duplicates.json ~/Pictures\n"
     "\n"
-    "Nothing is changed or removed. Ctrl-C stops the scan; what has been proven by\n"
-    "then is written. A second Ctrl-C ends the program at once.\n"
+    "Scanning changes nothing. Ctrl-C stops and prints the sets confirmed so far; a\n"
+    "second Ctrl-C quits at once.\n"
     "\n"
     "Exit status:\n"
-    "  0    the scan is done\n"
-    "  1    it is done, but a folder or file could not be read, there was not enough\n"
-    "       memory or the result could not be written\n"
-    "  2    the command line is wrong, or a list of exceptions or the place of the\n"
-    "       result is of no use; nothing was done\n"
-    "  130  the scan was stopped by Ctrl-C or by the signal TERM or HUP\n"
-    "  141  the reader of the result, such as 'head', went away before its end";
+    "  0    finished\n"
+    "  1    finished, but a folder or file could not be read, memory ran out or the\n"
+    "       result could not be written\n"
+    "  2    usage error, or the exceptions list or output file cannot be used;\n"
+    "       nothing was done\n"
+    "  130  stopped by Ctrl-C, SIGTERM or SIGHUP\n"
+    "  141  the reader of the result, such as 'head', closed the pipe early";
 
 }  // namespace
 

@@ -23,27 +23,26 @@ constexpr std::array progressTimes{Choice<ProgressWhen>{"auto", ProgressWhen::au
 }  // namespace
 
 void addScanOptions(CLI::App& command, ScanOptions& options) {
-    command.add_option("FOLDER", options.folders, "Where to look, everything below included")
+    command.add_option("FOLDER", options.folders, "Folder to scan, with all subfolders")
         ->type_name("")
         ->required();
     addChoice(
         command, "-f,--format", formats,
         [&options](ResultFormat format) { options.format = format; },
-        "How the result is written; text, the default,\nis meant to be read by people");
+        "Output format [default: text]");
     addOutputOption(command, options.output);
     CLI::Option* none = command.add_flag(
         "--no-exceptions", [&options](std::int64_t /*times*/) { options.useExceptions = false; },
-        "Look at every file, also at those on the\nexceptions list");
+        "Ignore the exceptions list");
     addFileOption(
         command, "--exceptions",
         [&options](const std::string& file) { options.exceptionsFile = file; },
-        "Leave out the files on the list in FILE instead\nof those on your own list")
+        "Read exceptions from FILE instead of your own list")
         ->excludes(none);
     addChoice(
         command, "--progress", progressTimes,
         [&options](ProgressWhen when) { options.progress = when; },
-        "Whether to show progress on standard error; auto,\n"
-        "the default, shows it if that is a terminal");
+        "When to show progress on standard error\n[default: auto, if it is a terminal]");
     addColorOption(command);
 }
 

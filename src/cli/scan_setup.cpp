@@ -16,8 +16,8 @@ std::optional<ExceptionFilter> exceptionFilterOf(const ScanOptions& options, Pla
     if (list.error) {
         const bool isRefusal =
             options.exceptionsFile.has_value() || unusable == UnusableExceptions::areARefusal;
-        complainAbout(list.error->path,
-                      list.error->text + (isRefusal ? "" : "; no file is left out"));
+        printPathError("read exceptions list", list.error->path,
+                       list.error->text + (isRefusal ? "" : "; continuing without exceptions"));
         if (isRefusal) {
             return std::nullopt;
         }

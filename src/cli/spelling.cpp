@@ -1,7 +1,7 @@
 #include "cli/spelling.h"
 
 #include "cli/parser.h"
-#include "text/shown_name.h"
+#include "cli/usage_texts.h"
 
 #include <CLI/CLI.hpp>
 
@@ -28,9 +28,9 @@ std::optional<std::string> reasonAgainstValue(const CLI::App& command, std::stri
         return std::nullopt;  // the parser tells
     }
     if (!takesValue(*option)) {
-        return name + " takes no value";
+        return noValueText(name);
     }
-    return equals + 1 == word.size() ? std::optional(name + ": the value is empty") : std::nullopt;
+    return equals + 1 == word.size() ? std::optional(missingValueText(name)) : std::nullopt;
 }
 
 /// "-ny" and "-ofile" are letters that the command knows, the last one with its value.
@@ -53,10 +53,10 @@ std::optional<std::string> reasonAgainst(const CLI::App& command, const std::str
     }
     const bool isLongName = word.size() > 2 && command.get_option_no_throw('-' + word) != nullptr;
     if (isLongName) {
-        return shownName(word) + " is not expected here. Did you mean -" + word + '?';
+        return unexpectedArgumentText(word, command);
     }
     return isBundle(command, word) ? std::nullopt
-                                   : std::optional(shownName(word) + " is not expected here");
+                                   : std::optional(unexpectedArgumentText(word, command));
 }
 
 }  // namespace

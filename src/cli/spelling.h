@@ -18,7 +18,7 @@ struct Misspelling {
 
 /// The first misspelt option on a command line. The parser takes the next word for the value of
 /// "--output=", a value given to a flag ("--yes=no") for the flag, and "-output" for "-o utput".
-/// `arguments` are as unmistakable() spells them. Main thread.
+/// `arguments` are as escapedForParser() spells them. Main thread.
 [[nodiscard]] std::optional<Misspelling> misspellingIn(const CLI::App& program,
                                                        const std::vector<std::string>& arguments);
 

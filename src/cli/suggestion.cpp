@@ -80,7 +80,7 @@ std::string nearest(std::string_view word, const std::vector<std::string>& known
 
 std::string suggestionFor(std::string_view word, const std::vector<std::string>& known) {
     const std::string meant = nearest(word, known);
-    return meant.empty() ? std::string() : ". Did you mean " + meant + '?';
+    return meant.empty() ? std::string() : "; did you mean '" + meant + "'?";
 }
 
 }  // namespace tarvin

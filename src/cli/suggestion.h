@@ -13,7 +13,7 @@ namespace tarvin {
 /// thread.
 [[nodiscard]] std::string nearest(std::string_view word, const std::vector<std::string>& known);
 
-/// ". Did you mean --format?" for the end of a message; empty if nothing is near.
+/// "; did you mean '--format'?" for the end of a message; empty if nothing is near.
 [[nodiscard]] std::string suggestionFor(std::string_view word,
                                         const std::vector<std::string>& known);
 

@@ -1,5 +1,6 @@
 #include "cli/text_writer.h"
 
+#include "cli/counted.h"
 #include "cli/display.h"
 #include "scan/category.h"
 #include "scan/texts.h"
@@ -11,14 +12,6 @@
 namespace tarvin {
 
 namespace {
-
-/// "1 file", "2 files".
-std::string counted(std::uint64_t number, std::string_view noun) {
-    std::string text = std::to_string(number);
-    text += ' ';
-    text += noun;
-    return number == 1 ? text : text += 's';
-}
 
 /// Headings are bold where there is colour.
 void writeHeading(std::string_view text, bool isColored, Output& output) {
@@ -72,15 +65,15 @@ std::string verdict(const ScanReport& report) {
                getFormattedStringForSize(report.reclaimable()) + " can be regained.\n";
     }
     if (report.stopped) {
-        return "No duplicates were found by then.\n";
+        return "No duplicates found so far.\n";
     }
     return report.collected() == 0 ? std::string(noDuplicatesText()) + '\n'
-                                   : "Every file is the only one of its content.\n";
+                                   : "No duplicates found.\n";
 }
 
 void writeSummary(const ScanReport& report, Output& output) {
     if (report.stopped) {
-        output.append("The scan was stopped before its end.\n");
+        output.append("Scan stopped early; the result is incomplete.\n");
     }
     output.append(verdict(report));
     output.append(counted(report.stopped ? report.collected() : report.compared(), "file"));

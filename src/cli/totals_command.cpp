@@ -19,14 +19,14 @@ namespace {
 constexpr const char* totalsExamples =
     "Exit status:\n"
     "  0    done\n"
-    "  1    the totals could not be read, or not be printed\n"
-    "  2    the command line is wrong; nothing was done";
+    "  1    the totals could not be read or printed\n"
+    "  2    usage error; nothing was done";
 
 }  // namespace
 
 CLI::App& TotalsCommand::addTo(CLI::App& program) {
-    CLI::App* command = program.add_subcommand(
-        "totals", "Tells how many files were moved to the Trash over all runs.");
+    CLI::App* command =
+        program.add_subcommand("totals", "Show how many files have been moved to the Trash");
     command->footer(totalsExamples);
     addColorOption(*command);
     return *command;
@@ -35,18 +35,18 @@ CLI::App& TotalsCommand::addTo(CLI::App& program) {
 ExitStatus TotalsCommand::run() {
     const std::optional<std::string> folder = platform_.applicationSupportFolder();
     if (!folder) {
-        complain("there is no home folder to keep totals in");
+        printNoHomeFolder("read totals");
         return ExitStatus::incomplete;
     }
     DataFile data(folder);
     const std::optional<StoreError> failure = data.loadDataFile();
     if (failure) {
-        complainAbout(failure->path, failure->text);
+        printStoreError("read totals", *failure);
         return ExitStatus::incomplete;
     }
     // The totals may lack what a clean-up has moved whose process was ended.
     if (const std::optional<StoreError> unsettled = recoverAtStart(platform_, data)) {
-        complainAbout(unsettled->path, unsettled->text);
+        printRecordError(*unsettled, data.dataPath());
         return ExitStatus::incomplete;
     }
     return print(cleanedSoFarText(data.alreadyDeletedCount(), data.alreadyDeletedSize()) + '\n');

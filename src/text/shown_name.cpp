@@ -51,6 +51,16 @@ std::string escaped(std::string_view bytes, bool isHarmlessCharacter) {
     return answer;
 }
 
+std::string inShellNotation(std::string_view name) {
+    std::string answer(quotationBegin);
+    while (!name.empty()) {
+        const Utf8Character character = firstCharacter(name);
+        answer += escaped(name.substr(0, character.length), isHarmless(character));
+        name.remove_prefix(character.length);
+    }
+    return answer += '\'';
+}
+
 /// The text with `mark` for what is not harmless.
 std::string replaced(std::string_view text, std::string_view mark) {
     std::string answer;
@@ -75,18 +85,13 @@ bool isHarmless(const Utf8Character& character) {
 }
 
 std::string shownName(std::string_view name) {
-    if (isPlain(name)) {
-        return std::string(name);
-    }
-    std::string answer(quotationBegin);
-    while (!name.empty()) {
-        const Utf8Character character = firstCharacter(name);
-        answer += escaped(name.substr(0, character.length), isHarmless(character));
-        name.remove_prefix(character.length);
-    }
-    return answer += '\'';
+    return isPlain(name) ? std::string(name) : inShellNotation(name);
 }
 
+std::string quotedName(std::string_view name) {
+    const bool isQuotable = isPlain(name) && name.find('\'') == std::string_view::npos;
+    return isQuotable ? std::string("'").append(name).append("'") : inShellNotation(name);
+}
 std::string printable(std::string_view text) {
     return replaced(text, "?");
 }

@@ -15,6 +15,10 @@ namespace tarvin {
 /// look like that notation, or like nothing, are quoted too.
 [[nodiscard]] std::string shownName(std::string_view name);
 
+/// The name in quotation marks, for a message: '/tmp/a', or as shownName() writes it, which also
+/// serves for a name with an apostrophe.
+[[nodiscard]] std::string quotedName(std::string_view name);
+
 /// The text with U+FFFD for each character that is not harmless and for each bad byte.
 [[nodiscard]] std::string withHarmfulReplaced(std::string_view text);
 

@@ -11,7 +11,7 @@ namespace {
 using Words = std::vector<std::string>;
 
 Words after(const std::vector<const char*>& arguments) {
-    return unmistakable(arguments);
+    return escapedForParser(arguments);
 }
 
 TEST(Arguments, OrdinaryOnesStayAsTheyAre) {

@@ -27,8 +27,8 @@ class CleanJournal : public RestoreFixture {
         for (const std::string format : {"text", "json", "csv"}) {
             const ProgramResult result = tarvin({"clean", "--yes", "--format", format, photos()});
             EXPECT_EQ(result.status, 1);
-            EXPECT_EQ(result.errors,
-                      "tarvin: " + path + ": " + reason + "\ntarvin: nothing was moved\n");
+            EXPECT_EQ(result.errors, "tarvin: cannot open journal '" + path + "': " + reason +
+                                         "\ntarvin: nothing was moved\n");
             EXPECT_EQ(result.output, "") << format;
         }
         expectNothingMoved(before);
@@ -39,16 +39,18 @@ class CleanJournal : public RestoreFixture {
         const Tree before = treeOf(photos());
         const ProgramResult result = tarvin({"clean", "--yes", photos()});
         EXPECT_EQ(result.status, 1);
-        EXPECT_EQ(result.errors, "tarvin: " + journal() + ": " + reason + "\n" + more);
+        EXPECT_EQ(result.errors,
+                  "tarvin: cannot write journal '" + journal() + "': " + reason + "\n" + more);
         EXPECT_EQ(result.output,
-                  "Stopped before the end.\nDuplicates Cleaned: 0\nSpace Regained: 0.00 KB \n");
+                  "Stopped early; the remaining files were not moved.\nDuplicates Cleaned: "
+                  "0\nSpace Regained: 0.00 KB \n");
         expectNothingMoved(before);
     }
 
     /// What is said of a journal that nobody can read.
     [[nodiscard]] std::string setAside() const {
-        return "tarvin: " + journal() + ": it is kept as " + journal() +
-               ".unreadable; the next clean-up begins a new one\n";
+        return "tarvin: '" + journal() + "' is kept as '" + journal() +
+               ".unreadable'; the next clean-up starts a new journal\n";
     }
 
     void expectCleanedNow() const {
@@ -72,7 +74,8 @@ TEST_F(CleanJournal, ThatIsDamagedIsSetAsideAndNothingIsMovedYet) {
     const Tree before = treeOf(photos());
     const ProgramResult result = tarvin({"clean", "--yes", photos()});
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "tarvin: " + journal() + ": the file is damaged\n" + setAside() +
+    EXPECT_EQ(result.errors, "tarvin: cannot open journal '" + journal() +
+                                 "': the file is damaged\n" + setAside() +
                                  "tarvin: nothing was moved\n");
     EXPECT_EQ(result.output, "");
     expectNothingMoved(before);
@@ -100,8 +103,8 @@ TEST_F(CleanJournal, ThatIsLockedForTooLongIsNamedAndNothingIsMoved) {
     ASSERT_TRUE(lock.isOpen());
     const ProgramResult result = tarvin({"clean", "--yes", photos()});
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "tarvin: " + journal() +
-                                 ": in use by another process\n"
+    EXPECT_EQ(result.errors, "tarvin: cannot open journal '" + journal() +
+                                 "': in use by another process\n"
                                  "tarvin: nothing was moved\n");
     EXPECT_EQ(result.output, "");
     EXPECT_EQ(treeOf(photos()).size(), 4U);
@@ -117,8 +120,8 @@ TEST_F(CleanJournal, ThatIsAFolderIsSetAsideAndNothingIsMovedYet) {
     const Tree before = treeOf(photos());
     const ProgramResult result = tarvin({"clean", "--yes", photos()});
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "tarvin: " + journal() + ": Is a directory\n" + setAside() +
-                                 "tarvin: nothing was moved\n");
+    EXPECT_EQ(result.errors, "tarvin: cannot open journal '" + journal() + "': Is a directory\n" +
+                                 setAside() + "tarvin: nothing was moved\n");
     expectNothingMoved(before);
     expectCleanedNow();
 }

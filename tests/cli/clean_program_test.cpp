@@ -107,7 +107,7 @@ TEST_F(Clean, ShortOptionsDoWhatTheLongOnesDo) {
     const ProgramResult planned = tarvin({"clean", "-n", "-f", "json", photos()});
     EXPECT_EQ(parsedJson(planned.output)["dryRun"], true);
     const ProgramResult both = tarvin({"clean", "-ny", photos()});
-    EXPECT_TRUE(both.output.ends_with("Nothing was moved.\n")) << both.output;
+    EXPECT_TRUE(both.output.ends_with("Dry run: nothing was moved.\n")) << both.output;
     EXPECT_EQ(leftOfThree() + leftOfTwo(), 5);
     const ProgramResult moved = tarvin({"clean", "-y", "-o", folder_.pathOf("report"), photos()});
     EXPECT_EQ(moved.status, 0);
@@ -141,7 +141,7 @@ TEST_F(Clean, OnADryRunOnlyTells) {
     EXPECT_FALSE(std::filesystem::exists(folder_.pathOf(ownFolder)));
     EXPECT_TRUE(
         result.output.ends_with("Marked Duplicate Files: 3\nMarked File Size: 0.05 KB\n"
-                                "Nothing was moved.\n"))
+                                "Dry run: nothing was moved.\n"))
         << result.output;
     EXPECT_NE(result.output.find("Would move to the Trash: " + photos()), std::string::npos);
 }
@@ -151,8 +151,8 @@ TEST_F(Clean, WithNobodyToAskRefusesBeforeItLooks) {
     const ProgramResult result = tarvin({"clean", photos()});
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.errors,
-              "tarvin: there is nobody to ask; give --yes, or --dry-run to see what would be "
-              "moved\n");
+              "tarvin: cannot ask for confirmation: standard input or standard error is not a "
+              "terminal; use --yes to move files, or --dry-run to list them\n");
     EXPECT_EQ(leftOfThree() + leftOfTwo(), 5);
 }
 
@@ -237,9 +237,9 @@ TEST_F(Clean, TellsOfEachFileThatTheTrashDoesNotTake) {
     const ProgramResult result = tarvin({"clean", "--yes", photos()});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(leftOfThree() + leftOfTwo(), 5);
-    EXPECT_NE(
-        result.errors.find("not moved: " + folder_.pathOf("data/Trash") + " is not a folder\n"),
-        std::string::npos)
+    EXPECT_NE(result.errors.find("' to the Trash: " + folder_.pathOf("data/Trash") +
+                                 " is not a folder\n"),
+              std::string::npos)
         << result.errors;
     EXPECT_EQ(result.output, "Duplicates Cleaned: 0\nSpace Regained: 0.00 KB \n");
 }
@@ -248,7 +248,7 @@ TEST_F(Clean, CleansWhatCanBeReadAndTellsOfTheRest) {
     writePhotos();
     const ProgramResult result = tarvin({"clean", "--yes", folder_.pathOf("missing"), photos()});
     EXPECT_EQ(result.status, 1);
-    EXPECT_NE(result.errors.find("missing: No such file or directory"), std::string::npos);
+    EXPECT_NE(result.errors.find("missing': No such file or directory"), std::string::npos);
     EXPECT_EQ(leftOfThree() + leftOfTwo(), 2);
 }
 
@@ -278,6 +278,15 @@ TEST_F(CleanAsking, YesMoves) {
               std::string::npos)
         << asked_;
     EXPECT_EQ(trashed().size(), 3U);
+}
+
+TEST_F(CleanAsking, OneFileIsCountedInTheSingular) {
+    folder_.writeFile("photos/a.jpg", "equal");
+    folder_.writeFile("photos/b.jpg", "equal");
+    EXPECT_EQ(answer("n\n").status, 0);
+    EXPECT_NE(asked_.find("Move 1 duplicate file (0.00 KB) to the Trash? [y/N] "),
+              std::string::npos)
+        << asked_;
 }
 
 TEST_F(CleanAsking, NoOrAnythingElseDoesNot) {
@@ -410,7 +419,7 @@ TEST_F(CleanUnread, GoesOnWithoutAReaderAndReportsToStandardError) {
             runTarvin({"clean", "--yes", "--format", format, photos()}, unread);
         EXPECT_EQ(result.status, 141) << format;
         EXPECT_TRUE(result.errors.starts_with(
-            "tarvin: standard output: Broken pipe; the rest of the report follows\n"))
+            "tarvin: cannot write standard output: Broken pipe; the rest of the report follows\n"))
             << result.errors.substr(0, 200);
         EXPECT_EQ(toldIn(result.errors), moved) << format;
         EXPECT_TRUE(result.errors.ends_with(sumsOfAll)) << format;
@@ -444,9 +453,9 @@ TEST_F(CleanUnread, AFullDiskBehindStandardOutputDoesNotLoseTheReport) {
     const ProgramResult result = runTarvin({"clean", "--yes", photos()}, unread);
     ::close(full);
     EXPECT_EQ(result.status, 1);
-    EXPECT_TRUE(
-        result.errors.starts_with("tarvin: standard output: No space left on device; the rest of "
-                                  "the report follows\n"))
+    EXPECT_TRUE(result.errors.starts_with(
+        "tarvin: cannot write standard output: No space left on device; the rest of "
+        "the report follows\n"))
         << result.errors;
     EXPECT_EQ(toldIn(result.errors), moved);
     expectAllMovedAndCounted();
@@ -467,9 +476,10 @@ TEST_F(CleanUnread, AReportThatOutgrowsItsVolumeIsKeptAndItsRestTold) {
     const std::filesystem::directory_iterator kept(folder);
     ASSERT_NE(kept, std::filesystem::directory_iterator());
     const std::string name = kept->path().string();
-    EXPECT_TRUE(result.errors.starts_with(
-        "tarvin: " + folder + "/report: No space left on device; what was written is kept as " +
-        name + "; the rest of the report follows\n"))
+    EXPECT_TRUE(
+        result.errors.starts_with("tarvin: cannot write '" + folder +
+                                  "/report': No space left on device; partial report kept as '" +
+                                  name + "'; the rest of the report follows\n"))
         << result.errors.substr(0, 300);
     const std::string written = contentOf(name);
     // The last line of the file need not be whole.
@@ -522,8 +532,8 @@ TEST_F(Clean, ThatFindsDamagedTotalsKeepsThemAndSaysSo) {
     const std::string totals = folder_.writeFile(std::string(ownFolder) + "data.plist", "damaged");
     const ProgramResult result = tarvin({"clean", "--yes", photos()});
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "tarvin: " + totals + ": could not be used; it is kept as " + totals +
-                                 ".unreadable and a new one was begun\n");
+    EXPECT_EQ(result.errors, "tarvin: '" + totals + "' is damaged; kept as '" + totals +
+                                 ".unreadable', and a new file was started\n");
     EXPECT_EQ(contentOf(totals + ".unreadable"), "damaged");
     EXPECT_EQ(trashed().size(), 3U);
 }
@@ -579,8 +589,8 @@ TEST_F(ExceptionsCommandTest, TellsOfFilesThatAreNotThereAndAddsTheOthers) {
     const ProgramResult result = tarvin({"exceptions", "add", folder_.pathOf("photos/a.jpg"),
                                          folder_.pathOf("photos/missing.jpg")});
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors,
-              "tarvin: " + folder_.pathOf("photos/missing.jpg") + ": No such file or directory\n");
+    EXPECT_EQ(result.errors, "tarvin: cannot exclude '" + folder_.pathOf("photos/missing.jpg") +
+                                 "': No such file or directory\n");
     EXPECT_EQ(tarvin({"exceptions", "list"}).output, photos() + "/a.jpg\n");
 }
 
@@ -600,8 +610,8 @@ TEST_F(ExceptionsCommandTest, ADamagedListIsToldAndPutAside) {
     const ProgramResult adding = tarvin({"exceptions", "add", photos() + "/a.jpg"});
     EXPECT_EQ(adding.status, 1);
     const std::string path = folder_.pathOf(std::string(ownFolder) + "exception.plist");
-    EXPECT_EQ(adding.errors, "tarvin: " + path + ": could not be used; it is kept as " + path +
-                                 ".unreadable and a new one was begun\n");
+    EXPECT_EQ(adding.errors, "tarvin: '" + path + "' is damaged; kept as '" + path +
+                                 ".unreadable', and a new file was started\n");
     EXPECT_EQ(contentOf(path + ".unreadable"), "damaged");
     EXPECT_EQ(tarvin({"exceptions", "list"}).output, photos() + "/a.jpg\n");
 }
@@ -611,10 +621,10 @@ TEST_F(ExceptionsCommandTest, FoldersAndLinksAreRefusedForNoScanMeetsThem) {
     const std::string link = folder_.makeLink("photos/link.jpg", "a.jpg");
     const ProgramResult result = tarvin({"exceptions", "add", photos() + "/b", link});
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "tarvin: " + photos() +
-                                 "/b: is a folder; only files can be excluded\n"
-                                 "tarvin: " +
-                                 link + ": is no regular file, so no scan looks at it\n");
+    EXPECT_EQ(result.errors, "tarvin: cannot exclude '" + photos() +
+                                 "/b': Is a folder\n"
+                                 "tarvin: cannot exclude '" +
+                                 link + "': not a regular file (scans skip it anyway)\n");
     EXPECT_EQ(tarvin({"exceptions", "list"}).output, "");
 }
 

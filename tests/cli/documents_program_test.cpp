@@ -14,16 +14,14 @@ namespace {
 using testing::HasSubstr;
 using Words = std::set<std::string>;
 
-/// The options that a command's help lists: "-o" and "--output" for "  -o,--output FILE".
+/// The options that a command's help lists: "-o" and "--output" for "  -o, --output FILE".
 Words optionsOf(const std::string& command) {
     std::istringstream lines(runTarvin({command, "--help"}).output);
     Words options;
     for (std::string line; std::getline(lines, line);) {
-        if (line.starts_with("  -")) {
-            std::istringstream names(line.substr(2, line.find(' ', 2) - 2));
-            for (std::string name; std::getline(names, name, ',');) {
-                options.insert(name);
-            }
+        std::istringstream words(line.starts_with("  -") ? line : std::string());
+        for (std::string name; words >> name && name.starts_with('-');) {
+            options.insert(name.substr(0, name.find(',')));
         }
     }
     return options;

@@ -68,7 +68,8 @@ TEST_F(Exceptions, ADamagedListOfOnesOwnIsToldAndTheScanGoesOn) {
     const std::string path = folder_.writeFile(ownList, "damaged");
     const ProgramResult result = scan({});
     EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.errors, "tarvin: " + path + ": not a property list; no file is left out\n");
+    EXPECT_EQ(result.errors, "tarvin: cannot read exceptions list '" + path +
+                                 "': not a property list; continuing without exceptions\n");
     EXPECT_EQ(setsOf(result), (Sets{{"a.jpg", "b.jpg", "c.jpg"}}));
 }
 
@@ -77,7 +78,8 @@ TEST_F(Exceptions, AnotherListThatIsDamagedIsWrongUsage) {
     const ProgramResult result = scan({"--exceptions", path});
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.output, "");
-    EXPECT_EQ(result.errors, "tarvin: " + path + ": not a property list\n");
+    EXPECT_EQ(result.errors,
+              "tarvin: cannot read exceptions list '" + path + "': not a property list\n");
 }
 
 TEST_F(Exceptions, AnotherListThatIsMissingIsWrongUsage) {
@@ -85,7 +87,8 @@ TEST_F(Exceptions, AnotherListThatIsMissingIsWrongUsage) {
     const ProgramResult result = scan({"--exceptions", path});
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.output, "");
-    EXPECT_EQ(result.errors, "tarvin: " + path + ": No such file or directory\n");
+    EXPECT_EQ(result.errors,
+              "tarvin: cannot read exceptions list '" + path + "': No such file or directory\n");
 }
 
 }  // namespace

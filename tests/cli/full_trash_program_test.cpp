@@ -72,9 +72,9 @@ class FullTrash : public ::testing::Test {
         const ProgramResult result = clean();
         EXPECT_EQ(result.status, 1);
         const std::string path = folder_.pathOf("disk/photos/");
-        const std::string reason = ".jpg: not moved: No space left on device\n";
-        EXPECT_TRUE(result.errors == "tarvin: " + path + "a" + reason ||
-                    result.errors == "tarvin: " + path + "b" + reason)
+        const std::string reason = ".jpg' to the Trash: No space left on device\n";
+        EXPECT_TRUE(result.errors == "tarvin: cannot move '" + path + "a" + reason ||
+                    result.errors == "tarvin: cannot move '" + path + "b" + reason)
             << result.errors;
         EXPECT_EQ(result.output, "Duplicates Cleaned: 0\nSpace Regained: 0.00 KB \n");
         EXPECT_EQ(contentOf(path + "a.jpg"), "two equal photos");

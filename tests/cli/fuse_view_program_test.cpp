@@ -25,7 +25,7 @@ TEST(CleanOfAView, LeavesTheOnlyCopyThatIsFoundTwice) {
         const ProgramResult result =
             runTarvin(words, {.environment = {{"XDG_DATA_HOME", folder.pathOf("data")}}});
         EXPECT_EQ(result.status, 1);
-        EXPECT_NE(result.errors.find("a.jpg: not moved: "), std::string::npos) << result.errors;
+        EXPECT_NE(result.errors.find("a.jpg' to the Trash: "), std::string::npos) << result.errors;
         EXPECT_EQ(result.output, "Duplicates Cleaned: 0\nSpace Regained: 0.00 KB \n");
         EXPECT_EQ(contentOf(photo), "the only one");
     }

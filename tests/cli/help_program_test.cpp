@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <map>
+#include <sstream>
 #include <string>
 
 namespace tarvin {
@@ -36,24 +37,24 @@ TEST(Help, OfTheProgramNamesItsCommandsWithExamples) {
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(result.output,
-              R"(Finds byte-for-byte identical files and moves copies to the Trash.
+              R"(Find byte-for-byte identical files and move copies to the Trash.
 'tarvin help COMMAND' explains a command.
 
 Usage: tarvin COMMAND [OPTION]...
 
 Options:
-  -h,--help                   Print this text, or that of a command, and exit
-  -V,--version                Print the version and exit
-  --color auto|always|never   Whether to use colour; auto, the default, uses it
-                              on a terminal that has it
+  -h, --help                  Print help and exit
+  -V, --version               Print the version and exit
+  --color auto|always|never   When to use colour [default: auto, on a terminal
+                              that supports it]
 
 Commands:
-  scan                        Finds the files in FOLDER... whose contents are identical.
-  clean                       Moves the duplicates in FOLDER... to the Trash; one file of each set stays.
-  restore                     Puts the files of a clean-up back from the Trash to where they were.
-  exceptions                  Shows or changes the list of files that no scan looks at.
-  totals                      Tells how many files were moved to the Trash over all runs.
-  help                        Explains the program or one of its commands.
+  scan                        Find identical files
+  clean                       Move duplicates to the Trash, keep one of each set
+  restore                     Put the files of a clean-up back from the Trash
+  exceptions                  Show or edit the list of excluded files
+  totals                      Show how many files have been moved to the Trash
+  help                        Show help for the program or a command
 
 Examples:
   tarvin scan ~/Pictures ~/Downloads
@@ -68,73 +69,65 @@ TEST(Help, OfScanExplainsItWithExamples) {
     const ProgramResult result = runTarvin({"scan", "--help"});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors, "");
-    EXPECT_EQ(result.output, R"(Finds the files in FOLDER... whose contents are identical.
+    EXPECT_EQ(result.output, R"(Find identical files
 
 Usage: tarvin scan [OPTION]... FOLDER...
 
 Arguments:
-  FOLDER                      Where to look, everything below included
+  FOLDER                      Folder to scan, with all subfolders
 
 Options:
-  -h,--help                   Print this text, or that of a command, and exit
-  -f,--format text|json|csv   How the result is written; text, the default,
-                              is meant to be read by people
-  -o,--output FILE            Write the result to FILE instead of standard
-                              output
-  --no-exceptions             Look at every file, also at those on the
-                              exceptions list
-  --exceptions FILE           Leave out the files on the list in FILE instead
-                              of those on your own list
+  -h, --help                  Print help and exit
+  -f, --format text|json|csv  Output format [default: text]
+  -o, --output FILE           Write to FILE [default: standard output]
+  --no-exceptions             Ignore the exceptions list
+  --exceptions FILE           Read exceptions from FILE instead of your own list
   --progress auto|always|never
-                              Whether to show progress on standard error; auto,
-                              the default, shows it if that is a terminal
-  --color auto|always|never   Whether to use colour; auto, the default, uses it
-                              on a terminal that has it
+                              When to show progress on standard error
+                              [default: auto, if it is a terminal]
+  --color auto|always|never   When to use colour [default: auto, on a terminal
+                              that supports it]
 
 Examples:
   tarvin scan ~/Pictures ~/Downloads
   tarvin scan --format json --output duplicates.json ~/Pictures
 
-Nothing is changed or removed. Ctrl-C stops the scan; what has been proven by
-then is written. A second Ctrl-C ends the program at once.
+Scanning changes nothing. Ctrl-C stops and prints the sets confirmed so far; a
+second Ctrl-C quits at once.
 
 Exit status:
-  0    the scan is done
-  1    it is done, but a folder or file could not be read, there was not enough
-       memory or the result could not be written
-  2    the command line is wrong, or a list of exceptions or the place of the
-       result is of no use; nothing was done
-  130  the scan was stopped by Ctrl-C or by the signal TERM or HUP
-  141  the reader of the result, such as 'head', went away before its end
+  0    finished
+  1    finished, but a folder or file could not be read, memory ran out or the
+       result could not be written
+  2    usage error, or the exceptions list or output file cannot be used;
+       nothing was done
+  130  stopped by Ctrl-C, SIGTERM or SIGHUP
+  141  the reader of the result, such as 'head', closed the pipe early
 )");
 }
 
 TEST(Help, OfCleanExplainsItWithExamples) {
     EXPECT_EQ(runTarvin({"clean", "--help"}).output,
-              R"(Moves the duplicates in FOLDER... to the Trash; one file of each set stays.
+              R"(Move duplicates to the Trash, keep one of each set
 
 Usage: tarvin clean [OPTION]... FOLDER...
 
 Arguments:
-  FOLDER                      Where to look, everything below included
+  FOLDER                      Folder to scan, with all subfolders
 
 Options:
-  -h,--help                   Print this text, or that of a command, and exit
-  -n,--dry-run                Only tell what would be moved
-  -y,--yes                    Move without asking
-  -f,--format text|json|csv   How the result is written; text, the default,
-                              is meant to be read by people
-  -o,--output FILE            Write the result to FILE instead of standard
-                              output
-  --no-exceptions             Look at every file, also at those on the
-                              exceptions list
-  --exceptions FILE           Leave out the files on the list in FILE instead
-                              of those on your own list
+  -h, --help                  Print help and exit
+  -n, --dry-run               List what would be moved, and move nothing
+  -y, --yes                   Do not ask for confirmation
+  -f, --format text|json|csv  Output format [default: text]
+  -o, --output FILE           Write to FILE [default: standard output]
+  --no-exceptions             Ignore the exceptions list
+  --exceptions FILE           Read exceptions from FILE instead of your own list
   --progress auto|always|never
-                              Whether to show progress on standard error; auto,
-                              the default, shows it if that is a terminal
-  --color auto|always|never   Whether to use colour; auto, the default, uses it
-                              on a terminal that has it
+                              When to show progress on standard error
+                              [default: auto, if it is a terminal]
+  --color auto|always|never   When to use colour [default: auto, on a terminal
+                              that supports it]
 
 Examples:
   tarvin clean --dry-run ~/Pictures ~/Downloads
@@ -142,43 +135,41 @@ Examples:
   tarvin clean --yes --format json ~/Pictures
 
 The first file of each set, as 'tarvin scan' lists it, stays. A file is moved
-only if it is still what the scan saw and another file of its set is still
-there. Nothing is ever deleted outright. Ctrl-C stops between two files.
+only if it and another file of its set have not changed since the scan.
+Nothing is deleted permanently. Ctrl-C stops between two files.
 
 Exit status:
   0    all duplicates were moved, or would be, or you said no
-  1    a folder or file could not be read, a file was not moved, there was not
-       enough memory or something could not be written
-  2    the command line is wrong, there is nobody to ask and no --yes, or the
-       exceptions list or the place of the result is of no use; nothing was done
-  130  stopped by Ctrl-C or by the signal TERM or HUP
-  141  the reader of the report, such as 'head', went away before its end; all
-       duplicates were moved, and standard error has the rest of the report
+  1    a folder or file could not be read, a file was not moved, memory ran out
+       or something could not be written
+  2    usage error, confirmation impossible without a terminal or --yes, or the
+       exceptions list or output file cannot be used; nothing was done
+  130  stopped by Ctrl-C, SIGTERM or SIGHUP
+  141  the reader of the report, such as 'head', closed the pipe early; all
+       duplicates were moved, and the rest of the report is on standard error
 )");
 }
 
 TEST(Help, OfRestoreExplainsItWithExamples) {
     EXPECT_EQ(runTarvin({"restore", "--help"}).output,
-              R"(Puts the files of a clean-up back from the Trash to where they were.
+              R"(Put the files of a clean-up back from the Trash
 
 Usage: tarvin restore [OPTION]... [CLEAN-UP]
 
 Arguments:
-  CLEAN-UP                    Its number, as --list tells it; without one, the
-                              last clean-up that has something to put back
+  CLEAN-UP                    Number of the clean-up, as shown by --list
+                              [default: the last one with files to put back]
 
 Options:
-  -h,--help                   Print this text, or that of a command, and exit
-  -l,--list                   Only list the clean-ups that are known, newest
-                              first
-  -n,--dry-run                Only tell what would be put back
-  -y,--yes                    Put back without asking
-  -f,--format text|json       How the result is written; text, the default,
-                              is meant to be read by people
-  -o,--output FILE            Write the result to FILE instead of standard
-                              output
-  --color auto|always|never   Whether to use colour; auto, the default, uses it
-                              on a terminal that has it
+  -h, --help                  Print help and exit
+  -l, --list                  List the known clean-ups, newest first, and exit
+  -n, --dry-run               List what would be put back, and put back
+                              nothing
+  -y, --yes                   Do not ask for confirmation
+  -f, --format text|json      Output format [default: text]
+  -o, --output FILE           Write to FILE [default: standard output]
+  --color auto|always|never   When to use colour [default: auto, on a terminal
+                              that supports it]
 
 Examples:
   tarvin restore --list
@@ -186,66 +177,66 @@ Examples:
   tarvin restore
   tarvin restore --yes 12
 
-Nothing that is there now is replaced: a file whose name is taken comes back as
-'NAME (put back).EXT'. Folders that are gone are made again. What cannot come
-back stays in the Trash, for another try. Ctrl-C stops between two files.
+Existing files are never replaced: a file whose name is taken is put back as
+'NAME (put back).EXT'. Missing folders are created. A file that cannot be put
+back stays in the Trash. Ctrl-C stops between two files.
 
 Exit status:
   0    all files were put back, or would be, or you said no, or there is nothing
        to put back
   1    a file could not be put back, or something could not be read or written
-  2    the command line is wrong, there is nobody to ask and no --yes, or the
-       place of the result is of no use; nothing was done
-  130  stopped by Ctrl-C or by the signal TERM or HUP
-  141  the reader of the report, such as 'head', went away before its end; all
-       that can be was put back, and standard error has the rest of the report
+  2    usage error, confirmation impossible without a terminal or --yes, or the
+       output file cannot be used; nothing was done
+  130  stopped by Ctrl-C, SIGTERM or SIGHUP
+  141  the reader of the report, such as 'head', closed the pipe early; the
+       files were put back, and the rest of the report is on standard error
 )");
 }
 
 TEST(Help, OfExceptionsExplainsThem) {
     EXPECT_EQ(runTarvin({"exceptions", "--help"}).output,
-              R"(Shows or changes the list of files that no scan looks at.
+              R"(Show or edit the list of excluded files
 
 Usage: tarvin exceptions COMMAND [OPTION]...
 
 Options:
-  -h,--help                   Print this text, or that of a command, and exit
-  --color auto|always|never   Whether to use colour; auto, the default, uses it
-                              on a terminal that has it
+  -h, --help                  Print help and exit
+  --color auto|always|never   When to use colour [default: auto, on a terminal
+                              that supports it]
 
 Commands:
-  list                        Prints the files on the list.
-  add                         Puts FILE... on the list.
-  clear                       Empties the list.
+  list                        Print the excluded files
+  add                         Exclude files
+  clear                       Empty the list
 
 Examples:
   tarvin exceptions add ~/Pictures/keep-both.jpg
   tarvin exceptions list
 
-A file that is moved or renamed is looked at again.
+An exception is a path: a moved or renamed file is scanned again.
 
 Exit status:
   0    done
-  1    a file is not there, or the list could not be read or written
-  2    the command line is wrong; nothing was done
+  1    a file does not exist, or the list could not be read or written
+  2    usage error; nothing was done
 )");
 }
 
 TEST(Help, OfTotalsExplainsThem) {
     EXPECT_EQ(runTarvin({"totals", "--help"}).output,
-              R"(Tells how many files were moved to the Trash over all runs.
+              R"(Show how many files have been moved to the Trash
 
 Usage: tarvin totals [OPTION]...
 
 Options:
-  -h,--help                   Print this text, or that of a command, and exit
-  --color auto|always|never   Whether to use colour; auto, the default, uses it
-                              on a terminal that has it
+  -h, --help                  Print help and exit
+  --color auto|always|never   When to use colour [default: auto, on a terminal
+                              that supports it]
 
 Exit status:
   0    done
-  1    the totals could not be read, or not be printed
-  2    the command line is wrong; nothing was done
+  1    the totals could not be read or printed
+  2    usage error; nothing was done
 )");
 }
 
@@ -268,13 +259,22 @@ TEST(Help, OfAWordIsThatOfItsOption) {
     }
 }
 
+TEST(Help, FitsIntoEightyColumns) {
+    for (const char* command : {"help", "scan", "clean", "restore", "exceptions", "totals"}) {
+        std::istringstream lines(runTarvin({"help", command}).output + runTarvin({"help"}).output);
+        for (std::string line; std::getline(lines, line);) {
+            EXPECT_LE(line.size(), 80U) << line;
+        }
+    }
+}
+
 TEST(Help, OfAnUnknownCommandIsRefused) {
     for (const auto& [words, errors] : std::map<ProgramRun::Words, std::string>{
-             {{"help", "purge"}, "tarvin: purge is no command\nTry 'tarvin --help'.\n"},
+             {{"help", "purge"}, "tarvin: unknown command 'purge'\nTry 'tarvin --help'.\n"},
              {{"help", "exceptions", "forget"},
-              "tarvin: forget is no command\nTry 'tarvin exceptions --help'.\n"},
+              "tarvin: unknown command 'forget'\nTry 'tarvin exceptions --help'.\n"},
              {{"help", "scan", "clean"},
-              "tarvin: clean is no command\nTry 'tarvin scan --help'.\n"}}) {
+              "tarvin: unknown command 'clean'\nTry 'tarvin scan --help'.\n"}}) {
         const ProgramResult result = runTarvin(words);
         EXPECT_EQ(result.status, 2);
         EXPECT_EQ(result.output, "");
@@ -293,7 +293,7 @@ TEST(Help, ThatCannotBeWrittenIsAFailure) {
     const ProgramResult result = runTarvin({"--help"}, {.output = full});
     ::close(full);
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "tarvin: standard output: No space left on device\n");
+    EXPECT_EQ(result.errors, "tarvin: cannot write standard output: No space left on device\n");
 }
 
 }  // namespace

@@ -7,17 +7,17 @@ namespace {
 
 TEST(Messages, GoToStandardErrorUnderTheProgramsName) {
     testing::internal::CaptureStderr();
-    complain("something is wrong");
+    printError("something is wrong");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "tarvin: something is wrong\n");
 }
 
 TEST(Messages, APathIsQuotedWhereNeeded) {
     testing::internal::CaptureStderr();
-    complainAbout("/plain path", "gone");
-    complainAbout("/\x1B[31m\n", "gone");
+    printPathError("read", "/plain path", "gone");
+    printPathError("read", "/\x1B[31m\n", "gone");
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "tarvin: /plain path: gone\n"
-              "tarvin: $'/\\x1b[31m\\n': gone\n");
+              "tarvin: cannot read '/plain path': gone\n"
+              "tarvin: cannot read $'/\\x1b[31m\\n': gone\n");
 }
 
 }  // namespace

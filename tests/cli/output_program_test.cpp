@@ -81,7 +81,7 @@ TEST_F(ResultOutput, ThePathOfStandardOutputIsStandardOutput) {
 TEST_F(ResultOutput, AFullDiskIsAFailure) {
     const ProgramResult result = runTarvin(scanTo("/dev/full"));
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "tarvin: /dev/full: No space left on device\n");
+    EXPECT_EQ(result.errors, "tarvin: cannot write '/dev/full': No space left on device\n");
 }
 
 TEST_F(ResultOutput, AFullDiskBehindStandardOutputIsAFailure) {
@@ -90,7 +90,7 @@ TEST_F(ResultOutput, AFullDiskBehindStandardOutputIsAFailure) {
     const ProgramResult result = runTarvin(scanTo("-"), {.output = full});
     ::close(full);
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "tarvin: standard output: No space left on device\n");
+    EXPECT_EQ(result.errors, "tarvin: cannot write standard output: No space left on device\n");
 }
 
 TEST_F(ResultOutput, AReaderThatHasGoneAwayEndsItQuietly) {
@@ -136,7 +136,7 @@ TEST_F(ResultOutput, AFailureIsToldEvenIfEverythingElseWentWell) {
     const ProgramResult result = runTarvin(scanTo("-"), {.output = reading});
     ::close(reading);
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "tarvin: standard output: Bad file descriptor\n");
+    EXPECT_EQ(result.errors, "tarvin: cannot write standard output: Bad file descriptor\n");
 }
 
 TEST_F(ResultOutput, AStandardOutputThatIsClosedIsAFailureAndNoOtherFileIsWrittenTo) {
@@ -146,7 +146,7 @@ TEST_F(ResultOutput, AStandardOutputThatIsClosedIsAFailureAndNoOtherFileIsWritte
     const int status = std::system(command.c_str());  // NOLINT(concurrency-mt-unsafe)
     EXPECT_EQ(WEXITSTATUS(status), 1);
     EXPECT_EQ(contentOf(folder_.pathOf("errors")),
-              "tarvin: standard output: Bad file descriptor\n");
+              "tarvin: cannot write standard output: Bad file descriptor\n");
     EXPECT_EQ(contentOf(folder_.pathOf("photos/a.jpg")), "photo");
 }
 

@@ -23,7 +23,8 @@ class RestoreJournal : public RestoreFixture {
             const ProgramResult result = tarvin(words);
             EXPECT_EQ(result.status, 1);
             EXPECT_EQ(result.output, "");
-            EXPECT_EQ(result.errors, "tarvin: " + path + ": " + reason + "\n");
+            EXPECT_EQ(result.errors,
+                      "tarvin: cannot open journal '" + path + "': " + reason + "\n");
         }
         EXPECT_EQ(trashed(), 1U);
     }
@@ -45,7 +46,8 @@ TEST_F(RestoreJournal, ThatIsLockedIsNamed) {
     ASSERT_TRUE(lock.isOpen());
     const ProgramResult result = restore();
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "tarvin: " + journal() + ": in use by another process\n");
+    EXPECT_EQ(result.errors,
+              "tarvin: cannot open journal '" + journal() + "': in use by another process\n");
     lock.reset();
     EXPECT_EQ(restore().status, 0);
 }
@@ -55,8 +57,8 @@ TEST_F(RestoreJournal, WhoseTotalsAreDamagedPutsBackAndSaysSo) {
     std::ofstream(totals) << "damaged";
     const ProgramResult result = restore();
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "tarvin: " + totals + ": could not be used; it is kept as " + totals +
-                                 ".unreadable and a new one was begun\n");
+    EXPECT_EQ(result.errors, "tarvin: '" + totals + "' is damaged; kept as '" + totals +
+                                 ".unreadable', and a new file was started\n");
     EXPECT_EQ(trashed(), 0U);
 }
 

@@ -53,7 +53,7 @@ TEST_F(Restore, TellsEachFileAndTheSums) {
     const std::string moved = clean().front();
     EXPECT_EQ(tarvin({"restore", "-n"}).output, "Would put back: " + moved +
                                                     "\nFiles To Put Back: 1\nSize: 0.01 KB\n"
-                                                    "Nothing was put back.\n");
+                                                    "Dry run: nothing was put back.\n");
     EXPECT_EQ(restore().output, "Put back: " + moved + "\nFiles Put Back: 1\nSize: 0.01 KB\n");
 }
 
@@ -96,17 +96,18 @@ TEST_F(Restore, OfAnUnknownNumberIsWrongUsage) {
         EXPECT_EQ(result.output, "");
         EXPECT_EQ(result.errors, "tarvin: " + text + "\nTry 'tarvin restore --help'.\n");
     };
-    const std::string unknown = "; 'tarvin restore --list' lists them";
-    expectRefused("1", "no clean-up has the number 1" + unknown);
+    const std::string unknown = "'; 'tarvin restore --list' lists the known ones";
+    expectRefused("1", "unknown clean-up '1" + unknown);
     clean();
     for (const std::string number : {"2", "0", "99999999999999999999"}) {
-        expectRefused(number, "no clean-up has the number " + number + unknown);
+        expectRefused(number, "unknown clean-up '" + number + unknown);
     }
+    const std::string expected = "' for CLEAN-UP: expected a number, as shown by --list";
     for (const std::string word : {"x", "1x", "1.0", " 1", "last"}) {
-        expectRefused(word, word + " is not the number of a clean-up");
+        expectRefused(word, "invalid value '" + word + expected);
     }
-    expectRefused("", "$'' is not the number of a clean-up");
-    expectRefused("-3", "-3 is not the number of a clean-up");
+    expectRefused("", "invalid value $'" + expected);
+    expectRefused("-3", "invalid value '-3" + expected);
     EXPECT_EQ(trashed(), 1U);
 }
 
@@ -158,7 +159,7 @@ TEST_F(Restore, LeavesInTheTrashWhatWasChangedThere) {
     const ProgramResult result = restore();
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.errors,
-              "tarvin: " + moved[0] + ": not put back: it was changed in the Trash\n");
+              "tarvin: cannot put back '" + moved[0] + "': file was changed in the Trash\n");
     EXPECT_THAT(result.output, EndsWith("Files Put Back: 1\nSize: 0.01 KB\n"));
     EXPECT_EQ(contentOf(inTrash(moved[0])), "equal filemore");
     EXPECT_EQ(notes(), 1U);
@@ -177,7 +178,7 @@ TEST_F(Restore, TellsOfFilesThatAreNoLongerInTheTrash) {
     const ProgramResult result = restore();
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.errors,
-              "tarvin: " + moved[1] + ": not put back: it is not in the Trash any more\n");
+              "tarvin: cannot put back '" + moved[1] + "': no longer in the Trash\n");
     EXPECT_TRUE(fs::exists(moved[0]));
     EXPECT_THAT(tarvin({"restore", "--list"}).output,
                 EndsWith("  2 files (0.02 KB), 1 put back, 1 no longer in the Trash\n"));
@@ -206,7 +207,7 @@ TEST_F(Restore, DoesNotFollowAFolderThatIsALinkNow) {
     fs::create_directory_symlink(other, folder);
     const ProgramResult result = restore();
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "tarvin: " + moved + ": not put back: its folder is a link now\n")
+    EXPECT_EQ(result.errors, "tarvin: cannot put back '" + moved + "': its folder is a link now\n")
         << result.output;
     EXPECT_EQ(trashed(), 1U);
     // Still there for another try.
@@ -226,7 +227,7 @@ TEST_F(Restore, TellsWhyAFolderTakesNothing) {
     const ProgramResult result = runTarvin({"restore", "--yes"}, obeying);
     fs::permissions(folder, fs::perms::owner_all);
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "tarvin: " + moved + ": not put back: Permission denied\n");
+    EXPECT_EQ(result.errors, "tarvin: cannot put back '" + moved + "': Permission denied\n");
     EXPECT_EQ(trashed(), 1U);
     EXPECT_EQ(restore().status, 0);
 }
@@ -279,7 +280,7 @@ TEST_F(Restore, TellsInJsonWhatBecameOfEachFile) {
     EXPECT_THAT(json["files"][0]["putBackPath"].get<std::string>(), EndsWith(" (put back).jpg"));
     EXPECT_FALSE(json["files"][0].contains("reason"));
     EXPECT_EQ(json["files"][1]["outcome"], "lost");
-    EXPECT_EQ(json["files"][1]["reason"], "it is not in the Trash any more");
+    EXPECT_EQ(json["files"][1]["reason"], "no longer in the Trash");
     EXPECT_FALSE(json["files"][1].contains("putBackPath"));
 }
 
@@ -346,8 +347,8 @@ TEST_F(Restore, WithNobodyToAskRefusesBeforeItLooks) {
     const ProgramResult result = tarvin({"restore"});
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.errors,
-              "tarvin: there is nobody to ask; give --yes, or --dry-run to see what would be put "
-              "back\n");
+              "tarvin: cannot ask for confirmation: standard input or standard error is not a "
+              "terminal; use --yes to put files back, or --dry-run to list them\n");
     EXPECT_EQ(trashed(), 1U);
 }
 
@@ -357,7 +358,7 @@ TEST_F(Restore, AListIsNothingThatIsPutBack) {
     for (const std::string more : {"--dry-run", "--yes", "1"}) {
         const ProgramResult result = tarvin({"restore", "--list", more});
         EXPECT_EQ(result.status, 2) << more;
-        EXPECT_THAT(result.errors, HasSubstr(" excludes ")) << more;
+        EXPECT_THAT(result.errors, HasSubstr(" cannot be combined\n")) << more;
     }
     EXPECT_EQ(trashed(), 1U);
 }
@@ -384,7 +385,7 @@ TEST_F(Restore, GoesOnWithoutAReaderAndReportsToStandardError) {
     const ProgramResult result = runTarvin({"restore", "--yes", "-f", "json"}, unread);
     EXPECT_EQ(result.status, 141);
     EXPECT_EQ(result.errors,
-              "tarvin: standard output: Broken pipe; the rest of the report follows\n"
+              "tarvin: cannot write standard output: Broken pipe; the rest of the report follows\n"
               "Put back: " +
                   moved[0] + "\nPut back: " + moved[1] + "\nFiles Put Back: 2\nSize: 0.02 KB\n");
     EXPECT_EQ(trashed(), 0U);

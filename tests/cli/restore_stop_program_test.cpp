@@ -75,7 +75,7 @@ TEST_F(RestoreAsking, NobodyIsAskedWhereNothingCanComeBack) {
     EXPECT_EQ(run.wait().status, 1);
     terminal.closeProgramsEnd();
     const std::string told = terminal.readAll();
-    EXPECT_THAT(told, HasSubstr(": not put back: it was changed in the Trash"));
+    EXPECT_THAT(told, HasSubstr("': file was changed in the Trash"));
     EXPECT_EQ(told.find("[y/N]"), std::string::npos);
 }
 

@@ -45,7 +45,7 @@ TEST(RestoreWriter, TellsPeopleWhatCameBackAndHow) {
               "Put back: /p/a.jpg\n"
               "Put back: /b.jpg, now named b (put back).jpg\n"
               "Put back: /p/c/c.jpg, its folder made again\n"
-              "Stopped before the end.\n"
+              "Stopped early; the remaining files were not put back.\n"
               "Files Put Back: 3\n"
               "Size: 3.00 KB\n");
 }
@@ -55,10 +55,10 @@ TEST(RestoreWriter, TellsPeopleThePlan) {
               "Would put back: /p/a.jpg\n"
               "Would put back: /b.jpg, to be named b (put back).jpg\n"
               "Would put back: /p/c/c.jpg, its folder to be made again\n"
-              "Stopped before the end.\n"
+              "Stopped early; the remaining files were not put back.\n"
               "Files To Put Back: 3\n"
               "Size: 3.00 KB\n"
-              "Nothing was put back.\n");
+              "Dry run: nothing was put back.\n");
 }
 
 TEST(RestoreWriter, TellsProgramsEveryFile) {
@@ -72,7 +72,7 @@ TEST(RestoreWriter, TellsProgramsEveryFile) {
              "putBackPath": "/b (put back).jpg"},
             {"filePath": "/p/c/c.jpg", "fileSize": 1000, "outcome": "withItsFolder"},
             {"filePath": "/p/d.jpg", "fileSize": 1000, "outcome": "lost",
-             "reason": "it is not in the Trash any more"}],
+             "reason": "no longer in the Trash"}],
         "putBackFilesCount": 3, "putBackFilesSize": 3000, "notPutBackFilesCount": 1})"));
 }
 
@@ -117,10 +117,10 @@ TEST(RestoreWriter, TellsWhyThereIsNothing) {
 
 TEST(RestoreWriter, HasAReasonForEachOutcome) {
     const auto reason = [](PutBackOutcome outcome) { return reasonFor(fileAt("/a", outcome)); };
-    EXPECT_EQ(reason(PutBackOutcome::lost), "it is not in the Trash any more");
-    EXPECT_EQ(reason(PutBackOutcome::changed), "it was changed in the Trash");
-    EXPECT_EQ(reason(PutBackOutcome::notAttached), "its drive is not attached");
-    EXPECT_EQ(reason(PutBackOutcome::stopped), "stopped before");
+    EXPECT_EQ(reason(PutBackOutcome::lost), "no longer in the Trash");
+    EXPECT_EQ(reason(PutBackOutcome::changed), "file was changed in the Trash");
+    EXPECT_EQ(reason(PutBackOutcome::notAttached), "drive not attached");
+    EXPECT_EQ(reason(PutBackOutcome::stopped), "stopped before its turn");
     PutBackFile refused = fileAt("/a", PutBackOutcome::refused);
     refused.reason = "Permission denied";
     EXPECT_EQ(reasonFor(refused), "Permission denied");

@@ -231,11 +231,12 @@ TEST_F(Scan, FoldersThatCannotBeReadAreToldAndTheOthersScanned) {
     write("b/x.jpg", "photo");
     const ProgramResult result = scan("json", {"a", "missing", "a/x.jpg", "", "no/../way", "b"});
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, placed("tarvin: $'': No such file or directory\n"
-                                    "tarvin: DIR/missing: No such file or directory\n"
-                                    "tarvin: DIR/a/x.jpg: Not a directory\n"
-                                    "tarvin: DIR/no/../way: No such file or directory\n",
-                                    folder_.path()));
+    EXPECT_EQ(result.errors,
+              placed("tarvin: cannot read folder $'': No such file or directory\n"
+                     "tarvin: cannot read folder 'DIR/missing': No such file or directory\n"
+                     "tarvin: cannot read folder 'DIR/a/x.jpg': Not a directory\n"
+                     "tarvin: cannot read folder 'DIR/no/../way': No such file or directory\n",
+                     folder_.path()));
     EXPECT_EQ(setsIn(parsedJson(result.output), folder_.path()), (Sets{{"/a/x.jpg", "/b/x.jpg"}}));
 }
 
@@ -249,8 +250,8 @@ TEST_F(Scan, WhatCannotBeReadInsideAFolderIsToldAndNotCompared) {
     std::filesystem::permissions(folder, std::filesystem::perms::none);
     const ProgramSetting setting{.folder = folder_.path(), .obeysPermissions = true};
     const std::string told = placed(
-        "tarvin: DIR/tree/closed: Permission denied\n"
-        "tarvin: DIR/tree/c.jpg: Permission denied\n",
+        "tarvin: cannot read folder 'DIR/tree/closed': Permission denied\n"
+        "tarvin: cannot read 'DIR/tree/c.jpg': Permission denied\n",
         folder_.path());
     const ProgramResult json = runTarvin({"scan", "--format", "json", "tree"}, setting);
     EXPECT_EQ(json.status, 1);
@@ -274,8 +275,8 @@ TEST_F(Scan, OfManyThatCannotBeReadTwentyAreNamedAndAllListed) {
                                            {.folder = folder_.path(), .obeysPermissions = true});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 21);
-    EXPECT_NE(result.errors.find("/tree/119: Permission denied\n"), std::string::npos);
-    EXPECT_TRUE(result.errors.ends_with("tarvin: 3 more folders and files could not be read\n"))
+    EXPECT_NE(result.errors.find("/tree/119': Permission denied\n"), std::string::npos);
+    EXPECT_TRUE(result.errors.ends_with("tarvin: cannot read 3 more files and folders\n"))
         << result.errors;
     EXPECT_EQ(Json::parse(result.output)["unreadable"].size(), 23U);
 }
@@ -285,9 +286,11 @@ TEST_F(Scan, ATrashIsNotScannedWhicheverWayItIsNamed) {
     write("volume/.Trash-1000/files/b.jpg", "photo");
     const ProgramResult result = scan("json", {"volume/.Trash-1000/files"});
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors,
-              placed("tarvin: DIR/volume/.Trash-1000/files: Trash folders are never scanned\n",
-                     folder_.path()));
+    EXPECT_EQ(
+        result.errors,
+        placed(
+            "tarvin: cannot scan 'DIR/volume/.Trash-1000/files': Trash folders are never scanned\n",
+            folder_.path()));
     EXPECT_EQ(Json::parse(result.output)["totalFiles"], 0);
 }
 
@@ -310,7 +313,7 @@ TEST_F(Scan, WithoutEnoughMemoryEndsWithAMessage) {
     const ProgramResult result =
         runTarvin({"scan", "tree"}, {.folder = folder_.path(), .mostMemory = fewBytes});
     EXPECT_EQ(result.status, limitsMemory ? 1 : 0) << result.errors;
-    EXPECT_EQ(result.errors.find("there is not enough memory") != std::string::npos, limitsMemory)
+    EXPECT_EQ(result.errors.find("out of memory") != std::string::npos, limitsMemory)
         << result.errors;
 }
 

@@ -89,7 +89,8 @@ TEST_F(Stop, AResultThatCannotBeWrittenCountsMore) {
     run.send(SIGINT);
     const ProgramResult result = run.wait();
     EXPECT_EQ(result.status, 1);
-    EXPECT_TRUE(result.errors.ends_with("tarvin: /dev/full: No space left on device\n"))
+    EXPECT_TRUE(
+        result.errors.ends_with("tarvin: cannot write '/dev/full': No space left on device\n"))
         << result.errors;
 }
 

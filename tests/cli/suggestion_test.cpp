@@ -65,7 +65,7 @@ TEST(Suggestion, AKnownWordInTheWrongPlaceIsNoSlip) {
 }
 
 TEST(Suggestion, IsTheEndOfAMessage) {
-    EXPECT_EQ(suggestionFor("scna", commands), ". Did you mean scan?");
+    EXPECT_EQ(suggestionFor("scna", commands), "; did you mean 'scan'?");
     EXPECT_EQ(suggestionFor("purge", commands), "");
 }
 

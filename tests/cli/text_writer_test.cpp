@@ -91,7 +91,7 @@ TEST(TextWriter, ThatNoFileHasATwinIsSaid) {
     MadeUpReport report;
     report.setCollected(Category::video, 2);
     EXPECT_EQ(textOf(report),
-              "Every file is the only one of its content.\n"
+              "No duplicates found.\n"
               "2 files compared. Elapsed Time: 00:00:00\n");
 }
 
@@ -99,8 +99,8 @@ TEST(TextWriter, AScanThatWasStoppedClaimsNothingForTheRest) {
     MadeUpReport report;
     report.setStopped();
     EXPECT_EQ(textOf(report),
-              "The scan was stopped before its end.\n"
-              "No duplicates were found by then.\n"
+              "Scan stopped early; the result is incomplete.\n"
+              "No duplicates found so far.\n"
               "0 files collected. Elapsed Time: 00:00:00\n");
 }
 
@@ -116,7 +116,7 @@ TEST(TextWriter, WhatAStoppedScanHasProvenIsShown) {
               "      /a.mp3\n"
               "      /b.mp3\n"
               "\n"
-              "The scan was stopped before its end.\n"
+              "Scan stopped early; the result is incomplete.\n"
               "1 duplicate file in 1 set. 3.00 KB can be regained.\n"
               "50 files collected. Elapsed Time: 00:00:00\n");
 }

@@ -49,5 +49,13 @@ TEST(Printable, AQuestionMarkStandsForWhatIsNotHarmless) {
     EXPECT_EQ(printable(""), "");
 }
 
+TEST(QuotedName, HasQuotationMarksOrTheShellNotation) {
+    EXPECT_EQ(quotedName("/a b.jpg"), "'/a b.jpg'");
+    EXPECT_EQ(quotedName("/back\\slash"), "'/back\\slash'");
+    EXPECT_EQ(quotedName("/it's"), R"($'/it\'s')");
+    EXPECT_EQ(quotedName("/two\nlines"), R"($'/two\nlines')");
+    EXPECT_EQ(quotedName(""), "$''");
+}
+
 }  // namespace
 }  // namespace tarvin
