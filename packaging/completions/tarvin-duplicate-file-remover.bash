@@ -11,7 +11,7 @@ _tarvin_duplicate_file_remover() {
         mapfile -t COMPREPLY < <(compgen -W '--help --version' -- "$word")
         return
     fi
-    # Names are quoted by bash itself once it knows that they are names.
+    # With "filenames", bash quotes the names itself.
     compopt -o filenames 2>/dev/null
     mapfile -t COMPREPLY < <(compgen -d -- "$word")
 }

@@ -4,7 +4,7 @@ _tarvin_offer() {
     mapfile -t COMPREPLY < <(compgen "$@")
 }
 
-# Names of files and folders are quoted by bash itself once it knows that they are names.
+# With "filenames", bash quotes the names itself.
 _tarvin_offer_names() {
     compopt -o filenames 2>/dev/null
     _tarvin_offer "$@"
@@ -14,7 +14,7 @@ _tarvin() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} options i
     COMPREPLY=()
 
-    # bash makes three words of "--format=json".
+    # bash splits "--format=json" into three words.
     if [[ $word == = ]]; then
         word=
     elif [[ $before == = ]] && ((COMP_CWORD >= 2)); then
