@@ -1,7 +1,7 @@
 #include "cli/usage_texts.h"
 
 #include "cli/parser.h"
-#include "cli/shown_name.h"
+#include "text/shown_name.h"
 #include "cli/suggestion.h"
 
 #include <CLI/CLI.hpp>

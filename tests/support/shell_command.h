@@ -9,8 +9,9 @@ struct CommandResult {
     std::string output;  ///< standard output and standard error, in the order they were written
 };
 
-/// Runs `command` in the project's root with /bin/sh and an empty standard input. Blocks until it
-/// ends.
+/// Runs `command` with /bin/sh in the project's root, with empty standard input, and waits until
+/// the shell has ended. Then kills the processes of its group that are left, so that none outlives
+/// the test. A daemon that has left the group goes on; its output is not waited for.
 [[nodiscard]] CommandResult runCommand(const std::string& command);
 
 }  // namespace tarvin
