@@ -489,6 +489,28 @@ TEST_F(CleanUnread, AReportThatOutgrowsItsVolumeIsKeptAndItsRestTold) {
     expectAllMovedAndCounted();
 }
 
+TEST_F(CleanUnread, ASecondCtrlCWhileMovingStillCompletesReportAndTotals) {
+    Pipe pipe;
+    // Takes about 40 of the files, so that the program waits in the middle of its moves.
+    ASSERT_GT(::fcntl(pipe.writing(), F_SETPIPE_SZ, 4096), 0);
+    ProgramSetting unread = setting();
+    unread.output = pipe.writing();
+    ProgramRun run({"clean", "--yes", "--format", "json", photos()}, unread);
+    pipe.closeWriting();
+    EXPECT_TRUE(waitUntil([&] { return pipe.hasSomething(); }));
+    run.sendTwo(SIGINT, SIGTERM);
+    const Json json = parsedJson(pipe.readAll());
+    EXPECT_EQ(run.wait().status, 130);
+    ASSERT_TRUE(json.is_object()) << "The report is not whole.";
+    EXPECT_EQ(json["stopped"], true);
+    EXPECT_EQ(json["files"].size(), moved);
+    const auto inTrash = json["deletedFilesCount"].get<std::size_t>();
+    EXPECT_EQ(trashed().size(), inTrash);
+    EXPECT_LT(inTrash, moved);
+    EXPECT_NE(tarvin({"totals"}).output.find(": " + std::to_string(inTrash) + " ("),
+              std::string::npos);
+}
+
 TEST_F(CleanUnread, ADryRunEndsQuietly) {
     Pipe pipe;
     pipe.closeReading();

@@ -1,6 +1,7 @@
 #include "cli/program_run.h"
 
 #include "cli/pipe.h"
+#include "support/waiting.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -16,6 +17,7 @@
 #include <array>
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <utility>
 
 namespace tarvin {
@@ -70,6 +72,19 @@ std::vector<char*> pointersTo(ProgramRun::Words& words) {
     return pointers;
 }
 
+/// Whether a signal waits for a process that blocks it.
+bool isPending(pid_t process, int signal) {
+    std::ifstream file("/proc/" + std::to_string(process) + "/status");
+    const std::string key = "ShdPnd:\t";
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with(key)) {
+            const std::uint64_t pending = std::stoull(line.substr(key.size()), nullptr, 16);
+            return ((pending >> static_cast<unsigned>(signal - 1)) & 1U) != 0;
+        }
+    }
+    return false;
+}
+
 int statusOf(int waitStatus) {
     return WIFSIGNALED(waitStatus) ? 128 + WTERMSIG(waitStatus) : WEXITSTATUS(waitStatus);
 }
@@ -112,6 +127,13 @@ ProgramRun::~ProgramRun() {
 
 void ProgramRun::send(int signal) const {
     ::kill(process_, signal);
+}
+
+void ProgramRun::sendTwo(int first, int second) const {
+    for (const int signal : {first, second}) {
+        send(signal);
+        EXPECT_TRUE(waitUntil([&] { return !isPending(process_, signal); })) << signal;
+    }
 }
 
 void ProgramRun::waitForError(const std::string& text) {

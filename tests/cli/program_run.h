@@ -54,6 +54,9 @@ class ProgramRun final {
     ~ProgramRun();
 
     void send(int signal) const;
+    /// Sends two different signals, which cannot be merged, and returns when the program has taken
+    /// both from its queue.
+    void sendTwo(int first, int second) const;
     /// Returns when `text` has come from its standard error, or the program has ended.
     void waitForError(const std::string& text);
     /// Returns when the program has ended.
