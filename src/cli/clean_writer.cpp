@@ -1,7 +1,7 @@
 #include "cli/clean_writer.h"
 
 #include "cli/csv_field.h"
-#include "cli/harmless_json.h"
+#include "cli/json_entries.h"
 #include "scan/clean_texts.h"
 #include "scan/texts.h"
 #include "text/hexadecimal.h"
@@ -61,7 +61,8 @@ class CleanTextWriter final : public CleanWriter {
 
 class CleanJsonWriter final : public CleanWriter {
  public:
-    CleanJsonWriter(bool dryRun, Output& output) : dryRun_(dryRun), output_(output) {}
+    CleanJsonWriter(bool dryRun, Output& output)
+        : dryRun_(dryRun), output_(output), entries_(output) {}
 
     void begin() override {
         output_.append(dryRun_ ? "{\n  \"dryRun\": true,\n" : "{\n  \"dryRun\": false,\n");
@@ -69,26 +70,19 @@ class CleanJsonWriter final : public CleanWriter {
     }
 
     void file(const File& file, const std::optional<MoveResult>& result) override {
-        const std::string path = file.filePath();
         nlohmann::ordered_json entry;
-        const bool isUtf8 = isValidUtf8(path);
-        entry["filePath"] = isUtf8 ? path : withBadBytesReplaced(path);
-        if (!isUtf8) {
-            entry["filePathBytes"] = hexadecimal(path);
-        }
+        addPath(entry, "filePath", file.filePath());
         entry["fileSize"] = file.fileSize();
         entry["outcome"] = wordFor(result);
         if (result && (result->outcome != MoveOutcome::moved || !result->reason.empty())) {
             entry["reason"] = withBadBytesReplaced(reasonFor(*result));
         }
-        output_.append(isFirst_ ? "\n    " : ",\n    ");
-        output_.append(harmlessJson(entry.dump()));
-        isFirst_ = false;
+        entries_.add(entry);
     }
 
     void end(const CleanSummary& summary) override {
-        output_.append(isFirst_ ? "],\n" : "\n  ],\n");
-        output_.append("  \"deletedFilesCount\": ");
+        entries_.close();
+        output_.append(",\n  \"deletedFilesCount\": ");
         output_.appendNumber(summary.deletedCount);
         output_.append(",\n  \"deletedFilesSize\": ");
         output_.appendNumber(summary.deletedSize);
@@ -99,7 +93,7 @@ class CleanJsonWriter final : public CleanWriter {
  private:
     const bool dryRun_;
     Output& output_;
-    bool isFirst_ = true;
+    JsonEntries entries_;
 };
 
 class CleanCsvWriter final : public CleanWriter {

@@ -1,8 +1,8 @@
 #include "cli/restore_writer.h"
 
 #include "cli/counted.h"
-#include "cli/harmless_json.h"
 #include "cli/iso_date.h"
+#include "cli/json_entries.h"
 #include "cli/local_date.h"
 #include "scan/texts.h"
 #include "text/hexadecimal.h"
@@ -101,7 +101,7 @@ class RestoreTextWriter final : public RestoreWriter {
 class RestoreJsonWriter final : public RestoreWriter {
  public:
     RestoreJsonWriter(const RestoreSubject& subject, Output& output)
-        : subject_(subject), output_(output) {}
+        : subject_(subject), output_(output), entries_(output) {}
 
     void begin() override {
         output_.append(subject_.dryRun ? "{\n  \"dryRun\": true,\n" : "{\n  \"dryRun\": false,\n");
@@ -120,9 +120,7 @@ class RestoreJsonWriter final : public RestoreWriter {
         } else if (file.outcome == PutBackOutcome::underOtherName) {
             addPath(entry, "putBackPath", putBackPathOf(file));
         }
-        output_.append(isFirst_ ? "\n    " : ",\n    ");
-        output_.append(harmlessJson(entry.dump()));
-        isFirst_ = false;
+        entries_.add(entry);
     }
 
     void end(const RestoreSummary& summary) override { endWith(summary, ""); }
@@ -132,18 +130,9 @@ class RestoreJsonWriter final : public RestoreWriter {
     }
 
  private:
-    static void addPath(nlohmann::ordered_json& entry, const std::string& key,
-                        const std::string& path) {
-        const bool isUtf8 = isValidUtf8(path);
-        entry[key] = isUtf8 ? path : withBadBytesReplaced(path);
-        if (!isUtf8) {
-            entry[key + "Bytes"] = hexadecimal(path);
-        }
-    }
-
     void endWith(const RestoreSummary& summary, std::string_view last) {
-        output_.append(isFirst_ ? "],\n" : "\n  ],\n");
-        output_.append("  \"putBackFilesCount\": ");
+        entries_.close();
+        output_.append(",\n  \"putBackFilesCount\": ");
         output_.appendNumber(summary.files);
         output_.append(",\n  \"putBackFilesSize\": ");
         output_.appendNumber(summary.bytes);
@@ -156,12 +145,12 @@ class RestoreJsonWriter final : public RestoreWriter {
 
     const RestoreSubject subject_;
     Output& output_;
-    bool isFirst_ = true;
+    JsonEntries entries_;
 };
 
 void writeCleanUpsAsJson(const std::vector<KnownCleanUp>& cleanUps, Output& output) {
     output.append("{\n  \"cleanUps\": [");
-    bool isFirst = true;
+    JsonEntries entries(output);
     for (const KnownCleanUp& known : cleanUps) {
         nlohmann::ordered_json entry;
         entry["cleanUp"] = known.summary.id;
@@ -170,11 +159,10 @@ void writeCleanUpsAsJson(const std::vector<KnownCleanUp>& cleanUps, Output& outp
         entry["movedFilesSize"] = known.summary.movedBytes;
         entry["putBackFilesCount"] = known.putBackFiles;
         entry["lostFilesCount"] = known.lostFiles;
-        output.append(isFirst ? "\n    " : ",\n    ");
-        output.append(entry.dump());
-        isFirst = false;
+        entries.add(entry);
     }
-    output.append(isFirst ? "]\n}\n" : "\n  ]\n}\n");
+    entries.close();
+    output.append("\n}\n");
 }
 
 std::string lineFor(const KnownCleanUp& known) {
