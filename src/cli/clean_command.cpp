@@ -7,6 +7,7 @@
 #include "cli/lasting_report.h"
 #include "cli/messages.h"
 #include "cli/question.h"
+#include "cli/quit.h"
 #include "cli/scan_setup.h"
 #include "scan/clean_texts.h"
 #include "scan/texts.h"
@@ -14,7 +15,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <cstdlib>
 #include <memory>
 #include <optional>
 #include <unordered_set>
@@ -171,16 +171,14 @@ void CleanCommand::stopOnFirstSignal(FolderScan& scan, const OutputFile& output)
     scan.requestStop();
     if (stage_ == Stage::asking) {
         // Nothing has been done, and the question waits for a line.
-        output.removeTemporary();
-        std::_Exit(static_cast<int>(ExitStatus::stopped));
+        quitAtOnce(output);
     }
 }
 
 /// Not while files are moved: what has been moved must be told and counted.
 void CleanCommand::endOnSecondSignal(const OutputFile& output) const {
     if (stage_ != Stage::moving) {
-        output.removeTemporary();
-        std::_Exit(static_cast<int>(ExitStatus::stopped));
+        quitAtOnce(output);
     }
 }
 

@@ -32,7 +32,7 @@ constexpr const char* exceptionsExamples =
     "  1    a file does not exist, or the list could not be read or written\n"
     "  2    usage error; nothing was done";
 
-ExitStatus failed(std::string_view action, const StoreError& error) {
+ExitStatus listFailure(std::string_view action, const StoreError& error) {
     printStoreError(action, error);
     return ExitStatus::incomplete;
 }
@@ -107,7 +107,7 @@ ExitStatus ExceptionsCommand::run() {
     ExceptionFile exceptions(folder);
     const std::optional<StoreError> failure = exceptions.load();
     if (list_->parsed()) {
-        return failure ? failed("read exceptions list", *failure) : list(exceptions);
+        return failure ? listFailure("read exceptions list", *failure) : list(exceptions);
     }
     // A list of no use is put aside by the writing.
     return add_->parsed() ? add(exceptions) : clear(exceptions);
@@ -138,7 +138,7 @@ ExitStatus ExceptionsCommand::add(ExceptionFile& exceptions) const {
         return ExitStatus::incomplete;
     }
     if (const std::optional<StoreError> failure = exceptions.addExceptions(paths)) {
-        return failed("write exceptions list", *failure);
+        return listFailure("write exceptions list", *failure);
     }
     const ExitStatus status = print(asLine(exceptionsAddedText(paths.size())));
     const bool isWhole = paths.size() == files_.size() && !toldPutAside(exceptions);
@@ -147,7 +147,7 @@ ExitStatus ExceptionsCommand::add(ExceptionFile& exceptions) const {
 
 ExitStatus ExceptionsCommand::clear(ExceptionFile& exceptions) {
     if (const std::optional<StoreError> failure = exceptions.removeExceptions()) {
-        return failed("write exceptions list", *failure);
+        return listFailure("write exceptions list", *failure);
     }
     const ExitStatus status = print(asLine(exceptionsRemovedText()));
     return toldPutAside(exceptions) ? ExitStatus::incomplete : status;

@@ -1,7 +1,7 @@
 #include "cli/json_entries.h"
 
 #include "cli/harmless_json.h"
-#include "cli/hexadecimal.h"
+#include "text/hexadecimal.h"
 #include "text/utf8.h"
 
 #include <nlohmann/json.hpp>

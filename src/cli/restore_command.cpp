@@ -5,11 +5,13 @@
 #include "cli/counted.h"
 #include "cli/file_option.h"
 #include "cli/interrupt.h"
-#include "cli/lasting_report.h"
 #include "cli/local_date.h"
 #include "cli/messages.h"
 #include "cli/question.h"
+#include "cli/quit.h"
 #include "cli/refusal.h"
+#include "cli/restore_choice.h"
+#include "cli/restore_report.h"
 #include "cli/usage_texts.h"
 #include "scan/texts.h"
 
@@ -17,7 +19,6 @@
 
 #include <array>
 #include <charconv>
-#include <cstdlib>
 #include <limits>
 #include <memory>
 #include <system_error>
@@ -25,14 +26,6 @@
 #include <vector>
 
 namespace tarvin {
-
-/// What would come back of a clean-up now.
-struct RestoreCommand::Prospect {
-    std::uint64_t files = 0;  ///< that would come back
-    std::uint64_t bytes = 0;  ///< of those
-    std::uint64_t lost = 0;   ///< that are not in the Trash any more
-    std::uint64_t all = 0;    ///< all that are not back
-};
 
 namespace {
 
@@ -61,10 +54,10 @@ constexpr const char* restoreExamples =
 
 constexpr const char* helpCommand = "tarvin restore";
 
-constexpr std::array formats{Choice<ResultFormat>{"text", ResultFormat::text},
-                             Choice<ResultFormat>{"json", ResultFormat::json}};
+constexpr std::array restoreFormats{Choice<ResultFormat>{"text", ResultFormat::text},
+                                    Choice<ResultFormat>{"json", ResultFormat::json}};
 
-ExitStatus failed(const StoreError& error, std::string_view action = "read journal") {
+ExitStatus journalFailure(const StoreError& error, std::string_view action = "read journal") {
     printStoreError(action, error);
     return ExitStatus::incomplete;
 }
@@ -76,53 +69,6 @@ std::string questionFor(std::uint64_t files, std::uint64_t all, std::uint64_t by
     return "Put " + count + " (" + getFormattedStringForSize(bytes) + ") of the clean-up of " +
            localDate(cleanUp.begun) + " back? [y/N] ";
 }
-
-[[noreturn]] void endAtOnce(const OutputFile& output) {
-    output.removeTemporary();
-    std::_Exit(static_cast<int>(ExitStatus::stopped));
-}
-
-/// Tells of each file as it comes back or not, and counts.
-class RestoreTeller final {
- public:
-    RestoreTeller(const RestoreSubject& subject, ResultFormat format, const std::string& place,
-                  OutputFile& output)
-        : report_(format, shownOutput(place), output, [&subject](ResultFormat written, Output& to) {
-              return makeRestoreWriter(written, subject, to);
-          }) {}
-
-    void tell(const PutBackFile& file) {
-        report_.write([&](RestoreWriter& writer) { writer.file(file); });
-        if (isBack(file.outcome)) {
-            ++summary_.files;
-            summary_.bytes += file.size;
-            return;
-        }
-        ++summary_.notFiles;
-        if (file.outcome == PutBackOutcome::stopped) {
-            summary_.stopped = true;
-        } else {
-            printPathError("put back", file.path, reasonFor(file));
-            ++refused_;
-        }
-    }
-
-    void tellStop() { summary_.stopped = true; }
-
-    [[nodiscard]] ExitStatus end() {
-        const ExitStatus written =
-            report_.end([this](RestoreWriter& writer) { writer.end(summary_); });
-        if (summary_.stopped) {
-            return ExitStatus::stopped;
-        }
-        return refused_ == 0 ? written : ExitStatus::incomplete;
-    }
-
- private:
-    LastingReport<RestoreWriter> report_;
-    RestoreSummary summary_;
-    std::uint64_t refused_ = 0;
-};
 
 }  // namespace
 
@@ -142,7 +88,7 @@ CLI::App& RestoreCommand::addTo(CLI::App& program) {
                                      "List what would be put back, and put back\nnothing"));
     list->excludes(command->add_flag("-y,--yes", yes_, "Do not ask for confirmation"));
     addChoice(
-        *command, "-f,--format", formats, [this](ResultFormat format) { format_ = format; },
+        *command, "-f,--format", restoreFormats, [this](ResultFormat format) { format_ = format; },
         "Output format [default: text]");
     addOutputOption(*command, output_);
     addColorOption(*command);
@@ -197,7 +143,7 @@ ExitStatus RestoreCommand::restoreOrList(OutputFile& output) {
     if (CleanUpJournal::isIn(*folder)) {
         auto opened = PutBack::open(platform_, totals);
         if (const auto* error = std::get_if<StoreError>(&opened)) {
-            return failed(*error, "open journal");
+            return journalFailure(*error, "open journal");
         }
         putBack = std::get<std::unique_ptr<PutBack>>(std::move(opened));
     }
@@ -217,47 +163,40 @@ ExitStatus RestoreCommand::restoreOrList(OutputFile& output) {
 ExitStatus RestoreCommand::list(PutBack* putBack, OutputFile& output) const {
     std::vector<KnownCleanUp> all;
     if (putBack != nullptr) {
-        const auto known = putBack->cleanUps();
+        auto known = knownCleanUps(*putBack);
         if (const auto* error = std::get_if<StoreError>(&known)) {
-            return failed(*error);
+            return journalFailure(*error);
         }
-        for (const CleanUpSummary& summary : std::get<std::vector<CleanUpSummary>>(known)) {
-            const auto prospect = lookAt(*putBack, summary.id);
-            if (const auto* error = std::get_if<StoreError>(&prospect)) {
-                return failed(*error);
-            }
-            const Prospect& now = std::get<Prospect>(prospect);
-            const std::uint64_t lost = summary.lostFiles + now.lost;
-            all.push_back({summary, summary.movedFiles - summary.lostFiles - now.all, lost});
-        }
+        all = std::get<std::vector<KnownCleanUp>>(std::move(known));
     }
     writeCleanUps(format_, all, output.output());
     return commitOutput(output_, output);
 }
 
-/// The clean-up that is meant, or what came of the search.
 RestoreCommand::Chosen RestoreCommand::choose(PutBack* putBack) const {
-    if (!number_) {
-        if (putBack == nullptr) {
-            return NothingToPutBack::neverCleaned;
-        }
-        const auto last = putBack->last();
-        if (const auto* error = std::get_if<StoreError>(&last)) {
-            return failed(*error);
-        }
-        const auto& found = std::get<std::variant<CleanUpSummary, NothingToPutBack>>(last);
-        const auto* cleanUp = std::get_if<CleanUpSummary>(&found);
-        return cleanUp != nullptr ? Chosen(*cleanUp) : Chosen(std::get<NothingToPutBack>(found));
+    if (number_) {
+        return chooseNumbered(putBack);
     }
+    if (putBack == nullptr) {
+        return NothingToPutBack::neverCleaned;
+    }
+    const auto last = putBack->last();
+    if (const auto* error = std::get_if<StoreError>(&last)) {
+        return journalFailure(*error);
+    }
+    const auto& found = std::get<std::variant<CleanUpSummary, NothingToPutBack>>(last);
+    const auto* cleanUp = std::get_if<CleanUpSummary>(&found);
+    return cleanUp != nullptr ? Chosen(*cleanUp) : Chosen(std::get<NothingToPutBack>(found));
+}
+
+RestoreCommand::Chosen RestoreCommand::chooseNumbered(PutBack* putBack) const {
     if (putBack != nullptr) {
-        const auto known = putBack->cleanUps();
-        if (const auto* error = std::get_if<StoreError>(&known)) {
-            return failed(*error);
+        const auto found = cleanUpNumbered(*putBack, cleanUp_);
+        if (const auto* error = std::get_if<StoreError>(&found)) {
+            return journalFailure(*error);
         }
-        for (const CleanUpSummary& each : std::get<std::vector<CleanUpSummary>>(known)) {
-            if (each.id == cleanUp_) {
-                return each;
-            }
+        if (const auto& cleanUp = std::get<std::optional<CleanUpSummary>>(found)) {
+            return *cleanUp;
         }
     }
     return refuse("unknown clean-up " + quotedName(*number_) +
@@ -265,37 +204,19 @@ RestoreCommand::Chosen RestoreCommand::choose(PutBack* putBack) const {
                   helpCommand);
 }
 
-std::variant<RestoreCommand::Prospect, StoreError> RestoreCommand::lookAt(PutBack& putBack,
-                                                                          CleanUpId cleanUp) {
-    Prospect prospect;
-    std::optional<StoreError> failure = putBack.examine(cleanUp, [&](const PutBackFile& file) {
-        ++prospect.all;
-        if (isBack(file.outcome)) {
-            ++prospect.files;
-            prospect.bytes += file.size;
-        }
-        prospect.lost += file.outcome == PutBackOutcome::lost ? 1 : 0;
-        return true;
-    });
-    if (failure) {
-        return std::move(*failure);
-    }
-    return prospect;
-}
-
 ExitStatus RestoreCommand::restore(PutBack& putBack, const CleanUpSummary& cleanUp,
                                    DataFile& totals, OutputFile& output) {
-    const auto looked = lookAt(putBack, cleanUp.id);
-    if (const auto* error = std::get_if<StoreError>(&looked)) {
-        return failed(*error);
+    const auto result = prospectOf(putBack, cleanUp.id);
+    if (const auto* error = std::get_if<StoreError>(&result)) {
+        return journalFailure(*error);
     }
-    const Prospect& prospect = std::get<Prospect>(looked);
+    const RestoreProspect& prospect = std::get<RestoreProspect>(result);
     if (prospect.all == prospect.lost) {
         const bool isAllBack = prospect.all == 0 && cleanUp.lostFiles == 0;
         return nothing(isAllBack ? NothingToPutBack::allBack : NothingToPutBack::noneInTrash,
                        output);
     }
-    // Where none can come back, nobody needs to be asked: the report says why.
+    // If no file can be put back, the report says why; there is nothing to confirm.
     if (dryRun_ || prospect.files == 0) {
         return plan(putBack, cleanUp.id, output);
     }
@@ -316,39 +237,39 @@ ExitStatus RestoreCommand::nothing(NothingToPutBack reason, OutputFile& output) 
 
 ExitStatus RestoreCommand::plan(PutBack& putBack, CleanUpId cleanUp, OutputFile& output) {
     enter(Stage::planning);
-    RestoreTeller teller({.dryRun = dryRun_, .cleanUp = cleanUp}, format_, output_, output);
+    RestoreReport report({.dryRun = dryRun_, .cleanUp = cleanUp}, format_, output_, output);
     const std::optional<StoreError> failure =
         putBack.examine(cleanUp, [&](const PutBackFile& file) {
             if (stopped_) {
-                teller.tellStop();
+                report.setStopped();
                 return false;
             }
-            teller.tell(file);
+            report.add(file);
             return true;
         });
-    const ExitStatus status = teller.end();
-    return failure ? failed(*failure) : status;
+    const ExitStatus status = report.end();
+    return failure ? journalFailure(*failure) : status;
 }
 
 ExitStatus RestoreCommand::bringBack(PutBack& putBack, CleanUpId cleanUp, DataFile& totals,
                                      OutputFile& output) {
     enter(Stage::puttingBack);
-    RestoreTeller teller({.dryRun = false, .cleanUp = cleanUp}, format_, output_, output);
+    RestoreReport report({.dryRun = false, .cleanUp = cleanUp}, format_, output_, output);
     const std::optional<StoreError> failure =
         putBack.run(cleanUp, {.stopped = [this] { return stopped_.load(); },
-                              .report = [&](const PutBackFile& file) { teller.tell(file); }});
+                              .report = [&](const PutBackFile& file) { report.add(file); }});
     if (failure) {
         printRecordError(*failure, totals.dataPath());
     }
     if (!totals.putAside().empty()) {
         printMovedAside(totals.dataPath(), totals.putAside());
     }
-    const ExitStatus status = teller.end();
+    const ExitStatus status = report.end();
     const bool isStored = !failure && totals.putAside().empty();
     return status == ExitStatus::stopped || isStored ? status : ExitStatus::incomplete;
 }
 
-/// Held up for good where a signal ends the program meanwhile: nothing is begun any more then.
+/// Blocks for good while a signal ends the program, so that no file is moved any more.
 void RestoreCommand::enter(Stage stage) {
     const std::lock_guard lock(mutex_);
     stage_ = stage;
@@ -358,15 +279,15 @@ void RestoreCommand::stopOnFirstSignal(const OutputFile& output) {
     const std::lock_guard lock(mutex_);
     stopped_ = true;
     if (stage_ == Stage::looking) {
-        endAtOnce(output);
+        quitAtOnce(output);
     }
 }
 
-/// Not while files come back: what has been done must be told and counted.
+/// Ignored while files are put back: the report and the totals must be completed.
 void RestoreCommand::endOnSecondSignal(const OutputFile& output) {
     const std::lock_guard lock(mutex_);
     if (stage_ != Stage::puttingBack) {
-        endAtOnce(output);
+        quitAtOnce(output);
     }
 }
 

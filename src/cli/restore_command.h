@@ -35,13 +35,13 @@ class RestoreCommand final : public Command {
         puttingBack
     };
     using Chosen = std::variant<CleanUpSummary, NothingToPutBack, ExitStatus>;
-    struct Prospect;
 
     bool takeNumber();
     ExitStatus restoreOrList(OutputFile& output);
     ExitStatus list(PutBack* putBack, OutputFile& output) const;
+    /// Without a PutBack nothing has ever been cleaned up.
     Chosen choose(PutBack* putBack) const;
-    static std::variant<Prospect, StoreError> lookAt(PutBack& putBack, CleanUpId cleanUp);
+    Chosen chooseNumbered(PutBack* putBack) const;
     ExitStatus restore(PutBack& putBack, const CleanUpSummary& cleanUp, DataFile& totals,
                        OutputFile& output);
     ExitStatus plan(PutBack& putBack, CleanUpId cleanUp, OutputFile& output);

@@ -4,12 +4,12 @@
 #include "cli/folder_scan.h"
 #include "cli/interrupt.h"
 #include "cli/messages.h"
+#include "cli/quit.h"
 #include "cli/result_writer.h"
 #include "cli/scan_setup.h"
 
 #include <CLI/CLI.hpp>
 
-#include <cstdlib>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -57,11 +57,7 @@ ExitStatus ScanCommand::scanInto(OutputFile& output, ExceptionFilter exceptions)
     Interrupt interrupt;
     scan.start(std::move(exceptions));
     // Not before start(), which forgets an earlier request to stop.
-    interrupt.watch([&scan] { scan.requestStop(); },
-                    [&output] {
-                        output.removeTemporary();
-                        std::_Exit(static_cast<int>(ExitStatus::stopped));
-                    });
+    interrupt.watch([&scan] { scan.requestStop(); }, [&output] { quitAtOnce(output); });
     scan.wait();
     const ScanReport report = scan.report();
     if (const ExitStatus written = write(report, output); written != ExitStatus::done) {

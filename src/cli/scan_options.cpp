@@ -12,9 +12,9 @@ namespace tarvin {
 
 namespace {
 
-constexpr std::array formats{Choice<ResultFormat>{"text", ResultFormat::text},
-                             Choice<ResultFormat>{"json", ResultFormat::json},
-                             Choice<ResultFormat>{"csv", ResultFormat::csv}};
+constexpr std::array scanFormats{Choice<ResultFormat>{"text", ResultFormat::text},
+                                 Choice<ResultFormat>{"json", ResultFormat::json},
+                                 Choice<ResultFormat>{"csv", ResultFormat::csv}};
 
 constexpr std::array progressTimes{Choice<ProgressWhen>{"auto", ProgressWhen::automatic},
                                    Choice<ProgressWhen>{"always", ProgressWhen::always},
@@ -27,7 +27,7 @@ void addScanOptions(CLI::App& command, ScanOptions& options) {
         ->type_name("")
         ->required();
     addChoice(
-        command, "-f,--format", formats,
+        command, "-f,--format", scanFormats,
         [&options](ResultFormat format) { options.format = format; },
         "Output format [default: text]");
     addOutputOption(command, options.output);
