@@ -135,7 +135,7 @@ class ResultScenario final {
             markAndUnmark("mark all, collapsed", "unmark all, collapsed");
             expand();
             if (round == 0) {
-                memory_ = memoryOfViews(product_.delegate().results().modal);
+                memory_ = memoryOfViews(product_.delegate().scan().run().result().modal);
             }
             platform_.setTrashFree(true);
             if (!remove("deletion, a Trash that costs nothing") || !goHome()) {
@@ -245,7 +245,7 @@ class ResultScenario final {
     }
 
     void countRows() {
-        const Modal& modal = *results().modal;
+        const Modal& modal = results().list();
         files_ = product_.delegate().scan().run().processed();
         extensions_ = modal.extensionCount();
         sets_ = 0;
@@ -279,9 +279,9 @@ class ResultScenario final {
         // Sets all over the list.
         for (int turn = 0; turn < times; ++turn) {
             const int extension = static_cast<int>(extensions_ - 1) * turn / times;
-            const QModelIndex above = results().tree.indexOfExtension(extension);
-            const int set = (results().tree.rowCount(above) - 1) * turn / times;
-            const QModelIndex row = results().tree.indexOfSet(extension, set);
+            const QModelIndex above = results().tree().indexOfExtension(extension);
+            const int set = (results().tree().rowCount(above) - 1) * turn / times;
+            const QModelIndex row = results().tree().indexOfSet(extension, set);
             outline().scrollTo(row);
             rest(aMoment);
             measure("a set is selected", noGoal, tablePaint_,
@@ -289,7 +289,7 @@ class ResultScenario final {
             rest(aMoment);
             for (int twice = 0; twice < 2; ++twice) {
                 measure("a file is toggled", toggleGoal, tablePaint_, [this] {
-                    const QModelIndex box = results().files.index(1, ResultTable::ButtonCell);
+                    const QModelIndex box = results().files().index(1, ResultTable::ButtonCell);
                     clickAt(table().viewport(), table().visualRect(box).center());
                 });
                 rest(aMoment);
@@ -303,7 +303,7 @@ class ResultScenario final {
         outline().scrollToTop();
         for (int turn = 0; turn < times; ++turn) {
             measure("an extension is toggled", noGoal, outlinePaint_, [this] {
-                clickAt(outline().viewport(), boxOf(results().tree.indexOfExtension(0)));
+                clickAt(outline().viewport(), boxOf(results().tree().indexOfExtension(0)));
             });
             rest(aMoment);
         }
@@ -320,7 +320,7 @@ class ResultScenario final {
              {ResultView::all, screen.allButton}}};
         for (int turn = 0; turn < times; ++turn) {
             for (const auto& [view, button] : tabs) {
-                if (view != ResultView::all && results().of(view)->extensionCount() == 0) {
+                if (view != ResultView::all && results().filesOf(view) == 0) {
                     continue;
                 }
                 measure(view == ResultView::all ? "the tab of all" : "the tab of a category",
@@ -356,7 +356,7 @@ class ResultScenario final {
     void collapse() {
         measure("an extension is collapsed", noGoal, outlinePaint_, [this] {
             outline().scrollToTop();
-            outline().setExpanded(results().tree.indexOfExtension(0), false);
+            outline().setExpanded(results().tree().indexOfExtension(0), false);
         });
         rest(aMoment);
         outline().collapseAll();
@@ -367,10 +367,10 @@ class ResultScenario final {
         outline().scrollToTop();
         outline().expandAll();
         rest(aMoment);
-        outline().collapse(results().tree.indexOfExtension(0));
+        outline().collapse(results().tree().indexOfExtension(0));
         rest(aMoment);
         measure("an extension is expanded", noGoal, outlinePaint_,
-                [this] { outline().setExpanded(results().tree.indexOfExtension(0), true); });
+                [this] { outline().setExpanded(results().tree().indexOfExtension(0), true); });
         rest(aMoment);
     }
 
@@ -382,16 +382,16 @@ class ResultScenario final {
             return;
         }
         for (int row = 0; row < static_cast<int>(extensions_) &&
-                          results().modal->totalFilesSelected() < deletedFiles;
+                          results().list().totalFilesSelected() < deletedFiles;
              ++row) {
-            Q_EMIT outline().checkBoxClicked(results().tree.indexOfExtension(row));
+            Q_EMIT outline().checkBoxClicked(results().tree().indexOfExtension(row));
         }
     }
 
     bool remove(const std::string& name) {
         product_.act([this] { markForDeletion(); });
         rest(aMoment);
-        const std::uint64_t marked = results().modal->totalFilesSelected();
+        const std::uint64_t marked = results().list().totalFilesSelected();
         heartbeat_.enter(name);
         const SteadyClock::time_point begin = SteadyClock::now();
         product_.click(window().results->finishButton);

@@ -84,9 +84,9 @@ void AppDelegate::makeResultTasks() {
     views_ = std::make_unique<ResultViews>(session_, *results_, window_, information_, *marking_,
                                            *preview_, window_.loading());
     exceptions_ = std::make_unique<ExceptionsTask>(session_, *results_, window_,
-                                                   *surroundings_.alerts, information_, *marking_);
+                                                   *surroundings_.alerts, information_);
     deletion_ = std::make_unique<DeletionTask>(session_, *results_, window_, *surroundings_.alerts,
-                                               information_, *marking_);
+                                               information_);
     putBack_ = std::make_unique<PutBackTask>(session_, window_, information_);
 }
 

@@ -114,13 +114,12 @@ class DeletionTask::Run final {
 };
 
 DeletionTask::DeletionTask(Session& session, Results& results, MainWindow& window, Alerts& alerts,
-                           InformationWindow& information, MarkingTask& marking)
+                           InformationWindow& information)
     : session_(session),
       results_(results),
       window_(window),
       alerts_(alerts),
       information_(information),
-      marking_(marking),
       kept_(window, information) {
     const ResultScreen& screen = *window_.results;
     connect(screen.finishButton, &QAbstractButton::clicked, this,
@@ -156,8 +155,7 @@ void DeletionTask::begin(bool unMarkAllEnabled) {
     if (run_) {
         return;
     }
-    const Modal none;
-    switch (deletionStartFor(results_.modal ? *results_.modal : none, unMarkAllEnabled)) {
+    switch (deletionStartFor(results_.list(), unMarkAllEnabled)) {
         case DeletionStart::information:
             information_.setInformationWindow(nothingToDeleteInformation());
             return;
@@ -167,9 +165,7 @@ void DeletionTask::begin(bool unMarkAllEnabled) {
             break;
     }
     setDeletionView();
-    results_.tree.keepStill();
-    results_.files.setSet(nullptr, 0);
-    run_ = std::make_unique<Run>(results_.modal, session_, control_);
+    run_ = std::make_unique<Run>(results_.beginDeletion(), session_, control_);
     run_->start([this] { Q_EMIT walkIsOver(); });
     redraw_.start();
 }
@@ -186,7 +182,7 @@ void DeletionTask::setDeletionView() {
     panel.stopDeleteBtn->setEnabled(true);
     setPauseTitle(ScanScreenTexts::pause());
     showDeletion();
-    panel.deletionIndicator->setTotal(results_.modal->totalFilesSelected());
+    panel.deletionIndicator->setTotal(results_.list().totalFilesSelected());
 }
 
 void DeletionTask::showDeletion() {
@@ -256,10 +252,7 @@ void DeletionTask::finish() {
     removeDeletionView();
     window_.home->cleanHistory->setText(
         HomeTexts::cleanHistory(session_.alreadyDeletedCount(), session_.alreadyDeletedSize()));
-    results_.tree.follow();
-    results_.showFiles();
-    marking_.setMarkedFilesDetails();
-    marking_.enableNecessaryButton();
+    results_.endDeletion();
     if (const std::optional<StoreError>& refusal = run->refusal()) {
         information_.setInformationWindow(
             noCleanUpInformation(OwnReasons::of(*refusal), run->aside()));

@@ -3,7 +3,6 @@
 #include "controller/alerts.h"
 #include "controller/information_window.h"
 #include "controller/kept_list.h"
-#include "controller/marking_task.h"
 #include "controller/results.h"
 #include "controller/session.h"
 #include "model/deletion_walk.h"
@@ -30,7 +29,7 @@ class DeletionTask final : public QObject {
  public:
     /// All outlive it.
     DeletionTask(Session& session, Results& results, MainWindow& window, Alerts& alerts,
-                 InformationWindow& information, MarkingTask& marking);
+                 InformationWindow& information);
     DeletionTask(const DeletionTask&) = delete;
     DeletionTask& operator=(const DeletionTask&) = delete;
     /// A run is stopped behind the set in hand, which a paused one has none of; what it has moved
@@ -68,7 +67,6 @@ class DeletionTask final : public QObject {
     MainWindow& window_;
     Alerts& alerts_;
     InformationWindow& information_;
-    MarkingTask& marking_;
     KeptList kept_;
     DeletionControl control_;          // of all runs: one stop ends the later ones, too
     Alerts::Number stopQuestion_ = 0;  // asked last; 0 for none

@@ -20,13 +20,12 @@ constexpr int yesButton = 0;
 }  // namespace
 
 ExceptionsTask::ExceptionsTask(Session& session, Results& results, MainWindow& window,
-                               Alerts& alerts, InformationWindow& information, MarkingTask& marking)
+                               Alerts& alerts, InformationWindow& information)
     : session_(session),
       results_(results),
       window_(window),
       alerts_(alerts),
-      information_(information),
-      marking_(marking) {
+      information_(information) {
     connect(window_.results->addEceptionBtn, &QAbstractButton::clicked, this,
             &ExceptionsTask::addExceptions);
     connect(window_.results->removeExceptionBtn, &QAbstractButton::clicked, this,
@@ -43,7 +42,7 @@ void ExceptionsTask::loaded() {
 }
 
 void ExceptionsTask::addExceptions() {
-    if (!results_.modal || !mayAddExceptions(*results_.modal)) {
+    if (!mayAddExceptions(results_.list())) {
         window_.results->addEceptionBtn->setEnabled(false);
         return;
     }
@@ -54,19 +53,16 @@ void ExceptionsTask::addExceptions() {
 
 void ExceptionsTask::addExceptionsOKClicked() {
     removeExceptionWindow();
-    if (!results_.modal || results_.modal->totalFilesSelected() == 0) {
+    if (results_.list().totalFilesSelected() == 0) {
         return;
     }
-    const std::vector<std::string> batch = takeOutMarkedFiles(*results_.modal);
+    const std::vector<std::string> batch = results_.takeOutMarkedFiles();
     if (!batch.empty()) {
         session_.addExceptions(batch);
         window_.results->removeExceptionBtn->setEnabled(true);
         information_.setInformationWindow(
             exceptionsAddedInformation(static_cast<std::int64_t>(batch.size())));
     }
-    results_.refresh();
-    marking_.setMarkedFilesDetails();
-    marking_.enableNecessaryButton();
 }
 
 void ExceptionsTask::addExceptionsCancelClicked() {

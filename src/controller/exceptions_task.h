@@ -2,7 +2,6 @@
 
 #include "controller/alerts.h"
 #include "controller/information_window.h"
-#include "controller/marking_task.h"
 #include "controller/results.h"
 #include "controller/session.h"
 
@@ -20,7 +19,7 @@ class ExceptionsTask final : public QObject {
  public:
     /// All outlive it.
     ExceptionsTask(Session& session, Results& results, MainWindow& window, Alerts& alerts,
-                   InformationWindow& information, MarkingTask& marking);
+                   InformationWindow& information);
 
     /// The stored list has been read.
     void loaded();
@@ -41,7 +40,6 @@ class ExceptionsTask final : public QObject {
     MainWindow& window_;
     Alerts& alerts_;
     InformationWindow& information_;
-    MarkingTask& marking_;
 };
 
 }  // namespace tarvin

@@ -56,7 +56,8 @@ std::optional<ResultView> viewToSummarise(const ViewFlags& tabs, const Summaries
 }  // namespace
 
 std::optional<Information> informationAccordingTab(const ViewFlags& tabs, SummariesShown& shown,
-                                                   Modal& modal, const CategoryTotals& totals) {
+                                                   const CountedList& countedList,
+                                                   const CategoryTotals& totals) {
     const std::optional<ResultView> view = viewToSummarise(tabs, shown);
     if (!view) {
         return std::nullopt;
@@ -65,8 +66,7 @@ std::optional<Information> informationAccordingTab(const ViewFlags& tabs, Summar
     if (*view == ResultView::all) {
         return summaryOfAll(totals);
     }
-    modal.calculateTotalFilesAndSize();
-    return summaryOf(*view, modal);
+    return summaryOf(*view, countedList());
 }
 
 Information noDuplicatesInformation(ResultView category) {

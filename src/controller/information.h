@@ -6,6 +6,7 @@
 
 #include <QString>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -35,11 +36,14 @@ struct CategoryTotals {
     std::uint64_t otherFiles = 0;
 };
 
-/// The summary of the view that is shown, unless it has been shown: then none. Sets the flag of
-/// that summary; before that of one category, sums the totals of `modal`, the list in view, anew.
+/// Returns the list in view after its totals have been summed again.
+using CountedList = std::function<const Modal&()>;
+
+/// Returns the summary of the view that is shown and sets its flag in `shown`; nullopt if the flag
+/// was set. Calls `countedList` for the summary of a single category only.
 [[nodiscard]] std::optional<Information> informationAccordingTab(const ViewFlags& tabs,
                                                                  SummariesShown& shown,
-                                                                 Modal& modal,
+                                                                 const CountedList& countedList,
                                                                  const CategoryTotals& totals);
 
 /// For the button of a category without duplicates; not for ResultView::all. The caller sets the

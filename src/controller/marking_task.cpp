@@ -40,45 +40,20 @@ void MarkingTask::connectControls() const {
     connect(screen.resultTable, &ResultTable::tableCheckBoxClicked, this,
             &MarkingTask::tableCheckBoxClicked);
     connect(this, &MarkingTask::checkNotif, this, &MarkingTask::checkButtonClicked);
+    connect(&results_, &Results::marksChanged, this, &MarkingTask::showTotalsAndButtons);
     connect(window_.allCheckOk, &QAbstractButton::clicked, this, &MarkingTask::checkALertOK);
 }
 
 void MarkingTask::markAllClicked() {
-    if (!results_.modal) {
-        return;
-    }
-    results_.modal->markAllExtension();
-    showTotalsAndButtons();
-    results_.tree.allMarksChanged();
-    results_.files.allMarksChanged();
+    results_.markAll();
 }
 
 void MarkingTask::unMarkAllClicked() {
-    if (!results_.modal) {
-        return;
-    }
-    results_.modal->unmarkAllExtension();
-    showTotalsAndButtons();
-    results_.tree.allMarksChanged();
-    results_.files.allMarksChanged();
+    results_.unmarkAll();
 }
 
 void MarkingTask::checkBoxClicked(const QModelIndex& clickedRow) {
-    const std::shared_ptr<Extensions> extension = results_.tree.extensionAt(clickedRow);
-    if (!results_.modal || !extension) {
-        showTotalsAndButtons();
-        return;
-    }
-    const std::shared_ptr<Set> set = results_.tree.setAt(clickedRow);
-    results_.modal->changeStateOfExtension(extension, set, nullptr);
-    showTotalsAndButtons();
-    results_.files.allMarksChanged();
-    const int row = ResultTree::extensionRow(clickedRow);
-    if (set) {
-        results_.tree.marksChanged(row, ResultTree::setRow(clickedRow));
-    } else {
-        results_.tree.extensionChanged(row);
-    }
+    results_.toggle(clickedRow);
 }
 
 void MarkingTask::tableCheckBoxClicked(int tag) {
@@ -90,24 +65,14 @@ void MarkingTask::checkButtonClicked(int indexOfButton) {
 }
 
 void MarkingTask::collectionViewCheckButtonCLicked(int position) {
-    const std::shared_ptr<Set> set = results_.selectedSet();
-    if (!results_.modal || !set || position < 0 ||
-        std::cmp_greater_equal(position, set->files().size())) {
-        return;
-    }
-    const QModelIndex row = results_.selected;
-    if (toggleFile(*results_.modal, results_.tree.extensionAt(row), set,
-                   static_cast<std::size_t>(position)) == ToggleResult::refused) {
+    if (results_.toggleFile(position) == ToggleResult::refused) {
         information_.setInformationWindow(allFilesOfSetInformation());
     }
-    showTotalsAndButtons();
-    results_.files.markChanged(position);
-    results_.tree.marksChanged(ResultTree::extensionRow(row), ResultTree::setRow(row));
 }
 
 void MarkingTask::setMarkedFilesDetails() {
-    session_.totalSelected = results_.modal ? results_.modal->totalFilesSelected() : 0;
-    session_.totalSize = results_.modal ? results_.modal->totalFilesSelectedSize() : 0;
+    session_.totalSelected = results_.list().totalFilesSelected();
+    session_.totalSize = results_.list().totalFilesSelectedSize();
     window_.results->selectedCount->setText(ResultTexts::selectedCount(session_.totalSelected));
     window_.results->selectedSize->setText(ResultTexts::selectedSize(session_.totalSize));
 }
@@ -115,9 +80,8 @@ void MarkingTask::setMarkedFilesDetails() {
 void MarkingTask::enableNecessaryButton() {
     const ResultScreen& screen = *window_.results;
     screen.buttonHomePage->setAlpha(1.0);
-    const Modal none;
-    const ButtonStates states = buttonStatesFor(results_.modal ? *results_.modal : none,
-                                                session_.exact, currentViewOf(results_.tabs));
+    const ButtonStates states =
+        buttonStatesFor(results_.list(), session_.exact, currentViewOf(results_.tabs()));
     setEnabledTogether({{screen.markAll, states.markAll},
                         {screen.unMarkAll, states.unMarkAll},
                         {screen.sendToRecycle, states.sendToRecycle},

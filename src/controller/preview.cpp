@@ -47,8 +47,8 @@ void Preview::showSelecteImageProperty(const std::string& path) {
 void Preview::showProperties() {
     FileSystem& fileSystem = session_.platform.fileSystem();
     window_.results->textField->setText(
-        results_.tabs.imageTab ? FileProperties::getImageProperties(fileSystem, path_, size_)
-                               : FileProperties::getAllProperties(fileSystem, path_));
+        results_.tabs().imageTab ? FileProperties::getImageProperties(fileSystem, path_, size_)
+                                 : FileProperties::getAllProperties(fileSystem, path_));
 }
 
 void Preview::clear() {
@@ -59,14 +59,14 @@ void Preview::clear() {
 }
 
 void Preview::doubleClick(int row) {
-    if (const std::shared_ptr<File> file = results_.files.fileAt(row)) {
+    if (const std::shared_ptr<File> file = results_.files().fileAt(row)) {
         desktop_.openPath(file->filePath());
     }
 }
 
 void Preview::measured(QSize size) {
     size_ = size;
-    if (results_.tabs.imageTab) {
+    if (results_.tabs().imageTab) {
         showProperties();
     }
 }

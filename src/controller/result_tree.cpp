@@ -48,9 +48,9 @@ const QVector<int>& rolesThatFollow() {
 }  // namespace
 
 /// What the rows of a list show at one moment.
-class ResultTree::StillRows final {
+class ResultTree::Snapshot final {
  public:
-    explicit StillRows(const Modal& modal) {
+    explicit Snapshot(const Modal& modal) {
         std::size_t count = 0;
         for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
             count += extension->sets().size();
@@ -100,7 +100,7 @@ ResultTree::~ResultTree() = default;
 
 void ResultTree::setModal(std::shared_ptr<Modal> modal) {
     beginResetModel();
-    stillRows_.reset();
+    snapshot_.reset();
     modal_ = std::move(modal);
     endResetModel();
 }
@@ -132,14 +132,14 @@ void ResultTree::allMarksChanged() {
     }
 }
 
-void ResultTree::keepStill() {
+void ResultTree::showSnapshot() {
     if (modal_ != nullptr) {
-        stillRows_ = std::make_unique<StillRows>(*modal_);
+        snapshot_ = std::make_unique<Snapshot>(*modal_);
     }
 }
 
-void ResultTree::follow() {
-    stillRows_.reset();
+void ResultTree::endSnapshot() {
+    snapshot_.reset();
     allMarksChanged();
 }
 
@@ -281,11 +281,11 @@ CheckState ResultTree::stateOf(const QModelIndex& index) const {
     const int extension = extensionRow(index);
     const int set = setRow(index);
     if (set < 0) {
-        return stillRows_ != nullptr ? stillRows_->stateOfExtension(extension)
-                                     : extensionIn(extension)->extensionState();
+        return snapshot_ != nullptr ? snapshot_->stateOfExtension(extension)
+                                    : extensionIn(extension)->extensionState();
     }
-    return stillRows_ != nullptr ? stillRows_->stateOfSet(extension, set)
-                                 : setIn(extension, set)->setsState();
+    return snapshot_ != nullptr ? snapshot_->stateOfSet(extension, set)
+                                : setIn(extension, set)->setsState();
 }
 
 QString ResultTree::textOf(const QModelIndex& index) const {
@@ -294,8 +294,8 @@ QString ResultTree::textOf(const QModelIndex& index) const {
     if (set < 0) {
         return textOfPath(extensionIn(extension)->name());
     }
-    return QString::fromStdString(stillRows_ != nullptr ? stillRows_->nameOfSet(extension, set)
-                                                        : setIn(extension, set)->nameOfSet());
+    return QString::fromStdString(snapshot_ != nullptr ? snapshot_->nameOfSet(extension, set)
+                                                       : setIn(extension, set)->nameOfSet());
 }
 
 void ResultTree::announceExtension(int extension) {

@@ -28,7 +28,7 @@ class ResultTree final : public QAbstractItemModel {
     ~ResultTree() override;
 
     /// Shows another list, or the same after its extensions or sets became others; none shows
-    /// nothing. Ends keepStill().
+    /// nothing. Ends showSnapshot().
     void setModal(std::shared_ptr<Modal> modal);
     [[nodiscard]] const std::shared_ptr<Modal>& modal() const { return modal_; }
 
@@ -44,9 +44,9 @@ class ResultTree final : public QAbstractItemModel {
 
     /// While another thread changes marks and files, the rows show what they showed before, and
     /// nothing of the list is read but which extensions and sets there are. Takes 16 bytes a set.
-    void keepStill();
+    void showSnapshot();
     /// The other thread is done; every row shows what there is now.
-    void follow();
+    void endSnapshot();
 
     /// The extension of a row, or the one above the row of a set; none without such a row.
     [[nodiscard]] std::shared_ptr<Extensions> extensionAt(const QModelIndex& index) const;
@@ -74,7 +74,7 @@ class ResultTree final : public QAbstractItemModel {
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
-    class StillRows;
+    class Snapshot;
 
     [[nodiscard]] const Extensions* extensionIn(int extension) const;
     [[nodiscard]] const Set* setIn(int extension, int set) const;
@@ -85,7 +85,7 @@ class ResultTree final : public QAbstractItemModel {
     void announceSetsOf(int extension);
 
     std::shared_ptr<Modal> modal_;
-    std::unique_ptr<StillRows> stillRows_;  // none while the list is followed
+    std::unique_ptr<Snapshot> snapshot_;  // none while the list is followed
     bool selectAll_ = false;
 };
 

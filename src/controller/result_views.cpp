@@ -59,8 +59,8 @@ ResultViews::ResultViews(Session& session, Results& results, MainWindow& window,
       marking_(marking),
       preview_(preview),
       loading_(loading) {
-    window_.results->OView2->setModel(&results_.tree);
-    window_.results->resultTable->setModel(&results_.files);
+    window_.results->OView2->setModel(results_.treeModel());
+    window_.results->resultTable->setModel(results_.fileModel());
     connectControls();
     connectSortControls();
 }
@@ -83,7 +83,8 @@ void ResultViews::connectControls() {
     connect(screen.resultTable->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ResultViews::tableViewSelectionDidChange);
     // Rows that were read anew are none of those that were selected.
-    connect(&results_.files, &QAbstractItemModel::modelReset, this, &ResultViews::selectShownFile);
+    connect(results_.fileModel(), &QAbstractItemModel::modelReset, this,
+            &ResultViews::selectShownFile);
     for (QAction* item : screen.outlineMenu->actions()) {
         connect(item, &QAction::triggered, this,
                 [this, item] { righClickMenuItemClicked(item->data().toInt(), item->text()); });
@@ -173,7 +174,7 @@ void ResultViews::showDuplicateScanResult(bool showsSummary) {
     selectFirstSet();
     loading_.show();
     // A result with a single extension opens without a preview.
-    if (results_.modal->extensionCount() < 2) {
+    if (results_.list().extensionCount() < 2) {
         clearPreview();
     } else {
         showFirstFile();
@@ -200,11 +201,11 @@ void ResultViews::showTotals(bool areNone) const {
 }
 
 void ResultViews::selectFirstSet() const {
-    window_.results->OView2->selectSet(results_.tree.indexOfSet(0, 0));
+    window_.results->OView2->selectSet(results_.tree().indexOfSet(0, 0));
 }
 
 void ResultViews::showFirstFile() {
-    const std::vector<std::shared_ptr<Set>>& sets = results_.modal->extensions().front()->sets();
+    const std::vector<std::shared_ptr<Set>>& sets = results_.list().extensions().front()->sets();
     if (sets.empty() || sets.front()->files().empty()) {
         return;
     }
@@ -221,7 +222,7 @@ void ResultViews::showFile(const std::shared_ptr<File>& file) {
 
 /// Also of a list that has become shorter, where the file may be at another place.
 void ResultViews::selectShownFile() {
-    const std::shared_ptr<Set>& set = results_.files.set();
+    const std::shared_ptr<Set>& set = results_.files().set();
     if (!set || !shown_) {
         return;
     }
@@ -245,17 +246,14 @@ void ResultViews::showScreen() {
 }
 
 void ResultViews::showInformationWindowAccordingTab() {
-    const auto files = [this](ResultView view) {
-        return results_.of(view) ? results_.of(view)->totalFiles() : 0;
-    };
-    const CategoryTotals totals{.imageFiles = files(ResultView::image),
-                                .videoFiles = files(ResultView::video),
-                                .audioFiles = files(ResultView::audio),
-                                .docsFiles = files(ResultView::documents),
-                                .otherFiles = files(ResultView::other)};
-    Modal none;
+    const CategoryTotals totals{.imageFiles = results_.filesOf(ResultView::image),
+                                .videoFiles = results_.filesOf(ResultView::video),
+                                .audioFiles = results_.filesOf(ResultView::audio),
+                                .docsFiles = results_.filesOf(ResultView::documents),
+                                .otherFiles = results_.filesOf(ResultView::other)};
     const std::optional<Information> summary = informationAccordingTab(
-        results_.tabs, session_.summaries, results_.modal ? *results_.modal : none, totals);
+        results_.tabs(), session_.summaries,
+        [this]() -> const Modal& { return results_.countedList(); }, totals);
     if (summary) {
         information_.setInformationWindow(*summary);
     }
@@ -266,7 +264,7 @@ void ResultViews::informationClosed() {
     if (!results_.isEmpty() || window_.selectedTabViewItem() != window_.results->identifier()) {
         return;
     }
-    const std::optional<ResultView> view = currentViewOf(results_.tabs);
+    const std::optional<ResultView> view = currentViewOf(results_.tabs());
     if (view == ResultView::all) {
         Q_EMIT homeRequested();
     } else if (view) {
@@ -276,20 +274,19 @@ void ResultViews::informationClosed() {
 
 void ResultViews::selectionShouldChangeInOutlineView(const QModelIndex& clicked) {
     loading_.show();
-    if (results_.selected == clicked.siblingAtColumn(0)) {
+    if (results_.selected() == clicked.siblingAtColumn(0)) {
         // Nothing changes, and nobody would uncover the files again.
         outlineViewSelectionDidChange();
     }
 }
 
 void ResultViews::outlineViewSelectionDidChange() {
-    results_.selected = window_.results->OView2->selectedSet();
+    results_.select(window_.results->OView2->selectedSet());
     const std::shared_ptr<Set> set = results_.selectedSet();
     if (!set) {
         return;
     }
-    sortMaadi(*set);
-    results_.showFiles();
+    sortMaadi();
     loading_.hide();
     if (!set->files().empty()) {
         showFile(set->files().front());
@@ -298,17 +295,17 @@ void ResultViews::outlineViewSelectionDidChange() {
 
 void ResultViews::tableViewSelectionDidChange() {
     const std::shared_ptr<File> file =
-        results_.files.fileAt(window_.results->resultTable->selectedRow());
+        results_.files().fileAt(window_.results->resultTable->selectedRow());
     if (file && file != shown_) {
         showFile(file);
     }
 }
 
 /// Whatever was chosen, the date of creation decides.
-void ResultViews::sortMaadi(Set& set) {
+void ResultViews::sortMaadi() {
     sorting_ = effectiveSorting;
     ascending_ = window_.results->sortBtn->isChecked();
-    static_cast<void>(tarvin::sortMaadi(set.files(), ascending_));
+    results_.showFilesInOrder(ascending_);
 }
 
 void ResultViews::righClickMenuItemClicked(int tag, const QString& title) {

@@ -105,8 +105,8 @@ class ResultViews final : public QObject {
     void clearPreview();
     void showScreen();
     void informationClosed();
-    /// Files of the selected set by their date; the order is kept in their indices alone.
-    void sortMaadi(Set& set);
+    /// Shows the files of the selected set, numbered by their creation date.
+    void sortMaadi();
 
     Session& session_;
     Results& results_;

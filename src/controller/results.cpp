@@ -1,5 +1,10 @@
 #include "controller/results.h"
 
+#include "controller/sort_files.h"
+#include "model/exception_batch.h"
+
+#include <utility>
+
 namespace tarvin {
 
 namespace {
@@ -32,48 +37,143 @@ ViewFlags flagsOf(ResultView view) {
 
 }  // namespace
 
+Results::Results(const ScanRun& scan, QObject* parent) : QObject(parent), scan_(scan) {}
+
 void Results::begin() {
-    modal = scan.result().modal;
-    tabs = flagsOf(ResultView::all);
+    begin(scan_.result().modal);
+}
+
+void Results::begin(std::shared_ptr<Modal> list) {
+    list_ = std::move(list);
+    tabs_ = flagsOf(ResultView::all);
 }
 
 const std::shared_ptr<Modal>& Results::of(ResultView view) const {
-    return scan.result().of(categoryOf(view));
+    return scan_.result().of(categoryOf(view));
 }
 
 void Results::change(ResultView view) {
-    tabs = flagsOf(view);
-    if (!modal) {
+    tabs_ = flagsOf(view);
+    if (!list_) {
         return;
     }
     if (view != ResultView::all) {
-        modal = of(view);
+        list_ = of(view) ? of(view) : std::make_shared<Modal>();
         return;
     }
-    modal = joinCategories(scan.result().categories);
+    list_ = joinCategories(scan_.result().categories);
 }
 
 void Results::forget() {
-    selected = QPersistentModelIndex();
-    files.setSet(nullptr, 0);
-    tree.setModal(nullptr);
-    modal.reset();
+    selected_ = QPersistentModelIndex();
+    files_.setSet(nullptr, 0);
+    tree_.setModal(nullptr);
+    list_.reset();
 }
 
 void Results::reload() {
-    selected = QPersistentModelIndex();
-    files.setSet(nullptr, 0);
-    tree.setModal(modal);
+    selected_ = QPersistentModelIndex();
+    files_.setSet(nullptr, 0);
+    tree_.setModal(list_);
 }
 
-void Results::refresh() {
-    tree.allMarksChanged();
-    showFiles();
+const Modal& Results::list() const {
+    static const Modal none;
+    return list_ ? *list_ : none;
+}
+
+std::uint64_t Results::filesOf(ResultView view) const {
+    return of(view) ? of(view)->totalFiles() : 0;
+}
+
+void Results::showFilesInOrder(bool ascending) {
+    if (const std::shared_ptr<Set> set = selectedSet()) {
+        static_cast<void>(sortMaadi(set->files(), ascending));
+        showFiles();
+    }
 }
 
 void Results::showFiles() {
-    // The first set under an extension is 1.
-    files.setSet(selectedSet(), ResultTree::setRow(selected) + 1);
+    // The first set below an extension is number 1.
+    files_.setSet(selectedSet(), ResultTree::setRow(selected_) + 1);
+}
+
+void Results::markAll() {
+    if (list_) {
+        list_->markAllExtension();
+        announceAllMarks();
+    }
+}
+
+void Results::unmarkAll() {
+    if (list_) {
+        list_->unmarkAllExtension();
+        announceAllMarks();
+    }
+}
+
+void Results::announceAllMarks() {
+    Q_EMIT marksChanged();
+    tree_.allMarksChanged();
+    files_.allMarksChanged();
+}
+
+void Results::toggle(const QModelIndex& row) {
+    const std::shared_ptr<Extensions> extension = tree_.extensionAt(row);
+    const std::shared_ptr<Set> set = tree_.setAt(row);
+    if (list_ && extension) {
+        list_->changeStateOfExtension(extension, set, nullptr);
+    }
+    Q_EMIT marksChanged();
+    files_.allMarksChanged();
+    if (set) {
+        tree_.marksChanged(ResultTree::extensionRow(row), ResultTree::setRow(row));
+    } else {
+        tree_.extensionChanged(ResultTree::extensionRow(row));
+    }
+}
+
+std::optional<ToggleResult> Results::toggleFile(int row) {
+    const std::shared_ptr<Set> set = selectedSet();
+    if (!list_ || !set || row < 0 || std::cmp_greater_equal(row, set->files().size())) {
+        return std::nullopt;
+    }
+    const ToggleResult answer = tarvin::toggleFile(*list_, tree_.extensionAt(selected_), set,
+                                                   static_cast<std::size_t>(row));
+    Q_EMIT marksChanged();
+    files_.markChanged(row);
+    tree_.marksChanged(ResultTree::extensionRow(selected_), ResultTree::setRow(selected_));
+    return answer;
+}
+
+const Modal& Results::countedList() {
+    if (list_) {
+        list_->calculateTotalFilesAndSize();
+    }
+    return list();
+}
+
+std::vector<std::string> Results::takeOutMarkedFiles() {
+    if (!list_) {
+        return {};
+    }
+    std::vector<std::string> paths = tarvin::takeOutMarkedFiles(*list_);
+    tree_.allMarksChanged();
+    showFiles();
+    Q_EMIT marksChanged();
+    return paths;
+}
+
+std::shared_ptr<Modal> Results::beginDeletion() {
+    tree_.showSnapshot();
+    files_.setSet(nullptr, 0);
+    return list_;
+}
+
+void Results::endDeletion() {
+    tree_.endSnapshot();
+    showFiles();
+    Q_EMIT marksChanged();
 }
 
 }  // namespace tarvin

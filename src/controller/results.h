@@ -5,44 +5,101 @@
 #include "model/marking.h"
 #include "scan/scan_run.h"
 
+#include <QObject>
 #include <QPersistentModelIndex>
 #include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace tarvin {
 
-/// The result that is looked at, which the tasks of the result screen share. Main thread.
-struct Results {
-    /// `theScan` holds the results of its categories and outlives this.
-    explicit Results(ScanRun& theScan) : scan(theScan) {}
+/// The result in view: its list, the models of outline and file table, and the selected set. The
+/// tasks of the result screen share it. Every change of the list, its marks or its files is made
+/// here, and is reported to the views by the models and to everybody else by the signals.
+///
+/// Owned by AppDelegate. Main thread only.
+class Results final : public QObject {
+    Q_OBJECT
 
-    /// A scan is over: all categories are in view.
+ public:
+    /// `scan` holds the results of its categories and must outlive this object.
+    explicit Results(const ScanRun& scan, QObject* parent = nullptr);
+
+    // The list in view. The models show it after the next reload().
+
+    /// Shows all categories of the scan that has just ended.
     void begin();
-    /// Puts another view's list in its place; nothing while there is no result. A category that was
-    /// not compared has no list.
+    /// Shows `list` as the one of all categories.
+    void begin(std::shared_ptr<Modal> list);
+    /// Replaces the list by that of another view; without a result, only tabs() change. A category
+    /// that was not compared has an empty list.
     void change(ResultView view);
-    /// There is no result any more. Call it before the scan forgets its own.
+    /// Drops the result. Call before the scan drops its own.
     void forget();
-
-    /// The list in view, which is none of the models' until they are reloaded.
-    [[nodiscard]] const std::shared_ptr<Modal>& of(ResultView view) const;
-    [[nodiscard]] bool isEmpty() const { return !modal || modal->extensionCount() == 0; }
-
-    /// The rows show the list in view, from its beginning.
+    /// The models show the list in view, from its start, with nothing selected.
     void reload();
-    /// The rows show what has become of marks and files; whatever is selected stays so.
-    void refresh();
 
-    /// The selected set; invalid if none is.
-    [[nodiscard]] std::shared_ptr<Set> selectedSet() const { return tree.setAt(selected); }
-    /// The file list shows the selected set.
+    /// An empty list if there is no result.
+    [[nodiscard]] const Modal& list() const;
+    [[nodiscard]] bool hasResult() const { return list_ != nullptr; }
+    [[nodiscard]] bool isEmpty() const { return list().extensionCount() == 0; }
+    [[nodiscard]] const ViewFlags& tabs() const { return tabs_; }
+    /// Duplicates that the scan found in a category; 0 if it was not compared.
+    [[nodiscard]] std::uint64_t filesOf(ResultView view) const;
+
+    // The models, for their views and for looking up rows.
+
+    [[nodiscard]] QAbstractItemModel* treeModel() { return &tree_; }
+    [[nodiscard]] QAbstractItemModel* fileModel() { return &files_; }
+    [[nodiscard]] const ResultTree& tree() const { return tree_; }
+    [[nodiscard]] const FileList& files() const { return files_; }
+
+    // The selected set.
+
+    /// Selects a row of the tree; the file table keeps its set until showFilesInOrder().
+    void select(const QModelIndex& row) { selected_ = row; }
+    [[nodiscard]] QModelIndex selected() const { return selected_; }
+    /// `nullptr` if no set is selected.
+    [[nodiscard]] std::shared_ptr<Set> selectedSet() const { return tree_.setAt(selected_); }
+    /// Numbers the files of the selected set by their creation date and shows them in the table.
+    void showFilesInOrder(bool ascending);
+
+    // Marks. Without a result these do nothing.
+
+    void markAll();
+    void unmarkAll();
+    /// Toggles an extension or a set, by its row in the tree.
+    void toggle(const QModelIndex& row);
+    /// Toggles a file of the selected set; nullopt if there is no such file.
+    std::optional<ToggleResult> toggleFile(int row);
+
+    // Files.
+
+    /// Sums the totals of the list in view again and returns it.
+    [[nodiscard]] const Modal& countedList();
+    /// Takes the marked files out of the list, to be excluded from scans. Returns their paths.
+    [[nodiscard]] std::vector<std::string> takeOutMarkedFiles();
+    /// Lends the list to another thread, which changes marks and files until endDeletion(). Until
+    /// then the tree shows what it showed before and the file table is empty.
+    [[nodiscard]] std::shared_ptr<Modal> beginDeletion();
+    void endDeletion();
+
+ Q_SIGNALS:
+    /// Marks or marked files may have changed, so the counters of the list may be different.
+    void marksChanged();
+
+ private:
+    [[nodiscard]] const std::shared_ptr<Modal>& of(ResultView view) const;
     void showFiles();
+    void announceAllMarks();
 
-    ScanRun& scan;
-    std::shared_ptr<Modal> modal;  ///< none while no result is held
-    ViewFlags tabs;
-    ResultTree tree;
-    FileList files;
-    QPersistentModelIndex selected;  ///< in `tree`
+    const ScanRun& scan_;
+    std::shared_ptr<Modal> list_;  // none while no result is held
+    ViewFlags tabs_;
+    ResultTree tree_;
+    FileList files_;
+    QPersistentModelIndex selected_;  // in tree_
 };
 
 }  // namespace tarvin

@@ -26,7 +26,7 @@ class DeletionTest : public DeletionBench {
         }
         auto modal = std::make_shared<Modal>();
         fileSetUnderExtension(*modal, group);
-        delegate->results().modal = modal;
+        delegate->results().begin(modal);
         delegate->results().reload();
     }
 
@@ -205,13 +205,20 @@ TEST_F(DeletionTest, MovesASetWhoseEveryFileIsMarked) {
     EXPECT_EQ(list().rowCount(), 0);
 }
 
-TEST_F(DeletionTest, KeepsTheTreeReadableMeanwhile) {
+TEST_F(DeletionTest, ShowsTheTreeAsItWasUntilTheEnd) {
     click("markAll");
     deleteAndHoldAt("b2.jpg");
+    ASSERT_FALSE(isThere("a2.jpg"));
+    const QModelIndex done = tree().indexOfSet(0, 0);
+    EXPECT_EQ(setText(0, 0), "Set(1)");
+    EXPECT_EQ(done.data(Qt::CheckStateRole).toInt(), Qt::Checked);
     EXPECT_EQ(setText(0, 1), "Set(2)");
+    EXPECT_EQ(list().rowCount(), 0);
     window().grab();
     barrier.open();
     ASSERT_TRUE(reported());
+    EXPECT_EQ(setText(0, 0), "Set(0)");
+    EXPECT_EQ(done.data(Qt::CheckStateRole).toInt(), Qt::Unchecked);
     EXPECT_EQ(setText(0, 1), "Set(0)");
 }
 

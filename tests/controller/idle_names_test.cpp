@@ -24,7 +24,7 @@ class IdleNames : public ThreeSetsBench {
     };
 
     [[nodiscard]] State state() {
-        return {window().grab().toImage(),          delegate->results().selected,
+        return {window().grab().toImage(),          delegate->results().selected(),
                 delegate->session().totalSelected,  alerts.shown.size(),
                 platform.trash().attempts().size(), settings.allKeys()};
     }

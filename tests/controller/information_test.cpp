@@ -30,7 +30,11 @@ class InformationAccordingTab : public ::testing::Test {
     }
 
     std::optional<Information> ask(const ViewFlags& tabs) {
-        return informationAccordingTab(tabs, shown_, modal_, totals_);
+        const CountedList countedList = [this]() -> const Modal& {
+            modal_.calculateTotalFilesAndSize();
+            return modal_;
+        };
+        return informationAccordingTab(tabs, shown_, countedList, totals_);
     }
 
     Modal modal_;

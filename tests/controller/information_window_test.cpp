@@ -68,7 +68,7 @@ TEST_F(ShownInformation, StandsAtItsPlaceAboveTheCoveredScreen) {
 TEST_F(ShownInformation, AnswersAClickOnTheScreenBehindWithNothing) {
     QTest::mouseClick(window().windowHandle(), Qt::LeftButton, {},
                       control("imageButton")->mapTo(&window(), QPoint(20, 10)));
-    EXPECT_TRUE(delegate->results().tabs.allTab);
+    EXPECT_TRUE(delegate->results().tabs().allTab);
     EXPECT_EQ(information()[0], "Duplicates Found");
 }
 

@@ -141,7 +141,7 @@ TEST_F(Marking, LeavesSelectionAndExpansionAlone) {
     clickFileBox(1);
     clickBox(tree().indexOfSet(0, 0));
     click("unMarkAll");
-    EXPECT_EQ(delegate->results().selected.row(), 1);
+    EXPECT_EQ(delegate->results().selected().row(), 1);
     EXPECT_TRUE(outline().isExpanded(tree().indexOfExtension(0)));
     EXPECT_FALSE(outline().isExpanded(tree().indexOfExtension(1)));
     EXPECT_EQ(list().rowCount(), 3);

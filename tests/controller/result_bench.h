@@ -54,11 +54,11 @@ class ResultBench : public ProductBench {
         write("c2.txt", "text text");
     }
 
-    [[nodiscard]] ResultTree& tree() { return delegate->results().tree; }
-    [[nodiscard]] FileList& list() { return delegate->results().files; }
+    [[nodiscard]] const ResultTree& tree() { return delegate->results().tree(); }
+    [[nodiscard]] const FileList& list() { return delegate->results().files(); }
     [[nodiscard]] ResultTreeView& outline() { return *window().results->OView2; }
     [[nodiscard]] ResultTable& table() { return *window().results->resultTable; }
-    [[nodiscard]] Modal& modal() { return *delegate->results().modal; }
+    [[nodiscard]] const Modal& modal() { return delegate->results().list(); }
     [[nodiscard]] Set& setOf(int extension, int set) {
         return *modal()
                     .extensions()[static_cast<std::size_t>(extension)]

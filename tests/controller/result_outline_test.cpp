@@ -49,7 +49,7 @@ TEST_F(Outline, AClickOnTheSelectedSetLeavesNothingCovered) {
 TEST_F(Outline, AClickOnAnExtensionSelectsNothing) {
     select(0, 1);
     clickRow(tree().indexOfExtension(1));
-    EXPECT_EQ(delegate->results().selected, tree().indexOfSet(0, 1));
+    EXPECT_EQ(delegate->results().selected(), tree().indexOfSet(0, 1));
     EXPECT_EQ(list().rowCount(), 3);
     EXPECT_FALSE(isCovered());
 }
@@ -77,7 +77,7 @@ TEST_F(Outline, ArrowsSelectNothing) {
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Up, Qt::Key_Home, Qt::Key_End}) {
         QTest::keyClick(&outline(), key);
     }
-    EXPECT_EQ(delegate->results().selected, tree().indexOfSet(0, 1));
+    EXPECT_EQ(delegate->results().selected(), tree().indexOfSet(0, 1));
     EXPECT_EQ(list().rowCount(), 3);
 }
 
@@ -94,7 +94,7 @@ TEST_F(Outline, ASetThatHasNoFilesLeftShowsNoRows) {
 
     const VisibilityCounter overlay(window().loadingView);
     select(0, 1);
-    EXPECT_EQ(delegate->results().selected, tree().indexOfSet(0, 1));
+    EXPECT_EQ(delegate->results().selected(), tree().indexOfSet(0, 1));
     EXPECT_EQ(list().rowCount(), 0);
     EXPECT_EQ(overlay.shown(), 1);
     EXPECT_FALSE(isCovered());
@@ -116,7 +116,7 @@ TEST_F(Outline, ItsContextMenuDoesNothing) {
     delegate->views().righClickMenuItemClicked(99, {});
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 4");
     EXPECT_EQ(textOf("selectedSize"), marked.toStdString());
-    EXPECT_EQ(delegate->results().selected, tree().indexOfSet(0, 0));
+    EXPECT_EQ(delegate->results().selected(), tree().indexOfSet(0, 0));
     EXPECT_TRUE(platform.trash().attempts().empty());
     EXPECT_TRUE(desktop.paths.empty());
     EXPECT_EQ(information(), Lines());

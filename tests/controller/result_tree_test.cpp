@@ -137,8 +137,8 @@ TEST_F(ResultTreeRows, AreNoneWithoutAResult) {
     EXPECT_EQ(tree_.modal(), nullptr);
     tree_.allMarksChanged();
     tree_.marksChanged(0, 0);
-    tree_.keepStill();
-    tree_.follow();
+    tree_.showSnapshot();
+    tree_.endSnapshot();
     EXPECT_EQ(changed_.size(), 0);
 }
 
@@ -258,7 +258,7 @@ TEST_F(ResultTreeChanges, ConcernNamesToo) {
 
 TEST_F(ResultTreeStandingStill, ShowsWhatItShowedBefore) {
     click(three_, 1);
-    tree_.keepStill();
+    tree_.showSnapshot();
     modal_->markAllExtension();
     static_cast<void>(modal_->addSelectedFilesToExceptionInSet(three_, jpg_));
     EXPECT_EQ(nameOf(set(0, 0)), "Set(2)");
@@ -270,12 +270,12 @@ TEST_F(ResultTreeStandingStill, ShowsWhatItShowedBefore) {
 }
 
 TEST_F(ResultTreeStandingStill, EndsWithTheNextResultAndWhenFollowing) {
-    tree_.keepStill();
+    tree_.showSnapshot();
     modal_->markAllExtension();
-    tree_.follow();
+    tree_.endSnapshot();
     EXPECT_EQ(rowsOf(changed_), (Rows{"0-2", "0/0-1", "1/0-0"}));
     EXPECT_EQ(boxOf(set(1, 0)), Qt::Checked);
-    tree_.keepStill();
+    tree_.showSnapshot();
     tree_.setModal(modal_);
     modal_->unmarkAllExtension();
     EXPECT_EQ(boxOf(set(1, 0)), Qt::Unchecked);
@@ -283,7 +283,7 @@ TEST_F(ResultTreeStandingStill, EndsWithTheNextResultAndWhenFollowing) {
 
 // The thread sanitizer sees here whether anything that changes is read.
 TEST_F(ResultTreeStandingStill, ReadsNothingThatAnotherThreadChanges) {
-    tree_.keepStill();
+    tree_.showSnapshot();
     auto walk = std::async(std::launch::async, [this] {
         modal_->markAllExtension();
         return modal_->addSelectedFilesToExceptionInSet(three_, jpg_).size();
@@ -379,7 +379,7 @@ TEST_F(LargeResultTree, StandsStillQuickly) {
     ResultTree tree;
     tree.setModal(modal_);
     const std::clock_t begin = std::clock();
-    tree.keepStill();
+    tree.showSnapshot();
     const std::clock_t took = (std::clock() - begin) / (CLOCKS_PER_SEC / 1000);
     RecordProperty("milliseconds", static_cast<int>(took));
 #ifdef TARVIN_SANITIZED

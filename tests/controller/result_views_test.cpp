@@ -37,7 +37,7 @@ class Views : public ResultBench {
 
     /// The flags of the views, in the order of their buttons.
     [[nodiscard]] std::array<bool, 6> flags() {
-        const ViewFlags& tabs = delegate->results().tabs;
+        const ViewFlags& tabs = delegate->results().tabs();
         return {tabs.allTab,   tabs.imageTab, tabs.videoTab,
                 tabs.audioTab, tabs.docsTab,  tabs.othrTab};
     }
@@ -228,7 +228,7 @@ TEST_F(Views, WithoutTheirSummaryKeepTheTotalsOfWhatIsMarked) {
 TEST_F(Views, ShowTheFirstSetWithItsFirstFile) {
     writeThreeSets();
     scanAndReview();
-    EXPECT_EQ(delegate->results().selected, tree().indexOfSet(0, 0));
+    EXPECT_EQ(delegate->results().selected(), tree().indexOfSet(0, 0));
     EXPECT_EQ(list().rowCount(), 2);
     EXPECT_EQ(fileText(0, ResultTable::nameText), "a1.jpg");
     EXPECT_EQ(fileText(0, ResultTable::fileLocation), folder.pathOf("found"));
@@ -244,7 +244,7 @@ TEST_F(Views, OfASingleExtensionBeginWithoutAPreview) {
     write("a1.jpg", "one");
     write("a2.jpg", "one");
     scanAndReview();
-    EXPECT_EQ(delegate->results().selected, tree().indexOfSet(0, 0));
+    EXPECT_EQ(delegate->results().selected(), tree().indexOfSet(0, 0));
     EXPECT_EQ(list().rowCount(), 2);
     EXPECT_TRUE(window().results->imView->image().isNull());
     EXPECT_EQ(textOf("selectedPath"), "");
@@ -276,7 +276,7 @@ class EmptyViews : public Views {
                   before);
         EXPECT_EQ(names(), rows);
         EXPECT_EQ(stateOfFirstSet(), CheckState::on);
-        EXPECT_EQ(delegate->results().selected, tree().indexOfSet(0, 0));
+        EXPECT_EQ(delegate->results().selected(), tree().indexOfSet(0, 0));
         EXPECT_EQ(reloaded.size(), 0);
 
         click("scanInforOKBtn");
@@ -380,7 +380,7 @@ TEST_F(EmptyViews, OfAnEmptyResultMayComeWithoutASummary) {
     click("scanInforOKBtn");
     delegate->session().totalSelected = 3;
     delegate->session().totalSize = 5;
-    delegate->results().tabs.allTab = true;
+    delegate->results().begin();
     delegate->views().showDuplicateScanResult(false);
     EXPECT_EQ(screen(), QStringLiteral("4"));
     EXPECT_EQ(information(), Lines());
@@ -414,7 +414,7 @@ class ViewsWithoutAResult : public Views {
         click(buttons.at(view));
         expectAlphasBehind(view, 0.7);
         EXPECT_EQ(flags(), onlyFlag(view));
-        EXPECT_EQ(delegate->results().modal, nullptr);
+        EXPECT_FALSE(delegate->results().hasResult());
     }
 
     void expectTheEmptySummaryThatLeadsHome() {
@@ -448,8 +448,7 @@ TEST_F(ViewsWithoutAResult, SayThatACategoryIsEmptyAndLeadToAll) {
 
 TEST_F(ViewsWithoutAResult, StayWhereTheyAreWhenNoneIsChosen) {
     window().selectTabViewItem(QStringLiteral("4"));
-    ASSERT_EQ(delegate->results().modal, nullptr);
-    delegate->results().tabs = {};
+    ASSERT_FALSE(delegate->results().hasResult());
     window().showOver(window().informationWindow, {250, 200});
     click("scanInforOKBtn");
     EXPECT_EQ(screen(), QStringLiteral("4"));
@@ -461,7 +460,7 @@ TEST_F(ViewsWithoutAResult, StayWhereTheyAreWhenNoneIsChosen) {
 TEST_F(ViewsWithoutAResult, TakeACategoryThatWasNotComparedForEmpty) {
     // What a scan that was stopped early leaves.
     delegate->results().begin();
-    ASSERT_NE(delegate->results().modal, nullptr);
+    ASSERT_TRUE(delegate->results().hasResult());
     window().selectTabViewItem(QStringLiteral("4"));
     click("allButton");
     EXPECT_EQ(information(), (Lines{"Duplicates Found", "Media: 0", "Documents: 0", "Others: 0"}));
