@@ -1,5 +1,6 @@
 #include "controller/marking_task.h"
 
+#include "controller/result_tabs.h"
 #include "controller/result_texts.h"
 #include "controls/button_hover_simple.h"
 #include "controls/button_settings_saved.h"
@@ -15,8 +16,6 @@
 
 #include <QAbstractButton>
 #include <QLabel>
-#include <array>
-#include <utility>
 
 namespace tarvin {
 
@@ -91,15 +90,8 @@ void MarkingTask::enableNecessaryButton() {
     if (!states.currentView) {
         return;
     }
-    const std::array<std::pair<QAbstractButton*, ResultView>, 6> buttons{
-        {{screen.allButton, ResultView::all},
-         {screen.imageButton, ResultView::image},
-         {screen.videoButton, ResultView::video},
-         {screen.audioButton, ResultView::audio},
-         {screen.documentButton, ResultView::documents},
-         {screen.otherButton, ResultView::other}}};
-    for (const auto& [button, view] : buttons) {
-        button->setEnabled(view != *states.currentView);
+    for (const ResultView view : allViews) {
+        tabButtonOf(screen, view)->setEnabled(view != *states.currentView);
     }
 }
 

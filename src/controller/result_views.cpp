@@ -1,53 +1,22 @@
 #include "controller/result_views.h"
 
-#include "controller/location_texts.h"
+#include "controller/result_tabs.h"
 #include "controller/result_texts.h"
-#include "controller/sort_files.h"
 #include "controls/hover_button.h"
-#include "controls/pop_up_button.h"
 #include "controls/tab_button.h"
-#include "controls/toggle_button.h"
 #include "interface/main_window.h"
 #include "interface/result_screen.h"
 #include "interface/result_table.h"
 #include "interface/result_tree_view.h"
 
 #include <QAbstractButton>
-#include <QAction>
 #include <QItemSelectionModel>
 #include <QLabel>
-#include <QMenu>
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <optional>
 
 namespace tarvin {
-
-namespace {
-
-constexpr std::array allViews{ResultView::all,   ResultView::image,     ResultView::video,
-                              ResultView::audio, ResultView::documents, ResultView::other};
-
-TabButton* buttonOf(const ResultScreen& screen, ResultView view) {
-    switch (view) {
-        case ResultView::all:
-            return screen.allButton;
-        case ResultView::image:
-            return screen.imageButton;
-        case ResultView::video:
-            return screen.videoButton;
-        case ResultView::audio:
-            return screen.audioButton;
-        case ResultView::documents:
-            return screen.documentButton;
-        case ResultView::other:
-            break;
-    }
-    return screen.otherButton;
-}
-
-}  // namespace
 
 ResultViews::ResultViews(Session& session, Results& results, MainWindow& window,
                          InformationWindow& information, MarkingTask& marking, Preview& preview,
@@ -58,7 +27,9 @@ ResultViews::ResultViews(Session& session, Results& results, MainWindow& window,
       information_(information),
       marking_(marking),
       preview_(preview),
-      loading_(loading) {
+      loading_(loading),
+      sortControls_(*window.results),
+      outlineMenu_(*window.results) {
     window_.results->OView2->setModel(results_.treeModel());
     window_.results->resultTable->setModel(results_.fileModel());
     connectControls();
@@ -85,32 +56,15 @@ void ResultViews::connectControls() {
     // Rows that were read anew are none of those that were selected.
     connect(results_.fileModel(), &QAbstractItemModel::modelReset, this,
             &ResultViews::selectShownFile);
-    for (QAction* item : screen.outlineMenu->actions()) {
-        connect(item, &QAction::triggered, this,
-                [this, item] { righClickMenuItemClicked(item->data().toInt(), item->text()); });
-    }
     connect(&information_, &InformationWindow::closed, this, &ResultViews::informationClosed);
 }
 
 void ResultViews::connectSortControls() {
-    const ResultScreen& screen = *window_.results;
-    connect(screen.sortPopupBtn, &PopUpButton::activated, this, &ResultViews::popupButtonClicked);
-    for (QAbstractButton* toggle : {static_cast<QAbstractButton*>(screen.sortBtn),
-                                    static_cast<QAbstractButton*>(screen.asscendingBtn)}) {
-        connect(toggle, &QAbstractButton::clicked, this,
-                [this, toggle] { asscendingDescendingClicked(*toggle); });
-    }
-    for (QAction* item : screen.sortByMenu->actions()) {
-        connect(item, &QAction::triggered, this,
-                [this, item] { sortByMenuClicked(item->data().toInt()); });
-    }
-    for (QAction* item : screen.sortingOrderMenu->actions()) {
-        connect(item, &QAction::triggered, this,
-                [this, item] { sortingOrderMenuClicked(item->data().toInt()); });
-    }
-    screen.sortPopupBtn->selectItemWithTag(1);
-    screen.sortPopupBtn->setToolTip(ResultTexts::sortBySize());
-    screen.asscendingBtn->setToolTip(ResultTexts::sortingOrder(true));
+    connect(&sortControls_, &SortControls::chosen, this, [this] {
+        loading_.show();
+        outlineViewSelectionDidChange();
+    });
+    connect(&sortControls_, &SortControls::chosenInMenu, this, [this] { loading_.show(); });
 }
 
 void ResultViews::allClicked() {
@@ -143,7 +97,7 @@ void ResultViews::change(ResultView view) {
     results_.change(view);
     for (const ResultView other : allViews) {
         if (other != view) {
-            buttonOf(*window_.results, other)->setAlpha(1.0);
+            tabButtonOf(*window_.results, other)->setAlpha(1.0);
         }
     }
 }
@@ -286,7 +240,7 @@ void ResultViews::outlineViewSelectionDidChange() {
     if (!set) {
         return;
     }
-    sortMaadi();
+    results_.showFilesInOrder(sortControls_.beginNumbering());
     loading_.hide();
     if (!set->files().empty()) {
         showFile(set->files().front());
@@ -299,79 +253,6 @@ void ResultViews::tableViewSelectionDidChange() {
     if (file && file != shown_) {
         showFile(file);
     }
-}
-
-/// Whatever was chosen, the date of creation decides.
-void ResultViews::sortMaadi() {
-    sorting_ = effectiveSorting;
-    ascending_ = window_.results->sortBtn->isChecked();
-    results_.showFilesInOrder(ascending_);
-}
-
-void ResultViews::righClickMenuItemClicked(int tag, const QString& title) {
-    switch (tag) {
-        case 0:
-            Q_EMIT markUnmarkSelectedOutlineImage(title == LocationTexts::markMenu(false));
-            break;
-        case 1:
-        case 2:
-            Q_EMIT openSelectedImageOfOutlineView(tag == 2);
-            break;
-        case 3:
-        case 4:
-            Q_EMIT moveSelectedItemToTrash(tag == 3);
-            break;
-        case 5:
-            Q_EMIT markAllSelectedSet();
-            break;
-        case 6:
-            Q_EMIT unMarkAllSelectedSet();
-            break;
-        case 7:
-            Q_EMIT getInfo();
-            break;
-        default:
-            break;
-    }
-}
-
-void ResultViews::popupButtonClicked() {
-    loading_.show();
-    outlineViewSelectionDidChange();
-}
-
-void ResultViews::asscendingDescendingClicked(QAbstractButton& sender) {
-    sender.setToolTip(ResultTexts::sortingOrder(sender.isChecked()));
-    loading_.show();
-    outlineViewSelectionDidChange();
-}
-
-/// The files stay covered until another set is selected.
-void ResultViews::sortByMenuClicked(int tag) {
-    if (const std::optional<SortCriterion> criterion = sortCriterionOf(tag)) {
-        PopUpButton& popup = *window_.results->sortPopupBtn;
-        sorting_ = criterion->sorting;
-        if (popup.toolTip() == criterion->toolTip) {
-            return;
-        }
-        popup.setToolTip(criterion->toolTip);
-        popup.selectItemWithTag(criterion->popupTag);
-    }
-    loading_.show();
-}
-
-void ResultViews::sortingOrderMenuClicked(int tag) {
-    if (tag == 0 || tag == 1) {
-        QAbstractButton& toggle = *window_.results->asscendingBtn;
-        const bool ascends = tag == 0;
-        if (toggle.isChecked() == ascends) {
-            return;
-        }
-        toggle.setChecked(ascends);
-        // For both directions.
-        toggle.setToolTip(ResultTexts::sortingOrder(true));
-    }
-    loading_.show();
 }
 
 void ResultViews::homeCleanup() {

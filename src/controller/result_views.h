@@ -2,16 +2,15 @@
 
 #include "controller/information_window.h"
 #include "controller/marking_task.h"
+#include "controller/outline_menu.h"
 #include "controller/preview.h"
 #include "controller/results.h"
 #include "controller/session.h"
+#include "controller/sort_controls.h"
 #include "interface/loading_overlay.h"
 
 #include <QObject>
 #include <memory>
-#include <string>
-
-class QAbstractButton;
 
 namespace tarvin {
 
@@ -50,45 +49,23 @@ class ResultViews final : public QObject {
     // treeView(), and neither does anything.
     void treeView() {}
     void rightClicked() {}
-    /// Asks for what the item with this tag stands for; an unknown tag asks for nothing.
-    void righClickMenuItemClicked(int tag, const QString& title);
 
     // The file list.
 
     /// Shows the file of the row that is selected now; nothing changes without one.
     void tableViewSelectionDidChange();
 
-    // The sort controls. None of them changes the order of the rows.
-
-    void popupButtonClicked();
-    void asscendingDescendingClicked(QAbstractButton& sender);
-    void sortByMenuClicked(int tag);
-    void sortingOrderMenuClicked(int tag);
-
     /// There is no result any more.
     void homeCleanup();
 
-    /// What was chosen last to sort by, until the next set is selected: that always goes by
-    /// "fileCreationDate".
-    [[nodiscard]] const std::string& sorting() const { return sorting_; }
-    /// The direction in which the selected set was numbered.
-    [[nodiscard]] bool ascending() const { return ascending_; }
+    [[nodiscard]] SortControls& sortControls() { return sortControls_; }
+    [[nodiscard]] OutlineMenu& outlineMenu() { return outlineMenu_; }
 
  Q_SIGNALS:
     /// A result that is not empty has come to its screen.
     void shown();
     /// An empty result was acknowledged.
     void homeRequested();
-
-    // What the context menu of the outline asks for, by tag. Nothing listens, so the menu has no
-    // effect.
-
-    void markUnmarkSelectedOutlineImage(bool mark);
-    void openSelectedImageOfOutlineView(bool inFolder);
-    void moveSelectedItemToTrash(bool selected);
-    void markAllSelectedSet();
-    void unMarkAllSelectedSet();
-    void getInfo();
 
  private:
     void connectControls();
@@ -105,8 +82,6 @@ class ResultViews final : public QObject {
     void clearPreview();
     void showScreen();
     void informationClosed();
-    /// Shows the files of the selected set, numbered by their creation date.
-    void sortMaadi();
 
     Session& session_;
     Results& results_;
@@ -116,8 +91,8 @@ class ResultViews final : public QObject {
     Preview& preview_;
     const LoadingOverlay& loading_;
     std::shared_ptr<File> shown_;  ///< the file in the preview; none while it is empty
-    std::string sorting_;
-    bool ascending_ = false;
+    SortControls sortControls_;
+    OutlineMenu outlineMenu_;
 };
 
 }  // namespace tarvin

@@ -9,19 +9,19 @@ namespace tarvin {
 namespace {
 
 /// What the context menu of the outline asks for, as "operation" or "operation true".
-class OutlineMenu : public ThreeSetsBench {
+class OutlineMenuTest : public ThreeSetsBench {
  protected:
     void SetUp() override {
         ThreeSetsBench::SetUp();
-        const ResultViews& views = delegate->views();
-        connectFlag(views, &ResultViews::markUnmarkSelectedOutlineImage,
+        const OutlineMenu& menu = delegate->views().outlineMenu();
+        connectFlag(menu, &OutlineMenu::markUnmarkSelectedOutlineImage,
                     "markUnmarkSelectedOutlineImage");
-        connectFlag(views, &ResultViews::openSelectedImageOfOutlineView,
+        connectFlag(menu, &OutlineMenu::openSelectedImageOfOutlineView,
                     "openSelectedImageOfOutlineView");
-        connectFlag(views, &ResultViews::moveSelectedItemToTrash, "moveSelectedItemToTrash");
-        connectPlain(views, &ResultViews::markAllSelectedSet, "markAllSelectedSet");
-        connectPlain(views, &ResultViews::unMarkAllSelectedSet, "unMarkAllSelectedSet");
-        connectPlain(views, &ResultViews::getInfo, "getInfo");
+        connectFlag(menu, &OutlineMenu::moveSelectedItemToTrash, "moveSelectedItemToTrash");
+        connectPlain(menu, &OutlineMenu::markAllSelectedSet, "markAllSelectedSet");
+        connectPlain(menu, &OutlineMenu::unMarkAllSelectedSet, "unMarkAllSelectedSet");
+        connectPlain(menu, &OutlineMenu::getInfo, "getInfo");
     }
 
     /// Opens the menu on a set and chooses the item with this tag.
@@ -41,19 +41,18 @@ class OutlineMenu : public ThreeSetsBench {
     Lines asked_;
 
  private:
-    void connectFlag(const ResultViews& views, void (ResultViews::*operation)(bool),
+    void connectFlag(const OutlineMenu& menu, void (OutlineMenu::*operation)(bool),
                      const char* name) {
-        QObject::connect(&views, operation, &window(), [this, name](bool flag) {
+        QObject::connect(&menu, operation, &window(), [this, name](bool flag) {
             asked_.push_back(std::string(name) + (flag ? " true" : " false"));
         });
     }
-    void connectPlain(const ResultViews& views, void (ResultViews::*operation)(),
-                      const char* name) {
-        QObject::connect(&views, operation, &window(), [this, name] { asked_.emplace_back(name); });
+    void connectPlain(const OutlineMenu& menu, void (OutlineMenu::*operation)(), const char* name) {
+        QObject::connect(&menu, operation, &window(), [this, name] { asked_.emplace_back(name); });
     }
 };
 
-TEST_F(OutlineMenu, EachTagAsksForItsOwnOperation) {
+TEST_F(OutlineMenuTest, EachTagAsksForItsOwnOperation) {
     const std::array expected{
         "markUnmarkSelectedOutlineImage true",
         "openSelectedImageOfOutlineView false",
@@ -71,16 +70,16 @@ TEST_F(OutlineMenu, EachTagAsksForItsOwnOperation) {
     }
 }
 
-TEST_F(OutlineMenu, AnItemThatSaysUnmarkAsksForThat) {
-    delegate->views().righClickMenuItemClicked(0, QStringLiteral("Unmark"));
-    delegate->views().righClickMenuItemClicked(0, QStringLiteral("Mark"));
+TEST_F(OutlineMenuTest, AnItemThatSaysUnmarkAsksForThat) {
+    delegate->views().outlineMenu().righClickMenuItemClicked(0, QStringLiteral("Unmark"));
+    delegate->views().outlineMenu().righClickMenuItemClicked(0, QStringLiteral("Mark"));
     EXPECT_EQ(asked_, (Lines{"markUnmarkSelectedOutlineImage false",
                              "markUnmarkSelectedOutlineImage true"}));
 }
 
-TEST_F(OutlineMenu, AnUnknownTagAsksForNothing) {
+TEST_F(OutlineMenuTest, AnUnknownTagAsksForNothing) {
     for (const int tag : {-1, 8, 99}) {
-        delegate->views().righClickMenuItemClicked(tag, QStringLiteral("Mark"));
+        delegate->views().outlineMenu().righClickMenuItemClicked(tag, QStringLiteral("Mark"));
     }
     EXPECT_EQ(asked_, Lines());
 }

@@ -57,7 +57,7 @@ TEST_F(Outline, AClickOnAnExtensionSelectsNothing) {
 TEST_F(Outline, WithoutASelectedSetNothingHappens) {
     select(0, 1);
     clickBox(tree().indexOfSet(0, 1));
-    delegate->views().sortByMenuClicked(2);
+    delegate->views().sortControls().sortByMenuClicked(2);
     ASSERT_TRUE(isCovered());
     const Lines files = names();
     const QSignalSpy reloaded(&list(), &QAbstractItemModel::modelReset);
@@ -67,7 +67,7 @@ TEST_F(Outline, WithoutASelectedSetNothingHappens) {
     EXPECT_EQ(names(), files);
     EXPECT_EQ(textOf("selectedPath"), "Path: " + folder.pathOf("found/b1.jpg"));
     // The effective key is set by a set alone.
-    EXPECT_EQ(delegate->views().sorting(), "CreatDate");
+    EXPECT_EQ(delegate->views().sortControls().sorting(), "CreatDate");
     EXPECT_TRUE(isCovered());
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 2");
 }
@@ -113,7 +113,7 @@ TEST_F(Outline, ItsContextMenuDoesNothing) {
         choose(menu, item);
     }
     delegate->views().rightClicked();
-    delegate->views().righClickMenuItemClicked(99, {});
+    delegate->views().outlineMenu().righClickMenuItemClicked(99, {});
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 4");
     EXPECT_EQ(textOf("selectedSize"), marked.toStdString());
     EXPECT_EQ(delegate->results().selected(), tree().indexOfSet(0, 0));

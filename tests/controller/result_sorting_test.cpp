@@ -29,7 +29,7 @@ class Sorting : public ResultBench {
     [[nodiscard]] PopUpButton& popup() { return *window().results->sortPopupBtn; }
     [[nodiscard]] QAbstractButton& sortBtn() { return *window().results->sortBtn; }
     [[nodiscard]] QAbstractButton& asscendingBtn() { return *window().results->asscendingBtn; }
-    [[nodiscard]] ResultViews& views() { return delegate->views(); }
+    [[nodiscard]] SortControls& sortControls() { return delegate->views().sortControls(); }
 
     /// Chooses in the list of the pop-up, the row that is shown at first included.
     void chooseInPopUp(int row) {
@@ -93,10 +93,10 @@ TEST_F(Sorting, NumbersTheFilesOfTheSelectedSetByTheirDate) {
     ASSERT_EQ(places(), (Places{0, 1, 2}));
     select(0, 1);
     EXPECT_EQ(places(), (Places{2, 0, 1}));
-    EXPECT_TRUE(views().ascending());
+    EXPECT_TRUE(sortControls().ascending());
     click("sortBtn");
     EXPECT_EQ(places(), (Places{0, 2, 1}));
-    EXPECT_FALSE(views().ascending());
+    EXPECT_FALSE(sortControls().ascending());
     EXPECT_EQ(names(), inOrder);
 }
 
@@ -127,16 +127,16 @@ TEST_F(Sorting, ControlsCoverTheFilesWhileTheyAreNumberedAnew) {
 }
 
 TEST_F(Sorting, GoesByTheDateOfCreationWhateverWasChosen) {
-    EXPECT_EQ(views().sorting(), "fileCreationDate");
+    EXPECT_EQ(sortControls().sorting(), "fileCreationDate");
     const std::vector<std::string> keys{"size", "itemTitle", "CreatDate", "ModDate", "Dimension"};
     for (std::size_t tag = 0; tag < keys.size(); ++tag) {
         chooseInMenu(static_cast<int>(tag));
-        EXPECT_EQ(views().sorting(), keys[tag]);
+        EXPECT_EQ(sortControls().sorting(), keys[tag]);
         chooseInPopUp(static_cast<int>(tag));
-        EXPECT_EQ(views().sorting(), "fileCreationDate");
+        EXPECT_EQ(sortControls().sorting(), "fileCreationDate");
         chooseInMenu(static_cast<int>(tag));
         select(0, 1);
-        EXPECT_EQ(views().sorting(), "fileCreationDate");
+        EXPECT_EQ(sortControls().sorting(), "fileCreationDate");
         EXPECT_EQ(places(), (Places{2, 0, 1}));
         select(0, 0);
     }
@@ -197,12 +197,12 @@ TEST_F(Sorting, ByMenuAsItIsDoesNothing) {
 }
 
 TEST_F(Sorting, ByAnUnknownItemOnlyCoversTheFiles) {
-    views().sortByMenuClicked(7);
+    sortControls().sortByMenuClicked(7);
     EXPECT_TRUE(isCovered());
     EXPECT_EQ(popup().toolTip(), QStringLiteral("Sort by size"));
-    EXPECT_EQ(views().sorting(), "fileCreationDate");
+    EXPECT_EQ(sortControls().sorting(), "fileCreationDate");
     select(0, 1);
-    views().sortingOrderMenuClicked(5);
+    sortControls().sortingOrderMenuClicked(5);
     EXPECT_TRUE(isCovered());
     EXPECT_TRUE(asscendingBtn().isChecked());
 }
