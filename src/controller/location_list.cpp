@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <iterator>
 #include <optional>
-#include <unordered_map>
 #include <utility>
 
 namespace tarvin {
@@ -87,53 +86,7 @@ bool LocationList::loadFolder(const std::string& path) {
 }
 
 void LocationList::showLevel(const std::string& level, std::vector<LocationRow> rows) {
-    kept_[level_] = addedRows();
-    added_.clear();
-    level_ = level;
-    if (auto kept = kept_.extract(level)) {
-        rows = putBack(std::move(kept.mapped()), std::move(rows));
-    }
-    replaceRows(std::move(rows));
-}
-
-/// The rows of a level with those that were added to it, each at its place.
-std::vector<LocationRow> LocationList::putBack(std::vector<KeptRow> kept,
-                                               std::vector<LocationRow> listed) {
-    std::unordered_map<std::string_view, std::size_t> places;
-    for (std::size_t place = 0; place < listed.size(); ++place) {
-        places.emplace(listed[place].name, place);
-    }
-    // One that is listed by itself was only checked.
-    std::erase_if(kept, [&](const KeptRow& added) {
-        added_.insert(added.row.name);
-        const auto found = places.find(added.row.name);
-        if (found == places.end()) {
-            return false;
-        }
-        listed[found->second].state = added.row.state;
-        return true;
-    });
-    std::vector<LocationRow> rows;
-    rows.reserve(listed.size() + kept.size());
-    auto next = listed.begin();
-    for (KeptRow& added : kept) {
-        while (rows.size() < added.position && next != listed.end()) {
-            rows.push_back(std::move(*next++));
-        }
-        rows.push_back(std::move(added.row));
-    }
-    std::move(next, listed.end(), std::back_inserter(rows));
-    return rows;
-}
-
-std::vector<LocationList::KeptRow> LocationList::addedRows() const {
-    std::vector<KeptRow> added;
-    for (std::size_t position = 0; position < rows_.size(); ++position) {
-        if (added_.contains(rows_[position].name)) {
-            added.push_back({position, rows_[position]});
-        }
-    }
-    return added;
+    replaceRows(added_.changeLevel(level, rows_, std::move(rows)));
 }
 
 std::vector<std::string> LocationList::getFoldersAtPath(const std::string& path) const {
@@ -184,7 +137,7 @@ void LocationList::openFolders(const std::vector<std::string>& paths) {
         const auto listed = std::find_if(rows_.begin(), rows_.end(),
                                          [&](const LocationRow& row) { return row.name == path; });
         if (listed != rows_.end()) {
-            added_.insert(path);
+            added_.add(path);
             setState(static_cast<std::size_t>(listed - rows_.begin()), true);
             continue;
         }
@@ -220,11 +173,7 @@ void LocationList::checkButtonExactFirstpage(std::size_t row, bool checked) {
     } else {
         std::erase(stateArray_, rows_[row].name);
     }
-    for (auto& [level, keptRows] : kept_) {
-        for (KeptRow& kept : keptRows) {
-            kept.row.state = kept.row.name == rows_[row].name ? checked : kept.row.state;
-        }
-    }
+    added_.setState(rows_[row].name, checked);
     setState(row, checked);
 }
 
@@ -257,9 +206,7 @@ void LocationList::removeFromListExact() {
 }
 
 void LocationList::removeAllRows() {
-    kept_.clear();
     added_.clear();
-    level_.clear();
     replaceRows({});
 }
 
@@ -290,7 +237,7 @@ void LocationList::takeDropped(const std::string& path, std::vector<LocationRow>
 void LocationList::gather(LocationRow row, std::vector<LocationRow>& rows) {
     // Known at once: the same path may come again before the rows are in the list.
     index_.add(row.name);
-    added_.insert(row.name);
+    added_.add(row.name);
     rows.push_back(std::move(row));
 }
 

@@ -1,14 +1,13 @@
 #pragma once
 
+#include "controller/added_locations.h"
 #include "controller/location_index.h"
 #include "platform/platform.h"
 #include "scan/location_row.h"
 
 #include <cstddef>
-#include <map>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 namespace tarvin {
@@ -135,20 +134,11 @@ class LocationList final {
         bool notAdded = false;
     };
 
-    /// A row that was added at a level that is not shown.
-    struct KeptRow {
-        std::size_t position = 0;
-        LocationRow row;
-    };
-
     [[nodiscard]] bool isInStateArray(const std::string& path) const;
     [[nodiscard]] std::vector<LocationRow> topLevelRows() const;
     /// Shows `rows` and what was added to them before; `level` is a folder's path, or empty for the
     /// top level.
     void showLevel(const std::string& level, std::vector<LocationRow> rows);
-    [[nodiscard]] std::vector<KeptRow> addedRows() const;
-    [[nodiscard]] std::vector<LocationRow> putBack(std::vector<KeptRow> kept,
-                                                   std::vector<LocationRow> listed);
     void takeDropped(const std::string& path, std::vector<LocationRow>& rows, Refusals& refusals);
     /// Takes a row that is to be added.
     void gather(LocationRow row, std::vector<LocationRow>& rows);
@@ -162,9 +152,7 @@ class LocationList final {
     std::vector<LocationRow> rows_;
     LocationIndex index_;  // of the names of rows_
     std::vector<std::string> stateArray_;
-    std::string level_;                                 // that is shown; empty for the top level
-    std::unordered_set<std::string> added_;             // the names of its rows that were added
-    std::map<std::string, std::vector<KeptRow>> kept_;  // of the other levels
+    AddedLocations added_;
     bool scanFolderClicked_ = false;
 };
 

@@ -2,12 +2,12 @@
 
 #include "controller/path_text.h"
 #include "controller/result_texts.h"
+#include "controller/tree_snapshot.h"
 #include "controls/plain_text.h"
 #include "interface/result_table.h"
 #include "interface/result_tree_view.h"
 
 #include <utility>
-#include <vector>
 
 namespace tarvin {
 
@@ -46,53 +46,6 @@ const QVector<int>& rolesThatFollow() {
 }
 
 }  // namespace
-
-/// What the rows of a list show at one moment.
-class ResultTree::Snapshot final {
- public:
-    explicit Snapshot(const Modal& modal) {
-        std::size_t count = 0;
-        for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
-            count += extension->sets().size();
-        }
-        sets_.reserve(count);
-        extensions_.reserve(modal.extensionCount());
-        for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
-            extensions_.push_back({sets_.size(), extension->extensionState()});
-            for (const std::shared_ptr<Set>& set : extension->sets()) {
-                sets_.push_back({set->files().size(), set->setsState()});
-            }
-        }
-    }
-
-    [[nodiscard]] CheckState stateOfExtension(int extension) const {
-        return extensions_[static_cast<std::size_t>(extension)].state;
-    }
-    [[nodiscard]] CheckState stateOfSet(int extension, int set) const {
-        return at(extension, set).state;
-    }
-    [[nodiscard]] std::string nameOfSet(int extension, int set) const {
-        return Set::nameOfSetWith(at(extension, set).files);
-    }
-
- private:
-    struct ExtensionRow {
-        std::size_t firstSet;  // its place in `sets_`
-        CheckState state;
-    };
-    struct SetRow {
-        std::size_t files;
-        CheckState state;
-    };
-
-    [[nodiscard]] const SetRow& at(int extension, int set) const {
-        return sets_[extensions_[static_cast<std::size_t>(extension)].firstSet +
-                     static_cast<std::size_t>(set)];
-    }
-
-    std::vector<ExtensionRow> extensions_;
-    std::vector<SetRow> sets_;
-};
 
 ResultTree::ResultTree(QObject* parent) : QAbstractItemModel(parent) {}
 
@@ -134,7 +87,7 @@ void ResultTree::allMarksChanged() {
 
 void ResultTree::showSnapshot() {
     if (modal_ != nullptr) {
-        snapshot_ = std::make_unique<Snapshot>(*modal_);
+        snapshot_ = std::make_unique<TreeSnapshot>(*modal_);
     }
 }
 

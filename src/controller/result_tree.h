@@ -8,6 +8,8 @@
 
 namespace tarvin {
 
+class TreeSnapshot;
+
 /// A result list as its outline shows it: extensions, and the sets of each below it. Reads the list
 /// itself and holds nothing of it: memory does not grow with the result, and every row is found at
 /// once. Never changes the list. Main thread.
@@ -74,8 +76,6 @@ class ResultTree final : public QAbstractItemModel {
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
-    class Snapshot;
-
     [[nodiscard]] const Extensions* extensionIn(int extension) const;
     [[nodiscard]] const Set* setIn(int extension, int set) const;
     [[nodiscard]] bool isInTree(const QModelIndex& index) const;
@@ -85,7 +85,7 @@ class ResultTree final : public QAbstractItemModel {
     void announceSetsOf(int extension);
 
     std::shared_ptr<Modal> modal_;
-    std::unique_ptr<Snapshot> snapshot_;  // none while the list is followed
+    std::unique_ptr<TreeSnapshot> snapshot_;  // none while the list is followed
     bool selectAll_ = false;
 };
 

@@ -1,0 +1,39 @@
+#include "controller/tree_snapshot.h"
+
+#include <memory>
+
+namespace tarvin {
+
+TreeSnapshot::TreeSnapshot(const Modal& modal) {
+    std::size_t count = 0;
+    for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
+        count += extension->sets().size();
+    }
+    sets_.reserve(count);
+    extensions_.reserve(modal.extensionCount());
+    for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
+        extensions_.push_back({sets_.size(), extension->extensionState()});
+        for (const std::shared_ptr<Set>& set : extension->sets()) {
+            sets_.push_back({set->files().size(), set->setsState()});
+        }
+    }
+}
+
+CheckState TreeSnapshot::stateOfExtension(int extension) const {
+    return extensions_[static_cast<std::size_t>(extension)].state;
+}
+
+CheckState TreeSnapshot::stateOfSet(int extension, int set) const {
+    return at(extension, set).state;
+}
+
+std::string TreeSnapshot::nameOfSet(int extension, int set) const {
+    return Set::nameOfSetWith(at(extension, set).files);
+}
+
+const TreeSnapshot::SetRow& TreeSnapshot::at(int extension, int set) const {
+    return sets_[extensions_[static_cast<std::size_t>(extension)].firstSet +
+                 static_cast<std::size_t>(set)];
+}
+
+}  // namespace tarvin
