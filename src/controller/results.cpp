@@ -121,7 +121,10 @@ void Results::announceAllMarks() {
 void Results::toggle(const QModelIndex& row) {
     const std::shared_ptr<Extensions> extension = tree_.extensionAt(row);
     const std::shared_ptr<Set> set = tree_.setAt(row);
-    if (list_ && extension) {
+    if (!list_) {
+        return;
+    }
+    if (extension) {
         list_->changeStateOfExtension(extension, set, nullptr);
     }
     Q_EMIT marksChanged();
