@@ -252,8 +252,11 @@ TEST_F(ResultTreeChanges, ConcernNamesToo) {
     EXPECT_EQ(modal_->addSelectedFilesToExceptionInSet(three_, jpg_).size(), 2U);
     tree_.marksChanged(0, 0);
     EXPECT_EQ(nameOf(set(0, 0)), "Set(0)");
-    EXPECT_TRUE(changed_[0][2].value<QVector<int>>().contains(Qt::DisplayRole));
-    EXPECT_TRUE(changed_[0][2].value<QVector<int>>().contains(Qt::CheckStateRole));
+    const auto roles = changed_[0][2].value<QVector<int>>();
+    for (const int role : {int{Qt::DisplayRole}, int{Qt::CheckStateRole},
+                           int{Qt::AccessibleTextRole}, int{Qt::AccessibleDescriptionRole}}) {
+        EXPECT_TRUE(roles.contains(role)) << role;
+    }
 }
 
 TEST_F(ResultTreeStandingStill, ShowsWhatItShowedBefore) {
