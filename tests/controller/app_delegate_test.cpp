@@ -1,5 +1,5 @@
 #include "controller/home_image.h"
-#include "controller/product_bench.h"
+#include "controller/product_fixture.h"
 #include "controls/button_hover_complex.h"
 #include "controls/hover_button.h"
 #include "controls/windows_like_button.h"
@@ -38,7 +38,7 @@ class ShownWindows final : public QObject {
     int count_ = 0;
 };
 
-class Launch : public ProductBench {
+class Launch : public ProductFixture {
  protected:
     [[nodiscard]] QString imageOfOneRun() {
         launch();
@@ -181,7 +181,7 @@ TEST_F(Launch, ComesBackMaximisedIfItWasMaximised) {
 }
 
 /// Folders that another copy was started with.
-class FoldersOfAnotherCopy : public ProductBench {
+class FoldersOfAnotherCopy : public ProductFixture {
  protected:
     void SetUp() override { launch(); }
 
@@ -253,7 +253,7 @@ TEST_F(FoldersOfAnotherCopy, AreRefusedOnceWhileTheRefusalIsOpen) {
     EXPECT_TRUE(comesTrue([this] { return alerts.shown.size() == 2; }));
 }
 
-class FoldersOpenedByTheDesktop : public ProductBench {
+class FoldersOpenedByTheDesktop : public ProductFixture {
  protected:
     void SetUp() override { launch(); }
 
@@ -277,7 +277,7 @@ TEST_F(FoldersOpenedByTheDesktop, AreFolders) {
     EXPECT_EQ(screen(), window().home->identifier());
 }
 
-class Screens : public ProductBench {
+class Screens : public ProductFixture {
  protected:
     void SetUp() override { launch(); }
 };
@@ -355,7 +355,7 @@ TEST_F(Screens, AScanForSimilarImagesIsMarkedAndNeverBegins) {
     EXPECT_FALSE(window().close());
 }
 
-class HelpMenu : public ProductBench {};
+class HelpMenu : public ProductFixture {};
 
 TEST_F(HelpMenu, OpensNothingWithoutAddresses) {
     launch();
@@ -405,7 +405,7 @@ TEST_F(HelpMenu, HangsUnderItsButton) {
 }
 
 /// Where controls and panels are put when something happens; points of the smallest window.
-class Places : public ProductBench {
+class Places : public ProductFixture {
  protected:
     void SetUp() override { launch(); }
 };
@@ -435,7 +435,7 @@ TEST_F(Places, OfTheNoticeOfClosing) {
 }
 
 /// What is as before when home is reached again.
-class Home : public ProductBench {
+class Home : public ProductFixture {
  protected:
     void SetUp() override { launch(); }
 };
@@ -501,7 +501,7 @@ TEST_F(Home, MayBeLoadedAgain) {
 }
 
 /// The location list as it is entered.
-class Entry : public ProductBench {
+class Entry : public ProductFixture {
  protected:
     void SetUp() override { launch(); }
 };
@@ -533,7 +533,7 @@ TEST_F(Entry, OfDrivesAfterHinderedFoldersListsFolders) {
     EXPECT_EQ(delegate->locations().list().rows().size(), 4U);
 }
 
-class LocationScreenTest : public ProductBench {
+class LocationScreenTest : public ProductFixture {
  protected:
     void SetUp() override {
         folder.makeFolder("Pictures/2022/January");

@@ -1,4 +1,4 @@
-#include "controller/product_bench.h"
+#include "controller/product_fixture.h"
 #include "controls/button_hover_complex.h"
 #include "controls/button_hover_simple.h"
 #include "controls/hover_button.h"
@@ -9,7 +9,7 @@
 namespace tarvin {
 namespace {
 
-class ButtonsAtStart : public ProductBench {
+class ButtonsAtStart : public ProductFixture {
  protected:
     void SetUp() override { launch(); }
 };

@@ -1,4 +1,4 @@
-#include "controller/deletion_bench.h"
+#include "controller/deletion_fixture.h"
 #include "controls/pop_up_button.h"
 #include "controls/tab_button.h"
 #include "controls/toggle_button.h"
@@ -13,7 +13,7 @@ namespace {
 
 /// A result under a panel, and presses that need neither mouse nor keyboard, as those of an
 /// assistive technology.
-class CoveredResult : public DeletionBench {
+class CoveredResult : public DeletionFixture {
  protected:
     void SetUp() override {
         writeThreeSets();

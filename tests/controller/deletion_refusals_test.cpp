@@ -1,10 +1,10 @@
-#include "controller/deletion_bench.h"
+#include "controller/deletion_fixture.h"
 
 namespace tarvin {
 namespace {
 
 /// What a deletion leaves where it is, and what the counters make of it.
-class DeletionRefusal : public DeletionBench {
+class DeletionRefusal : public DeletionFixture {
  protected:
     void SetUp() override {
         writeThreeSets();

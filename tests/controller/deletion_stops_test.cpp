@@ -1,4 +1,4 @@
-#include "controller/deletion_bench.h"
+#include "controller/deletion_fixture.h"
 #include "controller/result_texts.h"
 
 #include <thread>
@@ -6,7 +6,7 @@
 namespace tarvin {
 namespace {
 
-class DeletionStop : public DeletionBench {
+class DeletionStop : public DeletionFixture {
  protected:
     void SetUp() override {
         writeThreeSets();
@@ -231,7 +231,7 @@ TEST_F(DeletionStop, ClosingTheWindowUnderTheQuestionMovesNothingMore) {
 
 /// Two extensions of three sets of three files each, two of them marked, held in each of the six
 /// sets in turn.
-class DeletionStopAtEachSet : public DeletionBench, public testing::WithParamInterface<int> {
+class DeletionStopAtEachSet : public DeletionFixture, public testing::WithParamInterface<int> {
  protected:
     static constexpr int sets = 6;
     static constexpr int markedPerSet = 2;

@@ -1,4 +1,4 @@
-#include "controller/deletion_bench.h"
+#include "controller/deletion_fixture.h"
 #include "model/file_store.h"
 #include "scan/duplicate_finder.h"
 
@@ -8,7 +8,7 @@
 namespace tarvin {
 namespace {
 
-class DeletionTest : public DeletionBench {
+class DeletionTest : public DeletionFixture {
  protected:
     void SetUp() override {
         writeThreeSets();

@@ -1,10 +1,10 @@
-#include "controller/result_bench.h"
+#include "controller/result_fixture.h"
 #include "interface/exception_panel.h"
 
 namespace tarvin {
 namespace {
 
-class Exceptions : public ResultBench {
+class Exceptions : public ResultFixture {
  protected:
     void SetUp() override {
         writeThreeSets();
@@ -208,7 +208,7 @@ TEST_F(Exceptions, MayBeEveryFileOfASet) {
     EXPECT_EQ(modal().totalFiles(), 2U);
 }
 
-class StoredExceptions : public ResultBench {};
+class StoredExceptions : public ResultFixture {};
 
 TEST_F(StoredExceptions, EnableTheButtonThatForgetsThem) {
     launch();

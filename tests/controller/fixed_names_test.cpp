@@ -1,4 +1,4 @@
-#include "controller/product_bench.h"
+#include "controller/product_fixture.h"
 #include "controls/button_style.h"
 #include "controls/view_transparent.h"
 #include "controls/windows_like_button.h"
@@ -104,7 +104,7 @@ constexpr std::size_t count() {
     return sizeof...(operation);
 }
 
-using FixedNames = ProductBench;
+using FixedNames = ProductFixture;
 
 TEST_F(FixedNames, OfControlsFindOneEach) {
     make();

@@ -1,5 +1,5 @@
 #include "controller/home_image.h"
-#include "controller/product_bench.h"
+#include "controller/product_fixture.h"
 #include "controls/button_hover_complex.h"
 #include "controls/button_hover_simple.h"
 #include "controls/hover_button.h"
@@ -16,7 +16,7 @@ namespace tarvin {
 namespace {
 
 /// What start and home do to the controls and the stored settings.
-class StartAndHome : public ProductBench {
+class StartAndHome : public ProductFixture {
  protected:
     void SetUp() override { launch(); }
 

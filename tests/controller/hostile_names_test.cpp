@@ -1,5 +1,5 @@
 #include "controller/file_properties.h"
-#include "controller/result_bench.h"
+#include "controller/result_fixture.h"
 #include "interface/image_view.h"
 #include "interface/property_text.h"
 
@@ -22,7 +22,7 @@ const std::string hostileEnd =
 const QString shownEnd = QStringLiteral("e\uFFFD\u05D0f\uFFFD");
 
 /// Two equal files of such names in a folder of such a name.
-class HostileNames : public ResultBench {
+class HostileNames : public ResultFixture {
  protected:
     /// `end` is the extension of both.
     void writeFiles(const std::string& end, const std::string& content) {

@@ -1,4 +1,4 @@
-#include "controller/result_bench.h"
+#include "controller/result_fixture.h"
 #include "controls/button_settings_saved.h"
 #include "controls/spinner.h"
 #include "interface/deletion_panel.h"
@@ -9,7 +9,7 @@ namespace tarvin {
 namespace {
 
 /// Operations that are there by name, without a caller or without an effect.
-class IdleNames : public ThreeSetsBench {
+class IdleNames : public ThreeSetsFixture {
  protected:
     /// All that a person could see or lose.
     struct State {

@@ -1,6 +1,6 @@
 #include "controller/information_window.h"
 
-#include "controller/result_bench.h"
+#include "controller/result_fixture.h"
 #include "controls/view_transparent.h"
 #include "interface/picture_view.h"
 
@@ -10,7 +10,7 @@ namespace tarvin {
 namespace {
 
 /// In the product, after a scan.
-class ShownInformation : public ResultBench {
+class ShownInformation : public ResultFixture {
  protected:
     void SetUp() override {
         for (const char* name : {"a.jpg", "b.mp4", "c.mp3", "d.doc", "e.bin1"}) {

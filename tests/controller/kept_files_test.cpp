@@ -1,6 +1,6 @@
 #include "controller/kept_files.h"
 
-#include "controller/deletion_bench.h"
+#include "controller/deletion_fixture.h"
 #include "interface/list_panel.h"
 #include "interface/list_table.h"
 #include "model/file_store.h"
@@ -163,7 +163,7 @@ TEST_F(KeptFilesOfAWalk, AreThoseOfTheExtensionInHandThoughItsRemovalsHaveTurned
 }
 
 /// What a clean-up has left, in the report and in the list behind it.
-class KeptFilesOfADeletion : public DeletionBench {
+class KeptFilesOfADeletion : public DeletionFixture {
  protected:
     void SetUp() override {
         writeThreeSets();

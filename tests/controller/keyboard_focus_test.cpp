@@ -1,4 +1,4 @@
-#include "controller/result_bench.h"
+#include "controller/result_fixture.h"
 #include "controls/tab_button.h"
 #include "controls/windows_like_button.h"
 #include "interface/exception_panel.h"
@@ -9,7 +9,7 @@ namespace tarvin {
 namespace {
 
 /// Where the keyboard is after what a person does with it.
-class KeyboardFocus : public ResultBench {
+class KeyboardFocus : public ResultFixture {
  protected:
     [[nodiscard]] std::string holder() {
         const QWidget* focus = window().focusWidget();

@@ -1,4 +1,4 @@
-#include "controller/product_bench.h"
+#include "controller/product_fixture.h"
 #include "controller/rows.h"
 #include "controls/attributed_title.h"
 #include "controls/hover_button.h"
@@ -17,7 +17,7 @@ namespace tarvin {
 namespace {
 
 /// The location list of the product while a person browses it.
-class BrowsedList : public ProductBench {
+class BrowsedList : public ProductFixture {
  protected:
     using Names = std::vector<std::string>;
     using States = std::vector<bool>;

@@ -1,4 +1,4 @@
-#include "controller/product_bench.h"
+#include "controller/product_fixture.h"
 #include "controller/rows.h"
 #include "controls/hover_button.h"
 #include "interface/location_screen.h"
@@ -8,7 +8,7 @@ namespace tarvin {
 namespace {
 
 /// The context menu of the location list: three folders and a drive.
-class LocationMenu : public ProductBench {
+class LocationMenu : public ProductFixture {
  protected:
     void SetUp() override {
         launch();
@@ -17,7 +17,7 @@ class LocationMenu : public ProductBench {
     }
 
     void open(int row) { openMenu(table().viewport(), middleOf(row), locations().tableMenu); }
-    void choose(QAction* item) { ProductBench::choose(locations().tableMenu, item); }
+    void choose(QAction* item) { ProductFixture::choose(locations().tableMenu, item); }
 
     void check(int row) {
         const QModelIndex box = table().model()->index(row, LocationTable::buttonCell);

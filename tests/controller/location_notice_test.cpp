@@ -1,4 +1,4 @@
-#include "controller/product_bench.h"
+#include "controller/product_fixture.h"
 #include "interface/location_screen.h"
 #include "interface/location_table.h"
 #include "interface/notice_panel.h"
@@ -6,7 +6,7 @@
 namespace tarvin {
 namespace {
 
-using LocationNoticeTest = ProductBench;
+using LocationNoticeTest = ProductFixture;
 
 TEST_F(LocationNoticeTest, StandsAt220And50OfTheRows) {
     launch();

@@ -1,4 +1,4 @@
-#include "controller/result_bench.h"
+#include "controller/result_fixture.h"
 #include "controls/attributed_title.h"
 #include "controls/tab_button.h"
 #include "interface/notice_panel.h"
@@ -7,7 +7,7 @@
 namespace tarvin {
 namespace {
 
-class Marking : public ResultBench {
+class Marking : public ResultFixture {
  protected:
     void SetUp() override {
         writeThreeSets();
@@ -196,7 +196,7 @@ TEST_F(Marking, OfAFileThatHasVanishedCountsAsAny) {
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 0");
 }
 
-class MarkingNothing : public ResultBench {};
+class MarkingNothing : public ResultFixture {};
 
 TEST_F(MarkingNothing, AResultWithoutExtensionsDisablesFiveButtons) {
     write("a.jpg", "one");

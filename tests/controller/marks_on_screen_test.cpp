@@ -1,4 +1,4 @@
-#include "controller/result_bench.h"
+#include "controller/result_fixture.h"
 #include "support/on_screen.h"
 
 #include <QSignalSpy>
@@ -8,7 +8,7 @@ namespace {
 
 /// What a person sees of the marks after a real click. The models are read where the marks are, so
 /// that only the screen tells whether the views were asked to paint them again.
-class MarksOnScreen : public ThreeSetsBench {
+class MarksOnScreen : public ThreeSetsFixture {
  protected:
     /// In the middle of a control, through the window.
     void clickInWindow(const QWidget* control, const QPoint& place) {
@@ -160,12 +160,12 @@ TEST_F(MarksOnScreen, FollowACleanUpAndExceptions) {
 }
 
 /// In which order what shows the marks is brought up to date.
-class OrderOfMarking : public ThreeSetsBench {
+class OrderOfMarking : public ThreeSetsFixture {
  protected:
     OrderOfMarking() = default;
 
     void SetUp() override {
-        ThreeSetsBench::SetUp();
+        ThreeSetsFixture::SetUp();
         QObject::connect(&tree(), &QAbstractItemModel::dataChanged, &noted_,
                          [this] { note("tree"); });
         QObject::connect(&list(), &QAbstractItemModel::dataChanged, &noted_,

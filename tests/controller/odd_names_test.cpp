@@ -1,4 +1,4 @@
-#include "controller/deletion_bench.h"
+#include "controller/deletion_fixture.h"
 
 #include <array>
 
@@ -16,7 +16,7 @@ void PrintTo(const OddName& name, std::ostream* out) {
 }
 
 /// Two files of such a name and nothing else, through the whole window.
-class OddNames : public DeletionBench, public testing::WithParamInterface<OddName> {
+class OddNames : public DeletionFixture, public testing::WithParamInterface<OddName> {
  protected:
     void SetUp() override {
         for (const char* number : {"1", "2"}) {

@@ -1,4 +1,4 @@
-#include "controller/result_bench.h"
+#include "controller/result_fixture.h"
 
 #include <QSignalSpy>
 #include <array>
@@ -9,10 +9,10 @@ namespace tarvin {
 namespace {
 
 /// What the context menu of the outline asks for, as "operation" or "operation true".
-class OutlineMenuTest : public ThreeSetsBench {
+class OutlineMenuTest : public ThreeSetsFixture {
  protected:
     void SetUp() override {
-        ThreeSetsBench::SetUp();
+        ThreeSetsFixture::SetUp();
         const OutlineMenu& menu = delegate->views().outlineMenu();
         connectFlag(menu, &OutlineMenu::markUnmarkSelectedOutlineImage,
                     "markUnmarkSelectedOutlineImage");

@@ -1,7 +1,7 @@
 #include "controller/own_reasons.h"
 
 #include "controller/kept_files.h"
-#include "controller/put_back_bench.h"
+#include "controller/put_back_fixture.h"
 #include "controller/put_back_list.h"
 #include "interface/translation.h"
 #include "support/shell_command.h"
@@ -146,7 +146,7 @@ TEST(OwnReasons, ThatAMoveWasNotPlannedIsOne) {
 }
 
 /// What the finished window says.
-class OwnReasonsOnScreen : public PutBackBench {
+class OwnReasonsOnScreen : public PutBackFixture {
  protected:
     void SetUp() override {
         writeThreeSets();

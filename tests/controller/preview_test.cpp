@@ -1,7 +1,7 @@
 #include "controller/file_properties.h"
 #include "controller/image_preview.h"
 #include "controller/preview_placeholder.h"
-#include "controller/result_bench.h"
+#include "controller/result_fixture.h"
 #include "interface/image_view.h"
 #include "interface/property_text.h"
 #include "support/image_bytes.h"
@@ -19,7 +19,7 @@ namespace {
 constexpr QColor red{200, 30, 30};
 constexpr QColor blue{30, 30, 200};
 
-class PreviewBench : public ResultBench {
+class PreviewFixture : public ResultFixture {
  protected:
     /// Two equal images of one colour.
     void writeImages(const std::string& first, const std::string& second, QSize size,
@@ -92,7 +92,7 @@ class PreviewBench : public ResultBench {
     }
 };
 
-class PreviewTest : public PreviewBench {
+class PreviewTest : public PreviewFixture {
  protected:
     void SetUp() override {
         writeImages("a1.png", "a2.png", {800, 600});
@@ -296,7 +296,7 @@ TEST_F(PreviewTest, EndsWithTheResult) {
     EXPECT_EQ(properties(), "");
 }
 
-class PreviewOfImages : public PreviewBench {};
+class PreviewOfImages : public PreviewFixture {};
 
 TEST_F(PreviewOfImages, SaysTheDimensionsOfALargeOne) {
     writeImages("a1.png", "a2.png", {4000, 3000});

@@ -1,4 +1,4 @@
-#include "controller/put_back_bench.h"
+#include "controller/put_back_fixture.h"
 #include "interface/home_screen.h"
 #include "store/clean_up_journal.h"
 #include "support/file_size_limit.h"
@@ -6,7 +6,7 @@
 namespace tarvin {
 namespace {
 
-class PutBackTest : public PutBackBench {
+class PutBackTest : public PutBackFixture {
  protected:
     void SetUp() override {
         writeThreeSets();

@@ -1,6 +1,6 @@
 #include "controller/recovery_task.h"
 
-#include "controller/product_bench.h"
+#include "controller/product_fixture.h"
 #include "store/clean_up_journal.h"
 #include "support/waiting.h"
 

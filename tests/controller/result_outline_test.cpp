@@ -1,4 +1,4 @@
-#include "controller/result_bench.h"
+#include "controller/result_fixture.h"
 #include "controller/visibility_counter.h"
 
 #include <QSignalSpy>
@@ -6,7 +6,7 @@
 namespace tarvin {
 namespace {
 
-class Outline : public ThreeSetsBench {
+class Outline : public ThreeSetsFixture {
  protected:
     void openOutlineMenu(int set) {
         const QModelIndex name = tree().indexOfSet(0, set).siblingAtColumn(ResultTreeView::name);

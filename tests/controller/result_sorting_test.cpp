@@ -1,4 +1,4 @@
-#include "controller/result_bench.h"
+#include "controller/result_fixture.h"
 #include "controller/visibility_counter.h"
 #include "controls/pop_up_button.h"
 #include "controls/spinner.h"
@@ -10,7 +10,7 @@
 namespace tarvin {
 namespace {
 
-class Sorting : public ResultBench {
+class Sorting : public ResultFixture {
  protected:
     void SetUp() override {
         writeThreeSets();

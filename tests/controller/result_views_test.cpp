@@ -1,4 +1,4 @@
-#include "controller/result_bench.h"
+#include "controller/result_fixture.h"
 #include "controller/visibility_counter.h"
 #include "controls/tab_button.h"
 #include "controls/view_transparent.h"
@@ -12,7 +12,7 @@
 namespace tarvin {
 namespace {
 
-class Views : public ResultBench {
+class Views : public ResultFixture {
  protected:
     /// A set in each category, written in another order than it is shown in.
     void writeEachCategory() {

@@ -1,4 +1,4 @@
-#include "controller/product_bench.h"
+#include "controller/product_fixture.h"
 #include "controls/elided_label.h"
 #include "interface/progress_screen.h"
 
@@ -11,7 +11,7 @@ namespace tarvin {
 namespace {
 
 /// How the product hears of a scan.
-class ScanSignals : public ProductBench {
+class ScanSignals : public ProductFixture {
  protected:
     void SetUp() override {
         folder.writeFile("photos/a.jpg", "equal");

@@ -1,5 +1,5 @@
 #include "controller/home_image.h"
-#include "controller/product_bench.h"
+#include "controller/product_fixture.h"
 #include "controls/button_settings_saved.h"
 #include "controls/elided_label.h"
 #include "controls/hover_button.h"
@@ -17,7 +17,7 @@
 namespace tarvin {
 namespace {
 
-class Scanning : public ProductBench {
+class Scanning : public ProductFixture {
  protected:
     void writeDuplicates() {
         for (const char* name : {"photos/a.jpg", "photos/b.jpg", "photos/c.txt", "photos/d.txt"}) {

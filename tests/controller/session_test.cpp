@@ -1,6 +1,6 @@
 #include "controller/session.h"
 
-#include "controller/product_bench.h"
+#include "controller/product_fixture.h"
 
 namespace tarvin {
 namespace {
@@ -33,7 +33,7 @@ TEST(SessionTest, LoadDataFileSetsTheUserFirst) {
     EXPECT_EQ(session.currentLoggedInUser, "ann");
 }
 
-using SessionOfTheProduct = ProductBench;
+using SessionOfTheProduct = ProductFixture;
 
 TEST_F(SessionOfTheProduct, SimilarIndexIsOneFromTheStartOn) {
     make();

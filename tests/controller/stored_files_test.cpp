@@ -1,4 +1,4 @@
-#include "controller/put_back_bench.h"
+#include "controller/put_back_fixture.h"
 #include "interface/translation.h"
 #include "platform/file_lock.h"
 #include "store/clean_up_journal.h"
@@ -14,7 +14,7 @@ namespace tarvin {
 namespace {
 
 /// What the program keeps between two starts, with a result to change it.
-class StoredFiles : public DeletionBench {
+class StoredFiles : public DeletionFixture {
  protected:
     [[nodiscard]] std::string dataPath() { return folder.pathOf("support/data.plist"); }
 
@@ -214,7 +214,7 @@ TEST_F(StoredFiles, AreLeftAloneByARecoveryWithoutAJournal) {
 
 /// Notes of the Trash and the totals find room, the journal does not: a limit of the process stands
 /// in for a full disk.
-class WithoutRoomForTheJournal : public PutBackBench {
+class WithoutRoomForTheJournal : public PutBackFixture {
  protected:
     void SetUp() override {
         writeThreeSets();

@@ -1,7 +1,7 @@
 #include "controller/update_check.h"
 
 #include "controller/paths_of_build.h"
-#include "controller/product_bench.h"
+#include "controller/product_fixture.h"
 #include "controller/update_lists.h"
 #include "interface/home_screen.h"
 #include "interface/main_window.h"
@@ -54,7 +54,7 @@ class FirstPaint final : public QObject {
 };
 
 /// The product with a list of addresses that leads to a server of the test.
-class Updates : public ProductBench {
+class Updates : public ProductFixture {
  protected:
     void SetUp() override {
         lead(server.address());

@@ -1,4 +1,4 @@
-#include "controller/product_bench.h"
+#include "controller/product_fixture.h"
 #include "controls/hover_button.h"
 #include "controls/windows_like_button.h"
 #include "interface/about_panel.h"
@@ -20,7 +20,7 @@ namespace tarvin {
 namespace {
 
 /// What another program may drop onto the list, with the events that a desktop sends.
-class DropOntoTheWindow : public ProductBench {
+class DropOntoTheWindow : public ProductFixture {
  protected:
     void SetUp() override {
         launch();
@@ -120,7 +120,7 @@ TEST_F(DropOntoTheWindow, OfANameThatIsNotTextKeepsItsBytes) {
 }
 
 /// What goes wrong with the folders and files themselves.
-class Faults : public ProductBench {
+class Faults : public ProductFixture {
  protected:
     void openRow(int row) {
         LocationTable& table = *window().locations->tableExact;
@@ -184,7 +184,7 @@ TEST_F(Faults, StoredFilesThatAreNonsenseCountAsEmpty) {
 }
 
 /// Closing the window in every state that is not a running scan.
-class Closing : public ProductBench {
+class Closing : public ProductFixture {
  protected:
     void SetUp() override { launch(); }
     void expectEnd() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controller/product_bench.h"
+#include "controller/product_fixture.h"
 #include "controls/button_hover_simple.h"
 #include "controls/elided_label.h"
 #include "controls/hover_button.h"
@@ -17,11 +17,11 @@
 namespace tarvin {
 
 /// The product at the end of a scan, with the result on the screen.
-class ResultBench : public ProductBench {
+class ResultFixture : public ProductFixture {
  protected:
     using Lines = std::vector<std::string>;
 
-    ResultBench() {
+    ResultFixture() {
         files.setListingOrder(ListingOrder::sorted);
         platform.trash().moveTo(folder.makeFolder("trash"));
     }
@@ -174,7 +174,7 @@ class ResultBench : public ProductBench {
 };
 
 /// Two sets of images, one of texts, and nothing between a person and them.
-class ThreeSetsBench : public ResultBench {
+class ThreeSetsFixture : public ResultFixture {
  protected:
     void SetUp() override {
         writeThreeSets();

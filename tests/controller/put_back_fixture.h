@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controller/deletion_bench.h"
+#include "controller/deletion_fixture.h"
 #include "interface/list_table.h"
 #include "interface/put_back_panel.h"
 #include "interface/put_back_progress.h"
@@ -15,9 +15,9 @@
 namespace tarvin {
 
 /// A result whose files go to a real Trash, and what comes back from it.
-class PutBackBench : public DeletionBench {
+class PutBackFixture : public DeletionFixture {
  protected:
-    PutBackBench() {
+    PutBackFixture() {
         qputenv("TZ", "UTC");
         QLocale::setDefault(QLocale::c());
         folder.makeFolder("data");

@@ -109,9 +109,9 @@ class Barrier final {
 
 /// The product with its real window, on a platform and surroundings of the test's own, driven by
 /// clicks on controls by their object names.
-class ProductBench : public testing::Test {
+class ProductFixture : public testing::Test {
  protected:
-    ProductBench() {
+    ProductFixture() {
         // Tests click sooner after a change of screens than a person does.
         QApplication::setDoubleClickInterval(0);
         platform.setUserName("me");
@@ -122,7 +122,7 @@ class ProductBench : public testing::Test {
         platform.setMountedVolumes({{folder.makeFolder("volume"), "ext4", VolumeKind::internal}});
     }
 
-    ~ProductBench() override { QApplication::setDoubleClickInterval(usualInterval); }
+    ~ProductFixture() override { QApplication::setDoubleClickInterval(usualInterval); }
 
     /// Makes the product.
     void make() {

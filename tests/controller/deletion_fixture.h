@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controller/result_bench.h"
+#include "controller/result_fixture.h"
 #include "controls/progress_bar.h"
 #include "interface/deletion_panel.h"
 #include "interface/home_screen.h"
@@ -13,7 +13,7 @@
 namespace tarvin {
 
 /// A result and what its deletions do to the disk.
-class DeletionBench : public ResultBench {
+class DeletionFixture : public ResultFixture {
  protected:
     /// Holds the run before it looks at a file whose path contains `part`.
     void holdAt(const std::string& part) {
