@@ -27,7 +27,7 @@ class FileReasons final : public QAbstractTableModel {
     enum Column { name, location, reason, columns };
 
     /// So many are listed; a last row tells how many more there are.
-    static constexpr std::size_t mostListed = 10'000;
+    static constexpr std::size_t maxListed = 10'000;
 
     using QAbstractTableModel::QAbstractTableModel;
 

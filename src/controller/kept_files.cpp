@@ -17,7 +17,7 @@ void KeptFiles::add(const File& file, const MoveResult& result) {
 }
 
 void KeptFiles::keep(std::vector<Kept>& files, const File& file, const MoveResult& result) {
-    if (files.size() < FileReasons::mostListed) {
+    if (files.size() < FileReasons::maxListed) {
         files.push_back({file.filePath(), result});
     }
 }
@@ -47,7 +47,7 @@ QVector<FileReason> KeptFiles::reasons() const {
     QVector<FileReason> reasons;
     for (const std::vector<Kept>* files : {&listedNotBack_, &listedLeft_}) {
         for (const Kept& kept : *files) {
-            if (static_cast<std::size_t>(reasons.size()) < FileReasons::mostListed) {
+            if (static_cast<std::size_t>(reasons.size()) < FileReasons::maxListed) {
                 reasons.push_back(fileReason(kept.path, reasonOf(kept.result)));
             }
         }

@@ -15,7 +15,7 @@ namespace tarvin {
 namespace {
 
 void keep(std::vector<PutBackFile>& group, const PutBackFile& file) {
-    if (group.size() < FileReasons::mostListed) {
+    if (group.size() < FileReasons::maxListed) {
         group.push_back(file);
     }
 }

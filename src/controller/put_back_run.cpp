@@ -28,7 +28,7 @@ std::optional<UncheckedCleanUp> PutBackRun::takeUnchecked() {
 void PutBackRun::lookForCleanUp(const std::function<void()>& listed) {
     std::optional<CleanUpId> shown;
     const auto list = [&](CleanUpJournal& journal, std::optional<CleanUpId> id) {
-        if (auto unchecked = uncheckedCleanUp(journal, FileReasons::mostListed, id)) {
+        if (auto unchecked = uncheckedCleanUp(journal, FileReasons::maxListed, id)) {
             shown = unchecked->id;
             showUnchecked(std::move(*unchecked), listed);
         }
@@ -84,7 +84,7 @@ void PutBackRun::count(const PutBackFile& file) {
         return;
     }
     ++failed_;
-    if (failures_.size() < FileReasons::mostListed) {
+    if (failures_.size() < FileReasons::maxListed) {
         failures_.push_back(file);
     }
 }
