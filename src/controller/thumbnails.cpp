@@ -6,12 +6,12 @@ namespace tarvin {
 
 namespace {
 
-constexpr int mostPictures = 500;
+constexpr int maxPictures = 500;
 
 }  // namespace
 
 Thumbnails::Thumbnails(QSize size, QString previewProgram, QObject* parent)
-    : QObject(parent), size_(size), pictures_(mostPictures), previews_(std::move(previewProgram)) {
+    : QObject(parent), size_(size), pictures_(maxPictures), previews_(std::move(previewProgram)) {
     connect(&previews_, &ImagePreview::ready, this, &Thumbnails::keep);
     connect(&previews_, &ImagePreview::nothing, this, [this] { keep({}); });
 }
@@ -24,7 +24,7 @@ QPixmap Thumbnails::of(const std::string& path) {
     if (key != inHand_) {
         waiting_.removeOne(key);
         waiting_.append(key);
-        if (waiting_.size() > mostWaiting) {
+        if (waiting_.size() > maxWaiting) {
             waiting_.removeFirst();
         }
         makeNext();

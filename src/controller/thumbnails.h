@@ -20,7 +20,7 @@ class Thumbnails final : public QObject {
 
  public:
     /// Of those that wait, the oldest beyond so many are forgotten; they may be asked for again.
-    static constexpr int mostWaiting = 100;
+    static constexpr int maxWaiting = 100;
 
     /// Pictures fit into `size`, in pixels. `previewProgram` is the path of that program.
     Thumbnails(QSize size, QString previewProgram, QObject* parent = nullptr);

@@ -116,11 +116,11 @@ TEST_F(ThumbnailsTest, ForgetTheOldestOfTooManyRequests) {
     const std::string inHand = writeImage("first.png", {4, 4});
     EXPECT_TRUE(thumbnails.of(inHand).isNull());
     std::vector<std::string> paths;
-    for (int number = 0; number <= Thumbnails::mostWaiting; ++number) {
+    for (int number = 0; number <= Thumbnails::maxWaiting; ++number) {
         paths.push_back(folder.pathOf(std::to_string(number)));
         EXPECT_TRUE(thumbnails.of(paths.back()).isNull());
     }
-    waitFor(1 + Thumbnails::mostWaiting);
+    waitFor(1 + Thumbnails::maxWaiting);
     const std::vector<std::string> all = arrived();
     EXPECT_EQ(all.front(), inHand);
     EXPECT_EQ(all.back(), paths[1]);
