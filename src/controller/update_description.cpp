@@ -28,8 +28,8 @@ bool isReadable(const QUrl& address) {
 /// In one line, and no longer than a question has room for.
 QString shownVersion(const std::string& version) {
     QString shown = textOfPath(version);
-    if (shown.size() > longestVersion) {
-        shown.truncate(longestVersion - 1);
+    if (shown.size() > maxVersionLength) {
+        shown.truncate(maxVersionLength - 1);
         if (shown.back().isHighSurrogate()) {
             shown.chop(1);
         }

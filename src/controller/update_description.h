@@ -15,7 +15,7 @@ namespace tarvin {
 [[nodiscard]] QUrl updateAddress(const Urls& urls);
 
 /// In UTF-16 units; a longer one is cut, because it would not fit into the question.
-inline constexpr qsizetype longestVersion = 64;
+inline constexpr qsizetype maxVersionLength = 64;
 
 /// What an update description tells the users of `version` to move to, as it is shown; none if that
 /// is nothing.
