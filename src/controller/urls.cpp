@@ -10,7 +10,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr qint64 largestUrls = 1024 * 1024;
+constexpr qint64 maxUrlsBytes = 1024 * 1024;
 
 QString textOf(const PropertyList& list, const char* key) {
     return QString::fromStdString(list.text(key).value_or(std::string()));
@@ -24,8 +24,8 @@ Urls readUrls(const QString& path) {
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
         return {};
     }
-    const QByteArray bytes = file.read(largestUrls + 1);
-    if (bytes.size() > largestUrls) {
+    const QByteArray bytes = file.read(maxUrlsBytes + 1);
+    if (bytes.size() > maxUrlsBytes) {
         return {};
     }
     const auto list = PropertyList::parse(bytes.toStdString());
