@@ -35,7 +35,7 @@ void BrowseHistory::open(const std::string& name) {
     }
     currentPath_ = lastIndex();
     if (prune(name)) {
-        standAtLast();
+        moveToLast();
     }
 }
 
@@ -76,7 +76,7 @@ void BrowseHistory::returnTo(const std::string& name) {
     while (folderBrowser_.back() != name) {
         folderBrowser_.pop_back();
     }
-    standAtLast();
+    moveToLast();
 }
 
 /// Drops the entries that are not above `name`, the marker aside; false if there were none.
@@ -87,7 +87,7 @@ bool BrowseHistory::prune(const std::string& name) {
            }) > 0;
 }
 
-void BrowseHistory::standAtLast() {
+void BrowseHistory::moveToLast() {
     currentPath_ = lastIndex();
     if (currentPath_ > 0) {
         parentPath_ = currentPath_ - 1;

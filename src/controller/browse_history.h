@@ -48,7 +48,7 @@ class BrowseHistory final {
     [[nodiscard]] std::int64_t lastIndex() const;
     void returnTo(const std::string& name);
     bool prune(const std::string& name);
-    void standAtLast();
+    void moveToLast();
 
     std::vector<std::string> folderBrowser_;
     std::int64_t currentPath_ = 0;

@@ -131,7 +131,7 @@ DeletionTask::DeletionTask(Session& session, Results& results, MainWindow& windo
             &DeletionTask::pauseDeletionProcess);
     connect(panel.stopDeleteBtn, &QAbstractButton::clicked, this,
             &DeletionTask::stopDeletionProcess);
-    connect(this, &DeletionTask::walkIsOver, this, &DeletionTask::finish, Qt::QueuedConnection);
+    connect(this, &DeletionTask::walkFinished, this, &DeletionTask::finish, Qt::QueuedConnection);
     redraw_.setInterval(redrawMilliseconds);
     connect(&redraw_, &QTimer::timeout, this, &DeletionTask::showProgress);
 }
@@ -166,7 +166,7 @@ void DeletionTask::begin(bool unMarkAllEnabled) {
     }
     setDeletionView();
     run_ = std::make_unique<Run>(results_.beginDeletion(), session_, control_);
-    run_->start([this] { Q_EMIT walkIsOver(); });
+    run_->start([this] { Q_EMIT walkFinished(); });
     redraw_.start();
 }
 

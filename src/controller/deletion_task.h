@@ -48,7 +48,7 @@ class DeletionTask final : public QObject {
 
  Q_SIGNALS:
     /// From the run's thread to this one.
-    void walkIsOver();
+    void walkFinished();
 
  private:
     class Run;

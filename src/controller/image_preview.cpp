@@ -42,7 +42,7 @@ ImagePreview::~ImagePreview() {
     process_->disconnect(this);
     process_->waitForFinished(static_cast<int>(endPatience.count()));
     if (process_->state() != QProcess::NotRunning) {
-        letGoOfProcess();
+        releaseProcess();
     }
 }
 
@@ -59,13 +59,13 @@ void ImagePreview::resizeImageAtPath(const std::string& path, double width, doub
 void ImagePreview::cancel() {
     waiting_.reset();
     if (process_ != nullptr) {
-        isOvertaken_ = true;
+        isSuperseded_ = true;
         endProcess();
     }
 }
 
 void ImagePreview::start(const Request& request) {
-    isOvertaken_ = false;
+    isSuperseded_ = false;
     field_ = request.field;
     reader_ = std::make_unique<PreviewReader>();
     process_ = std::make_unique<QProcess>();
@@ -96,7 +96,7 @@ void ImagePreview::read() {
         return;
     }
     const std::optional<QSize> size = reader_->size();
-    if (size && !wasMeasured && !isOvertaken_) {
+    if (size && !wasMeasured && !isSuperseded_) {
         Q_EMIT measured(*size);
     }
 }
@@ -105,9 +105,9 @@ void ImagePreview::finish() {
     read();
     timeLimit_.stop();
     endLimit_.stop();
-    letGoOfProcess();
+    releaseProcess();
     const QImage image = inField(reader_->picture(), field_);
-    const bool isWanted = !isOvertaken_;
+    const bool isWanted = !isSuperseded_;
     if (const std::optional<Request> next = std::exchange(waiting_, std::nullopt)) {
         start(*next);
     }
@@ -130,7 +130,7 @@ void ImagePreview::endProcess() {
 
 /// One that has not ended yet, because the system cannot end it while it waits for a disk, goes
 /// when it can.
-void ImagePreview::letGoOfProcess() {
+void ImagePreview::releaseProcess() {
     QProcess* const process = process_.release();
     process->disconnect(this);
     if (process->state() == QProcess::NotRunning) {

@@ -26,10 +26,10 @@ class ImagePreview final : public QObject {
 
  public:
     /// A process that takes longer is ended.
-    static constexpr std::chrono::milliseconds patience{10'000};
+    static constexpr std::chrono::milliseconds defaultTimeLimit{10'000};
 
     /// `program` is where the program that makes them is.
-    explicit ImagePreview(QString program, std::chrono::milliseconds timeLimit = patience,
+    explicit ImagePreview(QString program, std::chrono::milliseconds timeLimit = defaultTimeLimit,
                           QObject* parent = nullptr);
     /// Ends the process that is at work, if there is one, and waits for its end, which the system
     /// brings about at once unless a disk does not answer: then for one second.
@@ -62,12 +62,12 @@ class ImagePreview final : public QObject {
     void read();
     void finish();
     void endProcess();
-    void letGoOfProcess();
+    void releaseProcess();
 
     const QString program_;
     std::unique_ptr<QProcess> process_;      // none while nothing is made
     std::unique_ptr<PreviewReader> reader_;  // of what it writes
-    bool isOvertaken_ = false;               // nobody wants to hear of the process any more
+    bool isSuperseded_ = false;              // nobody wants to hear of the process any more
     QSizeF field_;                           // of the request in hand
     std::optional<Request> waiting_;         // what is asked for when it has ended
     QTimer timeLimit_;

@@ -109,7 +109,7 @@ Addition LocationList::addFiles(const std::vector<std::string>& paths) {
         if (imageIsAlreadyThere(path)) {
             addition.notice = LocationNotice::imageAlreadyAdded;
         } else if (const auto attributes = platform_.fileSystem().attributesAtPath(path)) {
-            gather(fileRow(path, attributes->size), rows);
+            prepareRow(fileRow(path, attributes->size), rows);
         }
     }
     addition.rows = rows.size();
@@ -124,7 +124,7 @@ Addition LocationList::addFolders(const std::vector<std::string>& paths) {
         if (imageIsAlreadyThere(path)) {
             addition.notice = LocationNotice::folderAlreadyAdded;
         } else {
-            gather(folderRow(path, {}, true), rows);
+            prepareRow(folderRow(path, {}, true), rows);
         }
     }
     addition.rows = rows.size();
@@ -142,7 +142,7 @@ void LocationList::openFolders(const std::vector<std::string>& paths) {
             continue;
         }
         std::vector<LocationRow> added;
-        gather(folderRow(path, {}, true), added);
+        prepareRow(folderRow(path, {}, true), added);
         insertRows(rows_.size(), std::move(added));
     }
 }
@@ -151,7 +151,7 @@ Addition LocationList::acceptDrop(std::size_t row, const std::vector<std::string
     Refusals refusals;
     std::vector<LocationRow> rows;
     for (const std::string& path : paths) {
-        takeDropped(path, rows, refusals);
+        prepareDropped(path, rows, refusals);
     }
     const std::size_t count = rows.size();
     insertRows(std::min(row, rows_.size()), std::move(rows));
@@ -214,8 +214,8 @@ bool LocationList::isInStateArray(const std::string& path) const {
     return std::find(stateArray_.begin(), stateArray_.end(), path) != stateArray_.end();
 }
 
-void LocationList::takeDropped(const std::string& path, std::vector<LocationRow>& rows,
-                               Refusals& refusals) {
+void LocationList::prepareDropped(const std::string& path, std::vector<LocationRow>& rows,
+                                  Refusals& refusals) {
     const auto attributes = platform_.fileSystem().attributesAtPath(path);
     const bool isFolder = attributes && attributes->type == EntryType::directory;
     if (!isFolder) {
@@ -228,13 +228,13 @@ void LocationList::takeDropped(const std::string& path, std::vector<LocationRow>
     if (imageIsAlreadyThere(path)) {
         refusals.alreadyAdded = true;
     } else if (isFolder) {
-        gather(folderRow(path, {}, true), rows);
+        prepareRow(folderRow(path, {}, true), rows);
     } else if (attributes) {
-        gather(fileRow(path, attributes->size), rows);
+        prepareRow(fileRow(path, attributes->size), rows);
     }
 }
 
-void LocationList::gather(LocationRow row, std::vector<LocationRow>& rows) {
+void LocationList::prepareRow(LocationRow row, std::vector<LocationRow>& rows) {
     // Known at once: the same path may come again before the rows are in the list.
     index_.add(row.name);
     added_.add(row.name);

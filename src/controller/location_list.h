@@ -139,9 +139,10 @@ class LocationList final {
     /// Shows `rows` and what was added to them before; `level` is a folder's path, or empty for the
     /// top level.
     void showLevel(const std::string& level, std::vector<LocationRow> rows);
-    void takeDropped(const std::string& path, std::vector<LocationRow>& rows, Refusals& refusals);
+    void prepareDropped(const std::string& path, std::vector<LocationRow>& rows,
+                        Refusals& refusals);
     /// Takes a row that is to be added.
-    void gather(LocationRow row, std::vector<LocationRow>& rows);
+    void prepareRow(LocationRow row, std::vector<LocationRow>& rows);
     /// The rows have been gathered.
     void insertRows(std::size_t first, std::vector<LocationRow> rows);
     void replaceRows(std::vector<LocationRow> rows);

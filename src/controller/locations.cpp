@@ -87,12 +87,12 @@ void Locations::connectControls() {
             [this](const QByteArray& path) { model_.thumbnailArrived(path.toStdString()); });
 }
 
-bool Locations::isHindered() const {
+bool Locations::isBlockedByPanel() const {
     return window_.settingsWindow->isVisible() || window_.windowAboutPanel->isVisible();
 }
 
 void Locations::buttonScanDriveClicked() {
-    if (!isHindered()) {
+    if (!isBlockedByPanel()) {
         enter(LocationTexts::header(false));
     }
 }
@@ -100,7 +100,7 @@ void Locations::buttonScanDriveClicked() {
 void Locations::buttonScanFoldersClicked() {
     // Before the look at the windows: it stays set though they stand in the way.
     list_.setScanFolderClicked(true);
-    if (!isHindered()) {
+    if (!isBlockedByPanel()) {
         enter(LocationTexts::header(true));
     }
 }

@@ -68,7 +68,7 @@ class Locations final : public QObject {
     static constexpr QSize thumbnailSize{74, 74};
 
     /// Whether a window stands in the way of leaving the screen.
-    [[nodiscard]] bool isHindered() const;
+    [[nodiscard]] bool isBlockedByPanel() const;
     void connectControls();
     void enter(const QString& header);
     void showLevel();

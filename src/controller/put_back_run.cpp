@@ -13,11 +13,11 @@ PutBackRun::~PutBackRun() {
 }
 
 void PutBackRun::examine(std::function<void()> listed, std::function<void()> over) {
-    thread_.start([this, listed = std::move(listed)] { lookForCleanUp(listed); }, std::move(over));
+    thread_.start([this, listed = std::move(listed)] { findCleanUp(listed); }, std::move(over));
 }
 
 void PutBackRun::putBack(std::function<void()> over) {
-    thread_.start([this] { bringBack(); }, std::move(over));
+    thread_.start([this] { restoreFiles(); }, std::move(over));
 }
 
 std::optional<UncheckedCleanUp> PutBackRun::takeUnchecked() {
@@ -25,7 +25,7 @@ std::optional<UncheckedCleanUp> PutBackRun::takeUnchecked() {
     return std::exchange(unchecked_, std::nullopt);
 }
 
-void PutBackRun::lookForCleanUp(const std::function<void()>& listed) {
+void PutBackRun::findCleanUp(const std::function<void()>& listed) {
     std::optional<CleanUpId> shown;
     const auto list = [&](CleanUpJournal& journal, std::optional<CleanUpId> id) {
         if (auto unchecked = uncheckedCleanUp(journal, FileReasons::maxListed, id)) {
@@ -68,7 +68,7 @@ void PutBackRun::showUnchecked(UncheckedCleanUp cleanUp, const std::function<voi
     listed();
 }
 
-void PutBackRun::bringBack() {
+void PutBackRun::restoreFiles() {
     if (!cleanUp_) {
         return;
     }

@@ -65,9 +65,9 @@ class PutBackRun final {
     [[nodiscard]] const DataFile& totals() const { return totals_; }
 
  private:
-    void lookForCleanUp(const std::function<void()>& listed);
+    void findCleanUp(const std::function<void()>& listed);
     void showUnchecked(UncheckedCleanUp cleanUp, const std::function<void()>& listed);
-    void bringBack();
+    void restoreFiles();
     void count(const PutBackFile& file);
 
     Platform& platform_;

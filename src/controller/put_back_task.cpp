@@ -27,7 +27,7 @@ namespace tarvin {
 namespace {
 
 /// What takes no longer is not worth a panel that comes and goes.
-constexpr int patienceMilliseconds = 300;
+constexpr int panelDelayMilliseconds = 300;
 
 }  // namespace
 
@@ -47,9 +47,9 @@ PutBackTask::PutBackTask(Session& session, MainWindow& window, InformationWindow
     connect(this, &PutBackTask::listed, this, &PutBackTask::showListed, Qt::QueuedConnection);
     connect(this, &PutBackTask::examined, this, &PutBackTask::showExamined, Qt::QueuedConnection);
     connect(this, &PutBackTask::finished, this, &PutBackTask::showResult, Qt::QueuedConnection);
-    patience_.setSingleShot(true);
-    patience_.setInterval(patienceMilliseconds);
-    connect(&patience_, &QTimer::timeout, this, &PutBackTask::showThatItTakesLong);
+    delay_.setSingleShot(true);
+    delay_.setInterval(panelDelayMilliseconds);
+    connect(&delay_, &QTimer::timeout, this, &PutBackTask::showSlowStep);
     redraw_.setInterval(redrawMilliseconds);
     connect(&redraw_, &QTimer::timeout, this, &PutBackTask::drawProgress);
 }
@@ -69,12 +69,12 @@ void PutBackTask::open() {
     window_.windowAboutPanel->hide();
     window_.cover();
     run_ = std::make_unique<PutBackRun>(session_.platform, session_.data);
-    patience_.start();
+    delay_.start();
     window_.putBackWindow->putBackDate->setText({});
     run_->examine([this] { Q_EMIT listed(); }, [this] { Q_EMIT examined(); });
 }
 
-void PutBackTask::showThatItTakesLong() {
+void PutBackTask::showSlowStep() {
     if (state_ == State::examining) {
         showExamining();
     } else if (state_ == State::running) {
@@ -104,7 +104,7 @@ void PutBackTask::showListed() {
 }
 
 void PutBackTask::showExamined() {
-    patience_.stop();
+    delay_.stop();
     run_->wait();
     if (state_ == State::cancelled) {
         endRun();
@@ -172,7 +172,7 @@ void PutBackTask::putBack() {
         return;
     }
     state_ = State::running;
-    patience_.start();
+    delay_.start();
     run_->putBack([this] { Q_EMIT finished(); });
 }
 
@@ -198,7 +198,7 @@ void PutBackTask::stop() {
 }
 
 void PutBackTask::showResult() {
-    patience_.stop();
+    delay_.stop();
     redraw_.stop();
     run_->wait();
     // Memory may know more than could be written.

@@ -49,7 +49,7 @@ class PutBackTask final : public QObject {
  private:
     enum class State : std::uint8_t { idle, examining, cancelled, asking, running, reporting };
 
-    void showThatItTakesLong();
+    void showSlowStep();
     void showExamining();
     void showListed();
     void showExamined();
@@ -69,7 +69,7 @@ class PutBackTask final : public QObject {
     InformationWindow& information_;
     PutBackList files_;
     FileReasons failures_;
-    QTimer patience_;  // until the person is shown that it takes a while
+    QTimer delay_;  // until the person is shown that it takes a while
     QTimer redraw_;
     State state_ = State::idle;
     std::unique_ptr<PutBackRun> run_;

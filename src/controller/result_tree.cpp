@@ -39,7 +39,7 @@ Qt::CheckState shown(CheckState state) {
     return Qt::Unchecked;
 }
 
-const QVector<int>& rolesThatFollow() {
+const QVector<int>& changedRoles() {
     static const QVector<int> roles{Qt::DisplayRole, Qt::CheckStateRole, Qt::AccessibleTextRole,
                                     Qt::AccessibleDescriptionRole};
     return roles;
@@ -63,14 +63,14 @@ void ResultTree::marksChanged(int extension, int set) {
         return;
     }
     const QModelIndex first = indexOfSet(extension, set);
-    Q_EMIT dataChanged(first, first.siblingAtColumn(name), rolesThatFollow());
-    announceExtension(extension);
+    Q_EMIT dataChanged(first, first.siblingAtColumn(name), changedRoles());
+    reportExtension(extension);
 }
 
 void ResultTree::extensionChanged(int extension) {
     if (extensionIn(extension) != nullptr) {
-        announceExtension(extension);
-        announceSetsOf(extension);
+        reportExtension(extension);
+        reportSetsOf(extension);
     }
 }
 
@@ -79,9 +79,9 @@ void ResultTree::allMarksChanged() {
     if (count == 0) {
         return;
     }
-    Q_EMIT dataChanged(indexOfExtension(0), index(count - 1, name), rolesThatFollow());
+    Q_EMIT dataChanged(indexOfExtension(0), index(count - 1, name), changedRoles());
     for (int extension = 0; extension < count; ++extension) {
-        announceSetsOf(extension);
+        reportSetsOf(extension);
     }
 }
 
@@ -251,20 +251,20 @@ QString ResultTree::textOf(const QModelIndex& index) const {
                                                        : setIn(extension, set)->nameOfSet());
 }
 
-void ResultTree::announceExtension(int extension) {
+void ResultTree::reportExtension(int extension) {
     const QModelIndex first = indexOfExtension(extension);
-    Q_EMIT dataChanged(first, first.siblingAtColumn(name), rolesThatFollow());
+    Q_EMIT dataChanged(first, first.siblingAtColumn(name), changedRoles());
 }
 
 /// Asks for as little as it can: there may be as many extensions as sets.
-void ResultTree::announceSetsOf(int extension) {
+void ResultTree::reportSetsOf(int extension) {
     const Extensions* const above = extensionIn(extension);
     if (above == nullptr || above->sets().empty()) {
         return;
     }
     const int last = static_cast<int>(above->sets().size()) - 1;
     Q_EMIT dataChanged(createIndex(0, check, below(extension)),
-                       createIndex(last, name, below(extension)), rolesThatFollow());
+                       createIndex(last, name, below(extension)), changedRoles());
 }
 
 }  // namespace tarvin

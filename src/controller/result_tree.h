@@ -81,8 +81,8 @@ class ResultTree final : public QAbstractItemModel {
     [[nodiscard]] bool isInTree(const QModelIndex& index) const;
     [[nodiscard]] CheckState stateOf(const QModelIndex& index) const;
     [[nodiscard]] QString textOf(const QModelIndex& index) const;
-    void announceExtension(int extension);
-    void announceSetsOf(int extension);
+    void reportExtension(int extension);
+    void reportSetsOf(int extension);
 
     std::shared_ptr<Modal> modal_;
     std::unique_ptr<TreeSnapshot> snapshot_;  // none while the list is followed

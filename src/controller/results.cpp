@@ -101,18 +101,18 @@ void Results::showFiles() {
 void Results::markAll() {
     if (list_) {
         list_->markAllExtension();
-        announceAllMarks();
+        reportAllMarks();
     }
 }
 
 void Results::unmarkAll() {
     if (list_) {
         list_->unmarkAllExtension();
-        announceAllMarks();
+        reportAllMarks();
     }
 }
 
-void Results::announceAllMarks() {
+void Results::reportAllMarks() {
     Q_EMIT marksChanged();
     tree_.allMarksChanged();
     files_.allMarksChanged();

@@ -92,7 +92,7 @@ class Results final : public QObject {
  private:
     [[nodiscard]] const std::shared_ptr<Modal>& of(ResultView view) const;
     void showFiles();
-    void announceAllMarks();
+    void reportAllMarks();
 
     const ScanRun& scan_;
     std::shared_ptr<Modal> list_;  // none while no result is held

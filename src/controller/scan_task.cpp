@@ -96,11 +96,11 @@ void ScanTask::showProgress() {
         screen_.similarIndicator->setDone(run_.processed());
     }
     if (!progress_.path.empty()) {
-        screen_.similarProcessing->setText(textOfFileInHand());
+        screen_.similarProcessing->setText(textOfCurrentFile());
     }
 }
 
-QString ScanTask::textOfFileInHand() const {
+QString ScanTask::textOfCurrentFile() const {
     if (progress_.waiting) {
         return ScanScreenTexts::waitingFor(progress_.path);
     }

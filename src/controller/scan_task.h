@@ -63,7 +63,7 @@ class ScanTask final : public QObject {
     void showStart();
     void setPaused(bool pauses);
     void showProgress();
-    [[nodiscard]] QString textOfFileInHand() const;
+    [[nodiscard]] QString textOfCurrentFile() const;
     void comparisonBegins(quint64 total) const;
     void comparisonIsOver(quint64 processed);
     void foundNoFiles();

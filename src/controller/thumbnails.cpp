@@ -21,7 +21,7 @@ QPixmap Thumbnails::of(const std::string& path) {
     if (const QPixmap* picture = pictures_.object(key)) {
         return *picture;
     }
-    if (key != inHand_) {
+    if (key != current_) {
         waiting_.removeOne(key);
         waiting_.append(key);
         if (waiting_.size() > maxWaiting) {
@@ -33,9 +33,9 @@ QPixmap Thumbnails::of(const std::string& path) {
 }
 
 void Thumbnails::makeNext() {
-    if (inHand_.isEmpty() && !waiting_.isEmpty()) {
-        inHand_ = waiting_.takeLast();
-        previews_.resizeImageAtPath(inHand_.toStdString(), size_.width(), size_.height());
+    if (current_.isEmpty() && !waiting_.isEmpty()) {
+        current_ = waiting_.takeLast();
+        previews_.resizeImageAtPath(current_.toStdString(), size_.width(), size_.height());
     }
 }
 
@@ -45,7 +45,7 @@ void Thumbnails::keep(const QImage& image) {
     QImage small =
         fits ? image : image.scaled(size_, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     small.setDevicePixelRatio(1);  // not enlarged to the size, and as sharp as its pixels
-    const QByteArray path = std::exchange(inHand_, {});
+    const QByteArray path = std::exchange(current_, {});
     pictures_.insert(path, new QPixmap(QPixmap::fromImage(small)));
     makeNext();
     Q_EMIT ready(path);

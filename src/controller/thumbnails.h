@@ -40,7 +40,7 @@ class Thumbnails final : public QObject {
     const QSize size_;
     QCache<QByteArray, QPixmap> pictures_;
     QList<QByteArray> waiting_;
-    QByteArray inHand_;  // empty while none is made
+    QByteArray current_;  // empty while none is made
     ImagePreview previews_;
 };
 
