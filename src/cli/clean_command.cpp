@@ -12,6 +12,7 @@
 #include "scan/clean_texts.h"
 #include "scan/texts.h"
 #include "store/data_file.h"
+#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 

@@ -4,6 +4,7 @@
 #include "cli/print.h"
 #include "cli/usage_texts.h"
 #include "platform/result.h"
+#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 

@@ -14,6 +14,7 @@
 #include "cli/restore_report.h"
 #include "cli/usage_texts.h"
 #include "scan/texts.h"
+#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 

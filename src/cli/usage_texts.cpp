@@ -1,8 +1,8 @@
 #include "cli/usage_texts.h"
 
 #include "cli/parser.h"
-#include "text/shown_name.h"
 #include "cli/suggestion.h"
+#include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 

@@ -118,16 +118,16 @@ TEST_F(ResultsMarking, TogglingAnExtensionReportsItAndItsSets) {
 }
 
 TEST_F(ResultsMarking, TogglingAFileReportsItAndItsSet) {
-    EXPECT_EQ(results_.toggleFile(2), ToggleAnswer::toggled);
+    EXPECT_EQ(results_.toggleFile(2), ToggleResult::toggled);
     EXPECT_EQ(reported_, (Lines{"marks", "files 2-2", "tree 0/0-0", "tree 0-0"}));
     EXPECT_EQ(three_->files()[2]->state(), CheckState::on);
 }
 
 TEST_F(ResultsMarking, RefusingTheLastFileOfASetReportsItToo) {
-    EXPECT_EQ(results_.toggleFile(0), ToggleAnswer::toggled);
-    EXPECT_EQ(results_.toggleFile(1), ToggleAnswer::toggled);
+    EXPECT_EQ(results_.toggleFile(0), ToggleResult::toggled);
+    EXPECT_EQ(results_.toggleFile(1), ToggleResult::toggled);
     reported_.clear();
-    EXPECT_EQ(results_.toggleFile(2), ToggleAnswer::refused);
+    EXPECT_EQ(results_.toggleFile(2), ToggleResult::refused);
     EXPECT_EQ(reported_, (Lines{"marks", "files 2-2", "tree 0/0-0", "tree 0-0"}));
     EXPECT_EQ(three_->files()[2]->state(), CheckState::off);
 }
@@ -148,7 +148,7 @@ TEST_F(ResultsMarking, TogglingAFileThatDoesNotExistReportsNothing) {
 }
 
 TEST_F(ResultsMarking, TakingOutMarkedFilesReportsAllRowsAndReloadsTheTable) {
-    EXPECT_EQ(results_.toggleFile(1), ToggleAnswer::toggled);
+    EXPECT_EQ(results_.toggleFile(1), ToggleResult::toggled);
     reported_.clear();
     EXPECT_EQ(results_.takeOutMarkedFiles(), Lines{"/three1"});
     EXPECT_EQ(reported_, (Lines{"tree 0-1", "tree 0/0-1", "tree 1/0-0", "files reset", "marks"}));

@@ -55,7 +55,7 @@ class FakeRunningInstances final : public RunningInstances {
 
     void leave() override { joined_ = false; }
 
-    std::vector<RunningInstance> instances()() override {
+    std::vector<RunningInstance> instances() override {
         if (!joined_) {
             return {};
         }
@@ -101,7 +101,7 @@ class FakeRunningInstances final : public RunningInstances {
         return true;
     }
 
-    /// Makes an instance exit just before the next request to it: instances()() lists it once more.
+    /// Makes an instance exit just before the next request to it: instances() lists it once more.
     void endBeforeItIsAsked(RunningInstance instance) { ending_.push_back(instance); }
 
  private:
