@@ -85,11 +85,12 @@ CleanUp::CleanUp(FileSystem& fileSystem, TrashMover& trash, CleanUpJournal& jour
 bool CleanUp::prepare(std::span<const std::shared_ptr<Set>> sets) {
     planned_.clear();
     nextPlanned_ = 0;
-    if (!hasBegun()) {
+    const std::optional<CleanUpId> id = begunId();
+    if (!id) {
         return false;
     }
     const std::vector<PlannedMove> moves = listMarked(sets);
-    auto first = journal_.plan(*id_, moves);
+    auto first = journal_.plan(*id, moves);
     if (auto* error = std::get_if<StoreError>(&first)) {
         planned_.clear();
         return keepFirst(std::move(*error));
@@ -101,17 +102,17 @@ bool CleanUp::prepare(std::span<const std::shared_ptr<Set>> sets) {
     return true;
 }
 
-/// Begins the clean-up in the journal if that has not been done. False on failure.
-bool CleanUp::hasBegun() {
-    if (id_) {
-        return true;
+/// Begins the clean-up in the journal on the first call. Returns nullopt on failure.
+std::optional<CleanUpId> CleanUp::begunId() {
+    if (!id_) {
+        auto begun = journal_.begin(clock_.now());
+        if (auto* error = std::get_if<StoreError>(&begun)) {
+            static_cast<void>(keepFirst(std::move(*error)));
+        } else {
+            id_ = std::get<CleanUpId>(begun);
+        }
     }
-    auto begun = journal_.begin(clock_.now());
-    if (auto* error = std::get_if<StoreError>(&begun)) {
-        return keepFirst(std::move(*error));
-    }
-    id_ = std::get<CleanUpId>(begun);
-    return true;
+    return id_;
 }
 
 /// Fills `planned_` with the marked files; returns their moves in the same order.

@@ -86,7 +86,7 @@ class CleanUp final : public FileMover {
 
     [[nodiscard]] std::optional<SystemError> takeTurn();
     [[nodiscard]] bool endsWaiting() const;
-    [[nodiscard]] bool hasBegun();
+    [[nodiscard]] std::optional<CleanUpId> begunId();
     [[nodiscard]] std::vector<PlannedMove> listMarked(std::span<const std::shared_ptr<Set>> sets);
     [[nodiscard]] PlannedMove planFor(const File& file, const File* staying);
     [[nodiscard]] const File* stayingFor(const Set& set) const;
