@@ -7,14 +7,14 @@
 
 namespace tarvin {
 
-/// A number of things that may be in use at once, such as open files. Any thread.
+/// A limit on how many of something, such as open files, are in use at once. Any thread.
 class Budget final {
  public:
     explicit Budget(std::size_t amount) : free_(amount), amount_(amount) {}
     Budget(const Budget&) = delete;
     Budget& operator=(const Budget&) = delete;
 
-    /// What has been taken, given back when it ends.
+    /// A part of the budget. Released on destruction.
     class Share final {
      public:
         Share() = default;
@@ -26,7 +26,7 @@ class Budget final {
         explicit operator bool() const { return budget_ != nullptr; }
         [[nodiscard]] std::size_t amount() const { return amount_; }
         void release();
-        /// Passes `amount` of this share on as a share of its own.
+        /// Moves `amount`, or all there is if that is less, into a new share.
         [[nodiscard]] Share split(std::size_t amount);
 
      private:
@@ -34,11 +34,11 @@ class Budget final {
         std::size_t amount_ = 0;
     };
 
-    /// Waits until `amount` is free; who came first is served first, so that a large request is not
-    /// starved by small ones. A caller that holds a share of the same budget must not wait for
-    /// another. Asking for more than there is gets all there is.
+    /// Blocks until `amount` is free. First in, first out, so that small requests do not starve a
+    /// large one. Requests above the whole budget get the whole budget. A caller that holds a share
+    /// of this budget must not call take(): it could wait for itself.
     [[nodiscard]] Share take(std::size_t amount);
-    /// The same without waiting: an empty share if that much is not free or others wait.
+    /// The same without blocking. Returns an empty share if that much is not free or others wait.
     [[nodiscard]] Share tryTake(std::size_t amount);
 
     [[nodiscard]] std::size_t amount() const { return amount_; }
@@ -49,8 +49,8 @@ class Budget final {
     std::mutex mutex_;
     std::condition_variable freed_;
     std::size_t free_;              // guarded by mutex_
-    std::uint64_t nextTicket_ = 0;  // guarded by mutex_; of who comes next
-    std::uint64_t served_ = 0;      // guarded by mutex_; tickets below this have got their share
+    std::uint64_t nextTicket_ = 0;  // guarded by mutex_; of the next request
+    std::uint64_t served_ = 0;      // guarded by mutex_; tickets below this have their share
     const std::size_t amount_;
 };
 

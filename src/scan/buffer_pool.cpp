@@ -24,14 +24,14 @@ std::span<std::byte> BufferPool::Lease::allocate(std::size_t bytes) {
         }
         ++slab_;
         used_ = 0;
-        // Most leases never need more than their first slab, so the others wait until now.
+        // Taken late, because most leases never need more than their first slab.
         if (slab_ == slabs_.size()) {
             slabs_.push_back(pool_->takeSlab());
         }
     }
-    const std::span<std::byte> piece(slabs_[slab_].get() + used_, bytes);
+    const std::span<std::byte> chunk(slabs_[slab_].get() + used_, bytes);
     used_ += bytes;
-    return piece;
+    return chunk;
 }
 
 void BufferPool::Lease::rewind() {
@@ -44,8 +44,8 @@ BufferPool::Lease BufferPool::take(std::size_t slabs) {
 }
 
 std::vector<BufferPool::Lease> BufferPool::takeSeveral(std::size_t count, std::size_t slabsEach) {
-    const std::size_t some = std::min(count, mostSlabs());
-    const std::size_t each = std::min(slabsEach, mostSlabs() / some);
+    const std::size_t some = std::min(count, maxSlabs());
+    const std::size_t each = std::min(slabsEach, maxSlabs() / some);
     Budget::Share all = budget_.take(some * each);
     std::vector<Lease> leases;
     leases.reserve(some);

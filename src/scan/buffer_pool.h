@@ -10,28 +10,29 @@
 
 namespace tarvin {
 
-/// The memory that comparisons read into: a fixed number of slabs shared by all of them, kept once
-/// allocated. Whatever is compared, no more than this is ever used. Any thread.
+/// The memory that comparisons read into: a fixed maximum number of slabs, shared by all of them
+/// and kept once allocated. Any thread.
 class BufferPool final {
  public:
     static constexpr std::size_t slabBytes = 1024 * 1024;
 
-    explicit BufferPool(std::size_t mostSlabs) : budget_(mostSlabs) {}
+    explicit BufferPool(std::size_t maxSlabs) : budget_(maxSlabs) {}
     BufferPool(const BufferPool&) = delete;
     BufferPool& operator=(const BufferPool&) = delete;
 
-    /// Slabs on loan, handed out in pieces. One thread at a time.
+    /// Slabs lent to one comparison, which allocates chunks from them. Returns them to the pool on
+    /// destruction. One thread at a time.
     class Lease final {
      public:
         Lease(Lease&&) noexcept = default;
         Lease& operator=(Lease&&) = delete;
         ~Lease();
 
-        /// The next free piece of `bytes`, at most a slab; empty when the lease is used up.
+        /// Returns the next free chunk of `bytes`, at most a slab; empty when the lease is used up.
         [[nodiscard]] std::span<std::byte> allocate(std::size_t bytes);
-        /// Bytes in all.
+        /// Total bytes.
         [[nodiscard]] std::size_t capacity() const { return share_.amount() * slabBytes; }
-        /// Makes everything that was allocated free again.
+        /// Frees everything that was allocated from the lease.
         void rewind();
 
      private:
@@ -45,14 +46,14 @@ class BufferPool final {
         std::size_t used_ = 0;  // bytes of it
     };
 
-    /// Waits until that many slabs are free. The caller must not hold a lease already.
+    /// Blocks until that many slabs are free. The caller must not hold a lease.
     [[nodiscard]] Lease take(std::size_t slabs);
-    /// The same for `count` leases at once. Where there are not that many slabs, each lease gets
-    /// fewer, but one at least, and there are fewer leases if need be.
+    /// The same for `count` leases at once. If the pool is too small, each lease gets fewer slabs,
+    /// but at least one, and there are fewer leases if necessary.
     [[nodiscard]] std::vector<Lease> takeSeveral(std::size_t count, std::size_t slabsEach);
 
-    [[nodiscard]] std::size_t mostSlabs() const { return budget_.amount(); }
-    /// Bytes of the slabs there are, on loan or idle.
+    [[nodiscard]] std::size_t maxSlabs() const { return budget_.amount(); }
+    /// Bytes of all slabs, lent or idle.
     [[nodiscard]] std::size_t bytesAllocated();
 
  private:

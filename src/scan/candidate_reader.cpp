@@ -12,15 +12,15 @@ namespace tarvin {
 
 namespace {
 
-// Left to the rest of the process: standard streams, libraries, folders being listed.
+// Reserved for the rest of the process: standard streams, libraries, folders being listed.
 constexpr std::size_t descriptorsNotForFiles = 32;
-constexpr std::size_t fewestDescriptors = 2;
-constexpr std::size_t mostDescriptors = 512;
+constexpr std::size_t minDescriptors = 2;
+constexpr std::size_t maxDescriptors = 512;
 
-/// Half of what can be spared: one half is for visits, the other for files kept open.
+/// Half of the free descriptors: one half is for visits, the other for files kept open.
 std::size_t openAtOnce(std::size_t limit) {
     const std::size_t spare = limit > descriptorsNotForFiles ? limit - descriptorsNotForFiles : 0;
-    return std::clamp(spare / 2, fewestDescriptors, mostDescriptors);
+    return std::clamp(spare / 2, minDescriptors, maxDescriptors);
 }
 
 FileStamp stampOf(const FileAttributes& attributes) {
@@ -61,7 +61,7 @@ std::optional<OpenCandidate> CandidateReader::open(const File& file) {
                             onlyReaderOf(attributes->identity.device)};
     std::byte beyond{};
     if (candidate.stamp.size == 0 && readSome(candidate, 0, {&beyond, 1}, 1) != 0) {
-        // Some file systems give no size for what they make up while it is read.
+        // Some file systems report size 0 for files whose content they generate when read.
         return std::nullopt;
     }
     return candidate;
@@ -78,7 +78,7 @@ Result<FileAttributes> CandidateReader::attributesNow(const File& file,
     return fileSystem_.attributesOf(descriptor);
 }
 
-/// A call that a stop cut short says nothing about the file.
+/// After a stop the error may come from the stop and is not logged.
 std::nullopt_t CandidateReader::failed(const File& file, SystemError error) {
     if (!control_.stop()) {
         unreadable_.addFile(file, error);
@@ -101,7 +101,7 @@ bool CandidateReader::isUnchanged(const OpenCandidate& candidate) {
     return now && now->linkCount > 0 && stampOf(*now) == candidate.stamp;
 }
 
-/// How many bytes there were; none if they cannot be read or the scan was stopped.
+/// Returns the number of bytes read; nullopt if the file cannot be read or the scan was stopped.
 std::optional<std::size_t> CandidateReader::readSome(const OpenCandidate& candidate,
                                                      std::uint64_t offset,
                                                      std::span<std::byte> into,
@@ -128,7 +128,7 @@ Result<std::size_t> CandidateReader::readThroughDevice(const OpenCandidate& cand
     return fileSystem_.readAtLeast(candidate.descriptor, offset, into, enough);
 }
 
-/// What is in memory already is read beside other readers; the rest waits for the device.
+/// Reads cached bytes without the mutex; the rest waits for the device.
 Result<std::size_t> CandidateReader::readAlone(const OpenCandidate& candidate, std::uint64_t offset,
                                                std::span<std::byte> into, std::size_t enough) {
     const Result<std::size_t> cached = fileSystem_.readCachedAt(candidate.descriptor, offset, into);
@@ -143,7 +143,7 @@ Result<std::size_t> CandidateReader::readAlone(const OpenCandidate& candidate, s
         lock.lock();
     }
     if (control_.stop()) {
-        // Many may have waited here, and each would read once more.
+        // Without this check each of many waiting threads would read once more.
         return SystemError{EINTR};
     }
     const IoWatch::Call call(watch_, *candidate.file);

@@ -17,7 +17,7 @@
 
 namespace tarvin {
 
-/// What tells whether a file is still the one it was, with the same content.
+/// The metadata that shows whether a file is still the same, with the same content.
 struct FileStamp {
     FileIdentity identity;
     std::uint64_t size = 0;  ///< bytes
@@ -28,52 +28,51 @@ struct FileStamp {
     bool operator==(const FileStamp&) const = default;
 };
 
-/// A file that may have a twin, open for reading.
+/// A file that may have duplicates, open for reading.
 struct OpenCandidate {
     const File* file = nullptr;
     Descriptor descriptor;
-    FileStamp stamp;                   ///< as it was when it was opened
-    std::mutex* onlyReader = nullptr;  ///< held while reading from a device with moving heads
+    FileStamp stamp;                   ///< when the file was opened
+    std::mutex* onlyReader = nullptr;  ///< held while reading from a rotational disk; else nullptr
 };
 
-/// Opens and reads the files that are compared, for all comparisons of a scan together: bounds how
-/// many are open, lets one reader at a time at a rotational device, counts what is read, notes what
-/// cannot be read and listens to pause and stop. Any thread.
+/// Opens and reads the files of all comparisons of a scan: bounds how many are open, lets one
+/// reader at a time read from a rotational disk, counts bytes, logs unreadable files and obeys
+/// pause and stop. Any thread.
 class CandidateReader final {
  public:
-    /// What the references lead to must outlive the reader.
+    /// The services must outlive the reader.
     explicit CandidateReader(const ScanServices& services);
     CandidateReader(const CandidateReader&) = delete;
     CandidateReader& operator=(const CandidateReader&) = delete;
 
-    /// Opens the file as it stands now. None if it cannot be opened, or is a regular file no
-    /// longer, or the scan was stopped. Never waits for anything but the device. The caller has
-    /// taken a descriptor for it.
+    /// Opens the file in its current state. Returns nullopt if it cannot be opened, is no longer a
+    /// regular file, or the scan was stopped. Waits only for the device and for the end of a pause.
+    /// Requires a share of descriptors() or keptDescriptors().
     [[nodiscard]] std::optional<OpenCandidate> open(const File& file);
 
-    /// Fills `into` from `offset`. False if the file cannot be read or ends before that, or the
-    /// scan was stopped; waits while it is paused.
+    /// Fills `into` from `offset`. Returns false if the file cannot be read or ends too early, or
+    /// the scan was stopped. Waits while the scan is paused.
     [[nodiscard]] bool read(const OpenCandidate& candidate, std::uint64_t offset,
                             std::span<std::byte> into);
 
-    /// Reads a whole file into `into`, which has room for its size and one byte more. False if it
-    /// is not exactly as long as it was when it was opened, and where read() is.
+    /// Reads a whole file into `into`, which has room for its size and one byte more. Returns false
+    /// where read() does, and if the file's length has changed since it was opened.
     [[nodiscard]] bool readWhole(const OpenCandidate& candidate, std::span<std::byte> into);
 
-    /// Says that little of the file will be read, so that the device is not kept busy with the
-    /// rest.
+    /// Disables read-ahead for a file of which only a little will be read.
     void disableReadAhead(const OpenCandidate& candidate) {
         fileSystem_.disableReadAhead(candidate.descriptor);
     }
 
-    /// Whether the open file still is what it was when it was opened, and has a name.
+    /// Whether the open file's stamp is unchanged and the file still has a name.
     [[nodiscard]] bool isUnchanged(const OpenCandidate& candidate);
 
-    /// How many candidates may be open at once for the time of a visit: whoever takes one of these
-    /// waits for nothing but the device until it is given back.
+    /// Candidates that may be open at once for one visit. A holder waits only for the device until
+    /// it releases its share.
     [[nodiscard]] Budget& descriptors() { return descriptors_; }
-    /// How many more may be kept open for longer. A budget of its own, because its holders wait for
-    /// others that visit.
+    /// Candidates that may be kept open for longer. A separate budget, because its holders wait for
+    /// visits.
     [[nodiscard]] Budget& keptDescriptors() { return keptDescriptors_; }
     [[nodiscard]] const ScanControl& control() const { return control_; }
     /// Bytes read so far.
@@ -105,11 +104,10 @@ class CandidateReader final {
     Budget descriptors_;
     Budget keptDescriptors_;
     std::atomic<std::uint64_t> bytesRead_{0};
-    // One that any number may read, so that most files need not be looked up in the table.
+    // A device without a mutex; saves most lookups in devices_.
     std::atomic<std::uint64_t> freelyRead_{noDevice};
     std::mutex devicesMutex_;
-    // One entry a device seen; null for a device that any number may read. Guarded by
-    // devicesMutex_.
+    // One entry for each device; nullptr unless it is rotational. Guarded by devicesMutex_.
     std::unordered_map<std::uint64_t, std::unique_ptr<std::mutex>> devices_;
 };
 

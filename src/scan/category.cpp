@@ -10,8 +10,8 @@ namespace tarvin {
 
 namespace {
 
-// The lists stand as they are, repeated entries and entries that can never match included: where a
-// file goes depends on every letter of them.
+// The category of a file depends on every letter of these lists: repeated entries and entries that
+// can never match must stay.
 constexpr std::string_view imageList =
     "psd_dng_bmp_gif_jpg_png_psd_pspimage_thm_tif_yuv_tiff_jpeg_ai_cr2_crw_dng_kdc_nef_mrw_orf_x3f_"
     "raw_raf_dcx_nrw_sr2_srf_wpg";
@@ -35,46 +35,46 @@ struct CategoryList {
     std::string_view list;
 };
 
-// The first list that accepts a key decides. Audio stands before video.
+// The first list that accepts a key decides. Audio comes before video.
 constexpr std::array sortingOrder{
     CategoryList{Category::image, imageList}, CategoryList{Category::audio, audioList},
     CategoryList{Category::video, videoList}, CategoryList{Category::documents, documentList}};
 
-constexpr std::size_t shortestNeedle = 3;  // units of UTF-16
+constexpr std::size_t minNeedle = 3;  // UTF-16 code units
 
-// A tree of made-up extensions shall not fill the memory: real ones are few and short.
-constexpr std::size_t mostKnownKeys = 4096;
-constexpr std::size_t longestKnownKey = 32;  // bytes
+// Bounds the memory for a tree of random extensions; real ones are few and short.
+constexpr std::size_t maxKnownKeys = 4096;
+constexpr std::size_t maxKnownKeyBytes = 32;
 
-bool isShorterThanANeedle(std::string_view text) {
+bool isTooShort(std::string_view text) {
     std::size_t units = 0;
-    while (!text.empty() && units < shortestNeedle) {
+    while (!text.empty() && units < minNeedle) {
         const Utf8Character character = firstCharacter(text);
         units += character.codePoint > 0xFFFF ? 2 : 1;
         text.remove_prefix(character.length);
     }
-    return units < shortestNeedle;
+    return units < minNeedle;
 }
 
 char asciiLowercase(char byte) {
     return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
 }
 
-std::string_view upToBlank(std::string_view text) {
+std::string_view upToSpace(std::string_view text) {
     return text.substr(0, text.find(' '));
 }
 
 std::string keyOfExtension(std::string_view extension) {
     std::string key = lowercase(extension);
-    key.resize(upToBlank(key).size());
+    key.resize(upToSpace(key).size());
     return key;
 }
 
-using KeyRoom = std::array<char, longestKnownKey>;
+using KeyRoom = std::array<char, maxKnownKeyBytes>;
 
-/// The key without an allocation, in `room`. None if it does not fit or is not plain ASCII.
+/// The key, stored in `room` to avoid an allocation. nullopt if it does not fit or is not ASCII.
 std::optional<std::string_view> plainKey(std::string_view extension, KeyRoom& room) {
-    const std::string_view key = upToBlank(extension);
+    const std::string_view key = upToSpace(extension);
     const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
     if (key.size() > room.size() || !std::all_of(key.begin(), key.end(), isAscii)) {
         return std::nullopt;
@@ -117,7 +117,7 @@ std::string_view categoryName(Category category) {
 }
 
 bool isStringPresent(std::string_view haystack, std::string_view needle) {
-    return !isShorterThanANeedle(needle) && haystack.find(needle) != std::string_view::npos;
+    return !isTooShort(needle) && haystack.find(needle) != std::string_view::npos;
 }
 
 std::string_view pathExtension(std::string_view path) {
@@ -184,7 +184,7 @@ Category Classifier::categoryOfKey(std::string_view key) {
         return known->second;
     }
     const Category category = firstToAccept(key);
-    if (key.size() <= longestKnownKey && known_.size() < mostKnownKeys) {
+    if (key.size() <= maxKnownKeyBytes && known_.size() < maxKnownKeys) {
         known_.emplace(key, category);
     }
     return category;

@@ -11,7 +11,7 @@
 
 namespace tarvin {
 
-/// What a file is taken for, by the extension of its name. Sets of duplicates never mix categories.
+/// The kind of a file, by its extension. Sets of duplicates never mix categories.
 enum class Category : std::uint8_t { image, video, audio, documents, other };
 
 /// All of them, in the order in which results are shown.
@@ -21,46 +21,45 @@ inline constexpr std::array<Category, 5> allCategories{
 /// "Image", "Video", "Audio", "Documents" or "Other".
 [[nodiscard]] std::string_view categoryName(Category category);
 
-// The rules. All pure; any thread. Paths and names are native bytes: what is valid UTF-8 in them is
-// taken as Unicode text, any other byte stands for itself.
+// The rules. Pure. Any thread. Paths and names are native bytes: valid UTF-8 in them is Unicode
+// text, and any other byte stands for itself.
 
-/// Whether `needle` stands anywhere in `haystack`, byte for byte. Never true for a needle of less
-/// than three characters (units of UTF-16; a byte that is not UTF-8 counts as one).
+/// Whether `haystack` contains `needle`, byte for byte. Always false for a needle of less than
+/// three UTF-16 code units (a byte that is not UTF-8 counts as one).
 [[nodiscard]] bool isStringPresent(std::string_view haystack, std::string_view needle);
 
-/// What follows the last dot of the path's last component; slashes at the end do not count. Empty
-/// if there is no dot, the dot ends the name or the dot begins it (".hidden"). May hold blanks.
+/// The text after the last dot of the path's last component, trailing slashes ignored. Empty if
+/// there is no dot, or if the last dot ends the name or begins it (".hidden"). May contain spaces.
 [[nodiscard]] std::string_view pathExtension(std::string_view path);
 
-/// The extension in lower case up to its first blank: "jpg" for "Photo.JPG copy".
+/// The extension in lower case up to its first space: "jpg" for "Photo.JPG copy".
 [[nodiscard]] std::string extensionKey(std::string_view path);
 
-/// Whether the path's key stands in the list of that kind; false for everything inside an
-/// application or framework bundle. The key may stand across two entries of the list or inside one,
+/// Whether the list of that kind contains the path's key; false for everything inside an
+/// application or framework bundle. The key may match inside an entry of the list or across two,
 /// and keys of one or two characters match nothing.
 [[nodiscard]] bool isValidImageFile(std::string_view path);
 [[nodiscard]] bool isValidAudioFile(std::string_view path);
 [[nodiscard]] bool isValidVideoFile(std::string_view path);
 [[nodiscard]] bool isValidDocFile(std::string_view path);
-/// The same for the list of other types. Takes no part in sorting: a file is Category::other when
-/// none of the four above accepts it.
+/// The same for the list of other types. Not used for sorting: a file is Category::other if none of
+/// the four rules above accepts it.
 [[nodiscard]] bool isValidOtherFile(std::string_view path);
 
-/// Whether a path dropped on the location list is an image: its extension in lower case, blanks
-/// included, is an entry of a list of its own.
+/// Whether a path dropped on the location list is an image: its extension in lower case, spaces
+/// included, is an entry of a separate list.
 [[nodiscard]] bool isSupportedImage(std::string_view path);
 
-/// Sorts collected files: the answers of the rules above, remembered by extension, so that the
-/// millionth "jpg" costs one look-up. What it remembers is bounded. Each collecting thread has one
-/// of its own.
+/// Sorts collected files by the rules above. Caches the category of each extension, up to a limit.
+/// One thread.
 class Classifier final {
  public:
     Classifier() = default;
     Classifier(const Classifier&) = delete;
     Classifier& operator=(const Classifier&) = delete;
 
-    /// The category of a file with this name. `insideBundle` says whether ".app/" or ".framework/"
-    /// stands in its path. None if the name has no extension: such files are not collected.
+    /// The category of a file with this name. `insideBundle`: whether its path contains ".app/" or
+    /// ".framework/". nullopt if the name has no extension: such files are not collected.
     [[nodiscard]] std::optional<Category> classify(std::string_view fileName, bool insideBundle);
 
  private:

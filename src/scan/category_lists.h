@@ -11,9 +11,9 @@
 
 namespace tarvin {
 
-/// The collected files by category, in collection order, and the store that owns them. Filled by
-/// the collection; each list is emptied by its comparison. Different lists may be used on different
-/// threads at once.
+/// The collected files by category, in collection order, and the store that owns them. The
+/// collection fills the lists and each comparison empties its own. Different threads may use
+/// different lists at once.
 struct CategoryLists {
     std::vector<File*> arrOfImagesFileObject;
     std::vector<File*> arrOfVideosFileObject;
@@ -44,7 +44,7 @@ struct CategoryLists {
                arrOfOthersFileObject.size();
     }
 
-    /// Empties the lists and lets go of the files.
+    /// Empties the lists and releases the files.
     void clear() { *this = CategoryLists(); }
 };
 

@@ -12,11 +12,11 @@ namespace tarvin {
 
 namespace {
 
-// Exact names, at any depth. They hold system files and what was thrown away already.
+// Exact names, at any depth: folders of system files, and Trash folders.
 constexpr std::array<std::string_view, 7> skippedNames{
     ".Trashes", ".Trash", "Applications", "System", "Library", "private", "usr"};
 
-/// The Trash of a volume: ".Trash-" and the number of the user it belongs to.
+/// The Trash of a volume: ".Trash-UID".
 bool isVolumeTrash(std::string_view name) {
     constexpr std::string_view prefix = ".Trash-";
     if (!name.starts_with(prefix) || name.size() == prefix.size()) {
@@ -30,7 +30,7 @@ bool isSkipped(std::string_view name) {
            isVolumeTrash(name);
 }
 
-/// A file without an extension is never collected, so its attributes are not asked for.
+/// A file without an extension is never collected, so its attributes are not read.
 EntryInterest interestIn(std::string_view name) {
     if (isSkipped(name)) {
         return EntryInterest::none;
@@ -40,7 +40,7 @@ EntryInterest interestIn(std::string_view name) {
 
 }  // namespace
 
-/// A folder that the walk is inside of: the entries of its current block and the place among them.
+/// A folder that the walk is inside of, with its current block and the position in it.
 struct Collector::OpenFolder {
     const Directory* directory = nullptr;
     std::shared_ptr<TreeReader::Listing> listing;
@@ -88,7 +88,7 @@ void Collector::acceptFilenameDrag3(const std::string& path) {
         return;
     }
     if (path.empty()) {
-        // Not a name of the root folder.
+        // An empty path must not mean the root folder.
         unreadable_.push_back({path, SystemError{ENOENT}});
         return;
     }
@@ -111,7 +111,7 @@ void Collector::acceptFilenameDrag3(const std::string& path) {
     }
 }
 
-/// Goes through the innermost open folder until all are done, or the scan is stopped.
+/// Continues with the innermost open folder until all are done, or the scan is stopped.
 void Collector::walk(std::vector<OpenFolder>& open) {
     while (!open.empty()) {
         OpenFolder& folder = open.back();
@@ -141,7 +141,7 @@ void Collector::walk(std::vector<OpenFolder>& open) {
     }
 }
 
-/// Makes `block` the folder's current one and tells the reader of the folders in it.
+/// Makes `block` the folder's current one and announces the folders in it to the reader.
 void Collector::takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block> block) {
     folder.block = std::move(block);
     folder.nextEntry = 0;
@@ -162,7 +162,7 @@ void Collector::takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block>
     reader_.announce(ahead);
 }
 
-/// True if the folder can be listed and has not been walked yet. Otherwise it is closed.
+/// Returns whether the folder can be listed and has not been walked yet. Closes it if not.
 bool Collector::enter(Directory& directory, const std::shared_ptr<TreeReader::Listing>& listing) {
     const Result<FileIdentity> identity = reader_.identityOf(listing);
     if (identity && walked_.insert(*identity).second) {
@@ -176,7 +176,7 @@ bool Collector::enter(Directory& directory, const std::shared_ptr<TreeReader::Li
     return false;
 }
 
-/// The listing may have ended early.
+/// Closes the folder and logs the error if its listing ended early.
 void Collector::leave(const OpenFolder& folder) {
     noteFailure(*folder.directory, folder.listing);
     reader_.close(folder.listing);
@@ -191,7 +191,7 @@ void Collector::noteFailure(const Directory& directory,
     }
 }
 
-/// By the place where the location really is, so that a link makes no difference.
+/// Resolves symbolic links first.
 bool Collector::isInTrash(const Directory& location) {
     const IoWatch::Call call(watch_, location);
     const std::optional<FileIdentity> homeTrash = fileSystem_.homeTrash();
@@ -218,16 +218,16 @@ void Collector::takeFile(const Directory& directory, const ListedEntry& entry) {
         return;
     }
     if (gate_.due()) {
-        tellOf(directory, entry);
+        reportFile(directory, entry);
     }
     if (!exceptions_.contains(directory, entry.name)) {
         addToArrayFile(directory, entry);
     }
 }
 
-/// Of a file that is never collected nothing but the name is known yet. Whether it is locked, and
-/// so not to be told of, is found out for the few that come to be told.
-void Collector::tellOf(const Directory& directory, const ListedEntry& entry) {
+/// For a file that is never collected only the name is known. Its attributes, which show whether it
+/// is locked and must not be reported, are read only for the few files that are due to be reported.
+void Collector::reportFile(const Directory& directory, const ListedEntry& entry) {
     const std::string path = directory.pathOf(entry.name);
     if (interestIn(entry.name) == EntryInterest::name) {
         const IoWatch::Call call(watch_, directory);

@@ -22,27 +22,28 @@ namespace tarvin {
 /// extension into the list of its category, in the order of the listings.
 ///
 /// Made for one scan and used on one thread; the workers of the pool list ahead. A folder is walked
-/// once per scan however many ways lead to it. Folders that cannot be listed and files whose
-/// attributes cannot be read are noted in the UnreadableLog; locations are told of apart.
+/// once per scan, by whatever number of paths it can be reached. Folders that cannot be listed and
+/// files whose attributes cannot be read go to the UnreadableLog; see unreadableLocations() for the
+/// locations.
 class Collector final {
  public:
     enum class Outcome {
         collected,  ///< there are files to compare
         nothing,    ///< not one file
-        stopped     ///< the scan was stopped between two locations; what was collected is void
+        stopped     ///< stopped between two locations; ignore what was collected
     };
 
     /// All references must outlive the collector and its tasks.
     Collector(const ScanServices& services, const ExceptionFilter& exceptions,
               ScanObserver& observer, ProgressGate& gate, CategoryLists& lists);
 
-    /// Walks the checked folders of `rows` in order, then empties `rows`, unless it was stopped.
+    /// Walks the checked folders of `rows` in order, then empties `rows`, unless stopped.
     Outcome addAllPhotos(std::vector<LocationRow>& rows);
 
     /// Walks one folder tree, depth first.
     void acceptFilenameDrag3(const std::string& path);
 
-    /// The locations that could not be listed, in the order met.
+    /// The locations that could not be listed, in the order of the rows.
     [[nodiscard]] const std::vector<UnreadableLocation>& unreadableLocations() const {
         return unreadable_;
     }
@@ -59,7 +60,7 @@ class Collector final {
     void walk(std::vector<OpenFolder>& open);
     void takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block> block);
     void takeFile(const Directory& directory, const ListedEntry& entry);
-    void tellOf(const Directory& directory, const ListedEntry& entry);
+    void reportFile(const Directory& directory, const ListedEntry& entry);
     [[nodiscard]] bool isInTrash(const Directory& location);
     void addToArrayFile(const Directory& directory, const ListedEntry& entry);
 

@@ -9,8 +9,8 @@
 
 namespace tarvin {
 
-/// The files that a scan leaves out, by exact path: no folders, no patterns, no folding of case.
-/// Never changes; any thread.
+/// The files excluded from a scan, by exact path: no folders, no patterns, case-sensitive.
+/// Immutable. Any thread.
 class ExceptionFilter final {
  public:
     ExceptionFilter() = default;
@@ -25,8 +25,7 @@ class ExceptionFilter final {
 
  private:
     std::unordered_set<std::string> paths_;
-    // Looked at first: hardly any file shares its name with an exception, so that hardly ever a
-    // path has to be put together.
+    // Checked first: few files have the name of an exception, so few paths have to be built.
     std::unordered_set<std::string_view> names_;  // views into paths_
 };
 

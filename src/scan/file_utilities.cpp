@@ -14,10 +14,10 @@ namespace tarvin {
 
 namespace {
 
-/// What the quick look compares at each end, and the portion in which a digest is taken.
-constexpr std::size_t largePortion = 3'145'728;
-/// Two of these stay in the processor's cache while they are compared.
-constexpr std::size_t comparedPortion = std::size_t{128} << 10;
+// Bytes that the quick comparison reads at each end, and bytes hashed at a time.
+constexpr std::size_t largeChunk = 3'145'728;
+// Bytes compared at a time; two chunks fit into the CPU cache.
+constexpr std::size_t comparedChunk = std::size_t{128} << 10;
 constexpr std::uint64_t toTheEnd = std::numeric_limits<std::uint64_t>::max();
 
 struct OpenFile {
@@ -37,18 +37,18 @@ std::optional<OpenFile> openRegularFile(FileSystem& fileSystem, const std::strin
     return OpenFile{std::move(*descriptor), attributes->size};
 }
 
-/// Reads two files in step.
+/// Compares two files chunk by chunk.
 class Comparison final {
  public:
     Comparison(FileSystem& fileSystem, const OpenFile& one, const OpenFile& other)
         : fileSystem_(fileSystem), one_(one), other_(other) {}
 
-    /// Whether the files hold the same bytes from `offset` on, for `length` bytes or to the end of
-    /// both. False if one ends before the other or cannot be read.
+    /// Whether the files have the same bytes from `offset` on, for `length` bytes or to the end of
+    /// both. Returns false if one ends before the other or cannot be read.
     [[nodiscard]] bool isEqual(std::uint64_t offset, std::uint64_t length) {
         while (length > 0) {
             const auto wanted =
-                static_cast<std::size_t>(std::min<std::uint64_t>(length, comparedPortion));
+                static_cast<std::size_t>(std::min<std::uint64_t>(length, comparedChunk));
             const auto compared = equalBytesAt(offset, wanted);
             if (!compared) {
                 return false;
@@ -63,7 +63,7 @@ class Comparison final {
     }
 
  private:
-    /// How many bytes both files have at `offset`, up to `wanted`; none if they differ there.
+    /// Returns how many bytes both files have at `offset`, up to `wanted`; nullopt if they differ.
     std::optional<std::size_t> equalBytesAt(std::uint64_t offset, std::size_t wanted) {
         const std::span<std::byte> oneRoom(oneBytes_.data(), wanted);
         const std::span<std::byte> otherRoom(otherBytes_.data(), wanted);
@@ -72,7 +72,7 @@ class Comparison final {
         if (!oneGot || !otherGot || *oneGot != *otherGot) {
             return std::nullopt;
         }
-        // std::equal would go byte by byte.
+        // std::equal would compare byte by byte.
         const bool same = std::memcmp(oneRoom.data(), otherRoom.data(), *oneGot) == 0;
         return same ? std::optional(*oneGot) : std::nullopt;
     }
@@ -80,8 +80,8 @@ class Comparison final {
     FileSystem& fileSystem_;
     const OpenFile& one_;
     const OpenFile& other_;
-    std::vector<std::byte> oneBytes_ = std::vector<std::byte>(comparedPortion);
-    std::vector<std::byte> otherBytes_ = std::vector<std::byte>(comparedPortion);
+    std::vector<std::byte> oneBytes_ = std::vector<std::byte>(comparedChunk);
+    std::vector<std::byte> otherBytes_ = std::vector<std::byte>(comparedChunk);
 };
 
 }  // namespace
@@ -95,7 +95,7 @@ bool contentsEqualAtPath(FileSystem& fileSystem, const std::string& path,
 
 bool dataEqualsAtPath(FileSystem& fileSystem, const std::string& path, const std::string& otherPath,
                       const File& file) {
-    if (file.fileSize() < largePortion) {
+    if (file.fileSize() < largeChunk) {
         return contentsEqualAtPath(fileSystem, path, otherPath);
     }
     const auto one = openRegularFile(fileSystem, path);
@@ -103,10 +103,10 @@ bool dataEqualsAtPath(FileSystem& fileSystem, const std::string& path, const std
     if (!other) {
         return false;
     }
-    // A file that has shrunk below one portion since it was recorded has its tail at the start.
-    const std::uint64_t tail = one->size - std::min<std::uint64_t>(one->size, largePortion);
+    // If the file has shrunk below one chunk since it was recorded, the tail begins at its start.
+    const std::uint64_t tail = one->size - std::min<std::uint64_t>(one->size, largeChunk);
     Comparison comparison(fileSystem, *one, *other);
-    return comparison.isEqual(0, largePortion) && comparison.isEqual(tail, largePortion);
+    return comparison.isEqual(0, largeChunk) && comparison.isEqual(tail, largeChunk);
 }
 
 std::optional<std::string> md5OfFile(FileSystem& fileSystem, const std::string& path) {
@@ -115,15 +115,15 @@ std::optional<std::string> md5OfFile(FileSystem& fileSystem, const std::string& 
         return std::nullopt;
     }
     Md5 digest;
-    std::vector<std::byte> bytes(largePortion);
+    std::vector<std::byte> bytes(largeChunk);
     std::uint64_t offset = 0;
     std::size_t got = bytes.size();
     while (got == bytes.size()) {
-        const auto portion = fileSystem.readAt(file->descriptor, offset, bytes);
-        if (!portion) {
+        const auto chunk = fileSystem.readAt(file->descriptor, offset, bytes);
+        if (!chunk) {
             return std::nullopt;
         }
-        got = *portion;
+        got = *chunk;
         digest.update(std::span(bytes).first(got));
         offset += got;
     }

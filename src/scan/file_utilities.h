@@ -10,17 +10,17 @@
 
 namespace tarvin {
 
-// Utilities on single files, apart from the scan, which proves equality in its own way. Nothing in
-// the program calls them. Any thread. Only regular files are read and a symbolic link is not
-// followed; what cannot be opened or read is equal to nothing and has no digest.
+// Utilities on single files. Nothing in the program calls them; the scan compares in another way.
+// Any thread. Only regular files are read, and symbolic links are not followed. A file that cannot
+// be opened or read equals no file and has no digest.
 
-/// Whether both files can be read and hold the same bytes from first to last, as they are now.
+/// Whether both files can be read and currently hold the same bytes.
 [[nodiscard]] bool contentsEqualAtPath(FileSystem& fileSystem, const std::string& path,
                                        const std::string& otherPath);
 
-/// A quick look at two files: whether their first 3 MiB are equal and the last 3 MiB of the one at
-/// `path` equal what stands at the same place in the other. The middle is not compared, nor what
-/// the other file may have beyond that place. Files that `file` records as smaller than 3 MiB are
+/// A quick comparison: whether the first 3 MiB of both files are equal and the last 3 MiB of the
+/// file at `path` equal the bytes at the same offset in the other. Neither the middle is compared,
+/// nor what the other file has after that. Files that `file` records as smaller than 3 MiB are
 /// compared in full.
 [[nodiscard]] bool dataEqualsAtPath(FileSystem& fileSystem, const std::string& path,
                                     const std::string& otherPath, const File& file);
@@ -28,7 +28,7 @@ namespace tarvin {
 /// The MD5 digest of the whole file as 32 hexadecimal digits in lower case.
 [[nodiscard]] std::optional<std::string> md5OfFile(FileSystem& fileSystem, const std::string& path);
 
-/// The date itself, or the date and time now if there is none.
+/// Returns the date, or the current time if it is nullopt.
 [[nodiscard]] Timestamp checkNilDate(std::optional<Timestamp> date, Clock& clock);
 
 }  // namespace tarvin

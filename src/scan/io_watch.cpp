@@ -13,7 +13,7 @@ std::uint64_t nextNumber() {
 
 }  // namespace
 
-/// What one thread is at. `since` is written last when a call begins and first when it ends.
+/// The call of one thread. `since` is written last when a call begins and first when it ends.
 struct IoWatch::Slot {
     std::atomic<std::uint32_t> since{noCall};
     std::atomic<const Directory*> folder{nullptr};
@@ -60,7 +60,7 @@ std::optional<IoWatch::Waiting> IoWatch::longest(std::uint32_t ticks) const {
         }
         const Directory* folder = slot->folder.load(std::memory_order_relaxed);
         const File* file = slot->file.load(std::memory_order_relaxed);
-        // A call that has lasted this long ends at any moment; what is named lives on.
+        // The call may end at any moment, but its folder or file outlives this object.
         if (folder != nullptr) {
             longest = Waiting{folder->path(), now - since};
         } else if (file != nullptr) {

@@ -13,12 +13,12 @@
 
 namespace tarvin {
 
-/// Knows which threads of a scan are inside a call of the file system, on what, and for how long,
-/// so that a call that does not return (a network mount whose server is gone) can be told and
-/// worked around. Time is counted in ticks of whoever calls tick(), which makes noting a call cost
-/// a few stores and no look at a clock.
+/// Records which threads of a scan are inside a file-system call, on which folder or file and for
+/// how long, so that a call that does not return (a network mount whose server is gone) can be
+/// reported and worked around. Time is counted in calls of tick(), so that recording a call costs a
+/// few stores and no clock access.
 ///
-/// The folders and files named must live as long as this object.
+/// The recorded folders and files must outlive this object.
 class IoWatch final {
  public:
     IoWatch();
@@ -26,8 +26,8 @@ class IoWatch final {
     IoWatch& operator=(const IoWatch&) = delete;
     ~IoWatch();
 
-    /// One call (or several short ones), noted for the lifetime of the object. On one thread at a
-    /// time; calls do not nest.
+    /// Records one call (or several short ones) during its lifetime. Used on one thread; must not
+    /// be nested.
     class Call final {
      public:
         Call(IoWatch& watch, const Directory& folder) : Call(watch, &folder, nullptr) {}
@@ -42,17 +42,17 @@ class IoWatch final {
         void* slot_;
     };
 
-    /// A call that has lasted for `ticks`.
+    /// A call that has lasted for `ticks` on this folder or file.
     struct Waiting {
         std::string path;
         std::uint32_t ticks = 0;
     };
 
-    /// One thread, at a steady pace.
+    /// To be called at regular intervals, on one thread.
     void tick() { now_.fetch_add(1, std::memory_order_relaxed); }
-    /// The call that has lasted longest, if that is at least `ticks`. Any thread.
+    /// The longest current call, if it has lasted at least `ticks`; else nullopt. Any thread.
     [[nodiscard]] std::optional<Waiting> longest(std::uint32_t ticks) const;
-    /// How many calls have lasted at least `ticks`. Any thread.
+    /// How many current calls have lasted at least `ticks`. Any thread.
     [[nodiscard]] unsigned lasting(std::uint32_t ticks) const;
 
  private:
@@ -60,10 +60,10 @@ class IoWatch final {
 
     Slot& slotOfThisThread();
 
-    const std::uint64_t number_;  // tells objects apart that have had one address
+    const std::uint64_t number_;  // distinguishes objects that have had the same address
     std::atomic<std::uint32_t> now_{1};
     mutable std::mutex mutex_;
-    std::deque<std::unique_ptr<Slot>> slots_;  // guarded by mutex_; one a thread, never removed
+    std::deque<std::unique_ptr<Slot>> slots_;  // guarded by mutex_; one per thread, never removed
 };
 
 }  // namespace tarvin

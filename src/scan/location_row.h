@@ -4,7 +4,7 @@
 
 namespace tarvin {
 
-/// One row of the list of places to scan.
+/// One row of the location list.
 struct LocationRow {
     std::string name;     ///< absolute path of the folder, volume or file; native bytes
     std::string image;    ///< icon name, or empty

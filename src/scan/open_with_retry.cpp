@@ -10,7 +10,7 @@ namespace {
 
 using SteadyClock = std::chrono::steady_clock;
 
-constexpr std::chrono::milliseconds betweenTries{5};
+constexpr std::chrono::milliseconds retryInterval{5};
 
 }  // namespace
 
@@ -35,7 +35,7 @@ Result<Descriptor> openWithRetry(const FileSystem& fileSystem, const ScanControl
         } else if (SteadyClock::now() - lastClosed > patience) {
             break;
         }
-        std::this_thread::sleep_for(betweenTries);
+        std::this_thread::sleep_for(retryInterval);
         descriptor = open();
     }
     return descriptor;

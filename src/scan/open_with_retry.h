@@ -8,12 +8,12 @@
 
 namespace tarvin {
 
-/// Whether the process or the system has no descriptor left.
+/// Whether the error means that the process or the system has no descriptors left.
 [[nodiscard]] bool isShortageOfDescriptors(SystemError error);
 
-/// Calls `open` until it returns anything but a shortage of descriptors. Waits for as long as
-/// descriptors of `fileSystem` are being closed; gives up when none has been for 10 seconds,
-/// because then others hold them all. Ends early when the scan is stopped.
+/// Calls `open` until it succeeds or fails with an error other than a shortage of descriptors.
+/// Retries while descriptors of `fileSystem` are being closed; gives up when none has been closed
+/// for `patience`, because then other code holds them all. Ends early when the scan is stopped.
 Result<Descriptor> openWithRetry(const FileSystem& fileSystem, const ScanControl& control,
                                  const std::function<Result<Descriptor>()>& open,
                                  std::chrono::milliseconds patience = std::chrono::seconds(10));

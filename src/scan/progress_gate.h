@@ -5,13 +5,14 @@
 
 namespace tarvin {
 
-/// Lets a piece of progress through when enough time has passed since the last one, so that nobody
-/// has to be told of every file. Any thread; of several that ask at once one is let through.
+/// Limits the rate of progress reports. Any thread; of several simultaneous calls one is let
+/// through.
 class ProgressGate final {
  public:
-    /// With an interval of zero every call is let through.
+    /// An interval of zero lets every call through.
     explicit ProgressGate(std::chrono::milliseconds interval) : interval_(interval) {}
 
+    /// Whether at least one interval has passed since the last call that returned true.
     [[nodiscard]] bool due();
 
  private:

@@ -22,7 +22,7 @@ void ProgressMailbox::processing(const std::string& path, std::uint64_t processe
     const std::lock_guard lock(mutex_);
     latest_.path = path;
     latest_.waiting = false;
-    // Several comparisons tell at once and may overtake each other.
+    // Comparisons report concurrently and may overtake each other.
     latest_.processed = std::max(latest_.processed, processed);
 }
 

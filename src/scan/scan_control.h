@@ -4,9 +4,8 @@
 
 namespace tarvin {
 
-/// The two flags through which whoever runs a scan speaks to its workers. Both may be set and read
-/// on any thread; workers look at them between any two pieces of work, never more than a few
-/// milliseconds apart.
+/// The pause and stop flags of a scan. Any thread. Workers poll them at least every few
+/// milliseconds, except during a file-system call.
 class ScanControl final {
  public:
     ScanControl() = default;
@@ -15,10 +14,10 @@ class ScanControl final {
 
     [[nodiscard]] bool pause() const { return pause_.load(std::memory_order_acquire); }
     [[nodiscard]] bool stop() const { return stop_.load(std::memory_order_acquire); }
-    /// Memory ran out, which stopped the scan.
+    /// The scan was stopped because memory ran out.
     [[nodiscard]] bool outOfMemory() const { return outOfMemory_.load(std::memory_order_acquire); }
 
-    /// Workers that wait go on when the flag is cleared.
+    /// Clearing the flag wakes the waiting workers.
     void setPause(bool pause) {
         pause_.store(pause, std::memory_order_release);
         pause_.notify_all();
@@ -26,21 +25,21 @@ class ScanControl final {
 
     void setStop(bool stop) { stop_.store(stop, std::memory_order_release); }
 
-    /// Stops the scan because there is no memory to go on with. Any thread of the scan.
+    /// Stops the scan because memory ran out.
     void stopForLackOfMemory() {
         outOfMemory_.store(true, std::memory_order_release);
         setStop(true);
         setPause(false);
     }
 
-    /// Returns when the scan is not paused; costs one load if it is not.
+    /// Blocks while the scan is paused. Costs one load if it is not.
     void waitWhilePaused() const {
         while (pause()) {
             pause_.wait(true, std::memory_order_acquire);
         }
     }
 
-    /// Waits out a pause, then says whether to go on: the check between two pieces of work.
+    /// Blocks while the scan is paused, then returns whether to continue.
     [[nodiscard]] bool mayGoOn() const {
         waitWhilePaused();
         return !stop();

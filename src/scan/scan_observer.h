@@ -5,28 +5,28 @@
 
 namespace tarvin {
 
-/// What a scan tells of its progress. Called on the scan's own threads, several at once; an
-/// implementation must be quick and must not wait for anything that waits for the scan. Paths are
-/// native bytes. Calls that name a file come a few dozen times a second, not once per file.
+/// Receives the progress of a scan. Called on the threads of the scan, several at once; an
+/// implementation must return quickly and must not wait for anything that waits for the scan. Paths
+/// are native bytes. Files are reported a few dozen times a second, not each one.
 class ScanObserver {
  public:
     virtual ~ScanObserver() = default;
 
-    /// Collection begins: how much there is, is not known.
+    /// The collection begins. Its extent is unknown.
     virtual void collectionStarted() {}
-    /// The file that the collection has come to.
+    /// The current file of the collection.
     virtual void collecting(const std::string& path) { static_cast<void>(path); }
-    /// The collection waits, or goes on again.
+    /// The collection has been paused or resumed.
     virtual void collectionPaused(bool paused) { static_cast<void>(paused); }
-    /// No file at all was collected; there will be no comparison.
+    /// No file was collected; no comparison follows.
     virtual void nothingCollected() {}
-    /// Collection is over, whatever came of it; the list of locations is to be emptied.
+    /// The collection is over, with or without files. The list of locations is to be emptied.
     virtual void collectionFinished() {}
 
-    /// Comparison of `total` files begins.
+    /// The comparison of `total` files begins.
     virtual void comparisonStarted(std::uint64_t total) { static_cast<void>(total); }
-    /// The file that the comparison has come to and how many files are accounted for so far. Not
-    /// called while the scan is paused.
+    /// The current file of the comparison and the number of files decided so far. Not called while
+    /// the scan is paused.
     virtual void processing(const std::string& path, std::uint64_t processed) {
         static_cast<void>(path);
         static_cast<void>(processed);
@@ -35,7 +35,7 @@ class ScanObserver {
     virtual void comparisonFinished(std::uint64_t processed) { static_cast<void>(processed); }
 
     /// A call on this folder or file has not returned for seconds: its device or server may be
-    /// gone. About once a second for as long as that lasts; not while the scan is paused.
+    /// gone. Called about once a second while that lasts, except while the scan is paused.
     virtual void waitingFor(const std::string& path) { static_cast<void>(path); }
 
     /// The elapsed-time text, about once a second.

@@ -8,8 +8,7 @@
 
 namespace tarvin {
 
-/// What every part of one scan works with. References only; all of them must outlive the parts and
-/// their tasks.
+/// The objects shared by all parts of one scan. They must outlive the parts and their tasks.
 struct ScanServices {
     FileSystem& fileSystem;
     WorkerPool& pool;

@@ -37,7 +37,7 @@ void ScanWork::collect() {
     if (control_.outOfMemory()) {
         outcome = Collector::Outcome::stopped;
     }
-    // After a stop workers may be inside folders; they end in their own time.
+    // After a stop workers may still be inside folders, and the collector would wait for them.
     if (!control_.stop()) {
         collector_.reset();
     }
@@ -101,11 +101,11 @@ std::uint64_t ScanWork::bytesRead() {
     return finder_ == nullptr ? bytesRead_ : finder_->bytesRead();
 }
 
-template <class Tell>
-void ScanWork::Link::pass(const Tell& tell) {
+template <class Call>
+void ScanWork::Link::forward(const Call& call) {
     const std::shared_lock lock(mutex_);
     if (to_ != nullptr) {
-        tell(*to_);
+        call(*to_);
     }
 }
 
@@ -115,43 +115,43 @@ void ScanWork::Link::cut() {
 }
 
 void ScanWork::Link::collectionStarted() {
-    pass([](ScanObserver& to) { to.collectionStarted(); });
+    forward([](ScanObserver& to) { to.collectionStarted(); });
 }
 
 void ScanWork::Link::collecting(const std::string& path) {
-    pass([&](ScanObserver& to) { to.collecting(path); });
+    forward([&](ScanObserver& to) { to.collecting(path); });
 }
 
 void ScanWork::Link::collectionPaused(bool paused) {
-    pass([&](ScanObserver& to) { to.collectionPaused(paused); });
+    forward([&](ScanObserver& to) { to.collectionPaused(paused); });
 }
 
 void ScanWork::Link::nothingCollected() {
-    pass([](ScanObserver& to) { to.nothingCollected(); });
+    forward([](ScanObserver& to) { to.nothingCollected(); });
 }
 
 void ScanWork::Link::collectionFinished() {
-    pass([](ScanObserver& to) { to.collectionFinished(); });
+    forward([](ScanObserver& to) { to.collectionFinished(); });
 }
 
 void ScanWork::Link::comparisonStarted(std::uint64_t total) {
-    pass([&](ScanObserver& to) { to.comparisonStarted(total); });
+    forward([&](ScanObserver& to) { to.comparisonStarted(total); });
 }
 
 void ScanWork::Link::processing(const std::string& path, std::uint64_t processed) {
-    pass([&](ScanObserver& to) { to.processing(path, processed); });
+    forward([&](ScanObserver& to) { to.processing(path, processed); });
 }
 
 void ScanWork::Link::comparisonFinished(std::uint64_t processed) {
-    pass([&](ScanObserver& to) { to.comparisonFinished(processed); });
+    forward([&](ScanObserver& to) { to.comparisonFinished(processed); });
 }
 
 void ScanWork::Link::waitingFor(const std::string& path) {
-    pass([&](ScanObserver& to) { to.waitingFor(path); });
+    forward([&](ScanObserver& to) { to.waitingFor(path); });
 }
 
 void ScanWork::Link::elapsed(const std::string& text) {
-    pass([&](ScanObserver& to) { to.elapsed(text); });
+    forward([&](ScanObserver& to) { to.elapsed(text); });
 }
 
 }  // namespace tarvin

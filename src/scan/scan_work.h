@@ -27,9 +27,9 @@
 
 namespace tarvin {
 
-/// Everything that the threads of one scan touch. Shared by them, so that a thread that is stuck in
-/// a call can be left behind: whenever the call returns, it finds all of this in its place, sees
-/// the stop and ends.
+/// All data that the threads of one scan use. Shared by them, so that a thread that is stuck in a
+/// call can be left behind: when the call returns, the data still exists, and the thread sees the
+/// stop and ends.
 class ScanWork final : public std::enable_shared_from_this<ScanWork> {
  public:
     struct Settings {
@@ -37,37 +37,39 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
         std::chrono::milliseconds progressInterval;
     };
 
-    /// `fileSystem` must live as long as the process, `observer` until leaveBehind() or the end of
-    /// this object.
+    /// `fileSystem` must live as long as the process, `observer` until leaveBehind() or the
+    /// destruction of this object.
     static std::shared_ptr<ScanWork> create(FileSystem& fileSystem, ScanObserver& observer,
                                             Settings settings);
     ScanWork(const ScanWork&) = delete;
     ScanWork& operator=(const ScanWork&) = delete;
     ~ScanWork();
 
-    /// What is to be scanned. Once, before collect().
+    /// Sets what to scan. Call at most once, before collect().
     void setInputs(std::vector<LocationRow> rows, ExceptionFilter exceptions);
-    /// Walks the checked folders among the rows. Once, on a thread that may be left behind.
+    /// Walks the checked folders among the rows. Call at most once, on a thread that may be left
+    /// behind.
     void collect();
-    /// Waits for the end of collect(); false if that has not come after `patience`.
+    /// Blocks until collect() has ended. Returns false if it has not after `patience`.
     [[nodiscard]] bool waitForCollection(std::chrono::milliseconds patience);
-    /// These after the collection.
+    /// After the collection only.
     [[nodiscard]] Collector::Outcome outcome() const { return outcome_; }
     [[nodiscard]] const std::vector<UnreadableLocation>& unreadableLocations() const {
         return unreadableLocations_;
     }
     [[nodiscard]] CategoryLists& lists() { return lists_; }
 
-    /// Before the first compare() and after the last, when endWorkers() has ended them all.
+    /// To be called before the first compare(), and after the last if endWorkers() returned true.
     void prepareComparison();
     void endComparison();
-    /// The result of a category. On any thread, once each; does not get stuck.
+    /// Returns the result of a category. Any thread. Call at most once for each category. Returns
+    /// soon after a stop, even if a worker is stuck.
     [[nodiscard]] std::shared_ptr<Modal> compare(Category category);
 
-    /// Waits until no worker is inside a task, and ends them. If one is still after `patience`, it
-    /// is left behind: it tells the observer nothing more. Whether all have ended.
+    /// Blocks until no worker is inside a task, and ends the workers. Leaves behind those that are
+    /// after `patience`: they do not call the observer any more. Returns whether all have ended.
     bool endWorkers(std::chrono::milliseconds patience);
-    /// Leaves behind what still runs.
+    /// Stops the scan and leaves behind the threads that still run.
     void leaveBehind();
     [[nodiscard]] bool isLeftBehind() const { return leftBehind_; }
 
@@ -81,12 +83,12 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
     [[nodiscard]] std::uint64_t bytesRead();
 
  private:
-    /// Passes on what a scan tells until it is cut off.
+    /// Forwards all calls to the observer until it is cut off.
     class Link final : public ScanObserver {
      public:
         explicit Link(ScanObserver& to) : to_(&to) {}
 
-        /// Waits for calls under way; then nothing is passed on any more.
+        /// Blocks until current calls have returned. Nothing is forwarded afterwards.
         void cut();
 
         void collectionStarted() override;
@@ -101,11 +103,11 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
         void elapsed(const std::string& text) override;
 
      private:
-        template <class Tell>
-        void pass(const Tell& tell);
+        template <class Call>
+        void forward(const Call& call);
 
         std::shared_mutex mutex_;
-        ScanObserver* to_;  // guarded by mutex_; none when cut off
+        ScanObserver* to_;  // guarded by mutex_; nullptr when cut off
     };
 
     ScanWork(FileSystem& fileSystem, ScanObserver& observer, Settings settings);

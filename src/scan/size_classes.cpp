@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::uint32_t noPosition = 0xFFFFFFFF;
 
-/// The first file of each size, in a table at most half full that is probed in line.
+/// The first file of each size, in a hash table with linear probing that is at most half full.
 class FirstBySize final {
  public:
     explicit FirstBySize(std::span<File* const> files)
@@ -37,7 +37,7 @@ class FirstBySize final {
 SizeClasses::SizeClasses(std::span<File* const> files)
     : next_(files.size(), noPosition), classOf_(files.size(), noClass) {
     {
-        // From the end, so that each file is put before those of its size that come after it.
+        // From the end, so that each file is inserted before those of its size that follow it.
         FirstBySize first(files);
         for (auto position = static_cast<std::uint32_t>(files.size()); position-- > 0;) {
             std::uint32_t& head = first.of(files[position]->fileSize());

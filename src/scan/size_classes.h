@@ -9,20 +9,19 @@
 
 namespace tarvin {
 
-/// The files of one category by recorded size. Costs no file access and time in proportion to the
-/// number of files; 8 bytes a file. Lists of up to four thousand million files. Never changes once
-/// made.
+/// Groups the files of one category by recorded size, without file access. Time is linear in the
+/// number of files, memory 8 bytes per file. At most 4 billion files. Immutable.
 class SizeClasses final {
  public:
     explicit SizeClasses(std::span<File* const> files);
 
-    /// How many sizes two or more files have. These classes are numbered in the order of their
-    /// first files.
+    /// The number of sizes shared by two or more files. These classes are numbered in the order of
+    /// their first files.
     [[nodiscard]] std::size_t count() const { return heads_.size(); }
-    /// Puts the positions of a class's files in the list into `positions`, ascending.
+    /// Sets `positions` to the positions of the class's files in the list, ascending.
     void members(std::size_t number, std::vector<std::uint32_t>& positions) const;
     [[nodiscard]] std::size_t memberCount(std::size_t number) const { return counts_[number]; }
-    /// The position of its first file.
+    /// The position of the class's first file.
     [[nodiscard]] std::uint32_t firstOf(std::size_t number) const { return heads_[number]; }
 
     static constexpr std::uint32_t noClass = 0xFFFFFFFF;

@@ -13,10 +13,10 @@ constexpr std::uint64_t giga = 1'000'000'000;
 constexpr double secondsPerMinute = 60.0;
 
 std::string inUnits(std::uint64_t bytes, std::uint64_t bytesPerUnit, std::string_view unit) {
-    // Single precision on purpose: a better quotient would change what people see.
+    // Single precision on purpose: a more exact quotient would change the text.
     const float quotient = static_cast<float>(bytes) / static_cast<float>(bytesPerUnit);
-    // Unlike printf, to_chars writes a point in every locale.
-    std::array<char, 32> digits{};  // the largest has 14
+    // Unlike printf, to_chars writes a decimal point in every locale.
+    std::array<char, 32> digits{};  // the longest text has 14
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(),
                                    static_cast<double>(quotient), std::chars_format::fixed, 2);
     std::string text(digits.data(), end.ptr);
@@ -32,7 +32,7 @@ void appendTwoDigits(std::uint64_t number, std::string& out) {
     out += std::to_string(number);
 }
 
-/// Minutes in `seconds`; 0 if there are none or more than 64 bits can count.
+/// Minutes in `seconds`; 0 if that is negative, NaN or does not fit into 64 bits.
 double minutesIn(double seconds) {
     constexpr double tooMany = 18'446'744'073'709'551'616.0;
     const double minutes = seconds / secondsPerMinute;

@@ -13,26 +13,26 @@ namespace tarvin {
 
 namespace {
 
-// One portion of a listing: about a thousand entries, so that the attributes of a large folder are
-// read by several workers, and a stop is noticed within a few milliseconds.
-constexpr std::size_t portionBytes = 32 * 1024;
-// A folder is read on at once while it has given fewer entries than this.
-constexpr std::size_t smallPortion = 512;
-// What may be listed and not yet consumed: about two megabytes.
-constexpr std::size_t mostEntriesAhead = 16 * 1024;
-// How far down the line a worker looks for a folder that it may take.
-constexpr std::size_t foldersInView = 64;
+// Bytes of one block of a listing: about a thousand entries, so that several workers read the
+// attributes of a large folder, and a stop is noticed within a few milliseconds.
+constexpr std::size_t blockBytes = 32 * 1024;
+// A batch is extended while it has fewer entries than this.
+constexpr std::size_t minBatchEntries = 512;
+// Entries listed but not yet consumed: about two megabytes.
+constexpr std::size_t maxEntriesAhead = 16 * 1024;
+// How many queued folders a worker checks for one that it may take.
+constexpr std::size_t maxFoldersChecked = 64;
 constexpr std::size_t entriesBetweenChecks = 64;
-constexpr std::chrono::milliseconds betweenLooksAtThePool{20};
-constexpr std::size_t fewestFoldersKeptOpen = 4;
-constexpr std::size_t mostFoldersKeptOpen = 128;
-// Left to the rest of the process: standard streams, libraries, the workers' own.
+constexpr std::chrono::milliseconds poolPollInterval{20};
+constexpr std::size_t minFoldersKeptOpen = 4;
+constexpr std::size_t maxFoldersKeptOpen = 128;
+// Reserved for the rest of the process: standard streams, libraries, files being compared.
 constexpr std::size_t descriptorsNotForFolders = 48;
 
 std::size_t foldersToKeepOpen(std::size_t descriptorLimit) {
     const std::size_t spare =
         descriptorLimit > descriptorsNotForFolders ? descriptorLimit - descriptorsNotForFolders : 0;
-    return std::clamp(spare / 2, fewestFoldersKeptOpen, mostFoldersKeptOpen);
+    return std::clamp(spare / 2, minFoldersKeptOpen, maxFoldersKeptOpen);
 }
 
 }  // namespace
@@ -43,8 +43,7 @@ struct TreeReader::PendingBlock {
     bool ready = false;  // guarded by the reader's mutex_
 };
 
-/// One of the reader's tasks, queued or running. A task that its pool drops gives its place back,
-/// too.
+/// Counts one of the reader's tasks, queued or running, also if the pool drops it.
 class TreeReader::TaskPlace final {
  public:
     explicit TaskPlace(std::atomic<unsigned>& tasks) : tasks_(&tasks) { ++tasks; }
@@ -62,15 +61,15 @@ class TreeReader::TaskPlace final {
     std::atomic<unsigned>* tasks_;
 };
 
-/// What was listed at one go.
-struct TreeReader::Portion {
+/// The blocks that a task lists at once.
+struct TreeReader::Batch {
     PendingBlocks blocks;
     bool more = false;  // the folder may have more entries
     std::optional<SystemError> failure;
 };
 
-/// One folder on its way through the reader. All fields are guarded by the reader's mutex_, except
-/// that the thread which set `state` to working has the fields of the opening to itself.
+/// One folder. All fields are guarded by the reader's mutex_, except that the thread which has set
+/// `state` to working owns the fields that open() sets.
 class TreeReader::Listing final {
  public:
     enum class State : std::uint8_t { waiting, working, finished };
@@ -79,7 +78,7 @@ class TreeReader::Listing final {
         : directory(of), parent(std::move(in)) {}
 
     const Directory* const directory;
-    std::shared_ptr<Listing> parent;  // none for the first folder and once this one is open
+    std::shared_ptr<Listing> parent;  // nullptr for the first folder and once this one is open
     State state = State::waiting;
     bool abandoned = false;
     bool opened = false;
@@ -99,7 +98,7 @@ TreeReader::TreeReader(const ScanServices& services, Interest interest, PauseWai
       waitOutPause_(waitOutPause ? std::move(waitOutPause)
                                  : [&control = services.control] { control.waitWhilePaused(); }),
       homeTrash_(services.fileSystem.homeTrash()),
-      mostOpenFolders_(foldersToKeepOpen(services.fileSystem.descriptorLimit())) {}
+      maxOpenFolders_(foldersToKeepOpen(services.fileSystem.descriptorLimit())) {}
 
 TreeReader::~TreeReader() {
     std::unique_lock lock(mutex_);
@@ -109,7 +108,7 @@ TreeReader::~TreeReader() {
         const bool ranOne = pool_.runOneHere();
         lock.lock();
         if (!ranOne) {
-            changed_.wait_for(lock, betweenLooksAtThePool, [this] { return tasks_ == 0; });
+            changed_.wait_for(lock, poolPollInterval, [this] { return tasks_ == 0; });
         }
     }
 }
@@ -192,12 +191,12 @@ void TreeReader::close(const std::shared_ptr<Listing>& listing) {
     pump();
 }
 
-/// Starts as many tasks as there are folders to list and room for what they find.
+/// Queues as many tasks as there are folders to list, while there is room for their entries.
 void TreeReader::pump() {
     while (!upcoming_.empty() && upcoming_.front()->state != Listing::State::waiting) {
         upcoming_.pop_front();
     }
-    if (entriesAhead_ >= mostEntriesAhead || ending_ || nextToTake() == upcoming_.end()) {
+    if (entriesAhead_ >= maxEntriesAhead || ending_ || nextToTake() == upcoming_.end()) {
         return;
     }
     const std::size_t useful = std::min<std::size_t>(upcoming_.size(), pool_.width());
@@ -208,7 +207,7 @@ void TreeReader::pump() {
 
 void TreeReader::runTask(TaskPlace& place) {
     std::unique_lock lock(mutex_);
-    if (!ending_ && entriesAhead_ < mostEntriesAhead) {
+    if (!ending_ && entriesAhead_ < maxEntriesAhead) {
         if (const std::shared_ptr<Listing> listing = takeUpcoming()) {
             readOn(listing, lock);
         }
@@ -218,17 +217,17 @@ void TreeReader::runTask(TaskPlace& place) {
     changed_.notify_all();
 }
 
-/// Ahead of the walk no folder is opened that would have to be read to its end at once.
-bool TreeReader::mayBeTaken(const Listing& listing) const {
+/// No folder is opened ahead of the walk that would have to be read to its end at once.
+bool TreeReader::isTakeable(const Listing& listing) const {
     return listing.state == Listing::State::waiting &&
-           (listing.opened || openFolders_ < mostOpenFolders_ || !keptOpen_.empty());
+           (listing.opened || openFolders_ < maxOpenFolders_ || !keptOpen_.empty());
 }
 
 TreeReader::Upcoming::iterator TreeReader::nextToTake() {
-    const auto end =
-        upcoming_.begin() + static_cast<std::ptrdiff_t>(std::min(upcoming_.size(), foldersInView));
+    const auto end = upcoming_.begin() +
+                     static_cast<std::ptrdiff_t>(std::min(upcoming_.size(), maxFoldersChecked));
     const auto next = std::find_if(upcoming_.begin(), end,
-                                   [this](const auto& listing) { return mayBeTaken(*listing); });
+                                   [this](const auto& listing) { return isTakeable(*listing); });
     return next == end ? upcoming_.end() : next;
 }
 
@@ -242,30 +241,30 @@ std::shared_ptr<TreeReader::Listing> TreeReader::takeUpcoming() {
     return listing;
 }
 
-/// Lists the next portion of a waiting folder. Called and left with the lock held.
+/// Lists the next batch of a waiting folder. Called and left with the lock held.
 void TreeReader::readOn(const std::shared_ptr<Listing>& listing,
                         std::unique_lock<std::mutex>& lock) {
     listing->state = Listing::State::working;
     if (!listing->opened) {
         makeRoomForOne();
     }
-    // Inside too many folders that are not listed to their ends yet, this one is, at once, so that
-    // it can be closed.
-    const bool toTheEnd = openFolders_ > mostOpenFolders_;
+    // If too many folders are open that are not listed to their ends, this one is listed to its end
+    // at once, so that it can be closed.
+    const bool toTheEnd = openFolders_ > maxOpenFolders_;
     lock.unlock();
-    const Portion portion = readPortion(*listing, toTheEnd);
+    const Batch batch = readBatch(*listing, toTheEnd);
     lock.lock();
     const std::shared_ptr<Descriptor> folder = listing->descriptor;
     try {
-        keepPortion(listing, portion);
+        keepBatch(listing, batch);
     } catch (const std::bad_alloc&) {
-        // Nobody must go on waiting for it.
+        // The walk must not wait for it any longer.
         control_.stopForLackOfMemory();
         listing->failure = SystemError{ENOMEM};
         listing->state = Listing::State::finished;
         changed_.notify_all();
     }
-    for (const std::shared_ptr<PendingBlock>& pending : portion.blocks) {
+    for (const std::shared_ptr<PendingBlock>& pending : batch.blocks) {
         lock.unlock();
         try {
             readAttributes(*listing, *folder, *pending->block);
@@ -278,35 +277,35 @@ void TreeReader::readOn(const std::shared_ptr<Listing>& listing,
     }
 }
 
-/// Without memory for it, the folder counts as unreadable from here on.
-TreeReader::Portion TreeReader::readPortion(Listing& listing, bool toTheEnd) {
-    Portion portion;
+/// If memory runs out, the rest of the folder counts as unreadable.
+TreeReader::Batch TreeReader::readBatch(Listing& listing, bool toTheEnd) {
+    Batch batch;
     try {
-        fillPortion(listing, toTheEnd, portion);
+        fillBatch(listing, toTheEnd, batch);
     } catch (const std::bad_alloc&) {
         control_.stopForLackOfMemory();
-        portion.failure = SystemError{ENOMEM};
+        batch.failure = SystemError{ENOMEM};
     }
-    return portion;
+    return batch;
 }
 
-void TreeReader::fillPortion(Listing& listing, bool toTheEnd, Portion& portion) {
+void TreeReader::fillBatch(Listing& listing, bool toTheEnd, Batch& batch) {
     if (!mayGoOn()) {
         return;
     }
     if (!listing.descriptor) {
-        portion.failure = open(listing);
-        if (portion.failure) {
+        batch.failure = open(listing);
+        if (batch.failure) {
             return;
         }
     }
-    thread_local EntryBlock listed(portionBytes);
+    thread_local EntryBlock listed(blockBytes);
     std::size_t entries = 0;
-    while (toTheEnd || entries < smallPortion) {
+    while (toTheEnd || entries < minBatchEntries) {
         const Result<bool> more = listSome(listing, listed);
         if (!more) {
-            // The entries so far are as good as any.
-            portion.failure = more.error();
+            // The entries listed so far are kept.
+            batch.failure = more.error();
             return;
         }
         if (!*more || !mayGoOn()) {
@@ -316,9 +315,9 @@ void TreeReader::fillPortion(Listing& listing, bool toTheEnd, Portion& portion) 
         pending->block = wanted(listed);
         pending->entryCount = pending->block->entries.size();
         entries += listed.entries().size();
-        portion.blocks.push_back(std::move(pending));
+        batch.blocks.push_back(std::move(pending));
     }
-    portion.more = true;
+    batch.more = true;
 }
 
 Result<bool> TreeReader::listSome(const Listing& listing, EntryBlock& listed) {
@@ -326,9 +325,9 @@ Result<bool> TreeReader::listSome(const Listing& listing, EntryBlock& listed) {
     return fileSystem_.listEntries(*listing.descriptor, listed);
 }
 
-void TreeReader::keepPortion(const std::shared_ptr<Listing>& listing, const Portion& portion) {
-    if (portion.failure) {
-        listing->failure = portion.failure;
+void TreeReader::keepBatch(const std::shared_ptr<Listing>& listing, const Batch& batch) {
+    if (batch.failure) {
+        listing->failure = batch.failure;
     }
     if (listing->descriptor && !listing->opened) {
         listing->opened = true;
@@ -337,18 +336,18 @@ void TreeReader::keepPortion(const std::shared_ptr<Listing>& listing, const Port
         --openFolders_;
     }
     if (!listing->abandoned) {
-        for (const std::shared_ptr<PendingBlock>& pending : portion.blocks) {
+        for (const std::shared_ptr<PendingBlock>& pending : batch.blocks) {
             entriesAhead_ += pending->entryCount;
             listing->blocks.push_back(pending);
         }
     }
-    if (portion.more && !listing->abandoned) {
+    if (batch.more && !listing->abandoned) {
         listing->state = Listing::State::waiting;
         upcoming_.push_front(listing);
         pump();
     } else {
         listing->state = Listing::State::finished;
-        if (listing->abandoned || openFolders_ > mostOpenFolders_) {
+        if (listing->abandoned || openFolders_ > maxOpenFolders_) {
             releaseDescriptor(*listing);
         } else if (listing->descriptor) {
             keptOpen_.push_back(listing);
@@ -357,14 +356,14 @@ void TreeReader::keepPortion(const std::shared_ptr<Listing>& listing, const Port
     changed_.notify_all();
 }
 
-/// Why the folder cannot be listed; none if it is open now.
+/// Opens the folder. Returns the error, or nullopt if it is open now.
 std::optional<SystemError> TreeReader::open(Listing& listing) {
     Result<Descriptor> opened = openWithRetry(fileSystem_, control_, [&] {
-        Result<Descriptor> answer = openFolder(listing);
-        if (!answer && isShortageOfDescriptors(answer.error())) {
+        Result<Descriptor> folder = openFolder(listing);
+        if (!folder && isShortageOfDescriptors(folder.error())) {
             closeKeptOpen();
         }
-        return answer;
+        return folder;
     });
     if (!opened) {
         return opened.error();
@@ -399,7 +398,7 @@ Result<Descriptor> TreeReader::openFolder(const Listing& listing) {
                                                 : fileSystem_.openDirectory(path);
 }
 
-/// Folders kept open only to spare their subfolders a path give way to what needs a descriptor.
+/// Frees the descriptors of folders that are only kept open for opening their subfolders.
 void TreeReader::closeKeptOpen() {
     const std::lock_guard lock(mutex_);
     for (const std::shared_ptr<Listing>& listing : keptOpen_) {
@@ -408,7 +407,7 @@ void TreeReader::closeKeptOpen() {
     keptOpen_.clear();
 }
 
-/// The user's Trash, and file systems that hold nobody's files.
+/// Whether the folder is the user's Trash or on a pseudo file system.
 bool TreeReader::isNeverWalked(const Listing& listing, const FileIdentity& identity) const {
     if (homeTrash_ == identity) {
         return true;
@@ -460,7 +459,7 @@ void TreeReader::readAttributes(const Listing& listing, const Descriptor& folder
         }
         const IoWatch::Call call(watch_, *listing.directory);
         const Result<FileAttributes> attributes =
-            // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): a zero byte follows.
+            // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): null-terminated.
             fileSystem_.attributesAt(folder, entry.name.data());
         if (attributes) {
             entry.attributes = *attributes;
@@ -472,7 +471,7 @@ void TreeReader::readAttributes(const Listing& listing, const Descriptor& folder
     }
 }
 
-/// On the walking thread: waits until something is different, and through a pause that begins.
+/// On the walking thread: blocks until something has changed, or waits out a pause.
 void TreeReader::waitForChange(std::unique_lock<std::mutex>& lock) {
     if (!control_.pause()) {
         changed_.wait(lock);
@@ -483,15 +482,14 @@ void TreeReader::waitForChange(std::unique_lock<std::mutex>& lock) {
     lock.lock();
 }
 
-/// Waits out a pause, then says whether to go on. Called without the lock.
+/// Waits out a pause, then returns whether to continue. Called without the lock.
 bool TreeReader::mayGoOn() {
     if (control_.pause()) {
         if (std::this_thread::get_id() == walkingThread_) {
             waitOutPause_();
         } else {
             {
-                // The walk may be waiting for this worker and does not know yet why that takes
-                // long.
+                // Wakes the walk, which may be waiting for this worker, so that it sees the pause.
                 const std::lock_guard lock(mutex_);
                 changed_.notify_all();
             }
@@ -501,10 +499,10 @@ bool TreeReader::mayGoOn() {
     return !control_.stop();
 }
 
-/// Counts one more open folder, in the place of one that was kept open if there is no other.
+/// Counts one more open folder. At the limit, closes folders that were kept open.
 void TreeReader::makeRoomForOne() {
     ++openFolders_;
-    while (openFolders_ > mostOpenFolders_ && !keptOpen_.empty()) {
+    while (openFolders_ > maxOpenFolders_ && !keptOpen_.empty()) {
         releaseDescriptor(*keptOpen_.front());
         keptOpen_.pop_front();
     }

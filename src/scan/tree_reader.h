@@ -20,75 +20,76 @@
 
 namespace tarvin {
 
-/// What a walk wants to know of an entry before it sees it.
+/// The data of an entry that a walk needs.
 enum class EntryInterest : std::uint8_t {
-    none,       ///< the entry is left out of the listing
-    name,       ///< its name and kind are enough
-    attributes  ///< its size and dates, too, if it is a regular file
+    none,       ///< nothing: the entry is skipped
+    name,       ///< its name and type
+    attributes  ///< also its size and dates, if it is a regular file
 };
 
-/// One entry of a folder as a walk sees it.
+/// One entry of a folder.
 struct ListedEntry {
-    std::string_view name;  ///< lives as long as the block it came in; ended by a zero byte
+    std::string_view name;  ///< null-terminated; lives as long as its block
     EntryType type = EntryType::unknown;
-    bool attributesKnown = false;  ///< `attributes` were asked for and could be read
-    SystemError error;             ///< why they could not; code 0 if they were not asked for
+    bool attributesKnown = false;  ///< `attributes` were read, or are not needed
+    SystemError error;             ///< why reading them failed; code 0 if it did not
     FileAttributes attributes;
 };
 
 /// Lists folders ahead of the walk that consumes them.
 ///
-/// The walk asks for folders one by one, depth first, and gets every folder's entries block by
-/// block in listing order. Meanwhile workers list the folders that come next and read their
-/// entries' attributes; also inside one large folder. What is read ahead is bounded, whatever the
-/// tree. The user's Trash and file systems that hold nobody's files are refused like unreadable
-/// folders.
+/// The walk requests folders one by one, depth first, and gets the entries of each block by block
+/// in listing order. Meanwhile workers list the next folders and read the attributes of their
+/// entries, also inside one large folder. The amount read ahead is bounded. The user's Trash and
+/// pseudo file systems are refused like unreadable folders.
 ///
-/// One thread walks: it alone calls the public functions. A pause holds the workers; after a stop
+/// Only the walking thread may call the public functions. Workers wait during a pause; after a stop
 /// folders end early.
 class TreeReader final {
  public:
-    /// Says what is wanted of an entry, by its name. Called on workers.
+    /// Returns what is needed of the entry with this name. Called on workers.
     using Interest = EntryInterest (*)(std::string_view name);
 
     class Listing;
 
-    /// A portion of one folder's entries. Owns their names.
+    /// A block of one folder's entries. Owns their names.
     struct Block {
         std::vector<ListedEntry> entries;
         std::unique_ptr<char[]> names;
     };
 
-    /// Waits until a pause is over. Called on the walking thread, when it would wait for workers
-    /// that a pause holds or for the pause itself.
+    /// Blocks until a pause is over. Called on the walking thread when it has to wait for paused
+    /// workers or for the end of a pause.
     using PauseWait = std::function<void()>;
 
-    /// Without a `waitOutPause` the walk waits in silence. Made on the thread that walks.
+    /// Without `waitOutPause` a pause is only waited out. To be constructed on the walking thread.
     TreeReader(const ScanServices& services, Interest interest, PauseWait waitOutPause = {});
     TreeReader(const TreeReader&) = delete;
     TreeReader& operator=(const TreeReader&) = delete;
     /// Waits for the workers that are inside a folder.
     ~TreeReader();
 
-    /// The folder a walk begins at; a symbolic link to one is followed.
+    /// A folder at which a walk begins; may be a symbolic link to one.
     static std::shared_ptr<Listing> makeRoot(const Directory* directory);
-    /// A folder found in a block of `parent`, which must be open still. Lists nothing yet.
+    /// A folder found in a block of `parent`, which must still be open. Starts no listing.
     static std::shared_ptr<Listing> makeListing(const std::shared_ptr<Listing>& parent,
                                                 const Directory* directory);
-    /// Tells the workers what the walk comes to next, in its order, before anything told earlier.
+    /// Queues the folders that the walk reaches next, in its order, ahead of all queued before.
     void announce(const std::vector<std::shared_ptr<Listing>>& folders);
 
-    /// Waits until the folder is open and says which it is. The error if it cannot be opened.
+    /// Blocks until the folder is open and returns its identity, or the error if it cannot be
+    /// opened.
     Result<FileIdentity> identityOf(const std::shared_ptr<Listing>& listing);
-    /// Why the folder could not be opened or not be listed to its end, as far as is known now.
+    /// The error that prevented opening the folder or listing it to its end; nullopt if there has
+    /// been none so far.
     std::optional<SystemError> failureOf(const std::shared_ptr<Listing>& listing);
-    /// Whether identityOf() refused the folder because it is never walked: a Trash, or a file
-    /// system that holds nobody's files.
+    /// Whether identityOf() refused the folder because it is never walked: a Trash or a pseudo file
+    /// system.
     [[nodiscard]] bool isRefused(const std::shared_ptr<Listing>& listing);
-    /// The next block of the folder's entries; none when there are no more, the folder cannot be
-    /// read on, or the scan was stopped.
+    /// Blocks until the next block of the folder's entries is ready. Returns nullptr if there is
+    /// none, the folder cannot be read further, or the scan was stopped.
     std::unique_ptr<Block> nextBlock(const std::shared_ptr<Listing>& listing);
-    /// Says that the walk is done with the folder. Must be called for each listing it opened.
+    /// Ends the use of the folder. Must be called for each listing.
     void close(const std::shared_ptr<Listing>& listing);
 
  private:
@@ -101,16 +102,16 @@ class TreeReader final {
     void runTask(TaskPlace& place);
     using Upcoming = std::deque<std::shared_ptr<Listing>>;
 
-    [[nodiscard]] bool mayBeTaken(const Listing& listing) const;
+    [[nodiscard]] bool isTakeable(const Listing& listing) const;
     Upcoming::iterator nextToTake();
     std::shared_ptr<Listing> takeUpcoming();
     void makeRoomForOne();
     void readOn(const std::shared_ptr<Listing>& listing, std::unique_lock<std::mutex>& lock);
-    struct Portion;
-    Portion readPortion(Listing& listing, bool toTheEnd);
-    void fillPortion(Listing& listing, bool toTheEnd, Portion& portion);
+    struct Batch;
+    Batch readBatch(Listing& listing, bool toTheEnd);
+    void fillBatch(Listing& listing, bool toTheEnd, Batch& batch);
     Result<bool> listSome(const Listing& listing, EntryBlock& listed);
-    void keepPortion(const std::shared_ptr<Listing>& listing, const Portion& portion);
+    void keepBatch(const std::shared_ptr<Listing>& listing, const Batch& batch);
     std::optional<SystemError> open(Listing& listing);
     Result<Descriptor> openFolder(const Listing& listing);
     [[nodiscard]] bool isNeverWalked(const Listing& listing, const FileIdentity& identity) const;
@@ -129,13 +130,13 @@ class TreeReader final {
     const PauseWait waitOutPause_;
     const std::thread::id walkingThread_ = std::this_thread::get_id();
     const std::optional<FileIdentity> homeTrash_;
-    const std::size_t mostOpenFolders_;
+    const std::size_t maxOpenFolders_;
 
     std::mutex mutex_;
     std::condition_variable changed_;
     Upcoming upcoming_;  // guarded by mutex_; front is next in the walk
-    // Listed to the end, but still open, so that the folders inside need not be opened by path; the
-    // oldest is closed when others need its place. Guarded by mutex_.
+    // Listed to the end, but still open, so that subfolders can be opened relative to them. The
+    // oldest is closed when the limit is reached. Guarded by mutex_.
     std::deque<std::shared_ptr<Listing>> keptOpen_;
     std::size_t entriesAhead_ = 0;    // guarded by mutex_
     std::size_t openFolders_ = 0;     // guarded by mutex_

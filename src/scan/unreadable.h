@@ -17,7 +17,7 @@ namespace tarvin {
 struct UnreadableLocation {
     std::string path;
     SystemError error;
-    bool isTrash = false;  ///< a Trash folder or inside one; these are never walked
+    bool isTrash = false;  ///< in a Trash folder, which is never walked
 };
 
 /// A folder or file that a scan could not list, open or read, and why.
@@ -29,39 +29,39 @@ struct Unreadable {
     bool operator==(const Unreadable&) const = default;
 };
 
-/// All of them after a scan.
+/// All unreadable folders and files of a scan.
 struct UnreadableReport {
     std::uint64_t folders = 0;
     std::uint64_t files = 0;
-    /// Of the files, those that had been collected: they were to be compared, and were not.
+    /// The files among them that had been collected but could not be compared.
     std::uint64_t collectedFiles = 0;
-    /// Folders first, then files, each by path. At most UnreadableLog::maxKept; the counts above
-    /// are exact.
+    /// Folders first, then files, each sorted by path. At most UnreadableLog::maxKept; the counts
+    /// above are exact.
     std::vector<Unreadable> kept;
 
     [[nodiscard]] std::uint64_t total() const { return folders + files; }
 };
 
-/// Whether an error means that something is there and cannot be read. An entry that was removed
-/// since its folder was listed, or replaced by a link or another kind of entry, is not unreadable.
+/// Whether an error means that an entry exists but cannot be read. An entry that was removed since
+/// its folder was listed, or replaced by a link or another type of entry, is not unreadable.
 [[nodiscard]] bool meansUnreadable(SystemError error);
 
-/// Collects what the threads of a scan cannot read. Any thread. The folders named must live until
+/// Logs what the threads of a scan cannot read. Any thread. The logged folders must exist until
 /// report() has returned.
 class UnreadableLog final {
  public:
-    /// Paths kept; some 10 MB. Beyond that failures are only counted.
+    /// Maximum number of paths kept, about 10 MB. Further failures are only counted.
     static constexpr std::size_t maxKept = 100'000;
 
     UnreadableLog() = default;
     UnreadableLog(const UnreadableLog&) = delete;
     UnreadableLog& operator=(const UnreadableLog&) = delete;
 
-    /// Ignores errors that do not mean unreadable.
+    /// All three ignore errors that do not mean unreadable.
     void addFolder(const Directory& folder, SystemError error);
-    /// Of an entry that was not collected.
+    /// For an entry that was not collected.
     void addFile(const Directory& folder, std::string_view name, SystemError error);
-    /// Of a collected file. Counts once, though several threads may fail to read it.
+    /// For a collected file. Counts it once, even if several threads fail to read it.
     void addFile(const File& file, SystemError error);
 
     [[nodiscard]] UnreadableReport report() const;

@@ -16,9 +16,9 @@ namespace tarvin {
 
 namespace {
 
-// Beyond this the queue of a solid-state disk is full; below it, many small reads wait in line.
-constexpr unsigned mostReadsInFlight = 32;
-// Threads beyond the width that may stand in for stuck ones.
+// About the queue depth of a solid-state disk: with fewer reads in flight it is not fully used.
+constexpr unsigned maxReadsInFlight = 32;
+// Threads beyond the width that may run in place of stuck ones.
 constexpr unsigned maxStandIns = 64;
 
 // The pool whose task the thread is running.
@@ -26,7 +26,7 @@ thread_local const void* poolOfThisThread = nullptr;
 
 }  // namespace
 
-/// What the threads share. Outlives the pool while an abandoned thread is inside a task.
+/// The data shared by the threads. Outlives the pool while an abandoned thread is inside a task.
 class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
  public:
     Core(Limits limits, DeviceReads deviceReads)
@@ -49,7 +49,8 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
             } else {
                 queue_.push_back(std::move(task));
             }
-            // A worker that has been woken still counts as idle, so tasks are held against workers.
+            // Compares with the queue because a worker that has just been woken still counts as
+            // idle.
             started = queue_.size() > idle_ && startOne();
         }
         if (!started) {
@@ -79,7 +80,7 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
         }
     }
 
-    /// A task waits for calls that others make, and needs no place of its own meanwhile.
+    /// A task waits for calls on other threads, so another task may run meanwhile.
     void beginWaiting() {
         const std::lock_guard lock(mutex_);
         --running_;
@@ -110,7 +111,7 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
         return true;
     }
 
-    /// Runs all that is queued, however long that takes.
+    /// Runs all queued tasks, without a time limit, and ends the threads.
     void end() {
         while (runOneHere()) {
         }
@@ -148,7 +149,7 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
         wake_.notify_all();
         for (std::thread& thread : threads) {
             if (thread.get_id() == std::this_thread::get_id()) {
-                // The last task let go of the pool.
+                // The last task has released the owner of the pool.
                 thread.detach();
             } else {
                 thread.join();
@@ -201,7 +202,7 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
         Task task = std::move(queue_.front());
         queue_.pop_front();
         if (ending_ && queue_.empty()) {
-            // Nothing will be queued for those who still wait for their turn.
+            // The other workers will get no more tasks.
             wake_.notify_all();
         }
         ++running_;
@@ -211,9 +212,9 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
         const std::uint64_t before = deviceReads_();
         try {
             task();
-            // NOLINTNEXTLINE(bugprone-empty-catch): nothing is lost.
+            // NOLINTNEXTLINE(bugprone-empty-catch): handled elsewhere.
         } catch (const std::bad_alloc&) {
-            // A task whose result is waited for says so itself; help for a forEach() is optional.
+            // Tasks with a result report this themselves; help for a forEach() is optional.
         }
         task = nullptr;
         owner = nullptr;
@@ -246,8 +247,8 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
     std::deque<Task> queue_;            // guarded by mutex_
     std::vector<std::thread> threads_;  // guarded by mutex_
     std::weak_ptr<void> owner_;         // guarded by mutex_
-    unsigned running_ = 0;              // guarded by mutex_; tasks that need a place
-    unsigned insideTasks_ = 0;          // guarded by mutex_; the same and those that wait
+    unsigned running_ = 0;              // guarded by mutex_; tasks that count towards the limit
+    unsigned insideTasks_ = 0;          // guarded by mutex_; also those that wait in forEach()
     unsigned idle_ = 0;                 // guarded by mutex_
     unsigned atOnce_ = 1;               // guarded by mutex_
     unsigned stuck_ = 0;                // guarded by mutex_
@@ -255,13 +256,13 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
     bool abandoned_ = false;            // guarded by mutex_
 };
 
-/// One forEach: indexes are handed out one by one, and the caller waits for those handed out.
+/// One forEach(): hands out the indexes one by one; the caller waits for those handed out.
 class WorkerPool::Fork final {
  public:
     Fork(std::size_t count, const std::function<void(std::size_t)>& body)
         : count_(count), body_(&body) {}
 
-    /// Makes one call; false if there is none left to make.
+    /// Makes one call. Returns false if none is left.
     bool takePart() {
         const std::size_t index = next_++;
         if (index >= count_) {
@@ -290,7 +291,7 @@ class WorkerPool::Fork final {
 
  private:
     const std::size_t count_;
-    // Outlives the calls, because wait() does not return before the last of them.
+    // Outlives the calls, because wait() does not return before the last one.
     const std::function<void(std::size_t)>* body_;
     std::atomic<std::size_t> next_{0};
     std::atomic<std::size_t> done_{0};
@@ -304,7 +305,7 @@ WorkerPool::WorkerPool(Limits limits, DeviceReads deviceReads)
 
 WorkerPool::Limits WorkerPool::limitsOfThisMachine() {
     const unsigned cores = std::max(1U, std::thread::hardware_concurrency());
-    return {cores, std::max(cores, mostReadsInFlight)};
+    return {cores, std::max(cores, maxReadsInFlight)};
 }
 
 WorkerPool::~WorkerPool() {
@@ -373,7 +374,7 @@ void WorkerPool::forEach(std::size_t count, const std::function<void(std::size_t
     }
 }
 
-/// One call a task, so that the number of tasks at once can follow what the calls fetch.
+/// One call for each task, so that the number of tasks at once can follow what the calls read.
 void WorkerPool::help(const std::shared_ptr<Fork>& fork) {
     core_->enqueue(
         [this, fork] {
