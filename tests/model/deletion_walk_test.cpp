@@ -20,8 +20,8 @@ namespace {
 
 using Paths = std::vector<std::string>;
 
-/// A list of extensions, each with sets, each with files of ten bytes called
-/// "/EXTENSION/SET/NUMBER". All exist in the Trash's eyes.
+/// A list of extensions with sets of files of ten bytes, named "/EXTENSION/SET/NUMBER". All exist
+/// for the fake Trash.
 class Deletion : public ::testing::Test {
  protected:
     std::shared_ptr<Extensions> addExtension(const std::string& name,
@@ -58,8 +58,8 @@ class Deletion : public ::testing::Test {
         return walk.run();
     }
 
-    /// A walk that is paused once, when the set of that number is begun, from zero. Stopped if a
-    /// test gives up on it.
+    /// A walk on its own thread that is paused once, when the set with that number (from zero) is
+    /// begun. Stopped on destruction.
     class PausingWalk final {
      public:
         PausingWalk(Deletion& test, std::size_t point)
@@ -74,7 +74,7 @@ class Deletion : public ::testing::Test {
             wait();
         }
 
-        /// False if the pause does not hold it within the tests' patience.
+        /// Returns false if the pause has not stopped the walk in time.
         [[nodiscard]] bool waitUntilAsleep() const {
             return waitUntil([this] { return thread_ != 0 && isAsleep(thread_); });
         }
@@ -99,7 +99,7 @@ class Deletion : public ::testing::Test {
         std::atomic<pid_t> thread_{0};
         DeletionWalk walk_;
         RemovalResult moved_;  // the runner's until it is joined
-        std::thread runner_;   // the last: it starts when all it uses is there
+        std::thread runner_;   // last, because it uses the members above
     };
 
     Modal modal_;
@@ -119,7 +119,7 @@ TEST_F(Deletion, MovesTheMarkedFilesInTheirOrder) {
     EXPECT_EQ(modal_.totalFilesSelected(), 0U);
 }
 
-TEST_F(Deletion, OfTwoOfThreeLeavesOne) {
+TEST_F(Deletion, TwoMarkedOfThreeLeaveOne) {
     const auto jpg = addExtension("jpg", {3});
     mark(jpg, 0, 0);
     mark(jpg, 0, 2);
@@ -128,13 +128,13 @@ TEST_F(Deletion, OfTwoOfThreeLeavesOne) {
     EXPECT_EQ(jpg->sets()[0]->files()[0]->filePath(), "/jpg/0/1");
 }
 
-TEST_F(Deletion, WithNothingMarkedMovesNothing) {
+TEST_F(Deletion, MovesNothingIfNothingIsMarked) {
     addExtension("jpg", {3});
     EXPECT_EQ(run(), RemovalResult{});
     EXPECT_TRUE(trash_.attempts().empty());
 }
 
-TEST_F(Deletion, PassesOverWhatIsGoneAndKeepsItMarked) {
+TEST_F(Deletion, SkipsAMissingFileAndKeepsItMarked) {
     const auto jpg = addExtension("jpg", {3});
     modal_.markAllExtension();
     trash_.vanish("/jpg/0/1");
@@ -144,7 +144,7 @@ TEST_F(Deletion, PassesOverWhatIsGoneAndKeepsItMarked) {
     EXPECT_EQ(modal_.totalFilesSelected(), 1U);
 }
 
-TEST_F(Deletion, PassesOverEverySecondFileThatTheTrashRefuses) {
+TEST_F(Deletion, SkipsFilesThatTheTrashRefuses) {
     const auto jpg = addExtension("jpg", {101});
     modal_.markAllExtension();
     for (int number = 2; number <= 100; number += 2) {
@@ -155,17 +155,17 @@ TEST_F(Deletion, PassesOverEverySecondFileThatTheTrashRefuses) {
     EXPECT_EQ(modal_.totalFilesSelected(), 50U);
 }
 
-TEST_F(Deletion, PassesOverASetWhoseStateIsOffThoughAllOfItIsMarked) {
+TEST_F(Deletion, SkipsASetThatIsOffEvenIfAllFilesAreMarked) {
     const auto jpg = addExtension("jpg", {2, 2});
     mark(jpg, 0, 0);
-    mark(jpg, 0, 1);  // nothing asked whether one is left
+    mark(jpg, 0, 1);  // changeStateOfExtension() allows marking the last one
     mark(jpg, 1, 1);
     ASSERT_EQ(jpg->sets()[0]->setsState(), CheckState::off);
     EXPECT_EQ(run(), (RemovalResult{1, 10}));
     EXPECT_EQ(trash_.moves(), (Paths{"/jpg/1/1"}));
 }
 
-TEST_F(Deletion, PassesOverAnExtensionWhoseStateIsOff) {
+TEST_F(Deletion, SkipsAnExtensionThatIsOff) {
     const auto jpg = addExtension("jpg", {2});
     mark(jpg, 0, 0);
     mark(jpg, 0, 1);
@@ -173,7 +173,7 @@ TEST_F(Deletion, PassesOverAnExtensionWhoseStateIsOff) {
     EXPECT_EQ(run(), RemovalResult{});
 }
 
-TEST_F(Deletion, MovesAllOfASetThatIsOnThoughItsFirstFileIsMarkedToo) {
+TEST_F(Deletion, MovesAllFilesOfASetThatIsOnIncludingAMarkedFirstFile) {
     const auto jpg = addExtension("jpg", {3});
     mark(jpg, 0, 0);
     modal_.changeStateOfExtension(jpg, jpg->sets()[0], nullptr);
@@ -181,7 +181,7 @@ TEST_F(Deletion, MovesAllOfASetThatIsOnThoughItsFirstFileIsMarkedToo) {
     EXPECT_TRUE(jpg->sets()[0]->files().empty());
 }
 
-TEST_F(Deletion, TheIndicatorCountsSetsThatAreDownToOneFile) {
+TEST_F(Deletion, IndicatorCountsSetsOfOneFile) {
     const auto jpg = addExtension("jpg", {2, 3, 2});
     mark(jpg, 0, 1);
     mark(jpg, 2, 1);
@@ -194,7 +194,7 @@ TEST_F(Deletion, TheIndicatorCountsSetsThatAreDownToOneFile) {
     EXPECT_EQ(seen, (std::vector<std::uint64_t>{1}));
 }
 
-TEST_F(Deletion, TheIndicatorOfSetsBehindTheLastThatIsOnIsToldAtTheEnd) {
+TEST_F(Deletion, FinalIndicatorIncludesSetsAfterTheLastOneBegun) {
     const auto jpg = addExtension("jpg", {2, 2, 2});
     modal_.markAllExtension();
     run();
@@ -211,7 +211,7 @@ TEST_F(Deletion, TheIndicatorOfSetsBehindTheLastThatIsOnIsToldAtTheEnd) {
     EXPECT_EQ(seen, (std::vector<DeletionWalk::Progress>{{0, 0, 0}, {1, 1, 10}, {1, 2, 20}}));
 }
 
-TEST_F(Deletion, TellsHowFarItIsBeforeEachSet) {
+TEST_F(Deletion, ReportsProgressBeforeEachSet) {
     addExtension("jpg", {3, 2, 4});
     modal_.markAllExtension();
     std::vector<DeletionWalk::Progress> seen;
@@ -219,7 +219,7 @@ TEST_F(Deletion, TellsHowFarItIsBeforeEachSet) {
     EXPECT_EQ(seen, (std::vector<DeletionWalk::Progress>{{0, 0, 0}, {0, 2, 20}, {0, 3, 30}}));
 }
 
-TEST_F(Deletion, AStopEndsItAfterTheSetInHand) {
+TEST_F(Deletion, StopEndsItAfterTheCurrentSet) {
     addExtension("jpg", {3, 2});
     addExtension("txt", {2});
     modal_.markAllExtension();
@@ -228,7 +228,7 @@ TEST_F(Deletion, AStopEndsItAfterTheSetInHand) {
     EXPECT_EQ(modal_.totalFilesSelected(), 2U);
 }
 
-TEST_F(Deletion, AfterAStopNothingIsEverMovedAgain) {
+TEST_F(Deletion, StopHoldsForAllLaterWalks) {
     addExtension("jpg", {3});
     modal_.markAllExtension();
     control_.stop();
@@ -237,7 +237,7 @@ TEST_F(Deletion, AfterAStopNothingIsEverMovedAgain) {
     EXPECT_EQ(modal_.totalFilesSelected(), 2U);
 }
 
-TEST_F(Deletion, APauseHoldsItBeforeTheNextSetUntilItIsCleared) {
+TEST_F(Deletion, PauseHoldsItBeforeTheNextSet) {
     addExtension("jpg", {2, 2});
     modal_.markAllExtension();
     PausingWalk walk(*this, 0);
@@ -247,7 +247,7 @@ TEST_F(Deletion, APauseHoldsItBeforeTheNextSetUntilItIsCleared) {
     EXPECT_EQ(walk.wait(), (RemovalResult{2, 20}));
 }
 
-TEST_F(Deletion, AStopWhileItWaitsBeforeASetStillDoesThatSet) {
+TEST_F(Deletion, StopDuringAPauseBeforeASetStillMovesThatSet) {
     addExtension("jpg", {2, 2, 2});
     modal_.markAllExtension();
     PausingWalk walk(*this, 0);
@@ -256,7 +256,7 @@ TEST_F(Deletion, AStopWhileItWaitsBeforeASetStillDoesThatSet) {
     EXPECT_EQ(walk.wait(), (RemovalResult{2, 20}));
 }
 
-TEST_F(Deletion, AbandonedWhileItWaitsBeforeASetDoesNotBeginIt) {
+TEST_F(Deletion, AbandonDuringAPauseBeforeASetSkipsThatSet) {
     addExtension("jpg", {2, 2, 2});
     modal_.markAllExtension();
     PausingWalk walk(*this, 0);
@@ -266,7 +266,7 @@ TEST_F(Deletion, AbandonedWhileItWaitsBeforeASetDoesNotBeginIt) {
     EXPECT_EQ(run(), RemovalResult{});
 }
 
-TEST_F(Deletion, AStopWhileItWaitsBeforeAnExtensionDoesNoneOfItsSets) {
+TEST_F(Deletion, StopDuringAPauseBeforeAnExtensionSkipsItsSets) {
     addExtension("jpg", {2});
     addExtension("txt", {2, 2});
     modal_.markAllExtension();
@@ -276,7 +276,7 @@ TEST_F(Deletion, AStopWhileItWaitsBeforeAnExtensionDoesNoneOfItsSets) {
     EXPECT_EQ(walk.wait(), (RemovalResult{1, 10}));
 }
 
-TEST_F(Deletion, APauseHoldsItBeforeAnExtensionThatIsOffToo) {
+TEST_F(Deletion, PauseHoldsItBeforeAnExtensionThatIsOff) {
     const auto jpg = addExtension("jpg", {2});
     addExtension("txt", {2});
     mark(jpg, 0, 1);
@@ -286,7 +286,7 @@ TEST_F(Deletion, APauseHoldsItBeforeAnExtensionThatIsOffToo) {
     EXPECT_EQ(walk.wait(), (RemovalResult{1, 10}));
 }
 
-TEST_F(Deletion, AStopBeforeAnExtensionEndsIt) {
+TEST_F(Deletion, StopBeforeAnExtensionEndsIt) {
     addExtension("jpg", {2});
     addExtension("txt", {2});
     modal_.markAllExtension();
@@ -294,8 +294,8 @@ TEST_F(Deletion, AStopBeforeAnExtensionEndsIt) {
               (RemovalResult{1, 10}));
 }
 
-/// Six extensions of five sets of two files, all marked: a walk of thirty points. A set behind
-/// whose begin an extension ends is followed by two looks at the flags, any other by one.
+/// Six extensions of five sets of two files, all marked: thirty sets. The flags are checked once
+/// after each set, and twice after the last set of an extension.
 class DeletionAtEachPoint : public Deletion, public ::testing::WithParamInterface<std::size_t> {
  protected:
     static constexpr std::size_t sets = 30;
@@ -317,7 +317,7 @@ class DeletionAtEachPoint : public Deletion, public ::testing::WithParamInterfac
     }
 };
 
-TEST_P(DeletionAtEachPoint, ItMayBeStopped) {
+TEST_P(DeletionAtEachPoint, CanBeStopped) {
     std::size_t begun = 0;
     const RemovalResult moved = run([&](const Set&, const DeletionWalk::Progress&) {
         if (begun++ == GetParam()) {
@@ -327,7 +327,7 @@ TEST_P(DeletionAtEachPoint, ItMayBeStopped) {
     expectMoved(moved, setsBegunAt(GetParam()));
 }
 
-TEST_P(DeletionAtEachPoint, ItMayBePausedAndResumed) {
+TEST_P(DeletionAtEachPoint, CanBePausedAndResumed) {
     PausingWalk walk(*this, GetParam());
     ASSERT_TRUE(walk.waitUntilAsleep());
     EXPECT_EQ(walk.begun(), setsBegunAt(GetParam()));
@@ -335,18 +335,18 @@ TEST_P(DeletionAtEachPoint, ItMayBePausedAndResumed) {
     expectMoved(walk.wait(), sets);
 }
 
-TEST_P(DeletionAtEachPoint, ItMayBePausedAndStopped) {
+TEST_P(DeletionAtEachPoint, CanBePausedAndStopped) {
     PausingWalk walk(*this, GetParam());
     ASSERT_TRUE(walk.waitUntilAsleep());
     control_.stop();
-    // Before a set that set is still done; before an extension nothing is.
+    // During a pause before a set that set is still moved; before an extension none is.
     expectMoved(walk.wait(), setsBegunAt(GetParam()) + (isLastOfExtension(GetParam()) ? 0 : 1));
 }
 
-// Behind the last set nothing looks at the flags.
+// After the last set the flags are not checked.
 INSTANTIATE_TEST_SUITE_P(Points, DeletionAtEachPoint, ::testing::Range<std::size_t>(0, 29));
 
-TEST_F(Deletion, APauseDuringTheLastSetHoldsNothing) {
+TEST_F(Deletion, PauseDuringTheLastSetHasNoEffect) {
     addExtension("jpg", {2});
     modal_.markAllExtension();
     EXPECT_EQ(
@@ -356,7 +356,7 @@ TEST_F(Deletion, APauseDuringTheLastSetHoldsNothing) {
 
 using ExceptionBatch = Deletion;
 
-TEST_F(ExceptionBatch, TakesTheMarkedFilesOut) {
+TEST_F(ExceptionBatch, RemovesTheMarkedFiles) {
     const auto jpg = addExtension("jpg", {3, 2});
     const auto txt = addExtension("txt", {2});
     mark(jpg, 0, 2);
@@ -367,7 +367,7 @@ TEST_F(ExceptionBatch, TakesTheMarkedFilesOut) {
     EXPECT_EQ(modal_.totalFiles(), 4U);
 }
 
-TEST_F(ExceptionBatch, IsAskedForOnlyWithSomethingMarked) {
+TEST_F(ExceptionBatch, RequiresMarkedFiles) {
     EXPECT_FALSE(mayAddExceptions(modal_));
     const auto jpg = addExtension("jpg", {2});
     EXPECT_FALSE(mayAddExceptions(modal_));
@@ -377,7 +377,7 @@ TEST_F(ExceptionBatch, IsAskedForOnlyWithSomethingMarked) {
     EXPECT_FALSE(mayAddExceptions(modal_));
 }
 
-TEST(ExceptionList, MayBeEmptiedOnlyWhileSomethingIsInIt) {
+TEST(ExceptionList, CanBeClearedUnlessEmpty) {
     EXPECT_FALSE(mayRemoveExceptions({}));
     EXPECT_TRUE(mayRemoveExceptions({"/a.jpg"}));
 }
@@ -388,7 +388,7 @@ TEST_F(ExceptionBatch, WithNothingMarkedChangesNothing) {
     EXPECT_EQ(jpg->sets()[0]->files().size(), 2U);
 }
 
-TEST_F(ExceptionBatch, PassesOverSetsThatAreOff) {
+TEST_F(ExceptionBatch, SkipsSetsThatAreOff) {
     const auto jpg = addExtension("jpg", {2, 2});
     mark(jpg, 0, 0);
     mark(jpg, 0, 1);

@@ -18,7 +18,7 @@ namespace {
 using Paths = std::vector<std::string>;
 using Marks = std::vector<CheckState>;
 
-/// Two sets of three files, 10 and 100 bytes each.
+/// Two sets of three files, of 10 and 100 bytes each.
 struct TwoSets {
     std::shared_ptr<Set> small = makeSet("s", {10, 10, 10});
     std::shared_ptr<Set> large = makeSet("l", {100, 100, 100});
@@ -43,7 +43,7 @@ TEST(Extensions, StartsEmptyAndOffWithItsName) {
     EXPECT_EQ(levelOf(extension), (Level{off, 0, 0, 0, 0}));
 }
 
-TEST(Extensions, AddingASetTouchesNoCounter) {
+TEST(Extensions, AddingASetChangesNoCounter) {
     Extensions extension("jpg");
     const auto set = makeSet("f", {10, 10});
     set->markAllFiles();
@@ -53,7 +53,7 @@ TEST(Extensions, AddingASetTouchesNoCounter) {
     EXPECT_EQ(levelOf(extension), (Level{off, 0, 0, 0, 0}));
 }
 
-TEST(Extensions, KeepsWhatItsSettersAreGiven) {
+TEST(Extensions, SettersStoreTheirValues) {
     Extensions extension("jpg");
     extension.setName("png");
     extension.setTotalFilesInExtension(1);
@@ -84,7 +84,7 @@ TEST(Extensions, UnmarkingAllClearsEverySet) {
     EXPECT_EQ(levelOf(*tree.extension), (Level{off, 4, 220, 0, 0}));
 }
 
-TEST(Extensions, WithoutSetsIsSetOnAndOffDirectly) {
+TEST(Extensions, WithoutSetsMarkingAndUnmarkingSetTheState) {
     Extensions extension("jpg");
     extension.markAllSet();
     EXPECT_EQ(levelOf(extension), (Level{on, 0, 0, 0, 0}));
@@ -102,13 +102,13 @@ TEST(Extensions, WithoutSetsKeepsItsCountersWhenAllAreUnmarked) {
     EXPECT_EQ(levelOf(extension), (Level{on, 0, 0, 0, 0}));
 }
 
-TEST(Extensions, ClickingTheBoxMarksAllWhenOff) {
+TEST(Extensions, TogglingMarksAllWhenOff) {
     TwoSets tree;
     tree.extension->changeState();
     EXPECT_EQ(levelOf(*tree.extension), (Level{on, 4, 220, 4, 220}));
 }
 
-TEST(Extensions, ClickingTheBoxMarksAllWhenMixed) {
+TEST(Extensions, TogglingMarksAllWhenMixed) {
     TwoSets tree;
     tree.extension->changeStateOfSet(tree.small);
     ASSERT_EQ(tree.extension->extensionState(), mixed);
@@ -116,7 +116,7 @@ TEST(Extensions, ClickingTheBoxMarksAllWhenMixed) {
     EXPECT_EQ(levelOf(*tree.extension), (Level{on, 4, 220, 4, 220}));
 }
 
-TEST(Extensions, ClickingTheBoxUnmarksAllWhenOn) {
+TEST(Extensions, TogglingUnmarksAllWhenOn) {
     TwoSets tree;
     tree.extension->markAllSet();
     tree.extension->changeState();
@@ -124,7 +124,7 @@ TEST(Extensions, ClickingTheBoxUnmarksAllWhenOn) {
     EXPECT_EQ(marksOf(*tree.large), (Marks{off, off, off}));
 }
 
-TEST(Extensions, ClickingTheBoxDoesNothingInAnUnexpectedState) {
+TEST(Extensions, TogglingDoesNothingInAnInvalidState) {
     TwoSets tree;
     tree.extension->changeStateOfSet(tree.small);
     tree.extension->setExtensionState(unexpected);
@@ -133,14 +133,14 @@ TEST(Extensions, ClickingTheBoxDoesNothingInAnUnexpectedState) {
     EXPECT_EQ(marksOf(*tree.large), (Marks{off, off, off}));
 }
 
-TEST(Extensions, ClickingASetMarksItsCopiesWhenOff) {
+TEST(Extensions, TogglingASetMarksItsCopiesWhenOff) {
     TwoSets tree;
     tree.extension->changeStateOfSet(tree.large);
     EXPECT_EQ(levelOf(*tree.large), (Level{on, 2, 200, 2, 200}));
     EXPECT_EQ(levelOf(*tree.extension), (Level{mixed, 4, 220, 2, 200}));
 }
 
-TEST(Extensions, ClickingASetMarksItsCopiesWhenMixed) {
+TEST(Extensions, TogglingASetMarksItsCopiesWhenMixed) {
     TwoSets tree;
     tree.extension->changeStateOfFile(tree.large->files()[2], tree.large);
     ASSERT_EQ(tree.large->setsState(), mixed);
@@ -149,7 +149,7 @@ TEST(Extensions, ClickingASetMarksItsCopiesWhenMixed) {
     EXPECT_EQ(levelOf(*tree.extension), (Level{mixed, 4, 220, 2, 200}));
 }
 
-TEST(Extensions, ClickingASetUnmarksItWhenOn) {
+TEST(Extensions, TogglingASetUnmarksItWhenOn) {
     TwoSets tree;
     tree.extension->markAllSet();
     tree.extension->changeStateOfSet(tree.large);
@@ -157,7 +157,7 @@ TEST(Extensions, ClickingASetUnmarksItWhenOn) {
     EXPECT_EQ(levelOf(*tree.extension), (Level{mixed, 4, 220, 2, 20}));
 }
 
-TEST(Extensions, ClickingASetInAnUnexpectedStateOnlySettlesTheExtension) {
+TEST(Extensions, TogglingASetInAnInvalidStateUpdatesTheExtension) {
     TwoSets tree;
     tree.extension->markAllSet();
     tree.large->setSetsState(unexpected);
@@ -166,14 +166,14 @@ TEST(Extensions, ClickingASetInAnUnexpectedStateOnlySettlesTheExtension) {
     EXPECT_EQ(levelOf(*tree.extension), (Level{mixed, 4, 220, 4, 220}));
 }
 
-TEST(Extensions, ClickingTheLastSetsMakesItOn) {
+TEST(Extensions, TogglingTheLastSetTurnsItOn) {
     TwoSets tree;
     tree.extension->changeStateOfSet(tree.small);
     tree.extension->changeStateOfSet(tree.large);
     EXPECT_EQ(levelOf(*tree.extension), (Level{on, 4, 220, 4, 220}));
 }
 
-TEST(Extensions, ClickingAFileMarksItThroughItsSet) {
+TEST(Extensions, TogglingAFileUpdatesItsSet) {
     TwoSets tree;
     tree.extension->changeStateOfFile(tree.large->files()[1], tree.large);
     EXPECT_EQ(levelOf(*tree.large), (Level{mixed, 2, 200, 1, 100}));
@@ -224,7 +224,7 @@ INSTANTIATE_TEST_SUITE_P(Table, ExtensionsState,
                                          StatesRow{{unexpected}, off},
                                          StatesRow{{unexpected, on}, mixed}));
 
-TEST(Extensions, AskingTheStateSumsTheMarks) {
+TEST(Extensions, DetermineSelfStateSumsTheMarks) {
     TwoSets tree;
     tree.small->setTotalFilesSelectedInSet(3);
     tree.small->setTotalFilesSelectedInSetSize(30);
@@ -242,7 +242,7 @@ TEST(Extensions, SumsOfMarksWrap) {
     EXPECT_EQ(tree.extension->totalFilesSelectedInExtension(), 2u);
 }
 
-TEST(Extensions, SeesWhatWasDoneToASetDirectly) {
+TEST(Extensions, SumsFollowDirectChangesOfASet) {
     TwoSets tree;
     tree.small->markAllFiles();
     tree.large->changeStateOfFile(tree.large->files()[1]);
@@ -259,7 +259,7 @@ TEST(Extensions, SeesWhatWasDoneToASetDirectly) {
     EXPECT_EQ(levelOf(*tree.extension), (Level{off, 4, 220, 0, 0}));
 }
 
-TEST(Extensions, CountsTheMarksASetBringsAlong) {
+TEST(Extensions, CountsTheMarksOfAnAddedSet) {
     Extensions extension("jpg");
     const auto set = makeSet("f", {10, 20, 30});
     set->markAllFiles();
@@ -279,7 +279,7 @@ TEST(Extensions, RemovingLowersAllFourCounters) {
     EXPECT_EQ(tree.extension->nummberOfSets(), 2u) << "a set stays when its copies have gone";
 }
 
-TEST(Extensions, RemovingCountsTheRefusedFilesOn) {
+TEST(Extensions, RemovingKeepsRefusedFilesCounted) {
     TwoSets tree;
     tree.trash.refuse("/l1");
     tree.extension->markAllSet();
@@ -289,7 +289,7 @@ TEST(Extensions, RemovingCountsTheRefusedFilesOn) {
     EXPECT_EQ(levelOf(*tree.extension), (Level{on, 3, 120, 3, 120}));
 }
 
-TEST(Extensions, RemovingKeepsTotalsThatWereWrongByAsMuch) {
+TEST(Extensions, RemovingKeepsAnExistingErrorOfTheTotals) {
     TwoSets tree;
     tree.extension->setTotalFilesInExtension(1004);
     tree.extension->setTotalFilesInExtensionSize(5220);
@@ -298,7 +298,7 @@ TEST(Extensions, RemovingKeepsTotalsThatWereWrongByAsMuch) {
     EXPECT_EQ(levelOf(*tree.extension), (Level{mixed, 1002, 5200, 2, 200}));
 }
 
-TEST(Extensions, ExceptingLowersTheMarksButNotTheTotals) {
+TEST(Extensions, ExcludingLowersTheMarksButNotTheTotals) {
     TwoSets tree;
     tree.extension->markAllSet();
     EXPECT_EQ(tree.extension->addSelectedFilesInExtensionToExceptionOfSet(tree.small),
@@ -307,7 +307,7 @@ TEST(Extensions, ExceptingLowersTheMarksButNotTheTotals) {
     EXPECT_EQ(levelOf(*tree.extension), (Level{mixed, 4, 220, 2, 200}));
 }
 
-TEST(Extensions, ReplacingTheSetsTouchesNoCounter) {
+TEST(Extensions, ReplacingTheSetsChangesNoCounter) {
     TwoSets tree;
     tree.extension->markAllSet();
     const auto other = makeSet("o", {1, 1});
@@ -318,7 +318,7 @@ TEST(Extensions, ReplacingTheSetsTouchesNoCounter) {
     EXPECT_EQ(levelOf(*tree.extension), (Level{on, 4, 220, 2, 20}));
 }
 
-TEST(Extensions, ForgetsTheSetsThatWereReplaced) {
+TEST(Extensions, ReplacedSetsNoLongerCount) {
     TwoSets tree;
     tree.extension->setSets({tree.small});
     tree.large->markAllFiles();
@@ -326,7 +326,7 @@ TEST(Extensions, ForgetsTheSetsThatWereReplaced) {
     EXPECT_EQ(levelOf(*tree.extension), (Level{off, 4, 220, 0, 0}));
 }
 
-TEST(Extensions, TakesOverASetThatItsFormerExtensionGaveUp) {
+TEST(Extensions, AdoptsASetReleasedByItsFormerExtension) {
     TwoSets tree;
     tree.small->markAllFiles();
     tree.extension->setSets({});
@@ -339,7 +339,7 @@ TEST(Extensions, TakesOverASetThatItsFormerExtensionGaveUp) {
     EXPECT_EQ(tree.extension->totalFilesSelectedInExtension(), 0u);
 }
 
-TEST(Extensions, MayEndBeforeItsSets) {
+TEST(Extensions, SetsMayOutliveTheirExtension) {
     TwoSets tree;
     tree.extension->markAllSet();
     tree.extension.reset();
@@ -354,7 +354,7 @@ TEST(Extensions, MayEndBeforeItsSets) {
     EXPECT_EQ(levelOf(heir), (Level{off, 0, 0, 1, 100}));
 }
 
-TEST(Extensions, AnswersRightForASetOfAnotherExtensionToo) {
+TEST(Extensions, SumsAreCorrectWithASetOfAnotherExtension) {
     TwoSets tree;
     const auto own = makeSet("o", {1, 1, 1});
     Extensions guest("jpeg");
@@ -371,7 +371,7 @@ TEST(Extensions, AnswersRightForASetOfAnotherExtensionToo) {
     EXPECT_EQ(levelOf(guest), (Level{mixed, 0, 0, 1, 10}));
 }
 
-TEST(Extensions, LeavesASetOfAnotherExtensionWithItsOwner) {
+TEST(Extensions, SetOfAnotherExtensionStaysWithItsOwner) {
     TwoSets tree;
     auto guest = std::make_shared<Extensions>("jpeg");
     guest->addSet(tree.small);

@@ -13,7 +13,7 @@
 namespace tarvin {
 namespace {
 
-TEST(FileStore, PutsAPathTogetherFromItsFolders) {
+TEST(FileStore, BuildsPathsFromFolders) {
     const auto store = FileStore::create();
     const Directory* root = store->addRoot("/home/ann");
     const Directory* pictures = store->addDirectory(root, "Pictures");
@@ -25,14 +25,14 @@ TEST(FileStore, PutsAPathTogetherFromItsFolders) {
     EXPECT_EQ(trip->parent, pictures);
 }
 
-TEST(FileStore, DropsSlashesAtTheEndOfARoot) {
+TEST(FileStore, RemovesTrailingSlashesOfARoot) {
     const auto store = FileStore::create();
     const Directory* root = store->addRoot("/home/ann//");
     EXPECT_EQ(root->path(), "/home/ann");
     EXPECT_EQ(root->pathLength, 9u);
 }
 
-TEST(FileStore, WalksTheRootOfTheFileSystem) {
+TEST(FileStore, AcceptsTheRootOfTheFileSystem) {
     const auto store = FileStore::create();
     const Directory* root = store->addRoot("/");
     const Directory* home = store->addDirectory(root, "home");
@@ -42,13 +42,13 @@ TEST(FileStore, WalksTheRootOfTheFileSystem) {
     EXPECT_EQ(store->addFile(home, "a", 1, std::nullopt, std::nullopt)->filePath(), "/home/a");
 }
 
-TEST(FileStore, TakesAnEmptyNameWithoutBytes) {
+TEST(FileStore, AcceptsAnEmptyName) {
     const auto store = FileStore::create();
     const Directory* root = store->addRoot(std::string_view{});
     EXPECT_EQ(root->path(), "/");
 }
 
-TEST(FileStore, KeepsNamesThatAreNotText) {
+TEST(FileStore, KeepsNamesThatAreNotUtf8) {
     const auto store = FileStore::create();
     const Directory* root = store->addRoot("/\xff");
     const File* file = store->addFile(root, "a\xc3\n.jpg", 1, std::nullopt, std::nullopt);
@@ -66,7 +66,7 @@ TEST(FileStore, CopiesTheNamesItIsGiven) {
     EXPECT_EQ(file->filePath(), "/folder/name");
 }
 
-TEST(FileStore, HoldsNamesLargerThanItsBlocks) {
+TEST(FileStore, StoresNamesLargerThanItsBlocks) {
     const auto store = FileStore::create();
     const std::string longName(200'000, 'n');
     const Directory* root = store->addRoot("/r");
@@ -78,7 +78,7 @@ TEST(FileStore, HoldsNamesLargerThanItsBlocks) {
     EXPECT_EQ(after->filePath(), "/r/after");
 }
 
-TEST(FileStore, KeepsEarlierFilesInPlaceAsItGrows) {
+TEST(FileStore, FilesDoNotMoveWhenItGrows) {
     const auto store = FileStore::create();
     const Directory* root = store->addRoot("/r");
     std::vector<const File*> files;
@@ -92,7 +92,7 @@ TEST(FileStore, KeepsEarlierFilesInPlaceAsItGrows) {
     EXPECT_EQ(files[19'999]->filePath(), "/r/f19999");
 }
 
-TEST(FileStore, PutsDeepPathsTogetherWithoutRecursion) {
+TEST(FileStore, BuildsDeepPathsWithoutRecursion) {
     constexpr std::size_t levels = 100'000;
     const auto store = FileStore::create();
     const Directory* folder = store->addRoot("/r");
@@ -105,7 +105,7 @@ TEST(FileStore, PutsDeepPathsTogetherWithoutRecursion) {
     EXPECT_EQ(folder->pathLength, 200'002u);
 }
 
-TEST(FileStore, KnowsTheFoldersInsideABundle) {
+TEST(FileStore, DetectsFoldersInsideABundle) {
     const auto store = FileStore::create();
     const Directory* root = store->addRoot("/Applications");
     const Directory* bundle = store->addDirectory(root, "Mail.app");
@@ -118,7 +118,7 @@ TEST(FileStore, KnowsTheFoldersInsideABundle) {
     EXPECT_FALSE(store->addDirectory(root, "Mail.APP")->insideBundle);
 }
 
-TEST(FileStore, KnowsARootThatLiesInABundle) {
+TEST(FileStore, DetectsARootInsideABundle) {
     const auto store = FileStore::create();
     EXPECT_TRUE(store->addRoot("/Applications/Mail.app/")->insideBundle);
     EXPECT_TRUE(store->addRoot("/Applications/Mail.app/Contents")->insideBundle);
@@ -126,7 +126,7 @@ TEST(FileStore, KnowsARootThatLiesInABundle) {
     EXPECT_FALSE(store->addRoot("/Applications/Mail.apple")->insideBundle);
 }
 
-TEST(FileStore, LivesAsLongAsAFileOfItIsShared) {
+TEST(FileStore, SharedFileKeepsItAlive) {
     std::shared_ptr<File> file;
     std::weak_ptr<FileStore> watcher;
     {
@@ -148,7 +148,7 @@ TEST(FileStore, SharesTheSameFileEachTime) {
     EXPECT_EQ(store->share(file), store->share(file));
 }
 
-TEST(FileStore, MakesAFileOfAPathAlone) {
+TEST(FileStore, CreatesAStandaloneFile) {
     EXPECT_EQ(FileStore::standalone("/home/ann/a.jpg", 1)->filePath(), "/home/ann/a.jpg");
     EXPECT_EQ(FileStore::standalone("/a.jpg", 1)->filePath(), "/a.jpg");
     EXPECT_EQ(FileStore::standalone("/a.jpg", 1)->fileName(), "a.jpg");

@@ -21,7 +21,7 @@ using std::chrono::nanoseconds;
 constexpr Timestamp modified{nanoseconds{1'700'000'000'123'456'789}};
 constexpr Timestamp created{nanoseconds{-5}};
 
-TEST(File, HoldsWhatItWasCollectedWith) {
+TEST(File, KeepsItsCollectedMetadata) {
     const auto file = FileStore::standalone("/home/ann/a.jpg", 4096, modified, created);
     EXPECT_EQ(file->fileName(), "a.jpg");
     EXPECT_EQ(file->filePath(), "/home/ann/a.jpg");
@@ -37,7 +37,7 @@ TEST(File, StartsUnmarkedAtPositionZero) {
     EXPECT_EQ(file->index(), 0);
 }
 
-TEST(File, KeepsTheMarkAndThePositionItIsGiven) {
+TEST(File, KeepsMarkAndPosition) {
     const auto file = FileStore::standalone("/a", 1);
     file->setState(CheckState::on);
     file->setIndex(-7);
@@ -45,25 +45,25 @@ TEST(File, KeepsTheMarkAndThePositionItIsGiven) {
     EXPECT_EQ(file->index(), -7);
 }
 
-TEST(File, HasAbsentDatesWhenNoneWereRead) {
+TEST(File, DatesMayBeMissing) {
     const auto file = FileStore::standalone("/a", 1);
     EXPECT_EQ(file->fileModificationDate(), std::nullopt);
     EXPECT_EQ(file->fileCreationDate(), std::nullopt);
 }
 
-TEST(File, TellsTheStartOfTimeFromAnAbsentDate) {
+TEST(File, DistinguishesTheEpochFromAMissingDate) {
     const auto file = FileStore::standalone("/a", 1, Timestamp{nanoseconds{0}});
     EXPECT_EQ(file->fileModificationDate(), std::optional(Timestamp{nanoseconds{0}}));
 }
 
-TEST(File, KeepsADateHeldAtEitherEndOfTheRange) {
+TEST(File, KeepsDatesAtBothEndsOfTheRange) {
     const auto file = FileStore::standalone("/a", 1, Timestamp::min(), Timestamp::max());
     const auto earliest = nanoseconds{std::numeric_limits<std::int64_t>::min() + 1};
     EXPECT_EQ(file->fileModificationDate(), std::optional(Timestamp{earliest}));
     EXPECT_EQ(file->fileCreationDate(), std::optional(Timestamp::max()));
 }
 
-TEST(File, AppendsItsPathBehindWhatTheBufferHolds) {
+TEST(File, AppendsItsPathToTheBuffer) {
     const auto file = FileStore::standalone("/home/ann/a.jpg", 1);
     std::string buffer = "move ";
     file->appendFilePath(buffer);
@@ -83,7 +83,7 @@ TEST(File, GoesToTheTrashWhenItExistsAndTheMoveSucceeds) {
     EXPECT_EQ(trash.moves(), (std::vector<std::string>{"/home/ann/a.jpg"}));
 }
 
-TEST(File, IsNotMovedWhenItExistsNoMore) {
+TEST(File, IsNotMovedIfItNoLongerExists) {
     RecordingTrash trash;
     const auto file = FileStore::standalone("/home/ann/a.jpg", 1);
     EXPECT_FALSE(isRemoved(*file, trash));

@@ -11,7 +11,7 @@
 namespace tarvin {
 namespace {
 
-/// A list of one extension with sets of that many files of ten bytes.
+/// A list of one extension with sets of these numbers of files, of ten bytes each.
 class Marking : public ::testing::Test {
  protected:
     std::shared_ptr<Set> addSet(std::size_t files) {
@@ -41,7 +41,7 @@ class Marking : public ::testing::Test {
     std::shared_ptr<Extensions> extension_ = std::make_shared<Extensions>("jpg");
 };
 
-TEST_F(Marking, OfOneFileTurnsOver) {
+TEST_F(Marking, TogglesOneFile) {
     const auto set = addSet(3);
     EXPECT_EQ(toggle(set, 1), ToggleResult::toggled);
     EXPECT_EQ(set->files()[1]->state(), CheckState::on);
@@ -51,7 +51,7 @@ TEST_F(Marking, OfOneFileTurnsOver) {
     EXPECT_EQ(modal_.totalFilesSelected(), 0U);
 }
 
-TEST_F(Marking, OfTheOtherOfTwoIsRefused) {
+TEST_F(Marking, OfTheSecondOfTwoFilesIsRefused) {
     const auto set = addSet(2);
     EXPECT_EQ(toggle(set, 0), ToggleResult::toggled);
     EXPECT_EQ(toggle(set, 1), ToggleResult::refused);
@@ -60,7 +60,7 @@ TEST_F(Marking, OfTheOtherOfTwoIsRefused) {
     EXPECT_EQ(set->setsState(), CheckState::on);
 }
 
-TEST_F(Marking, OfTheOnlyFileThatIsLeftIsRefused) {
+TEST_F(Marking, OfTheOnlyRemainingFileIsRefused) {
     const auto set = addSet(2);
     RecordingTrash trash;
     trash.addExisting(set->files()[0]->filePath());
@@ -72,7 +72,7 @@ TEST_F(Marking, OfTheOnlyFileThatIsLeftIsRefused) {
     EXPECT_EQ(modal_.totalFilesSelected(), 0U);
 }
 
-TEST_F(Marking, LeavesAnyOneFileNotOnlyTheFirst) {
+TEST_F(Marking, AnyFileMayStayUnmarked) {
     const auto set = addSet(3);
     toggle(set, 0);
     toggle(set, 1);
@@ -103,7 +103,7 @@ TEST_F(Marking, AllDuplicatesAreSelectedWhenOneFileIsNot) {
     EXPECT_FALSE(allDuplicatesAreSelectedOfSet(Set()));
 }
 
-TEST_F(Marking, HasAClassThatFollowsFromTheCounters) {
+TEST_F(Marking, SelectionClassFollowsFromTheCounters) {
     const auto set = addSet(3);
     addSet(2);
     EXPECT_EQ(selectionClassOf(modal_), SelectionClass::nothing);
@@ -117,11 +117,11 @@ TEST_F(Marking, HasAClassThatFollowsFromTheCounters) {
     EXPECT_EQ(selectionClassOf(modal_), SelectionClass::nothing);
 }
 
-TEST_F(Marking, OfNothingInAnEmptyListIsTheClassOfNothing) {
+TEST_F(Marking, SelectionClassOfAnEmptyListIsNothing) {
     EXPECT_EQ(selectionClassOf(Modal()), SelectionClass::nothing);
 }
 
-TEST(CurrentView, IsThatOfTheOneFlagThatIsSet) {
+TEST(CurrentView, FollowsTheFlag) {
     EXPECT_EQ(currentViewOf({.allTab = true}), ResultView::all);
     EXPECT_EQ(currentViewOf({.imageTab = true}), ResultView::image);
     EXPECT_EQ(currentViewOf({.videoTab = true}), ResultView::video);
@@ -131,7 +131,7 @@ TEST(CurrentView, IsThatOfTheOneFlagThatIsSet) {
     EXPECT_EQ(currentViewOf({}), std::nullopt);
 }
 
-TEST(CurrentView, IsThatOfTheFirstFlagThatIsSetAudioBeforeVideo) {
+TEST(CurrentView, FollowsTheFirstFlagAudioBeforeVideo) {
     ViewFlags flags{.allTab = true,
                     .imageTab = true,
                     .videoTab = true,
@@ -151,14 +151,14 @@ TEST(CurrentView, IsThatOfTheFirstFlagThatIsSetAudioBeforeVideo) {
     EXPECT_EQ(currentViewOf(flags), ResultView::other);
 }
 
-TEST_F(Marking, ADeletionBeginsOnlyWithSomethingMarked) {
+TEST_F(Marking, DeletionRequiresMarkedFiles) {
     const auto set = addSet(2);
     EXPECT_EQ(deletionStartFor(modal_, false), DeletionStart::information);
     toggle(set, 1);
     EXPECT_EQ(deletionStartFor(modal_, true), DeletionStart::run);
 }
 
-TEST_F(Marking, ADeletionIsRefusedByTheButtonNotByTheCounter) {
+TEST_F(Marking, DeletionNoticeDependsOnTheButtonNotTheCounter) {
     const auto set = addSet(2);
     EXPECT_EQ(deletionStartFor(modal_, true), DeletionStart::nothing);
     toggle(set, 1);
@@ -213,7 +213,7 @@ TEST_F(Marking, ButtonsWithEveryDuplicateMarked) {
                             .currentView = std::nullopt}));
 }
 
-TEST_F(Marking, ButtonsThatNoClassDecidesStay) {
+TEST_F(Marking, ButtonsWithoutASelectionClassStay) {
     addSet(3);
     modal_.setTotalFilesSelected(9);
     EXPECT_EQ(buttonStatesFor(modal_, true, ResultView::other),

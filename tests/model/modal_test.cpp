@@ -17,8 +17,8 @@ namespace {
 using Paths = std::vector<std::string>;
 using Marks = std::vector<CheckState>;
 
-/// Two categories and the list that joins them. Images: "jpg" with a set of three files of 10
-/// bytes and a set of two of 100. Documents: "txt" with a set of three files of 1000 bytes.
+/// Two categories and their joined list. Images: "jpg" with a set of three files of 10 bytes and a
+/// set of two of 100. Documents: "txt" with a set of three files of 1000 bytes.
 struct Lists {
     std::shared_ptr<Set> three = makeSet("three", {10, 10, 10});
     std::shared_ptr<Set> two = makeSet("two", {100, 100});
@@ -52,7 +52,7 @@ TEST(Modal, StartsEmpty) {
     EXPECT_EQ(levelOf(modal), (Level{off, 0, 0, 0, 0}));
 }
 
-TEST(Modal, AddingExtensionsKeepsTheirOrderAndTouchesNoCounter) {
+TEST(Modal, AddingExtensionsKeepsTheirOrderAndChangesNoCounter) {
     Lists lists;
     Modal modal;
     modal.addExtension(lists.txt);
@@ -72,19 +72,19 @@ TEST(Modal, AddingAnArrayAppendsEveryElementInOrder) {
     EXPECT_EQ(levelOf(modal), (Level{off, 0, 0, 0, 0}));
 }
 
-TEST(Modal, MayBeGivenItsOwnArray) {
+TEST(Modal, AppendsItsOwnArray) {
     Lists lists;
     lists.all.addExtensionFromArray(lists.all.extensions());
     EXPECT_EQ(lists.all.extensions(), (std::vector{lists.jpg, lists.txt, lists.jpg, lists.txt}));
 }
 
-TEST(Modal, HandsOutTheListItselfAndNoCopy) {
+TEST(Modal, ReturnsTheListByReference) {
     Lists lists;
     EXPECT_EQ(&lists.all.extensions(), &lists.all.extensions());
     EXPECT_EQ(&lists.all.extensions(), &lists.all.extensionsArray());
 }
 
-TEST(Modal, KeepsWhatItsSettersAreGiven) {
+TEST(Modal, SettersStoreTheirValues) {
     Modal modal;
     modal.setTotalFiles(1);
     modal.setTotalFilesSize(2);
@@ -110,7 +110,7 @@ TEST(Modal, FindsTheExtensionWithoutAName) {
     EXPECT_EQ(modal.getExtensionWithName(""), nameless);
 }
 
-TEST(Modal, FindsTheFirstOfSeveralExtensionsOfOneName) {
+TEST(Modal, FindsTheFirstExtensionOfAName) {
     Modal modal;
     const auto first = makeExtension("jpg", {});
     const auto second = makeExtension("jpg", {});
@@ -138,7 +138,7 @@ TEST(Modal, FindsExtensionsAddedAfterARenaming) {
     EXPECT_EQ(lists.all.getExtensionWithName("png"), lists.jpg);
 }
 
-TEST(Modal, ReplacingTheArrayTouchesNoCounterAndForgetsTheOldNames) {
+TEST(Modal, ReplacingTheArrayChangesNoCounterAndDropsOldNames) {
     Lists lists;
     const auto png = makeExtension("png", {});
     lists.all.setExtensionsArray({png, lists.txt});
@@ -178,7 +178,7 @@ TEST(Modal, UnmarkingAllClearsEveryLevel) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 5, 2120, 0, 0}));
 }
 
-TEST(Modal, ClickingAnExtensionFollowsOnEveryLevel) {
+TEST(Modal, TogglingAnExtensionUpdatesEveryLevel) {
     Lists lists;
     lists.all.changeStateOfExtension(lists.jpg, nullptr, nullptr);
     EXPECT_EQ(levelOf(*lists.three), (Level{on, 2, 20, 2, 20}));
@@ -189,7 +189,7 @@ TEST(Modal, ClickingAnExtensionFollowsOnEveryLevel) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 5, 2120, 0, 0}));
 }
 
-TEST(Modal, ClickingASetFollowsOnEveryLevel) {
+TEST(Modal, TogglingASetUpdatesEveryLevel) {
     Lists lists;
     lists.all.changeStateOfExtension(lists.txt, lists.text, nullptr);
     lists.all.changeStateOfExtension(lists.jpg, lists.two, nullptr);
@@ -202,7 +202,7 @@ TEST(Modal, ClickingASetFollowsOnEveryLevel) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 5, 2120, 1, 100}));
 }
 
-TEST(Modal, ClickingAFileFollowsOnEveryLevel) {
+TEST(Modal, TogglingAFileUpdatesEveryLevel) {
     Lists lists;
     lists.all.changeStateOfExtension(lists.jpg, lists.three, lists.three->files()[2]);
     EXPECT_EQ(marksOf(*lists.three), (Marks{off, off, on}));
@@ -214,7 +214,7 @@ TEST(Modal, ClickingAFileFollowsOnEveryLevel) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 5, 2120, 0, 0}));
 }
 
-TEST(Modal, ClickingAnExtensionInAnUnexpectedStateChangesNothing) {
+TEST(Modal, TogglingAnExtensionInAnInvalidStateChangesNothing) {
     Lists lists;
     lists.all.changeStateOfExtension(lists.jpg, lists.two, nullptr);
     lists.jpg->setExtensionState(unexpected);
@@ -223,7 +223,7 @@ TEST(Modal, ClickingAnExtensionInAnUnexpectedStateChangesNothing) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 5, 2120, 1, 100}));
 }
 
-TEST(Modal, RemovingFollowsOnEveryLevel) {
+TEST(Modal, RemovingUpdatesEveryLevel) {
     Lists lists;
     lists.all.markAllExtension();
     EXPECT_EQ(lists.all.removeSelectedFilesInSet(lists.three, lists.jpg, lists.trash),
@@ -234,7 +234,7 @@ TEST(Modal, RemovingFollowsOnEveryLevel) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 3, 2100, 3, 2100}));
 }
 
-TEST(Modal, RemovingLeavesRefusedAndVanishedFilesCountedOnEveryLevel) {
+TEST(Modal, RemovingKeepsRefusedAndMissingFilesCounted) {
     Lists lists;
     lists.trash.refuse("/three1");
     lists.trash.vanish("/two1");
@@ -249,7 +249,7 @@ TEST(Modal, RemovingLeavesRefusedAndVanishedFilesCountedOnEveryLevel) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 4, 2110, 4, 2110}));
 }
 
-TEST(Modal, RemovingAnUncountedMarkEndsAtZeroOnTheSetAndIsExactAbove) {
+TEST(Modal, RemovingAnUncountedMarkStopsAtZero) {
     Lists lists;
     lists.all.changeStateOfExtension(lists.jpg, lists.two, lists.two->files()[0]);
     lists.all.markAllExtension();
@@ -260,7 +260,7 @@ TEST(Modal, RemovingAnUncountedMarkEndsAtZeroOnTheSetAndIsExactAbove) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 4, 2020, 4, 2020}));
 }
 
-TEST(Modal, TotalsThatWereNeverCountedEndAtZero) {
+TEST(Modal, RemovingUncountedTotalsStopsAtZero) {
     Lists lists;
     lists.jpg->setTotalFilesInExtension(1);
     lists.jpg->setTotalFilesInExtensionSize(1);
@@ -271,7 +271,7 @@ TEST(Modal, TotalsThatWereNeverCountedEndAtZero) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 1, 100, 0, 0}));
 }
 
-TEST(Modal, ExceptingLowersTheMarksButNotTheTotalsOnEveryLevel) {
+TEST(Modal, ExcludingLowersTheMarksButNotTheTotalsOnEveryLevel) {
     Lists lists;
     lists.all.markAllExtension();
     EXPECT_EQ(lists.all.addSelectedFilesToExceptionInSet(lists.text, lists.txt),
@@ -282,7 +282,7 @@ TEST(Modal, ExceptingLowersTheMarksButNotTheTotalsOnEveryLevel) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 5, 2120, 3, 120}));
 }
 
-TEST(Modal, MarkingThroughOneListIsSeenThroughTheOther) {
+TEST(Modal, MarkingThroughOneListIsVisibleInTheOther) {
     Lists lists;
     lists.all.changeStateOfExtension(lists.jpg, lists.three, nullptr);
     const auto& seen = lists.images.getExtensionWithName("jpg");
@@ -301,7 +301,7 @@ TEST(Modal, RemovingThroughOneListLeavesTheTotalsOfTheOtherStale) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 5, 2120, 0, 0}));
 }
 
-TEST(Modal, CalculatingTheTotalsEndsTheirStalenessButNotThatOfTheMarks) {
+TEST(Modal, CalculatingTheTotalsDoesNotUpdateStaleMarks) {
     Lists lists;
     lists.images.markAllExtension();
     lists.images.removeSelectedFilesInSet(lists.three, lists.jpg, lists.trash);
@@ -313,7 +313,7 @@ TEST(Modal, CalculatingTheTotalsEndsTheirStalenessButNotThatOfTheMarks) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 3, 2100, 42, 43}));
 }
 
-TEST(Modal, StaleMarksEndAtZeroWhenTheyAreTakenAwayHere) {
+TEST(Modal, SubtractingStaleMarksStopsAtZero) {
     Lists lists;
     lists.all.markAllExtension();
     lists.images.changeStateOfExtension(lists.jpg, nullptr, nullptr);
@@ -321,7 +321,7 @@ TEST(Modal, StaleMarksEndAtZeroWhenTheyAreTakenAwayHere) {
     EXPECT_EQ(levelOf(lists.all), (Level{off, 5, 2120, 5, 2120}));
 }
 
-TEST(Modal, UnmarkingAllMakesStaleMarksRightAgain) {
+TEST(Modal, UnmarkingAllCorrectsStaleMarks) {
     Lists lists;
     lists.all.markAllExtension();
     lists.images.changeStateOfExtension(lists.jpg, nullptr, nullptr);

@@ -12,11 +12,10 @@
 
 namespace tarvin {
 
-// A second result tree, slow and obvious: it follows the rules of the result tree word for word,
-// walks all sets of an extension for every answer, and keeps nothing that it could compute. It is
-// the judge of the real one.
+// Reference implementation of the result tree: simple and slow. It applies the rules literally,
+// walks all sets of an extension for every result and caches nothing.
 
-/// No counter falls below 0.
+/// Counters never fall below 0.
 inline void takeAway(std::uint64_t& counter, std::uint64_t part) {
     counter = part < counter ? counter - part : 0;
 }

@@ -3,6 +3,7 @@
 #include "model/plain_tree.h"
 #include "model/result_tree.h"
 #include "support/recording_trash.h"
+#include "support/test_seeds.h"
 
 #include <gtest/gtest.h>
 
@@ -16,15 +17,14 @@
 #include <utility>
 #include <vector>
 
-// Random operations on random trees, done twice: by the model and by the plain tree, which walks
-// whole extensions for every answer. Both must agree on every mark, state and counter after every
-// operation.
+// Random operations on random trees, on the model and on the reference implementation (PlainTree).
+// Both must agree on every mark, state and counter after every operation.
 
 namespace tarvin {
 namespace {
 
-/// A pair of trees that are always changed together. Three lists: two categories and one that
-/// joins them, so most extensions stand in two lists.
+/// A pair of trees that are always changed together. Three lists: two categories and their joined
+/// list, so most extensions are in two lists.
 class Twins {
  public:
     explicit Twins(std::uint64_t seed) : random_(seed) {
@@ -287,8 +287,8 @@ class Twins {
         set.addFiles(FileStore::standalone(file->path, file->size));
     }
 
-    /// Drops a set, repeats one, or takes one of another extension in: all of them leave the
-    /// extension with a list that it does not own alone.
+    /// Removes a set, adds one again, or adds one of another extension: in each case the extension
+    /// has sets that do not belong to it alone.
     void replaceSets() {
         std::vector<std::shared_ptr<Set>> sets = extension_->sets();
         const std::size_t what = below(3);
@@ -361,7 +361,7 @@ class Twins {
     RecordingTrash plainTrash_;
     std::size_t nextFile_ = 0;
 
-    // What the step in hand is about. The set stays chosen when its extension has none.
+    // The objects of the current step. The set stays chosen if its extension has none.
     std::size_t list_ = 0;
     std::shared_ptr<Extensions> extension_;
     PlainExtensionsPtr plainExtension_;
@@ -369,8 +369,8 @@ class Twins {
     PlainSetPtr plainSet_;
 };
 
-TEST(RandomTree, AgreesWithAFullWalkAfterEveryOperation) {
-    for (std::uint64_t seed = 1; seed <= 60; ++seed) {
+TEST(RandomTree, AgreesWithTheReferenceAfterEveryOperation) {
+    for (const std::uint64_t seed : testSeeds(60)) {
         Twins twins(seed);
         for (std::uint64_t operation = 0; operation < 250; ++operation) {
             SCOPED_TRACE(numbered("seed ", seed) + numbered(", operation ", operation));

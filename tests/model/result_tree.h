@@ -17,7 +17,7 @@ namespace tarvin {
 inline constexpr auto off = CheckState::off;
 inline constexpr auto on = CheckState::on;
 inline constexpr auto mixed = CheckState::mixed;
-/// No state of a box.
+/// An invalid state of a check box.
 inline constexpr auto unexpected = static_cast<CheckState>(7);
 /// The number of copies in a set without files: 0 - 1 in 64 bits.
 inline constexpr std::uint64_t wrapped = std::numeric_limits<std::uint64_t>::max();
@@ -30,7 +30,7 @@ inline void PrintTo(const RemovalResult& result, std::ostream* out) {
     *out << result.deletedFilesCount << " files (" << result.deletedFilesSize << " bytes)";
 }
 
-/// The state and the four counters that every level keeps, to be compared in one line.
+/// The state and the four counters of each level, to be compared in one assertion.
 struct Level {
     CheckState state = CheckState::off;
     std::uint64_t total = 0;
@@ -58,7 +58,7 @@ inline Level levelOf(const Extensions& extension) {
             extension.totalFilesSelectedInExtensionSize()};
 }
 
-/// A list has no check box of its own: its state reads as off.
+/// A list has no check box: its state is always off here.
 inline Level levelOf(const Modal& modal) {
     return {CheckState::off, modal.totalFiles(), modal.totalFilesSize(), modal.totalFilesSelected(),
             modal.totalFilesSelectedSize()};
@@ -102,7 +102,7 @@ inline std::shared_ptr<Set> makeSet(const std::string& name,
     return set;
 }
 
-/// An extension as a scan builds it, its totals the sums of the sets'.
+/// An extension as a scan builds it; its totals are the sums over its sets.
 inline std::shared_ptr<Extensions> makeExtension(const std::string& name,
                                                  std::initializer_list<std::shared_ptr<Set>> sets) {
     auto extension = std::make_shared<Extensions>(name);
@@ -116,7 +116,7 @@ inline std::shared_ptr<Extensions> makeExtension(const std::string& name,
     return extension;
 }
 
-/// Adds the extensions to a list as a scan does, the list's totals included.
+/// Adds the extensions to a list as a scan does, and updates the list's totals.
 inline void fill(Modal& modal, std::initializer_list<std::shared_ptr<Extensions>> extensions) {
     for (const std::shared_ptr<Extensions>& extension : extensions) {
         modal.addExtension(extension);

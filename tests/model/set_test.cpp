@@ -30,7 +30,7 @@ TEST(Set, StartsEmptyAndOff) {
     EXPECT_EQ(levelOf(set), (Level{off, 0, 0, 0, 0}));
 }
 
-TEST(Set, AddingFilesKeepsTheirOrderAndTouchesNoCounter) {
+TEST(Set, AddingFilesKeepsTheirOrderAndChangesNoCounter) {
     Set set;
     const auto first = FileStore::standalone("/a", 10);
     const auto second = FileStore::standalone("/b", 20);
@@ -41,7 +41,7 @@ TEST(Set, AddingFilesKeepsTheirOrderAndTouchesNoCounter) {
     EXPECT_EQ(levelOf(set), (Level{off, 0, 0, 0, 0}));
 }
 
-TEST(Set, KeepsWhatItsSettersAreGiven) {
+TEST(Set, SettersStoreTheirValues) {
     Set set;
     set.setTotalFilesInSet(1);
     set.setTotalFilesInSetSize(2);
@@ -51,7 +51,7 @@ TEST(Set, KeepsWhatItsSettersAreGiven) {
     EXPECT_EQ(levelOf(set), (Level{mixed, 1, 2, 3, 4}));
 }
 
-TEST(Set, ReplacingTheFilesTouchesNoCounter) {
+TEST(Set, ReplacingTheFilesChangesNoCounter) {
     const auto set = makeSet("f", {10, 10, 10});
     set->markAllFiles();
     const auto only = FileStore::standalone("/x", 99);
@@ -60,13 +60,13 @@ TEST(Set, ReplacingTheFilesTouchesNoCounter) {
     EXPECT_EQ(levelOf(*set), (Level{on, 2, 20, 2, 20}));
 }
 
-TEST(Set, IsNamedByItsNumberOfCopies) {
+TEST(Set, NameContainsTheNumberOfCopies) {
     EXPECT_EQ(makeSet("f", {1, 1})->nameOfSet(), "Set(1)");
     EXPECT_EQ(makeSet("f", {1, 1, 1})->nameOfSet(), "Set(2)");
     EXPECT_EQ(makeSet("f", {1})->nameOfSet(), "Set(0)");
 }
 
-TEST(Set, WithoutFilesHasNoCopiesInItsName) {
+TEST(Set, NameOfAnEmptySetHasZeroCopies) {
     EXPECT_EQ(Set().nameOfSet(), "Set(0)");
 }
 
@@ -77,7 +77,7 @@ TEST(Set, MarkingAllLeavesTheFirstFileAlone) {
     EXPECT_EQ(levelOf(*set), (Level{on, 2, 320, 2, 320}));
 }
 
-TEST(Set, TogglingOneOffAfterMarkingAllIsMixed) {
+TEST(Set, UnmarkingOneAfterMarkingAllIsMixed) {
     const auto set = makeSet("f", {1000, 20, 300});
     set->markAllFiles();
     set->changeStateOfFile(set->files()[2]);
@@ -107,7 +107,7 @@ TEST(Set, WithoutFilesIsOnAfterMarkingAll) {
     EXPECT_EQ(set.determineSelfState(), off);
 }
 
-TEST(Set, MarkingAllKeepsAMarkOnTheFirstFileButCountsItNoMore) {
+TEST(Set, MarkingAllKeepsButDoesNotCountAMarkOnTheFirstFile) {
     const auto set = makeSet("f", {1000, 20, 300});
     set->changeStateOfFile(set->files()[0]);
     EXPECT_EQ(levelOf(*set), (Level{mixed, 2, 320, 1, 1000}));
@@ -135,7 +135,7 @@ TEST(Set, TogglingMarksAndUnmarksOneFile) {
     EXPECT_EQ(levelOf(*set), (Level{off, 2, 320, 0, 0}));
 }
 
-TEST(Set, IsOnWhenAnyOneFileIsLeftUnmarked) {
+TEST(Set, IsOnIfExactlyOneFileIsUnmarked) {
     const auto set = makeSet("f", {1000, 20, 300});
     set->changeStateOfFile(set->files()[0]);
     set->changeStateOfFile(set->files()[2]);
@@ -143,7 +143,7 @@ TEST(Set, IsOnWhenAnyOneFileIsLeftUnmarked) {
     EXPECT_EQ(levelOf(*set), (Level{on, 2, 320, 2, 1300}));
 }
 
-TEST(Set, TogglingMayMarkTheLastFileAndThenIsOff) {
+TEST(Set, TogglingCanMarkTheLastFileWhichTurnsItOff) {
     const auto set = makeSet("f", {1000, 20, 300});
     for (const auto& file : set->files()) {
         set->changeStateOfFile(file);
@@ -153,7 +153,7 @@ TEST(Set, TogglingMayMarkTheLastFileAndThenIsOff) {
     EXPECT_EQ(set->determineSelfState(), off);
 }
 
-TEST(Set, TogglingAnUncountedMarkOffSubtractsNothingFromZero) {
+TEST(Set, UnmarkingAnUncountedMarkStopsAtZero) {
     const auto set = makeSet("f", {10});
     set->changeStateOfFile(set->files()[0]);
     set->markAllFiles();
@@ -164,7 +164,7 @@ TEST(Set, TogglingAnUncountedMarkOffSubtractsNothingFromZero) {
     EXPECT_EQ(levelOf(*set), (Level{off, 0, 0, 0, 0}));
 }
 
-TEST(Set, TogglingAnUncountedMarkOffSubtractsItFromTheOthers) {
+TEST(Set, UnmarkingAnUncountedMarkSubtractsItFromTheOthers) {
     const auto set = makeSet("f", {10, 10, 10});
     set->changeStateOfFile(set->files()[0]);
     set->markAllFiles();
@@ -173,7 +173,7 @@ TEST(Set, TogglingAnUncountedMarkOffSubtractsItFromTheOthers) {
     EXPECT_EQ(levelOf(*set), (Level{mixed, 2, 20, 1, 10}));
 }
 
-TEST(Set, TogglingTakesAnyStateButOffForAMark) {
+TEST(Set, TogglingTreatsAnyStateButOffAsMarked) {
     const auto set = makeSet("f", {10, 10, 10});
     set->markAllFiles();
     set->files()[1]->setState(unexpected);
@@ -256,7 +256,7 @@ TEST(Set, KeepsARefusedFileMarkedAndCounted) {
     EXPECT_EQ(levelOf(*set), (Level{on, 1, 300, 1, 300}));
 }
 
-TEST(Set, KeepsAVanishedFileMarkedAndCounted) {
+TEST(Set, KeepsAMissingFileMarkedAndCounted) {
     const auto set = makeSet("f", {10, 20, 30});
     RecordingTrash trash;
     addAllTo(trash, *set);
@@ -277,7 +277,7 @@ TEST(Set, ChangesNothingWhenEveryMoveFails) {
     EXPECT_EQ(levelOf(*set), (Level{mixed, 3, 90, 1, 20}));
 }
 
-TEST(Set, RemovingWithoutMarksAsksTheTrashNothingAndSettlesTheState) {
+TEST(Set, RemovingWithoutMarksMovesNothingAndUpdatesTheState) {
     const auto set = makeSet("f", {10});
     RecordingTrash trash;
     addAllTo(trash, *set);
@@ -287,7 +287,7 @@ TEST(Set, RemovingWithoutMarksAsksTheTrashNothingAndSettlesTheState) {
     EXPECT_EQ(levelOf(*set), (Level{off, 0, 0, 0, 0}));
 }
 
-TEST(Set, KeepsTheIndexOfTheFilesThatStay) {
+TEST(Set, RemainingFilesKeepTheirIndex) {
     const auto set = makeSet("f", {10, 10, 10});
     RecordingTrash trash;
     addAllTo(trash, *set);
@@ -298,7 +298,7 @@ TEST(Set, KeepsTheIndexOfTheFilesThatStay) {
     EXPECT_EQ(set->files()[1]->index(), 2);
 }
 
-TEST(Set, RemovingAlsoMovesAMarkThatIsNotCountedAndEndsAtZero) {
+TEST(Set, RemovingMovesUncountedMarksAndStopsAtZero) {
     const auto set = makeSet("f", {1000, 20, 300});
     RecordingTrash trash;
     addAllTo(trash, *set);
@@ -309,7 +309,7 @@ TEST(Set, RemovingAlsoMovesAMarkThatIsNotCountedAndEndsAtZero) {
     EXPECT_EQ(levelOf(*set), (Level{off, 0, 0, 0, 0}));
 }
 
-TEST(Set, TakesOutEveryPlaceOfAFileThatWent) {
+TEST(Set, RemovesEveryOccurrenceOfAMovedFile) {
     Set set;
     const auto file = FileStore::standalone("/a", 10);
     const auto other = FileStore::standalone("/b", 10);
@@ -321,7 +321,7 @@ TEST(Set, TakesOutEveryPlaceOfAFileThatWent) {
     EXPECT_EQ(pathsOf(set), (Paths{"/b"}));
 }
 
-TEST(Set, ExceptingTakesTheMarkedFilesOutInOrder) {
+TEST(Set, ExcludingRemovesTheMarkedFilesInOrder) {
     const auto set = makeSet("f", {1000, 20, 300, 4});
     set->changeStateOfFile(set->files()[3]);
     set->changeStateOfFile(set->files()[1]);
@@ -329,20 +329,20 @@ TEST(Set, ExceptingTakesTheMarkedFilesOutInOrder) {
     EXPECT_EQ(pathsOf(*set), (Paths{"/f0", "/f2"}));
 }
 
-TEST(Set, ExceptingLowersTheMarkedCountersButNotTheTotals) {
+TEST(Set, ExcludingLowersTheMarkedCountersButNotTheTotals) {
     const auto set = makeSet("f", {1000, 20, 300});
     set->markAllFiles();
     EXPECT_EQ(set->addSelectedFilesInSetToException(), (Paths{"/f1", "/f2"}));
     EXPECT_EQ(levelOf(*set), (Level{off, 2, 320, 0, 0}));
 }
 
-TEST(Set, ExceptingWithoutMarksAnswersNothing) {
+TEST(Set, ExcludingWithoutMarksReturnsNothing) {
     const auto set = makeSet("f", {10, 10});
     EXPECT_TRUE(set->addSelectedFilesInSetToException().empty());
     EXPECT_EQ(levelOf(*set), (Level{off, 1, 10, 0, 0}));
 }
 
-TEST(Set, ExceptingEveryFileIsOffWithAnEmptySet) {
+TEST(Set, ExcludingEveryFileLeavesAnEmptySetThatIsOff) {
     const auto set = makeSet("f", {10, 20});
     set->changeStateOfFile(set->files()[0]);
     set->changeStateOfFile(set->files()[1]);
@@ -351,7 +351,7 @@ TEST(Set, ExceptingEveryFileIsOffWithAnEmptySet) {
     EXPECT_EQ(levelOf(*set), (Level{off, 1, 20, 0, 0}));
 }
 
-TEST(Set, ExceptingAMarkThatIsNotCountedEndsAtZero) {
+TEST(Set, ExcludingAnUncountedMarkStopsAtZero) {
     const auto set = makeSet("f", {1000, 20});
     set->changeStateOfFile(set->files()[0]);
     set->markAllFiles();
@@ -359,21 +359,21 @@ TEST(Set, ExceptingAMarkThatIsNotCountedEndsAtZero) {
     EXPECT_EQ(levelOf(*set), (Level{off, 1, 20, 0, 0}));
 }
 
-TEST(Set, CountsTheNextMarkFromZeroAfterAMarkThatWasNotCounted) {
+TEST(Set, CountsFromZeroAfterAnUncountedMark) {
     const auto set = makeSet("f", {10, 10, 10, 10});
     RecordingTrash trash;
     addAllTo(trash, *set);
     set->changeStateOfFile(set->files()[0]);
     set->markAllFiles();
     set->changeStateOfFile(set->files()[0]);
-    // Three are marked and two are counted.
+    // Three files are marked, and two are counted.
     EXPECT_EQ(set->removeSelectedFilesInSet(trash), (RemovalResult{3, 30}));
     EXPECT_EQ(levelOf(*set), (Level{off, 0, 0, 0, 0}));
     set->changeStateOfFile(set->files()[0]);
     EXPECT_EQ(levelOf(*set), (Level{off, 0, 0, 1, 10}));
 }
 
-TEST(Set, KeepsAnUnexpectedStateUntilAnOperationSettlesIt) {
+TEST(Set, KeepsAnInvalidStateUntilTheNextOperation) {
     const auto set = makeSet("f", {10, 10});
     set->setSetsState(unexpected);
     EXPECT_EQ(set->setsState(), unexpected);

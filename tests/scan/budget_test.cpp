@@ -17,7 +17,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(Budget, HandsOutWhatItHas) {
+TEST(Budget, GrantsRequestsUpToItsAmount) {
     Budget budget(3);
     EXPECT_EQ(budget.amount(), 3u);
     const Budget::Share one = budget.take(1);
@@ -30,7 +30,7 @@ TEST(Budget, HandsOutWhatItHas) {
     EXPECT_EQ(budget.amount(), 3u);
 }
 
-TEST(Budget, GetsAShareBackWhenItEnds) {
+TEST(Budget, DestroyedShareIsFreeAgain) {
     Budget budget(2);
     {
         const Budget::Share all = budget.take(2);
@@ -39,7 +39,7 @@ TEST(Budget, GetsAShareBackWhenItEnds) {
     EXPECT_TRUE(budget.tryTake(2));
 }
 
-TEST(Budget, GetsAShareBackOnceWhenItIsReleased) {
+TEST(Budget, ReleasedShareIsFreedOnce) {
     Budget budget(2);
     Budget::Share share = budget.take(1);
     share.release();
@@ -50,27 +50,27 @@ TEST(Budget, GetsAShareBackOnceWhenItIsReleased) {
     EXPECT_FALSE(budget.tryTake(3));
 }
 
-TEST(Budget, GivesNothingOfWhatItHasTooLittle) {
+TEST(Budget, TryTakeFailsIfTooLittleIsFree) {
     Budget budget(4);
     const Budget::Share three = budget.take(3);
     EXPECT_FALSE(budget.tryTake(2));
     EXPECT_TRUE(budget.tryTake(1));
 }
 
-TEST(Budget, TriesInVainForMoreThanThereEverIs) {
+TEST(Budget, TryTakeFailsAboveTheWholeBudget) {
     Budget budget(4);
     EXPECT_FALSE(budget.tryTake(5));
     EXPECT_TRUE(budget.tryTake(4));
 }
 
-TEST(Budget, GivesAllItHasToWhoAsksForMore) {
+TEST(Budget, TakeAboveTheWholeBudgetGetsAll) {
     Budget budget(4);
     const Budget::Share share = budget.take(1000);
     EXPECT_EQ(share.amount(), 4u);
     EXPECT_FALSE(budget.tryTake(1));
 }
 
-TEST(Budget, KeepsAShareThatIsMoved) {
+TEST(Budget, MovedShareStaysTaken) {
     Budget budget(2);
     Budget::Share first = budget.take(2);
     Budget::Share second(std::move(first));
@@ -82,7 +82,7 @@ TEST(Budget, KeepsAShareThatIsMoved) {
     EXPECT_FALSE(budget.tryTake(1));
 }
 
-TEST(Budget, GetsAShareBackWhenAnotherTakesItsPlace) {
+TEST(Budget, AssignmentFreesTheOldShare) {
     Budget budget(3);
     Budget::Share share = budget.take(2);
     share = budget.take(1);
@@ -90,7 +90,7 @@ TEST(Budget, GetsAShareBackWhenAnotherTakesItsPlace) {
     EXPECT_TRUE(budget.tryTake(2));
 }
 
-TEST(Budget, PassesPartsOfAShareOn) {
+TEST(Budget, SplitsAShare) {
     Budget budget(5);
     Budget::Share whole = budget.take(5);
     {
@@ -106,22 +106,22 @@ TEST(Budget, PassesPartsOfAShareOn) {
     EXPECT_EQ(whole.amount(), 0u);
 }
 
-TEST(Budget, LetsACallerWaitUntilEnoughIsFree) {
+TEST(Budget, TakeBlocksUntilEnoughIsFree) {
     Budget budget(3);
     Budget::Share first = budget.take(2);
     Budget::Share second = budget.take(1);
     std::promise<std::size_t> taken;
-    std::future<std::size_t> answer = taken.get_future();
+    std::future<std::size_t> result = taken.get_future();
     std::thread waiting([&] { taken.set_value(budget.take(3).amount()); });
     second.release();
-    EXPECT_NE(answer.wait_for(0s), std::future_status::ready);
+    EXPECT_NE(result.wait_for(0s), std::future_status::ready);
     first.release();
-    ASSERT_EQ(answer.wait_for(testPatience), std::future_status::ready);
-    EXPECT_EQ(answer.get(), 3u);
+    ASSERT_EQ(result.wait_for(testPatience), std::future_status::ready);
+    EXPECT_EQ(result.get(), 3u);
     waiting.join();
 }
 
-TEST(Budget, ServesAllThatWaitForOneRelease) {
+TEST(Budget, OneReleaseServesAllThatFit) {
     Budget budget(4);
     Budget::Share all = budget.take(4);
     std::atomic<int> served{0};
@@ -130,7 +130,7 @@ TEST(Budget, ServesAllThatWaitForOneRelease) {
         threads.emplace_back([&] {
             const Budget::Share share = budget.take(1);
             ++served;
-            // Ends only if all four have theirs at once.
+            // Ends only if all four hold a share at once.
             while (served != 4) {
                 std::this_thread::yield();
             }
@@ -143,7 +143,7 @@ TEST(Budget, ServesAllThatWaitForOneRelease) {
     EXPECT_TRUE(budget.tryTake(4));
 }
 
-TEST(Budget, NeverHandsOutMoreThanItHas) {
+TEST(Budget, NeverExceedsItsAmount) {
     Budget budget(5);
     std::atomic<std::size_t> inUse{0};
     std::atomic<bool> exceeded{false};
@@ -165,12 +165,12 @@ TEST(Budget, NeverHandsOutMoreThanItHas) {
     EXPECT_TRUE(budget.tryTake(5));
 }
 
-TEST(Budget, ServesALargeRequestAmongSmallOnesThatNeverCease) {
+TEST(Budget, SmallRequestsDoNotStarveALargeOne) {
     Budget budget(4);
     std::atomic<bool> ended{false};
     std::atomic<int> taken{0};
-    // Each keeps its share until somebody has taken another, so that some part is always in use as
-    // long as small requests are served first.
+    // Each thread keeps its share until another share has been taken, so that a part is always in
+    // use as long as small requests are served first.
     const auto passOn = [&] {
         while (!ended) {
             const Budget::Share share = budget.take(1);

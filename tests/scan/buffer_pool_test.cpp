@@ -23,56 +23,56 @@ using namespace std::chrono_literals;
 
 constexpr std::size_t mebibyte = 1'048'576;
 
-/// How many pieces of `bytes` the lease gives before it is used up; counts no further than `most`.
-std::size_t piecesOf(BufferPool::Lease& lease, std::size_t bytes, std::size_t most = 100) {
-    std::size_t pieces = 0;
-    while (pieces < most && !lease.allocate(bytes).empty()) {
-        ++pieces;
+/// How many chunks of `bytes` the lease allocates before it is used up; counts up to `max`.
+std::size_t chunkCount(BufferPool::Lease& lease, std::size_t bytes, std::size_t max = 100) {
+    std::size_t chunks = 0;
+    while (chunks < max && !lease.allocate(bytes).empty()) {
+        ++chunks;
     }
-    return pieces;
+    return chunks;
 }
 
-void fill(std::span<std::byte> piece, unsigned value) {
-    std::fill(piece.begin(), piece.end(), static_cast<std::byte>(value));
+void fill(std::span<std::byte> chunk, unsigned value) {
+    std::fill(chunk.begin(), chunk.end(), static_cast<std::byte>(value));
 }
 
-bool isFilled(std::span<const std::byte> piece, unsigned value) {
-    return std::all_of(piece.begin(), piece.end(),
+bool isFilled(std::span<const std::byte> chunk, unsigned value) {
+    return std::all_of(chunk.begin(), chunk.end(),
                        [value](std::byte byte) { return byte == static_cast<std::byte>(value); });
 }
 
-TEST(BufferPool, LendsAsMuchAsWasAskedFor) {
+TEST(BufferPool, LeaseHasTheRequestedSize) {
     BufferPool pool(8);
-    EXPECT_EQ(pool.mostSlabs(), 8u);
+    EXPECT_EQ(pool.maxSlabs(), 8u);
     BufferPool::Lease lease = pool.take(3);
     EXPECT_EQ(lease.capacity(), 3 * mebibyte);
-    EXPECT_EQ(piecesOf(lease, mebibyte), 3u);
+    EXPECT_EQ(chunkCount(lease, mebibyte), 3u);
 }
 
-TEST(BufferPool, LendsAllThereIsToWhoAsksForMore) {
+TEST(BufferPool, CapsALeaseAtTheSizeOfThePool) {
     BufferPool pool(2);
     BufferPool::Lease lease = pool.take(50);
     EXPECT_EQ(lease.capacity(), 2 * mebibyte);
-    EXPECT_EQ(piecesOf(lease, mebibyte), 2u);
+    EXPECT_EQ(chunkCount(lease, mebibyte), 2u);
 }
 
-TEST(BufferPool, CutsPiecesThatDoNotOverlap) {
+TEST(BufferPool, ChunksDoNotOverlap) {
     BufferPool pool(2);
     BufferPool::Lease lease = pool.take(2);
-    std::vector<std::span<std::byte>> pieces;
-    // Three of these fill the first slab but for a rest that is too small.
-    for (unsigned piece = 0; piece < 6; ++piece) {
-        pieces.push_back(lease.allocate(300'000));
-        ASSERT_EQ(pieces.back().size(), 300'000u);
-        fill(pieces.back(), piece);
+    std::vector<std::span<std::byte>> chunks;
+    // Three of these leave too little of the first slab for a fourth.
+    for (unsigned chunk = 0; chunk < 6; ++chunk) {
+        chunks.push_back(lease.allocate(300'000));
+        ASSERT_EQ(chunks.back().size(), 300'000u);
+        fill(chunks.back(), chunk);
     }
     EXPECT_TRUE(lease.allocate(300'000).empty());
-    for (unsigned piece = 0; piece < 6; ++piece) {
-        EXPECT_TRUE(isFilled(pieces[piece], piece)) << piece;
+    for (unsigned chunk = 0; chunk < 6; ++chunk) {
+        EXPECT_TRUE(isFilled(chunks[chunk], chunk)) << chunk;
     }
 }
 
-TEST(BufferPool, StillCutsSmallPiecesWhenALargeOneNoLongerFits) {
+TEST(BufferPool, AllocatesASmallChunkWhenALargeOneNoLongerFits) {
     BufferPool pool(1);
     BufferPool::Lease lease = pool.take(1);
     ASSERT_EQ(lease.allocate(mebibyte - 100).size(), mebibyte - 100);
@@ -81,7 +81,7 @@ TEST(BufferPool, StillCutsSmallPiecesWhenALargeOneNoLongerFits) {
     EXPECT_TRUE(lease.allocate(1).empty());
 }
 
-TEST(BufferPool, CutsAWholeSlabOutOfTheNextWhenOneIsBegun) {
+TEST(BufferPool, AllocatesAWholeSlabFromTheNextOne) {
     BufferPool pool(2);
     BufferPool::Lease lease = pool.take(2);
     fill(lease.allocate(1), 1);
@@ -91,7 +91,7 @@ TEST(BufferPool, CutsAWholeSlabOutOfTheNextWhenOneIsBegun) {
     EXPECT_TRUE(lease.allocate(1).empty());
 }
 
-TEST(BufferPool, CutsFromTheFrontAgainAfterRewinding) {
+TEST(BufferPool, RewindAllocatesFromTheStartAgain) {
     BufferPool pool(2);
     BufferPool::Lease lease = pool.take(2);
     std::byte* const first = lease.allocate(mebibyte).data();
@@ -103,7 +103,7 @@ TEST(BufferPool, CutsFromTheFrontAgainAfterRewinding) {
     EXPECT_TRUE(lease.allocate(1).empty());
 }
 
-TEST(BufferPool, LendsTheSameMemoryAgain) {
+TEST(BufferPool, ReusesReturnedMemory) {
     BufferPool pool(2);
     std::set<std::byte*> seen;
     for (int round = 0; round < 50; ++round) {
@@ -114,83 +114,83 @@ TEST(BufferPool, LendsTheSameMemoryAgain) {
     EXPECT_EQ(seen.size(), 2u);
 }
 
-TEST(BufferPool, KeepsALeaseThatIsMoved) {
+TEST(BufferPool, MovedLeaseStaysTaken) {
     BufferPool pool(1);
     BufferPool::Lease first = pool.take(1);
-    const std::span<std::byte> piece = first.allocate(100);
-    fill(piece, 7);
+    const std::span<std::byte> chunk = first.allocate(100);
+    fill(chunk, 7);
     {
         BufferPool::Lease second(std::move(first));
-        EXPECT_TRUE(isFilled(piece, 7));
-        EXPECT_EQ(second.allocate(100).data(), piece.data() + 100);
+        EXPECT_TRUE(isFilled(chunk, 7));
+        EXPECT_EQ(second.allocate(100).data(), chunk.data() + 100);
     }
     EXPECT_EQ(pool.take(1).capacity(), mebibyte);
 }
 
-TEST(BufferPool, LetsACallerWaitUntilSlabsAreFree) {
+TEST(BufferPool, TakeBlocksUntilSlabsAreFree) {
     BufferPool pool(3);
     auto first = std::make_unique<BufferPool::Lease>(pool.take(2));
     std::promise<std::size_t> taken;
-    std::future<std::size_t> answer = taken.get_future();
+    std::future<std::size_t> result = taken.get_future();
     std::thread waiting([&] { taken.set_value(pool.take(2).capacity()); });
-    EXPECT_NE(answer.wait_for(0s), std::future_status::ready);
+    EXPECT_NE(result.wait_for(0s), std::future_status::ready);
     first.reset();
-    ASSERT_EQ(answer.wait_for(testPatience), std::future_status::ready);
-    EXPECT_EQ(answer.get(), 2 * mebibyte);
+    ASSERT_EQ(result.wait_for(testPatience), std::future_status::ready);
+    EXPECT_EQ(result.get(), 2 * mebibyte);
     waiting.join();
 }
 
-TEST(BufferPool, LendsSeveralLeasesThatDoNotShareMemory) {
+TEST(BufferPool, SeveralLeasesDoNotShareMemory) {
     BufferPool pool(6);
     std::vector<BufferPool::Lease> leases = pool.takeSeveral(3, 2);
     ASSERT_EQ(leases.size(), 3u);
-    std::vector<std::span<std::byte>> pieces;
+    std::vector<std::span<std::byte>> chunks;
     for (BufferPool::Lease& lease : leases) {
         EXPECT_EQ(lease.capacity(), 2 * mebibyte);
         for (int slab = 0; slab < 2; ++slab) {
-            pieces.push_back(lease.allocate(mebibyte));
-            fill(pieces.back(), static_cast<unsigned>(pieces.size()));
+            chunks.push_back(lease.allocate(mebibyte));
+            fill(chunks.back(), static_cast<unsigned>(chunks.size()));
         }
         EXPECT_TRUE(lease.allocate(1).empty());
     }
-    for (unsigned piece = 0; piece < pieces.size(); ++piece) {
-        EXPECT_TRUE(isFilled(pieces[piece], piece + 1)) << piece;
+    for (unsigned chunk = 0; chunk < chunks.size(); ++chunk) {
+        EXPECT_TRUE(isFilled(chunks[chunk], chunk + 1)) << chunk;
     }
 }
 
-TEST(BufferPool, LendsSeveralLeasesOfAtLeastOneSlabWhenThereAreTooFew) {
+TEST(BufferPool, SeveralLeasesGetAtLeastOneSlabEach) {
     BufferPool pool(4);
     std::vector<BufferPool::Lease> leases = pool.takeSeveral(4, 3);
     ASSERT_EQ(leases.size(), 4u);
-    std::size_t pieces = 0;
+    std::size_t chunks = 0;
     for (BufferPool::Lease& lease : leases) {
         EXPECT_EQ(lease.capacity(), mebibyte);
-        pieces += piecesOf(lease, mebibyte);
+        chunks += chunkCount(lease, mebibyte);
     }
-    EXPECT_EQ(pieces, 4u);
+    EXPECT_EQ(chunks, 4u);
 }
 
-TEST(BufferPool, GetsSeveralLeasesBackOneByOne) {
+TEST(BufferPool, SeveralLeasesAreReturnedOneByOne) {
     BufferPool pool(4);
     std::vector<BufferPool::Lease> leases = pool.takeSeveral(2, 2);
     leases.pop_back();
     BufferPool::Lease lease = pool.take(2);
-    EXPECT_EQ(piecesOf(lease, mebibyte), 2u);
+    EXPECT_EQ(chunkCount(lease, mebibyte), 2u);
 }
 
-TEST(BufferPool, UsesNoMoreThanItsSlabsOnManyThreads) {
+TEST(BufferPool, ManyThreadsUseNoMoreThanItsSlabs) {
     BufferPool pool(5);
     std::mutex mutex;
     std::set<std::byte*> slabs;
     const auto useOften = [&](unsigned number) {
         for (int round = 0; round < 200; ++round) {
             BufferPool::Lease lease = pool.take(1 + number % 3);
-            for (std::span<std::byte> piece = lease.allocate(mebibyte); !piece.empty();
-                 piece = lease.allocate(mebibyte)) {
-                fill(piece.first(64), number);
+            for (std::span<std::byte> chunk = lease.allocate(mebibyte); !chunk.empty();
+                 chunk = lease.allocate(mebibyte)) {
+                fill(chunk.first(64), number);
                 const std::lock_guard lock(mutex);
-                slabs.insert(piece.data());
-                EXPECT_TRUE(isFilled(piece.first(64), number));
+                slabs.insert(chunk.data());
+                EXPECT_TRUE(isFilled(chunk.first(64), number));
             }
         }
     };

@@ -1,5 +1,7 @@
 #include "scan/category.h"
 
+#include "support/test_seeds.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -13,14 +15,14 @@
 
 namespace tarvin {
 
-/// How a failing line shows a category.
+/// For failure messages.
 static std::ostream& operator<<(std::ostream& out, Category category) {
     return out << categoryName(category);
 }
 
 namespace {
 
-/// The category of a file by the plain rules, one after the other.
+/// Reference implementation: applies the rules one after the other.
 std::optional<Category> categoryByRules(std::string_view path) {
     if (pathExtension(path).empty()) {
         return std::nullopt;
@@ -37,14 +39,14 @@ std::optional<Category> categoryByRules(std::string_view path) {
     return isValidDocFile(path) ? Category::documents : Category::other;
 }
 
-/// The category of a file of that name in a plain folder. The classifier is asked twice, because
-/// it remembers, and has to agree with the rules.
+/// The category of a file with that name outside a bundle. Calls the classifier twice, because it
+/// caches, and compares it with the rules.
 std::optional<Category> categoryOf(const std::string& name) {
     Classifier classifier;
-    const auto answer = classifier.classify(name, false);
-    EXPECT_EQ(classifier.classify(name, false), answer) << name;
-    EXPECT_EQ(categoryByRules("/home/ann/" + name), answer) << name;
-    return answer;
+    const auto result = classifier.classify(name, false);
+    EXPECT_EQ(classifier.classify(name, false), result) << name;
+    EXPECT_EQ(categoryByRules("/home/ann/" + name), result) << name;
+    return result;
 }
 
 void expectCategory(Category category, const std::vector<std::string>& extensions) {
@@ -74,7 +76,7 @@ TEST(Category, OfEveryListedImage) {
                     "x3f", "raw",  "raf",  "dcx", "nrw", "sr2", "srf",      "wpg"});
 }
 
-TEST(Category, OfEveryListedSound) {
+TEST(Category, OfEveryListedAudioType) {
     expectCategory(Category::audio, {"aif", "m3u", "m4a", "mid", "mp3", "mpa", "wav", "wma", "m4b",
                                      "amr", "midi", "ogg", "ram", "aac"});
 }
@@ -103,16 +105,16 @@ TEST(Category, OfEveryListedOtherType) {
                     "zoo", "dbx",  "dci", "eml", "pst", "ost", "dbf",           "mdb"});
 }
 
-TEST(Category, IsOtherForWhatNoListHolds) {
+TEST(Category, IsOtherIfNoListContainsTheKey) {
     expectCategory(Category::other, {"mkv", "webp", "heic", "flac", "epub", "c++", "xyz", "001"});
 }
 
-/// Whether a test knows this list: all of it stands there in one piece, and nothing around it.
+/// Whether the list is exactly this one: it matches as a whole, and not with any neighbour.
 bool holdsExactly(bool (*test)(std::string_view), const std::string& list) {
     return test("/a." + list) && !test("/a._" + list) && !test("/a." + list + "_");
 }
 
-TEST(Category, IsDecidedByListsThatStandAsTheyAre) {
+TEST(Category, ListsMatchLetterForLetter) {
     EXPECT_TRUE(holdsExactly(isValidImageFile,
                              "psd_dng_bmp_gif_jpg_png_psd_pspimage_thm_tif_yuv_tiff_jpeg_ai_cr2_"
                              "crw_dng_kdc_nef_mrw_orf_x3f_raw_raf_dcx_nrw_sr2_srf_wpg"));
@@ -126,15 +128,15 @@ TEST(Category, IsDecidedByListsThatStandAsTheyAre) {
                              "txt_doc_xlsx_xls_docx_ppt_pptx_pdf_m3d_ami_chm_csv_dif_htm_html_mny_"
                              "rtf_sdc_sdf_sdw_stc_sti_stw_sxc_sxd_sxi_sxm_sxw_tv4_xlt_vor_vsd_wk1_"
                              "wk3_wk4_wks_wp_xlb_sxc_one_onetoc2_sqlite_snt"));
-    // The dot in "tar.gz" parts this list in two as far as extensions go.
+    // No extension can match across the dot of "tar.gz".
     EXPECT_TRUE(isValidOtherFile("/a.7z_cbr_deb_gz_pkg_rar_rpm_sitx_tar"));
     EXPECT_FALSE(isValidOtherFile("/a._7z_cbr_deb_gz_pkg_rar_rpm_sitx_tar"));
     EXPECT_FALSE(isValidOtherFile("/a.7z_cbr_deb_gz_pkg_rar_rpm_sitx_tar_"));
-    const std::string behindTheDot =
+    const std::string afterTheDot =
         "gz_zip_zipx_apk_app_bat_cgi_com_exe_gadget_jar_pif_vb_wsf_cpl_cur_deskthemepack_dll_dmp_"
         "drv_lnk_sys_cab_ani_flc_skr_arj_sit_zoo_dbx_dci_eml_pst_ost_dbf_mdb";
-    EXPECT_TRUE(isValidOtherFile("/a." + behindTheDot));
-    EXPECT_FALSE(isValidOtherFile("/a." + behindTheDot + "_"));
+    EXPECT_TRUE(isValidOtherFile("/a." + afterTheDot));
+    EXPECT_FALSE(isValidOtherFile("/a." + afterTheDot + "_"));
 }
 
 TEST(Category, DoesNotDependOnTheCaseOfLetters) {
@@ -144,19 +146,19 @@ TEST(Category, DoesNotDependOnTheCaseOfLetters) {
     EXPECT_EQ(categoryOf("a.pDF"), Category::documents);
 }
 
-TEST(Category, IsDecidedUpToTheFirstBlankOfTheExtension) {
+TEST(Category, IgnoresTheExtensionAfterItsFirstSpace) {
     EXPECT_EQ(categoryOf("Photo.JPG copy"), Category::image);
     EXPECT_EQ(categoryOf("a.jpg copy 2"), Category::image);
     EXPECT_EQ(categoryOf("a.mp3 "), Category::audio);
     EXPECT_EQ(categoryOf("a.jp g"), Category::other);
 }
 
-TEST(Category, IsOtherIfTheExtensionBeginsWithABlank) {
+TEST(Category, IsOtherIfTheExtensionBeginsWithASpace) {
     EXPECT_EQ(categoryOf("a. jpg"), Category::other);
     EXPECT_EQ(categoryOf("a. "), Category::other);
 }
 
-TEST(Category, IsDecidedByBlanksAloneAndNotByOtherGaps) {
+TEST(Category, OnlySpacesEndTheKey) {
     EXPECT_EQ(categoryOf("a.jpg\tcopy"), Category::other);
     EXPECT_EQ(categoryOf("a.jpg\ncopy"), Category::other);
     EXPECT_EQ(categoryOf("a.jpg\xc2\xa0"
@@ -164,22 +166,22 @@ TEST(Category, IsDecidedByBlanksAloneAndNotByOtherGaps) {
               Category::other);  // a no-break space
 }
 
-TEST(Category, IsOtherForListedEntriesOfTwoLetters) {
+TEST(Category, IsOtherForListEntriesOfTwoLetters) {
     expectCategory(Category::other, {"ai", "ra", "au", "rm", "qt", "wp", "AI", "QT"});
 }
 
-TEST(Category, IsOtherForPiecesOfOneOrTwoLetters) {
+TEST(Category, IsOtherForSubstringsOfOneOrTwoLetters) {
     expectCategory(Category::other, {"j", "p", "jp", "pg", "_", "x3", "c", "h"});
 }
 
-TEST(Category, TakesPiecesOfListedEntries) {
+TEST(Category, MatchesSubstringsOfListEntries) {
     expectCategory(Category::image, {"jpe", "pspim", "image", "psp", "tiff", "iff", "peg"});
     expectCategory(Category::audio, {"idi"});
     expectCategory(Category::video, {"ivx", "2ts", "vid"});
     expectCategory(Category::documents, {"sql", "toc", "tml", "lsx", "ppt", "lite"});
 }
 
-TEST(Category, TakesPiecesThatReachOverTwoEntries) {
+TEST(Category, MatchesSubstringsAcrossTwoEntries) {
     expectCategory(Category::image, {"g_b", "psd_dng", "_ai", "ai_", "f_j", "_wp"});
     expectCategory(Category::audio, {"_ra_wav", "au_m"});
     expectCategory(Category::video, {"_rm", "s_qt"});
@@ -188,7 +190,7 @@ TEST(Category, TakesPiecesThatReachOverTwoEntries) {
 }
 
 TEST(Category, IsImageBeforeAudio) {
-    // "iff" is an entry of the audio list, but a piece of "tiff" as well.
+    // "iff" is an entry of the audio list, but also a substring of "tiff".
     EXPECT_EQ(categoryOf("a.iff"), Category::image);
     EXPECT_TRUE(isValidAudioFile("/a.iff"));
     EXPECT_EQ(categoryOf("a.tiff"), Category::image);
@@ -196,7 +198,7 @@ TEST(Category, IsImageBeforeAudio) {
 }
 
 TEST(Category, IsAudioBeforeVideo) {
-    // Pieces that both lists hold.
+    // Substrings of both lists.
     for (const std::string extension : {"_mp", "_m4", "_wm", "id_", "g_r"}) {
         EXPECT_TRUE(isValidAudioFile("/a." + extension)) << extension;
         EXPECT_TRUE(isValidVideoFile("/a." + extension)) << extension;
@@ -209,14 +211,14 @@ TEST(Category, IsNotDecidedByTheListOfOtherTypes) {
     EXPECT_FALSE(isValidOtherFile("/a.mkv"));
     EXPECT_EQ(categoryOf("a.com"), Category::other);
     EXPECT_EQ(categoryOf("a.mkv"), Category::other);
-    // Pieces of that list and of another one as well.
+    // Substrings of that list and of another one.
     for (const std::string extension : {"ml_", "c_s"}) {
         EXPECT_TRUE(isValidOtherFile("/a." + extension)) << extension;
         EXPECT_EQ(categoryOf("a." + extension), Category::documents) << extension;
     }
 }
 
-TEST(Category, OfACompressedArchiveIsThatOfItsLastExtension) {
+TEST(Category, UsesTheLastExtensionOfACompressedArchive) {
     EXPECT_EQ(pathExtension("/a.tar.gz"), "gz");
     EXPECT_EQ(categoryOf("a.tar.gz"), Category::other);
     EXPECT_FALSE(isValidOtherFile("/a.tar.gz"));
@@ -230,7 +232,7 @@ TEST(Category, IsNoneWithoutAnExtension) {
     }
 }
 
-TEST(Category, OfAHiddenFileIsThatOfItsExtension) {
+TEST(Category, UsesTheExtensionOfAHiddenFile) {
     EXPECT_EQ(categoryOf(".hidden.png"), Category::image);
     EXPECT_EQ(categoryOf("..png"), Category::image);
 }
@@ -248,19 +250,19 @@ TEST(Category, InsideABundleIsOther) {
     EXPECT_EQ(classifier.classify("Makefile", true), std::nullopt);
 }
 
-TEST(Category, OutsideABundleDoesNotDependOnFoldersWithNamesAlike) {
+TEST(Category, FoldersWithSimilarNamesAreNotBundles) {
     for (const char* path : {"/x/Foo.APP/a.png", "/x/Foo.apps/a.png", "/x/app/a.png",
                              "/x/Foo.frameworks/a.png", "/x/Foo.app.png", "/x.png/.app.png"}) {
         EXPECT_EQ(categoryByRules(path), Category::image) << path;
     }
 }
 
-TEST(Category, InsideABundleIsNotEvenOfTheListOfOtherTypes) {
+TEST(Category, InsideABundleNoListMatches) {
     EXPECT_TRUE(isValidOtherFile("/x/a.zip"));
     EXPECT_FALSE(isValidOtherFile("/x/Foo.app/a.zip"));
 }
 
-TEST(Category, TakesALetterWhoseLowerCaseIsListed) {
+TEST(Category, MatchesAnyLetterWhoseLowerCaseMatches) {
     // The Kelvin sign's lower case is the letter k.
     EXPECT_EQ(categoryOf("a.w\xe2\x84\xaa"
                          "1"),
@@ -270,7 +272,7 @@ TEST(Category, TakesALetterWhoseLowerCaseIsListed) {
               Category::image);
 }
 
-TEST(Category, DoesNotTakeLettersThatOnlyLookListed) {
+TEST(Category, DoesNotMatchLookAlikeLetters) {
     EXPECT_EQ(categoryOf("a.jp\xc4\xb0"
                          "g"),
               Category::other);  // dotted capital I
@@ -284,7 +286,7 @@ TEST(Category, DoesNotTakeLettersThatOnlyLookListed) {
     EXPECT_EQ(categoryOf("a.jpg\xcc\x81"), Category::other);  // an accent behind
 }
 
-TEST(Category, DoesNotTakeBytesThatAreNotText) {
+TEST(Category, DoesNotMatchInvalidUtf8) {
     EXPECT_EQ(categoryOf("a.jpg\xff"), Category::other);
     EXPECT_EQ(categoryOf("a.\xff\xfe"), Category::other);
     EXPECT_EQ(categoryOf("\xff.JPG"), Category::image);
@@ -292,7 +294,7 @@ TEST(Category, DoesNotTakeBytesThatAreNotText) {
     EXPECT_EQ(categoryOf("a.JPG \xce\xa3"), Category::image);
 }
 
-TEST(StringPresence, IsThatOfEqualBytesInARow) {
+TEST(StringPresence, ComparesBytes) {
     EXPECT_TRUE(isStringPresent("one_two", "one"));
     EXPECT_TRUE(isStringPresent("one_two", "two"));
     EXPECT_TRUE(isStringPresent("one_two", "e_t"));
@@ -310,7 +312,7 @@ TEST(StringPresence, NeedsThreeCharacters) {
     EXPECT_FALSE(isStringPresent("", ""));
 }
 
-TEST(StringPresence, CountsUnitsOfUtf16) {
+TEST(StringPresence, CountsUtf16CodeUnits) {
     EXPECT_FALSE(isStringPresent("a\xc3\xa9", "a\xc3\xa9"));   // a, é: 2
     EXPECT_TRUE(isStringPresent("a\xc3\xa9z", "a\xc3\xa9z"));  // a, é, z: 3
     EXPECT_FALSE(
@@ -326,7 +328,7 @@ TEST(StringPresence, CountsUnitsOfUtf16) {
                         "a"));  // a pair, a: 3
 }
 
-TEST(StringPresence, CountsBytesThatAreNotTextOneByOne) {
+TEST(StringPresence, CountsEachInvalidByteAsOne) {
     EXPECT_FALSE(isStringPresent("\xff\xfe", "\xff\xfe"));
     EXPECT_TRUE(isStringPresent("\xff\xfe\xfd", "\xff\xfe\xfd"));
     EXPECT_TRUE(
@@ -337,7 +339,7 @@ TEST(StringPresence, CountsBytesThatAreNotTextOneByOne) {
     EXPECT_TRUE(isStringPresent("\xed\xa0\x80", "\xed\xa0\x80"));  // half a pair is not UTF-8: 3
 }
 
-TEST(PathExtension, IsWhatFollowsTheLastDotOfTheLastComponent) {
+TEST(PathExtension, FollowsTheLastDotOfTheLastComponent) {
     EXPECT_EQ(pathExtension("/tmp/scratch.tiff"), "tiff");
     EXPECT_EQ(pathExtension("scratch.tiff"), "tiff");
     EXPECT_EQ(pathExtension("/tmp/.scratch.tiff"), "tiff");
@@ -354,19 +356,19 @@ TEST(PathExtension, IsEmptyWithoutOne) {
     }
 }
 
-TEST(PathExtension, DoesNotSeeSlashesAtTheEnd) {
+TEST(PathExtension, IgnoresTrailingSlashes) {
     EXPECT_EQ(pathExtension("/Applications/Foo.app/"), "app");
     EXPECT_EQ(pathExtension("/Applications/Foo.app///"), "app");
     EXPECT_EQ(pathExtension("/x.old/scratch/"), "");
 }
 
-TEST(PathExtension, KeepsBlanksCaseAndBytes) {
+TEST(PathExtension, KeepsSpacesCaseAndBytes) {
     EXPECT_EQ(pathExtension("/Photo.JPG copy 2"), "JPG copy 2");
     EXPECT_EQ(pathExtension("/a. "), " ");
     EXPECT_EQ(pathExtension("/a.\xff\n"), "\xff\n");
 }
 
-TEST(ExtensionKey, IsTheExtensionInLowerCaseUpToItsFirstBlank) {
+TEST(ExtensionKey, IsTheLowerCaseExtensionUpToItsFirstSpace) {
     EXPECT_EQ(extensionKey("/home/ann/Photo.JPG copy"), "jpg");
     EXPECT_EQ(extensionKey("/home/ann/Photo.JPG"), "jpg");
     EXPECT_EQ(extensionKey("/home/ann/a. jpg"), "");
@@ -376,7 +378,7 @@ TEST(ExtensionKey, IsTheExtensionInLowerCaseUpToItsFirstBlank) {
     EXPECT_EQ(extensionKey("/home/ann/a.A\xce\xa3 B"), "a\xcf\x82");
 }
 
-TEST(SupportedImage, IsAWholeEntryOfItsList) {
+TEST(SupportedImage, MatchesWholeEntriesOnly) {
     for (const char* extension :
          {"bmp", "gif", "jpg", "png", "psd", "pspimage", "thm", "tif", "yuv", "tiff", "jpeg", "ai",
           "cr2", "crw", "dng", "kdc", "nef", "mrw",      "orf", "x3f", "raw", "raf",  "dcx"}) {
@@ -393,7 +395,7 @@ TEST(SupportedImage, MayHaveAnExtensionOfTwoLetters) {
     EXPECT_FALSE(isValidImageFile("/a.ai"));
 }
 
-TEST(SupportedImage, MayReachOverTwoEntries) {
+TEST(SupportedImage, MayMatchAcrossTwoEntries) {
     EXPECT_TRUE(isSupportedImage("/a.bmp_gif"));
     EXPECT_FALSE(isSupportedImage("/a.p_g"));
 }
@@ -404,16 +406,16 @@ TEST(SupportedImage, NeedsAnExtension) {
     EXPECT_FALSE(isSupportedImage(""));
 }
 
-TEST(SupportedImage, IsNotCutAtABlank) {
+TEST(SupportedImage, IsNotCutAtASpace) {
     EXPECT_FALSE(isSupportedImage("/a.jpg copy"));
     EXPECT_FALSE(isSupportedImage("/a.jpg "));
 }
 
-TEST(SupportedImage, MayLieInsideABundle) {
+TEST(SupportedImage, MayBeInsideABundle) {
     EXPECT_TRUE(isSupportedImage("/x/Foo.app/a.png"));
 }
 
-/// Names made of pieces of the lists and of everything that makes a difference.
+/// Random names made of substrings of the lists and of special characters.
 class RandomNames final {
  public:
     explicit RandomNames(std::uint64_t seed) : random_(seed) {}
@@ -421,17 +423,17 @@ class RandomNames final {
     std::string next() {
         std::string name;
         for (std::size_t count = below(7); count > 0; --count) {
-            name += piece();
+            name += part();
         }
-        // A name is never empty and never holds a slash.
+        // A name is never empty and never contains a slash.
         return name.empty() ? "a" : name;
     }
 
     bool nextFlag() { return below(4) == 0; }
 
  private:
-    std::string piece() {
-        static const std::vector<std::string> pieces{
+    std::string part() {
+        static const std::vector<std::string> parts{
             ".",        ".",
             ".",        " ",
             "_",        "jpg",
@@ -450,10 +452,10 @@ class RandomNames final {
             "\t",       "'",
             "x",        "0",
             "K",        "deskthemepack_dll_dmp_drv_lnk_sys_cab"};
-        return below(5) == 0 ? letters() : pieces[below(pieces.size())];
+        return below(5) == 0 ? letters() : parts[below(parts.size())];
     }
 
-    /// A stretch of a list, as it may be cut out by chance.
+    /// A random substring of a list.
     std::string letters() {
         static const std::string list =
             "psd_dng_bmp_gif_jpg_raw_aif_iff_m3u_m4a_mid_mp3_mpa_3g2_3gp_m4v_mts_txt_doc_xlsx_wk1";
@@ -467,8 +469,8 @@ class RandomNames final {
 };
 
 TEST(Classifier, AgreesWithTheRulesOnRandomNames) {
-    for (std::uint64_t seed = 1; seed <= 20; ++seed) {
-        SCOPED_TRACE("seed " + std::to_string(seed));
+    for (const std::uint64_t seed : testSeeds(20)) {
+        SCOPED_TRACE(seedText(seed));
         RandomNames names(seed);
         Classifier classifier;
         for (int count = 0; count < 5'000; ++count) {
@@ -481,7 +483,7 @@ TEST(Classifier, AgreesWithTheRulesOnRandomNames) {
     }
 }
 
-TEST(Classifier, StaysRightWhenItHasSeenMoreExtensionsThanItRemembers) {
+TEST(Classifier, StaysCorrectWithMoreExtensionsThanItCaches) {
     Classifier classifier;
     for (int number = 0; number < 10'000; ++number) {
         ASSERT_EQ(classifier.classify("a.x" + std::to_string(number), false), Category::other);
@@ -493,11 +495,11 @@ TEST(Classifier, StaysRightWhenItHasSeenMoreExtensionsThanItRemembers) {
     }
 }
 
-TEST(Classifier, TakesExtensionsOfAnyLength) {
+TEST(Classifier, HandlesExtensionsOfAnyLength) {
     for (const std::size_t length : {31u, 32u, 33u, 34u, 250u, 5'000u}) {
         EXPECT_EQ(categoryOf("a." + std::string(length, 'x')), Category::other) << length;
     }
-    // 31, 32 and 33 letters that stand in the list of images as they are.
+    // Substrings of the image list with 31, 32 and 33 letters.
     EXPECT_EQ(categoryOf("a.psd_dng_bmp_gif_jpg_png_psd_psp"), Category::image);
     EXPECT_EQ(categoryOf("a.PSD_dng_bmp_gif_jpg_png_psd_pspi"), Category::image);
     EXPECT_EQ(categoryOf("a.psd_dng_bmp_gif_jpg_png_psd_pspIM"), Category::image);

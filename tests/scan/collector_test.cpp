@@ -5,6 +5,7 @@
 #include "support/file_tree.h"
 #include "support/mount.h"
 #include "support/scan_tools.h"
+#include "support/test_seeds.h"
 #include "support/waiting.h"
 
 #include <dirent.h>
@@ -48,7 +49,7 @@ constexpr bool sanitized = true;
 constexpr bool sanitized = false;
 #endif
 
-/// Writes down what it is told, and lets the test act on it. Any thread.
+/// Records all reports and calls the test's functions. Any thread.
 class RecordingObserver final : public ScanObserver {
  public:
     std::function<void(const std::string& path)> onFile;
@@ -113,12 +114,12 @@ std::vector<LocationRow> folderRows(const Names& paths) {
 }
 
 FileIdentity identityOf(const std::string& path) {
-    struct stat answer{};
-    EXPECT_EQ(::stat(path.c_str(), &answer), 0) << path;
-    return {answer.st_dev, answer.st_ino};
+    struct stat status{};
+    EXPECT_EQ(::stat(path.c_str(), &status), 0) << path;
+    return {status.st_dev, status.st_ino};
 }
 
-/// One collection and what came of it.
+/// One collection and its result.
 struct Collection {
     Collector::Outcome outcome = Collector::Outcome::stopped;
     CategoryLists lists;
@@ -126,7 +127,7 @@ struct Collection {
     UnreadableReport unreadableInside;
     std::vector<LocationRow> rows;  // what is left of them
 
-    /// The paths of all files, category by category, in the order of collection.
+    /// The paths of all files by category, in the order of collection.
     [[nodiscard]] Names paths() {
         Names all;
         for (const Category category : allCategories) {
@@ -159,7 +160,7 @@ class CollectorTest : public testing::Test {
         return collect({folderRow(tree_.path())}, workers);
     }
 
-    /// What follows the tree's own path.
+    /// Paths relative to the tree.
     [[nodiscard]] std::string within(const std::string& path) const {
         return path.starts_with(tree_.path() + "/") ? path.substr(tree_.path().size() + 1) : path;
     }
@@ -211,12 +212,12 @@ TEST_F(CollectorTest, SortsFilesByTheirExtensions) {
     EXPECT_EQ(files(collection, Category::other), (Names{"a.7z", "a.ai"}));
 }
 
-TEST_F(CollectorTest, NeverCollectsFilesWithoutAnExtension) {
+TEST_F(CollectorTest, SkipsFilesWithoutAnExtension) {
     write({"Makefile", ".profile", "ends with a dot.", "a.txt", "folder.d/README"});
     EXPECT_EQ(collectTree().paths(), (Names{tree_.pathOf("a.txt")}));
 }
 
-TEST_F(CollectorTest, TakesEverythingInsideABundleForOther) {
+TEST_F(CollectorTest, PutsEverythingInsideABundleIntoOther) {
     write({"Foo.app/Contents/Resources/a.png", "Foo.framework/a.mp3", "Foo.app.png", "a.png",
            "x.apps/b.png"});
     Collection collection = collectTree();
@@ -225,13 +226,13 @@ TEST_F(CollectorTest, TakesEverythingInsideABundleForOther) {
     EXPECT_EQ(files(collection, Category::image), (Names{"Foo.app.png", "a.png", "x.apps/b.png"}));
 }
 
-TEST_F(CollectorTest, TakesALocationThatIsABundleForOther) {
+TEST_F(CollectorTest, PutsALocationThatIsABundleIntoOther) {
     write({"Foo.app/a.png"});
     Collection collection = collect({folderRow(tree_.pathOf("Foo.app"))});
     EXPECT_EQ(files(collection, Category::other), (Names{"Foo.app/a.png"}));
 }
 
-TEST_F(CollectorTest, PassesCertainNamesOverAtAnyDepth) {
+TEST_F(CollectorTest, SkipsSystemFolderNamesAtAnyDepth) {
     Names collected;
     for (const char* name :
          {".Trashes", ".Trash", "Applications", "System", "Library", "private", "usr"}) {
@@ -244,7 +245,7 @@ TEST_F(CollectorTest, PassesCertainNamesOverAtAnyDepth) {
     }
 }
 
-TEST_F(CollectorTest, PassesOnlyExactNamesOver) {
+TEST_F(CollectorTest, SkipsOnlyExactNames) {
     const Names names{".Trash.d/a.txt", ".hidden/a.txt",  ".trash/a.txt", "Applications 2/a.txt",
                       "Library./a.txt", "Private/a.txt",  "USR/a.txt",    "library/a.txt",
                       "system/a.txt",   "usr.local/a.txt"};
@@ -252,13 +253,13 @@ TEST_F(CollectorTest, PassesOnlyExactNamesOver) {
     EXPECT_EQ(documents(collectTree()), names);
 }
 
-TEST_F(CollectorTest, WalksALocationWhoseNameIsPassedOverElsewhere) {
+TEST_F(CollectorTest, WalksALocationWhoseNameIsSkippedElsewhere) {
     write({"Library/a.txt", "Library/Library/b.txt", "usr/share/c.txt"});
     EXPECT_EQ(documents(collect(folderRows({tree_.pathOf("Library"), tree_.pathOf("usr/share")}))),
               (Names{"Library/a.txt", "usr/share/c.txt"}));
 }
 
-TEST_F(CollectorTest, PassesTheTrashOfAVolumeOver) {
+TEST_F(CollectorTest, SkipsTrashFoldersOfVolumes) {
     write({".Trash-0/a.txt", ".Trash-1000/files/a.txt", "x/.Trash-1000/a.txt", ".Trash-/a.txt",
            ".Trash-1000a/a.txt", ".Trash-abc/a.txt", ".Trash1000/a.txt", "Trash-1000/a.txt"});
     EXPECT_EQ(documents(collectTree()),
@@ -274,7 +275,7 @@ TEST_F(CollectorTest, DoesNotFollowLinks) {
     EXPECT_EQ(documents(collectTree()), (Names{"a.txt", "folder/b.txt"}));
 }
 
-TEST_F(CollectorTest, EndsWhereLinksGoInCircles) {
+TEST_F(CollectorTest, EndsWithCircularLinks) {
     write({"folder/a.txt"});
     tree_.makeLink("folder/up", "..");
     tree_.makeLink("folder/self", "self");
@@ -288,7 +289,7 @@ TEST_F(CollectorTest, FollowsALinkThatIsALocation) {
     EXPECT_EQ(documents(collect({folderRow(link)})), (Names{"link/a.txt"}));
 }
 
-TEST_F(CollectorTest, LeavesLockedFilesOutInSilence) {
+TEST_F(CollectorTest, SkipsLockedFilesWithoutReportingThem) {
     write({"a.txt", "b.txt"});
     fileSystem_.setImmutable(tree_.pathOf("a.txt"));
     EXPECT_EQ(documents(collectTree()), (Names{"b.txt"}));
@@ -301,7 +302,7 @@ TEST_F(CollectorTest, CollectsEmptyFiles) {
     EXPECT_EQ(documents(collectTree()), (Names{"a.txt", "b.txt"}));
 }
 
-TEST_F(CollectorTest, LeavesExceptionsOutButShowsThem) {
+TEST_F(CollectorTest, SkipsExceptionsButReportsThem) {
     write({"a.txt", "b.txt", "folder/a.txt"});
     exceptions_ =
         ExceptionFilter({tree_.pathOf("a.txt"), tree_.pathOf("B.txt"), tree_.pathOf("folder")});
@@ -309,26 +310,26 @@ TEST_F(CollectorTest, LeavesExceptionsOutButShowsThem) {
     EXPECT_EQ(labels(), (Names{"a.txt", "b.txt", "folder/a.txt"}));
 }
 
-TEST_F(CollectorTest, LeavesExceptionsOutOfALocationWithASlashAtItsEnd) {
+TEST_F(CollectorTest, SkipsExceptionsInALocationWithATrailingSlash) {
     write({"a.txt", "b.txt"});
     exceptions_ = ExceptionFilter({tree_.pathOf("a.txt")});
     EXPECT_EQ(documents(collect({folderRow(tree_.path() + "/")})), (Names{"b.txt"}));
 }
 
-TEST_F(CollectorTest, ShowsEveryFileItComesTo) {
+TEST_F(CollectorTest, ReportsEveryFileWithoutAnInterval) {
     write({"a.txt", "folder/Makefile", "folder/b.jpg", "z"});
     EXPECT_EQ(collectTree().lists.total(), 2u);
     EXPECT_EQ(labels(), (Names{"a.txt", "folder/Makefile", "folder/b.jpg", "z"}));
 }
 
-TEST_F(CollectorTest, ShowsNoMoreFilesThanTheGateLetsThrough) {
+TEST_F(CollectorTest, ReportsOnlyFilesThatTheGateLetsThrough) {
     write({"a.txt", "b.txt", "c.txt"});
     labelInterval_ = 1h;
     EXPECT_EQ(collectTree().lists.total(), 3u);
     EXPECT_EQ(labels(), (Names{"a.txt"}));
 }
 
-TEST_F(CollectorTest, RecordsWhatTheFileSystemSaysOfAFile) {
+TEST_F(CollectorTest, RecordsSizeAndDatesOfAFile) {
     const std::string path = tree_.writeFile("folder/a.txt", "12345");
     const timespec times[2] = {{1'600'000'000, 0}, {1'700'000'000, 123'456'789}};
     ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
@@ -368,7 +369,7 @@ TEST_F(CollectorTest, SkipsRowsThatAreFilesOrUnchecked) {
     EXPECT_TRUE(collection.unreadable.empty());
 }
 
-TEST_F(CollectorTest, SaysWhenThereIsNothing) {
+TEST_F(CollectorTest, ReportsThatNothingWasCollected) {
     write({"Makefile"});
     Collection collection = collectTree();
     EXPECT_EQ(collection.outcome, Collector::Outcome::nothing);
@@ -376,7 +377,7 @@ TEST_F(CollectorTest, SaysWhenThereIsNothing) {
     EXPECT_EQ(observer_.events(), (Names{"started", "nothing", "finished"}));
 }
 
-TEST_F(CollectorTest, FindsNothingInNoRows) {
+TEST_F(CollectorTest, WithoutRowsCollectsNothing) {
     EXPECT_EQ(collect({}).outcome, Collector::Outcome::nothing);
     EXPECT_EQ(observer_.events(), (Names{"started", "nothing", "finished"}));
 }
@@ -433,7 +434,7 @@ TEST_F(CollectorTest, EndsTheLastRowEarlyWhenItIsStoppedInside) {
     EXPECT_EQ(fileSystem_.openNow(), 0u);
 }
 
-TEST_F(CollectorTest, StopsInsideALargeFolderAtOnce) {
+TEST_F(CollectorTest, StopTakesEffectInsideALargeFolder) {
     fileSystem_.inventFiles(tree_.path(), 1'000'000);
     std::chrono::steady_clock::time_point stopped;
     observer_.onFile = [&](const std::string& path) {
@@ -447,7 +448,7 @@ TEST_F(CollectorTest, StopsInsideALargeFolderAtOnce) {
     EXPECT_LT(fileSystem_.entriesListed(), 100'000u);
 }
 
-TEST_F(CollectorTest, PausesInsideALargeFolderAtOnce) {
+TEST_F(CollectorTest, PauseTakesEffectInsideALargeFolder) {
     fileSystem_.inventFiles(tree_.path(), 1'000'000);
     observer_.onFile = [&](const std::string& path) {
         if (path.ends_with("-20000.txt")) {
@@ -458,7 +459,7 @@ TEST_F(CollectorTest, PausesInsideALargeFolderAtOnce) {
     std::thread collecting([&] { collection = collectTree(); });
     EXPECT_TRUE(waitUntil([&] { return observer_.events().size() == 2; }));
     const auto paused = std::chrono::steady_clock::now();
-    // What the workers have in hand is finished; then nothing is listed for a good while.
+    // The workers finish their current blocks; afterwards nothing is listed.
     const auto promptly = sanitized ? 2'000ms : 200ms;
     std::uint64_t listed = 0;
     auto still = paused;
@@ -530,13 +531,13 @@ TEST_F(CollectorTest, WaitsAtUncheckedRows) {
     EXPECT_EQ(observer_.events(), (Names{"started", "paused", "goes on", "nothing", "finished"}));
 }
 
-/// Lets a pause begin at one call of a walk, ends it when the observer knows of it, and says
-/// whether it came to know.
+/// Begins a pause at one call of a walk and ends it when it is reported. Returns whether it was
+/// reported.
 void pauseAt(FaultyFileSystem& fileSystem, ScanControl& control, FileCall call) {
     fileSystem.beforeCall(call, 1, [&control] { control.setPause(true); });
 }
 
-TEST_F(CollectorTest, TellsOfAPauseThatBeginsWhileAFolderIsListed) {
+TEST_F(CollectorTest, ReportsAPauseThatBeginsDuringAListing) {
     for (const FileCall call : {FileCall::openRootDirectory, FileCall::listEntries,
                                 FileCall::openDirectoryAt, FileCall::attributesOf}) {
         SCOPED_TRACE(static_cast<int>(call));
@@ -548,32 +549,32 @@ TEST_F(CollectorTest, TellsOfAPauseThatBeginsWhileAFolderIsListed) {
         const std::size_t before = observer_.events().size();
         std::thread collecting([&] { EXPECT_EQ(collectTree().lists.total(), 200u); });
         EXPECT_TRUE(waitUntil([&] { return observer_.events().size() == before + 2; }))
-            << "Nobody is told that the collection waits";
+            << "Nobody is reported that the collection waits";
         control_.setPause(false);
         collecting.join();
     }
 }
 
-TEST_F(CollectorTest, TellsOfAPauseThatBeginsWhileAttributesAreRead) {
+TEST_F(CollectorTest, ReportsAPauseThatBeginsWhileAttributesAreRead) {
     for (int number = 0; number < 2000; ++number) {
         tree_.writeFile("folder/" + std::to_string(number) + ".txt");
     }
     pauseAt(fileSystem_, control_, FileCall::attributesAt);
     std::thread collecting([&] { EXPECT_EQ(collectTree().lists.total(), 2000u); });
     EXPECT_TRUE(waitUntil([&] { return observer_.events().size() == 2; }))
-        << "Nobody is told that the collection waits";
+        << "Nobody is reported that the collection waits";
     control_.setPause(false);
     collecting.join();
     EXPECT_EQ(observer_.events(), (Names{"started", "paused", "goes on", "finished"}));
 }
 
-TEST_F(CollectorTest, PausesAsOftenAsItIsTold) {
+TEST_F(CollectorTest, PausesAndResumesRepeatedly) {
     write({"a.txt", "b.txt", "c.txt", "d.txt"});
     observer_.onFile = [&](const std::string&) { control_.setPause(true); };
     observer_.onPause = [&] { control_.setPause(false); };
     EXPECT_EQ(collectTree().lists.total(), 4u);
     const Names events = observer_.events();
-    // Once after each file; after the last one the walk may be over before it looks.
+    // Once after each file; after the last one the walk may end before it checks the flag.
     EXPECT_GE(std::count(events.begin(), events.end(), "paused"), 3);
     EXPECT_EQ(std::count(events.begin(), events.end(), "paused"),
               std::count(events.begin(), events.end(), "goes on"));
@@ -590,7 +591,7 @@ TEST_F(CollectorTest, StopsAtTheEndOfAPause) {
     EXPECT_EQ(labels(), (Names{"a.txt"}));
 }
 
-TEST_F(CollectorTest, WalksAFolderOnceThatTwoRowsName) {
+TEST_F(CollectorTest, WalksAFolderNamedByTwoRowsOnce) {
     write({"a/1.txt", "b/2.txt"});
     const std::string path = tree_.pathOf("a");
     Collection collection = collect(folderRows({path, tree_.pathOf("b"), path, path + "/"}));
@@ -598,26 +599,26 @@ TEST_F(CollectorTest, WalksAFolderOnceThatTwoRowsName) {
     EXPECT_TRUE(collection.unreadable.empty());
 }
 
-TEST_F(CollectorTest, WalksAFolderOnceThatLiesInAnotherRow) {
+TEST_F(CollectorTest, WalksAFolderInsideAnotherRowOnce) {
     write({"a/1.txt", "a/b/2.txt", "a/c/3.txt"});
     EXPECT_EQ(documents(collect(folderRows({tree_.pathOf("a"), tree_.pathOf("a/b")}))),
               (Names{"a/1.txt", "a/b/2.txt", "a/c/3.txt"}));
 }
 
-TEST_F(CollectorTest, WalksAFolderOnceThatWasARowBefore) {
+TEST_F(CollectorTest, WalksAFolderThatWasAnEarlierRowOnce) {
     write({"a/1.txt", "a/b/2.txt", "a/b/c/4.txt", "a/c/3.txt"});
     EXPECT_EQ(documents(collect(folderRows({tree_.pathOf("a/b"), tree_.path()}))),
               (Names{"a/b/2.txt", "a/b/c/4.txt", "a/1.txt", "a/c/3.txt"}));
 }
 
-TEST_F(CollectorTest, WalksAFolderOnceThatALinkNamesToo) {
+TEST_F(CollectorTest, WalksAFolderBehindALinkOnce) {
     write({"a/1.txt"});
     const std::string link = tree_.makeLink("link", "a");
     EXPECT_EQ(documents(collect(folderRows({tree_.pathOf("a"), link, tree_.pathOf("link/../a")}))),
               (Names{"a/1.txt"}));
 }
 
-TEST_F(CollectorTest, WalksAFolderOnceThatIsMountedElsewhereToo) {
+TEST_F(CollectorTest, WalksABindMountedFolderOnce) {
     write({"a/1.txt", "a/inner/2.txt"});
     const std::string path = tree_.makeFolder("b");
     const Mount mount(tree_.pathOf("a"), path, "none", MS_BIND);
@@ -626,7 +627,7 @@ TEST_F(CollectorTest, WalksAFolderOnceThatIsMountedElsewhereToo) {
     }
 }
 
-TEST_F(CollectorTest, EndsWhereAFolderIsMountedInsideItself) {
+TEST_F(CollectorTest, EndsWithAFolderMountedInsideItself) {
     write({"a/1.txt", "a/z/2.txt"});
     const Mount mount(tree_.path(), tree_.makeFolder("a/b"), "none", MS_BIND);
     if (mount) {
@@ -644,7 +645,7 @@ TEST_F(CollectorTest, WalksOtherFileSystemsInsideALocation) {
     }
 }
 
-TEST_F(CollectorTest, PassesMountedTablesOfTheKernelOver) {
+TEST_F(CollectorTest, SkipsMountedPseudoFileSystems) {
     write({"a.txt", "c.txt"});
     const Mount mount("none", tree_.makeFolder("b"), "proc");
     if (mount) {
@@ -653,7 +654,7 @@ TEST_F(CollectorTest, PassesMountedTablesOfTheKernelOver) {
     }
 }
 
-TEST_F(CollectorTest, PassesTablesOfTheKernelOverThatAreMountedWhereFilesWere) {
+TEST_F(CollectorTest, SkipsPseudoFileSystemsMountedOverFiles) {
     write({"a.txt", "c.txt"});
     const std::string path = tree_.makeFolder("b");
     {
@@ -670,7 +671,7 @@ TEST_F(CollectorTest, PassesTablesOfTheKernelOverThatAreMountedWhereFilesWere) {
     EXPECT_EQ(fileSystem_.entriesListed(), before + 3);
 }
 
-TEST_F(CollectorTest, DoesNotWalkTablesOfTheKernelEvenAsALocation) {
+TEST_F(CollectorTest, SkipsAPseudoFileSystemAsALocation) {
     Collection collection = collect(folderRows({"/proc", "/proc/sys"}));
     EXPECT_EQ(collection.outcome, Collector::Outcome::nothing);
     EXPECT_EQ(fileSystem_.entriesListed(), 0u);
@@ -679,13 +680,13 @@ TEST_F(CollectorTest, DoesNotWalkTablesOfTheKernelEvenAsALocation) {
     EXPECT_EQ(collection.unreadable[1].path, "/proc/sys");
 }
 
-TEST_F(CollectorTest, DoesNotWalkTheTrashOfTheHome) {
+TEST_F(CollectorTest, SkipsTheHomeTrash) {
     write({"a.txt", "data/Trash/files/b.txt", "data/c.txt"});
     fileSystem_.setHomeTrash(identityOf(tree_.pathOf("data/Trash")));
     EXPECT_EQ(documents(collectTree()), (Names{"a.txt", "data/c.txt"}));
 }
 
-TEST_F(CollectorTest, DoesNotWalkTheTrashOfTheHomeEvenAsALocation) {
+TEST_F(CollectorTest, SkipsTheHomeTrashAsALocation) {
     write({"data/Trash/files/b.txt"});
     fileSystem_.setHomeTrash(identityOf(tree_.pathOf("data/Trash")));
     const std::string link = tree_.makeLink("link", "data/Trash");
@@ -696,7 +697,7 @@ TEST_F(CollectorTest, DoesNotWalkTheTrashOfTheHomeEvenAsALocation) {
 
 class TrashAsALocation : public CollectorTest, public testing::WithParamInterface<const char*> {};
 
-TEST_P(TrashAsALocation, IsNotWalkedAndTold) {
+TEST_P(TrashAsALocation, IsSkippedAndReported) {
     write({"volume/.Trash/1000/files/a.txt", "volume/.Trash-1000/files/b.txt", "home/files/c.txt",
            "there.txt"});
     fileSystem_.setHomeTrash(identityOf(tree_.pathOf("home")));
@@ -717,14 +718,14 @@ INSTANTIATE_TEST_SUITE_P(Places, TrashAsALocation,
                                          "home/files"),
                          [](const auto& info) { return "Place" + std::to_string(info.index); });
 
-TEST_F(CollectorTest, ALockedFileThatIsNeverCollectedIsNotShown) {
+TEST_F(CollectorTest, LockedFileWithoutAnExtensionIsNotReported) {
     write({"Makefile", "README"});
     fileSystem_.setImmutable(tree_.pathOf("Makefile"));
     collectTree();
     EXPECT_EQ(labels(), Names{"README"});
 }
 
-TEST_F(CollectorTest, NeverOpensWhatIsNoFolder) {
+TEST_F(CollectorTest, OpensOnlyFolders) {
     write({"a.txt"});
     tree_.makePipe("pipe.txt");
     tree_.makeSocket("socket.txt");
@@ -741,13 +742,13 @@ TEST_F(CollectorTest, NeverOpensWhatIsNoFolder) {
     EXPECT_EQ(labels(), (Names{"a.txt", "a.txt"}));
 }
 
-TEST_F(CollectorTest, FindsNothingToCollectAmongDevices) {
+TEST_F(CollectorTest, CollectsNoDevices) {
     Collection collection = collect({folderRow("/dev")});
     EXPECT_EQ(collection.lists.total(), 0u);
     EXPECT_EQ(fileSystem_.calls(FileCall::openFile), 0u);
 }
 
-TEST_F(CollectorTest, WalksFileSystemsThatDoNotSayTypes) {
+TEST_F(CollectorTest, WalksFileSystemsWithoutEntryTypes) {
     write({"a.txt", "b/c.txt", "b/d/e.jpg", "b/README", "usr/f.txt"});
     tree_.makeLink("b/link", "..");
     fileSystem_.hideEntryTypes();
@@ -755,7 +756,7 @@ TEST_F(CollectorTest, WalksFileSystemsThatDoNotSayTypes) {
     EXPECT_EQ(within(collection.paths()), (Names{"b/d/e.jpg", "a.txt", "b/c.txt"}));
 }
 
-TEST_F(CollectorTest, PassesFoldersOverThatCannotBeOpened) {
+TEST_F(CollectorTest, SkipsFoldersThatCannotBeOpened) {
     write({"a/1.txt", "b/2.txt", "c/3.txt"});
     fileSystem_.failCall(FileCall::openDirectoryAt, FaultyFileSystem::each, EACCES, "/b");
     Collection collection = collectTree();
@@ -763,27 +764,27 @@ TEST_F(CollectorTest, PassesFoldersOverThatCannotBeOpened) {
     EXPECT_TRUE(collection.unreadable.empty());
 }
 
-TEST_F(CollectorTest, PassesFoldersOverThatCannotBeListed) {
+TEST_F(CollectorTest, SkipsFoldersThatCannotBeListed) {
     write({"a/1.txt", "b/2.txt", "c/3.txt"});
     fileSystem_.failCall(FileCall::listEntries, 1, EIO, "/b");
     EXPECT_EQ(documents(collectTree()), (Names{"a/1.txt", "c/3.txt"}));
 }
 
-TEST_F(CollectorTest, PassesFoldersOverWhoseIdentityCannotBeRead) {
+TEST_F(CollectorTest, SkipsFoldersWhoseIdentityCannotBeRead) {
     write({"a/1.txt", "b/2.txt", "c/3.txt"});
     fileSystem_.failCall(FileCall::attributesOf, 1, EIO, "/b");
     EXPECT_EQ(documents(collectTree()), (Names{"a/1.txt", "c/3.txt"}));
     EXPECT_EQ(fileSystem_.openNow(), 0u);
 }
 
-TEST_F(CollectorTest, PassesFilesOverWhoseAttributesCannotBeRead) {
+TEST_F(CollectorTest, SkipsFilesWhoseAttributesCannotBeRead) {
     write({"a.txt", "b.txt", "c.txt"});
     fileSystem_.failCall(FileCall::attributesAt, 1, EIO, "/b.txt");
     EXPECT_EQ(documents(collectTree()), (Names{"a.txt", "c.txt"}));
     EXPECT_EQ(labels(), (Names{"a.txt", "c.txt"}));
 }
 
-TEST_F(CollectorTest, PassesOverWhatVanishesMeanwhile) {
+TEST_F(CollectorTest, SkipsEntriesThatVanish) {
     write({"a.txt", "b.txt", "c/1.txt", "d/2.txt"});
     fileSystem_.beforeCall(
         FileCall::attributesAt, 1, [&] { std::filesystem::remove(tree_.pathOf("b.txt")); },
@@ -794,7 +795,7 @@ TEST_F(CollectorTest, PassesOverWhatVanishesMeanwhile) {
     EXPECT_EQ(documents(collectTree()), (Names{"a.txt", "d/2.txt"}));
 }
 
-TEST_F(CollectorTest, PassesALocationOverThatVanishesMeanwhile) {
+TEST_F(CollectorTest, SkipsALocationThatVanishes) {
     write({"a/1.txt", "b/2.txt"});
     fileSystem_.beforeCall(
         FileCall::listEntries, 1, [&] { std::filesystem::remove_all(tree_.pathOf("a")); }, "/a");
@@ -802,7 +803,7 @@ TEST_F(CollectorTest, PassesALocationOverThatVanishesMeanwhile) {
               (Names{"b/2.txt"}));
 }
 
-TEST_F(CollectorTest, DoesNotFollowALinkThatTakesAFoldersPlace) {
+TEST_F(CollectorTest, DoesNotFollowALinkThatReplacesAFolder) {
     write({"a/1.txt", "outside/2.txt"});
     fileSystem_.beforeCall(
         FileCall::openDirectoryAt, 1,
@@ -814,7 +815,7 @@ TEST_F(CollectorTest, DoesNotFollowALinkThatTakesAFoldersPlace) {
     EXPECT_EQ(documents(collectTree()), (Names{"outside/2.txt"}));
 }
 
-TEST_F(CollectorTest, WalksAFolderThatTakesAFilesPlace) {
+TEST_F(CollectorTest, WalksAFolderThatReplacesAFile) {
     write({"a.txt", "b.txt", "c.txt"});
     fileSystem_.beforeCall(
         FileCall::attributesAt, 1,
@@ -826,7 +827,7 @@ TEST_F(CollectorTest, WalksAFolderThatTakesAFilesPlace) {
     EXPECT_EQ(documents(collectTree()), (Names{"a.txt", "b.txt/inner.txt", "c.txt"}));
 }
 
-TEST_F(CollectorTest, KeepsWhatItHasOfAFolderThatCannotBeReadOn) {
+TEST_F(CollectorTest, KeepsTheEntriesBeforeAListingError) {
     fileSystem_.inventFiles(tree_.makeFolder("a"), 5000);
     write({"b/z.txt"});
     fileSystem_.failCall(FileCall::listEntries, 3, EIO, "/a");
@@ -842,7 +843,7 @@ TEST_F(CollectorTest, ReadsNoAttributesOfFilesItNeverCollects) {
     EXPECT_EQ(fileSystem_.calls(FileCall::attributesAt), 1u);
 }
 
-TEST_F(CollectorTest, TellsOfLocationsThatCannotBeRead) {
+TEST_F(CollectorTest, ReportsLocationsThatCannotBeRead) {
     write({"a.txt", "folder/b.txt"});
     fileSystem_.failCall(FileCall::openRootDirectory, 1, EACCES, "/closed");
     const Names paths{tree_.pathOf("missing"), tree_.pathOf("folder"), tree_.pathOf("a.txt"),
@@ -859,8 +860,8 @@ TEST_F(CollectorTest, TellsOfLocationsThatCannotBeRead) {
     EXPECT_EQ(collection.unreadable[2].error.code, EACCES);
 }
 
-TEST_F(CollectorTest, DoesNotTakeALocationWithoutANameForTheRoot) {
-    // Nothing is to be walked, whatever is asked for.
+TEST_F(CollectorTest, EmptyLocationIsNotTheRoot) {
+    // Nothing must be walked.
     fileSystem_.failCall(FileCall::listEntries, FaultyFileSystem::each, EIO);
     Collection collection = collect({folderRow("")});
     EXPECT_EQ(fileSystem_.opens("/"), 0u);
@@ -869,7 +870,7 @@ TEST_F(CollectorTest, DoesNotTakeALocationWithoutANameForTheRoot) {
     EXPECT_EQ(collection.unreadable.front().error.code, ENOENT);
 }
 
-TEST_F(CollectorTest, TellsOfALocationWhoseListingFails) {
+TEST_F(CollectorTest, ReportsALocationWhoseListingFails) {
     write({"folder/b.txt"});
     fileSystem_.failCall(FileCall::listEntries, 1, EIO);
     Collection collection = collect({folderRow(tree_.pathOf("folder"))});
@@ -887,7 +888,7 @@ TEST_F(CollectorTest, WalksFiveThousandLevels) {
     EXPECT_TRUE(systemFileSystem().openFile(innermost));
 }
 
-TEST_F(CollectorTest, WalksALocationWhosePathIsLongerThanTheSystemTakes) {
+TEST_F(CollectorTest, WalksALocationWithAPathOverPathMax) {
     const std::string bottom = tree_.makeChain("", std::string(250, 'd'), 20, {"a.txt"});
     ASSERT_GT(bottom.size(), 4'096u);
     EXPECT_EQ(collect({folderRow(bottom)}).paths(), (Names{bottom + "/a.txt"}));
@@ -954,7 +955,7 @@ TEST_F(CollectorTest, CollectsTheSameWithFewDescriptors) {
     EXPECT_LE(usually, 256u);
 }
 
-TEST_F(CollectorTest, LeavesNothingOpen) {
+TEST_F(CollectorTest, LeavesNoDescriptorOpen) {
     tree_.makeChain("a", "deep", 300, {"a.txt"});
     write({"b/c.txt", "d/e.txt"});
     fileSystem_.failCall(FileCall::listEntries, 7, EIO);
@@ -964,7 +965,7 @@ TEST_F(CollectorTest, LeavesNothingOpen) {
     EXPECT_GT(fileSystem_.openAtMost(), 0u);
 }
 
-/// The same walk as plainly as can be: one thread, whole paths, a recursion.
+/// Reference implementation of the walk: one thread, whole paths, recursive.
 class PlainWalk final {
  public:
     struct Found {
@@ -978,7 +979,7 @@ class PlainWalk final {
     PlainWalk(std::set<std::string> exceptions, bool sorted)
         : exceptions_(std::move(exceptions)), sorted_(sorted) {}
 
-    /// A location inside a Trash is not walked.
+    /// Skips a location inside a Trash.
     void walkLocation(const std::string& location) {
         if (("/" + location + "/").find("/.Trash-12/") == std::string::npos) {
             walk(location);
@@ -1057,7 +1058,7 @@ class PlainWalk final {
 
 class RandomTrees : public CollectorTest {
  protected:
-    /// Fills `folder` with a few entries of any kind.
+    /// Fills `folder` with a few random entries.
     void fill(const std::string& folder, int depth) {
         static const Names names{"a.jpg",    "b.JPG",         "c.txt", "d",         "e.mp3",
                                  "f.mp4",    "Library",       "usr",   ".Trash-12", ".hidden",
@@ -1101,9 +1102,9 @@ class RandomTrees : public CollectorTest {
     Names folders_;
 };
 
-TEST_F(RandomTrees, AreCollectedAsByAPlainWalk) {
-    for (std::uint64_t seed = 1; seed <= 12; ++seed) {
-        SCOPED_TRACE(seed);
+TEST_F(RandomTrees, AreCollectedAsByTheReferenceWalk) {
+    for (const std::uint64_t seed : testSeeds(12)) {
+        SCOPED_TRACE(seedText(seed));
         random_.seed(seed);
         const std::string base = "tree " + std::to_string(seed);
         paths_.clear();

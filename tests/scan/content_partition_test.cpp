@@ -30,37 +30,37 @@ constexpr std::chrono::milliseconds quickly{2000};
 constexpr std::chrono::milliseconds quickly{200};
 #endif
 
-/// Files that are compared through a file system that counts and fails.
+/// Compares files through a file system that counts calls and injects faults.
 class Comparison : public ::testing::Test {
  protected:
-    /// A file of that size that occupies no room; its bytes are zero except where `mark` stands.
+    /// A sparse file of that size; all bytes are zero except `mark` at offset `place`.
     std::string sparse(std::string_view name, std::uint64_t size, std::uint64_t place = 0,
                        std::string_view mark = {}) {
-        const std::string path = bench_.folder().writeFile(name, "");
+        const std::string path = fixture_.folder().writeFile(name, "");
         std::filesystem::resize_file(path, size);
         if (!mark.empty()) {
             std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
             file.seekp(static_cast<std::streamoff>(place));
             file.write(mark.data(), static_cast<std::streamsize>(mark.size()));
         }
-        bench_.addPath(path, size);
+        fixture_.addPath(path, size);
         return path;
     }
 
-    PlainResult find() { return plainResultOf(*bench_.find()); }
+    PlainResult find() { return plainResultOf(*fixture_.find()); }
 
     static PlainResult oneSet(std::vector<std::string> paths) {
         return {{"txt", {std::move(paths)}}};
     }
 
     FaultyFileSystem fileSystem_;
-    ComparisonFixture bench_{fileSystem_};
+    ComparisonFixture fixture_{fileSystem_};
 };
 
-TEST_F(Comparison, OpensNothingWhoseSizeIsUnique) {
-    bench_.add("a.txt", "1");
-    bench_.add("b.txt", "22");
-    bench_.add("c.txt", "333");
+TEST_F(Comparison, DoesNotOpenFilesOfUniqueSize) {
+    fixture_.add("a.txt", "1");
+    fixture_.add("b.txt", "22");
+    fixture_.add("c.txt", "333");
     EXPECT_EQ(find(), PlainResult{});
     EXPECT_EQ(fileSystem_.calls(FileCall::openFile), 0U);
     EXPECT_EQ(fileSystem_.calls(FileCall::attributesOf), 0U);
@@ -68,12 +68,12 @@ TEST_F(Comparison, OpensNothingWhoseSizeIsUnique) {
 
 TEST_F(Comparison, ReadsSmallFilesOnce) {
     for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
-        bench_.add(name, noise(9'000, 5));
+        fixture_.add(name, noise(9'000, 5));
     }
     find();
     for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
-        EXPECT_EQ(fileSystem_.bytesRead(bench_.folder().pathOf(name)), 9'000U);
-        EXPECT_EQ(fileSystem_.opens(bench_.folder().pathOf(name)), 1U);
+        EXPECT_EQ(fileSystem_.bytesRead(fixture_.folder().pathOf(name)), 9'000U);
+        EXPECT_EQ(fileSystem_.opens(fixture_.folder().pathOf(name)), 1U);
     }
 }
 
@@ -86,7 +86,7 @@ TEST_F(Comparison, ReadsLargeEqualFilesOnce) {
     EXPECT_EQ(fileSystem_.opens(a), 1U);
 }
 
-TEST_F(Comparison, ADifferenceAtTheEndIsSeenBeforeTheMiddleIsRead) {
+TEST_F(Comparison, FindsADifferenceAtTheEndBeforeReadingTheMiddle) {
     const std::string a = sparse("a.txt", 50'000'000, 49'999'999, "x");
     const std::string b = sparse("b.txt", 50'000'000, 49'999'999, "y");
     EXPECT_EQ(find(), PlainResult{});
@@ -94,14 +94,14 @@ TEST_F(Comparison, ADifferenceAtTheEndIsSeenBeforeTheMiddleIsRead) {
     EXPECT_LE(fileSystem_.bytesRead(b), 2 * firstBlock);
 }
 
-TEST_F(Comparison, ADifferenceInTheMiddleEndsTheReading) {
+TEST_F(Comparison, DifferenceInTheMiddleEndsTheReading) {
     const std::string a = sparse("a.txt", 200'000'000, 1'000'000, "x");
     const std::string b = sparse("b.txt", 200'000'000, 1'000'000, "y");
     EXPECT_EQ(find(), PlainResult{});
     EXPECT_LT(fileSystem_.bytesRead(a), 40'000'000U);
 }
 
-/// Sizes at which the way of comparing changes, with differences at telling places.
+/// Sizes at which the method of comparison changes, with differences at different offsets.
 class ReadingOnce : public Comparison, public ::testing::WithParamInterface<std::size_t> {};
 
 TEST_P(ReadingOnce, HoldsForEveryFileOfTheClass) {
@@ -109,13 +109,13 @@ TEST_P(ReadingOnce, HoldsForEveryFileOfTheClass) {
     const std::size_t count = GetParam();
     std::vector<std::string> paths;
     for (std::size_t number = 0; number < count; ++number) {
-        // A third is equal, a third differs behind the first block, a third late in the middle.
+        // A third is equal, a third differs after the first block, a third late in the middle.
         const std::string mark(1, static_cast<char>('a' + number % 20));
         const std::uint64_t place = number % 3 == 1 ? firstBlock + number : 500'000;
         paths.push_back(sparse(std::to_string(number) + ".txt", size, place,
                                number % 3 == 0 ? std::string() : mark));
     }
-    const PlainResult expected = findPairwise(bench_.list());
+    const PlainResult expected = findPairwise(fixture_.list());
     EXPECT_EQ(find(), expected);
     const std::uint64_t again = count > 64 ? firstBlock : 0;
     for (const std::string& path : paths) {
@@ -126,37 +126,37 @@ TEST_P(ReadingOnce, HoldsForEveryFileOfTheClass) {
 INSTANTIATE_TEST_SUITE_P(ClassSizes, ReadingOnce,
                          ::testing::Values(2, 5, 31, 33, 64, 65, 129, 400));
 
-TEST_F(Comparison, ManyFilesThatDifferBehindTheFirstBlockAreReadNoFurther) {
-    // All different: what is kept of each must fit into the buffers.
+TEST_F(Comparison, ManyFilesThatDifferAfterTheFirstBlockAreReadNoFurther) {
+    // All different: one chunk of each must fit into the buffers.
     std::vector<std::string> paths;
     for (unsigned number = 0; number < 3'000; ++number) {
         const std::string mark = std::to_string(number);
         paths.push_back(sparse(mark + ".txt", 1'000'000, firstBlock * 2, "#" + mark + "#"));
     }
     EXPECT_EQ(find(), PlainResult{});
-    // First block twice, last block, the next, and the piece that tells it apart. One file, against
-    // which the others were held, was read further.
+    // First block twice, last block, the next, and the chunk that differs. The reference file was
+    // read further.
     EXPECT_LE(std::count_if(paths.begin(), paths.end(),
                             [this](const std::string& path) {
                                 return fileSystem_.bytesRead(path) > 5 * firstBlock;
                             }),
               1);
-    EXPECT_GT(bench_.finder().bufferBytes(), 0U);
-    EXPECT_LE(bench_.finder().bufferBytes(), 64U * 1024 * 1024);
+    EXPECT_GT(fixture_.finder().bufferBytes(), 0U);
+    EXPECT_LE(fixture_.finder().bufferBytes(), 64U * 1024 * 1024);
 }
 
 TEST_F(Comparison, TenThousandEqualFilesUnderALimitOf64Descriptors) {
     fileSystem_.setDescriptorLimit(64);
     fileSystem_.refuseMoreDescriptorsThan(64 - 16);
-    ComparisonFixture bench(fileSystem_);
+    ComparisonFixture fixture(fileSystem_);
     std::vector<std::string> paths;
     for (int number = 0; number < 10'000; ++number) {
-        const std::string path = bench.folder().writeFile(std::to_string(number) + ".txt", "");
+        const std::string path = fixture.folder().writeFile(std::to_string(number) + ".txt", "");
         std::filesystem::resize_file(path, 20'000);
-        bench.addPath(path, 20'000);
+        fixture.addPath(path, 20'000);
         paths.push_back(path);
     }
-    EXPECT_EQ(plainResultOf(*bench.find()), oneSet(paths));
+    EXPECT_EQ(plainResultOf(*fixture.find()), oneSet(paths));
     EXPECT_LE(fileSystem_.openAtMost(), 64U - 16U);
     for (const std::string& path : paths) {
         ASSERT_LE(fileSystem_.bytesRead(path), 20'000U + firstBlock);
@@ -166,21 +166,21 @@ TEST_F(Comparison, TenThousandEqualFilesUnderALimitOf64Descriptors) {
 TEST_F(Comparison, FortyThousandEmptyFilesAreOneSet) {
     std::vector<std::string> paths;
     for (int number = 0; number < 40'000; ++number) {
-        paths.push_back(bench_.add(std::to_string(number) + ".txt", "")->filePath());
+        paths.push_back(fixture_.add(std::to_string(number) + ".txt", "")->filePath());
     }
     EXPECT_EQ(find(), oneSet(paths));
     EXPECT_EQ(fileSystem_.bytesRead(), 0U);
 }
 
-TEST_F(Comparison, AShortageOfDescriptorsIsWaitedOut) {
-    const std::string a = bench_.add("a.txt", "same")->filePath();
-    const std::string b = bench_.add("b.txt", "same")->filePath();
+TEST_F(Comparison, WaitsOutAShortageOfDescriptors) {
+    const std::string a = fixture_.add("a.txt", "same")->filePath();
+    const std::string b = fixture_.add("b.txt", "same")->filePath();
     fileSystem_.failCall(FileCall::openFile, 1, EMFILE);
     fileSystem_.failCall(FileCall::openFile, 3, ENFILE);
     EXPECT_EQ(find(), oneSet({a, b}));
 }
 
-/// A class of equal files that is compared in one way or another.
+/// The size of a class of equal files, which determines the method of comparison.
 struct ClassOfFiles {
     std::uint64_t size;
     std::size_t count;
@@ -195,7 +195,7 @@ std::string nameOf(const ::testing::TestParamInfo<ClassOfFiles>& info) {
     return std::to_string(info.param.count) + "Of" + std::to_string(info.param.size);
 }
 
-/// What happens to the second of some equal files must cost the others nothing.
+/// A fault of the second of several equal files must not affect the others.
 class OneOfEqualFiles : public Comparison, public ::testing::WithParamInterface<ClassOfFiles> {
  protected:
     void SetUp() override {
@@ -229,12 +229,12 @@ TEST_P(OneOfEqualFiles, FailsAtItsFirstRead) {
     expectTheOthers();
 }
 
-TEST_P(OneOfEqualFiles, IsGone) {
+TEST_P(OneOfEqualFiles, IsDeletedBefore) {
     std::filesystem::remove(victim_);
     expectTheOthers();
 }
 
-TEST_P(OneOfEqualFiles, VanishesJustBeforeItIsOpened) {
+TEST_P(OneOfEqualFiles, IsDeletedJustBeforeItIsOpened) {
     fileSystem_.beforeCall(
         FileCall::openFile, 1, [this] { std::filesystem::remove(victim_); }, victim_);
     expectTheOthers();
@@ -282,7 +282,7 @@ TEST_P(OneOfEqualFiles, HasGrownBefore) {
     expectTheOthers();
 }
 
-// Read whole; kept open; opened for each stretch; told apart by fingerprints first.
+// Read whole; kept open; opened for each range; split by hashes first.
 INSTANTIATE_TEST_SUITE_P(Ways, OneOfEqualFiles,
                          ::testing::Values(ClassOfFiles{100, 3}, ClassOfFiles{16'384, 3},
                                            ClassOfFiles{16'385, 3}, ClassOfFiles{400'000, 3},
@@ -291,7 +291,7 @@ INSTANTIATE_TEST_SUITE_P(Ways, OneOfEqualFiles,
                                            ClassOfFiles{60'000, 100}),
                          nameOf);
 
-/// What changes when it has been read from already, but not to its end.
+/// A file that changes after a part of it has been read.
 class OneOfFilesInReading : public OneOfEqualFiles {
  protected:
     void replaceAtFirstRead(const std::function<void()>& makeAnother) {
@@ -325,7 +325,7 @@ TEST_P(OneOfFilesInReading, BecomesALinkToADevice) {
     expectTheOthers();
 }
 
-TEST_P(OneOfFilesInReading, Vanishes) {
+TEST_P(OneOfFilesInReading, IsDeleted) {
     replaceAtFirstRead([] {});
     expectTheOthers();
 }
@@ -335,7 +335,7 @@ TEST_P(OneOfFilesInReading, BecomesUnreadable) {
     expectTheOthers();
 }
 
-TEST_P(OneOfFilesInReading, HasNoAttributesWhenTheyAreAskedForAgain) {
+TEST_P(OneOfFilesInReading, HasNoAttributesWhenCheckedAgain) {
     fileSystem_.failCall(FileCall::attributesOf, 2, EIO, victim_);
     expectTheOthers();
 }
@@ -348,29 +348,29 @@ INSTANTIATE_TEST_SUITE_P(Ways, OneOfFilesInReading,
 TEST_F(Comparison, FailsAtAnyOfItsReads) {
     for (std::uint64_t nth = 2; nth < 6; ++nth) {
         FaultyFileSystem fileSystem;
-        ComparisonFixture bench(fileSystem);
+        ComparisonFixture fixture(fileSystem);
         std::vector<std::string> paths;
         for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
-            paths.push_back(bench.add(name, noise(700'000, 3))->filePath());
+            paths.push_back(fixture.add(name, noise(700'000, 3))->filePath());
         }
         fileSystem.failCall(FileCall::readAt, nth, EIO, paths[1]);
-        EXPECT_EQ(plainResultOf(*bench.find()), oneSet({paths[0], paths[2]})) << nth;
+        EXPECT_EQ(plainResultOf(*fixture.find()), oneSet({paths[0], paths[2]})) << nth;
     }
 }
 
-TEST_F(Comparison, TheFileThatTheOthersAreHeldAgainstMayFailToo) {
+TEST_F(Comparison, TheReferenceFileMayFail) {
     std::vector<std::string> paths;
     for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
-        paths.push_back(bench_.add(name, noise(700'000, 3))->filePath());
+        paths.push_back(fixture_.add(name, noise(700'000, 3))->filePath());
     }
     fileSystem_.failCall(FileCall::readAt, 3, EIO, paths[0]);
     EXPECT_EQ(find(), oneSet({paths[1], paths[2]}));
 }
 
-TEST_F(Comparison, AFileThatIsWrittenToWhileItIsReadIsInNoSet) {
+TEST_F(Comparison, FileWrittenDuringTheReadingIsInNoSet) {
     std::vector<std::string> paths;
     for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
-        paths.push_back(bench_.add(name, noise(700'000, 3))->filePath());
+        paths.push_back(fixture_.add(name, noise(700'000, 3))->filePath());
     }
     fileSystem_.beforeCall(
         FileCall::readAt, 3,
@@ -379,17 +379,18 @@ TEST_F(Comparison, AFileThatIsWrittenToWhileItIsReadIsInNoSet) {
     EXPECT_EQ(find(), oneSet({paths[0], paths[2]}));
 }
 
-TEST_F(Comparison, AFileReplacedBetweenTwoOfItsReadsIsInNoSet) {
-    // More than are kept open, so that each is opened again for each stretch.
+TEST_F(Comparison, FileReplacedBetweenTwoReadsIsInNoSet) {
+    // More files than are kept open, so that each is opened for each range.
     std::vector<std::string> paths;
     for (int number = 0; number < 40; ++number) {
-        paths.push_back(bench_.add(std::to_string(number) + ".txt", noise(100'000, 3))->filePath());
+        paths.push_back(
+            fixture_.add(std::to_string(number) + ".txt", noise(100'000, 3))->filePath());
     }
     const std::string replaced = paths[7];
     fileSystem_.beforeCall(
         FileCall::openFile, 3,
         [&replaced, this] {
-            const std::string copy = bench_.folder().writeFile("copy", noise(100'000, 3));
+            const std::string copy = fixture_.folder().writeFile("copy", noise(100'000, 3));
             std::filesystem::rename(copy, replaced);
         },
         replaced);
@@ -398,49 +399,49 @@ TEST_F(Comparison, AFileReplacedBetweenTwoOfItsReadsIsInNoSet) {
 }
 
 TEST_F(Comparison, HardLinksAreEqualFiles) {
-    const std::string a = bench_.add("a.txt", "same")->filePath();
-    const std::string b = bench_.folder().pathOf("b.txt");
+    const std::string a = fixture_.add("a.txt", "same")->filePath();
+    const std::string b = fixture_.folder().pathOf("b.txt");
     std::filesystem::create_hard_link(a, b);
-    bench_.addPath(b, 4);
+    fixture_.addPath(b, 4);
     EXPECT_EQ(find(), oneSet({a, b}));
 }
 
-/// One file on two ways, small and large.
+/// One file under two paths, small and large.
 class OneFileTwice : public Comparison, public ::testing::WithParamInterface<std::size_t> {};
 
 TEST_P(OneFileTwice, UnderTheSamePathIsNotItsOwnDuplicate) {
-    const std::string a = bench_.add("a.txt", noise(GetParam(), 1))->filePath();
-    bench_.addPath(a, GetParam());
+    const std::string a = fixture_.add("a.txt", noise(GetParam(), 1))->filePath();
+    fixture_.addPath(a, GetParam());
     EXPECT_EQ(find(), PlainResult{});
 }
 
-TEST_P(OneFileTwice, WithTwoNamesIsEqualToItsOtherNameOnly) {
-    const std::string a = bench_.add("a.txt", noise(GetParam(), 1))->filePath();
-    const std::string b = bench_.folder().pathOf("b.txt");
+TEST_P(OneFileTwice, HardLinkedIsEqualToItsOtherNameOnly) {
+    const std::string a = fixture_.add("a.txt", noise(GetParam(), 1))->filePath();
+    const std::string b = fixture_.folder().pathOf("b.txt");
     std::filesystem::create_hard_link(a, b);
-    bench_.addPath(a, GetParam());
-    bench_.addPath(b, GetParam());
+    fixture_.addPath(a, GetParam());
+    fixture_.addPath(b, GetParam());
     EXPECT_EQ(find(), oneSet({a, b}));
 }
 
-TEST_P(OneFileTwice, BehindAFolderThatBecameALinkIsNotItsOwnDuplicate) {
-    const std::string a = bench_.add("one/a.txt", noise(GetParam(), 1))->filePath();
-    bench_.folder().makeLink("two", bench_.folder().pathOf("one"));
-    bench_.addPath(bench_.folder().pathOf("two/a.txt"), GetParam());
+TEST_P(OneFileTwice, ThroughAFolderThatBecameALinkIsNotItsOwnDuplicate) {
+    const std::string a = fixture_.add("one/a.txt", noise(GetParam(), 1))->filePath();
+    fixture_.folder().makeLink("two", fixture_.folder().pathOf("one"));
+    fixture_.addPath(fixture_.folder().pathOf("two/a.txt"), GetParam());
     EXPECT_EQ(find(), PlainResult{});
 }
 
 TEST_P(OneFileTwice, LeavesItsRealDuplicatesInTheSet) {
-    const std::string a = bench_.add("a.txt", noise(GetParam(), 1))->filePath();
-    bench_.addPath(a, GetParam());
-    const std::string b = bench_.add("b.txt", noise(GetParam(), 1))->filePath();
+    const std::string a = fixture_.add("a.txt", noise(GetParam(), 1))->filePath();
+    fixture_.addPath(a, GetParam());
+    const std::string b = fixture_.add("b.txt", noise(GetParam(), 1))->filePath();
     EXPECT_EQ(find(), oneSet({a, b}));
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, OneFileTwice, ::testing::Values(5, 30'000, 9'000'000));
 
-/// Classes of every way of comparing: what grows between its attributes and its reading, which
-/// other files do not, is in no set.
+/// For each method of comparison: a file that grows between the reading of its attributes and that
+/// of its content is in no set.
 class GrowingFile : public Comparison,
                     public ::testing::WithParamInterface<std::tuple<std::size_t, int>> {};
 
@@ -448,7 +449,7 @@ TEST_P(GrowingFile, IsInNoSet) {
     const auto& [size, count] = GetParam();
     std::vector<std::string> paths;
     for (int number = 0; number < count; ++number) {
-        paths.push_back(bench_.add(std::to_string(number) + ".txt", noise(size, 3))->filePath());
+        paths.push_back(fixture_.add(std::to_string(number) + ".txt", noise(size, 3))->filePath());
     }
     const std::string grows = paths[1];
     fileSystem_.beforeCall(
@@ -462,32 +463,32 @@ INSTANTIATE_TEST_SUITE_P(Ways, GrowingFile,
                          ::testing::Combine(::testing::Values(100, 16'384, 60'000),
                                             ::testing::Values(3, 40, 100)));
 
-TEST_F(Comparison, FilesThatSayTheyAreEmptyButAreNotAreInNoSet) {
-    // Such as those of the kernel's tables: no size, made up while they are read.
-    bench_.addPath("/proc/self/status", 0);
-    bench_.addPath("/proc/self/limits", 0);
+TEST_F(Comparison, FilesOfReportedSizeZeroWithContentAreInNoSet) {
+    // Such as files of pseudo file systems, whose content is generated when they are read.
+    fixture_.addPath("/proc/self/status", 0);
+    fixture_.addPath("/proc/self/limits", 0);
     EXPECT_EQ(find(), PlainResult{});
 }
 
-TEST_F(Comparison, ADeviceInTheListIsNotRead) {
-    bench_.addPath("/dev/zero", 100);
-    const std::string a = bench_.add("a.txt", noise(100, 1))->filePath();
-    const std::string b = bench_.add("b.txt", noise(100, 1))->filePath();
+TEST_F(Comparison, DeviceInTheListIsNotRead) {
+    fixture_.addPath("/dev/zero", 100);
+    const std::string a = fixture_.add("a.txt", noise(100, 1))->filePath();
+    const std::string b = fixture_.add("b.txt", noise(100, 1))->filePath();
     EXPECT_EQ(find(), oneSet({a, b}));
     EXPECT_EQ(fileSystem_.bytesRead("/dev/zero"), 0U);
 }
 
-TEST_F(Comparison, OneReaderAtATimeOnARotationalDevice) {
+TEST_F(Comparison, OneReaderAtATimeOnARotationalDisk) {
     fileSystem_.setRotational(true);
-    ComparisonFixture bench(fileSystem_, {4, 8});
+    ComparisonFixture fixture(fileSystem_, {4, 8});
     for (int number = 0; number < 400; ++number) {
-        bench.add(std::to_string(number) + ".txt", noise(number % 2 == 0 ? 3'000 : 90'000, 3));
+        fixture.add(std::to_string(number) + ".txt", noise(number % 2 == 0 ? 3'000 : 90'000, 3));
     }
-    EXPECT_EQ(bench.find()->totalFiles(), 398U);
+    EXPECT_EQ(fixture.find()->totalFiles(), 398U);
     EXPECT_LE(fileSystem_.readersOfOneDeviceAtMost(), 1U);
 }
 
-/// Equal files that take long to compare: two huge ones, and very many.
+/// Equal files that take long to compare: two huge ones, or very many.
 class LongComparison : public Comparison, public ::testing::WithParamInterface<ClassOfFiles> {
  protected:
     void SetUp() override {
@@ -498,24 +499,25 @@ class LongComparison : public Comparison, public ::testing::WithParamInterface<C
 
     void begin() {
         comparison_ = std::thread([this] { result_ = find(); });
-        ASSERT_TRUE(waitUntil([this] { return bench_.finder().bytesRead() > bytesInAll() / 200; }));
+        ASSERT_TRUE(
+            waitUntil([this] { return fixture_.finder().bytesRead() > bytesInAll() / 200; }));
     }
 
     [[nodiscard]] static std::uint64_t bytesInAll() { return GetParam().size * GetParam().count; }
 
     void TearDown() override {
-        bench_.control().setStop(true);
-        bench_.control().setPause(false);
+        fixture_.control().setStop(true);
+        fixture_.control().setPause(false);
         if (comparison_.joinable()) {
             comparison_.join();
         }
     }
 
     void expectAStopToActAtOnce() {
-        const auto asked = std::chrono::steady_clock::now();
-        bench_.control().setStop(true);
+        const auto requested = std::chrono::steady_clock::now();
+        fixture_.control().setStop(true);
         comparison_.join();
-        EXPECT_LT(std::chrono::steady_clock::now() - asked, quickly);
+        EXPECT_LT(std::chrono::steady_clock::now() - requested, quickly);
         EXPECT_EQ(result_, PlainResult{});
     }
 
@@ -523,32 +525,31 @@ class LongComparison : public Comparison, public ::testing::WithParamInterface<C
     PlainResult result_;
 };
 
-TEST_P(LongComparison, IsStoppedAtOnceAndShowsNothingUnproven) {
+TEST_P(LongComparison, StopTakesEffectAtOnceAndKeepsOnlyConfirmedSets) {
     begin();
     expectAStopToActAtOnce();
 }
 
-TEST_P(LongComparison, IsStoppedAtOnceOnARotationalDevice) {
+TEST_P(LongComparison, StopTakesEffectAtOnceOnARotationalDisk) {
     fileSystem_.setRotational(true);
     begin();
     expectAStopToActAtOnce();
 }
 
-TEST_P(LongComparison, IsPausedAtOnce) {
+TEST_P(LongComparison, PauseTakesEffectAtOnce) {
     begin();
-    const auto asked = std::chrono::steady_clock::now();
-    bench_.control().setPause(true);
-    // Nothing is read any more once the pieces in hand are done: look until two looks agree for a
-    // good while.
+    const auto requested = std::chrono::steady_clock::now();
+    fixture_.control().setPause(true);
+    // Nothing is read once the current chunks are done: wait until the count is stable.
     std::uint64_t before = 0;
-    auto still = asked;
+    auto still = requested;
     while (std::chrono::steady_clock::now() - still < quickly / 4) {
         const std::uint64_t now = fileSystem_.bytesRead();
         if (now != before) {
             before = now;
             still = std::chrono::steady_clock::now();
         }
-        ASSERT_LT(still - asked, quickly);
+        ASSERT_LT(still - requested, quickly);
         std::this_thread::yield();
     }
     EXPECT_LT(before, bytesInAll());

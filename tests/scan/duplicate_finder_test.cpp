@@ -10,29 +10,29 @@ namespace {
 
 using Paths = std::vector<std::string>;
 
-TEST(DuplicateFinder, AnEmptyListGivesAnEmptyResult) {
-    ComparisonFixture bench;
-    const auto modal = bench.find();
+TEST(DuplicateFinder, EmptyListGivesAnEmptyResult) {
+    ComparisonFixture fixture;
+    const auto modal = fixture.find();
     EXPECT_EQ(modal->extensionCount(), 0U);
-    EXPECT_EQ(bench.processed(), 0U);
+    EXPECT_EQ(fixture.processed(), 0U);
 }
 
 TEST(DuplicateFinder, OneFileGivesAnEmptyResult) {
-    ComparisonFixture bench;
-    bench.add("a.jpg", "x");
-    const auto modal = bench.find();
+    ComparisonFixture fixture;
+    fixture.add("a.jpg", "x");
+    const auto modal = fixture.find();
     EXPECT_EQ(modal->extensionCount(), 0U);
     EXPECT_EQ(modal->totalFiles(), 0U);
-    EXPECT_EQ(bench.processed(), 1U);
-    EXPECT_TRUE(bench.list().empty());
+    EXPECT_EQ(fixture.processed(), 1U);
+    EXPECT_TRUE(fixture.list().empty());
 }
 
 TEST(DuplicateFinder, ThreeEqualFilesFormOneSetInTheirOrder) {
-    ComparisonFixture bench;
-    File* f1 = bench.add("f1.jpg", "same bytes");
-    File* f2 = bench.add("f2.jpg", "same bytes");
-    File* f3 = bench.add("f3.jpg", "same bytes");
-    const auto modal = bench.find();
+    ComparisonFixture fixture;
+    File* f1 = fixture.add("f1.jpg", "same bytes");
+    File* f2 = fixture.add("f2.jpg", "same bytes");
+    File* f3 = fixture.add("f3.jpg", "same bytes");
+    const auto modal = fixture.find();
     ASSERT_EQ(modal->extensionCount(), 1U);
     const Extensions& extension = *modal->extensions().front();
     ASSERT_EQ(extension.nummberOfSets(), 1U);
@@ -52,113 +52,113 @@ TEST(DuplicateFinder, ThreeEqualFilesFormOneSetInTheirOrder) {
 }
 
 TEST(DuplicateFinder, EqualSizesWithDifferentBytesFormNoSet) {
-    ComparisonFixture bench;
-    bench.add("a.jpg", "abc");
-    bench.add("b.jpg", "abd");
-    EXPECT_EQ(bench.find()->extensionCount(), 0U);
-    EXPECT_EQ(bench.processed(), 2U);
+    ComparisonFixture fixture;
+    fixture.add("a.jpg", "abc");
+    fixture.add("b.jpg", "abd");
+    EXPECT_EQ(fixture.find()->extensionCount(), 0U);
+    EXPECT_EQ(fixture.processed(), 2U);
 }
 
-TEST(DuplicateFinder, ASetStandsUnderTheExtensionOfItsFirstFile) {
-    ComparisonFixture bench;
-    bench.add("a.JPG", "same");
-    bench.add("b.jpeg", "same");
-    const auto modal = bench.find();
+TEST(DuplicateFinder, SetBelongsToTheExtensionOfItsFirstFile) {
+    ComparisonFixture fixture;
+    fixture.add("a.JPG", "same");
+    fixture.add("b.jpeg", "same");
+    const auto modal = fixture.find();
     ASSERT_EQ(modal->extensionCount(), 1U);
     EXPECT_EQ(modal->extensions().front()->name(), "jpg");
     EXPECT_EQ(modal->getExtensionWithName("jpeg"), nullptr);
     EXPECT_EQ(modal->totalFiles(), 1U);
 }
 
-TEST(DuplicateFinder, AnExtensionEndsAtItsFirstBlank) {
-    ComparisonFixture bench;
-    bench.add("a.jpg copy", "same");
-    bench.add("b.jpg", "same");
-    const auto modal = bench.find();
+TEST(DuplicateFinder, ExtensionEndsAtItsFirstSpace) {
+    ComparisonFixture fixture;
+    fixture.add("a.jpg copy", "same");
+    fixture.add("b.jpg", "same");
+    const auto modal = fixture.find();
     ASSERT_EQ(modal->extensionCount(), 1U);
     EXPECT_EQ(modal->extensions().front()->name(), "jpg");
 }
 
 TEST(DuplicateFinder, TwoEmptyFilesFormASetOfNoSize) {
-    ComparisonFixture bench;
-    bench.add("a.jpg", "");
-    bench.add("b.jpg", "");
-    const auto modal = bench.find();
+    ComparisonFixture fixture;
+    fixture.add("a.jpg", "");
+    fixture.add("b.jpg", "");
+    const auto modal = fixture.find();
     ASSERT_EQ(modal->extensionCount(), 1U);
     EXPECT_EQ(modal->totalFiles(), 1U);
     EXPECT_EQ(modal->totalFilesSize(), 0U);
 }
 
-TEST(DuplicateFinder, ExtensionsAndSetsComeInTheOrderOfTheirFirstFiles) {
-    ComparisonFixture bench;
-    const Paths jpg1{bench.add("a1.jpg", "one")->filePath(), ""};
-    const std::string png = bench.add("p1.png", "two")->filePath();
-    const std::string jpg2 = bench.add("b1.jpg", "three")->filePath();
-    const std::string png2 = bench.add("p2.png", "two")->filePath();
-    const std::string jpg2b = bench.add("b2.jpg", "three")->filePath();
-    const std::string jpg1b = bench.add("a2.jpg", "one")->filePath();
+TEST(DuplicateFinder, OrdersExtensionsAndSetsByTheirFirstFiles) {
+    ComparisonFixture fixture;
+    const Paths jpg1{fixture.add("a1.jpg", "one")->filePath(), ""};
+    const std::string png = fixture.add("p1.png", "two")->filePath();
+    const std::string jpg2 = fixture.add("b1.jpg", "three")->filePath();
+    const std::string png2 = fixture.add("p2.png", "two")->filePath();
+    const std::string jpg2b = fixture.add("b2.jpg", "three")->filePath();
+    const std::string jpg1b = fixture.add("a2.jpg", "one")->filePath();
     const PlainResult expected{{"jpg", {{jpg1[0], jpg1b}, {jpg2, jpg2b}}}, {"png", {{png, png2}}}};
-    EXPECT_EQ(plainResultOf(*bench.find()), expected);
+    EXPECT_EQ(plainResultOf(*fixture.find()), expected);
 }
 
-TEST(DuplicateFinder, TellsThePivotsAndTheirTwinsInTheOrderTheyLeaveTheList) {
-    ComparisonFixture bench;
-    const std::string a = bench.add("a.jpg", "same")->filePath();
-    const std::string b = bench.add("b.jpg", "lone!")->filePath();
-    const std::string c = bench.add("c.jpg", "same")->filePath();
-    const std::string d = bench.add("d.jpg", "diff")->filePath();
-    bench.find();
-    EXPECT_EQ(bench.told(), (Paths{a, c, b, d}));
-    EXPECT_EQ(bench.processed(), 4U);
+TEST(DuplicateFinder, ReportsPivotsAndDuplicatesInListOrder) {
+    ComparisonFixture fixture;
+    const std::string a = fixture.add("a.jpg", "same")->filePath();
+    const std::string b = fixture.add("b.jpg", "lone!")->filePath();
+    const std::string c = fixture.add("c.jpg", "same")->filePath();
+    const std::string d = fixture.add("d.jpg", "diff")->filePath();
+    fixture.find();
+    EXPECT_EQ(fixture.reported(), (Paths{a, c, b, d}));
+    EXPECT_EQ(fixture.processed(), 4U);
 }
 
-TEST(DuplicateFinder, SizesAreThoseRecordedAndContentsThoseOfNow) {
-    ComparisonFixture bench;
-    const std::string grown = bench.folder().writeFile("grown.jpg", "longer than recorded");
-    const std::string twin = bench.folder().writeFile("twin.jpg", "longer than recorded");
-    const std::string other = bench.folder().writeFile("other.jpg", "ab");
-    bench.addPath(grown, 2);
-    bench.addPath(twin, 2);
-    bench.addPath(other, 2);
+TEST(DuplicateFinder, UsesRecordedSizesAndCurrentContents) {
+    ComparisonFixture fixture;
+    const std::string grown = fixture.folder().writeFile("grown.jpg", "longer than recorded");
+    const std::string twin = fixture.folder().writeFile("twin.jpg", "longer than recorded");
+    const std::string other = fixture.folder().writeFile("other.jpg", "ab");
+    fixture.addPath(grown, 2);
+    fixture.addPath(twin, 2);
+    fixture.addPath(other, 2);
     const PlainResult expected{{"jpg", {{grown, twin}}}};
-    EXPECT_EQ(plainResultOf(*bench.find()), expected);
+    EXPECT_EQ(plainResultOf(*fixture.find()), expected);
 }
 
-TEST(DuplicateFinder, AFileThatGrewFarBeyondItsRecordIsComparedToItsEnd) {
-    ComparisonFixture bench;
+TEST(DuplicateFinder, FileThatHasGrownIsComparedToItsEnd) {
+    ComparisonFixture fixture;
     const std::string content = noise(300'000, 1);
     std::string late = content;
     late[200'000] = static_cast<char>(late[200'000] ^ 1);
-    const std::string a = bench.folder().writeFile("a.jpg", content);
-    const std::string b = bench.folder().writeFile("b.jpg", late);
-    const std::string c = bench.folder().writeFile("c.jpg", content);
+    const std::string a = fixture.folder().writeFile("a.jpg", content);
+    const std::string b = fixture.folder().writeFile("b.jpg", late);
+    const std::string c = fixture.folder().writeFile("c.jpg", content);
     for (const std::string& path : {a, b, c}) {
-        bench.addPath(path, 10);
+        fixture.addPath(path, 10);
     }
     const PlainResult expected{{"jpg", {{a, c}}}};
-    EXPECT_EQ(plainResultOf(*bench.find()), expected);
+    EXPECT_EQ(plainResultOf(*fixture.find()), expected);
 }
 
 TEST(DuplicateFinder, FilesRecordedWithDifferentSizesAreNeverCompared) {
-    ComparisonFixture bench;
-    bench.addPath(bench.folder().writeFile("a.jpg", "same"), 4);
-    bench.addPath(bench.folder().writeFile("b.jpg", "same"), 5);
-    EXPECT_EQ(bench.find()->extensionCount(), 0U);
+    ComparisonFixture fixture;
+    fixture.addPath(fixture.folder().writeFile("a.jpg", "same"), 4);
+    fixture.addPath(fixture.folder().writeFile("b.jpg", "same"), 5);
+    EXPECT_EQ(fixture.find()->extensionCount(), 0U);
 }
 
-TEST(DuplicateFinder, AStopBeforeTheFirstFileLeavesTheOthersInTheList) {
-    ComparisonFixture bench;
-    bench.add("a.jpg", "same");
-    bench.add("b.jpg", "same");
-    bench.add("c.jpg", "same");
-    bench.control().setStop(true);
-    EXPECT_EQ(bench.find()->extensionCount(), 0U);
-    // The first file was taken out before the stop was noticed.
-    EXPECT_EQ(bench.processed(), 1U);
-    EXPECT_EQ(bench.list().size(), 2U);
+TEST(DuplicateFinder, StopBeforeTheFirstFileKeepsTheOthersInTheList) {
+    ComparisonFixture fixture;
+    fixture.add("a.jpg", "same");
+    fixture.add("b.jpg", "same");
+    fixture.add("c.jpg", "same");
+    fixture.control().setStop(true);
+    EXPECT_EQ(fixture.find()->extensionCount(), 0U);
+    // The first file was taken out before the walk saw the stop.
+    EXPECT_EQ(fixture.processed(), 1U);
+    EXPECT_EQ(fixture.list().size(), 2U);
 }
 
-/// Stops the scan when it is told of a certain file.
+/// Stops the scan when a certain file is reported.
 class StoppingBench {
  public:
     explicit StoppingBench(std::string at) : at_(std::move(at)), observer_(*this) {}
@@ -190,7 +190,7 @@ class StoppingBench {
     Observer observer_;
 };
 
-TEST(DuplicateFinder, AStopInsideASetFilesTheWholeSet) {
+TEST(DuplicateFinder, StopInsideASetKeepsTheWholeSet) {
     ComparisonFixture files;
     const std::string a = files.add("a.jpg", "same")->filePath();
     const std::string b = files.add("b.jpg", "same")->filePath();
@@ -200,12 +200,12 @@ TEST(DuplicateFinder, AStopInsideASetFilesTheWholeSet) {
     const auto modal = StoppingBench("/b.jpg").find(files.list(), files.store());
     const PlainResult expected{{"jpg", {{a, b, c}}}};
     EXPECT_EQ(plainResultOf(*modal), expected);
-    // The next pivot, d, had left the list before the stop was noticed.
+    // The next pivot, d, had left the list before the walk saw the stop.
     ASSERT_EQ(files.list().size(), 1U);
     EXPECT_EQ(files.list()[0]->fileName(), "e.jpg");
 }
 
-TEST(DuplicateFinder, AStopAtAPivotKeepsTheSetsBeforeItAndThoseThatAreProven) {
+TEST(DuplicateFinder, StopAtAPivotKeepsEarlierAndConfirmedSets) {
     ComparisonFixture files;
     const std::string a = files.add("a.jpg", "same")->filePath();
     const std::string b = files.add("b.jpg", "same")->filePath();
@@ -216,7 +216,7 @@ TEST(DuplicateFinder, AStopAtAPivotKeepsTheSetsBeforeItAndThoseThatAreProven) {
     EXPECT_EQ(plainResultOf(*modal), expected);
 }
 
-TEST(DuplicateFinder, FilesOutliveTheStoreTheyCameFrom) {
+TEST(DuplicateFinder, FilesKeepTheirStoreAlive) {
     std::shared_ptr<Modal> modal;
     {
         auto store = FileStore::create();
@@ -227,14 +227,14 @@ TEST(DuplicateFinder, FilesOutliveTheStoreTheyCameFrom) {
             folder.writeFile(name, "same");
             list.push_back(store->addFile(root, name, 4, std::nullopt, std::nullopt));
         }
-        ComparisonFixture bench;
-        modal = bench.finder().findDuplicates(list, *store);
+        ComparisonFixture fixture;
+        modal = fixture.finder().findDuplicates(list, *store);
     }
     ASSERT_EQ(modal->extensionCount(), 1U);
     EXPECT_EQ(modal->extensions()[0]->sets()[0]->files()[1]->fileName(), "b.txt");
 }
 
-TEST(DuplicateFinder, ASetCountsOnlyItsRedundantCopies) {
+TEST(DuplicateFinder, SetTotalsCountAllFilesButTheFirst) {
     const auto first = FileStore::standalone("/a.txt", 7);
     const auto second = FileStore::standalone("/b.txt", 7);
     second->setState(CheckState::on);

@@ -59,9 +59,9 @@ TEST_F(ElapsedTimeThreadTest, CountsEachPausedStepAsOneSecond) {
     // Two pauses, of seven and of three steps.
     const std::vector<bool> pauses{true, true,  true, true, true, true,
                                    true, false, true, true, true, false};
-    std::atomic<std::size_t> asked{0};
+    std::atomic<std::size_t> calls{0};
     ElapsedTimeThread thread(clock_, reports_, 1ms, [&] {
-        const std::size_t step = asked++;
+        const std::size_t step = calls++;
         return step < pauses.size() && pauses[step];
     });
     const Timestamp start = clock_.now();
@@ -72,13 +72,13 @@ TEST_F(ElapsedTimeThreadTest, CountsEachPausedStepAsOneSecond) {
 }
 
 TEST_F(ElapsedTimeThreadTest, ReportsNothingDuringAPause) {
-    std::atomic<unsigned> asked{0};
+    std::atomic<unsigned> calls{0};
     ElapsedTimeThread thread(clock_, reports_, 1ms, [&] {
-        ++asked;
+        ++calls;
         return true;
     });
     thread.startElapsedTimeThread(clock_.now());
-    EXPECT_TRUE(waitUntil([&] { return asked > 3; }));
+    EXPECT_TRUE(waitUntil([&] { return calls > 3; }));
     thread.end();
     thread.wait();
     EXPECT_EQ(reports_.count(), 0U);
@@ -96,8 +96,8 @@ TEST_F(ElapsedTimeThreadTest, EndsInsideAStep) {
 }
 
 TEST_F(ElapsedTimeThreadTest, StartsAgainWithoutThePausesOfTheScanBefore) {
-    std::atomic<unsigned> asked{0};
-    ElapsedTimeThread thread(clock_, reports_, 1ms, [&] { return asked++ < 5; });
+    std::atomic<unsigned> calls{0};
+    ElapsedTimeThread thread(clock_, reports_, 1ms, [&] { return calls++ < 5; });
     const Timestamp start = clock_.now();
     clock_.advance(20500ms);
     thread.startElapsedTimeThread(start);

@@ -21,13 +21,13 @@ class ExceptionFilterTest : public testing::Test {
     std::shared_ptr<FileStore> store_ = FileStore::create();
 };
 
-TEST_F(ExceptionFilterTest, HoldsNothingAtFirst) {
+TEST_F(ExceptionFilterTest, IsEmptyByDefault) {
     const ExceptionFilter filter;
     EXPECT_FALSE(filter.contains(*folder("/home/ann"), "a.jpg"));
     EXPECT_FALSE(filter.contains(*folder("/"), ""));
 }
 
-TEST_F(ExceptionFilterTest, HoldsTheListedPathsAndNoOthers) {
+TEST_F(ExceptionFilterTest, MatchesOnlyListedPaths) {
     const ExceptionFilter filter({"/home/ann/a.jpg", "/home/ann/pictures/b.jpg", "/c.jpg"});
     EXPECT_TRUE(filter.contains(*folder("/home/ann"), "a.jpg"));
     EXPECT_TRUE(filter.contains(*folder("/home/ann/pictures"), "b.jpg"));
@@ -37,45 +37,45 @@ TEST_F(ExceptionFilterTest, HoldsTheListedPathsAndNoOthers) {
     EXPECT_FALSE(filter.contains(*folder("/home/ann/pictures"), "c.jpg"));
 }
 
-TEST_F(ExceptionFilterTest, FindsFilesOfAFolderWithinAFolder) {
+TEST_F(ExceptionFilterTest, MatchesFilesInNestedFolders) {
     const Directory* const inner = store_->addDirectory(folder("/home/ann"), "pictures");
     const ExceptionFilter filter({"/home/ann/pictures/b.jpg"});
     EXPECT_TRUE(filter.contains(*inner, "b.jpg"));
     EXPECT_FALSE(filter.contains(*inner, "a.jpg"));
 }
 
-TEST_F(ExceptionFilterTest, DoesNotFoldCase) {
+TEST_F(ExceptionFilterTest, IsCaseSensitive) {
     const ExceptionFilter filter({"/home/ann/a.jpg"});
     EXPECT_FALSE(filter.contains(*folder("/home/ann"), "A.jpg"));
     EXPECT_FALSE(filter.contains(*folder("/home/Ann"), "a.jpg"));
 }
 
-TEST_F(ExceptionFilterTest, HoldsNothingBelowAListedFolder) {
+TEST_F(ExceptionFilterTest, DoesNotMatchFilesInAListedFolder) {
     const ExceptionFilter filter({"/home/ann", "/home/ann/pictures/"});
     EXPECT_FALSE(filter.contains(*folder("/home/ann"), "a.jpg"));
     EXPECT_FALSE(filter.contains(*folder("/home/ann/pictures"), "a.jpg"));
     EXPECT_FALSE(filter.contains(*folder("/home/ann"), "pictures"));
 }
 
-TEST_F(ExceptionFilterTest, KnowsNoPatterns) {
+TEST_F(ExceptionFilterTest, DoesNotMatchPatterns) {
     const ExceptionFilter filter({"/home/ann/*.jpg", "/home/ann/?.jpg", "a.jpg"});
     EXPECT_FALSE(filter.contains(*folder("/home/ann"), "a.jpg"));
     EXPECT_TRUE(filter.contains(*folder("/home/ann"), "*.jpg"));
 }
 
-TEST_F(ExceptionFilterTest, TakesPathsByteForByte) {
-    // The same letter as one character and as two: different bytes are different files.
+TEST_F(ExceptionFilterTest, ComparesPathsByteForByte) {
+    // The same letter composed and decomposed: different bytes are different files.
     const ExceptionFilter filter({"/home/\xff\n/\xc3\xa4.jpg"});
     EXPECT_TRUE(filter.contains(*folder("/home/\xff\n"), "\xc3\xa4.jpg"));
     EXPECT_FALSE(filter.contains(*folder("/home/\xff\n"), "a\xcc\x88.jpg"));
 }
 
-TEST_F(ExceptionFilterTest, MayListAPathTwice) {
+TEST_F(ExceptionFilterTest, AcceptsAPathTwice) {
     const ExceptionFilter filter({"/a.jpg", "/a.jpg"});
     EXPECT_TRUE(filter.contains(*folder("/"), "a.jpg"));
 }
 
-TEST_F(ExceptionFilterTest, TellsManyFilesOfOneNameApart) {
+TEST_F(ExceptionFilterTest, DistinguishesFilesOfOneName) {
     const auto album = [](int number) { return std::string("/").append(std::to_string(number)); };
     std::vector<std::string> paths;
     for (int number = 0; number < 1000; number += 2) {
@@ -87,8 +87,8 @@ TEST_F(ExceptionFilterTest, TellsManyFilesOfOneNameApart) {
     }
 }
 
-TEST_F(ExceptionFilterTest, HoldsItsPathsWhenItIsMoved) {
-    // Names short enough to lie inside the strings themselves.
+TEST_F(ExceptionFilterTest, KeepsItsPathsWhenMoved) {
+    // Names short enough for the small-string optimisation.
     ExceptionFilter first({"/a.jpg", "/b/c.jpg"});
     ExceptionFilter second(std::move(first));
     ExceptionFilter third;
@@ -98,8 +98,8 @@ TEST_F(ExceptionFilterTest, HoldsItsPathsWhenItIsMoved) {
     EXPECT_FALSE(third.contains(*folder("/b"), "a.jpg"));
 }
 
-TEST_F(ExceptionFilterTest, IsNotCopied) {
-    // It finds paths through views into its own strings.
+TEST_F(ExceptionFilterTest, IsNotCopyable) {
+    // It holds views into its own strings.
     EXPECT_FALSE(std::is_copy_constructible_v<ExceptionFilter>);
     EXPECT_FALSE(std::is_copy_assignable_v<ExceptionFilter>);
 }

@@ -23,12 +23,12 @@ using namespace std::chrono_literals;
 
 constexpr std::uint64_t threeMebibytes = 3'145'728;
 
-/// The file of which a scan has recorded this size.
+/// A file with this recorded size.
 std::shared_ptr<File> recorded(std::uint64_t size) {
     return FileStore::standalone("/recorded", size, std::nullopt, std::nullopt);
 }
 
-/// `size` bytes that repeat at no round distance.
+/// `size` bytes whose period is not a power of two.
 std::string pattern(std::size_t size) {
     std::string bytes(size, '\0');
     for (std::size_t at = 0; at < size; ++at) {
@@ -40,23 +40,23 @@ std::string pattern(std::size_t size) {
 class FileUtilities : public testing::Test {
  protected:
     [[nodiscard]] bool contentsEqual(const std::string& path, const std::string& otherPath) {
-        const bool answer = contentsEqualAtPath(fileSystem_, path, otherPath);
-        EXPECT_EQ(contentsEqualAtPath(fileSystem_, otherPath, path), answer);
+        const bool result = contentsEqualAtPath(fileSystem_, path, otherPath);
+        EXPECT_EQ(contentsEqualAtPath(fileSystem_, otherPath, path), result);
         EXPECT_EQ(fileSystem_.openNow(), 0u);
-        return answer;
+        return result;
     }
 
     [[nodiscard]] bool dataEquals(const std::string& path, const std::string& otherPath,
                                   std::uint64_t recordedSize) {
-        const bool answer = dataEqualsAtPath(fileSystem_, path, otherPath, *recorded(recordedSize));
+        const bool result = dataEqualsAtPath(fileSystem_, path, otherPath, *recorded(recordedSize));
         EXPECT_EQ(fileSystem_.openNow(), 0u);
-        return answer;
+        return result;
     }
 
     [[nodiscard]] std::optional<std::string> md5(const std::string& path) {
-        auto answer = md5OfFile(fileSystem_, path);
+        auto result = md5OfFile(fileSystem_, path);
         EXPECT_EQ(fileSystem_.openNow(), 0u);
-        return answer;
+        return result;
     }
 
     TemporaryFolder folder_;
@@ -98,13 +98,13 @@ TEST_F(ContentsEqualAtPath, IsTrueForAFileAndItself) {
     EXPECT_TRUE(contentsEqual(path, path));
 }
 
-TEST_F(ContentsEqualAtPath, IsFalseForWhatCannotBeOpened) {
+TEST_F(ContentsEqualAtPath, IsFalseForFilesThatCannotBeOpened) {
     const auto path = folder_.writeFile("one", "");
     EXPECT_FALSE(contentsEqual(path, folder_.pathOf("missing")));
     EXPECT_FALSE(contentsEqual(folder_.pathOf("missing"), folder_.pathOf("missing")));
 }
 
-TEST_F(ContentsEqualAtPath, IsFalseForWhatIsNoRegularFile) {
+TEST_F(ContentsEqualAtPath, IsFalseUnlessBothAreRegularFiles) {
     const auto path = folder_.writeFile("one", "");
     const auto inside = folder_.makeFolder("folder");
     const auto link = folder_.makeLink("link", "one");
@@ -134,8 +134,8 @@ TEST_F(ContentsEqualAtPath, IsFalseIfTheAttributesCannotBeRead) {
     EXPECT_FALSE(contentsEqual(one, one));
 }
 
-TEST_F(ContentsEqualAtPath, ReadsFilesWhoseRecordedSizeMeansNothing) {
-    // The kernel's files have the size 0 and bytes all the same.
+TEST_F(ContentsEqualAtPath, ReadsFilesOfReportedSizeZero) {
+    // Files of pseudo file systems report size 0 and have content.
     const auto copy = folder_.writeFile("copy", "");
     EXPECT_FALSE(contentsEqual("/proc/version", copy));
     EXPECT_TRUE(contentsEqual("/proc/version", "/proc/version"));
@@ -172,7 +172,7 @@ TEST_F(DataEqualsAtPath, ComparesBothEndsOfLargeFiles) {
     }
 }
 
-TEST_F(DataEqualsAtPath, DoesNotLookAtTheMiddleOfLargeFiles) {
+TEST_F(DataEqualsAtPath, IgnoresTheMiddleOfLargeFiles) {
     const std::string bytes = pattern(7'000'000);
     const auto one = folder_.writeFile("one", bytes);
     for (const std::size_t at : {3'145'728u, 3'500'000u, 3'854'271u}) {
@@ -182,7 +182,7 @@ TEST_F(DataEqualsAtPath, DoesNotLookAtTheMiddleOfLargeFiles) {
     }
 }
 
-TEST_F(DataEqualsAtPath, IsLargeByTheRecordedSizeFromThreeMebibytesOn) {
+TEST_F(DataEqualsAtPath, FilesOfAtLeastThreeMebibytesAreLarge) {
     std::string bytes = pattern(7'000'000);
     const auto one = folder_.writeFile("one", bytes);
     bytes[3'500'000] = '\xff';
@@ -191,17 +191,17 @@ TEST_F(DataEqualsAtPath, IsLargeByTheRecordedSizeFromThreeMebibytesOn) {
     EXPECT_FALSE(dataEquals(one, other, threeMebibytes - 1));
 }
 
-TEST_F(DataEqualsAtPath, TakesTheTailFromTheEndOfTheFirstFile) {
+TEST_F(DataEqualsAtPath, TailBeginsAtTheEndOfTheFirstFile) {
     const std::string bytes = pattern(7'000'000);
     const auto one = folder_.writeFile("one", bytes);
     const auto longer = folder_.writeFile("longer", bytes + "more");
-    // What the other file has beyond that place is not looked at; the other way round it is the
-    // first file's tail, and the shorter one ends too early.
+    // What the other file has after that offset is ignored. The other way round it belongs to the
+    // first file's tail, and the shorter file ends too early.
     EXPECT_TRUE(dataEquals(one, longer, 7'000'000));
     EXPECT_FALSE(dataEquals(longer, one, 7'000'000));
 }
 
-TEST_F(DataEqualsAtPath, ComparesLargeFilesOfExactlyOnePortion) {
+TEST_F(DataEqualsAtPath, ComparesLargeFilesOfExactlyOneChunk) {
     const std::string bytes = pattern(threeMebibytes);
     const auto one = folder_.writeFile("one", bytes);
     EXPECT_TRUE(dataEquals(one, folder_.writeFile("other", bytes), threeMebibytes));
@@ -218,7 +218,7 @@ TEST_F(DataEqualsAtPath, ComparesFilesThatHaveShrunkSinceTheyWereRecorded) {
     EXPECT_FALSE(dataEquals(one, folder_.writeFile("other", ""), threeMebibytes));
 }
 
-TEST_F(DataEqualsAtPath, IsFalseForWhatCannotBeOpened) {
+TEST_F(DataEqualsAtPath, IsFalseForFilesThatCannotBeOpened) {
     const auto one = folder_.writeFile("one", pattern(7'000'000));
     EXPECT_FALSE(dataEquals(one, folder_.pathOf("missing"), 7'000'000));
     EXPECT_FALSE(dataEquals(folder_.pathOf("missing"), one, 7'000'000));
@@ -244,7 +244,7 @@ TEST_F(Md5OfFile, IsTheDigestOfTheWholeFile) {
     EXPECT_EQ(md5(folder_.writeFile("abc", "abc")), "900150983cd24fb0d6963f7d28e17f72");
 }
 
-TEST_F(Md5OfFile, DoesNotDependOnThePortionsItIsReadIn) {
+TEST_F(Md5OfFile, DoesNotDependOnChunkBoundaries) {
     EXPECT_EQ(md5(folder_.writeFile("less", std::string(threeMebibytes - 1, '\0'))),
               "a5b1d6a41d1eb639531f6b04231118f4");
     EXPECT_EQ(md5(folder_.writeFile("one", std::string(threeMebibytes, '\0'))),
@@ -255,7 +255,7 @@ TEST_F(Md5OfFile, DoesNotDependOnThePortionsItIsReadIn) {
               "da6a0d097e307ac52ed9b4ad551801fc");
 }
 
-TEST_F(Md5OfFile, IsNoneForWhatCannotBeOpenedOrRead) {
+TEST_F(Md5OfFile, IsNulloptForFilesThatCannotBeRead) {
     EXPECT_EQ(md5(folder_.pathOf("missing")), std::nullopt);
     EXPECT_EQ(md5(folder_.makeFolder("folder")), std::nullopt);
     EXPECT_EQ(md5("/dev/null"), std::nullopt);
@@ -272,7 +272,7 @@ TEST(CheckNilDate, IsTheDateItself) {
     EXPECT_EQ(checkNilDate(Timestamp(5s), clock), Timestamp(5s));
 }
 
-TEST(CheckNilDate, IsTheDateAndTimeNowIfThereIsNone) {
+TEST(CheckNilDate, IsTheCurrentTimeForNullopt) {
     FakeClock clock;
     clock.set(Timestamp(1'000s));
     EXPECT_EQ(checkNilDate(std::nullopt, clock), Timestamp(1'000s));

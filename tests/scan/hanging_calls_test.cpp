@@ -32,7 +32,7 @@ constexpr std::chrono::milliseconds promptly{5000};
 constexpr std::chrono::milliseconds promptly{1000};
 #endif
 
-/// Where calls hang until the test lets them return.
+/// Blocks calls until the test lets them return.
 class Hang final {
  public:
     void pass() {
@@ -122,8 +122,7 @@ long threadsOfThisProcess() {
     return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
 }
 
-/// A scan with calls that do not return. What such a call uses outlives the test, as the real file
-/// system outlives every scan.
+/// Scans with calls that do not return. The file system outlives the test, like the real one.
 class HangingCalls : public ::testing::Test {
  protected:
     struct Immortal {
@@ -145,13 +144,13 @@ class HangingCalls : public ::testing::Test {
     HangingCalls() {
         hangs().fileSystem.clearFaults();
         hangs().fileSystem.setListingOrder(ListingOrder::sorted);
-        // The first thread brings a sanitizer's own with it, which stays.
+        // With a sanitizer, the first thread starts another one, which stays.
         std::thread([] {}).join();
         threadsBefore_ = threadsOfThisProcess();
     }
 
     ~HangingCalls() override {
-        // Every thread that was left behind ends.
+        // Every thread that was left behind must end.
         hang_->open();
         EXPECT_TRUE(waitUntil([this] { return threadsOfThisProcess() <= threadsBefore_; }));
         hangs().fileSystem.clearFaults();
@@ -169,7 +168,7 @@ class HangingCalls : public ::testing::Test {
 
     void start(ScanRun& run) { run.start({{tree_.path(), "", "", true, true}}, {}); }
 
-    /// Stops the scan; how long that takes.
+    /// Stops the scan and returns how long that takes.
     static std::chrono::milliseconds stop(ScanRun& run) {
         const SteadyClock::time_point begin = SteadyClock::now();
         run.requestStop();
@@ -185,7 +184,7 @@ class HangingCalls : public ::testing::Test {
 
 class HangingFolder : public HangingCalls, public ::testing::WithParamInterface<FileCall> {};
 
-TEST_P(HangingFolder, DoesNotKeepAStopFromEndingTheScan) {
+TEST_P(HangingFolder, StopEndsTheScan) {
     tree_.writeFile("a/1.txt", "same");
     tree_.writeFile("dead/2.txt", "same");
     hangAt(GetParam(), "dead");
@@ -205,7 +204,7 @@ INSTANTIATE_TEST_SUITE_P(Calls, HangingFolder,
                                     std::to_string(static_cast<int>(info.param));
                          });
 
-TEST_F(HangingCalls, ALocationThatHangsDoesNotKeepAStopFromEndingTheScan) {
+TEST_F(HangingCalls, StopEndsAScanWithAHangingLocation) {
     tree_.writeFile("1.txt", "same");
     hangAt(FileCall::openRootDirectory, tree_.path());
     ScanRun run(hangs().platform, observer_, settings());
@@ -214,7 +213,7 @@ TEST_F(HangingCalls, ALocationThatHangsDoesNotKeepAStopFromEndingTheScan) {
     EXPECT_LT(stop(run), promptly);
 }
 
-TEST_F(HangingCalls, AnotherScanBeginsWhileAThreadIsStillStuck) {
+TEST_F(HangingCalls, NextScanRunsWhileAThreadIsStuck) {
     tree_.writeFile("a/1.txt", "same");
     tree_.writeFile("a/2.txt", "same");
     tree_.writeFile("dead/3.txt", "same");
@@ -229,7 +228,7 @@ TEST_F(HangingCalls, AnotherScanBeginsWhileAThreadIsStillStuck) {
     EXPECT_EQ(run.result().modal->totalFiles(), 1U);
 }
 
-TEST_F(HangingCalls, TheFolderThatIsWaitedForIsTold) {
+TEST_F(HangingCalls, ReportsTheFolderWaitedFor) {
     tree_.writeFile("a/1.txt", "same");
     tree_.writeFile("dead/2.txt", "same");
     hangAt(FileCall::listEntries, "dead");
@@ -239,7 +238,7 @@ TEST_F(HangingCalls, TheFolderThatIsWaitedForIsTold) {
     stop(run);
 }
 
-TEST_F(HangingCalls, TheFileThatIsWaitedForIsTold) {
+TEST_F(HangingCalls, ReportsTheFileWaitedFor) {
     tree_.writeFile("a.txt", noise(20'000, 1));
     tree_.writeFile("b.txt", noise(20'000, 1));
     hangAt(FileCall::readAt, "b.txt");
@@ -249,7 +248,7 @@ TEST_F(HangingCalls, TheFileThatIsWaitedForIsTold) {
     stop(run);
 }
 
-TEST_F(HangingCalls, AWaitThatThereIsNoMemoryToTellOfEndsNothing) {
+TEST_F(HangingCalls, WithoutMemoryForTheReportTheScanContinues) {
     tree_.writeFile("a.txt", "same");
     tree_.writeFile("b.txt", "same");
     hangAt(FileCall::readAt, "b.txt");
@@ -262,7 +261,7 @@ TEST_F(HangingCalls, AWaitThatThereIsNoMemoryToTellOfEndsNothing) {
     EXPECT_EQ(run.result().modal->totalFiles(), 1U);
 }
 
-TEST_F(HangingCalls, NothingIsToldToBeWaitedForDuringAPause) {
+TEST_F(HangingCalls, ReportsNoWaitDuringAPause) {
     tree_.writeFile("dead/2.txt", "same");
     ScanRun run(hangs().platform, observer_, settings());
     hangs().fileSystem.beforeCall(
@@ -274,7 +273,7 @@ TEST_F(HangingCalls, NothingIsToldToBeWaitedForDuringAPause) {
         "dead");
     start(run);
     hang_->waitForCalls(1);
-    // Twice as long as it takes to be told.
+    // Twice as long as it takes until a wait is reported.
     const SteadyClock::time_point enough = SteadyClock::now() + 200ms;
     EXPECT_TRUE(waitUntil([enough] { return SteadyClock::now() > enough; }));
     EXPECT_FALSE(observer_.hasWaited());
@@ -283,7 +282,7 @@ TEST_F(HangingCalls, NothingIsToldToBeWaitedForDuringAPause) {
     stop(run);
 }
 
-TEST_F(HangingCalls, TheElapsedTimeGoesOn) {
+TEST_F(HangingCalls, ElapsedTimeContinues) {
     tree_.writeFile("dead/2.txt", "same");
     hangAt(FileCall::listEntries, "dead");
     ScanRun run(hangs().platform, observer_, settings());
@@ -300,7 +299,7 @@ TEST_F(HangingCalls, TheElapsedTimeGoesOn) {
 
 class HangingFile : public HangingCalls, public ::testing::WithParamInterface<FileCall> {};
 
-TEST_P(HangingFile, KeepsNoOtherSetFromBeingFoundAndStopsAreAnswered) {
+TEST_P(HangingFile, OtherSetsAreFoundAndStopTakesEffect) {
     tree_.writeFile("dead 1.txt", noise(20'000, 1));
     tree_.writeFile("dead 2.txt", noise(20'000, 1));
     tree_.writeFile("p.txt", "equal");
@@ -308,7 +307,7 @@ TEST_P(HangingFile, KeepsNoOtherSetFromBeingFoundAndStopsAreAnswered) {
     tree_.writeFile("r.mp3", noise(30'000, 2));
     tree_.writeFile("s.mp3", noise(30'000, 2));
     hangAt(GetParam(), "dead 2");
-    // One worker: others stand in for it when it is stuck.
+    // One worker: others run in its place when it is stuck.
     ScanRun run(hangs().platform, observer_, settings({1, 1}));
     start(run);
     // All files but the two whose comparison hangs; the walk has taken the first of these.
@@ -327,7 +326,7 @@ INSTANTIATE_TEST_SUITE_P(Calls, HangingFile,
                                     std::to_string(static_cast<int>(info.param));
                          });
 
-TEST_F(HangingCalls, ARunMayBeDestroyedWhileAThreadIsStuck) {
+TEST_F(HangingCalls, RunCanBeDestroyedWhileAThreadIsStuck) {
     tree_.writeFile("dead 1.txt", noise(20'000, 1));
     tree_.writeFile("dead 2.txt", noise(20'000, 1));
     hangAt(FileCall::readAt, "dead 2");
@@ -341,10 +340,10 @@ TEST_F(HangingCalls, ARunMayBeDestroyedWhileAThreadIsStuck) {
     const int calls = observer_.calls();
     hang_->open();
     EXPECT_TRUE(waitUntil([this] { return threadsOfThisProcess() <= threadsBefore_; }));
-    EXPECT_EQ(observer_.calls(), calls) << "A thread that was left behind told something";
+    EXPECT_EQ(observer_.calls(), calls) << "A thread that was left behind reported something";
 }
 
-TEST_F(HangingCalls, ACallThatReturnsAfterAllLeavesACompleteResult) {
+TEST_F(HangingCalls, CallThatReturnsLateGivesACompleteResult) {
     tree_.writeFile("a.txt", noise(20'000, 1));
     tree_.writeFile("b.txt", noise(20'000, 1));
     hangAt(FileCall::readAt, "b.txt");

@@ -24,7 +24,7 @@ TEST(ProgressGate, LetsTheFirstCallThroughAtOnce) {
     EXPECT_TRUE(gate.due());
 }
 
-TEST(ProgressGate, LetsNothingThroughBeforeTheIntervalIsOver) {
+TEST(ProgressGate, BlocksCallsWithinTheInterval) {
     ProgressGate gate(1h);
     EXPECT_TRUE(gate.due());
     for (int call = 0; call < 1000; ++call) {
@@ -32,7 +32,7 @@ TEST(ProgressGate, LetsNothingThroughBeforeTheIntervalIsOver) {
     }
 }
 
-TEST(ProgressGate, LetsACallThroughWhenTheIntervalIsOver) {
+TEST(ProgressGate, LetsACallThroughAfterTheInterval) {
     ProgressGate gate(20ms);
     const auto begin = std::chrono::steady_clock::now();
     EXPECT_TRUE(gate.due());
@@ -49,7 +49,7 @@ TEST(ProgressGate, MeasuresTheIntervalFromTheLastCallLetThrough) {
     while (std::chrono::steady_clock::now() - begin < 100ms) {
         passed += gate.due() ? 1 : 0;
     }
-    // At 0 ms and then at most once in 5 ms; the last look may be a little later than 100 ms.
+    // At 0 ms and then at most once in 5 ms; the last call may be a little later than 100 ms.
     const auto took = std::chrono::steady_clock::now() - begin;
     EXPECT_LE(passed, took / 5ms + 1);
     EXPECT_GE(passed, 2);

@@ -8,14 +8,14 @@
 namespace tarvin {
 namespace {
 
-TEST(ProgressMailbox, AtFirstFilesAreCollectedAndNoneIsKnown) {
+TEST(ProgressMailbox, StartsWithACollectionWithoutAFile) {
     const Progress progress = ProgressMailbox().latest();
     EXPECT_FALSE(progress.comparing);
     EXPECT_EQ(progress.path, "");
     EXPECT_EQ(progress.elapsed, "Elapsed Time: 00:00:00");
 }
 
-TEST(ProgressMailbox, KeepsTheNewest) {
+TEST(ProgressMailbox, KeepsTheLatestReport) {
     ProgressMailbox mailbox;
     mailbox.collecting("/a/one.jpg");
     mailbox.collecting("/a/two.jpg");
@@ -27,7 +27,7 @@ TEST(ProgressMailbox, KeepsTheNewest) {
     EXPECT_EQ(progress.elapsed, "Elapsed Time: 00:00:02");
 }
 
-TEST(ProgressMailbox, WaitsUntilAFileIsToldOfAgain) {
+TEST(ProgressMailbox, WaitingEndsWithTheNextFile) {
     ProgressMailbox mailbox;
     mailbox.collecting("/a/one.jpg");
     EXPECT_FALSE(mailbox.latest().waiting);
@@ -45,7 +45,7 @@ TEST(ProgressMailbox, WaitsUntilAFileIsToldOfAgain) {
     EXPECT_EQ(mailbox.latest().path, "/a/two.jpg");
 }
 
-TEST(ProgressMailbox, TheComparisonBeginsWithoutAFile) {
+TEST(ProgressMailbox, ComparisonStartsWithoutAFile) {
     ProgressMailbox mailbox;
     mailbox.collecting("/a/one.jpg");
     mailbox.comparisonStarted(7);
@@ -56,7 +56,7 @@ TEST(ProgressMailbox, TheComparisonBeginsWithoutAFile) {
     EXPECT_EQ(progress.processed, 0U);
 }
 
-TEST(ProgressMailbox, ANumberThatComesLateDoesNotTurnTheCountBack) {
+TEST(ProgressMailbox, LateReportDoesNotLowerTheCount) {
     ProgressMailbox mailbox;
     mailbox.comparisonStarted(7);
     mailbox.processing("/a/two.jpg", 5);
@@ -65,7 +65,7 @@ TEST(ProgressMailbox, ANumberThatComesLateDoesNotTurnTheCountBack) {
     EXPECT_EQ(mailbox.latest().path, "/a/one.jpg");
 }
 
-TEST(ProgressMailbox, MayBeToldAndAskedOnSeveralThreads) {
+TEST(ProgressMailbox, CanBeUsedOnSeveralThreads) {
     constexpr std::uint64_t times = 1000;
     ProgressMailbox mailbox;
     mailbox.comparisonStarted(times);
@@ -84,7 +84,7 @@ TEST(ProgressMailbox, MayBeToldAndAskedOnSeveralThreads) {
     EXPECT_EQ(mailbox.latest().path, "/a/1000");
 }
 
-TEST(ProgressMailbox, ALookIsAnsweredAsAQuestionIs) {
+TEST(ProgressMailbox, TryLatestReturnsTheLatestReport) {
     ProgressMailbox mailbox;
     mailbox.comparisonStarted(7);
     mailbox.processing("/a/two.jpg", 5);
@@ -96,7 +96,7 @@ TEST(ProgressMailbox, ALookIsAnsweredAsAQuestionIs) {
     EXPECT_EQ(progress.processed, 5U);
 }
 
-TEST(ProgressMailbox, ALookInTheMiddleOfTellingShowsWhatWasSeenBefore) {
+TEST(ProgressMailbox, TryLatestKeepsTheValueDuringAReport) {
     constexpr std::uint64_t times = 1000;
     ProgressMailbox mailbox;
     mailbox.comparisonStarted(times);

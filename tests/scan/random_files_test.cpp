@@ -1,10 +1,12 @@
 #include "support/comparison_fixture.h"
 #include "support/pairwise_finder.h"
+#include "support/test_seeds.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <ostream>
 #include <random>
 
@@ -15,15 +17,19 @@ struct Shape {
     const char* name;
     std::size_t files;
     std::vector<std::size_t> sizes;
-    unsigned contents;  // different contents of one size, at most
+    unsigned contents;  // the maximum number of different contents of one size
 };
 
 void PrintTo(const Shape& shape, std::ostream* out) {  // NOLINT(readability-identifier-naming)
     *out << shape.name;
 }
 
-/// Equal and nearly equal files: those of one size differ in one byte at a telling place, or not.
-class RandomFiles : public ::testing::TestWithParam<std::tuple<Shape, unsigned>> {};
+/// Equal and nearly equal files: those of one size are equal or differ in one byte, at an offset
+/// where the method of comparison changes.
+class RandomFiles : public ::testing::TestWithParam<std::tuple<Shape, unsigned>> {
+ protected:
+    static void compareRandomFiles(std::uint64_t seed);
+};
 
 std::string variant(std::size_t size, unsigned number) {
     std::string content = noise(size, size);
@@ -37,27 +43,32 @@ std::string variant(std::size_t size, unsigned number) {
     return content;
 }
 
-TEST_P(RandomFiles, GiveTheSetsOfThePairwiseFinder) {
+void RandomFiles::compareRandomFiles(std::uint64_t seed) {
     const auto& [shape, workers] = GetParam();
-    const unsigned seed = std::random_device()();
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
-    ComparisonFixture bench(systemFileSystem(), {workers, workers * 4});
+    std::mt19937_64 random(seed);
+    ComparisonFixture fixture(systemFileSystem(), {workers, workers * 4});
     const std::array<const char*, 4> extensions{"jpg", "PNG", "jpeg", "gif copy"};
     for (std::size_t number = 0; number < shape.files; ++number) {
         const std::size_t size = shape.sizes[random() % shape.sizes.size()];
         const std::string name =
             std::to_string(number) + "." + extensions[random() % extensions.size()];
-        bench.add(name, variant(size, static_cast<unsigned>(random() % shape.contents)));
+        fixture.add(name, variant(size, static_cast<unsigned>(random() % shape.contents)));
     }
-    std::shuffle(bench.list().begin(), bench.list().end(), random);
-    const PlainResult expected = findPairwise(bench.list());
-    const PlainResult found = plainResultOf(*bench.find());
+    std::shuffle(fixture.list().begin(), fixture.list().end(), random);
+    const PlainResult expected = findPairwise(fixture.list());
+    const PlainResult found = plainResultOf(*fixture.find());
     EXPECT_TRUE(found == expected) << "expected:\n"
                                    << printed(expected) << "found:\n"
                                    << printed(found);
-    EXPECT_EQ(bench.processed(), shape.files);
-    EXPECT_TRUE(bench.list().empty());
+    EXPECT_EQ(fixture.processed(), shape.files);
+    EXPECT_TRUE(fixture.list().empty());
+}
+
+TEST_P(RandomFiles, GiveTheSetsOfTheReferenceImplementation) {
+    for (const std::uint64_t seed : testSeeds(1)) {
+        SCOPED_TRACE(seedText(seed));
+        compareRandomFiles(seed);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -6,6 +6,7 @@
 #include "support/file_tree.h"
 #include "support/pairwise_finder.h"
 #include "support/scan_tools.h"
+#include "support/test_seeds.h"
 
 #include <gtest/gtest.h>
 
@@ -19,21 +20,21 @@
 namespace tarvin {
 namespace {
 
-/// Tells nobody anything.
 class SilentObserver final : public ScanObserver {};
 
-/// Whole scans of trees made by chance, with files of all categories, in listings shuffled by
-/// chance, held against what comparing all pairs finds.
-class RandomScan : public ::testing::TestWithParam<unsigned> {
- protected:
-    void SetUp() override {
-        seed_ = std::random_device()();
-        random_.seed(seed_);
+/// A scan of a random tree, with files of all categories and shuffled listings.
+class RandomTreeScan final {
+ public:
+    explicit RandomTreeScan(std::uint64_t seed) : random_(seed) {
         fileSystem_.setListingOrder(ListingOrder::shuffled, random_());
         fill("", 4);
     }
 
-    /// Puts files into `folder`, many of them equal, some nearly, and folders with more of both.
+    /// Compares the results of a scan with those of the reference implementation.
+    void check(unsigned workers);
+
+ private:
+    /// Creates files in `folder`, many of them equal, some nearly, and folders with more of both.
     void fill(const std::string& folder, int depth) {
         static const std::vector<std::string> extensions{
             "jpg", "PNG", "mp4", "mkv", "mp3", "flac", "txt", "pdf", "zip", "xyz", "jpg copy"};
@@ -63,7 +64,7 @@ class RandomScan : public ::testing::TestWithParam<unsigned> {
         return bytes;
     }
 
-    /// What a single worker collects, in its order.
+    /// The files in the order in which a single worker collects them.
     CategoryLists collect() {
         CategoryLists lists;
         ScanTools tools(fileSystem_, {1, 1});
@@ -80,19 +81,17 @@ class RandomScan : public ::testing::TestWithParam<unsigned> {
         return {{tree_.path(), "", "", true, true}};
     }
 
-    unsigned seed_ = 0;
     std::mt19937_64 random_;
     FileTree tree_;
     FaultyFileSystem fileSystem_;
     FakePlatform platform_{fileSystem_};
 };
 
-TEST_P(RandomScan, FindsInEachCategoryWhatComparingAllPairsFinds) {
-    SCOPED_TRACE("seed " + std::to_string(seed_));
+void RandomTreeScan::check(unsigned workers) {
     CategoryLists lists = collect();
     SilentObserver observer;
     ScanRun::Settings settings;
-    settings.workers = {GetParam(), GetParam() * 2};
+    settings.workers = {workers, workers * 2};
     ScanRun run(platform_, observer, settings);
     run.start(locations(), {});
     run.wait();
@@ -107,6 +106,15 @@ TEST_P(RandomScan, FindsInEachCategoryWhatComparingAllPairsFinds) {
     }
     EXPECT_EQ(run.result().modal->totalFiles(), redundant);
     EXPECT_EQ(run.processed(), lists.total());
+}
+
+class RandomScan : public ::testing::TestWithParam<unsigned> {};
+
+TEST_P(RandomScan, FindsTheSetsOfTheReferenceInEachCategory) {
+    for (const std::uint64_t seed : testSeeds(1)) {
+        SCOPED_TRACE(seedText(seed));
+        RandomTreeScan(seed).check(GetParam());
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Workers, RandomScan, ::testing::Values(1U, 2U, 8U));

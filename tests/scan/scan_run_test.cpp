@@ -25,7 +25,7 @@ namespace {
 using Event = std::string;
 using namespace std::chrono_literals;
 
-/// Keeps what it is told, and does what the test has put at a certain event.
+/// Records all events and runs the test's action at a certain one.
 class Recorder final : public ScanObserver {
  public:
     void collectionStarted() override { note("collectionStarted"); }
@@ -44,7 +44,7 @@ class Recorder final : public ScanObserver {
     }
     void elapsed(const std::string& text) override { note(text); }
 
-    /// Called on the thread that tells, before anybody sees the event.
+    /// `action` is called on the reporting thread, before the event is recorded.
     void at(const Event& event, std::function<void()> action) {
         const std::lock_guard lock(mutex_);
         event_ = event;
@@ -54,7 +54,7 @@ class Recorder final : public ScanObserver {
     void waitFor(const Event& event) {
         std::unique_lock lock(mutex_);
         EXPECT_TRUE(changed_.wait_for(lock, testPatience, [&] { return has(event); }))
-            << "Nobody told: " << event;
+            << "not reported: " << event;
     }
 
     [[nodiscard]] bool saw(const Event& event) {
@@ -131,7 +131,7 @@ class ScanRunTest : public ::testing::Test {
     ScanRun run_{platform_, recorder_, settings()};
 };
 
-TEST_F(ScanRunTest, BeginsWithNothingGoingOn) {
+TEST_F(ScanRunTest, StartsIdle) {
     EXPECT_FALSE(run_.scanning());
     EXPECT_FALSE(run_.pause());
     EXPECT_FALSE(run_.stop());
@@ -162,7 +162,7 @@ TEST_F(ScanRunTest, JoinsTheCategoriesInTheirOrder) {
     EXPECT_TRUE(run_.stopElapsedTimeThread());
 }
 
-TEST_F(ScanRunTest, CategoriesAreNeverCompared) {
+TEST_F(ScanRunTest, ComparesOnlyWithinACategory) {
     folder_.writeFile("pictures/x.png", "same");
     folder_.writeFile("Foo.app/y.png", "same");
     addRow(folder_.path());
@@ -172,7 +172,7 @@ TEST_F(ScanRunTest, CategoriesAreNeverCompared) {
     EXPECT_EQ(run_.result().modal->extensionCount(), 0U);
 }
 
-TEST_F(ScanRunTest, TellsThePhasesInOrder) {
+TEST_F(ScanRunTest, ReportsThePhasesInOrder) {
     folder_.writeFile("a.txt", "same");
     folder_.writeFile("b.txt", "same");
     addRow(folder_.path());
@@ -190,7 +190,7 @@ TEST_F(ScanRunTest, TellsThePhasesInOrder) {
     EXPECT_EQ(run_.processed(), 2U);
 }
 
-TEST_F(ScanRunTest, WithoutAnyFileThereIsNoComparison) {
+TEST_F(ScanRunTest, WithoutFilesSkipsTheComparison) {
     folder_.writeFile("Makefile", "no extension");
     addRow(folder_.path());
     scan();
@@ -202,7 +202,7 @@ TEST_F(ScanRunTest, WithoutAnyFileThereIsNoComparison) {
     EXPECT_TRUE(run_.stopElapsedTimeThread());
 }
 
-TEST_F(ScanRunTest, AStopBetweenLocationsLeadsToAnEmptyResult) {
+TEST_F(ScanRunTest, StopBetweenLocationsGivesAnEmptyResult) {
     folder_.writeFile("one/a.txt", "same");
     folder_.writeFile("one/b.txt", "same");
     folder_.writeFile("two/c.txt", "same");
@@ -215,13 +215,13 @@ TEST_F(ScanRunTest, AStopBetweenLocationsLeadsToAnEmptyResult) {
     EXPECT_EQ(run_.result().modal->extensionCount(), 0U);
     EXPECT_TRUE(run_.go());
     EXPECT_TRUE(run_.added());
-    // The flag is cleared on the way, but the run knows.
+    // stop() has been cleared, but wasStopped() has not.
     EXPECT_FALSE(run_.stop());
     EXPECT_TRUE(run_.wasStopped());
     EXPECT_FALSE(run_.scanning());
 }
 
-TEST_F(ScanRunTest, AStopBetweenLocationsLetsNoWorkerGoOnListing) {
+TEST_F(ScanRunTest, StopBetweenLocationsEndsAllListing) {
     for (int number = 0; number < 300; ++number) {
         folder_.writeFile("one/" + std::to_string(number) + "/a.txt", "same");
     }
@@ -238,13 +238,13 @@ TEST_F(ScanRunTest, AStopBetweenLocationsLetsNoWorkerGoOnListing) {
     }
 }
 
-TEST_F(ScanRunTest, AStopInTheComparisonShowsTheSetsFoundBefore) {
+TEST_F(ScanRunTest, StopInTheComparisonKeepsTheSetsFoundBefore) {
     folder_.writeFile("a/1.txt", "first");
     folder_.writeFile("a/2.txt", "first");
     folder_.writeFile("b/3.mp3", "second set");
     folder_.writeFile("b/4.mp3", "second set");
     addRow(folder_.path());
-    // The second file of a set has just been told of, so that set is filed.
+    // The second file of the set has just been reported, so that set is kept.
     std::atomic<bool> stopped{false};
     recorder_.at("processing 2.txt", [&] {
         run_.requestStop();
@@ -257,12 +257,12 @@ TEST_F(ScanRunTest, AStopInTheComparisonShowsTheSetsFoundBefore) {
         EXPECT_EQ(run_.result().modal->totalFiles(), run_.result().docsModal()->totalFiles() +
                                                          run_.result().audioModal()->totalFiles());
     } else {
-        // The listing gave them the other way round.
+        // The listing had the other order.
         EXPECT_EQ(run_.result().modal->totalFiles(), 2U);
     }
 }
 
-TEST_F(ScanRunTest, AStopBeforeTheComparisonShowsNothing) {
+TEST_F(ScanRunTest, StopBeforeTheComparisonGivesAnEmptyResult) {
     folder_.writeFile("a.txt", "same");
     folder_.writeFile("b.txt", "same");
     addRow(folder_.path());
@@ -274,7 +274,7 @@ TEST_F(ScanRunTest, AStopBeforeTheComparisonShowsNothing) {
     EXPECT_TRUE(run_.wasStopped());
 }
 
-TEST_F(ScanRunTest, HomeCleanupForgetsEverything) {
+TEST_F(ScanRunTest, HomeCleanupResetsEverything) {
     folder_.writeFile("a.txt", "same");
     folder_.writeFile("b.txt", "same");
     addRow(folder_.path());
@@ -294,7 +294,7 @@ TEST_F(ScanRunTest, HomeCleanupForgetsEverything) {
     EXPECT_FALSE(run_.scanStartDate().has_value());
 }
 
-TEST_F(ScanRunTest, HomeCleanupFreesTheResultInAWhile) {
+TEST_F(ScanRunTest, HomeCleanupFreesTheResultInTheBackground) {
     folder_.writeFile("a.txt", "same");
     folder_.writeFile("b.txt", "same");
     addRow(folder_.path());
@@ -308,7 +308,7 @@ TEST_F(ScanRunTest, HomeCleanupFreesTheResultInAWhile) {
     EXPECT_TRUE(waitUntil([&] { return file.expired(); }));
 }
 
-TEST_F(ScanRunTest, NothingOfAResultOutlivesTheRun) {
+TEST_F(ScanRunTest, ResultIsFreedBeforeTheRunIsDestroyed) {
     folder_.writeFile("a.txt", "same");
     folder_.writeFile("b.txt", "same");
     for (int round = 0; round < 20; ++round) {
@@ -352,14 +352,14 @@ TEST_F(ScanRunTest, LowersThePriorityOfItsThreadsIfConfigured) {
     }
 }
 
-/// Keeps each thread that tells of a file of the comparison until five of them have come.
+/// Blocks each thread that reports a file of the comparison until there are five.
 class MeetingOfFive final : public ScanObserver {
  public:
     void processing(const std::string& /*path*/, std::uint64_t /*processed*/) override {
         std::unique_lock lock(mutex_);
         threads_.insert(std::this_thread::get_id());
         changed_.notify_all();
-        // Nobody waits a second time.
+        // After a failure no thread waits again.
         haveMet_ = haveMet_ &&
                    changed_.wait_for(lock, testPatience, [this] { return threads_.size() == 5; });
     }
@@ -373,7 +373,7 @@ class MeetingOfFive final : public ScanObserver {
     std::atomic<bool> haveMet_{true};
 };
 
-TEST_F(ScanRunTest, TheFiveCategoriesAreComparedAtTheSameTime) {
+TEST_F(ScanRunTest, ComparesTheFiveCategoriesConcurrently) {
     for (const char* name : {"a.jpg", "a.mp4", "a.mp3", "a.pdf", "a.xyz"}) {
         folder_.writeFile(std::string("f/") + name, "same");
         folder_.writeFile(std::string("g/") + name, "same");
@@ -387,7 +387,7 @@ TEST_F(ScanRunTest, TheFiveCategoriesAreComparedAtTheSameTime) {
     EXPECT_EQ(run.result().modal->totalFiles(), 5U);
 }
 
-TEST_F(ScanRunTest, AComparisonIsNotCompletedByTheOneBefore) {
+TEST_F(ScanRunTest, NextComparisonResetsExactScanCompleted) {
     folder_.writeFile("a.txt", "same");
     addRow(folder_.path());
     scan();
@@ -400,7 +400,7 @@ TEST_F(ScanRunTest, AComparisonIsNotCompletedByTheOneBefore) {
     EXPECT_TRUE(run_.exactScanCompleted());
 }
 
-TEST_F(ScanRunTest, EachComparisonClearsTheFlagOfTheViews) {
+TEST_F(ScanRunTest, ComparisonClearsTheFlagOfTheViews) {
     folder_.writeFile("a.txt", "same");
     addRow(folder_.path());
     run_.setAfterSimilarReportCall(true);
@@ -408,7 +408,7 @@ TEST_F(ScanRunTest, EachComparisonClearsTheFlagOfTheViews) {
     EXPECT_FALSE(run_.afterSimilarReportCall());
 }
 
-TEST_F(ScanRunTest, WithoutAComparisonTheFlagOfTheViewsIsLeftAlone) {
+TEST_F(ScanRunTest, WithoutAComparisonTheFlagOfTheViewsStays) {
     addRow(folder_.path());
     run_.setAfterSimilarReportCall(true);
     scan();
@@ -426,7 +426,7 @@ TEST_F(ScanRunTest, ScansAgainAfterHomeCleanup) {
     }
 }
 
-TEST_F(ScanRunTest, APauseInTheCollectionHoldsItUntilItIsCleared) {
+TEST_F(ScanRunTest, PauseHoldsTheCollectionUntilCleared) {
     folder_.writeFile("one/a.txt", "same");
     folder_.writeFile("two/b.txt", "same");
     addRow(folder_.path());
@@ -441,7 +441,7 @@ TEST_F(ScanRunTest, APauseInTheCollectionHoldsItUntilItIsCleared) {
     EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
 }
 
-TEST_F(ScanRunTest, APauseInTheComparisonTellsNothingUntilItIsCleared) {
+TEST_F(ScanRunTest, PausedComparisonReportsNothing) {
     for (int number = 0; number < 50; ++number) {
         folder_.writeFile(std::to_string(number) + ".txt", "same");
     }
@@ -449,7 +449,7 @@ TEST_F(ScanRunTest, APauseInTheComparisonTellsNothingUntilItIsCleared) {
     recorder_.at("comparisonStarted 50", [this] { run_.setPause(true); });
     start();
     recorder_.waitFor("comparisonStarted 50");
-    // The elapsed time goes on being asked for while everything else waits.
+    // Only the elapsed time may be reported while everything else waits.
     EXPECT_FALSE(run_.exactScanCompleted());
     EXPECT_TRUE(run_.scanning());
     for (const Event& event : recorder_.events()) {
@@ -461,7 +461,7 @@ TEST_F(ScanRunTest, APauseInTheComparisonTellsNothingUntilItIsCleared) {
     EXPECT_EQ(run_.processed(), 50U);
 }
 
-TEST_F(ScanRunTest, AStopEndsAPause) {
+TEST_F(ScanRunTest, StopEndsAPause) {
     folder_.writeFile("a.txt", "same");
     folder_.writeFile("b.txt", "same");
     addRow(folder_.path());
@@ -474,7 +474,7 @@ TEST_F(ScanRunTest, AStopEndsAPause) {
     EXPECT_EQ(run_.result().modal->extensionCount(), 0U);
 }
 
-TEST_F(ScanRunTest, TheElapsedTimeFollowsTheClock) {
+TEST_F(ScanRunTest, ElapsedTimeFollowsTheClock) {
     folder_.writeFile("a.txt", "same");
     addRow(folder_.path());
     std::mutex gate;
@@ -487,7 +487,7 @@ TEST_F(ScanRunTest, TheElapsedTimeFollowsTheClock) {
     run_.wait();
 }
 
-TEST_F(ScanRunTest, PausedSecondsDoNotCount) {
+TEST_F(ScanRunTest, ElapsedTimeExcludesPauses) {
     folder_.writeFile("a.txt", "same");
     addRow(folder_.path());
     std::mutex gate;
@@ -497,7 +497,7 @@ TEST_F(ScanRunTest, PausedSecondsDoNotCount) {
     platform_.clock().advance(100500ms);
     recorder_.waitFor("Elapsed Time: 00:01:40");
     run_.setPause(true);
-    // Each step of a pause counts as a second, so the time shown ends up behind the clock.
+    // Each step of a pause counts as a second, so the reported time falls behind the clock.
     const auto behind = [this] {
         const std::vector<Event> events = recorder_.events();
         const auto last = std::find_if(events.rbegin(), events.rend(), [](const Event& event) {
@@ -515,7 +515,7 @@ TEST_F(ScanRunTest, PausedSecondsDoNotCount) {
     run_.wait();
 }
 
-TEST_F(ScanRunTest, TheFileThatIsWaitedForIsToldHoweverSoonAfterAnother) {
+TEST_F(ScanRunTest, ReportsTheFileWaitedForBeforeTheGateIsDue) {
     folder_.writeFile("a.txt", "same");
     folder_.writeFile("b.txt", "same");
     std::mutex gate;
@@ -533,7 +533,7 @@ TEST_F(ScanRunTest, TheFileThatIsWaitedForIsToldHoweverSoonAfterAnother) {
     EXPECT_EQ(run.result().modal->totalFiles(), 1U);
 }
 
-TEST_F(ScanRunTest, AMissingLocationIsToldAndTheOthersAreScanned) {
+TEST_F(ScanRunTest, ReportsAMissingLocationAndScansTheOthers) {
     folder_.writeFile("there/a.txt", "same");
     folder_.writeFile("there/b.txt", "same");
     addRow(folder_.pathOf("gone"));
@@ -545,7 +545,7 @@ TEST_F(ScanRunTest, AMissingLocationIsToldAndTheOthersAreScanned) {
     EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
 }
 
-TEST_F(ScanRunTest, ExceptedFilesAreLeftOut) {
+TEST_F(ScanRunTest, SkipsExceptions) {
     const std::string excepted = folder_.writeFile("a.txt", "same");
     folder_.writeFile("b.txt", "same");
     addRow(folder_.path());
@@ -569,7 +569,7 @@ TEST_F(ScanRunTest, FindsEqualFilesFiveThousandLevelsDeep) {
     }));
 }
 
-TEST_F(ScanRunTest, FindsEqualFilesWhosePathsAreLongerThanTheSystemTakes) {
+TEST_F(ScanRunTest, FindsEqualFilesWithPathsOverPathMax) {
     const std::string bottom =
         folder_.makeChain("", std::string(250, 'd'), 20, {"a.txt", "b.txt"}, "same");
     addRow(bottom);
@@ -581,7 +581,7 @@ TEST_F(ScanRunTest, FindsEqualFilesWhosePathsAreLongerThanTheSystemTakes) {
     EXPECT_EQ(set, (std::vector{bottom + "/a.txt", bottom + "/b.txt"}));
 }
 
-TEST_F(ScanRunTest, EndsItsThreadsWhenItIsDestroyedInTheMiddle) {
+TEST_F(ScanRunTest, DestructorEndsTheThreadsOfARunningScan) {
     for (int number = 0; number < 200; ++number) {
         folder_.writeFile(std::to_string(number) + ".txt", noise(20'000, 1));
     }
@@ -593,8 +593,8 @@ TEST_F(ScanRunTest, EndsItsThreadsWhenItIsDestroyedInTheMiddle) {
     }
 }
 
-/// Pauses, resumes and stops at every stage: what is shown must be whole sets of equal files.
-TEST_F(ScanRunTest, AnyMomentOfPauseAndStopLeavesAProvenResult) {
+/// Pauses, resumes and stops at every stage. The result must be sets of equal files.
+TEST_F(ScanRunTest, StopAtAnyMomentLeavesOnlyEqualFilesInSets) {
     for (int number = 0; number < 60; ++number) {
         folder_.writeFile(std::to_string(number) + ".txt",
                           noise(number % 2 == 0 ? 300 : 40'000, static_cast<unsigned>(number) % 7));

@@ -21,7 +21,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// While it lives, the system has no room for the stack of a new thread.
+/// During its lifetime there is no address space for the stack of a new thread.
 class NoThreads final {
  public:
     NoThreads() {
@@ -44,7 +44,7 @@ class NoThreads final {
     pthread_attr_t before_{};
 };
 
-TEST(ScarceThreads, AScanIsDoneOnTheCallersThread) {
+TEST(ScarceThreads, ScanRunsOnTheCallersThread) {
     FileTree tree;
     for (int number = 0; number < 50; ++number) {
         tree.writeFile("folder " + std::to_string(number) + "/a.txt", "same");
@@ -65,7 +65,7 @@ TEST(ScarceThreads, AScanIsDoneOnTheCallersThread) {
     EXPECT_EQ(run.result().modal->totalFiles(), 0U);
 }
 
-/// Keeps the names of the files that the comparison came to.
+/// Records the names of the files that the comparison reports.
 class CategoryNames final : public ScanObserver {
  public:
     void processing(const std::string& path, std::uint64_t /*processed*/) override {
@@ -96,7 +96,7 @@ TEST(ScarceThreads, CategoriesAreComparedInTheirOrder) {
               (std::vector<std::string>{"a.jpg", "a.mp4", "a.mp3", "a.pdf", "a.xyz"}));
 }
 
-TEST(ScarceThreads, ATaskWaitsForWhoeverWaitsForIt) {
+TEST(ScarceThreads, TaskRunsOnTheWaitingThread) {
     const NoThreads none;
     WorkerPool pool({2, 4});
     int runs = 0;
@@ -110,7 +110,7 @@ TEST(ScarceThreads, ATaskWaitsForWhoeverWaitsForIt) {
     EXPECT_EQ(runs, 2);
 }
 
-TEST(ScarceThreads, APoolWithoutThreadsRunsWhatIsQueuedAtItsEnd) {
+TEST(ScarceThreads, PoolWithoutThreadsRunsQueuedTasksOnDestruction) {
     const NoThreads none;
     int runs = 0;
     {
@@ -121,7 +121,7 @@ TEST(ScarceThreads, APoolWithoutThreadsRunsWhatIsQueuedAtItsEnd) {
     EXPECT_EQ(runs, 6);
 }
 
-TEST(ScarceThreads, TasksOfWorkersAreLeftToThem) {
+TEST(ScarceThreads, RunOneHereLeavesTasksToWorkers) {
     WorkerPool pool({1, 1});
     std::mutex gate;
     gate.lock();
@@ -154,7 +154,7 @@ TEST(StuckTasks, LetOthersRunInTheirPlace) {
     gate.unlock();
 }
 
-TEST(StuckTasks, AreNotWaitedForLongerThanAsked) {
+TEST(StuckTasks, EndWithinTimesOut) {
     WorkerPool pool({1, 1});
     std::mutex gate;
     gate.lock();
@@ -169,7 +169,7 @@ TEST(StuckTasks, KeepWhatTheyUseAliveWhenTheyAreAbandoned) {
         std::atomic<int> ended{0};
         WorkerPool pool{WorkerPool::Limits{1, 1}};
     };
-    // Outlives the task, as a device outlives a call.
+    // Outlives the task.
     struct Outside {
         std::mutex gate;
         std::atomic<bool> stuck{false};
@@ -196,7 +196,7 @@ TEST(StuckTasks, KeepWhatTheyUseAliveWhenTheyAreAbandoned) {
     EXPECT_TRUE(outside->dropped);
 }
 
-TEST(ScarceMemory, OfACallInForEachReachesTheCaller) {
+TEST(ScarceMemory, ForEachRethrowsBadAlloc) {
     WorkerPool pool({2, 4});
     std::atomic<int> calls{0};
     EXPECT_THROW(pool.forEach(20,
@@ -212,7 +212,7 @@ TEST(ScarceMemory, OfACallInForEachReachesTheCaller) {
 
 class ScarceMemoryInAScan : public ::testing::TestWithParam<FileCall> {};
 
-TEST_P(ScarceMemoryInAScan, EndsTheScanAndIsTold) {
+TEST_P(ScarceMemoryInAScan, EndsTheScanAndIsReported) {
     FileTree tree;
     for (int number = 0; number < 100; ++number) {
         tree.writeFile("f/" + std::to_string(number) + ".txt", noise(20'000, 1));

@@ -1,6 +1,7 @@
 #include "scan/size_classes.h"
 
 #include "model/file_store.h"
+#include "support/test_seeds.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +19,7 @@ namespace {
 
 using Positions = std::vector<std::uint32_t>;
 
-/// Files of these sizes, in this order.
+/// Files with these sizes, in this order.
 class Files final {
  public:
     explicit Files(const std::vector<std::uint64_t>& sizes) {
@@ -45,14 +46,14 @@ TEST(SizeClasses, AreNoneWithoutFiles) {
     EXPECT_EQ(SizeClasses(std::vector<File*>()).count(), 0u);
 }
 
-TEST(SizeClasses, AreNoneOfOneFile) {
+TEST(SizeClasses, AreNoneForOneFile) {
     const Files files({5});
     const SizeClasses classes(files.list());
     EXPECT_EQ(classes.count(), 0u);
     EXPECT_EQ(classes.classOf(0), SizeClasses::noClass);
 }
 
-TEST(SizeClasses, AreNoneOfFilesThatAllDifferInSize) {
+TEST(SizeClasses, AreNoneForFilesOfDifferentSizes) {
     const Files files({5, 4, 3, 0});
     const SizeClasses classes(files.list());
     EXPECT_EQ(classes.count(), 0u);
@@ -88,7 +89,7 @@ TEST(SizeClasses, HoldAllFilesOfOneSize) {
     EXPECT_EQ(membersOf(classes, 0).back(), 999u);
 }
 
-TEST(SizeClasses, TellTheLargestSizesApart) {
+TEST(SizeClasses, DistinguishTheLargestSizes) {
     constexpr std::uint64_t largest = std::numeric_limits<std::uint64_t>::max();
     const Files files(
         {largest, largest - 1, std::uint64_t{1} << 32, 0, largest, 1, std::uint64_t{1} << 32});
@@ -98,7 +99,7 @@ TEST(SizeClasses, TellTheLargestSizesApart) {
     EXPECT_EQ(membersOf(classes, 1), (Positions{2, 6}));
 }
 
-/// The same by an ordered table.
+/// Reference implementation with an ordered map.
 struct Plain {
     explicit Plain(const std::vector<std::uint64_t>& sizes) {
         std::map<std::uint64_t, Positions> bySize;
@@ -138,13 +139,13 @@ void expectAsPlain(const std::vector<std::uint64_t>& sizes) {
     }
 }
 
-TEST(SizeClasses, AreThoseOfAnOrderedTableForRandomLists) {
-    for (std::uint64_t seed = 1; seed <= 300; ++seed) {
-        SCOPED_TRACE(seed);
+TEST(SizeClasses, EqualTheReferenceForRandomLists) {
+    for (const std::uint64_t seed : testSeeds(300)) {
+        SCOPED_TRACE(seedText(seed));
         std::mt19937_64 random(seed);
         std::vector<std::uint64_t> sizes(random() % 200);
         const std::uint64_t variety = 1 + random() % 300;
-        // Sizes of whole blocks, too: their low bits are all alike.
+        // Also multiples of a block size, whose low bits are equal.
         const std::uint64_t unit = std::uint64_t{1} << random() % 50;
         for (std::uint64_t& size : sizes) {
             size = random() % variety * unit;
@@ -153,7 +154,7 @@ TEST(SizeClasses, AreThoseOfAnOrderedTableForRandomLists) {
     }
 }
 
-TEST(SizeClasses, AreThoseOfAnOrderedTableForALongList) {
+TEST(SizeClasses, EqualTheReferenceForALongList) {
     std::mt19937_64 random(20260131);
     std::vector<std::uint64_t> sizes(200'000);
     for (std::uint64_t& size : sizes) {

@@ -16,21 +16,21 @@
 namespace tarvin {
 namespace {
 
-/// Compares files of one size and looks at what is known at certain points of the reading.
+/// Compares files of one size and checks what is known at certain points of the reading.
 class ComparisonOfOneClass : public ::testing::Test {
  protected:
     static constexpr std::size_t fileBytes = 200'000;
 
-    /// `count` files of which each `copies` that follow each other are equal.
+    /// Adds `count` files in runs of `copies` equal ones.
     void addFiles(std::size_t count, std::size_t copies) {
         for (std::size_t number = 0; number < count; ++number) {
-            bench_.add(std::to_string(number) + ".txt",
-                       noise(fileBytes, static_cast<unsigned>(number / copies)));
+            fixture_.add(std::to_string(number) + ".txt",
+                         noise(fileBytes, static_cast<unsigned>(number / copies)));
         }
         allBytes_ = count * fileBytes;
     }
 
-    /// Calls `action` once, when that share of all bytes has been read.
+    /// Calls `action` once, when that fraction of all bytes has been read.
     void atShare(double share, const std::function<void()>& action) {
         fileSystem_.beforeCall(FileCall::readAt, FaultyFileSystem::each, [this, share, action] {
             if (static_cast<double>(fileSystem_.bytesRead()) >=
@@ -42,15 +42,15 @@ class ComparisonOfOneClass : public ::testing::Test {
     }
 
     FaultyFileSystem fileSystem_;
-    ComparisonFixture bench_{fileSystem_};
+    ComparisonFixture fixture_{fileSystem_};
     std::size_t allBytes_ = 0;
     std::atomic<bool> acted_{false};
 };
 
-TEST_F(ComparisonOfOneClass, AStopKeepsThePairsThatWereProven) {
+TEST_F(ComparisonOfOneClass, StopKeepsConfirmedPairs) {
     addFiles(200, 2);
-    atShare(0.75, [this] { bench_.control().setStop(true); });
-    const PlainResult found = plainResultOf(*bench_.find());
+    atShare(0.75, [this] { fixture_.control().setStop(true); });
+    const PlainResult found = plainResultOf(*fixture_.find());
     ASSERT_EQ(found.size(), 1U);
     EXPECT_GE(found[0].sets.size(), 65U);
     EXPECT_LT(found[0].sets.size(), 100U);
@@ -58,35 +58,35 @@ TEST_F(ComparisonOfOneClass, AStopKeepsThePairsThatWereProven) {
         ASSERT_EQ(set.size(), 2U);
         EXPECT_EQ(set[0].substr(0, set[0].rfind('.')).back() % 2, 0) << set[0];
     }
-    EXPECT_LT(bench_.processed(), 200U);
-    EXPECT_FALSE(bench_.list().empty());
+    EXPECT_LT(fixture_.processed(), 200U);
+    EXPECT_FALSE(fixture_.list().empty());
 }
 
-TEST_F(ComparisonOfOneClass, AStopKeepsTheMembersOfALargeSetThatWereProven) {
+TEST_F(ComparisonOfOneClass, StopKeepsConfirmedMembersOfALargeSet) {
     addFiles(100, 100);
-    atShare(0.75, [this] { bench_.control().setStop(true); });
-    const PlainResult found = plainResultOf(*bench_.find());
+    atShare(0.75, [this] { fixture_.control().setStop(true); });
+    const PlainResult found = plainResultOf(*fixture_.find());
     ASSERT_EQ(found.size(), 1U);
     ASSERT_EQ(found[0].sets.size(), 1U);
     EXPECT_GE(found[0].sets[0].size(), 50U);
     EXPECT_LT(found[0].sets[0].size(), 100U);
 }
 
-TEST_F(ComparisonOfOneClass, AStopBeforeAnythingIsProvenKeepsNothing) {
+TEST_F(ComparisonOfOneClass, StopBeforeAnyConfirmationKeepsNothing) {
     addFiles(20, 2);
-    atShare(0.0, [this] { bench_.control().setStop(true); });
-    EXPECT_EQ(plainResultOf(*bench_.find()), PlainResult{});
-    // One or two were taken out before the stop was noticed.
-    EXPECT_GE(bench_.list().size(), 18U);
+    atShare(0.0, [this] { fixture_.control().setStop(true); });
+    EXPECT_EQ(plainResultOf(*fixture_.find()), PlainResult{});
+    // One or two were taken out before the walk saw the stop.
+    EXPECT_GE(fixture_.list().size(), 18U);
 }
 
 TEST_F(ComparisonOfOneClass, CountsFilesAsTheyAreDecided) {
     for (const std::size_t copies : {2U, 100U}) {
         FaultyFileSystem fileSystem;
-        ComparisonFixture bench(fileSystem);
+        ComparisonFixture fixture(fileSystem);
         for (std::size_t number = 0; number < 200; ++number) {
-            bench.add(std::to_string(number) + ".txt",
-                      noise(fileBytes, static_cast<unsigned>(number / copies)));
+            fixture.add(std::to_string(number) + ".txt",
+                        noise(fileBytes, static_cast<unsigned>(number / copies)));
         }
         std::mutex mutex;
         std::vector<std::uint64_t> processedAt(10, 0);  // when each tenth of the bytes is read
@@ -94,11 +94,11 @@ TEST_F(ComparisonOfOneClass, CountsFilesAsTheyAreDecided) {
             const std::uint64_t tenth = fileSystem.bytesRead() * 10 / (200 * fileBytes);
             const std::lock_guard lock(mutex);
             if (tenth < processedAt.size() && processedAt[tenth] == 0) {
-                processedAt[tenth] = bench.processed();
+                processedAt[tenth] = fixture.processed();
             }
         });
-        bench.find();
-        EXPECT_EQ(bench.processed(), 200U);
+        fixture.find();
+        EXPECT_EQ(fixture.processed(), 200U);
         for (std::size_t tenth = 3; tenth < 10; ++tenth) {
             EXPECT_GE(processedAt[tenth], 20 * (tenth - 2)) << copies << " copies, tenth " << tenth;
             EXPECT_LE(processedAt[tenth], 20 * (tenth + 2)) << copies << " copies, tenth " << tenth;
@@ -106,33 +106,33 @@ TEST_F(ComparisonOfOneClass, CountsFilesAsTheyAreDecided) {
     }
 }
 
-TEST_F(ComparisonOfOneClass, TellsOfFilesWhileItIsUnderWay) {
+TEST_F(ComparisonOfOneClass, ReportsFilesDuringTheComparison) {
     addFiles(200, 2);
-    std::atomic<std::size_t> toldAtHalf{0};
-    atShare(0.5, [&] { toldAtHalf = bench_.told().size(); });
-    bench_.find();
-    EXPECT_GE(toldAtHalf, 50U);
+    std::atomic<std::size_t> reportedAtHalf{0};
+    atShare(0.5, [&] { reportedAtHalf = fixture_.reported().size(); });
+    fixture_.find();
+    EXPECT_GE(reportedAtHalf, 50U);
 }
 
-TEST(StoppedComparison, KeepsSetsBehindOneThatWasNotDecided) {
+TEST(StoppedComparison, KeepsSetsAfterAnUndecidedOne) {
     FaultyFileSystem fileSystem;
-    ComparisonFixture bench(fileSystem, {2, 4});
-    bench.add("slow 1.txt", noise(20'000, 1));
-    bench.add("slow 2.txt", noise(20'000, 1));
-    const std::string a = bench.add("a.txt", "equal")->filePath();
-    const std::string b = bench.add("b.txt", "equal")->filePath();
-    const std::string c = bench.add("c.txt", "alike!")->filePath();
-    const std::string d = bench.add("d.txt", "alike!")->filePath();
+    ComparisonFixture fixture(fileSystem, {2, 4});
+    fixture.add("slow 1.txt", noise(20'000, 1));
+    fixture.add("slow 2.txt", noise(20'000, 1));
+    const std::string a = fixture.add("a.txt", "equal")->filePath();
+    const std::string b = fixture.add("b.txt", "equal")->filePath();
+    const std::string c = fixture.add("c.txt", "alike!")->filePath();
+    const std::string d = fixture.add("d.txt", "alike!")->filePath();
     std::mutex gate;
     gate.lock();
     fileSystem.beforeCall(
         FileCall::openFile, FaultyFileSystem::each, [&gate] { const std::lock_guard pass(gate); },
         "slow");
     PlainResult found;
-    std::thread finding([&] { found = plainResultOf(*bench.find()); });
-    // The first of the slow ones is counted when the walk comes to it.
-    EXPECT_TRUE(waitUntil([&] { return bench.processed() == 5; }));
-    bench.control().setStop(true);
+    std::thread finding([&] { found = plainResultOf(*fixture.find()); });
+    // The first of the slow files is counted when the walk reaches it.
+    EXPECT_TRUE(waitUntil([&] { return fixture.processed() == 5; }));
+    fixture.control().setStop(true);
     finding.join();
     EXPECT_EQ(found, (PlainResult{{"txt", {{a, b}, {c, d}}}}));
     gate.unlock();

@@ -38,7 +38,7 @@ void expectTimes(const std::vector<TimeRow>& rows) {
     }
 }
 
-TEST(SizeText, HasDecimalUnitsAndTwoPlaces) {
+TEST(SizeText, HasDecimalUnitsAndTwoDecimals) {
     expectSizes({{0, "0.00 KB"},
                  {1, "0.00 KB"},
                  {999, "1.00 KB"},
@@ -51,7 +51,7 @@ TEST(SizeText, HasDecimalUnitsAndTwoPlaces) {
                  {123'456'789'012, "123.46 GB"}});
 }
 
-TEST(SizeText, ChangesItsUnitByTheByteAndNotByTheText) {
+TEST(SizeText, ChoosesTheUnitByBytesBeforeRounding) {
     expectSizes({{999'999, "1000.00 KB"},
                  {1'000'000, "1.00 MB"},
                  {999'999'999, "1000.00 MB"},
@@ -70,28 +70,28 @@ TEST(SizeText, HasNoUnitBelowKilobytes) {
 }
 
 TEST(SizeText, IsDividedInSinglePrecision) {
-    // In double precision these end in 0.99 KB, 1000.00 KB, 1000.00 MB and 1234567.89 GB.
+    // In double precision these would be 0.99 KB, 1000.00 KB, 1000.00 MB and 1234567.89 GB.
     expectSizes({{995, "1.00 KB"},
                  {999'995, "999.99 KB"},
                  {999'995'000, "999.99 MB"},
                  {1'234'567'890'123'456, "1234568.00 GB"}});
 }
 
-/// Writes numbers as a language with a comma does.
+/// Formats numbers with a decimal comma.
 class CommaNumbers final : public std::numpunct<char> {
  protected:
     char do_decimal_point() const override { return ','; }
 };
 
-TEST(SizeText, HasAPointInALanguageThatWritesAComma) {
+TEST(SizeText, HasADecimalPointInALocaleWithAComma) {
     const std::locale before = std::locale::global(
         std::locale(std::locale::classic(), std::make_unique<CommaNumbers>().release()));
     EXPECT_EQ(getFormattedStringForSize(1'048'576), "1.05 MB");
     std::locale::global(before);
 }
 
-TEST(SizeText, HasAPointInTheLanguagesOfTheMachine) {
-    // NOLINTBEGIN(concurrency-mt-unsafe): no other thread writes numbers.
+TEST(SizeText, HasADecimalPointInAllInstalledLocales) {
+    // NOLINTBEGIN(concurrency-mt-unsafe): no other thread formats numbers.
     const std::string before = std::setlocale(LC_ALL, nullptr);
     for (const char* name : {"", "C", "C.UTF-8", "de_DE.UTF-8", "de_DE", "fr_FR.UTF-8", "fr_FR"}) {
         std::setlocale(LC_ALL, name);
@@ -114,7 +114,7 @@ TEST(TimeText, CountsSecondsMinutesAndHours) {
                  {86'399.0, "23:59:59"}});
 }
 
-TEST(TimeText, CutsFractionsOfASecondOff) {
+TEST(TimeText, TruncatesFractionsOfASecond) {
     expectTimes({{0.999, "00:00:00"},
                  {59.999, "00:00:59"},
                  {61.5, "00:01:01"},
@@ -126,7 +126,7 @@ TEST(TimeText, MayLoseASecondBecauseSecondsAreAFractionOfAMinute) {
     expectTimes({{61.0, "00:01:00"}, {62.0, "00:01:02"}, {3'661.0, "01:01:00"}});
 }
 
-TEST(TimeText, BeginsItsHoursAgainAtTwentyFour) {
+TEST(TimeText, HoursWrapAtTwentyFour) {
     expectTimes({{86'400.0, "00:00:00"},
                  {90'000.0, "01:00:00"},
                  {90'061.5, "01:01:01"},
@@ -134,7 +134,7 @@ TEST(TimeText, BeginsItsHoursAgainAtTwentyFour) {
                  {1e15, "01:46:39"}});
 }
 
-TEST(TimeText, ShowsATimeThatCannotBeAsZero) {
+TEST(TimeText, ShowsNegativeTimesAndNanAsZero) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     expectTimes({{-0.0, "00:00:00"},
                  {-0.5, "00:00:00"},
@@ -143,7 +143,7 @@ TEST(TimeText, ShowsATimeThatCannotBeAsZero) {
                  {std::numeric_limits<double>::quiet_NaN(), "00:00:00"}});
 }
 
-TEST(TimeText, ShowsATimeBeyondCountingAsZero) {
+TEST(TimeText, ShowsTimesBeyond64BitsAsZero) {
     expectTimes({{1.1068046444225728e21, "16:00:00"},
                  {1.1068046444225731e21, "00:00:00"},
                  {std::numeric_limits<double>::max(), "00:00:00"},
@@ -160,7 +160,7 @@ TEST(ScanTexts, AreThoseOfTheProduct) {
     EXPECT_EQ(productName(), "Tarvin Duplicate File Remover");
 }
 
-TEST(ScanTexts, TakePathsOverByteForByte) {
+TEST(ScanTexts, CopyPathsByteForByte) {
     EXPECT_EQ(collectingFileText("/a\xff%@%s\n"), "Collecting Files: /a\xff%@%s\n");
     EXPECT_EQ(processingFileText(""), "Processing File: ");
 }

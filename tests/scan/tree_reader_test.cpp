@@ -33,9 +33,9 @@ using namespace std::chrono_literals;
 using Names = std::vector<std::string>;
 using Listing = std::shared_ptr<TreeReader::Listing>;
 
-// What may have been listed and not yet asked for: the reader's own bound, and on top of it what
-// each worker was at when it was reached.
-constexpr std::uint64_t mostEntriesAhead = 64 * 1024;
+// Upper bound of the entries read ahead: the reader's limit, and what each worker was listing when
+// it was reached.
+constexpr std::uint64_t maxEntriesListedAhead = 64 * 1024;
 
 EntryInterest everything(std::string_view name) {
     static_cast<void>(name);
@@ -67,7 +67,7 @@ class TreeReaderTest : public testing::Test {
         return reader.makeRoot(store_->addRoot(path));
     }
 
-    /// The names of the folder's entries, to its end.
+    /// The names of all entries of the folder.
     static Names names(TreeReader& reader, const Listing& listing) {
         Names all;
         while (const auto block = reader.nextBlock(listing)) {
@@ -105,8 +105,8 @@ class TreeReaderTest : public testing::Test {
         return {directory, reader.makeRoot(directory), ""};
     }
 
-    /// Waits until the workers have nothing left to do but wait for the walk: all they list is
-    /// there, and nothing more comes while many a task goes through the pool.
+    /// Waits until the workers have reached the read-ahead limit: nothing has been listed for 100
+    /// ms while tasks ran through the pool.
     void waitUntilQuiet() {
         std::uint64_t listed = 0;
         auto since = std::chrono::steady_clock::now();
@@ -122,7 +122,7 @@ class TreeReaderTest : public testing::Test {
         }
     }
 
-    /// `count` folders of `files` files each, which cost the disk nothing.
+    /// Creates `count` folders, each with `files` fake files that exist only in the listing.
     void makeFolders(int count, std::uint64_t files) {
         for (int number = 0; number < count; ++number) {
             fileSystem_.inventFiles(tree_.makeFolder("folder " + std::to_string(1000 + number)),
@@ -139,13 +139,13 @@ class TreeReaderTest : public testing::Test {
     std::unique_ptr<TreeReader::Block> block_;
 };
 
-TEST_F(TreeReaderTest, EndsWithoutHavingBeenAskedAnything) {
+TEST_F(TreeReaderTest, CanBeDestroyedUnused) {
     reader();
     reader_ = nullptr;
     EXPECT_EQ(fileSystem_.openAtMost(), 0u);
 }
 
-TEST_F(TreeReaderTest, GivesTheEntriesOfAFolderInTheirOrder) {
+TEST_F(TreeReaderTest, ReturnsEntriesInListingOrder) {
     for (const char* name : {"c", "a", "b/inside"}) {
         tree_.writeFile(name);
     }
@@ -156,7 +156,7 @@ TEST_F(TreeReaderTest, GivesTheEntriesOfAFolderInTheirOrder) {
     reader.close(listing);
 }
 
-TEST_F(TreeReaderTest, EndsNamesByAZeroByte) {
+TEST_F(TreeReaderTest, NamesAreNullTerminated) {
     tree_.writeFile("a.txt");
     tree_.writeFile("bcd");
     TreeReader& reader = this->reader();
@@ -169,7 +169,7 @@ TEST_F(TreeReaderTest, EndsNamesByAZeroByte) {
     reader.close(listing);
 }
 
-TEST_F(TreeReaderTest, SaysWhichFolderItIs) {
+TEST_F(TreeReaderTest, ReturnsTheIdentityOfAFolder) {
     TreeReader& reader = this->reader();
     const Listing listing = root(reader, tree_.path());
     const Result<FileIdentity> identity = reader.identityOf(listing);
@@ -179,7 +179,7 @@ TEST_F(TreeReaderTest, SaysWhichFolderItIs) {
     reader.close(listing);
 }
 
-TEST_F(TreeReaderTest, SaysWhyAFolderCannotBeOpened) {
+TEST_F(TreeReaderTest, ReturnsTheErrorOfAFolderThatCannotBeOpened) {
     TreeReader& reader = this->reader();
     struct Row {
         std::string path;
@@ -196,7 +196,7 @@ TEST_F(TreeReaderTest, SaysWhyAFolderCannotBeOpened) {
     }
 }
 
-TEST_F(TreeReaderTest, LeavesOutWhatNobodyWants) {
+TEST_F(TreeReaderTest, SkipsEntriesWithoutInterest) {
     for (const char* name : {".hidden", "a", ".also/inside", "b/inside"}) {
         tree_.writeFile(name);
     }
@@ -224,7 +224,7 @@ TEST_F(TreeReaderTest, ReadsAttributesOfRegularFilesOnly) {
     reader.close(listing);
 }
 
-TEST_F(TreeReaderTest, ReadsNoAttributesWhereTheNameIsEnough) {
+TEST_F(TreeReaderTest, ReadsNoAttributesIfTheNameIsEnough) {
     tree_.writeFile("file", "12345");
     TreeReader& reader = this->reader(onlyNames);
     const Listing listing = root(reader, tree_.path());
@@ -233,7 +233,7 @@ TEST_F(TreeReaderTest, ReadsNoAttributesWhereTheNameIsEnough) {
     reader.close(listing);
 }
 
-TEST_F(TreeReaderTest, FindsTypesOutThatTheListingDoesNotSay) {
+TEST_F(TreeReaderTest, ReadsTypesMissingFromTheListing) {
     tree_.writeFile("a file");
     tree_.makeFolder("b folder");
     tree_.makeLink("c link", "a file");
@@ -249,7 +249,7 @@ TEST_F(TreeReaderTest, FindsTypesOutThatTheListingDoesNotSay) {
     reader.close(listing);
 }
 
-TEST_F(TreeReaderTest, SaysWhichAttributesCannotBeRead) {
+TEST_F(TreeReaderTest, ReturnsTheErrorOfUnreadableAttributes) {
     tree_.writeFile("a", "1");
     tree_.writeFile("b", "1");
     fileSystem_.failCall(FileCall::attributesAt, 1, EIO);
@@ -263,7 +263,7 @@ TEST_F(TreeReaderTest, SaysWhichAttributesCannotBeRead) {
     reader.close(listing);
 }
 
-TEST_F(TreeReaderTest, KeepsWhatItHasOfAFolderThatCannotBeReadOn) {
+TEST_F(TreeReaderTest, KeepsTheEntriesBeforeAListingError) {
     fileSystem_.inventFiles(tree_.path(), 5000);
     fileSystem_.failCall(FileCall::listEntries, 3, EIO);
     TreeReader& reader = this->reader();
@@ -276,7 +276,7 @@ TEST_F(TreeReaderTest, KeepsWhatItHasOfAFolderThatCannotBeReadOn) {
     reader.close(listing);
 }
 
-TEST_F(TreeReaderTest, GivesALargeFolderWholeAndInOrder) {
+TEST_F(TreeReaderTest, ReturnsALargeFolderCompletelyAndInOrder) {
     fileSystem_.inventFiles(tree_.path(), 50'000);
     TreeReader& reader = this->reader(everything, {2, 8});
     const Listing listing = root(reader, tree_.path());
@@ -288,7 +288,7 @@ TEST_F(TreeReaderTest, GivesALargeFolderWholeAndInOrder) {
     reader.close(listing);
 }
 
-TEST_F(TreeReaderTest, ListsAnnouncedFoldersBeforeTheyAreAskedFor) {
+TEST_F(TreeReaderTest, ListsAnnouncedFoldersAhead) {
     makeFolders(20, 10);
     TreeReader& reader = this->reader();
     const Folder folder = rootFolder(reader);
@@ -319,14 +319,14 @@ TEST_F(TreeReaderTest, ListsFoldersThatWereNotAnnounced) {
     reader.close(folder.listing);
 }
 
-TEST_F(TreeReaderTest, ReadsNoFurtherAheadThanIsPromisedOfManyFolders) {
+TEST_F(TreeReaderTest, BoundsReadAheadOfManyFolders) {
     makeFolders(400, 500);
     TreeReader& reader = this->reader(everything, {4, 8});
     const Folder folder = rootFolder(reader);
     const std::vector<Folder> inside = takeFolders(reader, folder);
     waitUntilQuiet();
     EXPECT_GT(fileSystem_.entriesListed(), 5'000u);
-    EXPECT_LT(fileSystem_.entriesListed(), mostEntriesAhead);
+    EXPECT_LT(fileSystem_.entriesListed(), maxEntriesListedAhead);
     for (const Folder& each : inside) {
         EXPECT_EQ(names(reader, each.listing).size(), 500u);
         reader.close(each.listing);
@@ -334,7 +334,7 @@ TEST_F(TreeReaderTest, ReadsNoFurtherAheadThanIsPromisedOfManyFolders) {
     reader.close(folder.listing);
 }
 
-TEST_F(TreeReaderTest, ReadsNoFurtherAheadThanIsPromisedOfOneFolder) {
+TEST_F(TreeReaderTest, BoundsReadAheadOfOneFolder) {
     makeFolders(1, 300'000);
     TreeReader& reader = this->reader(everything, {4, 8});
     const Folder folder = rootFolder(reader);
@@ -342,20 +342,20 @@ TEST_F(TreeReaderTest, ReadsNoFurtherAheadThanIsPromisedOfOneFolder) {
     ASSERT_EQ(inside.size(), 1u);
     waitUntilQuiet();
     EXPECT_GT(fileSystem_.entriesListed(), 5'000u);
-    EXPECT_LT(fileSystem_.entriesListed(), mostEntriesAhead);
+    EXPECT_LT(fileSystem_.entriesListed(), maxEntriesListedAhead);
     EXPECT_EQ(names(reader, inside.front().listing).size(), 300'000u);
     reader.close(inside.front().listing);
     reader.close(folder.listing);
 }
 
-TEST_F(TreeReaderTest, ReadsNoFurtherAheadThanIsPromisedWithFewDescriptors) {
+TEST_F(TreeReaderTest, BoundsReadAheadWithFewDescriptors) {
     makeFolders(8, 300'000);
     fileSystem_.setDescriptorLimit(32);
     TreeReader& reader = this->reader(everything, {4, 8});
     const Folder folder = rootFolder(reader);
     const std::vector<Folder> inside = takeFolders(reader, folder);
     waitUntilQuiet();
-    EXPECT_LT(fileSystem_.entriesListed(), mostEntriesAhead);
+    EXPECT_LT(fileSystem_.entriesListed(), maxEntriesListedAhead);
     for (const Folder& each : inside) {
         EXPECT_EQ(names(reader, each.listing).size(), 300'000u);
         reader.close(each.listing);
@@ -363,30 +363,30 @@ TEST_F(TreeReaderTest, ReadsNoFurtherAheadThanIsPromisedWithFewDescriptors) {
     reader.close(folder.listing);
 }
 
-TEST_F(TreeReaderTest, ReadsNoFurtherAheadThanIsPromisedDeepInATree) {
-    // So deep that not all folders on the way can be kept open.
+TEST_F(TreeReaderTest, BoundsReadAheadDeepInATree) {
+    // So deep that not all parent folders can be kept open.
     const std::string bottom = tree_.makeChain("", "d", 200);
     fileSystem_.inventFiles(bottom, 300'000);
     TreeReader& reader = this->reader(everything, {4, 8});
-    std::vector<Folder> way{rootFolder(reader)};
+    std::vector<Folder> parents{rootFolder(reader)};
     while (true) {
-        std::vector<Folder> inside = takeFolders(reader, way.back());
+        std::vector<Folder> inside = takeFolders(reader, parents.back());
         if (inside.empty()) {
             break;
         }
-        way.push_back(std::move(inside.front()));
+        parents.push_back(std::move(inside.front()));
     }
-    ASSERT_EQ(way.size(), 201u);
+    ASSERT_EQ(parents.size(), 201u);
     waitUntilQuiet();
-    EXPECT_LT(fileSystem_.entriesListed(), mostEntriesAhead);
-    for (const Folder& each : way) {
+    EXPECT_LT(fileSystem_.entriesListed(), maxEntriesListedAhead);
+    for (const Folder& each : parents) {
         names(reader, each.listing);
         reader.close(each.listing);
     }
     EXPECT_EQ(fileSystem_.entriesListed(), 300'200u);
 }
 
-TEST_F(TreeReaderTest, ReadsOnWhenTheWalkHasCaughtUp) {
+TEST_F(TreeReaderTest, ContinuesWhenTheWalkHasCaughtUp) {
     makeFolders(400, 500);
     TreeReader& reader = this->reader(everything, {1, 1});
     const Folder folder = rootFolder(reader);
@@ -399,14 +399,14 @@ TEST_F(TreeReaderTest, ReadsOnWhenTheWalkHasCaughtUp) {
     }
     waitUntilQuiet();
     EXPECT_GE(fileSystem_.entriesListed(), before + 20'000);
-    EXPECT_LT(fileSystem_.entriesListed(), 25'000 + mostEntriesAhead);
+    EXPECT_LT(fileSystem_.entriesListed(), 25'000 + maxEntriesListedAhead);
     for (std::size_t left = 50; left < inside.size(); ++left) {
         reader.close(inside[left].listing);
     }
     reader.close(folder.listing);
 }
 
-TEST_F(TreeReaderTest, ReadsOnWhenFoldersAreClosedUnread) {
+TEST_F(TreeReaderTest, ContinuesWhenFoldersAreClosedUnread) {
     makeFolders(400, 500);
     TreeReader& reader = this->reader(everything, {1, 1});
     const Folder folder = rootFolder(reader);
@@ -420,7 +420,7 @@ TEST_F(TreeReaderTest, ReadsOnWhenFoldersAreClosedUnread) {
     EXPECT_EQ(fileSystem_.openNow(), 0u);
 }
 
-TEST_F(TreeReaderTest, EndsWhileItsWorkersAreInsideFolders) {
+TEST_F(TreeReaderTest, CanBeDestroyedWhileWorkersAreInsideFolders) {
     makeFolders(100, 2000);
     for (int round = 0; round < 20; ++round) {
         TreeReader& reader = this->reader(everything, {4, 8});
@@ -436,7 +436,7 @@ TEST_F(TreeReaderTest, EndsWhileItsWorkersAreInsideFolders) {
     EXPECT_EQ(fileSystem_.openNow(), 0u);
 }
 
-TEST_F(TreeReaderTest, ClosesAFolderThatAWorkerIsInside) {
+TEST_F(TreeReaderTest, CanCloseAFolderThatAWorkerIsInside) {
     makeFolders(1, 5000);
     TreeReader& reader = this->reader(everything, {1, 1});
     std::promise<void> inside;
@@ -466,7 +466,7 @@ TEST_F(TreeReaderTest, EndsFoldersEarlyAfterAStop) {
     control_.setStop(true);
     while (reader.nextBlock(listing) != nullptr) {
     }
-    EXPECT_LT(fileSystem_.entriesListed(), mostEntriesAhead);
+    EXPECT_LT(fileSystem_.entriesListed(), maxEntriesListedAhead);
     reader.close(listing);
 }
 
@@ -489,7 +489,7 @@ TEST_F(TreeReaderTest, ListsNothingDuringAPause) {
     EXPECT_EQ(listed, 400u);
 }
 
-TEST_F(TreeReaderTest, LetsTheWalkWaitOutAPauseInItsOwnWay) {
+TEST_F(TreeReaderTest, CallsTheWalksPauseWait) {
     fileSystem_.inventFiles(tree_.path(), 20'000);
     ScanTools tools(fileSystem_, {2, 4});
     int waits = 0;
@@ -499,7 +499,7 @@ TEST_F(TreeReaderTest, LetsTheWalkWaitOutAPauseInItsOwnWay) {
         ++waits;
         control_.setPause(false);
     });
-    // Whoever it is that meets the pause, the walk or a worker it waits for.
+    // Either the walk or a worker that it waits for sees the pause.
     const auto pause = [&] { control_.setPause(true); };
     fileSystem_.beforeCall(FileCall::openRootDirectory, 1, pause);
     fileSystem_.beforeCall(FileCall::listEntries, 1, pause);
@@ -512,7 +512,7 @@ TEST_F(TreeReaderTest, LetsTheWalkWaitOutAPauseInItsOwnWay) {
     reader.close(listing);
 }
 
-TEST_F(TreeReaderTest, SaysWhatKeptItFromListingAFolderToItsEnd) {
+TEST_F(TreeReaderTest, ReturnsTheErrorThatEndedAListing) {
     fileSystem_.inventFiles(tree_.path(), 5000);
     TreeReader& reader = this->reader();
     const Listing whole = root(reader, tree_.path());
@@ -527,7 +527,7 @@ TEST_F(TreeReaderTest, SaysWhatKeptItFromListingAFolderToItsEnd) {
     reader.close(part);
 }
 
-TEST_F(TreeReaderTest, MayBeAskedForAFailureWhileAWorkerMeetsIt) {
+TEST_F(TreeReaderTest, FailureCanBeReadWhileAWorkerSetsIt) {
     fileSystem_.inventFiles(tree_.path(), 5000);
     for (int round = 0; round < 200; ++round) {
         TreeReader& reader = this->reader();
@@ -546,7 +546,7 @@ TEST_F(TreeReaderTest, MayBeAskedForAFailureWhileAWorkerMeetsIt) {
     }
 }
 
-TEST_F(TreeReaderTest, RefusesTheTrashOfTheHome) {
+TEST_F(TreeReaderTest, RefusesTheHomeTrash) {
     tree_.writeFile("trash/file");
     const auto opened = systemFileSystem().openDirectory(tree_.pathOf("trash"));
     fileSystem_.setHomeTrash(systemFileSystem().attributesOf(*opened)->identity);
@@ -558,7 +558,7 @@ TEST_F(TreeReaderTest, RefusesTheTrashOfTheHome) {
     reader.close(listing);
 }
 
-TEST_F(TreeReaderTest, RefusesFileSystemsThatHoldNobodysFiles) {
+TEST_F(TreeReaderTest, RefusesPseudoFileSystems) {
     tree_.writeFile("file");
     const auto opened = systemFileSystem().openDirectory(tree_.path());
     fileSystem_.setPseudoFileSystem(systemFileSystem().attributesOf(*opened)->identity.device,
@@ -570,7 +570,7 @@ TEST_F(TreeReaderTest, RefusesFileSystemsThatHoldNobodysFiles) {
     reader.close(listing);
 }
 
-/// Walks everything below `folder`, depth first, as many entries as there are.
+/// Walks everything below `folder`, depth first, and returns the number of entries.
 std::uint64_t walk(TreeReader& reader, FileStore& store, const Directory* top) {
     struct Open {
         const Directory* directory;
@@ -638,7 +638,7 @@ TEST_F(TreeReaderTest, NeedsFewDescriptorsForLargeFoldersAtEveryLevel) {
     EXPECT_EQ(fileSystem_.openNow(), 0u);
 }
 
-/// Many workers begin at once, and all before the first has come to an end.
+/// Many workers start at the same time, all before the first one ends.
 void beginTogether(FaultyFileSystem& fileSystem, int workers) {
     const auto beginning = std::make_shared<std::atomic<int>>(0);
     fileSystem.beforeCall(FileCall::openDirectoryAt, FaultyFileSystem::each, [=] {
@@ -660,7 +660,7 @@ TEST_F(TreeReaderTest, NeedsFewDescriptorsForManyLargeFoldersAtOnce) {
     EXPECT_EQ(fileSystem_.openNow(), 0u);
 }
 
-TEST_F(TreeReaderTest, NeedsFewDescriptorsForManyFoldersOfWhatNobodyWants) {
+TEST_F(TreeReaderTest, NeedsFewDescriptorsForManyFoldersOfSkippedEntries) {
     makeFolders(100, 4000);
     for (int number = 0; number < 100; ++number) {
         tree_.writeFile("folder " + std::to_string(1000 + number) + "/wanted");

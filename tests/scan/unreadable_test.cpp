@@ -21,9 +21,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-using Told = std::vector<std::pair<std::string, int>>;
+using Reported = std::vector<std::pair<std::string, int>>;
 
-/// What a scan of a tree tells of that it could not read.
+/// What a scan of a tree reports as unreadable.
 class UnreadableTest : public ::testing::Test {
  protected:
     const UnreadableReport& scan() {
@@ -33,15 +33,15 @@ class UnreadableTest : public ::testing::Test {
         return run_.result().unreadable;
     }
 
-    /// Paths inside the tree, a slash behind folders.
-    [[nodiscard]] Told told(const UnreadableReport& report) const {
-        Told told;
+    /// Paths relative to the tree; folders have a trailing slash.
+    [[nodiscard]] Reported reported(const UnreadableReport& report) const {
+        Reported reported;
         for (const Unreadable& unreadable : report.kept) {
-            told.emplace_back(
+            reported.emplace_back(
                 unreadable.path.substr(tree_.path().size() + 1) + (unreadable.isFolder ? "/" : ""),
                 unreadable.error.code);
         }
-        return told;
+        return reported;
     }
 
     FileTree tree_;
@@ -51,7 +51,7 @@ class UnreadableTest : public ::testing::Test {
     ScanRun run_{platform_, observer_};
 };
 
-TEST_F(UnreadableTest, NothingIsToldIfAllIsReadable) {
+TEST_F(UnreadableTest, ReportsNothingIfAllIsReadable) {
     tree_.writeFile("a/1.txt", "same");
     tree_.writeFile("b/2.txt", "same");
     const UnreadableReport& report = scan();
@@ -62,34 +62,34 @@ TEST_F(UnreadableTest, NothingIsToldIfAllIsReadable) {
 
 class UnreadableFolder : public UnreadableTest, public ::testing::WithParamInterface<int> {};
 
-TEST_P(UnreadableFolder, IsToldIfItCannotBeOpened) {
+TEST_P(UnreadableFolder, IsReportedIfItCannotBeOpened) {
     tree_.writeFile("a/1.txt", "same");
     tree_.writeFile("closed/2.txt", "same");
     tree_.writeFile("z/3.txt", "same");
     fileSystem_.failCall(FileCall::openDirectoryAt, FaultyFileSystem::each, GetParam(), "closed");
-    EXPECT_EQ(told(scan()), (Told{{"closed/", GetParam()}}));
+    EXPECT_EQ(reported(scan()), (Reported{{"closed/", GetParam()}}));
     EXPECT_EQ(run_.result().unreadable.folders, 1U);
     EXPECT_EQ(run_.result().unreadable.files, 0U);
     EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
 }
 
-TEST_P(UnreadableFolder, IsToldIfItCannotBeListedToItsEnd) {
+TEST_P(UnreadableFolder, IsReportedIfItCannotBeListedToItsEnd) {
     tree_.writeFile("bad/1.txt", "same");
     tree_.writeFile("z/2.txt", "same");
     fileSystem_.failCall(FileCall::listEntries, 2, GetParam(), "bad");
-    EXPECT_EQ(told(scan()), (Told{{"bad/", GetParam()}}));
+    EXPECT_EQ(reported(scan()), (Reported{{"bad/", GetParam()}}));
     EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
 }
 
 INSTANTIATE_TEST_SUITE_P(Errors, UnreadableFolder, ::testing::Values(EACCES, EIO, ESTALE, EPERM));
 
-TEST_F(UnreadableTest, AFileWithoutAttributesIsTold) {
+TEST_F(UnreadableTest, ReportsAFileWithoutAttributes) {
     tree_.writeFile("a.txt", "same");
     tree_.writeFile("b.txt", "same");
     tree_.writeFile("c.txt", "same");
     fileSystem_.failCall(FileCall::attributesAt, FaultyFileSystem::each, EIO, "b.txt");
-    EXPECT_EQ(told(scan()), (Told{{"b.txt", EIO}}));
-    // It was never collected, so it is not missing among those compared.
+    EXPECT_EQ(reported(scan()), (Reported{{"b.txt", EIO}}));
+    // It was not collected, so it does not count as a collected file.
     EXPECT_EQ(run_.result().unreadable.collectedFiles, 0U);
     EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
 }
@@ -102,12 +102,12 @@ struct FailingRead {
 
 class UnreadableFile : public UnreadableTest, public ::testing::WithParamInterface<FailingRead> {};
 
-TEST_P(UnreadableFile, IsToldAndInNoSet) {
+TEST_P(UnreadableFile, IsReportedAndInNoSet) {
     tree_.writeFile("a.txt", noise(GetParam().size, 1));
     tree_.writeFile("b.txt", noise(GetParam().size, 1));
     tree_.writeFile("c.txt", noise(GetParam().size, 1));
     fileSystem_.failCall(GetParam().call, FaultyFileSystem::each, GetParam().error, "b.txt");
-    EXPECT_EQ(told(scan()), (Told{{"b.txt", GetParam().error}}));
+    EXPECT_EQ(reported(scan()), (Reported{{"b.txt", GetParam().error}}));
     EXPECT_EQ(run_.result().unreadable.files, 1U);
     EXPECT_EQ(run_.result().unreadable.collectedFiles, 1U);
     EXPECT_EQ(run_.result().collected(Category::documents), 3U);
@@ -123,17 +123,17 @@ INSTANTIATE_TEST_SUITE_P(Ways, UnreadableFile,
                                            FailingRead{FileCall::attributesOf, EIO, 20'000}),
                          [](const auto& info) { return "Way" + std::to_string(info.index); });
 
-TEST_F(UnreadableTest, AFileOfALargeClassCountsOnce) {
+TEST_F(UnreadableTest, CountsAFileOfALargeClassOnce) {
     for (int number = 100; number < 300; ++number) {
         tree_.writeFile(std::to_string(number) + ".txt", noise(100'000, 1));
     }
     fileSystem_.failCall(FileCall::readAt, FaultyFileSystem::each, EIO, "150.txt");
-    EXPECT_EQ(told(scan()), (Told{{"150.txt", EIO}}));
+    EXPECT_EQ(reported(scan()), (Reported{{"150.txt", EIO}}));
     EXPECT_EQ(run_.result().unreadable.files, 1U);
     EXPECT_EQ(run_.result().modal->totalFiles(), 198U);
 }
 
-TEST_F(UnreadableTest, WhatIsGoneOrReplacedIsNotUnreadable) {
+TEST_F(UnreadableTest, DeletedOrReplacedEntriesAreNotUnreadable) {
     tree_.writeFile("a.txt", "same");
     tree_.writeFile("b.txt", "same");
     tree_.writeFile("folder/c.txt", "same");
@@ -143,16 +143,17 @@ TEST_F(UnreadableTest, WhatIsGoneOrReplacedIsNotUnreadable) {
     EXPECT_EQ(scan().total(), 0U);
 }
 
-TEST_F(UnreadableTest, FoldersComeFirstThenFilesEachByPath) {
+TEST_F(UnreadableTest, SortsFoldersBeforeFilesEachByPath) {
     for (const char* name : {"b.txt", "a.txt", "y/1.txt", "x/1.txt"}) {
         tree_.writeFile(name, "same");
     }
     fileSystem_.failCall(FileCall::openDirectoryAt, FaultyFileSystem::each, EACCES, "");
     fileSystem_.failCall(FileCall::openFile, FaultyFileSystem::each, EIO, "");
-    EXPECT_EQ(told(scan()), (Told{{"x/", EACCES}, {"y/", EACCES}, {"a.txt", EIO}, {"b.txt", EIO}}));
+    EXPECT_EQ(reported(scan()),
+              (Reported{{"x/", EACCES}, {"y/", EACCES}, {"a.txt", EIO}, {"b.txt", EIO}}));
 }
 
-TEST_F(UnreadableTest, AStopIsNoFailureOfAFile) {
+TEST_F(UnreadableTest, StopIsNotAnErrorOfAFile) {
     for (int number = 0; number < 40; ++number) {
         tree_.writeFile(std::to_string(number) + ".txt", noise(100'000, 1));
     }
@@ -161,7 +162,7 @@ TEST_F(UnreadableTest, AStopIsNoFailureOfAFile) {
     EXPECT_TRUE(run_.wasStopped());
 }
 
-TEST_F(UnreadableTest, IsForgottenWithTheResult) {
+TEST_F(UnreadableTest, IsClearedWithTheResult) {
     tree_.writeFile("closed/2.txt", "same");
     fileSystem_.failCall(FileCall::openDirectoryAt, FaultyFileSystem::each, EACCES, "closed");
     scan();
@@ -170,7 +171,7 @@ TEST_F(UnreadableTest, IsForgottenWithTheResult) {
     EXPECT_EQ(run_.result().unreadable.total(), 0U);
 }
 
-TEST_F(UnreadableTest, TrashFoldersAreNotToldAsUnreadable) {
+TEST_F(UnreadableTest, TrashFoldersAreNotUnreadable) {
     tree_.writeFile("trash/files/1.txt", "same");
     tree_.writeFile("a.txt", "same");
     const auto trash = systemFileSystem().attributesAtPath(tree_.pathOf("trash"));
@@ -180,7 +181,7 @@ TEST_F(UnreadableTest, TrashFoldersAreNotToldAsUnreadable) {
     EXPECT_EQ(run_.result().collected(Category::documents), 1U);
 }
 
-TEST(UnreadableLogTest, KeepsABoundedNumberAndCountsAll) {
+TEST(UnreadableLogTest, KeepsABoundedNumberOfPathsAndCountsAll) {
     const auto store = FileStore::create();
     const Directory* folder = store->addRoot("/folder");
     UnreadableLog log;
@@ -195,11 +196,11 @@ TEST(UnreadableLogTest, KeepsABoundedNumberAndCountsAll) {
     EXPECT_EQ(report.total(), 100'011U);
 }
 
-TEST_F(UnreadableTest, AFolderWaitsForDescriptorsLongerThanTwoSeconds) {
+TEST_F(UnreadableTest, FolderWaitsForDescriptorsLongerThanTwoSeconds) {
     tree_.writeFile("a/1.txt", "same");
     tree_.writeFile("b/2.txt", "same");
     const auto begin = std::chrono::steady_clock::now();
-    // Others in the process and in the system hold them for as long: 5 ms lie between two tries.
+    // Other code holds the descriptors for more than 2 s: there are 5 ms between two tries.
     for (std::uint64_t attempt = 1; attempt <= 500; ++attempt) {
         const int error = attempt % 2 == 0 ? ENFILE : EMFILE;
         fileSystem_.failCall(FileCall::openDirectoryAt, attempt, error, "/b");
@@ -210,50 +211,50 @@ TEST_F(UnreadableTest, AFolderWaitsForDescriptorsLongerThanTwoSeconds) {
     EXPECT_EQ(run_.result().modal->totalFiles(), 1U);
 }
 
-TEST(OpenPatiently, GivesUpWhenNobodyClosesAnything) {
+TEST(OpenWithRetry, GivesUpIfNoDescriptorIsClosed) {
     FaultyFileSystem fileSystem;
     ScanControl control;
     int tries = 0;
-    const Result<Descriptor> answer = openWithRetry(
+    const Result<Descriptor> result = openWithRetry(
         fileSystem, control,
         [&]() -> Result<Descriptor> {
             ++tries;
             return SystemError{EMFILE};
         },
         50ms);
-    ASSERT_FALSE(answer);
-    EXPECT_EQ(answer.error().code, EMFILE);
+    ASSERT_FALSE(result);
+    EXPECT_EQ(result.error().code, EMFILE);
     EXPECT_GT(tries, 2);
 }
 
-TEST(OpenPatiently, WaitsForAsLongAsDescriptorsAreClosed) {
+TEST(OpenWithRetry, RetriesWhileDescriptorsAreClosed) {
     FaultyFileSystem fileSystem;
     ScanControl control;
     const FileTree tree;
     int tries = 0;
-    const Result<Descriptor> answer = openWithRetry(
+    const Result<Descriptor> result = openWithRetry(
         fileSystem, control,
         [&]() -> Result<Descriptor> {
-            // Opens and closes one each time.
+            // Opens and closes a descriptor on each try.
             EXPECT_TRUE(fileSystem.openDirectory(tree.path()));
             return ++tries < 40 ? Result<Descriptor>(SystemError{EMFILE})
                                 : fileSystem.openDirectory(tree.path());
         },
         50ms);
-    EXPECT_TRUE(answer);
+    EXPECT_TRUE(result);
     EXPECT_EQ(tries, 40);
 }
 
-TEST(OpenPatiently, EndsWhenTheScanIsStopped) {
+TEST(OpenWithRetry, EndsWhenTheScanIsStopped) {
     FaultyFileSystem fileSystem;
     ScanControl control;
-    const Result<Descriptor> answer =
+    const Result<Descriptor> result =
         openWithRetry(fileSystem, control, [&]() -> Result<Descriptor> {
             control.setStop(true);
             return SystemError{ENFILE};
         });
-    ASSERT_FALSE(answer);
-    EXPECT_EQ(answer.error().code, ENFILE);
+    ASSERT_FALSE(result);
+    EXPECT_EQ(result.error().code, ENFILE);
 }
 
 }  // namespace

@@ -24,26 +24,25 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// How many tasks are inside at once, and the most that ever were.
+/// Counts the tasks that run at once, and their maximum.
 class Crowd final {
  public:
     void enter() {
         const int now = ++inside_;
-        int most = most_;
-        while (now > most && !most_.compare_exchange_weak(most, now)) {
+        int max = max_;
+        while (now > max && !max_.compare_exchange_weak(max, now)) {
         }
     }
     void leave() { --inside_; }
     [[nodiscard]] int inside() const { return inside_; }
-    [[nodiscard]] int most() const { return most_; }
+    [[nodiscard]] int max() const { return max_; }
 
  private:
     std::atomic<int> inside_{0};
-    std::atomic<int> most_{0};
+    std::atomic<int> max_{0};
 };
 
-/// A device that tasks fetch from as often as the test says, counted for each thread as the system
-/// would.
+/// A fake device that counts its reads for each thread.
 class Device final {
  public:
     static void fetch() { ++reads; }
@@ -67,19 +66,19 @@ TEST(WorkerPool, HasAtLeastOneCoreAndTheWidthOfItsCores) {
     EXPECT_EQ(wide.width(), 9u);
 }
 
-TEST(WorkerPool, TakesItsLimitsFromTheMachine) {
+TEST(WorkerPool, LimitsFollowTheMachine) {
     const WorkerPool::Limits limits = WorkerPool::limitsOfThisMachine();
     EXPECT_GE(limits.cores, 1u);
     EXPECT_GE(limits.width, limits.cores);
 }
 
-TEST(WorkerPool, EndsWithoutEverHavingHadATask) {
+TEST(WorkerPool, CanBeDestroyedUnused) {
     for (int round = 0; round < 100; ++round) {
         const WorkerPool pool({2, 8});
     }
 }
 
-TEST(WorkerPool, RunsTasksInTheOrderTheyCame) {
+TEST(WorkerPool, RunsTasksFirstInFirstOut) {
     std::vector<int> order;
     {
         WorkerPool pool({1, 1});
@@ -92,7 +91,7 @@ TEST(WorkerPool, RunsTasksInTheOrderTheyCame) {
     EXPECT_EQ(order, expected);
 }
 
-TEST(WorkerPool, RunsEverythingThatIsQueuedBeforeItEnds) {
+TEST(WorkerPool, RunsQueuedTasksOnDestruction) {
     for (int round = 0; round < 50; ++round) {
         std::atomic<int> runs{0};
         {
@@ -105,7 +104,7 @@ TEST(WorkerPool, RunsEverythingThatIsQueuedBeforeItEnds) {
     }
 }
 
-TEST(WorkerPool, RunsWhatItsLastTasksQueue) {
+TEST(WorkerPool, RunsTasksQueuedByItsLastTasks) {
     std::atomic<int> runs{0};
     std::function<void(WorkerPool&, int)> queueNext = [&](WorkerPool& pool, int left) {
         ++runs;
@@ -120,7 +119,7 @@ TEST(WorkerPool, RunsWhatItsLastTasksQueue) {
     EXPECT_EQ(runs, 501);
 }
 
-TEST(WorkerPool, TakesTasksFromManyThreads) {
+TEST(WorkerPool, AcceptsTasksFromManyThreads) {
     std::atomic<int> runs{0};
     {
         WorkerPool pool({2, 4});
@@ -139,8 +138,8 @@ TEST(WorkerPool, TakesTasksFromManyThreads) {
     EXPECT_EQ(runs, 8000);
 }
 
-TEST(WorkerPool, EndsATaskBeforeTheNextBegins) {
-    // What a task holds is given back on its worker, not when the next task comes along.
+TEST(WorkerPool, DestroysATaskBeforeTheNextBegins) {
+    // What a task owns is released on its worker when it ends, not when the next task begins.
     WorkerPool pool({1, 1});
     auto held = std::make_shared<int>(1);
     const std::weak_ptr<int> watch = held;
@@ -155,14 +154,14 @@ TEST(WorkerPool, RunsAsManyTasksAtOnceAsThereAreCores) {
     for (int task = 0; task < 3; ++task) {
         pool.submit([&] {
             crowd.enter();
-            met += waitUntil([&] { return crowd.most() == 3; }) ? 1 : 0;
+            met += waitUntil([&] { return crowd.max() == 3; }) ? 1 : 0;
             crowd.leave();
         });
     }
     EXPECT_TRUE(waitUntil([&] { return met == 3; }));
 }
 
-TEST(WorkerPool, RunsNoMoreTasksAtOnceThanCoresWhileNothingIsFetched) {
+TEST(WorkerPool, RunsNoMoreTasksThanCoresWithAWarmCache) {
     Crowd crowd;
     {
         WorkerPool pool({2, 16}, Device::readsOfThisThread);
@@ -174,10 +173,10 @@ TEST(WorkerPool, RunsNoMoreTasksAtOnceThanCoresWhileNothingIsFetched) {
             });
         }
     }
-    EXPECT_LE(crowd.most(), 2);
+    EXPECT_LE(crowd.max(), 2);
 }
 
-TEST(WorkerPool, NeverRunsMoreAtOnceThanItsWidth) {
+TEST(WorkerPool, NeverRunsMoreTasksThanItsWidth) {
     Crowd crowd;
     {
         WorkerPool pool({1, 3}, Device::readsOfThisThread);
@@ -189,11 +188,12 @@ TEST(WorkerPool, NeverRunsMoreAtOnceThanItsWidth) {
             });
         }
     }
-    EXPECT_GE(crowd.most(), 1);
-    EXPECT_LE(crowd.most(), 3);
+    EXPECT_GE(crowd.max(), 1);
+    EXPECT_LE(crowd.max(), 3);
 }
 
-/// Tasks that fetch from the device until the pool runs `width` at once. False if it never does.
+/// Runs tasks that read from the device until the pool runs `width` at once. Returns false if it
+/// never does.
 bool widen(WorkerPool& pool) {
     Crowd crowd;
     std::atomic<bool> reached{false};
@@ -216,12 +216,12 @@ bool widen(WorkerPool& pool) {
     return reached;
 }
 
-TEST(WorkerPool, RunsMoreTasksAtOnceWhileTheyFetchFromTheDevice) {
+TEST(WorkerPool, RunsMoreTasksWhileTheyReadFromADevice) {
     WorkerPool pool({1, 4}, Device::readsOfThisThread);
     EXPECT_TRUE(widen(pool));
 }
 
-TEST(WorkerPool, RunsFewerTasksAtOnceAgainWhenNothingIsFetchedAnyMore) {
+TEST(WorkerPool, RunsFewerTasksAgainWithAWarmCache) {
     WorkerPool pool({1, 4}, Device::readsOfThisThread);
     ASSERT_TRUE(widen(pool));
     std::atomic<int> warm{0};
@@ -240,13 +240,13 @@ TEST(WorkerPool, RunsFewerTasksAtOnceAgainWhenNothingIsFetchedAnyMore) {
         });
     }
     EXPECT_TRUE(waitUntil([&] { return ended == 200; }));
-    EXPECT_EQ(crowd.most(), 1);
+    EXPECT_EQ(crowd.max(), 1);
 }
 
-TEST(WorkerPool, EndsWhileMoreWorkersThanItNeedsStandIdle) {
+TEST(WorkerPool, CanBeDestroyedWithSuperfluousIdleWorkers) {
     auto pool = std::make_unique<WorkerPool>(WorkerPool::Limits{1, 4}, Device::readsOfThisThread);
     ASSERT_TRUE(widen(*pool));
-    // Outlives the test if the pool does.
+    // Shared, because the pool may outlive the test.
     struct Shared {
         std::atomic<int> runs{0};
         std::atomic<pid_t> ending{0};
@@ -256,7 +256,7 @@ TEST(WorkerPool, EndsWhileMoreWorkersThanItNeedsStandIdle) {
     for (int task = 0; task < 50; ++task) {
         pool->submit([shared] { ++shared->runs; });
     }
-    // Now four threads are there and one task runs at once.
+    // Now there are four threads, and one task runs at a time.
     ASSERT_TRUE(waitUntil([&] { return shared->runs == 50; }));
     pool->submit(
         [shared] { waitUntil([&] { return shared->ending != 0 && isAsleep(shared->ending); }); });
@@ -292,7 +292,7 @@ TEST(WorkerPoolForEach, MakesEachCallOnce) {
     }
 }
 
-TEST(WorkerPoolForEach, ReturnsWhenAllCallsHave) {
+TEST(WorkerPoolForEach, ReturnsAfterAllCalls) {
     WorkerPool pool({4, 4});
     for (int round = 0; round < 500; ++round) {
         std::atomic<int> left{20};
@@ -320,12 +320,12 @@ TEST(WorkerPoolForEach, UsesFreeWorkers) {
     Crowd crowd;
     pool.forEach(2, [&](std::size_t) {
         crowd.enter();
-        EXPECT_TRUE(waitUntil([&] { return crowd.most() == 2; }));
+        EXPECT_TRUE(waitUntil([&] { return crowd.max() == 2; }));
         crowd.leave();
     });
 }
 
-TEST(WorkerPoolForEach, DoesNotWaitForWorkersThatAreBusy) {
+TEST(WorkerPoolForEach, DoesNotWaitForBusyWorkers) {
     Event gate;
     Crowd busy;
     WorkerPool pool({2, 2});
@@ -344,8 +344,8 @@ TEST(WorkerPoolForEach, DoesNotWaitForWorkersThatAreBusy) {
     gate.set();
 }
 
-TEST(WorkerPoolForEach, GoesAheadOfQueuedTasks) {
-    // One worker, which is free when both a task and calls are waiting.
+TEST(WorkerPoolForEach, RunsAheadOfQueuedTasks) {
+    // One worker, which becomes free when both a task and calls are queued.
     Event gate;
     WorkerPool pool({1, 2});
     std::atomic<bool> busy{false};
@@ -380,7 +380,7 @@ TEST(WorkerPoolForEach, GoesAheadOfQueuedTasks) {
     EXPECT_EQ(order, (std::vector<std::string>{"call", "call", "call", "task"}));
 }
 
-TEST(WorkerPoolForEach, MayBeUsedInsideItself) {
+TEST(WorkerPoolForEach, CanBeNested) {
     for (const WorkerPool::Limits limits :
          {WorkerPool::Limits{1, 1}, WorkerPool::Limits{2, 2}, WorkerPool::Limits{2, 8}}) {
         WorkerPool pool(limits);
@@ -392,7 +392,7 @@ TEST(WorkerPoolForEach, MayBeUsedInsideItself) {
     }
 }
 
-TEST(WorkerPoolForEach, MayBeUsedInsideTasksThatFillAllWorkers) {
+TEST(WorkerPoolForEach, CanBeUsedInsideTasksThatOccupyAllWorkers) {
     for (const WorkerPool::Limits limits : {WorkerPool::Limits{1, 1}, WorkerPool::Limits{3, 8}}) {
         std::atomic<int> calls{0};
         {
@@ -405,7 +405,7 @@ TEST(WorkerPoolForEach, MayBeUsedInsideTasksThatFillAllWorkers) {
     }
 }
 
-TEST(WorkerPoolForEach, MayBeUsedOnSeveralThreadsAtOnce) {
+TEST(WorkerPoolForEach, CanBeUsedOnSeveralThreadsAtOnce) {
     WorkerPool pool({2, 4});
     std::vector<std::thread> threads;
     std::vector<std::atomic<int>> calls(4);
@@ -424,8 +424,8 @@ TEST(WorkerPoolForEach, MayBeUsedOnSeveralThreadsAtOnce) {
     }
 }
 
-TEST(WorkerPoolForEach, GivesItsCallsUpWithItsFrame) {
-    // Tasks that were queued to help and come too late find nothing of the caller's any more.
+TEST(WorkerPoolForEach, LateHelpersDoNotUseTheCallersFrame) {
+    // Helper tasks that start after forEach() has returned must not use the caller's objects.
     WorkerPool pool({2, 8});
     for (int round = 0; round < 500; ++round) {
         std::vector<int> results(3);

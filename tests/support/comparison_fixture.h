@@ -16,7 +16,7 @@
 
 namespace tarvin {
 
-/// Files in a temporary folder, and a finder for them that reports every file.
+/// Files in a temporary folder and a DuplicateFinder that compares them. Records every report.
 class ComparisonFixture final : public ScanObserver {
  public:
     explicit ComparisonFixture(FileSystem& fileSystem = systemFileSystem(),
@@ -28,7 +28,7 @@ class ComparisonFixture final : public ScanObserver {
         return addPath(folder_.writeFile(name, content), content.size());
     }
 
-    /// Appends a file with a recorded size in bytes, whether or not a file is at the path.
+    /// Appends a file with a recorded size to the list, whatever is at the path.
     File* addPath(const std::string& path, std::uint64_t recordedSize) {
         const std::size_t slash = path.rfind('/');
         const Directory* directory = store_->addRoot(std::string_view(path).substr(0, slash));
@@ -42,12 +42,12 @@ class ComparisonFixture final : public ScanObserver {
 
     void processing(const std::string& path, std::uint64_t) override {
         const std::lock_guard lock(mutex_);
-        told_.push_back(path);
+        reported_.push_back(path);
     }
 
-    [[nodiscard]] std::vector<std::string> told() {
+    [[nodiscard]] std::vector<std::string> reported() {
         const std::lock_guard lock(mutex_);
-        return told_;
+        return reported_;
     }
 
     [[nodiscard]] TemporaryFolder& folder() { return folder_; }
@@ -67,10 +67,10 @@ class ComparisonFixture final : public ScanObserver {
     std::atomic<std::uint64_t> processed_{0};
     DuplicateFinder finder_;
     std::mutex mutex_;
-    std::vector<std::string> told_;  // guarded by mutex_
+    std::vector<std::string> reported_;  // guarded by mutex_
 };
 
-/// `size` pseudo-random bytes; the same for the same seed.
+/// `size` pseudo-random bytes, determined by the seed.
 inline std::string noise(std::size_t size, std::uint64_t seed) {
     std::string bytes(size, '\0');
     std::uint64_t state = seed * 0x9E3779B97F4A7C15U + 1;

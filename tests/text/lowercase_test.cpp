@@ -7,7 +7,7 @@
 namespace tarvin {
 namespace {
 
-TEST(Lowercase, ChangesLettersOfEveryAlphabet) {
+TEST(Lowercase, ConvertsLettersOfEveryScript) {
     EXPECT_EQ(lowercase("JPG copy 2_Z"), "jpg copy 2_z");
     EXPECT_EQ(lowercase("\xc3\x84\xc3\x96\xc3\x9c\xc3\x9f"), "\xc3\xa4\xc3\xb6\xc3\xbc\xc3\x9f");
     EXPECT_EQ(lowercase("\xd0\x96\xd0\xaf"), "\xd0\xb6\xd1\x8f");  // ЖЯ
@@ -20,14 +20,14 @@ TEST(Lowercase, ChangesLettersOfEveryAlphabet) {
     EXPECT_EQ(lowercase("\xe2\x84\xab"), "\xc3\xa5");              // Angstrom sign
 }
 
-TEST(Lowercase, LeavesEverythingElse) {
+TEST(Lowercase, KeepsEverythingElse) {
     EXPECT_EQ(lowercase(""), "");
     EXPECT_EQ(lowercase("jpg 1.2_\n"), "jpg 1.2_\n");
     EXPECT_EQ(lowercase("\xe4\xb8\xad\xe6\x96\x87"), "\xe4\xb8\xad\xe6\x96\x87");
     EXPECT_EQ(lowercase(std::string_view("A\0B", 3)), std::string_view("a\0b", 3));
 }
 
-TEST(Lowercase, MakesTwoCharactersOfADottedCapitalI) {
+TEST(Lowercase, DottedCapitalIBecomesTwoCharacters) {
     EXPECT_EQ(lowercase("\xc4\xb0"), "i\xcc\x87");
     EXPECT_EQ(lowercase("T\xc4\xb0"
                         "F"),
@@ -35,7 +35,7 @@ TEST(Lowercase, MakesTwoCharactersOfADottedCapitalI) {
               "f");
 }
 
-TEST(Lowercase, EndsAWordWithAFinalSigma) {
+TEST(Lowercase, SigmaAtTheEndOfAWordIsFinal) {
     EXPECT_EQ(lowercase("\xce\x9f\xce\x94\xce\x9f\xce\xa3"),
               "\xce\xbf\xce\xb4\xce\xbf\xcf\x82");  // ΟΔΟΣ
     EXPECT_EQ(lowercase("A\xce\xa3 B"), "a\xcf\x82 b");
@@ -50,7 +50,7 @@ TEST(Lowercase, EndsAWordWithAFinalSigma) {
               "a");  // the bad byte ends it
 }
 
-TEST(Lowercase, KeepsASigmaInsideAWord) {
+TEST(Lowercase, SigmaInsideAWordIsNotFinal) {
     EXPECT_EQ(lowercase("A\xce\xa3"
                         "A"),
               "a\xcf\x83"
@@ -66,7 +66,7 @@ TEST(Lowercase, KeepsASigmaInsideAWord) {
     EXPECT_EQ(lowercase("A\xce\xa3\xce\xa3"), "a\xcf\x83\xcf\x82");
 }
 
-TEST(Lowercase, LooksForTheEndOfAWordBehindMarksAndPoints) {
+TEST(Lowercase, CaseIgnorableCharactersDoNotEndAWord) {
     EXPECT_EQ(lowercase("A'\xce\xa3"), "a'\xcf\x82");
     EXPECT_EQ(lowercase("A\xce\xa3'A"), "a\xcf\x83'a");
     EXPECT_EQ(lowercase("A\xce\xa3.A"), "a\xcf\x83.a");
@@ -79,7 +79,7 @@ TEST(Lowercase, LooksForTheEndOfAWordBehindMarksAndPoints) {
     EXPECT_EQ(lowercase("A\xce\xa3'"), "a\xcf\x82'");
 }
 
-TEST(Lowercase, TakesSignsThatAreLettersForLettersOfAWord) {
+TEST(Lowercase, LetterLikeSymbolsAreLettersOfAWord) {
     EXPECT_EQ(lowercase("\xe2\x93\x90\xce\xa3"), "\xe2\x93\x90\xcf\x82");          // in a circle
     EXPECT_EQ(lowercase("\xf0\x9f\x84\xb0\xce\xa3"), "\xf0\x9f\x84\xb0\xcf\x82");  // in a square
     EXPECT_EQ(lowercase("\xe2\x85\xb3\xce\xa3"), "\xe2\x85\xb3\xcf\x82");          // a numeral
@@ -87,7 +87,7 @@ TEST(Lowercase, TakesSignsThatAreLettersForLettersOfAWord) {
     EXPECT_EQ(lowercase("\xe2\x91\xa0\xce\xa3"), "\xe2\x91\xa0\xcf\x83");          // 1 in a circle
 }
 
-TEST(Lowercase, LeavesBytesThatAreNotText) {
+TEST(Lowercase, KeepsInvalidBytes) {
     EXPECT_EQ(lowercase("A\xff"
                         "B"),
               "a\xff"
