@@ -221,7 +221,7 @@ TEST(OpenWithRetry, GivesUpIfNoDescriptorIsClosed) {
             ++tries;
             return SystemError{EMFILE};
         },
-        50ms);
+        500ms);
     ASSERT_FALSE(result);
     EXPECT_EQ(result.error().code, EMFILE);
     EXPECT_GT(tries, 2);
