@@ -6,18 +6,18 @@
 
 namespace tarvin {
 
-/// The date and time, behind a seam so that tests need not wait. Any thread.
+/// The date and time, behind an interface so that tests need not wait. Any thread.
 class Clock {
  public:
     virtual ~Clock() = default;
 
-    /// The date and time now; may jump when somebody sets the machine's clock.
+    /// The date and time now; jumps when the system clock is set.
     virtual Timestamp now() = 0;
-    /// Time since an unnamed moment; never runs backwards.
+    /// Monotonic.
     virtual std::chrono::steady_clock::time_point steadyNow() = 0;
 };
 
-/// The machine's own clock; one for the process.
+/// The system clock; one object for the process.
 Clock& systemClock();
 
 }  // namespace tarvin

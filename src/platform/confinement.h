@@ -2,21 +2,20 @@
 
 namespace tarvin {
 
-/// What a process gives up that reads files of unknown origin. For the whole process.
+// Restrictions for a process that reads untrusted files. For the whole process.
 
-/// The system ends this process when the one that started it ends; at once if that has ended
-/// meanwhile. Once, before there are threads.
+/// The system kills this process when its parent ends; at once if the parent has already ended.
+/// Call at most once, before threads are started.
 void endWithParent();
 
-/// Threads that are started from now on get a stack of 1 MB instead of what the user's limits say,
-/// which would count against a limit of memory once for each processor. Threads that ask for a size
-/// get that.
+/// Threads started from now on get a stack of 1 MB instead of the user's limit, which would count
+/// against a memory limit once per CPU. Threads that set a stack size get that.
 void limitThreadStacks();
 
-/// From now on no thread of this process opens a file, asks for one by its path, uses a network or
-/// starts a process: the system refuses each with ENOSYS, at once. What is open can be read and
-/// written, not mapped; memory and threads can be had. Cannot be taken back. False if the system
-/// cannot do that; then nothing has changed.
+/// From now on no thread of this process can open a file, use a path or a network, or start a
+/// process: each fails with ENOSYS immediately. Open files can be read and written, but not mapped;
+/// memory and threads are available. Irrevocable. Returns false if the system does not support it;
+/// then nothing has changed.
 [[nodiscard]] bool confineToOpenFiles();
 
 }  // namespace tarvin

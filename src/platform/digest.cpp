@@ -27,7 +27,7 @@ void Md5::update(std::span<const std::byte> bytes) {
 }
 
 std::string Md5::hexDigest() const {
-    // Asking a checksum ends it; a copy is asked, so that this one can go on.
+    // Reading a checksum closes it; the copy leaves this one open.
     const State::Pointer ended(g_checksum_copy(state_->checksum.get()));
     return g_checksum_get_string(ended.get());
 }

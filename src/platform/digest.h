@@ -7,8 +7,8 @@
 
 namespace tarvin {
 
-/// The MD5 digest of bytes that come in portions. Made, fed and asked on one thread at a time. MD5
-/// tells copies from accidents, not from forgeries: it is no proof that two files are equal.
+/// The MD5 hash of bytes that arrive in chunks. One thread at a time. MD5 detects accidental
+/// differences, not forgeries: equal hashes do not prove that two files are equal.
 class Md5 final {
  public:
     Md5();
@@ -16,10 +16,10 @@ class Md5 final {
     Md5& operator=(const Md5&) = delete;
     ~Md5();
 
-    /// Appends `bytes` to what is digested.
+    /// Adds `bytes` to the hash.
     void update(std::span<const std::byte> bytes);
 
-    /// The digest of everything so far: 32 hexadecimal digits in lower case. More may follow.
+    /// The hash of everything so far: 32 hexadecimal digits in lower case. More may follow.
     [[nodiscard]] std::string hexDigest() const;
 
  private:

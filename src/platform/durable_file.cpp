@@ -18,15 +18,15 @@ namespace tarvin {
 
 namespace {
 
-constexpr std::chrono::milliseconds betweenTries{5};
-constexpr int mostNamesTried = 10'000;
+constexpr std::chrono::milliseconds retryDelay{5};
+constexpr int maxNamesTried = 10'000;
 
 SystemError lastError() {
     return SystemError{errno};
 }
 
-/// False, with EEXIST, where something stands at `to`. Not every file system can look and rename in
-/// one step; there the caller's lock keeps other copies of the program away in between.
+/// Returns false with errno EEXIST if `to` exists. Some file systems cannot check and rename in one
+/// step; there the caller's lock excludes other instances in between.
 bool renameToFree(const std::string& from, const std::string& to) {
     errno = renameExclusively(from, to);
     if (errno == 0) {
@@ -43,7 +43,7 @@ bool renameToFree(const std::string& from, const std::string& to) {
     return std::rename(from.c_str(), to.c_str()) == 0;
 }
 
-/// Where a link at `path` leads, or `path` itself.
+/// The target of a symbolic link at `path`, or `path` itself.
 std::string targetOf(const std::string& path) {
     std::error_code failure;
     const auto target = std::filesystem::canonical(path, failure);
@@ -88,7 +88,7 @@ std::optional<SystemError> makePrivateFile(const std::string& path) {
 
 Result<std::string> putAside(const std::string& path, std::string_view suffix) {
     std::string aside = path + std::string(suffix);
-    for (int number = 2; number < mostNamesTried; ++number) {
+    for (int number = 2; number < maxNamesTried; ++number) {
         if (renameToFree(path, aside)) {
             syncFolderOf(path);
             return aside;
@@ -106,12 +106,11 @@ std::optional<SystemError> makeFolders(const std::string& path) {
     for (std::size_t end = 0; end != std::string::npos;) {
         end = path.find('/', end + 1);
         if (::mkdir(path.substr(0, end).c_str(), S_IRWXU) != 0 && errno != EEXIST && !failure) {
-            failure = lastError();  // those that come after only follow from it
+            failure = lastError();  // the later ones only follow from it
         }
     }
     struct stat status{};
     if (::stat(path.c_str(), &status) == 0) {
-        // What matters is whether the last one is there.
         return S_ISDIR(status.st_mode) ? std::nullopt : std::optional(SystemError{ENOTDIR});
     }
     return failure ? failure : std::optional(lastError());
@@ -133,7 +132,7 @@ Result<FolderLock> FolderLock::take(const std::string& folder, std::chrono::mill
         if (std::chrono::steady_clock::now() > limit) {
             return SystemError{EBUSY};
         }
-        std::this_thread::sleep_for(betweenTries);
+        std::this_thread::sleep_for(retryDelay);
     }
     return lock;
 }

@@ -12,32 +12,32 @@
 
 namespace tarvin {
 
-// Writing the few files of our own so that a crash at any instant leaves the old one or the new
-// one, whole. Paths are absolute, native bytes. Any thread.
+// Files in tarvin's own folders. Paths are absolute, native bytes. Any thread.
 
-/// Puts `bytes` in the place of the file at `path`, which need not exist; where a link stands, its
-/// target is replaced. Written beside it under the name with ".new" behind, which must be nobody
-/// else's: callers hold a FolderLock. On failure the old file is as it was.
+/// Replaces the file at `path` atomically with `bytes`; the file need not exist. Replaces the
+/// target of a symbolic link. Keeps the permissions of the old file. The temporary file is `path`
+/// with
+/// ".new" appended: callers must hold a FolderLock. On failure the old file is as it was.
 [[nodiscard]] std::optional<SystemError> replaceFile(const std::string& path,
                                                      std::string_view bytes,
                                                      FileCalls& calls = systemFileCalls());
 
-/// Makes an empty file that only the user can read and write, unless there is a regular file
-/// already. Fails with ELOOP where a link stands, with EISDIR where a folder does, with EPERM for
-/// anything else. A file that is there is not opened.
+/// Creates an empty file that only the user can read and write, unless there is a regular file
+/// already, which is not opened. Fails with ELOOP for a symbolic link, EISDIR for a folder and
+/// EPERM for anything else.
 [[nodiscard]] std::optional<SystemError> makePrivateFile(const std::string& path);
 
-/// Gives what stands at `path` the name with `suffix` behind, or with "-2", "-3"... behind that
-/// where the name is taken. Answers the new path. Never replaces anything.
+/// Renames the entry at `path` to `path` with `suffix` appended, and with "-2", "-3"... behind it
+/// if the name is taken. Returns the new path. Never replaces anything.
 Result<std::string> putAside(const std::string& path, std::string_view suffix);
 
-/// Makes a folder and those above it that are missing; readable by the user alone.
+/// Creates a folder and its missing parents; readable by the user alone.
 [[nodiscard]] std::optional<SystemError> makeFolders(const std::string& path);
 
-/// Keeps other processes, and other threads, from writing in a folder of ours at the same time.
+/// Excludes other processes and threads that take the lock of the same folder. RAII.
 class FolderLock final {
  public:
-    /// Waits so long for whoever holds it. A folder that is missing is made.
+    /// Blocks for at most `patience`, then fails with EBUSY. Creates the folder if it is missing.
     static Result<FolderLock> take(const std::string& folder,
                                    std::chrono::milliseconds patience = std::chrono::seconds(10));
 

@@ -4,9 +4,9 @@
 
 namespace tarvin {
 
-/// Renames `from` to `to`, both paths of one file system, unless something stands at `to`. Returns
-/// 0 or the error number: EEXIST if something stands there, ENOSYS or EINVAL where the system or
-/// the file system cannot look and rename in one step. On any thread.
+/// Renames `from` to `to`, both on one file system, unless `to` exists. Returns 0 or the error
+/// number: EEXIST if `to` exists, ENOSYS or EINVAL if the system or the file system cannot check
+/// and rename in one step. Any thread.
 [[nodiscard]] int renameExclusively(const std::string& from, const std::string& to);
 
 }  // namespace tarvin

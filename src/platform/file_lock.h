@@ -11,13 +11,12 @@
 
 namespace tarvin {
 
-/// Exclusive holders keep everybody else out, shared ones only exclusive ones.
+/// An exclusive lock excludes all others, a shared one only exclusive ones.
 enum class LockSharing : std::uint8_t { exclusive, shared };
 
-/// One lock of a file of locks, held until destruction. The system releases it when the process
-/// ends, however it ends. Two locks of one number exclude each other also within one process,
-/// whichever threads take them. A child that a fork() leaves behind holds the lock with its parent
-/// until it exits or starts another program.
+/// One lock of a LockFile, released on destruction, or by the system when the process ends. Locks
+/// with the same number exclude each other also between threads of one process. A forked child
+/// shares the lock with its parent until it exits or calls exec().
 class FileLock final {
  public:
  private:
@@ -27,21 +26,21 @@ class FileLock final {
     UniqueFd file_;
 };
 
-/// A file in a folder of the user's whose single bytes are locked by number; its content is empty.
-/// The file is made when a lock is first taken, readable and writable by the user alone. A link, a
-/// folder or a file of another user in its place is refused. Any thread.
+/// An empty file whose bytes are locked by number. Created when a lock is first taken, readable and
+/// writable by the user alone. Refuses a symbolic link, a folder, and a file of another user. Any
+/// thread.
 class LockFile final {
  public:
-    /// `path` is absolute, native bytes; its folder must be there before a lock is taken.
+    /// `path` is absolute, native bytes; its folder must exist before a lock is taken.
     explicit LockFile(std::string path) : path_(std::move(path)) {}
 
-    /// Takes lock `number` (at most 2^62 - 1) if it is free; EBUSY if it is not, other codes if the
-    /// file cannot be used.
+    /// Takes lock `number` (at most 2^62 - 1) without blocking. Fails with EBUSY if it is held,
+    /// with other codes if the file cannot be used.
     [[nodiscard]] Result<FileLock> tryTake(std::uint64_t number,
                                            LockSharing sharing = LockSharing::exclusive) const;
 
-    /// Blocks until lock `number` is free, at most for `patience`; then EBUSY. Whoever releases the
-    /// lock and takes it again comes after those who were waiting already.
+    /// Blocks until lock `number` is free, at most for `patience`; then fails with EBUSY. A holder
+    /// that releases the lock and takes it again queues behind those already waiting.
     [[nodiscard]] Result<FileLock> take(std::uint64_t number,
                                         std::chrono::milliseconds patience) const;
 
@@ -51,10 +50,10 @@ class LockFile final {
     std::string path_;
 };
 
-/// One lock of a file of locks, for one who takes it again and again: the file stays open between,
-/// and is opened anew once a second, so that a replaced one is noticed. Those who wait come first,
-/// but for a millisecond in which it may be released and taken many times. Excludes, and is
-/// excluded by, FileLocks of the same number. One thread.
+/// One lock of a LockFile for an owner that takes it repeatedly: the file stays open in between and
+/// is reopened once a second, so that a replaced one is noticed. Waiting takers go first, except
+/// that the owner may take it again for a millisecond. Excludes, and is excluded by, FileLocks with
+/// the same number. One thread.
 class RepeatedLock final {
  public:
     /// `number` is at most 2^62 - 1.
@@ -64,7 +63,7 @@ class RepeatedLock final {
     /// Releases the lock.
     ~RepeatedLock() = default;
 
-    /// As LockFile::take(); it must not be held. None if it is held now.
+    /// As LockFile::take(). Requires that the lock is not held. Returns nullopt if it is held now.
     [[nodiscard]] std::optional<SystemError> take(std::chrono::milliseconds patience);
     /// Does nothing if it is not held.
     void release();
@@ -77,7 +76,7 @@ class RepeatedLock final {
     UniqueFd locks_;
     bool isHeld_ = false;
     std::chrono::steady_clock::time_point opened_;
-    std::chrono::steady_clock::time_point queued_;  // looked last whether others wait
+    std::chrono::steady_clock::time_point queued_;  // last time behind waiting takers
 };
 
 }  // namespace tarvin

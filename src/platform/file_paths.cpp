@@ -16,7 +16,7 @@ struct CleanPath {
     bool hasParentPart = false;
 };
 
-/// Takes the "." parts and needless slashes out of an absolute path.
+/// Removes "." components and redundant slashes from an absolute path.
 CleanPath cleaned(std::string_view path) {
     CleanPath clean;
     while (!path.empty()) {

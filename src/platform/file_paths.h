@@ -6,11 +6,11 @@
 
 namespace tarvin {
 
-/// The absolute path of what a person named, which need not exist: put behind the current folder if
-/// it is relative, without "." parts, doubled slashes and a slash at its end. Symbolic links stay
-/// as they are, unless the path has a ".." part, whose meaning depends on them: then all are
-/// resolved, or, where that fails, the path is left as it is for whoever opens it to fail on.
-/// Native bytes. Refused: the empty path, and a relative one when the current folder is gone.
+/// The absolute form of a path given by the user, which need not exist: relative to the current
+/// folder, without "." components, doubled slashes and a trailing slash. Symbolic links are kept,
+/// unless the path has a ".." component, whose meaning depends on them: then all are resolved, or,
+/// if that fails, the path is returned unresolved, so that opening it fails. Native bytes. Fails
+/// for the empty path, and for a relative one if the current folder was removed.
 Result<std::string> absolutePath(const std::string& path);
 
 }  // namespace tarvin

@@ -19,13 +19,13 @@ namespace tarvin {
 class FileSystem;
 
 enum class EntryType : std::uint8_t {
-    unknown,    ///< the listing does not say; ask for the attributes
+    unknown,    ///< not in the listing; stat it
     regular,    ///< a regular file
     directory,  ///< a folder
     other       ///< symbolic link, socket, pipe, device
 };
 
-/// What the system knows a file or folder by, whatever its path.
+/// Identifies a file or folder independently of its path.
 struct FileIdentity {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
@@ -33,29 +33,28 @@ struct FileIdentity {
     bool operator==(const FileIdentity&) const = default;
 };
 
-/// For tables of folders or files by identity.
+/// For hash tables by identity.
 struct FileIdentityHash {
     std::size_t operator()(const FileIdentity& identity) const {
-        // Inode numbers of one device run close together; the product spreads them.
+        // Inode numbers of one device are close together; the product spreads them.
         return static_cast<std::size_t>((identity.inode * 0x9E3779B97F4A7C15U) ^ identity.device);
     }
 };
 
-/// What is recorded of one entry.
+/// The metadata of one entry.
 struct FileAttributes {
     EntryType type = EntryType::unknown;
-    bool immutable =
-        false;  ///< locked against change; false where the file system has no such flag
+    bool immutable = false;  ///< the immutable flag; false where the file system has none
     std::uint64_t size = 0;  ///< bytes
     std::optional<Timestamp> modified;
     std::optional<Timestamp> created;
-    /// When anything about it was changed last; cannot be set back.
+    /// Last change of content or metadata (ctime); cannot be set by programs.
     std::optional<Timestamp> changed;
     FileIdentity identity;
-    std::uint32_t linkCount = 0;  ///< names that it has; none any more if 0
+    std::uint32_t linkCount = 0;  ///< hard links; 0 if it was removed
 };
 
-/// An open file or folder. Closes itself.
+/// A file or folder opened by a FileSystem, which closes it on destruction and must outlive it.
 class Descriptor final {
  public:
     Descriptor() = default;
@@ -76,15 +75,15 @@ class Descriptor final {
     int number_ = -1;
 };
 
-/// One portion of a folder's listing, in the order of the file system. Reused from call to call.
+/// One batch of a folder's listing, in the order of the file system. Reused from call to call.
 class EntryBlock final {
  public:
     struct Entry {
-        const char* name;  ///< ended by a zero byte; lives until the block is filled again
+        const char* name;  ///< null-terminated; valid until the block is filled again
         EntryType type;
     };
 
-    /// `capacity` is the room for one portion, in bytes; at least 4,096.
+    /// `capacity` is the size of one batch in bytes; at least 4,096.
     explicit EntryBlock(std::size_t capacity);
 
     [[nodiscard]] std::span<const Entry> entries() const { return entries_; }
@@ -98,71 +97,69 @@ class EntryBlock final {
     std::vector<Entry> entries_;
 };
 
-/// Listing, attributes and reading, as the scan asks for them. Paths are absolute, native bytes and
-/// of any length. Every call may be made on any thread and none follows a symbolic link in the last
-/// component, except where it says so. An interrupted call is repeated inside.
+/// Listing, metadata and reading, as the scan needs them. Paths are absolute, native bytes and of
+/// any length. Any thread. Symbolic links in the last component are not followed, except where
+/// stated. Interrupted calls are repeated.
 class FileSystem {
  public:
     virtual ~FileSystem() = default;
 
-    /// Opens the folder a walk begins at; a symbolic link is followed.
+    /// Opens the folder that a walk begins at; follows a symbolic link.
     virtual Result<Descriptor> openRootDirectory(const std::string& path) = 0;
     virtual Result<Descriptor> openDirectory(const std::string& path) = 0;
     virtual Result<Descriptor> openDirectoryAt(const Descriptor& parent, const char* name) = 0;
 
-    /// Fills `block` with the next portion of the folder's entries, "." and ".." left out. False
-    /// when there are no more. On failure the block is empty.
+    /// Fills `block` with the next batch of the folder's entries, without "." and "..". Returns
+    /// false at the end. On failure the block is empty.
     virtual Result<bool> listEntries(const Descriptor& directory, EntryBlock& block) = 0;
 
-    /// The attributes of one entry of an open folder.
+    /// The metadata of one entry of an open folder.
     virtual Result<FileAttributes> attributesAt(const Descriptor& directory, const char* name) = 0;
-    /// The same of what a symbolic link leads to; of the entry itself if it is no link.
+    /// The same, but follows a symbolic link.
     virtual Result<FileAttributes> targetAttributesAt(const Descriptor& directory,
                                                       const char* name) = 0;
-    /// The attributes of the entry at a path, whether or not it can be opened.
+    /// The metadata of the entry at a path, whether or not it can be opened.
     virtual Result<FileAttributes> attributesAtPath(const std::string& path) = 0;
-    /// The same, asked of the volume itself where the system may remember them from before, as of
-    /// other machines. May take as long as an answer from there.
+    /// The same, without the system's cache: a network volume asks its server, and may block as
+    /// long as that takes.
     virtual Result<FileAttributes> currentAttributesAtPath(const std::string& path) {
         return attributesAtPath(path);
     }
-    /// The attributes of what is open.
+    /// The metadata of an open file or folder.
     virtual Result<FileAttributes> attributesOf(const Descriptor& descriptor) = 0;
 
-    /// Opens for reading. Never waits, whatever stands at the path: a pipe or a device is opened or
-    /// refused at once, and the caller looks at the attributes before it reads.
+    /// Opens for reading. Does not wait for the other end of a pipe or for a device: the caller
+    /// checks the metadata before it reads.
     virtual Result<Descriptor> openFile(const std::string& path) = 0;
 
-    /// Reads from `offset`. Fewer bytes than asked for means that the file ends there.
+    /// Reads from `offset`. Returns fewer bytes than requested only at the end of the file.
     Result<std::size_t> readAt(const Descriptor& file, std::uint64_t offset,
                                std::span<std::byte> into) {
         return readAtLeast(file, offset, into, into.size());
     }
-    /// The same, but content with `enough` bytes: fewer than that means that the file ends there,
-    /// and it may go on behind as many or more. Spares a call to see the end of a file whose size
-    /// is known.
+    /// The same, but stops after at least `enough` bytes: fewer means the end of the file, more may
+    /// follow otherwise. Saves the call that detects the end of a file whose size is known.
     virtual Result<std::size_t> readAtLeast(const Descriptor& file, std::uint64_t offset,
                                             std::span<std::byte> into, std::size_t enough) = 0;
-    /// The same, but only what is in memory already: fewer bytes than asked for (none, too) means
-    /// that the rest has to come from the device or that the file ends there.
+    /// The same, but only from the page cache: fewer bytes than requested, or none, means that the
+    /// rest is not cached or that the file ends there.
     virtual Result<std::size_t> readCachedAt(const Descriptor& file, std::uint64_t offset,
                                              std::span<std::byte> into) = 0;
 
-    /// Tells the system that what is read of this open file will be all that is asked for, so that
-    /// it fetches nothing beyond. A hint; cannot fail.
+    /// `posix_fadvise` hint: no read-ahead for this open file. Cannot fail.
     virtual void disableReadAhead(const Descriptor& file) = 0;
 
-    /// Whether the device holds no files of anybody's (process and kernel tables and the like).
+    /// Whether the device is a pseudo file system (procfs, sysfs and the like).
     virtual bool isPseudoFileSystem(std::uint64_t device) = 0;
-    /// Whether the device has moving heads, so that two readers are slower than one. These two take
-    /// some tenths of a millisecond.
+    /// Whether the device is a rotational disk, on which two readers are slower than one. This and
+    /// isPseudoFileSystem() take some tenths of a millisecond.
     virtual bool isRotational(std::uint64_t device) = 0;
-    /// The Trash folder of the user's home, if there is one.
+    /// The home Trash, if it exists.
     virtual std::optional<FileIdentity> homeTrash() = 0;
-    /// How many files the process may hold open at once.
+    /// Maximum number of open files of the process.
     virtual std::size_t descriptorLimit() = 0;
 
-    /// How many descriptors of this file system have been closed so far.
+    /// Number of descriptors of this file system that have been closed so far.
     [[nodiscard]] std::uint64_t descriptorsClosed() const {
         return descriptorsClosed_.load(std::memory_order_relaxed);
     }
@@ -175,7 +172,7 @@ class FileSystem {
     std::atomic<std::uint64_t> descriptorsClosed_{0};
 };
 
-/// The file system of the machine; one for the process.
+/// The real file system; one object for the process.
 FileSystem& systemFileSystem();
 
 }  // namespace tarvin

@@ -8,29 +8,28 @@
 
 namespace tarvin {
 
-/// A folder that is open, what it is, and where it was when it was opened.
+/// An open folder with its identity and the path by which it was opened.
 struct OpenFolder {
     Descriptor descriptor;
     FileIdentity identity;
     std::string path;  ///< absolute, native bytes
 };
 
-// Of folders that are open, whatever stands at their path meanwhile. Any thread.
+// On open folders, whatever is at their path meanwhile. Any thread.
 
-/// Where an open folder is now, by the system's own account: an absolute path without links, native
-/// bytes. None where that is no place: the folder was removed, or lies outside of what the process
-/// sees.
+/// The current path of an open folder: absolute, without symbolic links, native bytes. Returns
+/// nullopt if the folder was removed or lies outside the root of the process.
 [[nodiscard]] std::optional<std::string> placeOf(const Descriptor& folder);
 
-/// Why the user may not make or rename anything in an open folder; none if that is allowed. What a
-/// volume has room for is not asked.
+/// Why the user may not create or rename entries in an open folder; nullopt if that is allowed.
+/// Does not check free space.
 [[nodiscard]] std::optional<SystemError> refusalOfNames(const Descriptor& folder);
 
-/// Makes an empty folder in an open one, with the rights that the user's programs give to new ones.
+/// Creates a folder in an open one, with all permissions before the umask is applied.
 [[nodiscard]] std::optional<SystemError> makeFolderAt(const Descriptor& parent,
                                                       const std::string& name);
 
-/// Takes a folder away if it is empty. Says nothing if it is not, or cannot be.
+/// Removes a folder if it is empty. Ignores failures: the folder is only left over.
 void removeEmptyFolderAt(const Descriptor& parent, const std::string& name);
 
 }  // namespace tarvin

@@ -12,18 +12,18 @@
 
 namespace tarvin {
 
-/// What kind of drive a volume is; decides its icon and whether it is listed.
+/// The kind of drive of a volume; decides its icon and whether it is listed.
 enum class VolumeKind {
-    internal,   ///< a disk of a common native format
-    removable,  ///< removable, on USB, or formatted the DOS way
+    internal,   ///< a disk with a common native file system
+    removable,  ///< removable, on USB, or with a DOS or Windows file system
     network,    ///< on another machine
-    other       ///< anything else that holds files
+    other       ///< any other with files
 };
 
-/// One mounted volume that a person would call a drive.
+/// One mounted volume that is listed as a drive.
 struct Volume {
-    std::string path;            ///< where it is mounted; native bytes
-    std::string fileSystemType;  ///< the system's name for the format, such as "ext4"
+    std::string path;            ///< mount point; native bytes
+    std::string fileSystemType;  ///< the system's name of the type, such as "ext4"
     VolumeKind kind = VolumeKind::other;
 
     bool operator==(const Volume&) const = default;
@@ -31,8 +31,8 @@ struct Volume {
 
 enum class UserFolder { home, desktop, documents, pictures };
 
-/// Everything the program asks of the operating system. One object for the process; every call may
-/// be made on any thread. Tests bring a fake with a settable answer for each call.
+/// The program's interface to the operating system. One object for the process. Any thread. Tests
+/// use a fake with a settable result for each call.
 class Platform {
  public:
     virtual ~Platform() = default;
@@ -41,29 +41,28 @@ class Platform {
     virtual Clock& clock() = 0;
     /// The user's Trash, for one clean-up.
     virtual std::unique_ptr<TrashMover> makeTrashMover() = 0;
-    /// This process is none of the copies until it joins them.
+    /// This process is not one of the instances until it joins them.
     virtual RunningInstances& runningInstances() = 0;
 
-    /// The mounted volumes as they are now: the root first, then the others in the order in which
-    /// they were mounted. Pseudo file systems are left out.
+    /// The volumes mounted now: the root first, then the others in the order of mounting, without
+    /// pseudo file systems.
     virtual std::vector<Volume> mountedVolumes() = 0;
 
-    /// Whether a path is on a volume of another machine. Of all that is mounted, also where no
-    /// drives are listed.
+    /// Whether a path is on a network volume, also one that mountedVolumes() does not list.
     virtual bool isOnNetwork(const std::string& path) = 0;
 
-    /// The short name of the user of this process; none if the system does not know it.
+    /// The login name of the user of this process; nullopt if the system does not know it.
     virtual std::optional<std::string> userName() = 0;
 
-    /// A folder of the user's by its absolute path; none if it is not set up. It need not exist.
+    /// The absolute path of one of the user's folders, which need not exist; nullopt if not set up.
     virtual std::optional<std::string> userFolder(UserFolder folder) = 0;
 
-    /// Where the program keeps its files: ".../Tarvin Software/Tarvin Duplicate File Remover". The
-    /// folder need not exist; none if the user has no home folder.
+    /// The program's data folder, ".../Tarvin Software/Tarvin Duplicate File Remover", which need
+    /// not exist; nullopt if the user has no home folder.
     virtual std::optional<std::string> applicationSupportFolder() = 0;
 };
 
-/// The machine the program runs on.
+/// The real system; one object for the process.
 Platform& systemPlatform();
 
 }  // namespace tarvin

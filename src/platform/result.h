@@ -6,17 +6,17 @@
 
 namespace tarvin {
 
-/// Why the operating system refused a call: its error number.
+/// The error number (errno) of a failed system call.
 struct SystemError {
     int code = 0;
 
     bool operator==(const SystemError&) const = default;
 
-    /// The system's own words for it, in the language of the process.
+    /// The system's message, in the language of the process.
     [[nodiscard]] std::string text() const;
 };
 
-/// What a call that can fail answers: a value, or why there is none. Nothing of ours throws.
+/// The result of a call that can fail: a value or an error. Our code does not throw exceptions.
 template <typename Value, typename Error = SystemError>
 class [[nodiscard]] Result final {
  public:
@@ -26,7 +26,7 @@ class [[nodiscard]] Result final {
     [[nodiscard]] bool ok() const { return content_.index() == 0; }
     explicit operator bool() const { return ok(); }
 
-    /// Require ok().
+    /// These require ok().
     [[nodiscard]] Value& value() { return *std::get_if<0>(&content_); }
     [[nodiscard]] const Value& value() const { return *std::get_if<0>(&content_); }
     Value& operator*() { return value(); }

@@ -7,8 +7,8 @@
 
 namespace tarvin {
 
-/// A thread that runs `body`. Not joinable, and `body` has not been called, if the system has no
-/// thread to give (a limit on processes, too little address space for its stack).
+/// Starts a thread that runs `body`. If the system cannot start one (process limit, no address
+/// space for its stack), returns a thread that is not joinable, and `body` is not called.
 template <class Body>
 [[nodiscard]] std::thread startThread(Body&& body) {
     try {

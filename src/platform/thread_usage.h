@@ -4,8 +4,8 @@
 
 namespace tarvin {
 
-/// How much the calling thread has had to fetch from storage devices so far, in 512-byte blocks.
-/// What came from memory does not count. 0 where the system does not keep account.
+/// What the calling thread has read from storage devices so far, in 512-byte blocks, without reads
+/// from the page cache. 0 where the system does not count it. Any thread.
 std::uint64_t deviceReadsOfThisThread();
 
 }  // namespace tarvin

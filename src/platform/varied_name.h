@@ -6,11 +6,11 @@
 
 namespace tarvin {
 
-/// A file's name with `addition` in front of its extension, or at its end if it has none. Shortened
-/// in front of both to `longest` bytes, between two characters of UTF-8, or between two bytes of
-/// anything else; an extension of usual length is kept. `addition` may be empty; `longest` is at
-/// least 64.
+/// A file name with `addition` inserted before its extension, or appended if it has none. Shortened
+/// before both to `maxBytes`, at a UTF-8 character boundary, or at a byte boundary in other
+/// encodings; an extension of up to 32 bytes is kept. `addition` may be empty; `maxBytes` must be
+/// at least 64. Pure.
 [[nodiscard]] std::string variedName(std::string_view name, std::string_view addition,
-                                     std::size_t longest);
+                                     std::size_t maxBytes);
 
 }  // namespace tarvin

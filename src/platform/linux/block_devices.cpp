@@ -18,9 +18,9 @@ namespace {
 
 using std::filesystem::path;
 
-constexpr std::size_t largestAttribute = 4096;
-// Encryption on a joined volume on a mirror on partitions is four; the rest is room.
-constexpr int deepestStack = 16;
+constexpr std::size_t maxAttributeBytes = 4096;
+// Encryption on LVM on RAID on partitions is four levels.
+constexpr int maxStackDepth = 16;
 
 std::optional<path> resolved(const path& name) {
     std::error_code failure;
@@ -28,9 +28,9 @@ std::optional<path> resolved(const path& name) {
     return failure ? std::nullopt : std::optional(std::move(answer));
 }
 
-/// Whether a file of the device tree that holds a switch holds a 1.
+/// Whether a Boolean attribute in sysfs is 1.
 bool isSet(const path& attribute) {
-    const auto text = readSmallFile(attribute.string(), largestAttribute);
+    const auto text = readSmallFile(attribute.string(), maxAttributeBytes);
     return text && text->starts_with('1');
 }
 
@@ -50,10 +50,10 @@ std::vector<path> entriesOf(const path& folder) {
     return entries;
 }
 
-/// Appends the disks that the device with this entry in the tree stands on. `entry` may be a link.
-void addDisksUnder(const path& entry, int deepest, std::vector<path>& disks) {
+/// Appends the disks under the device with this entry in sysfs. `entry` may be a symbolic link.
+void addDisksUnder(const path& entry, int maxDepth, std::vector<path>& disks) {
     auto folder = resolved(entry);
-    if (!folder || deepest == 0) {
+    if (!folder || maxDepth == 0) {
         return;
     }
     if (isThere(*folder / "partition")) {
@@ -65,17 +65,17 @@ void addDisksUnder(const path& entry, int deepest, std::vector<path>& disks) {
         return;
     }
     for (const path& slave : slaves) {
-        addDisksUnder(slave, deepest - 1, disks);
+        addDisksUnder(slave, maxDepth - 1, disks);
     }
 }
 
-/// The device's entry in the tree, by its number.
+/// The device's entry in sysfs, by its number.
 path entryOfNumber(const path& sysfsRoot, std::uint64_t device) {
     return sysfsRoot / "dev" / "block" /
            (std::to_string(major(device)) + ':' + std::to_string(minor(device)));
 }
 
-/// The device's entry in the tree, by what the mount table calls the source of a mount.
+/// The device's entry in sysfs, by the source of a mount in the mount table.
 std::optional<path> entryOfSource(const path& sysfsRoot, const std::string& source) {
     constexpr std::string_view deviceFolder = "/dev/";
     if (!source.starts_with(deviceFolder)) {
@@ -87,7 +87,7 @@ std::optional<path> entryOfSource(const path& sysfsRoot, const std::string& sour
         return std::nullopt;
     }
     name.erase(0, deviceFolder.size());
-    // The tree has one level of names: it writes the device "cciss/c0d0" as "cciss!c0d0".
+    // sysfs names are flat: the device "cciss/c0d0" is "cciss!c0d0".
     std::replace(name.begin(), name.end(), '/', '!');
     return sysfsRoot / "class" / "block" / name;
 }
@@ -95,15 +95,15 @@ std::optional<path> entryOfSource(const path& sysfsRoot, const std::string& sour
 /// Appends the disks under a mount, by its source.
 void addDisksOfMount(const path& sysfsRoot, const MountEntry& mount, std::vector<path>& disks) {
     if (const auto entry = entryOfSource(sysfsRoot, mount.source)) {
-        addDisksUnder(*entry, deepestStack, disks);
+        addDisksUnder(*entry, maxStackDepth, disks);
     }
 }
 
-/// What to do with a number of no device that the mount table does not list: a btrfs subvolume
-/// shows one, and nothing tells of which volume it is.
+/// How to treat a device number that is neither a block device nor in the mount table: that of a
+/// btrfs subvolume, whose volume is unknown.
 enum class Unlisted { isNothing, isAnyBtrfs };
 
-/// The disks under a file system that has a number of no device. The root must be resolved.
+/// The disks under a file system without a block device. The root must be resolved.
 std::vector<path> disksByTable(std::uint64_t device, const path& sysfsRoot,
                                const std::string& mountTable, Unlisted unlisted) {
     const auto mounts = readMountInfo(mountTable).value_or(std::vector<MountEntry>());
@@ -120,14 +120,14 @@ std::vector<path> disksByTable(std::uint64_t device, const path& sysfsRoot,
     return disks;
 }
 
-/// The disks under a file system, by their folders in the tree. The root must be resolved.
+/// The disks under a file system, by their folders in sysfs. The root must be resolved.
 std::vector<path> disksOf(std::uint64_t device, const path& sysfsRoot,
                           const std::string& mountTable, Unlisted unlisted) {
     if (major(device) == 0) {
         return disksByTable(device, sysfsRoot, mountTable, unlisted);
     }
     std::vector<path> disks;
-    addDisksUnder(entryOfNumber(sysfsRoot, device), deepestStack, disks);
+    addDisksUnder(entryOfNumber(sysfsRoot, device), maxStackDepth, disks);
     return disks;
 }
 
@@ -144,7 +144,7 @@ bool isRotationalDisk(const path& disk) {
 }
 
 bool isRemovableDisk(const path& disk, const path& sysfsRoot) {
-    // The path below the root names every controller on the way to the disk.
+    // The path below the root names every controller between the CPU and the disk.
     const path way = disk.lexically_relative(sysfsRoot);
     const bool isOnUsb = std::any_of(way.begin(), way.end(), [](const path& component) {
         return component.string().starts_with("usb");
@@ -160,8 +160,8 @@ bool isRotationalDevice(std::uint64_t device, const std::string& sysfsRoot,
     if (!root) {
         return false;
     }
-    // One reader too few costs less than one too many, so a btrfs volume on a disk with moving
-    // heads speaks for every subvolume.
+    // One reader too few costs less than one too many, so a btrfs volume on a rotational disk
+    // counts for every subvolume.
     const auto disks = disksOf(device, *root, mountTable, Unlisted::isAnyBtrfs);
     return std::any_of(disks.begin(), disks.end(), isRotationalDisk);
 }

@@ -7,23 +7,22 @@
 
 namespace tarvin {
 
-/// Questions about the disks under a file system, answered from the kernel's device tree. `device`
-/// is the number that `st_dev` shows. A volume put together of others (encrypted, joined, mirrored)
-/// answers for the disks it stands on; a partition for its disk. A number that names no device
-/// (btrfs and the like) is looked up in the mount table, which is why these calls may read a file
-/// of some length: ask once per device. Any thread. What cannot be found out counts as no.
+// Properties of the disks under a file system, from sysfs. `device` is an `st_dev`. A stacked
+// volume (encryption, LVM, RAID) counts as its disks, a partition as its disk. A device number
+// without a block device (btrfs and the like) is looked up in the mount table, which may be long:
+// call once per device. Unknown counts as false. Any thread.
 
-/// Whether a disk under the file system has moving heads. For a subvolume of btrfs: whether any
-/// btrfs volume has, because its number does not tell of which volume it is.
+/// Whether a disk under the file system is rotational. For a btrfs subvolume: whether any btrfs
+/// volume is, because its device number does not identify the volume.
 ///
-/// A paravirtual disk ("vda", "xvda") does not know its medium: it reports the kernel's default,
-/// which is "rotational". Believing it would give every virtual machine one reader at a time, so
-/// such disks count as not rotational.
+/// A paravirtual disk ("vda", "xvda") reports the kernel's default, "rotational", whatever its
+/// medium. That would give every virtual machine one reader at a time, so such disks count as not
+/// rotational.
 [[nodiscard]] bool isRotationalDevice(std::uint64_t device, const std::string& sysfsRoot = "/sys",
                                       const std::string& mountTable = mountInfoFile);
 
-/// Whether a disk under the file system is on USB or its medium can be taken out. `device` must be
-/// as the mount table gives it, which for btrfs is not what `st_dev` shows.
+/// Whether a disk under the file system is on USB or has a removable medium. `device` must be that
+/// of the mount table, which for btrfs differs from `st_dev`.
 [[nodiscard]] bool isRemovableDevice(std::uint64_t device, const std::string& sysfsRoot = "/sys",
                                      const std::string& mountTable = mountInfoFile);
 

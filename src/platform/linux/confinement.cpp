@@ -22,8 +22,8 @@ namespace tarvin {
 
 namespace {
 
-// The numbers of the calls are those of one architecture; where another one is spoken, every call
-// would be a different one. None where we do not know what ours is called.
+// System call numbers depend on the architecture, which the filter checks first. 0 where it is
+// unknown.
 #if defined(__x86_64__) && !defined(__ILP32__)
 constexpr std::uint32_t architecture = AUDIT_ARCH_X86_64;
 #elif defined(__aarch64__) && defined(__AARCH64EL__)
@@ -34,10 +34,9 @@ constexpr std::uint32_t architecture = AUDIT_ARCH_RISCV64;
 constexpr std::uint32_t architecture = 0;
 #endif
 
-/// What stays allowed, whatever its arguments: nothing here takes a path or an address of a
-/// network, or reaches another process.
+/// Allowed with any arguments: none takes a path or a network address, or affects another process.
 constexpr std::array allowedCalls{
-    // open files, and pipes of its own, by which the sanitizers look at addresses
+    // open files, and pipes, with which the sanitizers probe memory
     SYS_read, SYS_write, SYS_readv, SYS_writev, SYS_pread64, SYS_lseek, SYS_close, SYS_fstat,
 #ifdef SYS_poll
     SYS_poll, SYS_pipe,
@@ -45,11 +44,11 @@ constexpr std::array allowedCalls{
     SYS_ppoll, SYS_pipe2,
     // memory
     SYS_brk, SYS_munmap, SYS_mprotect, SYS_mremap, SYS_madvise,
-    // threads, and what wakes them
+    // threads and signals
     SYS_eventfd2, SYS_futex, SYS_set_robust_list, SYS_rseq, SYS_gettid, SYS_getpid, SYS_exit,
     SYS_exit_group, SYS_sched_yield, SYS_sched_getaffinity, SYS_sigaltstack, SYS_rt_sigaction,
     SYS_rt_sigprocmask, SYS_rt_sigreturn, SYS_restart_syscall, SYS_membarrier,
-    // clocks and chance
+    // clocks and random numbers
     SYS_clock_gettime, SYS_clock_getres, SYS_clock_nanosleep, SYS_nanosleep, SYS_gettimeofday,
     SYS_getrandom, SYS_getrusage, SYS_times, SYS_uname, SYS_sysinfo};
 
@@ -61,11 +60,11 @@ struct AllowedWithFlag {
 };
 
 constexpr std::array allowedWithFlag{
-    // Memory, not a file: a limit of memory does not count what is mapped from one.
+    // Memory only: RLIMIT_DATA does not count mapped files.
     AllowedWithFlag{SYS_mmap, 3, MAP_ANONYMOUS},
     // A thread, not a process.
     AllowedWithFlag{SYS_clone, 0, CLONE_THREAD},
-    // Of an open file. The path that goes with it is empty in all that asks like this.
+    // Of an open file; callers that pass this flag pass an empty path.
     AllowedWithFlag{SYS_newfstatat, 3, AT_EMPTY_PATH},
     AllowedWithFlag{SYS_statx, 2, AT_EMPTY_PATH},
 };
@@ -135,13 +134,13 @@ bool confineToOpenFiles() {
     if constexpr (architecture == 0) {
         return false;
     }
-    // What a filter stands on: no program that is started later could have more rights.
+    // Required for a filter without privileges.
     if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) {
         return false;
     }
     std::vector<sock_filter> steps = filterOfCalls();
     const sock_fprog program{static_cast<unsigned short>(steps.size()), steps.data()};
-    // Of all threads, or of none.
+    // For all threads, or none.
     return ::syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, SECCOMP_FILTER_FLAG_TSYNC, &program) ==
            0;
 }

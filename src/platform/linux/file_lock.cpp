@@ -14,29 +14,29 @@ namespace tarvin {
 
 namespace {
 
-// Waiting for a lock n, a taker holds lock n + turnOffset. So there is one taker at a time that is
-// next, and whoever has just released the lock has to wait behind it.
+// A taker that waits for lock n holds lock n + turnOffset. So one taker is next, and a holder that
+// has just released the lock queues behind it.
 constexpr std::uint64_t turnOffset = std::uint64_t{1} << 62U;
 
-// The first tries find a lock that is held for a moment, the later ones cost next to nothing.
+// The first retries catch a lock that is held briefly; the later ones cost little CPU time.
 constexpr std::chrono::microseconds minPause{50};
 constexpr std::chrono::microseconds maxPause{5000};
 
-/// How long a RepeatedLock believes that the file is still the one at its path.
+/// How long a RepeatedLock assumes that its file is still the one at the path.
 constexpr std::chrono::seconds keptOpen{1};
 
-/// So long it may take the lock again without a look whether others wait for it.
+/// How long it may take the lock again without checking for waiting takers.
 constexpr std::chrono::milliseconds withoutQueue{1};
 
 using Deadline = std::chrono::steady_clock::time_point;
 
-/// 0, or why what is open must not be used as a file of locks.
+/// The error number if the open file must not be used for locks, else 0.
 int refusalOf(int descriptor) {
     struct stat status{};
     if (::fstat(descriptor, &status) != 0) {
         return errno;
     }
-    // Root may work with the files of the user for whom it was called.
+    // Root may use the files of the user who called it.
     const bool isOurs = status.st_uid == ::geteuid() || ::geteuid() == 0;
     return S_ISREG(status.st_mode) && isOurs ? 0 : EPERM;
 }
@@ -58,7 +58,7 @@ int lockByte(int descriptor, std::uint64_t number, short type) {
     return 0;
 }
 
-/// Waits longer each time.
+/// Exponential backoff.
 class Pauses final {
  public:
     void wait() {
@@ -74,7 +74,7 @@ bool isOver(Deadline deadline) {
     return std::chrono::steady_clock::now() >= deadline;
 }
 
-/// Tries until the lock is free or the deadline has passed.
+/// Retries until the lock is taken or the deadline has passed.
 Result<FileLock> takeUntil(const LockFile& file, std::uint64_t number, Deadline deadline) {
     for (Pauses pauses;; pauses.wait()) {
         Result<FileLock> lock = file.tryTake(number);
@@ -84,7 +84,7 @@ Result<FileLock> takeUntil(const LockFile& file, std::uint64_t number, Deadline 
     }
 }
 
-/// The same with an open file; 0 or why not.
+/// The same with an open file. Returns 0 or the error number.
 int lockUntil(int descriptor, std::uint64_t number, Deadline deadline) {
     for (Pauses pauses;; pauses.wait()) {
         const int failure = lockByte(descriptor, number, F_WRLCK);
@@ -94,7 +94,7 @@ int lockUntil(int descriptor, std::uint64_t number, Deadline deadline) {
     }
 }
 
-/// The open file of locks, or why it cannot be used.
+/// Opens or creates the file.
 Result<UniqueFd> openLocks(const std::string& path) {
     UniqueFd file(::open(path.c_str(),
                          O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,

@@ -23,8 +23,7 @@ namespace tarvin {
 namespace {
 
 constexpr int directoryFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
-// No waiting for the other end of a pipe, no terminal taken over, and the file's access time stays
-// as it is: a scan is not a use of the file.
+// Does not wait for the other end of a pipe and does not take over a terminal.
 constexpr int fileFlags = O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY;
 constexpr unsigned attributeMask =
     STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_CTIME | STATX_BTIME | STATX_INO | STATX_NLINK;
@@ -152,7 +151,7 @@ class LinuxFileSystem final : public FileSystem {
     Result<Descriptor> openFile(const std::string& path) override {
         int number = openAnyLength(path, fileFlags | O_NOATIME);
         if (number < 0 && errno == EPERM) {
-            // Only the owner may ask for the access time to be left alone.
+            // O_NOATIME is for the owner only. A scan should not change access times.
             number = openAnyLength(path, fileFlags);
         }
         return opened(number);
@@ -183,7 +182,7 @@ class LinuxFileSystem final : public FileSystem {
         const iovec place{into.data(), into.size()};
         const ssize_t got =
             ::preadv2(file.number(), &place, 1, static_cast<off_t>(offset), RWF_NOWAIT);
-        // A file system that cannot say what is in memory is treated as having nothing there.
+        // Where the file system does not support RWF_NOWAIT, nothing counts as cached.
         return got < 0 ? std::size_t{0} : static_cast<std::size_t>(got);
     }
 
@@ -192,7 +191,7 @@ class LinuxFileSystem final : public FileSystem {
     }
 
     bool isPseudoFileSystem(std::uint64_t device) override {
-        // Not remembered: device numbers are given again, and only mount points ask.
+        // Not cached: device numbers are reused, and only mount points are checked.
         const auto mounts = readMountInfo();
         return mounts && std::any_of(mounts->begin(), mounts->end(), [device](const auto& mount) {
                    return mount.device == device && isPseudoFileSystemType(mount.fileSystemType);
@@ -231,7 +230,7 @@ class LinuxFileSystem final : public FileSystem {
 
     static void addListed(std::span<const std::byte> listed, EntryBlock& block) {
         while (!listed.empty()) {
-            // The kernel lays the records out aligned, one behind the other.
+            // The kernel writes the records aligned, one after the other.
             const auto* record =
                 // NOLINTNEXTLINE(bugprone-casting-through-void): they are records.
                 static_cast<const dirent64*>(static_cast<const void*>(listed.data()));
@@ -247,7 +246,7 @@ class LinuxFileSystem final : public FileSystem {
 }  // namespace
 
 FileSystem& systemFileSystem() {
-    // Never destroyed: a thread that was abandoned in a call may return while the process ends.
+    // Never destroyed: an abandoned thread may return from a call while the process exits.
     static auto* const fileSystem = new LinuxFileSystem;
     return *fileSystem;
 }

@@ -14,8 +14,8 @@ namespace tarvin {
 
 namespace {
 
-// A hundred thousand mounts fit many times over.
-constexpr std::size_t largestTable = std::size_t{64} << 20;
+// Bytes; a hundred thousand mounts take a fraction of it.
+constexpr std::size_t maxTableBytes = std::size_t{64} << 20;
 
 constexpr auto pseudoTypes = std::to_array<std::string_view>(
     {"anon_inodefs", "apparmorfs",  "autofs",     "bdev",      "binder",     "binfmt_misc",
@@ -28,8 +28,7 @@ constexpr auto pseudoTypes = std::to_array<std::string_view>(
      "usbfs",        "xenfs"});
 static_assert(std::is_sorted(pseudoTypes.begin(), pseudoTypes.end()));
 
-/// Takes what stands before the next `separator` off the front of `text`; all of it if there is
-/// none.
+/// Removes and returns the text before the next `separator`, or all of it if there is none.
 std::string_view takeUntil(std::string_view& text, char separator) {
     const std::size_t end = std::min(text.find(separator), text.size());
     const std::string_view taken = text.substr(0, end);
@@ -41,9 +40,9 @@ bool isOctal(char digit) {
     return digit >= '0' && digit <= '7';
 }
 
-/// The byte that a backslash and three octal digits at the front of `text` stand for.
+/// The byte of an escape (a backslash and three octal digits) at the beginning of `text`.
 std::optional<char> escapedByte(std::string_view text) {
-    // Three digits hold nine bits, a byte eight.
+    // Three octal digits have nine bits.
     if (text.size() < 4 || text[0] != '\\' || text[1] < '0' || text[1] > '3' || !isOctal(text[2]) ||
         !isOctal(text[3])) {
         return std::nullopt;
@@ -83,7 +82,7 @@ std::optional<std::uint64_t> parseDevice(std::string_view text) {
     return makedev(*major, *minor);
 }
 
-/// Drops the optional fields, of which there may be any number, and the dash that ends them.
+/// Removes the optional fields, any number of them, and the dash behind them.
 bool skipOptionalFields(std::string_view& rest) {
     while (!rest.empty()) {
         if (takeUntil(rest, ' ') == "-") {
@@ -94,17 +93,17 @@ bool skipOptionalFields(std::string_view& rest) {
 }
 
 std::optional<MountEntry> parseLine(std::string_view line) {
-    takeUntil(line, ' ');  // the mount's number
-    takeUntil(line, ' ');  // its parent's
+    takeUntil(line, ' ');  // mount ID
+    takeUntil(line, ' ');  // parent ID
     const auto device = parseDevice(takeUntil(line, ' '));
-    takeUntil(line, ' ');  // which folder of the file system is mounted
+    takeUntil(line, ' ');  // root of the mount within the file system
     const std::string_view mountPoint = takeUntil(line, ' ');
     takeUntil(line, ' ');  // options
     if (!device || !mountPoint.starts_with('/') || !skipOptionalFields(line)) {
         return std::nullopt;
     }
     const std::string_view type = takeUntil(line, ' ');
-    // Fields are parted by one blank each: a source of no letters leaves two side by side.
+    // Fields are separated by one space each; an empty source leaves two spaces.
     const std::string_view source = takeUntil(line, ' ');
     if (type.empty()) {
         return std::nullopt;
@@ -125,7 +124,7 @@ std::vector<MountEntry> parseMountInfo(std::string_view text) {
 }
 
 std::optional<std::vector<MountEntry>> readMountInfo(const std::string& path) {
-    const auto text = readSmallFile(path, largestTable);
+    const auto text = readSmallFile(path, maxTableBytes);
     if (!text) {
         return std::nullopt;
     }
@@ -133,7 +132,7 @@ std::optional<std::vector<MountEntry>> readMountInfo(const std::string& path) {
 }
 
 std::optional<MountEntry> findMount(std::uint64_t number, const std::string& path) {
-    const auto text = readSmallFile(path, largestTable);
+    const auto text = readSmallFile(path, maxTableBytes);
     if (!text) {
         return std::nullopt;
     }

@@ -8,36 +8,36 @@
 
 namespace tarvin {
 
-/// One line of the kernel's mount table. Text is native bytes.
+/// One line of the mount table. Text is native bytes.
 struct MountEntry {
-    /// The number that `st_dev` shows for its files. A btrfs volume is the exception: each of its
-    /// subvolumes shows a number of its own, which no table lists.
+    /// The `st_dev` of its files, except on btrfs: each subvolume has its own device number, which
+    /// is not in the table.
     std::uint64_t device = 0;
     std::string mountPoint;
-    std::string fileSystemType;  ///< a subtype behind a dot, as in "fuse.sshfs"
+    std::string fileSystemType;  ///< with a subtype after a dot, as in "fuse.sshfs"
     std::string source;          ///< "/dev/sda1", "server:/export", or any word
 
     bool operator==(const MountEntry&) const = default;
 };
 
-/// Where the kernel shows the process its mounts.
+/// The mount table of the process.
 inline constexpr const char* mountInfoFile = "/proc/self/mountinfo";
 
-/// The entries of a table in that file's format, in its order: the order of mounting, as a rule.
-/// Lines that are not of the format are left out.
+/// The entries of a table in that file's format, in its order, usually that of mounting. Skips
+/// malformed lines. Pure.
 [[nodiscard]] std::vector<MountEntry> parseMountInfo(std::string_view text);
 
-/// The mounts of this process as they are now; none if the table cannot be read. Any thread.
+/// The mounts of this process; nullopt if the table cannot be read. Any thread.
 [[nodiscard]] std::optional<std::vector<MountEntry>> readMountInfo(
     const std::string& path = mountInfoFile);
 
-/// The mount of this number, which the system tells of an open file, or none if the table does not
-/// list it: the mount may be another process's, or gone. Any thread.
+/// The mount with this ID (`stx_mnt_id` of an open file); nullopt if the table does not list it: it
+/// may be unmounted, or of another mount namespace. Any thread.
 [[nodiscard]] std::optional<MountEntry> findMount(std::uint64_t number,
                                                   const std::string& path = mountInfoFile);
 
-/// Whether file systems of this type hold no files of anybody's, but tables of the kernel or views
-/// of files that stand elsewhere.
+/// Whether file systems of this type hold kernel data, or views of files elsewhere, instead of
+/// users' files. Pure.
 [[nodiscard]] bool isPseudoFileSystemType(std::string_view type);
 
 }  // namespace tarvin

@@ -10,13 +10,13 @@ namespace tarvin {
 
 namespace {
 
-/// How long a Trash, a mount or a device counts as it was when it was looked at.
+/// How long a check of a Trash, a mount or a device is valid.
 constexpr std::chrono::seconds maxAge{1};
 
-/// Each takes three descriptors.
+/// Each holds three descriptors.
 constexpr std::size_t maxOpen = 16;
 
-/// File systems that record no owners and rights of files, but show those of the mount for all.
+/// False for file systems without owners and permissions, which show those of the mount instead.
 bool keepsRights(std::string_view fileSystemType) {
     constexpr auto without = std::to_array<std::string_view>(
         {"exfat", "fuseblk", "msdos", "ntfs", "ntfs3", "umsdos", "vfat"});
@@ -45,7 +45,7 @@ Result<OpenTrash*, TrashRefusal> OpenTrashes::forFolder(const OpenFolder& folder
     return volumeTrash(status.mount);
 }
 
-/// The device that the home Trash is on or, before it is made, will be on.
+/// The device of the home Trash or, before it exists, of its nearest existing parent.
 Result<std::uint64_t, TrashRefusal> OpenTrashes::homeDevice() {
     if (!user_.homeTrash) {
         return TrashRefusal{TrashRefusalKind::noHome, {ENOENT}, "there is no home folder"};
@@ -101,7 +101,7 @@ Result<OpenTrash*, TrashRefusal> OpenTrashes::volumeTrash(std::uint64_t mount) {
         {std::move(*opened), std::move(entry->mountPoint), mount, around_.clock.steadyNow()});
 }
 
-/// The entry of a mount that its mount point leads to: another one may hide it.
+/// The mount table's entry of a mount, unless another mount hides it.
 Result<MountEntry, TrashRefusal> OpenTrashes::mountEntry(std::uint64_t mount) {
     const TrashRefusal refusal{
         TrashRefusalKind::noVolume, {ENODEV}, "the volume of the file is not accessible"};
@@ -124,7 +124,7 @@ Result<TrashFolder, TrashRefusal> OpenTrashes::openVolume(const MountEntry& entr
                          .make = true,
                          .keepsRights = keepsRights(entry.fileSystemType),
                          .isShared = true};
-    // Whatever stands against the Trash that the users share, there is their own.
+    // If the shared ".Trash" is refused for any reason, the user's own is used.
     auto shared = TrashFolder::open(request, around_.calls);
     if (shared) {
         return shared;
@@ -134,7 +134,6 @@ Result<TrashFolder, TrashRefusal> OpenTrashes::openVolume(const MountEntry& entr
     return TrashFolder::open(request, around_.calls);
 }
 
-/// A Trash that was used before, by its path.
 Result<OpenTrash*, TrashRefusal> OpenTrashes::at(const std::string& path) {
     OpenTrash* const known =
         find([&](const OpenTrash& each) { return each.folder.path() == path; });
@@ -162,7 +161,7 @@ Result<OpenTrash*, TrashRefusal> OpenTrashes::at(const std::string& path) {
     return add({std::move(*opened), std::move(top), 0, around_.clock.steadyNow()});
 }
 
-/// The first open Trash that meets a condition and is still what stands at its path.
+/// The first open Trash that meets a condition and is still the one at its path.
 template <typename Condition>
 OpenTrash* OpenTrashes::find(const Condition& condition) {
     const auto found = std::find_if(open_.begin(), open_.end(),
@@ -210,7 +209,7 @@ std::optional<TrashRefusal> OpenTrashes::flush() {
     return std::exchange(notFlushed_, std::nullopt);
 }
 
-/// The first failure is told by the next flush() of all.
+/// Keeps the first failure for the next flush() of all.
 void OpenTrashes::flush(OpenTrash& trash) {
     auto failure = trash.isFlushed ? std::nullopt : trash.folder.flush();
     trash.isFlushed = !failure;

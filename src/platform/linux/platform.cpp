@@ -14,13 +14,13 @@ namespace tarvin {
 
 namespace {
 
-// The desktop writes some ten lines.
-constexpr std::size_t largestSettingsFile = std::size_t{1} << 20;
+// Bytes; desktops write about ten lines.
+constexpr std::size_t maxSettingsBytes = std::size_t{1} << 20;
 
-/// The desktop's list of the user's folders as it is now; empty if there is none.
+/// The content of user-dirs.dirs; empty if there is none.
 std::string readUserDirectories(const UserEnvironment& environment) {
     const auto path = userDirectoriesFile(environment);
-    return path ? readSmallFile(*path, largestSettingsFile).value_or("") : "";
+    return path ? readSmallFile(*path, maxSettingsBytes).value_or("") : "";
 }
 
 class LinuxPlatform final : public Platform {
@@ -42,7 +42,7 @@ class LinuxPlatform final : public Platform {
     std::optional<std::string> userName() override { return userNameOf(processEnvironment()); }
 
     std::optional<std::string> userFolder(UserFolder folder) override {
-        // Read each time: the user may move a folder while the program runs.
+        // Not cached: the user may move a folder while the program runs.
         const UserEnvironment& environment = processEnvironment();
         return userFolderOf(folder, environment, readUserDirectories(environment));
     }

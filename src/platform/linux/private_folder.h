@@ -8,18 +8,17 @@
 
 namespace tarvin {
 
-/// A folder that this user alone can look into and change, held open, so that it stays the same one
-/// whatever happens to its name. Any thread.
+/// A folder that only this user can access, held open, so that it stays the same one if its path
+/// changes. Any thread.
 class PrivateFolder final {
  public:
-    /// Opens the folder, made if it is missing; the one above it must be there. Refuses one that
-    /// belongs to somebody else or that others may enter, and a link in its place, with EACCES or
-    /// the system's reason.
+    /// Opens the folder, and creates it if it is missing; its parent must exist. Fails with EACCES
+    /// if it belongs to another user or others can access it. Does not follow a symbolic link.
     static Result<PrivateFolder> open(const std::string& path);
 
     [[nodiscard]] int number() const { return folder_.number(); }
-    /// A path to the folder, or to an entry in it, that is good while this object is. Short,
-    /// however deep the folder lies.
+    /// A short path to the folder, or to an entry in it (below /proc/self/fd); valid during the
+    /// lifetime of this object.
     [[nodiscard]] std::string path() const;
     [[nodiscard]] std::string pathOf(const std::string& name) const { return path() + '/' + name; }
 

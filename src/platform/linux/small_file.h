@@ -9,9 +9,9 @@
 
 namespace tarvin {
 
-/// The whole of a table or settings file as it is now. None if it cannot be read, is no regular
-/// file (a symbolic link to one will do) or is larger than `limit` bytes. Never waits for a pipe.
-/// Any thread. Good for files of the kernel, too, whose recorded size means nothing.
+/// The content of a table or settings file. Returns nullopt if it cannot be read, is not a regular
+/// file (symbolic links are followed) or is larger than `limit` bytes. Also for kernel files, whose
+/// recorded size is 0. Any thread.
 [[nodiscard]] inline std::optional<std::string> readSmallFile(const std::string& path,
                                                               std::size_t limit) {
     std::error_code failure;
@@ -20,10 +20,10 @@ namespace tarvin {
     }
     std::ifstream file(path, std::ios::binary);
     std::string content;
-    char portion[8192];
-    // A read that fails sets the state that is asked for below; it does not throw.
-    while (file.read(portion, sizeof(portion)) || file.gcount() > 0) {
-        content.append(portion, static_cast<std::size_t>(file.gcount()));
+    char chunk[8192];
+    // A failed read sets the state that is checked below; it does not throw.
+    while (file.read(chunk, sizeof(chunk)) || file.gcount() > 0) {
+        content.append(chunk, static_cast<std::size_t>(file.gcount()));
         if (content.size() > limit) {
             return std::nullopt;
         }

@@ -36,7 +36,7 @@ int statusAt(int folder, const char* path, int flags, TrashEntryStatus& status) 
         }
     }
     status.identity = {makedev(answer.stx_dev_major, answer.stx_dev_minor), answer.stx_ino};
-    // Linux 5.8 and later tell it.
+    // Linux 5.8 and later.
     status.mount = (answer.stx_mask & STATX_MNT_ID) != 0 ? answer.stx_mnt_id : 0;
     status.owner = answer.stx_uid;
     status.mode = answer.stx_mode;

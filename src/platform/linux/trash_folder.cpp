@@ -8,24 +8,24 @@ namespace tarvin {
 
 namespace {
 
-/// No file system has longer names, whatever it says: some count other units than bytes.
+/// Bytes. No file system has longer names, whatever it reports: some count characters.
 constexpr std::size_t maxNameBytes = 255;
 
-/// Names in the Trash that are tried for one file; the last number is about a million million.
+/// Names tried for one file; with doubled steps the last number is about 10^12.
 constexpr int maxTries = 40;
 
-/// Bytes of a note: a path of 4,096 bytes, each as "%XX", and a few words.
+/// Bytes of a .trashinfo file: a path of 4,096 bytes, each as "%XX", and the keys.
 constexpr std::size_t maxNoteBytes = 16 * 1024;
 
-/// What `nameInTrash` can make do with.
+/// Bytes; what `nameInTrash` requires.
 constexpr std::size_t minNameBytes = 64;
 
-/// Whether the file system does not know a rename that replaces nothing.
+/// Whether the file system does not support RENAME_NOREPLACE.
 bool isUnknownRename(int code) {
     return code == EINVAL || code == ENOSYS || code == EOPNOTSUPP;
 }
 
-/// Whether the file system has no second names for files.
+/// Whether the file system does not support hard links.
 bool isUnknownLink(int code) {
     return code == EPERM || code == ENOSYS || code == EOPNOTSUPP || code == EMLINK;
 }
@@ -55,10 +55,10 @@ Result<std::string, TrashRefusal> TrashFolder::take(const Descriptor& from, cons
     const std::string text = trashNote(original, date);
     const std::string own = nameInTrash(name, 1, longestName_);
     std::uint64_t number = numbers_.firstFor(own);
-    std::uint64_t step = 1;  // doubled, so that a long row of taken names is passed in few tries
+    std::uint64_t step = 1;  // doubled, so that few tries get past many taken names
     for (int tries = 0; tries < maxTries; ++tries) {
         std::string newName = number == 1 ? own : nameInTrash(name, number, longestName_);
-        // The note reserves the name; a file that has it without a note is found by the rename.
+        // The .trashinfo file reserves the name; the rename detects a file without one.
         int failure = writeNote(newName, text);
         if (failure == 0) {
             failure = moveIn(from.number(), name, newName.c_str());
@@ -97,7 +97,7 @@ std::optional<TrashRefusal> TrashFolder::mendNote(const std::string& name,
 std::optional<TrashRefusal> TrashFolder::removeUnusedNotes(
     const std::unordered_set<std::string>& originals, std::span<const std::string_view> names) {
     FileSystem& fileSystem = systemFileSystem();
-    // A listing of its own, from the beginning.
+    // A separate descriptor: its listing starts at the beginning.
     const auto notes = fileSystem.openDirectoryAt(parts_.info(), ".");
     if (!notes) {
         return systemRefusal(notes.error().code);
@@ -126,7 +126,7 @@ std::optional<TrashRefusal> TrashFolder::removeUnusedNotes(
             if (isOurs) {
                 removeNote(name);
             }
-            // Another program may have moved the very file here meanwhile.
+            // Another program may have moved this very file here meanwhile.
             if (isOurs && original && calls_.status(files().number(), name.c_str(), status) == 0) {
                 static_cast<void>(writeNote(name, text));
             }
@@ -167,7 +167,7 @@ int TrashFolder::writeNote(const std::string& name, std::string_view text) const
         }
         text.remove_prefix(std::min(written, text.size()));
     }
-    // Some file systems tell only here that there was no room.
+    // Some file systems report only here that the disk is full.
     const int closing = calls_.close(number);
     failure = failure != 0 ? failure : closing;
     if (failure != 0) {
@@ -176,7 +176,7 @@ int TrashFolder::writeNote(const std::string& name, std::string_view text) const
     return failure;
 }
 
-/// Of a longer file only the beginning: no note of ours is so long.
+/// Reads at most `maxNoteBytes`: our own files are not longer.
 int TrashFolder::readNote(const std::string& name, std::string& text) const {
     const std::string noteName = name + std::string(trashNoteEnding);
     int number = -1;
@@ -207,7 +207,7 @@ int TrashFolder::moveIn(int from, const char* name, const char* newName) const {
     if (!isUnknownRename(failure)) {
         return failure;
     }
-    // The name is ours by its note, and nobody else writes here.
+    // The .trashinfo file reserves the name, and only this user writes here.
     TrashEntryStatus status;
     const int looking = calls_.status(to, newName, status);
     if (looking != ENOENT) {
@@ -239,7 +239,7 @@ int TrashFolder::moveOut(const char* name, int to, const char* newName) const {
     if (!isUnknownRename(failure)) {
         return failure;
     }
-    // A second name replaces nothing; then the first one goes.
+    // A hard link does not replace anything; then the first name is removed.
     failure = calls_.link(from, name, to, newName);
     if (isUnknownLink(failure)) {
         return moveOverPlaceholder(name, to, newName);
@@ -247,8 +247,8 @@ int TrashFolder::moveOut(const char* name, int to, const char* newName) const {
     if (failure != 0) {
         return failure;
     }
-    // The file is back. Its name in the Trash goes unless another file has it by now; where the
-    // system refuses to take it away, it and its note stay.
+    // The file is restored. Its name in the Trash is removed unless another file has it by now; if
+    // the system refuses that, the name and its .trashinfo file stay.
     TrashEntryStatus there;
     TrashEntryStatus here;
     if (calls_.status(from, name, there) != 0 || calls_.status(to, newName, here) != 0 ||
@@ -259,7 +259,7 @@ int TrashFolder::moveOut(const char* name, int to, const char* newName) const {
     return 0;
 }
 
-/// An empty file, made where nothing was, reserves the name and is then replaced.
+/// Reserves the name with an empty file, created exclusively, and then replaces that.
 int TrashFolder::moveOverPlaceholder(const char* name, int to, const char* newName) const {
     int number = -1;
     int failure = calls_.createFile(to, newName, number);

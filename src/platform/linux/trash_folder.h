@@ -16,7 +16,7 @@
 
 namespace tarvin {
 
-/// Room for one portion of the listing of a Trash.
+/// Bytes of one batch of the listing of a Trash.
 inline constexpr std::size_t trashListingBytes = 256 * 1024;
 
 /// One Trash of the user, held open: its .trashinfo files and the moves into and out of it. One
@@ -29,23 +29,24 @@ class TrashFolder final {
     [[nodiscard]] const std::string& path() const { return parts_.path(); }
     [[nodiscard]] const Descriptor& files() const { return parts_.files(); }
 
-    /// Whether what stands at its path is still what is open, and still safe.
+    /// Whether the Trash at the path is still the open one, and still safe.
     [[nodiscard]] bool isIntact() const { return parts_.isIntact(); }
 
-    /// Writes a note that tells `original` and `date`, and moves the file. The name it got.
+    /// Writes a .trashinfo file with `original` and `date`, and moves the file. Returns its name in
+    /// the Trash.
     Result<std::string, TrashRefusal> take(const Descriptor& from, const char* name,
                                            std::string_view original, std::string_view date);
 
-    /// Writes the note of a file that is here, unless it has a whole one.
+    /// Writes the .trashinfo file of a file in this Trash, unless there is a complete one.
     std::optional<TrashRefusal> mendNote(const std::string& name, std::string_view original,
                                          std::string_view date);
 
-    /// Takes away the notes that have no file, of those that tell one of the paths, or nothing and
-    /// could be of one of them. `originals` are paths as a note has them, `names` those of files.
+    /// See `TrashMover::removeUnusedNotes`. `originals` are paths as a .trashinfo file holds them,
+    /// `names` those of the files.
     std::optional<TrashRefusal> removeUnusedNotes(const std::unordered_set<std::string>& originals,
                                                   std::span<const std::string_view> names);
 
-    /// Brings what was moved, and the notes, to the disk.
+    /// Flushes the moves and the .trashinfo files to disk.
     [[nodiscard]] std::optional<TrashRefusal> flush() const;
 
     /// See `TrashMover::putBack`.

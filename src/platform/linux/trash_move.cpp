@@ -34,13 +34,13 @@ bool isWithin(std::string_view path, std::string_view folder) {
                              (path.size() == folder.size() || path[folder.size()] == '/'));
 }
 
-/// Whether a path means the same whatever its folders are: links may change what ".." is.
+/// Whether a path is absolute without "..", whose meaning depends on symbolic links.
 bool isSettled(std::string_view path) {
     return path.starts_with('/') && path.find("/../") == std::string_view::npos &&
            !path.ends_with("/..");
 }
 
-/// The local date and time as a note has it.
+/// The local date and time as a .trashinfo file holds it.
 std::string dateText(std::time_t seconds) {
     std::tm local{};
     if (::localtime_r(&seconds, &local) == nullptr) {
@@ -98,7 +98,7 @@ Result<TrashPlace, TrashRefusal> LinuxTrashMover::move(const OpenFolder& folder,
             (*trash)->isFlushed = false;
             return TrashPlace{(*trash)->folder.path(), std::move(*moved)};
         }
-        // Somebody may have emptied the Trash by removing it.
+        // Another program may have emptied the Trash by removing it.
         const int code = moved.error().error.code;
         const bool mayBeLost =
             moved.error().kind == TrashRefusalKind::system && (code == ENOENT || code == ESTALE);
@@ -109,8 +109,8 @@ Result<TrashPlace, TrashRefusal> LinuxTrashMover::move(const OpenFolder& folder,
     }
 }
 
-/// Where the file was, as its note is to tell: absolute in the home Trash, else below the top
-/// folder of the volume.
+/// The path for the .trashinfo file: absolute in the home Trash, else relative to the top directory
+/// of the volume.
 Result<std::string, TrashRefusal> LinuxTrashMover::pathForNote(const OpenTrash& trash,
                                                                const OpenFolder& folder,
                                                                const char* name) {
@@ -118,7 +118,7 @@ Result<std::string, TrashRefusal> LinuxTrashMover::pathForNote(const OpenTrash& 
     while (path->size() > 1 && path->ends_with('/')) {
         path->pop_back();
     }
-    // The folder may have been reached by a link from elsewhere.
+    // The folder may have been reached through a symbolic link.
     if (!isSettled(*path) || !isWithin(*path, trash.top)) {
         path = placeOf(folder.descriptor);
     }
@@ -128,7 +128,7 @@ Result<std::string, TrashRefusal> LinuxTrashMover::pathForNote(const OpenTrash& 
     return noted(trash, pathBelow(*path, name));
 }
 
-/// A path below the top folder of a volume, from there.
+/// Makes a path relative to the top directory of the volume.
 std::string LinuxTrashMover::noted(const OpenTrash& trash, std::string path) {
     if (!trash.top.empty() && isWithin(path, trash.top)) {
         path.erase(0, trash.top == "/" ? 1 : trash.top.size() + 1);
@@ -180,7 +180,7 @@ Result<std::vector<TrashedFile>, TrashRefusal> LinuxTrashMover::find(
         return known.error();
     }
     FileSystem& fileSystem = systemFileSystem();
-    // A listing of its own, from the beginning.
+    // A separate descriptor: its listing starts at the beginning.
     const auto files = fileSystem.openDirectoryAt((*known)->folder.files(), ".");
     if (!files) {
         return systemRefusal(files.error().code);
@@ -242,7 +242,7 @@ std::vector<std::string> LinuxTrashMover::trashesFor(const std::string& path) co
     if (user_.homeTrash) {
         trashes.push_back(*user_.homeTrash);
     }
-    // Each folder above may have been the top folder of a mount.
+    // Each parent folder may have been the top directory of a mount.
     for (std::size_t end = path.rfind('/'); end != std::string::npos;
          end = end == 0 ? std::string::npos : path.rfind('/', end - 1)) {
         const std::string top = path.substr(0, end);

@@ -9,15 +9,14 @@
 
 namespace tarvin {
 
-/// What a mover has around it, so that tests can put something else in its place. All of it has to
-/// outlive the mover.
+/// The dependencies of a mover, which tests replace. Must outlive the mover.
 struct TrashSurroundings {
     TrashCalls& calls;
-    Clock& clock;            ///< for the date of a note, and for when to look again
-    std::string mountTable;  ///< path of a table in the format of the kernel's
+    Clock& clock;            ///< for the dates of .trashinfo files and the repeated checks
+    std::string mountTable;  ///< path of a table in the format of /proc/self/mountinfo
 };
 
-/// Those of the machine.
+/// Those of the real system.
 [[nodiscard]] TrashSurroundings systemTrashSurroundings();
 
 [[nodiscard]] std::unique_ptr<TrashMover> makeTrashMover(TrashUser user,

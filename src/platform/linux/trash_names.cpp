@@ -11,14 +11,14 @@ namespace tarvin {
 
 namespace {
 
-/// Beyond it all are forgotten, which costs each name that comes again a few tries: a clean-up of
-/// millions of names takes no more memory than this.
-constexpr std::size_t mostNumbers = 10'000;
+/// Bounds the memory of a clean-up of millions of names: at this count all are forgotten, which
+/// costs each repeated name a few tries.
+constexpr std::size_t maxNumbers = 10'000;
 
-/// What every note of ours begins with.
+/// The beginning of each of our .trashinfo files.
 constexpr std::string_view noteBeginning = "[Trash Info]\nPath=";
 
-/// The bytes that stand for themselves in a note.
+/// The bytes that are not encoded.
 constexpr auto plainBytes = [] {
     std::array<bool, 256> plain{};
     for (const char byte : std::string_view("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
@@ -30,12 +30,12 @@ constexpr auto plainBytes = [] {
 
 }  // namespace
 
-std::string nameInTrash(std::string_view name, std::uint64_t number, std::size_t longest) {
-    return variedName(name, number > 1 ? '.' + std::to_string(number) : std::string(), longest);
+std::string nameInTrash(std::string_view name, std::uint64_t number, std::size_t maxBytes) {
+    return variedName(name, number > 1 ? '.' + std::to_string(number) : std::string(), maxBytes);
 }
 
-bool isNameInTrashOf(std::string_view name, std::string_view inTrash, std::size_t longest) {
-    if (inTrash == nameInTrash(name, 1, longest)) {
+bool isNameInTrashOf(std::string_view name, std::string_view inTrash, std::size_t maxBytes) {
+    if (inTrash == nameInTrash(name, 1, maxBytes)) {
         return true;
     }
     for (std::size_t dot = inTrash.find('.'); dot != std::string_view::npos;
@@ -43,7 +43,7 @@ bool isNameInTrashOf(std::string_view name, std::string_view inTrash, std::size_
         std::uint64_t number = 0;
         const char* const begin = inTrash.data() + dot + 1;
         const auto read = std::from_chars(begin, inTrash.data() + inTrash.size(), number);
-        if (read.ec == std::errc() && inTrash == nameInTrash(name, number, longest)) {
+        if (read.ec == std::errc() && inTrash == nameInTrash(name, number, maxBytes)) {
             return true;
         }
     }
@@ -92,9 +92,9 @@ std::uint64_t TrashNumbers::firstFor(const std::string& name) const {
 
 void TrashNumbers::take(const std::string& name, std::uint64_t number) {
     if (number == 1) {
-        return;  // most names come once; the second file of one has one try more
+        return;  // most names occur once; a second file costs one more try
     }
-    if (next_.size() >= mostNumbers) {
+    if (next_.size() >= maxNumbers) {
         next_.clear();
     }
     next_[name] = number + 1;

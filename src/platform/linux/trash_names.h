@@ -9,37 +9,37 @@
 
 namespace tarvin {
 
-/// What a note's name has behind that of its file.
+/// The suffix of a .trashinfo file's name.
 inline constexpr std::string_view trashNoteEnding = ".trashinfo";
 
-/// The name that a file gets in the Trash at the `number`th try: its own at the first, then with
-/// the number in front of the extension. Shortened to `longest` bytes between two characters of
-/// UTF-8, or between two bytes of anything else; an extension of usual length is kept. `longest` is
-/// at least 64.
+/// The name of a file in the Trash at the `number`th try: its own at the first, then with the
+/// number before the extension. Shortened to `maxBytes` like variedName(); `maxBytes` must be at
+/// least 64.
 [[nodiscard]] std::string nameInTrash(std::string_view name, std::uint64_t number,
-                                      std::size_t longest);
+                                      std::size_t maxBytes);
 
-/// Whether `inTrash` is the name that a file gets at some try.
+/// Whether `inTrash` is the name of a file at some try.
 [[nodiscard]] bool isNameInTrashOf(std::string_view name, std::string_view inTrash,
-                                   std::size_t longest);
+                                   std::size_t maxBytes);
 
-/// A path as a note holds it: bytes other than letters, digits, '/' and -_.!~*'() as "%XX".
+/// A path as a .trashinfo file holds it: bytes other than letters, digits, '/' and -_.!~*'() as
+/// "%XX".
 [[nodiscard]] std::string percentEncoded(std::string_view path);
 
-/// The whole text of a note. `path` in native bytes, `date` as in "2024-02-29T23:59:59".
+/// The text of a .trashinfo file. `path` in native bytes, `date` as in "2024-02-29T23:59:59".
 [[nodiscard]] std::string trashNote(std::string_view path, std::string_view date);
 
-/// The path that a note tells, as it stands there; none if the note is not whole, as where a power
-/// failure came before the disk had it. The view is into `note`.
+/// The encoded path in a .trashinfo file; nullopt if the text is incomplete, as after a power
+/// failure. A view into `note`.
 [[nodiscard]] std::optional<std::string_view> notedPath(std::string_view note);
 
-/// From which number on names are likely to be free in one Trash, so that many files of one name
-/// cost one try each. One thread at a time.
+/// The next number to try for each name in one Trash, so that many files with one name cost one try
+/// each. One thread at a time.
 class TrashNumbers final {
  public:
-    /// The number to begin with; 1 for a name of which nothing is known.
+    /// The first number to try; 1 for an unknown name.
     [[nodiscard]] std::uint64_t firstFor(const std::string& name) const;
-    /// `number` was free and is taken now.
+    /// Records that `number` is in use.
     void take(const std::string& name, std::uint64_t number);
 
  private:

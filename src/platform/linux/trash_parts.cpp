@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::array partNames{"", "files", "info"};
 
-/// Makes a folder and those above it that are missing, for the user alone.
+/// Creates a folder and its missing parents, for the user alone.
 int makeWithParents(TrashCalls& calls, const std::string& path) {
     const int failure = calls.makeFolder(TrashCalls::currentFolder, path.c_str());
     const std::size_t slash = path.rfind('/');
@@ -71,7 +71,7 @@ std::optional<TrashRefusal> TrashParts::openAll() {
     return std::nullopt;
 }
 
-/// The folder above a Trash that the users of a volume share.
+/// Opens the ".Trash" that the users of a volume share.
 std::optional<TrashRefusal> TrashParts::openShared(Descriptor& shared) const {
     const std::string path = sharedPath();
     int number = -1;
@@ -120,7 +120,7 @@ std::optional<TrashRefusal> TrashParts::openPart(Part& part, int parent, const s
 }
 
 TrashRefusal TrashParts::openRefusal(int code, const std::string& path) const {
-    // A link answers ENOTDIR like everything else that is no folder.
+    // With O_DIRECTORY and O_NOFOLLOW a symbolic link fails with ENOTDIR, like a file.
     TrashEntryStatus status;
     if ((code == ENOTDIR || code == ELOOP) &&
         calls_.status(TrashCalls::currentFolder, path.c_str(), status) == 0) {

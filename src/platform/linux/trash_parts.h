@@ -14,10 +14,10 @@
 
 namespace tarvin {
 
-/// The refusal for an error number of a call.
+/// The refusal for the error number of a failed call.
 [[nodiscard]] TrashRefusal systemRefusal(int code);
 
-/// `name` in `folder`, as a path.
+/// The path of `name` in `folder`.
 [[nodiscard]] std::string pathBelow(const std::string& folder, std::string_view name);
 
 /// Which Trash to open, and how.

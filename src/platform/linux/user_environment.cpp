@@ -13,8 +13,8 @@ namespace tarvin {
 
 namespace {
 
-// Far more than any account needs; a database that wants still more is out of order.
-constexpr std::size_t largestAccount = std::size_t{1} << 20;
+// Bytes; far more than any account needs.
+constexpr std::size_t maxAccountBytes = std::size_t{1} << 20;
 
 std::optional<std::string> variable(const char* name) {
     // Safe on any thread, because nothing in the program changes its environment.
@@ -32,7 +32,7 @@ void addAccount(UserEnvironment& environment) {
         if (failure == ERANGE) {
             room.resize(room.size() * 2);
         }
-    } while (failure == EINTR || (failure == ERANGE && room.size() <= largestAccount));
+    } while (failure == EINTR || (failure == ERANGE && room.size() <= maxAccountBytes));
     if (failure != 0 || found == nullptr) {
         return;
     }
@@ -76,7 +76,7 @@ std::optional<std::string> below(const std::optional<std::string>& folder, std::
     return folder ? std::optional(joined(*folder, name)) : std::nullopt;
 }
 
-/// A folder of the desktop specification: the variable's, else the usual place below the home.
+/// An XDG base folder: that of the variable, else the default below the home folder.
 std::optional<std::string> baseFolder(const UserEnvironment& environment,
                                       const std::optional<std::string>& fromVariable,
                                       std::string_view usualPlace) {
@@ -98,7 +98,7 @@ bool skip(std::string_view& text, std::string_view expected) {
     return true;
 }
 
-/// Takes `key="` off the front, blanks between allowed. False if something else stands there.
+/// Removes `key="`, with blanks between allowed. Returns false if there is something else.
 bool skipAssignment(std::string_view& line, std::string_view key) {
     for (const std::string_view expected : {key, std::string_view("="), std::string_view("\"")}) {
         skipBlanks(line);
@@ -109,7 +109,7 @@ bool skipAssignment(std::string_view& line, std::string_view key) {
     return true;
 }
 
-/// The text up to the closing quote, escapes undone; none if there is no closing quote.
+/// The unescaped text up to the closing quote; nullopt if there is none.
 std::optional<std::string> quotedText(std::string_view text) {
     std::string value;
     for (std::size_t at = 0; at < text.size(); ++at) {
@@ -124,7 +124,7 @@ std::optional<std::string> quotedText(std::string_view text) {
     return std::nullopt;
 }
 
-/// The folder written as $HOME and then `rest`; none if that names no folder in the home.
+/// The folder written as $HOME and `rest`; nullopt if `rest` does not begin with a slash.
 std::optional<std::string> folderInHome(const std::optional<std::string>& home,
                                         std::string_view rest) {
     if (!home || !(rest.empty() || rest.starts_with('/'))) {
@@ -134,8 +134,8 @@ std::optional<std::string> folderInHome(const std::optional<std::string>& home,
     return withoutSlashesAtEnd(joined(*home, rest.substr(name)));
 }
 
-/// The value of a line such as `XDG_DESKTOP_DIR="$HOME/Desktop"` if it is one for `key`. Only paths
-/// that are absolute or begin with $HOME are valid; any other line does not count.
+/// The value of a line such as `XDG_DESKTOP_DIR="$HOME/Desktop"` with this key. Other lines, and
+/// paths that are neither absolute nor begin with $HOME, are ignored.
 std::optional<std::string> folderSetBy(std::string_view line, std::string_view key,
                                        const std::optional<std::string>& home) {
     if (!skipAssignment(line, key)) {
@@ -143,7 +143,7 @@ std::optional<std::string> folderSetBy(std::string_view line, std::string_view k
     }
     const bool isInHome = skip(line, "$HOME");
     auto path = quotedText(line);
-    // A zero byte cannot be part of a path.
+    // A path cannot contain a null byte.
     if (!path || path->find('\0') != std::string::npos) {
         return std::nullopt;
     }
@@ -151,8 +151,8 @@ std::optional<std::string> folderSetBy(std::string_view line, std::string_view k
 }
 
 struct FolderNames {
-    std::string_view key;          ///< in the desktop's file
-    std::string_view englishName;  ///< where the file does not set it
+    std::string_view key;          ///< in user-dirs.dirs
+    std::string_view englishName;  ///< the default
 };
 
 FolderNames namesOf(UserFolder folder) {
@@ -216,7 +216,7 @@ std::vector<std::string> meetingFolders(const UserEnvironment& environment) {
     if (const auto inRuntimeDir = below(absoluteFolder(environment.xdgRuntimeDir), name)) {
         folders.push_back(*inRuntimeDir);
     }
-    // Not $TMPDIR: two copies may have been given different ones.
+    // Not $TMPDIR: two instances may have different ones.
     folders.push_back("/tmp/" + std::string(name) + '-' + std::to_string(::geteuid()));
     return folders;
 }
@@ -232,7 +232,7 @@ std::optional<std::string> userFolderOf(UserFolder folder, const UserEnvironment
     while (!userDirectories.empty()) {
         const std::size_t end = userDirectories.find('\n');
         if (auto set = folderSetBy(userDirectories.substr(0, end), names.key, home)) {
-            answer = std::move(set);  // the last line that sets it counts
+            answer = std::move(set);  // the last line counts
         }
         userDirectories.remove_prefix(end == std::string_view::npos ? userDirectories.size()
                                                                     : end + 1);

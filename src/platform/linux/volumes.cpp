@@ -19,7 +19,7 @@ bool isNetworkType(std::string_view type) {
 }
 
 bool isDosType(std::string_view type) {
-    // "fuseblk" is what NTFS through a user's program looks like.
+    // "fuseblk" is NTFS through FUSE.
     constexpr auto types =
         std::to_array<std::string_view>({"exfat", "fuseblk", "msdos", "ntfs", "ntfs3", "vfat"});
     return holds(types, type);
@@ -46,7 +46,7 @@ Volume volumeOf(const MountEntry& mount, const RemovableQuery& isRemovable) {
 }
 
 bool isWhereDrivesAre(std::string_view mountPoint) {
-    // "/mnt" is a place for one drive or for folders of several; the others are for folders only.
+    // "/mnt" may be a mount point itself; the others hold mount points only.
     return mountPoint == "/mnt" || mountPoint.starts_with("/mnt/") ||
            mountPoint.starts_with("/media/") || mountPoint.starts_with("/run/media/");
 }

@@ -9,18 +9,18 @@
 
 namespace tarvin {
 
-/// Whether the device of a mount can be unplugged or its medium taken out.
+/// Whether the device of a mount is removable or on USB.
 using RemovableQuery = std::function<bool(const MountEntry&)>;
 
-/// What a person would call the drives among the mounts: "/" first, whatever it is, then what is
-/// mounted at "/mnt" or under "/media", "/run/media" or "/mnt", in the table's order. Where
-/// something is mounted over, what was mounted last counts. Pseudo file systems are left out. "/"
-/// is there even if the table does not list it (a changed root), then without a type.
+/// The drives among the mounts: "/" first, whatever its type, then those mounted at "/mnt" or below
+/// "/media", "/run/media" or "/mnt", in the table's order. Of several mounts at one mount point the
+/// last counts. Without pseudo file systems. If the table does not list "/" (chroot), it has no
+/// type. Pure.
 [[nodiscard]] std::vector<Volume> volumesOf(const std::vector<MountEntry>& mounts,
                                             const RemovableQuery& isRemovable);
 
-/// Whether the innermost mount that a path lies in is of another machine; of several in one place,
-/// the last counts.
+/// Whether the innermost mount of a path is a network file system; of several at one mount point
+/// the last counts. Pure.
 [[nodiscard]] bool isOnNetwork(std::string_view path, const std::vector<MountEntry>& mounts);
 
 }  // namespace tarvin
