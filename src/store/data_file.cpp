@@ -19,15 +19,15 @@ StoredTotals totalsOf(const PropertyList& list) {
 }
 
 std::int64_t sumOf(std::int64_t one, std::uint64_t other) {
-    constexpr auto most = std::numeric_limits<std::int64_t>::max();
-    // Without a sign, what is left up to the largest number fits for a number below zero, too.
-    const std::uint64_t room = static_cast<std::uint64_t>(most) - static_cast<std::uint64_t>(one);
-    return other > room ? most : static_cast<std::int64_t>(static_cast<std::uint64_t>(one) + other);
+    constexpr auto max = std::numeric_limits<std::int64_t>::max();
+    // Unsigned, the difference fits also for a negative number.
+    const std::uint64_t room = static_cast<std::uint64_t>(max) - static_cast<std::uint64_t>(one);
+    return other > room ? max : static_cast<std::int64_t>(static_cast<std::uint64_t>(one) + other);
 }
 
 std::uint64_t sumOf(std::uint64_t one, std::uint64_t other) {
-    constexpr auto most = std::numeric_limits<std::uint64_t>::max();
-    return other > most - one ? most : one + other;
+    constexpr auto max = std::numeric_limits<std::uint64_t>::max();
+    return other > max - one ? max : one + other;
 }
 
 void setTotals(PropertyList& list, const StoredTotals& totals) {
@@ -43,13 +43,12 @@ PropertyList defaultList() {
     return list;
 }
 
-/// A total that is missing counts as none; one that is no number makes the list unusable.
+/// A missing total counts as 0; one that is not a number makes the list unusable.
 bool hasUsableTotals(const PropertyList& list) {
     return (!list.has(countKey) || list.signedNumber(countKey)) &&
            (!list.has(sizeKey) || list.number(sizeKey));
 }
 
-/// The dictionary in the file, or why there is none.
 std::variant<PropertyList, StoreError> readData(const std::string& path) {
     auto read = readStoredList(path);
     if (const auto* list = std::get_if<PropertyList>(&read);
@@ -59,15 +58,15 @@ std::variant<PropertyList, StoreError> readData(const std::string& path) {
     return read;
 }
 
-/// A list to write the totals into, and what they are in it.
+/// A list to write the totals into, with its current totals.
 struct OpenedData {
     PropertyList list;
     StoredTotals totals;
-    bool isStored = false;  ///< the file says so
-    std::string aside;      ///< the new path of a file of no use; empty if there was none
+    bool isStored = false;  ///< the list is that of the file
+    std::string aside;      ///< new path of an unusable file; empty if there was none
 };
 
-/// What the file holds, or a new list with the totals that are known. The folder is locked.
+/// The list in the file, or a new one with the known totals. Requires the folder lock.
 std::variant<OpenedData, StoreError> openData(const std::string& path, const StoredTotals& known) {
     auto read = readData(path);
     if (auto* list = std::get_if<PropertyList>(&read)) {
@@ -110,14 +109,14 @@ void DataFile::remember(const StoredTotals& totals) {
     showInMemory(totals);
 }
 
-/// A failure costs nothing: the file is made when there is something to write.
+/// Ignores failures: the file is created with the first totals.
 void DataFile::makeFirst() const {
     // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
     const Result<FolderLock> lock = FolderLock::take(*folder_);
     if (!lock) {
         return;
     }
-    // Another copy of the program may have been faster.
+    // Another instance may have been faster.
     const auto read = readData(dataPath_);
     const auto* error = std::get_if<StoreError>(&read);
     if (error != nullptr && error->kind == StoreError::Kind::missing) {

@@ -21,14 +21,14 @@ struct StoredTotals {
 
 class DataFile;
 
-/// The totals of a data file while its folder is locked: what is stored cannot change by others
-/// between a look and a change. Ends the lock on destruction; the DataFile must outlive it.
+/// The totals of a data file while its folder is locked, so that no other process changes them
+/// between reading and writing. Releases the lock on destruction. The DataFile must outlive it.
 class LockedTotals final {
  public:
     [[nodiscard]] const StoredTotals& stored() const { return stored_; }
 
-    /// Replaces the totals, durably, in the file and in the DataFile's memory. After a failure the
-    /// file is as it was, and so is memory.
+    /// Replaces the totals in the file, flushed to disk, and in the DataFile. On failure both are
+    /// unchanged.
     [[nodiscard]] std::optional<StoreError> store(const StoredTotals& totals);
 
  private:
@@ -39,57 +39,55 @@ class LockedTotals final {
 
     DataFile* owner_;
     std::optional<FolderLock> lock_;  // nullopt without a folder
-    PropertyList list_;               // what is stored under other keys is kept
+    PropertyList list_;               // with other keys, which are preserved
     StoredTotals stored_;
 };
 
-/// The lifetime totals of moved files, kept in "data.plist": an XML property list whose root is a
-/// dictionary of whole numbers, "deletedCount", "deletedSize" (bytes), and "matchingLevel" (5) and
-/// "matchingSize" (2), which are written once and never read. Other keys are kept.
+/// The lifetime totals of moved files, stored in "data.plist": an XML property list whose root is a
+/// dictionary of integers, "deletedCount", "deletedSize" (bytes), and "matchingLevel" (5) and
+/// "matchingSize" (2), which are written once and never read. Other keys are preserved.
 ///
-/// What is in memory is what the screen shows while the program runs. What is written adds to what
-/// the file says at that moment, so that two copies of the program lose nothing of each other. One
-/// thread at a time.
+/// The window shows the totals in memory. Writing adds to what the file holds at that moment, so
+/// that several instances lose nothing of each other. One thread at a time.
 class DataFile final {
  public:
-    /// `folder` is the application-support folder; it need not exist. None: totals are kept in
-    /// memory alone, and nothing fails.
+    /// `folder` is the program's data folder, which need not exist. With nullopt the totals are in
+    /// memory only, and nothing fails.
     explicit DataFile(std::optional<std::string> folder);
 
-    /// Reads the file, or makes it, and the folder, with nothing counted yet, as far as that can be
-    /// done. A file that cannot be used is left as it is and nothing counts; the answer says why.
+    /// Reads the file. Creates it and the folder, with totals of 0, if they are missing; failures
+    /// of that are ignored. An unusable file is left alone, the totals are 0, and the error is
+    /// returned.
     std::optional<StoreError> loadDataFile();
 
-    /// 0 when missing, of another type or beyond 63 bits. A file may say less than nothing.
+    /// 0 if missing, of another type or more than 63 bits. May be negative.
     [[nodiscard]] std::int64_t alreadyDeletedCount() const { return count_; }
-    /// Bytes; 0 when missing, of another type or below zero.
+    /// Bytes; 0 if missing, of another type or negative.
     [[nodiscard]] std::uint64_t alreadyDeletedSize() const { return size_; }
 
-    /// Has memory say what the file says; does nothing if it cannot be read.
+    /// Reads the totals from the file again; does nothing if it cannot be read.
     void refresh();
 
-    /// Locks the folder and reads the file, for a change in several steps. A file that is missing
-    /// is made, one that cannot be used is given the name "data.plist.unreadable" and made anew,
-    /// and both say the totals in memory then. In memory the totals are those of the file from now
-    /// on.
+    /// Locks the folder and reads the file, for a change in several steps. Creates a missing file
+    /// and renames an unusable one to "data.plist.unreadable" before it is replaced; the new file
+    /// gets the totals in memory. Afterwards memory and file agree.
     std::variant<LockedTotals, StoreError> lock();
 
-    /// Has memory say more (or less) than what is stored, where that could not be written; until
-    /// lock() succeeds. Does not add up with earlier calls.
+    /// Sets the totals in memory only, if they could not be written; until lock() succeeds.
     void showInMemory(const StoredTotals& totals) {
         count_ = totals.count;
         size_ = totals.size;
     }
-    /// Has memory say no less than `before` with so many files and bytes more: they were moved, but
-    /// could not be written down where the totals come from. They end at the largest numbers of 63
-    /// and 64 bits. Until lock() or refresh() succeeds.
+    /// Raises the totals in memory to at least `before` plus `count` and `size`, for files that
+    /// were moved but could not be recorded; until lock() or refresh() succeeds. Saturates at 63
+    /// and 64 bits.
     void showAtLeast(const StoredTotals& before, std::uint64_t count, std::uint64_t size);
-    /// What memory says.
+    /// The totals in memory.
     [[nodiscard]] StoredTotals shown() const { return {count_, size_}; }
-    /// What memory said before showInMemory().
+    /// The totals in memory before showInMemory().
     [[nodiscard]] const StoredTotals& known() const { return known_; }
 
-    /// The path that the last lock() gave a file of no use; empty if there was none.
+    /// The path to which the last lock() renamed an unusable file; empty if there was none.
     [[nodiscard]] const std::string& putAside() const { return putAside_; }
 
     /// Empty without a folder.
@@ -105,7 +103,7 @@ class DataFile final {
     const std::string dataPath_;
     std::int64_t count_ = 0;
     std::uint64_t size_ = 0;
-    StoredTotals known_;  // those of the file, as far as we know
+    StoredTotals known_;  // those of the file when it was read or written last
     std::string putAside_;
 };
 

@@ -11,7 +11,7 @@ namespace tarvin {
 
 namespace {
 
-/// Each path once, at its first place.
+/// Without duplicates; the first of equal paths stays.
 std::vector<std::string> joined(std::vector<std::string> paths,
                                 const std::vector<std::string>& more) {
     paths.insert(paths.end(), more.begin(), more.end());

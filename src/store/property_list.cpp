@@ -18,8 +18,8 @@ namespace tarvin {
 
 namespace {
 
-/// The length of the UTF-8 character that `text` begins with, if XML can hold it and gives it back
-/// as it was; 0 if not. A carriage return is read as a line feed, so it is none.
+/// The length of the first UTF-8 character of `text` if XML can represent it; 0 if not. XML parsers
+/// read a carriage return as a newline, so it cannot be represented.
 std::size_t plainCharacter(std::string_view text) {
     const Utf8Character character = firstCharacter(text);
     const char32_t code = character.codePoint;
@@ -39,14 +39,14 @@ bool isPlain(std::string_view text) {
     return true;
 }
 
-/// A reader may strip blanks at the ends of a string.
+/// False for blanks at the ends, which a parser may strip.
 bool isString(const std::string& path) {
     constexpr std::string_view blanks = " \t\n";
     return blanks.find(path.front()) == std::string_view::npos &&
            blanks.find(path.back()) == std::string_view::npos && isPlain(path);
 }
 
-/// The whole part of a number, if the type holds it.
+/// The integer part of a number, if the type can represent it.
 template <typename Number>
 std::optional<Number> wholePart(double number) {
     const double beyond = std::ldexp(1.0, std::numeric_limits<Number>::digits);
@@ -72,7 +72,7 @@ std::string xmlOf(plist_t node) {
     return copy;
 }
 
-/// libplist answers with the 64 bits of an integer and keeps its sign to itself, but writes it.
+/// libplist returns the 64 bits of an integer without its sign, but writes the sign.
 bool isBelowZero(plist_t integer) {
     return xmlOf(integer).find("<integer>-") != std::string::npos;
 }
@@ -83,8 +83,8 @@ std::string textOf(plist_t string) {
     return {bytes, static_cast<std::size_t>(length)};
 }
 
-/// What an integer, a real number or the digits of a text stand for. An integer that the type does
-/// not hold is 0.
+/// The value of an integer, a real or a string of digits. 0 for an integer outside of the type's
+/// range.
 template <typename Number>
 std::optional<Number> numberOf(plist_t item) {
     if (item == nullptr) {
@@ -110,8 +110,8 @@ std::optional<Number> numberOf(plist_t item) {
     }
 }
 
-/// An integer with its sign. plist_new_uint would write what is beyond 63 bits as a negative number
-/// in some versions and as a positive one in others; what was read is written as it was.
+/// An integer with its sign. plist_new_uint() writes numbers of 64 bits as negative ones in some
+/// versions; a parsed integer is written as it was read.
 plist_t integerOf(const std::string& digits) {
     const std::string text = "<plist><integer>" + digits + "</integer></plist>";
     plist_t integer = nullptr;
@@ -160,7 +160,7 @@ bool PropertyList::isArray() const {
 
 std::vector<std::string> PropertyList::paths() const {
     std::vector<std::string> paths;
-    // By number, an item of a binary list would be looked for from the first on.
+    // Access by index searches a binary list from the beginning each time.
     plist_array_iter position = nullptr;
     plist_array_new_iter(root_.get(), &position);
     const std::unique_ptr<void, decltype(&std::free)> owner(position, &std::free);

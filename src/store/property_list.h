@@ -9,41 +9,40 @@
 
 namespace tarvin {
 
-/// A property list in memory: the root of what was read, or made anew. One thread at a time.
+/// A property list in memory, parsed or new. One thread at a time.
 ///
-/// Only what the program needs: dictionaries of whole numbers (totals) and of texts (addresses,
-/// update descriptions), and arrays of paths (exceptions). What else they hold stays in them.
+/// Supports what the program needs: dictionaries of integers (totals) and of texts (URLs, update
+/// descriptions), and arrays of paths (exceptions). Other content is preserved.
 class PropertyList final {
  public:
-    /// An XML or binary list; none if it is not one, or one that no honest program writes
-    /// (isSafePropertyList).
+    /// Parses an XML or binary list; nullopt if it is damaged or not safe (isSafePropertyList).
     static std::optional<PropertyList> parse(std::string_view bytes);
     static PropertyList dictionary();
 
-    /// An array of paths. A path that is UTF-8 and free of characters that XML cannot hold is a
-    /// string; any other is data, which holds its exact bytes. An empty one is no path.
+    /// An array of paths. A path in UTF-8 without characters that XML cannot represent becomes a
+    /// string, any other data with its exact bytes. Skips empty paths.
     static PropertyList arrayOfPaths(const std::vector<std::string>& paths);
 
     [[nodiscard]] bool isDictionary() const;
     [[nodiscard]] bool isArray() const;
 
-    /// The paths of an array: its strings and data, in order. What else it holds is passed over.
+    /// The paths of an array: its strings and data, in order. Skips other elements.
     [[nodiscard]] std::vector<std::string> paths() const;
 
-    /// The number under `key` of a dictionary, as 64 bits without a sign: a whole number, a real
-    /// without its fraction, or a string of digits. None if there is none or something else; 0 for
-    /// an integer below zero.
+    /// The number under `key` of a dictionary as unsigned 64 bits: an integer, a real without its
+    /// fraction, or a string of digits. nullopt if missing or of another type; 0 for a negative
+    /// integer.
     [[nodiscard]] std::optional<std::uint64_t> number(const char* key) const;
-    /// The same with a sign; 0 for an integer beyond 63 bits.
+    /// The same, signed; 0 for an integer of more than 63 bits.
     [[nodiscard]] std::optional<std::int64_t> signedNumber(const char* key) const;
-    /// Whether a dictionary has `key`, whatever is under it.
+    /// Whether a dictionary has `key`, with a value of any type.
     [[nodiscard]] bool has(const char* key) const;
-    /// The string under `key` of a dictionary, in UTF-8; none if there is none or something else.
+    /// The UTF-8 string under `key` of a dictionary; nullopt if missing or of another type.
     [[nodiscard]] std::optional<std::string> text(const char* key) const;
     void setNumber(const char* key, std::uint64_t number);
     void setSignedNumber(const char* key, std::int64_t number);
 
-    /// The list as an XML property list; empty if there is no memory for it.
+    /// The list as XML; empty if memory runs out.
     [[nodiscard]] std::string xml() const;
 
  private:

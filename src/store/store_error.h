@@ -5,16 +5,16 @@
 
 namespace tarvin {
 
-/// Why a stored file could not be used or written.
+/// Why a stored file could not be read or written.
 struct StoreError {
     enum class Kind : std::uint8_t {
-        missing,   ///< there is no such file
-        unusable,  ///< what stands there will be of no use the next time either
-        passing    ///< the system could not do it now; what stands there may be whole
+        missing,   ///< the file does not exist
+        unusable,  ///< damaged or not accessible: the next attempt will fail, too
+        passing    ///< a transient error; the file may be intact
     };
 
     std::string path;
-    std::string text;  ///< what is wrong, for a person
+    std::string text;  ///< the reason, for the user
     Kind kind = Kind::unusable;
 };
 

@@ -14,8 +14,8 @@ namespace tarvin {
 
 namespace {
 
-// Room for a million long paths.
-constexpr std::uint64_t largestFile = 256 * 1024 * 1024;
+// A million long paths. Bytes.
+constexpr std::uint64_t maxFileBytes = 256 * 1024 * 1024;
 constexpr std::string_view unusableSuffix = ".unreadable";
 
 }  // namespace
@@ -35,7 +35,7 @@ StoreError storeErrorOf(const std::string& path, SystemError error) {
 }
 
 std::variant<PropertyList, StoreError> readStoredList(const std::string& path) {
-    // The list may be kept elsewhere and linked to.
+    // openFile() does not follow a symbolic link.
     std::error_code unresolved;
     const std::filesystem::path target = std::filesystem::canonical(path, unresolved);
     if (unresolved) {
@@ -53,7 +53,7 @@ std::variant<PropertyList, StoreError> readStoredList(const std::string& path) {
     if (attributes->type != EntryType::regular) {
         return StoreError{path, "not a regular file"};
     }
-    if (attributes->size > largestFile) {
+    if (attributes->size > maxFileBytes) {
         return StoreError{path, "the file is too large"};
     }
     std::string bytes(static_cast<std::size_t>(attributes->size), '\0');

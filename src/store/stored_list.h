@@ -12,20 +12,19 @@ namespace tarvin {
 
 // Reading and writing the program's property lists. Any thread.
 
-/// The property list of up to 256 MiB at `path`, where a link is followed, or why there is none.
+/// Reads a property list of up to 256 MiB. Follows symbolic links.
 std::variant<PropertyList, StoreError> readStoredList(const std::string& path);
 
-/// Writes the list as XML in the place of the file at `path`, which is kept whole until then. The
-/// caller holds the FolderLock.
+/// Replaces the file at `path` atomically with the list as XML. Requires the FolderLock.
 [[nodiscard]] std::optional<StoreError> writeStoredList(const std::string& path,
                                                         const PropertyList& list);
 
-/// Gives a file that is there, but of no use, another name that says so, so that the next writing
-/// does not cost what it holds. Answers that name: empty where `error` says that the file is
-/// missing. Where it says that the file may be whole, nothing is done and the error is the answer.
+/// Renames an unusable file to NAME.unreadable, so that its content is not lost when the file is
+/// written next. Returns the new path, or an empty one if `error` says that the file is missing. If
+/// `error` is transient, does nothing and returns it.
 std::variant<std::string, StoreError> moveAside(const StoreError& error);
 
-/// What the system says of a file.
+/// The StoreError of a failed system call on a file.
 [[nodiscard]] StoreError storeErrorOf(const std::string& path, SystemError error);
 
 }  // namespace tarvin
