@@ -1,7 +1,7 @@
-// Reads an address for the program with the window: takes it on the standard input, and answers on
-// the standard output with what is there. The status is 0 only if all of it was had. A process of
-// its own, because Qt bounds neither the head of an answer nor what the system is asked for on the
-// way; whoever starts it ends it in time.
+// Reads a URL for the window: takes it from standard input and writes the content to standard
+// output. The exit status is 0 only if the content is complete. A separate process, because Qt
+// limits neither the header of a response nor the system calls before it; the parent kills it in
+// time.
 
 #include "network/url_reader.h"
 
@@ -17,42 +17,42 @@
 
 namespace {
 
-/// For an answer without end. Libraries that are loaded count.
-constexpr rlim_t memoryAllowed = rlim_t{1} << 30U;
-constexpr qint64 longestAddress = 64 * 1024;
+/// For an endless response. Bytes, with the loaded libraries.
+constexpr rlim_t maxMemory = rlim_t{1} << 30U;
+constexpr qint64 maxUrlBytes = 64 * 1024;
 
 void limitMemory() {
     // The sanitizers reserve more than any limit.
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-    const rlimit limit{memoryAllowed, memoryAllowed};
+    const rlimit limit{maxMemory, maxMemory};
     ::setrlimit(RLIMIT_AS, &limit);
 #endif
 }
 
-bool isOnThisMachine(const QUrl& address) {
-    return address.isLocalFile() || address.host() == QLatin1String("localhost") ||
-           QHostAddress(address.host()).isLoopback();
+bool isOnThisMachine(const QUrl& url) {
+    return url.isLocalFile() || url.host() == QLatin1String("localhost") ||
+           QHostAddress(url.host()).isLoopback();
 }
 
-/// Whether there is a way to the address, as far as the system knows; where nothing tells, a read
-/// will find out.
-bool isReachable(const QUrl& address) {
-    return isOnThisMachine(address) ||
+/// Whether the system reports a network connection for the URL; true if it does not report any, and
+/// the read will show.
+bool isReachable(const QUrl& url) {
+    return isOnThisMachine(url) ||
            !QNetworkInformation::loadBackendByFeatures(
                QNetworkInformation::Feature::Reachability) ||
            QNetworkInformation::instance()->reachability() !=
                QNetworkInformation::Reachability::Disconnected;
 }
 
-QUrl givenAddress() {
+QUrl urlFromInput() {
     QFile input;
     if (!input.open(stdin, QIODevice::ReadOnly)) {
         return {};
     }
-    return QUrl::fromEncoded(input.read(longestAddress));
+    return QUrl::fromEncoded(input.read(maxUrlBytes));
 }
 
-bool answer(const QByteArray& bytes) {
+bool writeOutput(const QByteArray& bytes) {
     return std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout) ==
                static_cast<std::size_t>(bytes.size()) &&
            std::fflush(stdout) == 0;
@@ -66,9 +66,9 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationName(QStringLiteral("Tarvin Duplicate File Remover"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TARVIN_VERSION));
     QNetworkProxyFactory::setUseSystemConfiguration(true);
-    const QUrl address = givenAddress();
-    const auto bytes = isReachable(address) ? tarvin::readUrl(address, {}) : std::nullopt;
-    const bool done = bytes && answer(*bytes);
-    // At once: Qt would wait for a server that it has given up.
+    const QUrl url = urlFromInput();
+    const auto bytes = isReachable(url) ? tarvin::readUrl(url, {}) : std::nullopt;
+    const bool done = bytes && writeOutput(*bytes);
+    // Skip destructors: Qt's would block on a connection that has already been abandoned.
     std::_Exit(done ? EXIT_SUCCESS : EXIT_FAILURE);
 }

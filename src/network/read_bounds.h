@@ -5,9 +5,9 @@
 
 namespace tarvin {
 
-/// What reading an address may cost.
+/// The limits of one read.
 struct ReadBounds {
-    std::chrono::milliseconds time{10'000};  ///< for all of it
+    std::chrono::milliseconds time{10'000};  ///< in total
     qint64 bytes = 1024 * 1024;
 };
 

@@ -18,61 +18,61 @@ namespace tarvin {
 
 namespace {
 
-constexpr int mostRedirects = 5;
+constexpr int maxRedirects = 5;
 
-std::optional<QByteArray> readFile(const QString& path, qint64 most) {
+std::optional<QByteArray> readFile(const QString& path, qint64 maxBytes) {
     QFile file(path);
-    // A pipe, say, would be waited for.
+    // A pipe could block.
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
         return std::nullopt;
     }
-    QByteArray bytes = file.read(most + 1);
-    if (file.error() != QFileDevice::NoError || bytes.size() > most) {
+    QByteArray bytes = file.read(maxBytes + 1);
+    if (file.error() != QFileDevice::NoError || bytes.size() > maxBytes) {
         return std::nullopt;
     }
     return bytes;
 }
 
-QNetworkRequest requestFor(const QUrl& address) {
-    QNetworkRequest request(address);
+QNetworkRequest requestFor(const QUrl& url) {
+    QNetworkRequest request(url);
     request.setHeader(QNetworkRequest::UserAgentHeader,
                       QString(QCoreApplication::applicationName() + u'/' +
                               QCoreApplication::applicationVersion()));
-    // What was compressed could be of any size.
+    // A compressed body could expand to any size.
     request.setRawHeader("Accept-Encoding", "identity");
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::ManualRedirectPolicy);
     return request;
 }
 
-/// One read over the network. Used by one thread, which its event loop holds.
+/// One read over the network. One thread, which runs a local event loop.
 class Download final {
  public:
     explicit Download(const ReadBounds& bounds) : bytesAllowed_(bounds.bytes), end_(bounds.time) {}
 
-    std::optional<QByteArray> read(QUrl address) {
-        for (int redirects = 0; redirects <= mostRedirects; ++redirects) {
-            const auto reply = ask(address);
+    std::optional<QByteArray> read(QUrl url) {
+        for (int redirects = 0; redirects <= maxRedirects; ++redirects) {
+            const auto reply = fetch(url);
             if (reply->error() != QNetworkReply::NoError) {
                 break;
             }
-            const QUrl target = address.resolved(
-                reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl());
-            if (target == address) {
+            const QUrl target =
+                url.resolved(reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl());
+            if (target == url) {
                 return bodyOf(*reply);
             }
-            if (!mayRedirect(address, target)) {
+            if (!mayRedirect(url, target)) {
                 break;
             }
-            address = target;
+            url = target;
         }
         return std::nullopt;
     }
 
  private:
-    /// The finished reply, with an error if it was ended before.
-    std::unique_ptr<QNetworkReply> ask(const QUrl& address) {
-        std::unique_ptr<QNetworkReply> reply(manager_.get(requestFor(address)));
+    /// Returns the finished reply, with an error if it was aborted.
+    std::unique_ptr<QNetworkReply> fetch(const QUrl& url) {
+        std::unique_ptr<QNetworkReply> reply(manager_.get(requestFor(url)));
         reply->setReadBufferSize(bytesAllowed_ + 1);
         QEventLoop loop;
         QObject::connect(reply.get(), &QNetworkReply::readyRead, &loop, [&] {
@@ -113,9 +113,9 @@ bool mayRedirect(const QUrl& from, const QUrl& to) {
            (from.scheme() == to.scheme() || (from.scheme() == http && to.scheme() == https));
 }
 
-std::optional<QByteArray> readUrl(const QUrl& address, const ReadBounds& bounds) {
-    return address.isLocalFile() ? readFile(address.toLocalFile(), bounds.bytes)
-                                 : Download(bounds).read(address);
+std::optional<QByteArray> readUrl(const QUrl& url, const ReadBounds& bounds) {
+    return url.isLocalFile() ? readFile(url.toLocalFile(), bounds.bytes)
+                             : Download(bounds).read(url);
 }
 
 }  // namespace tarvin

@@ -8,16 +8,15 @@
 
 namespace tarvin {
 
-/// Whether an answer from one address may redirect to another: within http, within https, and from
-/// http to https. Never back to what anybody can read and change on the way, nor to another scheme.
+/// Whether a response from one URL may redirect to another: within http, within https, and from
+/// http to https. Never from https to http, nor to another scheme. Pure.
 [[nodiscard]] bool mayRedirect(const QUrl& from, const QUrl& to);
 
-/// What is at a file, http or https address. None if it cannot be had, for any reason: nobody
-/// answers, the answer is no success, its body is longer or takes longer than allowed, the
-/// certificate is not trusted, or it redirects to where it may not.
+/// The content of a file, http or https URL. Returns nullopt on any failure: no response, a status
+/// other than 200, a body beyond the limits, an untrusted certificate, a refused redirect.
 ///
-/// Blocks its thread. Qt bounds neither the head of an answer nor the search for a proxy; so only a
-/// process that can be ended from outside may call this.
-[[nodiscard]] std::optional<QByteArray> readUrl(const QUrl& address, const ReadBounds& bounds);
+/// Blocks its thread. Qt limits neither the header of a response nor the search for a proxy, so
+/// call this only in a process that its parent can kill.
+[[nodiscard]] std::optional<QByteArray> readUrl(const QUrl& url, const ReadBounds& bounds);
 
 }  // namespace tarvin

@@ -16,11 +16,11 @@ namespace tarvin {
 
 namespace {
 
-// A drawing that names more is drawn with what there is.
+// A drawing that names more is rendered with these.
 constexpr qsizetype maxFamilies = 16;
 constexpr qsizetype maxLetters = 4096;
 
-/// The fonts and the letters of the texts in a drawing.
+/// The fonts and characters of the texts in a drawing.
 class TextNeeds final {
  public:
     explicit TextNeeds(const QByteArray& drawing) {
@@ -50,7 +50,7 @@ class TextNeeds final {
         }
     }
 
-    /// The fonts that a text of CSS names, if it is one.
+    /// Adds the fonts that a CSS text names.
     void addStyle(const QString& text) {
         static const QRegularExpression family(QStringLiteral("font(?:-family)?\\s*:([^;}]*)"));
         for (const QRegularExpressionMatch& match : family.globalMatch(text)) {
@@ -82,7 +82,7 @@ class TextNeeds final {
     QString letters_;
 };
 
-/// Measuring a text loads its font, and others for letters that are not in it.
+/// Measuring a text loads its font, and fallback fonts for characters that it lacks.
 void loadFont(QFont font, const QString& letters) {
     for (const QFont::Weight weight : {QFont::Normal, QFont::Bold}) {
         for (const bool isItalic : {false, true}) {
@@ -102,7 +102,7 @@ void loadFonts(const QByteArray& drawing) {
     }
 }
 
-/// Each is asked whether it can read what none can.
+/// Qt loads each plug-in to ask whether it can read this.
 void loadImagePlugins() {
     QByteArray nothing("none");
     QBuffer device(&nothing);

@@ -4,10 +4,10 @@ class QByteArray;
 
 namespace tarvin {
 
-/// Loads what a drawing may need when it is drawn: every plug-in for images, as it can hold some,
-/// and the fonts of its texts. `drawing` is an SVG file; of one that is compressed, only the usual
-/// fonts. What is missed by this is drawn in another font, or not at all, where no file can be
-/// opened any more. Main thread, with an application.
+/// Loads what rendering an SVG may need, before the process can open no more files: all image
+/// plug-ins, for embedded images, and the fonts of its texts. `drawing` is the content of the SVG
+/// file; for a compressed one only the default fonts are loaded. Text in other fonts is rendered in
+/// a fallback font or not at all. Main thread, requires a QGuiApplication.
 void loadDrawingNeeds(const QByteArray& drawing);
 
 }  // namespace tarvin

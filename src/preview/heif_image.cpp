@@ -17,10 +17,10 @@ namespace tarvin {
 
 namespace {
 
-/// What we call of the library. Its own plug-ins for the codecs are loaded with it, once.
+/// The functions of libheif that we use. Its codec plug-ins are loaded with it, once.
 class HeifLibrary final {
  public:
-    /// None where it cannot be loaded; one for the process.
+    /// Null if it cannot be loaded; one object for the process.
     static const HeifLibrary* get() {
         static const HeifLibrary library;
         return library.isWhole_ ? &library : nullptr;
@@ -89,7 +89,7 @@ heif_reader_grow_status waitForHeif(std::int64_t size, void* userData) {
                                                : heif_reader_grow_status_size_beyond_eof;
 }
 
-/// Of the first version of its interface; later ones have members more.
+/// Version 1 of the interface; later ones have more members.
 constexpr heif_reader heifReader = [] {
     heif_reader reader{};
     reader.reader_api_version = 1;
@@ -100,8 +100,7 @@ constexpr heif_reader heifReader = [] {
     return reader;
 }();
 
-/// By the brand that the file names first, or one of those that it is compatible with. Videos begin
-/// alike.
+/// By its major or compatible brands. Video files have the same structure.
 bool isHeif(const QByteArray& begin) {
     constexpr qsizetype brandLength = 4;
     constexpr std::array brands{"heic", "heix", "heim", "heis", "mif1", "avif", "avis"};
@@ -159,7 +158,7 @@ class HeifImage final : public ImageDecoder {
     }
 
  private:
-    /// Without a copy: the library's goes with the image.
+    /// Without a copy: the QImage owns the library's image.
     QImage imageOf(heif_image* decoded, QImage::Format format) const {
         struct Owned {
             decltype(::heif_image_release)* release;

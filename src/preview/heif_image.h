@@ -8,8 +8,8 @@ class QIODevice;
 
 namespace tarvin {
 
-/// The decoder of an HEIF file (HEIC, AVIF), by the system's libheif. None if the file is of
-/// another kind or damaged, or if there is no such library. `device` is open and outlives the
+/// The decoder of a HEIF file (HEIC, AVIF), with the system's libheif. Null if the file has another
+/// format or is damaged, or if the library is not installed. `device` must be open and outlive the
 /// decoder.
 [[nodiscard]] std::unique_ptr<ImageDecoder> openHeifImage(QIODevice& device);
 

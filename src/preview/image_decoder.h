@@ -5,8 +5,8 @@
 
 namespace tarvin {
 
-/// One way to read an image file that is open. What it takes beside that file, such as a library,
-/// is loaded when it is made; nothing else is opened later.
+/// Decodes an open image file. Loads what it needs, such as a library, in its constructor, and
+/// opens no file later. One thread.
 class ImageDecoder {
  public:
     ImageDecoder() = default;
@@ -14,16 +14,16 @@ class ImageDecoder {
     ImageDecoder& operator=(const ImageDecoder&) = delete;
     virtual ~ImageDecoder() = default;
 
-    /// In pixels, upright, of the first image if there are several; empty if there is none or its
-    /// format does not say before it is decoded.
+    /// The size of the first image in pixels, after rotation; empty if there is none or the size is
+    /// unknown before decoding.
     [[nodiscard]] virtual QSize size() = 0;
 
-    /// The image itself, upright, never a smaller one that the file holds for a preview. No side is
-    /// much shorter than it is when the longer one is `longestSide`, but both may be longer. Null
-    /// if it cannot be decoded or would take more than decodedImageLimit. Once only.
+    /// The first image, rotated upright, never an embedded thumbnail. The longer side is at least
+    /// about `longestSide` if the image is that large, and may be longer. Null if decoding fails or
+    /// would take more than decodedImageLimit. Call at most once.
     [[nodiscard]] virtual QImage decode(int longestSide) = 0;
 
-    /// Whether the file can name others, to be shown as a part of it.
+    /// Whether the format can refer to other files.
     [[nodiscard]] virtual bool canReferToFiles() const { return false; }
 };
 

@@ -11,7 +11,7 @@ namespace tarvin {
 
 namespace {
 
-/// Qt last: for what the others read, its plug-ins are rare, and load parts of theirs too late.
+/// Qt last: its plug-ins for the other formats are rare, and load files after construction.
 std::unique_ptr<ImageDecoder> decoderOf(QIODevice& device) {
     if (std::unique_ptr<ImageDecoder> decoder = openHeifImage(device)) {
         return decoder;

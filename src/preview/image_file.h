@@ -10,23 +10,23 @@ class QIODevice;
 
 namespace tarvin {
 
-/// An image that is read for a picture of it. Its content decides what format it is in.
+/// An image file to be previewed; the format is detected by content. One thread.
 class ImageFile final {
  public:
-    /// Loads what it takes to decode the image; no other file is opened later. `device` is open and
-    /// outlives it.
+    /// Loads what decoding needs; no file is opened later. `device` must be open and outlive the
+    /// object.
     explicit ImageFile(QIODevice& device);
 
-    /// Whether the file can name others, to be shown as a part of it.
+    /// Whether the format can refer to other files.
     [[nodiscard]] bool canReferToFiles() const { return decoder_->canReferToFiles(); }
 
-    /// In pixels, turned as the camera was held, of the first image if there are several; empty if
-    /// there is none or its format does not say before it is decoded.
+    /// The size of the first image in pixels, after rotation; empty if there is none or the size is
+    /// unknown before decoding.
     [[nodiscard]] QSize size() { return decoder_->size(); }
 
-    /// The image, turned as the camera was held, with no side longer than `longestSide`; null if it
-    /// cannot be decoded or would take too much memory. What is drawn and not made of pixels is as
-    /// large as that; nothing else is enlarged. Once only.
+    /// The first image, rotated upright, with no side longer than `longestSide`; null if decoding
+    /// fails or would take too much memory. Vector images are scaled to that size; others are never
+    /// enlarged. Call at most once.
     [[nodiscard]] QImage picture(int longestSide);
 
  private:

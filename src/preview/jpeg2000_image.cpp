@@ -16,10 +16,10 @@ namespace tarvin {
 
 namespace {
 
-/// What we call of the library.
+/// The functions of OpenJPEG that we use.
 class Jpeg2000Library final {
  public:
-    /// None where it cannot be loaded; one for the process.
+    /// Null if it cannot be loaded; one object for the process.
     static const Jpeg2000Library* get() {
         static const Jpeg2000Library library;
         return library.isWhole_ ? &library : nullptr;
@@ -127,7 +127,7 @@ class Jpeg2000Image final : public ImageDecoder {
         const QSize full = dimensions();
         const QSize decoded(std::max(full.width() >> reduction, 1),
                             std::max(full.height() >> reduction, 1));
-        // The numbers of each component, the bytes that they come from, and the pixels.
+        // Four bytes per component while decoding, and the pixels.
         const qsizetype bytesPerPixel = 4 * (qsizetype{image_->numcomps} + 1);
         return mayBeDecoded(decoded, bytesPerPixel) &&
                        library_.setReduction(codec_, reduction) == OPJ_TRUE &&
@@ -140,15 +140,15 @@ class Jpeg2000Image final : public ImageDecoder {
     static constexpr OPJ_SIZE_T bufferBytes = 1024 * 1024;
 
     [[nodiscard]] QSize dimensions() const {
-        constexpr OPJ_UINT32 most = 0x7FFFFFFF;
+        constexpr OPJ_UINT32 maxSide = 0x7FFFFFFF;
         const OPJ_UINT32 width = image_->x1 - image_->x0;
         const OPJ_UINT32 height = image_->y1 - image_->y0;
-        return width <= most && height <= most
+        return width <= maxSide && height <= maxSide
                    ? QSize(static_cast<int>(width), static_cast<int>(height))
                    : QSize();
     }
 
-    /// How many times the image can be halved without being too small. The file holds it so.
+    /// How often the image can be halved and stay large enough. The file stores these resolutions.
     [[nodiscard]] OPJ_UINT32 reductionFor(int longestSide) {
         opj_codestream_info_v2_t* info = library_.info(codec_);
         if (info == nullptr || info->m_default_tile_info.tccp_info == nullptr) {

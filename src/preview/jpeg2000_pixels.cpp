@@ -11,13 +11,13 @@ namespace tarvin {
 
 namespace {
 
-/// One of the components as numbers from 0 to 255, each at the place of a pixel of the first one.
+/// One component, scaled to 0..255 and to the size of the first component.
 class Channel final {
  public:
-    /// Null components and those without data are 0 everywhere.
+    /// Requires isReadable().
     Channel(const opj_image_t& image, std::size_t number)
         : component_(image.comps[number]),
-          // A fraction with 16 bits behind its point; components may be coarser than the first.
+          // Fixed point with 16 fractional bits; components may be subsampled.
           stepX_((std::uint64_t{component_.w} << 16U) / image.comps[0].w),
           stepY_((std::uint64_t{component_.h} << 16U) / image.comps[0].h),
           offset_(component_.sgnd != 0 ? std::int64_t{1} << (component_.prec - 1) : 0),
@@ -38,7 +38,7 @@ class Channel final {
     std::int64_t highest_;
 };
 
-/// Whether the components are such that Channel can read them.
+/// Whether Channel can read all components.
 bool isReadable(const opj_image_t& image) {
     return image.numcomps > 0 &&
            std::all_of(image.comps, image.comps + image.numcomps, [](const auto& component) {
@@ -47,7 +47,7 @@ bool isReadable(const opj_image_t& image) {
            });
 }
 
-/// Luminance and two differences, by their name or because the differences are coarser.
+/// Whether the image is YCC, by its colour space or its subsampled second component.
 bool isLuminance(const opj_image_t& image) {
     return image.color_space == OPJ_CLRSPC_SYCC ||
            (image.color_space != OPJ_CLRSPC_SRGB && image.numcomps == 3 && image.comps[0].dx == 1 &&

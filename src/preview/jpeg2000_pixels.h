@@ -6,10 +6,9 @@ struct opj_image;  // NOLINT(readability-identifier-naming): the library's name
 
 namespace tarvin {
 
-/// The picture that the components of a decoded JPEG 2000 image make: gray or in colours, with or
-/// without transparency, as light, as luminance and differences or as inks. As large as the first
-/// component. Null if a component was not decoded. Profiles of colours are not looked at. Pure; any
-/// thread.
+/// Converts the components of a decoded JPEG 2000 image: gray, RGB, YCC or CMYK, with or without
+/// alpha. Has the size of the first component. Null if a component was not decoded. Ignores colour
+/// profiles. Pure.
 [[nodiscard]] QImage jpeg2000Pixels(const opj_image& image);
 
 }  // namespace tarvin

@@ -2,14 +2,14 @@
 
 namespace tarvin {
 
-/// A library that is loaded while the program runs: most files need none of them, and some systems
-/// have none. Stays loaded. Any thread.
+/// A shared library loaded on first use (`dlopen`): most files need none, and it may not be
+/// installed. Never unloaded. Any thread.
 class LateLibrary final {
  public:
-    /// `name` is that of its file, with the version of its interface.
+    /// `name` is the file name with the ABI version (soname).
     explicit LateLibrary(const char* name);
 
-    /// Fills in `function`; false if the library or the function is not there.
+    /// Sets `function`; false if the library or the function does not exist.
     template <typename Function>
     [[nodiscard]] bool find(const char* name, Function*& function) const {
         function = reinterpret_cast<Function*>(addressOf(name));

@@ -12,14 +12,14 @@ namespace tarvin {
 
 namespace {
 
-/// Never more than it was.
+/// Lowers a limit; never raises it.
 template <typename Resource>
-void limit(Resource resource, rlim_t most) {
+void limit(Resource resource, rlim_t max) {
     rlimit limits{};
     if (::getrlimit(resource, &limits) != 0) {
         return;
     }
-    limits.rlim_max = std::min(limits.rlim_max, most);
+    limits.rlim_max = std::min(limits.rlim_max, max);
     limits.rlim_cur = std::min(limits.rlim_cur, limits.rlim_max);
     ::setrlimit(resource, &limits);
 }
@@ -29,31 +29,31 @@ void limit(Resource resource, rlim_t most) {
 void limitThisProcess() {
     endWithParent();
     limitThreadStacks();
-#ifdef TARVIN_SANITIZED  // which takes several times as long
+#ifdef TARVIN_SANITIZED  // several times slower
     constexpr unsigned seconds = 20;
 #else
     constexpr unsigned seconds = 10;
 #endif
     std::signal(SIGALRM, SIG_DFL);
     ::alarm(seconds);
-    limit(RLIMIT_CPU, seconds);  // whatever becomes of the alarm
+    limit(RLIMIT_CPU, seconds);  // in case a library changes the alarm
     limit(RLIMIT_CORE, 0);
-    // A write to a file fails instead of ending the process: libraries try, for their caches.
+    // Writing to a file fails instead of killing the process: libraries try, for their caches.
     std::signal(SIGXFSZ, SIG_IGN);
     limit(RLIMIT_FSIZE, 0);
-#ifndef TARVIN_SANITIZED  // whose shadow memory is beyond every limit
+#ifndef TARVIN_SANITIZED  // the shadow memory exceeds every limit
     constexpr rlim_t megabyte = 1'000'000;
-    // The rest of 512 is for the libraries and the fonts, which lie in memory as in their files.
+    // The rest of 512 MB is for mapped libraries and fonts.
     limit(RLIMIT_DATA, 440 * megabyte);
     limit(RLIMIT_STACK, 8 * megabyte);
-    // Address space is only reserved in part: for libraries, and by each thread that allocates.
+    // Higher, because libraries and allocating threads reserve address space that they do not use.
     limit(RLIMIT_AS, 1024 * megabyte);
 #endif
 }
 
 bool mayBeDecoded(QSize size, qsizetype bytesPerPixel) {
-    constexpr qsizetype most = qsizetype{decodedImageLimit} * 1024 * 1024;
-    return !size.isEmpty() && most / bytesPerPixel / size.width() >= size.height();
+    constexpr qsizetype maxBytes = qsizetype{decodedImageLimit} * 1024 * 1024;
+    return !size.isEmpty() && maxBytes / bytesPerPixel / size.width() >= size.height();
 }
 
 }  // namespace tarvin

@@ -10,18 +10,18 @@
 #include <cstdio>
 #include <string>
 
-// Makes the preview of one image file in a process of its own, so that a file that is damaged, huge
-// or made to do harm costs this process at most. See preview_format.h for what comes in and out.
+// Makes the preview of one image file in a separate process, so that a damaged, huge or malicious
+// file affects only this process. See preview_format.h for its input and output.
 
 namespace {
 
-constexpr qint64 longestPath = 1024 * 1024;
+constexpr qint64 maxPathBytes = 1024 * 1024;
 
-/// Drawings may hold text, for which Qt wants an application; this one needs no display, and
-/// nothing in the desktop's settings leads it to one or to a message bus.
+/// Text in drawings requires a QGuiApplication. Keeps it from connecting to a display or a message
+/// bus.
 void prepareForNoDesktop() {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_NO_GLIB", "1");  // which ends a process that it cannot have something opened for
+    qputenv("QT_NO_GLIB", "1");  // GLib aborts if it cannot open its files
     for (const char* const variable :
          {"DBUS_SESSION_BUS_ADDRESS", "DESKTOP_SESSION", "DISPLAY", "KDE_FULL_SESSION",
           "QT_QPA_PLATFORMTHEME", "SESSION_MANAGER", "WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP"}) {
@@ -29,20 +29,20 @@ void prepareForNoDesktop() {
     }
 }
 
-std::string askedPath() {
+std::string pathFromInput() {
     QFile input;
-    return input.open(stdin, QIODevice::ReadOnly) ? input.read(longestPath).toStdString()
+    return input.open(stdin, QIODevice::ReadOnly) ? input.read(maxPathBytes).toStdString()
                                                   : std::string();
 }
 
-/// A regular file; a pipe or a device could keep its reader waiting.
+/// Regular files only; a pipe or a device could block.
 bool openFile(const tarvin::Descriptor& descriptor, QFile& file) {
     const auto attributes = tarvin::systemFileSystem().attributesOf(descriptor);
     return attributes && attributes->type == tarvin::EntryType::regular &&
            file.open(descriptor.number(), QIODevice::ReadOnly);
 }
 
-void tell(const QByteArray& bytes) {
+void writeOutput(const QByteArray& bytes) {
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
     std::fflush(stdout);
 }
@@ -54,25 +54,25 @@ int showImage(QFile& file) {
         return 1;
     }
     const QSize size = image.size();
-    // At once: whatever the pixels do to this process, the size is known.
+    // Before decoding: the size is known even if decoding kills this process.
     if (!size.isEmpty()) {
-        tell(tarvin::encodedSize(size));
+        writeOutput(tarvin::encodedSize(size));
     }
     const QImage picture = image.picture(tarvin::longestPreviewSide);
     if (picture.isNull()) {
         return 1;
     }
     if (size.isEmpty()) {
-        tell(tarvin::encodedSize(picture.size()));
+        writeOutput(tarvin::encodedSize(picture.size()));
     }
-    tell(tarvin::encodedPicture(picture));
+    writeOutput(tarvin::encodedPicture(picture));
     return 0;
 }
 
 }  // namespace
 
 #ifdef TARVIN_SANITIZED
-/// The search for leaks starts a process that looks at this one, which is confined by then.
+/// The leak checker starts a process, which confinement forbids.
 extern "C" int __lsan_is_turned_off() {  // NOLINT(readability-identifier-naming): the sanitizer's
     return 1;
 }
@@ -82,7 +82,7 @@ int main(int argc, char** argv) {
     tarvin::limitThisProcess();
     prepareForNoDesktop();
     const QGuiApplication application(argc, argv);
-    const auto descriptor = tarvin::systemFileSystem().openFile(askedPath());
+    const auto descriptor = tarvin::systemFileSystem().openFile(pathFromInput());
     QFile file;
     return descriptor && openFile(*descriptor, file) ? showImage(file) : 1;
 }

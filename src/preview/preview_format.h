@@ -7,30 +7,28 @@
 
 namespace tarvin {
 
-// What the program that makes previews is told and what it tells. It reads the path of one file,
-// native bytes up to the end of its standard input. To its standard output it writes, as far as it
-// comes, the size of the image in that file and then the picture of it: twice the width and the
-// height as little-endian 32-bit numbers, and the pixels row by row as premultiplied ARGB. All
-// pure; any thread.
+// The protocol of the preview program. Its standard input is the path of one file, in native bytes.
+// To standard output it writes, as far as it gets, the size of the image and then the preview: each
+// begins with width and height as little-endian 32-bit numbers; the preview's pixels follow row by
+// row as premultiplied ARGB. Pure, unless stated otherwise.
 
-/// No side of a picture is longer, in pixels.
+/// Maximum side of a preview in pixels.
 inline constexpr int longestPreviewSide = 640;
 
 [[nodiscard]] QByteArray encodedSize(QSize size);
-/// `image` is not null and has no side that is too long.
+/// Requires that `image` is not null and no side is longer than `longestPreviewSide`.
 [[nodiscard]] QByteArray encodedPicture(const QImage& image);
 
-/// Puts together what the program writes. The program reads files of anybody's and is not believed
-/// more than they are.
+/// Parses the program's output. The program reads untrusted files, so its output is untrusted, too.
+/// One thread at a time.
 class PreviewReader final {
  public:
-    /// Takes what was written next. False if the program would not write that: then nothing more
-    /// is taken.
+    /// Appends output. Returns false if it is invalid; later calls then fail, too.
     [[nodiscard]] bool take(const QByteArray& bytes);
 
-    /// The size of the image in the file; none as long as it is not known.
+    /// The size of the image in the file; nullopt until it is known.
     [[nodiscard]] std::optional<QSize> size() const;
-    /// The whole picture; null as long as a part of it is missing.
+    /// The preview; null until it is complete.
     [[nodiscard]] QImage picture() const;
 
  private:

@@ -7,15 +7,15 @@ namespace tarvin {
 
 namespace {
 
-/// Nobody draws more by hand, and no program should.
+/// Bytes; far more than drawing programs write.
 constexpr qint64 maxDrawingBytes = 64 * 1024 * 1024;
 
 }  // namespace
 
 QtImage::QtImage(QIODevice& device) : reader_(&device) {
-    // A copy of the whole image at its full size would be turned: see decode().
+    // Qt would rotate a copy at full size; decode() rotates the smaller image.
     reader_.setAutoTransform(false);
-    // From here on the reader knows its plug-in and loads no other.
+    // The reader now has its plug-in and loads no other.
     isDrawing_ = reader_.format().startsWith("svg");
     if (!isDrawing_) {
         return;
@@ -35,20 +35,20 @@ QSize QtImage::size() {
 }
 
 QImage QtImage::decode(int longestSide) {
-    const QSize full = reader_.size();  // as it lies in the file
+    const QSize full = reader_.size();  // before rotation
     if (full.isValid() && canDecodeSmaller()) {
         reader_.setScaledSize(sizeToDecode(full, longestSide));
     }
     const QImageIOHandler::Transformations transformations = reader_.transformation();
     const QImage image = reader_.read();
-    // What is turned is small.
+    // Rotate after scaling: less memory.
     return image.isNull() || fits(image.size(), longestSide)
                ? turned(image, transformations)
                : turned(smaller(image, fitted(image.size(), longestSide)), transformations);
 }
 
-/// Whether the plug-in needs less memory for a smaller image. If it does not, Qt would make that of
-/// a whole one, and copy that first.
+/// Whether the plug-in itself decodes to a smaller size. Otherwise Qt would decode at full size,
+/// copy that and scale the copy.
 bool QtImage::canDecodeSmaller() const {
     if (!reader_.supportsOption(QImageIOHandler::ScaledSize)) {
         return false;

@@ -9,10 +9,10 @@ class QIODevice;
 
 namespace tarvin {
 
-/// An image in one of the formats that Qt and its plug-ins read. Its content decides which.
+/// An image in a format of Qt and its plug-ins, detected by content.
 class QtImage final : public ImageDecoder {
  public:
-    /// `device` is open and outlives it.
+    /// `device` must be open and outlive the object.
     explicit QtImage(QIODevice& device);
 
     [[nodiscard]] QSize size() override;
@@ -23,7 +23,7 @@ class QtImage final : public ImageDecoder {
     [[nodiscard]] bool canDecodeSmaller() const;
     [[nodiscard]] QSize sizeToDecode(QSize full, int longestSide) const;
 
-    QBuffer drawing_;  // the whole file, if it is one
+    QBuffer drawing_;  // the content of an SVG file
     QImageReader reader_;
     bool isDrawing_ = false;
 };

@@ -14,7 +14,7 @@ int dividedUp(int number, int divisor) {
     return (number + divisor - 1) / divisor;
 }
 
-/// Each square of `factor` by `factor` pixels as one.
+/// Averages squares of `factor` by `factor` pixels.
 QImage reduced(const QImage& image, int factor) {
     QImage result(dividedUp(image.width(), factor), dividedUp(image.height(), factor), workFormat);
     for (int row = 0; row < result.height(); ++row) {
@@ -32,7 +32,7 @@ QImage reduced(const QImage& image, int factor) {
     return result;
 }
 
-/// What QImage calls mirrored() has the name flipped() from Qt 6.9 on.
+/// QImage::mirrored() is called flipped() since Qt 6.9.
 QImage flipped(const QImage& image, bool horizontally, bool vertically) {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 9, 0)
     Qt::Orientations axes;
@@ -55,7 +55,7 @@ bool fits(QSize size, int longestSide) {
 }
 
 QImage smaller(const QImage& image, QSize size) {
-    // The rest, at least two to one, is left to a filter that weighs parts of pixels.
+    // The last step, at least two to one, uses a smooth filter.
     const int factor =
         std::min(image.width() / (2 * size.width()), image.height() / (2 * size.height()));
     const QImage middle = factor < 2 ? image : reduced(image, factor);

@@ -6,18 +6,17 @@
 
 namespace tarvin {
 
-// All pure; any thread.
+// Pure.
 
-/// `size` in its proportions, with the longer side as long as that. A line of one pixel keeps that
-/// pixel.
+/// `size` scaled so that its longer side is `longestSide`; no side is shorter than one pixel.
 [[nodiscard]] QSize fitted(QSize size, int longestSide);
 [[nodiscard]] bool fits(QSize size, int longestSide);
 
-/// `image` made smaller to `size`, which is not empty, or null if there is no memory for that.
-/// Takes little memory beside both: a large image is never copied whole.
+/// `image` scaled down to `size`, which must not be empty; null if memory runs out. Needs little
+/// memory besides both images: works in bands.
 [[nodiscard]] QImage smaller(const QImage& image, QSize size);
 
-/// `image` turned and mirrored as its file says.
+/// `image` rotated and mirrored.
 [[nodiscard]] QImage turned(const QImage& image, QImageIOHandler::Transformations transformations);
 
 }  // namespace tarvin
