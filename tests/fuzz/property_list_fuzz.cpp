@@ -14,7 +14,7 @@
 
 namespace {
 
-/// How many containers stand in each other in a list that libplist wrote: texts have no "<" there.
+/// Nesting depth of the containers in a list written by libplist, which escapes "<" in texts.
 std::size_t levelsOf(std::string_view xml) {
     std::size_t open = 0;
     std::size_t most = 0;
@@ -40,8 +40,8 @@ std::size_t bytesOf(const std::vector<std::string>& paths) {
     std::abort();
 }
 
-/// Reading it ends, without more levels or bytes than are let through, and paths that were read are
-/// written and read again as they were.
+/// Parsing must return, with no more levels and bytes than the limits, and paths must survive a
+/// round trip.
 void check(std::string_view bytes) {
     const auto list = tarvin::PropertyList::parse(bytes);
     if (!list) {
@@ -52,20 +52,20 @@ void check(std::string_view bytes) {
     // libplist 2.2 goes on to fill an outermost array that closes itself; the check does not count
     // it.
     if (levelsOf(list->xml()) > tarvin::maxPropertyListDepth + 1) {
-        fail("more levels than are let through");
+        fail("more levels than the limit");
     }
     const auto paths = list->paths();
-    // Two bytes of UTF-16 may be three of UTF-8.
+    // Two bytes of UTF-16 may become three of UTF-8.
     if (bytesOf(paths) > (bytes.size() + tarvin::maxRepeatedBytes) / 2 * 3) {
-        fail("more bytes than are let through");
+        fail("more bytes than the limit");
     }
     const auto again = tarvin::PropertyList::parse(tarvin::PropertyList::arrayOfPaths(paths).xml());
     if (!again || again->paths() != paths) {
-        fail("other paths than were written");
+        fail("paths changed in a round trip");
     }
 }
 
-/// An XML list of too many levels behind a beginning that may hide them.
+/// An XML list of too many levels after a beginning that may hide them.
 std::string levelsBehind(std::string_view beginning) {
     std::string list(beginning);
     for (const std::string_view tag : {"<array>", "</array>"}) {
@@ -82,7 +82,7 @@ void appendNumber(std::string& list, std::uint64_t number) {
     }
 }
 
-/// A binary list whose root, an array, refers 4,096 times to one object.
+/// A binary list whose root is an array of 4,096 references to one object.
 std::string repetitionsOf(std::string_view object) {
     std::string list = "bplist00\xAF\x11\x10";
     list += '\0' + std::string(4096, '\x01');
@@ -100,9 +100,9 @@ std::string repetitionsOf(std::string_view object) {
 
 }  // namespace
 
-/// Whatever stands in a file of ours. Chance rarely makes many levels or repetitions, so they are
-/// put around it: around what
-/// begins as a text or data does in a binary list, and behind everything else.
+/// Mutation rarely produces many levels or repetitions, so they are added: inputs that begin with
+/// the marker of a text or data become the repeated object of a binary list, and levels follow all
+/// others.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const void* const bytes = data;
     const std::string_view input(static_cast<const char*>(bytes), size);

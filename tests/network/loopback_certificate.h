@@ -2,8 +2,8 @@
 
 namespace tarvin {
 
-/// A certificate for 127.0.0.1 that vouches for itself, so that nobody trusts it unasked, and its
-/// key. Only for tests; made with openssl, good until 2126.
+/// A self-signed certificate for 127.0.0.1 and its key. For tests only; made with openssl, valid
+/// until 2126.
 inline constexpr const char* loopbackCertificate = R"(-----BEGIN CERTIFICATE-----
 MIIBjjCCATSgAwIBAgIUNKq4GhWzyLvoLL/d78yg4XAQuSowCgYIKoZIzj0EAwIw
 EzERMA8GA1UEAwwITG9vcGJhY2swIBcNMjYxMTIxMTUyNzIzWhgPMjEyNjEwMjgx

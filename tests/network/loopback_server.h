@@ -11,8 +11,8 @@
 
 namespace tarvin {
 
-/// A server on the loopback address that treats each request as the test says. Main thread, through
-/// the event loop.
+/// A server on the loopback interface with a scripted response. Main thread, requires its event
+/// loop.
 class LoopbackServer final : public QObject {
  public:
     using Answer = std::function<void(QTcpSocket& connection)>;
@@ -20,18 +20,18 @@ class LoopbackServer final : public QObject {
 
     explicit LoopbackServer(Answer answer, Scheme scheme = Scheme::http);
 
-    /// Answers with bytes, as a success.
+    /// Status 200 with this body.
     static Answer with(const QByteArray& body);
-    /// Answers with these bytes, head and all, and closes.
+    /// These bytes, including the header; then closes.
     static Answer withRaw(const QByteArray& bytes);
-    /// Sends the browser elsewhere.
+    /// A redirect.
     static Answer to(const QString& address);
 
     /// Such as "http://127.0.0.1:4711".
     [[nodiscard]] QString address() const;
 
-    QByteArrayList requests;  ///< their first lines, and what followed
-    int closed = 0;           ///< so many connections have ended
+    QByteArrayList requests;  ///< request lines with headers
+    int closed = 0;           ///< number of closed connections
     Answer answer;
 
  private:

@@ -27,7 +27,7 @@ using std::chrono::milliseconds;
 constexpr milliseconds soon{300};
 constexpr int longWait = 20'000;
 
-/// Reads on another thread while this one serves.
+/// Reads on another thread while this one runs the server.
 std::optional<QByteArray> readThere(const QString& address, const ReadBounds& bounds = {}) {
     std::atomic<bool> done{false};
     std::optional<QByteArray> bytes;
@@ -45,7 +45,7 @@ std::optional<QByteArray> readFrom(const LoopbackServer& server, const ReadBound
     return readThere(server.address() + QStringLiteral("/Update.plist"), bounds);
 }
 
-/// Trusts the certificate of the test's server as long as it lives.
+/// Trusts the test server's certificate until destruction.
 class Trust final {
  public:
     Trust() : before_(QSslConfiguration::defaultConfiguration()) {
@@ -66,23 +66,23 @@ TEST(ReadBounds, AreTenSecondsAndAMebibyte) {
     EXPECT_EQ(ReadBounds{}.bytes, 1'048'576);
 }
 
-TEST(UrlReader, ReadsWhatAServerAnswers) {
+TEST(UrlReader, ReadsAResponse) {
     const LoopbackServer server(LoopbackServer::with("all of it"));
     EXPECT_EQ(readFrom(server), QByteArray("all of it"));
     ASSERT_EQ(server.requests.size(), 1);
     EXPECT_TRUE(server.requests[0].startsWith("GET /Update.plist HTTP/1.1\r\n"))
         << server.requests[0].toStdString();
-    // Later versions of Qt write the names of headers in lower case.
+    // Later versions of Qt write header names in lower case.
     EXPECT_TRUE(server.requests[0].toLower().contains("accept-encoding: identity\r\n"));
 }
 
-TEST(UrlReader, ReadsAnAnswerOfUnknownLength) {
+TEST(UrlReader, ReadsAResponseOfUnknownLength) {
     const LoopbackServer server(
         LoopbackServer::withRaw("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\nup to the end"));
     EXPECT_EQ(readFrom(server), QByteArray("up to the end"));
 }
 
-TEST(UrlReader, TakesNothingButSuccess) {
+TEST(UrlReader, RefusesOtherStatusCodes) {
     for (const char* status : {"204 No Content", "206 Partial Content", "304 Not Modified",
                                "401 Unauthorized", "403 Forbidden", "404 Not Found",
                                "500 Internal Server Error", "503 Service Unavailable"}) {
@@ -94,14 +94,14 @@ TEST(UrlReader, TakesNothingButSuccess) {
     }
 }
 
-TEST(UrlReader, ReadsUpToItsBound) {
+TEST(UrlReader, ReadsUpToTheLimit) {
     const QByteArray body(1000, 'a');
     const LoopbackServer server(LoopbackServer::with(body));
     EXPECT_EQ(readFrom(server, {.bytes = 1000}), body);
     EXPECT_EQ(readFrom(server, {.bytes = 999}), std::nullopt);
 }
 
-TEST(UrlReader, EndsAnAnswerWithoutEnd) {
+TEST(UrlReader, AbortsAnEndlessResponse) {
     QTimer more;
     LoopbackServer server([&](QTcpSocket& connection) {
         connection.write("HTTP/1.1 200 OK\r\n\r\n");
@@ -113,7 +113,7 @@ TEST(UrlReader, EndsAnAnswerWithoutEnd) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.closed == 1; }, longWait));
 }
 
-TEST(UrlReader, DoesNotWaitForAnAnswerThatDrips) {
+TEST(UrlReader, TimesOutDuringASlowResponse) {
     QTimer drops;
     int dropped = 0;
     LoopbackServer server([&](QTcpSocket& connection) {
@@ -129,24 +129,24 @@ TEST(UrlReader, DoesNotWaitForAnAnswerThatDrips) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.closed == 1; }, longWait));
 }
 
-TEST(UrlReader, DoesNotWaitForAServerThatSaysNothing) {
+TEST(UrlReader, TimesOutWithoutAResponse) {
     LoopbackServer server([](QTcpSocket& /*connection*/) {});
     EXPECT_EQ(readFrom(server, {.time = soon}), std::nullopt);
     EXPECT_EQ(server.requests.size(), 1);
 }
 
-TEST(UrlReader, TakesNoAnswerThatWasCutOff) {
+TEST(UrlReader, RefusesATruncatedResponse) {
     const LoopbackServer server(
         LoopbackServer::withRaw("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nonly this"));
     EXPECT_EQ(readFrom(server), std::nullopt);
 }
 
-TEST(UrlReader, TakesNoAnswerThatIsNoHttp) {
+TEST(UrlReader, RefusesAResponseThatIsNotHttp) {
     const LoopbackServer server(LoopbackServer::withRaw("220 mail.example.org ESMTP\r\n"));
     EXPECT_EQ(readFrom(server, {.time = soon}), std::nullopt);
 }
 
-TEST(UrlReader, GivesUpWhereNobodyListens) {
+TEST(UrlReader, FailsWithoutAListener) {
     QString address;
     {
         const LoopbackServer server(LoopbackServer::with("gone"));
@@ -155,13 +155,13 @@ TEST(UrlReader, GivesUpWhereNobodyListens) {
     EXPECT_EQ(readThere(address), std::nullopt);
 }
 
-TEST(UrlReader, GivesUpWhenTheConnectionIsReset) {
+TEST(UrlReader, FailsWhenTheConnectionIsReset) {
     const LoopbackServer server([](QTcpSocket& connection) { connection.abort(); });
     EXPECT_EQ(readFrom(server), std::nullopt);
     EXPECT_GE(server.requests.size(), 1);
 }
 
-TEST(UrlReader, FollowsToAnAddressOfTheSameScheme) {
+TEST(UrlReader, FollowsWithinAScheme) {
     const LoopbackServer there(LoopbackServer::with("moved"));
     const LoopbackServer server(LoopbackServer::to(there.address() + QStringLiteral("/new")));
     EXPECT_EQ(readFrom(server), QByteArray("moved"));
@@ -169,7 +169,7 @@ TEST(UrlReader, FollowsToAnAddressOfTheSameScheme) {
     EXPECT_TRUE(there.requests[0].startsWith("GET /new "));
 }
 
-TEST(UrlReader, DoesNotFollowForEver) {
+TEST(UrlReader, FollowsFiveRedirects) {
     LoopbackServer server({});
     server.answer = [&server](QTcpSocket& connection) {
         LoopbackServer::to(QStringLiteral("/%1").arg(server.requests.size()))(connection);
@@ -178,19 +178,19 @@ TEST(UrlReader, DoesNotFollowForEver) {
     EXPECT_EQ(server.requests.size(), 6);
 }
 
-TEST(UrlReader, DoesNotFollowToTheSameAddress) {
+TEST(UrlReader, DoesNotFollowToTheSameUrl) {
     LoopbackServer server(LoopbackServer::to(QStringLiteral("/Update.plist")));
     EXPECT_EQ(readFrom(server), std::nullopt);
     EXPECT_EQ(server.requests.size(), 1);
 }
 
-TEST(UrlReader, TrustsNoServerThatVouchesForItself) {
+TEST(UrlReader, RefusesASelfSignedCertificate) {
     const LoopbackServer server(LoopbackServer::with("forged"), LoopbackServer::Scheme::https);
     EXPECT_EQ(readFrom(server), std::nullopt);
     EXPECT_TRUE(server.requests.isEmpty());
 }
 
-TEST(UrlReader, ReadsFromAServerThatIsTrusted) {
+TEST(UrlReader, ReadsFromATrustedServer) {
     const Trust trust;
     const LoopbackServer server(LoopbackServer::with("honest"), LoopbackServer::Scheme::https);
     EXPECT_EQ(readFrom(server), QByteArray("honest"));
@@ -205,14 +205,14 @@ TEST(UrlReader, FollowsFromHttpToHttps) {
     EXPECT_TRUE(secure.requests[0].startsWith("GET /new "));
 }
 
-TEST(UrlReader, FollowsFromHttpToNoServerThatIsNotTrusted) {
+TEST(UrlReader, DoesNotFollowToAnUntrustedServer) {
     const LoopbackServer secure(LoopbackServer::with("forged"), LoopbackServer::Scheme::https);
     const LoopbackServer server(LoopbackServer::to(secure.address()));
     EXPECT_EQ(readFrom(server), std::nullopt);
     EXPECT_TRUE(secure.requests.isEmpty());
 }
 
-/// Both servers would answer.
+/// Both servers would respond with status 200.
 TEST(UrlReader, DoesNotFollowFromHttpsToHttp) {
     const Trust trust;
     const LoopbackServer plain(LoopbackServer::with("in the clear"));
@@ -246,14 +246,14 @@ class OpenCounter final {
     const int events_ = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
 };
 
-TEST(UrlReader, FollowsToNoOtherScheme) {
+TEST(UrlReader, DoesNotFollowToOtherSchemes) {
     for (const QString& address : {QStringLiteral("data:,text"), QStringLiteral("http://[bad")}) {
         const LoopbackServer server(LoopbackServer::to(address));
         EXPECT_EQ(readFrom(server), std::nullopt) << address.toStdString();
     }
 }
 
-// A file can be read, and is when its URL was given: that it is not opened shows the refusal.
+// The file is readable when its URL is given, so only the refusal keeps it closed.
 TEST(UrlReader, ARedirectOpensNoFile) {
     const TemporaryFolder folder;
     const std::string path = folder.writeFile("Update.plist", "a file");
@@ -267,7 +267,7 @@ TEST(UrlReader, ARedirectOpensNoFile) {
     EXPECT_EQ(opened.count(), 1U);
 }
 
-TEST(Redirect, MayOnlyGoWithinASchemeOrFromHttpToHttps) {
+TEST(Redirect, IsAllowedWithinASchemeAndFromHttpToHttps) {
     const QString schemes[] = {QStringLiteral("http"), QStringLiteral("https"),
                                QStringLiteral("ftp"), QStringLiteral("file"),
                                QStringLiteral("data")};
@@ -296,7 +296,7 @@ TEST(UrlReader, ReadsFiles) {
     EXPECT_EQ(readThere(address, {.bytes = 4}), std::nullopt);
 }
 
-TEST(UrlReader, ReadsNothingButFiles) {
+TEST(UrlReader, RefusesFoldersPipesAndDevices) {
     const TemporaryFolder folder;
     const std::string pipe = folder.pathOf("pipe");
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);

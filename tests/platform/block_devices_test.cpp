@@ -16,7 +16,7 @@ constexpr std::string_view ataWay = "pci0000:00/0000:00:17.0/ata1/host0/target0:
 constexpr std::string_view usbWay = "pci0000:00/0000:00:14.0/usb2/2-1/2-1:1.0/host6/6:0:0:0/block";
 constexpr std::string_view virtualWay = "virtual/block";
 
-/// A device tree laid out as the kernel lays out its own, and a mount table beside it.
+/// A fake sysfs and mount table.
 class BlockDevices : public testing::Test {
  protected:
     void addDisk(std::string_view way, std::string_view name, std::string_view number,
@@ -35,7 +35,7 @@ class BlockDevices : public testing::Test {
         addLinks(place, name, number);
     }
 
-    /// A volume made of devices that were added before. Its own flag tells nothing.
+    /// A volume stacked on devices added before. Its own flag has no effect.
     void addVolumeOn(std::string_view name, std::string_view number,
                      std::initializer_list<std::string_view> slaves) {
         addDisk(virtualWay, name, number, "0\n");
@@ -68,17 +68,17 @@ class BlockDevices : public testing::Test {
     }
 };
 
-TEST_F(BlockDevices, WithMovingHeadsAreRotational) {
+TEST_F(BlockDevices, RotationalFlagOfTheDiskCounts) {
     addDisk(ataWay, "sda", "8:0", "1\n");
     EXPECT_TRUE(isRotational(8, 0));
 }
 
-TEST_F(BlockDevices, WithoutMovingHeadsAreNotRotational) {
+TEST_F(BlockDevices, DiskWithoutRotationalFlagIsNot) {
     addDisk(ataWay, "sda", "8:0", "0\n");
     EXPECT_FALSE(isRotational(8, 0));
 }
 
-TEST_F(BlockDevices, AnswerForTheirPartitions) {
+TEST_F(BlockDevices, PartitionCountsAsItsDisk) {
     addDisk(ataWay, "sda", "8:0", "1\n", "1\n");
     addPartition(ataWay, "sda", "sda1", "8:1");
     addDisk(ataWay, "sdb", "8:16", "0\n", "0\n");
@@ -89,7 +89,7 @@ TEST_F(BlockDevices, AnswerForTheirPartitions) {
     EXPECT_FALSE(isRemovable(8, 17));
 }
 
-TEST_F(BlockDevices, OfAVirtualMachineAreNotBelievedToBeRotational) {
+TEST_F(BlockDevices, ParavirtualDiskIsNotRotational) {
     addDisk("pci0000:00/virtio1/block", "vda", "254:0", "1\n");
     addPartition("pci0000:00/virtio1/block", "vda", "vda2", "254:2");
     addDisk("vbd-51712/block", "xvda", "202:0", "1\n");
@@ -98,7 +98,7 @@ TEST_F(BlockDevices, OfAVirtualMachineAreNotBelievedToBeRotational) {
     EXPECT_FALSE(isRotational(202, 0));
 }
 
-TEST_F(BlockDevices, WithNamesOnlyAlikeAreBelieved) {
+TEST_F(BlockDevices, SimilarNameIsNotParavirtual) {
     addDisk(ataWay, "xsda", "8:0", "1\n");
     addDisk(ataWay, "vd0", "8:16", "1\n");
     addDisk(ataWay, "vd", "8:32", "1\n");
@@ -107,7 +107,7 @@ TEST_F(BlockDevices, WithNamesOnlyAlikeAreBelieved) {
     EXPECT_TRUE(isRotational(8, 32));
 }
 
-TEST_F(BlockDevices, PutTogetherAreRotationalIfAnyPartIs) {
+TEST_F(BlockDevices, JoinedVolumeIsRotationalIfAnyDiskIs) {
     addDisk(ataWay, "sda", "8:0", "0\n");
     addPartition(ataWay, "sda", "sda1", "8:1");
     addDisk(ataWay, "sdb", "8:16", "1\n");
@@ -118,7 +118,7 @@ TEST_F(BlockDevices, PutTogetherAreRotationalIfAnyPartIs) {
     EXPECT_FALSE(isRotational(9, 1));
 }
 
-TEST_F(BlockDevices, StackedAnswerForTheDiskAtTheBottom) {
+TEST_F(BlockDevices, StackedVolumeCountsAsItsDisk) {
     addDisk(ataWay, "sda", "8:0", "1\n");
     addPartition(ataWay, "sda", "sda1", "8:1");
     addVolumeOn("md0", "9:0", {"sda1"});
@@ -127,71 +127,71 @@ TEST_F(BlockDevices, StackedAnswerForTheDiskAtTheBottom) {
     EXPECT_TRUE(isRotational(253, 1));
 }
 
-TEST_F(BlockDevices, StackedOnAVirtualMachinesDiskAreNotRotational) {
+TEST_F(BlockDevices, StackOnAParavirtualDiskIsNotRotational) {
     addDisk("pci0000:00/virtio1/block", "vda", "254:0", "1\n");
     addVolumeOn("dm-0", "253:0", {"vda"});
     EXPECT_FALSE(isRotational(253, 0));
 }
 
-TEST_F(BlockDevices, StackedInACircleEndTheSearch) {
+TEST_F(BlockDevices, CircularStackEndsTheSearch) {
     addVolumeOn("dm-0", "253:0", {"dm-1"});
     addVolumeOn("dm-1", "253:1", {"dm-0"});
     EXPECT_FALSE(isRotational(253, 0));
     EXPECT_FALSE(isRemovable(253, 0));
 }
 
-TEST_F(BlockDevices, ThatAreUnknownCountAsNo) {
+TEST_F(BlockDevices, UnknownDeviceIsNeither) {
     EXPECT_FALSE(isRotational(8, 0));
     EXPECT_FALSE(isRemovable(8, 0));
     EXPECT_FALSE(isRotationalDevice(makedev(8, 0), tree_.pathOf("missing")));
     EXPECT_FALSE(isRemovableDevice(makedev(8, 0), tree_.pathOf("missing")));
 }
 
-TEST_F(BlockDevices, WithoutAQueueCountAsNotRotational) {
+TEST_F(BlockDevices, DeviceWithoutQueueIsNotRotational) {
     tree_.makeFolder("devices/virtual/block/odd");
     tree_.makeLink("dev/block/8:0", "../../devices/virtual/block/odd");
     EXPECT_FALSE(isRotational(8, 0));
     EXPECT_FALSE(isRemovable(8, 0));
 }
 
-TEST_F(BlockDevices, WithADamagedFlagCountAsNo) {
+TEST_F(BlockDevices, InvalidFlagCountsAsFalse) {
     addDisk(ataWay, "sda", "8:0", "", "x1");
     EXPECT_FALSE(isRotational(8, 0));
     EXPECT_FALSE(isRemovable(8, 0));
 }
 
-TEST_F(BlockDevices, WithATakeOutMediumAreRemovable) {
+TEST_F(BlockDevices, RemovableMediumIsRemovable) {
     addDisk(ataWay, "sr0", "11:0", "1\n", "1\n");
     EXPECT_TRUE(isRemovable(11, 0));
 }
 
-TEST_F(BlockDevices, OnUsbAreRemovableThoughTheirMediumIsFixed) {
+TEST_F(BlockDevices, UsbDiskIsRemovable) {
     addDisk(usbWay, "sdc", "8:32", "1\n", "0\n");
     addPartition(usbWay, "sdc", "sdc1", "8:33");
     EXPECT_TRUE(isRemovable(8, 32));
     EXPECT_TRUE(isRemovable(8, 33));
 }
 
-TEST_F(BlockDevices, InsideTheMachineAreNotRemovable) {
+TEST_F(BlockDevices, InternalDiskIsNotRemovable) {
     addDisk(ataWay, "sda", "8:0", "1\n");
     EXPECT_FALSE(isRemovable(8, 0));
 }
 
-TEST_F(BlockDevices, AreNotOnUsbBecauseTheTreeStandsInAFolderOfThatName) {
+TEST_F(BlockDevices, UsbInThePathOfTheRootDoesNotCount) {
     const TemporaryFolder outer;
     outer.writeFile("usb/devices/block/sda/removable", "0\n");
     outer.makeLink("usb/dev/block/8:0", "../../devices/block/sda");
     EXPECT_FALSE(isRemovableDevice(makedev(8, 0), outer.pathOf("usb")));
 }
 
-TEST_F(BlockDevices, EncryptedOnUsbAreRemovable) {
+TEST_F(BlockDevices, EncryptedVolumeOnUsbIsRemovable) {
     addDisk(usbWay, "sdc", "8:32", "0\n");
     addPartition(usbWay, "sdc", "sdc1", "8:33");
     addVolumeOn("dm-3", "253:3", {"sdc1"});
     EXPECT_TRUE(isRemovable(253, 3));
 }
 
-TEST_F(BlockDevices, AreFoundThroughTheMountTableIfTheNumberIsOfNoDevice) {
+TEST_F(BlockDevices, BtrfsIsLookedUpInTheMountTable) {
     addDisk(usbWay, "tarvin-disk", "8:32", "1\n");
     addPartition(usbWay, "tarvin-disk", "tarvin-disk1", "8:33");
     setMounts("40 1 0:38 /@ /mnt/data rw - btrfs /dev/tarvin-disk1 rw,subvol=/@\n");
@@ -199,13 +199,13 @@ TEST_F(BlockDevices, AreFoundThroughTheMountTableIfTheNumberIsOfNoDevice) {
     EXPECT_TRUE(isRemovable(0, 38));
 }
 
-TEST_F(BlockDevices, AreFoundThoughTheirNamesHoldASlash) {
+TEST_F(BlockDevices, DeviceNameWithASlashIsFound) {
     addDisk(ataWay, "tarvin!disk", "104:0", "1\n");
     setMounts("40 1 0:38 / /mnt/data rw - btrfs /dev/tarvin/disk rw\n");
     EXPECT_TRUE(isRotational(0, 38));
 }
 
-TEST_F(BlockDevices, OfAnyBtrfsVolumeSpeakForASubvolumeWithANumberOfItsOwn) {
+TEST_F(BlockDevices, AnyBtrfsVolumeCountsForAnUnlistedSubvolume) {
     addDisk(ataWay, "tarvin-fast", "8:0", "0\n");
     addDisk(usbWay, "tarvin-slow", "8:16", "1\n");
     setMounts(
@@ -216,13 +216,13 @@ TEST_F(BlockDevices, OfAnyBtrfsVolumeSpeakForASubvolumeWithANumberOfItsOwn) {
     EXPECT_FALSE(isRemovable(0, 77));
 }
 
-TEST_F(BlockDevices, OfAnotherFormatDoNotSpeakForANumberThatIsNotListed) {
+TEST_F(BlockDevices, OtherFormatsDoNotCountForAnUnlistedNumber) {
     addDisk(ataWay, "tarvin-slow", "8:0", "1\n");
     setMounts("40 1 8:0 / / rw - ext4 /dev/tarvin-slow rw\n");
     EXPECT_FALSE(isRotational(0, 77));
 }
 
-TEST_F(BlockDevices, AreNotLookedForBehindASourceThatIsNoDevice) {
+TEST_F(BlockDevices, SourceThatIsNotADeviceIsIgnored) {
     addDisk(ataWay, "tarvin-disk", "8:0", "1\n");
     setMounts(
         "40 1 0:38 / /a rw - nfs server:/tarvin-disk rw\n"
@@ -233,7 +233,7 @@ TEST_F(BlockDevices, AreNotLookedForBehindASourceThatIsNoDevice) {
     EXPECT_FALSE(isRotational(0, 40));
 }
 
-TEST_F(BlockDevices, AreUnknownWithoutAMountTable) {
+TEST_F(BlockDevices, MissingMountTableCountsAsFalse) {
     EXPECT_FALSE(isRotational(0, 38));
     EXPECT_FALSE(isRemovable(0, 38));
 }

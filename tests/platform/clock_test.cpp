@@ -7,7 +7,7 @@
 namespace tarvin {
 namespace {
 
-TEST(SystemClock, ShowsTheDateAndTime) {
+TEST(SystemClock, ReturnsTheDateAndTime) {
     const Timestamp before = std::chrono::system_clock::now();
     const Timestamp shown = systemClock().now();
     const Timestamp after = std::chrono::system_clock::now();
@@ -15,7 +15,7 @@ TEST(SystemClock, ShowsTheDateAndTime) {
     EXPECT_LE(shown, after);
 }
 
-TEST(SystemClock, CountsOnSteadily) {
+TEST(SystemClock, SteadyTimeNeverRunsBackwards) {
     const auto before = std::chrono::steady_clock::now();
     const auto first = systemClock().steadyNow();
     const auto second = systemClock().steadyNow();
@@ -25,7 +25,7 @@ TEST(SystemClock, CountsOnSteadily) {
     EXPECT_LE(second, after);
 }
 
-TEST(SystemClock, IsOneForTheProcess) {
+TEST(SystemClock, IsOneObject) {
     EXPECT_EQ(&systemClock(), &systemClock());
 }
 

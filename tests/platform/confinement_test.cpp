@@ -26,10 +26,10 @@
 namespace tarvin {
 namespace {
 
-/// A process that waits for what does not come ends by a signal.
+/// A child that blocks is killed by SIGALRM after this time.
 constexpr unsigned patience = 20;  // seconds
 
-/// What `steps` answers in a process of its own.
+/// The result of `steps` in a child process.
 int inChild(const std::function<int()>& steps) {
     const pid_t child = ::fork();
     if (child == 0) {
@@ -42,7 +42,7 @@ int inChild(const std::function<int()>& steps) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-/// The same, confined; 99 if it cannot be.
+/// The same, confined; 99 if confinement fails.
 int inConfinedChild(const std::function<int()>& steps) {
     return inChild([&steps] { return confineToOpenFiles() ? steps() : 99; });
 }
@@ -51,7 +51,7 @@ bool isRefused(long answer) {
     return answer == -1 && errno == ENOSYS;
 }
 
-TEST(ConfinementToOpenFiles, LeavesWhatIsOpen) {
+TEST(ConfinementToOpenFiles, OpenFilesCanBeReadAndWritten) {
     const TemporaryFolder folder;
     const int file = ::open(folder.writeFile("a", "some text").c_str(), O_RDONLY | O_CLOEXEC);
     ASSERT_GE(file, 0);
@@ -67,7 +67,7 @@ TEST(ConfinementToOpenFiles, LeavesWhatIsOpen) {
     ::close(file);
 }
 
-TEST(ConfinementToOpenFiles, RefusesEveryWayToOpenAnother) {
+TEST(ConfinementToOpenFiles, RefusesEveryWayToOpenAFile) {
     const TemporaryFolder folder;
     const std::string path = folder.writeFile("a", "some text");
     const std::string link = folder.pathOf("link");
@@ -98,7 +98,7 @@ TEST(ConfinementToOpenFiles, RefusesEveryWayToOpenAnother) {
     ::close(opened);
 }
 
-/// Limits of memory do not count what is mapped from a file.
+/// RLIMIT_DATA does not count mapped files.
 TEST(ConfinementToOpenFiles, MapsMemoryButNoFiles) {
     const TemporaryFolder folder;
     const int file = ::open(folder.writeFile("a", "some text").c_str(), O_RDONLY | O_CLOEXEC);
@@ -115,7 +115,7 @@ TEST(ConfinementToOpenFiles, MapsMemoryButNoFiles) {
     ::close(file);
 }
 
-TEST(ConfinementToOpenFiles, LooksUpNoPath) {
+TEST(ConfinementToOpenFiles, RefusesCallsWithPaths) {
     const TemporaryFolder folder;
     const std::string path = folder.writeFile("a", "some text");
     EXPECT_EQ(inConfinedChild([&] {
@@ -132,7 +132,7 @@ TEST(ConfinementToOpenFiles, LooksUpNoPath) {
               0);
 }
 
-TEST(ConfinementToOpenFiles, NeverWaitsForAPipe) {
+TEST(ConfinementToOpenFiles, OpeningAPipeFailsImmediately) {
     const TemporaryFolder folder;
     const std::string pipe = folder.pathOf("pipe");
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
@@ -167,7 +167,7 @@ TEST(ConfinementToOpenFiles, RefusesNetworksAndProcesses) {
               0);
 }
 
-TEST(ConfinementToOpenFiles, HoldsForThreadsBeforeAndAfter) {
+TEST(ConfinementToOpenFiles, AppliesToExistingAndNewThreads) {
     EXPECT_EQ(inChild([] {
                   std::atomic<bool> isConfined = false;
                   std::atomic<int> refusals = 0;
@@ -189,7 +189,7 @@ TEST(ConfinementToOpenFiles, HoldsForThreadsBeforeAndAfter) {
               0);
 }
 
-TEST(ThreadStacks, AreSmallIfTheProcessSaysSo) {
+TEST(ThreadStacks, AreOneMegabyteAfterLimiting) {
     EXPECT_EQ(inChild([] {
                   limitThreadStacks();
                   std::size_t bytes = 0;
@@ -204,7 +204,7 @@ TEST(ThreadStacks, AreSmallIfTheProcessSaysSo) {
               0);
 }
 
-TEST(EndWithParent, IsTheEndOfAProcessWhoseParentIsKilled) {
+TEST(EndWithParent, KillsTheProcessWhenItsParentIsKilled) {
     std::array<int, 2> pipe{};
     ASSERT_EQ(::pipe2(pipe.data(), O_CLOEXEC), 0);
     const pid_t parent = ::fork();
@@ -213,7 +213,7 @@ TEST(EndWithParent, IsTheEndOfAProcessWhoseParentIsKilled) {
         if (::fork() == 0) {
             ::alarm(patience);
             endWithParent();
-            // Alive until it is ended; the pipe says when.
+            // Runs until it is killed; then the pipe reaches its end.
             static_cast<void>(::write(pipe[1], "x", 1));
             for (;;) {
                 ::pause();
@@ -228,7 +228,7 @@ TEST(EndWithParent, IsTheEndOfAProcessWhoseParentIsKilled) {
     EXPECT_EQ(::read(pipe[0], &byte, 1), 1);
     ::kill(parent, SIGKILL);
     EXPECT_EQ(::waitpid(parent, nullptr, 0), parent);
-    // The pipe ends when the last who could write is gone.
+    // The pipe ends when its last writer has ended.
     pollfd end{pipe[0], POLLIN, 0};
     EXPECT_EQ(::poll(&end, 1, 1000 * static_cast<int>(patience) / 2), 1);
     EXPECT_EQ(::read(pipe[0], &byte, 1), 0);

@@ -23,7 +23,7 @@
 namespace tarvin {
 namespace {
 
-/// What a child process comes to that does `work`: 0 for true.
+/// The exit status of a child process that runs `work`: 0 for true.
 template <typename Work>
 int inChild(const Work& work) {
     const pid_t child = ::fork();
@@ -41,13 +41,13 @@ class DurableFile : public ::testing::Test {
     std::string path_ = folder_.pathOf("data.plist");
 };
 
-TEST_F(DurableFile, IsMadeWhereThereWasNone) {
+TEST_F(DurableFile, ReplaceCreatesAMissingFile) {
     EXPECT_FALSE(replaceFile(path_, "new"));
     EXPECT_EQ(contentOf(path_), "new");
     EXPECT_FALSE(std::filesystem::exists(path_ + ".new"));
 }
 
-TEST_F(DurableFile, TakesThePlaceOfTheOldOneWithItsRights) {
+TEST_F(DurableFile, ReplaceKeepsThePermissions) {
     folder_.writeFile("data.plist", "a longer old text");
     ::chmod(path_.c_str(), 0640);
     EXPECT_FALSE(replaceFile(path_, "new"));
@@ -55,7 +55,7 @@ TEST_F(DurableFile, TakesThePlaceOfTheOldOneWithItsRights) {
     EXPECT_EQ(std::filesystem::status(path_).permissions(), std::filesystem::perms(0640));
 }
 
-TEST_F(DurableFile, BehindALinkIsReplacedThere) {
+TEST_F(DurableFile, ReplaceFollowsALink) {
     const std::string target = folder_.writeFile("kept/list", "old");
     folder_.makeLink("data.plist", "kept/list");
     EXPECT_FALSE(replaceFile(path_, "new"));
@@ -63,20 +63,20 @@ TEST_F(DurableFile, BehindALinkIsReplacedThere) {
     EXPECT_TRUE(std::filesystem::is_symlink(path_));
 }
 
-TEST_F(DurableFile, IsNotHinderedByWhatACrashLeft) {
+TEST_F(DurableFile, ReplaceOverwritesALeftover) {
     folder_.writeFile("data.plist.new", "half of something");
     EXPECT_FALSE(replaceFile(path_, "new"));
     EXPECT_EQ(contentOf(path_), "new");
 }
 
-TEST_F(DurableFile, IsFlushedBeforeAndAfterItTakesItsName) {
+TEST_F(DurableFile, ReplaceFlushesFileAndFolder) {
     RecordingFileCalls calls;
     EXPECT_FALSE(replaceFile(folder_.makeFolder("inner") + "/list", "new", calls));
     EXPECT_EQ(calls.calls(),
               (std::vector<std::string>{"sync list.new", "rename list.new list", "sync inner"}));
 }
 
-TEST_F(DurableFile, IsNotWrittenThroughALinkAtTheTemporaryName) {
+TEST_F(DurableFile, ReplaceDoesNotFollowALinkAtTheTemporaryName) {
     const std::string other = folder_.writeFile("other", "untouched");
     folder_.makeLink("data.plist.new", other);
     static_cast<void>(replaceFile(path_, "new"));
@@ -84,9 +84,9 @@ TEST_F(DurableFile, IsNotWrittenThroughALinkAtTheTemporaryName) {
     EXPECT_FALSE(std::filesystem::is_symlink(path_));
 }
 
-TEST_F(DurableFile, StaysAsItWasWhereThereIsNoRoom) {
+TEST_F(DurableFile, IsUnchangedAtTheFileSizeLimit) {
     folder_.writeFile("data.plist", "old");
-    // A limit of the process stands in for a full disk.
+    // RLIMIT_FSIZE simulates a full disk.
     EXPECT_EQ(inChild([this] {
                   static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
                   const rlimit limit{1000, 1000};
@@ -99,7 +99,7 @@ TEST_F(DurableFile, StaysAsItWasWhereThereIsNoRoom) {
     EXPECT_FALSE(std::filesystem::exists(path_ + ".new"));
 }
 
-TEST_F(DurableFile, StaysAsItWasOnAFullDisk) {
+TEST_F(DurableFile, IsUnchangedOnAFullDisk) {
     const std::string disk = folder_.makeFolder("disk");
     const Mount mount("none", disk, "tmpfs", 0, "size=16k");
     if (mount) {
@@ -112,7 +112,7 @@ TEST_F(DurableFile, StaysAsItWasOnAFullDisk) {
     }
 }
 
-TEST_F(DurableFile, CannotBeWrittenOnAReadOnlyDisk) {
+TEST_F(DurableFile, ReplaceFailsOnAReadOnlyDisk) {
     const std::string disk = folder_.makeFolder("disk");
     const Mount mount("none", disk, "tmpfs", MS_RDONLY);
     if (mount) {
@@ -122,13 +122,13 @@ TEST_F(DurableFile, CannotBeWrittenOnAReadOnlyDisk) {
     }
 }
 
-TEST_F(DurableFile, InAMissingFolderIsAFailure) {
+TEST_F(DurableFile, ReplaceFailsInAMissingFolder) {
     const auto failure = replaceFile(folder_.pathOf("missing/data.plist"), "new");
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->code, ENOENT);
 }
 
-TEST_F(DurableFile, ThatIsPrivateIsMadeForTheUserAlone) {
+TEST_F(DurableFile, PrivateFileIsForTheUserAlone) {
     const mode_t old = ::umask(0);
     EXPECT_FALSE(makePrivateFile(path_));
     ::umask(old);
@@ -136,13 +136,13 @@ TEST_F(DurableFile, ThatIsPrivateIsMadeForTheUserAlone) {
     EXPECT_EQ(std::filesystem::file_size(path_), 0U);
 }
 
-TEST_F(DurableFile, ThatIsPrivateIsLeftAsItIsWhereThereIsOne) {
+TEST_F(DurableFile, ExistingPrivateFileIsUnchanged) {
     folder_.writeFile("data.plist", "old");
     EXPECT_FALSE(makePrivateFile(path_));
     EXPECT_EQ(contentOf(path_), "old");
 }
 
-TEST_F(DurableFile, ThatIsPrivateTakesThePlaceOfNothingElse) {
+TEST_F(DurableFile, PrivateFileRefusesOtherEntries) {
     folder_.makeLink("link", folder_.pathOf("missing"));
     folder_.makeFolder("folder");
     ASSERT_EQ(::mkfifo(folder_.pathOf("pipe").c_str(), 0600), 0);
@@ -156,7 +156,7 @@ TEST_F(DurableFile, ThatIsPrivateTakesThePlaceOfNothingElse) {
     EXPECT_FALSE(std::filesystem::exists(folder_.pathOf("missing")));
 }
 
-TEST_F(DurableFile, IsPutAsideUnderTheFirstFreeName) {
+TEST_F(DurableFile, IsRenamedToTheFirstFreeName) {
     for (const char* content : {"one", "two", "three"}) {
         folder_.writeFile("data.plist", content);
         EXPECT_TRUE(putAside(path_, ".unreadable"));
@@ -167,20 +167,20 @@ TEST_F(DurableFile, IsPutAsideUnderTheFirstFreeName) {
     EXPECT_EQ(contentOf(path_ + ".unreadable-3"), "three");
 }
 
-TEST_F(DurableFile, ThatIsMissingCannotBePutAside) {
+TEST_F(DurableFile, MissingFileCannotBeRenamed) {
     const Result<std::string> aside = putAside(path_, ".unreadable");
     ASSERT_FALSE(aside);
     EXPECT_EQ(aside.error().code, ENOENT);
 }
 
-TEST_F(DurableFile, FoldersAreMadeWithThoseAbove) {
+TEST_F(DurableFile, FoldersAreCreatedWithParents) {
     const std::string deep = folder_.pathOf("a/b/c");
     EXPECT_FALSE(makeFolders(deep));
     EXPECT_TRUE(std::filesystem::is_directory(deep));
     EXPECT_FALSE(makeFolders(deep));
 }
 
-TEST_F(DurableFile, FoldersOnAReadOnlyDiskAreRefusedWithThatReason) {
+TEST_F(DurableFile, FoldersOnAReadOnlyDiskFailWithErofs) {
     const std::string disk = folder_.makeFolder("disk");
     const Mount mount("none", disk, "tmpfs", MS_RDONLY);
     if (mount) {
@@ -190,13 +190,13 @@ TEST_F(DurableFile, FoldersOnAReadOnlyDiskAreRefusedWithThatReason) {
     }
 }
 
-TEST_F(DurableFile, AFolderWhereAFileStandsIsAFailure) {
+TEST_F(DurableFile, FolderInPlaceOfAFileFails) {
     folder_.writeFile("a", "file");
     EXPECT_TRUE(makeFolders(folder_.pathOf("a")));
     EXPECT_TRUE(makeFolders(folder_.pathOf("a/b")));
 }
 
-TEST_F(DurableFile, OneLockAtATime) {
+TEST_F(DurableFile, LockExcludesOtherThreads) {
     const std::string counter = folder_.writeFile("counter", "0");
     std::vector<std::thread> threads;
     for (int thread = 0; thread < 4; ++thread) {
@@ -215,12 +215,12 @@ TEST_F(DurableFile, OneLockAtATime) {
     EXPECT_EQ(contentOf(counter), "200");
 }
 
-TEST_F(DurableFile, ALockMakesAFolderThatIsMissing) {
+TEST_F(DurableFile, LockCreatesAMissingFolder) {
     EXPECT_TRUE(FolderLock::take(folder_.pathOf("missing/inner")));
     EXPECT_TRUE(std::filesystem::is_directory(folder_.pathOf("missing/inner")));
 }
 
-TEST_F(DurableFile, TheLockIsNotWaitedForLongerThanAsked) {
+TEST_F(DurableFile, LockAttemptTimesOut) {
     const auto held = FolderLock::take(folder_.path());
     ASSERT_TRUE(held);
     const auto begin = std::chrono::steady_clock::now();
@@ -231,7 +231,7 @@ TEST_F(DurableFile, TheLockIsNotWaitedForLongerThanAsked) {
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
 }
 
-TEST_F(DurableFile, ThereIsNoLockWhereAFileStands) {
+TEST_F(DurableFile, LockFailsForAFile) {
     EXPECT_FALSE(FolderLock::take(folder_.writeFile("file", "")));
 }
 

@@ -11,7 +11,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(FakePlatform, KnowsNothingAtFirst) {
+TEST(FakePlatform, IsEmptyInitially) {
     FakePlatform platform;
     EXPECT_TRUE(platform.mountedVolumes().empty());
     EXPECT_EQ(platform.userName(), std::nullopt);
@@ -20,7 +20,7 @@ TEST(FakePlatform, KnowsNothingAtFirst) {
     EXPECT_EQ(&platform.fileSystem(), &systemFileSystem());
 }
 
-TEST(FakePlatform, AnswersWhatWasSet) {
+TEST(FakePlatform, ReturnsTheSetValues) {
     FakePlatform platform;
     const std::vector<Volume> volumes{{"/", "ext4", VolumeKind::internal}};
     platform.setMountedVolumes(volumes);
@@ -34,7 +34,7 @@ TEST(FakePlatform, AnswersWhatWasSet) {
     EXPECT_EQ(platform.applicationSupportFolder(), "/home/ann/data");
 }
 
-TEST(FakePlatform, RunsInOneCopyAtFirst) {
+TEST(FakePlatform, RunsAsOneInstanceInitially) {
     FakePlatform platform;
     EXPECT_TRUE(platform.runningInstances().instances().empty());
     ASSERT_TRUE(platform.runningInstances().join({}));
@@ -43,13 +43,13 @@ TEST(FakePlatform, RunsInOneCopyAtFirst) {
     EXPECT_TRUE(platform.runningInstances().instances().empty());
 }
 
-TEST(FakeClock, StandsStillUntilItIsMoved) {
+TEST(FakeClock, StandsStillUntilAdvanced) {
     FakeClock clock;
     EXPECT_EQ(clock.now(), clock.now());
     EXPECT_EQ(clock.steadyNow(), clock.steadyNow());
 }
 
-TEST(FakeClock, AdvancesOnBothCounts) {
+TEST(FakeClock, AdvancesBothClocks) {
     FakeClock clock;
     const Timestamp now = clock.now();
     const auto steadyNow = clock.steadyNow();
@@ -58,7 +58,7 @@ TEST(FakeClock, AdvancesOnBothCounts) {
     EXPECT_EQ(clock.steadyNow() - steadyNow, 90s);
 }
 
-TEST(FakeClock, IsSetWithoutTheSteadyCountNoticing) {
+TEST(FakeClock, SettingTheDateKeepsTheSteadyTime) {
     FakeClock clock;
     const auto steadyNow = clock.steadyNow();
     clock.set(Timestamp(1s));

@@ -26,7 +26,7 @@ namespace {
 
 class FileLockTest : public ::testing::Test {
  protected:
-    /// Why a lock cannot be taken; 0 if it can, and it is released again.
+    /// The error number of an attempt to take a lock; 0 on success, and the lock is released.
     [[nodiscard]] int codeOf(std::uint64_t number,
                              LockSharing sharing = LockSharing::exclusive) const {
         const Result<FileLock> lock = locks_.tryTake(number, sharing);
@@ -41,7 +41,7 @@ class FileLockTest : public ::testing::Test {
     LockFile locks_{folder_.pathOf("own.lock")};
 };
 
-/// A child process that has taken a lock and sleeps.
+/// A child process that holds a lock until it is killed.
 class Holder final {
  public:
     Holder(const LockFile& locks, std::uint64_t number) {
@@ -78,7 +78,7 @@ class Holder final {
     pid_t child_ = -1;
 };
 
-TEST_F(FileLockTest, MakesTheFileForTheUserAlone) {
+TEST_F(FileLockTest, CreatesTheFileForTheUserAlone) {
     const mode_t old = ::umask(0);
     const Result<FileLock> lock = locks_.tryTake(1);
     ::umask(old);
@@ -93,7 +93,7 @@ TEST_F(FileLockTest, ExcludesASecondTakerOfTheSameProcess) {
     EXPECT_EQ(codeOf(7), EBUSY);
     EXPECT_EQ(codeOf(8), 0);
     EXPECT_EQ(codeOf(0), 0);
-    // The end of the refused attempts above did not release the first one.
+    // Closing the descriptors of the failed attempts did not release the first lock.
     EXPECT_EQ(codeOf(7), EBUSY);
     lock.reset();
     EXPECT_EQ(codeOf(7), 0);
@@ -107,7 +107,7 @@ TEST_F(FileLockTest, ExcludesOtherThreads) {
             for (int round = 0; round < 100; ++round) {
                 const Result<FileLock> lock = locks_.take(3, testPatience);
                 ASSERT_TRUE(lock);
-                // Two steps, which only the lock keeps together.
+                // Read and write, made atomic only by the lock.
                 const int read = counter.load();
                 std::this_thread::yield();
                 counter.store(read + 1);
@@ -120,7 +120,7 @@ TEST_F(FileLockTest, ExcludesOtherThreads) {
     EXPECT_EQ(counter.load(), 400);
 }
 
-TEST_F(FileLockTest, SharedHoldersExcludeExclusiveOnesOnly) {
+TEST_F(FileLockTest, SharedLocksExcludeExclusiveOnesOnly) {
     const Result<FileLock> one = locks_.tryTake(0, LockSharing::shared);
     ASSERT_TRUE(one);
     EXPECT_EQ(codeOf(0, LockSharing::shared), 0);
@@ -138,7 +138,7 @@ TEST_F(FileLockTest, IsReleasedWhenItsProcessIsKilled) {
     EXPECT_EQ(codeOf(9), 0);
 }
 
-TEST_F(FileLockTest, IsNotInheritedByAProgramThatIsStarted) {
+TEST_F(FileLockTest, IsNotInheritedThroughExec) {
     std::optional<Result<FileLock>> lock(locks_.tryTake(2));
     ASSERT_TRUE(*lock);
     int ends[2];
@@ -171,7 +171,7 @@ TEST_F(FileLockTest, AttemptTimesOut) {
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
 }
 
-TEST_F(FileLockTest, GoesToTheWaitingTakerBeforeTheLastHolder) {
+TEST_F(FileLockTest, WaitingTakerGoesBeforeTheLastHolder) {
     for (int round = 0; round < 20 && !HasFailure(); ++round) {
         std::optional<Result<FileLock>> held(locks_.take(1, testPatience));
         ASSERT_TRUE(*held);
@@ -183,7 +183,7 @@ TEST_F(FileLockTest, GoesToTheWaitingTakerBeforeTheLastHolder) {
             EXPECT_TRUE(lock);
             waiterWasFirst = true;
         });
-        // Once it sleeps, it waits for the lock.
+        // Once it sleeps, it is waiting for the lock.
         EXPECT_TRUE(waitUntil([&] { return waiter != 0 && isAsleep(waiter); }));
         held.reset();
         const Result<FileLock> again = locks_.take(1, testPatience);
@@ -193,7 +193,7 @@ TEST_F(FileLockTest, GoesToTheWaitingTakerBeforeTheLastHolder) {
     }
 }
 
-TEST_F(FileLockTest, RefusesALinkInPlaceOfTheFile) {
+TEST_F(FileLockTest, RefusesASymbolicLink) {
     const std::string target = folder_.writeFile("target", "untouched");
     folder_.makeLink("own.lock", target);
     EXPECT_EQ(codeOf(1), ELOOP);
@@ -203,14 +203,14 @@ TEST_F(FileLockTest, RefusesALinkInPlaceOfTheFile) {
     EXPECT_FALSE(std::filesystem::exists(folder_.pathOf("missing")));
 }
 
-TEST_F(FileLockTest, RefusesWhatIsNotARegularFile) {
+TEST_F(FileLockTest, RefusesFoldersAndPipes) {
     EXPECT_EQ(codeOf(LockFile(folder_.makeFolder("folder"))), EISDIR);
     const std::string pipe = folder_.pathOf("pipe");
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_EQ(codeOf(LockFile(pipe)), EPERM);
 }
 
-TEST_F(FileLockTest, RefusesTheFileOfAnotherUser) {
+TEST_F(FileLockTest, RefusesAFileOfAnotherUser) {
     if (::geteuid() != 0) {
         GTEST_SKIP() << "only root can become another user";
     }
@@ -231,11 +231,11 @@ TEST_F(FileLockTest, RefusesTheFileOfAnotherUser) {
     EXPECT_EQ(codeOf(1), 0);  // root may
 }
 
-TEST_F(FileLockTest, NeedsItsFolder) {
+TEST_F(FileLockTest, FailsInAMissingFolder) {
     EXPECT_EQ(codeOf(LockFile(folder_.pathOf("missing/own.lock"))), ENOENT);
 }
 
-TEST_F(FileLockTest, CannotBeTakenOnAReadOnlyDisk) {
+TEST_F(FileLockTest, FailsOnAReadOnlyDisk) {
     const std::string disk = folder_.makeFolder("disk");
     const Mount mount("none", disk, "tmpfs", MS_RDONLY);
     if (mount) {
@@ -260,7 +260,7 @@ TEST_F(RepeatedLockTest, ExcludesOthersWhileItIsHeld) {
     }
 }
 
-TEST_F(RepeatedLockTest, IsRefusedWhileOthersHoldIt) {
+TEST_F(RepeatedLockTest, TimesOutWhileOthersHoldIt) {
     const Result<FileLock> held = locks_.tryTake(5);
     ASSERT_TRUE(held);
     const auto refusal = lock_.take(atOnce);
@@ -268,7 +268,7 @@ TEST_F(RepeatedLockTest, IsRefusedWhileOthersHoldIt) {
     EXPECT_EQ(refusal->code, EBUSY);
 }
 
-TEST_F(RepeatedLockTest, ExcludesAnotherOfTheSameNumber) {
+TEST_F(RepeatedLockTest, ExcludesAnotherWithTheSameNumber) {
     RepeatedLock other(locks_, 5);
     ASSERT_FALSE(lock_.take(atOnce).has_value());
     EXPECT_TRUE(other.take(atOnce).has_value());
@@ -277,7 +277,7 @@ TEST_F(RepeatedLockTest, ExcludesAnotherOfTheSameNumber) {
     EXPECT_TRUE(lock_.take(atOnce).has_value());
 }
 
-TEST_F(RepeatedLockTest, IsTakenAgainAfterOneThatWasWaiting) {
+TEST_F(RepeatedLockTest, QueuesBehindAWaitingTaker) {
     const auto begin = std::chrono::steady_clock::now();
     ASSERT_FALSE(lock_.take(atOnce).has_value());
     std::atomic<bool> got{false};
@@ -285,9 +285,9 @@ TEST_F(RepeatedLockTest, IsTakenAgainAfterOneThatWasWaiting) {
         RepeatedLock other(locks_, 5);
         got = !other.take(std::chrono::seconds(30)).has_value();
     });
-    // Until it is next.
+    // Wait until the other taker is next.
     EXPECT_TRUE(waitUntil([&] { return codeOf(5 + (std::uint64_t{1} << 62U)) == EBUSY; }));
-    // For a millisecond it may be taken again without a look at the others.
+    // For a millisecond it may be taken again without queueing.
     EXPECT_TRUE(waitUntil([begin] {
         return std::chrono::steady_clock::now() - begin > std::chrono::milliseconds(2);
     }));
@@ -297,7 +297,7 @@ TEST_F(RepeatedLockTest, IsTakenAgainAfterOneThatWasWaiting) {
     waiter.join();
 }
 
-TEST_F(RepeatedLockTest, IsReleasedWithTheObject) {
+TEST_F(RepeatedLockTest, IsReleasedOnDestruction) {
     {
         RepeatedLock other(locks_, 5);
         ASSERT_FALSE(other.take(atOnce).has_value());
@@ -305,7 +305,7 @@ TEST_F(RepeatedLockTest, IsReleasedWithTheObject) {
     EXPECT_EQ(codeOf(5), 0);
 }
 
-TEST_F(RepeatedLockTest, TellsWhyTheFileCannotBeUsed) {
+TEST_F(RepeatedLockTest, ReportsWhyTheFileCannotBeUsed) {
     RepeatedLock nowhere(LockFile(folder_.pathOf("missing/own.lock")), 5);
     const auto refusal = nowhere.take(atOnce);
     ASSERT_TRUE(refusal.has_value());

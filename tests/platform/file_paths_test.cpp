@@ -11,7 +11,7 @@
 namespace tarvin {
 namespace {
 
-/// Makes a folder the current one for as long as it lives.
+/// Changes the current folder until destruction.
 class CurrentFolder final {
  public:
     explicit CurrentFolder(const std::string& path) : before_(std::filesystem::current_path()) {
@@ -33,11 +33,11 @@ std::string pathFor(const std::string& given) {
     return path ? *path : "refused: " + path.error().text();
 }
 
-TEST(AbsolutePath, AnAbsolutePathStaysAsItIs) {
+TEST(AbsolutePath, KeepsAnAbsolutePath) {
     EXPECT_EQ(pathFor("/no such/folder \xFF\n"), "/no such/folder \xFF\n");
 }
 
-TEST(AbsolutePath, NeedlessPartsAreDropped) {
+TEST(AbsolutePath, RemovesRedundantComponents) {
     EXPECT_EQ(pathFor("/a/"), "/a");
     EXPECT_EQ(pathFor("//a///b//"), "/a/b");
     EXPECT_EQ(pathFor("/./a/././b/."), "/a/b");
@@ -49,11 +49,11 @@ TEST(AbsolutePath, TheRootIsOneSlash) {
     }
 }
 
-TEST(AbsolutePath, NamesThatBeginWithDotsAreNames) {
+TEST(AbsolutePath, KeepsNamesThatBeginWithDots) {
     EXPECT_EQ(pathFor("/.a/..b/...//c."), "/.a/..b/.../c.");
 }
 
-TEST(AbsolutePath, ARelativePathIsPutBehindTheCurrentFolder) {
+TEST(AbsolutePath, ResolvesRelativeToTheCurrentFolder) {
     const TemporaryFolder folder;
     const CurrentFolder current(folder.path());
     EXPECT_EQ(pathFor("not there/x"), folder.pathOf("not there/x"));
@@ -62,20 +62,20 @@ TEST(AbsolutePath, ARelativePathIsPutBehindTheCurrentFolder) {
     EXPECT_EQ(pathFor("~"), folder.pathOf("~"));
 }
 
-TEST(AbsolutePath, InTheRootFolderOneSlashIsEnough) {
+TEST(AbsolutePath, ResolvesRelativeToTheRoot) {
     const CurrentFolder current("/");
     EXPECT_EQ(pathFor("a"), "/a");
     EXPECT_EQ(pathFor("."), "/");
 }
 
-TEST(AbsolutePath, ALinkStaysALink) {
+TEST(AbsolutePath, KeepsSymbolicLinks) {
     const TemporaryFolder folder;
     folder.makeFolder("real");
     folder.makeLink("link", "real");
     EXPECT_EQ(pathFor(folder.pathOf("link/")), folder.pathOf("link"));
 }
 
-TEST(AbsolutePath, TheParentOfALinkedFolderIsThatOfTheRealOne) {
+TEST(AbsolutePath, ParentOfALinkIsThatOfItsTarget) {
     const TemporaryFolder folder;
     folder.makeFolder("deep/real");
     folder.makeFolder("deep/beside");
@@ -85,17 +85,17 @@ TEST(AbsolutePath, TheParentOfALinkedFolderIsThatOfTheRealOne) {
     EXPECT_EQ(pathFor(".."), folder.pathOf("deep"));
 }
 
-TEST(AbsolutePath, WhatCannotBeResolvedIsLeftForTheReaderToFailOn) {
+TEST(AbsolutePath, KeepsAPathThatCannotBeResolved) {
     EXPECT_EQ(pathFor("/no such folder/../x/."), "/no such folder/../x");
 }
 
-TEST(AbsolutePath, TheEmptyPathIsNotTheCurrentFolder) {
+TEST(AbsolutePath, RefusesTheEmptyPath) {
     const Result<std::string> path = absolutePath("");
     ASSERT_FALSE(path.ok());
     EXPECT_EQ(path.error().code, ENOENT);
 }
 
-TEST(AbsolutePath, WithoutACurrentFolderOnlyAbsolutePathsMeanSomething) {
+TEST(AbsolutePath, RefusesRelativePathsWithoutACurrentFolder) {
     const TemporaryFolder folder;
     const CurrentFolder current(folder.makeFolder("gone"));
     std::filesystem::remove(folder.pathOf("gone"));

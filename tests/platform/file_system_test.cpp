@@ -40,8 +40,7 @@ using namespace std::chrono_literals;
 // Not the owner of anything here, nor of the system's files.
 constexpr uid_t nobody = 65534;
 
-/// Lets this thread's calls be judged as those of a user without rights. Changes nothing if the
-/// tests run without rights anyway.
+/// Runs this thread as an unprivileged user. No effect if the tests are not run by root.
 class WithoutRights final {
  public:
     WithoutRights() : before_(static_cast<uid_t>(::setfsuid(nobody))) {}
@@ -76,7 +75,7 @@ std::string textOf(std::span<const std::byte> bytes) {
     return text;
 }
 
-/// The error number of a call that has failed; 0 if it has not.
+/// The error number of a failed call; 0 on success.
 template <typename Value>
 int errorOf(const Result<Value>& result) {
     return result ? 0 : result.error().code;
@@ -98,7 +97,7 @@ class FileSystemTest : public testing::Test {
         return opened ? std::move(*opened) : Descriptor();
     }
 
-    /// All entries of a folder. Each may come but once.
+    /// All entries of a folder; fails on a repeated one.
     Listed list(const std::string& path, std::size_t blockBytes = 32 * 1024) {
         const Descriptor opened = folder(path);
         EntryBlock block(blockBytes);
@@ -146,7 +145,7 @@ TEST_F(FileSystemListing, IsEmptyForAnEmptyFolder) {
     EXPECT_TRUE(list(tree_.path()).empty());
 }
 
-TEST_F(FileSystemListing, TellsFilesFoldersAndTheRestApart) {
+TEST_F(FileSystemListing, DistinguishesFilesFoldersAndOthers) {
     tree_.writeFile("file");
     tree_.makeFolder("folder");
     tree_.makeLink("link to file", "file");
@@ -163,14 +162,14 @@ TEST_F(FileSystemListing, TellsFilesFoldersAndTheRestApart) {
                                           {"socket", EntryType::other}}));
 }
 
-TEST_F(FileSystemListing, LeavesOnlyTheFolderItselfAndItsParentOut) {
+TEST_F(FileSystemListing, OmitsOnlyDotAndDotDot) {
     for (const char* name : {"...", "..a", ".a", ". ", ".. ", "a."}) {
         tree_.writeFile(name);
     }
     EXPECT_EQ(list(tree_.path()).size(), 6u);
 }
 
-TEST_F(FileSystemListing, GivesNamesByteForByte) {
+TEST_F(FileSystemListing, ReturnsNamesByteForByte) {
     Listed expected;
     for (int byte = 1; byte < 256; ++byte) {
         const auto letter = static_cast<char>(byte);
@@ -186,7 +185,7 @@ TEST_F(FileSystemListing, GivesNamesByteForByte) {
     EXPECT_EQ(list(tree_.path()), expected);
 }
 
-TEST_F(FileSystemListing, GivesTheLongestNamesInTheSmallestPortions) {
+TEST_F(FileSystemListing, ReturnsTheLongestNamesInTheSmallestBatches) {
     Listed expected;
     for (int number = 100; number < 200; ++number) {
         const std::string name = std::to_string(number) + std::string(252, 'n');
@@ -196,7 +195,7 @@ TEST_F(FileSystemListing, GivesTheLongestNamesInTheSmallestPortions) {
     EXPECT_EQ(list(tree_.path(), 4096), expected);
 }
 
-TEST_F(FileSystemListing, GivesEachOfAHundredThousandEntriesOnce) {
+TEST_F(FileSystemListing, ReturnsEachOfAHundredThousandEntriesOnce) {
     constexpr std::size_t count = 100'000;
     tree_.makeFiles("many", count);
     const Listed listed = list(tree_.pathOf("many"));
@@ -206,7 +205,7 @@ TEST_F(FileSystemListing, GivesEachOfAHundredThousandEntriesOnce) {
     }
 }
 
-TEST_F(FileSystemListing, GivesTheSameOrderEachTime) {
+TEST_F(FileSystemListing, ReturnsTheSameOrderEachTime) {
     tree_.makeFiles("many", 3000);
     const auto order = [&](std::size_t blockBytes) {
         const Descriptor opened = folder(tree_.pathOf("many"));
@@ -234,7 +233,7 @@ TEST_F(FileSystemListing, StaysAtItsEnd) {
     EXPECT_FALSE(*fileSystem_.listEntries(opened, block));
 }
 
-TEST_F(FileSystemListing, FailsForAFileAndLeavesNothingInTheBlock) {
+TEST_F(FileSystemListing, FailsForAFileWithAnEmptyBlock) {
     tree_.writeFile("file");
     EntryBlock block(4096);
     ASSERT_TRUE(*fileSystem_.listEntries(folder(tree_.path()), block));
@@ -244,7 +243,7 @@ TEST_F(FileSystemListing, FailsForAFileAndLeavesNothingInTheBlock) {
     EXPECT_TRUE(block.entries().empty());
 }
 
-TEST_F(FileSystemListing, GivesNothingOfAFolderThatIsGone) {
+TEST_F(FileSystemListing, IsEmptyForARemovedFolder) {
     const std::string path = tree_.makeFolder("folder");
     const Descriptor opened = folder(path);
     ASSERT_EQ(::rmdir(path.c_str()), 0);
@@ -254,7 +253,7 @@ TEST_F(FileSystemListing, GivesNothingOfAFolderThatIsGone) {
     EXPECT_TRUE(block.entries().empty());
 }
 
-TEST_F(FileSystemAttributes, HoldWhatTheFileSystemRecords) {
+TEST_F(FileSystemAttributes, HoldSizeTimesAndIdentity) {
     const std::string path = tree_.writeFile("file", "12345");
     setTimes(path, {1'600'000'000, 0}, {1'700'000'000, 123'456'789});
     const FileAttributes attributes = attributesAt(tree_.path(), "file");
@@ -279,7 +278,7 @@ TEST_F(FileSystemAttributes, HoldTheTimeOfCreation) {
         EXPECT_EQ(answer.stx_mask & STATX_BTIME, 0u);
         GTEST_SKIP() << "the temporary folder's file system records no time of creation";
     }
-    // File systems look at a clock that is up to a hundredth of a second behind.
+    // The clock of file systems is up to 10 ms behind.
     EXPECT_GE(*created, before - 100ms);
     EXPECT_LE(*created, std::chrono::system_clock::now());
 }
@@ -292,7 +291,7 @@ TEST_F(FileSystemAttributes, HoldTimesBeforeTheFirstSecond) {
     EXPECT_EQ(attributesAt(tree_.path(), "file").modified, Timestamp(0ns));
 }
 
-TEST_F(FileSystemAttributes, HoldTimesBeyondTheirRangeAtItsEnds) {
+TEST_F(FileSystemAttributes, ClampTimesOutOfRange) {
     const std::string path = tree_.writeFile("file");
     struct Row {
         time_t seconds;
@@ -329,7 +328,7 @@ TEST_F(FileSystemAttributes, AreThoseOfALinkItself) {
                  attributesAt(tree_.path(), "file").identity);
 }
 
-TEST_F(FileSystemAttributes, TellFoldersPipesAndSocketsApartFromFiles) {
+TEST_F(FileSystemAttributes, DistinguishFoldersPipesAndSocketsFromFiles) {
     tree_.makeFolder("folder");
     tree_.makePipe("pipe");
     tree_.makeSocket("socket");
@@ -339,7 +338,7 @@ TEST_F(FileSystemAttributes, TellFoldersPipesAndSocketsApartFromFiles) {
     EXPECT_EQ(attributesAt("/dev", "null").type, EntryType::other);
 }
 
-TEST_F(FileSystemAttributes, AreTheSameByNameAndOfWhatIsOpen) {
+TEST_F(FileSystemAttributes, AreTheSameByNameAndByDescriptor) {
     const std::string path = tree_.writeFile("folder/file", "12345");
     const FileAttributes byName = attributesAt(tree_.pathOf("folder"), "file");
     const Result<FileAttributes> open = fileSystem_.attributesOf(file(path));
@@ -356,7 +355,7 @@ TEST_F(FileSystemAttributes, AreTheSameByNameAndOfWhatIsOpen) {
     EXPECT_EQ(openFolder->identity, attributesAt(tree_.path(), "folder").identity);
 }
 
-TEST_F(FileSystemAttributes, OfATargetAreThoseOfWhatALinkLeadsTo) {
+TEST_F(FileSystemAttributes, OfATargetFollowTheLink) {
     tree_.writeFile("folder/file", "12345");
     tree_.makeLink("link to file", "folder/file");
     tree_.makeLink("link to folder", tree_.pathOf("folder"));
@@ -390,7 +389,7 @@ TEST_F(FileSystemAttributes, AtAPathAreThoseOfTheEntryItself) {
     EXPECT_EQ(errorOf(fileSystem_.attributesAtPath("")), ENOENT);
 }
 
-TEST_F(FileSystemAttributes, AtAPathNeedNoRightToOpenTheFile) {
+TEST_F(FileSystemAttributes, AtAPathNeedNoReadPermission) {
     const std::string path = tree_.writeFile("closed", "123");
     ASSERT_EQ(::chmod(path.c_str(), 0), 0);
     ASSERT_EQ(::chmod(tree_.path().c_str(), 0755), 0);
@@ -398,13 +397,13 @@ TEST_F(FileSystemAttributes, AtAPathNeedNoRightToOpenTheFile) {
     EXPECT_EQ(fileSystem_.attributesAtPath(path)->size, 3u);
 }
 
-TEST_F(FileSystemAttributes, AtAPathMayBeBelowAnyNumberOfFolders) {
+TEST_F(FileSystemAttributes, AtAPathOfAnyLength) {
     const std::string bottom = tree_.makeChain("", std::string(200, 'd'), 60, {"file"}, "123");
     ASSERT_GT(bottom.size(), 10'000u);
     EXPECT_EQ(fileSystem_.attributesAtPath(bottom + "/file")->size, 3u);
 }
 
-TEST_F(FileSystemAttributes, AreOneIdentityForAllNamesOfAFile) {
+TEST_F(FileSystemAttributes, HaveOneIdentityForAllHardLinks) {
     const std::string path = tree_.writeFile("one");
     ASSERT_EQ(::link(path.c_str(), tree_.pathOf("other").c_str()), 0);
     tree_.writeFile("third");
@@ -414,7 +413,7 @@ TEST_F(FileSystemAttributes, AreOneIdentityForAllNamesOfAFile) {
                  attributesAt(tree_.path(), "third").identity);
 }
 
-TEST_F(FileSystemAttributes, SayWhatIsImmutable) {
+TEST_F(FileSystemAttributes, ReportTheImmutableFlag) {
     const std::string path = tree_.writeFile("file");
     EXPECT_FALSE(attributesAt(tree_.path(), "file").immutable);
     const Descriptor opened = file(path);
@@ -431,7 +430,7 @@ TEST_F(FileSystemAttributes, SayWhatIsImmutable) {
     EXPECT_FALSE(attributesAt(tree_.path(), "file").immutable);
 }
 
-TEST_F(FileSystemAttributes, AreNoneForWhatIsMissing) {
+TEST_F(FileSystemAttributes, FailForAMissingEntry) {
     tree_.writeFile("file");
     const Descriptor opened = folder(tree_.path());
     EXPECT_EQ(errorOf(fileSystem_.attributesAt(opened, "missing")), ENOENT);
@@ -445,11 +444,11 @@ TEST_F(FileSystemOpening, DoesNotFollowALinkToAFolder) {
     const std::string link = tree_.makeLink("link", "folder");
     EXPECT_NE(errorOf(fileSystem_.openDirectory(link)), 0);
     EXPECT_NE(errorOf(fileSystem_.openDirectoryAt(folder(tree_.path()), "link")), 0);
-    // Only the last component counts.
+    // Links in other components are followed.
     EXPECT_EQ(errorOf(fileSystem_.openDirectory(link + "/inner")), 0);
 }
 
-TEST_F(FileSystemOpening, FollowsALinkWhereAWalkBegins) {
+TEST_F(FileSystemOpening, FollowsALinkToTheRootOfAWalk) {
     const std::string path = tree_.makeFolder("folder");
     tree_.makeLink("link", "folder");
     tree_.makeLink("link to link", "link");
@@ -468,7 +467,7 @@ TEST_F(FileSystemOpening, DoesNotFollowALinkToAFile) {
     EXPECT_EQ(errorOf(fileSystem_.openFile(tree_.pathOf("link to folder/file"))), 0);
 }
 
-TEST_F(FileSystemOpening, RefusesAFileWhereAFolderIsWanted) {
+TEST_F(FileSystemOpening, RefusesAFileInPlaceOfAFolder) {
     const std::string path = tree_.writeFile("file");
     EXPECT_EQ(errorOf(fileSystem_.openRootDirectory(path)), ENOTDIR);
     EXPECT_EQ(errorOf(fileSystem_.openDirectory(path)), ENOTDIR);
@@ -476,7 +475,7 @@ TEST_F(FileSystemOpening, RefusesAFileWhereAFolderIsWanted) {
     EXPECT_EQ(errorOf(fileSystem_.openRootDirectory(tree_.makePipe("pipe"))), ENOTDIR);
 }
 
-TEST_F(FileSystemOpening, SaysWhatIsMissing) {
+TEST_F(FileSystemOpening, ReportsAMissingEntry) {
     tree_.makeFolder("folder");
     for (const char* name : {"missing", "missing/inner", "folder/missing"}) {
         const std::string path = tree_.pathOf(name);
@@ -489,7 +488,7 @@ TEST_F(FileSystemOpening, SaysWhatIsMissing) {
     EXPECT_EQ(errorOf(fileSystem_.openFile("")), ENOENT);
 }
 
-TEST_F(FileSystemOpening, SaysWhatIsClosedToTheUser) {
+TEST_F(FileSystemOpening, ReportsAMissingPermission) {
     const std::string closedFile = tree_.writeFile("closed/file");
     const std::string closedFolder = tree_.pathOf("closed");
     const std::string file = tree_.writeFile("file");
@@ -510,7 +509,7 @@ TEST_F(FileSystemOpening, SaysWhatIsClosedToTheUser) {
 }
 
 TEST_F(FileSystemOpening, ReadsFilesOfOthers) {
-    // Only its owner may ask for a file's access time to be left alone.
+    // O_NOATIME is for the owner only.
     const std::string path = tree_.writeFile("file", "bytes");
     ASSERT_EQ(::chmod(tree_.path().c_str(), 0711), 0);
     ASSERT_EQ(::chmod(path.c_str(), 0644), 0);
@@ -522,7 +521,7 @@ TEST_F(FileSystemOpening, ReadsFilesOfOthers) {
     EXPECT_TRUE(accounts.isOpen());
 }
 
-TEST_F(FileSystemOpening, NeverWaitsForAPipeOrADevice) {
+TEST_F(FileSystemOpening, DoesNotBlockOnAPipeOrADevice) {
     const std::string pipe = tree_.makePipe("pipe");
     const std::string socket = tree_.makeSocket("socket");
     const auto begin = std::chrono::steady_clock::now();
@@ -555,7 +554,7 @@ TEST_F(FileSystemOpening, TakesPathsOfAnyLength) {
     EXPECT_EQ(list(bottom), (Listed{{"file", EntryType::regular}}));
 }
 
-TEST_F(FileSystemOpening, TakesPathsOfEveryLengthAroundThoseTheKernelTakes) {
+TEST_F(FileSystemOpening, TakesPathsOfEveryLengthAroundPathMax) {
     // A chain of 3,900 bytes and more, and below it a folder and a file whose names make the paths
     // as long as wanted.
     const std::size_t each = 99;
@@ -596,7 +595,7 @@ TEST_F(FileSystemOpening, TakesLongPathsWithSeveralSlashesInARow) {
             }
         }
         path += "/file";
-        // Moves the place at which the path is too long over a whole step.
+        // Moves the position of the cut over a whole step.
         for (std::size_t shift = 0; shift < 20; ++shift) {
             const std::string shifted = std::string(shift, '/') + path;
             EXPECT_EQ(errorOf(fileSystem_.openFile(shifted)), 0) << slashes << ' ' << shift;
@@ -604,9 +603,9 @@ TEST_F(FileSystemOpening, TakesLongPathsWithSeveralSlashesInARow) {
     }
 }
 
-TEST_F(FileSystemOpening, TakesLongPathsWithSlashesAtTheirEnd) {
+TEST_F(FileSystemOpening, TakesLongPathsWithTrailingSlashes) {
     const std::string bottom = tree_.makeChain("", "some folder", 500);
-    // From one that is cut inside its last name to one that is cut behind it.
+    // Cuts inside the last name and behind it.
     for (std::size_t length = 4'070; length <= 4'120; ++length) {
         const std::string path = bottom.substr(0, bottom.find('/', length - 10)) + "//////////";
         const std::string shifted = std::string(length % 12, '/') + path;
@@ -614,7 +613,7 @@ TEST_F(FileSystemOpening, TakesLongPathsWithSlashesAtTheirEnd) {
     }
 }
 
-TEST_F(FileSystemOpening, SaysWhatIsWrongWithLongPaths) {
+TEST_F(FileSystemOpening, ReportsErrorsInLongPaths) {
     const std::string bottom = tree_.makeChain("", std::string(200, 'd'), 60, {"file"});
     const Descriptor opened = folder(bottom);
     ASSERT_EQ(::symlinkat("file", opened.number(), "link"), 0);
@@ -624,7 +623,7 @@ TEST_F(FileSystemOpening, SaysWhatIsWrongWithLongPaths) {
     EXPECT_EQ(errorOf(fileSystem_.openFile(bottom + "/link")), ELOOP);
     EXPECT_NE(errorOf(fileSystem_.openDirectory(bottom + "/here")), 0);
     EXPECT_EQ(errorOf(fileSystem_.openRootDirectory(bottom + "/here")), 0);
-    // Missing in the first part, in the middle, and a file in the middle.
+    // Missing in the first step, in the middle, and a file in the middle.
     std::string missing = bottom;
     missing[tree_.path().size() + 50] = 'x';
     EXPECT_EQ(errorOf(fileSystem_.openFile(missing + "/file")), ENOENT);
@@ -681,14 +680,14 @@ TEST_F(FileSystemOpening, LeavesNoDescriptorBehind) {
     EXPECT_EQ(openDescriptors(), before);
 }
 
-TEST_F(FileSystemOpening, PassesNothingOnToProgramsThatAreStarted) {
+TEST_F(FileSystemOpening, DescriptorsAreNotInherited) {
     const Descriptor opened = file(tree_.writeFile("file"));
     const Descriptor openedFolder = folder(tree_.path());
     EXPECT_NE(::fcntl(opened.number(), F_GETFD) & FD_CLOEXEC, 0);
     EXPECT_NE(::fcntl(openedFolder.number(), F_GETFD) & FD_CLOEXEC, 0);
 }
 
-TEST_F(FileSystemReading, GivesWhatIsThere) {
+TEST_F(FileSystemReading, ReturnsTheContent) {
     const Descriptor opened = file(tree_.writeFile("file", "0123456789"));
     EXPECT_EQ(read(opened, 0, 10), "0123456789");
     EXPECT_EQ(read(opened, 0, 4), "0123");
@@ -696,7 +695,7 @@ TEST_F(FileSystemReading, GivesWhatIsThere) {
     EXPECT_EQ(read(opened, 4, 0), "");
 }
 
-TEST_F(FileSystemReading, GivesLessAtTheEnd) {
+TEST_F(FileSystemReading, ReturnsLessAtTheEnd) {
     const Descriptor opened = file(tree_.writeFile("file", "0123456789"));
     EXPECT_EQ(read(opened, 0, 100), "0123456789");
     EXPECT_EQ(read(opened, 7, 100), "789");
@@ -706,7 +705,7 @@ TEST_F(FileSystemReading, GivesLessAtTheEnd) {
     EXPECT_EQ(read(empty, 0, 100), "");
 }
 
-TEST_F(FileSystemReading, IsContentWithEnough) {
+TEST_F(FileSystemReading, StopsAfterEnoughBytes) {
     const Descriptor opened = file(tree_.writeFile("file", "0123456789"));
     std::vector<std::byte> room(100);
     const auto readAtLeast = [&](std::uint64_t offset, std::size_t enough) {
@@ -729,14 +728,14 @@ TEST_F(FileSystemReading, ReachesBeyondFourGibibytes) {
     EXPECT_EQ(read(opened, 0, 2), std::string("\0\0", 2));
 }
 
-TEST_F(FileSystemReading, FillsWhatTheKernelGivesInPortions) {
-    // More than one call gives at once on any system.
+TEST_F(FileSystemReading, RepeatsShortReads) {
+    // More than one read() returns on any system.
     const std::string bytes(20'000'000, 'x');
     const Descriptor opened = file(tree_.writeFile("file", bytes));
     EXPECT_EQ(read(opened, 0, 20'000'000), bytes);
 }
 
-TEST_F(FileSystemReading, SeesWhatHasBecomeOfTheFile) {
+TEST_F(FileSystemReading, SeesChangesOfTheFile) {
     const std::string path = tree_.writeFile("file", "0123456789");
     const Descriptor opened = file(path);
     ASSERT_EQ(::truncate(path.c_str(), 4), 0);
@@ -744,7 +743,7 @@ TEST_F(FileSystemReading, SeesWhatHasBecomeOfTheFile) {
     EXPECT_EQ(fileSystem_.attributesOf(opened)->size, 4u);
 }
 
-TEST_F(FileSystemReading, GoesOnWithAFileThatIsDeletedOrReplaced) {
+TEST_F(FileSystemReading, ContinuesWithADeletedOrReplacedFile) {
     const std::string path = tree_.writeFile("file", "first");
     const Descriptor opened = file(path);
     ASSERT_EQ(::unlink(path.c_str()), 0);
@@ -755,9 +754,9 @@ TEST_F(FileSystemReading, GoesOnWithAFileThatIsDeletedOrReplaced) {
                  fileSystem_.attributesOf(file(path))->identity);
 }
 
-TEST_F(FileSystemReading, DoesNotCountAsAUseOfTheFile) {
+TEST_F(FileSystemReading, KeepsTheAccessTime) {
     const std::string path = tree_.writeFile("file", "bytes");
-    // Read last long before it was written: any access would be recorded.
+    // An access time before the modification time: relatime would update it.
     setTimes(path, {1'000'000'000, 0}, {1'700'000'000, 0});
     {
         const Descriptor opened = file(path);
@@ -770,7 +769,7 @@ TEST_F(FileSystemReading, DoesNotCountAsAUseOfTheFile) {
     EXPECT_EQ(after.st_atim.tv_sec, 1'000'000'000);
 }
 
-TEST_F(FileSystemReading, FromMemoryGivesNoMoreThanThereIs) {
+TEST_F(FileSystemReading, CachedReturnsNoMoreThanTheFile) {
     std::string bytes;
     for (int number = 0; number < 100'000; ++number) {
         bytes += std::to_string(number);
@@ -789,7 +788,7 @@ TEST_F(FileSystemReading, FromMemoryGivesNoMoreThanThereIs) {
     EXPECT_EQ(*fileSystem_.readCachedAt(opened, 0, std::span<std::byte>()), 0u);
 }
 
-TEST_F(FileSystemReading, FromMemoryGivesTheBytesOrNothingOfAFileThatIsOnlyOnTheDevice) {
+TEST_F(FileSystemReading, CachedReturnsTheBytesOrNothing) {
     const std::string bytes(1'000'000, 'b');
     const std::string path = tree_.writeFile("file", bytes);
     const Descriptor opened = file(path);
@@ -800,11 +799,11 @@ TEST_F(FileSystemReading, FromMemoryGivesTheBytesOrNothingOfAFileThatIsOnlyOnThe
     const Result<std::size_t> got = fileSystem_.readCachedAt(opened, 0, room);
     ASSERT_TRUE(got);
     EXPECT_EQ(textOf(std::span(room).first(*got)), bytes.substr(0, *got));
-    // Whatever was there, the rest can be read.
+    // The rest can be read in any case.
     EXPECT_EQ(read(opened, *got, bytes.size()), bytes.substr(*got));
 }
 
-TEST_F(FileSystemReading, OfWhatCannotBeReadFails) {
+TEST_F(FileSystemReading, FailsForAFolder) {
     const std::string path = tree_.writeFile("file", "bytes");
     const Descriptor opened = folder(tree_.path());
     std::vector<std::byte> room(10);
@@ -812,7 +811,7 @@ TEST_F(FileSystemReading, OfWhatCannotBeReadFails) {
     EXPECT_EQ(*fileSystem_.readCachedAt(opened, 0, room), 0u);
 }
 
-TEST_F(FileSystemReading, MayBeDoneOnManyThreadsOfOneFile) {
+TEST_F(FileSystemReading, WorksOnManyThreadsWithOneFile) {
     std::string bytes;
     for (int number = 0; number < 50'000; ++number) {
         bytes += std::to_string(number);
@@ -835,7 +834,7 @@ TEST_F(FileSystemReading, MayBeDoneOnManyThreadsOfOneFile) {
     EXPECT_EQ(wrong, 0);
 }
 
-TEST_F(FileSystemDevices, OfTheKernelHoldNoFilesOfAnybody) {
+TEST_F(FileSystemDevices, OfTheKernelArePseudoFileSystems) {
     std::size_t asked = 0;
     for (const char* path : {"/proc", "/sys", "/dev/pts"}) {
         const Result<Descriptor> opened = fileSystem_.openRootDirectory(path);
@@ -851,19 +850,19 @@ TEST_F(FileSystemDevices, OfTheKernelHoldNoFilesOfAnybody) {
     EXPECT_GT(asked, 0u);
 }
 
-TEST_F(FileSystemDevices, OfTheTemporaryFolderHoldFiles) {
+TEST_F(FileSystemDevices, OfTheTemporaryFolderAreNotPseudo) {
     const std::uint64_t device = attributesAt(tree_.path(), ".").identity.device;
     EXPECT_FALSE(fileSystem_.isPseudoFileSystem(device));
     EXPECT_FALSE(fileSystem_.isPseudoFileSystem(device));
 }
 
-TEST_F(FileSystemDevices, NobodyKnowsAreOrdinary) {
-    // A device number that no mount has: major 4095 is not given to anybody.
+TEST_F(FileSystemDevices, UnknownOnesAreOrdinary) {
+    // Major number 4095 is not assigned.
     EXPECT_FALSE(fileSystem_.isPseudoFileSystem(0xFFF00));
     EXPECT_FALSE(fileSystem_.isRotational(0xFFF00));
 }
 
-TEST_F(FileSystemDevices, AreAskedAboutOnManyThreads) {
+TEST_F(FileSystemDevices, AreQueriedOnManyThreads) {
     const std::uint64_t device = attributesAt(tree_.path(), ".").identity.device;
     std::atomic<int> pseudo{0};
     std::vector<std::thread> threads;
@@ -895,7 +894,7 @@ TEST_F(FileSystemDevices, AreRecognisedWhenTheyAreMountedLater) {
     EXPECT_TRUE(fileSystem_.isPseudoFileSystem(device));
 }
 
-TEST_F(FileSystemDevices, AreTakenForWhatTheyAreWhenANumberIsUsedAgain) {
+TEST_F(FileSystemDevices, AreQueriedAgainWhenANumberIsReused) {
     const std::string path = tree_.makeFolder("mounted");
     std::optional<std::uint64_t> number;
     for (const char* type : {"proc", "tmpfs", "proc"}) {
@@ -913,7 +912,7 @@ TEST_F(FileSystemDevices, AreTakenForWhatTheyAreWhenANumberIsUsedAgain) {
     }
 }
 
-TEST_F(FileSystemTest, KnowsHowManyDescriptorsThereMayBe) {
+TEST_F(FileSystemTest, ReportsTheDescriptorLimit) {
     rlimit before{};
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
     rlimit lower = before;
@@ -923,7 +922,7 @@ TEST_F(FileSystemTest, KnowsHowManyDescriptorsThereMayBe) {
     ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
 }
 
-TEST_F(FileSystemTest, SaysWhenThereAreNoDescriptorsLeft) {
+TEST_F(FileSystemTest, ReportsThatDescriptorsRanOut) {
     const std::string path = tree_.writeFile("file");
     rlimit before{};
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
@@ -962,14 +961,14 @@ TEST_F(FileSystemTest, ClosesADescriptorOnce) {
     const int number = first.number();
     first.reset();
     EXPECT_FALSE(first.isOpen());
-    // The number is free and given to the next; a second reset must not close that.
+    // The number is reused; a second reset must not close it.
     const Descriptor second = file(path);
     EXPECT_EQ(second.number(), number);
     first.reset();
     EXPECT_GE(::fcntl(second.number(), F_GETFD), 0);
 }
 
-TEST_F(FileSystemTest, HandsADescriptorOn) {
+TEST_F(FileSystemTest, MovesADescriptor) {
     const std::string path = tree_.writeFile("file", "bytes");
     const std::size_t before = openDescriptors();
     Descriptor first = file(path);

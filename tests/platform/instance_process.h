@@ -7,32 +7,32 @@
 
 namespace tarvin {
 
-/// A process that is one instance of a program (see running_instance.cpp), started by a test and
-/// ended with the object at the latest. What takes longer than the tests' patience fails the test.
+/// A process that runs running_instance.cpp, killed on destruction. Each wait has a deadline, after
+/// which the test fails.
 class InstanceProcess final {
  public:
-    /// The instance meets others in the first of the folders that can be used. It has started when
-    /// this returns, and has not joined yet.
+    /// The instance registers in the first usable folder. On return the process runs, but has not
+    /// joined yet.
     explicit InstanceProcess(const std::vector<std::string>& folders);
     InstanceProcess(const InstanceProcess&) = delete;
     InstanceProcess& operator=(const InstanceProcess&) = delete;
     ~InstanceProcess();
 
-    /// Has the instance do something, and does not wait for it.
+    /// Sends a command and returns immediately.
     void tell(const std::string& command) const;
-    /// The next line that the instance says; empty if it has ended.
+    /// The next line of output; empty if the process has ended.
     std::string nextLine();
-    /// Has the instance do something and answers the next line.
+    /// Sends a command and returns the next line.
     std::string ask(const std::string& command) {
         tell(command);
         return nextLine();
     }
-    /// All lines that the instance still says; returns when it has said "quit" or has ended.
+    /// All lines up to "quit" or the end of the process.
     std::vector<std::string> linesToTheEnd();
 
-    /// Lets the instance end by itself.
+    /// Closes its input, so that it exits.
     void endInput();
-    /// Waits for the end: the exit status, 128 and the number of the signal that ended it, or -1.
+    /// Waits for the exit status, 128 plus the number of the signal that killed it, or -1.
     int wait();
     void send(int signal) const;
 

@@ -32,7 +32,7 @@ TEST(MountTable, KeepsTheOrderOfTheLines) {
     EXPECT_EQ(entries[2].mountPoint, "/media/ann/STICK");
 }
 
-TEST(MountTable, PassesOverAnyNumberOfOptionalFields) {
+TEST(MountTable, SkipsAnyNumberOfOptionalFields) {
     const auto entries = parseMountInfo(
         "1 0 8:1 / /none rw - ext4 /dev/sda1 rw\n"
         "2 0 8:2 / /one rw shared:1 - ext4 /dev/sda2 rw\n"
@@ -43,7 +43,7 @@ TEST(MountTable, PassesOverAnyNumberOfOptionalFields) {
     EXPECT_EQ(entries[2].source, "/dev/sda3");
 }
 
-TEST(MountTable, UndoesTheEscapesInNames) {
+TEST(MountTable, UnescapesNames) {
     const auto entries = parseMountInfo(
         R"(1 0 8:1 / /mnt/my\040disk\011a\012b\134c\043d rw - fuse.some\040fs //nas/my\040share rw)");
     ASSERT_EQ(entries.size(), 1u);
@@ -52,13 +52,13 @@ TEST(MountTable, UndoesTheEscapesInNames) {
     EXPECT_EQ(entries[0].source, "//nas/my share");
 }
 
-TEST(MountTable, UndoesAnEscapeOnce) {
+TEST(MountTable, UnescapesOnce) {
     const auto entries = parseMountInfo(R"(1 0 8:1 / /mnt/a\134040b rw - ext4 /dev/sda1 rw)");
     ASSERT_EQ(entries.size(), 1u);
     EXPECT_EQ(entries[0].mountPoint, R"(/mnt/a\040b)");
 }
 
-TEST(MountTable, LeavesABackslashAloneThatBeginsNoEscape) {
+TEST(MountTable, KeepsABackslashWithoutAnEscape) {
     const auto entries = parseMountInfo(R"(1 0 8:1 / /mnt/a\9b\04 rw - ext4 \400\18 rw)"
                                         "\n"
                                         R"(2 0 8:1 / /mnt/\3777 rw - ext4 x rw)");
@@ -76,20 +76,20 @@ TEST(MountTable, KeepsBytesThatAreNotText) {
     EXPECT_EQ(entries[0].mountPoint, "/mnt/\xff\xfe\r\xc3");
 }
 
-TEST(MountTable, TakesASourceOfNoLetters) {
+TEST(MountTable, AcceptsAnEmptySource) {
     const auto entries = parseMountInfo("1 0 0:44 / /mnt/ram rw - tmpfs  rw,size=4k\n");
     ASSERT_EQ(entries.size(), 1u);
     EXPECT_EQ(entries[0].fileSystemType, "tmpfs");
     EXPECT_EQ(entries[0].source, "");
 }
 
-TEST(MountTable, ReadsDeviceNumbersLargerThanAByte) {
+TEST(MountTable, ReadsLargeDeviceNumbers) {
     const auto entries = parseMountInfo("1 0 4095:1048575 / /a rw - ext4 /dev/x rw\n");
     ASSERT_EQ(entries.size(), 1u);
     EXPECT_EQ(entries[0].device, makedev(4095, 1048575));
 }
 
-TEST(MountTable, LeavesOutLinesThatAreNotOfTheFormat) {
+TEST(MountTable, SkipsMalformedLines) {
     const std::vector<std::string_view> lines{
         "",
         " ",
@@ -110,13 +110,13 @@ TEST(MountTable, LeavesOutLinesThatAreNotOfTheFormat) {
     }
 }
 
-TEST(MountTable, GoesOnAfterABadLine) {
+TEST(MountTable, ContinuesAfterAMalformedLine) {
     const auto entries = parseMountInfo("bad\n\n1 0 8:1 / /good rw - ext4 /dev/sda1 rw");
     ASSERT_EQ(entries.size(), 1u);
     EXPECT_EQ(entries[0].mountPoint, "/good");
 }
 
-TEST(MountTable, OfNoTextHasNoEntries) {
+TEST(MountTable, IsEmptyForAnEmptyText) {
     EXPECT_TRUE(parseMountInfo("").empty());
 }
 
@@ -128,7 +128,7 @@ TEST(MountTable, IsReadFromAFile) {
     EXPECT_EQ(entries->size(), 1u);
 }
 
-TEST(MountTable, FindsAMountByItsWholeNumber) {
+TEST(MountTable, FindsAMountByItsId) {
     const TemporaryFolder folder;
     const std::string path = folder.writeFile("mountinfo",
                                               "36 1 8:1 / /a rw - ext4 /dev/sda1 rw\n"
@@ -139,13 +139,13 @@ TEST(MountTable, FindsAMountByItsWholeNumber) {
     EXPECT_EQ(findMount(3, folder.pathOf("missing")), std::nullopt);
 }
 
-TEST(MountTable, ThatCannotBeReadIsNone) {
+TEST(MountTable, IsNulloptIfUnreadable) {
     const TemporaryFolder folder;
     EXPECT_FALSE(readMountInfo(folder.pathOf("missing")));
     EXPECT_FALSE(readMountInfo(folder.path()));
 }
 
-TEST(MountTable, OfThisProcessKnowsTheProcessTable) {
+TEST(MountTable, OfThisProcessListsProcfs) {
     const auto entries = readMountInfo();
     ASSERT_TRUE(entries);
     struct stat status{};
@@ -157,7 +157,7 @@ TEST(MountTable, OfThisProcessKnowsTheProcessTable) {
     EXPECT_EQ(found->fileSystemType, "proc");
 }
 
-TEST(PseudoFileSystemType, IsOneThatHoldsTablesOrViews) {
+TEST(PseudoFileSystemType, IsTrueForKernelDataAndViews) {
     const std::vector<std::string_view> types{
         "proc",        "sysfs",   "devtmpfs",  "devpts",      "cgroup",     "cgroup2",
         "securityfs",  "debugfs", "tracefs",   "pstore",      "bpf",        "configfs",
@@ -169,7 +169,7 @@ TEST(PseudoFileSystemType, IsOneThatHoldsTablesOrViews) {
     }
 }
 
-TEST(PseudoFileSystemType, IsNotOneThatHoldsFilesOfPeople) {
+TEST(PseudoFileSystemType, IsFalseForTypesWithFiles) {
     const std::vector<std::string_view> types{
         "tmpfs", "ramfs",    "overlay",  "fuse", "fuse.sshfs", "fuseblk", "ext4",     "btrfs",
         "xfs",   "vfat",     "nfs",      "nfs4", "cifs",       "9p",      "squashfs", "rootfs",

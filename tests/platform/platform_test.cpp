@@ -15,11 +15,11 @@
 namespace tarvin {
 namespace {
 
-TEST(SystemPlatform, IsOneForTheProcess) {
+TEST(SystemPlatform, IsOneObject) {
     EXPECT_EQ(&systemPlatform(), &systemPlatform());
 }
 
-TEST(SystemPlatform, HasTheFilesAndTheClockOfTheMachine) {
+TEST(SystemPlatform, HasTheSystemFilesAndClock) {
     EXPECT_EQ(&systemPlatform().fileSystem(), &systemFileSystem());
     EXPECT_EQ(&systemPlatform().clock(), &systemClock());
 }
@@ -35,7 +35,7 @@ TEST(SystemPlatform, ListsTheRootFirstAndEachVolumeOnce) {
     }
 }
 
-TEST(SystemPlatform, KnowsTheFormatOfTheRootIfTheTableListsIt) {
+TEST(SystemPlatform, KnowsTheTypeOfTheRootIfListed) {
     const auto mounts = readMountInfo();
     ASSERT_TRUE(mounts);
     std::string type;
@@ -47,14 +47,14 @@ TEST(SystemPlatform, KnowsTheFormatOfTheRootIfTheTableListsIt) {
     EXPECT_EQ(systemPlatform().mountedVolumes().front().fileSystemType, type);
 }
 
-TEST(SystemPlatform, AnswersForTheUserOfTheProcess) {
+TEST(SystemPlatform, ReturnsTheUserOfTheProcess) {
     const UserEnvironment& environment = processEnvironment();
     EXPECT_EQ(systemPlatform().userName(), userNameOf(environment));
     EXPECT_EQ(systemPlatform().userFolder(UserFolder::home), homeFolder(environment));
     EXPECT_EQ(systemPlatform().applicationSupportFolder(), applicationSupportFolderOf(environment));
 }
 
-/// What the platform answers wrongly in a process that was started with variables of its own.
+/// Describes wrong results in a process with its own environment variables.
 std::string wrongAnswersWithVariables() {
     const TemporaryFolder folder;
     folder.writeFile("config/user-dirs.dirs", "XDG_DESKTOP_DIR=\"$HOME/Bureau\"\n");
@@ -78,15 +78,15 @@ std::string wrongAnswersWithVariables() {
     expect(platform.applicationSupportFolder(),
            "/data/ann/Tarvin Software/Tarvin Duplicate File Remover");
     expect(processEnvironment().logName, "ann-at-the-terminal");
-    // The desktop may write its file anew at any time.
+    // The desktop may rewrite its file at any time.
     folder.writeFile("config/user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"/data/Papers\"\n");
     expect(platform.userFolder(UserFolder::desktop), "/home/ann/Desktop");
     expect(platform.userFolder(UserFolder::documents), "/data/Papers");
     return wrong;
 }
 
-TEST(SystemPlatform, FindsTheFoldersByTheVariablesAndTheFileOfTheDesktop) {
-    // A process of its own, because the variables are read once.
+TEST(SystemPlatform, FindsTheFoldersByVariablesAndUserDirs) {
+    // A separate process, because the variables are read once.
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     const auto endWithVerdict = [] {
         const std::string wrong = wrongAnswersWithVariables();

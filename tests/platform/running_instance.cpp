@@ -10,19 +10,18 @@
 #include <utility>
 #include <vector>
 
-// One instance of a program, without the program: it does what is written to its standard input and
-// says on its standard output what becomes of it, line by line. It ends when it is asked to quit,
-// or with its input.
+// A minimal instance for the tests: runs the commands on its standard input and prints the results
+// to standard output, line by line. Exits when it is asked to quit, or at the end of its input.
 
 namespace tarvin {
 namespace {
 
-/// Bytes that come line by line.
+/// Reads lines from a descriptor.
 class LineReader final {
  public:
     explicit LineReader(int descriptor) : descriptor_(descriptor) {}
 
-    /// The next line; waits for it. False at the end.
+    /// Blocks until the next line. False at the end.
     bool read(std::string& line) {
         while (text_.find('\n') == std::string::npos) {
             std::array<char, 4096> room{};

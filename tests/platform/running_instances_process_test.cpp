@@ -20,7 +20,7 @@ bool holds(const Lines& lines, const std::string& line) {
 
 class RunningProcesses : public ::testing::Test {
  protected:
-    /// Starts so many instances at once. The first of them stays, the others end.
+    /// Starts that many instances at once. The first stays, the others quit.
     void expectOneSurvivor(std::size_t count) {
         std::vector<std::unique_ptr<InstanceProcess>> instances;
         for (std::size_t number = 0; number < count; ++number) {
@@ -46,7 +46,7 @@ class RunningProcesses : public ::testing::Test {
     }
 
     void expectFirstToStay() {
-        // It is brought to the front at least once, which may come before or after its own answer.
+        // It is raised at least once, before or after its own output.
         Lines lines;
         while (!holds(lines, "stays 1") || !holds(lines, "front a token")) {
             lines.push_back(first_->nextLine());
@@ -79,7 +79,7 @@ TEST_F(RunningProcesses, OfTenStartedAtOnceTheFirstStays) {
     expectOneSurvivor(10);
 }
 
-TEST_F(RunningProcesses, AThirdEndsItselfAndTheSecond) {
+TEST_F(RunningProcesses, AThirdQuitsItselfAndTheSecond) {
     InstanceProcess first(folders_);
     InstanceProcess second(folders_);
     InstanceProcess third(folders_);
@@ -94,7 +94,7 @@ TEST_F(RunningProcesses, AThirdEndsItselfAndTheSecond) {
     EXPECT_EQ(first.ask("instances"), "instances 1");
 }
 
-TEST_F(RunningProcesses, ACrashedOneIsNoLongerThere) {
+TEST_F(RunningProcesses, ACrashedOneIsNotListed) {
     InstanceProcess first(folders_);
     InstanceProcess second(folders_);
     EXPECT_EQ(first.ask("join"), "joined 1");
@@ -105,7 +105,7 @@ TEST_F(RunningProcesses, ACrashedOneIsNoLongerThere) {
     EXPECT_EQ(second.ask("rule"), "stays 2");
 }
 
-TEST_F(RunningProcesses, AKilledOneDoesNotKeepTheNextFromStarting) {
+TEST_F(RunningProcesses, AKilledOneDoesNotBlockTheNext) {
     {
         InstanceProcess killed(folders_);
         EXPECT_EQ(killed.ask("join"), "joined 1");
@@ -118,11 +118,11 @@ TEST_F(RunningProcesses, AKilledOneDoesNotKeepTheNextFromStarting) {
     EXPECT_EQ(next.ask("instances"), "instances 1");
 }
 
-TEST_F(RunningProcesses, OneThatStandsStillHangsNobody) {
+TEST_F(RunningProcesses, AStoppedOneBlocksNoOther) {
     InstanceProcess first(folders_);
     EXPECT_EQ(first.ask("join"), "joined 1");
     first.send(SIGSTOP);
-    // More of them than the system keeps messages for one that does not read them.
+    // More than the number of messages that the kernel queues.
     for (int number = 0; number < 20; ++number) {
         InstanceProcess next(folders_);
         EXPECT_EQ(next.ask("start"), "joined 2");
@@ -133,7 +133,7 @@ TEST_F(RunningProcesses, OneThatStandsStillHangsNobody) {
     EXPECT_EQ(first.nextLine(), "front a token");
 }
 
-TEST_F(RunningProcesses, WithoutAPlaceToMeetEachStays) {
+TEST_F(RunningProcesses, WithoutASharedFolderEachStays) {
     const std::vector<std::string> nowhere{folder_.pathOf("missing/meeting")};
     InstanceProcess first(nowhere);
     InstanceProcess second(nowhere);

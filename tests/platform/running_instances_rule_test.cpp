@@ -13,7 +13,7 @@ using Instances = std::vector<RunningInstance>;
 
 class SingleInstanceRule : public ::testing::Test {
  protected:
-    /// Joins as the instance `number` beside the others, in order, and applies the rule.
+    /// Joins as instance `number` beside the others and applies the rule.
     std::optional<RunningInstance> apply(std::uint64_t number, Instances others) {
         instances_.setOthers(std::move(others), {number});
         const auto joined =
@@ -29,50 +29,50 @@ class SingleInstanceRule : public ::testing::Test {
     int fronts_ = 0;
 };
 
-TEST_F(SingleInstanceRule, LeavesTheOnlyInstanceAlone) {
+TEST_F(SingleInstanceRule, KeepsTheOnlyInstance) {
     EXPECT_EQ(apply(7, {}), RunningInstance{7});
     EXPECT_EQ(instances_.askedToQuit(), Instances{});
     EXPECT_EQ(instances_.broughtToFront(), Instances{});
     EXPECT_EQ(quits_, 0);
 }
 
-TEST_F(SingleInstanceRule, EndsTheLaterOfTwo) {
+TEST_F(SingleInstanceRule, AsksTheLaterOfTwoToQuit) {
     EXPECT_EQ(apply(2, {{1}}), RunningInstance{1});
     EXPECT_EQ(instances_.askedToQuit(), Instances{{2}});
     EXPECT_EQ(quits_, 1);
 }
 
-TEST_F(SingleInstanceRule, EndsAllButTheFirstOfThree) {
+TEST_F(SingleInstanceRule, AsksAllButTheFirstToQuit) {
     EXPECT_EQ(apply(9, {{3}, {5}}), RunningInstance{3});
     EXPECT_EQ(instances_.askedToQuit(), (Instances{{5}, {9}}));
 }
 
-TEST_F(SingleInstanceRule, EndsTheOthersIfThisIsTheFirst) {
+TEST_F(SingleInstanceRule, AsksTheOthersIfThisIsTheFirst) {
     EXPECT_EQ(apply(1, {{2}, {3}}), RunningInstance{1});
     EXPECT_EQ(instances_.askedToQuit(), (Instances{{2}, {3}}));
     EXPECT_EQ(quits_, 0);
 }
 
-TEST_F(SingleInstanceRule, EndsOthersThatCameAfterThisOne) {
+TEST_F(SingleInstanceRule, AsksThoseStartedLater) {
     EXPECT_EQ(apply(2, {{1}, {3}}), RunningInstance{1});
     EXPECT_EQ(instances_.askedToQuit(), (Instances{{2}, {3}}));
     EXPECT_EQ(quits_, 1);
 }
 
-TEST_F(SingleInstanceRule, BringsTheFirstToTheFront) {
+TEST_F(SingleInstanceRule, RaisesTheFirst) {
     apply(2, {{1}});
     EXPECT_EQ(instances_.broughtToFront(), Instances{{1}});
     EXPECT_EQ(instances_.lastToken(), "token");
     EXPECT_EQ(fronts_, 0);
 }
 
-TEST_F(SingleInstanceRule, LeavesTheNextIfTheFirstEndsMeanwhile) {
+TEST_F(SingleInstanceRule, KeepsTheNextIfTheFirstQuitsMeanwhile) {
     instances_.endBeforeItIsAsked({1});
     EXPECT_EQ(apply(3, {{1}, {2}}), RunningInstance{2});
     EXPECT_EQ(instances_.askedToQuit(), Instances{{3}});
 }
 
-TEST_F(SingleInstanceRule, LeavesThisOneIfAllBeforeItEndMeanwhile) {
+TEST_F(SingleInstanceRule, KeepsThisOneIfAllBeforeItQuitMeanwhile) {
     instances_.endBeforeItIsAsked({1});
     instances_.endBeforeItIsAsked({2});
     EXPECT_EQ(apply(3, {{1}, {2}}), RunningInstance{3});
@@ -80,7 +80,7 @@ TEST_F(SingleInstanceRule, LeavesThisOneIfAllBeforeItEndMeanwhile) {
     EXPECT_EQ(quits_, 0);
 }
 
-TEST_F(SingleInstanceRule, DoesNothingWithoutAPlaceToMeet) {
+TEST_F(SingleInstanceRule, DoesNothingWithoutASharedFolder) {
     instances_.refuseToJoin(SystemError{EACCES});
     EXPECT_FALSE(instances_.join({}));
     EXPECT_EQ(keepFirstInstanceOnly(instances_, {}), std::nullopt);

@@ -21,7 +21,7 @@
 namespace tarvin {
 namespace {
 
-/// An instance that notes what it is asked. Any number of them may be in one process.
+/// An instance that records its requests. One process may have several.
 class Instance final {
  public:
     explicit Instance(std::vector<std::string> folders,
@@ -103,7 +103,7 @@ TEST_F(RunningInstancesTest, AreNoneBeforeThisOneJoins) {
     instances->leave();
 }
 
-TEST_F(RunningInstancesTest, BeginWithTheFirst) {
+TEST_F(RunningInstancesTest, BeginWithNumberOne) {
     Instance only(folders_);
     EXPECT_EQ(only.number(), 1u);
     EXPECT_EQ(only.numbers(), Numbers{1});
@@ -129,7 +129,7 @@ TEST_F(RunningInstancesTest, AreInTheOrderOfTheirStartBeyondNine) {
     EXPECT_EQ(many.back()->numbers(), expected);
 }
 
-TEST_F(RunningInstancesTest, DoNotIncludeOnesThatHaveLeft) {
+TEST_F(RunningInstancesTest, OmitThoseThatHaveLeft) {
     Instance first(folders_);
     Instance second(folders_);
     first.instances().leave();
@@ -138,7 +138,7 @@ TEST_F(RunningInstancesTest, DoNotIncludeOnesThatHaveLeft) {
     EXPECT_FALSE(second.instances().bringToFront({1}, {}));
 }
 
-TEST_F(RunningInstancesTest, ComeAfterAllThatRun) {
+TEST_F(RunningInstancesTest, AreNumberedAfterAllThatRun) {
     Instance first(folders_);
     auto second = std::make_unique<Instance>(folders_);
     Instance third(folders_);
@@ -148,7 +148,7 @@ TEST_F(RunningInstancesTest, ComeAfterAllThatRun) {
     EXPECT_EQ(first.numbers(), (Numbers{1, 3, 4}));
 }
 
-TEST_F(RunningInstancesTest, LeaveNothingBehind) {
+TEST_F(RunningInstancesTest, RemoveTheirFiles) {
     {
         const Instance instance(folders_);
     }
@@ -165,7 +165,7 @@ TEST_F(RunningInstancesTest, AreAskedToQuitOneByOne) {
     EXPECT_EQ(third.quits(), 0);
 }
 
-TEST_F(RunningInstancesTest, DoNotIncludeOnesThatWereAskedToQuit) {
+TEST_F(RunningInstancesTest, OmitThoseAskedToQuit) {
     Instance first(folders_);
     Instance second(folders_);
     Instance third(folders_);
@@ -173,30 +173,30 @@ TEST_F(RunningInstancesTest, DoNotIncludeOnesThatWereAskedToQuit) {
     ASSERT_TRUE(waitUntil([&] { return second.quits() == 1; }));
     EXPECT_EQ(third.numbers(), (Numbers{1, 3}));
     EXPECT_FALSE(third.instances().askToQuit(second.self()));
-    // It is there still, and its place is not given away.
+    // It still runs, and its number is not reused.
     Instance fourth(folders_);
     EXPECT_EQ(fourth.number(), 4u);
 }
 
-TEST_F(RunningInstancesTest, MayAskThemselves) {
+TEST_F(RunningInstancesTest, CanSendRequestsToThemselves) {
     Instance instance(folders_);
     EXPECT_TRUE(instance.instances().askToQuit(instance.self()));
     EXPECT_TRUE(waitUntil([&] { return instance.quits() == 1; }));
 }
 
-TEST_F(RunningInstancesTest, ComeToTheFrontWithTheTokenOfTheDesktop) {
+TEST_F(RunningInstancesTest, AreRaisedWithTheActivationToken) {
     Instance first(folders_);
     Instance second(folders_);
     EXPECT_TRUE(second.instances().bringToFront(first.self(), "token 1"));
     EXPECT_TRUE(second.instances().bringToFront(first.self(), {}));
-    // Nothing that a desktop would give.
+    // Too long for a token.
     EXPECT_TRUE(second.instances().bringToFront(first.self(), std::string(5000, 't')));
     ASSERT_TRUE(waitUntil([&] { return first.tokens().size() == 3; }));
     EXPECT_EQ(first.tokens(), (std::vector<std::string>{"token 1", "", ""}));
     EXPECT_EQ(first.quits(), 0);
 }
 
-TEST_F(RunningInstancesTest, HandFoldersOn) {
+TEST_F(RunningInstancesTest, PassFoldersOn) {
     Instance first(folders_);
     Instance second(folders_);
     const std::vector<std::string> folders{"/a b", "/line\nbreak", "/not UTF-8 \xff", "/a b"};
@@ -209,7 +209,7 @@ TEST_F(RunningInstancesTest, HandFoldersOn) {
     EXPECT_EQ(first.quits(), 0);
 }
 
-TEST_F(RunningInstancesTest, HandMoreFoldersOnThanOneMessageHolds) {
+TEST_F(RunningInstancesTest, PassMoreFoldersThanOneMessageHolds) {
     Instance first(folders_);
     Instance second(folders_);
     std::vector<std::string> folders;
@@ -221,7 +221,7 @@ TEST_F(RunningInstancesTest, HandMoreFoldersOnThanOneMessageHolds) {
     EXPECT_EQ(first.opened(), folders);
 }
 
-TEST_F(RunningInstancesTest, SayIfAFolderCannotBeHandedOn) {
+TEST_F(RunningInstancesTest, ReportAFolderThatIsNotPassedOn) {
     Instance first(folders_);
     Instance second(folders_);
     const std::string longest = '/' + std::string(4089, 'a');
@@ -237,7 +237,7 @@ TEST_F(MeetingPlace, IsMadeForTheUserAlone) {
     EXPECT_EQ(std::filesystem::status(folder_).permissions(), std::filesystem::perms(0700));
 }
 
-TEST_F(MeetingPlace, IsClearedOfWhatCrashedInstancesLeft) {
+TEST_F(MeetingPlace, RemovesFilesOfCrashedInstances) {
     ASSERT_EQ(::mkdir(folder_.c_str(), 0700), 0);
     tree_.writeFile("meeting/copy-1.lock");
     tree_.makeSocket("meeting/copy-1.socket");
@@ -248,7 +248,7 @@ TEST_F(MeetingPlace, IsClearedOfWhatCrashedInstancesLeft) {
     EXPECT_EQ(files(), (std::set<std::string>{"copy-1.lock", "copy-1.socket"}));
 }
 
-TEST_F(MeetingPlace, KeepsWhatIsNotOfInstances) {
+TEST_F(MeetingPlace, KeepsOtherFiles) {
     ASSERT_EQ(::mkdir(folder_.c_str(), 0700), 0);
     const std::set<std::string> others{"copy-.lock", "copy-1.txt", "copy-x.lock", "notes",
                                        "copy-99999999999999999999.lock"};
@@ -312,7 +312,7 @@ TEST_F(MeetingPlace, IsNotBehindALink) {
 
 TEST_F(MeetingPlace, IsTheNextIfOneCannotBeUsed) {
     tree_.writeFile("file");
-    // The last one is this user's alone, and nobody can make a file in it.
+    // In the last one no file can be created.
     for (const std::string& useless :
          {tree_.pathOf("missing/meeting"), tree_.pathOf("file"), std::string("/proc/self/fd")}) {
         Instance instance({useless, folder_});
@@ -335,7 +335,7 @@ TEST_F(MeetingPlace, IsNotWaitedForLongerThanAsked) {
     Instance first(folders_, briefly);
     const auto held = FolderLock::take(folder_);
     ASSERT_TRUE(held);
-    // Not even a free place will do: the others would not be there.
+    // Another free folder is not used: the others would not be in it.
     const auto begin = std::chrono::steady_clock::now();
     const Instance second({folder_, tree_.pathOf("free")}, briefly);
     EXPECT_EQ(second.error(), EBUSY);

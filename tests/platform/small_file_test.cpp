@@ -29,26 +29,26 @@ TEST(SmallFile, MayBeAsLargeAsTheLimitAndNoLarger) {
     EXPECT_EQ(readSmallFile(path, 19'999), std::nullopt);
 }
 
-TEST(SmallFile, OfTheKernelIsReadThoughItsSizeIsZero) {
+TEST(SmallFile, OfTheKernelIsReadDespiteSizeZero) {
     const auto content = readSmallFile("/proc/self/status", 1 << 20);
     ASSERT_TRUE(content);
     EXPECT_TRUE(content->starts_with("Name:"));
 }
 
-TEST(SmallFile, MayBeReachedThroughALink) {
+TEST(SmallFile, IsReadThroughALink) {
     const TemporaryFolder folder;
     folder.writeFile("file", "content");
     EXPECT_EQ(readSmallFile(folder.makeLink("link", "file"), 100), "content");
 }
 
-TEST(SmallFile, ThatIsNoFileIsNone) {
+TEST(SmallFile, IsNulloptForAFolder) {
     const TemporaryFolder folder;
     EXPECT_EQ(readSmallFile(folder.pathOf("missing"), 100), std::nullopt);
     EXPECT_EQ(readSmallFile(folder.makeFolder("folder"), 100), std::nullopt);
     EXPECT_EQ(readSmallFile(folder.makeLink("broken", "nothing"), 100), std::nullopt);
 }
 
-TEST(SmallFile, ThatIsAPipeIsNotWaitedFor) {
+TEST(SmallFile, DoesNotBlockOnAPipe) {
     const TemporaryFolder folder;
     const std::string pipe = folder.pathOf("pipe");
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);

@@ -22,7 +22,7 @@ void readFirstPage(const std::string& path) {
     ::close(number);
 }
 
-TEST(ThreadUsage, DoesNotCountWhatIsReadFromMemory) {
+TEST(ThreadUsage, DoesNotCountCachedReads) {
     const TemporaryFolder folder;
     const std::string path = folder.writeFile("warm", std::string(pageBytes, 'x'));
     readFirstPage(path);
@@ -30,8 +30,7 @@ TEST(ThreadUsage, DoesNotCountWhatIsReadFromMemory) {
     for (int round = 0; round < 10; ++round) {
         readFirstPage(path);
     }
-    // The program's own pages may have to be fetched on a machine short of memory, but not each
-    // time.
+    // Under memory pressure the program's own pages may be read from disk, but not each time.
     EXPECT_LT(deviceReadsOfThisThread() - before, 10 * pageBytes / 512);
 }
 

@@ -28,7 +28,7 @@
 
 namespace tarvin {
 
-/// 0 if there is no such folder.
+/// 0 if the folder does not exist.
 inline std::size_t entriesIn(const std::string& folder) {
     std::error_code missing;
     std::size_t count = 0;
@@ -39,7 +39,7 @@ inline std::size_t entriesIn(const std::string& folder) {
     return count;
 }
 
-/// The local time of a test's own, for its time.
+/// Sets the time zone until destruction.
 class TimeZone final {
  public:
     explicit TimeZone(const char* rule) {
@@ -54,11 +54,11 @@ class TimeZone final {
     }
 };
 
-/// Files and a home Trash of the test's own, on one file system. The clock stands still until the
-/// test moves it.
+/// Files and a home Trash in a temporary folder on one file system. The clock stands still until it
+/// is advanced.
 class TrashFixture : public ::testing::Test {
  protected:
-    /// `parent` is the folder that the test's own is made in.
+    /// The temporary folder is created in `parent`.
     explicit TrashFixture(
         const std::filesystem::path& parent = std::filesystem::temp_directory_path())
         : folder_(parent) {}
@@ -77,7 +77,7 @@ class TrashFixture : public ::testing::Test {
                               {calls_, clock_, mountTable_});
     }
 
-    /// Moves the file at `path` as the engine would: its folder is open.
+    /// Moves the file at `path` like the engine, with its folder open.
     Result<TrashPlace, TrashRefusal> move(const std::string& path) {
         const std::filesystem::path file(path);
         return mover_->move(openedFolder(file.parent_path().native()), file.filename().c_str());
@@ -90,7 +90,7 @@ class TrashFixture : public ::testing::Test {
         return mover_->putBack(place, *folder, file.filename().c_str());
     }
 
-    /// Whether the test has a volume of its own: asks for it, which the machine may not allow.
+    /// Mounts a volume for the test; false if the system does not allow it.
     bool hasVolume() {
         if (!volume_) {
             volume_.emplace();
@@ -98,10 +98,10 @@ class TrashFixture : public ::testing::Test {
         return static_cast<bool>(*volume_);
     }
 
-    /// What follows happens later than the Trash is trusted unseen.
+    /// Advances the clock beyond the interval of the checks.
     void letASecondPass() { clock_.advance(std::chrono::milliseconds(1'001)); }
 
-    /// The move is refused and nothing has changed: the file is whole, the Trash has no word of it.
+    /// Expects a refused move that changes neither the file nor the Trash.
     TrashRefusal expectRefused(const std::string& path) { return expectRefused(path, trash()); }
     TrashRefusal expectRefused(const std::string& path, const std::string& trash) {
         const std::size_t files = entriesIn(trash + "/files");
@@ -115,7 +115,7 @@ class TrashFixture : public ::testing::Test {
         return moved ? TrashRefusal{} : moved.error();
     }
 
-    /// A file in the Trash that has no note keeps its name, and what is moved gets another one.
+    /// A file in the Trash without .trashinfo keeps its name; a moved file gets another one.
     void expectFileWithoutNoteLeftAlone() {
         std::filesystem::create_directories(trash() + "/files");
         std::ofstream(trashed("a.txt")) << "orphan";
@@ -131,7 +131,7 @@ class TrashFixture : public ::testing::Test {
     FaultyTrashCalls calls_;
     FakeClock clock_;
     std::string mountTable_ = "/proc/self/mountinfo";
-    /// None unless the test needs one. A mover keeps it from being unmounted, so it comes first.
+    /// Null unless needed. Declared first: an existing mover prevents unmounting.
     std::optional<LoopVolume> volume_;
     std::unique_ptr<TrashMover> mover_ = newMover();
 };

@@ -10,7 +10,7 @@
 namespace tarvin {
 namespace {
 
-/// Files that the programs of others are to see and put back, in a home Trash or on a volume.
+/// Files that other programs see and restore, in a home Trash or on a volume.
 class TrashOfOtherPrograms : public TrashFixture {
  protected:
     static std::string quoted(const std::string& word) { return DesktopSession::quoted(word); }
@@ -24,7 +24,7 @@ class TrashOfOtherPrograms : public TrashFixture {
                    std::chrono::hours(12));
     }
 
-    /// Makes and moves files with all sorts of names. Their paths.
+    /// Creates and moves files with various names. Returns their paths.
     std::vector<std::string> moveFilesIn(const std::string& folder) {
         std::vector<std::string> paths;
         for (const std::string name :
@@ -40,7 +40,7 @@ class TrashOfOtherPrograms : public TrashFixture {
         return paths;
     }
 
-    /// A path as the desktop's program prints it.
+    /// A path as the desktop's tool prints it.
     static std::string escaped(const std::string& path) {
         constexpr std::string_view digits = "0123456789abcdef";
         std::string text;
@@ -61,8 +61,8 @@ class TrashOfOtherPrograms : public TrashFixture {
         }
     }
 
-    /// All but the names that are not plain English: version 2.74 puts those back, its own too,
-    /// under the name that it prints.
+    /// Without names that are not ASCII: version 2.74 restores them, its own too, under the escaped
+    /// name.
     void expectPutBackByDesktop(const std::vector<std::string>& paths) {
         const CommandResult result = session_.run(
             "gio trash --list | grep -v AC.txt | cut -f 1 | "
@@ -86,7 +86,7 @@ class TrashOfOtherPrograms : public TrashFixture {
 
     void expectPutBackByTerminal(const std::vector<std::string>& paths) {
         for (const std::string& path : paths) {
-            // It offers what was below the folder, and asks which.
+            // It lists the files below the folder and asks which one.
             const CommandResult result = session_.runAlone(
                 "cd " + quoted(std::filesystem::path(path).parent_path().native()) +
                 " && echo 0 | trash-restore");
@@ -110,21 +110,21 @@ class TrashOfOtherPrograms : public TrashFixture {
     DesktopSession session_{home_};
 };
 
-TEST_F(TrashOfOtherPrograms, ShowsTheDesktopWhatWeMovedInTheHome) {
+TEST_F(TrashOfOtherPrograms, DesktopSeesMovesToTheHomeTrash) {
     const auto paths = moveFilesIn(folder_.path());
     expectListedByDesktop(paths);
     expectPutBackByDesktop(paths);
     expectEmpty(trash());
 }
 
-TEST_F(TrashOfOtherPrograms, ShowsTheTerminalWhatWeMovedInTheHome) {
+TEST_F(TrashOfOtherPrograms, TerminalSeesMovesToTheHomeTrash) {
     const auto paths = moveFilesIn(folder_.path());
     expectListedByTerminal(paths);
     expectPutBackByTerminal(paths);
     expectEmpty(trash());
 }
 
-TEST_F(TrashOfOtherPrograms, ShowsTheDesktopWhatWeMovedOnAVolume) {
+TEST_F(TrashOfOtherPrograms, DesktopSeesMovesOnAVolume) {
     if (hasVolume()) {
         const auto paths = moveFilesIn(volume_->pathOf("photos"));
         expectListedByDesktop(paths);
@@ -133,7 +133,7 @@ TEST_F(TrashOfOtherPrograms, ShowsTheDesktopWhatWeMovedOnAVolume) {
     }
 }
 
-TEST_F(TrashOfOtherPrograms, ShowsTheTerminalWhatWeMovedOnAVolume) {
+TEST_F(TrashOfOtherPrograms, TerminalSeesMovesOnAVolume) {
     if (hasVolume()) {
         const auto paths = moveFilesIn(volume_->pathOf("photos"));
         expectListedByTerminal(paths);
@@ -142,7 +142,7 @@ TEST_F(TrashOfOtherPrograms, ShowsTheTerminalWhatWeMovedOnAVolume) {
     }
 }
 
-TEST_F(TrashOfOtherPrograms, ShowsTheDesktopWhatWeMovedToTheSharedOne) {
+TEST_F(TrashOfOtherPrograms, DesktopSeesMovesToTheSharedOne) {
     if (hasVolume()) {
         std::filesystem::create_directory(volume_->pathOf(".Trash"));
         ::chmod(volume_->pathOf(".Trash").c_str(), 01777);
@@ -154,7 +154,7 @@ TEST_F(TrashOfOtherPrograms, ShowsTheDesktopWhatWeMovedToTheSharedOne) {
     }
 }
 
-TEST_F(TrashOfOtherPrograms, GivesUsBackWhatTheDesktopMoved) {
+TEST_F(TrashOfOtherPrograms, DesktopMovesCanBeRestored) {
     const std::string inHome = home_.writeFile("a b.txt", "bytes");
     std::string files = quoted(inHome);
     if (hasVolume()) {
@@ -174,7 +174,7 @@ TEST_F(TrashOfOtherPrograms, GivesUsBackWhatTheDesktopMoved) {
     }
 }
 
-TEST_F(TrashOfOtherPrograms, TakesOursBesideTheirs) {
+TEST_F(TrashOfOtherPrograms, HoldsOurFilesBesideTheirs) {
     const std::string path = home_.writeFile("a.txt", "bytes");
     const CommandResult result = session_.run("gio trash " + quoted(path));
     EXPECT_FALSE(std::filesystem::exists(path)) << result.output;

@@ -32,7 +32,7 @@ unsigned modeOf(const std::string& path) {
     return status.st_mode & 07777U;
 }
 
-TEST_F(HomeTrash, TakesAFileWithANoteOfItsPlaceAndDate) {
+TEST_F(HomeTrash, MovesAFileWithItsTrashinfo) {
     const TimeZone zone("EET-2");
     clock_.set(std::chrono::sys_days(std::chrono::year(2024) / 2 / 29) + std::chrono::hours(22) +
                std::chrono::minutes(5) + std::chrono::seconds(9));
@@ -47,7 +47,7 @@ TEST_F(HomeTrash, TakesAFileWithANoteOfItsPlaceAndDate) {
                                         "DeletionDate=2024-03-01T00:05:09\n");
 }
 
-TEST_F(HomeTrash, DatesEachNoteAnew) {
+TEST_F(HomeTrash, DatesEachTrashinfo) {
     const TimeZone zone("UTC0");
     ASSERT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
     clock_.advance(std::chrono::seconds(86'400));
@@ -56,7 +56,7 @@ TEST_F(HomeTrash, DatesEachNoteAnew) {
     EXPECT_NE(note("b").find("DeletionDate=2026-02-01T00:00:00\n"), std::string::npos);
 }
 
-TEST_F(HomeTrash, IsMadeForTheUserAlone) {
+TEST_F(HomeTrash, IsCreatedForTheUserAlone) {
     const mode_t before = ::umask(0);
     EXPECT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
     ::umask(before);
@@ -67,7 +67,7 @@ TEST_F(HomeTrash, IsMadeForTheUserAlone) {
     EXPECT_EQ(modeOf(trash() + "/info/a.trashinfo"), 0600U);
 }
 
-TEST_F(HomeTrash, TakesALinkAndNotWhatItLeadsTo) {
+TEST_F(HomeTrash, MovesALinkAndNotItsTarget) {
     folder_.writeFile("target", "bytes");
     const std::string path = folder_.makeLink("link", "target");
     ASSERT_TRUE(move(path).ok());
@@ -76,7 +76,7 @@ TEST_F(HomeTrash, TakesALinkAndNotWhatItLeadsTo) {
     EXPECT_EQ(entriesIn(trash() + "/files"), 1U);
 }
 
-TEST_F(HomeTrash, TakesFilesOfOneNameSideBySide) {
+TEST_F(HomeTrash, NumbersFilesWithOneName) {
     ASSERT_TRUE(move(folder_.writeFile("one/a.txt", "one")).ok());
     ASSERT_TRUE(move(folder_.writeFile("two/a.txt", "two")).ok());
     EXPECT_EQ(contentOf(trashed("a.txt")), "one");
@@ -84,11 +84,11 @@ TEST_F(HomeTrash, TakesFilesOfOneNameSideBySide) {
     EXPECT_NE(note("a.2.txt").find("/two/a.txt\n"), std::string::npos);
 }
 
-TEST_F(HomeTrash, LeavesAFileWithoutANoteAlone) {
+TEST_F(HomeTrash, KeepsAFileWithoutTrashinfo) {
     expectFileWithoutNoteLeftAlone();
 }
 
-TEST_F(HomeTrash, LeavesANoteWithoutAFileAlone) {
+TEST_F(HomeTrash, KeepsATrashinfoWithoutFile) {
     std::filesystem::create_directories(trash() + "/info");
     std::ofstream(trash() + "/info/a.txt.trashinfo") << "orphan";
     const auto moved = move(folder_.writeFile("a.txt", "bytes"));
@@ -97,7 +97,7 @@ TEST_F(HomeTrash, LeavesANoteWithoutAFileAlone) {
     EXPECT_EQ(note("a.txt"), "orphan");
 }
 
-TEST_F(HomeTrash, DoesNotWriteThroughALinkInPlaceOfANote) {
+TEST_F(HomeTrash, DoesNotWriteThroughALinkedTrashinfo) {
     std::filesystem::create_directories(trash() + "/info");
     std::filesystem::create_symlink(folder_.pathOf("elsewhere"), trash() + "/info/a.trashinfo");
     const auto moved = move(folder_.writeFile("a", "bytes"));
@@ -106,7 +106,7 @@ TEST_F(HomeTrash, DoesNotWriteThroughALinkInPlaceOfANote) {
     EXPECT_FALSE(std::filesystem::exists(folder_.pathOf("elsewhere")));
 }
 
-TEST_F(HomeTrash, TakesLongNamesWithAWholeNote) {
+TEST_F(HomeTrash, ShortensLongNamesForTheTrashinfo) {
     for (std::size_t length = 230; length <= 255; ++length) {
         for (const std::string unit : {"a", "\xC3\xA4", "\xE2\x82\xAC", "\xFF", "%", "\n"}) {
             std::string name;
@@ -130,14 +130,14 @@ TEST_F(HomeTrash, TakesLongNamesWithAWholeNote) {
     EXPECT_EQ(entriesIn(trash() + "/info"), 0U);
 }
 
-TEST_F(HomeTrash, ShortensNamesToWhatTheFileSystemTakes) {
+TEST_F(HomeTrash, ShortensNamesToTheLimitOfTheFileSystem) {
     calls_.limitNames(143);
     const auto moved = move(folder_.writeFile(std::string(140, 'a') + ".txt", "bytes"));
     ASSERT_TRUE(moved.ok());
     EXPECT_EQ(moved->name, std::string(129, 'a') + ".txt");
 }
 
-TEST_F(HomeTrash, TakesNamesOfPeriodsAlone) {
+TEST_F(HomeTrash, MovesNamesOfPeriods) {
     for (const std::string name : {"...", "....", ".a", "a.", "...a"}) {
         for (const std::string folder : {"one/", "two/"}) {
             const auto moved = move(folder_.writeFile(folder + name, "bytes"));
@@ -147,8 +147,7 @@ TEST_F(HomeTrash, TakesNamesOfPeriodsAlone) {
     }
 }
 
-/// A folder in memory, where there is one: what a test does ten thousand times takes a disk half a
-/// minute.
+/// In memory if possible: ten thousand moves on a disk take half a minute.
 std::filesystem::path memoryFolder() {
     std::error_code missing;
     return std::filesystem::is_directory("/dev/shm", missing)
@@ -161,7 +160,7 @@ class ManyFilesOfOneName : public TrashFixture {
     ManyFilesOfOneName() : TrashFixture(memoryFolder()) {}
 };
 
-/// Moves 10,000 files named "a.txt", made one after the other.
+/// Moves 10,000 files named "a.txt", created one after the other.
 void moveManyOfOneName(const std::function<Result<TrashPlace, TrashRefusal>(std::string)>& move,
                        const TemporaryFolder& folder) {
     for (int each = 0; each < 10'000; ++each) {
@@ -170,13 +169,13 @@ void moveManyOfOneName(const std::function<Result<TrashPlace, TrashRefusal>(std:
     }
 }
 
-TEST_F(ManyFilesOfOneName, TakeOneTryEach) {
+TEST_F(ManyFilesOfOneName, NeedOneTryEach) {
     moveManyOfOneName([this](const std::string& path) { return move(path); }, folder_);
     EXPECT_EQ(entriesIn(trash() + "/files"), 10'000U);
     EXPECT_EQ(calls_.made(TrashCall::createFile), 10'001U);
 }
 
-TEST_F(ManyFilesOfOneName, FromEarlierArePassedInAFewTries) {
+TEST_F(ManyFilesOfOneName, FromEarlierNeedFewTries) {
     moveManyOfOneName([this](const std::string& path) { return move(path); }, folder_);
     mover_ = newMover();
     const std::size_t before = calls_.made(TrashCall::createFile);
@@ -193,7 +192,7 @@ TEST_F(HomeTrash, GivesUpAfterFortyNames) {
     EXPECT_EQ(calls_.made(TrashCall::createFile), 40U);
 }
 
-TEST_F(HomeTrash, TakesWhatTwoMoveAtOnce) {
+TEST_F(HomeTrash, TwoMoversCanMoveAtOnce) {
     const TemporaryFolder other;
     const auto work = [](const TemporaryFolder& folder, TrashMover& mover) {
         const OpenFolder open = openedFolder(folder.path());
@@ -202,7 +201,7 @@ TEST_F(HomeTrash, TakesWhatTwoMoveAtOnce) {
             ASSERT_TRUE(mover.move(open, "a.txt").ok());
         }
     };
-    // Objects of their own; the Trash and the file system are the same.
+    // Separate objects with one Trash.
     const TrashUser user{trash(), static_cast<std::uint32_t>(::geteuid())};
     const auto first = makeTrashMover(user);
     const auto second = makeTrashMover(user);
@@ -213,7 +212,7 @@ TEST_F(HomeTrash, TakesWhatTwoMoveAtOnce) {
     EXPECT_EQ(entriesIn(trash() + "/info"), 1'000U);
 }
 
-TEST_F(HomeTrash, TellsWhatIsGone) {
+TEST_F(HomeTrash, ReportsAMissingFile) {
     folder_.makeFolder("empty");
     const auto moved = move(folder_.pathOf("empty/a"));
     ASSERT_FALSE(moved.ok());
@@ -221,7 +220,7 @@ TEST_F(HomeTrash, TellsWhatIsGone) {
     EXPECT_EQ(entriesIn(trash() + "/info"), 0U);
 }
 
-TEST_F(HomeTrash, NotesThePlaceThatTheFolderIsAtWhereItsPathIsNone) {
+TEST_F(HomeTrash, RecordsTheRealPathOfTheFolder) {
     folder_.writeFile("one/a", "bytes");
     for (const std::string& path : {std::string("one"), folder_.pathOf("one/../one")}) {
         folder_.writeFile("one/a", "bytes");
@@ -231,7 +230,7 @@ TEST_F(HomeTrash, NotesThePlaceThatTheFolderIsAtWhereItsPathIsNone) {
     }
 }
 
-TEST_F(HomeTrash, IsRefusedWhereThereIsNoHome) {
+TEST_F(HomeTrash, IsRefusedWithoutAHome) {
     const std::string path = folder_.writeFile("a", "bytes");
     mover_ = makeTrashMover({std::nullopt, 0}, {calls_, clock_, mountTable_});
     const TrashRefusal refusal = expectRefused(path);
@@ -239,7 +238,7 @@ TEST_F(HomeTrash, IsRefusedWhereThereIsNoHome) {
     EXPECT_EQ(refusal.text, "there is no home folder");
 }
 
-TEST_F(HomeTrash, ThatIsALinkIsNotUsed) {
+TEST_F(HomeTrash, RefusesALinkedTrash) {
     const std::string path = folder_.writeFile("a", "bytes");
     const std::string elsewhere = folder_.makeFolder("elsewhere");
     folder_.makeFolder("elsewhere/files");
@@ -250,7 +249,7 @@ TEST_F(HomeTrash, ThatIsALinkIsNotUsed) {
     EXPECT_EQ(refusal.text, trash() + " is a link");
 }
 
-TEST_F(HomeTrash, WithALinkForAFolderIsNotUsed) {
+TEST_F(HomeTrash, RefusesALinkedFolderInIt) {
     const std::string path = folder_.writeFile("a", "bytes");
     folder_.makeFolder("elsewhere");
     for (const std::string part : {"/files", "/info"}) {
@@ -263,14 +262,14 @@ TEST_F(HomeTrash, WithALinkForAFolderIsNotUsed) {
     }
 }
 
-TEST_F(HomeTrash, BehindALinkFurtherUpIsUsed) {
+TEST_F(HomeTrash, AcceptsALinkInAParent) {
     folder_.makeFolder("real");
     folder_.makeLink("home/data", folder_.pathOf("real"));
     ASSERT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
     EXPECT_EQ(contentOf(folder_.pathOf("real/Trash/files/a")), "bytes");
 }
 
-TEST_F(HomeTrash, ThatIsAFileIsNotUsed) {
+TEST_F(HomeTrash, RefusesAFile) {
     const std::string path = folder_.writeFile("a", "bytes");
     for (const std::string part : {"", "/files", "/info"}) {
         std::filesystem::remove_all(trash());
@@ -282,13 +281,13 @@ TEST_F(HomeTrash, ThatIsAFileIsNotUsed) {
     }
 }
 
-TEST_F(HomeTrash, InAFileIsRefusedInTheSystemsWords) {
+TEST_F(HomeTrash, BelowAFileReportsTheSystemError) {
     const std::string path = folder_.writeFile("a", "bytes");
     folder_.writeFile("home", "no folder");
     EXPECT_EQ(expectRefused(path).text, "Not a directory");
 }
 
-TEST_F(HomeTrash, OfAnotherUserIsNotUsed) {
+TEST_F(HomeTrash, RefusesThatOfAnotherUser) {
     const std::string path = folder_.writeFile("a", "bytes");
     for (const std::string part : {"", "/files", "/info"}) {
         std::filesystem::remove_all(trash());
@@ -303,7 +302,7 @@ TEST_F(HomeTrash, OfAnotherUserIsNotUsed) {
     }
 }
 
-TEST_F(HomeTrash, ThatOthersMayChangeIsNotUsed) {
+TEST_F(HomeTrash, RefusesOneWritableByOthers) {
     const std::string path = folder_.writeFile("a", "bytes");
     for (const std::string part : {"", "/files", "/info"}) {
         for (const unsigned mode : {0770U, 0702U}) {
@@ -318,7 +317,7 @@ TEST_F(HomeTrash, ThatOthersMayChangeIsNotUsed) {
     }
 }
 
-TEST_F(HomeTrash, ThatOthersMayOnlyReadIsUsed) {
+TEST_F(HomeTrash, AcceptsOneReadableByOthers) {
     std::filesystem::create_directories(trash() + "/files");
     std::filesystem::create_directories(trash() + "/info");
     for (const std::string part : {"", "/files", "/info"}) {
@@ -327,7 +326,7 @@ TEST_F(HomeTrash, ThatOthersMayOnlyReadIsUsed) {
     EXPECT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
 }
 
-TEST_F(HomeTrash, IsMadeAgainWhereItWasRemoved) {
+TEST_F(HomeTrash, IsCreatedAgainAfterRemoval) {
     ASSERT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
     for (const std::string part : {"", "/files", "/info"}) {
         std::filesystem::remove_all(trash() + part);
@@ -338,7 +337,7 @@ TEST_F(HomeTrash, IsMadeAgainWhereItWasRemoved) {
     }
 }
 
-TEST_F(HomeTrash, IsMadeAgainWhereItIsRemovedBetweenNoteAndMove) {
+TEST_F(HomeTrash, IsCreatedAgainIfRemovedBeforeTheRename) {
     const std::string path = folder_.writeFile("a", "bytes");
     calls_.before(TrashCall::renameExclusively, [this] { std::filesystem::remove_all(trash()); });
     ASSERT_TRUE(move(path).ok());
@@ -346,7 +345,7 @@ TEST_F(HomeTrash, IsMadeAgainWhereItIsRemovedBetweenNoteAndMove) {
     EXPECT_NE(note("a"), "");
 }
 
-TEST_F(HomeTrash, ThatIsReplacedByALinkIsLeftWithinASecond) {
+TEST_F(HomeTrash, ReplacementByALinkIsNoticedInASecond) {
     ASSERT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
     std::filesystem::rename(trash(), trash() + ".old");
     folder_.makeLink("home/data/Trash", trash() + ".old");
@@ -355,7 +354,7 @@ TEST_F(HomeTrash, ThatIsReplacedByALinkIsLeftWithinASecond) {
     EXPECT_EQ(entriesIn(trash() + ".old/files"), 1U);
 }
 
-TEST_F(HomeTrash, ThatIsReplacedByAFileIsLeftWithinASecond) {
+TEST_F(HomeTrash, ReplacementByAFileIsNoticedInASecond) {
     ASSERT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
     std::filesystem::rename(trash(), trash() + ".old");
     folder_.writeFile("home/data/Trash", "no folder");
@@ -363,7 +362,7 @@ TEST_F(HomeTrash, ThatIsReplacedByAFileIsLeftWithinASecond) {
     EXPECT_EQ(expectRefused(folder_.writeFile("b", "bytes")).kind, TrashRefusalKind::notFolder);
 }
 
-TEST_F(HomeTrash, ThatIsReplacedByAnotherIsOpenedAnewWithinASecond) {
+TEST_F(HomeTrash, ReplacementIsReopenedInASecond) {
     for (const std::string part : {"", "/files", "/info"}) {
         ASSERT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
         std::filesystem::rename(trash() + part, folder_.pathOf("old"));
@@ -378,22 +377,22 @@ TEST_F(HomeTrash, ThatIsReplacedByAnotherIsOpenedAnewWithinASecond) {
     }
 }
 
-TEST_F(HomeTrash, ThatIsGivenAwayOrOpenedToOthersIsLeftWithinASecond) {
+TEST_F(HomeTrash, ChangeOfOwnerOrModeIsNoticedInASecond) {
     ASSERT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
     ::chmod((trash() + "/files").c_str(), 0777);
     letASecondPass();
     EXPECT_EQ(expectRefused(folder_.writeFile("b", "bytes")).kind, TrashRefusalKind::notPrivate);
 }
 
-TEST_F(HomeTrash, IsLookedAtOnceASecondAndNotForEachFile) {
+TEST_F(HomeTrash, IsCheckedOnceASecondNotPerFile) {
     ASSERT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
     const std::size_t before = calls_.made();
     ASSERT_TRUE(move(folder_.writeFile("b", "bytes")).ok());
-    // Note (create, write, close), rename.
+    // .trashinfo file (create, write, close), rename.
     EXPECT_EQ(calls_.made() - before, 4U);
 }
 
-/// Makes a folder unchangeable for the time of a test, for everybody.
+/// Makes a folder immutable until destruction.
 class Unchangeable final {
  public:
     explicit Unchangeable(const std::string& folder)
@@ -424,7 +423,7 @@ class Unchangeable final {
     bool isSet_ = false;
 };
 
-TEST_F(HomeTrash, LeavesTheFileOfAFolderThatMayNotBeChanged) {
+TEST_F(HomeTrash, KeepsAFileInAnUnwritableFolder) {
     const std::string path = folder_.writeFile("fixed/a.txt", "bytes");
     const Unchangeable fixed(folder_.pathOf("fixed"));
     if (fixed.isSet()) {
@@ -435,7 +434,7 @@ TEST_F(HomeTrash, LeavesTheFileOfAFolderThatMayNotBeChanged) {
     }
 }
 
-TEST_F(HomeTrash, ThatMayNotBeChangedTakesNothing) {
+TEST_F(HomeTrash, UnwritableTrashMovesNothing) {
     ASSERT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
     for (const std::string part : {"/files", "/info"}) {
         const Unchangeable fixed(trash() + part);
@@ -446,7 +445,7 @@ TEST_F(HomeTrash, ThatMayNotBeChangedTakesNothing) {
     }
 }
 
-TEST_F(HomeTrash, TellsTheReasonOfEachCallThatFails) {
+TEST_F(HomeTrash, ReportsTheReasonOfEachFailedCall) {
     for (const auto& [call, code, text] :
          {std::tuple{TrashCall::createFile, EROFS, "Read-only file system"},
           std::tuple{TrashCall::createFile, ENOSPC, "No space left on device"},
@@ -464,7 +463,7 @@ TEST_F(HomeTrash, TellsTheReasonOfEachCallThatFails) {
     }
 }
 
-TEST_F(HomeTrash, OfAnotherMountIsNotReached) {
+TEST_F(HomeTrash, RefusesAcrossMounts) {
     calls_.fail(TrashCall::renameExclusively, EXDEV);
     const TrashRefusal refusal = expectRefused(folder_.writeFile("a", "bytes"));
     EXPECT_EQ(refusal.kind, TrashRefusalKind::otherVolume);
@@ -472,7 +471,7 @@ TEST_F(HomeTrash, OfAnotherMountIsNotReached) {
     EXPECT_EQ(refusal.text, "the file and the Trash are on different file systems or mounts");
 }
 
-TEST_F(HomeTrash, TakesANoteThatIsWrittenByteByByte) {
+TEST_F(HomeTrash, RepeatsShortWritesOfATrashinfo) {
     calls_.limitWrites(1);
     ASSERT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
     EXPECT_TRUE(note("a").ends_with("\nDeletionDate=2026-01-31T00:00:00\n")) << note("a");
@@ -480,8 +479,8 @@ TEST_F(HomeTrash, TakesANoteThatIsWrittenByteByByte) {
     EXPECT_EQ(expectRefused(folder_.writeFile("b", "bytes")).error.code, EIO);
 }
 
-// Each call of a move fails once, for a Trash that has to be made and for one that is open.
-TEST_F(HomeTrash, LeavesFileAndNoNoteWhereAnyCallFails) {
+// Each call of a move fails once, for a Trash that must be created and for an open one.
+TEST_F(HomeTrash, KeepsTheFileIfAnyCallFails) {
     for (const bool isOpen : {false, true}) {
         bool hasEnded = false;
         for (std::size_t number = 0; !hasEnded; ++number) {
@@ -499,7 +498,7 @@ TEST_F(HomeTrash, LeavesFileAndNoNoteWhereAnyCallFails) {
             const auto moved = move(path);
             hasEnded = !calls.hasFailed();
             EXPECT_EQ(calls.filesOpen(), 0U) << number;
-            // A look that fails may be answered by opening the Trash anew.
+            // After a failed check the Trash may be reopened.
             EXPECT_EQ(moved.ok(), contentOf(trashed("a")) == "bytes") << number;
             EXPECT_EQ(moved.ok(), !note("a").empty()) << number;
             EXPECT_NE(moved.ok(), contentOf(path) == "bytes") << number;
@@ -519,7 +518,7 @@ class TrashWithoutExclusiveRename : public TrashFixture, public ::testing::WithP
     TrashWithoutExclusiveRename() { calls_.fail(TrashCall::renameExclusively, GetParam()); }
 };
 
-TEST_P(TrashWithoutExclusiveRename, TakesAFile) {
+TEST_P(TrashWithoutExclusiveRename, MovesAFile) {
     const std::string path = folder_.writeFile("a", "bytes");
     ASSERT_TRUE(move(path).ok());
     EXPECT_FALSE(std::filesystem::exists(path));
@@ -527,11 +526,11 @@ TEST_P(TrashWithoutExclusiveRename, TakesAFile) {
     EXPECT_NE(note("a"), "");
 }
 
-TEST_P(TrashWithoutExclusiveRename, LeavesAFileWithoutANoteAlone) {
+TEST_P(TrashWithoutExclusiveRename, KeepsAFileWithoutTrashinfo) {
     expectFileWithoutNoteLeftAlone();
 }
 
-TEST_P(TrashWithoutExclusiveRename, LeavesFileAndNoNoteWhereACallFails) {
+TEST_P(TrashWithoutExclusiveRename, KeepsTheFileIfACallFails) {
     ASSERT_TRUE(move(folder_.writeFile("first", "bytes")).ok());
     for (const TrashCall call : {TrashCall::status, TrashCall::rename}) {
         calls_.heal();
@@ -541,7 +540,7 @@ TEST_P(TrashWithoutExclusiveRename, LeavesFileAndNoNoteWhereACallFails) {
     }
 }
 
-TEST_P(TrashWithoutExclusiveRename, PutsAFileBack) {
+TEST_P(TrashWithoutExclusiveRename, RestoresAFile) {
     const std::string path = folder_.writeFile("a", "bytes");
     const auto moved = move(path);
     ASSERT_TRUE(moved.ok());
@@ -552,7 +551,7 @@ TEST_P(TrashWithoutExclusiveRename, PutsAFileBack) {
     EXPECT_EQ(entriesIn(trash() + "/info"), 0U);
 }
 
-TEST_P(TrashWithoutExclusiveRename, PutsNothingBackOverAnotherFile) {
+TEST_P(TrashWithoutExclusiveRename, RestoresOverNoOtherFile) {
     const std::string path = folder_.writeFile("a", "bytes");
     const auto moved = move(path);
     ASSERT_TRUE(moved.ok());
@@ -577,7 +576,7 @@ class TrashWithoutExclusiveRenameAndLinks : public TrashWithoutExclusiveRename {
     TrashPlace place_;
 };
 
-TEST_P(TrashWithoutExclusiveRenameAndLinks, PutsAFileBack) {
+TEST_P(TrashWithoutExclusiveRenameAndLinks, RestoresAFile) {
     EXPECT_FALSE(putBack(place_, path_));
     EXPECT_EQ(contentOf(path_), "bytes");
     EXPECT_EQ(entriesIn(trash() + "/files"), 0U);
@@ -585,7 +584,7 @@ TEST_P(TrashWithoutExclusiveRenameAndLinks, PutsAFileBack) {
     EXPECT_EQ(calls_.filesOpen(), 0U);
 }
 
-TEST_P(TrashWithoutExclusiveRenameAndLinks, PutsNothingBackOverAnotherFile) {
+TEST_P(TrashWithoutExclusiveRenameAndLinks, RestoresOverNoOtherFile) {
     folder_.writeFile("a", "other");
     const auto refusal = putBack(place_, path_);
     ASSERT_TRUE(refusal);
@@ -594,7 +593,7 @@ TEST_P(TrashWithoutExclusiveRenameAndLinks, PutsNothingBackOverAnotherFile) {
     EXPECT_EQ(contentOf(trashed("a")), "bytes");
 }
 
-TEST_P(TrashWithoutExclusiveRenameAndLinks, LeavesNothingInThePlaceWhereACallFails) {
+TEST_P(TrashWithoutExclusiveRenameAndLinks, RemovesThePlaceholderIfACallFails) {
     for (const TrashCall call : {TrashCall::createFile, TrashCall::close, TrashCall::rename}) {
         calls_.failNext(call, EIO);
         const auto refusal = putBack(place_, path_);
@@ -609,8 +608,8 @@ TEST_P(TrashWithoutExclusiveRenameAndLinks, LeavesNothingInThePlaceWhereACallFai
 INSTANTIATE_TEST_SUITE_P(EachAnswer, TrashWithoutExclusiveRenameAndLinks,
                          ::testing::Values(EINVAL, ENOSYS, EOPNOTSUPP));
 
-// The file must keep a name whatever comes between; a second one in the Trash does no harm.
-TEST_P(TrashWithoutExclusiveRename, KeepsFileAndNoteWhereTheNameInTheTrashStays) {
+// The file must always keep a name; a second one in the Trash is harmless.
+TEST_P(TrashWithoutExclusiveRename, KeepsTheTrashinfoIfTheNameInTheTrashStays) {
     const std::string path = folder_.writeFile("a", "bytes");
     const auto moved = move(path);
     ASSERT_TRUE(moved.ok());
@@ -621,7 +620,7 @@ TEST_P(TrashWithoutExclusiveRename, KeepsFileAndNoteWhereTheNameInTheTrashStays)
     EXPECT_NE(note("a"), "");
 }
 
-TEST_P(TrashWithoutExclusiveRename, LeavesAnotherFileThatHasTheNameInTheTrashByNow) {
+TEST_P(TrashWithoutExclusiveRename, KeepsAnotherFileThatTookTheName) {
     const std::string path = folder_.writeFile("a", "bytes");
     const auto moved = move(path);
     ASSERT_TRUE(moved.ok());
@@ -639,7 +638,7 @@ INSTANTIATE_TEST_SUITE_P(EachAnswer, TrashWithoutExclusiveRename,
 
 using PutBack = TrashFixture;
 
-TEST_F(PutBack, BringsTheFileAndTakesTheNote) {
+TEST_F(PutBack, RestoresTheFileAndRemovesTheTrashinfo) {
     const std::string path = folder_.writeFile("a", "bytes");
     const auto moved = move(path);
     ASSERT_TRUE(moved.ok());
@@ -649,7 +648,7 @@ TEST_F(PutBack, BringsTheFileAndTakesTheNote) {
     EXPECT_EQ(entriesIn(trash() + "/info"), 0U);
 }
 
-TEST_F(PutBack, OfALaterDayOpensTheTrashByItsPath) {
+TEST_F(PutBack, OpensTheTrashByItsPath) {
     const std::string path = folder_.writeFile("a", "bytes");
     const auto moved = move(path);
     ASSERT_TRUE(moved.ok());
@@ -673,7 +672,7 @@ TEST_F(PutBack, ReplacesNothing) {
     EXPECT_NE(note("a"), "");
 }
 
-TEST_F(PutBack, TellsWhatIsNotInTheTrashAnyMore) {
+TEST_F(PutBack, ReportsAFileMissingInTheTrash) {
     const auto moved = move(folder_.writeFile("a", "bytes"));
     ASSERT_TRUE(moved.ok());
     std::filesystem::remove(trashed("a"));
@@ -683,7 +682,7 @@ TEST_F(PutBack, TellsWhatIsNotInTheTrashAnyMore) {
     EXPECT_NE(note("a"), "");
 }
 
-TEST_F(PutBack, TellsAFolderThatIsGone) {
+TEST_F(PutBack, ReportsAMissingFolder) {
     const auto moved = move(folder_.writeFile("one/a", "bytes"));
     ASSERT_TRUE(moved.ok());
     const auto open = systemFileSystem().openDirectory(folder_.pathOf("one"));
@@ -695,7 +694,7 @@ TEST_F(PutBack, TellsAFolderThatIsGone) {
     EXPECT_EQ(contentOf(trashed("a")), "bytes");
 }
 
-TEST_F(PutBack, OutOfATrashThatIsGoneMakesNone) {
+TEST_F(PutBack, CreatesNoMissingTrash) {
     for (const std::string part : {"", "/files", "/info"}) {
         const auto moved = move(folder_.writeFile("a", "bytes"));
         ASSERT_TRUE(moved.ok());
@@ -709,7 +708,7 @@ TEST_F(PutBack, OutOfATrashThatIsGoneMakesNone) {
     }
 }
 
-TEST_F(PutBack, OutOfAnUnsafeTrashIsRefused) {
+TEST_F(PutBack, RefusesAnUnsafeTrash) {
     const auto moved = move(folder_.writeFile("a", "bytes"));
     ASSERT_TRUE(moved.ok());
     mover_ = newMover();
@@ -723,7 +722,7 @@ TEST_F(PutBack, OutOfAnUnsafeTrashIsRefused) {
     EXPECT_EQ(looked.error().kind, TrashRefusalKind::link);
 }
 
-TEST_F(PutBack, LeavesFileAndNoteInTheTrashWhereTheRenameFails) {
+TEST_F(PutBack, KeepsFileAndTrashinfoIfTheRenameFails) {
     const std::string path = folder_.writeFile("a", "bytes");
     const auto moved = move(path);
     ASSERT_TRUE(moved.ok());
@@ -740,7 +739,7 @@ TEST_F(PutBack, LeavesFileAndNoteInTheTrashWhereTheRenameFails) {
 
 using TrashLook = TrashFixture;
 
-TEST_F(TrashLook, TellsTheAttributesOfWhatArrived) {
+TEST_F(TrashLook, ReturnsTheMetadata) {
     const std::string path = folder_.writeFile("a", "bytes");
     const auto before = systemFileSystem().attributesAtPath(path);
     const auto moved = move(path);
@@ -752,13 +751,13 @@ TEST_F(TrashLook, TellsTheAttributesOfWhatArrived) {
     EXPECT_EQ(looked->type, EntryType::regular);
 }
 
-TEST_F(TrashLook, FollowsNoLink) {
+TEST_F(TrashLook, DoesNotFollowALink) {
     const auto moved = move(folder_.makeLink("a", "/"));
     ASSERT_TRUE(moved.ok());
     EXPECT_EQ(mover_->look(*moved)->type, EntryType::other);
 }
 
-TEST_F(TrashLook, TellsWhatIsNotThere) {
+TEST_F(TrashLook, ReportsAMissingFile) {
     const auto withoutTrash = mover_->look({trash(), "a"});
     ASSERT_FALSE(withoutTrash.ok());
     EXPECT_EQ(withoutTrash.error().kind, TrashRefusalKind::gone);
@@ -769,7 +768,7 @@ TEST_F(TrashLook, TellsWhatIsNotThere) {
     EXPECT_EQ(withTrash.error().kind, TrashRefusalKind::gone);
 }
 
-TEST_F(TrashLook, FindsFilesByWhatTheyAreUnderAnyName) {
+TEST_F(TrashLook, FindsFilesByIdentityUnderAnyName) {
     std::vector<FileIdentity> wanted;
     for (int each = 0; each < 400; ++each) {
         const std::string path = folder_.writeFile("a", std::to_string(each));
@@ -792,7 +791,7 @@ TEST_F(TrashLook, FindsFilesByWhatTheyAreUnderAnyName) {
     }
 }
 
-TEST_F(TrashLook, FindsNothingInATrashThatIsNotThere) {
+TEST_F(TrashLook, FailsForAMissingTrash) {
     const auto found = mover_->find(trash(), {});
     ASSERT_FALSE(found.ok());
     EXPECT_EQ(found.error().kind, TrashRefusalKind::gone);

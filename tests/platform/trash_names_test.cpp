@@ -7,7 +7,7 @@
 namespace tarvin {
 namespace {
 
-TEST(TrashName, OfTheFirstTryIsTheFilesOwn) {
+TEST(TrashName, OfTheFirstTryIsTheFileName) {
     for (const std::string name : {"a.txt", ".bashrc", "....", "a", "a.", "x y.tar.gz"}) {
         EXPECT_EQ(nameInTrash(name, 1, 245), name);
     }
@@ -18,7 +18,7 @@ TEST(TrashName, OfLaterTriesHasTheNumberBeforeTheExtension) {
     EXPECT_EQ(nameInTrash("x y.tar.gz", 17, 245), "x y.tar.17.gz");
 }
 
-TEST(TrashName, WithoutExtensionHasTheNumberAtItsEnd) {
+TEST(TrashName, WithoutExtensionEndsWithTheNumber) {
     EXPECT_EQ(nameInTrash("a", 2, 245), "a.2");
     EXPECT_EQ(nameInTrash("a.", 2, 245), "a..2");
     EXPECT_EQ(nameInTrash(".bashrc", 2, 245), ".bashrc.2");
@@ -26,7 +26,7 @@ TEST(TrashName, WithoutExtensionHasTheNumberAtItsEnd) {
     EXPECT_EQ(nameInTrash("..x", 2, 245), "..x.2");
 }
 
-TEST(TrashName, IsShortenedInFrontOfTheExtension) {
+TEST(TrashName, IsShortenedBeforeTheExtension) {
     EXPECT_EQ(nameInTrash(std::string(251, 'a') + ".txt", 1, 245), std::string(241, 'a') + ".txt");
     EXPECT_EQ(nameInTrash(std::string(251, 'a') + ".txt", 12, 245),
               std::string(238, 'a') + ".12.txt");
@@ -34,13 +34,13 @@ TEST(TrashName, IsShortenedInFrontOfTheExtension) {
     EXPECT_EQ(nameInTrash(std::string(241, 'a') + ".txt", 1, 245), std::string(241, 'a') + ".txt");
 }
 
-TEST(TrashName, TreatsAnExtensionOfUnusualLengthAsPartOfTheName) {
+TEST(TrashName, TreatsALongExtensionAsPartOfTheName) {
     EXPECT_EQ(nameInTrash("a." + std::string(253, 'b'), 1, 245), "a." + std::string(243, 'b'));
     EXPECT_EQ(nameInTrash("." + std::string(254, 'b'), 3, 245), '.' + std::string(242, 'b') + ".3");
 }
 
-TEST(TrashName, IsShortenedBetweenTwoCharacters) {
-    // Two, three and four bytes each; the cut would fall into the last one.
+TEST(TrashName, IsShortenedAtACharacterBoundary) {
+    // Characters of two, three and four bytes; the limit is inside the last one.
     EXPECT_EQ(nameInTrash(std::string(244, 'a') + "\xC3\xA4zzz", 1, 245), std::string(244, 'a'));
     EXPECT_EQ(nameInTrash(std::string(243, 'a') + "\xE2\x82\xACzzz", 1, 245),
               std::string(243, 'a'));
@@ -50,15 +50,15 @@ TEST(TrashName, IsShortenedBetweenTwoCharacters) {
               std::string(243, 'a') + "\xC3\xA4");
 }
 
-TEST(TrashName, ThatIsNotUtf8IsShortenedBetweenTwoBytes) {
+TEST(TrashName, ThatIsNotUtf8IsShortenedAtAByte) {
     EXPECT_EQ(nameInTrash(std::string(255, '\xFF'), 1, 245), std::string(245, '\xFF'));
     EXPECT_EQ(nameInTrash(std::string(255, '\x80'), 1, 245), std::string(245, '\x80'));
-    // A first byte without the ones that belong to it.
+    // A lead byte without continuation bytes.
     EXPECT_EQ(nameInTrash(std::string(244, 'a') + "\xE9zzzz", 1, 245),
               std::string(244, 'a') + '\xE9');
 }
 
-TEST(TrashName, IsKnownAgain) {
+TEST(TrashName, IsRecognised) {
     const std::string longName = std::string(300, 'n') + ".jpg";
     for (const std::string& name : {std::string("a.jpg"), std::string("a.2.jpg"),
                                     std::string("1.2"), std::string("..."), longName}) {
@@ -72,7 +72,7 @@ TEST(TrashName, IsKnownAgain) {
     }
 }
 
-TEST(TrashNote, HasEveryByteOfThePathThatIsNotPlainAsANumber) {
+TEST(TrashNote, PercentEncodesThePath) {
     EXPECT_EQ(percentEncoded("/azAZ09-_.!~*'()"), "/azAZ09-_.!~*'()");
     EXPECT_EQ(percentEncoded("a b%\n\xFF\"#;[]"), "a%20b%25%0A%FF%22%23%3B%5B%5D");
 }
@@ -82,7 +82,7 @@ TEST(TrashNote, HasPathAndDate) {
               "[Trash Info]\nPath=/a%20b\nDeletionDate=2024-02-29T23:59:59\n");
 }
 
-TEST(TrashNote, TellsItsPathAsFarAsItIsWhole) {
+TEST(TrashNote, ReturnsItsPathIfComplete) {
     EXPECT_EQ(notedPath(trashNote("/a b", "2024-02-29T23:59:59")), "/a%20b");
     EXPECT_EQ(notedPath("[Trash Info]\nPath=\n"), "");
     for (const char* text : {"", "Path=/a\n", "[Trash Info]\n", "[Trash Info]\nPath=/a",
@@ -91,7 +91,7 @@ TEST(TrashNote, TellsItsPathAsFarAsItIsWhole) {
     }
 }
 
-TEST(TrashNumbers, BeginBehindTheLastOneTaken) {
+TEST(TrashNumbers, ContinueAfterTheLastOne) {
     TrashNumbers numbers;
     EXPECT_EQ(numbers.firstFor("a"), 1U);
     numbers.take("a", 2);
@@ -99,7 +99,7 @@ TEST(TrashNumbers, BeginBehindTheLastOneTaken) {
     EXPECT_EQ(numbers.firstFor("b"), 1U);
 }
 
-TEST(TrashNumbers, AreForgottenRatherThanKeptForMillionsOfNames) {
+TEST(TrashNumbers, AreBoundedInMemory) {
     TrashNumbers numbers;
     for (int each = 0; each < 10'001; ++each) {
         numbers.take(std::to_string(each), 2);

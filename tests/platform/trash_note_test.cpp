@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 constexpr Timestamp leapDay{std::chrono::sys_days{std::chrono::year{2024} / 2 / 29} +
                             std::chrono::hours(23)};
 
-/// Notes of files that are in a Trash already.
+/// .trashinfo files of files in a Trash.
 class StoredNote : public TrashFixture {
  protected:
     StoredNote() { place_ = *move(folder_.writeFile("a b", "bytes")); }
@@ -37,7 +37,7 @@ class StoredNote : public TrashFixture {
     TrashPlace place_;
 };
 
-TEST_F(StoredNote, ThatIsMissingIsWrittenWithPlaceAndDate) {
+TEST_F(StoredNote, IsWrittenIfMissing) {
     fs::remove(notePath("a b"));
     EXPECT_FALSE(mend());
     EXPECT_EQ(note("a b"), mended());
@@ -46,7 +46,7 @@ TEST_F(StoredNote, ThatIsMissingIsWrittenWithPlaceAndDate) {
     EXPECT_EQ(status.st_mode & 07777U, 0600U);
 }
 
-TEST_F(StoredNote, ThatIsEmptyOrCutOffIsWrittenAnew) {
+TEST_F(StoredNote, IsRewrittenIfIncomplete) {
     for (const char* text : {"", "[Trash Info]\n", "[Trash Info]\nPath=/a", "\0\0\0\0",
                              "[Trash Info]\nPath=/a\nDeletionDate=2026"}) {
         writeNote("a b", text);
@@ -55,14 +55,14 @@ TEST_F(StoredNote, ThatIsEmptyOrCutOffIsWrittenAnew) {
     }
 }
 
-TEST_F(StoredNote, ThatIsWholeStays) {
+TEST_F(StoredNote, IsKeptIfComplete) {
     const std::string whole = "[Trash Info]\nPath=/elsewhere\nDeletionDate=2020-01-01T00:00:00\n";
     writeNote("a b", whole);
     EXPECT_FALSE(mend());
     EXPECT_EQ(note("a b"), whole);
 }
 
-TEST_F(StoredNote, ThatIsALinkIsNotWrittenThrough) {
+TEST_F(StoredNote, LinkIsNotFollowed) {
     const std::string other = folder_.writeFile("other", "bytes");
     fs::remove(notePath("a b"));
     fs::create_symlink(other, notePath("a b"));
@@ -72,7 +72,7 @@ TEST_F(StoredNote, ThatIsALinkIsNotWrittenThrough) {
     EXPECT_EQ(contentOf(other), "bytes");
 }
 
-TEST_F(StoredNote, ThatCannotBeReadIsToldAndStays) {
+TEST_F(StoredNote, UnreadableOneIsReportedAndKept) {
     for (const TrashCall call : {TrashCall::openFile, TrashCall::read}) {
         writeNote("a b", "");
         calls_.failNext(call, EIO);
@@ -83,7 +83,7 @@ TEST_F(StoredNote, ThatCannotBeReadIsToldAndStays) {
     }
 }
 
-TEST_F(StoredNote, WithoutAFileGoesIfItTellsOneOfThePaths) {
+TEST_F(StoredNote, UnusedOneOfAPathIsRemoved) {
     const auto text = [](const std::string& path) {
         return "[Trash Info]\nPath=" + path + "\nDeletionDate=2020-01-01T00:00:00\n";
     };
@@ -107,18 +107,18 @@ TEST_F(StoredNote, WithoutAFileGoesIfItTellsOneOfThePaths) {
     EXPECT_TRUE(fs::exists(trash() + "/info/sought.txt"));
 }
 
-TEST_F(StoredNote, OfAFileThatIsThereStaysThoughItTellsOneOfThePaths) {
+TEST_F(StoredNote, UsedOneOfAPathIsKept) {
     EXPECT_FALSE(mover_->removeUnusedNotes(trash(), {folder_.pathOf("a b")}));
     EXPECT_NE(note("a b"), "");
 }
 
-TEST_F(StoredNote, OfATrashThatIsNotThereIsNotLookedFor) {
+TEST_F(StoredNote, MissingTrashIsRefused) {
     const auto refusal = mover_->removeUnusedNotes(folder_.pathOf("no/Trash"), {"/a"});
     ASSERT_TRUE(refusal);
     EXPECT_EQ(refusal->kind, TrashRefusalKind::gone);
 }
 
-TEST_F(StoredNote, IsFlushedOnceWithWhatItBelongsTo) {
+TEST_F(StoredNote, IsFlushedOnceWithItsFile) {
     EXPECT_FALSE(mover_->flush());
     EXPECT_EQ(calls_.made(TrashCall::flush), 1U);
     EXPECT_FALSE(mover_->flush());
@@ -135,14 +135,14 @@ TEST_F(StoredNote, IsFlushedOnceWithWhatItBelongsTo) {
     EXPECT_EQ(calls_.made(TrashCall::flush), 4U);
 }
 
-TEST_F(StoredNote, IsFlushedWithAFileThatIsPutBack) {
+TEST_F(StoredNote, IsFlushedAfterARestore) {
     EXPECT_FALSE(mover_->flush());
     EXPECT_FALSE(putBack(place_, folder_.pathOf("a b")));
     EXPECT_FALSE(mover_->flush());
     EXPECT_EQ(calls_.made(TrashCall::flush), 2U);
 }
 
-TEST_F(StoredNote, OfATrashThatIsLeftIsFlushedBefore) {
+TEST_F(StoredNote, IsFlushedBeforeItsTrashIsClosed) {
     letASecondPass();
     fs::rename(trash(), trash() + ".away");
     calls_.failNext(TrashCall::flush, EIO);
@@ -154,7 +154,7 @@ TEST_F(StoredNote, OfATrashThatIsLeftIsFlushedBefore) {
     EXPECT_FALSE(mover_->flush());
 }
 
-TEST_F(StoredNote, StaysIfItsFileArrivesWhileItGoes) {
+TEST_F(StoredNote, IsWrittenAgainIfItsFileArrivesMeanwhile) {
     const std::string text = note("a b");
     fs::rename(trashed("a b"), folder_.pathOf("a b"));
     calls_.before(TrashCall::unlink, [this] { fs::rename(folder_.pathOf("a b"), trashed("a b")); });
@@ -162,7 +162,7 @@ TEST_F(StoredNote, StaysIfItsFileArrivesWhileItGoes) {
     EXPECT_EQ(note("a b"), text);
 }
 
-TEST_F(StoredNote, OfAVolumeTellsThePlaceOnIt) {
+TEST_F(StoredNote, OnAVolumeHasARelativePath) {
     if (hasVolume()) {
         const std::string top = fs::path(volume_->pathOf("x")).parent_path();
         fs::create_directory(volume_->pathOf("sub"));
@@ -172,7 +172,7 @@ TEST_F(StoredNote, OfAVolumeTellsThePlaceOnIt) {
         const std::string path = moved->trash + "/info/a.trashinfo";
         const std::string expected = "[Trash Info]\nPath=sub/a\nDeletionDate=2024-02-29T23:00:00\n";
         fs::remove(path);
-        // As the next start does, which opens the Trash by its path.
+        // As after a restart: the Trash is opened by its path.
         const auto later = newMover();
         EXPECT_FALSE(later->mendNote(*moved, volume_->pathOf("sub/a"), leapDay));
         EXPECT_EQ(contentOf(path), expected);
@@ -183,7 +183,7 @@ TEST_F(StoredNote, OfAVolumeTellsThePlaceOnIt) {
     }
 }
 
-TEST_F(StoredNote, OfASharedTrashTellsThePlaceOnTheVolume) {
+TEST_F(StoredNote, InASharedTrashHasARelativePath) {
     if (hasVolume()) {
         fs::create_directory(volume_->pathOf(".Trash"));
         fs::permissions(volume_->pathOf(".Trash"), fs::perms(01777));

@@ -17,7 +17,7 @@
 namespace tarvin {
 namespace {
 
-/// A volume of the test's own, and a home on another one.
+/// A mounted volume, and a home folder on another file system.
 class VolumeTrash : public TrashFixture {
  protected:
     VolumeTrash() {
@@ -39,7 +39,7 @@ class VolumeTrash : public TrashFixture {
     [[nodiscard]] std::string own() const { return path(".Trash-" + user()); }
     [[nodiscard]] std::string shared() const { return path(".Trash/" + user()); }
 
-    /// Moves a file and answers the Trash that it went to.
+    /// Moves a file and returns its Trash.
     std::string trashOf(const std::string& path) {
         const auto moved = move(path);
         EXPECT_TRUE(moved.ok()) << moved.error().text;
@@ -52,7 +52,7 @@ class VolumeTrash : public TrashFixture {
     }
 };
 
-TEST_F(VolumeTrash, IsTheUsersInTheTopFolder) {
+TEST_F(VolumeTrash, IsTheUsersInTheTopDirectory) {
     if (hasVolume()) {
         const TimeZone zone("UTC0");
         const mode_t before = ::umask(0);
@@ -69,7 +69,7 @@ TEST_F(VolumeTrash, IsTheUsersInTheTopFolder) {
     }
 }
 
-TEST_F(VolumeTrash, IsInTheOneThatUsersShareWhereThereIsOne) {
+TEST_F(VolumeTrash, IsInTheSharedOneIfItExists) {
     if (hasVolume()) {
         std::filesystem::create_directory(path(".Trash"));
         ::chmod(path(".Trash").c_str(), 01777);
@@ -130,7 +130,7 @@ TEST_F(VolumeTrash, IsNotALinkInTheSharedOne) {
     }
 }
 
-TEST_F(VolumeTrash, LeavesTheSharedOneWithinASecondOfItsStickyBitGoing) {
+TEST_F(VolumeTrash, NoticesALostStickyBitInASecond) {
     if (hasVolume()) {
         std::filesystem::create_directory(path(".Trash"));
         ::chmod(path(".Trash").c_str(), 01777);
@@ -141,7 +141,7 @@ TEST_F(VolumeTrash, LeavesTheSharedOneWithinASecondOfItsStickyBitGoing) {
     }
 }
 
-TEST_F(VolumeTrash, OfAnotherUserIsNotUsed) {
+TEST_F(VolumeTrash, RefusesThatOfAnotherUser) {
     if (hasVolume()) {
         std::filesystem::create_directory(own());
         ASSERT_EQ(::chown(own().c_str(), 12'345, 12'345), 0);
@@ -152,7 +152,7 @@ TEST_F(VolumeTrash, OfAnotherUserIsNotUsed) {
     }
 }
 
-TEST_F(VolumeTrash, WithALinkForAFolderIsNotUsed) {
+TEST_F(VolumeTrash, RefusesALinkedFolderInIt) {
     for (const std::string part : {"", "/files", "/info"}) {
         const LoopVolume volume;
         if (volume) {
@@ -172,12 +172,12 @@ TEST_F(VolumeTrash, WithALinkForAFolderIsNotUsed) {
     }
 }
 
-TEST_F(VolumeTrash, ThatOthersMayChangeIsUsedOnlyWhereNoRightsAreKept) {
+TEST_F(VolumeTrash, WritableByOthersOnlyWithoutPermissions) {
     if (hasVolume()) {
         std::filesystem::create_directory(own());
         ::chmod(own().c_str(), 0777);
         EXPECT_EQ(expectRefused(path("a.txt"), own()).kind, TrashRefusalKind::notPrivate);
-        // The same mount as one of a file system whose rights are those of the mount.
+        // The same mount, listed with a type without permissions.
         std::ifstream table("/proc/self/mountinfo");
         std::string text{std::istreambuf_iterator<char>(table), {}};
         text = std::regex_replace(text, std::regex(" - ext4 "), " - exfat ");
@@ -189,7 +189,7 @@ TEST_F(VolumeTrash, ThatOthersMayChangeIsUsedOnlyWhereNoRightsAreKept) {
     }
 }
 
-TEST_F(VolumeTrash, OfAReadOnlyVolumeTakesNothing) {
+TEST_F(VolumeTrash, OfAReadOnlyVolumeMovesNothing) {
     if (hasVolume()) {
         writeFile("b.txt");
         for (const std::string name : {"a.txt", "b.txt"}) {
@@ -199,13 +199,13 @@ TEST_F(VolumeTrash, OfAReadOnlyVolumeTakesNothing) {
             EXPECT_EQ(refusal.error.code, EROFS);
             EXPECT_EQ(refusal.text, "Read-only file system");
             ASSERT_EQ(::mount(nullptr, top().c_str(), nullptr, MS_REMOUNT, nullptr), 0);
-            // Without a Trash first, then with one.
+            // First without a Trash, then with one.
             EXPECT_EQ(trashOf(path(name)), own());
         }
     }
 }
 
-TEST_F(VolumeTrash, OfAFullVolumeTakesNothing) {
+TEST_F(VolumeTrash, OfAFullVolumeMovesNothing) {
     if (hasVolume()) {
         EXPECT_EQ(trashOf(path("a.txt")), own());
         writeFile("b.txt");
@@ -217,14 +217,14 @@ TEST_F(VolumeTrash, OfAFullVolumeTakesNothing) {
     }
 }
 
-TEST_F(VolumeTrash, OfAFullVolumeIsNotMade) {
+TEST_F(VolumeTrash, OfAFullVolumeIsNotCreated) {
     if (hasVolume()) {
         volume_->fill();
         EXPECT_EQ(expectRefused(path("a.txt"), own()).text, "No space left on device");
     }
 }
 
-TEST_F(VolumeTrash, OfAVolumeWithoutInodesTakesNothing) {
+TEST_F(VolumeTrash, OfAVolumeWithoutInodesMovesNothing) {
     const Mount mount("none", folder_.makeFolder("volume"), "tmpfs", 0, "nr_inodes=12");
     if (mount) {
         EXPECT_NE(trashOf(folder_.writeFile("volume/a", "bytes")), "");
@@ -238,7 +238,7 @@ TEST_F(VolumeTrash, OfAVolumeWithoutInodesTakesNothing) {
     }
 }
 
-TEST_F(VolumeTrash, TakesFilesOfOneNameFromDifferentFolders) {
+TEST_F(VolumeTrash, NumbersFilesWithOneNameFromSeveralFolders) {
     if (hasVolume()) {
         for (const std::string folder : {"one/", "two/", "one/three/"}) {
             EXPECT_EQ(trashOf(writeFile(folder + "x.txt")), own());
@@ -248,7 +248,7 @@ TEST_F(VolumeTrash, TakesFilesOfOneNameFromDifferentFolders) {
     }
 }
 
-TEST_F(VolumeTrash, NotesThePlaceOnTheVolumeOfAFileReachedByALink) {
+TEST_F(VolumeTrash, RecordsTheRealPathOfALinkedFolder) {
     if (hasVolume()) {
         writeFile("sub/b.txt");
         folder_.makeLink("way", path("sub"));
@@ -259,7 +259,7 @@ TEST_F(VolumeTrash, NotesThePlaceOnTheVolumeOfAFileReachedByALink) {
     }
 }
 
-TEST_F(VolumeTrash, IsThatOfTheMountAndNotOfItsDevice) {
+TEST_F(VolumeTrash, IsThatOfTheMountNotOfItsDevice) {
     if (hasVolume()) {
         writeFile("sub/deeper/b.txt");
         const std::string bound = folder_.makeFolder("bound");
@@ -273,7 +273,7 @@ TEST_F(VolumeTrash, IsThatOfTheMountAndNotOfItsDevice) {
     }
 }
 
-TEST_F(VolumeTrash, OfAMountOfTheHomesOwnFileSystemIsNotReached) {
+TEST_F(VolumeTrash, RefusesAnotherMountOfTheHome) {
     folder_.writeFile("shown/a.txt", "bytes");
     const std::string bound = folder_.makeFolder("bound");
     const Mount mount(folder_.pathOf("shown"), bound, nullptr, MS_BIND);
@@ -285,7 +285,7 @@ TEST_F(VolumeTrash, OfAMountOfTheHomesOwnFileSystemIsNotReached) {
     }
 }
 
-TEST_F(VolumeTrash, OfAMountWithAnyNameIsFound) {
+TEST_F(VolumeTrash, IsFoundForAMountWithAnyName) {
     const std::string top = folder_.makeFolder("a b\tc\nd\\040 \xff");
     const Mount mount("none", top, "tmpfs");
     if (mount) {
@@ -294,7 +294,7 @@ TEST_F(VolumeTrash, OfAMountWithAnyNameIsFound) {
     }
 }
 
-TEST_F(VolumeTrash, OfAMountBehindAnotherIsNotReached) {
+TEST_F(VolumeTrash, RefusesAHiddenMount) {
     if (hasVolume()) {
         const OpenFolder folder = openedFolder(top());
         const Mount mount("none", top(), "tmpfs");
@@ -307,7 +307,7 @@ TEST_F(VolumeTrash, OfAMountBehindAnotherIsNotReached) {
     }
 }
 
-TEST_F(VolumeTrash, OfAMountThatIsNotInTheTableIsNotReached) {
+TEST_F(VolumeTrash, RefusesAMountThatIsNotListed) {
     if (hasVolume()) {
         mountTable_ = folder_.pathOf("missing");
         mover_ = newMover();
@@ -316,14 +316,14 @@ TEST_F(VolumeTrash, OfAMountThatIsNotInTheTableIsNotReached) {
     }
 }
 
-TEST_F(VolumeTrash, IsUsedWhereTheHomesIsNotSafe) {
+TEST_F(VolumeTrash, IsUsedIfTheHomeTrashIsUnsafe) {
     if (hasVolume()) {
         folder_.makeLink("home/data/Trash", folder_.makeFolder("elsewhere"));
         EXPECT_EQ(trashOf(path("a.txt")), own());
     }
 }
 
-TEST_F(VolumeTrash, GivesAFileBackOnALaterDay) {
+TEST_F(VolumeTrash, RestoresAFileAfterReopening) {
     if (hasVolume()) {
         for (const bool isShared : {false, true}) {
             if (isShared) {
@@ -343,7 +343,7 @@ TEST_F(VolumeTrash, GivesAFileBackOnALaterDay) {
     }
 }
 
-TEST_F(VolumeTrash, GivesNothingBackToAnotherVolume) {
+TEST_F(VolumeTrash, RestoresNothingToAnotherVolume) {
     if (hasVolume()) {
         const auto moved = move(path("a.txt"));
         ASSERT_TRUE(moved.ok());
@@ -354,7 +354,7 @@ TEST_F(VolumeTrash, GivesNothingBackToAnotherVolume) {
     }
 }
 
-TEST_F(VolumeTrash, GivesNothingBackFromASharedOneWithoutStickyBit) {
+TEST_F(VolumeTrash, RestoresNothingFromOneWithoutStickyBit) {
     if (hasVolume()) {
         std::filesystem::create_directory(path(".Trash"));
         ::chmod(path(".Trash").c_str(), 01777);
@@ -368,7 +368,7 @@ TEST_F(VolumeTrash, GivesNothingBackFromASharedOneWithoutStickyBit) {
     }
 }
 
-TEST_F(VolumeTrash, OfManyMountsIsOpenedAsOftenAsNeeded) {
+TEST_F(VolumeTrash, IsReopenedWithManyMounts) {
     std::vector<std::unique_ptr<Mount>> mounts;
     for (int each = 0; each < 40; ++each) {
         const std::string top = folder_.makeFolder("mount" + std::to_string(each));

@@ -24,13 +24,13 @@ std::optional<std::string> desktopOfAnn(std::string_view userDirectories) {
     return userFolderOf(UserFolder::desktop, environmentOfAnn(), userDirectories);
 }
 
-TEST(UserName, IsThatOfTheAccount) {
+TEST(UserName, IsTheAccountName) {
     UserEnvironment environment = environmentOfAnn();
     environment.logName = "somebody";
     EXPECT_EQ(userNameOf(environment), "ann");
 }
 
-TEST(UserName, IsTheLoginNameWithoutAnAccount) {
+TEST(UserName, IsLognameWithoutAnAccount) {
     UserEnvironment environment;
     environment.logName = "ann";
     EXPECT_EQ(userNameOf(environment), "ann");
@@ -38,7 +38,7 @@ TEST(UserName, IsTheLoginNameWithoutAnAccount) {
     EXPECT_EQ(userNameOf(environment), "ann");
 }
 
-TEST(UserName, IsNoneIfNothingTellsIt) {
+TEST(UserName, IsNulloptIfUnknown) {
     UserEnvironment environment;
     EXPECT_EQ(userNameOf(environment), std::nullopt);
     environment.logName = "";
@@ -61,14 +61,14 @@ TEST(HomeFolder, IsTheAccountsIfTheVariableIsNotAbsolute) {
     EXPECT_EQ(homeFolder(environment), "/home/ann");
 }
 
-TEST(HomeFolder, IsNoneIfNothingTellsIt) {
+TEST(HomeFolder, IsNulloptIfUnknown) {
     UserEnvironment environment;
     EXPECT_EQ(homeFolder(environment), std::nullopt);
     environment.accountHome = "";
     EXPECT_EQ(homeFolder(environment), std::nullopt);
 }
 
-TEST(HomeFolder, HasNoSlashAtItsEnd) {
+TEST(HomeFolder, HasNoTrailingSlash) {
     UserEnvironment environment;
     environment.home = "/home/ann//";
     EXPECT_EQ(homeFolder(environment), "/home/ann");
@@ -107,7 +107,7 @@ TEST(DataFolder, NeedsNoHomeIfTheVariableIsSet) {
     EXPECT_EQ(dataFolder(environment), "/data/share");
 }
 
-TEST(ApplicationSupportFolder, IsTheProgramsOwnInTheDataFolder) {
+TEST(ApplicationSupportFolder, IsInTheDataFolder) {
     UserEnvironment environment = environmentOfAnn();
     EXPECT_EQ(applicationSupportFolderOf(environment),
               "/home/ann/.local/share/Tarvin Software/Tarvin Duplicate File Remover");
@@ -125,7 +125,7 @@ TEST(HomeTrash, IsInTheDataFolder) {
     EXPECT_EQ(homeTrashFolder(UserEnvironment()), std::nullopt);
 }
 
-TEST(MeetingFolders, AreInTheRuntimeFolderThenInTheOneForTemporaryFiles) {
+TEST(MeetingFolders, AreTheRuntimeFolderThenTmp) {
     const std::string ofThisUser =
         "/tmp/tarvin-duplicate-file-remover-" + std::to_string(::geteuid());
     UserEnvironment environment;
@@ -150,7 +150,7 @@ TEST(UserDirectoriesFile, IsInTheConfigurationFolder) {
     EXPECT_EQ(userDirectoriesFile(UserEnvironment()), std::nullopt);
 }
 
-TEST(UserFolder, HasItsEnglishNameIfNothingSetsIt) {
+TEST(UserFolder, HasItsEnglishNameByDefault) {
     const UserEnvironment environment = environmentOfAnn();
     EXPECT_EQ(userFolderOf(UserFolder::home, environment, ""), "/home/ann");
     EXPECT_EQ(userFolderOf(UserFolder::desktop, environment, ""), "/home/ann/Desktop");
@@ -158,7 +158,7 @@ TEST(UserFolder, HasItsEnglishNameIfNothingSetsIt) {
     EXPECT_EQ(userFolderOf(UserFolder::pictures, environment, ""), "/home/ann/Pictures");
 }
 
-TEST(UserFolder, IsWhereItsLineSaysItIs) {
+TEST(UserFolder, IsSetByItsLine) {
     const UserEnvironment environment = environmentOfAnn();
     constexpr std::string_view text =
         "# This file is written by the desktop.\n"
@@ -173,14 +173,14 @@ TEST(UserFolder, IsWhereItsLineSaysItIs) {
               "/home/ann/Eigene Bilder/2024");
 }
 
-TEST(UserFolder, IsNoneIfItIsSetToTheHomeFolder) {
+TEST(UserFolder, IsNulloptIfSetToTheHomeFolder) {
     for (const char* value : {"$HOME/", "$HOME", "$HOME//", "/home/ann", "/home/ann/"}) {
         const std::string line = "XDG_DESKTOP_DIR=\"" + std::string(value) + "\"\n";
         EXPECT_EQ(desktopOfAnn(line), std::nullopt) << value;
     }
 }
 
-TEST(UserFolder, HasNoSlashAtItsEnd) {
+TEST(UserFolder, HasNoTrailingSlash) {
     EXPECT_EQ(desktopOfAnn("XDG_DESKTOP_DIR=\"$HOME/Desk//\""), "/home/ann/Desk");
     EXPECT_EQ(desktopOfAnn("XDG_DESKTOP_DIR=\"$HOME//Desk\""), "/home/ann/Desk");
     EXPECT_EQ(desktopOfAnn("XDG_DESKTOP_DIR=\"/data/Desk/\""), "/data/Desk");
@@ -191,7 +191,7 @@ TEST(UserFolder, IsSetByALineWithBlanks) {
     EXPECT_EQ(desktopOfAnn("XDG_DESKTOP_DIR=\"$HOME/Desk\"\r\n"), "/home/ann/Desk");
 }
 
-TEST(UserFolder, HasTheEscapesInItsLineUndone) {
+TEST(UserFolder, IsUnescaped) {
     EXPECT_EQ(desktopOfAnn(R"(XDG_DESKTOP_DIR="$HOME/a \"b\" \$c \\ \`d\`")"),
               R"(/home/ann/a "b" $c \ `d`)");
     EXPECT_EQ(desktopOfAnn(R"(XDG_DESKTOP_DIR="/\x/y")"), "/x/y");
@@ -210,7 +210,7 @@ TEST(UserFolder, IsSetByTheLastLine) {
               std::nullopt);
 }
 
-TEST(UserFolder, IsNotSetByALineThatIsNotOfTheFormat) {
+TEST(UserFolder, IsNotSetByAMalformedLine) {
     for (const char* line :
          {"#XDG_DESKTOP_DIR=\"$HOME/x\"", "XDG_DESKTOP_DIR=$HOME/x", "XDG_DESKTOP_DIR \"$HOME/x\"",
           "XDG_DESKTOP_DIR=\"$HOME/x", "XDG_DESKTOP_DIR=\"x\"", "XDG_DESKTOP_DIR=\"\"",
@@ -224,12 +224,12 @@ TEST(UserFolder, IsNotSetByALineThatIsNotOfTheFormat) {
     }
 }
 
-TEST(UserFolder, IsNotSetByALineWithAZeroByte) {
+TEST(UserFolder, IsNotSetByALineWithANullByte) {
     const std::string line("XDG_DESKTOP_DIR=\"$HOME/a\0b\"", 27);
     EXPECT_EQ(desktopOfAnn(line), "/home/ann/Desktop");
 }
 
-TEST(UserFolder, NeedsAHomeOnlyIfItIsBelowIt) {
+TEST(UserFolder, NeedsAHomeFolderOnlyBelowIt) {
     const UserEnvironment nobody;
     EXPECT_EQ(userFolderOf(UserFolder::home, nobody, ""), std::nullopt);
     EXPECT_EQ(userFolderOf(UserFolder::desktop, nobody, ""), std::nullopt);
@@ -238,7 +238,7 @@ TEST(UserFolder, NeedsAHomeOnlyIfItIsBelowIt) {
     EXPECT_EQ(userFolderOf(UserFolder::desktop, nobody, "XDG_DESKTOP_DIR=\"/data/a\""), "/data/a");
 }
 
-TEST(UserFolder, OfAUserAtTheRootStandsAtTheRoot) {
+TEST(UserFolder, OfARootHomeIsAtTheRoot) {
     UserEnvironment environment;
     environment.home = "/";
     EXPECT_EQ(userFolderOf(UserFolder::desktop, environment, ""), "/Desktop");
@@ -247,12 +247,12 @@ TEST(UserFolder, OfAUserAtTheRootStandsAtTheRoot) {
               std::nullopt);
 }
 
-TEST(ProcessEnvironment, IsAskedForOnce) {
+TEST(ProcessEnvironment, IsReadOnce) {
     EXPECT_EQ(&processEnvironment(), &processEnvironment());
 }
 
-TEST(ProcessEnvironment, HasTheAccountThatThePasswordDatabaseGivesTheUser) {
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread asks the database.
+TEST(ProcessEnvironment, HasTheAccountOfThePasswordDatabase) {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread reads the database.
     const passwd* const account = ::getpwuid(::getuid());
     const UserEnvironment& environment = processEnvironment();
     ASSERT_EQ(environment.accountName.has_value(), account != nullptr);

@@ -9,7 +9,7 @@
 
 namespace tarvin {
 
-/// How a failing line shows a volume.
+/// For failure messages.
 static std::ostream& operator<<(std::ostream& out, const Volume& volume) {
     return out << volume.path << " (" << volume.fileSystemType << ", kind "
                << static_cast<int>(volume.kind) << ')';
@@ -26,17 +26,17 @@ bool alwaysRemovable(const MountEntry&) {
     return true;
 }
 
-/// The volumes of a table in the kernel's format, none of them removable by its device.
+/// The volumes of a mount table; no device is removable.
 std::vector<Volume> volumesIn(std::string_view table) {
     return volumesOf(parseMountInfo(table), neverRemovable);
 }
 
-/// The kind of a drive of this type.
+/// The kind of a drive with this file system.
 VolumeKind kindOfType(const std::string& type, const RemovableQuery& isRemovable) {
     return volumesOf({{1, "/mnt/drive", type, "/dev/x"}}, isRemovable).back().kind;
 }
 
-TEST(Volumes, AreTheRootAndTheDrivesOfThreeFolders) {
+TEST(Volumes, AreTheRootAndDrivesInThreeFolders) {
     const auto volumes = volumesIn(
         "22 27 0:21 / /proc rw - proc proc rw\n"
         "27 1 8:1 / / rw - ext4 /dev/sda1 rw\n"
@@ -52,7 +52,7 @@ TEST(Volumes, AreTheRootAndTheDrivesOfThreeFolders) {
     EXPECT_EQ(volumes, expected);
 }
 
-TEST(Volumes, BeginWithTheRootWhereverTheTableListsIt) {
+TEST(Volumes, BeginWithTheRoot) {
     const auto volumes = volumesIn(
         "26 27 8:17 / /mnt/data rw - ext4 /dev/sdb1 rw\n"
         "27 1 8:1 / / rw - ext4 /dev/sda1 rw\n");
@@ -72,16 +72,16 @@ TEST(Volumes, KeepTheOrderOfMounting) {
     EXPECT_EQ(volumes[3].path, "/mnt/a");
 }
 
-TEST(Volumes, HaveTheRootEvenIfTheTableDoesNot) {
+TEST(Volumes, IncludeTheRootIfNotListed) {
     EXPECT_EQ(volumesIn(""), std::vector<Volume>{unknownRoot});
 }
 
-TEST(Volumes, HaveTheRootWhateverItsFormat) {
+TEST(Volumes, IncludeTheRootOfAnyType) {
     const std::vector<Volume> container{{"/", "overlay", VolumeKind::other}};
     EXPECT_EQ(volumesIn("1 0 0:30 / / rw - overlay overlay rw\n"), container);
 }
 
-TEST(Volumes, ShowWhatWasMountedLastInOnePlace) {
+TEST(Volumes, ShowTheLastMountAtAMountPoint) {
     const auto volumes = volumesIn(
         "1 0 0:2 / / rw - rootfs rootfs rw\n"
         "2 1 8:1 / / rw - ext4 /dev/sda1 rw\n"
@@ -101,7 +101,7 @@ TEST(Volumes, HideADriveUnderAPseudoFileSystem) {
     EXPECT_EQ(volumes, std::vector<Volume>{unknownRoot});
 }
 
-TEST(Volumes, LeaveOutPseudoFileSystems) {
+TEST(Volumes, OmitPseudoFileSystems) {
     const auto volumes = volumesIn(
         "1 0 0:21 / /mnt/proc rw - proc proc rw\n"
         "2 0 0:22 / /media/auto rw - autofs x rw\n"
@@ -115,14 +115,14 @@ TEST(Volumes, MayBeMountedAtMntItself) {
     EXPECT_EQ(volumes[1].path, "/mnt");
 }
 
-TEST(Volumes, AreNotTheFoldersThatHoldDrives) {
+TEST(Volumes, OmitTheParentFoldersOfDrives) {
     const auto volumes = volumesIn(
         "1 0 0:40 / /media rw - tmpfs tmpfs rw\n"
         "2 0 0:41 / /run/media rw - tmpfs tmpfs rw\n");
     EXPECT_EQ(volumes, std::vector<Volume>{unknownRoot});
 }
 
-TEST(Volumes, AreNotInFoldersWithNamesOnlyAlike) {
+TEST(Volumes, OmitFoldersWithSimilarNames) {
     const auto volumes = volumesIn(
         "1 0 8:1 / /mnt2/a rw - ext4 /dev/a rw\n"
         "2 0 8:2 / /mediatheque rw - ext4 /dev/b rw\n"
@@ -131,13 +131,13 @@ TEST(Volumes, AreNotInFoldersWithNamesOnlyAlike) {
     EXPECT_EQ(volumes, std::vector<Volume>{unknownRoot});
 }
 
-TEST(Volumes, KeepPathsThatAreNotText) {
+TEST(Volumes, KeepPathsThatAreNotUtf8) {
     const auto volumes = volumesIn("1 0 8:1 / /mnt/\xff rw - ext4 /dev/a rw\n");
     ASSERT_EQ(volumes.size(), 2u);
     EXPECT_EQ(volumes[1].path, "/mnt/\xff");
 }
 
-TEST(Network, IsWhereTheInnermostMountIsOfAnotherMachine) {
+TEST(Network, IsDecidedByTheInnermostMount) {
     const auto mounts = parseMountInfo(
         "27 1 8:1 / / rw - ext4 /dev/sda1 rw\n"
         "28 27 0:40 / /home rw - cifs //server/homes rw\n"
@@ -153,19 +153,19 @@ TEST(Network, IsWhereTheInnermostMountIsOfAnotherMachine) {
     EXPECT_FALSE(isOnNetwork("/root", {}));
 }
 
-TEST(VolumeKind, IsNetworkForSharesOfOtherMachines) {
+TEST(VolumeKind, IsNetworkForShares) {
     for (const char* type : {"cifs", "smb3", "smbfs"}) {
         EXPECT_EQ(kindOfType(type, neverRemovable), VolumeKind::network) << type;
     }
 }
 
-TEST(VolumeKind, IsRemovableForTheFormatsOfDos) {
+TEST(VolumeKind, IsRemovableForDosTypes) {
     for (const char* type : {"vfat", "exfat", "msdos", "ntfs", "ntfs3", "fuseblk"}) {
         EXPECT_EQ(kindOfType(type, neverRemovable), VolumeKind::removable) << type;
     }
 }
 
-TEST(VolumeKind, IsInternalForTheFormatsOfDisks) {
+TEST(VolumeKind, IsInternalForNativeTypes) {
     for (const char* type :
          {"ext2", "ext3", "ext4", "xfs", "btrfs", "f2fs", "zfs", "hfs", "hfsplus", "apfs"}) {
         EXPECT_EQ(kindOfType(type, neverRemovable), VolumeKind::internal) << type;
@@ -179,17 +179,17 @@ TEST(VolumeKind, IsOtherForTheRest) {
     }
 }
 
-TEST(VolumeKind, IsRemovableForARemovableDeviceOfAnyFormat) {
+TEST(VolumeKind, IsRemovableForARemovableDeviceOfAnyType) {
     for (const char* type : {"ext4", "btrfs", "iso9660", "vfat"}) {
         EXPECT_EQ(kindOfType(type, alwaysRemovable), VolumeKind::removable) << type;
     }
 }
 
-TEST(VolumeKind, IsNetworkBeforeItIsRemovable) {
+TEST(VolumeKind, NetworkTakesPrecedenceOverRemovable) {
     EXPECT_EQ(kindOfType("cifs", alwaysRemovable), VolumeKind::network);
 }
 
-TEST(VolumeKind, IsAskedOfEachDeviceByItself) {
+TEST(VolumeKind, IsQueriedForEachDevice) {
     const std::vector<MountEntry> mounts{{1, "/", "ext4", "/dev/a"},
                                          {2, "/mnt/b", "ext4", "/dev/b"},
                                          {3, "/mnt/c", "ext4", "/dev/c"}};

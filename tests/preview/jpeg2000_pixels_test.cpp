@@ -12,7 +12,7 @@
 namespace tarvin {
 namespace {
 
-/// One component as the library decodes it.
+/// One decoded component.
 struct Component {
     OPJ_UINT32 width = 1;
     OPJ_UINT32 height = 1;
@@ -41,7 +41,7 @@ QImage pixelsOf(std::vector<Component> components, OPJ_COLOR_SPACE space = OPJ_C
     return jpeg2000Pixels(image);
 }
 
-/// The colour of an image of one pixel.
+/// The colour of a one-pixel image.
 QColor colorOf(const std::vector<OPJ_INT32>& values,
                OPJ_COLOR_SPACE space = OPJ_CLRSPC_UNSPECIFIED) {
     std::vector<Component> components;
@@ -53,7 +53,7 @@ QColor colorOf(const std::vector<OPJ_INT32>& values,
     return pixels.pixelColor(0, 0);
 }
 
-TEST(Jpeg2000Pixels, AreGrayOrColoredWithOrWithoutTransparency) {
+TEST(Jpeg2000Pixels, AreGrayOrRgbWithOrWithoutAlpha) {
     EXPECT_EQ(colorOf({77}), QColor(77, 77, 77));
     EXPECT_EQ(colorOf({77, 128}), QColor(77, 77, 77, 128));
     EXPECT_EQ(colorOf({10, 20, 30}), QColor(10, 20, 30));
@@ -61,13 +61,13 @@ TEST(Jpeg2000Pixels, AreGrayOrColoredWithOrWithoutTransparency) {
     EXPECT_EQ(colorOf({10, 20, 30, 40, 50}), QColor(10, 20, 30, 40));
 }
 
-TEST(Jpeg2000Pixels, MixInks) {
+TEST(Jpeg2000Pixels, ConvertCmyk) {
     EXPECT_EQ(colorOf({0, 255, 255, 0}, OPJ_CLRSPC_CMYK), QColor(255, 0, 0));
     EXPECT_EQ(colorOf({0, 0, 0, 255}, OPJ_CLRSPC_CMYK), QColor(0, 0, 0));
     EXPECT_EQ(colorOf({0, 0, 0, 0}, OPJ_CLRSPC_CMYK), QColor(255, 255, 255));
 }
 
-TEST(Jpeg2000Pixels, TakeLuminanceAndDifferences) {
+TEST(Jpeg2000Pixels, ConvertYcc) {
     const QColor red = colorOf({76, 85, 255}, OPJ_CLRSPC_SYCC);
     EXPECT_GE(red.red(), 253);
     EXPECT_LE(red.green(), 2);
@@ -75,7 +75,7 @@ TEST(Jpeg2000Pixels, TakeLuminanceAndDifferences) {
     EXPECT_EQ(colorOf({200, 128, 128}, OPJ_CLRSPC_SYCC), QColor(200, 200, 200));
 }
 
-TEST(Jpeg2000Pixels, TakeCoarserDifferencesForSuch) {
+TEST(Jpeg2000Pixels, TreatSubsampledComponentsAsYcc) {
     const Component light{.width = 4, .height = 2, .values = {76, 76, 29, 29, 76, 76, 29, 29}};
     const Component blue{.width = 2, .height = 1, .values = {85, 255}};
     const Component red{.width = 2, .height = 1, .values = {255, 107}};
@@ -91,7 +91,7 @@ TEST(Jpeg2000Pixels, TakeCoarserDifferencesForSuch) {
     }
 }
 
-TEST(Jpeg2000Pixels, TakeNumbersOfEveryLength) {
+TEST(Jpeg2000Pixels, ScaleEveryPrecision) {
     const auto gray = [](OPJ_UINT32 bits, bool isSigned, OPJ_INT32 value) {
         return pixelsOf({{.bits = bits, .isSigned = isSigned, .values = {value}}})
             .pixelColor(0, 0)
@@ -104,12 +104,12 @@ TEST(Jpeg2000Pixels, TakeNumbersOfEveryLength) {
     EXPECT_EQ(gray(8, true, -128), 0);
     EXPECT_EQ(gray(8, true, 127), 255);
     EXPECT_EQ(gray(31, false, 0x7FFFFFFF), 255);
-    // What no number of that length can be.
+    // Out of the range of the precision.
     EXPECT_EQ(gray(8, false, -5), 0);
     EXPECT_EQ(gray(8, false, 300), 255);
 }
 
-TEST(Jpeg2000Pixels, AreNoneIfAComponentIsMissing) {
+TEST(Jpeg2000Pixels, AreNullIfAComponentIsMissing) {
     EXPECT_TRUE(pixelsOf({}).isNull());
     EXPECT_TRUE(pixelsOf({{.values = {1}}, {.values = {}}, {.values = {1}}}).isNull());
     EXPECT_TRUE(pixelsOf({{.bits = 0, .values = {1}}}).isNull());

@@ -7,7 +7,7 @@
 namespace tarvin {
 namespace {
 
-TEST(MayBeDecoded, SaysWhatIsWithinTheLimit) {
+TEST(MayBeDecoded, ComparesWithTheLimit) {
     // 384 * 1024 * 1024 bytes are 100,663,296 pixels of four.
     EXPECT_TRUE(mayBeDecoded({10'000, 10'000}, 4));
     EXPECT_TRUE(mayBeDecoded({12'288, 8'192}, 4));

@@ -19,11 +19,11 @@ QByteArray sizes(int width, int height, int pictureWidth, int pictureHeight) {
     return encodedSize({width, height}) + encodedSize({pictureWidth, pictureHeight});
 }
 
-TEST(PreviewFormat, IsTheSameOnEveryMachine) {
+TEST(PreviewFormat, IsLittleEndian) {
     EXPECT_EQ(encodedSize({1, 0x01020304}).toStdString(), std::string("\1\0\0\0\4\3\2\1", 8));
 }
 
-TEST(PreviewReader, KnowsNothingBeforeItWasTold) {
+TEST(PreviewReader, IsEmptyInitially) {
     PreviewReader reader;
     EXPECT_FALSE(reader.size().has_value());
     EXPECT_TRUE(reader.picture().isNull());
@@ -32,7 +32,7 @@ TEST(PreviewReader, KnowsNothingBeforeItWasTold) {
     EXPECT_FALSE(reader.size().has_value());
 }
 
-TEST(PreviewReader, PutsTogetherWhatComesInPieces) {
+TEST(PreviewReader, AssemblesChunks) {
     const QByteArray whole = encodedSize({4000, 2000}) + encodedPicture(redAndBlue());
     PreviewReader reader;
     for (qsizetype byte = 0; byte < whole.size(); ++byte) {
@@ -47,7 +47,7 @@ TEST(PreviewReader, PutsTogetherWhatComesInPieces) {
     EXPECT_EQ(picture.pixelColor(1, 0), QColor(Qt::blue));
 }
 
-TEST(PreviewReader, GivesPicturesThatOutliveIt) {
+TEST(PreviewReader, ReturnsPicturesThatOutliveIt) {
     QImage picture;
     {
         PreviewReader reader;
@@ -57,7 +57,7 @@ TEST(PreviewReader, GivesPicturesThatOutliveIt) {
     EXPECT_EQ(picture.pixelColor(1, 0), QColor(Qt::blue));
 }
 
-TEST(PreviewReader, TakesNoMoreThanAPictureHas) {
+TEST(PreviewReader, RefusesMoreThanThePixels) {
     PreviewReader reader;
     EXPECT_TRUE(reader.take(encodedSize({2, 1}) + encodedPicture(redAndBlue())));
     EXPECT_FALSE(reader.take("x"));
@@ -65,7 +65,7 @@ TEST(PreviewReader, TakesNoMoreThanAPictureHas) {
     EXPECT_TRUE(reader.picture().isNull());
 }
 
-TEST(PreviewReader, RefusesSizesThatCannotBe) {
+TEST(PreviewReader, RefusesInvalidSizes) {
     for (const QSize size : {QSize(0, 1), QSize(1, 0), QSize(-1, 1), QSize(1, -2147483647)}) {
         PreviewReader reader;
         EXPECT_FALSE(reader.take(encodedSize(size)));

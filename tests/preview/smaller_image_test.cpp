@@ -22,7 +22,7 @@ QImage slope(QSize size, QImage::Format format) {
     return image.convertToFormat(format);
 }
 
-/// The most that a channel of a pixel differs.
+/// The maximum difference of a channel of a pixel.
 int difference(const QImage& first, const QImage& second) {
     int most = 0;
     for (int y = 0; y < first.height(); ++y) {
@@ -46,19 +46,19 @@ TEST(FittedSize, KeepsProportionsAndLines) {
     EXPECT_FALSE(fits({1, 641}, 640));
 }
 
-TEST(SmallerImage, ShowsTheSamePicture) {
+TEST(SmallerImage, KeepsTheGradient) {
     for (const QImage::Format format :
          {QImage::Format_RGB32, QImage::Format_RGB888, QImage::Format_RGBA64,
           QImage::Format_ARGB32_Premultiplied}) {
-        // Sixteen to one, so that most of it is done in steps, and not a whole number.
+        // About sixteen to one, so that both steps are used, and not an integer.
         const QImage small = smaller(slope({1003, 517}, format), {62, 32});
         ASSERT_EQ(small.size(), QSize(62, 32)) << format;
         EXPECT_LE(difference(small, slope({62, 32}, QImage::Format_RGB32)), 6) << format;
     }
 }
 
-TEST(SmallerImage, TakesEveryPixelIntoAccount) {
-    // Thin lines, of which a picture of single pixels would show all or nothing.
+TEST(SmallerImage, AveragesAllPixels) {
+    // Thin lines, of which sampling single pixels would show all or none.
     QImage lines(1024, 1024, QImage::Format_RGB32);
     lines.fill(Qt::black);
     for (int row = 0; row < lines.height(); row += 2) {
@@ -72,7 +72,7 @@ TEST(SmallerImage, TakesEveryPixelIntoAccount) {
     }
 }
 
-TEST(SmallerImage, KeepsPalettesAndTransparency) {
+TEST(SmallerImage, KeepsPalettesAndAlpha) {
     QImage palette(640, 640, QImage::Format_Indexed8);
     palette.setColorTable({qRgb(10, 20, 30), qRgb(200, 100, 50)});
     palette.fill(1);

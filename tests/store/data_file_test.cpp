@@ -28,7 +28,7 @@ namespace {
 
 using Paths = std::vector<std::string>;
 
-/// What is stored under a key of "data.plist".
+/// The number under a key of "data.plist".
 std::optional<std::uint64_t> stored(const std::string& path, const char* key) {
     const auto list = PropertyList::parse(contentOf(path));
     return list ? list->number(key) : std::nullopt;
@@ -58,7 +58,7 @@ class DataFileTest : public ::testing::Test {
     std::string path_ = own_ + "/data.plist";
 };
 
-TEST_F(DataFileTest, IsMadeWithItsFolderAtTheFirstStart) {
+TEST_F(DataFileTest, IsCreatedWithItsFolderAtTheFirstStart) {
     DataFile data(own_);
     EXPECT_EQ(data.dataPath(), path_);
     EXPECT_FALSE(data.loadDataFile());
@@ -71,7 +71,7 @@ TEST_F(DataFileTest, IsMadeWithItsFolderAtTheFirstStart) {
     EXPECT_TRUE(contentOf(path_).starts_with("<?xml"));
 }
 
-TEST_F(DataFileTest, AddsToWhatIsStored) {
+TEST_F(DataFileTest, AddsToTheStoredTotals) {
     write(
         plistText("<dict><key>deletedCount</key><integer>3</integer>"
                   "<key>deletedSize</key><integer>500</integer></dict>"));
@@ -120,7 +120,7 @@ TEST_F(DataFileTest, ReadsNumbersOfOtherTypes) {
     EXPECT_EQ(stored(path_, "deletedSize"), 1010U);
 }
 
-TEST_F(DataFileTest, PutsAListAsideWhoseTotalsAreNoNumbers) {
+TEST_F(DataFileTest, MovesAListWithoutNumbersAside) {
     for (const char* value : {"<array/>", "<string>3 files</string>", "<string></string>",
                               "<real>-1</real>", "<true/>", "<data>AAAA</data>"}) {
         const std::string list = plistText(std::string("<dict><key>deletedSize</key>") + value +
@@ -137,7 +137,7 @@ TEST_F(DataFileTest, PutsAListAsideWhoseTotalsAreNoNumbers) {
     }
 }
 
-TEST_F(DataFileTest, CountsOnFromBelowZero) {
+TEST_F(DataFileTest, AddsToNegativeTotals) {
     for (const char* count :
          {"<integer>-5</integer>", "<real>-5.5</real>", "<string>-5</string>"}) {
         write(plistText(std::string("<dict><key>deletedCount</key>") + count + "</dict>"));
@@ -152,7 +152,7 @@ TEST_F(DataFileTest, CountsOnFromBelowZero) {
     }
 }
 
-TEST_F(DataFileTest, KeepsBytesOf64BitsWithoutASign) {
+TEST_F(DataFileTest, KeepsSizesAsUnsigned64Bits) {
     write(plistText("<dict><key>deletedSize</key><integer>9223372036854775807</integer></dict>"));
     DataFile data(own_);
     EXPECT_FALSE(data.loadDataFile());
@@ -164,7 +164,7 @@ TEST_F(DataFileTest, KeepsBytesOf64BitsWithoutASign) {
     EXPECT_EQ(again.alreadyDeletedSize(), 9'223'372'036'854'775'808U);
 }
 
-TEST_F(DataFileTest, InMemoryStopsAtTheLargestNumbers) {
+TEST_F(DataFileTest, InMemorySaturates) {
     write(
         plistText("<dict><key>deletedCount</key><integer>9223372036854775806</integer>"
                   "<key>deletedSize</key><integer>18446744073709551610</integer></dict>"));
@@ -176,7 +176,7 @@ TEST_F(DataFileTest, InMemoryStopsAtTheLargestNumbers) {
     EXPECT_EQ(data.alreadyDeletedSize(), 18'446'744'073'709'551'615U);
 }
 
-TEST_F(DataFileTest, TakesNumbersOutsideTheirRangeForNone) {
+TEST_F(DataFileTest, ReadsNumbersOutOfRangeAsZero) {
     for (const char* count :
          {"9223372036854775808", "18446744073709551615", "99999999999999999999999999"}) {
         write(plistText(std::string("<dict><key>deletedCount</key><integer>") + count +
@@ -191,7 +191,7 @@ TEST_F(DataFileTest, TakesNumbersOutsideTheirRangeForNone) {
     }
 }
 
-TEST_F(DataFileTest, OfBinaryFormIsReadAndWrittenBackAsXmlWithItsOtherKeys) {
+TEST_F(DataFileTest, BinaryListIsRewrittenAsXmlWithAllKeys) {
     write(binaryDictionary());
     DataFile data(own_);
     EXPECT_FALSE(data.loadDataFile());
@@ -202,7 +202,7 @@ TEST_F(DataFileTest, OfBinaryFormIsReadAndWrittenBackAsXmlWithItsOtherKeys) {
     EXPECT_EQ(stored(path_, "other"), 9U);
 }
 
-TEST_F(DataFileTest, ThatIsALinkToItselfIsPutAside) {
+TEST_F(DataFileTest, CircularLinkIsMovedAside) {
     folder_.makeLink("own/data.plist", "data.plist");
     DataFile data(own_);
     ASSERT_TRUE(data.loadDataFile());
@@ -211,7 +211,7 @@ TEST_F(DataFileTest, ThatIsALinkToItselfIsPutAside) {
     EXPECT_EQ(stored(path_, "deletedCount"), 1U);
 }
 
-TEST_F(DataFileTest, IsCompletedWhereTheSameTotalsAreStored) {
+TEST_F(DataFileTest, IsCompletedWithTheSameTotals) {
     write(plistText("<dict><key>deletedCount</key><integer>3</integer></dict>"));
     DataFile data(own_);
     data.loadDataFile();
@@ -220,7 +220,7 @@ TEST_F(DataFileTest, IsCompletedWhereTheSameTotalsAreStored) {
     EXPECT_EQ(stored(path_, "deletedSize"), 0U);
 }
 
-TEST_F(DataFileTest, OnAFullDiskStaysAsItWas) {
+TEST_F(DataFileTest, IsUnchangedOnAFullDisk) {
     std::filesystem::create_directories(own_);
     const Mount mount("none", own_, "tmpfs", 0, "size=16k");
     if (mount) {
@@ -237,15 +237,15 @@ TEST_F(DataFileTest, OnAFullDiskStaysAsItWas) {
     }
 }
 
-// A list that cannot be read for the moment may be whole.
-TEST_F(DataFileTest, ThatTheSystemCannotReadNowIsNotReplaced) {
+// After a transient error the list may be intact.
+TEST_F(DataFileTest, IsNotReplacedAfterATransientError) {
     write(plistText("<dict><key>deletedCount</key><integer>3</integer></dict>"));
     DataFile data(own_);
     ASSERT_FALSE(addToTotals(data, 1, 1));
     const std::string old = contentOf(path_);
     rlimit allowed{};
     ::getrlimit(RLIMIT_NOFILE, &allowed);
-    // One for the lock, none for the list.
+    // One descriptor for the lock, none for the list.
     const int next = ::dup(0);
     ::close(next);
     const rlimit one{static_cast<rlim_t>(next) + 1, allowed.rlim_max};
@@ -258,7 +258,7 @@ TEST_F(DataFileTest, ThatTheSystemCannotReadNowIsNotReplaced) {
     EXPECT_FALSE(std::filesystem::exists(path_ + ".unreadable"));
 }
 
-TEST_F(DataFileTest, ThatIsOfNoUseIsPutAsideBeforeItIsReplaced) {
+TEST_F(DataFileTest, DamagedFileIsMovedAside) {
     const std::vector<std::string> contents{
         "",
         "damaged",
@@ -282,7 +282,7 @@ TEST_F(DataFileTest, ThatIsOfNoUseIsPutAsideBeforeItIsReplaced) {
     }
 }
 
-TEST_F(DataFileTest, AFolderInItsPlaceIsPutAsideToo) {
+TEST_F(DataFileTest, FolderInItsPlaceIsMovedAside) {
     folder_.writeFile("own/data.plist/inside.txt", "kept");
     DataFile data(own_);
     EXPECT_TRUE(data.loadDataFile());
@@ -291,7 +291,7 @@ TEST_F(DataFileTest, AFolderInItsPlaceIsPutAsideToo) {
     EXPECT_EQ(stored(path_, "deletedCount"), 1U);
 }
 
-TEST_F(DataFileTest, ThatHasGoneMeanwhileIsMadeAgainFromWhatIsKnown) {
+TEST_F(DataFileTest, IsRecreatedFromTheTotalsInMemory) {
     write(plistText("<dict><key>deletedCount</key><integer>3</integer></dict>"));
     DataFile data(own_);
     data.loadDataFile();
@@ -300,7 +300,7 @@ TEST_F(DataFileTest, ThatHasGoneMeanwhileIsMadeAgainFromWhatIsKnown) {
     EXPECT_EQ(stored(path_, "deletedCount"), 5U);
 }
 
-TEST_F(DataFileTest, SaysInMemoryWhatCouldNotBeWritten) {
+TEST_F(DataFileTest, KeepsInMemoryWhatCouldNotBeWritten) {
     const std::string file = folder_.writeFile("file", "");
     DataFile data(file + "/own");
     const auto loading = data.loadDataFile();
@@ -313,7 +313,7 @@ TEST_F(DataFileTest, SaysInMemoryWhatCouldNotBeWritten) {
     EXPECT_EQ(data.alreadyDeletedSize(), 10U);
 }
 
-TEST_F(DataFileTest, InMemorySaysNoLessThanWhatIsKnown) {
+TEST_F(DataFileTest, InMemoryIsAtLeastTheKnownTotals) {
     write(plistText("<dict><key>deletedCount</key><integer>3</integer></dict>"));
     DataFile data(own_);
     EXPECT_FALSE(data.loadDataFile());
@@ -323,7 +323,7 @@ TEST_F(DataFileTest, InMemorySaysNoLessThanWhatIsKnown) {
     EXPECT_EQ(data.shown(), (StoredTotals{3, 0}));
 }
 
-TEST_F(DataFileTest, OfAHundredMegabytesIsReadOrRefusedWithoutHarm) {
+TEST_F(DataFileTest, OfAHundredMegabytesIsReadOrRefused) {
     const std::string path = folder_.writeFile("own/data.plist", "<plist><dict>");
     {
         std::ofstream file(path, std::ios::app);
@@ -348,7 +348,7 @@ class ExceptionFileTest : public DataFileTest {
     std::string exceptions_ = own_ + "/exception.plist";
 };
 
-TEST_F(ExceptionFileTest, IsEmptyAndNotMadeAtTheFirstStart) {
+TEST_F(ExceptionFileTest, IsNotCreatedAtTheFirstStart) {
     ExceptionFile file(own_);
     EXPECT_EQ(file.path(), exceptions_);
     EXPECT_FALSE(file.load());
@@ -356,7 +356,7 @@ TEST_F(ExceptionFileTest, IsEmptyAndNotMadeAtTheFirstStart) {
     EXPECT_FALSE(std::filesystem::exists(exceptions_));
 }
 
-TEST_F(ExceptionFileTest, KeepsEachPathOnceAtItsFirstPlace) {
+TEST_F(ExceptionFileTest, KeepsEachPathOnce) {
     ExceptionFile file(own_);
     file.load();
     EXPECT_FALSE(file.addExceptions({"/b", "/a", "/b"}));
@@ -372,7 +372,7 @@ TEST_F(ExceptionFileTest, IsReadAgainAtTheNextStart) {
     EXPECT_EQ(file.exceptionArrayData(), (Paths{"/line\nend", "/\xFF.jpg"}));
 }
 
-TEST_F(ExceptionFileTest, KeepsWhatAnotherCopyHasAdded) {
+TEST_F(ExceptionFileTest, KeepsPathsAddedByAnotherInstance) {
     ExceptionFile one(own_);
     ExceptionFile other(own_);
     one.load();
@@ -392,7 +392,7 @@ TEST_F(ExceptionFileTest, CanBeEmptied) {
     EXPECT_FALSE(readExceptionFile(exceptions_).error);
 }
 
-TEST_F(ExceptionFileTest, ThatIsOfNoUseIsPutAsideBeforeItIsReplaced) {
+TEST_F(ExceptionFileTest, DamagedFileIsMovedAside) {
     folder_.writeFile("own/exception.plist", "damaged");
     ExceptionFile file(own_);
     ASSERT_TRUE(file.load());
@@ -402,7 +402,7 @@ TEST_F(ExceptionFileTest, ThatIsOfNoUseIsPutAsideBeforeItIsReplaced) {
     EXPECT_EQ(storedPaths(), (Paths{"/a"}));
 }
 
-TEST_F(ExceptionFileTest, AFolderInItsPlaceIsPutAsideToo) {
+TEST_F(ExceptionFileTest, FolderInItsPlaceIsMovedAside) {
     folder_.writeFile("own/exception.plist/inside.txt", "kept");
     ExceptionFile file(own_);
     ASSERT_TRUE(file.load());
@@ -412,14 +412,14 @@ TEST_F(ExceptionFileTest, AFolderInItsPlaceIsPutAsideToo) {
     EXPECT_EQ(storedPaths(), (Paths{"/a"}));
 }
 
-TEST_F(ExceptionFileTest, OfAnEmptyArrayIsAnEmptyList) {
+TEST_F(ExceptionFileTest, EmptyArrayIsAnEmptyList) {
     folder_.writeFile("own/exception.plist", plistText("<array/>"));
     ExceptionFile file(own_);
     EXPECT_FALSE(file.load());
     EXPECT_EQ(file.exceptionArrayData(), Paths{});
 }
 
-TEST_F(ExceptionFileTest, CountsInMemoryEvenWhereItCannotBeWritten) {
+TEST_F(ExceptionFileTest, IsInMemoryIfItCannotBeWritten) {
     const std::string file = folder_.writeFile("file", "");
     ExceptionFile exceptions(file + "/own");
     const auto failure = exceptions.addExceptions({"/a"});
@@ -428,8 +428,7 @@ TEST_F(ExceptionFileTest, CountsInMemoryEvenWhereItCannotBeWritten) {
     EXPECT_EQ(exceptions.exceptionArrayData(), (Paths{"/a"}));
 }
 
-/// Eight processes at once lose nothing of each other.
-TEST_F(ExceptionFileTest, AndTotalsKeepTheWorkOfEightProcesses) {
+TEST_F(ExceptionFileTest, AndTotalsKeepChangesOfEightProcesses) {
     constexpr int processes = 8;
     constexpr int rounds = 10;
     std::vector<pid_t> children;

@@ -26,7 +26,7 @@ class ExceptionFile : public ::testing::Test {
         return readExceptionFile(folder_.writeFile("exception.plist", content));
     }
 
-    /// A list that cannot be used says where, why, and that it is there.
+    /// An unusable list reports its path, the reason and the kind.
     void expectRefused(const std::string& content,
                        const std::string& reason = "not a property list") const {
         const ExceptionList list = read(content);
@@ -40,7 +40,7 @@ class ExceptionFile : public ::testing::Test {
     TemporaryFolder folder_;
 };
 
-TEST_F(ExceptionFile, GivesThePathsInTheirOrder) {
+TEST_F(ExceptionFile, ReturnsThePathsInOrder) {
     const ExceptionList list =
         read(plistText("<array><string>/z/b.jpg</string><string>/a/c.jpg</string></array>"));
     EXPECT_FALSE(list.error);
@@ -67,12 +67,12 @@ TEST_F(ExceptionFile, AnEmptyListIsAList) {
     EXPECT_EQ(list.paths, Paths{});
 }
 
-TEST_F(ExceptionFile, UndoesTheEscapesOfXml) {
+TEST_F(ExceptionFile, UnescapesXml) {
     EXPECT_EQ(read(plistText("<array><string>/a &amp; b/&lt;c&gt;.jpg</string></array>")).paths,
               (Paths{"/a & b/<c>.jpg"}));
 }
 
-TEST_F(ExceptionFile, PassesOverWhatIsNoString) {
+TEST_F(ExceptionFile, SkipsOtherElements) {
     EXPECT_EQ(read(plistText("<array><integer>3</integer><string>/a.jpg</string><true/>"
                              "<dict><key>k</key><string>/in/dict.jpg</string></dict>"
                              "<array><string>/in/array.jpg</string></array></array>"))
@@ -80,13 +80,13 @@ TEST_F(ExceptionFile, PassesOverWhatIsNoString) {
               (Paths{"/a.jpg"}));
 }
 
-TEST_F(ExceptionFile, IsFoundBehindALink) {
+TEST_F(ExceptionFile, FollowsALink) {
     folder_.writeFile("kept/list.plist", plistText("<array><string>/a.jpg</string></array>"));
     folder_.makeLink("exception.plist", "kept/list.plist");
     EXPECT_EQ(readExceptionFile(folder_.pathOf("exception.plist")).paths, (Paths{"/a.jpg"}));
 }
 
-TEST_F(ExceptionFile, ThatIsMissingSaysSo) {
+TEST_F(ExceptionFile, ReportsAMissingFile) {
     const ExceptionList list = readExceptionFile(folder_.pathOf("exception.plist"));
     EXPECT_EQ(list.paths, Paths{});
     ASSERT_TRUE(list.error);
@@ -94,14 +94,14 @@ TEST_F(ExceptionFile, ThatIsMissingSaysSo) {
     EXPECT_EQ(list.error->text, "No such file or directory");
 }
 
-TEST_F(ExceptionFile, ThatIsALinkToNothingIsMissing) {
+TEST_F(ExceptionFile, DanglingLinkIsMissing) {
     folder_.makeLink("exception.plist", "nowhere");
     const ExceptionList list = readExceptionFile(folder_.pathOf("exception.plist"));
     ASSERT_TRUE(list.error);
     EXPECT_EQ(list.error->kind, StoreError::Kind::missing);
 }
 
-TEST_F(ExceptionFile, WithoutAListOfPathsIsRefused) {
+TEST_F(ExceptionFile, RefusesAnythingButAnArray) {
     expectRefused("");
     expectRefused("no list");
     expectRefused("<html><body>not found</body></html>");
@@ -113,7 +113,7 @@ TEST_F(ExceptionFile, WithoutAListOfPathsIsRefused) {
     expectRefused(std::string(10'000, '\0'));
 }
 
-TEST_F(ExceptionFile, CutOffAnywhereIsRefusedUnlessEveryPathIsThere) {
+TEST_F(ExceptionFile, TruncatedListIsRefusedUnlessAllPathsAreThere) {
     const std::string whole =
         plistText("<array><string>/a.jpg</string><string>/b.jpg</string></array>");
     const Paths paths{"/a.jpg", "/b.jpg"};
@@ -123,14 +123,14 @@ TEST_F(ExceptionFile, CutOffAnywhereIsRefusedUnlessEveryPathIsThere) {
     }
 }
 
-TEST_F(ExceptionFile, ThatIsAFolderIsRefused) {
+TEST_F(ExceptionFile, RefusesAFolder) {
     const ExceptionList list = readExceptionFile(folder_.makeFolder("exception.plist"));
     ASSERT_TRUE(list.error);
     EXPECT_EQ(list.error->text, "not a regular file");
     EXPECT_EQ(list.error->kind, StoreError::Kind::unusable);
 }
 
-TEST_F(ExceptionFile, ThatIsAPipeIsRefusedAtOnce) {
+TEST_F(ExceptionFile, RefusesAPipeWithoutBlocking) {
     const std::string path = folder_.pathOf("exception.plist");
     ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
     const ExceptionList list = readExceptionFile(path);
@@ -138,7 +138,7 @@ TEST_F(ExceptionFile, ThatIsAPipeIsRefusedAtOnce) {
     EXPECT_EQ(list.error->text, "not a regular file");
 }
 
-TEST_F(ExceptionFile, ThatIsTooLargeIsNotRead) {
+TEST_F(ExceptionFile, RefusesATooLargeFile) {
     const std::string path = folder_.writeFile("exception.plist", "");
     std::filesystem::resize_file(path, 256ULL * 1024 * 1024 + 1);
     const ExceptionList list = readExceptionFile(path);
@@ -146,7 +146,7 @@ TEST_F(ExceptionFile, ThatIsTooLargeIsNotRead) {
     EXPECT_EQ(list.error->text, "the file is too large");
 }
 
-TEST_F(ExceptionFile, OfAHundredThousandPathsIsReadWhole) {
+TEST_F(ExceptionFile, ReadsAHundredThousandPaths) {
     std::string array = "<array>";
     for (int number = 0; number < 100'000; ++number) {
         array += "<string>/photos/" + std::to_string(number) + ".jpg</string>";

@@ -4,7 +4,7 @@
 
 namespace tarvin {
 
-/// A property list in XML with `root` in it.
+/// An XML property list with this root.
 inline std::string plistText(const std::string& root) {
     return R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0">)" + root + "</plist>";
 }

@@ -24,7 +24,7 @@ std::string repeated(const std::string& text, std::size_t times) {
     return all;
 }
 
-/// A binary list of these objects, the first of which is the root; references are one byte.
+/// A binary list of these objects; the first is the root. References have one byte.
 std::string binary(const std::vector<std::string>& objects) {
     std::string list = "bplist00";
     std::string offsets;
@@ -126,8 +126,8 @@ TEST(PropertyList, ReadsAndWritesNumbersWithTheirSign) {
     EXPECT_EQ(again->signedNumber("missing"), std::nullopt);
 }
 
-// -5 in 8 bytes, and 2 to the 64th less 5 in 16, whose lower halves are alike.
-TEST(PropertyList, ReadsTheSignsOfTheBinaryForm) {
+// -5 in 8 bytes, and 2^64 - 5 in 16 bytes: the low 8 bytes are equal.
+TEST(PropertyList, ReadsSignsOfBinaryIntegers) {
     const std::string low = std::string(7, '\xFF') + '\xFB';
     const auto list =
         PropertyList::parse(binary({"\xD2\x01\x02\x03\x04", "\x52/a", "\x52/b", "\x13" + low,
@@ -139,7 +139,7 @@ TEST(PropertyList, ReadsTheSignsOfTheBinaryForm) {
     EXPECT_EQ(list->signedNumber("/b"), 0);
 }
 
-TEST(PropertyList, KeepsWhatItDoesNotKnow) {
+TEST(PropertyList, KeepsUnknownKeys) {
     auto list = PropertyList::parse(
         plistText("<dict><key>mine</key><array><string>kept</string></array></dict>"));
     ASSERT_TRUE(list);
@@ -150,23 +150,22 @@ TEST(PropertyList, KeepsWhatItDoesNotKnow) {
     EXPECT_NE(list->xml().find("<string>kept</string>"), std::string::npos);
 }
 
-TEST(PropertyList, ReadsTheBinaryForm) {
+TEST(PropertyList, ReadsBinaryLists) {
     const auto list = PropertyList::parse(binary({"\xA2\x01\x02", "\x52/a", "\x52/b"}));
     ASSERT_TRUE(list);
     EXPECT_EQ(list->paths(), (Paths{"/a", "/b"}));
 }
 
-TEST(PropertyList, ReadsALongBinaryArrayInOneGo) {
+TEST(PropertyList, ReadsALongBinaryArrayInLinearTime) {
     const auto begin = std::chrono::steady_clock::now();
     const auto list = PropertyList::parse(repeatedReference(60'000, "\x52/a"));
     ASSERT_TRUE(list);
     EXPECT_EQ(list->paths(), Paths(60'000, "/a"));
-    // From the first item on for each one it was half a minute; from one to the next it is less
-    // than a tenth of a second.
+    // Access by index took half a minute; iterating takes less than 0.1 s.
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
 }
 
-TEST(PropertyList, IsNotWhatIsNone) {
+TEST(PropertyList, RefusesOtherContent) {
     for (const std::string& bytes :
          {std::string(), std::string("no list"), std::string("bplist00"),
           std::string("bplist00") + std::string(40, '\xFF'), std::string(1000, '\0'),
@@ -175,19 +174,19 @@ TEST(PropertyList, IsNotWhatIsNone) {
     }
 }
 
-TEST(PropertyList, ReadsInvalidUtf8AsItStands) {
+TEST(PropertyList, KeepsInvalidUtf8) {
     const auto list =
         PropertyList::parse(plistText("<array><string>/\xFF\xC0.jpg</string></array>"));
     ASSERT_TRUE(list);
     EXPECT_EQ(list->paths(), (Paths{"/\xFF\xC0.jpg"}));
 }
 
-TEST(SafePropertyList, IsOneOfAFewLevels) {
+TEST(SafePropertyList, HasAtMost64Levels) {
     EXPECT_TRUE(isSafePropertyList(plistText(repeated("<array>", 63) + repeated("</array>", 63))));
     EXPECT_FALSE(isSafePropertyList(plistText(repeated("<array>", 64) + repeated("</array>", 64))));
 }
 
-TEST(SafePropertyList, IsNotOneOfAHundredThousandLevels) {
+TEST(SafePropertyList, RefusesAHundredThousandLevels) {
     const std::string deep =
         plistText(repeated("<array>", 100'000) + repeated("</array>", 100'000));
     EXPECT_FALSE(isSafePropertyList(deep));
@@ -195,19 +194,19 @@ TEST(SafePropertyList, IsNotOneOfAHundredThousandLevels) {
     EXPECT_FALSE(PropertyList::parse(plistText(repeated("<dict><key>k</key>", 100'000))));
 }
 
-TEST(SafePropertyList, DoesNotTakeAnAttributeForTheEndOfATag) {
+TEST(SafePropertyList, RefusesAttributes) {
     EXPECT_FALSE(isSafePropertyList(plistText(repeated("<array a=\"/>\">", 10))));
     EXPECT_FALSE(isSafePropertyList(plistText("<array a='b'>")));
 }
 
-TEST(SafePropertyList, CountsNothingInCommentsAndText) {
+TEST(SafePropertyList, IgnoresTagsInCommentsAndCdata) {
     EXPECT_TRUE(
         isSafePropertyList(plistText("<!-- " + repeated("<array>", 100) + " --><string><![CDATA[" +
                                      repeated("<array>", 100) + "]]></string>")));
 }
 
-TEST(SafePropertyList, IsNotOneWhoseDepthALibraryReadsOtherwise) {
-    // What libplist passes over before the levels, and what it does not.
+TEST(SafePropertyList, RefusesAmbiguousDepth) {
+    // Beginnings after which libplist may see levels that a simple scan does not.
     for (const std::string before :
          {"<!--><![CDATA[-->", "<!---><![CDATA[-->", "<!DOCTYPE plist [ > <!-- ]>", "<?x > <!-- ?>",
           "<?x \"?><!-- \" ?>", "<!DOCTYPE \"><!-- \">", "<plist a=\"><!-- \">",
@@ -220,8 +219,8 @@ TEST(SafePropertyList, IsNotOneWhoseDepthALibraryReadsOtherwise) {
     }
 }
 
-// libplist 2.2 fills such a root with what follows it.
-TEST(SafePropertyList, LevelsBehindARootThatClosesItselfAreRefusedOrDoNoHarm) {
+// libplist 2.2 adds the following elements to such a root.
+TEST(SafePropertyList, SelfClosingRootIsRefusedOrHarmless) {
     for (const std::size_t levels : {std::size_t{64}, std::size_t{65}, std::size_t{100'000}}) {
         const auto list = PropertyList::parse("<array/>" + repeated("<array>", levels) +
                                               repeated("</array>", levels));
@@ -230,19 +229,19 @@ TEST(SafePropertyList, LevelsBehindARootThatClosesItselfAreRefusedOrDoNoHarm) {
     }
 }
 
-TEST(SafePropertyList, IsNotOneInWhichSomethingIsNeverClosed) {
+TEST(SafePropertyList, RefusesUnclosedMarkup) {
     for (const std::string open : {"<!-- >", "<![CDATA[ >", "<?x >", "<!DOCTYPE plist", "<array"}) {
         EXPECT_FALSE(isSafePropertyList(plistText("<array/>") + open)) << open;
     }
 }
 
-// libplist 2.6 reads it, recursively.
-TEST(SafePropertyList, IsNotOneInJsonWhoseStringsHoldTags) {
+// libplist 2.6 parses JSON, recursively.
+TEST(SafePropertyList, RefusesJsonWithTagsInStrings) {
     EXPECT_FALSE(
         isSafePropertyList("[\"<a></a>\"," + repeated("[", 100'000) + repeated("]", 100'001)));
 }
 
-TEST(SafePropertyList, IsNotOneThatBeginsWithNoTag) {
+TEST(SafePropertyList, RefusesTextBeforeTheFirstTag) {
     EXPECT_FALSE(isSafePropertyList(""));
     EXPECT_FALSE(isSafePropertyList(" \n"));
     EXPECT_FALSE(isSafePropertyList("[[1]]"));
@@ -250,7 +249,7 @@ TEST(SafePropertyList, IsNotOneThatBeginsWithNoTag) {
     EXPECT_TRUE(isSafePropertyList(" \n" + plistText("<array/>")));
 }
 
-TEST(SafePropertyList, MayNameItsDocumentTypeButDefineNothing) {
+TEST(SafePropertyList, RefusesDefinitionsInTheDoctype) {
     const std::string begin = R"(<?xml version="1.0" encoding="UTF-8"?>)"
                               R"(<!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" )"
                               R"("http://www.apple.com/DTDs/PropertyList-1.0.dtd")";
@@ -262,13 +261,13 @@ TEST(SafePropertyList, MayNameItsDocumentTypeButDefineNothing) {
     EXPECT_FALSE(isSafePropertyList("<!ELEMENT plist ANY" + end));
 }
 
-TEST(SafePropertyList, IsNoBinaryListThatHoldsItself) {
+TEST(SafePropertyList, RefusesABinaryListThatContainsItself) {
     EXPECT_FALSE(isSafePropertyList(binary({std::string("\xA1\x00", 2)})));
     EXPECT_FALSE(isSafePropertyList(binary({"\xA1\x01", std::string("\xA1\x00", 2)})));
 }
 
-TEST(SafePropertyList, IsNoBinaryListThatUnfoldsBeyondMeasure) {
-    // Each of forty arrays holds the next one four times.
+TEST(SafePropertyList, RefusesExponentialExpansion) {
+    // Each of forty arrays refers four times to the next one.
     std::vector<std::string> objects;
     for (int number = 1; number <= 40; ++number) {
         objects.push_back("\xA4" + std::string(4, static_cast<char>(number)));
@@ -280,14 +279,14 @@ TEST(SafePropertyList, IsNoBinaryListThatUnfoldsBeyondMeasure) {
     EXPECT_FALSE(PropertyList::parse(binary(objects)));
 }
 
-/// A text or data of that many bytes; `kind` as in a binary list.
+/// A text or data object of `units`; `kind` is its marker.
 std::string held(char kind, std::size_t units, std::size_t bytes) {
     return std::string(1, kind) + '\x11' + static_cast<char>(units >> 8U) +
            static_cast<char>(units & 0xFFU) + std::string(bytes, '\0');
 }
 
-TEST(SafePropertyList, IsNoBinaryListThatHoldsFarMoreThanItsBytes) {
-    // 2,000 times 1,000 bytes; 1,000 times the same is within the room.
+TEST(SafePropertyList, BoundsRepeatedBytes) {
+    // 2,000 times 1,000 bytes; 1,000 times is within the limit.
     for (const std::string& object :
          {held('\x4F', 1000, 1000), held('\x5F', 1000, 1000), held('\x6F', 500, 1000)}) {
         EXPECT_FALSE(isSafePropertyList(repeatedReference(2'000, object)));
@@ -297,7 +296,7 @@ TEST(SafePropertyList, IsNoBinaryListThatHoldsFarMoreThanItsBytes) {
 }
 
 TEST(SafePropertyList, HasNoMoreValuesThanBytes) {
-    // Three containers, each of which holds the next twenty times: 421 and 8,421 values.
+    // Containers that refer twenty times to the next one: 8,421 values, then 61.
     const std::string twenty = "\xAF\x10\x14";
     const std::string number = std::string("\x10\x01", 2);
     EXPECT_FALSE(isSafePropertyList(
@@ -307,11 +306,11 @@ TEST(SafePropertyList, HasNoMoreValuesThanBytes) {
         binary({twenty + std::string(20, '\x01'), "\xA2" + std::string(2, '\x02'), number})));
 }
 
-TEST(SafePropertyList, IsNoBinaryListWithATextThatEndsOutsideIt) {
+TEST(SafePropertyList, RefusesATextThatEndsOutside) {
     EXPECT_FALSE(isSafePropertyList(binary({"\xA1\x01", held('\x5F', 60'000, 10)})));
 }
 
-TEST(PropertyList, RefusesABinaryListThatPointsOutsideItself) {
+TEST(PropertyList, RefusesReferencesOutsideTheList) {
     EXPECT_FALSE(PropertyList::parse(binary({"\xA1\x07"})));
     EXPECT_FALSE(PropertyList::parse(binary({"\xD1\x01\x07", "\x51/"})));
     EXPECT_FALSE(PropertyList::parse(binary({"\xA2\x01\x02", "\xA1\x09", "\x51/"})));
@@ -324,7 +323,7 @@ TEST(PropertyList, RefusesABinaryListThatPointsOutsideItself) {
     for (std::size_t at = 8; at < list.size(); ++at) {
         std::string damaged = list;
         damaged[at] = '\xFF';
-        // Whatever it says, asking and reading it ends.
+        // Must return.
         static_cast<void>(PropertyList::parse(damaged));
     }
     EXPECT_FALSE(isSafePropertyList(list.substr(0, 30)));
