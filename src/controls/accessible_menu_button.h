@@ -6,13 +6,13 @@ namespace tarvin {
 
 class MenuButton;
 
-/// How assistive technology finds a MenuButton: as a button with a menu, which it can press. Owned
-/// by Qt.
+/// The accessible interface of a MenuButton: a button with a menu, which can be pressed. Owned by
+/// Qt.
 class AccessibleMenuButton final : public QAccessibleWidget {
  public:
     explicit AccessibleMenuButton(MenuButton& button);
 
-    /// Has Qt ask this class about every MenuButton from now on; once is enough.
+    /// Makes Qt use this class for every MenuButton from now on. Further calls have no effect.
     static void install();
 
     [[nodiscard]] QAccessible::State state() const override;

@@ -6,13 +6,13 @@ namespace tarvin {
 
 class PopUpButton;
 
-/// How assistive technology finds a PopUpButton: as a combo box whose name is the button's own and
-/// whose value is the item shown. Qt's own answer would give the item as the name. Owned by Qt.
+/// The accessible interface of a PopUpButton: a combo box with the button's name, whose value is
+/// the current item. Qt's own would use the item as the name. Owned by Qt.
 class AccessiblePopUp final : public QAccessibleWidget {
  public:
     explicit AccessiblePopUp(PopUpButton& button);
 
-    /// Has Qt ask this class about every PopUpButton from now on; once is enough.
+    /// Makes Qt use this class for every PopUpButton from now on. Further calls have no effect.
     static void install();
 
     [[nodiscard]] QString text(QAccessible::Text kind) const override;

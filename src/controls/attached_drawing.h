@@ -6,9 +6,9 @@
 
 namespace tarvin {
 
-/// A drawing round another widget: lies beside it in the same parent, larger by some margins, and
-/// goes where it goes. Never takes the mouse or the keyboard. Belongs to the parent of the widget
-/// it follows; deletes itself when that widget is destroyed. Main thread.
+/// A decoration around another widget: a sibling, larger by some margins, that moves, resizes and
+/// hides with it. Takes neither mouse nor focus. Owned by the parent of that widget; deletes itself
+/// when the widget is destroyed. Main thread only.
 class AttachedDrawing : public QWidget {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ class AttachedDrawing : public QWidget {
 
     [[nodiscard]] QWidget* target() const { return target_; }
 
-    /// Whether the drawing is to be seen whenever its widget is.
+    /// Whether it is shown whenever its widget is.
     void setWanted(bool wanted);
     [[nodiscard]] bool isWanted() const { return wanted_; }
 

@@ -6,7 +6,7 @@
 
 namespace tarvin {
 
-/// A title with its looks. Which weight it gets is decided by the button that shows it.
+/// A title with its attributes. The button that shows it chooses the weight.
 struct AttributedTitle {
     QString text;
     QColor color;                            ///< invalid: the button's own
@@ -17,7 +17,7 @@ struct AttributedTitle {
     bool operator==(const AttributedTitle&) const = default;
 };
 
-/// A title as the button aligns its own.
+/// A title with the button's own alignment.
 [[nodiscard]] AttributedTitle setAttributes(const QColor& color, const QString& text, int fontSize);
 
 /// A centred title.

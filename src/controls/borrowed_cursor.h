@@ -7,9 +7,9 @@
 
 namespace tarvin {
 
-/// Shows a cursor over a disabled widget. Qt passes over disabled widgets when it chooses the
-/// cursor and takes the one of the nearest enabled ancestor, so for as long as the pointer is
-/// inside, that ancestor gets ours. Belongs to the widget; main thread.
+/// Shows a cursor over a disabled widget. Qt ignores disabled widgets when it chooses the cursor
+/// and uses that of the nearest enabled ancestor; so that ancestor gets ours while the pointer is
+/// inside. Owned by the widget. Main thread only.
 class BorrowedCursor final {
  public:
     BorrowedCursor() = default;
@@ -21,12 +21,12 @@ class BorrowedCursor final {
     /// enters.
     void show(const QWidget& widget, Qt::CursorShape shape);
 
-    /// Gives the ancestor its own cursor back. Nothing happens if none was changed.
+    /// Restores the ancestor's own cursor, if it was changed.
     void giveBack();
 
  private:
     QPointer<QWidget> lender_;
-    std::optional<QCursor> former_;  // none: the lender had no cursor of its own
+    std::optional<QCursor> former_;  // nullopt: the ancestor had no cursor of its own
 };
 
 }  // namespace tarvin

@@ -21,8 +21,7 @@ std::optional<QSize> fittingSize(const QIcon& icon) {
     return found == sizes.end() ? std::nullopt : std::optional(*found);
 }
 
-/// The one picture of an icon made of pixmaps that is to be drawn: the fitting one, or else the
-/// largest.
+/// The pixmap of an icon to paint: the fitting one, otherwise the largest.
 QPixmap chosenPixmap(const QIcon& icon, const std::optional<QSize>& fitting) {
     if (fitting) {
         return icon.pixmap(*fitting, 1.0);

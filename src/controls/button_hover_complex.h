@@ -8,16 +8,16 @@
 
 namespace tarvin {
 
-/// A coloured tile with a title in its upper left and a picture of 110 logical pixels in its
-/// middle. Under the pointer its alpha is 0.8.
+/// A coloured tile with a title in its upper left and an image of 110 logical pixels in its middle.
+/// Under the pointer its alpha is 0.8.
 class ButtonHoverComplex final : public PaintedButton {
     Q_OBJECT
 
  public:
     explicit ButtonHoverComplex(QWidget* parent = nullptr);
 
-    /// Keeps both pictures; only `normal` is drawn. If it holds a picture that is 110 wide, that
-    /// one is drawn as it is, else it is resized to 110 x 110.
+    /// Keeps both images and paints only `normal`: its pixmap of width 110 as it is, if it has one,
+    /// otherwise resized to 110 x 110.
     void setImageNormal(const QIcon& normal, const QIcon& arrow);
     [[nodiscard]] const QIcon& normalImage() const { return normalImage_; }
     [[nodiscard]] const QIcon& arrowImage() const { return arrowImage_; }
@@ -25,13 +25,13 @@ class ButtonHoverComplex final : public PaintedButton {
     void setFillColor(const QColor& fillColor);
     [[nodiscard]] QColor fillColor() const { return fillColor_; }
 
-    /// Forgets the pointer. Nothing calls it.
+    /// Resets the hover state. Nothing calls it.
     void resetButton();
 
     void setButtonID(std::int32_t buttonID) { buttonID_ = buttonID; }
     [[nodiscard]] std::int32_t buttonID() const { return buttonID_; }
 
-    /// Whether the mouse holds the button down. Setting it repaints.
+    /// Whether the mouse button is held down on it. Setting it repaints.
     void setMouseDown(bool mouseDown);
     [[nodiscard]] bool mouseDown() const { return mouseDown_; }
 

@@ -8,7 +8,7 @@ namespace tarvin {
 
 ButtonHoverSimple::ButtonHoverSimple(QWidget* parent)
     : PaintedButton(parent, Tracking::inKeyWindow) {
-    // Stands in the corner of the top bar, where there is no room round it.
+    // There is no room around it in the corner of the top bar.
     setFocusRing(FocusRing::Place::inside, look::surface);
 }
 

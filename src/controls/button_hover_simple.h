@@ -7,31 +7,31 @@
 
 namespace tarvin {
 
-/// A button that is one picture, and another one under the pointer. The pointer counts only while
-/// the button's window is the active one.
+/// A button with one image, and another one while hovered. It is hovered only while its window is
+/// active.
 class ButtonHoverSimple final : public PaintedButton {
     Q_OBJECT
 
  public:
     explicit ButtonHoverSimple(QWidget* parent = nullptr);
 
-    /// Keeps the four pictures and shows the first. The last two are kept for their owner and never
-    /// shown by the button itself.
+    /// Keeps the four images and shows the first. The button itself never shows the last two.
     void setImageNormal(const QIcon& normal, const QIcon& hover, const QIcon& disabled,
                         const QIcon& onClick);
 
-    /// Forgets the pointer. Shows the normal picture if the button is enabled and resets its
-    /// picture when the pointer goes. Nothing calls it.
+    /// Resets the hover state and, if the button is enabled and resets its image, shows the normal
+    /// image. Nothing calls it.
     void resetButton();
 
-    /// Whether the picture changes back when the pointer goes. First false.
+    /// Whether the image changes back when the pointer leaves. False by default.
     void setResetImageWhenNotHovering(bool reset) { resetImageWhenNotHovering_ = reset; }
     [[nodiscard]] bool resetImageWhenNotHovering() const { return resetImageWhenNotHovering_; }
 
     void setButtonID(std::int32_t buttonID) { buttonID_ = buttonID; }
     [[nodiscard]] std::int32_t buttonID() const { return buttonID_; }
 
-    /// Set by the owner alone, and none does: the pointer's going then shows the hover picture.
+    /// Set only by the owner, which does not: then the hover image is shown when the pointer
+    /// leaves.
     void setMouseDown(bool mouseDown) { mouseDown_ = mouseDown; }
     [[nodiscard]] bool mouseDown() const { return mouseDown_; }
 
@@ -40,7 +40,7 @@ class ButtonHoverSimple final : public PaintedButton {
     [[nodiscard]] const QIcon& disabledImage() const { return disabledImage_; }
     [[nodiscard]] const QIcon& onClickImage() const { return onClickImage_; }
 
-    /// The picture that is shown.
+    /// The current image.
     [[nodiscard]] const QIcon& image() const { return image_; }
 
     [[nodiscard]] QSize sizeHint() const override { return {45, 45}; }

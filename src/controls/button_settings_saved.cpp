@@ -18,7 +18,7 @@ void ButtonSettingsSaved::setViewTransparent(ViewTransparent* viewTransparent) {
     if (viewTransparent != nullptr) {
         connect(viewTransparent, &ViewTransparent::viewsOverlaidCountChanged, this,
                 &ButtonSettingsSaved::updateCursor);
-        // A widget says so while pointers to it still hold.
+        // destroyed() comes while pointers to the widget are still valid.
         connect(viewTransparent, &QObject::destroyed, this, [this] {
             viewTransparent_.clear();
             updateCursor();

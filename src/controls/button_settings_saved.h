@@ -7,16 +7,16 @@
 
 namespace tarvin {
 
-/// The answer button of a notice: a light gradient with a blue line, bluer under the pointer. The
-/// pointer counts only while a window of the program is active. It turns into a hand only if an
-/// overlay was given and no other overlay covers that one.
+/// The answer button of a notice: a light gradient with a blue outline, bluer while hovered. It is
+/// hovered only while a window of the program is active. The hand cursor needs an overlay that no
+/// other overlay covers.
 class ButtonSettingsSaved final : public PaintedButton {
     Q_OBJECT
 
  public:
     explicit ButtonSettingsSaved(QWidget* parent = nullptr);
 
-    /// The overlay that decides about the cursor; none: the cursor never changes. Not owned.
+    /// The overlay that decides about the cursor; nullptr: the cursor never changes. Not owned.
     void setViewTransparent(ViewTransparent* viewTransparent);
     [[nodiscard]] ViewTransparent* viewTransparent() const { return viewTransparent_; }
 

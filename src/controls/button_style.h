@@ -8,19 +8,19 @@
 
 namespace tarvin {
 
-/// What a filled button says.
+/// The title of a filled button.
 struct TitleDetail {
     QString title;
     QColor titleColor;
     int font = 14;  ///< size in logical pixels
 };
 
-/// Makes a button a filled one: its ground `background`, its corners rounded by `cornerRadious`
-/// logical pixels, its title centred in the colour and the size of `titleDetail`.
+/// Makes a button a filled one with the colour `background`, corners rounded by `cornerRadious`
+/// logical pixels, and the title of `titleDetail`, centred, in its colour and size.
 void setButtonAtrribute(HoverButton& button, double cornerRadious, const QColor& background,
                         const TitleDetail& titleDetail);
 
-/// The same colour, in its own colour space and with its own components, for a painted ground.
+/// The same colour, in its own colour space and components.
 // NOLINTNEXTLINE(readability-identifier-naming)
 [[nodiscard]] QColor NSColorToCGColor(const QColor& color);
 

@@ -10,11 +10,11 @@ namespace tarvin {
 /// false if the item is not checkable, is disabled, or its model refuses.
 bool toggleCheckState(QAbstractItemModel& model, const QModelIndex& index);
 
-/// The check box of one row, as a value that a delegate fills for each row it paints.
+/// The check box of one row, as a value that a delegate creates for each row it paints.
 class CheckBoxCell final {
  public:
     CheckBoxCell() = default;
-    /// The state under Qt::CheckStateRole, enabled as the item is.
+    /// Takes the state from Qt::CheckStateRole, enabled if the item is.
     explicit CheckBoxCell(const QModelIndex& index);
 
     void setCheckBox(Qt::CheckState checkBox) { checkBox_ = checkBox; }
@@ -23,7 +23,7 @@ class CheckBoxCell final {
     void setEnabled(bool enabled) { enabled_ = enabled; }
     [[nodiscard]] bool isEnabled() const { return enabled_; }
 
-    /// Paints the box in the middle of `cell`, `side` logical pixels wide.
+    /// Paints the box centred in `cell`, `side` logical pixels wide.
     void paint(QPainter& painter, const QRect& cell, int side) const;
 
  private:

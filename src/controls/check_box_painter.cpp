@@ -7,7 +7,7 @@ namespace tarvin {
 
 namespace {
 
-QString drawingOf(Qt::CheckState state) {
+QString imageNameOf(Qt::CheckState state) {
     switch (state) {
         case Qt::Unchecked:
             return QStringLiteral("ui/check_off");
@@ -25,7 +25,7 @@ void paintCheckBox(QPainter& painter, const QRect& box, Qt::CheckState state, bo
     constexpr double disabledOpacity = 0.45;
     const double before = painter.opacity();
     painter.setOpacity(enabled ? before : before * disabledOpacity);
-    painter.drawPixmap(box.topLeft(), picture(drawingOf(state), box.size(), densityOf(painter)));
+    painter.drawPixmap(box.topLeft(), picture(imageNameOf(state), box.size(), densityOf(painter)));
     painter.setOpacity(before);
 }
 

@@ -11,7 +11,7 @@ inline constexpr int checkBoxSide = 18;
 /// Paints a check box that fills the square `box`. A disabled one is painted at opacity 0.45.
 void paintCheckBox(QPainter& painter, const QRect& box, Qt::CheckState state, bool enabled = true);
 
-/// The square of side `side` in the middle of `cell`.
+/// The square of side `side`, centred in `cell`.
 [[nodiscard]] QRect checkBoxIn(const QRect& cell, int side = checkBoxSide);
 
 /// Where a click in `cell` hits its check box: up to 8 logical pixels outside the box.

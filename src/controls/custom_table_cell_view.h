@@ -8,19 +8,19 @@
 
 namespace tarvin {
 
-/// What one row of the location list shows in its wide column, and how. It is a value that the
-/// delegate fills for each row it paints: ten thousand rows would be too many widgets.
+/// The content of one row of the location list in its wide column, as a value that the delegate
+/// creates for each row it paints: ten thousand rows would be too many widgets.
 class CustomTableCellView final {
  public:
-    /// Where a model keeps these texts. The path is Qt::DisplayRole; the picture, a QIcon or a
-    /// QPixmap, is Qt::DecorationRole.
+    /// The roles of these texts. The path is Qt::DisplayRole; the image, a QIcon or a QPixmap, is
+    /// Qt::DecorationRole.
     enum Role {
         additionalTextCountRole = Qt::UserRole + 1,  ///< QString: the last part of the path
         additionalTextRole                           ///< QString: the size of a file, else empty
     };
 
     CustomTableCellView() = default;
-    /// Filled from the roles of one row.
+    /// Reads the roles of one row.
     explicit CustomTableCellView(const QModelIndex& index);
 
     void setTextField(const QString& path) { textField_ = path; }
@@ -39,8 +39,8 @@ class CustomTableCellView final {
     void setImage(const QIcon& image) { image_ = image; }
     [[nodiscard]] const QIcon& image() const { return image_; }
 
-    /// Paints the picture, 40 x 40 at (16, 8), and the three texts. A row without a picture shows
-    /// that of a folder. The ground of the row is painted elsewhere.
+    /// Paints the image, 40 x 40 at (16, 8), and the three texts. A row without an image shows a
+    /// folder. The background is painted elsewhere.
     void paint(QPainter& painter, const QRect& cell) const;
 
  private:

@@ -30,7 +30,7 @@ void ElidedLabel::setElideMode(Qt::TextElideMode mode) {
 }
 
 void ElidedLabel::setFramed(bool framed) {
-    constexpr int padding = 13;  // with the line
+    constexpr int padding = 13;  // including the outline
     framed_ = framed;
     setContentsMargins(framed ? QMargins(padding, 0, padding, 0) : QMargins());
     update();

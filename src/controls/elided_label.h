@@ -5,9 +5,8 @@
 
 namespace tarvin {
 
-/// One line of plain text that is shortened with an ellipsis where it is too wide; text() stays the
-/// full one, and a tool tip shows it while it is shortened. Markup is never followed. Owned by its
-/// parent; main thread.
+/// One line of plain text, elided where it is too wide. text() is the full text, and the tool tip
+/// shows it while it is elided. Markup is not interpreted. Owned by its parent. Main thread only.
 class ElidedLabel final : public QLabel {
     Q_OBJECT
 
@@ -17,18 +16,18 @@ class ElidedLabel final : public QLabel {
 
     void setText(const QString& text);
 
-    /// Where the text is shortened: Qt::ElideMiddle at first, for paths, or Qt::ElideRight.
+    /// Where the text is elided: Qt::ElideMiddle, the default, for paths, or Qt::ElideRight.
     void setElideMode(Qt::TextElideMode mode);
     [[nodiscard]] Qt::TextElideMode elideMode() const { return mode_; }
 
-    /// Whether the text stands in a white field with a thin line round it, 12 logical pixels from
-    /// its ends. First it does not.
+    /// Whether the text is in a white field with an outline, 12 logical pixels from its ends. False
+    /// by default.
     void setFramed(bool framed);
 
     void setTextColor(const QColor& color);
     [[nodiscard]] QColor textColor() const;
 
-    /// The text as it is painted.
+    /// The text as painted.
     [[nodiscard]] QString shownText() const;
     [[nodiscard]] bool isElided() const;
 

@@ -9,19 +9,19 @@
 
 namespace tarvin {
 
-/// The ring that says where the keyboard is: 2 logical pixels wide, with a gap of 2 to its control.
+/// The focus ring: 2 logical pixels wide, with a gap of 2 to its control.
 inline constexpr int focusRingWidth = 2;
 inline constexpr int focusRingGap = 2;
 
-/// Whether a focus that a widget receives is to be shown: it came with the keyboard, or the
-/// keyboard was the last to move it in this window.
+/// Whether to show a focus that a widget has received: it came by the keyboard, or the keyboard was
+/// the last to move the focus in this window.
 [[nodiscard]] bool focusIsShown(const QWidget& widget, Qt::FocusReason reason);
 
-/// The ring just inside `rect`.
+/// Paints the ring just inside `rect`.
 void paintFocusRing(QPainter& painter, const QRectF& rect, const QColor& color);
 
-/// The ring round one control, or, for a control that has no room round it, inside its edge. Made
-/// by the control when it is needed first; owned by the control's parent. Main thread.
+/// The ring around one control or, if there is no room around it, inside its edge. Created by the
+/// control on first use; owned by the control's parent. Main thread only.
 class FocusRing final : public AttachedDrawing {
     Q_OBJECT
 

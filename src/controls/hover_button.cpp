@@ -100,7 +100,7 @@ void HoverButton::setOnGrayBar(bool onGrayBar) {
 }
 
 QSize HoverButton::sizeHint() const {
-    // Next to nothing round a text that has no frame: its width may be a fraction more.
+    // One pixel: the width of a text can be a fraction more.
     const int padding = kind_ == Kind::text ? 1 : 15;
     const QFontMetrics metrics(look::font(look_.pixelSize, weightOf(kind_)));
     return {metrics.horizontalAdvance(text()) + 2 * padding, heightOf(kind_)};
@@ -128,7 +128,7 @@ double HoverButton::shownOpacity() const {
     if (isEnabled()) {
         return alpha();
     }
-    // What the pointer has left of it is no state of a disabled one.
+    // The hover alpha is not the state of a disabled button.
     const double own = alpha() == look::hoverAlpha ? 1.0 : alpha();
     return kind_ == Kind::quiet ? own : std::min(own, disabledOpacity_);
 }

@@ -7,47 +7,46 @@
 
 namespace tarvin {
 
-/// A flat button with a title. Under the pointer its alpha is 0.7 with a hand for a cursor, and 1.0
-/// when the pointer has gone; a disabled one keeps its alpha and shows the not-allowed cursor. One
-/// that was disabled under the pointer is painted as if the pointer had never come, and gets its
-/// alpha of 1.0 back when it is enabled elsewhere.
+/// A flat button with a title. While hovered its alpha is 0.7 and the cursor is a hand; afterwards
+/// the alpha is 1.0. A disabled button keeps its alpha and shows the not-allowed cursor. A button
+/// that was disabled while hovered is painted as if not hovered, and its alpha is set to 1.0 when
+/// it is enabled while not hovered.
 class HoverButton : public PaintedButton {
     Q_OBJECT
 
  public:
     enum class Kind {
-        filled,   ///< a coloured ground, white bold title
-        quiet,    ///< white with a thin line, ink title of medium weight
-        outline,  ///< for the blue bars: a thin white line, white title, no ground
-        text      ///< an underlined title without ground or frame
+        filled,   ///< filled with a colour, white bold title
+        quiet,    ///< white with an outline, ink title of medium weight
+        outline,  ///< for the blue bars: white outline and title, no background
+        text      ///< an underlined title without background or outline
     };
 
     explicit HoverButton(QWidget* parent = nullptr);
     HoverButton(Kind kind, const QString& title, QWidget* parent = nullptr);
 
-    /// Sets the kind with its font, the colour of its focus ring and, for `quiet`, of its ground.
+    /// Sets the kind with its font, the colour of its focus ring and, for `quiet`, its background.
     void setKind(Kind kind);
     [[nodiscard]] Kind kind() const { return kind_; }
 
-    /// The ground of a filled button. First the blue of panels.
+    /// The colour of a filled button; by default the blue of panels.
     void setFill(const QColor& fill);
     [[nodiscard]] QColor fill() const { return fill_; }
 
-    /// Rounds the corners by so many logical pixels. First 0.
+    /// The radius of the corners in logical pixels; 0 by default.
     void setCornerRadius(double radius);
     [[nodiscard]] double cornerRadius() const { return cornerRadius_; }
 
-    /// Sets the title and its looks. A colour here does not outlive the button's being disabled if
-    /// the button is quiet, which has a colour for that.
+    /// Sets the title and its attributes. A disabled quiet button has its own title colour.
     void setAttributedTitle(const AttributedTitle& title);
     [[nodiscard]] AttributedTitle attributedTitle() const;
 
-    /// How opaque a disabled button is, unless its alpha is even less. First 0.45; 0.6 for Scan and
-    /// Delete. Quiet buttons change their colours instead.
+    /// The opacity of a disabled button, unless its alpha is less. 0.45 by default; 0.6 for Scan
+    /// and Delete. Quiet buttons change their colours instead.
     void setDisabledOpacity(double opacity);
     [[nodiscard]] double disabledOpacity() const { return disabledOpacity_; }
 
-    /// Says that a quiet button lies on the grey bar, where its disabled colours are darker.
+    /// Whether a quiet button is on the grey bar, where its disabled colours are darker.
     void setOnGrayBar(bool onGrayBar);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -59,7 +58,7 @@ class HoverButton : public PaintedButton {
     [[nodiscard]] double shownOpacity() const override;
     void changeEvent(QEvent* event) override;
 
-    /// Paints the ground and the line round it.
+    /// Paints the background and the outline.
     virtual void drawBackground(QPainter& painter);
     void drawTitle(QPainter& painter);
 
@@ -77,7 +76,7 @@ class HoverButton : public PaintedButton {
 
     Kind kind_ = Kind::filled;
     QColor fill_;
-    AttributedTitle look_;  // its text is not used; the button's own is
+    AttributedTitle look_;  // its text is not used; text() is the title
     double cornerRadius_ = 0;
     double disabledOpacity_ = 0.45;
     bool onGrayBar_ = false;

@@ -12,7 +12,7 @@
 #include <QVersionNumber>
 #include <utility>
 
-/// Has to stand outside every namespace. Without it the linker leaves the drawings in the library.
+/// Must be outside every namespace. Without it the linker drops the images from the static library.
 static void initDrawings() {
     Q_INIT_RESOURCE(images);
 }
@@ -36,8 +36,8 @@ QString pathOf(const QString& name) {
     return QStringLiteral(":/images/") + base + QStringLiteral(".svg");
 }
 
-/// Rendered pictures, by name, size and density. Costs are KiB; the start image at 2x is about 6
-/// MiB.
+/// Rendered images, by name, size and device pixel ratio. Costs are in KiB; the start image at
+/// ratio 2 takes about 6 MiB.
 QCache<QString, QPixmap>& cache() {
     constexpr qsizetype limit = 48 * 1024;
     static QCache<QString, QPixmap> pictures = [] {
@@ -67,7 +67,7 @@ QPixmap render(const QString& name, const QSize& logicalSize, double devicePixel
     return pixmap;
 }
 
-/// Renders a drawing whenever an icon is painted.
+/// Renders an image whenever an icon is painted.
 class PictureEngine final : public QIconEngine {
  public:
     explicit PictureEngine(QString name) : name_(std::move(name)) {}
@@ -80,7 +80,7 @@ class PictureEngine final : public QIconEngine {
         return picture(name_, size, 1.0);
     }
 
-    /// The size is in pixels of the device before Qt 6.8, and in logical ones from then on.
+    /// `size` is in device pixels before Qt 6.8, in logical pixels since.
     QPixmap scaledPixmap(const QSize& size, QIcon::Mode, QIcon::State, qreal scale) override {
         const bool isLogical = QLibraryInfo::version() >= QVersionNumber(6, 8);
         return picture(name_, isLogical ? size : (QSizeF(size) / scale).toSize(), scale);

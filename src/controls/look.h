@@ -3,7 +3,7 @@
 #include <QColor>
 #include <QFont>
 
-/// The colours and type that every screen is made of. Sizes are logical pixels. Main thread.
+/// The colours and fonts of all screens. Sizes are logical pixels. Main thread only.
 namespace tarvin::look {
 
 inline constexpr QColor topBar{31, 100, 134};       ///< bar over every screen, folder tile
@@ -12,10 +12,10 @@ inline constexpr QColor teal{0, 155, 178};          ///< shapes and glyphs only,
 inline constexpr QColor buttonTeal{21, 138, 162};   ///< answers of dialogs
 inline constexpr QColor deepTeal{14, 116, 138};     ///< Scan, drive tile, check marks, active line
 inline constexpr QColor activeTab{11, 97, 115};     ///< text of the active tab
-inline constexpr QColor activeTint{230, 244, 247};  ///< ground of the active tab and of toggles
+inline constexpr QColor activeTint{230, 244, 247};  ///< background of the active tab and of toggles
 inline constexpr QColor deleteRed{176, 58, 54};     ///< Delete only
 inline constexpr QColor slate{79, 100, 114};        ///< Stop
-inline constexpr QColor barGray{193, 193, 193};     ///< action bar; only ink on it
+inline constexpr QColor barGray{193, 193, 193};     ///< action bar; its texts must be ink
 inline constexpr QColor ink{20, 36, 46};
 inline constexpr QColor muted{74, 91, 102};  ///< second lines; not on the action bar
 inline constexpr QColor disabledText{138, 151, 159};
@@ -37,15 +37,15 @@ inline constexpr QColor noticeButtonLine{53, 152, 252};
 inline constexpr QColor noticeButtonLineHover{126, 180, 234};
 inline constexpr QColor focusRing{10, 58, 82};
 
-/// The width of the line round a list or a panel, in logical pixels.
+/// The width of the outline of a list or a panel, in logical pixels.
 inline constexpr int frameLine = 1;
-/// How opaque a control is under the pointer.
+/// The opacity of a hovered control.
 inline constexpr double hoverAlpha = 0.7;
 
 /// The interface font of the platform at a size in pixels.
 [[nodiscard]] QFont font(int pixelSize, QFont::Weight weight = QFont::Normal);
 
-/// A font with the metrics of Helvetica, for texts whose columns are made of blanks.
+/// A font with the metrics of Helvetica, for texts with columns aligned with spaces.
 [[nodiscard]] QFont propertyFont();
 
 }  // namespace tarvin::look

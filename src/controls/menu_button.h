@@ -6,14 +6,14 @@
 
 namespace tarvin {
 
-/// A button of the blue bars with a picture in place of a title, for a menu that its owner opens
-/// when it is clicked; Down clicks it, too. It looks pressed while the menu is open. Assistive
-/// technology finds a button with a menu. Owned by its parent; main thread.
+/// A button of the blue bars with an icon instead of a title. Its owner opens the menu on
+/// clicked(); the Down key clicks it, too. It looks pressed while the menu is open. Assistive
+/// technology sees a button with a menu. Owned by its parent. Main thread only.
 class MenuButton final : public HoverButton {
     Q_OBJECT
 
  public:
-    /// `pictureName` is that of a drawing, `menu` outlives the button.
+    /// `pictureName` is the name of an image. `menu` must outlive the button.
     MenuButton(QString pictureName, QMenu* menu, QWidget* parent = nullptr);
 
     [[nodiscard]] bool isOpen() const { return isOpen_; }

@@ -7,22 +7,21 @@
 
 namespace tarvin {
 
-/// Whether ornamental movement is to be left out. Follows the style's own animations unless
-/// something else was said. Main thread.
+/// Whether decorative animations are disabled. By default as in the style. Main thread only.
 [[nodiscard]] bool reducedMotion();
 
-/// Says whether ornamental movement is to be left out; none: as the style has it.
+/// Disables or enables decorative animations; nullopt: as in the style.
 void setReducedMotion(std::optional<bool> reduced);
 
-/// Moves a phase from 0 to 1 again and again and repaints its owner each time. Runs only while it
-/// was started and the owner is visible. Belongs to its owner; main thread.
+/// Cycles a phase from 0 to 1 and repaints its owner each time. Runs while it is started and the
+/// owner is visible. Owned by its owner. Main thread only.
 class LoopClock final : public QObject {
     Q_OBJECT
 
  public:
     LoopClock(QWidget& owner, int milliseconds);
 
-    /// Goes on from the phase it has.
+    /// Continues from the present phase.
     void start();
     void stop();
 
@@ -30,7 +29,7 @@ class LoopClock final : public QObject {
     /// Whether the phase is moving now.
     [[nodiscard]] bool isRunning() const;
 
-    /// At least 0 and less than 1.
+    /// In [0, 1).
     [[nodiscard]] double phase() const;
     void setPhase(double phase);
 

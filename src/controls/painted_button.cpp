@@ -41,7 +41,7 @@ void PaintedButton::setTitle(const QString& title) {
         setAccessibleName(title);
     }
     setText(title);
-    // An ampersand in a title is a letter like any other.
+    // Titles have no mnemonics: an ampersand is shown.
     setShortcut({});
 }
 
@@ -84,7 +84,7 @@ void PaintedButton::showCursor(Qt::CursorShape shape) {
     } else {
         borrowedCursor_.giveBack();
     }
-    // Qt chooses a cursor when the pointer moves on, not when a widget changes under it.
+    // Qt updates the cursor when the pointer moves, not when a widget below it changes.
     QWidget* native = nativeParentWidget();
     if (hovering_ && native != nullptr && native->windowHandle() != nullptr) {
         native->windowHandle()->setCursor(shape);
@@ -126,7 +126,7 @@ void PaintedButton::showRing(bool shown) {
 bool PaintedButton::event(QEvent* event) {
     switch (event->type()) {
         case QEvent::ShortcutOverride:
-            // The focused button comes before whatever the screen does on Return.
+            // The focused button takes Return before the shortcuts of the screen.
             if (isReturn(static_cast<QKeyEvent&>(*event))) {
                 event->accept();
                 return true;
@@ -144,7 +144,7 @@ bool PaintedButton::event(QEvent* event) {
     return QPushButton::event(event);
 }
 
-/// Asked while the button is enabled, when Tab leaves it, or while it is being disabled.
+/// Called when Tab leaves the button, or while it is being disabled.
 bool PaintedButton::focusNextPrevChild(bool next) {
     if (!isEnabled()) {
         for (const QPointer<QWidget>& control : afterDisabling_) {
@@ -217,7 +217,7 @@ void PaintedButton::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-/// What a click does may take the pointer away without telling so.
+/// The slots of a click may move the button away from the pointer without an event.
 void PaintedButton::mouseReleaseEvent(QMouseEvent* event) {
     const QPointer<PaintedButton> remains(this);
     QPushButton::mouseReleaseEvent(event);

@@ -12,15 +12,14 @@
 
 namespace tarvin {
 
-/// What the program's own buttons have in common: they paint themselves whatever the style, have an
-/// alpha of their own, know whether the pointer is inside, show the keyboard focus, and are pressed
-/// by Space, Return and Enter. Owned by their parent. Main thread.
+/// The base of the program's buttons: painted independent of the style, with an alpha, hover state
+/// and focus ring, and activated by Space, Return and Enter. Owned by its parent. Main thread only.
 class PaintedButton : public QPushButton {
     Q_OBJECT
     Q_PROPERTY(double alpha READ alpha WRITE setAlpha)
 
  public:
-    /// When the pointer counts as inside.
+    /// When the button counts as hovered.
     enum class Tracking {
         always,
         inKeyWindow,         ///< only while the button's window is the active one
@@ -29,50 +28,47 @@ class PaintedButton : public QPushButton {
 
     explicit PaintedButton(QWidget* parent, Tracking tracking = Tracking::always);
 
-    /// How opaque the whole button is, 0 to 1; values outside are clamped.
+    /// The opacity of the whole button, 0 to 1; clamped.
     void setAlpha(double alpha);
     [[nodiscard]] double alpha() const { return alpha_; }
 
-    /// The visible text; it is text() too, and the accessible name unless another name was given.
+    /// The visible text, returned by text(); also the accessible name unless another one was set.
     void setTitle(const QString& title);
     [[nodiscard]] QString title() const { return text(); }
 
-    /// Whether the button takes the pointer for being inside. Setting it repaints, and does nothing
-    /// else of what the pointer's coming and going does.
+    /// Whether the button is hovered. Setting it repaints, but does not call entered() or exited().
     void setHovering(bool hovering);
     [[nodiscard]] bool hovering() const { return hovering_; }
 
-    /// Where and in which colour the keyboard focus is shown. First: outside, in the dark ring.
+    /// Position and colour of the focus ring. By default outside and dark.
     void setFocusRing(FocusRing::Place place, const QColor& color);
 
-    /// Whether the focus ring is to be seen now.
+    /// Whether the focus ring is shown.
     [[nodiscard]] bool showsFocusRing() const;
 
-    /// Who has the keyboard next if the button is disabled while it has it: the first of `controls`
-    /// that is shown and enabled then. Without one it is the next control in the tab order, which
-    /// may do something else altogether on the next key. Not owned.
+    /// The controls that get the focus when the button is disabled while it has the focus: the
+    /// first one that is then shown and enabled. Otherwise it is the next control in the tab order,
+    /// which may do something unrelated on the next key. Not owned.
     void setFocusAfterDisabling(const QVector<QWidget*>& controls);
 
-    /// Looks where the pointer is and behaves as if it had just come in or gone out. Called by the
-    /// button itself whenever it is shown, moved, resized, enabled, disabled or clicked, and when a
-    /// menu has closed.
+    /// Updates the hover state from the position of the pointer. Called by the button whenever it
+    /// is shown, moved, resized, enabled, disabled or clicked, and when a menu has closed.
     void updateTrackingAreas();
 
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
-    /// Paints the button into its rect(), as if it were opaque.
+    /// Paints the button into its rect() at full opacity.
     virtual void draw(QPainter& painter) = 0;
 
-    /// What the pointer's coming and going does, after hovering() has changed. Both may come twice
-    /// in a row.
+    /// Called after hovering() has changed. Either may be called twice in a row.
     virtual void mouseEntered() {}
     virtual void mouseExited() {}
 
-    /// The opacity to paint with; alpha() unless a class knows better.
+    /// The opacity to paint with; alpha() by default.
     [[nodiscard]] virtual double shownOpacity() const { return alpha_; }
 
-    /// The cursor over the whole button, also while it is disabled.
+    /// Sets the cursor over the button, even while it is disabled.
     void showCursor(Qt::CursorShape shape);
 
     bool event(QEvent* event) override;
@@ -88,7 +84,7 @@ class PaintedButton : public QPushButton {
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    /// One whose signals are blocked does not turn either.
+    /// A button with blocked signals does not change its check state.
     void nextCheckState() override;
     void paintEvent(QPaintEvent* event) override;
 

@@ -11,7 +11,7 @@
 namespace tarvin {
 
 double densityOf(const QPainter& painter) {
-    // Asking the widget would be wrong when it is painted into a picture of another density.
+    // The widget's own ratio would be wrong when it is painted into an image of another one.
     const QTransform toDevice = painter.deviceTransform();
     return std::hypot(toDevice.m11(), toDevice.m12());
 }
@@ -24,7 +24,7 @@ QColor darkened(const QColor& color) {
 }
 
 void paintFrame(QPainter& painter, const QRectF& rect, double width, const QColor& color) {
-    // Whole device pixels, or the sides would come out unevenly thick at densities such as 1.5.
+    // Whole device pixels, otherwise the sides differ in width at ratios such as 1.5.
     const double density = densityOf(painter);
     const double side = std::max(1.0, std::round(width * density)) / density;
     const double inner = rect.height() - 2 * side;
@@ -41,7 +41,7 @@ void paintFaded(QPainter& painter, const QRect& rect, double opacity,
         return;
     }
     const double density = densityOf(painter);
-    // Whole device pixels, the last of which may be cut through.
+    // Whole device pixels; the last one may be clipped.
     QPixmap layer(static_cast<int>(std::ceil(rect.width() * density)),
                   static_cast<int>(std::ceil(rect.height() * density)));
     layer.setDevicePixelRatio(density);

@@ -17,7 +17,7 @@ constexpr int offset = 10;
 constexpr double strength = 0.30;
 constexpr QColor navy{10, 40, 60};
 
-/// How much of the shadow of an edge-to-edge band from `begin` to `end` falls on each pixel.
+/// The share of an unlimited band's shadow, from `begin` to `end`, on each pixel.
 std::vector<double> coverage(int pixels, double begin, double end, double deviation) {
     const double scale = deviation * std::numbers::sqrt2;
     std::vector<double> covered(static_cast<std::size_t>(pixels));
@@ -28,7 +28,7 @@ std::vector<double> coverage(int pixels, double begin, double end, double deviat
     return covered;
 }
 
-/// The shadow of a rectangle, whose blur is the product of the blurs along its two sides.
+/// The shadow of a rectangle: its blur is the product of the blurs of both axes.
 QImage shadowImage(const QSize& size, double ratio) {
     const QSize pixels = (QSizeF(size) * ratio).toSize();
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);

@@ -6,9 +6,9 @@
 
 namespace tarvin {
 
-/// The soft shadow under a dialog, a notice or a menu panel: navy at 30 %, 10 logical pixels down
-/// and blurred over 32. Make one for a panel once the panel has its parent; it comes and goes with
-/// the panel and is owned by the panel's parent. Main thread.
+/// The soft shadow below a dialog, a notice or a menu panel: navy at 30 %, 10 logical pixels down,
+/// blur 32. Create it after the panel has its parent, which owns it; it is shown and hidden with
+/// the panel. Main thread only.
 class PanelShadow final : public AttachedDrawing {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ class PanelShadow final : public AttachedDrawing {
     void paintEvent(QPaintEvent* event) override;
 
  private:
-    QImage image_;  // of the size and density it was painted in last
+    QImage image_;  // of the size and device pixel ratio painted last
 };
 
 }  // namespace tarvin

@@ -4,11 +4,10 @@
 
 namespace tarvin {
 
-/// A text as a tool tip shows it letter for letter: file names may look like markup, which Qt would
-/// otherwise follow.
+/// A text for a tool tip with markup escaped: file names may look like markup.
 [[nodiscard]] QString plainToolTip(const QString& text);
 
-/// A text on one line: line breaks, tabs and other control characters become blanks.
+/// A text on one line: line breaks, tabs and other control characters become spaces.
 [[nodiscard]] QString singleLine(const QString& text);
 
 }  // namespace tarvin

@@ -29,7 +29,7 @@ QFont titleFont() {
     return look::font(13, QFont::Medium);
 }
 
-/// A list under the button, in the colours of the menus, whatever the style would open.
+/// A list below the button, in the colours of the menus, independent of the style.
 QString listStyle() {
     return QStringLiteral(
                "QComboBox { combobox-popup: 0; }"
@@ -47,7 +47,7 @@ PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
     AccessiblePopUp::install();
     setFont(titleFont());
     setStyleSheet(listStyle());
-    // The delegate of combo boxes would ignore the margins of that.
+    // The default delegate of combo boxes ignores the margins of the style sheet.
     setItemDelegate(new QStyledItemDelegate(this));
     setCursor(Qt::PointingHandCursor);
     connect(&PopupWatch::instance(), &PopupWatch::closed, this, &PopUpButton::updateTrackingAreas);

@@ -8,8 +8,8 @@
 namespace tarvin {
 
 /// A button that shows one of several items and opens a list to choose another. Each item has a
-/// tag. Looks as a quiet HoverButton. `activated` reports each choice of a person, also that of the
-/// item shown already. The mouse wheel changes nothing. Owned by its parent; main thread.
+/// tag. Looks like a quiet HoverButton. `activated` reports each choice of the user, even of the
+/// current item. The mouse wheel is ignored. Owned by its parent. Main thread only.
 class PopUpButton final : public QComboBox {
     Q_OBJECT
 
@@ -18,9 +18,9 @@ class PopUpButton final : public QComboBox {
 
     void addTagged(const QString& title, int tag);
 
-    /// Shows the item with this tag; a tag that no item has changes nothing.
+    /// Selects the item with this tag; ignores an unknown tag.
     void selectItemWithTag(int tag);
-    /// The tag of the item that is shown; 0 without one.
+    /// The tag of the current item; 0 if there is none.
     [[nodiscard]] int selectedTag() const { return currentData().toInt(); }
 
     /// Wide enough for each item.
@@ -29,11 +29,11 @@ class PopUpButton final : public QComboBox {
 
     [[nodiscard]] bool showsFocusRing() const;
 
-    /// Looks whether the pointer is over the button. Called by the button itself whenever it is
-    /// shown, enabled or disabled, and when its list or a menu has closed.
+    /// Updates the hover state from the position of the pointer. Called by the button whenever it
+    /// is shown, enabled or disabled, and when its list or a menu has closed.
     void updateTrackingAreas();
 
-    /// Opens the list, unless signals are blocked and a choice would tell nobody.
+    /// Opens the list, unless signals are blocked.
     void showPopup() override;
 
  protected:

@@ -22,7 +22,7 @@ PopupWatch& PopupWatch::instance() {
 bool PopupWatch::eventFilter(QObject* watched, QEvent* event) {
     const bool hides = event->type() == QEvent::Hide && watched->isWidgetType();
     if (hides && static_cast<const QWidget*>(watched)->windowType() == Qt::Popup) {
-        // Once it is no longer found under the pointer.
+        // Queued, when the popup is no longer found below the pointer.
         QMetaObject::invokeMethod(this, "closed", Qt::QueuedConnection);
     }
     return QObject::eventFilter(watched, event);

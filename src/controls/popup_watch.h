@@ -4,20 +4,20 @@
 
 namespace tarvin {
 
-/// Says when a menu, or the list of a pop-up button, has closed. While it is open the pointer
-/// belongs to it, and Qt does not tell what is under the pointer afterwards that it was left. One
-/// for the program; main thread.
+/// Reports when a menu or the list of a pop-up button has closed. While it is open it grabs the
+/// pointer, and Qt sends the widgets below no leave event afterwards. One for the program. Main
+/// thread only.
 class PopupWatch final : public QObject {
     Q_OBJECT
 
  public:
-    /// Made at the first call, after the application.
+    /// Created by the first call, which needs the application object.
     static PopupWatch& instance();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  Q_SIGNALS:
-    /// It is gone from the screen.
+    /// A menu or list was hidden.
     void closed();
 
  private:

@@ -13,8 +13,8 @@ namespace tarvin {
 namespace {
 
 constexpr int sweepMilliseconds = 1400;
-constexpr double pieceWidth = 0.34;  // of the bar
-constexpr int steps = 10000;         // what assistive technology is told
+constexpr double pieceWidth = 0.34;  // share of the bar
+constexpr int steps = 10000;         // steps of the value for assistive technology
 
 }  // namespace
 
@@ -40,7 +40,7 @@ double ProgressBar::fraction() const {
     if (done_ >= total_) {
         return 1;
     }
-    // Two numbers beyond 2^53 may come out equal as doubles, though something is left to do.
+    // Numbers above 2^53 may become equal as doubles before everything is done.
     return std::min(static_cast<double>(done_) / static_cast<double>(total_),
                     std::nextafter(1.0, 0.0));
 }
@@ -74,7 +74,7 @@ void ProgressBar::paintEvent(QPaintEvent*) {
         painter.fillRect(QRectF(left * width(), 0, pieceWidth * width(), height()), look::teal);
         return;
     }
-    // Whole pixels, rounded down: the bar is full only when everything is done.
+    // Whole pixels, rounded down: the bar is full only at the end.
     const double ratio = densityOf(painter);
     const double filled = std::floor(fraction() * width() * ratio) / ratio;
     const QRectF done(0, 0, filled, height());

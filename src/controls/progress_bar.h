@@ -6,34 +6,33 @@
 
 namespace tarvin {
 
-/// How often what is told of a run is shown anew; 30 times a second look fluid.
+/// The interval between updates of a run's display; 30 a second look fluid.
 inline constexpr int redrawMilliseconds = 33;
 
-/// A flat bar, teal on a light line, 10 logical pixels high. It shows how much of a total is done,
-/// or, while the total is unknown, a piece that wanders from left to right in 1.4 s. Owned by its
-/// parent; main thread.
+/// A flat progress bar, teal on a light line, 10 logical pixels high. While the total is unknown, a
+/// segment moves from left to right in 1.4 s. Owned by its parent. Main thread only.
 class ProgressBar final : public QProgressBar {
     Q_OBJECT
 
  public:
     explicit ProgressBar(QWidget* parent = nullptr);
 
-    /// How much there is to do. Nothing to do counts as nothing done.
+    /// The total. A total of 0 shows nothing done.
     void setTotal(quint64 total);
     [[nodiscard]] quint64 total() const { return total_; }
 
-    /// How much is done; more than the total counts as all.
+    /// The amount done; clamped to the total.
     void setDone(quint64 done);
     [[nodiscard]] quint64 done() const { return done_; }
 
-    /// From 0 to 1. It is 1 only if everything is done.
+    /// From 0 to 1; 1 only if everything is done.
     [[nodiscard]] double fraction() const;
 
     void setIndeterminate(bool indeterminate);
     [[nodiscard]] bool isIndeterminate() const { return indeterminate_; }
 
-    /// Lets a light run over the whole bar, for work whose value may stand still: white over what
-    /// is filled, teal over the rest. It rests when movement is reduced.
+    /// Whether a sheen moves over the bar, for work whose value may not change for long: white over
+    /// the filled part, teal over the rest. Disabled with reduced motion.
     void setSheen(bool sheen);
     [[nodiscard]] bool hasSheen() const { return sheen_; }
 

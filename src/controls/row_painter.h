@@ -10,13 +10,13 @@
 
 namespace tarvin {
 
-/// Knows over which row of a list the pointer is, because Qt tells a delegate only of the cell.
-/// Turns on mouse tracking of the list. Belongs to the list; main thread.
+/// Tracks the hovered row of a list: Qt tells a delegate only about the cell. Enables mouse
+/// tracking of the list. Owned by the list. Main thread only.
 class RowHover final : public QObject {
     Q_OBJECT
 
  public:
-    /// The one of a list; made at the first call.
+    /// The tracker of a list, created on first use.
     static RowHover& of(QAbstractItemView& view);
 
     [[nodiscard]] bool isOver(const QModelIndex& index) const;
@@ -32,8 +32,8 @@ class RowHover final : public QObject {
     QPersistentModelIndex row_;  // first column
 };
 
-/// Repaints the whole row of an index, with what goes across its cells: its ground and the focus
-/// ring. Nothing happens without a row.
+/// Repaints the whole row of an index: background and focus ring go across its cells. Ignores an
+/// invalid index.
 void updateRow(const QAbstractItemView& view, const QModelIndex& index);
 
 /// The colours of a row.
@@ -43,8 +43,8 @@ struct RowLook {
     QColor line = look::rowLine;  ///< below the row; invalid: none
 };
 
-/// Paints one cell's part of a row: its ground (of its own, or the colour of selection or of the
-/// pointer), the line below it and, if the keyboard is there, the focus ring round the whole row.
+/// Paints one cell's part of a row: its background (its own, selected or hovered), the line below
+/// it and, if the focus is shown, the focus ring around the whole row.
 void paintRow(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
               const RowLook& rowLook = {});
 

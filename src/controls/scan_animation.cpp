@@ -15,7 +15,7 @@ namespace {
 constexpr int roundMilliseconds = 2400;
 constexpr QSize stageSize(288, 216);
 constexpr QSize lensSize(100, 100);
-// The lens goes from one corner to the other and back, with a bow to each side.
+// The lens moves from one corner to the other and back, in a curve to each side.
 constexpr QPointF pathBegin(40, 70);
 constexpr QPointF pathEnd(150, 92);
 constexpr double bow = 26;
@@ -52,9 +52,9 @@ QPointF ScanAnimation::lensPosition() const {
 }
 
 void ScanAnimation::paintEvent(QPaintEvent*) {
-    // The pictures have the size in which they are drawn. Were they smoothed, Qt would share the
-    // work among threads of its own, and the main thread would wait for them: up to two tenths of a
-    // second while a scan keeps all processors busy.
+    // The images have the size in which they are painted. With smoothing, Qt would split the work
+    // among threads of its own and the main thread would wait for them: up to 0.2 s while a scan
+    // uses all CPUs.
     QPainter painter(this);
     const double ratio = densityOf(painter);
     painter.drawPixmap(

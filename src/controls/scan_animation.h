@@ -7,9 +7,9 @@
 
 namespace tarvin {
 
-/// The picture of a running scan: a lens that moves over three sheets, round in 2.4 s; 288 x 216
-/// logical pixels. It stands where it was when stopped, and does not move at all when movement is
-/// reduced. Owned by its parent; main thread.
+/// The animation of a running scan: a lens that circles over three sheets in 2.4 s; 288 x 216
+/// logical pixels. Keeps its position when stopped; does not move with reduced motion. Owned by its
+/// parent. Main thread only.
 class ScanAnimation final : public QWidget {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ class ScanAnimation final : public QWidget {
 
     void startAnimation();
     void stopAnimation();
-    /// Whether it was started, seen or not.
+    /// Whether it was started, visible or not.
     [[nodiscard]] bool isAnimating() const { return started_; }
 
     /// The upper left corner of the lens.

@@ -5,8 +5,8 @@
 
 namespace tarvin {
 
-/// A bar of one colour. It takes its own colour again each time it is painted, so another one that
-/// was set is never seen. Owned by its parent; main thread.
+/// A bar of one colour, which it restores on each painting: another one that was set is never seen.
+/// Owned by its parent. Main thread only.
 class SolidBar : public QWidget {
     Q_OBJECT
 

@@ -19,7 +19,7 @@ Spinner::Spinner(QWidget* parent) : QWidget(parent), clock_(*this, turnMilliseco
 void Spinner::paintEvent(QPaintEvent*) {
     constexpr double side = 44;
     constexpr double stroke = 5;
-    constexpr int degree = 16;  // what the painter counts angles in
+    constexpr int degree = 16;  // QPainter angles are in 1/16 degrees
     constexpr int quarter = 90 * degree;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

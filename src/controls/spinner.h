@@ -6,8 +6,8 @@
 
 namespace tarvin {
 
-/// A teal arc that turns once in 0.9 s on a pale ring; 44 x 44 logical pixels. Owned by its parent;
-/// main thread.
+/// A teal arc that turns once in 0.9 s on a pale ring; 44 x 44 logical pixels. Owned by its parent.
+/// Main thread only.
 class Spinner final : public QWidget {
     Q_OBJECT
 

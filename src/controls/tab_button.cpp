@@ -27,7 +27,7 @@ QFont titleFont(bool selected) {
 TabButton::TabButton(QString glyph, const QString& title, QWidget* parent)
     : HoverButton(Kind::quiet, title, parent), glyph_(std::move(glyph)) {
     setDisabledOpacity(1.0);
-    // The tabs stand edge to edge.
+    // The tabs have no gap between them.
     setFocusRing(FocusRing::Place::inside, look::focusRing);
 }
 

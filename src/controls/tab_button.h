@@ -6,14 +6,14 @@
 
 namespace tarvin {
 
-/// A tab in the white bar of the results: a drawing and a title beside it. The tab that is shown is
-/// the disabled one, so its disabled look is the selected look: a tint, a bold title and a line at
-/// the foot, whatever its alpha. Behaves under the pointer as every HoverButton.
+/// A tab in the white bar of the results: an icon and a title. The current tab is the disabled one,
+/// so its disabled look is the selected look, whatever its alpha: a tint, a bold title and a line
+/// at the bottom. Hover as for HoverButton.
 class TabButton final : public HoverButton {
     Q_OBJECT
 
  public:
-    /// `glyph` names a drawing of 20 x 20, such as "ui/tab_all".
+    /// `glyph` is the name of an image of 20 x 20, such as "ui/tab_all".
     TabButton(QString glyph, const QString& title, QWidget* parent = nullptr);
 
     [[nodiscard]] QString glyph() const { return glyph_; }

@@ -6,17 +6,16 @@
 
 namespace tarvin {
 
-/// A square button that is on or off and shows a drawing for each; on it is tinted with a teal
-/// line. Its name is for assistive technology alone. Behaves under the pointer as every
-/// HoverButton.
+/// A square button that is on or off, with an icon for each; on it is tinted with a teal outline.
+/// Its name is only for assistive technology. Hover as for HoverButton.
 class ToggleButton final : public HoverButton {
     Q_OBJECT
 
  public:
-    /// The glyphs name drawings of 20 x 20, such as "ui/ascending".
+    /// The glyphs are names of images of 20 x 20, such as "ui/ascending".
     ToggleButton(QString onGlyph, QString offGlyph, QWidget* parent = nullptr);
 
-    /// The drawing that is shown.
+    /// The current icon.
     [[nodiscard]] const QString& glyph() const { return isChecked() ? onGlyph_ : offGlyph_; }
 
     [[nodiscard]] QSize sizeHint() const override { return {32, 32}; }

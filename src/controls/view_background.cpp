@@ -9,7 +9,7 @@ namespace tarvin {
 
 namespace {
 
-/// Writes texts at heights that count from the bottom of the panel.
+/// Paints texts at heights that count from the bottom of the panel.
 class TextColumn final {
  public:
     TextColumn(QPainter& painter, int panelHeight) : painter_(painter), panelHeight_(panelHeight) {

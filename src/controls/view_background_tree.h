@@ -4,7 +4,7 @@
 
 namespace tarvin {
 
-/// The teal frame in which the tree of results lies. Owned by its parent; main thread.
+/// The teal frame around the tree of results. Owned by its parent. Main thread only.
 class ViewBackgroundTree final : public QWidget {
     Q_OBJECT
 

@@ -4,7 +4,7 @@
 
 namespace tarvin {
 
-/// The grey bar at the foot of a screen.
+/// The grey bar at the bottom of a screen.
 class ViewButtonGrayBar final : public SolidBar {
     Q_OBJECT
 

@@ -4,8 +4,8 @@
 
 namespace tarvin {
 
-/// The panel of a notice: white with a thin line, a blue band of 25 logical pixels on top and a
-/// grey foot of 45. Owned by its parent; main thread.
+/// The panel of a notice: white with an outline, a blue header of 25 logical pixels and a grey foot
+/// of 45. Owned by its parent. Main thread only.
 class ViewSettingsSaved : public QWidget {
     Q_OBJECT
 

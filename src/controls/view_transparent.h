@@ -5,9 +5,9 @@
 
 namespace tarvin {
 
-/// The overlay that keeps the mouse away from what lies beneath it. It paints nothing. Counts the
-/// overlays that came after it, if it is told of them: connect the notes of one to the handlers of
-/// the other. Owned by its parent; main thread.
+/// An overlay that takes mouse events and paints nothing. It counts the overlays added after it:
+/// connect the signals of each to the handlers of the others. Owned by its parent. Main thread
+/// only.
 class ViewTransparent final : public QWidget {
     Q_OBJECT
 
@@ -17,11 +17,11 @@ class ViewTransparent final : public QWidget {
     void setviewsOverlaidCount(std::int32_t viewsOverlaidCount);
     [[nodiscard]] std::int32_t viewsOverlaidCount() const { return viewsOverlaidCount_; }
 
-    /// Tells the others that this overlay was put up, or taken away.
+    /// Emits that this overlay was added, or removed.
     void postAddedNotification();
     void postRemovedNotification();
 
-    /// Counts up, or down, unless `object` is this overlay itself.
+    /// Increments or decrements the count, unless `object` is this overlay.
     void viewTransparentAddedNote(QObject* object);
     void viewTransparentRemovedNote(QObject* object);
 

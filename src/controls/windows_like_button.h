@@ -6,14 +6,14 @@
 
 namespace tarvin {
 
-/// A teal square with a white edge of 2 logical pixels and a white chevron: back and next. Behaves
-/// under the pointer as every HoverButton; disabled it is shown at 0.4.
+/// A teal square with a white edge of 2 logical pixels and a white chevron: back and next. Hover as
+/// for HoverButton; opacity 0.4 when disabled.
 // NOLINTNEXTLINE(readability-identifier-naming)
 class WIndowsLikeButton final : public HoverButton {
     Q_OBJECT
 
  public:
-    /// `glyph` names a drawing of 20 x 20, such as "ui/back".
+    /// `glyph` is the name of an image of 20 x 20, such as "ui/back".
     explicit WIndowsLikeButton(QString glyph = {}, QWidget* parent = nullptr);
 
     void setGlyph(const QString& glyph);

@@ -11,8 +11,8 @@ namespace tarvin {
 class CloseButton;
 class TextBlock;
 
-/// `windowAboutPanel`: name, version and copyright of the product. Hidden until it is shown; closes
-/// itself by its button or Esc. Main thread.
+/// `windowAboutPanel`: name, version and copyright of the product. Starts hidden; its button or Esc
+/// hides it. Main thread only.
 class AboutPanel final : public Panel<QFrame> {
     Q_OBJECT
 

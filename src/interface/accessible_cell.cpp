@@ -12,7 +12,7 @@ namespace tarvin {
 
 namespace {
 
-/// A part of a widget, on the screen.
+/// The part of a widget in screen coordinates.
 QRect onScreen(const QWidget& widget, const QRect& part) {
     return part.isEmpty() ? QRect() : QRect(widget.mapToGlobal(part.topLeft()), part.size());
 }

@@ -13,7 +13,7 @@ namespace tarvin {
 
 class AccessibleList;
 
-/// A part of a list's view that is no object of its own and has no parts. Owned by Qt; main thread.
+/// A part of a list view that is not a QObject and has no children. Owned by Qt. Main thread only.
 class AccessiblePart : public QAccessibleInterface {
  public:
     explicit AccessiblePart(QAbstractItemView& view);
@@ -32,15 +32,15 @@ class AccessiblePart : public QAccessibleInterface {
     void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
 
  protected:
-    /// Null when it is gone.
+    /// nullptr after the object is gone.
     [[nodiscard]] QAbstractItemView* view() const { return view_; }
 
  private:
     QPointer<QAbstractItemView> view_;
 };
 
-/// One cell of an AccessibleList. One that is a box can be toggled. No longer valid when its row is
-/// gone. Owned by Qt; main thread.
+/// One cell of an AccessibleList. A cell with a check box can be toggled. Invalid after its row is
+/// removed. Owned by Qt. Main thread only.
 class AccessibleCell final : public AccessiblePart,
                              public QAccessibleTableCellInterface,
                              public QAccessibleActionInterface {
@@ -66,7 +66,7 @@ class AccessibleCell final : public AccessiblePart,
     [[nodiscard]] QAccessibleInterface* table() const override { return parent(); }
 
     [[nodiscard]] QStringList actionNames() const override;
-    /// Toggles a box; gives the keyboard to the row.
+    /// Toggles a box, or focuses the row.
     void doAction(const QString& actionName) override;
     [[nodiscard]] QStringList keyBindingsForAction(const QString& /*actionName*/) const override {
         return {};
@@ -79,8 +79,8 @@ class AccessibleCell final : public AccessiblePart,
     QPersistentModelIndex index_;
 };
 
-/// The title over a column of an AccessibleList, or the unseen one beside a row. Owned by Qt; main
-/// thread.
+/// The title of a column of an AccessibleList, or the hidden header of a row. Owned by Qt. Main
+/// thread only.
 class AccessibleHeader final : public AccessiblePart {
  public:
     AccessibleHeader(QAbstractItemView& view, int section, Qt::Orientation orientation)
@@ -98,7 +98,7 @@ class AccessibleHeader final : public AccessiblePart {
  private:
     [[nodiscard]] QHeaderView* header() const;
 
-    int section_;  ///< -1 in the corner
+    int section_;  ///< -1 for the corner
     Qt::Orientation orientation_;
 };
 

@@ -51,7 +51,7 @@ QAccessibleInterface* AccessibleList::cellOf(const QModelIndex& index) const {
         if (cell != nullptr && cell->index() == index) {
             return cell;
         }
-        // Its row has moved meanwhile.
+        // The row has moved since.
         QAccessible::deleteAccessibleInterface(known.value());
     }
     auto* cell = new AccessibleCell(view_, index);

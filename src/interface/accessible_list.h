@@ -8,23 +8,23 @@ namespace tarvin {
 
 class MarkedList;
 
-/// How assistive technology finds a MarkedList: as the table or tree that it is, with the cells
-/// numbered as Qt numbers them in its own events, and with boxes whose action "Toggle" turns the
-/// mark. Qt's own answer would select the row instead. Owned by Qt; main thread.
+/// The accessible interface of a MarkedList: a table or a tree, its cells numbered as in Qt's own
+/// events, with boxes whose "Toggle" action toggles the mark. Qt's own interface would select the
+/// row instead. Owned by Qt. Main thread only.
 class AccessibleList final : public QAccessibleWidget, public QAccessibleTableInterface {
  public:
     AccessibleList(QAbstractItemView& view, MarkedList& list);
     ~AccessibleList() override;
 
-    /// Has Qt ask this class about every MarkedList from now on; once is enough.
+    /// Makes Qt use this class for every MarkedList from now on. Further calls have no effect.
     static void install();
-    /// Of a list for which Qt has asked; null for another widget.
+    /// The interface of a list; nullptr if `view` has another one.
     [[nodiscard]] static AccessibleList* of(QAbstractItemView& view);
 
     [[nodiscard]] QAbstractItemView& view() const { return view_; }
     [[nodiscard]] MarkedList& list() const { return list_; }
 
-    /// The cell of an index that is shown; null for another.
+    /// The cell of an index; nullptr if its row is not shown.
     [[nodiscard]] QAccessibleInterface* cellOf(const QModelIndex& index) const;
     /// The title of a column.
     [[nodiscard]] QAccessibleInterface* headerOf(int column) const;
@@ -51,7 +51,7 @@ class AccessibleList final : public QAccessibleWidget, public QAccessibleTableIn
     [[nodiscard]] QList<int> selectedRows() const override;
     [[nodiscard]] bool isColumnSelected(int /*column*/) const override { return false; }
     [[nodiscard]] bool isRowSelected(int row) const override;
-    /// As a click on the row does; false while a panel covers the list.
+    /// Selects like a click on the row. Returns false while a panel covers the list.
     bool selectRow(int row) override;
     bool selectColumn(int /*column*/) override { return false; }
     bool unselectRow(int /*row*/) override { return false; }
@@ -59,7 +59,7 @@ class AccessibleList final : public QAccessibleWidget, public QAccessibleTableIn
     void modelChange(QAccessibleTableModelChangeEvent* event) override;
 
  private:
-    /// A tree has no headers of rows, a table has them though they are hidden.
+    /// A table has row headers although they are hidden, a tree has none.
     [[nodiscard]] int headerColumns() const;
     [[nodiscard]] int stride() const { return columnCount() + headerColumns(); }
     [[nodiscard]] QAccessibleInterface* headerAt(int section, Qt::Orientation orientation) const;
@@ -68,7 +68,7 @@ class AccessibleList final : public QAccessibleWidget, public QAccessibleTableIn
     QAbstractItemView& view_;
     MarkedList& list_;
     mutable QHash<QModelIndex, QAccessible::Id> cells_;
-    mutable QHash<int, QAccessible::Id> headers_;  // by their number as children
+    mutable QHash<int, QAccessible::Id> headers_;  // by child number
 };
 
 }  // namespace tarvin

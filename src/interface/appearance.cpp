@@ -14,7 +14,7 @@ namespace tarvin {
 
 namespace {
 
-/// One for the program, made when it is first needed.
+/// One for the program, created on first use.
 QStyle* neutralStyle() {
     static QStyle* const style = [] {
         QStyle* fusion = QStyleFactory::create(QStringLiteral("Fusion"));

@@ -6,17 +6,17 @@ class QWidget;
 
 namespace tarvin {
 
-/// The colours of the one light appearance for what Qt paints by itself, in every state.
+/// The colours of our one, light appearance for what Qt paints, in all states.
 [[nodiscard]] QPalette lightPalette();
 
-/// Gives `widget` the light colours, whatever those of the desktop are. Children take them over.
+/// Sets the light colours on `widget` and its children, whatever the desktop's are.
 void useLightColors(QWidget* widget);
 
-/// Has Qt's own neutral style paint `widget` and what is inside it now, instead of the desktop's:
-/// for scroll bars and lists, whose looks would not fit the rest. Colours are the light ones.
+/// Has Qt's Fusion style paint `widget` and its present children in the light colours: the
+/// desktop's style for scroll bars and lists would not fit the rest.
 void useNeutralStyle(QWidget* widget);
 
-/// The look of the program's menus.
+/// Sets the style of the program's menus.
 void styleMenu(QMenu* menu);
 
 }  // namespace tarvin

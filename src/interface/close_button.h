@@ -4,7 +4,7 @@
 
 namespace tarvin {
 
-/// The cross in the band of a panel that has no answer button. Main thread.
+/// The close button in the header of a panel without answer buttons. Main thread only.
 class CloseButton final : public PaintedButton {
     Q_OBJECT
 

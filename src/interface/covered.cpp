@@ -16,7 +16,7 @@ void setSilent(const QWidget* area, bool silent) {
     }
 }
 
-/// What the program selects still is.
+/// The program itself can still select.
 template <class List>
 void setSelectable(const QWidget* area, bool selectable) {
     for (List* list : area->findChildren<List*>()) {

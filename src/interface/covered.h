@@ -4,9 +4,9 @@ class QWidget;
 
 namespace tarvin {
 
-/// Has the buttons and lists inside `area` do nothing while a panel covers them, or act again. They
-/// look as before. Neither mouse nor keyboard gets there then, but assistive technology presses and
-/// selects what it finds by its name. Main thread.
+/// Disables or enables the effect of the buttons and lists inside `area`, which a panel covers.
+/// They look as before. The cover keeps mouse and keyboard away, but assistive technology still
+/// presses and selects controls by name. Main thread only.
 void setCovered(const QWidget* area, bool covered);
 
 }  // namespace tarvin

@@ -15,7 +15,7 @@ namespace tarvin {
 
 namespace {
 
-/// The screens' own shortcuts rest while a panel is shown.
+/// The shortcuts of the screens are disabled while a panel is shown.
 void addShortcut(QWidget* panel, QKeyCombination key, HoverButton* button) {
     auto* shortcut = new QAction(panel);
     shortcut->setShortcut(key);

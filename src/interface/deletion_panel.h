@@ -8,8 +8,8 @@ class HoverButton;
 class ProgressBar;
 class TextBlock;
 
-/// `deletionPreview`: how far the move to the Trash is. Ctrl+P presses Pause or Resume, Ctrl+. Stop
-/// while it is shown. Main thread.
+/// `deletionPreview`: progress of the move to the Trash. While it is shown, Ctrl+P activates Pause
+/// or Resume, and Ctrl+. Stop. Main thread only.
 class DeletionPanel final : public DialogPanel {
     Q_OBJECT
 

@@ -8,9 +8,8 @@ namespace tarvin {
 
 class Placement;
 
-/// A panel over the results: white with a thin line, a blue band with its title, a soft shadow. It
-/// is shown over a cover that keeps the mouse from the screen. Hidden until it is shown. Main
-/// thread.
+/// A panel over the results: white with an outline, a blue header with its title, and a soft
+/// shadow. A cover below it keeps the mouse from the screen. Starts hidden. Main thread only.
 class DialogPanel : public Panel<QWidget> {
     Q_OBJECT
 
@@ -29,9 +28,9 @@ class DialogPanel : public Panel<QWidget> {
 
  protected:
     [[nodiscard]] Placement& placement() { return *placement_; }
-    /// By how much the texts are taller than their place in the design; 0 if they fit.
+    /// By how much the texts exceed their height in the design; 0 if they fit.
     [[nodiscard]] virtual int heightMissing() const { return 0; }
-    /// A lighter band of this height at the foot.
+    /// Sets the height of the lighter band at the bottom.
     void setFootHeight(int height) { footHeight_ = height; }
 
     void paintEvent(QPaintEvent* event) override;

@@ -8,9 +8,9 @@ class QWidget;
 
 namespace tarvin {
 
-/// Enables and disables controls at one go: those that are to be enabled first. So the keyboard can
-/// go from a button that is disabled to its counterpart, which is enabled in the same moment. A
-/// control without a state stays as it is. Main thread.
+/// Enables and disables controls in one step, enabling first: then the focus can move from a button
+/// that is disabled to its counterpart that is enabled in the same step. A control without a state
+/// is left as it is. Main thread only.
 void setEnabledTogether(const std::vector<std::pair<QWidget*, std::optional<bool>>>& controls);
 
 }  // namespace tarvin

@@ -7,7 +7,7 @@ namespace tarvin {
 class HoverButton;
 class TextBlock;
 
-/// `exceptionWindow`: asks whether the marked files are to be left out of all scans. Main thread.
+/// `exceptionWindow`: asks whether to exclude the marked files from all scans. Main thread only.
 class ExceptionPanel final : public DialogPanel {
     Q_OBJECT
 

@@ -9,10 +9,10 @@ class QWidget;
 
 namespace tarvin {
 
-/// Shows the tool tip of a cell whose text does not fit into `place` in `font`: Qt::ToolTipRole,
-/// which is ready to be shown, or else the text letter for letter. One line in any case. Where the
-/// text fits, an older tip is taken away. Main thread.
-void showFullText(const QHelpEvent& event, QWidget* viewport, const QRect& place, const QFont& font,
+/// Shows the tool tip of a cell whose text does not fit into `area` in `font`: Qt::ToolTipRole as
+/// it is, or else the text with markup escaped, on one line. Hides the tool tip if the text fits.
+/// Main thread only.
+void showFullText(const QHelpEvent& event, QWidget* viewport, const QRect& area, const QFont& font,
                   const QModelIndex& cell);
 
 }  // namespace tarvin

@@ -11,7 +11,7 @@ class PictureView;
 class TextBlock;
 class ViewBackground;
 
-/// Screen "1": where a person chooses between drives and folders. Main thread.
+/// Screen "1": the choice between drives and folders. Main thread only.
 class HomeScreen final : public Screen {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ class HomeScreen final : public Screen {
 
     PictureView* const brandMark;  ///< in the bar
     ViewBackground* const viewBackground;
-    /// The start image; covers the card of `viewBackground`. Object name "HomePage".
+    /// The start image, over the card of `viewBackground`. Object name "HomePage".
     PictureView* const homePage;
     QLabel* const heading;
     TextBlock* const explanation;

@@ -17,7 +17,7 @@ QAccessibleInterface* imageInterface(const QString& className, QObject* object) 
     return view == nullptr ? nullptr : new QAccessibleWidget(view, QAccessible::Graphic);
 }
 
-/// Has a screen reader find a picture, not just some widget.
+/// Gives the view the accessible role of an image.
 void installAccess() {
     [[maybe_unused]] static const bool done = [] {
         QAccessible::installFactory(imageInterface);
@@ -49,7 +49,7 @@ void ImageView::paintEvent(QPaintEvent* event) {
         return;
     }
     const double density = densityOf(painter);
-    // A picture much longer than it is high is a line, not nothing.
+    // An image much wider than it is high is painted as a line.
     const QSize size = image_.size()
                            .scaled((QSizeF(inside.size()) * density).toSize(), Qt::KeepAspectRatio)
                            .expandedTo({1, 1});

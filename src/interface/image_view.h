@@ -6,8 +6,8 @@
 
 namespace tarvin {
 
-/// Shows a picture as large as its place allows, keeping its proportions, or nothing, in a white
-/// field with a thin line of one logical pixel. Main thread.
+/// Shows an image, scaled to fit with its aspect ratio kept, or nothing, in a white field with an
+/// outline of one logical pixel. Main thread only.
 class ImageView final : public QWidget {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ class ImageView final : public QWidget {
 
  private:
     QImage image_;
-    QPixmap scaled_;  // as it was painted last
+    QPixmap scaled_;  // as last painted
 };
 
 }  // namespace tarvin

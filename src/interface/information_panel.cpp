@@ -21,7 +21,7 @@ constexpr int linesLeft = 144;
 constexpr int linesWidth = 348;
 constexpr int linesTop = 58;
 constexpr int linesRoom = 3 * linePitch;
-constexpr int airAboveFew = 8;  ///< two lines or one stand a little lower
+constexpr int airAboveFew = 8;  ///< one or two lines are placed a little lower
 
 TextBlock* makeLine(const char* name, QWidget* parent) {
     auto* block = named(new TextBlock(look::font(15), linePitch, look::ink), name);
@@ -86,10 +86,10 @@ void InformationPanel::placeKeptLine(int top) const {
     constexpr int height = 20;
     constexpr int gap = 4;
     const QSize button = keptShow->sizeHint();
-    // A text may be wider than its hint by the fraction of a pixel.
+    // A text can be wider than its size hint by a fraction of a pixel.
     const int width = std::min(keptLine->sizeHint().width() + 1, linesWidth - gap - button.width());
     keptLine->setGeometry(linesLeft, top, width, height);
-    // Higher than the line, so that it is easily met.
+    // Higher than the text, to be easier to click.
     keptShow->setGeometry(
         {{linesLeft + width + gap, top - (button.height() - height) / 2}, button});
 }

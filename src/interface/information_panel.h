@@ -9,9 +9,10 @@ class HoverButton;
 class PictureView;
 class TextBlock;
 
-/// `informationWindow`: a picture, up to three lines and one answer. Its owner sets all of them
-/// before it is shown. An empty line takes no room; the first may hold several. Below the lines may
-/// stand one about the files that were left, with a button that shows them. Main thread.
+/// `informationWindow`: an image, up to three lines and one answer, which the owner sets before
+/// showing it. An empty line takes no space; the first may contain line breaks. Below the lines
+/// there can be one about the files that were left, with a button that shows them. Main thread
+/// only.
 class InformationPanel final : public DialogPanel {
     Q_OBJECT
 
@@ -27,7 +28,7 @@ class InformationPanel final : public DialogPanel {
     HoverButton* const keptShow;
     HoverButton* const scanInforOKBtn;
 
-    /// Shows `keptLine` with this text and `keptShow` behind it; hides both if it is empty.
+    /// Shows `keptLine` with this text, and `keptShow` next to it; hides both if the text is empty.
     void setKeptLine(const QString& text);
 
  protected:

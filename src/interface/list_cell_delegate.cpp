@@ -16,7 +16,7 @@ namespace {
 
 constexpr int padding = 12;
 constexpr int wrappedPitch = 17;
-// Of a row with two lines, from its top.
+// In a row with two lines, from its top.
 constexpr int nameTop = 5;
 constexpr int namePitch = 18;
 constexpr int placeTop = 23;
@@ -39,7 +39,7 @@ bool fits(const QString& text, const QFont& font, int width) {
     return QFontMetrics(font).horizontalAdvance(singleLine(text)) <= width;
 }
 
-/// The text on one line or two; the second is shortened if there would be more.
+/// The text on one line or two. The second is elided if more would be needed.
 QStringList wrapped(const QString& text, const QFont& font, int width) {
     QTextLayout layout(singleLine(text), font);
     QTextOption option;

@@ -7,7 +7,7 @@ namespace tarvin {
 
 class ListTable;
 
-/// Paints the cells of a ListTable, its parent. Main thread.
+/// Paints the cells of a ListTable, its parent. Main thread only.
 class ListCellDelegate final : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ class ListCellDelegate final : public QStyledItemDelegate {
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const override;
 
-    /// The whole text of a cell that is not to be seen in `cell` as a whole; else nothing.
+    /// The full text of a cell if it is shortened in `cell`, else an empty text.
     [[nodiscard]] QString hiddenText(const QRect& cell, const QModelIndex& index) const;
 
  private:

@@ -10,7 +10,7 @@ namespace {
 
 constexpr QColor titleColor{51, 69, 79};
 
-/// The piece of the band above a scroll bar.
+/// The part of the band above a scroll bar.
 class BandEnd final : public QWidget {
  public:
     explicit BandEnd(int height) { setFixedHeight(height); }

@@ -5,8 +5,8 @@
 
 namespace tarvin {
 
-/// The header of a list: titles in 12 semi-bold on the header's tint, no lines between the
-/// columns. The first columns' titles stand at the left, the others in the middle. Main thread.
+/// The header of a list: titles in 12 pixels, semi-bold, on a tinted band, without lines between
+/// the columns. The first columns' titles are aligned left, the others centred. Main thread only.
 class ListHeader final : public QHeaderView {
     Q_OBJECT
 
@@ -14,19 +14,19 @@ class ListHeader final : public QHeaderView {
     /// `height` in logical pixels; `indent` is the distance of the first title from the left.
     ListHeader(int height, int indent, QWidget* parent);
 
-    /// How many titles stand at the left; first one. Those after the first are not indented.
+    /// The number of titles aligned left; 1 by default. Those after the first are not indented.
     void setTitlesAtLeft(int count);
-    /// Has every title at the left stand as far from the beginning of its column as the first.
+    /// Indents every left-aligned title like the first one.
     void indentAllTitles();
-    /// Has the title of one column go over all of them, in place of theirs.
+    /// Shows the title of one column across all of them.
     void setOnlyTitle(int section);
 
     [[nodiscard]] QSize sizeHint() const override;
 
-    /// Has the band go on above the vertical scroll bar of `list`, which then begins below it.
+    /// Continues the band above the vertical scroll bar of `list`, which then begins below it.
     void coverScrollBarOf(QAbstractScrollArea* list) const;
 
-    /// The tint and the line at its foot, for a band that goes on beside the header.
+    /// Paints the tint and the bottom line, for a band beside the header.
     static void paintBackground(QPainter& painter, const QRect& band);
 
  protected:
@@ -38,7 +38,7 @@ class ListHeader final : public QHeaderView {
     int indent_;
     int titlesAtLeft_ = 1;
     bool allIndented_ = false;
-    int onlyTitle_ = -1;  // the section of it; -1: each has its own
+    int onlyTitle_ = -1;  // the section; -1: each has its own title
 };
 
 }  // namespace tarvin

@@ -9,18 +9,18 @@ namespace tarvin {
 class HoverButton;
 class ListTable;
 
-/// A panel that shows a list of files with a reason for each: a sentence, the list, and "Copy List"
-/// and "Close" at its foot. Takes half of what the window gains. Its owner gives the list its model
-/// and connects the buttons. Main thread.
+/// A panel with a list of files and a reason for each: a sentence, the list, and "Copy List" and
+/// "Close" below. Takes half of what the window gains. Its owner sets the model of the list and
+/// connects the buttons. Main thread only.
 class ListPanel final : public DialogPanel {
     Q_OBJECT
 
  public:
-    /// Where it stands in the content of the design.
+    /// Its geometry in the design.
     static constexpr QRect designPlace{168, 97, 680, 404};
 
-    /// What one is called and says. `name` is that of the panel, from which those of its parts are
-    /// made: "kept" gives "keptWindow", "keptTable", "keptCopy" and "keptClose".
+    /// Names and texts of a panel. The object names are made from `name`: "kept" gives
+    /// "keptWindow", "keptTable", "keptCopy" and "keptClose".
     struct Words {
         const char* name;
         QString title;

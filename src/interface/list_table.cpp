@@ -38,7 +38,7 @@ void ListTable::setModel(QAbstractItemModel* model) {
     fitColumns();
 }
 
-/// What the list gains goes to the one column without a width of its own.
+/// The column without a fixed width takes what the list gains.
 void ListTable::fitColumns() {
     if (model() == nullptr) {
         return;
@@ -57,8 +57,8 @@ void ListTable::fitColumns() {
     fitting_ = false;
 }
 
-/// What a column gains its neighbour loses, so that the columns fill the list. The edge of the last
-/// one is that of the list.
+/// The neighbour loses what a column gains, so that the columns always fill the list. The edge of
+/// the last column is fixed.
 void ListTable::moveEdge(int section, int before, int now) {
     if (fitting_) {
         return;
@@ -102,7 +102,7 @@ void ListTable::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         return;
     }
-    // Only the panel knows what Escape presses.
+    // The panel handles Escape.
     if (event->key() == Qt::Key_Escape) {
         event->ignore();
         return;

@@ -5,13 +5,13 @@
 
 namespace tarvin {
 
-/// The list of a panel: titles, rows of one height, and no more than what is in view drawn, so that
-/// it may have any number of rows. Of its model it reads titles, Qt::DisplayRole, `mutedRole` and
-/// `secondLineRole`; a text that is too long is shortened, and the tool tip shows the whole. Main
-/// thread.
+/// The list of a panel, with titles and rows of one height. Paints only the rows in view, so the
+/// number of rows does not matter. Reads titles, Qt::DisplayRole, `mutedRole` and `secondLineRole`
+/// from its model. A text that is too long is elided, and its tool tip shows the whole text. Main
+/// thread only.
 ///
-/// The edge between two columns is dragged with the mouse. Return does nothing: it does not press
-/// what is default in the panel.
+/// The user can drag the edge between two columns. Return does nothing, so that it does not
+/// activate the default button of the panel.
 class ListTable : public QTableView {
     Q_OBJECT
 
@@ -21,20 +21,20 @@ class ListTable : public QTableView {
     static constexpr int heightOfTwoLines = 44;  ///< of rows with two
     static constexpr int minWidth = 48;          ///< of a column
 
-    /// What is painted in a column.
+    /// What a column shows.
     enum class Text : std::uint8_t {
-        name,          ///< shortened in the middle
-        place,         ///< muted, shortened in the middle
-        plain,         ///< shortened at the end
+        name,          ///< elided in the middle
+        place,         ///< muted, elided in the middle
+        plain,         ///< elided at the end
         nameAndPlace,  ///< two lines: the text, and the text of `secondLineRole` below it, muted
         wrapped        ///< on up to two lines
     };
     struct Column {
         Text text = Text::plain;
-        int width = 0;  ///< logical pixels; 0 for the one column that takes what is left
+        int width = 0;  ///< logical pixels; 0 for the one column that takes the remaining width
     };
     enum Role {
-        mutedRole = Qt::UserRole + 1,  ///< bool: the text is less important than others
+        mutedRole = Qt::UserRole + 1,  ///< bool: paint the text muted
         secondLineRole
     };
 
@@ -53,7 +53,7 @@ class ListTable : public QTableView {
     void moveEdge(int section, int before, int now);
 
     const QVector<Column> columns_;
-    bool fitting_ = false;  // the widths change by our own hand
+    bool fitting_ = false;  // the list itself is changing the widths
 };
 
 }  // namespace tarvin

@@ -6,9 +6,9 @@ namespace tarvin {
 
 class LocationTable;
 
-/// The frame around the list of locations: a line all round, the header's band over its whole
-/// width, and a margin beside and below the rows. A drag that hovers is shown by a wider line in
-/// teal; the keyboard in an empty list by the focus colour. Main thread.
+/// The frame around the list of locations: an outline, the header's band over its whole width, and
+/// a margin beside and below the rows. A drag over the list widens the outline and makes it teal;
+/// the focus in an empty list gives it the focus colour. Main thread only.
 class LocationFrame final : public QWidget {
     Q_OBJECT
 

@@ -128,7 +128,7 @@ void LocationScreen::makeShortcuts() {
     addShortcut({Qt::CTRL | Qt::SHIFT | Qt::Key_H}, buttonHomeExactPage);
     addShortcut({Qt::CTRL | Qt::Key_O}, addFolders);
     addShortcut({Qt::CTRL | Qt::SHIFT | Qt::Key_O}, addPhotos);
-    // With Ctrl also where Return alone belongs to a row or to a button.
+    // Ctrl+Return works also where a row or a button takes Return.
     addShortcut(
         {Qt::Key_Return, Qt::Key_Enter, Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter},
         findDuplicateExact);

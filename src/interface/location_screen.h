@@ -17,8 +17,8 @@ class TextBlock;
 class ViewButtonGrayBar;
 class WIndowsLikeButton;
 
-/// Screen "2": the list of what can be scanned. The rows come from a model that is given to
-/// `tableExact`; the two columns of LocationTable are what it expects. Main thread.
+/// Screen "2": the list of locations that can be scanned. The model of `tableExact` has the two
+/// columns of LocationTable. Main thread only.
 class LocationScreen final : public Screen {
     Q_OBJECT
 
@@ -33,14 +33,15 @@ class LocationScreen final : public Screen {
     HoverButton* const unmarkAllExactBtn;
     HoverButton* const removeFromListExactBtn;
     LocationTable* const tableExact;
-    /// The frame and header band around `tableExact`; the drawn place of the list is its place.
+    /// The frame and header band around `tableExact`; its geometry is that of the list in the
+    /// design.
     LocationFrame* const tableFrame;
     HoverButton* const addPhotos;
     HoverButton* const addFolders;
     HoverButton* const findDuplicateExact;
 
-    /// The context menu of the list. Its aboutToShow() is the time to set titles and visibility
-    /// for clickedRow(). Not shown where no row is.
+    /// The context menu of the list, shown only over a row. When aboutToShow() is emitted, set
+    /// titles and visibility for clickedRow().
     QMenu* const tableMenu;
     QAction* const markMenuTable;
     QAction* const removeFromListMenu;

@@ -59,7 +59,7 @@ void LocationTable::setEmptyText(const QString& text) {
 }
 
 bool LocationTable::event(QEvent* event) {
-    // Return belongs to the row before it belongs to a shortcut.
+    // A current row takes Return before the shortcuts do.
     if (event->type() == QEvent::ShortcutOverride && isReturn(*static_cast<QKeyEvent*>(event)) &&
         currentIndex().isValid()) {
         event->accept();

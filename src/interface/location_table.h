@@ -4,9 +4,8 @@
 
 namespace tarvin {
 
-/// The list of locations, `tableExact`. Its model has the columns of LocationColumn; drops are
-/// offered to the model (canDropMimeData(), dropMimeData()). Return on a row opens it, Space
-/// turns its check box. Main thread.
+/// The list of locations, `tableExact`. Drops are passed to the model (canDropMimeData(),
+/// dropMimeData()). Return on a row opens it, Space toggles its check box. Main thread only.
 class LocationTable final : public BoxTable {
     Q_OBJECT
 
@@ -30,13 +29,13 @@ class LocationTable final : public BoxTable {
     void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                      const QVector<int>& roles = {}) override;
 
-    /// Whether a drag that could be dropped hovers over the list.
+    /// Whether a drag with acceptable data hovers over the list.
     [[nodiscard]] bool isDragHovering() const { return dragHovering_; }
 
-    /// Whether the list has to show that the keyboard is there, because no row shows it.
+    /// Whether the list itself must show the focus, because no row does.
     [[nodiscard]] bool showsFocus() const { return focusShown_ && !currentIndex().isValid(); }
 
-    /// The text shown in place of rows while there are none.
+    /// The text shown when there are no rows.
     void setEmptyText(const QString& text);
     [[nodiscard]] const QString& emptyText() const { return emptyText_; }
 

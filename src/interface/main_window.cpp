@@ -43,14 +43,15 @@ namespace tarvin {
 
 namespace {
 
-// The list area of the locations, in the content.
+// The list area of the location screen, in the content.
 constexpr QPoint listArea{55, 134};
 constexpr int helpMenuWidth = 282;
 constexpr int moreMenuWidth = 232;
 constexpr int menuGap = 4;
 constexpr int keptReasonWidth = 226;
 
-/// The place of a panel whose lower left corner is counted from the lower left of the content.
+/// The geometry of a panel whose lower left corner is counted from the lower left corner of the
+/// content.
 QRect fromLowerLeft(QPoint origin, QSize size) {
     return {{origin.x(), MainWindow::designSize.height() - origin.y() - size.height()}, size};
 }
@@ -134,7 +135,7 @@ MainWindow::MainWindow(QWidget* parent)
     selectTabViewItem(home->identifier());
 }
 
-/// An open panel is hidden with the window, when there are no screens any more to be told.
+/// Destroying the window hides open panels, whose signals must not reach the destroyed screens.
 MainWindow::~MainWindow() {
     openPanels_->disconnect(this);
 }
@@ -211,7 +212,7 @@ void MainWindow::makeMoreMenu() {
     buttonHelpManual->installEventFilter(this);
 }
 
-/// The keyboard returns to the button when the menu closes.
+/// The focus returns to the button when the menu closes.
 void MainWindow::openMoreByKey() const {
     if (buttonMore->isEnabled()) {
         buttonMore->setFocus(Qt::ShortcutFocusReason);
@@ -248,7 +249,7 @@ void MainWindow::selectTabViewItem(const QString& identifier) {
         if (screen->identifier() != identifier) {
             continue;
         }
-        // Before the window is shown there is no click that could have meant another screen.
+        // Before the window is shown no click can have been meant for another screen.
         if (screen != currentScreen() && isVisible()) {
             pressGuard_->begin();
         }

@@ -41,17 +41,17 @@ class TextBlock;
 class ViewTopBar;
 class WindowCovers;
 
-/// The one window of the program: the bar at the top, the screens below, and the panels that come
-/// over them. Holds every control and decides nothing: who owns the window connects the controls'
-/// signals and sets their texts and states. Main thread.
+/// The window of the program: the bar at the top, the screens below, and the panels over them.
+/// Holds the controls and decides nothing: its owner connects their signals and sets their texts
+/// and states. Main thread only.
 ///
-/// Each public member is a control, for as long as the window lives; its object name is the name of
-/// the member. Those of a screen are members of the screen.
+/// Each public member is a control that exists as long as the window; its object name is the name
+/// of the member. The controls of a screen are members of the screen.
 class MainWindow final : public QWidget {
     Q_OBJECT
 
  public:
-    /// Of the content; also the least that the window can be made.
+    /// The size of the content in the design, and the minimum.
     static constexpr QSize designSize{1016, 531};
 
     explicit MainWindow(QWidget* parent = nullptr);
@@ -66,21 +66,23 @@ class MainWindow final : public QWidget {
 
     /// Shown by popUpMoreMenu().
     QMenu* const moreMenu;
-    /// Opens it: functions without a button of their own; also F10, but for macOS, where a panel is
-    /// not open. Disabled whenever Help is, and on the progress screen.
+    /// Opens `moreMenu`, with the functions that have no button. F10 opens it, too, except on macOS
+    /// and while a panel is open. Disabled whenever Help is, and on the progress screen.
     MenuButton* const buttonMore;
-    /// "Put Back Last Clean-up…"; also Ctrl+Z where the button can be pressed and no panel is open.
+    /// "Put Back Last Clean-up…". Ctrl+Z triggers it, too, while `buttonMore` is enabled and no
+    /// panel is open.
     QAction* const putBackItem;
 
     HoverButton* const buttonHelpManual;
     /// Shown by popUpHelpMenu().
     QMenu* const helpMenu;
-    QAction* const helpMenuItem;     ///< "User Guide"; also F1, wherever a person is
+    QAction* const helpMenuItem;     ///< "User Guide"; also F1, on every screen
     QAction* const supportMenuItem;  ///< "Contact Support"
     QAction* const updateMenuItem;   ///< "Check for Updates..."
     QAction* const aboutMenuItem;    ///< "About Tarvin Duplicate File Remover"
 
-    /// The notice with one answer, for the list and for closing during a scan.
+    /// The notice with one answer, used by the list and when the user closes the window during a
+    /// scan.
     NoticePanel* const runningAlert;
     TextBlock* const runningAlertText;
     ButtonSettingsSaved* const runningAlertOk;
@@ -89,13 +91,13 @@ class MainWindow final : public QWidget {
     ButtonSettingsSaved* const cancelNo;
     ButtonSettingsSaved* const cancelYes;
 
-    /// The panels of the results, each shown by showOver() and hidden by its owner.
+    /// The panels over the results, each shown by showOver() and hidden by its owner.
     InformationPanel* const informationWindow;
     ExceptionPanel* const exceptionWindow;
     DeletionPanel* const deletionPreview;
-    ListPanel* const keptWindow;  ///< the files that a clean-up has left where they are
-    /// What "Put Back Last Clean-up…" shows, in this order; `informationWindow` if there is nothing
-    /// to put back or everything came back.
+    ListPanel* const keptWindow;  ///< the files that a clean-up did not move
+    /// The panels of "Put Back Last Clean-up…", in this order; `informationWindow` instead if there
+    /// is nothing to put back or every file came back.
     PutBackPanel* const putBackWindow;
     PutBackProgress* const putBackProgress;
     PutBackReport* const putBackReport;
@@ -104,45 +106,44 @@ class MainWindow final : public QWidget {
 
     AboutPanel* const windowAboutPanel;
     QLabel* const aboutVersion;
-    QWidget* const settingsWindow;       ///< never shown; others ask whether it is visible
+    QWidget* const settingsWindow;       ///< never shown, but its visibility is checked
     ButtonSettingsSaved* const savedOk;  ///< in `settingsWindow`
     QWidget* const progressWindow;       ///< never filled
 
-    /// Lies over the list and the preview of a result; hidden until it is shown.
+    /// Over the list and the preview of a result; starts hidden.
     QWidget* const loadingView;
     Spinner* const loadingIndicator;
 
-    /// Shows the screen with this identifier and gives the keyboard to its first control. An
-    /// unknown identifier changes nothing. For the time of a double click the mouse presses nothing
-    /// on a screen that has just come, so that a double click on Scan does not press Stop, too.
+    /// Shows the screen with this identifier and focuses its first control. Ignores an unknown
+    /// identifier. While the window is shown, mouse presses on the new screen are ignored for the
+    /// duration of a double click, so that a double click on Scan does not also press Stop.
     void selectTabViewItem(const QString& identifier);
-    /// The identifier of the screen that is shown.
+    /// The identifier of the current screen.
     [[nodiscard]] QString selectedTabViewItem() const;
 
-    /// Shows a notice with its lower left corner at `origin`, counted from the lower left of the
-    /// content as the design draws it; in a larger window it keeps its place relative to the
-    /// middle. The keyboard goes to its answer and stays inside until the notice is hidden.
+    /// Shows a notice with its lower left corner at `origin`, counted from the lower left corner of
+    /// the content in the design; in a larger window it keeps its position relative to the middle.
+    /// The notice keeps the focus until it is hidden.
     void showNotice(NoticePanel* notice, QPoint origin);
-    /// The same, with the upper left corner at `origin` of the list area of the locations, counted
+    /// The same, with the upper left corner at `origin` in the list area of the locations, counted
     /// downwards.
     void showNoticeInList(NoticePanel* notice, QPoint origin);
-    /// Covers the whole window with a new ViewTransparent, which swallows every click meant for
-    /// what lies beneath and grows with the window, and shows `panel`, one of the panels of the
-    /// results, above it: with its lower left corner at `origin` as showNotice() counts it. The
-    /// keyboard goes to its first answer and stays inside until the panel is hidden. Until no cover
-    /// is left, bar and screens do nothing, whoever presses them.
+    /// Covers the window with a new ViewTransparent, which takes all mouse events and grows with
+    /// the window, and shows `panel`, one of the panels of the results, above it, with its lower
+    /// left corner at `origin` as in showNotice(). The panel keeps the focus until it is hidden.
+    /// While there is a cover, bar and screens ignore all input.
     void showOver(QWidget* panel, QPoint origin);
-    /// The same with the place of the panel in the design, from the upper left. `across` and `down`
-    /// say what it does with what the window gains.
+    /// The same with the geometry of the panel in the design. `across` and `down` are its behaviour
+    /// when the window grows.
     void showOver(DialogPanel* panel, const QRect& design, Growth across = inMiddle,
                   Growth down = inMiddle);
-    /// Covers the whole window as showOver() does; the panel comes by showInPlaceOf().
+    /// Covers the window as showOver() does; showInPlaceOf() shows the panel.
     void cover();
-    /// Shows `panel` under the cover that is there, in the place of `before`, if that is shown. The
-    /// keyboard returns to where it was before either came.
+    /// Shows `panel` above the present cover and hides `before`, if that is not null and shown.
+    /// When `panel` is hidden, the focus returns to where it was before either was shown.
     void showInPlaceOf(DialogPanel* before, DialogPanel* panel, const QRect& design,
                        Growth across = inMiddle, Growth down = inMiddle);
-    /// Takes away all covers of showOver(), or the one that came first. Panels stay.
+    /// Removes all covers of showOver(), or the oldest one. Panels stay.
     void removeCovers();
     void removeFirstCover();
     /// Shows and hides `loadingView`.
@@ -151,16 +152,17 @@ class MainWindow final : public QWidget {
     /// Shows `windowAboutPanel` in the middle.
     void showAbout();
 
-    /// Shows `moreMenu` under its button and returns at once.
+    /// Shows `moreMenu` below its button. Returns immediately.
     void popUpMoreMenu() const;
-    /// Shows `helpMenu` under its button and returns at once.
+    /// Shows `helpMenu` below its button. Returns immediately.
     void popUpHelpMenu() const;
 
-    /// Asked when a person closes the window: windowShouldClose. Without it the window closes.
+    /// Sets a callback that decides whether the user may close the window: windowShouldClose.
+    /// Without one the window closes.
     void setClosePermission(std::function<bool()> permission);
 
  Q_SIGNALS:
-    /// The window was allowed to close and does: windowWillClose.
+    /// The window is about to close: windowWillClose.
     void windowWillClose();
 
  protected:

@@ -20,12 +20,12 @@ bool isWithin(const QModelIndex& index, const QModelIndex& topLeft,
 }
 
 void tellOf(QAccessibleInterface& box) {
-    QAccessible::State turned;  // which parts of the state are others now
+    QAccessible::State turned;  // the state flags that have changed
     turned.checked = true;
     turned.checkStateMixed = true;
     QAccessibleStateChangeEvent state(&box, turned);
     QAccessible::updateAccessibility(&state);
-    // Qt passes no more than on and off; that a mark is mixed is said in the description.
+    // Qt announces only on and off; the description says that a mark is mixed.
     QAccessibleEvent description(&box, QAccessible::DescriptionChanged);
     QAccessible::updateAccessibility(&description);
 }

@@ -8,26 +8,27 @@
 
 namespace tarvin {
 
-/// Tells assistive technology of the marks of a list's rows. It knows the marks that were painted
-/// last, of the rows in view and of the row of the keyboard, and so which of them became others:
-/// all rows of a large result may change at once, and nobody could follow a word about each.
-/// Belongs to its list, a MarkedList; main thread.
+/// Announces changed marks of a list to assistive technology. It remembers the marks of the rows in
+/// view and of the current row at their last painting, and announces only those that differ: all
+/// rows of a large result may change at once, too many to announce. Owned by its list, a
+/// MarkedList. Main thread only.
 class MarkAnnouncer final {
  public:
-    /// `column` is that of the check boxes.
+    /// `column` is the column of the check boxes.
     MarkAnnouncer(QAbstractItemView& view, int column) : view_(view), column_(column) {}
 
-    /// The list has painted itself.
+    /// Call it when the list has been painted.
     void painted();
 
-    /// Takes the marks of the rows in view for known.
+    /// Remembers the present marks.
     void remember();
 
-    /// The model has said that these cells became others. Tells of the boxes among them that
-    /// turned.
+    /// Call it when the model has changed these cells. Announces the boxes among them whose mark
+    /// differs from the remembered one.
     void announce(const QModelIndex& topLeft, const QModelIndex& bottomRight);
 
-    /// The boxes among these cells that turned since they were remembered; each is given once.
+    /// Returns the boxes among these cells whose mark differs from the remembered one, and
+    /// remembers their marks.
     [[nodiscard]] QModelIndexList takeChanged(const QModelIndex& topLeft,
                                               const QModelIndex& bottomRight);
 
@@ -39,8 +40,8 @@ class MarkAnnouncer final {
     QVector<std::pair<QPersistentModelIndex, Qt::CheckState>> marks_;
 };
 
-/// Tells assistive technology that cells of a list became others, for a list that does not leave
-/// that to Qt. Main thread.
+/// Announces that the data of cells has changed, for a list whose dataChanged() does not call Qt's.
+/// Main thread only.
 void announceData(QAbstractItemView& view, const QModelIndex& topLeft,
                   const QModelIndex& bottomRight);
 

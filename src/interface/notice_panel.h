@@ -11,20 +11,20 @@ class ButtonSettingsSaved;
 class Placement;
 class TextBlock;
 
-/// A message with its answers, drawn as ViewSettingsSaved: a band with the product's name, a text,
-/// and a foot with the buttons at its right. Hidden until it is shown. Main thread.
+/// A message with its answers, painted by ViewSettingsSaved: a header with the product's name, a
+/// text, and buttons at the bottom right. Starts hidden. Main thread only.
 class NoticePanel final : public Panel<ViewSettingsSaved> {
     Q_OBJECT
 
  public:
     static constexpr int designHeight = 140;
 
-    /// `width` in the design. `textName` is the object name of the text.
+    /// `width` in the design; `textName` is the object name of the text.
     NoticePanel(int width, const char* textName, QWidget* parent);
 
     TextBlock* const text;
 
-    /// Adds a button to the left of those before.
+    /// Adds a button to the left of those added before.
     ButtonSettingsSaved* addButton(const char* objectName, const QString& title);
 
     /// The height of the design, or more if the text needs it at this width.
@@ -34,7 +34,7 @@ class NoticePanel final : public Panel<ViewSettingsSaved> {
 
  private:
     int width_;
-    int buttonsFrom_;  ///< where the buttons so far begin
+    int buttonsFrom_;  ///< left edge of the leftmost button
     Placement* placement_;
 };
 

@@ -22,8 +22,8 @@ void OpenPanels::watch(QWidget* panel, PanelKeyboard* keyboard) {
 }
 
 bool OpenPanels::eventFilter(QObject* watched, QEvent* event) {
-    // Told here before the panel itself, which then moves the keyboard. Events from outside are of
-    // the whole window, which comes back as it was.
+    // Received before the panel itself, which then moves the focus. Spontaneous events concern the
+    // whole window, which is restored as it was.
     if (!event->spontaneous() && event->type() == QEvent::Show) {
         setShown(watched, true);
     } else if (!event->spontaneous() && event->type() == QEvent::Hide) {

@@ -8,15 +8,15 @@ namespace tarvin {
 
 class PanelKeyboard;
 
-/// Knows which panels of a window are shown, and keeps the keyboard inside the one that came last:
-/// a click beside it works, but the focus does not follow. Belongs to the window. Main thread.
+/// Tracks which panels of a window are shown and keeps the focus inside the one shown last: a click
+/// outside it works but does not take the focus. Owned by the window. Main thread only.
 class OpenPanels final : public QObject {
     Q_OBJECT
 
  public:
     explicit OpenPanels(QWidget* window);
 
-    /// Watches `panel` from now on.
+    /// Tracks `panel` from now on.
     void watch(QWidget* panel, PanelKeyboard* keyboard);
 
     [[nodiscard]] bool any() const { return !shown_.isEmpty(); }
@@ -26,7 +26,7 @@ class OpenPanels final : public QObject {
  Q_SIGNALS:
     /// any() has changed.
     void anyChanged(bool any);
-    /// A panel has gone, and where the keyboard was before it cannot be now.
+    /// A panel was hidden, and the control that had the focus before cannot take it back.
     void keyboardFree();
 
  private:
@@ -40,7 +40,7 @@ class OpenPanels final : public QObject {
 
     QWidget* window_;
     QVector<Watched> watched_;
-    QVector<Watched> shown_;  ///< in the order in which they came
+    QVector<Watched> shown_;  ///< oldest first
 };
 
 }  // namespace tarvin

@@ -15,7 +15,7 @@ PaneFrame::PaneFrame(QAbstractScrollArea* content, int headerHeight, const QMarg
     content->setParent(this);
     content->setFrameShape(QFrame::NoFrame);
     content->installEventFilter(this);
-    // A row may become current or go without the focus moving.
+    // The current row can change without a change of focus.
     content->viewport()->installEventFilter(this);
 }
 

@@ -8,14 +8,14 @@
 
 namespace tarvin {
 
-/// A white field with a thin line that holds a list or a text. Is hidden and shown with it. Shows
-/// that the keyboard is inside, unless a row of the list shows it. Main thread.
+/// A white field with an outline around a list or a text; shown and hidden with it. Shows the focus
+/// of its content, unless a row of the list shows it. Main thread only.
 class PaneFrame final : public QWidget {
     Q_OBJECT
 
  public:
-    /// `headerHeight` is that of the list's header, whose tint goes on over the whole width.
-    /// `lines` says on which sides a line is drawn, each one logical pixel wide.
+    /// `headerHeight` is the height of the list's header, whose tint continues over the whole
+    /// width. `lines` are the sides with an outline of one logical pixel.
     explicit PaneFrame(QAbstractScrollArea* content, int headerHeight = 0,
                        const QMargins& lines = {1, 1, 1, 1}, QWidget* parent = nullptr);
 

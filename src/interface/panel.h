@@ -7,8 +7,8 @@
 
 namespace tarvin {
 
-/// A view that comes over the screens and keeps the keyboard while it is shown. `Base` is what it
-/// is drawn as. Starts hidden. Main thread.
+/// A view that is shown over the screens and keeps the focus meanwhile. `Base` paints it. Starts
+/// hidden. Main thread only.
 template <class Base>
 class Panel : public Base {
  public:
@@ -17,7 +17,7 @@ class Panel : public Base {
     [[nodiscard]] PanelKeyboard& keyboard() { return keyboard_; }
 
  protected:
-    /// Asked of the panel for each control inside.
+    /// Called for each control inside.
     bool focusNextPrevChild(bool next) override {
         keyboard_.moveOn(next);
         return true;

@@ -11,34 +11,34 @@ class QKeyEvent;
 
 namespace tarvin {
 
-/// What every panel does with the keyboard while it is shown: one control has it at first, Tab goes
-/// round inside, Esc presses the safe answer, and when the panel goes the keyboard returns to where
-/// it was. Belongs to the panel. Main thread.
+/// The keyboard handling of a panel while it is shown: one control has the focus first, Tab cycles
+/// inside, Esc activates the safe answer, and the focus returns to its former control when the
+/// panel is hidden. Owned by the panel. Main thread only.
 class PanelKeyboard final {
  public:
     explicit PanelKeyboard(QWidget* panel) : panel_(panel) {}
 
-    /// `controls` in reading order; `first` and `safe` are among them.
+    /// `controls` in reading order, `first` and `safe` among them.
     void setAnswers(const QVector<QWidget*>& controls, QWidget* first, QAbstractButton* safe);
 
-    /// What is done when the panel goes and the keyboard cannot return to where it was.
+    /// Called when the panel is hidden and the focus cannot return.
     void setFallback(std::function<void()> fallback) { fallback_ = std::move(fallback); }
 
-    /// The panel has come or gone.
+    /// Call it when the panel was shown or hidden.
     void take();
     void giveBack();
 
-    /// `next` has come in the place of this panel, which goes now: where the keyboard was before,
-    /// it returns to when that one goes.
+    /// Call it when `next` replaces this panel: hiding `next` will return the focus to where it was
+    /// before this panel was shown.
     void handOver(PanelKeyboard& next);
 
-    /// Moves on to the next or the previous control inside.
+    /// Focuses the next or the previous control inside.
     void moveOn(bool next);
 
-    /// Whether the key was meant for the panel and has had its effect.
+    /// Handles a key. Returns whether it was one of the panel's.
     bool press(const QKeyEvent& event);
 
-    /// Gives the keyboard to the control that has it first.
+    /// Focuses the first control.
     void begin();
 
  private:

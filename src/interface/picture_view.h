@@ -5,19 +5,19 @@
 
 namespace tarvin {
 
-/// Shows one of the program's drawings, sharp at every pixel density. Empty without a
-/// drawing of that name. Main thread.
+/// Shows one of the program's images, sharp at every device pixel ratio; nothing if there is no
+/// image of that name. Main thread only.
 class PictureView final : public QWidget {
     Q_OBJECT
 
  public:
     explicit PictureView(QWidget* parent = nullptr);
 
-    /// `name` as picture() takes it; the empty string shows nothing.
+    /// `name` as for picture(); an empty one shows nothing.
     void setPictureName(const QString& name);
     [[nodiscard]] const QString& pictureName() const { return pictureName_; }
 
-    /// Whether white lies behind the drawing; first it does not.
+    /// Whether the background is white; false by default.
     void setBacked(bool backed);
 
  protected:

@@ -15,14 +15,14 @@ int shareOf(int gain, double share) {
     return static_cast<int>(std::lround(gain * share));
 }
 
-/// Both ends are rounded from the design, so that neighbours with matching shares never part.
+/// Rounds both ends from the design, so that neighbours with matching shares stay adjacent.
 void grow(int& from, int& length, int gain, Growth growth) {
     const int end = from + length + shareOf(gain, growth.moved + growth.stretched);
     from += shareOf(gain, growth.moved);
     length = end - from;
 }
 
-/// Our own buttons do with less air beside their titles than they like, rather than push others.
+/// Our buttons give up some of the padding of their size hint before they push others.
 int widthNeeded(const QWidget* control) {
     constexpr int sparePadding = 10;
     const bool canSparePadding = qobject_cast<const HoverButton*>(control) != nullptr;
@@ -130,7 +130,7 @@ QRect Placement::grown(const Place& place) const {
 }
 
 void Placement::makeRoom(const Row& row) {
-    int shift = 0;  // how far the wider ones have pushed so far
+    int shift = 0;  // by the wider ones so far
     for (const int index : row.items) {
         Placed& item = placed_[index];
         const int wider = std::max(widthNeeded(item.control) - item.now.width(), 0);

@@ -10,59 +10,58 @@ class QWidget;
 
 namespace tarvin {
 
-/// What one axis of a control does with the length that its parent has gained over its design.
+/// How one axis of a control uses the length that its parent has gained over the design.
 struct Growth {
-    double moved = 0;      ///< share of the gain by which the beginning moves away
-    double stretched = 0;  ///< share of the gain that the control takes for itself
+    double moved = 0;      ///< share of the gain by which its start moves
+    double stretched = 0;  ///< share of the gain by which it grows
 };
 
-inline constexpr Growth atStart{0, 0};          ///< keeps its distance to the left or the top
-inline constexpr Growth atEnd{1, 0};            ///< keeps its distance to the right or the bottom
-inline constexpr Growth inMiddle{0.5, 0};       ///< keeps its place relative to the middle
+inline constexpr Growth atStart{0, 0};          ///< keeps its distance to the left or top
+inline constexpr Growth atEnd{1, 0};            ///< keeps its distance to the right or bottom
+inline constexpr Growth inMiddle{0.5, 0};       ///< keeps its position relative to the middle
 inline constexpr Growth stretching{0, 1};       ///< keeps both distances
-inline constexpr Growth halfOfGain{0.25, 0.5};  ///< takes half of it, about the middle
+inline constexpr Growth halfOfGain{0.25, 0.5};  ///< takes half of the gain, centred
 
-/// What is done for a text that needs more height than it was drawn with: a translation, or a font
-/// wider than the one of the design.
+/// What to do when a text needs more height than in the design: a translation, or a wider font.
 enum class Fit {
     drawn,         ///< nothing
     taller,        ///< the control grows downwards
-    tallerAround,  ///< the control grows about its middle
+    tallerAround,  ///< the control grows around its middle
 };
 
-/// Where a control stands in the design, and what becomes of it when its parent grows.
+/// The geometry of a control in the design, and its behaviour when the parent grows.
 struct Place {
     QRect design;  ///< in a parent of the design's size
     Growth across = atStart;
     Growth down = atStart;
     Fit fit = Fit::drawn;
-    /// The horizontal gain is counted in the column instead of in the whole parent.
+    /// The horizontal gain is that of the column, not of the whole parent.
     bool inColumn = false;
 };
 
-/// The middle part of a parent, which grows with it up to a width and then stays centred.
+/// The middle part of a parent, which grows with it up to a maximum width and then stays centred.
 struct Column {
     int width = 0;     ///< in the design, centred
     int maxWidth = 0;  ///< it grows up to this
 };
 
-/// Gives each control of one parent its place, at once and whenever the parent's size, a text or
-/// the font changes. Belongs to the parent. A parent smaller than the design is treated as if it
-/// had the design's size. Lengths are logical pixels. Main thread.
+/// Sets the geometry of each control of one parent, at once and whenever the parent's size, a text
+/// or the font changes. Owned by the parent. A parent smaller than the design is treated as having
+/// the design's size. Lengths are logical pixels. Main thread only.
 class Placement final : public QObject {
  public:
     Placement(QWidget* parent, QSize design, Column column = {});
 
-    /// Makes `control` a child of the parent. A control that was placed before gets a new place.
+    /// Makes `control` a child of the parent. Further calls replace its geometry.
     void place(QWidget* control, const Place& place);
 
-    /// Controls placed before that stand side by side, from left to right. One whose text needs
-    /// more width than was drawn pushes its neighbours: those to its right if the row keeps to the
-    /// left, else those to its left, and the row takes what it needs from `filler`, which stands at
-    /// the row's free end.
+    /// Declares controls that were placed before to be a row, from left to right. A text that needs
+    /// more width than in the design pushes its neighbours: those to its right if the row keeps to
+    /// the left, otherwise those to its left. The row takes that width from `filler`, at its free
+    /// end.
     void row(std::initializer_list<QWidget*> controls, QWidget* filler = nullptr);
 
-    /// Places all controls anew.
+    /// Sets all geometries again.
     void apply();
 
     bool eventFilter(QObject* watched, QEvent* event) override;

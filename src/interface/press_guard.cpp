@@ -10,7 +10,7 @@ namespace tarvin {
 
 void PressGuard::begin() {
     rest_.setRemainingTime(QApplication::doubleClickInterval());
-    // Asked about each event of the program, but no longer than up to the next press.
+    // Sees every event of the program, but only until the next press.
     qApp->installEventFilter(this);
 }
 
@@ -21,7 +21,7 @@ bool PressGuard::isInside(const QWidget* widget) const {
            });
 }
 
-/// The window has the event before its widgets have, and gives the keyboard to what is pressed.
+/// The window receives the event before its widgets and moves the focus.
 const QWidget* PressGuard::target(QObject* watched, const QEvent& event) const {
     if (watched->isWidgetType()) {
         return static_cast<const QWidget*>(watched);

@@ -7,22 +7,22 @@
 
 namespace tarvin {
 
-/// Keeps the mouse from what has just come under it: for as long as two clicks can be one double
-/// click (QApplication::doubleClickInterval()), presses inside the areas do nothing. A person who
-/// clicks twice meant what was there before. Panels that lie over the areas are free. Belongs to
-/// the window; main thread.
+/// Ignores mouse presses inside some areas for the duration of a double click
+/// (QApplication::doubleClickInterval()) after their content has changed: the second click was
+/// meant for the former content. Panels above the areas are not affected. Owned by the window. Main
+/// thread only.
 class PressGuard final : public QObject {
     Q_OBJECT
 
  public:
     explicit PressGuard(QWidget* window) : QObject(window), window_(window) {}
 
-    /// Children of the window, which live as long as the guard.
+    /// Children of the window, which must outlive the guard.
     void setAreas(const QVector<const QWidget*>& areas) { areas_ = areas; }
 
-    /// Something else is shown from now on.
+    /// Call it when the content changes.
     void begin();
-    /// Whether a press would do nothing now.
+    /// Whether presses are ignored now.
     [[nodiscard]] bool isActive() const { return !rest_.hasExpired(); }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -35,7 +35,7 @@ class PressGuard final : public QObject {
     QWidget* window_;
     QVector<const QWidget*> areas_;
     QDeadlineTimer rest_{0};
-    bool holdsRelease_ = false;  // that of a press that was held back
+    bool holdsRelease_ = false;  // the release of an ignored press
 };
 
 }  // namespace tarvin

@@ -7,13 +7,13 @@ namespace tarvin {
 class ImageView;
 class PaneFrame;
 
-/// The column of the results that shows one file: its picture, 4 to 3, and below it its
-/// properties, which keep at least the height of the design. Main thread.
+/// The column of the results that shows one file: its image, 4:3, and its properties below, at
+/// least as high as in the design. Main thread only.
 class PreviewColumn final : public QWidget {
     Q_OBJECT
 
  public:
-    /// Takes both as children.
+    /// Makes both its children.
     PreviewColumn(ImageView* picture, PaneFrame* properties, QWidget* parent = nullptr);
 
  protected:

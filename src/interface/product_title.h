@@ -4,7 +4,7 @@
 
 namespace tarvin {
 
-/// The name of the product as a title, the same in every language.
+/// The name of the product, the same in every language.
 [[nodiscard]] inline QString productTitle() {
     return QStringLiteral("Tarvin Duplicate File Remover");
 }

@@ -13,7 +13,7 @@ class ProgressBar;
 class ScanAnimation;
 class ViewButtonGrayBar;
 
-/// Screen "5": how far a scan is. Main thread.
+/// Screen "5": the progress of a scan. Main thread only.
 class ProgressScreen final : public Screen {
     Q_OBJECT
 
@@ -21,12 +21,12 @@ class ProgressScreen final : public Screen {
     explicit ProgressScreen(ViewTopBar* bar);
 
     ElidedLabel* const progressTypeText;  ///< in the bar
-    /// Has one page, which holds the block of animation, status, bar and file.
+    /// Has one page with animation, status, bar and current file.
     QStackedWidget* const exactSimilarTabView;
     ScanAnimation* const animationImage;
     QLabel* const searchStatus;
     ProgressBar* const similarIndicator;
-    /// The file that is worked on, elided in its middle.
+    /// The current file, elided in the middle.
     ElidedLabel* const similarProcessing;
     QLabel* const textelapse;
     HoverButton* const pauseResume;

@@ -30,7 +30,7 @@ void PropertyText::setText(const QString& text) {
     QTextCursor all(document());
     all.select(QTextCursor::Document);
     all.mergeBlockFormat(format);
-    // The air of a line lies above its letters, so the first one begins higher.
+    // The spacing of a line lies above its letters, so the first line starts higher.
     constexpr int padding = 10;
     constexpr int paddingAbove = 7;
     QTextFrame* page = document()->rootFrame();

@@ -4,16 +4,16 @@
 
 namespace tarvin {
 
-/// Some lines of plain text in columns made of blanks: a font with the metrics of Helvetica, 12
-/// pixels on lines 19 apart, in a white field with a thin line. A person can read, select and copy
-/// it, not change it. Lines too long for the field are broken. Main thread.
+/// Lines of plain text in columns aligned with spaces: a font with the metrics of Helvetica, 12
+/// pixels, line height 19, in a white field with an outline. The user can select and copy the text.
+/// Long lines are wrapped. Main thread only.
 class PropertyText final : public QTextEdit {
     Q_OBJECT
 
  public:
     explicit PropertyText(QWidget* parent = nullptr);
 
-    /// The text letter for letter; markup is shown as it is.
+    /// The text as it is; markup is not interpreted.
     void setText(const QString& text);
     [[nodiscard]] const QString& text() const { return text_; }
 

@@ -7,14 +7,14 @@ namespace tarvin {
 class HoverButton;
 class ListTable;
 
-/// `putBackWindow`: the files of the last clean-up, where each goes back to and what stands in its
-/// way. Takes half of what the window gains. Its owner sets the texts, gives the list its model and
-/// connects the buttons. Main thread.
+/// `putBackWindow`: the files of the last clean-up, where each will be restored and what prevents
+/// it. Takes half of what the window gains. Its owner sets the texts and the model of the list and
+/// connects the buttons. Main thread only.
 class PutBackPanel final : public DialogPanel {
     Q_OBJECT
 
  public:
-    /// Where it stands in the content of the design.
+    /// Its geometry in the design.
     static constexpr QRect designPlace{148, 97, 720, 400};
 
     explicit PutBackPanel(QWidget* parent);
@@ -27,8 +27,8 @@ class PutBackPanel final : public DialogPanel {
     HoverButton* const putBackCancel;
     HoverButton* const putBackOk;
 
-    /// Whether there is something to put back: "Put Back" is enabled then, and has the keyboard
-    /// when the panel comes; else "Cancel" has it.
+    /// Whether there is a file to put back: then "Put Back" is enabled and focused first, otherwise
+    /// "Cancel" is.
     void setPossible(bool possible);
 
  private:

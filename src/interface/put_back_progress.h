@@ -8,18 +8,18 @@ class HoverButton;
 class ProgressBar;
 class TextBlock;
 
-/// `putBackProgress`: how many files are back. Escape presses Stop. Main thread.
+/// `putBackProgress`: how many files have been put back. Esc activates Stop. Main thread only.
 class PutBackProgress final : public DialogPanel {
     Q_OBJECT
 
  public:
-    /// Where it stands in the content of the design.
+    /// Its geometry in the design.
     static constexpr QRect designPlace{205, 114, 606, 303};
 
     explicit PutBackProgress(QWidget* parent);
 
     ProgressBar* const putBackIndicator;
-    TextBlock* const putBackProcessing;  ///< how many of how many
+    TextBlock* const putBackProcessing;  ///< the number done and the total
     HoverButton* const stopPutBackBtn;
 };
 

@@ -9,13 +9,13 @@ class HoverButton;
 class ListTable;
 class TextBlock;
 
-/// `putBackReport`: what came back, and a list of what did not and why. Keeps its size. Its owner
-/// sets the texts and gives the list its model. Main thread.
+/// `putBackReport`: the files put back, and a list of the others with reasons. Fixed size. Its
+/// owner sets the texts and the model of the list. Main thread only.
 class PutBackReport final : public DialogPanel {
     Q_OBJECT
 
  public:
-    /// Where it stands in the content of the design.
+    /// Its geometry in the design.
     static constexpr QRect designPlace{173, 97, 670, 366};
 
     explicit PutBackReport(QWidget* parent);

@@ -30,8 +30,8 @@ namespace tarvin {
 namespace {
 
 constexpr QColor dividerColor{141, 151, 157};
-constexpr int treeEdge = 3;  ///< of the teal ground above the tree
-// The shares of what the window gains.
+constexpr int treeEdge = 3;  ///< of the teal background above the tree
+// Shares of what the window gains.
 constexpr double treeShare = 0.18;
 constexpr double previewShare = 0.30;
 
@@ -58,7 +58,7 @@ QWidget* makeLine(const QColor& color) {
     return separator;
 }
 
-/// Adds one action for each title; its data is its place among them.
+/// Adds an action for each title; its data is the index.
 void addTagged(QMenu& menu, const QStringList& titles) {
     for (int tag = 0; tag < titles.size(); ++tag) {
         menu.addAction(titles[tag])->setData(tag);
@@ -131,7 +131,7 @@ ResultScreen::ResultScreen(ViewTopBar* bar)
     keepKeyboardFromTraps();
 }
 
-/// Delete and Remove Exceptions stand next to buttons that disable themselves.
+/// Delete and Remove Exceptions are next to buttons that disable themselves.
 void ResultScreen::keepKeyboardFromTraps() const {
     for (HoverButton* button :
          {static_cast<HoverButton*>(allButton), static_cast<HoverButton*>(imageButton),
@@ -255,7 +255,7 @@ void ResultScreen::placeActionBar(Placement& placement) {
     place(divider, {227, 440, 1, 32}, atStart);
     place(addEceptionBtn, {239, 440, 146, 32}, atStart);
     place(removeExceptionBtn, {393, 440, 158, 32}, atStart);
-    // Gives way to longer titles of the buttons.
+    // Shrinks for longer button titles.
     auto* totals = named(new QWidget, "resultTotals");
     auto* inTotals = new Placement(totals, {0, 38});
     inTotals->place(selectedCount, {{0, 0, 0, 19}, stretching});

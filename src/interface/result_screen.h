@@ -23,8 +23,8 @@ class ViewBackgroundTree;
 class ViewButtonBar;
 class ViewButtonGrayBar;
 
-/// Screen "4": what a scan has found. The rows come from models that are given to `OView2` and
-/// `resultTable`. Main thread.
+/// Screen "4": the result of a scan. `OView2` and `resultTable` are given their models. Main thread
+/// only.
 class ResultScreen final : public Screen {
     Q_OBJECT
 
@@ -40,8 +40,8 @@ class ResultScreen final : public Screen {
     TabButton* const documentButton;
     TabButton* const otherButton;
 
-    /// Size, Name, Created Date, Modified Date, Dimension: tags 1 to 5. Opens `sortByMenu` as its
-    /// context menu.
+    /// Size, Name, Created Date, Modified Date, Dimension: tags 1 to 5. Its context menu is
+    /// `sortByMenu`.
     PopUpButton* const sortPopupBtn;
     ToggleButton* const sortBtn;        ///< on at first; opens `sortingOrderMenu`
     ToggleButton* const asscendingBtn;  ///< on at first; opens `sortingOrderMenu`

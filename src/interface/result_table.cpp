@@ -17,11 +17,11 @@ namespace {
 
 constexpr int designWidth = 531;
 constexpr int nameWidth = 165;
-constexpr double nameShare = 0.308;  ///< of what the list gains
+constexpr double nameShare = 0.308;  ///< share of what the list gains
 constexpr int groupWidth = 52;
 constexpr int boxWidth = 58;
 
-/// With some padding on both sides.
+/// The width of a title with its padding.
 int widthOfTitle(const QTableView& table, int column) {
     constexpr int padding = 4;
     const QString title = table.model()->headerData(column, Qt::Horizontal).toString();
@@ -80,7 +80,7 @@ int ResultTable::selectedRow() const {
     return rows.isEmpty() ? -1 : rows.front().row();
 }
 
-/// No modifier takes the selection away again.
+/// Modifier keys do not clear the selection.
 QItemSelectionModel::SelectionFlags ResultTable::selectionCommand(const QModelIndex& index,
                                                                   const QEvent* event) const {
     const QItemSelectionModel::SelectionFlags command = QTableView::selectionCommand(index, event);
@@ -169,7 +169,7 @@ void ResultTable::keyPressEvent(QKeyEvent* event) {
     selectRowOfKeyboard(*event);
 }
 
-/// A key that would move, but is at the end already, selects the row where it is.
+/// Selects the current row if a navigation key could not move because it is at an end.
 void ResultTable::selectRowOfKeyboard(const QKeyEvent& event) {
     switch (event.key()) {
         case Qt::Key_Up:

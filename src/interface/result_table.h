@@ -4,15 +4,16 @@
 
 namespace tarvin {
 
-/// The files of the set that is selected, `resultTable`. Of its model it reads the titles,
-/// Qt::DisplayRole and, in column `ButtonCell`, Qt::CheckStateRole; assistive technology reads
-/// Qt::AccessibleTextRole. It never writes to the model. A text that is too long is shortened; the
-/// tool tip then shows Qt::ToolTipRole, or the whole text without one. Main thread.
+/// The files of the selected set, `resultTable`. Reads from its model the titles, Qt::DisplayRole
+/// and, in column `ButtonCell`, Qt::CheckStateRole; assistive technology reads
+/// Qt::AccessibleTextRole. Never writes to the model. A text that is too long is elided; its tool
+/// tip then shows Qt::ToolTipRole, or the whole text without one. Main thread only.
 ///
-/// Made for 500,000 rows: one height for all, no widget for a row, and only those in view painted.
+/// Designed for 500,000 rows: one height for all, no widgets in rows, and only the rows in view are
+/// painted.
 ///
-/// One row is selected, by a click beside its check box or by the keys that move; nothing that a
-/// person does selects none.
+/// The user selects one row, by a click beside its check box or by the navigation keys, and cannot
+/// clear the selection.
 class ResultTable final : public BoxTable {
     Q_OBJECT
 
@@ -20,7 +21,7 @@ class ResultTable final : public BoxTable {
     /// The columns of the model.
     enum Column {
         nameText,      ///< the last part of the path
-        fileLocation,  ///< the path without it
+        fileLocation,  ///< the path without the last part
         fileGroup,     ///< the number of the set within its extension
         ButtonCell     ///< the check box NOLINT(readability-identifier-naming)
     };
@@ -30,23 +31,23 @@ class ResultTable final : public BoxTable {
 
     explicit ResultTable(QWidget* parent = nullptr);
 
-    /// The title over a column, for a model to answer headerData() with.
+    /// The title of a column, for the headerData() of a model.
     [[nodiscard]] static QString title(Column column);
 
     void setModel(QAbstractItemModel* model) override;
 
     void turnBox(const QModelIndex& box) override;
 
-    /// Selects a row as a click on it would, also while a person cannot, makes it current and
-    /// brings it into view. A row that is not there changes nothing.
+    /// Selects a row like a click, even while the user cannot, makes it current and scrolls to it.
+    /// Ignores a row that does not exist.
     void selectFile(int row);
-    /// The selected row; -1 without one.
+    /// The selected row, or -1.
     [[nodiscard]] int selectedRow() const;
 
-    /// Letters find a name, unless there are so many rows that a person would wait.
+    /// Finds a name by its first letters, unless there are too many rows to search without a stall.
     void keyboardSearch(const QString& search) override;
 
-    /// Repaints the rows concerned that are in view.
+    /// Repaints the changed rows that are in view.
     void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                      const QVector<int>& roles = {}) override;
 

@@ -48,8 +48,8 @@ ResultTreeView::ResultTreeView(QWidget* parent) : BoxList(check, parent) {
     auto* listHeader = new ListHeader(heightOfHeader, titleIndent, this);
     listHeader->setOnlyTitle(name);
     setHeader(listHeader);
-    // Rows are painted as wide as the view, whatever the columns. Left alone, each would take 100
-    // pixels, which is more than the tree has.
+    // Rows are painted across the view, independent of the columns. By default each column would
+    // take 100 pixels, more than the tree has.
     listHeader->setSectionResizeMode(QHeaderView::Stretch);
     listHeader->coverScrollBarOf(this);
     setItemDelegate(new RowHeight(this));
@@ -71,7 +71,7 @@ void ResultTreeView::expandAll() {
     if (model() == nullptr) {
         return;
     }
-    // Laid out once for all extensions, not once for each.
+    // One layout for all extensions, instead of one for each.
     scheduleDelayedItemsLayout();
     const int extensions = model()->rowCount();
     for (int row = 0; row < extensions; ++row) {
@@ -118,7 +118,7 @@ QModelIndex ResultTreeView::indexAt(const QPoint& point) const {
     return found.siblingAtColumn(parts.boxReach().contains(point) ? check : name);
 }
 
-/// Asks for rows, as Qt keeps their number to itself; it finds each at once.
+/// A binary search over indexInRow(): Qt does not give the number of visible rows.
 int ResultTreeView::shownRows() const {
     int end = 1;
     while (indexInRow(end - 1, check).isValid()) {
@@ -186,8 +186,8 @@ void ResultTreeView::dataChanged(const QModelIndex& topLeft, const QModelIndex& 
     marks().announce(topLeft, bottomRight);
 }
 
-/// Looks for it among the rows in view: asking where a row lies walks through the whole tree if it
-/// is far from them or in an extension that is collapsed.
+/// Searches only the rows in view: visualRect() of a far or collapsed row walks through the whole
+/// tree.
 void ResultTreeView::updateRow(const QModelIndex& index) {
     if (isAllDue_) {
         return;
@@ -293,7 +293,7 @@ void ResultTreeView::mouseDoubleClickEvent(QMouseEvent* event) {
         setExpanded(first, !isExpanded(first));
         return;
     }
-    // The second click on the same set has nothing left to do; on another it is a first one.
+    // A second click on the same set does nothing; on another set it counts as a first one.
     if (first != currentIndex().siblingAtColumn(check)) {
         mousePressEvent(event);
     }

@@ -6,18 +6,16 @@
 
 namespace tarvin {
 
-/// The tree of extensions and their sets, `OView2`. An index with a valid parent is a set, one
-/// without is an extension. Of its model it reads: in column `name` the title, Qt::DisplayRole and,
-/// for a name that had to be shortened, Qt::ToolTipRole; in column `check` Qt::CheckStateRole with
-/// all three states; assistive technology reads Qt::AccessibleTextRole. It never writes to the
-/// model. Main thread.
+/// The tree of extensions and their sets, `OView2`. An index with a valid parent is a set, others
+/// are extensions. Reads from its model: in column `name` the title, Qt::DisplayRole and, for a
+/// shortened name, Qt::ToolTipRole; in column `check` Qt::CheckStateRole with all three states;
+/// assistive technology reads Qt::AccessibleTextRole. Never writes to the model. Main thread only.
 ///
-/// Made for 200,000 sets, all expanded: rows of one height, no widget and no size asked for a row,
-/// and only the rows in view painted. A model that says Qt::ItemNeverHasChildren of its sets spares
-/// a question for each.
+/// Designed for 200,000 sets, all expanded: rows of one height, no widgets or size hints for rows,
+/// and only the rows in view are painted. Qt::ItemNeverHasChildren on sets saves a call for each.
 ///
-/// Only a click on a set's name selects; the arrow keys move nothing but the current index, which
-/// the focus ring shows.
+/// Only a click on a set's name selects it. The arrow keys move the current index, which the focus
+/// ring shows.
 class ResultTreeView final : public BoxList<QTreeView> {
     Q_OBJECT
 
@@ -33,24 +31,25 @@ class ResultTreeView final : public BoxList<QTreeView> {
 
     explicit ResultTreeView(QWidget* parent = nullptr);
 
-    /// The title over the tree, for a model to answer headerData() of column `name` with.
+    /// The title of the tree, for the headerData() of column `name` of a model.
     [[nodiscard]] static QString title();
 
-    /// Expands each extension. Costs one entry for each, where QTreeView would keep one for each
-    /// set too.
+    /// Expands all extensions. Stores one entry for each extension; QTreeView::expandAll() would
+    /// also store one for each set.
     void expandAll();
 
-    /// Selects a set as a click on it would, but without selectionShouldChange(), makes it current
-    /// and brings it into view. An index that is no set selects nothing.
+    /// Selects a set like a click, but without selectionShouldChange(), makes it current and
+    /// scrolls to it. Ignores an index that is not a set.
     void selectSet(const QModelIndex& set);
-    /// The selected set in the first column; invalid without one.
+    /// The selected set, in the first column; invalid if there is none.
     [[nodiscard]] QModelIndex selectedSet() const;
 
     [[nodiscard]] static bool isSet(const QModelIndex& index) { return index.parent().isValid(); }
 
-    /// Where the box, its reach included, or the name of a row is painted.
+    /// The geometry of the box with its reach, or of the name.
     [[nodiscard]] QRect visualRect(const QModelIndex& index) const override;
-    /// Column `check` in the reach of a check box, else column `name`.
+    /// The index in column `check` if the point is in the reach of a check box, otherwise in column
+    /// `name`.
     [[nodiscard]] QModelIndex indexAt(const QPoint& point) const override;
 
     [[nodiscard]] int shownRows() const override;
@@ -58,20 +57,21 @@ class ResultTreeView final : public BoxList<QTreeView> {
     [[nodiscard]] int rowOf(const QModelIndex& index) const override;
     void turnBox(const QModelIndex& box) override;
 
-    /// All sets cannot be selected at once.
+    /// Several sets cannot be selected.
     void selectAll() override {}
-    /// A letter makes the next extension current that begins with it; sets are all called alike.
+    /// Makes the next extension current that begins with the typed letters. Sets are not searched:
+    /// their names are alike.
     void keyboardSearch(const QString& search) override;
 
-    /// Repaints the rows concerned that are in view. Costs nothing that grows with the tree, as a
-    /// model that tells of each extension's sets calls it for every extension.
+    /// Repaints the changed rows that are in view. The cost does not depend on the size of the
+    /// tree, as a model calls it for each extension.
     void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                      const QVector<int>& roles = {}) override;
 
  Q_SIGNALS:
     /// A check box was clicked, or Space was pressed on its row. The index is in column `check`.
     void checkBoxClicked(const QModelIndex& index);
-    /// The mouse is about to select this set, also if it is the selected one.
+    /// The mouse is about to select this set, which may already be selected.
     void selectionShouldChange(const QModelIndex& set);
 
  protected:
@@ -100,7 +100,7 @@ class ResultTreeView final : public BoxList<QTreeView> {
     /// is.
     bool pressBranch(const QMouseEvent& event);
 
-    bool isAllDue_ = false;  // all rows in view will be painted
+    bool isAllDue_ = false;  // all rows in view will be repainted
 };
 
 }  // namespace tarvin

@@ -14,8 +14,8 @@ namespace tarvin {
 
 class ViewTopBar;
 
-/// One page of the main window's tab view, with what it shows in the bar above. Owned by the
-/// window. Main thread.
+/// One page of the main window's tab view, with its controls in the bar above. Owned by the window.
+/// Main thread only.
 class Screen : public QWidget {
     Q_OBJECT
 
@@ -24,31 +24,31 @@ class Screen : public QWidget {
     static constexpr QSize designSize{1016, 486};
     static constexpr int barHeight = 45;
 
-    /// `identifier` is the name by which the tab view selects the screen.
+    /// The tab view selects the screen by `identifier`.
     Screen(QString identifier, ViewTopBar* bar);
 
     [[nodiscard]] const QString& identifier() const { return identifier_; }
 
-    /// Shows or hides what this screen has in the bar.
+    /// Shows or hides the controls of this screen in the bar.
     void setBarShown(bool shown);
 
-    /// The controls that take the keyboard, in reading order.
+    /// The focusable controls in reading order.
     [[nodiscard]] const QVector<QWidget*>& readingOrder() const { return readingOrder_; }
 
-    /// Gives the keyboard to the control where a person begins. Does nothing if it is disabled.
+    /// Focuses the first control, unless it is disabled.
     void beginWithKeyboard();
 
-    /// Switches the shortcuts of addShortcut() off and on again.
+    /// Enables or disables the shortcuts of addShortcut().
     void setShortcutsEnabled(bool enabled) { shortcuts_.setEnabled(enabled); }
 
  protected:
     [[nodiscard]] ViewTopBar* bar() const { return bar_; }
-    /// `control` stands in the bar while the screen is shown.
+    /// Shows `control` in the bar while the screen is shown.
     void showInBar(QWidget* control);
     void setReadingOrder(const QVector<QWidget*>& controls) { readingOrder_ = controls; }
     void setFirstControl(QWidget* control) { firstControl_ = control; }
-    /// `keys` press `button` while this screen is shown; nothing happens if it is disabled. The
-    /// action is named after the button, with "Shortcut" at the end.
+    /// Lets `keys` click `button` while this screen is shown and the button is enabled. The object
+    /// name of the action is the button's with "Shortcut" appended.
     QAction* addShortcut(const QList<QKeySequence>& keys, QAbstractButton* button);
 
  private:

@@ -12,7 +12,7 @@ namespace tarvin {
 
 namespace {
 
-// In the bar, which keeps its height; the More button begins right of the title.
+// The bar has a fixed height; the More button begins to the right of the title.
 constexpr QRect titlePlace{51, 12, 832, 21};
 constexpr QRect homePlace{0, 0, 45, 45};
 

@@ -8,11 +8,11 @@ class ButtonHoverSimple;
 class ElidedLabel;
 class ViewTopBar;
 
-/// The title of a screen, at its place in the bar; shortened at its end if it is too long.
+/// The title of a screen, at its position in the bar, elided at the end.
 ElidedLabel* makeScreenTitle(const char* name, const QString& title, ViewTopBar* bar);
 
-/// A home button at its place in the bar, with its accessible name; its images are given to it by
-/// whoever owns the window.
+/// A home button at its position in the bar, with its accessible name. The owner of the window sets
+/// its images.
 ButtonHoverSimple* makeHomeButton(const char* name, ViewTopBar* bar);
 
 }  // namespace tarvin

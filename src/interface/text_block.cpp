@@ -8,8 +8,8 @@ namespace tarvin {
 
 namespace {
 
-/// Breaks the text at `width` and puts each line in the middle of its share of the pitch. Returns
-/// the height of all lines together.
+/// Wraps the text at `width` and centres each line in its line height. Returns the height of all
+/// lines.
 int layOut(QTextLayout& layout, int width, int linePitch, Qt::Alignment alignment) {
     QTextOption option(alignment & Qt::AlignHorizontal_Mask);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -25,7 +25,7 @@ int layOut(QTextLayout& layout, int width, int linePitch, Qt::Alignment alignmen
     return height;
 }
 
-/// A line break in a label's text begins a new line.
+/// Line breaks of the text become line separators.
 QString brokenText(const QString& text) {
     QString broken = text;
     return broken.replace(QLatin1Char('\n'), QChar::LineSeparator);

@@ -4,8 +4,8 @@
 
 namespace tarvin {
 
-/// A label that breaks its text into lines of a fixed pitch, as the design gives it: "14/22" is a
-/// font of 14 pixels on lines 22 pixels apart. Plain text only. Main thread.
+/// A label with a fixed line height, given like "14/22" in the design: a font of 14 pixels, line
+/// height 22. Plain text only. Main thread only.
 class TextBlock final : public QLabel {
     Q_OBJECT
 
@@ -13,7 +13,7 @@ class TextBlock final : public QLabel {
     TextBlock(const QFont& font, int linePitch, const QColor& color, QWidget* parent = nullptr);
 
     [[nodiscard]] bool hasHeightForWidth() const override { return true; }
-    /// The lines that the text takes at `width`, times the pitch.
+    /// The number of lines at `width`, times the line height.
     [[nodiscard]] int heightForWidth(int width) const override;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return {0, linePitch_}; }

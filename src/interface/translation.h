@@ -6,8 +6,8 @@
 
 namespace tarvin {
 
-/// The texts of the program in the first of the locale's languages that it speaks; none if that is
-/// English, or if it speaks none of them. To be installed before the window is made. Main thread.
+/// Loads the translation for the first supported language of the locale; nullptr if that is English
+/// or if none is supported. Install it before the window is created. Main thread only.
 [[nodiscard]] std::unique_ptr<QTranslator> loadTranslation(const QLocale& locale);
 
 }  // namespace tarvin

@@ -22,10 +22,10 @@ class TreeRow final {
 
     /// The chevron that expands an extension; empty for a set.
     [[nodiscard]] QRect branch() const;
-    /// Where a click means the chevron; empty for a set.
+    /// The reach of the chevron; empty for a set.
     [[nodiscard]] QRect branchReach() const;
     [[nodiscard]] QRect box() const;
-    /// Where a click means the check box.
+    /// The reach of the check box.
     [[nodiscard]] QRect boxReach() const;
     [[nodiscard]] QRect name() const;
     [[nodiscard]] QFont nameFont() const;
