@@ -13,7 +13,7 @@ namespace {
 
 constexpr QRect buttonFieldsPlace(20, 20, 120, 40);
 
-/// Counts how often a widget paints itself; outlived by it.
+/// Counts the paint events of a widget, which must outlive it.
 class Paintings final : public QObject {
  public:
     explicit Paintings(QWidget* widget) { widget->installEventFilter(this); }
@@ -53,7 +53,7 @@ TEST(ButtonFields, HoveringChangesTheLookOfAnAnswer) {
     EXPECT_THAT(bench.at(20, 40), IsRgb(53, 152, 252));
 }
 
-TEST(ButtonFields, HoveringAloneDoesNotFadeAButton) {
+TEST(ButtonFields, SettingHoveringDoesNotFadeAButton) {
     HoverButton button;
     ButtonHoverComplex tile;
     for (PaintedButton* each :

@@ -26,7 +26,7 @@ ButtonHoverComplex& addTile(ControlFixture& bench, const QIcon& picture = {}) {
     return tile;
 }
 
-TEST(ButtonHoverComplex, ItIsFilledFromEdgeToEdge) {
+TEST(ButtonHoverComplex, IsFilledFromEdgeToEdge) {
     ControlFixture bench;
     auto& tile = addTile(bench);
     EXPECT_THAT(bench.at(20, 20), IsRgb(14, 116, 138));
@@ -37,7 +37,7 @@ TEST(ButtonHoverComplex, ItIsFilledFromEdgeToEdge) {
     EXPECT_THAT(bench.at(20, 20), IsRgb(31, 100, 134));
 }
 
-TEST(ButtonHoverComplex, APictureThatIs110WideIsDrawnAsItIs) {
+TEST(ButtonHoverComplex, AnImage110WideIsPaintedUnscaled) {
     ControlFixture bench;
     QIcon icon(plain({220, 220}, Qt::red));
     icon.addPixmap(plain({110, 60}, Qt::green));
@@ -51,7 +51,7 @@ TEST(ButtonHoverComplex, APictureThatIs110WideIsDrawnAsItIs) {
     EXPECT_THAT(bench.at(100, 130), IsRgb(14, 116, 138));
 }
 
-TEST(ButtonHoverComplex, AnyOtherPictureIsResized) {
+TEST(ButtonHoverComplex, OtherImagesAreResized) {
     for (const QSize size : {QSize(64, 32), QSize(300, 200), QSize(109, 110)}) {
         ControlFixture bench;
         addTile(bench, plain(size, Qt::red));
@@ -62,7 +62,7 @@ TEST(ButtonHoverComplex, AnyOtherPictureIsResized) {
     }
 }
 
-TEST(ButtonHoverComplex, ThePictureStandsUpright) {
+TEST(ButtonHoverComplex, TheImageIsUpright) {
     QPixmap pixmap(110, 110);
     pixmap.fill(Qt::red);
     QPainter(&pixmap).fillRect(0, 0, 110, 55, Qt::green);
@@ -100,7 +100,7 @@ TEST(ButtonHoverComplex, ALongTitleIsCutAtTheInset) {
     EXPECT_LT(inkBounds(image, QColor(14, 116, 138)).right() / image.devicePixelRatio(), 180);
 }
 
-TEST(ButtonHoverComplex, UnderThePointerItsAlphaIsEightTenths) {
+TEST(ButtonHoverComplex, WhenHoveredItsAlphaIsEightTenths) {
     ControlFixture bench;
     auto& tile = addTile(bench);
     bench.movePointerTo(tile);
@@ -112,7 +112,7 @@ TEST(ButtonHoverComplex, UnderThePointerItsAlphaIsEightTenths) {
     EXPECT_THAT(bench.at(25, 100), IsRgb(14, 116, 138));
 }
 
-TEST(ButtonHoverComplex, TheMouseHoldsItDownUntilItIsReleased) {
+TEST(ButtonHoverComplex, TheMouseHoldsItDownUntilReleased) {
     ControlFixture bench;
     auto& tile = addTile(bench);
     EXPECT_FALSE(tile.mouseDown());
@@ -130,7 +130,7 @@ TEST(ButtonHoverComplex, HeldDownItIsDarker) {
     EXPECT_THAT(bench.at(25, 100), IsRgb(12, 102, 121));
 }
 
-TEST(ButtonHoverComplex, ResettingAndNewPicturesForgetThePointer) {
+TEST(ButtonHoverComplex, ResettingAndNewImagesClearTheHoverState) {
     ControlFixture bench;
     auto& tile = addTile(bench);
     bench.movePointerTo(tile);

@@ -26,7 +26,7 @@ ButtonHoverSimple& addButton(ControlFixture& bench) {
     return button;
 }
 
-TEST(ButtonHoverSimple, ItStartsWithNothing) {
+TEST(ButtonHoverSimple, StartsWithNothing) {
     const ButtonHoverSimple button;
     EXPECT_EQ(button.buttonID(), 0);
     EXPECT_FALSE(button.hovering());
@@ -35,14 +35,14 @@ TEST(ButtonHoverSimple, ItStartsWithNothing) {
     EXPECT_TRUE(button.image().isNull());
 }
 
-TEST(ButtonHoverSimple, ItShowsTheNormalPicture) {
+TEST(ButtonHoverSimple, ShowsTheNormalImage) {
     ControlFixture bench;
     addButton(bench);
     EXPECT_THAT(bench.at(20, 20), IsRgb(255, 0, 0));
     EXPECT_THAT(bench.at(64.5, 64.5), IsRgb(255, 0, 0));
 }
 
-TEST(ButtonHoverSimple, UnderThePointerItShowsTheHoverPicture) {
+TEST(ButtonHoverSimple, WhenHoveredItShowsTheHoverImage) {
     ControlFixture bench;
     auto& button = addButton(bench);
     bench.movePointerTo(button);
@@ -51,7 +51,7 @@ TEST(ButtonHoverSimple, UnderThePointerItShowsTheHoverPicture) {
     EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
 }
 
-TEST(ButtonHoverSimple, ItKeepsTheHoverPictureUnlessItIsToReset) {
+TEST(ButtonHoverSimple, KeepsTheHoverImageUnlessItIsToReset) {
     ControlFixture bench;
     auto& button = addButton(bench);
     bench.movePointerTo(button);
@@ -60,7 +60,7 @@ TEST(ButtonHoverSimple, ItKeepsTheHoverPictureUnlessItIsToReset) {
     EXPECT_THAT(bench.at(40, 40), IsRgb(0, 255, 0));
 }
 
-TEST(ButtonHoverSimple, ItShowsTheNormalPictureAgainIfItIsToReset) {
+TEST(ButtonHoverSimple, ShowsTheNormalImageAgainIfItIsToReset) {
     ControlFixture bench;
     auto& button = addButton(bench);
     button.setResetImageWhenNotHovering(true);
@@ -69,7 +69,7 @@ TEST(ButtonHoverSimple, ItShowsTheNormalPictureAgainIfItIsToReset) {
     EXPECT_THAT(bench.at(40, 40), IsRgb(255, 0, 0));
 }
 
-TEST(ButtonHoverSimple, WithTheMouseDownTheHoverPictureStays) {
+TEST(ButtonHoverSimple, WithTheMouseDownTheHoverImageStays) {
     ControlFixture bench;
     auto& button = addButton(bench);
     button.setResetImageWhenNotHovering(true);
@@ -79,7 +79,7 @@ TEST(ButtonHoverSimple, WithTheMouseDownTheHoverPictureStays) {
     EXPECT_THAT(bench.at(40, 40), IsRgb(0, 255, 0));
 }
 
-TEST(ButtonHoverSimple, ADisabledOneKeepsItsPicture) {
+TEST(ButtonHoverSimple, ADisabledOneKeepsItsImage) {
     ControlFixture bench;
     auto& button = addButton(bench);
     button.setResetImageWhenNotHovering(true);
@@ -91,7 +91,7 @@ TEST(ButtonHoverSimple, ADisabledOneKeepsItsPicture) {
     EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
 }
 
-TEST(ButtonHoverSimple, OneDisabledUnderThePointerDoesNotReset) {
+TEST(ButtonHoverSimple, OneDisabledWhileHoveredDoesNotReset) {
     ControlFixture bench;
     auto& button = addButton(bench);
     button.setResetImageWhenNotHovering(true);
@@ -101,7 +101,7 @@ TEST(ButtonHoverSimple, OneDisabledUnderThePointerDoesNotReset) {
     EXPECT_THAT(bench.at(40, 40), IsRgb(0, 255, 0));
 }
 
-TEST(ButtonHoverSimple, ResettingForgetsThePointer) {
+TEST(ButtonHoverSimple, ResettingClearsTheHoverState) {
     ControlFixture bench;
     auto& button = addButton(bench);
     bench.movePointerTo(button);
@@ -113,7 +113,7 @@ TEST(ButtonHoverSimple, ResettingForgetsThePointer) {
     EXPECT_THAT(bench.at(40, 40), IsRgb(255, 0, 0));
 }
 
-TEST(ButtonHoverSimple, NewPicturesBeginWithTheNormalOne) {
+TEST(ButtonHoverSimple, NewImagesBeginWithTheNormalOne) {
     ControlFixture bench;
     auto& button = addButton(bench);
     bench.movePointerTo(button);
@@ -122,7 +122,7 @@ TEST(ButtonHoverSimple, NewPicturesBeginWithTheNormalOne) {
     EXPECT_THAT(bench.at(40, 40), IsRgb(0, 255, 255));
 }
 
-TEST(ButtonHoverSimple, ThePointerCountsOnlyInTheActiveWindow) {
+TEST(ButtonHoverSimple, IsHoveredOnlyInTheActiveWindow) {
     ControlFixture bench;
     auto& button = addButton(bench);
     button.setResetImageWhenNotHovering(true);
@@ -150,7 +150,7 @@ TEST(ButtonHoverSimple, AClickPressesItAndLeavesMouseDownToItsOwner) {
     EXPECT_EQ(clicks.count(), 1);
 }
 
-TEST(ButtonHoverSimple, TheHomePicturesAreThere) {
+TEST(ButtonHoverSimple, TheHomeImagesExist) {
     ControlFixture bench(QColor(31, 100, 134));
     auto& button = bench.add<ButtonHoverSimple>(buttonHoverSimplePlace);
     button.setImageNormal(pictureIcon(QStringLiteral("Home Normal.png")),

@@ -12,7 +12,7 @@ namespace {
 
 constexpr QRect buttonSettingsSavedPlace(20, 20, 84, 27);
 
-TEST(ButtonSettingsSaved, ItIsAGrayGradientWithABlueLine) {
+TEST(ButtonSettingsSaved, IsAGrayGradientWithABlueLine) {
     ControlFixture bench;
     bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     EXPECT_THAT(bench.at(20, 30), IsRgb(53, 152, 252));
@@ -22,7 +22,7 @@ TEST(ButtonSettingsSaved, ItIsAGrayGradientWithABlueLine) {
     EXPECT_THAT(bench.at(30, 21), IsRgb(239, 239, 239));
 }
 
-TEST(ButtonSettingsSaved, UnderThePointerItIsBlue) {
+TEST(ButtonSettingsSaved, WhenHoveredItIsBlue) {
     ControlFixture bench;
     auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     bench.movePointerTo(button);
@@ -52,7 +52,7 @@ TEST(ButtonSettingsSaved, TheTitleIsBlackAndCentred) {
     EXPECT_NEAR(left + right, image.width(), 3 * image.devicePixelRatio());
 }
 
-TEST(ButtonSettingsSaved, ThePointerCountsInTheActiveProgram) {
+TEST(ButtonSettingsSaved, IsHoveredOnlyInTheActiveProgram) {
     ControlFixture bench;
     auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
     // Another window of the same program is active.
@@ -84,7 +84,7 @@ TEST(ButtonSettingsSaved, TheHandIsShownWhileNothingCoversTheOverlay) {
     EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
 }
 
-TEST(ButtonSettingsSaved, TheOverlayMayGoFirst) {
+TEST(ButtonSettingsSaved, TheOverlayMayBeDestroyedFirst) {
     ControlFixture bench;
     auto overlay = std::make_unique<ViewTransparent>();
     auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);

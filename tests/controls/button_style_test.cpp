@@ -9,7 +9,7 @@ namespace {
 
 constexpr QRect buttonStylePlace(20, 20, 120, 34);
 
-TEST(ButtonStyle, AStyledButtonHasItsGroundItsCornersAndItsTitle) {
+TEST(ButtonStyle, AStyledButtonHasItsColourCornersAndTitle) {
     HoverButton button(HoverButton::Kind::quiet, QString());
     setButtonAtrribute(button, 6, QColor(21, 138, 162), {QStringLiteral("Review"), Qt::white, 14});
     EXPECT_EQ(button.kind(), HoverButton::Kind::filled);
@@ -23,7 +23,7 @@ TEST(ButtonStyle, AStyledButtonHasItsGroundItsCornersAndItsTitle) {
     EXPECT_FALSE(title.underline);
 }
 
-TEST(ButtonStyle, TheAnswerOfTheInformationWindowIsPaintedSo) {
+TEST(ButtonStyle, PaintsTheAnswerOfTheInformationWindow) {
     ControlFixture bench;
     auto& button = bench.add<HoverButton>(buttonStylePlace);
     setButtonAtrribute(button, 0, QColor(21, 138, 162), {QStringLiteral("Review"), Qt::white, 14});
@@ -64,7 +64,7 @@ TEST(ButtonStyle, AlignmentMovesTheTitle) {
     EXPECT_GT(inkBounds(right, Qt::black).right() / right.devicePixelRatio(), 112);
 }
 
-TEST(ButtonStyle, AColourKeepsItsSpaceAndItsParts) {
+TEST(ButtonStyle, AColourKeepsItsSpaceAndComponents) {
     const QColor color = QColor::fromHsvF(0.3F, 0.4F, 0.5F, 0.6F);
     EXPECT_EQ(NSColorToCGColor(color), color);
     EXPECT_EQ(NSColorToCGColor(color).spec(), QColor::Hsv);

@@ -10,7 +10,7 @@
 namespace tarvin {
 namespace {
 
-/// A check box of `side` on white at three times the density.
+/// A check box of `side` on white at device pixel ratio 3.
 QImage paint(Qt::CheckState state, bool enabled = true, int side = 18) {
     constexpr int density = 3;
     QImage image(QSize(side, side) * density, QImage::Format_RGB32);
@@ -58,7 +58,7 @@ TEST(CheckBox, ThePainterKeepsItsOpacity) {
     EXPECT_DOUBLE_EQ(painter.opacity(), 0.5);
 }
 
-TEST(CheckBox, ItLiesInTheMiddleOfItsCell) {
+TEST(CheckBox, IsCentredInItsCell) {
     EXPECT_EQ(checkBoxIn(QRect(822, 56, 84, 56)), QRect(855, 75, 18, 18));
     EXPECT_EQ(checkBoxIn(QRect(0, 0, 58, 30), 16), QRect(21, 7, 16, 16));
 }

@@ -30,7 +30,7 @@ ControlFixture::ControlFixture(const QColor& background) {
     colors.setColor(QPalette::Window, background);
     window_.setPalette(colors);
     window_.setAutoFillBackground(true);
-    // Both windows fit on the screen of the offscreen platform, 400 x 400 at the double density.
+    // Both windows fit on the screen of the offscreen platform, 400 x 400 at device pixel ratio 2.
     window_.setGeometry(10, 10, 300, 250);
     other_.setGeometry(330, 10, 50, 50);
     window_.show();
@@ -45,7 +45,7 @@ ControlFixture::~ControlFixture() {
 void ControlFixture::movePointer(const QPoint& place) {
     QCursor::setPos(window_.mapToGlobal(place));
     QCoreApplication::processEvents();
-    // At the double density the offscreen platform misplaces the events of the line above.
+    // At device pixel ratio 2 the offscreen platform misplaces the events of the line above.
     QTest::mouseMove(window_.windowHandle(), place);
     QCoreApplication::processEvents();
 }

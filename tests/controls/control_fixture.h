@@ -10,7 +10,7 @@
 
 namespace tarvin {
 
-/// Holds if a QColor is this one, give or take 2 in each part.
+/// Matches a QColor whose channels differ by at most 2.
 MATCHER_P3(IsRgb, red, green, blue, "") {
     *result_listener << arg.red() << ',' << arg.green() << ',' << arg.blue();
     constexpr int slack = 2;
@@ -18,8 +18,7 @@ MATCHER_P3(IsRgb, red, green, blue, "") {
            std::abs(arg.blue() - blue) <= slack;
 }
 
-/// While it is there nobody is told of the pointer's ways, as Qt does while a menu is open and
-/// after it has closed.
+/// Suppresses enter and leave events, as Qt does while a menu is open and after it has closed.
 class UntoldPointer final : public QObject {
  public:
     UntoldPointer();
@@ -27,8 +26,8 @@ class UntoldPointer final : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
-/// An active window of 300 x 250 with a background of one colour (the page colour, 243,246,248, at
-/// first), on which a test lays out controls. The pointer starts outside.
+/// An active window of 300 x 250 on which a test places controls. The background is the page
+/// colour, 243,246,248, by default. The pointer starts outside.
 class ControlFixture final {
  public:
     explicit ControlFixture(const QColor& background = QColor(243, 246, 248));
@@ -36,7 +35,7 @@ class ControlFixture final {
     ControlFixture(const ControlFixture&) = delete;
     ControlFixture& operator=(const ControlFixture&) = delete;
 
-    /// A control of the window, shown at `place`.
+    /// Adds a control to the window and shows it.
     template <typename Control, typename... Arguments>
     Control& add(const QRect& place, Arguments&&... arguments) {
         auto* control = new Control(std::forward<Arguments>(arguments)..., &window_);
@@ -47,28 +46,28 @@ class ControlFixture final {
 
     [[nodiscard]] QWidget& window() { return window_; }
 
-    /// Moves the pointer to a place in the window, or into the middle of a control.
+    /// Moves the pointer to a point in the window, or to the centre of a control.
     void movePointer(const QPoint& place);
     void movePointerTo(const QWidget& control);
     void movePointerAway();
-    /// The pointer is outside the window, but nobody is told so.
+    /// Moves the pointer out of the window without an event.
     void loseThePointer();
 
-    /// Takes the window for another one, so that ours is active no longer, and gives it back.
+    /// Activates another window, or this one again.
     void deactivate();
     void activate();
 
-    /// The cursor that the window system was told to show.
+    /// The cursor set on the platform window.
     [[nodiscard]] Qt::CursorShape cursor() const;
 
-    /// The colour at a place of the window, in logical pixels; halves mean the second pixel at the
-    /// double density.
+    /// The colour at a point of the window, in logical pixels; .5 is the second pixel at device
+    /// pixel ratio 2.
     [[nodiscard]] QColor at(double x, double y);
 
-    /// Whether a colour, give or take 2, is anywhere in a part of the window.
+    /// Whether an area of the window contains a colour, with a tolerance of 2.
     [[nodiscard]] bool holds(const QRect& part, const QColor& color);
 
-    /// The part of the window as it is painted now.
+    /// An image of an area of the window.
     [[nodiscard]] QImage picture(const QRect& part);
 
  private:
@@ -76,10 +75,10 @@ class ControlFixture final {
     QWidget other_;
 };
 
-/// Whether two colours are the same, give or take 2 in each part.
+/// Whether the channels of two colours differ by at most 2.
 [[nodiscard]] bool isNear(const QColor& one, const QColor& other);
 
-/// The smallest rectangle, in pixels, around all that differs from `background`.
+/// The bounding rectangle, in pixels, of all pixels that differ from `background`.
 [[nodiscard]] QRect inkBounds(const QImage& image, const QColor& background);
 
 }  // namespace tarvin

@@ -24,7 +24,7 @@ TEST(ElidedLabel, AShortTextIsShownWhole) {
     EXPECT_TRUE(bench.holds(elidedLabelPlace, QColor(20, 36, 46)));
 }
 
-TEST(ElidedLabel, ALongTextLosesItsMiddle) {
+TEST(ElidedLabel, ALongTextIsElidedInTheMiddle) {
     ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, longPath);
     EXPECT_TRUE(label.isElided());
@@ -35,7 +35,7 @@ TEST(ElidedLabel, ALongTextLosesItsMiddle) {
     EXPECT_LE(label.fontMetrics().horizontalAdvance(label.shownText()), 200);
 }
 
-TEST(ElidedLabel, OrItsEnd) {
+TEST(ElidedLabel, OrItsEndIsElided) {
     ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, longPath);
     label.setElideMode(Qt::ElideRight);
@@ -43,7 +43,7 @@ TEST(ElidedLabel, OrItsEnd) {
     EXPECT_TRUE(label.shownText().endsWith(QChar(0x2026)));
 }
 
-TEST(ElidedLabel, ItGrowsBackWithTheWindow) {
+TEST(ElidedLabel, GrowsBackWithTheWindow) {
     ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, longPath);
     label.resize(2000, 20);
@@ -55,7 +55,7 @@ TEST(ElidedLabel, TheToolTipIsTheFullText) {
     EXPECT_EQ(label.toolTip(), longPath);
 }
 
-TEST(ElidedLabel, TheToolTipComesOnlyIfSomethingIsMissing) {
+TEST(ElidedLabel, TheToolTipIsShownOnlyForAnElidedText) {
     ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("short"));
     QHelpEvent ask(QEvent::ToolTip, QPoint(5, 5), label.mapToGlobal(QPoint(5, 5)));
@@ -67,7 +67,7 @@ TEST(ElidedLabel, TheToolTipComesOnlyIfSomethingIsMissing) {
     QToolTip::hideText();
 }
 
-TEST(ElidedLabel, MarkupIsShownLetterForLetter) {
+TEST(ElidedLabel, MarkupIsShownUnchanged) {
     ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(QRect(0, 20, 300, 20));
     label.setText(QStringLiteral("<b>a</b>&amp;<img src=x>"));
@@ -78,14 +78,14 @@ TEST(ElidedLabel, MarkupIsShownLetterForLetter) {
                              "src=x&gt;</span>"));
 }
 
-TEST(ElidedLabel, ANameOfTwoLinesStaysOnOne) {
+TEST(ElidedLabel, LineBreaksStayOnOneLine) {
     ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("a\nb"));
     EXPECT_EQ(label.shownText(), QStringLiteral("a b"));
     EXPECT_EQ(label.sizeHint().height(), label.fontMetrics().height());
 }
 
-TEST(ElidedLabel, ItIsPaintedInItsColourAndAtItsSide) {
+TEST(ElidedLabel, IsPaintedInItsColourAndAlignment) {
     ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("HHH"));
     label.setTextColor(look::muted);
@@ -107,7 +107,7 @@ TEST(ElidedLabel, AssistiveTechnologyReadsTheFullText) {
     EXPECT_EQ(told->text(QAccessible::Name), longPath);
 }
 
-TEST(ElidedLabel, AFramedOneStandsInAWhiteField) {
+TEST(ElidedLabel, AFramedOneIsInAWhiteField) {
     ControlFixture bench;
     auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("HHH"));
     label.setFramed(true);
@@ -126,7 +126,7 @@ TEST(ElidedLabel, AFramedOneStandsInAWhiteField) {
     EXPECT_THAT(bench.at(corner.x(), corner.y() + 5), IsRgb(243, 246, 248));
 }
 
-TEST(ElidedLabel, ItMayBecomeNarrow) {
+TEST(ElidedLabel, MayBecomeNarrow) {
     const ElidedLabel label(longPath);
     EXPECT_LT(label.minimumSizeHint().width(), 20);
     EXPECT_GT(label.sizeHint().width(), 300);

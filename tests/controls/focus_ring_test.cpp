@@ -14,7 +14,7 @@ namespace {
 
 constexpr QRect focusRingPlace(20, 20, 100, 36);
 
-TEST(FocusRing, TheKeyboardMakesItSeen) {
+TEST(FocusRing, TheKeyboardShowsIt) {
     ControlFixture bench;
     auto& button = bench.add<HoverButton>(focusRingPlace);
     EXPECT_FALSE(button.showsFocusRing());
@@ -24,7 +24,7 @@ TEST(FocusRing, TheKeyboardMakesItSeen) {
     EXPECT_FALSE(button.showsFocusRing());
 }
 
-TEST(FocusRing, TheMouseDoesNot) {
+TEST(FocusRing, TheMouseDoesNotShowIt) {
     ControlFixture bench;
     auto& button = bench.add<HoverButton>(focusRingPlace);
     QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, focusRingPlace.center());
@@ -32,7 +32,7 @@ TEST(FocusRing, TheMouseDoesNot) {
     EXPECT_FALSE(button.showsFocusRing());
 }
 
-TEST(FocusRing, AFocusMovedByTheProgramIsSeenIfTheKeyboardIsInUse) {
+TEST(FocusRing, AFocusMovedByTheProgramIsShownIfTheKeyboardWasUsedLast) {
     ControlFixture bench;
     auto& first = bench.add<HoverButton>(focusRingPlace);
     auto& second = bench.add<HoverButton>(QRect(20, 80, 100, 36));
@@ -45,7 +45,7 @@ TEST(FocusRing, AFocusMovedByTheProgramIsSeenIfTheKeyboardIsInUse) {
     EXPECT_FALSE(first.showsFocusRing());
 }
 
-TEST(FocusRing, ItIsTwoWideWithAGapOfTwo) {
+TEST(FocusRing, IsTwoWideWithAGapOfTwo) {
     ControlFixture bench;
     auto& button = bench.add<HoverButton>(focusRingPlace);
     button.setFocus(Qt::TabFocusReason);
@@ -58,14 +58,14 @@ TEST(FocusRing, ItIsTwoWideWithAGapOfTwo) {
     EXPECT_THAT(bench.at(124, 59.5), IsRgb(243, 246, 248));
 }
 
-TEST(FocusRing, ItIsWhiteOnTheBlueBars) {
+TEST(FocusRing, IsWhiteOnTheBlueBars) {
     ControlFixture bench(look::topBar);
     auto& button = bench.add<HoverButton>(focusRingPlace, HoverButton::Kind::outline, QString());
     button.setFocus(Qt::TabFocusReason);
     EXPECT_THAT(bench.at(16, 30), IsRgb(255, 255, 255));
 }
 
-TEST(FocusRing, InACornerItLiesInsideTheControl) {
+TEST(FocusRing, InACornerIsInsideTheControl) {
     ControlFixture bench(look::topBar);
     auto& button = bench.add<ButtonHoverSimple>(QRect(0, 0, 45, 45));
     button.setFocus(Qt::TabFocusReason);
@@ -75,7 +75,7 @@ TEST(FocusRing, InACornerItLiesInsideTheControl) {
     EXPECT_THAT(bench.at(4, 20), IsRgb(31, 100, 134));
 }
 
-TEST(FocusRing, ItGoesWhereItsControlGoes) {
+TEST(FocusRing, MovesWithItsControl) {
     ControlFixture bench;
     auto& button = bench.add<HoverButton>(focusRingPlace);
     button.setFocus(Qt::TabFocusReason);
@@ -87,7 +87,7 @@ TEST(FocusRing, ItGoesWhereItsControlGoes) {
     EXPECT_FALSE(ring->isVisible());
 }
 
-TEST(FocusRing, ItTakesNeitherMouseNorKeyboard) {
+TEST(FocusRing, TakesNeitherMouseNorFocus) {
     ControlFixture bench;
     auto& button = bench.add<HoverButton>(focusRingPlace);
     button.setFocus(Qt::TabFocusReason);
@@ -97,7 +97,7 @@ TEST(FocusRing, ItTakesNeitherMouseNorKeyboard) {
     EXPECT_EQ(bench.window().childAt(focusRingPlace.center()), &button);
 }
 
-TEST(FocusRing, ItGoesWithItsControl) {
+TEST(FocusRing, IsHiddenWithItsControl) {
     ControlFixture bench;
     auto& button = bench.add<HoverButton>(focusRingPlace);
     button.setFocus(Qt::TabFocusReason);
@@ -106,7 +106,7 @@ TEST(FocusRing, ItGoesWithItsControl) {
     EXPECT_EQ(bench.window().findChild<FocusRing*>(), nullptr);
 }
 
-TEST(FocusRing, ItMovesToANewParentWithItsControl) {
+TEST(FocusRing, MovesToANewParentWithItsControl) {
     ControlFixture bench;
     auto& panel = bench.add<QWidget>(QRect(100, 100, 150, 100));
     auto& button = bench.add<HoverButton>(focusRingPlace);

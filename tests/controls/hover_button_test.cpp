@@ -42,7 +42,7 @@ TEST(HoverButton, AFilledTitleIsWhiteAndCentred) {
     EXPECT_NEAR(ink.top() + ink.bottom(), image.height(), 4 * image.devicePixelRatio());
 }
 
-TEST(HoverButton, UnderThePointerItsAlphaIsSevenTenths) {
+TEST(HoverButton, WhenHoveredItsAlphaIsSevenTenths) {
     ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     bench.movePointerTo(button);
@@ -52,7 +52,7 @@ TEST(HoverButton, UnderThePointerItsAlphaIsSevenTenths) {
     EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
 }
 
-TEST(HoverButton, WhenThePointerGoesItsAlphaIsOne) {
+TEST(HoverButton, WhenThePointerLeavesItsAlphaIsOne) {
     ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     button.setAlpha(0.6);
@@ -89,7 +89,7 @@ TEST(HoverButton, TheCursorIsRightBetweenTwoDisabledOnes) {
     EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
 }
 
-TEST(HoverButton, TheCursorFollowsWhatHappensUnderThePointer) {
+TEST(HoverButton, TheCursorFollowsChangesBelowThePointer) {
     ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     bench.movePointerTo(button);
@@ -110,7 +110,7 @@ TEST(HoverButton, OneEnteredWhileDisabledGetsTheHandWhenItIsEnabled) {
     EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
 }
 
-TEST(HoverButton, TheParentsOwnCursorComesBack) {
+TEST(HoverButton, TheParentsOwnCursorIsRestored) {
     ControlFixture bench;
     bench.window().setCursor(Qt::CrossCursor);
     auto& button = addFilled(bench, look::deepTeal);
@@ -143,12 +143,12 @@ TEST(HoverButton, ScanAndDeleteAreShownAtSixTenthsWhenDisabled) {
     button.setDisabledOpacity(0.6);
     button.setEnabled(false);
     EXPECT_THAT(bench.at(25, 25), IsRgb(106, 168, 182));
-    // The controller's own alpha for a disabled Scan says the same, and does not add to it.
+    // The controller's alpha for a disabled Scan has the same value and is not multiplied.
     button.setAlpha(0.6);
     EXPECT_THAT(bench.at(25, 25), IsRgb(106, 168, 182));
 }
 
-TEST(HoverButton, TheAlphaIsKeptBetweenNothingAndAll) {
+TEST(HoverButton, TheAlphaIsClamped) {
     HoverButton button;
     button.setAlpha(1.5);
     EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
@@ -156,7 +156,7 @@ TEST(HoverButton, TheAlphaIsKeptBetweenNothingAndAll) {
     EXPECT_DOUBLE_EQ(button.alpha(), 0.0);
 }
 
-TEST(HoverButton, OneThatWasLeftWhileDisabledIsWholeWhenItIsEnabledAgain) {
+TEST(HoverButton, OneLeftWhileDisabledIsOpaqueWhenEnabledAgain) {
     ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     bench.movePointerTo(button);
@@ -189,7 +189,7 @@ TEST(HoverButton, OneDisabledByItsOwnerKeepsTheAlphaThatTheOwnerGave) {
     EXPECT_THAT(bench.at(25, 25), IsRgb(146, 148, 149));
 }
 
-TEST(HoverButton, EnabledUnderThePointerItIsHovered) {
+TEST(HoverButton, EnabledWhenHoveredItIsHovered) {
     ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     button.setEnabled(false);
@@ -199,7 +199,7 @@ TEST(HoverButton, EnabledUnderThePointerItIsHovered) {
     EXPECT_TRUE(button.hovering());
 }
 
-TEST(HoverButton, EnabledOrDisabledItLooksWhereThePointerIs) {
+TEST(HoverButton, EnablingOrDisablingUpdatesItsHoverState) {
     ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     bench.movePointerTo(button);
@@ -212,7 +212,7 @@ TEST(HoverButton, EnabledOrDisabledItLooksWhereThePointerIs) {
     EXPECT_THAT(bench.at(25, 25), IsRgb(14, 116, 138));
 }
 
-TEST(HoverButton, AfterAClickItLooksWhereThePointerIs) {
+TEST(HoverButton, AClickUpdatesItsHoverState) {
     ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     bench.movePointerTo(button);
@@ -222,7 +222,7 @@ TEST(HoverButton, AfterAClickItLooksWhereThePointerIs) {
     EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
 }
 
-TEST(HoverButton, WhenAMenuHasClosedItLooksWhereThePointerIs) {
+TEST(HoverButton, AClosedMenuUpdatesItsHoverState) {
     ControlFixture bench;
     auto& button = addFilled(bench, look::deepTeal);
     QMenu menu;
@@ -300,7 +300,7 @@ TEST(HoverButton, AQuietOneFadesUnderThePointerToo) {
     EXPECT_THAT(bench.at(30, 30), IsRgb(179, 179, 179));
 }
 
-TEST(HoverButton, AnOutlinedOneLetsTheBarShine) {
+TEST(HoverButton, AnOutlinedOneHasNoBackground) {
     ControlFixture bench(look::topBar);
     auto& button = bench.add<HoverButton>(hoverButtonPlace, Kind::outline, QStringLiteral("Help"));
     EXPECT_THAT(bench.at(20, 30), IsRgb(154, 185, 200));
@@ -311,7 +311,7 @@ TEST(HoverButton, AnOutlinedOneLetsTheBarShine) {
     EXPECT_FALSE(bench.holds(hoverButtonPlace, Qt::white));
 }
 
-TEST(HoverButton, RoundedCornersShowTheGround) {
+TEST(HoverButton, RoundedCornersShowTheBackground) {
     ControlFixture bench;
     addFilled(bench, look::deepTeal).setCornerRadius(10);
     EXPECT_THAT(bench.at(20, 20), IsRgb(243, 246, 248));

@@ -7,7 +7,7 @@
 namespace tarvin {
 namespace {
 
-TEST(Images, EveryNamedPictureIsThere) {
+TEST(Images, EveryNamedImageExists) {
     for (const char* name : {"HomePage1.png",
                              "HomePage2.png",
                              "HomePage3.png",
@@ -45,19 +45,19 @@ TEST(Images, AMissingNameIsNull) {
     EXPECT_TRUE(pictureSize(QStringLiteral("no such picture")).isEmpty());
 }
 
-TEST(Images, NothingIsRenderedIntoNoRoom) {
+TEST(Images, NothingIsRenderedIntoAnEmptySize) {
     EXPECT_TRUE(picture(QStringLiteral("folder"), QSize(0, 10), 1.0).isNull());
     EXPECT_TRUE(picture(QStringLiteral("folder"), QSize(-5, 10), 1.0).isNull());
     EXPECT_TRUE(picture(QStringLiteral("folder"), QSize(10, 10), 0.0).isNull());
 }
 
-TEST(Images, TheEndingMayBeLeftOut) {
+TEST(Images, TheSuffixMayBeOmitted) {
     const QSize size(45, 45);
     EXPECT_EQ(picture(QStringLiteral("Home Hover.png"), size, 1.0).toImage(),
               picture(QStringLiteral("Home Hover"), size, 1.0).toImage());
 }
 
-TEST(Images, ThePixelsFollowTheDensity) {
+TEST(Images, ThePixelsFollowThePixelRatio) {
     for (const double ratio : {1.0, 2.0, 3.0}) {
         const QPixmap pixmap = picture(QStringLiteral("HomePage1.png"), QSize(914, 400), ratio);
         EXPECT_EQ(pixmap.size(), QSize(914, 400) * ratio);
@@ -65,9 +65,9 @@ TEST(Images, ThePixelsFollowTheDensity) {
     }
 }
 
-TEST(Images, EveryDensityIsSharp) {
-    // The left edge of the box lies on a whole logical pixel. A picture made larger from another
-    // density would have it blurred over several.
+TEST(Images, EveryPixelRatioIsSharp) {
+    // The left edge of the box is at a whole logical pixel. An image scaled up from another ratio
+    // would blur it over several.
     for (const double ratio : {1.0, 2.0, 3.0}) {
         const QImage image = picture(QStringLiteral("ui/check_on"), QSize(18, 18), ratio).toImage();
         const int edge = static_cast<int>(ratio);
@@ -77,19 +77,19 @@ TEST(Images, EveryDensityIsSharp) {
     }
 }
 
-TEST(Images, DensitiesAreNotMixedUp) {
+TEST(Images, PixelRatiosAreNotMixedUp) {
     const QSize size(18, 18);
     EXPECT_NE(picture(QStringLiteral("ui/check_on"), size, 1.0).cacheKey(),
               picture(QStringLiteral("ui/check_on"), size, 1.25).cacheKey());
 }
 
-TEST(Images, ASecondCallIsAnsweredFromTheCache) {
+TEST(Images, ASecondCallUsesTheCache) {
     const QSize size(110, 110);
     EXPECT_EQ(picture(QStringLiteral("ui/tile_drives"), size, 2.0).cacheKey(),
               picture(QStringLiteral("ui/tile_drives"), size, 2.0).cacheKey());
 }
 
-TEST(Images, TheProportionsAreKept) {
+TEST(Images, TheAspectRatioIsKept) {
     // 20 x 20 into 40 x 20: nothing in the outer quarters.
     const QImage image = picture(QStringLiteral("app_icon"), QSize(40, 20), 1.0).toImage();
     EXPECT_EQ(image.pixelColor(4, 10).alpha(), 0);
@@ -97,13 +97,13 @@ TEST(Images, TheProportionsAreKept) {
     EXPECT_EQ(image.pixelColor(20, 10).alpha(), 255);
 }
 
-TEST(Images, EachHasTheSizeItWasMadeFor) {
+TEST(Images, EachHasItsDesignSize) {
     EXPECT_EQ(pictureSize(QStringLiteral("HomePage2.png")), QSize(914, 400));
     EXPECT_EQ(pictureSize(QStringLiteral("ui/tile_folders")), QSize(110, 110));
     EXPECT_EQ(pictureSize(QStringLiteral("usb_drive.png")), QSize(64, 64));
 }
 
-TEST(Images, AnIconIsRenderedAtTheDensityOfItsPlace) {
+TEST(Images, AnIconIsRenderedAtThePixelRatioOfItsTarget) {
     const QIcon icon = pictureIcon(QStringLiteral("folder"));
     EXPECT_EQ(icon.name(), QStringLiteral("folder"));
     EXPECT_EQ(icon.pixmap(QSize(40, 40), 3.0).size(), QSize(120, 120));

@@ -42,7 +42,7 @@ class LocationListTest : public testing::Test {
         table_.setItemDelegate(&delegate_);
     }
 
-    /// A list hears of the pointer from its first painting on.
+    /// A list tracks the pointer from its first painting on.
     void paintOnce() { table_.grab(); }
 
     void click(const QPoint& place) {
@@ -90,7 +90,7 @@ TEST_F(LocationListTest, ASelectedRowHasItsColour) {
     EXPECT_THAT(bench_.at(1, 1), IsRgb(255, 255, 255));
 }
 
-TEST_F(LocationListTest, ThePointerColoursTheWholeRow) {
+TEST_F(LocationListTest, HoveringColoursTheWholeRow) {
     paintOnce();
     bench_.movePointer(QPoint(100, 80));
     EXPECT_THAT(bench_.at(1, 60), IsRgb(238, 246, 248));
@@ -102,21 +102,21 @@ TEST_F(LocationListTest, ThePointerColoursTheWholeRow) {
     EXPECT_THAT(bench_.at(1, 1), IsRgb(255, 255, 255));
 }
 
-TEST_F(LocationListTest, TheSelectionIsStrongerThanThePointer) {
+TEST_F(LocationListTest, TheSelectionOverridesHovering) {
     table_.selectRow(0);
     paintOnce();
     bench_.movePointer(QPoint(100, 20));
     EXPECT_THAT(bench_.at(1, 1), IsRgb(217, 239, 243));
 }
 
-TEST_F(LocationListTest, ARowThatIsRemovedUnderThePointerIsForgotten) {
+TEST_F(LocationListTest, ARemovedHoveredRowIsForgotten) {
     paintOnce();
     bench_.movePointer(QPoint(100, 20));
     model_.removeRow(0);
     EXPECT_THAT(bench_.at(1, 1), IsRgb(255, 255, 255));
 }
 
-TEST_F(LocationListTest, ThePictureLiesAtItsPlace) {
+TEST_F(LocationListTest, TheImageHasItsGeometry) {
     QPixmap pixmap(74, 74);
     pixmap.fill(Qt::red);
     model_.item(0, 0)->setData(pixmap, Qt::DecorationRole);
@@ -134,7 +134,7 @@ TEST_F(LocationListTest, AFlatThumbnailKeepsItsProportions) {
     EXPECT_THAT(bench_.at(20, 28), IsRgb(255, 0, 0));
 }
 
-TEST_F(LocationListTest, ARowWithoutAPictureShowsAFolder) {
+TEST_F(LocationListTest, ARowWithoutAnImageShowsAFolder) {
     const QRect place(16, 8, 40, 40);
     const QImage without = bench_.picture(place);
     EXPECT_FALSE(inkBounds(without, Qt::white).isEmpty());
@@ -196,7 +196,7 @@ TEST_F(LocationListTest, APartiallyCheckedBoxBecomesChecked) {
     EXPECT_EQ(model_.item(0, 1)->checkState(), Qt::Checked);
 }
 
-TEST_F(LocationListTest, TheKeyboardIsShownRoundTheWholeRow) {
+TEST_F(LocationListTest, TheFocusRingSurroundsTheWholeRow) {
     table_.setFocus();
     table_.setCurrentIndex(model_.index(1, 0));
     EXPECT_THAT(bench_.at(0, 70), IsRgb(217, 239, 243));
@@ -210,7 +210,7 @@ TEST_F(LocationListTest, TheKeyboardIsShownRoundTheWholeRow) {
     EXPECT_THAT(bench_.at(0, 70), IsRgb(217, 239, 243));
 }
 
-TEST(CustomTableCellViewTest, ItCarriesItsTexts) {
+TEST(CustomTableCellViewTest, KeepsItsTexts) {
     CustomTableCellView view;
     view.setTextField(QStringLiteral("/a/b"));
     view.setAdditionalTextCount(QStringLiteral("b"));
@@ -222,7 +222,7 @@ TEST(CustomTableCellViewTest, ItCarriesItsTexts) {
     EXPECT_EQ(view.fileName(), QStringLiteral("file"));
 }
 
-TEST(CustomTableCellViewTest, ItIsFilledFromAnItem) {
+TEST(CustomTableCellViewTest, IsFilledFromAnItem) {
     QStandardItemModel model(1, 1);
     auto* item = new QStandardItem(QStringLiteral("/a/b"));
     item->setData(QStringLiteral("b"), CustomTableCellView::additionalTextCountRole);

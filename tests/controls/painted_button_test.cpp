@@ -69,7 +69,7 @@ TEST(PaintedButton, AHeldKeyPressesItOnce) {
             QCoreApplication::sendEvent(&button, &event);
         };
         send(QEvent::KeyPress, false);
-        // As the window systems tell it: each repetition with a release of its own.
+        // As window systems send it: a release with each repetition.
         for (int repetition = 0; repetition < 3; ++repetition) {
             send(QEvent::KeyRelease, true);
             send(QEvent::KeyPress, true);
@@ -79,7 +79,7 @@ TEST(PaintedButton, AHeldKeyPressesItOnce) {
     }
 }
 
-TEST(PaintedButton, WhenItIsDisabledTheKeyboardGoesWhereItWasTold) {
+TEST(PaintedButton, DisablingItMovesTheFocusToTheGivenControl) {
     ControlFixture bench;
     auto& button = bench.add<HoverButton>(QRect(20, 20, 60, 36));
     auto& next = bench.add<HoverButton>(QRect(90, 20, 60, 36));
@@ -102,7 +102,7 @@ TEST(PaintedButton, WhenItIsDisabledTheKeyboardGoesWhereItWasTold) {
     EXPECT_EQ(disabled(), &next);
 }
 
-TEST(PaintedButton, TabLeavesItForTheNextWhoeverComesAfterDisabling) {
+TEST(PaintedButton, TabMovesToTheNextControlNotToTheOneAfterDisabling) {
     ControlFixture bench;
     auto& button = bench.add<HoverButton>(QRect(20, 20, 60, 36));
     auto& next = bench.add<HoverButton>(QRect(90, 20, 60, 36));
@@ -113,7 +113,7 @@ TEST(PaintedButton, TabLeavesItForTheNextWhoeverComesAfterDisabling) {
     EXPECT_EQ(bench.window().focusWidget(), &next);
 }
 
-TEST(PaintedButton, TheFocusedOneComesBeforeTheScreensReturn) {
+TEST(PaintedButton, TheFocusedOneTakesReturnBeforeTheScreen) {
     ControlFixture bench;
     auto& button = bench.add<HoverButton>(paintedButtonPlace);
     const QShortcut shortcut(QKeySequence(Qt::Key_Return), &bench.window());
@@ -138,7 +138,7 @@ TEST(PaintedButton, TheTitleIsItsTextAndItsAccessibleName) {
     EXPECT_EQ(button.accessibleName(), QStringLiteral("Resume"));
 }
 
-TEST(PaintedButton, ANameThatWasGivenStays) {
+TEST(PaintedButton, AGivenNameIsKept) {
     HoverButton button;
     button.setAccessibleName(QStringLiteral("Back"));
     button.setTitle(QStringLiteral("<"));
@@ -152,7 +152,7 @@ TEST(PaintedButton, AnAmpersandIsALetter) {
     EXPECT_TRUE(button.shortcut().isEmpty());
 }
 
-TEST(PaintedButton, OneShownUnderThePointerIsHoveredAtOnce) {
+TEST(PaintedButton, OneShownUnderThePointerIsHoveredImmediately) {
     ControlFixture bench;
     auto& button = bench.add<HoverButton>(paintedButtonPlace);
     button.hide();
@@ -177,7 +177,7 @@ TEST(PaintedButton, OneMovedOrResizedFromUnderThePointerIsNotHoveredAnyMore) {
     EXPECT_FALSE(button.hovering());
 }
 
-TEST(PaintedButton, WhatCoversItKeepsThePointerAway) {
+TEST(PaintedButton, ACoveredOneIsNotHovered) {
     ControlFixture bench;
     auto& button = bench.add<HoverButton>(paintedButtonPlace);
     bench.add<QWidget>(QRect(0, 0, 300, 250));
@@ -222,7 +222,7 @@ class TwoLayers final : public PaintedButton {
     }
 };
 
-TEST(PaintedButton, IsFadedAsAWholeAtEveryDensity) {
+TEST(PaintedButton, IsFadedAsAWholeAtEveryPixelRatio) {
     ControlFixture bench(QColor(200, 200, 200));
     auto& button = bench.add<TwoLayers>(paintedButtonPlace);
     button.setAlpha(0.6);

@@ -21,7 +21,7 @@ class PanelShadowTest : public testing::Test {
     PanelShadow* shadow_;
 };
 
-TEST_F(PanelShadowTest, ItIsDarkestBelowThePanelAndFadesOutward) {
+TEST_F(PanelShadowTest, IsDarkestBelowThePanelAndFadesOutward) {
     const int near = bench_.at(150, 162).lightness();
     const int far = bench_.at(150, 185).lightness();
     const int beyond = bench_.at(150, 215).lightness();
@@ -39,12 +39,12 @@ TEST_F(PanelShadowTest, BothSidesAreAlike) {
     EXPECT_NEAR(bench_.at(75, 110).lightness(), bench_.at(224.5, 110).lightness(), 2);
 }
 
-TEST_F(PanelShadowTest, ItLiesBelowThePanel) {
+TEST_F(PanelShadowTest, LiesBelowThePanel) {
     EXPECT_THAT(bench_.at(150, 100), IsRgb(255, 255, 255));
     EXPECT_THAT(bench_.at(80, 100), IsRgb(80, 148, 184));
 }
 
-TEST_F(PanelShadowTest, ItComesAndGoesWithThePanel) {
+TEST_F(PanelShadowTest, IsShownAndHiddenWithThePanel) {
     EXPECT_TRUE(shadow_->isVisible());
     panel_.hide();
     EXPECT_FALSE(shadow_->isVisible());
@@ -52,16 +52,16 @@ TEST_F(PanelShadowTest, ItComesAndGoesWithThePanel) {
     EXPECT_TRUE(shadow_->isVisible());
 }
 
-TEST_F(PanelShadowTest, ItFollowsThePanel) {
+TEST_F(PanelShadowTest, FollowsThePanel) {
     panel_.setGeometry(100, 70, 50, 40);
     EXPECT_EQ(shadow_->geometry(), QRect(68, 48, 114, 104));
 }
 
-TEST_F(PanelShadowTest, TheMouseGoesThrough) {
+TEST_F(PanelShadowTest, MouseEventsPassThrough) {
     EXPECT_EQ(bench_.window().childAt(QPoint(60, 110)), nullptr);
 }
 
-TEST_F(PanelShadowTest, ItStaysBelowAPanelThatIsRaised) {
+TEST_F(PanelShadowTest, StaysBelowAPanelThatIsRaised) {
     panel_.lower();
     panel_.raise();
     EXPECT_THAT(bench_.at(150, 100), IsRgb(255, 255, 255));

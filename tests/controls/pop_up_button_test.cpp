@@ -32,7 +32,7 @@ TEST_F(PopUpButtonTest, ShowsTheFirstItemAtFirst) {
     EXPECT_EQ(button.selectedTag(), 1);
 }
 
-TEST_F(PopUpButtonTest, SelectsByTagAndTellsNobody) {
+TEST_F(PopUpButtonTest, SelectingByTagEmitsNoSignal) {
     const QSignalSpy chosen(&button, &QComboBox::activated);
     button.selectItemWithTag(5);
     EXPECT_EQ(button.currentText(), QStringLiteral("Dimension"));
@@ -40,7 +40,7 @@ TEST_F(PopUpButtonTest, SelectsByTagAndTellsNobody) {
     EXPECT_EQ(chosen.size(), 0);
 }
 
-TEST_F(PopUpButtonTest, ATagOfNoItemChangesNothing) {
+TEST_F(PopUpButtonTest, AnUnknownTagChangesNothing) {
     button.selectItemWithTag(2);
     button.selectItemWithTag(4);
     EXPECT_EQ(button.selectedTag(), 2);
@@ -76,7 +76,7 @@ TEST_F(PopUpButtonTest, TheWheelChoosesNothing) {
     EXPECT_FALSE(turn.isAccepted());
 }
 
-TEST_F(PopUpButtonTest, LooksAsAQuietButton) {
+TEST_F(PopUpButtonTest, LooksLikeAQuietButton) {
     EXPECT_THAT(bench.at(20, 36), IsRgb(107, 124, 135));
     EXPECT_THAT(bench.at(22, 22), IsRgb(255, 255, 255));
     EXPECT_TRUE(bench.holds(popUpButtonPlace, QColor(20, 36, 46)));
@@ -87,16 +87,16 @@ TEST_F(PopUpButtonTest, LooksAsAQuietButton) {
     EXPECT_FALSE(bench.holds(popUpButtonPlace, QColor(20, 36, 46)));
 }
 
-TEST_F(PopUpButtonTest, ThePointerMakesItFainter) {
+TEST_F(PopUpButtonTest, HoveringMakesItFainter) {
     bench.movePointerTo(button);
-    // 0.7 of the line over the page: the white of the button's ground does not shine through.
+    // 0.7 of the outline over the page: the white background does not show through.
     EXPECT_THAT(bench.at(20, 36), IsRgb(148, 161, 169));
     EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
     bench.movePointerAway();
     EXPECT_THAT(bench.at(20, 36), IsRgb(107, 124, 135));
 }
 
-TEST_F(PopUpButtonTest, WhenItsListHasClosedItLooksWhereThePointerIs) {
+TEST_F(PopUpButtonTest, ItsClosedListUpdatesItsHoverState) {
     bench.movePointerTo(button);
     const UntoldPointer untold;
     button.showPopup();
@@ -110,7 +110,7 @@ TEST_F(PopUpButtonTest, WhenItsListHasClosedItLooksWhereThePointerIs) {
     EXPECT_TRUE(bench.holds(popUpButtonPlace, QColor(20, 36, 46)));
 }
 
-TEST_F(PopUpButtonTest, EnabledAgainItLooksWhereThePointerIs) {
+TEST_F(PopUpButtonTest, EnablingUpdatesItsHoverState) {
     bench.movePointerTo(button);
     bench.loseThePointer();
     button.setEnabled(false);
@@ -120,7 +120,7 @@ TEST_F(PopUpButtonTest, EnabledAgainItLooksWhereThePointerIs) {
     EXPECT_THAT(bench.at(20, 36), IsRgb(148, 161, 169));
 }
 
-TEST_F(PopUpButtonTest, TheKeyboardIsShownRoundIt) {
+TEST_F(PopUpButtonTest, TheFocusRingSurroundsIt) {
     EXPECT_FALSE(button.showsFocusRing());
     button.setFocus(Qt::TabFocusReason);
     EXPECT_TRUE(button.showsFocusRing());

@@ -14,7 +14,7 @@ namespace {
 constexpr QRect progressBarPlace(20, 20, 200, 10);
 constexpr quint64 maxCount = std::numeric_limits<quint64>::max();
 
-TEST(ProgressBar, ItIsTealOnALightLine) {
+TEST(ProgressBar, IsTealOnALightLine) {
     ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(100);
@@ -33,7 +33,7 @@ TEST(ProgressBar, AtFirstItIsEmpty) {
     EXPECT_THAT(bench.at(20, 20), IsRgb(213, 221, 226));
 }
 
-TEST(ProgressBar, ItIsFullOnlyWhenEverythingIsDone) {
+TEST(ProgressBar, IsFullOnlyWhenEverythingIsDone) {
     ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(1000000);
@@ -45,7 +45,7 @@ TEST(ProgressBar, ItIsFullOnlyWhenEverythingIsDone) {
     EXPECT_EQ(bar.value(), bar.maximum());
 }
 
-TEST(ProgressBar, NumbersMayBeAsLargeAsTheyGet) {
+TEST(ProgressBar, TakesTheLargestNumbers) {
     ProgressBar bar;
     bar.setTotal(maxCount);
     bar.setDone(maxCount / 2);
@@ -58,7 +58,7 @@ TEST(ProgressBar, NumbersMayBeAsLargeAsTheyGet) {
     EXPECT_EQ(bar.value(), bar.maximum());
 }
 
-TEST(ProgressBar, MoreThanTheTotalIsAll) {
+TEST(ProgressBar, ClampsToTheTotal) {
     ProgressBar bar;
     bar.setTotal(3);
     bar.setDone(7);
@@ -66,13 +66,13 @@ TEST(ProgressBar, MoreThanTheTotalIsAll) {
     EXPECT_EQ(bar.done(), 7U);
 }
 
-TEST(ProgressBar, NothingToDoIsNothingDone) {
+TEST(ProgressBar, ATotalOfZeroShowsNothingDone) {
     ProgressBar bar;
     bar.setDone(5);
     EXPECT_DOUBLE_EQ(bar.fraction(), 0);
 }
 
-TEST(ProgressBar, WhileTheTotalIsUnknownAPieceWanders) {
+TEST(ProgressBar, WhileTheTotalIsUnknownASegmentMoves) {
     ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setIndeterminate(true);
@@ -89,7 +89,7 @@ TEST(ProgressBar, WhileTheTotalIsUnknownAPieceWanders) {
     EXPECT_FALSE(bench.holds(progressBarPlace, QColor(0, 155, 178)));
 }
 
-TEST(ProgressBar, ThePieceMoves) {
+TEST(ProgressBar, TheSegmentMoves) {
     ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setIndeterminate(true);
@@ -97,7 +97,7 @@ TEST(ProgressBar, ThePieceMoves) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return bar.clock().phase() != before; }, 5000));
 }
 
-TEST(ProgressBar, ADeterminateOneRestsAndKeepsItsNumbers) {
+TEST(ProgressBar, ADeterminateOneDoesNotAnimateAndKeepsItsNumbers) {
     ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(10);
@@ -111,7 +111,7 @@ TEST(ProgressBar, ADeterminateOneRestsAndKeepsItsNumbers) {
     EXPECT_THAT(bench.at(120, 25), IsRgb(213, 221, 226));
 }
 
-TEST(ProgressBar, AHiddenOneDoesNotKeepTheProcessorBusy) {
+TEST(ProgressBar, AHiddenOneDoesNotAnimate) {
     ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setIndeterminate(true);
@@ -122,7 +122,7 @@ TEST(ProgressBar, AHiddenOneDoesNotKeepTheProcessorBusy) {
     EXPECT_TRUE(bar.clock().isRunning());
 }
 
-TEST(ProgressBar, ASheenRunsOverTheWholeBar) {
+TEST(ProgressBar, ASheenMovesOverTheWholeBar) {
     ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
     bar.setTotal(100);
@@ -149,7 +149,7 @@ TEST(ProgressBar, ASheenIsSeenWhileNothingIsDone) {
     EXPECT_THAT(bench.at(120, 25), IsRgb(154, 218, 227));
 }
 
-TEST(ProgressBar, TheSheenRestsWhenMovementIsReduced) {
+TEST(ProgressBar, TheSheenIsOffWithReducedMotion) {
     setReducedMotion(true);
     ControlFixture bench;
     auto& bar = bench.add<ProgressBar>(progressBarPlace);
@@ -162,7 +162,7 @@ TEST(ProgressBar, TheSheenRestsWhenMovementIsReduced) {
     setReducedMotion(std::nullopt);
 }
 
-TEST(ProgressBar, AssistiveTechnologyIsToldOfIt) {
+TEST(ProgressBar, AssistiveTechnologyReadsItsValue) {
     ProgressBar bar;
     bar.setTotal(4);
     bar.setDone(1);
@@ -174,7 +174,7 @@ TEST(ProgressBar, AssistiveTechnologyIsToldOfIt) {
     EXPECT_EQ(told->valueInterface()->maximumValue().toInt(), 10000);
 }
 
-TEST(ProgressBar, ItIsTenHigh) {
+TEST(ProgressBar, IsTenHigh) {
     EXPECT_EQ(ProgressBar().sizeHint().height(), 10);
     EXPECT_EQ(ProgressBar().minimumSizeHint().height(), 10);
 }

@@ -21,14 +21,14 @@ class ScanAnimationTest : public testing::Test {
     ControlFixture bench_;
 };
 
-TEST_F(ScanAnimationTest, ItShowsTheSheetsAndTheLens) {
+TEST_F(ScanAnimationTest, ShowsTheSheetsAndTheLens) {
     bench_.add<ScanAnimation>(scanAnimationPlace);
     EXPECT_THAT(bench_.at(144, 8), IsRgb(230, 244, 247));
     EXPECT_TRUE(bench_.holds(scanAnimationPlace, QColor(30, 115, 165)));
     EXPECT_THAT(bench_.at(40 + 40.9 - 31.8, 70 + 40.9), IsRgb(31, 100, 134));
 }
 
-TEST_F(ScanAnimationTest, TheLensGoesOverTheSheetsAndBack) {
+TEST_F(ScanAnimationTest, TheLensMovesOverTheSheetsAndBack) {
     auto& animation = bench_.add<ScanAnimation>(scanAnimationPlace);
     EXPECT_EQ(animation.clock().duration(), 2400);
     EXPECT_EQ(animation.lensPosition(), QPointF(40, 70));
@@ -43,7 +43,7 @@ TEST_F(ScanAnimationTest, TheLensGoesOverTheSheetsAndBack) {
     EXPECT_NEAR(animation.lensPosition().y(), 107, 0.01);
 }
 
-TEST_F(ScanAnimationTest, TheLensNeverLeavesThePictureAndNeverJumps) {
+TEST_F(ScanAnimationTest, TheLensNeverLeavesTheImageAndNeverJumps) {
     auto& animation = bench_.add<ScanAnimation>(scanAnimationPlace);
     QPointF before = animation.lensPosition();
     for (int step = 1; step <= 200; ++step) {
@@ -55,7 +55,7 @@ TEST_F(ScanAnimationTest, TheLensNeverLeavesThePictureAndNeverJumps) {
     }
 }
 
-/// Counts the pictures that it is to draw, and those of them that it is to smooth.
+/// Counts the painted images, and the smoothed ones.
 class CountingEngine final : public QPaintEngine {
  public:
     CountingEngine() : QPaintEngine(AllFeatures) {}
@@ -101,7 +101,7 @@ class CountingDevice final : public QPaintDevice {
     }
 };
 
-TEST_F(ScanAnimationTest, NeitherPictureIsSmoothed) {
+TEST_F(ScanAnimationTest, NeitherImageIsSmoothed) {
     auto& animation = bench_.add<ScanAnimation>(scanAnimationPlace);
     CountingDevice device;
     animation.render(&device, {}, {}, QWidget::DrawChildren);
@@ -109,7 +109,7 @@ TEST_F(ScanAnimationTest, NeitherPictureIsSmoothed) {
     EXPECT_EQ(device.engine.smoothed, 0);
 }
 
-TEST_F(ScanAnimationTest, ItStandsWhereItWasStoppedAndGoesOnFromThere) {
+TEST_F(ScanAnimationTest, ContinuesFromWhereItWasStopped) {
     auto& animation = bench_.add<ScanAnimation>(scanAnimationPlace);
     animation.startAnimation();
     EXPECT_TRUE(animation.isAnimating());
@@ -123,14 +123,14 @@ TEST_F(ScanAnimationTest, ItStandsWhereItWasStoppedAndGoesOnFromThere) {
     EXPECT_GE(animation.clock().phase(), stoppedAt);
 }
 
-TEST_F(ScanAnimationTest, AFirstStartGoesOnFromThePhaseItHas) {
+TEST_F(ScanAnimationTest, AFirstStartContinuesFromItsPhase) {
     auto& animation = bench_.add<ScanAnimation>(scanAnimationPlace);
     animation.clock().setPhase(0.5);
     animation.startAnimation();
     EXPECT_GE(animation.clock().phase(), 0.5);
 }
 
-TEST_F(ScanAnimationTest, ItDoesNotMoveWhenMovementIsReduced) {
+TEST_F(ScanAnimationTest, DoesNotMoveWithReducedMotion) {
     setReducedMotion(true);
     auto& animation = bench_.add<ScanAnimation>(scanAnimationPlace);
     animation.startAnimation();
@@ -138,7 +138,7 @@ TEST_F(ScanAnimationTest, ItDoesNotMoveWhenMovementIsReduced) {
     EXPECT_FALSE(animation.clock().isRunning());
 }
 
-TEST_F(ScanAnimationTest, AHiddenOneRests) {
+TEST_F(ScanAnimationTest, AHiddenOneDoesNotAnimate) {
     auto& animation = bench_.add<ScanAnimation>(scanAnimationPlace);
     animation.startAnimation();
     animation.hide();
@@ -148,7 +148,7 @@ TEST_F(ScanAnimationTest, AHiddenOneRests) {
     EXPECT_TRUE(animation.clock().isRunning());
 }
 
-TEST_F(ScanAnimationTest, WhatTheProgramSaysAboutMovementCounts) {
+TEST_F(ScanAnimationTest, TheProgramsMotionSettingOverridesTheStyles) {
     setReducedMotion(true);
     EXPECT_TRUE(reducedMotion());
     setReducedMotion(false);

@@ -48,7 +48,7 @@ TEST(SolidBars, AColourSetOnTheTopBarIsNeverSeen) {
     EXPECT_EQ(bar.fillColor(), QColor(31, 100, 134));
 }
 
-TEST(SolidBars, NorOnTheOtherTwo) {
+TEST(SolidBars, AColourSetOnTheOtherBarsIsNeverSeen) {
     ControlFixture bench;
     auto& white = bench.add<ViewButtonBar>(solidBarsPlace);
     auto& gray = bench.add<ViewButtonGrayBar>(QRect(10, 100, 100, 45));

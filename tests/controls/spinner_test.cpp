@@ -11,7 +11,7 @@ namespace {
 
 constexpr QRect spinnerPlace(20, 20, 44, 44);
 
-TEST(Spinner, ItIsATealQuarterOnAPaleRing) {
+TEST(Spinner, IsATealQuarterOnAPaleRing) {
     ControlFixture bench;
     bench.add<Spinner>(spinnerPlace);
     // On the ring, 18 from the middle (42, 42), to each side; the quarter begins at the top and
@@ -22,7 +22,7 @@ TEST(Spinner, ItIsATealQuarterOnAPaleRing) {
     EXPECT_THAT(bench.at(42, 42), IsRgb(243, 246, 248));
 }
 
-TEST(Spinner, ItTurnsClockwise) {
+TEST(Spinner, TurnsClockwise) {
     ControlFixture bench;
     auto& spinner = bench.add<Spinner>(spinnerPlace);
     spinner.clock().setPhase(0.25);
@@ -30,11 +30,11 @@ TEST(Spinner, ItTurnsClockwise) {
     EXPECT_THAT(bench.at(54.7, 29.3), IsRgb(207, 237, 241));
 }
 
-TEST(Spinner, ItTurnsOnceInNineTenthsOfASecond) {
+TEST(Spinner, TurnsOnceInNineTenthsOfASecond) {
     EXPECT_EQ(Spinner().clock().duration(), 900);
 }
 
-TEST(Spinner, ItStartsAndStops) {
+TEST(Spinner, StartsAndStops) {
     ControlFixture bench;
     auto& spinner = bench.add<Spinner>(spinnerPlace);
     EXPECT_FALSE(spinner.isAnimating());
@@ -47,7 +47,7 @@ TEST(Spinner, ItStartsAndStops) {
     EXPECT_FALSE(spinner.clock().isRunning());
 }
 
-TEST(Spinner, AHiddenOneRests) {
+TEST(Spinner, AHiddenOneDoesNotAnimate) {
     ControlFixture bench;
     auto& spinner = bench.add<Spinner>(spinnerPlace);
     spinner.hide();

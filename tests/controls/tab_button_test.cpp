@@ -28,7 +28,7 @@ TEST_F(TabButtonTest, ItsTitleIsItsName) {
     EXPECT_EQ(tab.glyph(), glyph);
 }
 
-TEST_F(TabButtonTest, OneToChooseHasNoGroundAndNoFoot) {
+TEST_F(TabButtonTest, AnUnselectedOneHasNoBackgroundAndNoLine) {
     EXPECT_THAT(bench.at(22, 22), IsRgb(243, 246, 248));
     EXPECT_THAT(bench.at(80, 58), IsRgb(243, 246, 248));
 }
@@ -42,7 +42,7 @@ TEST_F(TabButtonTest, TheDisabledOneLooksSelected) {
     EXPECT_TRUE(bench.holds(tabButtonPlace, QColor(11, 97, 115)));
 }
 
-TEST_F(TabButtonTest, TheChosenOneIsOpaqueWhateverItsAlpha) {
+TEST_F(TabButtonTest, TheSelectedOneIsOpaqueWhateverItsAlpha) {
     tab.setEnabled(false);
     for (const double alpha : {0.5, 0.7, 0.0}) {
         tab.setAlpha(alpha);
@@ -52,7 +52,7 @@ TEST_F(TabButtonTest, TheChosenOneIsOpaqueWhateverItsAlpha) {
     }
 }
 
-TEST_F(TabButtonTest, OneChosenUnderThePointerIsAsDrawn) {
+TEST_F(TabButtonTest, OneSelectedWhileHoveredLooksSelected) {
     QObject::connect(&tab, &QAbstractButton::clicked, [this] { tab.setEnabled(false); });
     bench.movePointerTo(tab);
     QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, tabButtonPlace.center());
@@ -62,13 +62,13 @@ TEST_F(TabButtonTest, OneChosenUnderThePointerIsAsDrawn) {
     EXPECT_TRUE(bench.holds(tabButtonPlace, QColor(11, 97, 115)));
     bench.movePointerAway();
     EXPECT_THAT(bench.at(80, 58), IsRgb(14, 116, 138));
-    // Another one is chosen.
+    // Another tab is selected.
     tab.setEnabled(true);
     EXPECT_DOUBLE_EQ(tab.alpha(), 1.0);
     EXPECT_TRUE(bench.holds(tabButtonPlace, QColor(20, 36, 46)));
 }
 
-TEST_F(TabButtonTest, GlyphAndTitleStandTogetherInTheMiddle) {
+TEST_F(TabButtonTest, GlyphAndTitleAreCentredTogether) {
     const QRect ink = inkBounds(bench.picture(tabButtonPlace), QColor(243, 246, 248));
     const double density = tab.devicePixelRatioF();
     const double left = ink.left() / density;
@@ -77,7 +77,7 @@ TEST_F(TabButtonTest, GlyphAndTitleStandTogetherInTheMiddle) {
     EXPECT_GT(left, 4);
 }
 
-TEST_F(TabButtonTest, ThePointerMakesItFainter) {
+TEST_F(TabButtonTest, HoveringMakesItFainter) {
     bench.movePointerTo(tab);
     EXPECT_DOUBLE_EQ(tab.alpha(), 0.7);
     EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
@@ -85,7 +85,7 @@ TEST_F(TabButtonTest, ThePointerMakesItFainter) {
     EXPECT_DOUBLE_EQ(tab.alpha(), 1.0);
 }
 
-TEST_F(TabButtonTest, OnlyOneToChooseIsPressed) {
+TEST_F(TabButtonTest, OnlyAnUnselectedOneCanBePressed) {
     const QSignalSpy clicks(&tab, &QAbstractButton::clicked);
     QTest::mouseClick(&tab, Qt::LeftButton);
     EXPECT_EQ(clicks.size(), 1);
@@ -94,7 +94,7 @@ TEST_F(TabButtonTest, OnlyOneToChooseIsPressed) {
     EXPECT_EQ(clicks.size(), 1);
 }
 
-TEST_F(TabButtonTest, ItAsksForGlyphGapAndTitle) {
+TEST_F(TabButtonTest, ItsSizeHintIsGlyphGapAndTitle) {
     const TabButton shorter(glyph, QStringLiteral("All"));
     EXPECT_EQ(tab.sizeHint().height(), 40);
     EXPECT_GT(tab.sizeHint().width(), shorter.sizeHint().width());

@@ -34,7 +34,7 @@ TEST_F(ToggleButtonTest, OnItIsTintedWithATealLine) {
     EXPECT_THAT(bench.at(22, 22), IsRgb(230, 244, 247));
 }
 
-TEST_F(ToggleButtonTest, TheDrawingFollowsTheState) {
+TEST_F(ToggleButtonTest, TheIconFollowsTheState) {
     EXPECT_EQ(toggle.glyph(), QStringLiteral("ui/descending"));
     const QImage off = bench.picture(toggleButtonPlace);
     toggle.setChecked(true);
@@ -55,7 +55,7 @@ TEST_F(ToggleButtonTest, TheDrawingFollowsTheState) {
     EXPECT_LT(inkIn(on, half, on.height() - 4), inkIn(on, 4, half));
 }
 
-TEST_F(ToggleButtonTest, AClickTurnsIt) {
+TEST_F(ToggleButtonTest, AClickTogglesIt) {
     const QSignalSpy clicks(&toggle, &QAbstractButton::clicked);
     QTest::mouseClick(&toggle, Qt::LeftButton);
     EXPECT_TRUE(toggle.isChecked());
@@ -72,7 +72,7 @@ TEST_F(ToggleButtonTest, DisabledItIsGray) {
     EXPECT_FALSE(bench.holds(toggleButtonPlace, QColor(20, 36, 46)));
 }
 
-TEST_F(ToggleButtonTest, ItIsASquareOf32) {
+TEST_F(ToggleButtonTest, IsASquareOf32) {
     EXPECT_EQ(toggle.sizeHint(), QSize(32, 32));
 }
 

@@ -21,7 +21,7 @@ class ViewBackgroundTest : public testing::Test {
 
     QColor at(int x, int y) { return picture(QRect(x, y, 1, 1)).pixelColor(0, 0); }
 
-    /// Whether anything is written between two heights.
+    /// Whether there is text between two heights.
     bool isWritten(int top, int bottom) {
         const QImage image = picture(QRect(90, top, 400, bottom - top));
         return !inkBounds(image, Qt::white).isEmpty();
@@ -30,7 +30,7 @@ class ViewBackgroundTest : public testing::Test {
     ViewBackground view_;
 };
 
-TEST_F(ViewBackgroundTest, TheCardLiesInTheMiddleOfTheBlue) {
+TEST_F(ViewBackgroundTest, TheCardIsCentredInTheBlue) {
     EXPECT_EQ(view_.card(), QRect(62, 43, 914, 400));
     EXPECT_THAT(at(0, 0), IsRgb(30, 115, 165));
     EXPECT_THAT(at(1037, 485), IsRgb(30, 115, 165));
@@ -66,7 +66,7 @@ TEST_F(ViewBackgroundTest, TheTextsAreBlack) {
     EXPECT_LT(darkest, 16);
 }
 
-/// Remembers what is to be translated.
+/// Records the texts to translate.
 class ListeningTranslator final : public QTranslator {
  public:
     QString translate(const char*, const char* sourceText, const char*, int) const override {
@@ -100,7 +100,7 @@ TEST_F(ViewBackgroundTest, TheTextsAreStackedDownward) {
     const int title = QFontMetrics(look::font(25)).height();
     const int heading = QFontMetrics(look::font(13, QFont::Bold)).height();
     const int body = QFontMetrics(look::font(13)).height();
-    // The feet of the texts, from the top of the panel.
+    // The bottoms of the texts, from the top of the panel.
     const int titleFoot = 100;
     const int descriptionFoot = titleFoot + body + 30;
     const int headingFoot = descriptionFoot + heading + 40;

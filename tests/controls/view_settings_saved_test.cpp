@@ -9,7 +9,7 @@
 namespace tarvin {
 namespace {
 
-TEST(ViewSettingsSaved, ItHasALineABandAndAFoot) {
+TEST(ViewSettingsSaved, HasALineABandAndAFoot) {
     ControlFixture bench;
     bench.add<ViewSettingsSaved>(QRect(20, 20, 200, 140));
     EXPECT_THAT(bench.at(20, 20), IsRgb(80, 148, 184));
@@ -23,7 +23,7 @@ TEST(ViewSettingsSaved, ItHasALineABandAndAFoot) {
     EXPECT_THAT(bench.at(21, 158.5), IsRgb(223, 223, 223));
 }
 
-TEST(ViewSettingsSaved, AClickGivesItTheKeyboard) {
+TEST(ViewSettingsSaved, AClickFocusesIt) {
     ControlFixture bench;
     auto& panel = bench.add<ViewSettingsSaved>(QRect(20, 20, 200, 140));
     QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, QPoint(60, 70));

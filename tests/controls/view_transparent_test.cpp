@@ -13,7 +13,7 @@
 namespace tarvin {
 namespace {
 
-/// Counts what of the mouse comes through to it.
+/// Counts the mouse events that reach it.
 class MouseCounter final : public QWidget {
  public:
     using QWidget::QWidget;
@@ -31,7 +31,7 @@ class MouseCounter final : public QWidget {
     int count_ = 0;
 };
 
-TEST(ViewTransparent, AClickOnItReachesNothingBeneath) {
+TEST(ViewTransparent, AClickOnItReachesNothingBelow) {
     ControlFixture bench;
     auto& button = bench.add<HoverButton>(QRect(20, 20, 100, 36));
     bench.add<ViewTransparent>(QRect(0, 0, 300, 250));
@@ -43,7 +43,7 @@ TEST(ViewTransparent, AClickOnItReachesNothingBeneath) {
     EXPECT_FALSE(button.isDown());
 }
 
-TEST(ViewTransparent, NothingOfTheMouseReachesItsParent) {
+TEST(ViewTransparent, NoMouseEventReachesItsParent) {
     ControlFixture bench;
     auto& parent = bench.add<MouseCounter>(QRect(0, 0, 300, 250));
     parent.setMouseTracking(true);
@@ -65,7 +65,7 @@ TEST(ViewTransparent, NothingOfTheMouseReachesItsParent) {
     EXPECT_GT(parent.count(), 0);
 }
 
-TEST(ViewTransparent, ItPaintsNothing) {
+TEST(ViewTransparent, PaintsNothing) {
     ControlFixture bench;
     bench.add<HoverButton>(QRect(20, 20, 100, 36));
     const QImage before = bench.picture(QRect(0, 0, 300, 250));
@@ -73,14 +73,14 @@ TEST(ViewTransparent, ItPaintsNothing) {
     EXPECT_EQ(bench.picture(QRect(0, 0, 300, 250)), before);
 }
 
-TEST(ViewTransparent, AClickGivesItTheKeyboard) {
+TEST(ViewTransparent, AClickFocusesIt) {
     ControlFixture bench;
     auto& overlay = bench.add<ViewTransparent>(QRect(0, 0, 300, 250));
     QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, QPoint(60, 40));
     EXPECT_TRUE(overlay.hasFocus());
 }
 
-TEST(ViewTransparent, NotesOfOthersAreCounted) {
+TEST(ViewTransparent, SignalsOfOthersAreCounted) {
     ViewTransparent overlay;
     ViewTransparent other;
     EXPECT_EQ(overlay.viewsOverlaidCount(), 0);
@@ -91,14 +91,14 @@ TEST(ViewTransparent, NotesOfOthersAreCounted) {
     EXPECT_EQ(overlay.viewsOverlaidCount(), 1);
 }
 
-TEST(ViewTransparent, ItsOwnNotesAreNot) {
+TEST(ViewTransparent, ItsOwnSignalsAreNotCounted) {
     ViewTransparent overlay;
     overlay.viewTransparentAddedNote(&overlay);
     overlay.viewTransparentRemovedNote(&overlay);
     EXPECT_EQ(overlay.viewsOverlaidCount(), 0);
 }
 
-TEST(ViewTransparent, NotesCarryTheOverlay) {
+TEST(ViewTransparent, SignalsCarryTheOverlay) {
     ViewTransparent overlay;
     ViewTransparent listener;
     QObject::connect(&overlay, &ViewTransparent::addedNote, &listener,

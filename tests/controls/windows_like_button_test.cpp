@@ -9,10 +9,10 @@ namespace {
 
 constexpr QRect windowsLikeButtonPlace(20, 20, 32, 32);
 
-// A dark background, so that the white edge can be told from it.
+// A dark background, to distinguish the white edge.
 const QColor background(40, 40, 40);
 
-TEST(WIndowsLikeButton, ItIsTealWithAWhiteEdgeOfTwo) {
+TEST(WIndowsLikeButton, IsTealWithAWhiteEdgeOfTwo) {
     ControlFixture bench(background);
     bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QString());
     EXPECT_THAT(bench.at(20, 30), IsRgb(255, 255, 255));
@@ -23,7 +23,7 @@ TEST(WIndowsLikeButton, ItIsTealWithAWhiteEdgeOfTwo) {
     EXPECT_THAT(bench.at(36, 51.5), IsRgb(255, 255, 255));
 }
 
-TEST(WIndowsLikeButton, ItsChevronPointsTheWayItGoes) {
+TEST(WIndowsLikeButton, ItsChevronPointsInItsDirection) {
     ControlFixture bench(background);
     bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QStringLiteral("ui/back"));
     bench.add<WIndowsLikeButton>(QRect(60, 20, 32, 32), QStringLiteral("ui/next"));
@@ -34,7 +34,7 @@ TEST(WIndowsLikeButton, ItsChevronPointsTheWayItGoes) {
     EXPECT_THAT(bench.at(73, 36), IsRgb(0, 155, 178));
 }
 
-TEST(WIndowsLikeButton, UnderThePointerItsAlphaIsSevenTenths) {
+TEST(WIndowsLikeButton, WhenHoveredItsAlphaIsSevenTenths) {
     ControlFixture bench(background);
     auto& button = bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QString());
     bench.movePointerTo(button);

@@ -15,7 +15,7 @@ namespace tarvin {
 
 namespace {
 
-/// The three lists as assistive technology finds them.
+/// The three lists as seen by assistive technology.
 class AccessibleListTest : public ShownWindow {
  protected:
     AccessibleListTest() {
@@ -48,7 +48,7 @@ class AccessibleListTest : public ShownWindow {
         box->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
     }
 
-    /// Every child says its own number, as Qt's events give it, and knows its list.
+    /// Checks that each child has the number of Qt's events and the list as its parent.
     static void expectOrder(QAbstractItemView& list) {
         QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&list);
         ASSERT_GT(told->childCount(), 0);
@@ -89,7 +89,7 @@ TEST_F(AccessibleListTest, ToggleOnABoxOfTheFilesIsAClickOnIt) {
     EXPECT_EQ(table.selectedRow(), -1);
 }
 
-TEST_F(AccessibleListTest, ToggleOnABoxOfTheLocationsTurnsIt) {
+TEST_F(AccessibleListTest, ToggleOnABoxOfTheLocationsTogglesIt) {
     window.selectTabViewItem(QStringLiteral("2"));
     toggle(cell(locations, 0, LocationTable::buttonCell));
     EXPECT_TRUE(rows.isChecked(0));
@@ -126,7 +126,7 @@ TEST_F(AccessibleListTest, NothingIsToggledUnderAPanel) {
     EXPECT_EQ(inTree.size(), 1);
 }
 
-TEST_F(AccessibleListTest, ACellOfTheKeyboardHasTheFocus) {
+TEST_F(AccessibleListTest, TheCurrentCellHasTheFocus) {
     cell(table, 2, ResultTable::nameText)
         ->actionInterface()
         ->doAction(QAccessibleActionInterface::setFocusAction());
@@ -163,7 +163,8 @@ TEST_F(AccessibleListTest, ChildrenStandInTheOrderOfQtsEvents) {
     expectOrder(tree);
     expectOrder(table);
     expectOrder(locations);
-    // A tree has titles in its first row; a table, beside that, those of rows in its first column.
+    // The first row of children are column titles; a table also has row headers in the first
+    // column.
     QAccessibleInterface* sets = QAccessible::queryAccessibleInterface(&tree);
     EXPECT_EQ(sets->childCount(), 18 * 2);
     EXPECT_EQ(sets->child(3 * 2), cell(tree, 2, 0));
@@ -207,7 +208,7 @@ TEST_F(AccessibleListTest, TheTreeCountsTheRowsThatAreShown) {
     EXPECT_TRUE(cell(tree, 0, 0)->state().collapsed);
     EXPECT_EQ(cell(tree, 1, ResultTreeView::name)->text(QAccessible::Name), QStringLiteral("png"));
     EXPECT_EQ(AccessibleList::of(tree)->cellOf(result.sets.setAt(0, 1)), nullptr);
-    // The same rows, wherever the tree is scrolled to.
+    // The same rows at any scroll position.
     tree.verticalScrollBar()->setValue(tree.verticalScrollBar()->maximum());
     ASSERT_GT(tree.verticalScrollBar()->value(), 0);
     EXPECT_EQ(sets->rowCount(), 14);
@@ -222,7 +223,7 @@ TEST_F(AccessibleListTest, TheTreeCountsTheRowsThatAreShown) {
     EXPECT_EQ(sets->rowCount(), 0);
 }
 
-TEST_F(AccessibleListTest, CellsOfRowsThatAreGoneAreNoLongerValid) {
+TEST_F(AccessibleListTest, CellsOfRemovedRowsAreInvalid) {
     QAccessibleInterface* last = cell(table, 4, ResultTable::nameText);
     QAccessibleInterface* second = cell(table, 1, ResultTable::nameText);
     const QAccessible::Id id = QAccessible::uniqueId(last);
@@ -231,7 +232,7 @@ TEST_F(AccessibleListTest, CellsOfRowsThatAreGoneAreNoLongerValid) {
     EXPECT_EQ(cell(table, 1, ResultTable::nameText), second);
     QAccessibleInterface* gone = QAccessible::accessibleInterface(id);
     EXPECT_TRUE(gone == nullptr || !gone->isValid());
-    // A row that moves up is another cell at its place.
+    // After a row has moved up, its position has another cell.
     result.files.removeRow(0);
     EXPECT_EQ(cell(table, 1, ResultTable::nameText)->text(QAccessible::Name),
               QStringLiteral("IMG_2041.jpg"));
@@ -239,7 +240,7 @@ TEST_F(AccessibleListTest, CellsOfRowsThatAreGoneAreNoLongerValid) {
               QStringLiteral("IMG_2041 copy.jpg"));
 }
 
-TEST_F(AccessibleListTest, MixedMarksAreSaid) {
+TEST_F(AccessibleListTest, MixedMarksAreDescribed) {
     EXPECT_TRUE(cell(tree, 1, ResultTreeView::check)->state().checkStateMixed);
     EXPECT_FALSE(cell(tree, 1, ResultTreeView::check)->state().checked);
     EXPECT_TRUE(cell(tree, 2, ResultTreeView::check)->state().checked);

@@ -25,7 +25,7 @@ namespace tarvin {
 
 namespace {
 
-/// What is shown after a clean-up and of putting it back, over the results.
+/// The panels after a clean-up and of putting it back, over the results.
 class CleanUpPicturesTest : public PicturesOfWindow {
  protected:
     CleanUpPicturesTest() {
@@ -46,7 +46,7 @@ class CleanUpPicturesTest : public PicturesOfWindow {
         screen.resultTable->setModel(nullptr);
     }
 
-    /// At the size of the design, and larger.
+    /// At the size of the design, and enlarged.
     void takeBoth(const QString& name) {
         take(name);
         resizeTo({1400, 900});
@@ -77,7 +77,7 @@ class CleanUpPicturesTest : public PicturesOfWindow {
     PutBackList files;
 };
 
-TEST_F(CleanUpPicturesTest, TheMenuOfMore) {
+TEST_F(CleanUpPicturesTest, TheMoreMenu) {
     window.buttonMore->click();
     ASSERT_TRUE(QTest::qWaitFor([this] { return window.moreMenu->isVisible(); }, 20000));
     take(QStringLiteral("23-more-open"));
@@ -85,14 +85,14 @@ TEST_F(CleanUpPicturesTest, TheMenuOfMore) {
     window.moreMenu->close();
 }
 
-TEST_F(CleanUpPicturesTest, AReportWithFilesThatWereLeft) {
+TEST_F(CleanUpPicturesTest, AReportWithFilesLeft) {
     window.informationWindow->setKeptLine(QStringLiteral("12 files were left where they are."));
     inform(QStringLiteral("Information"), {QStringLiteral("Duplicates Cleaned: 1394"),
                                            QStringLiteral("Space Regained: 139.54 MB ")});
     takeBoth(QStringLiteral("34-report-kept"));
 }
 
-TEST_F(CleanUpPicturesTest, TheFilesThatWereLeft) {
+TEST_F(CleanUpPicturesTest, TheFilesLeft) {
     const QString changed = QStringLiteral("Changed since the scan");
     const QString full = QStringLiteral("The Trash of this volume is full");
     reasons.setFiles(

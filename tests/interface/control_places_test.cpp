@@ -30,11 +30,11 @@ namespace tarvin {
 
 namespace {
 
-/// One control as the design has it. The classes are told by their meta object.
+/// One control in the design, its class given by its meta object.
 struct Control {
     const char* name;
     const QMetaObject& type;
-    const char* screen;  ///< the one that shows it
+    const char* screen;  ///< the screen that shows it
     QRect place;         ///< in the content of 1016 x 531
     QRect grownPlace;    ///< in a content of 1400 x 900
 };
@@ -193,7 +193,7 @@ const Control controls[] = {
 
 class ControlPlacesTest : public ShownWindow {
  protected:
-    // Qt tells a widget of its new size only while it is shown.
+    // Qt sends resize events only to visible widgets.
     ControlPlacesTest() {
         window.home->cleanHistory->show();
         window.loadingView->show();
@@ -216,7 +216,7 @@ TEST_F(ControlPlacesTest, NamesAreUsedOnce) {
     }
 }
 
-TEST_F(ControlPlacesTest, StandWhereTheyAreDrawn) {
+TEST_F(ControlPlacesTest, HaveTheGeometryOfTheDesign) {
     ASSERT_EQ(window.size(), QSize(1016, 531));
     for (const Control& expected : controls) {
         window.selectTabViewItem(QLatin1String(expected.screen));
@@ -262,7 +262,7 @@ TEST_F(ControlPlacesTest, ColumnsOfTheListFillIt) {
     EXPECT_EQ(table->columnWidth(LocationTable::buttonCell), 84);
 }
 
-TEST_F(ControlPlacesTest, RowsAreAsHighAsDrawn) {
+TEST_F(ControlPlacesTest, RowsHaveTheHeightOfTheDesign) {
     SomeLocations rows;
     rows.add(QStringLiteral("/a"), QStringLiteral("folder.png"), false);
     auto* table = control<LocationTable>("tableExact");

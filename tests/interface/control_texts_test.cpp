@@ -101,7 +101,7 @@ const Text actions[] = {
     {"unMarkAllMenu", "Unmark All"},
 };
 
-/// Controls whose accessible name is not what is written on them.
+/// Controls whose accessible name differs from their text.
 const Text otherNames[] = {
     {"buttonHomeExactPage", "Home"},
     {"buttonHomePage", "Home"},
@@ -122,14 +122,14 @@ const Text otherNames[] = {
 
 using ControlTextsTest = ShownWindow;
 
-TEST_F(ControlTextsTest, ButtonsSayWhatTheyDo) {
+TEST_F(ControlTextsTest, ButtonsHaveTheirTexts) {
     for (const Text& expected : buttons) {
         EXPECT_EQ(control<QAbstractButton>(expected.name)->text(), QLatin1String(expected.text))
             << expected.name;
     }
 }
 
-TEST_F(ControlTextsTest, LabelsSayWhatIsAsked) {
+TEST_F(ControlTextsTest, LabelsHaveTheirTexts) {
     for (const Text& expected : labels) {
         EXPECT_EQ(control<QLabel>(expected.name)->text(), QString::fromUtf8(expected.text))
             << expected.name;
@@ -142,7 +142,7 @@ TEST_F(ControlTextsTest, LabelsShowTextAsItIs) {
     }
 }
 
-TEST_F(ControlTextsTest, MenusSayWhatTheyDo) {
+TEST_F(ControlTextsTest, MenusHaveTheirTexts) {
     for (const Text& expected : actions) {
         const auto* action = window.findChild<QAction*>(QLatin1String(expected.name));
         ASSERT_NE(action, nullptr) << expected.name;
@@ -176,7 +176,7 @@ TEST_F(ControlTextsTest, AccessibleNamesAreTheVisibleTitles) {
     }
 }
 
-TEST_F(ControlTextsTest, WhateverTakesTheKeyboardHasAName) {
+TEST_F(ControlTextsTest, FocusableControlsHaveAccessibleNames) {
     int seen = 0;
     for (const auto* widget : window.findChildren<QWidget*>()) {
         if (qobject_cast<const QAbstractButton*>(widget) != nullptr ||
@@ -190,12 +190,12 @@ TEST_F(ControlTextsTest, WhateverTakesTheKeyboardHasAName) {
     EXPECT_GT(seen, 15);
 }
 
-TEST_F(ControlTextsTest, AnEmptyListSaysSo) {
+TEST_F(ControlTextsTest, AnEmptyListHasAText) {
     EXPECT_EQ(window.locations->tableExact->emptyText(),
               QStringLiteral("No locations yet. Add folders, or drop them here."));
 }
 
-TEST_F(ControlTextsTest, TheWindowHasTheProductsNameAndPicture) {
+TEST_F(ControlTextsTest, TheWindowHasTheProductsNameAndIcon) {
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Tarvin Duplicate File Remover"));
     EXPECT_FALSE(window.windowIcon().pixmap(64).isNull());
 }

@@ -8,8 +8,8 @@
 
 namespace tarvin {
 
-/// Saves a picture in the folder that TARVIN_PICTURES names, for a person to look at. Does nothing
-/// if it names none. The name may begin with a folder below that one.
+/// Saves a picture in the folder given by TARVIN_PICTURES, if set. The name may contain a
+/// subfolder.
 inline void keepPicture(const QImage& image, const QString& name) {
     const QString folder = qEnvironmentVariable("TARVIN_PICTURES");
     if (!folder.isEmpty()) {

@@ -17,7 +17,7 @@ namespace tarvin {
 
 namespace {
 
-/// Counts the rows that are asked for their text.
+/// Counts the rows whose text is read.
 class ManyRows final : public QAbstractTableModel {
  public:
     explicit ManyRows(int rows) : rows_(rows) {}
@@ -60,7 +60,7 @@ class ListPanelTest : public ShownWindow {
 
     [[nodiscard]] int columnWidth(int column) const { return panel.table->columnWidth(column); }
 
-    /// Drags the edge at the right of a column.
+    /// Drags the right edge of a column.
     void drag(int column, int by) {
         QHeaderView* header = panel.table->horizontalHeader();
         const QPoint edge(header->sectionViewportPosition(column) + header->sectionSize(column) - 1,
@@ -77,7 +77,7 @@ class ListPanelTest : public ShownWindow {
     ListPanel& panel = *window.keptWindow;
 };
 
-TEST_F(ListPanelTest, StandsWhereItIsDrawn) {
+TEST_F(ListPanelTest, HasTheGeometryOfTheDesign) {
     show();
     EXPECT_EQ(placeOf(&panel), QRect(168, 97, 680, 404));
     EXPECT_EQ(placeOf(control("keptSentence")), QRect(192, 155, 632, 18));
@@ -91,7 +91,7 @@ TEST_F(ListPanelTest, StandsWhereItIsDrawn) {
     EXPECT_EQ(columnWidth(2), 226);
 }
 
-TEST_F(ListPanelTest, SaysWhatItShows) {
+TEST_F(ListPanelTest, HasTitleAndSentence) {
     EXPECT_EQ(panel.objectName(), QStringLiteral("keptWindow"));
     EXPECT_EQ(panel.header->text(), QStringLiteral("Left Where They Are"));
     EXPECT_EQ(panel.sentence->text(),
@@ -113,7 +113,7 @@ TEST_F(ListPanelTest, TakesHalfOfWhatTheWindowGains) {
     EXPECT_EQ(columnWidth(2), 226);
 }
 
-TEST_F(ListPanelTest, KeepsTheKeyboardInsideFromCloseOn) {
+TEST_F(ListPanelTest, KeepsTheFocusInsideBeginningWithClose) {
     show();
     QStringList visited;
     for (int pressed = 0; pressed < 4; ++pressed) {
@@ -148,7 +148,7 @@ TEST_F(ListPanelTest, DrawsOnlyTheRowsInView) {
     EXPECT_LE(rows.last, 10);
 }
 
-TEST_F(ListPanelTest, DraggingAnEdgeGivesOneColumnWhatItsNeighbourLoses) {
+TEST_F(ListPanelTest, DraggingAnEdgeResizesBothNeighbours) {
     show();
     drag(0, 40);
     EXPECT_EQ(columnWidth(0), 200);
@@ -156,7 +156,7 @@ TEST_F(ListPanelTest, DraggingAnEdgeGivesOneColumnWhatItsNeighbourLoses) {
     drag(1, -30);
     EXPECT_EQ(columnWidth(1), 232 - 70);
     EXPECT_EQ(columnWidth(2), 226 + 30);
-    // No further than both can be seen.
+    // Not further than both remain visible.
     drag(0, 1000);
     EXPECT_EQ(columnWidth(1), 48);
     EXPECT_EQ(columnWidth(0) + columnWidth(1) + columnWidth(2), 618);
@@ -189,7 +189,7 @@ class KeptLineTest : public ShownWindow {
     InformationPanel& panel = *window.informationWindow;
 };
 
-TEST_F(KeptLineTest, StandsBelowTheLinesWithItsButtonBehind) {
+TEST_F(KeptLineTest, IsBelowTheLinesNextToItsButton) {
     show(QStringLiteral("12 files were left where they are."));
     EXPECT_EQ(placeOf(&panel), QRect(250, 141, 516, 190));
     const QRect line = placeOf(control("keptLine"));
@@ -211,7 +211,7 @@ TEST_F(KeptLineTest, IsNotThereIfNothingWasLeft) {
     EXPECT_EQ(window.focusWidget(), panel.scanInforOKBtn);
 }
 
-TEST_F(KeptLineTest, TheKeyboardStartsOnOkAndGoesToShow) {
+TEST_F(KeptLineTest, TheFocusBeginsOnOkAndMovesToShow) {
     show(QStringLiteral("12 files were left where they are."));
     EXPECT_EQ(window.focusWidget(), panel.scanInforOKBtn);
     QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
@@ -223,7 +223,7 @@ TEST_F(KeptLineTest, TheKeyboardStartsOnOkAndGoesToShow) {
     EXPECT_EQ(button.kind(), HoverButton::Kind::text);
 }
 
-TEST_F(KeptLineTest, TheKeyboardReturnsToTheScreenAfterTheListHasTakenItsPlace) {
+TEST_F(KeptLineTest, TheFocusReturnsToTheScreenAfterTheListReplacedIt) {
     QWidget* before = control("OView2");
     before->setFocus();
     show(QStringLiteral("12 files were left where they are."));

@@ -13,7 +13,7 @@ namespace tarvin {
 
 namespace {
 
-/// The colour of the second pixel from the left: inside a thin line, part of a wide one.
+/// The colour of the second pixel from the left: inside a thin outline, part of a wide one.
 QColor edgeOf(LocationFrame& frame) {
     const QImage image = frame.grab().toImage();
     const double density = image.devicePixelRatio();
@@ -57,7 +57,7 @@ TEST_F(LocationTableTest, ADoubleClickOpensTheRow) {
     EXPECT_EQ(opened.front().front().toModelIndex().row(), 1);
 }
 
-TEST_F(LocationTableTest, ADoubleClickOnACheckBoxTurnsItTwiceAndOpensNothing) {
+TEST_F(LocationTableTest, ADoubleClickOnACheckBoxTogglesItTwiceAndOpensNothing) {
     const QSignalSpy opened(&table, &LocationTable::rowOpened);
     const QSignalSpy turned(&rows, &QAbstractItemModel::dataChanged);
     const QPoint box = middleOf(1, LocationTable::buttonCell);
@@ -79,7 +79,7 @@ TEST_F(LocationTableTest, ADoubleClickOpensBesideTheBoxToo) {
     }
     EXPECT_EQ(opened.size(), 4);
     EXPECT_EQ(turned.size(), 0);
-    // In reach of the box it is two clicks.
+    // Within the reach of the box it is two clicks.
     doubleClick(box + QPoint(15, 0));
     EXPECT_EQ(opened.size(), 4);
     EXPECT_EQ(turned.size(), 2);
@@ -112,7 +112,7 @@ TEST_F(LocationTableTest, TheScrollBarBeginsBelowTheHeader) {
     const QScrollBar& bar = *table.verticalScrollBar();
     ASSERT_TRUE(QTest::qWaitFor([&] { return bar.isVisible(); }, 20000));
     EXPECT_EQ(bar.mapTo(&table, QPoint(0, 0)).y(), LocationTable::heightOfHeader);
-    // Its band goes on above the bar.
+    // The band of the header continues above the bar.
     EXPECT_EQ(table.grab().toImage().pixelColor(table.width() - 3, 10), QColor(233, 239, 242));
 }
 
@@ -137,7 +137,7 @@ TEST_F(LocationTableTest, ReturnOpensTheRowInsteadOfScanning) {
     EXPECT_EQ(scans.size(), 0);
 }
 
-TEST_F(LocationTableTest, ReturnScansWhileNoRowHasTheKeyboard) {
+TEST_F(LocationTableTest, ReturnScansWhileNoRowIsCurrent) {
     const QSignalSpy opened(&table, &LocationTable::rowOpened);
     const QSignalSpy scans(window.locations->findDuplicateExact, &QAbstractButton::clicked);
     table.setCurrentIndex({});
@@ -159,7 +159,7 @@ TEST_F(LocationTableTest, ReturnWithCtrlScansFromARow) {
     EXPECT_EQ(scans.size(), 1);
 }
 
-TEST_F(LocationTableTest, AnEmptyListShowsTheKeyboardRoundItself) {
+TEST_F(LocationTableTest, AnEmptyListShowsTheFocusAroundItself) {
     const auto edge = [this] { return edgeOf(*window.locations->tableFrame); };
     rows.removeRows(0, 2);
     EXPECT_EQ(edge(), QColor(255, 255, 255));
@@ -172,7 +172,7 @@ TEST_F(LocationTableTest, AnEmptyListShowsTheKeyboardRoundItself) {
     EXPECT_EQ(edge(), QColor(255, 255, 255));
 }
 
-TEST_F(LocationTableTest, SpaceTurnsTheCheckBoxOfTheRow) {
+TEST_F(LocationTableTest, SpaceTogglesTheCheckBoxOfTheRow) {
     makeCurrent(0);
     QTest::keyClick(&table, Qt::Key_Space);
     EXPECT_TRUE(rows.isChecked(0));
@@ -182,7 +182,7 @@ TEST_F(LocationTableTest, SpaceTurnsTheCheckBoxOfTheRow) {
     EXPECT_FALSE(rows.isChecked(0));
 }
 
-TEST_F(LocationTableTest, AClickOnTheCheckBoxTurnsIt) {
+TEST_F(LocationTableTest, AClickOnTheCheckBoxTogglesIt) {
     QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, middleOf(1, LocationTable::buttonCell));
 
     EXPECT_FALSE(rows.isChecked(1));
@@ -258,7 +258,7 @@ TEST_F(LocationTableTest, AnEmptyListShowsItsLine) {
     EXPECT_GT(inkInTheMiddle(), 50);
 }
 
-TEST_F(LocationTableTest, TheMenuIsToldItsRow) {
+TEST_F(LocationTableTest, TheMenuKnowsItsRow) {
     const QSignalSpy shown(window.locations->tableMenu, &QMenu::aboutToShow);
 
     Q_EMIT table.customContextMenuRequested(middleOf(1, LocationTable::mainCell));
@@ -276,7 +276,7 @@ TEST_F(LocationTableTest, ThereIsNoMenuBelowTheRows) {
     EXPECT_EQ(shown.size(), 0);
 }
 
-/// A model that says what it was asked to take.
+/// A model that records what is dropped.
 class Taking final : public QStandardItemModel {
  public:
     [[nodiscard]] bool canDropMimeData(const QMimeData*, Qt::DropAction, int, int,

@@ -29,7 +29,7 @@ TEST_F(MainWindowTest, HasTheBackgroundOfAPage) {
     EXPECT_EQ(window.palette().color(QPalette::Window), QColor(243, 246, 248));
 }
 
-TEST_F(MainWindowTest, TheLoadingOverlayLiesAboveTheResultsAndTurns) {
+TEST_F(MainWindowTest, TheLoadingOverlayCoversTheResultsAndAnimates) {
     window.selectTabViewItem(QStringLiteral("4"));
     window.tabViewMain->raise();
     window.loading().show();
@@ -62,7 +62,7 @@ TEST_F(MainWindowTest, AnUnknownScreenChangesNothing) {
     EXPECT_EQ(window.selectedTabViewItem(), QStringLiteral("2"));
 }
 
-TEST_F(MainWindowTest, ClosesWhenNobodyForbidsIt) {
+TEST_F(MainWindowTest, ClosesWithoutAClosePermission) {
     const QSignalSpy closes(&window, &MainWindow::windowWillClose);
 
     EXPECT_TRUE(window.close());
@@ -102,7 +102,7 @@ TEST_F(MainWindowTest, TheHelpMenuHangsUnderItsButtonAtTheRight) {
     window.helpMenu->close();
 }
 
-TEST_F(MainWindowTest, TheHelpMenuReportsWhatIsChosen) {
+TEST_F(MainWindowTest, TheHelpMenuReportsTheChosenItem) {
     window.popUpHelpMenu();
     const QSignalSpy about(window.aboutMenuItem, &QAction::triggered);
 
@@ -133,7 +133,7 @@ TEST_F(MainWindowTest, AMissingStartImageLeavesTheCardWhite) {
     EXPECT_EQ(image.pixelColor(image.width() - 10, 5), QColor(255, 255, 255));
 }
 
-/// A desktop with light text on dark grounds.
+/// A desktop with light text on dark backgrounds.
 QPalette darkPalette() {
     QPalette dark(QColor(40, 40, 40), QColor(20, 20, 20));
     dark.setColor(QPalette::WindowText, Qt::white);
@@ -141,7 +141,7 @@ QPalette darkPalette() {
     return dark;
 }
 
-/// How each screen looks in a window made now.
+/// Pictures of all screens of a new window.
 QVector<QImage> screensNow() {
     MainWindow window;
     window.show();

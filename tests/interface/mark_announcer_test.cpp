@@ -10,7 +10,7 @@ namespace tarvin {
 
 namespace {
 
-/// Which marks there is something to say of.
+/// Which marks are announced.
 class MarkAnnouncerTest : public ShownWindow {
  protected:
     MarkAnnouncerTest() {
@@ -49,7 +49,7 @@ class MarkAnnouncerTest : public ShownWindow {
     MarkAnnouncer inTable{table, ResultTable::ButtonCell};
 };
 
-TEST_F(MarkAnnouncerTest, OnlyMarksThatTurnedAreToldOf) {
+TEST_F(MarkAnnouncerTest, OnlyChangedMarksAreAnnounced) {
     EXPECT_EQ(allChanged(), QModelIndexList());
     setFileMark(0, Qt::Checked);
     setFileMark(1, Qt::Checked);  // as before
@@ -61,7 +61,7 @@ TEST_F(MarkAnnouncerTest, OnlyMarksThatTurnedAreToldOf) {
     EXPECT_EQ(allChanged(), QModelIndexList{box(0)});
 }
 
-TEST_F(MarkAnnouncerTest, OnlyCellsThatAreSaidToHaveChangedAreToldOf) {
+TEST_F(MarkAnnouncerTest, OnlyCellsThatTheModelChangedAreAnnounced) {
     setFileMark(1, Qt::Unchecked);
     setFileMark(2, Qt::Unchecked);
     EXPECT_EQ(inTable.takeChanged(box(2), box(4)), QModelIndexList{box(2)});
@@ -69,7 +69,7 @@ TEST_F(MarkAnnouncerTest, OnlyCellsThatAreSaidToHaveChangedAreToldOf) {
     EXPECT_EQ(inTable.takeChanged(box(1), box(1)), QModelIndexList{box(1)});
 }
 
-TEST_F(MarkAnnouncerTest, SetsAreToldFromExtensions) {
+TEST_F(MarkAnnouncerTest, SetsAndExtensionsAreDistinguished) {
     setMark(sets.setAt(0, 1), Qt::Unchecked);
     setMark(sets.extensionAt(1), Qt::Checked);
     const QModelIndex last = sets.setAt(0, 2).siblingAtColumn(ResultTreeView::name);
@@ -85,7 +85,7 @@ TEST_F(MarkAnnouncerTest, AMixedMarkIsAnotherOne) {
               QModelIndexList{sets.extensionAt(1)});
 }
 
-TEST_F(MarkAnnouncerTest, OfRowsOutOfViewOnlyThatOfTheKeyboardIsToldOf) {
+TEST_F(MarkAnnouncerTest, OfRowsOutOfViewOnlyTheCurrentOneIsAnnounced) {
     const QModelIndex far = sets.setAt(5, 1);
     const auto toldOf = [&](Qt::CheckState state) {
         setMark(far, state);
@@ -98,7 +98,7 @@ TEST_F(MarkAnnouncerTest, OfRowsOutOfViewOnlyThatOfTheKeyboardIsToldOf) {
     EXPECT_EQ(toldOf(Qt::Unchecked), QModelIndexList{far});
 }
 
-TEST_F(MarkAnnouncerTest, RowsThatAreGoneAreForgotten) {
+TEST_F(MarkAnnouncerTest, RemovedRowsAreForgotten) {
     files.removeRow(1);
     setFileMark(1, Qt::Unchecked);
     EXPECT_EQ(allChanged(), QModelIndexList{box(1)});

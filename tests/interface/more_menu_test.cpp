@@ -20,7 +20,7 @@ class MoreMenuTest : public ShownWindow {
         return QTest::qWaitFor([this] { return window.moreMenu->isVisible(); }, 20000);
     }
 
-    /// Where the menu is, in the content of the window.
+    /// The geometry of the menu in the content of the window.
     [[nodiscard]] QRect menuPlace() const {
         return {window.mapFromGlobal(window.moreMenu->pos()), window.moreMenu->size()};
     }
@@ -48,12 +48,12 @@ TEST_F(MoreMenuTest, FollowsTheRightEdge) {
     EXPECT_EQ(placeOf(window.buttonMore), QRect(895 + 384, 8, 29, 29));
 }
 
-TEST_F(MoreMenuTest, OffersWhatThereIs) {
+TEST_F(MoreMenuTest, HasItsItems) {
     ASSERT_EQ(window.moreMenu->actions().size(), 1);
     EXPECT_EQ(window.moreMenu->actions().front(), window.putBackItem);
     EXPECT_EQ(window.putBackItem->text(), QStringLiteral("Put Back Last Clean-up…"));
     EXPECT_TRUE(window.putBackItem->isEnabled());
-    // No key is shown behind it.
+    // The item shows no key.
     EXPECT_TRUE(window.putBackItem->shortcut().isEmpty());
 }
 
@@ -76,7 +76,7 @@ TEST_F(MoreMenuTest, AHeldKeyOnItsButtonOpensItOnce) {
     EXPECT_EQ(clicks.size(), 2);
 }
 
-TEST_F(MoreMenuTest, F10OpensItAndLeavesTheKeyboardOnTheButton) {
+TEST_F(MoreMenuTest, F10OpensItAndLeavesTheFocusOnTheButton) {
     for (const char* screen : {"1", "2", "4"}) {
         window.selectTabViewItem(QLatin1String(screen));
         QTest::keyClick(window.focusWidget(), Qt::Key_F10);
@@ -108,7 +108,7 @@ TEST_F(MoreMenuTest, IsDisabledWheneverHelpIs) {
     EXPECT_TRUE(window.buttonMore->isEnabled());
 }
 
-TEST_F(MoreMenuTest, ItsKeysRestWhileAPanelIsShown) {
+TEST_F(MoreMenuTest, ItsKeysAreDisabledWhileAPanelIsShown) {
     window.selectTabViewItem(QStringLiteral("2"));
     window.showAbout();
     QTest::keyClick(window.focusWidget(), Qt::Key_Z, Qt::ControlModifier);
@@ -131,7 +131,7 @@ TEST_F(MoreMenuTest, IsAButtonWithAMenuForAssistiveTechnology) {
     window.moreMenu->close();
 }
 
-TEST_F(MoreMenuTest, NoTitleLiesUnderTheButton) {
+TEST_F(MoreMenuTest, NoTitleIsBelowTheButton) {
     for (const char* name :
          {"homeScreenTitle", "locationScreenTitle", "progressTypeText", "resultScreenTitle"}) {
         auto* title = control<ElidedLabel>(name);

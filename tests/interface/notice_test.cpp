@@ -23,7 +23,7 @@ class NoticeTest : public ShownWindow {
         window.showNotice(window.confirmationView, {350, 235});
     }
 
-    /// The cursor of the window after the pointer has come over a control.
+    /// The cursor of the window after the pointer has entered a control.
     Qt::CursorShape cursorOver(const QWidget* control) {
         const QPoint place = placeOf(control).center();
         QCursor::setPos(window.mapToGlobal(place));
@@ -49,7 +49,7 @@ TEST_F(NoticeTest, NoticesAreSettingsPanels) {
     EXPECT_NE(control<ButtonSettingsSaved>("cancelNo"), nullptr);
 }
 
-TEST_F(NoticeTest, TheQuestionStandsWhereItIsDrawn) {
+TEST_F(NoticeTest, TheQuestionHasTheGeometryOfTheDesign) {
     ask();
 
     EXPECT_EQ(placeOf(window.confirmationView), QRect(350, 156, 316, 140));
@@ -60,7 +60,7 @@ TEST_F(NoticeTest, TheQuestionStandsWhereItIsDrawn) {
     EXPECT_EQ(placeOf(window.confirmationView), QRect(542, 341, 316, 140));
 }
 
-TEST_F(NoticeTest, TheNoticeOfTheListStandsInItsArea) {
+TEST_F(NoticeTest, TheNoticeOfTheListIsInItsArea) {
     window.selectTabViewItem(QStringLiteral("2"));
     window.runningAlertText->setText(QStringLiteral("File already added."));
     window.showNoticeInList(window.runningAlert, {220, 50});
@@ -70,7 +70,7 @@ TEST_F(NoticeTest, TheNoticeOfTheListStandsInItsArea) {
     EXPECT_EQ(placeOf(window.runningAlertOk), QRect(641, 287, 84, 27));
 }
 
-TEST_F(NoticeTest, TheNoticeOfClosingStandsOverTheScan) {
+TEST_F(NoticeTest, TheNoticeOfClosingIsOverTheScan) {
     window.selectTabViewItem(QStringLiteral("5"));
     window.showNotice(window.runningAlert, {275, 225});
     EXPECT_EQ(placeOf(window.runningAlert), QRect(275, 166, 466, 140));
@@ -91,7 +91,7 @@ TEST_F(NoticeTest, AnswersShowAHand) {
     EXPECT_EQ(cursorOver(window.runningAlertOk), Qt::PointingHandCursor);
 }
 
-TEST_F(NoticeTest, AnswersUnderACoverShowNoHand) {
+TEST_F(NoticeTest, AnswersBelowACoverShowNoHand) {
     QWidget panel(&window);
     window.showOver(&panel, {250, 200});
     window.showOver(&panel, {250, 200});
@@ -112,7 +112,7 @@ TEST_F(NoticeTest, ALongTextMakesTheNoticeTaller) {
     EXPECT_EQ(placeOf(window.runningAlert).bottom() + 1, 531 - 225);
 }
 
-TEST_F(NoticeTest, TheSafeAnswerHasTheKeyboard) {
+TEST_F(NoticeTest, TheSafeAnswerHasTheFocus) {
     ask();
     EXPECT_EQ(window.focusWidget(), window.cancelNo);
 }
@@ -127,7 +127,7 @@ TEST_F(NoticeTest, TabStaysInside) {
     EXPECT_EQ(window.focusWidget(), window.cancelYes);
 }
 
-TEST_F(NoticeTest, EscIsTheSafeAnswer) {
+TEST_F(NoticeTest, EscActivatesTheSafeAnswer) {
     ask();
     const QSignalSpy no(window.cancelNo, &QAbstractButton::clicked);
     const QSignalSpy yes(window.cancelYes, &QAbstractButton::clicked);
@@ -139,7 +139,7 @@ TEST_F(NoticeTest, EscIsTheSafeAnswer) {
     EXPECT_EQ(yes.size(), 0);
 }
 
-TEST_F(NoticeTest, EscIsOkWhereThatIsTheOnlyAnswer) {
+TEST_F(NoticeTest, EscActivatesAnOnlyAnswer) {
     window.showNotice(window.runningAlert, {275, 225});
     const QSignalSpy ok(window.runningAlertOk, &QAbstractButton::clicked);
 
@@ -148,7 +148,7 @@ TEST_F(NoticeTest, EscIsOkWhereThatIsTheOnlyAnswer) {
     EXPECT_EQ(ok.size(), 1);
 }
 
-TEST_F(NoticeTest, ReturnIsTheAnswerThatHasTheKeyboard) {
+TEST_F(NoticeTest, ReturnActivatesTheFocusedAnswer) {
     window.selectTabViewItem(QStringLiteral("2"));
     window.showNoticeInList(window.runningAlert, {220, 50});
     const QSignalSpy ok(window.runningAlertOk, &QAbstractButton::clicked);
@@ -160,7 +160,7 @@ TEST_F(NoticeTest, ReturnIsTheAnswerThatHasTheKeyboard) {
     EXPECT_EQ(scans.size(), 0);
 }
 
-TEST_F(NoticeTest, TheKeyboardDoesNotFollowAClickBesideIt) {
+TEST_F(NoticeTest, AClickOutsideDoesNotMoveTheFocus) {
     ask();
     const QSignalSpy clicks(window.progress->stopButton, &QAbstractButton::clicked);
 
@@ -170,7 +170,7 @@ TEST_F(NoticeTest, TheKeyboardDoesNotFollowAClickBesideIt) {
     EXPECT_EQ(window.focusWidget(), window.cancelNo);
 }
 
-TEST_F(NoticeTest, ShortcutsOfTheScreenRestMeanwhile) {
+TEST_F(NoticeTest, ShortcutsOfTheScreenAreDisabledMeanwhile) {
     ask();
     const QSignalSpy clicks(window.progress->pauseResume, &QAbstractButton::clicked);
 
@@ -182,7 +182,7 @@ TEST_F(NoticeTest, ShortcutsOfTheScreenRestMeanwhile) {
     EXPECT_EQ(clicks.size(), 1);
 }
 
-TEST_F(NoticeTest, TheKeyboardReturnsToWhereItWas) {
+TEST_F(NoticeTest, TheFocusReturnsToItsFormerControl) {
     window.selectTabViewItem(QStringLiteral("5"));
     window.progress->stopButton->setFocus();
     window.showNotice(window.confirmationView, {350, 235});
@@ -192,7 +192,7 @@ TEST_F(NoticeTest, TheKeyboardReturnsToWhereItWas) {
     EXPECT_EQ(window.focusWidget(), window.progress->stopButton);
 }
 
-TEST_F(NoticeTest, TheKeyboardBeginsAnewWhereItCannotReturn) {
+TEST_F(NoticeTest, TheFocusGoesToTheFirstControlIfItCannotReturn) {
     window.selectTabViewItem(QStringLiteral("5"));
     window.progress->stopButton->setFocus();
     window.showNotice(window.confirmationView, {350, 235});
@@ -203,7 +203,7 @@ TEST_F(NoticeTest, TheKeyboardBeginsAnewWhereItCannotReturn) {
     EXPECT_EQ(window.focusWidget(), window.progress->pauseResume);
 }
 
-TEST_F(NoticeTest, ANoticeOverAQuestionGivesTheKeyboardBackToIt) {
+TEST_F(NoticeTest, ANoticeOverAQuestionReturnsTheFocusToIt) {
     ask();
     window.showNotice(window.runningAlert, {275, 225});
     EXPECT_EQ(window.focusWidget(), window.runningAlertOk);
@@ -213,7 +213,7 @@ TEST_F(NoticeTest, ANoticeOverAQuestionGivesTheKeyboardBackToIt) {
     EXPECT_EQ(window.focusWidget(), window.cancelNo);
 }
 
-TEST_F(NoticeTest, AboutStandsInTheMiddle) {
+TEST_F(NoticeTest, AboutIsCentred) {
     window.showAbout();
 
     EXPECT_EQ(placeOf(window.windowAboutPanel), QRect(298, 120, 420, 288));

@@ -8,16 +8,16 @@
 
 namespace tarvin {
 
-/// What a widget paints from the making of this on.
+/// Records what a widget paints.
 class PaintedRegion final : public QObject {
  public:
     explicit PaintedRegion(QWidget* widget) {
-        // Whatever is still to be painted from before.
+        // Earlier paint events.
         QCoreApplication::processEvents();
         widget->installEventFilter(this);
     }
 
-    /// So far, once everything is painted that is to be.
+    /// The recorded region after processing pending events.
     QRect bounds() {
         QCoreApplication::processEvents();
         return region_.boundingRect();

@@ -41,7 +41,7 @@ bool isAnyOf(const QWidget& widget) {
     return ((qobject_cast<const Controls*>(&widget) != nullptr) || ...);
 }
 
-/// An area of a row, as it is drawn at the top left of a row, in each row that is in view.
+/// Adds an area of a cell, relative to its top left corner, for each row in view.
 void addOfRows(const QAbstractItemView& list, int column, const QRect& inCell, const QString& name,
                const QWidget& window, QVector<Part>& parts) {
     if (!list.isVisible() || list.model() == nullptr) {
@@ -86,7 +86,7 @@ QVector<Part> partsOf(const QWidget& window) {
     return parts;
 }
 
-/// The pixels of a text: those that are not of the most frequent colour.
+/// The number of pixels that are not of the most frequent colour.
 int countInk(const QImage& image, const QRect& area) {
     QHash<QRgb, int> counts;
     for (int y = area.top(); y <= area.bottom(); ++y) {

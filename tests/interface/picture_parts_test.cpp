@@ -9,7 +9,7 @@ namespace tarvin {
 
 namespace {
 
-/// What the comparison of pictures notices.
+/// Tests the comparison of pictures itself.
 class PicturePartsTest : public PicturesOfWindow {
  protected:
     PicturePartsTest() {
@@ -20,7 +20,7 @@ class PicturePartsTest : public PicturesOfWindow {
     }
     ~PicturePartsTest() override { window.locations->tableExact->setModel(nullptr); }
 
-    /// What has changed since `before`, at both device pixel ratios.
+    /// The parts that differ from `before`.
     std::string changedSince(const QImage& before) {
         return changedParts(window, rendered(before.devicePixelRatio()), before);
     }

@@ -20,7 +20,7 @@ class PicturesOfWindow : public ShownWindow {
         window.results->buttonHomePage->setImageNormal(normal, hover, normal, normal);
     }
 
-    /// The name below the folder of pictures.
+    /// The path in the folder of pictures.
     static QString nameAt(double density, const QString& name) {
         return density > 1 ? QStringLiteral("2x/") + name : name;
     }
@@ -44,7 +44,7 @@ class PicturesOfWindow : public ShownWindow {
     /// Compares both pictures with the stored ones, and with each other: where the smaller one is
     /// flat, the larger one must have the same colour.
     void take(const QString& name) {
-        // Lists lay themselves out later than their models change.
+        // Lists lay out after their models have changed.
         QCoreApplication::processEvents();
         const QImage once = at(1, name);
         const QImage twice = at(2, name);

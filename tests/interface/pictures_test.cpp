@@ -58,7 +58,7 @@ TEST_F(PicturesTest, Home) {
     take(QStringLiteral("01-home"));
 }
 
-TEST_F(PicturesTest, HomeWithTheKeyboardAndTheMenu) {
+TEST_F(PicturesTest, HomeWithTheFocusAndTheMenu) {
     window.home->homePage->setPictureName(QStringLiteral("HomePage2.png"));
     window.home->cleanHistory->hide();
     QTest::keyClick(window.focusWidget(), Qt::Key_Tab);

@@ -16,7 +16,7 @@ constexpr QSize design{1000, 500};
 
 class PlacementTest : public testing::Test {
  protected:
-    // Qt tells a widget of its new size only while it is shown.
+    // Qt sends resize events only to visible widgets.
     PlacementTest() {
         parent.resize(design);
         parent.show();
@@ -28,7 +28,7 @@ class PlacementTest : public testing::Test {
         return control;
     }
 
-    /// A control that needs `width` for its text.
+    /// A control whose text needs `width`.
     QPushButton* needing(int width, QRect drawn, Growth across) {
         auto* button = new QPushButton;
         button->setMinimumWidth(width);
@@ -40,7 +40,7 @@ class PlacementTest : public testing::Test {
     Placement placement{&parent, design, {900, 1100}};
 };
 
-TEST_F(PlacementTest, PutsControlsWhereTheyAreDrawn) {
+TEST_F(PlacementTest, GivesControlsTheGeometryOfTheDesign) {
     const QWidget* control = placed({{10, 20, 30, 40}, atEnd, inMiddle});
 
     EXPECT_EQ(control->parentWidget(), &parent);

@@ -15,7 +15,7 @@ namespace tarvin {
 
 namespace {
 
-/// A screen comes under the pointer while a person may still be clicking on the one before.
+/// A new screen appears below the pointer while the user may still be clicking.
 class PressGuardTest : public ShownWindow {
  protected:
     PressGuardTest() { QApplication::setDoubleClickInterval(longInterval); }
@@ -35,7 +35,7 @@ class PressGuardTest : public ShownWindow {
         showAndRest(QStringLiteral("2"));
     }
 
-    /// Comes to a screen and lets the time of a double click pass.
+    /// Shows a screen and waits for the duration of a double click.
     void showAndRest(const QString& identifier) {
         QApplication::setDoubleClickInterval(0);
         window.selectTabViewItem(identifier);
@@ -58,7 +58,7 @@ TEST_F(PressGuardTest, ADoubleClickOnScanDoesNotPressStop) {
     press(place);
     EXPECT_EQ(stops.size(), 0);
     EXPECT_EQ(downs.size(), 0);
-    // Nor does it get the keyboard.
+    // Nor does it get the focus.
     EXPECT_EQ(window.focusWidget(), window.progress->pauseResume);
 }
 
@@ -70,7 +70,7 @@ TEST_F(PressGuardTest, NothingOnANewScreenIsPressed) {
     QTest::mouseClick(window.progress->pauseResume, Qt::LeftButton);
     QTest::mouseDClick(window.progress->pauseResume, Qt::LeftButton);
     EXPECT_EQ(pauses.size(), 0);
-    // The keyboard is another matter.
+    // The keyboard is not affected.
     QTest::keyClick(window.windowHandle(), Qt::Key_Space);
     EXPECT_EQ(pauses.size(), 1);
 }
@@ -147,7 +147,7 @@ TEST_F(PressGuardTest, AScreenThatPassesUnseenLetsNothingThrough) {
     EXPECT_EQ(marks.size(), 0);
 }
 
-TEST_F(PressGuardTest, TheScreenOfALaunchTakesPressesAtOnce) {
+TEST_F(PressGuardTest, TheScreenOfALaunchTakesPressesImmediately) {
     MainWindow launched;
     launched.selectTabViewItem(QStringLiteral("2"));
     launched.show();

@@ -3,7 +3,7 @@
 #include <QRect>
 #include <ostream>
 
-/// How a failed test shows a place.
+/// Prints a rectangle in a failure message.
 inline void PrintTo(const QRect& rect, std::ostream* out) {
     *out << rect.x() << ',' << rect.y() << ' ' << rect.width() << 'x' << rect.height();
 }

@@ -50,7 +50,7 @@ class PutBackPanelsTest : public ShownWindow {
     PutBackReport& report = *window.putBackReport;
 };
 
-TEST_F(PutBackPanelsTest, TheQuestionStandsWhereItIsDrawn) {
+TEST_F(PutBackPanelsTest, TheQuestionHasTheGeometryOfTheDesign) {
     ask();
     EXPECT_EQ(placeOf(&question), QRect(148, 97, 720, 400));
     EXPECT_EQ(placeOf(question.putBackDate), QRect(172, 157, 400, 20));
@@ -69,7 +69,7 @@ TEST_F(PutBackPanelsTest, TheQuestionStandsWhereItIsDrawn) {
     EXPECT_EQ(placeOf(&question), QRect(148 + 96, 97 + 92, 720 + 192, 400 + 185));
 }
 
-TEST_F(PutBackPanelsTest, TheQuestionSaysWhatItIsAbout) {
+TEST_F(PutBackPanelsTest, TheQuestionHasItsTexts) {
     EXPECT_EQ(question.header->text(), QStringLiteral("Put Back Last Clean-up"));
     EXPECT_EQ(question.putBackCancel->text(), QStringLiteral("Cancel"));
     EXPECT_EQ(question.putBackOk->text(), QStringLiteral("Put Back"));
@@ -94,7 +94,7 @@ TEST_F(PutBackPanelsTest, TheQuestionStartsOnCancelIfNothingCanCome) {
     EXPECT_EQ(visited(3), QStringLiteral("putBackCancel putBackTable putBackCancel"));
 }
 
-TEST_F(PutBackPanelsTest, TheProgressStandsWhereTheDeletionDoes) {
+TEST_F(PutBackPanelsTest, TheProgressHasTheGeometryOfTheDeletion) {
     window.showOver(&progress, PutBackProgress::designPlace);
     EXPECT_EQ(placeOf(&progress), QRect(205, 114, 606, 303));
     EXPECT_EQ(placeOf(progress.putBackIndicator), QRect(381, 252, 396, 10));
@@ -115,7 +115,7 @@ TEST_F(PutBackPanelsTest, EscapeStops) {
     EXPECT_EQ(stopped.size(), 1);
 }
 
-TEST_F(PutBackPanelsTest, TheReportStandsWhereItIsDrawn) {
+TEST_F(PutBackPanelsTest, TheReportHasTheGeometryOfTheDesign) {
     window.showOver(&report, PutBackReport::designPlace);
     EXPECT_EQ(placeOf(&report), QRect(173, 97, 670, 366));
     EXPECT_EQ(placeOf(control("putBackReportImage")), QRect(197, 157, 96, 96));

@@ -13,7 +13,7 @@ namespace tarvin {
 
 namespace {
 
-/// Many extensions with as many sets each, of which nothing is stored. Counts what it is asked.
+/// A model of many extensions with as many sets each, computed on the fly. Counts its calls.
 class ManySets final : public QAbstractItemModel {
  public:
     ManySets(int extensions, int setsOfEach) : extensions_(extensions), sets_(setsOfEach) {}
@@ -54,12 +54,12 @@ class ManySets final : public QAbstractItemModel {
         const Qt::ItemFlags flags = QAbstractItemModel::flags(index);
         return index.internalId() == 0 ? flags : flags | Qt::ItemNeverHasChildren;
     }
-    /// All marks of one extension became others.
+    /// Emits that all marks of one extension have changed.
     void announce(int extension) {
         const QModelIndex above = index(extension, 0);
         Q_EMIT dataChanged(index(0, 0, above), index(sets_ - 1, 1, above));
     }
-    /// All marks became others.
+    /// Emits that all marks have changed.
     void announceAll() {
         Q_EMIT dataChanged(index(0, 0), index(extensions_ - 1, 1));
         for (int extension = 0; extension < extensions_; ++extension) {
@@ -67,14 +67,14 @@ class ManySets final : public QAbstractItemModel {
         }
     }
 
-    mutable std::set<std::pair<int, int>> asked;  ///< rows whose contents were asked for
+    mutable std::set<std::pair<int, int>> asked;  ///< rows whose contents were read
 
  private:
     int extensions_;
     int sets_;
 };
 
-/// A set of very many files, of which nothing is stored. Counts what it is asked.
+/// A model of a set of very many files, computed on the fly. Counts its calls.
 class ManyFiles final : public QAbstractTableModel {
  public:
     explicit ManyFiles(int rows) : rows_(rows) {}
@@ -114,7 +114,7 @@ class ResultListsSizeTest : public ShownWindow {
     ResultTable& table = *window.results->resultTable;
 };
 
-/// How many extensions share 200,000 sets.
+/// The number of extensions that share 200,000 sets.
 class TreeSizeTest : public ResultListsSizeTest, public testing::WithParamInterface<int> {
  protected:
     TreeSizeTest() : sets(GetParam(), 200000 / GetParam()) {
@@ -144,7 +144,7 @@ TEST_P(TreeSizeTest, OnlyRowsInViewAreAskedFor) {
     }
 }
 
-TEST_P(TreeSizeTest, MarkingAllAsksForTheRowsInViewAlone) {
+TEST_P(TreeSizeTest, MarkingAllReadsOnlyTheRowsInView) {
     paint();
     sets.asked.clear();
     sets.announceAll();
@@ -152,8 +152,8 @@ TEST_P(TreeSizeTest, MarkingAllAsksForTheRowsInViewAlone) {
     EXPECT_LE(sets.asked.size(), rowsInView);
 }
 
-/// Also while they are hidden, which a view would have to search for.
-TEST_P(TreeSizeTest, MarkingAllTakesNoLongerWhereSetsAreHidden) {
+/// Also while they are collapsed, which a view would have to search.
+TEST_P(TreeSizeTest, MarkingAllTakesNoLongerWithHiddenSets) {
     const auto seconds = [this] {
         paint();
         const std::clock_t begin = std::clock();
@@ -165,7 +165,7 @@ TEST_P(TreeSizeTest, MarkingAllTakesNoLongerWhereSetsAreHidden) {
     EXPECT_LT(seconds(), 5);
 }
 
-TEST_P(TreeSizeTest, ALetterAsksForExtensionsAlone) {
+TEST_P(TreeSizeTest, ALetterReadsOnlyExtensions) {
     tree.selectSet(sets.index(0, 0, sets.index(0, 0)));
     paint();
     sets.asked.clear();
@@ -176,7 +176,7 @@ TEST_P(TreeSizeTest, ALetterAsksForExtensionsAlone) {
     EXPECT_EQ(sets.asked.size(), static_cast<std::size_t>(GetParam()));
 }
 
-TEST_P(TreeSizeTest, OneMarkAsksForItsRowAlone) {
+TEST_P(TreeSizeTest, OneMarkReadsOnlyItsRow) {
     paint();
     QCoreApplication::processEvents();
     sets.asked.clear();

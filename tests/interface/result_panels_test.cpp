@@ -37,7 +37,7 @@ class ResultPanelsTest : public ShownWindow {
     [[nodiscard]] QVector<ViewTransparent*> covers() const {
         return window.findChildren<ViewTransparent*>();
     }
-    /// What is under the mouse at a place of the window.
+    /// The widget at a point of the window.
     [[nodiscard]] QWidget* under(const QPoint& place) const { return window.childAt(place); }
 
     void inform(const QStringList& lines) {
@@ -63,7 +63,7 @@ TEST_F(ResultPanelsTest, AreHiddenAtFirst) {
     EXPECT_TRUE(covers().isEmpty());
 }
 
-TEST_F(ResultPanelsTest, TheInformationStandsWhereItIsDrawn) {
+TEST_F(ResultPanelsTest, TheInformationHasTheGeometryOfTheDesign) {
     inform(
         {QStringLiteral("Media: 13"), QStringLiteral("Documents: 3"), QStringLiteral("Others: 3")});
     EXPECT_EQ(placeOf(&information), QRect(250, 141, 516, 190));
@@ -77,7 +77,7 @@ TEST_F(ResultPanelsTest, TheInformationStandsWhereItIsDrawn) {
     EXPECT_EQ(placeOf(&information), QRect(442, 326, 516, 190));
 }
 
-TEST_F(ResultPanelsTest, AnEmptyLineTakesNoRoomAndTheFirstMayHoldTwo) {
+TEST_F(ResultPanelsTest, AnEmptyLineTakesNoSpaceAndTheFirstMayHoldTwo) {
     inform({QStringLiteral("\nSuccessfully added 12 files to exceptions."), QString(),
             QStringLiteral("last")});
     EXPECT_EQ(information.scanInfoCount->height(), 48);
@@ -107,7 +107,7 @@ TEST_F(ResultPanelsTest, ALongTextMakesThePanelTaller) {
               exception.exceptionTextField->height());
 }
 
-TEST_F(ResultPanelsTest, AMissingPictureLeavesItsPlaceEmpty) {
+TEST_F(ResultPanelsTest, AMissingImageLeavesItsAreaEmpty) {
     information.scanInfoImage->setPictureName(QStringLiteral("nowhere"));
     inform({QStringLiteral("one")});
     const QImage image = information.grab().toImage();
@@ -117,7 +117,7 @@ TEST_F(ResultPanelsTest, AMissingPictureLeavesItsPlaceEmpty) {
     EXPECT_NE(information.grab().toImage(), image);
 }
 
-TEST_F(ResultPanelsTest, TheExceptionQuestionStandsWhereItIsDrawn) {
+TEST_F(ResultPanelsTest, TheExceptionQuestionHasTheGeometryOfTheDesign) {
     window.showOver(&exception, {300, 200});
     EXPECT_EQ(placeOf(&exception), QRect(300, 141, 416, 190));
     EXPECT_EQ(placeOf(exception.exceptionTextField), QRect(324, 203, 368, 66));
@@ -125,7 +125,7 @@ TEST_F(ResultPanelsTest, TheExceptionQuestionStandsWhereItIsDrawn) {
     EXPECT_EQ(placeOf(exception.excOKBtn), QRect(588, 281, 104, 34));
 }
 
-TEST_F(ResultPanelsTest, TheDeletionStandsWhereItIsDrawn) {
+TEST_F(ResultPanelsTest, TheDeletionHasTheGeometryOfTheDesign) {
     window.showOver(&deletion, {205, 114});
     EXPECT_EQ(placeOf(&deletion), QRect(205, 114, 606, 303));
     EXPECT_EQ(placeOf(deletion.deletionIndicator), QRect(381, 252, 396, 10));
@@ -136,13 +136,13 @@ TEST_F(ResultPanelsTest, TheDeletionStandsWhereItIsDrawn) {
     EXPECT_EQ(placeOf(deletion.deletionStatus).left(), 205 + 176);
 }
 
-TEST_F(ResultPanelsTest, TheAlternativeNoticeStandsWhereItIsDrawn) {
+TEST_F(ResultPanelsTest, TheAlternativeNoticeHasTheGeometryOfTheDesign) {
     window.showOver(window.allCheckAlertView, {275, 225});
     EXPECT_EQ(placeOf(window.allCheckAlertView), QRect(275, 166, 466, 140));
     EXPECT_EQ(window.focusWidget(), window.allCheckOk);
 }
 
-TEST_F(ResultPanelsTest, ACoverLiesOverEverythingAndGrows) {
+TEST_F(ResultPanelsTest, ACoverCoversEverythingAndGrows) {
     window.showOver(&information, {250, 200});
     ASSERT_EQ(covers().size(), 1);
     EXPECT_EQ(covers().front()->geometry(), QRect(0, 0, 1016, 531));
@@ -187,7 +187,7 @@ TEST_F(ResultPanelsTest, CoversAreTakenAwayAllOrTheFirst) {
     window.showOver(&information, {250, 200});
     const QVector<ViewTransparent*> three = covers();
     ASSERT_EQ(three.size(), 3);
-    // The first knows of the two that came over it.
+    // The first one counts the two added after it.
     EXPECT_EQ(three[0]->viewsOverlaidCount() + three[1]->viewsOverlaidCount() +
                   three[2]->viewsOverlaidCount(),
               3);
@@ -205,7 +205,7 @@ TEST_F(ResultPanelsTest, CoversAreTakenAwayAllOrTheFirst) {
     EXPECT_TRUE(covers().isEmpty());
 }
 
-TEST_F(ResultPanelsTest, ACoverThatGoesTellsTheOthers) {
+TEST_F(ResultPanelsTest, ARemovedCoverNotifiesTheOthers) {
     window.showOver(&deletion, {205, 114});
     ViewTransparent* first = covers().front();
     window.showOver(&information, {250, 200});
@@ -224,7 +224,7 @@ TEST_F(ResultPanelsTest, TheScreenWorksAgainWithoutCovers) {
     EXPECT_EQ(marked.size(), 1);
 }
 
-TEST_F(ResultPanelsTest, TheAnswerHasTheKeyboardAndTabStaysInside) {
+TEST_F(ResultPanelsTest, TheAnswerHasTheFocusAndTabStaysInside) {
     window.showOver(&exception, {300, 200});
     EXPECT_EQ(window.focusWidget(), exception.excOKBtn);
     QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
@@ -235,7 +235,7 @@ TEST_F(ResultPanelsTest, TheAnswerHasTheKeyboardAndTabStaysInside) {
     EXPECT_EQ(window.focusWidget(), exception.excCancelBtn);
 }
 
-TEST_F(ResultPanelsTest, EscIsTheSafeAnswer) {
+TEST_F(ResultPanelsTest, EscActivatesTheSafeAnswer) {
     const QSignalSpy ok(exception.excOKBtn, &QAbstractButton::clicked);
     const QSignalSpy cancel(exception.excCancelBtn, &QAbstractButton::clicked);
     window.showOver(&exception, {300, 200});
@@ -277,13 +277,13 @@ TEST_F(ResultPanelsTest, PauseAndStopHaveTheirKeysWhileADeletionRuns) {
     EXPECT_EQ(paused.size(), 1);
 }
 
-TEST_F(ResultPanelsTest, TheKeyboardStaysInsideWhenAButtonIsDisabled) {
+TEST_F(ResultPanelsTest, TheFocusStaysInsideWhenAButtonIsDisabled) {
     window.showOver(&deletion, {205, 114});
     deletion.pauseResumeBtn->setEnabled(false);
     EXPECT_EQ(window.focusWidget(), deletion.stopDeleteBtn);
 }
 
-TEST_F(ResultPanelsTest, ShortcutsOfTheScreenRestMeanwhile) {
+TEST_F(ResultPanelsTest, ShortcutsOfTheScreenAreDisabledMeanwhile) {
     const QSignalSpy marked(screen.markAll, &QAbstractButton::clicked);
     const QSignalSpy chosen(screen.imageButton, &QAbstractButton::clicked);
     const QSignalSpy deleted(screen.finishButton, &QAbstractButton::clicked);
@@ -303,14 +303,14 @@ TEST_F(ResultPanelsTest, ShortcutsOfTheScreenRestMeanwhile) {
     EXPECT_EQ(deleted.size(), 1);
 }
 
-TEST_F(ResultPanelsTest, TheKeyboardReturnsToTheTree) {
+TEST_F(ResultPanelsTest, TheFocusReturnsToTheTree) {
     screen.OView2->setFocus();
     window.showOver(&information, {250, 200});
     information.hide();
     EXPECT_EQ(window.focusWidget(), screen.OView2);
 }
 
-TEST_F(ResultPanelsTest, TheKeyboardIsInTheListAgainAfterADeletion) {
+TEST_F(ResultPanelsTest, TheFocusIsInTheListAgainAfterADeletion) {
     ASSERT_TRUE(screen.resultTable->hasFocus());
     screen.buttonHomePage->hide();
     window.showOver(&deletion, {205, 114});

@@ -96,7 +96,7 @@ TEST_F(ResultPicturesTest, AllTab) {
     take(QStringLiteral("11-results"));
 }
 
-/// Choosing a view clears all marks.
+/// Selecting a view clears all marks.
 TEST_F(ResultPicturesTest, ImageTab) {
     show(false);
     screen.removeExceptionBtn->setEnabled(false);
@@ -112,7 +112,7 @@ TEST_F(ResultPicturesTest, ImageTab) {
     take(QStringLiteral("12-results-image-tab"));
 }
 
-TEST_F(ResultPicturesTest, TheKeyboardInTheTree) {
+TEST_F(ResultPicturesTest, TheFocusInTheTree) {
     show(true);
     QTest::keyClick(screen.resultTable, Qt::Key_Backtab);
     for (int step = 0; step < 3; ++step) {
@@ -140,7 +140,7 @@ TEST_F(ResultPicturesTest, NothingFound) {
     screen.resultTable->setModel(nullptr);
 }
 
-TEST_F(ResultPicturesTest, ListsThatOpen) {
+TEST_F(ResultPicturesTest, OpenedLists) {
     show(true);
     const auto keep = [](QWidget* opened, const QString& name) {
         ASSERT_TRUE(QTest::qWaitForWindowExposed(opened, 20000));

@@ -100,7 +100,7 @@ TEST_F(ResultScreenTest, OneDeleteButtonIsShown) {
     EXPECT_DOUBLE_EQ(screen.finishButton->disabledOpacity(), 0.6);
 }
 
-TEST_F(ResultScreenTest, TheTableTakesItsFrameWithIt) {
+TEST_F(ResultScreenTest, TheTableHidesAndShowsItsFrame) {
     auto* frame = control("resultTableFrame");
     screen.resultTable->hide();
     EXPECT_FALSE(frame->isVisible());
@@ -129,7 +129,7 @@ class KeyboardRingTest : public ResultScreenTest {
     }
 };
 
-TEST_F(KeyboardRingTest, AnEmptyListShowsTheKeyboardRoundItself) {
+TEST_F(KeyboardRingTest, AnEmptyListShowsTheFocusAroundItself) {
     EXPECT_EQ(ringsShown(), 0);
     QTest::keyClick(screen.resultTable, Qt::Key_Backtab);
     ASSERT_EQ(window.focusWidget(), screen.OView2);
@@ -143,7 +143,7 @@ TEST_F(KeyboardRingTest, AnEmptyListShowsTheKeyboardRoundItself) {
     screen.OView2->setModel(nullptr);
 }
 
-TEST_F(KeyboardRingTest, TheTextShowsTheKeyboardRoundItself) {
+TEST_F(KeyboardRingTest, TheTextShowsTheFocusAroundItself) {
     screen.textField->setFocus(Qt::TabFocusReason);
     EXPECT_EQ(ringsShown(), 1);
     screen.markAll->setFocus(Qt::MouseFocusReason);
@@ -173,7 +173,7 @@ TEST_F(ImageViewTest, ShowsNothingAtFirstAndAgainAfterANullImage) {
     EXPECT_EQ(at(127, 95), QColor(255, 255, 255));
 }
 
-TEST_F(ImageViewTest, FillsItsPlaceWithAPictureOfItsProportions) {
+TEST_F(ImageViewTest, FillsItsAreaWithAnImageOfItsAspectRatio) {
     screen.imView->setImage(plain({640, 480}));
     EXPECT_EQ(at(1, 1), QColor(Qt::magenta));
     EXPECT_EQ(at(252, 189), QColor(Qt::magenta));
@@ -191,7 +191,7 @@ TEST_F(ImageViewTest, KeepsTheProportionsOfOthers) {
     EXPECT_EQ(at(224, 95), QColor(255, 255, 255));
 }
 
-TEST_F(ImageViewTest, ShowsAVeryThinPictureAsALine) {
+TEST_F(ImageViewTest, ShowsAVeryThinImageAsALine) {
     screen.imView->setImage(plain({640, 1}));
     EXPECT_EQ(at(127, 50), QColor(255, 255, 255));
     EXPECT_EQ(at(1, 95), QColor(Qt::magenta));

@@ -76,7 +76,7 @@ TEST_F(ResultTableTest, AClickOnABoxEndsInTheBoxWhereItBegan) {
     EXPECT_EQ(clicked.size(), 0);
 }
 
-TEST_F(ResultTableTest, ARowThatGoesUnderThePressedMouseReportsNothing) {
+TEST_F(ResultTableTest, ARowRemovedDuringAPressReportsNothing) {
     const QSignalSpy clicked(&table, &ResultTable::tableCheckBoxClicked);
     const QPoint box = middleOf(0, ResultTable::ButtonCell);
     QTest::mousePress(table.viewport(), Qt::LeftButton, {}, box);
@@ -198,7 +198,7 @@ TEST_F(ResultTableTest, TheLocationGivesWayToAScrollBar) {
     EXPECT_EQ(table.columnWidth(ResultTable::nameText), 165);
     EXPECT_EQ(table.columnWidth(ResultTable::fileLocation),
               256 - table.verticalScrollBar()->width());
-    // The bar begins below the header, whose band goes on above it.
+    // The bar begins below the header, whose band continues above it.
     const int top = table.verticalScrollBar()->mapTo(&table, QPoint(0, 0)).y();
     EXPECT_EQ(top, ResultTable::heightOfHeader);
     EXPECT_EQ(table.grab().toImage().pixelColor(table.width() - 3, 10), QColor(233, 239, 242));
@@ -237,7 +237,7 @@ TEST_F(ResultTableTest, MarksLeaveTheCurrentRowAndThePlace) {
     EXPECT_EQ(table.currentIndex().row(), 30);
 }
 
-/// A file name that is meant to confuse: a line break, markup, Hebrew and a byte that is no text.
+/// A confusing file name: a line break, markup, Hebrew and an invalid byte.
 const QString hostile = QStringLiteral("a\nb<b>c</b>\u05D0\u05D1\u05D2\uFFFD");
 const QString longHostile = hostile + QString(60, QLatin1Char('m'));
 
@@ -280,14 +280,14 @@ TEST_F(ResultTableTipTest, ALongTextIsShownInFullLetterForLetter) {
     EXPECT_EQ(QToolTip::text(), QStringLiteral("/Users/me/Documents/Blog/2023/08/header"));
 }
 
-TEST_F(ResultTableTipTest, TheModelsOwnTipComesFirst) {
+TEST_F(ResultTableTipTest, TheModelsOwnTipIsPreferred) {
     files.setData(files.index(3, ResultTable::fileLocation), QStringLiteral("/whole/path"),
                   Qt::ToolTipRole);
     ask(3, ResultTable::fileLocation);
     EXPECT_EQ(QToolTip::text(), QStringLiteral("/whole/path"));
 }
 
-TEST_F(ResultTableTipTest, WhatFitsAndABoxHaveNoTip) {
+TEST_F(ResultTableTipTest, FittingTextsAndBoxesHaveNoTip) {
     ask(3, ResultTable::fileLocation);
     ask(0, ResultTable::nameText);
     EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 20000));

@@ -115,7 +115,7 @@ TEST_F(ResultTreeViewTest, AskedBeforeTheSelectionChanges) {
                                  QStringLiteral("Set(4) while Set(4)")}));
 }
 
-TEST_F(ResultTreeViewTest, ADoubleClickAsksOnce) {
+TEST_F(ResultTreeViewTest, ADoubleClickRequestsTheSetOnce) {
     const QSignalSpy asked(&tree, &ResultTreeView::selectionShouldChange);
     doubleClick(nameOf(sets.setAt(0, 1)));
     EXPECT_EQ(asked.size(), 1);
@@ -269,7 +269,7 @@ TEST_F(ResultTreeViewTest, TheChevronAndADoubleClickOnTheNameCollapse) {
     EXPECT_EQ(clicked.size(), 0);
 }
 
-TEST_F(ResultTreeViewTest, ARowThatGoesUnderThePressedMouseReportsNothing) {
+TEST_F(ResultTreeViewTest, ARowRemovedDuringAPressReportsNothing) {
     const QSignalSpy clicked(&tree, &ResultTreeView::checkBoxClicked);
     const QPoint box = boxOf(sets.setAt(0, 0));
     QTest::mousePress(tree.viewport(), Qt::LeftButton, {}, box);
@@ -278,7 +278,7 @@ TEST_F(ResultTreeViewTest, ARowThatGoesUnderThePressedMouseReportsNothing) {
     EXPECT_EQ(clicked.size(), 0);
 }
 
-TEST_F(ResultTreeViewTest, SelectSetShowsItAndAsksNobody) {
+TEST_F(ResultTreeViewTest, SelectSetScrollsToItAndEmitsNothing) {
     const QSignalSpy asked(&tree, &ResultTreeView::selectionShouldChange);
     tree.selectSet(sets.setAt(5, 1));
     EXPECT_EQ(tree.selectedSet(), sets.setAt(5, 1));
@@ -340,7 +340,7 @@ TEST_F(ResultTreeViewTest, AMarkInAnExtensionThatIsCollapsedRepaintsNothing) {
     EXPECT_TRUE(painted.bounds().isEmpty());
 }
 
-TEST_F(ResultTreeViewTest, TheLastRowInViewIsRepaintedWhereverTheTreeStands) {
+TEST_F(ResultTreeViewTest, TheLastRowInViewIsRepaintedAtEveryScrollPosition) {
     for (int place = 0; place < ResultTreeView::heightOfRows; ++place) {
         tree.verticalScrollBar()->setValue(place);
         const int bottom = tree.viewport()->height() - 1;
@@ -372,14 +372,14 @@ TEST_F(ResultTreeViewTest, TheRingMovesByRepaintingTwoRows) {
               QRect(0, top, tree.viewport()->width(), 2 * ResultTreeView::heightOfRows));
 }
 
-TEST_F(ResultTreeViewTest, RowsAreAsHighAsDrawn) {
+TEST_F(ResultTreeViewTest, RowsHaveTheHeightOfTheDesign) {
     EXPECT_EQ(tree.visualRect(sets.extensionAt(0)).height(), 26);
     EXPECT_EQ(tree.visualRect(sets.setAt(0, 0)).top() - tree.visualRect(sets.extensionAt(0)).top(),
               26);
     EXPECT_EQ(tree.header()->height(), 25);
 }
 
-TEST_F(ResultTreeViewTest, BoxesAndNamesStandWhereTheyAreDrawn) {
+TEST_F(ResultTreeViewTest, BoxesAndNamesHaveTheGeometryOfTheDesign) {
     // In the content of the window; the tree's rows begin at 13, 125.
     const QPoint first = tree.viewport()->mapTo(&window, QPoint(0, 0));
     EXPECT_EQ(first, QPoint(13, 125));
@@ -403,11 +403,11 @@ TEST_F(ResultTreeViewTest, EachStateIsPainted) {
     EXPECT_EQ(off.pixelColor(off.rect().center()), QColor(255, 255, 255));
 }
 
-/// A file name that is meant to confuse: a line break, markup, Hebrew and a byte that is no text.
+/// A confusing file name: a line break, markup, Hebrew and an invalid byte.
 const QString hostileName = QStringLiteral("a\nb<b>c</b>\u05D0\u05D1\u05D2\uFFFD");
 
 TEST_F(ResultTreeViewTest, AHostileNameStaysOnItsLine) {
-    // As much as there is room for.
+    // As far as there is room.
     const QString name = QStringLiteral("a\n<b>\u05D0\u05D1\u05D2\uFFFD");
     const auto write = [this](int set, const QString& text) {
         sets.setData(sets.index(set, ResultTreeView::name, sets.extensionAt(0)), text);
@@ -443,7 +443,7 @@ TEST_F(ResultTreeViewTest, ALongNameIsShownInFullLetterForLetter) {
     EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 20000));
 }
 
-TEST_F(ResultTreeViewTest, TheMenuComesOnARowOnly) {
+TEST_F(ResultTreeViewTest, TheMenuOpensOnlyOnARow) {
     QMenu& menu = *window.results->outlineMenu;
     Q_EMIT tree.customContextMenuRequested(nameOf(sets.setAt(0, 0)));
     EXPECT_TRUE(menu.isVisible());

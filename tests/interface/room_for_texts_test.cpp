@@ -34,7 +34,7 @@ namespace tarvin {
 
 namespace {
 
-/// The width of a title in the font that its button paints it with.
+/// The width of a title in its button's font.
 int titleWidth(const QAbstractButton& button) {
     QFont font = look::font(13);
     if (const auto* hover = qobject_cast<const HoverButton*>(&button)) {
@@ -44,7 +44,7 @@ int titleWidth(const QAbstractButton& button) {
     return QFontMetrics(font).horizontalAdvance(button.text());
 }
 
-/// Whether the whole text of a control is to be seen in it.
+/// Whether the whole text of a control is visible.
 bool hasRoom(const QWidget& widget) {
     if (const auto* block = qobject_cast<const TextBlock*>(&widget)) {
         return block->text().isEmpty() || block->heightForWidth(block->width()) <= block->height();
@@ -55,7 +55,7 @@ bool hasRoom(const QWidget& widget) {
     }
     if (qobject_cast<const TabButton*>(&widget) != nullptr ||
         qobject_cast<const PopUpButton*>(&widget) != nullptr) {
-        // Their padding may be spared.
+        // Buttons may give up padding.
         constexpr int padding = 10;
         return widget.sizeHint().width() - padding <= widget.width();
     }
@@ -105,7 +105,7 @@ class RoomForTextsTest : public testing::TestWithParam<const char*> {
         expectApart(where);
     }
 
-    /// The home panel and its picture are wider than the window on purpose.
+    /// The home panel and its image are intentionally wider than the window.
     void expectInside(const QWidget& widget, const char* where) const {
         if (widget.objectName() == QLatin1String("viewBackground") ||
             widget.objectName() == QLatin1String("panelShadow")) {
@@ -115,7 +115,7 @@ class RoomForTextsTest : public testing::TestWithParam<const char*> {
             << where << ": " << qPrintable(widget.objectName()) << " leaves its parent";
     }
 
-    /// Buttons of one parent do not lie on one another.
+    /// Checks that buttons of one parent do not overlap.
     void expectApart(const char* where) const {
         QVector<const QAbstractButton*> shown;
         for (const auto* button : window->findChildren<QAbstractButton*>()) {
@@ -356,8 +356,7 @@ TEST(TranslationTest, GermanIsSpokenWhereItIsAskedFor) {
     QCoreApplication::removeTranslator(translator.get());
 }
 
-/// The texts of a translation file, each with its context; those that are translated only, if
-/// asked.
+/// The texts of a translation file with their contexts, optionally only translated ones.
 QStringList textsOf(const QString& name, bool translated) {
     QFile file(QStringLiteral(TARVIN_TRANSLATIONS "/") + name);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(file.fileName());

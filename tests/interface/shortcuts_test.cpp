@@ -47,13 +47,13 @@ const Shortcut shortcuts[] = {
 
 class ShortcutsTest : public ShownWindow {
  protected:
-    /// Presses the keys where the keyboard is.
+    /// Presses the keys in the focused widget.
     void press(const Shortcut& shortcut) {
         QWidget* holder = window.focusWidget() == nullptr ? &window : window.focusWidget();
         QTest::keyClick(holder, shortcut.key, shortcut.modifiers);
     }
 
-    /// Holds the keys down where the focus is: the keyboard repeats them twice.
+    /// Holds the keys down in the focused widget: the keyboard repeats them twice.
     void holdDown(Qt::Key key, Qt::KeyboardModifiers modifiers) {
         QWidget* holder = window.focusWidget() == nullptr ? &window : window.focusWidget();
         for (const bool repeated : {false, true, true}) {
@@ -126,7 +126,7 @@ TEST_F(ShortcutsTest, BelongToTheirScreen) {
     }
 }
 
-TEST_F(ShortcutsTest, WorkWithTheKeyboardOnTheBarOrNowhere) {
+TEST_F(ShortcutsTest, WorkWithTheFocusInTheBarOrNowhere) {
     window.selectTabViewItem(QStringLiteral("2"));
     const QSignalSpy clicks(window.locations->addFolders, &QAbstractButton::clicked);
 
@@ -138,7 +138,7 @@ TEST_F(ShortcutsTest, WorkWithTheKeyboardOnTheBarOrNowhere) {
     EXPECT_EQ(clicks.size(), 2);
 }
 
-TEST_F(ShortcutsTest, F1AsksForTheGuideOnEveryScreen) {
+TEST_F(ShortcutsTest, F1RequestsTheGuideOnEveryScreen) {
     const QSignalSpy asked(window.helpMenuItem, &QAction::triggered);
     for (const char* screen : {"1", "2", "5", "4"}) {
         window.selectTabViewItem(QLatin1String(screen));
@@ -147,7 +147,7 @@ TEST_F(ShortcutsTest, F1AsksForTheGuideOnEveryScreen) {
     EXPECT_EQ(asked.size(), 4);
 }
 
-TEST_F(ShortcutsTest, ReturnPressesTheButtonThatHasTheKeyboard) {
+TEST_F(ShortcutsTest, ReturnActivatesTheFocusedButton) {
     window.selectTabViewItem(QStringLiteral("2"));
     const QSignalSpy scans(window.locations->findDuplicateExact, &QAbstractButton::clicked);
     const QSignalSpy added(window.locations->addFolders, &QAbstractButton::clicked);

@@ -16,16 +16,16 @@
 
 namespace tarvin {
 
-/// A main window that is shown and active, for tests of what a person sees and does.
+/// A visible, active main window, for tests of user interaction.
 class ShownWindow : public testing::Test {
  protected:
     ShownWindow() {
-        // Nothing is to be under the pointer by chance.
+        // Nothing must be hovered by chance.
         QCursor::setPos(-100, -100);
-        // Tests click sooner after a change of screens than a person does.
+        // Tests click sooner after a change of screens than users.
         QApplication::setDoubleClickInterval(0);
         window.show();
-        // Whatever a slow machine takes, up to a limit; a window that never comes fails the test.
+        // Long, for slow machines.
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&window, 20000));
         window.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window, 20000));
@@ -33,7 +33,7 @@ class ShownWindow : public testing::Test {
 
     ~ShownWindow() override { QApplication::setDoubleClickInterval(usualInterval_); }
 
-    /// The control with this object name; fails the test and gives none if there is none.
+    /// Returns the control with this object name, or fails the test and returns nullptr.
     template <class Control = QWidget>
     Control* control(const char* name) {
         auto* found = window.findChild<Control*>(QLatin1String(name));
@@ -41,19 +41,19 @@ class ShownWindow : public testing::Test {
         return found;
     }
 
-    /// Where a control stands in the content of the window.
+    /// The geometry of a control in the content of the window.
     [[nodiscard]] QRect placeOf(const QWidget* widget) const {
         return {widget->mapTo(&window, QPoint(0, 0)), widget->size()};
     }
 
-    /// Gives the window another size and waits until it has it.
+    /// Resizes the window and waits for it.
     void resizeTo(const QSize& size) {
         window.resize(size);
         ASSERT_TRUE(QTest::qWaitFor([&] { return window.size() == size; }, 20000));
         QCoreApplication::sendPostedEvents();
     }
 
-    /// A key that is held down: pressed, repeated by the keyboard twice, and let go.
+    /// Holds a key down: a press, two repetitions by the keyboard, and a release.
     static void hold(QWidget& control, int key) {
         for (const bool repeated : {false, true, true}) {
             QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(), repeated);
@@ -69,7 +69,7 @@ class ShownWindow : public testing::Test {
     const int usualInterval_ = QApplication::doubleClickInterval();
 };
 
-/// Locations as their table shows them.
+/// A model of the location list.
 class SomeLocations final : public QStandardItemModel {
  public:
     SomeLocations() {

@@ -7,14 +7,14 @@
 
 namespace tarvin {
 
-/// A result as its tree shows it: extensions and their sets, each with a state.
+/// A model of the result tree: extensions and their sets, each with a state.
 class SomeSets final : public QStandardItemModel {
  public:
     SomeSets() { setHorizontalHeaderLabels({QStringLiteral("Mark"), ResultTreeView::title()}); }
 
     void addExtension(const QString& name, Qt::CheckState state) { appendRow(row(name, state)); }
 
-    /// Below the extension that came last.
+    /// Below the last extension.
     void addSet(const QString& name, Qt::CheckState state) {
         item(rowCount() - 1)->appendRow(row(name, state));
     }
@@ -34,7 +34,7 @@ class SomeSets final : public QStandardItemModel {
     }
 };
 
-/// The files of a set as their table shows them.
+/// A model of the files of a set.
 class SomeFiles final : public QStandardItemModel {
  public:
     SomeFiles() {
@@ -54,7 +54,7 @@ class SomeFiles final : public QStandardItemModel {
     }
 };
 
-/// What the drawings of the results show.
+/// The result shown in the design.
 class DrawnResult final {
  public:
     explicit DrawnResult(bool marked) {
@@ -94,7 +94,7 @@ class DrawnResult final {
         file("IMG_2041.jpg", "/Volumes/Photo Archive/Import/2023-08-14", true);
     }
 
-    /// What is left once all that was marked, of a marked one, is in the Trash.
+    /// Removes what was marked, as after a clean-up of a marked result.
     void clean() {
         for (int extension = 0; extension < sets.rowCount(); ++extension) {
             QStandardItem* of = sets.item(extension);
@@ -114,7 +114,7 @@ class DrawnResult final {
     SomeFiles files;
 
  private:
-    /// Of the set that is marked in part one of four copies stays.
+    /// Of the partially marked set one of four copies remains.
     static void cleanSet(QStandardItem& box, QStandardItem& name) {
         if (box.checkState() != Qt::Unchecked) {
             name.setText(box.checkState() == Qt::Checked ? QStringLiteral("Set(0)")

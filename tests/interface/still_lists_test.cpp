@@ -19,13 +19,13 @@ namespace tarvin {
 
 namespace {
 
-/// Something that a person does with a list.
+/// A user action on a list.
 struct Act {
     std::string name;
     std::function<void()> done;
 };
 
-/// Lists stand still sideways, whatever a person does with them.
+/// Lists do not scroll horizontally, whatever the user does.
 class StillLists : public ShownWindow {
  protected:
     ~StillLists() override {
@@ -50,7 +50,7 @@ class StillLists : public ShownWindow {
         QCoreApplication::processEvents();
     }
 
-    /// A real click on a place of a list.
+    /// A real click at a point of a list.
     void click(const QAbstractItemView& list, const QPoint& place) {
         QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
                           list.viewport()->mapTo(&window, place));
@@ -66,7 +66,7 @@ class StillLists : public ShownWindow {
                     QTest::keyClick(list.window()->windowHandle(), key);
                 }};
     }
-    /// Turns the wheel sideways by one notch.
+    /// Turns the wheel horizontally by one notch.
     static Act wheel(QAbstractItemView& list, int angle) {
         return {"wheel " + std::to_string(angle), [&list, angle] {
                     const QPoint place = list.viewport()->rect().center();
@@ -93,7 +93,7 @@ class StillLists : public ShownWindow {
         EXPECT_EQ(list.horizontalScrollBar()->value(), 0) << when;
     }
 
-    /// After each act the header is seen as before and the rows as they would be painted now.
+    /// After each action the header looks as before, and the rows as if painted now.
     void expectStill(QAbstractItemView& list, QHeaderView& header, const std::vector<Act>& acts) {
         const QImage titles = onScreen(header);
         expectNoRange(list, "at first");
@@ -105,7 +105,7 @@ class StillLists : public ShownWindow {
         }
     }
 
-    /// The first dark pixel of the tree in a line, from `left` on.
+    /// The first dark pixel of the tree on a line, from `left` on.
     [[nodiscard]] int darkPixel(int left, int line) {
         const QImage seen = onScreen(*tree.viewport());
         int x = left;
@@ -115,8 +115,8 @@ class StillLists : public ShownWindow {
         return x;
     }
 
-    /// The box is drawn where a click on it is taken: `left` is where its row shows it, `row` the
-    /// row of the click.
+    /// The box is painted where it is clicked: `left` is its position in its row, `row` the row of
+    /// the click.
     void expectBoxWhereItIsHit(const QModelIndex& row, int left) {
         const int line = tree.visualRect(row).center().y();
         constexpr int behindTheBranch = 22;
@@ -144,7 +144,7 @@ TEST_F(StillLists, TheTreeStaysWhereItIs) {
     expectStill(tree, *tree.header(), acts);
 }
 
-TEST_F(StillLists, BoxesOfTheTreeAreHitWhereTheyAreDrawn) {
+TEST_F(StillLists, BoxesOfTheTreeAreClickedWhereTheyArePainted) {
     showResults();
     constexpr int ofExtensions = 24;
     constexpr int ofSets = 42;
@@ -193,7 +193,7 @@ TEST_F(StillLists, HaveNothingBesideThemAtAnySize) {
 
 class RingOfLists : public StillLists {
  protected:
-    /// Comes to a list by Tab, as the ring is shown only then.
+    /// Focuses a list by Tab: only then the ring is shown.
     void comeByKey(QAbstractItemView& list) {
         list.setFocus(Qt::TabFocusReason);
         window.setAttribute(Qt::WA_KeyboardFocusChange);
@@ -201,7 +201,7 @@ class RingOfLists : public StillLists {
         QCoreApplication::processEvents();
     }
 
-    /// After each act the ring is seen where it is, and nowhere else.
+    /// After each action the ring is at the current row, and nowhere else.
     void expectRing(QAbstractItemView& list, const std::vector<Act>& acts) {
         for (const Act& act : acts) {
             act.done();
@@ -210,7 +210,7 @@ class RingOfLists : public StillLists {
         }
     }
 
-    /// How many rows have the ring's colour at their left edge.
+    /// The number of rows with the ring's colour at their left edge.
     int ringsIn(QAbstractItemView& list) {
         const QImage seen = onScreen(*list.viewport());
         int rings = 0;
@@ -268,7 +268,7 @@ TEST_F(RingOfLists, OfLocationsLeavesNothingBehind) {
     EXPECT_EQ(ringsIn(locations), 0);
 }
 
-TEST_F(RingOfLists, GoesWhenTheMouseIsUsed) {
+TEST_F(RingOfLists, IsHiddenWhenTheMouseIsUsed) {
     showResults();
     table.selectFile(0);
     comeByKey(table);

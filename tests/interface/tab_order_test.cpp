@@ -10,7 +10,7 @@ namespace {
 
 class TabOrderTest : public ShownWindow {
  protected:
-    /// The names of the controls that Tab visits, from where the keyboard is now, once round.
+    /// The names of the controls that Tab visits in one cycle from the focused one.
     QString visited(Qt::Key key = Qt::Key_Tab) {
         QStringList names;
         const QWidget* first = window.focusWidget();
@@ -90,7 +90,7 @@ TEST_F(TabOrderTest, ResultsBeginOnTheListAndFollowReading) {
                        "sortPopupBtn sortBtn asscendingBtn OView2"));
 }
 
-TEST_F(TabOrderTest, TheKeyboardIsSeenOnlyWhenItIsUsed) {
+TEST_F(TabOrderTest, TheFocusIsShownOnlyForTheKeyboard) {
     auto* drives = control<PaintedButton>("mainScanButton");
     auto* folders = control<PaintedButton>("mainScanButtonFolder");
     EXPECT_FALSE(drives->showsFocusRing());

@@ -10,7 +10,7 @@ namespace tarvin {
 
 namespace {
 
-/// The rows of pixels, from the top, that hold something dark.
+/// The rows of pixels, from the top, that contain something dark.
 QVector<int> darkRows(const QImage& image) {
     QVector<int> rows;
     for (int y = 0; y < image.height(); ++y) {
