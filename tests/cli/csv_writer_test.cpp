@@ -1,7 +1,7 @@
 #include "cli/csv_writer.h"
 
 #include "cli/csv_field.h"
-#include "cli/made_up_report.h"
+#include "cli/fake_report.h"
 
 #include <gtest/gtest.h>
 

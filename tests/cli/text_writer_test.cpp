@@ -1,6 +1,6 @@
 #include "cli/text_writer.h"
 
-#include "cli/made_up_report.h"
+#include "cli/fake_report.h"
 
 #include <gtest/gtest.h>
 
