@@ -6,7 +6,7 @@ namespace tarvin {
 
 namespace {
 
-bool isMistakable(std::string_view argument, bool optionsEnded) {
+bool isInterpreted(std::string_view argument, bool optionsEnded) {
     return argument.starts_with('[') || argument.starts_with('{') || argument == "++" ||
            (optionsEnded && argument.starts_with('-'));
 }
@@ -14,17 +14,17 @@ bool isMistakable(std::string_view argument, bool optionsEnded) {
 }  // namespace
 
 std::vector<std::string> escapedForParser(std::span<const char* const> arguments) {
-    std::vector<std::string> answer;
+    std::vector<std::string> escaped;
     bool optionsEnded = false;
     for (const std::string_view argument : arguments) {
         if (!optionsEnded && argument == "--") {
             optionsEnded = true;
             continue;
         }
-        std::string spelling(isMistakable(argument, optionsEnded) ? "./" : "");
-        answer.push_back(spelling += argument);
+        std::string spelling(isInterpreted(argument, optionsEnded) ? "./" : "");
+        escaped.push_back(spelling += argument);
     }
-    return answer;
+    return escaped;
 }
 
 }  // namespace tarvin

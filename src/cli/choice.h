@@ -14,7 +14,7 @@
 
 namespace tarvin {
 
-/// One of the words that an option's value may be, and what it stands for.
+/// One of the words that an option accepts, and its value.
 template <typename Value>
 struct Choice {
     std::string_view name;
@@ -45,8 +45,8 @@ std::vector<std::string> namesOf(const std::array<Choice<Value>, count>& choices
     return CLI::detail::join(first, ", ") + " or " + names.back();
 }
 
-/// Adds an option whose value is one of a few words; of several on one command line the last
-/// counts, and `take` is called with what it stands for. `choices` must outlive `command`.
+/// Adds an option that accepts one of a few words and calls `take` with the value of the last one
+/// given. `choices` must outlive `command`.
 template <typename Value, std::size_t count, typename Take>
 CLI::Option* addChoice(CLI::App& command, const std::string& name,
                        const std::array<Choice<Value>, count>& choices, const Take& take,

@@ -65,16 +65,16 @@ void forEachMarkedFile(const Modal& modal, const Action& action) {
     }
 }
 
-/// Tells of each file as it is moved or not.
-class MoveTeller final {
+/// Reports each file that is moved or not.
+class MoveReport final {
  public:
-    MoveTeller(const ScanOptions& options, OutputFile& output)
+    MoveReport(const ScanOptions& options, OutputFile& output)
         : report_(options.format, shownOutput(options.output), output,
                   [](ResultFormat format, Output& place) {
                       return makeCleanWriter(format, false, place);
                   }) {}
 
-    void tell(const File& file, const MoveResult& result) {
+    void add(const File& file, const MoveResult& result) {
         report_.write([&](CleanWriter& writer) { writer.file(file, result); });
         if (result.outcome == MoveOutcome::moved) {
             if (!result.reason.empty()) {
@@ -83,7 +83,7 @@ class MoveTeller final {
             }
             return;
         }
-        left_.insert(&file);
+        notMoved_.insert(&file);
         if (result.outcome == MoveOutcome::stopped) {
             stopped_ = true;
             return;
@@ -93,11 +93,12 @@ class MoveTeller final {
         movedAll_ = false;
     }
 
-    /// Of those that were not come to; a file that was moved is in the tree no more.
-    void tellOfTheRest(const Modal& modal) {
+    /// Reports the marked files that a stop left, as stopped. Moved files are no longer in the
+    /// tree.
+    void addRest(const Modal& modal) {
         forEachMarkedFile(modal, [this](const File& file) {
-            if (!left_.contains(&file)) {
-                tell(file, {MoveOutcome::stopped, {}});
+            if (!notMoved_.contains(&file)) {
+                add(file, {MoveOutcome::stopped, {}});
             }
         });
     }
@@ -115,7 +116,7 @@ class MoveTeller final {
     LastingReport<CleanWriter> report_;
     bool movedAll_ = true;
     bool stopped_ = false;
-    std::unordered_set<const File*> left_;
+    std::unordered_set<const File*> notMoved_;
 };
 
 }  // namespace
@@ -141,7 +142,7 @@ ExitStatus CleanCommand::run() {
 
 ExitStatus CleanCommand::clean(OutputFile& output, ExceptionFilter exceptions) {
     FolderScan scan(platform_, options_);
-    // Before start(), which starts threads, and gone before the scan that it calls.
+    // Constructed before start(), which starts threads; destroyed before `scan`, which it calls.
     Interrupt interrupt;
     scan.start(std::move(exceptions));
     interrupt.watch([&] { stopOnFirstSignal(scan, output); }, [&] { endOnSecondSignal(output); });
@@ -149,8 +150,8 @@ ExitStatus CleanCommand::clean(OutputFile& output, ExceptionFilter exceptions) {
     Modal& modal = *scan.modal();
     modal.markAllExtension();
     const bool asks = !dryRun_ && !yes_ && modal.totalFilesSelected() > 0;
-    // Before the look at the flag: a signal that comes earlier is seen here, a later one ends the
-    // program.
+    // Set the stage before reading the flag: a signal that came before is seen by the test below;
+    // one that comes later finds `asking` and exits.
     stage_ = asks ? Stage::asking : Stage::scanning;
     if (scan.ranOutOfMemory()) {
         printError("nothing was moved");
@@ -171,12 +172,12 @@ void CleanCommand::stopOnFirstSignal(FolderScan& scan, const OutputFile& output)
     control_.stop();
     scan.requestStop();
     if (stage_ == Stage::asking) {
-        // Nothing has been done, and the question waits for a line.
+        // Nothing has been moved, and the main thread is blocked on the question.
         quitAtOnce(output);
     }
 }
 
-/// Not while files are moved: what has been moved must be told and counted.
+/// Ignored while files are moved: the report and the totals must be completed.
 void CleanCommand::endOnSecondSignal(const OutputFile& output) const {
     if (stage_ != Stage::moving) {
         quitAtOnce(output);
@@ -201,10 +202,10 @@ ExitStatus CleanCommand::plan(const Modal& modal, OutputFile& output) {
 
 ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
     stage_ = Stage::moving;
-    std::optional<MoveTeller> teller;
+    std::optional<MoveReport> report;
     CleanUp::Settings settings;
-    settings.report = [&teller](const File& file, const MoveResult& result) {
-        teller->tell(file, result);
+    settings.report = [&report](const File& file, const MoveResult& result) {
+        report->add(file, result);
     };
     settings.stopped = [this] { return control_.stopDeletion(); };
     const std::optional<std::string> folder = platform_.applicationSupportFolder();
@@ -217,25 +218,25 @@ ExitStatus CleanCommand::move(Modal& modal, OutputFile& output) {
     auto opened = CleanUpRun::open(platform_, totals, std::move(settings));
     if (const auto* error = std::get_if<StoreError>(&opened)) {
         printStoreError("open journal", *error);
-        putAside(*error);
+        moveJournalAside(*error);
         printError("nothing was moved");
         return ExitStatus::incomplete;
     }
-    teller.emplace(options_, output);
+    report.emplace(options_, output);
     auto run = std::get<std::unique_ptr<CleanUpRun>>(std::move(opened));
     DeletionWalk walk(modal, run->cleanUp(), control_, {});
     const RemovalResult moved = walk.run();
-    teller->tellOfTheRest(modal);
+    report->addRest(modal);
     const std::optional<StoreError> failure = run->cleanUp().failure();
     const bool isStored = finish(std::move(run), totals);
-    const ExitStatus written = teller->end(moved);
-    if (teller->stopped() && !failure) {
+    const ExitStatus written = report->end(moved);
+    if (report->stopped() && !failure) {
         return ExitStatus::stopped;
     }
-    return teller->movedAll() && isStored ? written : ExitStatus::incomplete;
+    return report->movedAll() && isStored ? written : ExitStatus::incomplete;
 }
 
-/// False if something of it could not be written.
+/// False if the journal or the totals could not be written.
 bool CleanCommand::finish(std::unique_ptr<CleanUpRun> run, DataFile& totals) {
     const std::optional<StoreError> failure = run->finish(totals);
     if (failure) {
@@ -243,7 +244,7 @@ bool CleanCommand::finish(std::unique_ptr<CleanUpRun> run, DataFile& totals) {
     }
     if (const std::optional<StoreError> ofJournal = run->cleanUp().failure()) {
         run.reset();
-        putAside(*ofJournal);
+        moveJournalAside(*ofJournal);
     }
     if (!totals.putAside().empty()) {
         printMovedAside(totals.dataPath(), totals.putAside());
@@ -251,9 +252,9 @@ bool CleanCommand::finish(std::unique_ptr<CleanUpRun> run, DataFile& totals) {
     return !failure && totals.putAside().empty();
 }
 
-/// So that a damaged journal is in the way of one clean-up only.
-void CleanCommand::putAside(const StoreError& error) {
-    if (const auto aside = moveJournalAside(platform_, error)) {
+/// Moves a damaged journal aside, so that it stops only one clean-up.
+void CleanCommand::moveJournalAside(const StoreError& error) {
+    if (const auto aside = tarvin::moveJournalAside(platform_, error)) {
         printError(quotedName(error.path) + " is kept as " + quotedName(*aside) +
                    "; the next clean-up starts a new journal");
     }

@@ -16,8 +16,7 @@
 
 namespace tarvin {
 
-/// "tarvin clean": finds the identical files in folders and moves all but the first of each set to
-/// the Trash.
+/// "tarvin clean": finds identical files and moves all but the first of each set to the Trash.
 class CleanCommand final : public Command {
  public:
     explicit CleanCommand(Platform& platform) : platform_(platform) {}
@@ -26,7 +25,7 @@ class CleanCommand final : public Command {
     ExitStatus run() override;
 
  private:
-    /// What a Ctrl-C means depends on what is being done.
+    /// Decides what a Ctrl-C does.
     enum class Stage : std::uint8_t { scanning, asking, planning, moving };
 
     ExitStatus clean(OutputFile& output, ExceptionFilter exceptions);
@@ -35,7 +34,7 @@ class CleanCommand final : public Command {
     ExitStatus plan(const Modal& modal, OutputFile& output);
     ExitStatus move(Modal& modal, OutputFile& output);
     [[nodiscard]] bool finish(std::unique_ptr<CleanUpRun> run, DataFile& totals);
-    void putAside(const StoreError& error);
+    void moveJournalAside(const StoreError& error);
 
     Platform& platform_;
     ScanOptions options_;

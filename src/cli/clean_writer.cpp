@@ -20,8 +20,8 @@ std::string_view wordFor(const std::optional<MoveResult>& result) {
     return result ? outcomeWord(result->outcome) : "planned";
 }
 
-/// For people: the path of each file that was or would be moved, and the sums. What was not moved
-/// is told on standard error.
+/// The path of each file that was or would be moved, and the sums. Files that were not moved are
+/// reported on standard error.
 class CleanTextWriter final : public CleanWriter {
  public:
     CleanTextWriter(bool dryRun, Output& output) : dryRun_(dryRun), output_(output) {}

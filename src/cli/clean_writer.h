@@ -12,30 +12,30 @@
 
 namespace tarvin {
 
-/// What a clean-up came to.
+/// The sums of a clean-up.
 struct CleanSummary {
-    std::uint64_t deletedCount = 0;  ///< files moved, or that would be
-    std::uint64_t deletedSize = 0;   ///< bytes of those
-    bool stopped = false;            ///< on request, before the end
+    std::uint64_t deletedCount = 0;  ///< files moved, or to be moved in a dry run
+    std::uint64_t deletedSize = 0;   ///< their bytes
+    bool stopped = false;            ///< ended early, on request
 };
 
-/// Writes what becomes of each file in one format: begin(), file() for each, end(). Appends to an
-/// Output, which remembers what goes wrong. One thread at a time.
+/// Writes the outcome of each file in one format: begin(), file() for each, end(). Appends to an
+/// Output, which keeps the first error. One thread at a time.
 class CleanWriter {
  public:
     virtual ~CleanWriter() = default;
 
     virtual void begin() = 0;
-    /// `result` is none for a file that would be moved.
+    /// `result` is nullopt in a dry run.
     virtual void file(const File& file, const std::optional<MoveResult>& result) = 0;
     virtual void end(const CleanSummary& summary) = 0;
 };
 
-/// `dryRun` says that nothing is moved.
+/// `output` must outlive the writer.
 [[nodiscard]] std::unique_ptr<CleanWriter> makeCleanWriter(ResultFormat format, bool dryRun,
                                                            Output& output);
 
-/// Why a file was not moved, for a person: "file no longer exists".
+/// Why a file was not moved: "file no longer exists". Any thread.
 [[nodiscard]] std::string reasonFor(const MoveResult& result);
 
 }  // namespace tarvin

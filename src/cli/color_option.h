@@ -6,8 +6,8 @@ class App;
 
 namespace tarvin {
 
-/// Adds "--color" to a command. It takes effect as soon as it is read, so that messages about the
-/// rest of the command line follow it. Main thread.
+/// Adds "--color" to a command. It takes effect while parsing, so that messages about the rest of
+/// the command line respect it. Main thread only.
 void addColorOption(CLI::App& command);
 
 }  // namespace tarvin

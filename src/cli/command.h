@@ -6,26 +6,26 @@ class App;
 
 namespace tarvin {
 
-/// What the program tells whoever started it.
+/// The exit status of the program.
 enum class ExitStatus : int {
     done = 0,
-    incomplete = 1,  ///< done as far as possible: something could not be read or written
+    incomplete = 1,  ///< finished, but something could not be read or written
     wrongUsage = 2,  ///< nothing was done
-    stopped = 130,   ///< ended early on request; what was found until then has been told
-    /// The reader of the output has gone away: what a shell sees of a program that SIGPIPE ended.
+    stopped = 130,   ///< ended early on request; the partial result was written
+    /// The reader of the output closed the pipe: the status of a program ended by SIGPIPE.
     outputClosed = 141
 };
 
-/// One command of the program, such as "scan". Made, asked and run on the main thread.
+/// One command of the program, such as "scan". Main thread only.
 class Command {
  public:
     virtual ~Command() = default;
 
-    /// Adds the command, its options and its help to `program` and answers what was added. The
-    /// command must live as long as `program`, which stores into it what the command line says.
+    /// Adds the command, its options and its help to `program` and returns the added parser. The
+    /// parser stores options into this object, which must outlive `program`.
     virtual CLI::App& addTo(CLI::App& program) = 0;
 
-    /// Does what the command line said. Failures are told on standard error.
+    /// Runs the command. Failures are reported on standard error.
     virtual ExitStatus run() = 0;
 };
 

@@ -8,13 +8,13 @@ namespace tarvin {
 
 namespace {
 
-/// Whether a spreadsheet would take the text for a formula.
-bool isCalculated(std::string_view text) {
+/// Whether a spreadsheet would evaluate the text as a formula.
+bool isFormula(std::string_view text) {
     constexpr std::string_view beginnings = "=+-@\t\r";
     return !text.empty() && beginnings.find(text.front()) != std::string_view::npos;
 }
 
-/// The name as far as it may be shown.
+/// The name with U+FFFD for what `display` cannot show.
 std::string shownIn(const std::string& name, Display display) {
     if (display.isTerminal) {
         return withHarmfulReplaced(name);
@@ -25,11 +25,11 @@ std::string shownIn(const std::string& name, Display display) {
 }  // namespace
 
 std::string csvField(std::string_view text) {
-    const bool isFormula = isCalculated(text);
-    if (!isFormula && text.find_first_of(",\"\r\n") == std::string_view::npos) {
+    const bool needsApostrophe = isFormula(text);
+    if (!needsApostrophe && text.find_first_of(",\"\r\n") == std::string_view::npos) {
         return std::string(text);
     }
-    std::string quoted = isFormula ? "\"'" : "\"";
+    std::string quoted = needsApostrophe ? "\"'" : "\"";
     for (const char byte : text) {
         quoted.append(byte == '"' ? 2 : 1, byte);
     }

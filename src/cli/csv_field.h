@@ -7,17 +7,16 @@
 
 namespace tarvin {
 
-/// The text as a field of a CSV row: in quotation marks if it holds what would end the field
-/// otherwise. A text that a spreadsheet would calculate, because it begins with =, +, -, @, a tab
-/// or a carriage return, gets an apostrophe before it, inside the quotation marks. Not for numbers.
-/// Pure; any thread.
+/// The text as a field of a CSV row, quoted if it has a separator, quotation mark or line break. A
+/// text that a spreadsheet would evaluate as a formula, because it begins with =, +, -, @, a tab or
+/// a carriage return, is quoted and prefixed with an apostrophe. Not for numbers. Pure; any thread.
 [[nodiscard]] std::string csvField(std::string_view text);
 
-/// Text of a name, as a field. What is not UTF-8 in it, and on a terminal what is not harmless
-/// there, is U+FFFD.
+/// A name as a field. U+FFFD replaces invalid bytes and, on a terminal, control and bidirectional
+/// characters.
 [[nodiscard]] std::string csvName(const std::string& name, Display display);
 
-/// Two fields: the path as text and, where that is not exact, its bytes in hexadecimal.
+/// Two fields: the path as text and, if that is not exact, its bytes in hexadecimal.
 [[nodiscard]] std::string csvPath(const std::string& path, Display display);
 
 }  // namespace tarvin

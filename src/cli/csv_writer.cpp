@@ -16,7 +16,7 @@ std::string dateField(std::optional<Timestamp> date) {
     return date ? isoDate(*date) : "";
 }
 
-/// What the rows of one extension begin with, and where they go.
+/// What the rows of one extension have in common.
 struct RowContext {
     Display display;
     std::string beginning;
@@ -39,7 +39,7 @@ void writeFile(const File& file, const RowContext& context, Output& output) {
     output.append("\r\n");
 }
 
-/// The category and extension columns, with a comma at their end.
+/// The category and extension columns, with a trailing comma.
 std::string beginningOf(Category category, const Extensions& extension, Display display) {
     std::string beginning(categoryName(category));
     beginning += ',';

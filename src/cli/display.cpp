@@ -13,8 +13,8 @@ namespace {
 
 std::atomic<ColorWhen> colorWhen{ColorWhen::automatic};
 
-/// Set to anything but the empty text. Safe on any thread, because nothing in the program changes
-/// its environment.
+/// Whether the variable is set and not empty. Any thread: nothing in the program changes its
+/// environment.
 bool isSet(const char* name) {
     const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe)
     return value != nullptr && *value != '\0';

@@ -37,9 +37,8 @@ ExitStatus listFailure(std::string_view action, const StoreError& error) {
     return ExitStatus::incomplete;
 }
 
-/// True, and a complaint, if the list that was there had to be put aside: what it excluded is
-/// excluded no more.
-bool toldPutAside(const ExceptionFile& exceptions) {
+/// True, after an error message, if the damaged list was moved aside: its entries no longer apply.
+bool reportMovedAside(const ExceptionFile& exceptions) {
     if (exceptions.putAside().empty()) {
         return false;
     }
@@ -47,7 +46,7 @@ bool toldPutAside(const ExceptionFile& exceptions) {
     return true;
 }
 
-/// Why no scan would ever meet the file; none if one may.
+/// Why the file cannot be excluded, since scans skip it anyway; nullopt if it can.
 std::optional<std::string> exclusionError(FileSystem& fileSystem, const std::string& path) {
     const std::size_t slash = path.rfind('/');
     const Result<Descriptor> folder =
@@ -70,7 +69,7 @@ std::optional<std::string> exclusionError(FileSystem& fileSystem, const std::str
     }
 }
 
-/// Without the line break that such a text begins with in a window.
+/// Without the leading newline that the text has in the window.
 std::string asLine(std::string_view text) {
     return std::string(text.substr(text.find_first_not_of('\n'))) + '\n';
 }
@@ -90,7 +89,8 @@ CLI::App& ExceptionsCommand::addTo(CLI::App& program) {
         addColorOption(*each);
     }
     addColorOption(*command);
-    // None is allowed here so that a wrong word is what gets told, not the missing command.
+    // Zero commands are accepted here: run() reports the missing one. Otherwise the parser would,
+    // and hide an unexpected argument.
     command->require_subcommand(0, 1);
     return *command;
 }
@@ -109,7 +109,7 @@ ExitStatus ExceptionsCommand::run() {
     if (list_->parsed()) {
         return failure ? listFailure("read exceptions list", *failure) : list(exceptions);
     }
-    // A list of no use is put aside by the writing.
+    // Writing moves a damaged list aside.
     return add_->parsed() ? add(exceptions) : clear(exceptions);
 }
 
@@ -121,7 +121,7 @@ ExitStatus ExceptionsCommand::list(const ExceptionFile& exceptions) {
     return print(text);
 }
 
-/// A file that is not there is told and left out: it would be a slip of the keyboard.
+/// A file that does not exist is reported and not added: it is probably misspelt.
 ExitStatus ExceptionsCommand::add(ExceptionFile& exceptions) const {
     std::vector<std::string> paths;
     for (const std::string& file : files_) {
@@ -141,7 +141,7 @@ ExitStatus ExceptionsCommand::add(ExceptionFile& exceptions) const {
         return listFailure("write exceptions list", *failure);
     }
     const ExitStatus status = print(asLine(exceptionsAddedText(paths.size())));
-    const bool isWhole = paths.size() == files_.size() && !toldPutAside(exceptions);
+    const bool isWhole = paths.size() == files_.size() && !reportMovedAside(exceptions);
     return isWhole ? status : ExitStatus::incomplete;
 }
 
@@ -150,7 +150,7 @@ ExitStatus ExceptionsCommand::clear(ExceptionFile& exceptions) {
         return listFailure("write exceptions list", *failure);
     }
     const ExitStatus status = print(asLine(exceptionsRemovedText()));
-    return toldPutAside(exceptions) ? ExitStatus::incomplete : status;
+    return reportMovedAside(exceptions) ? ExitStatus::incomplete : status;
 }
 
 }  // namespace tarvin

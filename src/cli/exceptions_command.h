@@ -9,7 +9,7 @@
 
 namespace tarvin {
 
-/// "tarvin exceptions": shows and changes the list of files that no scan looks at.
+/// "tarvin exceptions": shows and edits the list of files that scans skip.
 class ExceptionsCommand final : public Command {
  public:
     explicit ExceptionsCommand(Platform& platform) : platform_(platform) {}

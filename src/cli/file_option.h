@@ -14,24 +14,23 @@ class Option;
 
 namespace tarvin {
 
-// Options that name a file, and the one of them that says where the result goes. Main thread.
+// Options that name a file, and the output option. Main thread only.
 
-/// An option whose value is the name of a file; of several on one command line the last counts, and
-/// `take` is called with it.
+/// Adds an option whose value is a file name; `take` is called with the last one given.
 CLI::Option* addFileOption(CLI::App& command, const std::string& name,
                            const std::function<void(const std::string&)>& take,
                            const std::string& help);
 
-/// "-o,--output". `output` must live as long as `command`, which stores into it.
+/// Adds "-o,--output". `command` stores into `output`, which must outlive it.
 void addOutputOption(CLI::App& command, std::string& output);
 
-/// The place that the option names, for a message.
+/// The output as it is named in a message: quoted, or "standard output".
 [[nodiscard]] std::string shownOutput(const std::string& output);
 
-/// Opens the place; none, and a complaint, if it is of no use.
+/// Opens the output. Returns nullptr, after an error message, if it cannot be written.
 [[nodiscard]] std::unique_ptr<OutputFile> openOutput(const std::string& output);
 
-/// Puts the result in its place. If that fails, what statusOfFailure() makes of it.
+/// Completes the output. If that fails, reports it and returns the status by statusOfFailure().
 [[nodiscard]] ExitStatus commitOutput(const std::string& output, OutputFile& file);
 
 }  // namespace tarvin

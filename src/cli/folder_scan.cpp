@@ -16,7 +16,7 @@ namespace tarvin {
 
 namespace {
 
-// More of what lies inside the given folders is counted, not named.
+// Unreadable folders and files inside the given folders; the others are only counted.
 constexpr std::size_t maxNamed = 20;
 
 void printErrors(const std::vector<UnreadableLocation>& locations) {
@@ -88,7 +88,7 @@ bool FolderScan::showsProgress() const {
 Progress FolderScan::progress() const {
     Progress progress = mailbox_.latest();
     if (progress.comparing) {
-        // Newer than what has been told, which is not every file.
+        // Fresher than the mailbox, which is not updated for every file.
         progress.processed = run_.processed();
         progress.bytesRead = run_.bytesRead();
     }

@@ -12,24 +12,24 @@
 
 namespace tarvin {
 
-/// The scan of a command: the folders its options name, progress on standard error if that is
-/// wanted, and a complaint about what cannot be read: each given folder, the first twenty folders
-/// and files inside, and how many more. On the main thread, but for requestStop().
+/// The scan of a command: it scans the folders named by the options, shows progress on standard
+/// error if requested, and reports what cannot be read: each given folder, the first twenty folders
+/// and files inside, and the number of others. Main thread only, except requestStop().
 class FolderScan final {
  public:
     FolderScan(Platform& platform, const ScanOptions& options);
 
-    /// Returns at once. Once only.
+    /// Returns immediately. Call at most once.
     void start(ExceptionFilter exceptions);
-    /// Shows the progress until the scan is over, then complains.
+    /// Blocks until the scan has ended, showing progress; then prints the error messages.
     void wait();
     /// Ends the scan soon. Any thread.
     void requestStop() { run_.requestStop(); }
 
-    /// These after wait(). The report shares the result.
+    /// Call these after wait(). The report shares the result.
     [[nodiscard]] ScanReport report() const;
     [[nodiscard]] const std::shared_ptr<Modal>& modal() const { return run_.result().modal; }
-    /// Whether every folder and file could be read, and there was memory for the whole scan.
+    /// Whether every folder and file could be read and memory sufficed.
     [[nodiscard]] bool hasReadAll() const;
     [[nodiscard]] bool ranOutOfMemory() const { return run_.result().ranOutOfMemory; }
 

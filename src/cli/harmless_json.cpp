@@ -12,7 +12,7 @@ namespace tarvin {
 
 namespace {
 
-/// All that is not harmless has at most four digits.
+/// Every character to be escaped has at most four digits.
 void appendEscaped(char32_t codePoint, std::string& text) {
     const std::array<char, 2> bytes{static_cast<char>(codePoint >> 8U),
                                     static_cast<char>(codePoint)};
@@ -28,17 +28,17 @@ std::string harmlessJson(std::string text) {
     if (isAscii) {
         return text;
     }
-    std::string answer;
+    std::string escaped;
     for (std::string_view rest = text; !rest.empty();) {
         const Utf8Character character = firstCharacter(rest);
         if (isHarmless(character)) {
-            answer += rest.substr(0, character.length);
+            escaped += rest.substr(0, character.length);
         } else {
-            appendEscaped(character.codePoint, answer);
+            appendEscaped(character.codePoint, escaped);
         }
         rest.remove_prefix(character.length);
     }
-    return answer;
+    return escaped;
 }
 
 }  // namespace tarvin

@@ -7,7 +7,7 @@
 
 namespace tarvin {
 
-/// "tarvin help": prints what "--help" behind the same words prints.
+/// "tarvin help": prints the same as "--help" after the same words.
 class HelpCommand final : public Command {
  public:
     CLI::App& addTo(CLI::App& program) override;

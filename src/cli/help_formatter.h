@@ -6,8 +6,8 @@
 
 namespace tarvin {
 
-/// How the help of the program and of its commands looks. The parser's own layout adds marks such
-/// as "REQUIRED" that say the usage line over again.
+/// Layout of the help texts. The parser's own layout adds marks such as "REQUIRED", which repeat
+/// the usage line.
 class HelpFormatter final : public CLI::Formatter {
  public:
     HelpFormatter();

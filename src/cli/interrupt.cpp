@@ -30,7 +30,7 @@ Interrupt::Interrupt() {
 Interrupt::~Interrupt() {
     if (thread_.joinable()) {
         ending_ = true;
-        // Sent to that thread alone, where it is blocked: wakes it and is consumed by it.
+        // Sent to that thread only, where it is blocked: sigwait() consumes it.
         // NOLINTNEXTLINE(bugprone-bad-signal-to-kill-thread)
         pthread_kill(thread_.native_handle(), SIGTERM);
         thread_.join();
@@ -43,7 +43,7 @@ void Interrupt::watch(std::function<void()> first, std::function<void()> second)
     second_ = std::move(second);
     thread_ = startThread([this] { waitForSignals(); });
     if (!thread_.joinable()) {
-        // Better the program's end than a Ctrl-C without any effect.
+        // Without a thread, a Ctrl-C ends the program rather than having no effect.
         pthread_sigmask(SIG_SETMASK, &maskBefore_, nullptr);
     }
 }

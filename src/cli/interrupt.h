@@ -7,22 +7,20 @@
 
 namespace tarvin {
 
-/// Ctrl-C (SIGINT), a closed terminal (SIGHUP) and SIGTERM as ordinary calls on a thread of their
-/// own, where everything is allowed that is not inside a signal handler. Whoever started the
-/// program with one of the first two ignored is obeyed. One object for the process, made on the
-/// main thread before any other thread starts: from then on the signals wait until somebody
-/// watches.
+/// Turns Ctrl-C (SIGINT), a closed terminal (SIGHUP) and SIGTERM into calls on a background thread,
+/// where the limits of a signal handler do not apply. SIGINT or SIGHUP stays ignored if the program
+/// was started so. At most one object per process, created on the main thread before any other
+/// thread starts: it blocks the signals until watch().
 class Interrupt final {
  public:
     Interrupt();
     Interrupt(const Interrupt&) = delete;
     Interrupt& operator=(const Interrupt&) = delete;
-    /// Ends the watching, waiting for a call that is under way; then the signals do again what they
-    /// did before.
+    /// Blocks until a running call has returned, then restores the signal mask.
     ~Interrupt();
 
-    /// Calls `first` when the first of the signals comes, even if it came before this call, and
-    /// `second` when another one does. Further ones are passed over. Once only.
+    /// Calls `first` for the first signal, even one that came before this call, and `second` for
+    /// the second one. Further signals are ignored. Call at most once.
     void watch(std::function<void()> first, std::function<void()> second);
 
  private:

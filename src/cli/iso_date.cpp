@@ -8,7 +8,7 @@ namespace tarvin {
 
 namespace {
 
-/// Writes `number` over the digits that end right before `end`.
+/// Writes `number` over the `count` digits before `end`.
 void putDigits(std::string& text, std::size_t end, std::size_t count, long long number) {
     for (std::size_t position = end; position > end - count; --position) {
         text[position - 1] = static_cast<char>('0' + number % 10);
@@ -19,7 +19,7 @@ void putDigits(std::string& text, std::size_t end, std::size_t count, long long 
 }  // namespace
 
 std::string isoDate(Timestamp date) {
-    // Whole seconds and the rest apart: the midnight of the earliest date is not a Timestamp.
+    // Computed from whole seconds: the midnight of the earliest Timestamp is out of its range.
     const auto second = std::chrono::floor<std::chrono::seconds>(date);
     const auto day = std::chrono::floor<std::chrono::days>(second);
     const std::chrono::year_month_day calendar(day);

@@ -25,7 +25,6 @@ std::string quoted(std::string text) {
     return harmlessJson(Json(std::move(text)).dump());
 }
 
-/// Puts a separator before all but the first of several elements.
 class Separator final {
  public:
     Separator(Output& output, std::string_view text) : output_(output), text_(text) {}
@@ -41,7 +40,7 @@ class Separator final {
     bool isFirst_ = true;
 };
 
-/// `"key": "name"`, and the exact bytes under the other key if they are not UTF-8.
+/// `"key": "name"` and, if the name is not UTF-8, its exact bytes under the other key.
 void writeName(std::string_view key, std::string_view bytesKey, const std::string& name,
                Output& output) {
     output.append(key);
@@ -143,7 +142,7 @@ void writeUnreadable(const ScanReport& report, Output& output) {
     output.append("]");
 }
 
-/// Milliseconds are what a person can use; the point stays one in every locale.
+/// With milliseconds, and a period in every locale.
 void writeSeconds(double seconds, Output& output) {
     std::array<char, 400> digits{};
     const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), seconds,

@@ -4,10 +4,10 @@
 
 namespace tarvin {
 
-/// One JSON object, its keys named as in the result tree, its dates in UTC. A name that is not
-/// UTF-8 has U+FFFD for its bad bytes and its exact bytes in hexadecimal under a key of its own.
-/// Characters that are not harmless on a terminal are escaped. The five categories are always
-/// there. Ends with a line end.
+/// One JSON object with the keys of the result tree and dates in UTC. In a name that is not valid
+/// UTF-8, U+FFFD replaces the invalid bytes, and another key has its exact bytes in hexadecimal.
+/// Control and bidirectional characters are escaped. All five categories are always present. Ends
+/// with a newline.
 class JsonWriter final : public ResultWriter {
  public:
     void write(const ScanReport& report, Output& output) const override;

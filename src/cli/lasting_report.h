@@ -11,14 +11,14 @@
 
 namespace tarvin {
 
-/// The report of a command that moves files. What has been done must be told whatever happens to
-/// the place of the report: each part is written at once, and once the place is lost, standard
-/// error gets the rest, as text. `Writer` has begin(). One thread at a time.
+/// The report of a command that moves files, which must not be lost: each part is written at once,
+/// and after a write error the rest goes to standard error, as text. `Writer` must have begin().
+/// One thread at a time.
 template <typename Writer>
 class LastingReport final {
  public:
-    /// `make(format, output)` makes a writer. `shownName` is safe to print; `file` must outlive
-    /// this object.
+    /// `make(format, output)` returns a writer. `shownName` must be safe to print; `file` must
+    /// outlive this object.
     template <typename Make>
     LastingReport(ResultFormat format, std::string shownName, OutputFile& file, const Make& make)
         : place_(std::move(shownName), file),
@@ -27,8 +27,8 @@ class LastingReport final {
         writer_->begin();
     }
 
-    /// Calls `part` with the writer that is to write it. A part that the place does not take is
-    /// written again, to standard error.
+    /// Calls `part` with a writer. A part that cannot be written is written again to standard
+    /// error.
     template <typename Part>
     void write(const Part& part) {
         if (!place_.isLost()) {
@@ -41,7 +41,7 @@ class LastingReport final {
         }
     }
 
-    /// Writes the last part and puts the report in its place. Call once, as the last.
+    /// Writes the last part and completes the report. Call once, last.
     template <typename Part>
     [[nodiscard]] ExitStatus end(const Part& part) {
         write(part);

@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
     try {
         return tarvin::runProgram({arguments.data(), arguments.size()}, tarvin::systemPlatform());
     } catch (const std::bad_alloc&) {
-        // Without any that this message would take.
+        // write() allocates no memory.
         constexpr std::string_view message = "tarvin: out of memory\n";
         static_cast<void>(!::write(STDERR_FILENO, message.data(), message.size()));
         return static_cast<int>(tarvin::ExitStatus::incomplete);

@@ -11,8 +11,7 @@ namespace tarvin {
 
 namespace {
 
-/// Another program that shares the pipe or terminal may have told it not to wait. False if there is
-/// nothing to wait for.
+/// Another process that shares the pipe or terminal may have set O_NONBLOCK. False on an error.
 bool waitUntilWritable(int descriptor) {
     pollfd wanted{descriptor, POLLOUT, 0};
     return ::poll(&wanted, 1, -1) >= 0 || errno == EINTR;
@@ -43,7 +42,7 @@ void Output::append(std::string_view text) {
         return;
     }
     buffer_ += text;
-    if (buffer_.size() >= portion) {
+    if (buffer_.size() >= maxBuffered) {
         flush();
     }
 }

@@ -10,12 +10,11 @@
 
 namespace tarvin {
 
-/// Text on its way to an open file, pipe or terminal, collected into large portions. The first
-/// failure is kept and ends the writing: what is appended later is dropped, so that callers need to
-/// ask only once, at the end. Made and used on one thread.
+/// A buffered writer to an open file, pipe or terminal. It keeps the first error and drops
+/// everything appended later, so callers need to check only once, at the end. One thread at a time.
 class Output final {
  public:
-    /// The descriptor stays its owner's, who must ignore SIGPIPE.
+    /// Does not take ownership of the descriptor. The process must ignore SIGPIPE.
     explicit Output(int descriptor);
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
@@ -23,14 +22,13 @@ class Output final {
     void append(std::string_view text);
     void appendNumber(std::uint64_t number);
 
-    /// Hands on everything appended so far; what is not flushed at the end is lost. False if that
-    /// or an earlier portion failed.
+    /// Writes what is buffered; the destructor does not. False after this or an earlier error.
     bool flush();
     [[nodiscard]] int descriptor() const { return descriptor_; }
     [[nodiscard]] const std::optional<SystemError>& error() const { return error_; }
 
  private:
-    static constexpr std::size_t portion = std::size_t{256} * 1024;
+    static constexpr std::size_t maxBuffered = std::size_t{256} * 1024;  // bytes
 
     int descriptor_;
     std::string buffer_;

@@ -38,7 +38,7 @@ std::string commandLineOf(const CLI::App& command) {
 }
 
 std::string helpOf(const CLI::App& command) {
-    // Not help(), which explains the command that was parsed instead.
+    // Not help(), which returns the help of the parsed subcommand instead.
     return command.get_formatter()->make_help(&command, commandLineOf(command),
                                               CLI::AppFormatMode::Normal);
 }

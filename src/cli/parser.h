@@ -9,21 +9,21 @@ class App;
 
 namespace tarvin {
 
-// Questions about the commands that a parser knows. Main thread.
+// The commands and options that a parser knows. Main thread only.
 
-/// The command of that name below `command`, or none.
+/// The subcommand of that name; nullptr if there is none.
 [[nodiscard]] const CLI::App* subcommandOf(const CLI::App& command, const std::string& name);
 
-/// The names of the commands below `command`.
+/// The names of the subcommands of `command`.
 [[nodiscard]] std::vector<std::string> subcommandNamesOf(const CLI::App& command);
 
-/// The long names of its options, with their dashes.
+/// The long names of the options of `command`, with dashes.
 [[nodiscard]] std::vector<std::string> optionNamesOf(const CLI::App& command);
 
-/// The words that lead to a command, the program's name first: "tarvin exceptions add".
+/// The command with its parents: "tarvin exceptions add".
 [[nodiscard]] std::string commandLineOf(const CLI::App& command);
 
-/// What "--help" behind these words prints.
+/// The text that the command's "--help" prints.
 [[nodiscard]] std::string helpOf(const CLI::App& command);
 
 }  // namespace tarvin

@@ -7,12 +7,11 @@
 
 namespace tarvin {
 
-/// Writes the text to standard output, and a complaint if that fails. Main thread.
+/// Writes the text to standard output; reports a failure. Main thread only.
 ExitStatus print(std::string_view text);
 
-/// What a failure to write the result to `place` comes to. Complains, unless the reader has gone
-/// away, as "head" does once it has read enough: then nobody wants to know. `place` is safe to
-/// print.
+/// Reports a failure to write to `place`, which must be safe to print, and returns the exit status.
+/// A reader that has closed the pipe, as "head" does, is not reported.
 [[nodiscard]] ExitStatus statusOfFailure(std::string_view place, const SystemError& failure);
 
 }  // namespace tarvin

@@ -43,7 +43,7 @@ constexpr const char* programExamples =
     "  tarvin restore\n"
     "  tarvin exceptions add ~/Pictures/keep-both.jpg";
 
-/// A command and its place in the parser.
+/// A command and its parser.
 struct Entry {
     std::unique_ptr<Command> command;
     CLI::App* parser = nullptr;
@@ -64,10 +64,10 @@ std::vector<Entry> addCommands(CLI::App& program, Platform& platform) {
     return entries;
 }
 
-/// The command that the command line led to, as far as it was parsed.
-const CLI::App& understood(const CLI::App& program) {
+/// The innermost command that was parsed.
+const CLI::App& parsedCommand(const CLI::App& program) {
     const std::vector<CLI::App*> chosen = program.get_subcommands();
-    return chosen.empty() ? program : understood(*chosen.back());
+    return chosen.empty() ? program : parsedCommand(*chosen.back());
 }
 
 ExitStatus parseAndRun(CLI::App& program, const std::vector<Entry>& entries,
@@ -83,18 +83,18 @@ ExitStatus parseAndRun(CLI::App& program, const std::vector<Entry>& entries,
         return refuse(misspelt->reason, commandLineOf(*misspelt->command));
     }
     try {
-        std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
+        std::reverse(arguments.begin(), arguments.end());  // the parser reads them from the end
         program.parse(std::move(arguments));
     } catch (const CLI::CallForHelp&) {
-        return print(helpOf(understood(program)));
+        return print(helpOf(parsedCommand(program)));
     } catch (const CLI::CallForVersion&) {
         return print(program.get_name() + ' ' + TARVIN_VERSION + '\n');
     } catch (const CLI::ExtrasError&) {
-        const CLI::App& command = understood(program);
+        const CLI::App& command = parsedCommand(program);
         return refuse(unexpectedArgumentText(program.remaining(true).front(), command),
                       commandLineOf(command));
     } catch (const CLI::ParseError& error) {
-        const CLI::App& command = understood(program);
+        const CLI::App& command = parsedCommand(program);
         return refuse(usageErrorText(error, command), commandLineOf(command));
     }
     const auto chosen = std::find_if(entries.begin(), entries.end(),
@@ -107,8 +107,8 @@ ExitStatus parseAndRun(CLI::App& program, const std::vector<Entry>& entries,
 
 int runProgram(std::span<const char* const> arguments, Platform& platform) {
     reserveStandardStreams();
-    // A reader that has gone away and a limit on the sizes of files are failures to write: neither
-    // may end a clean-up between two files.
+    // A closed pipe and a file size limit must be write errors (EPIPE, EFBIG): neither signal may
+    // end a clean-up between two files.
     for (const int signal : {SIGPIPE, SIGXFSZ}) {
         static_cast<void>(std::signal(signal, SIG_IGN));
     }
@@ -118,7 +118,8 @@ int runProgram(std::span<const char* const> arguments, Platform& platform) {
     program.set_help_flag("-h,--help", "Print help and exit");
     program.set_version_flag("-V,--version", TARVIN_VERSION, "Print the version and exit");
     addColorOption(program);
-    // None is allowed here so that a wrong option is what gets told, not the missing command.
+    // Zero commands are accepted here: parseAndRun() reports the missing one. Otherwise the parser
+    // would, and hide a wrong option.
     program.require_subcommand(0, 1);
     const std::vector<Entry> entries = addCommands(program, platform);
     return static_cast<int>(parseAndRun(program, entries, escapedForParser(arguments)));

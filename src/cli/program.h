@@ -6,9 +6,9 @@
 
 namespace tarvin {
 
-/// The whole program: does what the arguments (without the program's name) say and answers the exit
-/// status. Results go to standard output, everything else to standard error. Once in a process, on
-/// the main thread, before any other thread starts.
+/// Runs the program with its arguments, without the program's name, and returns the exit status.
+/// Results go to standard output, everything else to standard error. Call once per process, on the
+/// main thread, before any other thread starts.
 int runProgram(std::span<const char* const> arguments, Platform& platform);
 
 }  // namespace tarvin

@@ -25,9 +25,9 @@ void writeAtOnce(int descriptor, std::string_view text) {
 
 }  // namespace
 
-ProgressLine::ProgressLine(int descriptor, std::function<Progress()> look, Settings settings)
+ProgressLine::ProgressLine(int descriptor, std::function<Progress()> latest, Settings settings)
     : descriptor_(descriptor),
-      look_(std::move(look)),
+      latest_(std::move(latest)),
       settings_(settings),
       thread_(startThread([this] { drawUntilEnd(); })) {}
 
@@ -50,8 +50,8 @@ void ProgressLine::drawUntilEnd() {
 }
 
 void ProgressLine::draw() {
-    // One column stays free: a full line would make some terminals begin the next.
-    std::string line = progressText(look_(), columnsOf(descriptor_) - 1);
+    // One column stays free: some terminals wrap after a full line.
+    std::string line = progressText(latest_(), columnsOf(descriptor_) - 1);
     if (line != drawn_) {
         writeAtOnce(descriptor_, line);
         drawn_ = std::move(line);

@@ -11,20 +11,20 @@
 
 namespace tarvin {
 
-/// Draws the progress of a scan as one line of a terminal, over and over in the same place, on a
-/// thread of its own, for as long as the object lives. Then the line is gone.
+/// Shows the progress of a scan in one line of a terminal and redraws it on a background thread.
+/// The destructor erases the line.
 class ProgressLine final {
  public:
     struct Settings {
-        /// The shortest time between two drawings.
+        /// Time between two redraws.
         std::chrono::milliseconds interval{100};
     };
 
-    /// `look` is called on the line's thread. The descriptor stays its owner's; a failure to write
-    /// to it is passed over, because what matters is the result.
-    ProgressLine(int descriptor, std::function<Progress()> look)
-        : ProgressLine(descriptor, std::move(look), Settings{}) {}
-    ProgressLine(int descriptor, std::function<Progress()> look, Settings settings);
+    /// `latest` is called on the background thread. Does not take ownership of the descriptor.
+    /// Write errors are ignored: progress is not part of the result.
+    ProgressLine(int descriptor, std::function<Progress()> latest)
+        : ProgressLine(descriptor, std::move(latest), Settings{}) {}
+    ProgressLine(int descriptor, std::function<Progress()> latest, Settings settings);
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
     ~ProgressLine();
@@ -33,13 +33,13 @@ class ProgressLine final {
     void drawUntilEnd();
     void draw();
     void erase() const;
-    /// False, and at once, when the thread is to end.
+    /// False, without delay, when the thread is to end.
     bool waitOneInterval();
 
     const int descriptor_;
-    const std::function<Progress()> look_;
+    const std::function<Progress()> latest_;
     const Settings settings_;
-    std::string drawn_;  // the thread's own
+    std::string drawn_;  // used by the thread only
     std::mutex mutex_;
     std::condition_variable changed_;
     bool ending_ = false;  // guarded by mutex_

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t barCells = 20;
 
-/// As much of the text as fits into the columns, whole characters only.
+/// The longest prefix of whole characters that fits into the columns.
 std::string_view cut(std::string_view text, std::size_t columns) {
     std::size_t length = 0;
     std::size_t used = 0;
@@ -41,12 +41,12 @@ std::string bar(std::uint64_t processed, std::uint64_t total) {
            std::to_string(done * 100 / whole) + '%';
 }
 
-/// The elapsed-time text without the words before the time.
+/// The time in "Elapsed Time: 00:00:02".
 std::string_view timeOf(std::string_view elapsed) {
     return elapsed.substr(elapsed.find_last_of(' ') + 1);
 }
 
-/// The time stays where the name has to be cut.
+/// The text is truncated before the time.
 std::string lineOf(std::string_view text, const Progress& progress, std::size_t columns) {
     const std::string after = "  " + std::string(timeOf(progress.elapsed));
     return std::string(cut(text, columns > after.size() ? columns - after.size() : 0)) + after;
@@ -59,7 +59,7 @@ std::string collectingLine(const Progress& progress, std::size_t columns) {
                   progress, columns);
 }
 
-/// The whole path: what is waited for is to be found by it.
+/// With the full path, so that the user can find what the scan waits for.
 std::string waitingLine(const Progress& progress, std::size_t columns) {
     return lineOf(waitingForText(printable(progress.path)), progress, columns);
 }

@@ -11,9 +11,9 @@ namespace tarvin {
 
 namespace {
 
-/// What is typed up to the end of the line; a longer line than any answer is cut.
+/// Reads up to the end of the line and truncates long lines.
 std::string readLine() {
-    constexpr std::size_t longest = 256;
+    constexpr std::size_t maxLength = 256;  // bytes
     std::string line;
     char character = 0;
     while (true) {
@@ -24,7 +24,7 @@ std::string readLine() {
         if (got <= 0 || character == '\n') {
             return line;
         }
-        if (line.size() < longest) {
+        if (line.size() < maxLength) {
             line += character;
         }
     }

@@ -4,11 +4,11 @@
 
 namespace tarvin {
 
-/// Whether there is a person to ask: standard input and standard error are terminals.
+/// Whether the user can be asked: standard input and standard error are terminals.
 [[nodiscard]] bool isInteractive();
 
-/// Asks on standard error and reads one line from standard input. True only for "y" and "yes", in
-/// capitals or not; the end of the input means no.
+/// Asks on standard error and reads one line from standard input. True only for "y", "Y", "yes",
+/// "Yes" and "YES"; the end of the input means no. Main thread only.
 [[nodiscard]] bool confirm(std::string_view question);
 
 }  // namespace tarvin

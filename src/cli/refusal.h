@@ -6,8 +6,8 @@
 
 namespace tarvin {
 
-/// Complains of a command line that is wrong, and tells which help explains it: that of the words
-/// in `helpCommand`, such as "tarvin scan". Answers ExitStatus::wrongUsage. Main thread.
+/// Reports a usage error and refers to the help of `helpCommand`, such as "tarvin scan". Returns
+/// ExitStatus::wrongUsage. Main thread only.
 ExitStatus refuse(const std::string& reason, const std::string& helpCommand);
 
 }  // namespace tarvin

@@ -10,30 +10,30 @@
 
 namespace tarvin {
 
-/// Where a report goes that must be told whatever happens to its place: as soon as that takes no
-/// more, because its reader went away or its disk is full, standard error gets the rest. A file
-/// that was begun is kept then. One thread at a time.
+/// The target of a report that must not be lost. After a write error, such as a closed pipe or a
+/// full disk, the rest of the report goes to standard error, and a partial file is kept. One thread
+/// at a time.
 class ReportPlace final {
  public:
-    /// `shownName` is safe to print. `file` must outlive this object.
+    /// `shownName` must be safe to print. `file` must outlive this object.
     ReportPlace(std::string shownName, OutputFile& file);
 
-    /// The place, and what stands in for it once it is lost.
+    /// The target, and standard error, which replaces it after an error.
     [[nodiscard]] Output& output() { return file_.output(); }
     [[nodiscard]] Output& errors() { return errors_; }
 
-    /// Hands on what was appended to output(). False, and told, once the place is lost.
+    /// Flushes output(). Returns false after an error; the first one is reported.
     bool flush();
     [[nodiscard]] bool isLost() const { return failure_.has_value(); }
 
-    /// Puts the whole report in its place. Call once, as the last.
+    /// Completes the report. Call once, last.
     [[nodiscard]] ExitStatus commit();
 
  private:
     const std::string shownName_;
     OutputFile& file_;
     Output errors_;                       ///< standard error
-    std::optional<SystemError> failure_;  ///< of the place
+    std::optional<SystemError> failure_;  ///< of the target
 };
 
 }  // namespace tarvin

@@ -97,7 +97,7 @@ CLI::App& RestoreCommand::addTo(CLI::App& program) {
 }
 
 ExitStatus RestoreCommand::run() {
-    if (!takeNumber()) {
+    if (!parseNumber()) {
         return refuse(invalidValueText(number_.value_or(""), "CLEAN-UP",
                                        "expected a number, as shown by --list"),
                       helpCommand);
@@ -115,8 +115,8 @@ ExitStatus RestoreCommand::run() {
     return restoreOrList(*output);
 }
 
-/// True, and the number stored, if none was given or it is one.
-bool RestoreCommand::takeNumber() {
+/// Stores the number in cleanUp_. True if it is valid or none was given.
+bool RestoreCommand::parseNumber() {
     if (!number_) {
         return true;
     }
@@ -124,7 +124,7 @@ bool RestoreCommand::takeNumber() {
     const char* const end = number_->data() + number_->size();
     const auto [behind, failure] = std::from_chars(number_->data(), end, number);
     if (failure == std::errc::result_out_of_range) {
-        number = std::numeric_limits<CleanUpId>::max();  // no clean-up has it
+        number = std::numeric_limits<CleanUpId>::max();  // no clean-up has this number
     } else if (failure != std::errc() || number < 0) {
         return false;
     }
@@ -140,7 +140,7 @@ ExitStatus RestoreCommand::restoreOrList(OutputFile& output) {
     }
     DataFile totals(folder);
     std::unique_ptr<PutBack> putBack;
-    // No journal is made where nothing has ever been cleaned up.
+    // Opening would create a journal.
     if (CleanUpJournal::isIn(*folder)) {
         auto opened = PutBack::open(platform_, totals);
         if (const auto* error = std::get_if<StoreError>(&opened)) {
@@ -224,7 +224,7 @@ ExitStatus RestoreCommand::restore(PutBack& putBack, const CleanUpSummary& clean
     if (!yes_ && !confirm(questionFor(prospect.files, prospect.all, prospect.bytes, cleanUp))) {
         return ExitStatus::done;
     }
-    return bringBack(putBack, cleanUp.id, totals, output);
+    return putBackFiles(putBack, cleanUp.id, totals, output);
 }
 
 ExitStatus RestoreCommand::nothing(NothingToPutBack reason, OutputFile& output) const {
@@ -252,8 +252,8 @@ ExitStatus RestoreCommand::plan(PutBack& putBack, CleanUpId cleanUp, OutputFile&
     return failure ? journalFailure(*failure) : status;
 }
 
-ExitStatus RestoreCommand::bringBack(PutBack& putBack, CleanUpId cleanUp, DataFile& totals,
-                                     OutputFile& output) {
+ExitStatus RestoreCommand::putBackFiles(PutBack& putBack, CleanUpId cleanUp, DataFile& totals,
+                                        OutputFile& output) {
     enter(Stage::puttingBack);
     RestoreReport report({.dryRun = false, .cleanUp = cleanUp}, format_, output_, output);
     const std::optional<StoreError> failure =
@@ -279,7 +279,7 @@ void RestoreCommand::enter(Stage stage) {
 void RestoreCommand::stopOnFirstSignal(const OutputFile& output) {
     const std::lock_guard lock(mutex_);
     stopped_ = true;
-    if (stage_ == Stage::looking) {
+    if (stage_ == Stage::searching) {
         quitAtOnce(output);
     }
 }

@@ -19,7 +19,7 @@
 
 namespace tarvin {
 
-/// "tarvin restore": puts the files of a clean-up back from the Trash to where they were.
+/// "tarvin restore": puts the files of a clean-up back from the Trash.
 class RestoreCommand final : public Command {
  public:
     explicit RestoreCommand(Platform& platform) : platform_(platform) {}
@@ -28,15 +28,15 @@ class RestoreCommand final : public Command {
     ExitStatus run() override;
 
  private:
-    /// What a Ctrl-C means depends on what is being done.
+    /// Decides what a Ctrl-C does.
     enum class Stage : std::uint8_t {
-        looking,   ///< or asking: it ends the program at once
-        planning,  ///< it ends the report of a dry run
-        puttingBack
+        searching,   ///< or asking: ends the program at once
+        planning,    ///< the first ends the report of a dry run, the second the program
+        puttingBack  ///< the first stops after the current file, the second is ignored
     };
     using Chosen = std::variant<CleanUpSummary, NothingToPutBack, ExitStatus>;
 
-    bool takeNumber();
+    bool parseNumber();
     ExitStatus restoreOrList(OutputFile& output);
     ExitStatus list(PutBack* putBack, OutputFile& output) const;
     /// Without a PutBack nothing has ever been cleaned up.
@@ -45,7 +45,8 @@ class RestoreCommand final : public Command {
     ExitStatus restore(PutBack& putBack, const CleanUpSummary& cleanUp, DataFile& totals,
                        OutputFile& output);
     ExitStatus plan(PutBack& putBack, CleanUpId cleanUp, OutputFile& output);
-    ExitStatus bringBack(PutBack& putBack, CleanUpId cleanUp, DataFile& totals, OutputFile& output);
+    ExitStatus putBackFiles(PutBack& putBack, CleanUpId cleanUp, DataFile& totals,
+                            OutputFile& output);
     ExitStatus nothing(NothingToPutBack reason, OutputFile& output) const;
 
     void enter(Stage stage);
@@ -62,7 +63,7 @@ class RestoreCommand final : public Command {
     bool yes_ = false;
     std::atomic<bool> stopped_{false};
     std::mutex mutex_;
-    Stage stage_ = Stage::looking;  // guarded by mutex_
+    Stage stage_ = Stage::searching;  // guarded by mutex_
 };
 
 }  // namespace tarvin

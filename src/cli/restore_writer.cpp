@@ -25,7 +25,7 @@ std::string putBackPathOf(const PutBackFile& file) {
     return file.path.substr(0, file.path.rfind('/') + 1) + file.name;
 }
 
-/// `cleanUp` is the one that was asked for; none means the last one.
+/// `cleanUp` is nullopt for the last one.
 std::string sentenceFor(NothingToPutBack reason, std::optional<CleanUpId> cleanUp) {
     switch (reason) {
         case NothingToPutBack::neverCleaned:
@@ -51,8 +51,8 @@ std::string_view wordFor(NothingToPutBack reason) {
     return "noneInTrash";
 }
 
-/// For people: each file that came back or would come, and the sums. What does not come is told on
-/// standard error.
+/// Each file that was or would be put back, and the sums. The others are reported on standard
+/// error.
 class RestoreTextWriter final : public RestoreWriter {
  public:
     RestoreTextWriter(const RestoreSubject& subject, Output& output)

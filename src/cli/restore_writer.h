@@ -13,29 +13,29 @@
 
 namespace tarvin {
 
-/// What a report of files that come back is about.
+/// The subject of a report.
 struct RestoreSubject {
     bool dryRun = false;
-    std::optional<CleanUpId> cleanUp;  ///< none if there is nothing to put back
+    std::optional<CleanUpId> cleanUp;  ///< nullopt if there is nothing to put back
 };
 
-/// What putting back came to.
+/// The sums of a report.
 struct RestoreSummary {
-    std::uint64_t files = 0;     ///< put back, or that would be
+    std::uint64_t files = 0;     ///< put back, or to be put back in a dry run
     std::uint64_t bytes = 0;     ///< of those
-    std::uint64_t notFiles = 0;  ///< that did not come back, or could not
-    bool stopped = false;        ///< on request, before the end
+    std::uint64_t notFiles = 0;  ///< not put back
+    bool stopped = false;        ///< ended early, on request
 };
 
-/// A known clean-up as it stands now.
+/// The present state of a known clean-up.
 struct KnownCleanUp {
     CleanUpSummary summary;
-    std::uint64_t putBackFiles = 0;  ///< by us or by another program
+    std::uint64_t putBackFiles = 0;  ///< by tarvin or another program
     std::uint64_t lostFiles = 0;     ///< neither put back nor in the Trash
 };
 
-/// Writes what becomes of each file in one format: begin(), file() for each, end(); or begin() and
-/// nothing(). Appends to an Output, which remembers what goes wrong. One thread at a time.
+/// Writes the outcome of each file in one format: begin(), file() for each, end(); or begin() and
+/// nothing(). Appends to an Output, which keeps the first error. One thread at a time.
 class RestoreWriter {
  public:
     virtual ~RestoreWriter() = default;
@@ -43,19 +43,19 @@ class RestoreWriter {
     virtual void begin() = 0;
     virtual void file(const PutBackFile& file) = 0;
     virtual void end(const RestoreSummary& summary) = 0;
-    /// Instead of files and the sums of them.
+    /// Replaces file() and end().
     virtual void nothing(NothingToPutBack reason) = 0;
 };
 
-/// There is no CSV: text is written instead.
+/// For CSV, which restore does not have, returns the text writer. `output` must outlive the writer.
 [[nodiscard]] std::unique_ptr<RestoreWriter> makeRestoreWriter(ResultFormat format,
                                                                const RestoreSubject& subject,
                                                                Output& output);
 
-/// Appends the list of clean-ups, in the order given. There is no CSV: text is written instead.
+/// Appends the list of clean-ups in the given order; for CSV, as text.
 void writeCleanUps(ResultFormat format, const std::vector<KnownCleanUp>& cleanUps, Output& output);
 
-/// Why a file does not come back, for a person: "no longer in the Trash".
+/// Why a file is not put back: "no longer in the Trash". Any thread.
 [[nodiscard]] std::string reasonFor(const PutBackFile& file);
 
 }  // namespace tarvin

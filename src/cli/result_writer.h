@@ -8,19 +8,15 @@
 
 namespace tarvin {
 
-enum class ResultFormat : std::uint8_t {
-    text,  ///< for people
-    json,
-    csv
-};
+enum class ResultFormat : std::uint8_t { text, json, csv };
 
-/// Writes the report of a scan in one format, set by set, so that a result of a million files is
-/// not held a second time. Any thread.
+/// Writes the report of a scan in one format, set by set: a result of a million files is not
+/// copied. Any thread.
 class ResultWriter {
  public:
     virtual ~ResultWriter() = default;
 
-    /// Appends the whole report to `output`, which remembers what goes wrong and is not flushed.
+    /// Appends the whole report to `output`, which keeps the first error and is not flushed.
     virtual void write(const ScanReport& report, Output& output) const = 0;
 };
 

@@ -53,10 +53,10 @@ ExitStatus ScanCommand::run() {
 
 ExitStatus ScanCommand::scanInto(OutputFile& output, ExceptionFilter exceptions) {
     FolderScan scan(platform_, options_);
-    // Before start(), which starts threads, and gone before the scan that it calls.
+    // Constructed before start(), which starts threads; destroyed before `scan`, which it calls.
     Interrupt interrupt;
     scan.start(std::move(exceptions));
-    // Not before start(), which forgets an earlier request to stop.
+    // After start(), which resets an earlier stop request.
     interrupt.watch([&scan] { scan.requestStop(); }, [&output] { quitAtOnce(output); });
     scan.wait();
     const ScanReport report = scan.report();

@@ -9,7 +9,7 @@
 
 namespace tarvin {
 
-/// "tarvin scan": finds the identical files in folders and writes them down.
+/// "tarvin scan": finds identical files and prints them.
 class ScanCommand final : public Command {
  public:
     explicit ScanCommand(Platform& platform) : platform_(platform) {}

@@ -8,7 +8,7 @@ namespace tarvin {
 
 namespace {
 
-/// The list that the window keeps. No list is an empty one.
+/// The user's list, shared with the window; empty if missing.
 ExceptionList ownExceptions(Platform& platform) {
     const std::optional<std::string> folder = platform.applicationSupportFolder();
     if (!folder) {

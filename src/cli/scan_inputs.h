@@ -11,16 +11,16 @@
 
 namespace tarvin {
 
-/// The folders of a command line as the scan wants them.
+/// The folders of a command line as input of a scan.
 struct ScanFolders {
-    std::vector<LocationRow> rows;               ///< checked folders by absolute path
-    std::vector<UnreadableLocation> unreadable;  ///< those that have no absolute path
+    std::vector<LocationRow> rows;               ///< checked, with absolute paths
+    std::vector<UnreadableLocation> unreadable;  ///< without an absolute path
 };
 
 [[nodiscard]] ScanFolders foldersOf(const ScanOptions& options);
 
-/// The exceptions to be used. An error means that the list asked for, or the person's own, cannot
-/// be read; that there is no list of one's own is none.
+/// The exceptions to use. Fails if the list named by the options, or else the user's own, cannot be
+/// read; a missing list of the user is empty.
 [[nodiscard]] ExceptionList exceptionsOf(const ScanOptions& options, Platform& platform);
 
 }  // namespace tarvin

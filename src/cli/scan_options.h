@@ -19,18 +19,18 @@ enum class ProgressWhen : std::uint8_t {
     never
 };
 
-/// What the command line says of a scan. Paths are as they were given, native bytes.
+/// The options of a scan. Paths are as given, native bytes.
 struct ScanOptions {
     std::vector<std::string> folders;
     ResultFormat format = ResultFormat::text;
     std::string output = "-";  ///< "-" is standard output
     bool useExceptions = true;
-    std::optional<std::string> exceptionsFile;  ///< none: the person's own list
+    std::optional<std::string> exceptionsFile;  ///< nullopt: the user's own list
     ProgressWhen progress = ProgressWhen::automatic;
 };
 
-/// Adds the options and the folders of a scan to a command. `options` must live as long as
-/// `command`, which stores into it.
+/// Adds the options and the folders of a scan to a command, which stores into `options`; `options`
+/// must outlive it.
 void addScanOptions(CLI::App& command, ScanOptions& options);
 
 }  // namespace tarvin

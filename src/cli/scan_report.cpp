@@ -8,8 +8,8 @@ namespace tarvin {
 
 namespace {
 
-/// Of a set, without its first file. What is not known to be a name of another file is a file of
-/// its own.
+/// Bytes of a set without its first file. A file without a known identity counts as a separate
+/// file.
 std::uint64_t reclaimableOf(const Set& set, std::vector<FileIdentity>& known) {
     known.clear();
     std::uint64_t files = 0;
@@ -92,7 +92,7 @@ ScanReport reportOf(const ScanRun& run) {
     ScanReport report;
     for (ScanReport::CategoryReport& category : report.categories) {
         category.collected = run.result().collected(category.category);
-        // A scan that found no files has not made a list.
+        // A scan that found no files has no list.
         if (const std::shared_ptr<Modal>& result = run.result().of(category.category)) {
             category.result = result;
         }

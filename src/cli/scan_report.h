@@ -12,13 +12,13 @@
 
 namespace tarvin {
 
-/// What a finished or stopped scan has to tell, in whatever format. Shares the result trees, which
-/// must not change while a report is written.
+/// The result of a finished or stopped scan. Shares the result trees, which must not change while a
+/// report is written.
 struct ScanReport {
     struct CategoryReport {
         Category category = Category::image;
-        std::uint64_t collected = 0;  ///< files that were there to be compared
-        std::shared_ptr<const Modal> result = std::make_shared<Modal>();  ///< never none
+        std::uint64_t collected = 0;  ///< files found, to be compared
+        std::shared_ptr<const Modal> result = std::make_shared<Modal>();  ///< never null
     };
 
     struct NotRead {
@@ -28,23 +28,24 @@ struct ScanReport {
 
     /// In the order of allCategories.
     std::array<CategoryReport, allCategories.size()> categories = emptyCategories();
-    /// Ended early, on request or for lack of memory: there may be more duplicates.
+    /// Ended early, on request or out of memory: there may be more duplicates.
     bool stopped = false;
     double elapsedSeconds = 0;
-    /// The given folders that could not be read, then what could not be read inside the others.
+    /// The given folders that could not be read, then unreadable folders and files inside the
+    /// others.
     std::vector<NotRead> unreadable;
-    /// Collected files among them, which were not compared.
+    /// Collected files among them.
     std::uint64_t notCompared = 0;
 
     [[nodiscard]] std::uint64_t collected() const;
     /// Collected files, without those that could not be read.
     [[nodiscard]] std::uint64_t compared() const { return collected() - notCompared; }
-    /// Duplicate copies, which is what could be given up, and their bytes.
+    /// Duplicates, without the first file of each set, and their bytes.
     [[nodiscard]] std::uint64_t totalFiles() const;
     [[nodiscard]] std::uint64_t totalFilesSize() const;
     [[nodiscard]] std::uint64_t totalSets() const;
-    /// Bytes that are free once every file but the first of each set has gone: names of one file
-    /// count as one. Less than totalFilesSize() only where there are hard links.
+    /// Bytes freed if only the first file of each set stays. Hard links of one file count once, so
+    /// this can be less than totalFilesSize().
     [[nodiscard]] std::uint64_t reclaimable() const;
 
  private:
@@ -54,7 +55,7 @@ struct ScanReport {
 /// Why a given folder was not scanned.
 [[nodiscard]] std::string reasonOf(const UnreadableLocation& location);
 
-/// The report of a scan that is over.
+/// The report of a scan that has ended.
 [[nodiscard]] ScanReport reportOf(const ScanRun& run);
 
 }  // namespace tarvin

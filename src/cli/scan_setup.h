@@ -11,19 +11,20 @@
 
 namespace tarvin {
 
-/// What to do about a list of one's own that cannot be used.
+/// How to treat an unusable exceptions list of the user.
 enum class UnusableExceptions : std::uint8_t {
-    areIgnored,  ///< where nothing is removed
-    areARefusal
+    areIgnored,  ///< continue without: nothing is moved
+    areARefusal  ///< stop: excluded files could be moved
 };
 
-/// What a command that scans has to have before it begins. Main thread.
+/// What a scan needs before it starts. Main thread only.
 struct ScanSetup {
-    ExceptionFilter exceptions;          ///< the files that are left out
-    std::unique_ptr<OutputFile> output;  ///< where the result goes
+    ExceptionFilter exceptions;          ///< files to skip
+    std::unique_ptr<OutputFile> output;  ///< target of the result
 };
 
-/// What the options ask for, or none, and a complaint, if there is no such list or place.
+/// Reads the exceptions and opens the output. Returns nullopt, after an error message, if that
+/// fails.
 [[nodiscard]] std::optional<ScanSetup> setUpScan(const ScanOptions& options, Platform& platform,
                                                  UnusableExceptions unusable);
 

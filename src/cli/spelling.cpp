@@ -16,8 +16,8 @@ bool takesValue(const CLI::Option& option) {
     return option.get_items_expected_max() > 0;
 }
 
-/// "--name=value" where the value is empty, or where the option takes none.
-std::optional<std::string> reasonAgainstValue(const CLI::App& command, std::string_view word) {
+/// The error in "--name=value" if the value is empty or the option takes none.
+std::optional<std::string> valueError(const CLI::App& command, std::string_view word) {
     const std::size_t equals = word.find('=');
     if (equals == std::string_view::npos) {
         return std::nullopt;
@@ -25,7 +25,7 @@ std::optional<std::string> reasonAgainstValue(const CLI::App& command, std::stri
     const std::string name(word.substr(0, equals));
     const CLI::Option* const option = command.get_option_no_throw(name);
     if (option == nullptr) {
-        return std::nullopt;  // the parser tells
+        return std::nullopt;  // the parser reports it
     }
     if (!takesValue(*option)) {
         return noValueText(name);
@@ -33,12 +33,12 @@ std::optional<std::string> reasonAgainstValue(const CLI::App& command, std::stri
     return equals + 1 == word.size() ? std::optional(missingValueText(name)) : std::nullopt;
 }
 
-/// "-ny" and "-ofile" are letters that the command knows, the last one with its value.
+/// Whether a word such as "-ny" or "-ofile" consists of short options, the last one with its value.
 bool isBundle(const CLI::App& command, std::string_view word) {
     for (const char letter : word.substr(1)) {
         const CLI::Option* const option = command.get_option_no_throw(std::string{'-', letter});
         if (option == nullptr) {
-            return std::isalnum(static_cast<unsigned char>(letter)) != 0;  // the parser tells
+            return std::isalnum(static_cast<unsigned char>(letter)) != 0;  // the parser reports it
         }
         if (takesValue(*option)) {
             return true;
@@ -47,9 +47,9 @@ bool isBundle(const CLI::App& command, std::string_view word) {
     return true;
 }
 
-std::optional<std::string> reasonAgainst(const CLI::App& command, const std::string& word) {
+std::optional<std::string> spellingError(const CLI::App& command, const std::string& word) {
     if (word.starts_with("--")) {
-        return reasonAgainstValue(command, word);
+        return valueError(command, word);
     }
     const bool isLongName = word.size() > 2 && command.get_option_no_throw('-' + word) != nullptr;
     if (isLongName) {
@@ -68,7 +68,7 @@ std::optional<Misspelling> misspellingIn(const CLI::App& program,
         if (!word.starts_with('-')) {
             const CLI::App* const named = subcommandOf(*command, word);
             command = named != nullptr ? named : command;
-        } else if (auto reason = reasonAgainst(*command, word)) {
+        } else if (auto reason = spellingError(*command, word)) {
             return Misspelling{command, std::move(*reason)};
         }
     }

@@ -10,15 +10,15 @@ class App;
 
 namespace tarvin {
 
-/// An option that the parser would understand as something else than what was meant.
+/// An option that the parser would misinterpret.
 struct Misspelling {
-    const CLI::App* command = nullptr;  ///< the one whose option it is
-    std::string reason;                 ///< for a message, safe to print
+    const CLI::App* command = nullptr;  ///< whose option it is
+    std::string reason;                 ///< safe to print
 };
 
-/// The first misspelt option on a command line. The parser takes the next word for the value of
-/// "--output=", a value given to a flag ("--yes=no") for the flag, and "-output" for "-o utput".
-/// `arguments` are as escapedForParser() spells them. Main thread.
+/// The first misspelt option on a command line; nullopt if there is none. The parser would take the
+/// next word as the value of "--output=", ignore the value of a flag ("--yes=no"), and read
+/// "-output" as "-o utput". `arguments` must come from escapedForParser(). Main thread only.
 [[nodiscard]] std::optional<Misspelling> misspellingIn(const CLI::App& program,
                                                        const std::vector<std::string>& arguments);
 

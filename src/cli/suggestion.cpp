@@ -7,11 +7,11 @@ namespace tarvin {
 
 namespace {
 
-constexpr std::size_t shortestBeginning = 2;  // letters
-constexpr std::size_t longestWord = 32;       // letters; longer than any of ours by two slips
+constexpr std::size_t minPrefix = 2;  // letters
+constexpr std::size_t maxWord = 32;   // letters: our longest word and two edits
 
-/// Without what does not count.
-std::string core(std::string_view word) {
+/// In lower case, without leading dashes.
+std::string normalized(std::string_view word) {
     const std::size_t begin = std::min(word.find_first_not_of('-'), word.size());
     std::string letters(word.substr(begin));
     for (char& letter : letters) {
@@ -21,9 +21,9 @@ std::string core(std::string_view word) {
     return letters;
 }
 
-/// How many slips lead from one word to the other, each letter being part of one at most.
-std::size_t slipsBetween(std::string_view one, std::string_view other) {
-    // Of the last three beginnings of `one`, to each beginning of `other`.
+/// Edit distance with swaps of neighbours (optimal string alignment).
+std::size_t editDistance(std::string_view one, std::string_view other) {
+    // Distances of the last three prefixes of `one` to each prefix of `other`.
     std::vector<std::size_t> beforeLast;
     std::vector<std::size_t> last(other.size() + 1);
     for (std::size_t column = 0; column <= other.size(); ++column) {
@@ -46,32 +46,32 @@ std::size_t slipsBetween(std::string_view one, std::string_view other) {
     return last.back();
 }
 
-std::size_t mostSlips(std::size_t letters) {
+std::size_t maxEdits(std::size_t letters) {
     return letters <= 4 ? 1 : 2;
 }
 
 }  // namespace
 
 std::string nearest(std::string_view word, const std::vector<std::string>& known) {
-    const std::string given = core(word);
-    if (given.size() < shortestBeginning || given.size() > longestWord) {
+    const std::string given = normalized(word);
+    if (given.size() < minPrefix || given.size() > maxWord) {
         return {};
     }
     std::string best;
-    std::size_t fewest = mostSlips(given.size()) + 1;
+    std::size_t fewest = maxEdits(given.size()) + 1;
     for (const std::string& candidate : known) {
         if (candidate == word) {
             return {};
         }
-        const std::string meant = core(candidate);
-        if (meant.size() < shortestBeginning) {
+        const std::string meant = normalized(candidate);
+        if (meant.size() < minPrefix) {
             continue;
         }
-        // The whole beginning of a word counts as one slip.
-        const std::size_t slips =
-            meant.starts_with(given) ? std::size_t{meant != given} : slipsBetween(given, meant);
-        if (slips < fewest && slips < meant.size() - 1) {
-            fewest = slips;
+        // A prefix counts as one edit.
+        const std::size_t edits =
+            meant.starts_with(given) ? std::size_t{meant != given} : editDistance(given, meant);
+        if (edits < fewest && edits < meant.size() - 1) {
+            fewest = edits;
             best = candidate;
         }
     }

@@ -6,14 +6,13 @@
 
 namespace tarvin {
 
-/// The one of `known` that was probably meant by `word`: one that begins with it, or the one that
-/// the fewest slips of the keyboard lead to. A slip is a letter too many, too few, wrong or changed
-/// over with the next; two are the most, one in words of up to four letters. Upper and lower case
-/// and leading dashes do not count. Empty if nothing is near, or `word` itself is known. Pure; any
-/// thread.
+/// The known word that was probably meant: one that begins with `word`, or the one with the
+/// smallest edit distance. An edit inserts, deletes or replaces a letter, or swaps two neighbours;
+/// at most two edits are accepted, one in words of up to four letters. Case and leading dashes are
+/// ignored. Empty if no word is close, or `word` itself is known. Pure; any thread.
 [[nodiscard]] std::string nearest(std::string_view word, const std::vector<std::string>& known);
 
-/// "; did you mean '--format'?" for the end of a message; empty if nothing is near.
+/// "; did you mean '--format'?" for the end of a message; empty if no word is close.
 [[nodiscard]] std::string suggestionFor(std::string_view word,
                                         const std::vector<std::string>& known);
 

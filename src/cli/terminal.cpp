@@ -10,7 +10,7 @@
 namespace tarvin {
 
 bool isDrawable(int descriptor) {
-    // Safe on any thread, because nothing in the program changes its environment.
+    // Any thread: nothing in the program changes its environment.
     const char* const kind = std::getenv("TERM");  // NOLINT(concurrency-mt-unsafe)
     const bool isDumb = kind != nullptr && std::string_view(kind) == "dumb";
     return !isDumb && ::isatty(descriptor) == 1;
@@ -26,7 +26,7 @@ std::size_t columnsOf(int descriptor) {
 void reserveStandardStreams() {
     int descriptor = 0;
     do {
-        // The lowest free number is taken. Open for reading alone, so that writing to it fails.
+        // open() takes the lowest free number. Read-only, so that writing fails.
         descriptor = ::open("/dev/null", O_RDONLY);
     } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
     if (descriptor >= 0) {

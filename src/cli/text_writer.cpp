@@ -13,7 +13,6 @@ namespace tarvin {
 
 namespace {
 
-/// Headings are bold where there is colour.
 void writeHeading(std::string_view text, bool isColored, Output& output) {
     output.append(isColored ? bold : "");
     output.append(text);
@@ -57,7 +56,7 @@ void writeCategory(const ScanReport::CategoryReport& category, Output& output) {
     output.append("\n");
 }
 
-/// What the sets come to, or why there are none.
+/// The sums of the sets, or why there are none.
 std::string verdict(const ScanReport& report) {
     if (report.totalSets() > 0) {
         return counted(report.totalFiles(), "duplicate file") + " in " +

@@ -4,9 +4,8 @@
 
 namespace tarvin {
 
-/// The format for people: sets under their extensions under their categories, one file a line, and
-/// a summary at the end. Names that could disturb a terminal are quoted (shownName). Headings are
-/// bold where there is colour.
+/// Text: categories, extensions, sets, and one file per line, with a summary at the end. Names are
+/// written by shownName(). Headings are bold where there is colour.
 class TextWriter final : public ResultWriter {
  public:
     void write(const ScanReport& report, Output& output) const override;

@@ -44,7 +44,7 @@ ExitStatus TotalsCommand::run() {
         printStoreError("read totals", *failure);
         return ExitStatus::incomplete;
     }
-    // The totals may lack what a clean-up has moved whose process was ended.
+    // The totals may lack the moves of a clean-up that crashed.
     if (const std::optional<StoreError> unsettled = recoverAtStart(platform_, data)) {
         printRecordError(*unsettled, data.dataPath());
         return ExitStatus::incomplete;

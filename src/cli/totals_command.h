@@ -5,7 +5,7 @@
 
 namespace tarvin {
 
-/// "tarvin totals": tells how much was ever moved to the Trash.
+/// "tarvin totals": prints how much has been moved to the Trash over all runs.
 class TotalsCommand final : public Command {
  public:
     explicit TotalsCommand(Platform& platform) : platform_(platform) {}

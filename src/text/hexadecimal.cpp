@@ -4,14 +4,14 @@ namespace tarvin {
 
 std::string hexadecimal(std::string_view bytes) {
     constexpr std::string_view digits = "0123456789abcdef";
-    std::string answer;
-    answer.reserve(bytes.size() * 2);
+    std::string text;
+    text.reserve(bytes.size() * 2);
     for (const char byte : bytes) {
         const auto value = static_cast<unsigned char>(byte);
-        answer += digits[value >> 4U];
-        answer += digits[value & 0x0FU];
+        text += digits[value >> 4U];
+        text += digits[value & 0x0FU];
     }
-    return answer;
+    return text;
 }
 
 }  // namespace tarvin

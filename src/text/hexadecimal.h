@@ -5,7 +5,7 @@
 
 namespace tarvin {
 
-/// Two digits a byte, lower case. Any thread.
+/// Two lower-case digits per byte. Any thread.
 [[nodiscard]] std::string hexadecimal(std::string_view bytes);
 
 }  // namespace tarvin

@@ -44,32 +44,32 @@ std::string escaped(std::string_view bytes, bool isHarmlessCharacter) {
         const std::string_view backslash = bytes == "'" || bytes == "\\" ? "\\" : "";
         return std::string(backslash).append(bytes);
     }
-    std::string answer;
+    std::string result;
     for (std::size_t position = 0; position < bytes.size(); ++position) {
-        answer += "\\x" + hexadecimal(bytes.substr(position, 1));
+        result += "\\x" + hexadecimal(bytes.substr(position, 1));
     }
-    return answer;
+    return result;
 }
 
 std::string inShellNotation(std::string_view name) {
-    std::string answer(quotationBegin);
+    std::string result(quotationBegin);
     while (!name.empty()) {
         const Utf8Character character = firstCharacter(name);
-        answer += escaped(name.substr(0, character.length), isHarmless(character));
+        result += escaped(name.substr(0, character.length), isHarmless(character));
         name.remove_prefix(character.length);
     }
-    return answer += '\'';
+    return result += '\'';
 }
 
-/// The text with `mark` for what is not harmless.
+/// The text with `mark` for each unsafe character.
 std::string replaced(std::string_view text, std::string_view mark) {
-    std::string answer;
+    std::string result;
     while (!text.empty()) {
         const Utf8Character character = firstCharacter(text);
-        answer += isHarmless(character) ? text.substr(0, character.length) : mark;
+        result += isHarmless(character) ? text.substr(0, character.length) : mark;
         text.remove_prefix(character.length);
     }
-    return answer;
+    return result;
 }
 
 }  // namespace
