@@ -7,7 +7,7 @@
 
 namespace tarvin {
 
-/// One question or message that a person has to answer before going on.
+/// One question or message that the user has to answer.
 struct Alert {
     QString messageText;
     QString informativeText;
@@ -15,26 +15,26 @@ struct Alert {
     int escapeButton = 0;  ///< the one that Esc presses: the harmless one
 };
 
-/// Shows alerts over the window. Nothing waits for the answer: scans go on meanwhile. Main thread.
-/// Tests answer in its place.
+/// Shows alerts over the window. Asynchronous: scans go on meanwhile. Main thread only. Tests
+/// replace it.
 class Alerts {
  public:
-    /// Names one alert of a run of the program. No alert has the number 0.
+    /// Identifies one alert of this process; never 0.
     using Number = std::uint64_t;
 
     virtual ~Alerts() = default;
 
-    /// `answered`, which may be empty, is called with the number of the pressed button.
+    /// Calls `answered`, which may be empty, with the index of the pressed button.
     virtual Number show(const Alert& alert, std::function<void(int button)> answered) = 0;
 
     Number show(const Alert& alert) { return show(alert, {}); }
 
-    /// Closes an alert whose reason is gone, without an answer. Nothing happens if it was answered
-    /// or withdrawn already, or if there is none of that number.
+    /// Closes an alert without calling `answered`. Does nothing if it is closed already or does not
+    /// exist.
     virtual void withdraw(Number alert) = 0;
 };
 
-/// The message of the product with "Ok" alone.
+/// A message with the program's title and only "Ok".
 [[nodiscard]] Alert noticeOf(const QString& informativeText);
 
 }  // namespace tarvin

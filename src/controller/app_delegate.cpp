@@ -73,7 +73,7 @@ AppDelegate::AppDelegate(Surroundings surroundings)
 }
 
 AppDelegate::~AppDelegate() {
-    singleInstance_.reset();  // a copy started from now on does not count on this one
+    singleInstance_.reset();  // instances started from now on do not see this one
 }
 
 void AppDelegate::makeResultTasks() {
@@ -117,7 +117,7 @@ void AppDelegate::recoverCleanUps() {
     recovery_ = std::make_unique<RecoveryTask>(session_.platform);
     connect(recovery_.get(), &RecoveryTask::totalsSettled, this, [this] {
         if (deletion_->isRunning()) {
-            return;  // which settles the totals itself
+            return;  // it updates the totals itself
         }
         session_.data.refresh();
         if (window_.selectedTabViewItem() == window_.home->identifier()) {
@@ -168,8 +168,8 @@ void AppDelegate::connectRequests() {
 
 void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& folders) {
     if (!singleInstance_->keepFirst(folders)) {
-        // Nothing of this copy is seen. It ends when the event loop begins, even if the request
-        // that it has sent to itself is lost.
+        // This instance shows no window. It ends when the event loop begins, even if the request
+        // that it sent to itself is lost.
         QMetaObject::invokeMethod(this, "terminate", Qt::QueuedConnection);
         return;
     }
@@ -190,7 +190,7 @@ void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& 
     window_.show();
     comeToFront();
     singleInstance_->listen();
-    // The window comes first.
+    // Queued, so that the window is shown first.
     QMetaObject::invokeMethod(updates_.get(), "checkAtLaunch", Qt::QueuedConnection);
 }
 
@@ -219,7 +219,7 @@ void AppDelegate::openFolders(const std::vector<std::string>& folders) {
 }
 
 void AppDelegate::comeToFront() {
-    // Only that: a window that was maximised comes back so.
+    // Clears only this flag, so that a maximised window stays maximised.
     window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
     window_.raise();
     window_.activateWindow();
@@ -252,7 +252,7 @@ void AppDelegate::homeCleanup() {
 
 void AppDelegate::goHome() {
     homeCleanup();
-    window_.runningAlert->hide();  // of the screen that is left
+    window_.runningAlert->hide();  // belongs to the screen being left
     window_.selectTabViewItem(window_.home->identifier());
 }
 

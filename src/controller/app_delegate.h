@@ -31,27 +31,27 @@
 
 namespace tarvin {
 
-/// The one owner: of the window, of what the tasks share, and of one object for each task. Does the
-/// start, the end and the way from screen to screen itself. One for the process; main thread.
+/// Owns the window, the shared state and one object for each task. Handles start-up, shutdown and
+/// changes of screen. One instance per process. Main thread only.
 class AppDelegate final : public QObject {
     Q_OBJECT
 
  public:
-    /// What the delegate asks of the outside. Everything outlives it; the seams that are null are
-    /// the product's own.
+    /// The dependencies, which must outlive this object. For null `alerts` and `panels` it makes
+    /// its own.
     struct Surroundings {
         Platform& platform;
         Desktop& desktop;
         QSettings& settings;
         Alerts* alerts = nullptr;
         FilePanels* panels = nullptr;
-        std::function<void()> terminate{};  ///< ends the program, soon
+        std::function<void()> terminate{};  ///< ends the program asynchronously
         QString version{};
-        QString urls{};                ///< path of the list of addresses; may be empty
-        QString guide{};               ///< path of the user guide; may be empty
-        QString previewProgram{};      ///< path of the program that makes previews
-        QString updater{};             ///< path of the program that fetches updates; may be empty
-        UrlReader readUrl{};  ///< for updates; may be empty
+        QString urls{};            ///< path of Urls.plist; may be empty
+        QString guide{};           ///< path of the user guide; may be empty
+        QString previewProgram{};  ///< path of the preview program
+        QString updater{};         ///< path of the updater; may be empty
+        UrlReader readUrl{};       ///< for updates; may be empty
     };
 
     explicit AppDelegate(Surroundings surroundings);
@@ -59,36 +59,38 @@ class AppDelegate final : public QObject {
     AppDelegate& operator=(const AppDelegate&) = delete;
     ~AppDelegate() override;
 
-    /// The interface is there: its pictures and, the first time, everything that is done once.
+    /// Call when the controls exist. Sets their images and, the first time, initialises the rest.
     void awakeFromNib();
     void initializeArrays();
-    /// Shows the window. `folders`, absolute paths, open the location list with them checked. A
-    /// copy that gives way to another shows nothing: it hands its folders over and ends.
+    /// Shows the window. With `folders`, absolute paths, it opens the location list with them
+    /// checked. An instance that exits in favour of another shows no window and passes its folders
+    /// on.
     void applicationDidFinishLaunching(const std::vector<std::string>& folders = {});
 
-    /// Forgets what a scan or a choice of locations has left.
+    /// Drops the result and the chosen locations.
     void homeCleanup();
     void buttonHomeExactPageClicked();
     void buttonHomePageClicked();
-    /// Nothing calls it: similar images have no screen.
+    /// Nothing calls it: there is no screen for similar images.
     void buttonHomeSimilarPageClicked();
 
-    /// Whether the window may close. A scan is paused for the question instead.
+    /// Returns whether the window may close. During a scan it returns false, pauses the scan and
+    /// shows a notice.
     bool windowShouldClose();
     void runningAlertOK();
     void windowWillClose() const;
-    /// Does nothing: what outlives the program is stored when it changes.
+    /// Does nothing: persistent data is stored whenever it changes.
     void applicationWillTerminate() const {}
 
-    /// Covers the result, until updateProgress() uncovers it. Nothing calls it: the views of a
-    /// result have the overlay itself.
+    /// Covers the result until updateProgress(). Nothing calls it: ResultViews uses the overlay
+    /// directly.
     void showLoading() const;
     void updateProgress() const;
-    /// Show and hide the panel of a long task. Nothing calls them.
+    /// Shows and hides the panel of a long task. Nothing calls them.
     void startAnimation() const;
     void stopAnimation() const;
 
-    /// Takes the folders that a desktop asks the running program to open, as some do by an event.
+    /// Opens the folders of QEvent::FileOpen, by which some desktops ask a running program.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     [[nodiscard]] MainWindow& window() { return window_; }
@@ -106,9 +108,9 @@ class AppDelegate final : public QObject {
     [[nodiscard]] PutBackTask& putBack() { return *putBack_; }
 
  Q_SIGNALS:
-    /// Uncovers the result as updateProgress() does. Nothing emits it.
+    /// Calls updateProgress(). Nothing emits it.
     void notif();
-    /// A right click in the result, for ResultViews::rightClicked(). Nothing emits it.
+    /// A right click in the result; calls ResultViews::rightClicked(). Nothing emits it.
     void rightClicked();
 
  private:
@@ -142,10 +144,10 @@ class AppDelegate final : public QObject {
     std::unique_ptr<Preview> preview_;
     std::unique_ptr<ResultViews> views_;
     std::unique_ptr<ExceptionsTask> exceptions_;
-    std::unique_ptr<DeletionTask> deletion_;  // ends before what it uses
+    std::unique_ptr<DeletionTask> deletion_;  // destroyed before what it uses
     std::unique_ptr<PutBackTask> putBack_;    // the same
     std::unique_ptr<RecoveryTask> recovery_;
-    Alerts::Number refusal_ = 0;  // the open notice that other folders have to wait
+    Alerts::Number refusal_ = 0;  // the open notice that refuses folders; 0 if none
     std::int32_t homeImageCounter_ = 1;
 };
 

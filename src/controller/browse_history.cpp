@@ -6,8 +6,8 @@ namespace tarvin {
 
 namespace {
 
-/// Parts between slashes, the empty one at the front of a path included. The root folder is the one
-/// part that is empty: it is above every other folder.
+/// Counts the parts between slashes, including the empty one at the front. The root folder counts
+/// as one part, since it is above every other folder.
 std::ptrdiff_t componentCount(const std::string& path) {
     return path == "/" ? 1 : std::count(path.begin(), path.end(), '/') + 1;
 }
@@ -79,7 +79,7 @@ void BrowseHistory::returnTo(const std::string& name) {
     moveToLast();
 }
 
-/// Drops the entries that are not above `name`, the marker aside; false if there were none.
+/// Drops the entries, except markers, that are not above `name`. Returns false if there were none.
 bool BrowseHistory::prune(const std::string& name) {
     const std::ptrdiff_t parts = componentCount(name);
     return std::erase_if(folderBrowser_, [&](const std::string& entry) {

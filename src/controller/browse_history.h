@@ -6,40 +6,39 @@
 
 namespace tarvin {
 
-/// The levels of the location list that were visited, and where among them the list stands. Pure:
-/// it moves its indices, and the caller shows the level that they name. A level that then turns out
-/// to have nothing to show leaves the indices where they went. Main thread.
+/// The visited levels of the location list and the position among them. It only moves its indices;
+/// the caller shows the level. If that level turns out to be empty, the indices stay where they
+/// are. Main thread only.
 class BrowseHistory final {
  public:
     /// The marker that stands for the top level.
     static constexpr const char* topLevel = "Default";
 
-    /// The list is entered: one more marker, and the position is at the first entry.
+    /// Call when the list is entered. Appends a marker and moves to the first entry.
     void enter();
     /// Forgets all levels. The position stays until the next enter().
     void clear() { folderBrowser_.clear(); }
 
-    /// A folder is opened. One that is in the history already becomes the last level, what was
-    /// behind it is dropped. A new one becomes the last level, and every other folder whose path
-    /// has as many parts or more is dropped; the root folder has fewer parts than any other.
+    /// Opens a folder, which becomes the last level. If it is in the history already, the entries
+    /// after it are dropped; otherwise every other folder whose path has at least as many parts is
+    /// dropped. The root folder has fewer parts than any other.
     void open(const std::string& name);
 
-    /// One level back, or forward. False, and nothing changes, if there is no such level: the
-    /// buttons are disabled then, or should be.
+    /// Moves one level back or forward. Returns false and changes nothing if there is none.
     bool back();
     bool next();
 
-    /// Whether the level shown is the top one.
+    /// Whether the current level is the top level.
     [[nodiscard]] bool isAtTopLevel() const { return current() == topLevel; }
-    /// The entry of the level shown: a folder's path or the marker, which an empty history is at.
+    /// The current entry: a folder's path, or the marker, also if the history is empty.
     [[nodiscard]] std::string current() const;
 
-    /// Which of the two buttons can be pressed at the level shown.
+    // Which of the two buttons are enabled.
     [[nodiscard]] bool isBackEnabled() const { return currentPath_ > 0; }
     [[nodiscard]] bool isNextEnabled() const;
 
     [[nodiscard]] const std::vector<std::string>& folderBrowser() const { return folderBrowser_; }
-    /// Indices in folderBrowser(); -1 for none.
+    // Indices into folderBrowser(); -1 for none.
     [[nodiscard]] std::int64_t currentPath() const { return currentPath_; }
     [[nodiscard]] std::int64_t parentPath() const { return parentPath_; }
     [[nodiscard]] std::int64_t childPath() const { return childPath_; }

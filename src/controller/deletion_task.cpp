@@ -31,7 +31,7 @@ constexpr int yes = 0;
 
 }  // namespace
 
-/// One run. Its parts live until it is over.
+/// One run of a deletion. Main thread, except where a method says otherwise.
 class DeletionTask::Run final {
  public:
     Run(std::shared_ptr<Modal> modal, Session& session, DeletionControl& control)
@@ -40,7 +40,7 @@ class DeletionTask::Run final {
     Run& operator=(const Run&) = delete;
     ~Run() { wait(); }
 
-    /// `over` is called on the run's thread, when the totals have been stored.
+    /// Calls `over` on the run's thread after the totals have been stored.
     void start(std::function<void()> over) {
         thread_.start([this] { work(); }, std::move(over));
     }
@@ -49,17 +49,17 @@ class DeletionTask::Run final {
 
     [[nodiscard]] std::uint64_t indicator() const { return indicator_; }
 
-    // After wait().
+    // Valid after wait().
 
-    /// Why it could not begin.
+    /// Why the run could not begin.
     [[nodiscard]] const std::optional<StoreError>& refusal() const { return refusal_; }
-    /// Where the journal was put that was of no use.
+    /// The path that a damaged journal was moved to.
     [[nodiscard]] const std::optional<std::string>& aside() const { return aside_; }
     [[nodiscard]] const RemovalResult& moved() const { return moved_; }
     [[nodiscard]] const KeptFiles& kept() const { return kept_; }
 
  private:
-    /// Opening waits for others who have the journal, and for drives.
+    /// The run's thread. Opening blocks on other clean-ups that use the journal, and on drives.
     void work() {
         CleanUp::Settings settings;
         settings.wholeSets = CleanUp::WholeSets::goIfMarked;
@@ -91,7 +91,7 @@ class DeletionTask::Run final {
         }
     }
 
-    /// What a stop, or a journal that could not be written, has kept from its turn.
+    /// Adds the files that were not reached because of a stop or a journal failure.
     void addRest(const std::optional<StoreError>& failure) {
         if (control_.stopDeletion()) {
             kept_.addRest(*modal_, lastBegun_, {MoveOutcome::stopped, {}});
@@ -104,7 +104,7 @@ class DeletionTask::Run final {
     DeletionControl& control_;
     const std::shared_ptr<Modal> modal_;
     std::atomic<std::uint64_t> indicator_{0};
-    // The run's own until it is over.
+    // Used only by the run's thread until it ends.
     KeptFiles kept_;
     const Set* lastBegun_ = nullptr;
     std::optional<StoreError> refusal_;
@@ -247,7 +247,8 @@ void DeletionTask::finish() {
     run->wait();
     redraw_.stop();
     alerts_.withdraw(std::exchange(stopQuestion_, 0));
-    // The question has paused the runs to come.
+    // The stop question may still be open and holds the pause flag; the next run must not start
+    // paused.
     control_.setPauseDeletion(false);
     removeDeletionView();
     window_.home->cleanHistory->setText(

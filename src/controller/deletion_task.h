@@ -16,38 +16,37 @@ namespace tarvin {
 
 class MainWindow;
 
-/// The task of moving the marked files to the Trash: the run on a thread of its own, its panel with
-/// pause and stop, and the report. While it runs nobody else reads marks or files of the list in
-/// view. Owned by AppDelegate; main thread.
+/// Moves the marked files to the Trash: the run on a background thread, its panel with pause and
+/// stop, and the report. During a run only its thread reads marks and files of the list in view.
+/// Owned by AppDelegate. Main thread only.
 ///
-/// A stop that was answered with "YES" ends every later run, too, until the program ends. The
-/// question is withdrawn with its run: the report that follows leaves nothing to stop. For the same
-/// reason no run begins paused, and each begins with both buttons of its panel enabled.
+/// A stop answered with "YES" also stops every later run of this process. The stop question is
+/// withdrawn when its run ends. Each run begins unpaused, with both buttons of its panel enabled.
 class DeletionTask final : public QObject {
     Q_OBJECT
 
  public:
-    /// All outlive it.
+    /// All arguments must outlive this object.
     DeletionTask(Session& session, Results& results, MainWindow& window, Alerts& alerts,
                  InformationWindow& information);
     DeletionTask(const DeletionTask&) = delete;
     DeletionTask& operator=(const DeletionTask&) = delete;
-    /// A run is stopped behind the set in hand, which a paused one has none of; what it has moved
-    /// is counted.
+    /// Stops the run after the current set, or at once if it is paused, and waits for it. Files
+    /// that it has moved are counted in the totals.
     ~DeletionTask() override;
 
-    /// Runs, or says that nothing is marked.
+    /// Starts a run, or reports that nothing is marked.
     void deleteButtonExactPageClicked();
     void sendToRecycleClicked();
-    /// Pauses, or goes on, whichever the title of the button says.
+    /// Pauses or resumes, as the title of the button says.
     void pauseDeletionProcess();
-    /// Asks whether to stop; the run waits for the answer.
+    /// Pauses the run and asks whether to stop it.
     void stopDeletionProcess();
 
     [[nodiscard]] bool isRunning() const { return run_ != nullptr; }
 
  Q_SIGNALS:
-    /// From the run's thread to this one.
+    /// Emitted on the run's thread, received on the main thread.
     void walkFinished();
 
  private:
@@ -68,8 +67,8 @@ class DeletionTask final : public QObject {
     Alerts& alerts_;
     InformationWindow& information_;
     KeptList kept_;
-    DeletionControl control_;          // of all runs: one stop ends the later ones, too
-    Alerts::Number stopQuestion_ = 0;  // asked last; 0 for none
+    DeletionControl control_;          // shared by all runs: one stop ends later ones too
+    Alerts::Number stopQuestion_ = 0;  // 0 if none was asked
     QTimer redraw_;
     std::unique_ptr<Run> run_;
 };

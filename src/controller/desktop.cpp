@@ -24,7 +24,7 @@ class QtDesktop final : public Desktop {
         if (!path.starts_with('/')) {
             return false;
         }
-        // Encoded byte by byte: a path need not be text.
+        // Encoded byte by byte: a path need not be UTF-8.
         const QByteArray encoded = QByteArray::fromStdString(path).toPercentEncoding("/");
         return QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray("file://" + encoded)));
     }

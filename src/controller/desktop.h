@@ -6,24 +6,25 @@
 
 namespace tarvin {
 
-/// What the desktop does for the program: opening things with the program that the user has chosen
-/// for them, and starting programs. Main thread. Tests bring a fake.
+/// Opens files and URLs in the user's default applications, and starts programs. Main thread only.
+/// Tests replace it.
 class Desktop {
  public:
     virtual ~Desktop() = default;
 
-    /// Opens a file or folder by its absolute path, native bytes. False if the desktop refuses.
+    /// Opens a file or folder by its absolute path, native bytes. Returns false if the desktop
+    /// refuses.
     virtual bool openPath(const std::string& path) = 0;
 
-    /// Opens an address. Only "file", "http", "https" and "mailto" are opened; anything else, such
-    /// as a damaged text, is refused without asking the desktop.
+    /// Opens a URL with the scheme "file", "http", "https" or "mailto". Returns false for any other
+    /// scheme and for an invalid URL, or if the desktop refuses.
     virtual bool openAddress(const QString& address) = 0;
 
-    /// Starts a program that goes on when this one ends. False if it cannot be started.
+    /// Starts a detached process. Returns false if it cannot be started.
     virtual bool startProgram(const QString& program, const QStringList& arguments) = 0;
 };
 
-/// The desktop of the user; one for the process.
+/// The user's desktop; one instance per process.
 Desktop& systemDesktop();
 
 }  // namespace tarvin

@@ -9,7 +9,7 @@ namespace tarvin {
 
 namespace {
 
-/// Some programs name the machine that a file is on.
+/// Some programs put the host name into file URLs.
 bool isThisMachine(const QString& host) {
     return host.isEmpty() || host == QStringLiteral("localhost") ||
            host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
@@ -21,7 +21,7 @@ std::optional<std::string> localPath(const QUrl& url) {
     if (!url.isValid() || !url.isLocalFile() || !isThisMachine(url.host())) {
         return std::nullopt;
     }
-    // Not toLocalFile(): that is text, and a path need not be.
+    // Not toLocalFile(): it decodes to UTF-16, and a path need not be UTF-8.
     const QByteArray encoded = url.path(QUrl::FullyEncoded).toLatin1();
     std::string path = QByteArray::fromPercentEncoding(encoded).toStdString();
     if (!path.starts_with('/') || path.find('\0') != std::string::npos) {

@@ -8,13 +8,12 @@
 
 namespace tarvin {
 
-/// The absolute path of a file or folder of this machine, native bytes, without slashes at its end;
-/// nothing for any other address. Any thread.
+/// Returns the absolute path of a file URL of this machine, native bytes, without trailing slashes;
+/// nullopt for any other URL. Any thread.
 [[nodiscard]] std::optional<std::string> localPath(const QUrl& url);
 
-/// The files and folders of this machine among the addresses that are dropped or pasted: their
-/// absolute paths in native bytes, in their order, without slashes at their ends. Everything else
-/// (text, addresses of the web or of other machines, damaged ones) is left out. Main thread.
+/// Returns localPath() of each URL that is dropped or pasted, in order, without those that have
+/// none. Main thread only.
 [[nodiscard]] std::vector<std::string> droppedPaths(const QMimeData& data);
 
 }  // namespace tarvin

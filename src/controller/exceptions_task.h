@@ -11,20 +11,20 @@ namespace tarvin {
 
 class MainWindow;
 
-/// The task of excluding marked files from all scans, and of forgetting that again. Owned by
-/// AppDelegate; main thread.
+/// Adds marked files to the exceptions list, and empties that list. Owned by AppDelegate. Main
+/// thread only.
 class ExceptionsTask final : public QObject {
     Q_OBJECT
 
  public:
-    /// All outlive it.
+    /// All arguments must outlive this object.
     ExceptionsTask(Session& session, Results& results, MainWindow& window, Alerts& alerts,
                    InformationWindow& information);
 
-    /// The stored list has been read.
+    /// Call when the stored list has been read.
     void loaded();
 
-    /// Asks, if anything is marked.
+    /// Asks for confirmation, if anything is marked.
     void addExceptions();
     void addExceptionsOKClicked();
     void addExceptionsCancelClicked();

@@ -29,7 +29,7 @@ QString text(const char* source) {
     return QCoreApplication::translate("tarvin::FileDialogs", source);
 }
 
-/// Qt's dialog chooses one folder at a time unless its views are told otherwise.
+/// Qt's dialog selects one folder unless the selection mode of its views is changed.
 void allowSeveral(const QFileDialog& dialog) {
     for (auto* view : dialog.findChildren<QAbstractItemView*>()) {
         if (qobject_cast<QListView*>(view) != nullptr ||
@@ -39,7 +39,7 @@ void allowSeveral(const QFileDialog& dialog) {
     }
 }
 
-/// Patterns that take a type in any spelling: the panels of some desktops mind the case.
+/// Case-insensitive patterns: the native dialogs of some desktops are case-sensitive.
 QString patternsOf(const QStringList& types) {
     QStringList patterns;
     for (const QString& type : types) {
@@ -69,9 +69,9 @@ std::unordered_set<std::string> foldersAbove(const Paths& paths) {
     return folders;
 }
 
-/// What stands in a dialog as chosen. While a path is typed, Qt's dialog selects each folder that
-/// it comes by, also the one that it shows, and may keep it beside the one that was meant. A person
-/// can select in one folder only.
+/// Returns the selection of a dialog, without folders above another selected path. While a path is
+/// typed, Qt's dialog selects each folder on the way and may keep it; the user can select in one
+/// folder only.
 Paths chosenIn(const QFileDialog& dialog) {
     Paths paths;
     for (const QUrl& url : dialog.selectedUrls()) {
@@ -94,8 +94,8 @@ bool isOfType(const std::string& path, const QStringList& types) {
     return types.contains(textOfPath(pathExtension(path)), Qt::CaseInsensitive);
 }
 
-/// Qt's dialog takes whatever name is typed, as long as it is there. This one stays open for a file
-/// of another type and says why.
+/// Qt's dialog accepts any existing file that is typed. This one refuses files of other types,
+/// stays open and says why.
 class OpenDialog final : public QFileDialog {
  public:
     OpenDialog(QWidget* window, QStringList types) : QFileDialog(window), types_(std::move(types)) {
@@ -122,7 +122,8 @@ class OpenDialog final : public QFileDialog {
     const QStringList types_;
 };
 
-/// Qt's dialog lists no name that is not UTF-8. One of the desktop's has no place for a hint.
+/// Adds a hint to Qt's dialog, which does not list names that are not UTF-8. Native dialogs cannot
+/// show one.
 void addHint(QFileDialog& dialog, const QString& hint) {
     if (auto* grid = qobject_cast<QGridLayout*>(dialog.layout())) {
         auto* label = new QLabel(hint, &dialog);
@@ -173,7 +174,7 @@ void FileDialogs::open(const OpenPanel& panel,
                                                     "Some of the chosen items cannot be added "
                                                     "here. Please drop them onto the list."))));
             }
-            // A dialog of the desktop's may offer other types, too.
+            // A native dialog may offer other types too.
             std::erase_if(paths, [&](const std::string& path) {
                 return !types.isEmpty() && !isOfType(path, types);
             });

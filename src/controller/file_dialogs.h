@@ -7,11 +7,11 @@
 
 namespace tarvin {
 
-/// The panels as Qt's file dialogs. That for files is the desktop's own, where it has one; those of
-/// most desktops choose one folder only, so that for folders is Qt's. Main thread.
+/// FilePanels as QFileDialogs. The file dialog is the desktop's native one, if there is one. Native
+/// folder dialogs of most desktops select only one folder, so that one is Qt's. Main thread only.
 class FileDialogs final : public FilePanels {
  public:
-    /// The dialogs belong to `window`.
+    /// The dialogs are children of `window`.
     explicit FileDialogs(QWidget* window) : window_(window) {}
 
     void open(const OpenPanel& panel,

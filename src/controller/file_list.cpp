@@ -13,11 +13,11 @@ namespace {
 
 constexpr int listColumns = 4;
 
-// The view counts alike.
 static_assert(int{FileList::nameText} == int{ResultTable::nameText} &&
-              int{FileList::fileLocation} == int{ResultTable::fileLocation} &&
-              int{FileList::fileGroup} == int{ResultTable::fileGroup} &&
-              int{FileList::ButtonCell} == int{ResultTable::ButtonCell});
+                  int{FileList::fileLocation} == int{ResultTable::fileLocation} &&
+                  int{FileList::fileGroup} == int{ResultTable::fileGroup} &&
+                  int{FileList::ButtonCell} == int{ResultTable::ButtonCell},
+              "column order must match ResultTable");
 
 QString identifierOf(int column) {
     switch (column) {

@@ -7,11 +7,11 @@
 
 namespace tarvin {
 
-/// The files of the chosen set as their table shows them, in the set's order. Reads the set itself
-/// and holds nothing of it; never changes it. Main thread.
+/// Table model of the files of the selected set, in the set's order. Reads the set live and never
+/// changes it. Main thread only.
 ///
-/// The set tells nobody of its changes: whoever changes marks says so, and whoever adds or takes
-/// files calls setSet() again. Rows whose files have gone meanwhile are empty.
+/// The set emits no signals: Results reports changed marks here and calls setSet() again after
+/// adding or removing files. Rows whose files are gone meanwhile are empty.
 class FileList final : public QAbstractTableModel {
     Q_OBJECT
 
@@ -23,27 +23,28 @@ class FileList final : public QAbstractTableModel {
         ButtonCell  // NOLINT(readability-identifier-naming)
     };
 
-    // Of the horizontal header.
+    // Role of the horizontal header.
     static constexpr int identifier = Qt::UserRole;  ///< QString: the column's name
 
     explicit FileList(QObject* parent = nullptr);
 
-    /// Shows another set, or the same after its files became others; none shows nothing. `ordinal`
-    /// is the set's number within its extension, beginning with 1.
+    /// Shows a set, or the same one after its files changed; with nullptr the table is empty.
+    /// `ordinal` is the set's 1-based number within its extension.
     void setSet(std::shared_ptr<Set> set, int ordinal);
     [[nodiscard]] const std::shared_ptr<Set>& set() const { return set_; }
 
-    /// The mark of one file became another.
+    // Report that the mark of one file, or of any, changed.
+
     void markChanged(int row);
     void allMarksChanged();
 
-    /// None if there is no such row (any more).
+    /// Returns nullptr if there is no such row (any more).
     [[nodiscard]] std::shared_ptr<File> fileAt(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
-    /// Texts of the first three columns; check state and "Mark <name>" for assistive technology of
-    /// the last; the whole path as tool tip of all four.
+    /// First three columns: texts. Last column: check state, and "Mark <name>" for assistive
+    /// technology. All four: the path as tool tip.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                       int role) const override;

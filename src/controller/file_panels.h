@@ -8,20 +8,20 @@
 
 namespace tarvin {
 
-/// What an open panel offers.
+/// What an open panel lets the user choose.
 struct OpenPanel {
-    bool canChooseDirectories = false;  ///< folders alone; otherwise files alone
-    QStringList allowedFileTypes;       ///< extensions without a dot; empty: all files
+    bool canChooseDirectories = false;  ///< only folders; otherwise only files
+    QStringList allowedFileTypes;       ///< extensions without a dot; all files if empty
 };
 
-/// Lets a person choose files or folders, several at once, over the window. Nothing waits for it.
-/// Main thread. Tests answer in its place.
+/// Lets the user choose one or more files or folders. Asynchronous. Main thread only. Tests replace
+/// it.
 class FilePanels {
  public:
     virtual ~FilePanels() = default;
 
-    /// `chosen` is called with absolute paths, native bytes, in the panel's order; not at all if
-    /// the person thinks better of it.
+    /// Calls `chosen` with absolute paths, native bytes, in the panel's order; not at all if the
+    /// user cancels.
     virtual void open(const OpenPanel& panel,
                       std::function<void(const std::vector<std::string>& paths)> chosen) = 0;
 };

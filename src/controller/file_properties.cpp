@@ -13,7 +13,7 @@ namespace tarvin {
 
 namespace {
 
-/// What both sheets say.
+/// The lines of both sheets.
 struct CommonProperties {
     QString name;
     QString size;
@@ -77,7 +77,7 @@ QString FileProperties::dateToString(std::optional<Timestamp> date) {
 }
 
 QString FileProperties::decimalText(double number) {
-    std::array<char, 400> digits{};  // the largest has 309 before its point
+    std::array<char, 400> digits{};  // the largest double has 309 before its point
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
                                    std::chars_format::fixed);
     return QString::fromLatin1(digits.data(), end.ptr - digits.data());

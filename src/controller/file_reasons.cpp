@@ -14,7 +14,7 @@ FileReason fileReason(std::string_view path, const QString& reason) {
     if (slash == std::string_view::npos) {
         return {textOfPath(path), {}, reason};
     }
-    // The root keeps its slash.
+    // The root folder keeps its slash.
     return {textOfPath(path.substr(slash + 1)), textOfPath(path.substr(0, slash == 0 ? 1 : slash)),
             reason};
 }

@@ -9,32 +9,32 @@
 
 namespace tarvin {
 
-/// A file, where it is, and what is to be said of it, as the window shows them.
+/// A file, its folder and a reason, as the window shows them.
 struct FileReason {
     QString name;
     QString folder;
     QString reason;
 };
 
-/// That of an absolute path of native bytes.
+/// Splits an absolute path of native bytes.
 [[nodiscard]] FileReason fileReason(std::string_view path, const QString& reason);
 
-/// Files with a reason for each, for a ListTable. Main thread.
+/// Files with a reason for each, for a ListTable. Main thread only.
 class FileReasons final : public QAbstractTableModel {
     Q_OBJECT
 
  public:
     enum Column { name, location, reason, columns };
 
-    /// So many are listed; a last row tells how many more there are.
+    /// Rows for files; a last row then tells how many more there are.
     static constexpr std::size_t maxListed = 10'000;
 
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// `all` counts the files together with those that are not listed.
+    /// `all` is the number of files, including those not in `files`.
     void setFiles(QVector<FileReason> files, std::uint64_t all);
 
-    /// The titles and the rows, a line for each, with tabs between the columns.
+    /// Header and rows as lines of tab-separated columns.
     [[nodiscard]] QString text() const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -47,7 +47,7 @@ class FileReasons final : public QAbstractTableModel {
     [[nodiscard]] QString textOf(int row, int column) const;
 
     QVector<FileReason> files_;
-    std::uint64_t more_ = 0;  // that are not listed
+    std::uint64_t more_ = 0;  // files not listed
 };
 
 }  // namespace tarvin

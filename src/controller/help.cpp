@@ -17,7 +17,7 @@ Help::Help(MainWindow& window, Desktop& desktop, QString guide)
     connect(window_.helpMenuItem, &QAction::triggered, this, &Help::helpMenuClicked);
     connect(window_.supportMenuItem, &QAction::triggered, this, &Help::supportMenuClicked);
     connect(window_.aboutMenuItem, &QAction::triggered, this, &Help::aboutMenuClicked);
-    // A menu offers what can be had.
+    // Items without a target are hidden.
     window_.helpMenuItem->setEnabled(!guide_.isEmpty());
     window_.supportMenuItem->setEnabled(false);
 }

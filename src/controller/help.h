@@ -10,7 +10,7 @@ namespace tarvin {
 
 class MainWindow;
 
-/// The help menu: user guide, support, about. Owned by AppDelegate; main thread.
+/// The help menu: user guide, support, about. Owned by AppDelegate. Main thread only.
 class Help final : public QObject {
     Q_OBJECT
 
@@ -21,14 +21,14 @@ class Help final : public QObject {
 
     void setUrls(const Urls& urls);
 
-    /// "Version ..." of the about window.
+    /// Shows "Version ..." in the about window.
     void setVersion(const QString& version) const;
 
     void buttonHelpManualClicked();
     void helpMenuClicked();
     void supportMenuClicked();
     void aboutMenuClicked();
-    /// Opens an address with the desktop's program for it; nothing if it is empty or damaged.
+    /// Opens a URL in the default application. Does nothing if it is empty or invalid.
     void openURLS(const QString& address);
 
  private:

@@ -12,12 +12,11 @@ namespace tarvin {
 
 namespace {
 
-/// The number that a text begins with, blanks and a sign in front of it allowed; 0 if there is
-/// none.
+/// The number at the beginning of a text, after spaces and a sign; 0 if there is none.
 std::int32_t decimalNumber(const QString& text) {
     using Limits = std::numeric_limits<std::int32_t>;
     QByteArray digits = text.trimmed().toLatin1();
-    // A plus is not read by from_chars, and must not hide a minus behind it.
+    // from_chars() does not read a plus, and "+-1" is not a number.
     if (digits.startsWith('+') && !digits.startsWith("+-")) {
         digits.remove(0, 1);
     }
@@ -50,7 +49,7 @@ std::int32_t nextHomeImageCounter(std::int32_t counter) {
     if (counter == 3) {
         return 1;
     }
-    // The largest number is followed by the smallest.
+    // Wraps around: the largest number is followed by the smallest.
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(counter) + 1U);
 }
 

@@ -7,26 +7,25 @@
 
 namespace tarvin {
 
-// The picture of the home screen changes from start to start; a counter says which one is shown.
-// All pure.
+// The image of the home screen changes from start to start; a counter selects it. Pure functions.
 
-/// The name that the counter is stored under among the user's settings.
+/// The settings key of the counter.
 inline constexpr const char* homeImageKey = "HomeImageValue";
 
-/// The counter of this start, given the stored value: 1 if there is none. A value is read as far as
-/// it is a decimal number; any other reads as 0, and what is beyond 32 bits as the nearest number.
+/// The counter of this start: 1 if none is stored. The leading decimal number of the stored value
+/// is used, 0 if there is none, clamped to 32 bits.
 [[nodiscard]] std::int32_t homeImageCounter(const QVariant& stored);
 
 /// "HomePage2.png" for 2, "HomePage3.png" for 3, "HomePage1.png" for any other counter.
 [[nodiscard]] QString homeImageName(std::int32_t counter);
 
-/// The counter of the next start: 3 becomes 1, any other grows by one.
+/// The counter of the next start: 3 becomes 1, any other is incremented.
 [[nodiscard]] std::int32_t nextHomeImageCounter(std::int32_t counter);
 
 /// The counter as it is stored.
 [[nodiscard]] QString storedHomeImageCounter(std::int32_t counter);
 
-/// The label of the home screen. Main thread.
+/// The label of the home screen. Main thread only.
 class HomeTexts final {
     Q_DECLARE_TR_FUNCTIONS(tarvin::HomeTexts)
 

@@ -9,11 +9,11 @@ namespace tarvin {
 
 namespace {
 
-/// How long the end of a process may take that was told to end. Only one that waits for a disk
-/// takes longer than some milliseconds.
+/// How long to wait for a killed process. Only one that is blocked by a disk takes longer than some
+/// milliseconds.
 constexpr std::chrono::milliseconds endPatience{1'000};
 
-/// `image` with as many pixels a point as it takes to fill the field in one direction.
+/// Sets the device pixel ratio with which `image` fills the field in one direction.
 QImage inField(QImage image, QSizeF field) {
     if (!image.isNull() && !field.isEmpty()) {
         image.setDevicePixelRatio(
@@ -72,7 +72,7 @@ void ImagePreview::start(const Request& request) {
     process_->setStandardErrorFile(QProcess::nullDevice());
     connect(process_.get(), &QProcess::readyReadStandardOutput, this, &ImagePreview::read);
     connect(process_.get(), &QProcess::finished, this, &ImagePreview::finish);
-    // Later also if it fails at once: nobody is answered while still asking.
+    // Queued, so that an immediate failure is not reported within the request.
     connect(
         process_.get(), &QProcess::errorOccurred, this,
         [this, process = process_.get()](QProcess::ProcessError error) {
@@ -128,8 +128,7 @@ void ImagePreview::endProcess() {
     }
 }
 
-/// One that has not ended yet, because the system cannot end it while it waits for a disk, goes
-/// when it can.
+/// A process that is blocked by a disk cannot be killed yet; it is deleted when it ends.
 void ImagePreview::releaseProcess() {
     QProcess* const process = process_.release();
     process->disconnect(this);

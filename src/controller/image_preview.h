@@ -16,11 +16,11 @@ namespace tarvin {
 
 class PreviewReader;
 
-/// Makes previews of image files, one after another, each in a process of its own: whatever a file
-/// does to it, and however long its disk takes to answer, this process goes on. Main thread.
+/// Makes previews of image files, one at a time, each in a separate process, so that neither a
+/// malicious file nor a disk that does not respond affects this one. Main thread only.
 ///
-/// Who asks again before there was an answer is answered the last request alone; the process that
-/// works on another is ended. Nothing is kept: each request reads the file anew.
+/// A new request supersedes the previous one, whose process is ended. Nothing is cached: each
+/// request reads the file again.
 class ImagePreview final : public QObject {
     Q_OBJECT
 
@@ -28,28 +28,28 @@ class ImagePreview final : public QObject {
     /// A process that takes longer is ended.
     static constexpr std::chrono::milliseconds defaultTimeLimit{10'000};
 
-    /// `program` is where the program that makes them is.
+    /// `program` is the path of the preview program.
     explicit ImagePreview(QString program, std::chrono::milliseconds timeLimit = defaultTimeLimit,
                           QObject* parent = nullptr);
-    /// Ends the process that is at work, if there is one, and waits for its end, which the system
-    /// brings about at once unless a disk does not answer: then for one second.
+    /// Kills the running process, if any, and waits for its end: a few milliseconds, or at most one
+    /// second if a disk does not respond.
     ~ImagePreview() override;
 
-    /// Asks for the preview of the file at a path, native bytes, for a field of `width` by `height`
-    /// points; of a link there is none. The answer comes later, by ready() or nothing().
+    /// Requests the preview of the file at a path, native bytes, for a field of `width` by `height`
+    /// points; there is none of a symbolic link. Asynchronous: emits ready() or nothing().
     void resizeImageAtPath(const std::string& path, double width, double height);
-    /// Forgets the last request.
+    /// Drops the last request.
     void cancel();
 
  Q_SIGNALS:
-    /// The size of the image in the file, turned as the camera was held, in pixels. Before the
-    /// answer, and also if that is nothing() because the file is damaged further on.
+    /// The size of the image in the file after applying its orientation, in pixels. Emitted before
+    /// ready(), and also before nothing() if the file is damaged further on.
     void measured(QSize size);
-    /// The preview: turned as the camera was held, no side longer than 640 pixels, however large
-    /// the field is. In points it is as large as it can be in the field with its proportions kept;
-    /// a field without room leaves it at one pixel a point.
+    /// The preview after applying its orientation, at most 640 pixels on each side, however large
+    /// the field is. Its device pixel ratio makes it fill the field with its proportions kept; an
+    /// empty field leaves the ratio at 1.
     void ready(const QImage& image);
-    /// The file is no image that can be read, or it takes too much time or memory.
+    /// The file is not a readable image, or takes too much time or memory.
     void nothing();
 
  private:
@@ -65,11 +65,11 @@ class ImagePreview final : public QObject {
     void releaseProcess();
 
     const QString program_;
-    std::unique_ptr<QProcess> process_;      // none while nothing is made
-    std::unique_ptr<PreviewReader> reader_;  // of what it writes
-    bool isSuperseded_ = false;              // nobody wants to hear of the process any more
-    QSizeF field_;                           // of the request in hand
-    std::optional<Request> waiting_;         // what is asked for when it has ended
+    std::unique_ptr<QProcess> process_;      // null while idle
+    std::unique_ptr<PreviewReader> reader_;  // of the process's output
+    bool isSuperseded_ = false;              // the process's request was superseded
+    QSizeF field_;                           // of the current request
+    std::optional<Request> waiting_;         // starts when the process has ended
     QTimer timeLimit_;
     QTimer endLimit_;
 };

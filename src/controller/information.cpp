@@ -42,8 +42,7 @@ Alert yesOrNo(const QString& question) {
             .escapeButton = 1};
 }
 
-/// The first view in the order of ResultView whose flag is set and whose summary is new. One flag
-/// at most is set, so that the order decides nothing.
+/// The view whose flag is set and whose summary has not been shown. At most one flag is set.
 std::optional<ResultView> viewToSummarise(const ViewFlags& tabs, const SummariesShown& shown) {
     return currentViewOf({.allTab = tabs.allTab && !shown.allTabInfo,
                           .imageTab = tabs.imageTab && !shown.imageTabInfo,

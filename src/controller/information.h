@@ -12,20 +12,20 @@
 
 namespace tarvin {
 
-/// What the information window shows. Lines without text take no room.
+/// The contents of the information window. Empty lines take no space.
 struct Information {
     QString informationHeader;
-    QString duplicatesCount;   ///< the first line
-    QString duplicatesSize;    ///< the second
-    QString otherInfomration;  ///< the third
-    QString informationImage;  ///< by the name of the drawing
+    QString duplicatesCount;   ///< first line
+    QString duplicatesSize;    ///< second line
+    QString otherInfomration;  ///< third line
+    QString informationImage;  ///< name of the image
     QString actionButtonTitle;
-    QString keptLine{};  ///< about the files that were left; shows the button beside it, too
+    QString keptLine{};  ///< about files that were not moved; if set, its button is shown too
 
     bool operator==(const Information&) const = default;
 };
 
-// All on the main thread. What people read is in the language of the window.
+// All below: main thread only. Texts are in the language of the window.
 
 /// Duplicates of each category: the totals of their lists.
 struct CategoryTotals {
@@ -46,34 +46,34 @@ using CountedList = std::function<const Modal&()>;
                                                                  const CountedList& countedList,
                                                                  const CategoryTotals& totals);
 
-/// For the button of a category without duplicates; not for ResultView::all. The caller sets the
-/// flag of that summary (flagOf).
+/// For a category without duplicates; not for ResultView::all. The caller sets the flag of its
+/// summary (flagOf).
 [[nodiscard]] Information noDuplicatesInformation(ResultView category);
 
 /// The flag of a view's summary.
 [[nodiscard]] bool& flagOf(ResultView view, SummariesShown& shown);
 
-/// The drawing that belongs to a view: "common_info" to all together. One name begins with a
-/// capital letter, as the name of its drawing does.
+/// The image name of a view; "common_info" for ResultView::all.
 [[nodiscard]] QString informationImageOf(ResultView view);
 
-/// When marking one more file would leave none of its set.
+/// When marking one more file would mark all of its set.
 [[nodiscard]] Information allFilesOfSetInformation();
-/// When nothing is marked that could be moved to the Trash.
+/// When no file is marked.
 [[nodiscard]] Information nothingToDeleteInformation();
-/// When moves could not be written down, for which `reason` says why. `aside` is where the journal
-/// is kept that was in the way, if it was put aside.
+/// When the journal cannot be written, because of `reason`. `aside` is the path that a damaged
+/// journal was moved to, if any.
 [[nodiscard]] Information noCleanUpInformation(const QString& reason,
                                                const std::optional<std::string>& aside);
-/// What one run has moved, in files and bytes, how many files it has left where they are, and how
-/// many of those it has moved it could not move back, though no other copy was found then.
+/// The report of one run: what it moved, how many files it did not move (`left`), and how many it
+/// moved, found no other copy of, and could not move back (`notBack`).
 [[nodiscard]] Information deletionReport(const RemovalResult& moved, std::uint64_t left = 0,
                                          std::uint64_t notBack = 0);
-/// `files` have been put on the list of exceptions, those that were on it already included.
+/// `files` were excluded, including those that were on the exceptions list already.
 [[nodiscard]] Information exceptionsAddedInformation(std::int64_t files);
 [[nodiscard]] Information exceptionsRemovedInformation();
 
-/// Both ask with the buttons "YES" and "NO", in this order; Esc is "NO".
+// Both have the buttons "YES" and "NO", in this order; Esc is "NO".
+
 [[nodiscard]] Alert stopDeletionAlert();
 [[nodiscard]] Alert removeExceptionsAlert();
 

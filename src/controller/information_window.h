@@ -10,34 +10,33 @@ namespace tarvin {
 class DialogPanel;
 class MainWindow;
 
-/// The window in which the product says what has come of something, over the covered screen. Owned
-/// by AppDelegate; main thread.
+/// Shows results and notices in the information panel, over the covered screen. Owned by
+/// AppDelegate. Main thread only.
 class InformationWindow final : public QObject {
     Q_OBJECT
 
  public:
-    /// `window` outlives it.
+    /// `window` must outlive this object.
     explicit InformationWindow(MainWindow& window);
 
-    /// Fills the window and shows it. `informationImage` is the name of a drawing; without one of
-    /// that name its place stays empty.
+    /// Fills the panel and shows it. No image is shown if there is none named `informationImage`.
     void setInformationWindowWithInformationHeader(const QString& informationHeader,
                                                    const QString& duplicatesCount,
                                                    const QString& duplicatesSize,
                                                    const QString& otherInfomration,
                                                    const QString& informationImage,
                                                    const QString& actionButtonTitle);
-    /// The same, with a line about the files that were left if there is one.
+    /// The same, with `keptLine`.
     void setInformationWindow(const Information& information);
     void showInformationWindow();
-    /// Shows it in the place of a panel, if that is shown, under the cover that is there.
+    /// Replaces a panel, if that is shown, and keeps its cover.
     void showInPlaceOf(DialogPanel& panel);
     void setInformationWindowInPlaceOf(DialogPanel& panel, const Information& information);
-    /// The button of the window.
+    /// Closes the panel; the action of its button.
     void okInformationWindow();
 
  Q_SIGNALS:
-    /// It was answered and is gone.
+    /// The panel was closed by its button.
     void closed();
 
  private:

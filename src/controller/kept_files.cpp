@@ -22,8 +22,8 @@ void KeptFiles::keep(std::vector<Kept>& files, const File& file, const MoveResul
     }
 }
 
-/// Those that the walk would have come to: it passes over what is not marked as a whole or in part,
-/// but goes through the extension in hand to its end, whatever its removals have made of its state.
+/// Selects the files as DeletionWalk does: it skips unmarked extensions and sets, but finishes the
+/// current extension even if its removals left that unmarked.
 void KeptFiles::addRest(const Modal& modal, const Set* last, const MoveResult& result) {
     bool isBehind = last == nullptr;
     for (const auto& extension : modal.extensionsArray()) {
@@ -84,7 +84,7 @@ QString KeptFiles::refusalText(const MoveResult& result) {
     }
     switch (result.error.code) {
         case 0:
-            // Of the journal, not of a file.
+            // An error of the journal, not of a file.
             return OwnReasons::ofStore(result.reason);
         case ENOSPC:
         case EDQUOT:

@@ -12,30 +12,30 @@
 
 namespace tarvin {
 
-/// The files that a person has to look at after a clean-up, and why: those that it has left where
-/// they are, and those that it has moved, found no other copy of then, and could not move back. In
-/// the order in which it came to them. All are counted; as many are kept as a list shows. One
-/// thread at a time.
+/// The files that the user has to check after a clean-up, with reasons: those that were not moved,
+/// and those that were moved, had no other copy then, and could not be moved back. In the order of
+/// the clean-up. All are counted; FileReasons::maxListed of each kind are kept. One thread at a
+/// time.
 class KeptFiles final {
     Q_DECLARE_TR_FUNCTIONS(tarvin::KeptFiles)
 
  public:
-    /// What came of one file; nothing if it was moved as it should be.
+    /// Adds the outcome of one file, unless it was moved without a problem.
     void add(const File& file, const MoveResult& result);
-    /// The marked files of the sets behind `last`, or of all sets if there is none: a clean-up that
-    /// would have moved them has ended before, with `result`.
+    /// Adds with `result` the marked files that the clean-up did not reach: those of the sets after
+    /// `last`, or of all sets if it is nullptr.
     void addRest(const Modal& modal, const Set* last, const MoveResult& result);
 
-    /// Those that were left.
+    /// Files that were not moved.
     [[nodiscard]] std::uint64_t left() const { return left_; }
-    /// Those in the Trash that could not be moved back: perhaps the last of their copies.
+    /// Files in the Trash that could not be moved back and may be the last copies.
     [[nodiscard]] std::uint64_t notBack() const { return notBack_; }
     [[nodiscard]] std::uint64_t all() const { return left_ + notBack_; }
-    /// As many as a list shows, those in the Trash first. Main thread.
+    /// At most FileReasons::maxListed, those in the Trash first. Main thread only.
     [[nodiscard]] QVector<FileReason> reasons() const;
 
-    /// Why a file was left, or not moved back, in the language of the window where the reason is
-    /// one of a few, else in the system's words. Main thread.
+    /// Why a file was not moved, or not moved back: in the language of the window if the reason is
+    /// our own, otherwise the system's text. Main thread only.
     [[nodiscard]] static QString reasonOf(const MoveResult& result);
 
  private:

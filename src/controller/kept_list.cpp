@@ -35,7 +35,7 @@ void KeptList::setFiles(const KeptFiles& files) {
     setWords(files);
 }
 
-/// Files in the Trash are neither where they were nor in the results.
+/// The usual words do not fit files in the Trash: they are not where they were.
 void KeptList::setWords(const KeptFiles& files) {
     const ListPanel& panel = *window_.keptWindow;
     const bool isUsual = files.notBack() == 0;

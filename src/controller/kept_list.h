@@ -10,19 +10,19 @@ namespace tarvin {
 
 class MainWindow;
 
-/// The list of the files to look at after a clean-up (KeptFiles), which takes the place of its
-/// report while a person looks at it. Owned by DeletionTask; main thread.
+/// The panel with the files to check after a clean-up (KeptFiles). It replaces the report while it
+/// is open. Owned by DeletionTask. Main thread only.
 class KeptList final : public QObject {
     Q_OBJECT
 
  public:
-    /// Both outlive it.
+    /// Both must outlive this object.
     KeptList(MainWindow& window, InformationWindow& information);
     KeptList(const KeptList&) = delete;
     KeptList& operator=(const KeptList&) = delete;
     ~KeptList() override;
 
-    /// What the list and the button that opens it show from now on.
+    /// Sets the files and words of the list and of the button that opens it.
     void setFiles(const KeptFiles& files);
 
  private:
@@ -34,7 +34,7 @@ class KeptList final : public QObject {
     MainWindow& window_;
     InformationWindow& information_;
     FileReasons files_;
-    // Where all files were left, as the window has them.
+    // The window's own words, for when every file was left where it is.
     const QString usualTitle_;
     const QString usualSentence_;
     const QString usualListName_;

@@ -9,8 +9,7 @@ namespace {
 
 constexpr double dimmed = 0.6;
 
-/// The rows by what they have to do with a scan. 16 bits on purpose: what a list of more rows shows
-/// is part of how the buttons work.
+/// Row counts by kind. 16 bits on purpose: the overflow is part of how the buttons work.
 struct Counts {
     std::int16_t checkedFolders = 0;
     std::int16_t checkedFiles = 0;

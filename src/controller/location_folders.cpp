@@ -24,7 +24,7 @@ std::string joined(const std::string& folder, std::string_view name) {
     return path.append(name);
 }
 
-/// Whether an entry is a folder, be it through a link.
+/// Whether an entry is a folder or a symbolic link to one.
 bool isFolder(FileSystem& fileSystem, const Descriptor& directory, const EntryBlock::Entry& entry) {
     if (entry.type == EntryType::directory || entry.type == EntryType::regular) {
         return entry.type == EntryType::directory;
@@ -44,7 +44,7 @@ std::string_view folderOf(std::string_view path) {
 
 QCollator collatorForNames() {
     const QLocale locale = QLocale().collation();
-    // The plain locale knows neither letters nor numbers, only codes.
+    // The "C" locale compares code points only.
     QCollator collator(locale == QLocale::c() ? QLocale(QLocale::English) : locale);
     collator.setNumericMode(true);
     return collator;
@@ -138,7 +138,7 @@ std::string getVolumeName(Platform& platform) {
         return {};
     }
     const std::string_view folder = folderOf(*home);
-    std::string_view holder;  // a volume in a volume has the longer path
+    std::string_view holder;  // the longest match: volumes can be mounted below others
     const std::vector<Volume> volumes = platform.mountedVolumes();
     for (const Volume& volume : volumes) {
         if (volume.path != "/" && folderOf(volume.path) == folder) {

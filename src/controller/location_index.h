@@ -8,15 +8,15 @@
 
 namespace tarvin {
 
-/// Which paths the rows of the location list cover. Asking takes as long as the path has parts,
-/// whatever the number of rows. Paths are native bytes.
+/// The paths that the rows of the location list cover. Lookup time depends on the parts of the
+/// path, not on the number of rows. Paths are native bytes. One thread at a time.
 class LocationIndex final {
  public:
     void add(const std::string& name) { names_.insert(name); }
     void clear() { names_.clear(); }
 
-    /// Whether a name is the path itself, or has no extension and the path begins with it and a
-    /// slash. A folder such as "photos.old" does not cover what is in it.
+    /// Whether a name equals the path, or has no extension and is a folder above it. A folder such
+    /// as "photos.old" does not cover its contents.
     [[nodiscard]] bool covers(std::string_view path) const;
 
  private:

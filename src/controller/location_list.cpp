@@ -219,7 +219,7 @@ void LocationList::prepareDropped(const std::string& path, std::vector<LocationR
     const auto attributes = platform_.fileSystem().attributesAtPath(path);
     const bool isFolder = attributes && attributes->type == EntryType::directory;
     if (!isFolder) {
-        // Noted of images that are listed, too; it only counts if nothing is.
+        // Also set for images; it matters only if nothing is added.
         refusals.notAdded = true;
         if (!isSupportedImage(path)) {
             return;
@@ -235,7 +235,7 @@ void LocationList::prepareDropped(const std::string& path, std::vector<LocationR
 }
 
 void LocationList::prepareRow(LocationRow row, std::vector<LocationRow>& rows) {
-    // Known at once: the same path may come again before the rows are in the list.
+    // Indexed before insertion: the same path may occur twice in one call.
     index_.add(row.name);
     added_.add(row.name);
     rows.push_back(std::move(row));

@@ -26,7 +26,7 @@ QString imageNameOf(const LocationRow& row) {
     return row.image.empty() ? QStringLiteral("folder.png") : QString::fromStdString(row.image);
 }
 
-/// What both cells of a row answer alike.
+/// The data that both cells of a row share.
 QVariant rowData(const LocationRow& row, int role) {
     switch (role) {
         case Qt::ToolTipRole:
@@ -167,7 +167,7 @@ QVariant LocationModel::mainCellData(const LocationRow& row, int role) const {
     }
 }
 
-/// Until the small picture is there, and where there is none, that of any photo.
+/// The thumbnail; a generic photo image while there is none.
 QVariant LocationModel::pictureOfFile(const LocationRow& row) const {
     const QPixmap thumbnail = thumbnailSource_ ? thumbnailSource_(row.name) : QPixmap();
     return thumbnail.isNull() ? QVariant(pictureIcon(QStringLiteral("image_info")))

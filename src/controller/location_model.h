@@ -12,45 +12,45 @@
 
 namespace tarvin {
 
-/// The location list as its table shows it: a column of locations, "MainCell", and a column of
-/// check boxes, "buttonCell". Takes drops of files and folders. Main thread.
+/// Table model of the location list: a column of locations, "MainCell", and a column of check
+/// boxes, "buttonCell". Accepts drops of files and folders. Main thread only.
 class LocationModel final : public QAbstractTableModel, private LocationListObserver {
     Q_OBJECT
 
  public:
     enum Column { mainCell, buttonCell };
 
-    // Beside the texts and the picture that CustomTableCellView paints.
+    // Roles besides those of the texts and the image that CustomTableCellView paints.
     enum Role {
         pathBytes = Qt::UserRole + 100,  ///< QByteArray: the exact path
-        imageName,      ///< QString: name of the picture of a folder or volume; empty for a file
-        thumbnailPath,  ///< QByteArray: the file to make a small picture of; empty for a folder
+        imageName,      ///< QString: image name of a folder or volume; empty for a file
+        thumbnailPath,  ///< QByteArray: the file to make a thumbnail of; empty for a folder
         isFolder        ///< bool
     };
-    // Of the horizontal header.
+    // Role of the horizontal header.
     static constexpr int identifier = Qt::UserRole;  ///< QString: "MainCell" or "buttonCell"
 
-    /// Gives the small picture of a file that is in the list, by its path, or nothing yet.
+    /// Returns the thumbnail of a listed file by its path; null while there is none.
     using ThumbnailSource = std::function<QPixmap(const std::string& path)>;
 
-    /// Becomes the observer of `list`, which outlives it.
+    /// Becomes the observer of `list`, which must outlive this object.
     explicit LocationModel(LocationList& list, QObject* parent = nullptr);
     ~LocationModel() override;
 
-    /// The header of the column of locations.
+    /// Sets the header of the column of locations.
     void setHeader(const QString& text);
 
-    /// Asked whenever a file's row is painted, so that it has to answer at once.
+    /// `source` is called whenever a file's row is painted and must not block.
     void setThumbnailSource(ThumbnailSource source) { thumbnailSource_ = std::move(source); }
-    /// The source has a picture now that it did not have before.
+    /// Call when the source has a new thumbnail.
     void thumbnailArrived(const std::string& path);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
-    /// In both columns the roles above, the tool tip (the path) and the names for assistive
-    /// technology. Texts and picture are the first column's, the check state is the second's.
+    /// Both columns: the roles above, the path as tool tip, names for assistive technology. First
+    /// column: texts and image. Second column: check state.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    /// Checks or unchecks a row, in the second column.
+    /// Checks or unchecks a row; second column only.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                       int role) const override;
@@ -58,18 +58,18 @@ class LocationModel final : public QAbstractTableModel, private LocationListObse
 
     [[nodiscard]] QStringList mimeTypes() const override;
     [[nodiscard]] Qt::DropActions supportedDropActions() const override;
-    /// True whatever it is: what cannot be listed is refused when it is dropped.
+    /// Always true: unsupported data is refused when it is dropped.
     [[nodiscard]] bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row,
                                        int column, const QModelIndex& parent) const override;
-    /// Lists the local files and folders among the addresses before the row, or the row dropped on,
-    /// or at the end. Text and addresses of other machines change nothing. True if a row was added.
+    /// Adds the local files and folders among the URLs before the row, before the row dropped on,
+    /// or at the end. Ignores text and URLs of other machines. Returns true if a row was added.
     bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                       const QModelIndex& parent) override;
 
  Q_SIGNALS:
-    /// A person checked or unchecked the row; it is done already.
+    /// The user checked or unchecked the row. Emitted after the change.
     void checkButtonClicked(int row);
-    /// After each drop, with what became of it.
+    /// Emitted after each drop.
     void dropped(const tarvin::Addition& addition);
 
  private:

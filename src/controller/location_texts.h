@@ -8,7 +8,7 @@
 
 namespace tarvin {
 
-/// The texts of the location screen that depend on what a person does there. Main thread.
+/// The texts of the location screen that change. Main thread only.
 class LocationTexts final {
     Q_DECLARE_TR_FUNCTIONS(tarvin::LocationTexts)
 
@@ -19,15 +19,15 @@ class LocationTexts final {
     [[nodiscard]] static QString header(bool scanFolderClicked);
     /// Over the column of check boxes.
     [[nodiscard]] static QString checkHeader();
-    /// The title of the button that begins.
+    /// The title of the Scan button.
     [[nodiscard]] static QString scan();
     /// For a double-click in drive mode.
     [[nodiscard]] static QString proceedWithScan();
     /// For a folder with nothing to show.
     [[nodiscard]] static QString noFolders();
-    /// The item of the context menu that turns the check box of a row over.
+    /// The item of the context menu that toggles a row.
     [[nodiscard]] static QString markMenu(bool isChecked);
-    /// What the check box of a location is called.
+    /// Accessible name of the check box of a location.
     [[nodiscard]] static QString checkBoxName(const QString& location);
 };
 

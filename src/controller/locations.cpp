@@ -28,7 +28,7 @@ namespace {
 constexpr QPoint noticePlace{220, 50};
 constexpr int scanTitleSize = 14;
 
-/// What the panel for photos offers, in its order.
+/// The types offered by the file dialog for photos, in its order.
 QStringList photoTypes() {
     return {QStringLiteral("jpg"),  QStringLiteral("jpeg"), QStringLiteral("psd"),
             QStringLiteral("png"),  QStringLiteral("bmp"),  QStringLiteral("dng"),
@@ -98,7 +98,7 @@ void Locations::buttonScanDriveClicked() {
 }
 
 void Locations::buttonScanFoldersClicked() {
-    // Before the look at the windows: it stays set though they stand in the way.
+    // Set even if a panel prevents leaving the screen.
     list_.setScanFolderClicked(true);
     if (!isBlockedByPanel()) {
         enter(LocationTexts::header(true));
@@ -186,7 +186,7 @@ void Locations::showLevelButtons() {
         screen.backFolderButton->hasFocus() || screen.nextFolderButton->hasFocus();
     setEnabledTogether({{screen.backFolderButton, history_.isBackEnabled()},
                         {screen.nextFolderButton, history_.isNextEnabled()}});
-    // With both disabled the focus would go on to "Mark All".
+    // With both disabled Qt would move the focus to "Mark All".
     if (hadFocus && !screen.backFolderButton->hasFocus() && !screen.nextFolderButton->hasFocus()) {
         screen.tableExact->setFocus();
     }

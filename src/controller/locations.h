@@ -16,26 +16,27 @@ namespace tarvin {
 
 class MainWindow;
 
-/// The task of choosing what to scan: entering the list in one of its modes, browsing, checking,
-/// adding by panel and by drop. Owned by AppDelegate; main thread.
+/// The location screen: entering the list in one of its modes, browsing, checking, adding by file
+/// dialog and by drop. Owned by AppDelegate. Main thread only.
 class Locations final : public QObject {
     Q_OBJECT
 
  public:
-    /// All outlive it. `previewProgram` is the path of the program that makes the small pictures.
+    /// The referenced objects must outlive this one. `previewProgram` is the path of the program
+    /// that makes thumbnails.
     Locations(Session& session, MainWindow& window, Alerts& alerts, FilePanels& panels,
               QString previewProgram);
 
     void buttonScanDriveClicked();
     void buttonScanFoldersClicked();
-    /// Drive mode for similar images, whose scan never begins. Nothing calls it.
+    /// Drive mode for a scan for similar images, which never begins. Nothing calls it.
     void buttonScanFolderClicked();
 
-    /// Shows the list in folder mode, if it does not show already, with these folders added and
-    /// checked.
+    /// Shows the list in folder mode, unless it is shown already, and adds and checks these
+    /// folders.
     void openWith(const std::vector<std::string>& folders);
 
-    /// The row that was double-clicked; rows are counted from the top.
+    /// Opens the folder of a row, counted from the top.
     void didClickedRow(int row);
     void backFolderClicked();
     void nextFolderClicked();
@@ -47,7 +48,7 @@ class Locations final : public QObject {
     void addFiles();
     void reflectMarkStatusForRemoveButton();
 
-    // The context menu. What it does counts for the buttons of the screen at once.
+    // The context menu. It updates the buttons of the screen like the buttons themselves do.
 
     void menuNeedsUpdate();
     void markUnmarkTable();
@@ -55,9 +56,9 @@ class Locations final : public QObject {
     void markAllMenuClicked();
     void unMarkAllMenuClicked();
 
-    /// Forgets rows, levels and what was checked.
+    /// Forgets rows, levels and check states.
     void homeCleanup();
-    /// The collection has taken the rows.
+    /// Call when the collection has finished with the rows.
     void removeAllRows() { list_.removeAllRows(); }
 
     [[nodiscard]] const LocationList& list() const { return list_; }
@@ -67,7 +68,7 @@ class Locations final : public QObject {
     // In pixels; a row shows it in 40 logical pixels.
     static constexpr QSize thumbnailSize{74, 74};
 
-    /// Whether a window stands in the way of leaving the screen.
+    /// Whether an open panel prevents leaving the screen.
     [[nodiscard]] bool isBlockedByPanel() const;
     void connectControls();
     void enter(const QString& header);

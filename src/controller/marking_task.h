@@ -10,35 +10,35 @@ namespace tarvin {
 
 class MainWindow;
 
-/// The task of marking: check boxes at three levels, the totals of what is marked, and the buttons
-/// that follow. Owned by AppDelegate; main thread.
+/// Marking: check boxes at three levels, the totals of marked files, and the button states that
+/// depend on them. Owned by AppDelegate. Main thread only.
 class MarkingTask final : public QObject {
     Q_OBJECT
 
  public:
-    /// All outlive it.
+    /// All arguments must outlive this object.
     MarkingTask(Session& session, Results& results, MainWindow& window,
                 InformationWindow& information);
 
     void markAllClicked();
     void unMarkAllClicked();
-    /// The box of an extension or a set in the outline.
+    /// The check box of an extension or a set in the outline.
     void checkBoxClicked(const QModelIndex& clickedRow);
-    /// The box in a row of the file list; `tag` is the row.
+    /// The check box in a row of the file table; `tag` is the row.
     void tableCheckBoxClicked(int tag);
     void checkButtonClicked(int indexOfButton);
-    /// Turns the mark of one file of the selected set over, unless none would stay unmarked.
+    /// Toggles a file of the selected set, unless no file of the set would stay unmarked.
     void collectionViewCheckButtonCLicked(int position);
 
     void setMarkedFilesDetails();
     void enableNecessaryButton();
 
-    /// Nothing calls it: the information window says it all.
+    /// Nothing calls it: the information window is shown instead.
     void showAllCheckAlert();
     void checkALertOK() const;
 
  Q_SIGNALS:
-    /// A box of the file list was clicked.
+    /// A check box of the file table was clicked.
     void checkNotif(int indexOfButton);
 
  private:

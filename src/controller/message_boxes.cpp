@@ -25,7 +25,7 @@ Alerts::Number MessageBoxes::show(const Alert& alert, std::function<void(int but
     box->setTextFormat(Qt::PlainText);
     box->setText(alert.messageText);
     box->setInformativeText(alert.informativeText);
-    QList<QAbstractButton*> buttons;  // the box has them in an order of its own
+    QList<QAbstractButton*> buttons;  // QMessageBox::buttons() has another order
     for (int number = 0; number < alert.buttons.size(); ++number) {
         QPushButton* button = box->addButton(alert.buttons[number], number == alert.escapeButton
                                                                         ? QMessageBox::RejectRole
@@ -36,8 +36,7 @@ Alerts::Number MessageBoxes::show(const Alert& alert, std::function<void(int but
             box->setDefaultButton(button);
         }
     }
-    // However the box goes, also with its frame's button, there is one answer; unless it was
-    // withdrawn.
+    // Closing by the window frame counts as an answer too; withdrawing does not.
     QObject::connect(box, &QDialog::finished, &context_,
                      [this, thisAlert, box, buttons, answered = std::move(answered),
                       escape = alert.escapeButton] {

@@ -11,12 +11,12 @@ class QMessageBox;
 
 namespace tarvin {
 
-/// Alerts as the desktop's message boxes, with the icon of the program. Return presses the button
-/// that Esc presses, the harmless one: nothing is lost by a key that was meant for something else.
-/// The order on the screen is the desktop's. Main thread.
+/// Alerts as message boxes with the program's icon. Return presses the same, harmless button as
+/// Esc, so that a stray key loses nothing. The desktop decides the order of the buttons. Main
+/// thread only.
 class MessageBoxes final : public Alerts {
  public:
-    /// The boxes belong to `window`.
+    /// The boxes are children of `window`.
     explicit MessageBoxes(QWidget* window) : window_(window) {}
 
     using Alerts::show;
@@ -27,7 +27,7 @@ class MessageBoxes final : public Alerts {
     QPointer<QWidget> window_;
     std::map<Number, QPointer<QMessageBox>> open_;
     Number last_ = 0;
-    QObject context_;  // the last member: no box answers to what is gone
+    QObject context_;  // last: disconnects the boxes before the other members are destroyed
 };
 
 }  // namespace tarvin

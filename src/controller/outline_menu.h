@@ -13,6 +13,7 @@ class OutlineMenu final : public QObject {
     Q_OBJECT
 
  public:
+    /// `screen` must outlive this object.
     explicit OutlineMenu(const ResultScreen& screen);
 
     /// Emits the signal of the item with this tag; none for an unknown tag.

@@ -29,7 +29,7 @@ QString OwnReasons::ofTrash(TrashRefusalKind kind, const std::string& words) {
     return QString::fromStdString(words);
 }
 
-/// Errors of the store have no kinds that tell so much, so these are known by their texts.
+/// StoreError has no kind for these, so they are recognised by their texts.
 QString OwnReasons::ofStore(const std::string& text) {
     static constexpr const char* known[]{
         QT_TR_NOOP("there is no home folder to keep the journal in"),

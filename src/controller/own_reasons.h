@@ -9,15 +9,16 @@
 
 namespace tarvin {
 
-/// Reasons that the product itself has found, in the language of the window; the engine has them in
-/// English. Those of the system stay in the system's words. Main thread.
+/// Translations of our own error reasons, which the engine has in English. The system's reasons
+/// stay as they are. Main thread only.
 class OwnReasons final {
     Q_DECLARE_TR_FUNCTIONS(tarvin::OwnReasons)
 
  public:
-    /// Why the Trash did not take a file or give it back; `words` are shown if the system refused.
+    /// Why the Trash refused to take or return a file; `words` is the system's reason, if it was
+    /// the system.
     [[nodiscard]] static QString ofTrash(TrashRefusalKind kind, const std::string& words);
-    /// Why what the product keeps could not be read or written.
+    /// Why a stored file could not be read or written.
     [[nodiscard]] static QString of(const StoreError& error) { return ofStore(error.text); }
     /// The same, by the text of the error.
     [[nodiscard]] static QString ofStore(const std::string& text);

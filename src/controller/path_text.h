@@ -5,9 +5,9 @@
 
 namespace tarvin {
 
-/// A path, or a part of one, as text for the screen, in one line. U+FFFD stands for each byte that
-/// is not UTF-8, for control characters and line ends, and for the marks that turn the direction of
-/// writing: a name shall not look like another one. Never to be turned back into a path.
+/// A path, or a part of one, as one line of text for the screen. U+FFFD replaces each byte that is
+/// not UTF-8, control characters, newlines and bidirectional marks, with which a name could look
+/// like another. Must not be converted back to a path. Any thread.
 [[nodiscard]] QString textOfPath(std::string_view path);
 
 }  // namespace tarvin

@@ -30,7 +30,7 @@ void Preview::showSelectedImage(const std::string& path) {
     path_ = path;
     size_ = {};
     ImageView& view = *window_.results->imView;
-    constexpr int lines = 2;  // around the picture: left and right, above and below
+    constexpr int lines = 2;  // frame on both sides of the image
     pictures_.resizeImageAtPath(path, view.width() - lines, view.height() - lines);
     view.setImage(previewPlaceholder(view.devicePixelRatioF()));
     window_.results->selectedPath->setText(ResultTexts::selectedPath(path));

@@ -14,29 +14,28 @@ namespace tarvin {
 
 class MainWindow;
 
-/// The task of looking at one file of the selected set: its picture, its path and its properties.
-/// The picture keeps its proportions, though its field has others: a stretched photo is hard to
-/// tell from another one. Its dimensions are whole pixels, one a point, whatever density the file
-/// states: people compare copies by their pixels.
+/// Shows one file of the selected set: its preview, path and properties. The preview keeps its
+/// proportions, because stretched photos are hard to compare. Dimensions are given in pixels,
+/// whatever resolution the file states, because users compare copies by pixels.
 ///
-/// Owned by AppDelegate; main thread.
+/// Owned by AppDelegate. Main thread only.
 class Preview final : public QObject {
     Q_OBJECT
 
  public:
-    /// All outlive it. `previewProgram` is the path of the program that makes the pictures.
+    /// The referenced objects must outlive this one. `previewProgram` is the path of the preview
+    /// program.
     Preview(Session& session, Results& results, MainWindow& window, Desktop& desktop,
             QString previewProgram);
 
-    /// Shows the placeholder at once and the picture, if there is one, when it is made.
+    /// Shows the placeholder, and the preview as soon as it is ready, if there is one.
     void showSelectedImage(const std::string& path);
-    /// With the dimensions of the picture while images are in view; they follow when they are
-    /// known, and until then there are none.
+    /// In the image view the dimensions are included once they are known.
     void showSelecteImageProperty(const std::string& path);
     void clear();
 
-    /// Opens the file of a row in the application of its kind. Nobody is told if there is none or
-    /// the file is gone; a row that is not there opens nothing.
+    /// Opens the file of a row in its default application. Fails silently; does nothing if there is
+    /// no such row.
     void doubleClick(int row);
 
  private:
@@ -48,8 +47,8 @@ class Preview final : public QObject {
     MainWindow& window_;
     Desktop& desktop_;
     ImagePreview pictures_;
-    std::string path_;  ///< of the file that is shown
-    QSizeF size_;       ///< of its picture; empty as long as it is not known
+    std::string path_;  ///< of the file shown
+    QSizeF size_;       ///< of its image; empty while unknown
 };
 
 }  // namespace tarvin

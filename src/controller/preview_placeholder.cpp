@@ -13,13 +13,13 @@ namespace tarvin {
 namespace {
 
 constexpr int side = 250;
-constexpr QPointF corner{10, 120};  // the text's lower left, from the lower left
+constexpr QPointF corner{10, 120};  // lower left of the text, from that of the image
 constexpr int fontSize = 18;
 constexpr int smallestFontSize = 9;
 
 QFont fontFor(const QString& text) {
     QFont font(QStringLiteral("Helvetica"));
-    font.setPixelSize(fontSize);  // one pixel a point before the density is applied
+    font.setPixelSize(fontSize);  // points, before the device pixel ratio is applied
     while (font.pixelSize() > smallestFontSize &&
            QFontMetricsF(font).horizontalAdvance(text) > side - corner.x()) {
         font.setPixelSize(font.pixelSize() - 1);

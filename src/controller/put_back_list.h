@@ -10,21 +10,23 @@
 
 namespace tarvin {
 
-/// What is found out of a clean-up before it is put back. All files are counted; as many of each
-/// group are kept as a list shows. One thread at a time.
+/// The expected outcome of putting a clean-up back. All files are counted; of each group
+/// FileReasons::maxListed are kept. One thread at a time.
 class PutBackOutlook final {
  public:
-    /// In the order of the clean-up.
+    /// Call in the order of the clean-up.
     void add(const PutBackFile& file);
 
-    /// Files that come back, and that cannot.
+    // Files that can be put back, that cannot, and both.
+
     [[nodiscard]] std::uint64_t coming() const { return coming_; }
     [[nodiscard]] std::uint64_t staying() const { return all_ - coming_; }
     [[nodiscard]] std::uint64_t all() const { return all_; }
-    /// Of all files, in bytes.
+    /// Size of all files, in bytes.
     [[nodiscard]] std::uint64_t bytes() const { return bytes_; }
 
-    /// Those that cannot come first, then those with a change; at most what a list shows.
+    /// At most FileReasons::maxListed: first those that cannot be put back, then those that come
+    /// back changed.
     [[nodiscard]] std::vector<PutBackFile> files() const;
 
  private:
@@ -36,8 +38,8 @@ class PutBackOutlook final {
     std::uint64_t bytes_ = 0;
 };
 
-/// The files of the last clean-up, the places that they go back to and what becomes of them, for a
-/// ListTable. Main thread.
+/// The files of the last clean-up, the folders they go back to and the expected outcome, for a
+/// ListTable. Main thread only.
 class PutBackList final : public QAbstractTableModel {
     Q_OBJECT
 
@@ -47,12 +49,12 @@ class PutBackList final : public QAbstractTableModel {
     using QAbstractTableModel::QAbstractTableModel;
 
     void setFiles(const PutBackOutlook& outlook);
-    /// The same while it is not known what becomes of them.
+    /// The same while the outcomes are unknown.
     void setUnchecked(const UncheckedCleanUp& cleanUp);
 
-    /// Why a file does not come back; empty if it does.
+    /// Why a file is not put back; empty if it is.
     [[nodiscard]] static QString reasonOf(const PutBackFile& file);
-    /// What the list says of a file.
+    /// The text of the status column.
     [[nodiscard]] static QString statusText(const PutBackFile& file);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -69,8 +71,8 @@ class PutBackList final : public QAbstractTableModel {
     [[nodiscard]] QVariant lastRowData(int column, int role) const;
 
     std::vector<PutBackFile> files_;
-    std::uint64_t more_ = 0;  // that are not listed
-    bool isChecked_ = true;   // whether the outcomes say anything
+    std::uint64_t more_ = 0;  // files not listed
+    bool isChecked_ = true;   // whether the outcomes are known
 };
 
 }  // namespace tarvin

@@ -19,36 +19,37 @@
 
 namespace tarvin {
 
-/// The work of putting the last clean-up back, on threads of its own: first to find out what would
-/// become of each file, then to do it. Between the start of either and the call of its `over` only
-/// stop(), done() and takeUnchecked() may be called, on any thread.
+/// Puts the last clean-up back on a background thread: first examine() finds the expected outcome
+/// of each file, then putBack() restores them. While either runs, until it calls `over`, only
+/// stop(), done() and takeUnchecked() may be called; these on any thread. Otherwise main thread
+/// only.
 class PutBackRun final {
  public:
-    /// `platform` outlives it. `totals` is a copy, which the threads change.
+    /// `platform` must outlive this object. `totals` is a copy, which the thread changes.
     PutBackRun(Platform& platform, DataFile totals);
     PutBackRun(const PutBackRun&) = delete;
     PutBackRun& operator=(const PutBackRun&) = delete;
-    /// Stops what runs behind the file in hand, and waits for it.
+    /// Stops after the current file and waits for that.
     ~PutBackRun();
 
-    /// `listed` is called on the other thread whenever takeUnchecked() has something new: before
-    /// files are looked at, which takes as long as their drives do. `over` is called there as the
-    /// last. Once.
+    /// Call once. Calls `listed` on the background thread whenever takeUnchecked() has a new
+    /// clean-up, before its files are checked, which may block on slow drives; calls `over` there
+    /// at the end.
     void examine(std::function<void()> listed, std::function<void()> over);
-    /// The same, after an examination that has found a clean-up.
+    /// Requires an examination that found a clean-up. Calls `over` on the background thread.
     void putBack(std::function<void()> over);
 
     void stop() { stopped_ = true; }
-    /// How many files have come back.
+    /// Files put back so far.
     [[nodiscard]] std::uint64_t done() const { return done_; }
-    /// The clean-up whose files are about to be looked at, once.
+    /// The clean-up whose files are about to be checked; nullopt if it was taken already.
     [[nodiscard]] std::optional<UncheckedCleanUp> takeUnchecked();
-    /// Waits until nothing runs.
+    /// Blocks until nothing runs.
     void wait() { thread_.wait(); }
 
     // After examine().
 
-    /// What there is to put back; none if nothing, or after a failure.
+    /// The clean-up to put back; nullopt if there is none or after a failure.
     [[nodiscard]] const std::optional<CleanUpSummary>& cleanUp() const { return cleanUp_; }
     [[nodiscard]] NothingToPutBack nothing() const { return nothing_; }
     [[nodiscard]] const PutBackOutlook& outlook() const { return outlook_; }
@@ -56,11 +57,13 @@ class PutBackRun final {
     // After putBack().
 
     [[nodiscard]] std::uint64_t bytesDone() const { return bytesDone_; }
-    /// Files that did not come back, all and those that a list shows.
+
+    // Files that were not put back: their number, and at most FileReasons::maxListed of them.
+
     [[nodiscard]] std::uint64_t failed() const { return failed_; }
     [[nodiscard]] const std::vector<PutBackFile>& failures() const { return failures_; }
 
-    /// What kept either from being done, or from being written down.
+    /// Why either could not be done or recorded.
     [[nodiscard]] const std::optional<StoreError>& failure() const { return failure_; }
     [[nodiscard]] const DataFile& totals() const { return totals_; }
 
@@ -75,7 +78,7 @@ class PutBackRun final {
     std::atomic<std::uint64_t> done_{0};
     std::mutex mutex_;
     std::optional<UncheckedCleanUp> unchecked_;  // guarded by mutex_
-    // All below is the thread's own while it runs.
+    // Used only by the background thread while it runs.
     DataFile totals_;
     std::unique_ptr<PutBack> engine_;
     std::optional<CleanUpSummary> cleanUp_;

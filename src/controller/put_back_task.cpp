@@ -26,7 +26,7 @@ namespace tarvin {
 
 namespace {
 
-/// What takes no longer is not worth a panel that comes and goes.
+/// A step that takes no longer shows no panel, which would only flash.
 constexpr int panelDelayMilliseconds = 300;
 
 }  // namespace
@@ -60,7 +60,7 @@ PutBackTask::~PutBackTask() {
     window_.putBackReport->putBackFailures->setModel(nullptr);
 }
 
-/// Covered at once: nothing else is to begin meanwhile.
+/// Covers the window at once, so that nothing else can be started meanwhile.
 void PutBackTask::open() {
     if (state_ != State::idle) {
         return;
@@ -92,7 +92,7 @@ void PutBackTask::showExamining() {
                           halfOfGain);
 }
 
-/// The files come before what is to be said of them. The panel may not be there yet.
+/// Shows the files before their outcomes are known. The panel may not be visible yet.
 void PutBackTask::showListed() {
     if (state_ != State::examining) {
         return;
@@ -136,7 +136,7 @@ void PutBackTask::showQuestion(const CleanUpSummary& cleanUp) {
     }
 }
 
-/// The information window takes the cover away when it is answered.
+/// The information window removes the cover when it is closed.
 void PutBackTask::inform(DialogPanel& before, const QString& firstLine, const QString& secondLine,
                          const QString& thirdLine) {
     information_.setInformationWindowInPlaceOf(
@@ -152,7 +152,7 @@ void PutBackTask::inform(DialogPanel& before, const QString& firstLine, const QS
 void PutBackTask::cancel() {
     switch (state_) {
         case State::examining:
-            // The thread ends at the next file; until then nothing else can be opened.
+            // The thread ends at the next file; open() does nothing until then.
             run_->stop();
             state_ = State::cancelled;
             break;
@@ -201,7 +201,7 @@ void PutBackTask::showResult() {
     delay_.stop();
     redraw_.stop();
     run_->wait();
-    // Memory may know more than could be written.
+    // The totals in memory may be newer than those that could be written.
     session_.data.showInMemory(
         {run_->totals().alreadyDeletedCount(), run_->totals().alreadyDeletedSize()});
     Q_EMIT totalsChanged();
@@ -221,7 +221,7 @@ void PutBackTask::showResult() {
            failureLine());
 }
 
-/// Empty if nothing has failed but single files.
+/// Empty if only single files have failed.
 QString PutBackTask::failureLine() const {
     const std::optional<StoreError>& failure = run_->failure();
     return failure ? PutBackTexts::notAll(OwnReasons::of(*failure)) : QString();

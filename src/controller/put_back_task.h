@@ -15,33 +15,35 @@ class DialogPanel;
 class MainWindow;
 class PutBackRun;
 
-/// The task of putting the last clean-up back: what would become of each file, the question, the
-/// run with Stop, and the report. Owned by AppDelegate; main thread.
+/// Puts the last clean-up back: the expected outcomes, the question, the run with Stop, and the
+/// report. Owned by AppDelegate. Main thread only.
 ///
-/// A run that is stopped has finished the file in hand. What did not come back stays in the Trash
-/// for another try.
+/// A stop takes effect after the current file. Files that were not put back stay in the Trash, and
+/// the user can try again.
 class PutBackTask final : public QObject {
     Q_OBJECT
 
  public:
-    /// All outlive it.
+    /// All arguments must outlive this object.
     PutBackTask(Session& session, MainWindow& window, InformationWindow& information);
     PutBackTask(const PutBackTask&) = delete;
     PutBackTask& operator=(const PutBackTask&) = delete;
     ~PutBackTask() override;
 
-    /// Shows what would come back, or why nothing does. Nothing happens while it is under way.
+    /// Shows which files would come back, or why none would. Does nothing while this is running.
     void open();
-    /// The answers of the panel.
+
+    // The buttons of the panels.
+
     void cancel();
     void putBack();
-    /// Ends the run behind the file in hand, without a question.
+    /// Stops the run after the current file, without a question.
     void stop();
 
  Q_SIGNALS:
-    /// The totals are other ones now.
+    /// The totals have changed.
     void totalsChanged();
-    // From the run's thread to this one.
+    // Emitted on the run's thread, received on the main thread.
     void listed();
     void examined();
     void finished();
@@ -69,7 +71,7 @@ class PutBackTask final : public QObject {
     InformationWindow& information_;
     PutBackList files_;
     FileReasons failures_;
-    QTimer delay_;  // until the person is shown that it takes a while
+    QTimer delay_;  // before a panel is shown for a step that takes long
     QTimer redraw_;
     State state_ = State::idle;
     std::unique_ptr<PutBackRun> run_;

@@ -8,7 +8,7 @@
 
 namespace tarvin {
 
-/// The texts of putting a clean-up back. Main thread.
+/// The texts of putting a clean-up back. Main thread only.
 class PutBackTexts final {
     Q_DECLARE_TR_FUNCTIONS(tarvin::PutBackTexts)
 
@@ -20,7 +20,7 @@ class PutBackTexts final {
 
     /// "1,406 files (157.46 MB)".
     [[nodiscard]] static QString total(std::uint64_t files, std::uint64_t bytes);
-    /// While it is not known what comes back.
+    /// While the outcomes are unknown.
     [[nodiscard]] static QString checking();
     [[nodiscard]] static QString coming(std::uint64_t files);
     /// Empty if there are none.
@@ -36,14 +36,14 @@ class PutBackTexts final {
     [[nodiscard]] static QString size(std::uint64_t bytes);
     [[nodiscard]] static QString failed(std::uint64_t files);
     [[nodiscard]] static QString scanAgain();
-    /// Where the run has failed, for whatever reason, behind what it has brought back.
+    /// The last line of the report of a run that failed.
     [[nodiscard]] static QString notAll(const QString& reason);
 
-    // Where there is nothing to do.
+    // When nothing can be put back.
 
     [[nodiscard]] static QString nothing();
     [[nodiscard]] static QString nothingBecause(NothingToPutBack reason);
-    /// Followed by the reason, on a line of its own.
+    /// The reason follows on its own line.
     [[nodiscard]] static QString notBegun();
 };
 

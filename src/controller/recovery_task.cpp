@@ -16,21 +16,20 @@ namespace tarvin {
 
 namespace {
 
-/// A drive that does not answer is left alone after this time; what it holds back is found out at
-/// the next start.
+/// How long to wait for a drive that does not respond. The recovery is repeated at the next start.
 constexpr std::chrono::seconds patienceAtTheEnd{2};
 
-/// Threads.
+/// The number of threads left behind.
 std::atomic<int> behind{0};
 
 }  // namespace
 
-/// What the thread and the task share; lives as long as the longer of the two.
+/// The state shared by the thread and the task; each owns a reference.
 class RecoveryTask::Shared final {
  public:
     explicit Shared(RecoveryTask* task) : task_(task) {}
 
-    /// On the thread, when it uses nothing any more but this.
+    /// Call last on the thread, when it uses only this object.
     void end() {
         const std::lock_guard lock(mutex_);
         isOver_ = true;
@@ -41,7 +40,7 @@ class RecoveryTask::Shared final {
         over_.notify_all();
     }
 
-    /// The task goes.
+    /// Call when the task is destroyed.
     void leave() {
         std::unique_lock lock(mutex_);
         task_ = nullptr;

@@ -7,32 +7,31 @@
 
 namespace tarvin {
 
-/// Finds out, once at the start, what clean-ups have moved whose process was ended, and brings the
-/// stored totals up to it. On a thread of its own, since the drive of a file may answer late or
-/// never: the window does not wait for it, and neither does the end of the program for long. Main
-/// thread.
+/// Recovers crashed clean-ups (recoverCleanUps()) once at the start and updates the stored totals.
+/// On a background thread, since a drive may respond late or never: neither the window nor, for
+/// long, the end of the program waits for it. Main thread only.
 class RecoveryTask final : public QObject {
     Q_OBJECT
 
  public:
-    /// Begins. Without a journal of clean-ups there is nothing to do, and totalsSettled() does not
-    /// come.
+    /// Starts the recovery. Without a journal there is nothing to do and totalsSettled() is never
+    /// emitted. `platform` must outlive a thread that is left behind, too.
     explicit RecoveryTask(Platform& platform);
     RecoveryTask(const RecoveryTask&) = delete;
     RecoveryTask& operator=(const RecoveryTask&) = delete;
-    /// Waits for two seconds at most. A thread that hangs longer is left behind, and goes on to use
-    /// the platform.
+    /// Waits for at most two seconds. A thread that blocks longer is left behind and continues to
+    /// use the platform.
     ~RecoveryTask() override;
 
-    /// How many threads have been left behind and still run. Any thread.
+    /// The number of threads that were left behind and still run. Any thread.
     [[nodiscard]] static int leftBehind();
-    /// The last of main(): answers the exit status. If a thread was left behind, it ends the
-    /// process with that status instead, without destroying what the thread uses: the platform and
-    /// other objects that live as long as the process. Everything else should be gone by then.
+    /// Call last in main(), when only objects of static lifetime are left. Returns `status`, or, if
+    /// a thread was left behind, exits with it at once, without destroying the platform and other
+    /// static objects that the thread uses.
     [[nodiscard]] static int endOfProcess(int status);
 
  Q_SIGNALS:
-    /// The stored totals may have changed. On the main thread.
+    /// The stored totals may have changed. Emitted on the main thread.
     void totalsSettled();
 
  private:

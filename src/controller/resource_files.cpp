@@ -7,7 +7,7 @@
 namespace tarvin {
 
 QString installedResource(const QString& name) {
-    // Beside the folder of the programs, wherever that was installed.
+    // Relative to the folder of the programs, so that the installation can be moved.
 #ifdef Q_OS_DARWIN
     const QString place = QStringLiteral("/../Resources/");
 #else

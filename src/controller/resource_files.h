@@ -4,18 +4,17 @@
 
 namespace tarvin {
 
-/// The path of a file that is installed with the program, such as "index.html"; empty if it is
-/// missing. Main thread.
+/// The path of an installed data file, such as "index.html"; empty if it is missing. Main thread
+/// only.
 [[nodiscard]] QString installedResource(const QString& name);
 
-/// The path of a program that this one starts for its own purposes, such as "tarvin-image-preview":
-/// beside this one, as it is where nothing is installed, or where such programs are installed.
-/// Empty if it is missing. `folder` is where this program is; empty means that the system is asked.
-/// Main thread.
+/// The path of one of our helper programs, such as "tarvin-image-preview": beside this program, as
+/// in a build folder, or where helpers are installed. Empty if it is missing. `folder` is the
+/// folder of this program, by default that of the running executable. Main thread only.
 [[nodiscard]] QString helperProgram(const QString& name, QString folder = {});
 
-/// The path of the program that fetches updates and that a packager may add, in the same places;
-/// empty if it is missing. Main thread.
+/// The path of the updater, which a packager may add in the same places; empty if it is missing.
+/// Main thread only.
 [[nodiscard]] QString updaterProgram(const QString& folder = {});
 
 }  // namespace tarvin

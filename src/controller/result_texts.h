@@ -9,30 +9,29 @@
 
 namespace tarvin {
 
-/// The texts of the result screen and of what it says and asks, letter for letter: leading line
-/// breaks and trailing blanks belong to them. Sizes are as getFormattedStringForSize() writes them.
-/// Main thread.
+/// The texts of the result screen, its notices and questions. Leading newlines and trailing spaces
+/// belong to them. Sizes are as getFormattedStringForSize() writes them. Main thread only.
 class ResultTexts final {
     Q_DECLARE_TR_FUNCTIONS(tarvin::ResultTexts)
 
  public:
-    /// What the check box of a file, a set or an extension is called.
+    /// Accessible name of the check box of a file, a set or an extension.
     [[nodiscard]] static QString checkBoxName(const QString& name);
-    /// What a screen reader adds to that name if some of what the box marks is marked, not all.
+    /// Accessible description of a check box that is partially checked.
     [[nodiscard]] static QString partlyMarked();
 
-    // What is marked.
+    // Marked files.
 
     /// "Marked Duplicate Files: 3".
     [[nodiscard]] static QString selectedCount(std::uint64_t files);
     /// "Marked File Size: 1.05 MB".
     [[nodiscard]] static QString selectedSize(std::uint64_t bytes);
-    /// When marking one more file would leave none of its set.
+    /// When marking one more file would mark all of its set.
     [[nodiscard]] static QString allFilesOfSet();
 
-    // The file that is looked at.
+    // The file in the preview.
 
-    /// "Path: /home/ann/a.png", in one line.
+    /// "Path: /home/ann/a.png"; see textOfPath().
     [[nodiscard]] static QString selectedPath(std::string_view path);
     /// In place of a preview.
     [[nodiscard]] static QString doubleClickToOpen();
@@ -48,13 +47,13 @@ class ResultTexts final {
 
     // The information window.
 
-    /// Its header when it shows the summary of all categories.
+    /// Header of the summary of all categories.
     [[nodiscard]] static QString duplicatesFound();
-    /// Its header otherwise.
+    /// Header otherwise.
     [[nodiscard]] static QString information();
-    /// Its button under a summary.
+    /// Button of a summary.
     [[nodiscard]] static QString review();
-    /// Its button otherwise.
+    /// Button otherwise.
     [[nodiscard]] static QString ok();
     /// The three lines of the summary of all categories, with counts of files.
     [[nodiscard]] static QString media(std::int64_t files);
@@ -70,9 +69,9 @@ class ResultTexts final {
 
     /// When nothing is marked.
     [[nodiscard]] static QString nothingToDelete();
-    /// Followed by the reason, on a line of its own.
+    /// The reason follows on its own line.
     [[nodiscard]] static QString cleanUpNotBegun();
-    /// Behind the reason, if what was in the way is so no longer.
+    /// Follows the reason if the damaged journal was moved aside.
     [[nodiscard]] static QString journalKeptAside();
     /// While files are moved.
     [[nodiscard]] static QString deleting();
@@ -81,22 +80,21 @@ class ResultTexts final {
     [[nodiscard]] static QString duplicatesCleaned(std::uint64_t files);
     [[nodiscard]] static QString spaceRegained(std::uint64_t bytes);
 
-    /// Below them, if there are such files.
+    // Below them, about files that were not moved (`left`) or not moved back (`notBack`).
+
     [[nodiscard]] static QString filesLeft(std::uint64_t files);
-    /// Of files that could not be moved back.
     [[nodiscard]] static QString filesNotBack(std::uint64_t files);
     [[nodiscard]] static QString filesLeftAndNotBack(std::uint64_t left, std::uint64_t notBack);
 
     // Exceptions.
 
-    /// Before marked files are excluded. `exact` says that they come from a scan for identical
-    /// files.
+    /// Before marked files are excluded. `exact`: they come from a scan for identical files.
     [[nodiscard]] static QString exceptionQuestion(bool exact);
     [[nodiscard]] static QString exceptionsAdded(std::int64_t files);
     [[nodiscard]] static QString removeExceptionsQuestion();
     [[nodiscard]] static QString exceptionsRemoved();
 
-    // The answers to both questions that an alert asks.
+    // The buttons of alerts that ask.
 
     [[nodiscard]] static QString yes();
     [[nodiscard]] static QString no();

@@ -15,12 +15,12 @@ namespace {
 
 constexpr int treeColumns = 2;
 
-// The view counts alike.
 static_assert(int{ResultTree::check} == int{ResultTreeView::check} &&
-              int{ResultTree::name} == int{ResultTreeView::name});
+                  int{ResultTree::name} == int{ResultTreeView::name},
+              "column order must match ResultTreeView");
 
-// The identity of an index says which extension its row is below: 0 for the row of an extension
-// itself, one more than the extension's position for that of a set.
+// The internal ID of an index: 0 for the row of an extension, the position of its extension plus 1
+// for the row of a set.
 constexpr quintptr belowNothing = 0;
 
 quintptr below(int extension) {
@@ -172,7 +172,7 @@ QVariant ResultTree::data(const QModelIndex& index, int role) const {
         case Qt::AccessibleTextRole:
             return isBox ? ResultTexts::checkBoxName(textOf(index)) : textOf(index);
         case Qt::AccessibleDescriptionRole:
-            // Of a row's states Qt tells a screen reader on and off alone.
+            // Qt reports only on and off to screen readers.
             return isBox && stateOf(index) == CheckState::mixed ? ResultTexts::partlyMarked()
                                                                 : QString();
         case Qt::ToolTipRole:
@@ -256,7 +256,7 @@ void ResultTree::reportExtension(int extension) {
     Q_EMIT dataChanged(first, first.siblingAtColumn(name), changedRoles());
 }
 
-/// Asks for as little as it can: there may be as many extensions as sets.
+/// Kept cheap: there may be as many extensions as sets.
 void ResultTree::reportSetsOf(int extension) {
     const Extensions* const above = extensionIn(extension);
     if (above == nullptr || above->sets().empty()) {

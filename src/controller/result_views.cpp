@@ -53,7 +53,7 @@ void ResultViews::connectControls() {
             &ResultViews::outlineViewSelectionDidChange);
     connect(screen.resultTable->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ResultViews::tableViewSelectionDidChange);
-    // Rows that were read anew are none of those that were selected.
+    // A reset clears the selection.
     connect(results_.fileModel(), &QAbstractItemModel::modelReset, this,
             &ResultViews::selectShownFile);
     connect(&information_, &InformationWindow::closed, this, &ResultViews::informationClosed);
@@ -105,7 +105,7 @@ void ResultViews::change(ResultView view) {
 void ResultViews::categoryClicked(ResultView view) {
     change(view);
     if (results_.isEmpty()) {
-        // The rows stay those of the list before: its window leads back to all categories.
+        // Keeps the rows of the previous list: closing the notice returns to all categories.
         flagOf(view, session_.summaries) = true;
         information_.setInformationWindow(noDuplicatesInformation(view));
         return;
@@ -127,7 +127,7 @@ void ResultViews::showDuplicateScanResult(bool showsSummary) {
     window_.results->OView2->expandAll();
     selectFirstSet();
     loading_.show();
-    // A result with a single extension opens without a preview.
+    // By design a result with a single extension opens without a preview.
     if (results_.list().extensionCount() < 2) {
         clearPreview();
     } else {
@@ -174,7 +174,7 @@ void ResultViews::showFile(const std::shared_ptr<File>& file) {
     selectShownFile();
 }
 
-/// Also of a list that has become shorter, where the file may be at another place.
+/// The file may have another row after files were removed.
 void ResultViews::selectShownFile() {
     const std::shared_ptr<Set>& set = results_.files().set();
     if (!set || !shown_) {
@@ -213,7 +213,7 @@ void ResultViews::showInformationWindowAccordingTab() {
     }
 }
 
-/// An empty list leads back: one category to all of them, all of them home.
+/// After the notice of an empty list: from one category back to all, from all back home.
 void ResultViews::informationClosed() {
     if (!results_.isEmpty() || window_.selectedTabViewItem() != window_.results->identifier()) {
         return;
@@ -229,7 +229,7 @@ void ResultViews::informationClosed() {
 void ResultViews::selectionShouldChangeInOutlineView(const QModelIndex& clicked) {
     loading_.show();
     if (results_.selected() == clicked.siblingAtColumn(0)) {
-        // Nothing changes, and nobody would uncover the files again.
+        // The selection does not change, so no signal would hide the overlay again.
         outlineViewSelectionDidChange();
     }
 }

@@ -16,13 +16,13 @@ namespace tarvin {
 
 class MainWindow;
 
-/// The task of looking through a result: its six views, their summaries, the outline with the files
-/// of the selected set, and the sort controls. Owned by AppDelegate; main thread.
+/// The result screen: its six views, their summaries, and the outline with the files of the
+/// selected set. Owned by AppDelegate. Main thread only.
 class ResultViews final : public QObject {
     Q_OBJECT
 
  public:
-    /// All outlive it.
+    /// All arguments must outlive this object.
     ResultViews(Session& session, Results& results, MainWindow& window,
                 InformationWindow& information, MarkingTask& marking, Preview& preview,
                 const LoadingOverlay& loading);
@@ -34,37 +34,36 @@ class ResultViews final : public QObject {
     void docsClicked();
     void otherClicked();
 
-    /// Shows the list in view on its screen; with its summary, unless that has been shown, and
-    /// with nothing marked. Without `showsSummary` the totals of what is marked stay. An empty
-    /// list, or none, leaves an empty screen.
+    /// Shows the list in view on the result screen. With `showsSummary`, also its summary, unless
+    /// that was shown before, and totals of 0 marked files; otherwise the totals stay. Without a
+    /// result, or with an empty one, the screen is empty.
     void showDuplicateScanResult(bool showsSummary);
     void showInformationWindowAccordingTab();
 
     // The outline.
 
     void selectionShouldChangeInOutlineView(const QModelIndex& clicked);
-    /// Shows the first file of the set that is selected now; nothing changes without one.
+    /// Shows the first file of the selected set. Does nothing if no set is selected.
     void outlineViewSelectionDidChange();
-    // What a right click leaves to the context menu: nothing emits `rightClicked`, nothing calls
-    // treeView(), and neither does anything.
+    // Both do nothing: a right click only opens the context menu. Nothing calls treeView().
     void treeView() {}
     void rightClicked() {}
 
     // The file list.
 
-    /// Shows the file of the row that is selected now; nothing changes without one.
+    /// Shows the file of the selected row. Does nothing if no row is selected.
     void tableViewSelectionDidChange();
 
-    /// There is no result any more.
+    /// Drops the result.
     void homeCleanup();
 
     [[nodiscard]] SortControls& sortControls() { return sortControls_; }
     [[nodiscard]] OutlineMenu& outlineMenu() { return outlineMenu_; }
 
  Q_SIGNALS:
-    /// A result that is not empty has come to its screen.
+    /// A result that is not empty is shown.
     void shown();
-    /// An empty result was acknowledged.
+    /// The notice of an empty result was closed.
     void homeRequested();
 
  private:
@@ -76,7 +75,7 @@ class ResultViews final : public QObject {
     void showTotals(bool areNone) const;
     void selectFirstSet() const;
     void showFirstFile();
-    /// Picture, path and properties of a file, whose row is selected if it is in the list.
+    /// Shows preview, path and properties of a file and selects its row if it is in the table.
     void showFile(const std::shared_ptr<File>& file);
     void selectShownFile();
     void clearPreview();
@@ -90,7 +89,7 @@ class ResultViews final : public QObject {
     MarkingTask& marking_;
     Preview& preview_;
     const LoadingOverlay& loading_;
-    std::shared_ptr<File> shown_;  ///< the file in the preview; none while it is empty
+    std::shared_ptr<File> shown_;  ///< the file in the preview; null if none
     SortControls sortControls_;
     OutlineMenu outlineMenu_;
 };

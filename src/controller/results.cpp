@@ -94,7 +94,7 @@ void Results::showFilesInOrder(bool ascending) {
 }
 
 void Results::showFiles() {
-    // The first set below an extension is number 1.
+    // Sets are numbered from 1 within their extension.
     files_.setSet(selectedSet(), ResultTree::setRow(selected_) + 1);
 }
 

@@ -14,11 +14,9 @@
 
 namespace tarvin {
 
-/// The result in view: its list, the models of outline and file table, and the selected set. The
-/// tasks of the result screen share it. Every change of the list, its marks or its files is made
-/// here, and is reported to the views by the models and to everybody else by the signals.
-///
-/// Owned by AppDelegate. Main thread only.
+/// The result in view: its list, the models of outline and file table, and the selected set. Every
+/// change of the list, its marks or its files is made here and reported: to the views by the
+/// models, to all others by marksChanged(). Owned by AppDelegate. Main thread only.
 class Results final : public QObject {
     Q_OBJECT
 
@@ -65,11 +63,12 @@ class Results final : public QObject {
     /// Numbers the files of the selected set by their creation date and shows them in the table.
     void showFilesInOrder(bool ascending);
 
-    // Marks. Without a result these do nothing.
+    // Marks. Without a result these do nothing and report nothing.
 
     void markAll();
     void unmarkAll();
-    /// Toggles an extension or a set, by its row in the tree.
+    /// Toggles an extension or a set by its row in the tree. If there is no such row, only reports
+    /// the marks again.
     void toggle(const QModelIndex& row);
     /// Toggles a file of the selected set; nullopt if there is no such file.
     std::optional<ToggleResult> toggleFile(int row);

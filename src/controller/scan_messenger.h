@@ -7,22 +7,23 @@
 
 namespace tarvin {
 
-/// Hears what a scan tells on its own threads. The turning points become signals, which reach the
-/// main thread through its event loop; what comes many times a second is kept in a mailbox, to be
-/// looked at by whoever draws it. The object lives on the main thread and outlives the scan.
+/// Observes a scan on its threads. Rare events become signals, which reach the main thread through
+/// its event loop; frequent ones go to a mailbox that the screen polls. Lives on the main thread
+/// and must outlive the scan.
 class ScanMessenger final : public QObject, public ScanObserver {
     Q_OBJECT
 
  public:
     using QObject::QObject;
 
-    /// Forgets the scan before. Main thread, while no scan runs.
+    /// Forgets the previous scan. Main thread only, while no scan runs.
     void clear() { mailbox_.clear(); }
-    /// What has been told last; `progress` stays as it is while the scan tells something new, so
-    /// that nobody waits for a thread of the scan. Any thread.
+    /// Copies the latest progress; leaves `progress` unchanged if a scan thread is writing, so that
+    /// the caller never blocks on it. Any thread.
     void tryLatest(Progress& progress) const { mailbox_.tryLatest(progress); }
 
-    // Called by the scan.
+    // Called on threads of the scan.
+
     void collecting(const std::string& path) override { mailbox_.collecting(path); }
     void collectionPaused(bool paused) override { Q_EMIT collectionWaits(paused); }
     void nothingCollected() override { Q_EMIT foundNoFiles(); }

@@ -31,7 +31,7 @@ ScanTask::ScanTask(Session& session, MainWindow& window, Alerts& alerts, Locatio
       alerts_(alerts),
       locations_(locations),
       run_(session.platform, messenger_, {.lowPriority = true}) {
-    // In the words that pause() compares it with.
+    // pause() compares the title with this text.
     setPauseTitle(ScanScreenTexts::pause());
     redraw_.setInterval(redrawMilliseconds);
     connect(&redraw_, &QTimer::timeout, this, &ScanTask::showProgress);
@@ -78,13 +78,13 @@ void ScanTask::showStart() {
     screen_.similarProcessing->setText(ScanScreenTexts::collecting());
     screen_.exactSimilarTabView->setCurrentIndex(0);
     screen_.animationImage->startAnimation();
-    // They belong to the screen before and would stand in the way of the one after.
+    // Panels of the previous screen would cover the next one.
     window_.windowAboutPanel->hide();
     window_.runningAlert->hide();
     window_.selectTabViewItem(screen_.identifier());
 }
 
-/// Nothing moves during a pause, though workers may finish the file in hand.
+/// Shows no progress during a pause, although workers may finish their current files.
 void ScanTask::showProgress() {
     ++redraws_;
     messenger_.tryLatest(progress_);
@@ -121,13 +121,13 @@ void ScanTask::comparisonBegins(quint64 total) const {
 
 void ScanTask::comparisonIsOver(quint64 processed) {
     if (!scanning_) {
-        return;  // told before its result was forgotten
+        return;  // queued before homeCleanup()
     }
     run_.wait();
     redraw_.stop();
     screen_.similarIndicator->setDone(processed);
     scanning_ = false;
-    // A stop of the comparison leaves the flag set, one of the collection has cleared it.
+    // A stop of the comparison leaves the flag set; one of the collection clears it.
     if (run_.wasStopped() && !run_.stop()) {
         Q_EMIT collectionStopped();
     }
@@ -180,7 +180,7 @@ void ScanTask::stop() {
     }
 }
 
-/// The question whether to stop and the notice of closing: without a scan they have no reason.
+/// Hides the stop question and the closing notice, which apply only during a scan.
 void ScanTask::hideNotices() const {
     window_.confirmationView->hide();
     window_.runningAlert->hide();
@@ -191,7 +191,7 @@ void ScanTask::stopYesClicked() {
     run_.requestStop();
 }
 
-/// Goes on also with a scan that the person had paused before.
+/// Also resumes a scan that the user had paused before.
 void ScanTask::stopNOClicked() {
     screen_.pauseResume->setEnabled(true);
     window_.confirmationView->hide();
@@ -205,7 +205,7 @@ void ScanTask::waitForAnswer() {
     screen_.animationImage->stopAnimation();
 }
 
-/// An open question whether to stop keeps the scan waiting for its own answer.
+/// While the stop question is open, the scan stays paused until it is answered.
 void ScanTask::goOn() {
     if (!scanning_ || window_.confirmationView->isVisible()) {
         return;

@@ -15,47 +15,46 @@ namespace tarvin {
 class MainWindow;
 class ProgressScreen;
 
-/// The task of one scan: starting it, showing how far it is, pause, resume and stop. The result is
-/// the scan's until homeCleanup(). Owned by AppDelegate; main thread.
+/// Runs a scan: start, progress screen, pause, resume and stop. Holds the result until
+/// homeCleanup(). Owned by AppDelegate. Main thread only.
 class ScanTask final : public QObject {
     Q_OBJECT
 
  public:
-    /// All outlive it.
+    /// All arguments must outlive this object.
     ScanTask(Session& session, MainWindow& window, Alerts& alerts, Locations& locations);
 
     void buttonFindDuplicatesExactClicked();
-    /// Pauses, or goes on, whichever the title of the button says.
+    /// Pauses or resumes, as the title of the button says.
     void pause();
     void stop();
     void stopYesClicked();
     void stopNOClicked();
-    /// Shows the elapsed time of the scan, "00:00:00".
+    /// Shows the elapsed time from a text that ends in it, such as "Elapsed Time: 00:01:02".
     void updateTextField(const std::string& time) const;
 
-    /// A window that is closed during a scan makes it wait, until its notice is answered. Not
-    /// before a question that is open at that time is answered, too.
+    // Closing the window during a scan pauses it until the notice is closed, and until an open stop
+    // question is answered.
+
     void waitForAnswer();
     void goOn();
 
-    /// Forgets the result and makes flags and controls what they were before the first scan. A scan
-    /// that still runs is stopped and waited for.
+    /// Drops the result and resets flags and controls. Stops a running scan and waits for it.
     void homeCleanup();
-    /// The controls alone.
+    /// Resets only the controls.
     void resetControls();
 
     [[nodiscard]] bool scanning() const { return scanning_; }
     [[nodiscard]] ScanRun& run() { return run_; }
-    /// How often the screen was brought up to date since the start of the program.
+    /// How often the screen was updated since the start of the program.
     [[nodiscard]] std::uint64_t redraws() const { return redraws_; }
 
  Q_SIGNALS:
-    /// The collection was stopped: everything is to be as before the first scan, but for the
-    /// screen.
+    /// The collection was stopped: everything but the screen must be reset.
     void collectionStopped();
-    /// No file was collected, and the person knows.
+    /// No file was collected, and the user has closed the notice.
     void endedWithoutFiles();
-    /// The result is there, or what a stop has left of it.
+    /// The result is available, possibly incomplete after a stop.
     void finished();
 
  private:
@@ -77,10 +76,10 @@ class ScanTask final : public QObject {
     Locations& locations_;
     bool scanning_ = false;
     ScanMessenger messenger_;
-    Progress progress_;  // as it was seen last
+    Progress progress_;  // as read last
     QTimer redraw_;
     std::uint64_t redraws_ = 0;
-    ScanRun run_;  // the last: it ends before what it speaks to
+    ScanRun run_;  // last: ends before the objects that it notifies
 };
 
 }  // namespace tarvin

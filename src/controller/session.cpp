@@ -6,7 +6,7 @@ namespace tarvin {
 
 namespace {
 
-/// Also where nothing was moved: somebody may have removed the file, or taken a total out of it.
+/// Even if nothing was moved: the file may have been removed, or a total deleted from it.
 void storeTotals(DataFile& data) {
     auto locked = data.lock();
     if (auto* totals = std::get_if<LockedTotals>(&locked)) {
@@ -28,7 +28,7 @@ void Session::loadDataFile() {
 void Session::finishCleanUp(CleanUpRun& cleanUp, const StoredTotals& before,
                             const RemovalResult& moved) {
     if (cleanUp.finish(data)) {
-        // What is missing in the journal is found out at the next start; until then memory has it.
+        // The next start recovers what the journal lacks; until then memory has it.
         data.showAtLeast(before, moved.deletedFilesCount, moved.deletedFilesSize);
     } else {
         storeTotals(data);

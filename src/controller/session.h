@@ -13,7 +13,7 @@
 
 namespace tarvin {
 
-/// Which summaries of a result have been shown already.
+/// Which summaries of a result have been shown.
 struct SummariesShown {
     bool allTabInfo = false;
     bool imageTabInfo = false;
@@ -25,32 +25,32 @@ struct SummariesShown {
     bool operator==(const SummariesShown&) const = default;
 };
 
-/// What the tasks of the window share. Main thread.
+/// The state shared by the tasks of the window. Main thread only, except finishCleanUp().
 struct Session {
-    /// `platform` outlives the session.
+    /// `thePlatform` must outlive this object.
     explicit Session(Platform& thePlatform);
 
-    /// The short name of the user; none if the system does not know it.
+    /// The login name; nullopt if the system does not know it.
     [[nodiscard]] std::optional<std::string> getUserName() const { return platform.userName(); }
-    /// The folder of both stored files; none without a home folder. It need not exist.
+    /// The folder of both stored files, which need not exist; nullopt without a home folder.
     [[nodiscard]] std::optional<std::string> appSupportPath() const {
         return platform.applicationSupportFolder();
     }
 
-    /// Sets the user's name and reads both stored files. What cannot be read counts as empty.
+    /// Sets the user's name and reads both stored files. A file that cannot be read counts as
+    /// empty.
     void loadDataFile();
 
-    // What is in memory holds while the program runs, whether or not it can be written, also
-    // without a home folder to write to.
+    // The values in memory apply while the program runs, even if they cannot be written.
 
     [[nodiscard]] std::int64_t alreadyDeletedCount() const { return data.alreadyDeletedCount(); }
     [[nodiscard]] std::uint64_t alreadyDeletedSize() const { return data.alreadyDeletedSize(); }
-    /// Ends a clean-up and counts what it has moved: as the journal has it or, where that could not
-    /// be written, `moved` on top of the totals that were shown `before` the clean-up was opened.
-    /// Any thread, while no other asks for totals.
+    /// Finishes a clean-up and updates the totals: from the journal or, if that could not be
+    /// written, by adding `moved` to the totals shown `before` the clean-up was opened. Any thread,
+    /// while no other one reads the totals.
     void finishCleanUp(CleanUpRun& cleanUp, const StoredTotals& before, const RemovalResult& moved);
 
-    /// The files that no scan takes.
+    /// The excluded files.
     [[nodiscard]] const std::vector<std::string>& exceptionArrayData() const {
         return exceptions.exceptionArrayData();
     }
@@ -58,14 +58,14 @@ struct Session {
     void removeExceptions();
 
     Platform& platform;
-    bool awake = false;    ///< what is done once has been done
-    bool exact = false;    ///< looks for identical files
-    bool similar = false;  ///< looks for similar images: a scan that is marked and never begins
-    /// Marked files of the result and their bytes.
+    bool awake = false;    ///< the one-time initialisation is done
+    bool exact = false;    ///< the location list is open for identical files
+    bool similar = false;  ///< open for similar images; such a scan never begins
+    // Marked files of the result, and their bytes.
     std::uint64_t totalSelected = 0;
     std::uint64_t totalSize = 0;
     SummariesShown summaries;
-    std::int64_t similarIndex = 0;  ///< 1 once the program has begun; nothing reads it
+    std::int64_t similarIndex = 0;  ///< 1 after start-up; nothing reads it
     std::string currentLoggedInUser;
     DataFile data;
     ExceptionFile exceptions;

@@ -11,7 +11,7 @@ namespace tarvin {
 
 namespace {
 
-/// The person's own where it is of the language of the window.
+/// The user's locale if its language is the window's, otherwise the default one of that language.
 QLocale localeOf(const QString& language) {
     const QLocale own;
     const QLocale window(language);
@@ -40,7 +40,7 @@ QString ShownNumbers::dateAndTime(Timestamp time) {
         std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());
     const QDateTime local = QDateTime::fromMSecsSinceEpoch(sinceEpoch.count());
     const QLocale locale = localeOf(tr("en", "the code of the language of these texts"));
-    // Without the day of the week.
+    // Removes the day of the week.
     static const QRegularExpression weekday(QStringLiteral("^dddd[,.]?\\s*|[,.]?\\s*dddd$"));
     const QString format = locale.dateFormat(QLocale::LongFormat).remove(weekday);
     return tr("%1, %2", "date, time")

@@ -8,8 +8,8 @@
 
 namespace tarvin {
 
-/// Counts, sizes and dates in the language of the window, for the texts that group their digits:
-/// "1,406" or "1.406". Those of the results and of the home screen keep plain digits. Main thread.
+/// Counts, sizes and dates in the window's language with grouped digits: "1,406" or "1.406".
+/// Results and home screen use plain digits instead. Main thread only.
 class ShownNumbers final {
     Q_DECLARE_TR_FUNCTIONS(tarvin::ShownNumbers)
 
@@ -17,7 +17,7 @@ class ShownNumbers final {
     [[nodiscard]] static QString count(std::uint64_t number);
     /// "157.46 MB", in the units of getFormattedStringForSize().
     [[nodiscard]] static QString size(std::uint64_t bytes);
-    /// Day and minute, in the zone of the machine: "21 November 2026, 14:32".
+    /// Local date and time: "21 November 2026, 14:32".
     [[nodiscard]] static QString dateAndTime(Timestamp time);
 };
 

@@ -11,9 +11,9 @@ namespace tarvin {
 
 namespace {
 
-/// The date beside the file: a comparison that had to go to the files would wait for memory.
+/// A file with its date, copied so that comparisons do not miss the cache on each file.
 struct DatedFile {
-    std::int64_t key;  // what sorts upwards
+    std::int64_t key;  // sorted in ascending order
     std::size_t position;
 };
 
@@ -21,7 +21,7 @@ std::int64_t keyOf(const File& file, bool ascending) {
     const std::optional<Timestamp> created = file.fileCreationDate();
     const std::int64_t key =
         created ? created->time_since_epoch().count() : std::numeric_limits<std::int64_t>::min();
-    return ascending ? key : ~key;  // which turns the order round, without an overflow
+    return ascending ? key : ~key;  // reverses the order without overflow
 }
 
 std::vector<DatedFile> datesOf(const std::vector<std::shared_ptr<File>>& files, bool ascending) {

@@ -10,23 +10,23 @@
 
 namespace tarvin {
 
-/// What sortMaadi() goes by, whatever a person has chosen.
+/// The key that sortMaadi() always sorts by, whatever was chosen.
 inline constexpr std::string_view effectiveSorting = "fileCreationDate";
 
-/// Gives each file its 0-based place by creation date as its index and answers the files in that
-/// order. Files of the same date keep theirs; those without a date count as the oldest. Costs n log
-/// n; belongs to the thread that changes the result tree.
+/// Sets the index of each file to its 0-based position by creation date and returns the files in
+/// that order. The sort is stable; files without a date are the oldest. O(n log n). Only on the
+/// thread that may change the result tree.
 std::vector<std::shared_ptr<File>> sortMaadi(const std::vector<std::shared_ptr<File>>& files,
                                              bool ascending);
 
 /// One choice of the sort menu.
 struct SortCriterion {
-    std::string_view sorting;  ///< the key that is remembered, though nothing goes by it
+    std::string_view sorting;  ///< the key; stored, but not used for sorting
     QString toolTip;           ///< of the sort pop-up
-    int popupTag;              ///< of the pop-up's item that goes with it
+    int popupTag;              ///< of the matching item of the pop-up
 };
 
-/// The choice of a menu item by its tag, 0 to 4; none for any other. Main thread.
+/// The choice of a menu item by its tag, 0 to 4; nullopt for any other. Main thread only.
 [[nodiscard]] std::optional<SortCriterion> sortCriterionOf(int menuTag);
 
 }  // namespace tarvin

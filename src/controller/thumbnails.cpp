@@ -39,12 +39,12 @@ void Thumbnails::makeNext() {
     }
 }
 
-/// One that is no image is kept as a null picture, so that it is not tried again and again.
+/// A file that is not an image is cached as a null image, so that it is not retried.
 void Thumbnails::keep(const QImage& image) {
     const bool fits = image.width() <= size_.width() && image.height() <= size_.height();
     QImage small =
         fits ? image : image.scaled(size_, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    small.setDevicePixelRatio(1);  // not enlarged to the size, and as sharp as its pixels
+    small.setDevicePixelRatio(1);  // one image pixel per pixel of the size
     const QByteArray path = std::exchange(current_, {});
     pictures_.insert(path, new QPixmap(QPixmap::fromImage(small)));
     makeNext();

@@ -12,25 +12,24 @@
 
 namespace tarvin {
 
-/// Small pictures of image files, made by the program that makes previews, one after another and
-/// the one asked for last first, because that row is in sight. Kept as long as there is room for a
-/// few hundred. Main thread.
+/// Thumbnails of image files, made by the preview program, one at a time, the latest request first,
+/// because its row is visible. A few hundred are cached. Main thread only.
 class Thumbnails final : public QObject {
     Q_OBJECT
 
  public:
-    /// Of those that wait, the oldest beyond so many are forgotten; they may be asked for again.
+    /// Requests. Beyond this the oldest are dropped; they can be repeated.
     static constexpr int maxWaiting = 100;
 
-    /// Pictures fit into `size`, in pixels. `previewProgram` is the path of that program.
+    /// Thumbnails fit into `size`, in pixels. `previewProgram` is the path of the preview program.
     Thumbnails(QSize size, QString previewProgram, QObject* parent = nullptr);
 
-    /// The picture of a file by its path, native bytes; null until it is ready, and for good if the
-    /// file is no image.
+    /// The thumbnail of a file by its path, native bytes; null until it is ready, or if the file is
+    /// not an image. Requests it if it is not cached.
     [[nodiscard]] QPixmap of(const std::string& path);
 
  Q_SIGNALS:
-    /// of() may have a picture now.
+    /// of() may return a thumbnail now.
     void ready(const QByteArray& path);
 
  private:
@@ -40,7 +39,7 @@ class Thumbnails final : public QObject {
     const QSize size_;
     QCache<QByteArray, QPixmap> pictures_;
     QList<QByteArray> waiting_;
-    QByteArray current_;  // empty while none is made
+    QByteArray current_;  // empty while idle
     ImagePreview previews_;
 };
 

@@ -18,53 +18,53 @@ namespace tarvin {
 
 class MainWindow;
 
-/// Learns whether a newer version is published, and offers to start the program that fetches it:
-/// silently when the product starts, and with an answer when the help menu asks. Whatever fails
-/// means that there is no update. Main thread.
+/// Checks whether an update is published and offers to start the updater: silently at the start,
+/// and with a notice for the command of the help menu. Any failure counts as no update. Main thread
+/// only.
 class UpdateCheck final : public QObject {
     Q_OBJECT
 
  public:
-    /// What the check is about.
+    /// The program that is checked.
     struct Subject {
-        QString version{};  ///< that runs
-        QString updater{};  ///< path of the updater; empty if there is none
+        QString version{};  ///< the running version
+        QString updater{};  ///< path of the updater; empty if none
         UrlReader read{};   ///< called on another thread; may be empty
     };
 
-    /// What it refers to outlives it.
+    /// The referenced objects must outlive this one.
     UpdateCheck(MainWindow& window, Alerts& alerts, Desktop& desktop, Subject subject);
     UpdateCheck(const UpdateCheck&) = delete;
     UpdateCheck& operator=(const UpdateCheck&) = delete;
-    /// Ends a check that still reads.
+    /// Stops a running check and waits for it.
     ~UpdateCheck() override = default;
 
-    /// Before the first check.
+    /// Call before the first check.
     void setUrls(const Urls& urls) { urlDict_ = urls; }
 
-    /// The version to update to, or none. Blocks until the description is read; on another thread
-    /// than the main one.
+    /// The version to update to; nullopt if none. Blocks until the description is read. Not on the
+    /// main thread.
     [[nodiscard]] std::optional<QString> checkForupUpdates(const std::stop_token& stop) const;
 
-    /// Checks on a thread of its own and offers an update. With a sender, the window waits for the
-    /// answer, is drawn meanwhile, and says if there is none. One check for a sender at a time.
+    /// Checks on a background thread and offers an update. With a sender, the window takes no input
+    /// meanwhile, and a notice says if there is none. Only one check with a sender at a time.
     void showIfUpdateAvailable(const QObject* sender = nullptr);
 
     /// The check without a sender.
     Q_SLOT void checkAtLaunch() { showIfUpdateAvailable(); }
 
-    /// Starts a program that goes on without this one. False if it cannot be started.
+    /// Starts a detached process. Returns false if it cannot be started.
     bool launchApp(const QString& application, const QStringList& arguments);
 
-    /// The command of the help menu; nothing while such a check is under way.
+    /// The command of the help menu. Does nothing while its check is running.
     void updateMenuClicked();
 
  private:
     /// Whether there is anything to read.
     [[nodiscard]] bool canCheck() const;
-    /// Puts the answer into `version` and calls the slot in the main thread.
+    /// Stores the result in `version` and calls the slot on the main thread.
     std::jthread check(std::optional<QString>& version, const char* slot);
-    /// False if the program ends meanwhile.
+    /// Returns false if the program ends meanwhile.
     [[nodiscard]] bool waitForCheck(std::optional<QString>& version);
     Q_SLOT void launchChecked();
     Q_SLOT void menuChecked();
@@ -75,9 +75,9 @@ class UpdateCheck final : public QObject {
     Desktop& desktop_;
     const Subject subject_;
     Urls urlDict_;
-    QEventLoop* waiting_ = nullptr;         // while the help menu's check is under way
-    bool answered_ = false;                 // that check
-    std::optional<QString> launchVersion_;  // of the thread, until it has ended
+    QEventLoop* waiting_ = nullptr;         // while the help menu's check is running
+    bool answered_ = false;                 // that check has finished
+    std::optional<QString> launchVersion_;  // written by the thread until it has ended
     std::jthread launchCheck_;              // last: ends before what it reads
 };
 

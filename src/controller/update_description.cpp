@@ -25,7 +25,7 @@ bool isReadable(const QUrl& address) {
     return address.isValid() && schemes.contains(address.scheme());
 }
 
-/// In one line, and no longer than a question has room for.
+/// One line that fits into the question.
 QString shownVersion(const std::string& version) {
     QString shown = textOfPath(version);
     if (shown.size() > maxVersionLength) {

@@ -9,20 +9,20 @@
 
 namespace tarvin {
 
-/// Where the update description is: "Update.plist" in the folder that the list of addresses names,
-/// joined as parts of a path, with "%20" for each blank. Empty if the list names none, or one that
-/// is no http, https or file address. Pure.
+/// The URL of the update description: "Update.plist" in the folder named by Urls.plist, joined as
+/// parts of a path, with "%20" for each space. Empty if there is none or its scheme is not http,
+/// https or file. Pure.
 [[nodiscard]] QUrl updateAddress(const Urls& urls);
 
-/// In UTF-16 units; a longer one is cut, because it would not fit into the question.
+/// UTF-16 units. A longer version is cut to fit into the question.
 inline constexpr qsizetype maxVersionLength = 64;
 
-/// What an update description tells the users of `version` to move to, as it is shown; none if that
-/// is nothing.
+/// The version that an update description names for users of `version`, as it is shown; nullopt if
+/// none.
 ///
-/// The description is a property list, a dictionary whose keys are versions, each with the version
-/// that its users should move to. There is no order of versions: any other text is an update, an
-/// empty one too. What is no text is no version. Pure.
+/// The description is a property list: a dictionary from versions to the version to update to.
+/// Versions have no order: any other text is an update, also an empty one. A value that is not a
+/// string is ignored. Pure.
 [[nodiscard]] std::optional<QString> updateFor(const QString& version,
                                                const QByteArray& description);
 

@@ -20,7 +20,7 @@ QString textOf(const PropertyList& list, const char* key) {
 
 Urls readUrls(const QString& path) {
     QFile file(path);
-    // A pipe, say, would be waited for.
+    // Opening a FIFO would block.
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
         return {};
     }

@@ -5,20 +5,20 @@
 
 namespace tarvin {
 
-/// A thread for work that the window does not wait for, one piece at a time. Used by the thread
-/// that owns it; what the work uses must outlive this object.
+/// A background thread for one work item at a time. Only the owner's thread may use it; the objects
+/// that the work uses must outlive it.
 class WorkThread final {
  public:
     WorkThread() = default;
     WorkThread(const WorkThread&) = delete;
     WorkThread& operator=(const WorkThread&) = delete;
-    /// Waits for the work; who does not want to wait long ends the work before.
+    /// Waits for the work, so stop long work before.
     ~WorkThread() { wait(); }
 
-    /// Does `work` and then calls `over`, both on the thread; the work before it is waited for.
-    /// Where the system has no thread to give, both are called here, before this returns.
+    /// Waits for the previous work, then calls `work` and `over` on the thread. If the system
+    /// cannot create a thread, both are called before this returns.
     void start(std::function<void()> work, std::function<void()> over);
-    /// Waits until nothing runs.
+    /// Blocks until nothing runs.
     void wait();
 
  private:
