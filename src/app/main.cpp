@@ -5,7 +5,6 @@
 #include "controller/resource_files.h"
 #include "interface/translation.h"
 #include "platform/platform.h"
-#include "platform/result.h"
 
 #include <QApplication>
 #include <QSettings>
@@ -16,6 +15,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <system_error>
 
 namespace {
 
@@ -24,9 +24,8 @@ int print(const std::string& text) {
     if (std::fputs(text.c_str(), stdout) != EOF && std::fflush(stdout) == 0) {
         return 0;
     }
-    const tarvin::SystemError failure{errno};
     std::fprintf(stderr, "%s: cannot write standard output: %s\n", tarvin::programName,
-                 failure.text().c_str());
+                 std::generic_category().message(errno).c_str());
     return 1;
 }
 

@@ -185,8 +185,9 @@ TEST(DesktopEntries, StartTheProgramAndShowItsIcon) {
 /// Else the window has no icon, and a second one appears in the bar of windows.
 TEST(DesktopEntries, AreKnownToTheProgramByName) {
     const std::string main = readProjectFile("src/app/main.cpp");
-    EXPECT_EQ(found(main, "programName = \"([^\"]*)\""), "tarvin-duplicate-file-remover");
-    EXPECT_THAT(main, HasSubstr("setDesktopFileName(QString::fromLatin1(programName))"));
+    EXPECT_EQ(found(readProjectFile("src/controller/command_line.h"), "programName = \"([^\"]*)\""),
+              "tarvin-duplicate-file-remover");
+    EXPECT_THAT(main, HasSubstr("setDesktopFileName(QString::fromLatin1(tarvin::programName))"));
     EXPECT_EQ(fs::path(entryInMenus).stem(), "tarvin-duplicate-file-remover");
     EXPECT_THAT(
         readProjectFile(metainfo),
