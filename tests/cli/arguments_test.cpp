@@ -14,16 +14,16 @@ Words after(const std::vector<const char*>& arguments) {
     return escapedForParser(arguments);
 }
 
-TEST(Arguments, OrdinaryOnesStayAsTheyAre) {
+TEST(Arguments, KeepsOrdinaryArguments) {
     EXPECT_EQ(after({"scan", "--format=json", "-x", "-", "a b", "/c", "", "+"}),
               (Words{"scan", "--format=json", "-x", "-", "a b", "/c", "", "+"}));
 }
 
-TEST(Arguments, APathThatTheParserWouldTakeForAListIsWrittenAsAPath) {
+TEST(Arguments, EscapesPathsThatTheParserWouldInterpret) {
     EXPECT_EQ(after({"[a,b]", "{}", "++"}), (Words{"./[a,b]", "./{}", "./++"}));
 }
 
-TEST(Arguments, BehindTheMarkADashIsPartOfAPath) {
+TEST(Arguments, EscapesADashAfterTheEndOfOptions) {
     EXPECT_EQ(after({"scan", "--", "-b", "--format", "c", "--"}),
               (Words{"scan", "./-b", "./--format", "c", "./--"}));
 }

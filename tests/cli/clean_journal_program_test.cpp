@@ -10,17 +10,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Where the moves cannot be written down, none is made.
+/// Without a usable journal no file is moved.
 class CleanJournal : public RestoreFixture {
  protected:
-    /// One clean-up has been written down; another set is there.
+    /// The journal has one clean-up; there is another set to clean.
     CleanJournal() {
         writeEqual({"a.jpg", "b.jpg"});
         clean();
         writeEqual({"c.jpg", "d.jpg", "e.jpg"}, "others");
     }
 
-    /// It does not begin, and says why.
+    /// The clean-up does not begin and reports the reason.
     void expectRefused(const std::string& reason) const { expectRefused(journal(), reason); }
     void expectRefused(const std::string& path, const std::string& reason) const {
         const Tree before = treeOf(photos());
@@ -34,7 +34,7 @@ class CleanJournal : public RestoreFixture {
         expectNothingMoved(before);
     }
 
-    /// It ends before the first move, which could not be written down.
+    /// The clean-up ends before the first move, which could not be recorded.
     void expectStopped(const std::string& reason, const std::string& more = "") const {
         const Tree before = treeOf(photos());
         const ProgramResult result = tarvin({"clean", "--yes", photos()});
@@ -47,8 +47,8 @@ class CleanJournal : public RestoreFixture {
         expectNothingMoved(before);
     }
 
-    /// What is said of a journal that nobody can read.
-    [[nodiscard]] std::string setAside() const {
+    /// The message about a damaged journal.
+    [[nodiscard]] std::string movedAside() const {
         return "tarvin: '" + journal() + "' is kept as '" + journal() +
                ".unreadable'; the next clean-up starts a new journal\n";
     }
@@ -69,13 +69,13 @@ class CleanJournal : public RestoreFixture {
     [[nodiscard]] std::string support() const { return fs::path(journal()).parent_path(); }
 };
 
-TEST_F(CleanJournal, ThatIsDamagedIsSetAsideAndNothingIsMovedYet) {
+TEST_F(CleanJournal, DamagedIsMovedAsideAndStopsTheCleanUp) {
     std::ofstream(journal()) << std::string(5000, 'x');
     const Tree before = treeOf(photos());
     const ProgramResult result = tarvin({"clean", "--yes", photos()});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.errors, "tarvin: cannot open journal '" + journal() +
-                                 "': the file is damaged\n" + setAside() +
+                                 "': the file is damaged\n" + movedAside() +
                                  "tarvin: nothing was moved\n");
     EXPECT_EQ(result.output, "");
     expectNothingMoved(before);
@@ -83,22 +83,22 @@ TEST_F(CleanJournal, ThatIsDamagedIsSetAsideAndNothingIsMovedYet) {
     expectCleanedNow();
 }
 
-TEST_F(CleanJournal, ThatIsDamagedFurtherDownIsSetAsideAndNothingIsMovedYet) {
+TEST_F(CleanJournal, DamagedAfterTheFirstPageIsMovedAsideAndStopsTheCleanUp) {
     const std::string whole = contentOf(journal());
     std::ofstream(journal()) << whole.substr(0, 4096) << std::string(whole.size() - 4096, 'x');
-    expectStopped("the file is damaged", setAside());
+    expectStopped("the file is damaged", movedAside());
     EXPECT_EQ(contentOf(journal() + ".unreadable").size(), whole.size());
     expectCleanedNow();
 }
 
-TEST_F(CleanJournal, OfANewerVersionIsNamedAndNothingIsMoved) {
+TEST_F(CleanJournal, OfANewerVersionStopsTheCleanUp) {
     makeJournalNewer();
     const std::string before = contentOf(journal());
     expectRefused("written by a newer version of the program");
     EXPECT_EQ(contentOf(journal()), before);
 }
 
-TEST_F(CleanJournal, ThatIsLockedForTooLongIsNamedAndNothingIsMoved) {
+TEST_F(CleanJournal, LockedForTooLongStopsTheCleanUp) {
     Descriptor lock = lockedJournal();
     ASSERT_TRUE(lock.isOpen());
     const ProgramResult result = tarvin({"clean", "--yes", photos()});
@@ -114,19 +114,19 @@ TEST_F(CleanJournal, ThatIsLockedForTooLongIsNamedAndNothingIsMoved) {
     EXPECT_EQ(trashed(), 3U);
 }
 
-TEST_F(CleanJournal, ThatIsAFolderIsSetAsideAndNothingIsMovedYet) {
+TEST_F(CleanJournal, ReplacedByAFolderIsMovedAsideAndStopsTheCleanUp) {
     fs::remove(journal());
     fs::create_directory(journal());
     const Tree before = treeOf(photos());
     const ProgramResult result = tarvin({"clean", "--yes", photos()});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.errors, "tarvin: cannot open journal '" + journal() + "': Is a directory\n" +
-                                 setAside() + "tarvin: nothing was moved\n");
+                                 movedAside() + "tarvin: nothing was moved\n");
     expectNothingMoved(before);
     expectCleanedNow();
 }
 
-/// The data folder on a small volume of its own, which is full.
+/// The data folder on a separate small volume, which is full.
 class CleanJournalOnAFullDisk : public CleanJournal {
  protected:
     static void fill(const std::string& folder) {
@@ -138,7 +138,7 @@ class CleanJournalOnAFullDisk : public CleanJournal {
     }
 };
 
-TEST_F(CleanJournalOnAFullDisk, IsNamedAndNothingIsMoved) {
+TEST_F(CleanJournalOnAFullDisk, CannotBeWrittenAndStopsTheCleanUp) {
     const std::string kept = folder_.pathOf("kept");
     fs::rename(support(), kept);
     fs::create_directory(support());
@@ -150,7 +150,7 @@ TEST_F(CleanJournalOnAFullDisk, IsNamedAndNothingIsMoved) {
     }
 }
 
-TEST_F(CleanJournalOnAFullDisk, ThatHasNoneYetIsNamedAndNothingIsMoved) {
+TEST_F(CleanJournalOnAFullDisk, CannotBeCreatedAndStopsTheCleanUp) {
     fs::remove_all(support());
     fs::create_directory(support());
     const Mount disk("none", support(), "tmpfs", 0, "size=1m");
@@ -160,17 +160,17 @@ TEST_F(CleanJournalOnAFullDisk, ThatHasNoneYetIsNamedAndNothingIsMoved) {
     }
 }
 
-TEST_F(CleanJournalOnAFullDisk, ThatTakesNoMoreFilesIsNamedAndNothingIsMoved) {
+TEST_F(CleanJournalOnAFullDisk, WithoutFreeInodesStopsTheCleanUp) {
     fs::remove_all(support());
     fs::create_directory(support());
-    // One of them is the folder itself.
+    // One inode is the folder itself.
     const Mount disk("none", support(), "tmpfs", 0, "size=1m,nr_inodes=2");
     if (disk) {
         expectRefused("No space left on device");
     }
 }
 
-TEST_F(CleanJournalOnAFullDisk, ThatMayNotBeWrittenToIsNamedAndNothingIsMoved) {
+TEST_F(CleanJournalOnAFullDisk, OnAReadOnlyVolumeStopsTheCleanUp) {
     fs::remove_all(support());
     fs::create_directory(support());
     const Mount disk("none", support(), "tmpfs", MS_RDONLY);

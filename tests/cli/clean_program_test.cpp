@@ -34,7 +34,7 @@ namespace {
 
 constexpr const char* ownFolder = "data/Tarvin Software/Tarvin Duplicate File Remover/";
 
-/// Photos and a home of the test's own, with its Trash.
+/// Photos and a separate data folder with its Trash.
 class Clean : public testing::Test {
  protected:
     ProgramSetting setting() const {
@@ -51,7 +51,7 @@ class Clean : public testing::Test {
         return std::filesystem::exists(folder_.pathOf("photos/" + name));
     }
 
-    /// Names in the Trash.
+    /// Names of the files in the Trash.
     [[nodiscard]] std::set<std::string> trashed() const {
         std::set<std::string> names;
         std::error_code missing;
@@ -62,7 +62,7 @@ class Clean : public testing::Test {
         return names;
     }
 
-    /// Three equal files and two, and one that is alone.
+    /// A set of three files, a set of two, and a single file.
     void writePhotos() const {
         for (const char* name : {"photos/a.jpg", "photos/b/b.jpg", "photos/c.jpg"}) {
             folder_.writeFile(name, "three equal photos");
@@ -73,7 +73,7 @@ class Clean : public testing::Test {
         folder_.writeFile("photos/f.txt", "alone");
     }
 
-    /// How many of the files of a set are where they were.
+    /// The number of these files that still exist.
     [[nodiscard]] int left(const std::vector<std::string>& names) const {
         int count = 0;
         for (const std::string& name : names) {
@@ -132,7 +132,7 @@ TEST_F(Clean, LeavesTheFileThatTheScanListsFirst) {
     }
 }
 
-TEST_F(Clean, OnADryRunOnlyTells) {
+TEST_F(Clean, DryRunMovesNothing) {
     writePhotos();
     const ProgramResult result = tarvin({"clean", "--dry-run", photos()});
     EXPECT_EQ(result.status, 0);
@@ -146,7 +146,7 @@ TEST_F(Clean, OnADryRunOnlyTells) {
     EXPECT_NE(result.output.find("Would move to the Trash: " + photos()), std::string::npos);
 }
 
-TEST_F(Clean, WithNobodyToAskRefusesBeforeItLooks) {
+TEST_F(Clean, WithoutATerminalRefusesBeforeScanning) {
     writePhotos();
     const ProgramResult result = tarvin({"clean", photos()});
     EXPECT_EQ(result.status, 2);
@@ -156,7 +156,7 @@ TEST_F(Clean, WithNobodyToAskRefusesBeforeItLooks) {
     EXPECT_EQ(leftOfThree() + leftOfTwo(), 5);
 }
 
-TEST_F(Clean, TellsTheOutcomeOfEachFileInJson) {
+TEST_F(Clean, ReportsTheOutcomeOfEachFileInJson) {
     writePhotos();
     const ProgramResult result = tarvin({"clean", "--yes", "--format", "json", photos()});
     const Json json = parsedJson(result.output);
@@ -171,7 +171,7 @@ TEST_F(Clean, TellsTheOutcomeOfEachFileInJson) {
     }
 }
 
-TEST_F(Clean, TellsThePlanInJsonAndCsv) {
+TEST_F(Clean, ReportsThePlanInJsonAndCsv) {
     writePhotos();
     const Json json =
         parsedJson(tarvin({"clean", "--dry-run", "--format", "json", photos()}).output);
@@ -183,7 +183,7 @@ TEST_F(Clean, TellsThePlanInJsonAndCsv) {
     EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), 4);
 }
 
-TEST_F(Clean, NamesOfAnyBytesGoToTheTrash) {
+TEST_F(Clean, MovesFilesWithNamesOfAnyBytes) {
     folder_.writeFile("photos/\xFF one.jpg", "same");
     folder_.writeFile("photos/two\nlines.jpg", "same");
     const ProgramResult result = tarvin({"clean", "--yes", "--format", "json", photos()});
@@ -199,7 +199,7 @@ TEST_F(Clean, WithoutDuplicatesMovesNothing) {
     EXPECT_EQ(result.output, "Duplicates Cleaned: 0\nSpace Regained: 0.00 KB \n");
 }
 
-TEST_F(Clean, CountsInTheTotals) {
+TEST_F(Clean, AddsToTheTotals) {
     writePhotos();
     EXPECT_EQ(tarvin({"totals"}).output, "Files cleaned so far: 0 (0.00 KB)\n");
     tarvin({"clean", "--yes", photos()});
@@ -209,7 +209,7 @@ TEST_F(Clean, CountsInTheTotals) {
     EXPECT_EQ(tarvin({"totals"}).output, "Files cleaned so far: 6 (0.09 KB)\n");
 }
 
-TEST_F(Clean, LeavesExceptedFilesAlone) {
+TEST_F(Clean, SkipsExcludedFiles) {
     writePhotos();
     const ProgramResult added = tarvin(
         {"exceptions", "add", folder_.pathOf("photos/d.txt"), folder_.pathOf("photos/a.jpg")});
@@ -231,7 +231,7 @@ TEST_F(Clean, RefusesWhenTheExceptionsCannotBeRead) {
     EXPECT_EQ(leftOfThree() + leftOfTwo(), 5);
 }
 
-TEST_F(Clean, TellsOfEachFileThatTheTrashDoesNotTake) {
+TEST_F(Clean, ReportsEachFileThatTheTrashRefuses) {
     writePhotos();
     folder_.writeFile("data/Trash", "no folder");
     const ProgramResult result = tarvin({"clean", "--yes", photos()});
@@ -244,7 +244,7 @@ TEST_F(Clean, TellsOfEachFileThatTheTrashDoesNotTake) {
     EXPECT_EQ(result.output, "Duplicates Cleaned: 0\nSpace Regained: 0.00 KB \n");
 }
 
-TEST_F(Clean, CleansWhatCanBeReadAndTellsOfTheRest) {
+TEST_F(Clean, CleansReadableFoldersAndReportsTheOthers) {
     writePhotos();
     const ProgramResult result = tarvin({"clean", "--yes", folder_.pathOf("missing"), photos()});
     EXPECT_EQ(result.status, 1);
@@ -252,7 +252,7 @@ TEST_F(Clean, CleansWhatCanBeReadAndTellsOfTheRest) {
     EXPECT_EQ(leftOfThree() + leftOfTwo(), 2);
 }
 
-/// With a person at a terminal.
+/// With a user at a terminal.
 class CleanAsking : public Clean {
  protected:
     ProgramResult answer(const std::string& text) {
@@ -280,7 +280,7 @@ TEST_F(CleanAsking, YesMoves) {
     EXPECT_EQ(trashed().size(), 3U);
 }
 
-TEST_F(CleanAsking, OneFileIsCountedInTheSingular) {
+TEST_F(CleanAsking, CountsOneFileInTheSingular) {
     folder_.writeFile("photos/a.jpg", "equal");
     folder_.writeFile("photos/b.jpg", "equal");
     EXPECT_EQ(answer("n\n").status, 0);
@@ -289,7 +289,7 @@ TEST_F(CleanAsking, OneFileIsCountedInTheSingular) {
         << asked_;
 }
 
-TEST_F(CleanAsking, NoOrAnythingElseDoesNot) {
+TEST_F(CleanAsking, AnyOtherAnswerMovesNothing) {
     writePhotos();
     for (const char* text : {"n\n", "\n", "yesterday\n", "\x04"}) {
         EXPECT_EQ(answer(text).status, 0);
@@ -297,7 +297,7 @@ TEST_F(CleanAsking, NoOrAnythingElseDoesNot) {
     }
 }
 
-TEST_F(CleanAsking, WithoutDuplicatesNobodyIsAsked) {
+TEST_F(CleanAsking, WithoutDuplicatesDoesNotAsk) {
     folder_.writeFile("photos/a.jpg", "one");
     EXPECT_EQ(answer("").status, 0);
     EXPECT_EQ(asked_, "");
@@ -316,7 +316,7 @@ TEST_F(CleanAsking, CtrlCAtTheQuestionEndsIt) {
     EXPECT_EQ(leftOfThree() + leftOfTwo(), 5);
 }
 
-TEST_F(Clean, CtrlCStopsBetweenTwoFilesAndWhatWasMovedIsCounted) {
+TEST_F(Clean, CtrlCStopsBetweenFilesAndTotalsCountTheMovedOnes) {
     for (int number = 0; number < 3000; ++number) {
         folder_.writeFile("photos/" + std::to_string(number) + ".jpg", "same");
     }
@@ -334,7 +334,7 @@ TEST_F(Clean, CtrlCStopsBetweenTwoFilesAndWhatWasMovedIsCounted) {
               std::string::npos);
 }
 
-TEST_F(Clean, AfterAStopEveryPlannedFileHasAnOutcomeAndSumsAreOfThoseMoved) {
+TEST_F(Clean, AfterAStopReportsEveryFileAndSumsOfMovedOnes) {
     constexpr std::size_t sets = 4;
     constexpr std::size_t copies = 800;
     for (std::size_t number = 0; number < sets * copies; ++number) {
@@ -358,7 +358,7 @@ TEST_F(Clean, AfterAStopEveryPlannedFileHasAnOutcomeAndSumsAreOfThoseMoved) {
     EXPECT_EQ(json["deletedFilesSize"].get<std::size_t>(), 6 * outcomes["moved"]);
 }
 
-TEST_F(Clean, ADryRunThatNobodyReadsCanBeEnded) {
+TEST_F(Clean, SecondSignalEndsADryRunWithABlockedReport) {
     for (int number = 0; number < 3000; ++number) {
         folder_.writeFile("photos/" + std::to_string(number) + ".jpg", "same");
     }
@@ -366,13 +366,13 @@ TEST_F(Clean, ADryRunThatNobodyReadsCanBeEnded) {
     ProgramSetting unread = setting();
     unread.output = full.writing();
     ProgramRun run({"clean", "--dry-run", photos()}, unread);
-    EXPECT_TRUE(waitUntil([&] { return full.hasSomething(); }));
+    EXPECT_TRUE(waitUntil([&] { return full.hasText(); }));
     run.send(SIGTERM);
     run.send(SIGINT);
     EXPECT_EQ(run.wait().status, 130);
 }
 
-/// A clean-up of many equal files whose report does not find its place.
+/// A clean-up of many equal files whose report cannot be written.
 class CleanUnread : public Clean {
  protected:
     static constexpr std::size_t moved = 149;
@@ -383,7 +383,7 @@ class CleanUnread : public Clean {
         }
     }
 
-    /// How often a line tells of a file that is in the Trash now. Fails for one that is not.
+    /// Number of lines that report a moved file. Fails if one of the files still exists.
     [[nodiscard]] std::size_t toldIn(const std::string& text) const {
         const std::string beginning = "Moved to the Trash: ";
         std::istringstream lines(text);
@@ -427,9 +427,9 @@ TEST_F(CleanUnread, GoesOnWithoutAReaderAndReportsToStandardError) {
     }
 }
 
-TEST_F(CleanUnread, AReaderThatLeavesInTheMiddleDoesNotStopIt) {
+TEST_F(CleanUnread, ContinuesWhenTheReaderClosesThePipe) {
     Pipe pipe;
-    // Takes about 40 of the files, so that the program waits here until the reader has left.
+    // Holds about 40 lines: the program blocks here until the reader has closed the pipe.
     ASSERT_GT(::fcntl(pipe.writing(), F_SETPIPE_SZ, 4096), 0);
     ProgramSetting unread = setting();
     unread.output = pipe.writing();
@@ -446,7 +446,7 @@ TEST_F(CleanUnread, AReaderThatLeavesInTheMiddleDoesNotStopIt) {
     expectAllMovedAndCounted();
 }
 
-TEST_F(CleanUnread, AFullDiskBehindStandardOutputDoesNotLoseTheReport) {
+TEST_F(CleanUnread, WritesTheReportToStandardErrorIfTheDiskIsFull) {
     const int full = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
     ProgramSetting unread = setting();
     unread.output = full;
@@ -461,7 +461,7 @@ TEST_F(CleanUnread, AFullDiskBehindStandardOutputDoesNotLoseTheReport) {
     expectAllMovedAndCounted();
 }
 
-TEST_F(CleanUnread, AReportThatOutgrowsItsVolumeIsKeptAndItsRestTold) {
+TEST_F(CleanUnread, KeepsAPartialReportAndWritesTheRestToStandardError) {
     const LoopVolume volume;
     if (!volume) {
         return;
@@ -482,22 +482,22 @@ TEST_F(CleanUnread, AReportThatOutgrowsItsVolumeIsKeptAndItsRestTold) {
                                   name + "'; the rest of the report follows\n"))
         << result.errors.substr(0, 300);
     const std::string written = contentOf(name);
-    // The last line of the file need not be whole.
+    // The last line may be incomplete.
     const std::size_t whole = toldIn(written.substr(0, written.rfind('\n') + 1));
     EXPECT_GT(whole, 0U);
     EXPECT_EQ(whole + toldIn(result.errors), moved);
     expectAllMovedAndCounted();
 }
 
-TEST_F(CleanUnread, ASecondCtrlCWhileMovingStillCompletesReportAndTotals) {
+TEST_F(CleanUnread, SecondSignalWhileMovingCompletesReportAndTotals) {
     Pipe pipe;
-    // Takes about 40 of the files, so that the program waits in the middle of its moves.
+    // Holds about 40 lines: the program blocks between its moves.
     ASSERT_GT(::fcntl(pipe.writing(), F_SETPIPE_SZ, 4096), 0);
     ProgramSetting unread = setting();
     unread.output = pipe.writing();
     ProgramRun run({"clean", "--yes", "--format", "json", photos()}, unread);
     pipe.closeWriting();
-    EXPECT_TRUE(waitUntil([&] { return pipe.hasSomething(); }));
+    EXPECT_TRUE(waitUntil([&] { return pipe.hasText(); }));
     run.sendTwo(SIGINT, SIGTERM);
     const Json json = parsedJson(pipe.readAll());
     EXPECT_EQ(run.wait().status, 130);
@@ -511,7 +511,7 @@ TEST_F(CleanUnread, ASecondCtrlCWhileMovingStillCompletesReportAndTotals) {
               std::string::npos);
 }
 
-TEST_F(CleanUnread, ADryRunEndsQuietly) {
+TEST_F(CleanUnread, DryRunEndsQuietlyWithoutAReader) {
     Pipe pipe;
     pipe.closeReading();
     ProgramSetting unread = setting();
@@ -522,7 +522,7 @@ TEST_F(CleanUnread, ADryRunEndsQuietly) {
     EXPECT_TRUE(trashed().empty());
 }
 
-TEST_F(Clean, OnAFullVolumeMovesNothingAndSaysSo) {
+TEST_F(Clean, OnAFullVolumeMovesNothing) {
     const LoopVolume volume;
     if (volume) {
         for (const char* name : {"a.jpg", "b.jpg"}) {
@@ -538,7 +538,7 @@ TEST_F(Clean, OnAFullVolumeMovesNothingAndSaysSo) {
     }
 }
 
-TEST_F(Clean, WithARelativeDataFolderUsesTheTrashOfTheHome) {
+TEST_F(Clean, WithARelativeDataFolderUsesTheHomeTrash) {
     writePhotos();
     ProgramSetting relative;
     relative.folder = folder_.makeFolder("current");
@@ -549,7 +549,7 @@ TEST_F(Clean, WithARelativeDataFolderUsesTheTrashOfTheHome) {
     EXPECT_FALSE(std::filesystem::exists(folder_.pathOf("current/relative")));
 }
 
-TEST_F(Clean, ThatFindsDamagedTotalsKeepsThemAndSaysSo) {
+TEST_F(Clean, MovesDamagedTotalsAsideAndReportsIt) {
     writePhotos();
     const std::string totals = folder_.writeFile(std::string(ownFolder) + "data.plist", "damaged");
     const ProgramResult result = tarvin({"clean", "--yes", photos()});
@@ -568,7 +568,7 @@ TEST_F(Clean, MovesAnExcludedFileThatHasMoved) {
     EXPECT_EQ(left({"e.txt", "g.txt"}), 1);
 }
 
-TEST_F(Clean, TotalsAreToldWhereNothingCanBeWritten) {
+TEST_F(Clean, TotalsArePrintedOnAReadOnlyVolume) {
     const std::string disk = folder_.makeFolder("disk");
     const Mount mount("none", disk, "tmpfs", MS_RDONLY);
     if (mount) {
@@ -606,7 +606,7 @@ TEST_F(ExceptionsCommandTest, AddsRelativePathsAsAbsoluteOnes) {
     EXPECT_EQ(tarvin({"exceptions", "list"}).output, photos() + "/a.jpg\n");
 }
 
-TEST_F(ExceptionsCommandTest, TellsOfFilesThatAreNotThereAndAddsTheOthers) {
+TEST_F(ExceptionsCommandTest, ReportsMissingFilesAndAddsTheOthers) {
     writePhotos();
     const ProgramResult result = tarvin({"exceptions", "add", folder_.pathOf("photos/a.jpg"),
                                          folder_.pathOf("photos/missing.jpg")});
@@ -623,7 +623,7 @@ TEST_F(ExceptionsCommandTest, ClearEmptiesTheList) {
     EXPECT_EQ(tarvin({"exceptions", "list"}).output, "");
 }
 
-TEST_F(ExceptionsCommandTest, ADamagedListIsToldAndPutAside) {
+TEST_F(ExceptionsCommandTest, MovesADamagedListAside) {
     folder_.writeFile(std::string(ownFolder) + "exception.plist", "damaged");
     const ProgramResult listing = tarvin({"exceptions", "list"});
     EXPECT_EQ(listing.status, 1);
@@ -638,7 +638,7 @@ TEST_F(ExceptionsCommandTest, ADamagedListIsToldAndPutAside) {
     EXPECT_EQ(tarvin({"exceptions", "list"}).output, photos() + "/a.jpg\n");
 }
 
-TEST_F(ExceptionsCommandTest, FoldersAndLinksAreRefusedForNoScanMeetsThem) {
+TEST_F(ExceptionsCommandTest, RefusesFoldersAndLinks) {
     writePhotos();
     const std::string link = folder_.makeLink("photos/link.jpg", "a.jpg");
     const ProgramResult result = tarvin({"exceptions", "add", photos() + "/b", link});
@@ -650,7 +650,7 @@ TEST_F(ExceptionsCommandTest, FoldersAndLinksAreRefusedForNoScanMeetsThem) {
     EXPECT_EQ(tarvin({"exceptions", "list"}).output, "");
 }
 
-TEST_F(ExceptionsCommandTest, NamesOfAnyBytesAreExcluded) {
+TEST_F(ExceptionsCommandTest, ExcludesNamesOfAnyBytes) {
     for (const std::string name : {"line\nend.jpg", "\xff\xfe.jpg", " blanks .jpg"}) {
         folder_.writeFile("photos/" + name, "same");
     }
@@ -661,7 +661,7 @@ TEST_F(ExceptionsCommandTest, NamesOfAnyBytesAreExcluded) {
     EXPECT_EQ(json["collected"]["Image"], 1);
 }
 
-TEST_F(ExceptionsCommandTest, AFileAddedTwiceIsToldTwiceAndListedOnce) {
+TEST_F(ExceptionsCommandTest, AFileAddedTwiceIsListedOnce) {
     writePhotos();
     for (int round = 0; round < 2; ++round) {
         EXPECT_EQ(tarvin({"exceptions", "add", photos() + "/a.jpg"}).output,
@@ -670,12 +670,12 @@ TEST_F(ExceptionsCommandTest, AFileAddedTwiceIsToldTwiceAndListedOnce) {
     EXPECT_EQ(tarvin({"exceptions", "list"}).output, photos() + "/a.jpg\n");
 }
 
-/// Two hundred times a clean-up is killed at some moment.
+/// Kills the program at random moments, 200 times.
 class Kill : public Clean {
  protected:
     static constexpr int rounds = 200;
 
-    /// How long the program takes for something, with some to spare.
+    /// Duration of a command, plus a quarter.
     std::chrono::microseconds durationOf(const ProgramRun::Words& arguments) const {
         const auto begin = std::chrono::steady_clock::now();
         tarvin(arguments);
@@ -683,8 +683,8 @@ class Kill : public Clean {
             (std::chrono::steady_clock::now() - begin) * 5 / 4);
     }
 
-    static void killAtSomeMoment(const ProgramRun& run, std::chrono::microseconds longest,
-                                 std::mt19937& random) {
+    static void killAtRandomMoment(const ProgramRun& run, std::chrono::microseconds longest,
+                                   std::mt19937& random) {
         std::uniform_int_distribution<std::int64_t> anyTime(0, longest.count());
         const auto moment =
             std::chrono::steady_clock::now() + std::chrono::microseconds(anyTime(random));
@@ -694,8 +694,7 @@ class Kill : public Clean {
         run.send(SIGKILL);
     }
 
-    /// Later or earlier next time, so that the kills stay spread over the work whatever else the
-    /// machine is doing.
+    /// Adapts the range of moments, so that the kills stay spread over the run under any load.
     static void adapt(std::chrono::microseconds& longest, bool ended, bool hasDoneAnything) {
         if (ended) {
             longest -= longest / 20;
@@ -704,7 +703,7 @@ class Kill : public Clean {
         }
     }
 
-    /// Eight sets of three files; what is in each by its path.
+    /// Writes eight sets of three files. Returns the contents by path.
     [[nodiscard]] std::map<std::string, std::string> writeSets() const {
         std::map<std::string, std::string> files;
         for (int number = 0; number < 24; ++number) {
@@ -715,7 +714,7 @@ class Kill : public Clean {
         return files;
     }
 
-    /// The stored count of moved files; fails where the file is not whole.
+    /// The stored count of moved files. Fails if the file is damaged.
     [[nodiscard]] std::uint64_t storedCount() const {
         const auto list =
             PropertyList::parse(contentOf(folder_.pathOf(std::string(ownFolder) + "data.plist")));
@@ -724,7 +723,7 @@ class Kill : public Clean {
         return count.value_or(0);
     }
 
-    /// Each file is where it was, or in the Trash with word of where it was.
+    /// Each file is at its path, or in the Trash with a .trashinfo file that has its path.
     void expectNothingLost(const std::map<std::string, std::string>& files) const {
         std::set<std::string> inTrash;
         for (const std::string& name : trashed()) {
@@ -741,7 +740,7 @@ class Kill : public Clean {
     }
 };
 
-TEST_F(Kill, AtAnyMomentLosesNothing) {
+TEST_F(Kill, AtAnyMomentLosesNoFile) {
     const unsigned seed = std::random_device()();
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::mt19937 random(seed);
@@ -755,12 +754,12 @@ TEST_F(Kill, AtAnyMomentLosesNothing) {
         const std::map<std::string, std::string> files = writeSets();
         const std::uint64_t before = storedCount();
         ProgramRun run({"clean", "--yes", photos()}, setting());
-        killAtSomeMoment(run, longest, random);
+        killAtRandomMoment(run, longest, random);
         const bool wasKilled = run.wait().status == 128 + SIGKILL;
         killed += wasKilled ? 1 : 0;
         movedSome += trashed().empty() ? 0 : 1;
         adapt(longest, !wasKilled, !trashed().empty());
-        // Whatever it had moved counts from the next start on, and only once.
+        // The next start counts the moved files once.
         EXPECT_EQ(tarvin({"totals"}).status, 0);
         EXPECT_EQ(storedCount(), before + trashed().size());
         expectNothingLost(files);
@@ -788,7 +787,7 @@ TEST_F(Kill, WhileExceptionsAreAddedLeavesAWholeList) {
     for (int round = 0; round < rounds; ++round) {
         const std::string path = folder_.writeFile("photos/" + std::to_string(round) + ".jpg", "x");
         ProgramRun run({"exceptions", "add", path}, setting());
-        killAtSomeMoment(run, longest, random);
+        killAtRandomMoment(run, longest, random);
         const bool wasKilled = run.wait().status == 128 + SIGKILL;
         const ExceptionList stored = readExceptionFile(list);
         ASSERT_FALSE(stored.error) << stored.error->text;

@@ -17,7 +17,7 @@ std::string csvOf(const MadeUpReport& report) {
     return writtenBy(CsvWriter(), report);
 }
 
-TEST(CsvWriter, AnEmptyResultIsTheHeadings) {
+TEST(CsvWriter, AnEmptyResultHasOnlyHeadings) {
     EXPECT_EQ(csvOf(MadeUpReport()), headings);
 }
 
@@ -37,7 +37,7 @@ TEST(CsvWriter, SetsAreNumberedOverTheWholeOutput) {
                                  "Other,zip,3,1,9,,,/f.zip,\r\n");
 }
 
-TEST(CsvWriter, WhatWouldEndAFieldIsQuoted) {
+TEST(CsvWriter, QuotesSeparatorsAndLineBreaks) {
     MadeUpReport report;
     report.addSet(Category::other, {{"/a,b.x,y", 1},
                                     {"/say \"hi\".x", 1},
@@ -52,7 +52,7 @@ TEST(CsvWriter, WhatWouldEndAFieldIsQuoted) {
                                  "Other,\"x,y\",1,4,1,,,/ plain 'text'; \u00E4.x,\r\n");
 }
 
-TEST(CsvField, WhatASpreadsheetWouldCalculateIsText) {
+TEST(CsvField, FormulasGetAnApostrophe) {
     EXPECT_EQ(csvField("=1+1"), "\"'=1+1\"");
     EXPECT_EQ(csvField("+1"), "\"'+1\"");
     EXPECT_EQ(csvField("-1"), "\"'-1\"");
@@ -70,7 +70,7 @@ TEST(CsvField, OtherTextsGetNoApostrophe) {
     EXPECT_EQ(csvField("'=1"), "'=1");
 }
 
-TEST(CsvWriter, AnExtensionThatLooksLikeAFormulaIsTextAndNumbersStayNumbers) {
+TEST(CsvWriter, EscapesAFormulaInAnExtensionButNoNumbers) {
     MadeUpReport report;
     report.addSet(Category::other, {{"/a.=1+1", 7}, {"/b.=1+1", 7}});
     EXPECT_EQ(csvOf(report), headings +
@@ -78,7 +78,7 @@ TEST(CsvWriter, AnExtensionThatLooksLikeAFormulaIsTextAndNumbersStayNumbers) {
                                  "Other,\"'=1+1\",1,1,7,,,/b.=1+1,\r\n");
 }
 
-TEST(CsvWriter, APathThatIsNotUtf8IsToldExactlyInTheLastColumn) {
+TEST(CsvWriter, TheLastColumnHasTheBytesOfANonUtf8Path) {
     MadeUpReport report;
     report.addSet(Category::other, {{"/\xFF,.x\xE9", 1}, {"/b.x", 1}});
     EXPECT_EQ(csvOf(report), headings +

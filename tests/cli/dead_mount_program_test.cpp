@@ -29,7 +29,7 @@ class DeadMountTest : public ::testing::Test {
     }
 
     [[nodiscard]] ProgramRun scan() const {
-        // The search for leaks would wait until the thread that is stuck can be stopped.
+        // LeakSanitizer would wait for the stuck thread.
         return ProgramRun(
             {"scan", "--progress", "always", "tree"},
             {.folder = folder_.path(), .environment = {{"ASAN_OPTIONS", "detect_leaks=0"}}});
@@ -39,7 +39,7 @@ class DeadMountTest : public ::testing::Test {
     DeadMount dead_{folder_.makeFolder("tree/dead")};
 };
 
-TEST_F(DeadMountTest, IsToldAfterSecondsAndAStopEndsTheScanAtOnce) {
+TEST_F(DeadMountTest, IsReportedAfterSecondsAndStopEndsTheScan) {
     ProgramRun run = scan();
     run.waitForError("Waiting for: " + folder_.pathOf("tree/dead"));
     const auto stopped = std::chrono::steady_clock::now();
@@ -52,7 +52,7 @@ TEST_F(DeadMountTest, IsToldAfterSecondsAndAStopEndsTheScanAtOnce) {
         << result.output;
 }
 
-TEST_F(DeadMountTest, ThatComesBackWithAnErrorIsUnreadable) {
+TEST_F(DeadMountTest, ReleasedWithAnErrorIsUnreadable) {
     ProgramRun run = scan();
     run.waitForError("Waiting for: ");
     dead_.release();

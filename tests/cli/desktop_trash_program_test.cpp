@@ -16,7 +16,7 @@ std::string quoted(const std::string& word) {
     return '\'' + word + '\'';
 }
 
-/// A desktop session of the test's own, with the service that shows the Trash to file managers.
+/// A separate desktop session with the service that shows the Trash to file managers.
 class DesktopSession final {
  public:
     explicit DesktopSession(const TemporaryFolder& home)
@@ -35,7 +35,7 @@ class DesktopSession final {
 
 const std::string program = ProgramRun::program();
 
-TEST(DesktopTrash, ListsWhatWasMovedWithThePlaceItCameFrom) {
+TEST(DesktopTrash, ListsMovedFilesWithTheirPaths) {
     const TemporaryFolder home;
     const std::string first = home.writeFile("photos/a b.jpg", "equal");
     const std::string second = home.writeFile("photos/c.jpg", "equal");
@@ -46,7 +46,7 @@ TEST(DesktopTrash, ListsWhatWasMovedWithThePlaceItCameFrom) {
     EXPECT_NE(result.output.find('\t' + moved + '\n'), std::string::npos) << result.output;
 }
 
-TEST(DesktopTrash, PutsAFileBackWhereItWas) {
+TEST(DesktopTrash, RestoresAFileToItsPath) {
     const TemporaryFolder home;
     home.writeFile("photos/a.jpg", "equal");
     home.writeFile("photos/b.jpg", "equal");
@@ -57,7 +57,7 @@ TEST(DesktopTrash, PutsAFileBackWhereItWas) {
     EXPECT_TRUE(std::filesystem::exists(home.pathOf("photos/b.jpg"))) << result.output;
 }
 
-/// Two cleaned up, of which another program puts one back.
+/// Two files in the Trash, one of which another program restores.
 class OtherProgram : public testing::Test {
  protected:
     OtherProgram() {
@@ -66,8 +66,8 @@ class OtherProgram : public testing::Test {
         }
     }
 
-    /// What our program still offers once `command` has put a.jpg or b.jpg back, and what it says
-    /// after the rest is back, too.
+    /// Checks what tarvin offers after `command` has restored a.jpg or b.jpg, and after the rest
+    /// has been restored.
     void expectOneLeft(const std::string& command) const {
         const std::string photos = home_.pathOf("photos");
         const CommandResult result = DesktopSession(home_).run(
@@ -77,7 +77,7 @@ class OtherProgram : public testing::Test {
         EXPECT_EQ(result.status, 0);
         const std::string ours = result.output.substr(result.output.find("----\n") + 5);
         EXPECT_TRUE(ours.starts_with("Put back: " + photos + "/")) << result.output;
-        // What the desktop's services say at their end follows.
+        // Messages of the desktop services at their end follow.
         EXPECT_NE(ours.find(".jpg\nFiles Put Back: 1\nSize: 0.01 KB\n"
                             "There is nothing to put back.\n"
                             "The last clean-up has been put back already.\n"
@@ -94,10 +94,10 @@ class OtherProgram : public testing::Test {
     TemporaryFolder home_;
 };
 
-/// The path that the first line of our report tells.
+/// The path in the first line of the report.
 const std::string firstMoved = "$(head -n 1 \"$HOME/moved\" | cut -d : -f 2- | cut -c 2-)";
 
-TEST_F(OtherProgram, TrashListShowsEveryFileWithItsPlace) {
+TEST_F(OtherProgram, TrashListShowsEveryFileWithItsPath) {
     const CommandResult result = DesktopSession(home_).run(
         program + " clean --yes \"" + home_.pathOf("photos") + "\" >/dev/null && trash-list");
     std::size_t listed = 0;
@@ -110,16 +110,16 @@ TEST_F(OtherProgram, TrashListShowsEveryFileWithItsPlace) {
     EXPECT_EQ(listed, 2U);
 }
 
-TEST_F(OtherProgram, WhatTrashRestoreBroughtIsNotOffered) {
+TEST_F(OtherProgram, FilesRestoredByTrashRestoreAreNotOffered) {
     expectOneLeft("echo 0 | trash-restore \"" + firstMoved + "\" >/dev/null");
 }
 
-TEST_F(OtherProgram, WhatGioRestoredIsNotOffered) {
+TEST_F(OtherProgram, FilesRestoredByGioAreNotOffered) {
     expectOneLeft(
         "gio trash --restore \"$(gio trash --list | grep -F $HOME | head -n 1 | cut -f 1)\"");
 }
 
-TEST_F(OtherProgram, WhatGioMovedHomeIsNotOffered) {
+TEST_F(OtherProgram, FilesMovedBackByGioAreNotOffered) {
     expectOneLeft("gio move \"$XDG_DATA_HOME/Trash/files/$(basename \"" + firstMoved + "\")\" \"" +
                   firstMoved + "\"");
 }

@@ -27,7 +27,7 @@ Words optionsOf(const std::string& command) {
     return options;
 }
 
-/// What bash offers behind "tarvin COMMAND --".
+/// Completions that bash offers after "tarvin COMMAND --".
 Words offeredByBash(const std::string& command) {
     std::istringstream offers(
         runCommand("bash -c 'source packaging/completions/tarvin.bash; COMP_WORDS=(tarvin " +
@@ -43,7 +43,7 @@ Words offeredByBash(const std::string& command) {
 class Documents : public testing::TestWithParam<std::string> {};
 
 TEST_P(Documents, NameEveryOptionOfTheCommand) {
-    // As it is read, on one line.
+    // Formatted, on one line.
     const std::string manual = runCommand(
                                    "GROFF_NO_SGR=1 MANROFFSEQ='' MANWIDTH=80 man -E UTF-8 -l "
                                    "-Tutf8 packaging/man/tarvin.1 "

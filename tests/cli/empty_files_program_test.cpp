@@ -10,13 +10,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Files of no bytes are equal, and go and come back like all others.
+/// Empty files are identical, and are moved and restored like others.
 class EmptyFiles : public RestoreFixture {
  protected:
     EmptyFiles() { writeEqual({"a.txt", "b.txt", "c/a.txt", "d.txt"}, ""); }
 };
 
-TEST_F(EmptyFiles, GoButForOneAndComeBackWithTheirDates) {
+TEST_F(EmptyFiles, AllButOneAreMovedAndRestoredWithTheirDates) {
     writeEqual({"one.txt"}, "x");
     const Tree before = treeOf(photos());
     const ProgramResult cleaned = tarvin({"clean", "--yes", photos()});
@@ -34,7 +34,7 @@ TEST_F(EmptyFiles, GoButForOneAndComeBackWithTheirDates) {
     EXPECT_EQ(tarvin({"totals"}).output, "Files cleaned so far: 0 (0.00 KB)\n");
 }
 
-TEST_F(EmptyFiles, ThatWereWrittenToInTheTrashStayThere) {
+TEST_F(EmptyFiles, ChangedInTheTrashStayThere) {
     clean();
     for (const auto& entry : fs::directory_iterator(trash() + "/files")) {
         std::ofstream(entry.path()) << "x";

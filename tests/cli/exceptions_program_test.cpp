@@ -12,7 +12,7 @@ namespace {
 constexpr const char* ownList =
     "data/Tarvin Software/Tarvin Duplicate File Remover/exception.plist";
 
-/// Three equal files in `photos`, and the folder of a person's own data.
+/// Three equal files in `photos`, and a data folder.
 class Exceptions : public testing::Test {
  protected:
     Exceptions() {
@@ -39,32 +39,32 @@ class Exceptions : public testing::Test {
     TemporaryFolder folder_;
 };
 
-TEST_F(Exceptions, WithoutAListEveryFileIsComparedInSilence) {
+TEST_F(Exceptions, WithoutAListAllFilesAreCompared) {
     const ProgramResult result = scan({});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(setsOf(result), (Sets{{"a.jpg", "b.jpg", "c.jpg"}}));
 }
 
-TEST_F(Exceptions, FilesOnOnesOwnListAreLeftOut) {
+TEST_F(Exceptions, FilesOnTheUsersListAreSkipped) {
     writeList(ownList, folder_.pathOf("photos/b.jpg"));
     const ProgramResult result = scan({});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(setsOf(result), (Sets{{"a.jpg", "c.jpg"}}));
 }
 
-TEST_F(Exceptions, OnesOwnListCanBeSetAside) {
+TEST_F(Exceptions, TheUsersListCanBeIgnored) {
     writeList(ownList, folder_.pathOf("photos/b.jpg"));
     EXPECT_EQ(setsOf(scan({"--no-exceptions"})), (Sets{{"a.jpg", "b.jpg", "c.jpg"}}));
 }
 
-TEST_F(Exceptions, AnotherListCanTakeItsPlace) {
+TEST_F(Exceptions, AnotherListReplacesTheUsersList) {
     writeList(ownList, folder_.pathOf("photos/b.jpg"));
     const std::string other = writeList("other.plist", folder_.pathOf("photos/a.jpg"));
     EXPECT_EQ(setsOf(scan({"--exceptions", other})), (Sets{{"b.jpg", "c.jpg"}}));
 }
 
-TEST_F(Exceptions, ADamagedListOfOnesOwnIsToldAndTheScanGoesOn) {
+TEST_F(Exceptions, ADamagedUsersListIsReportedAndTheScanContinues) {
     const std::string path = folder_.writeFile(ownList, "damaged");
     const ProgramResult result = scan({});
     EXPECT_EQ(result.status, 0);
@@ -73,7 +73,7 @@ TEST_F(Exceptions, ADamagedListOfOnesOwnIsToldAndTheScanGoesOn) {
     EXPECT_EQ(setsOf(result), (Sets{{"a.jpg", "b.jpg", "c.jpg"}}));
 }
 
-TEST_F(Exceptions, AnotherListThatIsDamagedIsWrongUsage) {
+TEST_F(Exceptions, ADamagedListByOptionIsAUsageError) {
     const std::string path = folder_.writeFile("other.plist", "damaged");
     const ProgramResult result = scan({"--exceptions", path});
     EXPECT_EQ(result.status, 2);
@@ -82,7 +82,7 @@ TEST_F(Exceptions, AnotherListThatIsDamagedIsWrongUsage) {
               "tarvin: cannot read exceptions list '" + path + "': not a property list\n");
 }
 
-TEST_F(Exceptions, AnotherListThatIsMissingIsWrongUsage) {
+TEST_F(Exceptions, AMissingListByOptionIsAUsageError) {
     const std::string path = folder_.pathOf("other.plist");
     const ProgramResult result = scan({"--exceptions", path});
     EXPECT_EQ(result.status, 2);

@@ -21,7 +21,7 @@
 
 namespace tarvin {
 
-/// One file of a made-up result.
+/// One file of a fake result.
 struct MadeUpFile {
     std::string path;
     std::uint64_t size = 0;
@@ -29,10 +29,10 @@ struct MadeUpFile {
     std::optional<std::int64_t> created{};
 };
 
-/// The report of a scan that never was, put together set by set.
+/// A fake scan report, built set by set.
 class MadeUpReport final {
  public:
-    /// The first file's name says under which extension the set goes.
+    /// The first file's name decides the extension of the set.
     void addSet(Category category, std::initializer_list<MadeUpFile> files) {
         std::vector<std::shared_ptr<File>> group;
         for (const MadeUpFile& file : files) {
@@ -74,7 +74,7 @@ class MadeUpReport final {
     ScanReport report_;
 };
 
-/// What a writer makes of a report.
+/// The output of a writer for a report.
 inline std::string writtenBy(const ResultWriter& writer, const MadeUpReport& madeUp) {
     Pipe pipe;
     std::string text;

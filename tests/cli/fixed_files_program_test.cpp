@@ -17,10 +17,10 @@
 namespace tarvin {
 namespace {
 
-/// A file that the system lets nobody change by the time that a person has answered.
+/// A file that becomes immutable while the question is open.
 class FixedAtTheQuestion : public ::testing::TestWithParam<unsigned> {
  protected:
-    /// Gives or takes the attribute; false where there is none.
+    /// Sets or clears the attribute. False if the file system does not support it.
     static bool fix(const std::string& path, bool isFixed) {
         const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
         unsigned flags = 0;
@@ -32,7 +32,7 @@ class FixedAtTheQuestion : public ::testing::TestWithParam<unsigned> {
     }
 };
 
-TEST_P(FixedAtTheQuestion, StaysWithTheReason) {
+TEST_P(FixedAtTheQuestion, IsReportedWithTheReason) {
     const TemporaryFolder folder;
     std::map<std::string, std::string> photos;
     for (const std::string name : {"a.jpg", "b.jpg", "c.jpg"}) {

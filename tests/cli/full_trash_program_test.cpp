@@ -18,8 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Files and the home Trash on a small volume that is full. What the program writes down goes to
-/// another one.
+/// Files and the home Trash on a full small volume. The journal and totals are on another one.
 class FullTrash : public ::testing::Test {
  protected:
     FullTrash() {
@@ -40,7 +39,7 @@ class FullTrash : public ::testing::Test {
                          {.environment = {{"XDG_DATA_HOME", folder_.pathOf("disk/data")}}});
     }
 
-    /// The Trash has been made, and one file is in it.
+    /// Creates the Trash with one file in it.
     void makeTrash() const {
         write("first.jpg");
         EXPECT_EQ(clean().status, 0);
@@ -65,7 +64,7 @@ class FullTrash : public ::testing::Test {
         }
     }
 
-    /// Whichever of the two was to go.
+    /// Either file may be the one to move.
     void expectRefused() const {
         const std::size_t files = entriesIn("files");
         const std::size_t notes = entriesIn("info");
@@ -94,7 +93,7 @@ class FullTrash : public ::testing::Test {
     std::optional<Mount> support_;
 };
 
-TEST_F(FullTrash, RefusesAFileWhoseNoteHasNoRoom) {
+TEST_F(FullTrash, RefusesAFileWithoutSpaceForItsTrashinfo) {
     if (disk_) {
         makeTrash();
         takeAllRoom();
@@ -102,7 +101,7 @@ TEST_F(FullTrash, RefusesAFileWhoseNoteHasNoRoom) {
     }
 }
 
-TEST_F(FullTrash, RefusesAFileWhoseNoteMayNotBeMade) {
+TEST_F(FullTrash, RefusesAFileWhoseTrashinfoCannotBeCreated) {
     if (disk_) {
         makeTrash();
         takeAllFiles();
@@ -110,14 +109,14 @@ TEST_F(FullTrash, RefusesAFileWhoseNoteMayNotBeMade) {
     }
 }
 
-TEST_F(FullTrash, ThatCannotBeMadeTakesNothing) {
+TEST_F(FullTrash, ThatCannotBeCreatedRefusesAllFiles) {
     if (disk_) {
         takeAllFiles();
         expectRefused();
     }
 }
 
-TEST_F(FullTrash, TakesTheFilesOnceThereIsRoom) {
+TEST_F(FullTrash, AcceptsTheFilesOnceThereIsSpace) {
     if (disk_) {
         takeAllRoom();
         expectRefused();

@@ -10,7 +10,7 @@
 namespace tarvin {
 namespace {
 
-TEST(CleanOfAView, LeavesTheOnlyCopyThatIsFoundTwice) {
+TEST(CleanOfAView, KeepsAFileThatIsFoundUnderTwoPaths) {
     const TemporaryFolder folder;
     const std::string photo = folder.writeFile("photos/a.jpg", "the only one");
     const FuseView view(folder.pathOf("photos"));

@@ -23,7 +23,7 @@ std::string joined(const ProgramRun::Words& words) {
     return text;
 }
 
-TEST(Version, IsThatOfTheBuild) {
+TEST(Version, MatchesTheBuild) {
     for (const char* option : {"--version", "-V"}) {
         const ProgramResult result = runTarvin({option});
         EXPECT_EQ(result.status, 0);
@@ -240,7 +240,7 @@ Exit status:
 )");
 }
 
-TEST(Help, OfAWordIsThatOfItsOption) {
+TEST(Help, OfACommandMatchesItsHelpOption) {
     using Words = ProgramRun::Words;
     for (const Words& words :
          {Words{}, Words{"scan"}, Words{"clean"}, Words{"restore"}, Words{"exceptions"},
@@ -282,7 +282,7 @@ TEST(Help, OfAnUnknownCommandIsRefused) {
     }
 }
 
-TEST(Help, IsGivenWhateverElseIsAsked) {
+TEST(Help, WinsOverOtherArguments) {
     EXPECT_THAT(runTarvin({"scan", "/nonexistent", "--format", "json", "-h"}).output,
                 HasSubstr("Usage: tarvin scan"));
     EXPECT_THAT(runTarvin({"--help", "scan"}).output, HasSubstr("Usage: tarvin"));

@@ -53,7 +53,7 @@ TEST(Interrupt, EndsQuietlyWhenNoSignalCame) {
     EXPECT_EQ(watched.second.calls(), 0);
 }
 
-TEST(Interrupt, TheFirstSignalIsTheFirstCall) {
+TEST(Interrupt, TheFirstSignalMakesTheFirstCall) {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         Watched watched;
         watched.watch();
@@ -63,7 +63,7 @@ TEST(Interrupt, TheFirstSignalIsTheFirstCall) {
     }
 }
 
-TEST(Interrupt, AnotherSignalIsTheSecondCall) {
+TEST(Interrupt, TheSecondSignalMakesTheSecondCall) {
     Watched watched;
     watched.watch();
     sendToProgram(SIGINT);
@@ -74,7 +74,7 @@ TEST(Interrupt, AnotherSignalIsTheSecondCall) {
     EXPECT_EQ(watched.second.calls(), 1);
 }
 
-TEST(Interrupt, ASignalThatComesTooEarlyIsKept) {
+TEST(Interrupt, ASignalBeforeWatchIsKept) {
     Watched watched;
     sendToProgram(SIGINT);
     watched.watch();
@@ -82,8 +82,8 @@ TEST(Interrupt, ASignalThatComesTooEarlyIsKept) {
     EXPECT_EQ(watched.first.calls(), 1);
 }
 
-TEST(Interrupt, FurtherSignalsArePassedOver) {
-    // Still pending when the object ends, the third would end the program.
+TEST(Interrupt, FurtherSignalsAreIgnored) {
+    // A third signal still pending would end the program in the destructor.
     static_cast<void>(std::signal(SIGTERM, SIG_IGN));
     {
         Watched watched;
@@ -99,7 +99,7 @@ TEST(Interrupt, FurtherSignalsArePassedOver) {
     static_cast<void>(std::signal(SIGTERM, SIG_DFL));
 }
 
-TEST(Interrupt, WhatTheProgramWasStartedToIgnoreIsIgnored) {
+TEST(Interrupt, SignalsIgnoredAtStartStayIgnored) {
     for (const int signal : {SIGINT, SIGHUP}) {
         static_cast<void>(std::signal(signal, SIG_IGN));
         {
@@ -114,7 +114,7 @@ TEST(Interrupt, WhatTheProgramWasStartedToIgnoreIsIgnored) {
     }
 }
 
-TEST(Interrupt, ThreadsThatStartLaterDoNotTakeTheSignals) {
+TEST(Interrupt, LaterThreadsDoNotReceiveTheSignals) {
     const Interrupt interrupt;
     bool blocked = false;
     std::thread([&blocked] {
@@ -123,7 +123,7 @@ TEST(Interrupt, ThreadsThatStartLaterDoNotTakeTheSignals) {
     EXPECT_TRUE(blocked);
 }
 
-TEST(Interrupt, AfterItTheSignalsDoWhatTheyDidBefore) {
+TEST(Interrupt, TheDestructorRestoresTheSignalMask) {
     {
         Watched watched;
         watched.watch();

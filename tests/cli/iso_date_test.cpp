@@ -9,7 +9,7 @@ namespace {
 
 using std::chrono::nanoseconds;
 
-TEST(IsoDate, TheBeginningOfTime) {
+TEST(IsoDate, TheEpoch) {
     EXPECT_EQ(isoDate(Timestamp{}), "1970-01-01T00:00:00.000000000Z");
 }
 
@@ -24,7 +24,7 @@ TEST(IsoDate, DatesBefore1970CountBackwards) {
     EXPECT_EQ(isoDate(Timestamp{nanoseconds{-1}}), "1969-12-31T23:59:59.999999999Z");
 }
 
-TEST(IsoDate, TheEndsOfWhatATimestampHolds) {
+TEST(IsoDate, TheLimitsOfATimestamp) {
     EXPECT_EQ(isoDate(Timestamp::max()), "2262-04-11T23:47:16.854775807Z");
     EXPECT_EQ(isoDate(Timestamp::min()), "1677-09-21T00:12:43.145224192Z");
 }

@@ -37,7 +37,7 @@ TEST(JsonWriter, AnEmptyResultHasAllItsKeysAndCategories) {
 )");
 }
 
-TEST(JsonWriter, EveryLevelTellsItsTotals) {
+TEST(JsonWriter, EveryLevelHasItsTotals) {
     MadeUpReport report;
     report.addSet(
         Category::image,
@@ -91,7 +91,7 @@ Json filesOf(const MadeUpReport& report) {
     return Json::parse(jsonOf(report)).at("/categories/4/extensions/0/sets/0/files"_json_pointer);
 }
 
-TEST(JsonWriter, NamesAreEscapedAndComeBackAsTheyWere) {
+TEST(JsonWriter, EscapedNamesParseBackUnchanged) {
     const std::string odd =
         "/two\nlines, \"quoted\" \\ tab\t \x01\x1B\x7F \u00E4\u2028\U0001F600.x";
     MadeUpReport report;
@@ -103,7 +103,7 @@ TEST(JsonWriter, NamesAreEscapedAndComeBackAsTheyWere) {
               std::string::npos);
 }
 
-TEST(JsonWriter, APathThatIsNotUtf8IsToldExactlyBesideItsText) {
+TEST(JsonWriter, HasTheBytesOfANonUtf8Path) {
     MadeUpReport report;
     report.addSet(Category::other, {{"/\xFF\xFE/\u00E4.x", 1}, {"/b.x", 1}});
     const Json files = filesOf(report);
@@ -112,7 +112,7 @@ TEST(JsonWriter, APathThatIsNotUtf8IsToldExactlyBesideItsText) {
     EXPECT_FALSE(files[1].contains("filePathBytes"));
 }
 
-TEST(JsonWriter, AnExtensionThatIsNotUtf8IsToldExactlyBesideItsText) {
+TEST(JsonWriter, HasTheBytesOfANonUtf8Extension) {
     MadeUpReport report;
     report.addSet(Category::other, {{"/a.x\xE9", 1}, {"/b.x\xE9", 1}});
     const Json extension =
@@ -121,7 +121,7 @@ TEST(JsonWriter, AnExtensionThatIsNotUtf8IsToldExactlyBesideItsText) {
     EXPECT_EQ(extension["nameBytes"], "78e9");
 }
 
-TEST(JsonWriter, ThatTheScanWasStoppedIsTold) {
+TEST(JsonWriter, SaysThatTheScanWasStopped) {
     MadeUpReport report;
     report.setStopped();
     EXPECT_EQ(Json::parse(jsonOf(report))["stopped"], true);
@@ -134,7 +134,7 @@ TEST(JsonWriter, LargeNumbersKeepTheirDigits) {
     EXPECT_EQ(filesOf(report)[1]["fileSize"].get<std::uint64_t>(), 9'007'199'254'740'993U);
 }
 
-TEST(JsonWriter, WhatATerminalWouldObeyIsEscapedAndStaysTheSameName) {
+TEST(JsonWriter, ControlCharactersAreEscaped) {
     const std::string name = "/\x1B[1m\x7F\u009B\u2028\u202E\u00E4\U0001F600.jpg";
     MadeUpReport report;
     report.addSet(Category::image, {{name, 1}, {"/b.jpg", 1}});

@@ -11,7 +11,7 @@
 namespace tarvin {
 namespace {
 
-/// A time zone of the process for the time of a test.
+/// Sets the time zone of the process during a test.
 class TimeZone final {
  public:
     explicit TimeZone(const char* zone) {
@@ -35,7 +35,7 @@ class TimeZone final {
     std::optional<std::string> before_;
 };
 
-TEST(LocalDate, IsThatOfTheTimeZone) {
+TEST(LocalDate, IsInTheTimeZoneOfTheProcess) {
     using namespace std::chrono_literals;
     const Timestamp noon = std::chrono::sys_days(2026y / 1 / 31) + 12h + 999ms;
     EXPECT_EQ((TimeZone("UTC0"), localDate(noon)), "2026-01-31 12:00:00");

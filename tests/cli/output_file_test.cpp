@@ -35,7 +35,7 @@ int failureOfOpening(const std::string& path) {
     return file ? 0 : file.error().code;
 }
 
-/// Writes `text` to the place and answers the error number of the first failure, 0 if none.
+/// Writes `text` to the target. Returns the first error number, or 0.
 int write(const std::string& path, const std::string& text) {
     const auto file = OutputFile::open(path);
     if (!file) {
@@ -51,14 +51,14 @@ mode_t modeOf(const std::string& path) {
     return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
 }
 
-TEST(OutputFile, MakesAFileWithTheWholeText) {
+TEST(OutputFile, CreatesAFileWithTheWholeText) {
     const TemporaryFolder folder;
     EXPECT_EQ(write(folder.pathOf("result"), "text\n"), 0);
     EXPECT_EQ(contentOf(folder.pathOf("result")), "text\n");
     EXPECT_EQ(namesIn(folder), Names{"result"});
 }
 
-TEST(OutputFile, TheModeFollowsTheUsersMask) {
+TEST(OutputFile, TheModeFollowsTheUmask) {
     const TemporaryFolder folder;
     const mode_t before = ::umask(027);
     EXPECT_EQ(write(folder.pathOf("result"), "text"), 0);
@@ -66,7 +66,7 @@ TEST(OutputFile, TheModeFollowsTheUsersMask) {
     EXPECT_EQ(modeOf(folder.pathOf("result")), 0640U);
 }
 
-TEST(OutputFile, AFileThatIsThereIsReplacedOnlyAtTheEnd) {
+TEST(OutputFile, AnExistingFileIsReplacedOnlyByCommit) {
     const TemporaryFolder folder;
     const std::string path = folder.writeFile("result", "old and longer");
     const auto file = OutputFile::open(path);
@@ -114,7 +114,7 @@ TEST(OutputFile, WithoutCommitNothingIsLeft) {
     EXPECT_EQ(namesIn(folder), Names{"result"});
 }
 
-TEST(OutputFile, WhatWasBegunCanBeRemovedAtAnyMoment) {
+TEST(OutputFile, TheTemporaryFileCanBeRemovedAtAnyTime) {
     const TemporaryFolder folder;
     const auto file = OutputFile::open(folder.pathOf("result"));
     ASSERT_TRUE(file.ok());
@@ -123,7 +123,7 @@ TEST(OutputFile, WhatWasBegunCanBeRemovedAtAnyMoment) {
     EXPECT_EQ(namesIn(folder), Names());
 }
 
-TEST(OutputFile, TheUnfinishedFileHasNoExtension) {
+TEST(OutputFile, TheTemporaryFileHasNoExtension) {
     const TemporaryFolder folder;
     const auto file = OutputFile::open(folder.pathOf("result.jpg"));
     ASSERT_TRUE(file.ok());
@@ -155,7 +155,7 @@ TEST(OutputFile, ALinkStaysAndItsTargetIsReplaced) {
     EXPECT_EQ(contentOf(target), "new");
 }
 
-TEST(OutputFile, AnUnusablePlaceIsRefusedBeforeAnythingIsWritten) {
+TEST(OutputFile, AnUnusableTargetIsRefusedByOpen) {
     const TemporaryFolder folder;
     folder.writeFile("file", "");
     EXPECT_EQ(failureOfOpening(folder.pathOf("no folder/result")), ENOENT);
@@ -165,7 +165,7 @@ TEST(OutputFile, AnUnusablePlaceIsRefusedBeforeAnythingIsWritten) {
     EXPECT_EQ(namesIn(folder), Names{"file"});
 }
 
-TEST(OutputFile, AFolderThatVanishesMeanwhileIsToldAtTheEnd) {
+TEST(OutputFile, ARemovedFolderIsReportedByCommit) {
     const TemporaryFolder folder;
     folder.makeFolder("sub");
     const auto file = OutputFile::open(folder.pathOf("sub/result"));
@@ -176,14 +176,14 @@ TEST(OutputFile, AFolderThatVanishesMeanwhileIsToldAtTheEnd) {
     EXPECT_EQ(failure->code, ENOENT);
 }
 
-TEST(OutputFile, ADeviceIsWrittenToAsItIs) {
+TEST(OutputFile, ADeviceIsWrittenDirectly) {
     EXPECT_EQ(write("/dev/null", "text"), 0);
     EXPECT_EQ(write("/dev/full", "text"), ENOSPC);
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
 }
 
-TEST(OutputFile, ANamedPipeIsWrittenToAsItIs) {
+TEST(OutputFile, ANamedPipeIsWrittenDirectly) {
     const TemporaryFolder folder;
     const std::string path = folder.pathOf("pipe");
     ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
@@ -195,7 +195,7 @@ TEST(OutputFile, ANamedPipeIsWrittenToAsItIs) {
     EXPECT_EQ(namesIn(folder), Names{"pipe"});
 }
 
-/// Puts another file in the place of standard output for as long as it lives.
+/// Replaces standard output during its lifetime.
 class OtherStandardOutput final {
  public:
     explicit OtherStandardOutput(int descriptor) : before_(::dup(STDOUT_FILENO)) {

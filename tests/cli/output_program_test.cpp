@@ -93,7 +93,7 @@ TEST_F(ResultOutput, AFullDiskBehindStandardOutputIsAFailure) {
     EXPECT_EQ(result.errors, "tarvin: cannot write standard output: No space left on device\n");
 }
 
-TEST_F(ResultOutput, AReaderThatHasGoneAwayEndsItQuietly) {
+TEST_F(ResultOutput, AClosedPipeEndsItQuietly) {
     for (const char* output : {"-", "/dev/stdout"}) {
         Pipe pipe;
         pipe.closeReading();
@@ -103,8 +103,8 @@ TEST_F(ResultOutput, AReaderThatHasGoneAwayEndsItQuietly) {
     }
 }
 
-TEST_F(ResultOutput, AReaderThatHasReadEnoughEndsItQuietly) {
-    // Far more than a pipe takes.
+TEST_F(ResultOutput, AReaderThatStopsEarlyEndsItQuietly) {
+    // Far more than a pipe holds.
     for (int number = 0; number < 2000; ++number) {
         folder_.writeFile("photos/" + std::to_string(number) + std::string(100, 'x') + ".jpg",
                           "photo");
@@ -115,7 +115,7 @@ TEST_F(ResultOutput, AReaderThatHasReadEnoughEndsItQuietly) {
     EXPECT_EQ(result.output, "Image\n141\n");
 }
 
-TEST(PrintedOutput, AReaderThatHasGoneAwayEndsEveryCommandQuietly) {
+TEST(PrintedOutput, AClosedPipeEndsEveryCommandQuietly) {
     const TemporaryFolder home;
     const std::string photo = home.writeFile("photo.jpg", "photo");
     for (const ProgramRun::Words& arguments :
@@ -130,7 +130,7 @@ TEST(PrintedOutput, AReaderThatHasGoneAwayEndsEveryCommandQuietly) {
     }
 }
 
-TEST_F(ResultOutput, AFailureIsToldEvenIfEverythingElseWentWell) {
+TEST_F(ResultOutput, AWriteErrorSetsTheExitStatus) {
     const int reading = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
     ASSERT_GE(reading, 0);
     const ProgramResult result = runTarvin(scanTo("-"), {.output = reading});
@@ -139,7 +139,7 @@ TEST_F(ResultOutput, AFailureIsToldEvenIfEverythingElseWentWell) {
     EXPECT_EQ(result.errors, "tarvin: cannot write standard output: Bad file descriptor\n");
 }
 
-TEST_F(ResultOutput, AStandardOutputThatIsClosedIsAFailureAndNoOtherFileIsWrittenTo) {
+TEST_F(ResultOutput, AClosedStandardOutputIsAFailure) {
     const std::string command = "'" + ProgramRun::program() + "' scan '" +
                                 folder_.pathOf("photos") + "' >&- 2>'" + folder_.pathOf("errors") +
                                 "'";

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t oneMegabyte = std::size_t{1} << 20;
 
-/// Ignores SIGPIPE, as the program does, for as long as it lives.
+/// Ignores SIGPIPE during its lifetime, as the program does.
 class NoPipeSignal final {
  public:
     NoPipeSignal() : before_(std::signal(SIGPIPE, SIG_IGN)) {}
@@ -30,7 +30,7 @@ class NoPipeSignal final {
     void (*before_)(int);
 };
 
-/// A text in which every part is different from the others.
+/// A text without repeated parts.
 std::string longText() {
     std::string text;
     for (std::uint64_t line = 0; text.size() < oneMegabyte; ++line) {
@@ -39,7 +39,7 @@ std::string longText() {
     return text;
 }
 
-TEST(Output, HandsOnWhatWasAppendedInItsOrder) {
+TEST(Output, WritesAppendedTextInOrder) {
     Pipe pipe;
     Output output(pipe.writing());
     output.append("one ");
@@ -61,18 +61,18 @@ TEST(Output, WritesNumbersOfAnySize) {
     EXPECT_EQ(pipe.readSome(), "0 18446744073709551615");
 }
 
-TEST(Output, CollectsSmallPiecesBeforeItHandsThemOn) {
+TEST(Output, BuffersSmallWrites) {
     Pipe pipe;
     Output output(pipe.writing());
     for (int line = 0; line < 1000; ++line) {
         output.append("a line of text\n");
     }
-    EXPECT_FALSE(pipe.hasSomething());
+    EXPECT_FALSE(pipe.hasText());
     EXPECT_TRUE(output.flush());
-    EXPECT_TRUE(pipe.hasSomething());
+    EXPECT_TRUE(pipe.hasText());
 }
 
-TEST(Output, ALongTextGoesThroughANarrowPipe) {
+TEST(Output, WritesALongTextThroughASmallPipe) {
     Pipe pipe;
     const std::string text = longText();
     std::string arrived;
@@ -87,7 +87,7 @@ TEST(Output, ALongTextGoesThroughANarrowPipe) {
     EXPECT_TRUE(arrived == text);
 }
 
-TEST(Output, WaitsForAPipeThatDoesNotWaitByItself) {
+TEST(Output, WaitsForANonblockingPipe) {
     Pipe pipe;
     ASSERT_EQ(::fcntl(pipe.writing(), F_SETFL, O_NONBLOCK), 0);
     const std::string text = longText();
@@ -101,7 +101,7 @@ TEST(Output, WaitsForAPipeThatDoesNotWaitByItself) {
     EXPECT_TRUE(arrived == text);
 }
 
-TEST(Output, AFullDiskIsToldWhenItIsFlushed) {
+TEST(Output, FlushReportsAFullDisk) {
     const int full = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
     ASSERT_GE(full, 0);
     Output output(full);
@@ -113,7 +113,7 @@ TEST(Output, AFullDiskIsToldWhenItIsFlushed) {
     ::close(full);
 }
 
-TEST(Output, TheFirstFailureIsKeptAndNothingFollowsIt) {
+TEST(Output, KeepsTheFirstErrorAndWritesNothingAfterIt) {
     const NoPipeSignal ignored;
     Pipe pipe;
     pipe.closeReading();

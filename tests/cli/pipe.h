@@ -10,7 +10,7 @@
 
 namespace tarvin {
 
-/// A pipe of a test's own. Both ends are closed with the object, if not before.
+/// A pipe. The destructor closes both ends.
 class Pipe final {
  public:
     Pipe() {
@@ -30,19 +30,19 @@ class Pipe final {
     void closeReading() { close(ends_[0]); }
     void closeWriting() { close(ends_[1]); }
 
-    [[nodiscard]] bool hasSomething() const {
+    [[nodiscard]] bool hasText() const {
         pollfd wanted{reading(), POLLIN, 0};
         return ::poll(&wanted, 1, 0) == 1;
     }
 
-    /// What is there, waiting for the first of it; empty if the writing end is closed.
+    /// Blocks until there is text. Empty if the writing end is closed.
     [[nodiscard]] std::string readSome() const {
         std::array<char, 65536> block{};
         const ssize_t got = ::read(reading(), block.data(), block.size());
         return {block.data(), got > 0 ? static_cast<std::size_t>(got) : 0};
     }
 
-    /// Everything up to the end, which comes when the writing end is closed.
+    /// Everything until the writing end is closed.
     [[nodiscard]] std::string readAll() const {
         std::string all;
         for (std::string some = readSome(); !some.empty(); some = readSome()) {
@@ -51,7 +51,7 @@ class Pipe final {
         return all;
     }
 
-    /// Waits until `text` has come and answers everything so far.
+    /// Blocks until `text` has come. Returns everything up to it.
     [[nodiscard]] std::string readUntil(const std::string& text) const {
         std::string all;
         while (all.find(text) == std::string::npos) {

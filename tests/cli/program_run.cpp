@@ -24,7 +24,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr std::chrono::seconds longest{60};
+constexpr std::chrono::seconds maxDuration{60};
 
 void setLimit(int resource, std::uint64_t bytes) {
     if (bytes > 0) {
@@ -33,7 +33,7 @@ void setLimit(int resource, std::uint64_t bytes) {
     }
 }
 
-/// In the child process: nothing here may need a lock that another thread held.
+/// In the child process: must not need a lock that another thread held at the fork.
 [[noreturn]] void become(const std::vector<char*>& arguments, const ProgramSetting& setting,
                          int output, int errors) {
     sigset_t none{};
@@ -56,8 +56,8 @@ void setLimit(int resource, std::uint64_t bytes) {
             ::prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH);
         }
         setLimit(RLIMIT_STACK, setting.threadStack);
-        setLimit(RLIMIT_AS, setting.mostMemory);
-        setLimit(RLIMIT_FSIZE, setting.largestFile);
+        setLimit(RLIMIT_AS, setting.maxMemory);
+        setLimit(RLIMIT_FSIZE, setting.maxFileSize);
         ::execv(arguments.front(), arguments.data());
     }
     ::_exit(127);
@@ -96,7 +96,7 @@ std::string ProgramRun::program() {
 }
 
 ProgramRun::ProgramRun(const Words& arguments, const ProgramSetting& setting)
-    : deadline_(std::chrono::steady_clock::now() + longest) {
+    : deadline_(std::chrono::steady_clock::now() + maxDuration) {
     Words words{program()};
     words.insert(words.end(), arguments.begin(), arguments.end());
     const std::vector<char*> pointers = pointersTo(words);
@@ -149,7 +149,7 @@ ProgramResult ProgramRun::wait() {
     return result_;
 }
 
-/// Reads both pipes until it is enough or both have ended.
+/// Reads both pipes until the condition holds or both are closed.
 void ProgramRun::readUntil(const Condition& isEnough) {
     while (!isEnough() && (output_ >= 0 || errors_ >= 0)) {
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
@@ -157,7 +157,8 @@ void ProgramRun::readUntil(const Condition& isEnough) {
         std::array<pollfd, 2> wanted{pollfd{output_, POLLIN, 0}, pollfd{errors_, POLLIN, 0}};
         const auto patience = static_cast<int>(std::max<std::int64_t>(left.count(), 0));
         if (::poll(wanted.data(), wanted.size(), patience) == 0) {
-            ADD_FAILURE() << "The program does not come to an end. Its errors: " << result_.errors;
+            ADD_FAILURE() << "The program has not ended within a minute. Its errors: "
+                          << result_.errors;
             send(SIGKILL);
             return;
         }

@@ -11,36 +11,35 @@
 
 namespace tarvin {
 
-/// What a program left behind when it ended.
+/// The result of a program that has ended.
 struct ProgramResult {
     int status = -1;     ///< exit status; 128 and the number of the signal that ended it
-    std::string output;  ///< from its standard output
-    std::string errors;  ///< from its standard error
+    std::string output;  ///< its standard output
+    std::string errors;  ///< its standard error
 };
 
-/// How a program is started, apart from its arguments.
+/// The environment in which a program is started.
 struct ProgramSetting {
-    std::string folder{};                              ///< its current folder; empty: the test's
-    std::map<std::string, std::string> environment{};  ///< added to the test's own
-    /// What its standard input is, if not the test's.
+    std::string folder{};                              ///< current folder; empty: that of the test
+    std::map<std::string, std::string> environment{};  ///< added to that of the test
+    /// Standard input; -1: that of the test.
     int input = -1;
-    /// Its standard input is a terminal, and its own: what Ctrl-C there does is meant for it.
+    /// Standard input is its controlling terminal, so Ctrl-C there interrupts it.
     bool ownsTerminal = false;
-    /// What its standard output and error are, if not pipes that the test reads.
+    /// Standard output and error; -1: pipes that the test reads.
     int output = -1;
     int errors = -1;
-    /// Run by root, it may still read only what its permissions allow.
+    /// Drops root's right to ignore permissions.
     bool obeysPermissions = false;
-    /// Most bytes of address space and of a thread's stack; 0 for those of the test.
-    std::uint64_t mostMemory = 0;
+    /// Limits in bytes of the address space and of a thread's stack; 0: those of the test.
+    std::uint64_t maxMemory = 0;
     std::uint64_t threadStack = 0;
-    /// Most bytes of a file that it writes; 0 for those of the test.
-    std::uint64_t largestFile = 0;
+    /// Limit in bytes of a file that it writes; 0: that of the test.
+    std::uint64_t maxFileSize = 0;
 };
 
-/// The finished program on its way. It must come to an end within a minute, or it is ended and the
-/// test fails. Nothing of the person's own takes part: the application-support folder is an empty
-/// one.
+/// The running program. After a minute it is killed and the test fails. Its data folder does not
+/// exist unless the test sets one.
 class ProgramRun final {
  public:
     using Words = std::vector<std::string>;

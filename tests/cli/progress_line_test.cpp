@@ -22,7 +22,7 @@ Progress at(const std::string& path) {
     return progress;
 }
 
-TEST(ProgressLine, IsDrawnAtOnceAndErasedAtTheEnd) {
+TEST(ProgressLine, IsDrawnImmediatelyAndErasedAtTheEnd) {
     Pipe pipe;
     {
         const ProgressLine line(pipe.writing(), [] { return at("/a.jpg"); },
@@ -32,7 +32,7 @@ TEST(ProgressLine, IsDrawnAtOnceAndErasedAtTheEnd) {
     EXPECT_EQ(pipe.readAll(), "\rCollecting Files: a.jpg  00:00:00\x1B[K\r\x1B[K");
 }
 
-TEST(ProgressLine, IsDrawnAgainWhenThereIsSomethingNew) {
+TEST(ProgressLine, IsRedrawnAfterAChange) {
     Pipe pipe;
     std::atomic<int> number{1};
     std::optional<ProgressLine> line;
@@ -45,7 +45,7 @@ TEST(ProgressLine, IsDrawnAgainWhenThereIsSomethingNew) {
     EXPECT_EQ(pipe.readAll(), "\r\x1B[K");
 }
 
-TEST(ProgressLine, IsNotDrawnAgainWhenNothingHasChanged) {
+TEST(ProgressLine, IsNotRedrawnWithoutAChange) {
     Pipe pipe;
     std::atomic<int> looks{0};
     std::optional<ProgressLine> line;
@@ -75,7 +75,7 @@ TEST(ProgressLine, LeavesTheLastOfEightyColumnsFree) {
               "\rCollecting Files: " + std::string(51, 'x') + "  00:00:00\x1B[K\r\x1B[K");
 }
 
-TEST(ProgressLine, AClosedDescriptorDoesNoHarm) {
+TEST(ProgressLine, IgnoresAClosedDescriptor) {
     std::atomic<int> looks{0};
     {
         const ProgressLine line(

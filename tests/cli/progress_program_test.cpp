@@ -23,7 +23,7 @@ class ShownProgress : public testing::Test {
         return runTarvin({"scan", "--progress", when, folder_.path()});
     }
 
-    /// What is drawn on a terminal of this kind.
+    /// The output on a terminal of this type.
     [[nodiscard]] std::string drawn(const std::string& when,
                                     const std::string& terminalKind) const {
         PseudoTerminal terminal;
@@ -38,7 +38,7 @@ class ShownProgress : public testing::Test {
     TemporaryFolder folder_;
 };
 
-TEST_F(ShownProgress, IsNotDrawnInAPipeUnlessAlwaysAskedFor) {
+TEST_F(ShownProgress, IsNotDrawnInAPipeByDefault) {
     EXPECT_EQ(scanInPipe("auto").errors, "");
     EXPECT_EQ(scanInPipe("never").errors, "");
     EXPECT_EQ(runTarvin({"scan", folder_.path()}).errors, "");

@@ -36,14 +36,14 @@ TEST(ProgressText, TheCollectionShowsTheNameWithoutTheFolder) {
     EXPECT_EQ(progressText(progress, wide), "Collecting Files: photo.jpg  00:00:02");
 }
 
-TEST(ProgressText, WhatIsWaitedForIsShownWithItsFolder) {
+TEST(ProgressText, AFolderWaitedForIsShownWithItsPath) {
     Progress progress = comparing(45, 100);
     progress.waiting = true;
     progress.path = "/mnt/server/photos";
     EXPECT_EQ(progressText(progress, wide), "Waiting for: /mnt/server/photos  00:00:12");
 }
 
-TEST(ProgressText, TheComparisonShowsABarAndWhatItIsAt) {
+TEST(ProgressText, TheComparisonShowsABarAndTheCurrentFile) {
     EXPECT_EQ(progressText(comparing(45, 100), wide),
               "[#########           ] 45%  photo.jpg  1.05 MB  00:00:12");
 }
@@ -58,7 +58,7 @@ TEST(ProgressText, WithoutFilesTheBarIsEmpty) {
     EXPECT_EQ(progressText(comparing(0, 0), 25), "[                    ] 0%");
 }
 
-TEST(ProgressText, MoreThanAllIsAll) {
+TEST(ProgressText, NeverShowsMoreThanAHundredPercent) {
     EXPECT_EQ(progressText(comparing(5, 3), 27), "[####################] 100%");
 }
 
@@ -76,13 +76,13 @@ TEST(ProgressText, ANarrowLineShortensTheNameFirst) {
     EXPECT_EQ(progressText(comparing(45, 100), 0), "");
 }
 
-TEST(ProgressText, ALongNameIsCutAndTheTimeStays) {
+TEST(ProgressText, ALongNameIsTruncatedBeforeTheTime) {
     EXPECT_EQ(progressText(collecting("/a/photo.jpg"), 33), "Collecting Files: photo  00:00:00");
     EXPECT_EQ(progressText(collecting("/a/photo.jpg"), 10), "  00:00:00");
     EXPECT_EQ(progressText(collecting("/a/photo.jpg"), 5), "  00:");
 }
 
-TEST(ProgressText, ACutNeverGoesThroughACharacter) {
+TEST(ProgressText, TruncatesBetweenCharacters) {
     EXPECT_EQ(progressText(collecting("/\u00E4\u00E4\u00E4"), 30),
               "Collecting Files: \u00E4\u00E4  00:00:00");
 }

@@ -12,7 +12,7 @@
 
 namespace tarvin {
 
-/// A terminal without a screen: the program's end, and the end where a test sees what is drawn.
+/// A pseudoterminal: the program's end, and the end where the test reads the output.
 class PseudoTerminal final {
  public:
     PseudoTerminal() : testsEnd_(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)) {
@@ -45,7 +45,7 @@ class PseudoTerminal final {
         }
     }
 
-    /// What a person types.
+    /// Types `text`.
     void type(std::string_view text) const {
         while (!text.empty()) {
             const ssize_t typed = ::write(testsEnd_, text.data(), text.size());
@@ -53,8 +53,8 @@ class PseudoTerminal final {
         }
     }
 
-    /// Returns when `text` has been drawn, the program's last end is closed, or nothing has been
-    /// drawn for a minute.
+    /// Blocks until `text` has been written, the program's end is closed, or nothing has been
+    /// written for a minute.
     void readUntil(std::string_view text) const {
         std::string all;
         std::array<char, 4096> block{};
@@ -68,7 +68,7 @@ class PseudoTerminal final {
         }
     }
 
-    /// Everything drawn until the last program's end is closed.
+    /// Everything written until the program's end is closed.
     [[nodiscard]] std::string readAll() const {
         std::string all;
         std::array<char, 4096> block{};

@@ -52,7 +52,7 @@ TEST_F(RestoreJournal, ThatIsLockedIsNamed) {
     EXPECT_EQ(restore().status, 0);
 }
 
-TEST_F(RestoreJournal, WhoseTotalsAreDamagedPutsBackAndSaysSo) {
+TEST_F(RestoreJournal, DamagedTotalsAreMovedAside) {
     const std::string totals = fs::path(journal()).parent_path().string() + "/data.plist";
     std::ofstream(totals) << "damaged";
     const ProgramResult result = restore();

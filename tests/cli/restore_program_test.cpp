@@ -16,7 +16,7 @@ using testing::MatchesRegex;
 
 class Restore : public RestoreFixture {
  protected:
-    /// A file in the Trash by what it is called there.
+    /// The path in the Trash of a file that was moved.
     [[nodiscard]] std::string inTrash(const std::string& path) const {
         return trash() + "/files/" + fs::path(path).filename().string();
     }
@@ -33,7 +33,7 @@ class Restore : public RestoreFixture {
     }
 };
 
-TEST_F(Restore, GivesBackNamesContentsAndDates) {
+TEST_F(Restore, RestoresNamesContentsAndDates) {
     writeEqual({"a.jpg", "b/b.jpg", "b/c d/c.jpg"});
     writeEqual({"d.txt", "e.txt"}, "papers");
     const Tree before = treeOf(photos());
@@ -48,7 +48,7 @@ TEST_F(Restore, GivesBackNamesContentsAndDates) {
     expectTotals(0);
 }
 
-TEST_F(Restore, TellsEachFileAndTheSums) {
+TEST_F(Restore, ReportsEachFileAndTheSums) {
     writeEqual({"a.jpg", "b.jpg"});
     const std::string moved = clean().front();
     EXPECT_EQ(tarvin({"restore", "-n"}).output, "Would put back: " + moved +
@@ -57,7 +57,7 @@ TEST_F(Restore, TellsEachFileAndTheSums) {
     EXPECT_EQ(restore().output, "Put back: " + moved + "\nFiles Put Back: 1\nSize: 0.01 KB\n");
 }
 
-TEST_F(Restore, ASecondTimeTakesTheCleanUpBefore) {
+TEST_F(Restore, RepeatedTakesTheCleanUpBefore) {
     writeEqual({"a.jpg", "b.jpg"});
     const std::string first = clean().front();
     writeEqual({"c.txt", "d.txt"});
@@ -88,7 +88,7 @@ TEST_F(Restore, TakesTheCleanUpWithTheNumber) {
               "There is nothing to put back.\nClean-up 1 has been put back already.\n");
 }
 
-TEST_F(Restore, OfAnUnknownNumberIsWrongUsage) {
+TEST_F(Restore, AnUnknownNumberIsAUsageError) {
     writeEqual({"a.jpg", "b.jpg"});
     const auto expectRefused = [this](const std::string& number, const std::string& text) {
         const ProgramResult result = restore({number});
@@ -111,7 +111,7 @@ TEST_F(Restore, OfAnUnknownNumberIsWrongUsage) {
     EXPECT_EQ(trashed(), 1U);
 }
 
-TEST_F(Restore, OntoATakenNameComesBackUnderAnother) {
+TEST_F(Restore, ChoosesAnotherNameIfItsOwnIsTaken) {
     writeEqual({"a.jpg", "b.jpg", "c.jpg"});
     const std::vector<std::string> moved = clean();
     ASSERT_EQ(moved.size(), 2U);
@@ -133,7 +133,7 @@ TEST_F(Restore, OntoATakenNameComesBackUnderAnother) {
     EXPECT_EQ(restore().output, allIsBack);
 }
 
-TEST_F(Restore, MakesFoldersAgain) {
+TEST_F(Restore, CreatesMissingFolders) {
     writeEqual({"a.jpg", "b/c/b.jpg", "b/c/c.jpg"});
     const Tree before = treeOf(photos());
     clean();
@@ -143,7 +143,7 @@ TEST_F(Restore, MakesFoldersAgain) {
     Tree after = treeOf(photos());
     std::erase_if(
         after, [](const auto& entry) { return entry.first.find("/gone/") != std::string::npos; });
-    // What was not moved went with its folder.
+    // The file that was not moved was removed with its folder.
     for (const auto& [path, entry] : after) {
         EXPECT_EQ(before.at(path), entry);
     }
@@ -151,7 +151,7 @@ TEST_F(Restore, MakesFoldersAgain) {
     EXPECT_EQ(trashed(), 0U);
 }
 
-TEST_F(Restore, LeavesInTheTrashWhatWasChangedThere) {
+TEST_F(Restore, LeavesFilesChangedInTheTrash) {
     writeEqual({"a.jpg", "b.jpg", "c.jpg"});
     const std::vector<std::string> moved = clean();
     std::ofstream(inTrash(moved[0]), std::ios::app) << "more";
@@ -169,7 +169,7 @@ TEST_F(Restore, LeavesInTheTrashWhatWasChangedThere) {
     EXPECT_EQ(restore({"1"}).status, 1);
 }
 
-TEST_F(Restore, TellsOfFilesThatAreNoLongerInTheTrash) {
+TEST_F(Restore, ReportsFilesNoLongerInTheTrash) {
     writeEqual({"a.jpg", "b.jpg", "c.jpg"});
     const std::vector<std::string> moved = clean();
     fs::remove(inTrash(moved[1]));
@@ -185,7 +185,7 @@ TEST_F(Restore, TellsOfFilesThatAreNoLongerInTheTrash) {
     expectTotals(1);
 }
 
-TEST_F(Restore, FromAnEmptiedTrashSaysSo) {
+TEST_F(Restore, ReportsAnEmptiedTrash) {
     writeEqual({"a.jpg", "b.jpg", "c.jpg"});
     clean();
     fs::remove_all(trash());
@@ -198,7 +198,7 @@ TEST_F(Restore, FromAnEmptiedTrashSaysSo) {
     expectTotals(2);
 }
 
-TEST_F(Restore, DoesNotFollowAFolderThatIsALinkNow) {
+TEST_F(Restore, DoesNotFollowAFolderReplacedByALink) {
     writeEqual({"a/a.jpg", "b/b.jpg"});
     const std::string moved = clean().front();
     const fs::path folder = fs::path(moved).parent_path();
@@ -210,14 +210,14 @@ TEST_F(Restore, DoesNotFollowAFolderThatIsALinkNow) {
     EXPECT_EQ(result.errors, "tarvin: cannot put back '" + moved + "': its folder is a link now\n")
         << result.output;
     EXPECT_EQ(trashed(), 1U);
-    // Still there for another try.
+    // It can be restored later.
     fs::remove(folder);
     fs::rename(other, folder);
     EXPECT_EQ(restore().status, 0);
     EXPECT_EQ(contentOf(moved), "equal file");
 }
 
-TEST_F(Restore, TellsWhyAFolderTakesNothing) {
+TEST_F(Restore, ReportsWhyAFolderCannotBeWritten) {
     writeEqual({"a/a.jpg", "b/b.jpg"});
     const std::string moved = clean().front();
     const fs::path folder = fs::path(moved).parent_path();
@@ -232,7 +232,7 @@ TEST_F(Restore, TellsWhyAFolderTakesNothing) {
     EXPECT_EQ(restore().status, 0);
 }
 
-TEST_F(Restore, GivesBackNamesOfAnyBytes) {
+TEST_F(Restore, RestoresNamesOfAnyBytes) {
     const std::vector<std::string> names = {"two\nlines.jpg", "100%25 \xF0\x9F\x98\x80.jpg",
                                             "\xFF\xFE.jpg", std::string(246, 'n') + ".jpg",
                                             "it's \"$HOME\".jpg"};
@@ -251,7 +251,7 @@ TEST_F(Restore, GivesBackNamesOfAnyBytes) {
     EXPECT_EQ(treeOf(photos()), before);
 }
 
-TEST_F(Restore, ShowsNamesThatSteerATerminalQuoted) {
+TEST_F(Restore, QuotesNamesWithControlCharacters) {
     writeEqual({"a\n.jpg", "b\x1B[2J.jpg"});
     const std::string moved = clean().front();
     std::ofstream(moved) << "mine";
@@ -261,7 +261,7 @@ TEST_F(Restore, ShowsNamesThatSteerATerminalQuoted) {
     EXPECT_THAT(output, HasSubstr(".jpg', now named $'"));
 }
 
-TEST_F(Restore, TellsInJsonWhatBecameOfEachFile) {
+TEST_F(Restore, ReportsTheOutcomeOfEachFileInJson) {
     writeEqual({"a.jpg", "b.jpg", "c.jpg"});
     const std::vector<std::string> moved = clean();
     std::ofstream(moved[0]) << "mine";
@@ -284,7 +284,7 @@ TEST_F(Restore, TellsInJsonWhatBecameOfEachFile) {
     EXPECT_FALSE(json["files"][1].contains("putBackPath"));
 }
 
-TEST_F(Restore, OnADryRunChangesNothing) {
+TEST_F(Restore, DryRunChangesNothing) {
     writeEqual({"a.jpg", "b/b.jpg", "c.jpg", "d.jpg"});
     clean();
     const Tree before = treeOf(folder_.path());
@@ -301,7 +301,7 @@ TEST_F(Restore, OnADryRunChangesNothing) {
     expectTotals(3);
 }
 
-TEST_F(Restore, WhereNothingWasEverCleanedUpSaysSoAndMakesNothing) {
+TEST_F(Restore, WithoutAnyCleanUpCreatesNoJournal) {
     const ProgramResult result = restore();
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors, "");
@@ -334,14 +334,14 @@ TEST_F(Restore, ListsTheCleanUpsNewestFirstInLocalTime) {
     EXPECT_EQ(oldest["movedFilesSize"], 20);
     EXPECT_EQ(oldest["putBackFilesCount"], 2);
     EXPECT_EQ(oldest["lostFilesCount"], 0);
-    // Five and a half hours east of Greenwich; the minutes tell.
+    // UTC+05:30: the minutes show the difference.
     const auto date = oldest["date"].get<std::string>();
     const std::string line = result.output.substr(result.output.rfind("1  20"));
     const int universal = std::stoi(date.substr(14, 2));
     EXPECT_EQ(std::stoi(line.substr(17, 2)), (universal + 30) % 60) << date << ' ' << line;
 }
 
-TEST_F(Restore, WithNobodyToAskRefusesBeforeItLooks) {
+TEST_F(Restore, WithoutATerminalRefusesBeforeScanning) {
     writeEqual({"a.jpg", "b.jpg"});
     clean();
     const ProgramResult result = tarvin({"restore"});
@@ -352,7 +352,7 @@ TEST_F(Restore, WithNobodyToAskRefusesBeforeItLooks) {
     EXPECT_EQ(trashed(), 1U);
 }
 
-TEST_F(Restore, AListIsNothingThatIsPutBack) {
+TEST_F(Restore, ListCannotBeCombinedWithPuttingBack) {
     writeEqual({"a.jpg", "b.jpg"});
     clean();
     for (const std::string more : {"--dry-run", "--yes", "1"}) {
@@ -392,10 +392,10 @@ TEST_F(Restore, GoesOnWithoutAReaderAndReportsToStandardError) {
     expectTotals(0);
 }
 
-TEST_F(Restore, DoesNotOfferWhatAnotherProgramPutBack) {
+TEST_F(Restore, DoesNotOfferFilesRestoredByAnotherProgram) {
     writeEqual({"a.jpg", "b.jpg", "c.jpg"});
     const std::vector<std::string> moved = clean();
-    // As "gio move" does: the file goes home, its note stays.
+    // As "gio move" does: it moves the file back and leaves the .trashinfo file.
     fs::rename(inTrash(moved[0]), moved[0]);
     EXPECT_EQ(planned().size(), 1U);
     EXPECT_THAT(tarvin({"restore", "--list"}).output, EndsWith(", 1 put back\n"));

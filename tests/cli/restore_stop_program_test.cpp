@@ -14,7 +14,7 @@ using testing::HasSubstr;
 
 constexpr const char* ctrlC = "\x03";
 
-/// With a person at a terminal.
+/// With a user at a terminal.
 class RestoreAsking : public RestoreFixture {
  protected:
     RestoreAsking() {
@@ -51,7 +51,7 @@ TEST_F(RestoreAsking, YesPutsBack) {
     EXPECT_EQ(trashed(), 0U);
 }
 
-TEST_F(RestoreAsking, NoOrAnythingElseDoesNot) {
+TEST_F(RestoreAsking, AnyOtherAnswerMovesNothing) {
     for (const char* text : {"n\n", "\n", "yesterday\n", "\x04"}) {
         const ProgramResult result = answer(text);
         EXPECT_EQ(result.status, 0);
@@ -60,13 +60,13 @@ TEST_F(RestoreAsking, NoOrAnythingElseDoesNot) {
     }
 }
 
-TEST_F(RestoreAsking, TheQuestionCountsWhatCanComeBack) {
+TEST_F(RestoreAsking, TheQuestionCountsFilesThatCanBePutBack) {
     fs::remove(trash() + "/files/" + fs::path(moved_[0]).filename().string());
     EXPECT_EQ(answer("n\n").status, 0);
     EXPECT_THAT(asked_, HasSubstr("Put 1 of 2 files (0.01 KB) of the clean-up of "));
 }
 
-TEST_F(RestoreAsking, NobodyIsAskedWhereNothingCanComeBack) {
+TEST_F(RestoreAsking, DoesNotAskIfNoFileCanBePutBack) {
     for (const std::string& path : moved_) {
         fs::resize_file(trash() + "/files/" + fs::path(path).filename().string(), 1);
     }
@@ -114,7 +114,7 @@ class RestoreMany : public RestoreFixture {
     Tree before_;
 };
 
-TEST_F(RestoreMany, CtrlCEndsTheFileInHandAndTheRestIsToldAsStopped) {
+TEST_F(RestoreMany, CtrlCFinishesTheCurrentFileAndReportsTheRestAsStopped) {
     ASSERT_EQ(clean().size(), files);
     const PseudoTerminal terminal;
     ProgramSetting typing = setting();
@@ -123,7 +123,7 @@ TEST_F(RestoreMany, CtrlCEndsTheFileInHandAndTheRestIsToldAsStopped) {
     ProgramRun run({"restore", "--yes", "--format", "json"}, typing);
     EXPECT_TRUE(waitUntil([this] { return there() > 1; }));
     terminal.type(ctrlC);
-    run.send(SIGTERM);  // another signal, which cannot be merged with the first
+    run.send(SIGTERM);  // different from the first, so the two cannot be merged
     const ProgramResult result = run.wait();
     EXPECT_EQ(result.status, 130);
     EXPECT_EQ(result.errors, "");
@@ -139,7 +139,7 @@ TEST_F(RestoreMany, CtrlCEndsTheFileInHandAndTheRestIsToldAsStopped) {
     EXPECT_EQ(json["putBackFilesCount"], outcomes["toItsPlace"]);
     EXPECT_EQ(there(), 1 + outcomes["toItsPlace"]);
     expectTotals(outcomes["stopped"]);
-    // The rest comes with another try.
+    // Repeating it restores the rest.
     EXPECT_EQ(restoreAsJson()["putBackFilesCount"], outcomes["stopped"]);
     EXPECT_EQ(treeOf(photos()), before_);
     expectTotals(0);
@@ -167,7 +167,7 @@ TEST_F(RestoreMany, TwoProcessesPutEachFileBackOnce) {
     expectTotals(0);
 }
 
-TEST_F(RestoreMany, AfterAKilledCleanUpTotalsAndRestoreTellTheTruth) {
+TEST_F(RestoreMany, AfterAKilledCleanUpTotalsAndRestoreAreCorrect) {
     ProgramRun run({"clean", "--yes", photos()}, setting());
     EXPECT_TRUE(waitUntil([this] { return trashed() > 0; }));
     run.send(SIGKILL);
@@ -184,7 +184,7 @@ TEST_F(RestoreMany, AfterAKilledCleanUpTotalsAndRestoreTellTheTruth) {
     expectTotals(0);
 }
 
-TEST_F(RestoreMany, AKilledOneIsEndedByTheNext) {
+TEST_F(RestoreMany, TheNextOneCompletesAKilledOne) {
     ASSERT_EQ(clean().size(), files);
     ProgramRun run({"restore", "--yes"}, setting());
     EXPECT_TRUE(waitUntil([this] { return there() > 1; }));

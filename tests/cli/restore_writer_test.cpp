@@ -17,7 +17,7 @@ PutBackFile fileAt(const std::string& path, PutBackOutcome outcome) {
     return file;
 }
 
-/// What a writer writes of these files.
+/// The output of a writer for these files.
 template <typename Action>
 std::string written(ResultFormat format, const RestoreSubject& subject, const Action& action) {
     Pipe pipe;
@@ -40,7 +40,7 @@ void writeOneOfEach(RestoreWriter& writer) {
     writer.end({.files = 3, .bytes = 3000, .notFiles = 1, .stopped = true});
 }
 
-TEST(RestoreWriter, TellsPeopleWhatCameBackAndHow) {
+TEST(RestoreWriter, TextListsFilesPutBack) {
     EXPECT_EQ(written(ResultFormat::text, {.dryRun = false, .cleanUp = 7}, writeOneOfEach),
               "Put back: /p/a.jpg\n"
               "Put back: /b.jpg, now named b (put back).jpg\n"
@@ -50,7 +50,7 @@ TEST(RestoreWriter, TellsPeopleWhatCameBackAndHow) {
               "Size: 3.00 KB\n");
 }
 
-TEST(RestoreWriter, TellsPeopleThePlan) {
+TEST(RestoreWriter, TextListsThePlan) {
     EXPECT_EQ(written(ResultFormat::text, {.dryRun = true, .cleanUp = 7}, writeOneOfEach),
               "Would put back: /p/a.jpg\n"
               "Would put back: /b.jpg, to be named b (put back).jpg\n"
@@ -61,7 +61,7 @@ TEST(RestoreWriter, TellsPeopleThePlan) {
               "Dry run: nothing was put back.\n");
 }
 
-TEST(RestoreWriter, TellsProgramsEveryFile) {
+TEST(RestoreWriter, JsonListsEveryFile) {
     EXPECT_EQ(
         parsedJson(written(ResultFormat::json, {.dryRun = false, .cleanUp = 7}, writeOneOfEach)),
         Json::parse(R"({
@@ -76,7 +76,7 @@ TEST(RestoreWriter, TellsProgramsEveryFile) {
         "putBackFilesCount": 3, "putBackFilesSize": 3000, "notPutBackFilesCount": 1})"));
 }
 
-TEST(RestoreWriter, TellsProgramsTheBytesOfNamesThatAreNotUtf8) {
+TEST(RestoreWriter, JsonHasTheBytesOfNonUtf8Names) {
     const Json json = parsedJson(
         written(ResultFormat::json, {.dryRun = true, .cleanUp = 1}, [](RestoreWriter& writer) {
             PutBackFile file = fileAt("/\xFF.jpg", PutBackOutcome::underOtherName);
@@ -90,7 +90,7 @@ TEST(RestoreWriter, TellsProgramsTheBytesOfNamesThatAreNotUtf8) {
     EXPECT_EQ(json["files"][0]["putBackPathBytes"], "2fff2028707574206261636b292e6a7067");
 }
 
-TEST(RestoreWriter, EscapesInJsonWhatATerminalWouldObey) {
+TEST(RestoreWriter, JsonEscapesControlCharacters) {
     const std::string json =
         written(ResultFormat::json, {.dryRun = true, .cleanUp = 1}, [](RestoreWriter& writer) {
             writer.file(fileAt("/\xC2\x9B.jpg", PutBackOutcome::toItsPlace));
@@ -99,7 +99,7 @@ TEST(RestoreWriter, EscapesInJsonWhatATerminalWouldObey) {
     EXPECT_NE(json.find("\"/\\u009b.jpg\""), std::string::npos) << json;
 }
 
-TEST(RestoreWriter, TellsWhyThereIsNothing) {
+TEST(RestoreWriter, SaysWhyThereIsNothingToPutBack) {
     const auto text = [](NothingToPutBack reason, std::optional<CleanUpId> cleanUp) {
         return written(ResultFormat::text, {.dryRun = false, .cleanUp = cleanUp},
                        [reason](RestoreWriter& writer) { writer.nothing(reason); });

@@ -12,15 +12,15 @@ namespace tarvin {
 
 using Json = nlohmann::json;
 
-/// The JSON of a scan, or null and a failure if it is none.
+/// The parsed JSON of a scan. Null, with a test failure, if it is invalid.
 inline Json parsedJson(const std::string& text) {
     Json json = Json::parse(text, nullptr, false);
     EXPECT_FALSE(json.is_discarded()) << text;
     return json.is_discarded() ? Json() : json;
 }
 
-/// The same without what a test cannot know in advance: the time it took must be a number, and the
-/// dates on which files were made, dates or null.
+/// The same without values that a test cannot know: the elapsed time, which must be a number, and
+/// the creation dates, which must be dates or null.
 inline Json foreseeable(const std::string& text) {
     Json json = parsedJson(text);
     EXPECT_TRUE(json.at("elapsedSeconds").is_number());
@@ -46,7 +46,7 @@ inline Json foreseeable(const std::string& text) {
 using Paths = std::set<std::string>;
 using Sets = std::set<Paths>;
 
-/// The sets of a result in no order, by paths, without `prefix`.
+/// The sets of a result, unordered, as paths without `prefix`.
 inline Sets setsIn(const Json& json, std::string_view prefix = "") {
     Sets sets;
     for (const Json& category : json.at("categories")) {

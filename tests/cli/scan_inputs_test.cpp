@@ -18,7 +18,7 @@ constexpr const char* listOfTwo =
 
 using Paths = std::vector<std::string>;
 
-TEST(ScanInputs, EachFolderIsACheckedRowByItsAbsolutePath) {
+TEST(ScanInputs, EachFolderBecomesACheckedRowWithItsAbsolutePath) {
     ScanOptions options;
     options.folders = {"/photos/", "/music/./new"};
     const ScanFolders folders = foldersOf(options);
@@ -32,7 +32,7 @@ TEST(ScanInputs, EachFolderIsACheckedRowByItsAbsolutePath) {
     EXPECT_TRUE(folders.unreadable.empty());
 }
 
-TEST(ScanInputs, AFolderWithoutAPathIsUnreadableAndTheOthersStay) {
+TEST(ScanInputs, AFolderWithoutAPathIsUnreadable) {
     ScanOptions options;
     options.folders = {"", "/photos"};
     const ScanFolders folders = foldersOf(options);
@@ -43,7 +43,7 @@ TEST(ScanInputs, AFolderWithoutAPathIsUnreadableAndTheOthersStay) {
     EXPECT_EQ(folders.unreadable[0].error.code, ENOENT);
 }
 
-TEST(ScanInputs, OnesOwnListIsUsedUnlessToldOtherwise) {
+TEST(ScanInputs, UsesTheUsersListByDefault) {
     const TemporaryFolder folder;
     folder.writeFile("exception.plist", listOfTwo);
     FakePlatform platform;
@@ -53,7 +53,7 @@ TEST(ScanInputs, OnesOwnListIsUsedUnlessToldOtherwise) {
     EXPECT_FALSE(list.error.has_value());
 }
 
-TEST(ScanInputs, ToHaveNoListOfOnesOwnIsNoError) {
+TEST(ScanInputs, AMissingUsersListIsEmpty) {
     const TemporaryFolder folder;
     FakePlatform platform;
     EXPECT_FALSE(exceptionsOf(ScanOptions(), platform).error.has_value());
@@ -63,7 +63,7 @@ TEST(ScanInputs, ToHaveNoListOfOnesOwnIsNoError) {
     EXPECT_TRUE(list.paths.empty());
 }
 
-TEST(ScanInputs, ADamagedListOfOnesOwnIsAnError) {
+TEST(ScanInputs, ADamagedUsersListIsAnError) {
     const TemporaryFolder folder;
     const std::string path = folder.writeFile("exception.plist", "damaged");
     FakePlatform platform;
@@ -74,7 +74,7 @@ TEST(ScanInputs, ADamagedListOfOnesOwnIsAnError) {
     EXPECT_TRUE(list.paths.empty());
 }
 
-TEST(ScanInputs, AListThatIsAskedForTakesThePlaceOfOnesOwn) {
+TEST(ScanInputs, AListByOptionReplacesTheUsersList) {
     const TemporaryFolder folder;
     folder.writeFile("exception.plist", "damaged");
     FakePlatform platform;
@@ -84,7 +84,7 @@ TEST(ScanInputs, AListThatIsAskedForTakesThePlaceOfOnesOwn) {
     EXPECT_EQ(exceptionsOf(options, platform).paths, (Paths{"/a.jpg", "/b.jpg"}));
 }
 
-TEST(ScanInputs, AListThatIsAskedForMustBeThere) {
+TEST(ScanInputs, AListByOptionMustExist) {
     const TemporaryFolder folder;
     FakePlatform platform;
     ScanOptions options;

@@ -16,92 +16,92 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-/// What comes of a command line: the options, or why there are none.
+/// The options of a command line, or the error.
 struct Parsed {
     ScanOptions options;
     std::string error;
 };
 
 Parsed parsed(Words words) {
-    Parsed answer;
+    Parsed result;
     CLI::App command;
-    addScanOptions(command, answer.options);
+    addScanOptions(command, result.options);
     std::reverse(words.begin(), words.end());
     try {
         command.parse(std::move(words));
     } catch (const CLI::ParseError& error) {
-        answer.error = usageErrorText(error, command);
+        result.error = usageErrorText(error, command);
     }
-    return answer;
+    return result;
 }
 
 TEST(ScanOptions, AFolderIsEnough) {
-    const Parsed answer = parsed({"photos"});
-    EXPECT_EQ(answer.error, "");
-    EXPECT_EQ(answer.options.folders, Words{"photos"});
-    EXPECT_EQ(answer.options.format, ResultFormat::text);
-    EXPECT_EQ(answer.options.output, "-");
-    EXPECT_TRUE(answer.options.useExceptions);
-    EXPECT_EQ(answer.options.exceptionsFile, std::nullopt);
-    EXPECT_EQ(answer.options.progress, ProgressWhen::automatic);
+    const Parsed result = parsed({"photos"});
+    EXPECT_EQ(result.error, "");
+    EXPECT_EQ(result.options.folders, Words{"photos"});
+    EXPECT_EQ(result.options.format, ResultFormat::text);
+    EXPECT_EQ(result.options.output, "-");
+    EXPECT_TRUE(result.options.useExceptions);
+    EXPECT_EQ(result.options.exceptionsFile, std::nullopt);
+    EXPECT_EQ(result.options.progress, ProgressWhen::automatic);
 }
 
 TEST(ScanOptions, OptionsMayStandBetweenTheFolders) {
-    const Parsed answer = parsed({"a", "--format", "json", "b", "--output=o.json", "c d"});
-    EXPECT_EQ(answer.error, "");
-    EXPECT_EQ(answer.options.folders, (Words{"a", "b", "c d"}));
-    EXPECT_EQ(answer.options.format, ResultFormat::json);
-    EXPECT_EQ(answer.options.output, "o.json");
+    const Parsed result = parsed({"a", "--format", "json", "b", "--output=o.json", "c d"});
+    EXPECT_EQ(result.error, "");
+    EXPECT_EQ(result.options.folders, (Words{"a", "b", "c d"}));
+    EXPECT_EQ(result.options.format, ResultFormat::json);
+    EXPECT_EQ(result.options.output, "o.json");
 }
 
 TEST(ScanOptions, FormatAndOutputHaveShortNames) {
     for (const Words& words : {Words{"-f", "json", "-o", "r", "a"}, Words{"-fjson", "a", "-or"}}) {
-        const Parsed answer = parsed(words);
-        EXPECT_EQ(answer.error, "");
-        EXPECT_EQ(answer.options.folders, Words{"a"});
-        EXPECT_EQ(answer.options.format, ResultFormat::json);
-        EXPECT_EQ(answer.options.output, "r");
+        const Parsed result = parsed(words);
+        EXPECT_EQ(result.error, "");
+        EXPECT_EQ(result.options.folders, Words{"a"});
+        EXPECT_EQ(result.options.format, ResultFormat::json);
+        EXPECT_EQ(result.options.output, "r");
     }
 }
 
-TEST(ScanOptions, EveryFormatHasItsWord) {
+TEST(ScanOptions, AcceptsEveryFormat) {
     EXPECT_EQ(parsed({"--format", "text", "a"}).options.format, ResultFormat::text);
     EXPECT_EQ(parsed({"--format", "json", "a"}).options.format, ResultFormat::json);
     EXPECT_EQ(parsed({"--format", "csv", "a"}).options.format, ResultFormat::csv);
 }
 
-TEST(ScanOptions, EveryTimeForProgressHasItsWord) {
+TEST(ScanOptions, AcceptsEveryProgressMode) {
     EXPECT_EQ(parsed({"--progress", "auto", "a"}).options.progress, ProgressWhen::automatic);
     EXPECT_EQ(parsed({"--progress", "always", "a"}).options.progress, ProgressWhen::always);
     EXPECT_EQ(parsed({"--progress", "never", "a"}).options.progress, ProgressWhen::never);
 }
 
-TEST(ScanOptions, OfTwoWordsTheLastCounts) {
-    const Parsed answer =
+TEST(ScanOptions, TheLastOfTwoValuesWins) {
+    const Parsed result =
         parsed({"--format", "csv", "--output", "1", "--format", "json", "--output", "2", "a"});
-    EXPECT_EQ(answer.error, "");
-    EXPECT_EQ(answer.options.format, ResultFormat::json);
-    EXPECT_EQ(answer.options.output, "2");
+    EXPECT_EQ(result.error, "");
+    EXPECT_EQ(result.options.format, ResultFormat::json);
+    EXPECT_EQ(result.options.output, "2");
 }
 
 TEST(ScanOptions, ADashIsAnOutput) {
-    const Parsed answer = parsed({"--output", "-", "a"});
-    EXPECT_EQ(answer.error, "");
-    EXPECT_EQ(answer.options.output, "-");
+    const Parsed result = parsed({"--output", "-", "a"});
+    EXPECT_EQ(result.error, "");
+    EXPECT_EQ(result.options.output, "-");
 }
 
-TEST(ScanOptions, ExceptionsMayBeLeftOutOrTakenFromAFile) {
+TEST(ScanOptions, ExceptionsCanBeIgnoredOrReadFromAFile) {
     EXPECT_FALSE(parsed({"--no-exceptions", "a"}).options.useExceptions);
     EXPECT_EQ(parsed({"--exceptions", "list", "a"}).options.exceptionsFile, "list");
 }
 
-TEST(ScanOptions, ExceptionsCannotBeBothLeftOutAndTaken) {
+TEST(ScanOptions, TheExceptionsOptionsCannotBeCombined) {
     const std::string error = "--no-exceptions and --exceptions cannot be combined";
     EXPECT_EQ(parsed({"--no-exceptions", "--exceptions", "list", "a"}).error, error);
     EXPECT_EQ(parsed({"--exceptions", "list", "--no-exceptions", "a"}).error, error);
 }
 
-TEST(ScanOptions, AWordThatIsNoneOfThemIsRefused) {
+TEST(ScanOptions, AnInvalidValueIsRefused) {
     EXPECT_EQ(parsed({"--format", "xml", "a"}).error,
               "invalid value 'xml' for --format: expected text, json or csv");
     EXPECT_EQ(
@@ -110,7 +110,7 @@ TEST(ScanOptions, AWordThatIsNoneOfThemIsRefused) {
     EXPECT_EQ(parsed({"--progress", "", "a"}).error, "missing value for --progress");
 }
 
-TEST(ScanOptions, AWordThatIsOverruledMustBeOneOfThemToo) {
+TEST(ScanOptions, AnOverriddenValueMustBeValidToo) {
     EXPECT_NE(parsed({"--format", "xml", "--format", "json", "a"}).error, "");
 }
 
@@ -118,7 +118,7 @@ TEST(ScanOptions, AMissingFolderIsRefused) {
     EXPECT_EQ(parsed({}).error, "missing argument: FOLDER");
 }
 
-TEST(ScanOptions, AMissingWordIsRefused) {
+TEST(ScanOptions, AMissingValueIsRefused) {
     for (const char* option : {"--format", "--output", "--exceptions", "--progress"}) {
         EXPECT_EQ(parsed({"a", option}).error, std::string("missing value for ") + option);
     }

@@ -21,7 +21,7 @@ void setDate(const std::string& path) {
     std::filesystem::last_write_time(path, std::chrono::file_clock::from_sys(noon));
 }
 
-// The sanitizers reserve terabytes of address space; nothing is limited under them.
+// The sanitizers reserve terabytes of address space, so memory cannot be limited under them.
 #ifdef TARVIN_SANITIZED
 constexpr bool limitsMemory = false;
 #else
@@ -30,8 +30,8 @@ constexpr bool limitsMemory = true;
 constexpr std::uint64_t manyBytes = limitsMemory ? std::uint64_t{1} << 30U : 0;
 constexpr std::uint64_t fewBytes = limitsMemory ? 24 * 1024 * 1024 : 0;
 
-/// A tree of which everything is known: each folder holds one file, so that the order of folders on
-/// the command line is the order of the result.
+/// A tree with a known result: each folder has one file, so the order of the folders on the command
+/// line is that of the result.
 class Scan : public testing::Test {
  protected:
     std::string write(const std::string& name, const std::string& content) const {
@@ -50,7 +50,7 @@ class Scan : public testing::Test {
     TemporaryFolder folder_;
 };
 
-/// `text` with the folder in place of each "DIR".
+/// `text` with each "DIR" replaced by the folder.
 std::string placed(std::string text, const std::string& folder) {
     for (std::size_t at = text.find("DIR"); at != std::string::npos;
          at = text.find("DIR", at + folder.size())) {
@@ -59,7 +59,7 @@ std::string placed(std::string text, const std::string& folder) {
     return text;
 }
 
-TEST_F(Scan, JsonTellsEveryLevel) {
+TEST_F(Scan, JsonHasEveryLevel) {
     write("1/a.jpg", "photo");
     write("2/b.JPG", "photo");
     write("3/c.mp3", "sound!");
@@ -98,7 +98,7 @@ TEST_F(Scan, JsonTellsEveryLevel) {
     EXPECT_EQ(foreseeable(result.output), expected);
 }
 
-TEST_F(Scan, TextIsForPeople) {
+TEST_F(Scan, TextListsSetsAndASummary) {
     write("1/a.jpg", std::string(1000, 'p'));
     write("2/two\nlines.jpg", std::string(1000, 'p'));
     const ProgramResult result = scan("text", {"1", "2"});
@@ -116,13 +116,13 @@ TEST_F(Scan, TextIsForPeople) {
     EXPECT_EQ(result.output.substr(0, expected.size()), expected);
 }
 
-TEST_F(Scan, HardLinksOfOneFileCountOnceForWhatCanBeRegained) {
-    // Four names of two files: whatever is kept, one of the files can go.
+TEST_F(Scan, HardLinksCountOnceAsReclaimable) {
+    // Four hard links to two files: one file can be removed.
     write("1/a.jpg", std::string(1000, 'p'));
     write("2/b.jpg", std::string(1000, 'p'));
     std::filesystem::create_hard_link(folder_.pathOf("1/a.jpg"), folder_.pathOf("1/link.jpg"));
     std::filesystem::create_hard_link(folder_.pathOf("2/b.jpg"), folder_.pathOf("2/link.jpg"));
-    // Two names of one file.
+    // Two hard links to one file.
     write("1/c.mp3", "sound");
     std::filesystem::create_hard_link(folder_.pathOf("1/c.mp3"), folder_.pathOf("2/c.mp3"));
     const Json json = parsedJson(scan("json", {"1", "2"}).output);
@@ -135,7 +135,7 @@ TEST_F(Scan, HardLinksOfOneFileCountOnceForWhatCanBeRegained) {
         << text;
 }
 
-TEST_F(Scan, HardLinksOfOneFileAloneLeaveNothingToRegain) {
+TEST_F(Scan, HardLinksOfOneFileAreNotReclaimable) {
     write("1/a.jpg", std::string(1000, 'p'));
     std::filesystem::create_hard_link(folder_.pathOf("1/a.jpg"), folder_.pathOf("1/b.jpg"));
     EXPECT_EQ(parsedJson(scan("json", {"1"}).output)["reclaimable"], 0);
@@ -183,7 +183,7 @@ TEST_F(Scan, AFolderMayHaveAnyName) {
     EXPECT_EQ(setsIn(parsedJson(result.output)), Sets{paths});
 }
 
-TEST_F(Scan, BehindTheMarkAFolderMayBeginWithADash) {
+TEST_F(Scan, AfterTheEndOfOptionsAFolderMayBeginWithADash) {
     write("-b/a.jpg", "photo");
     write("--format/a.jpg", "photo");
     const ProgramResult result = scan("json", {"--", "-b", "--format"});
@@ -226,7 +226,7 @@ TEST_F(Scan, OverlappingFoldersDoNotMakeAFileItsOwnDuplicate) {
     }
 }
 
-TEST_F(Scan, FoldersThatCannotBeReadAreToldAndTheOthersScanned) {
+TEST_F(Scan, ReportsUnreadableFoldersAndScansTheOthers) {
     write("a/x.jpg", "photo");
     write("b/x.jpg", "photo");
     const ProgramResult result = scan("json", {"a", "missing", "a/x.jpg", "", "no/../way", "b"});
@@ -240,7 +240,7 @@ TEST_F(Scan, FoldersThatCannotBeReadAreToldAndTheOthersScanned) {
     EXPECT_EQ(setsIn(parsedJson(result.output), folder_.path()), (Sets{{"/a/x.jpg", "/b/x.jpg"}}));
 }
 
-TEST_F(Scan, WhatCannotBeReadInsideAFolderIsToldAndNotCompared) {
+TEST_F(Scan, ReportsUnreadableFilesInsideAFolder) {
     write("tree/a.jpg", "photo");
     write("tree/b.jpg", "photo");
     const std::string file = write("tree/c.jpg", "photo");
@@ -266,7 +266,7 @@ TEST_F(Scan, WhatCannotBeReadInsideAFolderIsToldAndNotCompared) {
     std::filesystem::permissions(folder, std::filesystem::perms::owner_all);
 }
 
-TEST_F(Scan, OfManyThatCannotBeReadTwentyAreNamedAndAllListed) {
+TEST_F(Scan, NamesTwentyUnreadableFilesAndListsAllInJson) {
     for (int number = 100; number < 123; ++number) {
         const std::string folder = folder_.makeFolder("tree/" + std::to_string(number));
         std::filesystem::permissions(folder, std::filesystem::perms::none);
@@ -281,7 +281,7 @@ TEST_F(Scan, OfManyThatCannotBeReadTwentyAreNamedAndAllListed) {
     EXPECT_EQ(Json::parse(result.output)["unreadable"].size(), 23U);
 }
 
-TEST_F(Scan, ATrashIsNotScannedWhicheverWayItIsNamed) {
+TEST_F(Scan, NeverScansATrashFolder) {
     write("volume/.Trash-1000/files/a.jpg", "photo");
     write("volume/.Trash-1000/files/b.jpg", "photo");
     const ProgramResult result = scan("json", {"volume/.Trash-1000/files"});
@@ -294,24 +294,24 @@ TEST_F(Scan, ATrashIsNotScannedWhicheverWayItIsNamed) {
     EXPECT_EQ(Json::parse(result.output)["totalFiles"], 0);
 }
 
-TEST_F(Scan, IsDoneWithoutASingleThread) {
+TEST_F(Scan, SucceedsWithoutThreads) {
     write("1/a.jpg", "photo");
     write("2/b.jpg", "photo");
-    const ProgramResult result = runTarvin(
-        {"scan", "--format", "json", "1", "2"},
-        {.folder = folder_.path(), .mostMemory = manyBytes, .threadStack = manyBytes * 4});
+    const ProgramResult result =
+        runTarvin({"scan", "--format", "json", "1", "2"},
+                  {.folder = folder_.path(), .maxMemory = manyBytes, .threadStack = manyBytes * 4});
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_EQ(setsIn(parsedJson(result.output), folder_.path()), (Sets{{"/1/a.jpg", "/2/b.jpg"}}));
 }
 
-TEST_F(Scan, WithoutEnoughMemoryEndsWithAMessage) {
+TEST_F(Scan, ReportsThatMemoryRanOut) {
     folder_.makeFolder("tree");
-    // Names and records of these take more than there is.
+    // Their names and records exceed the limit.
     for (int number = 0; number < 40'000; ++number) {
         folder_.writeFile("tree/" + std::string(200, 'n') + std::to_string(number) + ".jpg", "");
     }
     const ProgramResult result =
-        runTarvin({"scan", "tree"}, {.folder = folder_.path(), .mostMemory = fewBytes});
+        runTarvin({"scan", "tree"}, {.folder = folder_.path(), .maxMemory = fewBytes});
     EXPECT_EQ(result.status, limitsMemory ? 1 : 0) << result.errors;
     EXPECT_EQ(result.errors.find("out of memory") != std::string::npos, limitsMemory)
         << result.errors;
@@ -328,7 +328,7 @@ TEST_F(Scan, AnEmptyFolderHasNoDuplicates) {
               "category,extension,set,index,size,modified,created,path,path_bytes\r\n");
 }
 
-TEST_F(Scan, TheSameTreeGivesTheSameOutputEveryTime) {
+TEST_F(Scan, TheSameTreeGivesTheSameOutput) {
     for (int number = 0; number < 200; ++number) {
         write(std::to_string(number % 7) + "/" + std::to_string(number) + ".jpg",
               std::to_string(number % 50));
@@ -342,7 +342,7 @@ TEST_F(Scan, TheSameTreeGivesTheSameOutputEveryTime) {
     }
 }
 
-TEST_F(Scan, TheOrderInWhichFilesWereMadeDoesNotMatter) {
+TEST_F(Scan, TheOrderOfCreationDoesNotMatter) {
     std::vector<int> numbers;
     for (int number = 0; number < 100; ++number) {
         numbers.push_back(number * 37 % 100);

@@ -12,7 +12,7 @@
 namespace tarvin {
 namespace {
 
-/// Neither there nor waiting for its parent to notice its end.
+/// Whether the process does not exist or is a zombie.
 bool hasEnded(pid_t process) {
     std::ifstream file("/proc/" + std::to_string(process) + "/stat");
     std::string text;
@@ -28,7 +28,7 @@ TEST(ShellCommand, ReturnsTheOutputInOrderAndTheStatus) {
     EXPECT_EQ(runCommand("kill -KILL $$").status, -1);
 }
 
-TEST(ShellCommand, KillsWhatIsLeftInItsProcessGroup) {
+TEST(ShellCommand, KillsProcessesLeftInItsGroup) {
     const CommandResult result = runCommand("sleep 1500 & echo $!");
     EXPECT_EQ(result.status, 0);
     const pid_t left = std::stoi(result.output);

@@ -20,9 +20,8 @@ using namespace std::chrono_literals;
 
 constexpr std::uintmax_t hugeSize = std::uintmax_t{64} << 30;
 
-/// Two equal files that are compared at once, and after them two that take a minute or more. The
-/// huge ones take no room on the disk. All are of one category, which is compared in the order of
-/// the folders.
+/// Two equal files that are compared quickly, then two sparse ones that take a minute or more. All
+/// are of one category, which is compared in the order of the folders.
 class Stop : public testing::Test {
  protected:
     Stop() {
@@ -42,7 +41,7 @@ class Stop : public testing::Test {
     /// Waits until the two small files have been compared and the huge ones are being compared.
     static void waitUntilOnlyTheHugeAreLeft(ProgramRun& run) { run.waitForError("] 75%"); }
 
-    void expectWhatWasProven(const std::string& text) const {
+    void expectConfirmedSets(const std::string& text) const {
         const Json json = parsedJson(text);
         EXPECT_EQ(json["stopped"], true);
         EXPECT_EQ(json["totalFiles"], 1);
@@ -52,7 +51,7 @@ class Stop : public testing::Test {
     TemporaryFolder folder_;
 };
 
-TEST_F(Stop, CtrlCWritesWhatWasProvenAndEndsSoon) {
+TEST_F(Stop, CtrlCPrintsConfirmedSetsAndEndsSoon) {
     ProgramRun run(scan());
     waitUntilOnlyTheHugeAreLeft(run);
     const auto asked = std::chrono::steady_clock::now();
@@ -60,30 +59,30 @@ TEST_F(Stop, CtrlCWritesWhatWasProvenAndEndsSoon) {
     const ProgramResult result = run.wait();
     EXPECT_LT(std::chrono::steady_clock::now() - asked, 5s);
     EXPECT_EQ(result.status, 130);
-    expectWhatWasProven(result.output);
+    expectConfirmedSets(result.output);
     EXPECT_TRUE(result.errors.ends_with("\r\x1B[K")) << result.errors;
 }
 
-TEST_F(Stop, TheSignalTermDoesTheSame) {
+TEST_F(Stop, SigtermDoesTheSame) {
     ProgramRun run(scan());
     waitUntilOnlyTheHugeAreLeft(run);
     run.send(SIGTERM);
     const ProgramResult result = run.wait();
     EXPECT_EQ(result.status, 130);
-    expectWhatWasProven(result.output);
+    expectConfirmedSets(result.output);
 }
 
-TEST_F(Stop, WhatWasProvenGoesIntoTheFileToo) {
+TEST_F(Stop, ConfirmedSetsAreWrittenToTheOutputFile) {
     const std::string path = folder_.pathOf("result.json");
     ProgramRun run(scan({"--output", path}));
     waitUntilOnlyTheHugeAreLeft(run);
     run.send(SIGINT);
     EXPECT_EQ(run.wait().status, 130);
     std::ifstream file(path, std::ios::binary);
-    expectWhatWasProven({std::istreambuf_iterator<char>(file), {}});
+    expectConfirmedSets({std::istreambuf_iterator<char>(file), {}});
 }
 
-TEST_F(Stop, AResultThatCannotBeWrittenCountsMore) {
+TEST_F(Stop, AWriteErrorOverridesTheStatusOfAStop) {
     ProgramRun run(scan({"--output", "/dev/full"}));
     waitUntilOnlyTheHugeAreLeft(run);
     run.send(SIGINT);
@@ -94,7 +93,7 @@ TEST_F(Stop, AResultThatCannotBeWrittenCountsMore) {
         << result.errors;
 }
 
-TEST_F(Stop, TwoRequestsLeaveNoUnfinishedFile) {
+TEST_F(Stop, TwoSignalsLeaveNoTemporaryFile) {
     folder_.makeFolder("results");
     ProgramRun run(scan({"--output", folder_.pathOf("results/result.json")}));
     waitUntilOnlyTheHugeAreLeft(run);
@@ -106,16 +105,16 @@ TEST_F(Stop, TwoRequestsLeaveNoUnfinishedFile) {
     }
 }
 
-TEST(StopWhileWriting, TheSecondRequestEndsTheProgramAtOnce) {
+TEST(StopWhileWriting, TheSecondSignalEndsTheProgramAtOnce) {
     const TemporaryFolder folder;
-    // Far more than a pipe takes that nobody reads.
+    // Far more than a pipe holds.
     for (int number = 0; number < 2000; ++number) {
         folder.writeFile(std::to_string(number) + std::string(200, 'x') + ".jpg", "photo");
     }
     const Pipe pipe;
     ProgramRun run({"scan", "--progress", "always", folder.path()}, {.output = pipe.writing()});
     run.waitForError("\r\x1B[K");
-    // Two signals of one kind could become one on the way.
+    // Two equal signals could be merged.
     run.send(SIGINT);
     run.send(SIGTERM);
     EXPECT_EQ(run.wait().status, 130);

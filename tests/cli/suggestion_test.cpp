@@ -12,7 +12,7 @@ const std::vector<std::string> commands{"scan", "clean", "exceptions", "totals",
 const std::vector<std::string> options{"--format", "--output",     "--no-exceptions",
                                        "--yes",    "--exceptions", "--progress"};
 
-TEST(Suggestion, OneSlipIsNear) {
+TEST(Suggestion, AcceptsOneEdit) {
     EXPECT_EQ(nearest("scn", commands), "scan");
     EXPECT_EQ(nearest("scann", commands), "scan");
     EXPECT_EQ(nearest("skan", commands), "scan");
@@ -21,7 +21,7 @@ TEST(Suggestion, OneSlipIsNear) {
     EXPECT_EQ(nearest("cvs", {"text", "json", "csv"}), "csv");
 }
 
-TEST(Suggestion, TwoSlipsAreNearInALongWordOnly) {
+TEST(Suggestion, AcceptsTwoEditsInALongWord) {
     EXPECT_EQ(nearest("exeptoins", commands), "exceptions");
     EXPECT_EQ(nearest("cleen-", commands), "clean");
     EXPECT_EQ(nearest("sn", {"scan"}), "");
@@ -29,25 +29,25 @@ TEST(Suggestion, TwoSlipsAreNearInALongWordOnly) {
     EXPECT_EQ(nearest("exeptoin", commands), "");
 }
 
-TEST(Suggestion, ABeginningIsNear) {
+TEST(Suggestion, AcceptsAPrefix) {
     EXPECT_EQ(nearest("ex", commands), "exceptions");
     EXPECT_EQ(nearest("--form", options), "--format");
     EXPECT_EQ(nearest("--no", options), "--no-exceptions");
 }
 
-TEST(Suggestion, CaseAndDashesDoNotCount) {
+TEST(Suggestion, IgnoresCaseAndDashes) {
     EXPECT_EQ(nearest("JSON", {"text", "json", "csv"}), "json");
     EXPECT_EQ(nearest("-yes", options), "--yes");
     EXPECT_EQ(nearest("---format", options), "--format");
 }
 
-TEST(Suggestion, TheNearestIsTakenAndOfSeveralTheFirst) {
+TEST(Suggestion, ChoosesTheFirstOfTheClosest) {
     EXPECT_EQ(nearest("exception", {"--exceptional", "--exceptions", "--exception"}),
               "--exception");
     EXPECT_EQ(nearest("tale", {"take", "tall"}), "take");
 }
 
-TEST(Suggestion, WhatIsFarAwayIsNot) {
+TEST(Suggestion, RejectsDistantWords) {
     for (const char* word : {"purge", "delete", "x", "s", "", "-", "--", "--x", "h", "es", "\xFF",
                              "scanscanscanscanscanscanscanscanscanscan"}) {
         EXPECT_EQ(nearest(word, commands), "") << word;
@@ -59,7 +59,7 @@ TEST(Suggestion, WhatIsFarAwayIsNot) {
     EXPECT_EQ(nearest("-n", {"-y"}), "");
 }
 
-TEST(Suggestion, AKnownWordInTheWrongPlaceIsNoSlip) {
+TEST(Suggestion, RejectsAKnownWord) {
     EXPECT_EQ(nearest("--format", options), "");
     EXPECT_EQ(nearest("scan", {"scans", "scan"}), "");
 }

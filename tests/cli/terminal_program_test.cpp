@@ -15,7 +15,7 @@ namespace {
 
 using Words = ProgramRun::Words;
 
-/// What a program draws on one terminal that is its standard output and error.
+/// The output of a program whose standard output and error are one terminal.
 std::string drawnBy(const Words& arguments, ProgramSetting setting = {}) {
     PseudoTerminal terminal;
     setting.output = terminal.programsEnd();
@@ -27,7 +27,7 @@ std::string drawnBy(const Words& arguments, ProgramSetting setting = {}) {
     return drawn;
 }
 
-/// Two equal files, and a folder that is not there, on a terminal of some kind.
+/// Two equal files and a missing folder, on a terminal of some type.
 class Color : public testing::Test {
  protected:
     Color() {
@@ -52,7 +52,7 @@ class Color : public testing::Test {
 
 constexpr char escape = '\x1B';
 
-/// The text without what switches colours, and with the line ends of a file.
+/// The text without colour sequences and with the newlines of a file.
 std::string withoutColor(std::string text) {
     for (const std::string mark : {"\x1B[1m", "\x1B[31m", "\x1B[0m", "\r"}) {
         for (std::size_t at = 0; (at = text.find(mark)) != std::string::npos;) {
@@ -62,7 +62,7 @@ std::string withoutColor(std::string text) {
     return text;
 }
 
-/// Without the seconds that it took.
+/// Without the elapsed time.
 std::string beforeTheTime(const std::string& text) {
     return text.substr(0, text.find("Elapsed Time"));
 }
@@ -78,18 +78,18 @@ TEST_F(Color, HeadingsAreBoldAndMessagesBeginInRedOnATerminal) {
                 testing::StartsWith("\x1B[31mtarvin:\x1B[0m unknown command 'scna'"));
 }
 
-TEST_F(Color, TheTextIsTheSameLetterForLetterWithoutIt) {
+TEST_F(Color, ChangesNoText) {
     const ProgramResult piped = runTarvin(scan());
     EXPECT_EQ(beforeTheTime(withoutColor(drawn({}))), beforeTheTime(piped.errors + piped.output));
 }
 
-TEST_F(Color, IsNeverInAPipeOrFileUnlessAlwaysAskedFor) {
+TEST_F(Color, IsNotUsedInAPipeOrFileByDefault) {
     const ProgramSetting xterm{.environment = {{"TERM", "xterm"}, {"NO_COLOR", ""}}};
     for (const Words& options : {Words{}, Words{"--color=auto"}, Words{"--color=never"}}) {
         const ProgramResult piped = runTarvin(scan(options), xterm);
         EXPECT_EQ((piped.output + piped.errors).find(escape), std::string::npos);
     }
-    // Standard output is a terminal, the result is not on it.
+    // Standard output is a terminal, but the result goes to a file.
     const std::string file = folder_.pathOf("result");
     EXPECT_THAT(drawn({"--output", file}), testing::HasSubstr("/nonexistent"));
     EXPECT_EQ(contentOf(file).find(escape), std::string::npos);
@@ -98,20 +98,20 @@ TEST_F(Color, IsNeverInAPipeOrFileUnlessAlwaysAskedFor) {
     EXPECT_THAT(always.errors, testing::StartsWith("\x1B[31mtarvin:\x1B[0m "));
 }
 
-TEST_F(Color, IsSwitchedOffByOptionEnvironmentAndKindOfTerminal) {
+TEST_F(Color, IsDisabledByOptionEnvironmentAndTerminalType) {
     EXPECT_EQ(drawn({"--color", "never"}).find(escape), std::string::npos);
     EXPECT_EQ(drawn({}, "xterm", "1").find(escape), std::string::npos);
     EXPECT_EQ(drawn({}, "xterm", "0").find(escape), std::string::npos);
     EXPECT_EQ(drawn({}, "dumb").find(escape), std::string::npos);
     EXPECT_EQ(drawn({}, "").find(escape), std::string::npos);
     EXPECT_THAT(drawn({"--color", "always"}, "dumb", "1"), testing::HasSubstr("\x1B[1mImage"));
-    // Also of a command line that is given up in the middle.
+    // Also for a command line that is rejected in the middle.
     EXPECT_THAT(drawnBy({"scan", "--color=never", "/", "--format"},
                         {.environment = {{"TERM", "xterm"}, {"NO_COLOR", ""}}}),
                 testing::StartsWith("tarvin: missing value for --format"));
 }
 
-TEST_F(Color, IsNeverInJsonAndCsv) {
+TEST_F(Color, IsNotUsedInJsonAndCsv) {
     for (const char* format : {"json", "csv"}) {
         EXPECT_EQ(runTarvin(scan({"--color", "always", "--format", format})).output.find(escape),
                   std::string::npos)
@@ -119,7 +119,7 @@ TEST_F(Color, IsNeverInJsonAndCsv) {
     }
 }
 
-/// Whether a terminal would obey what the text begins with. `before` is the byte before it.
+/// Whether the text begins with a control sequence or character. `before` is the preceding byte.
 bool steersTheTerminal(std::string_view text, unsigned char before) {
     const auto byte = [text](std::size_t position) {
         return position < text.size() ? static_cast<unsigned char>(text[position]) : 0U;
@@ -135,7 +135,7 @@ bool steersTheTerminal(std::string_view text, unsigned char before) {
     return (byte(0) < 0x20 && byte(0) != '\n') || byte(0) == 0x7F || isC1 || isDirection;
 }
 
-/// The drawing from the first place on that steers the terminal; empty if there is none.
+/// The output from the first control sequence on; empty if there is none.
 std::string_view steeringIn(std::string_view drawn) {
     unsigned char before = 0;
     while (!drawn.empty() && !steersTheTerminal(drawn, before)) {
@@ -145,7 +145,7 @@ std::string_view steeringIn(std::string_view drawn) {
     return drawn;
 }
 
-/// Equal files whose names a terminal would obey, and a folder of that kind.
+/// Equal files and a folder whose names have control characters.
 class HostileNames : public testing::Test {
  protected:
     HostileNames() {
@@ -215,7 +215,7 @@ TEST_F(HostileNames, ReachNoTerminalFromTheExceptions) {
     expectHarmless({"exceptions", "list"});
 }
 
-TEST_F(HostileNames, AreToldExactlyInAPipe) {
+TEST_F(HostileNames, AreWrittenUnchangedToAPipe) {
     const std::string csv = runTarvin({"scan", "--format", "csv", photos()}).output;
     EXPECT_THAT(csv, testing::HasSubstr(photos() + "/1\x1B[31mx.e\x1B[31m,\r\n"));
     EXPECT_THAT(csv, testing::HasSubstr(photos() + "/3\u009B31mx.e\u009B31m,\r\n"));

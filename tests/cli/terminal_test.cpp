@@ -12,7 +12,7 @@
 namespace tarvin {
 namespace {
 
-/// Gives the environment's TERM a value for as long as it lives.
+/// Sets TERM during its lifetime.
 class TerminalKind final {
  public:
     explicit TerminalKind(const char* kind) {
@@ -54,13 +54,13 @@ TEST(Terminal, APipeIsNotDrawable) {
     EXPECT_FALSE(isDrawable(-1));
 }
 
-TEST(Terminal, TellsItsWidth) {
+TEST(Terminal, HasItsWidth) {
     const PseudoTerminal terminal;
     terminal.setColumns(33);
     EXPECT_EQ(columnsOf(terminal.programsEnd()), 33U);
 }
 
-TEST(Terminal, WhatDoesNotTellItsWidthIsEightyColumnsWide) {
+TEST(Terminal, AnUnknownWidthIsEightyColumns) {
     const PseudoTerminal terminal;
     terminal.setColumns(0);
     const Pipe pipe;

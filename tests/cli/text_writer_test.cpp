@@ -13,7 +13,7 @@ std::string textOf(const MadeUpReport& report) {
     return writtenBy(TextWriter(), report);
 }
 
-TEST(TextWriter, SetsStandUnderTheirExtensionsAndCategories) {
+TEST(TextWriter, SetsAreListedByCategoryAndExtension) {
     MadeUpReport report;
     report.addSet(Category::documents, {{"/d/a.pdf", 1'050'000}, {"/d/b.pdf", 1'050'000}});
     report.addSet(Category::image, {{"/p/a.jpg", 1000}, {"/p/b.jpg", 1000}, {"/p/c.jpg", 1000}});
@@ -65,7 +65,7 @@ TEST(TextWriter, CategoriesComeInTheirOwnOrder) {
                                   "0 files compared. Elapsed Time: 00:00:00\n");
 }
 
-TEST(TextWriter, OneFileIsOneLineWhateverItIsCalled) {
+TEST(TextWriter, EachFileIsOneLine) {
     MadeUpReport report;
     report.addSet(Category::other,
                   {{"/a \"b\", c.e\nx", 1000}, {"/\xFF\x1B[2J/it's \u00E4.x", 1000}});
@@ -81,13 +81,13 @@ TEST(TextWriter, OneFileIsOneLineWhateverItIsCalled) {
               "1 file compared. Elapsed Time: 00:00:00\n");
 }
 
-TEST(TextWriter, ThatNothingWasFoundToCompareIsSaid) {
+TEST(TextWriter, SaysThatThereWereNoFiles) {
     EXPECT_EQ(textOf(MadeUpReport()),
               "No duplicates File found\n"
               "0 files compared. Elapsed Time: 00:00:00\n");
 }
 
-TEST(TextWriter, ThatNoFileHasATwinIsSaid) {
+TEST(TextWriter, SaysThatThereAreNoDuplicates) {
     MadeUpReport report;
     report.setCollected(Category::video, 2);
     EXPECT_EQ(textOf(report),
@@ -95,7 +95,7 @@ TEST(TextWriter, ThatNoFileHasATwinIsSaid) {
               "2 files compared. Elapsed Time: 00:00:00\n");
 }
 
-TEST(TextWriter, AScanThatWasStoppedClaimsNothingForTheRest) {
+TEST(TextWriter, SaysThatAStoppedScanIsIncomplete) {
     MadeUpReport report;
     report.setStopped();
     EXPECT_EQ(textOf(report),
@@ -104,7 +104,7 @@ TEST(TextWriter, AScanThatWasStoppedClaimsNothingForTheRest) {
               "0 files collected. Elapsed Time: 00:00:00\n");
 }
 
-TEST(TextWriter, WhatAStoppedScanHasProvenIsShown) {
+TEST(TextWriter, ListsTheConfirmedSetsOfAStoppedScan) {
     MadeUpReport report;
     report.addSet(Category::audio, {{"/a.mp3", 3000}, {"/b.mp3", 3000}});
     report.setCollected(Category::audio, 50);

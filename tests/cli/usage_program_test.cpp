@@ -12,13 +12,13 @@ namespace {
 
 using Words = ProgramRun::Words;
 
-/// A command line that is wrong, and what is said about it.
+/// A wrong command line and its error message.
 struct WrongUsage {
     Words arguments;
     std::string errors;
 };
 
-/// In a folder of its own, where nothing may appear.
+/// Runs in an empty folder, which must stay empty.
 void expectRefusal(const WrongUsage& wrong) {
     const TemporaryFolder current;
     const ProgramResult result = runTarvin(wrong.arguments, {.folder = current.path()});
@@ -28,7 +28,7 @@ void expectRefusal(const WrongUsage& wrong) {
     EXPECT_TRUE(std::filesystem::is_empty(current.path())) << wrong.errors;
 }
 
-TEST(Usage, WithoutACommandNothingIsDone) {
+TEST(Usage, AMissingCommandIsReported) {
     for (const Words& arguments : {Words{}, Words{"--"}}) {
         expectRefusal({arguments, "tarvin: missing command\nTry 'tarvin --help'.\n"});
     }
@@ -41,7 +41,7 @@ TEST(Usage, AnUnknownCommandIsNamed) {
     expectRefusal({{""}, "tarvin: unknown command $''\nTry 'tarvin --help'.\n"});
 }
 
-TEST(Usage, ANearMissIsNamedAndNotRun) {
+TEST(Usage, AMisspellingIsSuggestedNotRun) {
     const TemporaryFolder folder;
     folder.writeFile("a.jpg", "photo");
     folder.writeFile("b.jpg", "photo");
@@ -82,18 +82,18 @@ TEST(Usage, AnUnknownOptionIsNamed) {
                    "tarvin: unexpected argument $'--re\\ncursive'\nTry 'tarvin scan --help'.\n"});
 }
 
-TEST(Usage, AScanNeedsAFolder) {
+TEST(Usage, ScanRequiresAFolder) {
     for (const Words& arguments : {Words{"scan"}, Words{"scan", "--format", "json"}}) {
         expectRefusal({arguments, "tarvin: missing argument: FOLDER\nTry 'tarvin scan --help'.\n"});
     }
 }
 
-TEST(Usage, ACleanUpNeedsAFolder) {
+TEST(Usage, CleanRequiresAFolder) {
     expectRefusal(
         {{"clean", "--yes"}, "tarvin: missing argument: FOLDER\nTry 'tarvin clean --help'.\n"});
 }
 
-TEST(Usage, ExceptionsNeedToKnowWhatToDo) {
+TEST(Usage, ExceptionsRequireACommand) {
     expectRefusal(
         {{"exceptions"},
          "tarvin: missing command: list, add or clear\nTry 'tarvin exceptions --help'.\n"});
@@ -103,12 +103,12 @@ TEST(Usage, ExceptionsNeedToKnowWhatToDo) {
                    "tarvin: missing argument: FILE\nTry 'tarvin exceptions add --help'.\n"});
 }
 
-TEST(Usage, TotalsTakeNothing) {
+TEST(Usage, TotalsTakeNoArguments) {
     expectRefusal(
         {{"totals", "x"}, "tarvin: unexpected argument 'x'\nTry 'tarvin totals --help'.\n"});
 }
 
-TEST(Usage, AWordThatIsNoneOfThemIsNamed) {
+TEST(Usage, AnInvalidValueIsNamed) {
     expectRefusal({{"scan", "--format", "xml", "/nonexistent"},
                    "tarvin: invalid value 'xml' for --format: expected text, json or csv\n"
                    "Try 'tarvin scan --help'.\n"});
@@ -118,7 +118,7 @@ TEST(Usage, AWordThatIsNoneOfThemIsNamed) {
          "Try 'tarvin scan --help'.\n"});
 }
 
-TEST(Usage, AnEmptyValueIsRefusedAndTheNextWordIsNotTakenForIt) {
+TEST(Usage, AnEmptyValueDoesNotTakeTheNextWord) {
     const TemporaryFolder folder;
     folder.writeFile("photos/a.jpg", "photo");
     const std::string kept = folder.writeFile("kept", "not to be lost");
@@ -146,7 +146,7 @@ TEST(Usage, AMissingValueAtTheEndIsNamed) {
     }
 }
 
-TEST(Usage, AForgottenFileDoesNotSwallowTheNextOption) {
+TEST(Usage, AMissingFileDoesNotTakeTheNextOption) {
     expectRefusal({{"clean", "--output", "--dry-run", "--yes", "/nonexistent"},
                    "tarvin: invalid value '--dry-run' for --output: looks like an option; write "
                    "'./--dry-run' for a file of that name\nTry 'tarvin clean --help'.\n"});
@@ -157,7 +157,7 @@ TEST(Usage, AForgottenFileDoesNotSwallowTheNextOption) {
          "Try 'tarvin scan --help'.\n"});
 }
 
-TEST(Usage, ALongNameBehindOneDashIsNotTakenForAShortOptionWithItsValue) {
+TEST(Usage, ALongNameAfterOneDashIsRefused) {
     const TemporaryFolder folder;
     const ProgramResult result =
         runTarvin({"scan", "-output", "result", folder.path()}, {.folder = folder.path()});
@@ -171,7 +171,7 @@ TEST(Usage, ALongNameBehindOneDashIsNotTakenForAShortOptionWithItsValue) {
                    "Try 'tarvin scan --help'.\n"});
 }
 
-TEST(Usage, ShortOptionsInOneWordAreLetters) {
+TEST(Usage, CombinedShortOptionsMustBeLetters) {
     for (const char* word : {"-n-", "-y-n", "-n=1", "-y /"}) {
         expectRefusal({{"clean", word, "/nonexistent"},
                        std::string("tarvin: unexpected argument '") + word +
@@ -193,7 +193,7 @@ TEST(Usage, AFlagTakesNoValue) {
     expectRefusal({{"--version=2"}, "tarvin: --version takes no value\nTry 'tarvin --help'.\n"});
 }
 
-TEST(Usage, ExceptionsCannotBeBothLeftOutAndTaken) {
+TEST(Usage, TheExceptionsOptionsCannotBeCombined) {
     const ProgramResult result =
         runTarvin({"scan", "--no-exceptions", "--exceptions", "list", "/nonexistent"});
     EXPECT_EQ(result.status, 2);
@@ -203,7 +203,7 @@ TEST(Usage, ExceptionsCannotBeBothLeftOutAndTaken) {
               "Try 'tarvin scan --help'.\n");
 }
 
-TEST(Usage, AnOutputThatCannotBeWrittenIsRefusedBeforeTheScan) {
+TEST(Usage, AnUnwritableOutputIsRefusedBeforeTheScan) {
     const TemporaryFolder folder;
     const std::string path = folder.pathOf("no folder/result");
     expectRefusal({{"scan", "--output", path, "/nonexistent"},
