@@ -1,5 +1,5 @@
-# Makes an application of macOS out of the program with a window: its property list, its icon, and
-# beside the program the targets that it starts, where it looks first.
+# Makes the window program a macOS application bundle: property list, icon, and the helper programs
+# beside the executable, where it looks first.
 function(tarvin_make_mac_bundle program)
     set(pictures ${PROJECT_SOURCE_DIR}/resources/icons/hicolor)
     set(iconset ${CMAKE_CURRENT_BINARY_DIR}/${program}.iconset)

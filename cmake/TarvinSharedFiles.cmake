@@ -1,8 +1,7 @@
-# Installs the named files of the calling folder where the program with the window looks for files of
-# its own, and keeps copies at the same place seen from the program that was built, so that they are
-# found where nothing is installed.
+# Installs the named files of the calling folder in the data folder of the window program, and copies
+# them to the same relative path in the build folder, so that the program runs without installation.
 function(tarvin_share_files)
-    if(APPLE)  # where they are part of the program's bundle
+    if(APPLE)  # they are part of the bundle
         list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ OUTPUT_VARIABLE files)
         set_source_files_properties(${files} TARGET_DIRECTORY tarvin-duplicate-file-remover
             PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
@@ -11,7 +10,7 @@ function(tarvin_share_files)
     endif()
     foreach(file IN LISTS ARGN)
         cmake_path(GET file FILENAME name)
-        # A change of the file makes the build configure itself, and so the copy follows.
+        # A change of the file reruns CMake, which copies it again.
         configure_file(${file}
             ${PROJECT_BINARY_DIR}/src/share/tarvin-duplicate-file-remover/${name} COPYONLY)
     endforeach()

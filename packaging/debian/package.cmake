@@ -1,5 +1,5 @@
-# How cpack makes the packages for Debian out of what is installed: tarvin is the program for the
-# terminal, without Qt; tarvin-duplicate-file-remover has the window, and needs the other.
+# Configures cpack for two Debian packages: tarvin is the terminal program, without Qt;
+# tarvin-duplicate-file-remover has the window and depends on tarvin.
 if(TARVIN_PACKAGE)
     find_program(TARVIN_DPKG_SHLIBDEPS dpkg-shlibdeps)
     find_program(TARVIN_FILE file)
@@ -30,7 +30,7 @@ if(TARVIN_BUILD_WINDOW)
     list(APPEND CPACK_COMPONENTS_ALL window)
 endif()
 
-# The release that it is made on and for, with its number: what it depends on has other names there.
+# The Debian release of the build, with its number: packages have other names in other releases.
 set(TARVIN_DEBIAN_RELEASE "")
 set(TARVIN_DEBIAN_NAME unstable)
 set(lines "")
@@ -44,7 +44,7 @@ foreach(line IN LISTS lines)
         set(TARVIN_DEBIAN_NAME ${CMAKE_MATCH_1})
     endif()
 endforeach()
-# Of the package, not of the program: counted up when the same program is packed anew.
+# Package revision: increment it when the same program version is packaged again.
 set(CPACK_DEBIAN_PACKAGE_RELEASE 2${TARVIN_DEBIAN_RELEASE})
 set(packed ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
 configure_file(${CMAKE_CURRENT_LIST_DIR}/changelog.in debian/changelog @ONLY)
@@ -62,16 +62,15 @@ foreach(component IN ITEMS terminal window)
     string(STRIP "${description}" CPACK_DEBIAN_${part}_DESCRIPTION)
 endforeach()
 
-# Both were one package before.
+# Both programs used to be in one package.
 set(CPACK_DEBIAN_TERMINAL_PACKAGE_BREAKS "tarvin-duplicate-file-remover (<< ${PROJECT_VERSION}-2~)")
 set(CPACK_DEBIAN_TERMINAL_PACKAGE_REPLACES ${CPACK_DEBIAN_TERMINAL_PACKAGE_BREAKS})
 set(CPACK_DEBIAN_WINDOW_PACKAGE_DEPENDS "tarvin (= ${packed})")
-# Addresses by https; letters narrow enough for the properties of a file; previews of HEIC and AVIF,
-# of JPEG 2000, of WebP and TIFF, each loaded when it is needed; a window of Wayland's own; the
-# programs that open a file or the guide.
+# HTTPS; a font narrow enough for file dates; previews of HEIC, AVIF, JPEG 2000, WebP and TIFF, each
+# loaded on first use; native Wayland windows; the programs that open a file or the guide.
 set(recommended ca-certificates fonts-liberation libheif1 libopenjp2-7 qt6-image-formats-plugins)
-set(suggested gvfs)  # for file managers that show the Trash and put files back
-if(NOT TARVIN_DEBIAN_NAME STREQUAL "bookworm")  # drawings, and more formats for previews
+set(suggested gvfs)  # for file managers that show the Trash and restore files
+if(NOT TARVIN_DEBIAN_NAME STREQUAL "bookworm")  # SVG, and more preview formats
     list(APPEND recommended qt6-svg-plugins)
     list(APPEND suggested kimageformat6-plugins)
 endif()

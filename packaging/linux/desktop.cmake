@@ -1,4 +1,4 @@
-# What desktops want to know of the program with a window.
+# Desktop entries, icons and metadata of the window program.
 set(drawings ${PROJECT_SOURCE_DIR}/resources)
 install(FILES
     linux/tarvin-duplicate-file-remover.desktop
