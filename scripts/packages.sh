@@ -1,8 +1,8 @@
 # shellcheck shell=bash
-# What the project needs from Debian 12 and 13, in one place, and how it is installed. Sourced by
-# ./run, ./test and the scripts beside it.
+# The Debian 12 and 13 packages that the project needs, and their installation. Sourced by ./run,
+# ./test and the scripts in this folder.
 
-# The release that this system is of: bookworm is Debian 12, trixie is Debian 13.
+# Prints the release of this system: bookworm is Debian 12, trixie is Debian 13.
 releaseName() {
     local name='' value
     while IFS='=' read -r name value; do
@@ -38,8 +38,8 @@ if [[ $(releaseName) != bookworm ]]; then
     buildPackages+=(qt6-svg-plugins)  # a part of qt6-svg-dev before
 fi
 
-# To build and run the tests and the benchmarks, and to check the sources. How a source is to be
-# written depends on the version of what checks it: both releases have 19.
+# To build and run the tests and benchmarks, and to check the sources. The verdicts of clang-format
+# and clang-tidy depend on their version: both releases have 19.
 # shellcheck disable=SC2034
 testPackages=(
     appstream
@@ -77,7 +77,7 @@ testPackages=(
     zsh
 )
 
-# To try the packages.
+# For the package smoke test.
 # shellcheck disable=SC2034
 packagingPackages=(
     debootstrap
@@ -91,14 +91,14 @@ packagingPackages=(
     xvfb
 )
 
-# To feed the readers of files with what chance makes.
+# For fuzzing.
 # shellcheck disable=SC2034
 fuzzPackages=(
     clang-19
     libclang-rt-19-dev
 )
 
-# Prints those of the named packages that are not installed, one a line.
+# Prints the named packages that are not installed, one per line.
 missingPackages() {
     local -A installed=()
     local status package
@@ -114,7 +114,7 @@ missingPackages() {
     done
 }
 
-# Runs its arguments and keeps what they print for when they fail. The log has what they printed.
+# Runs its arguments with their output in the log, which is printed if they fail.
 inLog() {
     local log=$1
     shift
@@ -124,23 +124,23 @@ inLog() {
     fi
 }
 
-# Installs what is missing of the named packages, as root or through sudo, and prints to standard
-# error only. Does nothing, quickly, if nothing is missing.
+# Installs those of the named packages that are missing, as root or with sudo. Prints to standard
+# error only. Returns quickly if none is missing.
 ensurePackages() {
     local -a missing asRoot=() install=(apt-get install --no-install-recommends)
     local log amount
     if ! command -v dpkg-query >/dev/null; then
-        printf 'This is no Debian system: please install what is missing yourself (see README.md).\n' >&2
+        printf 'Not a Debian system: install the missing packages yourself (see README.md).\n' >&2
         return 0
     fi
     mapfile -t missing < <(missingPackages "$@")
     if ((${#missing[@]} == 0)); then
         return 0
     fi
-    printf 'To be installed: %s\n' "${missing[*]}" >&2
+    printf 'Missing packages: %s\n' "${missing[*]}" >&2
     if (($(id -u) != 0)); then
         if ! command -v sudo >/dev/null; then
-            printf 'That takes root or sudo, and there is neither. As root, please run:\n' >&2
+            printf 'Installing them requires root or sudo. As root, run:\n' >&2
             printf '  apt-get update && %s %s\n' "${install[*]}" "${missing[*]}" >&2
             return 1
         fi
@@ -153,13 +153,13 @@ ensurePackages() {
     install=("${asRoot[@]}" apt-get -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300
         "${install[@]:1}")
     if inLog "$log" "${asRoot[@]}" apt-get -q -o Acquire::Retries=3 update; then
-        # Told "no", apt-get fails.
+        # apt-get fails if the answer is "no".
         amount=$({ "${install[@]}" --assume-no "${missing[@]}" || true; } </dev/null 2>/dev/null |
             sed -n 's/^Need to get \(.*\) of archives\.$/\1/p')
-        printf 'Fetching %s and installing it; the log is %s.\n' "${amount:-them}" \
+        printf 'Downloading and installing %s; log: %s\n' "${amount:-them}" \
             "$(readlink -f -- "$log")" >&2
         ! inLog "$log" "${install[@]}" -q --yes "${missing[@]}" || return 0
     fi
-    printf 'Could not be installed: %s\n' "${missing[*]}" >&2
+    printf 'Cannot install: %s\n' "${missing[*]}" >&2
     return 1
 }

@@ -1,15 +1,14 @@
 # shellcheck shell=bash
-# Debian systems of their own in folders, for the scripts that try the program where nothing of it
-# has been before. Sourced by bash; takes root and Debian's archive.
+# Debian chroots for the scripts that test the program on a clean system. Sourced by bash; needs root
+# and the Debian archive.
 
-# Where the sources and the compiler's cache are in such a system.
+# Paths of the sources and of the ccache folder in a chroot.
 sourcesInRoot=/srv/tarvin
 cacheInRoot=/srv/ccache
 
 # Fills a folder with the minimal system of a release ("bookworm"), or with a copy of the folder
-# TARVIN_MINIMAL_ROOT of the environment, and mounts what programs expect. Where the environment has
-# TARVIN_COMPILER_CACHE, that folder is the compiler's cache in there. The caller has mounts of its
-# own, and ends with leaveRoot.
+# $TARVIN_MINIMAL_ROOT, and mounts /proc and the like. $TARVIN_COMPILER_CACHE, if set, becomes its
+# ccache folder. The caller must be in its own mount namespace and end with leaveRoot.
 makeRoot() {
     local release=$1 folder=$2 log=$2.log
     if [[ -n ${TARVIN_MINIMAL_ROOT-} ]]; then
@@ -17,7 +16,7 @@ makeRoot() {
     else
         debootstrap --variant=minbase "$release" "$folder" http://deb.debian.org/debian >"$log" || {
             tail -n 20 "$log" >&2
-            printf 'There is no system to try it in.\n' >&2
+            printf 'No chroot could be created.\n' >&2
             return 1
         }
     fi
@@ -29,17 +28,17 @@ makeRoot() {
         mkdir -p "$folder$cacheInRoot"
         mount --bind "$TARVIN_COMPILER_CACHE" "$folder$cacheInRoot"
     fi
-    # Nothing in there starts services.
+    # Do not start services in the chroot.
     printf '#!/bin/sh\nexit 101\n' >"$folder/usr/sbin/policy-rc.d"
     chmod 755 "$folder/usr/sbin/policy-rc.d"
 }
 
-# Puts what is committed into such a folder.
+# Copies the committed state into a chroot.
 cloneIntoRoot() {
     git -c safe.directory='*' clone --quiet . "$1$sourcesInRoot"
 }
 
-# Runs a command in such a folder, as root and with nothing of the caller's environment.
+# Runs a command in a chroot as root, without the caller's environment.
 inRoot() {
     local folder=$1
     shift
@@ -47,14 +46,14 @@ inRoot() {
         DEBIAN_FRONTEND=noninteractive CCACHE_DIR="$cacheInRoot" "$@"
 }
 
-# Removes such a folder, unless something of others is still mounted in there.
+# Removes a chroot, unless something is still mounted in it.
 leaveRoot() {
     local folder=$1 place
     for place in /proc /sys /dev "$cacheInRoot" /tmp/.X11-unix; do
         umount --recursive --lazy "$folder$place" 2>/dev/null || true
     done
     if grep -qF " $folder/" /proc/self/mountinfo; then
-        printf '%s is left: something is mounted in it.\n' "$folder" >&2
+        printf '%s is kept: something is mounted in it.\n' "$folder" >&2
     else
         rm -rf --one-file-system -- "$folder" "$folder.log"
     fi

@@ -48,8 +48,8 @@ TEST(Scripts, FindTheirShellThoughAnotherBeganThem) {
     EXPECT_THAT(result.output, testing::StartsWith("Usage: ./test [OPTION]...\n"));
 }
 
-/// Installs packages with a copy of the script, where nothing is installed yet, as the user of that
-/// number and with an apt-get that fetches 3 MB and, told "no", fails like the real one.
+/// Installs packages with a copy of the script, as that user ID, with no package installed and with
+/// a fake apt-get that reports a download of 3 MB and fails on --assume-no like the real one.
 CommandResult installAs(const std::string& user, const std::string& packages) {
     return runCommand(
         "place=$(mktemp -d) && trap 'rm -r \"$place\"' EXIT && bin=$place/bin &&"
@@ -68,24 +68,24 @@ CommandResult installAs(const std::string& user, const std::string& packages) {
         "' 2>&1); status=$?; printf '%s\\n' \"$told\" | sed \"s|$place|DIR|\"; exit $status");
 }
 
-TEST(Scripts, NameTheWholeCommandWhereNobodyMayInstall) {
+TEST(Scripts, PrintTheInstallCommandWithoutRootOrSudo) {
     const CommandResult result = installAs("1000", "one two");
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.output,
-              "To be installed: one two\n"
-              "That takes root or sudo, and there is neither. As root, please run:\n"
+              "Missing packages: one two\n"
+              "Installing them requires root or sudo. As root, run:\n"
               "  apt-get update && apt-get install --no-install-recommends one two\n");
 }
 
-TEST(Scripts, TellHowMuchTheyFetchAndWhereItsLogIs) {
+TEST(Scripts, PrintTheDownloadSizeAndTheLog) {
     const CommandResult result = installAs("0", "one two");
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.output,
-              "To be installed: one two\n"
-              "Fetching 3 MB and installing it; the log is DIR/build/packages.log.\n");
+              "Missing packages: one two\n"
+              "Downloading and installing 3 MB; log: DIR/build/packages.log\n");
 }
 
-TEST(Scripts, TheTestCommandExplainsItself) {
+TEST(Scripts, TestHasHelp) {
     const CommandResult result = runCommand("./test --help");
     EXPECT_EQ(result.status, 0);
     for (const char* option :
@@ -94,7 +94,7 @@ TEST(Scripts, TheTestCommandExplainsItself) {
     }
 }
 
-TEST(Scripts, TheTestCommandRefusesWhatItDoesNotKnow) {
+TEST(Scripts, TestRefusesUnknownOptions) {
     const CommandResult result = runCommand("./test --no-such-step");
     EXPECT_EQ(result.status, 2);
     EXPECT_THAT(result.output, testing::HasSubstr("--no-such-step"));
