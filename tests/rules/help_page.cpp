@@ -20,23 +20,23 @@ namespace {
 constexpr std::string_view doctype = "<!DOCTYPE html>\n";
 constexpr std::string_view blanks = " \t\n";
 
-/// One element of the page, with all the text inside it.
+/// An element of the page with all text inside it.
 struct Element {
     std::string name;
-    std::string parent;  // its name; empty for the outermost
+    std::string parent;  // its name; empty for the root
     std::map<std::string, std::string, std::less<>> attributes;
     std::string text;
     int line = 0;  // from 1
     bool isInContents = false;
 
-    /// Empty if it is missing.
+    /// Empty if missing.
     [[nodiscard]] std::string attribute(std::string_view key) const {
         const auto found = attributes.find(key);
         return found == attributes.end() ? std::string() : found->second;
     }
 };
 
-/// The elements in the order in which they begin, and those that are open.
+/// The elements in document order, and the open ones.
 struct Page {
     std::vector<Element> elements;
     std::vector<std::size_t> open;
@@ -79,7 +79,7 @@ void takeText(GMarkupParseContext* /*context*/, const gchar* text, gsize length,
     }
 }
 
-/// The page's elements, of which there is one at least, or why it is not well-formed.
+/// The elements of the page, at least one, or why it is not well-formed.
 std::pair<Page, std::string> parse(const std::string& text) {
     constexpr GMarkupParser parser{beginElement, endElement, takeText, nullptr, nullptr};
     Page page;
@@ -99,7 +99,7 @@ std::pair<Page, std::string> parse(const std::string& text) {
     return {std::move(page), std::move(failure)};
 }
 
-/// The text with one blank for each run of blanks and none at its ends.
+/// The text with white space collapsed and trimmed.
 std::string joined(std::string_view text) {
     std::istringstream words{std::string(text)};
     std::string out;
@@ -113,14 +113,14 @@ bool mentions(std::string_view text, std::string_view wanted) {
     return text.find(wanted) != std::string_view::npos;
 }
 
-/// 0 if it is no heading.
+/// 0 if it is not a heading.
 int headingLevel(const Element& element) {
     const std::string& name = element.name;
     const bool isHeading = name.size() == 2 && name[0] == 'h' && name[1] >= '1' && name[1] <= '6';
     return isHeading ? name[1] - '0' : 0;
 }
 
-/// 0 if it is no number.
+/// 0 if it is not a number.
 std::int64_t numberIn(const std::string& text) {
     std::int64_t number = 0;
     const char* const end = text.data() + text.size();
@@ -128,7 +128,8 @@ std::int64_t numberIn(const std::string& text) {
     return failure == std::errc() && stopped == end ? number : 0;
 }
 
-/// The manual without what troff reads: "\-" is a hyphen, and marks of fonts and blanks are gone.
+/// The manual page without troff requests: "\-" becomes a hyphen, font and space escapes are
+/// removed.
 std::string readable(std::string_view manual) {
     std::string out;
     for (std::size_t at = 0; at < manual.size(); ++at) {
@@ -151,7 +152,7 @@ bool isOfAWord(char byte) {
     return std::isalnum(static_cast<unsigned char>(byte)) != 0 || byte == '-' || byte == '_';
 }
 
-/// Whether `wanted` stands in `text`, and is not a piece of a longer word there.
+/// Whether `text` has `wanted` as a whole word.
 bool holdsWord(std::string_view text, std::string_view wanted) {
     for (std::size_t at = text.find(wanted); at != std::string_view::npos;
          at = text.find(wanted, at + 1)) {
@@ -164,7 +165,7 @@ bool holdsWord(std::string_view text, std::string_view wanted) {
     return false;
 }
 
-/// Names with blanks around each, and what may hold those elements.
+/// Element names, each between spaces, and their allowed parents.
 struct Rule {
     std::string_view elements;
     std::string_view parents;
@@ -196,13 +197,14 @@ bool holdsName(std::string_view names, const std::string& name) {
     return name.empty() ? names.empty() : names.find(' ' + name + ' ') != std::string_view::npos;
 }
 
-/// Goes over one page and gathers what is wrong with it.
-class Judge final {
+/// Checks one page and collects its breaches.
+class PageCheck final {
  public:
-    Judge(const std::vector<Element>& elements, const Pictures& pictures, const std::string& manual)
+    PageCheck(const std::vector<Element>& elements, const Pictures& pictures,
+              const std::string& manual)
         : elements_(elements), pictures_(pictures), manual_(manual) {}
 
-    std::vector<std::string> complaints() {
+    std::vector<std::string> breaches() {
         checkHead();
         checkStyle();
         for (const Element& element : elements_) {
@@ -213,14 +215,14 @@ class Judge final {
         checkPictures();
         checkHeadings();
         checkCommands();
-        return std::move(complaints_);
+        return std::move(breaches_);
     }
 
  private:
-    void complain(const std::string& what) { complaints_.push_back(what); }
+    void addBreach(const std::string& what) { breaches_.push_back(what); }
 
-    void complain(const Element& where, const std::string& what) {
-        complain("line " + std::to_string(where.line) + ": " + what);
+    void addBreach(const Element& where, const std::string& what) {
+        addBreach("line " + std::to_string(where.line) + ": " + what);
     }
 
     [[nodiscard]] std::vector<const Element*> all(std::string_view name) const {
@@ -242,16 +244,16 @@ class Judge final {
     void checkHead() {
         const std::vector<const Element*> titles = all("title");
         if (elements_.front().name != "html" || elements_.front().attribute("lang") != "en") {
-            complain("the page is not html with lang=\"en\"");
+            addBreach("the page is not html with lang=\"en\"");
         }
         if (!anyMeta("charset", "utf-8")) {
-            complain("the page does not state its character set");
+            addBreach("the page does not state its character set");
         }
         if (!anyMeta("name", "viewport")) {
-            complain("the page does not fit itself to small screens");
+            addBreach("the page does not fit itself to small screens");
         }
         if (titles.size() != 1 || joined(titles.front()->text).empty()) {
-            complain("the page has not one title");
+            addBreach("the page has not one title");
         }
     }
 
@@ -263,36 +265,36 @@ class Judge final {
         for (const char* wanted : {"color-scheme: light dark;", "(prefers-color-scheme: dark)",
                                    "@media print", "@media (max-width:"}) {
             if (!mentions(style, wanted)) {
-                complain(std::string("the style lacks ") + wanted);
+                addBreach(std::string("the style lacks ") + wanted);
             }
         }
         for (const char* unwanted : {"url(", "@import", "http:", "https:"}) {
             if (mentions(style, unwanted)) {
-                complain(std::string("the style fetches something: ") + unwanted);
+                addBreach(std::string("the style fetches something: ") + unwanted);
             }
         }
     }
 
-    /// No attribute runs or fetches anything; elements that do have no place anyhow.
+    /// No attribute runs code or fetches a resource; elements that do are not allowed at all.
     void checkSelfContained(const Element& element) {
         for (const auto& [key, value] : element.attributes) {
             if (key.starts_with("on") || key == "srcset" || key == "http-equiv" ||
                 mentions(value, "://") || mentions(value, "javascript:") ||
                 mentions(value, "url(")) {
-                complain(element, key + " reaches outside the page");
+                addBreach(element, key + " reaches outside the page");
             }
         }
     }
 
-    /// Only elements that the page has a use for, each where HTML allows it.
+    /// Only known elements, each where HTML allows it.
     void checkPlace(const Element& element) {
         const auto rule = std::find_if(rules.begin(), rules.end(), [&](const Rule& each) {
             return holdsName(each.elements, element.name);
         });
         if (rule == rules.end()) {
-            complain(element, "there is no use for " + element.name);
+            addBreach(element, "there is no use for " + element.name);
         } else if (!holdsName(rule->parents, element.parent)) {
-            complain(element, element.name + " does not belong into " + element.parent);
+            addBreach(element, element.name + " does not belong into " + element.parent);
         }
     }
 
@@ -301,22 +303,22 @@ class Judge final {
         for (const Element& element : elements_) {
             const std::string id = element.attribute("id");
             if (element.attributes.contains("id") && !ids.insert(id).second) {
-                complain(element, "the id " + id + " is given twice");
+                addBreach(element, "the id " + id + " is given twice");
             }
         }
         for (const Element& element : elements_) {
             const std::string labels = element.attribute("aria-labelledby");
             if (!labels.empty() && !ids.contains(labels)) {
-                complain(element, "there is no id " + labels);
+                addBreach(element, "there is no id " + labels);
             }
             if (element.name != "a") {
                 continue;
             }
             const std::string target = element.attribute("href");
             if (!target.starts_with('#')) {
-                complain(element, "the link to '" + target + "' leaves the page");
+                addBreach(element, "the link to '" + target + "' leaves the page");
             } else if (!ids.contains(target.substr(1))) {
-                complain(element, "the link " + target + " leads nowhere");
+                addBreach(element, "the link " + target + " leads nowhere");
             }
         }
     }
@@ -327,23 +329,23 @@ class Judge final {
             const std::string name = image->attribute("src");
             used.insert(name);
             if (joined(image->attribute("alt")).empty()) {
-                complain(*image, "the picture " + name + " has no text in its place");
+                addBreach(*image, "the picture " + name + " has no text in its place");
             }
             const auto file = pictures_.find(name);
             if (file == pictures_.end()) {
-                complain(*image, "there is no picture " + name);
+                addBreach(*image, "there is no picture " + name);
             } else if (!isOfProportion(*image, file->second)) {
-                complain(*image, "the picture " + name + " is drawn out of proportion");
+                addBreach(*image, "the picture " + name + " is drawn out of proportion");
             }
         }
         for (const auto& [name, size] : pictures_) {
             if (!used.contains(name)) {
-                complain("the picture " + name + " is not used");
+                addBreach("the picture " + name + " is not used");
             }
         }
     }
 
-    /// To the nearest pixel.
+    /// Rounded to pixels.
     static bool isOfProportion(const Element& image, const PictureSize& file) {
         const std::int64_t width = numberIn(image.attribute("width"));
         const std::int64_t height = numberIn(image.attribute("height"));
@@ -362,21 +364,22 @@ class Judge final {
                 continue;
             }
             if (level > before + 1) {
-                complain(element, element.name + " skips a level");
+                addBreach(element, element.name + " skips a level");
             }
             before = level;
             titles += level == 1 ? 1 : 0;
             const auto entry = contents.find('#' + element.attribute("id"));
             if (level > 1 && (entry == contents.end() || entry->second != joined(element.text))) {
-                complain(element, "'" + joined(element.text) + "' is not in the table of contents");
+                addBreach(element,
+                          "'" + joined(element.text) + "' is not in the table of contents");
             }
         }
         if (titles != 1) {
-            complain("the page has not one h1");
+            addBreach("the page has not one h1");
         }
     }
 
-    /// The texts of the links in the table of contents, by their targets.
+    /// Link texts of the table of contents, by target.
     [[nodiscard]] std::map<std::string, std::string> linksOfContents() const {
         std::map<std::string, std::string> links;
         for (const Element* link : all("a")) {
@@ -403,7 +406,7 @@ class Judge final {
         }
     }
 
-    /// The command, what it is to do, and every option; what follows is the reader's own.
+    /// The program, its command and every option; other words are examples.
     void checkCommand(const Element& code, const std::string& line) {
         std::istringstream words(line);
         std::string program;
@@ -416,7 +419,7 @@ class Judge final {
                             return byte >= 'a' && byte <= 'z';
                         });
             if ((isOption || isCommand) && !holdsWord(manual_, word)) {
-                complain(code, "the manual does not know " + word + " of '" + line + "'");
+                addBreach(code, "the manual does not know " + word + " of '" + line + "'");
             }
         }
     }
@@ -424,7 +427,7 @@ class Judge final {
     const std::vector<Element>& elements_;
     const Pictures& pictures_;
     const std::string& manual_;
-    std::vector<std::string> complaints_;
+    std::vector<std::string> breaches_;
 };
 
 std::uint32_t bigEndian(std::string_view bytes) {
@@ -439,7 +442,7 @@ std::uint32_t bigEndian(std::string_view bytes) {
 
 std::optional<PictureSize> sizeOfPng(std::string_view file) {
     using namespace std::string_view_literals;
-    // The length of the first chunk, which is always the header, and then its two first numbers.
+    // The header chunk comes first; its first two numbers are the size.
     constexpr std::string_view beginning = "\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR"sv;
     if (!file.starts_with(beginning) || file.size() < beginning.size() + 8) {
         return std::nullopt;
@@ -459,7 +462,7 @@ std::vector<std::string> HelpPageChecker::breaches(const std::string& page) cons
     if (!failure.empty()) {
         return {"the page is not well-formed: " + failure};
     }
-    return Judge(parsed.elements, pictures_, manual_).complaints();
+    return PageCheck(parsed.elements, pictures_, manual_).breaches();
 }
 
 }  // namespace tarvin

@@ -14,27 +14,26 @@ struct PictureSize {
     unsigned height = 0;
 };
 
-/// The pictures beside a page, by the names of their files.
+/// The images of a page, by file name.
 using Pictures = std::map<std::string, PictureSize, std::less<>>;
 
-/// The size that the head of a PNG file states; none if it is no such file.
+/// The image size in the header of a PNG file; nullopt if it is not one.
 [[nodiscard]] std::optional<PictureSize> sizeOfPng(std::string_view file);
 
-/// Judges the page of help, which is written so that it is XML, too: that it is whole, that it
-/// needs nothing from outside and runs nothing, that readers with any screen find their way in it,
-/// and that the commands it shows are in the manual. A value; calls may come from any thread.
+/// Checks the user guide, which must be well-formed XML: it fetches and runs nothing, its structure
+/// is accessible on any screen, and its commands are in the manual page. Any thread.
 class HelpPageChecker final {
  public:
-    /// `pictures` are those in the page's folder, `manual` is the source of the manual page.
+    /// `pictures` are the images in the page's folder, `manual` is the source of the manual page.
     HelpPageChecker(Pictures pictures, std::string_view manual);
 
-    /// Each answer is one complaint, most with the number of its line; none means that the page is
-    /// in order. Of a page that is not well-formed, only that is told.
+    /// Returns the breaches, most with a line number; empty if there are none. For a page that is
+    /// not well-formed, returns only that.
     [[nodiscard]] std::vector<std::string> breaches(const std::string& page) const;
 
  private:
     const Pictures pictures_;
-    const std::string manual_;  // as it is read, without the marks of its format
+    const std::string manual_;  // without troff requests
 };
 
 }  // namespace tarvin

@@ -30,7 +30,7 @@ constexpr std::string_view manual =
     ".BR text | json\n"
     ".BR \\-\\-dry\\-run ]\n";
 
-/// A page in order, with three sections and one picture.
+/// A valid page with three sections and one image.
 const std::string& goodPage() {
     static const std::string page =
         R"(<!DOCTYPE html>
@@ -63,7 +63,7 @@ found: tarvin-4.jpg</code></pre>
     return page;
 }
 
-/// The good page with the first `old` replaced, which must be there.
+/// The valid page with the first `old`, which must exist, replaced.
 std::string pageWith(std::string_view old, std::string_view replacement) {
     std::string page = goodPage();
     const std::size_t at = page.find(old);
@@ -90,13 +90,13 @@ TEST(HelpPageChecker, APageBeginsWithItsKind) {
 }
 
 TEST(HelpPageChecker, APageIsWellFormed) {
-    const auto isTold =
+    const auto isReported =
         ElementsAre(testing::StartsWith("the page is not well-formed: Error on line 1"));
-    EXPECT_THAT(breachesWith("</h1>", "</h2>"), isTold);
+    EXPECT_THAT(breachesWith("</h1>", "</h2>"), isReported);
     EXPECT_THAT(breachesWith("<meta charset=\"utf-8\"/>", "<br>"), ElementsAre(testing::_));
-    EXPECT_THAT(breachesWith("id=\"one\"", "id=one"), isTold);
-    EXPECT_THAT(breachesWith("&amp;", "&"), isTold);
-    EXPECT_THAT(breachesWith("&amp;", "&nbsp;"), isTold);
+    EXPECT_THAT(breachesWith("id=\"one\"", "id=one"), isReported);
+    EXPECT_THAT(breachesWith("&amp;", "&"), isReported);
+    EXPECT_THAT(breachesWith("&amp;", "&nbsp;"), isReported);
     EXPECT_THAT(breachesWith("<h1>", "<h1>\xFF"), ElementsAre(testing::_));
     EXPECT_THAT(breachesWith("</html>\n", ""), ElementsAre(testing::_));
     EXPECT_THAT(breachesOf("<!DOCTYPE html>\n"),
@@ -282,7 +282,7 @@ TEST(SizeOfPng, IsWhatTheHeadStates) {
     EXPECT_FALSE(sizeOfPng(""));
 }
 
-/// The pictures in the folder of the page, where nothing else may be.
+/// The images in the folder of the page, which must have no other files.
 Pictures picturesOfThePage() {
     Pictures pictures;
     for (const fs::directory_entry& entry : fs::directory_iterator(projectRoot() / helpFolder)) {

@@ -15,7 +15,7 @@ bool isPartOfAName(char character) {
     return std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '_';
 }
 
-/// Counts each word of a source, comments aside.
+/// Counts each word of a source, without comments.
 void countWords(const std::string& text, std::map<std::string, int>& counts) {
     auto at = text.begin();
     while (at != text.end()) {
@@ -31,7 +31,7 @@ void countWords(const std::string& text, std::map<std::string, int>& counts) {
     }
 }
 
-/// How often each word stands in the sources of the programs.
+/// Occurrences of each word in the sources of the programs.
 const std::map<std::string, int>& words() {
     static const std::map<std::string, int> counts = [] {
         std::map<std::string, int> all;
@@ -48,7 +48,7 @@ struct IdleName {
     int places;  ///< declarations and definitions, and a connection or a setting
 };
 
-// Names that docs/architecture.md lists as being without a caller or a reader.
+// Names that docs/architecture.md lists as unused.
 constexpr IdleName idleNames[] = {
     {"showLoading", 2},
     {"buttonHomeSimilarPageClicked", 2},

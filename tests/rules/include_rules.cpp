@@ -26,10 +26,10 @@ enum class Library {
     qt
 };
 
-/// What one folder may name beside itself and the standard library.
+/// What a folder may include besides itself and the standard library.
 struct Layer {
     std::string_view folder;
-    /// Folders with a slash at the end, or single headers.
+    /// Folders, with a trailing slash, or single headers.
     std::array<std::string_view, 10> ours{};
     std::array<Library, 3> libraries{};
     /// Allowed in .cpp files, never in a header that others include.
@@ -69,7 +69,7 @@ constexpr std::array layers{
           .libraries = {Library::qt}},
 };
 
-/// How a library's headers are recognised: a whole name, or a folder with a slash at its end.
+/// How to recognise a library's headers: a whole name, or a folder with a trailing slash.
 struct HeaderOf {
     std::string_view name;
     Library library;
@@ -116,7 +116,7 @@ std::optional<Library> libraryOf(std::string_view name) {
     return isStandard(name) ? std::optional(Library::standard) : std::nullopt;
 }
 
-/// The bare words after "#include", or none if the line includes nothing.
+/// The words after "#include"; nullopt for other lines.
 std::optional<std::string_view> includedBy(std::string_view line) {
     const auto skipBlanks = [&line] {
         line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
@@ -177,7 +177,7 @@ std::string judgeLibrary(const Layer& layer, bool isHeader, std::string_view nam
     return isHeader ? "a header may not include " + quoted : std::string();
 }
 
-/// The reason why a line may not stand in its file; empty if it may.
+/// Why a line is not allowed in its file; empty if it is.
 std::string judge(const Layer& layer, bool isHeader, std::string_view included) {
     if (const auto ours = between(included, '"', '"')) {
         return judgeOurs(layer, *ours);

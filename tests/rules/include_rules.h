@@ -6,10 +6,9 @@
 
 namespace tarvin {
 
-/// Judges the #include lines of one file of ours by the layer table: which folder may include
-/// which, and which library may be named where. `path` is relative to src/ ("scan/collector.cpp"),
-/// `text` is the file's content. Each answer is one complaint, "path:line: reason"; none means that
-/// every line is allowed.
+/// Checks the #include lines of one of our sources against the layer table: which folder may
+/// include which, and which library. `path` is relative to src/ ("scan/collector.cpp"), `text` is
+/// the content. Returns the breaches as "path:line: reason"; empty if there are none.
 [[nodiscard]] std::vector<std::string> includeBreaches(std::string_view path,
                                                        std::string_view text);
 

@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 using testing::HasSubstr;
 using Paths = std::vector<std::string>;
 
-/// What is installed of the program for the terminal.
+/// Files installed for the terminal program.
 const Paths terminalFiles{
     "bin/tarvin",
     "share/bash-completion/completions/tarvin",
@@ -32,7 +32,7 @@ const Paths terminalFiles{
     "share/zsh/site-functions/_tarvin",
 };
 
-/// What is installed besides where the program with a window is built.
+/// Files installed in addition if the window program is built.
 const Paths windowFiles{
     "bin/tarvin-duplicate-file-remover",
     "libexec/tarvin-duplicate-file-remover/tarvin-image-preview",
@@ -72,7 +72,7 @@ constexpr const char* entryInMenus = "packaging/linux/tarvin-duplicate-file-remo
 constexpr const char* entryForFolders =
     "packaging/linux/zz-tarvin-duplicate-file-remover-folders.desktop";
 
-/// What is built here, installed into a folder of its own.
+/// The build, installed into a temporary folder.
 class Installation : public testing::Test {
  protected:
     void SetUp() override {
@@ -99,7 +99,7 @@ Paths filesBelow(const fs::path& folder) {
     return files;
 }
 
-/// The first group of the first place that the pattern matches; empty if there is none.
+/// The first group of the first match of the pattern; empty without a match.
 std::string found(const std::string& text, const std::string& pattern) {
     const std::unique_ptr<GRegex, decltype(&g_regex_unref)> regex(
         g_regex_new(pattern.c_str(), G_REGEX_MULTILINE, GRegexMatchFlags{}, nullptr),
@@ -182,7 +182,7 @@ TEST(DesktopEntries, StartTheProgramAndShowItsIcon) {
     }
 }
 
-/// Else the window has no icon, and a second one appears in the bar of windows.
+/// Otherwise the window has no icon and appears twice in the taskbar.
 TEST(DesktopEntries, AreKnownToTheProgramByName) {
     const std::string main = readProjectFile("src/app/main.cpp");
     EXPECT_EQ(found(readProjectFile("src/controller/command_line.h"), "programName = \"([^\"]*)\""),
@@ -203,7 +203,7 @@ TEST(DesktopEntries, OfferFoldersButNeverBecomeWhatOpensThem) {
         folder.writeFile("share/applications/" + own,
                          "[Desktop Entry]\nType=Application\nName=Files\nExec=true %U\n"
                          "MimeType=inode/directory;\n");
-        // Entries of programs that are not there do not count.
+        // Entries of missing programs are ignored.
         folder.writeFile("bin/tarvin-duplicate-file-remover", "#!/bin/sh\n");
         const CommandResult result =
             runCommand("cp packaging/linux/*.desktop '" + folder.pathOf("share/applications") +
@@ -219,9 +219,8 @@ TEST(DesktopEntries, OfferFoldersButNeverBecomeWhatOpensThem) {
     }
 }
 
-/// There is no address on the web that its name for software centres could be taken from and that
-/// it could name. Before version 1.0 the tool knows no developer but in the old way, which later
-/// ones refuse.
+/// Allowed hints: the project has no website for its AppStream ID and homepage, and versions of the
+/// tool before 1.0 know only the old developer tag, which later ones refuse.
 TEST(SoftwareCentreEntry, IsValid) {
     const CommandResult result =
         runCommand(std::string("case $(appstreamcli --version) in "

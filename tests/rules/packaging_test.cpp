@@ -9,8 +9,8 @@
 namespace tarvin {
 namespace {
 
-/// What bash offers at the end of `words`, one offer a line. The last word is the one being typed,
-/// the first one the program. `folder` is where it happens, relative to the project's root.
+/// The completions of the last of `words`, one per line. The first word is the program. `folder` is
+/// the current folder, relative to the project root.
 std::string bashOffers(const std::string& words, std::size_t position,
                        const std::string& folder = ".") {
     const std::string program = words.substr(0, words.find(' '));
@@ -39,8 +39,8 @@ TEST(ManPage, IsWrittenWithoutMistake) {
     }
 }
 
-/// Sentences that people decide by, as they are read.
-TEST(ManPage, SaysWhatAHardLinkIsTakenFor) {
+/// Users rely on these sentences.
+TEST(ManPage, ExplainsHardLinks) {
     const CommandResult result = runCommand(
         "LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 man -E UTF-8 --no-hyphenation "
         "--no-justification -l -Tutf8 packaging/man/tarvin.1 | col -bx | tr -s '\\n ' ' '");
@@ -64,7 +64,7 @@ TEST(BashCompletion, CompletesACommand) {
     EXPECT_EQ(bashOffers("tarvin sc", 1), "scan\n");
 }
 
-TEST(BashCompletion, OffersWhatMayStandFirst) {
+TEST(BashCompletion, OffersCommandsAndOptionsFirst) {
     EXPECT_EQ(bashOffers("tarvin \"\"", 1),
               "--help\n--version\nclean\nexceptions\nhelp\nrestore\nscan\ntotals\n");
 }
@@ -91,7 +91,7 @@ TEST(BashCompletion, OffersTheOptionsOfRestore) {
     EXPECT_EQ(bashOffers("tarvin restore LIC", 2), "");
 }
 
-TEST(BashCompletion, OffersWhatToDoWithExceptions) {
+TEST(BashCompletion, OffersTheCommandsOfExceptions) {
     EXPECT_EQ(bashOffers("tarvin exceptions \"\"", 2), "--color\n--help\nadd\nclear\nlist\n");
     EXPECT_EQ(bashOffers("tarvin exceptions add LIC", 3), "LICENSE\n");
     EXPECT_EQ(bashOffers("tarvin exceptions clear LIC", 3), "");
@@ -122,7 +122,7 @@ TEST(BashCompletion, OffersFoldersToScanAndNoFiles) {
     EXPECT_EQ(bashOffers("tarvin scan CMakeL", 2), "");
 }
 
-TEST(BashCompletion, OffersFilesWhereAFileIsWanted) {
+TEST(BashCompletion, OffersFilesForOptionsThatTakeAFile) {
     EXPECT_EQ(bashOffers("tarvin scan --output LIC", 3), "LICENSE\n");
     EXPECT_EQ(bashOffers("tarvin scan --exceptions LIC", 3), "LICENSE\n");
     EXPECT_EQ(bashOffers("tarvin scan -o LIC", 3), "LICENSE\n");

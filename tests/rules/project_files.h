@@ -7,19 +7,19 @@
 
 namespace tarvin {
 
-// How the rule tests reach the files they judge. Paths given and answered are relative to the
-// project's root. A file that cannot be read ends the test that asked for it.
+// Access to the files that the rule tests check. Paths are relative to the project root. An
+// unreadable file ends the test.
 
-/// The project's root folder.
+/// The project root.
 [[nodiscard]] std::filesystem::path projectRoot();
 
 /// The whole content of one file.
 [[nodiscard]] std::string readProjectFile(const std::filesystem::path& file);
 
-/// Every .cpp and .h below `folder`, in the order of their names.
+/// Every .cpp and .h below `folder`, sorted.
 [[nodiscard]] std::vector<std::filesystem::path> cppFilesBelow(std::string_view folder);
 
-/// Every script of the project whose first line names bash, in the order of their names.
+/// Every bash script of the project (by its first line), sorted.
 [[nodiscard]] std::vector<std::filesystem::path> bashScripts();
 
 }  // namespace tarvin

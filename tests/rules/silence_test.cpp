@@ -7,7 +7,7 @@
 namespace tarvin {
 namespace {
 
-/// Whether what stands in a file belongs to a terminal, where a command answers.
+/// Whether the file belongs to a terminal program, which may print.
 bool answersACommand(const std::string& file) {
     return file.starts_with("src/cli/") || file == "src/app/main.cpp";
 }

@@ -6,7 +6,7 @@ namespace tarvin {
 
 namespace {
 
-// In two pieces each, so that this file does not break the rule it states.
+// Split in two, so that this file does not break its own rule.
 constexpr std::array<const char*, 3> sleeps{
     "sleep_"
     "for(",
