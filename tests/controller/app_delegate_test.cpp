@@ -22,7 +22,7 @@
 namespace tarvin {
 namespace {
 
-/// Counts the windows that come onto the screen while it lives.
+/// Counts the windows shown during its lifetime.
 class ShownWindows final : public QObject {
  public:
     ShownWindows() { qApp->installEventFilter(this); }
@@ -58,24 +58,24 @@ TEST_F(Launch, BeginsAtHome) {
     EXPECT_EQ(window().aboutVersion->text(), QStringLiteral("Version 1.2.3"));
 }
 
-TEST_F(Launch, ShowsOneOfThreePicturesInTurn) {
+TEST_F(Launch, ShowsThreeHomeImagesInTurn) {
     EXPECT_EQ(imageOfOneRun(), QStringLiteral("HomePage1.png"));
     EXPECT_EQ(imageOfOneRun(), QStringLiteral("HomePage2.png"));
     EXPECT_EQ(imageOfOneRun(), QStringLiteral("HomePage3.png"));
     EXPECT_EQ(imageOfOneRun(), QStringLiteral("HomePage1.png"));
 }
 
-TEST_F(Launch, TakesNonsenseInTheSettingsForTheFirstPicture) {
+TEST_F(Launch, ShowsTheFirstImageForInvalidSettings) {
     settings.setValue(homeImageKey, QStringLiteral("nonsense"));
     EXPECT_EQ(imageOfOneRun(), QStringLiteral("HomePage1.png"));
 }
 
-TEST_F(Launch, HidesTheTotalsWhileNothingWasEverCleaned) {
+TEST_F(Launch, HidesTotalsOfZero) {
     launch();
     EXPECT_FALSE(window().home->cleanHistory->isVisible());
 }
 
-TEST_F(Launch, TellsTheTotalsOfEarlierRuns) {
+TEST_F(Launch, ShowsTheTotalsOfEarlierRuns) {
     DataFile data(folder.pathOf("support"));
     ASSERT_FALSE(addToTotals(data, 1284, 18'620'000'000));
     launch();
@@ -97,7 +97,7 @@ TEST_F(Launch, WithFoldersOpensTheListWithThemChecked) {
     EXPECT_TRUE(window().locations->findDuplicateExact->isEnabled());
 }
 
-TEST_F(Launch, WithAFolderThatIsListedChecksItWithoutANotice) {
+TEST_F(Launch, WithAListedFolderChecksItWithoutANotice) {
     launch({folder.pathOf("Pictures")});
     const std::vector<LocationRow>& rows = delegate->locations().list().rows();
     ASSERT_EQ(rows.size(), 4U);
@@ -105,14 +105,14 @@ TEST_F(Launch, WithAFolderThatIsListedChecksItWithoutANotice) {
     EXPECT_FALSE(window().runningAlert->isVisible());
 }
 
-TEST_F(Launch, OfASecondCopyAsksItToEnd) {
+TEST_F(Launch, AsksASecondInstanceToQuit) {
     platform.runningInstances().setOthers({{1}}, {2});
     start();
     EXPECT_EQ(platform.runningInstances().askedToQuit(), (std::vector<RunningInstance>{{2}}));
     EXPECT_EQ(platform.runningInstances().broughtToFront(), (std::vector<RunningInstance>{{1}}));
 }
 
-TEST_F(Launch, OfASecondCopyHandsItsFoldersToTheFirst) {
+TEST_F(Launch, OfASecondInstancePassesItsFoldersOn) {
     platform.runningInstances().setOthers({{1}}, {2});
     start({folder.pathOf("Pictures"), folder.makeFolder("more")});
     EXPECT_EQ(platform.runningInstances().handedOn(),
@@ -120,14 +120,14 @@ TEST_F(Launch, OfASecondCopyHandsItsFoldersToTheFirst) {
     EXPECT_EQ(screen(), window().home->identifier());
 }
 
-TEST_F(Launch, OfTheFirstCopyHandsNothingOn) {
+TEST_F(Launch, OfTheFirstInstancePassesNothingOn) {
     platform.runningInstances().setOthers({{2}}, {1});
     launch({folder.pathOf("Pictures")});
     EXPECT_TRUE(platform.runningInstances().handedOn().empty());
     EXPECT_EQ(screen(), window().locations->identifier());
 }
 
-TEST_F(Launch, OfASecondCopyEndsWithoutAWindow) {
+TEST_F(Launch, OfASecondInstanceEndsWithoutAWindow) {
     const ShownWindows shown;
     launch();
     EXPECT_EQ(shown.count(), 1);
@@ -138,7 +138,7 @@ TEST_F(Launch, OfASecondCopyEndsWithoutAWindow) {
     EXPECT_EQ(shown.count(), 1);
 }
 
-TEST_F(Launch, OfACopyThatAnotherPrecedesByAMomentShowsNoWindow) {
+TEST_F(Launch, LosingARaceForFirstInstanceShowsNoWindow) {
     platform.runningInstances().letOthersComeFirst({{1}}, {2});
     const ShownWindows shown;
     start();
@@ -146,7 +146,7 @@ TEST_F(Launch, OfACopyThatAnotherPrecedesByAMomentShowsNoWindow) {
     EXPECT_EQ(shown.count(), 0);
 }
 
-TEST_F(Launch, ObeysWhatAnotherCopyAskedDuringTheStart) {
+TEST_F(Launch, HandlesRequestsMadeDuringTheStart) {
     make();
     platform.runningInstances().openInThis({folder.makeFolder("more")});
     QCoreApplication::processEvents();
@@ -156,20 +156,20 @@ TEST_F(Launch, ObeysWhatAnotherCopyAskedDuringTheStart) {
     EXPECT_EQ(delegate->locations().list().rows().back().name, folder.pathOf("more"));
 }
 
-TEST_F(Launch, EndsWhenAskedTo) {
+TEST_F(Launch, EndsOnAQuitRequest) {
     launch();
     platform.runningInstances().askThisToQuit();
     EXPECT_TRUE(comesTrue([&] { return terminations == 1; }));
 }
 
-TEST_F(Launch, ComesToTheFrontWhenAskedTo) {
+TEST_F(Launch, ActivatesTheWindowOnRequest) {
     launch();
     window().showMinimized();
     platform.runningInstances().bringThisToFront();
     EXPECT_TRUE(comesTrue([&] { return !window().isMinimized(); }));
 }
 
-TEST_F(Launch, ComesBackMaximisedIfItWasMaximised) {
+TEST_F(Launch, RestoresAMaximisedWindowMaximised) {
     launch();
     window().showMaximized();
     ASSERT_TRUE(comesTrue([&] { return window().isMaximized(); }));
@@ -180,8 +180,8 @@ TEST_F(Launch, ComesBackMaximisedIfItWasMaximised) {
     EXPECT_TRUE(window().isMaximized());
 }
 
-/// Folders that another copy was started with.
-class FoldersOfAnotherCopy : public ProductFixture {
+/// Folders passed on by another instance.
+class FoldersOfAnotherInstance : public ProductFixture {
  protected:
     void SetUp() override { launch(); }
 
@@ -206,7 +206,7 @@ class FoldersOfAnotherCopy : public ProductFixture {
     }
 };
 
-TEST_F(FoldersOfAnotherCopy, OpenTheListAtTheStart) {
+TEST_F(FoldersOfAnotherInstance, OpenTheListAtTheStart) {
     handOver("more");
     EXPECT_TRUE(comesChecked("more"));
     EXPECT_EQ(screen(), window().locations->identifier());
@@ -214,7 +214,7 @@ TEST_F(FoldersOfAnotherCopy, OpenTheListAtTheStart) {
     EXPECT_TRUE(alerts.shown.empty());
 }
 
-TEST_F(FoldersOfAnotherCopy, AreAddedToTheListOfFolders) {
+TEST_F(FoldersOfAnotherInstance, AreAddedToTheListOfFolders) {
     click("mainScanButtonFolder");
     handOver("more");
     EXPECT_TRUE(comesChecked("more"));
@@ -225,7 +225,7 @@ TEST_F(FoldersOfAnotherCopy, AreAddedToTheListOfFolders) {
     EXPECT_TRUE(rows()[before - 1].state);
 }
 
-TEST_F(FoldersOfAnotherCopy, TakeTheAboutPanelAway) {
+TEST_F(FoldersOfAnotherInstance, HideTheAboutPanel) {
     window().showAbout();
     handOver("more");
     EXPECT_TRUE(comesChecked("more"));
@@ -233,7 +233,7 @@ TEST_F(FoldersOfAnotherCopy, TakeTheAboutPanelAway) {
     EXPECT_EQ(screen(), window().locations->identifier());
 }
 
-TEST_F(FoldersOfAnotherCopy, AreRefusedInTheListOfDrives) {
+TEST_F(FoldersOfAnotherInstance, AreRefusedInTheListOfDrives) {
     click("mainScanButton");
     const std::size_t before = rows().size();
     handOver("more");
@@ -241,7 +241,7 @@ TEST_F(FoldersOfAnotherCopy, AreRefusedInTheListOfDrives) {
     EXPECT_EQ(rows().size(), before);
 }
 
-TEST_F(FoldersOfAnotherCopy, AreRefusedOnceWhileTheRefusalIsOpen) {
+TEST_F(FoldersOfAnotherInstance, AreRefusedOnceWhileTheRefusalIsOpen) {
     click("mainScanButton");
     handOver("more");
     expectRefusal();
@@ -322,7 +322,7 @@ TEST_F(Screens, TheAboutWindowDoesNotOpenWhileTheSettingsAreVisible) {
     EXPECT_FALSE(window().windowAboutPanel->isVisible());
 }
 
-TEST_F(Screens, HomeButtonsDifferInWhatHindersThem) {
+TEST_F(Screens, HomeButtonsAreBlockedByDifferentPanels) {
     const auto stays = [&](void (AppDelegate::*home)()) {
         window().selectTabViewItem(QStringLiteral("2"));
         (delegate.get()->*home)();
@@ -357,7 +357,7 @@ TEST_F(Screens, AScanForSimilarImagesIsMarkedAndNeverBegins) {
 
 class HelpMenu : public ProductFixture {};
 
-TEST_F(HelpMenu, OpensNothingWithoutAddresses) {
+TEST_F(HelpMenu, OpensNothingWithoutUrls) {
     launch();
     EXPECT_FALSE(window().supportMenuItem->isEnabled());
     delegate->help().supportMenuClicked();
@@ -372,7 +372,7 @@ TEST_F(HelpMenu, OpensTheGuide) {
     EXPECT_EQ(desktop.paths, std::vector<std::string>{folder.pathOf("share/index.html")});
 }
 
-TEST_F(HelpMenu, OpensTheAddressForSupport) {
+TEST_F(HelpMenu, OpensTheSupportUrl) {
     urls = QString::fromStdString(
         folder.writeFile("Urls.plist",
                          "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>Support</key>"
@@ -382,7 +382,7 @@ TEST_F(HelpMenu, OpensTheAddressForSupport) {
     EXPECT_EQ(desktop.addresses, QStringList{QStringLiteral("https://example.org/help")});
 }
 
-TEST_F(HelpMenu, OffersNoSupportByAListThatIsDamaged) {
+TEST_F(HelpMenu, OffersNoSupportIfTheListIsDamaged) {
     const std::string begin = "<?xml version=\"1.0\"?><plist version=\"1.0\">";
     for (const std::string& list :
          {std::string("damaged"), begin, begin + "<array><string>Support</string></array></plist>",
@@ -397,14 +397,14 @@ TEST_F(HelpMenu, OffersNoSupportByAListThatIsDamaged) {
     }
 }
 
-TEST_F(HelpMenu, HangsUnderItsButton) {
+TEST_F(HelpMenu, OpensBelowItsButton) {
     launch();
     click("buttonHelpManual");
     EXPECT_TRUE(window().helpMenu->isVisible());
     window().helpMenu->close();
 }
 
-/// Where controls and panels are put when something happens; points of the smallest window.
+/// Positions of panels, in points of the smallest window.
 class Places : public ProductFixture {
  protected:
     void SetUp() override { launch(); }
@@ -414,7 +414,7 @@ TEST_F(Places, OfANoticeOfTheList) {
     click("mainScanButtonFolder");
     panels.choice = {{folder.pathOf("Pictures")}};
     click("addFolders");
-    // In the list area, whose corner is at 55, 134; from there 220 to the right and 50 down.
+    // 220 to the right and 50 down from the corner of the list area at 55, 134.
     EXPECT_EQ(window().runningAlert->geometry(), QRect(275, 184, 466, 140));
 }
 
@@ -434,7 +434,7 @@ TEST_F(Places, OfTheNoticeOfClosing) {
     EXPECT_EQ(window().height() - 1 - place.bottom(), 225);
 }
 
-/// What is as before when home is reached again.
+/// The state after returning to the home screen.
 class Home : public ProductFixture {
  protected:
     void SetUp() override { launch(); }
@@ -448,7 +448,7 @@ TEST_F(Home, EntersDrivesAfterFolders) {
     EXPECT_FALSE(delegate->locations().list().scanFolderClicked());
 }
 
-TEST_F(Home, ForgetsWhatWasChecked) {
+TEST_F(Home, ClearsCheckStates) {
     click("mainScanButtonFolder");
     delegate->locations().markAllExact();
     window().locations->tableExact->model()->setData(
@@ -461,7 +461,7 @@ TEST_F(Home, ForgetsWhatWasChecked) {
     }
 }
 
-TEST_F(Home, TakesTheNoticeOfTheListAway) {
+TEST_F(Home, HidesTheNoticeOfTheList) {
     click("mainScanButtonFolder");
     panels.choice = {{folder.pathOf("Pictures")}};
     click("addFolders");
@@ -470,7 +470,7 @@ TEST_F(Home, TakesTheNoticeOfTheListAway) {
     EXPECT_FALSE(window().runningAlert->isVisible());
 }
 
-TEST_F(Home, UncoversWhatWasLoading) {
+TEST_F(Home, HidesTheLoadingOverlay) {
     delegate->showLoading();
     EXPECT_TRUE(window().loadingView->isVisible());
     delegate->session().totalSelected = 3;
@@ -492,7 +492,7 @@ TEST_F(Home, ShowsThePanelOfALongTask) {
     EXPECT_FALSE(window().progressWindow->isVisible());
 }
 
-TEST_F(Home, MayBeLoadedAgain) {
+TEST_F(Home, CanBeInitialisedAgain) {
     settings.setValue(homeImageKey, QStringLiteral("3"));
     delegate->awakeFromNib();
     EXPECT_EQ(window().home->homePage->pictureName(), QStringLiteral("HomePage3.png"));
@@ -506,7 +506,7 @@ class Entry : public ProductFixture {
     void SetUp() override { launch(); }
 };
 
-TEST_F(Entry, BeginsWithButtonsThatHaveNothingToDo) {
+TEST_F(Entry, BeginsWithDisabledButtons) {
     click("mainScanButtonFolder");
     delegate->locations().markAllExact();
     delegate->locations().buttonScanFoldersClicked();
@@ -517,13 +517,13 @@ TEST_F(Entry, BeginsWithButtonsThatHaveNothingToDo) {
     EXPECT_EQ(window().locations->findDuplicateExact->alpha(), 0.6);
 }
 
-TEST_F(Entry, IsHinderedByTheSettings) {
+TEST_F(Entry, IsBlockedByTheSettingsPanel) {
     window().settingsWindow->show();
     delegate->locations().buttonScanDriveClicked();
     EXPECT_EQ(screen(), QStringLiteral("1"));
 }
 
-TEST_F(Entry, OfDrivesAfterHinderedFoldersListsFolders) {
+TEST_F(Entry, OfDrivesAfterBlockedFoldersListsFolders) {
     window().settingsWindow->show();
     delegate->locations().buttonScanFoldersClicked();
     window().settingsWindow->hide();
@@ -597,7 +597,7 @@ TEST_F(LocationScreenTest, ACheckedFolderOpensWithItsFoldersChecked) {
     EXPECT_EQ(rows().size(), 2U);
 }
 
-TEST_F(LocationScreenTest, AFolderOpenedAgainForgetsWhatWasDeeper) {
+TEST_F(LocationScreenTest, AFolderOpenedAgainDropsDeeperLevels) {
     folder.makeFolder("Pictures/2022/January/first");
     click("mainScanButtonFolder");
     doubleClick(2);
@@ -617,7 +617,7 @@ TEST_F(LocationScreenTest, AFolderOpenedAgainForgetsWhatWasDeeper) {
     EXPECT_FALSE(window().locations->nextFolderButton->isEnabled());
 }
 
-TEST_F(LocationScreenTest, AFolderThatVanishedIsNotGoneBackTo) {
+TEST_F(LocationScreenTest, BackToAVanishedFolderShowsANotice) {
     click("mainScanButtonFolder");
     doubleClick(2);
     click("backFolderButton");
@@ -626,7 +626,7 @@ TEST_F(LocationScreenTest, AFolderThatVanishedIsNotGoneBackTo) {
     ASSERT_EQ(alerts.shown.size(), 1U);
     EXPECT_EQ(alerts.shown[0].informativeText, QStringLiteral("No Folders."));
     EXPECT_EQ(rows().size(), 4U);
-    // The position has moved, the buttons have not.
+    // The position has changed, the buttons have not.
     EXPECT_EQ(delegate->locations().history().currentPath(), 1);
     EXPECT_FALSE(window().locations->backFolderButton->isEnabled());
     EXPECT_TRUE(window().locations->nextFolderButton->isEnabled());
@@ -700,13 +700,13 @@ TEST_F(LocationScreenTest, PhotosOfThePanelAreAddedOnce) {
     expectNotice("Image already added.");
 }
 
-TEST_F(LocationScreenTest, APanelThatIsLeftChangesNothing) {
+TEST_F(LocationScreenTest, ACancelledPanelChangesNothing) {
     click("mainScanButton");
     click("addFolders");
     EXPECT_EQ(rows().size(), 1U);
 }
 
-TEST_F(LocationScreenTest, TheContextMenuTurnsARowOverAndRemovesIt) {
+TEST_F(LocationScreenTest, TheContextMenuTogglesARowAndRemovesIt) {
     click("mainScanButtonFolder");
     LocationTable& table = *window().locations->tableExact;
     Q_EMIT table.customContextMenuRequested(table.visualRect(table.model()->index(1, 0)).center());

@@ -12,7 +12,7 @@ namespace {
 
 using Levels = std::vector<std::string>;
 
-/// Where a history stands.
+/// The state of a history.
 struct Position {
     std::int64_t current;
     std::int64_t parent;
@@ -53,7 +53,7 @@ TEST(EmptyHistory, IsAtTheTopLevel) {
     EXPECT_EQ(positionOf(history), (Position{0, -1, -1}));
 }
 
-// The events, one by one.
+// Single events.
 
 TEST_F(History, BeginsAtTheTopLevelWhenTheListIsEntered) {
     EXPECT_EQ(history_.folderBrowser(), Levels{"Default"});
@@ -82,14 +82,14 @@ TEST_F(History, MovesToANewFolderWithAChildByOneMore) {
     EXPECT_EQ(positionOf(history_), (Position{2, 0, 2}));
 }
 
-TEST_F(History, StandsAtTheLastEntryWhenAFolderIsOpenedAgain) {
+TEST_F(History, MovesToTheLastEntryWhenAFolderIsOpenedAgain) {
     open({"/u", "/u/a", "/u/a/b"});
     open({"/u"});
     EXPECT_EQ(history_.folderBrowser(), (Levels{"Default", "/u"}));
     EXPECT_EQ(positionOf(history_), (Position{1, 0, -1}));
 }
 
-TEST_F(History, StandsAtTheLastEntryWhenSomethingWasDropped) {
+TEST_F(History, MovesToTheLastEntryWhenEntriesWereDropped) {
     open({"/u", "/u/a", "/u/a/b"});
     ASSERT_TRUE(history_.back());
     ASSERT_TRUE(history_.back());
@@ -136,7 +136,7 @@ TEST_F(History, GoesNoFurtherForwardThanItsLastEntry) {
     EXPECT_EQ(positionOf(history_), (Position{1, 0, 2}));
 }
 
-// What is dropped.
+// Dropped entries.
 
 TEST_F(History, DropsFoldersAsDeepAsTheNewOneOrDeeper) {
     open({"/a", "/a/b", "/a/b/c", "/x/y"});
@@ -150,7 +150,7 @@ TEST_F(History, NeverDropsTheTopLevel) {
     EXPECT_EQ(positionOf(history_), (Position{1, 0, -1}));
 }
 
-TEST_F(History, KeepsWhatIsLessDeepWhereverItLies) {
+TEST_F(History, KeepsEntriesThatAreLessDeep) {
     open({"/mnt/v"});
     history_.back();
     open({"/home/u/Desktop", "/home/u/Desktop/a"});
@@ -172,7 +172,7 @@ TEST_F(History, DropsEverythingForTheRootFolder) {
     EXPECT_EQ(positionOf(history_), (Position{1, 0, -1}));
 }
 
-TEST_F(History, ReturnsToAFolderThatLiesAheadOfIt) {
+TEST_F(History, ReturnsToAFolderAhead) {
     open({"/u", "/u/a", "/u/a/b"});
     history_.back();
     history_.back();
@@ -182,7 +182,7 @@ TEST_F(History, ReturnsToAFolderThatLiesAheadOfIt) {
 }
 
 TEST_F(History, GoesBackFromAFolderThatWasOpenedBesideAnother) {
-    // The way back leads past the one that was left behind.
+    // The way back includes the folder that was left.
     open({"/mnt/v"});
     history_.back();
     open({"/home/u/Desktop"});
@@ -237,20 +237,20 @@ TEST_F(History, OffersNextWhereThereIsAnEntryAhead) {
     history_.back();
     EXPECT_TRUE(history_.isNextEnabled());
     history_.next();
-    // The child's index lies behind the last entry now.
+    // The child's index is now past the last entry.
     EXPECT_EQ(history_.childPath(), 3);
     EXPECT_FALSE(history_.isNextEnabled());
 }
 
-TEST_F(History, LeavesItsIndicesWhereTheyWentIfTheLevelHasNothingToShow) {
-    // Whoever shows the levels finds "/u/a" gone: the position is past the level on the screen.
+TEST_F(History, KeepsItsIndicesIfTheLevelIsEmpty) {
+    // The caller finds that "/u/a" no longer exists: the position is past the level shown.
     open({"/u", "/u/a", "/u/a/b"});
     history_.back();
     history_.back();
     history_.next();
     EXPECT_EQ(history_.current(), "/u/a");
     EXPECT_EQ(positionOf(history_), (Position{2, 1, 3}));
-    // The next press goes on from there.
+    // The next step starts from there.
     history_.next();
     EXPECT_EQ(history_.current(), "/u/a/b");
 }

@@ -9,9 +9,9 @@
 namespace tarvin {
 namespace {
 
-/// Serves a file in a network of its own, at an address that is not the machine's inner one, and
-/// has the program ask for it: first without a way out, then with one. It is the kernel that is
-/// asked whether there is a way, not a network manager outside.
+/// Serves a file in a separate network namespace, at an address that is not the loopback's, and has
+/// the program fetch it: first without a default route, then with one. The program asks the kernel
+/// for a route, not a network manager.
 constexpr const char* script = R"(
 export DBUS_SYSTEM_BUS_ADDRESS=unix:path=/nonexistent GIO_USE_NETWORK_MONITOR=netlink
 ip link set lo up && ip address add 192.0.2.1/32 dev lo || exit 1
@@ -26,7 +26,7 @@ ask "$@"
 kill "$server"
 )";
 
-TEST(Connectivity, AnAddressIsReadOnlyWhereThereIsAWayOut) {
+TEST(Connectivity, AUrlIsReadOnlyIfThereIsARoute) {
     if (runCommand("unshare -rn true").status != 0) {
         GTEST_SKIP() << "no network namespace can be made";
     }

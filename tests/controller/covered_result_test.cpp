@@ -11,8 +11,7 @@
 namespace tarvin {
 namespace {
 
-/// A result under a panel, and presses that need neither mouse nor keyboard, as those of an
-/// assistive technology.
+/// A result under a panel, and actions without mouse or keyboard, as by assistive technology.
 class CoveredResult : public DeletionFixture {
  protected:
     void SetUp() override {
@@ -20,7 +19,7 @@ class CoveredResult : public DeletionFixture {
         scanAndReview();
     }
 
-    /// Every button of the bar and the screen that is there.
+    /// Presses every button of the bar and the screen.
     void pressEverything() {
         int pressed = 0;
         for (const char* area : {"topBar", "resultScreen"}) {
@@ -35,7 +34,7 @@ class CoveredResult : public DeletionFixture {
         popUp->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
     }
 
-    /// Nothing on the screen is other than it was.
+    /// The screen is unchanged.
     void expectUntouched(const char* marked) {
         EXPECT_EQ(screen(), QStringLiteral("4"));
         EXPECT_FALSE(isEnabled("allButton"));

@@ -12,10 +12,10 @@
 
 namespace tarvin {
 
-/// A result and what its deletions do to the disk.
+/// A result on the screen, and deletions that can be held at a file.
 class DeletionFixture : public ResultFixture {
  protected:
-    /// Holds the run before it looks at a file whose path contains `part`.
+    /// Blocks the run before the first stat of a file whose path contains `part`.
     void holdAt(const std::string& part) {
         files.beforeCall(
             FileCall::attributesAt, 1,
@@ -26,14 +26,14 @@ class DeletionFixture : public ResultFixture {
             part);
     }
 
-    /// Begins the deletion of what is marked and waits until it is held there.
+    /// Starts deleting the marked files and waits until the run is blocked there.
     void deleteAndHoldAt(const std::string& part) {
         holdAt(part);
         click("finishButton");
         ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
     }
 
-    /// Deletes, stops the run while it is held there, with "YES", and waits for its report.
+    /// Starts deleting, stops the blocked run with "YES", and waits for its report.
     void deleteAndStopAt(const std::string& part) {
         ASSERT_NO_FATAL_FAILURE(deleteAndHoldAt(part));
         click("stopDeleteBtn");
@@ -42,7 +42,7 @@ class DeletionFixture : public ResultFixture {
         ASSERT_TRUE(reported());
     }
 
-    /// Whether the run that was held sleeps now, behind a set or an extension.
+    /// Whether the run that was blocked sleeps in a pause.
     [[nodiscard]] bool isPaused() {
         return waitUntil([this] { return isAsleep(walker); });
     }
@@ -51,7 +51,7 @@ class DeletionFixture : public ResultFixture {
         return comesTrue([this] { return window().informationWindow->isVisible(); });
     }
 
-    /// Deletes what is marked; the first line of the report.
+    /// Deletes the marked files; returns the first line of the report.
     [[nodiscard]] std::string deleteMarked() {
         click("finishButton");
         return reported() ? information()[1] : "no report";

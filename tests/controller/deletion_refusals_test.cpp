@@ -3,7 +3,7 @@
 namespace tarvin {
 namespace {
 
-/// What a deletion leaves where it is, and what the counters make of it.
+/// Files that a deletion does not move, and the counters afterwards.
 class DeletionRefusal : public DeletionFixture {
  protected:
     void SetUp() override {
@@ -15,7 +15,7 @@ class DeletionRefusal : public DeletionFixture {
         return setOf(extension, set).files().at(file)->state() != CheckState::off;
     }
 
-    /// Every file of the set of three, which takes a hand that has marked each of them.
+    /// Marks every file of the set of three, which only marking them one by one does.
     void markWholeSet() {
         select(0, 1);
         clickFileBox(0);
@@ -77,7 +77,7 @@ TEST_F(DeletionRefusal, LeavesASetWhoseStateIsOffUntouchedByTheNextRun) {
 
 using DeletionCounter = DeletionRefusal;
 
-/// One more file has gone than was counted as marked.
+/// One more file is moved than was counted as marked.
 TEST_F(DeletionCounter, EndsAtZeroAfterAWholeSet) {
     markWholeSet();
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 2");
@@ -119,7 +119,7 @@ TEST_F(DeletionCounter, CountsAllThatAreLeftAfterAWholeSet) {
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 2");
 }
 
-TEST_F(DeletionCounter, OfNothingShowsNothingThoughUnmarkAllIsEnabled) {
+TEST_F(DeletionCounter, OfZeroShowsNoReportThoughUnmarkAllIsEnabled) {
     window().results->unMarkAll->setEnabled(true);
     click("finishButton");
     EXPECT_FALSE(delegate->deletion().isRunning());
@@ -143,7 +143,7 @@ TEST_F(DeletionCounter, OfTheBarBeginsAtZeroInEachRun) {
     click("scanInforOKBtn");
     clickFileBox(1);
     delegate->deletion().deleteButtonExactPageClicked();
-    // Before the run's first news are shown.
+    // Before the first progress of the run is shown.
     EXPECT_TRUE(window().deletionPreview->isVisible());
     EXPECT_EQ(bar.done(), 0U);
     ASSERT_TRUE(reported());

@@ -14,7 +14,7 @@ class DeletionStop : public DeletionFixture {
     }
 
     /// Presses a button of the deletion panel while the run is in its first set, and waits until
-    /// that set is finished and the run waits behind it.
+    /// that set is finished and the run is paused.
     void waitBehindFirstSetAfter(const char* button) {
         click("markAll");
         deleteAndHoldAt("a2.jpg");
@@ -24,15 +24,15 @@ class DeletionStop : public DeletionFixture {
         ASSERT_TRUE(isPaused());
     }
 
-    /// Stops a run in its first set and puts its report away.
+    /// Stops a run in its first set and closes its report.
     void stopInFirstSet() {
         click("markAll");
         ASSERT_NO_FATAL_FAILURE(deleteAndStopAt("a2.jpg"));
         click("scanInforOKBtn");
     }
 
-    /// Ends the product while a run is held in a set, and lets the run go on only when the end
-    /// waits for it.
+    /// Ends the product while a run is blocked in a set; the run continues only once the end waits
+    /// for it.
     void endDuringASet() {
         std::atomic<bool> ends{false};
         const pid_t mainThread = ::gettid();
@@ -58,7 +58,7 @@ TEST_F(DeletionStop, APauseTakesEffectBetweenTwoSets) {
     EXPECT_EQ(panel.pauseResumeBtn->accessibleName(), QStringLiteral("Resume"));
     EXPECT_FALSE(isEnabled("stopDeleteBtn"));
     barrier.open();
-    // The set in hand is finished.
+    // The current set is finished.
     EXPECT_TRUE(comesTrue([this] { return !isThere("a2.jpg"); }));
     ASSERT_TRUE(isPaused());
     EXPECT_TRUE(delegate->deletion().isRunning());
@@ -104,7 +104,7 @@ TEST_F(DeletionStop, EndsTheWaitForAnotherCleanUp) {
     EXPECT_TRUE(isThere("a2.jpg"));
 }
 
-TEST_F(DeletionStop, IsPossibleWhileSomebodyElseHasTheJournal) {
+TEST_F(DeletionStop, IsPossibleWhileTheJournalIsLocked) {
     {
         const auto others = FolderLock::take(folder.pathOf("support"));
         ASSERT_TRUE(others);
@@ -124,7 +124,7 @@ TEST_F(DeletionStop, EndsEveryLaterRunAtOnce) {
     ASSERT_TRUE(reported());
     EXPECT_EQ(information(),
               (Lines{"Information", "Duplicates Cleaned: 0", "Space Regained: 0.00 KB ", ""}));
-    // The totals are written all the same.
+    // The totals are still written.
     EXPECT_TRUE(std::filesystem::exists(folder.pathOf("support/data.plist")));
     EXPECT_EQ(storedTotals().alreadyDeletedCount(), 1);
     EXPECT_EQ(storedTotals().alreadyDeletedSize(), 3U);
@@ -152,7 +152,7 @@ TEST_F(DeletionStop, EndsTheRunsOfALaterScanToo) {
     EXPECT_EQ(storedTotals().alreadyDeletedCount(), 1);
 }
 
-TEST_F(DeletionStop, GoesOnIfTheQuestionIsAnsweredWithNo) {
+TEST_F(DeletionStop, AnsweredWithNoResumesTheRun) {
     ASSERT_NO_FATAL_FAILURE(waitBehindFirstSetAfter("stopDeleteBtn"));
     EXPECT_TRUE(delegate->deletion().isRunning());
     EXPECT_TRUE(isThere("b2.jpg"));
@@ -177,7 +177,7 @@ TEST_F(DeletionStop, WithdrawsItsQuestionWithTheRun) {
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");
 }
 
-/// Nothing holds it and no button of its panel is disabled.
+/// It runs unpaused, with both buttons of its panel enabled.
 TEST_F(DeletionStop, WithAQuestionThatWasWithdrawnLeavesTheNextRunAlone) {
     select(1, 0);
     clickFileBox(1);
@@ -194,8 +194,8 @@ TEST_F(DeletionStop, WithAQuestionThatWasWithdrawnLeavesTheNextRunAlone) {
     EXPECT_EQ(information()[1], "Duplicates Cleaned: 3");
 }
 
-/// In a set of three marked files, before the first of which it is held.
-TEST_F(DeletionStop, ClosingTheWindowFinishesTheSetInHandAndStoresTheTotals) {
+/// The run is blocked before the first of three marked files of a set.
+TEST_F(DeletionStop, ClosingTheWindowFinishesTheCurrentSetAndStoresTotals) {
     write("b4.jpg", "three");
     scanAgain();
     click("scanInforOKBtn");
@@ -229,8 +229,8 @@ TEST_F(DeletionStop, ClosingTheWindowUnderTheQuestionMovesNothingMore) {
     EXPECT_EQ(storedTotals().alreadyDeletedCount(), 1);
 }
 
-/// Two extensions of three sets of three files each, two of them marked, held in each of the six
-/// sets in turn.
+/// Two extensions of three sets with three files each, two of them marked; the run is blocked in
+/// each of the six sets in turn.
 class DeletionStopAtEachSet : public DeletionFixture, public testing::WithParamInterface<int> {
  protected:
     static constexpr int sets = 6;
@@ -257,7 +257,7 @@ class DeletionStopAtEachSet : public DeletionFixture, public testing::WithParamI
         return static_cast<std::uint64_t>(done) * markedPerSet * bytes;
     }
 
-    /// The first `done` sets were deleted and nothing else, and everybody says so.
+    /// Only the first `done` sets were deleted: on disk, in the report and in the totals.
     void expectDone(int done) {
         ASSERT_TRUE(reported());
         const int count = done * markedPerSet;
@@ -277,15 +277,15 @@ class DeletionStopAtEachSet : public DeletionFixture, public testing::WithParamI
     }
 };
 
-TEST_P(DeletionStopAtEachSet, FinishesTheSetInHand) {
+TEST_P(DeletionStopAtEachSet, FinishesTheCurrentSet) {
     click("stopDeleteBtn");
     alerts.press(0);
     barrier.open();
     expectDone(GetParam() + 1);
 }
 
-/// Before a set it waits there and does it; before an extension it does nothing more.
-TEST_P(DeletionStopAtEachSet, AnsweredWhileTheRunWaitsStillDoesThatSet) {
+/// Paused before a set, it still does that set; paused before an extension, it does nothing more.
+TEST_P(DeletionStopAtEachSet, AnsweredDuringAPauseStillMovesTheNextSet) {
     click("stopDeleteBtn");
     barrier.open();
     EXPECT_TRUE(comesTrue([this] { return !isThere(nameOf(GetParam(), 2)); }));

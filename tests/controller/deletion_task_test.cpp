@@ -15,7 +15,7 @@ class DeletionTest : public DeletionFixture {
         scanAndReview();
     }
 
-    /// In place of what was found: one set of files that are not there.
+    /// Replaces the result by one set of files that do not exist.
     void showSetOf(int count) {
         const std::shared_ptr<FileStore> store = FileStore::create();
         const Directory* const nowhere = store->addRoot("/nowhere");
@@ -30,8 +30,8 @@ class DeletionTest : public DeletionFixture {
         delegate->results().reload();
     }
 
-    /// The longest turn of the event loop, in seconds that this thread ran.
-    [[nodiscard]] double longestTurnUntilReport() {
+    /// The longest iteration of the event loop, in seconds of CPU time of this thread.
+    [[nodiscard]] double maxIterationUntilReport() {
         const auto seconds = [] {
             timespec ran{};
             ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &ran);
@@ -48,7 +48,7 @@ class DeletionTest : public DeletionFixture {
     }
 };
 
-TEST_F(DeletionTest, LeavesTheButtonsAsTheMarksAreThen) {
+TEST_F(DeletionTest, UpdatesTheButtonsForTheRemainingMarks) {
     clickBox(tree().indexOfSet(0, 1));
     ASSERT_TRUE(isEnabled("unMarkAll"));
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 2");
@@ -62,7 +62,7 @@ TEST_F(DeletionTest, LeavesTheButtonsAsTheMarksAreThen) {
     EXPECT_FALSE(window().results->deletePermanently->isEnabled());
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 0");
 
-    // One of all that are marked stays, marked: every duplicate that is left is.
+    // One marked file stays and stays marked: every remaining duplicate is.
     click("markAll");
     ASSERT_FALSE(isEnabled("markAll"));
     std::filesystem::remove(found("a2.jpg"));
@@ -77,7 +77,7 @@ TEST_F(DeletionTest, LeavesTheButtonsAsTheMarksAreThen) {
     EXPECT_TRUE(window().results->deletePermanently->isEnabled());
 }
 
-TEST_F(DeletionTest, MovesWhatIsMarkedAndReports) {
+TEST_F(DeletionTest, MovesMarkedFilesAndReports) {
     click("markAll");
     click("finishButton");
     ASSERT_TRUE(reported());
@@ -97,7 +97,7 @@ TEST_F(DeletionTest, MovesWhatIsMarkedAndReports) {
     EXPECT_TRUE(window().results->resultTable->isVisible());
     EXPECT_TRUE(isEnabled("finishButton"));
     EXPECT_EQ(window().results->finishButton->alpha(), 1.0);
-    EXPECT_EQ(covers(), 1);  // of the report
+    EXPECT_EQ(covers(), 1);  // the report's
     EXPECT_EQ(list().rowCount(), 1);
     click("scanInforOKBtn");
     EXPECT_EQ(covers(), 0);
@@ -117,13 +117,13 @@ TEST_F(DeletionTest, OfTwoOfThreeFilesKeepsOne) {
     EXPECT_TRUE(isThere("a2.jpg"));
 }
 
-TEST_F(DeletionTest, OfNothingSaysSo) {
+TEST_F(DeletionTest, OfNothingShowsANotice) {
     click("finishButton");
     EXPECT_EQ(information(), (Lines{"Information", "Please select any file to delete.", "", ""}));
     EXPECT_FALSE(delegate->deletion().isRunning());
 }
 
-/// A button that is there and not shown.
+/// A button that exists and is never shown.
 TEST_F(DeletionTest, BeginsWithTheOtherButtonToo) {
     EXPECT_FALSE(window().results->sendToRecycle->isEnabled());
     delegate->deletion().sendToRecycleClicked();
@@ -137,8 +137,8 @@ TEST_F(DeletionTest, BeginsWithTheOtherButtonToo) {
     EXPECT_EQ(information()[1], "Duplicates Cleaned: 4");
 }
 
-/// Which somebody else may have removed.
-TEST_F(DeletionTest, WritesTheTotalsThoughNothingWasMoved) {
+/// Another program may have removed the file.
+TEST_F(DeletionTest, WritesTheTotalsEvenIfNothingWasMoved) {
     click("markAll");
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 4");
     click("scanInforOKBtn");
@@ -175,7 +175,7 @@ TEST_F(DeletionTest, ShowsItsPanelOverTheCoveredResult) {
     EXPECT_EQ(placeOf(window().informationWindow), QPoint(250, 200));
 }
 
-TEST_F(DeletionTest, PassesOverWhatHasVanished) {
+TEST_F(DeletionTest, SkipsVanishedFiles) {
     click("markAll");
     std::filesystem::remove(folder.pathOf("found/b2.jpg"));
     click("finishButton");
@@ -185,7 +185,7 @@ TEST_F(DeletionTest, PassesOverWhatHasVanished) {
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 1");
 }
 
-TEST_F(DeletionTest, KeepsTheLastCopyThoughOthersHaveVanished) {
+TEST_F(DeletionTest, KeepsTheLastCopyIfOthersHaveVanished) {
     click("markAll");
     std::filesystem::remove(folder.pathOf("found/a1.jpg"));
     click("finishButton");
@@ -193,7 +193,7 @@ TEST_F(DeletionTest, KeepsTheLastCopyThoughOthersHaveVanished) {
     EXPECT_TRUE(isThere("a2.jpg"));
 }
 
-/// Which takes a hand that has marked each of them.
+/// Only marking the files one by one marks them all.
 TEST_F(DeletionTest, MovesASetWhoseEveryFileIsMarked) {
     select(0, 1);
     clickFileBox(0);
@@ -222,12 +222,12 @@ TEST_F(DeletionTest, ShowsTheTreeAsItWasUntilTheEnd) {
     EXPECT_EQ(setText(0, 1), "Set(0)");
 }
 
-/// What the run knew of the set is freed by the run.
-TEST_F(DeletionTest, OfAVeryLargeSetEndsWithoutAWait) {
+/// The run's thread frees its data of the set.
+TEST_F(DeletionTest, OfAVeryLargeSetEndsWithoutAStall) {
     showSetOf(500'000);
     click("markAll");
     click("finishButton");
-    EXPECT_LT(longestTurnUntilReport(), 0.1);
+    EXPECT_LT(maxIterationUntilReport(), 0.1);
     EXPECT_EQ(information()[1], "Duplicates Cleaned: 0");
 }
 

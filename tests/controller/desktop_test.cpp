@@ -14,7 +14,7 @@
 
 namespace tarvin {
 
-/// Takes the addresses that the desktop would be given.
+/// Records the URLs that would be passed to the desktop.
 class OpenedAddresses final : public QObject {
     Q_OBJECT
 
@@ -52,7 +52,7 @@ class SystemDesktop : public ::testing::Test {
     Desktop& desktop_ = systemDesktop();
 };
 
-TEST_F(SystemDesktop, OpensAddressesOfFourSchemes) {
+TEST_F(SystemDesktop, OpensUrlsOfFourSchemes) {
     const Addresses addresses{"https://example.org/help?a=b#c", "http://example.org",
                               "mailto:help@example.org", "file:///usr/share/index.html"};
     for (const std::string& address : addresses) {
@@ -61,7 +61,7 @@ TEST_F(SystemDesktop, OpensAddressesOfFourSchemes) {
     EXPECT_EQ(opened_.taken, addresses);
 }
 
-TEST_F(SystemDesktop, RefusesEveryOtherAddress) {
+TEST_F(SystemDesktop, RefusesOtherUrls) {
     for (const char* address :
          {"", " ", "example.org", "/usr/bin/env", "javascript:alert(1)", "ftp://example.org/a",
           "smb://nas/share", "tarvin:", "http://exa mple.org/", "https://[bad", "http://a/%zz",

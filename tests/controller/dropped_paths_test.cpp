@@ -14,7 +14,7 @@ namespace {
 
 using Paths = std::vector<std::string>;
 
-/// What comes of a drop as another program puts it together.
+/// The result of a drop with these URLs.
 Paths droppedAs(const QByteArray& uriList) {
     QMimeData data;
     data.setData(QStringLiteral("text/uri-list"), uriList);
@@ -35,7 +35,7 @@ TEST(DroppedPaths, AreDecoded) {
                     "e"});
 }
 
-TEST(DroppedPaths, KeepBytesThatAreNotText) {
+TEST(DroppedPaths, KeepBytesThatAreNotUtf8) {
     EXPECT_EQ(droppedAs("file:///%FF%fe/a%FF.png\r\n"), Paths{"/\xff\xfe/a\xff.png"});
     EXPECT_EQ(droppedAs("file:///%25FF\r\n"), Paths{"/%FF"});
 }
@@ -70,7 +70,7 @@ TEST(DroppedPaths, AreTheLocalOnesAmongOthers) {
     EXPECT_EQ(droppedAs("http://example.org/a.png\r\nfile:///b.png\r\n"), Paths{"/b.png"});
 }
 
-TEST(DroppedPaths, AreNoneOfDamagedAddresses) {
+TEST(DroppedPaths, AreNoneOfInvalidUrls) {
     for (const char* damaged : {"", "\r\n", "file:", "file://", "file:relative/a.png", "/a.png",
                                 "file:///a%00b", "file://[bad/a", "# a comment\r\n", "%", "\xff"}) {
         EXPECT_EQ(droppedAs(damaged), Paths{}) << damaged;

@@ -34,7 +34,7 @@ TEST_F(Exceptions, TakeTheMarkedFilesOutAfterAQuestion) {
               (Lines{"Information", "\nSuccessfully added 4 files to exceptions.", "", ""}));
     EXPECT_EQ(storedExceptions(),
               (Lines{found("a2.jpg"), found("b2.jpg"), found("b3.jpg"), found("c2.txt")}));
-    EXPECT_EQ(covers(), 1);  // of the information
+    EXPECT_EQ(covers(), 1);  // the information window's
     EXPECT_EQ(list().rowCount(), 1);
     EXPECT_TRUE(isEnabled("removeExceptionBtn"));
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 0");
@@ -42,7 +42,7 @@ TEST_F(Exceptions, TakeTheMarkedFilesOutAfterAQuestion) {
     EXPECT_EQ(screen(), QStringLiteral("4"));
 }
 
-/// Its marks are one more than were counted.
+/// It has one marked file more than was counted.
 TEST_F(Exceptions, OfAWholeSetLeaveTheMarksAtZero) {
     select(0, 1);
     clickFileBox(0);
@@ -80,7 +80,7 @@ TEST_F(Exceptions, AreLeftAsTheyAreIfTheQuestionIsCancelled) {
     EXPECT_EQ(list().rowCount(), 2);
 }
 
-TEST_F(Exceptions, AreNotAskedForWithNothingMarked) {
+TEST_F(Exceptions, ShowNoQuestionIfNothingIsMarked) {
     window().results->addEceptionBtn->setEnabled(true);
     click("addEceptionBtn");
     EXPECT_FALSE(window().exceptionWindow->isVisible());
@@ -126,7 +126,7 @@ TEST_F(Exceptions, AreForgottenAfterAQuestion) {
     EXPECT_EQ(information(), (Lines{"Information", "\nAll exceptions has been removed.", "", ""}));
 }
 
-TEST_F(Exceptions, AreLeftOutOfTheNextScan) {
+TEST_F(Exceptions, AreSkippedByTheNextScan) {
     click("markAll");
     click("addEceptionBtn");
     click("excOKBtn");
@@ -145,7 +145,7 @@ TEST_F(Exceptions, AreScannedAgainOnceTheyAreForgotten) {
     EXPECT_EQ(setOf(0, 1).files().size(), 3U);
 }
 
-TEST_F(Exceptions, DoNotHoldForAFileThatWasMoved) {
+TEST_F(Exceptions, DoNotApplyToAMovedFile) {
     excludeAll();
     std::filesystem::rename(found("c2.txt"), found("c9.txt"));
     scanAgain();
@@ -154,7 +154,7 @@ TEST_F(Exceptions, DoNotHoldForAFileThatWasMoved) {
     EXPECT_EQ(setOf(0, 0).files()[1]->filePath(), found("c9.txt"));
 }
 
-/// As another copy of the program does it.
+/// Another instance has added it.
 TEST_F(Exceptions, OfAFileThatIsListedAlreadyCountItAgainAndListItOnce) {
     ExceptionFile another(folder.pathOf("support"));
     ASSERT_FALSE(another.addExceptions({found("a2.jpg")}).has_value());
@@ -166,7 +166,7 @@ TEST_F(Exceptions, OfAFileThatIsListedAlreadyCountItAgainAndListItOnce) {
               (Lines{found("a2.jpg"), found("b2.jpg"), found("b3.jpg"), found("c2.txt")}));
 }
 
-/// The totals of the views are not lowered, so that less than all is marked then.
+/// The totals of the views are not lowered, so not everything counts as marked.
 TEST_F(Exceptions, LeaveMarkAllEnabledWhenAllIsMarked) {
     select(0, 1);
     clickFileBox(1);
@@ -179,7 +179,7 @@ TEST_F(Exceptions, LeaveMarkAllEnabledWhenAllIsMarked) {
     EXPECT_TRUE(isEnabled("unMarkAll"));
 }
 
-TEST_F(Exceptions, MayHaveVanished) {
+TEST_F(Exceptions, CanBeVanishedFiles) {
     click("markAll");
     std::filesystem::remove(found("c2.txt"));
     click("addEceptionBtn");
@@ -189,7 +189,7 @@ TEST_F(Exceptions, MayHaveVanished) {
     EXPECT_FALSE(isThere("c2.txt"));
 }
 
-/// Which takes a hand that has marked each file; the counters are one short then.
+/// Only marking files one by one marks them all; the counters are then one short.
 TEST_F(Exceptions, MayBeEveryFileOfASet) {
     select(0, 1);
     clickFileBox(0);

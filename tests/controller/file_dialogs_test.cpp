@@ -15,7 +15,7 @@
 namespace tarvin {
 namespace {
 
-/// The dialogs of the product over a window, answered as a person would.
+/// The product's dialogs over a window, operated by keyboard and mouse.
 class FileDialogsTest : public testing::Test {
  protected:
     using Paths = std::vector<std::string>;
@@ -120,7 +120,7 @@ TEST_F(FileDialogsTest, AnswerWithAPathThatWasTypedInFull) {
     EXPECT_EQ(chosen, Paths{path});
 }
 
-/// Qt selects the folders above it, too, if its field does not have the keyboard meanwhile.
+/// Qt also selects the folders above it if its field does not have the focus meanwhile.
 TEST_F(FileDialogsTest, AnswerWithAPathAndNotWithTheFoldersAboveIt) {
     const std::string path = folder.makeFolder("albums/summer/june");
     for (const char* shown : {"", "albums", "albums/summer", "albums/summer/june"}) {
@@ -192,7 +192,7 @@ TEST_F(FileDialogsTest, ForPhotosTakeATypedNameOfTheTypes) {
     EXPECT_EQ(chosen, Paths{photo});
 }
 
-TEST_F(FileDialogsTest, ForPhotosTakeNoTypedNameOfAnotherType) {
+TEST_F(FileDialogsTest, ForPhotosRefuseATypedNameOfAnotherType) {
     folder.writeFile("letter.txt", "x");
     folder.writeFile("letter", "x");
     QFileDialog* dialog = open(photos);
@@ -215,7 +215,7 @@ TEST_F(FileDialogsTest, SayThatOtherNamesCanBeDropped) {
               QStringLiteral("Photos not shown here can be dropped onto the list."));
 }
 
-/// A dialog of the desktop's may answer so.
+/// A native dialog may return such a URL.
 TEST_F(FileDialogsTest, SayThatWhatCannotBeNamedCanBeDropped) {
     QFileDialog* dialog = open(photos);
     dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
@@ -237,7 +237,7 @@ TEST_F(FileDialogsTest, ForPhotosTakeNoOtherTypeFromADialogOfTheDesktop) {
     EXPECT_EQ(chosen, Paths());
 }
 
-TEST_F(FileDialogsTest, AnswerNothingWhenTheyAreLeft) {
+TEST_F(FileDialogsTest, ReturnNothingIfCancelled) {
     open(photos)->reject();
     EXPECT_TRUE(isGone());
     EXPECT_EQ(answers, 0);

@@ -30,7 +30,7 @@ class FileListTest : public ::testing::Test {
     }
 
     FileList list_;
-    // Ends the test program if the model contradicts itself or its signals.
+    // Aborts if the model is inconsistent.
     QAbstractItemModelTester tester_{&list_, QAbstractItemModelTester::FailureReportingMode::Fatal};
     QSignalSpy changed_{&list_, &QAbstractItemModel::dataChanged};
 };
@@ -79,7 +79,7 @@ TEST_F(FileListTest, ChecksTheBoxesOfMarkedFiles) {
     EXPECT_EQ(cell(1, FileList::nameText, Qt::CheckStateRole), QVariant());
 }
 
-TEST_F(FileListTest, TellsOfOneMarkInOneCell) {
+TEST_F(FileListTest, ReportsOneMarkInOneCell) {
     list_.setSet(setOf({"/a", "/b", "/c"}), 1);
     list_.markChanged(1);
     ASSERT_EQ(changed_.size(), 1);
@@ -90,7 +90,7 @@ TEST_F(FileListTest, TellsOfOneMarkInOneCell) {
     EXPECT_EQ(changed_.size(), 1);
 }
 
-TEST_F(FileListTest, TellsOfAllMarksInOneColumn) {
+TEST_F(FileListTest, ReportsAllMarksInOneColumn) {
     list_.setSet(setOf({"/a", "/b", "/c"}), 1);
     list_.allMarksChanged();
     ASSERT_EQ(changed_.size(), 1);
@@ -106,7 +106,7 @@ TEST_F(FileListTest, NamesItsBoxesForAssistiveTechnology) {
     EXPECT_FALSE(list_.flags(list_.index(0, FileList::nameText)) & Qt::ItemIsEditable);
 }
 
-TEST_F(FileListTest, StandsUnderItsHeaders) {
+TEST_F(FileListTest, HasHeaders) {
     const auto header = [this](int section, int role) {
         return list_.headerData(section, Qt::Horizontal, role).toString();
     };

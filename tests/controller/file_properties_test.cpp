@@ -15,7 +15,7 @@
 namespace tarvin {
 namespace {
 
-/// Puts the process into a time zone for as long as it lives.
+/// Sets the time zone of the process during its lifetime.
 class TimeZone final {
  public:
     explicit TimeZone(const char* name) {
@@ -37,7 +37,7 @@ class TimeZone final {
     std::optional<std::string> former_;
 };
 
-/// A moment of UTC.
+/// A time in UTC.
 Timestamp at(int year, int month, int day, std::chrono::nanoseconds time) {
     return std::chrono::sys_days(std::chrono::year(year) / month / day) + time;
 }
@@ -73,7 +73,7 @@ TEST_F(FilePropertiesTest, OfAnyFileHaveNone) {
               "Modified Date       : 2022-11-12 13:14:15");
 }
 
-TEST_F(FilePropertiesTest, KeepTheRunsOfBlanks) {
+TEST_F(FilePropertiesTest, KeepRunsOfSpaces) {
     const QString image = FileProperties::getImageProperties(attributes_, "/a", {1, 1});
     EXPECT_TRUE(image.contains("Size" + QString(26, ' ') + ": "));
     EXPECT_TRUE(image.contains("\nImage Dimensions" + QString(3, ' ') + ": "));
@@ -104,7 +104,7 @@ TEST_F(FilePropertiesTest, LeaveOutWhatAFileSystemDoesNotRecord) {
               "Modified Date       : 2022-11-12 13:14:15");
 }
 
-TEST_F(FilePropertiesTest, AreThereWithoutAnyAttribute) {
+TEST_F(FilePropertiesTest, AreShownWithoutAttributes) {
     const TemporaryFolder folder;
     const std::string gone = folder.pathOf("gone.png");
     EXPECT_EQ(FileProperties::getAllProperties(systemFileSystem(), gone),
@@ -158,7 +158,7 @@ TEST_F(FilePropertiesTest, ShowDatesFarAway) {
     EXPECT_EQ(FileProperties::dateToString(std::nullopt), QString());
 }
 
-TEST_F(FilePropertiesTest, WriteNumbersPlainly) {
+TEST_F(FilePropertiesTest, WriteNumbersWithoutExponents) {
     EXPECT_EQ(FileProperties::decimalText(1024), "1024");
     EXPECT_EQ(FileProperties::decimalText(0), "0");
     EXPECT_EQ(FileProperties::decimalText(100'000), "100000");

@@ -9,7 +9,7 @@
 namespace tarvin {
 namespace {
 
-/// The objects of the window that have to be found by these names, each once.
+/// Object names of the window, each of which must exist once.
 constexpr const char* outlets[] = {
     "HomePage",
     "OView2",
@@ -98,7 +98,7 @@ constexpr const char* outlets[] = {
     "windowAboutPanel",
 };
 
-/// How many operations these are: a name that is gone does not compile.
+/// Counts these operations; a missing one does not compile.
 template <auto... operation>
 constexpr std::size_t count() {
     return sizeof...(operation);

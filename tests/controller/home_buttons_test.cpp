@@ -15,7 +15,7 @@
 namespace tarvin {
 namespace {
 
-/// What start and home do to the controls and the stored settings.
+/// The effect of the start and of returning home on controls and stored settings.
 class StartAndHome : public ProductFixture {
  protected:
     void SetUp() override { launch(); }
@@ -49,7 +49,7 @@ TEST_F(StartAndHome, GivesBothHomeButtonsTheirFourPictures) {
     expectHomeImages(*window().results->buttonHomePage);
 }
 
-TEST_F(StartAndHome, ShowsTheNormalPictureOfAHomeButtonWhenThePointerHasGone) {
+TEST_F(StartAndHome, ShowsTheNormalHomeImageAfterHovering) {
     click("mainScanButton");
     ButtonHoverSimple& button = *window().locations->buttonHomeExactPage;
     QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));

@@ -71,7 +71,7 @@ TEST(HomeImageCounter, IsReadAsADecimalNumber) {
     EXPECT_EQ(homeImageCounter(3), 3);
 }
 
-TEST(HomeImageCounter, IsZeroForWhatIsNoNumber) {
+TEST(HomeImageCounter, IsZeroForOtherTexts) {
     for (const char* nonsense :
          {"", " ", "two", "-", "+", "+-2", "--2", "- 2", "x3", "\xc2\xb2", "\xd9\xa2", "0x3"}) {
         EXPECT_EQ(counterOf(nonsense), 0) << nonsense;
@@ -80,7 +80,7 @@ TEST(HomeImageCounter, IsZeroForWhatIsNoNumber) {
     EXPECT_EQ(homeImageCounter(QVariant::fromValue<void*>(nullptr)), 0);
 }
 
-TEST(HomeImageCounter, IsTheNearestNumberThereIs) {
+TEST(HomeImageCounter, IsClampedTo32Bits) {
     EXPECT_EQ(counterOf("2147483647"), Limits::max());
     EXPECT_EQ(counterOf("2147483648"), Limits::max());
     EXPECT_EQ(counterOf("-99999999999999999999"), Limits::min());

@@ -9,8 +9,8 @@
 namespace tarvin {
 namespace {
 
-// Names that are meant to confuse: line breaks, markup, a place for an argument, Hebrew, a mark
-// that turns the direction of writing, and bytes that are no text; and how each is shown.
+// Malicious names and how each is shown: newlines, markup, a placeholder, Hebrew, a bidirectional
+// override, and bytes that are not UTF-8.
 
 const std::string hostileStem =
     "a\nb<b>c<i>%1\xd7\x90\xd7\x91\xd7\x92\xe2\x80\xae"
@@ -58,7 +58,7 @@ class HostileNames : public ResultFixture {
     std::string second;
 };
 
-TEST_F(HostileNames, StandInFullInTheOutline) {
+TEST_F(HostileNames, AreShownInFullInTheOutline) {
     writeFiles(hostileEnd, "text");
     scanAndReview();
     const QModelIndex row = tree().indexOfExtension(0);
@@ -69,7 +69,7 @@ TEST_F(HostileNames, StandInFullInTheOutline) {
     EXPECT_EQ(dataOf(row, Qt::AccessibleTextRole), QStringLiteral("Mark ") + shownEnd);
 }
 
-TEST_F(HostileNames, StandInFullInTheFileList) {
+TEST_F(HostileNames, AreShownInFullInTheFileTable) {
     writeFiles(hostileEnd, "text");
     scanAndReview();
     for (const int row : {0, 1}) {
@@ -85,7 +85,7 @@ TEST_F(HostileNames, StandInFullInTheFileList) {
     }
 }
 
-TEST_F(HostileNames, StandInFullBesideThePreview) {
+TEST_F(HostileNames, AreShownInFullBesideThePreview) {
     writeFiles(hostileEnd, "text");
     scanAndReview();
     select(0, 0);
@@ -127,9 +127,9 @@ TEST_F(HostileNames, HaveAPreviewAndDimensions) {
                   FileProperties::dateToString(attributes.modified));
 }
 
-TEST_F(HostileNames, StandInFullInTheProgress) {
+TEST_F(HostileNames, AreShownInFullInTheProgress) {
     writeFiles(hostileEnd, "text");
-    // The file whose contents are looked at first stays in hand until its name has been told.
+    // The first file that is read stays the current one until its name has been reported.
     Barrier barrier;
     files.beforeCall(
         FileCall::openFile, FaultyFileSystem::each, [&barrier] { barrier.wait(); }, "found/");

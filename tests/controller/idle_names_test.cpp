@@ -8,10 +8,10 @@
 namespace tarvin {
 namespace {
 
-/// Operations that are there by name, without a caller or without an effect.
+/// Operations without a caller or without an effect.
 class IdleNames : public ThreeSetsFixture {
  protected:
-    /// All that a person could see or lose.
+    /// The visible and stored state.
     struct State {
         QImage picture;
         QModelIndex selected;

@@ -42,15 +42,15 @@ class ImagePreviewOfADrawing : public ImagePreviewFixture {
         return tree_.writeFile("drawing.svg", before + begin + content + "</svg>");
     }
 
-    /// A part of a drawing that shows the image at an address in its right half.
+    /// Part of an SVG that shows the image at a URL in its right half.
     static std::string reference(const std::string& address) {
         return "<image xlink:href='" + address + "' x='50' width='50' height='50'/>";
     }
 
-    /// Without anything beside the red half.
+    /// Nothing is drawn beside the red half.
     QImage plain() { return previewOf(writeDrawing("")); }
 
-    /// A blue image, and the same behind a link.
+    /// A blue image and a symbolic link to it.
     std::string writeBlue(const std::string& name) {
         QImage image(50, 50, QImage::Format_RGB888);
         image.fill(Qt::blue);
@@ -68,7 +68,7 @@ TEST_F(ImagePreviewOfADrawing, IsAsLargeAsAPreviewIs) {
     EXPECT_EQ(image.pixelColor(630, 10).alpha(), 0);
 }
 
-/// As this process draws it, which may open fonts at any time.
+/// Drawn by this process, which may open fonts at any time.
 QImage drawnHere(const std::string& path) {
     QImageReader reader(QString::fromStdString(path));
     reader.setScaledSize({640, 320});
@@ -82,7 +82,7 @@ TEST_F(ImagePreviewOfADrawing, HasItsTextsInTheirFonts) {
           "style='font-weight:bold; font-family: \"DejaVu Serif\", sans-serif'",
           "font-family='Liberation Sans' font-style='italic' font-weight='bold'",
           "class='styled'"}) {
-        // The last is a letter that the first fonts do not have.
+        // The last character is missing in the first fonts.
         const std::string path = writeDrawing(
             "<style>.styled { font-family: 'DejaVu Sans Mono' }</style><text x='2' y='30' " + font +
             " font-size='20' fill='#00f'>Grog 12 \xE2\x86\xAF</text>");
@@ -119,7 +119,7 @@ TEST_F(ImagePreviewOfADrawing, ShowsNothingOfOtherFiles) {
         tree_.writeFile("blue.svg",
                         "<svg xmlns='http://www.w3.org/2000/svg' width='50' height='50'>"
                         "<rect width='50' height='50' fill='#00f'/></svg>");
-    // The program begins where this one stands.
+    // The program inherits this working directory.
     const std::string relative =
         std::filesystem::relative(blue, std::filesystem::current_path()).string();
     for (const std::string& elsewhere :
@@ -147,8 +147,8 @@ TEST_F(ImagePreviewOfADrawing, TakesNoColorsFromOtherFiles) {
     }
 }
 
-/// In less than the time that it would take to be ended.
-TEST_F(ImagePreviewOfADrawing, WaitsForNoOtherFile) {
+/// In less than the time limit.
+TEST_F(ImagePreviewOfADrawing, NeverBlocksOnAnotherFile) {
     const QImage without = plain();
     ASSERT_FALSE(without.isNull());
     const std::string pipe = tree_.makePipe("pipe");
@@ -191,7 +191,7 @@ TEST_F(ImagePreviewOfADrawing, IsNoneIfItGrowsWithoutEnd) {
     EXPECT_TRUE(image.isNull() || image.size() == QSize(640, 320));
 }
 
-/// Has the system say that it knows no filters of calls, for this process and what it starts.
+/// Makes seccomp unavailable for this process and its children.
 void forgetFilters() {
     std::array steps{
         sock_filter BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
@@ -204,7 +204,7 @@ void forgetFilters() {
     ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter);
 }
 
-TEST_F(ImagePreviewOfADrawing, IsNoneWhereOtherFilesCannotBeShutOut) {
+TEST_F(ImagePreviewOfADrawing, IsNoneWithoutConfinement) {
     for (const auto& [path, isShown] : {std::pair{writeDrawing(""), false},
                                         std::pair{writeImage("a.png", {4, 4}, "png"), true}}) {
         QProcess process;

@@ -22,7 +22,7 @@
 
 namespace tarvin {
 
-/// The processes that this one has started and that have not ended, or have not been waited for.
+/// The number of child processes of this one, zombies included.
 inline int childCount() {
     std::ifstream file("/proc/self/task/" + std::to_string(::getpid()) + "/children");
     int count = 0;
@@ -32,23 +32,23 @@ inline int childCount() {
     return count;
 }
 
-/// Red or blue, where nothing but a lossy format stands between.
+/// Compares with a tolerance for lossy formats.
 inline bool isNear(QColor color, QColor expected) {
     return std::abs(color.red() - expected.red()) < 40 &&
            std::abs(color.green() - expected.green()) < 40 &&
            std::abs(color.blue() - expected.blue()) < 40;
 }
 
-/// Previews by the program that was built, of files of a test's own.
+/// Previews of the test's own files, made by the built preview program.
 class ImagePreviewFixture : public ::testing::Test {
  protected:
-    // A field of the window's proportions, in points.
+    // A field with the proportions of the window's, in points.
     static constexpr double fieldWidth = 252;
     static constexpr double fieldHeight = 189;
 
     void ask(const std::string& path) { preview_.resizeImageAtPath(path, fieldWidth, fieldHeight); }
 
-    /// Waits for an answer to the last request: the image, null for nothing.
+    /// Waits for the result of the last request: the image; null for nothing().
     QImage answer() {
         EXPECT_TRUE(waitUntil([this] {
             QCoreApplication::processEvents();
@@ -71,7 +71,7 @@ class ImagePreviewFixture : public ::testing::Test {
 
     /// An image of two halves, left red and right blue.
     std::string writeImage(const std::string& name, QSize size, const char* format) {
-        // What most formats hold, so that large ones need no threads of Qt's to convert them.
+        // The pixel format of most files, so that Qt needs no threads to convert large images.
         QImage image(size, QImage::Format_RGB888);
         image.fill(Qt::red);
         QPainter(&image).fillRect(size.width() / 2, 0, size.width(), size.height(), Qt::blue);
@@ -84,7 +84,7 @@ class ImagePreviewFixture : public ::testing::Test {
 
     FileTree tree_;
 #ifdef TARVIN_SANITIZED
-    // The program takes several times as long; less than a test waits.
+    // Instrumented programs take several times as long. Less than a test waits.
     ImagePreview preview_{previewProgram(), std::chrono::seconds(18)};
 #else
     ImagePreview preview_{previewProgram()};

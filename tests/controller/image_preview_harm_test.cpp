@@ -28,7 +28,7 @@ TEST_F(ImagePreviewOfHarm, ShowsWhatIsLeftOfATruncatedJpegOrNothing) {
         const QImage image = previewOf(tree_.writeFile("part.jpg", whole.substr(0, part)));
         EXPECT_TRUE(image.isNull() || image.size() == QSize(640, 480)) << part;
     }
-    // The beginning says how large it was meant to be.
+    // The header holds the full size.
     EXPECT_EQ(measured(), QSize(800, 600));
 }
 
@@ -40,7 +40,7 @@ TEST_F(ImagePreviewOfHarm, IsMeasuredThoughItCannotBeDecoded) {
     EXPECT_EQ(measured(), QSize(4000, 3000));
 }
 
-/// Files that say that they are larger than any image can be, in one place of their header.
+/// Files with an impossibly large size in one field of their header.
 TEST_F(ImagePreviewOfHarm, IsNoneOfWhatClaimsTwoToThe31stPixels) {
     constexpr std::uint32_t largest = 0x7FFFFFFF;
     const auto claiming = [](const std::string& name, const std::string& before) {
@@ -78,7 +78,7 @@ TEST_F(ImagePreviewOfHarm, IsNoneOfWhatClaimsTwoToThe31stPixels) {
     }
 }
 
-TEST_F(ImagePreviewOfHarm, IsNoneOfWhatBreaksOff) {
+TEST_F(ImagePreviewOfHarm, IsNoneOfTruncatedFiles) {
     for (const char* const name :
          {"wide.heic", "turned.heic", "wide.avif", "wide.jp2", "wide.j2k"}) {
         const std::string whole = imagebytes::contentOf(sampleImage(name));
@@ -92,11 +92,11 @@ TEST_F(ImagePreviewOfHarm, IsNoneOfWhatBreaksOff) {
 
 TEST_F(ImagePreviewOfHarm, IsWithinItsMemory) {
     const std::vector<std::string> paths{
-        // 300 MB of bits once decoded, and 7.5 GB of bytes, which are read through.
+        // 300 MB once decoded as bits, and 7.5 GB as bytes, which are read in bands.
         tree_.writeFile("bits.png", imagebytes::blackPng(50'000, 50'000, 1)),
         tree_.writeFile("bytes.png", imagebytes::blackPng(50'000, 50'000, 24)),
         tree_.writeFile("huge.bmp", imagebytes::bmpHeader(30'000, 30'000)),
-        // Of each, one that takes just what there is, and others that would take more.
+        // For each format one image just within the limit, and others beyond it.
         tree_.writeFile("passes-67.jpg", imagebytes::progressiveJpeg(9'000, 7'500)),
         tree_.writeFile("passes-100.jpg", imagebytes::progressiveJpeg(10'000, 10'000)),
         tree_.writeFile("passes-400.jpg", imagebytes::progressiveJpeg(20'000, 20'000)),
@@ -130,18 +130,18 @@ TEST_F(ImagePreviewOfHarm, IsNoneOfAnImageThatTakesTooLong) {
     const auto begin = std::chrono::steady_clock::now();
     preview.resizeImageAtPath(path, 252, 189);
     EXPECT_TRUE(nothing.wait(20'000));
-    // It was not damage that ended it. The timer may be a twentieth too early.
+    // The time limit ended it, not damage. The timer may be 5 % too early.
     EXPECT_GE(std::chrono::steady_clock::now() - begin, 2800ms);
     ASSERT_EQ(measured.size(), 1);
     EXPECT_EQ(measured[0][0].toSize(), QSize(3'000, 3'000));
 }
 
-TEST_F(ImagePreviewOfHarm, EndsItsProcessThoughNobodyElseDoes) {
+TEST_F(ImagePreviewOfHarm, EndsAnIdleProcessOfItself) {
     QProcess process;
     process.start(previewProgram(), QStringList());
     ASSERT_TRUE(process.waitForStarted());
     const auto start = std::chrono::steady_clock::now();
-    // It is never told which file it shall read.
+    // It never receives a path.
     EXPECT_TRUE(process.waitForFinished(25'000));
     EXPECT_EQ(process.exitStatus(), QProcess::CrashExit);
     EXPECT_GE(std::chrono::steady_clock::now() - start, 9s);

@@ -12,7 +12,8 @@
 namespace tarvin {
 namespace {
 
-/// What cameras, scanners and printers make today has a preview, in its time and its memory.
+/// Images as large as those of current cameras, scanners and printers, within the limits of time
+/// and memory.
 class ImagePreviewOfALarge : public ImagePreviewFixture {
  protected:
     void expectShown(const std::string& path, QSize full, QSize small, QColor color) {
@@ -49,7 +50,7 @@ TEST_F(ImagePreviewOfALarge, PngOf16BitsIsShown) {
                 {8256, 5504}, {640, 426}, Qt::red);
 }
 
-/// Which Qt would copy whole before it makes it smaller.
+/// Qt would copy it as a whole before scaling it.
 TEST_F(ImagePreviewOfALarge, PngOf16BitsAndTransparencyIsShown) {
     const std::string path = tree_.writeFile(
         "a.png", imagebytes::deepPng(7000, 4400, std::string("\xff\xff\0\0\0\0\xff\xff", 8)));
@@ -72,7 +73,7 @@ TEST_F(ImagePreviewOfALarge, TiffOfInksIsShown) {
 
 TEST_F(ImagePreviewOfALarge, BmpIsShown) {
     const std::string path = tree_.writeFile("a.bmp", imagebytes::bmpHeader(8192, 5250));
-    // Black, and without taking room on the disk.
+    // Black, in a sparse file.
     std::filesystem::resize_file(path, 54);
     std::filesystem::resize_file(path, 54 + std::uintmax_t{3} * 8192 * 5250);
     expectShown(path, {8192, 5250}, {640, 410}, Qt::black);

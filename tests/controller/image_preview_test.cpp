@@ -36,7 +36,7 @@ TEST_F(ImagePreviewOf, DoesNotEnlargeImages) {
     EXPECT_EQ(previewOf(writeImage("fits.png", {640, 480}, "png")).size(), QSize(640, 480));
 }
 
-TEST_F(ImagePreviewOf, ShowsEveryFormatThatIsCommon) {
+TEST_F(ImagePreviewOf, ShowsAllCommonFormats) {
     for (const char* const format : {"png", "jpg", "webp", "tiff", "bmp", "ppm", "ico"}) {
         const QImage image = previewOf(writeImage("image", {100, 50}, format));
         EXPECT_EQ(image.size(), QSize(100, 50)) << format;
@@ -46,7 +46,7 @@ TEST_F(ImagePreviewOf, ShowsEveryFormatThatIsCommon) {
     }
 }
 
-/// Those that Qt has no plug-in for on some systems.
+/// Formats without a Qt plug-in on some systems.
 TEST_F(ImagePreviewOf, ShowsWhatTheLibrariesOfTheSystemDecode) {
     for (const char* const name : {"wide.heic", "wide.avif", "wide.jp2", "wide.j2k"}) {
         const QImage image = previewOf(sampleImage(name));
@@ -57,7 +57,7 @@ TEST_F(ImagePreviewOf, ShowsWhatTheLibrariesOfTheSystemDecode) {
     }
 }
 
-TEST_F(ImagePreviewOf, StandsUprightInAHeicToo) {
+TEST_F(ImagePreviewOf, AppliesTheOrientationOfAHeic) {
     const QImage image = previewOf(sampleImage("turned.heic"));
     ASSERT_EQ(image.size(), QSize(48, 96));
     EXPECT_EQ(measured(), QSize(48, 96));
@@ -73,7 +73,7 @@ TEST_F(ImagePreviewOf, ShowsTheFirstImageOfAGif) {
     EXPECT_EQ(image.pixelColor(1, 0), QColor(Qt::blue));
 }
 
-TEST_F(ImagePreviewOf, KeepsWhatIsTransparent) {
+TEST_F(ImagePreviewOf, KeepsTransparency) {
     QImage image(4, 4, QImage::Format_ARGB32);
     image.fill(QColor(200, 100, 50, 128));
     const std::string path = tree_.pathOf("clear.png");
@@ -83,8 +83,8 @@ TEST_F(ImagePreviewOf, KeepsWhatIsTransparent) {
     EXPECT_NEAR(color.red(), 200, 2);
 }
 
-TEST_F(ImagePreviewOf, IsTurnedAsTheCameraWasHeld) {
-    // The camera was held so that what is left in the file is at the top.
+TEST_F(ImagePreviewOf, AppliesTheOrientation) {
+    // The camera was rotated: the left side in the file is the top.
     const std::string sideways = writeImage("plain.jpg", {400, 200}, "jpg");
     const std::string upright = tree_.writeFile(
         "turned.jpg",
@@ -96,7 +96,7 @@ TEST_F(ImagePreviewOf, IsTurnedAsTheCameraWasHeld) {
     EXPECT_TRUE(isNear(image.pixelColor(100, 350), Qt::blue));
 }
 
-TEST_F(ImagePreviewOf, IsTurnedAndMadeSmaller) {
+TEST_F(ImagePreviewOf, AppliesTheOrientationOfAScaledImage) {
     const std::string sideways = writeImage("plain.jpg", {4000, 3000}, "jpg");
     const QImage image = previewOf(
         tree_.writeFile("turned.jpg", imagebytes::withOrientation(imagebytes::contentOf(sideways),
@@ -105,8 +105,8 @@ TEST_F(ImagePreviewOf, IsTurnedAndMadeSmaller) {
     EXPECT_EQ(measured(), QSize(3000, 4000));
 }
 
-/// What the eight marks of a camera make of a picture whose left half is red.
-TEST_F(ImagePreviewOf, IsTurnedAndMirroredInEveryWay) {
+/// The eight EXIF orientations of an image whose left half is red.
+TEST_F(ImagePreviewOf, AppliesAllEightOrientations) {
     const std::string plain = imagebytes::contentOf(writeImage("plain.jpg", {80, 40}, "jpg"));
     constexpr std::array<QPoint, 8> red{QPoint{5, 20},  QPoint{75, 20}, QPoint{75, 20},
                                         QPoint{5, 20},  QPoint{20, 5},  QPoint{20, 5},
@@ -122,7 +122,7 @@ TEST_F(ImagePreviewOf, IsTurnedAndMirroredInEveryWay) {
     }
 }
 
-TEST_F(ImagePreviewOf, IsOfTheImageAndNotOfTheSmallOneInItsFile) {
+TEST_F(ImagePreviewOf, IgnoresTheThumbnailInTheFile) {
     const std::string image = imagebytes::contentOf(writeImage("image.jpg", {400, 300}, "jpg"));
     QImage green(160, 120, QImage::Format_RGB888);
     green.fill(Qt::green);
@@ -132,7 +132,7 @@ TEST_F(ImagePreviewOf, IsOfTheImageAndNotOfTheSmallOneInItsFile) {
         previewOf(tree_.writeFile("both.jpg", imagebytes::withThumbnail(image, small)));
     ASSERT_EQ(shown.size(), QSize(400, 300));
     EXPECT_TRUE(isNear(shown.pixelColor(20, 150), Qt::red));
-    // One that is 32 pixels wide is in this file as well.
+    // The file also holds a thumbnail 32 pixels wide.
     EXPECT_EQ(previewOf(sampleImage("wide.heic")).size(), QSize(96, 48));
 }
 
@@ -148,7 +148,7 @@ TEST_F(ImagePreviewOf, IsALineOfWhatIsVeryLong) {
 }
 
 TEST_F(ImagePreviewOf, FitsIntoItsFieldInItsProportions) {
-    // Wider than the field, higher, and smaller: in points each fills it in one direction.
+    // Wider than the field, higher, and smaller: each fills the field in one direction.
     EXPECT_EQ(previewOf(writeImage("wide.png", {2000, 1000}, "png")).deviceIndependentSize(),
               QSizeF(252, 126));
     EXPECT_EQ(previewOf(writeImage("high.png", {1000, 2000}, "png")).deviceIndependentSize(),
@@ -157,12 +157,12 @@ TEST_F(ImagePreviewOf, FitsIntoItsFieldInItsProportions) {
               QSizeF(252, 189));
 }
 
-TEST_F(ImagePreviewOf, HasOnePixelAPointForAFieldWithoutRoom) {
+TEST_F(ImagePreviewOf, HasARatioOfOneForAnEmptyField) {
     preview_.resizeImageAtPath(writeImage("a.png", {80, 60}, "png"), -2, -2);
     EXPECT_EQ(answer().deviceIndependentSize(), QSizeF(80, 60));
 }
 
-TEST_F(ImagePreviewOf, TakesNamesThatAreNotText) {
+TEST_F(ImagePreviewOf, AcceptsNamesThatAreNotUtf8) {
     const std::string path = writeImage("a.png", {4, 4}, "png");
     for (const char* const name : {"M\xFC\xFF.png", "two\nlines.png", "-h", "%s %1"}) {
         const std::string odd = tree_.pathOf(name);
@@ -172,7 +172,7 @@ TEST_F(ImagePreviewOf, TakesNamesThatAreNotText) {
     }
 }
 
-TEST_F(ImagePreviewOf, IsNoneOfWhatIsNoImage) {
+TEST_F(ImagePreviewOf, IsNoneOfOtherFiles) {
     EXPECT_TRUE(previewOf(tree_.writeFile("text.png", "no image")).isNull());
     EXPECT_TRUE(previewOf(tree_.writeFile("empty.png")).isNull());
     EXPECT_TRUE(previewOf(tree_.pathOf("gone.png")).isNull());
@@ -181,19 +181,19 @@ TEST_F(ImagePreviewOf, IsNoneOfWhatIsNoImage) {
     EXPECT_EQ(measured_.size(), 0);
 }
 
-TEST_F(ImagePreviewOf, WaitsForNoPipeAndNoSocket) {
+TEST_F(ImagePreviewOf, NeverBlocksOnAPipeOrSocket) {
     EXPECT_TRUE(previewOf(tree_.makePipe("pipe.png")).isNull());
     EXPECT_TRUE(previewOf(tree_.makeSocket("socket.png")).isNull());
     EXPECT_TRUE(previewOf("/dev/zero").isNull());
 }
 
-TEST_F(ImagePreviewRequests, ReadTheFileAnewEachTime) {
+TEST_F(ImagePreviewRequests, ReadTheFileAgainEachTime) {
     QImage image(4, 4, QImage::Format_RGB888);
     image.fill(Qt::red);
     const std::string path = tree_.pathOf("a.bmp");
     ASSERT_TRUE(image.save(QString::fromStdString(path)));
     EXPECT_EQ(previewOf(path).pixelColor(1, 1), QColor(Qt::red));
-    // As long as before, and of the same date: nothing but the content tells.
+    // Same size and date: only the contents differ.
     const auto size = std::filesystem::file_size(path);
     const auto date = std::filesystem::last_write_time(path);
     image.fill(Qt::blue);
@@ -205,7 +205,7 @@ TEST_F(ImagePreviewRequests, ReadTheFileAnewEachTime) {
     EXPECT_TRUE(previewOf(path).isNull());
 }
 
-TEST_F(ImagePreviewRequests, AreAnsweredTheLastAlone) {
+TEST_F(ImagePreviewRequests, AreSupersededByTheLast) {
     std::vector<std::string> paths;
     for (int number = 1; number <= 100; ++number) {
         paths.push_back(writeImage("image" + std::to_string(number) + ".png", {number, 1}, "png"));
@@ -220,7 +220,7 @@ TEST_F(ImagePreviewRequests, AreAnsweredTheLastAlone) {
     EXPECT_EQ(childCount(), 0);
 }
 
-TEST_F(ImagePreviewRequests, AreAnsweredAlsoWhenTheyComeBetweenEvents) {
+TEST_F(ImagePreviewRequests, AreHandledBetweenEvents) {
     std::vector<std::string> paths;
     for (int number = 1; number <= 20; ++number) {
         paths.push_back(writeImage("image" + std::to_string(number) + ".png", {number, 1}, "png"));
@@ -236,7 +236,7 @@ TEST_F(ImagePreviewRequests, AreAnsweredAlsoWhenTheyComeBetweenEvents) {
     EXPECT_EQ(childCount(), 0);
 }
 
-TEST_F(ImagePreviewRequests, OvertakeOneThatTakesLong) {
+TEST_F(ImagePreviewRequests, SupersedeASlowOne) {
     ask(tree_.writeFile("huge.png", imagebytes::blackPng(50'000, 50'000, 24)));
     ASSERT_TRUE(measured_.wait(20'000));
     const auto begin = std::chrono::steady_clock::now();
@@ -247,7 +247,7 @@ TEST_F(ImagePreviewRequests, OvertakeOneThatTakesLong) {
     EXPECT_EQ(childCount(), 0);
 }
 
-TEST_F(ImagePreviewRequests, CanBeTakenBack) {
+TEST_F(ImagePreviewRequests, CanBeCancelled) {
     ask(writeImage("small.png", {4, 4}, "png"));
     preview_.cancel();
     ASSERT_TRUE(waitUntil([] {
@@ -260,7 +260,7 @@ TEST_F(ImagePreviewRequests, CanBeTakenBack) {
     EXPECT_EQ(previewOf(tree_.pathOf("small.png")).size(), QSize(4, 4));
 }
 
-TEST_F(ImagePreviewRequests, LeaveNothingRunningBehind) {
+TEST_F(ImagePreviewRequests, LeaveNoProcessBehind) {
     const std::string huge = tree_.writeFile("huge.png", imagebytes::blackPng(50'000, 50'000, 24));
     {
         ImagePreview preview(previewProgram());
@@ -274,7 +274,7 @@ TEST_F(ImagePreviewRequests, LeaveNothingRunningBehind) {
     EXPECT_EQ(childCount(), 0);
 }
 
-TEST_F(ImagePreviewRequests, AreAnsweredWithNothingInTime) {
+TEST_F(ImagePreviewRequests, TimeOut) {
     ImagePreview preview(previewProgram(), 300ms);
     QSignalSpy nothing(&preview, &ImagePreview::nothing);
     const std::string path = tree_.writeFile("huge.png", imagebytes::blackPng(50'000, 50'000, 24));
@@ -284,7 +284,7 @@ TEST_F(ImagePreviewRequests, AreAnsweredWithNothingInTime) {
     EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s);
 }
 
-TEST_F(ImagePreviewRequests, AreAnsweredWithNothingWithoutAProgram) {
+TEST_F(ImagePreviewRequests, FailWithoutAProgram) {
     for (const QString& missing :
          {QString(), QStringLiteral("/no/such/program"), QString::fromStdString(tree_.path())}) {
         ImagePreview preview(missing);
@@ -299,7 +299,7 @@ TEST_F(ImagePreviewRequests, AreAnsweredWithNothingWithoutAProgram) {
     }
 }
 
-TEST_F(ImagePreviewRequests, AreAnsweredWithNothingByAnotherProgram) {
+TEST_F(ImagePreviewRequests, FailWithAnotherProgram) {
     const auto answerOf = [this](const std::string& script) {
         const std::string path = tree_.writeFile("program", "#!/bin/sh\n" + script);
         std::filesystem::permissions(path, std::filesystem::perms::owner_all);
@@ -311,7 +311,7 @@ TEST_F(ImagePreviewRequests, AreAnsweredWithNothingByAnotherProgram) {
         EXPECT_EQ(measured.size(), 0) << script;
     };
     answerOf("kill -SEGV $$\n");
-    answerOf("exec cat /dev/zero\n");  // which is no size, and has no end
+    answerOf("exec cat /dev/zero\n");  // not a size, and endless
     answerOf("echo 0\n");
 }
 

@@ -24,7 +24,7 @@ class InformationAccordingTab : public ::testing::Test {
  protected:
     InformationAccordingTab() {
         fill(modal_, {makeExtension("jpg", {makeSet("f", {10, 10, 10})})});
-        // What a list in view may have become: out of date.
+        // Outdated totals.
         modal_.setTotalFiles(77);
         modal_.setTotalFilesSize(77);
     }
@@ -59,7 +59,7 @@ TEST_F(InformationAccordingTab, OfACategoryCountsTheListInView) {
     EXPECT_EQ(modal_.totalFilesSize(), 20U);
 }
 
-TEST_F(InformationAccordingTab, HasALineAndADrawingForEachCategory) {
+TEST_F(InformationAccordingTab, HasALineAndAnImageForEachCategory) {
     EXPECT_EQ(ask({.videoTab = true}),
               (Information{"Information", "Video Duplicates: 2", "Memory Occupied: 0.02 KB", "",
                            "video_info", "Review"}));
@@ -123,7 +123,7 @@ TEST(Informations, SayThatACategoryHasNoDuplicates) {
               expected("No Other Duplicates Found", "other_info"));
 }
 
-TEST(Informations, SayWhatBecameOfWhatAPersonDid) {
+TEST(Informations, ReportTheResultOfAnAction) {
     const auto expected = [](const char* first, const char* second = "") {
         return Information{"Information", first, second, "", "common_info", "Ok"};
     };
@@ -137,7 +137,7 @@ TEST(Informations, SayWhatBecameOfWhatAPersonDid) {
     EXPECT_EQ(exceptionsRemovedInformation(), expected("\nAll exceptions has been removed."));
 }
 
-TEST(Informations, HaveDrawingsThatAreThere) {
+TEST(Informations, HaveImagesThatExist) {
     for (const ResultView view : {ResultView::all, ResultView::image, ResultView::audio,
                                   ResultView::video, ResultView::documents, ResultView::other}) {
         EXPECT_FALSE(pictureIcon(informationImageOf(view)).isNull())

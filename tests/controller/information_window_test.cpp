@@ -9,7 +9,7 @@
 namespace tarvin {
 namespace {
 
-/// In the product, after a scan.
+/// The information window of the product, after a scan.
 class ShownInformation : public ResultFixture {
  protected:
     void SetUp() override {
@@ -54,7 +54,7 @@ TEST_F(ShownInformation, HasABlueButtonWithAWhiteTitle) {
     EXPECT_EQ(button.accessibleName(), QStringLiteral("Review"));
 }
 
-TEST_F(ShownInformation, StandsAtItsPlaceAboveTheCoveredScreen) {
+TEST_F(ShownInformation, IsAtItsPositionOverTheCoveredScreen) {
     ASSERT_EQ(window().size(), QSize(1016, 531));
     EXPECT_EQ(panel().geometry().left(), 250);
     EXPECT_EQ(panel().geometry().bottom() + 1, 531 - 200);
@@ -65,14 +65,14 @@ TEST_F(ShownInformation, StandsAtItsPlaceAboveTheCoveredScreen) {
     EXPECT_EQ(window().childAt(20, 20), covers.front());
 }
 
-TEST_F(ShownInformation, AnswersAClickOnTheScreenBehindWithNothing) {
+TEST_F(ShownInformation, BlocksClicksOnTheScreenBehind) {
     QTest::mouseClick(window().windowHandle(), Qt::LeftButton, {},
                       control("imageButton")->mapTo(&window(), QPoint(20, 10)));
     EXPECT_TRUE(delegate->results().tabs().allTab);
     EXPECT_EQ(information()[0], "Duplicates Found");
 }
 
-/// Without the rest of the product.
+/// The information window by itself.
 class InformationWindowTest : public ::testing::Test {
  protected:
     InformationWindowTest() {
@@ -105,7 +105,7 @@ TEST_F(InformationWindowTest, PutsEachTextInItsPlace) {
     EXPECT_EQ(panel().scanInforOKBtn->title(), QStringLiteral("Go"));
 }
 
-TEST_F(InformationWindowTest, IsShownWithoutADrawingOfThatName) {
+TEST_F(InformationWindowTest, IsShownWithoutAnImageOfThatName) {
     fill("nowhere");
     EXPECT_TRUE(panel().isVisible());
     const QImage without = panel().scanInfoImage->grab().toImage();
@@ -115,7 +115,7 @@ TEST_F(InformationWindowTest, IsShownWithoutADrawingOfThatName) {
     EXPECT_EQ(panel().scanInfoImage->grab().toImage(), without);
 }
 
-TEST_F(InformationWindowTest, TakesOneCoverAwayWithEachAnswer) {
+TEST_F(InformationWindowTest, RemovesOneCoverWhenClosed) {
     fill("video_info");
     fill("image_info");
     ASSERT_EQ(covers(), 2);

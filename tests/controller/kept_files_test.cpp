@@ -20,14 +20,14 @@ std::string refusal(TrashRefusalKind kind, int code = 0) {
     return reasonOf({MoveOutcome::refused, "the words of the system", kind, {code}});
 }
 
-TEST(KeptFiles, TellsOutcomesInTheWordsOfTheWindow) {
+TEST(KeptFiles, DescribesOutcomesInTheWindowsLanguage) {
     EXPECT_EQ(reasonOf({MoveOutcome::changed, {}}), "Changed since the scan");
     EXPECT_EQ(reasonOf({MoveOutcome::lastCopy, {}}), "No other copy is left");
     EXPECT_EQ(reasonOf({MoveOutcome::gone, {}}), "Not there any more");
     EXPECT_EQ(reasonOf({MoveOutcome::stopped, {}}), "Stopped before its turn");
 }
 
-TEST(KeptFiles, TellsRefusalsByTheirKindAndElseInTheWordsOfTheSystem) {
+TEST(KeptFiles, DescribesRefusalsByKindOrTheSystemsText) {
     using enum TrashRefusalKind;
     EXPECT_EQ(refusal(TrashRefusalKind::system, ENOSPC), "The Trash of this volume is full");
     EXPECT_EQ(refusal(TrashRefusalKind::system, EDQUOT), "The Trash of this volume is full");
@@ -63,7 +63,7 @@ TEST(KeptFiles, CountsAllAndListsTenThousand) {
     EXPECT_FALSE(list.index(9'999, 0).data(ListTable::mutedRole).toBool());
 }
 
-TEST(KeptFiles, ListsOneThatCouldNotBeMovedBackBeforeTenThousandThatWereLeft) {
+TEST(KeptFiles, ListsFilesNotMovedBackBeforeTenThousandLeft) {
     const std::shared_ptr<File> left = FileStore::standalone("/somewhere/left.jpg", 1);
     const std::shared_ptr<File> notBack = FileStore::standalone("/somewhere/trashed.jpg", 1);
     KeptFiles kept;
@@ -82,7 +82,7 @@ TEST(KeptFiles, ListsOneThatCouldNotBeMovedBackBeforeTenThousandThatWereLeft) {
     EXPECT_EQ(reasons[1].name, QStringLiteral("left.jpg"));
 }
 
-TEST(KeptFiles, TellsWhyOneCouldNotBeMovedBack) {
+TEST(KeptFiles, SaysWhyAFileWasNotMovedBack) {
     const auto reason = [](TrashRefusalKind kind, int code) {
         return reasonOf({MoveOutcome::moved, "the words of the system", kind, {code}});
     };
@@ -93,8 +93,8 @@ TEST(KeptFiles, TellsWhyOneCouldNotBeMovedBack) {
     EXPECT_EQ(reason(TrashRefusalKind::gone, ENOENT), "No longer in the Trash");
 }
 
-/// A list of extensions with sets of two files, "EXTENSION-SET-NUMBER", all of them marked but the
-/// first of each set.
+/// A list of extensions with sets of two files, "EXTENSION-SET-NUMBER", of which the second one is
+/// marked.
 class KeptFilesOfAWalk : public testing::Test {
  protected:
     void SetUp() override {
@@ -115,7 +115,7 @@ class KeptFilesOfAWalk : public testing::Test {
         return *extension(extensionNumber).sets()[number];
     }
 
-    /// What is listed behind a set, by the names of the files.
+    /// The names of the files listed after a set.
     [[nodiscard]] std::vector<std::string> restBehind(const Set* last) const {
         KeptFiles kept;
         kept.addRest(modal_, last, {MoveOutcome::stopped, {}});
@@ -140,13 +140,13 @@ class KeptFilesOfAWalk : public testing::Test {
 
 using Names = std::vector<std::string>;
 
-TEST_F(KeptFilesOfAWalk, AreTheMarkedOnesBehindTheLastSetThatWasBegun) {
+TEST_F(KeptFilesOfAWalk, AreTheMarkedFilesAfterTheLastSetBegun) {
     EXPECT_EQ(restBehind(&set(1, 1)), (Names{"png-2-1", "txt-0-1", "txt-1-1", "txt-2-1"}));
     EXPECT_EQ(restBehind(&set(2, 2)), Names());
     EXPECT_EQ(restBehind(nullptr).size(), 9U);
 }
 
-TEST_F(KeptFilesOfAWalk, AreNoneOfWhatTheWalkPassesOver) {
+TEST_F(KeptFilesOfAWalk, ExcludeWhatTheWalkSkips) {
     extension(0).setExtensionState(CheckState::off);
     extension(2).setExtensionState(CheckState::off);
     set(1, 1).setSetsState(CheckState::off);
@@ -154,15 +154,15 @@ TEST_F(KeptFilesOfAWalk, AreNoneOfWhatTheWalkPassesOver) {
     EXPECT_EQ(restBehind(&set(1, 0)), (Names{"png-2-1"}));
 }
 
-TEST_F(KeptFilesOfAWalk, AreThoseOfTheExtensionInHandThoughItsRemovalsHaveTurnedItOff) {
+TEST_F(KeptFilesOfAWalk, IncludeTheCurrentExtensionThoughItsStateIsOff) {
     extension(1).setExtensionState(CheckState::off);
     EXPECT_EQ(restBehind(&set(1, 0)),
               (Names{"png-1-1", "png-2-1", "txt-0-1", "txt-1-1", "txt-2-1"}));
-    // The walk was not in it.
+    // The walk had not begun it.
     EXPECT_EQ(restBehind(&set(0, 2)), (Names{"txt-0-1", "txt-1-1", "txt-2-1"}));
 }
 
-/// What a clean-up has left, in the report and in the list behind it.
+/// Files that a clean-up did not move, in the report and in its list.
 class KeptFilesOfADeletion : public DeletionFixture {
  protected:
     void SetUp() override {
@@ -188,7 +188,7 @@ class KeptFilesOfADeletion : public DeletionFixture {
     }
 };
 
-TEST_F(KeptFilesOfADeletion, AreToldInTheReportAndListed) {
+TEST_F(KeptFilesOfADeletion, AreReportedAndListed) {
     click("markAll");
     write("a2.jpg", "changed");
     std::filesystem::remove(found("b2.jpg"));
@@ -204,14 +204,14 @@ TEST_F(KeptFilesOfADeletion, AreToldInTheReportAndListed) {
     EXPECT_EQ(covers(), 1);
 }
 
-TEST_F(KeptFilesOfADeletion, OfASingleFileIsToldInTheSingular) {
+TEST_F(KeptFilesOfADeletion, UseTheSingularForOneFile) {
     click("markAll");
     platform.trash().refuse(found("c2.txt"));
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");
     EXPECT_EQ(textOf("keptLine"), "1 file was left where it is.");
 }
 
-TEST_F(KeptFilesOfADeletion, TheLastCopyIsOne) {
+TEST_F(KeptFilesOfADeletion, IncludeTheLastCopy) {
     click("markAll");
     std::filesystem::remove(found("c1.txt"));
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");
@@ -237,7 +237,7 @@ TEST_F(KeptFilesOfADeletion, ThoseOfTheLastRunAreForgotten) {
     EXPECT_FALSE(window().informationWindow->keptLine->isVisible());
 }
 
-TEST_F(KeptFilesOfADeletion, AStopAddsThoseWhoseTurnDidNotCome) {
+TEST_F(KeptFilesOfADeletion, AStopAddsTheRemainingFiles) {
     click("markAll");
     ASSERT_NO_FATAL_FAILURE(deleteAndStopAt("a2.jpg"));
     EXPECT_EQ(information()[1], "Duplicates Cleaned: 1");
@@ -248,13 +248,13 @@ TEST_F(KeptFilesOfADeletion, AStopAddsThoseWhoseTurnDidNotCome) {
                                           row("c2.txt", "Stopped before its turn")}));
     click("keptClose");
     click("scanInforOKBtn");
-    // A run that does not begin at all.
+    // A run that cannot begin.
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 0");
     EXPECT_EQ(textOf("keptLine"), "3 files were left where they are.");
 }
 
-/// Behind the move, the file that was to stay has gone, and the Trash does not give back.
-TEST_F(KeptFilesOfADeletion, OneThatCouldNotBeMovedBackIsToldAndListed) {
+/// After the move the remaining copy is gone, and moving back fails.
+TEST_F(KeptFilesOfADeletion, OneNotMovedBackIsReportedAndListed) {
     click("markAll");
     files.beforeCall(
         FileCall::attributesAtPath, 1, [this] { std::filesystem::remove(found("c1.txt")); },
@@ -274,7 +274,7 @@ TEST_F(KeptFilesOfADeletion, OneThatCouldNotBeMovedBackIsToldAndListed) {
         (std::vector<Lines>{row("c2.txt", "In the Trash, not moved back: Permission denied")}));
 }
 
-TEST_F(KeptFilesOfADeletion, ThoseThatCouldNotBeMovedBackComeBeforeThoseThatWereLeft) {
+TEST_F(KeptFilesOfADeletion, ThoseNotMovedBackAreListedFirst) {
     click("markAll");
     platform.trash().refuse(found("a2.jpg"));
     platform.trash().refuse(found("b2.jpg"));
@@ -293,7 +293,7 @@ TEST_F(KeptFilesOfADeletion, ThoseThatCouldNotBeMovedBackComeBeforeThoseThatWere
                           row("a2.jpg", "Permission denied"), row("b2.jpg", "Permission denied")}));
     click("keptClose");
     click("scanInforOKBtn");
-    // The next run only leaves files.
+    // The next run has only files that were not moved.
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 0");
     EXPECT_EQ(textOf("keptLine"), "2 files were left where they are.");
     EXPECT_EQ(control("keptShow")->accessibleName(),
@@ -306,7 +306,7 @@ TEST_F(KeptFilesOfADeletion, ThoseThatCouldNotBeMovedBackComeBeforeThoseThatWere
     EXPECT_EQ(control("keptTable")->accessibleName(), QStringLiteral("Files left where they are"));
 }
 
-TEST_F(KeptFilesOfADeletion, ClosingTheListBringsTheReportBack) {
+TEST_F(KeptFilesOfADeletion, ClosingTheListShowsTheReportAgain) {
     click("markAll");
     platform.trash().refuse(found("c2.txt"));
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");

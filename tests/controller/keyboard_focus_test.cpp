@@ -8,7 +8,7 @@
 namespace tarvin {
 namespace {
 
-/// Where the keyboard is after what a person does with it.
+/// The keyboard focus after actions by keyboard.
 class KeyboardFocus : public ResultFixture {
  protected:
     [[nodiscard]] std::string holder() {
@@ -16,7 +16,7 @@ class KeyboardFocus : public ResultFixture {
         return focus == nullptr ? std::string() : focus->objectName().toStdString();
     }
 
-    /// Moves the keyboard to a button and presses it by Space.
+    /// Focuses a button and presses Space.
     void pressByKey(const char* name) {
         auto* button = control(name);
         button->setFocus(Qt::TabFocusReason);

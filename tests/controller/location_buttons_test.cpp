@@ -49,7 +49,7 @@ LocationButtons cannotScan(bool mark, bool unmark) {
 }
 
 TEST(LocationButtons, AreAllDisabledForAnEmptyList) {
-    // The title of the Scan button stays as it is.
+    // The title of the Scan button is not set again.
     EXPECT_EQ(buttonsOf({}), (LocationButtons{false, false, false, false, 0.6, false}));
 }
 
@@ -87,19 +87,19 @@ TEST(LocationButtons, CountRightUpToTheLargestNumber) {
 }
 
 TEST(LocationButtons, CountWrongBeyondTheLargestNumber) {
-    // 32,768 counts as less than none.
+    // 32,768 wraps to a negative number.
     EXPECT_EQ(buttonsOf({.checkedFolders = 32'768}), cannotScan(false, true));
     EXPECT_EQ(buttonsOf({.checkedFiles = 32'768}), cannotScan(false, true));
     EXPECT_EQ(buttonsOf({.checkedFolders = 32'768, .checkedFiles = 2}), canScan(false, true));
 }
 
-TEST(LocationButtons, CountTwiceThatNumberAsNone) {
+TEST(LocationButtons, CountTwiceThatNumberAsZero) {
     EXPECT_EQ(buttonsOf({.checkedFolders = 65'536}), cannotScan(false, true));
     EXPECT_EQ(buttonsOf({.checkedFolders = 65'537}), canScan(false, true));
     EXPECT_EQ(buttonsOf({.checkedFiles = 65'538}), canScan(false, true));
-    // None of 65,536 is all of them.
+    // 65,536 wraps to 0, so no row counts as all.
     EXPECT_EQ(buttonsOf({.uncheckedFolders = 65'536}), cannotScan(false, true));
-    // As many unchecked as there are rows, though one is checked.
+    // The number of unchecked rows equals that of all rows, although one is checked.
     EXPECT_EQ(buttonsOf({.checkedFolders = 65'536, .uncheckedFolders = 1}),
               cannotScan(true, false));
 }

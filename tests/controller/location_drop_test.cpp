@@ -58,7 +58,7 @@ TEST_F(Drop, OfAnImageAddsACheckedFileRow) {
 TEST_F(Drop, OfAFileOfAnotherKindIsUnsupported) {
     EXPECT_EQ(drop({tree_.writeFile("text.txt")}), unsupported);
     EXPECT_EQ(drop({tree_.writeFile("no extension")}), unsupported);
-    // Taken for an image by a scan, but not here.
+    // An image for a scan, but not here.
     EXPECT_EQ(drop({tree_.writeFile("a.wpg")}), unsupported);
     EXPECT_TRUE(list_.rows().empty());
 }
@@ -87,11 +87,11 @@ TEST_F(Drop, OfAListedFolderAndATextIsAlreadyAdded) {
     EXPECT_EQ(drop({folder, tree_.writeFile("a.txt")}), alreadyAdded);
 }
 
-TEST_F(Drop, OfNothingChangesNothingAndSaysNothing) {
+TEST_F(Drop, OfNothingChangesNothing) {
     EXPECT_EQ(drop({}), nothing);
 }
 
-TEST_F(Drop, OfWhatIsGoneIsUnsupported) {
+TEST_F(Drop, OfAVanishedFileIsUnsupported) {
     EXPECT_EQ(drop({tree_.pathOf("gone.png")}), unsupported);
     EXPECT_EQ(drop({tree_.pathOf("gone")}), unsupported);
     EXPECT_TRUE(list_.rows().empty());
@@ -106,7 +106,7 @@ TEST_F(Drop, JudgesALinkByItsOwnName) {
     EXPECT_EQ(list_.rows().front().size, "0.01 KB");
 }
 
-TEST_F(Drop, OfWhatIsClosedToTheUserIsUnsupported) {
+TEST_F(Drop, OfAnUnreadableFolderIsUnsupported) {
     const std::string folder = tree_.makeFolder("folder");
     fileSystem_.failCall(FileCall::attributesAtPath, FaultyFileSystem::each, EACCES);
     EXPECT_EQ(drop({folder}), unsupported);
@@ -132,7 +132,7 @@ TEST_F(Drop, BehindTheLastRowGoesToTheEnd) {
     EXPECT_EQ(namesOf(list_), (Paths{"/first", folder}));
 }
 
-TEST_F(Drop, AddsWhatComesTwiceOnce) {
+TEST_F(Drop, AddsAPathThatOccursTwiceOnce) {
     const std::string folder = tree_.makeFolder("folder");
     const std::string inner = tree_.makeFolder("folder/inner");
     EXPECT_EQ(drop({folder, folder, inner}), oneRow);
@@ -140,13 +140,13 @@ TEST_F(Drop, AddsWhatComesTwiceOnce) {
 }
 
 TEST_F(Drop, AddsAFolderBehindOneOfItsOwn) {
-    // Only what is above a path covers it.
+    // Only a folder above a path covers it.
     const std::string folder = tree_.makeFolder("folder");
     const std::string inner = tree_.makeFolder("folder/inner");
     EXPECT_EQ(drop({inner, folder}).rows, 2u);
 }
 
-TEST_F(Drop, KeepsNamesThatAreNotText) {
+TEST_F(Drop, KeepsNamesThatAreNotUtf8) {
     const std::string image = tree_.writeFile("\xff\xfe.png");
     EXPECT_EQ(drop({image}), oneRow);
     EXPECT_EQ(namesOf(list_), Paths{image});

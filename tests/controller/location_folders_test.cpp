@@ -22,7 +22,7 @@ class FolderBrowser : public ::testing::Test {
  protected:
     Paths foldersAt(const std::string& path) { return getFoldersAtPath(fileSystem_, path); }
 
-    /// The same without regard to the order.
+    /// The same, sorted.
     Paths sortedFoldersAt(const std::string& path) {
         Paths folders = foldersAt(path);
         std::sort(folders.begin(), folders.end());
@@ -47,7 +47,7 @@ class FolderBrowser : public ::testing::Test {
     FaultyFileSystem fileSystem_;
 };
 
-/// The language of the user while it lives.
+/// Sets the user's locale during its lifetime.
 class Locale final {
  public:
     explicit Locale(QLocale::Language language) { QLocale::setDefault(QLocale(language)); }
@@ -116,7 +116,7 @@ TEST_F(FolderBrowser, SortsNumbersByValueWithoutALanguage) {
     EXPECT_EQ(namesAt(tree_.path()), (Paths{"9", "10", "a", "B"}));
 }
 
-TEST_F(FolderBrowser, SortsNamesThatAreNotTextByTheirBytes) {
+TEST_F(FolderBrowser, SortsNamesThatAreNotUtf8ByBytes) {
     makeFolders({"a\xff", "a\xfe", "b"});
     for (const ListingOrder order : {ListingOrder::sorted, ListingOrder::reversed}) {
         fileSystem_.setListingOrder(order);
@@ -134,7 +134,7 @@ TEST_F(FolderBrowser, HidesFoldersThatBeginWithASign) {
                      tree_.pathOf("\xc3\xa9")}));
 }
 
-TEST_F(FolderBrowser, KeepsNamesThatAreNotText) {
+TEST_F(FolderBrowser, KeepsNamesThatAreNotUtf8) {
     tree_.makeFolder("\xff\xfe");
     EXPECT_EQ(foldersAt(tree_.path()), Paths{tree_.pathOf("\xff\xfe")});
 }
@@ -146,7 +146,7 @@ TEST_F(FolderBrowser, JoinsWithASingleSlash) {
     EXPECT_EQ(foldersAt(tree_.path() + "/"), Paths{tree_.pathOf("a")});
 }
 
-TEST_F(FolderBrowser, IsEmptyForWhatIsNoFolder) {
+TEST_F(FolderBrowser, IsEmptyForOtherFiles) {
     tree_.writeFile("file");
     tree_.makeLink("link", "nowhere");
     EXPECT_EQ(foldersAt(tree_.pathOf("file")), Paths{});
@@ -158,7 +158,7 @@ TEST_F(FolderBrowser, IsEmptyForWhatIsNoFolder) {
 TEST_F(FolderBrowser, IsEmptyForAFolderThatIsClosedToTheUser) {
     tree_.makeFolder("closed/inner");
     ASSERT_EQ(::chmod(tree_.pathOf("closed").c_str(), 0), 0);
-    const int before = ::setfsuid(65534);  // without the rights of the superuser
+    const int before = ::setfsuid(65534);  // without root's privileges
     const Paths folders = foldersAt(tree_.pathOf("closed"));
     ::setfsuid(static_cast<uid_t>(before));
     ASSERT_EQ(::chmod(tree_.pathOf("closed").c_str(), 0700), 0);
@@ -169,12 +169,12 @@ TEST_F(FolderBrowser, IsEmptyForAFolderThatIsClosedToTheUser) {
 TEST_F(FolderBrowser, IsEmptyForAFolderThatCannotBeListedToItsEnd) {
     tree_.makeFolder("a");
     EXPECT_EQ(foldersAt(tree_.path()).size(), 1u);
-    // The folder is in the first portion; what comes after it is not known.
+    // The folder is in the first batch; reading the next one fails.
     fileSystem_.failCall(FileCall::listEntries, 2, EIO);
     EXPECT_EQ(foldersAt(tree_.path()), Paths{});
 }
 
-TEST_F(FolderBrowser, SkipsWhatCannotBeLookedAt) {
+TEST_F(FolderBrowser, SkipsEntriesThatCannotBeRead) {
     tree_.makeFolder("a");
     tree_.makeFolder("b");
     fileSystem_.hideEntryTypes();

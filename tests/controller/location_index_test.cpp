@@ -60,7 +60,7 @@ TEST(LocationIndex, CoversWhatIsBelowANameWhoseDotIsNoExtension) {
 }
 
 TEST(LocationIndex, CoversNothingBelowTheRootFolder) {
-    // What begins with "/" and a slash is no path that is given to it.
+    // Paths that begin with "//" are never passed to it.
     const LocationIndex index = indexOf({"/"});
     EXPECT_TRUE(index.covers("/"));
     EXPECT_FALSE(index.covers("/home"));
@@ -79,14 +79,14 @@ TEST(LocationIndex, ForgetsAllItsNames) {
     EXPECT_FALSE(index.covers("/Users/x"));
 }
 
-/// The rule as it is stated: all rows are looked at.
+/// The reference implementation: checks all rows.
 bool isCovered(const std::vector<std::string>& names, const std::string& path) {
     return std::any_of(names.begin(), names.end(), [&path](const std::string& name) {
         return name == path || (pathExtension(name).empty() && path.starts_with(name + "/"));
     });
 }
 
-TEST(LocationIndex, AnswersAsIfItLookedAtAllNames) {
+TEST(LocationIndex, AgreesWithAReferenceImplementation) {
     std::mt19937 generator(20260131);
     const auto path = [&generator] {
         constexpr std::string_view letters = "//ab.";

@@ -16,7 +16,7 @@
 namespace tarvin {
 namespace {
 
-/// The location list of the product while a person browses it.
+/// The location list of the product during browsing.
 class BrowsedList : public ProductFixture {
  protected:
     using Names = std::vector<std::string>;
@@ -51,7 +51,7 @@ class BrowsedList : public ProductFixture {
     }
     [[nodiscard]] States states() { return statesOf(delegate->locations().list()); }
 
-    /// Which of the buttons over the list and Scan can be pressed.
+    /// Which of the buttons over the list and Scan are enabled.
     [[nodiscard]] States buttons() {
         States enabled;
         for (const char* name : {"markAllExactBtn", "unmarkAllExactBtn", "removeFromListExactBtn",
@@ -212,7 +212,7 @@ TEST_F(BrowsedList, GivesScanItsTitleAgainWithItsLooks) {
                                false}));
 }
 
-/// The panels of the product itself.
+/// The product's own file dialogs.
 class OwnPanels : public BrowsedList {
  protected:
     OwnPanels() {

@@ -34,7 +34,7 @@ class LocationRows : public ::testing::Test {
         list_.setInitialState();
     }
 
-    /// Folders of the tree, as rows that are checked.
+    /// Checked rows of folders of the tree.
     void addFolders(const Paths& names) {
         for (const std::string& name : names) {
             list_.addFolders({tree_.makeFolder(name)});
@@ -55,7 +55,7 @@ class FolderPanel : public LocationRows {};
 class OpenedFolders : public LocationRows {};
 class CheckedRows : public LocationRows {};
 
-/// What was added at one level, when another one is shown in between.
+/// Rows added at one level, while another one is shown in between.
 class AddedRows : public LocationRows {
  protected:
     AddedRows() {
@@ -202,7 +202,7 @@ TEST_F(BrowsedFolder, ShowsItsFoldersCheckedIfItIsChecked) {
 }
 
 TEST_F(BrowsedFolder, ShowsItsFoldersUncheckedIfItIsNotInTheStateArray) {
-    // A panel checks the row but does not note it.
+    // Adding by a panel checks the row, but does not put it into stateArray().
     const std::string top = tree_.makeFolder("top");
     tree_.makeFolder("top/a");
     list_.addFolders({top});
@@ -291,7 +291,7 @@ TEST_F(FilePanel, AddsAFileThatIsChosenTwiceOnce) {
     EXPECT_EQ(namesOf(list_), Paths{image});
 }
 
-TEST_F(FilePanel, PassesSilentlyOverWhatIsGone) {
+TEST_F(FilePanel, IgnoresVanishedFiles) {
     const std::string image = tree_.writeFile("1.png");
     EXPECT_EQ(list_.addFiles({tree_.pathOf("gone.png"), image}),
               (Addition{1, LocationNotice::none}));
@@ -434,7 +434,7 @@ TEST_F(CheckedRows, AreNotedInTheStateArray) {
     EXPECT_EQ(list_.stateArray(), Paths{"/media/ann/STICK"});
 }
 
-TEST_F(CheckedRows, AreNoneBehindTheLastRow) {
+TEST_F(CheckedRows, IgnoreRowsPastTheEnd) {
     list_.checkButtonExactFirstpage(0, true);
     list_.checkButtonExactFirstpage(static_cast<std::size_t>(-1), true);
     EXPECT_EQ(list_.stateArray(), Paths{});

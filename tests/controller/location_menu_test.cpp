@@ -25,7 +25,7 @@ class LocationMenu : public ProductFixture {
     }
 
     using Titles = std::vector<std::string>;
-    /// The titles of the items that can be seen.
+    /// The titles of the visible items.
     [[nodiscard]] Titles items() {
         Titles titles;
         for (const QAction* item : locations().tableMenu->actions()) {

@@ -49,7 +49,7 @@ class LocationModelTest : public ::testing::Test {
     FakePlatform platform_;
     LocationList list_{platform_};
     LocationModel model_{list_};
-    // Ends the test program if the model contradicts itself or its signals.
+    // Aborts if the model is inconsistent.
     QAbstractItemModelTester tester_{&model_,
                                      QAbstractItemModelTester::FailureReportingMode::Fatal};
     QSignalSpy dropped_{&model_, &LocationModel::dropped};
@@ -180,7 +180,7 @@ TEST_F(LocationChanges, CheckARowAndSayWhichOne) {
     EXPECT_EQ(list_.stateArray(), Paths{"/b"});
 }
 
-TEST_F(LocationChanges, AreRefusedWhereNothingCanBeChecked) {
+TEST_F(LocationChanges, AreRefusedOutsideTheCheckBoxes) {
     list_.addFolders({"/a"});
     QSignalSpy clicked(&model_, &LocationModel::checkButtonClicked);
     EXPECT_FALSE(model_.setData(model_.index(0, 0), Qt::Unchecked, Qt::CheckStateRole));
@@ -219,7 +219,7 @@ TEST_F(LocationChanges, ReachTheViews) {
     EXPECT_EQ(changed.size(), 2);
 }
 
-TEST_F(LocationChanges, OutliveTheModel) {
+TEST_F(LocationChanges, AreIgnoredAfterTheModelIsDestroyed) {
     {
         LocationList list(platform_);
         {
@@ -289,7 +289,7 @@ TEST_F(LocationDrops, OfNamesThatAreNotTextKeepTheirBytes) {
     EXPECT_EQ(namesOf(list_), (Paths{folder, image}));
 }
 
-TEST_F(LocationDrops, OfTenThousandFilesOnAsManyRowsTakeNoTime) {
+TEST_F(LocationDrops, OfTenThousandFilesOnAsManyRowsAreFast) {
     tree_.makeFiles("images", 10'000, ".png");
     Paths paths;
     Paths rows;

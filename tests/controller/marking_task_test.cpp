@@ -122,12 +122,12 @@ TEST_F(Marking, OfAnExtensionMarksItsSets) {
     EXPECT_EQ(marks(0, 1), (Marks{false, false, false}));
 }
 
-TEST_F(Marking, OfARowThatIsNoneChangesNothing) {
+TEST_F(Marking, OfARowThatDoesNotExistChangesNothing) {
     click("markAll");
     window().results->selectedCount->setText(QStringLiteral("stale"));
     window().results->markAll->setEnabled(true);
     delegate->marking().checkBoxClicked({});
-    // Nothing changes, and all is said anew.
+    // Nothing changes, but totals and buttons are updated.
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 4");
     EXPECT_FALSE(isEnabled("markAll"));
     delegate->marking().collectionViewCheckButtonCLicked(-1);
@@ -179,7 +179,7 @@ TEST_F(Marking, OfOtherThanIdenticalFilesLeavesItsButtonsAlone) {
     EXPECT_TRUE(isEnabled("markAll"));
     EXPECT_FALSE(isEnabled("unMarkAll"));
     EXPECT_FALSE(isEnabled("addEceptionBtn"));
-    // Those of the views follow.
+    // Those of the views are updated.
     EXPECT_FALSE(isEnabled("allButton"));
     EXPECT_TRUE(isEnabled("imageButton"));
 }
@@ -211,7 +211,7 @@ TEST_F(MarkingNothing, AResultWithoutExtensionsDisablesFiveButtons) {
         EXPECT_FALSE(isEnabled(name)) << name;
     }
     EXPECT_FALSE(screens.sendToRecycle->isEnabled());
-    // These stay as they were.
+    // These are unchanged.
     EXPECT_TRUE(screens.deletePermanently->isEnabled());
     EXPECT_FALSE(screens.videoButton->isEnabled());
     for (const char* name : {"allButton", "imageButton", "audioButton", "documentButton"}) {

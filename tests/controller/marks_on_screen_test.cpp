@@ -6,8 +6,8 @@
 namespace tarvin {
 namespace {
 
-/// What a person sees of the marks after a real click. The models are read where the marks are, so
-/// that only the screen tells whether the views were asked to paint them again.
+/// The marks on the screen after a real click. The views read the models live, so only the pixels
+/// show whether they were asked to repaint.
 class MarksOnScreen : public ThreeSetsFixture {
  protected:
     /// In the middle of a control, through the window.
@@ -29,7 +29,7 @@ class MarksOnScreen : public ThreeSetsFixture {
         return table().visualRect(list().index(row, ResultTable::ButtonCell)).center();
     }
 
-    /// Whether the screen shows a box with a mark in it, which may be a mixed one.
+    /// Whether the screen shows a checked or partially checked box.
     static bool isFilled(const QWidget* viewport, const QPoint& box) {
         const QImage screen = onScreen(*viewport);
         for (int x = box.x() - 6; x <= box.x() + 6; ++x) {
@@ -109,10 +109,10 @@ TEST_F(MarksOnScreen, ABoxOfAFileIsSeenInItsSetAndExtension) {
     expectUpToDate("the file again");
 }
 
-TEST_F(MarksOnScreen, ARefusalBringsEverythingUpToDateToo) {
+TEST_F(MarksOnScreen, ARefusalUpdatesEverythingToo) {
     clickBoxOfFile(0);
     ASSERT_TRUE(isMarked(0, 0));
-    // What nobody has told the views and the controls.
+    // Changes that were not reported to views and controls.
     setOf(0, 0).setSetsState(CheckState::off);
     window().results->selectedCount->setText(QStringLiteral("stale"));
     window().results->markAll->setEnabled(false);
@@ -159,7 +159,7 @@ TEST_F(MarksOnScreen, FollowACleanUpAndExceptions) {
     expectUpToDate("exceptions");
 }
 
-/// In which order what shows the marks is brought up to date.
+/// The order of updates after a change of marks.
 class OrderOfMarking : public ThreeSetsFixture {
  protected:
     OrderOfMarking() = default;
@@ -172,7 +172,7 @@ class OrderOfMarking : public ThreeSetsFixture {
                          [this] { note("files"); });
     }
 
-    /// The views that were told, each once, in order; what the labels and buttons said then.
+    /// Records the views in the order of their updates, and labels and buttons at that time.
     void note(const std::string& view) {
         if (order_.empty() || order_.back() != view) {
             order_.push_back(view);

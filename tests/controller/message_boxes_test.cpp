@@ -13,7 +13,7 @@
 namespace tarvin {
 namespace {
 
-/// The boxes of the product over a window, with what was answered.
+/// The product's message boxes over a window, with their answers.
 class MessageBoxesTest : public testing::Test {
  protected:
     void SetUp() override {
@@ -92,7 +92,7 @@ TEST_F(MessageBoxesTest, OfYesAndNoTakeEnterAndEscForNo) {
     }
 }
 
-TEST_F(MessageBoxesTest, GoWithoutAnAnswerWhenTheyAreWithdrawn) {
+TEST_F(MessageBoxesTest, CloseWithoutAnAnswerWhenWithdrawn) {
     show(question);
     boxes.withdraw(number);
     EXPECT_TRUE(boxIsGone());

@@ -15,7 +15,7 @@ void PrintTo(const OddName& name, std::ostream* out) {
     *out << name.kind;
 }
 
-/// Two files of such a name and nothing else, through the whole window.
+/// Two files of such a name, through the whole window.
 class OddNames : public DeletionFixture, public testing::WithParamInterface<OddName> {
  protected:
     void SetUp() override {
@@ -56,14 +56,14 @@ TEST_P(OddNames, AreExcludedFromLaterScans) {
     click("scanInforOKBtn");
     scanAgain();
     EXPECT_EQ(modal().extensionCount(), 0U);
-    // Also by a program that has read the list from its file.
+    // Also after reading the stored list.
     delegate.reset();
     scan();
     EXPECT_EQ(modal().extensionCount(), 0U);
     EXPECT_TRUE(isThere(nameOf("2")));
 }
 
-// A right-to-left name, a line break, an override of the direction, and bytes that are not UTF-8.
+// A right-to-left name, a newline, a bidirectional override, and bytes that are not UTF-8.
 constexpr std::array<OddName, 4> oddNames{{
     {"RightToLeft", "\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d", "\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d"},
     {"LineBreak", "one\ntwo", "one\xef\xbf\xbdtwo"},

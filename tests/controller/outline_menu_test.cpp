@@ -8,7 +8,7 @@
 namespace tarvin {
 namespace {
 
-/// What the context menu of the outline asks for, as "operation" or "operation true".
+/// The signals of the outline's context menu, as "operation" or "operation true".
 class OutlineMenuTest : public ThreeSetsFixture {
  protected:
     void SetUp() override {
@@ -24,7 +24,7 @@ class OutlineMenuTest : public ThreeSetsFixture {
         connectPlain(menu, &OutlineMenu::getInfo, "getInfo");
     }
 
-    /// Opens the menu on a set and chooses the item with this tag.
+    /// Opens the menu on a set and selects the item with this tag.
     void chooseTag(int tag) {
         QMenu* menu = window().results->outlineMenu;
         const QModelIndex name = tree().indexOfSet(0, 1).siblingAtColumn(ResultTreeView::name);

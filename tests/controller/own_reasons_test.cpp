@@ -18,7 +18,7 @@
 namespace tarvin {
 namespace {
 
-/// While it lives, the window speaks German.
+/// Installs the German translation during its lifetime.
 class German final {
  public:
     German() : translator_(loadTranslation(QLocale(QStringLiteral("de")))) {
@@ -59,7 +59,7 @@ constexpr std::array refusals{
     Pair{TrashRefusalKind::noName, "There is no free name in the Trash",
          "Im Papierkorb ist kein Name mehr frei"}};
 
-TEST(OwnReasons, OfTheTrashAreToldByTheirKind) {
+TEST(OwnReasons, OfTheTrashDependOnTheirKind) {
     for (const Pair& pair : refusals) {
         const std::string text = OwnReasons::ofTrash(pair.kind, "words").toStdString();
         EXPECT_EQ(text, pair.english);
@@ -83,7 +83,7 @@ TEST(OwnReasons, OfTheTrashAreGermanInTheGermanWindow) {
     }
 }
 
-/// The texts of the errors that can reach the window.
+/// The texts of errors that the window can show.
 constexpr std::array<std::pair<const char*, const char*>, 11> errors{
     {{"there is no home folder to keep the journal in",
       "es gibt keinen persönlichen Ordner für die Aufzeichnungen"},
@@ -111,14 +111,14 @@ TEST(OwnReasons, OfTheStoreAreGermanInTheGermanWindow) {
     const German german;
     for (const auto& [english, text] : errors) {
         EXPECT_EQ(OwnReasons::ofStore(english).toStdString(), text);
-        // Files that such an error has kept from their turn.
+        // Files that were not moved because of such an error.
         EXPECT_EQ(KeptFiles::reasonOf({MoveOutcome::refused, english}).toStdString(), text);
     }
     EXPECT_EQ(OwnReasons::ofStore("No space left on device"),
               QStringLiteral("No space left on device"));
 }
 
-/// They are known by their words alone, so a new or another one must be met here.
+/// They are recognised by their texts, so a new or changed one must fail here.
 TEST(OwnReasons, OfTheStoreAreThoseOfItsSources) {
     const CommandResult found = runCommand(
         "cat src/store/clean_up_*.cpp src/store/sqlite_database.cpp src/store/stored_list.cpp "
@@ -145,7 +145,7 @@ TEST(OwnReasons, ThatAMoveWasNotPlannedIsOne) {
               "Das Verschieben war nicht vorher aufgezeichnet");
 }
 
-/// What the finished window says.
+/// The texts on the screen of the product.
 class OwnReasonsOnScreen : public PutBackFixture {
  protected:
     void SetUp() override {
@@ -154,7 +154,7 @@ class OwnReasonsOnScreen : public PutBackFixture {
     }
     ~OwnReasonsOnScreen() override { delegate.reset(); }
 
-    /// The status of every row, where the folder that the files go back to is something else now.
+    /// The status of every row after the folder of the files was replaced.
     [[nodiscard]] Lines statuses() {
         Lines statuses;
         if (opens()) {

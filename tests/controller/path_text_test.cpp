@@ -14,7 +14,7 @@ TEST(PathText, IsThePathItself) {
     EXPECT_EQ(textOfPath(""), QString());
 }
 
-TEST(PathText, ShowsBytesThatAreNotText) {
+TEST(PathText, ReplacesBytesThatAreNotUtf8) {
     EXPECT_EQ(textOfPath("/a\xff/b\xfe\xfe"), QStringLiteral("/a\uFFFD/b\uFFFD\uFFFD"));
 }
 
@@ -26,15 +26,15 @@ TEST(PathText, StaysInOneLine) {
               QStringLiteral("/a\uFFFDb\uFFFDc\uFFFD"));
 }
 
-TEST(PathText, ShowsMarksThatTurnTheDirectionOfWriting) {
-    // As it is, this would read as if it ended in ".png".
+TEST(PathText, ReplacesBidirectionalMarks) {
+    // Unescaped, this would look as if it ended in ".png".
     EXPECT_EQ(textOfPath("photo\xe2\x80\xaegnp.exe"), QStringLiteral("photo\uFFFDgnp.exe"));
     EXPECT_EQ(textOfPath("\xe2\x81\xa6x\xe2\x81\xa9"), QStringLiteral("\uFFFDx\uFFFD"));
-    // What only says how letters join stays.
+    // Joiners are kept.
     EXPECT_EQ(textOfPath("\xe2\x80\x8d\xe2\x80\x8f"), QStringLiteral("\u200D\u200F"));
 }
 
-TEST(PathText, EndsNowhereBeforeTheEnd) {
+TEST(PathText, ShowsAllBytes) {
     const std::string withZero("a\0b", 3);
     EXPECT_EQ(textOfPath(withZero), QStringLiteral("a\uFFFDb"));
 }

@@ -4,14 +4,14 @@
 
 namespace tarvin {
 
-/// The path of a program that is built for tests in place of an updater: it writes what it was
-/// given, a line for each argument, beside itself into a file "told".
+/// The path of the fake updater, which writes its arguments, one a line, into a file "told" beside
+/// itself.
 std::string updaterProgramPath();
 
-/// The path of the built program that reads addresses.
+/// The path of the built URL reader.
 std::string urlReaderPath();
 
-/// The path of the list of addresses that is installed.
+/// The path of the Urls.plist that is installed.
 std::string installedUrlsPath();
 
 }  // namespace tarvin

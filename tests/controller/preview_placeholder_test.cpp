@@ -13,7 +13,7 @@
 namespace tarvin {
 namespace {
 
-/// Around everything that is painted, in pixels.
+/// The bounding rectangle of all painted pixels.
 QRect inkOf(const QImage& image) {
     QRect ink;
     for (int y = 0; y < image.height(); ++y) {
@@ -44,7 +44,7 @@ TEST(PreviewPlaceholder, IsAsLargeAsItsPoints) {
 
 TEST(PreviewPlaceholder, HasItsTextAtItsPlace) {
     const QRect ink = inkOf(previewPlaceholder(1));
-    // The first letter begins a little behind the corner, the longest reach down to it.
+    // The first letter begins a little right of the corner; descenders reach down to it.
     EXPECT_GE(ink.left(), 10);
     EXPECT_LE(ink.left(), 13);
     EXPECT_GT(ink.right(), 220);
@@ -55,7 +55,7 @@ TEST(PreviewPlaceholder, HasItsTextAtItsPlace) {
     EXPECT_LE(ink.top(), 130 - 14);
 }
 
-/// The same text at the same place, in the font that the system has for a name.
+/// The same text at the same position, in the system's font for a name.
 QImage placeholderIn(const QString& family) {
     QImage image(250, 250, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
@@ -94,7 +94,7 @@ TEST(PreviewPlaceholder, IsSharpAtEveryDensity) {
     const QRect single = inkOf(previewPlaceholder(1));
     EXPECT_NEAR(ink.width(), 2 * single.width(), 8);
     EXPECT_NEAR(ink.height(), 2 * single.height(), 4);
-    // An image that was enlarged would have the same pixel twice in every row.
+    // A scaled image would have every pixel twice.
     int unlike = 0;
     for (int x = ink.left() & ~1; x + 1 < ink.right(); x += 2) {
         unlike += static_cast<int>(twice.pixel(x, ink.center().y()) !=

@@ -4,7 +4,7 @@
 
 namespace tarvin {
 
-/// The path of the built program that makes previews.
+/// The path of the built preview program.
 QString previewProgram();
 
 }  // namespace tarvin

@@ -57,7 +57,7 @@ class PreviewFixture : public ResultFixture {
         QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, at(row));
     }
 
-    /// The file is shown, and its row is the one that is selected and highlighted.
+    /// The file is shown and its row is selected and highlighted.
     void expectShown(int row, const std::string& name) {
         EXPECT_EQ(textOf("selectedPath"), "Path: " + pathOf(name));
         EXPECT_EQ(properties().rfind(" " + name + "\n", 0), 0U) << properties();
@@ -75,8 +75,7 @@ class PreviewFixture : public ResultFixture {
         click("scanInforOKBtn");
     }
 
-    /// Returns when whatever was asked for before would have been answered: the time of two more
-    /// requests has passed.
+    /// Returns when earlier requests must have finished: two later ones have.
     void outlastRequests(const std::string& path) {
         ImagePreview other(previewProgram());
         const QSignalSpy ready(&other, &ImagePreview::ready);
@@ -184,7 +183,7 @@ TEST_F(PreviewTest, OfASetIsItsFirstFileWithItsRow) {
     expectShown(0, "z1.txt");
     clickFile(1);
     expectShown(1, "z2.txt");
-    // Also of the same set once more.
+    // Also after selecting the same set again.
     select(1, 0);
     expectShown(0, "z1.txt");
 }
@@ -222,7 +221,7 @@ TEST_F(PreviewTest, KeepsItsRowWhenOthersLeaveTheList) {
     click("addEceptionBtn");
     click("excOKBtn");
     click("scanInforOKBtn");
-    // It was taken out itself.
+    // The file itself was taken out.
     EXPECT_EQ(names(), (Lines{"b1.txt", "b4.txt"}));
     EXPECT_EQ(table().selectedRow(), -1);
     clickFile(1);
@@ -239,7 +238,7 @@ TEST_F(PreviewTest, ADoubleClickOpensTheFileOfItsRow) {
     EXPECT_EQ(desktop.paths.size(), 1U);
 }
 
-TEST_F(PreviewTest, NobodyIsToldThatAFileCannotBeOpened) {
+TEST_F(PreviewTest, FailingToOpenAFileIsSilent) {
     desktop.opensPaths = false;
     doubleClickFile(0);
     std::filesystem::remove(pathOf("a2.png"));
@@ -327,7 +326,7 @@ TEST_F(PreviewOfImages, FillsThePlaceInsideTheLinesOfItsField) {
     EXPECT_EQ(picture().deviceIndependentSize(), QSizeF(94.5, 189));
 }
 
-TEST_F(PreviewOfImages, StandsAsTheCameraWasHeld) {
+TEST_F(PreviewOfImages, AppliesTheOrientation) {
     QImage sideways(400, 200, QImage::Format_RGB32);
     sideways.fill(red);
     QPainter(&sideways).fillRect(200, 0, 200, 200, blue);
@@ -381,7 +380,7 @@ TEST_F(PreviewOfImages, OfASingleExtensionBeginsWithTheRowThatIsChosen) {
     EXPECT_TRUE(comesTrue([this] { return isAll(red); }));
 }
 
-TEST_F(PreviewOfImages, OfASingleExtensionStaysEmptyThoughAPictureWasOnItsWay) {
+TEST_F(PreviewOfImages, OfASingleExtensionIgnoresAPendingPreview) {
     writeImages("a1.png", "a2.png", {800, 600});
     scanAndReview();
     EXPECT_TRUE(picture().isNull());

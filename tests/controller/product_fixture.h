@@ -23,7 +23,7 @@
 
 namespace tarvin {
 
-/// Alerts that are remembered and wait for the test's answer.
+/// Records alerts; the test presses their buttons.
 class FakeAlerts final : public Alerts {
  public:
     using Alerts::show;
@@ -41,7 +41,7 @@ class FakeAlerts final : public Alerts {
         }
     }
 
-    /// How many have neither been answered nor withdrawn.
+    /// The number of alerts neither answered nor withdrawn.
     [[nodiscard]] std::size_t open() const { return open_.size(); }
 
     std::vector<Alert> shown;
@@ -50,7 +50,7 @@ class FakeAlerts final : public Alerts {
     std::map<Number, std::function<void(int button)>> open_;
 };
 
-/// Panels in which a person has chosen already.
+/// File panels that return `choice` at once.
 class FakePanels final : public FilePanels {
  public:
     void open(const OpenPanel& panel,
@@ -62,7 +62,7 @@ class FakePanels final : public FilePanels {
     }
 
     std::vector<OpenPanel> opened;
-    std::optional<std::vector<std::string>> choice;  ///< none: the person thinks better of it
+    std::optional<std::vector<std::string>> choice;  ///< nullopt: the user cancels
 };
 
 class FakeDesktop final : public Desktop {
@@ -81,14 +81,14 @@ class FakeDesktop final : public Desktop {
         return true;
     }
 
-    bool opensPaths = true;  ///< or there is no application for them
+    bool opensPaths = true;  ///< false: there is no application
     std::vector<std::string> paths;
     QStringList addresses;
     QStringList programs;
-    QStringList arguments;  ///< of the last of them
+    QStringList arguments;  ///< of the last program
 };
 
-/// Where a scan waits until the test lets it go on. Any thread.
+/// Blocks a thread until the test opens it. Any thread.
 class Barrier final {
  public:
     ~Barrier() { open(); }
@@ -107,12 +107,12 @@ class Barrier final {
     std::atomic<bool> open_{false};
 };
 
-/// The product with its real window, on a platform and surroundings of the test's own, driven by
-/// clicks on controls by their object names.
+/// The product with its real window on a fake platform, driven by clicks on controls, which are
+/// found by their object names.
 class ProductFixture : public testing::Test {
  protected:
     ProductFixture() {
-        // Tests click sooner after a change of screens than a person does.
+        // Tests click faster than the interval, which must not make double clicks.
         QApplication::setDoubleClickInterval(0);
         platform.setUserName("me");
         platform.setApplicationSupportFolder(folder.pathOf("support"));
@@ -147,7 +147,7 @@ class ProductFixture : public testing::Test {
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window(), 20000));
     }
 
-    /// Starts the product, which may give way to another copy.
+    /// Starts the product, which may exit in favour of another instance.
     void start(const std::vector<std::string>& folders = {}) {
         QCursor::setPos(-100, -100);
         make();
@@ -164,7 +164,7 @@ class ProductFixture : public testing::Test {
         return found;
     }
 
-    /// A real click in the middle of a control, which must be there to be clicked.
+    /// A real click in the middle of a control, which must be visible and enabled.
     void click(const char* name) {
         auto* button = control(name);
         ASSERT_NE(button, nullptr);
@@ -173,14 +173,14 @@ class ProductFixture : public testing::Test {
         QTest::mouseClick(button, Qt::LeftButton);
     }
 
-    /// Opens a context menu with the right button of the mouse, at a place of `control`.
+    /// Opens a context menu with the right mouse button, at a position of `control`.
     void openMenu(QWidget* control, QPoint place, QMenu* menu) {
         QTest::mouseClick(window().windowHandle(), Qt::RightButton, {},
                           control->mapTo(&window(), place));
         ASSERT_TRUE(comesTrue([menu] { return menu->isVisible(); }));
     }
 
-    /// A real click on an item of a menu that is open.
+    /// A real click on an item of an open menu.
     static void choose(QMenu* menu, QAction* item) {
         ASSERT_TRUE(menu->isVisible());
         ASSERT_TRUE(item->isVisible());
@@ -205,7 +205,7 @@ class ProductFixture : public testing::Test {
     Desktop* usedDesktop = &desktop;
     FakeAlerts alerts;
     FakePanels panels;
-    FilePanels* usedPanels = &panels;  ///< none: the product's own
+    FilePanels* usedPanels = &panels;  ///< nullptr: the product's own
     QSettings settings{QString::fromStdString(folder.pathOf("settings.ini")), QSettings::IniFormat};
     QString urls;
     QString guide;

@@ -14,7 +14,7 @@
 
 namespace tarvin {
 
-/// A result whose files go to a real Trash, and what comes back from it.
+/// A result whose files are moved to a real Trash and put back.
 class PutBackFixture : public DeletionFixture {
  protected:
     PutBackFixture() {
@@ -29,16 +29,16 @@ class PutBackFixture : public DeletionFixture {
                             });
     }
 
-    /// Holds the run before it brings the file of this name back.
+    /// Blocks the run before it puts back the file of this name.
     void holdPutBackOf(const std::string& name) { heldName_ = name; }
 
-    /// Holds the look at what would become of the files, before their folder is looked at.
+    /// Blocks the examination before it opens the folder of the files.
     void holdExamination() {
         files.beforeCall(
             FileCall::openDirectory, 1, [this] { barrier.wait(); }, folder.pathOf("found"));
     }
 
-    /// Opens the panel by the menu; true when it, or a window in its place, is there.
+    /// Opens the panel by the menu. Returns true once it, or a notice instead, is visible.
     [[nodiscard]] bool opens() {
         click("buttonMore");
         if (!comesTrue([this] { return window().moreMenu->isVisible(); })) {
@@ -51,7 +51,7 @@ class PutBackFixture : public DeletionFixture {
         });
     }
 
-    /// Cleans up all copies and puts the report away.
+    /// Deletes all duplicates and closes the report.
     void cleanUp() {
         click("markAll");
         ASSERT_NE(deleteMarked(), "no report");

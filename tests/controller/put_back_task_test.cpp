@@ -71,7 +71,7 @@ TEST_F(PutBackTest, LowersTheTotalsByWhatCameBack) {
     EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 1 (0.00 KB)");
 }
 
-TEST_F(PutBackTest, TellsWhatChangesAndWhatCannotComeFirst) {
+TEST_F(PutBackTest, ListsFilesThatCannotComeBackFirst) {
     cleanUp();
     write("b2.jpg", "something else");
     std::filesystem::remove(folder.pathOf("data/Trash/files/c2.txt"));
@@ -135,7 +135,7 @@ TEST_F(PutBackTest, CancelLeavesEverythingInTheTrash) {
     EXPECT_FALSE(question().isVisible());
     EXPECT_EQ(covers(), 0);
     EXPECT_FALSE(isThere("a2.jpg"));
-    // And can be asked for again.
+    // The panel can be opened again.
     EXPECT_TRUE(opens());
     EXPECT_TRUE(question().isVisible());
 }
@@ -195,7 +195,7 @@ TEST_F(PutBackTest, ShowsItsProgressWhenItTakesLong) {
     EXPECT_FALSE(window().putBackProgress->isVisible());
 }
 
-TEST_F(PutBackTest, AStopEndsBehindTheFileInHandAndReportsTheRest) {
+TEST_F(PutBackTest, AStopFinishesTheCurrentFileAndReportsTheRest) {
     cleanUp();
     ASSERT_TRUE(opens());
     holdPutBackOf("b2.jpg");
@@ -212,7 +212,7 @@ TEST_F(PutBackTest, AStopEndsBehindTheFileInHandAndReportsTheRest) {
     EXPECT_EQ(failures(), (std::vector<Lines>{{"b3.jpg", place, "Stopped before its turn"},
                                               {"c2.txt", place, "Stopped before its turn"}}));
     click("putBackReportOk");
-    // They stay for another try.
+    // They can be put back later.
     ASSERT_TRUE(opens());
     EXPECT_EQ(textOf("putBackOutcome"), "2 files will be put back.");
 }
@@ -229,7 +229,7 @@ TEST_F(PutBackTest, OverTheHomeScreenGivesNoHintToScanAgain) {
     EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 1 (0.01 KB)");
 }
 
-/// Its drive has not answered yet.
+/// The drive has not responded yet.
 TEST_F(PutBackTest, ListsTheFilesWhileTheyAreChecked) {
     cleanUp();
     holdExamination();
@@ -267,7 +267,7 @@ TEST_F(PutBackTest, CancelledWhileFilesAreCheckedShowsNoneOfThemTheNextTime) {
     EXPECT_EQ(covers(), 0);
     EXPECT_TRUE(rows().empty());
     barrier.open();
-    // It can be opened again when the thread has ended.
+    // It can be opened again once the thread has ended.
     ASSERT_TRUE(comesTrue([this] {
         window().putBackItem->trigger();
         return question().isVisible() && isEnabled("putBackOk");
@@ -275,7 +275,7 @@ TEST_F(PutBackTest, CancelledWhileFilesAreCheckedShowsNoneOfThemTheNextTime) {
     EXPECT_EQ(rows().front()[2], "Ready");
 }
 
-TEST_F(PutBackTest, TellsWhatCameBackAndThatItCouldNotBeWrittenDown) {
+TEST_F(PutBackTest, ReportsSuccessAndAJournalFailure) {
     cleanUp();
     ASSERT_TRUE(opens());
     FileSizeLimit room;
@@ -287,7 +287,7 @@ TEST_F(PutBackTest, TellsWhatCameBackAndThatItCouldNotBeWrittenDown) {
                                     "Not all was done or written down: File too large"}));
 }
 
-TEST_F(PutBackTest, ReportsWhatDidNotComeBackAndThatItCouldNotBeWrittenDown) {
+TEST_F(PutBackTest, ReportsFailedFilesAndAJournalFailure) {
     cleanUp();
     std::filesystem::remove(folder.pathOf("data/Trash/files/c2.txt"));
     ASSERT_TRUE(opens());
@@ -302,7 +302,7 @@ TEST_F(PutBackTest, ReportsWhatDidNotComeBackAndThatItCouldNotBeWrittenDown) {
     EXPECT_EQ(textOf("putBackReportHint"), "Not all was done or written down: File too large");
 }
 
-/// Its panel would come over theirs.
+/// Its panel would cover theirs.
 TEST_F(PutBackTest, CannotBeOpenedWhileFilesAreMoved) {
     click("markAll");
     deleteAndHoldAt("a2.jpg");
@@ -314,7 +314,7 @@ TEST_F(PutBackTest, CannotBeOpenedWhileFilesAreMoved) {
     EXPECT_TRUE(isEnabled("buttonMore"));
 }
 
-TEST_F(PutBackTest, EndingTheProductDuringARunFinishesTheFileInHand) {
+TEST_F(PutBackTest, EndingTheProductDuringARunFinishesTheCurrentFile) {
     cleanUp();
     ASSERT_TRUE(opens());
     holdPutBackOf("b2.jpg");

@@ -10,8 +10,7 @@
 namespace tarvin {
 namespace {
 
-/// A clean-up whose process has ended before it could tell what became of a file, and the drive of
-/// that file, which does not answer before the test lets it.
+/// A crashed clean-up with a file of unknown outcome on a drive that is blocked by the test.
 class RecoveryOfAHangingDrive : public testing::Test {
  protected:
     RecoveryOfAHangingDrive() {
@@ -28,7 +27,7 @@ class RecoveryOfAHangingDrive : public testing::Test {
         EXPECT_TRUE(waitUntil([] { return RecoveryTask::leftBehind() == 0; }));
     }
 
-    /// Begins a recovery, and ends its task while it hangs.
+    /// Starts a recovery and destroys its task while the thread is blocked.
     void leaveRecovery() {
         const RecoveryTask task(platform);
         ASSERT_TRUE(waitUntil([this] { return drive.isReached(); }));
@@ -41,7 +40,7 @@ class RecoveryOfAHangingDrive : public testing::Test {
     Barrier drive;
 };
 
-TEST_F(RecoveryOfAHangingDrive, IsLeftBehindAndKnownUntilItHasEnded) {
+TEST_F(RecoveryOfAHangingDrive, IsLeftBehindAndCountedUntilItEnds) {
     leaveRecovery();
     EXPECT_EQ(RecoveryTask::leftBehind(), 1);
     drive.open();
@@ -54,11 +53,11 @@ TEST_F(RecoveryOfAHangingDrive, ThatAnswersInTimeIsNotLeftBehind) {
     EXPECT_EQ(RecoveryTask::leftBehind(), 0);
 }
 
-TEST_F(RecoveryOfAHangingDrive, LetsAProcessEndAsUsualThatHasNone) {
+TEST_F(RecoveryOfAHangingDrive, IsNotNeededToReturnTheExitStatus) {
     EXPECT_EQ(RecoveryTask::endOfProcess(7), 7);
 }
 
-/// In a process of its own: what is destroyed at the end of one would be in use by the thread.
+/// In a separate process: the thread uses objects that are destroyed at the end of a process.
 TEST_F(RecoveryOfAHangingDrive, EndsTheProcessWithoutDestroyingWhatItUses) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     struct Witness {

@@ -26,12 +26,12 @@ class ResultFixture : public ProductFixture {
         platform.trash().moveTo(folder.makeFolder("trash"));
     }
 
-    /// A file below the scanned folder; its absolute path.
+    /// Writes a file below the scanned folder; returns its absolute path.
     std::string write(const std::string& name, const std::string& content) {
         return folder.writeFile("found/" + name, content);
     }
 
-    /// Scans what was written.
+    /// Scans the written files.
     void scan() {
         launch({folder.makeFolder("found")});
         click("findDuplicateExact");
@@ -73,7 +73,7 @@ class ResultFixture : public ProductFixture {
 
     void select(int extension, int set) { clickRow(tree().indexOfSet(extension, set)); }
 
-    /// The box of a row of the outline, with a real click.
+    /// A real click on the check box of a row of the outline.
     void clickBox(const QModelIndex& row) {
         const QModelIndex box = row.siblingAtColumn(ResultTreeView::check);
         outline().scrollTo(box);
@@ -81,7 +81,7 @@ class ResultFixture : public ProductFixture {
                           outline().visualRect(box).center());
     }
 
-    /// The box of a row of the file list, with a real click.
+    /// A real click on the check box of a row of the file table.
     void clickFileBox(int row) {
         const QModelIndex cell = list().index(row, ResultTable::ButtonCell);
         QTest::mouseClick(table().viewport(), Qt::LeftButton, {},
@@ -103,7 +103,7 @@ class ResultFixture : public ProductFixture {
         return {};
     }
 
-    /// The lines of the information window, if it is shown.
+    /// The lines of the information window; empty if it is hidden.
     [[nodiscard]] std::vector<std::string> information() {
         if (!window().informationWindow->isVisible()) {
             return {};
@@ -130,20 +130,20 @@ class ResultFixture : public ProductFixture {
 
     [[nodiscard]] bool isEnabled(const char* name) { return control(name)->isEnabled(); }
 
-    /// Where the lower left corner of a panel is, counted from that of the content.
+    /// The lower left corner of a panel, relative to that of the content.
     [[nodiscard]] QPoint placeOf(const QWidget* panel) {
         EXPECT_EQ(window().size(), MainWindow::designSize);
         const QPoint corner = panel->mapTo(&window(), QPoint(0, panel->height()));
         return {corner.x(), window().height() - corner.y()};
     }
 
-    /// How many covers lie over the window.
+    /// The number of covers over the window.
     [[nodiscard]] int covers() {
         return static_cast<int>(
             window().findChildren<ViewTransparent*>(QString(), Qt::FindDirectChildrenOnly).size());
     }
 
-    /// Scans the same folder again, from the result that is shown.
+    /// Scans the same folder again, starting from the result screen.
     void scanAgain() {
         click("buttonHomePage");
         ASSERT_EQ(screen(), QStringLiteral("1"));
@@ -159,13 +159,13 @@ class ResultFixture : public ProductFixture {
         return folder.pathOf("found/" + name);
     }
 
-    /// The totals in the file.
+    /// The totals in the stored file.
     [[nodiscard]] DataFile storedTotals() {
         DataFile file(folder.pathOf("support"));
         EXPECT_FALSE(file.loadDataFile().has_value());
         return file;
     }
-    /// The excluded files in the file.
+    /// The stored exceptions list.
     [[nodiscard]] Lines storedExceptions() {
         ExceptionFile file(folder.pathOf("support"));
         EXPECT_FALSE(file.load().has_value());
@@ -173,7 +173,7 @@ class ResultFixture : public ProductFixture {
     }
 };
 
-/// Two sets of images, one of texts, and nothing between a person and them.
+/// Two sets of images and one of texts, with the summary closed.
 class ThreeSetsFixture : public ResultFixture {
  protected:
     void SetUp() override {

@@ -39,7 +39,7 @@ TEST_F(Outline, AClickOnASetCoversTheFilesMeanwhile) {
     EXPECT_EQ(overlay.shown(), 2);
 }
 
-TEST_F(Outline, AClickOnTheSelectedSetLeavesNothingCovered) {
+TEST_F(Outline, AClickOnTheSelectedSetHidesTheOverlay) {
     select(0, 0);
     select(0, 0);
     EXPECT_FALSE(isCovered());
@@ -66,7 +66,7 @@ TEST_F(Outline, WithoutASelectedSetNothingHappens) {
     EXPECT_EQ(reloaded.size(), 0);
     EXPECT_EQ(names(), files);
     EXPECT_EQ(textOf("selectedPath"), "Path: " + folder.pathOf("found/b1.jpg"));
-    // The effective key is set by a set alone.
+    // Only selecting a set sets the effective key.
     EXPECT_EQ(delegate->views().sortControls().sorting(), "CreatDate");
     EXPECT_TRUE(isCovered());
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 2");

@@ -14,7 +14,7 @@ class Sorting : public ResultFixture {
  protected:
     void SetUp() override {
         writeThreeSets();
-        // Another order than that of the names.
+        // Dates in another order than the names.
         setDay("b2.jpg", 1);
         setDay("b3.jpg", 2);
         setDay("b1.jpg", 3);
@@ -31,7 +31,7 @@ class Sorting : public ResultFixture {
     [[nodiscard]] QAbstractButton& asscendingBtn() { return *window().results->asscendingBtn; }
     [[nodiscard]] SortControls& sortControls() { return delegate->views().sortControls(); }
 
-    /// Chooses in the list of the pop-up, the row that is shown at first included.
+    /// Selects a row of the pop-up's list by keyboard, the current one included.
     void chooseInPopUp(int row) {
         QTest::mouseClick(&popup(), Qt::LeftButton);
         QAbstractItemView& opened = *popup().view();
@@ -56,7 +56,7 @@ class Sorting : public ResultFixture {
         choose(menu, menu->actions()[tag]);
     }
 
-    /// The places of b1.jpg, b2.jpg and b3.jpg by their dates.
+    /// The positions of b1.jpg, b2.jpg and b3.jpg by date.
     [[nodiscard]] std::vector<std::int64_t> places() {
         std::vector<std::int64_t> places;
         for (const auto& file : setOf(0, 1).files()) {

@@ -49,7 +49,7 @@ class ResultTreeTest : public ::testing::Test {
     std::shared_ptr<Extensions> png_ = makeExtension("png", {makeSet("p", {1, 1})});
     std::shared_ptr<Modal> modal_ = std::make_shared<Modal>();
     ResultTree tree_;
-    // Ends the test program if the model contradicts itself or its signals.
+    // Aborts if the model is inconsistent.
     QAbstractItemModelTester tester_{&tree_, QAbstractItemModelTester::FailureReportingMode::Fatal};
     QSignalSpy changed_{&tree_, &QAbstractItemModel::dataChanged};
 };
@@ -57,9 +57,9 @@ class ResultTreeTest : public ::testing::Test {
 class ResultTreeRows : public ResultTreeTest {};
 class ResultTreeCells : public ResultTreeTest {};
 class ResultTreeChanges : public ResultTreeTest {};
-class ResultTreeStandingStill : public ResultTreeTest {};
+class ResultTreeSnapshot : public ResultTreeTest {};
 
-/// The rows that a signal names, as "extension", or "extension/first set-last set".
+/// The rows of a signal: "first-last" of extensions, or "extension/first-last" of its sets.
 std::string rowsOf(const QList<QVariant>& signal) {
     const auto first = signal[0].toModelIndex();
     const auto last = signal[1].toModelIndex();
@@ -112,7 +112,7 @@ TEST_F(ResultTreeRows, LeadToTheResult) {
     EXPECT_EQ(tree_.setAt({}), nullptr);
 }
 
-TEST_F(ResultTreeRows, KnowTheirPlace) {
+TEST_F(ResultTreeRows, HavePositions) {
     EXPECT_EQ(ResultTree::extensionRow(extension(2)), 2);
     EXPECT_EQ(ResultTree::setRow(extension(2)), -1);
     EXPECT_EQ(ResultTree::extensionRow(set(1, 0)), 1);
@@ -121,7 +121,7 @@ TEST_F(ResultTreeRows, KnowTheirPlace) {
     EXPECT_EQ(ResultTree::setRow({}), -1);
 }
 
-TEST_F(ResultTreeRows, AreNotThereBeyondTheEnd) {
+TEST_F(ResultTreeRows, AreInvalidPastTheEnd) {
     EXPECT_FALSE(extension(3).isValid());
     EXPECT_FALSE(extension(-1).isValid());
     EXPECT_FALSE(set(0, 2).isValid());
@@ -170,13 +170,13 @@ TEST_F(ResultTreeCells, TakeTheBoxOfNothingFromSelectAll) {
     EXPECT_EQ(tree_.data({}, Qt::DisplayRole), QVariant());
 }
 
-TEST_F(ResultTreeCells, TellAssistiveTechnologyWhatTheirBoxesMark) {
+TEST_F(ResultTreeCells, HaveAccessibleNames) {
     EXPECT_EQ(of(extension(0), ResultTree::check, Qt::AccessibleTextRole), "Mark jpg");
     EXPECT_EQ(of(set(0, 0), ResultTree::check, Qt::AccessibleTextRole), "Mark Set(2)");
     EXPECT_EQ(of(set(0, 0), ResultTree::name, Qt::AccessibleTextRole), "Set(2)");
 }
 
-TEST_F(ResultTreeCells, TellAssistiveTechnologyOfBoxesThatAreMixed) {
+TEST_F(ResultTreeCells, DescribePartiallyCheckedBoxes) {
     EXPECT_EQ(of(extension(0), ResultTree::check, Qt::AccessibleDescriptionRole), "");
     click(three_, 1);
     EXPECT_EQ(of(extension(0), ResultTree::check, Qt::AccessibleDescriptionRole), "Partly marked");
@@ -186,7 +186,7 @@ TEST_F(ResultTreeCells, TellAssistiveTechnologyOfBoxesThatAreMixed) {
     EXPECT_EQ(of(set(0, 0), ResultTree::check, Qt::AccessibleDescriptionRole), "");
 }
 
-TEST_F(ResultTreeCells, StandUnderTheirHeaders) {
+TEST_F(ResultTreeCells, HaveHeaders) {
     const auto header = [this](int section, int role) {
         return tree_.headerData(section, Qt::Horizontal, role).toString();
     };
@@ -222,23 +222,23 @@ TEST_F(ResultTreeCells, ShowOddNamesInOneLine) {
     EXPECT_EQ(tree_.extensionAt(row)->name(), odd);
 }
 
-TEST_F(ResultTreeChanges, OfOneSetAreToldOfItsRowAndItsExtensions) {
+TEST_F(ResultTreeChanges, OfOneSetReportItsRowAndItsExtensions) {
     tree_.marksChanged(0, 1);
     EXPECT_EQ(rowsOf(changed_), (Rows{"0/1-1", "0-0"}));
 }
 
-TEST_F(ResultTreeChanges, OfOneExtensionAreToldOfItAndItsSets) {
+TEST_F(ResultTreeChanges, OfOneExtensionReportItAndItsSets) {
     tree_.extensionChanged(0);
     tree_.extensionChanged(2);
     EXPECT_EQ(rowsOf(changed_), (Rows{"0-0", "0/0-1", "2-2"}));
 }
 
-TEST_F(ResultTreeChanges, OfEverythingAreToldOfEveryRowOnce) {
+TEST_F(ResultTreeChanges, OfEverythingReportEveryRowOnce) {
     tree_.allMarksChanged();
     EXPECT_EQ(rowsOf(changed_), (Rows{"0-2", "0/0-1", "1/0-0"}));
 }
 
-TEST_F(ResultTreeChanges, OfWhatIsNotThereAreNotTold) {
+TEST_F(ResultTreeChanges, OfRowsThatDoNotExistAreIgnored) {
     tree_.marksChanged(0, 2);
     tree_.marksChanged(3, 0);
     tree_.marksChanged(-1, 0);
@@ -259,7 +259,7 @@ TEST_F(ResultTreeChanges, ConcernNamesToo) {
     }
 }
 
-TEST_F(ResultTreeStandingStill, ShowsWhatItShowedBefore) {
+TEST_F(ResultTreeSnapshot, ShowsWhatItShowedBefore) {
     click(three_, 1);
     tree_.showSnapshot();
     modal_->markAllExtension();
@@ -272,7 +272,7 @@ TEST_F(ResultTreeStandingStill, ShowsWhatItShowedBefore) {
     EXPECT_EQ(boxOf(extension(2)), Qt::Unchecked);
 }
 
-TEST_F(ResultTreeStandingStill, EndsWithTheNextResultAndWhenFollowing) {
+TEST_F(ResultTreeSnapshot, EndsWithTheNextResultAndWhenFollowing) {
     tree_.showSnapshot();
     modal_->markAllExtension();
     tree_.endSnapshot();
@@ -284,8 +284,8 @@ TEST_F(ResultTreeStandingStill, EndsWithTheNextResultAndWhenFollowing) {
     EXPECT_EQ(boxOf(set(1, 0)), Qt::Unchecked);
 }
 
-// The thread sanitizer sees here whether anything that changes is read.
-TEST_F(ResultTreeStandingStill, ReadsNothingThatAnotherThreadChanges) {
+// The thread sanitizer checks here that no changing data is read.
+TEST_F(ResultTreeSnapshot, ReadsNothingThatAnotherThreadChanges) {
     tree_.showSnapshot();
     auto walk = std::async(std::launch::async, [this] {
         modal_->markAllExtension();
@@ -300,8 +300,8 @@ TEST_F(ResultTreeStandingStill, ReadsNothingThatAnotherThreadChanges) {
     EXPECT_EQ(walk.get(), 2U);
 }
 
-/// 200,000 sets in 500,000 files, below a thousand extensions. Times are the processor's, so that
-/// what else the machine does makes no difference.
+/// 200,000 sets with 500,000 files, below 1,000 extensions. Times are CPU times, independent of the
+/// load of the machine.
 class LargeResultTree : public ::testing::Test {
  protected:
     static constexpr int extensions = 1000;
@@ -324,7 +324,7 @@ class LargeResultTree : public ::testing::Test {
         }
     }
 
-    /// Asks every row for all that a view asks for; counts the rows.
+    /// Reads the data of every row that a view reads; returns the number of rows.
     [[nodiscard]] static int askAll(const ResultTree& tree) {
         int rows = 0;
         for (int row = 0; row < tree.rowCount(); ++row) {
@@ -351,13 +351,13 @@ TEST_F(LargeResultTree, TakesNoMemoryForItsRows) {
     EXPECT_EQ(askAll(tree), extensions * sets);
     tree.allMarksChanged();
     const std::size_t after = heldBytes();
-#ifndef TARVIN_SANITIZED  // whose allocator does not tell
+#ifndef TARVIN_SANITIZED  // its allocator does not report sizes
     EXPECT_GT(before, 500'000U * 16);
 #endif
     EXPECT_LE(after, before + 4096);
 }
 
-TEST_F(LargeResultTree, FindsEveryRowAtOnce) {
+TEST_F(LargeResultTree, FindsEveryRowInConstantTime) {
     ResultTree tree;
     tree.setModal(modal_);
     const auto askTheSame = [&tree](int extension, int set) {
@@ -374,11 +374,11 @@ TEST_F(LargeResultTree, FindsEveryRowAtOnce) {
     const auto last =
         std::min(askTheSame(extensions - 1, sets - 1), askTheSame(extensions - 1, sets - 1));
     RecordProperty("nanosecondsARow", static_cast<int>(last * 10'000 / CLOCKS_PER_SEC));
-    // More than a clock tick, and far less than a walk through the rows before would take.
+    // Allows for a clock tick; iterating over the rows before would take far longer.
     EXPECT_LT(last, first * 10 + CLOCKS_PER_SEC / 100);
 }
 
-TEST_F(LargeResultTree, StandsStillQuickly) {
+TEST_F(LargeResultTree, TakesASnapshotQuickly) {
     ResultTree tree;
     tree.setModal(modal_);
     const std::clock_t begin = std::clock();

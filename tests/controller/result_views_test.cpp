@@ -14,7 +14,7 @@ namespace {
 
 class Views : public ResultFixture {
  protected:
-    /// A set in each category, written in another order than it is shown in.
+    /// A set in each category, written in another order than shown.
     void writeEachCategory() {
         for (const char* name : {"a.bin1", "b.doc", "c.mp3", "d.mp4", "e.jpg"}) {
             write(std::string("1") + name, std::string("content of ") + name);
@@ -54,7 +54,7 @@ class Views : public ResultFixture {
         }
     }
 
-    /// The alpha of each button but one is 1; that of the one is left alone.
+    /// The alpha of each button but one is 1; that of the one is unchanged.
     void expectAlphasBehind(std::size_t view, double alpha) {
         for (std::size_t other = 0; other < buttons.size(); ++other) {
             EXPECT_EQ(control<TabButton>(buttons.at(other))->alpha(), other == view ? alpha : 1.0)
@@ -254,8 +254,8 @@ TEST_F(Views, OfASingleExtensionBeginWithoutAPreview) {
 
 class EmptyViews : public Views {
  protected:
-    /// The tab of a category without duplicates: says so and changes nothing behind it, and its
-    /// answer leads to all categories.
+    /// The tab of a category without duplicates shows a notice and changes nothing else; closing it
+    /// shows all categories.
     void expectNothingIn(std::size_t view, const char* picture,
                          bool SummariesShown::* summaryIsShown) {
         click("markAll");
@@ -289,12 +289,12 @@ class EmptyViews : public Views {
         EXPECT_TRUE(isEnabled(buttons.at(view)));
     }
 
-    /// The state of the first set in the tree, which is not of the empty list in view.
+    /// The state of the first set in the tree, which does not belong to the empty list in view.
     [[nodiscard]] CheckState stateOfFirstSet() {
         return tree().setAt(tree().indexOfSet(0, 0))->setsState();
     }
 
-    /// Holds the comparison of two files that differ, or not, for the time being.
+    /// Blocks the comparison of two files, equal or not.
     void beginAndHold(const std::string& second) {
         write("a.jpg", "one");
         write("b.jpg", second);
@@ -305,7 +305,7 @@ class EmptyViews : public Views {
         ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
     }
 
-    /// Lets the comparison end while another window is in front.
+    /// Finishes the comparison while another window is active.
     void endBehindAnotherWindow() {
         other.show();
         other.activateWindow();
@@ -313,7 +313,7 @@ class EmptyViews : public Views {
         window().showMinimized();
         barrier.open();
         ASSERT_TRUE(comesTo("4"));
-        // What was asked of the windows has happened.
+        // The window requests have been processed.
         QCoreApplication::processEvents();
     }
 
@@ -339,7 +339,7 @@ TEST_F(EmptyViews, OfImagesAndDocumentsLeadBackToAll) {
     expectNothingIn(4, "document_info", &SummariesShown::docsTabInfo);
 }
 
-TEST_F(EmptyViews, SayNothingTheSecondTimeThatTheirSummaryWould) {
+TEST_F(EmptyViews, ShowNoSummaryTheSecondTime) {
     writeThreeSets();
     scanAndReview();
     click("videoButton");
@@ -353,7 +353,7 @@ TEST_F(EmptyViews, OfAnEmptyResultLeadHome) {
     write("b.jpg", "another");
     launch({folder.makeFolder("found")});
     click("findDuplicateExact");
-    // Of an earlier result.
+    // From an earlier result.
     delegate->preview().showSelectedImage(path);
     delegate->preview().showSelecteImageProperty(path);
     window().results->selectedCount->setText(QStringLiteral("before"));
@@ -407,7 +407,7 @@ class ViewsWithoutAResult : public Views {
  protected:
     void SetUp() override { launch(); }
 
-    /// Nobody comes here without a result; were it otherwise, a tab says that there is nothing.
+    /// The product never gets here without a result; if it did, a tab would show a notice.
     void clickTab(std::size_t view) {
         window().selectTabViewItem(QStringLiteral("4"));
         setAlphas(0.7);
@@ -458,7 +458,7 @@ TEST_F(ViewsWithoutAResult, StayWhereTheyAreWhenNoneIsChosen) {
 }
 
 TEST_F(ViewsWithoutAResult, TakeACategoryThatWasNotComparedForEmpty) {
-    // What a scan that was stopped early leaves.
+    // The state after a scan that was stopped early.
     delegate->results().begin();
     ASSERT_TRUE(delegate->results().hasResult());
     window().selectTabViewItem(QStringLiteral("4"));

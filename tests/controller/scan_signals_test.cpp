@@ -10,7 +10,7 @@
 namespace tarvin {
 namespace {
 
-/// How the product hears of a scan.
+/// The signals of a scan in the product.
 class ScanSignals : public ProductFixture {
  protected:
     void SetUp() override {

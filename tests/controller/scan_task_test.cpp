@@ -31,7 +31,7 @@ class Scanning : public ProductFixture {
         click("findDuplicateExact");
     }
 
-    /// The scan stands still at its first look at a file's contents.
+    /// Blocks the scan at its first read of contents.
     void beginAndHoldComparison() {
         writeDuplicates();
         files.beforeCall(FileCall::openFile, FaultyFileSystem::each, [this] { barrier.wait(); });
@@ -91,7 +91,7 @@ TEST_F(Scanning, SaysThatMemoryRanOut) {
                   "There was not enough memory to finish the scan. The result is incomplete."));
 }
 
-TEST_F(Scanning, IsNotDisturbedByFoldersOfAnotherCopy) {
+TEST_F(Scanning, RefusesFoldersOfAnotherInstance) {
     beginAndHoldComparison();
     platform.runningInstances().openInThis({folder.makeFolder("more")});
     ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
@@ -103,7 +103,7 @@ TEST_F(Scanning, IsNotDisturbedByFoldersOfAnotherCopy) {
     EXPECT_TRUE(delegate->locations().list().rows().empty());
 }
 
-TEST_F(Scanning, LeavesExceptedFilesOut) {
+TEST_F(Scanning, SkipsExcludedFiles) {
     writeDuplicates();
     ExceptionFile exceptions(folder.pathOf("support"));
     exceptions.addExceptions({folder.pathOf("photos/a.jpg")});
@@ -149,11 +149,11 @@ TEST_F(Scanning, NamesTheFileItIsAt) {
             QLatin1String(beginning) + QString::fromStdString(folder.pathOf("photos/a/")));
     };
     EXPECT_TRUE(comesTrue([&] { return names("Collecting Files: "); }));
-    // Not everything is told, only what comes a moment after what was told before.
+    // Progress is throttled, so not every file is reported.
     const std::uint64_t redrawn = delegate->scan().redraws() + 4;
     EXPECT_TRUE(comesTrue([&] { return delegate->scan().redraws() >= redrawn; }));
     barrier.open();
-    // The images differ in size and are not even opened; of the texts one waits for the other.
+    // The images differ in size and are not opened; one text waits for the other.
     EXPECT_TRUE(comesTrue([this] { return second.isReached(); }));
     EXPECT_TRUE(comesTrue([&] { return names("Processing File: ") && bar().done() == 3; }));
     second.open();
@@ -191,12 +191,12 @@ TEST_F(Scanning, PausesAndGoesOn) {
     EXPECT_TRUE(comesTo("4"));
 }
 
-TEST_F(Scanning, StandsStillOnTheScreenDuringAPause) {
+TEST_F(Scanning, ShowsNoProgressDuringAPause) {
     beginAndHoldComparison();
     click("pauseResume");
     const QString label = progress().similarProcessing->text();
     const std::uint64_t done = bar().done();
-    // The file in hand is finished.
+    // The current file is finished.
     barrier.open();
     const std::uint64_t redrawn = delegate->scan().redraws() + 3;
     EXPECT_TRUE(comesTrue([&] { return delegate->scan().redraws() >= redrawn; }));
@@ -224,7 +224,7 @@ TEST_F(Scanning, LetsTheBarRestWhileTheCollectionIsPaused) {
 TEST_F(Scanning, StoppedDuringAPauseGoesOnIfTheAnswerIsNo) {
     beginAndHoldComparison();
     click("pauseResume");
-    delegate->scan().stop();  // its button is disabled meanwhile
+    delegate->scan().stop();  // its button is disabled
     EXPECT_TRUE(window().confirmationView->isVisible());
     click("cancelNo");
     EXPECT_FALSE(delegate->scan().run().pause());
@@ -258,7 +258,7 @@ TEST_F(Scanning, StoppedBesideTheNoticeOfClosingTakesTheNoticeAway) {
     EXPECT_TRUE(comesTo("4"));
 }
 
-/// The workers may be with the last file when the pause begins.
+/// The workers may be at the last file when the pause begins.
 TEST_F(Scanning, ThatEndsTakesTheNoticeOfClosingAway) {
     beginAndHoldComparison();
     EXPECT_FALSE(window().close());
@@ -348,7 +348,7 @@ TEST_F(Scanning, StopPausesAndAsks) {
     EXPECT_TRUE(comesTo("4"));
 }
 
-TEST_F(Scanning, StoppedWhileItComparesShowsWhatWasProven) {
+TEST_F(Scanning, StoppedWhileItComparesShowsConfirmedSets) {
     beginAndHoldComparison();
     click("stopButton");
     click("cancelYes");
@@ -392,7 +392,7 @@ TEST_F(Scanning, StoppedInTheLastLocationComparesNothing) {
     EXPECT_EQ(delegate->scan().run().result().modal->extensionCount(), 0U);
 }
 
-/// No location is left at which the stop would be seen.
+/// No further location checks for the stop.
 TEST_F(Scanning, StoppedInTheLastLocationBeforeItsFirstFileSaysThatThereAreNone) {
     beginAndHoldCollection();
     click("stopButton");
@@ -414,7 +414,7 @@ TEST_F(Scanning, KeepsTheWindowOpenAndWaitsForTheAnswer) {
               QStringLiteral("A operation is in progress. Please stop the current process."));
     EXPECT_TRUE(delegate->scan().run().pause());
     EXPECT_FALSE(progress().animationImage->isAnimating());
-    // Only a program that ends shows the next picture at its next start.
+    // The counter of the home image changes only at the end of the program.
     EXPECT_FALSE(settings.contains(homeImageKey));
     click("runningAlertOk");
     EXPECT_FALSE(window().runningAlert->isVisible());
@@ -426,7 +426,7 @@ TEST_F(Scanning, KeepsTheWindowOpenAndWaitsForTheAnswer) {
     EXPECT_EQ(settings.value(homeImageKey).toString(), QStringLiteral("2"));
 }
 
-TEST_F(Scanning, ASecondScanKnowsNothingOfTheFirst) {
+TEST_F(Scanning, ASecondScanIsIndependentOfTheFirst) {
     writeDuplicates();
     begin();
     EXPECT_TRUE(comesTo("4"));

@@ -72,14 +72,14 @@ TEST_F(SortMaadi, KeepsTheOrderOfFilesOfOneDate) {
     EXPECT_EQ(namesOf(sortMaadi(set_.files(), false)), (Names{"1", "2", "4", "3"}));
 }
 
-TEST_F(SortMaadi, TakesFilesWithoutADateForTheOldest) {
+TEST_F(SortMaadi, SortsFilesWithoutADateAsTheOldest) {
     add("dated", 5);
     add("none", std::nullopt);
     EXPECT_EQ(namesOf(sortMaadi(set_.files(), true)), (Names{"none", "dated"}));
     EXPECT_EQ(namesOf(sortMaadi(set_.files(), false)), (Names{"dated", "none"}));
 }
 
-TEST_F(SortMaadi, AnswersTheVeryFiles) {
+TEST_F(SortMaadi, ReturnsTheSameFiles) {
     add("a", 1);
     EXPECT_EQ(sortMaadi(set_.files(), true), set_.files());
     EXPECT_TRUE(sortMaadi({}, true).empty());
@@ -95,7 +95,7 @@ TEST(SortMaadiOfManyFiles, IsQuick) {
         const Timestamp created(std::chrono::nanoseconds(static_cast<std::int64_t>(chance >> 2U)));
         set.addFiles(store->share(store->addFile(folder, "file", 1, std::nullopt, created)));
     }
-    // Of the processor, so that what else the machine does makes no difference.
+    // CPU time, independent of the load of the machine.
     const std::clock_t begin = std::clock();
     const std::vector<std::shared_ptr<File>> sorted = sortMaadi(set.files(), true);
     const std::clock_t took = (std::clock() - begin) / (CLOCKS_PER_SEC / 1000);

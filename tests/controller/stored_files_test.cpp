@@ -13,7 +13,7 @@
 namespace tarvin {
 namespace {
 
-/// What the program keeps between two starts, with a result to change it.
+/// The stored files, with a result on the screen that changes them.
 class StoredFiles : public DeletionFixture {
  protected:
     [[nodiscard]] std::string dataPath() { return folder.pathOf("support/data.plist"); }
@@ -38,7 +38,7 @@ class StoredFiles : public DeletionFixture {
         click("scanInforOKBtn");
     }
 
-    /// Deletes what is marked, which says that it cannot, and why, and moves nothing.
+    /// Starts a deletion that reports why it cannot begin and moves nothing.
     void expectNoCleanUp() {
         click("markAll");
         click("finishButton");
@@ -82,7 +82,7 @@ TEST_F(StoredFiles, WithoutACountAreNotRepairedWhenTheyAreRead) {
     EXPECT_EQ(contentOf(dataPath()), list.xml());
 }
 
-TEST_F(StoredFiles, ThatCannotBeReadAreWrittenAnewWithTheTotalsAlone) {
+TEST_F(StoredFiles, ThatCannotBeReadAreReplacedByTheTotals) {
     folder.writeFile("support/data.plist", "no property list");
     writeThreeSets();
     scanAndReview();
@@ -95,7 +95,7 @@ TEST_F(StoredFiles, ThatCannotBeReadAreWrittenAnewWithTheTotalsAlone) {
     EXPECT_EQ(data.number("matchingSize"), std::nullopt);
 }
 
-/// Where the folder should be is a file: no move can be written down before it happens.
+/// A file is in place of the folder: no move can be recorded in advance.
 TEST_F(StoredFiles, ThatCannotBeWrittenKeepACleanUpFromBeginning) {
     writeThreeSets();
     folder.writeFile("support", "in the way");
@@ -104,7 +104,7 @@ TEST_F(StoredFiles, ThatCannotBeWrittenKeepACleanUpFromBeginning) {
     EXPECT_EQ(contentOf(folder.pathOf("support")), "in the way");
 }
 
-TEST_F(StoredFiles, OfWhichTheJournalIsDamagedAreInTheWayOfOneCleanUpOnly) {
+TEST_F(StoredFiles, WithADamagedJournalPreventOnlyOneCleanUp) {
     writeThreeSets();
     folder.writeFile("support/clean-ups.sqlite", std::string(5000, 'x'));
     scanAndReview();
@@ -117,7 +117,7 @@ TEST_F(StoredFiles, OfWhichTheJournalIsDamagedAreInTheWayOfOneCleanUpOnly) {
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 4");
 }
 
-TEST_F(StoredFiles, OfWhichAnotherProgramHasTheJournalAreLeftToIt) {
+TEST_F(StoredFiles, WithALockedJournalPreventACleanUp) {
     writeThreeSets();
     const std::string path = folder.writeFile("support/clean-ups.sqlite", std::string(5000, 'x'));
     const LockFile locks(folder.pathOf("support/clean-ups.lock"));
@@ -130,8 +130,8 @@ TEST_F(StoredFiles, OfWhichAnotherProgramHasTheJournalAreLeftToIt) {
     EXPECT_EQ(contentOf(path), std::string(5000, 'x'));
 }
 
-/// A folder is at the name of the new file: only the totals cannot be written.
-TEST_F(StoredFiles, ThatCannotBeWrittenHoldWhileTheProgramRuns) {
+/// A folder has the name of the temporary file: only the totals cannot be written.
+TEST_F(StoredFiles, ThatCannotBeWrittenApplyWhileTheProgramRuns) {
     writeThreeSets();
     scanAndReview();
     folder.makeFolder("support/data.plist.new/inside");
@@ -188,7 +188,7 @@ TEST_F(WithoutASupportFolder, ExceptionsHoldUntilTheyAreForgotten) {
     EXPECT_FALSE(std::filesystem::exists("/exception.plist"));
 }
 
-/// A clean-up that has moved one file of 70 bytes, and whose process has ended before its end.
+/// A crashed clean-up that moved one file of 70 bytes.
 void leaveCleanUp(const std::string& folder) {
     auto opened = CleanUpJournal::open(folder);
     auto& journal = std::get<CleanUpJournal>(opened);
@@ -199,7 +199,7 @@ void leaveCleanUp(const std::string& folder) {
     ASSERT_FALSE(journal.record({&outcome, 1}));
 }
 
-TEST_F(StoredFiles, CountWhatACleanUpHasMovedWhoseProcessHasEnded) {
+TEST_F(StoredFiles, CountTheFilesOfACrashedCleanUp) {
     leaveCleanUp(folder.pathOf("support"));
     launch();
     EXPECT_TRUE(comesTrue([&] { return showsTotals(); }));
@@ -212,8 +212,8 @@ TEST_F(StoredFiles, AreLeftAloneByARecoveryWithoutAJournal) {
     EXPECT_FALSE(std::filesystem::exists(folder.pathOf("support/clean-ups.sqlite")));
 }
 
-/// Notes of the Trash and the totals find room, the journal does not: a limit of the process stands
-/// in for a full disk.
+/// There is space for .trashinfo files and totals, but not for the journal: a file size limit of
+/// the process simulates a full disk.
 class WithoutRoomForTheJournal : public PutBackFixture {
  protected:
     void SetUp() override {
@@ -221,7 +221,7 @@ class WithoutRoomForTheJournal : public PutBackFixture {
         scanAndReview();
     }
 
-    /// Deletes what is marked; the room goes when the moves have been planned and none is made.
+    /// Deletes the marked files; the space runs out after planning and before the first move.
     [[nodiscard]] std::string deleteAndFillAt(const std::string& part) {
         deleteAndHoldAt(part);
         room.set(1000);
@@ -258,7 +258,7 @@ TEST_F(WithoutRoomForTheJournal, TheTotalsStayAndTheNextCleanUpCountsOnce) {
     EXPECT_EQ(deleteAndFillAt("a2.jpg"), "Duplicates Cleaned: 1");
     click("scanInforOKBtn");
     click("markAll");
-    // There is no room for its plan.
+    // There is no space for its plan.
     EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 0");
     click("scanInforOKBtn");
     EXPECT_EQ(textOf("cleanHistory"), "Files cleaned so far: 1 (0.00 KB)");

@@ -26,7 +26,7 @@ class ThumbnailsTest : public testing::Test {
         EXPECT_TRUE(image.save(QString::fromStdString(path), format));
         return path;
     }
-    /// Waits for the picture; empty if there is none.
+    /// Waits for the thumbnail; empty if there is none.
     [[nodiscard]] QSize sizeOf(const std::string& path) {
         EXPECT_TRUE(thumbnails.of(path).isNull());
         EXPECT_TRUE(ready.wait(20000));
@@ -62,7 +62,7 @@ TEST_F(ThumbnailsTest, AreNotEnlarged) {
     EXPECT_EQ(thumbnails.of(path).deviceIndependentSize(), QSizeF(8, 4));
 }
 
-TEST_F(ThumbnailsTest, AreNoneOfWhatIsNoImage) {
+TEST_F(ThumbnailsTest, AreNoneOfOtherFiles) {
     EXPECT_TRUE(sizeOf(folder.writeFile("text.jpg", "no image")).isEmpty());
     EXPECT_TRUE(sizeOf(folder.writeFile("empty.png", "")).isEmpty());
     EXPECT_TRUE(sizeOf(folder.pathOf("gone.png")).isEmpty());
@@ -93,10 +93,10 @@ TEST_F(ThumbnailsTest, ArriveLaterAndAreKept) {
     EXPECT_EQ(thumbnails.of(path).size(), QSize(80, 80));
 }
 
-TEST_F(ThumbnailsTest, AreTriedOnce) {
+TEST_F(ThumbnailsTest, AreNotRetried) {
     const std::string path = folder.writeFile("a.png", "no image");
     EXPECT_TRUE(sizeOf(path).isEmpty());
-    // What is asked for later is ready later.
+    // Later requests are ready later.
     EXPECT_FALSE(sizeOf(writeImage("b.png", {4, 4})).isEmpty());
     EXPECT_EQ(arrived().size(), 2U);
 }
@@ -108,11 +108,11 @@ TEST_F(ThumbnailsTest, OfTheFileAskedForLastIsMadeFirst) {
         EXPECT_TRUE(thumbnails.of(path).isNull());
     }
     waitFor(3);
-    // The first was in hand when the others came.
+    // The first was in progress when the others came.
     EXPECT_EQ(arrived(), (std::vector<std::string>{paths[0], paths[2], paths[1]}));
 }
 
-TEST_F(ThumbnailsTest, ForgetTheOldestOfTooManyRequests) {
+TEST_F(ThumbnailsTest, DropTheOldestOfTooManyRequests) {
     const std::string inHand = writeImage("first.png", {4, 4});
     EXPECT_TRUE(thumbnails.of(inHand).isNull());
     std::vector<std::string> paths;

@@ -25,13 +25,13 @@
 namespace tarvin {
 namespace {
 
-const std::string current = "1.2.3";  // of the bench
+const std::string current = "1.2.3";  // the fixture's
 
 QByteArray descriptionOf(const std::string& version) {
     return QByteArray::fromStdString(listOfTexts({{current, version}, {"0.1", "9.9"}}));
 }
 
-/// Calls once when a widget has been asked to paint itself.
+/// Calls a function at the first paint event of a widget.
 class FirstPaint final : public QObject {
  public:
     FirstPaint(QWidget* widget, std::function<void()> painted)
@@ -53,7 +53,7 @@ class FirstPaint final : public QObject {
     std::function<void()> painted_;
 };
 
-/// The product with a list of addresses that leads to a server of the test.
+/// The product with a Urls.plist that leads to the test's server.
 class Updates : public ProductFixture {
  protected:
     void SetUp() override {
@@ -67,13 +67,13 @@ class Updates : public ProductFixture {
                                                         {"FolderName", "our updates"}})));
     }
 
-    /// As a person asks for them.
+    /// The command of the help menu.
     void askForUpdates() {
         click("buttonHelpManual");
         choose(window().helpMenu, window().updateMenuItem);
     }
 
-    /// Starts the product and waits for its own check to be over.
+    /// Starts the product and waits for its first check.
     void launchAndCheck() {
         launch();
         ASSERT_TRUE(comesTrue([this] { return server.closed >= 1; }));
@@ -133,10 +133,10 @@ TEST_F(Updates, AreOfferedWhenTheyAreAskedFor) {
     expectOffer(alerts.shown[0], "2.0");
 }
 
-TEST_F(Updates, AreNotSpokenOfAtTheStartIfThereAreNone) {
+TEST_F(Updates, ShowNoNoticeAtTheStartIfThereAreNone) {
     server.answer = LoopbackServer::with(descriptionOf(current));
     launchAndCheck();
-    // The answer to this comes after the one to the launch.
+    // This check finishes after the one at the start.
     askForUpdates();
     ASSERT_EQ(alerts.shown.size(), 1U);
     expectUpToDate(alerts.shown[0]);
@@ -150,7 +150,7 @@ TEST_F(Updates, AreNoneForAVersionThatIsNotKnown) {
     expectUpToDate(alerts.shown[0]);
 }
 
-TEST_F(Updates, AreNoneIfTheAnswerIsOfNoUse) {
+TEST_F(Updates, AreNoneIfTheDescriptionIsDamaged) {
     const QByteArray begin = "<plist version=\"1.0\">";
     const QByteArray good = descriptionOf("2.0");
     const std::string file = folder.writeFile("Update.plist", good.toStdString());
@@ -182,7 +182,7 @@ TEST_F(Updates, AreNoneIfTheReadFails) {
     expectUpToDate(alerts.shown[0]);
 }
 
-TEST_F(Updates, AreNotLookedForWithoutAddresses) {
+TEST_F(Updates, MakeNoRequestsWithoutUrls) {
     for (const std::string& list :
          {std::string("damaged"), listOfTexts({}),
           listOfTexts({{"FolderLocation", server.address().toStdString()}}),
@@ -199,7 +199,7 @@ TEST_F(Updates, AreNotLookedForWithoutAddresses) {
     }
 }
 
-TEST_F(Updates, AreNotLookedForWithoutAListOfAddresses) {
+TEST_F(Updates, MakeNoRequestsWithoutAUrlList) {
     urls.clear();
     launch();
     askForUpdates();
@@ -218,7 +218,7 @@ TEST_F(Updates, AreNoneWithoutANetwork) {
     EXPECT_TRUE(server.requests.isEmpty());
 }
 
-TEST_F(Updates, AreNotLookedForIfThePartForItIsMissing) {
+TEST_F(Updates, MakeNoRequestsWithoutTheReader) {
     readUrl = {};
     launch();
     askForUpdates();
@@ -235,7 +235,7 @@ TEST_F(Updates, AreReadFromAFileToo) {
     expectOffer(alerts.shown[0], "2.0");
 }
 
-/// The server answers only when it has been seen painted.
+/// The server responds only after the window was painted.
 TEST_F(Updates, LetTheWindowBeDrawnWhileItWaits) {
     server.answer = LoopbackServer::with(descriptionOf(current));
     launchAndCheck();
@@ -266,7 +266,7 @@ TEST_F(Updates, AreAskedForOnceAtATime) {
     EXPECT_EQ(alerts.shown.size(), 1U);
 }
 
-TEST_F(Updates, MayBeAskedForWhileTheStartStillLooks) {
+TEST_F(Updates, CanBeRequestedDuringTheFirstCheck) {
     QTcpSocket* held = nullptr;
     server.answer = [&held](QTcpSocket& connection) { held = &connection; };
     launch();
@@ -280,7 +280,7 @@ TEST_F(Updates, MayBeAskedForWhileTheStartStillLooks) {
     expectOffer(alerts.shown[1], "2.0");
 }
 
-TEST_F(Updates, DoNotKeepTheProductFromEnding) {
+TEST_F(Updates, DoNotDelayTheEndOfTheProduct) {
     server.answer = [](QTcpSocket& /*connection*/) {};
     launch();
     ASSERT_TRUE(comesTrue([this] { return server.requests.size() == 1; }));
@@ -289,7 +289,7 @@ TEST_F(Updates, DoNotKeepTheProductFromEnding) {
     EXPECT_TRUE(alerts.shown.empty());
 }
 
-TEST_F(Updates, DoNotKeepTheProductFromEndingWhileItWaits) {
+TEST_F(Updates, DoNotDelayTheEndOfAWaitingProduct) {
     server.answer = LoopbackServer::with(descriptionOf(current));
     launchAndCheck();
     server.answer = [](QTcpSocket& /*connection*/) {
@@ -301,7 +301,7 @@ TEST_F(Updates, DoNotKeepTheProductFromEndingWhileItWaits) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-/// With a program where the updater is to be.
+/// With a program in place of the updater.
 class Updater : public Updates {
  protected:
     void SetUp() override {
@@ -339,7 +339,7 @@ TEST_F(Updater, IsNotStartedLater) {
     ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
     alerts.press(1);
     EXPECT_TRUE(desktop.programs.isEmpty());
-    // And nothing is remembered.
+    // Nothing is stored.
     delegate.reset();
     alerts.shown.clear();
     launch();

@@ -24,7 +24,7 @@ std::string updateOf(const char* version, const std::string& description) {
         .toStdString();
 }
 
-TEST(UpdateAddress, JoinsTheFolderItsNameAndTheList) {
+TEST(UpdateUrl, JoinsTheFolderItsNameAndTheList) {
     EXPECT_EQ(addressOf("https://example.org/files", "updates"),
               "https://example.org/files/updates/Update.plist");
     EXPECT_EQ(addressOf("http://127.0.0.1:80", "updates"),
@@ -32,25 +32,25 @@ TEST(UpdateAddress, JoinsTheFolderItsNameAndTheList) {
     EXPECT_EQ(addressOf("file:///srv/files", "updates"), "file:///srv/files/updates/Update.plist");
 }
 
-TEST(UpdateAddress, PutsOneSlashBetweenTwoParts) {
+TEST(UpdateUrl, PutsOneSlashBetweenTwoParts) {
     EXPECT_EQ(addressOf("https://example.org/files/", "/updates/"),
               "https://example.org/files/updates/Update.plist");
     EXPECT_EQ(addressOf("https://example.org//files//", "updates"),
               "https://example.org//files/updates/Update.plist");
 }
 
-TEST(UpdateAddress, SpellsBlanksOut) {
+TEST(UpdateUrl, EncodesSpaces) {
     EXPECT_EQ(addressOf("https://example.org/our files", "new versions"),
               "https://example.org/our%20files/new%20versions/Update.plist");
 }
 
-TEST(UpdateAddress, IsNoneIfAPartIsMissing) {
+TEST(UpdateUrl, IsNoneIfAPartIsMissing) {
     EXPECT_EQ(addressOf("", "updates"), "");
     EXPECT_EQ(addressOf("https://example.org", ""), "");
     EXPECT_EQ(addressOf("", ""), "");
 }
 
-TEST(UpdateAddress, IsNoneIfItCannotBeReadFrom) {
+TEST(UpdateUrl, IsNoneIfItCannotBeReadFrom) {
     for (const char* location :
          {"ftp://example.org", "/srv/files", "srv/files", "example.org", "javascript:alert(1)",
           "data:,text", "qrc:", "https://[bad", "smb://nas/share", "://"}) {
@@ -79,7 +79,7 @@ TEST(UpdateDescription, OffersNothingToAVersionItDoesNotKnow) {
     }
 }
 
-TEST(UpdateDescription, OffersNothingByAListThatIsDamaged) {
+TEST(UpdateDescription, OffersNothingIfItIsDamaged) {
     const std::string good = listOfTexts({{"1.0", "2.0"}});
     ASSERT_EQ(updateOf("1.0", good), "2.0");
     const std::string begin = "<?xml version=\"1.0\"?><plist version=\"1.0\">";
@@ -107,7 +107,7 @@ TEST(UpdateDescription, ShowsTheBeginningOfAVeryLongVersion) {
     EXPECT_EQ(updateOf("1.0", listOfTexts({{"1.0", longest}})), longest);
     EXPECT_EQ(updateOf("1.0", listOfTexts({{"1.0", longest + "1"}})),
               std::string(63, '1') + "\xE2\x80\xA6");
-    // A character of two units is not cut in half.
+    // A surrogate pair is not split.
     EXPECT_EQ(updateOf("1.0", listOfTexts({{"1.0", std::string(62, '1') + "\xF0\x9F\x98\x80"
                                                                           "22"}})),
               std::string(62, '1') + "\xE2\x80\xA6");

@@ -8,7 +8,7 @@
 
 namespace tarvin {
 
-/// A property list that is a dictionary of texts.
+/// A property list: a dictionary of strings.
 inline std::string listOfTexts(std::initializer_list<std::pair<std::string, std::string>> texts) {
     std::string list = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict>";
     for (const auto& [key, text] : texts) {

@@ -1,4 +1,4 @@
-// Stands for the program that fetches updates: says what it was given.
+// A fake updater: writes its arguments into a file.
 
 #include <filesystem>
 #include <fstream>
@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
             told << argument << '\n';
         }
     }
-    // Whole as soon as it is there.
+    // Renamed into place, so that it is complete once it exists.
     std::error_code failure;
     std::filesystem::rename(folder / "telling", folder / "told", failure);
     return failure ? 1 : 0;

@@ -24,7 +24,7 @@ void expectNone(const Urls& urls, const std::string& list) {
     EXPECT_TRUE(urls.folderName.isEmpty()) << list;
 }
 
-TEST(ListOfAddresses, HoldsThreeTexts) {
+TEST(UrlList, HoldsThreeTexts) {
     const Urls urls = urlsIn(listOfTexts({{"Support", "mailto:help@example.org"},
                                           {"FolderLocation", "https://example.org/our files"},
                                           {"FolderName", "updates"},
@@ -34,14 +34,14 @@ TEST(ListOfAddresses, HoldsThreeTexts) {
     EXPECT_EQ(urls.folderName, QStringLiteral("updates"));
 }
 
-TEST(ListOfAddresses, MayLackSome) {
+TEST(UrlList, MayLackSome) {
     const Urls urls = urlsIn(listOfTexts({{"FolderName", "updates"}}));
     EXPECT_TRUE(urls.support.isEmpty());
     EXPECT_TRUE(urls.folderLocation.isEmpty());
     EXPECT_EQ(urls.folderName, QStringLiteral("updates"));
 }
 
-TEST(ListOfAddresses, HoldsNothingIfItIsDamaged) {
+TEST(UrlList, HoldsNothingIfItIsDamaged) {
     const std::string begin = "<?xml version=\"1.0\"?><plist version=\"1.0\">";
     const std::string good = listOfTexts({{"Support", "mailto:help@example.org"}});
     for (const std::string& list :
@@ -53,15 +53,14 @@ TEST(ListOfAddresses, HoldsNothingIfItIsDamaged) {
     }
 }
 
-TEST(ListOfAddresses, HoldsNothingIfItIsHuge) {
+TEST(UrlList, HoldsNothingIfItIsHuge) {
     const std::string good = listOfTexts({{"Support", "mailto:help@example.org"}});
     EXPECT_FALSE(urlsIn(good + std::string((1U << 20U) - good.size(), '\n')).support.isEmpty());
     expectNone(urlsIn(good + std::string((1U << 20U) - good.size() + 1, '\n')), "huge");
 }
 
-/// The one that is installed: without a packager's addresses nobody is asked, and it can be read
-/// once they are there.
-TEST(ListOfAddresses, IsInstalledWithoutAddresses) {
+/// The installed list has no URLs, so no requests are made; with a packager's URLs it can be read.
+TEST(UrlList, IsInstalledWithoutAddresses) {
     std::string list = contentOf(installedUrlsPath());
     expectNone(urlsIn(list), list);
     const std::string empty = "<string></string>";
@@ -77,7 +76,7 @@ TEST(ListOfAddresses, IsInstalledWithoutAddresses) {
     EXPECT_EQ(urls.folderName, QStringLiteral("updates"));
 }
 
-TEST(ListOfAddresses, HoldsNothingIfItIsNoFile) {
+TEST(UrlList, HoldsNothingIfItIsNotAFile) {
     const TemporaryFolder folder;
     const std::string pipe = folder.pathOf("pipe");
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);

@@ -6,7 +6,7 @@
 
 namespace tarvin {
 
-/// Counts the show and hide events of a widget. `widget` must outlive this object.
+/// Counts how often a widget is shown and hidden. The widget must outlive this object.
 class VisibilityCounter final : public QObject {
  public:
     explicit VisibilityCounter(QWidget* widget) { widget->installEventFilter(this); }

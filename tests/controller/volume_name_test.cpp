@@ -54,7 +54,7 @@ TEST_F(VolumeName, IsTheUsersNameWhereVolumesAreMounted) {
     EXPECT_EQ(getVolumeName(platform_), "");
 }
 
-TEST_F(VolumeName, IsEmptyWhereNothingIsKnown) {
+TEST_F(VolumeName, IsEmptyIfNothingIsKnown) {
     EXPECT_EQ(getVolumeName(platform_), "");
     mount({"/"});
     platform_.setUserFolder(UserFolder::home, std::nullopt);

@@ -19,7 +19,7 @@
 namespace tarvin {
 namespace {
 
-/// What another program may drop onto the list, with the events that a desktop sends.
+/// Drops from other programs onto the list, with real drag-and-drop events.
 class DropOntoTheWindow : public ProductFixture {
  protected:
     void SetUp() override {
@@ -27,7 +27,7 @@ class DropOntoTheWindow : public ProductFixture {
         click("mainScanButtonFolder");
     }
 
-    /// Whether the list would take it where it was dropped: behind the rows.
+    /// Whether the list accepts a drop below the rows.
     bool drop(const QMimeData& data) {
         QWidget* list = window().locations->tableExact->viewport();
         const QPoint place(list->width() / 2, list->height() - 2);
@@ -119,7 +119,7 @@ TEST_F(DropOntoTheWindow, OfANameThatIsNotTextKeepsItsBytes) {
     EXPECT_EQ(rows().back().name, path);
 }
 
-/// What goes wrong with the folders and files themselves.
+/// Folders and files that vanish or cannot be read.
 class Faults : public ProductFixture {
  protected:
     void openRow(int row) {
@@ -131,7 +131,7 @@ class Faults : public ProductFixture {
     }
 };
 
-TEST_F(Faults, AFolderThatIsClosedToTheUserOpensNothing) {
+TEST_F(Faults, AnUnreadableFolderOpensNothing) {
     folder.makeFolder("Pictures/inside");
     files.failCall(FileCall::openRootDirectory, FaultyFileSystem::each, EACCES, "Pictures");
     launch();
@@ -175,7 +175,7 @@ TEST_F(Faults, AVolumeThatVanishesDuringTheScanLeavesTheRest) {
     EXPECT_EQ(delegate->scan().run().result().modal->totalFiles(), 1U);
 }
 
-TEST_F(Faults, StoredFilesThatAreNonsenseCountAsEmpty) {
+TEST_F(Faults, DamagedStoredFilesCountAsEmpty) {
     folder.writeFile("support/data.plist", "nonsense");
     folder.writeFile("support/exception.plist", "nonsense");
     launch();
@@ -183,7 +183,7 @@ TEST_F(Faults, StoredFilesThatAreNonsenseCountAsEmpty) {
     EXPECT_TRUE(delegate->session().exceptionArrayData().empty());
 }
 
-/// Closing the window in every state that is not a running scan.
+/// Closing the window in different states.
 class Closing : public ProductFixture {
  protected:
     void SetUp() override { launch(); }
@@ -217,7 +217,7 @@ TEST_F(Closing, BehindTheAboutPanelEnds) {
     expectEnd();
 }
 
-/// Each state of a scan keeps the window, and its notice lets the scan go on.
+/// In each state of a scan the window stays open, and closing the notice resumes the scan.
 TEST_F(Closing, IsRefusedWhileFilesAreCollected) {
     folder.writeFile("Pictures/a.jpg", "equal");
     Barrier barrier;
@@ -238,7 +238,7 @@ TEST_F(Closing, IsRefusedWhileFilesAreCollected) {
     EXPECT_TRUE(comesTo("4"));
 }
 
-TEST_F(Closing, IsRefusedWhileThePersonReadsThatThereIsNothing) {
+TEST_F(Closing, IsRefusedDuringTheNoticeOfNoFiles) {
     delegate->locations().openWith({folder.pathOf("Pictures")});
     click("findDuplicateExact");
     ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));

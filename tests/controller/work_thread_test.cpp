@@ -9,7 +9,7 @@
 namespace tarvin {
 namespace {
 
-TEST(WorkThread, CallsOverBehindTheWorkOnTheSameThread) {
+TEST(WorkThread, CallsOverAfterTheWorkOnTheSameThread) {
     WorkThread thread;
     std::string calls;
     std::thread::id worker;
@@ -29,7 +29,7 @@ TEST(WorkThread, CallsOverBehindTheWorkOnTheSameThread) {
     EXPECT_NE(worker, std::this_thread::get_id());
 }
 
-TEST(WorkThread, DoesNotHoldWhoeverStartsIt) {
+TEST(WorkThread, DoesNotBlockTheCaller) {
     std::atomic<bool> mayEnd{false};
     std::atomic<bool> isOver{false};
     {
@@ -39,11 +39,11 @@ TEST(WorkThread, DoesNotHoldWhoeverStartsIt) {
         mayEnd = true;
         mayEnd.notify_all();
     }
-    // Its end waits for the work.
+    // Its destructor waits for the work.
     EXPECT_TRUE(isOver);
 }
 
-TEST(WorkThread, DoesOnePieceOfWorkAtATime) {
+TEST(WorkThread, DoesOneWorkItemAtATime) {
     WorkThread thread;
     std::string calls;
     for (const char* name : {"a", "b", "c"}) {
