@@ -8,6 +8,7 @@
 #include "support/loop_volume.h"
 #include "support/mount.h"
 #include "support/temporary_folder.h"
+#include "support/test_seeds.h"
 #include "support/waiting.h"
 
 #include <fcntl.h>
@@ -741,9 +742,9 @@ class Kill : public Clean {
 };
 
 TEST_F(Kill, AtAnyMomentLosesNoFile) {
-    const unsigned seed = std::random_device()();
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
+    const std::uint64_t seed = newTestSeed();
+    SCOPED_TRACE(seedText(seed));
+    std::mt19937 random(static_cast<std::mt19937::result_type>(seed));
     static_cast<void>(writeSets());
     auto longest = durationOf({"clean", "--yes", photos()});
     int killed = 0;
@@ -776,9 +777,9 @@ TEST_F(Kill, AtAnyMomentLosesNoFile) {
 }
 
 TEST_F(Kill, WhileExceptionsAreAddedLeavesAWholeList) {
-    const unsigned seed = std::random_device()();
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
+    const std::uint64_t seed = newTestSeed();
+    SCOPED_TRACE(seedText(seed));
+    std::mt19937 random(static_cast<std::mt19937::result_type>(seed));
     writePhotos();
     auto longest = durationOf({"exceptions", "add", folder_.pathOf("photos/a.jpg")});
     const std::string list = folder_.pathOf(std::string(ownFolder) + "exception.plist");
