@@ -12,11 +12,6 @@ SingleInstance::SingleInstance(RunningInstances& instances) : instances_(instanc
     }
 }
 
-bool SingleInstance::isFirst() const {
-    const std::vector<RunningInstance> running = instances_.instances();
-    return running.empty() || running.front() == self_;
-}
-
 bool SingleInstance::keepFirst(const std::vector<std::string>& folders) {
     if (!self_) {
         return true;

@@ -12,28 +12,24 @@
 
 namespace tarvin {
 
-/// Sees to it that one instance of the program stays, and hears what the others ask of this one.
-/// Main thread.
+/// Keeps one instance of the program per user and receives the requests of the others. Main thread
+/// only.
 class SingleInstance final : public QObject {
     Q_OBJECT
 
  public:
-    /// Joins the other instances. From now on what they ask is kept until listen(). `instances`
-    /// must outlive this object.
+    /// Joins the other instances. Their requests are queued until listen(). `instances` must outlive
+    /// this object.
     explicit SingleInstance(RunningInstances& instances);
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
     ~SingleInstance() override { instances_.leave(); }
 
-    /// Whether no instance that still runs was started before this one. An instance that comes
-    /// later does not change the answer.
-    [[nodiscard]] bool isFirst() const;
-
-    /// Asks all instances but the first to end. If this is not the first, that one is handed the
-    /// folders, absolute paths. Returns whether this instance stays. Call at most once.
+    /// Asks all instances but the first to quit. If this is not the first, passes `folders`,
+    /// absolute paths, to that one. Returns whether this instance stays. Call at most once.
     bool keepFirst(const std::vector<std::string>& folders);
 
-    /// Emits the signals for what was asked so far, and from now on for what is asked.
+    /// Emits the signals of the queued requests and, from now on, of each request.
     void listen();
 
  Q_SIGNALS:
@@ -42,12 +38,12 @@ class SingleInstance final : public QObject {
     /// Absolute paths, native bytes.
     void foldersRequested(const std::vector<std::string>& folders);
 
-    /// From the thread of the requests to this one: something was asked.
+    /// From the thread of the requests to this one.
     void asked();
 
  private:
     InstanceRequests requests();
-    /// On any thread: has `signal` emitted on this one as soon as somebody listens.
+    /// Queues a signal to be emitted on the main thread after listen(). Any thread.
     void keep(std::function<void()> signal);
     void emitKept();
 

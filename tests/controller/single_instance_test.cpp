@@ -32,12 +32,11 @@ class SingleInstanceTest : public testing::Test {
 
 TEST_F(SingleInstanceTest, JoinsAtOnceAndLeavesAtTheEnd) {
     EXPECT_TRUE(instances.hasJoined());
-    EXPECT_TRUE(instance->isFirst());
     instance.reset();
     EXPECT_FALSE(instances.hasJoined());
 }
 
-TEST_F(SingleInstanceTest, KeepsWhatIsAskedUntilSomebodyListens) {
+TEST_F(SingleInstanceTest, QueuesRequestsUntilListening) {
     instances.bringThisToFront("token");
     instances.openInThis({"/a", "/b"});
     instances.askThisToQuit();
@@ -50,7 +49,7 @@ TEST_F(SingleInstanceTest, KeepsWhatIsAskedUntilSomebodyListens) {
     EXPECT_EQ(quits, 1);
 }
 
-TEST_F(SingleInstanceTest, TellsWhatIsAskedFromThenOnThroughTheEventLoop) {
+TEST_F(SingleInstanceTest, EmitsLaterRequestsThroughTheEventLoop) {
     instance->listen();
     instances.bringThisToFront("token");
     EXPECT_EQ(tokens, QByteArrayList());
@@ -58,18 +57,17 @@ TEST_F(SingleInstanceTest, TellsWhatIsAskedFromThenOnThroughTheEventLoop) {
     EXPECT_EQ(tokens, QByteArrayList{"token"});
 }
 
-TEST(SingleInstanceOfMany, IsNotFirstBehindAnother) {
+TEST(SingleInstanceOfMany, DoesNotStayAfterAnother) {
     FakeRunningInstances instances;
     instances.setOthers({{1}}, {2});
-    EXPECT_FALSE(SingleInstance(instances).isFirst());
+    EXPECT_FALSE(SingleInstance(instances).keepFirst({}));
 }
 
-TEST(SingleInstanceOfMany, IsFirstWhereNobodyCanMeet) {
+TEST(SingleInstanceOfMany, StaysIfItCannotJoin) {
     FakeRunningInstances instances;
     instances.setOthers({{1}}, {2});
     instances.refuseToJoin({EACCES});
     SingleInstance instance(instances);
-    EXPECT_TRUE(instance.isFirst());
     EXPECT_TRUE(instance.keepFirst({}));
 }
 
