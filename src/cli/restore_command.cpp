@@ -196,7 +196,8 @@ RestoreCommand::Chosen RestoreCommand::chooseNumbered(PutBack* putBack) const {
         if (const auto* error = std::get_if<StoreError>(&found)) {
             return journalFailure(*error);
         }
-        if (const auto& cleanUp = std::get<std::optional<CleanUpSummary>>(found)) {
+        const auto& cleanUp = std::get<std::optional<CleanUpSummary>>(found);
+        if (cleanUp.has_value()) {
             return *cleanUp;
         }
     }

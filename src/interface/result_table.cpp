@@ -150,7 +150,7 @@ void ResultTable::mouseDoubleClickEvent(QMouseEvent* event) {
     if (opens) {
         Q_EMIT doubleClick(index.row());
     } else {
-        QTableView::mousePressEvent(event);
+        BoxTable::mousePressEvent(event);
     }
 }
 

@@ -281,7 +281,7 @@ void ResultTreeView::mousePressEvent(QMouseEvent* event) {
     if (isLeftPress(event) && index.isValid() && isSet(index)) {
         Q_EMIT selectionShouldChange(index.siblingAtColumn(check));
     }
-    QTreeView::mousePressEvent(event);
+    BoxList::mousePressEvent(event);
 }
 
 void ResultTreeView::mouseDoubleClickEvent(QMouseEvent* event) {
