@@ -66,7 +66,7 @@ int runWindow(const std::vector<std::string>& folders) {
     return QApplication::exec();
 }
 
-/// Returns the exit status. All Qt objects are destroyed by then.
+/// Returns the exit status, after all Qt objects have been destroyed.
 int run(int& argc, char** argv) {
     const auto arguments = [&] {
         return std::span<const char* const>(argv, static_cast<std::size_t>(argc));

@@ -16,7 +16,7 @@ std::string dateField(std::optional<Timestamp> date) {
     return date ? isoDate(*date) : "";
 }
 
-/// What the rows of one extension have in common.
+/// The columns that all rows of one extension share.
 struct RowContext {
     Display display;
     std::string beginning;

@@ -11,7 +11,7 @@ enum class ColorWhen : std::uint8_t {
     never
 };
 
-/// What the target of an output can show.
+/// The capabilities of an output's target.
 struct Display {
     bool isTerminal = false;
     bool isColored = false;
@@ -26,7 +26,7 @@ constexpr std::string_view plain = "\x1B[0m";
 /// Sets when the process uses colour. The default is automatic. Any thread.
 void useColor(ColorWhen when);
 
-/// What an open file, pipe or terminal can show. Any thread.
+/// The capabilities of an open file, pipe or terminal. Any thread.
 [[nodiscard]] Display displayOf(int descriptor);
 
 }  // namespace tarvin

@@ -24,7 +24,7 @@ CLI::Option* addFileOption(CLI::App& command, const std::string& name,
 /// Adds "-o,--output". `command` stores into `output`, which must outlive it.
 void addOutputOption(CLI::App& command, std::string& output);
 
-/// The output as it is named in a message: quoted, or "standard output".
+/// The name of the output for a message: quoted, or "standard output".
 [[nodiscard]] std::string shownOutput(const std::string& output);
 
 /// Opens the output. Returns nullptr, after an error message, if it cannot be written.

@@ -7,7 +7,7 @@
 namespace tarvin {
 
 /// The date and time in the time zone of the process: "2026-01-31 12:00:00". In UTC if the system
-/// does not know the zone. Any thread.
+/// has no data of the zone. Any thread.
 [[nodiscard]] std::string localDate(Timestamp date);
 
 }  // namespace tarvin

@@ -22,7 +22,7 @@ class Output final {
     void append(std::string_view text);
     void appendNumber(std::uint64_t number);
 
-    /// Writes what is buffered; the destructor does not. False after this or an earlier error.
+    /// Writes the buffer; the destructor does not. Returns false after this or an earlier error.
     bool flush();
     [[nodiscard]] int descriptor() const { return descriptor_; }
     [[nodiscard]] const std::optional<SystemError>& error() const { return error_; }

@@ -13,7 +13,7 @@ namespace tarvin {
 
 namespace {
 
-/// What stands at a path, symbolic links followed: none if nothing does.
+/// Follows symbolic links. nullopt if nothing is at the path.
 Result<std::optional<struct stat>> statusOf(const std::string& path) {
     struct stat status{};
     if (::stat(path.c_str(), &status) == 0) {
@@ -25,15 +25,15 @@ Result<std::optional<struct stat>> statusOf(const std::string& path) {
     return SystemError{errno};
 }
 
-/// "/dev/stdout" and the like: to replace what the shell has opened would lose what is in it.
+/// Whether it is the file that the shell has opened as standard output ("/dev/stdout"): replacing
+/// that would lose its content.
 bool isStandardOutput(const struct stat& status) {
     struct stat ours{};
     return ::fstat(STDOUT_FILENO, &ours) == 0 && ours.st_dev == status.st_dev &&
            ours.st_ino == status.st_ino;
 }
 
-/// An unused name in the folder of `target`. Such a name has no extension, so that a scan of this
-/// very folder passes the file over.
+/// A name in the folder of `target`, without an extension, so that a scan of that folder skips it.
 std::string temporaryName(const std::string& target, int attempt) {
     const auto folder = std::filesystem::path(target).parent_path();
     const std::string name =

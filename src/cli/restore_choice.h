@@ -10,10 +10,10 @@
 
 namespace tarvin {
 
-// Which clean-up to put back, and what would come back of it. Each examines files in the Trash. One
-// thread at a time.
+// Which clean-up to put back, and which of its files can be. Each function checks files in the
+// Trash. One thread at a time.
 
-/// What would come back of a clean-up now.
+/// The files of a clean-up that can be put back now.
 struct RestoreProspect {
     std::uint64_t files = 0;  ///< that can be put back
     std::uint64_t bytes = 0;  ///< of those

@@ -17,7 +17,7 @@ enum class UnusableExceptions : std::uint8_t {
     areARefusal  ///< stop: excluded files could be moved
 };
 
-/// What a scan needs before it starts. Main thread only.
+/// The prerequisites of a scan. Main thread only.
 struct ScanSetup {
     ExceptionFilter exceptions;          ///< files to skip
     std::unique_ptr<OutputFile> output;  ///< target of the result

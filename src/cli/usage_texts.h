@@ -10,8 +10,8 @@ class Error;
 
 namespace tarvin {
 
-// What is wrong with a command line, in one line that is safe to print. Words are as they were
-// given; `command` is the command that they were given to. Main thread.
+// Errors of a command line, each one line that is safe to print. Words are as given; `command` is
+// the command that they were given to. Main thread only.
 
 /// "missing command".
 [[nodiscard]] std::string missingCommandText();
