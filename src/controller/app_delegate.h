@@ -90,7 +90,7 @@ class AppDelegate final : public QObject {
     void startAnimation() const;
     void stopAnimation() const;
 
-    /// Opens the folders of QEvent::FileOpen, by which some desktops ask a running program.
+    /// Opens the folders of QEvent::FileOpen, which some desktops send to a running program.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     [[nodiscard]] MainWindow& window() { return window_; }
@@ -129,7 +129,7 @@ class AppDelegate final : public QObject {
 
     Surroundings surroundings_;
     std::unique_ptr<SingleInstance>
-        singleInstance_;  // before the window, which waits for what it says
+        singleInstance_;  // joins the other instances before the window is created
     MainWindow window_;
     Session session_;
     std::unique_ptr<Alerts> ownAlerts_;

@@ -11,7 +11,7 @@ namespace tarvin {
 /// are. Main thread only.
 class BrowseHistory final {
  public:
-    /// The marker that stands for the top level.
+    /// The entry of the top level.
     static constexpr const char* topLevel = "Default";
 
     /// Call when the list is entered. Appends a marker and moves to the first entry.

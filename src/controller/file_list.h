@@ -11,7 +11,7 @@ namespace tarvin {
 /// changes it. Main thread only.
 ///
 /// The set emits no signals: Results reports changed marks here and calls setSet() again after
-/// adding or removing files. Rows whose files are gone meanwhile are empty.
+/// adding or removing files. Rows whose files have been removed since are empty.
 class FileList final : public QAbstractTableModel {
     Q_OBJECT
 

@@ -26,7 +26,7 @@ class FileReasons final : public QAbstractTableModel {
  public:
     enum Column { name, location, reason, columns };
 
-    /// Rows for files; a last row then tells how many more there are.
+    /// Rows for files; one more row then has the number of the others.
     static constexpr std::size_t maxListed = 10'000;
 
     using QAbstractTableModel::QAbstractTableModel;

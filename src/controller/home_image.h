@@ -22,7 +22,7 @@ inline constexpr const char* homeImageKey = "HomeImageValue";
 /// The counter of the next start: 3 becomes 1, any other is incremented.
 [[nodiscard]] std::int32_t nextHomeImageCounter(std::int32_t counter);
 
-/// The counter as it is stored.
+/// The stored form of the counter.
 [[nodiscard]] QString storedHomeImageCounter(std::int32_t counter);
 
 /// The label of the home screen. Main thread only.

@@ -16,7 +16,7 @@ class MainWindow;
 
 /// Shows one file of the selected set: its preview, path and properties. The preview keeps its
 /// proportions, because stretched photos are hard to compare. Dimensions are given in pixels,
-/// whatever resolution the file states, because users compare copies by pixels.
+/// independent of the resolution in the file, because users compare copies by pixels.
 ///
 /// Owned by AppDelegate. Main thread only.
 class Preview final : public QObject {

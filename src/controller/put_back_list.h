@@ -25,8 +25,8 @@ class PutBackOutlook final {
     /// Size of all files, in bytes.
     [[nodiscard]] std::uint64_t bytes() const { return bytes_; }
 
-    /// At most FileReasons::maxListed: first those that cannot be put back, then those that come
-    /// back changed.
+    /// At most FileReasons::maxListed: first those that cannot be put back, then those that are put
+    /// back under another name or into a new folder.
     [[nodiscard]] std::vector<PutBackFile> files() const;
 
  private:

@@ -60,7 +60,7 @@ PutBackTask::~PutBackTask() {
     window_.putBackReport->putBackFailures->setModel(nullptr);
 }
 
-/// Covers the window at once, so that nothing else can be started meanwhile.
+/// Covers the window at once, so that nothing else can be started during the examination.
 void PutBackTask::open() {
     if (state_ != State::idle) {
         return;

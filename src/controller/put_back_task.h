@@ -30,7 +30,7 @@ class PutBackTask final : public QObject {
     PutBackTask& operator=(const PutBackTask&) = delete;
     ~PutBackTask() override;
 
-    /// Shows which files would come back, or why none would. Does nothing while this is running.
+    /// Shows which files can be put back, or why none can. Does nothing while this is running.
     void open();
 
     // The buttons of the panels.

@@ -16,7 +16,7 @@ class PutBackTexts final {
     /// The title of every panel.
     [[nodiscard]] static QString title();
 
-    // Before.
+    // Before the run.
 
     /// "1,406 files (157.46 MB)".
     [[nodiscard]] static QString total(std::uint64_t files, std::uint64_t bytes);
@@ -26,11 +26,11 @@ class PutBackTexts final {
     /// Empty if there are none.
     [[nodiscard]] static QString staying(std::uint64_t files);
 
-    // Meanwhile.
+    // During the run.
 
     [[nodiscard]] static QString progress(std::uint64_t done, std::uint64_t files);
 
-    // Afterwards.
+    // After the run.
 
     [[nodiscard]] static QString filesPutBack(std::uint64_t files);
     [[nodiscard]] static QString size(std::uint64_t bytes);

@@ -94,7 +94,7 @@ class ResultTexts final {
     [[nodiscard]] static QString removeExceptionsQuestion();
     [[nodiscard]] static QString exceptionsRemoved();
 
-    // The buttons of alerts that ask.
+    // The buttons of questions.
 
     [[nodiscard]] static QString yes();
     [[nodiscard]] static QString no();

@@ -80,7 +80,7 @@ class Results final : public QObject {
     /// Takes the marked files out of the list, to be excluded from scans. Returns their paths.
     [[nodiscard]] std::vector<std::string> takeOutMarkedFiles();
     /// Lends the list to another thread, which changes marks and files until endDeletion(). Until
-    /// then the tree shows what it showed before and the file table is empty.
+    /// then the tree shows its previous state and the file table is empty.
     [[nodiscard]] std::shared_ptr<Modal> beginDeletion();
     void endDeletion();
 

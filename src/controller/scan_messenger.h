@@ -8,8 +8,8 @@
 namespace tarvin {
 
 /// Observes a scan on its threads. Rare events become signals, which reach the main thread through
-/// its event loop; frequent ones go to a mailbox that the screen polls. Lives on the main thread
-/// and must outlive the scan.
+/// its event loop; frequent ones go to a mailbox that the screen polls. Created on the main thread;
+/// must outlive the scan.
 class ScanMessenger final : public QObject, public ScanObserver {
     Q_OBJECT
 

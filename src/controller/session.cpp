@@ -28,7 +28,8 @@ void Session::loadDataFile() {
 void Session::finishCleanUp(CleanUpRun& cleanUp, const StoredTotals& before,
                             const RemovalResult& moved) {
     if (cleanUp.finish(data)) {
-        // The next start recovers what the journal lacks; until then memory has it.
+        // The next start recovers the outcomes that the journal lacks; until then only memory has
+        // them.
         data.showAtLeast(before, moved.deletedFilesCount, moved.deletedFilesSize);
     } else {
         storeTotals(data);

@@ -30,7 +30,7 @@ struct Session {
     /// `thePlatform` must outlive this object.
     explicit Session(Platform& thePlatform);
 
-    /// The login name; nullopt if the system does not know it.
+    /// The login name; nullopt if unknown.
     [[nodiscard]] std::optional<std::string> getUserName() const { return platform.userName(); }
     /// The folder of both stored files, which need not exist; nullopt without a home folder.
     [[nodiscard]] std::optional<std::string> appSupportPath() const {

@@ -24,11 +24,11 @@ class SortControls final : public QObject {
     void sortByMenuClicked(int tag);
     void sortingOrderMenuClicked(int tag);
 
-    /// Call before a set is numbered. Makes sorting() "fileCreationDate", whatever was chosen, and
-    /// returns the direction, which is then ascending().
+    /// Call before a set is numbered. Sets sorting() to "fileCreationDate", replacing the user's
+    /// choice, and returns the direction, which is then ascending().
     bool beginNumbering();
 
-    /// What was chosen last to sort by; "fileCreationDate" once a set has been numbered.
+    /// The user's last choice of a key; "fileCreationDate" once a set has been numbered.
     [[nodiscard]] const std::string& sorting() const { return sorting_; }
     /// The direction in which the last set was numbered.
     [[nodiscard]] bool ascending() const { return ascending_; }

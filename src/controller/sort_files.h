@@ -10,7 +10,7 @@
 
 namespace tarvin {
 
-/// The key that sortMaadi() always sorts by, whatever was chosen.
+/// The key that sortMaadi() always sorts by, even if the user has chosen another one.
 inline constexpr std::string_view effectiveSorting = "fileCreationDate";
 
 /// Sets the index of each file to its 0-based position by creation date and returns the files in

@@ -8,7 +8,7 @@
 
 namespace tarvin {
 
-/// What the rows of a result tree show at one moment, 16 bytes a set: the check states of all rows
+/// The displayed data of a result tree at one moment, 16 bytes a set: the check states of all rows
 /// and the number of files of each set. Row numbers are the positions in Modal::extensions() and
 /// Extensions::sets(). Immutable.
 class TreeSnapshot final {

@@ -64,7 +64,7 @@ class UpdateCheck final : public QObject {
     [[nodiscard]] bool canCheck() const;
     /// Stores the result in `version` and calls the slot on the main thread.
     std::jthread check(std::optional<QString>& version, const char* slot);
-    /// Returns false if the program ends meanwhile.
+    /// Returns false if the program ends before the check.
     [[nodiscard]] bool waitForCheck(std::optional<QString>& version);
     Q_SLOT void launchChecked();
     Q_SLOT void menuChecked();

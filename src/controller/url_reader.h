@@ -11,14 +11,13 @@
 
 namespace tarvin {
 
-/// Reads what is at a file, http or https address; none if it cannot be had, for any reason. Blocks
-/// its thread, which is not the main one, until it is done or a stop is asked for.
+/// Returns the content of a file, http or https URL; nullopt on any failure. Blocks until it is
+/// read or a stop is requested. Not on the main thread.
 using UrlReader =
     std::function<std::optional<QByteArray>(const QUrl& address, const std::stop_token& stop)>;
 
-/// Lets `program` read, as `tarvin-url-reader` does; an empty path reads nothing. The program
-/// is ended as soon as a bound is passed or a stop asked for, so both take effect at once whatever
-/// the program waits for.
+/// Reads through `program`, the path of `tarvin-url-reader`; with an empty path every read fails.
+/// The process is killed when a limit is exceeded or a stop is requested, even if it is blocked.
 [[nodiscard]] UrlReader urlReaderFor(QString program, ReadBounds bounds = {});
 
 }  // namespace tarvin
