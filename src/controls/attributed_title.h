@@ -11,7 +11,7 @@ struct AttributedTitle {
     QString text;
     QColor color;                            ///< invalid: the button's own
     int pixelSize = 13;                      ///< logical pixels
-    std::optional<Qt::Alignment> alignment;  ///< horizontal; none: the button's own
+    std::optional<Qt::Alignment> alignment;  ///< horizontal; nullopt: the button's own
     bool underline = false;                  ///< a single line under the whole text
 
     bool operator==(const AttributedTitle&) const = default;

@@ -26,7 +26,7 @@ class BorrowedCursor final {
 
  private:
     QPointer<QWidget> lender_;
-    std::optional<QCursor> former_;  // nullopt: the ancestor had no cursor of its own
+    std::optional<QCursor> former_;  // nullopt: the ancestor had no cursor set
 };
 
 }  // namespace tarvin

@@ -13,8 +13,8 @@ namespace tarvin {
 inline constexpr int focusRingWidth = 2;
 inline constexpr int focusRingGap = 2;
 
-/// Whether to show a focus that a widget has received: it came by the keyboard, or the keyboard was
-/// the last to move the focus in this window.
+/// Whether to show a focus that a widget has received: it was set by the keyboard, or the keyboard
+/// was the last to move the focus in this window.
 [[nodiscard]] bool focusIsShown(const QWidget& widget, Qt::FocusReason reason);
 
 /// Paints the ring just inside `rect`.

@@ -9,7 +9,7 @@ namespace tarvin::look {
 inline constexpr QColor topBar{31, 100, 134};       ///< bar over every screen, folder tile
 inline constexpr QColor panelBlue{30, 115, 165};    ///< home background, dialog headers, Add, Pause
 inline constexpr QColor teal{0, 155, 178};          ///< shapes and glyphs only, never small text
-inline constexpr QColor buttonTeal{21, 138, 162};   ///< answers of dialogs
+inline constexpr QColor buttonTeal{21, 138, 162};   ///< answer buttons of dialogs
 inline constexpr QColor deepTeal{14, 116, 138};     ///< Scan, drive tile, check marks, active line
 inline constexpr QColor activeTab{11, 97, 115};     ///< text of the active tab
 inline constexpr QColor activeTint{230, 244, 247};  ///< background of the active tab and of toggles

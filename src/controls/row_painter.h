@@ -10,7 +10,7 @@
 
 namespace tarvin {
 
-/// Tracks the hovered row of a list: Qt tells a delegate only about the cell. Enables mouse
+/// Tracks the hovered row of a list: Qt gives a delegate only the cell. Enables mouse
 /// tracking of the list. Owned by the list. Main thread only.
 class RowHover final : public QObject {
     Q_OBJECT

@@ -52,9 +52,8 @@ QPointF ScanAnimation::lensPosition() const {
 }
 
 void ScanAnimation::paintEvent(QPaintEvent*) {
-    // The images have the size in which they are painted. With smoothing, Qt would split the work
-    // among threads of its own and the main thread would wait for them: up to 0.2 s while a scan
-    // uses all CPUs.
+    // The images have the size in which they are painted. With smoothing, Qt would paint them on a
+    // thread pool, for which the main thread would wait: up to 0.2 s while a scan uses all CPUs.
     QPainter painter(this);
     const double ratio = densityOf(painter);
     painter.drawPixmap(

@@ -7,8 +7,8 @@
 namespace tarvin {
 
 /// A tab in the white bar of the results: an icon and a title. The current tab is the disabled one,
-/// so its disabled look is the selected look, whatever its alpha: a tint, a bold title and a line
-/// at the bottom. Hover as for HoverButton.
+/// so its disabled look is the selected look, at any alpha: a tint, a bold title and a line at the
+/// bottom. Hover as for HoverButton.
 class TabButton final : public HoverButton {
     Q_OBJECT
 

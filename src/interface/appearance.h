@@ -9,7 +9,7 @@ namespace tarvin {
 /// The colours of our one, light appearance for what Qt paints, in all states.
 [[nodiscard]] QPalette lightPalette();
 
-/// Sets the light colours on `widget` and its children, whatever the desktop's are.
+/// Sets the light colours on `widget` and its children, also on a desktop with dark ones.
 void useLightColors(QWidget* widget);
 
 /// Has Qt's Fusion style paint `widget` and its present children in the light colours: the

@@ -21,7 +21,7 @@ class ListTable : public QTableView {
     static constexpr int heightOfTwoLines = 44;  ///< of rows with two
     static constexpr int minWidth = 48;          ///< of a column
 
-    /// What a column shows.
+    /// How a column shows its text.
     enum class Text : std::uint8_t {
         name,          ///< elided in the middle
         place,         ///< muted, elided in the middle

@@ -7,7 +7,7 @@
 
 namespace tarvin {
 
-/// A view that is shown over the screens and keeps the focus meanwhile. `Base` paints it. Starts
+/// A view that keeps the focus while it is shown over the screens. `Base` paints it. Starts
 /// hidden. Main thread only.
 template <class Base>
 class Panel : public Base {

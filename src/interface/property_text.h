@@ -13,7 +13,7 @@ class PropertyText final : public QTextEdit {
  public:
     explicit PropertyText(QWidget* parent = nullptr);
 
-    /// The text as it is; markup is not interpreted.
+    /// Plain text; markup is not interpreted.
     void setText(const QString& text);
     [[nodiscard]] const QString& text() const { return text_; }
 
