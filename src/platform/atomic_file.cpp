@@ -16,7 +16,7 @@ namespace {
 
 constexpr mode_t readableAndWritable = 0666;  // before the umask is applied
 
-/// Some file systems cannot flush a file; that is no reason to lose what was written.
+/// Returns 0 also where the file system cannot flush: losing the written data would be worse.
 int syncWherePossible(int descriptor, FileCalls& calls) {
     const int failure = calls.sync(descriptor);
     return failure == EINVAL || failure == ENOTSUP ? 0 : failure;
@@ -53,7 +53,8 @@ Result<std::unique_ptr<AtomicFile>> AtomicFile::create(std::string target, std::
     UniqueFd file;
     if (const int failure = calls.createFile(temporary.c_str(), flags, file); failure != 0) {
         if (leftover == Leftover::overwrite) {
-            // A link, for instance: it is not followed now and not in the way the next time.
+            // It may be a symbolic link, which is not followed: the next attempt succeeds without
+            // it.
             ::unlink(temporary.c_str());
         }
         return SystemError{failure};

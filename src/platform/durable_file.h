@@ -15,9 +15,9 @@ namespace tarvin {
 // Files in tarvin's own folders. Paths are absolute, native bytes. Any thread.
 
 /// Replaces the file at `path` atomically with `bytes`; the file need not exist. Replaces the
-/// target of a symbolic link. Keeps the permissions of the old file. The temporary file is `path`
-/// with
-/// ".new" appended: callers must hold a FolderLock. On failure the old file is as it was.
+/// target of a symbolic link. Keeps the permissions of the old file. The temporary file is the
+/// replaced path with ".new" appended: callers must hold a FolderLock. On failure the old file has
+/// not changed.
 [[nodiscard]] std::optional<SystemError> replaceFile(const std::string& path,
                                                      std::string_view bytes,
                                                      FileCalls& calls = systemFileCalls());

@@ -15,7 +15,7 @@ struct OpenFolder {
     std::string path;  ///< absolute, native bytes
 };
 
-// On open folders, whatever is at their path meanwhile. Any thread.
+// These act on the open folder, even if its path leads to another one now. Any thread.
 
 /// The current path of an open folder: absolute, without symbolic links, native bytes. Returns
 /// nullopt if the folder was removed or lies outside the root of the process.

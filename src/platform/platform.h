@@ -51,7 +51,7 @@ class Platform {
     /// Whether a path is on a network volume, also one that mountedVolumes() does not list.
     virtual bool isOnNetwork(const std::string& path) = 0;
 
-    /// The login name of the user of this process; nullopt if the system does not know it.
+    /// The login name of the user of this process; nullopt if unknown.
     virtual std::optional<std::string> userName() = 0;
 
     /// The absolute path of one of the user's folders, which need not exist; nullopt if not set up.

@@ -96,7 +96,7 @@ class TrashMover {
     virtual std::optional<TrashRefusal> putBack(const TrashPlace& place, const Descriptor& folder,
                                                 const char* name) = 0;
 
-    /// Those of the `wanted` files that are in a Trash, whatever their name, in the order of its
+    /// Those of the `wanted` files that are in a Trash, under any name, in the order of its
     /// listing. Lists "files" once and stats each entry. A file with two names there is returned
     /// twice.
     virtual Result<std::vector<TrashedFile>, TrashRefusal> find(
@@ -118,8 +118,8 @@ class TrashMover {
     /// these file systems is on disk. Returns the first failure since the last call.
     [[nodiscard]] virtual std::optional<TrashRefusal> flush() = 0;
 
-    /// The Trash folders that a file at this path can have been moved to, whatever was mounted then
-    /// and whether or not they exist, the likeliest first. Makes no system calls.
+    /// The Trash folders that a file at this path can have been moved to, with any mounts at that
+    /// time, also missing ones, the likeliest first. Makes no system calls.
     [[nodiscard]] virtual std::vector<std::string> trashesFor(const std::string& path) const = 0;
 };
 

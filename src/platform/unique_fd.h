@@ -7,7 +7,7 @@ namespace tarvin {
 /// Owns one file descriptor of the process; closed on destruction. Moved-from and default objects
 /// are empty. One thread at a time.
 ///
-/// What a FileSystem opens is owned by its Descriptor instead, which closes through the FileSystem.
+/// A Descriptor instead owns a file opened by a FileSystem, and closes it through that.
 class UniqueFd final {
  public:
     UniqueFd() = default;
@@ -20,7 +20,7 @@ class UniqueFd final {
     }
     UniqueFd(const UniqueFd&) = delete;
     UniqueFd& operator=(const UniqueFd&) = delete;
-    /// Leaves errno as it is.
+    /// Preserves errno.
     ~UniqueFd();
 
     explicit operator bool() const { return number_ >= 0; }

@@ -16,11 +16,11 @@ namespace tarvin {
 
 namespace {
 
-// A drawing that names more is rendered with these.
+// An image that names more is rendered with these.
 constexpr qsizetype maxFamilies = 16;
 constexpr qsizetype maxLetters = 4096;
 
-/// The fonts and characters of the texts in a drawing.
+/// The fonts and characters of the texts in an SVG image.
 class TextNeeds final {
  public:
     explicit TextNeeds(const QByteArray& drawing) {
@@ -102,7 +102,7 @@ void loadFonts(const QByteArray& drawing) {
     }
 }
 
-/// Qt loads each plug-in to ask whether it can read this.
+/// Qt loads each plug-in to check whether it can read this.
 void loadImagePlugins() {
     QByteArray nothing("none");
     QBuffer device(&nothing);

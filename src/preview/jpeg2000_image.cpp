@@ -67,7 +67,7 @@ class Jpeg2000Library final {
     bool isWhole_ = false;
 };
 
-/// As a file of its own, or the bare stream of a camera or a scanner.
+/// A JP2 file, or the bare code stream that some cameras and scanners write.
 std::optional<OPJ_CODEC_FORMAT> formatOf(const QByteArray& begin) {
     if (begin.startsWith(QByteArray("\0\0\0\x0CjP  \r\n\x87\n", 12))) {
         return OPJ_CODEC_JP2;

@@ -17,8 +17,8 @@ namespace {
 
 constexpr qint64 maxPathBytes = 1024 * 1024;
 
-/// Text in drawings requires a QGuiApplication. Keeps it from connecting to a display or a message
-/// bus.
+/// Text in SVG images requires a QGuiApplication. Prevents it from connecting to a display or a
+/// message bus.
 void prepareForNoDesktop() {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_NO_GLIB", "1");  // GLib aborts if it cannot open its files

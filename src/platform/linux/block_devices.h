@@ -15,8 +15,8 @@ namespace tarvin {
 /// Whether a disk under the file system is rotational. For a btrfs subvolume: whether any btrfs
 /// volume is, because its device number does not identify the volume.
 ///
-/// A paravirtual disk ("vda", "xvda") reports the kernel's default, "rotational", whatever its
-/// medium. That would give every virtual machine one reader at a time, so such disks count as not
+/// A paravirtual disk ("vda", "xvda") reports the kernel's default, "rotational", for every medium.
+/// That would give every virtual machine one reader at a time, so such disks count as not
 /// rotational.
 [[nodiscard]] bool isRotationalDevice(std::uint64_t device, const std::string& sysfsRoot = "/sys",
                                       const std::string& mountTable = mountInfoFile);

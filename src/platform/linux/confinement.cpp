@@ -82,13 +82,13 @@ sock_filter answer(std::uint32_t action) {
     return BPF_STMT(BPF_RET | BPF_K, action);
 }
 
-/// Goes on behind the next `skipped` steps if what is loaded is not `value`.
+/// Skips the next `skipped` steps if the loaded number is not `value`.
 sock_filter unlessEqualSkip(std::uint32_t value, std::uint8_t skipped) {
     return BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, value, 0, skipped);
 }
 
-/// What the system runs for each call. A call that it does not name does not exist: libraries have
-/// another way then, or fail as with an older system.
+/// The program that the kernel runs for each system call. All other calls fail as if the kernel did
+/// not have them: libraries then fall back or fail, as on an older kernel.
 std::vector<sock_filter> filterOfCalls() {
     constexpr std::uint32_t refusal = SECCOMP_RET_ERRNO | ENOSYS;
     std::vector<sock_filter> steps{

@@ -20,7 +20,7 @@ UniqueFd newSocket() {
     return UniqueFd(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
 }
 
-/// The socket address of a path; nullopt if the path is too long.
+/// The sockaddr_un of a path; nullopt if the path is too long.
 std::optional<sockaddr_un> addressOf(const std::string& path) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;

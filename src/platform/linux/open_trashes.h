@@ -33,17 +33,17 @@ class OpenTrashes final {
     OpenTrashes(const TrashUser& user, const TrashSurroundings& around)
         : user_(user), around_(around) {}
 
-    /// The Trash that files of an open folder go to. Creates what is missing of it.
+    /// The Trash for the files of an open folder. Creates its missing folders.
     Result<OpenTrash*, TrashRefusal> forFolder(const OpenFolder& folder);
 
     /// The Trash at a path; creates nothing.
     Result<OpenTrash*, TrashRefusal> at(const std::string& path);
 
-    /// Closes those that are no longer what is at their path.
+    /// Closes each one whose path leads to another folder now.
     void closeChanged();
 
     /// Flushes all that have changed. Returns the first failure since the last call, also of those
-    /// that were closed meanwhile.
+    /// that have been closed since.
     std::optional<TrashRefusal> flush();
 
  private:

@@ -122,7 +122,7 @@ bool fitsMessage(const std::string& path) {
     return openMessage.size() + path.size() + 1 <= MessageSocket::maxMessageBytes;
 }
 
-/// As few messages as possible; a path that does not fit into one is left out.
+/// As few messages as possible, without paths that do not fit into one.
 std::vector<std::string> messagesOf(const std::vector<std::string>& paths) {
     std::vector<std::string> messages;
     for (const std::string& path : paths) {

@@ -8,7 +8,7 @@ namespace tarvin {
 
 namespace {
 
-/// Bytes. No file system has longer names, whatever it reports: some count characters.
+/// Bytes. No file system has longer names, but some report a higher limit, in characters.
 constexpr std::size_t maxNameBytes = 255;
 
 /// Names tried for one file; with doubled steps the last number is about 10^12.
@@ -126,7 +126,7 @@ std::optional<TrashRefusal> TrashFolder::removeUnusedNotes(
             if (isOurs) {
                 removeNote(name);
             }
-            // Another program may have moved this very file here meanwhile.
+            // Another program may have moved this file here since the listing.
             if (isOurs && original && calls_.status(files().number(), name.c_str(), status) == 0) {
                 static_cast<void>(writeNote(name, text));
             }

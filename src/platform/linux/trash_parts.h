@@ -25,7 +25,7 @@ struct TrashRequest {
     std::string path;  ///< absolute
     std::uint32_t user = 0;
     bool isHome = false;      ///< for the text of a refusal
-    bool make = false;        ///< create what is missing, for the user alone
+    bool make = false;        ///< create missing folders, for the user alone
     bool keepsRights = true;  ///< whether the file system records owners and permissions
     /// The folder above must be a real one with the sticky bit, as the ".Trash" that the users
     /// of a volume share must be.
@@ -34,10 +34,10 @@ struct TrashRequest {
 
 /// The three folders of a Trash: itself, "files" and "info". Held open. One thread at a time.
 ///
-/// Each must be a real folder and belong to the user. Others may read it, as older Trashes allow,
-/// but not change it: whoever can rename in "files" can replace what was moved there. Only where
-/// the file system keeps no permissions (`keepsRights`) are those that it shows ignored: there
-/// everybody who may change the Trash may also change the file that is moved.
+/// Each must be a real folder and belong to the user. Other users may read it, as older Trashes
+/// allow, but not change it: a user who can rename in "files" can replace the files there. On a
+/// file system without permissions (`keepsRights`) the reported ones are ignored: there a user who
+/// can change the Trash can also change the file to be moved.
 class TrashParts final {
  public:
     /// `calls` must outlive the object.

@@ -98,7 +98,7 @@ bool skip(std::string_view& text, std::string_view expected) {
     return true;
 }
 
-/// Removes `key="`, with blanks between allowed. Returns false if there is something else.
+/// Removes `key="`, also with spaces or tabs in between. Returns false if there is something else.
 bool skipAssignment(std::string_view& line, std::string_view key) {
     for (const std::string_view expected : {key, std::string_view("="), std::string_view("\"")}) {
         skipBlanks(line);

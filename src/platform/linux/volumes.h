@@ -12,7 +12,7 @@ namespace tarvin {
 /// Whether the device of a mount is removable or on USB.
 using RemovableQuery = std::function<bool(const MountEntry&)>;
 
-/// The drives among the mounts: "/" first, whatever its type, then those mounted at "/mnt" or below
+/// The drives among the mounts: "/" first, of any type, then those mounted at "/mnt" or below
 /// "/media", "/run/media" or "/mnt", in the table's order. Of several mounts at one mount point the
 /// last counts. Without pseudo file systems. If the table does not list "/" (chroot), it has no
 /// type. Pure.
