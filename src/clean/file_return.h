@@ -41,7 +41,7 @@ enum class PutBackRefusal : std::uint8_t {
     notFolder  ///< the path of its folder is now a file
 };
 
-/// A file of a clean-up and what was, or would be, done with it.
+/// A file of a clean-up and its outcome, actual or expected.
 struct PutBackFile {
     MoveRow row = 0;
     std::string path;        ///< original path; absolute, native bytes
@@ -82,7 +82,7 @@ class FileReturn final {
     /// one.
     [[nodiscard]] bool isBackAlready(const JournalMove& move);
 
-    /// Fills in what the journal knows; accesses no file.
+    /// Fills in the data of the journal; accesses no file.
     [[nodiscard]] static PutBackFile fileOf(const JournalMove& move);
 
  private:

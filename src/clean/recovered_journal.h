@@ -17,7 +17,7 @@ namespace tarvin {
 
 /// The journal of clean-ups, with the lock file and the Trash that belong to it.
 struct RecoveredJournal {
-    LockFile turns;  ///< the user's clean-ups exclude each other by it, set by set
+    LockFile turns;  ///< held for one set at a time; excludes the user's other clean-ups
     CleanUpJournal journal;
     std::unique_ptr<TrashMover> trash;
 };

@@ -52,7 +52,7 @@ class Recovery final {
     }
 
  private:
-    /// Calls `write` only if a power failure can no longer undo what was done to files.
+    /// Calls `write` only after the moves have been flushed to disk.
     std::optional<StoreError> whenFlushed(const std::function<std::optional<StoreError>()>& write) {
         if (trash_.flush()) {
             isComplete_ = false;

@@ -48,7 +48,8 @@ void ReturnFolders::removeMade() {
     }
 }
 
-/// The system says where the folder that was opened is, so nothing can change between two looks.
+/// Compares the path with that of the opened folder, as the system reports it: a check before
+/// opening could be out of date.
 ReturnFolders::Opened ReturnFolders::openAnew(const std::string& path) {
     OpenFolder folder;
     folder.path = path;

@@ -82,8 +82,8 @@ bool DeletionWalk::walkSetsOf(std::size_t extension) {
 }
 
 /// Prepares sets in batches: large enough that the mover's fixed cost is small for each set, small
-/// enough that a stop finds few prepared. Includes the current extension whatever its state: the
-/// removals so far may have changed that, and it is walked to its end.
+/// enough that a stop finds few prepared. Includes the current extension in any state: the removals
+/// so far may have changed that, and the extension is walked to its end.
 bool DeletionWalk::prepareFrom(Position from) {
     constexpr std::uint64_t filesAtOnce = 512;
     std::vector<std::shared_ptr<Set>> sets;

@@ -52,7 +52,7 @@ class DeletionWalk final {
         bool operator==(const Progress&) const = default;
     };
 
-    /// Called before a set is begun; the set is not changed meanwhile.
+    /// Called before a set is begun; the set does not change during the call.
     using BeforeSet = std::function<void(const Set& set, const Progress& progress)>;
 
     /// The references must outlive the walk. `beforeSet` may be empty.

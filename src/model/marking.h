@@ -71,7 +71,7 @@ struct ButtonStates {
 [[nodiscard]] ButtonStates buttonStatesFor(const Modal& modal, bool exact,
                                            std::optional<ResultView> current);
 
-/// What a click on Delete starts.
+/// The effect of a click on Delete.
 enum class DeletionStart : std::uint8_t {
     information,  ///< the notice that nothing is marked
     nothing,

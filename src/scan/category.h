@@ -22,7 +22,7 @@ inline constexpr std::array<Category, 5> allCategories{
 [[nodiscard]] std::string_view categoryName(Category category);
 
 // The rules. Pure. Any thread. Paths and names are native bytes: valid UTF-8 in them is Unicode
-// text, and any other byte stands for itself.
+// text, and each other byte is one character.
 
 /// Whether `haystack` contains `needle`, byte for byte. Always false for a needle of less than
 /// three UTF-16 code units (a byte that is not UTF-8 counts as one).

@@ -22,7 +22,7 @@ constexpr std::chrono::milliseconds stopPollInterval{20};
 }  // namespace
 
 bool ComparisonProgress::updateProgressBarWith(const File& file) {
-    // While paused the screen keeps what it showed at the moment of pausing.
+    // The display does not change during a pause.
     if (control_.pause() || !gate_.due()) {
         return false;
     }
@@ -128,7 +128,7 @@ void CategoryComparison::submitAll() {
         }
         batches_.back()->endClass = number + 1;
         batchOf_.push_back(batches_.back().get());
-        // A class that is a task of its own fills its batch.
+        // A class that is a separate task fills its batch.
         files += alone ? filesABatch : members;
         bytes += size * members;
     }
@@ -229,8 +229,8 @@ void CategoryComparison::find(std::size_t number, Members& members) const {
     }
 }
 
-/// Links a group's files into a chain, from the first to the last. Ignores groups that come after
-/// the walk has taken what was decided.
+/// Links a group's files into a chain, from the first to the last. Ignores groups that arrive after
+/// the walk has taken the results.
 void CategoryComparison::keep(const std::vector<std::uint32_t>& members, const FileGroup& group) {
     const std::lock_guard lock(mutex_);
     if (closed_) {

@@ -44,7 +44,7 @@ class ComparisonProgress final {
 
 /// The comparison of one category. Workers compare its size classes in the order in which the walk
 /// through the list reaches them; the walk waits for a class when it needs it. After a stop the
-/// walk takes what the workers have decided and waits no longer.
+/// walk takes the results so far and waits no longer.
 class CategoryComparison final {
  public:
     struct Context {

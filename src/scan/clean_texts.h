@@ -32,7 +32,7 @@ namespace tarvin {
 [[nodiscard]] std::string duplicatesCleanedText(std::uint64_t count);
 [[nodiscard]] std::string spaceRegainedText(std::uint64_t bytes);
 
-/// Before marked files are excluded. `exact`: they come from a scan for identical files.
+/// Before marked files are excluded. `exact`: found by a scan for identical files.
 [[nodiscard]] std::string_view exceptionQuestion(bool exact);
 /// After it; begins with a newline.
 [[nodiscard]] std::string exceptionsAddedText(std::uint64_t count);

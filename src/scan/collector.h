@@ -22,7 +22,7 @@ namespace tarvin {
 /// extension into the list of its category, in the order of the listings.
 ///
 /// Made for one scan and used on one thread; the workers of the pool list ahead. A folder is walked
-/// once per scan, by whatever number of paths it can be reached. Folders that cannot be listed and
+/// once per scan, even if several paths lead to it. Folders that cannot be listed and
 /// files whose attributes cannot be read go to the UnreadableLog; see unreadableLocations() for the
 /// locations.
 class Collector final {

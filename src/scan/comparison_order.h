@@ -6,7 +6,7 @@ namespace tarvin {
 
 /// The order in which the bytes of a file are compared: a small first range, then the end of the
 /// file, where files that begin alike differ most often, then the middle from front to back. A
-/// position is the number of bytes that come before it in this order.
+/// position is the number of bytes before it in this order.
 class ComparisonOrder final {
  public:
     /// A range of the file, in bytes.

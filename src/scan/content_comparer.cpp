@@ -151,8 +151,8 @@ bool ContentComparer::isOnRotationalDevice(std::uint32_t number) const {
     return open && open->onlyReader != nullptr;
 }
 
-/// Leaves out files that were changed or replaced while they were read. Files that are opened for
-/// each range have been checked then.
+/// Removes files that were changed or replaced while they were read. Files that are opened for each
+/// range have been checked then.
 FileGroup ContentComparer::withoutChanged(const FileGroup& group) {
     if (candidates_.open.empty()) {
         return group;

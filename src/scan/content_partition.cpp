@@ -136,7 +136,7 @@ class Renumbered final : public ContentVerdict {
 
 }  // namespace
 
-/// What is known of each file of a class before bytes are compared.
+/// The data of each file of a class that are read before bytes are compared.
 struct ContentPartition::Inspection {
     std::vector<std::optional<FileStamp>> stamps;    ///< nullopt for an unreadable file
     std::vector<std::uint64_t> hashes;               ///< of the first block; empty if not needed

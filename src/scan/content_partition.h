@@ -64,7 +64,7 @@ class ContentPartition final {
     [[nodiscard]] Workspace makeWorkspace();
 
     /// Returns the groups of two or more equal files among `files`, each ascending. An unreadable
-    /// file is in no group. Returns nullopt if a file has grown too large meanwhile; use
+    /// file is in no group. Returns nullopt if a file has grown too large since it was listed; use
     /// partition() then. After a stop: the groups among the files read before it.
     [[nodiscard]] std::optional<std::vector<FileGroup>> compareWhole(std::span<File* const> files,
                                                                      Workspace& workspace);

@@ -11,7 +11,7 @@ namespace tarvin {
 
 namespace {
 
-// 48 MiB for all that is read at once, whatever is compared.
+// 48 MiB for everything that is read at once.
 constexpr std::size_t bufferSlabs = 48;
 constexpr std::chrono::milliseconds abandonPollInterval{20};
 

@@ -41,8 +41,8 @@ class DuplicateFinder final {
     ///
     /// `processed` counts a file when it is decided whether it has equals; the list is empty at the
     /// end. After a stop the result has every set confirmed so far, in order, and the list keeps
-    /// the files that are in no set and had not been passed. Returns within half a second after a
-    /// stop, even if a worker is stuck in a call; what that worker uses lives on with this object.
+    /// the files that are in no set and had not been reached. Returns within half a second after a
+    /// stop, even if a worker is stuck in a call; this object keeps the data of that worker.
     [[nodiscard]] std::shared_ptr<Modal> findDuplicates(std::vector<File*>& list, FileStore& store);
 
     /// The set of two or more equal files. The first one stays when all are marked.

@@ -20,9 +20,9 @@ namespace tarvin {
 /// thread.
 class ElapsedTimeThread final {
  public:
-    /// Reports after each `step`. A step that ends during a pause counts as one second of pause,
-    /// whatever its length. `isPaused` is called on the background thread. The references must
-    /// outlive this object.
+    /// Reports after each `step`. A step of any length that ends during a pause counts as one
+    /// second of pause. `isPaused` is called on the background thread. The references must outlive
+    /// this object.
     ElapsedTimeThread(Clock& clock, ScanObserver& observer, std::chrono::milliseconds step,
                       std::function<bool()> isPaused);
     ElapsedTimeThread(const ElapsedTimeThread&) = delete;

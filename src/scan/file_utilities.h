@@ -20,7 +20,7 @@ namespace tarvin {
 
 /// A quick comparison: whether the first 3 MiB of both files are equal and the last 3 MiB of the
 /// file at `path` equal the bytes at the same offset in the other. Neither the middle is compared,
-/// nor what the other file has after that. Files that `file` records as smaller than 3 MiB are
+/// nor later bytes of the other file. Files that `file` records as smaller than 3 MiB are
 /// compared in full.
 [[nodiscard]] bool dataEqualsAtPath(FileSystem& fileSystem, const std::string& path,
                                     const std::string& otherPath, const File& file);

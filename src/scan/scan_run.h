@@ -32,8 +32,8 @@ namespace tarvin {
 /// workers they share. Where the system gives no thread, the caller's thread does the work.
 ///
 /// A file-system call that does not return delays only the work that needs its result. A scan that
-/// is stopped meanwhile still ends within a second, with the sets confirmed so far; the stuck
-/// thread is left behind with the data it uses.
+/// is stopped during such a call still ends within a second, with the sets confirmed so far; the
+/// stuck thread is left behind with the data it uses.
 class ScanRun final {
  public:
     struct Settings {
@@ -48,8 +48,7 @@ class ScanRun final {
         std::chrono::milliseconds patienceAfterStop{300};
         /// Minimum time between two reports of a file. Zero: every file is reported.
         std::chrono::milliseconds progressInterval{33};
-        /// How often the elapsed time is reported. Counts as one second of pause, whatever its
-        /// length.
+        /// Interval of the reports of the elapsed time. Any length counts as one second of pause.
         std::chrono::milliseconds elapsedStep{1000};
         /// Lowers the priority of the scan's threads, for an owner whose thread serves a user.
         bool lowPriority = false;

@@ -47,7 +47,7 @@ struct ListedEntry {
 /// folders end early.
 class TreeReader final {
  public:
-    /// Returns what is needed of the entry with this name. Called on workers.
+    /// Returns which data of the entry with this name are needed. Called on workers.
     using Interest = EntryInterest (*)(std::string_view name);
 
     class Listing;

@@ -80,7 +80,7 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
         }
     }
 
-    /// A task waits for calls on other threads, so another task may run meanwhile.
+    /// A task waits for calls on other threads, so another task may run in its place.
     void beginWaiting() {
         const std::lock_guard lock(mutex_);
         --running_;

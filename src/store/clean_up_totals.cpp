@@ -25,7 +25,7 @@ std::uint64_t raised(std::uint64_t old, std::uint64_t more) {
     return old + std::min(more, room);
 }
 
-/// Returns `old` minus `less`, at least 0; a negative count stays as it is.
+/// Returns `old` minus `less`, at least 0; a negative count does not change.
 std::int64_t lowered(std::int64_t old, std::uint64_t less) {
     if (old <= 0) {
         return old;

@@ -48,7 +48,7 @@ class LockedTotals final {
 /// "matchingSize" (2), which are written once and never read. Other keys are preserved.
 ///
 /// The window shows the totals in memory. Writing adds to what the file holds at that moment, so
-/// that several instances lose nothing of each other. One thread at a time.
+/// that instances do not overwrite each other's changes. One thread at a time.
 class DataFile final {
  public:
     /// `folder` is the program's data folder, which need not exist. With nullopt the totals are in

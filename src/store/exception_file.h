@@ -21,8 +21,8 @@ struct ExceptionList {
 ExceptionList readExceptionFile(const std::string& path);
 
 /// The user's exceptions list, stored in "exception.plist". The window shows, and a scan uses, the
-/// list in memory. Writing adds to what the file holds at that moment, so that several instances
-/// lose nothing of each other. One thread at a time.
+/// list in memory. Writing adds to what the file holds at that moment, so that instances do not
+/// overwrite each other's changes. One thread at a time.
 class ExceptionFile final {
  public:
     /// `folder` is the program's data folder, which need not exist. With nullopt the list is in

@@ -39,7 +39,7 @@ bool isPlain(std::string_view text) {
     return true;
 }
 
-/// False for blanks at the ends, which a parser may strip.
+/// False for a path with white space at an end, which a parser may strip.
 bool isString(const std::string& path) {
     constexpr std::string_view blanks = " \t\n";
     return blanks.find(path.front()) == std::string_view::npos &&

@@ -11,8 +11,8 @@ namespace tarvin {
 
 /// A property list in memory, parsed or new. One thread at a time.
 ///
-/// Supports what the program needs: dictionaries of integers (totals) and of texts (URLs, update
-/// descriptions), and arrays of paths (exceptions). Other content is preserved.
+/// Supports only dictionaries of integers (totals) and of texts (URLs, update descriptions), and
+/// arrays of paths (exceptions). Other content is preserved.
 class PropertyList final {
  public:
     /// Parses an XML or binary list; nullopt if it is damaged or not safe (isSafePropertyList).

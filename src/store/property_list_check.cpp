@@ -29,7 +29,7 @@ class XmlCheck final {
 
     [[nodiscard]] bool passes() {
         // libplist 2.6 also reads JSON and OpenStep lists, both recursively: 100,000 times "["
-        // overflows the stack, whatever tags stand in its strings. 2.2 refuses them.
+        // overflows the stack, with any tags in its strings. 2.2 refuses them.
         const std::size_t first = text_.find_first_not_of(blanks);
         if (first == std::string_view::npos || text_[first] != '<') {
             return false;

@@ -10,8 +10,8 @@ namespace tarvin {
 // Untrusted names on a terminal: control and bidirectional characters must not break lines, move
 // the cursor or reverse text. All pure; any thread.
 
-/// The name as it is or, if it has unsafe characters or is not valid UTF-8, in the shell's notation
-/// $'...', which stands for exactly its bytes: "$'/tmp/two\nlines'". Empty names and names that
+/// The unchanged name or, if it has unsafe characters or is not valid UTF-8, the shell's notation
+/// $'...' of exactly its bytes: "$'/tmp/two\nlines'". Empty names and names that
 /// begin with $' are quoted, too.
 [[nodiscard]] std::string shownName(std::string_view name);
 
