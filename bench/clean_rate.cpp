@@ -102,7 +102,7 @@ void forgetPeak() {
     std::ofstream("/proc/self/clear_refs") << "5";
 }
 
-/// The home of the user who cleans up; a clean-up writes only here.
+/// A private home folder; a clean-up writes only here.
 class PrivateUser final {
  public:
     /// To be created before the location of the Trash is first determined.
@@ -141,7 +141,7 @@ class PrivateUser final {
     const std::string home_;
 };
 
-/// Does what the programs do after the confirmation.
+/// Runs the same clean-up as the programs after the confirmation.
 void cleanUp(Modal& modal) {
     DataFile totals(systemPlatform().applicationSupportFolder());
     auto opened = CleanUpRun::open(systemPlatform(), totals, {});

@@ -119,7 +119,7 @@ PEERS = (
     Program(
         name="jdupes",
         package="jdupes",
-        # -r goes into subfolders, -q draws no progress. Empty files stay out by default, and
+        # -r includes subfolders, -q shows no progress. Empty files are excluded by default, and
         # matches are confirmed byte for byte unless -Q is given.
         command=("jdupes", "-r", "-q", FOLDER),
         parse=parse_blocks,
@@ -129,8 +129,8 @@ PEERS = (
     Program(
         name="fdupes",
         package="fdupes",
-        # -r and -q as above. -n leaves empty files out, as the others do; it has no option to
-        # leave the byte-for-byte confirmation out.
+        # -r and -q as above. -n excludes empty files, as the others do; it has no option to
+        # disable the byte-for-byte confirmation.
         command=("fdupes", "-r", "-q", "-n", FOLDER),
         parse=parse_blocks,
         judges=True,
@@ -139,8 +139,8 @@ PEERS = (
     Program(
         name="rdfind",
         package="rdfind",
-        # -dryrun changes nothing. Its list goes nowhere but into the results file, which
-        # -outputname moves out of the current folder. Empty files stay out by default.
+        # -dryrun changes nothing. Its list is only written to the results file, which -outputname
+        # moves out of the current folder. Empty files are excluded by default.
         command=("rdfind", "-dryrun", "true", "-outputname", LISTING, FOLDER),
         parse=parse_rdfind,
         how="SHA-1, not confirmed",

@@ -11,7 +11,7 @@ namespace tarvin::bench {
 namespace {
 
 constexpr std::uint64_t filesOfFolder = 1000;
-constexpr std::uint64_t sizes = 4000;  // bytes, at most; so that few sets are of one size
+constexpr std::uint64_t sizes = 4000;  // the number of different sizes, so that few sets share one
 
 constexpr std::array known{"jpg", "png", "gif", "tif", "mp4", "mov", "avi", "mp3", "m4a", "wav",
                            "pdf", "doc", "txt", "csv", "zip", "rar", "exe", "jar", "dll", "lnk"};
@@ -21,7 +21,7 @@ std::string extensionOf(std::uint64_t number) {
 }
 
 std::string contentOf(std::uint64_t set) {
-    constexpr std::uint64_t stride = 7919;  // of no period in common with what follows each other
+    constexpr std::uint64_t stride = 7919;  // a prime, so that neighbouring sets differ in size
     std::string content = "set " + std::to_string(set) + "\n";
     content.resize(content.size() + set * stride % sizes, '.');
     return content;

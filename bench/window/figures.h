@@ -12,7 +12,7 @@ using SteadyClock = std::chrono::steady_clock;
     return std::chrono::duration<double, std::milli>(duration).count();
 }
 
-/// Of at least one figure; the mean of the two in the middle of an even number.
+/// Requires at least one figure. The mean of the middle two if their number is even.
 [[nodiscard]] inline double median(std::vector<double> figures) {
     std::sort(figures.begin(), figures.end());
     const std::size_t middle = figures.size() / 2;

@@ -17,7 +17,7 @@ namespace tarvin::bench {
 
 namespace {
 
-// The loop's poll function takes no argument of ours.
+// Global, because the loop's poll function has no user data.
 Heartbeat* watching = nullptr;
 GPollFunc originalPoll = nullptr;
 
@@ -39,7 +39,7 @@ double processorMilliseconds() {
     return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
-/// Of the calling thread, so far; 0 where the kernel does not keep account.
+/// Time that the calling thread has waited for a CPU so far; 0 where the kernel does not count it.
 double queuedMilliseconds() {
     static const int account = ::open("/proc/thread-self/schedstat", O_RDONLY | O_CLOEXEC);
     std::array<char, 96> text{};
@@ -55,7 +55,7 @@ double queuedMilliseconds() {
 }  // namespace
 
 Heartbeat::Heartbeat() {
-    // Only this one tells where it waits.
+    // Only GLib's loop has a replaceable poll function.
     if (!QAbstractEventDispatcher::instance()->inherits("QEventDispatcherGlib")) {
         std::fputs("Qt's event loop has to be GLib's; is QT_NO_GLIB set?\n", stderr);
         std::exit(1);  // NOLINT(concurrency-mt-unsafe)
@@ -127,7 +127,7 @@ bool WatchedApplication::notify(QObject* receiver, QEvent* event) {
     if (watching == nullptr || depth_ > 0) {
         return QApplication::notify(receiver, event);
     }
-    // Read before: the receiver may be gone after its handler.
+    // Read before: the handler may delete the receiver.
     const char* const className = receiver->metaObject()->className();
     const QString name = receiver->objectName();
     const int type = event->type();

@@ -10,21 +10,21 @@
 
 namespace tarvin::bench {
 
-/// One stretch of the main thread's work, from one wait of its event loop to the next, with all
-/// handlers that ran meanwhile. Milliseconds.
+/// The work of the main thread between two waits of its event loop, with all handlers in it.
+/// Milliseconds.
 struct Stretch {
     double wall = 0;
-    double processor = 0;  ///< the time that the thread was running
-    double queued = 0;     ///< the time that it could have run, had a processor been free
+    double processor = 0;  ///< CPU time of the thread
+    double queued = 0;     ///< time in which it was runnable, waiting for a CPU
     double handler = 0;    ///< the longest single handler in it
     std::string what;      ///< that handler: the class of the receiver, its name, the event
 };
 
-/// Watches the event loop of the main thread, and remembers the longest stretch of each step that
-/// the program is led through. One for the process, made after the application object; main thread.
+/// Measures the stalls of the main thread: the longest Stretch of each step of a scenario. One per
+/// process, created after the application object. Main thread only.
 ///
-/// A stretch ends only where the loop really waits. Where it merely looks whether something new has
-/// come, the stretch goes on: what follows without a wait would delay a click just as well.
+/// A Stretch ends only when the loop blocks, not when it polls for events without blocking:
+/// handlers that follow without a wait delay a click as well.
 class Heartbeat final {
  public:
     struct Step {
@@ -38,17 +38,17 @@ class Heartbeat final {
     Heartbeat& operator=(const Heartbeat&) = delete;
     ~Heartbeat();
 
-    /// What follows belongs to the step of that name, the stretch in hand included.
+    /// Begins the step of that name; the current Stretch counts for it.
     void enter(const std::string& step);
-    /// What was done since the last wait is not counted.
+    /// Discards the work since the last wait.
     void startAnew() { waitEnded(); }
-    /// The steps entered, each once, in the order of their first time. The caller has let the loop
-    /// wait since the last event that is to be counted.
+    /// Each step once, in the order in which they were first entered. Requires that the loop has
+    /// waited since the last event to be counted.
     [[nodiscard]] const std::vector<Step>& steps() const { return steps_; }
     /// Forgets the steps.
     void clear();
 
-    // Told by the application and by the loop.
+    // Called by the application and by the loop.
     void handlerBegan();
     void handlerEnded(const char* className, const QString& name, int event);
     void waitBegins();
@@ -64,7 +64,7 @@ class Heartbeat final {
     SteadyClock::time_point handlerBegan_;
 };
 
-/// The application object of a measurement: tells the heartbeat of every handler.
+/// The application object of a measurement: reports every handler to the heartbeat.
 class WatchedApplication final : public QApplication {
  public:
     WatchedApplication(int& argc, char** argv) : QApplication(argc, argv) {}

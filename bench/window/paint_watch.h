@@ -5,7 +5,7 @@
 
 namespace tarvin::bench {
 
-/// Whether a widget has been painted since that was forgotten. Main thread.
+/// Whether a widget has been painted since forget(). Main thread only.
 class PaintWatch final : public QObject {
  public:
     explicit PaintWatch(QWidget* widget) { widget->installEventFilter(this); }

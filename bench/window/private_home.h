@@ -6,9 +6,9 @@
 
 namespace tarvin::bench {
 
-/// A home of its own for the product, so that neither settings nor totals nor running copies of the
-/// person who measures are touched or counted: an empty one, with Desktop, Documents and Pictures.
-/// Made before the application object; goes with the object.
+/// A separate home for the product with empty folders Desktop, Documents and Pictures, so that the
+/// settings, totals and running instances of the user are neither used nor changed. Create it
+/// before the application object. Removed on destruction.
 class PrivateHome final {
  public:
     /// Sets HOME and the XDG folders of this process and its children to a new folder in `in`.

@@ -14,22 +14,22 @@ class QAbstractButton;
 
 namespace tarvin::bench {
 
-/// Chooses the platform that paints into memory, unless the environment names one. Before the
-/// application object, as the next.
+/// Selects the Qt platform "offscreen", which paints into memory, unless the environment names one.
+/// Call before the application object is created, like the next function.
 void usePlatformOfMeasurement();
-/// Says whose settings are read.
+/// Sets the names that determine the settings file.
 void nameTheProduct();
 
-/// The product as its own program makes it, on the real platform or another, and a hand that leads
-/// it. What the hand does is done inside the event loop, as a person's clicks are. Main thread.
+/// The product as its own program creates it, on the real platform or another, and functions that
+/// operate it. Actions run inside the event loop, like a user's clicks. Main thread only.
 class Product final {
  public:
-    /// Shows the window. The platform outlives it.
+    /// Shows the window. `platform` must outlive this object.
     explicit Product(Platform& platform = systemPlatform());
     /// Waits for a scan that still runs.
     ~Product();
 
-    /// Waits for the window. False if it does not come.
+    /// Waits for the window. Returns false if it is not shown.
     [[nodiscard]] bool comes();
 
     [[nodiscard]] AppDelegate& delegate() { return *delegate_; }
@@ -37,15 +37,15 @@ class Product final {
     /// Whether the screen of that identifier is shown.
     [[nodiscard]] bool isOn(const QString& screen);
 
-    /// Does something as an event of its own, soon; one thing at a time.
+    /// Runs `action` soon, as a separate event. One action at a time.
     void act(std::function<void()> action);
-    /// Presses a button and lets it go.
+    /// Presses and releases a button.
     void click(QAbstractButton* button);
 
-    /// Runs the event loop until something is true; asked after each turn of the loop. False if it
-    /// takes longer than ten minutes.
+    /// Runs the event loop until `condition` is true; checked after each iteration. Returns false
+    /// after ten minutes.
     [[nodiscard]] static bool until(const std::function<bool()>& condition);
-    /// Runs the event loop for a while.
+    /// Runs the event loop for that time.
     static void rest(std::chrono::milliseconds time);
 
  private:

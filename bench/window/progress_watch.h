@@ -12,26 +12,26 @@ class ProgressScreen;
 
 namespace tarvin::bench {
 
-/// Counts how often a person sees a scan move: each time the bar or the line of the file is painted
-/// with something that has not been painted before. Main thread.
+/// Counts the visible changes of a scan's progress: each time the bar or the current file is
+/// painted with a value that has not been painted before. Main thread only.
 class ProgressWatch final : public QObject {
  public:
     /// One phase of a scan.
     struct Phase {
         SteadyClock::time_point from{};
         SteadyClock::time_point to{};
-        std::vector<SteadyClock::time_point> paints;   ///< of the bar or the line
-        std::vector<SteadyClock::time_point> changes;  ///< those that showed something new
+        std::vector<SteadyClock::time_point> paints;   ///< of the bar or the current file
+        std::vector<SteadyClock::time_point> changes;  ///< those with a new value
     };
 
-    /// `screen` outlives it.
+    /// `screen` must outlive this object.
     explicit ProgressWatch(ProgressScreen& screen);
 
-    /// A scan begins, and with it the collection.
+    /// Call when a scan, and so its collection, begins.
     void begin();
-    /// To be asked often: takes note when the comparison begins.
+    /// Detects the begin of the comparison. Call often.
     void look();
-    /// The result is there.
+    /// Call when the result is available.
     void end();
 
     [[nodiscard]] const Phase& collecting() const { return collecting_; }
@@ -48,7 +48,7 @@ class ProgressWatch final : public QObject {
     quint64 paintedDone_ = 0;
 };
 
-/// How many of `moments` lie in each whole second of a phase.
+/// The number of `moments` in each whole second of a phase.
 [[nodiscard]] std::vector<double> inEachSecond(const ProgressWatch::Phase& phase,
                                                const std::vector<SteadyClock::time_point>& moments);
 

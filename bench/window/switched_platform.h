@@ -12,11 +12,11 @@
 
 namespace tarvin::bench {
 
-/// A Trash that can be made one that costs nothing: it says that it has a file, shows it at its
-/// place and leaves it there.
+/// A Trash that can be switched to a free one, which reports each file as moved and leaves it at
+/// its path.
 class SwitchedTrash final : public TrashMover {
  public:
-    /// `isFree` outlives the object.
+    /// `isFree` must outlive this object.
     SwitchedTrash(std::unique_ptr<TrashMover> real, const std::atomic<bool>& isFree)
         : real_(std::move(real)), isFree_(isFree) {}
 
@@ -63,10 +63,10 @@ class SwitchedTrash final : public TrashMover {
     const std::atomic<bool>& isFree_;
 };
 
-/// The machine, but for the Trash.
+/// The real platform except for the Trash.
 class SwitchedPlatform final : public Platform {
  public:
-    /// While no run uses a Trash.
+    /// Call while no run uses a Trash.
     void setTrashFree(bool isFree) { isTrashFree_ = isFree; }
 
     FileSystem& fileSystem() override { return systemPlatform().fileSystem(); }

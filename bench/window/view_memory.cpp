@@ -16,7 +16,7 @@ namespace tarvin::bench {
 
 namespace {
 
-/// Of this process, what it has asked for and not given back, untouched room included.
+/// Memory that this process has allocated and not freed, including unused parts of it.
 std::size_t bytesInUse() {
     const struct mallinfo2 all = ::mallinfo2();
     return all.uordblks + all.hblkhd;

@@ -7,15 +7,15 @@
 
 namespace tarvin::bench {
 
-/// What the views of a result and their models take for themselves, beside the result.
+/// The memory of the views of a result and their models, without the result itself.
 struct ViewMemory {
-    double outline = 0;  ///< bytes a row, everything expanded
-    double files = 0;    ///< bytes a row of a set
+    double outline = 0;  ///< bytes per row, everything expanded
+    double files = 0;    ///< bytes per row of a set
     std::size_t rows = 0;
 };
 
-/// Shows the result in an outline of its own, and as many files as that has rows in a file list of
-/// its own. Main thread, while no other thread takes memory.
+/// Shows the result in a new outline, and as many files as that has rows in a new file list. Main
+/// thread only, while no other thread allocates memory.
 [[nodiscard]] ViewMemory memoryOfViews(const std::shared_ptr<Modal>& modal);
 
 }  // namespace tarvin::bench

@@ -1,5 +1,5 @@
-// Leads the product's window from screen to screen and through scans of a large tree, and measures
-// how long its main thread is ever busy at a stretch, and how often a person sees the scan move.
+// Operates the product's window through all screens and through scans of a large tree, and measures
+// the longest stall of its main thread and the rate of visible progress.
 
 #include "controls/button_hover_complex.h"
 #include "controls/button_hover_simple.h"
@@ -36,7 +36,7 @@ constexpr double longestStretchGoal = 50;  // milliseconds
 constexpr double changesGoal = 10;         // a second
 constexpr std::chrono::milliseconds aMoment{100};
 constexpr std::chrono::milliseconds aLook{400};
-// A result is let go of in the meantime.
+// Long enough for a result to be freed.
 constexpr std::chrono::milliseconds aLongLook{2000};
 
 struct PulseOptions {
@@ -46,13 +46,13 @@ struct PulseOptions {
     int rounds = 3;
 };
 
-/// What all rounds together have shown of one step.
+/// The measurements of one step in all rounds.
 struct StepFigures {
     std::vector<double> longest;
     Stretch worst;
 };
 
-/// What all rounds together have shown of one phase of the scan.
+/// The measurements of one phase of the scan in all rounds.
 struct PhaseFigures {
     std::vector<double> seconds;
     std::vector<double> changes;  ///< in each whole second of each round
@@ -74,14 +74,14 @@ struct PhaseFigures {
     }
 };
 
-/// The way through the window, again and again.
+/// Repeats the way through the window.
 class ScanScenario final {
  public:
     ScanScenario(Heartbeat& heartbeat, std::string tree)
         : heartbeat_(heartbeat), tree_(std::move(tree)) {}
 
     bool run(int rounds) {
-        // How long the program takes to get here is a measurement of its own.
+        // The start of the program is measured by window_start.
         heartbeat_.startAnew();
         heartbeat_.enter("the window comes");
         if (!product_.comes()) {
@@ -158,7 +158,7 @@ class ScanScenario final {
 
     bool goHome(const char* step) {
         heartbeat_.enter(step);
-        // The summary comes first, and the screen behind it takes no click.
+        // The summary covers the screen, which takes no click.
         product_.click(window().informationWindow->scanInforOKBtn);
         if (!Product::until([this] { return !window().informationWindow->isVisible(); })) {
             return false;
@@ -203,7 +203,7 @@ class ScanScenario final {
               static_cast<QAbstractButton*>(window().progress->pauseResume),
               static_cast<QAbstractButton*>(window().progress->stopButton),
               static_cast<QAbstractButton*>(window().cancelYes)}) {
-            // A small tree may be done before.
+            // The scan of a small tree may have ended before.
             if (!isOver()) {
                 product_.click(button);
                 Product::rest(aMoment);

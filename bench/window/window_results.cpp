@@ -1,6 +1,6 @@
-// Leads the product's window through a large result, and measures how long a person waits for each
-// thing that can be done with it, what a row of its views costs, and how long the main thread is
-// ever busy while files are deleted.
+// Operates the product's window with a large result, and measures the delay of each user action,
+// the memory of each row of its views, and the longest stall of the main thread while files are
+// deleted.
 
 #include "controls/button_hover_simple.h"
 #include "controls/button_settings_saved.h"
@@ -50,7 +50,7 @@ constexpr double stretchGoal = 50;
 constexpr double noGoal = 0;
 constexpr double bytesGoal = 64;  // a row
 
-constexpr int times = 10;    // what is done once by a click
+constexpr int times = 10;    // of each action by a click
 constexpr int frames = 200;  // of each way to scroll
 constexpr std::uint64_t deletedFiles = 100'000;
 constexpr std::chrono::milliseconds anInstant{1};
@@ -63,18 +63,18 @@ struct ResultsOptions {
     int rounds = 3;
 };
 
-/// What was measured of one step.
+/// The measurements of one step.
 struct Step {
     std::string name;
     double goal = noGoal;
-    std::vector<double> delays;  ///< from the click to the painted answer, milliseconds
+    std::vector<double> delays;  ///< from the click to the painted effect, milliseconds
 };
 
-/// Takes note when a scan's comparison is over, on a thread of its own: the main thread learns of
-/// it later, and that is a part of the delay.
+/// Records on a background thread when a scan's comparison ends: the main thread is notified later,
+/// which is a part of the delay.
 class ComparisonEnd final {
  public:
-    /// The scan has begun.
+    /// Requires that the scan has begun.
     explicit ComparisonEnd(ScanRun& run)
         : thread_([this, &run] {
               while (run.scanning()) {
@@ -110,7 +110,7 @@ void clickAt(QWidget* widget, const QPoint& place) {
     }
 }
 
-/// The way through a result, again and again.
+/// Repeats the way through a result.
 class ResultScenario final {
  public:
     ResultScenario(Heartbeat& heartbeat, std::string tree)
@@ -142,7 +142,7 @@ class ResultScenario final {
                 return false;
             }
         }
-        // The last: the files are gone then.
+        // Last, because it removes the files.
         platform_.setTrashFree(false);
         return open() && remove("deletion, the real Trash") && goHome();
     }
@@ -189,7 +189,7 @@ class ResultScenario final {
         return steps_.back();
     }
 
-    /// Does something as an event of its own and waits for what is painted then.
+    /// Runs an action as a separate event and waits until its effect is painted.
     template <class Action>
     bool measure(const std::string& name, double goal, PaintWatch& answer, Action action) {
         heartbeat_.enter(name);
@@ -276,7 +276,7 @@ class ResultScenario final {
     }
 
     void toggle() {
-        // Sets all over the list.
+        // Sets distributed over the list.
         for (int turn = 0; turn < times; ++turn) {
             const int extension = static_cast<int>(extensions_ - 1) * turn / times;
             const QModelIndex above = results().tree().indexOfExtension(extension);
@@ -374,7 +374,7 @@ class ResultScenario final {
         rest(aMoment);
     }
 
-    /// Whole extensions, until enough is marked.
+    /// Marks whole extensions, until enough files are marked.
     void markForDeletion() {
         constexpr std::size_t few = 1000;
         if (extensions_ > few) {

@@ -1,6 +1,5 @@
-// Measures how long a person waits for the result who stops a scan in the middle of large files,
-// which really are on the disk and are read from there: from the press of "Stop" over the press of
-// "Yes" to the painted result.
+// Measures the delay of stopping a scan in the middle of large files that are read from the disk:
+// from "Stop" and from "Yes" to the painted result.
 
 #include "controls/button_hover_simple.h"
 #include "controls/button_settings_saved.h"
@@ -51,7 +50,7 @@ struct Delays {
     std::vector<double> both;      ///< from "Stop" to the painted result, "Yes" at once
 };
 
-/// Two equal files, so that a scan has to read both to their ends.
+/// Two equal files, which a scan has to read to their ends.
 class Films final {
  public:
     /// In a new folder `folder`.
@@ -62,13 +61,13 @@ class Films final {
     [[nodiscard]] const std::string& folder() const { return folder_; }
     [[nodiscard]] std::uint64_t bytes() const { return 2 * bytes_; }
 
-    /// False if there is no room for them.
+    /// Returns false if there is not enough space.
     [[nodiscard]] bool write() const {
         return std::filesystem::space(folder_).available > bytes() + gibibyte && write(first()) &&
                write(second());
     }
 
-    /// The next reader gets them from the disk.
+    /// Drops them from the page cache.
     void forget() const {
         for (const std::string& path : {first(), second()}) {
             const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
@@ -102,12 +101,12 @@ class Films final {
     const std::uint64_t bytes_;  // of one
 };
 
-/// Scans and stops, again and again.
+/// Repeats scans and stops.
 class StopRounds final {
  public:
     explicit StopRounds(const Films& films) : films_(films) {}
 
-    /// Each round stops further on, the last in the middle of all bytes.
+    /// Each round stops later, the last after half of all bytes.
     bool run(int rounds) {
         for (int round = 1; round <= rounds; ++round) {
             const auto part = static_cast<std::uint64_t>(round);
@@ -158,7 +157,7 @@ class StopRounds final {
         const SteadyClock::time_point shown = SteadyClock::now();
         delays_.answer.push_back(milliseconds(shown - answered));
         delays_.both.push_back(milliseconds(shown - pressed));
-        // Otherwise it was over before.
+        // Otherwise the scan had ended before.
         return product_.delegate().scan().run().wasStopped() &&
                product_.delegate().scan().run().bytesRead() < films_.bytes();
     }
