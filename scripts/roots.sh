@@ -7,7 +7,7 @@ sourcesInRoot=/srv/tarvin
 cacheInRoot=/srv/ccache
 
 # Fills a folder with the minimal system of a release ("bookworm"), or with a copy of the folder
-# $TARVIN_MINIMAL_ROOT, and mounts /proc and the like. $TARVIN_COMPILER_CACHE, if set, becomes its
+# $TARVIN_MINIMAL_ROOT, and mounts /proc, /sys and /dev. $TARVIN_COMPILER_CACHE, if set, becomes its
 # ccache folder. The caller must be in its own mount namespace and end with leaveRoot.
 makeRoot() {
     local release=$1 folder=$2 log=$2.log
