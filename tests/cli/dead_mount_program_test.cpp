@@ -17,7 +17,7 @@ constexpr std::chrono::milliseconds promptly{5000};
 constexpr std::chrono::milliseconds promptly{1000};
 #endif
 
-/// A tree with a folder whose file system never answers.
+/// A tree with a folder whose file system never responds.
 class DeadMountTest : public ::testing::Test {
  protected:
     void SetUp() override {

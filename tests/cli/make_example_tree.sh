@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes a small tree of photos, music and papers with copies among them. The same files with the
-# same contents and dates every time.
+# Makes a small tree of photos, music and papers with duplicates. Contents and dates are the same each
+# time.
 set -euo pipefail
 
 if (($# != 1)); then
@@ -10,11 +10,11 @@ fi
 mkdir -p -- "$1"
 cd -- "$1"
 
-# Makes a file of the given size that repeats a text of its own.
+# Makes a file of the given size that repeats the text.
 makeFile() {
     local path=$1 size=$2 text=$3
     mkdir -p -- "$(dirname -- "$path")"
-    # The reader ends first, which is what it is there for.
+    # head ends first, and yes with SIGPIPE.
     { yes "$text" || true; } 2>/dev/null | head -c "$size" >"$path"
 }
 
@@ -29,7 +29,7 @@ makeFile 'Photos/2025 Summer/lighthouse.png' 61000 'red and white'
 copyFile 'Photos/2025 Summer/beach.jpg' 'Photos/Best of/beach.jpg'
 copyFile 'Photos/2025 Summer/beach.jpg' 'Photos/Best of/beach (1).JPG'
 copyFile 'Photos/2025 Summer/lighthouse.png' 'Desktop/lighthouse copy.png'
-# As large as another, and yet different.
+# Has the size of another file and other bytes.
 makeFile 'Photos/Best of/market.jpg' 52000 'fruit at noon'
 
 makeFile 'Music/Album/01 Morning.mp3' 96000 'a slow beginning'
@@ -43,7 +43,7 @@ copyFile 'Papers/letter.pdf' 'Papers/Old/letter.pdf'
 : >'Papers/empty.txt'
 : >'Papers/Old/empty.txt'
 
-# A name without an extension, which no scan looks at.
+# Without an extension: skipped by scans.
 copyFile 'Papers/letter.pdf' 'Papers/README'
 
 find . -exec touch -h -d '2026-01-31T12:00:00Z' {} +

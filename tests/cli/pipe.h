@@ -51,7 +51,7 @@ class Pipe final {
         return all;
     }
 
-    /// Blocks until `text` has come. Returns everything up to it.
+    /// Blocks until `text` has been read. Returns everything up to it.
     [[nodiscard]] std::string readUntil(const std::string& text) const {
         std::string all;
         while (all.find(text) == std::string::npos) {

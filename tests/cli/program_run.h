@@ -56,7 +56,7 @@ class ProgramRun final {
     /// Sends two different signals, which cannot be merged, and returns when the program has taken
     /// both from its queue.
     void sendTwo(int first, int second) const;
-    /// Returns when `text` has come from its standard error, or the program has ended.
+    /// Blocks until `text` is in its standard error, or the program has ended.
     void waitForError(const std::string& text);
     /// Returns when the program has ended.
     ProgramResult wait();

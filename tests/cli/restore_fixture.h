@@ -21,10 +21,10 @@
 
 namespace tarvin {
 
-/// Photos and a home of the test's own, with its Trash; files are cleaned up and put back.
+/// Photos and a separate home with its Trash; files are cleaned up and put back.
 class RestoreFixture : public testing::Test {
  protected:
-    /// What is at a path.
+    /// A file's content and date.
     struct Entry {
         std::string content;
         std::filesystem::file_time_type date;
@@ -61,7 +61,7 @@ class RestoreFixture : public testing::Test {
             "data/Tarvin Software/Tarvin Duplicate File Remover/clean-ups.sqlite");
     }
 
-    /// Writes files whose bytes are the same, each with a date of its own.
+    /// Writes files with the same bytes and different dates.
     void writeEqual(const std::vector<std::string>& names,
                     const std::string& content = "equal file") const {
         int day = 0;
@@ -72,7 +72,7 @@ class RestoreFixture : public testing::Test {
         }
     }
 
-    /// Cleans up; the paths of what was moved, in order.
+    /// Cleans up; returns the paths of the moved files, in order.
     // NOLINTNEXTLINE(modernize-use-nodiscard)
     std::vector<std::string> clean() const {
         const ProgramResult result = tarvin({"clean", "--yes", "--format", "json", photos()});
@@ -106,7 +106,7 @@ class RestoreFixture : public testing::Test {
             << text;
     }
 
-    /// Gives the journal a version of its schema that only a newer program can know.
+    /// Sets the version of the journal's schema to one of a newer program.
     void makeJournalNewer() const {
         std::fstream file(journal(), std::ios::in | std::ios::out | std::ios::binary);
         // The last of the four bytes of the user version in the header of a database.

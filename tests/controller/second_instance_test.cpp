@@ -8,7 +8,7 @@
 namespace tarvin {
 namespace {
 
-/// A first instance that comes to the front and takes no folders; this one is the second.
+/// A first instance that raises its window and takes no folders; this one is the second.
 class BusyFirstInstance final : public RunningInstances {
  public:
     Result<RunningInstance> join(InstanceRequests /*requests*/) override {
@@ -29,7 +29,7 @@ class BusyFirstInstance final : public RunningInstances {
     std::vector<std::string> offered;
 };
 
-/// What Qt is asked to log while this lives. One at a time.
+/// Collects the messages logged by Qt during its lifetime. One at a time.
 class Logged final {
  public:
     Logged() {

@@ -108,7 +108,7 @@ TEST_F(ThumbnailsTest, OfTheFileAskedForLastIsMadeFirst) {
         EXPECT_TRUE(thumbnails.of(path).isNull());
     }
     waitFor(3);
-    // The first was in progress when the others came.
+    // The first was in progress when the others were requested.
     EXPECT_EQ(arrived(), (std::vector<std::string>{paths[0], paths[2], paths[1]}));
 }
 

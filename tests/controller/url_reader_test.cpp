@@ -33,7 +33,7 @@ class UrlReaderTest : public ::testing::Test {
         return urlReaderFor(QString::fromStdString(path), bounds);
     }
 
-    /// The thread begins; join() tells what it has read.
+    /// Starts reading on a background thread; join() returns the result.
     void begin(const UrlReader& reading, const QString& address) {
         done_ = false;
         bytes_ = "nothing yet";
@@ -79,7 +79,7 @@ TEST_F(UrlReaderTest, HasAnEmptyAnswerToo) {
     EXPECT_EQ(read(byTheProgram(), server.address()), QByteArray());
 }
 
-/// Nothing of it reaches the bound on the body.
+/// The limit of the body does not apply to the header.
 TEST_F(UrlReaderTest, EndsInTimeWhileTheHeadOfTheAnswerGoesOn) {
     QTimer lines;
     LoopbackServer server([&](QTcpSocket& connection) {

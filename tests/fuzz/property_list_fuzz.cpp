@@ -49,8 +49,7 @@ void check(std::string_view bytes) {
     }
     static_cast<void>(list->signedNumber("deletedCount"));
     static_cast<void>(list->number("deletedSize"));
-    // libplist 2.2 goes on to fill an outermost array that closes itself; the check does not count
-    // it.
+    // libplist 2.2 still fills an outermost array that closes itself; the check does not count it.
     if (levelsOf(list->xml()) > tarvin::maxPropertyListDepth + 1) {
         fail("more levels than the limit");
     }

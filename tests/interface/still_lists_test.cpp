@@ -25,7 +25,7 @@ struct Act {
     std::function<void()> done;
 };
 
-/// Lists do not scroll horizontally, whatever the user does.
+/// Lists do not scroll horizontally on any input.
 class StillLists : public ShownWindow {
  protected:
     ~StillLists() override {

@@ -54,8 +54,8 @@ class TimeZone final {
     }
 };
 
-/// Files and a home Trash in a temporary folder on one file system. The clock stands still until it
-/// is advanced.
+/// Files and a home Trash in a temporary folder on one file system. The clock changes only when the
+/// test advances it.
 class TrashFixture : public ::testing::Test {
  protected:
     /// The temporary folder is created in `parent`.

@@ -16,7 +16,7 @@
 namespace tarvin {
 namespace {
 
-/// Compares files of one size and checks what is known at certain points of the reading.
+/// Compares files of one size and checks the results at certain points of the reading.
 class ComparisonOfOneClass : public ::testing::Test {
  protected:
     static constexpr std::size_t fileBytes = 200'000;

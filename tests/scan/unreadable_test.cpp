@@ -23,7 +23,7 @@ using namespace std::chrono_literals;
 
 using Reported = std::vector<std::pair<std::string, int>>;
 
-/// What a scan of a tree reports as unreadable.
+/// Checks the folders and files that a scan of a tree reports as unreadable.
 class UnreadableTest : public ::testing::Test {
  protected:
     const UnreadableReport& scan() {

@@ -28,7 +28,7 @@ class ComparisonFixture final : public ScanObserver {
         return addPath(folder_.writeFile(name, content), content.size());
     }
 
-    /// Appends a file with a recorded size to the list, whatever is at the path.
+    /// Appends a file with a recorded size to the list; does not access the path.
     File* addPath(const std::string& path, std::uint64_t recordedSize) {
         const std::size_t slash = path.rfind('/');
         const Directory* directory = store_->addRoot(std::string_view(path).substr(0, slash));

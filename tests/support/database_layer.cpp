@@ -10,7 +10,7 @@ struct DatabaseLayer::Vfs {
 
 namespace {
 
-// Static, since not every callback of SQLite has room for a pointer of our own.
+// Static, since not every callback of SQLite has a parameter for user data.
 
 DatabaseLayer* active = nullptr;
 sqlite3_vfs* below = nullptr;

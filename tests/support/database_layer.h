@@ -19,9 +19,9 @@ enum class DatabaseCall {
     removeUnsynced  ///< without a sync of the folder
 };
 
-/// A pass-through layer between SQLite and the file system, in place as long as the object lives:
-/// databases opened meanwhile go through it. Only one at a time, created before and destroyed after
-/// those databases. Calls come on the thread that uses the database.
+/// A pass-through layer between SQLite and the file system, for databases opened during its
+/// lifetime. Only one at a time, created before and destroyed after those databases. Called on the
+/// thread that uses the database.
 class DatabaseLayer {
  public:
     DatabaseLayer(const DatabaseLayer&) = delete;

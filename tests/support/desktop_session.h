@@ -17,7 +17,7 @@ class DesktopSession final {
                        " XDG_DATA_HOME=" + quoted(home.pathOf("data")) +
                        " XDG_RUNTIME_DIR=" + quoted(home.makeFolder("run")) + " LC_ALL=C.UTF-8") {}
 
-    /// Runs shell commands with a D-Bus session of their own.
+    /// Runs shell commands with a new D-Bus session.
     [[nodiscard]] CommandResult run(const std::string& commands) const {
         return runCommand(environment_ + " timeout --kill-after=5 60 dbus-run-session -- sh -c " +
                           quoted(commands));

@@ -22,7 +22,7 @@ class FakeRunningInstances final : public RunningInstances {
         others_ = std::move(others);
         thisInstance_ = thisInstance;
     }
-    /// Like setOthers(), but they start just before this process joins.
+    /// The same as setOthers(), but they start just before this process joins.
     void letOthersComeFirst(std::vector<RunningInstance> others, RunningInstance thisInstance) {
         comingFirst_ = std::move(others);
         thisInstance_ = thisInstance;

@@ -18,7 +18,7 @@ class FaultyDatabase final : public DatabaseLayer {
 
     /// Of the following calls that this fault can hit, the one with this number, from 0, fails.
     void failOnce(std::size_t number, Fault fault);
-    /// Whether that call has come.
+    /// Whether that call was made.
     [[nodiscard]] bool hasFailed() const { return hasFailed_; }
     /// No call fails from now on.
     void heal() { left_.reset(); }

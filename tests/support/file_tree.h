@@ -101,7 +101,7 @@ class FileTree final {
         ::close(folder);
     }
 
-    /// Removes the folder at `path` with everything in it, whatever its depth.
+    /// Removes the folder at `path` with everything in it, at any depth.
     static void removeTree(const std::string& path) {
         int folder = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
         if (folder < 0) {

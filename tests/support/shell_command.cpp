@@ -36,8 +36,8 @@ class OwnedFile final {
     int descriptor_;
 };
 
-/// Starts /bin/sh in a process group of its own; -1 on failure. Spawned rather than forked: a test
-/// may have threads.
+/// Starts /bin/sh in a new process group; -1 on failure. Spawned rather than forked: a test may
+/// have threads.
 pid_t startShell(std::string line, int output) {
     std::string shell = "sh";
     std::string option = "-c";

@@ -11,7 +11,7 @@ struct CommandResult {
 
 /// Runs `command` with /bin/sh in the project's root, with empty standard input, and waits until
 /// the shell has ended. Then kills the processes of its group that are left, so that none outlives
-/// the test. A daemon that has left the group goes on; its output is not waited for.
+/// the test. A daemon that has left the group continues; its output is not waited for.
 [[nodiscard]] CommandResult runCommand(const std::string& command);
 
 }  // namespace tarvin

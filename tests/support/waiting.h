@@ -46,7 +46,7 @@ bool waitUntil(const Condition& condition) {
         if (std::chrono::steady_clock::now() > limit) {
             return false;
         }
-        // Longer, and the tests that interrupt a program while it moves files come too late.
+        // With a longer one, tests that interrupt a program while it moves files would be too late.
         constexpr timespec interval{0, 1'000'000};
         ::nanosleep(&interval, nullptr);
     }

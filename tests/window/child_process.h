@@ -15,20 +15,20 @@ class ChildProcess final {
     using Words = std::vector<std::string>;
     using Environment = std::map<std::string, std::string>;
 
-    /// Starts the program that `words` begins with, looked for in PATH. What it prints goes to two
-    /// new files, `outputs` with ".output" and with ".errors". `environment` is added to the test's
-    /// own.
+    /// Starts the program named by the first of `words`, searched in PATH. Its output is written to
+    /// two new files, `outputs` with ".output" and with ".errors". `environment` is added to that
+    /// of the test.
     ChildProcess(Words words, std::string outputs, const Environment& environment = {});
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
     ~ChildProcess();
 
     [[nodiscard]] pid_t pid() const { return process_; }
-    /// What it has printed so far.
+    /// The output so far.
     [[nodiscard]] std::string output() const;
     [[nodiscard]] std::string errors() const;
-    /// The first line of its output, without its end; a failure of the test, and empty, if none
-    /// comes in time.
+    /// The first line of its output, without the newline. If there is none in time, the test fails
+    /// and the result is empty.
     [[nodiscard]] std::string firstLine() const;
 
     [[nodiscard]] bool runs();

@@ -169,7 +169,7 @@ struct SwapFigures {
     std::size_t rounds = 0;
     std::size_t made = 0;       ///< rounds in which the change was made
     std::size_t moved = 0;      ///< the marked file was moved, correctly
-    std::uint64_t lost = 0;     ///< no living copy of the content
+    std::uint64_t lost = 0;     ///< no file with the content is left outside the Trash
     std::uint64_t foreign = 0;  ///< other bytes are in the Trash
     int refusal = 0;
 };

@@ -43,7 +43,7 @@ struct Losses {
     std::uint64_t trashInfos = 0;  ///< files in the Trash without a complete .trashinfo file
     std::uint64_t rows = 0;        ///< files in the Trash without a journal row, or rows without
                                    ///< a file
-    std::uint64_t totals = 0;      ///< 1 if the lifetime totals are not what is in the Trash
+    std::uint64_t totals = 0;      ///< 1 if the lifetime totals differ from the files in the Trash
 
     [[nodiscard]] std::uint64_t sum() const {
         return contents + files + trashInfos + rows + totals;
