@@ -12,7 +12,7 @@
 
 namespace tarvin {
 
-/// A result on the screen, and deletions that can be held at a file.
+/// A result on the screen, and deletions that can be blocked at a file.
 class DeletionFixture : public ResultFixture {
  protected:
     /// Blocks the run before the first stat of a file whose path contains `part`.

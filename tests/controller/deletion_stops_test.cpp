@@ -284,7 +284,7 @@ TEST_P(DeletionStopAtEachSet, FinishesTheCurrentSet) {
     expectDone(GetParam() + 1);
 }
 
-/// Paused before a set, it still does that set; paused before an extension, it does nothing more.
+/// If paused before a set, it still moves that set; before an extension, it moves nothing more.
 TEST_P(DeletionStopAtEachSet, AnsweredDuringAPauseStillMovesTheNextSet) {
     click("stopDeleteBtn");
     barrier.open();

@@ -120,7 +120,7 @@ TEST_F(FileDialogsTest, AnswerWithAPathThatWasTypedInFull) {
     EXPECT_EQ(chosen, Paths{path});
 }
 
-/// Qt also selects the folders above it if its field does not have the focus meanwhile.
+/// Qt also selects the folders above it if its field does not have the focus.
 TEST_F(FileDialogsTest, AnswerWithAPathAndNotWithTheFoldersAboveIt) {
     const std::string path = folder.makeFolder("albums/summer/june");
     for (const char* shown : {"", "albums", "albums/summer", "albums/summer/june"}) {

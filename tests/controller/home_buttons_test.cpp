@@ -15,7 +15,7 @@
 namespace tarvin {
 namespace {
 
-/// The effect of the start and of returning home on controls and stored settings.
+/// The effects of the start and of returning home on controls and stored settings.
 class StartAndHome : public ProductFixture {
  protected:
     void SetUp() override { launch(); }

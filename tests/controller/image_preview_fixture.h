@@ -39,7 +39,7 @@ inline bool isNear(QColor color, QColor expected) {
            std::abs(color.blue() - expected.blue()) < 40;
 }
 
-/// Previews of the test's own files, made by the built preview program.
+/// Previews of files of the test, made by the built preview program.
 class ImagePreviewFixture : public ::testing::Test {
  protected:
     // A field with the proportions of the window's, in points.

@@ -21,7 +21,7 @@ namespace {
 constexpr std::chrono::milliseconds soonEnough{500};
 constexpr int patience = 20'000;
 
-/// A reading by the product's program, or by one of the test's own, on another thread.
+/// Reads by the product's program, or by one of the test, on a background thread.
 class UrlReaderTest : public ::testing::Test {
  protected:
     static UrlReader byTheProgram(ReadBounds bounds = {}) {

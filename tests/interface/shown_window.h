@@ -20,7 +20,7 @@ namespace tarvin {
 class ShownWindow : public testing::Test {
  protected:
     ShownWindow() {
-        // Nothing must be hovered by chance.
+        // No widget may be hovered accidentally.
         QCursor::setPos(-100, -100);
         // Tests click sooner after a change of screens than users.
         QApplication::setDoubleClickInterval(0);

@@ -93,7 +93,7 @@ class StillLists : public ShownWindow {
         EXPECT_EQ(list.horizontalScrollBar()->value(), 0) << when;
     }
 
-    /// After each action the header looks as before, and the rows as if painted now.
+    /// After each action the header is unchanged, and the rows are as in a new painting.
     void expectStill(QAbstractItemView& list, QHeaderView& header, const std::vector<Act>& acts) {
         const QImage titles = onScreen(header);
         expectNoRange(list, "at first");
