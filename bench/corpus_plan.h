@@ -16,7 +16,7 @@ struct CorpusRequest {
     CorpusKind kind = CorpusKind::small;
     std::uint64_t seed = 1;
     double scale = 1;                            ///< times the kind's own number of files
-    std::optional<std::uint64_t> files;          ///< exactly so many files, whatever the scale
+    std::optional<std::uint64_t> files;          ///< exactly so many files, at any scale
     std::optional<std::uint64_t> copiesPercent;  ///< instead of the kind's own share of copies
 };
 

@@ -15,8 +15,7 @@ struct Alert {
     int escapeButton = 0;  ///< the one that Esc presses: the harmless one
 };
 
-/// Shows alerts over the window. Asynchronous: scans go on meanwhile. Main thread only. Tests
-/// replace it.
+/// Shows alerts over the window. Asynchronous: scans continue. Main thread only. Tests replace it.
 class Alerts {
  public:
     /// Identifies one alert of this process; never 0.

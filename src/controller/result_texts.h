@@ -88,7 +88,7 @@ class ResultTexts final {
 
     // Exceptions.
 
-    /// Before marked files are excluded. `exact`: they come from a scan for identical files.
+    /// Before marked files are excluded. `exact`: found by a scan for identical files.
     [[nodiscard]] static QString exceptionQuestion(bool exact);
     [[nodiscard]] static QString exceptionsAdded(std::int64_t files);
     [[nodiscard]] static QString removeExceptionsQuestion();

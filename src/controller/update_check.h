@@ -47,7 +47,8 @@ class UpdateCheck final : public QObject {
     [[nodiscard]] std::optional<QString> checkForupUpdates(const std::stop_token& stop) const;
 
     /// Checks on a background thread and offers an update. With a sender, the window takes no input
-    /// meanwhile, and a notice says if there is none. Only one check with a sender at a time.
+    /// during the check, and a notice says if there is none. Only one check with a sender at a
+    /// time.
     void showIfUpdateAvailable(const QObject* sender = nullptr);
 
     /// The check without a sender.

@@ -16,7 +16,7 @@ class ButtonHoverComplex final : public PaintedButton {
  public:
     explicit ButtonHoverComplex(QWidget* parent = nullptr);
 
-    /// Keeps both images and paints only `normal`: its pixmap of width 110 as it is, if it has one,
+    /// Keeps both images and paints only `normal`: its pixmap of width 110 unscaled, if it has one,
     /// otherwise resized to 110 x 110.
     void setImageNormal(const QIcon& normal, const QIcon& arrow);
     [[nodiscard]] const QIcon& normalImage() const { return normalImage_; }

@@ -97,7 +97,7 @@ class MainWindow final : public QWidget {
     DeletionPanel* const deletionPreview;
     ListPanel* const keptWindow;  ///< the files that a clean-up did not move
     /// The panels of "Put Back Last Clean-up…", in this order; `informationWindow` instead if there
-    /// is nothing to put back or every file came back.
+    /// is nothing to put back or every file was put back.
     PutBackPanel* const putBackWindow;
     PutBackProgress* const putBackProgress;
     PutBackReport* const putBackReport;

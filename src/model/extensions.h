@@ -18,7 +18,7 @@ namespace tarvin {
 /// A set belongs to one extension and keeps that extension's sums of marks current, so the cost of
 /// an operation on one set does not depend on the number of sets. An extension that was given a set
 /// of another one, or one of its own sets twice, is still correct, but walks all its sets for each
-/// sum until setSets() gives it sets of its own.
+/// sum until setSets() gives it other sets.
 class Extensions final {
  public:
     /// `name` is in lower case, as the scan derives it, for example "jpg". Native bytes.

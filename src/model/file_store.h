@@ -40,7 +40,7 @@ class FileStore final : public std::enable_shared_from_this<FileStore> {
     /// Returns a reference that keeps the whole store alive. Does not allocate.
     [[nodiscard]] std::shared_ptr<File> share(File* file);
 
-    /// Creates a file with a store of its own, for callers without a scan.
+    /// Creates a file with a separate store, for callers without a scan.
     [[nodiscard]] static std::shared_ptr<File> standalone(
         std::string_view path, std::uint64_t fileSize,
         std::optional<Timestamp> modified = std::nullopt,

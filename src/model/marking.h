@@ -66,7 +66,7 @@ struct ButtonStates {
     bool operator==(const ButtonStates&) const = default;
 };
 
-/// The states that follow from a list. `exact`: it comes from a scan for identical files.
+/// The states that follow from a list. `exact`: found by a scan for identical files.
 /// `current`: the view that is shown, if any.
 [[nodiscard]] ButtonStates buttonStatesFor(const Modal& modal, bool exact,
                                            std::optional<ResultView> current);

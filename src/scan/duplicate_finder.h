@@ -36,7 +36,7 @@ class DuplicateFinder final {
     ~DuplicateFinder();
 
     /// Returns the sets among `list`, whose files are owned by `store`. Files keep their order: the
-    /// first file of a set is the one that comes first in the list, and sets and extensions follow
+    /// first file of a set is the first one in the list, and sets and extensions follow
     /// the order of their first files. A file that cannot be read is in no set.
     ///
     /// `processed` counts a file when it is decided whether it has equals; the list is empty at the

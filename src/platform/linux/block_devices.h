@@ -9,7 +9,7 @@ namespace tarvin {
 
 // Properties of the disks under a file system, from sysfs. `device` is an `st_dev`. A stacked
 // volume (encryption, LVM, RAID) counts as its disks, a partition as its disk. A device number
-// without a block device (btrfs and the like) is looked up in the mount table, which may be long:
+// without a block device (btrfs, for example) is looked up in the mount table, which may be long:
 // call once per device. Unknown counts as false. Any thread.
 
 /// Whether a disk under the file system is rotational. For a btrfs subvolume: whether any btrfs

@@ -42,8 +42,8 @@ int refusalOf(int descriptor) {
 }
 
 /// `type` is F_RDLCK, F_WRLCK or F_UNLCK. Locks one byte on behalf of the open file, not of the
-/// process: the system then releases it with this descriptor, whatever else the process closes, and
-/// two descriptors exclude each other.
+/// process: the system then releases it only with this descriptor, and two descriptors exclude each
+/// other.
 int lockByte(int descriptor, std::uint64_t number, short type) {
     struct flock range{};
     range.l_type = type;
