@@ -18,8 +18,8 @@ class SingleInstance final : public QObject {
     Q_OBJECT
 
  public:
-    /// Joins the other instances. Their requests are queued until listen(). `instances` must outlive
-    /// this object.
+    /// Joins the other instances. Their requests are queued until listen(). `instances` must
+    /// outlive this object.
     explicit SingleInstance(RunningInstances& instances);
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
