@@ -201,7 +201,7 @@ RestoreCommand::Chosen RestoreCommand::chooseNumbered(PutBack* putBack) const {
             return *cleanUp;
         }
     }
-    return refuse("unknown clean-up " + quotedName(*number_) +
+    return refuse("unknown clean-up " + quotedName(number_.value_or("")) +
                       "; 'tarvin restore --list' lists the known ones",
                   helpCommand);
 }

@@ -178,8 +178,8 @@ TEST(CommandLine, ChecksFoldersAndReportsOtherArguments) {
     EXPECT_TRUE(LocationRows(window).isChecked("Films"));
     EXPECT_FALSE(LocationRows(window).has("letter.txt"));
     window.waitForButton("Scan", true);
-    EXPECT_EQ(product->errors(), "tarvin-duplicate-file-remover: cannot add '" + file +
-                                     "': Not a directory\n");
+    EXPECT_EQ(product->errors(),
+              "tarvin-duplicate-file-remover: cannot add '" + file + "': Not a directory\n");
 }
 
 }  // namespace
