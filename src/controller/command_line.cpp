@@ -16,12 +16,6 @@ bool isDisplayOption(std::string_view word) {
     return word == "-platform" || word == "--platform" || word == "-display" || word == "--display";
 }
 
-/// 'word', or $'...' if the word could disturb a terminal.
-std::string quoted(const std::string& word) {
-    const std::string shown = shownName(word);
-    return shown == word ? "'" + word + "'" : shown;
-}
-
 }  // namespace
 
 CommandLine readCommandLine(std::span<const char* const> arguments) {
@@ -46,14 +40,14 @@ CommandLine readCommandLine(std::span<const char* const> arguments) {
 }
 
 std::string helpText() {
-    return "Finds byte-for-byte identical files and moves copies to the Trash.\n"
+    return "Find byte-for-byte identical files and move copies to the Trash.\n"
            "\n"
            "Usage: tarvin-duplicate-file-remover [OPTION]... [FOLDER]...\n"
            "\n"
            "Adds each FOLDER to the list of locations, checked.\n"
            "\n"
            "Options:\n"
-           "  -h,--help    Print this text and exit\n"
+           "  -h, --help   Print help and exit\n"
            "  --version    Print the version and exit\n"
            "\n"
            "Qt options such as -platform and -style are also accepted.\n"
@@ -62,7 +56,7 @@ std::string helpText() {
 
 std::string unknownOptionText(const std::string& option) {
     const std::string name = programName;
-    return name + ": unknown option " + quoted(option) + "\nTry '" + name + " --help'.\n";
+    return name + ": unknown option " + quotedName(option) + "\nTry '" + name + " --help'.\n";
 }
 
 std::vector<std::string> givenFolders(const std::vector<std::string>& folders,
@@ -79,7 +73,7 @@ std::vector<std::string> givenFolders(const std::vector<std::string>& folders,
                                    : failure ? failure.message()
                                              : SystemError{ENOTDIR}.text();
         errors +=
-            std::string(programName) + ": cannot add " + quoted(folder) + ": " + reason + '\n';
+            std::string(programName) + ": cannot add " + quotedName(folder) + ": " + reason + '\n';
     }
     return paths;
 }

@@ -92,6 +92,7 @@ std::string quotedName(std::string_view name) {
     const bool isQuotable = isPlain(name) && name.find('\'') == std::string_view::npos;
     return isQuotable ? std::string("'").append(name).append("'") : inShellNotation(name);
 }
+
 std::string printable(std::string_view text) {
     return replaced(text, "?");
 }

@@ -76,5 +76,13 @@ TEST(GivenFolders, EscapesNamesForTheTerminal) {
               "directory\n");
 }
 
+TEST(GivenFolders, QuoteANameWithAnApostrophe) {
+    std::string errors;
+    EXPECT_EQ(givenFolders({"/Ann's"}, errors), Words{});
+    EXPECT_EQ(errors,
+              "tarvin-duplicate-file-remover: cannot add $'/Ann\\'s': No such file or "
+              "directory\n");
+}
+
 }  // namespace
 }  // namespace tarvin

@@ -37,14 +37,14 @@ TEST_F(StartWithoutADisplay, PrintsHelp) {
         EXPECT_EQ(result.status, 0);
         EXPECT_EQ(result.errors, "");
         EXPECT_EQ(result.output,
-                  R"(Finds byte-for-byte identical files and moves copies to the Trash.
+                  R"(Find byte-for-byte identical files and move copies to the Trash.
 
 Usage: tarvin-duplicate-file-remover [OPTION]... [FOLDER]...
 
 Adds each FOLDER to the list of locations, checked.
 
 Options:
-  -h,--help    Print this text and exit
+  -h, --help   Print help and exit
   --version    Print the version and exit
 
 Qt options such as -platform and -style are also accepted.
