@@ -25,11 +25,16 @@ class ScanControl final {
 
     void setStop(bool stop) { stop_.store(stop, std::memory_order_release); }
 
+    /// Sets the stop and clears the pause, so that waiting workers see it.
+    void requestStop() {
+        setStop(true);
+        setPause(false);
+    }
+
     /// Stops the scan because memory ran out.
     void stopForLackOfMemory() {
         outOfMemory_.store(true, std::memory_order_release);
-        setStop(true);
-        setPause(false);
+        requestStop();
     }
 
     /// Blocks while the scan is paused. Costs one load if it is not.

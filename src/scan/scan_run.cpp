@@ -91,9 +91,7 @@ void ScanRun::requestStop() {
     if (scanning_) {
         wasStopped_ = true;
     }
-    ScanControl& control = work()->control();
-    control.setStop(true);
-    control.setPause(false);
+    work()->control().requestStop();
 }
 
 void ScanRun::homeCleanup() {

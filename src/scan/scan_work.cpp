@@ -90,8 +90,7 @@ bool ScanWork::endWorkers(std::chrono::milliseconds patience) {
 
 void ScanWork::leaveBehind() {
     leftBehind_ = true;
-    control_.setStop(true);
-    control_.setPause(false);
+    control_.requestStop();
     observer_.cut();
     pool_.abandon();
 }

@@ -631,5 +631,23 @@ TEST_F(ScanRunTest, StopAtAnyMomentLeavesOnlyEqualFilesInSets) {
     EXPECT_GT(stoppedEarly, 0U);
 }
 
+/// The scan may replace its work at the moment of the request. For the thread and address sanitizers.
+TEST_F(ScanRunTest, StopMayBeRequestedWhileTheWorkIsReplaced) {
+    Recorder recorder;
+    ScanRun run(platform_, recorder, settings());
+    std::atomic<bool> ended{false};
+    std::thread owner([&run, &ended] {
+        for (int count = 0; count < 500; ++count) {
+            run.homeCleanup();
+        }
+        ended = true;
+    });
+    while (!ended) {
+        run.requestStop();
+    }
+    owner.join();
+    EXPECT_FALSE(run.wasStopped());
+}
+
 }  // namespace
 }  // namespace tarvin
