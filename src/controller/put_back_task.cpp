@@ -11,9 +11,7 @@
 #include "interface/about_panel.h"
 #include "interface/list_table.h"
 #include "interface/main_window.h"
-#include "interface/put_back_panel.h"
-#include "interface/put_back_progress.h"
-#include "interface/put_back_report.h"
+#include "interface/put_back_panels.h"
 #include "interface/result_screen.h"
 #include "interface/text_block.h"
 

@@ -2,9 +2,7 @@
 
 #include "controller/deletion_fixture.h"
 #include "interface/list_table.h"
-#include "interface/put_back_panel.h"
-#include "interface/put_back_progress.h"
-#include "interface/put_back_report.h"
+#include "interface/put_back_panels.h"
 #include "support/file_content.h"
 
 #include <unistd.h>

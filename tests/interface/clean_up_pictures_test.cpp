@@ -11,9 +11,7 @@
 #include "interface/list_table.h"
 #include "interface/picture_view.h"
 #include "interface/pictures_of_window.h"
-#include "interface/put_back_panel.h"
-#include "interface/put_back_progress.h"
-#include "interface/put_back_report.h"
+#include "interface/put_back_panels.h"
 #include "interface/some_results.h"
 #include "interface/text_block.h"
 

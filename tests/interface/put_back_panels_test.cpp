@@ -1,10 +1,9 @@
+#include "interface/put_back_panels.h"
+
 #include "controls/elided_label.h"
 #include "controls/hover_button.h"
 #include "controls/progress_bar.h"
 #include "interface/list_table.h"
-#include "interface/put_back_panel.h"
-#include "interface/put_back_progress.h"
-#include "interface/put_back_report.h"
 #include "interface/shown_window.h"
 #include "interface/text_block.h"
 
