@@ -2,8 +2,8 @@
 
 #include "controller/result_texts.h"
 #include "controls/hover_button.h"
-#include "interface/exception_panel.h"
 #include "interface/main_window.h"
+#include "interface/result_panels.h"
 #include "interface/result_screen.h"
 #include "interface/text_block.h"
 #include "model/exception_batch.h"

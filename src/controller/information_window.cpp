@@ -2,9 +2,9 @@
 
 #include "controls/button_style.h"
 #include "controls/hover_button.h"
-#include "interface/information_panel.h"
 #include "interface/main_window.h"
 #include "interface/picture_view.h"
+#include "interface/result_panels.h"
 #include "interface/text_block.h"
 
 #include <QLabel>

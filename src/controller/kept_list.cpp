@@ -1,10 +1,10 @@
 #include "controller/kept_list.h"
 
 #include "controls/hover_button.h"
-#include "interface/information_panel.h"
 #include "interface/list_panel.h"
 #include "interface/list_table.h"
 #include "interface/main_window.h"
+#include "interface/result_panels.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

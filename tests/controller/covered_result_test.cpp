@@ -2,7 +2,7 @@
 #include "controls/pop_up_button.h"
 #include "controls/tab_button.h"
 #include "controls/toggle_button.h"
-#include "interface/exception_panel.h"
+#include "interface/result_panels.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>

@@ -2,8 +2,8 @@
 
 #include "controller/result_fixture.h"
 #include "controls/progress_bar.h"
-#include "interface/deletion_panel.h"
 #include "interface/home_screen.h"
+#include "interface/result_panels.h"
 #include "support/waiting.h"
 
 #include <unistd.h>

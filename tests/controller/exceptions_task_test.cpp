@@ -1,5 +1,5 @@
 #include "controller/result_fixture.h"
-#include "interface/exception_panel.h"
+#include "interface/result_panels.h"
 
 namespace tarvin {
 namespace {

@@ -1,7 +1,7 @@
 #include "controller/result_fixture.h"
 #include "controls/button_settings_saved.h"
 #include "controls/spinner.h"
-#include "interface/deletion_panel.h"
+#include "interface/result_panels.h"
 
 #include <QSignalSpy>
 

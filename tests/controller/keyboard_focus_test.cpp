@@ -1,9 +1,9 @@
 #include "controller/result_fixture.h"
 #include "controls/tab_button.h"
 #include "controls/windows_like_button.h"
-#include "interface/exception_panel.h"
 #include "interface/location_screen.h"
 #include "interface/location_table.h"
+#include "interface/result_panels.h"
 
 namespace tarvin {
 namespace {

@@ -5,7 +5,7 @@
 #include "controls/elided_label.h"
 #include "controls/hover_button.h"
 #include "controls/view_transparent.h"
-#include "interface/information_panel.h"
+#include "interface/result_panels.h"
 #include "interface/result_screen.h"
 #include "interface/result_table.h"
 #include "interface/result_tree_view.h"

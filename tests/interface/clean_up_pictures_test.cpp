@@ -6,12 +6,12 @@
 #include "controls/progress_bar.h"
 #include "controls/tab_button.h"
 #include "interface/home_screen.h"
-#include "interface/information_panel.h"
 #include "interface/list_panel.h"
 #include "interface/list_table.h"
 #include "interface/picture_view.h"
 #include "interface/pictures_of_window.h"
 #include "interface/put_back_panels.h"
+#include "interface/result_panels.h"
 #include "interface/some_results.h"
 #include "interface/text_block.h"
 

@@ -1,8 +1,8 @@
 #include "interface/list_panel.h"
 
 #include "controls/hover_button.h"
-#include "interface/information_panel.h"
 #include "interface/list_table.h"
+#include "interface/result_panels.h"
 #include "interface/shown_window.h"
 
 #include <QHeaderView>

@@ -4,8 +4,8 @@
 #include "controls/button_hover_simple.h"
 #include "controls/hover_button.h"
 #include "interface/home_screen.h"
-#include "interface/information_panel.h"
 #include "interface/progress_screen.h"
+#include "interface/result_panels.h"
 #include "interface/result_screen.h"
 #include "interface/shown_window.h"
 

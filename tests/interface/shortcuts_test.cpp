@@ -1,8 +1,8 @@
 #include "controls/button_hover_simple.h"
 #include "controls/hover_button.h"
 #include "controls/windows_like_button.h"
-#include "interface/deletion_panel.h"
 #include "interface/progress_screen.h"
+#include "interface/result_panels.h"
 #include "interface/result_screen.h"
 #include "interface/shown_window.h"
 

@@ -7,7 +7,40 @@ namespace tarvin {
 class ElidedLabel;
 class HoverButton;
 class PictureView;
+class ProgressBar;
 class TextBlock;
+
+/// `deletionPreview`: progress of the move to the Trash. While it is shown, Ctrl+P activates Pause
+/// or Resume, and Ctrl+. Stop. Main thread only.
+class DeletionPanel final : public DialogPanel {
+    Q_OBJECT
+
+ public:
+    explicit DeletionPanel(QWidget* parent);
+
+    TextBlock* const deletionStatus;
+    ProgressBar* const deletionIndicator;
+    HoverButton* const pauseResumeBtn;
+    HoverButton* const stopDeleteBtn;
+
+ private:
+    void placeControls();
+};
+
+/// `exceptionWindow`: asks whether to exclude the marked files from all scans. Main thread only.
+class ExceptionPanel final : public DialogPanel {
+    Q_OBJECT
+
+ public:
+    explicit ExceptionPanel(QWidget* parent);
+
+    TextBlock* const exceptionTextField;  ///< empty at first
+    HoverButton* const excCancelBtn;
+    HoverButton* const excOKBtn;
+
+ protected:
+    [[nodiscard]] int heightMissing() const override;
+};
 
 /// `informationWindow`: an image, up to three lines and one answer, which the owner sets before
 /// showing it. An empty line takes no space; the first may contain line breaks. Below the lines
