@@ -2,9 +2,9 @@
 
 #include "controls/hover_button.h"
 #include "controls/look.h"
+#include "interface/frames.h"
 #include "interface/list_table.h"
 #include "interface/making.h"
-#include "interface/pane_frame.h"
 #include "interface/placement.h"
 
 #include <string>

@@ -7,7 +7,7 @@
 #include "controls/view_button_gray_bar.h"
 #include "controls/windows_like_button.h"
 #include "interface/appearance.h"
-#include "interface/location_frame.h"
+#include "interface/frames.h"
 #include "interface/location_table.h"
 #include "interface/making.h"
 #include "interface/placement.h"

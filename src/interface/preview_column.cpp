@@ -1,7 +1,7 @@
 #include "interface/preview_column.h"
 
+#include "interface/frames.h"
 #include "interface/image_view.h"
-#include "interface/pane_frame.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,5 @@
 #include "controls/hover_button.h"
-#include "interface/location_frame.h"
+#include "interface/frames.h"
 #include "interface/shown_window.h"
 
 #include <QAction>

@@ -5,8 +5,11 @@
 #include <QAbstractScrollArea>
 #include <QMargins>
 #include <QPointer>
+#include <QWidget>
 
 namespace tarvin {
+
+class LocationTable;
 
 /// A white field with an outline around a list or a text; shown and hidden with it. Shows the focus
 /// of its content, unless a row of the list shows it. Main thread only.
@@ -33,6 +36,23 @@ class PaneFrame final : public QWidget {
     QMargins lines_;
     bool focusShown_ = false;
     QPointer<FocusRing> ring_;
+};
+
+/// The frame around the list of locations: an outline, the header's band over its whole width, and
+/// a margin beside and below the rows. A drag over the list widens the outline and makes it teal;
+/// the focus in an empty list gives it the focus colour. Main thread only.
+class LocationFrame final : public QWidget {
+    Q_OBJECT
+
+ public:
+    explicit LocationFrame(LocationTable* table, QWidget* parent = nullptr);
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+ private:
+    LocationTable* table_;
 };
 
 }  // namespace tarvin
