@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 #include <cstdint>
@@ -34,6 +35,11 @@ class Alerts {
 };
 
 /// A message with the program's title and only "Ok".
-[[nodiscard]] Alert noticeOf(const QString& informativeText);
+[[nodiscard]] inline Alert noticeOf(const QString& informativeText) {
+    return {QCoreApplication::translate("tarvin::Alerts", "Tarvin Duplicate File Remover"),
+            informativeText,
+            {QCoreApplication::translate("tarvin::Alerts", "Ok")},
+            0};
+}
 
 }  // namespace tarvin

@@ -28,7 +28,10 @@ class ScanMessenger final : public QObject, public ScanObserver {
     void collectionPaused(bool paused) override { Q_EMIT collectionWaits(paused); }
     void nothingCollected() override { Q_EMIT foundNoFiles(); }
     void collectionFinished() override { Q_EMIT collectionIsOver(); }
-    void comparisonStarted(std::uint64_t total) override;
+    void comparisonStarted(std::uint64_t total) override {
+        mailbox_.comparisonStarted(total);
+        Q_EMIT comparisonBegins(total);
+    }
     void processing(const std::string& path, std::uint64_t processed) override {
         mailbox_.processing(path, processed);
     }

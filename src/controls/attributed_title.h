@@ -18,15 +18,22 @@ struct AttributedTitle {
 };
 
 /// A title with the button's own alignment.
-[[nodiscard]] AttributedTitle setAttributes(const QColor& color, const QString& text, int fontSize);
-
-/// A centred title.
-[[nodiscard]] AttributedTitle setCenterAttributes(const QColor& color, const QString& text,
-                                                  int fontSize);
+[[nodiscard]] inline AttributedTitle setAttributes(const QColor& color, const QString& text,
+                                                   int fontSize) {
+    return {text, color, fontSize, std::nullopt, false};
+}
 
 /// A title with any alignment, underlined if `underline` is set.
-[[nodiscard]] AttributedTitle setCenterAttributes(const QColor& color, const QString& text,
-                                                  bool underline, Qt::Alignment alignment,
-                                                  int fontSize);
+[[nodiscard]] inline AttributedTitle setCenterAttributes(const QColor& color, const QString& text,
+                                                         bool underline, Qt::Alignment alignment,
+                                                         int fontSize) {
+    return {text, color, fontSize, alignment, underline};
+}
+
+/// A centred title.
+[[nodiscard]] inline AttributedTitle setCenterAttributes(const QColor& color, const QString& text,
+                                                         int fontSize) {
+    return setCenterAttributes(color, text, false, Qt::AlignHCenter, fontSize);
+}
 
 }  // namespace tarvin

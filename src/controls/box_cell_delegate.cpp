@@ -1,6 +1,6 @@
 #include "controls/box_cell_delegate.h"
 
-#include "controls/check_box_cell.h"
+#include "controls/check_box.h"
 
 namespace tarvin {
 

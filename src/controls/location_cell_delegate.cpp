@@ -1,6 +1,6 @@
 #include "controls/location_cell_delegate.h"
 
-#include "controls/check_box_painter.h"
+#include "controls/check_box.h"
 #include "controls/custom_table_cell_view.h"
 
 namespace tarvin {

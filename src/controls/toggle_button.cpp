@@ -1,6 +1,6 @@
 #include "controls/toggle_button.h"
 
-#include "controls/check_box_painter.h"
+#include "controls/check_box.h"
 #include "controls/images.h"
 #include "controls/look.h"
 #include "controls/painting.h"

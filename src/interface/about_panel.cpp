@@ -3,7 +3,6 @@
 #include "controls/look.h"
 #include "controls/painting.h"
 #include "controls/panel_shadow.h"
-#include "interface/close_button.h"
 #include "interface/making.h"
 #include "interface/picture_view.h"
 #include "interface/placement.h"
@@ -26,6 +25,23 @@ constexpr int airUnderSentence = AboutPanel::designSize.height() - sentencePlace
 constexpr QColor bandTitle{51, 69, 79};
 
 }  // namespace
+
+CloseButton::CloseButton(QWidget* parent) : PaintedButton(parent) {
+    setFocusRing(FocusRing::Place::inside, look::focusRing);
+    setAccessibleName(tr("Close"));
+}
+
+void CloseButton::draw(QPainter& painter) {
+    if (hovering()) {
+        painter.fillRect(rect(), isDown() ? look::line : look::frame);
+    }
+    constexpr double arm = 4.5;
+    const QPointF middle = QRectF(rect()).center();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(look::ink, 1.5, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(middle - QPointF(arm, arm), middle + QPointF(arm, arm));
+    painter.drawLine(middle - QPointF(arm, -arm), middle + QPointF(arm, -arm));
+}
 
 AboutPanel::AboutPanel(QWidget* parent)
     : Panel(parent),

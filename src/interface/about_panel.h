@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/painted_button.h"
 #include "interface/panel.h"
 
 #include <QFrame>
@@ -8,8 +9,20 @@ class QLabel;
 
 namespace tarvin {
 
-class CloseButton;
 class TextBlock;
+
+/// The close button in the header of a panel without answer buttons. Main thread only.
+class CloseButton final : public PaintedButton {
+    Q_OBJECT
+
+ public:
+    explicit CloseButton(QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override { return {28, 27}; }
+
+ protected:
+    void draw(QPainter& painter) override;
+};
 
 /// `windowAboutPanel`: name, version and copyright of the product. Starts hidden; its button or Esc
 /// hides it. Main thread only.

@@ -1,7 +1,6 @@
 #include "interface/accessible_cell.h"
 
 #include "interface/accessible_list.h"
-#include "interface/marked_list.h"
 
 #include <QHeaderView>
 #include <QTableView>

@@ -3,10 +3,27 @@
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
 #include <QHash>
+#include <QModelIndex>
 
 namespace tarvin {
 
-class MarkedList;
+/// A list whose rows have check boxes, as seen by assistive technology: its visible rows in order,
+/// without those of collapsed extensions. Main thread only.
+class MarkedList {
+ public:
+    MarkedList() = default;
+    MarkedList(const MarkedList&) = delete;
+    MarkedList& operator=(const MarkedList&) = delete;
+    virtual ~MarkedList() = default;
+
+    [[nodiscard]] virtual int shownRows() const = 0;
+    /// Returns an invalid index if there is no such row or column.
+    [[nodiscard]] virtual QModelIndex indexInRow(int row, int column) const = 0;
+    /// Returns -1 if the row of the index is not shown.
+    [[nodiscard]] virtual int rowOf(const QModelIndex& index) const = 0;
+    /// Does what a click on the box does; nothing while a panel covers the list.
+    virtual void turnBox(const QModelIndex& box) = 0;
+};
 
 /// The accessible interface of a MarkedList: a table or a tree, its cells numbered as in Qt's own
 /// events, with boxes whose "Toggle" action toggles the mark. Qt's own interface would select the

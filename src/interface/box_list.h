@@ -2,7 +2,6 @@
 
 #include "interface/accessible_list.h"
 #include "interface/mark_announcer.h"
-#include "interface/marked_list.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

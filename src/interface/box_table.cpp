@@ -1,6 +1,6 @@
 #include "interface/box_table.h"
 
-#include "controls/check_box_painter.h"
+#include "controls/check_box.h"
 #include "controls/row_painter.h"
 #include "interface/list_header.h"
 #include "interface/list_setup.h"

@@ -1,10 +1,14 @@
 #include "interface/list_setup.h"
 
+#include "controls/plain_text.h"
 #include "interface/appearance.h"
 #include "interface/list_header.h"
 
+#include <QFontMetrics>
+#include <QHelpEvent>
 #include <QScrollBar>
 #include <QTableView>
+#include <QToolTip>
 
 namespace tarvin {
 
@@ -39,6 +43,17 @@ void setUpTable(QTableView& table, ListHeader& header, int heightOfRows) {
     table.setWordWrap(false);
     table.setCornerButtonEnabled(false);
     setUpList(table);
+}
+
+void showFullText(const QHelpEvent& event, QWidget* viewport, const QRect& area, const QFont& font,
+                  const QModelIndex& cell) {
+    const QString text = singleLine(cell.data().toString());
+    if (QFontMetrics(font).horizontalAdvance(text) <= area.width()) {
+        QToolTip::hideText();
+        return;
+    }
+    const QString tip = singleLine(cell.data(Qt::ToolTipRole).toString());
+    QToolTip::showText(event.globalPos(), tip.isEmpty() ? plainToolTip(text) : tip, viewport, area);
 }
 
 }  // namespace tarvin

@@ -1,8 +1,14 @@
 #pragma once
 
+#include <QFont>
+#include <QModelIndex>
+#include <QRect>
+
 class QAbstractItemView;
 class QAbstractScrollArea;
+class QHelpEvent;
 class QTableView;
+class QWidget;
 
 namespace tarvin {
 
@@ -20,5 +26,11 @@ void setUpList(QAbstractItemView& list);
 /// The same for a table, with `header`, rows of one height in logical pixels, and no grid. Main
 /// thread only.
 void setUpTable(QTableView& table, ListHeader& header, int heightOfRows);
+
+/// Shows the tool tip of a cell whose text does not fit into `area` in `font`: Qt::ToolTipRole as
+/// it is, or else the text with markup escaped, on one line. Hides the tool tip if the text fits.
+/// Main thread only.
+void showFullText(const QHelpEvent& event, QWidget* viewport, const QRect& area, const QFont& font,
+                  const QModelIndex& cell);
 
 }  // namespace tarvin

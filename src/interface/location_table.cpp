@@ -1,7 +1,6 @@
 #include "interface/location_table.h"
 
-#include "controls/check_box_cell.h"
-#include "controls/check_box_painter.h"
+#include "controls/check_box.h"
 #include "controls/focus_ring.h"
 #include "controls/location_cell_delegate.h"
 #include "controls/look.h"

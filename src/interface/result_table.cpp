@@ -1,7 +1,7 @@
 #include "interface/result_table.h"
 
-#include "interface/full_text_tip.h"
 #include "interface/list_header.h"
+#include "interface/list_setup.h"
 #include "interface/result_cell_delegate.h"
 
 #include <QHelpEvent>

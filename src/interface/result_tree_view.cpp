@@ -2,7 +2,6 @@
 
 #include "controls/look.h"
 #include "controls/row_painter.h"
-#include "interface/full_text_tip.h"
 #include "interface/list_header.h"
 #include "interface/list_setup.h"
 #include "interface/tree_row.h"

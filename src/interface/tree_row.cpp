@@ -1,6 +1,6 @@
 #include "interface/tree_row.h"
 
-#include "controls/check_box_painter.h"
+#include "controls/check_box.h"
 #include "controls/images.h"
 #include "controls/look.h"
 #include "controls/painting.h"

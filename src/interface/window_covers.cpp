@@ -1,10 +1,45 @@
 #include "interface/window_covers.h"
 
 #include "controls/view_transparent.h"
-#include "interface/covered.h"
 #include "interface/making.h"
 
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QTableView>
+#include <QTreeView>
+
 namespace tarvin {
+
+namespace {
+
+template <class Control>
+void setSilent(const QWidget* area, bool silent) {
+    for (Control* control : area->findChildren<Control*>()) {
+        control->blockSignals(silent);
+    }
+}
+
+/// The program itself can still select.
+template <class List>
+void setSelectable(const QWidget* area, bool selectable) {
+    for (List* list : area->findChildren<List*>()) {
+        list->setSelectionMode(selectable ? List::SingleSelection : List::NoSelection);
+    }
+}
+
+/// Disables or enables the effect of the buttons and lists inside `area`, which a panel covers.
+/// They look as before. The cover keeps mouse and keyboard away, but assistive technology still
+/// presses and selects controls by name. Main thread only.
+void setCovered(const QWidget* area, bool covered) {
+    setSilent<QAbstractButton>(area, covered);
+    setSilent<QComboBox>(area, covered);
+    setSilent<QTreeView>(area, covered);
+    setSilent<QTableView>(area, covered);
+    setSelectable<QTreeView>(area, !covered);
+    setSelectable<QTableView>(area, !covered);
+}
+
+}  // namespace
 
 WindowCovers::WindowCovers(QWidget& window, const QVector<const QWidget*>& areas)
     : window_(window), areas_(areas), counter_(std::make_unique<ViewTransparent>()) {}

@@ -1,5 +1,5 @@
-#include "controls/check_box_cell.h"
-#include "controls/check_box_painter.h"
+#include "controls/check_box.h"
+
 #include "controls/control_fixture.h"
 
 #include <gtest/gtest.h>

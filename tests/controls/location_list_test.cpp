@@ -1,4 +1,4 @@
-#include "controls/check_box_cell.h"
+#include "controls/check_box.h"
 #include "controls/control_fixture.h"
 #include "controls/custom_table_cell_view.h"
 #include "controls/images.h"

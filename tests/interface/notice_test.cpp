@@ -2,7 +2,6 @@
 #include "controls/hover_button.h"
 #include "controls/view_settings_saved.h"
 #include "interface/about_panel.h"
-#include "interface/close_button.h"
 #include "interface/notice_panel.h"
 #include "interface/progress_screen.h"
 #include "interface/shown_window.h"
