@@ -4,7 +4,7 @@
 #include "controls/elided_label.h"
 #include "controls/hover_button.h"
 #include "controls/look.h"
-#include "controls/view_button_gray_bar.h"
+#include "controls/solid_bars.h"
 #include "controls/windows_like_button.h"
 #include "interface/appearance.h"
 #include "interface/frames.h"

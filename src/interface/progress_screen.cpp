@@ -5,7 +5,7 @@
 #include "controls/look.h"
 #include "controls/progress_bar.h"
 #include "controls/scan_animation.h"
-#include "controls/view_button_gray_bar.h"
+#include "controls/solid_bars.h"
 #include "interface/making.h"
 #include "interface/placement.h"
 #include "interface/screen_title.h"

@@ -1,6 +1,6 @@
 #include "interface/screen.h"
 
-#include "controls/view_top_bar.h"
+#include "controls/solid_bars.h"
 
 #include <QAbstractButton>
 #include <QAction>

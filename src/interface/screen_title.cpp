@@ -3,7 +3,7 @@
 #include "controls/button_hover_simple.h"
 #include "controls/elided_label.h"
 #include "controls/look.h"
-#include "controls/view_top_bar.h"
+#include "controls/solid_bars.h"
 #include "interface/making.h"
 
 #include <QCoreApplication>

@@ -1,8 +1,6 @@
+#include "controls/solid_bars.h"
+
 #include "controls/control_fixture.h"
-#include "controls/view_background_tree.h"
-#include "controls/view_button_bar.h"
-#include "controls/view_button_gray_bar.h"
-#include "controls/view_top_bar.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "controls/solid_bar.h"
+#include "controls/solid_bars.h"
 
 #include <QPaintEvent>
 #include <QPainter>
