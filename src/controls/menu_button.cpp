@@ -1,9 +1,10 @@
 #include "controls/menu_button.h"
 
-#include "controls/accessible_menu_button.h"
+#include "controls/accessible_factory.h"
 #include "controls/images.h"
 #include "controls/painting.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
 #include <utility>
@@ -14,11 +15,42 @@ namespace {
 
 constexpr QColor openBackground{255, 255, 255, 46};  // white at 18 %
 
+/// A button with a menu, which can be pressed. Owned by Qt.
+class AccessibleMenuButton final : public QAccessibleWidget {
+ public:
+    explicit AccessibleMenuButton(MenuButton& button)
+        : QAccessibleWidget(&button, QAccessible::ButtonMenu), button_(button) {}
+
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.hasPopup = true;
+        state.expandable = true;
+        state.expanded = button_.isOpen();
+        state.collapsed = !state.expanded;
+        return state;
+    }
+
+    [[nodiscard]] QStringList actionNames() const override {
+        return {pressAction(), setFocusAction()};
+    }
+
+    void doAction(const QString& actionName) override {
+        if (actionName == pressAction()) {
+            button_.click();
+        } else {
+            QAccessibleWidget::doAction(actionName);
+        }
+    }
+
+ private:
+    MenuButton& button_;
+};
+
 }  // namespace
 
 MenuButton::MenuButton(QString pictureName, QMenu* menu, QWidget* parent)
     : HoverButton(Kind::outline, {}, parent), pictureName_(std::move(pictureName)) {
-    AccessibleMenuButton::install();
+    installAccessible<MenuButton, AccessibleMenuButton>();
     connect(menu, &QMenu::aboutToShow, this, [this] { setOpen(true); });
     connect(menu, &QMenu::aboutToHide, this, [this] { setOpen(false); });
 }

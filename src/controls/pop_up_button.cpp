@@ -1,12 +1,13 @@
 #include "controls/pop_up_button.h"
 
-#include "controls/accessible_pop_up.h"
+#include "controls/accessible_factory.h"
 #include "controls/images.h"
 #include "controls/look.h"
 #include "controls/painting.h"
 #include "controls/popup_watch.h"
 
 #include <QAbstractItemView>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCursor>
 #include <QFontMetrics>
@@ -41,10 +42,45 @@ QString listStyle() {
              look::rowSelected.name());
 }
 
+/// A combo box with the button's name, whose value is the current item. Qt's own would use the item
+/// as the name. Owned by Qt.
+class AccessiblePopUp final : public QAccessibleWidget {
+ public:
+    explicit AccessiblePopUp(PopUpButton& button)
+        : QAccessibleWidget(&button, QAccessible::ComboBox), button_(button) {}
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Value ? button_.currentText() : QAccessibleWidget::text(kind);
+    }
+
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.expandable = true;
+        state.expanded = button_.view()->isVisible();
+        state.collapsed = !state.expanded;
+        return state;
+    }
+
+    [[nodiscard]] QStringList actionNames() const override {
+        return {showMenuAction(), setFocusAction()};
+    }
+
+    void doAction(const QString& actionName) override {
+        if (actionName != showMenuAction()) {
+            QAccessibleWidget::doAction(actionName);
+        } else if (button_.isEnabled()) {
+            button_.view()->isVisible() ? button_.hidePopup() : button_.showPopup();
+        }
+    }
+
+ private:
+    PopUpButton& button_;
+};
+
 }  // namespace
 
 PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
-    AccessiblePopUp::install();
+    installAccessible<PopUpButton, AccessiblePopUp>();
     setFont(titleFont());
     setStyleSheet(listStyle());
     // The default delegate of combo boxes ignores the margins of the style sheet.

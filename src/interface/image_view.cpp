@@ -1,5 +1,6 @@
 #include "interface/image_view.h"
 
+#include "controls/accessible_factory.h"
 #include "controls/look.h"
 #include "controls/painting.h"
 
@@ -11,24 +12,16 @@ namespace tarvin {
 
 namespace {
 
-QAccessibleInterface* imageInterface(const QString& className, QObject* object) {
-    Q_UNUSED(className)
-    auto* view = qobject_cast<ImageView*>(object);
-    return view == nullptr ? nullptr : new QAccessibleWidget(view, QAccessible::Graphic);
-}
-
-/// Gives the view the accessible role of an image.
-void installAccess() {
-    [[maybe_unused]] static const bool done = [] {
-        QAccessible::installFactory(imageInterface);
-        return true;
-    }();
-}
+/// Has the role of an image. Owned by Qt.
+class AccessibleImage final : public QAccessibleWidget {
+ public:
+    explicit AccessibleImage(ImageView& view) : QAccessibleWidget(&view, QAccessible::Graphic) {}
+};
 
 }  // namespace
 
 ImageView::ImageView(QWidget* parent) : QWidget(parent) {
-    installAccess();
+    installAccessible<ImageView, AccessibleImage>();
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
