@@ -10,7 +10,6 @@
 #include "interface/picture_view.h"
 #include "interface/placement.h"
 #include "interface/product_title.h"
-#include "interface/screen_title.h"
 #include "interface/text_block.h"
 
 namespace tarvin {
@@ -55,7 +54,7 @@ HomeScreen::HomeScreen(ViewTopBar* bar)
     setAutoFillBackground(true);
 
     showInBar(brandMark);
-    showInBar(makeScreenTitle("homeScreenTitle", productTitle(), bar));
+    makeTitle("homeScreenTitle", productTitle());
     placeControls();
     cleanHistory->hide();
     setReadingOrder({mainScanButton, mainScanButtonFolder});

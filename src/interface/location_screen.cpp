@@ -11,7 +11,6 @@
 #include "interface/location_table.h"
 #include "interface/making.h"
 #include "interface/placement.h"
-#include "interface/screen_title.h"
 #include "interface/text_block.h"
 
 #include <QAction>
@@ -27,7 +26,7 @@ constexpr Column column{914, 1180};
 
 LocationScreen::LocationScreen(ViewTopBar* bar)
     : Screen(QStringLiteral("2"), bar),
-      buttonHomeExactPage(makeHomeButton("buttonHomeExactPage", bar)),
+      buttonHomeExactPage(makeHomeButton("buttonHomeExactPage")),
       backFolderButton(named(new WIndowsLikeButton(QStringLiteral("ui/back")), "backFolderButton")),
       nextFolderButton(named(new WIndowsLikeButton(QStringLiteral("ui/next")), "nextFolderButton")),
       hint(named(new TextBlock(look::font(13), 18, look::muted), "hint")),
@@ -53,8 +52,7 @@ LocationScreen::LocationScreen(ViewTopBar* bar)
     tableExact->setAccessibleName(tr("Locations"));
     tableExact->setEmptyText(tr("No locations yet. Add folders, or drop them here."));
     findDuplicateExact->setDisabledOpacity(0.6);
-    showInBar(buttonHomeExactPage);
-    showInBar(makeScreenTitle("locationScreenTitle", tr("Choose Locations"), bar));
+    makeTitle("locationScreenTitle", tr("Choose Locations"));
     placeControls();
     makeMenu();
     makeShortcuts();

@@ -8,7 +8,6 @@
 #include "controls/solid_bars.h"
 #include "interface/making.h"
 #include "interface/placement.h"
-#include "interface/screen_title.h"
 
 #include <QStackedWidget>
 
@@ -22,8 +21,7 @@ constexpr QSize blockPage{1016, 426};
 
 ProgressScreen::ProgressScreen(ViewTopBar* bar)
     : Screen(QStringLiteral("5"), bar),
-      progressTypeText(
-          makeScreenTitle("progressTypeText", tr("Searching for duplicate files"), bar)),
+      progressTypeText(makeTitle("progressTypeText", tr("Searching for duplicate files"))),
       exactSimilarTabView(named(new QStackedWidget, "exactSimilarTabView")),
       animationImage(named(new ScanAnimation, "animationImage")),
       searchStatus(named(makeLabel(tr("Searching for duplicate files..."),
@@ -39,7 +37,6 @@ ProgressScreen::ProgressScreen(ViewTopBar* bar)
     similarProcessing->setFont(look::font(13));
     similarProcessing->setTextColor(look::muted);
     similarProcessing->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
-    showInBar(progressTypeText);
     placeControls();
     addShortcut({Qt::CTRL | Qt::Key_P}, pauseResume);
     addShortcut({Qt::CTRL | Qt::Key_Period}, stopButton);

@@ -16,7 +16,6 @@
 #include "interface/property_text.h"
 #include "interface/result_table.h"
 #include "interface/result_tree_view.h"
-#include "interface/screen_title.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -74,7 +73,7 @@ void openAsContextMenuOf(QWidget* control, QMenu* menu) {
 
 ResultScreen::ResultScreen(ViewTopBar* bar)
     : Screen(QStringLiteral("4"), bar),
-      buttonHomePage(makeHomeButton("buttonHomePage", bar)),
+      buttonHomePage(makeHomeButton("buttonHomePage")),
       allButton(named(new TabButton(QStringLiteral("ui/tab_all"), tr("All")), "allButton")),
       imageButton(named(new TabButton(QStringLiteral("ui/tab_image"), tr("Image")), "imageButton")),
       videoButton(named(new TabButton(QStringLiteral("ui/tab_video"), tr("Video")), "videoButton")),
@@ -113,8 +112,7 @@ ResultScreen::ResultScreen(ViewTopBar* bar)
       tableFrame_(
           named(new PaneFrame(resultTable, ResultTable::heightOfHeader), "resultTableFrame")),
       actionBar_(named(new ViewButtonGrayBar, "resultActionBar")) {
-    showInBar(buttonHomePage);
-    showInBar(makeScreenTitle("resultScreenTitle", tr("Duplicate Files"), bar));
+    makeTitle("resultScreenTitle", tr("Duplicate Files"));
     nameControls();
     fillSortControls();
     makeMenus();

@@ -1,6 +1,10 @@
 #include "interface/screen.h"
 
+#include "controls/button_hover_simple.h"
+#include "controls/elided_label.h"
+#include "controls/look.h"
 #include "controls/solid_bars.h"
+#include "interface/making.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -29,6 +33,26 @@ void Screen::beginWithKeyboard() {
 void Screen::showInBar(QWidget* control) {
     inBar_.push_back(control);
     control->hide();
+}
+
+ElidedLabel* Screen::makeTitle(const char* name, const QString& title) {
+    auto* label = named(new ElidedLabel(title, bar_), name);
+    label->setFont(look::font(15, QFont::DemiBold));
+    label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    label->setTextColor(look::surface);
+    label->setElideMode(Qt::ElideRight);
+    // The bar has a fixed height; the More button begins to the right of the title.
+    label->setGeometry(51, 12, 832, 21);
+    showInBar(label);
+    return label;
+}
+
+ButtonHoverSimple* Screen::makeHomeButton(const char* name) {
+    auto* button = named(new ButtonHoverSimple(bar_), name);
+    button->setGeometry(0, 0, 45, 45);
+    button->setAccessibleName(tr("Home"));
+    showInBar(button);
+    return button;
 }
 
 QAction* Screen::addShortcut(const QList<QKeySequence>& keys, QAbstractButton* button) {

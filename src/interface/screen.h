@@ -12,6 +12,8 @@ class QKeySequence;
 
 namespace tarvin {
 
+class ButtonHoverSimple;
+class ElidedLabel;
 class ViewTopBar;
 
 /// One page of the main window's tab view, with its controls in the bar above. Owned by the window.
@@ -42,9 +44,12 @@ class Screen : public QWidget {
     void setShortcutsEnabled(bool enabled) { shortcuts_.setEnabled(enabled); }
 
  protected:
-    [[nodiscard]] ViewTopBar* bar() const { return bar_; }
     /// Shows `control` in the bar while the screen is shown.
     void showInBar(QWidget* control);
+    /// The title of the screen in the bar, elided at the end.
+    ElidedLabel* makeTitle(const char* name, const QString& title);
+    /// A home button in the bar with its accessible name. The owner of the window sets its images.
+    ButtonHoverSimple* makeHomeButton(const char* name);
     void setReadingOrder(const QVector<QWidget*>& controls) { readingOrder_ = controls; }
     void setFirstControl(QWidget* control) { firstControl_ = control; }
     /// Lets `keys` click `button` while this screen is shown and the button is enabled. The object
