@@ -272,11 +272,23 @@ Modified Date       : %4</source>
 <context>
     <name>tarvin::ListPanel</name>
     <message>
+        <source>These files were not moved to the Trash. They are still in the results and still marked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Copy List</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Left Where They Are</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files left where they are</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -435,18 +447,6 @@ Modified Date       : %4</source>
     </message>
     <message>
         <source>Put Back Last Clean-up…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Left Where They Are</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>These files were not moved to the Trash. They are still in the results and still marked.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Files left where they are</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

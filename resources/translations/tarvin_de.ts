@@ -279,12 +279,24 @@ Geändert       : %4</translation>
 <context>
     <name>tarvin::ListPanel</name>
     <message>
+        <source>These files were not moved to the Trash. They are still in the results and still marked.</source>
+        <translation>Diese Dateien kamen nicht in den Papierkorb. Sie stehen noch markiert im Ergebnis.</translation>
+    </message>
+    <message>
         <source>Copy List</source>
         <translation>Liste kopieren</translation>
     </message>
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Left Where They Are</source>
+        <translation>An ihrem Platz geblieben</translation>
+    </message>
+    <message>
+        <source>Files left where they are</source>
+        <translation>Dateien, die an ihrem Platz geblieben sind</translation>
     </message>
 </context>
 <context>
@@ -443,18 +455,6 @@ Geändert       : %4</translation>
     <message>
         <source>Put Back Last Clean-up…</source>
         <translation>Letztes Aufräumen rückgängig machen…</translation>
-    </message>
-    <message>
-        <source>Left Where They Are</source>
-        <translation>An ihrem Platz geblieben</translation>
-    </message>
-    <message>
-        <source>These files were not moved to the Trash. They are still in the results and still marked.</source>
-        <translation>Diese Dateien kamen nicht in den Papierkorb. Sie stehen noch markiert im Ergebnis.</translation>
-    </message>
-    <message>
-        <source>Files left where they are</source>
-        <translation>Dateien, die an ihrem Platz geblieben sind</translation>
     </message>
     <message>
         <source>More</source>

@@ -44,7 +44,6 @@ constexpr QPoint listArea{55, 134};
 constexpr int helpMenuWidth = 282;
 constexpr int moreMenuWidth = 232;
 constexpr int menuGap = 4;
-constexpr int keptReasonWidth = 226;
 
 /// The geometry of a panel whose lower left corner is counted from the lower left corner of the
 /// content.
@@ -88,14 +87,7 @@ MainWindow::MainWindow(QWidget* parent)
       informationWindow(new InformationPanel(this)),
       exceptionWindow(new ExceptionPanel(this)),
       deletionPreview(new DeletionPanel(this)),
-      keptWindow(new ListPanel(
-          {.name = "kept",
-           .title = tr("Left Where They Are"),
-           .sentence = tr("These files were not moved to the Trash. They are still in the "
-                          "results and still marked."),
-           .listName = tr("Files left where they are"),
-           .reasonWidth = keptReasonWidth},
-          this)),
+      keptWindow(new ListPanel(this)),
       putBackWindow(new PutBackPanel(this)),
       putBackProgress(new PutBackProgress(this)),
       putBackReport(new PutBackReport(this)),
