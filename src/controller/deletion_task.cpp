@@ -17,6 +17,7 @@
 #include "interface/result_screen.h"
 #include "interface/result_table.h"
 #include "interface/text_block.h"
+#include "interface/window_covers.h"
 
 #include <QLabel>
 #include <optional>
@@ -194,7 +195,7 @@ void DeletionTask::showDeletion() {
 void DeletionTask::removeDeletionView() {
     const ResultScreen& screen = *window_.results;
     window_.deletionPreview->hide();
-    window_.removeCovers();
+    window_.covers().removeAll();
     screen.buttonHomePage->show();
     window_.buttonMore->setEnabled(true);
     screen.finishButton->setEnabled(true);

@@ -6,6 +6,7 @@
 #include "interface/result_panels.h"
 #include "interface/result_screen.h"
 #include "interface/text_block.h"
+#include "interface/window_covers.h"
 #include "model/exception_batch.h"
 
 #include <QAbstractButton>
@@ -70,7 +71,7 @@ void ExceptionsTask::addExceptionsCancelClicked() {
 }
 
 void ExceptionsTask::removeExceptionWindow() {
-    window_.removeCovers();
+    window_.covers().removeAll();
     window_.exceptionWindow->hide();
 }
 

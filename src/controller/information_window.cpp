@@ -6,6 +6,7 @@
 #include "interface/picture_view.h"
 #include "interface/result_panels.h"
 #include "interface/text_block.h"
+#include "interface/window_covers.h"
 
 #include <QLabel>
 
@@ -70,7 +71,7 @@ void InformationWindow::showInPlaceOf(DialogPanel& panel) {
 }
 
 void InformationWindow::okInformationWindow() {
-    window_.removeFirstCover();
+    window_.covers().removeFirst();
     window_.informationWindow->hide();
     Q_EMIT closed();
 }

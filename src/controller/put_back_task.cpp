@@ -14,6 +14,7 @@
 #include "interface/put_back_panels.h"
 #include "interface/result_screen.h"
 #include "interface/text_block.h"
+#include "interface/window_covers.h"
 
 #include <QAction>
 #include <QLabel>
@@ -65,7 +66,7 @@ void PutBackTask::open() {
     }
     state_ = State::examining;
     window_.windowAboutPanel->hide();
-    window_.cover();
+    window_.covers().add();
     run_ = std::make_unique<PutBackRun>(session_.platform, session_.data);
     delay_.start();
     window_.putBackWindow->putBackDate->setText({});
@@ -162,7 +163,7 @@ void PutBackTask::cancel() {
     }
     files_.setFiles({});
     window_.putBackWindow->hide();
-    window_.removeFirstCover();
+    window_.covers().removeFirst();
 }
 
 void PutBackTask::putBack() {
@@ -245,7 +246,7 @@ void PutBackTask::showReport(DialogPanel& before) {
 
 void PutBackTask::closeReport() {
     window_.putBackReport->hide();
-    window_.removeFirstCover();
+    window_.covers().removeFirst();
     failures_.setFiles({}, 0);
     endRun();
 }

@@ -150,17 +150,12 @@ void MainWindow::makeNotices() {
     for (ButtonSettingsSaved* answer : {runningAlertOk, cancelYes, cancelNo, allCheckOk}) {
         answer->setViewTransparent(covers_->counter());
     }
-    for (NoticePanel* notice : {runningAlert, confirmationView, allCheckAlertView}) {
-        openPanels_->watch(notice, &notice->keyboard());
-    }
-    for (DialogPanel* panel :
-         {static_cast<DialogPanel*>(informationWindow), static_cast<DialogPanel*>(exceptionWindow),
-          static_cast<DialogPanel*>(deletionPreview), static_cast<DialogPanel*>(keptWindow),
-          static_cast<DialogPanel*>(putBackWindow), static_cast<DialogPanel*>(putBackProgress),
-          static_cast<DialogPanel*>(putBackReport)}) {
-        openPanels_->watch(panel, &panel->keyboard());
-    }
-    openPanels_->watch(windowAboutPanel, &windowAboutPanel->keyboard());
+    const auto watch = [this](auto*... panels) {
+        (openPanels_->watch(panels, &panels->keyboard()), ...);
+    };
+    watch(runningAlert, confirmationView, allCheckAlertView, informationWindow, exceptionWindow,
+          deletionPreview, keptWindow, putBackWindow, putBackProgress, putBackReport,
+          windowAboutPanel);
     connect(openPanels_, &OpenPanels::anyChanged, this, [this](bool any) {
         for (Screen* screen : screens()) {
             screen->setShortcutsEnabled(!any);
@@ -280,18 +275,6 @@ void MainWindow::showInPlaceOf(DialogPanel* before, DialogPanel* panel, const QR
         before->keyboard().handOver(panel->keyboard());
         before->hide();
     }
-}
-
-void MainWindow::cover() {
-    covers_->add();
-}
-
-void MainWindow::removeCovers() {
-    covers_->removeAll();
-}
-
-void MainWindow::removeFirstCover() {
-    covers_->removeFirst();
 }
 
 void MainWindow::showAbout() {

@@ -137,15 +137,12 @@ class MainWindow final : public QWidget {
     /// when the window grows.
     void showOver(DialogPanel* panel, const QRect& design, Growth across = inMiddle,
                   Growth down = inMiddle);
-    /// Covers the window as showOver() does; showInPlaceOf() shows the panel.
-    void cover();
     /// Shows `panel` above the present cover and hides `before`, if that is not null and shown.
     /// When `panel` is hidden, the focus returns to where it was before either was shown.
     void showInPlaceOf(DialogPanel* before, DialogPanel* panel, const QRect& design,
                        Growth across = inMiddle, Growth down = inMiddle);
-    /// Removes all covers of showOver(), or the oldest one. Panels stay.
-    void removeCovers();
-    void removeFirstCover();
+    /// The covers of showOver(). Removing them leaves the panels.
+    [[nodiscard]] WindowCovers& covers() const { return *covers_; }
     /// Shows and hides `loadingView`.
     [[nodiscard]] const LoadingOverlay& loading() const { return *loading_; }
 

@@ -24,6 +24,7 @@ class WindowCovers final {
     [[nodiscard]] ViewTransparent* counter() const { return counter_.get(); }
 
     void add();
+    /// Removes the oldest cover, if any.
     void removeFirst();
     void removeAll();
     /// Adapts the covers to the size of the window.

@@ -5,6 +5,7 @@
 #include "interface/result_screen.h"
 #include "interface/shown_window.h"
 #include "interface/some_results.h"
+#include "interface/window_covers.h"
 
 #include <QAccessible>
 #include <QHeaderView>
@@ -121,7 +122,7 @@ TEST_F(AccessibleListTest, NothingIsToggledUnderAPanel) {
     EXPECT_EQ(inTable.size(), 0);
     EXPECT_FALSE(rows.isChecked(0));
     EXPECT_FALSE(QAccessible::queryAccessibleInterface(&table)->tableInterface()->selectRow(1));
-    window.removeCovers();
+    window.covers().removeAll();
     toggle(cell(tree, 1, ResultTreeView::check));
     EXPECT_EQ(inTree.size(), 1);
 }

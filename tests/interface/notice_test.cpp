@@ -6,6 +6,7 @@
 #include "interface/progress_screen.h"
 #include "interface/shown_window.h"
 #include "interface/text_block.h"
+#include "interface/window_covers.h"
 
 #include <QLabel>
 #include <QSignalSpy>
@@ -95,9 +96,9 @@ TEST_F(NoticeTest, AnswersBelowACoverShowNoHand) {
     window.showOver(&panel, {250, 200});
     window.showOver(&panel, {250, 200});
     EXPECT_NE(window.runningAlertOk->cursor().shape(), Qt::PointingHandCursor);
-    window.removeFirstCover();
+    window.covers().removeFirst();
     EXPECT_NE(window.runningAlertOk->cursor().shape(), Qt::PointingHandCursor);
-    window.removeCovers();
+    window.covers().removeAll();
     EXPECT_EQ(window.runningAlertOk->cursor().shape(), Qt::PointingHandCursor);
 }
 

@@ -12,6 +12,7 @@
 #include "interface/shown_window.h"
 #include "interface/some_results.h"
 #include "interface/text_block.h"
+#include "interface/window_covers.h"
 
 #include <QLabel>
 #include <QSignalSpy>
@@ -191,16 +192,16 @@ TEST_F(ResultPanelsTest, CoversAreTakenAwayAllOrTheFirst) {
                   three[2]->viewsOverlaidCount(),
               3);
 
-    window.removeFirstCover();
+    window.covers().removeFirst();
     EXPECT_EQ(covers().size(), 2);
     EXPECT_TRUE(information.isVisible());
 
-    window.removeCovers();
+    window.covers().removeAll();
     EXPECT_TRUE(covers().isEmpty());
     EXPECT_TRUE(information.isVisible());
 
-    window.removeFirstCover();
-    window.removeCovers();
+    window.covers().removeFirst();
+    window.covers().removeAll();
     EXPECT_TRUE(covers().isEmpty());
 }
 
@@ -209,15 +210,15 @@ TEST_F(ResultPanelsTest, ARemovedCoverNotifiesTheOthers) {
     ViewTransparent* first = covers().front();
     window.showOver(&information, {250, 200});
     EXPECT_EQ(first->viewsOverlaidCount(), 1);
-    window.removeFirstCover();
-    window.removeFirstCover();
+    window.covers().removeFirst();
+    window.covers().removeFirst();
     EXPECT_TRUE(covers().isEmpty());
 }
 
 TEST_F(ResultPanelsTest, TheScreenWorksAgainWithoutCovers) {
     window.showOver(&information, {250, 200});
     information.hide();
-    window.removeCovers();
+    window.covers().removeAll();
     const QSignalSpy marked(screen.markAll, &QAbstractButton::clicked);
     QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, {50, 500});
     EXPECT_EQ(marked.size(), 1);
@@ -271,7 +272,7 @@ TEST_F(ResultPanelsTest, PauseAndStopHaveTheirKeysWhileADeletionRuns) {
     EXPECT_EQ(stopped.size(), 1);
 
     deletion.hide();
-    window.removeCovers();
+    window.covers().removeAll();
     QTest::keyClick(window.focusWidget(), Qt::Key_P, Qt::ControlModifier);
     EXPECT_EQ(paused.size(), 1);
 }
@@ -295,7 +296,7 @@ TEST_F(ResultPanelsTest, ShortcutsOfTheScreenAreDisabledMeanwhile) {
     pressAll();
     EXPECT_EQ(marked.size() + chosen.size() + deleted.size(), 0);
     information.hide();
-    window.removeCovers();
+    window.covers().removeAll();
     pressAll();
     EXPECT_EQ(marked.size(), 1);
     EXPECT_EQ(chosen.size(), 1);
@@ -317,7 +318,7 @@ TEST_F(ResultPanelsTest, TheFocusIsInTheListAgainAfterADeletion) {
     EXPECT_EQ(window.focusWidget(), deletion.pauseResumeBtn);
 
     deletion.hide();
-    window.removeCovers();
+    window.covers().removeAll();
     screen.buttonHomePage->show();
     screen.resultTable->show();
 

@@ -19,6 +19,7 @@
 #include "interface/some_results.h"
 #include "interface/text_block.h"
 #include "interface/translation.h"
+#include "interface/window_covers.h"
 #include "model/file_store.h"
 
 #include <QFile>
@@ -202,7 +203,7 @@ TEST_P(RoomForTextsTest, InTheInformation) {
         lookAtEverythingShown("information");
         EXPECT_EQ(panel.height(), 190) << lines.value(0).toStdString();
         panel.hide();
-        window->removeCovers();
+        window->covers().removeAll();
     };
     inform(
         ResultTexts::duplicatesFound(),
@@ -265,7 +266,7 @@ TEST_P(RoomForTextsTest, InTheReportOfFilesThatCouldNotBeMovedBack) {
         lookAtEverythingShown("report-not-back");
         EXPECT_FALSE(panel.keptLine->isElided()) << line.toStdString();
         panel.hide();
-        window->removeCovers();
+        window->covers().removeAll();
     }
     InformationWindow information(*window);
     KeptList list(*window, information);
@@ -278,7 +279,7 @@ TEST_P(RoomForTextsTest, InTheReportOfFilesThatCouldNotBeMovedBack) {
         window->showOver(window->keptWindow, ListPanel::designPlace, halfOfGain, halfOfGain);
         lookAtEverythingShown(outcome == MoveOutcome::moved ? "not-back" : "kept-and-not-back");
         window->keptWindow->hide();
-        window->removeCovers();
+        window->covers().removeAll();
     }
 }
 
