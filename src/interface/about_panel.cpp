@@ -80,14 +80,12 @@ void AboutPanel::placeControls() {
           {textMargin, 244, 354, 43}, atEnd);
 }
 
-int AboutPanel::heightForWidth(int width) const {
-    Q_UNUSED(width)
+int AboutPanel::heightForWidth(int) const {
     const int needed = sentence_->heightForWidth(sentencePlace.width());
     return std::max(designSize.height(), sentencePlace.top() + needed + airUnderSentence);
 }
 
-void AboutPanel::paintEvent(QPaintEvent* event) {
-    Q_UNUSED(event)
+void AboutPanel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QRect inside = rect().adjusted(outline, outline, -outline, -outline);
     painter.fillRect(inside, look::surface);

@@ -9,8 +9,7 @@ namespace tarvin {
 
 namespace {
 
-QAccessibleInterface* listInterface(const QString& className, QObject* object) {
-    Q_UNUSED(className)
+QAccessibleInterface* listInterface(const QString&, QObject* object) {
     auto* view = qobject_cast<QAbstractItemView*>(object);
     auto* list = dynamic_cast<MarkedList*>(view);
     return list == nullptr ? nullptr : new AccessibleList(*view, *list);

@@ -30,8 +30,7 @@ DialogPanel::DialogPanel(QSize design, const char* headerName, QWidget* parent)
                                atStart});
 }
 
-int DialogPanel::heightForWidth(int width) const {
-    Q_UNUSED(width)
+int DialogPanel::heightForWidth(int) const {
     return design_.height() + heightMissing();
 }
 
@@ -39,8 +38,7 @@ QSize DialogPanel::sizeHint() const {
     return {design_.width(), heightForWidth(design_.width())};
 }
 
-void DialogPanel::paintEvent(QPaintEvent* event) {
-    Q_UNUSED(event)
+void DialogPanel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), look::surface);
     if (footHeight_ > 0) {

@@ -53,8 +53,7 @@ bool PaneFrame::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-void PaneFrame::paintEvent(QPaintEvent* event) {
-    Q_UNUSED(event)
+void PaneFrame::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), look::frame);
     const QRect inside = rect().marginsRemoved(lines_);
@@ -65,8 +64,7 @@ void PaneFrame::paintEvent(QPaintEvent* event) {
     }
 }
 
-void PaneFrame::resizeEvent(QResizeEvent* event) {
-    Q_UNUSED(event)
+void PaneFrame::resizeEvent(QResizeEvent*) {
     content_->setGeometry(rect().marginsRemoved(lines_));
 }
 
@@ -87,8 +85,7 @@ LocationFrame::LocationFrame(LocationTable* table, QWidget* parent)
     connect(table, &LocationTable::surroundingsChanged, this, [this] { update(); });
 }
 
-void LocationFrame::paintEvent(QPaintEvent* event) {
-    Q_UNUSED(event)
+void LocationFrame::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), look::surface);
     ListHeader::paintBackground(painter,
@@ -103,8 +100,7 @@ void LocationFrame::paintEvent(QPaintEvent* event) {
     }
 }
 
-void LocationFrame::resizeEvent(QResizeEvent* event) {
-    Q_UNUSED(event)
+void LocationFrame::resizeEvent(QResizeEvent*) {
     table_->setGeometry(rect().adjusted(look::frameLine + tableMargin, look::frameLine,
                                         -look::frameLine - tableMargin,
                                         -look::frameLine - tableMargin));

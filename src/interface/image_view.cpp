@@ -31,8 +31,7 @@ void ImageView::setImage(const QImage& image) {
     update();
 }
 
-void ImageView::paintEvent(QPaintEvent* event) {
-    Q_UNUSED(event)
+void ImageView::paintEvent(QPaintEvent*) {
     constexpr int line = 1;
     QPainter painter(this);
     painter.fillRect(rect(), look::surface);

@@ -16,8 +16,7 @@ class BandEnd final : public QWidget {
     explicit BandEnd(int height) { setFixedHeight(height); }
 
  protected:
-    void paintEvent(QPaintEvent* event) override {
-        Q_UNUSED(event)
+    void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         ListHeader::paintBackground(painter, rect());
     }

@@ -9,10 +9,8 @@
 namespace tarvin {
 
 OpenPanels::OpenPanels(QWidget* window) : QObject(window), window_(window) {
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
-        Q_UNUSED(before)
-        keepKeyboardInside(now);
-    });
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* now) { keepKeyboardInside(now); });
 }
 
 void OpenPanels::watch(QWidget* panel, PanelKeyboard* keyboard) {

@@ -20,8 +20,7 @@ void PictureView::setBacked(bool backed) {
     update();
 }
 
-void PictureView::paintEvent(QPaintEvent* event) {
-    Q_UNUSED(event)
+void PictureView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     if (backed_) {
         painter.fillRect(rect(), look::surface);

@@ -110,8 +110,7 @@ void ResultTable::resizeEvent(QResizeEvent* event) {
 }
 
 void ResultTable::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
-                              const QVector<int>& roles) {
-    Q_UNUSED(roles)
+                              const QVector<int>&) {
     const int top = rowViewportPosition(topLeft.row());
     const int bottom = rowViewportPosition(bottomRight.row()) + rowHeight(bottomRight.row());
     viewport()->update(QRect(0, top, viewport()->width(), bottom - top) & viewport()->rect());

@@ -173,8 +173,7 @@ ResultTreeView::Part ResultTreeView::partAt(const QPoint& point) const {
 }
 
 void ResultTreeView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
-                                 const QVector<int>& roles) {
-    Q_UNUSED(roles)
+                                 const QVector<int>&) {
     if (topLeft.row() == bottomRight.row() && topLeft.parent() == bottomRight.parent()) {
         updateRow(topLeft);
     } else if (!isAllDue_) {

@@ -54,8 +54,7 @@ QSize TextBlock::sizeHint() const {
     return {width, heightForWidth(width)};
 }
 
-void TextBlock::paintEvent(QPaintEvent* event) {
-    Q_UNUSED(event)
+void TextBlock::paintEvent(QPaintEvent*) {
     QTextLayout layout(brokenText(text()), font());
     const QRect area = contentsRect();
     const int height = layOut(layout, area.width(), linePitch_, alignment());
