@@ -118,10 +118,8 @@ void Locations::enter(const QString& header) {
     model_.setHeader(header);
     session_.exact = true;
     session_.similar = false;
-    for (QAbstractButton* button : {static_cast<QAbstractButton*>(screen.markAllExactBtn),
-                                    static_cast<QAbstractButton*>(screen.unmarkAllExactBtn),
-                                    static_cast<QAbstractButton*>(screen.removeFromListExactBtn),
-                                    static_cast<QAbstractButton*>(screen.findDuplicateExact)}) {
+    for (HoverButton* button : {screen.markAllExactBtn, screen.unmarkAllExactBtn,
+                                screen.removeFromListExactBtn, screen.findDuplicateExact}) {
         button->setEnabled(false);
     }
     screen.findDuplicateExact->setAlpha(0.6);

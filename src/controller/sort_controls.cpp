@@ -15,8 +15,7 @@ namespace tarvin {
 
 SortControls::SortControls(const ResultScreen& screen) : screen_(screen) {
     connect(screen.sortPopupBtn, &PopUpButton::activated, this, &SortControls::popupButtonClicked);
-    for (QAbstractButton* toggle : {static_cast<QAbstractButton*>(screen.sortBtn),
-                                    static_cast<QAbstractButton*>(screen.asscendingBtn)}) {
+    for (ToggleButton* toggle : {screen.sortBtn, screen.asscendingBtn}) {
         connect(toggle, &QAbstractButton::clicked, this,
                 [this, toggle] { asscendingDescendingClicked(*toggle); });
     }

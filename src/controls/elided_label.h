@@ -18,7 +18,6 @@ class ElidedLabel final : public QLabel {
 
     /// Where the text is elided: Qt::ElideMiddle, the default, for paths, or Qt::ElideRight.
     void setElideMode(Qt::TextElideMode mode);
-    [[nodiscard]] Qt::TextElideMode elideMode() const { return mode_; }
 
     /// Whether the text is in a white field with an outline, 12 logical pixels from its ends. False
     /// by default.

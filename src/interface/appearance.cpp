@@ -69,12 +69,8 @@ QPalette lightPalette() {
     return colors;
 }
 
-void useLightColors(QWidget* widget) {
-    widget->setPalette(lightPalette());
-}
-
 void useNeutralStyle(QWidget* widget) {
-    useLightColors(widget);
+    widget->setPalette(lightPalette());
     widget->setStyle(neutralStyle());
     for (QWidget* child : widget->findChildren<QWidget*>()) {
         child->setStyle(neutralStyle());
@@ -85,7 +81,7 @@ void useNeutralStyle(QWidget* widget) {
 }
 
 void styleMenu(QMenu* menu) {
-    useLightColors(menu);
+    menu->setPalette(lightPalette());
     menu->setFont(look::font(13));
     const auto css = [](const QColor& color) { return color.name(); };
     menu->setStyleSheet(

@@ -12,6 +12,8 @@
 
 namespace tarvin {
 
+namespace {
+
 void disableHorizontalScrolling(QAbstractScrollArea& list) {
     list.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     QScrollBar* bar = list.horizontalScrollBar();
@@ -19,6 +21,8 @@ void disableHorizontalScrolling(QAbstractScrollArea& list) {
     QObject::connect(bar, &QScrollBar::rangeChanged, bar, [bar] { bar->setRange(0, 0); });
     bar->setRange(0, 0);
 }
+
+}  // namespace
 
 void setUpList(QAbstractItemView& list) {
     list.setFrameShape(QFrame::NoFrame);

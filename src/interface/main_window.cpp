@@ -110,7 +110,7 @@ MainWindow::MainWindow(QWidget* parent)
     setWindowIcon(pictureIcon(QStringLiteral("app_icon")));
     setMinimumSize(designSize);
     resize(designSize);
-    useLightColors(this);
+    setPalette(lightPalette());
     savedOk->setTitle(tr("Ok"));
     QToolTip::setPalette(lightPalette());
     pressGuard_->setAreas({topBar, tabViewMain});

@@ -20,6 +20,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QMenu>
+#include <initializer_list>
 
 namespace tarvin {
 
@@ -128,11 +129,9 @@ ResultScreen::ResultScreen(ViewTopBar* bar)
 
 /// Delete and Remove Exceptions are next to buttons that disable themselves.
 void ResultScreen::keepKeyboardFromTraps() const {
-    for (HoverButton* button :
-         {static_cast<HoverButton*>(allButton), static_cast<HoverButton*>(imageButton),
-          static_cast<HoverButton*>(videoButton), static_cast<HoverButton*>(audioButton),
-          static_cast<HoverButton*>(documentButton), static_cast<HoverButton*>(otherButton),
-          addEceptionBtn, removeExceptionBtn, finishButton}) {
+    for (HoverButton* button : std::initializer_list<HoverButton*>{
+             allButton, imageButton, videoButton, audioButton, documentButton, otherButton,
+             addEceptionBtn, removeExceptionBtn, finishButton}) {
         button->setFocusAfterDisabling({resultTable});
     }
     markAll->setFocusAfterDisabling({unMarkAll, resultTable});
