@@ -59,7 +59,7 @@ class HoverButton : public PaintedButton {
     void changeEvent(QEvent* event) override;
 
     /// Paints the background and the outline.
-    virtual void drawBackground(QPainter& painter);
+    void drawBackground(QPainter& painter);
     void drawTitle(QPainter& painter);
 
  private:

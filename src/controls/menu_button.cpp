@@ -62,16 +62,12 @@ void MenuButton::setOpen(bool open) {
 
 void MenuButton::draw(QPainter& painter) {
     constexpr int side = 17;
-    drawBackground(painter);
-    const QRect place((width() - side) / 2, (height() - side) / 2, side, side);
-    painter.drawPixmap(place, picture(pictureName_, place.size(), densityOf(painter)));
-}
-
-void MenuButton::drawBackground(QPainter& painter) {
     if (isOpen_) {
         painter.fillRect(rect(), openBackground);
     }
-    HoverButton::drawBackground(painter);
+    drawBackground(painter);
+    const QRect place((width() - side) / 2, (height() - side) / 2, side, side);
+    painter.drawPixmap(place, picture(pictureName_, place.size(), densityOf(painter)));
 }
 
 void MenuButton::keyPressEvent(QKeyEvent* event) {

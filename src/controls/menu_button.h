@@ -21,7 +21,6 @@ class MenuButton final : public HoverButton {
 
  protected:
     void draw(QPainter& painter) override;
-    void drawBackground(QPainter& painter) override;
     void keyPressEvent(QKeyEvent* event) override;
 
  private:

@@ -18,21 +18,17 @@ ToggleButton::ToggleButton(QString onGlyph, QString offGlyph, QWidget* parent)
 
 void ToggleButton::draw(QPainter& painter) {
     constexpr int side = 18;
-    drawBackground(painter);
+    if (!isChecked() || !isEnabled()) {
+        drawBackground(painter);
+    } else {
+        painter.fillRect(rect(), isDown() ? darkened(look::activeTint) : look::activeTint);
+        paintFrame(painter, rect(), 1, look::deepTeal);
+    }
     if (!isEnabled()) {
         painter.setOpacity(painter.opacity() * disabledOpacity());
     }
     const QRect place = checkBoxIn(rect(), side);
     painter.drawPixmap(place.topLeft(), picture(glyph(), place.size(), densityOf(painter)));
-}
-
-void ToggleButton::drawBackground(QPainter& painter) {
-    if (!isChecked() || !isEnabled()) {
-        HoverButton::drawBackground(painter);
-        return;
-    }
-    painter.fillRect(rect(), isDown() ? darkened(look::activeTint) : look::activeTint);
-    paintFrame(painter, rect(), 1, look::deepTeal);
 }
 
 }  // namespace tarvin

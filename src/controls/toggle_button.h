@@ -22,7 +22,6 @@ class ToggleButton final : public HoverButton {
 
  protected:
     void draw(QPainter& painter) override;
-    void drawBackground(QPainter& painter) override;
 
  private:
     QString onGlyph_;

@@ -13,26 +13,13 @@ WIndowsLikeButton::WIndowsLikeButton(QString glyph, QWidget* parent)
     setDisabledOpacity(0.4);
 }
 
-void WIndowsLikeButton::setGlyph(const QString& glyph) {
-    glyph_ = glyph;
-    update();
-}
-
 void WIndowsLikeButton::draw(QPainter& painter) {
-    drawBackground(painter);
-    if (glyph_.isEmpty()) {
-        drawTitle(painter);
-        return;
-    }
-    constexpr int side = 20;
-    const QRect place((width() - side) / 2, (height() - side) / 2, side, side);
-    painter.drawPixmap(place.topLeft(), picture(glyph_, place.size(), densityOf(painter)));
-}
-
-void WIndowsLikeButton::drawBackground(QPainter& painter) {
     constexpr int edge = 2;
+    constexpr int side = 20;
     painter.fillRect(rect(), isDown() ? darkened(look::teal) : look::teal);
     paintFrame(painter, rect(), edge, look::surface);
+    const QRect place((width() - side) / 2, (height() - side) / 2, side, side);
+    painter.drawPixmap(place.topLeft(), picture(glyph_, place.size(), densityOf(painter)));
 }
 
 }  // namespace tarvin

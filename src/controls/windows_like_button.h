@@ -14,16 +14,12 @@ class WIndowsLikeButton final : public HoverButton {
 
  public:
     /// `glyph` is the name of an image of 20 x 20, such as "ui/back".
-    explicit WIndowsLikeButton(QString glyph = {}, QWidget* parent = nullptr);
-
-    void setGlyph(const QString& glyph);
-    [[nodiscard]] QString glyph() const { return glyph_; }
+    explicit WIndowsLikeButton(QString glyph, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override { return {32, 32}; }
 
  protected:
     void draw(QPainter& painter) override;
-    void drawBackground(QPainter& painter) override;
 
  private:
     QString glyph_;
