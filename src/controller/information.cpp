@@ -1,7 +1,10 @@
 #include "controller/information.h"
 
+#include "controller/result_tabs.h"
 #include "controller/result_texts.h"
 #include "interface/product_title.h"
+
+#include <array>
 
 namespace tarvin {
 
@@ -75,39 +78,16 @@ Information noDuplicatesInformation(ResultView category) {
 }
 
 bool& flagOf(ResultView view, SummariesShown& shown) {
-    switch (view) {
-        case ResultView::image:
-            return shown.imageTabInfo;
-        case ResultView::video:
-            return shown.videoTabInfo;
-        case ResultView::audio:
-            return shown.audioTabInfo;
-        case ResultView::documents:
-            return shown.docsTabInfo;
-        case ResultView::other:
-            return shown.othrTabInfo;
-        case ResultView::all:
-            break;
-    }
-    return shown.allTabInfo;
+    static constexpr std::array flags{&SummariesShown::allTabInfo,   &SummariesShown::imageTabInfo,
+                                      &SummariesShown::audioTabInfo, &SummariesShown::videoTabInfo,
+                                      &SummariesShown::docsTabInfo,  &SummariesShown::othrTabInfo};
+    return shown.*ofView(flags, view);
 }
 
 QString informationImageOf(ResultView view) {
-    switch (view) {
-        case ResultView::image:
-            return QStringLiteral("image_info");
-        case ResultView::video:
-            return QStringLiteral("video_info");
-        case ResultView::audio:
-            return QStringLiteral("Audio_info");
-        case ResultView::documents:
-            return QStringLiteral("document_info");
-        case ResultView::other:
-            return QStringLiteral("other_info");
-        case ResultView::all:
-            break;
-    }
-    return QStringLiteral("common_info");
+    static constexpr std::array names{"common_info", "image_info",    "Audio_info",
+                                      "video_info",  "document_info", "other_info"};
+    return QString::fromLatin1(ofView(names, view));
 }
 
 Information allFilesOfSetInformation() {

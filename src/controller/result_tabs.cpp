@@ -5,21 +5,10 @@
 namespace tarvin {
 
 TabButton* tabButtonOf(const ResultScreen& screen, ResultView view) {
-    switch (view) {
-        case ResultView::all:
-            return screen.allButton;
-        case ResultView::image:
-            return screen.imageButton;
-        case ResultView::video:
-            return screen.videoButton;
-        case ResultView::audio:
-            return screen.audioButton;
-        case ResultView::documents:
-            return screen.documentButton;
-        case ResultView::other:
-            break;
-    }
-    return screen.otherButton;
+    static constexpr std::array buttons{&ResultScreen::allButton,      &ResultScreen::imageButton,
+                                        &ResultScreen::audioButton,    &ResultScreen::videoButton,
+                                        &ResultScreen::documentButton, &ResultScreen::otherButton};
+    return screen.*ofView(buttons, view);
 }
 
 }  // namespace tarvin

@@ -1,8 +1,10 @@
 #include "controller/results.h"
 
+#include "controller/result_tabs.h"
 #include "controller/sort_files.h"
 #include "model/exception_batch.h"
 
+#include <array>
 #include <utility>
 
 namespace tarvin {
@@ -10,20 +12,9 @@ namespace tarvin {
 namespace {
 
 Category categoryOf(ResultView view) {
-    switch (view) {
-        case ResultView::image:
-            return Category::image;
-        case ResultView::video:
-            return Category::video;
-        case ResultView::audio:
-            return Category::audio;
-        case ResultView::documents:
-            return Category::documents;
-        case ResultView::all:
-        case ResultView::other:
-            break;
-    }
-    return Category::other;
+    static constexpr std::array categories{Category::other, Category::image,     Category::audio,
+                                           Category::video, Category::documents, Category::other};
+    return ofView(categories, view);
 }
 
 ViewFlags flagsOf(ResultView view) {
