@@ -3,7 +3,6 @@
 #include "controller/path_text.h"
 #include "controller/result_texts.h"
 #include "controls/plain_text.h"
-#include "interface/result_table.h"
 
 #include <utility>
 
@@ -12,12 +11,6 @@ namespace tarvin {
 namespace {
 
 constexpr int listColumns = 4;
-
-static_assert(int{FileList::nameText} == int{ResultTable::nameText} &&
-                  int{FileList::fileLocation} == int{ResultTable::fileLocation} &&
-                  int{FileList::fileGroup} == int{ResultTable::fileGroup} &&
-                  int{FileList::ButtonCell} == int{ResultTable::ButtonCell},
-              "column order must match ResultTable");
 
 QString identifierOf(int column) {
     switch (column) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "interface/result_table.h"
 #include "model/set.h"
 
 #include <QAbstractTableModel>
@@ -16,12 +17,7 @@ class FileList final : public QAbstractTableModel {
     Q_OBJECT
 
  public:
-    enum Column {
-        nameText,
-        fileLocation,
-        fileGroup,
-        ButtonCell  // NOLINT(readability-identifier-naming)
-    };
+    using enum ResultTable::Column;
 
     // Role of the horizontal header.
     static constexpr int identifier = Qt::UserRole;  ///< QString: the column's name

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controller/location_list.h"
+#include "interface/location_table.h"
 
 #include <QAbstractTableModel>
 #include <QPixmap>
@@ -18,7 +19,7 @@ class LocationModel final : public QAbstractTableModel, private LocationListObse
     Q_OBJECT
 
  public:
-    enum Column { mainCell, buttonCell };
+    using enum LocationTable::Column;
 
     // Roles besides those of the texts and the image that CustomTableCellView paints.
     enum Role {

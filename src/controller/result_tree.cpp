@@ -5,7 +5,6 @@
 #include "controller/tree_snapshot.h"
 #include "controls/plain_text.h"
 #include "interface/result_table.h"
-#include "interface/result_tree_view.h"
 
 #include <utility>
 
@@ -14,10 +13,6 @@ namespace tarvin {
 namespace {
 
 constexpr int treeColumns = 2;
-
-static_assert(int{ResultTree::check} == int{ResultTreeView::check} &&
-                  int{ResultTree::name} == int{ResultTreeView::name},
-              "column order must match ResultTreeView");
 
 // The internal ID of an index: 0 for the row of an extension, the position of its extension plus 1
 // for the row of a set.

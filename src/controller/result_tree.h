@@ -1,5 +1,6 @@
 #pragma once
 
+#include "interface/result_tree_view.h"
 #include "model/modal.h"
 
 #include <QAbstractItemModel>
@@ -21,7 +22,7 @@ class ResultTree final : public QAbstractItemModel {
     Q_OBJECT
 
  public:
-    enum Column { check, name };
+    using enum ResultTreeView::Column;
 
     // Role of the horizontal header.
     static constexpr int identifier = Qt::UserRole;  ///< QString: "check" or "name"
