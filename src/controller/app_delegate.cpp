@@ -270,10 +270,6 @@ void AppDelegate::buttonHomePageClicked() {
     }
 }
 
-void AppDelegate::buttonHomeSimilarPageClicked() {
-    goHome();
-}
-
 void AppDelegate::showDuplicateScanResult() {
     results_->begin();
     views_->showDuplicateScanResult(true);
@@ -299,29 +295,9 @@ void AppDelegate::runningAlertOK() {
     scan_->goOn();
 }
 
-void AppDelegate::windowWillClose() const {
-    terminate();
-}
-
-void AppDelegate::terminate() const {
-    surroundings_.terminate();
-}
-
-void AppDelegate::showLoading() const {
-    window_.loading().show();
-}
-
-void AppDelegate::updateProgress() const {
-    window_.loading().hide();
-}
-
 void AppDelegate::startAnimation() const {
     window_.progressWindow->raise();
     window_.progressWindow->show();
-}
-
-void AppDelegate::stopAnimation() const {
-    window_.progressWindow->hide();
 }
 
 }  // namespace tarvin

@@ -72,23 +72,23 @@ class AppDelegate final : public QObject {
     void buttonHomeExactPageClicked();
     void buttonHomePageClicked();
     /// Nothing calls it: there is no screen for similar images.
-    void buttonHomeSimilarPageClicked();
+    void buttonHomeSimilarPageClicked() { goHome(); }
 
     /// Returns whether the window may close. During a scan it returns false, pauses the scan and
     /// shows a notice.
     bool windowShouldClose();
     void runningAlertOK();
-    void windowWillClose() const;
+    void windowWillClose() const { terminate(); }
     /// Does nothing: persistent data is stored whenever it changes.
     void applicationWillTerminate() const {}
 
     /// Covers the result until updateProgress(). Nothing calls it: ResultViews uses the overlay
     /// directly.
-    void showLoading() const;
-    void updateProgress() const;
+    void showLoading() const { window_.loading().show(); }
+    void updateProgress() const { window_.loading().hide(); }
     /// Shows and hides the panel of a long task. Nothing calls them.
     void startAnimation() const;
-    void stopAnimation() const;
+    void stopAnimation() const { window_.progressWindow->hide(); }
 
     /// Opens the folders of QEvent::FileOpen, which some desktops send to a running program.
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -114,7 +114,7 @@ class AppDelegate final : public QObject {
     void rightClicked();
 
  private:
-    Q_SLOT void terminate() const;
+    Q_SLOT void terminate() const { surroundings_.terminate(); }
     void showHomeImage();
     void setUpButtons() const;
     void connectControls();

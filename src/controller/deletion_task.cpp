@@ -148,10 +148,6 @@ void DeletionTask::deleteButtonExactPageClicked() {
     begin(window_.results->unMarkAll->isEnabled());
 }
 
-void DeletionTask::sendToRecycleClicked() {
-    begin(true);
-}
-
 void DeletionTask::begin(bool unMarkAllEnabled) {
     if (run_) {
         return;

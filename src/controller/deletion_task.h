@@ -37,7 +37,7 @@ class DeletionTask final : public QObject {
 
     /// Starts a run, or reports that nothing is marked.
     void deleteButtonExactPageClicked();
-    void sendToRecycleClicked();
+    void sendToRecycleClicked() { begin(true); }
     /// Pauses or resumes, as the title of the button says.
     void pauseDeletionProcess();
     /// Pauses the run and asks whether to stop it.

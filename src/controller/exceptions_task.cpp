@@ -66,10 +66,6 @@ void ExceptionsTask::addExceptionsOKClicked() {
     }
 }
 
-void ExceptionsTask::addExceptionsCancelClicked() {
-    removeExceptionWindow();
-}
-
 void ExceptionsTask::removeExceptionWindow() {
     window_.covers().removeAll();
     window_.exceptionWindow->hide();

@@ -27,7 +27,7 @@ class ExceptionsTask final : public QObject {
     /// Asks for confirmation, if anything is marked.
     void addExceptions();
     void addExceptionsOKClicked();
-    void addExceptionsCancelClicked();
+    void addExceptionsCancelClicked() { removeExceptionWindow(); }
     void removeExceptionWindow();
     /// Asks whether to empty the list.
     void removeExceptions();

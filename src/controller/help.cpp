@@ -41,10 +41,6 @@ void Help::helpMenuClicked() {
     }
 }
 
-void Help::supportMenuClicked() {
-    openURLS(urlDict_.support);
-}
-
 void Help::openURLS(const QString& address) {
     if (!address.isEmpty()) {
         desktop_.openAddress(address);

@@ -26,7 +26,7 @@ class Help final : public QObject {
 
     void buttonHelpManualClicked();
     void helpMenuClicked();
-    void supportMenuClicked();
+    void supportMenuClicked() { openURLS(urlDict_.support); }
     void aboutMenuClicked();
     /// Opens a URL in the default application. Does nothing if it is empty or invalid.
     void openURLS(const QString& address);

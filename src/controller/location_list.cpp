@@ -63,10 +63,6 @@ void LocationList::setInitialState() {
     insertRows(rows_.size(), std::move(rows));
 }
 
-void LocationList::showTopLevel() {
-    showLevel({}, topLevelRows());
-}
-
 bool LocationList::loadFolder(const std::string& path) {
     std::vector<std::string> folders = getFoldersAtPath(path);
     if (folders.empty()) {
@@ -96,10 +92,6 @@ std::vector<std::string> LocationList::getFoldersAtPath(const std::string& path)
 std::string LocationList::imageNameOfPath(const std::string& path) const {
     return tarvin::imageNameOfPath(path, platform_.mountedVolumes(),
                                    platform_.userFolder(UserFolder::desktop));
-}
-
-bool LocationList::imageIsAlreadyThere(std::string_view path) const {
-    return index_.covers(path);
 }
 
 Addition LocationList::addFiles(const std::vector<std::string>& paths) {

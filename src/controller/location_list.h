@@ -67,7 +67,7 @@ class LocationList final {
     void setInitialState();
 
     /// Replaces the rows by the top level.
-    void showTopLevel();
+    void showTopLevel() { showLevel({}, topLevelRows()); }
 
     /// Replaces the rows by the folders in a folder. If stateArray() holds the folder, they are
     /// checked and added to it. Returns false and changes nothing if there are no folders.
@@ -85,7 +85,9 @@ class LocationList final {
 
     /// Whether a row is the path or a folder above it. A folder whose name has an extension covers
     /// only itself.
-    [[nodiscard]] bool imageIsAlreadyThere(std::string_view path) const;
+    [[nodiscard]] bool imageIsAlreadyThere(std::string_view path) const {
+        return index_.covers(path);
+    }
 
     /// Appends the files chosen in the file panel that still exist.
     Addition addFiles(const std::vector<std::string>& paths);

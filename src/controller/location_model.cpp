@@ -178,18 +178,6 @@ void LocationModel::aboutToInsertRows(std::size_t first, std::size_t count) {
     beginInsertRows({}, static_cast<int>(first), static_cast<int>(first + count - 1));
 }
 
-void LocationModel::rowsInserted() {
-    endInsertRows();
-}
-
-void LocationModel::aboutToReplaceRows() {
-    beginResetModel();
-}
-
-void LocationModel::rowsReplaced() {
-    endResetModel();
-}
-
 void LocationModel::statesChanged(std::size_t first, std::size_t count) {
     Q_EMIT dataChanged(index(static_cast<int>(first), buttonCell),
                        index(static_cast<int>(first + count - 1), buttonCell),

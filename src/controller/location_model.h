@@ -75,9 +75,9 @@ class LocationModel final : public QAbstractTableModel, private LocationListObse
 
  private:
     void aboutToInsertRows(std::size_t first, std::size_t count) override;
-    void rowsInserted() override;
-    void aboutToReplaceRows() override;
-    void rowsReplaced() override;
+    void rowsInserted() override { endInsertRows(); }
+    void aboutToReplaceRows() override { beginResetModel(); }
+    void rowsReplaced() override { endResetModel(); }
     void statesChanged(std::size_t first, std::size_t count) override;
 
     static constexpr int columns = 2;

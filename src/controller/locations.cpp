@@ -301,14 +301,6 @@ void Locations::removeFromListMenuClicked() {
     reflectMarkStatusForRemoveButton();
 }
 
-void Locations::markAllMenuClicked() {
-    markAllExact();
-}
-
-void Locations::unMarkAllMenuClicked() {
-    unmarkAllExact();
-}
-
 void Locations::homeCleanup() {
     history_.clear();
     list_.removeAllRows();

@@ -53,8 +53,8 @@ class Locations final : public QObject {
     void menuNeedsUpdate();
     void markUnmarkTable();
     void removeFromListMenuClicked();
-    void markAllMenuClicked();
-    void unMarkAllMenuClicked();
+    void markAllMenuClicked() { markAllExact(); }
+    void unMarkAllMenuClicked() { unmarkAllExact(); }
 
     /// Forgets rows, levels and check states.
     void homeCleanup();

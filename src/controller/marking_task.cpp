@@ -43,26 +43,6 @@ void MarkingTask::connectControls() const {
     connect(window_.allCheckOk, &QAbstractButton::clicked, this, &MarkingTask::checkALertOK);
 }
 
-void MarkingTask::markAllClicked() {
-    results_.markAll();
-}
-
-void MarkingTask::unMarkAllClicked() {
-    results_.unmarkAll();
-}
-
-void MarkingTask::checkBoxClicked(const QModelIndex& clickedRow) {
-    results_.toggle(clickedRow);
-}
-
-void MarkingTask::tableCheckBoxClicked(int tag) {
-    Q_EMIT checkNotif(tag);
-}
-
-void MarkingTask::checkButtonClicked(int indexOfButton) {
-    collectionViewCheckButtonCLicked(indexOfButton);
-}
-
 void MarkingTask::collectionViewCheckButtonCLicked(int position) {
     if (results_.toggleFile(position) == ToggleResult::refused) {
         information_.setInformationWindow(allFilesOfSetInformation());

@@ -20,13 +20,13 @@ class MarkingTask final : public QObject {
     MarkingTask(Session& session, Results& results, MainWindow& window,
                 InformationWindow& information);
 
-    void markAllClicked();
-    void unMarkAllClicked();
+    void markAllClicked() { results_.markAll(); }
+    void unMarkAllClicked() { results_.unmarkAll(); }
     /// The check box of an extension or a set in the outline.
-    void checkBoxClicked(const QModelIndex& clickedRow);
+    void checkBoxClicked(const QModelIndex& clickedRow) { results_.toggle(clickedRow); }
     /// The check box in a row of the file table; `tag` is the row.
-    void tableCheckBoxClicked(int tag);
-    void checkButtonClicked(int indexOfButton);
+    void tableCheckBoxClicked(int tag) { Q_EMIT checkNotif(tag); }
+    void checkButtonClicked(int indexOfButton) { collectionViewCheckButtonCLicked(indexOfButton); }
     /// Toggles a file of the selected set, unless no file of the set would stay unmarked.
     void collectionViewCheckButtonCLicked(int position);
 

@@ -73,26 +73,6 @@ void ResultViews::allClicked() {
     showDuplicateScanResult(true);
 }
 
-void ResultViews::imageClicked() {
-    categoryClicked(ResultView::image);
-}
-
-void ResultViews::videoClicked() {
-    categoryClicked(ResultView::video);
-}
-
-void ResultViews::audioClicked() {
-    categoryClicked(ResultView::audio);
-}
-
-void ResultViews::docsClicked() {
-    categoryClicked(ResultView::documents);
-}
-
-void ResultViews::otherClicked() {
-    categoryClicked(ResultView::other);
-}
-
 void ResultViews::change(ResultView view) {
     results_.change(view);
     for (const ResultView other : allViews) {

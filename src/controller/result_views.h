@@ -28,11 +28,11 @@ class ResultViews final : public QObject {
                 const LoadingOverlay& loading);
 
     void allClicked();
-    void imageClicked();
-    void videoClicked();
-    void audioClicked();
-    void docsClicked();
-    void otherClicked();
+    void imageClicked() { categoryClicked(ResultView::image); }
+    void videoClicked() { categoryClicked(ResultView::video); }
+    void audioClicked() { categoryClicked(ResultView::audio); }
+    void docsClicked() { categoryClicked(ResultView::documents); }
+    void otherClicked() { categoryClicked(ResultView::other); }
 
     /// Shows the list in view on the result screen. With `showsSummary`, also its summary, unless
     /// that was shown before, and totals of 0 marked files; otherwise the totals stay. Without a

@@ -36,12 +36,4 @@ void Session::finishCleanUp(CleanUpRun& cleanUp, const StoredTotals& before,
     }
 }
 
-void Session::addExceptions(const std::vector<std::string>& paths) {
-    static_cast<void>(exceptions.addExceptions(paths));
-}
-
-void Session::removeExceptions() {
-    static_cast<void>(exceptions.removeExceptions());
-}
-
 }  // namespace tarvin

@@ -54,8 +54,10 @@ struct Session {
     [[nodiscard]] const std::vector<std::string>& exceptionArrayData() const {
         return exceptions.exceptionArrayData();
     }
-    void addExceptions(const std::vector<std::string>& paths);
-    void removeExceptions();
+    void addExceptions(const std::vector<std::string>& paths) {
+        static_cast<void>(exceptions.addExceptions(paths));
+    }
+    void removeExceptions() { static_cast<void>(exceptions.removeExceptions()); }
 
     Platform& platform;
     bool awake = false;    ///< the one-time initialisation is done

@@ -32,10 +32,6 @@ SortControls::SortControls(const ResultScreen& screen) : screen_(screen) {
     screen.asscendingBtn->setToolTip(ResultTexts::sortingOrder(true));
 }
 
-void SortControls::popupButtonClicked() {
-    Q_EMIT chosen();
-}
-
 void SortControls::asscendingDescendingClicked(QAbstractButton& sender) {
     sender.setToolTip(ResultTexts::sortingOrder(sender.isChecked()));
     Q_EMIT chosen();

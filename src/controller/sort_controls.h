@@ -19,7 +19,7 @@ class SortControls final : public QObject {
     /// `screen` must outlive this object.
     explicit SortControls(const ResultScreen& screen);
 
-    void popupButtonClicked();
+    void popupButtonClicked() { Q_EMIT chosen(); }
     void asscendingDescendingClicked(QAbstractButton& sender);
     void sortByMenuClicked(int tag);
     void sortingOrderMenuClicked(int tag);

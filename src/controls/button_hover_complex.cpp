@@ -56,10 +56,6 @@ void ButtonHoverComplex::setFillColor(const QColor& fillColor) {
     update();
 }
 
-void ButtonHoverComplex::resetButton() {
-    setHovering(false);
-}
-
 void ButtonHoverComplex::setMouseDown(bool mouseDown) {
     mouseDown_ = mouseDown;
     update();

@@ -26,7 +26,7 @@ class ButtonHoverComplex final : public PaintedButton {
     [[nodiscard]] QColor fillColor() const { return fillColor_; }
 
     /// Resets the hover state. Nothing calls it.
-    void resetButton();
+    void resetButton() { setHovering(false); }
 
     void setButtonID(std::int32_t buttonID) { buttonID_ = buttonID; }
     [[nodiscard]] std::int32_t buttonID() const { return buttonID_; }

@@ -18,14 +18,6 @@ void ViewTransparent::setviewsOverlaidCount(std::int32_t viewsOverlaidCount) {
     Q_EMIT viewsOverlaidCountChanged(viewsOverlaidCount);
 }
 
-void ViewTransparent::postAddedNotification() {
-    Q_EMIT addedNote(this);
-}
-
-void ViewTransparent::postRemovedNotification() {
-    Q_EMIT removedNote(this);
-}
-
 void ViewTransparent::viewTransparentAddedNote(QObject* object) {
     if (object != this) {
         setviewsOverlaidCount(viewsOverlaidCount_ + 1);

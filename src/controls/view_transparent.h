@@ -18,8 +18,8 @@ class ViewTransparent final : public QWidget {
     [[nodiscard]] std::int32_t viewsOverlaidCount() const { return viewsOverlaidCount_; }
 
     /// Emits that this overlay was added, or removed.
-    void postAddedNotification();
-    void postRemovedNotification();
+    void postAddedNotification() { Q_EMIT addedNote(this); }
+    void postRemovedNotification() { Q_EMIT removedNote(this); }
 
     /// Increments or decrements the count, unless `object` is this overlay.
     void viewTransparentAddedNote(QObject* object);

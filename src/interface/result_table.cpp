@@ -61,10 +61,6 @@ void ResultTable::setModel(QAbstractItemModel* model) {
     fitColumns();
 }
 
-void ResultTable::turnBox(const QModelIndex& box) {
-    Q_EMIT tableCheckBoxClicked(box.row());
-}
-
 void ResultTable::selectFile(int row) {
     if (model() == nullptr || row < 0 || row >= model()->rowCount()) {
         return;

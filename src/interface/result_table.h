@@ -36,7 +36,7 @@ class ResultTable final : public BoxTable {
 
     void setModel(QAbstractItemModel* model) override;
 
-    void turnBox(const QModelIndex& box) override;
+    void turnBox(const QModelIndex& box) override { Q_EMIT tableCheckBoxClicked(box.row()); }
 
     /// Selects a row like a click, even while the user cannot, makes it current and scrolls to it.
     /// Ignores a row that does not exist.

@@ -142,10 +142,6 @@ int ResultTreeView::rowOf(const QModelIndex& index) const {
     return row.isValid() ? (row.top() + verticalOffset()) / heightOfRows : -1;
 }
 
-void ResultTreeView::turnBox(const QModelIndex& box) {
-    Q_EMIT checkBoxClicked(box);
-}
-
 void ResultTreeView::keyboardSearch(const QString& search) {
     if (model() == nullptr || model()->rowCount() == 0) {
         return;

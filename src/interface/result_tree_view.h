@@ -55,7 +55,7 @@ class ResultTreeView final : public BoxList<QTreeView> {
     [[nodiscard]] int shownRows() const override;
     [[nodiscard]] QModelIndex indexInRow(int row, int column) const override;
     [[nodiscard]] int rowOf(const QModelIndex& index) const override;
-    void turnBox(const QModelIndex& box) override;
+    void turnBox(const QModelIndex& box) override { Q_EMIT checkBoxClicked(box); }
 
     /// Several sets cannot be selected.
     void selectAll() override {}

@@ -50,8 +50,8 @@ struct IdleName {
 
 // Names that docs/architecture.md lists as unused.
 constexpr IdleName idleNames[] = {
-    {"showLoading", 2},
-    {"buttonHomeSimilarPageClicked", 2},
+    {"showLoading", 1},
+    {"buttonHomeSimilarPageClicked", 1},
     {"buttonScanFolderClicked", 2},
     {"showAllCheckAlert", 2},
     {"treeView", 1},
@@ -68,7 +68,7 @@ constexpr IdleName idleNames[] = {
     {"dataEqualsAtPath", 2},
     {"md5OfFile", 2},
     {"checkNilDate", 2},
-    {"resetButton", 4},
+    {"resetButton", 3},
     {"setButtonID", 2},
 };
 
