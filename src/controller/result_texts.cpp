@@ -1,98 +1,8 @@
 #include "controller/result_texts.h"
 
-#include "controller/path_text.h"
 #include "controller/shown_numbers.h"
-#include "scan/texts.h"
 
 namespace tarvin {
-
-namespace {
-
-QString sizeText(std::uint64_t bytes) {
-    return QString::fromStdString(getFormattedStringForSize(bytes));
-}
-
-}  // namespace
-
-QString ResultTexts::checkBoxName(const QString& name) {
-    return tr("Mark %1").arg(name);
-}
-
-QString ResultTexts::partlyMarked() {
-    return tr("Partly marked");
-}
-
-QString ResultTexts::selectedCount(std::uint64_t files) {
-    return tr("Marked Duplicate Files: %1").arg(QString::number(files));
-}
-
-QString ResultTexts::selectedSize(std::uint64_t bytes) {
-    return tr("Marked File Size: %1").arg(sizeText(bytes));
-}
-
-QString ResultTexts::allFilesOfSet() {
-    return tr("All the files of same set cannot be selected");
-}
-
-QString ResultTexts::selectedPath(std::string_view path) {
-    return tr("Path: %1").arg(textOfPath(path));
-}
-
-QString ResultTexts::doubleClickToOpen() {
-    return tr("Double Click On FIle To Open");
-}
-
-QString ResultTexts::sortBySize() {
-    return tr("Sort by size");
-}
-
-QString ResultTexts::sortByName() {
-    return tr("Sort by name");
-}
-
-QString ResultTexts::sortByCreatedDate() {
-    return tr("Sort by created date");
-}
-
-QString ResultTexts::sortByModifiedDate() {
-    return tr("Sort by modified date");
-}
-
-QString ResultTexts::sortByDimension() {
-    return tr("Sort by dimension");
-}
-
-QString ResultTexts::sortingOrder(bool ascending) {
-    return ascending ? tr("Ascending") : tr("Descending");
-}
-
-QString ResultTexts::duplicatesFound() {
-    return tr("Duplicates Found");
-}
-
-QString ResultTexts::information() {
-    return tr("Information");
-}
-
-QString ResultTexts::review() {
-    return tr("Review");
-}
-
-QString ResultTexts::ok() {
-    return tr("Ok");
-}
-
-QString ResultTexts::media(std::int64_t files) {
-    return tr("Media: %1").arg(QString::number(files));
-}
-
-QString ResultTexts::documents(std::int64_t files) {
-    return tr("Documents: %1").arg(QString::number(files));
-}
-
-QString ResultTexts::others(std::int64_t files) {
-    return tr("Others: %1").arg(QString::number(files));
-}
 
 QString ResultTexts::duplicates(ResultView category, std::uint64_t files) {
     const QString count = QString::number(files);
@@ -113,10 +23,6 @@ QString ResultTexts::duplicates(ResultView category, std::uint64_t files) {
     return {};
 }
 
-QString ResultTexts::memoryOccupied(std::uint64_t bytes) {
-    return tr("Memory Occupied: %1").arg(sizeText(bytes));
-}
-
 QString ResultTexts::noDuplicates(ResultView category) {
     switch (category) {
         case ResultView::image:
@@ -133,34 +39,6 @@ QString ResultTexts::noDuplicates(ResultView category) {
             break;
     }
     return {};
-}
-
-QString ResultTexts::nothingToDelete() {
-    return tr("Please select any file to delete.");
-}
-
-QString ResultTexts::cleanUpNotBegun() {
-    return tr("The clean-up could not begin: its moves cannot be written down.");
-}
-
-QString ResultTexts::journalKeptAside() {
-    return tr("The file was set aside; the next clean-up begins a new one.");
-}
-
-QString ResultTexts::deleting() {
-    return tr("Deleting files, please wait...");
-}
-
-QString ResultTexts::stopDeletionQuestion() {
-    return tr("Are you sure, you want to stop this process?");
-}
-
-QString ResultTexts::duplicatesCleaned(std::uint64_t files) {
-    return tr("Duplicates Cleaned: %1").arg(QString::number(files));
-}
-
-QString ResultTexts::spaceRegained(std::uint64_t bytes) {
-    return tr("Space Regained: %1 ").arg(sizeText(bytes));
 }
 
 QString ResultTexts::filesLeft(std::uint64_t files) {
@@ -184,26 +62,6 @@ QString ResultTexts::exceptionQuestion(bool exact) {
                       "exclude.")
                  : tr("The selected similar photos will be excluded from all future scans. Press "
                       "\"Ok\" to exclude.");
-}
-
-QString ResultTexts::exceptionsAdded(std::int64_t files) {
-    return tr("\nSuccessfully added %1 files to exceptions.").arg(QString::number(files));
-}
-
-QString ResultTexts::removeExceptionsQuestion() {
-    return tr("Are you sure, you want to remove all exceptions?");
-}
-
-QString ResultTexts::exceptionsRemoved() {
-    return tr("\nAll exceptions has been removed.");
-}
-
-QString ResultTexts::yes() {
-    return tr("YES");
-}
-
-QString ResultTexts::no() {
-    return tr("NO");
 }
 
 }  // namespace tarvin

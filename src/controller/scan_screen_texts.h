@@ -1,7 +1,10 @@
 #pragma once
 
+#include "controller/path_text.h"
+
 #include <QCoreApplication>
 #include <QString>
+#include <algorithm>
 #include <string_view>
 
 namespace tarvin {
@@ -12,22 +15,36 @@ class ScanScreenTexts final {
 
  public:
     /// While the collection starts.
-    [[nodiscard]] static QString collecting();
+    [[nodiscard]] static QString collecting() { return tr("Collecting Files..."); }
     /// For the file that was collected last; paths are native bytes.
-    [[nodiscard]] static QString collecting(std::string_view path);
+    [[nodiscard]] static QString collecting(std::string_view path) {
+        return tr("Collecting Files: %1").arg(textOfPath(path));
+    }
     /// For the file that was compared last.
-    [[nodiscard]] static QString processing(std::string_view path);
+    [[nodiscard]] static QString processing(std::string_view path) {
+        return tr("Processing File: %1").arg(textOfPath(path));
+    }
     /// While a folder or file does not respond.
-    [[nodiscard]] static QString waitingFor(std::string_view path);
+    [[nodiscard]] static QString waitingFor(std::string_view path) {
+        return tr("Waiting for: %1").arg(textOfPath(path));
+    }
     /// The time of a text such as "Elapsed Time: 00:01:02".
-    [[nodiscard]] static QString elapsed(std::string_view text);
-    [[nodiscard]] static QString searching();
-    [[nodiscard]] static QString searchingTitle();
-    [[nodiscard]] static QString noDuplicates();
+    [[nodiscard]] static QString elapsed(std::string_view text) {
+        constexpr std::size_t clockLength = 8;  // hh:mm:ss
+        const std::string_view clock =
+            text.substr(text.size() - std::min(text.size(), clockLength));
+        return tr("Elapsed Time: %1")
+            .arg(QString::fromUtf8(clock.data(), static_cast<qsizetype>(clock.size())));
+    }
+    [[nodiscard]] static QString searching() { return tr("Searching for duplicate files..."); }
+    [[nodiscard]] static QString searchingTitle() { return tr("Searching for duplicate files"); }
+    [[nodiscard]] static QString noDuplicates() { return tr("No duplicates File found"); }
     /// When memory ran out during the scan.
-    [[nodiscard]] static QString outOfMemory();
-    [[nodiscard]] static QString pause();
-    [[nodiscard]] static QString resume();
+    [[nodiscard]] static QString outOfMemory() {
+        return tr("There was not enough memory to finish the scan. The result is incomplete.");
+    }
+    [[nodiscard]] static QString pause() { return tr("Pause"); }
+    [[nodiscard]] static QString resume() { return tr("Resume"); }
 };
 
 }  // namespace tarvin
