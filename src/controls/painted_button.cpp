@@ -141,7 +141,14 @@ bool PaintedButton::event(QEvent* event) {
         default:
             break;
     }
-    return QPushButton::event(event);
+    // The event of a click can delete the button; those below cannot.
+    const QEvent::Type type = event->type();
+    const bool handled = QPushButton::event(event);
+    if (type == QEvent::Show || type == QEvent::Hide || type == QEvent::Move ||
+        type == QEvent::Resize) {
+        updateTrackingAreas();
+    }
+    return handled;
 }
 
 /// Called when Tab leaves the button, or while it is being disabled.
@@ -175,26 +182,6 @@ void PaintedButton::enterEvent(QEnterEvent* event) {
 void PaintedButton::leaveEvent(QEvent* event) {
     QPushButton::leaveEvent(event);
     exit();
-}
-
-void PaintedButton::showEvent(QShowEvent* event) {
-    QPushButton::showEvent(event);
-    updateTrackingAreas();
-}
-
-void PaintedButton::hideEvent(QHideEvent* event) {
-    QPushButton::hideEvent(event);
-    updateTrackingAreas();
-}
-
-void PaintedButton::moveEvent(QMoveEvent* event) {
-    QPushButton::moveEvent(event);
-    updateTrackingAreas();
-}
-
-void PaintedButton::resizeEvent(QResizeEvent* event) {
-    QPushButton::resizeEvent(event);
-    updateTrackingAreas();
 }
 
 void PaintedButton::focusInEvent(QFocusEvent* event) {

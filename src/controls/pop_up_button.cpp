@@ -149,31 +149,24 @@ void PopUpButton::draw(QPainter& painter) const {
                                                   densityOf(painter)));
 }
 
-void PopUpButton::changeEvent(QEvent* event) {
-    QComboBox::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange) {
-        updateTrackingAreas();
+bool PopUpButton::event(QEvent* event) {
+    const bool handled = QComboBox::event(event);
+    switch (event->type()) {
+        case QEvent::EnabledChange:
+        case QEvent::Show:
+        case QEvent::Hide:
+            updateTrackingAreas();
+            break;
+        case QEvent::Enter:
+            setHovering(true);
+            break;
+        case QEvent::Leave:
+            setHovering(false);
+            break;
+        default:
+            break;
     }
-}
-
-void PopUpButton::showEvent(QShowEvent* event) {
-    QComboBox::showEvent(event);
-    updateTrackingAreas();
-}
-
-void PopUpButton::hideEvent(QHideEvent* event) {
-    QComboBox::hideEvent(event);
-    updateTrackingAreas();
-}
-
-void PopUpButton::enterEvent(QEnterEvent* event) {
-    QComboBox::enterEvent(event);
-    setHovering(true);
-}
-
-void PopUpButton::leaveEvent(QEvent* event) {
-    QComboBox::leaveEvent(event);
-    setHovering(false);
+    return handled;
 }
 
 void PopUpButton::focusInEvent(QFocusEvent* event) {
