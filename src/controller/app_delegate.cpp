@@ -11,7 +11,6 @@
 #include "controls/spinner.h"
 #include "interface/about_panel.h"
 #include "interface/home_screen.h"
-#include "interface/loading_overlay.h"
 #include "interface/location_screen.h"
 #include "interface/notice_panel.h"
 #include "interface/picture_view.h"

@@ -19,6 +19,7 @@
 #include "controller/single_instance.h"
 #include "controller/update_check.h"
 #include "controller/url_reader.h"
+#include "interface/loading_overlay.h"
 #include "interface/main_window.h"
 #include "platform/platform.h"
 
