@@ -76,28 +76,12 @@ std::string collectingFileText(std::string_view path) {
     return with("Collecting Files: ", path);
 }
 
-std::string processingFileText(std::string_view path) {
-    return with("Processing File: ", path);
-}
-
 std::string waitingForText(std::string_view path) {
     return with("Waiting for: ", path);
 }
 
-std::string_view searchingText() {
-    return "Searching for duplicate files...";
-}
-
-std::string_view searchingTitle() {
-    return "Searching for duplicate files";
-}
-
 std::string_view noDuplicatesText() {
     return "No duplicates File found";
-}
-
-std::string_view productName() {
-    return "Tarvin Duplicate File Remover";
 }
 
 }  // namespace tarvin

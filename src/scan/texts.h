@@ -22,15 +22,9 @@ namespace tarvin {
 [[nodiscard]] std::string_view collectingFilesText();
 /// For the current file of the collection. Copies the path's bytes unchanged.
 [[nodiscard]] std::string collectingFileText(std::string_view path);
-/// For the current file of the comparison.
-[[nodiscard]] std::string processingFileText(std::string_view path);
 /// While a call on a folder or file does not return.
 [[nodiscard]] std::string waitingForText(std::string_view path);
-/// The name of the comparison, as a sentence and as a title.
-[[nodiscard]] std::string_view searchingText();
-[[nodiscard]] std::string_view searchingTitle();
 /// When no file was collected.
 [[nodiscard]] std::string_view noDuplicatesText();
-[[nodiscard]] std::string_view productName();
 
 }  // namespace tarvin

@@ -99,18 +99,9 @@ TEST(ResultTexts, AreThoseOfExceptions) {
 TEST(ResultTexts, SayWhatTheTerminalSays) {
     EXPECT_EQ(ResultTexts::selectedCount(5), of(markedFilesText(5)));
     EXPECT_EQ(ResultTexts::selectedSize(5'000), of(markedSizeText(5'000)));
-    EXPECT_EQ(ResultTexts::information(), of(informationTitle()));
-    EXPECT_EQ(ResultTexts::ok(), of(informationButton()));
-    EXPECT_EQ(ResultTexts::allFilesOfSet(), of(allFilesOfSetText()));
-    EXPECT_EQ(ResultTexts::nothingToDelete(), of(nothingToDeleteText()));
-    EXPECT_EQ(ResultTexts::deleting(), of(deletingText()));
-    EXPECT_EQ(ResultTexts::stopDeletionQuestion(), of(stopDeletionQuestion()));
     EXPECT_EQ(ResultTexts::duplicatesCleaned(5), of(duplicatesCleanedText(5)));
     EXPECT_EQ(ResultTexts::spaceRegained(5'000), of(spaceRegainedText(5'000)));
-    EXPECT_EQ(ResultTexts::exceptionQuestion(true), of(exceptionQuestion(true)));
-    EXPECT_EQ(ResultTexts::exceptionQuestion(false), of(exceptionQuestion(false)));
     EXPECT_EQ(ResultTexts::exceptionsAdded(5), of(exceptionsAddedText(5)));
-    EXPECT_EQ(ResultTexts::removeExceptionsQuestion(), of(removeExceptionsQuestion()));
     EXPECT_EQ(ResultTexts::exceptionsRemoved(), of(exceptionsRemovedText()));
 }
 

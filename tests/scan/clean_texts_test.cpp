@@ -11,7 +11,6 @@ TEST(CleanTexts, OfMarks) {
               "Marked Duplicate Files: 18446744073709551615");
     EXPECT_EQ(markedSizeText(0), "Marked File Size: 0.00 KB");
     EXPECT_EQ(markedSizeText(1'050'000), "Marked File Size: 1.05 MB");
-    EXPECT_EQ(allFilesOfSetText(), "All the files of same set cannot be selected");
 }
 
 TEST(CleanTexts, OfTheLifetime) {
@@ -20,27 +19,12 @@ TEST(CleanTexts, OfTheLifetime) {
 }
 
 TEST(CleanTexts, OfTheDeletion) {
-    EXPECT_EQ(nothingToDeleteText(), "Please select any file to delete.");
-    EXPECT_EQ(deletingText(), "Deleting files, please wait...");
-    EXPECT_EQ(stopDeletionQuestion(), "Are you sure, you want to stop this process?");
     EXPECT_EQ(duplicatesCleanedText(2), "Duplicates Cleaned: 2");
     EXPECT_EQ(spaceRegainedText(1'050'000), "Space Regained: 1.05 MB ");
 }
 
-TEST(CleanTexts, OfInformation) {
-    EXPECT_EQ(informationTitle(), "Information");
-    EXPECT_EQ(informationButton(), "Ok");
-}
-
 TEST(CleanTexts, OfExceptions) {
-    EXPECT_EQ(exceptionQuestion(true),
-              "The selected files will be excluded from all future scans. Press \"OK\" to "
-              "exclude.");
-    EXPECT_EQ(exceptionQuestion(false),
-              "The selected similar photos will be excluded from all future scans. Press \"Ok\" "
-              "to exclude.");
     EXPECT_EQ(exceptionsAddedText(3), "\nSuccessfully added 3 files to exceptions.");
-    EXPECT_EQ(removeExceptionsQuestion(), "Are you sure, you want to remove all exceptions?");
     EXPECT_EQ(exceptionsRemovedText(), "\nAll exceptions has been removed.");
 }
 
