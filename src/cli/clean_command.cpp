@@ -9,7 +9,6 @@
 #include "cli/question.h"
 #include "cli/quit.h"
 #include "cli/scan_setup.h"
-#include "scan/clean_texts.h"
 #include "scan/texts.h"
 #include "store/data_file.h"
 #include "text/shown_name.h"

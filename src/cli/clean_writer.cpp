@@ -2,7 +2,6 @@
 
 #include "cli/csv_field.h"
 #include "cli/json_entries.h"
-#include "scan/clean_texts.h"
 #include "scan/texts.h"
 #include "text/hexadecimal.h"
 #include "text/shown_name.h"

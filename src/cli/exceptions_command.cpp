@@ -7,7 +7,7 @@
 #include "cli/usage_texts.h"
 #include "platform/file_paths.h"
 #include "platform/file_system.h"
-#include "scan/clean_texts.h"
+#include "scan/texts.h"
 #include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>

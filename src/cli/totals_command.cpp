@@ -4,7 +4,7 @@
 #include "cli/color_option.h"
 #include "cli/messages.h"
 #include "cli/print.h"
-#include "scan/clean_texts.h"
+#include "scan/texts.h"
 #include "store/data_file.h"
 
 #include <CLI/CLI.hpp>

@@ -6,7 +6,8 @@
 
 namespace tarvin {
 
-// The fixed texts of a scan. Pure. Any thread. Independent of the locale.
+// The fixed texts of scans, marking, cleaning up and excluding, trailing spaces included. Pure. Any
+// thread. Independent of the locale.
 
 /// A size in decimal units with two decimals: "0.00 KB", "1.05 MB", "5000.00 GB". The units are KB,
 /// MB and GB. The division is made in single precision, and the unit is chosen before it, so
@@ -26,5 +27,22 @@ namespace tarvin {
 [[nodiscard]] std::string waitingForText(std::string_view path);
 /// When no file was collected.
 [[nodiscard]] std::string_view noDuplicatesText();
+
+/// "Marked Duplicate Files: 3".
+[[nodiscard]] std::string markedFilesText(std::uint64_t count);
+/// "Marked File Size: 1.05 MB".
+[[nodiscard]] std::string markedSizeText(std::uint64_t bytes);
+/// "Files cleaned so far: 3 (1.05 MB)", over all runs.
+[[nodiscard]] std::string cleanedSoFarText(std::int64_t count, std::uint64_t bytes);
+
+/// The two lines of a run's report: "Duplicates Cleaned: 3" and "Space Regained: 1.05 MB ", with a
+/// trailing space.
+[[nodiscard]] std::string duplicatesCleanedText(std::uint64_t count);
+[[nodiscard]] std::string spaceRegainedText(std::uint64_t bytes);
+
+/// After marked files were excluded; begins with a newline.
+[[nodiscard]] std::string exceptionsAddedText(std::uint64_t count);
+/// Begins with a newline.
+[[nodiscard]] std::string_view exceptionsRemovedText();
 
 }  // namespace tarvin

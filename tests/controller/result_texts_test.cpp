@@ -1,6 +1,6 @@
 #include "controller/result_texts.h"
 
-#include "scan/clean_texts.h"
+#include "scan/texts.h"
 
 #include <gtest/gtest.h>
 

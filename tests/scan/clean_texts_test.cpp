@@ -1,4 +1,4 @@
-#include "scan/clean_texts.h"
+#include "scan/texts.h"
 
 #include <gtest/gtest.h>
 
