@@ -2,8 +2,6 @@
 
 #include "cli/color_option.h"
 #include "cli/messages.h"
-#include "cli/print.h"
-#include "cli/refusal.h"
 #include "cli/usage_texts.h"
 #include "platform/file_paths.h"
 #include "platform/file_system.h"

@@ -1,7 +1,6 @@
 #include "cli/file_option.h"
 
 #include "cli/messages.h"
-#include "cli/print.h"
 #include "cli/usage_texts.h"
 #include "platform/result.h"
 #include "text/shown_name.h"

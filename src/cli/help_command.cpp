@@ -1,9 +1,8 @@
 #include "cli/help_command.h"
 
 #include "cli/color_option.h"
+#include "cli/messages.h"
 #include "cli/parser.h"
-#include "cli/print.h"
-#include "cli/refusal.h"
 #include "cli/usage_texts.h"
 
 #include <CLI/CLI.hpp>

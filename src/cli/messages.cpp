@@ -6,7 +6,8 @@
 
 #include <unistd.h>
 
-#include <string>
+#include <cerrno>
+#include <optional>
 
 namespace tarvin {
 
@@ -58,6 +59,27 @@ void printCannotConfirm(std::string_view action) {
 void printMovedAside(std::string_view path, std::string_view aside) {
     printError(quotedName(path) + " is damaged; kept as " + quotedName(aside) +
                ", and a new file was started");
+}
+
+ExitStatus print(std::string_view text) {
+    Output output(STDOUT_FILENO);
+    output.append(text);
+    output.flush();
+    const std::optional<SystemError> failure = output.error();
+    return failure ? statusOfFailure("standard output", *failure) : ExitStatus::done;
+}
+
+ExitStatus statusOfFailure(std::string_view place, const SystemError& failure) {
+    if (failure.code == EPIPE) {
+        return ExitStatus::outputClosed;
+    }
+    printError(failureText("write", place, failure.text()));
+    return ExitStatus::incomplete;
+}
+
+ExitStatus refuse(const std::string& reason, const std::string& helpCommand) {
+    printError(printable(reason) + "\nTry '" + helpCommand + " --help'.");
+    return ExitStatus::wrongUsage;
 }
 
 }  // namespace tarvin

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cli/command.h"
+#include "platform/result.h"
 #include "store/store_error.h"
 
 #include <string>
@@ -7,8 +9,8 @@
 
 namespace tarvin {
 
-// Messages on standard error. Any thread. A path or name may hold any bytes; every other text must
-// be safe to print.
+// Messages on standard error, and short results on standard output. Any thread, if not said
+// otherwise. A path or name may hold any bytes; every other text must be safe to print.
 
 /// Writes "tarvin: TEXT" and a newline in one write, the program's name in red where there is
 /// colour.
@@ -36,5 +38,16 @@ void printCannotConfirm(std::string_view action);
 
 /// A damaged file of the program's own was renamed to `aside`, and a new one was begun.
 void printMovedAside(std::string_view path, std::string_view aside);
+
+/// Writes the text to standard output; reports a failure. Main thread only.
+ExitStatus print(std::string_view text);
+
+/// Reports a failure to write to `place`, which must be safe to print, and returns the exit status.
+/// A reader that has closed the pipe, as "head" does, is not reported.
+[[nodiscard]] ExitStatus statusOfFailure(std::string_view place, const SystemError& failure);
+
+/// Reports a usage error and refers to the help of `helpCommand`, such as "tarvin scan". Returns
+/// ExitStatus::wrongUsage. Main thread only.
+ExitStatus refuse(const std::string& reason, const std::string& helpCommand);
 
 }  // namespace tarvin

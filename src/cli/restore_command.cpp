@@ -9,7 +9,6 @@
 #include "cli/messages.h"
 #include "cli/question.h"
 #include "cli/quit.h"
-#include "cli/refusal.h"
 #include "cli/restore_choice.h"
 #include "cli/restore_report.h"
 #include "cli/usage_texts.h"

@@ -3,7 +3,6 @@
 #include "clean/recovered_journal.h"
 #include "cli/color_option.h"
 #include "cli/messages.h"
-#include "cli/print.h"
 #include "scan/texts.h"
 #include "store/data_file.h"
 
