@@ -30,11 +30,6 @@ constexpr const char* exceptionsExamples =
     "  1    a file does not exist, or the list could not be read or written\n"
     "  2    usage error; nothing was done";
 
-ExitStatus listFailure(std::string_view action, const StoreError& error) {
-    printStoreError(action, error);
-    return ExitStatus::incomplete;
-}
-
 /// True, after an error message, if the damaged list was moved aside: its entries no longer apply.
 bool reportMovedAside(const ExceptionFile& exceptions) {
     if (exceptions.putAside().empty()) {
@@ -99,13 +94,12 @@ ExitStatus ExceptionsCommand::run() {
     }
     const std::optional<std::string> folder = platform_.applicationSupportFolder();
     if (!folder) {
-        printNoHomeFolder(list_->parsed() ? "read exceptions" : "store exceptions");
-        return ExitStatus::incomplete;
+        return printNoHomeFolder(list_->parsed() ? "read exceptions" : "store exceptions");
     }
     ExceptionFile exceptions(folder);
     const std::optional<StoreError> failure = exceptions.load();
     if (list_->parsed()) {
-        return failure ? listFailure("read exceptions list", *failure) : list(exceptions);
+        return failure ? printStoreError("read exceptions list", *failure) : list(exceptions);
     }
     // Writing moves a damaged list aside.
     return add_->parsed() ? add(exceptions) : clear(exceptions);
@@ -136,7 +130,7 @@ ExitStatus ExceptionsCommand::add(ExceptionFile& exceptions) const {
         return ExitStatus::incomplete;
     }
     if (const std::optional<StoreError> failure = exceptions.addExceptions(paths)) {
-        return listFailure("write exceptions list", *failure);
+        return printStoreError("write exceptions list", *failure);
     }
     const ExitStatus status = print(asLine(exceptionsAddedText(paths.size())));
     const bool isWhole = paths.size() == files_.size() && !reportMovedAside(exceptions);
@@ -145,7 +139,7 @@ ExitStatus ExceptionsCommand::add(ExceptionFile& exceptions) const {
 
 ExitStatus ExceptionsCommand::clear(ExceptionFile& exceptions) {
     if (const std::optional<StoreError> failure = exceptions.removeExceptions()) {
-        return listFailure("write exceptions list", *failure);
+        return printStoreError("write exceptions list", *failure);
     }
     const ExitStatus status = print(asLine(exceptionsRemovedText()));
     return reportMovedAside(exceptions) ? ExitStatus::incomplete : status;

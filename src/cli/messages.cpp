@@ -32,12 +32,13 @@ void printPathError(std::string_view action, std::string_view path, std::string_
     printError(failureText(action, quotedName(path), reason));
 }
 
-void printStoreError(std::string_view action, const StoreError& error) {
+ExitStatus printStoreError(std::string_view action, const StoreError& error) {
     if (error.path.empty()) {
         printError(std::string("cannot ").append(action).append(": ").append(error.text));
     } else {
         printPathError(action, error.path, error.text);
     }
+    return ExitStatus::incomplete;
 }
 
 void printRecordError(const StoreError& error, std::string_view totalsPath) {
@@ -45,8 +46,8 @@ void printRecordError(const StoreError& error, std::string_view totalsPath) {
     printStoreError(isAboutTotals ? "store totals in" : "write journal", error);
 }
 
-void printNoHomeFolder(std::string_view action) {
-    printStoreError(action, {"", "no home folder"});
+ExitStatus printNoHomeFolder(std::string_view action) {
+    return printStoreError(action, {"", "no home folder"});
 }
 
 void printCannotConfirm(std::string_view action) {

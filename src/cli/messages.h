@@ -23,15 +23,16 @@ void printError(std::string_view text);
 /// "tarvin: cannot ACTION 'PATH': REASON".
 void printPathError(std::string_view action, std::string_view path, std::string_view reason);
 
-/// The same for a stored file; without the path if the error has none.
-void printStoreError(std::string_view action, const StoreError& error);
+/// The same for a stored file; without the path if the error has none. Returns
+/// ExitStatus::incomplete.
+ExitStatus printStoreError(std::string_view action, const StoreError& error);
 
 /// The same, after files were moved: `error` is about the file of the totals or its folder, or else
 /// about the journal.
 void printRecordError(const StoreError& error, std::string_view totalsPath);
 
-/// The data folder, which `action` needs, is unknown.
-void printNoHomeFolder(std::string_view action);
+/// The data folder, which `action` needs, is unknown. Returns ExitStatus::incomplete.
+ExitStatus printNoHomeFolder(std::string_view action);
 
 /// There is no terminal for the question whether to `action`, such as "move files".
 void printCannotConfirm(std::string_view action);

@@ -58,8 +58,7 @@ constexpr std::array restoreFormats{Choice<ResultFormat>{"text", ResultFormat::t
                                     Choice<ResultFormat>{"json", ResultFormat::json}};
 
 ExitStatus journalFailure(const StoreError& error, std::string_view action = "read journal") {
-    printStoreError(action, error);
-    return ExitStatus::incomplete;
+    return printStoreError(action, error);
 }
 
 std::string questionFor(std::uint64_t files, std::uint64_t all, std::uint64_t bytes,
@@ -134,8 +133,7 @@ bool RestoreCommand::parseNumber() {
 ExitStatus RestoreCommand::restoreOrList(OutputFile& output) {
     const std::optional<std::string> folder = platform_.applicationSupportFolder();
     if (!folder) {
-        printNoHomeFolder("open journal");
-        return ExitStatus::incomplete;
+        return printNoHomeFolder("open journal");
     }
     DataFile totals(folder);
     std::unique_ptr<PutBack> putBack;

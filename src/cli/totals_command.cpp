@@ -34,14 +34,12 @@ CLI::App& TotalsCommand::addTo(CLI::App& program) {
 ExitStatus TotalsCommand::run() {
     const std::optional<std::string> folder = platform_.applicationSupportFolder();
     if (!folder) {
-        printNoHomeFolder("read totals");
-        return ExitStatus::incomplete;
+        return printNoHomeFolder("read totals");
     }
     DataFile data(folder);
     const std::optional<StoreError> failure = data.loadDataFile();
     if (failure) {
-        printStoreError("read totals", *failure);
-        return ExitStatus::incomplete;
+        return printStoreError("read totals", *failure);
     }
     // The totals may lack the moves of a clean-up that crashed.
     if (const std::optional<StoreError> unsettled = recoverAtStart(platform_, data)) {
