@@ -1,7 +1,7 @@
 #include "cli/color_option.h"
 
 #include "cli/choice.h"
-#include "cli/display.h"
+#include "cli/terminal.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/display.h"
+#include "cli/terminal.h"
 
 #include <string>
 #include <string_view>

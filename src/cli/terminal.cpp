@@ -1,13 +1,69 @@
 #include "cli/terminal.h"
 
+#include "cli/output.h"
+
 #include <fcntl.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <cerrno>
 #include <cstdlib>
-#include <string_view>
+#include <string>
 
 namespace tarvin {
+
+namespace {
+
+std::atomic<ColorWhen> colorWhen{ColorWhen::automatic};
+
+/// Whether the variable is set and not empty. Any thread: nothing in the program changes its
+/// environment.
+bool isSet(const char* name) {
+    const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe)
+    return value != nullptr && *value != '\0';
+}
+
+bool isColored(int descriptor) {
+    switch (colorWhen.load()) {
+        case ColorWhen::always:
+            return true;
+        case ColorWhen::never:
+            return false;
+        case ColorWhen::automatic:
+            break;
+    }
+    return !isSet("NO_COLOR") && isSet("TERM") && isDrawable(descriptor);
+}
+
+/// Reads up to the end of the line and truncates long lines.
+std::string readLine() {
+    constexpr std::size_t maxLength = 256;  // bytes
+    std::string line;
+    char character = 0;
+    while (true) {
+        const ssize_t got = ::read(STDIN_FILENO, &character, 1);
+        if (got < 0 && errno == EINTR) {
+            continue;
+        }
+        if (got <= 0 || character == '\n') {
+            return line;
+        }
+        if (line.size() < maxLength) {
+            line += character;
+        }
+    }
+}
+
+}  // namespace
+
+void useColor(ColorWhen when) {
+    colorWhen = when;
+}
+
+Display displayOf(int descriptor) {
+    return {.isTerminal = ::isatty(descriptor) == 1, .isColored = isColored(descriptor)};
+}
 
 bool isDrawable(int descriptor) {
     // Any thread: nothing in the program changes its environment.
@@ -32,6 +88,20 @@ void reserveStandardStreams() {
     if (descriptor >= 0) {
         ::close(descriptor);
     }
+}
+
+bool isInteractive() {
+    return ::isatty(STDIN_FILENO) == 1 && ::isatty(STDERR_FILENO) == 1;
+}
+
+bool confirm(std::string_view question) {
+    Output output(STDERR_FILENO);
+    output.append(question);
+    if (!output.flush()) {
+        return false;
+    }
+    const std::string answer = readLine();
+    return answer == "y" || answer == "Y" || answer == "yes" || answer == "Yes" || answer == "YES";
 }
 
 }  // namespace tarvin

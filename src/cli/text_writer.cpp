@@ -1,7 +1,7 @@
 #include "cli/text_writer.h"
 
 #include "cli/counted.h"
-#include "cli/display.h"
+#include "cli/terminal.h"
 #include "scan/category.h"
 #include "scan/texts.h"
 #include "text/shown_name.h"
