@@ -1,7 +1,6 @@
-#include "cli/csv_writer.h"
-
 #include "cli/csv_field.h"
 #include "cli/iso_date.h"
+#include "cli/result_writer.h"
 #include "scan/category.h"
 
 #include <optional>
@@ -49,7 +48,7 @@ std::string beginningOf(Category category, const Extensions& extension, Display 
 
 }  // namespace
 
-void CsvWriter::write(const ScanReport& report, Output& output) const {
+void writeCsv(const ScanReport& report, Output& output) {
     output.append("category,extension,set,index,size,modified,created,path,path_bytes\r\n");
     RowContext context;
     context.display = displayOf(output.descriptor());

@@ -1,7 +1,6 @@
-#include "cli/json_writer.h"
-
 #include "cli/harmless_json.h"
 #include "cli/iso_date.h"
+#include "cli/result_writer.h"
 #include "scan/category.h"
 #include "text/hexadecimal.h"
 #include "text/utf8.h"
@@ -153,7 +152,7 @@ void writeSeconds(double seconds, Output& output) {
 
 }  // namespace
 
-void JsonWriter::write(const ScanReport& report, Output& output) const {
+void writeJson(const ScanReport& report, Output& output) {
     writeNumber("{\n  \"totalFiles\": ", report.totalFiles(), output);
     writeNumber(",\n  \"totalFilesSize\": ", report.totalFilesSize(), output);
     output.append(report.stopped ? ",\n  \"stopped\": true" : ",\n  \"stopped\": false");

@@ -1,21 +1,19 @@
 #include "cli/result_writer.h"
 
-#include "cli/csv_writer.h"
-#include "cli/json_writer.h"
-#include "cli/text_writer.h"
-
 namespace tarvin {
 
-std::unique_ptr<ResultWriter> makeWriter(ResultFormat format) {
+void writeReport(ResultFormat format, const ScanReport& report, Output& output) {
     switch (format) {
-        case ResultFormat::json:
-            return std::make_unique<JsonWriter>();
-        case ResultFormat::csv:
-            return std::make_unique<CsvWriter>();
         case ResultFormat::text:
+            writeText(report, output);
+            break;
+        case ResultFormat::json:
+            writeJson(report, output);
+            break;
+        case ResultFormat::csv:
+            writeCsv(report, output);
             break;
     }
-    return std::make_unique<TextWriter>();
 }
 
 }  // namespace tarvin

@@ -4,22 +4,30 @@
 #include "cli/scan_report.h"
 
 #include <cstdint>
-#include <memory>
 
 namespace tarvin {
 
 enum class ResultFormat : std::uint8_t { text, json, csv };
 
-/// Writes the report of a scan in one format, set by set: a result of a million files is not
-/// copied. Any thread.
-class ResultWriter {
- public:
-    virtual ~ResultWriter() = default;
+// The report of a scan, set by set: a result of a million files is not copied. Each function
+// appends the whole report to `output`, which keeps the first error and is not flushed. Any thread.
 
-    /// Appends the whole report to `output`, which keeps the first error and is not flushed.
-    virtual void write(const ScanReport& report, Output& output) const = 0;
-};
+void writeReport(ResultFormat format, const ScanReport& report, Output& output);
 
-[[nodiscard]] std::unique_ptr<ResultWriter> makeWriter(ResultFormat format);
+/// Text: categories, extensions, sets, and one file per line, with a summary at the end. Names are
+/// written by shownName(). Headings are bold where there is colour.
+void writeText(const ScanReport& report, Output& output);
+
+/// One JSON object with the keys of the result tree and dates in UTC. In a name that is not valid
+/// UTF-8, U+FFFD replaces the invalid bytes, and another key has its exact bytes in hexadecimal.
+/// Control and bidirectional characters are escaped. All five categories are always present. Ends
+/// with a newline.
+void writeJson(const ScanReport& report, Output& output);
+
+/// CSV (RFC 4180): a row of headings, then one row per file with the number of its set, counted
+/// from 1 over the whole output. The last column has the exact bytes of a path in hexadecimal if
+/// the path is not valid UTF-8 or, on a terminal, not safe to print. Texts are written by
+/// csvField(). Dates are in UTC, empty if unknown.
+void writeCsv(const ScanReport& report, Output& output);
 
 }  // namespace tarvin

@@ -60,18 +60,15 @@ ExitStatus ScanCommand::scanInto(OutputFile& output, ExceptionFilter exceptions)
     interrupt.watch([&scan] { scan.requestStop(); }, [&output] { quitAtOnce(output); });
     scan.wait();
     const ScanReport report = scan.report();
-    if (const ExitStatus written = write(report, output); written != ExitStatus::done) {
+    writeReport(options_.format, report, output.output());
+    const ExitStatus written = commitOutput(options_.output, output);
+    if (written != ExitStatus::done) {
         return written;
     }
     if (report.stopped && !scan.ranOutOfMemory()) {
         return ExitStatus::stopped;
     }
     return scan.hasReadAll() ? ExitStatus::done : ExitStatus::incomplete;
-}
-
-ExitStatus ScanCommand::write(const ScanReport& report, OutputFile& output) const {
-    makeWriter(options_.format)->write(report, output.output());
-    return commitOutput(options_.output, output);
 }
 
 }  // namespace tarvin

@@ -3,7 +3,6 @@
 #include "cli/command.h"
 #include "cli/output_file.h"
 #include "cli/scan_options.h"
-#include "cli/scan_report.h"
 #include "platform/platform.h"
 #include "scan/exception_filter.h"
 
@@ -19,7 +18,6 @@ class ScanCommand final : public Command {
 
  private:
     ExitStatus scanInto(OutputFile& output, ExceptionFilter exceptions);
-    [[nodiscard]] ExitStatus write(const ScanReport& report, OutputFile& output) const;
 
     Platform& platform_;
     ScanOptions options_;

@@ -1,6 +1,5 @@
-#include "cli/text_writer.h"
-
 #include "cli/counted.h"
+#include "cli/result_writer.h"
 #include "cli/terminal.h"
 #include "scan/category.h"
 #include "scan/texts.h"
@@ -83,7 +82,7 @@ void writeSummary(const ScanReport& report, Output& output) {
 
 }  // namespace
 
-void TextWriter::write(const ScanReport& report, Output& output) const {
+void writeText(const ScanReport& report, Output& output) {
     for (const ScanReport::CategoryReport& category : report.categories) {
         writeCategory(category, output);
     }

@@ -1,7 +1,6 @@
-#include "cli/csv_writer.h"
-
 #include "cli/csv_field.h"
 #include "cli/fake_report.h"
+#include "cli/result_writer.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +13,7 @@ const std::string headings =
     "category,extension,set,index,size,modified,created,path,path_bytes\r\n";
 
 std::string csvOf(const MadeUpReport& report) {
-    return writtenBy(CsvWriter(), report);
+    return writtenBy(writeCsv, report);
 }
 
 TEST(CsvWriter, AnEmptyResultHasOnlyHeadings) {

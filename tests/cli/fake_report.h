@@ -75,12 +75,13 @@ class MadeUpReport final {
 };
 
 /// The output of a writer for a report.
-inline std::string writtenBy(const ResultWriter& writer, const MadeUpReport& madeUp) {
+inline std::string writtenBy(void (*write)(const ScanReport&, Output&),
+                             const MadeUpReport& madeUp) {
     Pipe pipe;
     std::string text;
     std::thread reader([&] { text = pipe.readAll(); });
     Output output(pipe.writing());
-    writer.write(madeUp.report(), output);
+    write(madeUp.report(), output);
     EXPECT_TRUE(output.flush());
     pipe.closeWriting();
     reader.join();

@@ -1,6 +1,5 @@
-#include "cli/json_writer.h"
-
 #include "cli/fake_report.h"
+#include "cli/result_writer.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -15,7 +14,7 @@ using Json = nlohmann::json;
 constexpr std::int64_t noonOfJanuary31st2026 = 1'769'860'800'123'456'789;
 
 std::string jsonOf(const MadeUpReport& report) {
-    return writtenBy(JsonWriter(), report);
+    return writtenBy(writeJson, report);
 }
 
 TEST(JsonWriter, AnEmptyResultHasAllItsKeysAndCategories) {

@@ -1,6 +1,5 @@
-#include "cli/text_writer.h"
-
 #include "cli/fake_report.h"
+#include "cli/result_writer.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +9,7 @@ namespace tarvin {
 namespace {
 
 std::string textOf(const MadeUpReport& report) {
-    return writtenBy(TextWriter(), report);
+    return writtenBy(writeText, report);
 }
 
 TEST(TextWriter, SetsAreListedByCategoryAndExtension) {
