@@ -5,11 +5,11 @@
 #include "cli/counted.h"
 #include "cli/file_option.h"
 #include "cli/interrupt.h"
+#include "cli/lasting_report.h"
 #include "cli/local_date.h"
 #include "cli/messages.h"
 #include "cli/quit.h"
 #include "cli/restore_choice.h"
-#include "cli/restore_report.h"
 #include "cli/terminal.h"
 #include "cli/usage_texts.h"
 #include "scan/texts.h"
@@ -68,6 +68,52 @@ std::string questionFor(std::uint64_t files, std::uint64_t all, std::uint64_t by
     return "Put " + count + " (" + getFormattedStringForSize(bytes) + ") of the clean-up of " +
            localDate(cleanUp.begun) + " back? [y/N] ";
 }
+
+/// Reports each file that is put back or not: to the place of the result, and on standard error
+/// where it cannot be put back. One thread at a time.
+class RestoreReport final {
+ public:
+    /// `place` is what --output names. `output` must outlive this object.
+    RestoreReport(const RestoreSubject& subject, ResultFormat format, const std::string& place,
+                  OutputFile& output)
+        : report_(format, shownOutput(place), output, [&subject](ResultFormat written, Output& to) {
+              return makeRestoreWriter(written, subject, to);
+          }) {}
+
+    void add(const PutBackFile& file) {
+        report_.write([&](RestoreWriter& writer) { writer.file(file); });
+        if (isBack(file.outcome)) {
+            ++summary_.files;
+            summary_.bytes += file.size;
+            return;
+        }
+        ++summary_.notFiles;
+        if (file.outcome == PutBackOutcome::stopped) {
+            summary_.stopped = true;
+        } else {
+            printPathError("put back", file.path, reasonFor(file));
+            ++refused_;
+        }
+    }
+
+    /// The report ends early, on request.
+    void setStopped() { summary_.stopped = true; }
+
+    /// Writes the sums and completes the report. Call once, last.
+    [[nodiscard]] ExitStatus end() {
+        const ExitStatus written =
+            report_.end([this](RestoreWriter& writer) { writer.end(summary_); });
+        if (summary_.stopped) {
+            return ExitStatus::stopped;
+        }
+        return refused_ == 0 ? written : ExitStatus::incomplete;
+    }
+
+ private:
+    LastingReport<RestoreWriter> report_;
+    RestoreSummary summary_;
+    std::uint64_t refused_ = 0;
+};
 
 }  // namespace
 
