@@ -6,7 +6,6 @@
 #include "cli/command.h"
 #include "cli/exceptions_command.h"
 #include "cli/help_command.h"
-#include "cli/help_formatter.h"
 #include "cli/messages.h"
 #include "cli/parser.h"
 #include "cli/restore_command.h"
@@ -41,6 +40,41 @@ constexpr const char* programExamples =
     "  tarvin clean --dry-run ~/Pictures\n"
     "  tarvin restore\n"
     "  tarvin exceptions add ~/Pictures/keep-both.jpg";
+
+/// Layout of the help texts. The parser's own layout adds marks such as "REQUIRED", which repeat
+/// the usage line.
+class HelpFormatter final : public CLI::Formatter {
+ public:
+    HelpFormatter() {
+        label("Positionals", "Arguments");
+        column_width(30);
+    }
+
+    std::string make_usage(const CLI::App* app, std::string name) const override {
+        std::string line = "\nUsage: " + name;
+        if (!app->get_subcommands({}).empty()) {
+            line += " COMMAND";
+        }
+        line += " [OPTION]...";
+        for (const CLI::Option* option : app->get_options()) {
+            if (option->get_positional()) {
+                line += ' ' + make_option_usage(option);
+            }
+        }
+        return line += '\n';
+    }
+
+    std::string make_option_name(const CLI::Option* option, bool isPositional) const override {
+        std::string names = CLI::Formatter::make_option_name(option, isPositional);
+        const std::size_t comma = names.find(',');
+        return comma == std::string::npos ? names : names.insert(comma + 1, " ");
+    }
+
+    std::string make_option_opts(const CLI::Option* option) const override {
+        const std::string type = option->get_type_size() == 0 ? "" : option->get_type_name();
+        return type.empty() ? "" : ' ' + type;
+    }
+};
 
 /// A command and its parser.
 struct Entry {
