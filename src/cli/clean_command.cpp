@@ -1,7 +1,6 @@
 #include "cli/clean_command.h"
 
 #include "clean/clean_up_run.h"
-#include "cli/counted.h"
 #include "cli/file_option.h"
 #include "cli/interrupt.h"
 #include "cli/lasting_report.h"
@@ -9,6 +8,7 @@
 #include "cli/quit.h"
 #include "cli/scan_setup.h"
 #include "cli/terminal.h"
+#include "cli/value_texts.h"
 #include "scan/texts.h"
 #include "store/data_file.h"
 #include "text/shown_name.h"

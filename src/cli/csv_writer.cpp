@@ -1,6 +1,6 @@
 #include "cli/csv_field.h"
-#include "cli/iso_date.h"
 #include "cli/result_writer.h"
+#include "cli/value_texts.h"
 #include "scan/category.h"
 
 #include <optional>

@@ -1,6 +1,6 @@
 #include "cli/harmless_json.h"
-#include "cli/iso_date.h"
 #include "cli/result_writer.h"
+#include "cli/value_texts.h"
 #include "scan/category.h"
 #include "text/hexadecimal.h"
 #include "text/utf8.h"

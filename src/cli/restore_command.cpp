@@ -2,16 +2,15 @@
 
 #include "cli/choice.h"
 #include "cli/color_option.h"
-#include "cli/counted.h"
 #include "cli/file_option.h"
 #include "cli/interrupt.h"
 #include "cli/lasting_report.h"
-#include "cli/local_date.h"
 #include "cli/messages.h"
 #include "cli/quit.h"
 #include "cli/restore_choice.h"
 #include "cli/terminal.h"
 #include "cli/usage_texts.h"
+#include "cli/value_texts.h"
 #include "scan/texts.h"
 #include "text/shown_name.h"
 

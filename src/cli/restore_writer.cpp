@@ -1,9 +1,7 @@
 #include "cli/restore_writer.h"
 
-#include "cli/counted.h"
-#include "cli/iso_date.h"
 #include "cli/json_entries.h"
-#include "cli/local_date.h"
+#include "cli/value_texts.h"
 #include "scan/texts.h"
 #include "text/hexadecimal.h"
 #include "text/shown_name.h"

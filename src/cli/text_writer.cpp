@@ -1,6 +1,6 @@
-#include "cli/counted.h"
 #include "cli/result_writer.h"
 #include "cli/terminal.h"
+#include "cli/value_texts.h"
 #include "scan/category.h"
 #include "scan/texts.h"
 #include "text/shown_name.h"

@@ -1,4 +1,4 @@
-#include "cli/iso_date.h"
+#include "cli/value_texts.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,9 @@
-#include "cli/iso_date.h"
+#include "cli/value_texts.h"
 
+#include <array>
 #include <chrono>
 #include <cstddef>
-#include <string_view>
+#include <ctime>
 
 namespace tarvin {
 
@@ -35,6 +36,22 @@ std::string isoDate(Timestamp date) {
     putDigits(text, 19, 2, time.seconds().count());
     putDigits(text, 29, 9, pastSecond.count() + (beforeEpoch ? 1'000'000'000 : 0));
     return text;
+}
+
+std::string localDate(Timestamp date) {
+    const auto second = std::chrono::floor<std::chrono::seconds>(date).time_since_epoch().count();
+    const auto seconds = static_cast<std::time_t>(second);
+    std::tm local{};
+    if (::localtime_r(&seconds, &local) == nullptr) {
+        ::gmtime_r(&seconds, &local);
+    }
+    std::array<char, 64> text{};
+    const std::size_t length = std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &local);
+    return {text.data(), length};
+}
+
+std::string counted(std::uint64_t number, std::string_view noun) {
+    return std::to_string(number).append(" ").append(noun).append(number == 1 ? "" : "s");
 }
 
 }  // namespace tarvin
