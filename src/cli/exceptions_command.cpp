@@ -1,6 +1,6 @@
 #include "cli/exceptions_command.h"
 
-#include "cli/color_option.h"
+#include "cli/common_options.h"
 #include "cli/messages.h"
 #include "cli/usage_texts.h"
 #include "platform/file_paths.h"

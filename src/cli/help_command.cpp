@@ -1,6 +1,6 @@
 #include "cli/help_command.h"
 
-#include "cli/color_option.h"
+#include "cli/common_options.h"
 #include "cli/messages.h"
 #include "cli/parser.h"
 #include "cli/usage_texts.h"

@@ -2,8 +2,8 @@
 
 #include "cli/arguments.h"
 #include "cli/clean_command.h"
-#include "cli/color_option.h"
 #include "cli/command.h"
+#include "cli/common_options.h"
 #include "cli/exceptions_command.h"
 #include "cli/help_command.h"
 #include "cli/messages.h"

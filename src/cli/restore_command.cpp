@@ -1,8 +1,7 @@
 #include "cli/restore_command.h"
 
 #include "cli/choice.h"
-#include "cli/color_option.h"
-#include "cli/file_option.h"
+#include "cli/common_options.h"
 #include "cli/interrupt.h"
 #include "cli/lasting_report.h"
 #include "cli/messages.h"

@@ -1,6 +1,6 @@
 #include "cli/scan_command.h"
 
-#include "cli/file_option.h"
+#include "cli/common_options.h"
 #include "cli/folder_scan.h"
 #include "cli/interrupt.h"
 #include "cli/messages.h"

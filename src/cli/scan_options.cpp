@@ -1,8 +1,7 @@
 #include "cli/scan_options.h"
 
 #include "cli/choice.h"
-#include "cli/color_option.h"
-#include "cli/file_option.h"
+#include "cli/common_options.h"
 
 #include <CLI/CLI.hpp>
 

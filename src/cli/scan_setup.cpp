@@ -1,6 +1,6 @@
 #include "cli/scan_setup.h"
 
-#include "cli/file_option.h"
+#include "cli/common_options.h"
 #include "cli/messages.h"
 #include "cli/scan_inputs.h"
 

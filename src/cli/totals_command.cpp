@@ -1,7 +1,7 @@
 #include "cli/totals_command.h"
 
 #include "clean/recovered_journal.h"
-#include "cli/color_option.h"
+#include "cli/common_options.h"
 #include "cli/messages.h"
 #include "scan/texts.h"
 #include "store/data_file.h"

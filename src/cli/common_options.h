@@ -14,7 +14,7 @@ class Option;
 
 namespace tarvin {
 
-// Options that name a file, and the output option. Main thread only.
+// Options that several commands have, and the output that one names. Main thread only.
 
 /// Adds an option whose value is a file name; `take` is called with the last one given.
 CLI::Option* addFileOption(CLI::App& command, const std::string& name,
@@ -32,5 +32,9 @@ void addOutputOption(CLI::App& command, std::string& output);
 
 /// Completes the output. If that fails, reports it and returns the status by statusOfFailure().
 [[nodiscard]] ExitStatus commitOutput(const std::string& output, OutputFile& file);
+
+/// Adds "--color" to a command. It takes effect while parsing, so that messages about the rest of
+/// the command line respect it.
+void addColorOption(CLI::App& command);
 
 }  // namespace tarvin

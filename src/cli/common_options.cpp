@@ -1,12 +1,15 @@
-#include "cli/file_option.h"
+#include "cli/common_options.h"
 
+#include "cli/choice.h"
 #include "cli/messages.h"
+#include "cli/terminal.h"
 #include "cli/usage_texts.h"
 #include "platform/result.h"
 #include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>
 
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -26,6 +29,10 @@ std::string fileNameError(const std::string& word, const std::string& option) {
                                       " for a file of that name")
                : std::string();
 }
+
+constexpr std::array times{Choice<ColorWhen>{"auto", ColorWhen::automatic},
+                           Choice<ColorWhen>{"always", ColorWhen::always},
+                           Choice<ColorWhen>{"never", ColorWhen::never}};
 
 }  // namespace
 
@@ -62,6 +69,12 @@ std::unique_ptr<OutputFile> openOutput(const std::string& output) {
 ExitStatus commitOutput(const std::string& output, OutputFile& file) {
     const std::optional<SystemError> failure = file.commit();
     return failure ? statusOfFailure(shownOutput(output), *failure) : ExitStatus::done;
+}
+
+void addColorOption(CLI::App& command) {
+    addChoice(command, "--color", times, useColor,
+              "When to use colour [default: auto, on a terminal\nthat supports it]")
+        ->trigger_on_parse();
 }
 
 }  // namespace tarvin
