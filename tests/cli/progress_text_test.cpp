@@ -1,4 +1,4 @@
-#include "cli/progress_text.h"
+#include "cli/progress_line.h"
 
 #include <gtest/gtest.h>
 
