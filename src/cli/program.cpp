@@ -10,7 +10,6 @@
 #include "cli/parser.h"
 #include "cli/restore_command.h"
 #include "cli/scan_command.h"
-#include "cli/spelling.h"
 #include "cli/terminal.h"
 #include "cli/totals_command.h"
 #include "cli/usage_texts.h"
