@@ -1,7 +1,7 @@
 #include "cli/clean_writer.h"
 
 #include "cli/csv_field.h"
-#include "cli/json_entries.h"
+#include "cli/json_text.h"
 #include "scan/texts.h"
 #include "text/hexadecimal.h"
 #include "text/shown_name.h"

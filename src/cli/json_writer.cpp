@@ -1,4 +1,4 @@
-#include "cli/harmless_json.h"
+#include "cli/json_text.h"
 #include "cli/result_writer.h"
 #include "cli/value_texts.h"
 #include "scan/category.h"

@@ -1,6 +1,6 @@
 #include "cli/restore_writer.h"
 
-#include "cli/json_entries.h"
+#include "cli/json_text.h"
 #include "cli/value_texts.h"
 #include "scan/texts.h"
 #include "text/hexadecimal.h"

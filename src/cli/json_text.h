@@ -27,4 +27,8 @@ class JsonEntries final {
 /// with "Bytes" behind it. Any thread.
 void addPath(nlohmann::ordered_json& entry, const std::string& key, const std::string& path);
 
+/// The same JSON with control and bidirectional characters escaped, as in "\u009b". JSON itself
+/// requires that only below U+0020. `text` must be UTF-8. Pure; any thread.
+[[nodiscard]] std::string harmlessJson(std::string text);
+
 }  // namespace tarvin
