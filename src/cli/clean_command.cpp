@@ -5,7 +5,6 @@
 #include "cli/interrupt.h"
 #include "cli/lasting_report.h"
 #include "cli/messages.h"
-#include "cli/quit.h"
 #include "cli/scan_setup.h"
 #include "cli/terminal.h"
 #include "cli/value_texts.h"

@@ -1,7 +1,9 @@
 #include "cli/interrupt.h"
 
+#include "cli/command.h"
 #include "platform/start_thread.h"
 
+#include <cstdlib>
 #include <utility>
 
 namespace tarvin {
@@ -56,6 +58,11 @@ void Interrupt::waitForSignals() {
         }
         (*call)();
     }
+}
+
+void quitAtOnce(const OutputFile& output) {
+    output.removeTemporary();
+    std::_Exit(static_cast<int>(ExitStatus::stopped));
 }
 
 }  // namespace tarvin

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cli/output_file.h"
+
 #include <atomic>
 #include <csignal>
 #include <functional>
@@ -33,5 +35,9 @@ class Interrupt final {
     std::atomic<bool> ending_{false};
     std::thread thread_;
 };
+
+/// Ends the process with ExitStatus::stopped, without waiting for other threads. Only the temporary
+/// file of `output` is removed. Any thread.
+[[noreturn]] void quitAtOnce(const OutputFile& output);
 
 }  // namespace tarvin

@@ -5,7 +5,6 @@
 #include "cli/interrupt.h"
 #include "cli/lasting_report.h"
 #include "cli/messages.h"
-#include "cli/quit.h"
 #include "cli/restore_choice.h"
 #include "cli/terminal.h"
 #include "cli/usage_texts.h"

@@ -4,7 +4,6 @@
 #include "cli/folder_scan.h"
 #include "cli/interrupt.h"
 #include "cli/messages.h"
-#include "cli/quit.h"
 #include "cli/result_writer.h"
 #include "cli/scan_setup.h"
 
