@@ -1,4 +1,4 @@
-#include "cli/report_place.h"
+#include "cli/lasting_report.h"
 
 #include "cli/messages.h"
 #include "text/shown_name.h"
@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <utility>
 
 namespace tarvin {
 
