@@ -1,8 +1,8 @@
 #pragma once
 
-#include "cli/scan_inputs.h"
 #include "cli/scan_options.h"
 #include "cli/scan_report.h"
+#include "cli/scan_setup.h"
 #include "platform/platform.h"
 #include "scan/exception_filter.h"
 #include "scan/progress_mailbox.h"

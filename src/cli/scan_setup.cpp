@@ -2,7 +2,7 @@
 
 #include "cli/common_options.h"
 #include "cli/messages.h"
-#include "cli/scan_inputs.h"
+#include "platform/file_paths.h"
 
 #include <utility>
 
@@ -25,6 +25,13 @@ std::optional<ExceptionFilter> exceptionFilterOf(const ScanOptions& options, Pla
     return ExceptionFilter(list.paths);
 }
 
+/// The user's list, shared with the window; empty if missing.
+ExceptionList ownExceptions(Platform& platform) {
+    ExceptionFile file(platform.applicationSupportFolder());
+    std::optional<StoreError> failure = file.load();
+    return {file.exceptionArrayData(), std::move(failure)};
+}
+
 }  // namespace
 
 std::optional<ScanSetup> setUpScan(const ScanOptions& options, Platform& platform,
@@ -38,6 +45,31 @@ std::optional<ScanSetup> setUpScan(const ScanOptions& options, Platform& platfor
         return std::nullopt;
     }
     return ScanSetup{std::move(*exceptions), std::move(output)};
+}
+
+ScanFolders foldersOf(const ScanOptions& options) {
+    ScanFolders folders;
+    for (const std::string& given : options.folders) {
+        const Result<std::string> path = absolutePath(given);
+        if (path) {
+            LocationRow row;
+            row.name = *path;
+            row.state = true;
+            row.folder = true;
+            folders.rows.push_back(row);
+        } else {
+            folders.unreadable.push_back({given, path.error()});
+        }
+    }
+    return folders;
+}
+
+ExceptionList exceptionsOf(const ScanOptions& options, Platform& platform) {
+    if (!options.useExceptions) {
+        return {};
+    }
+    return options.exceptionsFile ? readExceptionFile(*options.exceptionsFile)
+                                  : ownExceptions(platform);
 }
 
 }  // namespace tarvin

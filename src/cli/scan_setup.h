@@ -4,10 +4,15 @@
 #include "cli/scan_options.h"
 #include "platform/platform.h"
 #include "scan/exception_filter.h"
+#include "scan/location_row.h"
+#include "scan/unreadable.h"
+#include "store/exception_file.h"
 
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace tarvin {
 
@@ -27,5 +32,17 @@ struct ScanSetup {
 /// fails.
 [[nodiscard]] std::optional<ScanSetup> setUpScan(const ScanOptions& options, Platform& platform,
                                                  UnusableExceptions unusable);
+
+/// The folders of a command line as input of a scan.
+struct ScanFolders {
+    std::vector<LocationRow> rows;               ///< checked, with absolute paths
+    std::vector<UnreadableLocation> unreadable;  ///< without an absolute path
+};
+
+[[nodiscard]] ScanFolders foldersOf(const ScanOptions& options);
+
+/// The exceptions to use. Fails if the list named by the options, or else the user's own, cannot be
+/// read; a missing list of the user is empty.
+[[nodiscard]] ExceptionList exceptionsOf(const ScanOptions& options, Platform& platform);
 
 }  // namespace tarvin

@@ -1,4 +1,4 @@
-#include "cli/scan_inputs.h"
+#include "cli/scan_setup.h"
 
 #include "support/fake_platform.h"
 #include "support/temporary_folder.h"
