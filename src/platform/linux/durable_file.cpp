@@ -1,7 +1,5 @@
 #include "platform/durable_file.h"
 
-#include "platform/exclusive_rename.h"
-
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -28,8 +26,7 @@ SystemError lastError() {
 /// Returns false with errno EEXIST if `to` exists. Some file systems cannot check and rename in one
 /// step; there the caller's lock excludes other instances in between.
 bool renameToFree(const std::string& from, const std::string& to) {
-    errno = renameExclusively(from, to);
-    if (errno == 0) {
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
         return true;
     }
     if (errno != EINVAL && errno != ENOSYS) {
