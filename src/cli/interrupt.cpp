@@ -1,7 +1,7 @@
 #include "cli/interrupt.h"
 
 #include "cli/command.h"
-#include "platform/start_thread.h"
+#include "platform/threads.h"
 
 #include <cstdlib>
 #include <utility>

@@ -2,7 +2,7 @@
 
 #include "cli/output.h"
 #include "cli/terminal.h"
-#include "platform/start_thread.h"
+#include "platform/threads.h"
 #include "scan/texts.h"
 #include "text/shown_name.h"
 #include "text/utf8.h"

@@ -1,7 +1,7 @@
 #include "controller/recovery_task.h"
 
 #include "clean/recovered_journal.h"
-#include "platform/start_thread.h"
+#include "platform/threads.h"
 #include "store/data_file.h"
 
 #include <atomic>

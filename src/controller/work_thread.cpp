@@ -1,6 +1,6 @@
 #include "controller/work_thread.h"
 
-#include "platform/start_thread.h"
+#include "platform/threads.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #include "scan/elapsed_time_thread.h"
 
-#include "platform/start_thread.h"
+#include "platform/threads.h"
 #include "scan/texts.h"
 
 #include <utility>

@@ -1,7 +1,6 @@
 #include "scan/scan_run.h"
 
-#include "platform/start_thread.h"
-#include "platform/thread_priority.h"
+#include "platform/threads.h"
 
 #include <array>
 #include <new>

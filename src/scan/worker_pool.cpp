@@ -1,7 +1,5 @@
 #include "scan/worker_pool.h"
 
-#include "platform/start_thread.h"
-
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>

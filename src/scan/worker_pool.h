@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/thread_usage.h"
+#include "platform/threads.h"
 
 #include <chrono>
 #include <cstddef>

@@ -1,5 +1,4 @@
-#include "platform/thread_priority.h"
-
+#include "platform/threads.h"
 #include "support/niceness.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
-#include "platform/thread_usage.h"
-
+#include "platform/threads.h"
 #include "support/temporary_folder.h"
 
 #include <fcntl.h>

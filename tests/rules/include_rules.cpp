@@ -39,8 +39,7 @@ struct Layer {
 constexpr std::array layers{
     Layer{.folder = "platform",
           .librariesInSources = {Library::system, Library::glib, Library::qt}},
-    Layer{.folder = "model",
-          .ours = {"platform/file_system.h", "platform/start_thread.h", "platform/timestamp.h"}},
+    Layer{.folder = "model", .ours = {"platform/file_system.h", "platform/timestamp.h"}},
     Layer{.folder = "text", .librariesInSources = {Library::utf8proc}},
     Layer{.folder = "scan",
           .ours = {"model/", "platform/", "text/"},

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <new>
 #include <system_error>
 #include <thread>
@@ -19,5 +20,14 @@ template <class Body>
         return {};
     }
 }
+
+/// Lowers the priority of the calling thread and of every thread that it starts afterwards, so that
+/// under CPU contention they get about a third of a normal thread's share. Cannot be undone. Does
+/// nothing if the system has no such priorities.
+void lowerThreadPriority();
+
+/// The number of 512-byte blocks that the calling thread has read from storage devices so far, not
+/// from the page cache. 0 where the system does not count them. Any thread.
+std::uint64_t deviceReadsOfThisThread();
 
 }  // namespace tarvin

@@ -1,4 +1,4 @@
-#include "platform/thread_priority.h"
+#include "platform/threads.h"
 
 #include <sys/resource.h>
 #include <unistd.h>
@@ -19,6 +19,14 @@ void lowerThreadPriority() {
     const auto self = static_cast<id_t>(::gettid());
     static_cast<void>(
         ::setpriority(PRIO_PROCESS, self, ::getpriority(PRIO_PROCESS, self) + niceIncrement));
+}
+
+std::uint64_t deviceReadsOfThisThread() {
+    rusage usage{};
+    if (::getrusage(RUSAGE_THREAD, &usage) != 0) {
+        return 0;
+    }
+    return static_cast<std::uint64_t>(usage.ru_inblock);
 }
 
 }  // namespace tarvin
