@@ -3,7 +3,6 @@
 #include "platform/durable_file.h"
 #include "platform/file_system.h"
 #include "platform/linux/message_socket.h"
-#include "platform/linux/private_folder.h"
 #include "platform/unique_fd.h"
 
 #include <fcntl.h>
@@ -36,6 +35,44 @@ constexpr std::string_view socketSuffix = ".socket";
 constexpr std::string_view quitMessage = "quit";
 constexpr std::string_view frontMessage = "front ";  // and the token
 constexpr std::string_view openMessage = "open ";    // and null-terminated paths
+
+bool isPrivate(int folder) {
+    struct stat status{};
+    return ::fstat(folder, &status) == 0 && status.st_uid == ::geteuid() &&
+           (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+}
+
+/// A folder that only this user can access, held open, so that it stays the same one if its path
+/// changes. Any thread.
+class PrivateFolder final {
+ public:
+    /// Opens the folder, and creates it if it is missing; its parent must exist. Fails with EACCES
+    /// if it belongs to another user or others can access it. Does not follow a symbolic link.
+    static Result<PrivateFolder> open(const std::string& path) {
+        if (::mkdir(path.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
+            return SystemError{errno};
+        }
+        UniqueFd folder(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        if (!folder) {
+            return SystemError{errno};
+        }
+        if (!isPrivate(folder.number())) {
+            return SystemError{EACCES};
+        }
+        return PrivateFolder(std::move(folder));
+    }
+
+    [[nodiscard]] int number() const { return folder_.number(); }
+    /// A short path to the folder, or to an entry in it (below /proc/self/fd); valid during the
+    /// lifetime of this object.
+    [[nodiscard]] std::string path() const { return "/proc/self/fd/" + std::to_string(number()); }
+    [[nodiscard]] std::string pathOf(const std::string& name) const { return path() + '/' + name; }
+
+ private:
+    explicit PrivateFolder(UniqueFd folder) : folder_(std::move(folder)) {}
+
+    UniqueFd folder_;
+};
 
 std::string nameOf(std::uint64_t number, std::string_view suffix) {
     return std::string(namePrefix).append(std::to_string(number)).append(suffix);
