@@ -100,57 +100,9 @@ std::uint64_t ScanWork::bytesRead() {
     return finder_ == nullptr ? bytesRead_ : finder_->bytesRead();
 }
 
-template <class Call>
-void ScanWork::Link::forward(const Call& call) {
-    const std::shared_lock lock(mutex_);
-    if (to_ != nullptr) {
-        call(*to_);
-    }
-}
-
 void ScanWork::Link::cut() {
     const std::unique_lock lock(mutex_);
     to_ = nullptr;
-}
-
-void ScanWork::Link::collectionStarted() {
-    forward([](ScanObserver& to) { to.collectionStarted(); });
-}
-
-void ScanWork::Link::collecting(const std::string& path) {
-    forward([&](ScanObserver& to) { to.collecting(path); });
-}
-
-void ScanWork::Link::collectionPaused(bool paused) {
-    forward([&](ScanObserver& to) { to.collectionPaused(paused); });
-}
-
-void ScanWork::Link::nothingCollected() {
-    forward([](ScanObserver& to) { to.nothingCollected(); });
-}
-
-void ScanWork::Link::collectionFinished() {
-    forward([](ScanObserver& to) { to.collectionFinished(); });
-}
-
-void ScanWork::Link::comparisonStarted(std::uint64_t total) {
-    forward([&](ScanObserver& to) { to.comparisonStarted(total); });
-}
-
-void ScanWork::Link::processing(const std::string& path, std::uint64_t processed) {
-    forward([&](ScanObserver& to) { to.processing(path, processed); });
-}
-
-void ScanWork::Link::comparisonFinished(std::uint64_t processed) {
-    forward([&](ScanObserver& to) { to.comparisonFinished(processed); });
-}
-
-void ScanWork::Link::waitingFor(const std::string& path) {
-    forward([&](ScanObserver& to) { to.waitingFor(path); });
-}
-
-void ScanWork::Link::elapsed(const std::string& text) {
-    forward([&](ScanObserver& to) { to.elapsed(text); });
 }
 
 }  // namespace tarvin

@@ -23,6 +23,7 @@
 #include <optional>
 #include <shared_mutex>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace tarvin {
@@ -91,20 +92,38 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
         /// Blocks until current calls have returned. Nothing is forwarded afterwards.
         void cut();
 
-        void collectionStarted() override;
-        void collecting(const std::string& path) override;
-        void collectionPaused(bool paused) override;
-        void nothingCollected() override;
-        void collectionFinished() override;
-        void comparisonStarted(std::uint64_t total) override;
-        void processing(const std::string& path, std::uint64_t processed) override;
-        void comparisonFinished(std::uint64_t processed) override;
-        void waitingFor(const std::string& path) override;
-        void elapsed(const std::string& text) override;
+        void collectionStarted() override { forward(&ScanObserver::collectionStarted); }
+        void collecting(const std::string& path) override {
+            forward(&ScanObserver::collecting, path);
+        }
+        void collectionPaused(bool paused) override {
+            forward(&ScanObserver::collectionPaused, paused);
+        }
+        void nothingCollected() override { forward(&ScanObserver::nothingCollected); }
+        void collectionFinished() override { forward(&ScanObserver::collectionFinished); }
+        void comparisonStarted(std::uint64_t total) override {
+            forward(&ScanObserver::comparisonStarted, total);
+        }
+        void processing(const std::string& path, std::uint64_t processed) override {
+            forward(&ScanObserver::processing, path, processed);
+        }
+        void comparisonFinished(std::uint64_t processed) override {
+            forward(&ScanObserver::comparisonFinished, processed);
+        }
+        void waitingFor(const std::string& path) override {
+            forward(&ScanObserver::waitingFor, path);
+        }
+        void elapsed(const std::string& text) override { forward(&ScanObserver::elapsed, text); }
 
      private:
-        template <class Call>
-        void forward(const Call& call);
+        template <class... Arguments>
+        void forward(void (ScanObserver::*call)(Arguments...),
+                     const std::type_identity_t<Arguments>&... arguments) {
+            const std::shared_lock lock(mutex_);
+            if (to_ != nullptr) {
+                (to_->*call)(arguments...);
+            }
+        }
 
         std::shared_mutex mutex_;
         ScanObserver* to_;  // guarded by mutex_; nullptr when cut off
