@@ -37,52 +37,32 @@ std::optional<OpenFile> openRegularFile(FileSystem& fileSystem, const std::strin
     return OpenFile{std::move(*descriptor), attributes->size};
 }
 
-/// Compares two files chunk by chunk.
-class Comparison final {
- public:
-    Comparison(FileSystem& fileSystem, const OpenFile& one, const OpenFile& other)
-        : fileSystem_(fileSystem), one_(one), other_(other) {}
-
-    /// Whether the files have the same bytes from `offset` on, for `length` bytes or to the end of
-    /// both. Returns false if one ends before the other or cannot be read.
-    [[nodiscard]] bool isEqual(std::uint64_t offset, std::uint64_t length) {
-        while (length > 0) {
-            const auto wanted =
-                static_cast<std::size_t>(std::min<std::uint64_t>(length, comparedChunk));
-            const auto compared = equalBytesAt(offset, wanted);
-            if (!compared) {
-                return false;
-            }
-            if (*compared < wanted) {
-                return true;
-            }
-            offset += wanted;
-            length -= wanted;
-        }
-        return true;
-    }
-
- private:
-    /// Returns how many bytes both files have at `offset`, up to `wanted`; nullopt if they differ.
-    std::optional<std::size_t> equalBytesAt(std::uint64_t offset, std::size_t wanted) {
-        const std::span<std::byte> oneRoom(oneBytes_.data(), wanted);
-        const std::span<std::byte> otherRoom(otherBytes_.data(), wanted);
-        const auto oneGot = fileSystem_.readAt(one_.descriptor, offset, oneRoom);
-        const auto otherGot = fileSystem_.readAt(other_.descriptor, offset, otherRoom);
-        if (!oneGot || !otherGot || *oneGot != *otherGot) {
-            return std::nullopt;
-        }
+/// Whether both files have the same bytes from `offset` on, for `length` bytes or to the end of
+/// both. Returns false if one ends before the other or cannot be read.
+bool haveEqualBytes(FileSystem& fileSystem, const OpenFile& one, const OpenFile& other,
+                    std::uint64_t offset, std::uint64_t length) {
+    std::vector<std::byte> oneBytes(comparedChunk);
+    std::vector<std::byte> otherBytes(comparedChunk);
+    while (length > 0) {
+        const auto wanted =
+            static_cast<std::size_t>(std::min<std::uint64_t>(length, comparedChunk));
+        const auto got =
+            fileSystem.readAt(one.descriptor, offset, std::span(oneBytes).first(wanted));
+        const auto otherGot =
+            fileSystem.readAt(other.descriptor, offset, std::span(otherBytes).first(wanted));
         // std::equal would compare byte by byte.
-        const bool same = std::memcmp(oneRoom.data(), otherRoom.data(), *oneGot) == 0;
-        return same ? std::optional(*oneGot) : std::nullopt;
+        if (!got || !otherGot || *got != *otherGot ||
+            std::memcmp(oneBytes.data(), otherBytes.data(), *got) != 0) {
+            return false;
+        }
+        if (*got < wanted) {
+            return true;
+        }
+        offset += wanted;
+        length -= wanted;
     }
-
-    FileSystem& fileSystem_;
-    const OpenFile& one_;
-    const OpenFile& other_;
-    std::vector<std::byte> oneBytes_ = std::vector<std::byte>(comparedChunk);
-    std::vector<std::byte> otherBytes_ = std::vector<std::byte>(comparedChunk);
-};
+    return true;
+}
 
 }  // namespace
 
@@ -90,7 +70,7 @@ bool contentsEqualAtPath(FileSystem& fileSystem, const std::string& path,
                          const std::string& otherPath) {
     const auto one = openRegularFile(fileSystem, path);
     const auto other = one ? openRegularFile(fileSystem, otherPath) : std::nullopt;
-    return other && Comparison(fileSystem, *one, *other).isEqual(0, toTheEnd);
+    return other && haveEqualBytes(fileSystem, *one, *other, 0, toTheEnd);
 }
 
 bool dataEqualsAtPath(FileSystem& fileSystem, const std::string& path, const std::string& otherPath,
@@ -105,8 +85,8 @@ bool dataEqualsAtPath(FileSystem& fileSystem, const std::string& path, const std
     }
     // If the file has shrunk below one chunk since it was recorded, the tail begins at its start.
     const std::uint64_t tail = one->size - std::min<std::uint64_t>(one->size, largeChunk);
-    Comparison comparison(fileSystem, *one, *other);
-    return comparison.isEqual(0, largeChunk) && comparison.isEqual(tail, largeChunk);
+    return haveEqualBytes(fileSystem, *one, *other, 0, largeChunk) &&
+           haveEqualBytes(fileSystem, *one, *other, tail, largeChunk);
 }
 
 std::optional<std::string> md5OfFile(FileSystem& fileSystem, const std::string& path) {
