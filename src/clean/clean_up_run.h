@@ -1,7 +1,7 @@
 #pragma once
 
 #include "clean/clean_up.h"
-#include "clean/recovered_journal.h"
+#include "clean/recovery.h"
 #include "platform/file_lock.h"
 #include "platform/platform.h"
 #include "platform/trash_move.h"

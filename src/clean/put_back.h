@@ -1,7 +1,7 @@
 #pragma once
 
 #include "clean/file_return.h"
-#include "clean/recovered_journal.h"
+#include "clean/recovery.h"
 #include "platform/platform.h"
 #include "platform/timestamp.h"
 #include "platform/trash_move.h"

@@ -5,9 +5,7 @@
 #include "store/clean_up_totals.h"
 
 #include <cstddef>
-#include <functional>
 #include <utility>
-#include <variant>
 #include <vector>
 
 namespace tarvin {
@@ -15,7 +13,7 @@ namespace tarvin {
 namespace {
 
 /// Moves read at a time. Bounds memory; each batch reads a Trash at most once.
-constexpr std::size_t batchSize = 4096;
+constexpr std::size_t movesPerBatch = 4096;
 
 class Recovery final {
  public:
@@ -65,7 +63,7 @@ class Recovery final {
         CleanUpId id, MoveState state,
         const std::function<std::optional<StoreError>(std::vector<JournalMove>)>& visit) {
         for (MoveRow after = 0;;) {
-            auto read = journal_.moves(id, {state}, batchSize, after);
+            auto read = journal_.moves(id, {state}, movesPerBatch, after);
             if (auto* error = std::get_if<StoreError>(&read)) {
                 return std::move(*error);
             }
@@ -106,6 +104,10 @@ class Recovery final {
     bool isComplete_ = true;  // of the current clean-up: all files could be checked and repaired
 };
 
+LockFile turnsIn(const std::string& folder) {
+    return LockFile(folder + "/clean-up.turn");
+}
+
 }  // namespace
 
 std::optional<StoreError> recoverCleanUps(FileSystem& fileSystem, TrashMover& trash,
@@ -123,6 +125,57 @@ std::optional<StoreError> recoverCleanUps(FileSystem& fileSystem, TrashMover& tr
     }
     std::optional<StoreError> unsettled = settleTotals(totals, journal);
     return failure ? failure : unsettled;
+}
+
+std::variant<RecoveredJournal, StoreError> openRecovered(
+    Platform& platform, DataFile& totals,
+    const std::function<void(CleanUpJournal&)>& beforeRecovery) {
+    const std::optional<std::string> folder = platform.applicationSupportFolder();
+    if (!folder) {
+        return StoreError{"", "there is no home folder to keep the journal in",
+                          StoreError::Kind::passing};
+    }
+    auto journal = CleanUpJournal::open(*folder);
+    if (auto* error = std::get_if<StoreError>(&journal)) {
+        return std::move(*error);
+    }
+    RecoveredJournal opened{turnsIn(*folder), std::get<CleanUpJournal>(std::move(journal)),
+                            platform.makeTrashMover()};
+    if (beforeRecovery) {
+        beforeRecovery(opened.journal);
+    }
+    static_cast<void>(recoverCleanUps(platform.fileSystem(), *opened.trash, opened.turns,
+                                      opened.journal, totals));
+    return opened;
+}
+
+std::optional<std::string> moveJournalAside(Platform& platform, const StoreError& error) {
+    const std::optional<std::string> folder = platform.applicationSupportFolder();
+    if (!folder || error.kind != StoreError::Kind::unusable) {
+        return std::nullopt;
+    }
+    auto aside = CleanUpJournal::moveAside(*folder);
+    auto* const path = std::get_if<std::string>(&aside);
+    return path == nullptr ? std::nullopt : std::optional(std::move(*path));
+}
+
+bool hasJournal(Platform& platform) {
+    const std::optional<std::string> folder = platform.applicationSupportFolder();
+    return folder && CleanUpJournal::isIn(*folder);
+}
+
+std::optional<StoreError> recoverAtStart(Platform& platform, DataFile& totals) {
+    const std::optional<std::string> folder = platform.applicationSupportFolder();
+    if (!folder || !CleanUpJournal::isIn(*folder)) {
+        return std::nullopt;
+    }
+    auto journal = CleanUpJournal::open(*folder);
+    if (auto* error = std::get_if<StoreError>(&journal)) {
+        return std::move(*error);
+    }
+    const std::unique_ptr<TrashMover> trash = platform.makeTrashMover();
+    return recoverCleanUps(platform.fileSystem(), *trash, turnsIn(*folder),
+                           std::get<CleanUpJournal>(journal), totals);
 }
 
 }  // namespace tarvin

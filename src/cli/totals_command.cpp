@@ -1,6 +1,6 @@
 #include "cli/totals_command.h"
 
-#include "clean/recovered_journal.h"
+#include "clean/recovery.h"
 #include "cli/common_options.h"
 #include "cli/messages.h"
 #include "scan/texts.h"

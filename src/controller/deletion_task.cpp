@@ -1,7 +1,7 @@
 #include "controller/deletion_task.h"
 
 #include "clean/clean_up_run.h"
-#include "clean/recovered_journal.h"
+#include "clean/recovery.h"
 #include "controller/home_image.h"
 #include "controller/own_reasons.h"
 #include "controller/result_texts.h"

@@ -1,6 +1,6 @@
 #include "controller/recovery_task.h"
 
-#include "clean/recovered_journal.h"
+#include "clean/recovery.h"
 #include "platform/threads.h"
 #include "store/data_file.h"
 

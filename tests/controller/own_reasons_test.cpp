@@ -122,7 +122,7 @@ TEST(OwnReasons, OfTheStoreAreGermanInTheGermanWindow) {
 TEST(OwnReasons, OfTheStoreAreThoseOfItsSources) {
     const CommandResult found = runCommand(
         "cat src/store/clean_up_*.cpp src/store/sqlite_database.cpp src/store/stored_list.cpp "
-        "src/store/data_file.cpp src/clean/recovered_journal.cpp | grep -v static_assert | "
+        "src/store/data_file.cpp src/clean/recovery.cpp | grep -v static_assert | "
         R"(grep -oE '"[a-z]+( [a-z]+)+"' | LC_ALL=C sort -u)");
     std::vector<std::string> known;
     for (const auto& [english, german] : errors) {

@@ -1,6 +1,6 @@
 #include "clean/trials/trial_home.h"
 
-#include "clean/recovered_journal.h"
+#include "clean/recovery.h"
 #include "platform/platform.h"
 #include "scan/scan_run.h"
 #include "store/clean_up_journal.h"
