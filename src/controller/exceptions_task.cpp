@@ -7,7 +7,7 @@
 #include "interface/result_screen.h"
 #include "interface/text_block.h"
 #include "interface/window_covers.h"
-#include "model/exception_batch.h"
+#include "model/marking.h"
 
 #include <QAbstractButton>
 

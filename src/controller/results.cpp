@@ -2,7 +2,7 @@
 
 #include "controller/result_tabs.h"
 #include "controller/sort_files.h"
-#include "model/exception_batch.h"
+#include "model/marking.h"
 
 #include <array>
 #include <utility>

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
 namespace tarvin {
@@ -78,6 +79,34 @@ DeletionStart deletionStartFor(const Modal& modal, bool unMarkAllEnabled) {
         return DeletionStart::information;
     }
     return modal.totalFilesSelected() == 0 ? DeletionStart::nothing : DeletionStart::run;
+}
+
+bool mayAddExceptions(const Modal& modal) {
+    return modal.totalFiles() != 0 && modal.totalFilesSelected() != 0;
+}
+
+bool mayRemoveExceptions(const std::vector<std::string>& exceptionArrayData) {
+    return !exceptionArrayData.empty();
+}
+
+std::vector<std::string> takeOutMarkedFiles(Modal& modal) {
+    std::vector<std::string> batch;
+    if (modal.totalFilesSelected() == 0) {
+        return batch;
+    }
+    for (const std::shared_ptr<Extensions>& extension : modal.extensionsArray()) {
+        if (extension->extensionState() == CheckState::off) {
+            continue;
+        }
+        for (const std::shared_ptr<Set>& set : extension->sets()) {
+            if (set->setsState() != CheckState::off) {
+                std::vector<std::string> paths =
+                    modal.addSelectedFilesToExceptionInSet(set, extension);
+                std::move(paths.begin(), paths.end(), std::back_inserter(batch));
+            }
+        }
+    }
+    return batch;
 }
 
 }  // namespace tarvin

@@ -6,10 +6,13 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace tarvin {
 
-// The rules of marking. Pure, except for toggleFile(): only on the thread that changes the tree.
+// The rules of marking and of excluding marked files. Pure, except for toggleFile() and
+// takeOutMarkedFiles(): only on the thread that changes the tree.
 
 /// How many files of a result list are marked.
 enum class SelectionClass : std::uint8_t {
@@ -80,5 +83,17 @@ enum class DeletionStart : std::uint8_t {
 
 /// The notice depends on the button `unMarkAll`, not on the counters, which may be newer.
 [[nodiscard]] DeletionStart deletionStartFor(const Modal& modal, bool unMarkAllEnabled);
+
+/// Whether there are marked files to exclude. If not, the pressed button is disabled and nothing
+/// else happens.
+[[nodiscard]] bool mayAddExceptions(const Modal& modal);
+
+/// Whether the button that clears the exceptions list is enabled.
+[[nodiscard]] bool mayRemoveExceptions(const std::vector<std::string>& exceptionArrayData);
+
+/// Removes the marked files from a result list and returns their paths, extension by extension and
+/// set by set, to be excluded from scans. Skips extensions and sets whose state is off, even if
+/// every file of a set is marked. The totals of the list still count the removed files.
+[[nodiscard]] std::vector<std::string> takeOutMarkedFiles(Modal& modal);
 
 }  // namespace tarvin

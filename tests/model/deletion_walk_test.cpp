@@ -1,7 +1,7 @@
 #include "model/deletion_walk.h"
 
-#include "model/exception_batch.h"
 #include "model/file_store.h"
+#include "model/marking.h"
 #include "support/recording_trash.h"
 #include "support/waiting.h"
 
