@@ -1,7 +1,5 @@
 #include "model/extensions.h"
 
-#include "model/counter.h"
-
 #include <atomic>
 
 namespace tarvin {

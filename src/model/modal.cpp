@@ -1,7 +1,5 @@
 #include "model/modal.h"
 
-#include "model/counter.h"
-
 namespace tarvin {
 
 void Modal::addExtension(std::shared_ptr<Extensions> extension) {

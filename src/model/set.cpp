@@ -1,6 +1,5 @@
 #include "model/set.h"
 
-#include "model/counter.h"
 #include "model/file_mover.h"
 
 #include <cstddef>

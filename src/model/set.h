@@ -2,6 +2,7 @@
 
 #include "model/file.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -20,6 +21,12 @@ struct RemovalResult {
 
     bool operator==(const RemovalResult&) const = default;
 };
+
+/// Returns `counter - part`, but never less than 0: a file can be removed with a mark that was
+/// never counted (see Set::markAllFiles). Files or bytes.
+[[nodiscard]] constexpr std::uint64_t lessened(std::uint64_t counter, std::uint64_t part) {
+    return counter - std::min(counter, part);
+}
 
 /// The sums of the marks of many sets, so that their extension need not walk them. Sums wrap at 64
 /// bits, so subtracting a part again is always exact.
