@@ -2,7 +2,6 @@
 
 #include "platform/durable_file.h"
 #include "store/clean_up_journal_rows.h"
-#include "store/clean_up_journal_schema.h"
 #include "store/stored_list.h"
 
 #include <algorithm>

@@ -15,9 +15,14 @@
 #include <unordered_map>
 #include <utility>
 
-// Internal to CleanUpJournal: conversions of numbers, and rows that several of its sources write.
+// Internal to CleanUpJournal: its schema, conversions of numbers, and rows that several of its
+// sources write.
 
 namespace tarvin {
+
+/// Creates our schema in an empty database and checks it in any other: an unknown schema makes the
+/// database fail, and the file does not change.
+void prepareSchema(SqliteDatabase& database, const std::string& path);
 
 inline constexpr auto maxNumber = std::numeric_limits<std::int64_t>::max();
 

@@ -1,10 +1,4 @@
-#include "store/clean_up_journal_schema.h"
-
-#include "store/store_error.h"
-
-#include <cstdint>
-#include <optional>
-#include <utility>
+#include "store/clean_up_journal_rows.h"
 
 namespace tarvin {
 
