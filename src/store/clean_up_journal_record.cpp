@@ -74,9 +74,7 @@ class OutcomeWriter final {
         SqliteStatement read =
             database_.statement("SELECT state, size, name FROM move WHERE id = ?");
         if (!read.with(outcome.row).step()) {
-            if (database_.ok()) {
-                database_.failDamaged();  // plan() stored it durably
-            }
+            database_.failDamaged();  // plan() stored it durably
             return;
         }
         if (read.number(0) != static_cast<std::int64_t>(MoveState::planned)) {

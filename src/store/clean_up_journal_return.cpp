@@ -10,9 +10,7 @@ namespace {
 void markOne(SqliteDatabase& database, MoveRow row, MoveState state, CounterChanges& change) {
     SqliteStatement read = database.statement("SELECT state, size FROM move WHERE id = ?");
     if (!read.with(row).step()) {
-        if (database.ok()) {
-            database.failDamaged();
-        }
+        database.failDamaged();
         return;
     }
     const auto old = static_cast<MoveState>(read.number(0));

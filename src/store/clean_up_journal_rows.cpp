@@ -79,9 +79,7 @@ void storeCounters(SqliteDatabase& database, CleanUpId id, const CounterChanges&
         SqliteStatement read =
             database.statement("SELECT moved_bytes, put_back_bytes FROM clean_up WHERE id = ?");
         if (!read.with(id).step()) {
-            if (database.ok()) {
-                database.failDamaged();
-            }
+            database.failDamaged();
             return;
         }
         movedBytes = cappedSum(read.number(0), changes.movedBytes);

@@ -81,9 +81,9 @@ class SqliteDatabase final {
     [[nodiscard]] SqliteStatement statement(const char* text);
 
     [[nodiscard]] bool ok() const { return !error_; }
-    /// Fails with an error of the caller.
+    /// Fails with an error of the caller, unless it has failed already.
     void fail(StoreError error);
-    /// Fails because the stored data are inconsistent.
+    /// The same, because the stored data are inconsistent.
     void failDamaged();
     /// Returns the first failure since the last call, if any. After a failure, rolls back an open
     /// transaction.
