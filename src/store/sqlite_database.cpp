@@ -70,13 +70,9 @@ StoreError reasonOf(const std::string& path, int extendedCode, int system, const
 
 }  // namespace
 
-void SqliteStatement::expectOk(int code) {
-    owner_.expectOk(code);
-}
-
 SqliteStatement& SqliteStatement::with(std::int64_t number) {
     if (owner_.ok()) {
-        expectOk(sqlite3_bind_int64(statement_, ++bound_, number));
+        owner_.expectOk(sqlite3_bind_int64(statement_, ++bound_, number));
     }
     return *this;
 }
@@ -85,14 +81,15 @@ SqliteStatement& SqliteStatement::with(std::string_view bytes) {
     if (owner_.ok()) {
         // SQLite binds a null pointer as NULL.
         const char* data = bytes.data() == nullptr ? "" : bytes.data();
-        expectOk(sqlite3_bind_blob64(statement_, ++bound_, data, bytes.size(), SQLITE_STATIC));
+        owner_.expectOk(
+            sqlite3_bind_blob64(statement_, ++bound_, data, bytes.size(), SQLITE_STATIC));
     }
     return *this;
 }
 
 SqliteStatement& SqliteStatement::withNull() {
     if (owner_.ok()) {
-        expectOk(sqlite3_bind_null(statement_, ++bound_));
+        owner_.expectOk(sqlite3_bind_null(statement_, ++bound_));
     }
     return *this;
 }
@@ -103,7 +100,7 @@ bool SqliteStatement::step() {
     }
     const int code = sqlite3_step(statement_);
     if (code != SQLITE_ROW && code != SQLITE_DONE) {
-        expectOk(code);
+        owner_.expectOk(code);
     }
     return code == SQLITE_ROW;
 }

@@ -45,8 +45,6 @@ class SqliteStatement final {
     [[nodiscard]] bool isNull(int column) const;
 
  private:
-    void expectOk(int code);
-
     SqliteDatabase& owner_;
     sqlite3_stmt* statement_;  // nullptr if it could not be prepared
     int bound_ = 0;
