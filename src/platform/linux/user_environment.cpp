@@ -190,10 +190,6 @@ std::optional<std::string> homeFolder(const UserEnvironment& environment) {
     return home ? home : absoluteFolder(environment.accountHome);
 }
 
-std::optional<std::string> configFolder(const UserEnvironment& environment) {
-    return baseFolder(environment, environment.xdgConfigHome, ".config");
-}
-
 std::optional<std::string> dataFolder(const UserEnvironment& environment) {
     return baseFolder(environment, environment.xdgDataHome, ".local/share");
 }
@@ -207,7 +203,7 @@ std::optional<std::string> homeTrashFolder(const UserEnvironment& environment) {
 }
 
 std::optional<std::string> userDirectoriesFile(const UserEnvironment& environment) {
-    return below(configFolder(environment), "user-dirs.dirs");
+    return below(baseFolder(environment, environment.xdgConfigHome, ".config"), "user-dirs.dirs");
 }
 
 std::vector<std::string> meetingFolders(const UserEnvironment& environment) {

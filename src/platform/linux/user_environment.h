@@ -30,9 +30,6 @@ struct UserEnvironment {
 /// $HOME, else the account's home folder. Without a trailing slash, like every folder here.
 [[nodiscard]] std::optional<std::string> homeFolder(const UserEnvironment& environment);
 
-/// The config folder: $XDG_CONFIG_HOME, else ~/.config.
-[[nodiscard]] std::optional<std::string> configFolder(const UserEnvironment& environment);
-
 /// The data folder: $XDG_DATA_HOME, else ~/.local/share.
 [[nodiscard]] std::optional<std::string> dataFolder(const UserEnvironment& environment);
 
@@ -43,7 +40,7 @@ struct UserEnvironment {
 /// The home Trash, which need not exist.
 [[nodiscard]] std::optional<std::string> homeTrashFolder(const UserEnvironment& environment);
 
-/// The desktop's list of the user's folders, user-dirs.dirs.
+/// The desktop's list of the user's folders, user-dirs.dirs in $XDG_CONFIG_HOME, else ~/.config.
 [[nodiscard]] std::optional<std::string> userDirectoriesFile(const UserEnvironment& environment);
 
 /// Folders in which running instances may register, best first: one in $XDG_RUNTIME_DIR, then one
