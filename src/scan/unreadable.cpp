@@ -6,16 +6,15 @@
 
 namespace tarvin {
 
+namespace {
+
+/// Whether an error means that an entry exists but cannot be read. An entry that was removed since
+/// its folder was listed, or replaced by a link or another type of entry, is not unreadable.
 bool meansUnreadable(SystemError error) {
-    switch (error.code) {
-        case ENOENT:
-        case ENOTDIR:
-        case ELOOP:
-            return false;
-        default:
-            return true;
-    }
+    return error.code != ENOENT && error.code != ENOTDIR && error.code != ELOOP;
 }
+
+}  // namespace
 
 void UnreadableLog::addFolder(const Directory& folder, SystemError error) {
     add(folder, {}, error);

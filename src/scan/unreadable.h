@@ -42,10 +42,6 @@ struct UnreadableReport {
     [[nodiscard]] std::uint64_t total() const { return folders + files; }
 };
 
-/// Whether an error means that an entry exists but cannot be read. An entry that was removed since
-/// its folder was listed, or replaced by a link or another type of entry, is not unreadable.
-[[nodiscard]] bool meansUnreadable(SystemError error);
-
 /// Logs what the threads of a scan cannot read. Any thread. The logged folders must exist until
 /// report() has returned.
 class UnreadableLog final {
