@@ -66,7 +66,7 @@ class LinuxTrashMover final : public TrashMover {
                                          Timestamp moved) override;
     std::optional<TrashRefusal> removeUnusedNotes(const std::string& trash,
                                                   const std::vector<std::string>& paths) override;
-    [[nodiscard]] std::optional<TrashRefusal> flush() override;
+    [[nodiscard]] std::optional<TrashRefusal> flush() override { return trashes_.flush(); }
     [[nodiscard]] std::vector<std::string> trashesFor(const std::string& path) const override;
 
  private:
@@ -230,10 +230,6 @@ std::optional<TrashRefusal> LinuxTrashMover::removeUnusedNotes(
         names.push_back(std::string_view(path).substr(path.rfind('/') + 1));
     }
     return (*known)->folder.removeUnusedNotes(originals, names);
-}
-
-std::optional<TrashRefusal> LinuxTrashMover::flush() {
-    return trashes_.flush();
 }
 
 std::vector<std::string> LinuxTrashMover::trashesFor(const std::string& path) const {
