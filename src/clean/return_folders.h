@@ -4,7 +4,6 @@
 #include "platform/file_system.h"
 #include "platform/result.h"
 
-#include <cstddef>
 #include <memory>
 #include <string>
 #include <unordered_map>

@@ -1,6 +1,7 @@
 #include "cli/clean_command.h"
 
 #include "clean/clean_up_run.h"
+#include "cli/clean_writer.h"
 #include "cli/common_options.h"
 #include "cli/interrupt.h"
 #include "cli/lasting_report.h"

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "clean/clean_up_run.h"
-#include "cli/clean_writer.h"
 #include "cli/command.h"
 #include "cli/folder_scan.h"
 #include "cli/output_file.h"
@@ -12,7 +11,6 @@
 #include <atomic>
 #include <cstdint>
 #include <memory>
-#include <string>
 
 namespace tarvin {
 

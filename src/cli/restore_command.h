@@ -8,7 +8,6 @@
 #include "platform/platform.h"
 #include "store/clean_up_journal.h"
 #include "store/data_file.h"
-#include "store/store_error.h"
 
 #include <atomic>
 #include <cstdint>

@@ -3,7 +3,6 @@
 #include "cli/json_text.h"
 #include "cli/value_texts.h"
 #include "scan/texts.h"
-#include "text/hexadecimal.h"
 #include "text/shown_name.h"
 #include "text/utf8.h"
 

@@ -3,13 +3,11 @@
 #include "cli/common_options.h"
 #include "cli/folder_scan.h"
 #include "cli/interrupt.h"
-#include "cli/messages.h"
 #include "cli/result_writer.h"
 #include "cli/scan_setup.h"
 
 #include <CLI/CLI.hpp>
 
-#include <memory>
 #include <optional>
 #include <utility>
 

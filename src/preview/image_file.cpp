@@ -5,8 +5,6 @@
 #include "preview/qt_image.h"
 #include "preview/smaller_image.h"
 
-#include <utility>
-
 namespace tarvin {
 
 namespace {

@@ -4,7 +4,6 @@
 #include "model/file_store.h"
 #include "scan/category.h"
 
-#include <array>
 #include <cstddef>
 #include <memory>
 #include <vector>

@@ -10,9 +10,7 @@
 #include "scan/scan_services.h"
 #include "scan/tree_reader.h"
 
-#include <optional>
 #include <string>
-#include <string_view>
 #include <unordered_set>
 #include <vector>
 

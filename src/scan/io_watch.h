@@ -3,7 +3,6 @@
 #include "model/file.h"
 
 #include <atomic>
-#include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <memory>

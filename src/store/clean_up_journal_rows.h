@@ -13,7 +13,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 
 // Internal to CleanUpJournal: its schema, conversions of numbers, and rows that several of its
 // sources write.

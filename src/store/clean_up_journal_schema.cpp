@@ -1,5 +1,7 @@
 #include "store/clean_up_journal_rows.h"
 
+#include <utility>
+
 namespace tarvin {
 
 namespace {

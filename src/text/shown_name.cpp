@@ -3,8 +3,6 @@
 #include "text/hexadecimal.h"
 #include "text/utf8.h"
 
-#include <algorithm>
-
 namespace tarvin {
 
 namespace {

@@ -17,7 +17,6 @@
 #include <cerrno>
 #include <climits>
 #include <cstddef>
-#include <cstring>
 #include <limits>
 
 namespace tarvin {

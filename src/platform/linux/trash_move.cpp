@@ -9,11 +9,8 @@
 
 #include <unistd.h>
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
 #include <chrono>
-#include <climits>
 #include <cstddef>
 #include <ctime>
 #include <memory>
