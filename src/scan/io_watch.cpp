@@ -32,7 +32,7 @@ IoWatch::Call::Call(IoWatch& watch, const Directory* folder, const File* file) {
 }
 
 IoWatch::Call::~Call() {
-    static_cast<Slot*>(slot_)->since.store(noCall, std::memory_order_release);
+    slot_->since.store(noCall, std::memory_order_release);
 }
 
 IoWatch::Slot& IoWatch::slotOfThisThread() {

@@ -19,6 +19,8 @@ namespace tarvin {
 ///
 /// The recorded folders and files must outlive this object.
 class IoWatch final {
+    struct Slot;
+
  public:
     IoWatch();
     IoWatch(const IoWatch&) = delete;
@@ -38,7 +40,7 @@ class IoWatch final {
      private:
         Call(IoWatch& watch, const Directory* folder, const File* file);
 
-        void* slot_;
+        Slot* slot_;
     };
 
     /// A call that has lasted for `ticks` on this folder or file.
@@ -55,8 +57,6 @@ class IoWatch final {
     [[nodiscard]] unsigned lasting(std::uint32_t ticks) const;
 
  private:
-    struct Slot;
-
     Slot& slotOfThisThread();
 
     const std::uint64_t number_;  // distinguishes objects that have had the same address
