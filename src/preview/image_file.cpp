@@ -7,29 +7,23 @@
 
 namespace tarvin {
 
-namespace {
-
-/// Qt last: its plug-ins for the other formats are rare, and load files after construction.
-std::unique_ptr<ImageDecoder> decoderOf(QIODevice& device) {
+std::unique_ptr<ImageDecoder> openImage(QIODevice& device) {
     if (std::unique_ptr<ImageDecoder> decoder = openHeifImage(device)) {
         return decoder;
     }
     if (std::unique_ptr<ImageDecoder> decoder = openJpeg2000Image(device)) {
         return decoder;
     }
+    // Qt last: its plug-ins for the other formats are rare, and load files after construction.
     device.seek(0);
     return std::make_unique<QtImage>(device);
 }
 
-}  // namespace
-
-ImageFile::ImageFile(QIODevice& device) : decoder_(decoderOf(device)) {}
-
-QImage ImageFile::picture(int longestSide) {
-    QImage image = decoder_->decode(longestSide);
-    return image.isNull() || fits(image.size(), longestSide)
-               ? image
-               : smaller(image, fitted(image.size(), longestSide));
+QImage picture(ImageDecoder& image, int longestSide) {
+    QImage decoded = image.decode(longestSide);
+    return decoded.isNull() || fits(decoded.size(), longestSide)
+               ? decoded
+               : smaller(decoded, fitted(decoded.size(), longestSide));
 }
 
 }  // namespace tarvin

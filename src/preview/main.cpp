@@ -49,16 +49,16 @@ void writeOutput(const QByteArray& bytes) {
 
 int showImage(QFile& file) {
     QImageReader::setAllocationLimit(tarvin::decodedImageLimit);
-    tarvin::ImageFile image(file);
-    if (!tarvin::confineToOpenFiles() && image.canReferToFiles()) {
+    const auto image = tarvin::openImage(file);
+    if (!tarvin::confineToOpenFiles() && image->canReferToFiles()) {
         return 1;
     }
-    const QSize size = image.size();
+    const QSize size = image->size();
     // Before decoding: the size is known even if decoding kills this process.
     if (!size.isEmpty()) {
         writeOutput(tarvin::encodedSize(size));
     }
-    const QImage picture = image.picture(tarvin::longestPreviewSide);
+    const QImage picture = tarvin::picture(*image, tarvin::longestPreviewSide);
     if (picture.isNull()) {
         return 1;
     }
