@@ -1,7 +1,6 @@
 #include "store/clean_up_totals.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -10,32 +9,14 @@ namespace tarvin {
 
 namespace {
 
-/// Returns `old` plus `more`, at most the largest number.
-std::int64_t raised(std::int64_t old, std::uint64_t more) {
-    // Unsigned, so that the difference from a negative number fits, too.
-    const std::uint64_t room =
-        static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) -
-        static_cast<std::uint64_t>(old);
-    return more > room ? std::numeric_limits<std::int64_t>::max()
-                       : static_cast<std::int64_t>(static_cast<std::uint64_t>(old) + more);
-}
-
-std::uint64_t raised(std::uint64_t old, std::uint64_t more) {
-    const std::uint64_t room = std::numeric_limits<std::uint64_t>::max() - old;
-    return old + std::min(more, room);
-}
-
 /// Returns `old` minus `less`, at least 0; a negative count does not change.
-std::int64_t lowered(std::int64_t old, std::uint64_t less) {
+template <typename Number>
+Number lowered(Number old, std::uint64_t less) {
     if (old <= 0) {
         return old;
     }
     const auto count = static_cast<std::uint64_t>(old);
-    return static_cast<std::int64_t>(count - std::min(count, less));
-}
-
-std::uint64_t lowered(std::uint64_t old, std::uint64_t less) {
-    return old - std::min(old, less);
+    return static_cast<Number>(count - std::min(count, less));
 }
 
 template <typename Number>

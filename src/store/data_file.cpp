@@ -4,7 +4,6 @@
 #include "store/stored_list.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 namespace tarvin {
@@ -16,18 +15,6 @@ constexpr const char* sizeKey = "deletedSize";
 
 StoredTotals totalsOf(const PropertyList& list) {
     return {list.signedNumber(countKey).value_or(0), list.number(sizeKey).value_or(0)};
-}
-
-std::int64_t sumOf(std::int64_t one, std::uint64_t other) {
-    constexpr auto max = std::numeric_limits<std::int64_t>::max();
-    // Unsigned, the difference fits also for a negative number.
-    const std::uint64_t room = static_cast<std::uint64_t>(max) - static_cast<std::uint64_t>(one);
-    return other > room ? max : static_cast<std::int64_t>(static_cast<std::uint64_t>(one) + other);
-}
-
-std::uint64_t sumOf(std::uint64_t one, std::uint64_t other) {
-    constexpr auto max = std::numeric_limits<std::uint64_t>::max();
-    return other > max - one ? max : one + other;
 }
 
 void setTotals(PropertyList& list, const StoredTotals& totals) {
@@ -125,8 +112,8 @@ void DataFile::makeFirst() const {
 }
 
 void DataFile::showAtLeast(const StoredTotals& before, std::uint64_t count, std::uint64_t size) {
-    showInMemory(
-        {std::max(count_, sumOf(before.count, count)), std::max(size_, sumOf(before.size, size))});
+    showInMemory({std::max(count_, raised(before.count, count)),
+                  std::max(size_, raised(before.size, size))});
 }
 
 void DataFile::refresh() {

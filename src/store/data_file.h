@@ -5,6 +5,7 @@
 #include "store/store_error.h"
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <variant>
@@ -18,6 +19,13 @@ struct StoredTotals {
 
     bool operator==(const StoredTotals&) const = default;
 };
+
+/// Returns `old` plus `more`, at most the largest number.
+template <typename Number>
+[[nodiscard]] Number raised(Number old, std::uint64_t more) {
+    Number sum = 0;
+    return __builtin_add_overflow(old, more, &sum) ? std::numeric_limits<Number>::max() : sum;
+}
 
 class DataFile;
 
