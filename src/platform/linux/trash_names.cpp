@@ -2,9 +2,11 @@
 
 #include "platform/varied_name.h"
 
-#include <array>
+#include <glib.h>
+
 #include <charconv>
 #include <cstddef>
+#include <memory>
 #include <system_error>
 
 namespace tarvin {
@@ -17,16 +19,6 @@ constexpr std::size_t maxNumbers = 10'000;
 
 /// The beginning of each of our .trashinfo files.
 constexpr std::string_view noteBeginning = "[Trash Info]\nPath=";
-
-/// The bytes that are not encoded.
-constexpr auto plainBytes = [] {
-    std::array<bool, 256> plain{};
-    for (const char byte : std::string_view("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
-                                            "0123456789/-_.!~*'()")) {
-        plain[static_cast<unsigned char>(byte)] = true;
-    }
-    return plain;
-}();
 
 }  // namespace
 
@@ -51,20 +43,9 @@ bool isNameInTrashOf(std::string_view name, std::string_view inTrash, std::size_
 }
 
 std::string percentEncoded(std::string_view path) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string text;
-    text.reserve(path.size() + path.size() / 2);
-    for (const char byte : path) {
-        const auto value = static_cast<unsigned char>(byte);
-        if (plainBytes[value]) {
-            text += byte;
-            continue;
-        }
-        text += '%';
-        text += digits[value / 16];
-        text += digits[value % 16];
-    }
-    return text;
+    const std::unique_ptr<char, decltype(&g_free)> text(
+        g_uri_escape_string(std::string(path).c_str(), "/!*'()", FALSE), &g_free);
+    return text.get();
 }
 
 std::string trashNote(std::string_view path, std::string_view date) {
