@@ -1,5 +1,7 @@
 #include "clean/clean_up.h"
 
+#include "platform/file_paths.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
@@ -192,10 +194,7 @@ PlannedMove CleanUp::planFor(const File& file, const File* staying) {
 }
 
 std::string CleanUp::realPathOf(const File& file) {
-    const std::string& folder = realFolderOf(*file.directory());
-    std::string path = folder == "/" ? folder : folder + '/';
-    path += file.fileName();
-    return path;
+    return pathIn(realFolderOf(*file.directory()), file.fileName());
 }
 
 /// Resolves symlinks, since Put Back follows none: they may have another target by then.

@@ -1,5 +1,6 @@
 #include "clean/file_return.h"
 
+#include "platform/file_paths.h"
 #include "platform/open_folder.h"
 #include "platform/varied_name.h"
 
@@ -228,8 +229,7 @@ bool FileReturn::isBackAlready(const JournalMove& move) {
     const std::string folder = folderOf(move.path);
     const std::string own(nameOf(move.path));
     for (std::uint64_t number = 0; number < maxNames; ++number) {
-        const auto now = fileSystem_.attributesAtPath((folder == "/" ? "" : folder) + '/' +
-                                                      nameAtTry(own, number));
+        const auto now = fileSystem_.attributesAtPath(pathIn(folder, nameAtTry(own, number)));
         if (!now) {
             return false;
         }

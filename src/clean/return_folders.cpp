@@ -1,5 +1,6 @@
 #include "clean/return_folders.h"
 
+#include "platform/file_paths.h"
 #include "platform/open_folder.h"
 
 #include <cerrno>
@@ -44,7 +45,7 @@ void ReturnFolders::removeMade() {
     for (; !made_.empty(); made_.pop_back()) {
         const auto& [parent, name] = made_.back();
         removeEmptyFolderAt(parent->descriptor, name);
-        kept_.erase(parent->path == "/" ? parent->path + name : parent->path + '/' + name);
+        kept_.erase(pathIn(parent->path, name));
     }
 }
 

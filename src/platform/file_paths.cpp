@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <cstddef>
 #include <filesystem>
-#include <string_view>
 #include <system_error>
 
 namespace tarvin {
@@ -57,6 +56,20 @@ Result<std::string> absolutePath(const std::string& path) {
     }
     const std::filesystem::path resolved = std::filesystem::canonical(clean.path, failure);
     return failure ? clean.path : resolved.native();
+}
+
+std::string pathIn(const std::string& folder, std::string_view name) {
+    std::string path = folder;
+    if (!name.empty()) {
+        path += folder == "/" ? "" : "/";
+        path += name;
+    }
+    return path;
+}
+
+bool isWithin(std::string_view path, std::string_view folder) {
+    return folder == "/" || (path.starts_with(folder) &&
+                             (path.size() == folder.size() || path[folder.size()] == '/'));
 }
 
 }  // namespace tarvin

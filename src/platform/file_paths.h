@@ -3,6 +3,7 @@
 #include "platform/result.h"
 
 #include <string>
+#include <string_view>
 
 namespace tarvin {
 
@@ -12,5 +13,13 @@ namespace tarvin {
 /// if that fails, the path is returned unresolved, so that opening it fails. Native bytes. Fails
 /// for the empty path, and for a relative one if the current folder was removed.
 Result<std::string> absolutePath(const std::string& path);
+
+// Of absolute paths without a slash at the end. Any thread.
+
+/// The path of `name` in `folder`, or of the folder itself if `name` is empty.
+[[nodiscard]] std::string pathIn(const std::string& folder, std::string_view name);
+
+/// Whether `path` is the folder or leads into it.
+[[nodiscard]] bool isWithin(std::string_view path, std::string_view folder);
 
 }  // namespace tarvin

@@ -103,5 +103,29 @@ TEST(AbsolutePath, RefusesRelativePathsWithoutACurrentFolder) {
     EXPECT_EQ(pathFor("/x"), "/x");
 }
 
+TEST(PathIn, AddsTheNameToItsFolder) {
+    EXPECT_EQ(pathIn("/photos", "a.jpg"), "/photos/a.jpg");
+    EXPECT_EQ(pathIn("/", "a.jpg"), "/a.jpg");
+    EXPECT_EQ(pathIn("/photos", "new/a.jpg"), "/photos/new/a.jpg");
+}
+
+TEST(PathIn, IsTheFolderWithoutAName) {
+    EXPECT_EQ(pathIn("/photos", ""), "/photos");
+    EXPECT_EQ(pathIn("/", ""), "/");
+}
+
+TEST(IsWithin, AFolderHoldsItselfAndWhatIsBelow) {
+    EXPECT_TRUE(isWithin("/photos", "/photos"));
+    EXPECT_TRUE(isWithin("/photos/new/a.jpg", "/photos"));
+    EXPECT_TRUE(isWithin("/photos", "/"));
+    EXPECT_TRUE(isWithin("/", "/"));
+}
+
+TEST(IsWithin, AFolderDoesNotHoldItsParentOrALongerName) {
+    EXPECT_FALSE(isWithin("/", "/photos"));
+    EXPECT_FALSE(isWithin("/photos2/a.jpg", "/photos"));
+    EXPECT_FALSE(isWithin("/photo", "/photos"));
+}
+
 }  // namespace
 }  // namespace tarvin

@@ -1,5 +1,7 @@
 #include "platform/linux/open_trashes.h"
 
+#include "platform/file_paths.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -119,7 +121,7 @@ Result<MountEntry, TrashRefusal> OpenTrashes::mountEntry(std::uint64_t mount) {
 
 Result<TrashFolder, TrashRefusal> OpenTrashes::openVolume(const MountEntry& entry) {
     const std::string number = std::to_string(user_.number);
-    TrashRequest request{.path = pathBelow(entry.mountPoint, ".Trash/" + number),
+    TrashRequest request{.path = pathIn(entry.mountPoint, ".Trash/" + number),
                          .user = user_.number,
                          .make = true,
                          .keepsRights = keepsRights(entry.fileSystemType),
@@ -129,7 +131,7 @@ Result<TrashFolder, TrashRefusal> OpenTrashes::openVolume(const MountEntry& entr
     if (shared) {
         return shared;
     }
-    request.path = pathBelow(entry.mountPoint, ".Trash-" + number);
+    request.path = pathIn(entry.mountPoint, ".Trash-" + number);
     request.isShared = false;
     return TrashFolder::open(request, around_.calls);
 }

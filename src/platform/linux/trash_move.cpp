@@ -1,5 +1,6 @@
 #include "platform/trash_move.h"
 
+#include "platform/file_paths.h"
 #include "platform/linux/mount_table.h"
 #include "platform/linux/open_trashes.h"
 #include "platform/linux/trash_folder.h"
@@ -25,11 +26,6 @@
 namespace tarvin {
 
 namespace {
-
-bool isWithin(std::string_view path, std::string_view folder) {
-    return folder == "/" || (path.starts_with(folder) &&
-                             (path.size() == folder.size() || path[folder.size()] == '/'));
-}
 
 /// Whether a path is absolute without "..", whose meaning depends on symbolic links.
 bool isSettled(std::string_view path) {
@@ -122,7 +118,7 @@ Result<std::string, TrashRefusal> LinuxTrashMover::pathForNote(const OpenTrash& 
     if (!path || !isWithin(*path, trash.top)) {
         return systemRefusal(ENOENT);
     }
-    return noted(trash, pathBelow(*path, name));
+    return noted(trash, pathIn(*path, name));
 }
 
 /// Makes a path relative to the top directory of the volume.

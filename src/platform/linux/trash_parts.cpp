@@ -1,5 +1,7 @@
 #include "platform/linux/trash_parts.h"
 
+#include "platform/file_paths.h"
+
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -32,15 +34,6 @@ TrashRefusal systemRefusal(int code) {
     return {TrashRefusalKind::system, error, error.text()};
 }
 
-std::string pathBelow(const std::string& folder, std::string_view name) {
-    std::string path = folder == "/" ? "" : folder;
-    if (!name.empty()) {
-        path += '/';
-        path += name;
-    }
-    return path;
-}
-
 Result<TrashParts, TrashRefusal> TrashParts::open(const TrashRequest& request, TrashCalls& calls) {
     TrashParts parts(request, calls);
     if (auto refusal = parts.openAll()) {
@@ -61,7 +54,7 @@ std::optional<TrashRefusal> TrashParts::openAll() {
         name.erase(0, name.rfind('/') + 1);
     }
     for (std::size_t at = 0; at < partCount; ++at) {
-        const std::string path = pathBelow(request_.path, partNames[at]);
+        const std::string path = pathIn(request_.path, partNames[at]);
         if (auto refusal =
                 openPart(parts_[at], parent, at == trashPart ? name : partNames[at], path)) {
             return refusal;
@@ -161,7 +154,7 @@ bool TrashParts::isIntact() const {
         return false;
     }
     for (std::size_t at = 0; at < partCount; ++at) {
-        const std::string path = pathBelow(request_.path, partNames[at]);
+        const std::string path = pathIn(request_.path, partNames[at]);
         if (calls_.status(TrashCalls::currentFolder, path.c_str(), status) != 0 ||
             status.identity != parts_[at].identity || statusRefusal(status, path)) {
             return false;

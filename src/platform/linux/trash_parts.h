@@ -17,9 +17,6 @@ namespace tarvin {
 /// The refusal for the error number of a failed call.
 [[nodiscard]] TrashRefusal systemRefusal(int code);
 
-/// The path of `name` in `folder`.
-[[nodiscard]] std::string pathBelow(const std::string& folder, std::string_view name);
-
 /// Which Trash to open, and how.
 struct TrashRequest {
     std::string path;  ///< absolute

@@ -1,5 +1,7 @@
 #include "platform/linux/user_environment.h"
 
+#include "platform/file_paths.h"
+
 #include <pwd.h>
 #include <unistd.h>
 
@@ -65,15 +67,8 @@ std::optional<std::string> absoluteFolder(const std::optional<std::string>& path
     return withoutSlashesAtEnd(*path);
 }
 
-std::string joined(const std::string& folder, std::string_view name) {
-    std::string path = folder == "/" ? "" : folder;
-    path += '/';
-    path += name;
-    return path;
-}
-
 std::optional<std::string> below(const std::optional<std::string>& folder, std::string_view name) {
-    return folder ? std::optional(joined(*folder, name)) : std::nullopt;
+    return folder ? std::optional(pathIn(*folder, name)) : std::nullopt;
 }
 
 /// An XDG base folder: that of the variable, else the default below the home folder.
@@ -131,7 +126,7 @@ std::optional<std::string> folderInHome(const std::optional<std::string>& home,
         return std::nullopt;
     }
     const std::size_t name = std::min(rest.find_first_not_of('/'), rest.size());
-    return withoutSlashesAtEnd(joined(*home, rest.substr(name)));
+    return withoutSlashesAtEnd(pathIn(*home, rest.substr(name)));
 }
 
 /// The value of a line such as `XDG_DESKTOP_DIR="$HOME/Desktop"` with this key. Other lines, and

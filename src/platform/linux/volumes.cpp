@@ -1,5 +1,7 @@
 #include "platform/linux/volumes.h"
 
+#include "platform/file_paths.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -71,11 +73,6 @@ Volume rootVolume(const std::vector<MountEntry>& mounts, const RemovableQuery& i
                                  : volumeOf(*last, isRemovable);
 }
 
-bool isInside(std::string_view path, std::string_view folder) {
-    return folder == "/" || path == folder ||
-           (path.starts_with(folder) && path.substr(folder.size()).starts_with('/'));
-}
-
 }  // namespace
 
 std::vector<Volume> volumesOf(const std::vector<MountEntry>& mounts,
@@ -92,7 +89,7 @@ std::vector<Volume> volumesOf(const std::vector<MountEntry>& mounts,
 bool isOnNetwork(std::string_view path, const std::vector<MountEntry>& mounts) {
     const MountEntry* innermost = nullptr;
     for (const MountEntry& mount : mounts) {
-        if (isInside(path, mount.mountPoint) &&
+        if (isWithin(path, mount.mountPoint) &&
             (innermost == nullptr || mount.mountPoint.size() >= innermost->mountPoint.size())) {
             innermost = &mount;
         }
