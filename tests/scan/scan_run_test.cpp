@@ -631,7 +631,8 @@ TEST_F(ScanRunTest, StopAtAnyMomentLeavesOnlyEqualFilesInSets) {
     EXPECT_GT(stoppedEarly, 0U);
 }
 
-/// The scan may replace its work at the moment of the request. For the thread and address sanitizers.
+/// The scan may replace its work at the moment of the request. For the thread and address
+/// sanitizers.
 TEST_F(ScanRunTest, StopMayBeRequestedWhileTheWorkIsReplaced) {
     Recorder recorder;
     ScanRun run(platform_, recorder, settings());
