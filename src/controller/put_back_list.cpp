@@ -133,7 +133,7 @@ QVariant PutBackList::data(const QModelIndex& index, int role) const {
         return lastRowData(index.column(), role);
     }
     const PutBackFile& shown = files_[row];
-    return index.column() == file ? fileData(shown, role) : statusData(shown, role);
+    return index.column() == fileColumn ? fileData(shown, role) : statusData(shown, role);
 }
 
 QString PutBackList::shownStatus(const PutBackFile& file) const {
@@ -172,7 +172,7 @@ QVariant PutBackList::lastRowData(int column, int role) const {
     if (role == ListTable::mutedRole) {
         return true;
     }
-    const bool isText = role == Qt::DisplayRole && column == file;
+    const bool isText = role == Qt::DisplayRole && column == fileColumn;
     return isText ? tr("and %1 more").arg(ShownNumbers::count(more_)) : QVariant();
 }
 
@@ -180,7 +180,7 @@ QVariant PutBackList::headerData(int section, Qt::Orientation orientation, int r
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
         return {};
     }
-    return section == file ? tr("File and folder it goes back to") : tr("Status");
+    return section == fileColumn ? tr("File and folder it goes back to") : tr("Status");
 }
 
 }  // namespace tarvin

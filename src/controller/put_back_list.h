@@ -44,7 +44,7 @@ class PutBackList final : public QAbstractTableModel {
     Q_OBJECT
 
  public:
-    enum Column { file, status, columns };
+    enum Column { fileColumn, statusColumn, columns };
 
     using QAbstractTableModel::QAbstractTableModel;
 
