@@ -4,10 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <barrier>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 namespace tarvin {
@@ -124,6 +127,33 @@ TEST(FileStore, DetectsARootInsideABundle) {
     EXPECT_TRUE(store->addRoot("/Applications/Mail.app/Contents")->insideBundle);
     EXPECT_TRUE(store->addRoot("/Library/Core.framework/Versions")->insideBundle);
     EXPECT_FALSE(store->addRoot("/Applications/Mail.apple")->insideBundle);
+}
+
+TEST(FileStore, KeepsStatesOfSeveralThreads) {
+    constexpr std::size_t threads = 4;
+    constexpr std::size_t filesOfAThread = 50'000;
+    const auto store = FileStore::create();
+    const Directory* root = store->addRoot("/r");
+    std::vector<File*> files;
+    for (std::size_t file = 0; file < threads * filesOfAThread; ++file) {
+        files.push_back(store->addFile(root, "a", 1, std::nullopt, std::nullopt));
+    }
+    std::barrier begin(threads);
+    std::vector<std::thread> running;
+    for (std::size_t thread = 0; thread < threads; ++thread) {
+        running.emplace_back([&, thread] {
+            begin.arrive_and_wait();
+            for (std::size_t file = thread; file < files.size(); file += threads) {
+                store->keepCompared(*files[file], {{1, file}, std::nullopt});
+            }
+        });
+    }
+    for (std::thread& thread : running) {
+        thread.join();
+    }
+    for (std::size_t file = 0; file < files.size(); ++file) {
+        ASSERT_EQ(*files[file]->compared(), (ComparedState{{1, file}, std::nullopt}));
+    }
 }
 
 TEST(FileStore, SharedFileKeepsItAlive) {

@@ -100,6 +100,9 @@ TEST_F(Marking, AllDuplicatesAreSelectedWhenOneFileIsNot) {
     EXPECT_FALSE(allDuplicatesAreSelectedOfSet(*set));
     toggle(set, 1);
     EXPECT_TRUE(allDuplicatesAreSelectedOfSet(*set));
+    // As after marks that toggleFile() would have refused.
+    modal_.changeStateOfExtension(extension_, set, set->files()[0]);
+    EXPECT_FALSE(allDuplicatesAreSelectedOfSet(*set));
     EXPECT_FALSE(allDuplicatesAreSelectedOfSet(Set()));
 }
 

@@ -572,6 +572,15 @@ TEST_F(CleanUpJournalTest, NeverUsesANumberTwice) {
     EXPECT_EQ(valueOf(journal.begin(Timestamp())), last + 1);
 }
 
+// A row has 63 bits; a clean-up has 32 of them for its moves.
+TEST_F(CleanUpJournalTest, CountsCleanUpsUpToTheSpaceOfTheirRows) {
+    CleanUpJournal journal = opened();
+    oneMove(journal);
+    sql("UPDATE sqlite_sequence SET seq = 2147483646 WHERE name = 'clean_up'");
+    EXPECT_EQ(valueOf(journal.begin(Timestamp())), 2'147'483'647);
+    EXPECT_TRUE(std::holds_alternative<StoreError>(journal.begin(Timestamp())));
+}
+
 TEST_F(CleanUpJournalTest, VisitsMovesInBothOrders) {
     CleanUpJournal journal = opened();
     oneMove(journal);

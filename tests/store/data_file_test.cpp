@@ -21,6 +21,7 @@
 #include <limits>
 #include <sstream>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace tarvin {
@@ -289,6 +290,19 @@ TEST_F(DataFileTest, FolderInItsPlaceIsMovedAside) {
     EXPECT_FALSE(addToTotals(data, 1, 10));
     EXPECT_EQ(contentOf(path_ + ".unreadable/inside.txt"), "kept");
     EXPECT_EQ(stored(path_, "deletedCount"), 1U);
+}
+
+TEST_F(DataFileTest, IsRecreatedByALockAlone) {
+    write(plistText("<dict><key>deletedCount</key><integer>3</integer></dict>"));
+    DataFile data(own_);
+    EXPECT_FALSE(data.loadDataFile());
+    std::filesystem::remove(path_);
+    EXPECT_FALSE(std::holds_alternative<StoreError>(data.lock()));
+    EXPECT_EQ(stored(path_, "deletedCount"), 3U);
+    write("damaged");
+    EXPECT_FALSE(std::holds_alternative<StoreError>(data.lock()));
+    EXPECT_EQ(stored(path_, "deletedCount"), 3U);
+    EXPECT_EQ(contentOf(path_ + ".unreadable"), "damaged");
 }
 
 TEST_F(DataFileTest, IsRecreatedFromTheTotalsInMemory) {

@@ -109,6 +109,35 @@ TEST(PropertyList, ReadsNumbers) {
     EXPECT_EQ(list->number("missing"), std::nullopt);
 }
 
+TEST(PropertyList, ReadsOnlyStringsAsTexts) {
+    const auto list = PropertyList::parse(
+        plistText("<dict><key>a</key><string>5</string><key>b</key><integer>5</integer>"
+                  "<key>c</key><data>YQ==</data><key>d</key><true/></dict>"));
+    ASSERT_TRUE(list);
+    EXPECT_EQ(list->text("a"), "5");
+    EXPECT_EQ(list->text("b"), std::nullopt);
+    EXPECT_EQ(list->text("c"), std::nullopt);
+    EXPECT_EQ(list->text("d"), std::nullopt);
+    EXPECT_EQ(list->text("missing"), std::nullopt);
+}
+
+// 2^64 and 2^63 are the first numbers that the types cannot represent, and -2^63 is the last.
+TEST(PropertyList, ReadsRealsUpToTheLimitsOfTheirTypes) {
+    const auto list = PropertyList::parse(
+        plistText("<dict><key>a</key><real>18446744073709549568</real><key>b</key>"
+                  "<real>18446744073709551616</real><key>c</key><real>9223372036854774784</real>"
+                  "<key>d</key><real>9223372036854775808</real><key>e</key>"
+                  "<real>-9223372036854775808</real><key>f</key><real>-1</real></dict>"));
+    ASSERT_TRUE(list);
+    EXPECT_EQ(list->number("a"), 18'446'744'073'709'549'568U);
+    EXPECT_EQ(list->number("b"), std::nullopt);
+    EXPECT_EQ(list->signedNumber("c"), 9'223'372'036'854'774'784);
+    EXPECT_EQ(list->signedNumber("d"), std::nullopt);
+    EXPECT_EQ(list->signedNumber("e"), std::numeric_limits<std::int64_t>::min());
+    EXPECT_EQ(list->number("f"), std::nullopt);
+    EXPECT_EQ(list->signedNumber("f"), -1);
+}
+
 TEST(PropertyList, ReadsAndWritesNumbersWithTheirSign) {
     PropertyList list = PropertyList::dictionary();
     list.setSignedNumber("least", std::numeric_limits<std::int64_t>::min());
@@ -227,6 +256,12 @@ TEST(SafePropertyList, SelfClosingRootIsRefusedOrHarmless) {
         EXPECT_TRUE(!list || list->xml().size() < 10'000) << levels;
         EXPECT_TRUE(!list || levels == 64) << levels;
     }
+}
+
+TEST(SafePropertyList, AcceptsWhiteSpaceBehindNames) {
+    EXPECT_TRUE(isSafePropertyList("<array \t\r\n></array \t\r\n>"));
+    EXPECT_TRUE(isSafePropertyList("<array><true\r\n/></array>"));
+    EXPECT_FALSE(isSafePropertyList("<array><true a/></array>"));
 }
 
 TEST(SafePropertyList, RefusesUnclosedMarkup) {
