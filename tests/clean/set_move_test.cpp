@@ -2,6 +2,7 @@
 
 #include "clean/clean_up_fixture.h"
 #include "support/file_content.h"
+#include "support/mount.h"
 
 #include <cerrno>
 #include <chrono>
@@ -182,6 +183,18 @@ TEST_F(SetMoveTest, FindsAnotherSurvivorForARemovedOne) {
     EXPECT_EQ(contentOf(three_), "same");
 }
 
+// The folder of the first survivor is still open, and the file still in it.
+TEST_F(SetMoveTest, FindsAnotherSurvivorIfTheFolderOfTheFirstIsMoved) {
+    Modal& modal = files_.marked();
+    set_->files().back()->setState(CheckState::off);
+    CleanUp::Settings settings = at(MoveStep::recheck, [this] {
+        fs::rename(folder_.pathOf("a"), folder_.pathOf("elsewhere"));
+    });
+    EXPECT_EQ(cleanUp(modal, user_, fileSystem_, std::move(settings), std::chrono::hours(1)),
+              (MoveReport{{"two.txt", moved}}));
+    EXPECT_EQ(contentOf(three_), "same");
+}
+
 TEST_F(SetMoveTest, MovesBackAFileExchangedBeforeTheMove) {
     const MoveReport report = run(at(MoveStep::moveToTrash, [this] {
         fs::remove(two_);
@@ -222,6 +235,33 @@ TEST_F(SetMoveTest, DoesNotCountTheSameFileUnderAnotherPath) {
     ComparedFiles twice;
     twice.addSet({two_, folder_.pathOf("alias/two.txt")});
     EXPECT_EQ(cleanUp(twice.marked(), user_, fileSystem_), (MoveReport{{"two.txt", lastCopy}}));
+    expectNothingMoved();
+}
+
+// A bind mount of the file itself: another folder and name, but no second hard link.
+TEST_F(SetMoveTest, DoesNotCountABindMountOfTheFile) {
+    const std::string mounted = folder_.writeFile("d/mounted.txt", "");
+    const Mount mount(two_, mounted, nullptr, MS_BIND);
+    if (!mount) {
+        return;
+    }
+    ComparedFiles twice;
+    twice.addSet({mounted, two_});
+    EXPECT_EQ(cleanUp(twice.marked(), user_, fileSystem_), (MoveReport{{"two.txt", lastCopy}}));
+    EXPECT_EQ(contentOf(two_), "same");
+    expectNothingMoved();
+}
+
+TEST_F(SetMoveTest, MovesBackAHardLinkIfTheOtherOneIsChangedMeanwhile) {
+    const std::string link = folder_.pathOf("d/link.txt");
+    fs::create_directory(folder_.pathOf("d"));
+    fs::create_hard_link(two_, link);
+    ComparedFiles linked;
+    linked.addSet({two_, link});
+    // The last call of the recheck: the file that arrived has been found unchanged.
+    fileSystem_.beforeCall(FileCall::attributesAtPath, 1, [this] { append(two_); }, "two.txt");
+    EXPECT_EQ(cleanUp(linked.marked(), user_, fileSystem_), (MoveReport{{"link.txt", lastCopy}}));
+    EXPECT_EQ(contentOf(link), "samemore");
     expectNothingMoved();
 }
 
@@ -342,6 +382,18 @@ TEST_F(SetMoveTest, MovesAWholeSetIfAllowed) {
     settings.wholeSets = CleanUp::WholeSets::goIfMarked;
     EXPECT_EQ(cleanUp(modal, user_, fileSystem_, std::move(settings)),
               (MoveReport{{"one.txt", moved}, {"two.txt", moved}, {"three.txt", moved}}));
+}
+
+TEST_F(SetMoveTest, ReadsEachFileOfAWholeSetOnce) {
+    Modal& modal = files_.marked();
+    set_->files().front()->setState(CheckState::on);
+    fs::permissions(two_, fs::perms::owner_read);
+    CleanUp::Settings settings;
+    settings.wholeSets = CleanUp::WholeSets::goIfMarked;
+    EXPECT_EQ(cleanUp(modal, user_, fileSystem_, std::move(settings)),
+              (MoveReport{{"one.txt", moved}, {"two.txt", moved}, {"three.txt", moved}}));
+    EXPECT_EQ(fileSystem_.bytesRead(two_), 4U);
+    EXPECT_EQ(fileSystem_.bytesRead(), 8U);
 }
 
 TEST_F(SetMoveTest, KeepsOneFileOfAWholeSetWithAChangedFile) {
