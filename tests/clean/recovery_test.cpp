@@ -2,6 +2,7 @@
 
 #include "clean/clean_up_fixture.h"
 #include "platform/linux/trash_mover.h"
+#include "support/faulty_database.h"
 #include "support/faulty_trash_calls.h"
 #include "support/file_content.h"
 
@@ -432,8 +433,9 @@ TEST_F(PowerFailure, SubtractsFilesFoundInPlaceFromTheTotals) {
 /// Planned moves without an outcome.
 class PlannedMoves : public ::testing::Test {
  protected:
-    void plan(const std::string& path) {
-        CleaningUser user(home_.path());
+    void plan(const std::string& path) const { plan(home_.path(), path); }
+    static void plan(const std::string& home, const std::string& path) {
+        CleaningUser user(home);
         const auto id = user.journal().begin({});
         const std::vector<PlannedMove> moves{{path, 1, 4, {}}};
         ASSERT_TRUE(
@@ -467,6 +469,28 @@ TEST_F(PlannedMoves, WaitForAnInaccessibleTrash) {
     fileSystem_.failCall(FileCall::attributesAtPath, 1, EIO, home_.pathOf("Trash/files"));
     EXPECT_FALSE(recover());
     EXPECT_TRUE(recover());
+}
+
+TEST_F(PlannedMoves, ReportWhyTheJournalStaysUnfinished) {
+    FaultyDatabase database;
+    std::size_t reported = 0;
+    bool hasFailed = true;
+    for (std::size_t number = 0; hasFailed; ++number) {
+        const TemporaryFolder home(quickFolder());
+        plan(home.path(), tree_.pathOf("a.txt"));
+        CleaningUser user(home.path());
+        DataFile totals(home.path());
+        database.failOnce(number, FaultyDatabase::Fault::full);
+        const auto failure =
+            recoverCleanUps(systemFileSystem(), user.mover(), user.turns(), user.journal(), totals);
+        hasFailed = database.hasFailed();
+        database.heal();
+        const auto all = user.journal().cleanUps();
+        const bool isFinished = std::get<std::vector<CleanUpSummary>>(all).front().finished;
+        EXPECT_TRUE(isFinished || failure) << number;
+        reported += std::size_t{failure.has_value()};
+    }
+    EXPECT_GE(reported, 5U);
 }
 
 }  // namespace
