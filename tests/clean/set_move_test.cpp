@@ -334,6 +334,20 @@ TEST_F(SetMoveTest, RefusesWhileAnotherCleanUpHoldsTheLock) {
     expectNothingMoved();
 }
 
+TEST_F(SetMoveTest, ReleasesTheLockAfterTheSet) {
+    EXPECT_EQ(files_.marked().totalFilesSelected(), 2U);
+    CleanUp cleanUp(fileSystem_, user_.mover(), user_.journal(), user_.turns(),
+                    systemPlatform().clock(), {});
+    ASSERT_TRUE(cleanUp.prepare({&set_, 1}));
+    {
+        const auto moving = cleanUp.begin(*set_);
+        EXPECT_TRUE(moving->move(*set_->files()[1]));
+        EXPECT_FALSE(user_.turns().tryTake(0));
+    }
+    EXPECT_TRUE(user_.turns().tryTake(0));
+    EXPECT_FALSE(cleanUp.finish().has_value());
+}
+
 TEST_F(SetMoveTest, StopEndsTheWaitForTheLock) {
     const auto turn = user_.turns().tryTake(0);
     ASSERT_TRUE(turn);

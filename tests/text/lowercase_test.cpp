@@ -1,8 +1,14 @@
 #include "text/lowercase.h"
 
+#include "text/utf8.h"
+
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace tarvin {
 namespace {
@@ -85,6 +91,25 @@ TEST(Lowercase, LetterLikeSymbolsAreLettersOfAWord) {
     EXPECT_EQ(lowercase("\xe2\x85\xb3\xce\xa3"), "\xe2\x85\xb3\xcf\x82");          // a numeral
     EXPECT_EQ(lowercase("\xc2\xaa\xce\xa3"), "\xc2\xaa\xcf\x82");                  // an ordinal
     EXPECT_EQ(lowercase("\xe2\x91\xa0\xce\xa3"), "\xe2\x91\xa0\xcf\x83");          // 1 in a circle
+}
+
+TEST(Lowercase, LettersEndWithTheirRanges) {
+    const auto isLetter = [](char32_t code) {
+        std::string text;
+        appendCharacter(code, text);
+        return lowercase(text + "\xce\xa3").ends_with("\xcf\x82");
+    };
+    for (const auto& [first, last] :
+         std::vector<std::pair<char32_t, char32_t>>{{0x2160, 0x217F},
+                                                    {0x24B6, 0x24E9},
+                                                    {0x1F130, 0x1F149},
+                                                    {0x1F150, 0x1F169},
+                                                    {0x1F170, 0x1F189}}) {
+        EXPECT_FALSE(isLetter(first - 1)) << std::uint32_t{first};
+        EXPECT_TRUE(isLetter(first)) << std::uint32_t{first};
+        EXPECT_TRUE(isLetter(last)) << std::uint32_t{last};
+        EXPECT_FALSE(isLetter(last + 1)) << std::uint32_t{last};
+    }
 }
 
 TEST(Lowercase, KeepsInvalidBytes) {
