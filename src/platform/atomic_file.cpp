@@ -34,6 +34,12 @@ int FileCalls::openFolder(const char* path, UniqueFd& folder) {
     return folder ? 0 : errno;
 }
 
+int FileCalls::write(int descriptor, std::string_view bytes, std::size_t& written) {
+    const ssize_t result = ::write(descriptor, bytes.data(), bytes.size());
+    written = result < 0 ? 0 : static_cast<std::size_t>(result);
+    return result < 0 ? errno : 0;
+}
+
 int FileCalls::sync(int descriptor) {
     return ::fsync(descriptor) == 0 ? 0 : errno;
 }
@@ -77,11 +83,12 @@ AtomicFile::~AtomicFile() {
 
 std::optional<SystemError> AtomicFile::write(std::string_view bytes) {
     while (!bytes.empty()) {
-        const ssize_t written = ::write(file_.number(), bytes.data(), bytes.size());
-        if (written >= 0) {
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        } else if (errno != EINTR) {
-            return SystemError{errno};
+        std::size_t written = 0;
+        const int failure = calls_.write(file_.number(), bytes, written);
+        if (failure == 0) {
+            bytes.remove_prefix(written);
+        } else if (failure != EINTR) {
+            return SystemError{failure};
         }
     }
     return std::nullopt;

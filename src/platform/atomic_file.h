@@ -3,6 +3,7 @@
 #include "platform/result.h"
 #include "platform/unique_fd.h"
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,6 +24,8 @@ class FileCalls {
     /// and O_CLOEXEC. A new file may be read and written by everybody, before the umask is applied.
     virtual int createFile(const char* path, int flags, UniqueFd& file);
     virtual int openFolder(const char* path, UniqueFd& folder);
+    /// May write a part; `written` is its size in bytes.
+    virtual int write(int descriptor, std::string_view bytes, std::size_t& written);
     virtual int sync(int descriptor);
     virtual int rename(const char* from, const char* to);
 };

@@ -8,8 +8,10 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <cstddef>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarvin {
@@ -76,6 +78,23 @@ TEST_F(AtomicFileTest, SucceedsWhereFilesCannotBeFlushed) {
 
 TEST_F(AtomicFileTest, SucceedsIfTheFolderCannotBeFlushed) {
     RecordingFileCalls calls("sync inner", EIO);
+    EXPECT_EQ(replace(calls), 0);
+    EXPECT_EQ(contentOf(target_), "new");
+}
+
+TEST_F(AtomicFileTest, ContinuesAfterInterruptedAndPartialWrites) {
+    /// Writes a byte at each second call.
+    class InterruptedCalls final : public FileCalls {
+     public:
+        int write(int descriptor, std::string_view bytes, std::size_t& written) override {
+            interrupts_ = !interrupts_;
+            return interrupts_ ? EINTR : FileCalls::write(descriptor, bytes.substr(0, 1), written);
+        }
+
+     private:
+        bool interrupts_ = false;
+    };
+    InterruptedCalls calls;
     EXPECT_EQ(replace(calls), 0);
     EXPECT_EQ(contentOf(target_), "new");
 }

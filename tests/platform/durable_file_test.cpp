@@ -1,6 +1,7 @@
 #include "platform/durable_file.h"
 
 #include "support/file_content.h"
+#include "support/fuse_view.h"
 #include "support/mount.h"
 #include "support/recording_file_calls.h"
 #include "support/temporary_folder.h"
@@ -165,6 +166,22 @@ TEST_F(DurableFile, IsRenamedToTheFirstFreeName) {
     EXPECT_EQ(contentOf(path_ + ".unreadable"), "one");
     EXPECT_EQ(contentOf(path_ + ".unreadable-2"), "two");
     EXPECT_EQ(contentOf(path_ + ".unreadable-3"), "three");
+}
+
+// bindfs refuses a rename that must not replace anything.
+TEST_F(DurableFile, IsRenamedToAFreeNameWhereRenamesCannotBeExclusive) {
+    const FuseView view(folder_.path());
+    if (!view) {
+        return;
+    }
+    const std::string shown = view.pathOf("data.plist");
+    for (const char* content : {"one", "two"}) {
+        folder_.writeFile("data.plist", content);
+        EXPECT_TRUE(putAside(shown, ".unreadable"));
+    }
+    EXPECT_FALSE(std::filesystem::exists(path_));
+    EXPECT_EQ(contentOf(path_ + ".unreadable"), "one");
+    EXPECT_EQ(contentOf(path_ + ".unreadable-2"), "two");
 }
 
 TEST_F(DurableFile, MissingFileCannotBeRenamed) {
