@@ -76,8 +76,8 @@ bool MessageSocket::send(const std::string& path, std::string_view message) {
         return false;
     }
     const UniqueFd socket = newSocket();
-    return socket && ::sendto(socket.number(), message.data(), message.size(), MSG_NOSIGNAL,
-                              asAny(*address), sizeof(*address)) >= 0;
+    return socket && ::sendto(socket.number(), message.data(), message.size(), 0, asAny(*address),
+                              sizeof(*address)) >= 0;
 }
 
 void MessageSocket::run() {
