@@ -67,6 +67,17 @@ TEST(ConfinementToOpenFiles, OpenFilesCanBeReadAndWritten) {
     ::close(file);
 }
 
+TEST(ConfinementToOpenFiles, NeedsNoPrivileges) {
+    EXPECT_EQ(inChild([] {
+                  constexpr uid_t nobody = 65534;
+                  if (::geteuid() == 0 && ::setresuid(nobody, nobody, nobody) != 0) {
+                      return 2;
+                  }
+                  return confineToOpenFiles() ? 0 : 1;
+              }),
+              0);
+}
+
 TEST(ConfinementToOpenFiles, RefusesEveryWayToOpenAFile) {
     const TemporaryFolder folder;
     const std::string path = folder.writeFile("a", "some text");
