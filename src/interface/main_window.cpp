@@ -150,12 +150,14 @@ void MainWindow::makeNotices() {
     for (ButtonSettingsSaved* answer : {runningAlertOk, cancelYes, cancelNo, allCheckOk}) {
         answer->setViewTransparent(covers_->counter());
     }
-    const auto watch = [this](auto*... panels) {
-        (openPanels_->watch(panels, &panels->keyboard()), ...);
-    };
-    watch(runningAlert, confirmationView, allCheckAlertView, informationWindow, exceptionWindow,
-          deletionPreview, keptWindow, putBackWindow, putBackProgress, putBackReport,
-          windowAboutPanel);
+    const auto watch = [this](auto* panel) { openPanels_->watch(panel, &panel->keyboard()); };
+    for (NoticePanel* notice : {runningAlert, confirmationView, allCheckAlertView}) {
+        watch(notice);
+    }
+    for (auto* panel : findChildren<DialogPanel*>(QString(), Qt::FindDirectChildrenOnly)) {
+        watch(panel);
+    }
+    watch(windowAboutPanel);
     connect(openPanels_, &OpenPanels::anyChanged, this, [this](bool any) {
         for (Screen* screen : screens()) {
             screen->setShortcutsEnabled(!any);

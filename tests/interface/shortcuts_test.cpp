@@ -5,6 +5,7 @@
 #include "interface/result_panels.h"
 #include "interface/result_screen.h"
 #include "interface/shown_window.h"
+#include "interface/window_covers.h"
 
 #include <QAction>
 #include <QSignalSpy>
@@ -124,6 +125,22 @@ TEST_F(ShortcutsTest, BelongToTheirScreen) {
         press(shortcut);
         EXPECT_EQ(clicks.size(), 0) << shortcut.button;
     }
+}
+
+TEST_F(ShortcutsTest, OfTheWindowAreDisabledByEachPanelOverTheResults) {
+    window.selectTabViewItem(QStringLiteral("4"));
+    const QSignalSpy putBacks(window.putBackItem, &QAction::triggered);
+    const auto panels = window.findChildren<DialogPanel*>();
+    EXPECT_GE(panels.size(), 7);
+    for (DialogPanel* panel : panels) {
+        window.showOver(panel, QPoint(100, 100));
+        QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(putBacks.size(), 0) << panel->objectName().toStdString();
+        panel->hide();
+        window.covers().removeAll();
+    }
+    QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(putBacks.size(), 1);
 }
 
 TEST_F(ShortcutsTest, WorkWithTheFocusInTheBarOrNowhere) {
