@@ -37,8 +37,7 @@ struct Layer {
 };
 
 constexpr std::array layers{
-    Layer{.folder = "platform",
-          .librariesInSources = {Library::system, Library::glib, Library::qt}},
+    Layer{.folder = "platform", .librariesInSources = {Library::system, Library::glib}},
     Layer{.folder = "model", .ours = {"platform/file_system.h", "platform/timestamp.h"}},
     Layer{.folder = "text", .librariesInSources = {Library::utf8proc}},
     Layer{.folder = "scan",
