@@ -19,7 +19,7 @@ Result<std::string> absolutePath(const std::string& path);
 /// The path of `name` in `folder`, or of the folder itself if `name` is empty.
 [[nodiscard]] std::string pathIn(const std::string& folder, std::string_view name);
 
-/// Whether `path` is the folder or leads into it.
+/// Whether `path` is the folder or leads into it. Every path is within the empty folder.
 [[nodiscard]] bool isWithin(std::string_view path, std::string_view folder);
 
 }  // namespace tarvin

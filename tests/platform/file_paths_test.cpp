@@ -121,6 +121,11 @@ TEST(IsWithin, AFolderHoldsItselfAndWhatIsBelow) {
     EXPECT_TRUE(isWithin("/", "/"));
 }
 
+TEST(IsWithin, EveryAbsolutePathIsWithinTheEmptyFolder) {
+    EXPECT_TRUE(isWithin("/photos", ""));
+    EXPECT_TRUE(isWithin("/", ""));
+}
+
 TEST(IsWithin, AFolderDoesNotHoldItsParentOrALongerName) {
     EXPECT_FALSE(isWithin("/", "/photos"));
     EXPECT_FALSE(isWithin("/photos2/a.jpg", "/photos"));

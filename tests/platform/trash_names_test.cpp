@@ -75,6 +75,8 @@ TEST(TrashName, IsRecognised) {
 TEST(TrashNote, PercentEncodesThePath) {
     EXPECT_EQ(percentEncoded("/azAZ09-_.!~*'()"), "/azAZ09-_.!~*'()");
     EXPECT_EQ(percentEncoded("a b%\n\xFF\"#;[]"), "a%20b%25%0A%FF%22%23%3B%5B%5D");
+    EXPECT_EQ(percentEncoded("$&+,:=?@\x7F"), "%24%26%2B%2C%3A%3D%3F%40%7F");
+    EXPECT_EQ(percentEncoded("caf\u00E9"), "caf%C3%A9");
 }
 
 TEST(TrashNote, HasPathAndDate) {
