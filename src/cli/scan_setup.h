@@ -38,6 +38,7 @@ struct ScanFolders {
     std::vector<UnreadableLocation> unreadable;  ///< without an absolute path
 };
 
+/// Makes the paths absolute; the folders need not exist.
 [[nodiscard]] ScanFolders foldersOf(const ScanOptions& options);
 
 /// The exceptions to use. Fails if the list named by the options, or else the user's own, cannot be

@@ -36,7 +36,8 @@ class PaintedButton : public QPushButton {
     void setTitle(const QString& title);
     [[nodiscard]] QString title() const { return text(); }
 
-    /// Whether the button is hovered. Setting it repaints, but does not call entered() or exited().
+    /// Whether the button is hovered. Setting it repaints, but does not call mouseEntered() or
+    /// mouseExited().
     void setHovering(bool hovering);
     [[nodiscard]] bool hovering() const { return hovering_; }
 
