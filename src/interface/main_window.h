@@ -141,7 +141,7 @@ class MainWindow final : public QWidget {
     /// When `panel` is hidden, the focus returns to where it was before either was shown.
     void showInPlaceOf(DialogPanel* before, DialogPanel* panel, const QRect& design,
                        Growth across = inMiddle, Growth down = inMiddle);
-    /// The covers of showOver(). Removing them leaves the panels.
+    /// The covers of showOver(), and others for showInPlaceOf(). Removing them leaves the panels.
     [[nodiscard]] WindowCovers& covers() const { return *covers_; }
     /// Shows and hides `loadingView`.
     [[nodiscard]] const LoadingOverlay& loading() const { return *loading_; }

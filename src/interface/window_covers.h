@@ -23,8 +23,9 @@ class WindowCovers final {
     /// A ViewTransparent that covers nothing and counts the covers above it.
     [[nodiscard]] ViewTransparent* counter() const { return counter_.get(); }
 
+    /// Covers the window. A panel is shown after that, to be above the cover.
     void add();
-    /// Removes the oldest cover, if any.
+    /// Removes the oldest cover, if any. Panels stay.
     void removeFirst();
     void removeAll();
     /// Adapts the covers to the size of the window.
