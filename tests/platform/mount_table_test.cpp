@@ -59,12 +59,12 @@ TEST(MountTable, UnescapesOnce) {
 }
 
 TEST(MountTable, KeepsABackslashWithoutAnEscape) {
-    const auto entries = parseMountInfo(R"(1 0 8:1 / /mnt/a\9b\04 rw - ext4 \400\18 rw)"
+    const auto entries = parseMountInfo(R"(1 0 8:1 / /mnt/a\9b\04 rw - ext4 \400\18\058\081 rw)"
                                         "\n"
                                         R"(2 0 8:1 / /mnt/\3777 rw - ext4 x rw)");
     ASSERT_EQ(entries.size(), 2u);
     EXPECT_EQ(entries[0].mountPoint, R"(/mnt/a\9b\04)");
-    EXPECT_EQ(entries[0].source, R"(\400\18)");
+    EXPECT_EQ(entries[0].source, R"(\400\18\058\081)");
     EXPECT_EQ(entries[1].mountPoint,
               "/mnt/\xff"
               "7");
