@@ -45,13 +45,13 @@ class SwitchedTrash final : public TrashMover {
         const std::string& trash, std::span<const FileIdentity> wanted) override {
         return real_->find(trash, wanted);
     }
-    std::optional<TrashRefusal> mendNote(const TrashPlace& place, const std::string& path,
-                                         Timestamp moved) override {
-        return real_->mendNote(place, path, moved);
+    std::optional<TrashRefusal> repairTrashInfo(const TrashPlace& place, const std::string& path,
+                                                Timestamp moved) override {
+        return real_->repairTrashInfo(place, path, moved);
     }
-    std::optional<TrashRefusal> removeUnusedNotes(const std::string& trash,
-                                                  const std::vector<std::string>& paths) override {
-        return real_->removeUnusedNotes(trash, paths);
+    std::optional<TrashRefusal> removeUnusedTrashInfos(
+        const std::string& trash, const std::vector<std::string>& paths) override {
+        return real_->removeUnusedTrashInfos(trash, paths);
     }
     [[nodiscard]] std::optional<TrashRefusal> flush() override { return real_->flush(); }
     [[nodiscard]] std::vector<std::string> trashesFor(const std::string& path) const override {

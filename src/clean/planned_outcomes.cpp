@@ -98,7 +98,7 @@ void PlannedOutcomes::removeTrashInfosOf(const std::vector<std::string>& paths) 
     }
     for (const std::string& trash : trashes) {
         if (fileSystem_.attributesAtPath(trash)) {
-            static_cast<void>(trash_.removeUnusedNotes(trash, paths));
+            static_cast<void>(trash_.removeUnusedTrashInfos(trash, paths));
         }
     }
 }

@@ -86,7 +86,7 @@ class Recovery final {
             const TrashPlace place{move.trashFolder, move.trashName};
             const auto there = trash_.look(place);
             if (there && isFileOf(move, *there)) {
-                isComplete_ = !trash_.mendNote(place, move.path, begun) && isComplete_;
+                isComplete_ = !trash_.repairTrashInfo(place, move.path, begun) && isComplete_;
             } else if (!there && files_.isBackAlready(move)) {
                 notMoved.push_back(move.row);
             } else if (!there) {

@@ -104,13 +104,14 @@ class TrashMover {
 
     /// Writes the .trashinfo file of a file in a Trash, which was at `path` until `moved`, if it is
     /// missing or, as after a power failure, incomplete.
-    virtual std::optional<TrashRefusal> mendNote(const TrashPlace& place, const std::string& path,
-                                                 Timestamp moved) = 0;
+    virtual std::optional<TrashRefusal> repairTrashInfo(const TrashPlace& place,
+                                                        const std::string& path,
+                                                        Timestamp moved) = 0;
 
     /// Removes .trashinfo files without a file that hold one of `paths`, or that are empty and have
     /// a name that one of these files can get. For those left by a process that was killed before
     /// it moved the file; no process may be moving these files.
-    virtual std::optional<TrashRefusal> removeUnusedNotes(
+    virtual std::optional<TrashRefusal> removeUnusedTrashInfos(
         const std::string& trash, const std::vector<std::string>& paths) = 0;
 
     /// Flushes the file systems of the used Trashes to disk (`syncfs`): on return a power failure

@@ -63,7 +63,7 @@ class CleanJournal : public RestoreFixture {
     void expectNothingMoved(const Tree& before) const {
         EXPECT_EQ(treeOf(photos()), before);
         EXPECT_EQ(trashed(), 1U);
-        EXPECT_EQ(notes(), 1U);
+        EXPECT_EQ(trashInfos(), 1U);
     }
 
     [[nodiscard]] std::string support() const { return fs::path(journal()).parent_path(); }

@@ -25,12 +25,12 @@ TEST_F(EmptyFiles, AllButOneAreMovedAndRestoredWithTheirDates) {
         << cleaned.output;
     EXPECT_EQ(treeOf(photos()).size(), 2U);
     EXPECT_EQ(trashed(), 3U);
-    EXPECT_EQ(notes(), 3U);
+    EXPECT_EQ(trashInfos(), 3U);
     EXPECT_EQ(tarvin({"totals"}).output, "Files cleaned so far: 3 (0.00 KB)\n");
     EXPECT_EQ(restore().status, 0);
     EXPECT_EQ(treeOf(photos()), before);
     EXPECT_EQ(trashed(), 0U);
-    EXPECT_EQ(notes(), 0U);
+    EXPECT_EQ(trashInfos(), 0U);
     EXPECT_EQ(tarvin({"totals"}).output, "Files cleaned so far: 0 (0.00 KB)\n");
 }
 

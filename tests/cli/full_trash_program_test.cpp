@@ -67,7 +67,7 @@ class FullTrash : public ::testing::Test {
     /// Either file may be the one to move.
     void expectRefused() const {
         const std::size_t files = entriesIn("files");
-        const std::size_t notes = entriesIn("info");
+        const std::size_t trashInfos = entriesIn("info");
         const ProgramResult result = clean();
         EXPECT_EQ(result.status, 1);
         const std::string path = folder_.pathOf("disk/photos/");
@@ -79,7 +79,7 @@ class FullTrash : public ::testing::Test {
         EXPECT_EQ(contentOf(path + "a.jpg"), "two equal photos");
         EXPECT_EQ(contentOf(path + "b.jpg"), "two equal photos");
         EXPECT_EQ(entriesIn("files"), files);
-        EXPECT_EQ(entriesIn("info"), notes);
+        EXPECT_EQ(entriesIn("info"), trashInfos);
     }
 
     [[nodiscard]] std::size_t entriesIn(const std::string& part) const {

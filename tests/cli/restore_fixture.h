@@ -98,7 +98,7 @@ class RestoreFixture : public testing::Test {
     }
 
     [[nodiscard]] std::size_t trashed() const { return treeOf(trash() + "/files").size(); }
-    [[nodiscard]] std::size_t notes() const { return treeOf(trash() + "/info").size(); }
+    [[nodiscard]] std::size_t trashInfos() const { return treeOf(trash() + "/info").size(); }
 
     void expectTotals(std::size_t count) const {
         const std::string text = tarvin({"totals"}).output;

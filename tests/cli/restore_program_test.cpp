@@ -44,7 +44,7 @@ TEST_F(Restore, RestoresNamesContentsAndDates) {
     EXPECT_EQ(result.errors, "");
     EXPECT_TRUE(result.output.ends_with("Files Put Back: 3\nSize: 0.03 KB\n")) << result.output;
     EXPECT_EQ(treeOf(photos()), before);
-    EXPECT_EQ(trashed() + notes(), 0U);
+    EXPECT_EQ(trashed() + trashInfos(), 0U);
     expectTotals(0);
 }
 
@@ -162,7 +162,7 @@ TEST_F(Restore, LeavesFilesChangedInTheTrash) {
               "tarvin: cannot put back '" + moved[0] + "': file was changed in the Trash\n");
     EXPECT_THAT(result.output, EndsWith("Files Put Back: 1\nSize: 0.01 KB\n"));
     EXPECT_EQ(contentOf(inTrash(moved[0])), "equal filemore");
-    EXPECT_EQ(notes(), 1U);
+    EXPECT_EQ(trashInfos(), 1U);
     EXPECT_EQ(contentOf(moved[1]), "equal file");
     expectTotals(1);
     EXPECT_EQ(restore().output, noneInTrash);

@@ -163,7 +163,7 @@ TEST_F(RestoreMany, TwoProcessesPutEachFileBackOnce) {
     }
     EXPECT_EQ(back, files);
     EXPECT_EQ(treeOf(photos()), before_);
-    EXPECT_EQ(trashed() + notes(), 0U);
+    EXPECT_EQ(trashed() + trashInfos(), 0U);
     expectTotals(0);
 }
 

@@ -67,7 +67,7 @@ class TrashFixture : public ::testing::Test {
     [[nodiscard]] std::string trashed(const std::string& name) const {
         return trash() + "/files/" + name;
     }
-    [[nodiscard]] std::string note(const std::string& name) const {
+    [[nodiscard]] std::string trashInfo(const std::string& name) const {
         return contentOf(trash() + "/info/" + name + ".trashinfo");
     }
     [[nodiscard]] static std::string user() { return std::to_string(::geteuid()); }
@@ -105,18 +105,18 @@ class TrashFixture : public ::testing::Test {
     TrashRefusal expectRefused(const std::string& path) { return expectRefused(path, trash()); }
     TrashRefusal expectRefused(const std::string& path, const std::string& trash) {
         const std::size_t files = entriesIn(trash + "/files");
-        const std::size_t notes = entriesIn(trash + "/info");
+        const std::size_t trashInfos = entriesIn(trash + "/info");
         const auto moved = move(path);
         EXPECT_FALSE(moved.ok()) << path;
         EXPECT_EQ(contentOf(path), "bytes");
         EXPECT_EQ(entriesIn(trash + "/files"), files);
-        EXPECT_EQ(entriesIn(trash + "/info"), notes);
+        EXPECT_EQ(entriesIn(trash + "/info"), trashInfos);
         EXPECT_EQ(calls_.filesOpen(), 0U);
         return moved ? TrashRefusal{} : moved.error();
     }
 
     /// A file in the Trash without .trashinfo keeps its name; a moved file gets another one.
-    void expectFileWithoutNoteLeftAlone() {
+    void expectFileWithoutTrashInfoLeftAlone() {
         std::filesystem::create_directories(trash() + "/files");
         std::ofstream(trashed("a.txt")) << "orphan";
         const auto moved = move(folder_.writeFile("a.txt", "bytes"));

@@ -42,9 +42,9 @@ TEST_F(HomeTrash, MovesAFileWithItsTrashinfo) {
     EXPECT_EQ(*moved, (TrashPlace{trash(), "c%\n\xff.txt"}));
     EXPECT_FALSE(std::filesystem::exists(path));
     EXPECT_EQ(contentOf(trashed("c%\n\xff.txt")), "bytes");
-    EXPECT_EQ(note("c%\n\xff.txt"), "[Trash Info]\nPath=" + folder_.path() +
-                                        "/a%20b/c%25%0A%FF.txt\n"
-                                        "DeletionDate=2024-03-01T00:05:09\n");
+    EXPECT_EQ(trashInfo("c%\n\xff.txt"), "[Trash Info]\nPath=" + folder_.path() +
+                                             "/a%20b/c%25%0A%FF.txt\n"
+                                             "DeletionDate=2024-03-01T00:05:09\n");
 }
 
 TEST_F(HomeTrash, DatesEachTrashinfo) {
@@ -52,8 +52,8 @@ TEST_F(HomeTrash, DatesEachTrashinfo) {
     ASSERT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
     clock_.advance(std::chrono::seconds(86'400));
     ASSERT_TRUE(move(folder_.writeFile("b", "bytes")).ok());
-    EXPECT_NE(note("a").find("DeletionDate=2026-01-31T00:00:00\n"), std::string::npos);
-    EXPECT_NE(note("b").find("DeletionDate=2026-02-01T00:00:00\n"), std::string::npos);
+    EXPECT_NE(trashInfo("a").find("DeletionDate=2026-01-31T00:00:00\n"), std::string::npos);
+    EXPECT_NE(trashInfo("b").find("DeletionDate=2026-02-01T00:00:00\n"), std::string::npos);
 }
 
 TEST_F(HomeTrash, IsCreatedForTheUserAlone) {
@@ -81,11 +81,11 @@ TEST_F(HomeTrash, NumbersFilesWithOneName) {
     ASSERT_TRUE(move(folder_.writeFile("two/a.txt", "two")).ok());
     EXPECT_EQ(contentOf(trashed("a.txt")), "one");
     EXPECT_EQ(contentOf(trashed("a.2.txt")), "two");
-    EXPECT_NE(note("a.2.txt").find("/two/a.txt\n"), std::string::npos);
+    EXPECT_NE(trashInfo("a.2.txt").find("/two/a.txt\n"), std::string::npos);
 }
 
 TEST_F(HomeTrash, KeepsAFileWithoutTrashinfo) {
-    expectFileWithoutNoteLeftAlone();
+    expectFileWithoutTrashInfoLeftAlone();
 }
 
 TEST_F(HomeTrash, KeepsATrashinfoWithoutFile) {
@@ -94,7 +94,7 @@ TEST_F(HomeTrash, KeepsATrashinfoWithoutFile) {
     const auto moved = move(folder_.writeFile("a.txt", "bytes"));
     ASSERT_TRUE(moved.ok());
     EXPECT_EQ(moved->name, "a.2.txt");
-    EXPECT_EQ(note("a.txt"), "orphan");
+    EXPECT_EQ(trashInfo("a.txt"), "orphan");
 }
 
 TEST_F(HomeTrash, DoesNotWriteThroughALinkedTrashinfo) {
@@ -121,7 +121,7 @@ TEST_F(HomeTrash, ShortensLongNamesForTheTrashinfo) {
             EXPECT_TRUE(moved->name.ends_with(".jpg"));
             EXPECT_EQ(moved->name.size() < 243, length < 243) << length;
             EXPECT_EQ(contentOf(trashed(moved->name)), "bytes");
-            EXPECT_TRUE(note(moved->name).ends_with("DeletionDate=2026-01-31T00:00:00\n"));
+            EXPECT_TRUE(trashInfo(moved->name).ends_with("DeletionDate=2026-01-31T00:00:00\n"));
             EXPECT_FALSE(putBack(*moved, path)) << length;
             EXPECT_EQ(contentOf(path), "bytes");
             std::filesystem::remove(path);
@@ -226,7 +226,8 @@ TEST_F(HomeTrash, RecordsTheRealPathOfTheFolder) {
         folder_.writeFile("one/a", "bytes");
         const auto moved = mover_->move(openedFolder(folder_.pathOf("one"), path), "a");
         ASSERT_TRUE(moved.ok());
-        EXPECT_NE(note(moved->name).find("Path=" + folder_.pathOf("one/a\n")), std::string::npos);
+        EXPECT_NE(trashInfo(moved->name).find("Path=" + folder_.pathOf("one/a\n")),
+                  std::string::npos);
     }
 }
 
@@ -333,7 +334,7 @@ TEST_F(HomeTrash, IsCreatedAgainAfterRemoval) {
         const auto moved = move(folder_.writeFile("b", "bytes"));
         ASSERT_TRUE(moved.ok()) << part << moved.error().text;
         EXPECT_EQ(contentOf(trashed(moved->name)), "bytes") << part;
-        EXPECT_NE(note(moved->name), "") << part;
+        EXPECT_NE(trashInfo(moved->name), "") << part;
     }
 }
 
@@ -342,7 +343,7 @@ TEST_F(HomeTrash, IsCreatedAgainIfRemovedBeforeTheRename) {
     calls_.before(TrashCall::renameExclusively, [this] { std::filesystem::remove_all(trash()); });
     ASSERT_TRUE(move(path).ok());
     EXPECT_EQ(contentOf(trashed("a")), "bytes");
-    EXPECT_NE(note("a"), "");
+    EXPECT_NE(trashInfo("a"), "");
 }
 
 TEST_F(HomeTrash, ReplacementByALinkIsNoticedInASecond) {
@@ -372,7 +373,7 @@ TEST_F(HomeTrash, ReplacementIsReopenedInASecond) {
         const auto moved = move(folder_.writeFile("b", "bytes"));
         ASSERT_TRUE(moved.ok());
         EXPECT_EQ(contentOf(trashed(moved->name)), "bytes") << part;
-        EXPECT_NE(note(moved->name), "") << part;
+        EXPECT_NE(trashInfo(moved->name), "") << part;
         std::filesystem::remove_all(folder_.pathOf("old"));
     }
 }
@@ -474,7 +475,7 @@ TEST_F(HomeTrash, RefusesAcrossMounts) {
 TEST_F(HomeTrash, RepeatsShortWritesOfATrashinfo) {
     calls_.limitWrites(1);
     ASSERT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
-    EXPECT_TRUE(note("a").ends_with("\nDeletionDate=2026-01-31T00:00:00\n")) << note("a");
+    EXPECT_TRUE(trashInfo("a").ends_with("\nDeletionDate=2026-01-31T00:00:00\n")) << trashInfo("a");
     calls_.limitWrites(0);
     EXPECT_EQ(expectRefused(folder_.writeFile("b", "bytes")).error.code, EIO);
 }
@@ -500,7 +501,7 @@ TEST_F(HomeTrash, KeepsTheFileIfAnyCallFails) {
             EXPECT_EQ(calls.filesOpen(), 0U) << number;
             // After a failed check the Trash may be reopened.
             EXPECT_EQ(moved.ok(), contentOf(trashed("a")) == "bytes") << number;
-            EXPECT_EQ(moved.ok(), !note("a").empty()) << number;
+            EXPECT_EQ(moved.ok(), !trashInfo("a").empty()) << number;
             EXPECT_NE(moved.ok(), contentOf(path) == "bytes") << number;
             EXPECT_EQ(entriesIn(trash() + "/files"), entriesIn(trash() + "/info")) << number;
             if (!moved) {
@@ -523,11 +524,11 @@ TEST_P(TrashWithoutExclusiveRename, MovesAFile) {
     ASSERT_TRUE(move(path).ok());
     EXPECT_FALSE(std::filesystem::exists(path));
     EXPECT_EQ(contentOf(trashed("a")), "bytes");
-    EXPECT_NE(note("a"), "");
+    EXPECT_NE(trashInfo("a"), "");
 }
 
 TEST_P(TrashWithoutExclusiveRename, KeepsAFileWithoutTrashinfo) {
-    expectFileWithoutNoteLeftAlone();
+    expectFileWithoutTrashInfoLeftAlone();
 }
 
 TEST_P(TrashWithoutExclusiveRename, KeepsTheFileIfACallFails) {
@@ -561,7 +562,7 @@ TEST_P(TrashWithoutExclusiveRename, RestoresOverNoOtherFile) {
     EXPECT_EQ(refusal->kind, TrashRefusalKind::taken);
     EXPECT_EQ(contentOf(path), "other");
     EXPECT_EQ(contentOf(trashed("a")), "bytes");
-    EXPECT_NE(note("a"), "");
+    EXPECT_NE(trashInfo("a"), "");
 }
 
 class TrashWithoutExclusiveRenameAndLinks : public TrashWithoutExclusiveRename {
@@ -601,7 +602,7 @@ TEST_P(TrashWithoutExclusiveRenameAndLinks, RemovesThePlaceholderIfACallFails) {
         EXPECT_EQ(refusal->error.code, EIO);
         EXPECT_FALSE(std::filesystem::exists(path_));
         EXPECT_EQ(contentOf(trashed("a")), "bytes");
-        EXPECT_NE(note("a"), "");
+        EXPECT_NE(trashInfo("a"), "");
     }
 }
 
@@ -617,7 +618,7 @@ TEST_P(TrashWithoutExclusiveRename, KeepsTheTrashinfoIfTheNameInTheTrashStays) {
     EXPECT_FALSE(putBack(*moved, path));
     EXPECT_EQ(contentOf(path), "bytes");
     EXPECT_EQ(contentOf(trashed("a")), "bytes");
-    EXPECT_NE(note("a"), "");
+    EXPECT_NE(trashInfo("a"), "");
 }
 
 TEST_P(TrashWithoutExclusiveRename, KeepsAnotherFileThatTookTheName) {
@@ -669,7 +670,7 @@ TEST_F(PutBack, ReplacesNothing) {
     EXPECT_EQ(refusal->text, "File exists");
     EXPECT_EQ(contentOf(path), "other");
     EXPECT_EQ(contentOf(trashed("a")), "bytes");
-    EXPECT_NE(note("a"), "");
+    EXPECT_NE(trashInfo("a"), "");
 }
 
 TEST_F(PutBack, ReportsAFileMissingInTheTrash) {
@@ -679,7 +680,7 @@ TEST_F(PutBack, ReportsAFileMissingInTheTrash) {
     const auto refusal = putBack(*moved, folder_.pathOf("a"));
     ASSERT_TRUE(refusal);
     EXPECT_EQ(refusal->kind, TrashRefusalKind::gone);
-    EXPECT_NE(note("a"), "");
+    EXPECT_NE(trashInfo("a"), "");
 }
 
 TEST_F(PutBack, ReportsAMissingFolder) {
@@ -732,7 +733,7 @@ TEST_F(PutBack, KeepsFileAndTrashinfoIfTheRenameFails) {
         ASSERT_TRUE(refusal);
         EXPECT_EQ(refusal->error.code, code);
         EXPECT_EQ(contentOf(trashed("a")), "bytes");
-        EXPECT_NE(note("a"), "");
+        EXPECT_NE(trashInfo("a"), "");
         EXPECT_FALSE(std::filesystem::exists(path));
     }
 }

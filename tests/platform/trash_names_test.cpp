@@ -72,24 +72,24 @@ TEST(TrashName, IsRecognised) {
     }
 }
 
-TEST(TrashNote, PercentEncodesThePath) {
+TEST(TrashInfo, PercentEncodesThePath) {
     EXPECT_EQ(percentEncoded("/azAZ09-_.!~*'()"), "/azAZ09-_.!~*'()");
     EXPECT_EQ(percentEncoded("a b%\n\xFF\"#;[]"), "a%20b%25%0A%FF%22%23%3B%5B%5D");
     EXPECT_EQ(percentEncoded("$&+,:=?@\x7F"), "%24%26%2B%2C%3A%3D%3F%40%7F");
     EXPECT_EQ(percentEncoded("caf\u00E9"), "caf%C3%A9");
 }
 
-TEST(TrashNote, HasPathAndDate) {
-    EXPECT_EQ(trashNote("/a b", "2024-02-29T23:59:59"),
+TEST(TrashInfo, HasPathAndDate) {
+    EXPECT_EQ(trashInfoText("/a b", "2024-02-29T23:59:59"),
               "[Trash Info]\nPath=/a%20b\nDeletionDate=2024-02-29T23:59:59\n");
 }
 
-TEST(TrashNote, ReturnsItsPathIfComplete) {
-    EXPECT_EQ(notedPath(trashNote("/a b", "2024-02-29T23:59:59")), "/a%20b");
-    EXPECT_EQ(notedPath("[Trash Info]\nPath=\n"), "");
+TEST(TrashInfo, ReturnsItsPathIfComplete) {
+    EXPECT_EQ(trashInfoPath(trashInfoText("/a b", "2024-02-29T23:59:59")), "/a%20b");
+    EXPECT_EQ(trashInfoPath("[Trash Info]\nPath=\n"), "");
     for (const char* text : {"", "Path=/a\n", "[Trash Info]\n", "[Trash Info]\nPath=/a",
                              "[Trash Info]\nPath=/a\nDeletionDate=", "x[Trash Info]\nPath=/a\n"}) {
-        EXPECT_FALSE(notedPath(text)) << text;
+        EXPECT_FALSE(trashInfoPath(text)) << text;
     }
 }
 

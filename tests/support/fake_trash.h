@@ -72,13 +72,13 @@ class FakeTrash final {
             return std::vector<TrashedFile>();
         }
 
-        std::optional<TrashRefusal> mendNote(const TrashPlace& /*place*/,
-                                             const std::string& /*path*/,
-                                             Timestamp /*moved*/) override {
+        std::optional<TrashRefusal> repairTrashInfo(const TrashPlace& /*place*/,
+                                                    const std::string& /*path*/,
+                                                    Timestamp /*moved*/) override {
             return std::nullopt;
         }
 
-        std::optional<TrashRefusal> removeUnusedNotes(
+        std::optional<TrashRefusal> removeUnusedTrashInfos(
             const std::string& /*trash*/, const std::vector<std::string>& /*paths*/) override {
             return std::nullopt;
         }

@@ -34,13 +34,13 @@ class HeldTrash final : public TrashMover {
         const std::string& trash, std::span<const FileIdentity> wanted) override {
         return trash_->find(trash, wanted);
     }
-    std::optional<TrashRefusal> mendNote(const TrashPlace& place, const std::string& path,
-                                         Timestamp moved) override {
-        return trash_->mendNote(place, path, moved);
+    std::optional<TrashRefusal> repairTrashInfo(const TrashPlace& place, const std::string& path,
+                                                Timestamp moved) override {
+        return trash_->repairTrashInfo(place, path, moved);
     }
-    std::optional<TrashRefusal> removeUnusedNotes(const std::string& trash,
-                                                  const std::vector<std::string>& paths) override {
-        return trash_->removeUnusedNotes(trash, paths);
+    std::optional<TrashRefusal> removeUnusedTrashInfos(
+        const std::string& trash, const std::vector<std::string>& paths) override {
+        return trash_->removeUnusedTrashInfos(trash, paths);
     }
     [[nodiscard]] std::optional<TrashRefusal> flush() override { return trash_->flush(); }
     [[nodiscard]] std::vector<std::string> trashesFor(const std::string& path) const override {

@@ -15,7 +15,7 @@ constexpr std::size_t maxNameBytes = 255;
 constexpr int maxTries = 40;
 
 /// Bytes of a .trashinfo file: a path of 4,096 bytes, each as "%XX", and the keys.
-constexpr std::size_t maxNoteBytes = 16 * 1024;
+constexpr std::size_t maxTrashInfoBytes = 16 * 1024;
 
 /// Bytes; what `nameInTrash` requires.
 constexpr std::size_t minNameBytes = 64;
@@ -43,30 +43,30 @@ Result<TrashFolder, TrashRefusal> TrashFolder::open(const TrashRequest& request,
         return systemRefusal(failure);
     }
     bytes = bytes == 0 ? maxNameBytes : std::min(bytes, maxNameBytes);
-    if (bytes < minNameBytes + trashNoteEnding.size()) {
+    if (bytes < minNameBytes + trashInfoSuffix.size()) {
         return systemRefusal(ENAMETOOLONG);
     }
-    return TrashFolder(std::move(*parts), bytes - trashNoteEnding.size(), calls);
+    return TrashFolder(std::move(*parts), bytes - trashInfoSuffix.size(), calls);
 }
 
 Result<std::string, TrashRefusal> TrashFolder::take(const Descriptor& from, const char* name,
                                                     std::string_view original,
                                                     std::string_view date) {
-    const std::string text = trashNote(original, date);
+    const std::string text = trashInfoText(original, date);
     const std::string own = nameInTrash(name, 1, longestName_);
     std::uint64_t number = numbers_.firstFor(own);
     std::uint64_t step = 1;  // doubled, so that few tries get past many taken names
     for (int tries = 0; tries < maxTries; ++tries) {
         std::string newName = number == 1 ? own : nameInTrash(name, number, longestName_);
         // The .trashinfo file reserves the name; the rename detects a file without one.
-        int failure = writeNote(newName, text);
+        int failure = writeTrashInfo(newName, text);
         if (failure == 0) {
             failure = moveIn(from.number(), name, newName.c_str());
             if (failure == 0) {
                 numbers_.take(own, number);
                 return newName;
             }
-            removeNote(newName);
+            removeTrashInfo(newName);
         }
         if (failure != EEXIST) {
             return moveRefusal(failure, from.number(), name);
@@ -77,58 +77,58 @@ Result<std::string, TrashRefusal> TrashFolder::take(const Descriptor& from, cons
     return TrashRefusal{TrashRefusalKind::noName, {EEXIST}, "there is no free name in the Trash"};
 }
 
-std::optional<TrashRefusal> TrashFolder::mendNote(const std::string& name,
-                                                  std::string_view original,
-                                                  std::string_view date) {
+std::optional<TrashRefusal> TrashFolder::repairTrashInfo(const std::string& name,
+                                                         std::string_view original,
+                                                         std::string_view date) {
     std::string text;
-    int failure = readNote(name, text);
-    if (failure == 0 && notedPath(text)) {
+    int failure = readTrashInfo(name, text);
+    if (failure == 0 && trashInfoPath(text)) {
         return std::nullopt;
     }
     if (failure == 0) {
-        removeNote(name);
+        removeTrashInfo(name);
     }
     if (failure == 0 || failure == ENOENT) {
-        failure = writeNote(name, trashNote(original, date));
+        failure = writeTrashInfo(name, trashInfoText(original, date));
     }
     return failure == 0 ? std::nullopt : std::optional(systemRefusal(failure));
 }
 
-std::optional<TrashRefusal> TrashFolder::removeUnusedNotes(
+std::optional<TrashRefusal> TrashFolder::removeUnusedTrashInfos(
     const std::unordered_set<std::string>& originals, std::span<const std::string_view> names) {
     FileSystem& fileSystem = systemFileSystem();
     // A separate descriptor: its listing starts at the beginning.
-    const auto notes = fileSystem.openDirectoryAt(parts_.info(), ".");
-    if (!notes) {
-        return systemRefusal(notes.error().code);
+    const auto infos = fileSystem.openDirectoryAt(parts_.info(), ".");
+    if (!infos) {
+        return systemRefusal(infos.error().code);
     }
     EntryBlock block(trashListingBytes);
     Result<bool> more = false;
-    while ((more = fileSystem.listEntries(*notes, block)) && *more) {
+    while ((more = fileSystem.listEntries(*infos, block)) && *more) {
         for (const EntryBlock::Entry& entry : block.entries()) {
             std::string name(entry.name);
             TrashEntryStatus status;
-            if (!name.ends_with(trashNoteEnding)) {
+            if (!name.ends_with(trashInfoSuffix)) {
                 continue;
             }
-            name.resize(name.size() - trashNoteEnding.size());
+            name.resize(name.size() - trashInfoSuffix.size());
             std::string text;
             if (calls_.status(files().number(), name.c_str(), status) != ENOENT ||
-                readNote(name, text) != 0) {
+                readTrashInfo(name, text) != 0) {
                 continue;
             }
-            const auto original = notedPath(text);
+            const auto original = trashInfoPath(text);
             const bool isOurs =
                 original ? originals.contains(std::string(*original))
                          : text.empty() && std::any_of(names.begin(), names.end(), [&](auto own) {
                                return isNameInTrashOf(own, name, longestName_);
                            });
             if (isOurs) {
-                removeNote(name);
+                removeTrashInfo(name);
             }
             // Another program may have moved this file here since the listing.
             if (isOurs && original && calls_.status(files().number(), name.c_str(), status) == 0) {
-                static_cast<void>(writeNote(name, text));
+                static_cast<void>(writeTrashInfo(name, text));
             }
         }
     }
@@ -152,10 +152,10 @@ TrashRefusal TrashFolder::moveRefusal(int code, int folder, const char* name) co
     return refusal;
 }
 
-int TrashFolder::writeNote(const std::string& name, std::string_view text) const {
-    const std::string noteName = name + std::string(trashNoteEnding);
+int TrashFolder::writeTrashInfo(const std::string& name, std::string_view text) const {
+    const std::string infoName = name + std::string(trashInfoSuffix);
     int number = -1;
-    int failure = calls_.createFile(parts_.info().number(), noteName.c_str(), number);
+    int failure = calls_.createFile(parts_.info().number(), infoName.c_str(), number);
     if (failure != 0) {
         return failure;
     }
@@ -171,20 +171,20 @@ int TrashFolder::writeNote(const std::string& name, std::string_view text) const
     const int closing = calls_.close(number);
     failure = failure != 0 ? failure : closing;
     if (failure != 0) {
-        removeNote(name);
+        removeTrashInfo(name);
     }
     return failure;
 }
 
-/// Reads at most `maxNoteBytes`: our own files are not longer.
-int TrashFolder::readNote(const std::string& name, std::string& text) const {
-    const std::string noteName = name + std::string(trashNoteEnding);
+/// Reads at most `maxTrashInfoBytes`: our own files are not longer.
+int TrashFolder::readTrashInfo(const std::string& name, std::string& text) const {
+    const std::string infoName = name + std::string(trashInfoSuffix);
     int number = -1;
-    int failure = calls_.openFile(parts_.info().number(), noteName.c_str(), number);
+    int failure = calls_.openFile(parts_.info().number(), infoName.c_str(), number);
     if (failure != 0) {
         return failure;
     }
-    text.resize(maxNoteBytes);
+    text.resize(maxTrashInfoBytes);
     std::size_t length = 0;
     std::size_t count = 0;
     do {
@@ -196,9 +196,9 @@ int TrashFolder::readNote(const std::string& name, std::string& text) const {
     return failure;
 }
 
-void TrashFolder::removeNote(const std::string& name) const {
-    const std::string noteName = name + std::string(trashNoteEnding);
-    static_cast<void>(calls_.unlink(parts_.info().number(), noteName.c_str()));
+void TrashFolder::removeTrashInfo(const std::string& name) const {
+    const std::string infoName = name + std::string(trashInfoSuffix);
+    static_cast<void>(calls_.unlink(parts_.info().number(), infoName.c_str()));
 }
 
 int TrashFolder::moveIn(int from, const char* name, const char* newName) const {
@@ -222,7 +222,7 @@ std::optional<TrashRefusal> TrashFolder::giveBack(const std::string& name, const
     if (failure == 0) {
         TrashEntryStatus status;
         if (calls_.status(files().number(), name.c_str(), status) == ENOENT) {
-            removeNote(name);
+            removeTrashInfo(name);
         }
         return std::nullopt;
     }

@@ -38,13 +38,13 @@ class TrashFolder final {
                                            std::string_view original, std::string_view date);
 
     /// Writes the .trashinfo file of a file in this Trash, unless there is a complete one.
-    std::optional<TrashRefusal> mendNote(const std::string& name, std::string_view original,
-                                         std::string_view date);
+    std::optional<TrashRefusal> repairTrashInfo(const std::string& name, std::string_view original,
+                                                std::string_view date);
 
-    /// See `TrashMover::removeUnusedNotes`. `originals` are paths as a .trashinfo file holds them,
-    /// `names` those of the files.
-    std::optional<TrashRefusal> removeUnusedNotes(const std::unordered_set<std::string>& originals,
-                                                  std::span<const std::string_view> names);
+    /// See `TrashMover::removeUnusedTrashInfos`. `originals` are paths as a .trashinfo file holds
+    /// them, `names` those of the files.
+    std::optional<TrashRefusal> removeUnusedTrashInfos(
+        const std::unordered_set<std::string>& originals, std::span<const std::string_view> names);
 
     /// Flushes the moves and the .trashinfo files to disk.
     [[nodiscard]] std::optional<TrashRefusal> flush() const;
@@ -58,9 +58,9 @@ class TrashFolder final {
         : parts_(std::move(parts)), calls_(calls), longestName_(longestName) {}
 
     [[nodiscard]] TrashRefusal moveRefusal(int code, int folder, const char* name) const;
-    [[nodiscard]] int writeNote(const std::string& name, std::string_view text) const;
-    [[nodiscard]] int readNote(const std::string& name, std::string& text) const;
-    void removeNote(const std::string& name) const;
+    [[nodiscard]] int writeTrashInfo(const std::string& name, std::string_view text) const;
+    [[nodiscard]] int readTrashInfo(const std::string& name, std::string& text) const;
+    void removeTrashInfo(const std::string& name) const;
     [[nodiscard]] int moveIn(int from, const char* name, const char* newName) const;
     [[nodiscard]] int moveOut(const char* name, int to, const char* newName) const;
     [[nodiscard]] int moveOverPlaceholder(const char* name, int to, const char* newName) const;

@@ -55,18 +55,18 @@ class LinuxTrashMover final : public TrashMover {
                                         const char* name) override;
     Result<std::vector<TrashedFile>, TrashRefusal> find(
         const std::string& trash, std::span<const FileIdentity> wanted) override;
-    std::optional<TrashRefusal> mendNote(const TrashPlace& place, const std::string& path,
-                                         Timestamp moved) override;
-    std::optional<TrashRefusal> removeUnusedNotes(const std::string& trash,
-                                                  const std::vector<std::string>& paths) override;
+    std::optional<TrashRefusal> repairTrashInfo(const TrashPlace& place, const std::string& path,
+                                                Timestamp moved) override;
+    std::optional<TrashRefusal> removeUnusedTrashInfos(
+        const std::string& trash, const std::vector<std::string>& paths) override;
     [[nodiscard]] std::optional<TrashRefusal> flush() override { return trashes_.flush(); }
     [[nodiscard]] std::vector<std::string> trashesFor(const std::string& path) const override;
 
  private:
-    static Result<std::string, TrashRefusal> pathForNote(const OpenTrash& trash,
-                                                         const OpenFolder& folder,
-                                                         const char* name);
-    static std::string noted(const OpenTrash& trash, std::string path);
+    static Result<std::string, TrashRefusal> pathForTrashInfo(const OpenTrash& trash,
+                                                              const OpenFolder& folder,
+                                                              const char* name);
+    static std::string relativeToTop(const OpenTrash& trash, std::string path);
     const std::string& date();
 
     const TrashUser user_;
@@ -82,7 +82,7 @@ Result<TrashPlace, TrashRefusal> LinuxTrashMover::move(const OpenFolder& folder,
         if (!trash) {
             return trash.error();
         }
-        const auto original = pathForNote(**trash, folder, name);
+        const auto original = pathForTrashInfo(**trash, folder, name);
         if (!original) {
             return original.error();
         }
@@ -104,9 +104,9 @@ Result<TrashPlace, TrashRefusal> LinuxTrashMover::move(const OpenFolder& folder,
 
 /// The path for the .trashinfo file: absolute in the home Trash, else relative to the top directory
 /// of the volume.
-Result<std::string, TrashRefusal> LinuxTrashMover::pathForNote(const OpenTrash& trash,
-                                                               const OpenFolder& folder,
-                                                               const char* name) {
+Result<std::string, TrashRefusal> LinuxTrashMover::pathForTrashInfo(const OpenTrash& trash,
+                                                                    const OpenFolder& folder,
+                                                                    const char* name) {
     std::optional<std::string> path = folder.path;
     while (path->size() > 1 && path->ends_with('/')) {
         path->pop_back();
@@ -118,11 +118,11 @@ Result<std::string, TrashRefusal> LinuxTrashMover::pathForNote(const OpenTrash& 
     if (!path || !isWithin(*path, trash.top)) {
         return systemRefusal(ENOENT);
     }
-    return noted(trash, pathIn(*path, name));
+    return relativeToTop(trash, pathIn(*path, name));
 }
 
 /// Makes a path relative to the top directory of the volume.
-std::string LinuxTrashMover::noted(const OpenTrash& trash, std::string path) {
+std::string LinuxTrashMover::relativeToTop(const OpenTrash& trash, std::string path) {
     if (!trash.top.empty() && isWithin(path, trash.top)) {
         path.erase(0, trash.top == "/" ? 1 : trash.top.size() + 1);
     }
@@ -196,21 +196,22 @@ Result<std::vector<TrashedFile>, TrashRefusal> LinuxTrashMover::find(
     return found;
 }
 
-std::optional<TrashRefusal> LinuxTrashMover::mendNote(const TrashPlace& place,
-                                                      const std::string& path, Timestamp moved) {
+std::optional<TrashRefusal> LinuxTrashMover::repairTrashInfo(const TrashPlace& place,
+                                                             const std::string& path,
+                                                             Timestamp moved) {
     const auto trash = trashes_.at(place.trash);
     if (!trash) {
         return trash.error();
     }
     const auto second = std::chrono::floor<std::chrono::seconds>(moved);
-    const auto failure = (*trash)->folder.mendNote(
-        place.name, noted(**trash, path),
+    const auto failure = (*trash)->folder.repairTrashInfo(
+        place.name, relativeToTop(**trash, path),
         dateText(static_cast<std::time_t>(second.time_since_epoch().count())));
     (*trash)->isFlushed = false;
     return failure;
 }
 
-std::optional<TrashRefusal> LinuxTrashMover::removeUnusedNotes(
+std::optional<TrashRefusal> LinuxTrashMover::removeUnusedTrashInfos(
     const std::string& trash, const std::vector<std::string>& paths) {
     const auto known = trashes_.at(trash);
     if (!known) {
@@ -219,10 +220,10 @@ std::optional<TrashRefusal> LinuxTrashMover::removeUnusedNotes(
     std::unordered_set<std::string> originals;
     std::vector<std::string_view> names;
     for (const std::string& path : paths) {
-        originals.insert(percentEncoded(noted(**known, path)));
+        originals.insert(percentEncoded(relativeToTop(**known, path)));
         names.push_back(std::string_view(path).substr(path.rfind('/') + 1));
     }
-    return (*known)->folder.removeUnusedNotes(originals, names);
+    return (*known)->folder.removeUnusedTrashInfos(originals, names);
 }
 
 std::vector<std::string> LinuxTrashMover::trashesFor(const std::string& path) const {

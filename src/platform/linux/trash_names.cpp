@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t maxNumbers = 10'000;
 
 /// The beginning of each of our .trashinfo files.
-constexpr std::string_view noteBeginning = "[Trash Info]\nPath=";
+constexpr std::string_view trashInfoPrefix = "[Trash Info]\nPath=";
 
 }  // namespace
 
@@ -48,8 +48,8 @@ std::string percentEncoded(std::string_view path) {
     return text.get();
 }
 
-std::string trashNote(std::string_view path, std::string_view date) {
-    std::string text(noteBeginning);
+std::string trashInfoText(std::string_view path, std::string_view date) {
+    std::string text(trashInfoPrefix);
     text += percentEncoded(path);
     text += "\nDeletionDate=";
     text += date;
@@ -57,13 +57,13 @@ std::string trashNote(std::string_view path, std::string_view date) {
     return text;
 }
 
-std::optional<std::string_view> notedPath(std::string_view note) {
-    const std::size_t end = note.find('\n', noteBeginning.size());
-    if (!note.starts_with(noteBeginning) || end == std::string_view::npos ||
-        !note.ends_with('\n')) {
+std::optional<std::string_view> trashInfoPath(std::string_view text) {
+    const std::size_t end = text.find('\n', trashInfoPrefix.size());
+    if (!text.starts_with(trashInfoPrefix) || end == std::string_view::npos ||
+        !text.ends_with('\n')) {
         return std::nullopt;
     }
-    return note.substr(noteBeginning.size(), end - noteBeginning.size());
+    return text.substr(trashInfoPrefix.size(), end - trashInfoPrefix.size());
 }
 
 std::uint64_t TrashNumbers::firstFor(const std::string& name) const {

@@ -10,7 +10,7 @@
 namespace tarvin {
 
 /// The suffix of a .trashinfo file's name.
-inline constexpr std::string_view trashNoteEnding = ".trashinfo";
+inline constexpr std::string_view trashInfoSuffix = ".trashinfo";
 
 /// The name of a file in the Trash at the `number`th try: its own at the first, then with the
 /// number before the extension. Shortened to `maxBytes` like variedName(); `maxBytes` must be at
@@ -27,11 +27,11 @@ inline constexpr std::string_view trashNoteEnding = ".trashinfo";
 [[nodiscard]] std::string percentEncoded(std::string_view path);
 
 /// The text of a .trashinfo file. `path` in native bytes, `date` as in "2024-02-29T23:59:59".
-[[nodiscard]] std::string trashNote(std::string_view path, std::string_view date);
+[[nodiscard]] std::string trashInfoText(std::string_view path, std::string_view date);
 
 /// The encoded path in a .trashinfo file; nullopt if the text is incomplete, as after a power
-/// failure. A view into `note`.
-[[nodiscard]] std::optional<std::string_view> notedPath(std::string_view note);
+/// failure. A view into `text`.
+[[nodiscard]] std::optional<std::string_view> trashInfoPath(std::string_view text);
 
 /// The next number to try for each name in one Trash, so that many files with one name cost one try
 /// each. One thread at a time.

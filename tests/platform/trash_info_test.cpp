@@ -17,18 +17,18 @@ constexpr Timestamp leapDay{std::chrono::sys_days{std::chrono::year{2024} / 2 / 
                             std::chrono::hours(23)};
 
 /// .trashinfo files of files in a Trash.
-class StoredNote : public TrashFixture {
+class StoredTrashInfo : public TrashFixture {
  protected:
-    StoredNote() { place_ = *move(folder_.writeFile("a b", "bytes")); }
+    StoredTrashInfo() { place_ = *move(folder_.writeFile("a b", "bytes")); }
 
-    [[nodiscard]] std::string notePath(const std::string& name) const {
+    [[nodiscard]] std::string infoFile(const std::string& name) const {
         return trash() + "/info/" + name + ".trashinfo";
     }
-    void writeNote(const std::string& name, const std::string& text) const {
-        std::ofstream(notePath(name), std::ios::trunc) << text;
+    void writeTrashInfo(const std::string& name, const std::string& text) const {
+        std::ofstream(infoFile(name), std::ios::trunc) << text;
     }
-    auto mend() { return mover_->mendNote(place_, folder_.pathOf("a b"), leapDay); }
-    [[nodiscard]] std::string mended() const {
+    auto repair() { return mover_->repairTrashInfo(place_, folder_.pathOf("a b"), leapDay); }
+    [[nodiscard]] std::string repaired() const {
         return "[Trash Info]\nPath=" + folder_.pathOf("a%20b") +
                "\nDeletionDate=2024-02-29T23:00:00\n";
     }
@@ -37,88 +37,88 @@ class StoredNote : public TrashFixture {
     TrashPlace place_;
 };
 
-TEST_F(StoredNote, IsWrittenIfMissing) {
-    fs::remove(notePath("a b"));
-    EXPECT_FALSE(mend());
-    EXPECT_EQ(note("a b"), mended());
+TEST_F(StoredTrashInfo, IsWrittenIfMissing) {
+    fs::remove(infoFile("a b"));
+    EXPECT_FALSE(repair());
+    EXPECT_EQ(trashInfo("a b"), repaired());
     struct stat status{};
-    ASSERT_EQ(::stat(notePath("a b").c_str(), &status), 0);
+    ASSERT_EQ(::stat(infoFile("a b").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0600U);
 }
 
-TEST_F(StoredNote, IsRewrittenIfIncomplete) {
+TEST_F(StoredTrashInfo, IsRewrittenIfIncomplete) {
     for (const char* text : {"", "[Trash Info]\n", "[Trash Info]\nPath=/a", "\0\0\0\0",
                              "[Trash Info]\nPath=/a\nDeletionDate=2026"}) {
-        writeNote("a b", text);
-        EXPECT_FALSE(mend()) << text;
-        EXPECT_EQ(note("a b"), mended()) << text;
+        writeTrashInfo("a b", text);
+        EXPECT_FALSE(repair()) << text;
+        EXPECT_EQ(trashInfo("a b"), repaired()) << text;
     }
 }
 
-TEST_F(StoredNote, IsKeptIfComplete) {
+TEST_F(StoredTrashInfo, IsKeptIfComplete) {
     const std::string whole = "[Trash Info]\nPath=/elsewhere\nDeletionDate=2020-01-01T00:00:00\n";
-    writeNote("a b", whole);
-    EXPECT_FALSE(mend());
-    EXPECT_EQ(note("a b"), whole);
+    writeTrashInfo("a b", whole);
+    EXPECT_FALSE(repair());
+    EXPECT_EQ(trashInfo("a b"), whole);
 }
 
-TEST_F(StoredNote, LinkIsNotFollowed) {
+TEST_F(StoredTrashInfo, LinkIsNotFollowed) {
     const std::string other = folder_.writeFile("other", "bytes");
-    fs::remove(notePath("a b"));
-    fs::create_symlink(other, notePath("a b"));
-    const auto refusal = mend();
+    fs::remove(infoFile("a b"));
+    fs::create_symlink(other, infoFile("a b"));
+    const auto refusal = repair();
     ASSERT_TRUE(refusal);
     EXPECT_EQ(refusal->error.code, ELOOP);
     EXPECT_EQ(contentOf(other), "bytes");
 }
 
-TEST_F(StoredNote, UnreadableOneIsReportedAndKept) {
+TEST_F(StoredTrashInfo, UnreadableOneIsReportedAndKept) {
     for (const TrashCall call : {TrashCall::openFile, TrashCall::read}) {
-        writeNote("a b", "");
+        writeTrashInfo("a b", "");
         calls_.failNext(call, EIO);
-        const auto refusal = mend();
+        const auto refusal = repair();
         ASSERT_TRUE(refusal);
         EXPECT_EQ(refusal->error.code, EIO);
-        EXPECT_TRUE(fs::exists(notePath("a b")));
+        EXPECT_TRUE(fs::exists(infoFile("a b")));
     }
 }
 
-TEST_F(StoredNote, UnusedOneOfAPathIsRemoved) {
+TEST_F(StoredTrashInfo, UnusedOneOfAPathIsRemoved) {
     const auto text = [](const std::string& path) {
         return "[Trash Info]\nPath=" + path + "\nDeletionDate=2020-01-01T00:00:00\n";
     };
-    writeNote("sought", text("/x/sought%20one"));
-    writeNote("sought.2", text("/x/sought%20one"));
-    writeNote("other", text("/x/other"));
-    writeNote("sought one.3", "[Trash Info]\nPath=/x/sought%20one");
+    writeTrashInfo("sought", text("/x/sought%20one"));
+    writeTrashInfo("sought.2", text("/x/sought%20one"));
+    writeTrashInfo("other", text("/x/other"));
+    writeTrashInfo("sought one.3", "[Trash Info]\nPath=/x/sought%20one");
     std::ofstream(trash() + "/info/sought.txt") << text("/x/sought%20one");
     for (const char* name : {"sought one", "sought one.12", "sought one.x", "empty"}) {
-        writeNote(name, "");
+        writeTrashInfo(name, "");
     }
-    EXPECT_FALSE(mover_->removeUnusedNotes(trash(), {"/y", "/x/sought one"}));
-    EXPECT_FALSE(fs::exists(notePath("sought one")));
-    EXPECT_FALSE(fs::exists(notePath("sought one.12")));
-    EXPECT_TRUE(fs::exists(notePath("sought one.x")));
-    EXPECT_TRUE(fs::exists(notePath("empty")));
-    EXPECT_FALSE(fs::exists(notePath("sought")));
-    EXPECT_FALSE(fs::exists(notePath("sought.2")));
-    EXPECT_TRUE(fs::exists(notePath("other")));
-    EXPECT_TRUE(fs::exists(notePath("sought one.3")));
+    EXPECT_FALSE(mover_->removeUnusedTrashInfos(trash(), {"/y", "/x/sought one"}));
+    EXPECT_FALSE(fs::exists(infoFile("sought one")));
+    EXPECT_FALSE(fs::exists(infoFile("sought one.12")));
+    EXPECT_TRUE(fs::exists(infoFile("sought one.x")));
+    EXPECT_TRUE(fs::exists(infoFile("empty")));
+    EXPECT_FALSE(fs::exists(infoFile("sought")));
+    EXPECT_FALSE(fs::exists(infoFile("sought.2")));
+    EXPECT_TRUE(fs::exists(infoFile("other")));
+    EXPECT_TRUE(fs::exists(infoFile("sought one.3")));
     EXPECT_TRUE(fs::exists(trash() + "/info/sought.txt"));
 }
 
-TEST_F(StoredNote, UsedOneOfAPathIsKept) {
-    EXPECT_FALSE(mover_->removeUnusedNotes(trash(), {folder_.pathOf("a b")}));
-    EXPECT_NE(note("a b"), "");
+TEST_F(StoredTrashInfo, UsedOneOfAPathIsKept) {
+    EXPECT_FALSE(mover_->removeUnusedTrashInfos(trash(), {folder_.pathOf("a b")}));
+    EXPECT_NE(trashInfo("a b"), "");
 }
 
-TEST_F(StoredNote, MissingTrashIsRefused) {
-    const auto refusal = mover_->removeUnusedNotes(folder_.pathOf("no/Trash"), {"/a"});
+TEST_F(StoredTrashInfo, MissingTrashIsRefused) {
+    const auto refusal = mover_->removeUnusedTrashInfos(folder_.pathOf("no/Trash"), {"/a"});
     ASSERT_TRUE(refusal);
     EXPECT_EQ(refusal->kind, TrashRefusalKind::gone);
 }
 
-TEST_F(StoredNote, IsFlushedOnceWithItsFile) {
+TEST_F(StoredTrashInfo, IsFlushedOnceWithItsFile) {
     EXPECT_FALSE(mover_->flush());
     EXPECT_EQ(calls_.made(TrashCall::flush), 1U);
     EXPECT_FALSE(mover_->flush());
@@ -130,19 +130,19 @@ TEST_F(StoredNote, IsFlushedOnceWithItsFile) {
     EXPECT_EQ(refusal->error.code, EIO);
     EXPECT_FALSE(mover_->flush());
     EXPECT_EQ(calls_.made(TrashCall::flush), 3U);
-    EXPECT_FALSE(mend());
+    EXPECT_FALSE(repair());
     EXPECT_FALSE(mover_->flush());
     EXPECT_EQ(calls_.made(TrashCall::flush), 4U);
 }
 
-TEST_F(StoredNote, IsFlushedAfterARestore) {
+TEST_F(StoredTrashInfo, IsFlushedAfterARestore) {
     EXPECT_FALSE(mover_->flush());
     EXPECT_FALSE(putBack(place_, folder_.pathOf("a b")));
     EXPECT_FALSE(mover_->flush());
     EXPECT_EQ(calls_.made(TrashCall::flush), 2U);
 }
 
-TEST_F(StoredNote, IsFlushedBeforeItsTrashIsClosed) {
+TEST_F(StoredTrashInfo, IsFlushedBeforeItsTrashIsClosed) {
     letASecondPass();
     fs::rename(trash(), trash() + ".away");
     calls_.failNext(TrashCall::flush, EIO);
@@ -154,15 +154,15 @@ TEST_F(StoredNote, IsFlushedBeforeItsTrashIsClosed) {
     EXPECT_FALSE(mover_->flush());
 }
 
-TEST_F(StoredNote, IsWrittenAgainIfItsFileArrivesMeanwhile) {
-    const std::string text = note("a b");
+TEST_F(StoredTrashInfo, IsWrittenAgainIfItsFileArrivesMeanwhile) {
+    const std::string text = trashInfo("a b");
     fs::rename(trashed("a b"), folder_.pathOf("a b"));
     calls_.before(TrashCall::unlink, [this] { fs::rename(folder_.pathOf("a b"), trashed("a b")); });
-    EXPECT_FALSE(mover_->removeUnusedNotes(trash(), {folder_.pathOf("a b")}));
-    EXPECT_EQ(note("a b"), text);
+    EXPECT_FALSE(mover_->removeUnusedTrashInfos(trash(), {folder_.pathOf("a b")}));
+    EXPECT_EQ(trashInfo("a b"), text);
 }
 
-TEST_F(StoredNote, OnAVolumeHasARelativePath) {
+TEST_F(StoredTrashInfo, OnAVolumeHasARelativePath) {
     if (hasVolume()) {
         const std::string top = fs::path(volume_->pathOf("x")).parent_path();
         fs::create_directory(volume_->pathOf("sub"));
@@ -174,16 +174,16 @@ TEST_F(StoredNote, OnAVolumeHasARelativePath) {
         fs::remove(path);
         // As after a restart: the Trash is opened by its path.
         const auto later = newMover();
-        EXPECT_FALSE(later->mendNote(*moved, volume_->pathOf("sub/a"), leapDay));
+        EXPECT_FALSE(later->repairTrashInfo(*moved, volume_->pathOf("sub/a"), leapDay));
         EXPECT_EQ(contentOf(path), expected);
         fs::remove(moved->trash + "/files/a");
-        EXPECT_FALSE(later->removeUnusedNotes(moved->trash, {volume_->pathOf("sub/a")}));
+        EXPECT_FALSE(later->removeUnusedTrashInfos(moved->trash, {volume_->pathOf("sub/a")}));
         EXPECT_FALSE(fs::exists(path));
         EXPECT_EQ(fs::path(moved->trash).parent_path(), top);
     }
 }
 
-TEST_F(StoredNote, InASharedTrashHasARelativePath) {
+TEST_F(StoredTrashInfo, InASharedTrashHasARelativePath) {
     if (hasVolume()) {
         fs::create_directory(volume_->pathOf(".Trash"));
         fs::permissions(volume_->pathOf(".Trash"), fs::perms(01777));
@@ -192,7 +192,7 @@ TEST_F(StoredNote, InASharedTrashHasARelativePath) {
         ASSERT_TRUE(moved.ok()) << moved.error().text;
         ASSERT_EQ(moved->trash, volume_->pathOf(".Trash/" + user()));
         fs::remove(moved->trash + "/info/a.trashinfo");
-        EXPECT_FALSE(newMover()->mendNote(*moved, volume_->pathOf("a"), leapDay));
+        EXPECT_FALSE(newMover()->repairTrashInfo(*moved, volume_->pathOf("a"), leapDay));
         EXPECT_EQ(contentOf(moved->trash + "/info/a.trashinfo"),
                   "[Trash Info]\nPath=a\nDeletionDate=2024-02-29T23:00:00\n");
     }
