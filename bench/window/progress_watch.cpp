@@ -20,7 +20,7 @@ void ProgressWatch::begin() {
     collecting_.from = SteadyClock::now();
 }
 
-void ProgressWatch::look() {
+void ProgressWatch::poll() {
     if (now_ == &collecting_ && screen_.similarIndicator->total() > 0 &&
         !screen_.similarIndicator->isIndeterminate()) {
         collecting_.to = comparing_.from = SteadyClock::now();

@@ -30,7 +30,7 @@ class ProgressWatch final : public QObject {
     /// Call when a scan, and so its collection, begins.
     void begin();
     /// Detects the begin of the comparison. Call often.
-    void look();
+    void poll();
     /// Call when the result is available.
     void end();
 

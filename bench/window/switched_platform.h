@@ -26,9 +26,9 @@ class SwitchedTrash final : public TrashMover {
         }
         return real_->move(folder, name);
     }
-    Result<FileAttributes, TrashRefusal> look(const TrashPlace& place) override {
+    Result<FileAttributes, TrashRefusal> attributes(const TrashPlace& place) override {
         if (!isFree_) {
-            return real_->look(place);
+            return real_->attributes(place);
         }
         auto attributes = systemFileSystem().attributesAtPath(place.trash + '/' + place.name);
         if (!attributes) {

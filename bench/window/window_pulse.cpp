@@ -35,9 +35,9 @@ using namespace tarvin::bench;
 constexpr double longestStretchGoal = 50;  // milliseconds
 constexpr double changesGoal = 10;         // a second
 constexpr std::chrono::milliseconds aMoment{100};
-constexpr std::chrono::milliseconds aLook{400};
+constexpr std::chrono::milliseconds shortPause{400};
 // Long enough for a result to be freed.
-constexpr std::chrono::milliseconds aLongLook{2000};
+constexpr std::chrono::milliseconds longPause{2000};
 
 struct PulseOptions {
     std::string work = "/var/tmp";
@@ -87,10 +87,10 @@ class ScanScenario final {
         if (!product_.comes()) {
             return false;
         }
-        Product::rest(aLook);
+        Product::rest(shortPause);
         note();
         for (int round = 0; round < rounds; ++round) {
-            if (!lookAtLocations() || !scan() || !stopScan()) {
+            if (!openLocations() || !scan() || !stopScan()) {
                 return false;
             }
             note();
@@ -128,11 +128,11 @@ class ScanScenario final {
         heartbeat_.enter(step);
         product_.click(button);
         const bool came = Product::until([&] { return product_.isOn(screen); });
-        Product::rest(aLook);
+        Product::rest(shortPause);
         return came;
     }
 
-    bool lookAtLocations() {
+    bool openLocations() {
         tarvin::MainWindow& shown = window();
         const QString home = shown.home->identifier();
         const QString locations = shown.locations->identifier();
@@ -145,7 +145,7 @@ class ScanScenario final {
     void giveFolder() {
         heartbeat_.enter("a folder is given");
         product_.act([this] { product_.delegate().locations().openWith({tree_}); });
-        Product::rest(aLook);
+        Product::rest(shortPause);
     }
 
     void beginScan(const char* step) {
@@ -166,7 +166,7 @@ class ScanScenario final {
         product_.click(window().results->buttonHomePage);
         const bool came =
             Product::until([this] { return product_.isOn(window().home->identifier()); });
-        Product::rest(aLongLook);
+        Product::rest(longPause);
         return came;
     }
 
@@ -175,7 +175,7 @@ class ScanScenario final {
         beginScan("the scan");
         const QString results = window().results->identifier();
         const bool came = Product::until([&] {
-            watch_.look();
+            watch_.poll();
             return product_.isOn(results);
         });
         watch_.end();
@@ -183,7 +183,7 @@ class ScanScenario final {
             return false;
         }
         heartbeat_.enter("the result is shown");
-        Product::rest(aLook);
+        Product::rest(shortPause);
         countResult();
         return goHome("home from the result");
     }

@@ -119,7 +119,7 @@ PutBackFile FileReturn::fileOf(const JournalMove& move) {
 /// Checks that the moved file is in the Trash. The outcome is `toItsPlace` if it is.
 PutBackFile FileReturn::checkInTrash(const JournalMove& move) {
     PutBackFile file = fileOf(move);
-    const auto there = trash_.look({move.trashFolder, move.trashName});
+    const auto there = trash_.attributes({move.trashFolder, move.trashName});
     if (there) {
         if (!isSameFile(move, *there)) {
             file.outcome = PutBackOutcome::changed;

@@ -84,14 +84,14 @@ class Recovery final {
         std::vector<MoveRow> notMoved;
         for (const JournalMove& move : moves) {
             const TrashPlace place{move.trashFolder, move.trashName};
-            const auto there = trash_.look(place);
+            const auto there = trash_.attributes(place);
             if (there && isFileOf(move, *there)) {
                 isComplete_ = !trash_.repairTrashInfo(place, move.path, begun) && isComplete_;
             } else if (!there && files_.isBackAlready(move)) {
                 notMoved.push_back(move.row);
             } else if (!there) {
-                const PutBackOutcome outlook = files_.check(move).outcome;
-                isComplete_ = isComplete_ && outlook == PutBackOutcome::lost;
+                const PutBackOutcome expected = files_.check(move).outcome;
+                isComplete_ = isComplete_ && expected == PutBackOutcome::lost;
             }
         }
         return notMoved.empty() ? std::nullopt : journal_.markPutBack(notMoved);

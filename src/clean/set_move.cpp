@@ -205,7 +205,7 @@ MoveResult SetMove::moveSeen(const File& file, const Seen& seen, TrashPlace& pla
 /// Returns nullopt if the file that arrived is the one checked and the survivor is still there.
 std::optional<MoveOutcome> SetMove::recheck(const File& file, const Seen& seen,
                                             const TrashPlace& place) {
-    const Result<FileAttributes, TrashRefusal> arrived = tools_.trash.look(place);
+    const Result<FileAttributes, TrashRefusal> arrived = tools_.trash.attributes(place);
     if (!arrived || !isSameFile(seen.attributes, *arrived)) {
         return MoveOutcome::changed;
     }

@@ -22,7 +22,7 @@ void keep(std::vector<PutBackFile>& group, const PutBackFile& file) {
 
 }  // namespace
 
-void PutBackOutlook::add(const PutBackFile& file) {
+void PutBackForecast::add(const PutBackFile& file) {
     ++all_;
     bytes_ += file.size;
     if (!isBack(file.outcome)) {
@@ -33,7 +33,7 @@ void PutBackOutlook::add(const PutBackFile& file) {
     keep(file.outcome == PutBackOutcome::toItsPlace ? ready_ : changed_, file);
 }
 
-std::vector<PutBackFile> PutBackOutlook::files() const {
+std::vector<PutBackFile> PutBackForecast::files() const {
     std::vector<PutBackFile> files;
     for (const std::vector<PutBackFile>* group : {&staying_, &changed_, &ready_}) {
         for (const PutBackFile& file : *group) {
@@ -43,10 +43,10 @@ std::vector<PutBackFile> PutBackOutlook::files() const {
     return files;
 }
 
-void PutBackList::setFiles(const PutBackOutlook& outlook) {
+void PutBackList::setFiles(const PutBackForecast& forecast) {
     beginResetModel();
-    files_ = outlook.files();
-    more_ = outlook.all() - files_.size();
+    files_ = forecast.files();
+    more_ = forecast.all() - files_.size();
     isChecked_ = true;
     endResetModel();
 }

@@ -12,7 +12,7 @@ namespace tarvin {
 
 /// The expected outcome of putting a clean-up back. All files are counted; of each group
 /// FileReasons::maxListed are kept. One thread at a time.
-class PutBackOutlook final {
+class PutBackForecast final {
  public:
     /// Call in the order of the clean-up.
     void add(const PutBackFile& file);
@@ -48,7 +48,7 @@ class PutBackList final : public QAbstractTableModel {
 
     using QAbstractTableModel::QAbstractTableModel;
 
-    void setFiles(const PutBackOutlook& outlook);
+    void setFiles(const PutBackForecast& forecast);
     /// The same while the outcomes are unknown.
     void setUnchecked(const UncheckedCleanUp& cleanUp);
 

@@ -55,7 +55,7 @@ void PutBackRun::findCleanUp(const std::function<void()>& listed) {
         list(engine_->journal(), cleanUp_->id);
     }
     failure_ = engine_->examine(cleanUp_->id, [this](const PutBackFile& file) {
-        outlook_.add(file);
+        forecast_.add(file);
         return !stopped_;
     });
 }

@@ -52,7 +52,7 @@ class PutBackRun final {
     /// The clean-up to put back; nullopt if there is none or after a failure.
     [[nodiscard]] const std::optional<CleanUpSummary>& cleanUp() const { return cleanUp_; }
     [[nodiscard]] NothingToPutBack nothing() const { return nothing_; }
-    [[nodiscard]] const PutBackOutlook& outlook() const { return outlook_; }
+    [[nodiscard]] const PutBackForecast& forecast() const { return forecast_; }
 
     // After putBack().
 
@@ -83,7 +83,7 @@ class PutBackRun final {
     std::unique_ptr<PutBack> engine_;
     std::optional<CleanUpSummary> cleanUp_;
     NothingToPutBack nothing_ = NothingToPutBack::neverCleaned;
-    PutBackOutlook outlook_;
+    PutBackForecast forecast_;
     std::uint64_t bytesDone_ = 0;
     std::uint64_t failed_ = 0;
     std::vector<PutBackFile> failures_;

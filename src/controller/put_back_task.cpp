@@ -120,14 +120,14 @@ void PutBackTask::showExamined() {
 void PutBackTask::showQuestion(const CleanUpSummary& cleanUp) {
     state_ = State::asking;
     PutBackPanel& panel = *window_.putBackWindow;
-    const PutBackOutlook& outlook = run_->outlook();
-    files_.setFiles(outlook);
+    const PutBackForecast& forecast = run_->forecast();
+    files_.setFiles(forecast);
     panel.putBackTable->scrollToTop();
     panel.putBackDate->setText(ShownNumbers::dateAndTime(cleanUp.begun));
-    panel.putBackTotal->setText(PutBackTexts::total(outlook.all(), outlook.bytes()));
-    panel.putBackOutcome->setText(PutBackTexts::coming(outlook.coming()));
-    panel.putBackCannot->setText(PutBackTexts::staying(outlook.staying()));
-    panel.setPossible(outlook.coming() > 0);
+    panel.putBackTotal->setText(PutBackTexts::total(forecast.all(), forecast.bytes()));
+    panel.putBackOutcome->setText(PutBackTexts::coming(forecast.coming()));
+    panel.putBackCannot->setText(PutBackTexts::staying(forecast.staying()));
+    panel.setPossible(forecast.coming() > 0);
     if (panel.isVisible()) {
         panel.keyboard().begin();
     } else {
@@ -176,7 +176,7 @@ void PutBackTask::putBack() {
 }
 
 void PutBackTask::showProgress() {
-    window_.putBackProgress->putBackIndicator->setTotal(run_->outlook().coming());
+    window_.putBackProgress->putBackIndicator->setTotal(run_->forecast().coming());
     drawProgress();
     redraw_.start();
     window_.showInPlaceOf(window_.putBackWindow, window_.putBackProgress,
@@ -187,7 +187,7 @@ void PutBackTask::drawProgress() {
     const PutBackProgress& panel = *window_.putBackProgress;
     panel.putBackIndicator->setDone(run_->done());
     panel.putBackProcessing->setText(
-        PutBackTexts::progress(run_->done(), run_->outlook().coming()));
+        PutBackTexts::progress(run_->done(), run_->forecast().coming()));
 }
 
 void PutBackTask::stop() {

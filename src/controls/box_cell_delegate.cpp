@@ -10,7 +10,7 @@ BoxCellDelegate::BoxCellDelegate(int boxColumn, int boxSide, QObject* parent)
 void BoxCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                             const QModelIndex& index) const {
     painter->save();
-    paintRow(*painter, option, index, rowLook(index));
+    paintRow(*painter, option, index, rowStyle(index));
     if (index.column() == boxColumn_) {
         CheckBoxCell(index).paint(*painter, option.rect, boxSide_);
     } else {
@@ -24,7 +24,7 @@ bool BoxCellDelegate::editorEvent(QEvent*, QAbstractItemModel*, const QStyleOpti
     return false;
 }
 
-RowLook BoxCellDelegate::rowLook(const QModelIndex&) const {
+RowStyle BoxCellDelegate::rowStyle(const QModelIndex&) const {
     return {};
 }
 

@@ -24,7 +24,7 @@ class BoxCellDelegate : public QStyledItemDelegate {
     /// Paints a cell of another column over the background.
     virtual void paintContent(QPainter& painter, const QRect& cell,
                               const QModelIndex& index) const = 0;
-    [[nodiscard]] virtual RowLook rowLook(const QModelIndex& index) const;
+    [[nodiscard]] virtual RowStyle rowStyle(const QModelIndex& index) const;
 
  private:
     const int boxColumn_;

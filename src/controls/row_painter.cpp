@@ -13,15 +13,15 @@ QAbstractItemView* viewOf(const QStyleOptionViewItem& option) {
 }
 
 QColor backgroundOf(const QStyleOptionViewItem& option, const QModelIndex& index,
-                    const RowLook& rowLook) {
+                    const RowStyle& rowStyle) {
     if (option.state.testFlag(QStyle::State_Selected)) {
-        return rowLook.selected;
+        return rowStyle.selected;
     }
     QAbstractItemView* view = viewOf(option);
     if (view != nullptr && RowHover::of(*view).isOver(index)) {
         return look::rowHover;
     }
-    return rowLook.background;
+    return rowStyle.background;
 }
 
 bool hasShownFocus(const QAbstractItemView& view, const QModelIndex& index) {
@@ -85,11 +85,11 @@ void updateRow(const QAbstractItemView& view, const QModelIndex& index) {
 }
 
 void paintRow(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
-              const RowLook& rowLook) {
+              const RowStyle& rowStyle) {
     const QRect& cell = option.rect;
-    painter.fillRect(cell, backgroundOf(option, index, rowLook));
-    if (rowLook.line.isValid()) {
-        painter.fillRect(cell.left(), cell.bottom(), cell.width(), 1, rowLook.line);
+    painter.fillRect(cell, backgroundOf(option, index, rowStyle));
+    if (rowStyle.line.isValid()) {
+        painter.fillRect(cell.left(), cell.bottom(), cell.width(), 1, rowStyle.line);
     }
     const QAbstractItemView* view = viewOf(option);
     if (view == nullptr || !hasShownFocus(*view, index)) {

@@ -37,7 +37,7 @@ class RowHover final : public QObject {
 void updateRow(const QAbstractItemView& view, const QModelIndex& index);
 
 /// The colours of a row.
-struct RowLook {
+struct RowStyle {
     QColor background = look::surface;
     QColor selected = look::rowSelected;
     QColor line = look::rowLine;  ///< below the row; invalid: none
@@ -46,6 +46,6 @@ struct RowLook {
 /// Paints one cell's part of a row: its background (its own, selected or hovered), the line below
 /// it and, if the focus is shown, the focus ring around the whole row.
 void paintRow(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
-              const RowLook& rowLook = {});
+              const RowStyle& rowStyle = {});
 
 }  // namespace tarvin

@@ -45,7 +45,7 @@ void ResultCellDelegate::paintContent(QPainter& painter, const QRect& cell,
               isPath ? Qt::ElideMiddle : Qt::ElideRight);
 }
 
-RowLook ResultCellDelegate::rowLook(const QModelIndex& index) const {
+RowStyle ResultCellDelegate::rowStyle(const QModelIndex& index) const {
     return {.background = index.row() % 2 == 0 ? look::surface : secondRow, .line = QColor()};
 }
 

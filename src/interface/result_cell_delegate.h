@@ -24,7 +24,7 @@ class ResultCellDelegate final : public BoxCellDelegate {
  protected:
     void paintContent(QPainter& painter, const QRect& cell,
                       const QModelIndex& index) const override;
-    [[nodiscard]] RowLook rowLook(const QModelIndex& index) const override;
+    [[nodiscard]] RowStyle rowStyle(const QModelIndex& index) const override;
 };
 
 }  // namespace tarvin

@@ -83,12 +83,12 @@ class TrashMover {
     /// removed unless the system refuses that. Meant for plain files: "directorysizes" is not
     /// updated.
     ///
-    /// The caller checks before and after (`look`) that it is the intended file.
+    /// The caller checks before and after (`attributes`) that it is the intended file.
     virtual Result<TrashPlace, TrashRefusal> move(const OpenFolder& folder, const char* name) = 0;
 
     /// The metadata of a file in a Trash. Like every call below, it opens a Trash that is not open
     /// yet, by its path and with the same checks, and creates nothing.
-    virtual Result<FileAttributes, TrashRefusal> look(const TrashPlace& place) = 0;
+    virtual Result<FileAttributes, TrashRefusal> attributes(const TrashPlace& place) = 0;
 
     /// Renames the file at `place` to `name` in an open folder, where the name must be free
     /// (`taken`), and then removes its .trashinfo file. On a refusal both are where they were. A

@@ -193,9 +193,9 @@ TEST_F(KilledMove, IsCountedIfTheSurvivorIsUnchanged) {
 TEST_F(KilledMove, OfTwoUsersBeforeTheirRechecksLeavesACopy) {
     // The first user has checked and waits; the second moves the survivor and is killed; the first
     // moves the other file and is killed, too.
-    int hasLooked[2];
+    int hasChecked[2];
     int mayMove[2];
-    ASSERT_EQ(::pipe(hasLooked), 0);
+    ASSERT_EQ(::pipe(hasChecked), 0);
     ASSERT_EQ(::pipe(mayMove), 0);
     const pid_t first = ::fork();
     if (first == 0) {
@@ -204,7 +204,7 @@ TEST_F(KilledMove, OfTwoUsersBeforeTheirRechecksLeavesACopy) {
         settings.beforeStep = [&](MoveStep step) {
             char byte = 0;
             if (step == MoveStep::moveToTrash &&
-                (::write(hasLooked[1], &byte, 1) != 1 || ::read(mayMove[0], &byte, 1) != 1)) {
+                (::write(hasChecked[1], &byte, 1) != 1 || ::read(mayMove[0], &byte, 1) != 1)) {
                 ::_exit(1);
             }
             if (step == MoveStep::recheck) {
@@ -217,13 +217,13 @@ TEST_F(KilledMove, OfTwoUsersBeforeTheirRechecksLeavesACopy) {
         ::_exit(0);
     }
     char byte = 0;
-    ASSERT_EQ(::read(hasLooked[0], &byte, 1), 1);
+    ASSERT_EQ(::read(hasChecked[0], &byte, 1), 1);
     killedWhileMoving(b_, a_, other_.path());
     ASSERT_EQ(::write(mayMove[1], &byte, 1), 1);
     int status = 0;
     ASSERT_EQ(::waitpid(first, &status, 0), first);
     ASSERT_TRUE(WIFSIGNALED(status));
-    for (const int end : {hasLooked[0], hasLooked[1], mayMove[0], mayMove[1]}) {
+    for (const int end : {hasChecked[0], hasChecked[1], mayMove[0], mayMove[1]}) {
         ::close(end);
     }
     ASSERT_FALSE(fs::exists(a_) || fs::exists(b_));
@@ -238,9 +238,9 @@ TEST_F(KilledMove, OfAWholeSetIsCounted) {
         CleaningUser user(one_.path());
         CleanUp::Settings settings;
         settings.wholeSets = CleanUp::WholeSets::goIfMarked;
-        settings.beforeStep = [looks = 0](MoveStep step) mutable {
-            looks += step == MoveStep::recheck ? 1 : 0;
-            if (looks == 2) {
+        settings.beforeStep = [rechecks = 0](MoveStep step) mutable {
+            rechecks += step == MoveStep::recheck ? 1 : 0;
+            if (rechecks == 2) {
                 ::kill(::getpid(), SIGKILL);
             }
         };

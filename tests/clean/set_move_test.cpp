@@ -352,7 +352,7 @@ TEST_F(SetMoveTest, StopEndsTheWaitForTheLock) {
     const auto turn = user_.turns().tryTake(0);
     ASSERT_TRUE(turn);
     CleanUp::Settings settings;
-    settings.stopped = [looks = 0]() mutable { return ++looks > 2; };
+    settings.stopped = [calls = 0]() mutable { return ++calls > 2; };
     EXPECT_EQ(run(std::move(settings)), outcomes(MoveOutcome::stopped, MoveOutcome::stopped));
     expectNothingMoved();
 }

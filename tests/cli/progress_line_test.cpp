@@ -47,18 +47,18 @@ TEST(ProgressLine, IsRedrawnAfterAChange) {
 
 TEST(ProgressLine, IsNotRedrawnWithoutAChange) {
     Pipe pipe;
-    std::atomic<int> looks{0};
+    std::atomic<int> calls{0};
     std::optional<ProgressLine> line;
     line.emplace(
         pipe.writing(),
-        [&looks] {
-            ++looks;
-            looks.notify_all();
+        [&calls] {
+            ++calls;
+            calls.notify_all();
             return at("/a.jpg");
         },
         quick);
-    for (int seen = looks; seen < 5; seen = looks) {
-        looks.wait(seen);
+    for (int seen = calls; seen < 5; seen = calls) {
+        calls.wait(seen);
     }
     line.reset();
     pipe.closeWriting();
@@ -76,17 +76,17 @@ TEST(ProgressLine, LeavesTheLastOfEightyColumnsFree) {
 }
 
 TEST(ProgressLine, IgnoresAClosedDescriptor) {
-    std::atomic<int> looks{0};
+    std::atomic<int> calls{0};
     {
         const ProgressLine line(
             -1,
-            [&looks] {
-                ++looks;
+            [&calls] {
+                ++calls;
                 return at("/a.jpg");
             },
             quick);
     }
-    EXPECT_GE(looks, 1);
+    EXPECT_GE(calls, 1);
 }
 
 }  // namespace

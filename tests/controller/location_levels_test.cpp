@@ -199,7 +199,7 @@ TEST_F(BrowsedList, AsksForPicturesOfPhotosInTheirSize) {
         [&] { return cell.data(Qt::DecorationRole).value<QPixmap>().size() == QSize(74, 37); }));
 }
 
-TEST_F(BrowsedList, GivesScanItsTitleAgainWithItsLooks) {
+TEST_F(BrowsedList, RestoresTheStyledTitleOfScan) {
     launch();
     click("mainScanButtonFolder");
     HoverButton& scan = *window().locations->findDuplicateExact;

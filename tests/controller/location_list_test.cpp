@@ -299,7 +299,7 @@ TEST_F(FilePanel, IgnoresVanishedFiles) {
     EXPECT_EQ(list_.addFiles({}), (Addition{0, LocationNotice::none}));
 }
 
-TEST_F(FolderPanel, AppendsCheckedFolderRowsWithoutLookingAtThem) {
+TEST_F(FolderPanel, AppendsCheckedFolderRowsWithoutSystemCalls) {
     EXPECT_EQ(list_.addFolders({"/gone/b", "/gone/a"}), (Addition{2, LocationNotice::none}));
     EXPECT_EQ(namesOf(list_), (Paths{"/gone/b", "/gone/a"}));
     const LocationRow& row = list_.rows().front();

@@ -68,14 +68,14 @@ TEST(RowPainterTest, ARowMayHaveOtherColoursAndNoLine) {
     QPainter painter(&image);
     QStyleOptionViewItem row;
     row.rect = image.rect();
-    const RowLook look{.background = Qt::yellow, .selected = Qt::cyan, .line = QColor()};
+    const RowStyle style{.background = Qt::yellow, .selected = Qt::cyan, .line = QColor()};
 
-    paintRow(painter, row, {}, look);
+    paintRow(painter, row, {}, style);
     EXPECT_EQ(image.pixelColor(5, 5), QColor(Qt::yellow));
     EXPECT_EQ(image.pixelColor(5, 9), QColor(Qt::yellow));
 
     row.state |= QStyle::State_Selected;
-    paintRow(painter, row, {}, look);
+    paintRow(painter, row, {}, style);
     EXPECT_EQ(image.pixelColor(5, 9), QColor(Qt::cyan));
 }
 

@@ -110,19 +110,19 @@ TEST_F(CleanUpPicturesTest, TheFilesLeft) {
 }
 
 TEST_F(CleanUpPicturesTest, TheQuestionOfPuttingBack) {
-    PutBackOutlook outlook;
-    outlook.add(
+    PutBackForecast forecast;
+    forecast.add(
         file("/home/anna/Documents/Invoices/2024/invoice-2024-03.pdf", PutBackOutcome::lost));
-    outlook.add(
+    forecast.add(
         file("/media/anna/USB stick/Backup/2025-12/notes.txt", PutBackOutcome::notAttached));
-    outlook.add(file("/home/anna/Pictures/2023 Summer/beach.jpg", PutBackOutcome::underOtherName,
-                     "beach (put back).jpg"));
-    outlook.add(file("/home/anna/Documents/Thesis/old versions/chapter-4-draft.odt",
-                     PutBackOutcome::withItsFolder));
+    forecast.add(file("/home/anna/Pictures/2023 Summer/beach.jpg", PutBackOutcome::underOtherName,
+                      "beach (put back).jpg"));
+    forecast.add(file("/home/anna/Documents/Thesis/old versions/chapter-4-draft.odt",
+                      PutBackOutcome::withItsFolder));
     for (int number = 0; number < 20; ++number) {
-        outlook.add(file("/home/anna/Videos/holiday copy.mov", PutBackOutcome::toItsPlace));
+        forecast.add(file("/home/anna/Videos/holiday copy.mov", PutBackOutcome::toItsPlace));
     }
-    files.setFiles(outlook);
+    files.setFiles(forecast);
     PutBackPanel& panel = *window.putBackWindow;
     panel.putBackTable->setModel(&files);
     panel.putBackDate->setText(QStringLiteral("21 November 2026, 14:32"));

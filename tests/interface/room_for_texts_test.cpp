@@ -82,7 +82,7 @@ class RoomForTextsTest : public testing::TestWithParam<const char*> {
         }
     }
 
-    void lookAtEverythingShown(const char* where) {
+    void checkEverythingShown(const char* where) {
         QCoreApplication::sendPostedEvents();
         keepPicture(window->grab().toImage(),
                     QStringLiteral("%1-%2-%3")
@@ -136,7 +136,7 @@ class RoomForTextsTest : public testing::TestWithParam<const char*> {
 TEST_P(RoomForTextsTest, OnEveryScreen) {
     for (const char* screen : {"1", "2", "5", "4"}) {
         window->selectTabViewItem(QLatin1String(screen));
-        lookAtEverythingShown(screen);
+        checkEverythingShown(screen);
     }
 }
 
@@ -144,15 +144,15 @@ TEST_P(RoomForTextsTest, InALargerWindow) {
     window->resize(1400, 900);
     for (const char* screen : {"1", "2", "5", "4"}) {
         window->selectTabViewItem(QLatin1String(screen));
-        lookAtEverythingShown(screen);
+        checkEverythingShown(screen);
     }
 }
 
 TEST_P(RoomForTextsTest, InPanels) {
     window->showAbout();
-    lookAtEverythingShown("about");
+    checkEverythingShown("about");
     window->showNotice(window->confirmationView, {350, 235});
-    lookAtEverythingShown("question");
+    checkEverythingShown("question");
 }
 
 TEST_P(RoomForTextsTest, InTheResults) {
@@ -171,7 +171,7 @@ TEST_P(RoomForTextsTest, InTheResults) {
     constexpr int indent = 12;
     for (const QSize& size : {QSize(1016, 531), QSize(1400, 900)}) {
         window->resize(size);
-        lookAtEverythingShown("results");
+        checkEverythingShown("results");
         const auto placeOf = [this](const QWidget* widget) {
             return QRect(widget->mapTo(window.get(), QPoint(0, 0)), widget->size());
         };
@@ -200,7 +200,7 @@ TEST_P(RoomForTextsTest, InTheInformation) {
         panel.scanOtherInfo->setText(lines.value(2));
         panel.scanInforOKBtn->setTitle(answer);
         window->showOver(&panel, {250, 200});
-        lookAtEverythingShown("information");
+        checkEverythingShown("information");
         EXPECT_EQ(panel.height(), 190) << lines.value(0).toStdString();
         panel.hide();
         window->covers().removeAll();
@@ -228,16 +228,16 @@ TEST_P(RoomForTextsTest, InTheOtherPanelsOfTheResults) {
     for (const bool exact : {true, false}) {
         window->exceptionWindow->exceptionTextField->setText(ResultTexts::exceptionQuestion(exact));
         window->showOver(window->exceptionWindow, {300, 200});
-        lookAtEverythingShown("exceptions");
+        checkEverythingShown("exceptions");
         window->exceptionWindow->hide();
     }
     window->showOver(window->deletionPreview, {205, 114});
-    lookAtEverythingShown("deletion");
+    checkEverythingShown("deletion");
     window->deletionPreview->pauseResumeBtn->setTitle(ScanScreenTexts::resume());
-    lookAtEverythingShown("deletion-paused");
+    checkEverythingShown("deletion-paused");
     window->deletionPreview->hide();
     window->showOver(window->allCheckAlertView, {275, 225});
-    lookAtEverythingShown("alternative");
+    checkEverythingShown("alternative");
 }
 
 TEST_P(RoomForTextsTest, InTheReportOfFilesThatWereLeft) {
@@ -248,12 +248,12 @@ TEST_P(RoomForTextsTest, InTheReportOfFilesThatWereLeft) {
     panel.scanInfoSize->setText(ResultTexts::spaceRegained(999'990'000'000));
     panel.setKeptLine(ResultTexts::filesLeft(123456));
     window->showOver(&panel, QPoint(250, 200));
-    lookAtEverythingShown("report-kept");
+    checkEverythingShown("report-kept");
     EXPECT_EQ(panel.height(), 190);
     EXPECT_FALSE(panel.keptLine->isElided());
     window->showInPlaceOf(&panel, window->keptWindow, ListPanel::designPlace, halfOfGain,
                           halfOfGain);
-    lookAtEverythingShown("kept");
+    checkEverythingShown("kept");
 }
 
 TEST_P(RoomForTextsTest, InTheReportOfFilesThatCouldNotBeMovedBack) {
@@ -263,7 +263,7 @@ TEST_P(RoomForTextsTest, InTheReportOfFilesThatCouldNotBeMovedBack) {
                                 ResultTexts::filesLeftAndNotBack(123456, 12)}) {
         panel.setKeptLine(line);
         window->showOver(&panel, QPoint(250, 200));
-        lookAtEverythingShown("report-not-back");
+        checkEverythingShown("report-not-back");
         EXPECT_FALSE(panel.keptLine->isElided()) << line.toStdString();
         panel.hide();
         window->covers().removeAll();
@@ -277,7 +277,7 @@ TEST_P(RoomForTextsTest, InTheReportOfFilesThatCouldNotBeMovedBack) {
         files.add(*file, {outcome, "reason", TrashRefusalKind::taken, {}});
         list.setFiles(files);
         window->showOver(window->keptWindow, ListPanel::designPlace, halfOfGain, halfOfGain);
-        lookAtEverythingShown(outcome == MoveOutcome::moved ? "not-back" : "kept-and-not-back");
+        checkEverythingShown(outcome == MoveOutcome::moved ? "not-back" : "kept-and-not-back");
         window->keptWindow->hide();
         window->covers().removeAll();
     }
@@ -291,7 +291,7 @@ TEST_P(RoomForTextsTest, InThePanelsOfPuttingBack) {
     question.putBackOutcome->setText(PutBackTexts::coming(123456));
     question.putBackCannot->setText(PutBackTexts::staying(123456));
     window->showOver(&question, PutBackPanel::designPlace, halfOfGain, halfOfGain);
-    lookAtEverythingShown("put-back");
+    checkEverythingShown("put-back");
     EXPECT_LT(question.putBackOutcome->fontMetrics()
                   .size(Qt::TextSingleLine, question.putBackOutcome->text())
                   .width(),
@@ -299,17 +299,17 @@ TEST_P(RoomForTextsTest, InThePanelsOfPuttingBack) {
     PutBackProgress& progress = *window->putBackProgress;
     progress.putBackProcessing->setText(PutBackTexts::progress(123456, 123456));
     window->showInPlaceOf(&question, &progress, PutBackProgress::designPlace);
-    lookAtEverythingShown("put-back-running");
+    checkEverythingShown("put-back-running");
     PutBackReport& report = *window->putBackReport;
     report.putBackReportCount->setText(PutBackTexts::filesPutBack(123456));
     report.putBackReportSize->setText(PutBackTexts::size(999'990'000'000));
     report.putBackReportFailed->setText(PutBackTexts::failed(123456));
     report.putBackReportHint->setText(PutBackTexts::scanAgain());
     window->showInPlaceOf(&progress, &report, PutBackReport::designPlace);
-    lookAtEverythingShown("put-back-done");
+    checkEverythingShown("put-back-done");
     report.putBackReportHint->setText(
         PutBackTexts::notAll(QStringLiteral("No space left on device")));
-    lookAtEverythingShown("put-back-failed");
+    checkEverythingShown("put-back-failed");
     EXPECT_FALSE(report.putBackReportHint->isElided());
     window->informationWindow->informationHeader->setText(PutBackTexts::title());
     window->informationWindow->scanInfoCount->setText(PutBackTexts::nothing());
@@ -317,7 +317,7 @@ TEST_P(RoomForTextsTest, InThePanelsOfPuttingBack) {
                                           NothingToPutBack::noneInTrash}) {
         window->informationWindow->scanInfoSize->setText(PutBackTexts::nothingBecause(reason));
         window->showOver(window->informationWindow, QPoint(250, 200));
-        lookAtEverythingShown("put-back-nothing");
+        checkEverythingShown("put-back-nothing");
         window->informationWindow->hide();
     }
 }

@@ -718,9 +718,9 @@ TEST_F(PutBack, RefusesAnUnsafeTrash) {
     const auto refusal = putBack(*moved, folder_.pathOf("a"));
     ASSERT_TRUE(refusal);
     EXPECT_EQ(refusal->kind, TrashRefusalKind::link);
-    const auto looked = mover_->look(*moved);
-    ASSERT_FALSE(looked.ok());
-    EXPECT_EQ(looked.error().kind, TrashRefusalKind::link);
+    const auto found = mover_->attributes(*moved);
+    ASSERT_FALSE(found.ok());
+    EXPECT_EQ(found.error().kind, TrashRefusalKind::link);
 }
 
 TEST_F(PutBack, KeepsFileAndTrashinfoIfTheRenameFails) {
@@ -745,26 +745,26 @@ TEST_F(TrashLook, ReturnsTheMetadata) {
     const auto before = systemFileSystem().attributesAtPath(path);
     const auto moved = move(path);
     ASSERT_TRUE(moved.ok());
-    const auto looked = mover_->look(*moved);
-    ASSERT_TRUE(looked.ok());
-    EXPECT_EQ(looked->identity, before->identity);
-    EXPECT_EQ(looked->size, 5U);
-    EXPECT_EQ(looked->type, EntryType::regular);
+    const auto found = mover_->attributes(*moved);
+    ASSERT_TRUE(found.ok());
+    EXPECT_EQ(found->identity, before->identity);
+    EXPECT_EQ(found->size, 5U);
+    EXPECT_EQ(found->type, EntryType::regular);
 }
 
 TEST_F(TrashLook, DoesNotFollowALink) {
     const auto moved = move(folder_.makeLink("a", "/"));
     ASSERT_TRUE(moved.ok());
-    EXPECT_EQ(mover_->look(*moved)->type, EntryType::other);
+    EXPECT_EQ(mover_->attributes(*moved)->type, EntryType::other);
 }
 
 TEST_F(TrashLook, ReportsAMissingFile) {
-    const auto withoutTrash = mover_->look({trash(), "a"});
+    const auto withoutTrash = mover_->attributes({trash(), "a"});
     ASSERT_FALSE(withoutTrash.ok());
     EXPECT_EQ(withoutTrash.error().kind, TrashRefusalKind::gone);
     EXPECT_FALSE(std::filesystem::exists(trash()));
     ASSERT_TRUE(move(folder_.writeFile("a", "bytes")).ok());
-    const auto withTrash = mover_->look({trash(), "b"});
+    const auto withTrash = mover_->attributes({trash(), "b"});
     ASSERT_FALSE(withTrash.ok());
     EXPECT_EQ(withTrash.error().kind, TrashRefusalKind::gone);
 }

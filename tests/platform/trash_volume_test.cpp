@@ -185,7 +185,7 @@ TEST_F(VolumeTrash, WritableByOthersOnlyWithoutPermissions) {
         mover_ = newMover();
         EXPECT_EQ(trashOf(path("a.txt")), own());
         mover_ = newMover();
-        EXPECT_TRUE(mover_->look({own(), "a.txt"}).ok());
+        EXPECT_TRUE(mover_->attributes({own(), "a.txt"}).ok());
     }
 }
 
@@ -334,7 +334,7 @@ TEST_F(VolumeTrash, RestoresAFileAfterReopening) {
             ASSERT_TRUE(moved.ok());
             EXPECT_EQ(moved->trash, isShared ? shared() : own());
             mover_ = newMover();
-            EXPECT_TRUE(mover_->look(*moved).ok());
+            EXPECT_TRUE(mover_->attributes(*moved).ok());
             const auto refusal = putBack(*moved, path("a.txt"));
             EXPECT_FALSE(refusal) << refusal->text;
             EXPECT_EQ(contentOf(path("a.txt")), "bytes");
@@ -350,7 +350,7 @@ TEST_F(VolumeTrash, RestoresNothingToAnotherVolume) {
         const auto refusal = putBack(*moved, folder_.pathOf("a.txt"));
         ASSERT_TRUE(refusal);
         EXPECT_EQ(refusal->kind, TrashRefusalKind::otherVolume);
-        EXPECT_TRUE(mover_->look(*moved).ok());
+        EXPECT_TRUE(mover_->attributes(*moved).ok());
     }
 }
 
@@ -362,9 +362,9 @@ TEST_F(VolumeTrash, RestoresNothingFromOneWithoutStickyBit) {
         ASSERT_TRUE(moved.ok());
         ::chmod(path(".Trash").c_str(), 0777);
         mover_ = newMover();
-        const auto looked = mover_->look(*moved);
-        ASSERT_FALSE(looked.ok());
-        EXPECT_EQ(looked.error().kind, TrashRefusalKind::notPrivate);
+        const auto found = mover_->attributes(*moved);
+        ASSERT_FALSE(found.ok());
+        EXPECT_EQ(found.error().kind, TrashRefusalKind::notPrivate);
     }
 }
 

@@ -53,7 +53,7 @@ class FakeTrash final {
             return place;
         }
 
-        Result<FileAttributes, TrashRefusal> look(const TrashPlace& place) override {
+        Result<FileAttributes, TrashRefusal> attributes(const TrashPlace& place) override {
             Result<FileAttributes> attributes = systemFileSystem().attributesAtPath(pathOf(place));
             if (!attributes) {
                 return refusalOf(attributes.error().code);

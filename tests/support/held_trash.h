@@ -22,8 +22,8 @@ class HeldTrash final : public TrashMover {
     Result<TrashPlace, TrashRefusal> move(const OpenFolder& folder, const char* name) override {
         return trash_->move(folder, name);
     }
-    Result<FileAttributes, TrashRefusal> look(const TrashPlace& place) override {
-        return trash_->look(place);
+    Result<FileAttributes, TrashRefusal> attributes(const TrashPlace& place) override {
+        return trash_->attributes(place);
     }
     std::optional<TrashRefusal> putBack(const TrashPlace& place, const Descriptor& folder,
                                         const char* name) override {

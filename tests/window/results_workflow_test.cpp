@@ -86,7 +86,7 @@ class ResultsWorkflow : public testing::Test {
 
     void scan() const;
     void expectSummary(const std::vector<std::string>& lines, const std::string& button) const;
-    void lookThroughTabs() const;
+    void visitTabs() const;
     /// Excludes one file marked in the list and two marked by the check box of another set.
     void exclude();
     void deleteAllMarked() const;
@@ -129,7 +129,7 @@ void ResultsWorkflow::expectSummary(const std::vector<std::string>& lines,
     window_->waitForEnd(lines.front());
 }
 
-void ResultsWorkflow::lookThroughTabs() const {
+void ResultsWorkflow::visitTabs() const {
     window_->click("Image");
     expectSummary({"Information", "Image Duplicates: 5000", "Memory Occupied: 5.00 MB"}, "Review");
     window_->waitForButton("Image", false);
@@ -248,7 +248,7 @@ TEST_F(ResultsWorkflow, FromAScanToTheTrashLeavesNoDuplicates) {
     ASSERT_EQ(before_.size(), std::size_t{filesAtFirst});
     scan();
     expectSummary({"Duplicates Found", "Media: 6000", "Documents: 3500", "Others: 1000"}, "Review");
-    lookThroughTabs();
+    visitTabs();
     ASSERT_NO_FATAL_FAILURE(exclude());
     deleteAllMarked();
     window_->click("Home");

@@ -27,8 +27,8 @@ bool keepsRights(std::string_view fileSystemType) {
 
 }  // namespace
 
-bool OpenTrashes::isRecent(Time looked) const {
-    return around_.clock.steadyNow() - looked < maxAge;
+bool OpenTrashes::isRecent(Time checked) const {
+    return around_.clock.steadyNow() - checked < maxAge;
 }
 
 Result<OpenTrash*, TrashRefusal> OpenTrashes::forFolder(const OpenFolder& folder) {
@@ -52,7 +52,7 @@ Result<std::uint64_t, TrashRefusal> OpenTrashes::homeDevice() {
     if (!user_.homeTrash) {
         return TrashRefusal{TrashRefusalKind::noHome, {ENOENT}, "there is no home folder"};
     }
-    if (homeDevice_ && isRecent(homeLooked_)) {
+    if (homeDevice_ && isRecent(homeChecked_)) {
         return *homeDevice_;
     }
     std::string path = *user_.homeTrash;
@@ -66,7 +66,7 @@ Result<std::uint64_t, TrashRefusal> OpenTrashes::homeDevice() {
         return systemRefusal(failure);
     }
     homeDevice_ = status.identity.device;
-    homeLooked_ = around_.clock.steadyNow();
+    homeChecked_ = around_.clock.steadyNow();
     return *homeDevice_;
 }
 
@@ -171,13 +171,13 @@ OpenTrash* OpenTrashes::find(const Condition& condition) {
     if (found == open_.end()) {
         return nullptr;
     }
-    if (!isRecent((*found)->looked)) {
+    if (!isRecent((*found)->checked)) {
         if (!(*found)->folder.isIntact()) {
             flush(**found);
             open_.erase(found);
             return nullptr;
         }
-        (*found)->looked = around_.clock.steadyNow();
+        (*found)->checked = around_.clock.steadyNow();
     }
     return found->get();
 }

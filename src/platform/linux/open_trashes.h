@@ -20,7 +20,7 @@ struct OpenTrash {
     TrashFolder folder;
     std::string top;          ///< top directory of the volume; empty for the home Trash
     std::uint64_t mount = 0;  ///< of the volume; 0 for the home Trash and one opened by path
-    std::chrono::steady_clock::time_point looked;  ///< when its path was checked last
+    std::chrono::steady_clock::time_point checked;  ///< when its path was checked last
     bool isFlushed = true;
 };
 
@@ -58,14 +58,14 @@ class OpenTrashes final {
     OpenTrash* find(const Condition& condition);
     OpenTrash* add(OpenTrash trash);
     void flush(OpenTrash& trash);
-    [[nodiscard]] bool isRecent(Time looked) const;
+    [[nodiscard]] bool isRecent(Time checked) const;
 
     const TrashUser& user_;
     const TrashSurroundings& around_;
     std::vector<std::unique_ptr<OpenTrash>> open_;
     std::optional<TrashRefusal> notFlushed_;
     std::optional<std::uint64_t> homeDevice_;
-    Time homeLooked_;
+    Time homeChecked_;
 };
 
 }  // namespace tarvin

@@ -209,9 +209,9 @@ int TrashFolder::moveIn(int from, const char* name, const char* newName) const {
     }
     // The .trashinfo file reserves the name, and only this user writes here.
     TrashEntryStatus status;
-    const int looking = calls_.status(to, newName, status);
-    if (looking != ENOENT) {
-        return looking == 0 ? EEXIST : looking;
+    const int statusFailure = calls_.status(to, newName, status);
+    if (statusFailure != ENOENT) {
+        return statusFailure == 0 ? EEXIST : statusFailure;
     }
     return calls_.rename(from, name, to, newName);
 }

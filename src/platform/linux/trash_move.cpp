@@ -50,7 +50,7 @@ class LinuxTrashMover final : public TrashMover {
         : user_(std::move(user)), around_(std::move(around)), trashes_(user_, around_) {}
 
     Result<TrashPlace, TrashRefusal> move(const OpenFolder& folder, const char* name) override;
-    Result<FileAttributes, TrashRefusal> look(const TrashPlace& place) override;
+    Result<FileAttributes, TrashRefusal> attributes(const TrashPlace& place) override;
     std::optional<TrashRefusal> putBack(const TrashPlace& place, const Descriptor& folder,
                                         const char* name) override;
     Result<std::vector<TrashedFile>, TrashRefusal> find(
@@ -139,7 +139,7 @@ const std::string& LinuxTrashMover::date() {
     return date_;
 }
 
-Result<FileAttributes, TrashRefusal> LinuxTrashMover::look(const TrashPlace& place) {
+Result<FileAttributes, TrashRefusal> LinuxTrashMover::attributes(const TrashPlace& place) {
     const auto trash = trashes_.at(place.trash);
     if (!trash) {
         return trash.error();
@@ -178,14 +178,15 @@ Result<std::vector<TrashedFile>, TrashRefusal> LinuxTrashMover::find(
     if (!files) {
         return systemRefusal(files.error().code);
     }
-    const std::unordered_set<FileIdentity, FileIdentityHash> looked(wanted.begin(), wanted.end());
+    const std::unordered_set<FileIdentity, FileIdentityHash> identities(wanted.begin(),
+                                                                        wanted.end());
     std::vector<TrashedFile> found;
     EntryBlock block(trashListingBytes);
     Result<bool> more = false;
     while ((more = fileSystem.listEntries(*files, block)) && *more) {
         for (const EntryBlock::Entry& entry : block.entries()) {
             const auto attributes = fileSystem.attributesAt(*files, entry.name);
-            if (attributes && looked.contains(attributes->identity)) {
+            if (attributes && identities.contains(attributes->identity)) {
                 found.push_back({entry.name, *attributes});
             }
         }
