@@ -14,7 +14,7 @@ namespace tarvin::bench {
 
 namespace {
 
-constexpr std::chrono::minutes longestWait{10};
+constexpr std::chrono::minutes maxWait{10};
 
 }  // namespace
 
@@ -68,7 +68,7 @@ void Product::click(QAbstractButton* button) {
 bool Product::until(const std::function<bool()>& condition) {
     QTimer deadline;
     deadline.setSingleShot(true);
-    deadline.start(longestWait);
+    deadline.start(maxWait);
     while (!condition()) {
         if (!deadline.isActive()) {
             return false;

@@ -139,7 +139,7 @@ class HeifImage final : public ImageDecoder {
 
     QSize size() override { return {library_.width(image_), library_.height(image_)}; }
 
-    QImage decode(int /*longestSide*/) override {
+    QImage decode(int /*maxSide*/) override {
         constexpr qsizetype bytesPerPixel = 4;
         if (!mayBeDecoded(size(), bytesPerPixel)) {
             return {};

@@ -19,9 +19,9 @@ class ImageDecoder {
     [[nodiscard]] virtual QSize size() = 0;
 
     /// The first image, rotated upright, never an embedded thumbnail. The longer side is at least
-    /// about `longestSide` if the image is that large, and may be longer. Null if decoding fails or
+    /// about `maxSide` if the image is that large, and may be longer. Null if decoding fails or
     /// would take more than decodedImageLimit. Call at most once.
-    [[nodiscard]] virtual QImage decode(int longestSide) = 0;
+    [[nodiscard]] virtual QImage decode(int maxSide) = 0;
 
     /// Whether the format can refer to other files.
     [[nodiscard]] virtual bool canReferToFiles() const { return false; }

@@ -19,11 +19,11 @@ std::unique_ptr<ImageDecoder> openImage(QIODevice& device) {
     return std::make_unique<QtImage>(device);
 }
 
-QImage picture(ImageDecoder& image, int longestSide) {
-    QImage decoded = image.decode(longestSide);
-    return decoded.isNull() || fits(decoded.size(), longestSide)
+QImage picture(ImageDecoder& image, int maxSide) {
+    QImage decoded = image.decode(maxSide);
+    return decoded.isNull() || fits(decoded.size(), maxSide)
                ? decoded
-               : smaller(decoded, fitted(decoded.size(), longestSide));
+               : smaller(decoded, fitted(decoded.size(), maxSide));
 }
 
 }  // namespace tarvin

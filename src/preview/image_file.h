@@ -15,9 +15,9 @@ namespace tarvin {
 /// must be open and outlive the result.
 [[nodiscard]] std::unique_ptr<ImageDecoder> openImage(QIODevice& device);
 
-/// The first image, rotated upright, with no side longer than `longestSide`; null if decoding fails
+/// The first image, rotated upright, with no side longer than `maxSide`; null if decoding fails
 /// or would take too much memory. Vector images are scaled to that size; others are never enlarged.
 /// Call at most once.
-[[nodiscard]] QImage picture(ImageDecoder& image, int longestSide);
+[[nodiscard]] QImage picture(ImageDecoder& image, int maxSide);
 
 }  // namespace tarvin

@@ -122,8 +122,8 @@ class Jpeg2000Image final : public ImageDecoder {
 
     QSize size() override { return dimensions(); }
 
-    QImage decode(int longestSide) override {
-        const OPJ_UINT32 reduction = reductionFor(longestSide);
+    QImage decode(int maxSide) override {
+        const OPJ_UINT32 reduction = reductionFor(maxSide);
         const QSize full = dimensions();
         const QSize decoded(std::max(full.width() >> reduction, 1),
                             std::max(full.height() >> reduction, 1));
@@ -149,7 +149,7 @@ class Jpeg2000Image final : public ImageDecoder {
     }
 
     /// How often the image can be halved and stay large enough. The file stores these resolutions.
-    [[nodiscard]] OPJ_UINT32 reductionFor(int longestSide) {
+    [[nodiscard]] OPJ_UINT32 reductionFor(int maxSide) {
         opj_codestream_info_v2_t* info = library_.info(codec_);
         if (info == nullptr || info->m_default_tile_info.tccp_info == nullptr) {
             library_.destroyInfo(&info);
@@ -163,7 +163,7 @@ class Jpeg2000Image final : public ImageDecoder {
         library_.destroyInfo(&info);
         const int longest = std::max(dimensions().width(), dimensions().height());
         OPJ_UINT32 reduction = 0;
-        while (reduction + 1 < resolutions && (longest >> (reduction + 1)) >= longestSide) {
+        while (reduction + 1 < resolutions && (longest >> (reduction + 1)) >= maxSide) {
             ++reduction;
         }
         return reduction;

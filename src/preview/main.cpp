@@ -58,7 +58,7 @@ int showImage(QFile& file) {
     if (!size.isEmpty()) {
         writeOutput(tarvin::encodedSize(size));
     }
-    const QImage picture = tarvin::picture(*image, tarvin::longestPreviewSide);
+    const QImage picture = tarvin::picture(*image, tarvin::maxPreviewSide);
     if (picture.isNull()) {
         return 1;
     }

@@ -74,8 +74,8 @@ bool PreviewReader::isSound() const {
     if (!picture) {
         return true;
     }
-    return !picture->isEmpty() && picture->width() <= longestPreviewSide &&
-           picture->height() <= longestPreviewSide &&
+    return !picture->isEmpty() && picture->width() <= maxPreviewSide &&
+           picture->height() <= maxPreviewSide &&
            bytes_.size() <= headerLength + pixelBytes(*picture);
 }
 

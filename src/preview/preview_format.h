@@ -13,10 +13,10 @@ namespace tarvin {
 // row as premultiplied ARGB. Pure, unless stated otherwise.
 
 /// Maximum side of a preview in pixels.
-inline constexpr int longestPreviewSide = 640;
+inline constexpr int maxPreviewSide = 640;
 
 [[nodiscard]] QByteArray encodedSize(QSize size);
-/// Requires that `image` is not null and no side is longer than `longestPreviewSide`.
+/// Requires that `image` is not null and no side is longer than `maxPreviewSide`.
 [[nodiscard]] QByteArray encodedPicture(const QImage& image);
 
 /// Parses the program's output. The program reads untrusted files, so its output is untrusted, too.

@@ -34,17 +34,17 @@ QSize QtImage::size() {
     return isTurned ? size.transposed() : size;
 }
 
-QImage QtImage::decode(int longestSide) {
+QImage QtImage::decode(int maxSide) {
     const QSize full = reader_.size();  // before rotation
     if (full.isValid() && canDecodeSmaller()) {
-        reader_.setScaledSize(sizeToDecode(full, longestSide));
+        reader_.setScaledSize(sizeToDecode(full, maxSide));
     }
     const QImageIOHandler::Transformations transformations = reader_.transformation();
     const QImage image = reader_.read();
     // Rotate after scaling: less memory.
-    return image.isNull() || fits(image.size(), longestSide)
+    return image.isNull() || fits(image.size(), maxSide)
                ? turned(image, transformations)
-               : turned(smaller(image, fitted(image.size(), longestSide)), transformations);
+               : turned(smaller(image, fitted(image.size(), maxSide)), transformations);
 }
 
 /// Whether the plug-in itself decodes to a smaller size. Otherwise Qt would decode at full size,
@@ -59,8 +59,8 @@ bool QtImage::canDecodeSmaller() const {
     return !isWholeFirst;
 }
 
-QSize QtImage::sizeToDecode(QSize full, int longestSide) const {
-    return isDrawing_ || !fits(full, longestSide) ? fitted(full, longestSide) : full;
+QSize QtImage::sizeToDecode(QSize full, int maxSide) const {
+    return isDrawing_ || !fits(full, maxSide) ? fitted(full, maxSide) : full;
 }
 
 }  // namespace tarvin

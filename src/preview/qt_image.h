@@ -16,12 +16,12 @@ class QtImage final : public ImageDecoder {
     explicit QtImage(QIODevice& device);
 
     [[nodiscard]] QSize size() override;
-    [[nodiscard]] QImage decode(int longestSide) override;
+    [[nodiscard]] QImage decode(int maxSide) override;
     [[nodiscard]] bool canReferToFiles() const override { return isDrawing_; }
 
  private:
     [[nodiscard]] bool canDecodeSmaller() const;
-    [[nodiscard]] QSize sizeToDecode(QSize full, int longestSide) const;
+    [[nodiscard]] QSize sizeToDecode(QSize full, int maxSide) const;
 
     QBuffer drawing_;  // the content of an SVG file
     QImageReader reader_;

@@ -46,12 +46,12 @@ QImage flipped(const QImage& image, bool horizontally, bool vertically) {
 
 }  // namespace
 
-QSize fitted(QSize size, int longestSide) {
-    return size.scaled(longestSide, longestSide, Qt::KeepAspectRatio).expandedTo({1, 1});
+QSize fitted(QSize size, int longerSide) {
+    return size.scaled(longerSide, longerSide, Qt::KeepAspectRatio).expandedTo({1, 1});
 }
 
-bool fits(QSize size, int longestSide) {
-    return size.width() <= longestSide && size.height() <= longestSide;
+bool fits(QSize size, int maxSide) {
+    return size.width() <= maxSide && size.height() <= maxSide;
 }
 
 QImage smaller(const QImage& image, QSize size) {

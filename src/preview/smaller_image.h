@@ -8,9 +8,9 @@ namespace tarvin {
 
 // Pure.
 
-/// `size` scaled so that its longer side is `longestSide`; no side is shorter than one pixel.
-[[nodiscard]] QSize fitted(QSize size, int longestSide);
-[[nodiscard]] bool fits(QSize size, int longestSide);
+/// `size` scaled so that its longer side is `longerSide`; no side is shorter than one pixel.
+[[nodiscard]] QSize fitted(QSize size, int longerSide);
+[[nodiscard]] bool fits(QSize size, int maxSide);
 
 /// `image` scaled down to `size`, which must not be empty; null if memory runs out. Needs little
 /// memory besides both images: works in bands.

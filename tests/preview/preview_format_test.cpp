@@ -74,12 +74,11 @@ TEST(PreviewReader, RefusesInvalidSizes) {
         EXPECT_TRUE(ofPicture.picture().isNull());
     }
     PreviewReader wide;
-    EXPECT_FALSE(wide.take(sizes(1, 1, longestPreviewSide + 1, 1)));
+    EXPECT_FALSE(wide.take(sizes(1, 1, maxPreviewSide + 1, 1)));
     PreviewReader high;
-    EXPECT_FALSE(high.take(sizes(1, 1, 1, longestPreviewSide + 1)));
+    EXPECT_FALSE(high.take(sizes(1, 1, 1, maxPreviewSide + 1)));
     PreviewReader largest;
-    EXPECT_TRUE(
-        largest.take(sizes(2147483647, 2147483647, longestPreviewSide, longestPreviewSide)));
+    EXPECT_TRUE(largest.take(sizes(2147483647, 2147483647, maxPreviewSide, maxPreviewSide)));
 }
 
 }  // namespace

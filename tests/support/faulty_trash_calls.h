@@ -27,7 +27,7 @@ enum class TrashCall {
     targetStatus,
     statusOf,
     flush,
-    longestName
+    maxNameLength
 };
 
 /// The real calls with counters and fault injection. One thread at a time.
@@ -48,7 +48,7 @@ class FaultyTrashCalls final : public TrashCalls {
     }
     /// Limits each write to this many bytes.
     void limitWrites(std::size_t bytes) { maxWritten_ = bytes; }
-    void limitNames(std::size_t bytes) { longestName_ = bytes; }
+    void limitNames(std::size_t bytes) { maxNameLength_ = bytes; }
     /// Runs `action` once, before the next call of this kind.
     void before(TrashCall call, std::function<void()> action) {
         action_ = std::move(action);
@@ -134,12 +134,12 @@ class FaultyTrashCalls final : public TrashCalls {
         const int failure = failureOf(TrashCall::flush);
         return failure != 0 ? failure : TrashCalls::flush(folder);
     }
-    int longestName(int folder, std::size_t& bytes) override {
-        const int failure = failureOf(TrashCall::longestName);
-        if (failure != 0 || !longestName_) {
-            return failure != 0 ? failure : TrashCalls::longestName(folder, bytes);
+    int maxNameLength(int folder, std::size_t& bytes) override {
+        const int failure = failureOf(TrashCall::maxNameLength);
+        if (failure != 0 || !maxNameLength_) {
+            return failure != 0 ? failure : TrashCalls::maxNameLength(folder, bytes);
         }
-        bytes = *longestName_;
+        bytes = *maxNameLength_;
         return 0;
     }
 
@@ -169,7 +169,7 @@ class FaultyTrashCalls final : public TrashCalls {
     int failingCode_ = 0;
     bool hasFailed_ = false;
     std::size_t maxWritten_ = static_cast<std::size_t>(-1);
-    std::optional<std::size_t> longestName_;
+    std::optional<std::size_t> maxNameLength_;
     std::function<void()> action_;
     TrashCall actionCall_ = TrashCall::openFolder;
 };

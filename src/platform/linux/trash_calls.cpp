@@ -117,7 +117,7 @@ int TrashCalls::flush(int folder) {
     return outcome(::syncfs(folder));
 }
 
-int TrashCalls::longestName(int folder, std::size_t& bytes) {
+int TrashCalls::maxNameLength(int folder, std::size_t& bytes) {
     struct statvfs answer{};
     if (::fstatvfs(folder, &answer) != 0) {
         return errno;

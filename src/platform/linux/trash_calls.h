@@ -52,7 +52,7 @@ class TrashCalls {
     /// Flushes the file system of an open folder to disk.
     virtual int flush(int folder);
     /// The maximum length of a name in the file system of an open folder.
-    virtual int longestName(int folder, std::size_t& bytes);
+    virtual int maxNameLength(int folder, std::size_t& bytes);
 };
 
 /// The real calls; one object for the process.

@@ -39,7 +39,7 @@ Result<TrashFolder, TrashRefusal> TrashFolder::open(const TrashRequest& request,
         return parts.error();
     }
     std::size_t bytes = 0;
-    if (const int failure = calls.longestName(parts->files().number(), bytes); failure != 0) {
+    if (const int failure = calls.maxNameLength(parts->files().number(), bytes); failure != 0) {
         return systemRefusal(failure);
     }
     bytes = bytes == 0 ? maxNameBytes : std::min(bytes, maxNameBytes);
@@ -53,11 +53,11 @@ Result<std::string, TrashRefusal> TrashFolder::take(const Descriptor& from, cons
                                                     std::string_view original,
                                                     std::string_view date) {
     const std::string text = trashInfoText(original, date);
-    const std::string own = nameInTrash(name, 1, longestName_);
+    const std::string own = nameInTrash(name, 1, maxNameLength_);
     std::uint64_t number = numbers_.firstFor(own);
     std::uint64_t step = 1;  // doubled, so that few tries get past many taken names
     for (int tries = 0; tries < maxTries; ++tries) {
-        std::string newName = number == 1 ? own : nameInTrash(name, number, longestName_);
+        std::string newName = number == 1 ? own : nameInTrash(name, number, maxNameLength_);
         // The .trashinfo file reserves the name; the rename detects a file without one.
         int failure = writeTrashInfo(newName, text);
         if (failure == 0) {
@@ -121,7 +121,7 @@ std::optional<TrashRefusal> TrashFolder::removeUnusedTrashInfos(
             const bool isOurs =
                 original ? originals.contains(std::string(*original))
                          : text.empty() && std::any_of(names.begin(), names.end(), [&](auto own) {
-                               return isNameInTrashOf(own, name, longestName_);
+                               return isNameInTrashOf(own, name, maxNameLength_);
                            });
             if (isOurs) {
                 removeTrashInfo(name);

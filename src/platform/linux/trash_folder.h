@@ -54,8 +54,8 @@ class TrashFolder final {
                                          const char* newName);
 
  private:
-    TrashFolder(TrashParts parts, std::size_t longestName, TrashCalls& calls)
-        : parts_(std::move(parts)), calls_(calls), longestName_(longestName) {}
+    TrashFolder(TrashParts parts, std::size_t maxNameLength, TrashCalls& calls)
+        : parts_(std::move(parts)), calls_(calls), maxNameLength_(maxNameLength) {}
 
     [[nodiscard]] TrashRefusal moveRefusal(int code, int folder, const char* name) const;
     [[nodiscard]] int writeTrashInfo(const std::string& name, std::string_view text) const;
@@ -67,7 +67,7 @@ class TrashFolder final {
 
     TrashParts parts_;
     TrashCalls& calls_;
-    std::size_t longestName_;  ///< of a file in "files"
+    std::size_t maxNameLength_;  ///< of a file in "files"
     TrashNumbers numbers_;
 };
 

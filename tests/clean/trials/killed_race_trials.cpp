@@ -20,7 +20,7 @@ using SteadyClock = std::chrono::steady_clock;
 using std::chrono::microseconds;
 
 /// About the duration of a move.
-constexpr microseconds longestDelay{100};
+constexpr microseconds maxDelay{100};
 
 std::size_t countOf(const std::string& folder) {
     std::error_code missing;
@@ -111,7 +111,7 @@ std::uint64_t tryKilledRaces(const TrialPlace& place, std::size_t rounds, std::s
     KilledRace race(place, sets);
     std::mt19937_64 random(place.seed);
     std::uniform_int_distribution<std::size_t> moved(1, sets);
-    std::uniform_int_distribution<std::int64_t> delay(0, longestDelay.count());
+    std::uniform_int_distribution<std::int64_t> delay(0, maxDelay.count());
     for (std::size_t round = 0; round < rounds; ++round) {
         const std::size_t files = moved(random);
         race.run(files, microseconds(delay(random)));
