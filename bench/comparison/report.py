@@ -56,25 +56,25 @@ def page(setting, contests, series):
 def introduction(setting):
     """How the figures were measured."""
     return [
-        f"Measured by `{setting.command}` on {setting.date}, revision {setting.revision}. Every "
-        "figure on this page comes from that one run, except for the last two sections, on the "
-        "window and on a clean-up; the script writes the page and keeps those sections.",
+        f"Measured by `{setting.command}` on {setting.date}, revision {setting.revision}. All "
+        "figures come from this run, except those of the last two sections (window, clean-up), "
+        "which the script keeps when it writes this page.",
         "",
-        "Each tree is made from a fixed seed. First every program runs once, untimed, and what it "
-        "found is compared: unless our sets are exactly those of the programs that confirm every "
-        "match byte for byte, nothing is timed. Then all programs take turns, once per round, each "
-        f"round beginning with the next one: {rounds_text(setting.rounds[WARM])} just after the "
-        f"floor has read the tree (warm){cold_text(setting)}. On a tree, no further warm or cold "
-        f"round is begun after {setting.budget:.0f} s of them. A program that takes over "
-        f"{setting.limit:.0f} s, or over {TIMES_OURS} times our time (though at least "
-        f"{LEAST_LIMIT:.0f} s), is not run again on that tree.",
+        "Each tree is generated from a fixed seed. First, every program runs once without timing, "
+        "and its sets are compared: a tree is timed only if our sets are equal to those of the "
+        "programs that compare byte by byte. Then each round runs every program once, starting "
+        f"with the next program each time: {rounds_text(setting.rounds[WARM])} with a warm cache "
+        f"(the read floor has just read the tree){cold_text(setting)}. After "
+        f"{setting.budget:.0f} s of warm or of cold rounds on a tree, no further round begins. A "
+        f"program that takes more than {setting.limit:.0f} s, or more than {TIMES_OURS} times our "
+        f"time and {LEAST_LIMIT:.0f} s, is not run again on that tree.",
         "",
-        "Times are wall seconds, median (least–most); processor seconds are the median of user and "
-        "system time together; memory is the largest resident size of any timed run.",
+        "Times are wall-clock seconds: median (minimum–maximum). Processor seconds are the median "
+        "of user plus system time. Memory is the maximum resident set size of all timed runs.",
         "",
-        "The floor is a plain program that walks the tree and reads every file whose size another "
-        "file has too, once, from first to last byte, and compares nothing. A finder that stops "
-        "reading a file as soon as it is known to be alone can be faster than that.",
+        "The read floor is a program that walks the tree and reads every file whose size occurs "
+        "more than once from start to end, once, without comparing. A finder that stops reading "
+        "files that differ early can be faster.",
         "",
     ]
 
@@ -83,12 +83,12 @@ def busy_lines(setting):
     """A warning, if the machine was busy."""
     if min(setting.idle) >= machine.QUIET:
         return []
-    return ["**The machine was busy with other work: the times below are longer than they need be, "
-            "and the ratios are doubtful.**", ""]
+    return ["**The machine was busy with other processes: the times are too long, and the ratios "
+            "are unreliable.**", ""]
 
 
 def cold_text(setting):
-    """The paragraph about cold runs."""
+    """The text about cold runs."""
     if setting.rounds[COLD]:
         return f", and {rounds_text(setting.rounds[COLD])} {COLD_NOTE} (cold)"
     return f"; no cold runs, because {setting.why_not_cold}"
@@ -115,7 +115,7 @@ def setting_lines(setting):
     lines = plain_table(["Machine", ""], [list(fact) for fact in facts])
     lines += plain_table(["Program", "Package version", "How it decides"], rows)
     if setting.absent:
-        lines += [f"Not to be had on this machine: {', '.join(setting.absent)}.", ""]
+        lines += [f"Not available on this machine: {', '.join(setting.absent)}.", ""]
     return lines
 
 
@@ -177,8 +177,8 @@ def mode_cells(entry, mode):
 
 def growth_lines(series):
     """A table for each series."""
-    lines = ["Warm, ours beside the floor with one thread, which shows how much of any growth is "
-             "the file system's own.", ""]
+    lines = ["Warm cache; the read floor with one thread shows the share of the file system in any "
+             "growth.", ""]
     for plan, steps in series:
         rows = [[f"{step.files:,}", with_spread(step.wall), f"{step.time_per_file * 1e6:.2f}",
                  f"{step.floor_per_file * 1e6:.2f}", mib(step.peak),

@@ -9,7 +9,7 @@ from pathlib import Path
 
 DROP_CACHES = Path("/proc/sys/vm/drop_caches")
 EVERYTHING = "3"  # page cache, directory entries and inodes
-COLD_NOTE = "with the caches of the system emptied before each run"
+COLD_NOTE = "with the kernel's caches dropped before each run"
 
 
 @dataclass(frozen=True)
