@@ -93,32 +93,32 @@ void Heartbeat::handlerBegan() {
 
 void Heartbeat::handlerEnded(const char* className, const QString& name, int event) {
     const double taken = milliseconds(SteadyClock::now() - handlerBegan_);
-    if (taken <= stretch_.handler) {
+    if (taken <= stall_.handler) {
         return;
     }
-    stretch_.handler = taken;
+    stall_.handler = taken;
     const char* const eventName = QMetaEnum::fromType<QEvent::Type>().valueToKey(event);
-    stretch_.what = className;
+    stall_.what = className;
     if (!name.isEmpty()) {
-        stretch_.what += " " + name.toStdString();
+        stall_.what += " " + name.toStdString();
     }
-    stretch_.what += std::string(", ") + (eventName == nullptr ? "event" : eventName);
+    stall_.what += std::string(", ") + (eventName == nullptr ? "event" : eventName);
 }
 
 void Heartbeat::waitBegins() {
-    stretch_.wall = milliseconds(SteadyClock::now() - stretchBegan_);
-    stretch_.processor = processorMilliseconds() - processorBegan_;
-    stretch_.queued = queuedMilliseconds() - queuedBegan_;
+    stall_.wall = milliseconds(SteadyClock::now() - stallBegan_);
+    stall_.processor = processorMilliseconds() - processorBegan_;
+    stall_.queued = queuedMilliseconds() - queuedBegan_;
     Step& step = steps_[now_];
-    ++step.stretches;
-    if (stretch_.wall > step.longest.wall) {
-        step.longest = stretch_;
+    ++step.stalls;
+    if (stall_.wall > step.longest.wall) {
+        step.longest = stall_;
     }
 }
 
 void Heartbeat::waitEnded() {
-    stretch_ = {};
-    stretchBegan_ = SteadyClock::now();
+    stall_ = {};
+    stallBegan_ = SteadyClock::now();
     processorBegan_ = processorMilliseconds();
     queuedBegan_ = queuedMilliseconds();
 }

@@ -12,7 +12,7 @@ namespace tarvin::bench {
 
 /// The work of the main thread between two waits of its event loop, with all handlers in it.
 /// Milliseconds.
-struct Stretch {
+struct Stall {
     double wall = 0;
     double processor = 0;  ///< CPU time of the thread
     double queued = 0;     ///< time in which it was runnable, waiting for a CPU
@@ -20,17 +20,17 @@ struct Stretch {
     std::string what;      ///< that handler: the class of the receiver, its name, the event
 };
 
-/// Measures the stalls of the main thread: the longest Stretch of each step of a scenario. One per
+/// Measures the stalls of the main thread: the longest stall of each step of a scenario. One per
 /// process, created after the application object. Main thread only.
 ///
-/// A Stretch ends only when the loop blocks, not when it polls for events without blocking:
+/// A stall ends only when the loop blocks, not when it polls for events without blocking:
 /// handlers that follow without a wait delay a click as well.
 class Heartbeat final {
  public:
     struct Step {
         std::string name;
-        std::size_t stretches = 0;
-        Stretch longest;
+        std::size_t stalls = 0;
+        Stall longest;
     };
 
     Heartbeat();
@@ -38,7 +38,7 @@ class Heartbeat final {
     Heartbeat& operator=(const Heartbeat&) = delete;
     ~Heartbeat();
 
-    /// Begins the step of that name; the current Stretch counts for it.
+    /// Begins the step of that name; the current stall counts for it.
     void enter(const std::string& step);
     /// Discards the work since the last wait.
     void startAnew() { waitEnded(); }
@@ -57,8 +57,8 @@ class Heartbeat final {
  private:
     std::vector<Step> steps_;
     std::size_t now_ = 0;
-    Stretch stretch_;
-    SteadyClock::time_point stretchBegan_;
+    Stall stall_;
+    SteadyClock::time_point stallBegan_;
     double processorBegan_ = 0;
     double queuedBegan_ = 0;
     SteadyClock::time_point handlerBegan_;

@@ -32,8 +32,8 @@ namespace {
 
 using namespace tarvin::bench;
 
-constexpr double longestStretchGoal = 50;  // milliseconds
-constexpr double changesGoal = 10;         // a second
+constexpr double stallGoal = 50;    // milliseconds
+constexpr double changesGoal = 10;  // a second
 constexpr std::chrono::milliseconds aMoment{100};
 constexpr std::chrono::milliseconds shortPause{400};
 // Long enough for a result to be freed.
@@ -49,7 +49,7 @@ struct PulseOptions {
 /// The measurements of one step in all rounds.
 struct StepFigures {
     std::vector<double> longest;
-    Stretch worst;
+    Stall worst;
 };
 
 /// The measurements of one phase of the scan in all rounds.
@@ -83,17 +83,17 @@ class ScanScenario final {
     bool run(int rounds) {
         // The start of the program is measured by window_start.
         heartbeat_.startAnew();
-        heartbeat_.enter("the window comes");
+        heartbeat_.enter("the window is shown");
         if (!product_.comes()) {
             return false;
         }
         Product::rest(shortPause);
-        note();
+        record();
         for (int round = 0; round < rounds; ++round) {
             if (!openLocations() || !scan() || !stopScan()) {
                 return false;
             }
-            note();
+            record();
         }
         return true;
     }
@@ -101,19 +101,20 @@ class ScanScenario final {
     [[nodiscard]] bool report() const {
         bool reached = true;
         std::printf(
-            "The longest stretch of work on the main thread, from one wait to the next, ms: of\n"
-            "several rounds the median and the most; of the most, how long the thread ran and how\n"
-            "long it stood in line for a processor, and its longest handler:\n");
+            "Longest stall of the main thread (work between two waits of its event loop) per "
+            "step,\n"
+            "ms: median and maximum of all rounds; of the maximum, the CPU time, the wait for a "
+            "CPU\n"
+            "and the longest handler:\n");
         for (const std::string& name : order_) {
             const StepFigures& step = steps_.at(name);
-            std::printf("  %-22s %6.1f %6.1f   ran %5.1f, in line %5.1f; %5.1f in %s\n",
+            std::printf("  %-22s %6.1f %6.1f   ran %5.1f, waited %5.1f; %5.1f in %s\n",
                         name.c_str(), median(step.longest), most(step.longest),
                         step.worst.processor, step.worst.queued, step.worst.handler,
                         step.worst.what.c_str());
-            reached = reached && most(step.longest) <= longestStretchGoal;
+            reached = reached && most(step.longest) <= stallGoal;
         }
-        std::printf("at most %.0f ms: %s\n", longestStretchGoal,
-                    reached ? "reached" : "NOT REACHED");
+        std::printf("goal: at most %.0f ms: %s\n", stallGoal, reached ? "reached" : "NOT REACHED");
         std::printf("Files compared: %llu, sets of duplicates: %zu\n",
                     static_cast<unsigned long long>(files_), sets_);
         const bool collecting = reportPhase("collecting", collecting_);
@@ -223,7 +224,7 @@ class ScanScenario final {
         comparing_.add(watch_.comparing());
     }
 
-    void note() {
+    void record() {
         for (const Heartbeat::Step& step : heartbeat_.steps()) {
             if (step.name.empty()) {
                 continue;
@@ -248,11 +249,11 @@ class ScanScenario final {
         }
         const bool reached = least(phase.changes) >= changesGoal;
         std::printf(
-            "shown anew in each of %zu whole seconds: at least %.0f times, median %.1f "
-            "(painted at least %.0f times); longest gap %.0f ms\n",
+            "changes in each of %zu whole seconds: minimum %.0f, median %.1f (paints: minimum "
+            "%.0f); longest gap %.0f ms\n",
             phase.changes.size(), least(phase.changes), median(phase.changes), least(phase.paints),
             phase.longestGap);
-        std::printf("at least %.0f times a second: %s\n", changesGoal,
+        std::printf("goal: at least %.0f changes per second: %s\n", changesGoal,
                     reached ? "reached" : "NOT REACHED");
         return reached;
     }
@@ -278,12 +279,12 @@ bool makeTree(const std::string& path, std::uint64_t files) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("Measures how long the window's main thread is ever busy while it scans.");
+    CLI::App app("Measures the longest stalls of the window's main thread during scans.");
     PulseOptions options;
-    app.add_option("--files", options.files, "the tree made for it has so many files");
-    app.add_option("--tree", options.tree, "this tree instead, which is only read");
-    app.add_option("--rounds", options.rounds, "so many scans")->check(CLI::PositiveNumber);
-    app.add_option("--work", options.work, "where the tree and the private home go");
+    app.add_option("--files", options.files, "number of files of the created tree");
+    app.add_option("--tree", options.tree, "scan this tree instead; it is only read");
+    app.add_option("--rounds", options.rounds, "number of scans")->check(CLI::PositiveNumber);
+    app.add_option("--work", options.work, "folder for the tree and the private home");
     CLI11_PARSE(app, argc, argv);
 
     std::optional<WorkFolder> work;

@@ -46,7 +46,7 @@ constexpr double markAllGoal = 100;
 constexpr double toggleGoal = 16;
 constexpr double tabGoal = 150;
 constexpr double frameGoal = 1000.0 / 60;
-constexpr double stretchGoal = 50;
+constexpr double stallGoal = 50;
 constexpr double noGoal = 0;
 constexpr double bytesGoal = 64;  // a row
 
@@ -55,7 +55,7 @@ constexpr int frames = 200;  // of each way to scroll
 constexpr std::uint64_t deletedFiles = 100'000;
 constexpr std::chrono::milliseconds anInstant{1};
 constexpr std::chrono::milliseconds aMoment{100};
-constexpr std::chrono::milliseconds aLongLook{2000};
+constexpr std::chrono::milliseconds longPause{2000};
 
 struct ResultsOptions {
     std::string work = "/var/tmp";
@@ -151,12 +151,11 @@ class ResultScenario final {
         std::printf("%llu files in %zu sets of %zu extensions\n",
                     static_cast<unsigned long long>(files_), sets_, extensions_);
         std::printf(
-            "From the click to the painted answer, ms; beside it the longest stretch of work on\n"
-            "the main thread, from one wait to the next, how long the thread ran meanwhile and "
-            "how\n"
-            "long it stood in line for a processor, and its longest handler:\n");
-        std::printf("  %-36s %5s %8s %8s %8s %8s\n", "", "times", "median", "most", "at most",
-                    "stretch");
+            "Time from the click to the painted result, ms; and the longest stall of the main\n"
+            "thread (work between two waits of its event loop), with its CPU time, its wait for a\n"
+            "CPU and its longest handler:\n");
+        std::printf("  %-36s %5s %8s %8s %8s %8s\n", "", "times", "median", "maximum", "goal",
+                    "stall");
         bool reached = true;
         for (const Step& step : steps_) {
             reached = report(step) && reached;
@@ -399,7 +398,7 @@ class ResultScenario final {
             Product::until([this] { return window().informationWindow->isVisible(); });
         const double seconds = milliseconds(SteadyClock::now() - begin) / 1000;
         Product::rest(aMoment);
-        step(name, stretchGoal).delays.clear();
+        step(name, stallGoal).delays.clear();
         removed_.push_back(name + ": " + std::to_string(marked) + " marked, " +
                            window().informationWindow->scanInfoCount->text().toStdString() + ", " +
                            std::to_string(seconds) + " s");
@@ -411,21 +410,21 @@ class ResultScenario final {
         product_.click(window().results->buttonHomePage);
         const bool came =
             Product::until([this] { return product_.isOn(window().home->identifier()); });
-        Product::rest(aLongLook);
+        Product::rest(longPause);
         return came;
     }
 
-    [[nodiscard]] Stretch stretchOf(const std::string& name) const {
+    [[nodiscard]] Stall stallOf(const std::string& name) const {
         const auto& known = heartbeat_.steps();
         const auto found =
             std::find_if(known.begin(), known.end(),
                          [&name](const Heartbeat::Step& other) { return other.name == name; });
-        return found == known.end() ? Stretch() : found->longest;
+        return found == known.end() ? Stall() : found->longest;
     }
 
     [[nodiscard]] bool report(const Step& step) const {
-        const Stretch stretch = stretchOf(step.name);
-        const double worst = step.delays.empty() ? stretch.wall : most(step.delays);
+        const Stall stall = stallOf(step.name);
+        const double worst = step.delays.empty() ? stall.wall : most(step.delays);
         const bool reached = step.goal == noGoal || worst <= step.goal;
         std::printf("  %-36s", step.name.c_str());
         if (step.delays.empty()) {
@@ -438,8 +437,8 @@ class ResultScenario final {
         } else {
             std::printf(" %8.1f", step.goal);
         }
-        std::printf(" %8.1f  ran %.1f, in line %.1f; %.1f in %s%s\n", stretch.wall,
-                    stretch.processor, stretch.queued, stretch.handler, stretch.what.c_str(),
+        std::printf(" %8.1f  ran %.1f, waited %.1f; %.1f in %s%s\n", stall.wall, stall.processor,
+                    stall.queued, stall.handler, stall.what.c_str(),
                     reached ? "" : "  NOT REACHED");
         return reached;
     }
@@ -465,14 +464,14 @@ class ResultScenario final {
 
 int main(int argc, char** argv) {
     using namespace tarvin::bench;
-    CLI::App app("Measures how long a person waits in the window of a large result.");
+    CLI::App app("Measures the response times of the window with a large result.");
     ResultsOptions options;
-    app.add_option("--sets", options.result.sets, "so many sets")->check(CLI::PositiveNumber);
-    app.add_option("--files", options.result.files, "in so many files");
-    app.add_option("--extensions", options.result.extensions, "of so many extensions")
+    app.add_option("--sets", options.result.sets, "number of sets")->check(CLI::PositiveNumber);
+    app.add_option("--files", options.result.files, "number of files in all sets");
+    app.add_option("--extensions", options.result.extensions, "number of extensions")
         ->check(CLI::PositiveNumber);
-    app.add_option("--rounds", options.rounds, "so many results")->check(CLI::PositiveNumber);
-    app.add_option("--work", options.work, "where the files and the private home go");
+    app.add_option("--rounds", options.rounds, "number of results")->check(CLI::PositiveNumber);
+    app.add_option("--work", options.work, "folder for the files and the private home");
     CLI11_PARSE(app, argc, argv);
 
     const WorkFolder work(options.work);

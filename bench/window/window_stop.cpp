@@ -185,11 +185,11 @@ void print(const char* what, const std::vector<double>& figures) {
 int main(int argc, char** argv) {
     CLI::App app("Measures how long a stopped scan takes to show its result.");
     StopOptions options;
-    app.add_option("--gibibytes", options.gibibytes, "the size of each of the two files")
+    app.add_option("--gibibytes", options.gibibytes, "size of each of the two files")
         ->check(CLI::PositiveNumber);
-    app.add_option("--rounds", options.rounds, "so many stops, each further on in the files")
+    app.add_option("--rounds", options.rounds, "number of stops, each later in the files")
         ->check(CLI::PositiveNumber);
-    app.add_option("--work", options.work, "where the files and the private home go");
+    app.add_option("--work", options.work, "folder for the files and the private home");
     CLI11_PARSE(app, argc, argv);
 
     const PrivateHome home(options.work);
@@ -204,16 +204,16 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     StopRounds rounds(films);
     if (!rounds.run(options.rounds)) {
-        std::fputs("The product did not get on, or was done before it was stopped.\n", stderr);
+        std::fputs("The product did not respond, or finished before it was stopped.\n", stderr);
         return 1;
     }
     const Delays& delays = rounds.delays();
-    std::printf("Two files of %llu GiB, stopped %d times in the middle; ms, median and most:\n",
+    std::printf("Two files of %llu GiB, stopped %d times in the middle; ms, median and maximum:\n",
                 static_cast<unsigned long long>(options.gibibytes), options.rounds);
     print("Stop to the question", delays.question);
     print("Yes to the result", delays.answer);
     print("both, without a pause", delays.both);
     const bool reached = most(delays.both) <= stopGoal;
-    std::printf("at most %.0f ms: %s\n", stopGoal, reached ? "reached" : "NOT REACHED");
+    std::printf("goal: at most %.0f ms: %s\n", stopGoal, reached ? "reached" : "NOT REACHED");
     return reached ? 0 : 1;
 }
