@@ -29,8 +29,8 @@ class QtDesktop final : public Desktop {
         return QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray("file://" + encoded)));
     }
 
-    bool openAddress(const QString& address) override {
-        const QUrl url(address, QUrl::StrictMode);
+    bool openUrl(const QString& text) override {
+        const QUrl url(text, QUrl::StrictMode);
         return isSafeToOpen(url) && QDesktopServices::openUrl(url);
     }
 

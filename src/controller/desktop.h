@@ -18,7 +18,7 @@ class Desktop {
 
     /// Opens a URL with the scheme "file", "http", "https" or "mailto". Returns false for any other
     /// scheme and for an invalid URL, or if the desktop refuses.
-    virtual bool openAddress(const QString& address) = 0;
+    virtual bool openUrl(const QString& url) = 0;
 
     /// Starts a detached process. Returns false if it cannot be started.
     virtual bool startProgram(const QString& program, const QStringList& arguments) = 0;

@@ -41,9 +41,9 @@ void Help::helpMenuClicked() {
     }
 }
 
-void Help::openURLS(const QString& address) {
-    if (!address.isEmpty()) {
-        desktop_.openAddress(address);
+void Help::openURLS(const QString& url) {
+    if (!url.isEmpty()) {
+        desktop_.openUrl(url);
     }
 }
 

@@ -29,7 +29,7 @@ class Help final : public QObject {
     void supportMenuClicked() { openURLS(urlDict_.support); }
     void aboutMenuClicked();
     /// Opens a URL in the default application. Does nothing if it is empty or invalid.
-    void openURLS(const QString& address);
+    void openURLS(const QString& url);
 
  private:
     MainWindow& window_;

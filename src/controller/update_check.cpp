@@ -16,11 +16,11 @@ UpdateCheck::UpdateCheck(MainWindow& window, Alerts& alerts, Desktop& desktop, S
 }
 
 bool UpdateCheck::canCheck() const {
-    return subject_.read && !updateAddress(urlDict_).isEmpty();
+    return subject_.read && !updateUrl(urlDict_).isEmpty();
 }
 
 std::optional<QString> UpdateCheck::checkForupUpdates(const std::stop_token& stop) const {
-    const auto description = subject_.read(updateAddress(urlDict_), stop);
+    const auto description = subject_.read(updateUrl(urlDict_), stop);
     return description ? updateFor(subject_.version, *description) : std::nullopt;
 }
 

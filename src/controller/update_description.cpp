@@ -19,10 +19,10 @@ QString joined(QString path, QString component) {
     return path + u'/' + component;
 }
 
-bool isReadable(const QUrl& address) {
+bool isReadable(const QUrl& url) {
     static const QStringList schemes{QStringLiteral("file"), QStringLiteral("http"),
                                      QStringLiteral("https")};
-    return address.isValid() && schemes.contains(address.scheme());
+    return url.isValid() && schemes.contains(url.scheme());
 }
 
 /// One line that fits into the question.
@@ -40,15 +40,15 @@ QString shownVersion(const std::string& version) {
 
 }  // namespace
 
-QUrl updateAddress(const Urls& urls) {
+QUrl updateUrl(const Urls& urls) {
     if (urls.folderLocation.isEmpty() || urls.folderName.isEmpty()) {
         return {};
     }
     QString text =
         joined(joined(urls.folderLocation, urls.folderName), QStringLiteral("Update.plist"));
     text.replace(u' ', QStringLiteral("%20"));
-    QUrl address(text);
-    return isReadable(address) ? address : QUrl();
+    QUrl url(text);
+    return isReadable(url) ? url : QUrl();
 }
 
 std::optional<QString> updateFor(const QString& version, const QByteArray& description) {

@@ -12,7 +12,7 @@ namespace tarvin {
 /// The URL of the update description: "Update.plist" in the folder named by Urls.plist, joined as
 /// parts of a path, with "%20" for each space. Empty if there is none or its scheme is not http,
 /// https or file. Pure.
-[[nodiscard]] QUrl updateAddress(const Urls& urls);
+[[nodiscard]] QUrl updateUrl(const Urls& urls);
 
 /// UTF-16 units. A longer version is cut to fit into the question.
 inline constexpr qsizetype maxVersionLength = 64;

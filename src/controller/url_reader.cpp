@@ -9,8 +9,8 @@ namespace tarvin {
 
 namespace {
 
-std::optional<QByteArray> read(const QString& program, const ReadBounds& bounds,
-                               const QUrl& address, const std::stop_token& stop) {
+std::optional<QByteArray> read(const QString& program, const ReadBounds& bounds, const QUrl& url,
+                               const std::stop_token& stop) {
     QProcess process;
     QEventLoop loop;
     QByteArray bytes;
@@ -31,7 +31,7 @@ std::optional<QByteArray> read(const QString& program, const ReadBounds& bounds,
     });
     process.setStandardErrorFile(QProcess::nullDevice());
     process.start(program, QStringList());
-    process.write(address.toEncoded());
+    process.write(url.toEncoded());
     process.closeWriteChannel();
     QTimer limit;
     QObject::connect(&limit, &QTimer::timeout, &process, &QProcess::kill);
@@ -51,11 +51,11 @@ std::optional<QByteArray> read(const QString& program, const ReadBounds& bounds,
 
 UrlReader urlReaderFor(QString program, ReadBounds bounds) {
     return [program = std::move(program), bounds](
-               const QUrl& address, const std::stop_token& stop) -> std::optional<QByteArray> {
+               const QUrl& url, const std::stop_token& stop) -> std::optional<QByteArray> {
         if (program.isEmpty() || stop.stop_requested()) {
             return std::nullopt;
         }
-        return read(program, bounds, address, stop);
+        return read(program, bounds, url, stop);
     };
 }
 

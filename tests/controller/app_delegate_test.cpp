@@ -361,7 +361,7 @@ TEST_F(HelpMenu, OpensNothingWithoutUrls) {
     launch();
     EXPECT_FALSE(window().supportMenuItem->isEnabled());
     delegate->help().supportMenuClicked();
-    EXPECT_TRUE(desktop.addresses.isEmpty());
+    EXPECT_TRUE(desktop.urls.isEmpty());
 }
 
 TEST_F(HelpMenu, OpensTheGuide) {
@@ -379,7 +379,7 @@ TEST_F(HelpMenu, OpensTheSupportUrl) {
                          "<string>https://example.org/help</string></dict></plist>"));
     launch();
     window().supportMenuItem->trigger();
-    EXPECT_EQ(desktop.addresses, QStringList{QStringLiteral("https://example.org/help")});
+    EXPECT_EQ(desktop.urls, QStringList{QStringLiteral("https://example.org/help")});
 }
 
 TEST_F(HelpMenu, OffersNoSupportIfTheListIsDamaged) {
@@ -392,7 +392,7 @@ TEST_F(HelpMenu, OffersNoSupportIfTheListIsDamaged) {
         launch();
         EXPECT_FALSE(window().supportMenuItem->isEnabled()) << list;
         delegate->help().supportMenuClicked();
-        EXPECT_TRUE(desktop.addresses.isEmpty());
+        EXPECT_TRUE(desktop.urls.isEmpty());
         delegate.reset();
     }
 }

@@ -15,18 +15,18 @@
 namespace tarvin {
 
 /// Records the URLs that would be passed to the desktop.
-class OpenedAddresses final : public QObject {
+class OpenedUrls final : public QObject {
     Q_OBJECT
 
  public:
-    OpenedAddresses() {
+    OpenedUrls() {
         for (const QString& scheme : schemes()) {
             QDesktopServices::setUrlHandler(scheme, this, "take");
         }
     }
-    OpenedAddresses(const OpenedAddresses&) = delete;
-    OpenedAddresses& operator=(const OpenedAddresses&) = delete;
-    ~OpenedAddresses() override {
+    OpenedUrls(const OpenedUrls&) = delete;
+    OpenedUrls& operator=(const OpenedUrls&) = delete;
+    ~OpenedUrls() override {
         for (const QString& scheme : schemes()) {
             QDesktopServices::unsetUrlHandler(scheme);
         }
@@ -44,43 +44,42 @@ class OpenedAddresses final : public QObject {
 
 namespace {
 
-using Addresses = std::vector<std::string>;
+using Texts = std::vector<std::string>;
 
 class SystemDesktop : public ::testing::Test {
  protected:
-    OpenedAddresses opened_;
+    OpenedUrls opened_;
     Desktop& desktop_ = systemDesktop();
 };
 
 TEST_F(SystemDesktop, OpensUrlsOfFourSchemes) {
-    const Addresses addresses{"https://example.org/help?a=b#c", "http://example.org",
-                              "mailto:help@example.org", "file:///usr/share/index.html"};
-    for (const std::string& address : addresses) {
-        EXPECT_TRUE(desktop_.openAddress(QString::fromStdString(address))) << address;
+    const Texts urls{"https://example.org/help?a=b#c", "http://example.org",
+                     "mailto:help@example.org", "file:///usr/share/index.html"};
+    for (const std::string& url : urls) {
+        EXPECT_TRUE(desktop_.openUrl(QString::fromStdString(url))) << url;
     }
-    EXPECT_EQ(opened_.taken, addresses);
+    EXPECT_EQ(opened_.taken, urls);
 }
 
 TEST_F(SystemDesktop, RefusesOtherUrls) {
-    for (const char* address :
-         {"", " ", "example.org", "/usr/bin/env", "javascript:alert(1)", "ftp://example.org/a",
-          "smb://nas/share", "tarvin:", "http://exa mple.org/", "https://[bad", "http://a/%zz",
-          "-h", "://"}) {
-        EXPECT_FALSE(desktop_.openAddress(QString::fromUtf8(address))) << address;
+    for (const char* url : {"", " ", "example.org", "/usr/bin/env", "javascript:alert(1)",
+                            "ftp://example.org/a", "smb://nas/share", "tarvin:",
+                            "http://exa mple.org/", "https://[bad", "http://a/%zz", "-h", "://"}) {
+        EXPECT_FALSE(desktop_.openUrl(QString::fromUtf8(url))) << url;
     }
-    EXPECT_EQ(opened_.taken, Addresses{});
+    EXPECT_EQ(opened_.taken, Texts{});
 }
 
 TEST_F(SystemDesktop, OpensPathsByteForByte) {
     EXPECT_TRUE(desktop_.openPath("/a b/100%#?\xff.png"));
-    EXPECT_EQ(opened_.taken, Addresses{"file:///a%20b/100%25%23%3F%FF.png"});
+    EXPECT_EQ(opened_.taken, Texts{"file:///a%20b/100%25%23%3F%FF.png"});
 }
 
 TEST_F(SystemDesktop, RefusesPathsThatAreNotAbsolute) {
     EXPECT_FALSE(desktop_.openPath(""));
     EXPECT_FALSE(desktop_.openPath("a.png"));
     EXPECT_FALSE(desktop_.openPath("http://example.org/"));
-    EXPECT_EQ(opened_.taken, Addresses{});
+    EXPECT_EQ(opened_.taken, Texts{});
 }
 
 TEST_F(SystemDesktop, StartsProgramsWithTheirArguments) {

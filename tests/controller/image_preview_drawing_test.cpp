@@ -43,8 +43,8 @@ class ImagePreviewOfADrawing : public ImagePreviewFixture {
     }
 
     /// Part of an SVG that shows the image at a URL in its right half.
-    static std::string reference(const std::string& address) {
-        return "<image xlink:href='" + address + "' x='50' width='50' height='50'/>";
+    static std::string reference(const std::string& url) {
+        return "<image xlink:href='" + url + "' x='50' width='50' height='50'/>";
     }
 
     /// Nothing is drawn beside the red half.

@@ -267,7 +267,7 @@ TEST_F(LocationDrops, SayWhatBecameOfThem) {
     EXPECT_EQ(dropped_[2][0].value<Addition>(), (Addition{0, LocationNotice::unsupportedFile}));
 }
 
-TEST_F(LocationDrops, OfTextsAndWebAddressesChangeNothing) {
+TEST_F(LocationDrops, OfTextsAndWebUrlsChangeNothing) {
     QMimeData text;
     text.setText(QStringLiteral("/usr"));
     EXPECT_FALSE(drop(text));

@@ -71,8 +71,8 @@ class FakeDesktop final : public Desktop {
         paths.push_back(path);
         return opensPaths;
     }
-    bool openAddress(const QString& address) override {
-        addresses.push_back(address);
+    bool openUrl(const QString& url) override {
+        urls.push_back(url);
         return true;
     }
     bool startProgram(const QString& program, const QStringList& given) override {
@@ -83,7 +83,7 @@ class FakeDesktop final : public Desktop {
 
     bool opensPaths = true;  ///< false: there is no application
     std::vector<std::string> paths;
-    QStringList addresses;
+    QStringList urls;
     QStringList programs;
     QStringList arguments;  ///< of the last program
 };

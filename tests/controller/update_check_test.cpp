@@ -57,7 +57,7 @@ class FirstPaint final : public QObject {
 class Updates : public ProductFixture {
  protected:
     void SetUp() override {
-        lead(server.address());
+        lead(server.url());
         readUrl = urlReaderFor(QString::fromStdString(urlReaderPath()));
     }
 
@@ -183,11 +183,10 @@ TEST_F(Updates, AreNoneIfTheReadFails) {
 }
 
 TEST_F(Updates, MakeNoRequestsWithoutUrls) {
-    for (const std::string& list :
-         {std::string("damaged"), listOfTexts({}),
-          listOfTexts({{"FolderLocation", server.address().toStdString()}}),
-          listOfTexts({{"FolderName", "our updates"}}),
-          listOfTexts({{"FolderLocation", ""}, {"FolderName", ""}})}) {
+    for (const std::string& list : {std::string("damaged"), listOfTexts({}),
+                                    listOfTexts({{"FolderLocation", server.url().toStdString()}}),
+                                    listOfTexts({{"FolderName", "our updates"}}),
+                                    listOfTexts({{"FolderLocation", ""}, {"FolderName", ""}})}) {
         urls = QString::fromStdString(folder.writeFile("Urls.plist", list));
         alerts.shown.clear();
         launch();
@@ -208,7 +207,7 @@ TEST_F(Updates, MakeNoRequestsWithoutAUrlList) {
 }
 
 TEST_F(Updates, AreNoneWithoutANetwork) {
-    readUrl = [](const QUrl& /*address*/, const std::stop_token& /*stop*/) {
+    readUrl = [](const QUrl& /*url*/, const std::stop_token& /*stop*/) {
         return std::optional<QByteArray>();
     };
     launch();

@@ -9,9 +9,9 @@
 namespace tarvin {
 namespace {
 
-std::string addressOf(const char* location, const char* name) {
-    return updateAddress({.folderLocation = QString::fromUtf8(location),
-                          .folderName = QString::fromUtf8(name)})
+std::string updateUrlOf(const char* location, const char* name) {
+    return updateUrl({.folderLocation = QString::fromUtf8(location),
+                      .folderName = QString::fromUtf8(name)})
         .toEncoded()
         .toStdString();
 }
@@ -25,36 +25,37 @@ std::string updateOf(const char* version, const std::string& description) {
 }
 
 TEST(UpdateUrl, JoinsTheFolderItsNameAndTheList) {
-    EXPECT_EQ(addressOf("https://example.org/files", "updates"),
+    EXPECT_EQ(updateUrlOf("https://example.org/files", "updates"),
               "https://example.org/files/updates/Update.plist");
-    EXPECT_EQ(addressOf("http://127.0.0.1:80", "updates"),
+    EXPECT_EQ(updateUrlOf("http://127.0.0.1:80", "updates"),
               "http://127.0.0.1:80/updates/Update.plist");
-    EXPECT_EQ(addressOf("file:///srv/files", "updates"), "file:///srv/files/updates/Update.plist");
+    EXPECT_EQ(updateUrlOf("file:///srv/files", "updates"),
+              "file:///srv/files/updates/Update.plist");
 }
 
 TEST(UpdateUrl, PutsOneSlashBetweenTwoParts) {
-    EXPECT_EQ(addressOf("https://example.org/files/", "/updates/"),
+    EXPECT_EQ(updateUrlOf("https://example.org/files/", "/updates/"),
               "https://example.org/files/updates/Update.plist");
-    EXPECT_EQ(addressOf("https://example.org//files//", "updates"),
+    EXPECT_EQ(updateUrlOf("https://example.org//files//", "updates"),
               "https://example.org//files/updates/Update.plist");
 }
 
 TEST(UpdateUrl, EncodesSpaces) {
-    EXPECT_EQ(addressOf("https://example.org/our files", "new versions"),
+    EXPECT_EQ(updateUrlOf("https://example.org/our files", "new versions"),
               "https://example.org/our%20files/new%20versions/Update.plist");
 }
 
 TEST(UpdateUrl, IsNoneIfAPartIsMissing) {
-    EXPECT_EQ(addressOf("", "updates"), "");
-    EXPECT_EQ(addressOf("https://example.org", ""), "");
-    EXPECT_EQ(addressOf("", ""), "");
+    EXPECT_EQ(updateUrlOf("", "updates"), "");
+    EXPECT_EQ(updateUrlOf("https://example.org", ""), "");
+    EXPECT_EQ(updateUrlOf("", ""), "");
 }
 
 TEST(UpdateUrl, IsNoneIfItCannotBeReadFrom) {
     for (const char* location :
          {"ftp://example.org", "/srv/files", "srv/files", "example.org", "javascript:alert(1)",
           "data:,text", "qrc:", "https://[bad", "smb://nas/share", "://"}) {
-        EXPECT_EQ(addressOf(location, "updates"), "") << location;
+        EXPECT_EQ(updateUrlOf(location, "updates"), "") << location;
     }
 }
 

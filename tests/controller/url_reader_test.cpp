@@ -34,11 +34,11 @@ class UrlReaderTest : public ::testing::Test {
     }
 
     /// Starts reading on a background thread; join() returns the result.
-    void begin(const UrlReader& reading, const QString& address) {
+    void begin(const UrlReader& reading, const QString& url) {
         done_ = false;
         bytes_ = "nothing yet";
-        reader_ = std::jthread([this, reading, address](const std::stop_token& stop) {
-            bytes_ = reading(QUrl(address), stop);
+        reader_ = std::jthread([this, reading, url](const std::stop_token& stop) {
+            bytes_ = reading(QUrl(url), stop);
             done_ = true;
         });
     }
@@ -48,8 +48,8 @@ class UrlReaderTest : public ::testing::Test {
         return bytes_;
     }
     std::optional<QByteArray> read(const UrlReader& reading,
-                                   const QString& address = QStringLiteral("http://127.0.0.1/")) {
-        begin(reading, address);
+                                   const QString& url = QStringLiteral("http://127.0.0.1/")) {
+        begin(reading, url);
         return join();
     }
 
@@ -62,21 +62,21 @@ class UrlReaderTest : public ::testing::Test {
 TEST_F(UrlReaderTest, BringsWhatIsThere) {
     const QByteArray body("zero \0 and \xFF", 12);
     const LoopbackServer server(LoopbackServer::with(body));
-    EXPECT_EQ(read(byTheProgram(), server.address() + QStringLiteral("/a%20b")), body);
+    EXPECT_EQ(read(byTheProgram(), server.url() + QStringLiteral("/a%20b")), body);
     ASSERT_EQ(server.requests.size(), 1);
     EXPECT_TRUE(server.requests[0].startsWith("GET /a%20b HTTP/1.1\r\n"));
 }
 
 TEST_F(UrlReaderTest, BringsNothingIfThereIsNothing) {
     const LoopbackServer server(LoopbackServer::withRaw("HTTP/1.1 404 Not Found\r\n\r\n"));
-    EXPECT_EQ(read(byTheProgram(), server.address()), std::nullopt);
+    EXPECT_EQ(read(byTheProgram(), server.url()), std::nullopt);
     EXPECT_EQ(read(byTheProgram(), QString()), std::nullopt);
     EXPECT_EQ(read(byTheProgram(), QStringLiteral("nonsense")), std::nullopt);
 }
 
 TEST_F(UrlReaderTest, HasAnEmptyAnswerToo) {
     const LoopbackServer server(LoopbackServer::with({}));
-    EXPECT_EQ(read(byTheProgram(), server.address()), QByteArray());
+    EXPECT_EQ(read(byTheProgram(), server.url()), QByteArray());
 }
 
 /// The limit of the body does not apply to the header.
@@ -88,7 +88,7 @@ TEST_F(UrlReaderTest, EndsInTimeWhileTheHeadOfTheAnswerGoesOn) {
                          [&] { connection.write("X-More: and more\r\n"); });
         lines.start(5);
     });
-    EXPECT_EQ(read(byTheProgram({.time = soonEnough}), server.address()), std::nullopt);
+    EXPECT_EQ(read(byTheProgram({.time = soonEnough}), server.url()), std::nullopt);
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.closed == 1; }, patience));
 }
 
@@ -98,7 +98,7 @@ TEST_F(UrlReaderTest, EndsInTimeWhateverTheProgramWaitsFor) {
 
 TEST_F(UrlReaderTest, EndsWhenItIsStopped) {
     LoopbackServer server([](QTcpSocket& /*connection*/) {});
-    begin(byTheProgram({.time = std::chrono::hours(1)}), server.address());
+    begin(byTheProgram({.time = std::chrono::hours(1)}), server.url());
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.requests.size() == 1; }, patience));
     reader_.request_stop();
     EXPECT_EQ(join(), std::nullopt);
@@ -119,7 +119,7 @@ TEST_F(UrlReaderTest, TakesUpToItsBound) {
     EXPECT_EQ(read(byScript("exec yes")), std::nullopt);
 }
 
-TEST_F(UrlReaderTest, GivesTheProgramTheAddress) {
+TEST_F(UrlReaderTest, PassesTheUrlToTheProgram) {
     EXPECT_EQ(read(byScript("cat"), QStringLiteral("https://example.org/a b")),
               QByteArray("https://example.org/a%20b"));
 }

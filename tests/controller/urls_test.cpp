@@ -60,7 +60,7 @@ TEST(UrlList, HoldsNothingIfItIsHuge) {
 }
 
 /// The installed list has no URLs, so no requests are made; with a packager's URLs it can be read.
-TEST(UrlList, IsInstalledWithoutAddresses) {
+TEST(UrlList, IsInstalledWithoutUrls) {
     std::string list = contentOf(installedUrlsPath());
     expectNone(urlsIn(list), list);
     const std::string empty = "<string></string>";

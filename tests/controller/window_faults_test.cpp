@@ -43,13 +43,13 @@ class DropOntoTheWindow : public ProductFixture {
         return drop.isAccepted();
     }
 
-    void dropAddresses(const QByteArray& lines) {
+    void dropUrls(const QByteArray& lines) {
         QMimeData data;
         data.setData(QStringLiteral("text/uri-list"), lines);
         drop(data);
     }
 
-    [[nodiscard]] QByteArray address(const std::string& path) {
+    [[nodiscard]] QByteArray fileUrl(const std::string& path) {
         return QUrl::fromLocalFile(QString::fromStdString(path)).toEncoded() + "\r\n";
     }
 
@@ -63,7 +63,7 @@ class DropOntoTheWindow : public ProductFixture {
 };
 
 TEST_F(DropOntoTheWindow, OfAFolderAddsItAndOffersTheScan) {
-    dropAddresses(address(folder.makeFolder("Music")));
+    dropUrls(fileUrl(folder.makeFolder("Music")));
     ASSERT_EQ(rows().size(), 5U);
     EXPECT_EQ(rows().back().name, folder.pathOf("Music"));
     EXPECT_TRUE(window().locations->findDuplicateExact->isEnabled());
@@ -71,30 +71,30 @@ TEST_F(DropOntoTheWindow, OfAFolderAddsItAndOffersTheScan) {
 }
 
 TEST_F(DropOntoTheWindow, OfAFolderThatIsCoveredSaysSo) {
-    dropAddresses(address(folder.makeFolder("Pictures/2022")));
+    dropUrls(fileUrl(folder.makeFolder("Pictures/2022")));
     EXPECT_EQ(rows().size(), 4U);
     EXPECT_EQ(notice(), QStringLiteral("File already added."));
     EXPECT_FALSE(window().locations->findDuplicateExact->isEnabled());
 }
 
 TEST_F(DropOntoTheWindow, OfAFileThatIsNoImageSaysSo) {
-    dropAddresses(address(folder.writeFile("notes.txt", "text")));
+    dropUrls(fileUrl(folder.writeFile("notes.txt", "text")));
     EXPECT_EQ(rows().size(), 4U);
     EXPECT_EQ(notice(), QStringLiteral("Unsupported file."));
 }
 
 TEST_F(DropOntoTheWindow, OfAListedFolderAndANewImageAddsTheImageAndSaysNothing) {
-    dropAddresses(address(folder.pathOf("Pictures")) + address(folder.writeFile("a.jpg", "x")));
+    dropUrls(fileUrl(folder.pathOf("Pictures")) + fileUrl(folder.writeFile("a.jpg", "x")));
     ASSERT_EQ(rows().size(), 5U);
     EXPECT_EQ(rows().back().name, folder.pathOf("a.jpg"));
     EXPECT_EQ(notice(), QString());
 }
 
-TEST_F(DropOntoTheWindow, OfATextOrAWebAddressChangesNothing) {
+TEST_F(DropOntoTheWindow, OfATextOrAWebUrlChangesNothing) {
     QMimeData text;
     text.setText(QStringLiteral("holiday"));
     drop(text);
-    dropAddresses("https://example.org/picture.jpg\r\n");
+    dropUrls("https://example.org/picture.jpg\r\n");
     EXPECT_EQ(rows().size(), 4U);
     EXPECT_EQ(notice(), QString());
 }
@@ -102,9 +102,9 @@ TEST_F(DropOntoTheWindow, OfATextOrAWebAddressChangesNothing) {
 TEST_F(DropOntoTheWindow, OfTenThousandFilesAddsThemAll) {
     QByteArray lines;
     for (int number = 0; number < 10000; ++number) {
-        lines += address(folder.writeFile("many/" + std::to_string(number) + ".jpg", "x"));
+        lines += fileUrl(folder.writeFile("many/" + std::to_string(number) + ".jpg", "x"));
     }
-    dropAddresses(lines);
+    dropUrls(lines);
     EXPECT_EQ(rows().size(), 10004U);
     EXPECT_TRUE(window().locations->findDuplicateExact->isEnabled());
     EXPECT_EQ(notice(), QString());
@@ -114,7 +114,7 @@ TEST_F(DropOntoTheWindow, OfANameThatIsNotTextKeepsItsBytes) {
     const std::string path = folder.makeFolder("M\xFCsik");
     QByteArray encoded = "file://";
     encoded += QByteArray::fromStdString(path).toPercentEncoding("/");
-    dropAddresses(encoded + "\r\n");
+    dropUrls(encoded + "\r\n");
     ASSERT_EQ(rows().size(), 5U);
     EXPECT_EQ(rows().back().name, path);
 }

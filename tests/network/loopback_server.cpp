@@ -46,12 +46,12 @@ LoopbackServer::Answer LoopbackServer::withRaw(const QByteArray& bytes) {
     };
 }
 
-LoopbackServer::Answer LoopbackServer::to(const QString& address) {
-    return withRaw("HTTP/1.1 302 Found\r\nLocation: " + address.toUtf8() +
+LoopbackServer::Answer LoopbackServer::to(const QString& url) {
+    return withRaw("HTTP/1.1 302 Found\r\nLocation: " + url.toUtf8() +
                    "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
 }
 
-QString LoopbackServer::address() const {
+QString LoopbackServer::url() const {
     return QStringLiteral("%1://127.0.0.1:%2")
         .arg(scheme_ == Scheme::http ? QStringLiteral("http") : QStringLiteral("https"))
         .arg(server_->serverPort());

@@ -25,10 +25,10 @@ class LoopbackServer final : public QObject {
     /// These bytes, including the header; then closes.
     static Answer withRaw(const QByteArray& bytes);
     /// A redirect.
-    static Answer to(const QString& address);
+    static Answer to(const QString& url);
 
     /// Such as "http://127.0.0.1:4711".
-    [[nodiscard]] QString address() const;
+    [[nodiscard]] QString url() const;
 
     QByteArrayList requests;  ///< request lines with headers
     int closed = 0;           ///< number of closed connections

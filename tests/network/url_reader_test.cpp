@@ -28,12 +28,12 @@ constexpr milliseconds soon{300};
 constexpr int longWait = 20'000;
 
 /// Reads on another thread while this one runs the server.
-std::optional<QByteArray> readThere(const QString& address, const ReadBounds& bounds = {}) {
+std::optional<QByteArray> readThere(const QString& url, const ReadBounds& bounds = {}) {
     std::atomic<bool> done{false};
     std::optional<QByteArray> bytes;
     {
         const std::jthread reader([&] {
-            bytes = readUrl(QUrl(address), bounds);
+            bytes = readUrl(QUrl(url), bounds);
             done = true;
         });
         EXPECT_TRUE(QTest::qWaitFor([&] { return done.load(); }, longWait));
@@ -42,7 +42,7 @@ std::optional<QByteArray> readThere(const QString& address, const ReadBounds& bo
 }
 
 std::optional<QByteArray> readFrom(const LoopbackServer& server, const ReadBounds& bounds = {}) {
-    return readThere(server.address() + QStringLiteral("/Update.plist"), bounds);
+    return readThere(server.url() + QStringLiteral("/Update.plist"), bounds);
 }
 
 /// Trusts the test server's certificate until destruction.
@@ -148,12 +148,12 @@ TEST(UrlReader, RefusesAResponseThatIsNotHttp) {
 }
 
 TEST(UrlReader, FailsWithoutAListener) {
-    QString address;
+    QString url;
     {
         const LoopbackServer server(LoopbackServer::with("gone"));
-        address = server.address();
+        url = server.url();
     }
-    EXPECT_EQ(readThere(address), std::nullopt);
+    EXPECT_EQ(readThere(url), std::nullopt);
 }
 
 TEST(UrlReader, FailsWhenTheConnectionIsReset) {
@@ -164,7 +164,7 @@ TEST(UrlReader, FailsWhenTheConnectionIsReset) {
 
 TEST(UrlReader, FollowsWithinAScheme) {
     const LoopbackServer there(LoopbackServer::with("moved"));
-    const LoopbackServer server(LoopbackServer::to(there.address() + QStringLiteral("/new")));
+    const LoopbackServer server(LoopbackServer::to(there.url() + QStringLiteral("/new")));
     EXPECT_EQ(readFrom(server), QByteArray("moved"));
     ASSERT_EQ(there.requests.size(), 1);
     EXPECT_TRUE(there.requests[0].startsWith("GET /new "));
@@ -200,7 +200,7 @@ TEST(UrlReader, ReadsFromATrustedServer) {
 TEST(UrlReader, FollowsFromHttpToHttps) {
     const Trust trust;
     const LoopbackServer secure(LoopbackServer::with("moved"), LoopbackServer::Scheme::https);
-    const LoopbackServer server(LoopbackServer::to(secure.address() + QStringLiteral("/new")));
+    const LoopbackServer server(LoopbackServer::to(secure.url() + QStringLiteral("/new")));
     EXPECT_EQ(readFrom(server), QByteArray("moved"));
     ASSERT_EQ(secure.requests.size(), 1);
     EXPECT_TRUE(secure.requests[0].startsWith("GET /new "));
@@ -208,7 +208,7 @@ TEST(UrlReader, FollowsFromHttpToHttps) {
 
 TEST(UrlReader, DoesNotFollowToAnUntrustedServer) {
     const LoopbackServer secure(LoopbackServer::with("forged"), LoopbackServer::Scheme::https);
-    const LoopbackServer server(LoopbackServer::to(secure.address()));
+    const LoopbackServer server(LoopbackServer::to(secure.url()));
     EXPECT_EQ(readFrom(server), std::nullopt);
     EXPECT_TRUE(secure.requests.isEmpty());
 }
@@ -217,11 +217,11 @@ TEST(UrlReader, DoesNotFollowToAnUntrustedServer) {
 TEST(UrlReader, DoesNotFollowFromHttpsToHttp) {
     const Trust trust;
     const LoopbackServer plain(LoopbackServer::with("in the clear"));
-    const LoopbackServer secure(LoopbackServer::to(plain.address()), LoopbackServer::Scheme::https);
+    const LoopbackServer secure(LoopbackServer::to(plain.url()), LoopbackServer::Scheme::https);
     EXPECT_EQ(readFrom(secure), std::nullopt);
     EXPECT_EQ(secure.requests.size(), 1);
     EXPECT_TRUE(plain.requests.isEmpty());
-    const LoopbackServer first(LoopbackServer::to(secure.address()));
+    const LoopbackServer first(LoopbackServer::to(secure.url()));
     EXPECT_EQ(readFrom(first), std::nullopt);
     EXPECT_EQ(secure.requests.size(), 2);
     EXPECT_TRUE(plain.requests.isEmpty());
@@ -248,9 +248,9 @@ class OpenCounter final {
 };
 
 TEST(UrlReader, DoesNotFollowToOtherSchemes) {
-    for (const QString& address : {QStringLiteral("data:,text"), QStringLiteral("http://[bad")}) {
-        const LoopbackServer server(LoopbackServer::to(address));
-        EXPECT_EQ(readFrom(server), std::nullopt) << address.toStdString();
+    for (const QString& url : {QStringLiteral("data:,text"), QStringLiteral("http://[bad")}) {
+        const LoopbackServer server(LoopbackServer::to(url));
+        EXPECT_EQ(readFrom(server), std::nullopt) << url.toStdString();
     }
 }
 
@@ -291,10 +291,10 @@ TEST(Redirect, IsAllowedWithinASchemeAndFromHttpToHttps) {
 TEST(UrlReader, ReadsFiles) {
     const TemporaryFolder folder;
     const QString path = QString::fromStdString(folder.writeFile("a file", "bytes"));
-    const QString address = QUrl::fromLocalFile(path).toString();
-    EXPECT_EQ(readThere(address), QByteArray("bytes"));
-    EXPECT_EQ(readThere(address, {.bytes = 5}), QByteArray("bytes"));
-    EXPECT_EQ(readThere(address, {.bytes = 4}), std::nullopt);
+    const QString url = QUrl::fromLocalFile(path).toString();
+    EXPECT_EQ(readThere(url), QByteArray("bytes"));
+    EXPECT_EQ(readThere(url, {.bytes = 5}), QByteArray("bytes"));
+    EXPECT_EQ(readThere(url, {.bytes = 4}), std::nullopt);
 }
 
 TEST(UrlReader, RefusesFoldersPipesAndDevices) {

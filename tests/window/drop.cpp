@@ -59,11 +59,11 @@ void dropFromElsewhere(const std::string& type, const std::string& content, Spot
 }
 
 void dropFiles(const std::vector<std::string>& paths, Spot target) {
-    std::string addresses;
+    std::string lines;
     for (const std::string& path : paths) {
-        addresses += "file://" + encoded(path) + "\r\n";
+        lines += "file://" + encoded(path) + "\r\n";
     }
-    dropFromElsewhere("text/uri-list", addresses, target);
+    dropFromElsewhere("text/uri-list", lines, target);
 }
 
 }  // namespace tarvin
