@@ -25,7 +25,8 @@ void paintCheckBox(QPainter& painter, const QRect& box, Qt::CheckState state, bo
     constexpr double disabledOpacity = 0.45;
     const double before = painter.opacity();
     painter.setOpacity(enabled ? before : before * disabledOpacity);
-    painter.drawPixmap(box.topLeft(), picture(imageNameOf(state), box.size(), densityOf(painter)));
+    painter.drawPixmap(box.topLeft(),
+                       picture(imageNameOf(state), box.size(), devicePixelRatioOf(painter)));
     painter.setOpacity(before);
 }
 

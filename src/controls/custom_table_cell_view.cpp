@@ -49,8 +49,8 @@ void CustomTableCellView::paint(QPainter& painter, const QRect& cell) const {
 
 void CustomTableCellView::paintImage(QPainter& painter, const QRect& place) const {
     if (image_.isNull()) {
-        painter.drawPixmap(place.topLeft(),
-                           picture(QStringLiteral("folder"), place.size(), densityOf(painter)));
+        painter.drawPixmap(place.topLeft(), picture(QStringLiteral("folder"), place.size(),
+                                                    devicePixelRatioOf(painter)));
         return;
     }
     painter.setRenderHint(QPainter::SmoothPixmapTransform);

@@ -73,7 +73,8 @@ class PictureEngine final : public QIconEngine {
     explicit PictureEngine(QString name) : name_(std::move(name)) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
-        painter->drawPixmap(rect.topLeft(), picture(name_, rect.size(), densityOf(*painter)));
+        painter->drawPixmap(rect.topLeft(),
+                            picture(name_, rect.size(), devicePixelRatioOf(*painter)));
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode, QIcon::State) override {

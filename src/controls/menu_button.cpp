@@ -67,7 +67,7 @@ void MenuButton::draw(QPainter& painter) {
     }
     drawBackground(painter);
     const QRect place((width() - side) / 2, (height() - side) / 2, side, side);
-    painter.drawPixmap(place, picture(pictureName_, place.size(), densityOf(painter)));
+    painter.drawPixmap(place, picture(pictureName_, place.size(), devicePixelRatioOf(painter)));
 }
 
 void MenuButton::keyPressEvent(QKeyEvent* event) {

@@ -10,7 +10,7 @@
 
 namespace tarvin {
 
-double densityOf(const QPainter& painter) {
+double devicePixelRatioOf(const QPainter& painter) {
     // The widget's own ratio would be wrong when it is painted into an image of another one.
     const QTransform toDevice = painter.deviceTransform();
     return std::hypot(toDevice.m11(), toDevice.m12());
@@ -25,8 +25,8 @@ QColor darkened(const QColor& color) {
 
 void paintFrame(QPainter& painter, const QRectF& rect, double width, const QColor& color) {
     // Whole device pixels, otherwise the sides differ in width at ratios such as 1.5.
-    const double density = densityOf(painter);
-    const double side = std::max(1.0, std::round(width * density)) / density;
+    const double ratio = devicePixelRatioOf(painter);
+    const double side = std::max(1.0, std::round(width * ratio)) / ratio;
     const double inner = rect.height() - 2 * side;
     painter.fillRect(QRectF(rect.left(), rect.top(), rect.width(), side), color);
     painter.fillRect(QRectF(rect.left(), rect.bottom() - side, rect.width(), side), color);
@@ -40,11 +40,11 @@ void paintFaded(QPainter& painter, const QRect& rect, double opacity,
         paint(painter);
         return;
     }
-    const double density = densityOf(painter);
+    const double ratio = devicePixelRatioOf(painter);
     // Whole device pixels; the last one may be clipped.
-    QPixmap layer(static_cast<int>(std::ceil(rect.width() * density)),
-                  static_cast<int>(std::ceil(rect.height() * density)));
-    layer.setDevicePixelRatio(density);
+    QPixmap layer(static_cast<int>(std::ceil(rect.width() * ratio)),
+                  static_cast<int>(std::ceil(rect.height() * ratio)));
+    layer.setDevicePixelRatio(ratio);
     layer.fill(Qt::transparent);
     QPainter inside(&layer);
     inside.setFont(painter.font());

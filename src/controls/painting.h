@@ -12,7 +12,7 @@
 namespace tarvin {
 
 /// The device pixel ratio of the painter.
-[[nodiscard]] double densityOf(const QPainter& painter);
+[[nodiscard]] double devicePixelRatioOf(const QPainter& painter);
 
 /// The colour of a control that is held down: 12 % darker.
 [[nodiscard]] QColor darkened(const QColor& color);

@@ -60,7 +60,7 @@ PanelShadow::PanelShadow(QWidget& panel)
 
 void PanelShadow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const double ratio = densityOf(painter);
+    const double ratio = devicePixelRatioOf(painter);
     if (image_.size() != (QSizeF(size()) * ratio).toSize() || image_.devicePixelRatio() != ratio) {
         image_ = shadowImage(size(), ratio);
     }

@@ -146,7 +146,7 @@ void PopUpButton::draw(QPainter& painter) const {
               isEnabled() ? look::ink : look::disabledText);
     painter.setOpacity(isEnabled() ? 1.0 : disabledAlpha);
     painter.drawPixmap(chevron.topLeft(), picture(QStringLiteral("ui/chevron_down"), chevron.size(),
-                                                  densityOf(painter)));
+                                                  devicePixelRatioOf(painter)));
 }
 
 bool PopUpButton::event(QEvent* event) {

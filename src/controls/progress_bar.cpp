@@ -13,7 +13,7 @@ namespace tarvin {
 namespace {
 
 constexpr int sweepMilliseconds = 1400;
-constexpr double pieceWidth = 0.34;  // share of the bar
+constexpr double sweepWidth = 0.34;  // share of the bar
 constexpr int steps = 10000;         // steps of the value for assistive technology
 
 }  // namespace
@@ -70,12 +70,12 @@ void ProgressBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), look::line);
     if (indeterminate_) {
-        const double left = clock_.phase() * (1 + pieceWidth) - pieceWidth;
-        painter.fillRect(QRectF(left * width(), 0, pieceWidth * width(), height()), look::teal);
+        const double left = clock_.phase() * (1 + sweepWidth) - sweepWidth;
+        painter.fillRect(QRectF(left * width(), 0, sweepWidth * width(), height()), look::teal);
         return;
     }
     // Whole pixels, rounded down: the bar is full only at the end.
-    const double ratio = densityOf(painter);
+    const double ratio = devicePixelRatioOf(painter);
     const double filled = std::floor(fraction() * width() * ratio) / ratio;
     const QRectF done(0, 0, filled, height());
     painter.fillRect(done, look::teal);

@@ -55,7 +55,7 @@ void ScanAnimation::paintEvent(QPaintEvent*) {
     // The images have the size in which they are painted. With smoothing, Qt would paint them on a
     // thread pool, for which the main thread would wait: up to 0.2 s while a scan uses all CPUs.
     QPainter painter(this);
-    const double ratio = densityOf(painter);
+    const double ratio = devicePixelRatioOf(painter);
     painter.drawPixmap(
         QPoint((width() - stageSize.width()) / 2, (height() - stageSize.height()) / 2),
         picture(QStringLiteral("ui/scan_stage"), stageSize, ratio));

@@ -54,7 +54,7 @@ void TabButton::draw(QPainter& painter) {
     const int left = std::max((width() - glyphSide - gap - title) / 2, 0);
     const QRect glyphPlace(left, (height() - glyphSide) / 2, glyphSide, glyphSide);
     painter.drawPixmap(glyphPlace.topLeft(),
-                       picture(glyph_, glyphPlace.size(), densityOf(painter)));
+                       picture(glyph_, glyphPlace.size(), devicePixelRatioOf(painter)));
     const int titleLeft = glyphPlace.right() + 1 + gap;
     paintLine(painter, {titleLeft, 0, width() - titleLeft, height()}, text(), font,
               selected ? look::activeTab : look::ink);

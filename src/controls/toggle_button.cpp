@@ -28,7 +28,8 @@ void ToggleButton::draw(QPainter& painter) {
         painter.setOpacity(painter.opacity() * disabledOpacity());
     }
     const QRect place = checkBoxIn(rect(), side);
-    painter.drawPixmap(place.topLeft(), picture(glyph(), place.size(), densityOf(painter)));
+    painter.drawPixmap(place.topLeft(),
+                       picture(glyph(), place.size(), devicePixelRatioOf(painter)));
 }
 
 }  // namespace tarvin

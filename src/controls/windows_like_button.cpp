@@ -19,7 +19,7 @@ void WIndowsLikeButton::draw(QPainter& painter) {
     painter.fillRect(rect(), isDown() ? darkened(look::teal) : look::teal);
     paintFrame(painter, rect(), edge, look::surface);
     const QRect place((width() - side) / 2, (height() - side) / 2, side, side);
-    painter.drawPixmap(place.topLeft(), picture(glyph_, place.size(), densityOf(painter)));
+    painter.drawPixmap(place.topLeft(), picture(glyph_, place.size(), devicePixelRatioOf(painter)));
 }
 
 }  // namespace tarvin

@@ -40,15 +40,15 @@ void ImageView::paintEvent(QPaintEvent*) {
     if (image_.isNull() || inside.isEmpty()) {
         return;
     }
-    const double density = densityOf(painter);
+    const double ratio = devicePixelRatioOf(painter);
     // An image much wider than it is high is painted as a line.
     const QSize size = image_.size()
-                           .scaled((QSizeF(inside.size()) * density).toSize(), Qt::KeepAspectRatio)
+                           .scaled((QSizeF(inside.size()) * ratio).toSize(), Qt::KeepAspectRatio)
                            .expandedTo({1, 1});
-    if (scaled_.size() != size || scaled_.devicePixelRatio() != density) {
+    if (scaled_.size() != size || scaled_.devicePixelRatio() != ratio) {
         scaled_ = QPixmap::fromImage(
             image_.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-        scaled_.setDevicePixelRatio(density);
+        scaled_.setDevicePixelRatio(ratio);
     }
     const QRect place = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter,
                                             scaled_.deviceIndependentSize().toSize(), inside);

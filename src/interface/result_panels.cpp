@@ -36,7 +36,7 @@ constexpr int linesLeft = 144;
 constexpr int linesWidth = 348;
 constexpr int linesTop = 58;
 constexpr int linesRoom = 3 * linePitch;
-constexpr int airAboveFew = 8;  ///< one or two lines are placed a little lower
+constexpr int marginAboveFewLines = 8;  ///< one or two lines are placed a little lower
 
 TextBlock* makeLine(const char* name, QWidget* parent) {
     auto* block = named(new TextBlock(look::font(15), linePitch, look::ink), name);
@@ -145,7 +145,7 @@ int InformationPanel::heightMissing() const {
 void InformationPanel::placeLines() {
     const int needed =
         heightOf(*scanInfoCount) + heightOf(*scanInfoSize) + heightOf(*scanOtherInfo);
-    int top = linesTop + (needed < linesRoom ? airAboveFew : 0);
+    int top = linesTop + (needed < linesRoom ? marginAboveFewLines : 0);
     for (TextBlock* block : {scanInfoCount, scanInfoSize, scanOtherInfo}) {
         block->setGeometry(linesLeft, top, linesWidth, heightOf(*block));
         top += block->height();

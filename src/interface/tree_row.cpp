@@ -19,7 +19,7 @@ constexpr int rightMargin = 8;
 
 void paintBranch(QPainter& painter, const QRect& place, bool expanded) {
     const QPixmap chevron =
-        picture(QStringLiteral("ui/chevron_down"), place.size(), densityOf(painter));
+        picture(QStringLiteral("ui/chevron_down"), place.size(), devicePixelRatioOf(painter));
     painter.save();
     painter.translate(QRectF(place).center());
     painter.setRenderHint(QPainter::SmoothPixmapTransform);

@@ -12,9 +12,9 @@ namespace {
 
 /// A check box of `side` on white at device pixel ratio 3.
 QImage paint(Qt::CheckState state, bool enabled = true, int side = 18) {
-    constexpr int density = 3;
-    QImage image(QSize(side, side) * density, QImage::Format_RGB32);
-    image.setDevicePixelRatio(density);
+    constexpr int ratio = 3;
+    QImage image(QSize(side, side) * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
     image.fill(Qt::white);
     QPainter painter(&image);
     paintCheckBox(painter, QRect(0, 0, side, side), state, enabled);

@@ -226,19 +226,19 @@ TEST(PaintedButton, IsFadedAsAWholeAtEveryPixelRatio) {
     ControlFixture bench(QColor(200, 200, 200));
     auto& button = bench.add<TwoLayers>(paintedButtonPlace);
     button.setAlpha(0.6);
-    for (const double density : {1.0, 1.25, 1.5, 2.0, 3.0}) {
-        QImage image((QSizeF(bench.window().size()) * density).toSize(), QImage::Format_RGB32);
-        image.setDevicePixelRatio(density);
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+        QImage image((QSizeF(bench.window().size()) * ratio).toSize(), QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
         bench.window().render(&image);
         const auto at = [&](QPoint point) {
-            return image.pixelColor((QPointF(point) * density).toPoint());
+            return image.pixelColor((QPointF(point) * ratio).toPoint());
         };
-        EXPECT_THAT(at(paintedButtonPlace.center()), IsRgb(233, 233, 233)) << density;
-        EXPECT_THAT(at(paintedButtonPlace.topLeft() + QPoint(5, 5)), IsRgb(80, 140, 80)) << density;
+        EXPECT_THAT(at(paintedButtonPlace.center()), IsRgb(233, 233, 233)) << ratio;
+        EXPECT_THAT(at(paintedButtonPlace.topLeft() + QPoint(5, 5)), IsRgb(80, 140, 80)) << ratio;
         EXPECT_THAT(at(paintedButtonPlace.bottomRight() - QPoint(1, 1)), IsRgb(80, 140, 80))
-            << density;
+            << ratio;
         EXPECT_THAT(at(paintedButtonPlace.bottomRight() + QPoint(3, 3)), IsRgb(200, 200, 200))
-            << density;
+            << ratio;
     }
 }
 

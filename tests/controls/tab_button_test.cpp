@@ -70,9 +70,9 @@ TEST_F(TabButtonTest, OneSelectedWhileHoveredLooksSelected) {
 
 TEST_F(TabButtonTest, GlyphAndTitleAreCentredTogether) {
     const QRect ink = inkBounds(bench.picture(tabButtonPlace), QColor(243, 246, 248));
-    const double density = tab.devicePixelRatioF();
-    const double left = ink.left() / density;
-    const double right = tabButtonPlace.width() - (ink.right() + 1) / density;
+    const double ratio = tab.devicePixelRatioF();
+    const double left = ink.left() / ratio;
+    const double right = tabButtonPlace.width() - (ink.right() + 1) / ratio;
     EXPECT_NEAR(left, right, 4);
     EXPECT_GT(left, 4);
 }

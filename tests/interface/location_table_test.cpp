@@ -16,8 +16,8 @@ namespace {
 /// The colour of the second pixel from the left: inside a thin outline, part of a wide one.
 QColor edgeOf(LocationFrame& frame) {
     const QImage image = frame.grab().toImage();
-    const double density = image.devicePixelRatio();
-    return image.pixelColor(static_cast<int>(1.5 * density), image.height() / 2);
+    const double ratio = image.devicePixelRatio();
+    return image.pixelColor(static_cast<int>(1.5 * ratio), image.height() / 2);
 }
 
 class LocationTableTest : public ShownWindow {

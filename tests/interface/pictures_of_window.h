@@ -21,22 +21,22 @@ class PicturesOfWindow : public ShownWindow {
     }
 
     /// The path in the folder of pictures.
-    static QString nameAt(double density, const QString& name) {
-        return density > 1 ? QStringLiteral("2x/") + name : name;
+    static QString nameAt(double ratio, const QString& name) {
+        return ratio > 1 ? QStringLiteral("2x/") + name : name;
     }
 
-    QImage at(double density, const QString& name) {
-        const QImage image = rendered(density);
-        keepPicture(image, nameAt(density, name));
-        expectAsStored(image, nameAt(density, name));
-        EXPECT_EQ(changedParts(window, image, stored(nameAt(density, name))), "")
-            << nameAt(density, name).toStdString();
+    QImage at(double ratio, const QString& name) {
+        const QImage image = rendered(ratio);
+        keepPicture(image, nameAt(ratio, name));
+        expectAsStored(image, nameAt(ratio, name));
+        EXPECT_EQ(changedParts(window, image, stored(nameAt(ratio, name))), "")
+            << nameAt(ratio, name).toStdString();
         return image;
     }
 
-    QImage rendered(double density) {
-        QImage image((QSizeF(window.size()) * density).toSize(), QImage::Format_RGB32);
-        image.setDevicePixelRatio(density);
+    QImage rendered(double ratio) {
+        QImage image((QSizeF(window.size()) * ratio).toSize(), QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
         window.render(&image);
         return image;
     }

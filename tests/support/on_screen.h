@@ -15,9 +15,9 @@ inline QImage onScreen(const QWidget& widget) {
     QCoreApplication::processEvents();
     const QWidget& window = *widget.window();
     const QImage whole = window.screen()->grabWindow(window.winId()).toImage();
-    const qreal density = whole.devicePixelRatio();
+    const qreal ratio = whole.devicePixelRatio();
     const QPointF corner = widget.mapTo(&window, QPointF(0, 0));
-    const QRectF place(corner * density, QSizeF(widget.size()) * density);
+    const QRectF place(corner * ratio, QSizeF(widget.size()) * ratio);
     return whole.copy(place.toRect()).convertToFormat(QImage::Format_RGB32);
 }
 
