@@ -67,7 +67,7 @@ ReturnFolders::Opened ReturnFolders::openAnew(const std::string& path) {
     if (!attributes) {
         return attributes.error();
     }
-    if (placeOf(*opened) != path) {
+    if (currentPathOf(*opened) != path) {
         return SystemError{ELOOP};
     }
     folder.descriptor = std::move(*opened);

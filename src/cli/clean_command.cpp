@@ -69,8 +69,8 @@ class MoveReport final {
  public:
     MoveReport(const ScanOptions& options, OutputFile& output)
         : report_(options.format, shownOutput(options.output), output,
-                  [](ResultFormat format, Output& place) {
-                      return makeCleanWriter(format, false, place);
+                  [](ResultFormat format, Output& output) {
+                      return makeCleanWriter(format, false, output);
                   }) {}
 
     void add(const File& file, const MoveResult& result) {

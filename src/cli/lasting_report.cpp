@@ -9,10 +9,10 @@
 
 namespace tarvin {
 
-ReportPlace::ReportPlace(std::string shownName, OutputFile& file)
+ReportTarget::ReportTarget(std::string shownName, OutputFile& file)
     : shownName_(std::move(shownName)), file_(file), errors_(STDERR_FILENO) {}
 
-bool ReportPlace::flush() {
+bool ReportTarget::flush() {
     if (failure_) {
         return false;
     }
@@ -28,7 +28,7 @@ bool ReportPlace::flush() {
     return false;
 }
 
-ExitStatus ReportPlace::commit() {
+ExitStatus ReportTarget::commit() {
     if (failure_) {
         return failure_->code == EPIPE ? ExitStatus::outputClosed : ExitStatus::incomplete;
     }

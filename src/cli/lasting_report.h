@@ -16,10 +16,10 @@ namespace tarvin {
 /// The target of a report that must not be lost. After a write error, such as a closed pipe or a
 /// full disk, the rest of the report goes to standard error, and a partial file is kept. One thread
 /// at a time.
-class ReportPlace final {
+class ReportTarget final {
  public:
     /// `shownName` must be safe to print. `file` must outlive this object.
-    ReportPlace(std::string shownName, OutputFile& file);
+    ReportTarget(std::string shownName, OutputFile& file);
 
     /// The target, and standard error, which replaces it after an error.
     [[nodiscard]] Output& output() { return file_.output(); }
@@ -49,9 +49,9 @@ class LastingReport final {
     /// outlive this object.
     template <typename Make>
     LastingReport(ResultFormat format, std::string shownName, OutputFile& file, const Make& make)
-        : place_(std::move(shownName), file),
-          writer_(make(format, place_.output())),
-          rest_(make(ResultFormat::text, place_.errors())) {
+        : target_(std::move(shownName), file),
+          writer_(make(format, target_.output())),
+          rest_(make(ResultFormat::text, target_.errors())) {
         writer_->begin();
     }
 
@@ -59,13 +59,13 @@ class LastingReport final {
     /// error.
     template <typename Part>
     void write(const Part& part) {
-        if (!place_.isLost()) {
+        if (!target_.isLost()) {
             part(*writer_);
-            place_.flush();
+            target_.flush();
         }
-        if (place_.isLost()) {
+        if (target_.isLost()) {
             part(*rest_);
-            place_.errors().flush();
+            target_.errors().flush();
         }
     }
 
@@ -73,11 +73,11 @@ class LastingReport final {
     template <typename Part>
     [[nodiscard]] ExitStatus end(const Part& part) {
         write(part);
-        return place_.commit();
+        return target_.commit();
     }
 
  private:
-    ReportPlace place_;
+    ReportTarget target_;
     const std::unique_ptr<Writer> writer_;
     const std::unique_ptr<Writer> rest_;  ///< to standard error
 };

@@ -70,11 +70,11 @@ ExitStatus print(std::string_view text) {
     return failure ? statusOfFailure("standard output", *failure) : ExitStatus::done;
 }
 
-ExitStatus statusOfFailure(std::string_view place, const SystemError& failure) {
+ExitStatus statusOfFailure(std::string_view target, const SystemError& failure) {
     if (failure.code == EPIPE) {
         return ExitStatus::outputClosed;
     }
-    printError(failureText("write", place, failure.text()));
+    printError(failureText("write", target, failure.text()));
     return ExitStatus::incomplete;
 }
 

@@ -43,9 +43,9 @@ void printMovedAside(std::string_view path, std::string_view aside);
 /// Writes the text to standard output; reports a failure. Main thread only.
 ExitStatus print(std::string_view text);
 
-/// Reports a failure to write to `place`, which must be safe to print, and returns the exit status.
-/// A reader that has closed the pipe, as "head" does, is not reported.
-[[nodiscard]] ExitStatus statusOfFailure(std::string_view place, const SystemError& failure);
+/// Reports a failure to write to `target`, which must be safe to print, and returns the exit
+/// status. A reader that has closed the pipe, as "head" does, is not reported.
+[[nodiscard]] ExitStatus statusOfFailure(std::string_view target, const SystemError& failure);
 
 /// Reports a usage error and refers to the help of `helpCommand`, such as "tarvin scan". Returns
 /// ExitStatus::wrongUsage. Main thread only.

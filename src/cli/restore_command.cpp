@@ -66,16 +66,17 @@ std::string questionFor(std::uint64_t files, std::uint64_t all, std::uint64_t by
            localDate(cleanUp.begun) + " back? [y/N] ";
 }
 
-/// Reports each file that is put back or not: to the place of the result, and on standard error
+/// Reports each file that is put back or not: to the target of the result, and on standard error
 /// where it cannot be put back. One thread at a time.
 class RestoreReport final {
  public:
-    /// `place` is what --output names. `output` must outlive this object.
-    RestoreReport(const RestoreSubject& subject, ResultFormat format, const std::string& place,
+    /// `target` is what --output names. `output` must outlive this object.
+    RestoreReport(const RestoreSubject& subject, ResultFormat format, const std::string& target,
                   OutputFile& output)
-        : report_(format, shownOutput(place), output, [&subject](ResultFormat written, Output& to) {
-              return makeRestoreWriter(written, subject, to);
-          }) {}
+        : report_(format, shownOutput(target), output,
+                  [&subject](ResultFormat written, Output& to) {
+                      return makeRestoreWriter(written, subject, to);
+                  }) {}
 
     void add(const PutBackFile& file) {
         report_.write([&](RestoreWriter& writer) { writer.file(file); });

@@ -9,11 +9,11 @@ namespace tarvin {
 QString installedResource(const QString& name) {
     // Relative to the folder of the programs, so that the installation can be moved.
 #ifdef Q_OS_DARWIN
-    const QString place = QStringLiteral("/../Resources/");
+    const QString resources = QStringLiteral("/../Resources/");
 #else
-    const QString place = QStringLiteral("/../share/tarvin-duplicate-file-remover/");
+    const QString resources = QStringLiteral("/../share/tarvin-duplicate-file-remover/");
 #endif
-    const QString path = QDir::cleanPath(QCoreApplication::applicationDirPath() + place + name);
+    const QString path = QDir::cleanPath(QCoreApplication::applicationDirPath() + resources + name);
     return QFileInfo::exists(path) ? path : QString();
 }
 
@@ -21,8 +21,8 @@ QString helperProgram(const QString& name, QString folder) {
     if (folder.isEmpty()) {
         folder = QCoreApplication::applicationDirPath();
     }
-    for (const QString& place : {QStringLiteral("."), QStringLiteral(TARVIN_HELPERS)}) {
-        QString path = QDir::cleanPath(folder + u'/' + place + u'/' + name);
+    for (const QString& helpers : {QStringLiteral("."), QStringLiteral(TARVIN_HELPERS)}) {
+        QString path = QDir::cleanPath(folder + u'/' + helpers + u'/' + name);
         if (QFileInfo(path).isExecutable() && QFileInfo(path).isFile()) {
             return path;
         }

@@ -60,10 +60,10 @@ File* FileStore::addFile(const Directory* directory, std::string_view name, std:
             std::make_unique_for_overwrite<std::byte[]>(filesPerBlock * sizeof(File)));
         fileBlockUsed_ = 0;
     }
-    std::byte* place = fileBlocks_.back().get() + fileBlockUsed_ * sizeof(File);
+    std::byte* memory = fileBlocks_.back().get() + fileBlockUsed_ * sizeof(File);
     ++fileBlockUsed_;
     ++fileCount_;
-    return new (place) File(directory, keepName(name), fileSize, modified, created);
+    return new (memory) File(directory, keepName(name), fileSize, modified, created);
 }
 
 void FileStore::keepCompared(File& file, const ComparedState& state) {
@@ -93,11 +93,11 @@ std::string_view FileStore::keepName(std::string_view name) {
         nameBlocks_.push_back(std::make_unique_for_overwrite<char[]>(nameBlockSize_));
         nameBlockUsed_ = 0;
     }
-    char* place = nameBlocks_.back().get() + nameBlockUsed_;
-    name.copy(place, name.size());
-    place[name.size()] = '\0';
+    char* text = nameBlocks_.back().get() + nameBlockUsed_;
+    name.copy(text, name.size());
+    text[name.size()] = '\0';
     nameBlockUsed_ += needed;
-    return {place, name.size()};
+    return {text, name.size()};
 }
 
 }  // namespace tarvin

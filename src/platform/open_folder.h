@@ -19,7 +19,7 @@ struct OpenFolder {
 
 /// The current path of an open folder: absolute, without symbolic links, native bytes. Returns
 /// nullopt if the folder was removed or lies outside the root of the process.
-[[nodiscard]] std::optional<std::string> placeOf(const Descriptor& folder);
+[[nodiscard]] std::optional<std::string> currentPathOf(const Descriptor& folder);
 
 /// Why the user may not create or rename entries in an open folder; nullopt if that is allowed.
 /// Does not check free space.

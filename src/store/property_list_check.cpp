@@ -147,14 +147,14 @@ class BinaryCheck final {
     };
 
     /// A big-endian number of `size` bytes; none beyond the end.
-    [[nodiscard]] std::optional<std::uint64_t> numberAt(std::uint64_t place,
+    [[nodiscard]] std::optional<std::uint64_t> numberAt(std::uint64_t offset,
                                                         std::uint64_t size) const {
-        if (size == 0 || size > 8 || place > bytes_.size() || size > bytes_.size() - place) {
+        if (size == 0 || size > 8 || offset > bytes_.size() || size > bytes_.size() - offset) {
             return std::nullopt;
         }
         std::uint64_t number = 0;
         for (std::uint64_t at = 0; at < size; ++at) {
-            number = number << 8U | static_cast<unsigned char>(bytes_[place + at]);
+            number = number << 8U | static_cast<unsigned char>(bytes_[offset + at]);
         }
         return number;
     }
@@ -175,22 +175,22 @@ class BinaryCheck final {
     /// Adds the values of a container to `visits`, or the bytes of a text or data to the sum.
     /// False if they lie outside the list or are too many.
     bool addParts(const Visit& visit, std::vector<Visit>& visits) {
-        const auto place = numberAt(table_ + visit.object * offsetBytes_, offsetBytes_);
-        const auto marker = place ? numberAt(*place, 1) : std::nullopt;
+        const auto offset = numberAt(table_ + visit.object * offsetBytes_, offsetBytes_);
+        const auto marker = offset ? numberAt(*offset, 1) : std::nullopt;
         if (!marker) {
             return false;
         }
         switch (*marker >> 4U) {
             case 0x4:  // data
             case 0x5:  // ASCII
-                return addHeld(*place, 1);
+                return addHeld(*offset, 1);
             case 0x6:  // UTF-16
-                return addHeld(*place, 2);
+                return addHeld(*offset, 2);
             case 0xA:  // array
             case 0xC:  // set
-                return addReferences(*place, 1, visit.depth + 1, visits);
+                return addReferences(*offset, 1, visit.depth + 1, visits);
             case 0xD:  // dictionary
-                return addReferences(*place, 2, visit.depth + 1, visits);
+                return addReferences(*offset, 2, visit.depth + 1, visits);
             default:
                 return true;
         }
@@ -202,22 +202,22 @@ class BinaryCheck final {
         std::uint64_t first;
     };
 
-    [[nodiscard]] std::optional<Extent> extentAt(std::uint64_t place) const {
+    [[nodiscard]] std::optional<Extent> extentAt(std::uint64_t offset) const {
         constexpr std::uint64_t longCount = 0xF;
-        const std::uint64_t count = static_cast<unsigned char>(bytes_[place]) & 0xFU;
+        const std::uint64_t count = static_cast<unsigned char>(bytes_[offset]) & 0xFU;
         if (count != longCount) {
-            return Extent{count, place + 1};
+            return Extent{count, offset + 1};
         }
-        const auto marker = numberAt(place + 1, 1);
+        const auto marker = numberAt(offset + 1, 1);
         const std::uint64_t size = marker ? std::uint64_t{1} << (*marker & 0xFU) : 0;
-        const auto number = numberAt(place + 2, size);
-        return number ? std::optional(Extent{*number, place + 2 + size}) : std::nullopt;
+        const auto number = numberAt(offset + 2, size);
+        return number ? std::optional(Extent{*number, offset + 2 + size}) : std::nullopt;
     }
 
     /// Called once per reference, because libplist copies the bytes each time: a list of 90 KB with
     /// 60,000 references to 30 KB takes more than 1.7 GB in 2.2 and 2.6.
-    bool addHeld(std::uint64_t place, std::uint64_t perUnit) {
-        const auto extent = extentAt(place);
+    bool addHeld(std::uint64_t offset, std::uint64_t perUnit) {
+        const auto extent = extentAt(offset);
         if (!extent || extent->count > bytes_.size() / perUnit) {
             return false;
         }
@@ -225,9 +225,9 @@ class BinaryCheck final {
         return held_ <= bytes_.size() + maxRepeatedBytes;
     }
 
-    bool addReferences(std::uint64_t place, std::uint64_t perEntry, std::size_t depth,
+    bool addReferences(std::uint64_t offset, std::uint64_t perEntry, std::size_t depth,
                        std::vector<Visit>& visits) const {
-        const auto extent = extentAt(place);
+        const auto extent = extentAt(offset);
         // Counts the pending visits, too, which bounds their memory.
         const std::uint64_t met = values_ + visits.size();
         if (!extent || met > maxValues_ || extent->count > (maxValues_ - met) / perEntry) {

@@ -158,7 +158,7 @@ TEST_F(DeletionTest, ShowsItsPanelOverTheCoveredResult) {
     click("markAll");
     deleteAndHoldAt("a2.jpg");
     EXPECT_TRUE(window().deletionPreview->isVisible());
-    EXPECT_EQ(placeOf(window().deletionPreview), QPoint(205, 114));
+    EXPECT_EQ(positionOf(window().deletionPreview), QPoint(205, 114));
     EXPECT_EQ(covers(), 1);
     EXPECT_EQ(textOf("deletionStatus"), "Deleting files, please wait...");
     EXPECT_EQ(window().deletionPreview->deletionIndicator->total(), 4U);
@@ -172,7 +172,7 @@ TEST_F(DeletionTest, ShowsItsPanelOverTheCoveredResult) {
               setCenterAttributes(Qt::white, QStringLiteral("Pause"), 14));
     barrier.open();
     ASSERT_TRUE(reported());
-    EXPECT_EQ(placeOf(window().informationWindow), QPoint(250, 200));
+    EXPECT_EQ(positionOf(window().informationWindow), QPoint(250, 200));
 }
 
 TEST_F(DeletionTest, SkipsVanishedFiles) {

@@ -23,7 +23,7 @@ TEST_F(Exceptions, TakeTheMarkedFilesOutAfterAQuestion) {
     click("markAll");
     click("addEceptionBtn");
     ASSERT_TRUE(window().exceptionWindow->isVisible());
-    EXPECT_EQ(placeOf(window().exceptionWindow), QPoint(300, 200));
+    EXPECT_EQ(positionOf(window().exceptionWindow), QPoint(300, 200));
     EXPECT_EQ(covers(), 1);
     EXPECT_EQ(
         textOf("exceptionTextField"),

@@ -315,7 +315,7 @@ TEST_F(KeptFilesOfADeletion, ClosingTheListShowsTheReportAgain) {
     QTest::keyClick(window().focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(window().keptWindow->isVisible());
     ASSERT_TRUE(window().informationWindow->isVisible());
-    EXPECT_EQ(placeOf(window().informationWindow), QPoint(250, 200));
+    EXPECT_EQ(positionOf(window().informationWindow), QPoint(250, 200));
     EXPECT_EQ(window().focusWidget(), window().informationWindow->keptShow);
     click("scanInforOKBtn");
     EXPECT_EQ(covers(), 0);

@@ -81,7 +81,7 @@ TEST_F(Marking, RefusesTheLastFileOfASet) {
     EXPECT_EQ(information(),
               (Lines{"Information", "All the files of same set cannot be selected", "", ""}));
     const InformationPanel& panel = *window().informationWindow;
-    EXPECT_EQ(placeOf(&panel), QPoint(250, 200));
+    EXPECT_EQ(positionOf(&panel), QPoint(250, 200));
     EXPECT_EQ(panel.scanInforOKBtn->attributedTitle(),
               setCenterAttributes(Qt::white, QStringLiteral("Ok"), 14));
     EXPECT_EQ(panel.scanInforOKBtn->fill(), QColor(21, 138, 162, 255));
@@ -150,7 +150,7 @@ TEST_F(Marking, LeavesSelectionAndExpansionAlone) {
 TEST_F(Marking, ShowsAndHidesItsOtherAlert) {
     delegate->marking().showAllCheckAlert();
     EXPECT_TRUE(window().allCheckAlertView->isVisible());
-    EXPECT_EQ(placeOf(window().allCheckAlertView), QPoint(275, 225));
+    EXPECT_EQ(positionOf(window().allCheckAlertView), QPoint(275, 225));
     click("allCheckOk");
     EXPECT_FALSE(window().allCheckAlertView->isVisible());
 }

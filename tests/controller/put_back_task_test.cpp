@@ -47,7 +47,7 @@ TEST_F(PutBackTest, BringsEverythingBackAndSaysSo) {
     putBack();
     EXPECT_EQ(information(),
               (Lines{"Put Back Last Clean-up", "Files Put Back: 4", "Size: 0.02 KB", ""}));
-    EXPECT_EQ(placeOf(window().informationWindow), QPoint(250, 200));
+    EXPECT_EQ(positionOf(window().informationWindow), QPoint(250, 200));
     EXPECT_FALSE(question().isVisible());
     for (const char* name : {"a2.jpg", "b2.jpg", "b3.jpg", "c2.txt"}) {
         EXPECT_TRUE(isThere(name)) << name;
@@ -183,7 +183,7 @@ TEST_F(PutBackTest, ShowsItsProgressWhenItTakesLong) {
     ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
     ASSERT_TRUE(comesTrue([this] { return window().putBackProgress->isVisible(); }));
     EXPECT_FALSE(question().isVisible());
-    EXPECT_EQ(placeOf(window().putBackProgress), QPoint(205, 114));
+    EXPECT_EQ(positionOf(window().putBackProgress), QPoint(205, 114));
     EXPECT_TRUE(comesTrue([this] {
         return textOf("putBackProcessing") ==
                "3 of 4 files. Nothing that is there now is replaced.";

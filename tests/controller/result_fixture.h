@@ -131,7 +131,7 @@ class ResultFixture : public ProductFixture {
     [[nodiscard]] bool isEnabled(const char* name) { return control(name)->isEnabled(); }
 
     /// The lower left corner of a panel, relative to that of the content.
-    [[nodiscard]] QPoint placeOf(const QWidget* panel) {
+    [[nodiscard]] QPoint positionOf(const QWidget* panel) {
         EXPECT_EQ(window().size(), MainWindow::designSize);
         const QPoint corner = panel->mapTo(&window(), QPoint(0, panel->height()));
         return {corner.x(), window().height() - corner.y()};

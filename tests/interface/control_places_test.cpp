@@ -217,7 +217,7 @@ TEST_F(ControlPlacesTest, HaveTheGeometryOfTheDesign) {
     ASSERT_EQ(window.size(), QSize(1016, 531));
     for (const Control& expected : controls) {
         window.selectTabViewItem(QLatin1String(expected.screen));
-        EXPECT_EQ(placeOf(control(expected.name)), expected.place) << expected.name;
+        EXPECT_EQ(geometryOf(control(expected.name)), expected.place) << expected.name;
     }
 }
 
@@ -225,7 +225,7 @@ TEST_F(ControlPlacesTest, GrowWithTheWindow) {
     resizeTo({1400, 900});
     for (const Control& expected : controls) {
         window.selectTabViewItem(QLatin1String(expected.screen));
-        EXPECT_EQ(placeOf(control(expected.name)), expected.grownPlace) << expected.name;
+        EXPECT_EQ(geometryOf(control(expected.name)), expected.grownPlace) << expected.name;
     }
 }
 
@@ -234,7 +234,7 @@ TEST_F(ControlPlacesTest, ComeBackWhenTheWindowShrinks) {
     resizeTo({1016, 531});
     for (const Control& expected : controls) {
         window.selectTabViewItem(QLatin1String(expected.screen));
-        EXPECT_EQ(placeOf(control(expected.name)), expected.place) << expected.name;
+        EXPECT_EQ(geometryOf(control(expected.name)), expected.place) << expected.name;
     }
 }
 
@@ -242,7 +242,7 @@ TEST_F(ControlPlacesTest, TheListAreaLiesInsideItsFrame) {
     window.selectTabViewItem(QStringLiteral("2"));
     const QWidget* listArea = control<LocationTable>("tableExact")->viewport();
 
-    EXPECT_EQ(placeOf(listArea), QRect(55, 134, 906, 321));
+    EXPECT_EQ(geometryOf(listArea), QRect(55, 134, 906, 321));
 }
 
 TEST_F(ControlPlacesTest, ColumnsOfTheListFillIt) {

@@ -79,11 +79,11 @@ class ListPanelTest : public ShownWindow {
 
 TEST_F(ListPanelTest, HasTheGeometryOfTheDesign) {
     show();
-    EXPECT_EQ(placeOf(&panel), QRect(168, 97, 680, 404));
-    EXPECT_EQ(placeOf(control("keptSentence")), QRect(192, 155, 632, 18));
-    EXPECT_EQ(placeOf(control("keptTableFrame")), QRect(192, 185, 632, 236));
-    EXPECT_EQ(placeOf(control("keptCopy")), QRect(192, 454, 104, 32));
-    EXPECT_EQ(placeOf(control("keptClose")), QRect(720, 453, 104, 34));
+    EXPECT_EQ(geometryOf(&panel), QRect(168, 97, 680, 404));
+    EXPECT_EQ(geometryOf(control("keptSentence")), QRect(192, 155, 632, 18));
+    EXPECT_EQ(geometryOf(control("keptTableFrame")), QRect(192, 185, 632, 236));
+    EXPECT_EQ(geometryOf(control("keptCopy")), QRect(192, 454, 104, 32));
+    EXPECT_EQ(geometryOf(control("keptClose")), QRect(720, 453, 104, 34));
     EXPECT_EQ(panel.table->rowHeight(0), 30);
     EXPECT_EQ(panel.table->horizontalHeader()->height(), 28);
     EXPECT_EQ(columnWidth(0), 160);
@@ -106,8 +106,8 @@ TEST_F(ListPanelTest, HasTitleAndSentence) {
 TEST_F(ListPanelTest, TakesHalfOfWhatTheWindowGains) {
     show();
     resizeTo({1400, 900});
-    EXPECT_EQ(placeOf(&panel), QRect(168 + 96, 97 + 92, 680 + 192, 404 + 185));
-    EXPECT_EQ(placeOf(control("keptTableFrame")).size(), QSize(632 + 192, 236 + 185));
+    EXPECT_EQ(geometryOf(&panel), QRect(168 + 96, 97 + 92, 680 + 192, 404 + 185));
+    EXPECT_EQ(geometryOf(control("keptTableFrame")).size(), QSize(632 + 192, 236 + 185));
     // The middle column stretches.
     EXPECT_EQ(columnWidth(0), 160);
     EXPECT_EQ(columnWidth(2), 226);
@@ -191,15 +191,15 @@ class KeptLineTest : public ShownWindow {
 
 TEST_F(KeptLineTest, IsBelowTheLinesNextToItsButton) {
     show(QStringLiteral("12 files were left where they are."));
-    EXPECT_EQ(placeOf(&panel), QRect(250, 141, 516, 190));
-    const QRect line = placeOf(control("keptLine"));
+    EXPECT_EQ(geometryOf(&panel), QRect(250, 141, 516, 190));
+    const QRect line = geometryOf(control("keptLine"));
     EXPECT_EQ(line.topLeft(), QPoint(394, 255));
     EXPECT_EQ(line.height(), 20);
-    const QRect button = placeOf(control("keptShow"));
+    const QRect button = geometryOf(control("keptShow"));
     EXPECT_EQ(button.left(), line.right() + 1 + 4);
     EXPECT_GE(button.height(), 24);
     EXPECT_LE(button.right(), 394 + 348);
-    EXPECT_FALSE(button.intersects(placeOf(panel.scanInforOKBtn)));
+    EXPECT_FALSE(button.intersects(geometryOf(panel.scanInforOKBtn)));
 }
 
 TEST_F(KeptLineTest, IsNotThereIfNothingWasLeft) {

@@ -29,7 +29,7 @@ class MoreMenuTest : public ShownWindow {
 };
 
 TEST_F(MoreMenuTest, OpensBelowItsButton) {
-    EXPECT_EQ(placeOf(window.buttonMore), QRect(895, 8, 29, 29));
+    EXPECT_EQ(geometryOf(window.buttonMore), QRect(895, 8, 29, 29));
     // The screen of the offscreen platform is narrower than the window.
     window.move(-500, 0);
     QTest::mouseClick(window.buttonMore, Qt::LeftButton);
@@ -45,7 +45,7 @@ TEST_F(MoreMenuTest, OpensBelowItsButton) {
 
 TEST_F(MoreMenuTest, FollowsTheRightEdge) {
     resizeTo({1400, 900});
-    EXPECT_EQ(placeOf(window.buttonMore), QRect(895 + 384, 8, 29, 29));
+    EXPECT_EQ(geometryOf(window.buttonMore), QRect(895 + 384, 8, 29, 29));
 }
 
 TEST_F(MoreMenuTest, HasItsItems) {

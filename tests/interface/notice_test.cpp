@@ -25,7 +25,7 @@ class NoticeTest : public ShownWindow {
 
     /// The cursor of the window after the pointer has entered a control.
     Qt::CursorShape cursorOver(const QWidget* control) {
-        const QPoint place = placeOf(control).center();
+        const QPoint place = geometryOf(control).center();
         QCursor::setPos(window.mapToGlobal(place));
         QCoreApplication::processEvents();
         QTest::mouseMove(window.windowHandle(), place);
@@ -52,12 +52,12 @@ TEST_F(NoticeTest, NoticesAreSettingsPanels) {
 TEST_F(NoticeTest, TheQuestionHasTheGeometryOfTheDesign) {
     ask();
 
-    EXPECT_EQ(placeOf(window.confirmationView), QRect(350, 156, 316, 140));
-    EXPECT_EQ(placeOf(window.cancelYes), QRect(472, 259, 84, 27));
-    EXPECT_EQ(placeOf(window.cancelNo), QRect(566, 259, 84, 27));
+    EXPECT_EQ(geometryOf(window.confirmationView), QRect(350, 156, 316, 140));
+    EXPECT_EQ(geometryOf(window.cancelYes), QRect(472, 259, 84, 27));
+    EXPECT_EQ(geometryOf(window.cancelNo), QRect(566, 259, 84, 27));
 
     resizeTo({1400, 900});
-    EXPECT_EQ(placeOf(window.confirmationView), QRect(542, 341, 316, 140));
+    EXPECT_EQ(geometryOf(window.confirmationView), QRect(542, 341, 316, 140));
 }
 
 TEST_F(NoticeTest, TheNoticeOfTheListIsInItsArea) {
@@ -65,18 +65,18 @@ TEST_F(NoticeTest, TheNoticeOfTheListIsInItsArea) {
     window.runningAlertText->setText(QStringLiteral("File already added."));
     window.showNoticeInList(window.runningAlert, {220, 50});
 
-    EXPECT_EQ(placeOf(window.runningAlert), QRect(275, 184, 466, 140));
-    EXPECT_EQ(placeOf(window.runningAlertText), QRect(292, 210, 432, 68));
-    EXPECT_EQ(placeOf(window.runningAlertOk), QRect(641, 287, 84, 27));
+    EXPECT_EQ(geometryOf(window.runningAlert), QRect(275, 184, 466, 140));
+    EXPECT_EQ(geometryOf(window.runningAlertText), QRect(292, 210, 432, 68));
+    EXPECT_EQ(geometryOf(window.runningAlertOk), QRect(641, 287, 84, 27));
 }
 
 TEST_F(NoticeTest, TheNoticeOfClosingIsOverTheScan) {
     window.selectTabViewItem(QStringLiteral("5"));
     window.showNotice(window.runningAlert, {275, 225});
-    EXPECT_EQ(placeOf(window.runningAlert), QRect(275, 166, 466, 140));
+    EXPECT_EQ(geometryOf(window.runningAlert), QRect(275, 166, 466, 140));
 
     resizeTo({1400, 900});
-    EXPECT_EQ(placeOf(window.runningAlert), QRect(467, 351, 466, 140));
+    EXPECT_EQ(geometryOf(window.runningAlert), QRect(467, 351, 466, 140));
 }
 
 TEST_F(NoticeTest, AnswersShowAHand) {
@@ -109,7 +109,7 @@ TEST_F(NoticeTest, ALongTextMakesTheNoticeTaller) {
     EXPECT_GT(window.runningAlert->height(), 140);
     EXPECT_GE(window.runningAlertText->height(),
               window.runningAlertText->heightForWidth(window.runningAlertText->width()));
-    EXPECT_EQ(placeOf(window.runningAlert).bottom() + 1, 531 - 225);
+    EXPECT_EQ(geometryOf(window.runningAlert).bottom() + 1, 531 - 225);
 }
 
 TEST_F(NoticeTest, TheSafeAnswerHasTheFocus) {
@@ -216,9 +216,9 @@ TEST_F(NoticeTest, ANoticeOverAQuestionReturnsTheFocusToIt) {
 TEST_F(NoticeTest, AboutIsCentred) {
     window.showAbout();
 
-    EXPECT_EQ(placeOf(window.windowAboutPanel), QRect(298, 120, 420, 288));
+    EXPECT_EQ(geometryOf(window.windowAboutPanel), QRect(298, 120, 420, 288));
     resizeTo({1400, 900});
-    EXPECT_EQ(placeOf(window.windowAboutPanel), QRect(490, 305, 420, 288));
+    EXPECT_EQ(geometryOf(window.windowAboutPanel), QRect(490, 305, 420, 288));
 }
 
 TEST_F(NoticeTest, AboutClosesByItsCrossAndByEsc) {

@@ -21,7 +21,7 @@ class PressGuardTest : public ShownWindow {
     PressGuardTest() { QApplication::setDoubleClickInterval(longInterval); }
 
     [[nodiscard]] QPoint middleOf(const QWidget* control) const {
-        return placeOf(control).center();
+        return geometryOf(control).center();
     }
 
     void press(const QPoint& place) {

@@ -51,21 +51,21 @@ class PutBackPanelsTest : public ShownWindow {
 
 TEST_F(PutBackPanelsTest, TheQuestionHasTheGeometryOfTheDesign) {
     ask();
-    EXPECT_EQ(placeOf(&question), QRect(148, 97, 720, 400));
-    EXPECT_EQ(placeOf(question.putBackDate), QRect(172, 157, 400, 20));
-    EXPECT_EQ(placeOf(question.putBackTotal).right() + 1, 844);
-    EXPECT_EQ(placeOf(question.putBackTotal).top(), 157);
-    EXPECT_EQ(placeOf(control("putBackTableFrame")), QRect(172, 191, 672, 226));
-    EXPECT_EQ(placeOf(question.putBackOutcome), QRect(172, 447, 400, 19));
-    EXPECT_EQ(placeOf(question.putBackCannot), QRect(172, 466, 400, 19));
-    EXPECT_EQ(placeOf(question.putBackCancel), QRect(628, 449, 104, 34));
-    EXPECT_EQ(placeOf(question.putBackOk), QRect(740, 449, 104, 34));
+    EXPECT_EQ(geometryOf(&question), QRect(148, 97, 720, 400));
+    EXPECT_EQ(geometryOf(question.putBackDate), QRect(172, 157, 400, 20));
+    EXPECT_EQ(geometryOf(question.putBackTotal).right() + 1, 844);
+    EXPECT_EQ(geometryOf(question.putBackTotal).top(), 157);
+    EXPECT_EQ(geometryOf(control("putBackTableFrame")), QRect(172, 191, 672, 226));
+    EXPECT_EQ(geometryOf(question.putBackOutcome), QRect(172, 447, 400, 19));
+    EXPECT_EQ(geometryOf(question.putBackCannot), QRect(172, 466, 400, 19));
+    EXPECT_EQ(geometryOf(question.putBackCancel), QRect(628, 449, 104, 34));
+    EXPECT_EQ(geometryOf(question.putBackOk), QRect(740, 449, 104, 34));
     EXPECT_EQ(question.putBackTable->rowHeight(0), 44);
     EXPECT_EQ(question.putBackTable->columnWidth(0), 360);
     EXPECT_EQ(question.putBackTable->columnWidth(1), 672 - 2 - 12 - 360);
 
     resizeTo({1400, 900});
-    EXPECT_EQ(placeOf(&question), QRect(148 + 96, 97 + 92, 720 + 192, 400 + 185));
+    EXPECT_EQ(geometryOf(&question), QRect(148 + 96, 97 + 92, 720 + 192, 400 + 185));
 }
 
 TEST_F(PutBackPanelsTest, TheQuestionHasItsTexts) {
@@ -95,10 +95,10 @@ TEST_F(PutBackPanelsTest, TheQuestionStartsOnCancelIfNothingCanCome) {
 
 TEST_F(PutBackPanelsTest, TheProgressHasTheGeometryOfTheDeletion) {
     window.showOver(&progress, PutBackProgress::designPlace);
-    EXPECT_EQ(placeOf(&progress), QRect(205, 114, 606, 303));
-    EXPECT_EQ(placeOf(progress.putBackIndicator), QRect(381, 252, 396, 10));
-    EXPECT_EQ(placeOf(progress.putBackProcessing).topLeft(), QPoint(381, 274));
-    EXPECT_EQ(placeOf(progress.stopPutBackBtn), QRect(671, 366, 108, 36));
+    EXPECT_EQ(geometryOf(&progress), QRect(205, 114, 606, 303));
+    EXPECT_EQ(geometryOf(progress.putBackIndicator), QRect(381, 252, 396, 10));
+    EXPECT_EQ(geometryOf(progress.putBackProcessing).topLeft(), QPoint(381, 274));
+    EXPECT_EQ(geometryOf(progress.stopPutBackBtn), QRect(671, 366, 108, 36));
     EXPECT_EQ(progress.header->text(), QStringLiteral("Putting Back"));
     EXPECT_EQ(control<TextBlock>("putBackProgressStatus")->text(),
               QStringLiteral("Putting files back, please wait..."));
@@ -116,18 +116,18 @@ TEST_F(PutBackPanelsTest, EscapeStops) {
 
 TEST_F(PutBackPanelsTest, TheReportHasTheGeometryOfTheDesign) {
     window.showOver(&report, PutBackReport::designPlace);
-    EXPECT_EQ(placeOf(&report), QRect(173, 97, 670, 366));
-    EXPECT_EQ(placeOf(control("putBackReportImage")), QRect(197, 157, 96, 96));
-    EXPECT_EQ(placeOf(report.putBackReportCount), QRect(317, 161, 502, 24));
-    EXPECT_EQ(placeOf(report.putBackReportSize), QRect(317, 185, 502, 24));
-    EXPECT_EQ(placeOf(report.putBackReportFailed), QRect(317, 225, 502, 18));
-    EXPECT_EQ(placeOf(control("putBackFailuresFrame")), QRect(197, 263, 622, 120));
-    EXPECT_EQ(placeOf(report.putBackReportHint), QRect(197, 422, 480, 18));
-    EXPECT_EQ(placeOf(report.putBackReportOk), QRect(699, 415, 120, 34));
+    EXPECT_EQ(geometryOf(&report), QRect(173, 97, 670, 366));
+    EXPECT_EQ(geometryOf(control("putBackReportImage")), QRect(197, 157, 96, 96));
+    EXPECT_EQ(geometryOf(report.putBackReportCount), QRect(317, 161, 502, 24));
+    EXPECT_EQ(geometryOf(report.putBackReportSize), QRect(317, 185, 502, 24));
+    EXPECT_EQ(geometryOf(report.putBackReportFailed), QRect(317, 225, 502, 18));
+    EXPECT_EQ(geometryOf(control("putBackFailuresFrame")), QRect(197, 263, 622, 120));
+    EXPECT_EQ(geometryOf(report.putBackReportHint), QRect(197, 422, 480, 18));
+    EXPECT_EQ(geometryOf(report.putBackReportOk), QRect(699, 415, 120, 34));
     EXPECT_EQ(visited(3), QStringLiteral("putBackReportOk putBackFailures putBackReportOk"));
 
     resizeTo({1400, 900});
-    EXPECT_EQ(placeOf(&report).size(), QSize(670, 366));
+    EXPECT_EQ(geometryOf(&report).size(), QSize(670, 366));
 }
 
 }  // namespace

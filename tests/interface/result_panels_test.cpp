@@ -66,15 +66,15 @@ TEST_F(ResultPanelsTest, AreHiddenAtFirst) {
 TEST_F(ResultPanelsTest, TheInformationHasTheGeometryOfTheDesign) {
     inform(
         {QStringLiteral("Media: 13"), QStringLiteral("Documents: 3"), QStringLiteral("Others: 3")});
-    EXPECT_EQ(placeOf(&information), QRect(250, 141, 516, 190));
-    EXPECT_EQ(placeOf(information.scanInfoImage), QRect(274, 209, 96, 96));
-    EXPECT_EQ(placeOf(information.scanInfoCount), QRect(394, 199, 348, 24));
-    EXPECT_EQ(placeOf(information.scanInfoSize), QRect(394, 223, 348, 24));
-    EXPECT_EQ(placeOf(information.scanOtherInfo), QRect(394, 247, 348, 24));
-    EXPECT_EQ(placeOf(information.scanInforOKBtn), QRect(622, 281, 120, 34));
+    EXPECT_EQ(geometryOf(&information), QRect(250, 141, 516, 190));
+    EXPECT_EQ(geometryOf(information.scanInfoImage), QRect(274, 209, 96, 96));
+    EXPECT_EQ(geometryOf(information.scanInfoCount), QRect(394, 199, 348, 24));
+    EXPECT_EQ(geometryOf(information.scanInfoSize), QRect(394, 223, 348, 24));
+    EXPECT_EQ(geometryOf(information.scanOtherInfo), QRect(394, 247, 348, 24));
+    EXPECT_EQ(geometryOf(information.scanInforOKBtn), QRect(622, 281, 120, 34));
 
     resizeTo({1400, 900});
-    EXPECT_EQ(placeOf(&information), QRect(442, 326, 516, 190));
+    EXPECT_EQ(geometryOf(&information), QRect(442, 326, 516, 190));
 }
 
 TEST_F(ResultPanelsTest, AnEmptyLineTakesNoSpaceAndTheFirstMayHoldTwo) {
@@ -96,7 +96,7 @@ TEST_F(ResultPanelsTest, OtherLinesAreFollowedWhileItIsShown) {
 TEST_F(ResultPanelsTest, ALongTextMakesThePanelTaller) {
     inform({QString(300, QLatin1Char('m'))});
     EXPECT_GT(information.height(), 190);
-    EXPECT_EQ(placeOf(&information).bottom() + 1, 531 - 200);
+    EXPECT_EQ(geometryOf(&information).bottom() + 1, 531 - 200);
     EXPECT_LE(information.scanInfoCount->geometry().bottom(), information.scanInforOKBtn->y());
     information.hide();
 
@@ -119,26 +119,26 @@ TEST_F(ResultPanelsTest, AMissingImageLeavesItsAreaEmpty) {
 
 TEST_F(ResultPanelsTest, TheExceptionQuestionHasTheGeometryOfTheDesign) {
     window.showOver(&exception, {300, 200});
-    EXPECT_EQ(placeOf(&exception), QRect(300, 141, 416, 190));
-    EXPECT_EQ(placeOf(exception.exceptionTextField), QRect(324, 203, 368, 66));
-    EXPECT_EQ(placeOf(exception.excCancelBtn), QRect(476, 281, 104, 34));
-    EXPECT_EQ(placeOf(exception.excOKBtn), QRect(588, 281, 104, 34));
+    EXPECT_EQ(geometryOf(&exception), QRect(300, 141, 416, 190));
+    EXPECT_EQ(geometryOf(exception.exceptionTextField), QRect(324, 203, 368, 66));
+    EXPECT_EQ(geometryOf(exception.excCancelBtn), QRect(476, 281, 104, 34));
+    EXPECT_EQ(geometryOf(exception.excOKBtn), QRect(588, 281, 104, 34));
 }
 
 TEST_F(ResultPanelsTest, TheDeletionHasTheGeometryOfTheDesign) {
     window.showOver(&deletion, {205, 114});
-    EXPECT_EQ(placeOf(&deletion), QRect(205, 114, 606, 303));
-    EXPECT_EQ(placeOf(deletion.deletionIndicator), QRect(381, 252, 396, 10));
-    EXPECT_EQ(placeOf(deletion.pauseResumeBtn), QRect(547, 366, 112, 36));
-    EXPECT_EQ(placeOf(deletion.stopDeleteBtn), QRect(671, 366, 108, 36));
+    EXPECT_EQ(geometryOf(&deletion), QRect(205, 114, 606, 303));
+    EXPECT_EQ(geometryOf(deletion.deletionIndicator), QRect(381, 252, 396, 10));
+    EXPECT_EQ(geometryOf(deletion.pauseResumeBtn), QRect(547, 366, 112, 36));
+    EXPECT_EQ(geometryOf(deletion.stopDeleteBtn), QRect(671, 366, 108, 36));
     // One line of 22 at 104, or two above the bar.
-    EXPECT_EQ(placeOf(deletion.deletionStatus).bottom() + 1, 114 + 104 + 22);
-    EXPECT_EQ(placeOf(deletion.deletionStatus).left(), 205 + 176);
+    EXPECT_EQ(geometryOf(deletion.deletionStatus).bottom() + 1, 114 + 104 + 22);
+    EXPECT_EQ(geometryOf(deletion.deletionStatus).left(), 205 + 176);
 }
 
 TEST_F(ResultPanelsTest, TheAlternativeNoticeHasTheGeometryOfTheDesign) {
     window.showOver(window.allCheckAlertView, {275, 225});
-    EXPECT_EQ(placeOf(window.allCheckAlertView), QRect(275, 166, 466, 140));
+    EXPECT_EQ(geometryOf(window.allCheckAlertView), QRect(275, 166, 466, 140));
     EXPECT_EQ(window.focusWidget(), window.allCheckOk);
 }
 

@@ -205,16 +205,16 @@ TEST_F(ImageViewTest, ShowsAVeryThinImageAsALine) {
 TEST_F(ImageViewTest, IsAsLargeAsItsPlaceInALargerWindow) {
     screen.imView->setImage(plain({640, 480}));
     resizeTo({1440, 900});
-    EXPECT_EQ(placeOf(screen.imView), QRect(1047, 97, 381, 286));
+    EXPECT_EQ(geometryOf(screen.imView), QRect(1047, 97, 381, 286));
     EXPECT_EQ(at(1, 1), QColor(Qt::magenta));
     EXPECT_EQ(at(376, 284), QColor(Qt::magenta));
 }
 
 TEST_F(ImageViewTest, LeavesThePropertiesTheirHeightInAWideWindow) {
     resizeTo({2000, 531});
-    const QRect text = placeOf(control("textFieldFrame"));
+    const QRect text = geometryOf(control("textFieldFrame"));
     EXPECT_EQ(text.height(), 121);
-    EXPECT_EQ(placeOf(screen.imView), QRect(text.left(), 97, text.width(), 191));
+    EXPECT_EQ(geometryOf(screen.imView), QRect(text.left(), 97, text.width(), 191));
 }
 
 TEST_F(ImageViewTest, AssistiveTechnologyFindsItsName) {

@@ -172,10 +172,11 @@ TEST_P(RoomForTextsTest, InTheResults) {
     for (const QSize& size : {QSize(1016, 531), QSize(1400, 900)}) {
         window->resize(size);
         checkEverythingShown("results");
-        const auto placeOf = [this](const QWidget* widget) {
+        const auto geometryOf = [this](const QWidget* widget) {
             return QRect(widget->mapTo(window.get(), QPoint(0, 0)), widget->size());
         };
-        EXPECT_LT(placeOf(screen.removeExceptionBtn).right(), placeOf(screen.selectedCount).left());
+        EXPECT_LT(geometryOf(screen.removeExceptionBtn).right(),
+                  geometryOf(screen.selectedCount).left());
         EXPECT_TRUE(titleFits(*screen.OView2->header(), ResultTreeView::name,
                               screen.OView2->viewport()->width() - indent));
         for (int column = 0; column <= ResultTable::ButtonCell; ++column) {

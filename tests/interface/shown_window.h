@@ -42,7 +42,7 @@ class ShownWindow : public testing::Test {
     }
 
     /// The geometry of a control in the content of the window.
-    [[nodiscard]] QRect placeOf(const QWidget* widget) const {
+    [[nodiscard]] QRect geometryOf(const QWidget* widget) const {
         return {widget->mapTo(&window, QPoint(0, 0)), widget->size()};
     }
 

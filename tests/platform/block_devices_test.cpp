@@ -21,18 +21,18 @@ class BlockDevices : public testing::Test {
  protected:
     void addDisk(std::string_view way, std::string_view name, std::string_view number,
                  std::string_view rotational, std::string_view removable = "0\n") {
-        const std::string place = placeOf(way, name);
-        tree_.writeFile(place + "/queue/rotational", rotational);
-        tree_.writeFile(place + "/removable", removable);
-        tree_.makeFolder(place + "/slaves");
-        addLinks(place, name, number);
+        const std::string folder = folderOf(way, name);
+        tree_.writeFile(folder + "/queue/rotational", rotational);
+        tree_.writeFile(folder + "/removable", removable);
+        tree_.makeFolder(folder + "/slaves");
+        addLinks(folder, name, number);
     }
 
     void addPartition(std::string_view way, std::string_view disk, std::string_view name,
                       std::string_view number) {
-        const std::string place = placeOf(way, disk) + '/' + std::string(name);
-        tree_.writeFile(place + "/partition", "1\n");
-        addLinks(place, name, number);
+        const std::string folder = folderOf(way, disk) + '/' + std::string(name);
+        tree_.writeFile(folder + "/partition", "1\n");
+        addLinks(folder, name, number);
     }
 
     /// A volume stacked on devices added before. Its own flag has no effect.
@@ -40,7 +40,7 @@ class BlockDevices : public testing::Test {
                      std::initializer_list<std::string_view> slaves) {
         addDisk(virtualWay, name, number, "0\n");
         for (const std::string_view slave : slaves) {
-            const std::string link = placeOf(virtualWay, name) + "/slaves/" + std::string(slave);
+            const std::string link = folderOf(virtualWay, name) + "/slaves/" + std::string(slave);
             tree_.makeLink(link, tree_.pathOf("class/block/" + std::string(slave)));
         }
     }
@@ -58,13 +58,13 @@ class BlockDevices : public testing::Test {
     TemporaryFolder tree_;
 
  private:
-    static std::string placeOf(std::string_view way, std::string_view name) {
+    static std::string folderOf(std::string_view way, std::string_view name) {
         return std::string("devices/").append(way).append("/").append(name);
     }
 
-    void addLinks(const std::string& place, std::string_view name, std::string_view number) {
-        tree_.makeLink(std::string("dev/block/").append(number), "../../" + place);
-        tree_.makeLink(std::string("class/block/").append(name), "../../" + place);
+    void addLinks(const std::string& folder, std::string_view name, std::string_view number) {
+        tree_.makeLink(std::string("dev/block/").append(number), "../../" + folder);
+        tree_.makeLink(std::string("class/block/").append(name), "../../" + folder);
     }
 };
 

@@ -219,9 +219,9 @@ class LinuxFileSystem final : public FileSystem {
 
     Result<std::size_t> readCachedAt(const Descriptor& file, std::uint64_t offset,
                                      std::span<std::byte> into) override {
-        const iovec place{into.data(), into.size()};
+        const iovec buffer{into.data(), into.size()};
         const ssize_t got =
-            ::preadv2(file.number(), &place, 1, static_cast<off_t>(offset), RWF_NOWAIT);
+            ::preadv2(file.number(), &buffer, 1, static_cast<off_t>(offset), RWF_NOWAIT);
         // Where the file system does not support RWF_NOWAIT, nothing counts as cached.
         return got < 0 ? std::size_t{0} : static_cast<std::size_t>(got);
     }

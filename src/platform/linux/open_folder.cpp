@@ -10,7 +10,7 @@
 
 namespace tarvin {
 
-std::optional<std::string> placeOf(const Descriptor& folder) {
+std::optional<std::string> currentPathOf(const Descriptor& folder) {
     std::string path(PATH_MAX, '\0');
     const std::string link = "/proc/self/fd/" + std::to_string(folder.number());
     const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());

@@ -176,17 +176,18 @@ std::vector<std::string> messagesOf(const std::vector<std::string>& paths) {
 }
 
 /// The two files of one instance; removed on destruction.
-class Place final {
+class InstanceFiles final {
  public:
     /// With a number higher than all others.
-    static Result<std::unique_ptr<Place>> take(PrivateFolder folder, InstanceRequests requests,
-                                               std::chrono::milliseconds patience);
+    static Result<std::unique_ptr<InstanceFiles>> take(PrivateFolder folder,
+                                                       InstanceRequests requests,
+                                                       std::chrono::milliseconds patience);
 
-    Place(PrivateFolder folder, UniqueFd file, std::uint64_t number)
+    InstanceFiles(PrivateFolder folder, UniqueFd file, std::uint64_t number)
         : folder_(std::move(folder)), file_(std::move(file)), number_(number) {}
-    Place(const Place&) = delete;
-    Place& operator=(const Place&) = delete;
-    ~Place() {
+    InstanceFiles(const InstanceFiles&) = delete;
+    InstanceFiles& operator=(const InstanceFiles&) = delete;
+    ~InstanceFiles() {
         socket_.reset();
         removeFiles(folder_, number_);
     }
@@ -204,8 +205,9 @@ class Place final {
     std::unique_ptr<MessageSocket> socket_;
 };
 
-Result<std::unique_ptr<Place>> Place::take(PrivateFolder folder, InstanceRequests requests,
-                                           std::chrono::milliseconds patience) {
+Result<std::unique_ptr<InstanceFiles>> InstanceFiles::take(PrivateFolder folder,
+                                                           InstanceRequests requests,
+                                                           std::chrono::milliseconds patience) {
     const auto lock = FolderLock::take(folder.path(), patience);
     if (!lock) {
         return lock.error();
@@ -225,17 +227,17 @@ Result<std::unique_ptr<Place>> Place::take(PrivateFolder folder, InstanceRequest
         }
     }
     const int descriptor = file.number();
-    auto place = std::make_unique<Place>(std::move(folder), std::move(file), number);
+    auto files = std::make_unique<InstanceFiles>(std::move(folder), std::move(file), number);
     if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
         return SystemError{errno};
     }
-    if (const auto failure = place->listen(std::move(requests))) {
+    if (const auto failure = files->listen(std::move(requests))) {
         return *failure;
     }
-    return place;
+    return files;
 }
 
-std::optional<SystemError> Place::listen(InstanceRequests requests) {
+std::optional<SystemError> InstanceFiles::listen(InstanceRequests requests) {
     auto socket = MessageSocket::listen(folder_.pathOf(nameOf(number_, socketSuffix)),
                                         [this, requests = std::move(requests)](
                                             std::string_view message) { obey(requests, message); });
@@ -246,7 +248,7 @@ std::optional<SystemError> Place::listen(InstanceRequests requests) {
     return std::nullopt;
 }
 
-void Place::obey(const InstanceRequests& requests, std::string_view message) const {
+void InstanceFiles::obey(const InstanceRequests& requests, std::string_view message) const {
     if (message == quitMessage) {
         // Without a socket it counts as quitting.
         ::unlinkat(folder_.number(), nameOf(number_, socketSuffix).c_str(), 0);
@@ -271,12 +273,12 @@ class LinuxRunningInstances final : public RunningInstances {
                 failure = folder.error();
                 continue;
             }
-            auto place = Place::take(std::move(*folder), requests, patience_);
-            if (place) {
-                place_ = std::move(*place);
-                return place_->instance();
+            auto files = InstanceFiles::take(std::move(*folder), requests, patience_);
+            if (files) {
+                files_ = std::move(*files);
+                return files_->instance();
             }
-            failure = place.error();
+            failure = files.error();
             if (failure.code == EBUSY) {
                 // The others are in this folder; in another one this instance would not see them.
                 break;
@@ -285,15 +287,15 @@ class LinuxRunningInstances final : public RunningInstances {
         return failure;
     }
 
-    void leave() override { place_.reset(); }
+    void leave() override { files_.reset(); }
 
     std::vector<RunningInstance> instances() override {
-        if (place_ == nullptr) {
+        if (files_ == nullptr) {
             return {};
         }
-        const auto lock = FolderLock::take(place_->folder().path(), patience_);
-        return lock ? runningInstances(place_->folder())
-                    : std::vector<RunningInstance>{place_->instance()};
+        const auto lock = FolderLock::take(files_->folder().path(), patience_);
+        return lock ? runningInstances(files_->folder())
+                    : std::vector<RunningInstance>{files_->instance()};
     }
 
     bool askToQuit(RunningInstance instance) override {
@@ -316,15 +318,15 @@ class LinuxRunningInstances final : public RunningInstances {
 
  private:
     [[nodiscard]] bool send(RunningInstance instance, const std::string& message) const {
-        return place_ != nullptr &&
-               MessageSocket::send(place_->folder().pathOf(nameOf(instance.number, socketSuffix)),
+        return files_ != nullptr &&
+               MessageSocket::send(files_->folder().pathOf(nameOf(instance.number, socketSuffix)),
                                    message);
     }
 
     const std::vector<std::string> folders_;
     // The lock is held for a few system calls only, which take long on a busy machine.
     const std::chrono::milliseconds patience_;
-    std::unique_ptr<Place> place_;
+    std::unique_ptr<InstanceFiles> files_;
 };
 
 }  // namespace

@@ -113,7 +113,7 @@ Result<std::string, TrashRefusal> LinuxTrashMover::pathForTrashInfo(const OpenTr
     }
     // The folder may have been reached through a symbolic link.
     if (!isSettled(*path) || !isWithin(*path, trash.top)) {
-        path = placeOf(folder.descriptor);
+        path = currentPathOf(folder.descriptor);
     }
     if (!path || !isWithin(*path, trash.top)) {
         return systemRefusal(ENOENT);

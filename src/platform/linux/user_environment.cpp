@@ -74,9 +74,9 @@ std::optional<std::string> below(const std::optional<std::string>& folder, std::
 /// An XDG base folder: that of the variable, else the default below the home folder.
 std::optional<std::string> baseFolder(const UserEnvironment& environment,
                                       const std::optional<std::string>& fromVariable,
-                                      std::string_view usualPlace) {
+                                      std::string_view usualFolder) {
     auto folder = absoluteFolder(fromVariable);
-    return folder ? folder : below(homeFolder(environment), usualPlace);
+    return folder ? folder : below(homeFolder(environment), usualFolder);
 }
 
 void skipBlanks(std::string_view& text) {
