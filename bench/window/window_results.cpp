@@ -100,12 +100,12 @@ class ComparisonEnd final {
     std::thread thread_;
 };
 
-void clickAt(QWidget* widget, const QPoint& place) {
+void clickAt(QWidget* widget, const QPoint& position) {
     for (const auto& [type, buttons] :
          {std::pair(QEvent::MouseButtonPress, Qt::MouseButtons(Qt::LeftButton)),
           std::pair(QEvent::MouseButtonRelease, Qt::MouseButtons())}) {
-        QMouseEvent event(type, place, widget->mapToGlobal(QPointF(place)), Qt::LeftButton, buttons,
-                          Qt::NoModifier);
+        QMouseEvent event(type, position, widget->mapToGlobal(QPointF(position)), Qt::LeftButton,
+                          buttons, Qt::NoModifier);
         QCoreApplication::sendEvent(widget, &event);
     }
 }
@@ -266,8 +266,8 @@ class ResultScenario final {
 
     QPoint nameOf(const QModelIndex& row) {
         constexpr int inside = 5;
-        const QRect place = outline().visualRect(row.siblingAtColumn(ResultTreeView::name));
-        return {place.left() + inside, place.center().y()};
+        const QRect area = outline().visualRect(row.siblingAtColumn(ResultTreeView::name));
+        return {area.left() + inside, area.center().y()};
     }
 
     QPoint boxOf(const QModelIndex& row) {

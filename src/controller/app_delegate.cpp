@@ -30,7 +30,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr QPoint closingNoticePlace{275, 225};
+constexpr QPoint closingNoticeOrigin{275, 225};
 constexpr QColor helpTitleColor{255, 255, 255};
 constexpr int helpTitleSize = 13;
 
@@ -279,7 +279,7 @@ bool AppDelegate::windowShouldClose() {
         scan_->waitForAnswer();
         window_.runningAlertText->setText(
             tr("A operation is in progress. Please stop the current process."));
-        window_.showNotice(window_.runningAlert, closingNoticePlace);
+        window_.showNotice(window_.runningAlert, closingNoticeOrigin);
         return false;
     }
     surroundings_.settings.setValue(

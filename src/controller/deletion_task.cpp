@@ -27,7 +27,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr QPoint previewPlace{205, 114};
+constexpr QPoint previewOrigin{205, 114};
 constexpr int yes = 0;
 
 }  // namespace
@@ -184,7 +184,7 @@ void DeletionTask::setDeletionView() {
 
 void DeletionTask::showDeletion() {
     window_.deletionPreview->deletionIndicator->setDone(0);
-    window_.showOver(window_.deletionPreview, previewPlace);
+    window_.showOver(window_.deletionPreview, previewOrigin);
     window_.results->resultTable->hide();
 }
 

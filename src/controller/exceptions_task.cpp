@@ -15,7 +15,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr QPoint panelPlace{300, 200};
+constexpr QPoint panelOrigin{300, 200};
 constexpr int yesButton = 0;
 
 }  // namespace
@@ -49,7 +49,7 @@ void ExceptionsTask::addExceptions() {
     }
     window_.exceptionWindow->exceptionTextField->setText(
         ResultTexts::exceptionQuestion(session_.exact));
-    window_.showOver(window_.exceptionWindow, panelPlace);
+    window_.showOver(window_.exceptionWindow, panelOrigin);
 }
 
 void ExceptionsTask::addExceptionsOKClicked() {

@@ -14,7 +14,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr QPoint windowPlace{250, 200};
+constexpr QPoint windowOrigin{250, 200};
 constexpr QColor background{21, 138, 162};
 
 }  // namespace
@@ -61,13 +61,13 @@ void InformationWindow::setInformationWindowWithInformationHeader(
 }
 
 void InformationWindow::showInformationWindow() {
-    window_.showOver(window_.informationWindow, windowPlace);
+    window_.showOver(window_.informationWindow, windowOrigin);
 }
 
 void InformationWindow::showInPlaceOf(DialogPanel& panel) {
     const QSize size = window_.informationWindow->sizeHint();
-    const int top = MainWindow::designSize.height() - windowPlace.y() - size.height();
-    window_.showInPlaceOf(&panel, window_.informationWindow, {{windowPlace.x(), top}, size});
+    const int top = MainWindow::designSize.height() - windowOrigin.y() - size.height();
+    window_.showInPlaceOf(&panel, window_.informationWindow, {{windowOrigin.x(), top}, size});
 }
 
 void InformationWindow::okInformationWindow() {

@@ -59,7 +59,7 @@ void KeptList::setWords(const KeptFiles& files) {
 
 void KeptList::show() {
     window_.keptWindow->table->scrollToTop();
-    window_.showInPlaceOf(window_.informationWindow, window_.keptWindow, ListPanel::designPlace,
+    window_.showInPlaceOf(window_.informationWindow, window_.keptWindow, ListPanel::designGeometry,
                           halfOfGain, halfOfGain);
 }
 

@@ -25,7 +25,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr QPoint noticePlace{220, 50};
+constexpr QPoint noticeOrigin{220, 50};
 constexpr int scanTitleSize = 14;
 
 /// The types offered by the file dialog for photos, in its order.
@@ -270,7 +270,7 @@ void Locations::dropped(const Addition& addition) {
 void Locations::showNotice(LocationNotice notice) {
     if (notice != LocationNotice::none) {
         window_.runningAlertText->setText(LocationTexts::notice(notice));
-        window_.showNoticeInList(window_.runningAlert, noticePlace);
+        window_.showNoticeInList(window_.runningAlert, noticeOrigin);
     }
 }
 

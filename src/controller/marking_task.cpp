@@ -21,7 +21,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr QPoint alertPlace{275, 225};
+constexpr QPoint alertOrigin{275, 225};
 
 }  // namespace
 
@@ -81,7 +81,7 @@ void MarkingTask::showTotalsAndButtons() {
 }
 
 void MarkingTask::showAllCheckAlert() {
-    window_.showNotice(window_.allCheckAlertView, alertPlace);
+    window_.showNotice(window_.allCheckAlertView, alertOrigin);
 }
 
 void MarkingTask::checkALertOK() const {

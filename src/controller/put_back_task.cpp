@@ -87,7 +87,7 @@ void PutBackTask::showExamining() {
     panel.putBackOutcome->setText(PutBackTexts::checking());
     panel.putBackCannot->setText({});
     window_.putBackWindow->setPossible(false);
-    window_.showInPlaceOf(nullptr, window_.putBackWindow, PutBackPanel::designPlace, halfOfGain,
+    window_.showInPlaceOf(nullptr, window_.putBackWindow, PutBackPanel::designGeometry, halfOfGain,
                           halfOfGain);
 }
 
@@ -131,7 +131,8 @@ void PutBackTask::showQuestion(const CleanUpSummary& cleanUp) {
     if (panel.isVisible()) {
         panel.keyboard().begin();
     } else {
-        window_.showInPlaceOf(nullptr, &panel, PutBackPanel::designPlace, halfOfGain, halfOfGain);
+        window_.showInPlaceOf(nullptr, &panel, PutBackPanel::designGeometry, halfOfGain,
+                              halfOfGain);
     }
 }
 
@@ -180,7 +181,7 @@ void PutBackTask::showProgress() {
     drawProgress();
     redraw_.start();
     window_.showInPlaceOf(window_.putBackWindow, window_.putBackProgress,
-                          PutBackProgress::designPlace);
+                          PutBackProgress::designGeometry);
 }
 
 void PutBackTask::drawProgress() {
@@ -241,7 +242,7 @@ void PutBackTask::showReport(DialogPanel& before) {
     const bool overResults = window_.selectedTabViewItem() == window_.results->identifier();
     const QString hint = overResults ? PutBackTexts::scanAgain() : QString();
     panel.putBackReportHint->setText(run_->failure() ? failureLine() : hint);
-    window_.showInPlaceOf(&before, window_.putBackReport, PutBackReport::designPlace);
+    window_.showInPlaceOf(&before, window_.putBackReport, PutBackReport::designGeometry);
 }
 
 void PutBackTask::closeReport() {

@@ -20,7 +20,7 @@ namespace tarvin {
 
 namespace {
 
-constexpr QPoint confirmationPlace{350, 235};
+constexpr QPoint confirmationOrigin{350, 235};
 
 }  // namespace
 
@@ -173,7 +173,7 @@ void ScanTask::setPaused(bool pauses) {
 }
 
 void ScanTask::stop() {
-    window_.showNotice(window_.confirmationView, confirmationPlace);
+    window_.showNotice(window_.confirmationView, confirmationOrigin);
     screen_.pauseResume->setEnabled(false);
     if (!run_.pause()) {
         pause();

@@ -68,8 +68,8 @@ void ButtonHoverComplex::draw(QPainter& painter) {
     constexpr int titleFoot = 15;  // from the content's top edge
     const QFont font = look::font(13);
     const int height = QFontMetrics(font).height();
-    const QRect place(content.left(), content.top() + titleFoot - height, content.width(), height);
-    paintLine(painter, place, title(), font, look::surface);
+    const QRect area(content.left(), content.top() + titleFoot - height, content.width(), height);
+    paintLine(painter, area, title(), font, look::surface);
 }
 
 void ButtonHoverComplex::mouseEntered() {
@@ -96,13 +96,13 @@ void ButtonHoverComplex::drawPicture(QPainter& painter, const QRect& content) co
     const QSize size = fitting.value_or(QSize(pictureSide, pictureSide));
     const QPoint origin(qRound((content.width() - size.width()) / 2.0),
                         qRound((content.height() - size.height()) / 2.0));
-    const QRect place(content.topLeft() + origin, size);
+    const QRect area(content.topLeft() + origin, size);
     if (isVector(normalImage_)) {
-        normalImage_.paint(&painter, place);
+        normalImage_.paint(&painter, area);
         return;
     }
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawPixmap(place, chosenPixmap(normalImage_, fitting));
+    painter.drawPixmap(area, chosenPixmap(normalImage_, fitting));
 }
 
 }  // namespace tarvin

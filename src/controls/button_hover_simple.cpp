@@ -9,7 +9,7 @@ namespace tarvin {
 ButtonHoverSimple::ButtonHoverSimple(QWidget* parent)
     : PaintedButton(parent, Tracking::inKeyWindow) {
     // There is no room around it in the corner of the top bar.
-    setFocusRing(FocusRing::Place::inside, look::surface);
+    setFocusRing(FocusRing::Position::inside, look::surface);
 }
 
 void ButtonHoverSimple::setImageNormal(const QIcon& normal, const QIcon& hover,

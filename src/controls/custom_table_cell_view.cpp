@@ -26,17 +26,17 @@ CustomTableCellView::CustomTableCellView(const QModelIndex& index)
       image_(iconOf(index.data(Qt::DecorationRole))) {}
 
 void CustomTableCellView::paint(QPainter& painter, const QRect& cell) const {
-    constexpr QRect imagePlace(16, 8, 40, 40);
+    constexpr QRect imageArea(16, 8, 40, 40);
     constexpr int textLeft = 72;
     constexpr int rightMargin = 24;
     constexpr int sizeWidth = 104;
     constexpr int gap = 8;
-    paintImage(painter, imagePlace.translated(cell.topLeft()));
+    paintImage(painter, imageArea.translated(cell.topLeft()));
 
     const int right = cell.width() - rightMargin;
     if (!additionalText_.isEmpty()) {
-        const QRect place(cell.left() + right - sizeWidth, cell.top() + 19, sizeWidth, 18);
-        paintLine(painter, place, additionalText_, look::font(13), look::muted, Qt::AlignRight);
+        const QRect area(cell.left() + right - sizeWidth, cell.top() + 19, sizeWidth, 18);
+        paintLine(painter, area, additionalText_, look::font(13), look::muted, Qt::AlignRight);
     }
     const int textRight = additionalText_.isEmpty() ? right : right - sizeWidth - gap;
     const QRect name(cell.left() + textLeft, cell.top() + 9, textRight - textLeft, 19);
@@ -47,14 +47,14 @@ void CustomTableCellView::paint(QPainter& painter, const QRect& cell) const {
               Qt::ElideMiddle);
 }
 
-void CustomTableCellView::paintImage(QPainter& painter, const QRect& place) const {
+void CustomTableCellView::paintImage(QPainter& painter, const QRect& area) const {
     if (image_.isNull()) {
-        painter.drawPixmap(place.topLeft(), picture(QStringLiteral("folder"), place.size(),
-                                                    devicePixelRatioOf(painter)));
+        painter.drawPixmap(area.topLeft(), picture(QStringLiteral("folder"), area.size(),
+                                                   devicePixelRatioOf(painter)));
         return;
     }
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    image_.paint(&painter, place);
+    image_.paint(&painter, area);
 }
 
 }  // namespace tarvin

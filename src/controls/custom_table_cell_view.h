@@ -44,7 +44,7 @@ class CustomTableCellView final {
     void paint(QPainter& painter, const QRect& cell) const;
 
  private:
-    void paintImage(QPainter& painter, const QRect& place) const;
+    void paintImage(QPainter& painter, const QRect& area) const;
 
     QString textField_;
     QString additionalText_;

@@ -6,9 +6,9 @@ namespace tarvin {
 
 namespace {
 
-QMargins marginsOf(FocusRing::Place place) {
+QMargins marginsOf(FocusRing::Position position) {
     constexpr int room = focusRingWidth + focusRingGap;
-    return place == FocusRing::Place::outside
+    return position == FocusRing::Position::outside
                ? QMargins(room, room, room, room)
                : QMargins(-focusRingGap, -focusRingGap, -focusRingGap, -focusRingGap);
 }
@@ -32,8 +32,8 @@ void paintFocusRing(QPainter& painter, const QRectF& rect, const QColor& color) 
     paintFrame(painter, rect, focusRingWidth, color);
 }
 
-FocusRing::FocusRing(QWidget& target, Place place, const QColor& color)
-    : AttachedDrawing(target, marginsOf(place), Layer::above), color_(color) {
+FocusRing::FocusRing(QWidget& target, Position position, const QColor& color)
+    : AttachedDrawing(target, marginsOf(position), Layer::above), color_(color) {
     setObjectName(QStringLiteral("focusRing"));
 }
 

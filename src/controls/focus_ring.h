@@ -26,9 +26,9 @@ class FocusRing final : public AttachedDrawing {
     Q_OBJECT
 
  public:
-    enum class Place { outside, inside };
+    enum class Position { outside, inside };
 
-    FocusRing(QWidget& target, Place place, const QColor& color);
+    FocusRing(QWidget& target, Position position, const QColor& color);
 
     void setColor(const QColor& color);
     [[nodiscard]] QColor color() const { return color_; }

@@ -60,7 +60,7 @@ void HoverButton::setKind(Kind kind) {
     kind_ = kind;
     look_.pixelSize = kind == Kind::filled ? 14 : 13;
     look_.underline = kind == Kind::text;
-    setFocusRing(FocusRing::Place::outside,
+    setFocusRing(FocusRing::Position::outside,
                  kind == Kind::outline ? look::surface : look::focusRing);
     updateGeometry();
     update();

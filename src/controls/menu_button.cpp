@@ -66,8 +66,8 @@ void MenuButton::draw(QPainter& painter) {
         painter.fillRect(rect(), openBackground);
     }
     drawBackground(painter);
-    const QRect place((width() - side) / 2, (height() - side) / 2, side, side);
-    painter.drawPixmap(place, picture(pictureName_, place.size(), devicePixelRatioOf(painter)));
+    const QRect area((width() - side) / 2, (height() - side) / 2, side, side);
+    painter.drawPixmap(area, picture(pictureName_, area.size(), devicePixelRatioOf(painter)));
 }
 
 void MenuButton::keyPressEvent(QKeyEvent* event) {

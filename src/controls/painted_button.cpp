@@ -45,9 +45,9 @@ void PaintedButton::setTitle(const QString& title) {
     setShortcut({});
 }
 
-void PaintedButton::setFocusRing(FocusRing::Place place, const QColor& color) {
+void PaintedButton::setFocusRing(FocusRing::Position position, const QColor& color) {
     delete ring_;
-    ringPlace_ = place;
+    ringPosition_ = position;
     ringColor_ = color;
 }
 
@@ -116,7 +116,7 @@ void PaintedButton::exit() {
 
 void PaintedButton::showRing(bool shown) {
     if (shown && ring_ == nullptr && parentWidget() != nullptr) {
-        ring_ = new FocusRing(*this, ringPlace_, ringColor_);
+        ring_ = new FocusRing(*this, ringPosition_, ringColor_);
     }
     if (ring_ != nullptr) {
         ring_->setWanted(shown);

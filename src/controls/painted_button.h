@@ -42,7 +42,7 @@ class PaintedButton : public QPushButton {
     [[nodiscard]] bool hovering() const { return hovering_; }
 
     /// Position and colour of the focus ring. By default outside and dark.
-    void setFocusRing(FocusRing::Place place, const QColor& color);
+    void setFocusRing(FocusRing::Position position, const QColor& color);
 
     /// Whether the focus ring is shown.
     [[nodiscard]] bool showsFocusRing() const;
@@ -95,7 +95,7 @@ class PaintedButton : public QPushButton {
     double alpha_ = 1.0;
     bool hovering_ = false;
     BorrowedCursor borrowedCursor_;
-    FocusRing::Place ringPlace_ = FocusRing::Place::outside;
+    FocusRing::Position ringPosition_ = FocusRing::Position::outside;
     QColor ringColor_;
     QPointer<FocusRing> ring_;
     QVector<QPointer<QWidget>> afterDisabling_;

@@ -185,7 +185,7 @@ void PopUpButton::wheelEvent(QWheelEvent* event) {
 
 void PopUpButton::showRing(bool shown) {
     if (shown && ring_ == nullptr && parentWidget() != nullptr) {
-        ring_ = new FocusRing(*this, FocusRing::Place::outside, look::focusRing);
+        ring_ = new FocusRing(*this, FocusRing::Position::outside, look::focusRing);
     }
     if (ring_ != nullptr) {
         ring_->setWanted(shown);

@@ -28,7 +28,7 @@ TabButton::TabButton(QString glyph, const QString& title, QWidget* parent)
     : HoverButton(Kind::quiet, title, parent), glyph_(std::move(glyph)) {
     setDisabledOpacity(1.0);
     // The tabs have no gap between them.
-    setFocusRing(FocusRing::Place::inside, look::focusRing);
+    setFocusRing(FocusRing::Position::inside, look::focusRing);
 }
 
 QSize TabButton::sizeHint() const {
@@ -52,10 +52,10 @@ void TabButton::draw(QPainter& painter) {
     const QFont font = titleFont(selected);
     const int title = QFontMetrics(font).horizontalAdvance(text());
     const int left = std::max((width() - glyphSide - gap - title) / 2, 0);
-    const QRect glyphPlace(left, (height() - glyphSide) / 2, glyphSide, glyphSide);
-    painter.drawPixmap(glyphPlace.topLeft(),
-                       picture(glyph_, glyphPlace.size(), devicePixelRatioOf(painter)));
-    const int titleLeft = glyphPlace.right() + 1 + gap;
+    const QRect glyphArea(left, (height() - glyphSide) / 2, glyphSide, glyphSide);
+    painter.drawPixmap(glyphArea.topLeft(),
+                       picture(glyph_, glyphArea.size(), devicePixelRatioOf(painter)));
+    const int titleLeft = glyphArea.right() + 1 + gap;
     paintLine(painter, {titleLeft, 0, width() - titleLeft, height()}, text(), font,
               selected ? look::activeTab : look::ink);
 }

@@ -27,9 +27,8 @@ void ToggleButton::draw(QPainter& painter) {
     if (!isEnabled()) {
         painter.setOpacity(painter.opacity() * disabledOpacity());
     }
-    const QRect place = checkBoxIn(rect(), side);
-    painter.drawPixmap(place.topLeft(),
-                       picture(glyph(), place.size(), devicePixelRatioOf(painter)));
+    const QRect area = checkBoxIn(rect(), side);
+    painter.drawPixmap(area.topLeft(), picture(glyph(), area.size(), devicePixelRatioOf(painter)));
 }
 
 }  // namespace tarvin

@@ -18,8 +18,8 @@ void WIndowsLikeButton::draw(QPainter& painter) {
     constexpr int side = 20;
     painter.fillRect(rect(), isDown() ? darkened(look::teal) : look::teal);
     paintFrame(painter, rect(), edge, look::surface);
-    const QRect place((width() - side) / 2, (height() - side) / 2, side, side);
-    painter.drawPixmap(place.topLeft(), picture(glyph_, place.size(), devicePixelRatioOf(painter)));
+    const QRect area((width() - side) / 2, (height() - side) / 2, side, side);
+    painter.drawPixmap(area.topLeft(), picture(glyph_, area.size(), devicePixelRatioOf(painter)));
 }
 
 }  // namespace tarvin

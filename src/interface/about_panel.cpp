@@ -20,14 +20,14 @@ constexpr int outline = 1;
 constexpr int titleHeight = 28;
 constexpr int footerHeight = 44;
 constexpr int textMargin = 33;
-constexpr QRect sentencePlace{textMargin, 181, 354, 40};
-constexpr int airUnderSentence = AboutPanel::designSize.height() - sentencePlace.bottom() - 1;
+constexpr QRect sentenceGeometry{textMargin, 181, 354, 40};
+constexpr int airUnderSentence = AboutPanel::designSize.height() - sentenceGeometry.bottom() - 1;
 constexpr QColor bandTitle{51, 69, 79};
 
 }  // namespace
 
 CloseButton::CloseButton(QWidget* parent) : PaintedButton(parent) {
-    setFocusRing(FocusRing::Place::inside, look::focusRing);
+    setFocusRing(FocusRing::Position::inside, look::focusRing);
     setAccessibleName(tr("Close"));
 }
 
@@ -75,14 +75,14 @@ void AboutPanel::placeControls() {
     place(icon, {textMargin, 61, 96, 96});
     place(name, {153, 61, 244, 52});
     place(aboutVersion, {153, 121, 244, 20});
-    place(sentence_, sentencePlace, atStart, Fit::taller);
+    place(sentence_, sentenceGeometry, atStart, Fit::taller);
     place(makeLabel(tr("© Tarvin Software. All rights reserved."), look::font(12), look::muted),
           {textMargin, 244, 354, 43}, atEnd);
 }
 
 int AboutPanel::heightForWidth(int) const {
-    const int needed = sentence_->heightForWidth(sentencePlace.width());
-    return std::max(designSize.height(), sentencePlace.top() + needed + airUnderSentence);
+    const int needed = sentence_->heightForWidth(sentenceGeometry.width());
+    return std::max(designSize.height(), sentenceGeometry.top() + needed + airUnderSentence);
 }
 
 void AboutPanel::paintEvent(QPaintEvent*) {

@@ -81,9 +81,9 @@ QAccessible::State AccessibleCell::state() const {
         state.invalid = true;
         return state;
     }
-    const QRect place = view()->visualRect(index_);
+    const QRect area = view()->visualRect(index_);
     state.invisible = !view()->isVisible();
-    state.offscreen = !view()->viewport()->rect().intersects(place);
+    state.offscreen = !view()->viewport()->rect().intersects(area);
     state.selectable = index_.flags().testFlag(Qt::ItemIsSelectable);
     state.selected = view()->selectionModel()->isSelected(index_);
     state.focusable = true;

@@ -121,8 +121,8 @@ int AccessibleList::indexOfChild(const QAccessibleInterface* child) const {
 }
 
 QAccessibleInterface* AccessibleList::childAt(int x, int y) const {
-    const QPoint place = view_.viewport()->mapFromGlobal(QPoint(x, y));
-    return view_.viewport()->rect().contains(place) ? cellOf(view_.indexAt(place)) : nullptr;
+    const QPoint position = view_.viewport()->mapFromGlobal(QPoint(x, y));
+    return view_.viewport()->rect().contains(position) ? cellOf(view_.indexAt(position)) : nullptr;
 }
 
 QAccessibleInterface* AccessibleList::focusChild() const {

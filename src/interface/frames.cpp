@@ -72,7 +72,7 @@ void PaneFrame::showRing() {
     const auto* list = qobject_cast<const QAbstractItemView*>(content_);
     const bool wanted = focusShown_ && (list == nullptr || !list->currentIndex().isValid());
     if (wanted && ring_ == nullptr && parentWidget() != nullptr) {
-        ring_ = new FocusRing(*this, FocusRing::Place::outside, look::focusRing);
+        ring_ = new FocusRing(*this, FocusRing::Position::outside, look::focusRing);
     }
     if (ring_ != nullptr && ring_->isWanted() != wanted) {
         ring_->setWanted(wanted);

@@ -50,9 +50,9 @@ void ImageView::paintEvent(QPaintEvent*) {
             image_.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
         scaled_.setDevicePixelRatio(ratio);
     }
-    const QRect place = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter,
-                                            scaled_.deviceIndependentSize().toSize(), inside);
-    painter.drawPixmap(place.topLeft(), scaled_);
+    const QRect area = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter,
+                                           scaled_.deviceIndependentSize().toSize(), inside);
+    painter.drawPixmap(area.topLeft(), scaled_);
 }
 
 }  // namespace tarvin

@@ -19,11 +19,11 @@ constexpr int wrappedPitch = 17;
 // In a row with two lines, from its top.
 constexpr int nameTop = 5;
 constexpr int namePitch = 18;
-constexpr int placeTop = 23;
-constexpr int placePitch = 16;
+constexpr int pathTop = 23;
+constexpr int pathPitch = 16;
 
 QFont fontOf(ListTable::Text text) {
-    const bool isName = text == ListTable::Text::name || text == ListTable::Text::nameAndPlace;
+    const bool isName = text == ListTable::Text::name || text == ListTable::Text::nameAndPath;
     return look::font(13, isName ? QFont::Medium : QFont::Normal);
 }
 
@@ -69,31 +69,31 @@ void ListCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->save();
     paintRow(*painter, option, index);
     const ListTable::Text kind = table_.columns()[index.column()].text;
-    const QRect place = option.rect.adjusted(padding, 0, -padding, 0);
+    const QRect area = option.rect.adjusted(padding, 0, -padding, 0);
     const QString text = index.data().toString();
-    const bool muted = kind == ListTable::Text::place || index.data(ListTable::mutedRole).toBool();
+    const bool muted = kind == ListTable::Text::path || index.data(ListTable::mutedRole).toBool();
     const QColor color = muted ? look::muted : look::ink;
     const QFont font = fontOf(kind);
     switch (kind) {
-        case ListTable::Text::nameAndPlace:
-            paintLine(*painter, {place.left(), place.top() + nameTop, place.width(), namePitch},
-                      text, font, color, Qt::AlignLeft, Qt::ElideMiddle);
-            paintLine(*painter, {place.left(), place.top() + placeTop, place.width(), placePitch},
+        case ListTable::Text::nameAndPath:
+            paintLine(*painter, {area.left(), area.top() + nameTop, area.width(), namePitch}, text,
+                      font, color, Qt::AlignLeft, Qt::ElideMiddle);
+            paintLine(*painter, {area.left(), area.top() + pathTop, area.width(), pathPitch},
                       secondLine(index), secondFont(), look::muted, Qt::AlignLeft, Qt::ElideMiddle);
             break;
         case ListTable::Text::wrapped: {
-            const QStringList lines = wrapped(text, font, place.width());
+            const QStringList lines = wrapped(text, font, area.width());
             const int height = wrappedPitch * static_cast<int>(lines.size());
-            int top = place.top() + (place.height() - height) / 2;
+            int top = area.top() + (area.height() - height) / 2;
             for (const QString& line : lines) {
-                paintLine(*painter, {place.left(), top, place.width(), wrappedPitch}, line, font,
+                paintLine(*painter, {area.left(), top, area.width(), wrappedPitch}, line, font,
                           color);
                 top += wrappedPitch;
             }
             break;
         }
         default:
-            paintLine(*painter, place, text, font, color, Qt::AlignLeft,
+            paintLine(*painter, area, text, font, color, Qt::AlignLeft,
                       kind == ListTable::Text::plain ? Qt::ElideRight : Qt::ElideMiddle);
     }
     painter->restore();
@@ -109,7 +109,7 @@ QString ListCellDelegate::hiddenText(const QRect& cell, const QModelIndex& index
     const ListTable::Text kind = table_.columns()[index.column()].text;
     const QFont font = fontOf(kind);
     switch (kind) {
-        case ListTable::Text::nameAndPlace: {
+        case ListTable::Text::nameAndPath: {
             const QString second = secondLine(index);
             const bool shown = fits(text, font, width) && fits(second, secondFont(), width);
             return shown ? QString() : text + QLatin1Char('\n') + second;

@@ -10,13 +10,13 @@
 namespace tarvin {
 
 ListPanel::ListPanel(QWidget* parent)
-    : DialogPanel(designPlace.size(), "keptHeader", parent),
+    : DialogPanel(designGeometry.size(), "keptHeader", parent),
       sentence(named(makeLabel(tr("These files were not moved to the Trash. They are still in the "
                                   "results and still marked."),
                                look::font(13), look::ink),
                      "keptSentence")),
       table(named(new ListTable({{ListTable::Text::name, 160},
-                                 {ListTable::Text::place, 0},
+                                 {ListTable::Text::path, 0},
                                  {ListTable::Text::plain, 226}},
                                 ListTable::heightOfLine),
                   "keptTable")),

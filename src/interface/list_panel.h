@@ -15,7 +15,7 @@ class ListPanel final : public DialogPanel {
 
  public:
     /// Its geometry in the design.
-    static constexpr QRect designPlace{168, 97, 680, 404};
+    static constexpr QRect designGeometry{168, 97, 680, 404};
 
     explicit ListPanel(QWidget* parent);
 

@@ -23,11 +23,11 @@ class ListTable : public QTableView {
 
     /// How a column shows its text.
     enum class Text : std::uint8_t {
-        name,          ///< elided in the middle
-        place,         ///< muted, elided in the middle
-        plain,         ///< elided at the end
-        nameAndPlace,  ///< two lines: the text, and the text of `secondLineRole` below it, muted
-        wrapped        ///< on up to two lines
+        name,         ///< elided in the middle
+        path,         ///< muted, elided in the middle
+        plain,        ///< elided at the end
+        nameAndPath,  ///< two lines: the text, and the text of `secondLineRole` below it, muted
+        wrapped       ///< on up to two lines
     };
     struct Column {
         Text text = Text::plain;

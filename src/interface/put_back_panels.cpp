@@ -23,11 +23,11 @@ TextBlock* makeReportLine(const char* name) {
 }  // namespace
 
 PutBackPanel::PutBackPanel(QWidget* parent)
-    : DialogPanel(designPlace.size(), "putBackHeader", parent),
+    : DialogPanel(designGeometry.size(), "putBackHeader", parent),
       putBackDate(named(makeLabel({}, look::font(14, QFont::DemiBold), look::ink), "putBackDate")),
       putBackTotal(named(makeLabel({}, look::font(14), look::ink, Qt::AlignRight), "putBackTotal")),
       putBackTable(
-          named(new ListTable({{ListTable::Text::nameAndPlace, 360}, {ListTable::Text::wrapped, 0}},
+          named(new ListTable({{ListTable::Text::nameAndPath, 360}, {ListTable::Text::wrapped, 0}},
                               ListTable::heightOfTwoLines),
                 "putBackTable")),
       putBackOutcome(
@@ -63,7 +63,7 @@ void PutBackPanel::setPossible(bool possible) {
 }
 
 PutBackProgress::PutBackProgress(QWidget* parent)
-    : DialogPanel(designPlace.size(), "putBackProgressHeader", parent),
+    : DialogPanel(designGeometry.size(), "putBackProgressHeader", parent),
       putBackIndicator(named(new ProgressBar, "putBackIndicator")),
       putBackProcessing(named(new TextBlock(look::font(13), 19, look::muted), "putBackProcessing")),
       stopPutBackBtn(makeFilledButton("stopPutBackBtn", tr("Stop"), look::slate)) {
@@ -87,12 +87,12 @@ PutBackProgress::PutBackProgress(QWidget* parent)
 }
 
 PutBackReport::PutBackReport(QWidget* parent)
-    : DialogPanel(designPlace.size(), "putBackReportHeader", parent),
+    : DialogPanel(designGeometry.size(), "putBackReportHeader", parent),
       putBackReportCount(makeReportLine("putBackReportCount")),
       putBackReportSize(makeReportLine("putBackReportSize")),
       putBackReportFailed(named(makeLabel({}, look::font(13), look::ink), "putBackReportFailed")),
       putBackFailures(named(new ListTable({{ListTable::Text::name, 152},
-                                           {ListTable::Text::place, 0},
+                                           {ListTable::Text::path, 0},
                                            {ListTable::Text::plain, 210}},
                                           ListTable::heightOfLine),
                             "putBackFailures")),

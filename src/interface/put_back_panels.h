@@ -18,7 +18,7 @@ class PutBackPanel final : public DialogPanel {
 
  public:
     /// Its geometry in the design.
-    static constexpr QRect designPlace{148, 97, 720, 400};
+    static constexpr QRect designGeometry{148, 97, 720, 400};
 
     explicit PutBackPanel(QWidget* parent);
 
@@ -44,7 +44,7 @@ class PutBackProgress final : public DialogPanel {
 
  public:
     /// Its geometry in the design.
-    static constexpr QRect designPlace{205, 114, 606, 303};
+    static constexpr QRect designGeometry{205, 114, 606, 303};
 
     explicit PutBackProgress(QWidget* parent);
 
@@ -60,7 +60,7 @@ class PutBackReport final : public DialogPanel {
 
  public:
     /// Its geometry in the design.
-    static constexpr QRect designPlace{173, 97, 670, 366};
+    static constexpr QRect designGeometry{173, 97, 670, 366};
 
     explicit PutBackReport(QWidget* parent);
 

@@ -28,7 +28,7 @@ void addShortcut(QWidget* panel, QKeyCombination key, HoverButton* button) {
     panel->addAction(shortcut);
 }
 
-constexpr QRect questionPlace{24, 62, 368, 66};
+constexpr QRect questionGeometry{24, 62, 368, 66};
 
 constexpr QSize informationDesign{516, 190};
 constexpr int linePitch = 24;
@@ -94,7 +94,7 @@ ExceptionPanel::ExceptionPanel(QWidget* parent)
       excOKBtn(makeFilledButton("excOKBtn", tr("Ok"), look::buttonTeal)) {
     setObjectName(QStringLiteral("exceptionWindow"));
     header->setText(tr("Add to Exceptions"));
-    placement().place(exceptionTextField, {questionPlace, atStart, stretching});
+    placement().place(exceptionTextField, {questionGeometry, atStart, stretching});
     placement().place(excCancelBtn, {{176, 140, 104, 34}, atEnd, atEnd});
     placement().place(excOKBtn, {{288, 140, 104, 34}, atEnd, atEnd});
     placement().row({excCancelBtn, excOKBtn});
@@ -102,8 +102,8 @@ ExceptionPanel::ExceptionPanel(QWidget* parent)
 }
 
 int ExceptionPanel::heightMissing() const {
-    const int needed = exceptionTextField->heightForWidth(questionPlace.width());
-    return std::max(needed - questionPlace.height(), 0);
+    const int needed = exceptionTextField->heightForWidth(questionGeometry.width());
+    return std::max(needed - questionGeometry.height(), 0);
 }
 
 InformationPanel::InformationPanel(QWidget* parent)

@@ -17,14 +17,14 @@ constexpr int indentation = 18;
 constexpr int boxToName = 24;
 constexpr int rightMargin = 8;
 
-void paintBranch(QPainter& painter, const QRect& place, bool expanded) {
+void paintBranch(QPainter& painter, const QRect& area, bool expanded) {
     const QPixmap chevron =
-        picture(QStringLiteral("ui/chevron_down"), place.size(), devicePixelRatioOf(painter));
+        picture(QStringLiteral("ui/chevron_down"), area.size(), devicePixelRatioOf(painter));
     painter.save();
-    painter.translate(QRectF(place).center());
+    painter.translate(QRectF(area).center());
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.rotate(expanded ? 0 : -90);
-    painter.drawPixmap(QPointF(-place.width() / 2.0, -place.height() / 2.0), chevron);
+    painter.drawPixmap(QPointF(-area.width() / 2.0, -area.height() / 2.0), chevron);
     painter.restore();
 }
 

@@ -420,18 +420,18 @@ TEST_F(Places, OfANoticeOfTheList) {
 
 TEST_F(Places, OfTheQuestionWhetherToStop) {
     delegate->scan().stop();
-    const QRect place = window().confirmationView->geometry();
-    EXPECT_EQ(place.left(), 350);
-    EXPECT_EQ(window().height() - 1 - place.bottom(), 235);
+    const QRect geometry = window().confirmationView->geometry();
+    EXPECT_EQ(geometry.left(), 350);
+    EXPECT_EQ(window().height() - 1 - geometry.bottom(), 235);
 }
 
 TEST_F(Places, OfTheNoticeOfClosing) {
     delegate->locations().buttonScanFolderClicked();
     delegate->scan().buttonFindDuplicatesExactClicked();
     EXPECT_FALSE(window().close());
-    const QRect place = window().runningAlert->geometry();
-    EXPECT_EQ(place.left(), 275);
-    EXPECT_EQ(window().height() - 1 - place.bottom(), 225);
+    const QRect geometry = window().runningAlert->geometry();
+    EXPECT_EQ(geometry.left(), 275);
+    EXPECT_EQ(window().height() - 1 - geometry.bottom(), 225);
 }
 
 /// The state after returning to the home screen.
@@ -550,10 +550,10 @@ class LocationScreenTest : public ProductFixture {
 
     void doubleClick(int row) {
         LocationTable& table = *window().locations->tableExact;
-        const QPoint place =
+        const QPoint position =
             table.visualRect(table.model()->index(row, LocationTable::mainCell)).center();
-        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, place);
-        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, position);
+        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, position);
     }
 
     [[nodiscard]] const std::vector<LocationRow>& rows() {

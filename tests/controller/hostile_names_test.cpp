@@ -147,9 +147,9 @@ TEST_F(HostileNames, AreShownInFullInTheProgress) {
 TEST_F(HostileNames, AreOpenedByTheirBytes) {
     writeFiles(hostileEnd, "text");
     scanAndReview();
-    const QPoint place = table().visualRect(list().index(1, ResultTable::nameText)).center();
-    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, place);
+    const QPoint position = table().visualRect(list().index(1, ResultTable::nameText)).center();
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, position);
+    QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, position);
     EXPECT_EQ(desktop.paths, Lines{second});
 }
 

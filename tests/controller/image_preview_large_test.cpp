@@ -20,10 +20,10 @@ class ImagePreviewOfALarge : public ImagePreviewFixture {
         const QImage image = previewOf(path);
         EXPECT_EQ(measured(), full);
         ASSERT_EQ(image.size(), small);
-        for (const QPoint place :
+        for (const QPoint position :
              {QPoint(0, 0), image.rect().center(), image.rect().bottomRight()}) {
-            EXPECT_TRUE(isNear(image.pixelColor(place), color))
-                << image.pixelColor(place).name().toStdString();
+            EXPECT_TRUE(isNear(image.pixelColor(position), color))
+                << image.pixelColor(position).name().toStdString();
         }
 #ifndef TARVIN_SANITIZED
         EXPECT_LE(costOfPreview(path).megabytes, 512);

@@ -115,9 +115,9 @@ TEST_F(ImagePreviewOf, AppliesAllEightOrientations) {
         const QImage image = previewOf(tree_.writeFile(
             "turned.jpg", imagebytes::withOrientation(plain, static_cast<char>(mark))));
         ASSERT_EQ(image.size(), mark < 5 ? QSize(80, 40) : QSize(40, 80)) << mark;
-        const QPoint place = red.at(static_cast<std::size_t>(mark) - 1);
-        const QPoint opposite(image.width() - 1 - place.x(), image.height() - 1 - place.y());
-        EXPECT_TRUE(isNear(image.pixelColor(place), Qt::red)) << mark;
+        const QPoint position = red.at(static_cast<std::size_t>(mark) - 1);
+        const QPoint opposite(image.width() - 1 - position.x(), image.height() - 1 - position.y());
+        EXPECT_TRUE(isNear(image.pixelColor(position), Qt::red)) << mark;
         EXPECT_TRUE(isNear(image.pixelColor(opposite), Qt::blue)) << mark;
     }
 }

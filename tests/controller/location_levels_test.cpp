@@ -37,9 +37,9 @@ class BrowsedList : public ProductFixture {
     }
 
     void open(const std::string& name) {
-        const QPoint place = table().visualRect(cellOf(name, LocationTable::mainCell)).center();
-        QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, place);
-        QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, place);
+        const QPoint position = table().visualRect(cellOf(name, LocationTable::mainCell)).center();
+        QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, position);
+        QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, position);
     }
 
     [[nodiscard]] Names names() {

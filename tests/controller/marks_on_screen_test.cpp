@@ -11,9 +11,9 @@ namespace {
 class MarksOnScreen : public ThreeSetsFixture {
  protected:
     /// In the middle of a control, through the window.
-    void clickInWindow(const QWidget* control, const QPoint& place) {
+    void clickInWindow(const QWidget* control, const QPoint& position) {
         QTest::mouseClick(window().windowHandle(), Qt::LeftButton, {},
-                          control->mapTo(&window(), place));
+                          control->mapTo(&window(), position));
     }
     void clickButton(const char* name) {
         const QWidget* button = control(name);

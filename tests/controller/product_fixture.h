@@ -174,9 +174,9 @@ class ProductFixture : public testing::Test {
     }
 
     /// Opens a context menu with the right mouse button, at a position of `control`.
-    void openMenu(QWidget* control, QPoint place, QMenu* menu) {
+    void openMenu(QWidget* control, QPoint position, QMenu* menu) {
         QTest::mouseClick(window().windowHandle(), Qt::RightButton, {},
-                          control->mapTo(&window(), place));
+                          control->mapTo(&window(), position));
         ASSERT_TRUE(comesTrue([menu] { return menu->isVisible(); }));
     }
 

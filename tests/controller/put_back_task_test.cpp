@@ -29,11 +29,11 @@ TEST_F(PutBackTest, ShowsTheFilesAndTheirPlaces) {
     cleanUp();
     ASSERT_TRUE(opens());
     ASSERT_TRUE(question().isVisible());
-    const std::string place = folder.pathOf("found");
-    EXPECT_EQ(rows(), (std::vector<Lines>{{"a2.jpg", place, "Ready"},
-                                          {"b2.jpg", place, "Ready"},
-                                          {"b3.jpg", place, "Ready"},
-                                          {"c2.txt", place, "Ready"}}));
+    const std::string original = folder.pathOf("found");
+    EXPECT_EQ(rows(), (std::vector<Lines>{{"a2.jpg", original, "Ready"},
+                                          {"b2.jpg", original, "Ready"},
+                                          {"b3.jpg", original, "Ready"},
+                                          {"c2.txt", original, "Ready"}}));
     EXPECT_EQ(textOf("putBackDate"), "31 January 2026, 00:00");
     EXPECT_EQ(textOf("putBackTotal"), "4 files (0.02 KB)");
     EXPECT_EQ(textOf("putBackOutcome"), "4 files will be put back.");
@@ -76,14 +76,13 @@ TEST_F(PutBackTest, ListsFilesThatCannotComeBackFirst) {
     write("b2.jpg", "something else");
     std::filesystem::remove(folder.pathOf("data/Trash/files/c2.txt"));
     ASSERT_TRUE(opens());
-    const std::string place = folder.pathOf("found");
-    EXPECT_EQ(
-        rows(),
-        (std::vector<Lines>{
-            {"c2.txt", place, "No longer in the Trash"},
-            {"b2.jpg", place, "Something else is there now: will be named \"b2 (put back).jpg\""},
-            {"a2.jpg", place, "Ready"},
-            {"b3.jpg", place, "Ready"}}));
+    const std::string original = folder.pathOf("found");
+    EXPECT_EQ(rows(), (std::vector<Lines>{
+                          {"c2.txt", original, "No longer in the Trash"},
+                          {"b2.jpg", original,
+                           "Something else is there now: will be named \"b2 (put back).jpg\""},
+                          {"a2.jpg", original, "Ready"},
+                          {"b3.jpg", original, "Ready"}}));
     EXPECT_EQ(textOf("putBackOutcome"), "3 files will be put back.");
     EXPECT_EQ(textOf("putBackCannot"), "1 file cannot be put back.");
     const QAbstractItemModel& model = *question().putBackTable->model();
@@ -91,7 +90,7 @@ TEST_F(PutBackTest, ListsFilesThatCannotComeBackFirst) {
     EXPECT_FALSE(model.index(1, 0).data(ListTable::mutedRole).toBool());
     EXPECT_TRUE(model.index(2, 1).data(ListTable::mutedRole).toBool());
     EXPECT_EQ(model.index(2, 0).data(Qt::AccessibleTextRole).toString().toStdString(),
-              "a2.jpg, to " + place + ", Ready");
+              "a2.jpg, to " + original + ", Ready");
 }
 
 TEST_F(PutBackTest, ReportsWhatDidNotComeBackAndWhy) {
@@ -208,9 +207,9 @@ TEST_F(PutBackTest, AStopFinishesTheCurrentFileAndReportsTheRest) {
     EXPECT_TRUE(isThere("a2.jpg"));
     EXPECT_TRUE(isThere("b2.jpg"));
     EXPECT_FALSE(isThere("b3.jpg"));
-    const std::string place = folder.pathOf("found");
-    EXPECT_EQ(failures(), (std::vector<Lines>{{"b3.jpg", place, "Stopped before its turn"},
-                                              {"c2.txt", place, "Stopped before its turn"}}));
+    const std::string original = folder.pathOf("found");
+    EXPECT_EQ(failures(), (std::vector<Lines>{{"b3.jpg", original, "Stopped before its turn"},
+                                              {"c2.txt", original, "Stopped before its turn"}}));
     click("putBackReportOk");
     // They can be put back later.
     ASSERT_TRUE(opens());
@@ -237,23 +236,23 @@ TEST_F(PutBackTest, ListsTheFilesWhileTheyAreChecked) {
     ASSERT_TRUE(comesTrue([this] { return window().moreMenu->isVisible(); }));
     choose(window().moreMenu, window().putBackItem);
     ASSERT_TRUE(comesTrue([this] { return question().isVisible() && rows().size() == 4; }));
-    const std::string place = folder.pathOf("found");
-    EXPECT_EQ(rows(), (std::vector<Lines>{{"a2.jpg", place, "Checking…"},
-                                          {"b2.jpg", place, "Checking…"},
-                                          {"b3.jpg", place, "Checking…"},
-                                          {"c2.txt", place, "Checking…"}}));
+    const std::string original = folder.pathOf("found");
+    EXPECT_EQ(rows(), (std::vector<Lines>{{"a2.jpg", original, "Checking…"},
+                                          {"b2.jpg", original, "Checking…"},
+                                          {"b3.jpg", original, "Checking…"},
+                                          {"c2.txt", original, "Checking…"}}));
     const QAbstractItemModel& model = *question().putBackTable->model();
     EXPECT_TRUE(model.index(0, 1).data(ListTable::mutedRole).toBool());
     EXPECT_FALSE(model.index(0, 0).data(ListTable::mutedRole).toBool());
     EXPECT_EQ(model.index(0, 0).data(Qt::AccessibleTextRole).toString().toStdString(),
-              "a2.jpg, to " + place + ", Checking…");
+              "a2.jpg, to " + original + ", Checking…");
     EXPECT_EQ(textOf("putBackDate"), "31 January 2026, 00:00");
     EXPECT_EQ(textOf("putBackOutcome"), "Checking…");
     EXPECT_FALSE(isEnabled("putBackOk"));
     barrier.open();
     ASSERT_TRUE(comesTrue([this] { return isEnabled("putBackOk"); }));
     EXPECT_EQ(rows().size(), 4U);
-    EXPECT_EQ(rows().front(), (Lines{"a2.jpg", place, "Ready"}));
+    EXPECT_EQ(rows().front(), (Lines{"a2.jpg", original, "Ready"}));
 }
 
 TEST_F(PutBackTest, CancelledWhileFilesAreCheckedShowsNoneOfThemTheNextTime) {

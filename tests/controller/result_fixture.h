@@ -66,9 +66,9 @@ class ResultFixture : public ProductFixture {
     }
 
     void clickRow(const QModelIndex& row) {
-        const QRect place = outline().visualRect(row.siblingAtColumn(ResultTreeView::name));
+        const QRect area = outline().visualRect(row.siblingAtColumn(ResultTreeView::name));
         QTest::mouseClick(outline().viewport(), Qt::LeftButton, {},
-                          QPoint(place.left() + 30, place.center().y()));
+                          QPoint(area.left() + 30, area.center().y()));
     }
 
     void select(int extension, int set) { clickRow(tree().indexOfSet(extension, set)); }

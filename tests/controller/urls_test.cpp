@@ -65,9 +65,9 @@ TEST(UrlList, IsInstalledWithoutUrls) {
     expectNone(urlsIn(list), list);
     const std::string empty = "<string></string>";
     for (const char* text : {"mailto:help@example.org", "https://example.org", "updates"}) {
-        const std::size_t place = list.find(empty);
-        ASSERT_NE(place, std::string::npos);
-        list.replace(place, empty.size(), std::string("<string>") + text + "</string>");
+        const std::size_t offset = list.find(empty);
+        ASSERT_NE(offset, std::string::npos);
+        list.replace(offset, empty.size(), std::string("<string>") + text + "</string>");
     }
     EXPECT_EQ(list.find(empty), std::string::npos);
     const Urls urls = urlsIn(list);

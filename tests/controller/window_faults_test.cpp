@@ -30,15 +30,15 @@ class DropOntoTheWindow : public ProductFixture {
     /// Whether the list accepts a drop below the rows.
     bool drop(const QMimeData& data) {
         QWidget* list = window().locations->tableExact->viewport();
-        const QPoint place(list->width() / 2, list->height() - 2);
-        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        const QPoint position(list->width() / 2, list->height() - 2);
+        QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(list, &enter);
-        QDragMoveEvent move(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QDragMoveEvent move(position, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(list, &move);
         if (!enter.isAccepted() || !move.isAccepted()) {
             return false;
         }
-        QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QDropEvent drop(position, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(list, &drop);
         return drop.isAccepted();
     }
@@ -124,10 +124,10 @@ class Faults : public ProductFixture {
  protected:
     void openRow(int row) {
         LocationTable& table = *window().locations->tableExact;
-        const QPoint place =
+        const QPoint position =
             table.visualRect(table.model()->index(row, LocationTable::mainCell)).center();
-        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, place);
-        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, position);
+        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, position);
     }
 };
 

@@ -11,7 +11,7 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect buttonFieldsPlace(20, 20, 120, 40);
+constexpr QRect buttonFieldsGeometry(20, 20, 120, 40);
 
 /// Counts the paint events of a widget, which must outlive it.
 class Paintings final : public QObject {
@@ -43,7 +43,7 @@ TEST(ButtonFields, ButtonIDIsKept) {
 
 TEST(ButtonFields, HoveringChangesTheLookOfAnAnswer) {
     ControlFixture bench;
-    auto& answer = bench.add<ButtonSettingsSaved>(buttonFieldsPlace);
+    auto& answer = bench.add<ButtonSettingsSaved>(buttonFieldsGeometry);
     EXPECT_FALSE(answer.hovering());
     EXPECT_THAT(bench.at(20, 40), IsRgb(53, 152, 252));
     answer.setHovering(true);
@@ -66,7 +66,7 @@ TEST(ButtonFields, SettingHoveringDoesNotFadeAButton) {
 
 TEST(ButtonFields, SettingHoveringOrMouseDownRepaints) {
     ControlFixture bench;
-    auto& tile = bench.add<ButtonHoverComplex>(buttonFieldsPlace);
+    auto& tile = bench.add<ButtonHoverComplex>(buttonFieldsGeometry);
     const Paintings paintings(&tile);
     const auto comeTo = [&](int count) {
         return QTest::qWaitFor([&] { return paintings.count() >= count; }, 20'000);

@@ -11,7 +11,7 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect buttonHoverComplexPlace(20, 20, 190, 160);
+constexpr QRect buttonHoverComplexGeometry(20, 20, 190, 160);
 
 QPixmap plain(const QSize& size, const QColor& color) {
     QPixmap pixmap(size);
@@ -20,7 +20,7 @@ QPixmap plain(const QSize& size, const QColor& color) {
 }
 
 ButtonHoverComplex& addTile(ControlFixture& bench, const QIcon& picture = {}) {
-    auto& tile = bench.add<ButtonHoverComplex>(buttonHoverComplexPlace);
+    auto& tile = bench.add<ButtonHoverComplex>(buttonHoverComplexGeometry);
     tile.setFillColor(look::deepTeal);
     tile.setImageNormal(picture, {});
     return tile;
@@ -84,19 +84,19 @@ TEST(ButtonHoverComplex, TheDrawingOfTheDrivesTileIsSharp) {
 TEST(ButtonHoverComplex, TheTitleIsInTheUpperLeft) {
     ControlFixture bench;
     addTile(bench).setTitle(QStringLiteral("HHH"));
-    const QImage image = bench.picture(buttonHoverComplexPlace);
+    const QImage image = bench.picture(buttonHoverComplexGeometry);
     const double ratio = image.devicePixelRatio();
     const QRect ink = inkBounds(image, look::deepTeal);
     EXPECT_NEAR(ink.left() / ratio, 11, 1.5);
     EXPECT_GE(ink.top() / ratio, 9);
     EXPECT_LE(ink.bottom() / ratio, 25);
-    EXPECT_TRUE(bench.holds(buttonHoverComplexPlace, Qt::white));
+    EXPECT_TRUE(bench.holds(buttonHoverComplexGeometry, Qt::white));
 }
 
 TEST(ButtonHoverComplex, ALongTitleIsCutAtTheInset) {
     ControlFixture bench;
     addTile(bench).setTitle(QString(60, QLatin1Char('W')));
-    const QImage image = bench.picture(buttonHoverComplexPlace);
+    const QImage image = bench.picture(buttonHoverComplexGeometry);
     EXPECT_LT(inkBounds(image, QColor(14, 116, 138)).right() / image.devicePixelRatio(), 180);
 }
 
@@ -117,10 +117,10 @@ TEST(ButtonHoverComplex, TheMouseHoldsItDownUntilReleased) {
     auto& tile = addTile(bench);
     EXPECT_FALSE(tile.mouseDown());
     QTest::mousePress(bench.window().windowHandle(), Qt::LeftButton, {},
-                      buttonHoverComplexPlace.center());
+                      buttonHoverComplexGeometry.center());
     EXPECT_TRUE(tile.mouseDown());
     QTest::mouseRelease(bench.window().windowHandle(), Qt::LeftButton, {},
-                        buttonHoverComplexPlace.center());
+                        buttonHoverComplexGeometry.center());
     EXPECT_FALSE(tile.mouseDown());
 }
 
@@ -148,7 +148,7 @@ TEST(ButtonHoverComplex, TheArrowIsKeptAndNotDrawn) {
     auto& tile = addTile(bench);
     tile.setImageNormal({}, plain({110, 110}, Qt::red));
     EXPECT_FALSE(tile.arrowImage().isNull());
-    EXPECT_FALSE(bench.holds(buttonHoverComplexPlace, Qt::red));
+    EXPECT_FALSE(bench.holds(buttonHoverComplexGeometry, Qt::red));
     tile.setButtonID(7);
     EXPECT_EQ(tile.buttonID(), 7);
 }

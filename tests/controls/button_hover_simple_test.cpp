@@ -11,7 +11,7 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect buttonHoverSimplePlace(20, 20, 45, 45);
+constexpr QRect buttonHoverSimpleGeometry(20, 20, 45, 45);
 
 QIcon plain(const QColor& color) {
     QPixmap pixmap(90, 90);
@@ -21,7 +21,7 @@ QIcon plain(const QColor& color) {
 
 /// Normal red, hover green, disabled blue, on click yellow.
 ButtonHoverSimple& addButton(ControlFixture& bench) {
-    auto& button = bench.add<ButtonHoverSimple>(buttonHoverSimplePlace);
+    auto& button = bench.add<ButtonHoverSimple>(buttonHoverSimpleGeometry);
     button.setImageNormal(plain(Qt::red), plain(Qt::green), plain(Qt::blue), plain(Qt::yellow));
     return button;
 }
@@ -142,24 +142,24 @@ TEST(ButtonHoverSimple, AClickPressesItAndLeavesMouseDownToItsOwner) {
     auto& button = addButton(bench);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
     QTest::mousePress(bench.window().windowHandle(), Qt::LeftButton, {},
-                      buttonHoverSimplePlace.center());
+                      buttonHoverSimpleGeometry.center());
     EXPECT_FALSE(button.mouseDown());
-    EXPECT_FALSE(bench.holds(buttonHoverSimplePlace, Qt::yellow));
+    EXPECT_FALSE(bench.holds(buttonHoverSimpleGeometry, Qt::yellow));
     QTest::mouseRelease(bench.window().windowHandle(), Qt::LeftButton, {},
-                        buttonHoverSimplePlace.center());
+                        buttonHoverSimpleGeometry.center());
     EXPECT_EQ(clicks.count(), 1);
 }
 
 TEST(ButtonHoverSimple, TheHomeImagesExist) {
     ControlFixture bench(QColor(31, 100, 134));
-    auto& button = bench.add<ButtonHoverSimple>(buttonHoverSimplePlace);
+    auto& button = bench.add<ButtonHoverSimple>(buttonHoverSimpleGeometry);
     button.setImageNormal(pictureIcon(QStringLiteral("Home Normal.png")),
                           pictureIcon(QStringLiteral("Home Hover.png")),
                           pictureIcon(QStringLiteral("Home Normal Disabled.png")),
                           pictureIcon(QStringLiteral("Back Onclick.png")));
     EXPECT_FALSE(button.disabledImage().isNull());
     EXPECT_FALSE(button.onClickImage().isNull());
-    EXPECT_TRUE(bench.holds(buttonHoverSimplePlace, Qt::white));
+    EXPECT_TRUE(bench.holds(buttonHoverSimpleGeometry, Qt::white));
     EXPECT_THAT(bench.at(21, 21), IsRgb(31, 100, 134));
     bench.movePointerTo(button);
     EXPECT_THAT(bench.at(21, 21), IsRgb(47, 120, 153));

@@ -10,11 +10,11 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect buttonSettingsSavedPlace(20, 20, 84, 27);
+constexpr QRect buttonSettingsSavedGeometry(20, 20, 84, 27);
 
 TEST(ButtonSettingsSaved, IsAGrayGradientWithABlueLine) {
     ControlFixture bench;
-    bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
+    bench.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
     EXPECT_THAT(bench.at(20, 30), IsRgb(53, 152, 252));
     EXPECT_THAT(bench.at(103.5, 46.5), IsRgb(53, 152, 252));
     EXPECT_THAT(bench.at(30, 45.5), IsRgb(223, 223, 223));
@@ -24,7 +24,7 @@ TEST(ButtonSettingsSaved, IsAGrayGradientWithABlueLine) {
 
 TEST(ButtonSettingsSaved, WhenHoveredItIsBlue) {
     ControlFixture bench;
-    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
+    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
     bench.movePointerTo(button);
     EXPECT_TRUE(button.hovering());
     EXPECT_THAT(bench.at(20, 30), IsRgb(126, 180, 234));
@@ -37,8 +37,8 @@ TEST(ButtonSettingsSaved, WhenHoveredItIsBlue) {
 
 TEST(ButtonSettingsSaved, TheTitleIsBlackAndCentred) {
     ControlFixture bench;
-    bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace).setTitle(QStringLiteral("IHI"));
-    const QImage image = bench.picture(buttonSettingsSavedPlace.adjusted(2, 2, -2, -2));
+    bench.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry).setTitle(QStringLiteral("IHI"));
+    const QImage image = bench.picture(buttonSettingsSavedGeometry.adjusted(2, 2, -2, -2));
     int left = image.width();
     int right = 0;
     for (int x = 0; x < image.width(); ++x) {
@@ -54,7 +54,7 @@ TEST(ButtonSettingsSaved, TheTitleIsBlackAndCentred) {
 
 TEST(ButtonSettingsSaved, IsHoveredOnlyInTheActiveProgram) {
     ControlFixture bench;
-    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
+    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
     // Another window of the same program is active.
     bench.deactivate();
     bench.movePointerTo(button);
@@ -63,7 +63,7 @@ TEST(ButtonSettingsSaved, IsHoveredOnlyInTheActiveProgram) {
 
 TEST(ButtonSettingsSaved, WithoutAnOverlayTheCursorStays) {
     ControlFixture bench;
-    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
+    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
     bench.movePointerTo(button);
     EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
 }
@@ -71,7 +71,7 @@ TEST(ButtonSettingsSaved, WithoutAnOverlayTheCursorStays) {
 TEST(ButtonSettingsSaved, TheHandIsShownWhileNothingCoversTheOverlay) {
     ControlFixture bench;
     ViewTransparent overlay;
-    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
+    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
     button.setViewTransparent(&overlay);
     EXPECT_EQ(button.viewTransparent(), &overlay);
     bench.movePointerTo(button);
@@ -87,7 +87,7 @@ TEST(ButtonSettingsSaved, TheHandIsShownWhileNothingCoversTheOverlay) {
 TEST(ButtonSettingsSaved, TheOverlayMayBeDestroyedFirst) {
     ControlFixture bench;
     auto overlay = std::make_unique<ViewTransparent>();
-    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedPlace);
+    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
     button.setViewTransparent(overlay.get());
     overlay.reset();
     EXPECT_EQ(button.viewTransparent(), nullptr);

@@ -7,7 +7,7 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect buttonStylePlace(20, 20, 120, 34);
+constexpr QRect buttonStyleGeometry(20, 20, 120, 34);
 
 TEST(ButtonStyle, AStyledButtonHasItsColourCornersAndTitle) {
     HoverButton button(HoverButton::Kind::quiet, QString());
@@ -25,10 +25,10 @@ TEST(ButtonStyle, AStyledButtonHasItsColourCornersAndTitle) {
 
 TEST(ButtonStyle, PaintsTheAnswerOfTheInformationWindow) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(buttonStylePlace);
+    auto& button = bench.add<HoverButton>(buttonStyleGeometry);
     setButtonAtrribute(button, 0, QColor(21, 138, 162), {QStringLiteral("Review"), Qt::white, 14});
     EXPECT_THAT(bench.at(20, 20), IsRgb(21, 138, 162));
-    EXPECT_TRUE(bench.holds(buttonStylePlace, Qt::white));
+    EXPECT_TRUE(bench.holds(buttonStyleGeometry, Qt::white));
 }
 
 TEST(ButtonStyle, TheLongFormSetsAlignmentAndUnderline) {
@@ -41,26 +41,26 @@ TEST(ButtonStyle, TheLongFormSetsAlignmentAndUnderline) {
 
 TEST(ButtonStyle, AnUnderlineIsPaintedUnderTheWholeTitle) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(buttonStylePlace);
+    auto& button = bench.add<HoverButton>(buttonStyleGeometry);
     button.setFill(Qt::black);
     const QString text = QStringLiteral("aaaa");
     button.setAttributedTitle(setCenterAttributes(Qt::white, text, 14));
-    const QRect plain = inkBounds(bench.picture(buttonStylePlace), Qt::black);
+    const QRect plain = inkBounds(bench.picture(buttonStyleGeometry), Qt::black);
     button.setAttributedTitle(setCenterAttributes(Qt::white, text, true, Qt::AlignHCenter, 14));
-    const QRect underlined = inkBounds(bench.picture(buttonStylePlace), Qt::black);
+    const QRect underlined = inkBounds(bench.picture(buttonStyleGeometry), Qt::black);
     EXPECT_GT(underlined.bottom(), plain.bottom());
 }
 
 TEST(ButtonStyle, AlignmentMovesTheTitle) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(buttonStylePlace);
+    auto& button = bench.add<HoverButton>(buttonStyleGeometry);
     button.setFill(Qt::black);
     const QString text = QStringLiteral("HH");
     button.setAttributedTitle(setCenterAttributes(Qt::white, text, false, Qt::AlignLeft, 14));
-    const QImage left = bench.picture(buttonStylePlace);
+    const QImage left = bench.picture(buttonStyleGeometry);
     EXPECT_LT(inkBounds(left, Qt::black).left() / left.devicePixelRatio(), 8);
     button.setAttributedTitle(setCenterAttributes(Qt::white, text, false, Qt::AlignRight, 14));
-    const QImage right = bench.picture(buttonStylePlace);
+    const QImage right = bench.picture(buttonStyleGeometry);
     EXPECT_GT(inkBounds(right, Qt::black).right() / right.devicePixelRatio(), 112);
 }
 

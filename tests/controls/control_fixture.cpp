@@ -42,11 +42,11 @@ ControlFixture::~ControlFixture() {
     movePointerAway();
 }
 
-void ControlFixture::movePointer(const QPoint& place) {
-    QCursor::setPos(window_.mapToGlobal(place));
+void ControlFixture::movePointer(const QPoint& position) {
+    QCursor::setPos(window_.mapToGlobal(position));
     QCoreApplication::processEvents();
     // At device pixel ratio 2 the offscreen platform misplaces the events of the line above.
-    QTest::mouseMove(window_.windowHandle(), place);
+    QTest::mouseMove(window_.windowHandle(), position);
     QCoreApplication::processEvents();
 }
 

@@ -37,9 +37,9 @@ class ControlFixture final {
 
     /// Adds a control to the window and shows it.
     template <typename Control, typename... Arguments>
-    Control& add(const QRect& place, Arguments&&... arguments) {
+    Control& add(const QRect& geometry, Arguments&&... arguments) {
         auto* control = new Control(std::forward<Arguments>(arguments)..., &window_);
-        control->setGeometry(place);
+        control->setGeometry(geometry);
         control->show();
         return *control;
     }
@@ -47,7 +47,7 @@ class ControlFixture final {
     [[nodiscard]] QWidget& window() { return window_; }
 
     /// Moves the pointer to a point in the window, or to the centre of a control.
-    void movePointer(const QPoint& place);
+    void movePointer(const QPoint& position);
     void movePointerTo(const QWidget& control);
     void movePointerAway();
     /// Moves the pointer out of the window without an event.

@@ -12,21 +12,21 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect elidedLabelPlace(20, 20, 200, 20);
+constexpr QRect elidedLabelGeometry(20, 20, 200, 20);
 const QString longPath =
     QStringLiteral("/Users/me/Pictures/2023 Summer/holidays/at the sea/IMG_2041.jpg");
 
 TEST(ElidedLabel, AShortTextIsShownWhole) {
     ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("short"));
+    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("short"));
     EXPECT_FALSE(label.isElided());
     EXPECT_EQ(label.shownText(), QStringLiteral("short"));
-    EXPECT_TRUE(bench.holds(elidedLabelPlace, QColor(20, 36, 46)));
+    EXPECT_TRUE(bench.holds(elidedLabelGeometry, QColor(20, 36, 46)));
 }
 
 TEST(ElidedLabel, ALongTextIsElidedInTheMiddle) {
     ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, longPath);
+    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, longPath);
     EXPECT_TRUE(label.isElided());
     EXPECT_EQ(label.text(), longPath);
     EXPECT_TRUE(label.shownText().startsWith(QStringLiteral("/Users/")));
@@ -37,7 +37,7 @@ TEST(ElidedLabel, ALongTextIsElidedInTheMiddle) {
 
 TEST(ElidedLabel, OrItsEndIsElided) {
     ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, longPath);
+    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, longPath);
     label.setElideMode(Qt::ElideRight);
     EXPECT_TRUE(label.shownText().startsWith(QStringLiteral("/Users/me/Pic")));
     EXPECT_TRUE(label.shownText().endsWith(QChar(0x2026)));
@@ -45,7 +45,7 @@ TEST(ElidedLabel, OrItsEndIsElided) {
 
 TEST(ElidedLabel, GrowsBackWithTheWindow) {
     ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, longPath);
+    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, longPath);
     label.resize(2000, 20);
     EXPECT_EQ(label.shownText(), longPath);
 }
@@ -57,7 +57,7 @@ TEST(ElidedLabel, TheToolTipIsTheFullText) {
 
 TEST(ElidedLabel, TheToolTipIsShownOnlyForAnElidedText) {
     ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("short"));
+    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("short"));
     QHelpEvent ask(QEvent::ToolTip, QPoint(5, 5), label.mapToGlobal(QPoint(5, 5)));
     QCoreApplication::sendEvent(&label, &ask);
     EXPECT_EQ(QToolTip::text(), QString());
@@ -80,22 +80,22 @@ TEST(ElidedLabel, MarkupIsShownUnchanged) {
 
 TEST(ElidedLabel, LineBreaksStayOnOneLine) {
     ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("a\nb"));
+    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("a\nb"));
     EXPECT_EQ(label.shownText(), QStringLiteral("a b"));
     EXPECT_EQ(label.sizeHint().height(), label.fontMetrics().height());
 }
 
 TEST(ElidedLabel, IsPaintedInItsColourAndAlignment) {
     ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("HHH"));
+    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("HHH"));
     label.setTextColor(look::muted);
     EXPECT_EQ(label.textColor(), QColor(74, 91, 102));
-    EXPECT_TRUE(bench.holds(elidedLabelPlace, QColor(74, 91, 102)));
-    EXPECT_FALSE(bench.holds(elidedLabelPlace, QColor(20, 36, 46)));
-    const QImage left = bench.picture(elidedLabelPlace);
+    EXPECT_TRUE(bench.holds(elidedLabelGeometry, QColor(74, 91, 102)));
+    EXPECT_FALSE(bench.holds(elidedLabelGeometry, QColor(20, 36, 46)));
+    const QImage left = bench.picture(elidedLabelGeometry);
     EXPECT_LT(inkBounds(left, QColor(243, 246, 248)).left() / left.devicePixelRatio(), 4);
     label.setAlignment(Qt::AlignRight);
-    const QImage right = bench.picture(elidedLabelPlace);
+    const QImage right = bench.picture(elidedLabelGeometry);
     EXPECT_GT(inkBounds(right, QColor(243, 246, 248)).right() / right.devicePixelRatio(), 195);
 }
 
@@ -109,18 +109,18 @@ TEST(ElidedLabel, AssistiveTechnologyReadsTheFullText) {
 
 TEST(ElidedLabel, AFramedOneIsInAWhiteField) {
     ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelPlace, QStringLiteral("HHH"));
+    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("HHH"));
     label.setFramed(true);
-    const QPoint corner = elidedLabelPlace.topLeft();
+    const QPoint corner = elidedLabelGeometry.topLeft();
     EXPECT_THAT(bench.at(corner.x(), corner.y() + 5), IsRgb(197, 207, 213));
     EXPECT_THAT(bench.at(corner.x() + 3, corner.y() + 3), IsRgb(255, 255, 255));
-    const QImage image = bench.picture(elidedLabelPlace.adjusted(1, 1, -1, -1));
+    const QImage image = bench.picture(elidedLabelGeometry.adjusted(1, 1, -1, -1));
     EXPECT_NEAR(inkBounds(image, Qt::white).left() / image.devicePixelRatio(), 12, 3);
 
     label.setText(longPath);
-    const QImage full = bench.picture(elidedLabelPlace.adjusted(1, 1, -1, -1));
+    const QImage full = bench.picture(elidedLabelGeometry.adjusted(1, 1, -1, -1));
     EXPECT_LE((inkBounds(full, Qt::white).right() + 1) / full.devicePixelRatio(),
-              elidedLabelPlace.width() - 2 - 11);
+              elidedLabelGeometry.width() - 2 - 11);
 
     label.setFramed(false);
     EXPECT_THAT(bench.at(corner.x(), corner.y() + 5), IsRgb(243, 246, 248));

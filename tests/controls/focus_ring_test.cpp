@@ -12,11 +12,11 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect focusRingPlace(20, 20, 100, 36);
+constexpr QRect focusRingGeometry(20, 20, 100, 36);
 
 TEST(FocusRing, TheKeyboardShowsIt) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(focusRingPlace);
+    auto& button = bench.add<HoverButton>(focusRingGeometry);
     EXPECT_FALSE(button.showsFocusRing());
     button.setFocus(Qt::TabFocusReason);
     EXPECT_TRUE(button.showsFocusRing());
@@ -26,15 +26,16 @@ TEST(FocusRing, TheKeyboardShowsIt) {
 
 TEST(FocusRing, TheMouseDoesNotShowIt) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(focusRingPlace);
-    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, focusRingPlace.center());
+    auto& button = bench.add<HoverButton>(focusRingGeometry);
+    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {},
+                      focusRingGeometry.center());
     ASSERT_TRUE(button.hasFocus());
     EXPECT_FALSE(button.showsFocusRing());
 }
 
 TEST(FocusRing, AFocusMovedByTheProgramIsShownIfTheKeyboardWasUsedLast) {
     ControlFixture bench;
-    auto& first = bench.add<HoverButton>(focusRingPlace);
+    auto& first = bench.add<HoverButton>(focusRingGeometry);
     auto& second = bench.add<HoverButton>(QRect(20, 80, 100, 36));
     second.setFocus(Qt::OtherFocusReason);
     EXPECT_FALSE(second.showsFocusRing());
@@ -47,7 +48,7 @@ TEST(FocusRing, AFocusMovedByTheProgramIsShownIfTheKeyboardWasUsedLast) {
 
 TEST(FocusRing, IsTwoWideWithAGapOfTwo) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(focusRingPlace);
+    auto& button = bench.add<HoverButton>(focusRingGeometry);
     button.setFocus(Qt::TabFocusReason);
     EXPECT_THAT(bench.at(15.5, 30), IsRgb(243, 246, 248));
     EXPECT_THAT(bench.at(16, 30), IsRgb(10, 58, 82));
@@ -60,7 +61,7 @@ TEST(FocusRing, IsTwoWideWithAGapOfTwo) {
 
 TEST(FocusRing, IsWhiteOnTheBlueBars) {
     ControlFixture bench(look::topBar);
-    auto& button = bench.add<HoverButton>(focusRingPlace, HoverButton::Kind::outline, QString());
+    auto& button = bench.add<HoverButton>(focusRingGeometry, HoverButton::Kind::outline, QString());
     button.setFocus(Qt::TabFocusReason);
     EXPECT_THAT(bench.at(16, 30), IsRgb(255, 255, 255));
 }
@@ -77,7 +78,7 @@ TEST(FocusRing, InACornerIsInsideTheControl) {
 
 TEST(FocusRing, MovesWithItsControl) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(focusRingPlace);
+    auto& button = bench.add<HoverButton>(focusRingGeometry);
     button.setFocus(Qt::TabFocusReason);
     auto* ring = bench.window().findChild<FocusRing*>();
     ASSERT_NE(ring, nullptr);
@@ -89,17 +90,17 @@ TEST(FocusRing, MovesWithItsControl) {
 
 TEST(FocusRing, TakesNeitherMouseNorFocus) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(focusRingPlace);
+    auto& button = bench.add<HoverButton>(focusRingGeometry);
     button.setFocus(Qt::TabFocusReason);
     auto* ring = bench.window().findChild<FocusRing*>();
     ASSERT_NE(ring, nullptr);
     EXPECT_EQ(ring->focusPolicy(), Qt::NoFocus);
-    EXPECT_EQ(bench.window().childAt(focusRingPlace.center()), &button);
+    EXPECT_EQ(bench.window().childAt(focusRingGeometry.center()), &button);
 }
 
 TEST(FocusRing, IsHiddenWithItsControl) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(focusRingPlace);
+    auto& button = bench.add<HoverButton>(focusRingGeometry);
     button.setFocus(Qt::TabFocusReason);
     delete &button;
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -109,7 +110,7 @@ TEST(FocusRing, IsHiddenWithItsControl) {
 TEST(FocusRing, MovesToANewParentWithItsControl) {
     ControlFixture bench;
     auto& panel = bench.add<QWidget>(QRect(100, 100, 150, 100));
-    auto& button = bench.add<HoverButton>(focusRingPlace);
+    auto& button = bench.add<HoverButton>(focusRingGeometry);
     button.setFocus(Qt::TabFocusReason);
     auto* ring = bench.window().findChild<FocusRing*>();
     ASSERT_NE(ring, nullptr);

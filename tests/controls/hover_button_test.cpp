@@ -15,10 +15,10 @@ namespace {
 
 using Kind = HoverButton::Kind;
 
-constexpr QRect hoverButtonPlace(20, 20, 120, 36);
+constexpr QRect hoverButtonGeometry(20, 20, 120, 36);
 
 HoverButton& addFilled(ControlFixture& bench, const QColor& fill) {
-    auto& button = bench.add<HoverButton>(hoverButtonPlace);
+    auto& button = bench.add<HoverButton>(hoverButtonGeometry);
     button.setFill(fill);
     return button;
 }
@@ -35,9 +35,9 @@ TEST(HoverButton, AFilledOneIsOneColourFromEdgeToEdge) {
 TEST(HoverButton, AFilledTitleIsWhiteAndCentred) {
     ControlFixture bench;
     addFilled(bench, look::deepTeal).setTitle(QStringLiteral("OOO"));
-    const QImage image = bench.picture(hoverButtonPlace);
+    const QImage image = bench.picture(hoverButtonGeometry);
     const QRect ink = inkBounds(image, look::deepTeal);
-    EXPECT_TRUE(bench.holds(hoverButtonPlace, Qt::white));
+    EXPECT_TRUE(bench.holds(hoverButtonGeometry, Qt::white));
     EXPECT_NEAR(ink.left() + ink.right(), image.width(), 2 * image.devicePixelRatio() + 1);
     EXPECT_NEAR(ink.top() + ink.bottom(), image.height(), 4 * image.devicePixelRatio());
 }
@@ -170,7 +170,7 @@ TEST(HoverButton, OneLeftWhileDisabledIsOpaqueWhenEnabledAgain) {
 TEST(HoverButton, OneDisabledUnderThePointerIsNotWashedOut) {
     ControlFixture bench(Qt::black);
     auto& button =
-        bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QStringLiteral("Mark All"));
+        bench.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QStringLiteral("Mark All"));
     bench.movePointerTo(button);
     button.setEnabled(false);
     EXPECT_THAT(bench.at(25, 25), IsRgb(243, 246, 248));
@@ -183,7 +183,7 @@ TEST(HoverButton, OneDisabledUnderThePointerIsNotWashedOut) {
 
 TEST(HoverButton, OneDisabledByItsOwnerKeepsTheAlphaThatTheOwnerGave) {
     ControlFixture bench(Qt::black);
-    auto& button = bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QString());
+    auto& button = bench.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QString());
     button.setAlpha(0.6);
     button.setEnabled(false);
     EXPECT_THAT(bench.at(25, 25), IsRgb(146, 148, 149));
@@ -245,9 +245,9 @@ TEST(HoverButton, WhenAMenuHasClosedOverItItIsHovered) {
     QMenu menu;
     menu.addAction(QStringLiteral("Ascending"));
     const UntoldPointer untold;
-    menu.popup(bench.window().mapToGlobal(hoverButtonPlace.topLeft()));
+    menu.popup(bench.window().mapToGlobal(hoverButtonGeometry.topLeft()));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu));
-    QCursor::setPos(bench.window().mapToGlobal(hoverButtonPlace.topLeft() + QPoint(6, 6)));
+    QCursor::setPos(bench.window().mapToGlobal(hoverButtonGeometry.topLeft() + QPoint(6, 6)));
     menu.close();
     QCoreApplication::processEvents();
     EXPECT_TRUE(button.hovering());
@@ -262,53 +262,54 @@ TEST(HoverButton, HeldDownItIsDarker) {
 
 TEST(HoverButton, AQuietOneIsWhiteWithAThinLineAndInkTitle) {
     ControlFixture bench;
-    bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QStringLiteral("Mark All"));
+    bench.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QStringLiteral("Mark All"));
     EXPECT_THAT(bench.at(20, 20), IsRgb(107, 124, 135));
     EXPECT_THAT(bench.at(139.5, 40), IsRgb(107, 124, 135));
     EXPECT_THAT(bench.at(60, 55.5), IsRgb(107, 124, 135));
     EXPECT_THAT(bench.at(21, 21), IsRgb(255, 255, 255));
-    EXPECT_TRUE(bench.holds(hoverButtonPlace, QColor(20, 36, 46)));
+    EXPECT_TRUE(bench.holds(hoverButtonGeometry, QColor(20, 36, 46)));
 }
 
 TEST(HoverButton, AQuietOneChangesItsColoursWhenDisabled) {
     ControlFixture bench;
     auto& button =
-        bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QStringLiteral("Mark All"));
+        bench.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QStringLiteral("Mark All"));
     button.setEnabled(false);
     EXPECT_THAT(bench.at(20, 20), IsRgb(197, 207, 213));
-    EXPECT_TRUE(bench.holds(hoverButtonPlace, QColor(138, 151, 159)));
-    EXPECT_FALSE(bench.holds(hoverButtonPlace, QColor(20, 36, 46)));
+    EXPECT_TRUE(bench.holds(hoverButtonGeometry, QColor(138, 151, 159)));
+    EXPECT_FALSE(bench.holds(hoverButtonGeometry, QColor(20, 36, 46)));
 }
 
 TEST(HoverButton, OnTheGrayBarADisabledQuietOneIsDarker) {
     ControlFixture bench(look::barGray);
     auto& button =
-        bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QStringLiteral("Mark All"));
+        bench.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QStringLiteral("Mark All"));
     button.setOnGrayBar(true);
     button.setEnabled(false);
     EXPECT_THAT(bench.at(20, 20), IsRgb(169, 178, 183));
     EXPECT_THAT(bench.at(21, 21), IsRgb(205, 207, 208));
-    EXPECT_TRUE(bench.holds(hoverButtonPlace, QColor(115, 126, 133)));
+    EXPECT_TRUE(bench.holds(hoverButtonGeometry, QColor(115, 126, 133)));
     button.setEnabled(true);
     EXPECT_THAT(bench.at(21, 21), IsRgb(255, 255, 255));
 }
 
 TEST(HoverButton, AQuietOneFadesUnderThePointerToo) {
     ControlFixture bench(Qt::black);
-    auto& button = bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QString());
+    auto& button = bench.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QString());
     bench.movePointerTo(button);
     EXPECT_THAT(bench.at(30, 30), IsRgb(179, 179, 179));
 }
 
 TEST(HoverButton, AnOutlinedOneHasNoBackground) {
     ControlFixture bench(look::topBar);
-    auto& button = bench.add<HoverButton>(hoverButtonPlace, Kind::outline, QStringLiteral("Help"));
+    auto& button =
+        bench.add<HoverButton>(hoverButtonGeometry, Kind::outline, QStringLiteral("Help"));
     EXPECT_THAT(bench.at(20, 30), IsRgb(154, 185, 200));
     EXPECT_THAT(bench.at(22, 22), IsRgb(31, 100, 134));
-    EXPECT_TRUE(bench.holds(hoverButtonPlace, Qt::white));
+    EXPECT_TRUE(bench.holds(hoverButtonGeometry, Qt::white));
     button.setEnabled(false);
     EXPECT_THAT(bench.at(20, 30), IsRgb(86, 138, 164));
-    EXPECT_FALSE(bench.holds(hoverButtonPlace, Qt::white));
+    EXPECT_FALSE(bench.holds(hoverButtonGeometry, Qt::white));
 }
 
 TEST(HoverButton, RoundedCornersShowTheBackground) {
@@ -328,7 +329,7 @@ TEST(HoverButton, ItsSizeFollowsItsKind) {
 
 TEST(HoverButton, ATitleThatIsTooLongEndsInsideTheButton) {
     ControlFixture bench;
-    bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QString(80, QLatin1Char('W')));
+    bench.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QString(80, QLatin1Char('W')));
     EXPECT_THAT(bench.at(22, 38), IsRgb(255, 255, 255));
     EXPECT_THAT(bench.at(137, 38), IsRgb(255, 255, 255));
 }

@@ -20,10 +20,10 @@ class LocationListTest : public testing::Test {
  protected:
     LocationListTest() : model_(3, 2), table_(bench_.add<QTableView>(QRect(0, 0, 300, 200))) {
         for (int row = 0; row < 3; ++row) {
-            auto* place = new QStandardItem(QStringLiteral("/media/me/Archive"));
-            place->setData(QStringLiteral("Archive"), CustomTableCellView::additionalTextCountRole);
-            place->setEditable(false);
-            model_.setItem(row, 0, place);
+            auto* item = new QStandardItem(QStringLiteral("/media/me/Archive"));
+            item->setData(QStringLiteral("Archive"), CustomTableCellView::additionalTextCountRole);
+            item->setEditable(false);
+            model_.setItem(row, 0, item);
             auto* check = new QStandardItem;
             check->setCheckable(true);
             check->setEditable(false);
@@ -45,8 +45,8 @@ class LocationListTest : public testing::Test {
     /// A list tracks the pointer from its first painting on.
     void paintOnce() { table_.grab(); }
 
-    void click(const QPoint& place) {
-        QTest::mouseClick(bench_.window().windowHandle(), Qt::LeftButton, {}, place);
+    void click(const QPoint& position) {
+        QTest::mouseClick(bench_.window().windowHandle(), Qt::LeftButton, {}, position);
     }
 
     LocationCellDelegate delegate_{1};
@@ -135,11 +135,11 @@ TEST_F(LocationListTest, AFlatThumbnailKeepsItsProportions) {
 }
 
 TEST_F(LocationListTest, ARowWithoutAnImageShowsAFolder) {
-    const QRect place(16, 8, 40, 40);
-    const QImage without = bench_.picture(place);
+    const QRect area(16, 8, 40, 40);
+    const QImage without = bench_.picture(area);
     EXPECT_FALSE(inkBounds(without, Qt::white).isEmpty());
     model_.item(0, 0)->setData(pictureIcon(QStringLiteral("folder")), Qt::DecorationRole);
-    EXPECT_EQ(bench_.picture(place), without);
+    EXPECT_EQ(bench_.picture(area), without);
 }
 
 TEST_F(LocationListTest, NameAboveAndPathBelow) {
@@ -158,15 +158,15 @@ TEST_F(LocationListTest, ALongPathEndsBeforeTheColumnDoes) {
 
 TEST_F(LocationListTest, TheSizeOfAFileIsOnTheRight) {
     table_.setColumnWidth(0, 400);
-    const auto sizePlace = [this] {
+    const auto sizeGeometry = [this] {
         const QImage image = table_.grab(QRect(272, 10, 104, 36)).toImage();
         return inkBounds(image, Qt::white);
     };
     table_.resize(500, 200);
-    EXPECT_TRUE(sizePlace().isEmpty());
+    EXPECT_TRUE(sizeGeometry().isEmpty());
     model_.item(0, 0)->setData(QStringLiteral("4.87 MB"), CustomTableCellView::additionalTextRole);
-    EXPECT_FALSE(sizePlace().isEmpty());
-    EXPECT_GT(sizePlace().right() / table_.devicePixelRatioF(), 100);
+    EXPECT_FALSE(sizeGeometry().isEmpty());
+    EXPECT_GT(sizeGeometry().right() / table_.devicePixelRatioF(), 100);
 }
 
 TEST_F(LocationListTest, PaintsTheBoxInItsColumn) {

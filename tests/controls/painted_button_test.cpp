@@ -15,12 +15,12 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect paintedButtonPlace(20, 20, 100, 36);
+constexpr QRect paintedButtonGeometry(20, 20, 100, 36);
 
 TEST(PaintedButton, SpaceReturnAndEnterPressIt) {
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
         ControlFixture bench;
-        auto& button = bench.add<HoverButton>(paintedButtonPlace);
+        auto& button = bench.add<HoverButton>(paintedButtonGeometry);
         const QSignalSpy clicks(&button, &QPushButton::clicked);
         button.setFocus();
         QTest::keyClick(bench.window().windowHandle(), key);
@@ -30,30 +30,30 @@ TEST(PaintedButton, SpaceReturnAndEnterPressIt) {
 
 TEST(PaintedButton, ADisabledOneTakesNoKeysAndNoClicks) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonPlace);
+    auto& button = bench.add<HoverButton>(paintedButtonGeometry);
     button.setEnabled(false);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
     QTest::keyClick(&button, Qt::Key_Return);
     QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {},
-                      paintedButtonPlace.center());
+                      paintedButtonGeometry.center());
     EXPECT_EQ(clicks.count(), 0);
 }
 
 TEST(PaintedButton, AClickPressesIt) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonPlace);
+    auto& button = bench.add<HoverButton>(paintedButtonGeometry);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
     QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {},
-                      paintedButtonPlace.center());
+                      paintedButtonGeometry.center());
     EXPECT_EQ(clicks.count(), 1);
 }
 
 TEST(PaintedButton, AClickThatEndsOutsideDoesNot) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonPlace);
+    auto& button = bench.add<HoverButton>(paintedButtonGeometry);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
     QTest::mousePress(bench.window().windowHandle(), Qt::LeftButton, {},
-                      paintedButtonPlace.center());
+                      paintedButtonGeometry.center());
     QTest::mouseRelease(bench.window().windowHandle(), Qt::LeftButton, {}, QPoint(200, 200));
     EXPECT_EQ(clicks.count(), 0);
 }
@@ -61,7 +61,7 @@ TEST(PaintedButton, AClickThatEndsOutsideDoesNot) {
 TEST(PaintedButton, AHeldKeyPressesItOnce) {
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
         ControlFixture bench;
-        auto& button = bench.add<HoverButton>(paintedButtonPlace);
+        auto& button = bench.add<HoverButton>(paintedButtonGeometry);
         const QSignalSpy clicks(&button, &QPushButton::clicked);
         button.setFocus();
         const auto send = [&](QEvent::Type type, bool repeated) {
@@ -115,7 +115,7 @@ TEST(PaintedButton, TabMovesToTheNextControlNotToTheOneAfterDisabling) {
 
 TEST(PaintedButton, TheFocusedOneTakesReturnBeforeTheScreen) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonPlace);
+    auto& button = bench.add<HoverButton>(paintedButtonGeometry);
     const QShortcut shortcut(QKeySequence(Qt::Key_Return), &bench.window());
     const QSignalSpy screens(&shortcut, &QShortcut::activated);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
@@ -154,9 +154,9 @@ TEST(PaintedButton, AnAmpersandIsALetter) {
 
 TEST(PaintedButton, OneShownUnderThePointerIsHoveredImmediately) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonPlace);
+    auto& button = bench.add<HoverButton>(paintedButtonGeometry);
     button.hide();
-    bench.movePointer(paintedButtonPlace.center());
+    bench.movePointer(paintedButtonGeometry.center());
     EXPECT_FALSE(button.hovering());
     button.show();
     EXPECT_TRUE(button.hovering());
@@ -167,11 +167,11 @@ TEST(PaintedButton, OneShownUnderThePointerIsHoveredImmediately) {
 
 TEST(PaintedButton, OneMovedOrResizedFromUnderThePointerIsNotHoveredAnyMore) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonPlace);
-    bench.movePointer(paintedButtonPlace.center());
+    auto& button = bench.add<HoverButton>(paintedButtonGeometry);
+    bench.movePointer(paintedButtonGeometry.center());
     button.move(150, 20);
     EXPECT_FALSE(button.hovering());
-    button.move(paintedButtonPlace.topLeft());
+    button.move(paintedButtonGeometry.topLeft());
     EXPECT_TRUE(button.hovering());
     button.resize(10, 10);
     EXPECT_FALSE(button.hovering());
@@ -179,9 +179,9 @@ TEST(PaintedButton, OneMovedOrResizedFromUnderThePointerIsNotHoveredAnyMore) {
 
 TEST(PaintedButton, ACoveredOneIsNotHovered) {
     ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonPlace);
+    auto& button = bench.add<HoverButton>(paintedButtonGeometry);
     bench.add<QWidget>(QRect(0, 0, 300, 250));
-    bench.movePointer(paintedButtonPlace.center());
+    bench.movePointer(paintedButtonGeometry.center());
     button.resize(90, 30);
     EXPECT_FALSE(button.hovering());
 }
@@ -190,7 +190,7 @@ TEST(PaintedButton, NoStyleChangesIt) {
     for (const QString& name : QStyleFactory::keys()) {
         ControlFixture bench;
         const std::unique_ptr<QStyle> style(QStyleFactory::create(name));
-        auto& button = bench.add<HoverButton>(paintedButtonPlace);
+        auto& button = bench.add<HoverButton>(paintedButtonGeometry);
         button.setStyle(style.get());
         button.setFill(QColor(14, 116, 138));
         EXPECT_THAT(bench.at(20, 20), IsRgb(14, 116, 138)) << name.toStdString();
@@ -201,13 +201,13 @@ TEST(PaintedButton, NoStyleChangesIt) {
 
 TEST(PaintedButton, ADarkPaletteDoesNotChangeIt) {
     ControlFixture bench;
-    auto& button =
-        bench.add<HoverButton>(paintedButtonPlace, HoverButton::Kind::quiet, QStringLiteral("OOO"));
-    const QImage light = bench.picture(paintedButtonPlace);
+    auto& button = bench.add<HoverButton>(paintedButtonGeometry, HoverButton::Kind::quiet,
+                                          QStringLiteral("OOO"));
+    const QImage light = bench.picture(paintedButtonGeometry);
     QPalette dark(Qt::black);
     dark.setColor(QPalette::ButtonText, Qt::white);
     button.setPalette(dark);
-    EXPECT_EQ(bench.picture(paintedButtonPlace), light);
+    EXPECT_EQ(bench.picture(paintedButtonGeometry), light);
 }
 
 /// Green, with a white square in its middle.
@@ -224,7 +224,7 @@ class TwoLayers final : public PaintedButton {
 
 TEST(PaintedButton, IsFadedAsAWholeAtEveryPixelRatio) {
     ControlFixture bench(QColor(200, 200, 200));
-    auto& button = bench.add<TwoLayers>(paintedButtonPlace);
+    auto& button = bench.add<TwoLayers>(paintedButtonGeometry);
     button.setAlpha(0.6);
     for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
         QImage image((QSizeF(bench.window().size()) * ratio).toSize(), QImage::Format_RGB32);
@@ -233,11 +233,12 @@ TEST(PaintedButton, IsFadedAsAWholeAtEveryPixelRatio) {
         const auto at = [&](QPoint point) {
             return image.pixelColor((QPointF(point) * ratio).toPoint());
         };
-        EXPECT_THAT(at(paintedButtonPlace.center()), IsRgb(233, 233, 233)) << ratio;
-        EXPECT_THAT(at(paintedButtonPlace.topLeft() + QPoint(5, 5)), IsRgb(80, 140, 80)) << ratio;
-        EXPECT_THAT(at(paintedButtonPlace.bottomRight() - QPoint(1, 1)), IsRgb(80, 140, 80))
+        EXPECT_THAT(at(paintedButtonGeometry.center()), IsRgb(233, 233, 233)) << ratio;
+        EXPECT_THAT(at(paintedButtonGeometry.topLeft() + QPoint(5, 5)), IsRgb(80, 140, 80))
             << ratio;
-        EXPECT_THAT(at(paintedButtonPlace.bottomRight() + QPoint(3, 3)), IsRgb(200, 200, 200))
+        EXPECT_THAT(at(paintedButtonGeometry.bottomRight() - QPoint(1, 1)), IsRgb(80, 140, 80))
+            << ratio;
+        EXPECT_THAT(at(paintedButtonGeometry.bottomRight() + QPoint(3, 3)), IsRgb(200, 200, 200))
             << ratio;
     }
 }

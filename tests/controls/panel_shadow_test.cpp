@@ -8,11 +8,12 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect panelShadowPlace(80, 60, 140, 100);
+constexpr QRect panelShadowGeometry(80, 60, 140, 100);
 
 class PanelShadowTest : public testing::Test {
  protected:
-    PanelShadowTest() : bench_(Qt::white), panel_(bench_.add<ViewSettingsSaved>(panelShadowPlace)) {
+    PanelShadowTest()
+        : bench_(Qt::white), panel_(bench_.add<ViewSettingsSaved>(panelShadowGeometry)) {
         shadow_ = new PanelShadow(panel_);
     }
 

@@ -13,11 +13,11 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect popUpButtonPlace(20, 20, 132, 32);
+constexpr QRect popUpButtonGeometry(20, 20, 132, 32);
 
 class PopUpButtonTest : public testing::Test {
  protected:
-    PopUpButtonTest() : button(bench.add<PopUpButton>(popUpButtonPlace)) {
+    PopUpButtonTest() : button(bench.add<PopUpButton>(popUpButtonGeometry)) {
         button.addTagged(QStringLiteral("Size"), 1);
         button.addTagged(QStringLiteral("Name"), 2);
         button.addTagged(QStringLiteral("Dimension"), 5);
@@ -79,12 +79,12 @@ TEST_F(PopUpButtonTest, TheWheelChoosesNothing) {
 TEST_F(PopUpButtonTest, LooksLikeAQuietButton) {
     EXPECT_THAT(bench.at(20, 36), IsRgb(107, 124, 135));
     EXPECT_THAT(bench.at(22, 22), IsRgb(255, 255, 255));
-    EXPECT_TRUE(bench.holds(popUpButtonPlace, QColor(20, 36, 46)));
+    EXPECT_TRUE(bench.holds(popUpButtonGeometry, QColor(20, 36, 46)));
 
     button.setEnabled(false);
     EXPECT_THAT(bench.at(20, 36), IsRgb(197, 207, 213));
     EXPECT_THAT(bench.at(22, 22), IsRgb(243, 246, 248));
-    EXPECT_FALSE(bench.holds(popUpButtonPlace, QColor(20, 36, 46)));
+    EXPECT_FALSE(bench.holds(popUpButtonGeometry, QColor(20, 36, 46)));
 }
 
 TEST_F(PopUpButtonTest, HoveringMakesItFainter) {
@@ -107,7 +107,7 @@ TEST_F(PopUpButtonTest, ItsClosedListUpdatesItsHoverState) {
     ASSERT_TRUE(QTest::qWaitFor([this] { return !button.view()->isVisible(); }, 20000));
     QCoreApplication::processEvents();
     EXPECT_THAT(bench.at(20, 36), IsRgb(107, 124, 135));
-    EXPECT_TRUE(bench.holds(popUpButtonPlace, QColor(20, 36, 46)));
+    EXPECT_TRUE(bench.holds(popUpButtonGeometry, QColor(20, 36, 46)));
 }
 
 TEST_F(PopUpButtonTest, EnablingUpdatesItsHoverState) {

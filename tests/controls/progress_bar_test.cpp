@@ -11,12 +11,12 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect progressBarPlace(20, 20, 200, 10);
+constexpr QRect progressBarGeometry(20, 20, 200, 10);
 constexpr quint64 maxCount = std::numeric_limits<quint64>::max();
 
 TEST(ProgressBar, IsTealOnALightLine) {
     ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarPlace);
+    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
     bar.setTotal(100);
     bar.setDone(62);
     EXPECT_THAT(bench.at(20, 20), IsRgb(0, 155, 178));
@@ -27,7 +27,7 @@ TEST(ProgressBar, IsTealOnALightLine) {
 
 TEST(ProgressBar, AtFirstItIsEmpty) {
     ControlFixture bench;
-    const auto& bar = bench.add<ProgressBar>(progressBarPlace);
+    const auto& bar = bench.add<ProgressBar>(progressBarGeometry);
     EXPECT_FALSE(bar.isIndeterminate());
     EXPECT_DOUBLE_EQ(bar.fraction(), 0);
     EXPECT_THAT(bench.at(20, 20), IsRgb(213, 221, 226));
@@ -35,7 +35,7 @@ TEST(ProgressBar, AtFirstItIsEmpty) {
 
 TEST(ProgressBar, IsFullOnlyWhenEverythingIsDone) {
     ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarPlace);
+    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
     bar.setTotal(1000000);
     bar.setDone(999999);
     EXPECT_THAT(bench.at(219.5, 25), IsRgb(213, 221, 226));
@@ -74,7 +74,7 @@ TEST(ProgressBar, ATotalOfZeroShowsNothingDone) {
 
 TEST(ProgressBar, WhileTheTotalIsUnknownASegmentMoves) {
     ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarPlace);
+    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
     bar.setIndeterminate(true);
     EXPECT_TRUE(bar.clock().isRunning());
     EXPECT_EQ(bar.clock().duration(), 1400);
@@ -86,12 +86,12 @@ TEST(ProgressBar, WhileTheTotalIsUnknownASegmentMoves) {
     EXPECT_THAT(bench.at(152, 25), IsRgb(0, 155, 178));
     EXPECT_THAT(bench.at(156, 25), IsRgb(213, 221, 226));
     bar.clock().setPhase(0);
-    EXPECT_FALSE(bench.holds(progressBarPlace, QColor(0, 155, 178)));
+    EXPECT_FALSE(bench.holds(progressBarGeometry, QColor(0, 155, 178)));
 }
 
 TEST(ProgressBar, TheSegmentMoves) {
     ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarPlace);
+    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
     bar.setIndeterminate(true);
     const double before = bar.clock().phase();
     EXPECT_TRUE(QTest::qWaitFor([&] { return bar.clock().phase() != before; }, 5000));
@@ -99,7 +99,7 @@ TEST(ProgressBar, TheSegmentMoves) {
 
 TEST(ProgressBar, ADeterminateOneDoesNotAnimateAndKeepsItsNumbers) {
     ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarPlace);
+    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
     bar.setTotal(10);
     bar.setDone(5);
     bar.setIndeterminate(true);
@@ -113,7 +113,7 @@ TEST(ProgressBar, ADeterminateOneDoesNotAnimateAndKeepsItsNumbers) {
 
 TEST(ProgressBar, AHiddenOneDoesNotAnimate) {
     ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarPlace);
+    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
     bar.setIndeterminate(true);
     bar.hide();
     EXPECT_FALSE(bar.clock().isRunning());
@@ -124,7 +124,7 @@ TEST(ProgressBar, AHiddenOneDoesNotAnimate) {
 
 TEST(ProgressBar, ASheenMovesOverTheWholeBar) {
     ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarPlace);
+    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
     bar.setTotal(100);
     bar.setDone(50);
     bar.setSheen(true);
@@ -141,7 +141,7 @@ TEST(ProgressBar, ASheenMovesOverTheWholeBar) {
 
 TEST(ProgressBar, ASheenIsSeenWhileNothingIsDone) {
     ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarPlace);
+    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
     bar.setTotal(100);
     bar.setSheen(true);
     bar.clock().stop();
@@ -152,7 +152,7 @@ TEST(ProgressBar, ASheenIsSeenWhileNothingIsDone) {
 TEST(ProgressBar, TheSheenIsOffWithReducedMotion) {
     setReducedMotion(true);
     ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarPlace);
+    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
     bar.setTotal(100);
     bar.setDone(50);
     bar.setSheen(true);

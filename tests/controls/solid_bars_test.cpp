@@ -7,11 +7,11 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect solidBarsPlace(10, 10, 100, 45);
+constexpr QRect solidBarsGeometry(10, 10, 100, 45);
 
 TEST(SolidBars, TheTopBarIsDeepBlue) {
     ControlFixture bench;
-    bench.add<ViewTopBar>(solidBarsPlace);
+    bench.add<ViewTopBar>(solidBarsGeometry);
     EXPECT_THAT(bench.at(10, 10), IsRgb(31, 100, 134));
     EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(31, 100, 134));
     EXPECT_THAT(bench.at(110, 54.5), IsRgb(243, 246, 248));
@@ -19,26 +19,26 @@ TEST(SolidBars, TheTopBarIsDeepBlue) {
 
 TEST(SolidBars, TheButtonBarIsWhite) {
     ControlFixture bench;
-    bench.add<ViewButtonBar>(solidBarsPlace);
+    bench.add<ViewButtonBar>(solidBarsGeometry);
     EXPECT_THAT(bench.at(10, 10), IsRgb(255, 255, 255));
 }
 
 TEST(SolidBars, TheGrayBarIsGray) {
     ControlFixture bench;
-    bench.add<ViewButtonGrayBar>(solidBarsPlace);
+    bench.add<ViewButtonGrayBar>(solidBarsGeometry);
     EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(193, 193, 193));
 }
 
 TEST(SolidBars, TheTreesFrameIsTeal) {
     ControlFixture bench;
-    bench.add<ViewBackgroundTree>(solidBarsPlace);
+    bench.add<ViewBackgroundTree>(solidBarsGeometry);
     EXPECT_THAT(bench.at(10, 10), IsRgb(0, 155, 178));
     EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(0, 155, 178));
 }
 
 TEST(SolidBars, AColourSetOnTheTopBarIsNeverSeen) {
     ControlFixture bench;
-    auto& bar = bench.add<ViewTopBar>(solidBarsPlace);
+    auto& bar = bench.add<ViewTopBar>(solidBarsGeometry);
     EXPECT_EQ(bar.fillColor(), QColor(31, 100, 134));
     bar.setFillColor(Qt::red);
     EXPECT_EQ(bar.fillColor(), QColor(Qt::red));
@@ -48,7 +48,7 @@ TEST(SolidBars, AColourSetOnTheTopBarIsNeverSeen) {
 
 TEST(SolidBars, AColourSetOnTheOtherBarsIsNeverSeen) {
     ControlFixture bench;
-    auto& white = bench.add<ViewButtonBar>(solidBarsPlace);
+    auto& white = bench.add<ViewButtonBar>(solidBarsGeometry);
     auto& gray = bench.add<ViewButtonGrayBar>(QRect(10, 100, 100, 45));
     white.setFillColor(Qt::red);
     gray.setFillColor(Qt::red);

@@ -9,11 +9,11 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect spinnerPlace(20, 20, 44, 44);
+constexpr QRect spinnerGeometry(20, 20, 44, 44);
 
 TEST(Spinner, IsATealQuarterOnAPaleRing) {
     ControlFixture bench;
-    bench.add<Spinner>(spinnerPlace);
+    bench.add<Spinner>(spinnerGeometry);
     // On the ring, 18 from the middle (42, 42), to each side; the quarter begins at the top and
     // goes right.
     EXPECT_THAT(bench.at(54.7, 29.3), IsRgb(0, 155, 178));
@@ -24,7 +24,7 @@ TEST(Spinner, IsATealQuarterOnAPaleRing) {
 
 TEST(Spinner, TurnsClockwise) {
     ControlFixture bench;
-    auto& spinner = bench.add<Spinner>(spinnerPlace);
+    auto& spinner = bench.add<Spinner>(spinnerGeometry);
     spinner.clock().setPhase(0.25);
     EXPECT_THAT(bench.at(54.7, 54.7), IsRgb(0, 155, 178));
     EXPECT_THAT(bench.at(54.7, 29.3), IsRgb(207, 237, 241));
@@ -36,7 +36,7 @@ TEST(Spinner, TurnsOnceInNineTenthsOfASecond) {
 
 TEST(Spinner, StartsAndStops) {
     ControlFixture bench;
-    auto& spinner = bench.add<Spinner>(spinnerPlace);
+    auto& spinner = bench.add<Spinner>(spinnerGeometry);
     EXPECT_FALSE(spinner.isAnimating());
     spinner.startAnimation();
     EXPECT_TRUE(spinner.isAnimating());
@@ -49,7 +49,7 @@ TEST(Spinner, StartsAndStops) {
 
 TEST(Spinner, AHiddenOneDoesNotAnimate) {
     ControlFixture bench;
-    auto& spinner = bench.add<Spinner>(spinnerPlace);
+    auto& spinner = bench.add<Spinner>(spinnerGeometry);
     spinner.hide();
     spinner.startAnimation();
     EXPECT_FALSE(spinner.clock().isRunning());

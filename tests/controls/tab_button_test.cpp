@@ -10,11 +10,11 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect tabButtonPlace(20, 20, 124, 40);
+constexpr QRect tabButtonGeometry(20, 20, 124, 40);
 
 class TabButtonTest : public testing::Test {
  protected:
-    TabButtonTest() : tab(bench.add<TabButton>(tabButtonPlace, glyph, title)) {}
+    TabButtonTest() : tab(bench.add<TabButton>(tabButtonGeometry, glyph, title)) {}
 
     const QString glyph = QStringLiteral("ui/tab_documents");
     const QString title = QStringLiteral("Documents");
@@ -39,7 +39,7 @@ TEST_F(TabButtonTest, TheDisabledOneLooksSelected) {
     EXPECT_THAT(bench.at(80, 56.5), IsRgb(230, 244, 247));
     EXPECT_THAT(bench.at(80, 57), IsRgb(14, 116, 138));
     EXPECT_THAT(bench.at(80, 59.5), IsRgb(14, 116, 138));
-    EXPECT_TRUE(bench.holds(tabButtonPlace, QColor(11, 97, 115)));
+    EXPECT_TRUE(bench.holds(tabButtonGeometry, QColor(11, 97, 115)));
 }
 
 TEST_F(TabButtonTest, TheSelectedOneIsOpaqueWhateverItsAlpha) {
@@ -48,31 +48,32 @@ TEST_F(TabButtonTest, TheSelectedOneIsOpaqueWhateverItsAlpha) {
         tab.setAlpha(alpha);
         EXPECT_THAT(bench.at(80, 58), IsRgb(14, 116, 138)) << alpha;
         EXPECT_THAT(bench.at(22, 22), IsRgb(230, 244, 247)) << alpha;
-        EXPECT_TRUE(bench.holds(tabButtonPlace, QColor(11, 97, 115))) << alpha;
+        EXPECT_TRUE(bench.holds(tabButtonGeometry, QColor(11, 97, 115))) << alpha;
     }
 }
 
 TEST_F(TabButtonTest, OneSelectedWhileHoveredLooksSelected) {
     QObject::connect(&tab, &QAbstractButton::clicked, [this] { tab.setEnabled(false); });
     bench.movePointerTo(tab);
-    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, tabButtonPlace.center());
+    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {},
+                      tabButtonGeometry.center());
     ASSERT_FALSE(tab.isEnabled());
     EXPECT_THAT(bench.at(22, 22), IsRgb(230, 244, 247));
     EXPECT_THAT(bench.at(80, 58), IsRgb(14, 116, 138));
-    EXPECT_TRUE(bench.holds(tabButtonPlace, QColor(11, 97, 115)));
+    EXPECT_TRUE(bench.holds(tabButtonGeometry, QColor(11, 97, 115)));
     bench.movePointerAway();
     EXPECT_THAT(bench.at(80, 58), IsRgb(14, 116, 138));
     // Another tab is selected.
     tab.setEnabled(true);
     EXPECT_DOUBLE_EQ(tab.alpha(), 1.0);
-    EXPECT_TRUE(bench.holds(tabButtonPlace, QColor(20, 36, 46)));
+    EXPECT_TRUE(bench.holds(tabButtonGeometry, QColor(20, 36, 46)));
 }
 
 TEST_F(TabButtonTest, GlyphAndTitleAreCentredTogether) {
-    const QRect ink = inkBounds(bench.picture(tabButtonPlace), QColor(243, 246, 248));
+    const QRect ink = inkBounds(bench.picture(tabButtonGeometry), QColor(243, 246, 248));
     const double ratio = tab.devicePixelRatioF();
     const double left = ink.left() / ratio;
-    const double right = tabButtonPlace.width() - (ink.right() + 1) / ratio;
+    const double right = tabButtonGeometry.width() - (ink.right() + 1) / ratio;
     EXPECT_NEAR(left, right, 4);
     EXPECT_GT(left, 4);
 }

@@ -10,12 +10,12 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect toggleButtonPlace(20, 20, 32, 32);
+constexpr QRect toggleButtonGeometry(20, 20, 32, 32);
 
 class ToggleButtonTest : public testing::Test {
  protected:
     ToggleButtonTest()
-        : toggle(bench.add<ToggleButton>(toggleButtonPlace, QStringLiteral("ui/ascending"),
+        : toggle(bench.add<ToggleButton>(toggleButtonGeometry, QStringLiteral("ui/ascending"),
                                          QStringLiteral("ui/descending"))) {}
 
     ControlFixture bench;
@@ -36,7 +36,7 @@ TEST_F(ToggleButtonTest, OnItIsTintedWithATealLine) {
 
 TEST_F(ToggleButtonTest, TheIconFollowsTheState) {
     EXPECT_EQ(toggle.glyph(), QStringLiteral("ui/descending"));
-    const QImage off = bench.picture(toggleButtonPlace);
+    const QImage off = bench.picture(toggleButtonGeometry);
     toggle.setChecked(true);
     EXPECT_EQ(toggle.glyph(), QStringLiteral("ui/ascending"));
     // The point of the arrow is below when off and above when on.
@@ -49,7 +49,7 @@ TEST_F(ToggleButtonTest, TheIconFollowsTheState) {
         }
         return dark;
     };
-    const QImage on = bench.picture(toggleButtonPlace);
+    const QImage on = bench.picture(toggleButtonGeometry);
     const int half = on.height() / 2;
     EXPECT_GT(inkIn(off, half, on.height() - 4), inkIn(off, 4, half));
     EXPECT_LT(inkIn(on, half, on.height() - 4), inkIn(on, 4, half));
@@ -69,7 +69,7 @@ TEST_F(ToggleButtonTest, DisabledItIsGray) {
     toggle.setChecked(true);
     toggle.setEnabled(false);
     EXPECT_THAT(bench.at(20, 36), IsRgb(197, 207, 213));
-    EXPECT_FALSE(bench.holds(toggleButtonPlace, QColor(20, 36, 46)));
+    EXPECT_FALSE(bench.holds(toggleButtonGeometry, QColor(20, 36, 46)));
 }
 
 TEST_F(ToggleButtonTest, IsASquareOf32) {

@@ -7,14 +7,14 @@
 namespace tarvin {
 namespace {
 
-constexpr QRect windowsLikeButtonPlace(20, 20, 32, 32);
+constexpr QRect windowsLikeButtonGeometry(20, 20, 32, 32);
 
 // A dark background, to distinguish the white edge.
 const QColor background(40, 40, 40);
 
 TEST(WIndowsLikeButton, IsTealWithAWhiteEdgeOfTwo) {
     ControlFixture bench(background);
-    bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QString());
+    bench.add<WIndowsLikeButton>(windowsLikeButtonGeometry, QString());
     EXPECT_THAT(bench.at(20, 30), IsRgb(255, 255, 255));
     EXPECT_THAT(bench.at(21.5, 30), IsRgb(255, 255, 255));
     EXPECT_THAT(bench.at(22, 30), IsRgb(0, 155, 178));
@@ -25,7 +25,7 @@ TEST(WIndowsLikeButton, IsTealWithAWhiteEdgeOfTwo) {
 
 TEST(WIndowsLikeButton, ItsChevronPointsInItsDirection) {
     ControlFixture bench(background);
-    bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QStringLiteral("ui/back"));
+    bench.add<WIndowsLikeButton>(windowsLikeButtonGeometry, QStringLiteral("ui/back"));
     bench.add<WIndowsLikeButton>(QRect(60, 20, 32, 32), QStringLiteral("ui/next"));
     // The points of the two chevrons, 9 and 23 from the left edges.
     EXPECT_THAT(bench.at(33.5, 36), IsRgb(255, 255, 255));
@@ -36,7 +36,7 @@ TEST(WIndowsLikeButton, ItsChevronPointsInItsDirection) {
 
 TEST(WIndowsLikeButton, WhenHoveredItsAlphaIsSevenTenths) {
     ControlFixture bench(background);
-    auto& button = bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QString());
+    auto& button = bench.add<WIndowsLikeButton>(windowsLikeButtonGeometry, QString());
     bench.movePointerTo(button);
     EXPECT_DOUBLE_EQ(button.alpha(), 0.7);
     EXPECT_THAT(bench.at(30, 25), IsRgb(12, 121, 137));
@@ -47,7 +47,8 @@ TEST(WIndowsLikeButton, WhenHoveredItsAlphaIsSevenTenths) {
 
 TEST(WIndowsLikeButton, DisabledItIsShownAtFourTenths) {
     ControlFixture bench(background);
-    auto& button = bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QStringLiteral("ui/back"));
+    auto& button =
+        bench.add<WIndowsLikeButton>(windowsLikeButtonGeometry, QStringLiteral("ui/back"));
     button.setEnabled(false);
     EXPECT_THAT(bench.at(30, 25), IsRgb(24, 86, 95));
     bench.movePointerTo(button);
@@ -57,7 +58,7 @@ TEST(WIndowsLikeButton, DisabledItIsShownAtFourTenths) {
 
 TEST(WIndowsLikeButton, HeldDownItIsDarker) {
     ControlFixture bench(background);
-    bench.add<WIndowsLikeButton>(windowsLikeButtonPlace, QString()).setDown(true);
+    bench.add<WIndowsLikeButton>(windowsLikeButtonGeometry, QString()).setDown(true);
     EXPECT_THAT(bench.at(30, 25), IsRgb(0, 136, 157));
     EXPECT_THAT(bench.at(20, 30), IsRgb(255, 255, 255));
 }

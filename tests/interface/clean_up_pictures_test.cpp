@@ -105,7 +105,7 @@ TEST_F(CleanUpPicturesTest, TheFilesLeft) {
          fileReason("/srv/share/office/tax-2025.ods", QStringLiteral("Permission denied"))},
         12);
     window.keptWindow->table->setModel(&reasons);
-    window.showOver(window.keptWindow, ListPanel::designPlace, halfOfGain, halfOfGain);
+    window.showOver(window.keptWindow, ListPanel::designGeometry, halfOfGain, halfOfGain);
     takeBoth(QStringLiteral("34-report-kept-list"));
 }
 
@@ -129,7 +129,7 @@ TEST_F(CleanUpPicturesTest, TheQuestionOfPuttingBack) {
     panel.putBackTotal->setText(QStringLiteral("1,406 files (157.46 MB)"));
     panel.putBackOutcome->setText(QStringLiteral("1,404 files will be put back."));
     panel.putBackCannot->setText(QStringLiteral("2 files cannot be put back."));
-    window.showOver(&panel, PutBackPanel::designPlace, halfOfGain, halfOfGain);
+    window.showOver(&panel, PutBackPanel::designGeometry, halfOfGain, halfOfGain);
     takeBoth(QStringLiteral("27-put-back"));
 }
 
@@ -139,7 +139,7 @@ TEST_F(CleanUpPicturesTest, TheProgressOfPuttingBack) {
     panel.putBackIndicator->setDone(412);
     panel.putBackProcessing->setText(
         QStringLiteral("412 of 1,404 files. Nothing that is there now is replaced."));
-    window.showOver(&panel, PutBackProgress::designPlace);
+    window.showOver(&panel, PutBackProgress::designGeometry);
     takeBoth(QStringLiteral("27-put-back-running"));
 }
 
@@ -158,7 +158,7 @@ TEST_F(CleanUpPicturesTest, TheReportOfPuttingBack) {
     panel.putBackReportFailed->setText(QStringLiteral("3 files could not be put back:"));
     panel.putBackReportHint->setText(
         QStringLiteral("Scan again to see these files in the results."));
-    window.showOver(&panel, PutBackReport::designPlace);
+    window.showOver(&panel, PutBackReport::designGeometry);
     takeBoth(QStringLiteral("28-put-back-done"));
 }
 

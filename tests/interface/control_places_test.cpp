@@ -31,9 +31,9 @@ namespace {
 struct Control {
     const char* name;
     const QMetaObject& type;
-    const char* screen;  ///< the screen that shows it
-    QRect place;         ///< in the content of 1016 x 531
-    QRect grownPlace;    ///< in a content of 1400 x 900
+    const char* screen;   ///< the screen that shows it
+    QRect geometry;       ///< in the content of 1016 x 531
+    QRect grownGeometry;  ///< in a content of 1400 x 900
 };
 
 // The window gains 384 across and 369 down; the column gains all of its 266 and moves by 59.
@@ -217,7 +217,7 @@ TEST_F(ControlPlacesTest, HaveTheGeometryOfTheDesign) {
     ASSERT_EQ(window.size(), QSize(1016, 531));
     for (const Control& expected : controls) {
         window.selectTabViewItem(QLatin1String(expected.screen));
-        EXPECT_EQ(geometryOf(control(expected.name)), expected.place) << expected.name;
+        EXPECT_EQ(geometryOf(control(expected.name)), expected.geometry) << expected.name;
     }
 }
 
@@ -225,7 +225,7 @@ TEST_F(ControlPlacesTest, GrowWithTheWindow) {
     resizeTo({1400, 900});
     for (const Control& expected : controls) {
         window.selectTabViewItem(QLatin1String(expected.screen));
-        EXPECT_EQ(geometryOf(control(expected.name)), expected.grownPlace) << expected.name;
+        EXPECT_EQ(geometryOf(control(expected.name)), expected.grownGeometry) << expected.name;
     }
 }
 
@@ -234,7 +234,7 @@ TEST_F(ControlPlacesTest, ComeBackWhenTheWindowShrinks) {
     resizeTo({1016, 531});
     for (const Control& expected : controls) {
         window.selectTabViewItem(QLatin1String(expected.screen));
-        EXPECT_EQ(geometryOf(control(expected.name)), expected.place) << expected.name;
+        EXPECT_EQ(geometryOf(control(expected.name)), expected.geometry) << expected.name;
     }
 }
 

@@ -54,7 +54,7 @@ class ListPanelTest : public ShownWindow {
     ~ListPanelTest() override { panel.table->setModel(nullptr); }
 
     void show() {
-        window.showOver(&panel, ListPanel::designPlace, halfOfGain, halfOfGain);
+        window.showOver(&panel, ListPanel::designGeometry, halfOfGain, halfOfGain);
         QCoreApplication::sendPostedEvents();
     }
 
@@ -227,7 +227,8 @@ TEST_F(KeptLineTest, TheFocusReturnsToTheScreenAfterTheListReplacedIt) {
     QWidget* before = control("OView2");
     before->setFocus();
     show(QStringLiteral("12 files were left where they are."));
-    window.showInPlaceOf(&panel, window.keptWindow, ListPanel::designPlace, halfOfGain, halfOfGain);
+    window.showInPlaceOf(&panel, window.keptWindow, ListPanel::designGeometry, halfOfGain,
+                         halfOfGain);
     EXPECT_FALSE(panel.isVisible());
     EXPECT_EQ(window.focusWidget(), window.keptWindow->closeButton);
     window.showInPlaceOf(window.keptWindow, &panel, {250, 141, 516, 190});

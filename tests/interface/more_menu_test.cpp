@@ -21,7 +21,7 @@ class MoreMenuTest : public ShownWindow {
     }
 
     /// The geometry of the menu in the content of the window.
-    [[nodiscard]] QRect menuPlace() const {
+    [[nodiscard]] QRect menuGeometry() const {
         return {window.mapFromGlobal(window.moreMenu->pos()), window.moreMenu->size()};
     }
 
@@ -34,9 +34,9 @@ TEST_F(MoreMenuTest, OpensBelowItsButton) {
     window.move(-500, 0);
     QTest::mouseClick(window.buttonMore, Qt::LeftButton);
     ASSERT_TRUE(opens());
-    EXPECT_EQ(menuPlace().right() + 1, 924);
-    EXPECT_EQ(menuPlace().top(), 41);
-    EXPECT_GE(menuPlace().width(), 232);
+    EXPECT_EQ(menuGeometry().right() + 1, 924);
+    EXPECT_EQ(menuGeometry().top(), 41);
+    EXPECT_GE(menuGeometry().width(), 232);
     EXPECT_TRUE(window.buttonMore->isOpen());
     QTest::keyClick(window.moreMenu, Qt::Key_Escape);
     EXPECT_FALSE(window.moreMenu->isVisible());

@@ -25,10 +25,10 @@ class NoticeTest : public ShownWindow {
 
     /// The cursor of the window after the pointer has entered a control.
     Qt::CursorShape cursorOver(const QWidget* control) {
-        const QPoint place = geometryOf(control).center();
-        QCursor::setPos(window.mapToGlobal(place));
+        const QPoint position = geometryOf(control).center();
+        QCursor::setPos(window.mapToGlobal(position));
         QCoreApplication::processEvents();
-        QTest::mouseMove(window.windowHandle(), place);
+        QTest::mouseMove(window.windowHandle(), position);
         QCoreApplication::processEvents();
         return window.windowHandle()->cursor().shape();
     }

@@ -24,8 +24,8 @@ class PressGuardTest : public ShownWindow {
         return geometryOf(control).center();
     }
 
-    void press(const QPoint& place) {
-        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, place);
+    void press(const QPoint& position) {
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, position);
     }
 
     /// Scan shows the progress screen, as it does in the product.
@@ -51,11 +51,11 @@ TEST_F(PressGuardTest, ADoubleClickOnScanDoesNotPressStop) {
     const QPushButton& stop = *window.progress->stopButton;
     const QSignalSpy stops(&stop, &QAbstractButton::clicked);
     const QSignalSpy downs(&stop, &QAbstractButton::pressed);
-    const QPoint place = middleOf(window.locations->findDuplicateExact);
-    press(place);
+    const QPoint position = middleOf(window.locations->findDuplicateExact);
+    press(position);
     ASSERT_EQ(window.selectedTabViewItem(), QStringLiteral("5"));
-    ASSERT_EQ(window.childAt(place), &stop);
-    press(place);
+    ASSERT_EQ(window.childAt(position), &stop);
+    press(position);
     EXPECT_EQ(stops.size(), 0);
     EXPECT_EQ(downs.size(), 0);
     // Nor does it get the focus.

@@ -30,7 +30,7 @@ class PutBackPanelsTest : public ShownWindow {
     ~PutBackPanelsTest() override { question.putBackTable->setModel(nullptr); }
 
     void ask() {
-        window.showOver(&question, PutBackPanel::designPlace, halfOfGain, halfOfGain);
+        window.showOver(&question, PutBackPanel::designGeometry, halfOfGain, halfOfGain);
         QCoreApplication::sendPostedEvents();
     }
 
@@ -94,7 +94,7 @@ TEST_F(PutBackPanelsTest, TheQuestionStartsOnCancelIfNothingCanCome) {
 }
 
 TEST_F(PutBackPanelsTest, TheProgressHasTheGeometryOfTheDeletion) {
-    window.showOver(&progress, PutBackProgress::designPlace);
+    window.showOver(&progress, PutBackProgress::designGeometry);
     EXPECT_EQ(geometryOf(&progress), QRect(205, 114, 606, 303));
     EXPECT_EQ(geometryOf(progress.putBackIndicator), QRect(381, 252, 396, 10));
     EXPECT_EQ(geometryOf(progress.putBackProcessing).topLeft(), QPoint(381, 274));
@@ -108,14 +108,14 @@ TEST_F(PutBackPanelsTest, TheProgressHasTheGeometryOfTheDeletion) {
 
 TEST_F(PutBackPanelsTest, EscapeStops) {
     const QSignalSpy stopped(progress.stopPutBackBtn, &QAbstractButton::clicked);
-    window.showOver(&progress, PutBackProgress::designPlace);
+    window.showOver(&progress, PutBackProgress::designGeometry);
     EXPECT_EQ(window.focusWidget(), progress.stopPutBackBtn);
     QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
     EXPECT_EQ(stopped.size(), 1);
 }
 
 TEST_F(PutBackPanelsTest, TheReportHasTheGeometryOfTheDesign) {
-    window.showOver(&report, PutBackReport::designPlace);
+    window.showOver(&report, PutBackReport::designGeometry);
     EXPECT_EQ(geometryOf(&report), QRect(173, 97, 670, 366));
     EXPECT_EQ(geometryOf(control("putBackReportImage")), QRect(197, 157, 96, 96));
     EXPECT_EQ(geometryOf(report.putBackReportCount), QRect(317, 161, 502, 24));

@@ -38,7 +38,7 @@ class ResultPanelsTest : public ShownWindow {
         return window.findChildren<ViewTransparent*>();
     }
     /// The widget at a point of the window.
-    [[nodiscard]] QWidget* under(const QPoint& place) const { return window.childAt(place); }
+    [[nodiscard]] QWidget* under(const QPoint& position) const { return window.childAt(position); }
 
     void inform(const QStringList& lines) {
         information.scanInfoCount->setText(lines.value(0));

@@ -27,13 +27,13 @@ class ResultTableTest : public ShownWindow {
     [[nodiscard]] QPoint middleOf(int row, int column) const {
         return table.visualRect(files.index(row, column)).center();
     }
-    void click(const QPoint& place) {
-        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, place);
+    void click(const QPoint& position) {
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, position);
     }
-    void doubleClick(const QPoint& place, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mouseClick(table.viewport(), button, {}, place);
-        QTest::mouseDClick(table.viewport(), button, {}, place);
-        QTest::mouseRelease(table.viewport(), button, {}, place);
+    void doubleClick(const QPoint& position, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(table.viewport(), button, {}, position);
+        QTest::mouseDClick(table.viewport(), button, {}, position);
+        QTest::mouseRelease(table.viewport(), button, {}, position);
     }
 
     DrawnResult result{true};
@@ -226,14 +226,14 @@ TEST_F(ResultTableTest, MarksLeaveTheCurrentRowAndThePlace) {
     QCoreApplication::processEvents();
     table.selectRow(30);
     QCoreApplication::processEvents();
-    const int place = table.verticalScrollBar()->value();
-    ASSERT_GT(place, 0);
+    const int position = table.verticalScrollBar()->value();
+    ASSERT_GT(position, 0);
 
     Q_EMIT files.dataChanged(files.index(0, ResultTable::ButtonCell),
                              files.index(44, ResultTable::ButtonCell));
     QCoreApplication::processEvents();
 
-    EXPECT_EQ(table.verticalScrollBar()->value(), place);
+    EXPECT_EQ(table.verticalScrollBar()->value(), position);
     EXPECT_EQ(table.currentIndex().row(), 30);
 }
 
@@ -262,8 +262,8 @@ TEST_F(ResultTableTest, AHostileNameStaysOnItsLine) {
 class ResultTableTipTest : public ResultTableTest {
  protected:
     void ask(int row, int column) {
-        const QPoint place = middleOf(row, column);
-        QHelpEvent help(QEvent::ToolTip, place, table.viewport()->mapToGlobal(place));
+        const QPoint position = middleOf(row, column);
+        QHelpEvent help(QEvent::ToolTip, position, table.viewport()->mapToGlobal(position));
         QCoreApplication::sendEvent(table.viewport(), &help);
     }
 };

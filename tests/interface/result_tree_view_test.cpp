@@ -34,13 +34,13 @@ class ResultTreeViewTest : public ShownWindow {
         return {QRect(0, top, tree.viewport()->width(), ResultTreeView::heightOfRows),
                 ResultTreeView::isSet(row)};
     }
-    void click(const QPoint& place, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::mouseClick(tree.viewport(), Qt::LeftButton, modifiers, place);
+    void click(const QPoint& position, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, modifiers, position);
     }
-    void doubleClick(const QPoint& place) {
-        click(place);
-        QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, place);
-        QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, place);
+    void doubleClick(const QPoint& position) {
+        click(position);
+        QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, position);
+        QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, position);
     }
     [[nodiscard]] QString selected() const {
         return tree.selectedSet().siblingAtColumn(ResultTreeView::name).data().toString();
@@ -303,8 +303,8 @@ TEST_F(ResultTreeViewTest, MarksLeaveExpansionSelectionAndPlace) {
     tree.selectSet(sets.setAt(5, 1));
     tree.collapse(sets.extensionAt(1));
     QCoreApplication::processEvents();
-    const int place = tree.verticalScrollBar()->value();
-    ASSERT_GT(place, 0);
+    const int position = tree.verticalScrollBar()->value();
+    ASSERT_GT(position, 0);
 
     sets.itemFromIndex(sets.setAt(4, 0))->setCheckState(Qt::Unchecked);
     for (int extension = 0; extension < sets.rowCount(); ++extension) {
@@ -313,7 +313,7 @@ TEST_F(ResultTreeViewTest, MarksLeaveExpansionSelectionAndPlace) {
     }
     QCoreApplication::processEvents();
 
-    EXPECT_EQ(tree.verticalScrollBar()->value(), place);
+    EXPECT_EQ(tree.verticalScrollBar()->value(), position);
     EXPECT_EQ(tree.selectedSet(), sets.setAt(5, 1));
     EXPECT_FALSE(tree.isExpanded(sets.extensionAt(1)));
     EXPECT_TRUE(tree.isExpanded(sets.extensionAt(4)));
@@ -341,15 +341,15 @@ TEST_F(ResultTreeViewTest, AMarkInAnExtensionThatIsCollapsedRepaintsNothing) {
 }
 
 TEST_F(ResultTreeViewTest, TheLastRowInViewIsRepaintedAtEveryScrollPosition) {
-    for (int place = 0; place < ResultTreeView::heightOfRows; ++place) {
-        tree.verticalScrollBar()->setValue(place);
+    for (int position = 0; position < ResultTreeView::heightOfRows; ++position) {
+        tree.verticalScrollBar()->setValue(position);
         const int bottom = tree.viewport()->height() - 1;
         const QModelIndex last = tree.indexAt({0, bottom});
         ASSERT_TRUE(last.isValid());
         PaintedRegion painted(tree.viewport());
         Q_EMIT sets.dataChanged(last, last);
-        EXPECT_EQ(painted.bounds().bottom(), bottom) << place;
-        EXPECT_LE(painted.bounds().height(), ResultTreeView::heightOfRows) << place;
+        EXPECT_EQ(painted.bounds().bottom(), bottom) << position;
+        EXPECT_LE(painted.bounds().height(), ResultTreeView::heightOfRows) << position;
     }
 }
 
@@ -429,8 +429,8 @@ TEST_F(ResultTreeViewTest, ALongNameIsShownInFullLetterForLetter) {
     const QModelIndex longOne = sets.index(0, ResultTreeView::name, sets.extensionAt(0));
     sets.setData(longOne, QString(hostileName + QString(60, QLatin1Char('m'))));
     const auto ask = [this](const QModelIndex& index) {
-        const QPoint place = tree.visualRect(index).center();
-        QHelpEvent help(QEvent::ToolTip, place, tree.viewport()->mapToGlobal(place));
+        const QPoint position = tree.visualRect(index).center();
+        QHelpEvent help(QEvent::ToolTip, position, tree.viewport()->mapToGlobal(position));
         QCoreApplication::sendEvent(tree.viewport(), &help);
     };
     ask(longOne);

@@ -252,7 +252,7 @@ TEST_P(RoomForTextsTest, InTheReportOfFilesThatWereLeft) {
     checkEverythingShown("report-kept");
     EXPECT_EQ(panel.height(), 190);
     EXPECT_FALSE(panel.keptLine->isElided());
-    window->showInPlaceOf(&panel, window->keptWindow, ListPanel::designPlace, halfOfGain,
+    window->showInPlaceOf(&panel, window->keptWindow, ListPanel::designGeometry, halfOfGain,
                           halfOfGain);
     checkEverythingShown("kept");
 }
@@ -277,7 +277,7 @@ TEST_P(RoomForTextsTest, InTheReportOfFilesThatCouldNotBeMovedBack) {
     for (const MoveOutcome outcome : {MoveOutcome::moved, MoveOutcome::changed}) {
         files.add(*file, {outcome, "reason", TrashRefusalKind::taken, {}});
         list.setFiles(files);
-        window->showOver(window->keptWindow, ListPanel::designPlace, halfOfGain, halfOfGain);
+        window->showOver(window->keptWindow, ListPanel::designGeometry, halfOfGain, halfOfGain);
         checkEverythingShown(outcome == MoveOutcome::moved ? "not-back" : "kept-and-not-back");
         window->keptWindow->hide();
         window->covers().removeAll();
@@ -291,7 +291,7 @@ TEST_P(RoomForTextsTest, InThePanelsOfPuttingBack) {
     question.putBackTotal->setText(PutBackTexts::total(123456, 999'990'000'000));
     question.putBackOutcome->setText(PutBackTexts::coming(123456));
     question.putBackCannot->setText(PutBackTexts::staying(123456));
-    window->showOver(&question, PutBackPanel::designPlace, halfOfGain, halfOfGain);
+    window->showOver(&question, PutBackPanel::designGeometry, halfOfGain, halfOfGain);
     checkEverythingShown("put-back");
     EXPECT_LT(question.putBackOutcome->fontMetrics()
                   .size(Qt::TextSingleLine, question.putBackOutcome->text())
@@ -299,14 +299,14 @@ TEST_P(RoomForTextsTest, InThePanelsOfPuttingBack) {
               question.putBackCancel->x() - question.putBackOutcome->x());
     PutBackProgress& progress = *window->putBackProgress;
     progress.putBackProcessing->setText(PutBackTexts::progress(123456, 123456));
-    window->showInPlaceOf(&question, &progress, PutBackProgress::designPlace);
+    window->showInPlaceOf(&question, &progress, PutBackProgress::designGeometry);
     checkEverythingShown("put-back-running");
     PutBackReport& report = *window->putBackReport;
     report.putBackReportCount->setText(PutBackTexts::filesPutBack(123456));
     report.putBackReportSize->setText(PutBackTexts::size(999'990'000'000));
     report.putBackReportFailed->setText(PutBackTexts::failed(123456));
     report.putBackReportHint->setText(PutBackTexts::scanAgain());
-    window->showInPlaceOf(&progress, &report, PutBackReport::designPlace);
+    window->showInPlaceOf(&progress, &report, PutBackReport::designGeometry);
     checkEverythingShown("put-back-done");
     report.putBackReportHint->setText(
         PutBackTexts::notAll(QStringLiteral("No space left on device")));

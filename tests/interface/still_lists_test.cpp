@@ -51,14 +51,14 @@ class StillLists : public ShownWindow {
     }
 
     /// A real click at a point of a list.
-    void click(const QAbstractItemView& list, const QPoint& place) {
+    void click(const QAbstractItemView& list, const QPoint& position) {
         QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
-                          list.viewport()->mapTo(&window, place));
+                          list.viewport()->mapTo(&window, position));
     }
 
-    Act clickAt(QAbstractItemView& list, const QPoint& place) {
-        return {"click at " + std::to_string(place.x()) + ", " + std::to_string(place.y()),
-                [this, &list, place] { click(list, place); }};
+    Act clickAt(QAbstractItemView& list, const QPoint& position) {
+        return {"click at " + std::to_string(position.x()) + ", " + std::to_string(position.y()),
+                [this, &list, position] { click(list, position); }};
     }
     static Act press(QAbstractItemView& list, Qt::Key key) {
         return {QKeySequence(key).toString().toStdString(), [&list, key] {
@@ -69,9 +69,10 @@ class StillLists : public ShownWindow {
     /// Turns the wheel horizontally by one notch.
     static Act wheel(QAbstractItemView& list, int angle) {
         return {"wheel " + std::to_string(angle), [&list, angle] {
-                    const QPoint place = list.viewport()->rect().center();
-                    QWheelEvent turn(place, list.viewport()->mapToGlobal(place), {}, {angle, 0},
-                                     Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+                    const QPoint position = list.viewport()->rect().center();
+                    QWheelEvent turn(position, list.viewport()->mapToGlobal(position), {},
+                                     {angle, 0}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                                     false);
                     QCoreApplication::sendEvent(list.viewport(), &turn);
                 }};
     }

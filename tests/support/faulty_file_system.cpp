@@ -26,9 +26,9 @@ bool addEntry(const std::string& name, EntryType type, std::span<std::byte>& roo
     if (room.size() < name.size() + recordBytes) {
         return false;
     }
-    void* const place = room.data();
-    std::memcpy(place, name.c_str(), name.size() + 1);
-    block.add(static_cast<const char*>(place), type);
+    void* const entry = room.data();
+    std::memcpy(entry, name.c_str(), name.size() + 1);
+    block.add(static_cast<const char*>(entry), type);
     room = room.subspan(name.size() + recordBytes);
     return true;
 }

@@ -17,8 +17,8 @@ inline QImage onScreen(const QWidget& widget) {
     const QImage whole = window.screen()->grabWindow(window.winId()).toImage();
     const qreal ratio = whole.devicePixelRatio();
     const QPointF corner = widget.mapTo(&window, QPointF(0, 0));
-    const QRectF place(corner * ratio, QSizeF(widget.size()) * ratio);
-    return whole.copy(place.toRect()).convertToFormat(QImage::Format_RGB32);
+    const QRectF area(corner * ratio, QSizeF(widget.size()) * ratio);
+    return whole.copy(area.toRect()).convertToFormat(QImage::Format_RGB32);
 }
 
 /// The pixels of the widget when it is painted now.

@@ -23,12 +23,12 @@ void writeSet(const std::string& folder, const Copies& kind, int set) {
     std::string content = name;
     content.resize(bytesOfEachCopy, '.');
     for (int copy = 0; copy < kind.copies; ++copy) {
-        const fs::path place = fs::path(folder) / ("copy" + std::to_string(copy)) /
-                               std::to_string(set / setsInAFolder);
+        const fs::path subfolder = fs::path(folder) / ("copy" + std::to_string(copy)) /
+                                   std::to_string(set / setsInAFolder);
         if (set % setsInAFolder == 0) {
-            fs::create_directories(place);
+            fs::create_directories(subfolder);
         }
-        std::ofstream(place / name, std::ios::binary) << content;
+        std::ofstream(subfolder / name, std::ios::binary) << content;
     }
 }
 

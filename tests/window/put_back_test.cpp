@@ -101,9 +101,10 @@ TEST_F(PutBackWindow, ReplacesNothingAndListsFilesNotRestored) {
     window_->click("Ok");
 
     auto expected = before_;
-    const std::filesystem::path place(taken);
+    const std::filesystem::path original(taken);
     const std::string besides =
-        (place.parent_path() / (place.stem().string() + " (put back)" + place.extension().string()))
+        (original.parent_path() /
+         (original.stem().string() + " (put back)" + original.extension().string()))
             .string();
     expected[besides] = expected[taken];
     expected[taken] = "something else";

@@ -21,8 +21,8 @@ class InstalledUpdates : public testing::Test {
  protected:
     InstalledUpdates() {
         const TemporaryFolder& folder = home_.folder();
-        for (const std::string& place : {bin_, share_, helpers_}) {
-            folder.makeFolder(place);
+        for (const std::string& subfolder : {bin_, share_, helpers_}) {
+            folder.makeFolder(subfolder);
         }
         install(TARVIN_PROGRAM, bin_ + "/program");
         install(TARVIN_URL_READER, helpers_ + "/tarvin-url-reader");
@@ -48,8 +48,8 @@ class InstalledUpdates : public testing::Test {
     Home home_;
 
  private:
-    void install(const fs::path& program, const std::string& place) const {
-        fs::copy_file(program, home_.folder().pathOf(place));
+    void install(const fs::path& program, const std::string& subfolder) const {
+        fs::copy_file(program, home_.folder().pathOf(subfolder));
     }
 
     const std::string bin_ = "installed/bin";
