@@ -42,15 +42,15 @@ TEST(ButtonFields, ButtonIDIsKept) {
 }
 
 TEST(ButtonFields, HoveringChangesTheLookOfAnAnswer) {
-    ControlFixture bench;
-    auto& answer = bench.add<ButtonSettingsSaved>(buttonFieldsGeometry);
+    ControlFixture fixture;
+    auto& answer = fixture.add<ButtonSettingsSaved>(buttonFieldsGeometry);
     EXPECT_FALSE(answer.hovering());
-    EXPECT_THAT(bench.at(20, 40), IsRgb(53, 152, 252));
+    EXPECT_THAT(fixture.at(20, 40), IsRgb(53, 152, 252));
     answer.setHovering(true);
     EXPECT_TRUE(answer.hovering());
-    EXPECT_THAT(bench.at(20, 40), IsRgb(126, 180, 234));
+    EXPECT_THAT(fixture.at(20, 40), IsRgb(126, 180, 234));
     answer.setHovering(false);
-    EXPECT_THAT(bench.at(20, 40), IsRgb(53, 152, 252));
+    EXPECT_THAT(fixture.at(20, 40), IsRgb(53, 152, 252));
 }
 
 TEST(ButtonFields, SettingHoveringDoesNotFadeAButton) {
@@ -65,8 +65,8 @@ TEST(ButtonFields, SettingHoveringDoesNotFadeAButton) {
 }
 
 TEST(ButtonFields, SettingHoveringOrMouseDownRepaints) {
-    ControlFixture bench;
-    auto& tile = bench.add<ButtonHoverComplex>(buttonFieldsGeometry);
+    ControlFixture fixture;
+    auto& tile = fixture.add<ButtonHoverComplex>(buttonFieldsGeometry);
     const Paintings paintings(&tile);
     const auto comeTo = [&](int count) {
         return QTest::qWaitFor([&] { return paintings.count() >= count; }, 20'000);

@@ -20,8 +20,8 @@ QIcon plain(const QColor& color) {
 }
 
 /// Normal red, hover green, disabled blue, on click yellow.
-ButtonHoverSimple& addButton(ControlFixture& bench) {
-    auto& button = bench.add<ButtonHoverSimple>(buttonHoverSimpleGeometry);
+ButtonHoverSimple& addButton(ControlFixture& fixture) {
+    auto& button = fixture.add<ButtonHoverSimple>(buttonHoverSimpleGeometry);
     button.setImageNormal(plain(Qt::red), plain(Qt::green), plain(Qt::blue), plain(Qt::yellow));
     return button;
 }
@@ -36,133 +36,133 @@ TEST(ButtonHoverSimple, StartsWithNothing) {
 }
 
 TEST(ButtonHoverSimple, ShowsTheNormalImage) {
-    ControlFixture bench;
-    addButton(bench);
-    EXPECT_THAT(bench.at(20, 20), IsRgb(255, 0, 0));
-    EXPECT_THAT(bench.at(64.5, 64.5), IsRgb(255, 0, 0));
+    ControlFixture fixture;
+    addButton(fixture);
+    EXPECT_THAT(fixture.at(20, 20), IsRgb(255, 0, 0));
+    EXPECT_THAT(fixture.at(64.5, 64.5), IsRgb(255, 0, 0));
 }
 
 TEST(ButtonHoverSimple, WhenHoveredItShowsTheHoverImage) {
-    ControlFixture bench;
-    auto& button = addButton(bench);
-    bench.movePointerTo(button);
+    ControlFixture fixture;
+    auto& button = addButton(fixture);
+    fixture.movePointerTo(button);
     EXPECT_TRUE(button.hovering());
-    EXPECT_THAT(bench.at(40, 40), IsRgb(0, 255, 0));
-    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
+    EXPECT_THAT(fixture.at(40, 40), IsRgb(0, 255, 0));
+    EXPECT_EQ(fixture.cursor(), Qt::PointingHandCursor);
 }
 
 TEST(ButtonHoverSimple, KeepsTheHoverImageUnlessItIsToReset) {
-    ControlFixture bench;
-    auto& button = addButton(bench);
-    bench.movePointerTo(button);
-    bench.movePointerAway();
+    ControlFixture fixture;
+    auto& button = addButton(fixture);
+    fixture.movePointerTo(button);
+    fixture.movePointerAway();
     EXPECT_FALSE(button.hovering());
-    EXPECT_THAT(bench.at(40, 40), IsRgb(0, 255, 0));
+    EXPECT_THAT(fixture.at(40, 40), IsRgb(0, 255, 0));
 }
 
 TEST(ButtonHoverSimple, ShowsTheNormalImageAgainIfItIsToReset) {
-    ControlFixture bench;
-    auto& button = addButton(bench);
+    ControlFixture fixture;
+    auto& button = addButton(fixture);
     button.setResetImageWhenNotHovering(true);
-    bench.movePointerTo(button);
-    bench.movePointerAway();
-    EXPECT_THAT(bench.at(40, 40), IsRgb(255, 0, 0));
+    fixture.movePointerTo(button);
+    fixture.movePointerAway();
+    EXPECT_THAT(fixture.at(40, 40), IsRgb(255, 0, 0));
 }
 
 TEST(ButtonHoverSimple, WithTheMouseDownTheHoverImageStays) {
-    ControlFixture bench;
-    auto& button = addButton(bench);
+    ControlFixture fixture;
+    auto& button = addButton(fixture);
     button.setResetImageWhenNotHovering(true);
-    bench.movePointerTo(button);
+    fixture.movePointerTo(button);
     button.setMouseDown(true);
-    bench.movePointerAway();
-    EXPECT_THAT(bench.at(40, 40), IsRgb(0, 255, 0));
+    fixture.movePointerAway();
+    EXPECT_THAT(fixture.at(40, 40), IsRgb(0, 255, 0));
 }
 
 TEST(ButtonHoverSimple, ADisabledOneKeepsItsImage) {
-    ControlFixture bench;
-    auto& button = addButton(bench);
+    ControlFixture fixture;
+    auto& button = addButton(fixture);
     button.setResetImageWhenNotHovering(true);
     button.setEnabled(false);
-    EXPECT_THAT(bench.at(40, 40), IsRgb(255, 0, 0));
-    bench.movePointerTo(button);
+    EXPECT_THAT(fixture.at(40, 40), IsRgb(255, 0, 0));
+    fixture.movePointerTo(button);
     EXPECT_TRUE(button.hovering());
-    EXPECT_THAT(bench.at(40, 40), IsRgb(255, 0, 0));
-    EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
+    EXPECT_THAT(fixture.at(40, 40), IsRgb(255, 0, 0));
+    EXPECT_EQ(fixture.cursor(), Qt::ArrowCursor);
 }
 
 TEST(ButtonHoverSimple, OneDisabledWhileHoveredDoesNotReset) {
-    ControlFixture bench;
-    auto& button = addButton(bench);
+    ControlFixture fixture;
+    auto& button = addButton(fixture);
     button.setResetImageWhenNotHovering(true);
-    bench.movePointerTo(button);
+    fixture.movePointerTo(button);
     button.setEnabled(false);
-    bench.movePointerAway();
-    EXPECT_THAT(bench.at(40, 40), IsRgb(0, 255, 0));
+    fixture.movePointerAway();
+    EXPECT_THAT(fixture.at(40, 40), IsRgb(0, 255, 0));
 }
 
 TEST(ButtonHoverSimple, ResettingClearsTheHoverState) {
-    ControlFixture bench;
-    auto& button = addButton(bench);
-    bench.movePointerTo(button);
+    ControlFixture fixture;
+    auto& button = addButton(fixture);
+    fixture.movePointerTo(button);
     button.resetButton();
     EXPECT_FALSE(button.hovering());
-    EXPECT_THAT(bench.at(40, 40), IsRgb(0, 255, 0));
+    EXPECT_THAT(fixture.at(40, 40), IsRgb(0, 255, 0));
     button.setResetImageWhenNotHovering(true);
     button.resetButton();
-    EXPECT_THAT(bench.at(40, 40), IsRgb(255, 0, 0));
+    EXPECT_THAT(fixture.at(40, 40), IsRgb(255, 0, 0));
 }
 
 TEST(ButtonHoverSimple, NewImagesBeginWithTheNormalOne) {
-    ControlFixture bench;
-    auto& button = addButton(bench);
-    bench.movePointerTo(button);
+    ControlFixture fixture;
+    auto& button = addButton(fixture);
+    fixture.movePointerTo(button);
     button.setImageNormal(plain(Qt::cyan), plain(Qt::green), {}, {});
     EXPECT_FALSE(button.hovering());
-    EXPECT_THAT(bench.at(40, 40), IsRgb(0, 255, 255));
+    EXPECT_THAT(fixture.at(40, 40), IsRgb(0, 255, 255));
 }
 
 TEST(ButtonHoverSimple, IsHoveredOnlyInTheActiveWindow) {
-    ControlFixture bench;
-    auto& button = addButton(bench);
+    ControlFixture fixture;
+    auto& button = addButton(fixture);
     button.setResetImageWhenNotHovering(true);
-    bench.deactivate();
-    bench.movePointerTo(button);
+    fixture.deactivate();
+    fixture.movePointerTo(button);
     EXPECT_FALSE(button.hovering());
-    EXPECT_THAT(bench.at(40, 40), IsRgb(255, 0, 0));
-    bench.activate();
+    EXPECT_THAT(fixture.at(40, 40), IsRgb(255, 0, 0));
+    fixture.activate();
     EXPECT_TRUE(button.hovering());
-    EXPECT_THAT(bench.at(40, 40), IsRgb(0, 255, 0));
-    bench.deactivate();
+    EXPECT_THAT(fixture.at(40, 40), IsRgb(0, 255, 0));
+    fixture.deactivate();
     EXPECT_FALSE(button.hovering());
 }
 
 TEST(ButtonHoverSimple, AClickPressesItAndLeavesMouseDownToItsOwner) {
-    ControlFixture bench;
-    auto& button = addButton(bench);
+    ControlFixture fixture;
+    auto& button = addButton(fixture);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
-    QTest::mousePress(bench.window().windowHandle(), Qt::LeftButton, {},
+    QTest::mousePress(fixture.window().windowHandle(), Qt::LeftButton, {},
                       buttonHoverSimpleGeometry.center());
     EXPECT_FALSE(button.mouseDown());
-    EXPECT_FALSE(bench.holds(buttonHoverSimpleGeometry, Qt::yellow));
-    QTest::mouseRelease(bench.window().windowHandle(), Qt::LeftButton, {},
+    EXPECT_FALSE(fixture.holds(buttonHoverSimpleGeometry, Qt::yellow));
+    QTest::mouseRelease(fixture.window().windowHandle(), Qt::LeftButton, {},
                         buttonHoverSimpleGeometry.center());
     EXPECT_EQ(clicks.count(), 1);
 }
 
 TEST(ButtonHoverSimple, TheHomeImagesExist) {
-    ControlFixture bench(QColor(31, 100, 134));
-    auto& button = bench.add<ButtonHoverSimple>(buttonHoverSimpleGeometry);
+    ControlFixture fixture(QColor(31, 100, 134));
+    auto& button = fixture.add<ButtonHoverSimple>(buttonHoverSimpleGeometry);
     button.setImageNormal(pictureIcon(QStringLiteral("Home Normal.png")),
                           pictureIcon(QStringLiteral("Home Hover.png")),
                           pictureIcon(QStringLiteral("Home Normal Disabled.png")),
                           pictureIcon(QStringLiteral("Back Onclick.png")));
     EXPECT_FALSE(button.disabledImage().isNull());
     EXPECT_FALSE(button.onClickImage().isNull());
-    EXPECT_TRUE(bench.holds(buttonHoverSimpleGeometry, Qt::white));
-    EXPECT_THAT(bench.at(21, 21), IsRgb(31, 100, 134));
-    bench.movePointerTo(button);
-    EXPECT_THAT(bench.at(21, 21), IsRgb(47, 120, 153));
+    EXPECT_TRUE(fixture.holds(buttonHoverSimpleGeometry, Qt::white));
+    EXPECT_THAT(fixture.at(21, 21), IsRgb(31, 100, 134));
+    fixture.movePointerTo(button);
+    EXPECT_THAT(fixture.at(21, 21), IsRgb(47, 120, 153));
 }
 
 }  // namespace

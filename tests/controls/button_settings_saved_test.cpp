@@ -13,32 +13,32 @@ namespace {
 constexpr QRect buttonSettingsSavedGeometry(20, 20, 84, 27);
 
 TEST(ButtonSettingsSaved, IsAGrayGradientWithABlueLine) {
-    ControlFixture bench;
-    bench.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
-    EXPECT_THAT(bench.at(20, 30), IsRgb(53, 152, 252));
-    EXPECT_THAT(bench.at(103.5, 46.5), IsRgb(53, 152, 252));
-    EXPECT_THAT(bench.at(30, 45.5), IsRgb(223, 223, 223));
-    EXPECT_THAT(bench.at(30, 33.5), IsRgb(231, 231, 231));
-    EXPECT_THAT(bench.at(30, 21), IsRgb(239, 239, 239));
+    ControlFixture fixture;
+    fixture.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
+    EXPECT_THAT(fixture.at(20, 30), IsRgb(53, 152, 252));
+    EXPECT_THAT(fixture.at(103.5, 46.5), IsRgb(53, 152, 252));
+    EXPECT_THAT(fixture.at(30, 45.5), IsRgb(223, 223, 223));
+    EXPECT_THAT(fixture.at(30, 33.5), IsRgb(231, 231, 231));
+    EXPECT_THAT(fixture.at(30, 21), IsRgb(239, 239, 239));
 }
 
 TEST(ButtonSettingsSaved, WhenHoveredItIsBlue) {
-    ControlFixture bench;
-    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
-    bench.movePointerTo(button);
+    ControlFixture fixture;
+    auto& button = fixture.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
+    fixture.movePointerTo(button);
     EXPECT_TRUE(button.hovering());
-    EXPECT_THAT(bench.at(20, 30), IsRgb(126, 180, 234));
-    EXPECT_THAT(bench.at(30, 45.5), IsRgb(221, 237, 252));
-    EXPECT_THAT(bench.at(30, 21), IsRgb(238, 246, 253));
-    bench.movePointerAway();
+    EXPECT_THAT(fixture.at(20, 30), IsRgb(126, 180, 234));
+    EXPECT_THAT(fixture.at(30, 45.5), IsRgb(221, 237, 252));
+    EXPECT_THAT(fixture.at(30, 21), IsRgb(238, 246, 253));
+    fixture.movePointerAway();
     EXPECT_FALSE(button.hovering());
-    EXPECT_THAT(bench.at(20, 30), IsRgb(53, 152, 252));
+    EXPECT_THAT(fixture.at(20, 30), IsRgb(53, 152, 252));
 }
 
 TEST(ButtonSettingsSaved, TheTitleIsBlackAndCentred) {
-    ControlFixture bench;
-    bench.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry).setTitle(QStringLiteral("IHI"));
-    const QImage image = bench.picture(buttonSettingsSavedGeometry.adjusted(2, 2, -2, -2));
+    ControlFixture fixture;
+    fixture.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry).setTitle(QStringLiteral("IHI"));
+    const QImage image = fixture.picture(buttonSettingsSavedGeometry.adjusted(2, 2, -2, -2));
     int left = image.width();
     int right = 0;
     for (int x = 0; x < image.width(); ++x) {
@@ -53,41 +53,41 @@ TEST(ButtonSettingsSaved, TheTitleIsBlackAndCentred) {
 }
 
 TEST(ButtonSettingsSaved, IsHoveredOnlyInTheActiveProgram) {
-    ControlFixture bench;
-    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
+    ControlFixture fixture;
+    auto& button = fixture.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
     // Another window of the same program is active.
-    bench.deactivate();
-    bench.movePointerTo(button);
+    fixture.deactivate();
+    fixture.movePointerTo(button);
     EXPECT_TRUE(button.hovering());
 }
 
 TEST(ButtonSettingsSaved, WithoutAnOverlayTheCursorStays) {
-    ControlFixture bench;
-    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
-    bench.movePointerTo(button);
-    EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
+    ControlFixture fixture;
+    auto& button = fixture.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
+    fixture.movePointerTo(button);
+    EXPECT_EQ(fixture.cursor(), Qt::ArrowCursor);
 }
 
 TEST(ButtonSettingsSaved, TheHandIsShownWhileNothingCoversTheOverlay) {
-    ControlFixture bench;
+    ControlFixture fixture;
     ViewTransparent overlay;
-    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
+    auto& button = fixture.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
     button.setViewTransparent(&overlay);
     EXPECT_EQ(button.viewTransparent(), &overlay);
-    bench.movePointerTo(button);
-    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
+    fixture.movePointerTo(button);
+    EXPECT_EQ(fixture.cursor(), Qt::PointingHandCursor);
     overlay.setviewsOverlaidCount(1);
-    EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
+    EXPECT_EQ(fixture.cursor(), Qt::ArrowCursor);
     overlay.setviewsOverlaidCount(0);
-    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
+    EXPECT_EQ(fixture.cursor(), Qt::PointingHandCursor);
     button.setViewTransparent(nullptr);
-    EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
+    EXPECT_EQ(fixture.cursor(), Qt::ArrowCursor);
 }
 
 TEST(ButtonSettingsSaved, TheOverlayMayBeDestroyedFirst) {
-    ControlFixture bench;
+    ControlFixture fixture;
     auto overlay = std::make_unique<ViewTransparent>();
-    auto& button = bench.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
+    auto& button = fixture.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry);
     button.setViewTransparent(overlay.get());
     overlay.reset();
     EXPECT_EQ(button.viewTransparent(), nullptr);

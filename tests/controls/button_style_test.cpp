@@ -24,11 +24,11 @@ TEST(ButtonStyle, AStyledButtonHasItsColourCornersAndTitle) {
 }
 
 TEST(ButtonStyle, PaintsTheAnswerOfTheInformationWindow) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(buttonStyleGeometry);
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(buttonStyleGeometry);
     setButtonAtrribute(button, 0, QColor(21, 138, 162), {QStringLiteral("Review"), Qt::white, 14});
-    EXPECT_THAT(bench.at(20, 20), IsRgb(21, 138, 162));
-    EXPECT_TRUE(bench.holds(buttonStyleGeometry, Qt::white));
+    EXPECT_THAT(fixture.at(20, 20), IsRgb(21, 138, 162));
+    EXPECT_TRUE(fixture.holds(buttonStyleGeometry, Qt::white));
 }
 
 TEST(ButtonStyle, TheLongFormSetsAlignmentAndUnderline) {
@@ -40,27 +40,27 @@ TEST(ButtonStyle, TheLongFormSetsAlignmentAndUnderline) {
 }
 
 TEST(ButtonStyle, AnUnderlineIsPaintedUnderTheWholeTitle) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(buttonStyleGeometry);
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(buttonStyleGeometry);
     button.setFill(Qt::black);
     const QString text = QStringLiteral("aaaa");
     button.setAttributedTitle(setCenterAttributes(Qt::white, text, 14));
-    const QRect plain = inkBounds(bench.picture(buttonStyleGeometry), Qt::black);
+    const QRect plain = inkBounds(fixture.picture(buttonStyleGeometry), Qt::black);
     button.setAttributedTitle(setCenterAttributes(Qt::white, text, true, Qt::AlignHCenter, 14));
-    const QRect underlined = inkBounds(bench.picture(buttonStyleGeometry), Qt::black);
+    const QRect underlined = inkBounds(fixture.picture(buttonStyleGeometry), Qt::black);
     EXPECT_GT(underlined.bottom(), plain.bottom());
 }
 
 TEST(ButtonStyle, AlignmentMovesTheTitle) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(buttonStyleGeometry);
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(buttonStyleGeometry);
     button.setFill(Qt::black);
     const QString text = QStringLiteral("HH");
     button.setAttributedTitle(setCenterAttributes(Qt::white, text, false, Qt::AlignLeft, 14));
-    const QImage left = bench.picture(buttonStyleGeometry);
+    const QImage left = fixture.picture(buttonStyleGeometry);
     EXPECT_LT(inkBounds(left, Qt::black).left() / left.devicePixelRatio(), 8);
     button.setAttributedTitle(setCenterAttributes(Qt::white, text, false, Qt::AlignRight, 14));
-    const QImage right = bench.picture(buttonStyleGeometry);
+    const QImage right = fixture.picture(buttonStyleGeometry);
     EXPECT_GT(inkBounds(right, Qt::black).right() / right.devicePixelRatio(), 112);
 }
 

@@ -17,16 +17,16 @@ const QString longPath =
     QStringLiteral("/Users/me/Pictures/2023 Summer/holidays/at the sea/IMG_2041.jpg");
 
 TEST(ElidedLabel, AShortTextIsShownWhole) {
-    ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("short"));
+    ControlFixture fixture;
+    auto& label = fixture.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("short"));
     EXPECT_FALSE(label.isElided());
     EXPECT_EQ(label.shownText(), QStringLiteral("short"));
-    EXPECT_TRUE(bench.holds(elidedLabelGeometry, QColor(20, 36, 46)));
+    EXPECT_TRUE(fixture.holds(elidedLabelGeometry, QColor(20, 36, 46)));
 }
 
 TEST(ElidedLabel, ALongTextIsElidedInTheMiddle) {
-    ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, longPath);
+    ControlFixture fixture;
+    auto& label = fixture.add<ElidedLabel>(elidedLabelGeometry, longPath);
     EXPECT_TRUE(label.isElided());
     EXPECT_EQ(label.text(), longPath);
     EXPECT_TRUE(label.shownText().startsWith(QStringLiteral("/Users/")));
@@ -36,16 +36,16 @@ TEST(ElidedLabel, ALongTextIsElidedInTheMiddle) {
 }
 
 TEST(ElidedLabel, OrItsEndIsElided) {
-    ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, longPath);
+    ControlFixture fixture;
+    auto& label = fixture.add<ElidedLabel>(elidedLabelGeometry, longPath);
     label.setElideMode(Qt::ElideRight);
     EXPECT_TRUE(label.shownText().startsWith(QStringLiteral("/Users/me/Pic")));
     EXPECT_TRUE(label.shownText().endsWith(QChar(0x2026)));
 }
 
 TEST(ElidedLabel, GrowsBackWithTheWindow) {
-    ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, longPath);
+    ControlFixture fixture;
+    auto& label = fixture.add<ElidedLabel>(elidedLabelGeometry, longPath);
     label.resize(2000, 20);
     EXPECT_EQ(label.shownText(), longPath);
 }
@@ -56,8 +56,8 @@ TEST(ElidedLabel, TheToolTipIsTheFullText) {
 }
 
 TEST(ElidedLabel, TheToolTipIsShownOnlyForAnElidedText) {
-    ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("short"));
+    ControlFixture fixture;
+    auto& label = fixture.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("short"));
     QHelpEvent ask(QEvent::ToolTip, QPoint(5, 5), label.mapToGlobal(QPoint(5, 5)));
     QCoreApplication::sendEvent(&label, &ask);
     EXPECT_EQ(QToolTip::text(), QString());
@@ -68,8 +68,8 @@ TEST(ElidedLabel, TheToolTipIsShownOnlyForAnElidedText) {
 }
 
 TEST(ElidedLabel, MarkupIsShownUnchanged) {
-    ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(QRect(0, 20, 300, 20));
+    ControlFixture fixture;
+    auto& label = fixture.add<ElidedLabel>(QRect(0, 20, 300, 20));
     label.setText(QStringLiteral("<b>a</b>&amp;<img src=x>"));
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
     EXPECT_EQ(label.shownText(), QStringLiteral("<b>a</b>&amp;<img src=x>"));
@@ -79,23 +79,23 @@ TEST(ElidedLabel, MarkupIsShownUnchanged) {
 }
 
 TEST(ElidedLabel, LineBreaksStayOnOneLine) {
-    ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("a\nb"));
+    ControlFixture fixture;
+    auto& label = fixture.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("a\nb"));
     EXPECT_EQ(label.shownText(), QStringLiteral("a b"));
     EXPECT_EQ(label.sizeHint().height(), label.fontMetrics().height());
 }
 
 TEST(ElidedLabel, IsPaintedInItsColourAndAlignment) {
-    ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("HHH"));
+    ControlFixture fixture;
+    auto& label = fixture.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("HHH"));
     label.setTextColor(look::muted);
     EXPECT_EQ(label.textColor(), QColor(74, 91, 102));
-    EXPECT_TRUE(bench.holds(elidedLabelGeometry, QColor(74, 91, 102)));
-    EXPECT_FALSE(bench.holds(elidedLabelGeometry, QColor(20, 36, 46)));
-    const QImage left = bench.picture(elidedLabelGeometry);
+    EXPECT_TRUE(fixture.holds(elidedLabelGeometry, QColor(74, 91, 102)));
+    EXPECT_FALSE(fixture.holds(elidedLabelGeometry, QColor(20, 36, 46)));
+    const QImage left = fixture.picture(elidedLabelGeometry);
     EXPECT_LT(inkBounds(left, QColor(243, 246, 248)).left() / left.devicePixelRatio(), 4);
     label.setAlignment(Qt::AlignRight);
-    const QImage right = bench.picture(elidedLabelGeometry);
+    const QImage right = fixture.picture(elidedLabelGeometry);
     EXPECT_GT(inkBounds(right, QColor(243, 246, 248)).right() / right.devicePixelRatio(), 195);
 }
 
@@ -108,22 +108,22 @@ TEST(ElidedLabel, AssistiveTechnologyReadsTheFullText) {
 }
 
 TEST(ElidedLabel, AFramedOneIsInAWhiteField) {
-    ControlFixture bench;
-    auto& label = bench.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("HHH"));
+    ControlFixture fixture;
+    auto& label = fixture.add<ElidedLabel>(elidedLabelGeometry, QStringLiteral("HHH"));
     label.setFramed(true);
     const QPoint corner = elidedLabelGeometry.topLeft();
-    EXPECT_THAT(bench.at(corner.x(), corner.y() + 5), IsRgb(197, 207, 213));
-    EXPECT_THAT(bench.at(corner.x() + 3, corner.y() + 3), IsRgb(255, 255, 255));
-    const QImage image = bench.picture(elidedLabelGeometry.adjusted(1, 1, -1, -1));
+    EXPECT_THAT(fixture.at(corner.x(), corner.y() + 5), IsRgb(197, 207, 213));
+    EXPECT_THAT(fixture.at(corner.x() + 3, corner.y() + 3), IsRgb(255, 255, 255));
+    const QImage image = fixture.picture(elidedLabelGeometry.adjusted(1, 1, -1, -1));
     EXPECT_NEAR(inkBounds(image, Qt::white).left() / image.devicePixelRatio(), 12, 3);
 
     label.setText(longPath);
-    const QImage full = bench.picture(elidedLabelGeometry.adjusted(1, 1, -1, -1));
+    const QImage full = fixture.picture(elidedLabelGeometry.adjusted(1, 1, -1, -1));
     EXPECT_LE((inkBounds(full, Qt::white).right() + 1) / full.devicePixelRatio(),
               elidedLabelGeometry.width() - 2 - 11);
 
     label.setFramed(false);
-    EXPECT_THAT(bench.at(corner.x(), corner.y() + 5), IsRgb(243, 246, 248));
+    EXPECT_THAT(fixture.at(corner.x(), corner.y() + 5), IsRgb(243, 246, 248));
 }
 
 TEST(ElidedLabel, MayBecomeNarrow) {

@@ -15,8 +15,8 @@ namespace {
 constexpr QRect focusRingGeometry(20, 20, 100, 36);
 
 TEST(FocusRing, TheKeyboardShowsIt) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(focusRingGeometry);
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(focusRingGeometry);
     EXPECT_FALSE(button.showsFocusRing());
     button.setFocus(Qt::TabFocusReason);
     EXPECT_TRUE(button.showsFocusRing());
@@ -25,21 +25,21 @@ TEST(FocusRing, TheKeyboardShowsIt) {
 }
 
 TEST(FocusRing, TheMouseDoesNotShowIt) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(focusRingGeometry);
-    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {},
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(focusRingGeometry);
+    QTest::mouseClick(fixture.window().windowHandle(), Qt::LeftButton, {},
                       focusRingGeometry.center());
     ASSERT_TRUE(button.hasFocus());
     EXPECT_FALSE(button.showsFocusRing());
 }
 
 TEST(FocusRing, AFocusMovedByTheProgramIsShownIfTheKeyboardWasUsedLast) {
-    ControlFixture bench;
-    auto& first = bench.add<HoverButton>(focusRingGeometry);
-    auto& second = bench.add<HoverButton>(QRect(20, 80, 100, 36));
+    ControlFixture fixture;
+    auto& first = fixture.add<HoverButton>(focusRingGeometry);
+    auto& second = fixture.add<HoverButton>(QRect(20, 80, 100, 36));
     second.setFocus(Qt::OtherFocusReason);
     EXPECT_FALSE(second.showsFocusRing());
-    QTest::keyClick(bench.window().windowHandle(), Qt::Key_Tab);
+    QTest::keyClick(fixture.window().windowHandle(), Qt::Key_Tab);
     EXPECT_TRUE(first.showsFocusRing());
     second.setFocus(Qt::OtherFocusReason);
     EXPECT_TRUE(second.showsFocusRing());
@@ -47,40 +47,41 @@ TEST(FocusRing, AFocusMovedByTheProgramIsShownIfTheKeyboardWasUsedLast) {
 }
 
 TEST(FocusRing, IsTwoWideWithAGapOfTwo) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(focusRingGeometry);
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(focusRingGeometry);
     button.setFocus(Qt::TabFocusReason);
-    EXPECT_THAT(bench.at(15.5, 30), IsRgb(243, 246, 248));
-    EXPECT_THAT(bench.at(16, 30), IsRgb(10, 58, 82));
-    EXPECT_THAT(bench.at(17.5, 30), IsRgb(10, 58, 82));
-    EXPECT_THAT(bench.at(18, 30), IsRgb(243, 246, 248));
-    EXPECT_THAT(bench.at(19.5, 30), IsRgb(243, 246, 248));
-    EXPECT_THAT(bench.at(123.5, 59.5), IsRgb(10, 58, 82));
-    EXPECT_THAT(bench.at(124, 59.5), IsRgb(243, 246, 248));
+    EXPECT_THAT(fixture.at(15.5, 30), IsRgb(243, 246, 248));
+    EXPECT_THAT(fixture.at(16, 30), IsRgb(10, 58, 82));
+    EXPECT_THAT(fixture.at(17.5, 30), IsRgb(10, 58, 82));
+    EXPECT_THAT(fixture.at(18, 30), IsRgb(243, 246, 248));
+    EXPECT_THAT(fixture.at(19.5, 30), IsRgb(243, 246, 248));
+    EXPECT_THAT(fixture.at(123.5, 59.5), IsRgb(10, 58, 82));
+    EXPECT_THAT(fixture.at(124, 59.5), IsRgb(243, 246, 248));
 }
 
 TEST(FocusRing, IsWhiteOnTheBlueBars) {
-    ControlFixture bench(look::topBar);
-    auto& button = bench.add<HoverButton>(focusRingGeometry, HoverButton::Kind::outline, QString());
+    ControlFixture fixture(look::topBar);
+    auto& button =
+        fixture.add<HoverButton>(focusRingGeometry, HoverButton::Kind::outline, QString());
     button.setFocus(Qt::TabFocusReason);
-    EXPECT_THAT(bench.at(16, 30), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture.at(16, 30), IsRgb(255, 255, 255));
 }
 
 TEST(FocusRing, InACornerIsInsideTheControl) {
-    ControlFixture bench(look::topBar);
-    auto& button = bench.add<ButtonHoverSimple>(QRect(0, 0, 45, 45));
+    ControlFixture fixture(look::topBar);
+    auto& button = fixture.add<ButtonHoverSimple>(QRect(0, 0, 45, 45));
     button.setFocus(Qt::TabFocusReason);
-    EXPECT_THAT(bench.at(1.5, 20), IsRgb(31, 100, 134));
-    EXPECT_THAT(bench.at(2, 20), IsRgb(255, 255, 255));
-    EXPECT_THAT(bench.at(3.5, 20), IsRgb(255, 255, 255));
-    EXPECT_THAT(bench.at(4, 20), IsRgb(31, 100, 134));
+    EXPECT_THAT(fixture.at(1.5, 20), IsRgb(31, 100, 134));
+    EXPECT_THAT(fixture.at(2, 20), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture.at(3.5, 20), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture.at(4, 20), IsRgb(31, 100, 134));
 }
 
 TEST(FocusRing, MovesWithItsControl) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(focusRingGeometry);
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(focusRingGeometry);
     button.setFocus(Qt::TabFocusReason);
-    auto* ring = bench.window().findChild<FocusRing*>();
+    auto* ring = fixture.window().findChild<FocusRing*>();
     ASSERT_NE(ring, nullptr);
     button.setGeometry(50, 60, 80, 20);
     EXPECT_EQ(ring->geometry(), QRect(46, 56, 88, 28));
@@ -89,30 +90,30 @@ TEST(FocusRing, MovesWithItsControl) {
 }
 
 TEST(FocusRing, TakesNeitherMouseNorFocus) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(focusRingGeometry);
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(focusRingGeometry);
     button.setFocus(Qt::TabFocusReason);
-    auto* ring = bench.window().findChild<FocusRing*>();
+    auto* ring = fixture.window().findChild<FocusRing*>();
     ASSERT_NE(ring, nullptr);
     EXPECT_EQ(ring->focusPolicy(), Qt::NoFocus);
-    EXPECT_EQ(bench.window().childAt(focusRingGeometry.center()), &button);
+    EXPECT_EQ(fixture.window().childAt(focusRingGeometry.center()), &button);
 }
 
 TEST(FocusRing, IsHiddenWithItsControl) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(focusRingGeometry);
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(focusRingGeometry);
     button.setFocus(Qt::TabFocusReason);
     delete &button;
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(bench.window().findChild<FocusRing*>(), nullptr);
+    EXPECT_EQ(fixture.window().findChild<FocusRing*>(), nullptr);
 }
 
 TEST(FocusRing, MovesToANewParentWithItsControl) {
-    ControlFixture bench;
-    auto& panel = bench.add<QWidget>(QRect(100, 100, 150, 100));
-    auto& button = bench.add<HoverButton>(focusRingGeometry);
+    ControlFixture fixture;
+    auto& panel = fixture.add<QWidget>(QRect(100, 100, 150, 100));
+    auto& button = fixture.add<HoverButton>(focusRingGeometry);
     button.setFocus(Qt::TabFocusReason);
-    auto* ring = bench.window().findChild<FocusRing*>();
+    auto* ring = fixture.window().findChild<FocusRing*>();
     ASSERT_NE(ring, nullptr);
     button.setParent(&panel);
     EXPECT_EQ(ring->parentWidget(), &panel);

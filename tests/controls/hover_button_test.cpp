@@ -17,135 +17,135 @@ using Kind = HoverButton::Kind;
 
 constexpr QRect hoverButtonGeometry(20, 20, 120, 36);
 
-HoverButton& addFilled(ControlFixture& bench, const QColor& fill) {
-    auto& button = bench.add<HoverButton>(hoverButtonGeometry);
+HoverButton& addFilled(ControlFixture& fixture, const QColor& fill) {
+    auto& button = fixture.add<HoverButton>(hoverButtonGeometry);
     button.setFill(fill);
     return button;
 }
 
 TEST(HoverButton, AFilledOneIsOneColourFromEdgeToEdge) {
-    ControlFixture bench;
-    addFilled(bench, look::deepTeal);
-    EXPECT_THAT(bench.at(20, 20), IsRgb(14, 116, 138));
-    EXPECT_THAT(bench.at(139.5, 55.5), IsRgb(14, 116, 138));
-    EXPECT_THAT(bench.at(19.5, 30), IsRgb(243, 246, 248));
-    EXPECT_THAT(bench.at(140, 30), IsRgb(243, 246, 248));
+    ControlFixture fixture;
+    addFilled(fixture, look::deepTeal);
+    EXPECT_THAT(fixture.at(20, 20), IsRgb(14, 116, 138));
+    EXPECT_THAT(fixture.at(139.5, 55.5), IsRgb(14, 116, 138));
+    EXPECT_THAT(fixture.at(19.5, 30), IsRgb(243, 246, 248));
+    EXPECT_THAT(fixture.at(140, 30), IsRgb(243, 246, 248));
 }
 
 TEST(HoverButton, AFilledTitleIsWhiteAndCentred) {
-    ControlFixture bench;
-    addFilled(bench, look::deepTeal).setTitle(QStringLiteral("OOO"));
-    const QImage image = bench.picture(hoverButtonGeometry);
+    ControlFixture fixture;
+    addFilled(fixture, look::deepTeal).setTitle(QStringLiteral("OOO"));
+    const QImage image = fixture.picture(hoverButtonGeometry);
     const QRect ink = inkBounds(image, look::deepTeal);
-    EXPECT_TRUE(bench.holds(hoverButtonGeometry, Qt::white));
+    EXPECT_TRUE(fixture.holds(hoverButtonGeometry, Qt::white));
     EXPECT_NEAR(ink.left() + ink.right(), image.width(), 2 * image.devicePixelRatio() + 1);
     EXPECT_NEAR(ink.top() + ink.bottom(), image.height(), 4 * image.devicePixelRatio());
 }
 
 TEST(HoverButton, WhenHoveredItsAlphaIsSevenTenths) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deepTeal);
-    bench.movePointerTo(button);
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deepTeal);
+    fixture.movePointerTo(button);
     EXPECT_TRUE(button.hovering());
     EXPECT_DOUBLE_EQ(button.alpha(), 0.7);
-    EXPECT_THAT(bench.at(25, 25), IsRgb(83, 155, 171));
-    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
+    EXPECT_THAT(fixture.at(25, 25), IsRgb(83, 155, 171));
+    EXPECT_EQ(fixture.cursor(), Qt::PointingHandCursor);
 }
 
 TEST(HoverButton, WhenThePointerLeavesItsAlphaIsOne) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deepTeal);
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deepTeal);
     button.setAlpha(0.6);
-    bench.movePointerTo(button);
-    bench.movePointerAway();
+    fixture.movePointerTo(button);
+    fixture.movePointerAway();
     EXPECT_FALSE(button.hovering());
     EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
-    EXPECT_THAT(bench.at(25, 25), IsRgb(14, 116, 138));
+    EXPECT_THAT(fixture.at(25, 25), IsRgb(14, 116, 138));
 }
 
 TEST(HoverButton, ADisabledOneShowsTheNotAllowedCursorAndKeepsItsAlpha) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deepTeal);
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deepTeal);
     button.setEnabled(false);
-    bench.movePointerTo(button);
-    EXPECT_EQ(bench.cursor(), Qt::ForbiddenCursor);
+    fixture.movePointerTo(button);
+    EXPECT_EQ(fixture.cursor(), Qt::ForbiddenCursor);
     EXPECT_EQ(button.cursor().shape(), Qt::ForbiddenCursor);
     EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
-    bench.movePointer(QPoint(200, 200));
-    EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
+    fixture.movePointer(QPoint(200, 200));
+    EXPECT_EQ(fixture.cursor(), Qt::ArrowCursor);
     EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
 }
 
 TEST(HoverButton, TheCursorIsRightBetweenTwoDisabledOnes) {
-    ControlFixture bench;
-    auto& first = bench.add<HoverButton>(QRect(20, 20, 50, 36));
-    auto& second = bench.add<HoverButton>(QRect(70, 20, 50, 36));
+    ControlFixture fixture;
+    auto& first = fixture.add<HoverButton>(QRect(20, 20, 50, 36));
+    auto& second = fixture.add<HoverButton>(QRect(70, 20, 50, 36));
     first.setEnabled(false);
     second.setEnabled(false);
-    bench.movePointerTo(first);
-    bench.movePointerTo(second);
-    EXPECT_EQ(bench.cursor(), Qt::ForbiddenCursor);
-    bench.movePointer(QPoint(200, 200));
-    EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
+    fixture.movePointerTo(first);
+    fixture.movePointerTo(second);
+    EXPECT_EQ(fixture.cursor(), Qt::ForbiddenCursor);
+    fixture.movePointer(QPoint(200, 200));
+    EXPECT_EQ(fixture.cursor(), Qt::ArrowCursor);
 }
 
 TEST(HoverButton, TheCursorFollowsChangesBelowThePointer) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deepTeal);
-    bench.movePointerTo(button);
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deepTeal);
+    fixture.movePointerTo(button);
     button.setEnabled(false);
-    EXPECT_EQ(bench.cursor(), Qt::ForbiddenCursor);
+    EXPECT_EQ(fixture.cursor(), Qt::ForbiddenCursor);
     button.setEnabled(true);
-    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
-    bench.movePointer(QPoint(200, 200));
-    EXPECT_EQ(bench.cursor(), Qt::ArrowCursor);
+    EXPECT_EQ(fixture.cursor(), Qt::PointingHandCursor);
+    fixture.movePointer(QPoint(200, 200));
+    EXPECT_EQ(fixture.cursor(), Qt::ArrowCursor);
 }
 
 TEST(HoverButton, OneEnteredWhileDisabledGetsTheHandWhenItIsEnabled) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deepTeal);
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deepTeal);
     button.setEnabled(false);
-    bench.movePointerTo(button);
+    fixture.movePointerTo(button);
     button.setEnabled(true);
-    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
+    EXPECT_EQ(fixture.cursor(), Qt::PointingHandCursor);
 }
 
 TEST(HoverButton, TheParentsOwnCursorIsRestored) {
-    ControlFixture bench;
-    bench.window().setCursor(Qt::CrossCursor);
-    auto& button = addFilled(bench, look::deepTeal);
+    ControlFixture fixture;
+    fixture.window().setCursor(Qt::CrossCursor);
+    auto& button = addFilled(fixture, look::deepTeal);
     button.setEnabled(false);
-    bench.movePointerTo(button);
-    EXPECT_EQ(bench.cursor(), Qt::ForbiddenCursor);
-    bench.movePointer(QPoint(200, 200));
-    EXPECT_EQ(bench.cursor(), Qt::CrossCursor);
+    fixture.movePointerTo(button);
+    EXPECT_EQ(fixture.cursor(), Qt::ForbiddenCursor);
+    fixture.movePointer(QPoint(200, 200));
+    EXPECT_EQ(fixture.cursor(), Qt::CrossCursor);
 }
 
 TEST(HoverButton, ADestroyedOneLeavesNoCursorBehind) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deepTeal);
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deepTeal);
     button.setEnabled(false);
-    bench.movePointerTo(button);
-    ASSERT_EQ(bench.window().cursor().shape(), Qt::ForbiddenCursor);
+    fixture.movePointerTo(button);
+    ASSERT_EQ(fixture.window().cursor().shape(), Qt::ForbiddenCursor);
     delete &button;
-    EXPECT_EQ(bench.window().cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(fixture.window().cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST(HoverButton, ADisabledOneIsShownAtLessThanHalf) {
-    ControlFixture bench;
-    addFilled(bench, look::panelBlue).setEnabled(false);
-    EXPECT_THAT(bench.at(25, 25), IsRgb(147, 187, 211));
+    ControlFixture fixture;
+    addFilled(fixture, look::panelBlue).setEnabled(false);
+    EXPECT_THAT(fixture.at(25, 25), IsRgb(147, 187, 211));
 }
 
 TEST(HoverButton, ScanAndDeleteAreShownAtSixTenthsWhenDisabled) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deepTeal);
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deepTeal);
     button.setDisabledOpacity(0.6);
     button.setEnabled(false);
-    EXPECT_THAT(bench.at(25, 25), IsRgb(106, 168, 182));
+    EXPECT_THAT(fixture.at(25, 25), IsRgb(106, 168, 182));
     // The controller's alpha for a disabled Scan has the same value and is not multiplied.
     button.setAlpha(0.6);
-    EXPECT_THAT(bench.at(25, 25), IsRgb(106, 168, 182));
+    EXPECT_THAT(fixture.at(25, 25), IsRgb(106, 168, 182));
 }
 
 TEST(HoverButton, TheAlphaIsClamped) {
@@ -157,167 +157,167 @@ TEST(HoverButton, TheAlphaIsClamped) {
 }
 
 TEST(HoverButton, OneLeftWhileDisabledIsOpaqueWhenEnabledAgain) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deepTeal);
-    bench.movePointerTo(button);
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deepTeal);
+    fixture.movePointerTo(button);
     button.setEnabled(false);
-    bench.movePointerAway();
+    fixture.movePointerAway();
     EXPECT_DOUBLE_EQ(button.alpha(), 0.7);
     button.setEnabled(true);
     EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
 }
 
 TEST(HoverButton, OneDisabledUnderThePointerIsNotWashedOut) {
-    ControlFixture bench(Qt::black);
+    ControlFixture fixture(Qt::black);
     auto& button =
-        bench.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QStringLiteral("Mark All"));
-    bench.movePointerTo(button);
+        fixture.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QStringLiteral("Mark All"));
+    fixture.movePointerTo(button);
     button.setEnabled(false);
-    EXPECT_THAT(bench.at(25, 25), IsRgb(243, 246, 248));
-    EXPECT_THAT(bench.at(20, 30), IsRgb(197, 207, 213));
-    bench.movePointerAway();
-    EXPECT_THAT(bench.at(25, 25), IsRgb(243, 246, 248));
+    EXPECT_THAT(fixture.at(25, 25), IsRgb(243, 246, 248));
+    EXPECT_THAT(fixture.at(20, 30), IsRgb(197, 207, 213));
+    fixture.movePointerAway();
+    EXPECT_THAT(fixture.at(25, 25), IsRgb(243, 246, 248));
     button.setEnabled(true);
-    EXPECT_THAT(bench.at(25, 25), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture.at(25, 25), IsRgb(255, 255, 255));
 }
 
 TEST(HoverButton, OneDisabledByItsOwnerKeepsTheAlphaThatTheOwnerGave) {
-    ControlFixture bench(Qt::black);
-    auto& button = bench.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QString());
+    ControlFixture fixture(Qt::black);
+    auto& button = fixture.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QString());
     button.setAlpha(0.6);
     button.setEnabled(false);
-    EXPECT_THAT(bench.at(25, 25), IsRgb(146, 148, 149));
+    EXPECT_THAT(fixture.at(25, 25), IsRgb(146, 148, 149));
 }
 
 TEST(HoverButton, EnabledWhenHoveredItIsHovered) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deepTeal);
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deepTeal);
     button.setEnabled(false);
-    bench.movePointerTo(button);
+    fixture.movePointerTo(button);
     button.setEnabled(true);
     EXPECT_DOUBLE_EQ(button.alpha(), 0.7);
     EXPECT_TRUE(button.hovering());
 }
 
 TEST(HoverButton, EnablingOrDisablingUpdatesItsHoverState) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deepTeal);
-    bench.movePointerTo(button);
-    bench.loseThePointer();
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deepTeal);
+    fixture.movePointerTo(button);
+    fixture.loseThePointer();
     ASSERT_TRUE(button.hovering());
     button.setEnabled(false);
     EXPECT_FALSE(button.hovering());
     button.setEnabled(true);
     EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
-    EXPECT_THAT(bench.at(25, 25), IsRgb(14, 116, 138));
+    EXPECT_THAT(fixture.at(25, 25), IsRgb(14, 116, 138));
 }
 
 TEST(HoverButton, AClickUpdatesItsHoverState) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deepTeal);
-    bench.movePointerTo(button);
-    bench.loseThePointer();
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deepTeal);
+    fixture.movePointerTo(button);
+    fixture.loseThePointer();
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_FALSE(button.hovering());
     EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
 }
 
 TEST(HoverButton, AClosedMenuUpdatesItsHoverState) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deepTeal);
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deepTeal);
     QMenu menu;
     menu.addAction(QStringLiteral("Ascending"));
-    bench.movePointerTo(button);
+    fixture.movePointerTo(button);
     const UntoldPointer untold;
-    menu.popup(bench.window().mapToGlobal(QPoint(150, 100)));
+    menu.popup(fixture.window().mapToGlobal(QPoint(150, 100)));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu));
-    bench.loseThePointer();
+    fixture.loseThePointer();
     ASSERT_TRUE(button.hovering());
     menu.close();
     QCoreApplication::processEvents();
     EXPECT_FALSE(button.hovering());
-    EXPECT_THAT(bench.at(25, 25), IsRgb(14, 116, 138));
+    EXPECT_THAT(fixture.at(25, 25), IsRgb(14, 116, 138));
 }
 
 TEST(HoverButton, WhenAMenuHasClosedOverItItIsHovered) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deepTeal);
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deepTeal);
     QMenu menu;
     menu.addAction(QStringLiteral("Ascending"));
     const UntoldPointer untold;
-    menu.popup(bench.window().mapToGlobal(hoverButtonGeometry.topLeft()));
+    menu.popup(fixture.window().mapToGlobal(hoverButtonGeometry.topLeft()));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu));
-    QCursor::setPos(bench.window().mapToGlobal(hoverButtonGeometry.topLeft() + QPoint(6, 6)));
+    QCursor::setPos(fixture.window().mapToGlobal(hoverButtonGeometry.topLeft() + QPoint(6, 6)));
     menu.close();
     QCoreApplication::processEvents();
     EXPECT_TRUE(button.hovering());
 }
 
 TEST(HoverButton, HeldDownItIsDarker) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deleteRed);
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deleteRed);
     button.setDown(true);
-    EXPECT_THAT(bench.at(25, 25), IsRgb(155, 51, 48));
+    EXPECT_THAT(fixture.at(25, 25), IsRgb(155, 51, 48));
 }
 
 TEST(HoverButton, AQuietOneIsWhiteWithAThinLineAndInkTitle) {
-    ControlFixture bench;
-    bench.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QStringLiteral("Mark All"));
-    EXPECT_THAT(bench.at(20, 20), IsRgb(107, 124, 135));
-    EXPECT_THAT(bench.at(139.5, 40), IsRgb(107, 124, 135));
-    EXPECT_THAT(bench.at(60, 55.5), IsRgb(107, 124, 135));
-    EXPECT_THAT(bench.at(21, 21), IsRgb(255, 255, 255));
-    EXPECT_TRUE(bench.holds(hoverButtonGeometry, QColor(20, 36, 46)));
+    ControlFixture fixture;
+    fixture.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QStringLiteral("Mark All"));
+    EXPECT_THAT(fixture.at(20, 20), IsRgb(107, 124, 135));
+    EXPECT_THAT(fixture.at(139.5, 40), IsRgb(107, 124, 135));
+    EXPECT_THAT(fixture.at(60, 55.5), IsRgb(107, 124, 135));
+    EXPECT_THAT(fixture.at(21, 21), IsRgb(255, 255, 255));
+    EXPECT_TRUE(fixture.holds(hoverButtonGeometry, QColor(20, 36, 46)));
 }
 
 TEST(HoverButton, AQuietOneChangesItsColoursWhenDisabled) {
-    ControlFixture bench;
+    ControlFixture fixture;
     auto& button =
-        bench.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QStringLiteral("Mark All"));
+        fixture.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QStringLiteral("Mark All"));
     button.setEnabled(false);
-    EXPECT_THAT(bench.at(20, 20), IsRgb(197, 207, 213));
-    EXPECT_TRUE(bench.holds(hoverButtonGeometry, QColor(138, 151, 159)));
-    EXPECT_FALSE(bench.holds(hoverButtonGeometry, QColor(20, 36, 46)));
+    EXPECT_THAT(fixture.at(20, 20), IsRgb(197, 207, 213));
+    EXPECT_TRUE(fixture.holds(hoverButtonGeometry, QColor(138, 151, 159)));
+    EXPECT_FALSE(fixture.holds(hoverButtonGeometry, QColor(20, 36, 46)));
 }
 
 TEST(HoverButton, OnTheGrayBarADisabledQuietOneIsDarker) {
-    ControlFixture bench(look::barGray);
+    ControlFixture fixture(look::barGray);
     auto& button =
-        bench.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QStringLiteral("Mark All"));
+        fixture.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QStringLiteral("Mark All"));
     button.setOnGrayBar(true);
     button.setEnabled(false);
-    EXPECT_THAT(bench.at(20, 20), IsRgb(169, 178, 183));
-    EXPECT_THAT(bench.at(21, 21), IsRgb(205, 207, 208));
-    EXPECT_TRUE(bench.holds(hoverButtonGeometry, QColor(115, 126, 133)));
+    EXPECT_THAT(fixture.at(20, 20), IsRgb(169, 178, 183));
+    EXPECT_THAT(fixture.at(21, 21), IsRgb(205, 207, 208));
+    EXPECT_TRUE(fixture.holds(hoverButtonGeometry, QColor(115, 126, 133)));
     button.setEnabled(true);
-    EXPECT_THAT(bench.at(21, 21), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture.at(21, 21), IsRgb(255, 255, 255));
 }
 
 TEST(HoverButton, AQuietOneFadesUnderThePointerToo) {
-    ControlFixture bench(Qt::black);
-    auto& button = bench.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QString());
-    bench.movePointerTo(button);
-    EXPECT_THAT(bench.at(30, 30), IsRgb(179, 179, 179));
+    ControlFixture fixture(Qt::black);
+    auto& button = fixture.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QString());
+    fixture.movePointerTo(button);
+    EXPECT_THAT(fixture.at(30, 30), IsRgb(179, 179, 179));
 }
 
 TEST(HoverButton, AnOutlinedOneHasNoBackground) {
-    ControlFixture bench(look::topBar);
+    ControlFixture fixture(look::topBar);
     auto& button =
-        bench.add<HoverButton>(hoverButtonGeometry, Kind::outline, QStringLiteral("Help"));
-    EXPECT_THAT(bench.at(20, 30), IsRgb(154, 185, 200));
-    EXPECT_THAT(bench.at(22, 22), IsRgb(31, 100, 134));
-    EXPECT_TRUE(bench.holds(hoverButtonGeometry, Qt::white));
+        fixture.add<HoverButton>(hoverButtonGeometry, Kind::outline, QStringLiteral("Help"));
+    EXPECT_THAT(fixture.at(20, 30), IsRgb(154, 185, 200));
+    EXPECT_THAT(fixture.at(22, 22), IsRgb(31, 100, 134));
+    EXPECT_TRUE(fixture.holds(hoverButtonGeometry, Qt::white));
     button.setEnabled(false);
-    EXPECT_THAT(bench.at(20, 30), IsRgb(86, 138, 164));
-    EXPECT_FALSE(bench.holds(hoverButtonGeometry, Qt::white));
+    EXPECT_THAT(fixture.at(20, 30), IsRgb(86, 138, 164));
+    EXPECT_FALSE(fixture.holds(hoverButtonGeometry, Qt::white));
 }
 
 TEST(HoverButton, RoundedCornersShowTheBackground) {
-    ControlFixture bench;
-    addFilled(bench, look::deepTeal).setCornerRadius(10);
-    EXPECT_THAT(bench.at(20, 20), IsRgb(243, 246, 248));
-    EXPECT_THAT(bench.at(20.5, 38), IsRgb(14, 116, 138));
-    EXPECT_THAT(bench.at(80, 20.5), IsRgb(14, 116, 138));
+    ControlFixture fixture;
+    addFilled(fixture, look::deepTeal).setCornerRadius(10);
+    EXPECT_THAT(fixture.at(20, 20), IsRgb(243, 246, 248));
+    EXPECT_THAT(fixture.at(20.5, 38), IsRgb(14, 116, 138));
+    EXPECT_THAT(fixture.at(80, 20.5), IsRgb(14, 116, 138));
 }
 
 TEST(HoverButton, ItsSizeFollowsItsKind) {
@@ -328,10 +328,10 @@ TEST(HoverButton, ItsSizeFollowsItsKind) {
 }
 
 TEST(HoverButton, ATitleThatIsTooLongEndsInsideTheButton) {
-    ControlFixture bench;
-    bench.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QString(80, QLatin1Char('W')));
-    EXPECT_THAT(bench.at(22, 38), IsRgb(255, 255, 255));
-    EXPECT_THAT(bench.at(137, 38), IsRgb(255, 255, 255));
+    ControlFixture fixture;
+    fixture.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QString(80, QLatin1Char('W')));
+    EXPECT_THAT(fixture.at(22, 38), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture.at(137, 38), IsRgb(255, 255, 255));
 }
 
 struct Titled {

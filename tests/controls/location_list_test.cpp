@@ -18,7 +18,7 @@ namespace {
 /// A list of three rows of 56 at (0, 0) of the window; the wide column has 216, the other 84.
 class LocationListTest : public testing::Test {
  protected:
-    LocationListTest() : model_(3, 2), table_(bench_.add<QTableView>(QRect(0, 0, 300, 200))) {
+    LocationListTest() : model_(3, 2), table_(fixture_.add<QTableView>(QRect(0, 0, 300, 200))) {
         for (int row = 0; row < 3; ++row) {
             auto* item = new QStandardItem(QStringLiteral("/media/me/Archive"));
             item->setData(QStringLiteral("Archive"), CustomTableCellView::additionalTextCountRole);
@@ -46,21 +46,21 @@ class LocationListTest : public testing::Test {
     void paintOnce() { table_.grab(); }
 
     void click(const QPoint& position) {
-        QTest::mouseClick(bench_.window().windowHandle(), Qt::LeftButton, {}, position);
+        QTest::mouseClick(fixture_.window().windowHandle(), Qt::LeftButton, {}, position);
     }
 
     LocationCellDelegate delegate_{1};
     QStandardItemModel model_;
-    ControlFixture bench_;
+    ControlFixture fixture_;
     QTableView& table_;
 };
 
 TEST_F(LocationListTest, ARowIsWhiteWithALineBelow) {
-    EXPECT_THAT(bench_.at(1, 1), IsRgb(255, 255, 255));
-    EXPECT_THAT(bench_.at(299, 54), IsRgb(255, 255, 255));
-    EXPECT_THAT(bench_.at(1, 55), IsRgb(230, 235, 238));
-    EXPECT_THAT(bench_.at(299.5, 55.5), IsRgb(230, 235, 238));
-    EXPECT_THAT(bench_.at(1, 56), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture_.at(1, 1), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture_.at(299, 54), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture_.at(1, 55), IsRgb(230, 235, 238));
+    EXPECT_THAT(fixture_.at(299.5, 55.5), IsRgb(230, 235, 238));
+    EXPECT_THAT(fixture_.at(1, 56), IsRgb(255, 255, 255));
 }
 
 TEST(RowPainterTest, ARowMayHaveOtherColoursAndNoLine) {
@@ -85,75 +85,75 @@ TEST_F(LocationListTest, ARowIs56High) {
 
 TEST_F(LocationListTest, ASelectedRowHasItsColour) {
     table_.selectRow(1);
-    EXPECT_THAT(bench_.at(1, 60), IsRgb(217, 239, 243));
-    EXPECT_THAT(bench_.at(299, 60), IsRgb(217, 239, 243));
-    EXPECT_THAT(bench_.at(1, 1), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture_.at(1, 60), IsRgb(217, 239, 243));
+    EXPECT_THAT(fixture_.at(299, 60), IsRgb(217, 239, 243));
+    EXPECT_THAT(fixture_.at(1, 1), IsRgb(255, 255, 255));
 }
 
 TEST_F(LocationListTest, HoveringColoursTheWholeRow) {
     paintOnce();
-    bench_.movePointer(QPoint(100, 80));
-    EXPECT_THAT(bench_.at(1, 60), IsRgb(238, 246, 248));
-    EXPECT_THAT(bench_.at(299, 60), IsRgb(238, 246, 248));
-    bench_.movePointer(QPoint(280, 20));
-    EXPECT_THAT(bench_.at(1, 60), IsRgb(255, 255, 255));
-    EXPECT_THAT(bench_.at(1, 1), IsRgb(238, 246, 248));
-    bench_.movePointerAway();
-    EXPECT_THAT(bench_.at(1, 1), IsRgb(255, 255, 255));
+    fixture_.movePointer(QPoint(100, 80));
+    EXPECT_THAT(fixture_.at(1, 60), IsRgb(238, 246, 248));
+    EXPECT_THAT(fixture_.at(299, 60), IsRgb(238, 246, 248));
+    fixture_.movePointer(QPoint(280, 20));
+    EXPECT_THAT(fixture_.at(1, 60), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture_.at(1, 1), IsRgb(238, 246, 248));
+    fixture_.movePointerAway();
+    EXPECT_THAT(fixture_.at(1, 1), IsRgb(255, 255, 255));
 }
 
 TEST_F(LocationListTest, TheSelectionOverridesHovering) {
     table_.selectRow(0);
     paintOnce();
-    bench_.movePointer(QPoint(100, 20));
-    EXPECT_THAT(bench_.at(1, 1), IsRgb(217, 239, 243));
+    fixture_.movePointer(QPoint(100, 20));
+    EXPECT_THAT(fixture_.at(1, 1), IsRgb(217, 239, 243));
 }
 
 TEST_F(LocationListTest, ARemovedHoveredRowIsForgotten) {
     paintOnce();
-    bench_.movePointer(QPoint(100, 20));
+    fixture_.movePointer(QPoint(100, 20));
     model_.removeRow(0);
-    EXPECT_THAT(bench_.at(1, 1), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture_.at(1, 1), IsRgb(255, 255, 255));
 }
 
 TEST_F(LocationListTest, TheImageHasItsGeometry) {
     QPixmap pixmap(74, 74);
     pixmap.fill(Qt::red);
     model_.item(0, 0)->setData(pixmap, Qt::DecorationRole);
-    EXPECT_THAT(bench_.at(16, 8), IsRgb(255, 0, 0));
-    EXPECT_THAT(bench_.at(55.5, 47.5), IsRgb(255, 0, 0));
-    EXPECT_THAT(bench_.at(15.5, 20), IsRgb(255, 255, 255));
-    EXPECT_THAT(bench_.at(56, 20), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture_.at(16, 8), IsRgb(255, 0, 0));
+    EXPECT_THAT(fixture_.at(55.5, 47.5), IsRgb(255, 0, 0));
+    EXPECT_THAT(fixture_.at(15.5, 20), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture_.at(56, 20), IsRgb(255, 255, 255));
 }
 
 TEST_F(LocationListTest, AFlatThumbnailKeepsItsProportions) {
     QPixmap pixmap(74, 37);
     pixmap.fill(Qt::red);
     model_.item(0, 0)->setData(pixmap, Qt::DecorationRole);
-    EXPECT_THAT(bench_.at(20, 10), IsRgb(255, 255, 255));
-    EXPECT_THAT(bench_.at(20, 28), IsRgb(255, 0, 0));
+    EXPECT_THAT(fixture_.at(20, 10), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture_.at(20, 28), IsRgb(255, 0, 0));
 }
 
 TEST_F(LocationListTest, ARowWithoutAnImageShowsAFolder) {
     const QRect area(16, 8, 40, 40);
-    const QImage without = bench_.picture(area);
+    const QImage without = fixture_.picture(area);
     EXPECT_FALSE(inkBounds(without, Qt::white).isEmpty());
     model_.item(0, 0)->setData(pictureIcon(QStringLiteral("folder")), Qt::DecorationRole);
-    EXPECT_EQ(bench_.picture(area), without);
+    EXPECT_EQ(fixture_.picture(area), without);
 }
 
 TEST_F(LocationListTest, NameAboveAndPathBelow) {
     const QRect name(72, 9, 120, 19);
     const QRect path(72, 29, 120, 17);
-    EXPECT_TRUE(bench_.holds(name, QColor(20, 36, 46)));
-    EXPECT_FALSE(bench_.holds(path, QColor(20, 36, 46)));
-    EXPECT_TRUE(bench_.holds(path, QColor(74, 91, 102)));
+    EXPECT_TRUE(fixture_.holds(name, QColor(20, 36, 46)));
+    EXPECT_FALSE(fixture_.holds(path, QColor(20, 36, 46)));
+    EXPECT_TRUE(fixture_.holds(path, QColor(74, 91, 102)));
 }
 
 TEST_F(LocationListTest, ALongPathEndsBeforeTheColumnDoes) {
     model_.item(0, 0)->setText(QString(100, QLatin1Char('m')));
-    EXPECT_FALSE(inkBounds(bench_.picture(QRect(170, 29, 22, 17)), Qt::white).isEmpty());
-    EXPECT_TRUE(inkBounds(bench_.picture(QRect(193, 1, 22, 50)), Qt::white).isEmpty());
+    EXPECT_FALSE(inkBounds(fixture_.picture(QRect(170, 29, 22, 17)), Qt::white).isEmpty());
+    EXPECT_TRUE(inkBounds(fixture_.picture(QRect(193, 1, 22, 50)), Qt::white).isEmpty());
 }
 
 TEST_F(LocationListTest, TheSizeOfAFileIsOnTheRight) {
@@ -170,16 +170,16 @@ TEST_F(LocationListTest, TheSizeOfAFileIsOnTheRight) {
 }
 
 TEST_F(LocationListTest, PaintsTheBoxInItsColumn) {
-    EXPECT_THAT(bench_.at(252.5, 22), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture_.at(252.5, 22), IsRgb(255, 255, 255));
     model_.item(0, 1)->setCheckState(Qt::Checked);
-    EXPECT_THAT(bench_.at(252.5, 22), IsRgb(14, 116, 138));
+    EXPECT_THAT(fixture_.at(252.5, 22), IsRgb(14, 116, 138));
 }
 
 TEST_F(LocationListTest, TheDelegateLeavesClicksAndKeysToTheList) {
     click(QPoint(258, 28));
     table_.setFocus();
     table_.setCurrentIndex(model_.index(0, 1));
-    QTest::keyClick(bench_.window().windowHandle(), Qt::Key_Space);
+    QTest::keyClick(fixture_.window().windowHandle(), Qt::Key_Space);
     EXPECT_EQ(model_.item(0, 1)->checkState(), Qt::Unchecked);
 }
 
@@ -199,15 +199,15 @@ TEST_F(LocationListTest, APartiallyCheckedBoxBecomesChecked) {
 TEST_F(LocationListTest, TheFocusRingSurroundsTheWholeRow) {
     table_.setFocus();
     table_.setCurrentIndex(model_.index(1, 0));
-    EXPECT_THAT(bench_.at(0, 70), IsRgb(217, 239, 243));
-    bench_.window().setAttribute(Qt::WA_KeyboardFocusChange);
-    EXPECT_THAT(bench_.at(0, 70), IsRgb(10, 58, 82));
-    EXPECT_THAT(bench_.at(1.5, 70), IsRgb(10, 58, 82));
-    EXPECT_THAT(bench_.at(2, 70), IsRgb(217, 239, 243));
-    EXPECT_THAT(bench_.at(299.5, 70), IsRgb(10, 58, 82));
-    EXPECT_THAT(bench_.at(216, 70), IsRgb(217, 239, 243));
+    EXPECT_THAT(fixture_.at(0, 70), IsRgb(217, 239, 243));
+    fixture_.window().setAttribute(Qt::WA_KeyboardFocusChange);
+    EXPECT_THAT(fixture_.at(0, 70), IsRgb(10, 58, 82));
+    EXPECT_THAT(fixture_.at(1.5, 70), IsRgb(10, 58, 82));
+    EXPECT_THAT(fixture_.at(2, 70), IsRgb(217, 239, 243));
+    EXPECT_THAT(fixture_.at(299.5, 70), IsRgb(10, 58, 82));
+    EXPECT_THAT(fixture_.at(216, 70), IsRgb(217, 239, 243));
     table_.clearFocus();
-    EXPECT_THAT(bench_.at(0, 70), IsRgb(217, 239, 243));
+    EXPECT_THAT(fixture_.at(0, 70), IsRgb(217, 239, 243));
 }
 
 TEST(CustomTableCellViewTest, KeepsItsTexts) {

@@ -19,49 +19,49 @@ constexpr QRect paintedButtonGeometry(20, 20, 100, 36);
 
 TEST(PaintedButton, SpaceReturnAndEnterPressIt) {
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
-        ControlFixture bench;
-        auto& button = bench.add<HoverButton>(paintedButtonGeometry);
+        ControlFixture fixture;
+        auto& button = fixture.add<HoverButton>(paintedButtonGeometry);
         const QSignalSpy clicks(&button, &QPushButton::clicked);
         button.setFocus();
-        QTest::keyClick(bench.window().windowHandle(), key);
+        QTest::keyClick(fixture.window().windowHandle(), key);
         EXPECT_EQ(clicks.count(), 1) << key;
     }
 }
 
 TEST(PaintedButton, ADisabledOneTakesNoKeysAndNoClicks) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonGeometry);
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(paintedButtonGeometry);
     button.setEnabled(false);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
     QTest::keyClick(&button, Qt::Key_Return);
-    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {},
+    QTest::mouseClick(fixture.window().windowHandle(), Qt::LeftButton, {},
                       paintedButtonGeometry.center());
     EXPECT_EQ(clicks.count(), 0);
 }
 
 TEST(PaintedButton, AClickPressesIt) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonGeometry);
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(paintedButtonGeometry);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
-    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {},
+    QTest::mouseClick(fixture.window().windowHandle(), Qt::LeftButton, {},
                       paintedButtonGeometry.center());
     EXPECT_EQ(clicks.count(), 1);
 }
 
 TEST(PaintedButton, AClickThatEndsOutsideDoesNot) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonGeometry);
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(paintedButtonGeometry);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
-    QTest::mousePress(bench.window().windowHandle(), Qt::LeftButton, {},
+    QTest::mousePress(fixture.window().windowHandle(), Qt::LeftButton, {},
                       paintedButtonGeometry.center());
-    QTest::mouseRelease(bench.window().windowHandle(), Qt::LeftButton, {}, QPoint(200, 200));
+    QTest::mouseRelease(fixture.window().windowHandle(), Qt::LeftButton, {}, QPoint(200, 200));
     EXPECT_EQ(clicks.count(), 0);
 }
 
 TEST(PaintedButton, AHeldKeyPressesItOnce) {
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
-        ControlFixture bench;
-        auto& button = bench.add<HoverButton>(paintedButtonGeometry);
+        ControlFixture fixture;
+        auto& button = fixture.add<HoverButton>(paintedButtonGeometry);
         const QSignalSpy clicks(&button, &QPushButton::clicked);
         button.setFocus();
         const auto send = [&](QEvent::Type type, bool repeated) {
@@ -80,17 +80,17 @@ TEST(PaintedButton, AHeldKeyPressesItOnce) {
 }
 
 TEST(PaintedButton, DisablingItMovesTheFocusToTheGivenControl) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(QRect(20, 20, 60, 36));
-    auto& next = bench.add<HoverButton>(QRect(90, 20, 60, 36));
-    auto& counterpart = bench.add<HoverButton>(QRect(160, 20, 60, 36));
-    auto& list = bench.add<HoverButton>(QRect(20, 80, 60, 36));
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(QRect(20, 20, 60, 36));
+    auto& next = fixture.add<HoverButton>(QRect(90, 20, 60, 36));
+    auto& counterpart = fixture.add<HoverButton>(QRect(160, 20, 60, 36));
+    auto& list = fixture.add<HoverButton>(QRect(20, 80, 60, 36));
     button.setFocusAfterDisabling({&counterpart, &list});
     const auto disabled = [&] {
         button.setEnabled(true);
         button.setFocus();
         button.setEnabled(false);
-        return bench.window().focusWidget();
+        return fixture.window().focusWidget();
     };
     EXPECT_EQ(disabled(), &counterpart);
     counterpart.setEnabled(false);
@@ -103,28 +103,28 @@ TEST(PaintedButton, DisablingItMovesTheFocusToTheGivenControl) {
 }
 
 TEST(PaintedButton, TabMovesToTheNextControlNotToTheOneAfterDisabling) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(QRect(20, 20, 60, 36));
-    auto& next = bench.add<HoverButton>(QRect(90, 20, 60, 36));
-    auto& counterpart = bench.add<HoverButton>(QRect(160, 20, 60, 36));
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(QRect(20, 20, 60, 36));
+    auto& next = fixture.add<HoverButton>(QRect(90, 20, 60, 36));
+    auto& counterpart = fixture.add<HoverButton>(QRect(160, 20, 60, 36));
     button.setFocusAfterDisabling({&counterpart});
     button.setFocus();
-    QTest::keyClick(bench.window().windowHandle(), Qt::Key_Tab);
-    EXPECT_EQ(bench.window().focusWidget(), &next);
+    QTest::keyClick(fixture.window().windowHandle(), Qt::Key_Tab);
+    EXPECT_EQ(fixture.window().focusWidget(), &next);
 }
 
 TEST(PaintedButton, TheFocusedOneTakesReturnBeforeTheScreen) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonGeometry);
-    const QShortcut shortcut(QKeySequence(Qt::Key_Return), &bench.window());
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(paintedButtonGeometry);
+    const QShortcut shortcut(QKeySequence(Qt::Key_Return), &fixture.window());
     const QSignalSpy screens(&shortcut, &QShortcut::activated);
     const QSignalSpy clicks(&button, &QPushButton::clicked);
     button.setFocus();
-    QTest::keyClick(bench.window().windowHandle(), Qt::Key_Return);
+    QTest::keyClick(fixture.window().windowHandle(), Qt::Key_Return);
     EXPECT_EQ(clicks.count(), 1);
     EXPECT_EQ(screens.count(), 0);
     button.clearFocus();
-    QTest::keyClick(bench.window().windowHandle(), Qt::Key_Return);
+    QTest::keyClick(fixture.window().windowHandle(), Qt::Key_Return);
     EXPECT_EQ(clicks.count(), 1);
     EXPECT_EQ(screens.count(), 1);
 }
@@ -153,10 +153,10 @@ TEST(PaintedButton, AnAmpersandIsALetter) {
 }
 
 TEST(PaintedButton, OneShownUnderThePointerIsHoveredImmediately) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonGeometry);
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(paintedButtonGeometry);
     button.hide();
-    bench.movePointer(paintedButtonGeometry.center());
+    fixture.movePointer(paintedButtonGeometry.center());
     EXPECT_FALSE(button.hovering());
     button.show();
     EXPECT_TRUE(button.hovering());
@@ -166,9 +166,9 @@ TEST(PaintedButton, OneShownUnderThePointerIsHoveredImmediately) {
 }
 
 TEST(PaintedButton, OneMovedOrResizedFromUnderThePointerIsNotHoveredAnyMore) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonGeometry);
-    bench.movePointer(paintedButtonGeometry.center());
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(paintedButtonGeometry);
+    fixture.movePointer(paintedButtonGeometry.center());
     button.move(150, 20);
     EXPECT_FALSE(button.hovering());
     button.move(paintedButtonGeometry.topLeft());
@@ -178,36 +178,36 @@ TEST(PaintedButton, OneMovedOrResizedFromUnderThePointerIsNotHoveredAnyMore) {
 }
 
 TEST(PaintedButton, ACoveredOneIsNotHovered) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonGeometry);
-    bench.add<QWidget>(QRect(0, 0, 300, 250));
-    bench.movePointer(paintedButtonGeometry.center());
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(paintedButtonGeometry);
+    fixture.add<QWidget>(QRect(0, 0, 300, 250));
+    fixture.movePointer(paintedButtonGeometry.center());
     button.resize(90, 30);
     EXPECT_FALSE(button.hovering());
 }
 
 TEST(PaintedButton, NoStyleChangesIt) {
     for (const QString& name : QStyleFactory::keys()) {
-        ControlFixture bench;
+        ControlFixture fixture;
         const std::unique_ptr<QStyle> style(QStyleFactory::create(name));
-        auto& button = bench.add<HoverButton>(paintedButtonGeometry);
+        auto& button = fixture.add<HoverButton>(paintedButtonGeometry);
         button.setStyle(style.get());
         button.setFill(QColor(14, 116, 138));
-        EXPECT_THAT(bench.at(20, 20), IsRgb(14, 116, 138)) << name.toStdString();
-        EXPECT_THAT(bench.at(119.5, 55.5), IsRgb(14, 116, 138)) << name.toStdString();
+        EXPECT_THAT(fixture.at(20, 20), IsRgb(14, 116, 138)) << name.toStdString();
+        EXPECT_THAT(fixture.at(119.5, 55.5), IsRgb(14, 116, 138)) << name.toStdString();
         delete &button;
     }
 }
 
 TEST(PaintedButton, ADarkPaletteDoesNotChangeIt) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(paintedButtonGeometry, HoverButton::Kind::quiet,
-                                          QStringLiteral("OOO"));
-    const QImage light = bench.picture(paintedButtonGeometry);
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(paintedButtonGeometry, HoverButton::Kind::quiet,
+                                            QStringLiteral("OOO"));
+    const QImage light = fixture.picture(paintedButtonGeometry);
     QPalette dark(Qt::black);
     dark.setColor(QPalette::ButtonText, Qt::white);
     button.setPalette(dark);
-    EXPECT_EQ(bench.picture(paintedButtonGeometry), light);
+    EXPECT_EQ(fixture.picture(paintedButtonGeometry), light);
 }
 
 /// Green, with a white square in its middle.
@@ -223,13 +223,13 @@ class TwoLayers final : public PaintedButton {
 };
 
 TEST(PaintedButton, IsFadedAsAWholeAtEveryPixelRatio) {
-    ControlFixture bench(QColor(200, 200, 200));
-    auto& button = bench.add<TwoLayers>(paintedButtonGeometry);
+    ControlFixture fixture(QColor(200, 200, 200));
+    auto& button = fixture.add<TwoLayers>(paintedButtonGeometry);
     button.setAlpha(0.6);
     for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
-        QImage image((QSizeF(bench.window().size()) * ratio).toSize(), QImage::Format_RGB32);
+        QImage image((QSizeF(fixture.window().size()) * ratio).toSize(), QImage::Format_RGB32);
         image.setDevicePixelRatio(ratio);
-        bench.window().render(&image);
+        fixture.window().render(&image);
         const auto at = [&](QPoint point) {
             return image.pixelColor((QPointF(point) * ratio).toPoint());
         };

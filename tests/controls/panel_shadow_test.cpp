@@ -13,19 +13,19 @@ constexpr QRect panelShadowGeometry(80, 60, 140, 100);
 class PanelShadowTest : public testing::Test {
  protected:
     PanelShadowTest()
-        : bench_(Qt::white), panel_(bench_.add<ViewSettingsSaved>(panelShadowGeometry)) {
+        : fixture_(Qt::white), panel_(fixture_.add<ViewSettingsSaved>(panelShadowGeometry)) {
         shadow_ = new PanelShadow(panel_);
     }
 
-    ControlFixture bench_;
+    ControlFixture fixture_;
     ViewSettingsSaved& panel_;
     PanelShadow* shadow_;
 };
 
 TEST_F(PanelShadowTest, IsDarkestBelowThePanelAndFadesOutward) {
-    const int near = bench_.at(150, 162).lightness();
-    const int far = bench_.at(150, 185).lightness();
-    const int beyond = bench_.at(150, 215).lightness();
+    const int near = fixture_.at(150, 162).lightness();
+    const int far = fixture_.at(150, 185).lightness();
+    const int beyond = fixture_.at(150, 215).lightness();
     EXPECT_LT(near, 235);
     EXPECT_LT(near, far);
     EXPECT_LT(far, beyond);
@@ -33,16 +33,16 @@ TEST_F(PanelShadowTest, IsDarkestBelowThePanelAndFadesOutward) {
 }
 
 TEST_F(PanelShadowTest, ThereIsMoreOfItBelowThanAbove) {
-    EXPECT_LT(bench_.at(150, 165).lightness(), bench_.at(150, 54).lightness());
+    EXPECT_LT(fixture_.at(150, 165).lightness(), fixture_.at(150, 54).lightness());
 }
 
 TEST_F(PanelShadowTest, BothSidesAreAlike) {
-    EXPECT_NEAR(bench_.at(75, 110).lightness(), bench_.at(224.5, 110).lightness(), 2);
+    EXPECT_NEAR(fixture_.at(75, 110).lightness(), fixture_.at(224.5, 110).lightness(), 2);
 }
 
 TEST_F(PanelShadowTest, LiesBelowThePanel) {
-    EXPECT_THAT(bench_.at(150, 100), IsRgb(255, 255, 255));
-    EXPECT_THAT(bench_.at(80, 100), IsRgb(80, 148, 184));
+    EXPECT_THAT(fixture_.at(150, 100), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture_.at(80, 100), IsRgb(80, 148, 184));
 }
 
 TEST_F(PanelShadowTest, IsShownAndHiddenWithThePanel) {
@@ -59,13 +59,13 @@ TEST_F(PanelShadowTest, FollowsThePanel) {
 }
 
 TEST_F(PanelShadowTest, MouseEventsPassThrough) {
-    EXPECT_EQ(bench_.window().childAt(QPoint(60, 110)), nullptr);
+    EXPECT_EQ(fixture_.window().childAt(QPoint(60, 110)), nullptr);
 }
 
 TEST_F(PanelShadowTest, StaysBelowAPanelThatIsRaised) {
     panel_.lower();
     panel_.raise();
-    EXPECT_THAT(bench_.at(150, 100), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture_.at(150, 100), IsRgb(255, 255, 255));
 }
 
 }  // namespace

@@ -17,13 +17,13 @@ constexpr QRect popUpButtonGeometry(20, 20, 132, 32);
 
 class PopUpButtonTest : public testing::Test {
  protected:
-    PopUpButtonTest() : button(bench.add<PopUpButton>(popUpButtonGeometry)) {
+    PopUpButtonTest() : button(fixture.add<PopUpButton>(popUpButtonGeometry)) {
         button.addTagged(QStringLiteral("Size"), 1);
         button.addTagged(QStringLiteral("Name"), 2);
         button.addTagged(QStringLiteral("Dimension"), 5);
     }
 
-    ControlFixture bench;
+    ControlFixture fixture;
     PopUpButton& button;
 };
 
@@ -77,54 +77,54 @@ TEST_F(PopUpButtonTest, TheWheelChoosesNothing) {
 }
 
 TEST_F(PopUpButtonTest, LooksLikeAQuietButton) {
-    EXPECT_THAT(bench.at(20, 36), IsRgb(107, 124, 135));
-    EXPECT_THAT(bench.at(22, 22), IsRgb(255, 255, 255));
-    EXPECT_TRUE(bench.holds(popUpButtonGeometry, QColor(20, 36, 46)));
+    EXPECT_THAT(fixture.at(20, 36), IsRgb(107, 124, 135));
+    EXPECT_THAT(fixture.at(22, 22), IsRgb(255, 255, 255));
+    EXPECT_TRUE(fixture.holds(popUpButtonGeometry, QColor(20, 36, 46)));
 
     button.setEnabled(false);
-    EXPECT_THAT(bench.at(20, 36), IsRgb(197, 207, 213));
-    EXPECT_THAT(bench.at(22, 22), IsRgb(243, 246, 248));
-    EXPECT_FALSE(bench.holds(popUpButtonGeometry, QColor(20, 36, 46)));
+    EXPECT_THAT(fixture.at(20, 36), IsRgb(197, 207, 213));
+    EXPECT_THAT(fixture.at(22, 22), IsRgb(243, 246, 248));
+    EXPECT_FALSE(fixture.holds(popUpButtonGeometry, QColor(20, 36, 46)));
 }
 
 TEST_F(PopUpButtonTest, HoveringMakesItFainter) {
-    bench.movePointerTo(button);
+    fixture.movePointerTo(button);
     // 0.7 of the outline over the page: the white background does not show through.
-    EXPECT_THAT(bench.at(20, 36), IsRgb(148, 161, 169));
-    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
-    bench.movePointerAway();
-    EXPECT_THAT(bench.at(20, 36), IsRgb(107, 124, 135));
+    EXPECT_THAT(fixture.at(20, 36), IsRgb(148, 161, 169));
+    EXPECT_EQ(fixture.cursor(), Qt::PointingHandCursor);
+    fixture.movePointerAway();
+    EXPECT_THAT(fixture.at(20, 36), IsRgb(107, 124, 135));
 }
 
 TEST_F(PopUpButtonTest, ItsClosedListUpdatesItsHoverState) {
-    bench.movePointerTo(button);
+    fixture.movePointerTo(button);
     const UntoldPointer untold;
     button.showPopup();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(button.view()->window(), 20000));
-    bench.loseThePointer();
+    fixture.loseThePointer();
     button.view()->setCurrentIndex(button.model()->index(1, 0));
     QTest::keyClick(button.view(), Qt::Key_Return);
     ASSERT_TRUE(QTest::qWaitFor([this] { return !button.view()->isVisible(); }, 20000));
     QCoreApplication::processEvents();
-    EXPECT_THAT(bench.at(20, 36), IsRgb(107, 124, 135));
-    EXPECT_TRUE(bench.holds(popUpButtonGeometry, QColor(20, 36, 46)));
+    EXPECT_THAT(fixture.at(20, 36), IsRgb(107, 124, 135));
+    EXPECT_TRUE(fixture.holds(popUpButtonGeometry, QColor(20, 36, 46)));
 }
 
 TEST_F(PopUpButtonTest, EnablingUpdatesItsHoverState) {
-    bench.movePointerTo(button);
-    bench.loseThePointer();
+    fixture.movePointerTo(button);
+    fixture.loseThePointer();
     button.setEnabled(false);
     button.setEnabled(true);
-    EXPECT_THAT(bench.at(20, 36), IsRgb(107, 124, 135));
-    bench.movePointerTo(button);
-    EXPECT_THAT(bench.at(20, 36), IsRgb(148, 161, 169));
+    EXPECT_THAT(fixture.at(20, 36), IsRgb(107, 124, 135));
+    fixture.movePointerTo(button);
+    EXPECT_THAT(fixture.at(20, 36), IsRgb(148, 161, 169));
 }
 
 TEST_F(PopUpButtonTest, TheFocusRingSurroundsIt) {
     EXPECT_FALSE(button.showsFocusRing());
     button.setFocus(Qt::TabFocusReason);
     EXPECT_TRUE(button.showsFocusRing());
-    EXPECT_THAT(bench.at(16, 36), IsRgb(10, 58, 82));
+    EXPECT_THAT(fixture.at(16, 36), IsRgb(10, 58, 82));
     button.clearFocus();
     EXPECT_FALSE(button.showsFocusRing());
     button.setFocus(Qt::MouseFocusReason);

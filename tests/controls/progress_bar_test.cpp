@@ -15,33 +15,33 @@ constexpr QRect progressBarGeometry(20, 20, 200, 10);
 constexpr quint64 maxCount = std::numeric_limits<quint64>::max();
 
 TEST(ProgressBar, IsTealOnALightLine) {
-    ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
+    ControlFixture fixture;
+    auto& bar = fixture.add<ProgressBar>(progressBarGeometry);
     bar.setTotal(100);
     bar.setDone(62);
-    EXPECT_THAT(bench.at(20, 20), IsRgb(0, 155, 178));
-    EXPECT_THAT(bench.at(143.5, 29.5), IsRgb(0, 155, 178));
-    EXPECT_THAT(bench.at(144, 25), IsRgb(213, 221, 226));
-    EXPECT_THAT(bench.at(219.5, 25), IsRgb(213, 221, 226));
+    EXPECT_THAT(fixture.at(20, 20), IsRgb(0, 155, 178));
+    EXPECT_THAT(fixture.at(143.5, 29.5), IsRgb(0, 155, 178));
+    EXPECT_THAT(fixture.at(144, 25), IsRgb(213, 221, 226));
+    EXPECT_THAT(fixture.at(219.5, 25), IsRgb(213, 221, 226));
 }
 
 TEST(ProgressBar, AtFirstItIsEmpty) {
-    ControlFixture bench;
-    const auto& bar = bench.add<ProgressBar>(progressBarGeometry);
+    ControlFixture fixture;
+    const auto& bar = fixture.add<ProgressBar>(progressBarGeometry);
     EXPECT_FALSE(bar.isIndeterminate());
     EXPECT_DOUBLE_EQ(bar.fraction(), 0);
-    EXPECT_THAT(bench.at(20, 20), IsRgb(213, 221, 226));
+    EXPECT_THAT(fixture.at(20, 20), IsRgb(213, 221, 226));
 }
 
 TEST(ProgressBar, IsFullOnlyWhenEverythingIsDone) {
-    ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
+    ControlFixture fixture;
+    auto& bar = fixture.add<ProgressBar>(progressBarGeometry);
     bar.setTotal(1000000);
     bar.setDone(999999);
-    EXPECT_THAT(bench.at(219.5, 25), IsRgb(213, 221, 226));
+    EXPECT_THAT(fixture.at(219.5, 25), IsRgb(213, 221, 226));
     EXPECT_LT(bar.value(), bar.maximum());
     bar.setDone(1000000);
-    EXPECT_THAT(bench.at(219.5, 25), IsRgb(0, 155, 178));
+    EXPECT_THAT(fixture.at(219.5, 25), IsRgb(0, 155, 178));
     EXPECT_EQ(bar.value(), bar.maximum());
 }
 
@@ -73,33 +73,33 @@ TEST(ProgressBar, ATotalOfZeroShowsNothingDone) {
 }
 
 TEST(ProgressBar, WhileTheTotalIsUnknownASegmentMoves) {
-    ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
+    ControlFixture fixture;
+    auto& bar = fixture.add<ProgressBar>(progressBarGeometry);
     bar.setIndeterminate(true);
     EXPECT_TRUE(bar.clock().isRunning());
     EXPECT_EQ(bar.clock().duration(), 1400);
     bar.clock().stop();
     bar.clock().setPhase(0.5);
     // 34 % of the bar, in its middle: from 66 to 134 of 200.
-    EXPECT_THAT(bench.at(84, 25), IsRgb(213, 221, 226));
-    EXPECT_THAT(bench.at(88, 25), IsRgb(0, 155, 178));
-    EXPECT_THAT(bench.at(152, 25), IsRgb(0, 155, 178));
-    EXPECT_THAT(bench.at(156, 25), IsRgb(213, 221, 226));
+    EXPECT_THAT(fixture.at(84, 25), IsRgb(213, 221, 226));
+    EXPECT_THAT(fixture.at(88, 25), IsRgb(0, 155, 178));
+    EXPECT_THAT(fixture.at(152, 25), IsRgb(0, 155, 178));
+    EXPECT_THAT(fixture.at(156, 25), IsRgb(213, 221, 226));
     bar.clock().setPhase(0);
-    EXPECT_FALSE(bench.holds(progressBarGeometry, QColor(0, 155, 178)));
+    EXPECT_FALSE(fixture.holds(progressBarGeometry, QColor(0, 155, 178)));
 }
 
 TEST(ProgressBar, TheSegmentMoves) {
-    ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
+    ControlFixture fixture;
+    auto& bar = fixture.add<ProgressBar>(progressBarGeometry);
     bar.setIndeterminate(true);
     const double before = bar.clock().phase();
     EXPECT_TRUE(QTest::qWaitFor([&] { return bar.clock().phase() != before; }, 5000));
 }
 
 TEST(ProgressBar, ADeterminateOneDoesNotAnimateAndKeepsItsNumbers) {
-    ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
+    ControlFixture fixture;
+    auto& bar = fixture.add<ProgressBar>(progressBarGeometry);
     bar.setTotal(10);
     bar.setDone(5);
     bar.setIndeterminate(true);
@@ -107,13 +107,13 @@ TEST(ProgressBar, ADeterminateOneDoesNotAnimateAndKeepsItsNumbers) {
     bar.setIndeterminate(false);
     EXPECT_FALSE(bar.clock().isRunning());
     EXPECT_DOUBLE_EQ(bar.fraction(), 0.5);
-    EXPECT_THAT(bench.at(119.5, 25), IsRgb(0, 155, 178));
-    EXPECT_THAT(bench.at(120, 25), IsRgb(213, 221, 226));
+    EXPECT_THAT(fixture.at(119.5, 25), IsRgb(0, 155, 178));
+    EXPECT_THAT(fixture.at(120, 25), IsRgb(213, 221, 226));
 }
 
 TEST(ProgressBar, AHiddenOneDoesNotAnimate) {
-    ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
+    ControlFixture fixture;
+    auto& bar = fixture.add<ProgressBar>(progressBarGeometry);
     bar.setIndeterminate(true);
     bar.hide();
     EXPECT_FALSE(bar.clock().isRunning());
@@ -123,8 +123,8 @@ TEST(ProgressBar, AHiddenOneDoesNotAnimate) {
 }
 
 TEST(ProgressBar, ASheenMovesOverTheWholeBar) {
-    ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
+    ControlFixture fixture;
+    auto& bar = fixture.add<ProgressBar>(progressBarGeometry);
     bar.setTotal(100);
     bar.setDone(50);
     bar.setSheen(true);
@@ -132,33 +132,33 @@ TEST(ProgressBar, ASheenMovesOverTheWholeBar) {
     bar.clock().stop();
     // The light is 120 wide and begins left of the bar; its middle is on 70, then on 170.
     bar.clock().setPhase(110.0 / 320);
-    EXPECT_THAT(bench.at(70, 25), IsRgb(90, 190, 205));
-    EXPECT_THAT(bench.at(170, 25), IsRgb(213, 221, 226));
+    EXPECT_THAT(fixture.at(70, 25), IsRgb(90, 190, 205));
+    EXPECT_THAT(fixture.at(170, 25), IsRgb(213, 221, 226));
     bar.clock().setPhase(210.0 / 320);
-    EXPECT_THAT(bench.at(70, 25), IsRgb(0, 155, 178));
-    EXPECT_THAT(bench.at(170, 25), IsRgb(154, 218, 227));
+    EXPECT_THAT(fixture.at(70, 25), IsRgb(0, 155, 178));
+    EXPECT_THAT(fixture.at(170, 25), IsRgb(154, 218, 227));
 }
 
 TEST(ProgressBar, ASheenIsSeenWhileNothingIsDone) {
-    ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
+    ControlFixture fixture;
+    auto& bar = fixture.add<ProgressBar>(progressBarGeometry);
     bar.setTotal(100);
     bar.setSheen(true);
     bar.clock().stop();
     bar.clock().setPhase(0.5);
-    EXPECT_THAT(bench.at(120, 25), IsRgb(154, 218, 227));
+    EXPECT_THAT(fixture.at(120, 25), IsRgb(154, 218, 227));
 }
 
 TEST(ProgressBar, TheSheenIsOffWithReducedMotion) {
     setReducedMotion(true);
-    ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarGeometry);
+    ControlFixture fixture;
+    auto& bar = fixture.add<ProgressBar>(progressBarGeometry);
     bar.setTotal(100);
     bar.setDone(50);
     bar.setSheen(true);
     EXPECT_FALSE(bar.clock().isRunning());
     bar.clock().setPhase(0.5);
-    EXPECT_THAT(bench.at(70, 25), IsRgb(0, 155, 178));
+    EXPECT_THAT(fixture.at(70, 25), IsRgb(0, 155, 178));
     setReducedMotion(std::nullopt);
 }
 

@@ -18,18 +18,18 @@ class ScanAnimationTest : public testing::Test {
  protected:
     ~ScanAnimationTest() override { setReducedMotion(std::nullopt); }
 
-    ControlFixture bench_;
+    ControlFixture fixture_;
 };
 
 TEST_F(ScanAnimationTest, ShowsTheSheetsAndTheLens) {
-    bench_.add<ScanAnimation>(scanAnimationGeometry);
-    EXPECT_THAT(bench_.at(144, 8), IsRgb(230, 244, 247));
-    EXPECT_TRUE(bench_.holds(scanAnimationGeometry, QColor(30, 115, 165)));
-    EXPECT_THAT(bench_.at(40 + 40.9 - 31.8, 70 + 40.9), IsRgb(31, 100, 134));
+    fixture_.add<ScanAnimation>(scanAnimationGeometry);
+    EXPECT_THAT(fixture_.at(144, 8), IsRgb(230, 244, 247));
+    EXPECT_TRUE(fixture_.holds(scanAnimationGeometry, QColor(30, 115, 165)));
+    EXPECT_THAT(fixture_.at(40 + 40.9 - 31.8, 70 + 40.9), IsRgb(31, 100, 134));
 }
 
 TEST_F(ScanAnimationTest, TheLensMovesOverTheSheetsAndBack) {
-    auto& animation = bench_.add<ScanAnimation>(scanAnimationGeometry);
+    auto& animation = fixture_.add<ScanAnimation>(scanAnimationGeometry);
     EXPECT_EQ(animation.clock().duration(), 2400);
     EXPECT_EQ(animation.lensPosition(), QPointF(40, 70));
     animation.clock().setPhase(0.5);
@@ -44,7 +44,7 @@ TEST_F(ScanAnimationTest, TheLensMovesOverTheSheetsAndBack) {
 }
 
 TEST_F(ScanAnimationTest, TheLensNeverLeavesTheImageAndNeverJumps) {
-    auto& animation = bench_.add<ScanAnimation>(scanAnimationGeometry);
+    auto& animation = fixture_.add<ScanAnimation>(scanAnimationGeometry);
     QPointF before = animation.lensPosition();
     for (int step = 1; step <= 200; ++step) {
         animation.clock().setPhase(step / 200.0);
@@ -102,7 +102,7 @@ class CountingDevice final : public QPaintDevice {
 };
 
 TEST_F(ScanAnimationTest, NeitherImageIsSmoothed) {
-    auto& animation = bench_.add<ScanAnimation>(scanAnimationGeometry);
+    auto& animation = fixture_.add<ScanAnimation>(scanAnimationGeometry);
     CountingDevice device;
     animation.render(&device, {}, {}, QWidget::DrawChildren);
     EXPECT_EQ(device.engine.drawn, 2);
@@ -110,7 +110,7 @@ TEST_F(ScanAnimationTest, NeitherImageIsSmoothed) {
 }
 
 TEST_F(ScanAnimationTest, ContinuesFromWhereItWasStopped) {
-    auto& animation = bench_.add<ScanAnimation>(scanAnimationGeometry);
+    auto& animation = fixture_.add<ScanAnimation>(scanAnimationGeometry);
     animation.startAnimation();
     EXPECT_TRUE(animation.isAnimating());
     ASSERT_TRUE(QTest::qWaitFor([&] { return animation.clock().phase() > 0; }, 5000));
@@ -124,7 +124,7 @@ TEST_F(ScanAnimationTest, ContinuesFromWhereItWasStopped) {
 }
 
 TEST_F(ScanAnimationTest, AFirstStartContinuesFromItsPhase) {
-    auto& animation = bench_.add<ScanAnimation>(scanAnimationGeometry);
+    auto& animation = fixture_.add<ScanAnimation>(scanAnimationGeometry);
     animation.clock().setPhase(0.5);
     animation.startAnimation();
     EXPECT_GE(animation.clock().phase(), 0.5);
@@ -132,14 +132,14 @@ TEST_F(ScanAnimationTest, AFirstStartContinuesFromItsPhase) {
 
 TEST_F(ScanAnimationTest, DoesNotMoveWithReducedMotion) {
     setReducedMotion(true);
-    auto& animation = bench_.add<ScanAnimation>(scanAnimationGeometry);
+    auto& animation = fixture_.add<ScanAnimation>(scanAnimationGeometry);
     animation.startAnimation();
     EXPECT_TRUE(animation.isAnimating());
     EXPECT_FALSE(animation.clock().isRunning());
 }
 
 TEST_F(ScanAnimationTest, AHiddenOneDoesNotAnimate) {
-    auto& animation = bench_.add<ScanAnimation>(scanAnimationGeometry);
+    auto& animation = fixture_.add<ScanAnimation>(scanAnimationGeometry);
     animation.startAnimation();
     animation.hide();
     EXPECT_FALSE(animation.clock().isRunning());

@@ -10,50 +10,50 @@ namespace {
 constexpr QRect solidBarsGeometry(10, 10, 100, 45);
 
 TEST(SolidBars, TheTopBarIsDeepBlue) {
-    ControlFixture bench;
-    bench.add<ViewTopBar>(solidBarsGeometry);
-    EXPECT_THAT(bench.at(10, 10), IsRgb(31, 100, 134));
-    EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(31, 100, 134));
-    EXPECT_THAT(bench.at(110, 54.5), IsRgb(243, 246, 248));
+    ControlFixture fixture;
+    fixture.add<ViewTopBar>(solidBarsGeometry);
+    EXPECT_THAT(fixture.at(10, 10), IsRgb(31, 100, 134));
+    EXPECT_THAT(fixture.at(109.5, 54.5), IsRgb(31, 100, 134));
+    EXPECT_THAT(fixture.at(110, 54.5), IsRgb(243, 246, 248));
 }
 
 TEST(SolidBars, TheButtonBarIsWhite) {
-    ControlFixture bench;
-    bench.add<ViewButtonBar>(solidBarsGeometry);
-    EXPECT_THAT(bench.at(10, 10), IsRgb(255, 255, 255));
+    ControlFixture fixture;
+    fixture.add<ViewButtonBar>(solidBarsGeometry);
+    EXPECT_THAT(fixture.at(10, 10), IsRgb(255, 255, 255));
 }
 
 TEST(SolidBars, TheGrayBarIsGray) {
-    ControlFixture bench;
-    bench.add<ViewButtonGrayBar>(solidBarsGeometry);
-    EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(193, 193, 193));
+    ControlFixture fixture;
+    fixture.add<ViewButtonGrayBar>(solidBarsGeometry);
+    EXPECT_THAT(fixture.at(109.5, 54.5), IsRgb(193, 193, 193));
 }
 
 TEST(SolidBars, TheTreesFrameIsTeal) {
-    ControlFixture bench;
-    bench.add<ViewBackgroundTree>(solidBarsGeometry);
-    EXPECT_THAT(bench.at(10, 10), IsRgb(0, 155, 178));
-    EXPECT_THAT(bench.at(109.5, 54.5), IsRgb(0, 155, 178));
+    ControlFixture fixture;
+    fixture.add<ViewBackgroundTree>(solidBarsGeometry);
+    EXPECT_THAT(fixture.at(10, 10), IsRgb(0, 155, 178));
+    EXPECT_THAT(fixture.at(109.5, 54.5), IsRgb(0, 155, 178));
 }
 
 TEST(SolidBars, AColourSetOnTheTopBarIsNeverSeen) {
-    ControlFixture bench;
-    auto& bar = bench.add<ViewTopBar>(solidBarsGeometry);
+    ControlFixture fixture;
+    auto& bar = fixture.add<ViewTopBar>(solidBarsGeometry);
     EXPECT_EQ(bar.fillColor(), QColor(31, 100, 134));
     bar.setFillColor(Qt::red);
     EXPECT_EQ(bar.fillColor(), QColor(Qt::red));
-    EXPECT_THAT(bench.at(50, 30), IsRgb(31, 100, 134));
+    EXPECT_THAT(fixture.at(50, 30), IsRgb(31, 100, 134));
     EXPECT_EQ(bar.fillColor(), QColor(31, 100, 134));
 }
 
 TEST(SolidBars, AColourSetOnTheOtherBarsIsNeverSeen) {
-    ControlFixture bench;
-    auto& white = bench.add<ViewButtonBar>(solidBarsGeometry);
-    auto& gray = bench.add<ViewButtonGrayBar>(QRect(10, 100, 100, 45));
+    ControlFixture fixture;
+    auto& white = fixture.add<ViewButtonBar>(solidBarsGeometry);
+    auto& gray = fixture.add<ViewButtonGrayBar>(QRect(10, 100, 100, 45));
     white.setFillColor(Qt::red);
     gray.setFillColor(Qt::red);
-    EXPECT_THAT(bench.at(50, 30), IsRgb(255, 255, 255));
-    EXPECT_THAT(bench.at(50, 120), IsRgb(193, 193, 193));
+    EXPECT_THAT(fixture.at(50, 30), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture.at(50, 120), IsRgb(193, 193, 193));
     EXPECT_EQ(white.fillColor(), QColor(255, 255, 255));
     EXPECT_EQ(gray.fillColor(), QColor(193, 193, 193));
 }

@@ -14,11 +14,11 @@ constexpr QRect tabButtonGeometry(20, 20, 124, 40);
 
 class TabButtonTest : public testing::Test {
  protected:
-    TabButtonTest() : tab(bench.add<TabButton>(tabButtonGeometry, glyph, title)) {}
+    TabButtonTest() : tab(fixture.add<TabButton>(tabButtonGeometry, glyph, title)) {}
 
     const QString glyph = QStringLiteral("ui/tab_documents");
     const QString title = QStringLiteral("Documents");
-    ControlFixture bench;
+    ControlFixture fixture;
     TabButton& tab;
 };
 
@@ -29,48 +29,48 @@ TEST_F(TabButtonTest, ItsTitleIsItsName) {
 }
 
 TEST_F(TabButtonTest, AnUnselectedOneHasNoBackgroundAndNoLine) {
-    EXPECT_THAT(bench.at(22, 22), IsRgb(243, 246, 248));
-    EXPECT_THAT(bench.at(80, 58), IsRgb(243, 246, 248));
+    EXPECT_THAT(fixture.at(22, 22), IsRgb(243, 246, 248));
+    EXPECT_THAT(fixture.at(80, 58), IsRgb(243, 246, 248));
 }
 
 TEST_F(TabButtonTest, TheDisabledOneLooksSelected) {
     tab.setEnabled(false);
-    EXPECT_THAT(bench.at(22, 22), IsRgb(230, 244, 247));
-    EXPECT_THAT(bench.at(80, 56.5), IsRgb(230, 244, 247));
-    EXPECT_THAT(bench.at(80, 57), IsRgb(14, 116, 138));
-    EXPECT_THAT(bench.at(80, 59.5), IsRgb(14, 116, 138));
-    EXPECT_TRUE(bench.holds(tabButtonGeometry, QColor(11, 97, 115)));
+    EXPECT_THAT(fixture.at(22, 22), IsRgb(230, 244, 247));
+    EXPECT_THAT(fixture.at(80, 56.5), IsRgb(230, 244, 247));
+    EXPECT_THAT(fixture.at(80, 57), IsRgb(14, 116, 138));
+    EXPECT_THAT(fixture.at(80, 59.5), IsRgb(14, 116, 138));
+    EXPECT_TRUE(fixture.holds(tabButtonGeometry, QColor(11, 97, 115)));
 }
 
 TEST_F(TabButtonTest, TheSelectedOneIsOpaqueWhateverItsAlpha) {
     tab.setEnabled(false);
     for (const double alpha : {0.5, 0.7, 0.0}) {
         tab.setAlpha(alpha);
-        EXPECT_THAT(bench.at(80, 58), IsRgb(14, 116, 138)) << alpha;
-        EXPECT_THAT(bench.at(22, 22), IsRgb(230, 244, 247)) << alpha;
-        EXPECT_TRUE(bench.holds(tabButtonGeometry, QColor(11, 97, 115))) << alpha;
+        EXPECT_THAT(fixture.at(80, 58), IsRgb(14, 116, 138)) << alpha;
+        EXPECT_THAT(fixture.at(22, 22), IsRgb(230, 244, 247)) << alpha;
+        EXPECT_TRUE(fixture.holds(tabButtonGeometry, QColor(11, 97, 115))) << alpha;
     }
 }
 
 TEST_F(TabButtonTest, OneSelectedWhileHoveredLooksSelected) {
     QObject::connect(&tab, &QAbstractButton::clicked, [this] { tab.setEnabled(false); });
-    bench.movePointerTo(tab);
-    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {},
+    fixture.movePointerTo(tab);
+    QTest::mouseClick(fixture.window().windowHandle(), Qt::LeftButton, {},
                       tabButtonGeometry.center());
     ASSERT_FALSE(tab.isEnabled());
-    EXPECT_THAT(bench.at(22, 22), IsRgb(230, 244, 247));
-    EXPECT_THAT(bench.at(80, 58), IsRgb(14, 116, 138));
-    EXPECT_TRUE(bench.holds(tabButtonGeometry, QColor(11, 97, 115)));
-    bench.movePointerAway();
-    EXPECT_THAT(bench.at(80, 58), IsRgb(14, 116, 138));
+    EXPECT_THAT(fixture.at(22, 22), IsRgb(230, 244, 247));
+    EXPECT_THAT(fixture.at(80, 58), IsRgb(14, 116, 138));
+    EXPECT_TRUE(fixture.holds(tabButtonGeometry, QColor(11, 97, 115)));
+    fixture.movePointerAway();
+    EXPECT_THAT(fixture.at(80, 58), IsRgb(14, 116, 138));
     // Another tab is selected.
     tab.setEnabled(true);
     EXPECT_DOUBLE_EQ(tab.alpha(), 1.0);
-    EXPECT_TRUE(bench.holds(tabButtonGeometry, QColor(20, 36, 46)));
+    EXPECT_TRUE(fixture.holds(tabButtonGeometry, QColor(20, 36, 46)));
 }
 
 TEST_F(TabButtonTest, GlyphAndTitleAreCentredTogether) {
-    const QRect ink = inkBounds(bench.picture(tabButtonGeometry), QColor(243, 246, 248));
+    const QRect ink = inkBounds(fixture.picture(tabButtonGeometry), QColor(243, 246, 248));
     const double ratio = tab.devicePixelRatioF();
     const double left = ink.left() / ratio;
     const double right = tabButtonGeometry.width() - (ink.right() + 1) / ratio;
@@ -79,10 +79,10 @@ TEST_F(TabButtonTest, GlyphAndTitleAreCentredTogether) {
 }
 
 TEST_F(TabButtonTest, HoveringMakesItFainter) {
-    bench.movePointerTo(tab);
+    fixture.movePointerTo(tab);
     EXPECT_DOUBLE_EQ(tab.alpha(), 0.7);
-    EXPECT_EQ(bench.cursor(), Qt::PointingHandCursor);
-    bench.movePointerAway();
+    EXPECT_EQ(fixture.cursor(), Qt::PointingHandCursor);
+    fixture.movePointerAway();
     EXPECT_DOUBLE_EQ(tab.alpha(), 1.0);
 }
 

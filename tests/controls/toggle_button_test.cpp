@@ -15,28 +15,28 @@ constexpr QRect toggleButtonGeometry(20, 20, 32, 32);
 class ToggleButtonTest : public testing::Test {
  protected:
     ToggleButtonTest()
-        : toggle(bench.add<ToggleButton>(toggleButtonGeometry, QStringLiteral("ui/ascending"),
-                                         QStringLiteral("ui/descending"))) {}
+        : toggle(fixture.add<ToggleButton>(toggleButtonGeometry, QStringLiteral("ui/ascending"),
+                                           QStringLiteral("ui/descending"))) {}
 
-    ControlFixture bench;
+    ControlFixture fixture;
     ToggleButton& toggle;
 };
 
 TEST_F(ToggleButtonTest, OffItIsWhiteWithAThinLine) {
     EXPECT_FALSE(toggle.isChecked());
-    EXPECT_THAT(bench.at(20, 36), IsRgb(107, 124, 135));
-    EXPECT_THAT(bench.at(22, 22), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture.at(20, 36), IsRgb(107, 124, 135));
+    EXPECT_THAT(fixture.at(22, 22), IsRgb(255, 255, 255));
 }
 
 TEST_F(ToggleButtonTest, OnItIsTintedWithATealLine) {
     toggle.setChecked(true);
-    EXPECT_THAT(bench.at(20, 36), IsRgb(14, 116, 138));
-    EXPECT_THAT(bench.at(22, 22), IsRgb(230, 244, 247));
+    EXPECT_THAT(fixture.at(20, 36), IsRgb(14, 116, 138));
+    EXPECT_THAT(fixture.at(22, 22), IsRgb(230, 244, 247));
 }
 
 TEST_F(ToggleButtonTest, TheIconFollowsTheState) {
     EXPECT_EQ(toggle.glyph(), QStringLiteral("ui/descending"));
-    const QImage off = bench.picture(toggleButtonGeometry);
+    const QImage off = fixture.picture(toggleButtonGeometry);
     toggle.setChecked(true);
     EXPECT_EQ(toggle.glyph(), QStringLiteral("ui/ascending"));
     // The point of the arrow is below when off and above when on.
@@ -49,7 +49,7 @@ TEST_F(ToggleButtonTest, TheIconFollowsTheState) {
         }
         return dark;
     };
-    const QImage on = bench.picture(toggleButtonGeometry);
+    const QImage on = fixture.picture(toggleButtonGeometry);
     const int half = on.height() / 2;
     EXPECT_GT(inkIn(off, half, on.height() - 4), inkIn(off, 4, half));
     EXPECT_LT(inkIn(on, half, on.height() - 4), inkIn(on, 4, half));
@@ -68,8 +68,8 @@ TEST_F(ToggleButtonTest, AClickTogglesIt) {
 TEST_F(ToggleButtonTest, DisabledItIsGray) {
     toggle.setChecked(true);
     toggle.setEnabled(false);
-    EXPECT_THAT(bench.at(20, 36), IsRgb(197, 207, 213));
-    EXPECT_FALSE(bench.holds(toggleButtonGeometry, QColor(20, 36, 46)));
+    EXPECT_THAT(fixture.at(20, 36), IsRgb(197, 207, 213));
+    EXPECT_FALSE(fixture.holds(toggleButtonGeometry, QColor(20, 36, 46)));
 }
 
 TEST_F(ToggleButtonTest, IsASquareOf32) {

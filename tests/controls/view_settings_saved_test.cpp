@@ -10,23 +10,23 @@ namespace tarvin {
 namespace {
 
 TEST(ViewSettingsSaved, HasALineABandAndAFoot) {
-    ControlFixture bench;
-    bench.add<ViewSettingsSaved>(QRect(20, 20, 200, 140));
-    EXPECT_THAT(bench.at(20, 20), IsRgb(80, 148, 184));
-    EXPECT_THAT(bench.at(20.5, 90), IsRgb(80, 148, 184));
-    EXPECT_THAT(bench.at(219.5, 159.5), IsRgb(80, 148, 184));
-    EXPECT_THAT(bench.at(21, 21), IsRgb(105, 193, 243));
-    EXPECT_THAT(bench.at(218.5, 45.5), IsRgb(105, 193, 243));
-    EXPECT_THAT(bench.at(21, 46), IsRgb(255, 255, 255));
-    EXPECT_THAT(bench.at(100, 113.5), IsRgb(255, 255, 255));
-    EXPECT_THAT(bench.at(100, 114), IsRgb(223, 223, 223));
-    EXPECT_THAT(bench.at(21, 158.5), IsRgb(223, 223, 223));
+    ControlFixture fixture;
+    fixture.add<ViewSettingsSaved>(QRect(20, 20, 200, 140));
+    EXPECT_THAT(fixture.at(20, 20), IsRgb(80, 148, 184));
+    EXPECT_THAT(fixture.at(20.5, 90), IsRgb(80, 148, 184));
+    EXPECT_THAT(fixture.at(219.5, 159.5), IsRgb(80, 148, 184));
+    EXPECT_THAT(fixture.at(21, 21), IsRgb(105, 193, 243));
+    EXPECT_THAT(fixture.at(218.5, 45.5), IsRgb(105, 193, 243));
+    EXPECT_THAT(fixture.at(21, 46), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture.at(100, 113.5), IsRgb(255, 255, 255));
+    EXPECT_THAT(fixture.at(100, 114), IsRgb(223, 223, 223));
+    EXPECT_THAT(fixture.at(21, 158.5), IsRgb(223, 223, 223));
 }
 
 TEST(ViewSettingsSaved, AClickFocusesIt) {
-    ControlFixture bench;
-    auto& panel = bench.add<ViewSettingsSaved>(QRect(20, 20, 200, 140));
-    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, QPoint(60, 70));
+    ControlFixture fixture;
+    auto& panel = fixture.add<ViewSettingsSaved>(QRect(20, 20, 200, 140));
+    QTest::mouseClick(fixture.window().windowHandle(), Qt::LeftButton, {}, QPoint(60, 70));
     EXPECT_TRUE(panel.hasFocus());
 }
 

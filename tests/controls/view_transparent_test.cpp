@@ -32,28 +32,28 @@ class MouseCounter final : public QWidget {
 };
 
 TEST(ViewTransparent, AClickOnItReachesNothingBelow) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(QRect(20, 20, 100, 36));
-    bench.add<ViewTransparent>(QRect(0, 0, 300, 250));
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(QRect(20, 20, 100, 36));
+    fixture.add<ViewTransparent>(QRect(0, 0, 300, 250));
     const QSignalSpy clicks(&button, &QPushButton::clicked);
-    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, QPoint(60, 40));
-    bench.movePointer(QPoint(60, 40));
+    QTest::mouseClick(fixture.window().windowHandle(), Qt::LeftButton, {}, QPoint(60, 40));
+    fixture.movePointer(QPoint(60, 40));
     EXPECT_EQ(clicks.count(), 0);
     EXPECT_FALSE(button.hovering());
     EXPECT_FALSE(button.isDown());
 }
 
 TEST(ViewTransparent, NoMouseEventReachesItsParent) {
-    ControlFixture bench;
-    auto& parent = bench.add<MouseCounter>(QRect(0, 0, 300, 250));
+    ControlFixture fixture;
+    auto& parent = fixture.add<MouseCounter>(QRect(0, 0, 300, 250));
     parent.setMouseTracking(true);
     ViewTransparent overlay(&parent);
     overlay.resize(300, 250);
     overlay.show();
-    QWindow* window = bench.window().windowHandle();
+    QWindow* window = fixture.window().windowHandle();
     QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(60, 40));
     QTest::mouseDClick(window, Qt::LeftButton, {}, QPoint(60, 40));
-    bench.movePointer(QPoint(70, 50));
+    fixture.movePointer(QPoint(70, 50));
     QWheelEvent wheel(QPointF(5, 5), QPointF(5, 5), {}, QPoint(0, 120), Qt::NoButton, {},
                       Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&overlay, &wheel);
@@ -66,17 +66,17 @@ TEST(ViewTransparent, NoMouseEventReachesItsParent) {
 }
 
 TEST(ViewTransparent, PaintsNothing) {
-    ControlFixture bench;
-    bench.add<HoverButton>(QRect(20, 20, 100, 36));
-    const QImage before = bench.picture(QRect(0, 0, 300, 250));
-    bench.add<ViewTransparent>(QRect(0, 0, 300, 250));
-    EXPECT_EQ(bench.picture(QRect(0, 0, 300, 250)), before);
+    ControlFixture fixture;
+    fixture.add<HoverButton>(QRect(20, 20, 100, 36));
+    const QImage before = fixture.picture(QRect(0, 0, 300, 250));
+    fixture.add<ViewTransparent>(QRect(0, 0, 300, 250));
+    EXPECT_EQ(fixture.picture(QRect(0, 0, 300, 250)), before);
 }
 
 TEST(ViewTransparent, AClickFocusesIt) {
-    ControlFixture bench;
-    auto& overlay = bench.add<ViewTransparent>(QRect(0, 0, 300, 250));
-    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {}, QPoint(60, 40));
+    ControlFixture fixture;
+    auto& overlay = fixture.add<ViewTransparent>(QRect(0, 0, 300, 250));
+    QTest::mouseClick(fixture.window().windowHandle(), Qt::LeftButton, {}, QPoint(60, 40));
     EXPECT_TRUE(overlay.hasFocus());
 }
 
