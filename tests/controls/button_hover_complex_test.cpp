@@ -84,7 +84,7 @@ TEST(ButtonHoverComplex, TheDrawingOfTheDrivesTileIsSharp) {
 TEST(ButtonHoverComplex, TheTitleIsInTheUpperLeft) {
     ControlFixture fixture;
     addTile(fixture).setTitle(QStringLiteral("HHH"));
-    const QImage image = fixture.picture(buttonHoverComplexGeometry);
+    const QImage image = fixture.screenshot(buttonHoverComplexGeometry);
     const double ratio = image.devicePixelRatio();
     const QRect ink = inkBounds(image, look::deepTeal);
     EXPECT_NEAR(ink.left() / ratio, 11, 1.5);
@@ -96,7 +96,7 @@ TEST(ButtonHoverComplex, TheTitleIsInTheUpperLeft) {
 TEST(ButtonHoverComplex, ALongTitleIsCutAtTheInset) {
     ControlFixture fixture;
     addTile(fixture).setTitle(QString(60, QLatin1Char('W')));
-    const QImage image = fixture.picture(buttonHoverComplexGeometry);
+    const QImage image = fixture.screenshot(buttonHoverComplexGeometry);
     EXPECT_LT(inkBounds(image, QColor(14, 116, 138)).right() / image.devicePixelRatio(), 180);
 }
 

@@ -38,7 +38,7 @@ TEST(ButtonSettingsSaved, WhenHoveredItIsBlue) {
 TEST(ButtonSettingsSaved, TheTitleIsBlackAndCentred) {
     ControlFixture fixture;
     fixture.add<ButtonSettingsSaved>(buttonSettingsSavedGeometry).setTitle(QStringLiteral("IHI"));
-    const QImage image = fixture.picture(buttonSettingsSavedGeometry.adjusted(2, 2, -2, -2));
+    const QImage image = fixture.screenshot(buttonSettingsSavedGeometry.adjusted(2, 2, -2, -2));
     int left = image.width();
     int right = 0;
     for (int x = 0; x < image.width(); ++x) {

@@ -45,9 +45,9 @@ TEST(ButtonStyle, AnUnderlineIsPaintedUnderTheWholeTitle) {
     button.setFill(Qt::black);
     const QString text = QStringLiteral("aaaa");
     button.setAttributedTitle(setCenterAttributes(Qt::white, text, 14));
-    const QRect plain = inkBounds(fixture.picture(buttonStyleGeometry), Qt::black);
+    const QRect plain = inkBounds(fixture.screenshot(buttonStyleGeometry), Qt::black);
     button.setAttributedTitle(setCenterAttributes(Qt::white, text, true, Qt::AlignHCenter, 14));
-    const QRect underlined = inkBounds(fixture.picture(buttonStyleGeometry), Qt::black);
+    const QRect underlined = inkBounds(fixture.screenshot(buttonStyleGeometry), Qt::black);
     EXPECT_GT(underlined.bottom(), plain.bottom());
 }
 
@@ -57,10 +57,10 @@ TEST(ButtonStyle, AlignmentMovesTheTitle) {
     button.setFill(Qt::black);
     const QString text = QStringLiteral("HH");
     button.setAttributedTitle(setCenterAttributes(Qt::white, text, false, Qt::AlignLeft, 14));
-    const QImage left = fixture.picture(buttonStyleGeometry);
+    const QImage left = fixture.screenshot(buttonStyleGeometry);
     EXPECT_LT(inkBounds(left, Qt::black).left() / left.devicePixelRatio(), 8);
     button.setAttributedTitle(setCenterAttributes(Qt::white, text, false, Qt::AlignRight, 14));
-    const QImage right = fixture.picture(buttonStyleGeometry);
+    const QImage right = fixture.screenshot(buttonStyleGeometry);
     EXPECT_GT(inkBounds(right, Qt::black).right() / right.devicePixelRatio(), 112);
 }
 

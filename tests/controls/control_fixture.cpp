@@ -90,7 +90,7 @@ QColor ControlFixture::at(double x, double y) {
 }
 
 bool ControlFixture::holds(const QRect& part, const QColor& color) {
-    const QImage image = picture(part);
+    const QImage image = screenshot(part);
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             if (isNear(image.pixelColor(x, y), color)) {
@@ -101,7 +101,7 @@ bool ControlFixture::holds(const QRect& part, const QColor& color) {
     return false;
 }
 
-QImage ControlFixture::picture(const QRect& part) {
+QImage ControlFixture::screenshot(const QRect& part) {
     return window_.grab(part).toImage();
 }
 

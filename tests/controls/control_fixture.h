@@ -67,8 +67,8 @@ class ControlFixture final {
     /// Whether an area of the window contains a colour, with a tolerance of 2.
     [[nodiscard]] bool holds(const QRect& part, const QColor& color);
 
-    /// An image of an area of the window.
-    [[nodiscard]] QImage picture(const QRect& part);
+    /// A screenshot of an area of the window.
+    [[nodiscard]] QImage screenshot(const QRect& part);
 
  private:
     QWidget window_;

@@ -92,10 +92,10 @@ TEST(ElidedLabel, IsPaintedInItsColourAndAlignment) {
     EXPECT_EQ(label.textColor(), QColor(74, 91, 102));
     EXPECT_TRUE(fixture.holds(elidedLabelGeometry, QColor(74, 91, 102)));
     EXPECT_FALSE(fixture.holds(elidedLabelGeometry, QColor(20, 36, 46)));
-    const QImage left = fixture.picture(elidedLabelGeometry);
+    const QImage left = fixture.screenshot(elidedLabelGeometry);
     EXPECT_LT(inkBounds(left, QColor(243, 246, 248)).left() / left.devicePixelRatio(), 4);
     label.setAlignment(Qt::AlignRight);
-    const QImage right = fixture.picture(elidedLabelGeometry);
+    const QImage right = fixture.screenshot(elidedLabelGeometry);
     EXPECT_GT(inkBounds(right, QColor(243, 246, 248)).right() / right.devicePixelRatio(), 195);
 }
 
@@ -114,11 +114,11 @@ TEST(ElidedLabel, AFramedOneIsInAWhiteField) {
     const QPoint corner = elidedLabelGeometry.topLeft();
     EXPECT_THAT(fixture.at(corner.x(), corner.y() + 5), IsRgb(197, 207, 213));
     EXPECT_THAT(fixture.at(corner.x() + 3, corner.y() + 3), IsRgb(255, 255, 255));
-    const QImage image = fixture.picture(elidedLabelGeometry.adjusted(1, 1, -1, -1));
+    const QImage image = fixture.screenshot(elidedLabelGeometry.adjusted(1, 1, -1, -1));
     EXPECT_NEAR(inkBounds(image, Qt::white).left() / image.devicePixelRatio(), 12, 3);
 
     label.setText(longPath);
-    const QImage full = fixture.picture(elidedLabelGeometry.adjusted(1, 1, -1, -1));
+    const QImage full = fixture.screenshot(elidedLabelGeometry.adjusted(1, 1, -1, -1));
     EXPECT_LE((inkBounds(full, Qt::white).right() + 1) / full.devicePixelRatio(),
               elidedLabelGeometry.width() - 2 - 11);
 

@@ -35,7 +35,7 @@ TEST(HoverButton, AFilledOneIsOneColourFromEdgeToEdge) {
 TEST(HoverButton, AFilledTitleIsWhiteAndCentred) {
     ControlFixture fixture;
     addFilled(fixture, look::deepTeal).setTitle(QStringLiteral("OOO"));
-    const QImage image = fixture.picture(hoverButtonGeometry);
+    const QImage image = fixture.screenshot(hoverButtonGeometry);
     const QRect ink = inkBounds(image, look::deepTeal);
     EXPECT_TRUE(fixture.holds(hoverButtonGeometry, Qt::white));
     EXPECT_NEAR(ink.left() + ink.right(), image.width(), 2 * image.devicePixelRatio() + 1);

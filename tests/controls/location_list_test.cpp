@@ -136,10 +136,10 @@ TEST_F(LocationListTest, AFlatThumbnailKeepsItsProportions) {
 
 TEST_F(LocationListTest, ARowWithoutAnImageShowsAFolder) {
     const QRect area(16, 8, 40, 40);
-    const QImage without = fixture_.picture(area);
+    const QImage without = fixture_.screenshot(area);
     EXPECT_FALSE(inkBounds(without, Qt::white).isEmpty());
     model_.item(0, 0)->setData(pictureIcon(QStringLiteral("folder")), Qt::DecorationRole);
-    EXPECT_EQ(fixture_.picture(area), without);
+    EXPECT_EQ(fixture_.screenshot(area), without);
 }
 
 TEST_F(LocationListTest, NameAboveAndPathBelow) {
@@ -152,8 +152,8 @@ TEST_F(LocationListTest, NameAboveAndPathBelow) {
 
 TEST_F(LocationListTest, ALongPathEndsBeforeTheColumnDoes) {
     model_.item(0, 0)->setText(QString(100, QLatin1Char('m')));
-    EXPECT_FALSE(inkBounds(fixture_.picture(QRect(170, 29, 22, 17)), Qt::white).isEmpty());
-    EXPECT_TRUE(inkBounds(fixture_.picture(QRect(193, 1, 22, 50)), Qt::white).isEmpty());
+    EXPECT_FALSE(inkBounds(fixture_.screenshot(QRect(170, 29, 22, 17)), Qt::white).isEmpty());
+    EXPECT_TRUE(inkBounds(fixture_.screenshot(QRect(193, 1, 22, 50)), Qt::white).isEmpty());
 }
 
 TEST_F(LocationListTest, TheSizeOfAFileIsOnTheRight) {

@@ -203,11 +203,11 @@ TEST(PaintedButton, ADarkPaletteDoesNotChangeIt) {
     ControlFixture fixture;
     auto& button = fixture.add<HoverButton>(paintedButtonGeometry, HoverButton::Kind::quiet,
                                             QStringLiteral("OOO"));
-    const QImage light = fixture.picture(paintedButtonGeometry);
+    const QImage light = fixture.screenshot(paintedButtonGeometry);
     QPalette dark(Qt::black);
     dark.setColor(QPalette::ButtonText, Qt::white);
     button.setPalette(dark);
-    EXPECT_EQ(fixture.picture(paintedButtonGeometry), light);
+    EXPECT_EQ(fixture.screenshot(paintedButtonGeometry), light);
 }
 
 /// Green, with a white square in its middle.

@@ -70,7 +70,7 @@ TEST_F(TabButtonTest, OneSelectedWhileHoveredLooksSelected) {
 }
 
 TEST_F(TabButtonTest, GlyphAndTitleAreCentredTogether) {
-    const QRect ink = inkBounds(fixture.picture(tabButtonGeometry), QColor(243, 246, 248));
+    const QRect ink = inkBounds(fixture.screenshot(tabButtonGeometry), QColor(243, 246, 248));
     const double ratio = tab.devicePixelRatioF();
     const double left = ink.left() / ratio;
     const double right = tabButtonGeometry.width() - (ink.right() + 1) / ratio;

@@ -36,7 +36,7 @@ TEST_F(ToggleButtonTest, OnItIsTintedWithATealLine) {
 
 TEST_F(ToggleButtonTest, TheIconFollowsTheState) {
     EXPECT_EQ(toggle.glyph(), QStringLiteral("ui/descending"));
-    const QImage off = fixture.picture(toggleButtonGeometry);
+    const QImage off = fixture.screenshot(toggleButtonGeometry);
     toggle.setChecked(true);
     EXPECT_EQ(toggle.glyph(), QStringLiteral("ui/ascending"));
     // The point of the arrow is below when off and above when on.
@@ -49,7 +49,7 @@ TEST_F(ToggleButtonTest, TheIconFollowsTheState) {
         }
         return dark;
     };
-    const QImage on = fixture.picture(toggleButtonGeometry);
+    const QImage on = fixture.screenshot(toggleButtonGeometry);
     const int half = on.height() / 2;
     EXPECT_GT(inkIn(off, half, on.height() - 4), inkIn(off, 4, half));
     EXPECT_LT(inkIn(on, half, on.height() - 4), inkIn(on, 4, half));

@@ -68,9 +68,9 @@ TEST(ViewTransparent, NoMouseEventReachesItsParent) {
 TEST(ViewTransparent, PaintsNothing) {
     ControlFixture fixture;
     fixture.add<HoverButton>(QRect(20, 20, 100, 36));
-    const QImage before = fixture.picture(QRect(0, 0, 300, 250));
+    const QImage before = fixture.screenshot(QRect(0, 0, 300, 250));
     fixture.add<ViewTransparent>(QRect(0, 0, 300, 250));
-    EXPECT_EQ(fixture.picture(QRect(0, 0, 300, 250)), before);
+    EXPECT_EQ(fixture.screenshot(QRect(0, 0, 300, 250)), before);
 }
 
 TEST(ViewTransparent, AClickFocusesIt) {

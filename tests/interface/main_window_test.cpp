@@ -141,7 +141,7 @@ QPalette darkPalette() {
     return dark;
 }
 
-/// Pictures of all screens of a new window.
+/// Screenshots of all screens of a new window.
 QVector<QImage> screensNow() {
     MainWindow window;
     window.show();

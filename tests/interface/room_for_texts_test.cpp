@@ -9,12 +9,12 @@
 #include "controls/look.h"
 #include "controls/pop_up_button.h"
 #include "controls/tab_button.h"
-#include "interface/keep_picture.h"
 #include "interface/list_panel.h"
 #include "interface/notice_panel.h"
 #include "interface/put_back_panels.h"
 #include "interface/result_panels.h"
 #include "interface/result_screen.h"
+#include "interface/save_screenshot.h"
 #include "interface/shown_window.h"
 #include "interface/some_results.h"
 #include "interface/text_block.h"
@@ -84,10 +84,10 @@ class RoomForTextsTest : public testing::TestWithParam<const char*> {
 
     void checkEverythingShown(const char* where) {
         QCoreApplication::sendPostedEvents();
-        keepPicture(window->grab().toImage(),
-                    QStringLiteral("%1-%2-%3")
-                        .arg(QLatin1String(GetParam()), QLatin1String(where))
-                        .arg(window->width()));
+        saveScreenshot(window->grab().toImage(),
+                       QStringLiteral("%1-%2-%3")
+                           .arg(QLatin1String(GetParam()), QLatin1String(where))
+                           .arg(window->width()));
         int seen = 0;
         for (const auto* widget : window->findChildren<QWidget*>()) {
             if (!widget->isVisible()) {

@@ -7,9 +7,9 @@
 #include "interface/home_screen.h"
 #include "interface/notice_panel.h"
 #include "interface/picture_view.h"
-#include "interface/pictures_of_window.h"
 #include "interface/progress_screen.h"
 #include "interface/text_block.h"
+#include "interface/window_screenshots.h"
 
 #include <QLabel>
 #include <QMenu>
@@ -18,14 +18,14 @@ namespace tarvin {
 
 namespace {
 
-class PicturesTest : public PicturesOfWindow {
+class ScreenshotTest : public WindowScreenshots {
  protected:
-    PicturesTest() {
+    ScreenshotTest() {
         window.home->homePage->setPictureName(QStringLiteral("HomePage1.png"));
         window.home->cleanHistory->setText(QStringLiteral("Files cleaned so far: 1284 (18.62 GB)"));
         window.home->cleanHistory->show();
     }
-    ~PicturesTest() override { window.locations->tableExact->setModel(nullptr); }
+    ~ScreenshotTest() override { window.locations->tableExact->setModel(nullptr); }
 
     void fillFolders() {
         const QString folder = QStringLiteral("folder.png");
@@ -54,11 +54,11 @@ class PicturesTest : public PicturesOfWindow {
     SomeLocations rows;
 };
 
-TEST_F(PicturesTest, Home) {
+TEST_F(ScreenshotTest, Home) {
     take(QStringLiteral("01-home"));
 }
 
-TEST_F(PicturesTest, HomeWithTheFocusAndTheMenu) {
+TEST_F(ScreenshotTest, HomeWithTheFocusAndTheMenu) {
     window.home->homePage->setPictureName(QStringLiteral("HomePage2.png"));
     window.home->cleanHistory->hide();
     QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
@@ -68,19 +68,19 @@ TEST_F(PicturesTest, HomeWithTheFocusAndTheMenu) {
     QTest::mouseMove(window.helpMenu,
                      window.helpMenu->actionGeometry(window.helpMenuItem).center());
     const QImage menu = window.helpMenu->grab().toImage();
-    keepPicture(menu, QStringLiteral("02-help-menu"));
-    expectAsStored(menu, QStringLiteral("02-help-menu"));
+    saveScreenshot(menu, QStringLiteral("02-help-menu"));
+    expectAsReference(menu, QStringLiteral("02-help-menu"));
     window.helpMenu->close();
 }
 
-TEST_F(PicturesTest, About) {
+TEST_F(ScreenshotTest, About) {
     window.home->homePage->setPictureName(QStringLiteral("HomePage3.png"));
     window.aboutVersion->setText(QStringLiteral("Version 1.0"));
     window.showAbout();
     take(QStringLiteral("03-about"));
 }
 
-TEST_F(PicturesTest, Drives) {
+TEST_F(ScreenshotTest, Drives) {
     rows.setHorizontalHeaderLabels({QStringLiteral("Select Drive"), QStringLiteral("Scan")});
     const QString usb = QStringLiteral("usb_drive.png");
     const QString drive = QStringLiteral("g5_apple_drive.png");
@@ -97,13 +97,13 @@ TEST_F(PicturesTest, Drives) {
     take(QStringLiteral("04-locations-drives"));
 }
 
-TEST_F(PicturesTest, Folders) {
+TEST_F(ScreenshotTest, Folders) {
     fillFolders();
     window.selectTabViewItem(QStringLiteral("2"));
     take(QStringLiteral("05-locations-folders"));
 }
 
-TEST_F(PicturesTest, NoticeOfTheList) {
+TEST_F(ScreenshotTest, NoticeOfTheList) {
     fillFolders();
     window.selectTabViewItem(QStringLiteral("2"));
     window.runningAlertText->setText(QStringLiteral("File already added."));
@@ -111,7 +111,7 @@ TEST_F(PicturesTest, NoticeOfTheList) {
     take(QStringLiteral("06-locations-notice"));
 }
 
-TEST_F(PicturesTest, EmptyList) {
+TEST_F(ScreenshotTest, EmptyList) {
     window.selectTabViewItem(QStringLiteral("2"));
     window.locations->tableExact->setModel(&rows);
     window.locations->findDuplicateExact->setEnabled(false);
@@ -121,12 +121,12 @@ TEST_F(PicturesTest, EmptyList) {
     take(QStringLiteral("06b-locations-empty"));
 }
 
-TEST_F(PicturesTest, Scan) {
+TEST_F(ScreenshotTest, Scan) {
     showScan();
     take(QStringLiteral("08-scan-progress"));
 }
 
-TEST_F(PicturesTest, StopQuestion) {
+TEST_F(ScreenshotTest, StopQuestion) {
     showScan();
     window.progress->pauseResume->setTitle(QStringLiteral("Resume"));
     window.progress->pauseResume->setEnabled(false);
@@ -135,7 +135,7 @@ TEST_F(PicturesTest, StopQuestion) {
     take(QStringLiteral("09-scan-stop-confirmation"));
 }
 
-TEST_F(PicturesTest, NoticeOfClosing) {
+TEST_F(ScreenshotTest, NoticeOfClosing) {
     showScan();
     window.runningAlertText->setText(
         QStringLiteral("A operation is in progress. Please stop the current process."));
@@ -143,7 +143,7 @@ TEST_F(PicturesTest, NoticeOfClosing) {
     take(QStringLiteral("10-scan-close-notice"));
 }
 
-TEST_F(PicturesTest, LargeWindow) {
+TEST_F(ScreenshotTest, LargeWindow) {
     fillFolders();
     window.selectTabViewItem(QStringLiteral("2"));
     resizeTo({1440, 900});

@@ -1,7 +1,7 @@
-#include "interface/picture_parts.h"
+#include "interface/screenshot_parts.h"
 
 #include "controls/menu_button.h"
-#include "interface/pictures_of_window.h"
+#include "interface/window_screenshots.h"
 
 #include <QLabel>
 
@@ -9,16 +9,16 @@ namespace tarvin {
 
 namespace {
 
-/// Tests the comparison of pictures itself.
-class PicturePartsTest : public PicturesOfWindow {
+/// Tests the comparison of screenshots.
+class ScreenshotPartsTest : public WindowScreenshots {
  protected:
-    PicturePartsTest() {
+    ScreenshotPartsTest() {
         rows.add(QStringLiteral("/home/me/Pictures"), QStringLiteral("folder.png"), true);
         window.locations->tableExact->setModel(&rows);
         window.selectTabViewItem(QStringLiteral("2"));
         QCoreApplication::processEvents();
     }
-    ~PicturePartsTest() override { window.locations->tableExact->setModel(nullptr); }
+    ~ScreenshotPartsTest() override { window.locations->tableExact->setModel(nullptr); }
 
     /// The parts that differ from `before`.
     std::string changedSince(const QImage& before) {
@@ -28,12 +28,12 @@ class PicturePartsTest : public PicturesOfWindow {
     SomeLocations rows;
 };
 
-TEST_F(PicturePartsTest, NothingChangesByItself) {
+TEST_F(ScreenshotPartsTest, NothingChangesByItself) {
     EXPECT_EQ(changedSince(rendered(1)), "");
     EXPECT_EQ(changedSince(rendered(2)), "");
 }
 
-TEST_F(PicturePartsTest, AnIconThatIsMissingIsNoticed) {
+TEST_F(ScreenshotPartsTest, AnIconThatIsMissingIsNoticed) {
     for (const double ratio : {1.0, 2.0}) {
         const QImage expected = rendered(ratio);
         QImage without = expected;
@@ -49,7 +49,7 @@ TEST_F(PicturePartsTest, AnIconThatIsMissingIsNoticed) {
     }
 }
 
-TEST_F(PicturePartsTest, ChangesInTheRowsOfAListAreNoticed) {
+TEST_F(ScreenshotPartsTest, ChangesInTheRowsOfAListAreNoticed) {
     const QImage checked = rendered(1);
     rows.item(0, LocationTable::buttonCell)->setCheckState(Qt::Unchecked);
     EXPECT_EQ(changedSince(checked), "box of row");
@@ -59,7 +59,7 @@ TEST_F(PicturePartsTest, ChangesInTheRowsOfAListAreNoticed) {
     EXPECT_EQ(changedSince(folder), "image of row");
 }
 
-TEST_F(PicturePartsTest, ATextThatIsMissingIsNoticed) {
+TEST_F(ScreenshotPartsTest, ATextThatIsMissingIsNoticed) {
     auto* const title = control<QLabel>("locationScreenTitle");
     const QImage expected = rendered(1);
     title->clear();

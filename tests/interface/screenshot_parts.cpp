@@ -1,4 +1,4 @@
-#include "interface/picture_parts.h"
+#include "interface/screenshot_parts.h"
 
 #include "controls/elided_label.h"
 #include "controls/menu_button.h"

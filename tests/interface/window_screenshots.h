@@ -1,35 +1,35 @@
 #pragma once
 
 #include "controls/button_hover_simple.h"
-#include "interface/keep_picture.h"
-#include "interface/picture_parts.h"
 #include "interface/result_screen.h"
+#include "interface/save_screenshot.h"
+#include "interface/screenshot_parts.h"
 #include "interface/shown_window.h"
 
 namespace tarvin {
 
-/// Compares pictures of the window, at device pixel ratios 1 and 2, with stored ones. With the
-/// environment variable TARVIN_PICTURES they are saved in the folder that it names;
-/// TARVIN_PICTURES=tests/interface/pictures makes them the stored ones.
-class PicturesOfWindow : public ShownWindow {
+/// Compares screenshots of the window, at device pixel ratios 1 and 2, with reference images. If
+/// the environment variable TARVIN_SAVE_SCREENSHOTS is set, also saves them in the folder that it
+/// names; TARVIN_SAVE_SCREENSHOTS=tests/interface/reference_images updates the references.
+class WindowScreenshots : public ShownWindow {
  protected:
-    PicturesOfWindow() {
+    WindowScreenshots() {
         const QIcon normal = pictureIcon(QStringLiteral("Home Normal.png"));
         const QIcon hover = pictureIcon(QStringLiteral("Home Hover.png"));
         window.locations->buttonHomeExactPage->setImageNormal(normal, hover, normal, normal);
         window.results->buttonHomePage->setImageNormal(normal, hover, normal, normal);
     }
 
-    /// The path in the folder of pictures.
+    /// The path in the folder of reference images.
     static QString nameAt(double ratio, const QString& name) {
         return ratio > 1 ? QStringLiteral("2x/") + name : name;
     }
 
     QImage at(double ratio, const QString& name) {
         const QImage image = rendered(ratio);
-        keepPicture(image, nameAt(ratio, name));
-        expectAsStored(image, nameAt(ratio, name));
-        EXPECT_EQ(changedParts(window, image, stored(nameAt(ratio, name))), "")
+        saveScreenshot(image, nameAt(ratio, name));
+        expectAsReference(image, nameAt(ratio, name));
+        EXPECT_EQ(changedParts(window, image, reference(nameAt(ratio, name))), "")
             << nameAt(ratio, name).toStdString();
         return image;
     }
@@ -41,8 +41,8 @@ class PicturesOfWindow : public ShownWindow {
         return image;
     }
 
-    /// Compares both pictures with the stored ones, and with each other: where the smaller one is
-    /// flat, the larger one must have the same colour.
+    /// Compares both screenshots with the reference images, and with each other: where the smaller
+    /// one is flat, the larger one must have the same colour.
     void take(const QString& name) {
         // Lists lay out after their models have changed.
         QCoreApplication::processEvents();
@@ -61,16 +61,16 @@ class PicturesOfWindow : public ShownWindow {
         EXPECT_GT(compared, 1000);
     }
 
-    static QImage stored(const QString& name) {
-        return QImage(QStringLiteral(TARVIN_STORED_PICTURES "/") + name + QStringLiteral(".png"))
+    static QImage reference(const QString& name) {
+        return QImage(QStringLiteral(TARVIN_REFERENCE_IMAGES "/") + name + QStringLiteral(".png"))
             .convertToFormat(QImage::Format_RGB32);
     }
 
-    /// The picture as a whole, loosely: another version of a font or of Qt may paint the edges of
-    /// letters differently. changedParts() compares the controls.
-    static void expectAsStored(const QImage& image, const QString& name) {
+    /// Compares the whole screenshot, loosely: another version of a font or of Qt may paint the
+    /// edges of letters differently. changedParts() compares the controls.
+    static void expectAsReference(const QImage& image, const QString& name) {
         constexpr double maxShare = 0.005;
-        const QImage expected = stored(name);
+        const QImage expected = reference(name);
         ASSERT_EQ(expected.size(), image.size()) << name.toStdString();
         EXPECT_LE(countDifferent(image, expected, image.rect(), textTolerance),
                   maxShare * image.width() * image.height())

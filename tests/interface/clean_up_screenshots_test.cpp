@@ -9,11 +9,11 @@
 #include "interface/list_panel.h"
 #include "interface/list_table.h"
 #include "interface/picture_view.h"
-#include "interface/pictures_of_window.h"
 #include "interface/put_back_panels.h"
 #include "interface/result_panels.h"
 #include "interface/some_results.h"
 #include "interface/text_block.h"
+#include "interface/window_screenshots.h"
 
 #include <QLabel>
 #include <QMenu>
@@ -24,9 +24,9 @@ namespace tarvin {
 namespace {
 
 /// The panels after a clean-up and of putting it back, over the results.
-class CleanUpPicturesTest : public PicturesOfWindow {
+class CleanUpScreenshotTest : public WindowScreenshots {
  protected:
-    CleanUpPicturesTest() {
+    CleanUpScreenshotTest() {
         screen.OView2->setModel(&result.sets);
         screen.OView2->expandAll();
         screen.OView2->selectSet(result.sets.setAt(0, 0));
@@ -35,7 +35,7 @@ class CleanUpPicturesTest : public PicturesOfWindow {
         screen.allButton->setEnabled(false);
         window.selectTabViewItem(screen.identifier());
     }
-    ~CleanUpPicturesTest() override {
+    ~CleanUpScreenshotTest() override {
         for (ListTable* table : {window.keptWindow->table, window.putBackWindow->putBackTable,
                                  window.putBackReport->putBackFailures}) {
             table->setModel(nullptr);
@@ -75,22 +75,22 @@ class CleanUpPicturesTest : public PicturesOfWindow {
     PutBackList files;
 };
 
-TEST_F(CleanUpPicturesTest, TheMoreMenu) {
+TEST_F(CleanUpScreenshotTest, TheMoreMenu) {
     window.buttonMore->click();
     ASSERT_TRUE(QTest::qWaitFor([this] { return window.moreMenu->isVisible(); }, 20000));
     take(QStringLiteral("23-more-open"));
-    keepPicture(window.moreMenu->grab().toImage(), QStringLiteral("23-more-menu"));
+    saveScreenshot(window.moreMenu->grab().toImage(), QStringLiteral("23-more-menu"));
     window.moreMenu->close();
 }
 
-TEST_F(CleanUpPicturesTest, AReportWithFilesLeft) {
+TEST_F(CleanUpScreenshotTest, AReportWithFilesLeft) {
     window.informationWindow->setKeptLine(QStringLiteral("12 files were left where they are."));
     inform(QStringLiteral("Information"), {QStringLiteral("Duplicates Cleaned: 1394"),
                                            QStringLiteral("Space Regained: 139.54 MB ")});
     takeBoth(QStringLiteral("34-report-kept"));
 }
 
-TEST_F(CleanUpPicturesTest, TheFilesLeft) {
+TEST_F(CleanUpScreenshotTest, TheFilesLeft) {
     const QString changed = QStringLiteral("Changed since the scan");
     const QString full = QStringLiteral("The Trash of this volume is full");
     reasons.setFiles(
@@ -109,7 +109,7 @@ TEST_F(CleanUpPicturesTest, TheFilesLeft) {
     takeBoth(QStringLiteral("34-report-kept-list"));
 }
 
-TEST_F(CleanUpPicturesTest, TheQuestionOfPuttingBack) {
+TEST_F(CleanUpScreenshotTest, TheQuestionOfPuttingBack) {
     PutBackForecast forecast;
     forecast.add(
         file("/home/anna/Documents/Invoices/2024/invoice-2024-03.pdf", PutBackOutcome::lost));
@@ -133,7 +133,7 @@ TEST_F(CleanUpPicturesTest, TheQuestionOfPuttingBack) {
     takeBoth(QStringLiteral("27-put-back"));
 }
 
-TEST_F(CleanUpPicturesTest, TheProgressOfPuttingBack) {
+TEST_F(CleanUpScreenshotTest, TheProgressOfPuttingBack) {
     PutBackProgress& panel = *window.putBackProgress;
     panel.putBackIndicator->setTotal(1404);
     panel.putBackIndicator->setDone(412);
@@ -143,7 +143,7 @@ TEST_F(CleanUpPicturesTest, TheProgressOfPuttingBack) {
     takeBoth(QStringLiteral("27-put-back-running"));
 }
 
-TEST_F(CleanUpPicturesTest, TheReportOfPuttingBack) {
+TEST_F(CleanUpScreenshotTest, TheReportOfPuttingBack) {
     reasons.setFiles(
         {fileReason("/home/anna/Documents/Papers/Invoices/2024/invoice-2024-03.pdf",
                     QStringLiteral("No longer in the Trash")),
@@ -162,7 +162,7 @@ TEST_F(CleanUpPicturesTest, TheReportOfPuttingBack) {
     takeBoth(QStringLiteral("28-put-back-done"));
 }
 
-TEST_F(CleanUpPicturesTest, NothingToPutBack) {
+TEST_F(CleanUpScreenshotTest, NothingToPutBack) {
     inform(QStringLiteral("Put Back Last Clean-up"),
            {QStringLiteral("There is nothing to put back."),
             QStringLiteral("Nothing has been cleaned up yet.")});

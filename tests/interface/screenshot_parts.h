@@ -15,7 +15,7 @@ inline constexpr int textTolerance = 40;
                                  int tolerance);
 
 /// Returns the names, separated by commas, of the controls of `window` and of the icons in the rows
-/// of its lists that differ between two pictures of it. Icons are compared tightly, texts by the
+/// of its lists that differ between two screenshots of it. Icons are compared tightly, texts by the
 /// share of their ink that has changed. Both images have the device pixel ratio of `image`.
 [[nodiscard]] std::string changedParts(const QWidget& window, const QImage& image,
                                        const QImage& expected);

@@ -8,10 +8,10 @@
 
 namespace tarvin {
 
-/// Saves a picture in the folder given by TARVIN_PICTURES, if set. The name may contain a
-/// subfolder.
-inline void keepPicture(const QImage& image, const QString& name) {
-    const QString folder = qEnvironmentVariable("TARVIN_PICTURES");
+/// Saves a screenshot in the folder given by TARVIN_SAVE_SCREENSHOTS, if set. The name may contain
+/// a subfolder.
+inline void saveScreenshot(const QImage& image, const QString& name) {
+    const QString folder = qEnvironmentVariable("TARVIN_SAVE_SCREENSHOTS");
     if (!folder.isEmpty()) {
         const QString path = QDir(folder).filePath(name + QStringLiteral(".png"));
         QDir().mkpath(QFileInfo(path).path());

@@ -5,11 +5,11 @@
 #include "controls/tab_button.h"
 #include "interface/image_view.h"
 #include "interface/picture_view.h"
-#include "interface/pictures_of_window.h"
 #include "interface/property_text.h"
 #include "interface/result_panels.h"
 #include "interface/some_results.h"
 #include "interface/text_block.h"
+#include "interface/window_screenshots.h"
 
 #include <QAbstractItemView>
 #include <QLabel>
@@ -24,7 +24,7 @@ namespace {
 
 QImage lake() {
     QImage image(504, 378, QImage::Format_RGB32);
-    QSvgRenderer renderer(QStringLiteral(TARVIN_STORED_PICTURES "/lake.svg"));
+    QSvgRenderer renderer(QStringLiteral(TARVIN_REFERENCE_IMAGES "/lake.svg"));
     EXPECT_TRUE(renderer.isValid());
     QPainter painter(&image);
     renderer.render(&painter);
@@ -32,9 +32,9 @@ QImage lake() {
 }
 
 /// The states of the results and of the panels over them.
-class ResultPicturesTest : public PicturesOfWindow {
+class ResultScreenshotTest : public WindowScreenshots {
  protected:
-    ~ResultPicturesTest() override {
+    ~ResultScreenshotTest() override {
         screen.OView2->setModel(nullptr);
         screen.resultTable->setModel(nullptr);
     }
@@ -89,13 +89,13 @@ class ResultPicturesTest : public PicturesOfWindow {
     std::unique_ptr<DrawnResult> result;
 };
 
-TEST_F(ResultPicturesTest, AllTab) {
+TEST_F(ResultScreenshotTest, AllTab) {
     show(true);
     take(QStringLiteral("11-results"));
 }
 
 /// Selecting a view clears all marks.
-TEST_F(ResultPicturesTest, ImageTab) {
+TEST_F(ResultScreenshotTest, ImageTab) {
     show(false);
     screen.removeExceptionBtn->setEnabled(false);
     screen.allButton->setEnabled(true);
@@ -110,7 +110,7 @@ TEST_F(ResultPicturesTest, ImageTab) {
     take(QStringLiteral("12-results-image-tab"));
 }
 
-TEST_F(ResultPicturesTest, TheFocusInTheTree) {
+TEST_F(ResultScreenshotTest, TheFocusInTheTree) {
     show(true);
     QTest::keyClick(screen.resultTable, Qt::Key_Backtab);
     for (int step = 0; step < 3; ++step) {
@@ -120,7 +120,7 @@ TEST_F(ResultPicturesTest, TheFocusInTheTree) {
     take(QStringLiteral("11b-results-keyboard"));
 }
 
-TEST_F(ResultPicturesTest, NothingFound) {
+TEST_F(ResultScreenshotTest, NothingFound) {
     window.selectTabViewItem(screen.identifier());
     screen.allButton->setEnabled(false);
     showTotals(0, "0.00 KB");
@@ -138,13 +138,13 @@ TEST_F(ResultPicturesTest, NothingFound) {
     screen.resultTable->setModel(nullptr);
 }
 
-TEST_F(ResultPicturesTest, OpenedLists) {
+TEST_F(ResultScreenshotTest, OpenedLists) {
     show(true);
     const auto keep = [](QWidget* opened, const QString& name) {
         ASSERT_TRUE(QTest::qWaitForWindowExposed(opened, 20000));
         const QImage image = opened->grab().toImage().convertToFormat(QImage::Format_RGB32);
-        keepPicture(image, name);
-        expectAsStored(image, name);
+        saveScreenshot(image, name);
+        expectAsReference(image, name);
     };
     screen.sortPopupBtn->showPopup();
     keep(screen.sortPopupBtn->view()->window(), QStringLiteral("11d-sort-list"));
@@ -154,7 +154,7 @@ TEST_F(ResultPicturesTest, OpenedLists) {
     screen.outlineMenu->close();
 }
 
-TEST_F(ResultPicturesTest, Summary) {
+TEST_F(ResultScreenshotTest, Summary) {
     show(false);
     inform(
         "Duplicates Found",
@@ -163,13 +163,13 @@ TEST_F(ResultPicturesTest, Summary) {
     take(QStringLiteral("13-results-summary"));
 }
 
-TEST_F(ResultPicturesTest, Loading) {
+TEST_F(ResultScreenshotTest, Loading) {
     show(false);
     window.loadingView->show();
     take(QStringLiteral("14-results-loading"));
 }
 
-TEST_F(ResultPicturesTest, Deletion) {
+TEST_F(ResultScreenshotTest, Deletion) {
     show(true);
     screen.buttonHomePage->hide();
     screen.resultTable->hide();
@@ -183,7 +183,7 @@ TEST_F(ResultPicturesTest, Deletion) {
     take(QStringLiteral("15-results-deletion"));
 }
 
-TEST_F(ResultPicturesTest, Report) {
+TEST_F(ResultScreenshotTest, Report) {
     show(true);
     result->clean();
     showNothingMarked();
@@ -193,7 +193,7 @@ TEST_F(ResultPicturesTest, Report) {
     take(QStringLiteral("16-results-report"));
 }
 
-TEST_F(ResultPicturesTest, ExceptionQuestion) {
+TEST_F(ResultScreenshotTest, ExceptionQuestion) {
     show(true);
     window.exceptionWindow->exceptionTextField->setText(
         QStringLiteral("The selected files will be excluded from all future scans. Press \"OK\" to "
@@ -203,7 +203,7 @@ TEST_F(ResultPicturesTest, ExceptionQuestion) {
     take(QStringLiteral("17-results-exception-question"));
 }
 
-TEST_F(ResultPicturesTest, EmptyCategory) {
+TEST_F(ResultScreenshotTest, EmptyCategory) {
     show(true);
     result->sets.removeRow(2);
     showTotals(11, "36.12 MB");
@@ -211,7 +211,7 @@ TEST_F(ResultPicturesTest, EmptyCategory) {
     take(QStringLiteral("18-results-empty-category"));
 }
 
-TEST_F(ResultPicturesTest, LargeWindow) {
+TEST_F(ResultScreenshotTest, LargeWindow) {
     show(true);
     resizeTo({1440, 900});
     take(QStringLiteral("19-results-large"));
