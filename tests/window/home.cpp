@@ -17,7 +17,7 @@ std::unique_ptr<ChildProcess> Home::startProduct(const ChildProcess::Words& argu
     ChildProcess::Words words{program_};
     words.insert(words.end(), arguments.begin(), arguments.end());
     return std::make_unique<ChildProcess>(
-        words, folder_.pathOf(".copy-" + std::to_string(++started_)),
+        words, folder_.pathOf(".instance-" + std::to_string(++started_)),
         ChildProcess::Environment{{"HOME", folder_.path()},
                                   {"XDG_RUNTIME_DIR", folder_.pathOf(".runtime")},
                                   {"XDG_CACHE_HOME", folder_.pathOf(".cache")},

@@ -50,12 +50,12 @@ TEST(Instances, ThatExitForTheRunningOneShowNoWindow) {
     const auto first = home.startProduct();
     const ProgramWindow window(first->pid());
     const WindowLists windows;
-    std::vector<std::unique_ptr<ChildProcess>> copies;
+    std::vector<std::unique_ptr<ChildProcess>> instances;
     for (int number = 0; number < 4; ++number) {
-        copies.push_back(home.startProduct());
+        instances.push_back(home.startProduct());
     }
-    for (const auto& copy : copies) {
-        EXPECT_EQ(copy->wait(), 0) << copy->errors();
+    for (const auto& instance : instances) {
+        EXPECT_EQ(instance->wait(), 0) << instance->errors();
     }
     // One more change, which arrives after all others.
     const TemporaryFolder folder;
@@ -70,13 +70,13 @@ TEST(Instances, ThatExitForTheRunningOneShowNoWindow) {
 TEST(Instances, OfThreeStartedAtOnceOneShowsAWindow) {
     Home home;
     const WindowLists windows;
-    std::vector<std::unique_ptr<ChildProcess>> copies;
+    std::vector<std::unique_ptr<ChildProcess>> instances;
     for (int number = 0; number < 3; ++number) {
-        copies.push_back(home.startProduct());
+        instances.push_back(home.startProduct());
     }
     ASSERT_TRUE(waitUntil([&] {
-        return std::count_if(copies.begin(), copies.end(),
-                             [](const auto& copy) { return copy->runs(); }) == 1;
+        return std::count_if(instances.begin(), instances.end(),
+                             [](const auto& instance) { return instance->runs(); }) == 1;
     }));
     ASSERT_TRUE(waitUntil([&] { return windows.changes() > 0; }));
     EXPECT_EQ(windows.changes(), 1);
@@ -148,22 +148,22 @@ TEST(Instances, TheSecondRestoresTheMaximizedFirst) {
 
 TEST(Instances, OfThreeStartedAtOnceOneStays) {
     Home home;
-    std::vector<std::unique_ptr<ChildProcess>> copies;
+    std::vector<std::unique_ptr<ChildProcess>> instances;
     for (int number = 0; number < 3; ++number) {
-        copies.push_back(home.startProduct());
+        instances.push_back(home.startProduct());
     }
     const auto running = [&] {
-        return std::count_if(copies.begin(), copies.end(),
-                             [](const auto& copy) { return copy->runs(); });
+        return std::count_if(instances.begin(), instances.end(),
+                             [](const auto& instance) { return instance->runs(); });
     };
     ASSERT_TRUE(waitUntil([&] { return running() == 1; }));
-    for (const auto& copy : copies) {
-        if (copy->runs()) {
-            const ProgramWindow window(copy->pid());
+    for (const auto& instance : instances) {
+        if (instance->runs()) {
+            const ProgramWindow window(instance->pid());
             window.click("Scan Folders");
             window.waitForText("Choose Locations");
         } else {
-            EXPECT_EQ(copy->wait(), 0) << copy->errors();
+            EXPECT_EQ(instance->wait(), 0) << instance->errors();
         }
     }
 }
