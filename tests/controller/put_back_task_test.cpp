@@ -199,6 +199,7 @@ TEST_F(PutBackTest, AStopFinishesTheCurrentFileAndReportsTheRest) {
     ASSERT_TRUE(opens());
     holdPutBackOf("b2.jpg");
     click("putBackOk");
+    ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
     ASSERT_TRUE(comesTrue([this] { return window().putBackProgress->isVisible(); }));
     QTest::keyClick(window().focusWidget(), Qt::Key_Escape);
     barrier.open();
