@@ -81,7 +81,9 @@ void ImagePreview::start(const Request& request) {
             }
         },
         Qt::QueuedConnection);
-    process_->start(program_, QStringList());
+    // The process ends itself a second later if this thread is blocked.
+    const auto limit = std::chrono::ceil<std::chrono::seconds>(timeLimit_.intervalAsDuration());
+    process_->start(program_, {QString::number(limit.count() + 1)});
     if (process_->isWritable()) {
         process_->write(request.path.data(), static_cast<qint64>(request.path.size()));
         process_->closeWriteChannel();

@@ -26,17 +26,17 @@ void limit(Resource resource, rlim_t max) {
 
 }  // namespace
 
-void limitThisProcess() {
+void limitThisProcess(unsigned seconds) {
     endWithParent();
     limitThreadStacks();
 #ifdef TARVIN_SANITIZED  // several times slower
-    constexpr unsigned seconds = 20;
+    constexpr rlim_t cpuSeconds = 20;
 #else
-    constexpr unsigned seconds = 10;
+    constexpr rlim_t cpuSeconds = 10;
 #endif
     std::signal(SIGALRM, SIG_DFL);
     ::alarm(seconds);
-    limit(RLIMIT_CPU, seconds);  // in case a library changes the alarm
+    limit(RLIMIT_CPU, cpuSeconds);
     limit(RLIMIT_CORE, 0);
     // Writing to a file fails instead of killing the process: libraries try, for their caches.
     std::signal(SIGXFSZ, SIG_IGN);

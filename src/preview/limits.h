@@ -9,10 +9,10 @@ namespace tarvin {
 // MB before the first pixel. With the libraries and the preview that is less than 512 MB.
 
 /// Limits this process, which reads untrusted files: less than 512 MB of memory with shared
-/// libraries, 10 seconds of elapsed and of CPU time, no writing to files. Beyond that, allocations
-/// fail or the system kills it. It ends with its parent. For the whole process. Call at most once,
-/// before threads are started.
-void limitThisProcess();
+/// libraries, 10 seconds of CPU time, `seconds` of elapsed time, no writing to files. Beyond that,
+/// allocations fail or the system kills it. It ends with its parent. For the whole process. Call at
+/// most once, before threads are started.
+void limitThisProcess(unsigned seconds);
 
 /// Maximum memory of one decoded image in MiB; the rest is for the libraries.
 inline constexpr int decodedImageLimit = 384;

@@ -4,6 +4,7 @@
 #include "preview/limits.h"
 #include "preview/preview_format.h"
 
+#include <QByteArray>
 #include <QFile>
 #include <QGuiApplication>
 #include <QImageReader>
@@ -16,6 +17,13 @@
 namespace {
 
 constexpr qint64 maxPathBytes = 1024 * 1024;
+constexpr unsigned usualSeconds = 10;
+
+/// The limit of elapsed time: the first argument, or the usual one.
+unsigned secondsFrom(int argc, char** argv) {
+    const unsigned seconds = argc > 1 ? QByteArray(argv[1]).toUInt() : 0;
+    return seconds > 0 ? seconds : usualSeconds;
+}
 
 /// Text in SVG images requires a QGuiApplication. Prevents it from connecting to a display or a
 /// message bus.
@@ -79,7 +87,7 @@ extern "C" int __lsan_is_turned_off() {  // NOLINT(readability-identifier-naming
 #endif
 
 int main(int argc, char** argv) {
-    tarvin::limitThisProcess();
+    tarvin::limitThisProcess(secondsFrom(argc, argv));
     prepareForNoDesktop();
     const QGuiApplication application(argc, argv);
     const auto descriptor = tarvin::systemFileSystem().openFile(pathFromInput());

@@ -7,7 +7,8 @@
 
 namespace tarvin {
 
-// The protocol of the preview program. Its standard input is the path of one file, in native bytes.
+// The protocol of the preview program. Its argument is the limit of elapsed time in seconds, by
+// default 10. Its standard input is the path of one file, in native bytes.
 // To standard output it writes, as far as it gets, the size of the image and then the preview: each
 // begins with width and height as little-endian 32-bit numbers; the preview's pixels follow row by
 // row as premultiplied ARGB. Pure, unless stated otherwise.

@@ -149,5 +149,18 @@ TEST_F(ImagePreviewOfHarm, EndsAnIdleProcessOfItself) {
     process.waitForFinished();
 }
 
+TEST_F(ImagePreviewOfHarm, EndsItselfAfterTheGivenSeconds) {
+    QProcess process;
+    process.start(previewProgram(), {QStringLiteral("1")});
+    ASSERT_TRUE(process.waitForStarted());
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_TRUE(process.waitForFinished(25'000));
+    EXPECT_EQ(process.exitStatus(), QProcess::CrashExit);
+    // Before the usual limit.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 9s);
+    process.kill();
+    process.waitForFinished();
+}
+
 }  // namespace
 }  // namespace tarvin

@@ -2,6 +2,7 @@
 
 #include "controller/image_preview_fixture.h"
 #include "controller/preview_program.h"
+#include "support/file_content.h"
 #include "support/image_bytes.h"
 #include "support/sample_images.h"
 
@@ -13,6 +14,7 @@
 #include <chrono>
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tarvin {
@@ -313,6 +315,19 @@ TEST_F(ImagePreviewRequests, FailWithAnotherProgram) {
     answerOf("kill -SEGV $$\n");
     answerOf("exec cat /dev/zero\n");  // not a size, and endless
     answerOf("echo 0\n");
+}
+
+TEST_F(ImagePreviewRequests, GiveTheProgramASecondMoreThanTheirTimeLimit) {
+    const std::string given = tree_.pathOf("given");
+    const std::string path = tree_.writeFile("program", "#!/bin/sh\necho \"$@\" >" + given + '\n');
+    std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+    for (const auto& [limit, text] : {std::pair(10'000ms, "11\n"), std::pair(20'500ms, "22\n")}) {
+        ImagePreview preview(QString::fromStdString(path), limit);
+        QSignalSpy nothing(&preview, &ImagePreview::nothing);
+        preview.resizeImageAtPath("/a.png", 252, 189);
+        EXPECT_TRUE(nothing.wait(20'000));
+        EXPECT_EQ(contentOf(given), text);
+    }
 }
 
 }  // namespace
