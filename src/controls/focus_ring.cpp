@@ -37,11 +37,6 @@ FocusRing::FocusRing(QWidget& target, Position position, const QColor& color)
     setObjectName(QStringLiteral("focusRing"));
 }
 
-void FocusRing::setColor(const QColor& color) {
-    color_ = color;
-    update();
-}
-
 void FocusRing::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     paintFocusRing(painter, rect(), color_);

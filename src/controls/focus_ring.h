@@ -30,14 +30,11 @@ class FocusRing final : public AttachedDrawing {
 
     FocusRing(QWidget& target, Position position, const QColor& color);
 
-    void setColor(const QColor& color);
-    [[nodiscard]] QColor color() const { return color_; }
-
  protected:
     void paintEvent(QPaintEvent* event) override;
 
  private:
-    QColor color_;
+    const QColor color_;
 };
 
 }  // namespace tarvin
