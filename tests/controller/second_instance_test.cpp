@@ -1,9 +1,7 @@
 #include "controller/single_instance.h"
+#include "support/logged.h"
 
 #include <gtest/gtest.h>
-
-#include <QStringList>
-#include <QtGlobal>
 
 namespace tarvin {
 namespace {
@@ -27,24 +25,6 @@ class BusyFirstInstance final : public RunningInstances {
     }
 
     std::vector<std::string> offered;
-};
-
-/// Collects the messages logged by Qt during its lifetime. One at a time.
-class Logged final {
- public:
-    Logged() {
-        lines.clear();
-        before_ = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext&, const QString& text) { lines.append(text); });
-    }
-    Logged(const Logged&) = delete;
-    Logged& operator=(const Logged&) = delete;
-    ~Logged() { qInstallMessageHandler(before_); }
-
-    static inline QStringList lines;
-
- private:
-    QtMessageHandler before_ = nullptr;
 };
 
 TEST(SecondInstanceTest, LogsNothingIfTheFirstTakesNoFolders) {
