@@ -1,5 +1,7 @@
 #include "controls/control_fixture.h"
 
+#include "support/on_screen.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -87,6 +89,18 @@ QColor ControlFixture::at(double x, double y) {
     const double ratio = whole.devicePixelRatio();
     return whole.pixelColor(static_cast<int>(std::floor(x * ratio)),
                             static_cast<int>(std::floor(y * ratio)));
+}
+
+bool ControlFixture::isShownAt(double x, double y, const QColor& color) const {
+    return QTest::qWaitFor(
+        [&] {
+            const QImage whole = onScreen(window_);
+            const double ratio = window_.devicePixelRatio();
+            return isNear(whole.pixelColor(static_cast<int>(std::floor(x * ratio)),
+                                           static_cast<int>(std::floor(y * ratio))),
+                          color);
+        },
+        20'000);
 }
 
 bool ControlFixture::holds(const QRect& part, const QColor& color) {

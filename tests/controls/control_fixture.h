@@ -64,6 +64,10 @@ class ControlFixture final {
     /// pixel ratio 2.
     [[nodiscard]] QColor at(double x, double y);
 
+    /// Waits until a point of the window has a colour on the screen, with a tolerance of 2. Unlike
+    /// at() it does not paint: a missing update() is visible. Returns false after 20 s.
+    [[nodiscard]] bool isShownAt(double x, double y, const QColor& color) const;
+
     /// Whether an area of the window contains a colour, with a tolerance of 2.
     [[nodiscard]] bool holds(const QRect& part, const QColor& color);
 

@@ -280,6 +280,16 @@ TEST(HoverButton, AQuietOneChangesItsColoursWhenDisabled) {
     EXPECT_FALSE(fixture.holds(hoverButtonGeometry, QColor(20, 36, 46)));
 }
 
+TEST(HoverButton, AQuietOneHasItsOwnTitleColourOnlyWhileEnabled) {
+    ControlFixture bench;
+    auto& button = bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QString());
+    button.setAttributedTitle(setAttributes(Qt::red, QStringLiteral("HHH"), 13));
+    EXPECT_TRUE(bench.holds(hoverButtonPlace, Qt::red));
+    button.setEnabled(false);
+    EXPECT_FALSE(bench.holds(hoverButtonPlace, Qt::red));
+    EXPECT_TRUE(bench.holds(hoverButtonPlace, QColor(138, 151, 159)));
+}
+
 TEST(HoverButton, OnTheGrayBarADisabledQuietOneIsDarker) {
     ControlFixture fixture(look::barGray);
     auto& button =
@@ -318,6 +328,16 @@ TEST(HoverButton, RoundedCornersShowTheBackground) {
     EXPECT_THAT(fixture.at(20, 20), IsRgb(243, 246, 248));
     EXPECT_THAT(fixture.at(20.5, 38), IsRgb(14, 116, 138));
     EXPECT_THAT(fixture.at(80, 20.5), IsRgb(14, 116, 138));
+}
+
+TEST(HoverButton, SettingItsLookRepaints) {
+    ControlFixture bench;
+    auto& button = addFilled(bench, look::deepTeal);
+    ASSERT_TRUE(bench.isShownAt(20, 20, QColor(14, 116, 138)));
+    button.setFill(look::panelBlue);
+    EXPECT_TRUE(bench.isShownAt(20, 20, QColor(30, 115, 165)));
+    button.setCornerRadius(10);
+    EXPECT_TRUE(bench.isShownAt(20, 20, QColor(243, 246, 248)));
 }
 
 TEST(HoverButton, ItsSizeFollowsItsKind) {

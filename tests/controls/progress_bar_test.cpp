@@ -149,6 +149,19 @@ TEST(ProgressBar, ASheenIsSeenWhileNothingIsDone) {
     EXPECT_THAT(fixture.at(120, 25), IsRgb(154, 218, 227));
 }
 
+TEST(ProgressBar, EndingTheSheenRepaints) {
+    ControlFixture bench;
+    auto& bar = bench.add<ProgressBar>(progressBarPlace);
+    bar.setTotal(100);
+    bar.setDone(50);
+    bar.setSheen(true);
+    bar.clock().stop();
+    bar.clock().setPhase(110.0 / 320);
+    ASSERT_TRUE(bench.isShownAt(70, 25, QColor(90, 190, 205)));
+    bar.setSheen(false);
+    EXPECT_TRUE(bench.isShownAt(70, 25, QColor(0, 155, 178)));
+}
+
 TEST(ProgressBar, TheSheenIsOffWithReducedMotion) {
     setReducedMotion(true);
     ControlFixture fixture;

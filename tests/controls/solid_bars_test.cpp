@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QTest>
+
 namespace tarvin {
 namespace {
 
@@ -56,6 +58,15 @@ TEST(SolidBars, AColourSetOnTheOtherBarsIsNeverSeen) {
     EXPECT_THAT(fixture.at(50, 120), IsRgb(193, 193, 193));
     EXPECT_EQ(white.fillColor(), QColor(255, 255, 255));
     EXPECT_EQ(gray.fillColor(), QColor(193, 193, 193));
+}
+
+TEST(SolidBars, SettingAColourRepaints) {
+    ControlFixture bench;
+    auto& bar = bench.add<ViewTopBar>(solidBarsPlace);
+    ASSERT_TRUE(bench.isShownAt(50, 30, QColor(31, 100, 134)));
+    bar.setFillColor(Qt::red);
+    // Painting restores the colour.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.fillColor() == QColor(31, 100, 134); }, 20'000));
 }
 
 }  // namespace

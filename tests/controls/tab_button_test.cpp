@@ -42,6 +42,12 @@ TEST_F(TabButtonTest, TheDisabledOneLooksSelected) {
     EXPECT_TRUE(fixture.holds(tabButtonGeometry, QColor(11, 97, 115)));
 }
 
+TEST_F(TabButtonTest, HeldDownAnUnselectedOneIsTintedWithoutALine) {
+    tab.setDown(true);
+    EXPECT_THAT(bench.at(22, 22), IsRgb(230, 244, 247));
+    EXPECT_THAT(bench.at(80, 58), IsRgb(230, 244, 247));
+}
+
 TEST_F(TabButtonTest, TheSelectedOneIsOpaqueWhateverItsAlpha) {
     tab.setEnabled(false);
     for (const double alpha : {0.5, 0.7, 0.0}) {
