@@ -241,6 +241,31 @@ TEST_F(AccessibleListTest, CellsOfRemovedRowsAreInvalid) {
               QStringLiteral("IMG_2041 copy.jpg"));
 }
 
+TEST_F(AccessibleListTest, AnotherModelDeletesTheCellsOfBefore) {
+    QAccessibleTableInterface* told =
+        QAccessible::queryAccessibleInterface(&table)->tableInterface();
+    QAccessibleInterface* box = cell(table, 1, ResultTable::ButtonCell);
+    const QAccessible::Id first = QAccessible::uniqueId(box);
+    const QAccessible::Id title =
+        QAccessible::uniqueId(box->tableCellInterface()->columnHeaderCells().front());
+    QAccessibleTableModelChangeEvent marked(&table, QAccessibleTableModelChangeEvent::DataChanged);
+    told->modelChange(&marked);
+    EXPECT_EQ(QAccessible::accessibleInterface(first), box);
+    QAccessibleTableModelChangeEvent reset(&table, QAccessibleTableModelChangeEvent::ModelReset);
+    told->modelChange(&reset);
+    EXPECT_EQ(QAccessible::accessibleInterface(first), nullptr);
+    EXPECT_EQ(QAccessible::accessibleInterface(title), nullptr);
+}
+
+TEST_F(AccessibleListTest, RowsOfTheTreeAreTreeItemsAndThoseOfTablesCells) {
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&tree)->role(), QAccessible::Tree);
+    EXPECT_EQ(cell(tree, 0, ResultTreeView::name)->role(), QAccessible::TreeItem);
+    EXPECT_EQ(cell(tree, 1, ResultTreeView::check)->role(), QAccessible::TreeItem);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&table)->role(), QAccessible::Table);
+    EXPECT_EQ(cell(table, 0, ResultTable::nameText)->role(), QAccessible::Cell);
+    EXPECT_EQ(cell(locations, 0, LocationTable::mainCell)->role(), QAccessible::Cell);
+}
+
 TEST_F(AccessibleListTest, MixedMarksAreDescribed) {
     EXPECT_TRUE(cell(tree, 1, ResultTreeView::check)->state().checkStateMixed);
     EXPECT_FALSE(cell(tree, 1, ResultTreeView::check)->state().checked);

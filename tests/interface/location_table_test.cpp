@@ -1,6 +1,7 @@
 #include "controls/hover_button.h"
 #include "interface/frames.h"
 #include "interface/shown_window.h"
+#include "support/on_screen.h"
 
 #include <QAction>
 #include <QDragEnterEvent>
@@ -13,10 +14,11 @@ namespace tarvin {
 
 namespace {
 
-/// The colour of the second pixel from the left: inside a thin outline, part of a wide one.
-QColor edgeOf(LocationFrame& frame) {
-    const QImage image = frame.grab().toImage();
-    const double ratio = image.devicePixelRatio();
+/// The colour on the screen of the second pixel from the left: inside a thin outline, part of a
+/// wide one.
+QColor edgeOf(const LocationFrame& frame) {
+    const QImage image = onScreen(frame);
+    const double ratio = frame.devicePixelRatio();
     return image.pixelColor(static_cast<int>(1.5 * ratio), image.height() / 2);
 }
 
@@ -256,6 +258,18 @@ TEST_F(LocationTableTest, AnEmptyListShowsItsLine) {
     rows.removeRows(0, 2);
 
     EXPECT_GT(inkInTheMiddle(), 50);
+}
+
+TEST_F(LocationTableTest, AnotherLineForAnEmptyListIsShown) {
+    rows.removeRows(0, 2);
+    // No painting is pending.
+    ASSERT_TRUE(isUpToDate(*table.viewport()));
+    const QImage before = onScreen(*table.viewport());
+
+    table.setEmptyText(QStringLiteral("Nothing to scan."));
+
+    EXPECT_TRUE(onScreen(*table.viewport()) != before);
+    EXPECT_TRUE(isUpToDate(*table.viewport()));
 }
 
 TEST_F(LocationTableTest, TheMenuKnowsItsRow) {

@@ -1,4 +1,5 @@
 #include "controls/button_settings_saved.h"
+#include "controls/focus_ring.h"
 #include "controls/hover_button.h"
 #include "controls/view_settings_saved.h"
 #include "interface/about_panel.h"
@@ -219,6 +220,18 @@ TEST_F(NoticeTest, AboutIsCentred) {
     EXPECT_EQ(geometryOf(window.windowAboutPanel), QRect(298, 120, 420, 288));
     resizeTo({1400, 900});
     EXPECT_EQ(geometryOf(window.windowAboutPanel), QRect(490, 305, 420, 288));
+}
+
+TEST_F(NoticeTest, TheFocusRingOfTheCrossOfAboutIsInsideIt) {
+    window.showAbout();
+    window.windowAboutPanel->closeButton->setFocus(Qt::TabFocusReason);
+    window.windowAboutPanel->closeButton->clearFocus();
+    window.windowAboutPanel->closeButton->setFocus(Qt::TabFocusReason);
+
+    const auto* ring = window.windowAboutPanel->findChild<FocusRing*>();
+    ASSERT_NE(ring, nullptr);
+    EXPECT_TRUE(ring->isVisible());
+    EXPECT_EQ(ring->geometry(), QRect(393, 3, 24, 23));
 }
 
 TEST_F(NoticeTest, AboutClosesByItsCrossAndByEsc) {

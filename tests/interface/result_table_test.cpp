@@ -7,9 +7,12 @@
 #include <QAccessible>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolTip>
+#include <utility>
+#include <vector>
 
 namespace tarvin {
 
@@ -74,6 +77,17 @@ TEST_F(ResultTableTest, AClickOnABoxEndsInTheBoxWhereItBegan) {
     QTest::mouseRelease(table.viewport(), Qt::LeftButton, {}, first);
     QTest::mouseClick(table.viewport(), Qt::RightButton, {}, first);
     EXPECT_EQ(clicked.size(), 0);
+}
+
+TEST_F(ResultTableTest, APressOnABoxThatIsDraggedSelectsNothing) {
+    const QPoint box = middleOf(0, ResultTable::ButtonCell);
+    const QPoint place = middleOf(2, ResultTable::nameText);
+    QTest::mousePress(table.viewport(), Qt::LeftButton, {}, box);
+    QMouseEvent move(QEvent::MouseMove, place, table.viewport()->mapToGlobal(place), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(table.viewport(), &move);
+    QTest::mouseRelease(table.viewport(), Qt::LeftButton, {}, place);
+    EXPECT_TRUE(table.selectionModel()->selectedIndexes().isEmpty());
 }
 
 TEST_F(ResultTableTest, ARowRemovedDuringAPressReportsNothing) {
@@ -164,6 +178,28 @@ TEST_F(ResultTableTest, ALetterFindsAName) {
     table.selectRow(0);
     QTest::keyClick(&table, Qt::Key_L);
     EXPECT_EQ(table.currentIndex().row(), 3);
+}
+
+TEST_F(ResultTableTest, AKeyThatCannotMoveSelectsTheCurrentRow) {
+    const std::vector<std::pair<Qt::Key, int>> keys = {{Qt::Key_Up, 0},     {Qt::Key_Home, 0},
+                                                       {Qt::Key_PageUp, 0}, {Qt::Key_Down, 4},
+                                                       {Qt::Key_End, 4},    {Qt::Key_PageDown, 4}};
+    const auto press = [this](Qt::Key key, int row) {
+        table.selectionModel()->clearSelection();
+        table.selectionModel()->setCurrentIndex(files.index(row, ResultTable::nameText),
+                                                QItemSelectionModel::NoUpdate);
+        EXPECT_EQ(table.selectedRow(), -1);
+        QTest::keyClick(&table, key);
+        return table.selectedRow();
+    };
+    for (const auto& [key, row] : keys) {
+        EXPECT_EQ(press(key, row), row) << key;
+    }
+    // As while a panel covers the list.
+    table.setSelectionMode(QAbstractItemView::NoSelection);
+    for (const auto& [key, row] : keys) {
+        EXPECT_EQ(press(key, row), -1) << key;
+    }
 }
 
 TEST_F(ResultTableTest, WithoutARowKeysReportNothing) {
@@ -288,11 +324,18 @@ TEST_F(ResultTableTipTest, TheModelsOwnTipIsPreferred) {
 }
 
 TEST_F(ResultTableTipTest, FittingTextsAndBoxesHaveNoTip) {
-    ask(3, ResultTable::fileLocation);
+    const auto isHidden = [] { return !QToolTip::isVisible(); };
+    QToolTip::hideText();
+    ASSERT_TRUE(QTest::qWaitFor(isHidden, 20000));
     ask(0, ResultTable::nameText);
-    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 20000));
+    EXPECT_EQ(QToolTip::text(), QString());
     ask(0, ResultTable::ButtonCell);
-    EXPECT_FALSE(QToolTip::isVisible());
+    EXPECT_EQ(QToolTip::text(), QString());
+    // The tip of another cell is hidden.
+    ask(3, ResultTable::fileLocation);
+    EXPECT_TRUE(QToolTip::isVisible());
+    ask(0, ResultTable::nameText);
+    EXPECT_TRUE(QTest::qWaitFor(isHidden, 20000));
 }
 
 TEST_F(ResultTableTest, AssistiveTechnologyFindsNamesAndStates) {

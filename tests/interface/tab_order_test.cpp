@@ -69,6 +69,40 @@ TEST_F(TabOrderTest, DisabledControlsArePassedOver) {
                              "removeFromListExactBtn"));
 }
 
+TEST_F(TabOrderTest, AButtonOfTheLocationsDisabledWithTheFocusPassesItOn) {
+    window.selectTabViewItem(QStringLiteral("2"));
+    const auto afterDisabling = [this](const char* button) {
+        control(button)->setFocus();
+        control(button)->setEnabled(false);
+        const QString next = holder();
+        control(button)->setEnabled(true);
+        return next;
+    };
+    EXPECT_EQ(afterDisabling("backFolderButton"), QStringLiteral("nextFolderButton"));
+    EXPECT_EQ(afterDisabling("nextFolderButton"), QStringLiteral("backFolderButton"));
+    EXPECT_EQ(afterDisabling("markAllExactBtn"), QStringLiteral("unmarkAllExactBtn"));
+    EXPECT_EQ(afterDisabling("unmarkAllExactBtn"), QStringLiteral("markAllExactBtn"));
+    EXPECT_EQ(afterDisabling("removeFromListExactBtn"), QStringLiteral("tableExact"));
+    EXPECT_EQ(afterDisabling("findDuplicateExact"), QStringLiteral("tableExact"));
+    for (const char* counterpart : {"backFolderButton", "markAllExactBtn"}) {
+        control(counterpart)->setEnabled(false);
+    }
+    EXPECT_EQ(afterDisabling("nextFolderButton"), QStringLiteral("tableExact"));
+    EXPECT_EQ(afterDisabling("unmarkAllExactBtn"), QStringLiteral("tableExact"));
+}
+
+TEST_F(TabOrderTest, TheListShowsNoFocusAfterAClickHasDisabledItsButton) {
+    window.selectTabViewItem(QStringLiteral("2"));
+    auto& remove = *control<QAbstractButton>("removeFromListExactBtn");
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, placeOf(&remove).center());
+    ASSERT_EQ(window.focusWidget(), &remove);
+
+    remove.setEnabled(false);
+
+    EXPECT_EQ(holder(), QStringLiteral("tableExact"));
+    EXPECT_FALSE(window.locations->tableExact->showsFocus());
+}
+
 TEST_F(TabOrderTest, ProgressBeginsOnPause) {
     window.buttonHelpManual->setEnabled(false);
     window.selectTabViewItem(QStringLiteral("5"));
