@@ -281,13 +281,13 @@ TEST(HoverButton, AQuietOneChangesItsColoursWhenDisabled) {
 }
 
 TEST(HoverButton, AQuietOneHasItsOwnTitleColourOnlyWhileEnabled) {
-    ControlFixture bench;
-    auto& button = bench.add<HoverButton>(hoverButtonPlace, Kind::quiet, QString());
+    ControlFixture fixture;
+    auto& button = fixture.add<HoverButton>(hoverButtonGeometry, Kind::quiet, QString());
     button.setAttributedTitle(setAttributes(Qt::red, QStringLiteral("HHH"), 13));
-    EXPECT_TRUE(bench.holds(hoverButtonPlace, Qt::red));
+    EXPECT_TRUE(fixture.holds(hoverButtonGeometry, Qt::red));
     button.setEnabled(false);
-    EXPECT_FALSE(bench.holds(hoverButtonPlace, Qt::red));
-    EXPECT_TRUE(bench.holds(hoverButtonPlace, QColor(138, 151, 159)));
+    EXPECT_FALSE(fixture.holds(hoverButtonGeometry, Qt::red));
+    EXPECT_TRUE(fixture.holds(hoverButtonGeometry, QColor(138, 151, 159)));
 }
 
 TEST(HoverButton, OnTheGrayBarADisabledQuietOneIsDarker) {
@@ -331,13 +331,13 @@ TEST(HoverButton, RoundedCornersShowTheBackground) {
 }
 
 TEST(HoverButton, SettingItsLookRepaints) {
-    ControlFixture bench;
-    auto& button = addFilled(bench, look::deepTeal);
-    ASSERT_TRUE(bench.isShownAt(20, 20, QColor(14, 116, 138)));
+    ControlFixture fixture;
+    auto& button = addFilled(fixture, look::deepTeal);
+    ASSERT_TRUE(fixture.isShownAt(20, 20, QColor(14, 116, 138)));
     button.setFill(look::panelBlue);
-    EXPECT_TRUE(bench.isShownAt(20, 20, QColor(30, 115, 165)));
+    EXPECT_TRUE(fixture.isShownAt(20, 20, QColor(30, 115, 165)));
     button.setCornerRadius(10);
-    EXPECT_TRUE(bench.isShownAt(20, 20, QColor(243, 246, 248)));
+    EXPECT_TRUE(fixture.isShownAt(20, 20, QColor(243, 246, 248)));
 }
 
 TEST(HoverButton, ItsSizeFollowsItsKind) {

@@ -15,7 +15,7 @@ namespace {
 class MenuButtonTest : public testing::Test {
  protected:
     MenuButtonTest()
-        : button(bench.add<MenuButton>(QRect(20, 20, 29, 29), QStringLiteral("ui/more"), &menu)) {
+        : button(fixture.add<MenuButton>(QRect(20, 20, 29, 29), QStringLiteral("ui/more"), &menu)) {
         menu.addAction(QStringLiteral("Help"));
     }
 
@@ -24,19 +24,19 @@ class MenuButtonTest : public testing::Test {
     }
 
     QMenu menu;
-    ControlFixture bench{look::topBar};
+    ControlFixture fixture{look::topBar};
     MenuButton& button;
 };
 
 TEST_F(MenuButtonTest, LooksPressedWhileItsMenuIsOpen) {
-    ASSERT_TRUE(bench.isShownAt(22, 22, QColor(31, 100, 134)));
-    menu.popup(bench.window().mapToGlobal(QPoint(150, 100)));
+    ASSERT_TRUE(fixture.isShownAt(22, 22, QColor(31, 100, 134)));
+    menu.popup(fixture.window().mapToGlobal(QPoint(150, 100)));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu, 20'000));
     EXPECT_TRUE(button.isOpen());
-    EXPECT_TRUE(bench.isShownAt(22, 22, QColor(71, 128, 156)));
+    EXPECT_TRUE(fixture.isShownAt(22, 22, QColor(71, 128, 156)));
     menu.close();
     EXPECT_FALSE(button.isOpen());
-    EXPECT_TRUE(bench.isShownAt(22, 22, QColor(31, 100, 134)));
+    EXPECT_TRUE(fixture.isShownAt(22, 22, QColor(31, 100, 134)));
 }
 
 TEST_F(MenuButtonTest, AssistiveTechnologyPressesAndFocusesIt) {

@@ -9,8 +9,8 @@ namespace tarvin {
 namespace {
 
 TEST(LoopClock, StoppingOneThatDoesNotRunLogsNothing) {
-    ControlFixture bench;
-    auto& owner = bench.add<QWidget>(QRect(20, 20, 10, 10));
+    ControlFixture fixture;
+    auto& owner = fixture.add<QWidget>(QRect(20, 20, 10, 10));
     LoopClock clock(owner, 1000);
     const Logged logged;
     clock.stop();

@@ -114,14 +114,14 @@ TEST_F(PopUpButtonTest, ItsClosedListUpdatesItsHoverState) {
 TEST_F(PopUpButtonTest, AClosedMenuRepaintsIt) {
     QMenu menu;
     menu.addAction(QStringLiteral("Ascending"));
-    bench.movePointerTo(button);
-    ASSERT_TRUE(bench.isShownAt(20, 36, QColor(148, 161, 169)));
+    fixture.movePointerTo(button);
+    ASSERT_TRUE(fixture.isShownAt(20, 36, QColor(148, 161, 169)));
     const UntoldPointer untold;
-    menu.popup(bench.window().mapToGlobal(QPoint(150, 100)));
+    menu.popup(fixture.window().mapToGlobal(QPoint(150, 100)));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu, 20000));
-    bench.loseThePointer();
+    fixture.loseThePointer();
     menu.close();
-    EXPECT_TRUE(bench.isShownAt(20, 36, QColor(107, 124, 135)));
+    EXPECT_TRUE(fixture.isShownAt(20, 36, QColor(107, 124, 135)));
 }
 
 TEST_F(PopUpButtonTest, EnablingUpdatesItsHoverState) {

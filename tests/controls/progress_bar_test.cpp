@@ -150,16 +150,16 @@ TEST(ProgressBar, ASheenIsSeenWhileNothingIsDone) {
 }
 
 TEST(ProgressBar, EndingTheSheenRepaints) {
-    ControlFixture bench;
-    auto& bar = bench.add<ProgressBar>(progressBarPlace);
+    ControlFixture fixture;
+    auto& bar = fixture.add<ProgressBar>(progressBarGeometry);
     bar.setTotal(100);
     bar.setDone(50);
     bar.setSheen(true);
     bar.clock().stop();
     bar.clock().setPhase(110.0 / 320);
-    ASSERT_TRUE(bench.isShownAt(70, 25, QColor(90, 190, 205)));
+    ASSERT_TRUE(fixture.isShownAt(70, 25, QColor(90, 190, 205)));
     bar.setSheen(false);
-    EXPECT_TRUE(bench.isShownAt(70, 25, QColor(0, 155, 178)));
+    EXPECT_TRUE(fixture.isShownAt(70, 25, QColor(0, 155, 178)));
 }
 
 TEST(ProgressBar, TheSheenIsOffWithReducedMotion) {

@@ -61,9 +61,9 @@ TEST(SolidBars, AColourSetOnTheOtherBarsIsNeverSeen) {
 }
 
 TEST(SolidBars, SettingAColourRepaints) {
-    ControlFixture bench;
-    auto& bar = bench.add<ViewTopBar>(solidBarsPlace);
-    ASSERT_TRUE(bench.isShownAt(50, 30, QColor(31, 100, 134)));
+    ControlFixture fixture;
+    auto& bar = fixture.add<ViewTopBar>(solidBarsGeometry);
+    ASSERT_TRUE(fixture.isShownAt(50, 30, QColor(31, 100, 134)));
     bar.setFillColor(Qt::red);
     // Painting restores the colour.
     EXPECT_TRUE(QTest::qWaitFor([&] { return bar.fillColor() == QColor(31, 100, 134); }, 20'000));

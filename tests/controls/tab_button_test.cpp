@@ -44,8 +44,8 @@ TEST_F(TabButtonTest, TheDisabledOneLooksSelected) {
 
 TEST_F(TabButtonTest, HeldDownAnUnselectedOneIsTintedWithoutALine) {
     tab.setDown(true);
-    EXPECT_THAT(bench.at(22, 22), IsRgb(230, 244, 247));
-    EXPECT_THAT(bench.at(80, 58), IsRgb(230, 244, 247));
+    EXPECT_THAT(fixture.at(22, 22), IsRgb(230, 244, 247));
+    EXPECT_THAT(fixture.at(80, 58), IsRgb(230, 244, 247));
 }
 
 TEST_F(TabButtonTest, TheSelectedOneIsOpaqueWhateverItsAlpha) {

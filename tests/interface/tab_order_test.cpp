@@ -94,7 +94,7 @@ TEST_F(TabOrderTest, AButtonOfTheLocationsDisabledWithTheFocusPassesItOn) {
 TEST_F(TabOrderTest, TheListShowsNoFocusAfterAClickHasDisabledItsButton) {
     window.selectTabViewItem(QStringLiteral("2"));
     auto& remove = *control<QAbstractButton>("removeFromListExactBtn");
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, placeOf(&remove).center());
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, geometryOf(&remove).center());
     ASSERT_EQ(window.focusWidget(), &remove);
 
     remove.setEnabled(false);
