@@ -281,6 +281,14 @@ TEST_F(CleanAsking, YesMoves) {
     EXPECT_EQ(trashed().size(), 3U);
 }
 
+TEST_F(CleanAsking, TheWordYesMovesInAnyUsualCase) {
+    for (const char* text : {"Y\n", "yes\n", "Yes\n", "YES\n"}) {
+        writePhotos();
+        EXPECT_EQ(answer(text).status, 0);
+        EXPECT_EQ(leftOfThree() + leftOfTwo(), 2) << text;
+    }
+}
+
 TEST_F(CleanAsking, CountsOneFileInTheSingular) {
     folder_.writeFile("photos/a.jpg", "equal");
     folder_.writeFile("photos/b.jpg", "equal");
@@ -644,10 +652,13 @@ TEST_F(ExceptionsCommandTest, RefusesFoldersAndLinks) {
     const std::string link = folder_.makeLink("photos/link.jpg", "a.jpg");
     const ProgramResult result = tarvin({"exceptions", "add", photos() + "/b", link});
     EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.output, "");
     EXPECT_EQ(result.errors, "tarvin: cannot exclude '" + photos() +
                                  "/b': Is a folder\n"
                                  "tarvin: cannot exclude '" +
                                  link + "': not a regular file (scans skip it anyway)\n");
+    // Nothing was written.
+    EXPECT_FALSE(std::filesystem::exists(folder_.pathOf(std::string(ownFolder))));
     EXPECT_EQ(tarvin({"exceptions", "list"}).output, "");
 }
 

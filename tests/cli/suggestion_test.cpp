@@ -57,6 +57,9 @@ TEST(Suggestion, RejectsDistantWords) {
     EXPECT_EQ(nearest("xml", {"text", "json", "csv"}), "");
     EXPECT_EQ(nearest("scan", {}), "");
     EXPECT_EQ(nearest("-n", {"-y"}), "");
+    // As many edits as letters but one.
+    EXPECT_EQ(nearest("na", {"no"}), "");
+    EXPECT_EQ(nearest("casev", {"csv"}), "");
 }
 
 TEST(Suggestion, RejectsAKnownWord) {

@@ -41,6 +41,12 @@ TEST(Usage, AnUnknownCommandIsNamed) {
     expectRefusal({{""}, "tarvin: unknown command $''\nTry 'tarvin --help'.\n"});
 }
 
+TEST(Usage, AnUnknownCommandIsNamedWhateverFollowsIt) {
+    for (const char* word : {"--help", "--version", "scan", "totals", "--nonsense"}) {
+        expectRefusal({{"purge", word}, "tarvin: unknown command 'purge'\nTry 'tarvin --help'.\n"});
+    }
+}
+
 TEST(Usage, AMisspellingIsSuggestedNotRun) {
     const TemporaryFolder folder;
     folder.writeFile("a.jpg", "photo");
@@ -210,6 +216,17 @@ TEST(Usage, AnUnwritableOutputIsRefusedBeforeTheScan) {
                    "tarvin: cannot write '" + path + "': No such file or directory\n"});
     expectRefusal({{"scan", "--output", folder.path(), "/nonexistent"},
                    "tarvin: cannot write '" + folder.path() + "': Is a directory\n"});
+}
+
+TEST(Usage, AWriteProtectedOutputIsRefusedAndNotReplaced) {
+    const TemporaryFolder folder;
+    const std::string path = folder.writeFile("result", "old");
+    std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+    const ProgramResult result = runTarvin({"scan", "--output", path, "/nonexistent"},
+                                           {.folder = folder.path(), .obeysPermissions = true});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.errors, "tarvin: cannot write '" + path + "': Permission denied\n");
+    EXPECT_EQ(contentOf(path), "old");
 }
 
 TEST(Usage, WrongUsageLeavesAnOutputAlone) {
