@@ -63,6 +63,16 @@ TEST_F(StartWithoutADisplay, ReportsThatThereIsNoDisplay) {
               "'tarvin' does the same work in a terminal.\n");
 }
 
+TEST_F(StartWithoutADisplay, LeavesAnUnreachableDisplayToQt) {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET"}) {
+        const ProgramResult result =
+            runTarvin({"--nonsense"}, {.environment = {{name, "unreachable"}}});
+        EXPECT_NE(result.status, 0) << name;
+        EXPECT_EQ(result.errors.find("no display (DISPLAY and"), std::string::npos)
+            << name << ": " << result.errors;
+    }
+}
+
 TEST_F(StartWithoutADisplay, ReportsAnUnknownOption) {
     const TemporaryFolder folder;
     const std::string refusal =
