@@ -123,6 +123,16 @@ TEST_F(BrowsedList, LeavesTheFocusOnAButtonThatCanBePressedAgain) {
     EXPECT_TRUE(window().locations->backFolderButton->hasFocus());
 }
 
+TEST_F(BrowsedList, LeavesTheFocusOfAnotherControlWhenALevelIsLeftByItsShortcut) {
+    launch();
+    click("mainScanButtonFolder");
+    open("Documents");
+    control("addFolders")->setFocus();
+    QTest::keyClick(control("addFolders"), Qt::Key_Left, Qt::AltModifier);
+    ASSERT_FALSE(window().locations->backFolderButton->isEnabled());
+    EXPECT_TRUE(window().locations->addFolders->hasFocus());
+}
+
 TEST_F(BrowsedList, KeepsItsButtonsWhereALevelHasNothingToShow) {
     launch();
     click("mainScanButtonFolder");

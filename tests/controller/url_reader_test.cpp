@@ -119,6 +119,13 @@ TEST_F(UrlReaderTest, TakesUpToItsBound) {
     EXPECT_EQ(read(byScript("exec yes")), std::nullopt);
 }
 
+TEST_F(UrlReaderTest, EndsTheProgramAtTheFirstByteBeyondItsBound) {
+    // join() fails if it takes longer than its patience.
+    EXPECT_EQ(read(byScript("printf 123456; exec sleep 3600",
+                            {.time = std::chrono::minutes(1), .bytes = 5})),
+              std::nullopt);
+}
+
 TEST_F(UrlReaderTest, PassesTheUrlToTheProgram) {
     EXPECT_EQ(read(byScript("cat"), QStringLiteral("https://example.org/a b")),
               QByteArray("https://example.org/a%20b"));
