@@ -50,13 +50,32 @@ TEST_F(ImagePreviewOf, ShowsAllCommonFormats) {
 
 /// Formats without a Qt plug-in on some systems.
 TEST_F(ImagePreviewOf, ShowsWhatTheLibrariesOfTheSystemDecode) {
-    for (const char* const name : {"wide.heic", "wide.avif", "wide.jp2", "wide.j2k"}) {
+    for (const char* const name : {"wide.heic", "deep.heic", "wide.avif", "wide.jp2", "wide.j2k"}) {
         const QImage image = previewOf(sampleImage(name));
         EXPECT_EQ(image.size(), QSize(96, 48)) << name;
         EXPECT_TRUE(isNear(image.pixelColor(10, 25), Qt::red)) << name;
         EXPECT_TRUE(isNear(image.pixelColor(85, 25), Qt::blue)) << name;
         EXPECT_EQ(measured(), QSize(96, 48)) << name;
     }
+}
+
+TEST_F(ImagePreviewOf, FindsABrandAtTheEndOfTheFirstBox) {
+    std::string bytes = imagebytes::contentOf(sampleImage("wide.heic"));
+    const std::size_t end = static_cast<unsigned char>(bytes.at(3));
+    ASSERT_EQ(bytes.substr(4, 8), "ftypheic");
+    for (std::size_t brand = 8; brand < end; brand += 4) {
+        bytes.replace(brand, 4, brand + 4 < end ? "none" : "heic");
+    }
+    EXPECT_EQ(previewOf(tree_.writeFile("last.heic", bytes)).size(), QSize(96, 48));
+}
+
+/// A comment at the place of the first box of a HEIF image.
+TEST_F(ImagePreviewOf, ShowsAnotherFormatThatBeginsLikeAHeic) {
+    const std::string path = tree_.writeFile("a.pbm", "P1\n#ftypheic\n2 1\n1 0\n");
+    const QImage image = previewOf(path);
+    ASSERT_EQ(image.size(), QSize(2, 1));
+    EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::black));
+    EXPECT_EQ(image.pixelColor(1, 0), QColor(Qt::white));
 }
 
 TEST_F(ImagePreviewOf, AppliesTheOrientationOfAHeic) {
