@@ -320,6 +320,29 @@ TEST_F(ImagePreviewRequests, FailWithoutAProgram) {
     }
 }
 
+TEST_F(ImagePreviewRequests, ReportNoSizeAfterACancel) {
+    const auto exists = [this](const char* name) {
+        return std::filesystem::exists(tree_.pathOf(name));
+    };
+    // Writes the size 2 by 1 once it may.
+    const std::string path =
+        tree_.writeFile("program", "#!/bin/sh\ncd '" + tree_.path() + "'\n: >started\n" +
+                                       "while [ ! -e may-write ]; do sleep 0.01; done\n" +
+                                       "printf '\\002\\000\\000\\000\\001\\000\\000\\000'\n" +
+                                       ": >written\nexec sleep 3600\n");
+    std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+    ImagePreview preview(QString::fromStdString(path), timeLimit);
+    QSignalSpy measured(&preview, &ImagePreview::measured);
+    preview.resizeImageAtPath("/a.png", 252, 189);
+    ASSERT_TRUE(QTest::qWaitFor([&exists] { return exists("started"); }, 20'000));
+    tree_.writeFile("may-write", "");
+    // No events are processed, so that the size is still unread.
+    ASSERT_TRUE(waitUntil([&exists] { return exists("written"); }));
+    preview.cancel();
+    ASSERT_TRUE(QTest::qWaitFor([] { return childCount() == 0; }, 20'000));
+    EXPECT_EQ(measured.size(), 0);
+}
+
 TEST_F(ImagePreviewRequests, FailWithAnotherProgram) {
     const auto answerOf = [this](const std::string& script) {
         const std::string path = tree_.writeFile("program", "#!/bin/sh\n" + script);

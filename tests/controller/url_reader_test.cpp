@@ -2,10 +2,12 @@
 
 #include "controller/paths_of_build.h"
 #include "network/loopback_server.h"
+#include "support/file_content.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
+#include <QProcess>
 #include <QTest>
 #include <QTimer>
 #include <atomic>
@@ -142,6 +144,25 @@ TEST_F(UrlReaderTest, BringsNothingWithoutAProgram) {
     EXPECT_EQ(read(urlReaderFor(QString::fromStdString(folder_.writeFile("text", "no program")))),
               std::nullopt);
 }
+
+// The sanitizers reserve more than any limit.
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+TEST(UrlReaderProgram, LimitsItsMemoryToOneGibibyte) {
+    const LoopbackServer server([](QTcpSocket& /*connection*/) {});
+    QProcess program;
+    program.start(QString::fromStdString(urlReaderPath()));
+    program.write(server.url().toUtf8());
+    program.closeWriteChannel();
+    ASSERT_TRUE(QTest::qWaitFor([&server] { return server.requests.size() == 1; }, patience));
+    const std::string limits =
+        contentOf("/proc/" + std::to_string(program.processId()) + "/limits");
+    EXPECT_NE(limits.find("Max address space         1073741824           1073741824 "),
+              std::string::npos)
+        << limits;
+    program.kill();
+    EXPECT_TRUE(program.waitForFinished(patience));
+}
+#endif
 
 }  // namespace
 }  // namespace tarvin
