@@ -128,7 +128,8 @@ void AtomicFile::removeTemporary() const {
 void syncFolderOf(const std::string& path, FileCalls& calls) {
     const std::string folder = std::filesystem::path(path).parent_path().native();
     UniqueFd opened;
-    if (calls.openFolder(folder.empty() ? "." : folder.c_str(), opened) == 0) {
+    static_cast<void>(calls.openFolder(folder.empty() ? "." : folder.c_str(), opened));
+    if (opened) {
         static_cast<void>(calls.sync(opened.number()));
     }
 }
