@@ -8,7 +8,7 @@
 #include "cli/messages.h"
 #include "cli/scan_setup.h"
 #include "cli/terminal.h"
-#include "cli/value_texts.h"
+#include "report/value_texts.h"
 #include "scan/texts.h"
 #include "store/data_file.h"
 #include "text/shown_name.h"

@@ -3,10 +3,10 @@
 #include "clean/clean_up_run.h"
 #include "cli/command.h"
 #include "cli/folder_scan.h"
-#include "cli/output_file.h"
 #include "cli/scan_options.h"
 #include "model/deletion_walk.h"
 #include "platform/platform.h"
+#include "report/output_file.h"
 
 #include <atomic>
 #include <cstdint>

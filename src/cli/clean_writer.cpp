@@ -1,7 +1,8 @@
 #include "cli/clean_writer.h"
 
-#include "cli/csv_field.h"
-#include "cli/json_text.h"
+#include "cli/json_entries.h"
+#include "report/csv_field.h"
+#include "report/display.h"
 #include "scan/texts.h"
 #include "text/shown_name.h"
 #include "text/utf8.h"

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "clean/move_outcome.h"
-#include "cli/output.h"
-#include "cli/result_writer.h"
 #include "model/file.h"
+#include "report/output.h"
+#include "report/result_writer.h"
 
 #include <cstdint>
 #include <memory>

@@ -2,9 +2,9 @@
 
 #include "cli/choice.h"
 #include "cli/messages.h"
-#include "cli/terminal.h"
 #include "cli/usage_texts.h"
 #include "platform/result.h"
+#include "report/display.h"
 #include "text/shown_name.h"
 
 #include <CLI/CLI.hpp>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/command.h"
-#include "cli/output_file.h"
+#include "report/output_file.h"
 
 #include <functional>
 #include <memory>

@@ -2,7 +2,7 @@
 
 #include "cli/messages.h"
 #include "cli/progress_line.h"
-#include "cli/terminal.h"
+#include "report/display.h"
 
 #include <unistd.h>
 

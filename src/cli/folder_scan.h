@@ -1,9 +1,9 @@
 #pragma once
 
 #include "cli/scan_options.h"
-#include "cli/scan_report.h"
 #include "cli/scan_setup.h"
 #include "platform/platform.h"
+#include "report/scan_report.h"
 #include "scan/exception_filter.h"
 #include "scan/progress_mailbox.h"
 #include "scan/scan_run.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/output_file.h"
+#include "report/output_file.h"
 
 #include <atomic>
 #include <csignal>

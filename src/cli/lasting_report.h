@@ -1,10 +1,10 @@
 #pragma once
 
 #include "cli/command.h"
-#include "cli/output.h"
-#include "cli/output_file.h"
-#include "cli/result_writer.h"
 #include "platform/result.h"
+#include "report/output.h"
+#include "report/output_file.h"
+#include "report/result_writer.h"
 
 #include <memory>
 #include <optional>

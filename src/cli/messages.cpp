@@ -1,7 +1,7 @@
 #include "cli/messages.h"
 
-#include "cli/output.h"
-#include "cli/terminal.h"
+#include "report/display.h"
+#include "report/output.h"
 #include "text/shown_name.h"
 
 #include <unistd.h>

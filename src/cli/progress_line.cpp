@@ -1,8 +1,8 @@
 #include "cli/progress_line.h"
 
-#include "cli/output.h"
 #include "cli/terminal.h"
 #include "platform/threads.h"
+#include "report/output.h"
 #include "scan/texts.h"
 #include "text/shown_name.h"
 #include "text/utf8.h"

@@ -8,7 +8,7 @@
 #include "cli/restore_choice.h"
 #include "cli/terminal.h"
 #include "cli/usage_texts.h"
-#include "cli/value_texts.h"
+#include "report/value_texts.h"
 #include "scan/texts.h"
 #include "text/shown_name.h"
 

@@ -2,10 +2,10 @@
 
 #include "clean/put_back.h"
 #include "cli/command.h"
-#include "cli/output_file.h"
 #include "cli/restore_writer.h"
-#include "cli/result_writer.h"
 #include "platform/platform.h"
+#include "report/output_file.h"
+#include "report/result_writer.h"
 #include "store/clean_up_journal.h"
 #include "store/data_file.h"
 

@@ -1,7 +1,7 @@
 #include "cli/restore_writer.h"
 
-#include "cli/json_text.h"
-#include "cli/value_texts.h"
+#include "cli/json_entries.h"
+#include "report/value_texts.h"
 #include "scan/texts.h"
 #include "text/shown_name.h"
 #include "text/utf8.h"

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "clean/put_back.h"
-#include "cli/output.h"
-#include "cli/result_writer.h"
+#include "report/output.h"
+#include "report/result_writer.h"
 #include "store/clean_up_journal.h"
 
 #include <cstdint>

@@ -3,8 +3,8 @@
 #include "cli/common_options.h"
 #include "cli/folder_scan.h"
 #include "cli/interrupt.h"
-#include "cli/result_writer.h"
 #include "cli/scan_setup.h"
+#include "report/result_writer.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "cli/command.h"
-#include "cli/output_file.h"
 #include "cli/scan_options.h"
 #include "platform/platform.h"
+#include "report/output_file.h"
 #include "scan/exception_filter.h"
 
 namespace tarvin {

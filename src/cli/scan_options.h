@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/result_writer.h"
+#include "report/result_writer.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "cli/output_file.h"
 #include "cli/scan_options.h"
 #include "platform/platform.h"
+#include "report/output_file.h"
 #include "scan/exception_filter.h"
 #include "scan/location_row.h"
 #include "scan/unreadable.h"

@@ -1,6 +1,6 @@
 #include "cli/program_run.h"
-#include "cli/pseudo_terminal.h"
 #include "support/file_content.h"
+#include "support/pseudo_terminal.h"
 #include "support/temporary_folder.h"
 
 #include <fcntl.h>

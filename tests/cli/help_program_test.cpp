@@ -1,5 +1,5 @@
-#include "cli/pipe.h"
 #include "cli/program_run.h"
+#include "support/pipe.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
-#include "cli/pipe.h"
 #include "cli/program_run.h"
 #include "cli/result_json.h"
 #include "support/file_content.h"
+#include "support/pipe.h"
 #include "support/shell_command.h"
 #include "support/temporary_folder.h"
 

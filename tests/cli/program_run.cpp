@@ -1,6 +1,6 @@
 #include "cli/program_run.h"
 
-#include "cli/pipe.h"
+#include "support/pipe.h"
 #include "support/waiting.h"
 
 #include <fcntl.h>

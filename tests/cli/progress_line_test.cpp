@@ -1,6 +1,6 @@
 #include "cli/progress_line.h"
 
-#include "cli/pipe.h"
+#include "support/pipe.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "cli/program_run.h"
-#include "cli/pseudo_terminal.h"
+#include "support/pseudo_terminal.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "cli/pipe.h"
 #include "cli/restore_fixture.h"
+#include "support/pipe.h"
 
 #include <gmock/gmock.h>
 

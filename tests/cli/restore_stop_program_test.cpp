@@ -1,5 +1,5 @@
-#include "cli/pseudo_terminal.h"
 #include "cli/restore_fixture.h"
+#include "support/pseudo_terminal.h"
 #include "support/waiting.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 #include "cli/restore_writer.h"
 
-#include "cli/pipe.h"
 #include "cli/result_json.h"
+#include "support/pipe.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "cli/pipe.h"
 #include "cli/program_run.h"
 #include "cli/result_json.h"
+#include "support/pipe.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

@@ -30,7 +30,7 @@ enum class Library {
 struct Layer {
     std::string_view folder;
     /// Folders, with a trailing slash, or single headers.
-    std::array<std::string_view, 10> ours{};
+    std::array<std::string_view, 11> ours{};
     std::array<Library, 3> libraries{};
     /// Allowed in .cpp files, never in a header that others include.
     std::array<Library, 3> librariesInSources{};
@@ -47,6 +47,9 @@ constexpr std::array layers{
           .ours = {"platform/", "text/"},
           .librariesInSources = {Library::libplist, Library::sqlite}},
     Layer{.folder = "clean", .ours = {"model/", "platform/", "store/"}},
+    Layer{.folder = "report",
+          .ours = {"model/", "platform/", "scan/", "text/"},
+          .librariesInSources = {Library::system, Library::json}},
     Layer{.folder = "preview",
           .ours = {"platform/confinement.h", "platform/file_system.h"},
           .libraries = {Library::qt},
@@ -54,12 +57,13 @@ constexpr std::array layers{
     Layer{.folder = "network", .libraries = {Library::qt}, .librariesInSources = {Library::system}},
     Layer{.folder = "controls", .libraries = {Library::qt}},
     Layer{.folder = "interface", .ours = {"controls/"}, .libraries = {Library::qt}},
-    Layer{.folder = "controller",
-          .ours = {"model/", "text/shown_name.h", "scan/", "store/", "clean/", "platform/",
-                   "preview/preview_format.h", "network/read_bounds.h", "controls/", "interface/"},
-          .libraries = {Library::qt}},
+    Layer{
+        .folder = "controller",
+        .ours = {"model/", "text/shown_name.h", "scan/", "store/", "clean/", "report/", "platform/",
+                 "preview/preview_format.h", "network/read_bounds.h", "controls/", "interface/"},
+        .libraries = {Library::qt}},
     Layer{.folder = "cli",
-          .ours = {"model/", "scan/", "store/", "clean/", "platform/", "text/"},
+          .ours = {"model/", "scan/", "store/", "clean/", "report/", "platform/", "text/"},
           .libraries = {Library::cli11, Library::json},
           .librariesInSources = {Library::system}},
     Layer{.folder = "app",

@@ -103,7 +103,7 @@ TEST(IncludeRules, TheTerminalProgramMayIncludeTheWholeCore) {
 
 TEST(IncludeRules, NothingBelowTheWindowMayIncludeQt) {
     for (const std::string folder :
-         {"platform", "text", "model", "scan", "store", "clean", "cli"}) {
+         {"platform", "text", "model", "scan", "store", "clean", "report", "cli"}) {
         const std::string path = folder + "/a.cpp";
         EXPECT_THAT(includeBreaches(path, "#include <QString>\n"),
                     ElementsAre(path + ":1: " + folder + "/ may not include <QString>"));
@@ -137,7 +137,7 @@ TEST(IncludeRules, EachLibraryIsNamedOnlyInTheSourcesOfItsFolder) {
     for (const Row& row : rows) {
         const std::string line = "#include <" + row.header + ">\n";
         for (const std::string folder :
-             {"model", "scan", "store", "clean", "platform", "text", "cli"}) {
+             {"model", "scan", "store", "clean", "report", "platform", "text", "cli"}) {
             if (folder != row.home) {
                 EXPECT_THAT(includeBreaches(folder + "/a.cpp", line),
                             ElementsAre(folder + "/a.cpp:1: " + folder + "/ may not include <" +
@@ -151,10 +151,11 @@ TEST(IncludeRules, EachLibraryIsNamedOnlyInTheSourcesOfItsFolder) {
     }
 }
 
-TEST(IncludeRules, OnlyThePlatformAndTheTerminalProgramSpeakToTheSystem) {
+TEST(IncludeRules, OnlyThePlatformReportsAndTheTerminalProgramSpeakToTheSystem) {
     const std::string lines = "#include <unistd.h>\n#include <sys/stat.h>\n";
     EXPECT_THAT(includeBreaches("platform/linux/a.cpp", lines), IsEmpty());
     EXPECT_THAT(includeBreaches("cli/a.cpp", lines), IsEmpty());
+    EXPECT_THAT(includeBreaches("report/a.cpp", lines), IsEmpty());
     EXPECT_THAT(includeBreaches("cli/a.h", lines),
                 ElementsAre("cli/a.h:1: a header may not include <unistd.h>",
                             "cli/a.h:2: a header may not include <sys/stat.h>"));
@@ -169,6 +170,13 @@ TEST(IncludeRules, TheOptionAndJsonLibrariesBelongToTheTerminalProgram) {
     EXPECT_THAT(includeBreaches("store/a.cpp", lines),
                 ElementsAre("store/a.cpp:1: store/ may not include <CLI/CLI.hpp>",
                             "store/a.cpp:2: store/ may not include <nlohmann/json.hpp>"));
+}
+
+TEST(IncludeRules, ReportsUseTheJsonLibraryInTheirSources) {
+    const std::string line = "#include <nlohmann/json.hpp>\n";
+    EXPECT_THAT(includeBreaches("report/a.cpp", line), IsEmpty());
+    EXPECT_THAT(includeBreaches("report/a.h", line),
+                ElementsAre("report/a.h:1: a header may not include <nlohmann/json.hpp>"));
 }
 
 TEST(IncludeRules, EveryFolderMayIncludeTheStandardLibrary) {

@@ -1,10 +1,8 @@
-#include "cli/json_text.h"
+#include "report/json_text.h"
 
 #include "text/hexadecimal.h"
 #include "text/shown_name.h"
 #include "text/utf8.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <array>
@@ -23,24 +21,6 @@ void appendEscaped(char32_t codePoint, std::string& text) {
 }
 
 }  // namespace
-
-void JsonEntries::add(const nlohmann::ordered_json& entry) {
-    output_.append(isEmpty_ ? "\n    " : ",\n    ");
-    output_.append(harmlessJson(entry.dump()));
-    isEmpty_ = false;
-}
-
-void JsonEntries::close() {
-    output_.append(isEmpty_ ? "]" : "\n  ]");
-}
-
-void addPath(nlohmann::ordered_json& entry, const std::string& key, const std::string& path) {
-    const bool isUtf8 = isValidUtf8(path);
-    entry[key] = isUtf8 ? path : withBadBytesReplaced(path);
-    if (!isUtf8) {
-        entry[key + "Bytes"] = hexadecimal(path);
-    }
-}
 
 std::string harmlessJson(std::string text) {
     const bool isAscii =

@@ -1,7 +1,7 @@
-#include "cli/output_file.h"
+#include "report/output_file.h"
 
-#include "cli/pipe.h"
 #include "support/file_content.h"
+#include "support/pipe.h"
 #include "support/recording_file_calls.h"
 #include "support/temporary_folder.h"
 

@@ -1,6 +1,6 @@
-#include "cli/output.h"
+#include "report/output.h"
 
-#include "cli/pipe.h"
+#include "support/pipe.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

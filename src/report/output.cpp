@@ -1,4 +1,4 @@
-#include "cli/output.h"
+#include "report/output.h"
 
 #include <poll.h>
 #include <unistd.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/terminal.h"
+#include "report/display.h"
 
 #include <string>
 #include <string_view>

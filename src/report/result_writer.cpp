@@ -1,4 +1,4 @@
-#include "cli/result_writer.h"
+#include "report/result_writer.h"
 
 namespace tarvin {
 

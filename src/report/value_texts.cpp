@@ -1,4 +1,4 @@
-#include "cli/value_texts.h"
+#include "report/value_texts.h"
 
 #include <array>
 #include <chrono>

@@ -1,4 +1,4 @@
-#include "cli/scan_report.h"
+#include "report/scan_report.h"
 
 #include <algorithm>
 #include <cstddef>

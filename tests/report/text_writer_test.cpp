@@ -1,5 +1,5 @@
-#include "cli/fake_report.h"
-#include "cli/result_writer.h"
+#include "report/fake_report.h"
+#include "report/result_writer.h"
 
 #include <gtest/gtest.h>
 

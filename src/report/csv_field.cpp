@@ -1,4 +1,4 @@
-#include "cli/csv_field.h"
+#include "report/csv_field.h"
 
 #include "text/hexadecimal.h"
 #include "text/shown_name.h"

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "cli/output.h"
 #include "platform/atomic_file.h"
 #include "platform/result.h"
 #include "platform/unique_fd.h"
+#include "report/output.h"
 
 #include <memory>
 #include <optional>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "cli/pipe.h"
-#include "cli/result_writer.h"
-#include "cli/scan_report.h"
 #include "model/file_store.h"
+#include "report/result_writer.h"
+#include "report/scan_report.h"
 #include "scan/duplicate_finder.h"
+#include "support/pipe.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cli/output.h"
-#include "cli/scan_report.h"
+#include "report/output.h"
+#include "report/scan_report.h"
 
 #include <cstdint>
 

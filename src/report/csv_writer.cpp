@@ -1,6 +1,6 @@
-#include "cli/csv_field.h"
-#include "cli/result_writer.h"
-#include "cli/value_texts.h"
+#include "report/csv_field.h"
+#include "report/result_writer.h"
+#include "report/value_texts.h"
 #include "scan/category.h"
 
 #include <optional>

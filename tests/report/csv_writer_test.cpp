@@ -1,6 +1,6 @@
-#include "cli/csv_field.h"
-#include "cli/fake_report.h"
-#include "cli/result_writer.h"
+#include "report/csv_field.h"
+#include "report/fake_report.h"
+#include "report/result_writer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/output.h"
+#include "report/output.h"
 
 #include <nlohmann/json_fwd.hpp>
 
@@ -26,9 +26,5 @@ class JsonEntries final {
 /// Adds the path under `key` and, if it is not valid UTF-8, its bytes in hexadecimal under the key
 /// with "Bytes" behind it. Any thread.
 void addPath(nlohmann::ordered_json& entry, const std::string& key, const std::string& path);
-
-/// The same JSON with control and bidirectional characters escaped, as in "\u009b". JSON itself
-/// requires that only below U+0020. `text` must be UTF-8. Pure; any thread.
-[[nodiscard]] std::string harmlessJson(std::string text);
 
 }  // namespace tarvin
