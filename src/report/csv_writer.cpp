@@ -19,6 +19,7 @@ struct RowContext {
     Display display;
     std::string beginning;
     std::uint64_t setNumber = 0;
+    bool hasMarks = false;
 };
 
 void writeFile(const File& file, const RowContext& context, Output& output) {
@@ -34,6 +35,9 @@ void writeFile(const File& file, const RowContext& context, Output& output) {
     output.append(dateField(file.fileCreationDate()));
     output.append(",");
     output.append(csvPath(file.filePath(), context.display));
+    if (context.hasMarks) {
+        output.append(file.state() == CheckState::off ? ",true" : ",");
+    }
     output.append("\r\n");
 }
 
@@ -48,9 +52,11 @@ std::string beginningOf(Category category, const Extensions& extension, Display 
 }  // namespace
 
 void writeCsv(const ScanReport& report, Output& output) {
-    output.append("category,extension,set,index,size,modified,created,path,path_bytes\r\n");
+    output.append("category,extension,set,index,size,modified,created,path,path_bytes");
+    output.append(report.hasMarks ? ",keep\r\n" : "\r\n");
     RowContext context;
     context.display = displayOf(output.descriptor());
+    context.hasMarks = report.hasMarks;
     for (const ScanReport::CategoryReport& category : report.categories) {
         for (const std::shared_ptr<Extensions>& extension : category.result->extensions()) {
             context.beginning = beginningOf(category.category, *extension, context.display);

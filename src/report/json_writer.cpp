@@ -62,7 +62,7 @@ void writeDate(std::string_view key, std::optional<Timestamp> date, Output& outp
     output.append(date ? quoted(isoDate(*date)) : "null");
 }
 
-void writeFile(const File& file, std::string& path, Output& output) {
+void writeFile(const File& file, bool hasMarks, std::string& path, Output& output) {
     path.clear();
     file.appendFilePath(path);
     writeName(R"({"filePath": )", R"(, "filePathBytes": )", path, output);
@@ -70,10 +70,10 @@ void writeFile(const File& file, std::string& path, Output& output) {
     writeNumber(R"(, "index": )", static_cast<std::uint64_t>(file.index()), output);
     writeDate(R"(, "fileModificationDate": )", file.fileModificationDate(), output);
     writeDate(R"(, "fileCreationDate": )", file.fileCreationDate(), output);
-    output.append("}");
+    output.append(hasMarks && file.state() == CheckState::off ? R"(, "keep": true})" : "}");
 }
 
-void writeSet(const Set& set, Output& output) {
+void writeSet(const Set& set, bool hasMarks, Output& output) {
     writeNumber(R"({"totalFilesInSet": )", set.totalFilesInSet(), output);
     writeNumber(R"(, "totalFilesInSetSize": )", set.totalFilesInSetSize(), output);
     output.append(R"(, "files": [)");
@@ -82,12 +82,12 @@ void writeSet(const Set& set, Output& output) {
     for (const std::shared_ptr<File>& file : set.files()) {
         separator.next();
         output.append("\n          ");
-        writeFile(*file, path, output);
+        writeFile(*file, hasMarks, path, output);
     }
     output.append("]}");
 }
 
-void writeExtension(const Extensions& extension, Output& output) {
+void writeExtension(const Extensions& extension, bool hasMarks, Output& output) {
     writeName(R"({"name": )", R"(, "nameBytes": )", extension.name(), output);
     writeNumber(R"(, "totalFilesInExtension": )", extension.totalFilesInExtension(), output);
     writeNumber(R"(, "totalFilesInExtensionSize": )", extension.totalFilesInExtensionSize(),
@@ -97,12 +97,12 @@ void writeExtension(const Extensions& extension, Output& output) {
     for (const std::shared_ptr<Set>& set : extension.sets()) {
         separator.next();
         output.append("\n        ");
-        writeSet(*set, output);
+        writeSet(*set, hasMarks, output);
     }
     output.append("]}");
 }
 
-void writeCategory(const ScanReport::CategoryReport& category, Output& output) {
+void writeCategory(const ScanReport::CategoryReport& category, bool hasMarks, Output& output) {
     output.append(R"({"category": )");
     output.append(quoted(std::string(categoryName(category.category))));
     writeNumber(R"(, "totalFiles": )", category.result->totalFiles(), output);
@@ -112,7 +112,7 @@ void writeCategory(const ScanReport::CategoryReport& category, Output& output) {
     for (const std::shared_ptr<Extensions>& extension : category.result->extensions()) {
         separator.next();
         output.append("\n      ");
-        writeExtension(*extension, output);
+        writeExtension(*extension, hasMarks, output);
     }
     output.append("]}");
 }
@@ -168,7 +168,7 @@ void writeJson(const ScanReport& report, Output& output) {
     for (const ScanReport::CategoryReport& category : report.categories) {
         separator.next();
         output.append("\n    ");
-        writeCategory(category, output);
+        writeCategory(category, report.hasMarks, output);
     }
     output.append("]\n}\n");
 }

@@ -12,6 +12,12 @@ namespace tarvin {
 
 namespace {
 
+/// What all parts of one report share.
+struct TextStyle {
+    bool isColored = false;
+    bool hasMarks = false;
+};
+
 void writeHeading(std::string_view text, bool isColored, Output& output) {
     output.append(isColored ? bold : "");
     output.append(text);
@@ -19,38 +25,40 @@ void writeHeading(std::string_view text, bool isColored, Output& output) {
     output.append("\n");
 }
 
-void writeSet(const Set& set, bool isColored, Output& output) {
+void writeSet(const Set& set, TextStyle style, Output& output) {
     output.append("    ");
     writeHeading(set.nameOfSet() + "  " +
                      getFormattedStringForSize(set.files().front()->fileSize()) + " each",
-                 isColored, output);
+                 style.isColored, output);
     std::string path;
     for (const std::shared_ptr<File>& file : set.files()) {
         path.clear();
         file->appendFilePath(path);
         output.append("      ");
+        if (style.hasMarks) {
+            output.append(file->state() == CheckState::off ? "[ ] " : "[x] ");
+        }
         output.append(shownName(path));
         output.append("\n");
     }
 }
 
-void writeExtension(const Extensions& extension, bool isColored, Output& output) {
+void writeExtension(const Extensions& extension, TextStyle style, Output& output) {
     output.append("  ");
     output.append(shownName(extension.name()));
     output.append("\n");
     for (const std::shared_ptr<Set>& set : extension.sets()) {
-        writeSet(*set, isColored, output);
+        writeSet(*set, style, output);
     }
 }
 
-void writeCategory(const ScanReport::CategoryReport& category, Output& output) {
+void writeCategory(const ScanReport::CategoryReport& category, TextStyle style, Output& output) {
     if (category.result->extensionCount() == 0) {
         return;
     }
-    const bool isColored = displayOf(output.descriptor()).isColored;
-    writeHeading(categoryName(category.category), isColored, output);
+    writeHeading(categoryName(category.category), style.isColored, output);
     for (const std::shared_ptr<Extensions>& extension : category.result->extensions()) {
-        writeExtension(*extension, isColored, output);
+        writeExtension(*extension, style, output);
     }
     output.append("\n");
 }
@@ -70,6 +78,9 @@ std::string verdict(const ScanReport& report) {
 }
 
 void writeSummary(const ScanReport& report, Output& output) {
+    if (report.hasMarks && report.totalSets() > 0) {
+        output.append("Files marked [x] may be moved to the Trash, those marked [ ] stay.\n");
+    }
     if (report.stopped) {
         output.append("Scan stopped early; the result is incomplete.\n");
     }
@@ -83,8 +94,10 @@ void writeSummary(const ScanReport& report, Output& output) {
 }  // namespace
 
 void writeText(const ScanReport& report, Output& output) {
+    const TextStyle style{.isColored = displayOf(output.descriptor()).isColored,
+                          .hasMarks = report.hasMarks};
     for (const ScanReport::CategoryReport& category : report.categories) {
-        writeCategory(category, output);
+        writeCategory(category, style, output);
     }
     writeSummary(report, output);
 }

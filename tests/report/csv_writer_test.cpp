@@ -85,5 +85,16 @@ TEST(CsvWriter, TheLastColumnHasTheBytesOfANonUtf8Path) {
                                  "Other,x\uFFFD,1,1,1,,,/b.x,\r\n");
 }
 
+TEST(CsvWriter, WithMarksTheLastColumnNamesTheFilesThatStay) {
+    MadeUpReport report;
+    report.addSet(Category::other, {{"/a.x", 1}, {"/b.x", 1}, {"/\xFF.x", 1}});
+    report.markDuplicates();
+    EXPECT_EQ(csvOf(report),
+              "category,extension,set,index,size,modified,created,path,path_bytes,keep\r\n"
+              "Other,x,1,0,1,,,/a.x,,true\r\n"
+              "Other,x,1,1,1,,,/b.x,,\r\n"
+              "Other,x,1,2,1,,,/\uFFFD.x,2fff2e78,\r\n");
+}
+
 }  // namespace
 }  // namespace tarvin

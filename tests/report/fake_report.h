@@ -50,6 +50,14 @@ class MadeUpReport final {
         report_.unreadable.push_back({path, reason});
     }
 
+    /// Marks all files but the first one of each set.
+    void markDuplicates() {
+        for (const std::shared_ptr<Modal>& result : results_) {
+            result->markAllExtension();
+        }
+        report_.hasMarks = true;
+    }
+
     void setNotCompared(std::uint64_t files) { report_.notCompared = files; }
     void setStopped() { report_.stopped = true; }
     void setElapsedSeconds(double seconds) { report_.elapsedSeconds = seconds; }

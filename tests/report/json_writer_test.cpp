@@ -120,6 +120,18 @@ TEST(JsonWriter, HasTheBytesOfANonUtf8Extension) {
     EXPECT_EQ(extension["nameBytes"], "78e9");
 }
 
+TEST(JsonWriter, WithMarksTheLastKeyOfAFileThatStaysIsKeep) {
+    MadeUpReport report;
+    report.addSet(Category::other, {{"/a.x", 1}, {"/b.x", 1}});
+    report.markDuplicates();
+    const std::string text = jsonOf(report);
+    EXPECT_NE(text.find(R"("fileCreationDate": null, "keep": true},)"), std::string::npos) << text;
+    EXPECT_NE(text.find(R"("fileCreationDate": null}]})"), std::string::npos) << text;
+    const Json files = filesOf(report);
+    EXPECT_EQ(files[0]["keep"], true);
+    EXPECT_FALSE(files[1].contains("keep"));
+}
+
 TEST(JsonWriter, SaysThatTheScanWasStopped) {
     MadeUpReport report;
     report.setStopped();

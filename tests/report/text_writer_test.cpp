@@ -120,5 +120,31 @@ TEST(TextWriter, ListsTheConfirmedSetsOfAStoppedScan) {
               "50 files collected. Elapsed Time: 00:00:00\n");
 }
 
+TEST(TextWriter, MarksAreShownAndExplained) {
+    MadeUpReport report;
+    report.addSet(Category::audio, {{"/a.mp3", 3000}, {"/b.mp3", 3000}});
+    report.setCollected(Category::audio, 2);
+    report.markDuplicates();
+    EXPECT_EQ(textOf(report),
+              "Audio\n"
+              "  mp3\n"
+              "    Set(1)  3.00 KB each\n"
+              "      [ ] /a.mp3\n"
+              "      [x] /b.mp3\n"
+              "\n"
+              "Files marked [x] may be moved to the Trash, those marked [ ] stay.\n"
+              "1 duplicate file in 1 set. 3.00 KB can be regained.\n"
+              "2 files compared. Elapsed Time: 00:00:00\n");
+}
+
+TEST(TextWriter, MarksAreNotExplainedWithoutSets) {
+    MadeUpReport report;
+    report.setCollected(Category::video, 2);
+    report.markDuplicates();
+    EXPECT_EQ(textOf(report),
+              "No duplicates found.\n"
+              "2 files compared. Elapsed Time: 00:00:00\n");
+}
+
 }  // namespace
 }  // namespace tarvin
