@@ -55,6 +55,7 @@ testPackages=(
     e2fsprogs
     fonts-dejavu-core
     fonts-liberation
+    fonts-wqy-microhei
     git
     gvfs
     iproute2
@@ -69,6 +70,7 @@ testPackages=(
     mount
     openbox
     python3
+    qt6-translations-l10n
     shellcheck
     trash-cli
     x11-utils

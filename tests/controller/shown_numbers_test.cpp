@@ -21,8 +21,11 @@ class ShownNumbersTest : public testing::Test {
         }
     }
 
-    void speakGerman() {
-        translation_ = loadTranslation(QLocale(QStringLiteral("de_DE")));
+    void speak(const char* language) {
+        if (translation_ != nullptr) {
+            QCoreApplication::removeTranslator(translation_.get());
+        }
+        translation_ = loadTranslation(QLocale(QLatin1String(language)));
         ASSERT_NE(translation_, nullptr);
         QCoreApplication::installTranslator(translation_.get());
     }
@@ -46,13 +49,33 @@ TEST_F(ShownNumbersTest, AreEnglishWhereTheWindowIs) {
 }
 
 TEST_F(ShownNumbersTest, AreGermanWhereTheWindowIs) {
-    speakGerman();
+    speak("de_DE");
     for (const char* desktop : {"C", "en_GB", "de_DE"}) {
         QLocale::setDefault(QLocale(QLatin1String(desktop)));
         EXPECT_EQ(ShownNumbers::count(1'406), QStringLiteral("1.406")) << desktop;
         EXPECT_EQ(ShownNumbers::size(157'460'000), QStringLiteral("157,46 MB")) << desktop;
         EXPECT_EQ(ShownNumbers::dateAndTime(moment), QStringLiteral("21. November 2026, 14:32"))
             << desktop;
+    }
+}
+
+TEST_F(ShownNumbersTest, AreThoseOfEachLanguage) {
+    struct Expected {
+        const char* language;
+        const char* count;
+        const char* size;
+        const char* date;
+    };
+    for (const Expected& expected :
+         {Expected{"es", "12.345", "157,46 MB", "21 de noviembre de 2026, 14:32"},
+          Expected{"fr", "12\u202F345", "157,46 MB", "21 novembre 2026 à 14:32"},
+          Expected{"ja", "12,345", "157.46 MB", "2026年11月21日 14:32"},
+          Expected{"pt_BR", "12.345", "157,46 MB", "21 de novembro de 2026, 14:32"},
+          Expected{"zh_CN", "12,345", "157.46 MB", "2026年11月21日 14:32"}}) {
+        speak(expected.language);
+        EXPECT_EQ(ShownNumbers::count(12'345).toStdString(), expected.count);
+        EXPECT_EQ(ShownNumbers::size(157'460'000).toStdString(), expected.size);
+        EXPECT_EQ(ShownNumbers::dateAndTime(moment).toStdString(), expected.date);
     }
 }
 
