@@ -67,14 +67,15 @@ set(CPACK_DEBIAN_TERMINAL_PACKAGE_BREAKS "tarvin-duplicate-file-remover (<< ${PR
 set(CPACK_DEBIAN_TERMINAL_PACKAGE_REPLACES ${CPACK_DEBIAN_TERMINAL_PACKAGE_BREAKS})
 set(CPACK_DEBIAN_WINDOW_PACKAGE_DEPENDS "tarvin (= ${packed})")
 # HTTPS; a font narrow enough for file dates; previews of HEIC, AVIF, JPEG 2000, WebP and TIFF, each
-# loaded on first use; native Wayland windows; the programs that open a file or the guide.
+# loaded on first use; Qt's own texts in the languages of the window; native Wayland windows; the
+# programs that open a file or the guide.
 set(recommended ca-certificates fonts-liberation libheif1 libopenjp2-7 qt6-image-formats-plugins)
 set(suggested gvfs)  # for file managers that show the Trash and restore files
 if(NOT TARVIN_DEBIAN_NAME STREQUAL "bookworm")  # SVG, and more preview formats
     list(APPEND recommended qt6-svg-plugins)
     list(APPEND suggested kimageformat6-plugins)
 endif()
-list(APPEND recommended qt6-wayland xdg-utils)
+list(APPEND recommended qt6-translations-l10n qt6-wayland xdg-utils)
 list(JOIN recommended ", " CPACK_DEBIAN_WINDOW_PACKAGE_RECOMMENDS)
 list(JOIN suggested ", " CPACK_DEBIAN_WINDOW_PACKAGE_SUGGESTS)
 include(CPack)

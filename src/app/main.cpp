@@ -88,8 +88,13 @@ int run(int& argc, char** argv) {
     QGuiApplication::setDesktopFileName(QString::fromLatin1(tarvin::programName));
     const QApplication application(argc, argv);
     const std::unique_ptr<QTranslator> translation = tarvin::loadTranslation(QLocale());
+    std::unique_ptr<QTranslator> translationOfQt;
     if (translation) {
         QCoreApplication::installTranslator(translation.get());
+        translationOfQt = tarvin::loadQtTranslation(translation->language());
+    }
+    if (translationOfQt) {
+        QCoreApplication::installTranslator(translationOfQt.get());
     }
     // QApplication has removed its own options.
     const tarvin::CommandLine commandLine = tarvin::readCommandLine(arguments());
