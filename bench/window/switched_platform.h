@@ -76,6 +76,7 @@ class SwitchedPlatform final : public Platform {
     }
     RunningInstances& runningInstances() override { return systemPlatform().runningInstances(); }
     std::vector<Volume> mountedVolumes() override { return systemPlatform().mountedVolumes(); }
+    MountPlaces mountPlaces() override { return systemPlatform().mountPlaces(); }
     bool isOnNetwork(const std::string& path) override {
         return systemPlatform().isOnNetwork(path);
     }

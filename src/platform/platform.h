@@ -2,6 +2,7 @@
 
 #include "platform/clock.h"
 #include "platform/file_system.h"
+#include "platform/mount_places.h"
 #include "platform/running_instances.h"
 #include "platform/trash_move.h"
 
@@ -47,6 +48,9 @@ class Platform {
     /// The volumes mounted now: the root first, then the others in the order of mounting, without
     /// pseudo file systems.
     virtual std::vector<Volume> mountedVolumes() = 0;
+
+    /// Where volumes are mounted now, and where those may be mounted that are not.
+    virtual MountPlaces mountPlaces() = 0;
 
     /// Whether a path is on a network volume, also one that mountedVolumes() does not list.
     virtual bool isOnNetwork(const std::string& path) = 0;

@@ -38,6 +38,7 @@ class HomePlatform final : public Platform {
     FaultyTrashCalls& trashCalls() { return trashCalls_; }
     RunningInstances& runningInstances() override { return systemPlatform().runningInstances(); }
     std::vector<Volume> mountedVolumes() override { return {}; }
+    MountPlaces mountPlaces() override { return {}; }
     bool isOnNetwork(const std::string& /*path*/) override { return false; }
     std::optional<std::string> userName() override { return {}; }
     std::optional<std::string> userFolder(UserFolder /*folder*/) override { return {}; }

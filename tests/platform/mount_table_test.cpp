@@ -179,5 +179,18 @@ TEST(PseudoFileSystemType, IsFalseForTypesWithFiles) {
     }
 }
 
+TEST(FileSystemTable, HasTheMountPointsOfItsRows) {
+    EXPECT_EQ(parseFileSystemTable("# <file system> <mount point> <type>\n"
+                                   "UUID=1 / ext4 errors=remount-ro 0 1\n"
+                                   "\n"
+                                   "UUID=2 none swap sw 0 0\n"
+                                   "  UUID=3\t/backup/\text4\tnoauto 0 2\n"
+                                   "#UUID=4 /old ext4 defaults 0 2\n"
+                                   "//nas/photos /srv/my\\040photos cifs user\n"
+                                   "word\n"
+                                   "UUID=5 /last"),
+              (std::vector<std::string>{"/backup", "/srv/my photos", "/last"}));
+}
+
 }  // namespace
 }  // namespace tarvin

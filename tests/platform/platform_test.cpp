@@ -96,5 +96,12 @@ TEST(SystemPlatform, FindsTheFoldersByVariablesAndUserDirs) {
     EXPECT_EXIT(endWithVerdict(), testing::ExitedWithCode(0), "");
 }
 
+TEST(SystemPlatform, TheTemporaryFolderIsOnAMountedVolume) {
+    const TemporaryFolder folder;
+    const MountPlaces places = systemPlatform().mountPlaces();
+    EXPECT_FALSE(places.isOnUnmountedVolume(folder.pathOf("missing.jpg")));
+    EXPECT_TRUE(places.isOnUnmountedVolume("/media/nobody/no drive/missing.jpg"));
+}
+
 }  // namespace
 }  // namespace tarvin

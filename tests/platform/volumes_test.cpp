@@ -201,5 +201,67 @@ TEST(VolumeKind, IsQueriedForEachDevice) {
     EXPECT_EQ(volumes[2].kind, VolumeKind::internal);
 }
 
+/// The places of a computer with these mounts and "/backup" in its table.
+MountPlaces placesIn(std::string_view mountInfo) {
+    return mountPlacesOf(parseMountInfo(mountInfo), {"/backup"});
+}
+
+constexpr const char* rootAndRun =
+    "27 1 254:0 / / rw - ext4 /dev/vda rw\n"
+    "28 27 0:20 / /run rw - tmpfs tmpfs rw\n"
+    "29 28 0:21 / /run/user/1000 rw - tmpfs tmpfs rw\n"
+    "30 29 0:22 / /run/user/1000/gvfs rw - fuse.gvfsd-fuse gvfsd-fuse rw\n";
+
+TEST(MountPlaces, WhatIsOnAMountedVolumeIsAttached) {
+    const MountPlaces places = placesIn(rootAndRun);
+    EXPECT_FALSE(places.isOnUnmountedVolume("/home/ann/a.jpg"));
+    EXPECT_FALSE(places.isOnUnmountedVolume("/run/a.jpg"));
+    EXPECT_FALSE(places.isOnUnmountedVolume("/a.jpg"));
+    EXPECT_FALSE(places.isOnUnmountedVolume("/backups/a.jpg"));
+    EXPECT_FALSE(places.isOnUnmountedVolume("/mntx/a.jpg"));
+}
+
+TEST(MountPlaces, BelowTheFoldersOfDrivesAVolumeIsExpected) {
+    const MountPlaces places = placesIn(rootAndRun);
+    EXPECT_TRUE(places.isOnUnmountedVolume("/media/ann/STICK/a.jpg"));
+    EXPECT_TRUE(places.isOnUnmountedVolume("/media/cdrom/a.jpg"));
+    EXPECT_TRUE(places.isOnUnmountedVolume("/run/media/ann/STICK/a.jpg"));
+    EXPECT_TRUE(places.isOnUnmountedVolume("/mnt/disk/a.jpg"));
+    EXPECT_TRUE(places.isOnUnmountedVolume("/backup/2026/a.jpg"));
+}
+
+TEST(MountPlaces, AMountedDriveIsAttachedAndItsNeighbourIsNot) {
+    const MountPlaces places = placesIn(std::string(rootAndRun) +
+                                        "31 27 8:17 / /media/ann/STICK rw - vfat /dev/sdb1 rw\n"
+                                        "32 27 8:18 / /backup rw - ext4 /dev/sdb2 rw\n"
+                                        "33 27 8:19 / /mnt rw - ext4 /dev/sdb3 rw\n");
+    EXPECT_FALSE(places.isOnUnmountedVolume("/media/ann/STICK/a.jpg"));
+    EXPECT_TRUE(places.isOnUnmountedVolume("/media/ann/STICK 2/a.jpg"));
+    EXPECT_FALSE(places.isOnUnmountedVolume("/backup/a.jpg"));
+    EXPECT_FALSE(places.isOnUnmountedVolume("/mnt/a.jpg"));
+}
+
+TEST(MountPlaces, AnAutomounterAloneIsNoVolume) {
+    const std::string automounter =
+        std::string(rootAndRun) + "31 27 0:40 / /net rw - autofs /etc/auto.net rw\n";
+    EXPECT_TRUE(placesIn(automounter).isOnUnmountedVolume("/net/nas/a.jpg"));
+    EXPECT_FALSE(placesIn(automounter + "32 31 0:41 / /net/nas rw - nfs4 nas:/ rw\n")
+                     .isOnUnmountedVolume("/net/nas/a.jpg"));
+}
+
+TEST(MountPlaces, SharesOfASessionCountAsNotMounted) {
+    EXPECT_TRUE(
+        placesIn(rootAndRun)
+            .isOnUnmountedVolume("/run/user/1000/gvfs/smb-share:server=nas,share=photos/a.jpg"));
+}
+
+TEST(MountPlaces, WithoutTheRootInTheTableItIsMounted) {
+    EXPECT_FALSE(placesIn("").isOnUnmountedVolume("/home/ann/a.jpg"));
+}
+
+TEST(MountPlaces, WithoutATableNothingIsKnown) {
+    EXPECT_TRUE(MountPlaces().isOnUnmountedVolume("/home/ann/a.jpg"));
+}
+
 }  // namespace
 }  // namespace tarvin

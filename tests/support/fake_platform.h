@@ -77,6 +77,11 @@ class FakePlatform final : public Platform {
         return volumes_;
     }
 
+    MountPlaces mountPlaces() override {
+        const std::lock_guard lock(mutex_);
+        return mountPlaces_;
+    }
+
     bool isOnNetwork(const std::string& path) override {
         const std::lock_guard lock(mutex_);
         return !networkFolder_.empty() && path.starts_with(networkFolder_);
@@ -101,6 +106,12 @@ class FakePlatform final : public Platform {
     void setMountedVolumes(std::vector<Volume> volumes) {
         const std::lock_guard lock(mutex_);
         volumes_ = std::move(volumes);
+    }
+
+    /// At first "/" is mounted and nothing else is expected.
+    void setMountPlaces(MountPlaces places) {
+        const std::lock_guard lock(mutex_);
+        mountPlaces_ = std::move(places);
     }
 
     /// Paths that begin with `path` are on a network volume.
@@ -133,6 +144,7 @@ class FakePlatform final : public Platform {
     FakeRunningInstances runningInstances_;
     std::mutex mutex_;
     std::vector<Volume> volumes_;                                   // guarded by mutex_
+    MountPlaces mountPlaces_{{"/"}, {}};                            // guarded by mutex_
     std::string networkFolder_;                                     // guarded by mutex_
     std::optional<std::string> userName_;                           // guarded by mutex_
     std::map<UserFolder, std::optional<std::string>> userFolders_;  // guarded by mutex_

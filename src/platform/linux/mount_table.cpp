@@ -36,6 +36,16 @@ std::string_view takeUntil(std::string_view& text, char separator) {
     return taken;
 }
 
+/// Removes and returns the next word; words are separated by any number of spaces and tabs.
+std::string_view takeField(std::string_view& line) {
+    constexpr std::string_view separators = " \t";
+    line.remove_prefix(std::min(line.find_first_not_of(separators), line.size()));
+    const std::size_t end = std::min(line.find_first_of(separators), line.size());
+    const std::string_view field = line.substr(0, end);
+    line.remove_prefix(end);
+    return field;
+}
+
 bool isOctal(char digit) {
     return digit >= '0' && digit <= '7';
 }
@@ -121,6 +131,22 @@ std::vector<MountEntry> parseMountInfo(std::string_view text) {
         }
     }
     return entries;
+}
+
+std::vector<std::string> parseFileSystemTable(std::string_view text) {
+    std::vector<std::string> mountPoints;
+    while (!text.empty()) {
+        std::string_view line = takeUntil(text, '\n');
+        const std::string_view source = takeField(line);
+        std::string mountPoint = unescaped(takeField(line));
+        while (mountPoint.ends_with('/')) {
+            mountPoint.pop_back();
+        }
+        if (!source.starts_with('#') && mountPoint.starts_with('/')) {
+            mountPoints.push_back(std::move(mountPoint));
+        }
+    }
+    return mountPoints;
 }
 
 std::optional<std::vector<MountEntry>> readMountInfo(const std::string& path) {

@@ -27,6 +27,10 @@ inline constexpr const char* mountInfoFile = "/proc/self/mountinfo";
 /// malformed lines. Pure.
 [[nodiscard]] std::vector<MountEntry> parseMountInfo(std::string_view text);
 
+/// The mount points in a table of the format of "/etc/fstab", without "/", a slash at the end, and
+/// the rows that have none, such as swap. Skips malformed lines. Pure.
+[[nodiscard]] std::vector<std::string> parseFileSystemTable(std::string_view text);
+
 /// The mounts of this process; nullopt if the table cannot be read. Any thread.
 [[nodiscard]] std::optional<std::vector<MountEntry>> readMountInfo(
     const std::string& path = mountInfoFile);

@@ -14,7 +14,7 @@ namespace tarvin {
 
 namespace {
 
-// Bytes; desktops write about ten lines.
+// Bytes; desktops and installers write about ten lines.
 constexpr std::size_t maxSettingsBytes = std::size_t{1} << 20;
 
 /// The content of user-dirs.dirs; empty if there is none.
@@ -33,6 +33,15 @@ class LinuxPlatform final : public Platform {
     std::vector<Volume> mountedVolumes() override {
         return volumesOf(readMountInfo().value_or(std::vector<MountEntry>()),
                          [](const MountEntry& mount) { return isRemovableDevice(mount.device); });
+    }
+
+    MountPlaces mountPlaces() override {
+        const auto mounts = readMountInfo();
+        if (!mounts) {
+            return {};
+        }
+        const std::string table = readSmallFile("/etc/fstab", maxSettingsBytes).value_or("");
+        return mountPlacesOf(*mounts, parseFileSystemTable(table));
     }
 
     bool isOnNetwork(const std::string& path) override {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace tarvin {
 
@@ -84,6 +85,22 @@ std::vector<Volume> volumesOf(const std::vector<MountEntry>& mounts,
         }
     }
     return volumes;
+}
+
+MountPlaces mountPlacesOf(const std::vector<MountEntry>& mounts, std::vector<std::string> inTable) {
+    // A chroot may not list "/".
+    MountPlaces places{{"/"}, std::move(inTable)};
+    for (const char* folder : {"/media", "/run/media", "/mnt", "/run/user"}) {
+        places.expected.emplace_back(folder);
+    }
+    for (const MountEntry& mount : mounts) {
+        if (mount.fileSystemType == "autofs") {
+            places.expected.push_back(mount.mountPoint);
+        } else if (!isWithin(mount.mountPoint, "/run/user")) {
+            places.mounted.push_back(mount.mountPoint);
+        }
+    }
+    return places;
 }
 
 bool isOnNetwork(std::string_view path, const std::vector<MountEntry>& mounts) {
