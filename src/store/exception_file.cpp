@@ -3,8 +3,7 @@
 #include "platform/durable_file.h"
 #include "store/stored_list.h"
 
-#include <string_view>
-#include <unordered_set>
+#include <cstddef>
 #include <utility>
 
 namespace tarvin {
@@ -61,6 +60,38 @@ std::optional<StoreError> ExceptionFile::addExceptions(const std::vector<std::st
 std::optional<StoreError> ExceptionFile::removeExceptions() {
     paths_.clear();
     return folder_ ? store(Keep::nothing) : std::nullopt;
+}
+
+std::optional<StoreError> ExceptionFile::removeExceptions(const std::vector<std::string>& paths) {
+    putAside_.clear();
+    const std::unordered_set<std::string_view> removed(paths.begin(), paths.end());
+    if (folder_) {
+        if (std::optional<StoreError> failure = storeWithout(removed)) {
+            return failure;
+        }
+    }
+    std::erase_if(paths_, [&](const std::string& path) { return removed.contains(path); });
+    return std::nullopt;
+}
+
+/// Writes what the file holds now, without these paths; nothing if it holds none of them.
+std::optional<StoreError> ExceptionFile::storeWithout(
+    const std::unordered_set<std::string_view>& paths) const {
+    // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
+    const Result<FolderLock> lock = FolderLock::take(*folder_);
+    if (!lock) {
+        // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
+        return storeErrorOf(*folder_, lock.error());
+    }
+    ExceptionList stored = readExceptionFile(path_);
+    if (stored.error.has_value()) {
+        const bool isMissing = stored.error->kind == StoreError::Kind::missing;
+        return isMissing ? std::nullopt : std::move(stored.error);
+    }
+    const std::size_t erased =
+        std::erase_if(stored.paths, [&](const std::string& path) { return paths.contains(path); });
+    return erased == 0 ? std::nullopt
+                       : writeStoredList(path_, PropertyList::arrayOfPaths(stored.paths));
 }
 
 std::optional<StoreError> ExceptionFile::store(Keep keep) {

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace tarvin {
@@ -43,6 +45,11 @@ class ExceptionFile final {
     /// Clears the list in memory and in the file.
     std::optional<StoreError> removeExceptions();
 
+    /// Removes these paths, and no others, in memory and in the file. Paths that another instance
+    /// has added stay in the file. If the file cannot be read or written, nothing is removed and
+    /// the error is returned; an unusable file is left alone.
+    std::optional<StoreError> removeExceptions(const std::vector<std::string>& paths);
+
     /// Empty without a folder.
     [[nodiscard]] const std::string& path() const { return path_; }
     /// The path to which the last write renamed an unusable file; empty if there was none.
@@ -52,6 +59,8 @@ class ExceptionFile final {
     enum class Keep : std::uint8_t { whatIsStored, nothing };
 
     [[nodiscard]] std::optional<StoreError> store(Keep keep);
+    [[nodiscard]] std::optional<StoreError> storeWithout(
+        const std::unordered_set<std::string_view>& paths) const;
 
     const std::optional<std::string> folder_;
     const std::string path_;

@@ -157,5 +157,72 @@ TEST_F(ExceptionFile, ReadsAHundredThousandPaths) {
     EXPECT_EQ(list.paths.back(), "/photos/99999.jpg");
 }
 
+/// Two instances that share a data folder with three exceptions.
+class RemovedExceptions : public ::testing::Test {
+ protected:
+    RemovedExceptions() { static_cast<void>(own_.addExceptions({"/a.jpg", "/b.jpg", "/c.jpg"})); }
+
+    Paths stored() const { return readExceptionFile(own_.path()).paths; }
+
+    TemporaryFolder folder_;
+    tarvin::ExceptionFile own_{folder_.path()};
+    tarvin::ExceptionFile other_{folder_.path()};
+};
+
+TEST_F(RemovedExceptions, LeaveTheOthersInOrder) {
+    EXPECT_FALSE(own_.removeExceptions({"/b.jpg", "/not/listed.jpg"}));
+    EXPECT_EQ(own_.exceptionArrayData(), (Paths{"/a.jpg", "/c.jpg"}));
+    EXPECT_EQ(stored(), (Paths{"/a.jpg", "/c.jpg"}));
+}
+
+TEST_F(RemovedExceptions, LeaveWhatAnotherInstanceHasAdded) {
+    EXPECT_FALSE(other_.addExceptions({"/d.jpg"}));
+    EXPECT_FALSE(own_.removeExceptions({"/a.jpg"}));
+    EXPECT_EQ(stored(), (Paths{"/b.jpg", "/c.jpg", "/d.jpg"}));
+}
+
+TEST_F(RemovedExceptions, DoNotRestoreWhatAnotherInstanceHasRemoved) {
+    EXPECT_FALSE(other_.removeExceptions());
+    EXPECT_FALSE(own_.removeExceptions({"/a.jpg"}));
+    EXPECT_EQ(stored(), Paths{});
+}
+
+TEST_F(RemovedExceptions, CanHaveAnyBytes) {
+    EXPECT_FALSE(own_.addExceptions({"/\xff.jpg", "/line\nend.jpg"}));
+    EXPECT_FALSE(own_.removeExceptions({"/\xff.jpg", "/line\nend.jpg"}));
+    EXPECT_EQ(stored(), (Paths{"/a.jpg", "/b.jpg", "/c.jpg"}));
+}
+
+TEST_F(RemovedExceptions, StayIfTheFileCannotBeWritten) {
+    // The temporary file's name is taken by a folder.
+    folder_.writeFile("exception.plist.new/x", "");
+    const std::optional<StoreError> failure = own_.removeExceptions({"/a.jpg"});
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->path, own_.path());
+    EXPECT_EQ(own_.exceptionArrayData(), (Paths{"/a.jpg", "/b.jpg", "/c.jpg"}));
+    EXPECT_EQ(stored(), (Paths{"/a.jpg", "/b.jpg", "/c.jpg"}));
+}
+
+TEST_F(RemovedExceptions, StayIfTheFileIsDamaged) {
+    folder_.writeFile("exception.plist", "damaged");
+    const std::optional<StoreError> failure = own_.removeExceptions({"/a.jpg"});
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->text, "not a property list");
+    EXPECT_EQ(own_.exceptionArrayData(), (Paths{"/a.jpg", "/b.jpg", "/c.jpg"}));
+    EXPECT_EQ(own_.putAside(), "");
+    EXPECT_FALSE(std::filesystem::exists(folder_.pathOf("exception.plist.unreadable")));
+}
+
+TEST_F(RemovedExceptions, NeedNoFile) {
+    std::filesystem::remove(own_.path());
+    EXPECT_FALSE(own_.removeExceptions({"/a.jpg"}));
+    EXPECT_EQ(own_.exceptionArrayData(), (Paths{"/b.jpg", "/c.jpg"}));
+    EXPECT_FALSE(std::filesystem::exists(own_.path()));
+    tarvin::ExceptionFile inMemory{std::nullopt};
+    EXPECT_FALSE(inMemory.addExceptions({"/a.jpg", "/b.jpg"}));
+    EXPECT_FALSE(inMemory.removeExceptions({"/a.jpg"}));
+    EXPECT_EQ(inMemory.exceptionArrayData(), (Paths{"/b.jpg"}));
+}
+
 }  // namespace
 }  // namespace tarvin
