@@ -47,8 +47,19 @@ _tarvin() {
             ;;
         exceptions)
             if ((COMP_CWORD == 2)); then
-                _tarvin_offer -W 'list add clear --color --help' -- "$word"
-            elif [[ ${COMP_WORDS[2]} == add ]]; then
+                _tarvin_offer -W 'list add remove clear --color --help' -- "$word"
+                return
+            fi
+            case ${COMP_WORDS[2]} in
+                list) options='--format --color --help' ;;
+                clear) options='--missing --color --help' ;;
+                *) options='--color --help' ;;
+            esac
+            if [[ ${COMP_WORDS[2]} == list && $before == @(-f|--format) ]]; then
+                _tarvin_offer -W 'text json csv' -- "$word"
+            elif [[ $word == -* ]]; then
+                _tarvin_offer -W "$options" -- "$word"
+            elif [[ ${COMP_WORDS[2]} == @(add|remove) ]]; then
                 _tarvin_offer_names -f -- "$word"
             fi
             return

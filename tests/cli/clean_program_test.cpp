@@ -682,6 +682,109 @@ TEST_F(ExceptionsCommandTest, AFileAddedTwiceIsListedOnce) {
     EXPECT_EQ(tarvin({"exceptions", "list"}).output, photos() + "/a.jpg\n");
 }
 
+TEST_F(ExceptionsCommandTest, RemovesFilesFromTheList) {
+    writePhotos();
+    tarvin({"exceptions", "add", photos() + "/a.jpg", photos() + "/c.jpg", photos() + "/d.txt"});
+    std::filesystem::remove(photos() + "/c.jpg");
+    ProgramSetting inside = setting();
+    inside.folder = photos();
+    const ProgramResult result =
+        runTarvin({"exceptions", "remove", "./c.jpg", photos() + "/d.txt", "c.jpg"}, inside);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(result.output, "Removed 2 files from the exceptions list.\n");
+    EXPECT_EQ(tarvin({"exceptions", "list"}).output, photos() + "/a.jpg\n");
+}
+
+TEST_F(ExceptionsCommandTest, ReportsFilesThatAreNotListedAndRemovesTheOthers) {
+    writePhotos();
+    tarvin({"exceptions", "add", photos() + "/a.jpg"});
+    const ProgramResult result =
+        tarvin({"exceptions", "remove", photos() + "/d.txt", photos() + "/a.jpg"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.output, "Removed 1 file from the exceptions list.\n");
+    EXPECT_EQ(result.errors,
+              "tarvin: cannot remove exception '" + photos() + "/d.txt': not on the list\n");
+    EXPECT_EQ(tarvin({"exceptions", "list"}).output, "");
+    const ProgramResult again = tarvin({"exceptions", "remove", photos() + "/a.jpg"});
+    EXPECT_EQ(again.status, 1);
+    EXPECT_EQ(again.output, "");
+}
+
+TEST_F(ExceptionsCommandTest, ClearMissingKeepsWhatMayStillBeThere) {
+    writePhotos();
+    tarvin({"exceptions", "add", photos() + "/a.jpg", photos() + "/d.txt"});
+    std::filesystem::remove(photos() + "/d.txt");
+    const std::string list = std::string(ownFolder) + "exception.plist";
+    std::string stored = contentOf(folder_.pathOf(list));
+    stored.insert(stored.find("<string>"), "<string>/media/no one/drive/a.jpg</string>");
+    folder_.writeFile(list, stored);
+    const ProgramResult result = tarvin({"exceptions", "clear", "--missing"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(result.output,
+              "Removed 1 missing file from the exceptions list.\n"
+              "Kept 1 file on drives that are not attached.\n");
+    EXPECT_EQ(tarvin({"exceptions", "list"}).output,
+              "/media/no one/drive/a.jpg\n" + photos() + "/a.jpg\n");
+    tarvin({"exceptions", "remove", "/media/no one/drive/a.jpg"});
+    EXPECT_EQ(tarvin({"exceptions", "clear", "--missing"}).output,
+              "Removed 0 missing files from the exceptions list.\n");
+}
+
+TEST_F(ExceptionsCommandTest, ClearMissingKeepsWhatItMayNotLookAt) {
+    writePhotos();
+    tarvin({"exceptions", "add", photos() + "/a.jpg"});
+    std::filesystem::remove(photos() + "/a.jpg");
+    std::filesystem::permissions(photos(), std::filesystem::perms::none);
+    ProgramSetting user = setting();
+    user.obeysPermissions = true;
+    const ProgramResult result = runTarvin({"exceptions", "clear", "--missing"}, user);
+    std::filesystem::permissions(photos(), std::filesystem::perms::owner_all);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(tarvin({"exceptions", "list"}).output, photos() + "/a.jpg\n");
+}
+
+TEST_F(ExceptionsCommandTest, ListsThePresenceOfEachFile) {
+    writePhotos();
+    folder_.writeFile("photos/\xff.jpg", "x");
+    tarvin({"exceptions", "add", photos() + "/a.jpg", photos() + "/d.txt", photos() + "/\xff.jpg"});
+    std::filesystem::remove(photos() + "/d.txt");
+    const ProgramResult result = tarvin({"exceptions", "list", "--format", "json"});
+    EXPECT_EQ(result.status, 0);
+    const Json files = parsedJson(result.output)["exceptions"];
+    ASSERT_EQ(files.size(), 3U);
+    EXPECT_EQ(files[0], (Json{{"path", photos() + "/a.jpg"}, {"presence", "present"}}));
+    EXPECT_EQ(files[1], (Json{{"path", photos() + "/d.txt"}, {"presence", "missing"}}));
+    EXPECT_EQ(files[2]["path"], photos() + "/\ufffd.jpg");
+    EXPECT_TRUE(files[2]["pathBytes"].get<std::string>().ends_with("2fff2e6a7067"));
+    const std::string csv = tarvin({"exceptions", "list", "-f", "csv"}).output;
+    EXPECT_TRUE(csv.starts_with("presence,path,path_bytes\r\npresent," + photos() +
+                                "/a.jpg,\r\nmissing," + photos() + "/d.txt,\r\npresent,"));
+    EXPECT_TRUE(csv.ends_with("2fff2e6a7067\r\n"));
+}
+
+TEST_F(ExceptionsCommandTest, AnEmptyListIsAnEmptyArray) {
+    EXPECT_EQ(tarvin({"exceptions", "list", "--format", "json"}).output,
+              "{\n  \"exceptions\": []\n}\n");
+    EXPECT_EQ(tarvin({"exceptions", "list", "--format", "csv"}).output,
+              "presence,path,path_bytes\r\n");
+}
+
+TEST_F(ExceptionsCommandTest, LeavesADamagedListWhenThereIsNothingToAdd) {
+    const std::string path =
+        folder_.writeFile(std::string(ownFolder) + "exception.plist", "damaged");
+    for (const ProgramRun::Words& words : {ProgramRun::Words{"exceptions", "remove", "/a.jpg"},
+                                           {"exceptions", "clear", "--missing"}}) {
+        const ProgramResult result = tarvin(words);
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.errors,
+                  "tarvin: cannot read exceptions list '" + path + "': not a property list\n");
+        EXPECT_EQ(contentOf(path), "damaged");
+    }
+}
+
 /// Kills the program at random moments, 200 times.
 class Kill : public Clean {
  protected:

@@ -207,19 +207,35 @@ Options:
 Commands:
   list                        Print the excluded files
   add                         Exclude files
+  remove                      Take files off the list
   clear                       Empty the list
 
 Examples:
   tarvin exceptions add ~/Pictures/keep-both.jpg
   tarvin exceptions list
+  tarvin exceptions remove ~/Pictures/keep-both.jpg
+  tarvin exceptions clear --missing
 
 An exception is a path: a moved or renamed file is scanned again.
 
 Exit status:
   0    done
-  1    a file does not exist, or the list could not be read or written
+  1    a file to add does not exist, a file to remove is not on the list, or the
+       list could not be read or written
   2    usage error; nothing was done
 )");
+}
+
+TEST(Help, OfCommandsOfExceptionsExplainsTheirOptions) {
+    EXPECT_THAT(runTarvin({"exceptions", "list", "--help"}).output,
+                HasSubstr("  -f, --format text|json|csv  Output format [default: text]; json and "
+                          "csv tell\n                              whether each file is there\n"));
+    EXPECT_THAT(runTarvin({"exceptions", "remove", "--help"}).output,
+                HasSubstr("  FILE                        File to remove, which need not exist\n"));
+    EXPECT_THAT(runTarvin({"exceptions", "clear", "--help"}).output,
+                HasSubstr("  --missing                   Remove only the files that do not exist, "
+                          "but not\n                              those on drives that are not "
+                          "attached\n"));
 }
 
 TEST(Help, OfTotalsExplainsThem) {
@@ -242,9 +258,9 @@ Exit status:
 
 TEST(Help, OfACommandMatchesItsHelpOption) {
     using Words = ProgramRun::Words;
-    for (const Words& words :
-         {Words{}, Words{"scan"}, Words{"clean"}, Words{"restore"}, Words{"exceptions"},
-          Words{"exceptions", "add"}, Words{"totals"}, Words{"help"}}) {
+    for (const Words& words : {Words{}, Words{"scan"}, Words{"clean"}, Words{"restore"},
+                               Words{"exceptions"}, Words{"exceptions", "add"},
+                               Words{"exceptions", "remove"}, Words{"totals"}, Words{"help"}}) {
         Words first{"help"};
         first.insert(first.end(), words.begin(), words.end());
         Words last = words;

@@ -102,11 +102,19 @@ TEST(Usage, CleanRequiresAFolder) {
 TEST(Usage, ExceptionsRequireACommand) {
     expectRefusal(
         {{"exceptions"},
-         "tarvin: missing command: list, add or clear\nTry 'tarvin exceptions --help'.\n"});
+         "tarvin: missing command: list, add, remove or clear\nTry 'tarvin exceptions --help'.\n"});
     expectRefusal({{"exceptions", "forget"},
                    "tarvin: unknown command 'forget'\nTry 'tarvin exceptions --help'.\n"});
     expectRefusal({{"exceptions", "add"},
                    "tarvin: missing argument: FILE\nTry 'tarvin exceptions add --help'.\n"});
+    expectRefusal({{"exceptions", "remove"},
+                   "tarvin: missing argument: FILE\nTry 'tarvin exceptions remove --help'.\n"});
+    expectRefusal({{"exceptions", "clear", "--mising"},
+                   "tarvin: unexpected argument '--mising'; did you mean '--missing'?\n"
+                   "Try 'tarvin exceptions clear --help'.\n"});
+    expectRefusal({{"exceptions", "list", "--format", "xml"},
+                   "tarvin: invalid value 'xml' for --format: expected text, json or csv\n"
+                   "Try 'tarvin exceptions list --help'.\n"});
 }
 
 TEST(Usage, TotalsTakeNoArguments) {

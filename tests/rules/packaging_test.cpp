@@ -92,9 +92,14 @@ TEST(BashCompletion, OffersTheOptionsOfRestore) {
 }
 
 TEST(BashCompletion, OffersTheCommandsOfExceptions) {
-    EXPECT_EQ(bashOffers("tarvin exceptions \"\"", 2), "--color\n--help\nadd\nclear\nlist\n");
+    EXPECT_EQ(bashOffers("tarvin exceptions \"\"", 2),
+              "--color\n--help\nadd\nclear\nlist\nremove\n");
     EXPECT_EQ(bashOffers("tarvin exceptions add LIC", 3), "LICENSE\n");
+    EXPECT_EQ(bashOffers("tarvin exceptions remove LIC", 3), "LICENSE\n");
     EXPECT_EQ(bashOffers("tarvin exceptions clear LIC", 3), "");
+    EXPECT_EQ(bashOffers("tarvin exceptions clear --", 3), "--color\n--help\n--missing\n");
+    EXPECT_EQ(bashOffers("tarvin exceptions list --", 3), "--color\n--format\n--help\n");
+    EXPECT_EQ(bashOffers("tarvin exceptions list --format \"\"", 4), "csv\njson\ntext\n");
     EXPECT_EQ(bashOffers("tarvin totals LIC", 2), "");
 }
 
