@@ -71,6 +71,14 @@ void Extensions::changeStateOfFile(const std::shared_ptr<File>& file,
     extensionState_ = determineSelfState();
 }
 
+void Extensions::changeMarksOfSets(const std::function<void(Set&)>& change) {
+    for (const std::shared_ptr<Set>& set : sets_) {
+        change(*set);
+    }
+    const CheckState state = determineSelfState();
+    extensionState_ = sets_.empty() ? CheckState::off : state;
+}
+
 CheckState Extensions::determineSelfState() {
     const SetTally tally = tallyIsComplete_ ? tally_ : walkSets();
     marked_ = tally.marked;

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -43,6 +44,9 @@ class Extensions final {
     void changeStateOfSet(const std::shared_ptr<Set>& set);
     /// Toggles the mark of `file`, a file of `set`, then updates counters and state.
     void changeStateOfFile(const std::shared_ptr<File>& file, const std::shared_ptr<Set>& set);
+    /// Calls `change` with each set, which may change its marks, then updates counters and state.
+    /// Without sets the state is off.
+    void changeMarksOfSets(const std::function<void(Set&)>& change);
     /// Sets the marked counters to the sums over the sets and returns the state that follows from
     /// the sets' states: on if every set is on or mixed (also without sets), mixed if some are,
     /// else off. Does not change extensionState().

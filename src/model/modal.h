@@ -49,6 +49,10 @@ class Modal final {
     void changeStateOfExtension(const std::shared_ptr<Extensions>& extension,
                                 const std::shared_ptr<Set>& set, const std::shared_ptr<File>& file);
 
+    /// Calls `change` with each set, which may change its marks (Set::setMarks()), then updates
+    /// counters and states on every level.
+    void changeMarksOfSets(const std::function<void(Set&)>& change);
+
     /// Moves the marked files of one set to the Trash (Set::removeSelectedFilesInSet()). Updates
     /// all four counters on every level.
     RemovalResult removeSelectedFilesInSet(const std::shared_ptr<Set>& set,

@@ -62,6 +62,22 @@ void Set::changeStateOfFile(const std::shared_ptr<File>& file) {
     setSetsState(determineSelfState());
 }
 
+void Set::setMarks(const std::vector<CheckState>& marks) {
+    std::uint64_t marked = 0;
+    std::uint64_t markedSize = 0;
+    for (std::size_t position = 0; position < files_.size(); ++position) {
+        File& file = *files_[position];
+        file.setState(marks[position]);
+        if (isMarked(file)) {
+            ++marked;
+            markedSize += file.fileSize();
+        }
+    }
+    setTotalFilesSelectedInSet(marked);
+    setTotalFilesSelectedInSetSize(markedSize);
+    setSetsState(determineSelfState());
+}
+
 CheckState Set::determineSelfState() const {
     const std::uint64_t copies = std::uint64_t{files_.size()} - 1;  // wraps for an empty set
     if (marked_ == copies && marked_ != 0) {

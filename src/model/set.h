@@ -67,6 +67,9 @@ class Set final {
     /// Toggles the mark of `file`, which is in this set. Marks the last unmarked file, too: see
     /// allDuplicatesAreSelectedOfSet().
     void changeStateOfFile(const std::shared_ptr<File>& file);
+    /// Sets the mark of every file, one entry for each; the state and the marked counters follow.
+    /// At least one entry is off, unless the set is empty.
+    void setMarks(const std::vector<CheckState>& marks);
     /// The state that follows from the marked counter and the number of files. A set with all files
     /// marked is off, and so is a set of one unmarked file.
     [[nodiscard]] CheckState determineSelfState() const;
