@@ -88,11 +88,16 @@ _tarvin() {
 
     case $before in
         -f | --format) _tarvin_offer -W 'text json csv' -- "$word" ;;
+        --keep)
+            _tarvin_offer -W 'first newest oldest shortest longest preferred' -- "$word"
+            ;;
+        --prefer | --protect) _tarvin_offer_names -d -- "$word" ;;
         --progress) _tarvin_offer -W 'auto always never' -- "$word" ;;
         -o | --output | --exceptions) _tarvin_offer_names -f -- "$word" ;;
         *)
             if [[ $word == -* ]]; then
-                options+=' --format --output --no-exceptions --exceptions --progress --color --help'
+                options+=' --keep --prefer --protect --format --output --no-exceptions --exceptions'
+                options+=' --progress --color --help'
                 _tarvin_offer -W "$options" -- "$word"
             else
                 _tarvin_offer_names -d -- "$word"

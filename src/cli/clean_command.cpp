@@ -31,9 +31,11 @@ constexpr const char* cleanExamples =
     "  tarvin clean --dry-run ~/Pictures ~/Downloads\n"
     "  tarvin clean ~/Pictures\n"
     "  tarvin clean --yes --format json ~/Pictures\n"
+    "  tarvin clean --prefer ~/Pictures --protect ~/Archive ~\n"
     "\n"
-    "The first file of each set, as 'tarvin scan' lists it, stays. A file is moved\n"
-    "only if it and another file of its set have not changed since the scan.\n"
+    "The first file of each set, as 'tarvin scan' lists it, stays, unless --keep or\n"
+    "--prefer chooses another. Files in protected folders stay as well. A file is\n"
+    "moved only if it and another file of its set have not changed since the scan.\n"
     "Nothing is deleted permanently. Ctrl-C stops between two files.\n"
     "\n"
     "Exit status:\n"
@@ -41,7 +43,8 @@ constexpr const char* cleanExamples =
     "  1    a folder or file could not be read, a file was not moved, memory ran out\n"
     "       or something could not be written\n"
     "  2    usage error, confirmation impossible without a terminal or --yes, or the\n"
-    "       exceptions list or output file cannot be used; nothing was done\n"
+    "       exceptions list, output file or a folder of a rule cannot be used;\n"
+    "       nothing was done\n"
     "  130  stopped by Ctrl-C, SIGTERM or SIGHUP\n"
     "  141  the reader of the report, such as 'head', closed the pipe early; all\n"
     "       duplicates were moved, and the rest of the report is on standard error";
@@ -134,6 +137,11 @@ ExitStatus CleanCommand::run() {
         printCannotConfirm("move files");
         return ExitStatus::wrongUsage;
     }
+    const auto rule = markingRuleOf(options_.keep, options_.folders, platform_.fileSystem());
+    if (!rule) {
+        return refuse(rule.error(), "tarvin clean");
+    }
+    rule_ = rule->value_or(MarkingRule());
     std::optional<ScanSetup> setup =
         setUpScan(options_, platform_, UnusableExceptions::areARefusal);
     return setup ? clean(*setup->output, std::move(setup->exceptions)) : ExitStatus::wrongUsage;
@@ -147,7 +155,7 @@ ExitStatus CleanCommand::clean(OutputFile& output, ExceptionFilter exceptions) {
     interrupt.watch([&] { stopOnFirstSignal(scan, output); }, [&] { endOnSecondSignal(output); });
     scan.wait();
     Modal& modal = *scan.modal();
-    modal.markAllExtension();
+    markByRule(modal, rule_);
     const bool asks = !dryRun_ && !yes_ && modal.totalFilesSelected() > 0;
     // Set the stage before reading the flag: a signal that came before is seen by the test below;
     // one that comes later finds `asking` and exits.

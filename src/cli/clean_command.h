@@ -5,6 +5,7 @@
 #include "cli/folder_scan.h"
 #include "cli/scan_options.h"
 #include "model/deletion_walk.h"
+#include "model/marking_rule.h"
 #include "platform/platform.h"
 #include "report/output_file.h"
 
@@ -14,7 +15,7 @@
 
 namespace tarvin {
 
-/// "tarvin clean": finds identical files and moves all but the first of each set to the Trash.
+/// "tarvin clean": finds identical files and moves all but one of each set to the Trash.
 class CleanCommand final : public Command {
  public:
     explicit CleanCommand(Platform& platform) : platform_(platform) {}
@@ -36,6 +37,7 @@ class CleanCommand final : public Command {
 
     Platform& platform_;
     ScanOptions options_;
+    MarkingRule rule_;
     bool dryRun_ = false;
     bool yes_ = false;
     DeletionControl control_;

@@ -17,16 +17,17 @@ namespace tarvin {
 
 namespace {
 
-/// Why a word cannot be the file name that `option` takes; empty if it can. The parser takes
+/// Why a word cannot be the name of a file or folder, as `kind` says, that `option` takes; empty if
+/// it can. The parser takes
 /// whatever follows as the value, so a forgotten name would swallow the next option.
-std::string fileNameError(const std::string& word, const std::string& option) {
+std::string nameError(const std::string& word, const std::string& option, const std::string& kind) {
     if (word.empty()) {
         return missingValueText(option);
     }
     return word.size() > 1 && word.starts_with('-')
                ? invalidValueText(word, option,
                                   "looks like an option; write " + quotedName("./" + word) +
-                                      " for a file of that name")
+                                      " for a " + kind + " of that name")
                : std::string();
 }
 
@@ -40,11 +41,22 @@ CLI::Option* addFileOption(CLI::App& command, const std::string& name,
                            const std::function<void(const std::string&)>& take,
                            const std::string& help) {
     const std::string option = name.substr(name.rfind(',') + 1);
-    const auto check = [option](const std::string& word) { return fileNameError(word, option); };
+    const auto check = [option](const std::string& word) {
+        return nameError(word, option, "file");
+    };
     return command.add_option_function<std::string>(name, take, help)
         ->type_name("FILE")
         ->check(CLI::Validator(check, "", ""))
         ->take_last();
+}
+
+void addFoldersOption(CLI::App& command, const std::string& name, std::vector<std::string>& folders,
+                      const std::string& help) {
+    const auto check = [name](const std::string& word) { return nameError(word, name, "folder"); };
+    command.add_option(name, folders, help)
+        ->type_name("FOLDER")
+        ->check(CLI::Validator(check, "", ""))
+        ->allow_extra_args(false);
 }
 
 void addOutputOption(CLI::App& command, std::string& output) {

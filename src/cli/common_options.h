@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -20,6 +21,11 @@ namespace tarvin {
 CLI::Option* addFileOption(CLI::App& command, const std::string& name,
                            const std::function<void(const std::string&)>& take,
                            const std::string& help);
+
+/// Adds an option whose value is a folder. It can be given several times, with one folder each;
+/// `command` appends them to `folders`, which must outlive it.
+void addFoldersOption(CLI::App& command, const std::string& name, std::vector<std::string>& folders,
+                      const std::string& help);
 
 /// Adds "-o,--output". `command` stores into `output`, which must outlive it.
 void addOutputOption(CLI::App& command, std::string& output);

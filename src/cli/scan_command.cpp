@@ -3,6 +3,7 @@
 #include "cli/common_options.h"
 #include "cli/folder_scan.h"
 #include "cli/interrupt.h"
+#include "cli/messages.h"
 #include "cli/scan_setup.h"
 #include "report/result_writer.h"
 
@@ -21,16 +22,18 @@ constexpr const char* scanExamples =
     "Examples:\n"
     "  tarvin scan ~/Pictures ~/Downloads\n"
     "  tarvin scan --format json --output duplicates.json ~/Pictures\n"
+    "  tarvin scan --keep newest ~/Documents\n"
     "\n"
     "Scanning changes nothing. Ctrl-C stops and prints the sets confirmed so far; a\n"
-    "second Ctrl-C quits at once.\n"
+    "second Ctrl-C quits at once. With --keep, --prefer or --protect the result shows\n"
+    "which files stay.\n"
     "\n"
     "Exit status:\n"
     "  0    finished\n"
     "  1    finished, but a folder or file could not be read, memory ran out or the\n"
     "       result could not be written\n"
-    "  2    usage error, or the exceptions list or output file cannot be used;\n"
-    "       nothing was done\n"
+    "  2    usage error, or the exceptions list, output file or a folder of a rule\n"
+    "       cannot be used; nothing was done\n"
     "  130  stopped by Ctrl-C, SIGTERM or SIGHUP\n"
     "  141  the reader of the result, such as 'head', closed the pipe early";
 
@@ -44,6 +47,11 @@ CLI::App& ScanCommand::addTo(CLI::App& program) {
 }
 
 ExitStatus ScanCommand::run() {
+    const auto rule = markingRuleOf(options_.keep, options_.folders, platform_.fileSystem());
+    if (!rule) {
+        return refuse(rule.error(), "tarvin scan");
+    }
+    rule_ = *rule;
     std::optional<ScanSetup> setup = setUpScan(options_, platform_, UnusableExceptions::areIgnored);
     return setup ? scanInto(*setup->output, std::move(setup->exceptions)) : ExitStatus::wrongUsage;
 }
@@ -56,7 +64,11 @@ ExitStatus ScanCommand::scanInto(OutputFile& output, ExceptionFilter exceptions)
     // After start(), which resets an earlier stop request.
     interrupt.watch([&scan] { scan.requestStop(); }, [&output] { quitAtOnce(output); });
     scan.wait();
-    const ScanReport report = scan.report();
+    ScanReport report = scan.report();
+    if (rule_) {
+        markByRule(*scan.modal(), *rule_);
+        report.hasMarks = true;
+    }
     writeReport(options_.format, report, output.output());
     const ExitStatus written = commitOutput(options_.output, output);
     if (written != ExitStatus::done) {

@@ -2,9 +2,12 @@
 
 #include "cli/command.h"
 #include "cli/scan_options.h"
+#include "model/marking_rule.h"
 #include "platform/platform.h"
 #include "report/output_file.h"
 #include "scan/exception_filter.h"
+
+#include <optional>
 
 namespace tarvin {
 
@@ -21,6 +24,7 @@ class ScanCommand final : public Command {
 
     Platform& platform_;
     ScanOptions options_;
+    std::optional<MarkingRule> rule_;
 };
 
 }  // namespace tarvin

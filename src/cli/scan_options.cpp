@@ -25,6 +25,7 @@ void addScanOptions(CLI::App& command, ScanOptions& options) {
     command.add_option("FOLDER", options.folders, "Folder to scan, with all subfolders")
         ->type_name("")
         ->required();
+    addKeepOptions(command, options.keep);
     addChoice(
         command, "-f,--format", scanFormats,
         [&options](ResultFormat format) { options.format = format; },

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/keep_options.h"
 #include "report/result_writer.h"
 
 #include <cstdint>
@@ -22,6 +23,7 @@ enum class ProgressWhen : std::uint8_t {
 /// The options of a scan. Paths are as given, native bytes.
 struct ScanOptions {
     std::vector<std::string> folders;
+    KeepOptions keep;
     ResultFormat format = ResultFormat::text;
     std::string output = "-";  ///< "-" is standard output
     bool useExceptions = true;

@@ -78,6 +78,12 @@ Arguments:
 
 Options:
   -h, --help                  Print help and exit
+  --keep first|newest|oldest|shortest|longest|preferred
+                              Which file of each set stays [default: first, or
+                              preferred with --prefer]
+  --prefer FOLDER             Keep the file in FOLDER or below; the first FOLDER
+                              that has one counts
+  --protect FOLDER            Keep all files in FOLDER or below
   -f, --format text|json|csv  Output format [default: text]
   -o, --output FILE           Write to FILE [default: standard output]
   --no-exceptions             Ignore the exceptions list
@@ -91,16 +97,18 @@ Options:
 Examples:
   tarvin scan ~/Pictures ~/Downloads
   tarvin scan --format json --output duplicates.json ~/Pictures
+  tarvin scan --keep newest ~/Documents
 
 Scanning changes nothing. Ctrl-C stops and prints the sets confirmed so far; a
-second Ctrl-C quits at once.
+second Ctrl-C quits at once. With --keep, --prefer or --protect the result shows
+which files stay.
 
 Exit status:
   0    finished
   1    finished, but a folder or file could not be read, memory ran out or the
        result could not be written
-  2    usage error, or the exceptions list or output file cannot be used;
-       nothing was done
+  2    usage error, or the exceptions list, output file or a folder of a rule
+       cannot be used; nothing was done
   130  stopped by Ctrl-C, SIGTERM or SIGHUP
   141  the reader of the result, such as 'head', closed the pipe early
 )");
@@ -119,6 +127,12 @@ Options:
   -h, --help                  Print help and exit
   -n, --dry-run               List what would be moved, and move nothing
   -y, --yes                   Do not ask for confirmation
+  --keep first|newest|oldest|shortest|longest|preferred
+                              Which file of each set stays [default: first, or
+                              preferred with --prefer]
+  --prefer FOLDER             Keep the file in FOLDER or below; the first FOLDER
+                              that has one counts
+  --protect FOLDER            Keep all files in FOLDER or below
   -f, --format text|json|csv  Output format [default: text]
   -o, --output FILE           Write to FILE [default: standard output]
   --no-exceptions             Ignore the exceptions list
@@ -133,9 +147,11 @@ Examples:
   tarvin clean --dry-run ~/Pictures ~/Downloads
   tarvin clean ~/Pictures
   tarvin clean --yes --format json ~/Pictures
+  tarvin clean --prefer ~/Pictures --protect ~/Archive ~
 
-The first file of each set, as 'tarvin scan' lists it, stays. A file is moved
-only if it and another file of its set have not changed since the scan.
+The first file of each set, as 'tarvin scan' lists it, stays, unless --keep or
+--prefer chooses another. Files in protected folders stay as well. A file is
+moved only if it and another file of its set have not changed since the scan.
 Nothing is deleted permanently. Ctrl-C stops between two files.
 
 Exit status:
@@ -143,7 +159,8 @@ Exit status:
   1    a folder or file could not be read, a file was not moved, memory ran out
        or something could not be written
   2    usage error, confirmation impossible without a terminal or --yes, or the
-       exceptions list or output file cannot be used; nothing was done
+       exceptions list, output file or a folder of a rule cannot be used;
+       nothing was done
   130  stopped by Ctrl-C, SIGTERM or SIGHUP
   141  the reader of the report, such as 'head', closed the pipe early; all
        duplicates were moved, and the rest of the report is on standard error

@@ -70,17 +70,25 @@ TEST(BashCompletion, OffersCommandsAndOptionsFirst) {
 }
 
 TEST(BashCompletion, OffersTheOptionsOfScan) {
-    EXPECT_EQ(bashOffers("tarvin scan --", 2),
-              "--color\n--exceptions\n--format\n--help\n--no-exceptions\n--output\n--progress\n");
+    EXPECT_EQ(
+        bashOffers("tarvin scan --", 2),
+        "--color\n--exceptions\n--format\n--help\n--keep\n--no-exceptions\n--output\n--prefer\n"
+        "--progress\n--protect\n");
     EXPECT_EQ(bashOffers("tarvin scan --color al", 3), "always\n");
 }
 
 TEST(BashCompletion, OffersTheOptionsOfClean) {
-    EXPECT_EQ(bashOffers("tarvin clean --", 2),
-              "--color\n--dry-run\n--exceptions\n--format\n--help\n--no-exceptions\n--output\n--"
-              "progress\n"
-              "--yes\n");
+    EXPECT_EQ(
+        bashOffers("tarvin clean --", 2),
+        "--color\n--dry-run\n--exceptions\n--format\n--help\n--keep\n--no-exceptions\n--output\n"
+        "--prefer\n--progress\n--protect\n--yes\n");
     EXPECT_EQ(bashOffers("tarvin clean --format js", 3), "json\n");
+}
+
+TEST(BashCompletion, OffersTheRulesOfKeep) {
+    EXPECT_EQ(bashOffers("tarvin clean --keep \"\"", 3),
+              "first\nlongest\nnewest\noldest\npreferred\nshortest\n");
+    EXPECT_EQ(bashOffers("tarvin scan --protect sr", 3), "src\n");
 }
 
 TEST(BashCompletion, OffersTheOptionsOfRestore) {

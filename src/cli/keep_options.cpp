@@ -1,0 +1,101 @@
+#include "cli/keep_options.h"
+
+#include "cli/choice.h"
+#include "cli/common_options.h"
+#include "cli/usage_texts.h"
+#include "platform/file_paths.h"
+#include "scan/rule_folder.h"
+
+#include <CLI/CLI.hpp>
+
+#include <array>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+constexpr std::array keepRules{Choice<KeepRule>{"first", KeepRule::first},
+                               Choice<KeepRule>{"newest", KeepRule::newest},
+                               Choice<KeepRule>{"oldest", KeepRule::oldest},
+                               Choice<KeepRule>{"shortest", KeepRule::shortest},
+                               Choice<KeepRule>{"longest", KeepRule::longest},
+                               Choice<KeepRule>{"preferred", KeepRule::preferred}};
+
+/// Why the options do not fit together; empty if they do.
+std::string misfitOf(const KeepOptions& options) {
+    const bool prefers = !options.preferred.empty();
+    if (options.keep == KeepRule::preferred && !prefers) {
+        return "--keep preferred needs a folder: --prefer FOLDER";
+    }
+    if (prefers && options.keep.value_or(KeepRule::preferred) != KeepRule::preferred) {
+        return "--prefer can only be combined with --keep preferred";
+    }
+    return {};
+}
+
+std::vector<LinkedLocation> linkedLocationsAt(const std::vector<std::string>& locations) {
+    std::vector<std::string> absolute;
+    for (const std::string& location : locations) {
+        if (const Result<std::string> path = absolutePath(location)) {
+            absolute.push_back(*path);
+        }
+    }
+    return linkedLocationsOf(absolute);
+}
+
+/// Adds the paths of the folders that `option` names. Returns an error message, or nothing.
+std::string addPathsOf(const std::vector<std::string>& folders, std::string_view option,
+                       const std::vector<LinkedLocation>& linked, FileSystem& fileSystem,
+                       std::vector<FolderPaths>& paths) {
+    for (const std::string& given : folders) {
+        const Result<std::string> folder = ruleFolderAt(given, fileSystem);
+        if (!folder) {
+            return invalidValueText(given, option, folder.error().text());
+        }
+        paths.push_back(pathsInScan(*folder, linked));
+    }
+    return {};
+}
+
+}  // namespace
+
+void addKeepOptions(CLI::App& command, KeepOptions& options) {
+    addChoice(
+        command, "--keep", keepRules, [&options](KeepRule keep) { options.keep = keep; },
+        "Which file of each set stays [default: first, or\npreferred with --prefer]");
+    addFoldersOption(command, "--prefer", options.preferred,
+                     "Keep the file in FOLDER or below; the first FOLDER\n"
+                     "that has one counts");
+    addFoldersOption(command, "--protect", options.protectedFolders,
+                     "Keep all files in FOLDER or below");
+}
+
+Result<std::optional<MarkingRule>, std::string> markingRuleOf(
+    const KeepOptions& options, const std::vector<std::string>& locations, FileSystem& fileSystem) {
+    if (std::string misfit = misfitOf(options); !misfit.empty()) {
+        return misfit;
+    }
+    const bool prefers = !options.preferred.empty();
+    const bool protects = !options.protectedFolders.empty();
+    if (!options.keep && !prefers && !protects) {
+        return std::optional<MarkingRule>();
+    }
+    MarkingRule rule;
+    rule.keep = options.keep.value_or(prefers ? KeepRule::preferred : KeepRule::first);
+    if (prefers || protects) {
+        const std::vector<LinkedLocation> linked = linkedLocationsAt(locations);
+        std::string error =
+            addPathsOf(options.preferred, "--prefer", linked, fileSystem, rule.preferred);
+        if (error.empty()) {
+            error = addPathsOf(options.protectedFolders, "--protect", linked, fileSystem,
+                               rule.protectedFolders);
+        }
+        if (!error.empty()) {
+            return error;
+        }
+    }
+    return std::optional(std::move(rule));
+}
+
+}  // namespace tarvin
