@@ -40,11 +40,16 @@ void ComparisonProgress::reportNow(const File& file) {
 class CategoryComparison::Verdict final : public ContentVerdict {
  public:
     Verdict(CategoryComparison& comparison, const Members& members)
-        : comparison_(comparison), members_(members) {}
+        : comparison_(comparison),
+          members_(members),
+          left_(comparison.context_.bytes, members.files.size(),
+                members.files.front()->fileSize()) {}
 
     void compared(std::uint32_t file, const FileStamp& stamp) override {
         comparison_.keepState(*members_.files[file], stamp);
     }
+
+    void advanced(std::uint32_t file, std::uint64_t bytes) override { left_.compared(file, bytes); }
 
     void equal(FileGroup group) override {
         comparison_.keep(members_.positions, group);
@@ -54,12 +59,17 @@ class CategoryComparison::Verdict final : public ContentVerdict {
     void decided(std::span<const std::uint32_t> files) override {
         for (const std::uint32_t file : files) {
             comparison_.count(members_.positions[file], true);
+            left_.finish(file);
         }
     }
+
+    /// All files of the class are decided.
+    void finishAll() { left_.finishAll(); }
 
  private:
     CategoryComparison& comparison_;
     const Members& members_;
+    BytesLeft left_;
 };
 
 CategoryComparison::CategoryComparison(Context context, std::vector<File*> list, FileStore& store)
@@ -70,7 +80,9 @@ CategoryComparison::CategoryComparison(Context context, std::vector<File*> list,
       nextEqual_(list_.size(), none),
       counted_(list_.size()),
       taken_(list_.size(), false),
-      currentPivot_(none) {}
+      currentPivot_(none) {
+    addBytesToCompare();
+}
 
 std::shared_ptr<Modal> CategoryComparison::compare() {
     auto modal = std::make_shared<Modal>();
@@ -109,6 +121,14 @@ std::vector<File*> CategoryComparison::rest() const {
         }
     }
     return rest;
+}
+
+void CategoryComparison::addBytesToCompare() const {
+    std::uint64_t bytes = 0;
+    for (std::size_t number = 0; number < classes_.count(); ++number) {
+        bytes += list_[classes_.firstOf(number)]->fileSize() * classes_.memberCount(number);
+    }
+    context_.bytes.addList(bytes);
 }
 
 void CategoryComparison::submitAll() {
@@ -184,7 +204,9 @@ void CategoryComparison::compareAll(const Batch& batch) {
         find(number, members);
         Verdict verdict(*this, members);
         context_.partition.partition(members.files, verdict);
-        countAll(members, true);
+        if (countAll(members, true)) {
+            verdict.finishAll();
+        }
     }
 }
 
@@ -211,7 +233,9 @@ bool CategoryComparison::compareWhole(std::size_t number, Members& members,
             count(members.positions[file], false);
         }
     }
-    countAll(members, false);
+    if (countAll(members, false)) {
+        context_.bytes.add(members.files.front()->fileSize() * members.files.size());
+    }
     return true;
 }
 
@@ -249,14 +273,16 @@ void CategoryComparison::keepState(File& file, const FileStamp& stamp) {
     }
 }
 
-/// Counts the files of a class that was compared to its end.
-void CategoryComparison::countAll(const Members& members, bool reports) {
+/// Counts the files of a class that was compared to its end. Returns false if a stop may have cut
+/// it short.
+bool CategoryComparison::countAll(const Members& members, bool reports) {
     if (context_.control.stop()) {
-        return;
+        return false;
     }
     for (const std::uint32_t position : members.positions) {
         count(position, reports);
     }
+    return true;
 }
 
 /// Counts each file once, however many threads decide it.

@@ -2,6 +2,7 @@
 
 #include "model/file_store.h"
 #include "model/modal.h"
+#include "scan/compared_bytes.h"
 #include "scan/content_partition.h"
 #include "scan/progress_gate.h"
 #include "scan/scan_control.h"
@@ -52,6 +53,7 @@ class CategoryComparison final {
         ScanControl& control;
         ContentPartition& partition;
         ComparisonProgress& progress;
+        ComparedBytes& bytes;
     };
 
     /// `store` owns the files of `list`. The references must outlive the comparison and the tasks
@@ -85,6 +87,7 @@ class CategoryComparison final {
         std::vector<File*> files;
     };
 
+    void addBytesToCompare() const;
     void submitAll();
     void submitLast();
     void changeBatchesLeft(int by);
@@ -96,7 +99,7 @@ class CategoryComparison final {
     void find(std::size_t number, Members& members) const;
     void keep(const std::vector<std::uint32_t>& members, const FileGroup& group);
     void keepState(File& file, const FileStamp& stamp);
-    void countAll(const Members& members, bool reports);
+    [[nodiscard]] bool countAll(const Members& members, bool reports);
     void count(std::uint32_t position, bool reports);
     void closeVerdicts();
 

@@ -117,6 +117,9 @@ class Renumbered final : public ContentVerdict {
  public:
     Renumbered(const FileGroup& numbers, ContentVerdict& to) : numbers_(numbers), to_(to) {}
 
+    void advanced(std::uint32_t file, std::uint64_t bytes) override {
+        to_.advanced(numbers_[file], bytes);
+    }
     void equal(FileGroup group) override { to_.equal(inTheClass(group)); }
     void decided(std::span<const std::uint32_t> files) override { to_.decided(inTheClass(files)); }
 
@@ -148,6 +151,8 @@ class ContentPartition::RepeatFilter final : public ContentVerdict {
  public:
     RepeatFilter(std::span<File* const> files, const Inspection& seen, ContentVerdict& to)
         : files_(files), seen_(seen), to_(to) {}
+
+    void advanced(std::uint32_t file, std::uint64_t bytes) override { to_.advanced(file, bytes); }
 
     void equal(FileGroup group) override {
         FileGroup kept = withoutRepeats(std::move(group), files_, seen_.stamps);

@@ -20,6 +20,8 @@ class ContentVerdict {
     /// The state of a group's file when it was opened for the comparison. Reported before its
     /// group.
     virtual void compared(std::uint32_t /*file*/, const FileStamp& /*stamp*/) {}
+    /// `bytes` more of a file have been read and compared; no byte is reported twice.
+    virtual void advanced(std::uint32_t /*file*/, std::uint64_t /*bytes*/) {}
     /// Two or more files whose bytes are equal from the first to the last. Each file is in at most
     /// one group.
     virtual void equal(FileGroup group) = 0;

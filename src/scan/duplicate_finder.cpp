@@ -18,10 +18,12 @@ constexpr std::chrono::milliseconds abandonPollInterval{20};
 }  // namespace
 
 DuplicateFinder::DuplicateFinder(const ScanServices& services, ScanObserver& observer,
-                                 ProgressGate& gate, std::atomic<std::uint64_t>& processed)
+                                 ProgressGate& gate, std::atomic<std::uint64_t>& processed,
+                                 ComparedBytes& bytes)
     : pool_(services.pool),
       control_(services.control),
       progress_(control_, observer, gate, processed),
+      bytes_(bytes),
       reader_(services),
       buffers_(bufferSlabs),
       partition_(reader_, buffers_, pool_) {}
@@ -37,7 +39,7 @@ DuplicateFinder::~DuplicateFinder() {
 
 std::shared_ptr<Modal> DuplicateFinder::findDuplicates(std::vector<File*>& list, FileStore& store) {
     CategoryComparison& comparison = keep(std::make_unique<CategoryComparison>(
-        CategoryComparison::Context{pool_, control_, partition_, progress_},
+        CategoryComparison::Context{pool_, control_, partition_, progress_, bytes_},
         std::exchange(list, {}), store));
     std::shared_ptr<Modal> modal = comparison.compare();
     list = comparison.rest();

@@ -5,6 +5,7 @@
 #include "scan/buffer_pool.h"
 #include "scan/candidate_reader.h"
 #include "scan/category_comparison.h"
+#include "scan/compared_bytes.h"
 #include "scan/content_partition.h"
 #include "scan/progress_gate.h"
 #include "scan/scan_observer.h"
@@ -29,7 +30,7 @@ class DuplicateFinder final {
  public:
     /// All references must outlive the finder and its tasks.
     DuplicateFinder(const ScanServices& services, ScanObserver& observer, ProgressGate& gate,
-                    std::atomic<std::uint64_t>& processed);
+                    std::atomic<std::uint64_t>& processed, ComparedBytes& bytes);
     DuplicateFinder(const DuplicateFinder&) = delete;
     DuplicateFinder& operator=(const DuplicateFinder&) = delete;
     /// Waits for the workers that are inside a comparison, unless their pool was abandoned.
@@ -39,10 +40,11 @@ class DuplicateFinder final {
     /// first file of a set is the first one in the list, and sets and extensions follow
     /// the order of their first files. A file that cannot be read is in no set.
     ///
-    /// `processed` counts a file when it is decided whether it has equals; the list is empty at the
-    /// end. After a stop the result has every set confirmed so far, in order, and the list keeps
-    /// the files that are in no set and had not been reached. Returns within half a second after a
-    /// stop, even if a worker is stuck in a call; this object keeps the data of that worker.
+    /// `processed` counts a file when it is decided whether it has equals, `bytes` while it is
+    /// read; the list is empty at the end. After a stop the result has every set confirmed so far,
+    /// in order, and the list keeps the files that are in no set and had not been reached. Returns
+    /// within half a second after a stop, even if a worker is stuck in a call; this object keeps
+    /// the data of that worker.
     [[nodiscard]] std::shared_ptr<Modal> findDuplicates(std::vector<File*>& list, FileStore& store);
 
     /// The set of two or more equal files. The first one stays when all are marked.
@@ -62,6 +64,7 @@ class DuplicateFinder final {
     WorkerPool& pool_;
     ScanControl& control_;
     ComparisonProgress progress_;
+    ComparedBytes& bytes_;
     CandidateReader reader_;
     BufferPool buffers_;
     ContentPartition partition_;

@@ -163,6 +163,7 @@ bool RangeComparison::readReference(std::uint32_t file) {
         if (!context_.reader.read(*opened.get(), offset, slab)) {
             return false;
         }
+        context_.verdict.advanced(file, slab.size());
         offset += slab.size();
     }
     return opened.isUnchanged();
@@ -195,6 +196,7 @@ void RangeComparison::compareFile(std::uint32_t file, std::span<std::byte> scrat
         if (!context_.reader.read(*opened.get(), range_.offset + offset, chunk)) {
             return;
         }
+        context_.verdict.advanced(file, chunk.size());
         if (std::memcmp(expected.data(), chunk.data(), chunk.size()) != 0) {
             if (opened.isUnchanged()) {
                 leave(file, offset, chunk);

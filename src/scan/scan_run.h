@@ -104,6 +104,9 @@ class ScanRun final {
     [[nodiscard]] bool wasStopped() const { return wasStopped_; }
     /// Files decided so far by the comparison.
     [[nodiscard]] std::uint64_t processed() const { return work()->processed(); }
+    /// Bytes that the comparison is done with, and all it has to do. Zeros until these are known, a
+    /// moment after its start.
+    [[nodiscard]] BytesCompared bytesCompared() const { return work()->bytesCompared(); }
     /// Bytes read so far by the comparison.
     [[nodiscard]] std::uint64_t bytesRead() const { return work()->bytesRead(); }
     /// nullopt before the first scan.

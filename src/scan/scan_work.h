@@ -3,6 +3,7 @@
 #include "platform/platform.h"
 #include "scan/category_lists.h"
 #include "scan/collector.h"
+#include "scan/compared_bytes.h"
 #include "scan/duplicate_finder.h"
 #include "scan/exception_filter.h"
 #include "scan/io_watch.h"
@@ -80,6 +81,7 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
     [[nodiscard]] ScanObserver& observer() { return observer_; }
     [[nodiscard]] UnreadableReport unreadable() const { return unreadable_.report(); }
     [[nodiscard]] std::uint64_t processed() const { return processed_; }
+    [[nodiscard]] BytesCompared bytesCompared() const { return bytesCompared_.now(); }
     /// Bytes read so far by the comparison.
     [[nodiscard]] std::uint64_t bytesRead();
 
@@ -147,6 +149,7 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
     std::vector<UnreadableLocation> unreadableLocations_;
     Collector::Outcome outcome_ = Collector::Outcome::stopped;
     std::atomic<std::uint64_t> processed_{0};
+    ComparedBytes bytesCompared_{allCategories.size()};
     std::atomic<bool> leftBehind_{false};
 
     std::mutex mutex_;

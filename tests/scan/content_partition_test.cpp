@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <mutex>
 #include <ostream>
 #include <thread>
 #include <tuple>
@@ -101,6 +102,66 @@ TEST_F(Comparison, DifferenceInTheMiddleEndsTheReading) {
     EXPECT_LT(fileSystem_.bytesRead(a), 40'000'000U);
 }
 
+TEST_F(Comparison, BytesOfUniqueSizesAreNotToBeCompared) {
+    fixture_.add("a.txt", "1");
+    fixture_.add("b.txt", "22");
+    fixture_.add("c.txt", "333");
+    fixture_.add("d.txt", "444");
+    find();
+    EXPECT_EQ(fixture_.bytes(), (BytesCompared{6, 6}));
+}
+
+TEST_F(Comparison, FilesThatDifferEarlyCountInFull) {
+    sparse("a.txt", 50'000'000, 0, "x");
+    sparse("b.txt", 50'000'000, 0, "y");
+    sparse("c.txt", 50'000'000, 0, "z");
+    find();
+    EXPECT_EQ(fixture_.bytes(), (BytesCompared{150'000'000, 150'000'000}));
+}
+
+TEST_F(Comparison, UnreadableFilesCountInFull) {
+    sparse("a.txt", 20'000'000);
+    sparse("b.txt", 20'000'000);
+    sparse("c.txt", 20'000'000);
+    fileSystem_.failCall(FileCall::readAt, 40, EIO, "b.txt");
+    find();
+    EXPECT_EQ(fixture_.bytes(), (BytesCompared{60'000'000, 60'000'000}));
+}
+
+TEST_F(Comparison, CountsRecordedSizesOfFilesThatHaveGrown) {
+    const std::string small = fixture_.folder().writeFile("a.txt", noise(100, 1));
+    const std::string large = fixture_.folder().writeFile("b.txt", noise(40'000, 1));
+    const std::string largeToo = fixture_.folder().writeFile("c.txt", noise(40'000, 1));
+    for (const std::string& path : {small, large, largeToo}) {
+        fixture_.addPath(path, 100);
+    }
+    EXPECT_EQ(find(), oneSet({large, largeToo}));
+    EXPECT_EQ(fixture_.bytes(), (BytesCompared{300, 300}));
+}
+
+TEST_F(Comparison, CountsBytesWhileALargeFileIsRead) {
+    sparse("a.txt", 40'000'000);
+    sparse("b.txt", 40'000'000);
+    std::mutex mutex;
+    std::vector<std::uint64_t> seen;  // bytes read and not yet counted, at each read
+    bool isMonotonic = true;
+    BytesCompared last{0, 80'000'000};
+    fileSystem_.beforeCall(FileCall::readAt, FaultyFileSystem::each, [&] {
+        const std::lock_guard lock(mutex);
+        const BytesCompared now = fixture_.bytes();
+        isMonotonic = isMonotonic && now.done >= last.done && now.total == last.total;
+        last = now;
+        const std::uint64_t read = fileSystem_.bytesRead();
+        seen.push_back(read > now.done ? read - now.done : 0);
+    });
+    find();
+    EXPECT_TRUE(isMonotonic);
+    EXPECT_GT(seen.size(), 100U);
+    // A chunk of each thread.
+    EXPECT_LE(*std::max_element(seen.begin(), seen.end()), 4U * 1024 * 1024);
+    EXPECT_EQ(fixture_.bytes(), (BytesCompared{80'000'000, 80'000'000}));
+}
+
 /// Sizes at which the method of comparison changes, with differences at different offsets.
 class ReadingOnce : public Comparison, public ::testing::WithParamInterface<std::size_t> {};
 
@@ -117,6 +178,7 @@ TEST_P(ReadingOnce, HoldsForEveryFileOfTheClass) {
     }
     const PlainResult expected = findPairwise(fixture_.list());
     EXPECT_EQ(find(), expected);
+    EXPECT_EQ(fixture_.bytes(), (BytesCompared{count * size, count * size}));
     const std::uint64_t again = count > 64 ? firstBlock : 0;
     for (const std::string& path : paths) {
         EXPECT_LE(fileSystem_.bytesRead(path), size + again) << path;

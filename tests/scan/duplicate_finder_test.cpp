@@ -167,7 +167,8 @@ class StoppingBench {
         ScanTools tools(systemFileSystem(), {2, 2});
         ProgressGate gate(std::chrono::milliseconds(0));
         std::atomic<std::uint64_t> processed{0};
-        DuplicateFinder finder(tools.servicesWith(control_), observer_, gate, processed);
+        ComparedBytes bytes{1};
+        DuplicateFinder finder(tools.servicesWith(control_), observer_, gate, processed, bytes);
         return finder.findDuplicates(list, store);
     }
 

@@ -61,6 +61,7 @@ void RandomFiles::compareRandomFiles(std::uint64_t seed) {
                                    << printed(expected) << "found:\n"
                                    << printed(found);
     EXPECT_EQ(fixture.processed(), shape.files);
+    EXPECT_EQ(fixture.bytes().done, fixture.bytes().total);
     EXPECT_TRUE(fixture.list().empty());
 }
 

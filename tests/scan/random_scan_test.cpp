@@ -106,6 +106,7 @@ void RandomTreeScan::check(unsigned workers) {
     }
     EXPECT_EQ(run.result().modal->totalFiles(), redundant);
     EXPECT_EQ(run.processed(), lists.total());
+    EXPECT_EQ(run.bytesCompared().done, run.bytesCompared().total);
 }
 
 class RandomScan : public ::testing::TestWithParam<unsigned> {};

@@ -190,6 +190,23 @@ TEST_F(ScanRunTest, ReportsThePhasesInOrder) {
     EXPECT_EQ(run_.processed(), 2U);
 }
 
+TEST_F(ScanRunTest, CountsTheBytesOfFilesOfEqualSizeInTheirCategory) {
+    folder_.writeFile("a.txt", "same");
+    folder_.writeFile("b.txt", "same");
+    folder_.writeFile("c.txt", "of another size");
+    folder_.writeFile("d.png", "same");
+    folder_.writeFile("e.mp3", "twelve bytes");
+    folder_.writeFile("f.mp3", "or different");
+    addRow(folder_.path());
+    EXPECT_EQ(run_.bytesCompared(), (BytesCompared{0, 0}));
+    recorder_.at("comparisonStarted 6",
+                 [this] { EXPECT_EQ(run_.bytesCompared(), (BytesCompared{0, 0})); });
+    scan();
+    EXPECT_EQ(run_.bytesCompared(), (BytesCompared{32, 32}));
+    run_.homeCleanup();
+    EXPECT_EQ(run_.bytesCompared(), (BytesCompared{0, 0}));
+}
+
 TEST_F(ScanRunTest, WithoutFilesSkipsTheComparison) {
     folder_.writeFile("Makefile", "no extension");
     addRow(folder_.path());

@@ -59,6 +59,9 @@ TEST_F(ComparisonOfOneClass, StopKeepsConfirmedPairs) {
         EXPECT_EQ(set[0].substr(0, set[0].rfind('.')).back() % 2, 0) << set[0];
     }
     EXPECT_LT(fixture_.processed(), 200U);
+    EXPECT_EQ(fixture_.bytes().total, 40'000'000U);
+    EXPECT_GE(fixture_.bytes().done, 26'000'000U);
+    EXPECT_LT(fixture_.bytes().done, 40'000'000U);
     EXPECT_FALSE(fixture_.list().empty());
 }
 

@@ -21,7 +21,8 @@ class ComparisonFixture final : public ScanObserver {
  public:
     explicit ComparisonFixture(FileSystem& fileSystem = systemFileSystem(),
                                WorkerPool::Limits workers = {2, 4})
-        : tools_(fileSystem, workers), finder_(tools_.services(), *this, gate_, processed_) {}
+        : tools_(fileSystem, workers),
+          finder_(tools_.services(), *this, gate_, processed_, bytes_) {}
 
     /// Writes a file and appends it to the list.
     File* add(std::string_view name, std::string_view content) {
@@ -57,6 +58,7 @@ class ComparisonFixture final : public ScanObserver {
     [[nodiscard]] DuplicateFinder& finder() { return finder_; }
     [[nodiscard]] FileStore& store() { return *store_; }
     [[nodiscard]] std::uint64_t processed() const { return processed_; }
+    [[nodiscard]] BytesCompared bytes() const { return bytes_.now(); }
 
  private:
     TemporaryFolder folder_;
@@ -65,6 +67,7 @@ class ComparisonFixture final : public ScanObserver {
     ScanTools tools_;
     ProgressGate gate_{std::chrono::milliseconds(0)};
     std::atomic<std::uint64_t> processed_{0};
+    ComparedBytes bytes_{1};
     DuplicateFinder finder_;
     std::mutex mutex_;
     std::vector<std::string> reported_;  // guarded by mutex_
