@@ -238,7 +238,7 @@ Modificado  : %4</translation>
     </message>
     <message>
         <source>Its move was not written down before</source>
-        <translation>No se registró antes de moverlo</translation>
+        <translation>El movimiento no se registró antes</translation>
     </message>
     <message>
         <source>In the Trash, not moved back: %1</source>

@@ -69,7 +69,7 @@
     </message>
     <message>
         <source>Marked files go to the Trash. You can put them back from there.</source>
-        <translation>Les fichiers marqués vont dans la corbeille. Vous pouvez les en restaurer.</translation>
+        <translation>Les fichiers marqués vont dans la corbeille, d’où vous pouvez les restaurer.</translation>
     </message>
 </context>
 <context>
@@ -226,7 +226,7 @@ Modifié le  : %4</translation>
     </message>
     <message>
         <source>Stopped before its turn</source>
-        <translation>Arrêt avant son tour</translation>
+        <translation>Arrêté avant son tour</translation>
     </message>
     <message>
         <source>The Trash of this volume is full</source>
@@ -583,7 +583,7 @@ Modifié le  : %4</translation>
     </message>
     <message>
         <source>Stopped before its turn</source>
-        <translation>Arrêt avant son tour</translation>
+        <translation>Arrêté avant son tour</translation>
     </message>
     <message>
         <source>The disk is full</source>

@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>About</source>
-        <translation>情報</translation>
+        <translation>このアプリについて</translation>
     </message>
     <message>
         <source>© Tarvin Software. All rights reserved.</source>
@@ -69,7 +69,7 @@
     </message>
     <message>
         <source>Marked files go to the Trash. You can put them back from there.</source>
-        <translation>マークしたファイルはゴミ箱に移動します。そこから元に戻せます。</translation>
+        <translation>マークしたファイルはゴミ箱に移動し、後で元に戻せます。</translation>
     </message>
 </context>
 <context>

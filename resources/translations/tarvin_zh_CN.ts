@@ -307,7 +307,7 @@ Modified Date       : %4</source>
     </message>
     <message>
         <source>Unmark All</source>
-        <translation>全部取消</translation>
+        <translation>全部取消标记</translation>
     </message>
     <message>
         <source>Remove from List</source>
@@ -807,7 +807,7 @@ Modified Date       : %4</source>
     </message>
     <message>
         <source>Unmark All</source>
-        <translation>全部取消</translation>
+        <translation>全部取消标记</translation>
     </message>
     <message>
         <source>Add to Exceptions</source>
