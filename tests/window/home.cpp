@@ -22,7 +22,8 @@ std::unique_ptr<ChildProcess> Home::startProduct(const ChildProcess::Words& argu
                                   {"XDG_RUNTIME_DIR", folder_.pathOf(".runtime")},
                                   {"XDG_CACHE_HOME", folder_.pathOf(".cache")},
                                   {"XDG_CONFIG_HOME", folder_.pathOf(".config")},
-                                  {"XDG_DATA_HOME", folder_.pathOf(".local/share")}});
+                                  {"XDG_DATA_HOME", folder_.pathOf(".local/share")},
+                                  {"LANGUAGE", languages_}});
 }
 
 }  // namespace tarvin

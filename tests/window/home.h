@@ -23,12 +23,16 @@ class Home final {
     /// Starts this program instead of the one in the build folder.
     void setProgram(std::string path) { program_ = std::move(path); }
 
+    /// Starts the program in the first of these languages that it has, as in "ja:en".
+    void setLanguages(std::string languages) { languages_ = std::move(languages); }
+
     /// Starts the program.
     std::unique_ptr<ChildProcess> startProduct(const ChildProcess::Words& arguments = {});
 
  private:
     TemporaryFolder folder_;
     std::string program_;
+    std::string languages_;
     int started_ = 0;
 };
 
