@@ -103,7 +103,7 @@
     </message>
     <message>
         <source>Only photos of these types can be added: %1.</source>
-        <translation>Seules les photos de ces types peuvent être ajoutées : %1.</translation>
+        <translation>Seules les photos de ces types peuvent être ajoutées&#xa0;: %1.</translation>
     </message>
     <message>
         <source>Folders not shown here can be dropped onto the list.</source>
@@ -192,7 +192,7 @@ Modifié le  : %4</translation>
     <name>tarvin::HomeTexts</name>
     <message>
         <source>Files cleaned so far: %1 (%2)</source>
-        <translation>Fichiers nettoyés à ce jour : %1 (%2)</translation>
+        <translation>Fichiers nettoyés à ce jour&#xa0;: %1 (%2)</translation>
     </message>
 </context>
 <context>
@@ -242,7 +242,7 @@ Modifié le  : %4</translation>
     </message>
     <message>
         <source>In the Trash, not moved back: %1</source>
-        <translation>Dans la corbeille, non remis en place : %1</translation>
+        <translation>Dans la corbeille, non remis en place&#xa0;: %1</translation>
     </message>
     <message>
         <source>The disk is full</source>
@@ -387,7 +387,7 @@ Modifié le  : %4</translation>
     </message>
     <message>
         <source>Select the check box and click &apos;Scan&apos; button to proceed.</source>
-        <translation>Cochez la case et cliquez sur « Analyser » pour continuer.</translation>
+        <translation>Cochez la case et cliquez sur «&#xa0;Analyser&#xa0;» pour continuer.</translation>
     </message>
     <message>
         <source>No Folders.</source>
@@ -395,7 +395,7 @@ Modifié le  : %4</translation>
     </message>
     <message>
         <source>Scan this location: %1</source>
-        <translation>Analyser cet emplacement : %1</translation>
+        <translation>Analyser cet emplacement&#xa0;: %1</translation>
     </message>
     <message>
         <source>Unmark</source>
@@ -446,7 +446,7 @@ Modifié le  : %4</translation>
     </message>
     <message>
         <source>Are you sure, you want to stop this process?</source>
-        <translation>Voulez-vous vraiment arrêter cette opération ?</translation>
+        <translation>Voulez-vous vraiment arrêter cette opération&#x202f;?</translation>
     </message>
     <message>
         <source>All the files of same set cannot be selected</source>
@@ -599,11 +599,11 @@ Modifié le  : %4</translation>
     </message>
     <message>
         <source>Something else is there now: will be named &quot;%1&quot;</source>
-        <translation>L’emplacement est occupé : sera nommé « %1 »</translation>
+        <translation>L’emplacement est occupé&#xa0;: sera nommé «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>The folder is gone: will be made again</source>
-        <translation>Le dossier a disparu : sera recréé</translation>
+        <translation>Le dossier a disparu&#xa0;: sera recréé</translation>
     </message>
     <message>
         <source>%1, to %2, %3</source>
@@ -728,19 +728,19 @@ Modifié le  : %4</translation>
     </message>
     <message>
         <source>Files Put Back: %1</source>
-        <translation>Fichiers restaurés : %1</translation>
+        <translation>Fichiers restaurés&#xa0;: %1</translation>
     </message>
     <message>
         <source>Size: %1</source>
-        <translation>Taille : %1</translation>
+        <translation>Taille&#xa0;: %1</translation>
     </message>
     <message>
         <source>1 file could not be put back:</source>
-        <translation>1 fichier n’a pas pu être restauré :</translation>
+        <translation>1 fichier n’a pas pu être restauré&#xa0;:</translation>
     </message>
     <message>
         <source>%1 files could not be put back:</source>
-        <translation>%1 fichiers n’ont pas pu être restaurés :</translation>
+        <translation>%1 fichiers n’ont pas pu être restaurés&#xa0;:</translation>
     </message>
     <message>
         <source>Scan again to see these files in the results.</source>
@@ -768,7 +768,7 @@ Modifié le  : %4</translation>
     </message>
     <message>
         <source>Not all was done or written down: %1</source>
-        <translation>Tout n’a pas été fait ou consigné : %1</translation>
+        <translation>Tout n’a pas été fait ou consigné&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -943,11 +943,11 @@ Modifié le  : %4</translation>
     </message>
     <message>
         <source>Marked Duplicate Files: %1</source>
-        <translation>Fichiers marqués : %1</translation>
+        <translation>Fichiers marqués&#xa0;: %1</translation>
     </message>
     <message>
         <source>Marked File Size: %1</source>
-        <translation>Taille marquée : %1</translation>
+        <translation>Taille marquée&#xa0;: %1</translation>
     </message>
     <message>
         <source>All the files of same set cannot be selected</source>
@@ -955,7 +955,7 @@ Modifié le  : %4</translation>
     </message>
     <message>
         <source>Path: %1</source>
-        <translation>Chemin : %1</translation>
+        <translation>Chemin&#xa0;: %1</translation>
     </message>
     <message>
         <source>Double Click On FIle To Open</source>
@@ -1007,39 +1007,39 @@ Modifié le  : %4</translation>
     </message>
     <message>
         <source>Media: %1</source>
-        <translation>Médias : %1</translation>
+        <translation>Médias&#xa0;: %1</translation>
     </message>
     <message>
         <source>Documents: %1</source>
-        <translation>Documents : %1</translation>
+        <translation>Documents&#xa0;: %1</translation>
     </message>
     <message>
         <source>Others: %1</source>
-        <translation>Autres : %1</translation>
+        <translation>Autres&#xa0;: %1</translation>
     </message>
     <message>
         <source>Image Duplicates: %1</source>
-        <translation>Images en double : %1</translation>
+        <translation>Images en double&#xa0;: %1</translation>
     </message>
     <message>
         <source>Video Duplicates: %1</source>
-        <translation>Vidéos en double : %1</translation>
+        <translation>Vidéos en double&#xa0;: %1</translation>
     </message>
     <message>
         <source>Audio Duplicates: %1</source>
-        <translation>Fichiers audio en double : %1</translation>
+        <translation>Fichiers audio en double&#xa0;: %1</translation>
     </message>
     <message>
         <source>Documents Duplicates: %1</source>
-        <translation>Documents en double : %1</translation>
+        <translation>Documents en double&#xa0;: %1</translation>
     </message>
     <message>
         <source>Other Duplicates: %1</source>
-        <translation>Autres doublons : %1</translation>
+        <translation>Autres doublons&#xa0;: %1</translation>
     </message>
     <message>
         <source>Memory Occupied: %1</source>
-        <translation>Espace occupé : %1</translation>
+        <translation>Espace occupé&#xa0;: %1</translation>
     </message>
     <message>
         <source>No Image Duplicates Found</source>
@@ -1071,33 +1071,33 @@ Modifié le  : %4</translation>
     </message>
     <message>
         <source>Are you sure, you want to stop this process?</source>
-        <translation>Voulez-vous vraiment arrêter cette opération ?</translation>
+        <translation>Voulez-vous vraiment arrêter cette opération&#x202f;?</translation>
     </message>
     <message>
         <source>Duplicates Cleaned: %1</source>
-        <translation>Doublons nettoyés : %1</translation>
+        <translation>Doublons nettoyés&#xa0;: %1</translation>
     </message>
     <message>
         <source>Space Regained: %1 </source>
-        <translation>Espace récupéré : %1 </translation>
+        <translation>Espace récupéré&#xa0;: %1 </translation>
     </message>
     <message>
         <source>The selected files will be excluded from all future scans. Press &quot;OK&quot; to exclude.</source>
-        <translation>Les fichiers sélectionnés seront exclus de toutes les analyses à venir. Cliquez sur « OK » pour les exclure.</translation>
+        <translation>Les fichiers sélectionnés seront exclus de toutes les analyses à venir. Cliquez sur «&#xa0;OK&#xa0;» pour les exclure.</translation>
     </message>
     <message>
         <source>The selected similar photos will be excluded from all future scans. Press &quot;Ok&quot; to exclude.</source>
-        <translation>Les photos similaires sélectionnées seront exclues de toutes les analyses à venir. Cliquez sur « OK » pour les exclure.</translation>
+        <translation>Les photos similaires sélectionnées seront exclues de toutes les analyses à venir. Cliquez sur «&#xa0;OK&#xa0;» pour les exclure.</translation>
     </message>
     <message>
         <source>
 Successfully added %1 files to exceptions.</source>
         <translation>
-Fichiers ajoutés aux exceptions : %1.</translation>
+Fichiers ajoutés aux exceptions&#xa0;: %1.</translation>
     </message>
     <message>
         <source>Are you sure, you want to remove all exceptions?</source>
-        <translation>Voulez-vous vraiment retirer toutes les exceptions ?</translation>
+        <translation>Voulez-vous vraiment retirer toutes les exceptions&#x202f;?</translation>
     </message>
     <message>
         <source>
@@ -1115,11 +1115,11 @@ Toutes les exceptions ont été retirées.</translation>
     </message>
     <message>
         <source>The clean-up could not begin: its moves cannot be written down.</source>
-        <translation>Le nettoyage n’a pas pu commencer : ses déplacements ne peuvent pas être consignés.</translation>
+        <translation>Le nettoyage n’a pas pu commencer&#xa0;: ses déplacements ne peuvent pas être consignés.</translation>
     </message>
     <message>
         <source>The file was set aside; the next clean-up begins a new one.</source>
-        <translation>Le fichier a été mis de côté ; le prochain nettoyage en commencera un nouveau.</translation>
+        <translation>Le fichier a été mis de côté&#x202f;; le prochain nettoyage en commencera un nouveau.</translation>
     </message>
     <message>
         <source>1 file was left where it is.</source>
@@ -1131,15 +1131,15 @@ Toutes les exceptions ont été retirées.</translation>
     </message>
     <message>
         <source>1 file in the Trash may be the last copy.</source>
-        <translation>Corbeille : 1 copie peut-être unique.</translation>
+        <translation>Corbeille&#xa0;: 1 copie peut-être unique.</translation>
     </message>
     <message>
         <source>%1 files in the Trash may be last copies.</source>
-        <translation>Corbeille : %1 copies peut-être uniques.</translation>
+        <translation>Corbeille&#xa0;: %1 copies peut-être uniques.</translation>
     </message>
     <message>
         <source>Left: %1. Maybe last copies: %2.</source>
-        <translation>Laissés : %1. Peut-être uniques : %2.</translation>
+        <translation>Laissés&#xa0;: %1. Peut-être uniques&#xa0;: %2.</translation>
     </message>
 </context>
 <context>
@@ -1157,19 +1157,19 @@ Toutes les exceptions ont été retirées.</translation>
     </message>
     <message>
         <source>Collecting Files: %1</source>
-        <translation>Collecte des fichiers : %1</translation>
+        <translation>Collecte des fichiers&#xa0;: %1</translation>
     </message>
     <message>
         <source>Processing File: %1</source>
-        <translation>Comparaison du fichier : %1</translation>
+        <translation>Comparaison du fichier&#xa0;: %1</translation>
     </message>
     <message>
         <source>Waiting for: %1</source>
-        <translation>En attente de : %1</translation>
+        <translation>En attente de&#xa0;: %1</translation>
     </message>
     <message>
         <source>Elapsed Time: %1</source>
-        <translation>Temps écoulé : %1</translation>
+        <translation>Temps écoulé&#xa0;: %1</translation>
     </message>
     <message>
         <source>Searching for duplicate files...</source>
@@ -1236,7 +1236,7 @@ Toutes les exceptions ont été retirées.</translation>
     </message>
     <message>
         <source>Would you like to update this version?</source>
-        <translation>Voulez-vous mettre à jour cette version ?</translation>
+        <translation>Voulez-vous mettre à jour cette version&#x202f;?</translation>
     </message>
     <message>
         <source>Update</source>

@@ -127,10 +127,10 @@ Image Dimensions   : %3
 Created Date           : %4
 Modified Date         : %5</source>
         <translation> %1
-サイズ　　：%2
+サイズ&#x3000;&#x3000;：%2
 画像サイズ：%3
-作成日時　：%4
-更新日時　：%5</translation>
+作成日時&#x3000;：%4
+更新日時&#x3000;：%5</translation>
     </message>
     <message>
         <source> %1
@@ -138,7 +138,7 @@ Size                       : %2
 Created Date        : %3
 Modified Date       : %4</source>
         <translation> %1
-サイズ　：%2
+サイズ&#x3000;：%2
 作成日時：%3
 更新日時：%4</translation>
     </message>

@@ -127,7 +127,7 @@ Image Dimensions   : %3
 Created Date           : %4
 Modified Date         : %5</source>
         <translation> %1
-大小　　：%2
+大小&#x3000;&#x3000;：%2
 图像尺寸：%3
 创建日期：%4
 修改日期：%5</translation>
@@ -138,7 +138,7 @@ Size                       : %2
 Created Date        : %3
 Modified Date       : %4</source>
         <translation> %1
-大小　　：%2
+大小&#x3000;&#x3000;：%2
 创建日期：%3
 修改日期：%4</translation>
     </message>
