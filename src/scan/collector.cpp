@@ -38,6 +38,13 @@ EntryInterest interestIn(std::string_view name) {
     return pathExtension(name).empty() ? EntryInterest::name : EntryInterest::attributes;
 }
 
+/// `filter` must outlive the result.
+TreeReader::Interest interestWith(const ScanFilter& filter) {
+    return [&filter](const Directory& folder, std::string_view name, EntryType type) {
+        return filter.skips(folder, name, type) ? EntryInterest::none : interestIn(name);
+    };
+}
+
 }  // namespace
 
 /// A folder that the walk is inside of, with its current block and the position in it.
@@ -51,16 +58,20 @@ struct Collector::OpenFolder {
 };
 
 Collector::Collector(const ScanServices& services, const ExceptionFilter& exceptions,
-                     ScanObserver& observer, ProgressGate& gate, CategoryLists& lists)
+                     const ScanFilter& filter, ScanObserver& observer, ProgressGate& gate,
+                     CategoryLists& lists)
     : fileSystem_(services.fileSystem),
       control_(services.control),
       watch_(services.watch),
       unreadableLog_(services.unreadable),
       exceptions_(exceptions),
+      filter_(filter),
       observer_(observer),
       gate_(gate),
       lists_(lists),
-      reader_(services, interestIn, [this] { waitWhilePaused(); }) {}
+      reader_(
+          services, interestWith(filter), [this] { waitWhilePaused(); },
+          filter.oneFileSystem ? TreeReader::Devices::ofTheRoot : TreeReader::Devices::all) {}
 
 Collector::Outcome Collector::addAllPhotos(std::vector<LocationRow>& rows) {
     observer_.collectionStarted();
@@ -70,7 +81,7 @@ Collector::Outcome Collector::addAllPhotos(std::vector<LocationRow>& rows) {
         }
         waitWhilePaused();
         if (row.folder && row.state) {
-            acceptFilenameDrag3(row.name);
+            row.mayBeFile ? takeGiven(row.name) : acceptFilenameDrag3(row.name);
         }
     }
     const bool nothing = lists_.total() == 0;
@@ -108,6 +119,74 @@ void Collector::acceptFilenameDrag3(const std::string& path) {
     }
     if (const std::optional<SystemError> failure = reader_.failureOf(listing)) {
         unreadable_.push_back({path, *failure});
+    }
+}
+
+/// `path` is absolute.
+void Collector::takeGiven(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    const std::string parent = slash == 0 ? "/" : path.substr(0, slash);
+    GivenFolder& folder = givenFolders_[parent];
+    if (folder.directory == nullptr) {
+        folder.directory = lists_.store->addRoot(parent);
+    }
+    Result<FileAttributes> attributes = SystemError{ENOENT};
+    {
+        const IoWatch::Call call(watch_, *folder.directory);
+        attributes = fileSystem_.attributesAtPath(path);
+    }
+    if (!attributes) {
+        unreadable_.push_back({path, attributes.error(), false, false});
+    } else if (attributes->type == EntryType::regular) {
+        takeGivenFile(folder, std::string_view(path).substr(slash + 1), *attributes);
+    } else {
+        const std::size_t before = unreadable_.size();
+        acceptFilenameDrag3(path);
+        // A link to a folder is followed; links to files are not.
+        if (unreadable_.size() > before && unreadable_.back().error.code == ENOTDIR) {
+            unreadable_.back().isSpecial = true;
+        }
+    }
+}
+
+void Collector::takeGivenFile(GivenFolder& folder, std::string_view name,
+                              const FileAttributes& attributes) {
+    check(folder);
+    if (folder.failure) {
+        unreadable_.push_back(
+            {folder.directory->pathOf(name), *folder.failure, folder.isTrash, false});
+        return;
+    }
+    if (!taken_) {
+        taken_.emplace(lists_);
+    }
+    if (interestIn(name) == EntryInterest::attributes &&
+        !filter_.excludes(*folder.directory, name, EntryType::regular)) {
+        takeFile(*folder.directory, {name, EntryType::regular, true, {}, attributes});
+    }
+}
+
+/// Once for each folder: finding out whether it is in a Trash takes several calls.
+void Collector::check(GivenFolder& folder) {
+    if (folder.isChecked) {
+        return;
+    }
+    folder.isChecked = true;
+    folder.isTrash = isInTrash(*folder.directory);
+    if (folder.isTrash) {
+        folder.failure = SystemError{EOPNOTSUPP};
+        return;
+    }
+    const IoWatch::Call call(watch_, *folder.directory);
+    // Resolves a folder that is a symbolic link.
+    const Result<FileAttributes> attributes =
+        fileSystem_.attributesAtPath(folder.directory->path() + "/.");
+    if (!attributes) {
+        folder.failure = attributes.error();
+    } else if (fileSystem_.isPseudoFileSystem(attributes->identity.device)) {
+        folder.failure = SystemError{EOPNOTSUPP};
+    } else {
+        folder.directory->identity = attributes->identity;
     }
 }
 
@@ -214,7 +293,7 @@ bool Collector::isInTrash(const Directory& location) {
 }
 
 void Collector::takeFile(const Directory& directory, const ListedEntry& entry) {
-    if (entry.attributes.immutable) {
+    if (entry.attributes.immutable || !filter_.takesSize(entry.attributes.size)) {
         return;
     }
     if (gate_.due()) {
@@ -242,12 +321,16 @@ void Collector::reportFile(const Directory& directory, const ListedEntry& entry)
 void Collector::addToArrayFile(const Directory& directory, const ListedEntry& entry) {
     const std::optional<Category> category =
         classifier_.classify(entry.name, directory.insideBundle);
-    if (!category) {
+    if (!category || (taken_ && taken_->contains(directory, entry.name))) {
         return;
     }
     const FileAttributes& attributes = entry.attributes;
-    lists_.of(*category).push_back(lists_.store->addFile(&directory, entry.name, attributes.size,
-                                                         attributes.modified, attributes.created));
+    File* const file = lists_.store->addFile(&directory, entry.name, attributes.size,
+                                             attributes.modified, attributes.created);
+    lists_.of(*category).push_back(file);
+    if (taken_) {
+        taken_->add(*file);
+    }
 }
 
 void Collector::waitWhilePaused() {

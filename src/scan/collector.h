@@ -6,11 +6,15 @@
 #include "scan/exception_filter.h"
 #include "scan/location_row.h"
 #include "scan/progress_gate.h"
+#include "scan/scan_filter.h"
 #include "scan/scan_observer.h"
 #include "scan/scan_services.h"
+#include "scan/taken_files.h"
 #include "scan/tree_reader.h"
 
+#include <optional>
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -20,9 +24,10 @@ namespace tarvin {
 /// extension into the list of its category, in the order of the listings.
 ///
 /// Made for one scan and used on one thread; the workers of the pool list ahead. A folder is walked
-/// once per scan, even if several paths lead to it. Folders that cannot be listed and
-/// files whose attributes cannot be read go to the UnreadableLog; see unreadableLocations() for the
-/// locations.
+/// once per scan and a file taken once, even if several paths lead to it. A file that is a location
+/// itself is taken even if it is hidden; all else that is skipped inside folders, it is too.
+/// Folders that cannot be listed and files whose attributes cannot be read go to the UnreadableLog;
+/// see unreadableLocations() for the locations.
 class Collector final {
  public:
     enum class Outcome {
@@ -33,9 +38,11 @@ class Collector final {
 
     /// All references must outlive the collector and its tasks.
     Collector(const ScanServices& services, const ExceptionFilter& exceptions,
-              ScanObserver& observer, ProgressGate& gate, CategoryLists& lists);
+              const ScanFilter& filter, ScanObserver& observer, ProgressGate& gate,
+              CategoryLists& lists);
 
-    /// Walks the checked folders of `rows` in order, then empties `rows`, unless stopped.
+    /// Walks the checked folders of `rows` and takes the given files, in order, then empties
+    /// `rows`, unless stopped.
     Outcome addAllPhotos(std::vector<LocationRow>& rows);
 
     /// Walks one folder tree, depth first.
@@ -49,7 +56,19 @@ class Collector final {
  private:
     struct OpenFolder;
 
+    /// A folder that contains given files.
+    struct GivenFolder {
+        Directory* directory = nullptr;
+        bool isChecked = false;  // the next two are known
+        bool isTrash = false;
+        std::optional<SystemError> failure;  // why files in it cannot be taken
+    };
+
     void waitWhilePaused();
+    void takeGiven(const std::string& path);
+    void takeGivenFile(GivenFolder& folder, std::string_view name,
+                       const FileAttributes& attributes);
+    void check(GivenFolder& folder);
     [[nodiscard]] bool enter(Directory& directory,
                              const std::shared_ptr<TreeReader::Listing>& listing);
     void leave(const OpenFolder& folder);
@@ -67,12 +86,15 @@ class Collector final {
     IoWatch& watch_;
     UnreadableLog& unreadableLog_;
     const ExceptionFilter& exceptions_;
+    const ScanFilter& filter_;
     ScanObserver& observer_;
     ProgressGate& gate_;
     CategoryLists& lists_;
     TreeReader reader_;
     Classifier classifier_;
     std::unordered_set<FileIdentity, FileIdentityHash> walked_;
+    std::unordered_map<std::string, GivenFolder> givenFolders_;  // by path
+    std::optional<TakenFiles> taken_;                            // from the first given file on
     std::vector<UnreadableLocation> unreadable_;
 };
 

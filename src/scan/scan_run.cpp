@@ -51,12 +51,12 @@ void ScanRun::changeWork(std::shared_ptr<ScanWork> work) {
     work_.swap(work);
 }
 
-void ScanRun::start(std::vector<LocationRow> rows, ExceptionFilter exceptions) {
+void ScanRun::start(std::vector<LocationRow> rows, ExceptionFilter exceptions, ScanFilter filter) {
     wait();
     const std::shared_ptr<ScanWork> next = makeWork();
     next->control().setPause(pause());
     next->control().setStop(stop());
-    next->setInputs(std::move(rows), std::move(exceptions));
+    next->setInputs(std::move(rows), std::move(exceptions), std::move(filter));
     changeWork(next);
     scanning_ = true;
     wasStopped_ = false;

@@ -4,6 +4,7 @@
 #include "scan/elapsed_time_thread.h"
 #include "scan/exception_filter.h"
 #include "scan/location_row.h"
+#include "scan/scan_filter.h"
 #include "scan/scan_observer.h"
 #include "scan/scan_result.h"
 #include "scan/scan_work.h"
@@ -61,10 +62,11 @@ class ScanRun final {
     /// Stops a running scan and waits for it.
     ~ScanRun();
 
-    /// Starts a scan of the checked folders among `rows` and returns immediately (after the scan if
+    /// Starts a scan of the checked folders and the given files among `rows`, without what `filter`
+    /// and `exceptions` skip, and returns immediately (after the scan if
     /// the system gives no thread). Waits for a scan that is still running. Drops the last result,
     /// whose lists homeCleanup() should have freed before.
-    void start(std::vector<LocationRow> rows, ExceptionFilter exceptions);
+    void start(std::vector<LocationRow> rows, ExceptionFilter exceptions, ScanFilter filter = {});
 
     /// Blocks until the last scan has ended. Returns at once if there was none.
     void wait();

@@ -20,15 +20,17 @@ ScanWork::ScanWork(FileSystem& fileSystem, ScanObserver& observer, Settings sett
 
 ScanWork::~ScanWork() = default;
 
-void ScanWork::setInputs(std::vector<LocationRow> rows, ExceptionFilter exceptions) {
+void ScanWork::setInputs(std::vector<LocationRow> rows, ExceptionFilter exceptions,
+                         ScanFilter filter) {
     rows_ = std::move(rows);
     exceptions_ = std::move(exceptions);
+    filter_ = std::move(filter);
 }
 
 void ScanWork::collect() {
     Collector::Outcome outcome = Collector::Outcome::stopped;
     try {
-        collector_.emplace(services_, exceptions_, observer_, gate_, lists_);
+        collector_.emplace(services_, exceptions_, filter_, observer_, gate_, lists_);
         outcome = collector_->addAllPhotos(rows_);
         unreadableLocations_ = collector_->unreadableLocations();
     } catch (const std::bad_alloc&) {

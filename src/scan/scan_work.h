@@ -10,6 +10,7 @@
 #include "scan/location_row.h"
 #include "scan/progress_gate.h"
 #include "scan/scan_control.h"
+#include "scan/scan_filter.h"
 #include "scan/scan_observer.h"
 #include "scan/scan_services.h"
 #include "scan/unreadable.h"
@@ -48,9 +49,9 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
     ~ScanWork();
 
     /// Sets what to scan. Call at most once, before collect().
-    void setInputs(std::vector<LocationRow> rows, ExceptionFilter exceptions);
-    /// Walks the checked folders among the rows. Call at most once, on a thread that may be left
-    /// behind.
+    void setInputs(std::vector<LocationRow> rows, ExceptionFilter exceptions, ScanFilter filter);
+    /// Walks the checked folders among the rows and takes the given files. Call at most once, on a
+    /// thread that may be left behind.
     void collect();
     /// Blocks until collect() has ended. Returns false if it has not after `patience`.
     [[nodiscard]] bool waitForCollection(std::chrono::milliseconds patience);
@@ -141,6 +142,7 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
     ProgressGate gate_;
     std::vector<LocationRow> rows_;
     ExceptionFilter exceptions_;
+    ScanFilter filter_;
     CategoryLists lists_;
     WorkerPool pool_;
     const ScanServices services_;

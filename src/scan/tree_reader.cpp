@@ -89,14 +89,16 @@ class TreeReader::Listing final {
     std::deque<std::shared_ptr<PendingBlock>> blocks;
 };
 
-TreeReader::TreeReader(const ScanServices& services, Interest interest, PauseWait waitOutPause)
+TreeReader::TreeReader(const ScanServices& services, Interest interest, PauseWait waitOutPause,
+                       Devices devices)
     : fileSystem_(services.fileSystem),
       pool_(services.pool),
       control_(services.control),
       watch_(services.watch),
-      interest_(interest),
+      interest_(std::move(interest)),
       waitOutPause_(waitOutPause ? std::move(waitOutPause)
                                  : [&control = services.control] { control.waitWhilePaused(); }),
+      devices_(devices),
       homeTrash_(services.fileSystem.homeTrash()),
       maxOpenFolders_(foldersToKeepOpen(services.fileSystem.descriptorLimit())) {}
 
@@ -312,7 +314,7 @@ void TreeReader::fillBatch(Listing& listing, bool toTheEnd, Batch& batch) {
             return;
         }
         auto pending = std::make_shared<PendingBlock>();
-        pending->block = wanted(listed);
+        pending->block = wanted(*listing.directory, listed);
         pending->entryCount = pending->block->entries.size();
         entries += listed.entries().size();
         batch.blocks.push_back(std::move(pending));
@@ -373,7 +375,7 @@ std::optional<SystemError> TreeReader::open(Listing& listing) {
     if (!attributes) {
         return attributes.error();
     }
-    if (isNeverWalked(listing, attributes->identity)) {
+    if (isNotWalked(listing, attributes->identity)) {
         const std::lock_guard lock(mutex_);
         listing.refused = true;
         return SystemError{EOPNOTSUPP};
@@ -407,23 +409,30 @@ void TreeReader::closeKeptOpen() {
     keptOpen_.clear();
 }
 
-/// Whether the folder is the user's Trash or on a pseudo file system.
-bool TreeReader::isNeverWalked(const Listing& listing, const FileIdentity& identity) const {
+/// Whether the folder is the user's Trash or on a refused file system.
+bool TreeReader::isNotWalked(const Listing& listing, const FileIdentity& identity) const {
     if (homeTrash_ == identity) {
         return true;
     }
-    const bool sameDevice = listing.parent && listing.parent->identity.device == identity.device;
-    return !sameDevice && fileSystem_.isPseudoFileSystem(identity.device);
+    if (listing.parent && listing.parent->identity.device == identity.device) {
+        return false;
+    }
+    const bool isOther = listing.parent != nullptr && devices_ == Devices::ofTheRoot;
+    return isOther || fileSystem_.isPseudoFileSystem(identity.device);
 }
 
-std::unique_ptr<TreeReader::Block> TreeReader::wanted(const EntryBlock& listed) const {
+std::unique_ptr<TreeReader::Block> TreeReader::wanted(const Directory& folder,
+                                                      const EntryBlock& listed) const {
     auto block = std::make_unique<Block>();
     block->entries.reserve(listed.entries().size());
     std::size_t nameBytes = 0;
     for (const EntryBlock::Entry& entry : listed.entries()) {
         const std::string_view name = entry.name;
-        const EntryInterest interest = interest_(name);
-        if (entry.type == EntryType::other || interest == EntryInterest::none) {
+        if (entry.type == EntryType::other) {
+            continue;
+        }
+        const EntryInterest interest = interest_(folder, name, entry.type);
+        if (interest == EntryInterest::none) {
             continue;
         }
         ListedEntry& kept = block->entries.emplace_back();
@@ -462,8 +471,11 @@ void TreeReader::readAttributes(const Listing& listing, const Descriptor& folder
             // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): null-terminated.
             fileSystem_.attributesAt(folder, entry.name.data());
         if (attributes) {
+            const bool isSkipped =
+                entry.type == EntryType::unknown &&
+                interest_(*listing.directory, entry.name, attributes->type) == EntryInterest::none;
             entry.attributes = *attributes;
-            entry.type = attributes->type;
+            entry.type = isSkipped ? EntryType::other : attributes->type;
             entry.attributesKnown = true;
         } else {
             entry.error = attributes.error();

@@ -46,8 +46,16 @@ struct ListedEntry {
 /// folders end early.
 class TreeReader final {
  public:
-    /// Returns which data of the entry with this name are needed. Called on workers.
-    using Interest = EntryInterest (*)(std::string_view name);
+    /// Returns which data of the entry `name` of `folder` are needed. Called on workers; a second
+    /// time for an entry whose type was unknown.
+    using Interest = std::function<EntryInterest(const Directory& folder, std::string_view name,
+                                                 EntryType type)>;
+
+    /// Which folders found by a walk are refused because of their file system.
+    enum class Devices : std::uint8_t {
+        all,       ///< pseudo file systems
+        ofTheRoot  ///< also all others but that of the folder at which the walk began
+    };
 
     class Listing;
 
@@ -62,7 +70,8 @@ class TreeReader final {
     using PauseWait = std::function<void()>;
 
     /// Without `waitOutPause` a pause is only waited out. To be constructed on the walking thread.
-    TreeReader(const ScanServices& services, Interest interest, PauseWait waitOutPause = {});
+    TreeReader(const ScanServices& services, Interest interest, PauseWait waitOutPause = {},
+               Devices devices = Devices::all);
     TreeReader(const TreeReader&) = delete;
     TreeReader& operator=(const TreeReader&) = delete;
     /// Waits for the workers that are inside a folder.
@@ -82,8 +91,8 @@ class TreeReader final {
     /// The error that prevented opening the folder or listing it to its end; nullopt if there has
     /// been none so far.
     std::optional<SystemError> failureOf(const std::shared_ptr<Listing>& listing);
-    /// Whether identityOf() refused the folder because it is never walked: a Trash or a pseudo file
-    /// system.
+    /// Whether identityOf() refused the folder because it is not walked: a Trash or, by `devices`,
+    /// because of its file system.
     [[nodiscard]] bool isRefused(const std::shared_ptr<Listing>& listing);
     /// Blocks until the next block of the folder's entries is ready. Returns nullptr if there is
     /// none, the folder cannot be read further, or the scan was stopped.
@@ -113,9 +122,10 @@ class TreeReader final {
     void keepBatch(const std::shared_ptr<Listing>& listing, const Batch& batch);
     std::optional<SystemError> open(Listing& listing);
     Result<Descriptor> openFolder(const Listing& listing);
-    [[nodiscard]] bool isNeverWalked(const Listing& listing, const FileIdentity& identity) const;
+    [[nodiscard]] bool isNotWalked(const Listing& listing, const FileIdentity& identity) const;
     void closeKeptOpen();
-    [[nodiscard]] std::unique_ptr<Block> wanted(const EntryBlock& listed) const;
+    [[nodiscard]] std::unique_ptr<Block> wanted(const Directory& folder,
+                                                const EntryBlock& listed) const;
     void readAttributes(const Listing& listing, const Descriptor& folder, Block& block);
     void releaseDescriptor(Listing& listing);
     void waitForChange(std::unique_lock<std::mutex>& lock);
@@ -127,6 +137,7 @@ class TreeReader final {
     IoWatch& watch_;
     const Interest interest_;
     const PauseWait waitOutPause_;
+    const Devices devices_;
     const std::thread::id walkingThread_ = std::this_thread::get_id();
     const std::optional<FileIdentity> homeTrash_;
     const std::size_t maxOpenFolders_;

@@ -17,7 +17,9 @@ namespace tarvin {
 struct UnreadableLocation {
     std::string path;
     SystemError error;
-    bool isTrash = false;  ///< in a Trash folder, which is never walked
+    bool isTrash = false;    ///< in a Trash folder, which is never walked
+    bool isFolder = true;    ///< false for a file, or if it is not known
+    bool isSpecial = false;  ///< neither a folder nor a regular file
 };
 
 /// A folder or file that a scan could not list, open or read, and why.

@@ -148,7 +148,7 @@ class CollectorTest : public testing::Test {
         collection.rows = std::move(rows);
         ScanTools tools(fileSystem_, workers);
         ProgressGate gate(labelInterval_);
-        Collector collector(tools.servicesWith(control_), exceptions_, observer_, gate,
+        Collector collector(tools.servicesWith(control_), exceptions_, filter_, observer_, gate,
                             collection.lists);
         collection.outcome = collector.addAllPhotos(collection.rows);
         collection.unreadable = collector.unreadableLocations();
@@ -197,6 +197,7 @@ class CollectorTest : public testing::Test {
     ScanControl control_;
     RecordingObserver observer_;
     ExceptionFilter exceptions_;
+    ScanFilter filter_;
     std::chrono::milliseconds labelInterval_{0};
 };
 

@@ -70,8 +70,9 @@ class RandomTreeScan final {
         ScanTools tools(fileSystem_, {1, 1});
         ProgressGate gate{std::chrono::hours(1)};
         const ExceptionFilter exceptions;
+        const ScanFilter filter;
         SilentObserver observer;
-        Collector collector(tools.services(), exceptions, observer, gate, lists);
+        Collector collector(tools.services(), exceptions, filter, observer, gate, lists);
         std::vector<LocationRow> rows = locations();
         EXPECT_EQ(collector.addAllPhotos(rows), Collector::Outcome::collected);
         return lists;

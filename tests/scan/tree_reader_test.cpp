@@ -37,17 +37,18 @@ using Listing = std::shared_ptr<TreeReader::Listing>;
 // it was reached.
 constexpr std::uint64_t maxEntriesListedAhead = 64 * 1024;
 
-EntryInterest everything(std::string_view name) {
-    static_cast<void>(name);
+EntryInterest everything(const Directory& /*folder*/, std::string_view /*name*/,
+                         EntryType /*type*/) {
     return EntryInterest::attributes;
 }
 
-EntryInterest onlyNames(std::string_view name) {
-    static_cast<void>(name);
+EntryInterest onlyNames(const Directory& /*folder*/, std::string_view /*name*/,
+                        EntryType /*type*/) {
     return EntryInterest::name;
 }
 
-EntryInterest nothingHidden(std::string_view name) {
+EntryInterest nothingHidden(const Directory& /*folder*/, std::string_view name,
+                            EntryType /*type*/) {
     return name.starts_with('.') ? EntryInterest::none : EntryInterest::attributes;
 }
 
@@ -246,6 +247,27 @@ TEST_F(TreeReaderTest, ReadsTypesMissingFromTheListing) {
     EXPECT_EQ(block->entries[0].type, EntryType::regular);
     EXPECT_EQ(block->entries[1].type, EntryType::directory);
     EXPECT_EQ(block->entries[2].type, EntryType::other);
+    reader.close(listing);
+}
+
+TEST_F(TreeReaderTest, AsksAgainWithTheTypeMissingFromTheListing) {
+    tree_.writeFile("a");
+    tree_.makeFolder("b");
+    tree_.makeFolder("c");
+    fileSystem_.hideEntryTypes();
+    TreeReader& reader =
+        this->reader([](const Directory& folder, std::string_view name, EntryType type) {
+            return folder.parent == nullptr && name == "b" && type == EntryType::directory
+                       ? EntryInterest::none
+                       : EntryInterest::name;
+        });
+    const Listing listing = root(reader, tree_.path());
+    const auto block = reader.nextBlock(listing);
+    ASSERT_NE(block, nullptr);
+    ASSERT_EQ(block->entries.size(), 3u);
+    EXPECT_EQ(block->entries[1].name, "b");
+    EXPECT_EQ(block->entries[1].type, EntryType::other);
+    EXPECT_EQ(block->entries[2].type, EntryType::directory);
     reader.close(listing);
 }
 
@@ -668,7 +690,8 @@ TEST_F(TreeReaderTest, NeedsFewDescriptorsForManyFoldersOfSkippedEntries) {
     fileSystem_.setDescriptorLimit(64);
     fileSystem_.refuseMoreDescriptorsThan(48);
     beginTogether(fileSystem_, 32);
-    const auto noneInvented = [](std::string_view name) {
+    const auto noneInvented = [](const Directory& /*folder*/, std::string_view name,
+                                 EntryType /*type*/) {
         return name.starts_with("invented") ? EntryInterest::none : EntryInterest::name;
     };
     TreeReader& reader = this->reader(noneInvented, {32, 32});
