@@ -81,7 +81,7 @@ _tarvin() {
 
     for ((i = 2; i < COMP_CWORD; ++i)); do
         if [[ ${COMP_WORDS[i]} == -- ]]; then
-            _tarvin_offer_names -d -- "$word"
+            _tarvin_offer_names -f -- "$word"
             return
         fi
     done
@@ -93,14 +93,17 @@ _tarvin() {
             ;;
         --prefer | --protect) _tarvin_offer_names -d -- "$word" ;;
         --progress) _tarvin_offer -W 'auto always never' -- "$word" ;;
-        -o | --output | --exceptions) _tarvin_offer_names -f -- "$word" ;;
+        -o | --output | --exceptions | --files-from) _tarvin_offer_names -f -- "$word" ;;
+        --exclude | --min-size | --max-size) ;;
         *)
             if [[ $word == -* ]]; then
                 options+=' --keep --prefer --protect --format --output --no-exceptions --exceptions'
                 options+=' --progress --color --help'
+                options+=' --exclude --min-size --max-size --one-file-system --skip-hidden'
+                options+=' --files-from --null'
                 _tarvin_offer -W "$options" -- "$word"
             else
-                _tarvin_offer_names -d -- "$word"
+                _tarvin_offer_names -f -- "$word"
             fi
             ;;
     esac

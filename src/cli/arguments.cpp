@@ -5,12 +5,21 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <array>
 #include <cctype>
 #include <string_view>
 
 namespace tarvin {
 
 namespace {
+
+// Options whose value is a pattern.
+constexpr std::array<std::string_view, 1> patternOptions{"--exclude"};
+
+bool takesPattern(std::string_view option) {
+    return std::find(patternOptions.begin(), patternOptions.end(), option) != patternOptions.end();
+}
 
 bool isInterpreted(std::string_view argument, bool optionsEnded) {
     return argument.starts_with('[') || argument.starts_with('{') || argument == "++" ||
@@ -72,6 +81,10 @@ std::vector<std::string> escapedForParser(std::span<const char* const> arguments
     for (const std::string_view argument : arguments) {
         if (!optionsEnded && argument == "--") {
             optionsEnded = true;
+            continue;
+        }
+        if (!optionsEnded && !escaped.empty() && takesPattern(escaped.back())) {
+            escaped.back().append("=").append(argument);
             continue;
         }
         std::string spelling(isInterpreted(argument, optionsEnded) ? "./" : "");

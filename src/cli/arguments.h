@@ -14,7 +14,8 @@ namespace tarvin {
 /// The arguments of a command line, without the program's name, escaped for the option parser. It
 /// interprets "[a,b]", "{}" and "++", and loses what follows "--" after a path. All our arguments
 /// that are not options are paths, so these become "./[a,b]" and so on, which names the same file.
-/// "--" itself is dropped. Any thread.
+/// A pattern is no path: it is joined to its option, as in "--exclude=[a,b]", which the parser
+/// takes as it is. "--" itself is dropped. Any thread.
 std::vector<std::string> escapedForParser(std::span<const char* const> arguments);
 
 /// An option that the parser would misinterpret.

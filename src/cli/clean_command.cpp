@@ -6,6 +6,7 @@
 #include "cli/interrupt.h"
 #include "cli/lasting_report.h"
 #include "cli/messages.h"
+#include "cli/path_list.h"
 #include "cli/scan_setup.h"
 #include "cli/terminal.h"
 #include "report/value_texts.h"
@@ -42,9 +43,9 @@ constexpr const char* cleanExamples =
     "  0    all duplicates were moved, or would be, or you said no\n"
     "  1    a folder or file could not be read, a file was not moved, memory ran out\n"
     "       or something could not be written\n"
-    "  2    usage error, confirmation impossible without a terminal or --yes, or the\n"
-    "       exceptions list, output file or a folder of a rule cannot be used;\n"
-    "       nothing was done\n"
+    "  2    usage error, confirmation impossible without a terminal or --yes, or a\n"
+    "       list, the output file or a folder of a rule cannot be used; nothing was\n"
+    "       done\n"
     "  130  stopped by Ctrl-C, SIGTERM or SIGHUP\n"
     "  141  the reader of the report, such as 'head', closed the pipe early; all\n"
     "       duplicates were moved, and the rest of the report is on standard error";
@@ -133,8 +134,16 @@ CLI::App& CleanCommand::addTo(CLI::App& program) {
 }
 
 ExitStatus CleanCommand::run() {
+    if (!dryRun_ && !yes_ && readsStandardInput(options_)) {
+        return refuse(
+            "--files-from - requires --yes or --dry-run: standard input cannot answer as well",
+            "tarvin clean");
+    }
     if (!dryRun_ && !yes_ && !isInteractive()) {
         printCannotConfirm("move files");
+        return ExitStatus::wrongUsage;
+    }
+    if (!addListedPaths(options_)) {
         return ExitStatus::wrongUsage;
     }
     const auto rule = markingRuleOf(options_.keep, options_.folders, platform_.fileSystem());

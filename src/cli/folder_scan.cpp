@@ -21,8 +21,11 @@ constexpr std::size_t maxNamed = 20;
 
 void printErrors(const std::vector<UnreadableLocation>& locations) {
     for (const UnreadableLocation& location : locations) {
-        printPathError(location.isTrash ? "scan" : "read folder", location.path,
-                       reasonOf(location));
+        const bool isRefused = location.isTrash || location.isSpecial;
+        printPathError(isRefused           ? "scan"
+                       : location.isFolder ? "read folder"
+                                           : "read",
+                       location.path, reasonOf(location));
     }
 }
 
@@ -45,7 +48,7 @@ FolderScan::FolderScan(Platform& platform, const ScanOptions& options)
     : options_(options), folders_(foldersOf(options)), run_(platform, mailbox_) {}
 
 void FolderScan::start(ExceptionFilter exceptions) {
-    run_.start(std::move(folders_.rows), std::move(exceptions));
+    run_.start(std::move(folders_.rows), std::move(exceptions), options_.filter);
 }
 
 void FolderScan::wait() {

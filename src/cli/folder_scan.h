@@ -12,9 +12,10 @@
 
 namespace tarvin {
 
-/// The scan of a command: it scans the folders named by the options, shows progress on standard
-/// error if requested, and reports what cannot be read: each given folder, the first twenty folders
-/// and files inside, and the number of others. Main thread only, except requestStop().
+/// The scan of a command: it scans the folders and files named by the options, shows progress on
+/// standard error if requested, and reports what cannot be read: each given folder or file, the
+/// first twenty folders and files inside, and the number of others. Main thread only, except
+/// requestStop().
 class FolderScan final {
  public:
     FolderScan(Platform& platform, const ScanOptions& options);

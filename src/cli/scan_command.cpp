@@ -4,6 +4,7 @@
 #include "cli/folder_scan.h"
 #include "cli/interrupt.h"
 #include "cli/messages.h"
+#include "cli/path_list.h"
 #include "cli/scan_setup.h"
 #include "report/result_writer.h"
 
@@ -32,8 +33,8 @@ constexpr const char* scanExamples =
     "  0    finished\n"
     "  1    finished, but a folder or file could not be read, memory ran out or the\n"
     "       result could not be written\n"
-    "  2    usage error, or the exceptions list, output file or a folder of a rule\n"
-    "       cannot be used; nothing was done\n"
+    "  2    usage error, or a list, the output file or a folder of a rule cannot be\n"
+    "       used; nothing was done\n"
     "  130  stopped by Ctrl-C, SIGTERM or SIGHUP\n"
     "  141  the reader of the result, such as 'head', closed the pipe early";
 
@@ -47,6 +48,9 @@ CLI::App& ScanCommand::addTo(CLI::App& program) {
 }
 
 ExitStatus ScanCommand::run() {
+    if (!addListedPaths(options_)) {
+        return ExitStatus::wrongUsage;
+    }
     const auto rule = markingRuleOf(options_.keep, options_.folders, platform_.fileSystem());
     if (!rule) {
         return refuse(rule.error(), "tarvin scan");

@@ -2,6 +2,7 @@
 
 #include "cli/choice.h"
 #include "cli/common_options.h"
+#include "cli/filter_options.h"
 
 #include <CLI/CLI.hpp>
 
@@ -19,12 +20,29 @@ constexpr std::array progressTimes{Choice<ProgressWhen>{"auto", ProgressWhen::au
                                    Choice<ProgressWhen>{"always", ProgressWhen::always},
                                    Choice<ProgressWhen>{"never", ProgressWhen::never}};
 
+/// Adds the folders and the list of more, which takes the place of required ones.
+void addLocations(CLI::App& command, ScanOptions& options) {
+    CLI::Option* folders =
+        command
+            .add_option("FOLDER", options.folders, "Folder to scan, with all subfolders, or file")
+            ->type_name("")
+            ->required();
+    CLI::Option* list = addFileOption(
+        command, "--files-from",
+        [&options, folders](const std::string& file) {
+            options.filesFrom = file;
+            folders->required(false);
+        },
+        "Scan also the folders and files listed in FILE,\none a line; - is standard input");
+    command
+        .add_flag("-0,--null", options.listIsNullTerminated,
+                  "Names of --files-from end with a null character")
+        ->needs(list);
+}
+
 }  // namespace
 
 void addScanOptions(CLI::App& command, ScanOptions& options) {
-    command.add_option("FOLDER", options.folders, "Folder to scan, with all subfolders")
-        ->type_name("")
-        ->required();
     addKeepOptions(command, options.keep);
     addChoice(
         command, "-f,--format", scanFormats,
@@ -39,6 +57,8 @@ void addScanOptions(CLI::App& command, ScanOptions& options) {
         [&options](const std::string& file) { options.exceptionsFile = file; },
         "Read exceptions from FILE instead of your own list")
         ->excludes(none);
+    addFilterOptions(command, options.filter);
+    addLocations(command, options);
     addChoice(
         command, "--progress", progressTimes,
         [&options](ProgressWhen when) { options.progress = when; },

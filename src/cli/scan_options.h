@@ -2,6 +2,7 @@
 
 #include "cli/keep_options.h"
 #include "report/result_writer.h"
+#include "scan/scan_filter.h"
 
 #include <cstdint>
 #include <optional>
@@ -22,7 +23,10 @@ enum class ProgressWhen : std::uint8_t {
 
 /// The options of a scan. Paths are as given, native bytes.
 struct ScanOptions {
-    std::vector<std::string> folders;
+    std::vector<std::string> folders;      ///< and files
+    std::optional<std::string> filesFrom;  ///< list of more; "-" is standard input
+    bool listIsNullTerminated = false;     ///< else each path in it ends with a newline
+    ScanFilter filter;
     KeepOptions keep;
     ResultFormat format = ResultFormat::text;
     std::string output = "-";  ///< "-" is standard output

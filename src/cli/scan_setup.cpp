@@ -36,6 +36,10 @@ ExceptionList ownExceptions(Platform& platform) {
 
 std::optional<ScanSetup> setUpScan(const ScanOptions& options, Platform& platform,
                                    UnusableExceptions unusable) {
+    if (options.filter.minSize > options.filter.maxSize) {
+        printError("--min-size is larger than --max-size: no file would be scanned");
+        return std::nullopt;
+    }
     std::optional<ExceptionFilter> exceptions = exceptionFilterOf(options, platform, unusable);
     if (!exceptions) {
         return std::nullopt;
@@ -56,9 +60,10 @@ ScanFolders foldersOf(const ScanOptions& options) {
             row.name = *path;
             row.state = true;
             row.folder = true;
+            row.mayBeFile = true;
             folders.rows.push_back(row);
         } else {
-            folders.unreadable.push_back({given, path.error()});
+            folders.unreadable.push_back({given, path.error(), false, false});
         }
     }
     return folders;

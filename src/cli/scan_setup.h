@@ -28,13 +28,13 @@ struct ScanSetup {
 };
 
 /// Reads the exceptions and opens the output. Returns nullopt, after an error message, if that
-/// fails.
+/// fails or the options contradict each other.
 [[nodiscard]] std::optional<ScanSetup> setUpScan(const ScanOptions& options, Platform& platform,
                                                  UnusableExceptions unusable);
 
 /// The folders of a command line as input of a scan.
 struct ScanFolders {
-    std::vector<LocationRow> rows;               ///< checked, with absolute paths
+    std::vector<LocationRow> rows;               ///< checked, with absolute paths; may be files
     std::vector<UnreadableLocation> unreadable;  ///< without an absolute path
 };
 

@@ -85,6 +85,9 @@ std::array<ScanReport::CategoryReport, allCategories.size()> ScanReport::emptyCa
 }
 
 std::string reasonOf(const UnreadableLocation& location) {
+    if (location.isSpecial) {
+        return "neither a folder nor a regular file";
+    }
     return location.isTrash ? "Trash folders are never scanned" : location.error.text();
 }
 

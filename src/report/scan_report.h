@@ -54,7 +54,7 @@ struct ScanReport {
     static std::array<CategoryReport, allCategories.size()> emptyCategories();
 };
 
-/// Why a given folder was not scanned.
+/// Why a given folder or file was not scanned.
 [[nodiscard]] std::string reasonOf(const UnreadableLocation& location);
 
 /// The report of a scan that has ended.

@@ -28,6 +28,14 @@ TEST(Arguments, EscapesADashAfterTheEndOfOptions) {
               (Words{"scan", "./-b", "./--format", "c", "./--"}));
 }
 
+TEST(Arguments, JoinsAPatternToItsOption) {
+    EXPECT_EQ(after({"scan", "--exclude", "[a,b]", "--exclude=[c]", "[d]"}),
+              (Words{"scan", "--exclude=[a,b]", "--exclude=[c]", "./[d]"}));
+    EXPECT_EQ(after({"--exclude", "{}", "--exclude", ""}), (Words{"--exclude={}", "--exclude="}));
+    EXPECT_EQ(after({"--", "--exclude", "[a]"}), (Words{"./--exclude", "./[a]"}));
+    EXPECT_EQ(after({"a", "--exclude"}), (Words{"a", "--exclude"}));
+}
+
 TEST(Arguments, NoneAreNone) {
     EXPECT_EQ(after({}), Words());
 }

@@ -74,7 +74,7 @@ TEST(Help, OfScanExplainsItWithExamples) {
 Usage: tarvin scan [OPTION]... FOLDER...
 
 Arguments:
-  FOLDER                      Folder to scan, with all subfolders
+  FOLDER                      Folder to scan, with all subfolders, or file
 
 Options:
   -h, --help                  Print help and exit
@@ -88,6 +88,17 @@ Options:
   -o, --output FILE           Write to FILE [default: standard output]
   --no-exceptions             Ignore the exceptions list
   --exceptions FILE           Read exceptions from FILE instead of your own list
+  --exclude GLOB              Skip files and folders that match GLOB; may be
+                              repeated
+  --min-size SIZE             Skip smaller files; SIZE is in bytes, or such as
+                              100KB or 1.5GiB
+  --max-size SIZE             Skip larger files
+  --one-file-system           Skip folders on other file systems
+  --skip-hidden               Skip files and folders whose name begins with a
+                              period
+  --files-from FILE           Scan also the folders and files listed in FILE,
+                              one a line; - is standard input
+  -0, --null                  Names of --files-from end with a null character
   --progress auto|always|never
                               When to show progress on standard error
                               [default: auto, if it is a terminal]
@@ -107,8 +118,8 @@ Exit status:
   0    finished
   1    finished, but a folder or file could not be read, memory ran out or the
        result could not be written
-  2    usage error, or the exceptions list, output file or a folder of a rule
-       cannot be used; nothing was done
+  2    usage error, or a list, the output file or a folder of a rule cannot be
+       used; nothing was done
   130  stopped by Ctrl-C, SIGTERM or SIGHUP
   141  the reader of the result, such as 'head', closed the pipe early
 )");
@@ -121,7 +132,7 @@ TEST(Help, OfCleanExplainsItWithExamples) {
 Usage: tarvin clean [OPTION]... FOLDER...
 
 Arguments:
-  FOLDER                      Folder to scan, with all subfolders
+  FOLDER                      Folder to scan, with all subfolders, or file
 
 Options:
   -h, --help                  Print help and exit
@@ -137,6 +148,17 @@ Options:
   -o, --output FILE           Write to FILE [default: standard output]
   --no-exceptions             Ignore the exceptions list
   --exceptions FILE           Read exceptions from FILE instead of your own list
+  --exclude GLOB              Skip files and folders that match GLOB; may be
+                              repeated
+  --min-size SIZE             Skip smaller files; SIZE is in bytes, or such as
+                              100KB or 1.5GiB
+  --max-size SIZE             Skip larger files
+  --one-file-system           Skip folders on other file systems
+  --skip-hidden               Skip files and folders whose name begins with a
+                              period
+  --files-from FILE           Scan also the folders and files listed in FILE,
+                              one a line; - is standard input
+  -0, --null                  Names of --files-from end with a null character
   --progress auto|always|never
                               When to show progress on standard error
                               [default: auto, if it is a terminal]
@@ -158,9 +180,9 @@ Exit status:
   0    all duplicates were moved, or would be, or you said no
   1    a folder or file could not be read, a file was not moved, memory ran out
        or something could not be written
-  2    usage error, confirmation impossible without a terminal or --yes, or the
-       exceptions list, output file or a folder of a rule cannot be used;
-       nothing was done
+  2    usage error, confirmation impossible without a terminal or --yes, or a
+       list, the output file or a folder of a rule cannot be used; nothing was
+       done
   130  stopped by Ctrl-C, SIGTERM or SIGHUP
   141  the reader of the report, such as 'head', closed the pipe early; all
        duplicates were moved, and the rest of the report is on standard error

@@ -114,12 +114,45 @@ TEST(ScanOptions, AnOverriddenValueMustBeValidToo) {
     EXPECT_NE(parsed({"--format", "xml", "--format", "json", "a"}).error, "");
 }
 
+TEST(ScanOptions, WithoutFiltersSkipNothing) {
+    const ScanFilter filter = parsed({"a"}).options.filter;
+    EXPECT_TRUE(filter.excluded.empty());
+    EXPECT_TRUE(filter.takesSize(0));
+    EXPECT_FALSE(filter.skipHidden);
+    EXPECT_FALSE(filter.oneFileSystem);
+}
+
+TEST(ScanOptions, FiltersAreTaken) {
+    const Parsed result = parsed({"--exclude=[ab]", "--exclude=c", "a", "--min-size", "1KB",
+                                  "--max-size=2MiB", "--skip-hidden", "b", "--one-file-system"});
+    EXPECT_EQ(result.error, "");
+    EXPECT_EQ(result.options.folders, (Words{"a", "b"}));
+    EXPECT_EQ(result.options.filter.excluded.size(), 2U);
+    EXPECT_EQ(result.options.filter.minSize, 1'000U);
+    EXPECT_EQ(result.options.filter.maxSize, 2'097'152U);
+    EXPECT_TRUE(result.options.filter.skipHidden);
+    EXPECT_TRUE(result.options.filter.oneFileSystem);
+}
+
+TEST(ScanOptions, AListTakesThePlaceOfFolders) {
+    for (const Words& words :
+         {Words{"--files-from", "list", "-0"}, Words{"--null", "--files-from=list"}}) {
+        const Parsed result = parsed(words);
+        EXPECT_EQ(result.error, "");
+        EXPECT_EQ(result.options.filesFrom, "list");
+        EXPECT_TRUE(result.options.listIsNullTerminated);
+    }
+    EXPECT_EQ(parsed({"--files-from", "-", "a"}).options.filesFrom, "-");
+    EXPECT_EQ(parsed({"a", "-0"}).error, "--null requires --files-from");
+}
+
 TEST(ScanOptions, AMissingFolderIsRefused) {
     EXPECT_EQ(parsed({}).error, "missing argument: FOLDER");
 }
 
 TEST(ScanOptions, AMissingValueIsRefused) {
-    for (const char* option : {"--format", "--output", "--exceptions", "--progress"}) {
+    for (const char* option : {"--format", "--output", "--exceptions", "--progress", "--exclude",
+                               "--min-size", "--max-size", "--files-from"}) {
         EXPECT_EQ(parsed({"a", option}).error, std::string("missing value for ") + option);
     }
 }

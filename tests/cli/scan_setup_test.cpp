@@ -28,6 +28,7 @@ TEST(ScanInputs, EachFolderBecomesACheckedRowWithItsAbsolutePath) {
     for (const LocationRow& row : folders.rows) {
         EXPECT_TRUE(row.state);
         EXPECT_TRUE(row.folder);
+        EXPECT_TRUE(row.mayBeFile);
     }
     EXPECT_TRUE(folders.unreadable.empty());
 }

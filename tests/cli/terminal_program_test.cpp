@@ -69,8 +69,7 @@ std::string beforeTheTime(const std::string& text) {
 
 TEST_F(Color, HeadingsAreBoldAndMessagesBeginInRedOnATerminal) {
     const std::string text = drawn({});
-    EXPECT_THAT(text,
-                testing::StartsWith("\x1B[31mtarvin:\x1B[0m cannot read folder '/nonexistent': "));
+    EXPECT_THAT(text, testing::StartsWith("\x1B[31mtarvin:\x1B[0m cannot read '/nonexistent': "));
     EXPECT_THAT(text, testing::HasSubstr("\n\x1B[1mImage\x1B[0m\r\n  jpg\r\n"
                                          "    \x1B[1mSet(1)  0.00 KB each\x1B[0m\r\n      /"));
     EXPECT_THAT(drawn({"--color", "auto"}), testing::HasSubstr("\x1B[1mImage"));

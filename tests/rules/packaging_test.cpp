@@ -72,16 +72,18 @@ TEST(BashCompletion, OffersCommandsAndOptionsFirst) {
 TEST(BashCompletion, OffersTheOptionsOfScan) {
     EXPECT_EQ(
         bashOffers("tarvin scan --", 2),
-        "--color\n--exceptions\n--format\n--help\n--keep\n--no-exceptions\n--output\n--prefer\n"
-        "--progress\n--protect\n");
+        "--color\n--exceptions\n--exclude\n--files-from\n--format\n--help\n--keep\n--max-size\n"
+        "--min-size\n--no-exceptions\n--null\n--one-file-system\n--output\n--prefer\n"
+        "--progress\n--protect\n--skip-hidden\n");
     EXPECT_EQ(bashOffers("tarvin scan --color al", 3), "always\n");
 }
 
 TEST(BashCompletion, OffersTheOptionsOfClean) {
     EXPECT_EQ(
         bashOffers("tarvin clean --", 2),
-        "--color\n--dry-run\n--exceptions\n--format\n--help\n--keep\n--no-exceptions\n--output\n"
-        "--prefer\n--progress\n--protect\n--yes\n");
+        "--color\n--dry-run\n--exceptions\n--exclude\n--files-from\n--format\n--help\n--keep\n"
+        "--max-size\n--min-size\n--no-exceptions\n--null\n--one-file-system\n--output\n--prefer\n"
+        "--progress\n--protect\n--skip-hidden\n--yes\n");
     EXPECT_EQ(bashOffers("tarvin clean --format js", 3), "json\n");
 }
 
@@ -130,18 +132,19 @@ TEST(BashCompletion, OffersWhenToShowProgress) {
     EXPECT_EQ(bashOffers("tarvin scan --progress a", 3), "always\nauto\n");
 }
 
-TEST(BashCompletion, OffersFoldersToScanAndNoFiles) {
+TEST(BashCompletion, OffersFoldersAndFilesToScan) {
     EXPECT_EQ(bashOffers("tarvin scan co", 2, "packaging"), "completions\n");
-    EXPECT_EQ(bashOffers("tarvin scan CMakeL", 2), "");
+    EXPECT_EQ(bashOffers("tarvin scan CMakeL", 2), "CMakeLists.txt\n");
 }
 
 TEST(BashCompletion, OffersFilesForOptionsThatTakeAFile) {
     EXPECT_EQ(bashOffers("tarvin scan --output LIC", 3), "LICENSE\n");
     EXPECT_EQ(bashOffers("tarvin scan --exceptions LIC", 3), "LICENSE\n");
     EXPECT_EQ(bashOffers("tarvin scan -o LIC", 3), "LICENSE\n");
+    EXPECT_EQ(bashOffers("tarvin scan --files-from LIC", 3), "LICENSE\n");
 }
 
-TEST(BashCompletion, AfterTheEndOfOptionsOnlyFoldersAreOffered) {
+TEST(BashCompletion, AfterTheEndOfOptionsOnlyFoldersAndFilesAreOffered) {
     EXPECT_EQ(bashOffers("tarvin scan -- --", 3), "");
     EXPECT_EQ(bashOffers("tarvin scan -- comp", 3, "packaging"), "completions\n");
 }
