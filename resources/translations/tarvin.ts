@@ -154,6 +154,14 @@ Modified Date       : %4</source>
         <source>and %1 more</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tarvin::Help</name>
@@ -289,6 +297,18 @@ Modified Date       : %4</source>
     </message>
     <message>
         <source>Files left where they are</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could Not Be Read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These folders and files were left out of the scan. Copies in them were not found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Folders and files that could not be read</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -451,6 +471,61 @@ Modified Date       : %4</source>
     </message>
     <message>
         <source>More</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::NotReadFiles</name>
+    <message>
+        <source>Trash folders are never scanned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 folder could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 folders could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 file could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 files could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 folder and 1 file could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 folder and %1 files could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 folders and 1 file could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 folders and %2 files could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not there any more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stopped answering</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -900,6 +975,10 @@ Modified Date       : %4</source>
     </message>
     <message>
         <source>Get Info</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show…</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

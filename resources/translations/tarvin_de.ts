@@ -161,6 +161,14 @@ Geändert       : %4</translation>
         <source>and %1 more</source>
         <translation>und %1 weitere</translation>
     </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::Help</name>
@@ -297,6 +305,18 @@ Geändert       : %4</translation>
     <message>
         <source>Files left where they are</source>
         <translation>Dateien, die an ihrem Platz geblieben sind</translation>
+    </message>
+    <message>
+        <source>Could Not Be Read</source>
+        <translation>Nicht lesbar</translation>
+    </message>
+    <message>
+        <source>These folders and files were left out of the scan. Copies in them were not found.</source>
+        <translation>Diese Ordner und Dateien fehlen in der Suche. Kopien darin blieben unentdeckt.</translation>
+    </message>
+    <message>
+        <source>Folders and files that could not be read</source>
+        <translation>Ordner und Dateien, die nicht gelesen werden konnten</translation>
     </message>
 </context>
 <context>
@@ -459,6 +479,61 @@ Geändert       : %4</translation>
     <message>
         <source>More</source>
         <translation>Mehr</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::NotReadFiles</name>
+    <message>
+        <source>Trash folders are never scanned</source>
+        <translation>Papierkörbe werden nie durchsucht</translation>
+    </message>
+    <message>
+        <source>1 folder could not be read.</source>
+        <translation>1 Ordner konnte nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 folders could not be read.</source>
+        <translation>%1 Ordner konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>1 file could not be read.</source>
+        <translation>1 Datei konnte nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 files could not be read.</source>
+        <translation>%1 Dateien konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>1 folder and 1 file could not be read.</source>
+        <translation>1 Ordner und 1 Datei konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>1 folder and %1 files could not be read.</source>
+        <translation>1 Ordner und %1 Dateien konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 folders and 1 file could not be read.</source>
+        <translation>%1 Ordner und 1 Datei konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 folders and %2 files could not be read.</source>
+        <translation>%1 Ordner und %2 Dateien konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>Keine Berechtigung</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>Ein-/Ausgabefehler</translation>
+    </message>
+    <message>
+        <source>Not there any more</source>
+        <translation>Nicht mehr vorhanden</translation>
+    </message>
+    <message>
+        <source>Stopped answering</source>
+        <translation>Antwortet nicht mehr</translation>
     </message>
 </context>
 <context>
@@ -908,6 +983,10 @@ Geändert       : %4</translation>
     <message>
         <source>Get Info</source>
         <translation>Informationen</translation>
+    </message>
+    <message>
+        <source>Show…</source>
+        <translation>Anzeigen…</translation>
     </message>
 </context>
 <context>

@@ -161,6 +161,14 @@ Modificado  : %4</translation>
         <source>and %1 more</source>
         <translation>y %1 más</translation>
     </message>
+    <message>
+        <source>Folder</source>
+        <translation>Carpeta</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Archivo</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::Help</name>
@@ -297,6 +305,18 @@ Modificado  : %4</translation>
     <message>
         <source>Files left where they are</source>
         <translation>Archivos dejados en su sitio</translation>
+    </message>
+    <message>
+        <source>Could Not Be Read</source>
+        <translation>No se pudieron leer</translation>
+    </message>
+    <message>
+        <source>These folders and files were left out of the scan. Copies in them were not found.</source>
+        <translation>Estas carpetas y archivos no se analizaron, ni las copias que contienen.</translation>
+    </message>
+    <message>
+        <source>Folders and files that could not be read</source>
+        <translation>Carpetas y archivos que no se pudieron leer</translation>
     </message>
 </context>
 <context>
@@ -459,6 +479,61 @@ Modificado  : %4</translation>
     <message>
         <source>More</source>
         <translation>Más</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::NotReadFiles</name>
+    <message>
+        <source>Trash folders are never scanned</source>
+        <translation>Las papeleras nunca se analizan</translation>
+    </message>
+    <message>
+        <source>1 folder could not be read.</source>
+        <translation>No se pudo leer 1 carpeta.</translation>
+    </message>
+    <message>
+        <source>%1 folders could not be read.</source>
+        <translation>No se pudieron leer %1 carpetas.</translation>
+    </message>
+    <message>
+        <source>1 file could not be read.</source>
+        <translation>No se pudo leer 1 archivo.</translation>
+    </message>
+    <message>
+        <source>%1 files could not be read.</source>
+        <translation>No se pudieron leer %1 archivos.</translation>
+    </message>
+    <message>
+        <source>1 folder and 1 file could not be read.</source>
+        <translation>No se pudieron leer 1 carpeta y 1 archivo.</translation>
+    </message>
+    <message>
+        <source>1 folder and %1 files could not be read.</source>
+        <translation>No se pudieron leer 1 carpeta y %1 archivos.</translation>
+    </message>
+    <message>
+        <source>%1 folders and 1 file could not be read.</source>
+        <translation>No se pudieron leer %1 carpetas y 1 archivo.</translation>
+    </message>
+    <message>
+        <source>%1 folders and %2 files could not be read.</source>
+        <translation>No se pudieron leer %1 carpetas y %2 archivos.</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>Permiso denegado</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>Error de entrada/salida</translation>
+    </message>
+    <message>
+        <source>Not there any more</source>
+        <translation>Ya no existe</translation>
+    </message>
+    <message>
+        <source>Stopped answering</source>
+        <translation>Dejó de responder</translation>
     </message>
 </context>
 <context>
@@ -908,6 +983,10 @@ Modificado  : %4</translation>
     <message>
         <source>Get Info</source>
         <translation>Información</translation>
+    </message>
+    <message>
+        <source>Show…</source>
+        <translation>Mostrar…</translation>
     </message>
 </context>
 <context>

@@ -161,6 +161,14 @@ Modifié le  : %4</translation>
         <source>and %1 more</source>
         <translation>et %1 de plus</translation>
     </message>
+    <message>
+        <source>Folder</source>
+        <translation>Dossier</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::Help</name>
@@ -297,6 +305,18 @@ Modifié le  : %4</translation>
     <message>
         <source>Files left where they are</source>
         <translation>Fichiers laissés en place</translation>
+    </message>
+    <message>
+        <source>Could Not Be Read</source>
+        <translation>Lecture impossible</translation>
+    </message>
+    <message>
+        <source>These folders and files were left out of the scan. Copies in them were not found.</source>
+        <translation>Ces dossiers et fichiers n’ont pas été analysés, ni les copies qu’ils contiennent.</translation>
+    </message>
+    <message>
+        <source>Folders and files that could not be read</source>
+        <translation>Dossiers et fichiers qui n’ont pas pu être lus</translation>
     </message>
 </context>
 <context>
@@ -459,6 +479,61 @@ Modifié le  : %4</translation>
     <message>
         <source>More</source>
         <translation>Plus</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::NotReadFiles</name>
+    <message>
+        <source>Trash folders are never scanned</source>
+        <translation>Les corbeilles ne sont jamais analysées</translation>
+    </message>
+    <message>
+        <source>1 folder could not be read.</source>
+        <translation>1 dossier n’a pas pu être lu.</translation>
+    </message>
+    <message>
+        <source>%1 folders could not be read.</source>
+        <translation>%1 dossiers n’ont pas pu être lus.</translation>
+    </message>
+    <message>
+        <source>1 file could not be read.</source>
+        <translation>1 fichier n’a pas pu être lu.</translation>
+    </message>
+    <message>
+        <source>%1 files could not be read.</source>
+        <translation>%1 fichiers n’ont pas pu être lus.</translation>
+    </message>
+    <message>
+        <source>1 folder and 1 file could not be read.</source>
+        <translation>1 dossier et 1 fichier n’ont pas pu être lus.</translation>
+    </message>
+    <message>
+        <source>1 folder and %1 files could not be read.</source>
+        <translation>1 dossier et %1 fichiers n’ont pas pu être lus.</translation>
+    </message>
+    <message>
+        <source>%1 folders and 1 file could not be read.</source>
+        <translation>%1 dossiers et 1 fichier n’ont pas pu être lus.</translation>
+    </message>
+    <message>
+        <source>%1 folders and %2 files could not be read.</source>
+        <translation>%1 dossiers et %2 fichiers n’ont pas pu être lus.</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>Permission refusée</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>Erreur d’entrée/sortie</translation>
+    </message>
+    <message>
+        <source>Not there any more</source>
+        <translation>N’existe plus</translation>
+    </message>
+    <message>
+        <source>Stopped answering</source>
+        <translation>Ne répond plus</translation>
     </message>
 </context>
 <context>
@@ -908,6 +983,10 @@ Modifié le  : %4</translation>
     <message>
         <source>Get Info</source>
         <translation>Informations</translation>
+    </message>
+    <message>
+        <source>Show…</source>
+        <translation>Afficher…</translation>
     </message>
 </context>
 <context>

@@ -161,6 +161,14 @@ Modified Date       : %4</source>
         <source>and %1 more</source>
         <translation>ほか %1 件</translation>
     </message>
+    <message>
+        <source>Folder</source>
+        <translation>フォルダー</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>ファイル</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::Help</name>
@@ -297,6 +305,18 @@ Modified Date       : %4</source>
     <message>
         <source>Files left where they are</source>
         <translation>そのまま残したファイル</translation>
+    </message>
+    <message>
+        <source>Could Not Be Read</source>
+        <translation>読み取れませんでした</translation>
+    </message>
+    <message>
+        <source>These folders and files were left out of the scan. Copies in them were not found.</source>
+        <translation>これらのフォルダーとファイルはスキャンされず、中のコピーは見つかっていません。</translation>
+    </message>
+    <message>
+        <source>Folders and files that could not be read</source>
+        <translation>読み取れなかったフォルダーとファイル</translation>
     </message>
 </context>
 <context>
@@ -459,6 +479,61 @@ Modified Date       : %4</source>
     <message>
         <source>More</source>
         <translation>その他</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::NotReadFiles</name>
+    <message>
+        <source>Trash folders are never scanned</source>
+        <translation>ゴミ箱はスキャンされません</translation>
+    </message>
+    <message>
+        <source>1 folder could not be read.</source>
+        <translation>1 個のフォルダーを読み取れませんでした。</translation>
+    </message>
+    <message>
+        <source>%1 folders could not be read.</source>
+        <translation>%1 個のフォルダーを読み取れませんでした。</translation>
+    </message>
+    <message>
+        <source>1 file could not be read.</source>
+        <translation>1 個のファイルを読み取れませんでした。</translation>
+    </message>
+    <message>
+        <source>%1 files could not be read.</source>
+        <translation>%1 個のファイルを読み取れませんでした。</translation>
+    </message>
+    <message>
+        <source>1 folder and 1 file could not be read.</source>
+        <translation>1 個のフォルダーと 1 個のファイルを読み取れませんでした。</translation>
+    </message>
+    <message>
+        <source>1 folder and %1 files could not be read.</source>
+        <translation>1 個のフォルダーと %1 個のファイルを読み取れませんでした。</translation>
+    </message>
+    <message>
+        <source>%1 folders and 1 file could not be read.</source>
+        <translation>%1 個のフォルダーと 1 個のファイルを読み取れませんでした。</translation>
+    </message>
+    <message>
+        <source>%1 folders and %2 files could not be read.</source>
+        <translation>%1 個のフォルダーと %2 個のファイルを読み取れませんでした。</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>許可がありません</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>入出力エラー</translation>
+    </message>
+    <message>
+        <source>Not there any more</source>
+        <translation>もう存在しません</translation>
+    </message>
+    <message>
+        <source>Stopped answering</source>
+        <translation>応答がなくなりました</translation>
     </message>
 </context>
 <context>
@@ -908,6 +983,10 @@ Modified Date       : %4</source>
     <message>
         <source>Get Info</source>
         <translation>情報を表示</translation>
+    </message>
+    <message>
+        <source>Show…</source>
+        <translation>表示…</translation>
     </message>
 </context>
 <context>

@@ -161,6 +161,14 @@ Modificado em  : %4</translation>
         <source>and %1 more</source>
         <translation>e mais %1</translation>
     </message>
+    <message>
+        <source>Folder</source>
+        <translation>Pasta</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Arquivo</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::Help</name>
@@ -297,6 +305,18 @@ Modificado em  : %4</translation>
     <message>
         <source>Files left where they are</source>
         <translation>Arquivos deixados onde estão</translation>
+    </message>
+    <message>
+        <source>Could Not Be Read</source>
+        <translation>Não foi possível ler</translation>
+    </message>
+    <message>
+        <source>These folders and files were left out of the scan. Copies in them were not found.</source>
+        <translation>Estas pastas e arquivos não foram analisados, nem as cópias que contêm.</translation>
+    </message>
+    <message>
+        <source>Folders and files that could not be read</source>
+        <translation>Pastas e arquivos que não puderam ser lidos</translation>
     </message>
 </context>
 <context>
@@ -459,6 +479,61 @@ Modificado em  : %4</translation>
     <message>
         <source>More</source>
         <translation>Mais</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::NotReadFiles</name>
+    <message>
+        <source>Trash folders are never scanned</source>
+        <translation>Lixeiras nunca são analisadas</translation>
+    </message>
+    <message>
+        <source>1 folder could not be read.</source>
+        <translation>1 pasta não pôde ser lida.</translation>
+    </message>
+    <message>
+        <source>%1 folders could not be read.</source>
+        <translation>%1 pastas não puderam ser lidas.</translation>
+    </message>
+    <message>
+        <source>1 file could not be read.</source>
+        <translation>1 arquivo não pôde ser lido.</translation>
+    </message>
+    <message>
+        <source>%1 files could not be read.</source>
+        <translation>%1 arquivos não puderam ser lidos.</translation>
+    </message>
+    <message>
+        <source>1 folder and 1 file could not be read.</source>
+        <translation>1 pasta e 1 arquivo não puderam ser lidos.</translation>
+    </message>
+    <message>
+        <source>1 folder and %1 files could not be read.</source>
+        <translation>1 pasta e %1 arquivos não puderam ser lidos.</translation>
+    </message>
+    <message>
+        <source>%1 folders and 1 file could not be read.</source>
+        <translation>%1 pastas e 1 arquivo não puderam ser lidos.</translation>
+    </message>
+    <message>
+        <source>%1 folders and %2 files could not be read.</source>
+        <translation>%1 pastas e %2 arquivos não puderam ser lidos.</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>Permissão negada</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>Erro de entrada/saída</translation>
+    </message>
+    <message>
+        <source>Not there any more</source>
+        <translation>Não existe mais</translation>
+    </message>
+    <message>
+        <source>Stopped answering</source>
+        <translation>Parou de responder</translation>
     </message>
 </context>
 <context>
@@ -908,6 +983,10 @@ Modificado em  : %4</translation>
     <message>
         <source>Get Info</source>
         <translation>Informações</translation>
+    </message>
+    <message>
+        <source>Show…</source>
+        <translation>Mostrar…</translation>
     </message>
 </context>
 <context>

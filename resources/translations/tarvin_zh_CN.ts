@@ -161,6 +161,14 @@ Modified Date       : %4</source>
         <source>and %1 more</source>
         <translation>以及其他 %1 个</translation>
     </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::Help</name>
@@ -297,6 +305,18 @@ Modified Date       : %4</source>
     <message>
         <source>Files left where they are</source>
         <translation>留在原处的文件</translation>
+    </message>
+    <message>
+        <source>Could Not Be Read</source>
+        <translation>无法读取</translation>
+    </message>
+    <message>
+        <source>These folders and files were left out of the scan. Copies in them were not found.</source>
+        <translation>这些文件夹和文件未被扫描，其中的副本未被找到。</translation>
+    </message>
+    <message>
+        <source>Folders and files that could not be read</source>
+        <translation>无法读取的文件夹和文件</translation>
     </message>
 </context>
 <context>
@@ -459,6 +479,61 @@ Modified Date       : %4</source>
     <message>
         <source>More</source>
         <translation>更多</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::NotReadFiles</name>
+    <message>
+        <source>Trash folders are never scanned</source>
+        <translation>从不扫描回收站</translation>
+    </message>
+    <message>
+        <source>1 folder could not be read.</source>
+        <translation>1 个文件夹无法读取。</translation>
+    </message>
+    <message>
+        <source>%1 folders could not be read.</source>
+        <translation>%1 个文件夹无法读取。</translation>
+    </message>
+    <message>
+        <source>1 file could not be read.</source>
+        <translation>1 个文件无法读取。</translation>
+    </message>
+    <message>
+        <source>%1 files could not be read.</source>
+        <translation>%1 个文件无法读取。</translation>
+    </message>
+    <message>
+        <source>1 folder and 1 file could not be read.</source>
+        <translation>1 个文件夹和 1 个文件无法读取。</translation>
+    </message>
+    <message>
+        <source>1 folder and %1 files could not be read.</source>
+        <translation>1 个文件夹和 %1 个文件无法读取。</translation>
+    </message>
+    <message>
+        <source>%1 folders and 1 file could not be read.</source>
+        <translation>%1 个文件夹和 1 个文件无法读取。</translation>
+    </message>
+    <message>
+        <source>%1 folders and %2 files could not be read.</source>
+        <translation>%1 个文件夹和 %2 个文件无法读取。</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>权限不足</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>输入/输出错误</translation>
+    </message>
+    <message>
+        <source>Not there any more</source>
+        <translation>已不存在</translation>
+    </message>
+    <message>
+        <source>Stopped answering</source>
+        <translation>已停止响应</translation>
     </message>
 </context>
 <context>
@@ -908,6 +983,10 @@ Modified Date       : %4</source>
     <message>
         <source>Get Info</source>
         <translation>显示信息</translation>
+    </message>
+    <message>
+        <source>Show…</source>
+        <translation>显示…</translation>
     </message>
 </context>
 <context>

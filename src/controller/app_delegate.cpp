@@ -87,6 +87,7 @@ void AppDelegate::makeResultTasks() {
     deletion_ = std::make_unique<DeletionTask>(session_, *results_, window_, *surroundings_.alerts,
                                                information_);
     putBack_ = std::make_unique<PutBackTask>(session_, window_, information_);
+    notRead_ = std::make_unique<NotReadList>(window_);
 }
 
 void AppDelegate::awakeFromNib() {
@@ -235,6 +236,7 @@ void AppDelegate::showCleanHistory() {
 
 void AppDelegate::homeCleanup() {
     views_->homeCleanup();
+    notRead_->setFiles({});
     scan_->homeCleanup();
     locations_->homeCleanup();
     session_.totalSize = 0;
@@ -271,6 +273,7 @@ void AppDelegate::buttonHomePageClicked() {
 
 void AppDelegate::showDuplicateScanResult() {
     results_->begin();
+    notRead_->setFiles(NotReadFiles(scan_->run().result()));
     views_->showDuplicateScanResult(true);
 }
 

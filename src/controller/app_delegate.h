@@ -9,6 +9,7 @@
 #include "controller/information_window.h"
 #include "controller/locations.h"
 #include "controller/marking_task.h"
+#include "controller/not_read_list.h"
 #include "controller/preview.h"
 #include "controller/put_back_task.h"
 #include "controller/recovery_task.h"
@@ -147,6 +148,7 @@ class AppDelegate final : public QObject {
     std::unique_ptr<ExceptionsTask> exceptions_;
     std::unique_ptr<DeletionTask> deletion_;  // destroyed before what it uses
     std::unique_ptr<PutBackTask> putBack_;    // the same
+    std::unique_ptr<NotReadList> notRead_;
     std::unique_ptr<RecoveryTask> recovery_;
     Alerts::Number refusal_ = 0;  // the open notice that refuses folders; 0 if none
     std::int32_t homeImageCounter_ = 1;

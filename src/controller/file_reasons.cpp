@@ -9,14 +9,14 @@
 
 namespace tarvin {
 
-FileReason fileReason(std::string_view path, const QString& reason) {
+FileReason fileReason(std::string_view path, const QString& reason, FileReason::Kind kind) {
     const std::size_t slash = path.rfind('/');
-    if (slash == std::string_view::npos) {
-        return {textOfPath(path), {}, reason};
+    if (slash == std::string_view::npos || path == "/") {
+        return {textOfPath(path), {}, reason, kind};
     }
     // The root folder keeps its slash.
     return {textOfPath(path.substr(slash + 1)), textOfPath(path.substr(0, slash == 0 ? 1 : slash)),
-            reason};
+            reason, kind};
 }
 
 void FileReasons::setFiles(QVector<FileReason> files, std::uint64_t all) {
@@ -53,10 +53,26 @@ QVariant FileReasons::data(const QModelIndex& index, int role) const {
     if (role == Qt::DisplayRole) {
         return textOf(index.row(), index.column());
     }
+    const bool isFile = index.row() < files_.size();
     if (role == ListTable::mutedRole) {
-        return index.row() == files_.size();
+        return !isFile;
     }
-    return {};
+    return isFile && index.column() == name ? kindData(files_[index.row()].kind, role) : QVariant();
+}
+
+QVariant FileReasons::kindData(FileReason::Kind kind, int role) const {
+    if (kind == FileReason::Kind::any) {
+        return {};
+    }
+    const bool isFolder = kind == FileReason::Kind::folder;
+    switch (role) {
+        case ListTable::pictureRole:
+            return isFolder ? QStringLiteral("folder") : QStringLiteral("ui/file");
+        case Qt::AccessibleDescriptionRole:
+            return isFolder ? tr("Folder") : tr("File");
+        default:
+            return {};
+    }
 }
 
 QVariant FileReasons::headerData(int section, Qt::Orientation orientation, int role) const {

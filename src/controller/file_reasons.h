@@ -11,15 +11,21 @@ namespace tarvin {
 
 /// A file, its folder and a reason, as the window shows them.
 struct FileReason {
+    /// Tells folders from files in lists that have both.
+    enum class Kind : std::uint8_t { any, folder, file };
+
     QString name;
     QString folder;
     QString reason;
+    Kind kind = Kind::any;
 };
 
 /// Splits an absolute path of native bytes.
-[[nodiscard]] FileReason fileReason(std::string_view path, const QString& reason);
+[[nodiscard]] FileReason fileReason(std::string_view path, const QString& reason,
+                                    FileReason::Kind kind = FileReason::Kind::any);
 
-/// Files with a reason for each, for a ListTable. Main thread only.
+/// Files with a reason for each, for a ListTable, which shows the kind of each as an image. Main
+/// thread only.
 class FileReasons final : public QAbstractTableModel {
     Q_OBJECT
 
@@ -45,6 +51,7 @@ class FileReasons final : public QAbstractTableModel {
 
  private:
     [[nodiscard]] QString textOf(int row, int column) const;
+    [[nodiscard]] QVariant kindData(FileReason::Kind kind, int role) const;
 
     QVector<FileReason> files_;
     std::uint64_t more_ = 0;  // files not listed

@@ -1,5 +1,6 @@
 #include "interface/list_cell_delegate.h"
 
+#include "controls/images.h"
 #include "controls/look.h"
 #include "controls/painting.h"
 #include "controls/plain_text.h"
@@ -15,6 +16,8 @@ namespace tarvin {
 namespace {
 
 constexpr int padding = 12;
+constexpr int pictureSide = 18;
+constexpr int pictureGap = 8;
 constexpr int wrappedPitch = 17;
 // In a row with two lines, from its top.
 constexpr int nameTop = 5;
@@ -33,6 +36,10 @@ QFont secondFont() {
 
 QString secondLine(const QModelIndex& index) {
     return index.data(ListTable::secondLineRole).toString();
+}
+
+QString pictureName(const QModelIndex& index) {
+    return index.data(ListTable::pictureRole).toString();
 }
 
 bool fits(const QString& text, const QFont& font, int width) {
@@ -69,7 +76,13 @@ void ListCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->save();
     paintRow(*painter, option, index);
     const ListTable::Text kind = table_.columns()[index.column()].text;
-    const QRect area = option.rect.adjusted(padding, 0, -padding, 0);
+    QRect area = option.rect.adjusted(padding, 0, -padding, 0);
+    if (const QString name = pictureName(index); !name.isEmpty()) {
+        const QRect square(area.left(), area.center().y() - pictureSide / 2, pictureSide,
+                           pictureSide);
+        painter->drawPixmap(square, picture(name, square.size(), devicePixelRatioOf(*painter)));
+        area.setLeft(area.left() + pictureSide + pictureGap);
+    }
     const QString text = index.data().toString();
     const bool muted = kind == ListTable::Text::path || index.data(ListTable::mutedRole).toBool();
     const QColor color = muted ? look::muted : look::ink;
@@ -104,7 +117,8 @@ QSize ListCellDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&
 }
 
 QString ListCellDelegate::hiddenText(const QRect& cell, const QModelIndex& index) const {
-    const int width = cell.width() - 2 * padding;
+    const int picture = pictureName(index).isEmpty() ? 0 : pictureSide + pictureGap;
+    const int width = cell.width() - 2 * padding - picture;
     const QString text = index.data().toString();
     const ListTable::Text kind = table_.columns()[index.column()].text;
     const QFont font = fontOf(kind);

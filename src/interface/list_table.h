@@ -6,9 +6,9 @@
 namespace tarvin {
 
 /// The list of a panel, with titles and rows of one height. Paints only the rows in view, so the
-/// number of rows does not matter. Reads titles, Qt::DisplayRole, `mutedRole` and `secondLineRole`
-/// from its model. A text that is too long is elided, and its tool tip shows the whole text. Main
-/// thread only.
+/// number of rows does not matter. Reads titles, Qt::DisplayRole and the roles below from its
+/// model. A text that is too long is elided, and its tool tip shows the whole text. Main thread
+/// only.
 ///
 /// The user can drag the edge between two columns. Return does nothing, so that it does not
 /// activate the default button of the panel.
@@ -35,7 +35,8 @@ class ListTable : public QTableView {
     };
     enum Role {
         mutedRole = Qt::UserRole + 1,  ///< bool: paint the text muted
-        secondLineRole
+        secondLineRole,
+        pictureRole  ///< name of an image to paint before the text of a `name` column
     };
 
     ListTable(const QVector<Column>& columns, int heightOfRows, QWidget* parent = nullptr);

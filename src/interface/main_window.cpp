@@ -5,6 +5,7 @@
 #include "controls/images.h"
 #include "controls/look.h"
 #include "controls/menu_button.h"
+#include "controls/notice_strip.h"
 #include "controls/solid_bars.h"
 #include "controls/spinner.h"
 #include "interface/about_panel.h"
@@ -87,7 +88,8 @@ MainWindow::MainWindow(QWidget* parent)
       informationWindow(new InformationPanel(this)),
       exceptionWindow(new ExceptionPanel(this)),
       deletionPreview(new DeletionPanel(this)),
-      keptWindow(new ListPanel(this)),
+      keptWindow(ListPanel::makeKept(this)),
+      notReadWindow(ListPanel::makeNotRead(this)),
       putBackWindow(new PutBackPanel(this)),
       putBackProgress(new PutBackProgress(this)),
       putBackReport(new PutBackReport(this)),
@@ -136,9 +138,12 @@ void MainWindow::placeFrame() {
         tabViewMain->addWidget(screen);
     }
     auto* inBar = new Placement(topBar, {1016, Screen::barHeight});
+    inBar->place(results->title(), {results->title()->geometry(), stretching, atStart});
+    // Its row makes it as wide as its text.
+    inBar->place(results->notReadNotice, {{883, 8, 0, NoticeStrip::fixedHeight}, atEnd, atStart});
     inBar->place(buttonMore, {{895, 8, 29, 29}, atEnd, atStart});
     inBar->place(buttonHelpManual, {{932, 8, 72, 29}, atEnd, atStart});
-    inBar->row({buttonMore, buttonHelpManual});
+    inBar->row({results->notReadNotice, buttonMore, buttonHelpManual}, results->title());
 }
 
 void MainWindow::makeNotices() {

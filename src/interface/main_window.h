@@ -95,7 +95,8 @@ class MainWindow final : public QWidget {
     InformationPanel* const informationWindow;
     ExceptionPanel* const exceptionWindow;
     DeletionPanel* const deletionPreview;
-    ListPanel* const keptWindow;  ///< the files that a clean-up did not move
+    ListPanel* const keptWindow;     ///< the files that a clean-up did not move
+    ListPanel* const notReadWindow;  ///< the folders and files that a scan could not read
     /// The panels of "Put Back Last Clean-up…", in this order; `informationWindow` instead if there
     /// is nothing to put back or every file was put back.
     PutBackPanel* const putBackWindow;

@@ -3,6 +3,7 @@
 #include "controls/button_hover_simple.h"
 #include "controls/hover_button.h"
 #include "controls/look.h"
+#include "controls/notice_strip.h"
 #include "controls/pop_up_button.h"
 #include "controls/solid_bars.h"
 #include "controls/tab_button.h"
@@ -75,6 +76,8 @@ void openAsContextMenuOf(QWidget* control, QMenu* menu) {
 ResultScreen::ResultScreen(ViewTopBar* bar)
     : Screen(QStringLiteral("4"), bar),
       buttonHomePage(makeHomeButton("buttonHomePage")),
+      notReadNotice(
+          named(new NoticeStrip(QStringLiteral("ui/not_read"), tr("Show…"), bar), "notReadNotice")),
       allButton(named(new TabButton(QStringLiteral("ui/tab_all"), tr("All")), "allButton")),
       imageButton(named(new TabButton(QStringLiteral("ui/tab_image"), tr("Image")), "imageButton")),
       videoButton(named(new TabButton(QStringLiteral("ui/tab_video"), tr("Video")), "videoButton")),
@@ -106,6 +109,7 @@ ResultScreen::ResultScreen(ViewTopBar* bar)
       finishButton(makeFilledButton("finishButton", tr("Delete"), look::deleteRed)),
       sendToRecycle(makeQuietButton("sendToRecycle", tr("Move to Trash"))),
       deletePermanently(makeQuietButton("deletePermanently", tr("Delete Permanently"))),
+      title_(makeTitle("resultScreenTitle", tr("Duplicate Files"))),
       tabBar_(named(new ViewButtonBar, "resultTabBar")),
       sortLabel_(named(makeLabel(tr("Sort by"), look::font(13), look::muted, Qt::AlignRight),
                        "sortLabel")),
@@ -113,7 +117,8 @@ ResultScreen::ResultScreen(ViewTopBar* bar)
       tableFrame_(
           named(new PaneFrame(resultTable, ResultTable::heightOfHeader), "resultTableFrame")),
       actionBar_(named(new ViewButtonGrayBar, "resultActionBar")) {
-    makeTitle("resultScreenTitle", tr("Duplicate Files"));
+    showInBar(notReadNotice);
+    setNotRead({});
     nameControls();
     fillSortControls();
     makeMenus();
@@ -122,7 +127,7 @@ ResultScreen::ResultScreen(ViewTopBar* bar)
     setReadingOrder({buttonHomePage, allButton, imageButton, videoButton, audioButton,
                      documentButton, otherButton, sortPopupBtn, sortBtn, asscendingBtn, OView2,
                      resultTable, textField, markAll, unMarkAll, addEceptionBtn, removeExceptionBtn,
-                     finishButton});
+                     finishButton, notReadNotice});
     setFirstControl(resultTable);
     keepKeyboardFromTraps();
 }
@@ -136,6 +141,11 @@ void ResultScreen::keepKeyboardFromTraps() const {
     }
     markAll->setFocusAfterDisabling({unMarkAll, resultTable});
     unMarkAll->setFocusAfterDisabling({markAll, resultTable});
+}
+
+void ResultScreen::setNotRead(const QString& text) {
+    notReadNotice->setMessage(text);
+    setWantedInBar(notReadNotice, !text.isEmpty());
 }
 
 void ResultScreen::nameControls() {

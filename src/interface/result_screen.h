@@ -11,6 +11,7 @@ namespace tarvin {
 class ButtonHoverSimple;
 class HoverButton;
 class ImageView;
+class NoticeStrip;
 class PaneFrame;
 class Placement;
 class PopUpButton;
@@ -32,6 +33,8 @@ class ResultScreen final : public Screen {
     explicit ResultScreen(ViewTopBar* bar);
 
     ButtonHoverSimple* const buttonHomePage;  ///< in the bar
+    /// In the bar: what the scan could not read. Shown while setNotRead() has a text.
+    NoticeStrip* const notReadNotice;
 
     TabButton* const allButton;
     TabButton* const imageButton;
@@ -67,6 +70,11 @@ class ResultScreen final : public Screen {
     HoverButton* const sendToRecycle;      ///< never shown
     HoverButton* const deletePermanently;  ///< never shown
 
+    /// Sets the text of `notReadNotice`; an empty text hides it.
+    void setNotRead(const QString& text);
+    /// The title in the bar, which `notReadNotice` shortens.
+    [[nodiscard]] ElidedLabel* title() const { return title_; }
+
  private:
     void nameControls();
     void fillSortControls() const;
@@ -79,6 +87,7 @@ class ResultScreen final : public Screen {
     void placeActionBar(Placement& placement);
     void openOutlineMenu(const QPoint& position) const;
 
+    ElidedLabel* const title_;
     ViewButtonBar* const tabBar_;
     QLabel* const sortLabel_;
     ViewBackgroundTree* const treeBackground_;

@@ -19,8 +19,9 @@ Screen::Screen(QString identifier, ViewTopBar* bar)
 }
 
 void Screen::setBarShown(bool shown) {
-    for (QWidget* control : inBar_) {
-        control->setVisible(shown);
+    isBarShown_ = shown;
+    for (const InBar& item : inBar_) {
+        item.control->setVisible(shown && item.isWanted);
     }
 }
 
@@ -31,8 +32,17 @@ void Screen::beginWithKeyboard() {
 }
 
 void Screen::showInBar(QWidget* control) {
-    inBar_.push_back(control);
+    inBar_.push_back({control});
     control->hide();
+}
+
+void Screen::setWantedInBar(QWidget* control, bool wanted) {
+    for (InBar& item : inBar_) {
+        if (item.control == control) {
+            item.isWanted = wanted;
+            control->setVisible(isBarShown_ && wanted);
+        }
+    }
 }
 
 ElidedLabel* Screen::makeTitle(const char* name, const QString& title) {

@@ -46,6 +46,8 @@ class Screen : public QWidget {
  protected:
     /// Shows `control` in the bar while the screen is shown.
     void showInBar(QWidget* control);
+    /// Whether `control`, given to showInBar() before, is shown with the others. True at first.
+    void setWantedInBar(QWidget* control, bool wanted);
     /// The title of the screen in the bar, elided at the end.
     ElidedLabel* makeTitle(const char* name, const QString& title);
     /// A home button in the bar with its accessible name. The owner of the window sets its images.
@@ -57,9 +59,15 @@ class Screen : public QWidget {
     QAction* addShortcut(const QList<QKeySequence>& keys, QAbstractButton* button);
 
  private:
+    struct InBar {
+        QWidget* control = nullptr;
+        bool isWanted = true;
+    };
+
     QString identifier_;
     ViewTopBar* bar_;
-    QVector<QWidget*> inBar_;
+    QVector<InBar> inBar_;
+    bool isBarShown_ = false;
     QVector<QWidget*> readingOrder_;
     QWidget* firstControl_ = nullptr;
     Shortcuts shortcuts_{*this};

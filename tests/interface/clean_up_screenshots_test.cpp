@@ -36,8 +36,9 @@ class CleanUpScreenshotTest : public WindowScreenshots {
         window.selectTabViewItem(screen.identifier());
     }
     ~CleanUpScreenshotTest() override {
-        for (ListTable* table : {window.keptWindow->table, window.putBackWindow->putBackTable,
-                                 window.putBackReport->putBackFailures}) {
+        for (ListTable* table :
+             {window.keptWindow->table, window.notReadWindow->table,
+              window.putBackWindow->putBackTable, window.putBackReport->putBackFailures}) {
             table->setModel(nullptr);
         }
         screen.OView2->setModel(nullptr);
@@ -107,6 +108,35 @@ TEST_F(CleanUpScreenshotTest, TheFilesLeft) {
     window.keptWindow->table->setModel(&reasons);
     window.showOver(window.keptWindow, ListPanel::designGeometry, halfOfGain, halfOfGain);
     takeBoth(QStringLiteral("34-report-kept-list"));
+}
+
+TEST_F(CleanUpScreenshotTest, TheNoticeOfUnreadableFiles) {
+    screen.setNotRead(QStringLiteral("3 folders and 12 files could not be read."));
+    QCoreApplication::sendPostedEvents();
+    takeBoth(QStringLiteral("32-could-not-read"));
+}
+
+TEST_F(CleanUpScreenshotTest, TheUnreadableFiles) {
+    using Kind = FileReason::Kind;
+    const QString denied = QStringLiteral("Permission denied");
+    const QString error = QStringLiteral("Input/output error");
+    reasons.setFiles(
+        {fileReason("/media/anna/Photo archive/lost+found", denied, Kind::folder),
+         fileReason("/home/ben/private", denied, Kind::folder),
+         fileReason("/media/anna/SD card/DCIM", error, Kind::folder),
+         fileReason("/home/anna/Documents/Contracts/contract-2019.pdf", denied, Kind::file),
+         fileReason("/media/anna/SD card of the camera/DCIM/100CANON/IMG_0713.CR2", error,
+                    Kind::file),
+         fileReason("/media/anna/SD card of the camera/DCIM/100CANON/IMG_0714.CR2", error,
+                    Kind::file),
+         fileReason("/home/anna/Films/wedding-raw.mov", error, Kind::file),
+         fileReason("/home/anna/Films/wedding.mov", error, Kind::file)},
+        15);
+    screen.setNotRead(QStringLiteral("3 folders and 12 files could not be read."));
+    window.notReadWindow->table->setModel(&reasons);
+    window.showOver(window.notReadWindow, ListPanel::designGeometry, halfOfGain, halfOfGain);
+    QCoreApplication::sendPostedEvents();
+    takeBoth(QStringLiteral("32-could-not-read-list"));
 }
 
 TEST_F(CleanUpScreenshotTest, TheQuestionOfPuttingBack) {

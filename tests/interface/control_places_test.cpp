@@ -4,6 +4,7 @@
 #include "controls/elided_label.h"
 #include "controls/hover_button.h"
 #include "controls/menu_button.h"
+#include "controls/notice_strip.h"
 #include "controls/pop_up_button.h"
 #include "controls/progress_bar.h"
 #include "controls/scan_animation.h"
@@ -16,6 +17,7 @@
 #include "controls/windows_like_button.h"
 #include "interface/home_screen.h"
 #include "interface/image_view.h"
+#include "interface/result_screen.h"
 #include "interface/shown_window.h"
 
 #include <QLabel>
@@ -227,6 +229,43 @@ TEST_F(ControlPlacesTest, GrowWithTheWindow) {
         window.selectTabViewItem(QLatin1String(expected.screen));
         EXPECT_EQ(geometryOf(control(expected.name)), expected.grownGeometry) << expected.name;
     }
+}
+
+/// The design has the notice with another font; only its right edge is fixed.
+TEST_F(ControlPlacesTest, TheNoticeInTheBarEndsBeforeMoreAndShortensTheTitle) {
+    window.selectTabViewItem(QStringLiteral("4"));
+    const auto* notice = control<NoticeStrip>("notReadNotice");
+    const auto* title = control("resultScreenTitle");
+    EXPECT_FALSE(notice->isVisible());
+    EXPECT_EQ(geometryOf(title), QRect(51, 12, 832, 21));
+    window.results->setNotRead(QStringLiteral("3 folders and 12 files could not be read."));
+    EXPECT_TRUE(notice->isVisible());
+    QCoreApplication::sendPostedEvents();
+    const int width = notice->sizeHint().width();
+    EXPECT_GT(width, 300);
+    EXPECT_EQ(geometryOf(notice), QRect(883 - width, 8, width, 29));
+    EXPECT_EQ(geometryOf(title), QRect(51, 12, 832 - width, 21));
+    resizeTo({1400, 900});
+    EXPECT_EQ(geometryOf(notice), QRect(883 + 384 - width, 8, width, 29));
+    window.results->setNotRead(QStringLiteral("a long message ").repeated(20));
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(geometryOf(notice), QRect(883 + 384 - 640, 8, 640, 29));
+}
+
+TEST_F(ControlPlacesTest, TheNoticeInTheBarIsShownOnItsScreenOnly) {
+    const auto* notice = control<NoticeStrip>("notReadNotice");
+    window.results->setNotRead(QStringLiteral("3 files could not be read."));
+    EXPECT_FALSE(notice->isVisible());
+    window.selectTabViewItem(QStringLiteral("4"));
+    EXPECT_TRUE(notice->isVisible());
+    window.selectTabViewItem(QStringLiteral("1"));
+    EXPECT_FALSE(notice->isVisible());
+    window.selectTabViewItem(QStringLiteral("4"));
+    window.results->setNotRead({});
+    EXPECT_FALSE(notice->isVisible());
+    window.selectTabViewItem(QStringLiteral("1"));
+    window.selectTabViewItem(QStringLiteral("4"));
+    EXPECT_FALSE(notice->isVisible());
 }
 
 TEST_F(ControlPlacesTest, ComeBackWhenTheWindowShrinks) {

@@ -1,6 +1,7 @@
 #include "interface/list_panel.h"
 
 #include "controls/hover_button.h"
+#include "controls/look.h"
 #include "interface/list_table.h"
 #include "interface/result_panels.h"
 #include "interface/shown_window.h"
@@ -103,6 +104,26 @@ TEST_F(ListPanelTest, HasTitleAndSentence) {
     EXPECT_EQ(panel.closeButton->fill(), QColor(14, 116, 138));
 }
 
+TEST_F(ListPanelTest, ThatOfUnreadableFilesHasTheSameGeometryAndItsOwnTexts) {
+    ListPanel& other = *window.notReadWindow;
+    window.showOver(&other, ListPanel::designGeometry, halfOfGain, halfOfGain);
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(other.objectName(), QStringLiteral("notReadWindow"));
+    EXPECT_EQ(geometryOf(&other), QRect(168, 97, 680, 404));
+    EXPECT_EQ(geometryOf(control("notReadSentence")), QRect(192, 155, 632, 18));
+    EXPECT_EQ(geometryOf(control("notReadTableFrame")), QRect(192, 185, 632, 236));
+    EXPECT_EQ(geometryOf(control("notReadCopy")), QRect(192, 454, 104, 32));
+    EXPECT_EQ(geometryOf(control("notReadClose")), QRect(720, 453, 104, 34));
+    EXPECT_EQ(control<QLabel>("notReadHeader")->text(), QStringLiteral("Could Not Be Read"));
+    EXPECT_EQ(other.sentence->text(),
+              QStringLiteral("These folders and files were left out of the scan. Copies in them "
+                             "were not found."));
+    EXPECT_EQ(control("notReadTable")->accessibleName(),
+              QStringLiteral("Folders and files that could not be read"));
+    EXPECT_EQ(other.copyButton->text(), QStringLiteral("Copy List"));
+    EXPECT_EQ(other.closeButton->text(), QStringLiteral("Close"));
+}
+
 TEST_F(ListPanelTest, TakesHalfOfWhatTheWindowGains) {
     show();
     resizeTo({1400, 900});
@@ -171,6 +192,85 @@ TEST_F(ListPanelTest, ATipShowsTheWholeTextOfAShortenedCell) {
     EXPECT_TRUE(QToolTip::text().contains(
         QStringLiteral("1-0 of a name that is long enough to be shortened")))
         << QToolTip::text().toStdString();
+    QToolTip::hideText();
+}
+
+/// A list with one row, whose name has an image.
+class OneRowWithAnImage final : public QAbstractTableModel {
+ public:
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : 1;
+    }
+    [[nodiscard]] int columnCount(const QModelIndex&) const override { return 3; }
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+        if (index.column() != 0) {
+            return {};
+        }
+        if (role == ListTable::pictureRole) {
+            return picture;
+        }
+        return role == Qt::DisplayRole ? QVariant(text) : QVariant();
+    }
+
+    QString picture;
+    QString text;
+};
+
+class ListTablePictureTest : public ListPanelTest {
+ protected:
+    ListTablePictureTest() {
+        panel.table->setModel(&row);
+        show();
+    }
+
+    [[nodiscard]] QImage cell() {
+        return panel.table->viewport()->grab(panel.table->visualRect(row.index(0, 0))).toImage();
+    }
+    /// The left edge of what is painted in the cell.
+    [[nodiscard]] int inkLeft() {
+        const QImage image = cell();
+        for (int x = 0; x < image.width(); ++x) {
+            for (int y = 2; y < image.height() - 2; ++y) {
+                if (image.pixelColor(x, y).lightness() < 200) {
+                    return x;
+                }
+            }
+        }
+        return -1;
+    }
+
+    OneRowWithAnImage row;
+};
+
+TEST_F(ListTablePictureTest, TheImageIsBeforeTheName) {
+    row.text = QStringLiteral("HHH");
+    const int text = inkLeft();
+    EXPECT_GE(text, 12);
+    EXPECT_LE(text, 14);
+    row.picture = QStringLiteral("folder");
+    const int picture = inkLeft();
+    EXPECT_GE(picture, 12);
+    EXPECT_LE(picture, 15);
+    row.picture = QStringLiteral("no such image");
+    EXPECT_EQ(inkLeft(), text + 26);
+}
+
+TEST_F(ListTablePictureTest, ATipShowsANameThatTheImageShortens) {
+    const auto tip = [this] {
+        QToolTip::hideText();
+        const QRect cell = panel.table->visualRect(row.index(0, 0));
+        QHelpEvent help(QEvent::ToolTip, cell.center(),
+                        panel.table->viewport()->mapToGlobal(cell.center()));
+        QCoreApplication::sendEvent(panel.table->viewport(), &help);
+        return QToolTip::text();
+    };
+    const QFontMetrics metrics(look::font(13, QFont::Medium));
+    while (metrics.horizontalAdvance(row.text) <= 136 - 13) {
+        row.text += QLatin1Char('i');
+    }
+    EXPECT_EQ(tip(), QString());
+    row.picture = QStringLiteral("folder");
+    EXPECT_TRUE(tip().contains(row.text)) << tip().toStdString();
     QToolTip::hideText();
 }
 

@@ -1,5 +1,6 @@
 #include "controller/information_window.h"
 #include "controller/kept_list.h"
+#include "controller/not_read_files.h"
 #include "controller/put_back_texts.h"
 #include "controller/result_texts.h"
 #include "controller/scan_screen_texts.h"
@@ -7,6 +8,7 @@
 #include "controls/elided_label.h"
 #include "controls/hover_button.h"
 #include "controls/look.h"
+#include "controls/notice_strip.h"
 #include "controls/pop_up_button.h"
 #include "controls/tab_button.h"
 #include "interface/list_panel.h"
@@ -218,6 +220,24 @@ TEST_P(RoomForTextsTest, InTheResults) {
     }
     screen.OView2->setModel(nullptr);
     screen.resultTable->setModel(nullptr);
+}
+
+TEST_P(RoomForTextsTest, InTheNoticeOfUnreadableFiles) {
+    window->selectTabViewItem(window->results->identifier());
+    ScanResult result;
+    for (const std::uint64_t folders : {0U, 1U, 123456U}) {
+        for (const std::uint64_t files : {0U, 1U, 123456U}) {
+            result.unreadable.folders = folders;
+            result.unreadable.files = files;
+            window->results->setNotRead(NotReadFiles(result).notice());
+            checkEverythingShown("not-read");
+            EXPECT_EQ(window->results->notReadNotice->isVisible(), folders + files > 0);
+            EXPECT_FALSE(folders + files > 0 && window->results->notReadNotice->isElided());
+        }
+    }
+    EXPECT_LE(window->results->title()->geometry().right(), window->results->notReadNotice->x());
+    window->showOver(window->notReadWindow, ListPanel::designGeometry, halfOfGain, halfOfGain);
+    checkEverythingShown("not-read-list");
 }
 
 TEST_P(RoomForTextsTest, InTheInformation) {

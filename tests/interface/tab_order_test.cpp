@@ -2,6 +2,7 @@
 #include "controls/windows_like_button.h"
 #include "interface/home_screen.h"
 #include "interface/progress_screen.h"
+#include "interface/result_screen.h"
 #include "interface/shown_window.h"
 
 namespace tarvin {
@@ -122,6 +123,15 @@ TEST_F(TabOrderTest, ResultsBeginOnTheListAndFollowReading) {
                        "removeExceptionBtn finishButton buttonMore buttonHelpManual buttonHomePage "
                        "imageButton videoButton audioButton documentButton otherButton "
                        "sortPopupBtn sortBtn asscendingBtn OView2"));
+}
+
+TEST_F(TabOrderTest, TheNoticeOfUnreadableFilesIsBetweenDeleteAndMore) {
+    window.selectTabViewItem(QStringLiteral("4"));
+    window.results->setNotRead(QStringLiteral("3 files could not be read."));
+    control("finishButton")->setFocus();
+
+    EXPECT_TRUE(visited().startsWith(
+        QStringLiteral("finishButton notReadNotice buttonMore buttonHelpManual ")));
 }
 
 TEST_F(TabOrderTest, TheFocusIsShownOnlyForTheKeyboard) {
