@@ -31,7 +31,7 @@ _tarvin() {
     fi
     case ${COMP_WORDS[1]} in
         scan) options= ;;
-        clean) options='--dry-run --yes' ;;
+        clean) options='--from --dry-run --yes' ;;
         restore)
             case $before in
                 -f | --format) _tarvin_offer -W 'text json' -- "$word" ;;
@@ -93,7 +93,7 @@ _tarvin() {
             ;;
         --prefer | --protect) _tarvin_offer_names -d -- "$word" ;;
         --progress) _tarvin_offer -W 'auto always never' -- "$word" ;;
-        -o | --output | --exceptions | --files-from) _tarvin_offer_names -f -- "$word" ;;
+        -o | --output | --exceptions | --files-from | --from) _tarvin_offer_names -f -- "$word" ;;
         --exclude | --min-size | --max-size) ;;
         *)
             if [[ $word == -* ]]; then

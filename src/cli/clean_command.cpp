@@ -5,6 +5,7 @@
 #include "cli/common_options.h"
 #include "cli/interrupt.h"
 #include "cli/lasting_report.h"
+#include "cli/listed_input.h"
 #include "cli/messages.h"
 #include "cli/path_list.h"
 #include "cli/scan_setup.h"
@@ -16,8 +17,12 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <array>
 #include <memory>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <unordered_set>
 #include <utility>
 
@@ -33,11 +38,16 @@ constexpr const char* cleanExamples =
     "  tarvin clean ~/Pictures\n"
     "  tarvin clean --yes --format json ~/Pictures\n"
     "  tarvin clean --prefer ~/Pictures --protect ~/Archive ~\n"
+    "  tarvin clean --from edited.json\n"
     "\n"
     "The first file of each set, as 'tarvin scan' lists it, stays, unless --keep or\n"
     "--prefer chooses another. Files in protected folders stay as well. A file is\n"
     "moved only if it and another file of its set have not changed since the scan.\n"
     "Nothing is deleted permanently. Ctrl-C stops between two files.\n"
+    "\n"
+    "The list for --from is one that 'tarvin scan --format json' has written, edited\n"
+    "or not. Of each set the files with \"keep\": true stay, or else the first. All\n"
+    "files are read and compared again.\n"
     "\n"
     "Exit status:\n"
     "  0    all duplicates were moved, or would be, or you said no\n"
@@ -66,6 +76,45 @@ void forEachMarkedFile(const Modal& modal, const Action& action) {
             }
         }
     }
+}
+
+/// Adds "--from" to a command that has all its other options. It excludes the folders and every
+/// option that says which files are found or kept.
+void addFrom(CLI::App& command, std::optional<std::string>& from) {
+    constexpr std::array<std::string_view, 10> shared{
+        "--help",          "--dry-run",    "--yes",      "--format", "--output",
+        "--no-exceptions", "--exceptions", "--progress", "--color",  "--from"};
+    CLI::Option* const folders = command.get_option("FOLDER");
+    CLI::Option* const option = addFileOption(
+        command, "--from",
+        [&from, folders](const std::string& file) {
+            from = file;
+            folders->required(false);
+        },
+        "Clean the sets of a list instead of folders;\n- is standard input");
+    for (CLI::Option* other : command.get_options()) {
+        const std::string name = other->get_name();
+        if (std::find(shared.begin(), shared.end(), name) == shared.end()) {
+            option->excludes(other);
+        }
+    }
+}
+
+/// The sets found, with marks. Before a list is used, a thread that a stop left behind may still
+/// change it.
+std::shared_ptr<Modal> markedResult(const FolderScan& scan, ListedFiles* list,
+                                    const MarkingRule& rule) {
+    if (list == nullptr) {
+        markByRule(*scan.modal(), rule);
+        return scan.modal();
+    }
+    return scan.report().stopped ? std::make_shared<Modal>()
+                                 : markListedFiles(*list, *scan.modal());
+}
+
+/// Reports what a list says that is not so. Returns whether there was nothing.
+bool isAsListed(const FolderScan& scan, const ListedFiles* list) {
+    return list == nullptr || scan.report().stopped || reportListProblems(*list);
 }
 
 /// Reports each file that is moved or not.
@@ -130,14 +179,15 @@ CLI::App& CleanCommand::addTo(CLI::App& program) {
     command->add_flag("-n,--dry-run", dryRun_, "List what would be moved, and move nothing");
     command->add_flag("-y,--yes", yes_, "Do not ask for confirmation");
     addScanOptions(*command, options_);
+    addFrom(*command, from_);
     return *command;
 }
 
 ExitStatus CleanCommand::run() {
-    if (!dryRun_ && !yes_ && readsStandardInput(options_)) {
-        return refuse(
-            "--files-from - requires --yes or --dry-run: standard input cannot answer as well",
-            "tarvin clean");
+    if (!dryRun_ && !yes_ && (readsStandardInput(options_) || from_ == "-")) {
+        return refuse(std::string(from_ ? "--from" : "--files-from") +
+                          " - requires --yes or --dry-run: standard input cannot answer as well",
+                      "tarvin clean");
     }
     if (!dryRun_ && !yes_ && !isInteractive()) {
         printCannotConfirm("move files");
@@ -151,20 +201,34 @@ ExitStatus CleanCommand::run() {
         return refuse(rule.error(), "tarvin clean");
     }
     rule_ = rule->value_or(MarkingRule());
+    std::shared_ptr<ListedFiles> list;
+    if (from_) {
+        list = readList(*from_);
+        if (list == nullptr) {
+            return ExitStatus::wrongUsage;
+        }
+    }
     std::optional<ScanSetup> setup =
         setUpScan(options_, platform_, UnusableExceptions::areARefusal);
-    return setup ? clean(*setup->output, std::move(setup->exceptions)) : ExitStatus::wrongUsage;
+    return setup ? clean(*setup->output, std::move(setup->exceptions), list)
+                 : ExitStatus::wrongUsage;
 }
 
-ExitStatus CleanCommand::clean(OutputFile& output, ExceptionFilter exceptions) {
+ExitStatus CleanCommand::clean(OutputFile& output, ExceptionFilter exceptions,
+                               const std::shared_ptr<ListedFiles>& list) {
     FolderScan scan(platform_, options_);
     // Constructed before start(), which starts threads; destroyed before `scan`, which it calls.
     Interrupt interrupt;
-    scan.start(std::move(exceptions));
+    if (list != nullptr) {
+        scan.start(list, std::move(exceptions));
+    } else {
+        scan.start(std::move(exceptions));
+    }
     interrupt.watch([&] { stopOnFirstSignal(scan, output); }, [&] { endOnSecondSignal(output); });
     scan.wait();
-    Modal& modal = *scan.modal();
-    markByRule(modal, rule_);
+    const std::shared_ptr<Modal> marked = markedResult(scan, list.get(), rule_);
+    Modal& modal = *marked;
+    const bool hasUsedAll = scan.hasReadAll() && isAsListed(scan, list.get());
     const bool asks = !dryRun_ && !yes_ && modal.totalFilesSelected() > 0;
     // Set the stage before reading the flag: a signal that came before is seen by the test below;
     // one that comes later finds `asking` and exits.
@@ -178,10 +242,10 @@ ExitStatus CleanCommand::clean(OutputFile& output, ExceptionFilter exceptions) {
         return ExitStatus::stopped;
     }
     if (asks && !confirm(questionFor(modal))) {
-        return scan.hasReadAll() ? ExitStatus::done : ExitStatus::incomplete;
+        return hasUsedAll ? ExitStatus::done : ExitStatus::incomplete;
     }
     const ExitStatus status = dryRun_ ? plan(modal, output) : move(modal, output);
-    return status == ExitStatus::done && !scan.hasReadAll() ? ExitStatus::incomplete : status;
+    return status == ExitStatus::done && !hasUsedAll ? ExitStatus::incomplete : status;
 }
 
 void CleanCommand::stopOnFirstSignal(FolderScan& scan, const OutputFile& output) {

@@ -8,14 +8,18 @@
 #include "model/marking_rule.h"
 #include "platform/platform.h"
 #include "report/output_file.h"
+#include "scan/listed_files.h"
 
 #include <atomic>
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 
 namespace tarvin {
 
-/// "tarvin clean": finds identical files and moves all but one of each set to the Trash.
+/// "tarvin clean": finds identical files and moves all but one of each set to the Trash, or those
+/// that an edited list of sets does not keep.
 class CleanCommand final : public Command {
  public:
     explicit CleanCommand(Platform& platform) : platform_(platform) {}
@@ -27,7 +31,8 @@ class CleanCommand final : public Command {
     /// Decides what a Ctrl-C does.
     enum class Stage : std::uint8_t { scanning, asking, planning, moving };
 
-    ExitStatus clean(OutputFile& output, ExceptionFilter exceptions);
+    ExitStatus clean(OutputFile& output, ExceptionFilter exceptions,
+                     const std::shared_ptr<ListedFiles>& list);
     void stopOnFirstSignal(FolderScan& scan, const OutputFile& output);
     void endOnSecondSignal(const OutputFile& output) const;
     ExitStatus plan(const Modal& modal, OutputFile& output);
@@ -40,6 +45,7 @@ class CleanCommand final : public Command {
     MarkingRule rule_;
     bool dryRun_ = false;
     bool yes_ = false;
+    std::optional<std::string> from_;  ///< the list of sets, instead of folders
     DeletionControl control_;
     std::atomic<Stage> stage_{Stage::scanning};
 };

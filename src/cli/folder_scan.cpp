@@ -51,6 +51,10 @@ void FolderScan::start(ExceptionFilter exceptions) {
     run_.start(std::move(folders_.rows), std::move(exceptions), options_.filter);
 }
 
+void FolderScan::start(std::shared_ptr<ListedFiles> files, ExceptionFilter exceptions) {
+    run_.start(std::move(files), std::move(exceptions));
+}
+
 void FolderScan::wait() {
     {
         std::optional<ProgressLine> line;

@@ -5,6 +5,7 @@
 #include "platform/platform.h"
 #include "report/scan_report.h"
 #include "scan/exception_filter.h"
+#include "scan/listed_files.h"
 #include "scan/progress_mailbox.h"
 #include "scan/scan_run.h"
 
@@ -22,6 +23,8 @@ class FolderScan final {
 
     /// Returns immediately. Call at most once.
     void start(ExceptionFilter exceptions);
+    /// The same for listed files instead of the folders.
+    void start(std::shared_ptr<ListedFiles> files, ExceptionFilter exceptions);
     /// Blocks until the scan has ended, showing progress; then prints the error messages.
     void wait();
     /// Ends the scan soon. Any thread.

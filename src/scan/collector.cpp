@@ -1,11 +1,11 @@
 #include "scan/collector.h"
 
+#include "scan/trash_folders.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <filesystem>
 #include <memory>
-#include <system_error>
 #include <utility>
 
 namespace tarvin {
@@ -15,15 +15,6 @@ namespace {
 // Exact names, at any depth: folders of system files, and Trash folders.
 constexpr std::array<std::string_view, 7> skippedNames{
     ".Trashes", ".Trash", "Applications", "System", "Library", "private", "usr"};
-
-/// The Trash of a volume: ".Trash-UID".
-bool isVolumeTrash(std::string_view name) {
-    constexpr std::string_view prefix = ".Trash-";
-    if (!name.starts_with(prefix) || name.size() == prefix.size()) {
-        return false;
-    }
-    return name.find_first_not_of("0123456789", prefix.size()) == std::string_view::npos;
-}
 
 bool isSkipped(std::string_view name) {
     return std::find(skippedNames.begin(), skippedNames.end(), name) != skippedNames.end() ||
@@ -104,7 +95,7 @@ void Collector::acceptFilenameDrag3(const std::string& path) {
         return;
     }
     Directory* root = lists_.store->addRoot(path);
-    if (isInTrash(*root)) {
+    if (isLocationInTrash(*root)) {
         unreadable_.push_back({path, SystemError{EOPNOTSUPP}, true});
         return;
     }
@@ -172,7 +163,7 @@ void Collector::check(GivenFolder& folder) {
         return;
     }
     folder.isChecked = true;
-    folder.isTrash = isInTrash(*folder.directory);
+    folder.isTrash = isLocationInTrash(*folder.directory);
     if (folder.isTrash) {
         folder.failure = SystemError{EOPNOTSUPP};
         return;
@@ -270,26 +261,9 @@ void Collector::noteFailure(const Directory& directory,
     }
 }
 
-/// Resolves symbolic links first.
-bool Collector::isInTrash(const Directory& location) {
+bool Collector::isLocationInTrash(const Directory& location) {
     const IoWatch::Call call(watch_, location);
-    const std::optional<FileIdentity> homeTrash = fileSystem_.homeTrash();
-    std::error_code failure;
-    const std::filesystem::path resolved = std::filesystem::canonical(location.path(), failure);
-    if (failure) {
-        return false;
-    }
-    for (std::filesystem::path at = resolved; at.has_relative_path(); at = at.parent_path()) {
-        const std::string name = at.filename().string();
-        if (name == ".Trash" || isVolumeTrash(name)) {
-            return true;
-        }
-        const Result<FileAttributes> attributes = fileSystem_.attributesAtPath(at.string());
-        if (homeTrash && attributes && attributes->identity == *homeTrash) {
-            return true;
-        }
-    }
-    return false;
+    return isInTrash(fileSystem_, location.path());
 }
 
 void Collector::takeFile(const Directory& directory, const ListedEntry& entry) {

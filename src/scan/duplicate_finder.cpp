@@ -80,7 +80,8 @@ std::shared_ptr<Set> DuplicateFinder::setOfFileDetailsFrom(
     return set;
 }
 
-void fileSetUnderExtension(Modal& modal, const std::vector<std::shared_ptr<File>>& group) {
+std::shared_ptr<Extensions> fileSetUnderExtension(Modal& modal,
+                                                  const std::vector<std::shared_ptr<File>>& group) {
     const std::string key = extensionKey(group.front()->fileName());
     std::shared_ptr<Extensions> extension = modal.getExtensionWithName(key);
     if (extension) {
@@ -98,6 +99,7 @@ void fileSetUnderExtension(Modal& modal, const std::vector<std::shared_ptr<File>
                                             set->totalFilesInSetSize());
     modal.setTotalFiles(modal.totalFiles() + extension->totalFilesInExtension());
     modal.setTotalFilesSize(modal.totalFilesSize() + extension->totalFilesInExtensionSize());
+    return extension;
 }
 
 }  // namespace tarvin

@@ -74,7 +74,8 @@ class DuplicateFinder final {
 };
 
 /// Adds the set of `group` to `modal`, under the extension of its first file, and updates the
-/// totals.
-void fileSetUnderExtension(Modal& modal, const std::vector<std::shared_ptr<File>>& group);
+/// totals. Returns the extension, whose last set it is.
+std::shared_ptr<Extensions> fileSetUnderExtension(Modal& modal,
+                                                  const std::vector<std::shared_ptr<File>>& group);
 
 }  // namespace tarvin

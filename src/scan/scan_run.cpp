@@ -52,11 +52,21 @@ void ScanRun::changeWork(std::shared_ptr<ScanWork> work) {
 }
 
 void ScanRun::start(std::vector<LocationRow> rows, ExceptionFilter exceptions, ScanFilter filter) {
+    begin([&](ScanWork& work) {
+        work.setInputs(std::move(rows), std::move(exceptions), std::move(filter));
+    });
+}
+
+void ScanRun::start(std::shared_ptr<ListedFiles> files, ExceptionFilter exceptions) {
+    begin([&](ScanWork& work) { work.setInputs(std::move(files), std::move(exceptions)); });
+}
+
+void ScanRun::begin(const std::function<void(ScanWork&)>& setInputs) {
     wait();
     const std::shared_ptr<ScanWork> next = makeWork();
     next->control().setPause(pause());
     next->control().setStop(stop());
-    next->setInputs(std::move(rows), std::move(exceptions), std::move(filter));
+    setInputs(*next);
     changeWork(next);
     scanning_ = true;
     wasStopped_ = false;

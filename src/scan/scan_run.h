@@ -14,6 +14,7 @@
 #include <condition_variable>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -67,6 +68,9 @@ class ScanRun final {
     /// the system gives no thread). Waits for a scan that is still running. Drops the last result,
     /// whose lists homeCleanup() should have freed before.
     void start(std::vector<LocationRow> rows, ExceptionFilter exceptions, ScanFilter filter = {});
+    /// The same for listed files, which are compared across categories. Sets the state of each
+    /// file. After a stop, a thread that was left behind may still do so.
+    void start(std::shared_ptr<ListedFiles> files, ExceptionFilter exceptions);
 
     /// Blocks until the last scan has ended. Returns at once if there was none.
     void wait();
@@ -119,6 +123,7 @@ class ScanRun final {
     [[nodiscard]] std::shared_ptr<ScanWork> makeWork() const;
     void changeWork(std::shared_ptr<ScanWork> work);
 
+    void begin(const std::function<void(ScanWork&)>& setInputs);
     void scanTask();
     void addAllPhotos(ScanResult& result);
     void runCollection(const std::shared_ptr<ScanWork>& work);

@@ -1,5 +1,7 @@
 #include "scan/scan_work.h"
 
+#include "scan/list_collector.h"
+
 #include <new>
 #include <utility>
 
@@ -27,12 +29,15 @@ void ScanWork::setInputs(std::vector<LocationRow> rows, ExceptionFilter exceptio
     filter_ = std::move(filter);
 }
 
+void ScanWork::setInputs(std::shared_ptr<ListedFiles> files, ExceptionFilter exceptions) {
+    listedFiles_ = std::move(files);
+    exceptions_ = std::move(exceptions);
+}
+
 void ScanWork::collect() {
     Collector::Outcome outcome = Collector::Outcome::stopped;
     try {
-        collector_.emplace(services_, exceptions_, filter_, observer_, gate_, lists_);
-        outcome = collector_->addAllPhotos(rows_);
-        unreadableLocations_ = collector_->unreadableLocations();
+        outcome = collectInputs();
     } catch (const std::bad_alloc&) {
         control_.stopForLackOfMemory();
     }
@@ -44,6 +49,17 @@ void ScanWork::collect() {
         collector_.reset();
     }
     endCollection(outcome);
+}
+
+Collector::Outcome ScanWork::collectInputs() {
+    if (listedFiles_ != nullptr) {
+        return ListCollector(services_, exceptions_, observer_, gate_, lists_)
+            .collect(*listedFiles_);
+    }
+    collector_.emplace(services_, exceptions_, filter_, observer_, gate_, lists_);
+    const Collector::Outcome outcome = collector_->addAllPhotos(rows_);
+    unreadableLocations_ = collector_->unreadableLocations();
+    return outcome;
 }
 
 void ScanWork::endCollection(Collector::Outcome outcome) {

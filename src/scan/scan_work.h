@@ -7,6 +7,7 @@
 #include "scan/duplicate_finder.h"
 #include "scan/exception_filter.h"
 #include "scan/io_watch.h"
+#include "scan/listed_files.h"
 #include "scan/location_row.h"
 #include "scan/progress_gate.h"
 #include "scan/scan_control.h"
@@ -50,8 +51,10 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
 
     /// Sets what to scan. Call at most once, before collect().
     void setInputs(std::vector<LocationRow> rows, ExceptionFilter exceptions, ScanFilter filter);
-    /// Walks the checked folders among the rows and takes the given files. Call at most once, on a
-    /// thread that may be left behind.
+    /// The same for listed files.
+    void setInputs(std::shared_ptr<ListedFiles> files, ExceptionFilter exceptions);
+    /// Walks the checked folders among the rows and takes the given files, or looks for the listed
+    /// files. Call at most once, on a thread that may be left behind.
     void collect();
     /// Blocks until collect() has ended. Returns false if it has not after `patience`.
     [[nodiscard]] bool waitForCollection(std::chrono::milliseconds patience);
@@ -133,6 +136,7 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
     };
 
     ScanWork(FileSystem& fileSystem, ScanObserver& observer, Settings settings);
+    [[nodiscard]] Collector::Outcome collectInputs();
     void endCollection(Collector::Outcome outcome);
 
     ScanControl control_;
@@ -141,6 +145,7 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
     Link observer_;
     ProgressGate gate_;
     std::vector<LocationRow> rows_;
+    std::shared_ptr<ListedFiles> listedFiles_;  // instead of rows
     ExceptionFilter exceptions_;
     ScanFilter filter_;
     CategoryLists lists_;

@@ -1,5 +1,9 @@
 #include "text/hexadecimal.h"
 
+#include <charconv>
+#include <cstddef>
+#include <system_error>
+
 namespace tarvin {
 
 std::string hexadecimal(std::string_view bytes) {
@@ -12,6 +16,24 @@ std::string hexadecimal(std::string_view bytes) {
         text += digits[value & 0x0FU];
     }
     return text;
+}
+
+std::optional<std::string> bytesOfHexadecimal(std::string_view digits) {
+    if (digits.size() % 2 != 0) {
+        return std::nullopt;
+    }
+    std::string bytes;
+    bytes.reserve(digits.size() / 2);
+    for (; !digits.empty(); digits.remove_prefix(2)) {
+        unsigned char value = 0;
+        const char* const end = digits.data() + 2;
+        const auto [read, error] = std::from_chars(digits.data(), end, value, 16);
+        if (error != std::errc() || read != end) {
+            return std::nullopt;
+        }
+        bytes += static_cast<char>(value);
+    }
+    return bytes;
 }
 
 }  // namespace tarvin

@@ -164,17 +164,24 @@ Options:
                               [default: auto, if it is a terminal]
   --color auto|always|never   When to use colour [default: auto, on a terminal
                               that supports it]
+  --from FILE                 Clean the sets of a list instead of folders;
+                              - is standard input
 
 Examples:
   tarvin clean --dry-run ~/Pictures ~/Downloads
   tarvin clean ~/Pictures
   tarvin clean --yes --format json ~/Pictures
   tarvin clean --prefer ~/Pictures --protect ~/Archive ~
+  tarvin clean --from edited.json
 
 The first file of each set, as 'tarvin scan' lists it, stays, unless --keep or
 --prefer chooses another. Files in protected folders stay as well. A file is
 moved only if it and another file of its set have not changed since the scan.
 Nothing is deleted permanently. Ctrl-C stops between two files.
+
+The list for --from is one that 'tarvin scan --format json' has written, edited
+or not. Of each set the files with "keep": true stay, or else the first. All
+files are read and compared again.
 
 Exit status:
   0    all duplicates were moved, or would be, or you said no

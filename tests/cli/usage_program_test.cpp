@@ -99,6 +99,19 @@ TEST(Usage, CleanRequiresAFolder) {
         {{"clean", "--yes"}, "tarvin: missing argument: FOLDER\nTry 'tarvin clean --help'.\n"});
 }
 
+TEST(Usage, AListTakesThePlaceOfFolders) {
+    expectRefusal({{"clean", "--yes", "--from", "/nonexistent", "/tmp"},
+                   "tarvin: FOLDER and --from cannot be combined\n"
+                   "Try 'tarvin clean --help'.\n"});
+    expectRefusal({{"clean", "--keep", "newest", "--from", "/nonexistent"},
+                   "tarvin: --keep and --from cannot be combined\n"
+                   "Try 'tarvin clean --help'.\n"});
+    expectRefusal({{"clean", "--yes", "--from"},
+                   "tarvin: missing value for --from\nTry 'tarvin clean --help'.\n"});
+    expectRefusal({{"scan", "--from", "/nonexistent", "/tmp"},
+                   "tarvin: unexpected argument '--from'\nTry 'tarvin scan --help'.\n"});
+}
+
 TEST(Usage, ExceptionsRequireACommand) {
     expectRefusal(
         {{"exceptions"},

@@ -81,7 +81,8 @@ TEST(BashCompletion, OffersTheOptionsOfScan) {
 TEST(BashCompletion, OffersTheOptionsOfClean) {
     EXPECT_EQ(
         bashOffers("tarvin clean --", 2),
-        "--color\n--dry-run\n--exceptions\n--exclude\n--files-from\n--format\n--help\n--keep\n"
+        "--color\n--dry-run\n--exceptions\n--exclude\n--files-from\n--format\n--from\n--help\n--"
+        "keep\n"
         "--max-size\n--min-size\n--no-exceptions\n--null\n--one-file-system\n--output\n--prefer\n"
         "--progress\n--protect\n--skip-hidden\n--yes\n");
     EXPECT_EQ(bashOffers("tarvin clean --format js", 3), "json\n");

@@ -1,0 +1,37 @@
+#include "scan/trash_folders.h"
+
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+namespace tarvin {
+
+bool isVolumeTrash(std::string_view name) {
+    constexpr std::string_view prefix = ".Trash-";
+    if (!name.starts_with(prefix) || name.size() == prefix.size()) {
+        return false;
+    }
+    return name.find_first_not_of("0123456789", prefix.size()) == std::string_view::npos;
+}
+
+bool isInTrash(FileSystem& fileSystem, const std::string& folder) {
+    const std::optional<FileIdentity> homeTrash = fileSystem.homeTrash();
+    std::error_code failure;
+    const std::filesystem::path resolved = std::filesystem::canonical(folder, failure);
+    if (failure) {
+        return false;
+    }
+    for (std::filesystem::path at = resolved; at.has_relative_path(); at = at.parent_path()) {
+        const std::string name = at.filename().string();
+        if (name == ".Trash" || isVolumeTrash(name)) {
+            return true;
+        }
+        const Result<FileAttributes> attributes = fileSystem.attributesAtPath(at.string());
+        if (homeTrash && attributes && attributes->identity == *homeTrash) {
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace tarvin
