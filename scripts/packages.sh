@@ -59,6 +59,7 @@ testPackages=(
     git
     gvfs
     iproute2
+    jq
     libatspi2.0-dev
     libbenchmark-dev
     libc++-19-dev
