@@ -1211,6 +1211,18 @@ All exceptions has been removed.</source>
         <source>Left: %1. Maybe last copies: %2.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>1 file, %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 files, %2 each</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 can be regained</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tarvin::ResultTreeView</name>

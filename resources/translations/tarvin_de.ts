@@ -1220,6 +1220,18 @@ Alle Ausnahmen wurden entfernt.</translation>
         <source>Left: %1. Maybe last copies: %2.</source>
         <translation>%1 belassen, %2 evtl. letzte Kopie.</translation>
     </message>
+    <message>
+        <source>1 file, %1</source>
+        <translation>1 Datei, %1</translation>
+    </message>
+    <message>
+        <source>%1 files, %2 each</source>
+        <translation>%1 Dateien zu je %2</translation>
+    </message>
+    <message>
+        <source>%1 can be regained</source>
+        <translation>%1 können frei werden</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::ResultTreeView</name>

@@ -1,6 +1,8 @@
 #include "controller/path_text.h"
 
 #include <QChar>
+#include <QTextBoundaryFinder>
+#include <QVector>
 #include <algorithm>
 
 namespace tarvin {
@@ -38,6 +40,22 @@ QString textOfPath(std::string_view path) {
     QString text = QString::fromUtf8(path.data(), static_cast<qsizetype>(path.size()));
     std::replace_if(text.begin(), text.end(), isMisleading, QChar(QChar::ReplacementCharacter));
     return text;
+}
+
+QString shortTextOfName(std::string_view name, int maxCharacters) {
+    QString text = textOfPath(name);
+    QVector<qsizetype> ends;
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    while (finder.toNextBoundary() > 0) {
+        ends.push_back(finder.position());
+    }
+    const qsizetype count = ends.size();
+    if (count <= maxCharacters) {
+        return text;
+    }
+    const int after = (maxCharacters - 1) / 2;
+    const int before = maxCharacters - 1 - after;
+    return text.left(ends[before - 1]) + QChar(0x2026) + text.mid(ends[count - after - 1]);
 }
 
 }  // namespace tarvin

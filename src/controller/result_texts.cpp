@@ -4,6 +4,16 @@
 
 namespace tarvin {
 
+QString ResultTexts::filesOfSet(std::size_t files, std::uint64_t bytesEach) {
+    const QString size = ShownNumbers::size(bytesEach);
+    return files == 1 ? tr("1 file, %1").arg(size)
+                      : tr("%1 files, %2 each").arg(ShownNumbers::count(files), size);
+}
+
+QString ResultTexts::canBeRegained(std::uint64_t bytes) {
+    return tr("%1 can be regained").arg(ShownNumbers::size(bytes));
+}
+
 QString ResultTexts::duplicates(ResultView category, std::uint64_t files) {
     const QString count = QString::number(files);
     switch (category) {

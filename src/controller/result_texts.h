@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QString>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -23,6 +24,12 @@ class ResultTexts final {
     }
     /// Accessible description of a check box that is partially checked.
     [[nodiscard]] static QString partlyMarked() { return tr("Partly marked"); }
+
+    // The tool tip of a set, line by line.
+
+    /// `files` is at least 1.
+    [[nodiscard]] static QString filesOfSet(std::size_t files, std::uint64_t bytesEach);
+    [[nodiscard]] static QString canBeRegained(std::uint64_t bytes);
 
     // Marked files.
 

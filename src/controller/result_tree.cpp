@@ -2,6 +2,7 @@
 
 #include "controller/path_text.h"
 #include "controller/result_texts.h"
+#include "controller/shown_numbers.h"
 #include "controller/tree_snapshot.h"
 #include "controls/plain_text.h"
 #include "interface/result_table.h"
@@ -167,9 +168,11 @@ QVariant ResultTree::data(const QModelIndex& index, int role) const {
         case Qt::AccessibleTextRole:
             return isBox ? ResultTexts::checkBoxName(textOf(index)) : textOf(index);
         case Qt::AccessibleDescriptionRole:
-            // Qt reports only on and off to screen readers.
-            return isBox && stateOf(index) == CheckState::mixed ? ResultTexts::partlyMarked()
-                                                                : QString();
+            return descriptionOf(index);
+        case ResultTreeView::sizeRole:
+            return isBox ? QVariant() : sizeOf(index);
+        case ResultTreeView::detailsRole:
+            return isBox ? QVariant() : detailsOf(index).join(QLatin1Char('\n'));
         case Qt::ToolTipRole:
             return plainToolTip(textOf(index));
         default:
@@ -244,6 +247,47 @@ QString ResultTree::textOf(const QModelIndex& index) const {
     }
     return QString::fromStdString(snapshot_ != nullptr ? snapshot_->nameOfSet(extension, set)
                                                        : setIn(extension, set)->nameOfSet());
+}
+
+QString ResultTree::sizeOf(const QModelIndex& index) const {
+    const int extension = extensionRow(index);
+    const int set = setRow(index);
+    if (set < 0) {
+        return {};
+    }
+    const std::size_t files = snapshot_ != nullptr ? snapshot_->filesOfSet(extension, set)
+                                                   : setIn(extension, set)->files().size();
+    if (files < 2) {
+        return {};
+    }
+    return ShownNumbers::shortSize(snapshot_ != nullptr ? snapshot_->sizeOfCopies(extension, set)
+                                                        : setIn(extension, set)->sizeOfCopies());
+}
+
+/// Nothing while another thread changes the files.
+QStringList ResultTree::detailsOf(const QModelIndex& index) const {
+    constexpr int maxCharacters = 60;
+    const Set* const set =
+        snapshot_ != nullptr ? nullptr : setIn(extensionRow(index), setRow(index));
+    if (set == nullptr || set->files().empty()) {
+        return {};
+    }
+    const File& first = *set->files().front();
+    QStringList lines{shortTextOfName(first.fileName(), maxCharacters),
+                      ResultTexts::filesOfSet(set->files().size(), first.fileSize())};
+    if (set->files().size() > 1) {
+        lines.push_back(ResultTexts::canBeRegained(set->sizeOfCopies()));
+    }
+    return lines;
+}
+
+QString ResultTree::descriptionOf(const QModelIndex& index) const {
+    QStringList parts = detailsOf(index);
+    // Qt reports only on and off to screen readers.
+    if (index.column() != name && stateOf(index) == CheckState::mixed) {
+        parts.push_front(ResultTexts::partlyMarked());
+    }
+    return parts.join(QStringLiteral(", "));
 }
 
 void ResultTree::reportExtension(int extension) {

@@ -72,7 +72,9 @@ class ResultTree final : public QAbstractItemModel {
     using QObject::parent;
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
-    /// First column: check state, and "Mark <text>" for assistive technology. Second column: text.
+    /// First column: check state, and "Mark <text>" for assistive technology. Second column: text
+    /// and, for a set, its size and details. The description for assistive technology has these
+    /// details too.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                       int role) const override;
@@ -85,6 +87,9 @@ class ResultTree final : public QAbstractItemModel {
     [[nodiscard]] bool isInTree(const QModelIndex& index) const;
     [[nodiscard]] CheckState stateOf(const QModelIndex& index) const;
     [[nodiscard]] QString textOf(const QModelIndex& index) const;
+    [[nodiscard]] QString sizeOf(const QModelIndex& index) const;
+    [[nodiscard]] QStringList detailsOf(const QModelIndex& index) const;
+    [[nodiscard]] QString descriptionOf(const QModelIndex& index) const;
     void reportExtension(int extension);
     void reportSetsOf(int extension);
 

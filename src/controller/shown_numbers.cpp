@@ -35,6 +35,29 @@ QString ShownNumbers::size(std::uint64_t bytes) {
     return text.replace(QLatin1Char('.'), locale.decimalPoint());
 }
 
+QString ShownNumbers::shortSize(std::uint64_t bytes) {
+    constexpr std::uint64_t step = 1000;
+    std::uint64_t unit = step;
+    const auto rounded = [bytes](std::uint64_t part) {
+        return bytes / part + std::uint64_t{bytes % part >= part / 2};
+    };
+    const char* name = "KB";
+    for (const char* const larger : {"MB", "GB"}) {
+        if (rounded(unit) < step) {
+            break;
+        }
+        unit *= step;
+        name = larger;
+    }
+    const std::uint64_t tenths = rounded(unit / 10);
+    const QLocale locale = localeOf(tr("en", "the code of the language of these texts"));
+    QString number = QString::number(tenths < 100 ? tenths / 10 : rounded(unit));
+    if (tenths < 100) {
+        number += locale.decimalPoint() + QString::number(tenths % 10);
+    }
+    return number + QLatin1Char(' ') + QLatin1String(name);
+}
+
 QString ShownNumbers::dateAndTime(Timestamp time) {
     const auto sinceEpoch =
         std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());

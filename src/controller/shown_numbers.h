@@ -17,6 +17,8 @@ class ShownNumbers final {
     [[nodiscard]] static QString count(std::uint64_t number);
     /// "157.46 MB", in the units of getFormattedStringForSize().
     [[nodiscard]] static QString size(std::uint64_t bytes);
+    /// In two digits below 10 of its unit, in whole numbers above: "7.1 MB", "19 MB", "0.4 KB".
+    [[nodiscard]] static QString shortSize(std::uint64_t bytes);
     /// Local date and time: "21 November 2026, 14:32".
     [[nodiscard]] static QString dateAndTime(Timestamp time);
 };

@@ -14,7 +14,8 @@ TreeSnapshot::TreeSnapshot(const Modal& modal) {
     for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
         extensions_.push_back({sets_.size(), extension->extensionState()});
         for (const std::shared_ptr<Set>& set : extension->sets()) {
-            sets_.push_back({set->files().size(), set->setsState()});
+            sets_.push_back({set->sizeOfCopies(), static_cast<std::uint32_t>(set->files().size()),
+                             set->setsState()});
         }
     }
 }
@@ -29,6 +30,14 @@ CheckState TreeSnapshot::stateOfSet(int extension, int set) const {
 
 std::string TreeSnapshot::nameOfSet(int extension, int set) const {
     return Set::nameOfSetWith(at(extension, set).files);
+}
+
+std::size_t TreeSnapshot::filesOfSet(int extension, int set) const {
+    return at(extension, set).files;
+}
+
+std::uint64_t TreeSnapshot::sizeOfCopies(int extension, int set) const {
+    return at(extension, set).sizeOfCopies;
 }
 
 const TreeSnapshot::SetRow& TreeSnapshot::at(int extension, int set) const {

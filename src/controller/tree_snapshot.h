@@ -3,14 +3,15 @@
 #include "model/modal.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace tarvin {
 
-/// The displayed data of a result tree at one moment, 16 bytes a set: the check states of all rows
-/// and the number of files of each set. Row numbers are the positions in Modal::extensions() and
-/// Extensions::sets(). Immutable.
+/// The displayed data of a result tree at one moment, 16 bytes a set: the check states of all rows,
+/// and the number of files of each set and what its copies take. Row numbers are the positions in
+/// Modal::extensions() and Extensions::sets(). Immutable.
 class TreeSnapshot final {
  public:
     explicit TreeSnapshot(const Modal& modal);
@@ -20,6 +21,9 @@ class TreeSnapshot final {
     [[nodiscard]] CheckState stateOfExtension(int extension) const;
     [[nodiscard]] CheckState stateOfSet(int extension, int set) const;
     [[nodiscard]] std::string nameOfSet(int extension, int set) const;
+    [[nodiscard]] std::size_t filesOfSet(int extension, int set) const;
+    /// Set::sizeOfCopies().
+    [[nodiscard]] std::uint64_t sizeOfCopies(int extension, int set) const;
 
  private:
     struct ExtensionRow {
@@ -27,9 +31,11 @@ class TreeSnapshot final {
         CheckState state;
     };
     struct SetRow {
-        std::size_t files;
+        std::uint64_t sizeOfCopies;
+        std::uint32_t files;
         CheckState state;
     };
+    static_assert(sizeof(SetRow) == 16);
 
     [[nodiscard]] const SetRow& at(int extension, int set) const;
 

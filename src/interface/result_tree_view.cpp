@@ -1,17 +1,20 @@
 #include "interface/result_tree_view.h"
 
 #include "controls/look.h"
+#include "controls/plain_text.h"
 #include "controls/row_painter.h"
 #include "interface/list_header.h"
 #include "interface/list_setup.h"
 #include "interface/tree_row.h"
 
+#include <QFontMetrics>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 #include <algorithm>
 
 namespace tarvin {
@@ -233,6 +236,8 @@ void ResultTreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& opti
     TreeRow(row.rect, set)
         .paint(*painter,
                {.name = label.data().toString(),
+                .size = label.data(sizeRole).toString(),
+                .isBesideScrollBar = verticalScrollBar()->isVisible(),
                 .mark = static_cast<Qt::CheckState>(first.data(Qt::CheckStateRole).toInt()),
                 .hasBranch = !set && model()->hasChildren(first),
                 .isExpanded = isExpanded(first)});
@@ -243,14 +248,28 @@ bool ResultTreeView::viewportEvent(QEvent* event) {
     if (event->type() != QEvent::ToolTip) {
         return QTreeView::viewportEvent(event);
     }
-    const auto& help = static_cast<QHelpEvent&>(*event);
-    const QModelIndex index = indexAt(help.pos());
-    if (index.isValid()) {
-        const QModelIndex label = index.siblingAtColumn(name);
-        showFullText(help, viewport(), visualRect(label),
-                     TreeRow(rowRect(index), isSet(index)).nameFont(), label);
-    }
+    showToolTip(static_cast<QHelpEvent&>(*event));
     return true;
+}
+
+/// A set's details, below its name if that is shortened.
+void ResultTreeView::showToolTip(const QHelpEvent& help) {
+    const QModelIndex label = indexAt(help.pos()).siblingAtColumn(name);
+    if (!label.isValid()) {
+        return;
+    }
+    const QRect area = visualRect(label);
+    const QFont font = TreeRow(rowRect(label), isSet(label)).nameFont();
+    QString details = label.data(detailsRole).toString();
+    if (details.isEmpty()) {
+        showFullText(help, viewport(), area, font, label);
+        return;
+    }
+    const QString text = singleLine(label.data().toString());
+    if (QFontMetrics(font).horizontalAdvance(text) > area.width()) {
+        details.prepend(text + QLatin1Char('\n'));
+    }
+    QToolTip::showText(help.globalPos(), plainToolTip(details), viewport(), rowRect(label));
 }
 
 QModelIndex ResultTreeView::boxAt(const QPoint& point) const {

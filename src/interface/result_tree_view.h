@@ -4,6 +4,8 @@
 
 #include <QTreeView>
 
+class QHelpEvent;
+
 namespace tarvin {
 
 /// The tree of extensions and their sets, `OView2`. An index with a valid parent is a set, others
@@ -25,6 +27,10 @@ class ResultTreeView final : public BoxList<QTreeView> {
         check,  ///< the check box; carries the indentation
         name    ///< "jpg", "Set(4)"
     };
+
+    // Roles of column `name`, for sets only.
+    static constexpr int sizeRole = Qt::UserRole + 1;     ///< QString at the right of the row
+    static constexpr int detailsRole = Qt::UserRole + 2;  ///< QString, lines of the tool tip
 
     static constexpr int heightOfRows = 26;
     static constexpr int heightOfHeader = 25;
@@ -94,6 +100,7 @@ class ResultTreeView final : public BoxList<QTreeView> {
     [[nodiscard]] Part partAt(const QPoint& point) const;
     /// The whole row of an index, as wide as the view.
     [[nodiscard]] QRect rowRect(const QModelIndex& index) const;
+    void showToolTip(const QHelpEvent& help);
     /// Repaints a row if it is in view.
     void updateRow(const QModelIndex& index);
     /// Expands or collapses the row if the event is a press on its branch, and returns whether it

@@ -4,6 +4,9 @@
 #include "controls/images.h"
 #include "controls/look.h"
 #include "controls/painting.h"
+#include "controls/plain_text.h"
+
+#include <QFontMetrics>
 
 namespace tarvin {
 
@@ -16,6 +19,10 @@ constexpr int boxSide = 16;
 constexpr int indentation = 18;
 constexpr int boxToName = 24;
 constexpr int rightMargin = 8;
+
+QFont sizeFont() {
+    return look::font(12);
+}
 
 void paintBranch(QPainter& painter, const QRect& area, bool expanded) {
     const QPixmap chevron =
@@ -60,12 +67,29 @@ QFont TreeRow::nameFont() const {
     return look::font(13, isSet_ ? QFont::Normal : QFont::DemiBold);
 }
 
+QRect TreeRow::size(const Content& content) const {
+    constexpr int besideScrollBar = 4;
+    constexpr int gap = 4;  // to the name
+    if (content.size.isEmpty()) {
+        return {};
+    }
+    const int margin = content.isBesideScrollBar ? besideScrollBar : rightMargin;
+    const int width = QFontMetrics(sizeFont()).horizontalAdvance(content.size);
+    const QRect place(row_.right() + 1 - margin - width, row_.top(), width, row_.height());
+    const QRect before = name();
+    const int nameWidth = QFontMetrics(nameFont()).horizontalAdvance(singleLine(content.name));
+    return before.left() + nameWidth + gap <= place.left() ? place : QRect();
+}
+
 void TreeRow::paint(QPainter& painter, const Content& content) const {
     if (content.hasBranch) {
         paintBranch(painter, branch(), content.isExpanded);
     }
     paintCheckBox(painter, box(), content.mark);
     paintLine(painter, name(), content.name, nameFont(), look::ink);
+    if (const QRect place = size(content); !place.isEmpty()) {
+        paintLine(painter, place, content.size, sizeFont(), look::muted);
+    }
 }
 
 int TreeRow::boxLeft() const {

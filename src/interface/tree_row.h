@@ -13,6 +13,8 @@ class TreeRow final {
  public:
     struct Content {
         QString name;
+        QString size;  ///< at the right of the row; empty for none
+        bool isBesideScrollBar = false;
         Qt::CheckState mark = Qt::Unchecked;
         bool hasBranch = false;
         bool isExpanded = false;
@@ -29,6 +31,8 @@ class TreeRow final {
     [[nodiscard]] QRect boxReach() const;
     [[nodiscard]] QRect name() const;
     [[nodiscard]] QFont nameFont() const;
+    /// The place of the size; empty if there is none, or no room for it beside the name.
+    [[nodiscard]] QRect size(const Content& content) const;
 
     /// Paints everything but the background.
     void paint(QPainter& painter, const Content& content) const;

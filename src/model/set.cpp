@@ -3,6 +3,7 @@
 #include "model/file_mover.h"
 
 #include <cstddef>
+#include <limits>
 
 namespace tarvin {
 
@@ -26,6 +27,16 @@ void SetTally::dropState(CheckState state) {
 
 std::string Set::nameOfSetWith(std::size_t files) {
     return "Set(" + std::to_string(lessened(files, 1)) + ")";
+}
+
+std::uint64_t Set::sizeOfCopies() const {
+    if (files_.size() < 2) {
+        return 0;
+    }
+    constexpr std::uint64_t most = std::numeric_limits<std::uint64_t>::max();
+    const std::uint64_t copies = files_.size() - 1;
+    const std::uint64_t each = files_.front()->fileSize();
+    return each > most / copies ? most : each * copies;
 }
 
 void Set::markAllFiles() {

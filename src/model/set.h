@@ -100,6 +100,10 @@ class Set final {
     [[nodiscard]] std::uint64_t totalFilesSelectedInSet() const { return marked_; }
     void setTotalFilesSelectedInSet(std::uint64_t count);
 
+    /// Bytes that the set takes beyond one file, by the files that are in it now; at most 2^64 - 1.
+    /// The total above counts excluded files too.
+    [[nodiscard]] std::uint64_t sizeOfCopies() const;
+
     /// Bytes of the marked files.
     [[nodiscard]] std::uint64_t totalFilesSelectedInSetSize() const { return markedSize_; }
     void setTotalFilesSelectedInSetSize(std::uint64_t bytes);

@@ -39,5 +39,27 @@ TEST(PathText, ShowsAllBytes) {
     EXPECT_EQ(textOfPath(withZero), QStringLiteral("a\uFFFDb"));
 }
 
+TEST(PathText, ShortensLongNamesInTheMiddle) {
+    EXPECT_EQ(shortTextOfName("12345678", 8), "12345678");
+    EXPECT_EQ(shortTextOfName("123456789", 8), QStringLiteral("1234\u2026789"));
+    EXPECT_EQ(shortTextOfName("12345678", 7), QStringLiteral("123\u2026678"));
+    EXPECT_EQ(shortTextOfName("abcd", 3), QStringLiteral("a\u2026d"));
+    EXPECT_EQ(shortTextOfName("", 3), QString());
+}
+
+TEST(PathText, ShorteningSeparatesNoCharacterThatIsDrawnAsOne) {
+    // Letters with a combining accent, and characters of two code units.
+    EXPECT_EQ(shortTextOfName("e\xcc\x81"
+                              "e\xcc\x81"
+                              "e\xcc\x81"
+                              "e\xcc\x81",
+                              3),
+              QStringLiteral("e\u0301\u2026e\u0301"));
+    EXPECT_EQ(shortTextOfName("\xf0\x9f\x98\x80\xf0\x9f\x98\x81\xf0\x9f\x98\x82"
+                              "\xf0\x9f\x98\x83",
+                              3),
+              QStringLiteral("\U0001F600\u2026\U0001F603"));
+}
+
 }  // namespace
 }  // namespace tarvin

@@ -27,6 +27,13 @@ TEST(ResultTexts, CountWhatIsMarked) {
     EXPECT_EQ(ResultTexts::allFilesOfSet(), "All the files of same set cannot be selected");
 }
 
+TEST(ResultTexts, TellTheFilesOfASet) {
+    EXPECT_EQ(ResultTexts::filesOfSet(1, 4'870'000), "1 file, 4.87 MB");
+    EXPECT_EQ(ResultTexts::filesOfSet(5, 4'870'000), "5 files, 4.87 MB each");
+    EXPECT_EQ(ResultTexts::filesOfSet(1'406, 400), "1,406 files, 0.40 KB each");
+    EXPECT_EQ(ResultTexts::canBeRegained(19'480'000), "19.48 MB can be regained");
+}
+
 TEST(ResultTexts, AreThoseOfOneFile) {
     EXPECT_EQ(ResultTexts::selectedPath("/home/100%1/a.png"), "Path: /home/100%1/a.png");
     EXPECT_EQ(ResultTexts::selectedPath("/l\xff/a\nb"), QStringLiteral("Path: /l\uFFFD/a\uFFFDb"));

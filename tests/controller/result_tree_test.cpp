@@ -180,10 +180,45 @@ TEST_F(ResultTreeCells, DescribePartiallyCheckedBoxes) {
     EXPECT_EQ(of(extension(0), ResultTree::check, Qt::AccessibleDescriptionRole), "");
     click(three_, 1);
     EXPECT_EQ(of(extension(0), ResultTree::check, Qt::AccessibleDescriptionRole), "Partly marked");
-    EXPECT_EQ(of(set(0, 0), ResultTree::check, Qt::AccessibleDescriptionRole), "Partly marked");
-    EXPECT_EQ(of(set(0, 0), ResultTree::name, Qt::AccessibleDescriptionRole), "");
+    EXPECT_EQ(of(set(0, 0), ResultTree::check, Qt::AccessibleDescriptionRole),
+              "Partly marked, three0, 3 files, 0.01 KB each, 0.02 KB can be regained");
     click(three_, 2);
-    EXPECT_EQ(of(set(0, 0), ResultTree::check, Qt::AccessibleDescriptionRole), "");
+    EXPECT_EQ(of(extension(0), ResultTree::name, Qt::AccessibleDescriptionRole), "");
+}
+
+TEST_F(ResultTreeCells, DescribeSetsByTheirDetails) {
+    const QString details = "three0, 3 files, 0.01 KB each, 0.02 KB can be regained";
+    EXPECT_EQ(of(set(0, 0), ResultTree::name, Qt::AccessibleDescriptionRole), details);
+    EXPECT_EQ(of(set(0, 0), ResultTree::check, Qt::AccessibleDescriptionRole), details);
+}
+
+TEST_F(ResultTreeCells, HaveTheSizeOfTheCopiesOfASet) {
+    EXPECT_EQ(of(set(0, 1), ResultTree::name, ResultTreeView::sizeRole), "0.1 KB");
+    EXPECT_FALSE(of(set(0, 1), ResultTree::check, ResultTreeView::sizeRole).isValid());
+    EXPECT_EQ(of(extension(0), ResultTree::name, ResultTreeView::sizeRole), "");
+}
+
+TEST_F(ResultTreeCells, TellTheDetailsOfASet) {
+    EXPECT_EQ(of(set(0, 0), ResultTree::name, ResultTreeView::detailsRole),
+              "three0\n3 files, 0.01 KB each\n0.02 KB can be regained");
+    EXPECT_EQ(of(extension(0), ResultTree::name, ResultTreeView::detailsRole), "");
+}
+
+TEST_F(ResultTreeCells, LeaveOutSizeAndGainOfASetWithoutCopies) {
+    two_->setFiles({two_->files().front()});
+    EXPECT_EQ(nameOf(set(0, 1)), "Set(0)");
+    EXPECT_EQ(of(set(0, 1), ResultTree::name, ResultTreeView::sizeRole), "");
+    EXPECT_EQ(of(set(0, 1), ResultTree::name, ResultTreeView::detailsRole),
+              "two0\n1 file, 0.10 KB");
+    two_->setFiles({});
+    EXPECT_EQ(of(set(0, 1), ResultTree::name, ResultTreeView::detailsRole), "");
+}
+
+TEST_F(ResultTreeCells, ShortenALongFirstNameInTheDetails) {
+    two_->setFiles({FileStore::standalone("/" + std::string(70, 'n') + ".jpg", 100)});
+    EXPECT_EQ(
+        of(set(0, 1), ResultTree::name, ResultTreeView::detailsRole).toString(),
+        QString(30, 'n') + QStringLiteral("\u2026") + QString(25, 'n') + ".jpg\n1 file, 0.10 KB");
 }
 
 TEST_F(ResultTreeCells, HaveHeaders) {
@@ -266,6 +301,8 @@ TEST_F(ResultTreeSnapshot, ShowsWhatItShowedBefore) {
     static_cast<void>(modal_->addSelectedFilesToExceptionInSet(three_, jpg_));
     EXPECT_EQ(nameOf(set(0, 0)), "Set(2)");
     EXPECT_EQ(nameOf(set(0, 1)), "Set(1)");
+    EXPECT_EQ(of(set(0, 1), ResultTree::name, ResultTreeView::sizeRole), "0.1 KB");
+    EXPECT_EQ(of(set(0, 1), ResultTree::name, ResultTreeView::detailsRole), "");
     EXPECT_EQ(boxOf(set(0, 0)), Qt::PartiallyChecked);
     EXPECT_EQ(boxOf(set(1, 0)), Qt::Unchecked);
     EXPECT_EQ(boxOf(extension(0)), Qt::PartiallyChecked);
@@ -296,6 +333,8 @@ TEST_F(ResultTreeSnapshot, ReadsNothingThatAnotherThreadChanges) {
         EXPECT_FALSE(nameOf(extension(row)).isEmpty());
     }
     EXPECT_EQ(nameOf(set(0, 0)), "Set(2)");
+    EXPECT_EQ(of(set(0, 0), ResultTree::name, ResultTreeView::sizeRole), "0.0 KB");
+    EXPECT_EQ(of(set(0, 0), ResultTree::check, Qt::AccessibleDescriptionRole), "");
     EXPECT_EQ(boxOf(set(0, 0)), Qt::Unchecked);
     EXPECT_EQ(walk.get(), 2U);
 }

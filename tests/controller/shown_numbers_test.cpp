@@ -85,5 +85,33 @@ TEST_F(ShownNumbersTest, AreThoseOfThePersonsCountryInTheLanguageOfTheWindow) {
         << ShownNumbers::dateAndTime(moment).toStdString();
 }
 
+TEST_F(ShownNumbersTest, ShortSizesHaveTwoDigitsBelowTen) {
+    EXPECT_EQ(ShownNumbers::shortSize(0), "0.0 KB");
+    EXPECT_EQ(ShownNumbers::shortSize(400), "0.4 KB");
+    EXPECT_EQ(ShownNumbers::shortSize(7'149'999), "7.1 MB");
+    EXPECT_EQ(ShownNumbers::shortSize(7'150'000), "7.2 MB");
+    EXPECT_EQ(ShownNumbers::shortSize(9'949'999'999), "9.9 GB");
+}
+
+TEST_F(ShownNumbersTest, ShortSizesAreWholeFromTenOn) {
+    EXPECT_EQ(ShownNumbers::shortSize(9'950), "10 KB");
+    EXPECT_EQ(ShownNumbers::shortSize(19'480'000), "19 MB");
+    EXPECT_EQ(ShownNumbers::shortSize(181'500'000), "182 MB");
+    EXPECT_EQ(ShownNumbers::shortSize(5'000'400'000'000), "5000 GB");
+    EXPECT_EQ(ShownNumbers::shortSize(18'446'744'073'709'551'615U), "18446744074 GB");
+}
+
+TEST_F(ShownNumbersTest, ShortSizesTakeTheUnitOfTheRoundedNumber) {
+    EXPECT_EQ(ShownNumbers::shortSize(999'499), "999 KB");
+    EXPECT_EQ(ShownNumbers::shortSize(999'500), "1.0 MB");
+    EXPECT_EQ(ShownNumbers::shortSize(999'500'000), "1.0 GB");
+}
+
+TEST_F(ShownNumbersTest, ShortSizesAreGermanWhereTheWindowIs) {
+    speak("de_DE");
+    EXPECT_EQ(ShownNumbers::shortSize(7'100'000), "7,1 MB");
+    EXPECT_EQ(ShownNumbers::shortSize(19'480'000), "19 MB");
+}
+
 }  // namespace
 }  // namespace tarvin

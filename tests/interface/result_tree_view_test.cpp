@@ -443,6 +443,68 @@ TEST_F(ResultTreeViewTest, ALongNameIsShownInFullLetterForLetter) {
     EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 20000));
 }
 
+TEST_F(ResultTreeViewTest, TheToolTipOfASetHasItsDetails) {
+    const QModelIndex label = sets.index(0, ResultTreeView::name, sets.extensionAt(0));
+    sets.setData(label, QStringLiteral("a.jpg\n5 files"), ResultTreeView::detailsRole);
+    const auto ask = [this, &label] {
+        const QPoint position = tree.visualRect(label).center();
+        QHelpEvent help(QEvent::ToolTip, position, tree.viewport()->mapToGlobal(position));
+        QCoreApplication::sendEvent(tree.viewport(), &help);
+    };
+    ask();
+    EXPECT_EQ(QToolTip::text(), QStringLiteral("a.jpg\n5 files"));
+
+    const QString longName(60, QLatin1Char('m'));
+    sets.setData(label, longName);
+    ask();
+    EXPECT_EQ(QToolTip::text(), longName + QStringLiteral("\na.jpg\n5 files"));
+
+    sets.setData(label, QStringLiteral("<b>a</b>\n5 files"), ResultTreeView::detailsRole);
+    sets.setData(label, QStringLiteral("Set(4)"));
+    ask();
+    EXPECT_EQ(QToolTip::text(), QStringLiteral("<span style=\"white-space:pre\">"
+                                               "&lt;b&gt;a&lt;/b&gt;\n5 files</span>"));
+}
+
+TEST_F(ResultTreeViewTest, TheSizeOfASetEndsBesideTheEdgeOrTheScrollBar) {
+    const TreeRow row(QRect(0, 26, 181, 26), true);
+    const QRect atEdge =
+        row.size({.name = QStringLiteral("Set(4)"), .size = QStringLiteral("9 MB")});
+    EXPECT_EQ(atEdge.right() + 1, 173);
+    EXPECT_EQ(atEdge.top(), 26);
+    EXPECT_EQ(atEdge.height(), 26);
+    const QRect atBar = row.size({.name = QStringLiteral("Set(4)"),
+                                  .size = QStringLiteral("9 MB"),
+                                  .isBesideScrollBar = true});
+    EXPECT_EQ(atBar.right() + 1, 177);
+    EXPECT_EQ(atBar.width(), atEdge.width());
+    EXPECT_TRUE(row.size({.name = QStringLiteral("Set(4)"), .size = QString()}).isEmpty());
+}
+
+TEST_F(ResultTreeViewTest, TheSizeOfASetLeavesFourPixelsToTheName) {
+    const QString name = QStringLiteral("Set(4)");
+    const QString size = QStringLiteral("9 MB");
+    const QRect place = TreeRow(QRect(0, 0, 181, 26), true).size({.name = name, .size = size});
+    const TreeRow wide(QRect(0, 0, 181, 26), true);
+    const int end = wide.name().left() + QFontMetrics(wide.nameFont()).horizontalAdvance(name);
+    const int spare = place.left() - end - 4;
+    ASSERT_GT(spare, 0);
+    const auto sizeIn = [&](int width) {
+        return TreeRow(QRect(0, 0, width, 26), true).size({.name = name, .size = size});
+    };
+    EXPECT_FALSE(sizeIn(181 - spare).isEmpty());
+    EXPECT_TRUE(sizeIn(180 - spare).isEmpty());
+}
+
+TEST_F(ResultTreeViewTest, PaintsTheSizeOfASet) {
+    const QModelIndex label = sets.index(0, ResultTreeView::name, sets.extensionAt(0));
+    const QRect row = tree.visualRect(label);
+    const QRect right(tree.viewport()->width() - 50, row.top(), 50, row.height());
+    const QImage before = tree.viewport()->grab(right).toImage();
+    sets.setData(label, QStringLiteral("19 MB"), ResultTreeView::sizeRole);
+    EXPECT_NE(tree.viewport()->grab(right).toImage(), before);
+}
+
 TEST_F(ResultTreeViewTest, TheMenuOpensOnlyOnARow) {
     QMenu& menu = *window.results->outlineMenu;
     Q_EMIT tree.customContextMenuRequested(nameOf(sets.setAt(0, 0)));

@@ -381,5 +381,23 @@ TEST(Set, KeepsAnInvalidStateUntilTheNextOperation) {
     EXPECT_EQ(set->setsState(), on);
 }
 
+TEST(Set, CopiesTakeTheSizeOfAllFilesButOne) {
+    Set set;
+    EXPECT_EQ(set.sizeOfCopies(), 0U);
+    set.addFiles(FileStore::standalone("/a", 10));
+    EXPECT_EQ(set.sizeOfCopies(), 0U);
+    set.addFiles(FileStore::standalone("/b", 10));
+    set.addFiles(FileStore::standalone("/c", 10));
+    EXPECT_EQ(set.sizeOfCopies(), 20U);
+}
+
+TEST(Set, CopiesTakeAtMostWhatFitsInto64Bits) {
+    Set set;
+    for (const char* const path : {"/a", "/b", "/c"}) {
+        set.addFiles(FileStore::standalone(path, 9'223'372'036'854'775'808U));
+    }
+    EXPECT_EQ(set.sizeOfCopies(), 18'446'744'073'709'551'615U);
+}
+
 }  // namespace
 }  // namespace tarvin
