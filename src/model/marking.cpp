@@ -7,6 +7,68 @@
 
 namespace tarvin {
 
+namespace {
+
+using Marks = std::vector<CheckState>;
+
+/// Whether files are in one folder. Fast if files of the same folder follow each other.
+class FolderMatch final {
+ public:
+    explicit FolderMatch(const Directory& folder) : folder_(folder), path_(folder.path()) {}
+
+    bool holds(const File& file) {
+        const Directory* const folder = file.directory();
+        if (folder != last_) {
+            last_ = folder;
+            // A folder can be stored twice, if single files of it were chosen.
+            holdsLast_ = folder == &folder_ ||
+                         (folder->pathLength == folder_.pathLength && folder->path() == path_);
+        }
+        return holdsLast_;
+    }
+
+ private:
+    const Directory& folder_;
+    const std::string path_;
+    const Directory* last_ = nullptr;
+    bool holdsLast_ = false;
+};
+
+/// The marks of a set after those of the folder have been added; empty if none is added.
+Marks marksWith(FolderMatch& folder, const Set& set) {
+    const std::vector<std::shared_ptr<File>>& files = set.files();
+    Marks marks;
+    marks.reserve(files.size());
+    std::size_t added = 0;
+    std::size_t first = files.size();  // of the added ones
+    bool anyStays = false;
+    for (std::size_t position = 0; position < files.size(); ++position) {
+        const bool isMarked = files[position]->state() != CheckState::off;
+        const bool isAdded = !isMarked && folder.holds(*files[position]);
+        if (isAdded) {
+            first = std::min(first, position);
+            ++added;
+        }
+        anyStays = anyStays || (!isMarked && !isAdded);
+        marks.push_back(isMarked || isAdded ? CheckState::on : CheckState::off);
+    }
+    if (added > 0 && !anyStays) {
+        marks[first] = CheckState::off;
+        --added;
+    }
+    return added > 0 ? marks : Marks();
+}
+
+void setMarksOf(Modal& modal, const Set& set, const Marks& marks) {
+    modal.changeMarksOfSets([&set, &marks](Set& each) {
+        if (&each == &set) {
+            each.setMarks(marks);
+        }
+    });
+}
+
+}  // namespace
+
 std::optional<SelectionClass> selectionClassOf(const Modal& modal) {
     const std::uint64_t selected = modal.totalFilesSelected();
     const std::uint64_t total = modal.totalFiles();
@@ -33,6 +95,52 @@ ToggleResult toggleFile(Modal& modal, const std::shared_ptr<Extensions>& extensi
     }
     modal.changeStateOfExtension(extension, set, file);
     return ToggleResult::toggled;
+}
+
+void keepFile(Modal& modal, const Set& set, std::size_t position) {
+    Marks marks(set.files().size(), CheckState::on);
+    marks[position] = CheckState::off;
+    setMarksOf(modal, set, marks);
+}
+
+bool canMarkFolder(const Modal& modal, const Directory& folder) {
+    FolderMatch match(folder);
+    for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
+        for (const std::shared_ptr<Set>& set : extension->sets()) {
+            if (!marksWith(match, *set).empty()) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+void markFolder(Modal& modal, const Directory& folder) {
+    FolderMatch match(folder);
+    modal.changeMarksOfSets([&match](Set& set) {
+        if (const Marks marks = marksWith(match, set); !marks.empty()) {
+            set.setMarks(marks);
+        }
+    });
+}
+
+std::string takeOutFile(Modal& modal, const std::shared_ptr<Extensions>& extension,
+                        const std::shared_ptr<Set>& set, std::size_t position) {
+    Marks others;
+    for (const std::shared_ptr<File>& file : set->files()) {
+        others.push_back(file->state());
+    }
+    others.erase(others.begin() + static_cast<std::ptrdiff_t>(position));
+    if (!others.empty() &&
+        std::find(others.begin(), others.end(), CheckState::off) == others.end()) {
+        others.front() = CheckState::off;
+    }
+    Marks only(set->files().size(), CheckState::off);
+    only[position] = CheckState::on;
+    setMarksOf(modal, *set, only);
+    const std::vector<std::string> paths = modal.addSelectedFilesToExceptionInSet(set, extension);
+    setMarksOf(modal, *set, others);
+    return paths.front();
 }
 
 std::optional<ResultView> currentViewOf(const ViewFlags& flags) {

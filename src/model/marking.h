@@ -39,6 +39,24 @@ enum class ToggleResult : std::uint8_t {
 ToggleResult toggleFile(Modal& modal, const std::shared_ptr<Extensions>& extension,
                         const std::shared_ptr<Set>& set, std::size_t position);
 
+/// Unmarks the file at `position` of `set`, a set of `modal`, and marks all others of the set. Only
+/// on the thread that changes the tree.
+void keepFile(Modal& modal, const Set& set, std::size_t position);
+
+/// Whether markFolder() would mark a file.
+[[nodiscard]] bool canMarkFolder(const Modal& modal, const Directory& folder);
+
+/// Marks the files in `folder`, without those in its subfolders. In a set that would have no
+/// unmarked file left, the first file that would have been marked stays unmarked. Removes no mark.
+/// Only on the thread that changes the tree.
+void markFolder(Modal& modal, const Directory& folder);
+
+/// Removes one file from `set`, which belongs to `extension`, and returns its path, to be excluded
+/// from scans. The other files keep their marks; if all of them are marked, the first is unmarked.
+/// The totals still count the file. Only on the thread that changes the tree.
+[[nodiscard]] std::string takeOutFile(Modal& modal, const std::shared_ptr<Extensions>& extension,
+                                      const std::shared_ptr<Set>& set, std::size_t position);
+
 /// The lists of a result that can be shown, each with its own button.
 enum class ResultView : std::uint8_t { all, image, audio, video, documents, other };
 
