@@ -1,6 +1,9 @@
 #include "controller/desktop.h"
 
 #include <QByteArray>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
 #include <QProcess>
 #include <QUrl>
@@ -18,15 +21,47 @@ bool isSafeToOpen(const QUrl& url) {
            std::find(schemes.begin(), schemes.end(), url.scheme()) != schemes.end();
 }
 
+/// Encoded byte by byte: a path need not be UTF-8.
+QByteArray urlOf(const std::string& path) {
+    return "file://" + QByteArray::fromStdString(path).toPercentEncoding("/");
+}
+
+std::string containingFolder(const std::string& path) {
+    return path.substr(0, std::max<std::size_t>(path.rfind('/'), 1));
+}
+
 class QtDesktop final : public Desktop {
  public:
     bool openPath(const std::string& path) override {
         if (!path.starts_with('/')) {
             return false;
         }
-        // Encoded byte by byte: a path need not be UTF-8.
-        const QByteArray encoded = QByteArray::fromStdString(path).toPercentEncoding("/");
-        return QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray("file://" + encoded)));
+        return QDesktopServices::openUrl(QUrl::fromEncoded(urlOf(path)));
+    }
+
+    void showInFolder(const std::string& path) override {
+        if (!path.starts_with('/')) {
+            return;
+        }
+        const QDBusConnection bus = QDBusConnection::sessionBus();
+        if (!bus.isConnected()) {
+            openPath(containingFolder(path));
+            return;
+        }
+        constexpr int answerLimit = 10'000;  // ms; a file manager may have to be started
+        QDBusMessage call = QDBusMessage::createMethodCall(
+            QStringLiteral("org.freedesktop.FileManager1"),
+            QStringLiteral("/org/freedesktop/FileManager1"),
+            QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
+        const QString noStartupId;
+        call << QStringList{QString::fromLatin1(urlOf(path))} << noStartupId;
+        auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(call, answerLimit));
+        QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [this, answer, path] {
+            if (answer->isError()) {
+                openPath(containingFolder(path));
+            }
+            answer->deleteLater();
+        });
     }
 
     bool openUrl(const QString& text) override {

@@ -98,6 +98,14 @@ TEST_F(SystemDesktop, SaysIfAProgramCannotBeStarted) {
     EXPECT_FALSE(desktop_.startProgram({}, {}));
 }
 
+TEST_F(SystemDesktop, OpensTheFolderOfAFileWithoutASessionBus) {
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus");
+    desktop_.showInFolder("/home/a b/\xff.jpg");
+    desktop_.showInFolder("/top.jpg");
+    desktop_.showInFolder("relative.jpg");
+    EXPECT_EQ(opened_.taken, (Texts{"file:///home/a%20b", "file:///"}));
+}
+
 }  // namespace
 }  // namespace tarvin
 

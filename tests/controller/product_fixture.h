@@ -71,6 +71,7 @@ class FakeDesktop final : public Desktop {
         paths.push_back(path);
         return opensPaths;
     }
+    void showInFolder(const std::string& path) override { shownInFolder.push_back(path); }
     bool openUrl(const QString& url) override {
         urls.push_back(url);
         return true;
@@ -83,6 +84,7 @@ class FakeDesktop final : public Desktop {
 
     bool opensPaths = true;  ///< false: there is no application
     std::vector<std::string> paths;
+    std::vector<std::string> shownInFolder;
     QStringList urls;
     QStringList programs;
     QStringList arguments;  ///< of the last program
