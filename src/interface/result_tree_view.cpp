@@ -91,6 +91,29 @@ void ResultTreeView::selectSet(const QModelIndex& set) {
     scrollTo(first);
 }
 
+void ResultTreeView::clickNeighbour(int step) {
+    const QModelIndex set = model() == nullptr ? QModelIndex() : neighbourOf(selectedSet(), step);
+    if (set.isValid()) {
+        Q_EMIT selectionShouldChange(set);
+        selectSet(set);
+    }
+}
+
+QModelIndex ResultTreeView::neighbourOf(const QModelIndex& set, int step) const {
+    const int beforeFirst = step > 0 ? -1 : model()->rowCount();
+    int extension = set.isValid() ? set.parent().row() : beforeFirst;
+    QModelIndex found = set.isValid() ? set.sibling(set.row() + step, check) : QModelIndex();
+    while (!found.isValid()) {
+        extension += step;
+        const QModelIndex parent = model()->index(extension, check);
+        if (!parent.isValid()) {
+            break;
+        }
+        found = model()->index(step > 0 ? 0 : model()->rowCount(parent) - 1, check, parent);
+    }
+    return found;
+}
+
 QModelIndex ResultTreeView::selectedSet() const {
     const QModelIndexList rows =
         selectionModel() == nullptr ? QModelIndexList() : selectionModel()->selectedRows(check);

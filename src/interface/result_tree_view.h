@@ -16,8 +16,8 @@ namespace tarvin {
 /// Designed for 200,000 sets, all expanded: rows of one height, no widgets or size hints for rows,
 /// and only the rows in view are painted. Qt::ItemNeverHasChildren on sets saves a call for each.
 ///
-/// Only a click on a set's name selects it. The arrow keys move the current index, which the focus
-/// ring shows.
+/// Only a click on a set's name selects it, or clickNeighbour(). The arrow keys move the current
+/// index, which the focus ring shows.
 class ResultTreeView final : public BoxList<QTreeView> {
     Q_OBJECT
 
@@ -47,6 +47,10 @@ class ResultTreeView final : public BoxList<QTreeView> {
     /// Selects a set like a click, but without selectionShouldChange(), makes it current and
     /// scrolls to it. Ignores an index that is not a set.
     void selectSet(const QModelIndex& set);
+    /// Does what a click does on the set before (-1) or after (1) the selected one, also if that is
+    /// in a collapsed extension, which is expanded. Does nothing at the ends. If no set is
+    /// selected, the last or the first one is clicked.
+    void clickNeighbour(int step);
     /// The selected set, in the first column; invalid if there is none.
     [[nodiscard]] QModelIndex selectedSet() const;
 
@@ -97,6 +101,8 @@ class ResultTreeView final : public BoxList<QTreeView> {
  private:
     enum class Part { none, branch, box, text };
 
+    /// Returns an invalid index at the ends.
+    [[nodiscard]] QModelIndex neighbourOf(const QModelIndex& set, int step) const;
     [[nodiscard]] Part partAt(const QPoint& point) const;
     /// The whole row of an index, as wide as the view.
     [[nodiscard]] QRect rowRect(const QModelIndex& index) const;

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QVector>
 #include <QWidget>
+#include <functional>
 
 class QAbstractButton;
 class QAction;
@@ -57,6 +58,10 @@ class Screen : public QWidget {
     /// Lets `keys` click `button` while this screen is shown and the button is enabled. The object
     /// name of the action is the button's with "Shortcut" appended.
     QAction* addShortcut(const QList<QKeySequence>& keys, QAbstractButton* button);
+    /// Lets `keys` call `act` while this screen is shown.
+    QAction* addShortcut(const QList<QKeySequence>& keys, const std::function<void()>& act) {
+        return shortcuts_.add(keys, act);
+    }
 
  private:
     struct InBar {

@@ -505,6 +505,26 @@ TEST_F(ResultTreeViewTest, PaintsTheSizeOfASet) {
     EXPECT_NE(tree.viewport()->grab(right).toImage(), before);
 }
 
+TEST_F(ResultTreeViewTest, ANeighbourIsClickedAlsoInACollapsedExtension) {
+    const QSignalSpy asked(&tree, &ResultTreeView::selectionShouldChange);
+    tree.clickNeighbour(1);
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 0));
+    tree.clickNeighbour(-1);
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 0));
+    EXPECT_EQ(asked.size(), 1);
+    tree.selectSet(sets.setAt(0, 2));
+    tree.collapse(sets.extensionAt(1));
+    tree.clickNeighbour(1);
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(1, 0));
+    EXPECT_TRUE(tree.isExpanded(sets.extensionAt(1)));
+    tree.clickNeighbour(-1);
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 2));
+    EXPECT_EQ(asked.size(), 3);
+    tree.selectSet(sets.setAt(5, 1));
+    tree.clickNeighbour(1);
+    EXPECT_EQ(tree.selectedSet(), sets.setAt(5, 1));
+}
+
 TEST_F(ResultTreeViewTest, TheMenuOpensOnlyOnARow) {
     QMenu& menu = *window.results->outlineMenu;
     Q_EMIT tree.customContextMenuRequested(nameOf(sets.setAt(0, 0)));
