@@ -119,6 +119,41 @@
     </message>
 </context>
 <context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileMenu</name>
+    <message>
+        <source>Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open Containing Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep This One</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark All in This Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add to Exceptions…</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tarvin::FileProperties</name>
     <message>
         <source> %1
@@ -1209,6 +1244,14 @@ All exceptions has been removed.</source>
     </message>
     <message>
         <source>Left: %1. Maybe last copies: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file &quot;%1&quot; will be excluded from all future scans. Press &quot;OK&quot; to exclude.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file is not there any more.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

@@ -119,6 +119,41 @@
     </message>
 </context>
 <context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>Aktionen für %1</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileMenu</name>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Open Containing Folder</source>
+        <translation>Enthaltenden Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>Pfad kopieren</translation>
+    </message>
+    <message>
+        <source>Keep This One</source>
+        <translation>Diese behalten</translation>
+    </message>
+    <message>
+        <source>Mark All in This Folder</source>
+        <translation>Alle in diesem Ordner markieren</translation>
+    </message>
+    <message>
+        <source>Add to Exceptions…</source>
+        <translation>Zu Ausnahmen hinzufügen …</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::FileProperties</name>
     <message>
         <source> %1
@@ -1219,6 +1254,14 @@ Alle Ausnahmen wurden entfernt.</translation>
     <message>
         <source>Left: %1. Maybe last copies: %2.</source>
         <translation>%1 belassen, %2 evtl. letzte Kopie.</translation>
+    </message>
+    <message>
+        <source>The file &quot;%1&quot; will be excluded from all future scans. Press &quot;OK&quot; to exclude.</source>
+        <translation>Die Datei „%1“ wird von allen künftigen Suchläufen ausgeschlossen. Drücken Sie „OK“, um sie auszuschließen.</translation>
+    </message>
+    <message>
+        <source>The file is not there any more.</source>
+        <translation>Die Datei ist nicht mehr da.</translation>
     </message>
     <message>
         <source>1 file, %1</source>

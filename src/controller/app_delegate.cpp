@@ -84,6 +84,8 @@ void AppDelegate::makeResultTasks() {
                                            *preview_, window_.loading());
     exceptions_ = std::make_unique<ExceptionsTask>(session_, *results_, window_,
                                                    *surroundings_.alerts, information_);
+    fileActions_ = std::make_unique<FileActions>(session_, *results_, window_, information_,
+                                                 *exceptions_, surroundings_.desktop);
     deletion_ = std::make_unique<DeletionTask>(session_, *results_, window_, *surroundings_.alerts,
                                                information_);
     putBack_ = std::make_unique<PutBackTask>(session_, window_, information_);

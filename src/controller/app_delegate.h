@@ -4,6 +4,7 @@
 #include "controller/deletion_task.h"
 #include "controller/desktop.h"
 #include "controller/exceptions_task.h"
+#include "controller/file_actions.h"
 #include "controller/file_panels.h"
 #include "controller/help.h"
 #include "controller/information_window.h"
@@ -146,6 +147,7 @@ class AppDelegate final : public QObject {
     std::unique_ptr<Preview> preview_;
     std::unique_ptr<ResultViews> views_;
     std::unique_ptr<ExceptionsTask> exceptions_;
+    std::unique_ptr<FileActions> fileActions_;
     std::unique_ptr<DeletionTask> deletion_;  // destroyed before what it uses
     std::unique_ptr<PutBackTask> putBack_;    // the same
     std::unique_ptr<NotReadList> notRead_;

@@ -10,6 +10,8 @@
 #include "model/marking.h"
 
 #include <QAbstractButton>
+#include <memory>
+#include <utility>
 
 namespace tarvin {
 
@@ -47,22 +49,40 @@ void ExceptionsTask::addExceptions() {
         window_.results->addEceptionBtn->setEnabled(false);
         return;
     }
+    row_.reset();
     window_.exceptionWindow->exceptionTextField->setText(
         ResultTexts::exceptionQuestion(session_.exact));
     window_.showOver(window_.exceptionWindow, panelOrigin);
 }
 
-void ExceptionsTask::addExceptionsOKClicked() {
-    removeExceptionWindow();
-    if (results_.list().totalFilesSelected() == 0) {
+void ExceptionsTask::addException(int row) {
+    const std::shared_ptr<File> file = results_.files().fileAt(row);
+    if (file == nullptr) {
         return;
     }
-    const std::vector<std::string> batch = results_.takeOutMarkedFiles();
-    if (!batch.empty()) {
-        session_.addExceptions(batch);
+    row_ = row;
+    window_.exceptionWindow->exceptionTextField->setText(
+        ResultTexts::exceptionQuestionFor(file->fileName()));
+    window_.showOver(window_.exceptionWindow, panelOrigin);
+}
+
+void ExceptionsTask::addExceptionsOKClicked() {
+    removeExceptionWindow();
+    if (const std::optional<int> row = std::exchange(row_, std::nullopt)) {
+        if (const std::optional<std::string> path = results_.takeOutFile(*row)) {
+            add({*path});
+        }
+    } else if (results_.list().totalFilesSelected() != 0) {
+        add(results_.takeOutMarkedFiles());
+    }
+}
+
+void ExceptionsTask::add(const std::vector<std::string>& files) {
+    if (!files.empty()) {
+        session_.addExceptions(files);
         window_.results->removeExceptionBtn->setEnabled(true);
         information_.setInformationWindow(
-            exceptionsAddedInformation(static_cast<std::int64_t>(batch.size())));
+            exceptionsAddedInformation(static_cast<std::int64_t>(files.size())));
     }
 }
 

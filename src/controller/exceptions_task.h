@@ -6,6 +6,9 @@
 #include "controller/session.h"
 
 #include <QObject>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace tarvin {
 
@@ -26,6 +29,8 @@ class ExceptionsTask final : public QObject {
 
     /// Asks for confirmation, if anything is marked.
     void addExceptions();
+    /// Asks for confirmation to add one file of the selected set, if there is such a row.
+    void addException(int row);
     void addExceptionsOKClicked();
     void addExceptionsCancelClicked() { removeExceptionWindow(); }
     void removeExceptionWindow();
@@ -33,6 +38,7 @@ class ExceptionsTask final : public QObject {
     void removeExceptions();
 
  private:
+    void add(const std::vector<std::string>& files);
     void removeAll();
 
     Session& session_;
@@ -40,6 +46,7 @@ class ExceptionsTask final : public QObject {
     MainWindow& window_;
     Alerts& alerts_;
     InformationWindow& information_;
+    std::optional<int> row_;  ///< the one file that the question is about; none: the marked ones
 };
 
 }  // namespace tarvin

@@ -98,6 +98,10 @@ Information nothingToDeleteInformation() {
     return noticeWith(ResultTexts::nothingToDelete());
 }
 
+Information fileIsGoneInformation() {
+    return noticeWith(ResultTexts::fileIsGone());
+}
+
 Information noCleanUpInformation(const QString& reason, const std::optional<std::string>& aside) {
     Information notice = noticeWith(ResultTexts::cleanUpNotBegun(), reason);
     if (aside) {

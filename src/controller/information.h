@@ -60,6 +60,8 @@ using CountedList = std::function<const Modal&()>;
 [[nodiscard]] Information allFilesOfSetInformation();
 /// When no file is marked.
 [[nodiscard]] Information nothingToDeleteInformation();
+/// When a file cannot be opened.
+[[nodiscard]] Information fileIsGoneInformation();
 /// When the journal cannot be written, because of `reason`. `aside` is the path that a damaged
 /// journal was moved to, if any.
 [[nodiscard]] Information noCleanUpInformation(const QString& reason,

@@ -74,4 +74,10 @@ QString ResultTexts::exceptionQuestion(bool exact) {
                       "\"Ok\" to exclude.");
 }
 
+QString ResultTexts::exceptionQuestionFor(std::string_view fileName) {
+    constexpr int maxCharacters = 40;
+    return tr("The file \"%1\" will be excluded from all future scans. Press \"OK\" to exclude.")
+        .arg(shortTextOfName(fileName, maxCharacters));
+}
+
 }  // namespace tarvin

@@ -101,6 +101,8 @@ class ResultTexts final {
     [[nodiscard]] static QString journalKeptAside() {
         return tr("The file was set aside; the next clean-up begins a new one.");
     }
+    /// When a file cannot be opened.
+    [[nodiscard]] static QString fileIsGone() { return tr("The file is not there any more."); }
     /// While files are moved.
     [[nodiscard]] static QString deleting() { return tr("Deleting files, please wait..."); }
     [[nodiscard]] static QString stopDeletionQuestion() {
@@ -124,6 +126,8 @@ class ResultTexts final {
 
     /// Before marked files are excluded. `exact`: found by a scan for identical files.
     [[nodiscard]] static QString exceptionQuestion(bool exact);
+    /// Before one file is excluded; its name is shortened to 40 characters.
+    [[nodiscard]] static QString exceptionQuestionFor(std::string_view fileName);
     [[nodiscard]] static QString exceptionsAdded(std::int64_t files) {
         return tr("\nSuccessfully added %1 files to exceptions.").arg(files);
     }

@@ -140,6 +140,43 @@ std::optional<ToggleResult> Results::toggleFile(int row) {
     return answer;
 }
 
+void Results::keepFile(int row) {
+    const std::shared_ptr<Set> set = selectedSet();
+    if (!list_ || files_.fileAt(row) == nullptr || !set) {
+        return;
+    }
+    tarvin::keepFile(*list_, *set, static_cast<std::size_t>(row));
+    Q_EMIT marksChanged();
+    files_.allMarksChanged();
+    tree_.marksChanged(ResultTree::extensionRow(selected_), ResultTree::setRow(selected_));
+}
+
+bool Results::canMarkFolderOf(int row) const {
+    const std::shared_ptr<File> file = files_.fileAt(row);
+    return list_ && file && canMarkFolder(*list_, *file->directory());
+}
+
+void Results::markFolderOf(int row) {
+    const std::shared_ptr<File> file = files_.fileAt(row);
+    if (list_ && file) {
+        markFolder(*list_, *file->directory());
+        reportAllMarks();
+    }
+}
+
+std::optional<std::string> Results::takeOutFile(int row) {
+    const std::shared_ptr<Set> set = selectedSet();
+    if (!list_ || files_.fileAt(row) == nullptr || !set) {
+        return std::nullopt;
+    }
+    std::string path = tarvin::takeOutFile(*list_, tree_.extensionAt(selected_), set,
+                                           static_cast<std::size_t>(row));
+    tree_.marksChanged(ResultTree::extensionRow(selected_), ResultTree::setRow(selected_));
+    showFiles();
+    Q_EMIT marksChanged();
+    return path;
+}
+
 const Modal& Results::countedList() {
     if (list_) {
         list_->calculateTotalFilesAndSize();

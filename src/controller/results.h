@@ -73,6 +73,17 @@ class Results final : public QObject {
     /// Toggles a file of the selected set; nullopt if there is no such file.
     std::optional<ToggleResult> toggleFile(int row);
 
+    // One file of the selected set. Without such a file these do nothing.
+
+    /// Unmarks it and marks all others of the set.
+    void keepFile(int row);
+    /// Whether markFolderOf() would mark a file.
+    [[nodiscard]] bool canMarkFolderOf(int row) const;
+    /// Marks the files of its folder in the list in view: tarvin::markFolder().
+    void markFolderOf(int row);
+    /// Takes it out of the list, to be excluded from scans. Returns its path.
+    [[nodiscard]] std::optional<std::string> takeOutFile(int row);
+
     // Files.
 
     /// Sums the totals of the list in view again and returns it.

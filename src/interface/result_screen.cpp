@@ -9,6 +9,7 @@
 #include "controls/tab_button.h"
 #include "controls/toggle_button.h"
 #include "interface/appearance.h"
+#include "interface/file_menu.h"
 #include "interface/frames.h"
 #include "interface/image_view.h"
 #include "interface/making.h"
@@ -97,6 +98,7 @@ ResultScreen::ResultScreen(ViewTopBar* bar)
       OView2(named(new ResultTreeView, "OView2")),
       outlineMenu(named(new QMenu(this), "outlineMenu")),
       resultTable(named(new ResultTable, "resultTable")),
+      fileMenu(named(new FileMenu(*resultTable, this), "fileMenu")),
       imView(named(new ImageView, "imView")),
       textField(named(new PropertyText, "textField")),
       selectedPath(named(new ElidedLabel, "selectedPath")),
@@ -204,6 +206,8 @@ void ResultScreen::makeShortcuts() {
     addShortcut({Qt::CTRL | Qt::Key_A}, markAll);
     addShortcut({Qt::CTRL | Qt::SHIFT | Qt::Key_A}, unMarkAll);
     addShortcut({Qt::CTRL | Qt::Key_Backspace}, finishButton);
+    addShortcut({Qt::CTRL | Qt::Key_Up}, [this] { OView2->clickNeighbour(-1); });
+    addShortcut({Qt::CTRL | Qt::Key_Down}, [this] { OView2->clickNeighbour(1); });
 }
 
 void ResultScreen::placeControls() {

@@ -9,6 +9,7 @@ class QMenu;
 namespace tarvin {
 
 class ButtonHoverSimple;
+class FileMenu;
 class HoverButton;
 class ImageView;
 class NoticeStrip;
@@ -56,6 +57,8 @@ class ResultScreen final : public Screen {
     QMenu* const outlineMenu;
     /// Hidden and shown with its frame.
     ResultTable* const resultTable;
+    /// The context menu of a row of `resultTable`.
+    FileMenu* const fileMenu;
     ImageView* const imView;
     PropertyText* const textField;
     ElidedLabel* const selectedPath;

@@ -56,6 +56,9 @@ class ResultTable final : public BoxTable {
     void tableCheckBoxClicked(int row);
     /// A row was double-clicked beside its check box, or Return was pressed on it.
     void doubleClick(int row);
+    /// A row, which is selected, was clicked with the right button, or the Menu key or Shift+F10
+    /// was pressed on it. `position` is on the screen.
+    void menuRequested(int row, const QPoint& position);
 
  protected:
     QItemSelectionModel::SelectionFlags selectionCommand(
@@ -64,9 +67,11 @@ class ResultTable final : public BoxTable {
     void resizeEvent(QResizeEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
     void fitColumns();
+    void requestMenuOfCurrentRow();
     void selectRowOfKeyboard(const QKeyEvent& event);
 };
 

@@ -34,6 +34,17 @@ TEST(ResultTexts, TellTheFilesOfASet) {
     EXPECT_EQ(ResultTexts::canBeRegained(19'480'000), "19.48 MB can be regained");
 }
 
+TEST(ResultTexts, AskAboutOneFileByItsShortenedName) {
+    EXPECT_EQ(ResultTexts::exceptionQuestionFor("100%1.jpg"),
+              "The file \"100%1.jpg\" will be excluded from all future scans. Press \"OK\" to "
+              "exclude.");
+    EXPECT_EQ(ResultTexts::exceptionQuestionFor(std::string(40, 'a') + ".jpg"),
+              QStringLiteral("The file \"%1\u2026%2.jpg\" will be excluded from all future scans. "
+                             "Press \"OK\" to exclude.")
+                  .arg(QString(20, 'a'), QString(15, 'a')));
+    EXPECT_EQ(ResultTexts::fileIsGone(), "The file is not there any more.");
+}
+
 TEST(ResultTexts, AreThoseOfOneFile) {
     EXPECT_EQ(ResultTexts::selectedPath("/home/100%1/a.png"), "Path: /home/100%1/a.png");
     EXPECT_EQ(ResultTexts::selectedPath("/l\xff/a\nb"), QStringLiteral("Path: /l\uFFFD/a\uFFFDb"));

@@ -1,0 +1,113 @@
+#include "controller/file_actions.h"
+
+#include "controller/path_text.h"
+#include "interface/file_menu.h"
+#include "interface/main_window.h"
+#include "interface/result_screen.h"
+#include "interface/result_table.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QFile>
+#include <QGuiApplication>
+#include <cerrno>
+#include <memory>
+
+namespace tarvin {
+
+namespace {
+
+bool isGoneFile(const SystemError& error) {
+    return error.code == ENOENT || error.code == ENOTDIR;
+}
+
+}  // namespace
+
+FileActions::FileActions(Session& session, Results& results, MainWindow& window,
+                         InformationWindow& information, ExceptionsTask& exceptions,
+                         Desktop& desktop)
+    : session_(session),
+      results_(results),
+      window_(window),
+      information_(information),
+      exceptions_(exceptions),
+      desktop_(desktop) {
+    connect(window_.results->resultTable, &ResultTable::menuRequested, this,
+            &FileActions::popUpMenu);
+    const FileMenu& menu = *window_.results->fileMenu;
+    const auto onTrigger = [this](QAction* item, void (FileActions::*action)()) {
+        connect(item, &QAction::triggered, this, action);
+    };
+    onTrigger(menu.openItem, &FileActions::open);
+    onTrigger(menu.openFolderItem, &FileActions::openFolder);
+    onTrigger(menu.copyPathItem, &FileActions::copyPath);
+    onTrigger(menu.keepItem, &FileActions::keep);
+    onTrigger(menu.markFolderItem, &FileActions::markFolder);
+    onTrigger(menu.exceptionItem, &FileActions::addToExceptions);
+}
+
+void FileActions::popUpMenu(int row, const QPoint& position) {
+    const std::shared_ptr<File> file = results_.files().fileAt(row);
+    if (file == nullptr) {
+        return;
+    }
+    FileMenu& menu = *window_.results->fileMenu;
+    menu.setAccessibleName(
+        tr("Actions for %1", "a menu; %1 is a file's name").arg(textOfPath(file->fileName())));
+    menu.keepItem->setEnabled(results_.files().rowCount() > 1);
+    menu.markFolderItem->setEnabled(results_.canMarkFolderOf(row));
+    menu.popup(position);
+}
+
+int FileActions::row() const {
+    return window_.results->resultTable->selectedRow();
+}
+
+std::string FileActions::pathOfPresentFile() {
+    const std::shared_ptr<File> file = results_.files().fileAt(row());
+    if (file == nullptr) {
+        return {};
+    }
+    std::string path = file->filePath();
+    const Result<FileAttributes> found = session_.platform.fileSystem().attributesAtPath(path);
+    if (!found && isGoneFile(found.error())) {
+        information_.setInformationWindow(fileIsGoneInformation());
+        return {};
+    }
+    return path;
+}
+
+void FileActions::open() {
+    if (const std::string path = pathOfPresentFile(); !path.empty()) {
+        desktop_.openPath(path);
+    }
+}
+
+void FileActions::openFolder() {
+    if (const std::string path = pathOfPresentFile(); !path.empty()) {
+        desktop_.showInFolder(path);
+    }
+}
+
+void FileActions::copyPath() {
+    if (const std::shared_ptr<File> file = results_.files().fileAt(row())) {
+        QGuiApplication::clipboard()->setText(
+            QFile::decodeName(QByteArray::fromStdString(file->filePath())));
+    }
+}
+
+void FileActions::keep() {
+    if (results_.files().rowCount() > 1) {
+        results_.keepFile(row());
+    }
+}
+
+void FileActions::markFolder() {
+    results_.markFolderOf(row());
+}
+
+void FileActions::addToExceptions() {
+    exceptions_.addException(row());
+}
+
+}  // namespace tarvin
