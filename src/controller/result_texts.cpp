@@ -6,8 +6,8 @@ namespace tarvin {
 
 QString ResultTexts::filesOfSet(std::size_t files, std::uint64_t bytesEach) {
     const QString size = ShownNumbers::size(bytesEach);
-    return files == 1 ? tr("1 file, %1").arg(size)
-                      : tr("%1 files, %2 each").arg(ShownNumbers::count(files), size);
+    return files < 2 ? tr("1 file, %1").arg(size)
+                     : tr("%1 files, %2 each").arg(ShownNumbers::count(files), size);
 }
 
 QString ResultTexts::canBeRegained(std::uint64_t bytes) {
