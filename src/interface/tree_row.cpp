@@ -74,7 +74,8 @@ QRect TreeRow::size(const Content& content) const {
         return {};
     }
     const int margin = content.isBesideScrollBar ? besideScrollBar : rightMargin;
-    const int width = QFontMetrics(sizeFont()).horizontalAdvance(content.size);
+    // An advance is rounded; a text that is wider by a fraction would be elided.
+    const int width = QFontMetrics(sizeFont()).horizontalAdvance(content.size) + 1;
     const QRect place(row_.right() + 1 - margin - width, row_.top(), width, row_.height());
     const QRect before = name();
     const int nameWidth = QFontMetrics(nameFont()).horizontalAdvance(singleLine(content.name));
@@ -88,7 +89,7 @@ void TreeRow::paint(QPainter& painter, const Content& content) const {
     paintCheckBox(painter, box(), content.mark);
     paintLine(painter, name(), content.name, nameFont(), look::ink);
     if (const QRect place = size(content); !place.isEmpty()) {
-        paintLine(painter, place, content.size, sizeFont(), look::muted);
+        paintLine(painter, place, content.size, sizeFont(), look::muted, Qt::AlignRight);
     }
 }
 

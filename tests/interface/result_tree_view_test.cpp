@@ -1,3 +1,4 @@
+#include "controls/look.h"
 #include "interface/painted_region.h"
 #include "interface/result_screen.h"
 #include "interface/shown_window.h"
@@ -494,6 +495,15 @@ TEST_F(ResultTreeViewTest, TheSizeOfASetLeavesFourPixelsToTheName) {
     };
     EXPECT_FALSE(sizeIn(181 - spare).isEmpty());
     EXPECT_TRUE(sizeIn(180 - spare).isEmpty());
+}
+
+TEST_F(ResultTreeViewTest, TheSizeOfASetIsNotElided) {
+    const QFontMetricsF exact(look::font(12));
+    for (int tenths = 0; tenths < 1000; ++tenths) {
+        const QString size = QString::number(tenths / 10.0, 'f', 1) + QStringLiteral(" KB");
+        const QRect place = TreeRow(QRect(0, 0, 400, 26), true).size({.name = {}, .size = size});
+        EXPECT_LE(exact.horizontalAdvance(size), place.width()) << size.toStdString();
+    }
 }
 
 TEST_F(ResultTreeViewTest, PaintsTheSizeOfASet) {
