@@ -58,6 +58,22 @@ QString ShownNumbers::shortSize(std::uint64_t bytes) {
     return number + QLatin1Char(' ') + QLatin1String(name);
 }
 
+QString ShownNumbers::roundedSize(std::uint64_t bytes) {
+    constexpr double kilo = 1e3;
+    constexpr double mega = 1e6;
+    constexpr double giga = 1e9;
+    // The next unit begins where the rounded number would reach 1000.
+    constexpr std::uint64_t leastMega = 999'500;
+    constexpr std::uint64_t leastGiga = 999'950'000;
+    const QLocale locale = localeOf(tr("en", "the code of the language of these texts"));
+    const auto number = static_cast<double>(bytes);
+    if (bytes < leastMega) {
+        return locale.toString(number / kilo, 'f', 0) + QStringLiteral(" KB");
+    }
+    return bytes < leastGiga ? locale.toString(number / mega, 'f', 1) + QStringLiteral(" MB")
+                             : locale.toString(number / giga, 'f', 1) + QStringLiteral(" GB");
+}
+
 QString ShownNumbers::dateAndTime(Timestamp time) {
     const auto sinceEpoch =
         std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());

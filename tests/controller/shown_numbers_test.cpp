@@ -48,6 +48,24 @@ TEST_F(ShownNumbersTest, AreEnglishWhereTheWindowIs) {
     }
 }
 
+TEST_F(ShownNumbersTest, RoundedSizesHaveOneDecimalFromMegabytes) {
+    const auto text = [](std::uint64_t bytes) {
+        return ShownNumbers::roundedSize(bytes).toStdString();
+    };
+    EXPECT_EQ(text(0), "0 KB");
+    EXPECT_EQ(text(1'600), "2 KB");
+    EXPECT_EQ(text(999'499), "999 KB");
+    EXPECT_EQ(text(999'500), "1.0 MB");
+    EXPECT_EQ(text(157'460'000), "157.5 MB");
+    EXPECT_EQ(text(999'949'999), "999.9 MB");
+    EXPECT_EQ(text(999'950'000), "1.0 GB");
+    EXPECT_EQ(text(12'400'000'000), "12.4 GB");
+    EXPECT_EQ(text(5'000'000'000'000), "5,000.0 GB");
+    speak("de_DE");
+    EXPECT_EQ(text(12'400'000'000), "12,4 GB");
+    EXPECT_EQ(text(5'000'000'000'000), "5.000,0 GB");
+}
+
 TEST_F(ShownNumbersTest, AreGermanWhereTheWindowIs) {
     speak("de_DE");
     for (const char* desktop : {"C", "en_GB", "de_DE"}) {
