@@ -6,6 +6,7 @@
 #include "controls/progress_bar.h"
 #include "controls/scan_animation.h"
 #include "controls/solid_bars.h"
+#include "controls/state_label.h"
 #include "interface/making.h"
 #include "interface/placement.h"
 
@@ -16,6 +17,7 @@ namespace tarvin {
 namespace {
 
 constexpr QSize blockPage{1016, 426};
+constexpr int stateTop = 211;
 
 }  // namespace
 
@@ -29,6 +31,9 @@ ProgressScreen::ProgressScreen(ViewTopBar* bar)
                          "searchStatus")),
       similarIndicator(named(new ProgressBar, "similarIndicator")),
       similarProcessing(named(new ElidedLabel, "similarProcessing")),
+      progressDetails(
+          named(makeLabel({}, look::font(12), look::muted, Qt::AlignHCenter), "progressDetails")),
+      progressState(named(new StateLabel, "progressState")),
       textelapse(named(makeLabel({}, look::font(14, QFont::DemiBold), look::ink), "textelapse")),
       pauseResume(makeFilledButton("pauseResume", tr("Pause"), look::panelBlue)),
       stopButton(makeFilledButton("stopButton", tr("Stop"), look::slate)),
@@ -55,18 +60,29 @@ void ProgressScreen::placeControls() {
     placement->row({pauseResume, stopButton});
 }
 
-void ProgressScreen::placeBlock() const {
+void ProgressScreen::placeBlock() {
     auto* page = new QWidget;
     page->resize(blockPage);
     exactSimilarTabView->addWidget(page);
-    auto* placement = new Placement(page, blockPage);
-    const auto place = [placement](QWidget* control, QRect design) {
-        placement->place(control, {design, inMiddle, inMiddle});
+    block_ = new Placement(page, blockPage);
+    const auto place = [this](QWidget* control, QRect design) {
+        block_->place(control, {design, inMiddle, inMiddle});
     };
     place(animationImage, {364, 25, 288, 216});
     place(searchStatus, {188, 263, 640, 28});
     place(similarIndicator, {188, 307, 640, 10});
     place(similarProcessing, {188, 327, 640, 20});
+    place(progressDetails, {188, 351, 640, 18});
+    showState({});
+}
+
+void ProgressScreen::showState(const QString& text) const {
+    progressState->setState(text);
+    const int width = progressState->sizeHint().width();
+    block_->place(progressState,
+                  {{(blockPage.width() - width) / 2, stateTop, width, StateLabel::designHeight},
+                   inMiddle,
+                   inMiddle});
 }
 
 }  // namespace tarvin

@@ -9,8 +9,10 @@ namespace tarvin {
 
 class ElidedLabel;
 class HoverButton;
+class Placement;
 class ProgressBar;
 class ScanAnimation;
+class StateLabel;
 class ViewButtonGrayBar;
 
 /// Screen "5": the progress of a scan. Main thread only.
@@ -28,15 +30,22 @@ class ProgressScreen final : public Screen {
     ProgressBar* const similarIndicator;
     /// The current file, elided in the middle.
     ElidedLabel* const similarProcessing;
+    /// Bytes compared and time left; empty while they are unknown.
+    QLabel* const progressDetails;
+    StateLabel* const progressState;  ///< set with showState()
     QLabel* const textelapse;
     HoverButton* const pauseResume;
     HoverButton* const stopButton;
 
+    /// Shows a state over the foot of the animation, or none if `text` is empty.
+    void showState(const QString& text) const;
+
  private:
     void placeControls();
-    void placeBlock() const;
+    void placeBlock();
 
     ViewButtonGrayBar* const actionBar_;
+    Placement* block_ = nullptr;
 };
 
 }  // namespace tarvin

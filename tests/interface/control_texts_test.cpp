@@ -65,6 +65,8 @@ const Text labels[] = {
     {"progressTypeText", "Searching for duplicate files"},
     {"searchStatus", "Searching for duplicate files..."},
     {"similarProcessing", ""},
+    {"progressDetails", ""},
+    {"progressState", ""},
     {"textelapse", ""},
     {"resultScreenTitle", "Duplicate Files"},
     {"sortLabel", "Sort by"},

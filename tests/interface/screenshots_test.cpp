@@ -126,6 +126,31 @@ TEST_F(ScreenshotTest, Scan) {
     take(QStringLiteral("08-scan-progress"));
 }
 
+TEST_F(ScreenshotTest, ScanWithDetails) {
+    showScan();
+    window.progress->progressDetails->setText(
+        QStringLiteral("12.4 GB of 80.1 GB compared · about 3 minutes left"));
+    take(QStringLiteral("29-progress-details"));
+}
+
+TEST_F(ScreenshotTest, ScanThatStops) {
+    showScan();
+    window.progress->progressDetails->setText(QStringLiteral("12.4 GB of 80.1 GB compared"));
+    window.progress->pauseResume->setEnabled(false);
+    window.progress->stopButton->setEnabled(false);
+    window.progress->showState(QStringLiteral("Stopping…"));
+    take(QStringLiteral("30-progress-stopping"));
+}
+
+TEST_F(ScreenshotTest, PausedScan) {
+    showScan();
+    window.progress->progressDetails->setText(QStringLiteral("12.4 GB of 80.1 GB compared"));
+    window.progress->pauseResume->setTitle(QStringLiteral("Resume"));
+    window.progress->stopButton->setEnabled(false);
+    window.progress->showState(QStringLiteral("Paused"));
+    take(QStringLiteral("31-progress-paused"));
+}
+
 TEST_F(ScreenshotTest, StopQuestion) {
     showScan();
     window.progress->pauseResume->setTitle(QStringLiteral("Resume"));
