@@ -1320,6 +1320,38 @@ All exceptions has been removed.</source>
         <source>Resume</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>%1 of %2 compared</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>less than a minute left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>about %1 hours left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>about 1 minute left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>about %1 minutes left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stopping…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for the file in hand.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tarvin::Screen</name>

@@ -1329,6 +1329,38 @@ Alle Ausnahmen wurden entfernt.</translation>
         <source>Resume</source>
         <translation>Fortsetzen</translation>
     </message>
+    <message>
+        <source>%1 of %2 compared</source>
+        <translation>%1 von %2 verglichen</translation>
+    </message>
+    <message>
+        <source>less than a minute left</source>
+        <translation>noch weniger als eine Minute</translation>
+    </message>
+    <message>
+        <source>about %1 hours left</source>
+        <translation>noch etwa %1 Stunden</translation>
+    </message>
+    <message>
+        <source>about 1 minute left</source>
+        <translation>noch etwa 1 Minute</translation>
+    </message>
+    <message>
+        <source>about %1 minutes left</source>
+        <translation>noch etwa %1 Minuten</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>Stopping…</source>
+        <translation>Wird abgebrochen…</translation>
+    </message>
+    <message>
+        <source>Waiting for the file in hand.</source>
+        <translation>Warte auf die aktuelle Datei.</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::Screen</name>

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "controller/path_text.h"
+#include "controller/shown_numbers.h"
 
 #include <QCoreApplication>
 #include <QString>
 #include <algorithm>
+#include <chrono>
+#include <cstdint>
 #include <string_view>
 
 namespace tarvin {
@@ -45,6 +48,35 @@ class ScanScreenTexts final {
     }
     [[nodiscard]] static QString pause() { return tr("Pause"); }
     [[nodiscard]] static QString resume() { return tr("Resume"); }
+
+    /// How far the comparison is, in bytes.
+    [[nodiscard]] static QString compared(std::uint64_t done, std::uint64_t total) {
+        return tr("%1 of %2 compared")
+            .arg(ShownNumbers::roundedSize(done), ShownNumbers::roundedSize(total));
+    }
+    /// In minutes, from 90 of them in hours.
+    [[nodiscard]] static QString timeLeft(std::chrono::seconds left) {
+        constexpr std::chrono::minutes leastInHours{90};
+        const auto minutes = std::chrono::round<std::chrono::minutes>(left);
+        if (left < std::chrono::minutes(1)) {
+            return tr("less than a minute left");
+        }
+        if (minutes >= leastInHours) {
+            const auto hours = std::chrono::floor<std::chrono::hours>(
+                minutes + std::chrono::minutes(30));  // half of them rounds up
+            return tr("about %1 hours left").arg(hours.count());
+        }
+        return minutes.count() == 1 ? tr("about 1 minute left")
+                                    : tr("about %1 minutes left").arg(minutes.count());
+    }
+    /// The state while the user has paused the scan.
+    [[nodiscard]] static QString paused() { return tr("Paused"); }
+    /// The state from the answer to the stop question to the result.
+    [[nodiscard]] static QString stopping() { return tr("Stopping…"); }
+    /// While a stop takes long.
+    [[nodiscard]] static QString waitingForCurrentFile() {
+        return tr("Waiting for the file in hand.");
+    }
 };
 
 }  // namespace tarvin

@@ -30,6 +30,7 @@ ScanTask::ScanTask(Session& session, MainWindow& window, Alerts& alerts, Locatio
       screen_(*window.progress),
       alerts_(alerts),
       locations_(locations),
+      details_(session.platform.clock()),
       run_(session.platform, messenger_, {.lowPriority = true}) {
     // pause() compares the title with this text.
     setPauseTitle(ScanScreenTexts::pause());
@@ -66,6 +67,8 @@ void ScanTask::buttonFindDuplicatesExactClicked() {
     showStart();
     messenger_.clear();
     progress_ = {};
+    details_.begin();
+    showDetails();
     run_.start(locations_.list().rows(), ExceptionFilter(session_.exceptionArrayData()));
     redraw_.start();
 }
@@ -84,20 +87,28 @@ void ScanTask::showStart() {
     window_.selectTabViewItem(screen_.identifier());
 }
 
-/// Shows no progress during a pause, although workers may finish their current files.
+/// Shows no progress during a pause or a stop, although workers may finish their current files.
 void ScanTask::showProgress() {
     ++redraws_;
     messenger_.tryLatest(progress_);
     updateTextField(progress_.elapsed);
-    if (run_.pause()) {
+    if (run_.pause() || details_.isStopping()) {
+        showDetails();
         return;
     }
     if (progress_.comparing) {
         screen_.similarIndicator->setDone(run_.processed());
+        details_.compared(run_.bytesCompared());
     }
+    showDetails();
     if (!progress_.path.empty()) {
         screen_.similarProcessing->setText(textOfCurrentFile());
     }
+}
+
+void ScanTask::showDetails() const {
+    screen_.progressDetails->setText(details_.details());
+    screen_.showState(details_.state());
 }
 
 QString ScanTask::textOfCurrentFile() const {
@@ -170,6 +181,8 @@ void ScanTask::setPaused(bool pauses) {
         screen_.animationImage->startAnimation();
     }
     screen_.stopButton->setEnabled(!pauses);
+    pauses ? details_.pause() : details_.resume();
+    showDetails();
 }
 
 void ScanTask::stop() {
@@ -178,6 +191,8 @@ void ScanTask::stop() {
     if (!run_.pause()) {
         pause();
     }
+    details_.hold();
+    showDetails();
 }
 
 /// Hides the stop question and the closing notice, which apply only during a scan.
@@ -188,6 +203,11 @@ void ScanTask::hideNotices() const {
 
 void ScanTask::stopYesClicked() {
     hideNotices();
+    details_.stop();
+    setPauseTitle(ScanScreenTexts::pause());
+    screen_.pauseResume->setEnabled(false);
+    screen_.stopButton->setEnabled(false);
+    showDetails();
     run_.requestStop();
 }
 
@@ -203,11 +223,17 @@ void ScanTask::stopNOClicked() {
 void ScanTask::waitForAnswer() {
     run_.setPause(true);
     screen_.animationImage->stopAnimation();
+    details_.hold();
+    showDetails();
 }
 
 /// While the stop question is open, the scan stays paused until it is answered.
 void ScanTask::goOn() {
     if (!scanning_ || window_.confirmationView->isVisible()) {
+        return;
+    }
+    if (details_.isStopping()) {
+        run_.setPause(false);
         return;
     }
     setPaused(false);
@@ -232,6 +258,8 @@ void ScanTask::resetControls() {
     screen_.animationImage->stopAnimation();
     screen_.similarIndicator->setIndeterminate(false);
     screen_.similarIndicator->setDone(0);
+    details_.begin();
+    showDetails();
 }
 
 }  // namespace tarvin

@@ -2,6 +2,7 @@
 
 #include "controller/alerts.h"
 #include "controller/locations.h"
+#include "controller/progress_details.h"
 #include "controller/scan_messenger.h"
 #include "controller/session.h"
 #include "scan/scan_run.h"
@@ -62,6 +63,7 @@ class ScanTask final : public QObject {
     void showStart();
     void setPaused(bool pauses);
     void showProgress();
+    void showDetails() const;
     [[nodiscard]] QString textOfCurrentFile() const;
     void comparisonBegins(quint64 total) const;
     void comparisonIsOver(quint64 processed);
@@ -77,6 +79,7 @@ class ScanTask final : public QObject {
     bool scanning_ = false;
     ScanMessenger messenger_;
     Progress progress_;  // as read last
+    ProgressDetails details_;
     QTimer redraw_;
     std::uint64_t redraws_ = 0;
     ScanRun run_;  // last: ends before the objects that it notifies

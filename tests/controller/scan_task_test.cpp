@@ -5,6 +5,7 @@
 #include "controls/hover_button.h"
 #include "controls/progress_bar.h"
 #include "controls/scan_animation.h"
+#include "controls/state_label.h"
 #include "interface/about_panel.h"
 #include "interface/location_screen.h"
 #include "interface/notice_panel.h"
@@ -172,6 +173,120 @@ TEST_F(Scanning, WithoutFilesSaysSoAndGoesHome) {
     alerts.press(0);
     EXPECT_EQ(screen(), QStringLiteral("1"));
     EXPECT_FALSE(delegate->scan().scanning());
+}
+
+/// The images are compared before the texts.
+class ScanDetails : public Scanning {
+ protected:
+    /// Blocks the scan at its texts, with a quarter of the bytes compared.
+    void beginAndCompareAQuarter() {
+        for (const char* name : {"photos/a.jpg", "photos/b.jpg"}) {
+            folder.writeFile(name, std::string(500'000, 'i'));
+        }
+        for (const char* name : {"photos/c.txt", "photos/d.txt"}) {
+            folder.writeFile(name, std::string(1'500'000, 't'));
+        }
+        for (const char* image : {"a.jpg", "b.jpg"}) {
+            files.beforeCall(FileCall::openFile, 1, [this] { barrier.wait(); }, image);
+        }
+        for (const char* text : {"c.txt", "d.txt"}) {
+            files.beforeCall(FileCall::openFile, 1, [this] { second.wait(); }, text);
+        }
+        begin();
+        EXPECT_TRUE(says("0 KB of 4.0 MB compared"));
+        barrier.open();
+        EXPECT_TRUE(says("1.0 MB of 4.0 MB compared"));
+    }
+
+    bool says(const char* details) {
+        return comesTrue(
+            [&] { return progress().progressDetails->text() == QString::fromUtf8(details); });
+    }
+
+    [[nodiscard]] QString state() {
+        return progress().progressState->isVisible() ? progress().progressState->text() : QString();
+    }
+};
+
+TEST_F(ScanDetails, ShowBytesAndTimeLeft) {
+    beginAndCompareAQuarter();
+    platform.clock().advance(std::chrono::seconds(10));
+    EXPECT_TRUE(says("1.0 MB of 4.0 MB compared · less than a minute left"));
+    second.open();
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_EQ(delegate->scan().run().bytesCompared(), (BytesCompared{4'000'000, 4'000'000}));
+}
+
+TEST_F(ScanDetails, AreEmptyDuringTheCollection) {
+    beginAndHoldCollection();
+    EXPECT_TRUE(says(""));
+    click("pauseResume");
+    EXPECT_EQ(state(), QStringLiteral("Paused"));
+    EXPECT_TRUE(says(""));
+    click("pauseResume");
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(ScanDetails, SayThatTheUserPausedTheScan) {
+    beginAndCompareAQuarter();
+    platform.clock().advance(std::chrono::seconds(10));
+    EXPECT_TRUE(says("1.0 MB of 4.0 MB compared · less than a minute left"));
+    EXPECT_EQ(state(), QString());
+    click("pauseResume");
+    EXPECT_EQ(state(), QStringLiteral("Paused"));
+    EXPECT_TRUE(says("1.0 MB of 4.0 MB compared"));
+    click("pauseResume");
+    EXPECT_EQ(state(), QString());
+    EXPECT_TRUE(says("1.0 MB of 4.0 MB compared · less than a minute left"));
+    second.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(ScanDetails, DoNotCallAQuestionAPause) {
+    beginAndCompareAQuarter();
+    click("stopButton");
+    EXPECT_EQ(state(), QString());
+    click("cancelNo");
+    EXPECT_EQ(state(), QString());
+    click("pauseResume");
+    EXPECT_FALSE(window().close());
+    EXPECT_EQ(state(), QString());
+    click("runningAlertOk");
+    EXPECT_EQ(state(), QString());
+    second.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(ScanDetails, SayThatTheScanStops) {
+    beginAndCompareAQuarter();
+    click("stopButton");
+    const QString file = progress().similarProcessing->text();
+    const std::uint64_t done = bar().done();
+    click("cancelYes");
+    EXPECT_EQ(state(), QStringLiteral("Stopping…"));
+    EXPECT_EQ(progress().progressDetails->text(), QStringLiteral("1.0 MB of 4.0 MB compared"));
+    EXPECT_EQ(progress().similarProcessing->text(), file);
+    EXPECT_EQ(bar().done(), done);
+    EXPECT_EQ(progress().pauseResume->text(), QStringLiteral("Pause"));
+    EXPECT_FALSE(progress().pauseResume->isEnabled());
+    EXPECT_FALSE(progress().stopButton->isEnabled());
+    EXPECT_FALSE(progress().animationImage->isAnimating());
+    second.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
+TEST_F(ScanDetails, StayWithAStopDespiteTheNoticeOfClosing) {
+    beginAndCompareAQuarter();
+    click("stopButton");
+    click("cancelYes");
+    EXPECT_FALSE(window().close());
+    EXPECT_EQ(state(), QStringLiteral("Stopping…"));
+    click("runningAlertOk");
+    EXPECT_EQ(state(), QStringLiteral("Stopping…"));
+    EXPECT_FALSE(progress().stopButton->isEnabled());
+    second.open();
+    EXPECT_TRUE(comesTo("4"));
 }
 
 TEST_F(Scanning, PausesAndGoesOn) {
