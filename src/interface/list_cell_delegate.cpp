@@ -42,6 +42,14 @@ QString pictureName(const QModelIndex& index) {
     return index.data(ListTable::pictureRole).toString();
 }
 
+constexpr int markGap = 12;
+
+/// The width that the remark of a cell takes from its text; 0 without one.
+int markWidth(const QModelIndex& index) {
+    const QString mark = index.data(ListTable::markRole).toString();
+    return mark.isEmpty() ? 0 : QFontMetrics(secondFont()).horizontalAdvance(mark) + markGap;
+}
+
 bool fits(const QString& text, const QFont& font, int width) {
     return QFontMetrics(font).horizontalAdvance(singleLine(text)) <= width;
 }
@@ -106,8 +114,11 @@ void ListCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
             break;
         }
         default:
-            paintLine(*painter, area, text, font, color, Qt::AlignLeft,
+            paintLine(*painter, area.adjusted(0, 0, -markWidth(index), 0), text, font, color,
+                      Qt::AlignLeft,
                       kind == ListTable::Text::plain ? Qt::ElideRight : Qt::ElideMiddle);
+            paintLine(*painter, area, index.data(ListTable::markRole).toString(), secondFont(),
+                      look::muted, Qt::AlignRight);
     }
     painter->restore();
 }
@@ -134,7 +145,7 @@ QString ListCellDelegate::hiddenText(const QRect& cell, const QModelIndex& index
             return shown ? QString() : text;
         }
         default:
-            return fits(text, font, width) ? QString() : text;
+            return fits(text, font, width - markWidth(index)) ? QString() : text;
     }
 }
 

@@ -36,7 +36,8 @@ class ListTable : public QTableView {
     enum Role {
         mutedRole = Qt::UserRole + 1,  ///< bool: paint the text muted
         secondLineRole,
-        pictureRole  ///< name of an image to paint before the text of a `name` column
+        pictureRole,  ///< name of an image to paint before the text of a `name` column
+        markRole  ///< QString: a short remark at the right of a column of the kind `path`, muted
     };
 
     ListTable(const QVector<Column>& columns, int heightOfRows, QWidget* parent = nullptr);

@@ -10,6 +10,7 @@
 #include "controls/spinner.h"
 #include "interface/about_panel.h"
 #include "interface/appearance.h"
+#include "interface/exception_list_panel.h"
 #include "interface/home_screen.h"
 #include "interface/list_panel.h"
 #include "interface/loading_overlay.h"
@@ -70,6 +71,8 @@ MainWindow::MainWindow(QWidget* parent)
       results(named(new ResultScreen(topBar), "resultScreen")),
       moreMenu(named(new QMenu(this), "moreMenu")),
       buttonMore(named(new MenuButton(QStringLiteral("ui/more"), moreMenu), "buttonMore")),
+      manageExceptionsItem(
+          named(moreMenu->addAction(tr("Manage Exceptions…")), "manageExceptionsItem")),
       putBackItem(named(moreMenu->addAction(tr("Put Back Last Clean-up…")), "putBackItem")),
       buttonHelpManual(
           named(new HoverButton(HoverButton::Kind::outline, tr("Help")), "buttonHelpManual")),
@@ -90,6 +93,7 @@ MainWindow::MainWindow(QWidget* parent)
       deletionPreview(new DeletionPanel(this)),
       keptWindow(ListPanel::makeKept(this)),
       notReadWindow(ListPanel::makeNotRead(this)),
+      exceptionListWindow(new ExceptionListPanel(this)),
       putBackWindow(new PutBackPanel(this)),
       putBackProgress(new PutBackProgress(this)),
       putBackReport(new PutBackReport(this)),
@@ -194,11 +198,15 @@ void MainWindow::makeMoreMenu() {
 #ifndef Q_OS_MACOS
     shortcuts_->add({Qt::Key_F10}, [this] { openMoreByKey(); });
 #endif
-    shortcuts_->add({Qt::CTRL | Qt::Key_Z}, [this] {
-        if (buttonMore->isEnabled()) {
-            putBackItem->trigger();
-        }
-    });
+    const auto addShortcut = [this](const QKeySequence& keys, QAction* item) {
+        shortcuts_->add({keys}, [this, item] {
+            if (buttonMore->isEnabled()) {
+                item->trigger();
+            }
+        });
+    };
+    addShortcut(Qt::CTRL | Qt::Key_Z, putBackItem);
+    addShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_E, manageExceptionsItem);
     buttonHelpManual->installEventFilter(this);
 }
 

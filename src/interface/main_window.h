@@ -18,6 +18,7 @@ class AboutPanel;
 class ButtonSettingsSaved;
 class DeletionPanel;
 class DialogPanel;
+class ExceptionListPanel;
 class ExceptionPanel;
 class HomeScreen;
 class HoverButton;
@@ -69,6 +70,9 @@ class MainWindow final : public QWidget {
     /// Opens `moreMenu`, with the functions that have no button. F10 opens it, too, except on macOS
     /// and while a panel is open. Disabled whenever Help is, and on the progress screen.
     MenuButton* const buttonMore;
+    /// "Manage Exceptions…". Ctrl+Shift+E triggers it, too, while `buttonMore` is enabled and no
+    /// panel is open.
+    QAction* const manageExceptionsItem;
     /// "Put Back Last Clean-up…". Ctrl+Z triggers it, too, while `buttonMore` is enabled and no
     /// panel is open.
     QAction* const putBackItem;
@@ -97,6 +101,7 @@ class MainWindow final : public QWidget {
     DeletionPanel* const deletionPreview;
     ListPanel* const keptWindow;     ///< the files that a clean-up did not move
     ListPanel* const notReadWindow;  ///< the folders and files that a scan could not read
+    ExceptionListPanel* const exceptionListWindow;
     /// The panels of "Put Back Last Clean-up…", in this order; `informationWindow` instead if there
     /// is nothing to put back or every file was put back.
     PutBackPanel* const putBackWindow;

@@ -5,6 +5,7 @@
 #include "interface/list_table.h"
 #include "interface/result_panels.h"
 #include "interface/shown_window.h"
+#include "interface/text_block.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>

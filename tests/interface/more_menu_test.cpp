@@ -49,8 +49,12 @@ TEST_F(MoreMenuTest, FollowsTheRightEdge) {
 }
 
 TEST_F(MoreMenuTest, HasItsItems) {
-    ASSERT_EQ(window.moreMenu->actions().size(), 1);
-    EXPECT_EQ(window.moreMenu->actions().front(), window.putBackItem);
+    ASSERT_EQ(window.moreMenu->actions().size(), 2);
+    EXPECT_EQ(window.moreMenu->actions().front(), window.manageExceptionsItem);
+    EXPECT_EQ(window.moreMenu->actions().back(), window.putBackItem);
+    EXPECT_EQ(window.manageExceptionsItem->text(), QStringLiteral("Manage Exceptions…"));
+    EXPECT_TRUE(window.manageExceptionsItem->isEnabled());
+    EXPECT_TRUE(window.manageExceptionsItem->shortcut().isEmpty());
     EXPECT_EQ(window.putBackItem->text(), QStringLiteral("Put Back Last Clean-up…"));
     EXPECT_TRUE(window.putBackItem->isEnabled());
     // The item shows no key.
@@ -98,6 +102,19 @@ TEST_F(MoreMenuTest, CtrlZPutsBackOnEveryScreenButTheProgress) {
     QTest::keyClick(window.focusWidget(), Qt::Key_F10);
     EXPECT_EQ(chosen.size(), 3);
     EXPECT_FALSE(window.moreMenu->isVisible());
+}
+
+TEST_F(MoreMenuTest, CtrlShiftEManagesExceptionsOnEveryScreenButTheProgress) {
+    const QSignalSpy managed(window.manageExceptionsItem, &QAction::triggered);
+    for (const char* screen : {"1", "2", "4"}) {
+        window.selectTabViewItem(QLatin1String(screen));
+        QTest::keyClick(window.focusWidget(), Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+    }
+    EXPECT_EQ(managed.size(), 3);
+    window.buttonHelpManual->setEnabled(false);
+    window.selectTabViewItem(QStringLiteral("5"));
+    QTest::keyClick(window.focusWidget(), Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(managed.size(), 3);
 }
 
 TEST_F(MoreMenuTest, IsDisabledWheneverHelpIs) {
