@@ -8,13 +8,16 @@
 #include "controls/tab_button.h"
 #include "equal_files.h"
 #include "heartbeat.h"
+#include "interface/exception_list_panel.h"
 #include "interface/home_screen.h"
+#include "interface/list_table.h"
 #include "interface/location_screen.h"
 #include "interface/main_window.h"
 #include "interface/result_panels.h"
 #include "interface/result_screen.h"
 #include "interface/result_table.h"
 #include "interface/result_tree_view.h"
+#include "interface/search_field.h"
 #include "interface/text_block.h"
 #include "paint_watch.h"
 #include "product.h"
@@ -25,6 +28,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <QAction>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <algorithm>
@@ -47,12 +51,14 @@ constexpr double toggleGoal = 16;
 constexpr double tabGoal = 150;
 constexpr double frameGoal = 1000.0 / 60;
 constexpr double stallGoal = 50;
+constexpr double searchGoal = 50;
 constexpr double noGoal = 0;
 constexpr double bytesGoal = 64;  // a row
 
 constexpr int times = 10;    // of each action by a click
 constexpr int frames = 200;  // of each way to scroll
 constexpr std::uint64_t deletedFiles = 100'000;
+constexpr std::size_t exceptions = 300'000;
 constexpr std::chrono::milliseconds anInstant{1};
 constexpr std::chrono::milliseconds aMoment{100};
 constexpr std::chrono::milliseconds longPause{2000};
@@ -144,7 +150,7 @@ class ResultScenario final {
         }
         // Last, because it removes the files.
         platform_.setTrashFree(false);
-        return open() && remove("deletion, the real Trash") && goHome();
+        return open() && remove("deletion, the real Trash") && goHome() && searchExceptions();
     }
 
     [[nodiscard]] bool report() const {
@@ -262,6 +268,34 @@ class ResultScenario final {
                     [this] { window().results->unMarkAll->click(); });
             rest(aMoment);
         }
+    }
+
+    /// Types words into the search of a large exceptions list.
+    bool searchExceptions() {
+        std::vector<std::string> paths;
+        for (std::size_t number = 0; number < exceptions; ++number) {
+            paths.push_back(tree_ + "/Pictures/20" + std::to_string(number % 30) + " Reise Küste/" +
+                            "IMG_" + std::to_string(number) + ".jpg");
+        }
+        static_cast<void>(product_.delegate().session().exceptions.addExceptions(paths));
+        const ExceptionListPanel& panel = *window().exceptionListWindow;
+        PaintWatch answer(panel.exceptionTable->viewport());
+        bool came = measure("the exceptions open", openingGoal, answer,
+                            [this] { window().manageExceptionsItem->trigger(); });
+        came = came && Product::until([&] { return panel.exceptionRemoveMissing->isEnabled(); });
+        rest(aMoment);
+        for (const char* text : {"kuste/img_29999", "jpg", "no such name"}) {
+            for (const QChar typed : QString::fromLatin1(text)) {
+                came = came && measure("a key in the search of exceptions", searchGoal, answer,
+                                       [&] { panel.exceptionSearch->insert(typed); });
+                rest(aMoment);
+            }
+            came = came && measure("the search of exceptions is cleared", searchGoal, answer,
+                                   [&] { panel.exceptionSearch->clear(); });
+            rest(aMoment);
+        }
+        product_.click(panel.exceptionClose);
+        return came;
     }
 
     QPoint nameOf(const QModelIndex& row) {
