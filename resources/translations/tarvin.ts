@@ -73,6 +73,80 @@
     </message>
 </context>
 <context>
+    <name>tarvin::ExceptionListPanel</name>
+    <message>
+        <source>No exceptions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove All Missing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files that you add to the exceptions are skipped by every later scan.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exceptions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Search names and folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Search exceptions</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionListTexts</name>
+    <message>
+        <source>1 file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 file, not there any more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 files, %2 not there any more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of 1 file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No exception matches &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exceptions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The exceptions could not be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ExceptionPanel</name>
     <message>
         <source>Cancel</source>
@@ -84,6 +158,40 @@
     </message>
     <message>
         <source>Add to Exceptions</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionRows</name>
+    <message>
+        <source>Not there any more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drive not attached</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, %2, not there any more</source>
+        <comment>name of a file, its folder</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, %2, drive not attached</source>
+        <comment>name of a file, its folder</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>name of a file, its folder</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Folder</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -506,6 +614,10 @@ Modified Date       : %4</source>
     </message>
     <message>
         <source>More</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Manage Exceptions…</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1357,6 +1469,13 @@ All exceptions has been removed.</source>
     <name>tarvin::Screen</name>
     <message>
         <source>Home</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::SearchField</name>
+    <message>
+        <source>Clear search</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

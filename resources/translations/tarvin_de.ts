@@ -73,6 +73,80 @@
     </message>
 </context>
 <context>
+    <name>tarvin::ExceptionListPanel</name>
+    <message>
+        <source>No exceptions</source>
+        <translation>Keine Ausnahmen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove All Missing</source>
+        <translation>Alle fehlenden entfernen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Files that you add to the exceptions are skipped by every later scan.</source>
+        <translation>Dateien, die Sie zu den Ausnahmen hinzufügen, überspringt jede spätere Suche.</translation>
+    </message>
+    <message>
+        <source>Exceptions</source>
+        <translation>Ausnahmen</translation>
+    </message>
+    <message>
+        <source>Search names and folders</source>
+        <translation>Namen und Ordner durchsuchen</translation>
+    </message>
+    <message>
+        <source>Search exceptions</source>
+        <translation>Ausnahmen durchsuchen</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionListTexts</name>
+    <message>
+        <source>1 file</source>
+        <translation>1 Datei</translation>
+    </message>
+    <message>
+        <source>%1 files</source>
+        <translation>%1 Dateien</translation>
+    </message>
+    <message>
+        <source>1 file, not there any more</source>
+        <translation>1 Datei, nicht mehr vorhanden</translation>
+    </message>
+    <message>
+        <source>%1 files, %2 not there any more</source>
+        <translation>%1 Dateien, %2 nicht mehr vorhanden</translation>
+    </message>
+    <message>
+        <source>%1 of 1 file</source>
+        <translation>%1 von 1 Datei</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%1 von %2 Dateien</translation>
+    </message>
+    <message>
+        <source>No exception matches &quot;%1&quot;.</source>
+        <translation>Keine Ausnahme passt zu „%1“.</translation>
+    </message>
+    <message>
+        <source>Exceptions</source>
+        <translation>Ausnahmen</translation>
+    </message>
+    <message>
+        <source>The exceptions could not be saved.</source>
+        <translation>Die Ausnahmen konnten nicht gespeichert werden.</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ExceptionPanel</name>
     <message>
         <source>Cancel</source>
@@ -85,6 +159,40 @@
     <message>
         <source>Add to Exceptions</source>
         <translation>Ausschließen</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionRows</name>
+    <message>
+        <source>Not there any more</source>
+        <translation>Nicht mehr vorhanden</translation>
+    </message>
+    <message>
+        <source>Drive not attached</source>
+        <translation>Laufwerk nicht angeschlossen</translation>
+    </message>
+    <message>
+        <source>%1, %2, not there any more</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1, %2, nicht mehr vorhanden</translation>
+    </message>
+    <message>
+        <source>%1, %2, drive not attached</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1, %2, Laufwerk nicht angeschlossen</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
     </message>
 </context>
 <context>
@@ -514,6 +622,10 @@ Geändert       : %4</translation>
     <message>
         <source>More</source>
         <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>Manage Exceptions…</source>
+        <translation>Ausnahmen verwalten…</translation>
     </message>
 </context>
 <context>
@@ -1367,6 +1479,13 @@ Alle Ausnahmen wurden entfernt.</translation>
     <message>
         <source>Home</source>
         <translation>Startseite</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::SearchField</name>
+    <message>
+        <source>Clear search</source>
+        <translation>Suche löschen</translation>
     </message>
 </context>
 <context>

@@ -86,6 +86,7 @@ void AppDelegate::makeResultTasks() {
                                                    *surroundings_.alerts, information_);
     fileActions_ = std::make_unique<FileActions>(session_, *results_, window_, information_,
                                                  *exceptions_, surroundings_.desktop);
+    exceptionList_ = std::make_unique<ExceptionListTask>(session_, window_, information_);
     deletion_ = std::make_unique<DeletionTask>(session_, *results_, window_, *surroundings_.alerts,
                                                information_);
     putBack_ = std::make_unique<PutBackTask>(session_, window_, information_);
@@ -146,6 +147,8 @@ void AppDelegate::connectControls() {
             &AppDelegate::buttonHomeExactPageClicked);
     connect(scan_.get(), &ScanTask::finished, this, &AppDelegate::showDuplicateScanResult);
     connect(views_.get(), &ResultViews::shown, this, &AppDelegate::comeToFront);
+    connect(exceptionList_.get(), &ExceptionListTask::listChanged, exceptions_.get(),
+            &ExceptionsTask::loaded);
     connect(putBack_.get(), &PutBackTask::totalsChanged, this, &AppDelegate::showCleanHistory);
     connect(views_.get(), &ResultViews::homeRequested, this,
             &AppDelegate::buttonHomeExactPageClicked);

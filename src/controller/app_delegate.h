@@ -3,6 +3,7 @@
 #include "controller/alerts.h"
 #include "controller/deletion_task.h"
 #include "controller/desktop.h"
+#include "controller/exception_list_task.h"
 #include "controller/exceptions_task.h"
 #include "controller/file_actions.h"
 #include "controller/file_panels.h"
@@ -106,6 +107,7 @@ class AppDelegate final : public QObject {
     [[nodiscard]] ResultViews& views() { return *views_; }
     [[nodiscard]] MarkingTask& marking() { return *marking_; }
     [[nodiscard]] ExceptionsTask& exceptions() { return *exceptions_; }
+    [[nodiscard]] ExceptionListTask& exceptionList() { return *exceptionList_; }
     [[nodiscard]] DeletionTask& deletion() { return *deletion_; }
     [[nodiscard]] Preview& preview() { return *preview_; }
     [[nodiscard]] PutBackTask& putBack() { return *putBack_; }
@@ -148,6 +150,7 @@ class AppDelegate final : public QObject {
     std::unique_ptr<ResultViews> views_;
     std::unique_ptr<ExceptionsTask> exceptions_;
     std::unique_ptr<FileActions> fileActions_;
+    std::unique_ptr<ExceptionListTask> exceptionList_;
     std::unique_ptr<DeletionTask> deletion_;  // destroyed before what it uses
     std::unique_ptr<PutBackTask> putBack_;    // the same
     std::unique_ptr<NotReadList> notRead_;

@@ -24,7 +24,7 @@ class ExceptionsTask final : public QObject {
     ExceptionsTask(Session& session, Results& results, MainWindow& window, Alerts& alerts,
                    InformationWindow& information);
 
-    /// Call when the stored list has been read.
+    /// Call when the stored list has been read or changed elsewhere.
     void loaded();
 
     /// Asks for confirmation, if anything is marked.

@@ -1,10 +1,10 @@
 #include "controller/recovery_task.h"
 
 #include "clean/recovery.h"
+#include "controller/left_threads.h"
 #include "platform/threads.h"
 #include "store/data_file.h"
 
-#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <cstdio>
@@ -19,9 +19,6 @@ namespace {
 /// How long to wait for a drive that does not respond. The recovery is repeated at the next start.
 constexpr std::chrono::seconds patienceAtTheEnd{2};
 
-/// The number of threads left behind.
-std::atomic<int> behind{0};
-
 }  // namespace
 
 /// The state shared by the thread and the task; each owns a reference.
@@ -33,7 +30,7 @@ class RecoveryTask::Shared final {
     void end() {
         const std::lock_guard lock(mutex_);
         isOver_ = true;
-        behind -= wasLeft_ ? 1 : 0;
+        leftThreads -= wasLeft_ ? 1 : 0;
         if (task_ != nullptr) {
             QMetaObject::invokeMethod(task_, "totalsSettled", Qt::QueuedConnection);
         }
@@ -45,7 +42,7 @@ class RecoveryTask::Shared final {
         std::unique_lock lock(mutex_);
         task_ = nullptr;
         wasLeft_ = !over_.wait_for(lock, patienceAtTheEnd, [this] { return isOver_; });
-        behind += wasLeft_ ? 1 : 0;
+        leftThreads += wasLeft_ ? 1 : 0;
     }
 
  private:
@@ -81,7 +78,7 @@ RecoveryTask::~RecoveryTask() {
 }
 
 int RecoveryTask::leftBehind() {
-    return behind;
+    return leftThreads;
 }
 
 int RecoveryTask::endOfProcess(int status) {

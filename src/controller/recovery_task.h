@@ -23,7 +23,8 @@ class RecoveryTask final : public QObject {
     /// use the platform.
     ~RecoveryTask() override;
 
-    /// The number of threads that were left behind and still run. Any thread.
+    /// The number of threads that were left behind, by this or another task, and still run. Any
+    /// thread.
     [[nodiscard]] static int leftBehind();
     /// Call last in main(), when only objects of static lifetime are left. Returns `status`, or, if
     /// a thread was left behind, exits with it at once, without destroying the platform and other

@@ -1,3 +1,4 @@
+#include "controller/exception_list_texts.h"
 #include "controller/information_window.h"
 #include "controller/kept_list.h"
 #include "controller/not_read_files.h"
@@ -11,12 +12,14 @@
 #include "controls/notice_strip.h"
 #include "controls/pop_up_button.h"
 #include "controls/tab_button.h"
+#include "interface/exception_list_panel.h"
 #include "interface/list_panel.h"
 #include "interface/notice_panel.h"
 #include "interface/put_back_panels.h"
 #include "interface/result_panels.h"
 #include "interface/result_screen.h"
 #include "interface/save_screenshot.h"
+#include "interface/search_field.h"
 #include "interface/shown_window.h"
 #include "interface/some_results.h"
 #include "interface/text_block.h"
@@ -332,6 +335,20 @@ TEST_P(RoomForTextsTest, InTheReportOfFilesThatCouldNotBeMovedBack) {
         window->keptWindow->hide();
         window->covers().removeAll();
     }
+}
+
+TEST_P(RoomForTextsTest, InTheExceptionsList) {
+    window->selectTabViewItem(window->results->identifier());
+    ExceptionListPanel& panel = *window->exceptionListWindow;
+    panel.exceptionCount->setText(ExceptionListTexts::count(123456, 12345));
+    window->showOver(&panel, ExceptionListPanel::designGeometry, halfOfGain, halfOfGain);
+    checkEverythingShown("exceptions");
+    panel.setNoneText(ExceptionListTexts::none(QStringLiteral("norway")));
+    EXPECT_FALSE(panel.exceptionNone->isElided());
+    panel.setNoneText({});
+    panel.exceptionCount->setText({});
+    panel.setEmpty(true);
+    checkEverythingShown("exceptions-empty");
 }
 
 TEST_P(RoomForTextsTest, InThePanelsOfPuttingBack) {
