@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string_view>
 #include <system_error>
+#include <unordered_set>
 
 namespace tarvin {
 
@@ -23,6 +24,25 @@ Result<std::string> ruleFolderAt(const std::string& given, FileSystem& fileSyste
         return SystemError{failure.value()};
     }
     return resolved.native();
+}
+
+std::vector<std::string> locationsOf(const Modal& modal) {
+    std::vector<std::string> locations;
+    std::unordered_set<const Directory*> seen;
+    for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
+        for (const std::shared_ptr<Set>& set : extension->sets()) {
+            for (const std::shared_ptr<File>& file : set->files()) {
+                const Directory* at = file->directory();
+                while (at != nullptr && seen.insert(at).second) {
+                    if (at->parent == nullptr) {
+                        locations.push_back(at->path());
+                    }
+                    at = at->parent;
+                }
+            }
+        }
+    }
+    return locations;
 }
 
 std::vector<LinkedLocation> linkedLocationsOf(const std::vector<std::string>& locations) {

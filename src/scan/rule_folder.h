@@ -9,8 +9,8 @@
 
 namespace tarvin {
 
-// The folders of a marking rule on disk. Paths are native bytes. Any thread; the first two
-// functions wait for the disk, and block if a volume does not respond.
+// The folders of a marking rule on disk. Paths are native bytes. Any thread. ruleFolderAt() and
+// linkedLocationsOf() wait for the disk, and block if a volume does not respond.
 
 /// The absolute path, without symbolic links, of a folder given by the user, which may be relative
 /// to the current folder. Fails if it cannot be listed: it is gone, not a folder or not readable.
@@ -24,6 +24,10 @@ struct LinkedLocation {
 
     bool operator==(const LinkedLocation&) const = default;
 };
+
+/// The folders at which the scan of a list began, by their paths, as far as the list has files in
+/// them. No thread may change the tree meanwhile.
+[[nodiscard]] std::vector<std::string> locationsOf(const Modal& modal);
 
 /// Those of the locations, given by absolute paths, that lead through a symbolic link. A location
 /// that does not exist is none.

@@ -1,11 +1,14 @@
 #include "scan/rule_folder.h"
 
+#include "model/file_store.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -71,6 +74,22 @@ TEST_F(RuleFolder, OnlyLocationsThroughALinkAreLinked) {
     EXPECT_EQ(
         linkedLocationsOf({real, link, link + "/inner", folder_.pathOf("gone"), "/"}),
         (Linked{{link, folder_.pathOf("real")}, {link + "/inner", folder_.pathOf("real/inner")}}));
+}
+
+TEST(LocationsOf, AreTheFoldersAtWhichWalksBegan) {
+    const std::shared_ptr<FileStore> store = FileStore::create();
+    const Directory* one = store->addRoot("/one");
+    const Directory* inner = store->addDirectory(store->addDirectory(one, "a"), "b");
+    const Directory* two = store->addRoot("/");
+    auto set = std::make_shared<Set>();
+    for (const Directory* folder : {inner, one, two, inner}) {
+        set->addFiles(store->share(store->addFile(folder, "x", 1, std::nullopt, std::nullopt)));
+    }
+    auto extension = std::make_shared<Extensions>("x");
+    extension->addSet(set);
+    Modal modal;
+    modal.addExtension(extension);
+    EXPECT_EQ(locationsOf(modal), (std::vector<std::string>{"/one", "/"}));
 }
 
 TEST(PathsInScan, WithoutLinksAFolderHasItsOwnPathOnly) {
