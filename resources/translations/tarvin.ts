@@ -196,6 +196,14 @@
     </message>
 </context>
 <context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tarvin::FileDialogs</name>
     <message>
         <source>Add Folders</source>
@@ -223,14 +231,6 @@
     </message>
     <message>
         <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>tarvin::FileActions</name>
-    <message>
-        <source>Actions for %1</source>
-        <comment>a menu; %1 is a file&apos;s name</comment>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -618,6 +618,10 @@ Modified Date       : %4</source>
     </message>
     <message>
         <source>Manage Exceptions…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark by Rule…</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1383,6 +1387,136 @@ All exceptions has been removed.</source>
     <name>tarvin::ResultTreeView</name>
     <message>
         <source>Extensions and sets</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RulePanel</name>
+    <message>
+        <source>The first found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The newest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The oldest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The shortest path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The longest path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The copy in a preferred folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark by Rule</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep in each set:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Never mark files in:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add the folders whose copies stay.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep in each set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Preferred folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Never mark files in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add preferred folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove preferred folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add protected folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove protected folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RuleTexts</name>
+    <message>
+        <source>No files will be marked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 file (%1) will be marked in 1 set.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 files (%2) will be marked in 1 set.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 files (%2) will be marked in %3 sets.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 set has no copy that may be marked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 sets have no copy that may be marked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Earlier marks are replaced.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

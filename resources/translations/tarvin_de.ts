@@ -196,6 +196,14 @@
     </message>
 </context>
 <context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>Aktionen für %1</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::FileDialogs</name>
     <message>
         <source>Add Folders</source>
@@ -224,14 +232,6 @@
     <message>
         <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
         <translation>Einige der gewählten Objekte können hier nicht hinzugefügt werden. Bitte ziehen Sie sie auf die Liste.</translation>
-    </message>
-</context>
-<context>
-    <name>tarvin::FileActions</name>
-    <message>
-        <source>Actions for %1</source>
-        <comment>a menu; %1 is a file&apos;s name</comment>
-        <translation>Aktionen für %1</translation>
     </message>
 </context>
 <context>
@@ -626,6 +626,10 @@ Geändert       : %4</translation>
     <message>
         <source>Manage Exceptions…</source>
         <translation>Ausnahmen verwalten…</translation>
+    </message>
+    <message>
+        <source>Mark by Rule…</source>
+        <translation>Nach Regel markieren…</translation>
     </message>
 </context>
 <context>
@@ -1393,6 +1397,136 @@ Alle Ausnahmen wurden entfernt.</translation>
     <message>
         <source>Extensions and sets</source>
         <translation>Endungen, Gruppen</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RulePanel</name>
+    <message>
+        <source>The first found</source>
+        <translation>Die zuerst gefundene</translation>
+    </message>
+    <message>
+        <source>The newest</source>
+        <translation>Die neueste</translation>
+    </message>
+    <message>
+        <source>The oldest</source>
+        <translation>Die älteste</translation>
+    </message>
+    <message>
+        <source>The shortest path</source>
+        <translation>Die mit dem kürzesten Pfad</translation>
+    </message>
+    <message>
+        <source>The longest path</source>
+        <translation>Die mit dem längsten Pfad</translation>
+    </message>
+    <message>
+        <source>The copy in a preferred folder</source>
+        <translation>Die in einem bevorzugten Ordner</translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <translation>Hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>Markieren</translation>
+    </message>
+    <message>
+        <source>Mark by Rule</source>
+        <translation>Nach Regel markieren</translation>
+    </message>
+    <message>
+        <source>Keep in each set:</source>
+        <translation>In jeder Gruppe behalten:</translation>
+    </message>
+    <message>
+        <source>Never mark files in:</source>
+        <translation>Nie Dateien markieren in:</translation>
+    </message>
+    <message>
+        <source>Add the folders whose copies stay.</source>
+        <translation>Ordner, deren Kopien bleiben.</translation>
+    </message>
+    <message>
+        <source>No folders</source>
+        <translation>Keine Ordner</translation>
+    </message>
+    <message>
+        <source>Keep in each set</source>
+        <translation>In jeder Gruppe behalten</translation>
+    </message>
+    <message>
+        <source>Preferred folders</source>
+        <translation>Bevorzugte Ordner</translation>
+    </message>
+    <message>
+        <source>Never mark files in</source>
+        <translation>Nie Dateien markieren in</translation>
+    </message>
+    <message>
+        <source>Add preferred folder</source>
+        <translation>Bevorzugten Ordner hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove preferred folder</source>
+        <translation>Bevorzugten Ordner entfernen</translation>
+    </message>
+    <message>
+        <source>Add protected folder</source>
+        <translation>Geschützten Ordner hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove protected folder</source>
+        <translation>Geschützten Ordner entfernen</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Nach unten</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RuleTexts</name>
+    <message>
+        <source>No files will be marked.</source>
+        <translation>Es werden keine Dateien markiert.</translation>
+    </message>
+    <message>
+        <source>1 file (%1) will be marked in 1 set.</source>
+        <translation>1 Datei (%1) wird in 1 Gruppe markiert.</translation>
+    </message>
+    <message>
+        <source>%1 files (%2) will be marked in 1 set.</source>
+        <translation>%1 Dateien (%2) werden in 1 Gruppe markiert.</translation>
+    </message>
+    <message>
+        <source>%1 files (%2) will be marked in %3 sets.</source>
+        <translation>%1 Dateien (%2) werden in %3 Gruppen markiert.</translation>
+    </message>
+    <message>
+        <source>1 set has no copy that may be marked.</source>
+        <translation>1 Gruppe ohne markierbare Kopie.</translation>
+    </message>
+    <message>
+        <source>%1 sets have no copy that may be marked.</source>
+        <translation>%1 Gruppen ohne markierbare Kopie.</translation>
+    </message>
+    <message>
+        <source>Earlier marks are replaced.</source>
+        <translation>Bisherige Markierungen werden ersetzt.</translation>
     </message>
 </context>
 <context>

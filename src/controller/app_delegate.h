@@ -10,6 +10,7 @@
 #include "controller/help.h"
 #include "controller/information_window.h"
 #include "controller/locations.h"
+#include "controller/mark_by_rule_task.h"
 #include "controller/marking_task.h"
 #include "controller/not_read_list.h"
 #include "controller/preview.h"
@@ -106,6 +107,7 @@ class AppDelegate final : public QObject {
     [[nodiscard]] Results& results() { return *results_; }
     [[nodiscard]] ResultViews& views() { return *views_; }
     [[nodiscard]] MarkingTask& marking() { return *marking_; }
+    [[nodiscard]] MarkByRuleTask& markByRule() { return *markByRule_; }
     [[nodiscard]] ExceptionsTask& exceptions() { return *exceptions_; }
     [[nodiscard]] ExceptionListTask& exceptionList() { return *exceptionList_; }
     [[nodiscard]] DeletionTask& deletion() { return *deletion_; }
@@ -146,6 +148,7 @@ class AppDelegate final : public QObject {
     InformationWindow information_{window_};
     std::unique_ptr<Results> results_;
     std::unique_ptr<MarkingTask> marking_;
+    std::unique_ptr<MarkByRuleTask> markByRule_;
     std::unique_ptr<Preview> preview_;
     std::unique_ptr<ResultViews> views_;
     std::unique_ptr<ExceptionsTask> exceptions_;

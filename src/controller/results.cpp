@@ -103,6 +103,13 @@ void Results::unmarkAll() {
     }
 }
 
+void Results::markByRule(const MarkingRule& rule) {
+    if (list_) {
+        tarvin::markByRule(*list_, rule);
+        reportAllMarks();
+    }
+}
+
 void Results::reportAllMarks() {
     Q_EMIT marksChanged();
     tree_.allMarksChanged();

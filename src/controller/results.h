@@ -3,6 +3,7 @@
 #include "controller/file_list.h"
 #include "controller/result_tree.h"
 #include "model/marking.h"
+#include "model/marking_rule.h"
 #include "scan/scan_run.h"
 
 #include <QObject>
@@ -40,6 +41,9 @@ class Results final : public QObject {
 
     /// An empty list if there is no result.
     [[nodiscard]] const Modal& list() const;
+    /// The same list, for another thread, which may read it only while no thread changes it. Null
+    /// if there is no result.
+    [[nodiscard]] std::shared_ptr<const Modal> sharedList() const { return list_; }
     [[nodiscard]] bool hasResult() const { return list_ != nullptr; }
     [[nodiscard]] bool isEmpty() const { return list().extensionCount() == 0; }
     [[nodiscard]] const ViewFlags& tabs() const { return tabs_; }
@@ -67,6 +71,8 @@ class Results final : public QObject {
 
     void markAll();
     void unmarkAll();
+    /// Replaces all marks by those of a rule.
+    void markByRule(const MarkingRule& rule);
     /// Toggles an extension or a set by its row in the tree. If there is no such row, only reports
     /// the marks again.
     void toggle(const QModelIndex& row);

@@ -25,6 +25,7 @@
 #include "interface/put_back_panels.h"
 #include "interface/result_panels.h"
 #include "interface/result_screen.h"
+#include "interface/rule_panel.h"
 #include "interface/shortcuts.h"
 #include "interface/text_block.h"
 #include "interface/window_covers.h"
@@ -71,6 +72,7 @@ MainWindow::MainWindow(QWidget* parent)
       results(named(new ResultScreen(topBar), "resultScreen")),
       moreMenu(named(new QMenu(this), "moreMenu")),
       buttonMore(named(new MenuButton(QStringLiteral("ui/more"), moreMenu), "buttonMore")),
+      markByRuleItem(named(moreMenu->addAction(tr("Mark by Rule…")), "markByRuleItem")),
       manageExceptionsItem(
           named(moreMenu->addAction(tr("Manage Exceptions…")), "manageExceptionsItem")),
       putBackItem(named(moreMenu->addAction(tr("Put Back Last Clean-up…")), "putBackItem")),
@@ -97,6 +99,7 @@ MainWindow::MainWindow(QWidget* parent)
       putBackWindow(new PutBackPanel(this)),
       putBackProgress(new PutBackProgress(this)),
       putBackReport(new PutBackReport(this)),
+      markByRuleWindow(new RulePanel(this)),
       allCheckAlertView(named(new NoticePanel(466, "allCheckText", this), "allCheckAlertView")),
       allCheckOk(allCheckAlertView->addButton("allCheckOk", tr("Ok"))),
       windowAboutPanel(new AboutPanel(this)),
@@ -207,6 +210,13 @@ void MainWindow::makeMoreMenu() {
     };
     addShortcut(Qt::CTRL | Qt::Key_Z, putBackItem);
     addShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_E, manageExceptionsItem);
+    markByRuleItem->setVisible(false);
+    shortcuts_->add({Qt::CTRL | Qt::Key_R}, [this] {
+        if (buttonMore->isEnabled() && markByRuleItem->isVisible()) {
+            markByRuleItem->setEnabled(true);  // its owner knows whether there is anything to mark
+            markByRuleItem->trigger();
+        }
+    });
     buttonHelpManual->installEventFilter(this);
 }
 
@@ -254,6 +264,7 @@ void MainWindow::selectTabViewItem(const QString& identifier) {
         currentScreen()->setBarShown(false);
         tabViewMain->setCurrentWidget(screen);
         screen->setBarShown(true);
+        markByRuleItem->setVisible(screen == results);
         if (!openPanels_->any()) {
             screen->beginWithKeyboard();
         }

@@ -35,6 +35,7 @@ class PutBackPanel;
 class PutBackProgress;
 class PutBackReport;
 class ResultScreen;
+class RulePanel;
 class Screen;
 class Shortcuts;
 class Spinner;
@@ -70,6 +71,9 @@ class MainWindow final : public QWidget {
     /// Opens `moreMenu`, with the functions that have no button. F10 opens it, too, except on macOS
     /// and while a panel is open. Disabled whenever Help is, and on the progress screen.
     MenuButton* const buttonMore;
+    /// "Mark by Rule…", on the result screen only; its owner sets whether it is enabled. Ctrl+R
+    /// triggers it, too, as Ctrl+Z does the next.
+    QAction* const markByRuleItem;
     /// "Manage Exceptions…". Ctrl+Shift+E triggers it, too, while `buttonMore` is enabled and no
     /// panel is open.
     QAction* const manageExceptionsItem;
@@ -107,6 +111,7 @@ class MainWindow final : public QWidget {
     PutBackPanel* const putBackWindow;
     PutBackProgress* const putBackProgress;
     PutBackReport* const putBackReport;
+    RulePanel* const markByRuleWindow;
     NoticePanel* const allCheckAlertView;
     ButtonSettingsSaved* const allCheckOk;
 

@@ -49,16 +49,25 @@ TEST_F(MoreMenuTest, FollowsTheRightEdge) {
 }
 
 TEST_F(MoreMenuTest, HasItsItems) {
-    ASSERT_EQ(window.moreMenu->actions().size(), 2);
-    EXPECT_EQ(window.moreMenu->actions().front(), window.manageExceptionsItem);
+    ASSERT_EQ(window.moreMenu->actions().size(), 3);
+    EXPECT_EQ(window.moreMenu->actions()[0], window.markByRuleItem);
+    EXPECT_EQ(window.moreMenu->actions()[1], window.manageExceptionsItem);
     EXPECT_EQ(window.moreMenu->actions().back(), window.putBackItem);
     EXPECT_EQ(window.manageExceptionsItem->text(), QStringLiteral("Manage Exceptions…"));
     EXPECT_TRUE(window.manageExceptionsItem->isEnabled());
     EXPECT_TRUE(window.manageExceptionsItem->shortcut().isEmpty());
+    EXPECT_EQ(window.markByRuleItem->text(), QStringLiteral("Mark by Rule…"));
     EXPECT_EQ(window.putBackItem->text(), QStringLiteral("Put Back Last Clean-up…"));
     EXPECT_TRUE(window.putBackItem->isEnabled());
     // The item shows no key.
     EXPECT_TRUE(window.putBackItem->shortcut().isEmpty());
+}
+
+TEST_F(MoreMenuTest, MarkByRuleIsOnTheResultScreenOnly) {
+    for (const char* screen : {"1", "2", "5", "4"}) {
+        window.selectTabViewItem(QLatin1String(screen));
+        EXPECT_EQ(window.markByRuleItem->isVisible(), std::string(screen) == "4") << screen;
+    }
 }
 
 TEST_F(MoreMenuTest, OpensByEveryKeyOnItsButton) {

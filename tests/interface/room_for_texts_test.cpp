@@ -4,6 +4,7 @@
 #include "controller/not_read_files.h"
 #include "controller/put_back_texts.h"
 #include "controller/result_texts.h"
+#include "controller/rule_texts.h"
 #include "controller/scan_screen_texts.h"
 #include "controller/shown_numbers.h"
 #include "controls/elided_label.h"
@@ -13,11 +14,13 @@
 #include "controls/pop_up_button.h"
 #include "controls/tab_button.h"
 #include "interface/exception_list_panel.h"
+#include "interface/folder_list.h"
 #include "interface/list_panel.h"
 #include "interface/notice_panel.h"
 #include "interface/put_back_panels.h"
 #include "interface/result_panels.h"
 #include "interface/result_screen.h"
+#include "interface/rule_panel.h"
 #include "interface/save_screenshot.h"
 #include "interface/search_field.h"
 #include "interface/shown_window.h"
@@ -387,6 +390,25 @@ TEST_P(RoomForTextsTest, InThePanelsOfPuttingBack) {
         window->showOver(window->informationWindow, QPoint(250, 200));
         checkEverythingShown("put-back-nothing");
         window->informationWindow->hide();
+    }
+}
+
+TEST_P(RoomForTextsTest, InMarkByRule) {
+    window->selectTabViewItem(window->results->identifier());
+    RulePanel& panel = *window->markByRuleWindow;
+    // With wide fonts both parts of the second line may need its tool tip.
+    for (const std::uint64_t sets : {std::uint64_t{0}, std::uint64_t{1}, std::uint64_t{12345}}) {
+        panel.ruleOutcome->setText(RuleTexts::outcome({2 * sets, 999'990'000'000, sets, sets}));
+        panel.ruleBlocked->setText(RuleTexts::blocked(sets, sets == 0));
+        window->showOver(&panel, RulePanel::designGeometry);
+        checkEverythingShown("mark-by-rule");
+        EXPECT_FALSE(panel.ruleBlocked->isElided()) << panel.ruleBlocked->text().toStdString();
+        panel.hide();
+        window->covers().removeAll();
+    }
+    const QFontMetrics metrics(look::font(13));
+    for (const FolderList* list : {panel.preferredList, panel.protectedList}) {
+        EXPECT_LE(metrics.horizontalAdvance(list->emptyText()) + 24, list->width());
     }
 }
 

@@ -47,8 +47,8 @@ class PutBackWindow : public testing::Test {
         const bool isPlain = window_->shows(ATSPI_ROLE_PUSH_BUTTON, "More");
         const AtspiRole role = isPlain ? ATSPI_ROLE_PUSH_BUTTON : ATSPI_ROLE_PUSH_BUTTON_MENU;
         input::click(window_->wait(role, "More").area().middle());
-        // The first menu item.
-        input::key("Down");
+        // The last menu item.
+        input::key("Up");
         input::key("Return");
     }
 

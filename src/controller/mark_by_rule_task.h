@@ -1,0 +1,73 @@
+#pragma once
+
+#include "controller/file_panels.h"
+#include "controller/results.h"
+#include "controller/rule_choice.h"
+#include "controller/rule_count.h"
+#include "controller/rule_folders.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QSettings>
+#include <QTimer>
+#include <optional>
+
+namespace tarvin {
+
+class FolderList;
+class MainWindow;
+class RulePanel;
+
+/// "Mark by Rule…": the panel with the rule, the folders and the live count, and the marking of the
+/// list in view. Rule and folders are kept in the settings. Owned by AppDelegate. Main thread only.
+class MarkByRuleTask final : public QObject {
+    Q_OBJECT
+
+ public:
+    /// The arguments must outlive this object; `fileSystem` as RuleCount says.
+    MarkByRuleTask(Results& results, MainWindow& window, FilePanels& panels, QSettings& settings,
+                   FileSystem& fileSystem);
+    ~MarkByRuleTask() override;
+
+    /// Shows the panel. Does nothing without sets, or while the panel is shown.
+    void open();
+    void cancel();
+    /// Marks by the rule as soon as it is counted, and closes the panel; does nothing if it would
+    /// mark no file.
+    void mark();
+
+    /// The rule and the folders on the screen.
+    [[nodiscard]] RuleChoice choice() const;
+
+ private:
+    void connectPanel();
+    void connectList(FolderList& list, RuleFolders& folders);
+    void addFolders(FolderList& list, RuleFolders& folders);
+    void removeFolder(FolderList& list, RuleFolders& folders);
+    void moveFolder(int by);
+    void showChoice(const RuleChoice& choice);
+    void showStates();
+    void choiceChanged();
+    void tick();
+    void showCount(const CountedRule& counted);
+    void showOutcome(const QString& outcome, const QString& blocked, bool canMark);
+    void close();
+
+    Results& results_;
+    MainWindow& window_;
+    RulePanel& panel_;
+    FilePanels& panels_;
+    QSettings& settings_;
+    RuleFolders preferred_;
+    RuleFolders protected_;
+    RuleCount count_;
+    QTimer ticks_;  // while a count is running or wanted
+    QElapsedTimer sinceStart_;
+    QElapsedTimer sinceChange_;
+    bool isWanted_ = false;  // the choice has changed since the last start
+    bool marksWhenCounted_ = false;
+    bool replacesMarks_ = false;
+    std::optional<CountedRule> counted_;  // of the choice on the screen
+};
+
+}  // namespace tarvin
