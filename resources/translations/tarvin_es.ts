@@ -119,6 +119,41 @@
     </message>
 </context>
 <context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>Acciones para %1</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileMenu</name>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message>
+        <source>Open Containing Folder</source>
+        <translation>Abrir la carpeta contenedora</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>Copiar ruta</translation>
+    </message>
+    <message>
+        <source>Keep This One</source>
+        <translation>Conservar este</translation>
+    </message>
+    <message>
+        <source>Mark All in This Folder</source>
+        <translation>Marcar todo en esta carpeta</translation>
+    </message>
+    <message>
+        <source>Add to Exceptions…</source>
+        <translation>Añadir a excepciones…</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::FileProperties</name>
     <message>
         <source> %1
@@ -1219,6 +1254,26 @@ Se han quitado todas las excepciones.</translation>
     <message>
         <source>Left: %1. Maybe last copies: %2.</source>
         <translation>Dejados: %1. Quizá únicos: %2.</translation>
+    </message>
+    <message>
+        <source>The file &quot;%1&quot; will be excluded from all future scans. Press &quot;OK&quot; to exclude.</source>
+        <translation>El archivo «%1» se excluirá de todos los análisis futuros. Pulse «Aceptar» para excluirlo.</translation>
+    </message>
+    <message>
+        <source>The file is not there any more.</source>
+        <translation>El archivo ya no existe.</translation>
+    </message>
+    <message>
+        <source>1 file, %1</source>
+        <translation>1 archivo, %1</translation>
+    </message>
+    <message>
+        <source>%1 files, %2 each</source>
+        <translation>%1 archivos, %2 cada uno</translation>
+    </message>
+    <message>
+        <source>%1 can be regained</source>
+        <translation>%1 recuperables</translation>
     </message>
 </context>
 <context>

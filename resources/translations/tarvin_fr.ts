@@ -119,6 +119,41 @@
     </message>
 </context>
 <context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>Actions pour %1</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileMenu</name>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
+    </message>
+    <message>
+        <source>Open Containing Folder</source>
+        <translation>Ouvrir le dossier parent</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>Copier le chemin</translation>
+    </message>
+    <message>
+        <source>Keep This One</source>
+        <translation>Garder celui-ci</translation>
+    </message>
+    <message>
+        <source>Mark All in This Folder</source>
+        <translation>Tout marquer dans ce dossier</translation>
+    </message>
+    <message>
+        <source>Add to Exceptions…</source>
+        <translation>Ajouter aux exceptions…</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::FileProperties</name>
     <message>
         <source> %1
@@ -1219,6 +1254,26 @@ Toutes les exceptions ont été retirées.</translation>
     <message>
         <source>Left: %1. Maybe last copies: %2.</source>
         <translation>Laissés&#xa0;: %1. Peut-être uniques&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>The file &quot;%1&quot; will be excluded from all future scans. Press &quot;OK&quot; to exclude.</source>
+        <translation>Le fichier «&#xa0;%1&#xa0;» sera exclu de toutes les analyses à venir. Cliquez sur «&#xa0;OK&#xa0;» pour l’exclure.</translation>
+    </message>
+    <message>
+        <source>The file is not there any more.</source>
+        <translation>Le fichier n’existe plus.</translation>
+    </message>
+    <message>
+        <source>1 file, %1</source>
+        <translation>1 fichier, %1</translation>
+    </message>
+    <message>
+        <source>%1 files, %2 each</source>
+        <translation>%1 fichiers de %2 chacun</translation>
+    </message>
+    <message>
+        <source>%1 can be regained</source>
+        <translation>%1 à récupérer</translation>
     </message>
 </context>
 <context>

@@ -119,6 +119,41 @@
     </message>
 </context>
 <context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>%1 の操作</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileMenu</name>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
+    </message>
+    <message>
+        <source>Open Containing Folder</source>
+        <translation>保存場所のフォルダーを開く</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>パスをコピー</translation>
+    </message>
+    <message>
+        <source>Keep This One</source>
+        <translation>これを残す</translation>
+    </message>
+    <message>
+        <source>Mark All in This Folder</source>
+        <translation>このフォルダーをすべてマーク</translation>
+    </message>
+    <message>
+        <source>Add to Exceptions…</source>
+        <translation>除外に追加…</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::FileProperties</name>
     <message>
         <source> %1
@@ -1219,6 +1254,26 @@ All exceptions has been removed.</source>
     <message>
         <source>Left: %1. Maybe last copies: %2.</source>
         <translation>残した: %1。最後のコピーの可能性: %2。</translation>
+    </message>
+    <message>
+        <source>The file &quot;%1&quot; will be excluded from all future scans. Press &quot;OK&quot; to exclude.</source>
+        <translation>ファイル「%1」は今後すべてのスキャンから除外されます。除外するには「OK」を押してください。</translation>
+    </message>
+    <message>
+        <source>The file is not there any more.</source>
+        <translation>ファイルはもう存在しません。</translation>
+    </message>
+    <message>
+        <source>1 file, %1</source>
+        <translation>1 個のファイル、%1</translation>
+    </message>
+    <message>
+        <source>%1 files, %2 each</source>
+        <translation>%1 個のファイル、各 %2</translation>
+    </message>
+    <message>
+        <source>%1 can be regained</source>
+        <translation>%1 を空けられます</translation>
     </message>
 </context>
 <context>

@@ -119,6 +119,41 @@
     </message>
 </context>
 <context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>Ações para %1</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileMenu</name>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message>
+        <source>Open Containing Folder</source>
+        <translation>Abrir a pasta do arquivo</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>Copiar caminho</translation>
+    </message>
+    <message>
+        <source>Keep This One</source>
+        <translation>Manter este</translation>
+    </message>
+    <message>
+        <source>Mark All in This Folder</source>
+        <translation>Marcar tudo nesta pasta</translation>
+    </message>
+    <message>
+        <source>Add to Exceptions…</source>
+        <translation>Adicionar às exceções…</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::FileProperties</name>
     <message>
         <source> %1
@@ -1219,6 +1254,26 @@ Todas as exceções foram removidas.</translation>
     <message>
         <source>Left: %1. Maybe last copies: %2.</source>
         <translation>Deixados: %1. Talvez únicos: %2.</translation>
+    </message>
+    <message>
+        <source>The file &quot;%1&quot; will be excluded from all future scans. Press &quot;OK&quot; to exclude.</source>
+        <translation>O arquivo “%1” será ignorado em todas as análises futuras. Pressione “OK” para ignorá-lo.</translation>
+    </message>
+    <message>
+        <source>The file is not there any more.</source>
+        <translation>O arquivo não existe mais.</translation>
+    </message>
+    <message>
+        <source>1 file, %1</source>
+        <translation>1 arquivo, %1</translation>
+    </message>
+    <message>
+        <source>%1 files, %2 each</source>
+        <translation>%1 arquivos, %2 cada</translation>
+    </message>
+    <message>
+        <source>%1 can be regained</source>
+        <translation>%1 recuperáveis</translation>
     </message>
 </context>
 <context>

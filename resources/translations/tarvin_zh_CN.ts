@@ -119,6 +119,41 @@
     </message>
 </context>
 <context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>%1 的操作</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileMenu</name>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+    <message>
+        <source>Open Containing Folder</source>
+        <translation>打开所在文件夹</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>复制路径</translation>
+    </message>
+    <message>
+        <source>Keep This One</source>
+        <translation>保留此文件</translation>
+    </message>
+    <message>
+        <source>Mark All in This Folder</source>
+        <translation>标记此文件夹中的全部</translation>
+    </message>
+    <message>
+        <source>Add to Exceptions…</source>
+        <translation>添加到例外…</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::FileProperties</name>
     <message>
         <source> %1
@@ -1219,6 +1254,26 @@ All exceptions has been removed.</source>
     <message>
         <source>Left: %1. Maybe last copies: %2.</source>
         <translation>留下：%1。可能是最后副本：%2。</translation>
+    </message>
+    <message>
+        <source>The file &quot;%1&quot; will be excluded from all future scans. Press &quot;OK&quot; to exclude.</source>
+        <translation>文件“%1”将从今后的所有扫描中排除。按“确定”排除。</translation>
+    </message>
+    <message>
+        <source>The file is not there any more.</source>
+        <translation>该文件已不存在。</translation>
+    </message>
+    <message>
+        <source>1 file, %1</source>
+        <translation>1 个文件，%1</translation>
+    </message>
+    <message>
+        <source>%1 files, %2 each</source>
+        <translation>%1 个文件，每个 %2</translation>
+    </message>
+    <message>
+        <source>%1 can be regained</source>
+        <translation>可释放 %1</translation>
     </message>
 </context>
 <context>
