@@ -73,6 +73,80 @@
     </message>
 </context>
 <context>
+    <name>tarvin::ExceptionListPanel</name>
+    <message>
+        <source>No exceptions</source>
+        <translation>No hay excepciones</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Quitar</translation>
+    </message>
+    <message>
+        <source>Remove All Missing</source>
+        <translation>Quitar inexistentes</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Files that you add to the exceptions are skipped by every later scan.</source>
+        <translation>Los análisis posteriores omiten los archivos que añada a las excepciones.</translation>
+    </message>
+    <message>
+        <source>Exceptions</source>
+        <translation>Excepciones</translation>
+    </message>
+    <message>
+        <source>Search names and folders</source>
+        <translation>Buscar nombres y carpetas</translation>
+    </message>
+    <message>
+        <source>Search exceptions</source>
+        <translation>Buscar en las excepciones</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionListTexts</name>
+    <message>
+        <source>1 file</source>
+        <translation>1 archivo</translation>
+    </message>
+    <message>
+        <source>%1 files</source>
+        <translation>%1 archivos</translation>
+    </message>
+    <message>
+        <source>1 file, not there any more</source>
+        <translation>1 archivo, ya no existe</translation>
+    </message>
+    <message>
+        <source>%1 files, %2 not there any more</source>
+        <translation>%1 archivos, %2 ya no existen</translation>
+    </message>
+    <message>
+        <source>%1 of 1 file</source>
+        <translation>%1 de 1 archivo</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%1 de %2 archivos</translation>
+    </message>
+    <message>
+        <source>No exception matches &quot;%1&quot;.</source>
+        <translation>Ninguna excepción coincide con «%1».</translation>
+    </message>
+    <message>
+        <source>Exceptions</source>
+        <translation>Excepciones</translation>
+    </message>
+    <message>
+        <source>The exceptions could not be saved.</source>
+        <translation>No se pudieron guardar las excepciones.</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ExceptionPanel</name>
     <message>
         <source>Cancel</source>
@@ -85,6 +159,48 @@
     <message>
         <source>Add to Exceptions</source>
         <translation>Añadir a excepciones</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionRows</name>
+    <message>
+        <source>Not there any more</source>
+        <translation>Ya no existe</translation>
+    </message>
+    <message>
+        <source>Drive not attached</source>
+        <translation>Unidad no conectada</translation>
+    </message>
+    <message>
+        <source>%1, %2, not there any more</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1, %2, ya no existe</translation>
+    </message>
+    <message>
+        <source>%1, %2, drive not attached</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1, %2, unidad no conectada</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Carpeta</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>Acciones para %1</translation>
     </message>
 </context>
 <context>
@@ -116,14 +232,6 @@
     <message>
         <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
         <translation>Algunos de los elementos elegidos no se pueden añadir aquí. Arrástrelos a la lista.</translation>
-    </message>
-</context>
-<context>
-    <name>tarvin::FileActions</name>
-    <message>
-        <source>Actions for %1</source>
-        <comment>a menu; %1 is a file&apos;s name</comment>
-        <translation>Acciones para %1</translation>
     </message>
 </context>
 <context>
@@ -514,6 +622,14 @@ Modificado  : %4</translation>
     <message>
         <source>More</source>
         <translation>Más</translation>
+    </message>
+    <message>
+        <source>Mark by Rule…</source>
+        <translation>Marcar por regla…</translation>
+    </message>
+    <message>
+        <source>Manage Exceptions…</source>
+        <translation>Gestionar excepciones…</translation>
     </message>
 </context>
 <context>
@@ -1284,6 +1400,136 @@ Se han quitado todas las excepciones.</translation>
     </message>
 </context>
 <context>
+    <name>tarvin::RulePanel</name>
+    <message>
+        <source>The first found</source>
+        <translation>El primero encontrado</translation>
+    </message>
+    <message>
+        <source>The newest</source>
+        <translation>El más reciente</translation>
+    </message>
+    <message>
+        <source>The oldest</source>
+        <translation>El más antiguo</translation>
+    </message>
+    <message>
+        <source>The shortest path</source>
+        <translation>La ruta más corta</translation>
+    </message>
+    <message>
+        <source>The longest path</source>
+        <translation>La ruta más larga</translation>
+    </message>
+    <message>
+        <source>The copy in a preferred folder</source>
+        <translation>La copia en una carpeta preferida</translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <translation>Añadir…</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Quitar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>Marcar</translation>
+    </message>
+    <message>
+        <source>Mark by Rule</source>
+        <translation>Marcar por regla</translation>
+    </message>
+    <message>
+        <source>Keep in each set:</source>
+        <translation>Conservar en cada grupo:</translation>
+    </message>
+    <message>
+        <source>Never mark files in:</source>
+        <translation>No marcar nunca en:</translation>
+    </message>
+    <message>
+        <source>Add the folders whose copies stay.</source>
+        <translation>Añada las carpetas a conservar.</translation>
+    </message>
+    <message>
+        <source>No folders</source>
+        <translation>No hay carpetas</translation>
+    </message>
+    <message>
+        <source>Keep in each set</source>
+        <translation>Conservar en cada grupo</translation>
+    </message>
+    <message>
+        <source>Preferred folders</source>
+        <translation>Carpetas preferidas</translation>
+    </message>
+    <message>
+        <source>Never mark files in</source>
+        <translation>No marcar nunca en</translation>
+    </message>
+    <message>
+        <source>Add preferred folder</source>
+        <translation>Añadir carpeta preferida</translation>
+    </message>
+    <message>
+        <source>Remove preferred folder</source>
+        <translation>Quitar carpeta preferida</translation>
+    </message>
+    <message>
+        <source>Add protected folder</source>
+        <translation>Añadir carpeta protegida</translation>
+    </message>
+    <message>
+        <source>Remove protected folder</source>
+        <translation>Quitar carpeta protegida</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Subir</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Bajar</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RuleTexts</name>
+    <message>
+        <source>No files will be marked.</source>
+        <translation>No se marcará ningún archivo.</translation>
+    </message>
+    <message>
+        <source>1 file (%1) will be marked in 1 set.</source>
+        <translation>Se marcará 1 archivo (%1) en 1 grupo.</translation>
+    </message>
+    <message>
+        <source>%1 files (%2) will be marked in 1 set.</source>
+        <translation>Se marcarán %1 archivos (%2) en 1 grupo.</translation>
+    </message>
+    <message>
+        <source>%1 files (%2) will be marked in %3 sets.</source>
+        <translation>Se marcarán %1 archivos (%2) en %3 grupos.</translation>
+    </message>
+    <message>
+        <source>1 set has no copy that may be marked.</source>
+        <translation>1 grupo no tiene copias que se puedan marcar.</translation>
+    </message>
+    <message>
+        <source>%1 sets have no copy that may be marked.</source>
+        <translation>%1 grupos no tienen copias que se puedan marcar.</translation>
+    </message>
+    <message>
+        <source>Earlier marks are replaced.</source>
+        <translation>Se reemplazan las marcas anteriores.</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ScanScreenTexts</name>
     <message>
         <source>Collecting Files...</source>
@@ -1329,12 +1575,51 @@ Se han quitado todas las excepciones.</translation>
         <source>Resume</source>
         <translation>Reanudar</translation>
     </message>
+    <message>
+        <source>%1 of %2 compared</source>
+        <translation>%1 de %2 comparados</translation>
+    </message>
+    <message>
+        <source>less than a minute left</source>
+        <translation>queda menos de un minuto</translation>
+    </message>
+    <message>
+        <source>about %1 hours left</source>
+        <translation>quedan %1 horas aprox.</translation>
+    </message>
+    <message>
+        <source>about 1 minute left</source>
+        <translation>queda 1 minuto aprox.</translation>
+    </message>
+    <message>
+        <source>about %1 minutes left</source>
+        <translation>quedan %1 minutos aprox.</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pausa</translation>
+    </message>
+    <message>
+        <source>Stopping…</source>
+        <translation>Deteniendo…</translation>
+    </message>
+    <message>
+        <source>Waiting for the file in hand.</source>
+        <translation>Esperando al archivo actual.</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::Screen</name>
     <message>
         <source>Home</source>
         <translation>Inicio</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::SearchField</name>
+    <message>
+        <source>Clear search</source>
+        <translation>Borrar la búsqueda</translation>
     </message>
 </context>
 <context>

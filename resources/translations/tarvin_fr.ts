@@ -73,6 +73,80 @@
     </message>
 </context>
 <context>
+    <name>tarvin::ExceptionListPanel</name>
+    <message>
+        <source>No exceptions</source>
+        <translation>Aucune exception</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Retirer</translation>
+    </message>
+    <message>
+        <source>Remove All Missing</source>
+        <translation>Retirer les absents</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Files that you add to the exceptions are skipped by every later scan.</source>
+        <translation>Les fichiers ajoutés aux exceptions sont ignorés par toutes les analyses suivantes.</translation>
+    </message>
+    <message>
+        <source>Exceptions</source>
+        <translation>Exceptions</translation>
+    </message>
+    <message>
+        <source>Search names and folders</source>
+        <translation>Rechercher noms et dossiers</translation>
+    </message>
+    <message>
+        <source>Search exceptions</source>
+        <translation>Rechercher dans les exceptions</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionListTexts</name>
+    <message>
+        <source>1 file</source>
+        <translation>1 fichier</translation>
+    </message>
+    <message>
+        <source>%1 files</source>
+        <translation>%1 fichiers</translation>
+    </message>
+    <message>
+        <source>1 file, not there any more</source>
+        <translation>1 fichier, n’existe plus</translation>
+    </message>
+    <message>
+        <source>%1 files, %2 not there any more</source>
+        <translation>%1 fichiers, dont %2 n’existent plus</translation>
+    </message>
+    <message>
+        <source>%1 of 1 file</source>
+        <translation>%1 fichier sur 1</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%1 fichiers sur %2</translation>
+    </message>
+    <message>
+        <source>No exception matches &quot;%1&quot;.</source>
+        <translation>Aucune exception ne correspond à «&#xa0;%1&#xa0;».</translation>
+    </message>
+    <message>
+        <source>Exceptions</source>
+        <translation>Exceptions</translation>
+    </message>
+    <message>
+        <source>The exceptions could not be saved.</source>
+        <translation>Impossible d’enregistrer les exceptions.</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ExceptionPanel</name>
     <message>
         <source>Cancel</source>
@@ -85,6 +159,48 @@
     <message>
         <source>Add to Exceptions</source>
         <translation>Ajouter aux exceptions</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionRows</name>
+    <message>
+        <source>Not there any more</source>
+        <translation>N’existe plus</translation>
+    </message>
+    <message>
+        <source>Drive not attached</source>
+        <translation>Disque non connecté</translation>
+    </message>
+    <message>
+        <source>%1, %2, not there any more</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1, %2, n’existe plus</translation>
+    </message>
+    <message>
+        <source>%1, %2, drive not attached</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1, %2, disque non connecté</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Dossier</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>Actions pour %1</translation>
     </message>
 </context>
 <context>
@@ -116,14 +232,6 @@
     <message>
         <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
         <translation>Certains des éléments choisis ne peuvent pas être ajoutés ici. Déposez-les sur la liste.</translation>
-    </message>
-</context>
-<context>
-    <name>tarvin::FileActions</name>
-    <message>
-        <source>Actions for %1</source>
-        <comment>a menu; %1 is a file&apos;s name</comment>
-        <translation>Actions pour %1</translation>
     </message>
 </context>
 <context>
@@ -514,6 +622,14 @@ Modifié le  : %4</translation>
     <message>
         <source>More</source>
         <translation>Plus</translation>
+    </message>
+    <message>
+        <source>Mark by Rule…</source>
+        <translation>Marquer selon une règle…</translation>
+    </message>
+    <message>
+        <source>Manage Exceptions…</source>
+        <translation>Gérer les exceptions…</translation>
     </message>
 </context>
 <context>
@@ -1284,6 +1400,136 @@ Toutes les exceptions ont été retirées.</translation>
     </message>
 </context>
 <context>
+    <name>tarvin::RulePanel</name>
+    <message>
+        <source>The first found</source>
+        <translation>Le premier trouvé</translation>
+    </message>
+    <message>
+        <source>The newest</source>
+        <translation>Le plus récent</translation>
+    </message>
+    <message>
+        <source>The oldest</source>
+        <translation>Le plus ancien</translation>
+    </message>
+    <message>
+        <source>The shortest path</source>
+        <translation>Le chemin le plus court</translation>
+    </message>
+    <message>
+        <source>The longest path</source>
+        <translation>Le chemin le plus long</translation>
+    </message>
+    <message>
+        <source>The copy in a preferred folder</source>
+        <translation>La copie d’un dossier préféré</translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <translation>Ajouter…</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Retirer</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>Marquer</translation>
+    </message>
+    <message>
+        <source>Mark by Rule</source>
+        <translation>Marquer selon une règle</translation>
+    </message>
+    <message>
+        <source>Keep in each set:</source>
+        <translation>Garder dans chaque groupe&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Never mark files in:</source>
+        <translation>Ne jamais marquer dans&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Add the folders whose copies stay.</source>
+        <translation>Ajoutez les dossiers à préserver.</translation>
+    </message>
+    <message>
+        <source>No folders</source>
+        <translation>Aucun dossier</translation>
+    </message>
+    <message>
+        <source>Keep in each set</source>
+        <translation>Garder dans chaque groupe</translation>
+    </message>
+    <message>
+        <source>Preferred folders</source>
+        <translation>Dossiers préférés</translation>
+    </message>
+    <message>
+        <source>Never mark files in</source>
+        <translation>Ne jamais marquer dans</translation>
+    </message>
+    <message>
+        <source>Add preferred folder</source>
+        <translation>Ajouter un dossier préféré</translation>
+    </message>
+    <message>
+        <source>Remove preferred folder</source>
+        <translation>Retirer le dossier préféré</translation>
+    </message>
+    <message>
+        <source>Add protected folder</source>
+        <translation>Ajouter un dossier protégé</translation>
+    </message>
+    <message>
+        <source>Remove protected folder</source>
+        <translation>Retirer le dossier protégé</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Monter</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Descendre</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RuleTexts</name>
+    <message>
+        <source>No files will be marked.</source>
+        <translation>Aucun fichier ne sera marqué.</translation>
+    </message>
+    <message>
+        <source>1 file (%1) will be marked in 1 set.</source>
+        <translation>1 fichier (%1) sera marqué dans 1 groupe.</translation>
+    </message>
+    <message>
+        <source>%1 files (%2) will be marked in 1 set.</source>
+        <translation>%1 fichiers (%2) seront marqués dans 1 groupe.</translation>
+    </message>
+    <message>
+        <source>%1 files (%2) will be marked in %3 sets.</source>
+        <translation>%1 fichiers (%2) seront marqués dans %3 groupes.</translation>
+    </message>
+    <message>
+        <source>1 set has no copy that may be marked.</source>
+        <translation>1 groupe n’a aucune copie à marquer.</translation>
+    </message>
+    <message>
+        <source>%1 sets have no copy that may be marked.</source>
+        <translation>%1 groupes n’ont aucune copie à marquer.</translation>
+    </message>
+    <message>
+        <source>Earlier marks are replaced.</source>
+        <translation>Les marques précédentes sont remplacées.</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ScanScreenTexts</name>
     <message>
         <source>Collecting Files...</source>
@@ -1329,12 +1575,51 @@ Toutes les exceptions ont été retirées.</translation>
         <source>Resume</source>
         <translation>Reprendre</translation>
     </message>
+    <message>
+        <source>%1 of %2 compared</source>
+        <translation>%1 sur %2 comparés</translation>
+    </message>
+    <message>
+        <source>less than a minute left</source>
+        <translation>moins d’une minute restante</translation>
+    </message>
+    <message>
+        <source>about %1 hours left</source>
+        <translation>environ %1 heures restantes</translation>
+    </message>
+    <message>
+        <source>about 1 minute left</source>
+        <translation>environ 1 minute restante</translation>
+    </message>
+    <message>
+        <source>about %1 minutes left</source>
+        <translation>environ %1 minutes restantes</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pause</translation>
+    </message>
+    <message>
+        <source>Stopping…</source>
+        <translation>Arrêt en cours…</translation>
+    </message>
+    <message>
+        <source>Waiting for the file in hand.</source>
+        <translation>En attente du fichier en cours.</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::Screen</name>
     <message>
         <source>Home</source>
         <translation>Accueil</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::SearchField</name>
+    <message>
+        <source>Clear search</source>
+        <translation>Effacer la recherche</translation>
     </message>
 </context>
 <context>

@@ -73,6 +73,80 @@
     </message>
 </context>
 <context>
+    <name>tarvin::ExceptionListPanel</name>
+    <message>
+        <source>No exceptions</source>
+        <translation>除外はありません</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Remove All Missing</source>
+        <translation>ないものをすべて削除</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Files that you add to the exceptions are skipped by every later scan.</source>
+        <translation>除外に追加したファイルは、以後のすべてのスキャンでスキップされます。</translation>
+    </message>
+    <message>
+        <source>Exceptions</source>
+        <translation>除外</translation>
+    </message>
+    <message>
+        <source>Search names and folders</source>
+        <translation>名前とフォルダーを検索</translation>
+    </message>
+    <message>
+        <source>Search exceptions</source>
+        <translation>除外を検索</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionListTexts</name>
+    <message>
+        <source>1 file</source>
+        <translation>1 個のファイル</translation>
+    </message>
+    <message>
+        <source>%1 files</source>
+        <translation>%1 個のファイル</translation>
+    </message>
+    <message>
+        <source>1 file, not there any more</source>
+        <translation>1 個のファイル、もう存在しません</translation>
+    </message>
+    <message>
+        <source>%1 files, %2 not there any more</source>
+        <translation>%1 個のファイル、%2 個はありません</translation>
+    </message>
+    <message>
+        <source>%1 of 1 file</source>
+        <translation>1 個中 %1 個のファイル</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%2 個中 %1 個のファイル</translation>
+    </message>
+    <message>
+        <source>No exception matches &quot;%1&quot;.</source>
+        <translation>「%1」に一致する除外はありません。</translation>
+    </message>
+    <message>
+        <source>Exceptions</source>
+        <translation>除外</translation>
+    </message>
+    <message>
+        <source>The exceptions could not be saved.</source>
+        <translation>除外を保存できませんでした。</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ExceptionPanel</name>
     <message>
         <source>Cancel</source>
@@ -85,6 +159,48 @@
     <message>
         <source>Add to Exceptions</source>
         <translation>除外に追加</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionRows</name>
+    <message>
+        <source>Not there any more</source>
+        <translation>もう存在しません</translation>
+    </message>
+    <message>
+        <source>Drive not attached</source>
+        <translation>ドライブが接続されていません</translation>
+    </message>
+    <message>
+        <source>%1, %2, not there any more</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1、%2、もう存在しません</translation>
+    </message>
+    <message>
+        <source>%1, %2, drive not attached</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1、%2、ドライブが接続されていません</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1、%2</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>フォルダー</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>%1 の操作</translation>
     </message>
 </context>
 <context>
@@ -116,14 +232,6 @@
     <message>
         <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
         <translation>選んだ項目の一部はここから追加できません。リストにドロップしてください。</translation>
-    </message>
-</context>
-<context>
-    <name>tarvin::FileActions</name>
-    <message>
-        <source>Actions for %1</source>
-        <comment>a menu; %1 is a file&apos;s name</comment>
-        <translation>%1 の操作</translation>
     </message>
 </context>
 <context>
@@ -514,6 +622,14 @@ Modified Date       : %4</source>
     <message>
         <source>More</source>
         <translation>その他</translation>
+    </message>
+    <message>
+        <source>Mark by Rule…</source>
+        <translation>ルールでマーク…</translation>
+    </message>
+    <message>
+        <source>Manage Exceptions…</source>
+        <translation>除外を管理…</translation>
     </message>
 </context>
 <context>
@@ -1284,6 +1400,136 @@ All exceptions has been removed.</source>
     </message>
 </context>
 <context>
+    <name>tarvin::RulePanel</name>
+    <message>
+        <source>The first found</source>
+        <translation>最初に見つかったもの</translation>
+    </message>
+    <message>
+        <source>The newest</source>
+        <translation>最も新しいもの</translation>
+    </message>
+    <message>
+        <source>The oldest</source>
+        <translation>最も古いもの</translation>
+    </message>
+    <message>
+        <source>The shortest path</source>
+        <translation>最も短いパス</translation>
+    </message>
+    <message>
+        <source>The longest path</source>
+        <translation>最も長いパス</translation>
+    </message>
+    <message>
+        <source>The copy in a preferred folder</source>
+        <translation>優先フォルダーにあるコピー</translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <translation>追加…</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>マーク</translation>
+    </message>
+    <message>
+        <source>Mark by Rule</source>
+        <translation>ルールでマーク</translation>
+    </message>
+    <message>
+        <source>Keep in each set:</source>
+        <translation>各グループで残すもの:</translation>
+    </message>
+    <message>
+        <source>Never mark files in:</source>
+        <translation>マークしないフォルダー:</translation>
+    </message>
+    <message>
+        <source>Add the folders whose copies stay.</source>
+        <translation>残すフォルダーを追加してください。</translation>
+    </message>
+    <message>
+        <source>No folders</source>
+        <translation>フォルダーなし</translation>
+    </message>
+    <message>
+        <source>Keep in each set</source>
+        <translation>各グループで残すもの</translation>
+    </message>
+    <message>
+        <source>Preferred folders</source>
+        <translation>優先フォルダー</translation>
+    </message>
+    <message>
+        <source>Never mark files in</source>
+        <translation>マークしないフォルダー</translation>
+    </message>
+    <message>
+        <source>Add preferred folder</source>
+        <translation>優先フォルダーを追加</translation>
+    </message>
+    <message>
+        <source>Remove preferred folder</source>
+        <translation>優先フォルダーを削除</translation>
+    </message>
+    <message>
+        <source>Add protected folder</source>
+        <translation>保護フォルダーを追加</translation>
+    </message>
+    <message>
+        <source>Remove protected folder</source>
+        <translation>保護フォルダーを削除</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>上へ移動</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>下へ移動</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RuleTexts</name>
+    <message>
+        <source>No files will be marked.</source>
+        <translation>マークするファイルはありません。</translation>
+    </message>
+    <message>
+        <source>1 file (%1) will be marked in 1 set.</source>
+        <translation>1 個のグループで 1 個のファイル (%1) をマークします。</translation>
+    </message>
+    <message>
+        <source>%1 files (%2) will be marked in 1 set.</source>
+        <translation>1 個のグループで %1 個のファイル (%2) をマークします。</translation>
+    </message>
+    <message>
+        <source>%1 files (%2) will be marked in %3 sets.</source>
+        <translation>%3 個のグループで %1 個のファイル (%2) をマークします。</translation>
+    </message>
+    <message>
+        <source>1 set has no copy that may be marked.</source>
+        <translation>マークできるコピーのないグループ: 1</translation>
+    </message>
+    <message>
+        <source>%1 sets have no copy that may be marked.</source>
+        <translation>マークできるコピーのないグループ: %1</translation>
+    </message>
+    <message>
+        <source>Earlier marks are replaced.</source>
+        <translation>以前のマークは置き換えられます。</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ScanScreenTexts</name>
     <message>
         <source>Collecting Files...</source>
@@ -1329,12 +1575,51 @@ All exceptions has been removed.</source>
         <source>Resume</source>
         <translation>再開</translation>
     </message>
+    <message>
+        <source>%1 of %2 compared</source>
+        <translation>%2 中 %1 を比較済み</translation>
+    </message>
+    <message>
+        <source>less than a minute left</source>
+        <translation>残り 1 分未満</translation>
+    </message>
+    <message>
+        <source>about %1 hours left</source>
+        <translation>残り約 %1 時間</translation>
+    </message>
+    <message>
+        <source>about 1 minute left</source>
+        <translation>残り約 1 分</translation>
+    </message>
+    <message>
+        <source>about %1 minutes left</source>
+        <translation>残り約 %1 分</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>一時停止中</translation>
+    </message>
+    <message>
+        <source>Stopping…</source>
+        <translation>停止しています…</translation>
+    </message>
+    <message>
+        <source>Waiting for the file in hand.</source>
+        <translation>処理中のファイルを待っています。</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::Screen</name>
     <message>
         <source>Home</source>
         <translation>ホーム</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::SearchField</name>
+    <message>
+        <source>Clear search</source>
+        <translation>検索をクリア</translation>
     </message>
 </context>
 <context>

@@ -73,6 +73,80 @@
     </message>
 </context>
 <context>
+    <name>tarvin::ExceptionListPanel</name>
+    <message>
+        <source>No exceptions</source>
+        <translation>Nenhuma exceção</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Remover</translation>
+    </message>
+    <message>
+        <source>Remove All Missing</source>
+        <translation>Remover ausentes</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fechar</translation>
+    </message>
+    <message>
+        <source>Files that you add to the exceptions are skipped by every later scan.</source>
+        <translation>Os arquivos adicionados às exceções são ignorados em todas as análises seguintes.</translation>
+    </message>
+    <message>
+        <source>Exceptions</source>
+        <translation>Exceções</translation>
+    </message>
+    <message>
+        <source>Search names and folders</source>
+        <translation>Buscar nomes e pastas</translation>
+    </message>
+    <message>
+        <source>Search exceptions</source>
+        <translation>Buscar nas exceções</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionListTexts</name>
+    <message>
+        <source>1 file</source>
+        <translation>1 arquivo</translation>
+    </message>
+    <message>
+        <source>%1 files</source>
+        <translation>%1 arquivos</translation>
+    </message>
+    <message>
+        <source>1 file, not there any more</source>
+        <translation>1 arquivo, não existe mais</translation>
+    </message>
+    <message>
+        <source>%1 files, %2 not there any more</source>
+        <translation>%1 arquivos, %2 não existem mais</translation>
+    </message>
+    <message>
+        <source>%1 of 1 file</source>
+        <translation>%1 de 1 arquivo</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%1 de %2 arquivos</translation>
+    </message>
+    <message>
+        <source>No exception matches &quot;%1&quot;.</source>
+        <translation>Nenhuma exceção corresponde a “%1”.</translation>
+    </message>
+    <message>
+        <source>Exceptions</source>
+        <translation>Exceções</translation>
+    </message>
+    <message>
+        <source>The exceptions could not be saved.</source>
+        <translation>Não foi possível salvar as exceções.</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ExceptionPanel</name>
     <message>
         <source>Cancel</source>
@@ -85,6 +159,48 @@
     <message>
         <source>Add to Exceptions</source>
         <translation>Adicionar às exceções</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionRows</name>
+    <message>
+        <source>Not there any more</source>
+        <translation>Não existe mais</translation>
+    </message>
+    <message>
+        <source>Drive not attached</source>
+        <translation>Unidade não conectada</translation>
+    </message>
+    <message>
+        <source>%1, %2, not there any more</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1, %2, não existe mais</translation>
+    </message>
+    <message>
+        <source>%1, %2, drive not attached</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1, %2, unidade não conectada</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nome</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Pasta</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>Ações para %1</translation>
     </message>
 </context>
 <context>
@@ -116,14 +232,6 @@
     <message>
         <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
         <translation>Alguns dos itens escolhidos não podem ser adicionados aqui. Arraste-os para a lista.</translation>
-    </message>
-</context>
-<context>
-    <name>tarvin::FileActions</name>
-    <message>
-        <source>Actions for %1</source>
-        <comment>a menu; %1 is a file&apos;s name</comment>
-        <translation>Ações para %1</translation>
     </message>
 </context>
 <context>
@@ -514,6 +622,14 @@ Modificado em  : %4</translation>
     <message>
         <source>More</source>
         <translation>Mais</translation>
+    </message>
+    <message>
+        <source>Mark by Rule…</source>
+        <translation>Marcar por regra…</translation>
+    </message>
+    <message>
+        <source>Manage Exceptions…</source>
+        <translation>Gerenciar exceções…</translation>
     </message>
 </context>
 <context>
@@ -1284,6 +1400,136 @@ Todas as exceções foram removidas.</translation>
     </message>
 </context>
 <context>
+    <name>tarvin::RulePanel</name>
+    <message>
+        <source>The first found</source>
+        <translation>O primeiro encontrado</translation>
+    </message>
+    <message>
+        <source>The newest</source>
+        <translation>O mais recente</translation>
+    </message>
+    <message>
+        <source>The oldest</source>
+        <translation>O mais antigo</translation>
+    </message>
+    <message>
+        <source>The shortest path</source>
+        <translation>O caminho mais curto</translation>
+    </message>
+    <message>
+        <source>The longest path</source>
+        <translation>O caminho mais longo</translation>
+    </message>
+    <message>
+        <source>The copy in a preferred folder</source>
+        <translation>A cópia em uma pasta preferida</translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <translation>Adicionar…</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Remover</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>Marcar</translation>
+    </message>
+    <message>
+        <source>Mark by Rule</source>
+        <translation>Marcar por regra</translation>
+    </message>
+    <message>
+        <source>Keep in each set:</source>
+        <translation>Manter em cada grupo:</translation>
+    </message>
+    <message>
+        <source>Never mark files in:</source>
+        <translation>Nunca marcar arquivos em:</translation>
+    </message>
+    <message>
+        <source>Add the folders whose copies stay.</source>
+        <translation>Adicione as pastas a preservar.</translation>
+    </message>
+    <message>
+        <source>No folders</source>
+        <translation>Nenhuma pasta</translation>
+    </message>
+    <message>
+        <source>Keep in each set</source>
+        <translation>Manter em cada grupo</translation>
+    </message>
+    <message>
+        <source>Preferred folders</source>
+        <translation>Pastas preferidas</translation>
+    </message>
+    <message>
+        <source>Never mark files in</source>
+        <translation>Nunca marcar arquivos em</translation>
+    </message>
+    <message>
+        <source>Add preferred folder</source>
+        <translation>Adicionar pasta preferida</translation>
+    </message>
+    <message>
+        <source>Remove preferred folder</source>
+        <translation>Remover pasta preferida</translation>
+    </message>
+    <message>
+        <source>Add protected folder</source>
+        <translation>Adicionar pasta protegida</translation>
+    </message>
+    <message>
+        <source>Remove protected folder</source>
+        <translation>Remover pasta protegida</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Mover para cima</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Mover para baixo</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RuleTexts</name>
+    <message>
+        <source>No files will be marked.</source>
+        <translation>Nenhum arquivo será marcado.</translation>
+    </message>
+    <message>
+        <source>1 file (%1) will be marked in 1 set.</source>
+        <translation>1 arquivo (%1) será marcado em 1 grupo.</translation>
+    </message>
+    <message>
+        <source>%1 files (%2) will be marked in 1 set.</source>
+        <translation>%1 arquivos (%2) serão marcados em 1 grupo.</translation>
+    </message>
+    <message>
+        <source>%1 files (%2) will be marked in %3 sets.</source>
+        <translation>%1 arquivos (%2) serão marcados em %3 grupos.</translation>
+    </message>
+    <message>
+        <source>1 set has no copy that may be marked.</source>
+        <translation>1 grupo não tem cópia que possa ser marcada.</translation>
+    </message>
+    <message>
+        <source>%1 sets have no copy that may be marked.</source>
+        <translation>%1 grupos não têm cópia que possa ser marcada.</translation>
+    </message>
+    <message>
+        <source>Earlier marks are replaced.</source>
+        <translation>As marcas anteriores são substituídas.</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ScanScreenTexts</name>
     <message>
         <source>Collecting Files...</source>
@@ -1329,12 +1575,51 @@ Todas as exceções foram removidas.</translation>
         <source>Resume</source>
         <translation>Continuar</translation>
     </message>
+    <message>
+        <source>%1 of %2 compared</source>
+        <translation>%1 de %2 comparados</translation>
+    </message>
+    <message>
+        <source>less than a minute left</source>
+        <translation>resta menos de um minuto</translation>
+    </message>
+    <message>
+        <source>about %1 hours left</source>
+        <translation>restam cerca de %1 horas</translation>
+    </message>
+    <message>
+        <source>about 1 minute left</source>
+        <translation>resta cerca de 1 minuto</translation>
+    </message>
+    <message>
+        <source>about %1 minutes left</source>
+        <translation>restam cerca de %1 minutos</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Em pausa</translation>
+    </message>
+    <message>
+        <source>Stopping…</source>
+        <translation>Parando…</translation>
+    </message>
+    <message>
+        <source>Waiting for the file in hand.</source>
+        <translation>Aguardando o arquivo atual.</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::Screen</name>
     <message>
         <source>Home</source>
         <translation>Início</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::SearchField</name>
+    <message>
+        <source>Clear search</source>
+        <translation>Limpar a busca</translation>
     </message>
 </context>
 <context>

@@ -73,6 +73,80 @@
     </message>
 </context>
 <context>
+    <name>tarvin::ExceptionListPanel</name>
+    <message>
+        <source>No exceptions</source>
+        <translation>没有例外</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+    <message>
+        <source>Remove All Missing</source>
+        <translation>移除所有已不存在的</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Files that you add to the exceptions are skipped by every later scan.</source>
+        <translation>添加到例外的文件会被以后的所有扫描跳过。</translation>
+    </message>
+    <message>
+        <source>Exceptions</source>
+        <translation>例外</translation>
+    </message>
+    <message>
+        <source>Search names and folders</source>
+        <translation>搜索名称和文件夹</translation>
+    </message>
+    <message>
+        <source>Search exceptions</source>
+        <translation>搜索例外</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionListTexts</name>
+    <message>
+        <source>1 file</source>
+        <translation>1 个文件</translation>
+    </message>
+    <message>
+        <source>%1 files</source>
+        <translation>%1 个文件</translation>
+    </message>
+    <message>
+        <source>1 file, not there any more</source>
+        <translation>1 个文件，已不存在</translation>
+    </message>
+    <message>
+        <source>%1 files, %2 not there any more</source>
+        <translation>%1 个文件，%2 个已不存在</translation>
+    </message>
+    <message>
+        <source>%1 of 1 file</source>
+        <translation>%1 / 1 个文件</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%1 / %2 个文件</translation>
+    </message>
+    <message>
+        <source>No exception matches &quot;%1&quot;.</source>
+        <translation>没有与“%1”匹配的例外。</translation>
+    </message>
+    <message>
+        <source>Exceptions</source>
+        <translation>例外</translation>
+    </message>
+    <message>
+        <source>The exceptions could not be saved.</source>
+        <translation>无法保存例外。</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ExceptionPanel</name>
     <message>
         <source>Cancel</source>
@@ -85,6 +159,48 @@
     <message>
         <source>Add to Exceptions</source>
         <translation>添加到例外</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExceptionRows</name>
+    <message>
+        <source>Not there any more</source>
+        <translation>已不存在</translation>
+    </message>
+    <message>
+        <source>Drive not attached</source>
+        <translation>驱动器未连接</translation>
+    </message>
+    <message>
+        <source>%1, %2, not there any more</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1，%2，已不存在</translation>
+    </message>
+    <message>
+        <source>%1, %2, drive not attached</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1，%2，驱动器未连接</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>name of a file, its folder</comment>
+        <translation>%1，%2</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>%1 的操作</translation>
     </message>
 </context>
 <context>
@@ -116,14 +232,6 @@
     <message>
         <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
         <translation>所选的部分项目无法在此添加。请将它们拖放到列表中。</translation>
-    </message>
-</context>
-<context>
-    <name>tarvin::FileActions</name>
-    <message>
-        <source>Actions for %1</source>
-        <comment>a menu; %1 is a file&apos;s name</comment>
-        <translation>%1 的操作</translation>
     </message>
 </context>
 <context>
@@ -514,6 +622,14 @@ Modified Date       : %4</source>
     <message>
         <source>More</source>
         <translation>更多</translation>
+    </message>
+    <message>
+        <source>Mark by Rule…</source>
+        <translation>按规则标记…</translation>
+    </message>
+    <message>
+        <source>Manage Exceptions…</source>
+        <translation>管理例外…</translation>
     </message>
 </context>
 <context>
@@ -1284,6 +1400,136 @@ All exceptions has been removed.</source>
     </message>
 </context>
 <context>
+    <name>tarvin::RulePanel</name>
+    <message>
+        <source>The first found</source>
+        <translation>最先找到的</translation>
+    </message>
+    <message>
+        <source>The newest</source>
+        <translation>最新的</translation>
+    </message>
+    <message>
+        <source>The oldest</source>
+        <translation>最旧的</translation>
+    </message>
+    <message>
+        <source>The shortest path</source>
+        <translation>路径最短的</translation>
+    </message>
+    <message>
+        <source>The longest path</source>
+        <translation>路径最长的</translation>
+    </message>
+    <message>
+        <source>The copy in a preferred folder</source>
+        <translation>首选文件夹中的副本</translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <translation>添加…</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>标记</translation>
+    </message>
+    <message>
+        <source>Mark by Rule</source>
+        <translation>按规则标记</translation>
+    </message>
+    <message>
+        <source>Keep in each set:</source>
+        <translation>每组保留：</translation>
+    </message>
+    <message>
+        <source>Never mark files in:</source>
+        <translation>从不标记以下位置的文件：</translation>
+    </message>
+    <message>
+        <source>Add the folders whose copies stay.</source>
+        <translation>请添加要保留其副本的文件夹。</translation>
+    </message>
+    <message>
+        <source>No folders</source>
+        <translation>没有文件夹</translation>
+    </message>
+    <message>
+        <source>Keep in each set</source>
+        <translation>每组保留</translation>
+    </message>
+    <message>
+        <source>Preferred folders</source>
+        <translation>首选文件夹</translation>
+    </message>
+    <message>
+        <source>Never mark files in</source>
+        <translation>从不标记以下位置的文件</translation>
+    </message>
+    <message>
+        <source>Add preferred folder</source>
+        <translation>添加首选文件夹</translation>
+    </message>
+    <message>
+        <source>Remove preferred folder</source>
+        <translation>移除首选文件夹</translation>
+    </message>
+    <message>
+        <source>Add protected folder</source>
+        <translation>添加受保护的文件夹</translation>
+    </message>
+    <message>
+        <source>Remove protected folder</source>
+        <translation>移除受保护的文件夹</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>上移</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>下移</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RuleTexts</name>
+    <message>
+        <source>No files will be marked.</source>
+        <translation>不会标记任何文件。</translation>
+    </message>
+    <message>
+        <source>1 file (%1) will be marked in 1 set.</source>
+        <translation>将在 1 组中标记 1 个文件（%1）。</translation>
+    </message>
+    <message>
+        <source>%1 files (%2) will be marked in 1 set.</source>
+        <translation>将在 1 组中标记 %1 个文件（%2）。</translation>
+    </message>
+    <message>
+        <source>%1 files (%2) will be marked in %3 sets.</source>
+        <translation>将在 %3 组中标记 %1 个文件（%2）。</translation>
+    </message>
+    <message>
+        <source>1 set has no copy that may be marked.</source>
+        <translation>1 组没有可标记的副本。</translation>
+    </message>
+    <message>
+        <source>%1 sets have no copy that may be marked.</source>
+        <translation>%1 组没有可标记的副本。</translation>
+    </message>
+    <message>
+        <source>Earlier marks are replaced.</source>
+        <translation>之前的标记会被替换。</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::ScanScreenTexts</name>
     <message>
         <source>Collecting Files...</source>
@@ -1329,12 +1575,51 @@ All exceptions has been removed.</source>
         <source>Resume</source>
         <translation>继续</translation>
     </message>
+    <message>
+        <source>%1 of %2 compared</source>
+        <translation>已比较 %1 / %2</translation>
+    </message>
+    <message>
+        <source>less than a minute left</source>
+        <translation>剩余不到 1 分钟</translation>
+    </message>
+    <message>
+        <source>about %1 hours left</source>
+        <translation>剩余约 %1 小时</translation>
+    </message>
+    <message>
+        <source>about 1 minute left</source>
+        <translation>剩余约 1 分钟</translation>
+    </message>
+    <message>
+        <source>about %1 minutes left</source>
+        <translation>剩余约 %1 分钟</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>已暂停</translation>
+    </message>
+    <message>
+        <source>Stopping…</source>
+        <translation>正在停止…</translation>
+    </message>
+    <message>
+        <source>Waiting for the file in hand.</source>
+        <translation>正在等待当前文件。</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::Screen</name>
     <message>
         <source>Home</source>
         <translation>主页</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::SearchField</name>
+    <message>
+        <source>Clear search</source>
+        <translation>清除搜索</translation>
     </message>
 </context>
 <context>
