@@ -200,6 +200,40 @@
     <message>
         <source>Actions for %1</source>
         <comment>a menu; %1 is a file&apos;s name</comment>
+    </message>
+</context>
+<context>
+    <name>tarvin::ExportTexts</name>
+    <message>
+        <source>Export Results</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duplicate files %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CSV</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>JSON</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 set exported.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 sets exported.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The results could not be exported.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -606,6 +640,10 @@ Modified Date       : %4</source>
     </message>
     <message>
         <source>All the files of same set cannot be selected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export Results…</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

@@ -204,6 +204,41 @@
     </message>
 </context>
 <context>
+    <name>tarvin::ExportTexts</name>
+    <message>
+        <source>Export Results</source>
+        <translation>Ergebnisse exportieren</translation>
+    </message>
+    <message>
+        <source>Duplicate files %1</source>
+        <translation>Doppelte Dateien %1</translation>
+    </message>
+    <message>
+        <source>CSV</source>
+        <translation>CSV</translation>
+    </message>
+    <message>
+        <source>JSON</source>
+        <translation>JSON</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>1 set exported.</source>
+        <translation>1 Gruppe exportiert.</translation>
+    </message>
+    <message>
+        <source>%1 sets exported.</source>
+        <translation>%1 Gruppen exportiert.</translation>
+    </message>
+    <message>
+        <source>The results could not be exported.</source>
+        <translation>Die Ergebnisse konnten nicht exportiert werden.</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::FileDialogs</name>
     <message>
         <source>Add Folders</source>
@@ -614,6 +649,10 @@ Geändert       : %4</translation>
     <message>
         <source>All the files of same set cannot be selected</source>
         <translation>Nicht alle Dateien einer Gruppe können markiert werden</translation>
+    </message>
+    <message>
+        <source>Export Results…</source>
+        <translation>Ergebnisse exportieren…</translation>
     </message>
     <message>
         <source>Put Back Last Clean-up…</source>

@@ -204,6 +204,41 @@
     </message>
 </context>
 <context>
+    <name>tarvin::ExportTexts</name>
+    <message>
+        <source>Export Results</source>
+        <translation>Exportar resultados</translation>
+    </message>
+    <message>
+        <source>Duplicate files %1</source>
+        <translation>Archivos duplicados %1</translation>
+    </message>
+    <message>
+        <source>CSV</source>
+        <translation>CSV</translation>
+    </message>
+    <message>
+        <source>JSON</source>
+        <translation>JSON</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texto</translation>
+    </message>
+    <message>
+        <source>1 set exported.</source>
+        <translation>1 grupo exportado.</translation>
+    </message>
+    <message>
+        <source>%1 sets exported.</source>
+        <translation>%1 grupos exportados.</translation>
+    </message>
+    <message>
+        <source>The results could not be exported.</source>
+        <translation>No se pudieron exportar los resultados.</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::FileDialogs</name>
     <message>
         <source>Add Folders</source>
@@ -614,6 +649,10 @@ Modificado  : %4</translation>
     <message>
         <source>All the files of same set cannot be selected</source>
         <translation>No se pueden marcar todos los archivos de un grupo</translation>
+    </message>
+    <message>
+        <source>Export Results…</source>
+        <translation>Exportar resultados…</translation>
     </message>
     <message>
         <source>Put Back Last Clean-up…</source>

@@ -204,6 +204,41 @@
     </message>
 </context>
 <context>
+    <name>tarvin::ExportTexts</name>
+    <message>
+        <source>Export Results</source>
+        <translation>Exporter les résultats</translation>
+    </message>
+    <message>
+        <source>Duplicate files %1</source>
+        <translation>Fichiers en double %1</translation>
+    </message>
+    <message>
+        <source>CSV</source>
+        <translation>CSV</translation>
+    </message>
+    <message>
+        <source>JSON</source>
+        <translation>JSON</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>1 set exported.</source>
+        <translation>1 groupe exporté.</translation>
+    </message>
+    <message>
+        <source>%1 sets exported.</source>
+        <translation>%1 groupes exportés.</translation>
+    </message>
+    <message>
+        <source>The results could not be exported.</source>
+        <translation>Impossible d’exporter les résultats.</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::FileDialogs</name>
     <message>
         <source>Add Folders</source>
@@ -614,6 +649,10 @@ Modifié le  : %4</translation>
     <message>
         <source>All the files of same set cannot be selected</source>
         <translation>Tous les fichiers d’un groupe ne peuvent pas être marqués</translation>
+    </message>
+    <message>
+        <source>Export Results…</source>
+        <translation>Exporter les résultats…</translation>
     </message>
     <message>
         <source>Put Back Last Clean-up…</source>

@@ -204,6 +204,41 @@
     </message>
 </context>
 <context>
+    <name>tarvin::ExportTexts</name>
+    <message>
+        <source>Export Results</source>
+        <translation>結果を書き出す</translation>
+    </message>
+    <message>
+        <source>Duplicate files %1</source>
+        <translation>重複ファイル %1</translation>
+    </message>
+    <message>
+        <source>CSV</source>
+        <translation>CSV</translation>
+    </message>
+    <message>
+        <source>JSON</source>
+        <translation>JSON</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>テキスト</translation>
+    </message>
+    <message>
+        <source>1 set exported.</source>
+        <translation>1 個のグループを書き出しました。</translation>
+    </message>
+    <message>
+        <source>%1 sets exported.</source>
+        <translation>%1 個のグループを書き出しました。</translation>
+    </message>
+    <message>
+        <source>The results could not be exported.</source>
+        <translation>結果を書き出せませんでした。</translation>
+    </message>
+</context>
+<context>
     <name>tarvin::FileDialogs</name>
     <message>
         <source>Add Folders</source>
@@ -614,6 +649,10 @@ Modified Date       : %4</source>
     <message>
         <source>All the files of same set cannot be selected</source>
         <translation>同じグループのすべてのファイルは選択できません</translation>
+    </message>
+    <message>
+        <source>Export Results…</source>
+        <translation>結果を書き出す…</translation>
     </message>
     <message>
         <source>Put Back Last Clean-up…</source>

@@ -94,6 +94,8 @@ void AppDelegate::makeResultTasks() {
                                                information_);
     putBack_ = std::make_unique<PutBackTask>(session_, window_, information_);
     notRead_ = std::make_unique<NotReadList>(window_);
+    export_ = std::make_unique<ExportTask>(scan_->run(), *results_, window_, *surroundings_.panels,
+                                           session_.platform.clock(), information_);
 }
 
 void AppDelegate::awakeFromNib() {

@@ -5,6 +5,7 @@
 #include "controller/desktop.h"
 #include "controller/exception_list_task.h"
 #include "controller/exceptions_task.h"
+#include "controller/export_task.h"
 #include "controller/file_actions.h"
 #include "controller/file_panels.h"
 #include "controller/help.h"
@@ -113,6 +114,7 @@ class AppDelegate final : public QObject {
     [[nodiscard]] DeletionTask& deletion() { return *deletion_; }
     [[nodiscard]] Preview& preview() { return *preview_; }
     [[nodiscard]] PutBackTask& putBack() { return *putBack_; }
+    [[nodiscard]] ExportTask& exporting() { return *export_; }
 
  Q_SIGNALS:
     /// Calls updateProgress(). Nothing emits it.
@@ -157,6 +159,7 @@ class AppDelegate final : public QObject {
     std::unique_ptr<DeletionTask> deletion_;  // destroyed before what it uses
     std::unique_ptr<PutBackTask> putBack_;    // the same
     std::unique_ptr<NotReadList> notRead_;
+    std::unique_ptr<ExportTask> export_;  // the same
     std::unique_ptr<RecoveryTask> recovery_;
     Alerts::Number refusal_ = 0;  // the open notice that refuses folders; 0 if none
     std::int32_t homeImageCounter_ = 1;

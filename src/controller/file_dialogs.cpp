@@ -8,9 +8,11 @@
 #include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
 #include <QListView>
+#include <QStandardPaths>
 #include <QTreeView>
 #include <algorithm>
 #include <filesystem>
@@ -158,6 +160,10 @@ void setUp(QFileDialog& dialog, const OpenPanel& panel) {
                                            "Photos not shown here can be dropped onto the list.")));
 }
 
+QString filterOf(const SavePanel::Type& type) {
+    return type.name + QStringLiteral(" (*.") + type.extension + QLatin1Char(')');
+}
+
 }  // namespace
 
 void FileDialogs::open(const OpenPanel& panel,
@@ -180,6 +186,45 @@ void FileDialogs::open(const OpenPanel& panel,
             });
             chosen(paths);
         });
+    dialog->open();
+}
+
+void FileDialogs::save(const SavePanel& panel,
+                       std::function<void(const std::string& path, std::size_t type)> chosen) {
+    auto* dialog = new QFileDialog(window_, panel.title);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    QStringList filters;
+    for (const SavePanel::Type& type : panel.types) {
+        filters << filterOf(type);
+    }
+    dialog->setNameFilters(filters);
+    dialog->setDefaultSuffix(panel.types.front().extension);
+    dialog->selectFile(panel.fileName + QLatin1Char('.') + panel.types.front().extension);
+    const auto typeIn = [dialog, filters] {
+        return std::max<qsizetype>(filters.indexOf(dialog->selectedNameFilter()), 0);
+    };
+    const auto extensionOf = [types = panel.types](qsizetype type) {
+        return types[static_cast<std::size_t>(type)].extension;
+    };
+    // The name keeps what the user has typed; only the extension follows the type.
+    QObject::connect(dialog, &QFileDialog::filterSelected, dialog, [=] {
+        const QStringList names = dialog->selectedFiles();
+        dialog->setDefaultSuffix(extensionOf(typeIn()));
+        if (!names.isEmpty()) {
+            const QFileInfo file(names.front());
+            dialog->selectFile(file.completeBaseName() + QLatin1Char('.') + extensionOf(typeIn()));
+        }
+    });
+    QObject::connect(dialog, &QDialog::accepted, dialog,
+                     [dialog, typeIn, chosen = std::move(chosen)] {
+                         const Paths paths = chosenIn(*dialog);
+                         if (!paths.empty()) {
+                             chosen(paths.front(), static_cast<std::size_t>(typeIn()));
+                         }
+                     });
     dialog->open();
 }
 

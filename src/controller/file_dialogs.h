@@ -16,6 +16,9 @@ class FileDialogs final : public FilePanels {
 
     void open(const OpenPanel& panel,
               std::function<void(const std::vector<std::string>& paths)> chosen) override;
+    /// Begins in the documents folder.
+    void save(const SavePanel& panel,
+              std::function<void(const std::string& path, std::size_t type)> chosen) override;
 
  private:
     QPointer<QWidget> window_;

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -14,6 +15,19 @@ struct OpenPanel {
     QStringList allowedFileTypes;       ///< extensions without a dot; all files if empty
 };
 
+/// What a save panel lets the user choose.
+struct SavePanel {
+    /// A kind of file. The name of the chosen file ends with its extension.
+    struct Type {
+        QString name;       ///< shown to the user
+        QString extension;  ///< without a dot
+    };
+
+    QString title;
+    QString fileName;         ///< suggested, without a folder and an extension
+    std::vector<Type> types;  ///< the first is suggested; not empty
+};
+
 /// Lets the user choose one or more files or folders. Asynchronous. Main thread only. Tests replace
 /// it.
 class FilePanels {
@@ -24,6 +38,11 @@ class FilePanels {
     /// user cancels.
     virtual void open(const OpenPanel& panel,
                       std::function<void(const std::vector<std::string>& paths)> chosen) = 0;
+
+    /// Calls `chosen` with the absolute path of a file to write, native bytes, and the position of
+    /// its type; not at all if the user cancels. If there is a file, the user wants to replace it.
+    virtual void save(const SavePanel& panel,
+                      std::function<void(const std::string& path, std::size_t type)> chosen) = 0;
 };
 
 }  // namespace tarvin

@@ -75,6 +75,8 @@ MainWindow::MainWindow(QWidget* parent)
       markByRuleItem(named(moreMenu->addAction(tr("Mark by Rule…")), "markByRuleItem")),
       manageExceptionsItem(
           named(moreMenu->addAction(tr("Manage Exceptions…")), "manageExceptionsItem")),
+      exportResultsItem(named(moreMenu->addAction(tr("Export Results…")), "exportResultsItem")),
+      resultItemsEnd(moreMenu->addSeparator()),
       putBackItem(named(moreMenu->addAction(tr("Put Back Last Clean-up…")), "putBackItem")),
       buttonHelpManual(
           named(new HoverButton(HoverButton::Kind::outline, tr("Help")), "buttonHelpManual")),
@@ -201,6 +203,13 @@ void MainWindow::makeMoreMenu() {
 #ifndef Q_OS_MACOS
     shortcuts_->add({Qt::Key_F10}, [this] { openMoreByKey(); });
 #endif
+    exportResultsItem->setVisible(false);
+    resultItemsEnd->setVisible(false);
+    shortcuts_->add({Qt::CTRL | Qt::Key_E}, [this] {
+        if (buttonMore->isEnabled() && exportResultsItem->isVisible()) {
+            exportResultsItem->trigger();
+        }
+    });
     const auto addShortcut = [this](const QKeySequence& keys, QAction* item) {
         shortcuts_->add({keys}, [this, item] {
             if (buttonMore->isEnabled()) {
@@ -265,6 +274,8 @@ void MainWindow::selectTabViewItem(const QString& identifier) {
         tabViewMain->setCurrentWidget(screen);
         screen->setBarShown(true);
         markByRuleItem->setVisible(screen == results);
+        exportResultsItem->setVisible(screen == results);
+        resultItemsEnd->setVisible(screen == results);
         if (!openPanels_->any()) {
             screen->beginWithKeyboard();
         }

@@ -77,6 +77,11 @@ class MainWindow final : public QWidget {
     /// "Manage Exceptions…". Ctrl+Shift+E triggers it, too, while `buttonMore` is enabled and no
     /// panel is open.
     QAction* const manageExceptionsItem;
+    /// "Export Results…", only on the result screen. Ctrl+E triggers it, too, while `buttonMore` is
+    /// enabled and no panel is open.
+    QAction* const exportResultsItem;
+    /// Below the items that are only on the result screen.
+    QAction* const resultItemsEnd;
     /// "Put Back Last Clean-up…". Ctrl+Z triggers it, too, while `buttonMore` is enabled and no
     /// panel is open.
     QAction* const putBackItem;

@@ -26,6 +26,9 @@ void writeHeading(std::string_view text, bool isColored, Output& output) {
 }
 
 void writeSet(const Set& set, TextStyle style, Output& output) {
+    if (set.files().empty()) {
+        return;  // all of its files were moved or excluded
+    }
     output.append("    ");
     writeHeading(set.nameOfSet() + "  " +
                      getFormattedStringForSize(set.files().front()->fileSize()) + " each",

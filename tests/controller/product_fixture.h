@@ -61,6 +61,17 @@ class FakePanels final : public FilePanels {
         }
     }
 
+    void save(const SavePanel& panel,
+              std::function<void(const std::string& path, std::size_t type)> chosen) override {
+        saved.push_back(panel);
+        if (target) {
+            chosen(*target, type);
+        }
+    }
+
+    std::vector<SavePanel> saved;
+    std::optional<std::string> target;  ///< of save(); nullopt: the user cancels
+    std::size_t type = 0;
     std::vector<OpenPanel> opened;
     std::optional<std::vector<std::string>> choice;  ///< nullopt: the user cancels
 };

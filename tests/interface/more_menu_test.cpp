@@ -49,14 +49,16 @@ TEST_F(MoreMenuTest, FollowsTheRightEdge) {
 }
 
 TEST_F(MoreMenuTest, HasItsItems) {
-    ASSERT_EQ(window.moreMenu->actions().size(), 3);
-    EXPECT_EQ(window.moreMenu->actions()[0], window.markByRuleItem);
-    EXPECT_EQ(window.moreMenu->actions()[1], window.manageExceptionsItem);
-    EXPECT_EQ(window.moreMenu->actions().back(), window.putBackItem);
+    EXPECT_EQ(window.moreMenu->actions(),
+              (QList<QAction*>{window.markByRuleItem, window.manageExceptionsItem,
+                               window.exportResultsItem, window.resultItemsEnd,
+                               window.putBackItem}));
     EXPECT_EQ(window.manageExceptionsItem->text(), QStringLiteral("Manage Exceptions…"));
     EXPECT_TRUE(window.manageExceptionsItem->isEnabled());
     EXPECT_TRUE(window.manageExceptionsItem->shortcut().isEmpty());
     EXPECT_EQ(window.markByRuleItem->text(), QStringLiteral("Mark by Rule…"));
+    EXPECT_EQ(window.exportResultsItem->text(), QStringLiteral("Export Results…"));
+    EXPECT_TRUE(window.exportResultsItem->shortcut().isEmpty());
     EXPECT_EQ(window.putBackItem->text(), QStringLiteral("Put Back Last Clean-up…"));
     EXPECT_TRUE(window.putBackItem->isEnabled());
     // The item shows no key.
@@ -68,6 +70,22 @@ TEST_F(MoreMenuTest, MarkByRuleIsOnTheResultScreenOnly) {
         window.selectTabViewItem(QLatin1String(screen));
         EXPECT_EQ(window.markByRuleItem->isVisible(), std::string(screen) == "4") << screen;
     }
+}
+
+TEST_F(MoreMenuTest, ResultsAreExportedOnlyOnTheirScreen) {
+    const QSignalSpy exported(window.exportResultsItem, &QAction::triggered);
+    for (const char* screen : {"1", "2", "5"}) {
+        window.selectTabViewItem(QLatin1String(screen));
+        EXPECT_FALSE(window.exportResultsItem->isVisible()) << screen;
+        EXPECT_FALSE(window.resultItemsEnd->isVisible()) << screen;
+        QTest::keyClick(window.focusWidget(), Qt::Key_E, Qt::ControlModifier);
+    }
+    EXPECT_EQ(exported.size(), 0);
+    window.selectTabViewItem(QStringLiteral("4"));
+    EXPECT_TRUE(window.exportResultsItem->isVisible());
+    EXPECT_TRUE(window.resultItemsEnd->isVisible());
+    QTest::keyClick(window.focusWidget(), Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(exported.size(), 1);
 }
 
 TEST_F(MoreMenuTest, OpensByEveryKeyOnItsButton) {
