@@ -651,6 +651,10 @@ Modified Date       : %4</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Skip Hidden Files and Folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>More</source>
         <translation type="unfinished"></translation>
     </message>

@@ -659,6 +659,10 @@ Geändert       : %4</translation>
         <translation>Letztes Aufräumen rückgängig machen…</translation>
     </message>
     <message>
+        <source>Skip Hidden Files and Folders</source>
+        <translation>Versteckte Dateien und Ordner überspringen</translation>
+    </message>
+    <message>
         <source>More</source>
         <translation>Mehr</translation>
     </message>

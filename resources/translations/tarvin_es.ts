@@ -659,6 +659,10 @@ Modificado  : %4</translation>
         <translation>Deshacer la última limpieza…</translation>
     </message>
     <message>
+        <source>Skip Hidden Files and Folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>More</source>
         <translation>Más</translation>
     </message>

@@ -659,6 +659,10 @@ Modifié le  : %4</translation>
         <translation>Annuler le dernier nettoyage…</translation>
     </message>
     <message>
+        <source>Skip Hidden Files and Folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>More</source>
         <translation>Plus</translation>
     </message>

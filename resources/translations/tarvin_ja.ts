@@ -659,6 +659,10 @@ Modified Date       : %4</source>
         <translation>前回の整理を元に戻す…</translation>
     </message>
     <message>
+        <source>Skip Hidden Files and Folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>More</source>
         <translation>その他</translation>
     </message>

@@ -659,6 +659,10 @@ Modificado em  : %4</translation>
         <translation>Desfazer a última limpeza…</translation>
     </message>
     <message>
+        <source>Skip Hidden Files and Folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>More</source>
         <translation>Mais</translation>
     </message>

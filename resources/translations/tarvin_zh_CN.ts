@@ -659,6 +659,10 @@ Modified Date       : %4</source>
         <translation>撤销上次清理…</translation>
     </message>
     <message>
+        <source>Skip Hidden Files and Folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>More</source>
         <translation>更多</translation>
     </message>

@@ -65,6 +65,7 @@ AppDelegate::AppDelegate(Surroundings surroundings)
                                                                   .updater = surroundings_.updater,
                                                                   .read = surroundings_.readUrl});
     makeResultTasks();
+    rememberSkipHidden();
     connectControls();
     connectRequests();
     QCoreApplication::instance()->installEventFilter(this);
@@ -73,6 +74,14 @@ AppDelegate::AppDelegate(Surroundings surroundings)
 
 AppDelegate::~AppDelegate() {
     singleInstance_.reset();  // instances started from now on do not see this one
+}
+
+/// Stored at once: the choice applies to later scans, even if the program is killed.
+void AppDelegate::rememberSkipHidden() {
+    QSettings& settings = surroundings_.settings;
+    window_.skipHiddenItem->setChecked(settings.value(skipHiddenKey, false).toBool());
+    connect(window_.skipHiddenItem, &QAction::toggled, this,
+            [&settings](bool skips) { settings.setValue(skipHiddenKey, skips); });
 }
 
 void AppDelegate::makeResultTasks() {

@@ -134,6 +134,7 @@ class AppDelegate final : public QObject {
     void comeToFront();
     void goHome();
     void makeResultTasks();
+    void rememberSkipHidden();
     void showDuplicateScanResult();
 
     Surroundings surroundings_;

@@ -12,9 +12,12 @@
 #include "interface/notice_panel.h"
 #include "interface/progress_screen.h"
 #include "scan/exception_filter.h"
+#include "scan/scan_filter.h"
 
+#include <QAction>
 #include <QLabel>
 #include <QStackedWidget>
+#include <utility>
 
 namespace tarvin {
 
@@ -69,7 +72,10 @@ void ScanTask::buttonFindDuplicatesExactClicked() {
     progress_ = {};
     details_.begin();
     showDetails();
-    run_.start(locations_.list().rows(), ExceptionFilter(session_.exceptionArrayData()));
+    ScanFilter filter;
+    filter.skipHidden = window_.skipHiddenItem->isChecked();
+    run_.start(locations_.list().rows(), ExceptionFilter(session_.exceptionArrayData()),
+               std::move(filter));
     redraw_.start();
 }
 

@@ -16,6 +16,9 @@ namespace tarvin {
 class MainWindow;
 class ProgressScreen;
 
+/// The settings key of "Skip Hidden Files and Folders": a truth value, false if missing.
+inline constexpr const char* skipHiddenKey = "SkipHiddenFiles";
+
 /// Runs a scan: start, progress screen, pause, resume and stop. Holds the result until
 /// homeCleanup(). Owned by AppDelegate. Main thread only.
 class ScanTask final : public QObject {

@@ -89,7 +89,9 @@ void styleMenu(QMenu* menu) {
                        "QMenu::item { color: %3; min-height: 30px; padding: 0 16px; }"
                        "QMenu::item:selected { background: %4; }"
                        "QMenu::item:disabled { color: %5; background: %1; }"
-                       "QMenu::separator { height: 1px; background: %6; margin: 5px 0; }")
+                       "QMenu::separator { height: 1px; background: %6; margin: 5px 0; }"
+                       "QMenu::indicator { width: 18px; height: 18px; left: 8px; }"
+                       "QMenu::indicator:checked { image: url(:/images/ui/check.svg); }")
             .arg(css(look::surface), css(look::noticeFrame), css(look::ink), css(look::rowSelected),
                  css(look::disabledText), css(look::line)));
 }

@@ -78,6 +78,9 @@ MainWindow::MainWindow(QWidget* parent)
       exportResultsItem(named(moreMenu->addAction(tr("Export Results…")), "exportResultsItem")),
       resultItemsEnd(moreMenu->addSeparator()),
       putBackItem(named(moreMenu->addAction(tr("Put Back Last Clean-up…")), "putBackItem")),
+      locationItemsBegin(moreMenu->addSeparator()),
+      skipHiddenItem(
+          named(moreMenu->addAction(tr("Skip Hidden Files and Folders")), "skipHiddenItem")),
       buttonHelpManual(
           named(new HoverButton(HoverButton::Kind::outline, tr("Help")), "buttonHelpManual")),
       helpMenu(named(new QMenu(this), "helpMenu")),
@@ -194,6 +197,9 @@ void MainWindow::makeHelpMenu() {
 }
 
 void MainWindow::makeMoreMenu() {
+    skipHiddenItem->setCheckable(true);
+    skipHiddenItem->setVisible(false);
+    locationItemsBegin->setVisible(false);
     buttonMore->setToolTip(tr("More"));
     buttonMore->setAccessibleName(tr("More"));
     moreMenu->setMinimumWidth(moreMenuWidth);
@@ -276,6 +282,8 @@ void MainWindow::selectTabViewItem(const QString& identifier) {
         markByRuleItem->setVisible(screen == results);
         exportResultsItem->setVisible(screen == results);
         resultItemsEnd->setVisible(screen == results);
+        locationItemsBegin->setVisible(screen == locations);
+        skipHiddenItem->setVisible(screen == locations);
         if (!openPanels_->any()) {
             screen->beginWithKeyboard();
         }

@@ -85,6 +85,11 @@ class MainWindow final : public QWidget {
     /// "Put Back Last Clean-up…". Ctrl+Z triggers it, too, while `buttonMore` is enabled and no
     /// panel is open.
     QAction* const putBackItem;
+    /// Above the items that are only on the screen of the locations.
+    QAction* const locationItemsBegin;
+    /// "Skip Hidden Files and Folders", with a check mark; only on the screen of the locations.
+    /// Unchecked at first.
+    QAction* const skipHiddenItem;
 
     HoverButton* const buttonHelpManual;
     /// Shown by popUpHelpMenu().

@@ -114,6 +114,42 @@ TEST_F(Scanning, SkipsExcludedFiles) {
     EXPECT_EQ(delegate->scan().run().result().modal->totalFiles(), 1U);
 }
 
+TEST_F(Scanning, ScansHiddenFilesUnlessTheyAreToBeSkipped) {
+    for (const char* name : {"photos/a.jpg", "photos/.b.jpg", "photos/.hidden/c.jpg"}) {
+        folder.writeFile(name, "equal");
+    }
+    begin();
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_EQ(delegate->scan().run().result().modal->totalFiles(), 2U);
+}
+
+TEST_F(Scanning, SkipsHiddenFilesIfTheItemIsChecked) {
+    for (const char* name :
+         {"photos/a.jpg", "photos/.b.jpg", "photos/c.jpg", "photos/.hidden/d.jpg"}) {
+        folder.writeFile(name, "equal");
+    }
+    launch({folder.pathOf("photos")});
+    EXPECT_FALSE(window().skipHiddenItem->isChecked());
+    click("buttonMore");
+    ASSERT_TRUE(comesTrue([this] { return window().moreMenu->isVisible(); }));
+    choose(window().moreMenu, window().skipHiddenItem);
+    EXPECT_TRUE(window().skipHiddenItem->isChecked());
+    click("findDuplicateExact");
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_EQ(delegate->scan().run().result().modal->totalFiles(), 1U);
+}
+
+TEST_F(Scanning, RemembersWhetherHiddenFilesAreSkipped) {
+    launch();
+    window().skipHiddenItem->trigger();
+    EXPECT_TRUE(settings.value(skipHiddenKey).toBool());
+    delegate = nullptr;
+    launch();
+    EXPECT_TRUE(window().skipHiddenItem->isChecked());
+    window().skipHiddenItem->trigger();
+    EXPECT_FALSE(settings.value(skipHiddenKey).toBool());
+}
+
 TEST_F(Scanning, ShowsWhatItCollects) {
     beginAndHoldCollection();
     EXPECT_EQ(screen(), QStringLiteral("5"));

@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QAccessibleInterface>
 #include <QAction>
+#include <QImage>
 #include <QMenu>
 #include <QSignalSpy>
 
@@ -51,8 +52,8 @@ TEST_F(MoreMenuTest, FollowsTheRightEdge) {
 TEST_F(MoreMenuTest, HasItsItems) {
     EXPECT_EQ(window.moreMenu->actions(),
               (QList<QAction*>{window.markByRuleItem, window.manageExceptionsItem,
-                               window.exportResultsItem, window.resultItemsEnd,
-                               window.putBackItem}));
+                               window.exportResultsItem, window.resultItemsEnd, window.putBackItem,
+                               window.locationItemsBegin, window.skipHiddenItem}));
     EXPECT_EQ(window.manageExceptionsItem->text(), QStringLiteral("Manage Exceptions…"));
     EXPECT_TRUE(window.manageExceptionsItem->isEnabled());
     EXPECT_TRUE(window.manageExceptionsItem->shortcut().isEmpty());
@@ -86,6 +87,42 @@ TEST_F(MoreMenuTest, ResultsAreExportedOnlyOnTheirScreen) {
     EXPECT_TRUE(window.resultItemsEnd->isVisible());
     QTest::keyClick(window.focusWidget(), Qt::Key_E, Qt::ControlModifier);
     EXPECT_EQ(exported.size(), 1);
+}
+
+TEST_F(MoreMenuTest, HasChoicesOnTheScreenOfTheLocationsOnly) {
+    EXPECT_EQ(window.skipHiddenItem->text(), QStringLiteral("Skip Hidden Files and Folders"));
+    EXPECT_TRUE(window.skipHiddenItem->isCheckable());
+    EXPECT_FALSE(window.skipHiddenItem->isChecked());
+    for (const char* screen : {"1", "2", "5", "4", "2"}) {
+        window.selectTabViewItem(QLatin1String(screen));
+        const bool isOnLocations = std::string(screen) == "2";
+        EXPECT_EQ(window.skipHiddenItem->isVisible(), isOnLocations) << screen;
+        EXPECT_EQ(window.locationItemsBegin->isVisible(), isOnLocations) << screen;
+    }
+}
+
+TEST_F(MoreMenuTest, ShowsACheckMarkBesideACheckedChoice) {
+    window.selectTabViewItem(QStringLiteral("2"));
+    const auto inkOfItem = [this] {
+        const QRect item = window.moreMenu->actionGeometry(window.skipHiddenItem);
+        const QImage image =
+            window.moreMenu->grab(item).toImage().convertToFormat(QImage::Format_RGB32);
+        int dark = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                dark += qGray(image.pixel(x, y)) < 128 ? 1 : 0;
+            }
+        }
+        return dark;
+    };
+    // The items have their positions once the menu has been shown.
+    window.buttonMore->click();
+    ASSERT_TRUE(opens());
+    const int without = inkOfItem();
+    EXPECT_GT(without, 0);
+    window.skipHiddenItem->setChecked(true);
+    // Of 18 x 18 pixels; a missing image would add none.
+    EXPECT_GT(inkOfItem(), without + 10);
 }
 
 TEST_F(MoreMenuTest, OpensByEveryKeyOnItsButton) {
