@@ -282,12 +282,11 @@ QStringList ResultTree::detailsOf(const QModelIndex& index) const {
 }
 
 QString ResultTree::descriptionOf(const QModelIndex& index) const {
-    QStringList parts = detailsOf(index);
-    // Qt reports only on and off to screen readers.
-    if (index.column() != name && stateOf(index) == CheckState::mixed) {
-        parts.push_front(ResultTexts::partlyMarked());
+    if (index.column() == name) {
+        return detailsOf(index).join(QStringLiteral(", "));
     }
-    return parts.join(QStringLiteral(", "));
+    // Qt reports only on and off to screen readers.
+    return stateOf(index) == CheckState::mixed ? ResultTexts::partlyMarked() : QString();
 }
 
 void ResultTree::reportExtension(int extension) {

@@ -180,8 +180,7 @@ TEST_F(ResultTreeCells, DescribePartiallyCheckedBoxes) {
     EXPECT_EQ(of(extension(0), ResultTree::check, Qt::AccessibleDescriptionRole), "");
     click(three_, 1);
     EXPECT_EQ(of(extension(0), ResultTree::check, Qt::AccessibleDescriptionRole), "Partly marked");
-    EXPECT_EQ(of(set(0, 0), ResultTree::check, Qt::AccessibleDescriptionRole),
-              "Partly marked, three0, 3 files, 0.01 KB each, 0.02 KB can be regained");
+    EXPECT_EQ(of(set(0, 0), ResultTree::check, Qt::AccessibleDescriptionRole), "Partly marked");
     click(three_, 2);
     EXPECT_EQ(of(extension(0), ResultTree::name, Qt::AccessibleDescriptionRole), "");
 }
@@ -189,7 +188,7 @@ TEST_F(ResultTreeCells, DescribePartiallyCheckedBoxes) {
 TEST_F(ResultTreeCells, DescribeSetsByTheirDetails) {
     const QString details = "three0, 3 files, 0.01 KB each, 0.02 KB can be regained";
     EXPECT_EQ(of(set(0, 0), ResultTree::name, Qt::AccessibleDescriptionRole), details);
-    EXPECT_EQ(of(set(0, 0), ResultTree::check, Qt::AccessibleDescriptionRole), details);
+    EXPECT_EQ(of(set(0, 0), ResultTree::check, Qt::AccessibleDescriptionRole), "");
 }
 
 TEST_F(ResultTreeCells, HaveTheSizeOfTheCopiesOfASet) {
