@@ -59,6 +59,7 @@ TEST_F(NoticeStripTest, IsPaintedOnTheBandOfNotices) {
 
 TEST_F(NoticeStripTest, FadesAndShowsAHandWhileHovered) {
     strip.setMessage(QStringLiteral("3 files"));
+    strip.setGeometry({{10, 20}, strip.sizeHint()});
     fixture.movePointerTo(strip);
     EXPECT_EQ(strip.alpha(), 0.7);
     EXPECT_EQ(fixture.cursor(), Qt::PointingHandCursor);
