@@ -196,13 +196,6 @@
     </message>
 </context>
 <context>
-    <name>tarvin::FileActions</name>
-    <message>
-        <source>Actions for %1</source>
-        <comment>a menu; %1 is a file&apos;s name</comment>
-    </message>
-</context>
-<context>
     <name>tarvin::ExportTexts</name>
     <message>
         <source>Export Results</source>
@@ -235,6 +228,14 @@
     <message>
         <source>The results could not be exported.</source>
         <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation></translation>
     </message>
 </context>
 <context>

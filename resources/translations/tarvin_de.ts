@@ -196,14 +196,6 @@
     </message>
 </context>
 <context>
-    <name>tarvin::FileActions</name>
-    <message>
-        <source>Actions for %1</source>
-        <comment>a menu; %1 is a file&apos;s name</comment>
-        <translation>Aktionen für %1</translation>
-    </message>
-</context>
-<context>
     <name>tarvin::ExportTexts</name>
     <message>
         <source>Export Results</source>
@@ -236,6 +228,14 @@
     <message>
         <source>The results could not be exported.</source>
         <translation>Die Ergebnisse konnten nicht exportiert werden.</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>Aktionen für %1</translation>
     </message>
 </context>
 <context>

@@ -196,14 +196,6 @@
     </message>
 </context>
 <context>
-    <name>tarvin::FileActions</name>
-    <message>
-        <source>Actions for %1</source>
-        <comment>a menu; %1 is a file&apos;s name</comment>
-        <translation>Ações para %1</translation>
-    </message>
-</context>
-<context>
     <name>tarvin::ExportTexts</name>
     <message>
         <source>Export Results</source>
@@ -236,6 +228,14 @@
     <message>
         <source>The results could not be exported.</source>
         <translation>Não foi possível exportar os resultados.</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>Ações para %1</translation>
     </message>
 </context>
 <context>
@@ -660,7 +660,7 @@ Modificado em  : %4</translation>
     </message>
     <message>
         <source>Skip Hidden Files and Folders</source>
-        <translation type="unfinished"></translation>
+        <translation>Ignorar arquivos e pastas ocultos</translation>
     </message>
     <message>
         <source>More</source>

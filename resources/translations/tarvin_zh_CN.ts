@@ -196,14 +196,6 @@
     </message>
 </context>
 <context>
-    <name>tarvin::FileActions</name>
-    <message>
-        <source>Actions for %1</source>
-        <comment>a menu; %1 is a file&apos;s name</comment>
-        <translation>%1 的操作</translation>
-    </message>
-</context>
-<context>
     <name>tarvin::ExportTexts</name>
     <message>
         <source>Export Results</source>
@@ -236,6 +228,14 @@
     <message>
         <source>The results could not be exported.</source>
         <translation>未能导出结果。</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::FileActions</name>
+    <message>
+        <source>Actions for %1</source>
+        <comment>a menu; %1 is a file&apos;s name</comment>
+        <translation>%1 的操作</translation>
     </message>
 </context>
 <context>
@@ -660,7 +660,7 @@ Modified Date       : %4</source>
     </message>
     <message>
         <source>Skip Hidden Files and Folders</source>
-        <translation type="unfinished"></translation>
+        <translation>跳过隐藏的文件和文件夹</translation>
     </message>
     <message>
         <source>More</source>
