@@ -660,11 +660,11 @@ Modified Date       : %4</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Manage Exceptions…</source>
+        <source>Mark by Rule…</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Mark by Rule…</source>
+        <source>Manage Exceptions…</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -667,12 +667,12 @@ Geändert       : %4</translation>
         <translation>Mehr</translation>
     </message>
     <message>
-        <source>Manage Exceptions…</source>
-        <translation>Ausnahmen verwalten…</translation>
-    </message>
-    <message>
         <source>Mark by Rule…</source>
         <translation>Nach Regel markieren…</translation>
+    </message>
+    <message>
+        <source>Manage Exceptions…</source>
+        <translation>Ausnahmen verwalten…</translation>
     </message>
 </context>
 <context>
