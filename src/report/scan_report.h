@@ -36,7 +36,7 @@ struct ScanReport {
     std::vector<NotRead> unreadable;
     /// Collected files among them.
     std::uint64_t notCompared = 0;
-    /// Somebody has chosen which files stay: the writers say for each file whether it is marked.
+    /// The marks are a choice of the user: the writers show for each file whether it is marked.
     bool hasMarks = false;
 
     [[nodiscard]] std::uint64_t collected() const;
