@@ -113,6 +113,11 @@ QString NotReadFiles::reasonOf(SystemError error) {
             return tr("Not there any more");
         case ETIMEDOUT:
         case EHOSTDOWN:
+        case EHOSTUNREACH:
+        case ENETDOWN:
+        case ENETUNREACH:
+        case ENOTCONN:
+        case ECONNRESET:
             return tr("Stopped answering");
         default:
             return QString::fromStdString(error.text());
