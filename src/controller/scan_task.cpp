@@ -176,6 +176,7 @@ void ScanTask::setPauseTitle(const QString& title) const {
 
 void ScanTask::pause() {
     setPaused(screen_.pauseResume->text() == ScanScreenTexts::pause());
+    showDetails();
 }
 
 void ScanTask::setPaused(bool pauses) {
@@ -188,15 +189,15 @@ void ScanTask::setPaused(bool pauses) {
     }
     screen_.stopButton->setEnabled(!pauses);
     pauses ? details_.pause() : details_.resume();
-    showDetails();
 }
 
 void ScanTask::stop() {
     window_.showNotice(window_.confirmationView, confirmationOrigin);
     screen_.pauseResume->setEnabled(false);
     if (!run_.pause()) {
-        pause();
+        setPaused(true);
     }
+    // Shown once, so that "Paused", which only the user's own pause is, is not announced.
     details_.hold();
     showDetails();
 }
@@ -223,6 +224,7 @@ void ScanTask::stopNOClicked() {
     window_.confirmationView->hide();
     if (run_.pause()) {
         setPaused(false);
+        showDetails();
     }
 }
 
@@ -243,6 +245,7 @@ void ScanTask::goOn() {
         return;
     }
     setPaused(false);
+    showDetails();
 }
 
 void ScanTask::homeCleanup() {

@@ -64,6 +64,7 @@ class ScanTask final : public QObject {
  private:
     void connectControls();
     void showStart();
+    /// Without showing it: see showDetails().
     void setPaused(bool pauses);
     void showProgress();
     void showDetails() const;

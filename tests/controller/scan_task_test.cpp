@@ -1,5 +1,6 @@
 #include "controller/home_image.h"
 #include "controller/product_fixture.h"
+#include "controller/visibility_counter.h"
 #include "controls/button_settings_saved.h"
 #include "controls/elided_label.h"
 #include "controls/hover_button.h"
@@ -281,8 +282,10 @@ TEST_F(ScanDetails, SayThatTheUserPausedTheScan) {
 
 TEST_F(ScanDetails, DoNotCallAQuestionAPause) {
     beginAndCompareAQuarter();
+    const VisibilityCounter label(progress().progressState);
     click("stopButton");
     EXPECT_EQ(state(), QString());
+    EXPECT_EQ(label.shown(), 0);
     click("cancelNo");
     EXPECT_EQ(state(), QString());
     click("pauseResume");
