@@ -9,6 +9,9 @@
 #include <CLI/CLI.hpp>
 
 #include <array>
+#include <filesystem>
+#include <set>
+#include <system_error>
 #include <utility>
 
 namespace tarvin {
@@ -34,14 +37,19 @@ std::string misfitOf(const KeepOptions& options) {
     return {};
 }
 
+/// Of files given one by one, their folders.
 std::vector<LinkedLocation> linkedLocationsAt(const std::vector<std::string>& locations) {
-    std::vector<std::string> absolute;
+    std::set<std::string> folders;
     for (const std::string& location : locations) {
         if (const Result<std::string> path = absolutePath(location)) {
-            absolute.push_back(*path);
+            std::error_code ignored;
+            const std::filesystem::path given(*path);
+            folders.insert(std::filesystem::is_directory(given, ignored)
+                               ? *path
+                               : given.parent_path().native());
         }
     }
-    return linkedLocationsOf(absolute);
+    return linkedLocationsOf({folders.begin(), folders.end()});
 }
 
 /// Adds the paths of the folders that `option` names. Returns an error message, or nothing.

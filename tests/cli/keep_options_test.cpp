@@ -129,6 +129,14 @@ TEST_F(RuleOfOptions, AFolderIsKnownByThePathsOfALinkedLocationToo) {
                            .protectedFolders = {{folder_.pathOf("real"), link + "/inner"}}}));
 }
 
+TEST_F(RuleOfOptions, AFolderIsKnownByThePathOfAFileGivenThroughALink) {
+    const std::string real = folder_.makeFolder("real/inner");
+    folder_.writeFile("real/inner/a.jpg", "x");
+    const std::string link = folder_.makeLink("link", folder_.pathOf("real"));
+    EXPECT_EQ(ruled({"--protect", real, link + "/inner/a.jpg"}).rule,
+              (MarkingRule{.protectedFolders = {{real, link + "/inner"}}}));
+}
+
 TEST_F(RuleOfOptions, AFolderThatCannotBeListedIsNamed) {
     const std::string gone = folder_.pathOf("gone");
     const std::string file = folder_.writeFile("file", "x");
