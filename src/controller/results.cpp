@@ -36,6 +36,7 @@ void Results::begin() {
 
 void Results::begin(std::shared_ptr<Modal> list) {
     list_ = std::move(list);
+    firstFilesMayBeMarked_ = false;
     tabs_ = flagsOf(ResultView::all);
 }
 
@@ -91,6 +92,9 @@ void Results::showFiles() {
 
 void Results::markAll() {
     if (list_) {
+        if (firstFilesMayBeMarked_) {
+            list_->unmarkAllExtension();
+        }
         list_->markAllExtension();
         reportAllMarks();
     }
@@ -99,6 +103,7 @@ void Results::markAll() {
 void Results::unmarkAll() {
     if (list_) {
         list_->unmarkAllExtension();
+        firstFilesMayBeMarked_ = false;
         reportAllMarks();
     }
 }
@@ -106,6 +111,7 @@ void Results::unmarkAll() {
 void Results::markByRule(const MarkingRule& rule) {
     if (list_) {
         tarvin::markByRule(*list_, rule);
+        firstFilesMayBeMarked_ = true;
         reportAllMarks();
     }
 }
@@ -123,6 +129,10 @@ void Results::toggle(const QModelIndex& row) {
         return;
     }
     if (extension) {
+        const CheckState state = set ? set->setsState() : extension->extensionState();
+        if (firstFilesMayBeMarked_ && state != CheckState::on) {
+            unmarkFirstFiles(*list_, set ? std::vector{set} : extension->sets());
+        }
         list_->changeStateOfExtension(extension, set, nullptr);
     }
     Q_EMIT marksChanged();
@@ -153,6 +163,7 @@ void Results::keepFile(int row) {
         return;
     }
     tarvin::keepFile(*list_, *set, static_cast<std::size_t>(row));
+    firstFilesMayBeMarked_ = true;
     Q_EMIT marksChanged();
     files_.allMarksChanged();
     tree_.marksChanged(ResultTree::extensionRow(selected_), ResultTree::setRow(selected_));
@@ -167,6 +178,7 @@ void Results::markFolderOf(int row) {
     const std::shared_ptr<File> file = files_.fileAt(row);
     if (list_ && file) {
         markFolder(*list_, *file->directory());
+        firstFilesMayBeMarked_ = true;
         reportAllMarks();
     }
 }

@@ -67,7 +67,9 @@ class Results final : public QObject {
     /// Numbers the files of the selected set by their creation date and shows them in the table.
     void showFilesInOrder(bool ascending);
 
-    // Marks. Without a result these do nothing and report nothing.
+    // Marks. Without a result these do nothing and report nothing. Marking a whole set, extension
+    // or list does not change the mark of a set's first file, unless files were marked by a rule,
+    // by keepFile() or by markFolderOf(): then the first file of each set is unmarked.
 
     void markAll();
     void unmarkAll();
@@ -116,6 +118,8 @@ class Results final : public QObject {
     ResultTree tree_;
     FileList files_;
     QPersistentModelIndex selected_;  // in tree_
+    // A rule, keepFile() or markFolderOf() may have marked the first files of sets.
+    bool firstFilesMayBeMarked_ = false;
 };
 
 }  // namespace tarvin

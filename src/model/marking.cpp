@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <unordered_set>
 #include <utility>
 
 namespace tarvin {
@@ -101,6 +102,20 @@ void keepFile(Modal& modal, const Set& set, std::size_t position) {
     Marks marks(set.files().size(), CheckState::on);
     marks[position] = CheckState::off;
     setMarksOf(modal, set, marks);
+}
+
+void unmarkFirstFiles(Modal& modal, const std::vector<std::shared_ptr<Set>>& sets) {
+    std::unordered_set<const Set*> meant;
+    for (const std::shared_ptr<Set>& set : sets) {
+        if (!set->files().empty() && set->files().front()->state() != CheckState::off) {
+            meant.insert(set.get());
+        }
+    }
+    modal.changeMarksOfSets([&meant](Set& set) {
+        if (meant.contains(&set)) {
+            set.changeStateOfFile(set.files().front());
+        }
+    });
 }
 
 bool canMarkFolder(const Modal& modal, const Directory& folder) {

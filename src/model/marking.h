@@ -43,6 +43,11 @@ ToggleResult toggleFile(Modal& modal, const std::shared_ptr<Extensions>& extensi
 /// on the thread that changes the tree.
 void keepFile(Modal& modal, const Set& set, std::size_t position);
 
+/// Unmarks the first file of each of the sets, which belong to `modal`. Marking all files of a set
+/// does not change the mark of its first file, so a set whose first file was marked by a rule would
+/// be marked as a whole. Only on the thread that changes the tree.
+void unmarkFirstFiles(Modal& modal, const std::vector<std::shared_ptr<Set>>& sets);
+
 /// Whether markFolder() would mark a file.
 [[nodiscard]] bool canMarkFolder(const Modal& modal, const Directory& folder);
 

@@ -97,6 +97,57 @@ TEST_F(ResultsMarking, MarkAllReportsEveryRow) {
     EXPECT_EQ(results_.list().totalFilesSelected(), 4U);
 }
 
+TEST_F(ResultsMarking, MarkAllAfterKeepingAFileLeavesOneOfEachSet) {
+    results_.keepFile(1);
+    EXPECT_EQ(three_->files()[0]->state(), CheckState::on);
+    results_.markAll();
+    EXPECT_EQ(three_->files()[0]->state(), CheckState::off);
+    EXPECT_EQ(results_.list().totalFilesSelected(), 4U);
+}
+
+TEST_F(ResultsMarking, TogglingASetAfterKeepingAFileLeavesOneFile) {
+    results_.keepFile(1);
+    EXPECT_EQ(results_.toggleFile(2), ToggleResult::toggled);
+    results_.toggle(set(0, 0));
+    EXPECT_EQ(three_->files()[0]->state(), CheckState::off);
+    EXPECT_EQ(three_->totalFilesSelectedInSet(), 2U);
+    EXPECT_EQ(results_.list().totalFilesSelected(), 2U);
+}
+
+TEST_F(ResultsMarking, TogglingAnExtensionAfterKeepingAFileLeavesOneOfEachSet) {
+    results_.keepFile(2);
+    EXPECT_EQ(results_.toggleFile(1), ToggleResult::toggled);
+    EXPECT_EQ(jpg_->extensionState(), CheckState::mixed);
+    results_.toggle(extension(0));
+    EXPECT_EQ(three_->files()[0]->state(), CheckState::off);
+    EXPECT_EQ(results_.list().totalFilesSelected(), 3U);
+}
+
+TEST_F(ResultsMarking, MarkAllAfterARuleLeavesOneOfEachSet) {
+    // Only the path of the last file is longer than the others.
+    const std::shared_ptr<Set> many = makeSet("many", {1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1});
+    const auto list = std::make_shared<Modal>();
+    fill(*list, {makeExtension("txt", {many})});
+    results_.begin(list);
+    results_.reload();
+    results_.markByRule({.keep = KeepRule::longest});
+    EXPECT_EQ(many->files().front()->state(), CheckState::on);
+    results_.markAll();
+    EXPECT_EQ(many->files().front()->state(), CheckState::off);
+    EXPECT_EQ(results_.list().totalFilesSelected(), 10U);
+}
+
+TEST_F(ResultsMarking, AFirstFileMarkedByHandStaysMarked) {
+    EXPECT_EQ(results_.toggleFile(0), ToggleResult::toggled);
+    results_.markAll();
+    EXPECT_EQ(three_->files()[0]->state(), CheckState::on);
+    results_.keepFile(1);
+    results_.unmarkAll();
+    EXPECT_EQ(results_.toggleFile(0), ToggleResult::toggled);
+    results_.toggle(set(0, 0));
+    EXPECT_EQ(three_->files()[0]->state(), CheckState::on);
+}
+
 TEST_F(ResultsMarking, UnmarkAllReportsEveryRow) {
     results_.markAll();
     reported_.clear();

@@ -41,6 +41,23 @@ class Marking : public ::testing::Test {
     std::shared_ptr<Extensions> extension_ = std::make_shared<Extensions>("jpg");
 };
 
+TEST_F(Marking, UnmarksTheFirstFilesOfTheGivenSetsOnly) {
+    const auto first = addSet(2);
+    const auto second = addSet(3);
+    const auto third = addSet(2);
+    toggle(first, 0);
+    toggle(second, 0);
+    toggle(second, 1);
+    unmarkFirstFiles(modal_, {second, third});
+    EXPECT_EQ(first->files()[0]->state(), CheckState::on);
+    EXPECT_EQ(second->files()[0]->state(), CheckState::off);
+    EXPECT_EQ(second->files()[1]->state(), CheckState::on);
+    EXPECT_EQ(third->files()[0]->state(), CheckState::off);
+    EXPECT_EQ(modal_.totalFilesSelected(), 2U);
+    EXPECT_EQ(modal_.totalFilesSelectedSize(), 20U);
+    EXPECT_EQ(extension_->totalFilesSelectedInExtension(), 2U);
+}
+
 TEST_F(Marking, TogglesOneFile) {
     const auto set = addSet(3);
     EXPECT_EQ(toggle(set, 1), ToggleResult::toggled);
