@@ -273,6 +273,7 @@ class ResultScenario final {
     /// Types words into the search of a large exceptions list.
     bool searchExceptions() {
         std::vector<std::string> paths;
+        paths.reserve(exceptions);
         for (std::size_t number = 0; number < exceptions; ++number) {
             paths.push_back(tree_ + "/Pictures/20" + std::to_string(number % 30) + " Reise Küste/" +
                             "IMG_" + std::to_string(number) + ".jpg");

@@ -60,7 +60,7 @@ QVariant FileReasons::data(const QModelIndex& index, int role) const {
     return isFile && index.column() == name ? kindData(files_[index.row()].kind, role) : QVariant();
 }
 
-QVariant FileReasons::kindData(FileReason::Kind kind, int role) const {
+QVariant FileReasons::kindData(FileReason::Kind kind, int role) {
     if (kind == FileReason::Kind::any) {
         return {};
     }

@@ -51,7 +51,7 @@ class FileReasons final : public QAbstractTableModel {
 
  private:
     [[nodiscard]] QString textOf(int row, int column) const;
-    [[nodiscard]] QVariant kindData(FileReason::Kind kind, int role) const;
+    [[nodiscard]] static QVariant kindData(FileReason::Kind kind, int role);
 
     QVector<FileReason> files_;
     std::uint64_t more_ = 0;  // files not listed

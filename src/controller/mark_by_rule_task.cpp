@@ -170,7 +170,8 @@ void MarkByRuleTask::showCount(const CountedRule& counted) {
     }
 }
 
-void MarkByRuleTask::showOutcome(const QString& outcome, const QString& blocked, bool canMark) {
+void MarkByRuleTask::showOutcome(const QString& outcome, const QString& blocked,
+                                 bool canMark) const {
     panel_.ruleOutcome->setText(outcome);
     panel_.ruleBlocked->setText(blocked);
     panel_.ruleMark->setEnabled(canMark);

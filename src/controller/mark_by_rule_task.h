@@ -50,7 +50,7 @@ class MarkByRuleTask final : public QObject {
     void choiceChanged();
     void tick();
     void showCount(const CountedRule& counted);
-    void showOutcome(const QString& outcome, const QString& blocked, bool canMark);
+    void showOutcome(const QString& outcome, const QString& blocked, bool canMark) const;
     void close();
 
     Results& results_;

@@ -50,6 +50,7 @@ std::vector<NotReadFolder> topmostOf(std::vector<NotReadFolder> folders) {
 
 NotReadFiles::NotReadFiles(const ScanResult& result) : files_(result.unreadable.files) {
     std::vector<NotReadFolder> folders;
+    folders.reserve(result.unreadableLocations.size());
     for (const UnreadableLocation& location : result.unreadableLocations) {
         folders.push_back({location.path, location.error, location.isTrash});
     }

@@ -51,7 +51,7 @@ QString ProgressDetails::details() const {
     if (bytes_.total == 0) {
         return {};
     }
-    const QString compared = ScanScreenTexts::compared(bytes_.done, bytes_.total);
+    QString compared = ScanScreenTexts::compared(bytes_.done, bytes_.total);
     const auto left = timeLeft_.left();
     if (state_ != State::running || !left) {
         return compared;
