@@ -83,7 +83,7 @@ void ExceptionListPanel::setEmpty(bool empty) {
         empty ? static_cast<QWidget*>(exceptionClose) : exceptionSearch, exceptionClose);
 }
 
-void ExceptionListPanel::setNoneText(const QString& text) {
+void ExceptionListPanel::setNoneText(const QString& text) const {
     exceptionNone->setText(text);
     exceptionNone->setVisible(!text.isEmpty());
 }

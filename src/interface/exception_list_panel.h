@@ -37,7 +37,7 @@ class ExceptionListPanel final : public DialogPanel {
     /// Whether there are no exceptions at all: then the search is disabled, and "Close" is focused
     /// first.
     void setEmpty(bool empty);
-    void setNoneText(const QString& text);
+    void setNoneText(const QString& text) const;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

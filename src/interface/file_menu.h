@@ -25,7 +25,7 @@ class FileMenu final : public QMenu {
     QAction* const exceptionItem;
 
  private:
-    void addKey(QTableView& list, QAction* item, const QKeySequence& key);
+    static void addKey(QTableView& list, QAction* item, const QKeySequence& key);
 };
 
 }  // namespace tarvin

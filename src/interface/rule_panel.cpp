@@ -77,7 +77,7 @@ void RulePanel::placeRules() {
     const QVector<RadioButton*> all = rules();
     const int height = rulePitch * static_cast<int>(all.size());
     placement().place(ruleGroup, {{24 - RadioButton::ringRoom, 76, ruleWidth, height}});
-    auto* inside = new Placement(ruleGroup, {ruleWidth, height});
+    auto* inside = named(new Placement(ruleGroup, {ruleWidth, height}), "rulePlacement");
     int top = 0;
     for (RadioButton* rule : all) {
         inside->place(rule, {{0, top, ruleWidth, rulePitch}});

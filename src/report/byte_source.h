@@ -39,8 +39,10 @@ class ByteSource final {
         using iterator_category = std::input_iterator_tag;
         using value_type = char;
         using difference_type = std::ptrdiff_t;
+        // NOLINTBEGIN(readability-identifier-naming): names of the standard library.
         using pointer = const char*;
         using reference = char;
+        // NOLINTEND(readability-identifier-naming)
 
         Iterator() = default;
         explicit Iterator(ByteSource& source) : source_(&source) {}
@@ -68,7 +70,7 @@ class ByteSource final {
     void countToken(char byte);
 
     const int descriptor_;
-    std::array<char, 65'536> buffer_;  // NOLINT(cppcoreguidelines-pro-type-member-init): read first
+    std::array<char, 65'536> buffer_{};
     std::size_t position_ = 0;
     std::size_t filled_ = 0;
     std::uint64_t passed_ = 0;  // bytes of earlier buffers

@@ -249,8 +249,8 @@ bool ListBuilder::end_array() {
 }
 
 std::string reasonFor(const ListBuilder& builder, const ByteSource& source) {
-    if (source.error()) {
-        return source.error()->text();
+    if (const std::optional<SystemError>& error = source.error()) {
+        return error->text();
     }
     const std::string place = " (byte " + std::to_string(source.offset()) + ')';
     if (source.isTokenTooLong()) {

@@ -58,7 +58,7 @@ Result<ExcludePattern, std::string> ExcludePattern::parse(std::string_view patte
     if (isPath) {
         result.from_ = slash == 0 ? From::rootFolder : From::beginOfWalk;
         if (parts.back() == "**") {
-            parts.push_back("*");
+            parts.emplace_back("*");
         }
     }
     for (const std::string_view part : parts) {
@@ -80,7 +80,8 @@ Result<ExcludePattern, std::string> ExcludePattern::parse(std::string_view patte
 
 bool ExcludePattern::matches(const Directory& folder, std::string_view name, EntryType type) const {
     // The name decides most cases, so few paths have to be built.
-    if ((foldersOnly_ && type != EntryType::directory) || !components_.back()->matches(name)) {
+    const std::optional<Glob>& last = components_.back();
+    if ((foldersOnly_ && type != EntryType::directory) || !last || !last->matches(name)) {
         return false;
     }
     return from_ == From::anywhere || matchesPath(wayTo(folder, name, from_ == From::rootFolder));
@@ -93,18 +94,24 @@ bool ExcludePattern::matchesPath(const std::vector<std::string_view>& path) cons
     std::optional<std::size_t> afterStars;
     std::size_t starsEnd = 0;
     while (at < path.size()) {
-        if (component < components_.size() && !components_[component]) {
-            afterStars = ++component;
-            starsEnd = at;
-        } else if (component < components_.size() && components_[component]->matches(path[at])) {
-            ++component;
-            ++at;
-        } else if (afterStars) {
-            at = ++starsEnd;
-            component = *afterStars;
-        } else {
+        if (component < components_.size()) {
+            const std::optional<Glob>& glob = components_[component];
+            if (!glob) {
+                afterStars = ++component;
+                starsEnd = at;
+                continue;
+            }
+            if (glob->matches(path[at])) {
+                ++component;
+                ++at;
+                continue;
+            }
+        }
+        if (!afterStars) {
             return false;
         }
+        at = ++starsEnd;
+        component = *afterStars;
     }
     return component == components_.size();
 }

@@ -27,6 +27,7 @@ std::optional<std::string> bytesOfHexadecimal(std::string_view digits) {
     for (; !digits.empty(); digits.remove_prefix(2)) {
         unsigned char value = 0;
         const char* const end = digits.data() + 2;
+        // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): the end is given.
         const auto [read, error] = std::from_chars(digits.data(), end, value, 16);
         if (error != std::errc() || read != end) {
             return std::nullopt;

@@ -30,9 +30,10 @@ std::string searchKey(std::string_view text) {
         }
         return key;
     }
-    const std::string valid = withBadBytesReplaced(text);
+    std::string valid = withBadBytesReplaced(text);
     utf8proc_uint8_t* folded = nullptr;
     constexpr auto options =
+        // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): a set of flags.
         static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPAT | UTF8PROC_COMPOSE |
                                        UTF8PROC_CASEFOLD | UTF8PROC_STRIPMARK | UTF8PROC_IGNORE);
     const utf8proc_ssize_t length =
