@@ -122,8 +122,8 @@ class MoveReport final {
  public:
     MoveReport(const ScanOptions& options, OutputFile& output)
         : report_(options.format, shownOutput(options.output), output,
-                  [](ResultFormat format, Output& output) {
-                      return makeCleanWriter(format, false, output);
+                  [](ResultFormat format, Output& target) {
+                      return makeCleanWriter(format, false, target);
                   }) {}
 
     void add(const File& file, const MoveResult& result) {
