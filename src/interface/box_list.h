@@ -3,6 +3,7 @@
 #include "interface/accessible_list.h"
 #include "interface/mark_announcer.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPersistentModelIndex>
@@ -12,7 +13,8 @@ namespace tarvin {
 /// The base of the lists whose rows have check boxes, `View` being QTableView or QTreeView: the
 /// boxes take clicks and Space, and their changes are announced to assistive technology. A click is
 /// a press and a release of the left button on the same box; a double click is two. A key that is
-/// held acts once. Main thread only.
+/// held acts once. The Menu key opens the menu of the current row, which is scrolled into view
+/// first. Main thread only.
 template <class View>
 class BoxList : public View, public MarkedList {
  protected:
@@ -44,6 +46,25 @@ class BoxList : public View, public MarkedList {
     }
 
     [[nodiscard]] MarkAnnouncer& marks() { return marks_; }
+
+    /// Opens the menu of a row that is in view. `row` is in the first column, `lowerLeft` the
+    /// corner of that cell in the viewport.
+    virtual void openMenu(const QModelIndex& /*row*/, const QPoint& lowerLeft) {
+        Q_EMIT this->customContextMenuRequested(lowerLeft);
+    }
+
+    /// Only keys send a request for a menu to the list itself; the mouse sends it to the viewport.
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::ContextMenu ||
+            static_cast<QContextMenuEvent*>(event)->reason() != QContextMenuEvent::Keyboard) {
+            return View::event(event);
+        }
+        if (const QModelIndex row = this->currentIndex().siblingAtColumn(0); row.isValid()) {
+            this->scrollTo(row);
+            openMenu(row, (this->visualRect(row) & this->viewport()->rect()).bottomLeft());
+        }
+        return true;
+    }
 
     void paintEvent(QPaintEvent* event) override {
         View::paintEvent(event);

@@ -64,7 +64,7 @@ bool LocationTable::event(QEvent* event) {
         event->accept();
         return true;
     }
-    return QTableView::event(event);
+    return BoxTable::event(event);
 }
 
 void LocationTable::keyPressEvent(QKeyEvent* event) {

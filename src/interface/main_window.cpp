@@ -32,6 +32,9 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QStackedWidget>
 #include <QToolTip>
@@ -355,6 +358,19 @@ void MainWindow::setClosePermission(std::function<bool()> permission) {
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     covers_->resize();
+}
+
+/// X11 and Wayland report only the Menu key as a request for a menu.
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    QWidget* holder = focusWidget();
+    if (holder == nullptr || event->key() != Qt::Key_F10 ||
+        event->modifiers() != Qt::ShiftModifier) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    const QPoint middle = holder->rect().center();
+    QContextMenuEvent request(QContextMenuEvent::Keyboard, middle, holder->mapToGlobal(middle));
+    QCoreApplication::sendEvent(holder, &request);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

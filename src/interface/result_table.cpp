@@ -158,10 +158,6 @@ void ResultTable::keyPressEvent(QKeyEvent* event) {
         }
         return;
     }
-    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
-        requestMenuOfCurrentRow();
-        return;
-    }
     if (event->key() == Qt::Key_Space) {
         continueFromBox();
     }
@@ -170,24 +166,16 @@ void ResultTable::keyPressEvent(QKeyEvent* event) {
 }
 
 void ResultTable::contextMenuEvent(QContextMenuEvent* event) {
-    if (event->reason() == QContextMenuEvent::Keyboard) {
-        requestMenuOfCurrentRow();
-    } else if (const QModelIndex index = indexAt(event->pos()); index.isValid()) {
+    if (const QModelIndex index = indexAt(event->pos()); index.isValid()) {
         selectFile(index.row());
         Q_EMIT menuRequested(index.row(), event->globalPos());
     }
 }
 
-/// At the lower left of the row.
-void ResultTable::requestMenuOfCurrentRow() {
-    const QModelIndex first = currentIndex().siblingAtColumn(nameText);
-    if (!first.isValid()) {
-        return;
-    }
-    selectFile(first.row());
-    const QRect row = visualRect(first);
-    Q_EMIT menuRequested(first.row(),
-                         viewport()->mapToGlobal(QPoint(row.left(), row.bottom() + 1)));
+/// Below the row, so that it stays visible.
+void ResultTable::openMenu(const QModelIndex& row, const QPoint& lowerLeft) {
+    selectFile(row.row());
+    Q_EMIT menuRequested(row.row(), viewport()->mapToGlobal(lowerLeft + QPoint(0, 1)));
 }
 
 /// Selects the current row if a navigation key could not move because it is at an end.

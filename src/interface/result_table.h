@@ -68,10 +68,10 @@ class ResultTable final : public BoxTable {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void openMenu(const QModelIndex& row, const QPoint& lowerLeft) override;
 
  private:
     void fitColumns();
-    void requestMenuOfCurrentRow();
     void selectRowOfKeyboard(const QKeyEvent& event);
 };
 

@@ -282,6 +282,26 @@ TEST_F(LocationTableTest, TheMenuKnowsItsRow) {
     window.locations->tableMenu->close();
 }
 
+TEST_F(LocationTableTest, KeysOpenTheMenuOfTheCurrentRowAlsoFarAway) {
+    for (int more = 0; more < 40; ++more) {
+        rows.add(QStringLiteral("/a"), QStringLiteral("folder"), false);
+    }
+    const QSignalSpy shown(window.locations->tableMenu, &QMenu::aboutToShow);
+    table.setFocus();
+    table.setCurrentIndex(rows.index(1, LocationTable::mainCell));
+    table.scrollToBottom();
+    QTest::keyClick(&table, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(shown.size(), 1);
+    EXPECT_EQ(window.locations->clickedRow(), 1);
+    const QRect row = table.visualRect(rows.index(1, LocationTable::mainCell));
+    EXPECT_TRUE(table.viewport()->rect().contains(row));
+    EXPECT_EQ(window.locations->tableMenu->pos(), table.viewport()->mapToGlobal(row.bottomLeft()));
+    window.locations->tableMenu->close();
+    table.setCurrentIndex({});
+    QTest::keyClick(&table, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(shown.size(), 1);
+}
+
 TEST_F(LocationTableTest, ThereIsNoMenuBelowTheRows) {
     const QSignalSpy shown(window.locations->tableMenu, &QMenu::aboutToShow);
 

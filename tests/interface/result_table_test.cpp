@@ -5,6 +5,7 @@
 #include "interface/some_results.h"
 
 #include <QAccessible>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -271,6 +272,27 @@ TEST_F(ResultTableTest, MarksLeaveTheCurrentRowAndThePlace) {
 
     EXPECT_EQ(table.verticalScrollBar()->value(), position);
     EXPECT_EQ(table.currentIndex().row(), 30);
+}
+
+TEST_F(ResultTableTest, KeysRequestTheMenuOfTheCurrentRowAlsoFarAway) {
+    for (int more = 0; more < 40; ++more) {
+        files.add(QStringLiteral("a"), QStringLiteral("/b"), 1, false);
+    }
+    QCoreApplication::processEvents();
+    QSignalSpy requests(&table, &ResultTable::menuRequested);
+    for (const int row : {1, 43}) {
+        table.setCurrentIndex(files.index(row, ResultTable::fileLocation));
+        table.verticalScrollBar()->setValue(row == 1 ? table.verticalScrollBar()->maximum() : 0);
+        QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
+        QCoreApplication::sendEvent(&table, &byKey);
+        ASSERT_EQ(requests.size(), 1);
+        EXPECT_EQ(requests.front().at(0).toInt(), row);
+        const QRect name = table.visualRect(files.index(row, ResultTable::nameText));
+        EXPECT_TRUE(table.viewport()->rect().contains(name));
+        EXPECT_EQ(requests.front().at(1).toPoint(),
+                  table.viewport()->mapToGlobal(name.bottomLeft() + QPoint(0, 1)));
+        requests.clear();
+    }
 }
 
 /// A confusing file name: a line break, markup, Hebrew and an invalid byte.

@@ -6,6 +6,7 @@
 #include "interface/tree_row.h"
 
 #include <QAccessible>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QMenu>
 #include <QScrollBar>
@@ -545,6 +546,21 @@ TEST_F(ResultTreeViewTest, TheMenuOpensOnlyOnARow) {
     }
     Q_EMIT tree.customContextMenuRequested({60, tree.viewport()->height() - 5});
     EXPECT_FALSE(menu.isVisible());
+}
+
+TEST_F(ResultTreeViewTest, KeysOpenTheMenuOfTheCurrentRowAlsoFarAway) {
+    QMenu& menu = *window.results->outlineMenu;
+    tree.setFocus();
+    tree.selectSet(sets.setAt(0, 1));
+    tree.scrollToBottom();
+    ASSERT_LT(tree.visualRect(sets.setAt(0, 1)).top(), 0);
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
+    QCoreApplication::sendEvent(&tree, &byKey);
+    EXPECT_TRUE(menu.isVisible());
+    const QRect box = tree.visualRect(sets.setAt(0, 1));
+    EXPECT_TRUE(tree.viewport()->rect().contains(box));
+    EXPECT_EQ(menu.pos(), tree.viewport()->mapToGlobal(box.bottomLeft()));
+    menu.close();
 }
 
 TEST_F(ResultTreeViewTest, AssistiveTechnologyFindsNamesAndStates) {

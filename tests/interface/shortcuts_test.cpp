@@ -2,9 +2,12 @@
 #include "controls/hover_button.h"
 #include "controls/windows_like_button.h"
 #include "interface/progress_screen.h"
+#include "interface/property_text.h"
 #include "interface/result_panels.h"
 #include "interface/result_screen.h"
+#include "interface/result_tree_view.h"
 #include "interface/shown_window.h"
+#include "interface/some_results.h"
 #include "interface/window_covers.h"
 
 #include <QAction>
@@ -153,6 +156,38 @@ TEST_F(ShortcutsTest, WorkWithTheFocusInTheBarOrNowhere) {
     QTest::keyClick(&window, Qt::Key_O, Qt::ControlModifier);
 
     EXPECT_EQ(clicks.size(), 2);
+}
+
+TEST_F(ShortcutsTest, CtrlAndArrowsChooseASetWhereverTheFocusIs) {
+    SomeSets sets;
+    sets.addExtension(QStringLiteral("jpg"), Qt::Unchecked);
+    for (int set = 0; set < 40; ++set) {
+        sets.addSet(QStringLiteral("Set(1)"), Qt::Unchecked);
+    }
+    ResultTreeView& tree = *window.results->OView2;
+    tree.setModel(&sets);
+    tree.expandAll();
+    window.selectTabViewItem(QStringLiteral("4"));
+    window.results->setNotRead(QStringLiteral("1 file could not be read."));
+    window.results->textField->setText(QStringLiteral("a\nb\nc"));
+    tree.selectSet(sets.setAt(0, 0));
+    const QWidget* first = window.focusWidget();
+    int visited = 0;
+    do {
+        QWidget* holder = window.focusWidget();
+        const std::string name = holder->objectName().toStdString();
+        QTest::keyClick(holder, Qt::Key_Down, Qt::ControlModifier);
+        QTest::keyClick(holder, Qt::Key_Down, Qt::ControlModifier);
+        EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 2)) << name;
+        QTest::keyClick(holder, Qt::Key_Up, Qt::ControlModifier);
+        QTest::keyClick(holder, Qt::Key_Up, Qt::ControlModifier);
+        EXPECT_EQ(tree.selectedSet(), sets.setAt(0, 0)) << name;
+        EXPECT_EQ(window.focusWidget(), holder) << name;
+        QTest::keyClick(holder, Qt::Key_Tab);
+        ++visited;
+    } while (window.focusWidget() != first && visited < 50);
+    EXPECT_EQ(visited, 21);
+    tree.setModel(nullptr);
 }
 
 TEST_F(ShortcutsTest, F1RequestsTheGuideOnEveryScreen) {
