@@ -106,7 +106,19 @@ bool ExceptionListPanel::eventFilter(QObject* watched, QEvent* event) {
         exceptionSearch->setFocus(Qt::ShortcutFocusReason);
         return true;
     }
-    return false;
+    return pressTitle(key);
+}
+
+/// Ctrl+1 and Ctrl+2 do what a click on the title of that column does. Returns whether it was one
+/// of them.
+bool ExceptionListPanel::pressTitle(const QKeyEvent& key) const {
+    const int column = key.key() - Qt::Key_1;
+    const bool isTitle = column >= 0 && column < exceptionTable->columns().size() &&
+                         (key.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier;
+    if (isTitle) {
+        Q_EMIT exceptionTable->horizontalHeader()->sectionClicked(column);
+    }
+    return isTitle;
 }
 
 void ExceptionListPanel::keyPressEvent(QKeyEvent* event) {
@@ -115,7 +127,7 @@ void ExceptionListPanel::keyPressEvent(QKeyEvent* event) {
         exceptionSearch->selectAll();
     } else if (event->key() == Qt::Key_Escape && !exceptionSearch->text().isEmpty()) {
         exceptionSearch->clear();
-    } else {
+    } else if (!pressTitle(*event)) {
         DialogPanel::keyPressEvent(event);
     }
 }

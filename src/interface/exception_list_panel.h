@@ -50,6 +50,7 @@ class ExceptionListPanel final : public DialogPanel {
 
  private:
     void placeControls();
+    [[nodiscard]] bool pressTitle(const QKeyEvent& key) const;
 
     QLabel* const emptyHint_;
 };

@@ -98,8 +98,23 @@ bool ListTable::viewportEvent(QEvent* event) {
     return true;
 }
 
+/// Returns whether it was a key for that.
+bool ListTable::moveEdgeByKey(const QKeyEvent& event) {
+    constexpr int step = 16;  // logical pixels
+    const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+    const bool narrows = event.key() == Qt::Key_Left;
+    const bool isMeant =
+        (narrows || event.key() == Qt::Key_Right) && (held & ~Qt::ShiftModifier) == Qt::AltModifier;
+    const int section = held.testFlag(Qt::ShiftModifier) ? 1 : 0;
+    if (isMeant && section + 1 < columns_.size()) {
+        horizontalHeader()->resizeSection(section, columnWidth(section) + (narrows ? -step : step));
+    }
+    return isMeant;
+}
+
 void ListTable::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn || moveEdgeByKey(*event)) {
         return;
     }
     // The panel handles Escape.

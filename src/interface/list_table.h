@@ -10,7 +10,8 @@ namespace tarvin {
 /// model. A text that is too long is elided, and its tool tip shows the whole text. Main thread
 /// only.
 ///
-/// The user can drag the edge between two columns. Return does nothing, so that it does not
+/// The user can drag the edge between two columns; Alt+Left and Alt+Right move the first edge, with
+/// Shift the second. Return does nothing, so that it does not
 /// activate the default button of the panel.
 class ListTable : public QTableView {
     Q_OBJECT
@@ -53,6 +54,7 @@ class ListTable : public QTableView {
  private:
     void fitColumns();
     void moveEdge(int section, int before, int now);
+    [[nodiscard]] bool moveEdgeByKey(const QKeyEvent& event);
 
     const QVector<Column> columns_;
     bool fitting_ = false;  // the list itself is changing the widths

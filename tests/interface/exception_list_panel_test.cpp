@@ -184,6 +184,21 @@ TEST_F(ExceptionListPanelTest, CtrlAAndCtrlCAreForAllRows) {
     EXPECT_EQ(copies.size(), 1);
 }
 
+TEST_F(ExceptionListPanelTest, CtrlAndADigitClickTheTitleOfAColumn) {
+    const QSignalSpy clicks(panel.exceptionTable->horizontalHeader(), &QHeaderView::sectionClicked);
+    show();
+    panel.exceptionTable->setFocus();
+    QTest::keyClick(panel.exceptionTable, Qt::Key_2, Qt::ControlModifier);
+    QTest::keyClick(panel.exceptionTable, Qt::Key_3, Qt::ControlModifier);
+    QTest::keyClick(panel.exceptionTable, Qt::Key_1);
+    field.setFocus();
+    QTest::keyClick(&field, Qt::Key_1, Qt::ControlModifier);
+    ASSERT_EQ(clicks.size(), 2);
+    EXPECT_EQ(clicks[0].front().toInt(), 1);
+    EXPECT_EQ(clicks[1].front().toInt(), 0);
+    EXPECT_EQ(field.text(), QString());
+}
+
 TEST_F(ExceptionListPanelTest, AClickOnATitleIsReported) {
     const QSignalSpy clicks(panel.exceptionTable->horizontalHeader(), &QHeaderView::sectionClicked);
     show();

@@ -184,6 +184,25 @@ TEST_F(ListPanelTest, DraggingAnEdgeResizesBothNeighbours) {
     EXPECT_EQ(columnWidth(0) + columnWidth(1) + columnWidth(2), 618);
 }
 
+TEST_F(ListPanelTest, AltAndArrowsMoveTheEdges) {
+    show();
+    panel.table->setFocus();
+    QTest::keyClick(panel.table, Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(columnWidth(0), 160 + 16);
+    EXPECT_EQ(columnWidth(1), 232 - 16);
+    QTest::keyClick(panel.table, Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(columnWidth(0), 160);
+    QTest::keyClick(panel.table, Qt::Key_Left, Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_EQ(columnWidth(0), 160);
+    EXPECT_EQ(columnWidth(1), 232 - 16);
+    EXPECT_EQ(columnWidth(2), 226 + 16);
+    for (int pressed = 0; pressed < 40; ++pressed) {
+        QTest::keyClick(panel.table, Qt::Key_Right, Qt::AltModifier);
+    }
+    EXPECT_EQ(columnWidth(1), 48);
+    EXPECT_EQ(columnWidth(0) + columnWidth(1) + columnWidth(2), 618);
+}
+
 TEST_F(ListPanelTest, ATipShowsTheWholeTextOfAShortenedCell) {
     show();
     const QRect cell = panel.table->visualRect(rows.index(1, 0));
