@@ -53,6 +53,17 @@ struct FileAttributes {
     std::uint32_t linkCount = 0;  ///< hard links; 0 if it was removed
 };
 
+/// A folder of a file system that is mounted: its root, or another folder (a bind mount, a
+/// subvolume).
+struct MountedFolder {
+    /// Tells file systems apart; not comparable with FileIdentity::device.
+    std::uint64_t fileSystem = 0;
+    std::string root;        ///< absolute path within the file system; "/" is all of it
+    std::string mountPoint;  ///< absolute path
+
+    bool operator==(const MountedFolder&) const = default;
+};
+
 /// A file or folder opened by a FileSystem, which closes it on destruction and must outlive it.
 class Descriptor final {
  public:
@@ -153,6 +164,8 @@ class FileSystem {
     /// Whether the device is a rotational disk, on which two readers are slower than one. This and
     /// isPseudoFileSystem() take some tenths of a millisecond.
     virtual bool isRotational(std::uint64_t device) = 0;
+    /// What is mounted now; empty if that is unknown.
+    virtual std::vector<MountedFolder> mountedFolders() { return {}; }
     /// The home Trash, if it exists.
     virtual std::optional<FileIdentity> homeTrash() = 0;
     /// Maximum number of open files of the process.

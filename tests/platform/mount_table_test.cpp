@@ -17,7 +17,7 @@ namespace {
 TEST(MountTable, ReadsTheFieldsOfALine) {
     const auto entries = parseMountInfo(
         "36 35 98:0 /mnt1 /mnt2 rw,noatime master:1 - ext3 /dev/root rw,errors=continue\n");
-    const std::vector<MountEntry> expected{{makedev(98, 0), "/mnt2", "ext3", "/dev/root"}};
+    const std::vector<MountEntry> expected{{makedev(98, 0), "/mnt2", "ext3", "/dev/root", "/mnt1"}};
     EXPECT_EQ(entries, expected);
 }
 

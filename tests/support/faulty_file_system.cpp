@@ -91,6 +91,16 @@ void FaultyFileSystem::setCreated(const std::string& path, Timestamp created) {
     created_[path] = created;
 }
 
+void FaultyFileSystem::setIdentity(const std::string& path, FileIdentity identity) {
+    const std::lock_guard lock(mutex_);
+    identities_[path] = identity;
+}
+
+void FaultyFileSystem::setMountedFolders(std::vector<MountedFolder> folders) {
+    const std::lock_guard lock(mutex_);
+    mountedFolders_ = std::move(folders);
+}
+
 void FaultyFileSystem::setListingOrder(ListingOrder order, std::uint64_t seed) {
     const std::lock_guard lock(mutex_);
     order_ = order;
@@ -319,6 +329,11 @@ bool FaultyFileSystem::isRotational(std::uint64_t device) {
     return real_.isRotational(device);
 }
 
+std::vector<MountedFolder> FaultyFileSystem::mountedFolders() {
+    const std::lock_guard lock(mutex_);
+    return mountedFolders_ ? *mountedFolders_ : real_.mountedFolders();
+}
+
 std::optional<FileIdentity> FaultyFileSystem::homeTrash() {
     const std::lock_guard lock(mutex_);
     return homeTrash_;
@@ -516,6 +531,9 @@ Result<FileAttributes> FaultyFileSystem::withFlags(Result<FileAttributes> attrib
     }
     if (const auto created = created_.find(path); attributes && created != created_.end()) {
         attributes->created = created->second;
+    }
+    if (const auto told = identities_.find(path); attributes && told != identities_.end()) {
+        attributes->identity = told->second;
     }
     return attributes;
 }

@@ -85,6 +85,9 @@ class FaultyFileSystem final : public FileSystem {
     void setImmutable(const std::string& path);
     /// Reports that time of creation for the entry with exactly this path.
     void setCreated(const std::string& path, Timestamp created);
+    /// Reports that identity for the entry with exactly this path.
+    void setIdentity(const std::string& path, FileIdentity identity);
+    void setMountedFolders(std::vector<MountedFolder> folders);
     /// Sets the order of entries for folders that are opened from now on.
     void setListingOrder(ListingOrder order, std::uint64_t seed = 0);
     /// Lists entries without their types, like some file systems.
@@ -130,6 +133,8 @@ class FaultyFileSystem final : public FileSystem {
     void disableReadAhead(const Descriptor& file) override;
     bool isPseudoFileSystem(std::uint64_t device) override;
     bool isRotational(std::uint64_t device) override;
+    /// Those of setMountedFolders(), or the real ones.
+    std::vector<MountedFolder> mountedFolders() override;
     std::optional<FileIdentity> homeTrash() override;
     std::size_t descriptorLimit() override;
 
@@ -202,8 +207,10 @@ class FaultyFileSystem final : public FileSystem {
     std::optional<bool> rotational_;
     std::map<std::uint64_t, bool> pseudo_;
     std::optional<FileIdentity> homeTrash_;
+    std::optional<std::vector<MountedFolder>> mountedFolders_;
     std::unordered_set<std::string> immutable_;
     std::unordered_map<std::string, Timestamp> created_;
+    std::unordered_map<std::string, FileIdentity> identities_;
     std::unordered_map<std::string, std::uint64_t> invented_;  // by folder
     ListingOrder order_ = ListingOrder::asListed;
     std::uint64_t seed_ = 0;

@@ -18,6 +18,7 @@
 #include <climits>
 #include <cstddef>
 #include <limits>
+#include <utility>
 
 namespace tarvin {
 
@@ -239,6 +240,14 @@ class LinuxFileSystem final : public FileSystem {
     }
 
     bool isRotational(std::uint64_t device) override { return isRotationalDevice(device); }
+
+    std::vector<MountedFolder> mountedFolders() override {
+        std::vector<MountedFolder> folders;
+        for (MountEntry& mount : readMountInfo().value_or(std::vector<MountEntry>())) {
+            folders.push_back({mount.device, std::move(mount.root), std::move(mount.mountPoint)});
+        }
+        return folders;
+    }
 
     std::optional<FileIdentity> homeTrash() override {
         const auto path = homeTrashFolder(processEnvironment());

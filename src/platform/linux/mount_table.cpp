@@ -106,7 +106,7 @@ std::optional<MountEntry> parseLine(std::string_view line) {
     takeUntil(line, ' ');  // mount ID
     takeUntil(line, ' ');  // parent ID
     const auto device = parseDevice(takeUntil(line, ' '));
-    takeUntil(line, ' ');  // root of the mount within the file system
+    const std::string_view root = takeUntil(line, ' ');
     const std::string_view mountPoint = takeUntil(line, ' ');
     takeUntil(line, ' ');  // options
     if (!device || !mountPoint.starts_with('/') || !skipOptionalFields(line)) {
@@ -118,7 +118,8 @@ std::optional<MountEntry> parseLine(std::string_view line) {
     if (type.empty()) {
         return std::nullopt;
     }
-    return MountEntry{*device, unescaped(mountPoint), unescaped(type), unescaped(source)};
+    return MountEntry{*device, unescaped(mountPoint), unescaped(type), unescaped(source),
+                      unescaped(root)};
 }
 
 }  // namespace

@@ -16,6 +16,7 @@ struct MountEntry {
     std::string mountPoint;
     std::string fileSystemType;  ///< with a subtype after a dot, as in "fuse.sshfs"
     std::string source;          ///< "/dev/sda1", "server:/export", or any word
+    std::string root = "/";      ///< the mounted folder of the file system
 
     bool operator==(const MountEntry&) const = default;
 };
