@@ -22,13 +22,19 @@ constexpr int years = 50;
 constexpr int topFolders = 200;
 constexpr int runs = 7;
 
+/// Of a folder of the uppermost level.
+FileIdentity identityOf(int top) {
+    return {1, static_cast<std::uint64_t>(top) + 1};
+}
+
 /// The files of a set are in different folders, four levels deep, as copies usually are.
 void fillWithSets(Modal& modal) {
     const std::shared_ptr<FileStore> store = FileStore::create();
     const Directory* const root = store->addRoot("/home/anna");
     std::vector<const Directory*> folders;
     for (int top = 0; top < topFolders; ++top) {
-        const Directory* const above = store->addDirectory(root, "folder " + std::to_string(top));
+        Directory* const above = store->addDirectory(root, "folder " + std::to_string(top));
+        above->identity = identityOf(top);
         for (int year = 0; year < years; ++year) {
             const Directory* const of = store->addDirectory(above, std::to_string(1980 + year));
             for (int month = 0; month < setCount / topFolders / years; ++month) {
@@ -80,9 +86,11 @@ int run() {
     measure(modal, "shortest", {.keep = KeepRule::shortest});
     MarkingRule folders{.keep = KeepRule::preferred};
     for (int top = 0; top < topFolders / 2; ++top) {
-        folders.preferred.push_back({"/home/anna/folder " + std::to_string(2 * top)});
-        folders.protectedFolders.push_back({"/home/anna/folder " + std::to_string(2 * top + 1) +
-                                            "/" + std::to_string(1980 + top % years)});
+        folders.preferred.push_back(
+            {{"/home/anna/folder " + std::to_string(2 * top)}, {identityOf(2 * top)}});
+        folders.protectedFolders.push_back({{"/home/anna/folder " + std::to_string(2 * top + 1) +
+                                             "/" + std::to_string(1980 + top % years)},
+                                            {identityOf(2 * top + 1)}});
     }
     measure(modal, "preferred, 100 and 100 folders", folders);
     return 0;

@@ -38,7 +38,7 @@ std::string misfitOf(const KeepOptions& options) {
 }
 
 /// Of files given one by one, their folders.
-std::vector<LinkedLocation> linkedLocationsAt(const std::vector<std::string>& locations) {
+ScanWays scanWaysTo(const std::vector<std::string>& locations, FileSystem& fileSystem) {
     std::set<std::string> folders;
     for (const std::string& location : locations) {
         if (const Result<std::string> path = absolutePath(location)) {
@@ -49,19 +49,19 @@ std::vector<LinkedLocation> linkedLocationsAt(const std::vector<std::string>& lo
                                : given.parent_path().native());
         }
     }
-    return linkedLocationsOf({folders.begin(), folders.end()});
+    return scanWaysOf({folders.begin(), folders.end()}, fileSystem);
 }
 
-/// Adds the paths of the folders that `option` names. Returns an error message, or nothing.
-std::string addPathsOf(const std::vector<std::string>& folders, std::string_view option,
-                       const std::vector<LinkedLocation>& linked, FileSystem& fileSystem,
-                       std::vector<FolderPaths>& paths) {
-    for (const std::string& given : folders) {
-        const Result<std::string> folder = ruleFolderAt(given, fileSystem);
+/// Adds the folders that `option` names. Returns an error message, or nothing.
+std::string addFoldersOf(const std::vector<std::string>& given, std::string_view option,
+                         const ScanWays& ways, FileSystem& fileSystem,
+                         std::vector<RuleFolder>& folders) {
+    for (const std::string& path : given) {
+        const Result<FoundFolder> folder = ruleFolderAt(path, fileSystem);
         if (!folder) {
-            return invalidValueText(given, option, folder.error().text());
+            return invalidValueText(path, option, folder.error().text());
         }
-        paths.push_back(pathsInScan(*folder, linked));
+        folders.push_back(folderInScan(*folder, ways));
     }
     return {};
 }
@@ -92,12 +92,12 @@ Result<std::optional<MarkingRule>, std::string> markingRuleOf(
     MarkingRule rule;
     rule.keep = options.keep.value_or(prefers ? KeepRule::preferred : KeepRule::first);
     if (prefers || protects) {
-        const std::vector<LinkedLocation> linked = linkedLocationsAt(locations);
+        const ScanWays ways = scanWaysTo(locations, fileSystem);
         std::string error =
-            addPathsOf(options.preferred, "--prefer", linked, fileSystem, rule.preferred);
+            addFoldersOf(options.preferred, "--prefer", ways, fileSystem, rule.preferred);
         if (error.empty()) {
-            error = addPathsOf(options.protectedFolders, "--protect", linked, fileSystem,
-                               rule.protectedFolders);
+            error = addFoldersOf(options.protectedFolders, "--protect", ways, fileSystem,
+                                 rule.protectedFolders);
         }
         if (!error.empty()) {
             return error;

@@ -21,8 +21,8 @@ struct RuleCount::Job {
         : fileSystem(files), list(std::move(counted)), choice(std::move(chosen)) {}
 
     void run();
-    [[nodiscard]] std::vector<FolderPaths> pathsOf(const std::vector<std::string>& folders,
-                                                   const std::vector<LinkedLocation>& linked);
+    [[nodiscard]] std::vector<RuleFolder> foldersAt(const std::vector<std::string>& paths,
+                                                    const ScanWays& ways);
     /// Calls `read` with the list, unless the job is abandoned.
     template <typename Read>
     void readList(const Read& read) {
@@ -47,10 +47,10 @@ void RuleCount::Job::run() {
     if (prefers || !choice.protectedFolders.empty()) {
         std::vector<std::string> locations;
         readList([&](const Modal& modal) { locations = locationsOf(modal); });
-        const std::vector<LinkedLocation> linked = linkedLocationsOf(locations);
-        result.rule.protectedFolders = pathsOf(choice.protectedFolders, linked);
+        const ScanWays ways = scanWaysOf(locations, fileSystem);
+        result.rule.protectedFolders = foldersAt(choice.protectedFolders, ways);
         if (prefers) {
-            result.rule.preferred = pathsOf(choice.preferred, linked);
+            result.rule.preferred = foldersAt(choice.preferred, ways);
         }
     }
     readList([&](const Modal& modal) { result.outcome = countByRule(modal, result.rule); });
@@ -58,17 +58,17 @@ void RuleCount::Job::run() {
 }
 
 /// A folder that is gone now may have been there during the scan: its files keep its path.
-std::vector<FolderPaths> RuleCount::Job::pathsOf(const std::vector<std::string>& folders,
-                                                 const std::vector<LinkedLocation>& linked) {
-    std::vector<FolderPaths> paths;
-    for (const std::string& folder : folders) {
-        const Result<std::string> resolved = ruleFolderAt(folder, fileSystem);
-        if (!resolved) {
-            result.gone.push_back(folder);
+std::vector<RuleFolder> RuleCount::Job::foldersAt(const std::vector<std::string>& paths,
+                                                  const ScanWays& ways) {
+    std::vector<RuleFolder> folders;
+    for (const std::string& path : paths) {
+        const FoundFolder found = findRuleFolder(path, fileSystem);
+        if (found.isGone) {
+            result.gone.push_back(path);
         }
-        paths.push_back(pathsInScan(resolved ? *resolved : folder, linked));
+        folders.push_back(folderInScan(found, ways));
     }
-    return paths;
+    return folders;
 }
 
 void RuleCount::start(std::shared_ptr<const Modal> list, const RuleChoice& choice) {

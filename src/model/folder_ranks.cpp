@@ -30,6 +30,19 @@ void FolderRanks::protect(std::string_view path) {
     nodeOf(path).rank.isProtected = true;
 }
 
+void FolderRanks::prefer(const FileIdentity& identity, std::uint32_t position) {
+    if (identity.inode != 0) {
+        FolderRank& rank = identities_[identity];
+        rank.preference = std::min(rank.preference, position);
+    }
+}
+
+void FolderRanks::protect(const FileIdentity& identity) {
+    if (identity.inode != 0) {
+        identities_[identity].isProtected = true;
+    }
+}
+
 FolderRank FolderRanks::rankOf(const Directory& directory) {
     if (isEmpty()) {
         return {};
@@ -46,16 +59,14 @@ FolderRank FolderRanks::rankOf(const Directory& directory) {
             break;
         }
         if (at->parent == nullptr) {
-            place = placeOfRoot({at->name, at->nameLength});
-            places_.emplace(at, place);
+            place = remember(*at, placeOfRoot({at->name, at->nameLength}));
             break;
         }
         unknown_.push_back(at);
     }
     for (; !unknown_.empty(); unknown_.pop_back()) {
         const Directory* const at = unknown_.back();
-        place = below(place, {at->name, at->nameLength});
-        places_.emplace(at, place);
+        place = remember(*at, below(place, {at->name, at->nameLength}));
     }
     last_ = &directory;
     lastRank_ = place.rank;
@@ -91,10 +102,21 @@ FolderRanks::Place FolderRanks::below(Place place, std::string_view name) const 
 }
 
 FolderRanks::Place FolderRanks::placeOfRoot(std::string_view path) const {
+    if (nodes_.empty()) {
+        return {outside, {}};
+    }
     Place place{0, nodes_.front().rank};
     for (std::string_view name = takeComponent(path); !name.empty(); name = takeComponent(path)) {
         place = below(place, name);
     }
+    return place;
+}
+
+FolderRanks::Place FolderRanks::remember(const Directory& directory, Place place) {
+    if (const auto added = identities_.find(directory.identity); added != identities_.end()) {
+        place.rank = joined(place.rank, added->second);
+    }
+    places_.emplace(&directory, place);
     return place;
 }
 

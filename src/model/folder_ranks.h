@@ -25,7 +25,8 @@ struct FolderRank {
 
 /// The preferred and protected folders of a rule. A folder holds itself and every folder below it.
 /// Paths are compared component by component and byte for byte, so "/a/b" does not hold "/a/bc";
-/// links are not resolved. One thread at a time.
+/// links are not resolved. A folder added by its identity holds the folders of a scan that have
+/// this identity, whatever their names, and those below them. One thread at a time.
 ///
 /// Each folder of a scan is ranked once and remembered, so the cost of a file depends neither on
 /// the number of folders in the rule nor on the length of its path.
@@ -36,9 +37,12 @@ class FolderRanks final {
     /// rankOf().
     void prefer(std::string_view path, std::uint32_t position);
     void protect(std::string_view path);
+    /// The same for an identity. Ignores the unknown identity, inode 0.
+    void prefer(const FileIdentity& identity, std::uint32_t position);
+    void protect(const FileIdentity& identity);
 
     /// Whether no folder was added: every rank is the default one.
-    [[nodiscard]] bool isEmpty() const { return nodes_.empty(); }
+    [[nodiscard]] bool isEmpty() const { return nodes_.empty() && identities_.empty(); }
 
     /// `directory` and its parents must outlive this object.
     [[nodiscard]] FolderRank rankOf(const Directory& directory);
@@ -65,8 +69,11 @@ class FolderRanks final {
     Node& nodeOf(std::string_view path);
     [[nodiscard]] Place below(Place place, std::string_view name) const;
     [[nodiscard]] Place placeOfRoot(std::string_view path) const;
+    /// Adds what the directory's identity says, and remembers the result.
+    Place remember(const Directory& directory, Place place);
 
     std::vector<Node> nodes_;  ///< the first is "/"
+    std::unordered_map<FileIdentity, FolderRank, FileIdentityHash> identities_;
     std::unordered_map<const Directory*, Place> places_;
     std::vector<const Directory*> unknown_;  ///< kept for its memory
     const Directory* last_ = nullptr;        ///< the files of a set are often in one folder

@@ -20,16 +20,22 @@ class SetMarker final {
     explicit SetMarker(const MarkingRule& rule) : keep_(rule.keep) {
         if (keep_ == KeepRule::preferred) {
             std::uint32_t position = 0;
-            for (const FolderPaths& folder : rule.preferred) {
-                for (const std::string& path : folder) {
+            for (const RuleFolder& folder : rule.preferred) {
+                for (const std::string& path : folder.paths) {
                     ranks_.prefer(path, position);
+                }
+                for (const FileIdentity& identity : folder.identities) {
+                    ranks_.prefer(identity, position);
                 }
                 ++position;
             }
         }
-        for (const FolderPaths& folder : rule.protectedFolders) {
-            for (const std::string& path : folder) {
+        for (const RuleFolder& folder : rule.protectedFolders) {
+            for (const std::string& path : folder.paths) {
                 ranks_.protect(path);
+            }
+            for (const FileIdentity& identity : folder.identities) {
+                ranks_.protect(identity);
             }
         }
     }

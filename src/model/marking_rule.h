@@ -21,16 +21,25 @@ enum class KeepRule : std::uint8_t {
     preferred  ///< in the first preferred folder that holds a file of the set, else the first found
 };
 
-/// The absolute paths by which a scan may name one folder, native bytes. Usually one: there are
-/// more if the scan began at a symbolic link.
-using FolderPaths = std::vector<std::string>;
+/// By what the files of one folder are recognised in a scan. Either is enough: a path also where
+/// the folder cannot be found now, an identity under every name of the folder.
+struct RuleFolder {
+    /// The absolute paths by which the scan may name the folder, native bytes. Usually one: there
+    /// are more if the scan began at a symbolic link.
+    std::vector<std::string> paths;
+    /// Of the folder itself, and of folders inside it that the scan reaches on another way, such as
+    /// a bind mount.
+    std::vector<FileIdentity> identities{};
+
+    bool operator==(const RuleFolder&) const = default;
+};
 
 struct MarkingRule {
     KeepRule keep = KeepRule::first;
-    std::vector<FolderPaths> preferred{};  ///< best first; used by KeepRule::preferred only
+    std::vector<RuleFolder> preferred{};  ///< best first; used by KeepRule::preferred only
     /// Files in these folders or below them are never marked. `keep` chooses among all files, and
     /// the protected ones stay besides its choice.
-    std::vector<FolderPaths> protectedFolders{};
+    std::vector<RuleFolder> protectedFolders{};
 
     bool operator==(const MarkingRule&) const = default;
 };

@@ -41,14 +41,22 @@ ParsedKeep parsedKeep(Words words) {
 
 /// The rule of a command line that scans the folders given there, or the error.
 struct Ruled {
-    std::optional<MarkingRule> rule;
+    std::optional<MarkingRule> rule;  ///< without identities, which no test can know
     std::string error;
 };
 
 Ruled ruled(const Words& words) {
     const ParsedKeep given = parsedKeep(words);
     EXPECT_EQ(given.error, "");
-    const auto rule = markingRuleOf(given.options, given.folders, systemFileSystem());
+    auto rule = markingRuleOf(given.options, given.folders, systemFileSystem());
+    if (rule && *rule) {
+        for (std::vector<RuleFolder>* folders : {&(*rule)->preferred, &(*rule)->protectedFolders}) {
+            for (RuleFolder& folder : *folders) {
+                EXPECT_FALSE(folder.identities.empty());
+                folder.identities.clear();
+            }
+        }
+    }
     return rule ? Ruled{*rule, {}} : Ruled{std::nullopt, rule.error()};
 }
 
@@ -109,15 +117,15 @@ class RuleOfOptions : public testing::Test {
 TEST_F(RuleOfOptions, PreferredFoldersAloneImplyTheirRule) {
     const std::string one = folder_.makeFolder("one");
     const std::string two = folder_.makeFolder("two");
-    const MarkingRule expected{.keep = KeepRule::preferred, .preferred = {{two}, {one}}};
+    const MarkingRule expected{.keep = KeepRule::preferred, .preferred = {{{two}}, {{one}}}};
     EXPECT_EQ(ruled({"--prefer", two, "--prefer", one}).rule, expected);
     EXPECT_EQ(ruled({"--keep", "preferred", "--prefer", two, "--prefer", one}).rule, expected);
 }
 
 TEST_F(RuleOfOptions, ProtectedFoldersGoWithEveryRule) {
-    EXPECT_EQ(ruled({"--protect", "/"}).rule, (MarkingRule{.protectedFolders = {{"/"}}}));
+    EXPECT_EQ(ruled({"--protect", "/"}).rule, (MarkingRule{.protectedFolders = {{{"/"}}}}));
     EXPECT_EQ(ruled({"--keep", "oldest", "--protect", folder_.path() + "/./"}).rule,
-              (MarkingRule{.keep = KeepRule::oldest, .protectedFolders = {{folder_.path()}}}));
+              (MarkingRule{.keep = KeepRule::oldest, .protectedFolders = {{{folder_.path()}}}}));
 }
 
 TEST_F(RuleOfOptions, AFolderIsKnownByThePathsOfALinkedLocationToo) {
@@ -125,8 +133,8 @@ TEST_F(RuleOfOptions, AFolderIsKnownByThePathsOfALinkedLocationToo) {
     const std::string link = folder_.makeLink("link", folder_.pathOf("real"));
     EXPECT_EQ(ruled({"--prefer", real, "--protect", link, link + "/inner/"}).rule,
               (MarkingRule{.keep = KeepRule::preferred,
-                           .preferred = {{real, link + "/inner"}},
-                           .protectedFolders = {{folder_.pathOf("real"), link + "/inner"}}}));
+                           .preferred = {{{real, link + "/inner"}}},
+                           .protectedFolders = {{{folder_.pathOf("real"), link + "/inner"}}}}));
 }
 
 TEST_F(RuleOfOptions, AFolderIsKnownByThePathOfAFileGivenThroughALink) {
@@ -134,7 +142,16 @@ TEST_F(RuleOfOptions, AFolderIsKnownByThePathOfAFileGivenThroughALink) {
     folder_.writeFile("real/inner/a.jpg", "x");
     const std::string link = folder_.makeLink("link", folder_.pathOf("real"));
     EXPECT_EQ(ruled({"--protect", real, link + "/inner/a.jpg"}).rule,
-              (MarkingRule{.protectedFolders = {{real, link + "/inner"}}}));
+              (MarkingRule{.protectedFolders = {{{real, link + "/inner"}}}}));
+}
+
+TEST_F(RuleOfOptions, TheSameFolderMayBePreferredAndProtected) {
+    EXPECT_EQ(ruled({"--prefer", folder_.path(), "--prefer", folder_.path() + "/.", "--protect",
+                     folder_.path()})
+                  .rule,
+              (MarkingRule{.keep = KeepRule::preferred,
+                           .preferred = {{{folder_.path()}}, {{folder_.path()}}},
+                           .protectedFolders = {{{folder_.path()}}}}));
 }
 
 TEST_F(RuleOfOptions, AFolderThatCannotBeListedIsNamed) {

@@ -1,5 +1,6 @@
 #include "cli/program_run.h"
 #include "cli/result_json.h"
+#include "support/mount.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -112,6 +113,43 @@ TEST_F(Keep, AFolderIsFoundBehindTheLinkThatIsScanned) {
 TEST_F(Keep, AFolderNamedThroughALinkIsFound) {
     folder_.makeLink("link", "all/archive");
     EXPECT_EQ(leftAfter({"--prefer", "link"}), (std::set<std::string>{"archive/photo.jpg"}));
+}
+
+TEST_F(Keep, TheSameFolderPreferredAndProtectedStays) {
+    EXPECT_EQ(leftAfter({"--prefer", "all/archive", "--protect", "all/archive"}),
+              (std::set<std::string>{"archive/photo.jpg"}));
+}
+
+TEST_F(Keep, AFolderIsProtectedWhereItIsMountedAgain) {
+    const Mount mount(folder_.pathOf("all/best"), folder_.makeFolder("bound"), nullptr, MS_BIND);
+    if (!mount) {
+        return;
+    }
+    // The mount point is scanned first, so the files have its path.
+    const ProgramResult result =
+        tarvin({"clean", "--yes", "--keep", "newest", "--protect", "all/best", "bound"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(left(), (std::set<std::string>{"import/new photo.jpg", "best/2024/photo.jpg"}));
+}
+
+TEST_F(Keep, AFolderInsideAProtectedOneIsProtectedWhereItIsMountedAgain) {
+    const Mount mount(folder_.pathOf("all/best/2024"), folder_.makeFolder("other/bound"), nullptr,
+                      MS_BIND);
+    if (!mount) {
+        return;
+    }
+    const ProgramResult result =
+        tarvin({"clean", "--yes", "--keep", "newest", "--protect", "all/best", "other"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(left(), (std::set<std::string>{"import/new photo.jpg", "best/2024/photo.jpg"}));
+}
+
+TEST_F(Keep, APreferredFolderIsFoundWhereItIsMountedAgain) {
+    const Mount mount(folder_.pathOf("all/best"), folder_.makeFolder("bound"), nullptr, MS_BIND);
+    if (mount) {
+        tarvin({"clean", "--yes", "--prefer", "all/best", "bound"});
+        EXPECT_EQ(left(), (std::set<std::string>{"best/2024/photo.jpg"}));
+    }
 }
 
 TEST_F(Keep, HardLinksOfOneFileAreNotLostTogether) {

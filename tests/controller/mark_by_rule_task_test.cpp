@@ -155,7 +155,7 @@ TEST_F(MarkByRule, ReturnRightAfterAChangeMarksByTheNewRule) {
 TEST_F(MarkByRule, ASlowCountSaysSoAndDisablesMark) {
     open();
     ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets."));
-    files.beforeCall(FileCall::openRootDirectory, 1, [this] { barrier.wait(); }, found("old"));
+    files.beforeCall(FileCall::attributesAtPath, 1, [this] { barrier.wait(); }, found("old"));
     add("protectedAdd", "old");
     ASSERT_TRUE(shows("Counting…")) << outcome();
     EXPECT_FALSE(panel().ruleMark->isEnabled());
@@ -166,7 +166,7 @@ TEST_F(MarkByRule, ASlowCountSaysSoAndDisablesMark) {
 
 TEST_F(MarkByRule, ACountThatHangsCanBeCancelled) {
     open();
-    files.beforeCall(FileCall::openRootDirectory, 1, [this] { barrier.wait(); }, found("old"));
+    files.beforeCall(FileCall::attributesAtPath, 1, [this] { barrier.wait(); }, found("old"));
     add("protectedAdd", "old");
     ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
     click("ruleCancel");

@@ -124,6 +124,61 @@ TEST(FolderRanks, AHundredThousandLevelsNeedNoRecursion) {
     EXPECT_TRUE(ranks.rankOf(*folder).isProtected);
 }
 
+TEST(FolderRanks, AnIdentityHoldsTheFolderUnderEveryNameAndWhatIsBelow) {
+    const std::shared_ptr<FileStore> store = FileStore::create();
+    Directory* const root = store->addRoot("/media/ann");
+    Directory* const bound = store->addDirectory(root, "PHOTOS");
+    Directory* const below = store->addDirectory(bound, "2024");
+    Directory* const other = store->addDirectory(root, "Photos2");
+    root->identity = {7, 2};
+    bound->identity = {7, 5};
+    below->identity = {7, 6};
+    other->identity = {7, 8};
+    FolderRanks ranks;
+    ranks.protect(FileIdentity{7, 5});
+    ranks.prefer(FileIdentity{7, 6}, 4);
+    ranks.prefer(FileIdentity{7, 6}, 6);
+    ranks.prefer("/media/ann/Photos2", 3);
+    EXPECT_FALSE(ranks.isEmpty());
+    EXPECT_EQ(ranks.rankOf(*below), (FolderRank{4, true}));
+    EXPECT_EQ(ranks.rankOf(*bound), (FolderRank{notPreferred, true}));
+    EXPECT_EQ(ranks.rankOf(*other), (FolderRank{3, false}));
+    EXPECT_EQ(ranks.rankOf(*root), (FolderRank{notPreferred, false}));
+}
+
+TEST(FolderRanks, AnIdentityAloneNeedsNoPath) {
+    const std::shared_ptr<FileStore> store = FileStore::create();
+    Directory* const root = store->addRoot("/a/b");
+    root->identity = {7, 5};
+    const Directory* const below = store->addDirectory(root, "c");
+    FolderRanks ranks;
+    ranks.protect(FileIdentity{7, 5});
+    EXPECT_FALSE(ranks.isEmpty());
+    EXPECT_TRUE(ranks.rankOf(*below).isProtected);
+}
+
+TEST(FolderRanks, DeviceAndInodeMustBothBeEqual) {
+    const std::shared_ptr<FileStore> store = FileStore::create();
+    FolderRanks ranks;
+    ranks.protect(FileIdentity{7, 5});
+    ranks.protect(FileIdentity{7, 0});
+    ranks.prefer(FileIdentity{0, 0}, 1);
+    for (const FileIdentity identity : {FileIdentity{5, 7}, FileIdentity{7, 6}, FileIdentity{8, 5},
+                                        FileIdentity{7, 0}, FileIdentity{0, 0}}) {
+        Directory* const folder = store->addRoot("/a");
+        folder->identity = identity;
+        EXPECT_EQ(ranks.rankOf(*folder), (FolderRank{notPreferred, false}))
+            << identity.device << ", " << identity.inode;
+    }
+}
+
+TEST(FolderRanks, AnUnknownIdentityIsIgnored) {
+    FolderRanks ranks;
+    ranks.protect(FileIdentity{7, 0});
+    ranks.prefer(FileIdentity{7, 0}, 1);
+    EXPECT_TRUE(ranks.isEmpty());
+}
+
 /// The rule, literally.
 bool holds(std::string_view folder, std::string_view path) {
     return folder == "/" || path == folder || path.starts_with(std::string(folder) + '/');

@@ -47,13 +47,13 @@ std::shared_ptr<Set> setOf(const std::vector<Copy>& copies) {
     return set;
 }
 
-FolderPaths named(const std::string& path) {
-    return {path};
+RuleFolder named(const std::string& path) {
+    return {{path}};
 }
 
 /// The path of the one file that a rule leaves in a set.
 std::string stayingBy(KeepRule keep, const std::vector<Copy>& copies,
-                      std::vector<FolderPaths> preferred = {}) {
+                      std::vector<RuleFolder> preferred = {}) {
     const std::shared_ptr<Set> set = setOf(copies);
     Modal modal;
     fill(modal, {makeExtension("jpg", {set})});
@@ -116,7 +116,8 @@ TEST(MarkingRule, KeepsTheCopyInTheFirstPreferredFolderThatHoldsOne) {
 
 TEST(MarkingRule, APreferredFolderMayHaveSeveralPaths) {
     const std::vector<Copy> copies{{"/x/1"}, {"/b/2"}, {"/link/3"}};
-    EXPECT_EQ(stayingBy(KeepRule::preferred, copies, {{"/real", "/link"}, {"/b"}}), "/link/3");
+    EXPECT_EQ(stayingBy(KeepRule::preferred, copies, {{{"/real", "/link"}}, named("/b")}),
+              "/link/3");
 }
 
 TEST(MarkingRule, PreferredFoldersCountOnlyForTheirRule) {
@@ -155,7 +156,7 @@ TEST_F(MarkingByRule, ReplacesAllMarksAndUpdatesEveryLevel) {
 }
 
 TEST_F(MarkingByRule, ProtectedFilesAreNeverMarked) {
-    EXPECT_EQ(markByRule(modal_, {.keep = KeepRule::newest, .protectedFolders = {{"/p"}}}),
+    EXPECT_EQ(markByRule(modal_, {.keep = KeepRule::newest, .protectedFolders = {named("/p")}}),
               (MarkingOutcome{1, 10, 1, 1}));
     EXPECT_EQ(marksOf(*two_), (std::vector{on, off}));
     EXPECT_EQ(marksOf(*three_), (std::vector{off, off, off}));
@@ -164,7 +165,8 @@ TEST_F(MarkingByRule, ProtectedFilesAreNeverMarked) {
 }
 
 TEST_F(MarkingByRule, AProtectedFileThatStaysKeepsTheChosenOneToo) {
-    EXPECT_EQ(markByRule(modal_, {.keep = KeepRule::first, .protectedFolders = {{"/p/5"}, {"/p"}}}),
+    EXPECT_EQ(markByRule(modal_, {.keep = KeepRule::first,
+                                  .protectedFolders = {named("/p/5"), named("/p")}}),
               (MarkingOutcome{1, 10, 1, 1}));
     EXPECT_EQ(marksOf(*two_), (std::vector{off, off}));
     EXPECT_EQ(marksOf(*three_), (std::vector{off, on, off}));
@@ -172,9 +174,28 @@ TEST_F(MarkingByRule, AProtectedFileThatStaysKeepsTheChosenOneToo) {
 }
 
 TEST_F(MarkingByRule, WhereEveryFileIsProtectedNothingIsMarked) {
-    EXPECT_EQ(markByRule(modal_, {.protectedFolders = {{"/"}}}), (MarkingOutcome{0, 0, 0, 2}));
+    EXPECT_EQ(markByRule(modal_, {.protectedFolders = {named("/")}}), (MarkingOutcome{0, 0, 0, 2}));
     EXPECT_EQ(levelOf(*jpgs_), (Level{off, 3, 30, 0, 0}));
     EXPECT_EQ(levelOf(modal_), (Level{off, 3, 30, 0, 0}));
+}
+
+TEST(MarkingRule, AFolderIsRecognisedByItsIdentity) {
+    const std::shared_ptr<FileStore> store = FileStore::create();
+    Directory* const one = store->addRoot("/one");
+    Directory* const bound = store->addRoot("/bound");
+    one->identity = {1, 10};
+    bound->identity = {1, 20};
+    auto set = std::make_shared<Set>();
+    for (const Directory* folder : {one, bound}) {
+        set->addFiles(store->share(store->addFile(folder, "a", 10, std::nullopt, std::nullopt)));
+    }
+    Modal modal;
+    fill(modal, {makeExtension("jpg", {set})});
+    const RuleFolder elsewhere{{"/elsewhere"}, {{1, 20}}};
+    EXPECT_EQ(markByRule(modal, {.keep = KeepRule::preferred, .preferred = {elsewhere}}).files, 1U);
+    EXPECT_EQ(marksOf(*set), (std::vector{on, off}));
+    EXPECT_EQ(markByRule(modal, {.protectedFolders = {elsewhere}}).blocked, 1U);
+    EXPECT_EQ(marksOf(*set), (std::vector{off, off}));
 }
 
 TEST_F(MarkingByRule, ClearsAMarkOfTheFirstFile) {
@@ -186,7 +207,7 @@ TEST_F(MarkingByRule, ClearsAMarkOfTheFirstFile) {
 }
 
 TEST_F(MarkingByRule, CountingChangesNothing) {
-    const MarkingRule rule{.keep = KeepRule::newest, .protectedFolders = {{"/a"}}};
+    const MarkingRule rule{.keep = KeepRule::newest, .protectedFolders = {named("/a")}};
     EXPECT_EQ(countByRule(modal_, rule), (MarkingOutcome{2, 20, 1, 1}));
     EXPECT_EQ(marksOf(*two_), (std::vector{off, on}));
     EXPECT_EQ(levelOf(modal_), (Level{off, 3, 30, 3, 30}));
@@ -223,9 +244,10 @@ TEST(MarkingRule, EverySetKeepsAFileAndNoProtectedFileIsMarked) {
         }
         fill(modal, {extension});
         for (int keep = 0; keep < 6; ++keep) {
-            const MarkingRule rule{.keep = static_cast<KeepRule>(keep),
-                                   .preferred = {{folders[random() % 4]}, {folders[random() % 4]}},
-                                   .protectedFolders = {{"/a/b"}}};
+            const MarkingRule rule{
+                .keep = static_cast<KeepRule>(keep),
+                .preferred = {named(folders[random() % 4]), named(folders[random() % 4])},
+                .protectedFolders = {named("/a/b")}};
             const MarkingOutcome outcome = markByRule(modal, rule);
             EXPECT_EQ(countByRule(modal, rule), outcome);
             std::uint64_t marked = 0;
