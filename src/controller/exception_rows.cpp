@@ -96,8 +96,8 @@ void ExceptionRows::sortNames() {
         if (one.beginning != other.beginning) {
             return one.beginning < other.beginning;
         }
-        const int names = nameKeyOf(one.id).compare(nameKeyOf(other.id));
-        return names != 0 ? names < 0 : paths_[one.id] < paths_[other.id];
+        const int order = nameKeyOf(one.id).compare(nameKeyOf(other.id));
+        return order != 0 ? order < 0 : paths_[one.id] < paths_[other.id];
     });
     std::transform(names.begin(), names.end(), order_.begin(),
                    [](const SortedName& each) { return each.id; });
