@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tarvin {
 
@@ -16,9 +17,11 @@ constexpr std::chrono::seconds shortestInterval{5};
 constexpr Seconds memory{30};
 constexpr double largestFall = 0.5;
 constexpr double largestRise = 1.5;
-// A rise from nearly nothing would take minutes; from here it leads to one minute.
-constexpr Seconds leastToRiseFrom{40};
+// A rise from nearly nothing would take too many steps.
+constexpr Seconds leastToRiseFrom{10};
 constexpr Seconds longest = std::chrono::hours{99};
+// A device may have gone, or a server may be slow: nobody knows how long that lasts.
+constexpr std::chrono::seconds longestStall{30};
 
 /// Moves towards `next`, at most by half of the last estimate.
 Seconds nextEstimate(Seconds last, Seconds next) {
@@ -46,25 +49,39 @@ void TimeLeft::measure(Duration step, std::uint64_t bytes) {
     state_.recentSeconds = state_.recentSeconds * weight + seconds.count();
     state_.recentBytes = state_.recentBytes * weight + static_cast<double>(bytes);
     state_.running += step;
+    state_.idle = bytes > 0 ? Duration{0} : state_.idle + step;
 }
 
 void TimeLeft::estimate(BytesCompared bytes) {
     const auto done = static_cast<double>(bytes.done);
     const auto total = static_cast<double>(bytes.total);
+    if (state_.idle >= longestStall) {
+        withdraw();
+        return;
+    }
     if (state_.running < shortestMeasurement || done < total * smallestShare ||
         (state_.estimated && state_.running - *state_.estimated < shortestInterval)) {
         return;
     }
     state_.estimated = state_.running;
-    // Infinite if nothing was read.
+    // Infinite if nothing was read since the measurements began.
     Seconds next{state_.recentSeconds * (total - done) / state_.recentBytes};
     if (state_.left) {
         next = nextEstimate(*state_.left, next);
     }
-    state_.left.reset();
-    if (next <= longest) {
+    if (next > longest) {
+        withdraw();
+    } else {
         state_.left = std::chrono::round<std::chrono::seconds>(next);
     }
+}
+
+/// The next estimate begins with new measurements, so that it need not be reached in steps.
+void TimeLeft::withdraw() {
+    const State before = std::exchange(state_, {});
+    state_.updated = before.updated;
+    state_.done = before.done;
+    state_.idle = before.idle;
 }
 
 }  // namespace tarvin

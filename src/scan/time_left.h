@@ -13,8 +13,9 @@ namespace tarvin {
 /// counts more than that of minutes ago.
 ///
 /// The estimate is calm rather than up to date: there is none in the first 10 s and 2 % of the
-/// bytes, it changes at most every 5 s, and a change is at most by half. An estimate of more than
-/// 99 h is withheld, as while nothing is read. Not thread-safe.
+/// bytes, it changes at most every 5 s, and a change is at most by half; one of less than 10 s may
+/// rise to 15 s. It is withdrawn when nothing has been compared for 30 s or it exceeds 99 h; then
+/// the 10 s begin again with the next progress. Not thread-safe.
 class TimeLeft final {
  public:
     /// `clock` must outlive this object.
@@ -37,6 +38,7 @@ class TimeLeft final {
         std::optional<std::chrono::steady_clock::time_point> updated;  // nullopt during a pause
         std::uint64_t done = 0;                                        // at the last update
         Duration running{0};                                           // without pauses
+        Duration idle{0};                                              // since the last progress
         std::optional<Duration> estimated;                             // when, in running time
         double recentSeconds = 0;                                      // weighted by age
         double recentBytes = 0;                                        // weighted by age
@@ -45,6 +47,7 @@ class TimeLeft final {
 
     void measure(Duration step, std::uint64_t bytes);
     void estimate(BytesCompared bytes);
+    void withdraw();
 
     Clock& clock_;
     State state_;
