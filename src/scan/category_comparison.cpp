@@ -126,7 +126,8 @@ std::vector<File*> CategoryComparison::rest() const {
 void CategoryComparison::addBytesToCompare() const {
     std::uint64_t bytes = 0;
     for (std::size_t number = 0; number < classes_.count(); ++number) {
-        bytes += list_[classes_.firstOf(number)]->fileSize() * classes_.memberCount(number);
+        bytes = saturatingSum(bytes, saturatingProduct(list_[classes_.firstOf(number)]->fileSize(),
+                                                       classes_.memberCount(number)));
     }
     context_.bytes.addList(bytes);
 }

@@ -11,6 +11,13 @@ BytesCompared ComparedBytes::now() const {
     return {done_.load(std::memory_order_relaxed), total_.load(std::memory_order_relaxed)};
 }
 
+void ComparedBytes::addTo(std::atomic<std::uint64_t>& sum, std::uint64_t bytes) {
+    std::uint64_t before = sum.load(std::memory_order_relaxed);
+    while (!sum.compare_exchange_weak(before, saturatingSum(before, bytes),
+                                      std::memory_order_relaxed)) {
+    }
+}
+
 BytesLeft::BytesLeft(ComparedBytes& to, std::size_t fileCount, std::uint64_t fileSize)
     : to_(to), left_(fileCount) {
     for (std::atomic<std::uint64_t>& left : left_) {

@@ -3,9 +3,21 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 namespace tarvin {
+
+// Sparse files can have sizes whose sum needs more than 64 bits. Such a sum is 2^64 - 1. Pure.
+
+[[nodiscard]] constexpr std::uint64_t saturatingSum(std::uint64_t one, std::uint64_t other) {
+    constexpr std::uint64_t most = std::numeric_limits<std::uint64_t>::max();
+    return one > most - other ? most : one + other;
+}
+[[nodiscard]] constexpr std::uint64_t saturatingProduct(std::uint64_t size, std::uint64_t count) {
+    constexpr std::uint64_t most = std::numeric_limits<std::uint64_t>::max();
+    return count != 0 && size > most / count ? most : size * count;
+}
 
 /// How far a comparison is, in bytes. `total` is 0 while it is unknown.
 struct BytesCompared {
@@ -17,7 +29,8 @@ struct BytesCompared {
 
 /// Counts the bytes of a comparison: those of all files that share their recorded size with another
 /// file of their list. A file of which nothing more has to be read counts as done in full, so a
-/// comparison that was not stopped ends with all bytes done. Any thread.
+/// comparison that was not stopped ends with all bytes done. Both numbers end at 2^64 - 1. Any
+/// thread.
 class ComparedBytes final {
  public:
     /// `lists` is the number of lists to be compared; the total is known when all have been added.
@@ -25,16 +38,18 @@ class ComparedBytes final {
 
     /// Adds the bytes to compare of one list. Must precede the first add() for that list.
     void addList(std::uint64_t bytes) {
-        total_.fetch_add(bytes, std::memory_order_relaxed);
+        addTo(total_, bytes);
         listsLeft_.fetch_sub(1, std::memory_order_release);
     }
 
     /// Adds bytes that are done.
-    void add(std::uint64_t bytes) { done_.fetch_add(bytes, std::memory_order_relaxed); }
+    void add(std::uint64_t bytes) { addTo(done_, bytes); }
 
     [[nodiscard]] BytesCompared now() const;
 
  private:
+    static void addTo(std::atomic<std::uint64_t>& sum, std::uint64_t bytes);
+
     std::atomic<std::uint64_t> total_{0};
     std::atomic<std::uint64_t> done_{0};
     std::atomic<std::size_t> listsLeft_;

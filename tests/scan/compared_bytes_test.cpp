@@ -25,6 +25,31 @@ TEST(ComparedBytesTest, CountsMoreThanFourGigabytes) {
     EXPECT_EQ(bytes.now(), (BytesCompared{9'000'000'000, 9'000'000'000}));
 }
 
+TEST(ComparedBytesTest, BothNumbersEndAtTheLargest) {
+    constexpr std::uint64_t most = 18'446'744'073'709'551'615U;
+    ComparedBytes bytes(2);
+    bytes.addList(most - 10);
+    bytes.addList(11);
+    EXPECT_EQ(bytes.now(), (BytesCompared{0, most}));
+    bytes.add(most - 10);
+    EXPECT_EQ(bytes.now(), (BytesCompared{most - 10, most}));
+    bytes.add(11);
+    bytes.add(most);
+    EXPECT_EQ(bytes.now(), (BytesCompared{most, most}));
+}
+
+TEST(ComparedBytesTest, ProductsAndSumsSaturate) {
+    constexpr std::uint64_t most = 18'446'744'073'709'551'615U;
+    EXPECT_EQ(saturatingProduct(9'223'372'036'854'775'808U, 2), most);
+    EXPECT_EQ(saturatingProduct(9'223'372'036'854'775'807U, 2), most - 1);
+    EXPECT_EQ(saturatingProduct(most, 1), most);
+    EXPECT_EQ(saturatingProduct(most, 0), 0U);
+    EXPECT_EQ(saturatingProduct(0, most), 0U);
+    EXPECT_EQ(saturatingSum(most, 0), most);
+    EXPECT_EQ(saturatingSum(most - 1, 1), most);
+    EXPECT_EQ(saturatingSum(most, 1), most);
+}
+
 class BytesLeftTest : public ::testing::Test {
  protected:
     BytesLeftTest() { bytes_.addList(300); }

@@ -128,6 +128,16 @@ TEST_F(Comparison, UnreadableFilesCountInFull) {
     EXPECT_EQ(fixture_.bytes(), (BytesCompared{60'000'000, 60'000'000}));
 }
 
+TEST_F(Comparison, CountsHugeFilesUpToTheLargestNumber) {
+    // 9 EB each, as a sparse file can be. They are not there, so nothing is read.
+    for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
+        fixture_.addPath(fixture_.folder().pathOf(name), 9'000'000'000'000'000'000);
+    }
+    EXPECT_EQ(find(), PlainResult{});
+    EXPECT_EQ(fixture_.bytes(),
+              (BytesCompared{18'446'744'073'709'551'615U, 18'446'744'073'709'551'615U}));
+}
+
 TEST_F(Comparison, CountsRecordedSizesOfFilesThatHaveGrown) {
     const std::string small = fixture_.folder().writeFile("a.txt", noise(100, 1));
     const std::string large = fixture_.folder().writeFile("b.txt", noise(40'000, 1));
