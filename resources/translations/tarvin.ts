@@ -722,6 +722,10 @@ Modified Date       : %4</source>
         <source>Stopped answering</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Changed while it was read</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tarvin::OwnReasons</name>

@@ -729,6 +729,10 @@ Geändert       : %4</translation>
         <source>Stopped answering</source>
         <translation>Antwortet nicht mehr</translation>
     </message>
+    <message>
+        <source>Changed while it was read</source>
+        <translation>Während des Lesens geändert</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::OwnReasons</name>

@@ -729,6 +729,10 @@ Modificado  : %4</translation>
         <source>Stopped answering</source>
         <translation>Dejó de responder</translation>
     </message>
+    <message>
+        <source>Changed while it was read</source>
+        <translation>Cambió mientras se leía</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::OwnReasons</name>

@@ -729,6 +729,10 @@ Modifié le  : %4</translation>
         <source>Stopped answering</source>
         <translation>Ne répond plus</translation>
     </message>
+    <message>
+        <source>Changed while it was read</source>
+        <translation>Modifié pendant la lecture</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::OwnReasons</name>

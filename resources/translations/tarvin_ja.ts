@@ -729,6 +729,10 @@ Modified Date       : %4</source>
         <source>Stopped answering</source>
         <translation>応答がなくなりました</translation>
     </message>
+    <message>
+        <source>Changed while it was read</source>
+        <translation>読み取り中に変更されました</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::OwnReasons</name>

@@ -729,6 +729,10 @@ Modificado em  : %4</translation>
         <source>Stopped answering</source>
         <translation>Parou de responder</translation>
     </message>
+    <message>
+        <source>Changed while it was read</source>
+        <translation>Alterado durante a leitura</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::OwnReasons</name>

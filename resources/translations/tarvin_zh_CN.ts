@@ -729,6 +729,10 @@ Modified Date       : %4</source>
         <source>Stopped answering</source>
         <translation>已停止响应</translation>
     </message>
+    <message>
+        <source>Changed while it was read</source>
+        <translation>读取期间已更改</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::OwnReasons</name>

@@ -33,7 +33,7 @@ void printErrors(const UnreadableReport& unreadable) {
     const std::size_t named = std::min(maxNamed, unreadable.kept.size());
     for (std::size_t entry = 0; entry < named; ++entry) {
         const Unreadable& each = unreadable.kept[entry];
-        printPathError(each.isFolder ? "read folder" : "read", each.path, each.error.text());
+        printPathError(each.isFolder ? "read folder" : "read", each.path, reasonOf(each));
     }
     if (unreadable.total() > named) {
         const std::uint64_t more = unreadable.total() - named;

@@ -70,7 +70,8 @@ NotReadFiles::NotReadFiles(const ScanResult& result) : files_(result.unreadable.
     }
     for (const Unreadable& each : result.unreadable.kept) {
         if (!each.isFolder) {
-            add(each.path, reasonOf(each.error), FileReason::Kind::file);
+            add(each.path, each.hasChanged ? tr("Changed while it was read") : reasonOf(each.error),
+                FileReason::Kind::file);
         }
     }
 }

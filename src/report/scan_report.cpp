@@ -106,7 +106,7 @@ ScanReport reportOf(const ScanRun& run) {
         report.unreadable.push_back({location.path, reasonOf(location)});
     }
     for (const Unreadable& unreadable : run.result().unreadable.kept) {
-        report.unreadable.push_back({unreadable.path, unreadable.error.text()});
+        report.unreadable.push_back({unreadable.path, reasonOf(unreadable)});
     }
     report.notCompared = run.result().unreadable.collectedFiles;
     return report;

@@ -55,6 +55,7 @@ std::optional<OpenCandidate> CandidateReader::open(const File& file) {
         return failed(file, attributes.error());
     }
     if (attributes->type != EntryType::regular) {
+        logChange(file);
         return std::nullopt;
     }
     OpenCandidate candidate{&file, std::move(*descriptor), stampOf(*attributes),
@@ -88,17 +89,57 @@ std::nullopt_t CandidateReader::failed(const File& file, SystemError error) {
 
 bool CandidateReader::read(const OpenCandidate& candidate, std::uint64_t offset,
                            std::span<std::byte> into) {
-    return into.empty() || readSome(candidate, offset, into, into.size()) == into.size();
+    if (into.empty()) {
+        return true;
+    }
+    const std::optional<std::size_t> got = readSome(candidate, offset, into, into.size());
+    if (got && *got != into.size()) {
+        logChange(*candidate.file);
+    }
+    return got == into.size();
 }
 
 bool CandidateReader::readWhole(const OpenCandidate& candidate, std::span<std::byte> into) {
     const auto size = static_cast<std::size_t>(candidate.stamp.size);
-    return size == 0 || readSome(candidate, 0, into, size) == size;
+    if (size == 0) {
+        return true;
+    }
+    const std::optional<std::size_t> got = readSome(candidate, 0, into, size);
+    if (got && *got != size) {
+        logChange(*candidate.file);
+    }
+    return got == size;
 }
 
 bool CandidateReader::isUnchanged(const OpenCandidate& candidate) {
     const Result<FileAttributes> now = attributesNow(*candidate.file, candidate.descriptor);
-    return now && now->linkCount > 0 && stampOf(*now) == candidate.stamp;
+    if (!now) {
+        failed(*candidate.file, now.error());
+    } else if (now->linkCount == 0) {
+        logUnnamed(*candidate.file);
+    } else if (stampOf(*now) == candidate.stamp) {
+        return true;
+    } else {
+        logChange(*candidate.file);
+    }
+    return false;
+}
+
+void CandidateReader::logChange(const File& file) {
+    if (!control_.stop()) {
+        unreadable_.addChanged(file);
+    }
+}
+
+/// For an open file without a name: it was removed, or another one is in its place.
+void CandidateReader::logUnnamed(const File& file) {
+    const IoWatch::Call call(watch_, file);
+    const Result<FileAttributes> now = fileSystem_.attributesAtPath(file.filePath());
+    if (now) {
+        logChange(file);
+    } else {
+        failed(file, now.error());
+    }
 }
 
 /// Returns the number of bytes read; nullopt if the file cannot be read or the scan was stopped.

@@ -47,17 +47,18 @@ class CandidateReader final {
     CandidateReader& operator=(const CandidateReader&) = delete;
 
     /// Opens the file in its current state. Returns nullopt if it cannot be opened, is no longer a
-    /// regular file, or the scan was stopped. Waits only for the device and for the end of a pause.
-    /// Requires a share of descriptors() or keptDescriptors().
+    /// regular file, which is logged as a change, or the scan was stopped. Waits only for the
+    /// device and for the end of a pause. Requires a share of descriptors() or keptDescriptors().
     [[nodiscard]] std::optional<OpenCandidate> open(const File& file);
 
-    /// Fills `into` from `offset`. Returns false if the file cannot be read or ends too early, or
-    /// the scan was stopped. Waits while the scan is paused.
+    /// Fills `into` from `offset`. Returns false if the file cannot be read or ends too early,
+    /// which is logged as a change, or the scan was stopped. Waits while the scan is paused.
     [[nodiscard]] bool read(const OpenCandidate& candidate, std::uint64_t offset,
                             std::span<std::byte> into);
 
     /// Reads a whole file into `into`, which has room for its size and one byte more. Returns false
-    /// where read() does, and if the file's length has changed since it was opened.
+    /// where read() does, and if the file's length has changed since it was opened, which is
+    /// logged.
     [[nodiscard]] bool readWhole(const OpenCandidate& candidate, std::span<std::byte> into);
 
     /// Disables read-ahead for a file of which only a little will be read.
@@ -65,8 +66,11 @@ class CandidateReader final {
         fileSystem_.disableReadAhead(candidate.descriptor);
     }
 
-    /// Whether the open file's stamp is unchanged and the file still has a name.
-    [[nodiscard]] bool isUnchanged(const OpenCandidate& candidate);
+    /// Whether the open file's stamp is unchanged and the file still has a name. Logs the file if
+    /// not, unless the scan was stopped.
+    bool isUnchanged(const OpenCandidate& candidate);
+    /// Logs that the file has changed since it was collected, unless the scan was stopped.
+    void logChange(const File& file);
 
     /// Candidates that may be open at once for one visit. A holder waits only for the device until
     /// it releases its share.
@@ -93,9 +97,10 @@ class CandidateReader final {
                                   std::span<std::byte> into, std::size_t enough);
     std::mutex* onlyReaderOf(std::uint64_t device);
 
-    [[nodiscard]] std::nullopt_t failed(const File& file, SystemError error);
+    std::nullopt_t failed(const File& file, SystemError error);
     Result<Descriptor> openOnce(const File& file, const std::string& path);
     Result<FileAttributes> attributesNow(const File& file, const Descriptor& descriptor);
+    void logUnnamed(const File& file);
 
     FileSystem& fileSystem_;
     const ScanControl& control_;

@@ -94,9 +94,8 @@ std::vector<FileGroup> alike(std::span<const std::optional<FileStamp>> stamps,
     return groups;
 }
 
-/// Reports the files that are in no group: they differ from all others.
-void reportTheOthers(std::size_t fileCount, const std::vector<FileGroup>& groups,
-                     ContentVerdict& verdict) {
+/// The files that are in no group.
+FileGroup othersThan(const std::vector<FileGroup>& groups, std::size_t fileCount) {
     std::vector<bool> isInGroup(fileCount, false);
     for (const FileGroup& group : groups) {
         for (const std::uint32_t number : group) {
@@ -109,7 +108,7 @@ void reportTheOthers(std::size_t fileCount, const std::vector<FileGroup>& groups
             others.push_back(number);
         }
     }
-    verdict.decided(others);
+    return others;
 }
 
 /// Forwards the results for the members of a group under their numbers in the class.
@@ -209,6 +208,7 @@ std::optional<std::vector<FileGroup>> ContentPartition::compareWhole(std::span<F
         group = withoutRepeats(std::move(group), files, stamps);
     }
     std::erase_if(groups, [](const FileGroup& group) { return group.size() < 2; });
+    logResized(files, stamps, groups);
     return groups;
 }
 
@@ -223,7 +223,8 @@ void ContentPartition::partition(std::span<File* const> files, ContentVerdict& v
 
     const std::vector<FileGroup> groups = alike(seen.stamps, seen.hashes);
     if (!reader_.control().stop()) {
-        reportTheOthers(files.size(), groups, verdict);
+        logResized(files, seen.stamps, groups);
+        verdict.decided(othersThan(groups, files.size()));
     }
     RepeatFilter filter(files, seen, verdict);
     ContentComparer comparer(reader_, buffers_, pool_, {files, seen.stamps, seen.open});
@@ -257,6 +258,7 @@ bool ContentPartition::compareOpen(std::span<File* const> files, const Inspectio
         open.push_back(reader_.open(*files[number]));
         // NOLINTNEXTLINE(bugprone-unchecked-optional-access): members were read.
         if (open.back() && open.back()->stamp != *seen.stamps[number]) {
+            reader_.logChange(*files[number]);
             open.back().reset();
         }
     }
@@ -266,6 +268,29 @@ bool ContentPartition::compareOpen(std::span<File* const> files, const Inspectio
     ContentComparer comparer(reader_, buffers_, pool_, {members, stamps, open});
     comparer.compare(std::move(all), renumbered);
     return true;
+}
+
+/// Logs the files outside the groups that no longer have their recorded size. They have only been
+/// compared with files of that size, so their duplicates were not looked for.
+void ContentPartition::logResized(std::span<File* const> files,
+                                  std::span<const std::optional<FileStamp>> stamps,
+                                  const std::vector<FileGroup>& groups) {
+    const auto isResized = [&](std::uint32_t number) {
+        return stamps[number] && stamps[number]->size != files[number]->fileSize();
+    };
+    // Seldom any, so the rest costs nothing.
+    bool anyResized = false;
+    for (std::uint32_t number = 0; number < files.size() && !anyResized; ++number) {
+        anyResized = isResized(number);
+    }
+    if (!anyResized) {
+        return;
+    }
+    for (const std::uint32_t number : othersThan(groups, files.size())) {
+        if (isResized(number)) {
+            reader_.logChange(*files[number]);
+        }
+    }
 }
 
 /// Opens each file once, for its stamp and the hash of its first block.

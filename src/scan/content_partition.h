@@ -64,8 +64,10 @@ class ContentPartition final {
     [[nodiscard]] Workspace makeWorkspace();
 
     /// Returns the groups of two or more equal files among `files`, each ascending. An unreadable
-    /// file is in no group. Returns nullopt if a file has grown too large since it was listed; use
-    /// partition() then. After a stop: the groups among the files read before it.
+    /// file is in no group. A file is read by one call, so a change meanwhile is seen only by its
+    /// length; its stamp is that before the call, so a move of the file will see any other. Returns
+    /// nullopt if a file has grown too large since it was listed; use partition() then. After a
+    /// stop: the groups among the files read before it.
     [[nodiscard]] std::optional<std::vector<FileGroup>> compareWhole(std::span<File* const> files,
                                                                      Workspace& workspace);
 
@@ -79,6 +81,8 @@ class ContentPartition final {
 
     [[nodiscard]] bool compareOpen(std::span<File* const> files, const Inspection& seen,
                                    const FileGroup& group, ContentVerdict& verdict);
+    void logResized(std::span<File* const> files, std::span<const std::optional<FileStamp>> stamps,
+                    const std::vector<FileGroup>& groups);
     void inspectAll(std::span<File* const> files, Inspection& seen);
     void inspect(std::uint32_t number, const File& file, Inspection& seen);
 

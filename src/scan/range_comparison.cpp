@@ -61,11 +61,13 @@ class RangeComparison::Opened final {
         own_ = reader_.open(*candidates.files[number]);
         if (own_ && candidates.seen[number] == own_->stamp) {
             candidate_ = &*own_;
+        } else if (own_) {
+            reader_.logChange(*candidates.files[number]);
         }
     }
 
     /// Whether all that was read since the file was opened is the content of one unchanged file.
-    /// Files that are kept open are checked once, at the end of the comparison.
+    /// Files that are kept open are checked once, when they are decided.
     [[nodiscard]] bool isUnchanged() const { return !own_ || reader_.isUnchanged(*own_); }
 
     /// nullptr if the file cannot be read any more or has changed.
@@ -122,6 +124,7 @@ void RangeComparison::collect(std::uint64_t position, std::uint64_t to,
         } else if (group.size() > 1) {
             into.push_back({std::move(group), reached});
         } else if (!context_.reader.control().stop()) {
+            logIfChanged(group);
             context_.verdict.decided(group);
         }
     };
@@ -219,10 +222,21 @@ void RangeComparison::stay(std::uint32_t file) {
     }
 }
 
+/// Files that differ from all others may do so because they were being changed. Those that are not
+/// kept open have been checked when they were read.
+void RangeComparison::logIfChanged(std::span<const std::uint32_t> files) {
+    for (const std::uint32_t file : files) {
+        if (!context_.candidates.open.empty() && context_.candidates.open[file]) {
+            context_.reader.isUnchanged(*context_.candidates.open[file]);
+        }
+    }
+}
+
 /// Adds the file to those that left the reference with the same bytes at the same offset. The hash
 /// only finds them; the bytes decide.
 void RangeComparison::leave(std::uint32_t file, std::size_t offset, std::span<std::byte> chunk) {
     if (isPair_) {
+        logIfChanged({&file, 1});
         return;
     }
     const std::uint64_t key = XXH3_64bits_withSeed(chunk.data(), chunk.size(), offset);

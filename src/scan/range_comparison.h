@@ -84,6 +84,7 @@ class RangeComparison final {
     void compareAll(std::span<const std::uint32_t> files);
     void compareFile(std::uint32_t file, std::span<std::byte> scratch);
     std::span<std::byte> takeScratch();
+    void logIfChanged(std::span<const std::uint32_t> files);
     void stay(std::uint32_t file);
     void leave(std::uint32_t file, std::size_t offset, std::span<std::byte> chunk);
 

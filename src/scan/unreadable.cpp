@@ -8,43 +8,53 @@ namespace tarvin {
 
 namespace {
 
-/// Whether an error means that an entry exists but cannot be read. An entry that was removed since
-/// its folder was listed, or replaced by a link or another type of entry, is not unreadable.
-bool meansUnreadable(SystemError error) {
-    return error.code != ENOENT && error.code != ENOTDIR && error.code != ELOOP;
+/// Whether the error of a call that does not follow links says that the entry, or a folder above
+/// it, is of another type now.
+bool meansReplaced(SystemError error) {
+    return error.code == ENOTDIR || error.code == ELOOP;
 }
 
 }  // namespace
 
+std::string reasonOf(const Unreadable& unreadable) {
+    return unreadable.hasChanged ? "changed while it was read" : unreadable.error.text();
+}
+
 void UnreadableLog::addFolder(const Directory& folder, SystemError error) {
-    add(folder, {}, error);
+    if (!meansReplaced(error)) {
+        const std::lock_guard lock(mutex_);
+        addEntry(folder, {}, error);
+    }
 }
 
 void UnreadableLog::addFile(const Directory& folder, std::string_view name, SystemError error) {
-    add(folder, name, error);
+    if (!meansReplaced(error) && error.code != ENOENT) {
+        const std::lock_guard lock(mutex_);
+        addEntry(folder, name, error);
+    }
 }
 
 void UnreadableLog::addFile(const File& file, SystemError error) {
-    if (!meansUnreadable(error)) {
-        return;
-    }
-    {
-        const std::lock_guard lock(mutex_);
-        if (!collected_.insert(&file).second) {
-            return;
-        }
-    }
-    add(*file.directory(), file.fileName(), error);
+    addCollected(file, error, meansReplaced(error));
 }
 
-void UnreadableLog::add(const Directory& folder, std::string_view name, SystemError error) {
-    if (!meansUnreadable(error)) {
-        return;
-    }
+void UnreadableLog::addChanged(const File& file) {
+    addCollected(file, {}, true);
+}
+
+void UnreadableLog::addCollected(const File& file, SystemError error, bool hasChanged) {
     const std::lock_guard lock(mutex_);
+    if (collected_.insert(&file).second) {
+        addEntry(*file.directory(), file.fileName(), hasChanged ? SystemError{} : error,
+                 hasChanged);
+    }
+}
+
+void UnreadableLog::addEntry(const Directory& folder, std::string_view name, SystemError error,
+                             bool hasChanged) {
     ++(name.empty() ? folders_ : files_);
     if (entries_.size() < maxKept) {
-        entries_.push_back({&folder, std::string(name), error});
+        entries_.push_back({&folder, std::string(name), error, hasChanged});
     }
 }
 
@@ -58,7 +68,7 @@ UnreadableReport UnreadableLog::report() const {
     for (const Entry& entry : entries_) {
         const bool isFolder = entry.name.empty();
         report.kept.push_back({isFolder ? entry.folder->path() : entry.folder->pathOf(entry.name),
-                               isFolder, entry.error});
+                               isFolder, entry.error, entry.hasChanged});
     }
     std::stable_sort(
         report.kept.begin(), report.kept.end(), [](const Unreadable& one, const Unreadable& other) {

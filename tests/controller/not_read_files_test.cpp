@@ -72,6 +72,14 @@ TEST(NotReadFiles, FrequentReasonsAreInTheLanguageOfTheWindow) {
     EXPECT_EQ(reasonOf(EMFILE), "Too many open files");
 }
 
+TEST(NotReadFiles, AFileThatChangedHasItsOwnReason) {
+    ScanResult result;
+    addFile(result, "/home/anna/log.txt", 0);
+    result.unreadable.kept.back().hasChanged = true;
+    EXPECT_EQ(rowsOf(NotReadFiles(result).reasons()),
+              (RowTexts{"log.txt|/home/anna|Changed while it was read"}));
+}
+
 TEST(NotReadFiles, LocationsAndFoldersComeBeforeFiles) {
     ScanResult result;
     result.unreadableLocations = {{"/media/stick", {ENOENT}},
