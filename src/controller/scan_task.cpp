@@ -221,11 +221,12 @@ void ScanTask::stopYesClicked() {
 /// Also resumes a scan that the user had paused before.
 void ScanTask::stopNOClicked() {
     screen_.pauseResume->setEnabled(true);
-    window_.confirmationView->hide();
     if (run_.pause()) {
         setPaused(false);
         showDetails();
     }
+    // Last: the focus can return only to an enabled button.
+    window_.confirmationView->hide();
 }
 
 void ScanTask::waitForAnswer() {

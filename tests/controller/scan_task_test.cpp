@@ -389,6 +389,17 @@ TEST_F(Scanning, StoppedDuringAPauseGoesOnIfTheAnswerIsNo) {
     EXPECT_TRUE(comesTo("4"));
 }
 
+TEST_F(Scanning, TheFocusReturnsToStopAfterTheAnswerNo) {
+    beginAndHoldComparison();
+    progress().stopButton->setFocus();
+    click("stopButton");
+    EXPECT_EQ(window().focusWidget(), window().cancelNo);
+    click("cancelNo");
+    EXPECT_EQ(window().focusWidget(), progress().stopButton);
+    barrier.open();
+    EXPECT_TRUE(comesTo("4"));
+}
+
 TEST_F(Scanning, StoppedBesideTheNoticeOfClosingGoesOnIfTheAnswerIsNo) {
     beginAndHoldComparison();
     EXPECT_FALSE(window().close());
