@@ -15,6 +15,7 @@
 #include "interface/list_panel.h"
 #include "interface/loading_overlay.h"
 #include "interface/location_screen.h"
+#include "interface/location_table.h"
 #include "interface/making.h"
 #include "interface/notice_panel.h"
 #include "interface/open_panels.h"
@@ -25,6 +26,7 @@
 #include "interface/put_back_panels.h"
 #include "interface/result_panels.h"
 #include "interface/result_screen.h"
+#include "interface/result_table.h"
 #include "interface/rule_panel.h"
 #include "interface/shortcuts.h"
 #include "interface/text_block.h"
@@ -268,6 +270,10 @@ void MainWindow::orderKeyboard() {
     }
     next(buttonMore);
     next(buttonHelpManual);
+    // A scan and a clean-up disable both.
+    for (HoverButton* button : QVector<HoverButton*>{buttonMore, buttonHelpManual}) {
+        button->setFocusAfterDisabling({results->resultTable, locations->tableExact});
+    }
 }
 
 void MainWindow::selectTabViewItem(const QString& identifier) {

@@ -2,6 +2,8 @@
 #include "controls/hover_button.h"
 #include "controls/menu_button.h"
 #include "interface/home_screen.h"
+#include "interface/result_screen.h"
+#include "interface/result_table.h"
 #include "interface/shown_window.h"
 
 #include <QAccessible>
@@ -142,6 +144,20 @@ TEST_F(MoreMenuTest, AHeldKeyOnItsButtonOpensItOnce) {
         window.moreMenu->close();
     }
     EXPECT_EQ(clicks.size(), 2);
+}
+
+TEST_F(MoreMenuTest, TheListGetsTheFocusWhenItIsDisabledWithHelp) {
+    const QVector<QPair<const char*, QWidget*>> lists = {{"2", window.locations->tableExact},
+                                                         {"4", window.results->resultTable}};
+    for (const auto& [screen, list] : lists) {
+        for (QWidget* button : QVector<QWidget*>{window.buttonMore, window.buttonHelpManual}) {
+            window.selectTabViewItem(QLatin1String(screen));
+            button->setFocus();
+            window.buttonHelpManual->setEnabled(false);
+            EXPECT_EQ(window.focusWidget(), list) << screen;
+            window.buttonHelpManual->setEnabled(true);
+        }
+    }
 }
 
 TEST_F(MoreMenuTest, F10OpensItAndLeavesTheFocusOnTheButton) {
