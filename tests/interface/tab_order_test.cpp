@@ -1,9 +1,18 @@
 #include "controls/hover_button.h"
 #include "controls/windows_like_button.h"
+#include "interface/dialog_panel.h"
+#include "interface/folder_list.h"
 #include "interface/home_screen.h"
+#include "interface/list_table.h"
 #include "interface/progress_screen.h"
 #include "interface/result_screen.h"
 #include "interface/shown_window.h"
+#include "interface/some_results.h"
+#include "interface/window_covers.h"
+#include "support/on_screen.h"
+
+#include <QAccessible>
+#include <QStringListModel>
 
 namespace tarvin {
 
@@ -144,6 +153,87 @@ TEST_F(TabOrderTest, TheFocusIsShownOnlyForTheKeyboard) {
     EXPECT_TRUE(folders->showsFocusRing());
     QTest::keyClick(folders, Qt::Key_Backtab);
     EXPECT_TRUE(drives->showsFocusRing());
+}
+
+/// The screens and panels with something in their lists.
+class VisibleFocusTest : public TabOrderTest {
+ protected:
+    VisibleFocusTest() {
+        locations_.add(QStringLiteral("/a"), QStringLiteral("folder"), false);
+        window.locations->tableExact->setModel(&locations_);
+        window.results->OView2->setModel(&drawn_.sets);
+        window.results->OView2->expandAll();
+        window.results->resultTable->setModel(&drawn_.files);
+        for (ListTable* list : window.findChildren<ListTable*>()) {
+            list->setModel(&drawn_.files);
+        }
+        for (FolderList* list : window.findChildren<FolderList*>()) {
+            list->setModel(&folders_);
+        }
+    }
+    ~VisibleFocusTest() override {
+        for (QAbstractItemView* view : window.findChildren<QAbstractItemView*>()) {
+            view->setModel(nullptr);
+        }
+    }
+
+    /// The control and what surrounds it, with its ring.
+    [[nodiscard]] QImage look(const QWidget& holder) {
+        constexpr int room = 6;
+        return onScreen(window).copy(geometryOf(&holder).adjusted(-room, -room, room, room) &
+                                     window.rect());
+    }
+
+    /// Presses Tab until the first control has the focus again. Each looks different with it.
+    void expectEachFocusIsSeen(const std::string& where) {
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        const QWidget* first = window.focusWidget();
+        int count = 0;
+        do {
+            QWidget* holder = window.focusWidget();
+            if (auto* view = qobject_cast<QAbstractItemView*>(holder)) {
+                view->setCurrentIndex(view->model()->index(0, 0));
+                view->clearSelection();
+            }
+            const QImage with = look(*holder);
+            QTest::keyClick(holder, Qt::Key_Tab);
+            const std::string name = holder->objectName().toStdString();
+            EXPECT_TRUE(window.focusWidget() == holder || look(*holder) != with)
+                << where << ' ' << name;
+            EXPECT_TRUE(holder->isVisible()) << where << ' ' << name;
+            const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(holder);
+            EXPECT_FALSE(told->text(QAccessible::Name).isEmpty()) << where << ' ' << name;
+            ++count;
+        } while (window.focusWidget() != first && count < 50);
+        EXPECT_LT(count, 50) << where;
+    }
+
+ private:
+    SomeLocations locations_;
+    DrawnResult drawn_{false};
+    QStringListModel folders_{{QStringLiteral("/a"), QStringLiteral("/b")}};
+};
+
+TEST_F(VisibleFocusTest, OnEveryScreen) {
+    for (const char* screen : {"1", "2", "5", "4"}) {
+        window.selectTabViewItem(QLatin1String(screen));
+        window.results->setNotRead(QStringLiteral("3 files could not be read."));
+        expectEachFocusIsSeen(screen);
+    }
+}
+
+TEST_F(VisibleFocusTest, InEveryPanel) {
+    window.selectTabViewItem(QStringLiteral("4"));
+    for (DialogPanel* panel : window.findChildren<DialogPanel*>()) {
+        window.showOver(panel, QPoint(100, 20));
+        QCoreApplication::sendPostedEvents();
+        for (QAbstractButton* button : panel->findChildren<QAbstractButton*>()) {
+            button->setEnabled(true);
+        }
+        expectEachFocusIsSeen(panel->objectName().toStdString());
+        panel->hide();
+        window.covers().removeAll();
+    }
 }
 
 }  // namespace

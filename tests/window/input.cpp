@@ -49,6 +49,10 @@ void key(const std::string& keys) {
     act("key " + keys);
 }
 
+void type(const std::string& text) {
+    act("type '" + text + "'");
+}
+
 void minimize() {
     act("getactivewindow windowminimize");
 }

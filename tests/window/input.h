@@ -22,6 +22,8 @@ void click(Spot spot);
 void doubleClick(Spot spot);
 /// A key with its modifiers, such as "alt+F4", for the window with the keyboard focus.
 void key(const std::string& keys);
+/// Types a text without quotation marks.
+void type(const std::string& text);
 
 /// Minimizes the window with the keyboard focus.
 void minimize();
