@@ -35,29 +35,31 @@ class FolderMatch final {
     bool holdsLast_ = false;
 };
 
-/// The marks of a set after those of the folder have been added; empty if none is added.
+/// The marks of a set after those of the folder have been added; empty if nothing changes.
 Marks marksWith(FolderMatch& folder, const Set& set) {
     const std::vector<std::shared_ptr<File>>& files = set.files();
     Marks marks;
     marks.reserve(files.size());
-    std::size_t added = 0;
-    std::size_t first = files.size();  // of the added ones
+    bool anyAdded = false;
     bool anyStays = false;
-    for (std::size_t position = 0; position < files.size(); ++position) {
-        const bool isMarked = files[position]->state() != CheckState::off;
-        const bool isAdded = !isMarked && folder.holds(*files[position]);
-        if (isAdded) {
-            first = std::min(first, position);
-            ++added;
-        }
+    for (const std::shared_ptr<File>& file : files) {
+        const bool isMarked = file->state() != CheckState::off;
+        const bool isAdded = !isMarked && folder.holds(*file);
+        anyAdded = anyAdded || isAdded;
         anyStays = anyStays || (!isMarked && !isAdded);
         marks.push_back(isMarked || isAdded ? CheckState::on : CheckState::off);
     }
-    if (added > 0 && !anyStays) {
-        marks[first] = CheckState::off;
-        --added;
+    if (!anyAdded) {
+        return {};
     }
-    return added > 0 ? marks : Marks();
+    if (!anyStays) {
+        marks.front() = CheckState::off;
+        const bool isSame =
+            std::equal(marks.begin(), marks.end(), files.begin(),
+                       [](CheckState mark, const auto& file) { return mark == file->state(); });
+        return isSame ? Marks() : marks;
+    }
+    return marks;
 }
 
 void setMarksOf(Modal& modal, const Set& set, const Marks& marks) {

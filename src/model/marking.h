@@ -48,12 +48,12 @@ void keepFile(Modal& modal, const Set& set, std::size_t position);
 /// be marked as a whole. Only on the thread that changes the tree.
 void unmarkFirstFiles(Modal& modal, const std::vector<std::shared_ptr<Set>>& sets);
 
-/// Whether markFolder() would mark a file.
+/// Whether markFolder() would change a mark.
 [[nodiscard]] bool canMarkFolder(const Modal& modal, const Directory& folder);
 
 /// Marks the files in `folder`, without those in its subfolders. In a set that would have no
-/// unmarked file left, the first file that would have been marked stays unmarked. Removes no mark.
-/// Only on the thread that changes the tree.
+/// unmarked file left, the first file is unmarked, wherever it is and even if it was marked before.
+/// Removes no other mark. Only on the thread that changes the tree.
 void markFolder(Modal& modal, const Directory& folder);
 
 /// Removes one file from `set`, which belongs to `extension`, and returns its path, to be excluded

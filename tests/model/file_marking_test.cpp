@@ -81,17 +81,43 @@ TEST_F(FileMarking, MarkingAFolderLeavesTheFirstFileOfASetThatWouldLoseAll) {
     EXPECT_EQ(modal_.totalFilesSelectedSize(), 20U);
 }
 
-TEST_F(FileMarking, MarkingAFolderRemovesNoMark) {
-    mark(three_, 1);
-    mark(inside_, 0);
+TEST_F(FileMarking, MarkingAFolderAddsToTheMarksOfOthers) {
     mark(three_, 2);
     markFolder(modal_, folderOf(*three_, 0));
-    EXPECT_EQ(statesOf(*three_), (States{off, on, on}));
-    EXPECT_EQ(statesOf(*inside_), (States{on, off}));
-    EXPECT_EQ(modal_.totalFilesSelected(), 3U);
+    EXPECT_EQ(statesOf(*three_), (States{on, off, on}));
 }
 
-TEST_F(FileMarking, AFolderCanBeMarkedIfThatAddsAMark) {
+TEST_F(FileMarking, WhereTheOthersAreMarkedTheFirstFoundStays) {
+    mark(three_, 1);
+    mark(three_, 2);
+    EXPECT_TRUE(canMarkFolder(modal_, folderOf(*three_, 0)));
+    mark(inside_, 1);
+    markFolder(modal_, folderOf(*three_, 0));
+    EXPECT_EQ(statesOf(*three_), (States{off, on, on}));
+    EXPECT_EQ(statesOf(*inside_), (States{off, on}));
+    EXPECT_EQ(modal_.totalFilesSelected(), 3U);
+    EXPECT_FALSE(canMarkFolder(modal_, folderOf(*three_, 0)));
+}
+
+TEST_F(FileMarking, TheFirstFoundStaysAlsoIfItWasMarkedAndIsElsewhere) {
+    mark(three_, 0);
+    mark(three_, 2);
+    EXPECT_TRUE(canMarkFolder(modal_, folderOf(*three_, 1)));
+    markFolder(modal_, folderOf(*three_, 1));
+    EXPECT_EQ(statesOf(*three_), (States{off, on, on}));
+    EXPECT_EQ(modal_.totalFilesSelected(), 2U);
+    EXPECT_EQ(modal_.totalFilesSelectedSize(), 20U);
+    EXPECT_FALSE(canMarkFolder(modal_, folderOf(*three_, 1)));
+}
+
+TEST_F(FileMarking, TheFirstFoundOfTheFolderStaysAlsoIfItWasMarked) {
+    mark(inside_, 0);
+    markFolder(modal_, folderOf(*inside_, 0));
+    EXPECT_EQ(statesOf(*inside_), (States{off, on}));
+    EXPECT_FALSE(canMarkFolder(modal_, folderOf(*inside_, 0)));
+}
+
+TEST_F(FileMarking, AFolderCanBeMarkedIfThatChangesAMark) {
     EXPECT_TRUE(canMarkFolder(modal_, folderOf(*three_, 0)));
     markFolder(modal_, folderOf(*three_, 0));
     EXPECT_FALSE(canMarkFolder(modal_, folderOf(*three_, 0)));
