@@ -114,10 +114,14 @@ MarkingOutcome markByRule(Modal& modal, const MarkingRule& rule) {
     return marker.outcome();
 }
 
-MarkingOutcome countByRule(const Modal& modal, const MarkingRule& rule) {
+MarkingOutcome countByRule(const Modal& modal, const MarkingRule& rule,
+                           const std::atomic<bool>* stop) {
     SetMarker marker(rule);
     for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
         for (const std::shared_ptr<Set>& set : extension->sets()) {
+            if (stop != nullptr && stop->load(std::memory_order_relaxed)) {
+                return marker.outcome();
+            }
             marker.marksOf(*set);
         }
     }

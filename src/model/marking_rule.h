@@ -2,6 +2,7 @@
 
 #include "model/modal.h"
 
+#include <atomic>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -59,7 +60,8 @@ struct MarkingOutcome {
 MarkingOutcome markByRule(Modal& modal, const MarkingRule& rule);
 
 /// The outcome that markByRule() would have; changes nothing. Any thread, while no thread changes
-/// the tree.
-[[nodiscard]] MarkingOutcome countByRule(const Modal& modal, const MarkingRule& rule);
+/// the tree. Returns within a millisecond once `stop` is true; the outcome is then incomplete.
+[[nodiscard]] MarkingOutcome countByRule(const Modal& modal, const MarkingRule& rule,
+                                         const std::atomic<bool>* stop = nullptr);
 
 }  // namespace tarvin

@@ -186,11 +186,14 @@ FoundFolder findRuleFolder(const std::string& path, FileSystem& fileSystem) {
     return folder;
 }
 
-std::vector<std::string> locationsOf(const Modal& modal) {
+std::vector<std::string> locationsOf(const Modal& modal, const std::atomic<bool>* stop) {
     std::vector<std::string> locations;
     std::unordered_set<const Directory*> seen;
     for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
         for (const std::shared_ptr<Set>& set : extension->sets()) {
+            if (stop != nullptr && stop->load(std::memory_order_relaxed)) {
+                return locations;
+            }
             for (const std::shared_ptr<File>& file : set->files()) {
                 const Directory* at = file->directory();
                 while (at != nullptr && seen.insert(at).second) {

@@ -4,6 +4,7 @@
 #include "platform/file_system.h"
 #include "platform/result.h"
 
+#include <atomic>
 #include <string>
 #include <vector>
 
@@ -53,8 +54,10 @@ struct ScanWays {
 };
 
 /// The folders at which the scan of a list began, by their paths, as far as the list has files in
-/// them. No thread may change the tree meanwhile. Does not use the disk.
-[[nodiscard]] std::vector<std::string> locationsOf(const Modal& modal);
+/// them. No thread may change the tree meanwhile. Does not use the disk. Returns within a
+/// millisecond once `stop` is true; some are then missing.
+[[nodiscard]] std::vector<std::string> locationsOf(const Modal& modal,
+                                                   const std::atomic<bool>* stop = nullptr);
 
 /// The ways of a scan of these locations, given by absolute paths. Leaves out a location that does
 /// not exist. Of the mounted file systems it looks only at those mounted more than once, because

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -212,6 +213,13 @@ TEST_F(MarkingByRule, CountingChangesNothing) {
     EXPECT_EQ(marksOf(*two_), (std::vector{off, on}));
     EXPECT_EQ(levelOf(modal_), (Level{off, 3, 30, 3, 30}));
     EXPECT_EQ(markByRule(modal_, rule), (MarkingOutcome{2, 20, 1, 1}));
+}
+
+TEST_F(MarkingByRule, ACountCanBeStopped) {
+    std::atomic<bool> stop{false};
+    EXPECT_EQ(countByRule(modal_, {}, &stop), (MarkingOutcome{3, 30, 2, 0}));
+    stop = true;
+    EXPECT_EQ(countByRule(modal_, {}, &stop), MarkingOutcome());
 }
 
 TEST_F(MarkingByRule, SetsAndExtensionsWithoutFilesStayUnmarked) {

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cerrno>
 #include <filesystem>
 #include <memory>
@@ -226,6 +227,8 @@ TEST(LocationsOf, AreTheFoldersAtWhichWalksBegan) {
     Modal modal;
     modal.addExtension(extension);
     EXPECT_EQ(locationsOf(modal), (std::vector<std::string>{"/one", "/"}));
+    const std::atomic<bool> stop{true};
+    EXPECT_EQ(locationsOf(modal, &stop), std::vector<std::string>{});
 }
 
 using Paths = std::vector<std::string>;
