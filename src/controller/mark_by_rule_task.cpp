@@ -14,7 +14,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QMenu>
-#include <algorithm>
+#include <utility>
 
 namespace tarvin {
 
@@ -120,61 +120,81 @@ RuleChoice MarkByRuleTask::choice() const {
 
 void MarkByRuleTask::choiceChanged() {
     showStates();
+    store();
     marksWhenCounted_ = false;
     counted_.reset();
-    isWanted_ = choice().isComplete();
-    if (!isWanted_) {
-        count_.abandon();
-        ticks_.stop();
+    if (!choice().isComplete()) {
         showOutcome(RuleTexts::noFolder(), RuleTexts::blocked(0, replacesMarks_), false);
-        return;
     }
+    isWanted_ = true;
     sinceChange_.start();
     ticks_.start();
 }
 
 void MarkByRuleTask::tick() {
+    const bool isComplete = choice().isComplete();
     const bool isLate =
         !sinceStart_.isValid() || sinceStart_.hasExpired(minMillisecondsBetweenCounts);
     if (isWanted_ && isLate) {
         isWanted_ = false;
         sinceStart_.start();
-        count_.start(results_.sharedList(), choice());
+        count_.start(isComplete ? results_.sharedList() : nullptr, choice());
     }
-    if (const std::optional<CountedRule> counted = count_.take(); counted && !isWanted_) {
+    const std::optional<CountedRule> counted = count_.take();
+    showFolders();
+    if (!isWanted_ && !count_.isRunning()) {
         ticks_.stop();
-        showCount(*counted);
-        return;
     }
-    if (sinceChange_.hasExpired(countingMilliseconds) &&
-        panel_.ruleOutcome->text() != RuleTexts::counting()) {
+    if (counted && !isWanted_ && isComplete) {
+        showCount(*counted);
+    } else if (isComplete && !counted_ && sinceChange_.hasExpired(countingMilliseconds) &&
+               panel_.ruleOutcome->text() != RuleTexts::counting()) {
         showOutcome(RuleTexts::counting(), {}, false);
+    }
+}
+
+/// Which folders are gone.
+void MarkByRuleTask::showFolders() {
+    for (const LookedUpFolder& folder : count_.takeLookedUp()) {
+        preferred_.setGone(folder.path, folder.isGone);
+        protected_.setGone(folder.path, folder.isGone);
     }
 }
 
 void MarkByRuleTask::showCount(const CountedRule& counted) {
     counted_ = counted;
-    for (RuleFolders* folders : {&preferred_, &protected_}) {
-        for (const std::string& path : folders->paths()) {
-            folders->setGone(path, std::find(counted.gone.begin(), counted.gone.end(), path) !=
-                                       counted.gone.end());
-        }
-    }
-    showOutcome(RuleTexts::outcome(counted.outcome),
-                RuleTexts::blocked(counted.outcome.blocked, replacesMarks_),
-                counted.outcome.files > 0);
+    const QString outcome = RuleTexts::outcome(counted.outcome);
+    const QString blocked = RuleTexts::blocked(counted.outcome.blocked, replacesMarks_);
+    const bool wasShown =
+        outcome == panel_.ruleOutcome->text() && blocked == panel_.ruleBlocked->text();
+    showOutcome(outcome, blocked, counted.outcome.files > 0);
     QAccessibleEvent settled(panel_.ruleOutcome, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&settled);
-    if (marksWhenCounted_) {
+    if (std::exchange(marksWhenCounted_, false) && wasShown) {
         mark();
     }
 }
 
-void MarkByRuleTask::showOutcome(const QString& outcome, const QString& blocked,
-                                 bool canMark) const {
+/// Disabling Mark must not take the focus from it for longer than that.
+void MarkByRuleTask::showOutcome(const QString& outcome, const QString& blocked, bool canMark) {
     panel_.ruleOutcome->setText(outcome);
     panel_.ruleBlocked->setText(blocked);
+    const bool hadFocus = window_.focusWidget() == panel_.ruleMark;
     panel_.ruleMark->setEnabled(canMark);
+    if (!canMark && hadFocus) {
+        focusedForMark_ = window_.focusWidget();
+    } else if (canMark) {
+        if (focusedForMark_ != nullptr && focusedForMark_ == window_.focusWidget()) {
+            panel_.ruleMark->setFocus(Qt::OtherFocusReason);
+        }
+        focusedForMark_ = nullptr;
+    }
+}
+
+void MarkByRuleTask::store() {
+    if (const RuleChoice chosen = choice(); chosen != storedRuleChoice(settings_)) {
+        storeRuleChoice(settings_, chosen);
+    }
 }
 
 /// Which buttons of the lists can do something.
@@ -222,7 +242,7 @@ void MarkByRuleTask::mark() {
     }
     if (!counted_) {
         // The choice changed a moment ago; what is on the screen belongs to the one before.
-        marksWhenCounted_ = true;
+        marksWhenCounted_ = panel_.ruleMark->isEnabled();
         return;
     }
     if (counted_->outcome.files > 0) {
@@ -243,7 +263,7 @@ void MarkByRuleTask::close() {
     isWanted_ = false;
     marksWhenCounted_ = false;
     counted_.reset();
-    storeRuleChoice(settings_, choice());
+    focusedForMark_ = nullptr;
     panel_.hide();
     window_.covers().removeFirst();
 }

@@ -8,8 +8,10 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QPointer>
 #include <QSettings>
 #include <QTimer>
+#include <QWidget>
 #include <optional>
 
 namespace tarvin {
@@ -19,7 +21,8 @@ class MainWindow;
 class RulePanel;
 
 /// "Mark by Rule…": the panel with the rule, the folders and the live count, and the marking of the
-/// list in view. Rule and folders are kept in the settings. Owned by AppDelegate. Main thread only.
+/// list in view. Rule and folders are kept in the settings, from each change on. Owned by
+/// AppDelegate. Main thread only.
 class MarkByRuleTask final : public QObject {
     Q_OBJECT
 
@@ -32,8 +35,9 @@ class MarkByRuleTask final : public QObject {
     /// Shows the panel. Does nothing without sets, or while the panel is shown.
     void open();
     void cancel();
-    /// Marks by the rule as soon as it is counted, and closes the panel; does nothing if it would
-    /// mark no file.
+    /// Marks by the rule and closes the panel; does nothing if it would mark no file. While the
+    /// count of a change is not on the screen yet, waits for it, and marks only if it says the same
+    /// as the screen.
     void mark();
 
     /// The rule and the folders on the screen.
@@ -50,7 +54,9 @@ class MarkByRuleTask final : public QObject {
     void choiceChanged();
     void tick();
     void showCount(const CountedRule& counted);
-    void showOutcome(const QString& outcome, const QString& blocked, bool canMark) const;
+    void showFolders();
+    void showOutcome(const QString& outcome, const QString& blocked, bool canMark);
+    void store();
     void close();
 
     Results& results_;
@@ -61,13 +67,14 @@ class MarkByRuleTask final : public QObject {
     RuleFolders preferred_;
     RuleFolders protected_;
     RuleCount count_;
-    QTimer ticks_;  // while a count is running or wanted
+    QTimer ticks_;  // while a count is running or wanted, or a folder is looked for
     QElapsedTimer sinceStart_;
     QElapsedTimer sinceChange_;
     bool isWanted_ = false;  // the choice has changed since the last start
     bool marksWhenCounted_ = false;
     bool replacesMarks_ = false;
     std::optional<CountedRule> counted_;  // of the choice on the screen
+    QPointer<QWidget> focusedForMark_;    // has the focus that Mark had before it was disabled
 };
 
 }  // namespace tarvin

@@ -1,10 +1,10 @@
 #include "controller/rule_count.h"
 
 #include "platform/threads.h"
-#include "scan/rule_folder.h"
 
 #include <atomic>
 #include <mutex>
+#include <string>
 #include <thread>
 #include <utility>
 
@@ -17,25 +17,29 @@ std::atomic<int> runningCounts{0};
 }  // namespace
 
 struct RuleCount::Job {
-    Job(FileSystem& files, std::shared_ptr<const Modal> counted, RuleChoice chosen)
-        : fileSystem(files), list(std::move(counted)), choice(std::move(chosen)) {}
+    using AskedFolders = std::vector<RuleLookup::Asked<FoundFolder>>;
+
+    Job(std::shared_ptr<RuleLookup> asked, std::shared_ptr<const Modal> counted, RuleChoice chosen)
+        : lookup(std::move(asked)), list(std::move(counted)), choice(std::move(chosen)) {}
 
     void run();
-    [[nodiscard]] std::vector<RuleFolder> foldersAt(const std::vector<std::string>& paths,
-                                                    const ScanWays& ways);
-    /// Calls `read` with the list, unless the job is abandoned.
+    [[nodiscard]] bool findFolders();
+    [[nodiscard]] AskedFolders ask(const std::vector<std::string>& paths) const;
+    [[nodiscard]] bool awaitFolders(const AskedFolders& asked, const ScanWays& ways,
+                                    std::vector<RuleFolder>& folders) const;
+    /// Calls `read` with the list, unless the job is abandoned or there is none.
     template <typename Read>
     void readList(const Read& read) {
         const std::lock_guard lock(reading);
-        if (!abandoned) {
+        if (!stop && list) {
             read(*list);
         }
     }
 
-    FileSystem& fileSystem;
-    std::mutex reading;  // held while the list is read
-    std::shared_ptr<const Modal> list;
-    bool abandoned = false;  // guarded by reading
+    const std::shared_ptr<RuleLookup> lookup;
+    std::mutex reading;                 // held while the list is read
+    std::shared_ptr<const Modal> list;  // guarded by reading
+    std::atomic<bool> stop{false};      // abandoned
     const RuleChoice choice;
     std::atomic<bool> isDone{false};
     CountedRule result;  // of the thread until isDone
@@ -43,37 +47,55 @@ struct RuleCount::Job {
 
 void RuleCount::Job::run() {
     result.rule.keep = choice.keep;
-    const bool prefers = choice.keep == KeepRule::preferred && !choice.preferred.empty();
-    if (prefers || !choice.protectedFolders.empty()) {
-        std::vector<std::string> locations;
-        readList([&](const Modal& modal) { locations = locationsOf(modal); });
-        const ScanWays ways = scanWaysOf(locations, fileSystem);
-        result.rule.protectedFolders = foldersAt(choice.protectedFolders, ways);
-        if (prefers) {
-            result.rule.preferred = foldersAt(choice.preferred, ways);
-        }
+    if (findFolders()) {
+        readList(
+            [&](const Modal& modal) { result.outcome = countByRule(modal, result.rule, &stop); });
+        isDone = true;
     }
-    readList([&](const Modal& modal) { result.outcome = countByRule(modal, result.rule); });
-    isDone = true;
+}
+
+/// Returns false if the job was abandoned meanwhile.
+bool RuleCount::Job::findFolders() {
+    const AskedFolders protectedOnes = ask(choice.protectedFolders);
+    const AskedFolders preferred = ask(choice.preferred);
+    const bool prefers = choice.keep == KeepRule::preferred && !preferred.empty();
+    if (!prefers && protectedOnes.empty()) {
+        return true;
+    }
+    std::vector<std::string> locations;
+    readList([&](const Modal& modal) { locations = locationsOf(modal, &stop); });
+    if (stop) {
+        return false;
+    }
+    const std::optional<ScanWays> ways = lookup->await(lookup->askForWays(locations), stop);
+    return ways && awaitFolders(protectedOnes, *ways, result.rule.protectedFolders) &&
+           (!prefers || awaitFolders(preferred, *ways, result.rule.preferred));
+}
+
+RuleCount::Job::AskedFolders RuleCount::Job::ask(const std::vector<std::string>& paths) const {
+    AskedFolders asked;
+    for (const std::string& path : paths) {
+        asked.push_back(lookup->askForFolder(path));
+    }
+    return asked;
 }
 
 /// A folder that is gone now may have been there during the scan: its files keep its path.
-std::vector<RuleFolder> RuleCount::Job::foldersAt(const std::vector<std::string>& paths,
-                                                  const ScanWays& ways) {
-    std::vector<RuleFolder> folders;
-    for (const std::string& path : paths) {
-        const FoundFolder found = findRuleFolder(path, fileSystem);
-        if (found.isGone) {
-            result.gone.push_back(path);
+bool RuleCount::Job::awaitFolders(const AskedFolders& asked, const ScanWays& ways,
+                                  std::vector<RuleFolder>& folders) const {
+    for (const auto& folder : asked) {
+        const std::optional<FoundFolder> found = lookup->await(folder, stop);
+        if (!found) {
+            return false;
         }
-        folders.push_back(folderInScan(found, ways));
+        folders.push_back(folderInScan(*found, ways));
     }
-    return folders;
+    return true;
 }
 
 void RuleCount::start(std::shared_ptr<const Modal> list, const RuleChoice& choice) {
     abandon();
-    job_ = std::make_shared<Job>(fileSystem_, std::move(list), choice);
+    job_ = std::make_shared<Job>(lookup_, std::move(list), choice);
     ++runningCounts;
     const auto run = [job = job_] {
         job->run();
@@ -95,15 +117,16 @@ std::optional<CountedRule> RuleCount::take() {
 
 void RuleCount::abandon() {
     if (const std::shared_ptr<Job> job = std::exchange(job_, nullptr)) {
+        job->stop = true;
+        lookup_->wake();
         const std::lock_guard lock(job->reading);
-        job->abandoned = true;
-        // The thread may be left behind; the list is not to live as long.
+        // A thread may be left behind; the list is not to live as long.
         job->list.reset();
     }
 }
 
 int RuleCount::running() {
-    return runningCounts;
+    return runningCounts + RuleLookup::running();
 }
 
 }  // namespace tarvin

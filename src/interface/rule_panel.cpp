@@ -134,7 +134,6 @@ void RulePanel::nameControls() {
     protectedRemove->setFocusAfterDisabling({protectedAdd});
     preferredUp->setFocusAfterDisabling({preferredDown, preferredList});
     preferredDown->setFocusAfterDisabling({preferredUp, preferredList});
-    ruleMark->setFocusAfterDisabling({ruleCancel});
 }
 
 void RulePanel::keyPressEvent(QKeyEvent* event) {
@@ -158,6 +157,8 @@ void RulePanel::orderKeys() {
         {chosen, preferredList, preferredAdd, preferredRemove, preferredUp, preferredDown,
          protectedList, protectedAdd, protectedRemove, ruleCancel, ruleMark},
         chosen, ruleCancel);
+    // Not Cancel: Return and Space would close the panel.
+    ruleMark->setFocusAfterDisabling({chosen});
 }
 
 }  // namespace tarvin

@@ -6,6 +6,7 @@
 
 #include <QLocale>
 #include <QMenu>
+#include <cerrno>
 #include <filesystem>
 #include <memory>
 
@@ -62,6 +63,10 @@ class MarkByRule : public ResultFixture {
     [[nodiscard]] std::string blocked() { return textOf("ruleBlocked"); }
     [[nodiscard]] bool shows(const std::string& text) {
         return comesTrue([&] { return outcome() == text; });
+    }
+
+    [[nodiscard]] static bool isGone(const FolderList& list, int row) {
+        return list.model()->index(row, 0).data(FolderList::goneRole).toBool();
     }
 
     /// The names of the marked files below the scanned folder.
@@ -152,6 +157,60 @@ TEST_F(MarkByRule, ReturnRightAfterAChangeMarksByTheNewRule) {
     EXPECT_EQ(marked(), (Lines{"old/a.jpg", "new/b.jpg", "old/b.jpg", "old/c.txt"}));
 }
 
+TEST_F(MarkByRule, ReturnRightAfterAChangeMarksNothingThatWasNotShown) {
+    open();
+    ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets."));
+    add("protectedAdd", "new/very");
+    panel().ruleMark->setFocus();
+    QTest::keyClick(window().focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(outcome(), "4 files (0.02 KB) will be marked in 3 sets.");
+    ASSERT_TRUE(shows("3 files (0.02 KB) will be marked in 3 sets.")) << outcome();
+    EXPECT_TRUE(panel().isVisible());
+    EXPECT_EQ(marked(), Lines{});
+    QTest::keyClick(window().focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(panel().isVisible());
+    EXPECT_EQ(marked(), (Lines{"old/a.jpg", "old/b.jpg", "old/c.txt"}));
+}
+
+TEST_F(MarkByRule, ReturnWhileThePanelOpensMarksNothing) {
+    open();
+    delegate->markByRule().mark();
+    ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets."));
+    EXPECT_TRUE(panel().isVisible());
+    EXPECT_EQ(marked(), Lines{});
+}
+
+TEST_F(MarkByRule, MarkGetsTheFocusBackAfterASlowCount) {
+    open();
+    ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets."));
+    files.beforeCall(FileCall::attributesAtPath, 1, [this] { barrier.wait(); }, found("old"));
+    panel().ruleMark->setFocus();
+    add("protectedAdd", "old");
+    panel().ruleMark->setFocus();
+    ASSERT_TRUE(shows("Counting…")) << outcome();
+    EXPECT_EQ(window().focusWidget(), panel().ruleFirst);
+    barrier.open();
+    ASSERT_TRUE(shows("1 file (0.00 KB) will be marked in 1 set."));
+    EXPECT_EQ(window().focusWidget(), panel().ruleMark);
+    add("protectedAdd", "new");
+    panel().ruleMark->setFocus();
+    ASSERT_TRUE(shows("No files will be marked."));
+    EXPECT_EQ(window().focusWidget(), panel().ruleFirst);
+}
+
+TEST_F(MarkByRule, TheFocusStaysWhereTheUserMovedItDuringASlowCount) {
+    open();
+    ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets."));
+    files.beforeCall(FileCall::attributesAtPath, 1, [this] { barrier.wait(); }, found("old"));
+    add("protectedAdd", "old");
+    panel().ruleMark->setFocus();
+    ASSERT_TRUE(shows("Counting…")) << outcome();
+    panel().protectedList->setFocus();
+    barrier.open();
+    ASSERT_TRUE(shows("1 file (0.00 KB) will be marked in 1 set."));
+    EXPECT_EQ(window().focusWidget(), panel().protectedList);
+}
+
 TEST_F(MarkByRule, ASlowCountSaysSoAndDisablesMark) {
     open();
     ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets."));
@@ -171,8 +230,46 @@ TEST_F(MarkByRule, ACountThatHangsCanBeCancelled) {
     ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
     click("ruleCancel");
     EXPECT_FALSE(panel().isVisible());
-    EXPECT_EQ(RuleCount::running(), 1);
+    EXPECT_TRUE(comesTrue([] { return RuleCount::running() == 1; }));
     EXPECT_EQ(marked(), Lines{});
+}
+
+TEST_F(MarkByRule, AFolderThatHangsLeavesOneThreadBehindHoweverOftenItIsAskedFor) {
+    open();
+    files.beforeCall(
+        FileCall::attributesAtPath, FaultyFileSystem::each, [this] { barrier.wait(); },
+        found("old"));
+    add("protectedAdd", "old");
+    for (RadioButton* rule : {panel().ruleNewest, panel().ruleOldest, panel().ruleLongest}) {
+        chooseRule(rule);
+        ASSERT_TRUE(shows("Counting…")) << outcome();
+    }
+    // The thread that asks, and that of the last count, which waits for it.
+    EXPECT_TRUE(comesTrue([] { return RuleCount::running() == 2; })) << RuleCount::running();
+    click("ruleCancel");
+    EXPECT_TRUE(comesTrue([] { return RuleCount::running() == 1; }));
+}
+
+TEST_F(MarkByRule, WithoutTheFolderThatHangsItCounts) {
+    open();
+    files.beforeCall(
+        FileCall::attributesAtPath, FaultyFileSystem::each, [this] { barrier.wait(); },
+        found("old"));
+    add("protectedAdd", "old");
+    add("protectedAdd", "new/very");
+    ASSERT_TRUE(shows("Counting…")) << outcome();
+    panel().protectedList->setCurrentIndex(panel().protectedList->model()->index(0, 0));
+    click("protectedRemove");
+    EXPECT_TRUE(shows("3 files (0.02 KB) will be marked in 3 sets.")) << outcome();
+}
+
+TEST_F(MarkByRule, AnotherRuleDoesNotWaitForAPreferredFolderThatHangs) {
+    files.beforeCall(
+        FileCall::attributesAtPath, FaultyFileSystem::each, [this] { barrier.wait(); },
+        found("old"));
+    storeRuleChoice(settings, {KeepRule::first, {found("old")}, {}});
+    open();
+    EXPECT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets.")) << outcome();
 }
 
 TEST_F(MarkByRule, ButtonsOfTheListsFollowTheSelection) {
@@ -215,11 +312,12 @@ TEST_F(MarkByRule, RuleAndFoldersAreKeptForTheNextTime) {
     const std::string odd = folder.makeFolder("odd\xFF\xC3");
     panels.choice = {{odd}};
     click("protectedAdd");
-    click("ruleCancel");
+    // Before the panel is closed.
     settings.sync();
     const QSettings stored(settings.fileName(), QSettings::IniFormat);
     EXPECT_EQ(storedRuleChoice(stored),
               (RuleChoice{KeepRule::preferred, {found("old")}, {found("new/very"), odd}}));
+    click("ruleCancel");
     open();
     EXPECT_TRUE(panel().ruleFolder->isChecked());
     EXPECT_EQ(delegate->markByRule().choice(), storedRuleChoice(stored));
@@ -227,13 +325,91 @@ TEST_F(MarkByRule, RuleAndFoldersAreKeptForTheNextTime) {
 
 TEST_F(MarkByRule, AFolderThatIsGoneKeepsItsRow) {
     const std::string gone = folder.makeFolder("gone");
-    storeRuleChoice(settings, {KeepRule::first, {}, {gone}});
+    storeRuleChoice(settings, {KeepRule::first, {gone}, {gone}});
     std::filesystem::remove(gone);
     open();
-    const auto row = [this] { return panel().protectedList->model()->index(0, 0); };
-    ASSERT_TRUE(comesTrue([&] { return row().data(FolderList::goneRole).toBool(); }));
-    EXPECT_EQ(row().data(Qt::ToolTipRole).toString().toStdString(), gone + " (not there now)");
-    EXPECT_EQ(row().data().toString().toStdString(), gone);
+    // The preferred folders too, while another rule is chosen.
+    for (FolderList* list : {panel().protectedList, panel().preferredList}) {
+        ASSERT_TRUE(comesTrue([&] { return isGone(*list, 0); }));
+        const QModelIndex row = list->model()->index(0, 0);
+        EXPECT_EQ(row.data(Qt::ToolTipRole).toString().toStdString(), gone + " (not there now)");
+        EXPECT_EQ(row.data().toString().toStdString(), gone);
+    }
+}
+
+TEST_F(MarkByRule, FoldersAreLookedForBeforeTheRuleIsComplete) {
+    const std::string gone = folder.makeFolder("gone");
+    storeRuleChoice(settings, {KeepRule::preferred, {}, {gone}});
+    std::filesystem::remove(gone);
+    open();
+    EXPECT_TRUE(comesTrue([this] { return isGone(*panel().protectedList, 0); }));
+    EXPECT_EQ(outcome(), "No preferred folder yet.");
+}
+
+TEST_F(MarkByRule, AFolderThatGoesWhileThePanelIsOpenBecomesMuted) {
+    const std::string going = folder.makeFolder("going");
+    storeRuleChoice(settings, {KeepRule::first, {}, {going}});
+    open();
+    ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets."));
+    EXPECT_FALSE(isGone(*panel().protectedList, 0));
+    std::filesystem::remove(going);
+    chooseRule(panel().ruleNewest);
+    EXPECT_TRUE(comesTrue([this] { return isGone(*panel().protectedList, 0); }));
+    folder.makeFolder("going");
+    chooseRule(panel().ruleFirst);
+    EXPECT_TRUE(comesTrue([this] { return !isGone(*panel().protectedList, 0); }));
+}
+
+TEST_F(MarkByRule, AFolderThatCannotBeSeenIsNotGoneAndStillProtects) {
+    files.failCall(FileCall::attributesAtPath, FaultyFileSystem::each, EACCES, found("old"));
+    // Its path is found out nevertheless.
+    const std::string link = folder.makeLink("link", found("old"));
+    storeRuleChoice(settings, {KeepRule::first, {}, {link}});
+    open();
+    ASSERT_TRUE(shows("1 file (0.00 KB) will be marked in 1 set.")) << outcome();
+    EXPECT_FALSE(isGone(*panel().protectedList, 0));
+    click("ruleMark");
+    EXPECT_EQ(marked(), (Lines{"new/very/long/b.jpg"}));
+}
+
+TEST_F(MarkByRule, TheSameFolderMayBePreferredAndProtected) {
+    storeRuleChoice(settings, {KeepRule::preferred, {found("old")}, {found("old")}});
+    open();
+    ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets.")) << outcome();
+    click("ruleMark");
+    EXPECT_EQ(marked(), (Lines{"new/a.jpg", "new/b.jpg", "new/very/long/b.jpg", "new/c.txt"}));
+}
+
+TEST_F(MarkByRule, APreferredFolderMayBeALink) {
+    storeRuleChoice(settings, {KeepRule::preferred, {folder.makeLink("link", found("old"))}, {}});
+    open();
+    ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets.")) << outcome();
+    EXPECT_FALSE(isGone(*panel().preferredList, 0));
+    click("ruleMark");
+    EXPECT_EQ(marked(), (Lines{"new/a.jpg", "new/b.jpg", "new/very/long/b.jpg", "new/c.txt"}));
+}
+
+TEST_F(MarkByRule, OfThePreferredRootTheFirstFoundStays) {
+    storeRuleChoice(settings, {KeepRule::preferred, {"/"}, {}});
+    open();
+    ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets.")) << outcome();
+    click("ruleMark");
+    EXPECT_EQ(marked(), (Lines{"old/a.jpg", "new/very/long/b.jpg", "old/b.jpg", "old/c.txt"}));
+}
+
+TEST_F(MarkByRule, TheProtectedRootProtectsEverything) {
+    storeRuleChoice(settings, {KeepRule::newest, {}, {"/"}});
+    open();
+    ASSERT_TRUE(shows("No files will be marked.")) << outcome();
+    EXPECT_EQ(blocked(), "3 sets have no copy that may be marked.");
+}
+
+TEST_F(MarkByRule, AFileIsShownAsAFolderThatIsNotThere) {
+    storeRuleChoice(settings, {KeepRule::preferred, {found("old/a.jpg")}, {found("old/b.jpg")}});
+    open();
+    ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets.")) << outcome();
+    EXPECT_TRUE(isGone(*panel().preferredList, 0));
+    EXPECT_TRUE(isGone(*panel().protectedList, 0));
 }
 
 TEST_F(MarkByRule, DamagedSettingsAreIgnored) {
