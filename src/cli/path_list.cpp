@@ -12,6 +12,8 @@
 #include <cerrno>
 #include <cstddef>
 #include <iterator>
+#include <string_view>
+#include <utility>
 
 namespace tarvin {
 
@@ -23,68 +25,122 @@ std::string shownList(const std::string& path) {
     return path == standardInput ? "standard input" : quotedName(path);
 }
 
-Result<std::string> readToTheEnd(int descriptor) {
-    std::string content;
+/// Divides a list that arrives in chunks into paths.
+class PathDivider final {
+ public:
+    PathDivider(char end, const PathListLimits& limits) : end_(end), limits_(limits) {}
+
+    /// Returns why the list cannot be used; empty if it can so far.
+    std::string take(std::string_view chunk) {
+        bytes_ += chunk.size();
+        if (end_ != '\0' && chunk.find('\0') != std::string_view::npos) {
+            return "it has null characters; use --null";
+        }
+        while (!chunk.empty()) {
+            if (path_.empty()) {
+                chunk.remove_prefix(std::min(chunk.find_first_not_of(end_), chunk.size()));
+            }
+            const std::size_t length = std::min(chunk.find(end_), chunk.size());
+            path_.append(chunk.substr(0, std::min(length, limits_.pathBytes + 1)));
+            if (path_.size() > limits_.pathBytes) {
+                return "a path in it has more than " + std::to_string(limits_.pathBytes) + " bytes";
+            }
+            if (length < chunk.size() && !endPath()) {
+                return "it has more than " + std::to_string(limits_.paths) + " paths";
+            }
+            chunk.remove_prefix(std::min(length + 1, chunk.size()));
+        }
+        return bytes_ > limits_.listBytes
+                   ? "it has more than " + std::to_string(limits_.listBytes) + " bytes"
+                   : std::string();
+    }
+
+    /// Ends the path at which the divider is. Returns false if there are too many.
+    bool endPath() {
+        if (path_.empty()) {
+            return true;
+        }
+        if (paths_.size() == limits_.paths) {
+            return false;
+        }
+        paths_.push_back(path_);
+        path_.clear();
+        return true;
+    }
+
+    std::vector<std::string>& paths() { return paths_; }
+
+ private:
+    const char end_;
+    const PathListLimits limits_;
+    std::uint64_t bytes_ = 0;
+    std::string path_;  // keeps its memory from path to path
+    std::vector<std::string> paths_;
+};
+
+Result<std::vector<std::string>, PathListFailure> readPaths(int descriptor, char end,
+                                                            const PathListLimits& limits) {
+    PathDivider divider(end, limits);
     std::array<char, 64 * 1024> chunk{};
     while (true) {
         const ssize_t count = ::read(descriptor, chunk.data(), chunk.size());
-        if (count < 0 && errno != EINTR) {
-            return SystemError{errno};
+        if (count < 0 && errno == EINTR) {
+            continue;
         }
-        if (count == 0) {
-            return content;
+        if (count < 0) {
+            return PathListFailure{"read", SystemError{errno}.text()};
         }
+        std::string reason;
         if (count > 0) {
-            content.append(chunk.data(), static_cast<std::size_t>(count));
+            reason = divider.take({chunk.data(), static_cast<std::size_t>(count)});
+        } else if (divider.endPath()) {
+            return std::move(divider.paths());
+        } else {
+            reason = "it has more than " + std::to_string(limits.paths) + " paths";
+        }
+        if (!reason.empty()) {
+            return PathListFailure{"use", std::move(reason)};
         }
     }
 }
 
 }  // namespace
 
-std::vector<std::string> pathsIn(std::string_view list, char end) {
-    std::vector<std::string> paths;
-    while (!list.empty()) {
-        const std::size_t length = std::min(list.find(end), list.size());
-        if (length > 0) {
-            paths.emplace_back(list.substr(0, length));
-        }
-        list.remove_prefix(std::min(length + 1, list.size()));
+Result<std::vector<std::string>, PathListFailure> readPathList(const std::string& list, char end,
+                                                               const PathListLimits& limits) {
+    if (list == standardInput) {
+        return readPaths(STDIN_FILENO, end, limits);
     }
-    return paths;
-}
-
-Result<std::string> contentOfList(const std::string& path) {
-    if (path == standardInput) {
-        return readToTheEnd(STDIN_FILENO);
+    const UniqueFd file(::open(list.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC));
+    if (!file) {
+        return PathListFailure{"read", SystemError{errno}.text()};
     }
-    const UniqueFd file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    return file ? readToTheEnd(file.number()) : SystemError{errno};
+    return readPaths(file.number(), end, limits);
 }
 
 bool addListedPaths(ScanOptions& options) {
-    if (!options.filesFrom) {
-        return true;
+    const char end = options.listIsNullTerminated ? '\0' : '\n';
+    bool hasReadInput = false;
+    for (const std::string& list : options.filesFrom) {
+        if (list == standardInput && std::exchange(hasReadInput, true)) {
+            continue;
+        }
+        auto read = readPathList(list, end);
+        if (!read) {
+            const PathListFailure failure = read.error();
+            printError(
+                failureText(std::string(failure.verb) + " list", shownList(list), failure.reason));
+            return false;
+        }
+        options.folders.insert(options.folders.end(), std::make_move_iterator(read->begin()),
+                               std::make_move_iterator(read->end()));
     }
-    const Result<std::string> list = contentOfList(*options.filesFrom);
-    if (!list) {
-        printError(failureText("read list", shownList(*options.filesFrom), list.error().text()));
-        return false;
-    }
-    if (!options.listIsNullTerminated && list->find('\0') != std::string::npos) {
-        // Each path would end at its first null character and could name another file.
-        printError(failureText("use list", shownList(*options.filesFrom),
-                               "it has null characters; use --null"));
-        return false;
-    }
-    std::vector<std::string> paths = pathsIn(*list, options.listIsNullTerminated ? '\0' : '\n');
-    options.folders.insert(options.folders.end(), std::make_move_iterator(paths.begin()),
-                           std::make_move_iterator(paths.end()));
     return true;
 }
 
 bool readsStandardInput(const ScanOptions& options) {
-    return options.filesFrom == standardInput;
+    return std::find(options.filesFrom.begin(), options.filesFrom.end(), standardInput) !=
+           options.filesFrom.end();
 }
 
 }  // namespace tarvin

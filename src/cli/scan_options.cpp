@@ -20,7 +20,7 @@ constexpr std::array progressTimes{Choice<ProgressWhen>{"auto", ProgressWhen::au
                                    Choice<ProgressWhen>{"always", ProgressWhen::always},
                                    Choice<ProgressWhen>{"never", ProgressWhen::never}};
 
-/// Adds the folders and the list of more, which takes the place of required ones.
+/// Adds the folders and the lists of more, which take the place of required ones.
 void addLocations(CLI::App& command, ScanOptions& options) {
     CLI::Option* folders =
         command
@@ -30,10 +30,12 @@ void addLocations(CLI::App& command, ScanOptions& options) {
     CLI::Option* list = addFileOption(
         command, "--files-from",
         [&options, folders](const std::string& file) {
-            options.filesFrom = file;
+            options.filesFrom.push_back(file);
             folders->required(false);
         },
-        "Scan also the folders and files listed in FILE,\none a line; - is standard input");
+        "Scan also the folders and files listed in FILE,\none a line; - is standard input; may be\n"
+        "repeated");
+    list->trigger_on_parse();
     command
         .add_flag("-0,--null", options.listIsNullTerminated,
                   "Names of --files-from end with a null character")

@@ -23,9 +23,9 @@ enum class ProgressWhen : std::uint8_t {
 
 /// The options of a scan. Paths are as given, native bytes.
 struct ScanOptions {
-    std::vector<std::string> folders;      ///< and files
-    std::optional<std::string> filesFrom;  ///< list of more; "-" is standard input
-    bool listIsNullTerminated = false;     ///< else each path in it ends with a newline
+    std::vector<std::string> folders;    ///< and files
+    std::vector<std::string> filesFrom;  ///< lists of more; "-" is standard input
+    bool listIsNullTerminated = false;   ///< else each path in them ends with a newline
     ScanFilter filter;
     KeepOptions keep;
     ResultFormat format = ResultFormat::text;

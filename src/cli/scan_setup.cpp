@@ -4,11 +4,17 @@
 #include "cli/messages.h"
 #include "platform/file_paths.h"
 
+#include <string_view>
 #include <utility>
 
 namespace tarvin {
 
 namespace {
+
+/// Whether the path can only be that of a folder, as "a/" and "a/.".
+bool endsAsFolder(std::string_view path) {
+    return path.ends_with('/') || path.ends_with("/.");
+}
 
 std::optional<ExceptionFilter> exceptionFilterOf(const ScanOptions& options, Platform& platform,
                                                  UnusableExceptions unusable) {
@@ -60,7 +66,7 @@ ScanFolders foldersOf(const ScanOptions& options) {
             row.name = *path;
             row.state = true;
             row.folder = true;
-            row.mayBeFile = true;
+            row.mayBeFile = !endsAsFolder(given);
             folders.rows.push_back(row);
         } else {
             folders.unreadable.push_back({given, path.error(), false, false});

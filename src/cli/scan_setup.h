@@ -34,11 +34,13 @@ struct ScanSetup {
 
 /// The folders of a command line as input of a scan.
 struct ScanFolders {
-    std::vector<LocationRow> rows;               ///< checked, with absolute paths; may be files
+    /// Checked, with absolute paths. May be files, unless given with a slash at the end.
+    std::vector<LocationRow> rows;
     std::vector<UnreadableLocation> unreadable;  ///< without an absolute path
 };
 
-/// Makes the paths absolute; the folders need not exist.
+/// Makes the paths absolute; the folders need not exist. A link to a folder is kept and will be
+/// followed; a link to a file will be refused, whichever way it is named.
 [[nodiscard]] ScanFolders foldersOf(const ScanOptions& options);
 
 /// The exceptions to use. Fails if the list named by the options, or else the user's own, cannot be

@@ -54,8 +54,14 @@ Result<std::string> absolutePath(const std::string& path) {
     if (!clean.hasParentPart) {
         return clean.path;
     }
-    const std::filesystem::path resolved = std::filesystem::canonical(clean.path, failure);
-    return failure ? clean.path : resolved.native();
+    const std::size_t slash = clean.path.rfind('/');
+    const std::string_view last = std::string_view(clean.path).substr(slash + 1);
+    const std::filesystem::path resolved = std::filesystem::canonical(
+        last == ".." ? clean.path : clean.path.substr(0, slash + 1), failure);
+    if (failure) {
+        return clean.path;
+    }
+    return last == ".." ? resolved.native() : pathIn(resolved.native(), last);
 }
 
 std::string pathIn(const std::string& folder, std::string_view name) {

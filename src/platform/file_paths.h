@@ -9,9 +9,10 @@ namespace tarvin {
 
 /// The absolute form of a path given by the user, which need not exist: relative to the current
 /// folder, without "." components, doubled slashes and a trailing slash. Symbolic links are kept,
-/// unless the path has a ".." component, whose meaning depends on them: then all are resolved, or,
-/// if that fails, the path is returned unresolved, so that opening it fails. Native bytes. Fails
-/// for the empty path, and for a relative one if the current folder was removed.
+/// unless the path has a ".." component, whose meaning depends on them: then all are resolved
+/// except the last component, which stays what it would be without the ".."; or, if that fails, the
+/// path is returned unresolved, so that opening it fails. Native bytes. Fails for the empty path,
+/// and for a relative one if the current folder was removed.
 Result<std::string> absolutePath(const std::string& path);
 
 // Of absolute paths without a slash at the end. Any thread.

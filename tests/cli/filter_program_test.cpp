@@ -93,6 +93,41 @@ TEST_F(FilteredScan, SkipsSmallerAndLargerFiles) {
               (Sets{{"a.jpg", "b.jpg"}}));
 }
 
+TEST_F(FilteredScan, TheLastOfRepeatedSizesCounts) {
+    EXPECT_EQ(sets({"--min-size", "1MB", "--min-size", "19", "."}),
+              (Sets{{"large/g.jpg", "large/h.jpg"}}));
+    EXPECT_EQ(sets({"--max-size=1", "--max-size=18", "--exclude", "raw", "--skip-hidden", "."}),
+              (Sets{{"a.jpg", "b.jpg"}}));
+}
+
+TEST_F(FilteredScan, EqualLimitsTakeFilesOfThatSize) {
+    EXPECT_EQ(sets({"--min-size", "19", "--max-size", "19", "."}),
+              (Sets{{"large/g.jpg", "large/h.jpg"}}));
+    EXPECT_EQ(sets({"--min-size", "18446744073709551615", "."}), Sets());
+    EXPECT_EQ(sets({"--min-size", "0", "--max-size", "18446744073709551615", "large"}),
+              (Sets{{"large/g.jpg", "large/h.jpg"}}));
+    folder_.writeFile("none/1.jpg", "");
+    folder_.writeFile("none/2.jpg", "");
+    EXPECT_EQ(sets({"--max-size", "0", "."}), (Sets{{"none/1.jpg", "none/2.jpg"}}));
+}
+
+TEST_F(FilteredScan, AStarExcludesEverythingInsideALocation) {
+    EXPECT_EQ(sets({"--exclude", "*", ".", "raw"}), Sets());
+    EXPECT_EQ(sets({"--exclude", "**", ".", "raw"}), Sets());
+    EXPECT_EQ(sets({"--exclude", "*", "a.jpg", "b.jpg"}), Sets());
+    EXPECT_EQ(sets({"--exclude", "*.JPG", "--skip-hidden", "--max-size=10", "raw"}),
+              (Sets{{"raw/d.jpg", "raw/e,f.jpg"}}));
+}
+
+TEST_F(FilteredScan, APatternMayHaveBytesThatAreNotUtf8) {
+    folder_.writeFile("raw/x\xe9.jpg", "ten bytes!");
+    EXPECT_EQ(sets({"--exclude", "*\xe9*", "raw"}), (Sets{{"raw/d.jpg", "raw/e,f.jpg"}}));
+    // A character is not its byte in another encoding.
+    const Sets all = sets({"--exclude", "*\u00e9*", "raw"});
+    ASSERT_EQ(all.size(), 1U);
+    EXPECT_EQ(all.begin()->size(), 3U);
+}
+
 TEST_F(FilteredScan, ScansFilesGivenByName) {
     EXPECT_EQ(sets({"a.jpg", "raw/d.jpg", ".hidden"}),
               (Sets{{"a.jpg", "raw/d.jpg", ".hidden/c.jpg"}}));
@@ -108,6 +143,53 @@ TEST_F(FilteredScan, ReadsPathsFromAFile) {
               (Sets{{"b.jpg", "a.jpg", "raw/d.jpg", "raw/e,f.jpg"}}));
     folder_.writeFile("list", "");
     EXPECT_EQ(sets({"--files-from", "list"}), Sets());
+}
+
+TEST_F(FilteredScan, ReadsPathsFromSeveralFiles) {
+    folder_.writeFile("one", "b.jpg\n");
+    folder_.writeFile("two", "a.jpg\n");
+    EXPECT_EQ(sets({"--files-from", "one", "--files-from", "two"}), (Sets{{"b.jpg", "a.jpg"}}));
+    EXPECT_EQ(sets({"--files-from=two", "--files-from", "one"}), (Sets{{"a.jpg", "b.jpg"}}));
+}
+
+TEST_F(FilteredScan, ReadsStandardInputOnce) {
+    Pipe pipe;
+    ASSERT_EQ(::write(pipe.writing(), "a.jpg\nb.jpg\n", 12), 12);
+    pipe.closeWriting();
+    const ProgramResult result = scan({"--files-from", "-", "--files-from", "-"}, pipe.reading());
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(setsIn(parsedJson(result.output), folder_.path() + "/"), (Sets{{"a.jpg", "b.jpg"}}));
+}
+
+TEST_F(FilteredScan, AFileGivenAsAFolderIsReported) {
+    for (const char* given : {"a.jpg/", "a.jpg/."}) {
+        const ProgramResult result = scan({given, "b.jpg", "raw/"});
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.errors, "tarvin: cannot read folder '" + folder_.pathOf("a.jpg") +
+                                     "': Not a directory\n");
+        EXPECT_EQ(setsIn(parsedJson(result.output), folder_.path() + "/"),
+                  (Sets{{"b.jpg", "raw/d.jpg", "raw/e,f.jpg"}}));
+    }
+}
+
+TEST_F(FilteredScan, LinksToFilesAreRefusedHoweverTheyAreNamed) {
+    folder_.makeLink("link.jpg", "a.jpg");
+    for (const std::string& given :
+         {std::string("link.jpg"), std::string("raw/../link.jpg"), folder_.pathOf("link.jpg")}) {
+        const ProgramResult result = scan({"a.jpg", "b.jpg", given});
+        EXPECT_EQ(result.status, 1) << given;
+        EXPECT_EQ(result.errors, "tarvin: cannot scan '" + folder_.pathOf("link.jpg") +
+                                     "': neither a folder nor a regular file\n");
+        EXPECT_EQ(setsIn(parsedJson(result.output), folder_.path() + "/"),
+                  (Sets{{"a.jpg", "b.jpg"}}));
+    }
+}
+
+TEST_F(FilteredScan, LinksToFoldersAreFollowedHoweverTheyAreNamed) {
+    folder_.makeLink("link", "raw");
+    for (const char* given : {"link", "link/", "large/../link"}) {
+        EXPECT_EQ(sets({given}), (Sets{{"link/d.jpg", "link/e,f.jpg"}})) << given;
+    }
 }
 
 TEST_F(FilteredScan, ReadsNullTerminatedPathsFromStandardInput) {
@@ -195,6 +277,13 @@ TEST_F(FilteredScan, RefusesInvalidSizes) {
     for (const char* option : {"--min-size", "--max-size"}) {
         expectRefusal({option, "-5", "."},
                       std::string("invalid value '-5' for ") + option + ": " + expected);
+        for (const char* size : {"1.5M", "10G", "+5", "5  KB", " 5", "1e3"}) {
+            expectRefusal({option, size, "."}, "invalid value '" + std::string(size) + "' for " +
+                                                   option + ": " + expected);
+        }
+        expectRefusal(
+            {option, "18446744073709551616", "."},
+            std::string("invalid value '18446744073709551616' for ") + option + ": too large");
         expectRefusal({option, "10k", "."},
                       std::string("invalid value '10k' for ") + option + ": " + expected);
         expectRefusal({option, "99999999999TB", "."},

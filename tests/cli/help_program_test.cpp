@@ -97,7 +97,8 @@ Options:
   --skip-hidden               Skip files and folders whose name begins with a
                               period
   --files-from FILE           Scan also the folders and files listed in FILE,
-                              one a line; - is standard input
+                              one a line; - is standard input; may be
+                              repeated
   -0, --null                  Names of --files-from end with a null character
   --progress auto|always|never
                               When to show progress on standard error
@@ -157,7 +158,8 @@ Options:
   --skip-hidden               Skip files and folders whose name begins with a
                               period
   --files-from FILE           Scan also the folders and files listed in FILE,
-                              one a line; - is standard input
+                              one a line; - is standard input; may be
+                              repeated
   -0, --null                  Names of --files-from end with a null character
   --progress auto|always|never
                               When to show progress on standard error

@@ -139,10 +139,11 @@ TEST(ScanOptions, AListTakesThePlaceOfFolders) {
          {Words{"--files-from", "list", "-0"}, Words{"--null", "--files-from=list"}}) {
         const Parsed result = parsed(words);
         EXPECT_EQ(result.error, "");
-        EXPECT_EQ(result.options.filesFrom, "list");
+        EXPECT_EQ(result.options.filesFrom, Words{"list"});
         EXPECT_TRUE(result.options.listIsNullTerminated);
     }
-    EXPECT_EQ(parsed({"--files-from", "-", "a"}).options.filesFrom, "-");
+    EXPECT_EQ(parsed({"--files-from", "-", "a"}).options.filesFrom, Words{"-"});
+    EXPECT_EQ(parsed({"--files-from", "b", "--files-from=a"}).options.filesFrom, (Words{"b", "a"}));
     EXPECT_EQ(parsed({"a", "-0"}).error, "--null requires --files-from");
 }
 

@@ -28,9 +28,19 @@ TEST(ScanInputs, EachFolderBecomesACheckedRowWithItsAbsolutePath) {
     for (const LocationRow& row : folders.rows) {
         EXPECT_TRUE(row.state);
         EXPECT_TRUE(row.folder);
-        EXPECT_TRUE(row.mayBeFile);
     }
     EXPECT_TRUE(folders.unreadable.empty());
+}
+
+TEST(ScanInputs, APathThatEndsAsAFolderCannotBeAFile) {
+    ScanOptions options;
+    options.folders = {"/a", "/a/", "/a/.", "/a//", "/a.", "/.a", "/", "a"};
+    const std::vector<bool> expected{true, false, false, false, true, true, false, true};
+    std::vector<bool> mayBeFile;
+    for (const LocationRow& row : foldersOf(options).rows) {
+        mayBeFile.push_back(row.mayBeFile);
+    }
+    EXPECT_EQ(mayBeFile, expected);
 }
 
 TEST(ScanInputs, AFolderWithoutAPathIsUnreadable) {

@@ -85,6 +85,19 @@ TEST(AbsolutePath, ParentOfALinkIsThatOfItsTarget) {
     EXPECT_EQ(pathFor(".."), folder.pathOf("deep"));
 }
 
+TEST(AbsolutePath, ALinkAtTheEndIsKeptAlsoAfterAParent) {
+    const TemporaryFolder folder;
+    folder.makeFolder("deep/real");
+    folder.makeLink("deep/link", "real");
+    folder.makeLink("way", "deep/real");
+    EXPECT_EQ(pathFor(folder.pathOf("deep/real/../link")), folder.pathOf("deep/link"));
+    EXPECT_EQ(pathFor(folder.pathOf("way/../link/")), folder.pathOf("deep/link"));
+    EXPECT_EQ(pathFor(folder.pathOf("way/../missing")), folder.pathOf("deep/missing"));
+    EXPECT_EQ(pathFor(folder.pathOf("deep/link/..")), folder.pathOf("deep"));
+    EXPECT_EQ(pathFor("/../etc"), "/etc");
+    EXPECT_EQ(pathFor("/.."), "/");
+}
+
 TEST(AbsolutePath, KeepsAPathThatCannotBeResolved) {
     EXPECT_EQ(pathFor("/no such folder/../x/."), "/no such folder/../x");
 }
