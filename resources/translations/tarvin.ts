@@ -388,6 +388,10 @@ Modified Date       : %4</source>
         <source>Show the files that were left where they are</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Show what was not read…</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tarvin::KeptFiles</name>

@@ -395,6 +395,10 @@ Geändert       : %4</translation>
         <source>Show the files that were left where they are</source>
         <translation>Die Dateien anzeigen, die an ihrem Platz geblieben sind</translation>
     </message>
+    <message>
+        <source>Show what was not read…</source>
+        <translation>Nicht Gelesenes zeigen…</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::KeptFiles</name>

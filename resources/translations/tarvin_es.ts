@@ -395,6 +395,10 @@ Modificado  : %4</translation>
         <source>Show the files that were left where they are</source>
         <translation>Mostrar los archivos que se dejaron en su sitio</translation>
     </message>
+    <message>
+        <source>Show what was not read…</source>
+        <translation>Mostrar lo no leído…</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::KeptFiles</name>

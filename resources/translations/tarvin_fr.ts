@@ -395,6 +395,10 @@ Modifié le  : %4</translation>
         <source>Show the files that were left where they are</source>
         <translation>Afficher les fichiers laissés en place</translation>
     </message>
+    <message>
+        <source>Show what was not read…</source>
+        <translation>Voir les éléments non lus…</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::KeptFiles</name>

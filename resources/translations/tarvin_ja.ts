@@ -395,6 +395,10 @@ Modified Date       : %4</source>
         <source>Show the files that were left where they are</source>
         <translation>そのまま残したファイルを表示</translation>
     </message>
+    <message>
+        <source>Show what was not read…</source>
+        <translation>読み取れなかった項目を表示…</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::KeptFiles</name>

@@ -395,6 +395,10 @@ Modificado em  : %4</translation>
         <source>Show the files that were left where they are</source>
         <translation>Mostrar os arquivos que ficaram onde estão</translation>
     </message>
+    <message>
+        <source>Show what was not read…</source>
+        <translation>Mostrar o que não foi lido…</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::KeptFiles</name>

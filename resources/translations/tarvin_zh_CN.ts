@@ -395,6 +395,10 @@ Modified Date       : %4</source>
         <source>Show the files that were left where they are</source>
         <translation>显示留在原处的文件</translation>
     </message>
+    <message>
+        <source>Show what was not read…</source>
+        <translation>显示未读取的项目…</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::KeptFiles</name>

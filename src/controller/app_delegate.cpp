@@ -102,7 +102,7 @@ void AppDelegate::makeResultTasks() {
     deletion_ = std::make_unique<DeletionTask>(session_, *results_, window_, *surroundings_.alerts,
                                                information_);
     putBack_ = std::make_unique<PutBackTask>(session_, window_, information_);
-    notRead_ = std::make_unique<NotReadList>(window_);
+    notRead_ = std::make_unique<NotReadList>(window_, information_);
     export_ = std::make_unique<ExportTask>(scan_->run(), *results_, window_, *surroundings_.panels,
                                            session_.platform.clock(), information_);
 }

@@ -21,6 +21,7 @@ struct Information {
     QString informationImage;  ///< name of the image
     QString actionButtonTitle;
     QString keptLine{};  ///< about files that were not moved; if set, its button is shown too
+    QString notRead{};   ///< the notice of what was not read; if set, the button for it is shown
 
     bool operator==(const Information&) const = default;
 };

@@ -43,6 +43,7 @@ void InformationWindow::fill(const Information& information) const {
     panel.scanOtherInfo->setText(information.otherInfomration);
     panel.scanInfoImage->setPictureName(information.informationImage);
     window_.informationWindow->setKeptLine(information.keptLine);
+    window_.informationWindow->setNotRead(information.notRead);
     setButtonAtrribute(*panel.scanInforOKBtn, 0, background,
                        {.title = information.actionButtonTitle, .titleColor = Qt::white});
     panel.scanInforOKBtn->setAccessibleName(information.actionButtonTitle);

@@ -7,16 +7,18 @@
 
 namespace tarvin {
 
+class InformationWindow;
 class MainWindow;
 
 /// The notice in the bar of the results about what the scan could not read, and the panel that it
-/// opens. Owned by AppDelegate. Main thread only.
+/// opens. In the summary of a scan without duplicates, which covers the notice, a button opens the
+/// panel in place of the summary. Owned by AppDelegate. Main thread only.
 class NotReadList final : public QObject {
     Q_OBJECT
 
  public:
-    /// `window` must outlive this object.
-    explicit NotReadList(MainWindow& window);
+    /// Both must outlive this object.
+    NotReadList(MainWindow& window, InformationWindow& information);
     NotReadList(const NotReadList&) = delete;
     NotReadList& operator=(const NotReadList&) = delete;
     ~NotReadList() override;
@@ -25,11 +27,14 @@ class NotReadList final : public QObject {
     void setFiles(const NotReadFiles& files);
 
  private:
-    void show() const;
-    void close() const;
+    void show();
+    void showInPlaceOfSummary();
+    void close();
     void copy() const;
 
     MainWindow& window_;
+    InformationWindow& information_;
+    bool hidesSummary_ = false;
     FileReasons files_;
 };
 

@@ -3,6 +3,7 @@
 #include "controller/result_tabs.h"
 #include "controller/result_texts.h"
 #include "controls/hover_button.h"
+#include "controls/notice_strip.h"
 #include "controls/tab_button.h"
 #include "interface/main_window.h"
 #include "interface/result_screen.h"
@@ -185,12 +186,17 @@ void ResultViews::showInformationWindowAccordingTab() {
                                 .audioFiles = results_.filesOf(ResultView::audio),
                                 .docsFiles = results_.filesOf(ResultView::documents),
                                 .otherFiles = results_.filesOf(ResultView::other)};
-    const std::optional<Information> summary = informationAccordingTab(
+    std::optional<Information> summary = informationAccordingTab(
         results_.tabs(), session_.summaries,
         [this]() -> const Modal& { return results_.countedList(); }, totals);
-    if (summary) {
-        information_.setInformationWindow(*summary);
+    if (!summary) {
+        return;
     }
+    if (results_.isEmpty()) {
+        // Closing this summary leaves the screen, whose notice it covers.
+        summary->notRead = window_.results->notReadNotice->text();
+    }
+    information_.setInformationWindow(*summary);
 }
 
 /// After the notice of an empty list: from one category back to all, from all back home.

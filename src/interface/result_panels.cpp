@@ -115,6 +115,7 @@ InformationPanel::InformationPanel(QWidget* parent)
       scanInfoImage(named(new PictureView, "scanInfoImage")),
       keptLine(named(new ElidedLabel(this), "keptLine")),
       keptShow(makeTextButton("keptShow", tr("Show…"))),
+      notReadShow(makeTextButton("notReadShow", tr("Show what was not read…"))),
       scanInforOKBtn(makeFilledButton("scanInforOKBtn", tr("Review"), look::buttonTeal)) {
     setObjectName(QStringLiteral("informationWindow"));
     placement().place(scanInfoImage, {{24, 68, 96, 96}});
@@ -124,8 +125,10 @@ InformationPanel::InformationPanel(QWidget* parent)
     keptLine->setTextColor(look::muted);
     keptShow->setParent(this);
     keptShow->setAccessibleName(tr("Show the files that were left where they are"));
+    notReadShow->setParent(this);
     setKeptLine({});
-    keyboard().setAnswers({keptShow, scanInforOKBtn}, scanInforOKBtn, scanInforOKBtn);
+    setNotRead({});
+    keyboard().setAnswers({keptShow, notReadShow, scanInforOKBtn}, scanInforOKBtn, scanInforOKBtn);
 }
 
 bool InformationPanel::event(QEvent* event) {
@@ -151,6 +154,7 @@ void InformationPanel::placeLines() {
         top += block->height();
     }
     placeKeptLine(top);
+    placeNotReadShow();
 }
 
 void InformationPanel::placeKeptLine(int top) const {
@@ -163,6 +167,20 @@ void InformationPanel::placeKeptLine(int top) const {
     // Higher than the text, to be easier to click.
     keptShow->setGeometry(
         {{linesLeft + width + gap, top - (button.height() - height) / 2}, button});
+}
+
+/// Below the lines, at the height of the answer.
+void InformationPanel::placeNotReadShow() const {
+    const QSize size = notReadShow->sizeHint();
+    const QRect answer = scanInforOKBtn->geometry();
+    notReadShow->setGeometry(
+        {{linesLeft, answer.top() + (answer.height() - size.height()) / 2}, size});
+}
+
+void InformationPanel::setNotRead(const QString& notice) {
+    notReadShow->setAccessibleName(notice.isEmpty() ? notReadShow->text()
+                                                    : notice + u' ' + notReadShow->text());
+    notReadShow->setVisible(!notice.isEmpty());
 }
 
 void InformationPanel::setKeptLine(const QString& text) {

@@ -59,10 +59,14 @@ class InformationPanel final : public DialogPanel {
     PictureView* const scanInfoImage;
     ElidedLabel* const keptLine;  ///< hidden at first, like its button
     HoverButton* const keptShow;
+    HoverButton* const notReadShow;  ///< beside the answer; hidden at first
     HoverButton* const scanInforOKBtn;
 
     /// Shows `keptLine` with this text, and `keptShow` next to it; hides both if the text is empty.
     void setKeptLine(const QString& text);
+    /// Shows `notReadShow`, which tells `notice` to assistive technology; hides it if that is
+    /// empty.
+    void setNotRead(const QString& notice);
 
  protected:
     bool event(QEvent* event) override;
@@ -71,6 +75,7 @@ class InformationPanel final : public DialogPanel {
  private:
     void placeLines();
     void placeKeptLine(int top) const;
+    void placeNotReadShow() const;
 };
 
 }  // namespace tarvin

@@ -230,6 +230,55 @@ TEST_F(NotReadFilesOfAScan, AreMentionedWithoutDuplicatesToo) {
     EXPECT_TRUE(notice().isVisible());
 }
 
+TEST_F(NotReadFilesOfAScan, TheSummaryWithoutDuplicatesLeadsToTheList) {
+    files.failCall(FileCall::openFile, FaultyFileSystem::each, EACCES, ".jpg");
+    files.failCall(FileCall::openFile, FaultyFileSystem::each, EACCES, ".txt");
+    scan();
+    InformationPanel& summary = *window().informationWindow;
+    ASSERT_TRUE(summary.isVisible());
+    ASSERT_TRUE(summary.notReadShow->isVisible());
+    EXPECT_EQ(summary.notReadShow->text(), QStringLiteral("Show what was not read…"));
+    EXPECT_EQ(summary.notReadShow->accessibleName(),
+              QStringLiteral("10 files could not be read. Show what was not read…"));
+    EXPECT_EQ(window().focusWidget(), summary.scanInforOKBtn);
+    const Lines lines = information();
+    QTest::keyClick(window().focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(window().focusWidget(), summary.notReadShow);
+    QTest::keyClick(window().focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(panel().isVisible());
+    EXPECT_FALSE(summary.isVisible());
+    EXPECT_EQ(covers(), 1);
+    EXPECT_EQ(rows().size(), 10U);
+    EXPECT_EQ(window().focusWidget(), panel().closeButton);
+    QTest::keyClick(window().focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(panel().isVisible());
+    EXPECT_EQ(information(), lines);
+    EXPECT_EQ(covers(), 1);
+    EXPECT_EQ(window().focusWidget(), summary.notReadShow);
+    click("notReadShow");
+    click("notReadClose");
+    // The end is as without the list.
+    click("scanInforOKBtn");
+    EXPECT_EQ(covers(), 0);
+    EXPECT_TRUE(comesTo("1"));
+}
+
+TEST_F(NotReadFilesOfAScan, TheSummaryWithDuplicatesDoesNotMentionThem) {
+    failSome();
+    scan();
+    ASSERT_TRUE(window().informationWindow->isVisible());
+    EXPECT_FALSE(window().informationWindow->notReadShow->isVisible());
+}
+
+TEST_F(NotReadFilesOfAScan, TheSummaryWithoutDuplicatesMentionsOnlyWhatThereIs) {
+    std::filesystem::remove_all(found());
+    write("one.jpg", "one");
+    write("two.jpg", "two");
+    scan();
+    ASSERT_TRUE(window().informationWindow->isVisible());
+    EXPECT_FALSE(window().informationWindow->notReadShow->isVisible());
+}
+
 TEST_F(NotReadFilesOfAScan, ClosingTheListReturnsTheFocusToTheNotice) {
     scanWithFailures();
     notice().setFocus();

@@ -14,6 +14,7 @@
 #include <QSignalSpy>
 #include <QToolTip>
 #include <algorithm>
+#include <cstdlib>
 
 namespace tarvin {
 
@@ -341,6 +342,24 @@ TEST_F(KeptLineTest, TheFocusBeginsOnOkAndMovesToShow) {
     EXPECT_EQ(button.accessibleName(),
               QStringLiteral("Show the files that were left where they are"));
     EXPECT_EQ(button.kind(), HoverButton::Kind::text);
+}
+
+TEST_F(KeptLineTest, WhatWasNotReadIsBesideTheAnswer) {
+    EXPECT_FALSE(panel.notReadShow->isVisible());
+    panel.scanInfoCount->setText(QStringLiteral("Media : 0"));
+    panel.scanInfoSize->setText(QStringLiteral("Documents : 0"));
+    panel.scanOtherInfo->setText(QStringLiteral("Others : 0"));
+    panel.setNotRead(QStringLiteral("3 files could not be read."));
+    show({});
+    EXPECT_EQ(geometryOf(&panel), QRect(250, 141, 516, 190));
+    const QRect button = geometryOf(panel.notReadShow);
+    const QRect answer = geometryOf(panel.scanInforOKBtn);
+    EXPECT_EQ(button.left(), 394);
+    EXPECT_LT(button.right(), answer.left());
+    EXPECT_GE(button.height(), 24);
+    EXPECT_LE(std::abs(button.center().y() - answer.center().y()), 1);
+    EXPECT_GT(button.top(), geometryOf(panel.scanOtherInfo).bottom());
+    EXPECT_EQ(panel.notReadShow->kind(), HoverButton::Kind::text);
 }
 
 TEST_F(KeptLineTest, TheFocusReturnsToTheScreenAfterTheListReplacedIt) {

@@ -297,6 +297,21 @@ TEST_P(RoomForTextsTest, InTheOtherPanelsOfTheResults) {
     checkEverythingShown("alternative");
 }
 
+TEST_P(RoomForTextsTest, InTheSummaryWithWhatWasNotRead) {
+    window->selectTabViewItem(window->results->identifier());
+    InformationPanel& panel = *window->informationWindow;
+    panel.informationHeader->setText(ResultTexts::duplicatesFound());
+    panel.scanInfoCount->setText(ResultTexts::media(0));
+    panel.scanInfoSize->setText(ResultTexts::documents(0));
+    panel.scanOtherInfo->setText(ResultTexts::others(0));
+    panel.scanInforOKBtn->setTitle(ResultTexts::review());
+    panel.setNotRead(QStringLiteral("-"));
+    window->showOver(&panel, QPoint(250, 200));
+    checkEverythingShown("summary-not-read");
+    EXPECT_EQ(panel.height(), 190);
+    EXPECT_LT(panel.notReadShow->geometry().right(), panel.scanInforOKBtn->geometry().left());
+}
+
 TEST_P(RoomForTextsTest, InTheReportOfFilesThatWereLeft) {
     window->selectTabViewItem(window->results->identifier());
     InformationPanel& panel = *window->informationWindow;
