@@ -4,11 +4,16 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace tarvin {
 
 namespace {
 
-constexpr const char* kind = "object:state-changed:checked";
+const char* eventOf(Announcements::Kind kind) {
+    return kind == Announcements::Kind::names ? "object:property-change:accessible-name"
+                                              : "object:state-changed:checked";
+}
 
 gboolean expire(gpointer isOver) {
     *static_cast<bool*>(isOver) = true;
@@ -17,19 +22,24 @@ gboolean expire(gpointer isOver) {
 
 }  // namespace
 
-Announcements::Announcements() : listener_(atspi_event_listener_new(take, this, nullptr)) {
-    EXPECT_NE(atspi_event_listener_register(listener_, kind, nullptr), 0);
+Announcements::Announcements(Kind kind)
+    : kind_(kind), listener_(atspi_event_listener_new(take, this, nullptr)) {
+    EXPECT_NE(atspi_event_listener_register(listener_, eventOf(kind_), nullptr), 0);
 }
 
 Announcements::~Announcements() {
-    atspi_event_listener_deregister(listener_, kind, nullptr);
+    atspi_event_listener_deregister(listener_, eventOf(kind_), nullptr);
     g_object_unref(listener_);
 }
 
 void Announcements::take(AtspiEvent* event, void* self) {
     gchar* name = atspi_accessible_get_name(event->source, nullptr);
-    static_cast<Announcements*>(self)->heard_.push_back(std::string(name == nullptr ? "" : name) +
-                                                        (event->detail1 != 0 ? " on" : " off"));
+    auto& announcements = *static_cast<Announcements*>(self);
+    std::string text = name == nullptr ? "" : name;
+    if (announcements.kind_ == Kind::checkBoxes) {
+        text += event->detail1 != 0 ? " on" : " off";
+    }
+    announcements.heard_.push_back(std::move(text));
     g_free(name);
     g_boxed_free(ATSPI_TYPE_EVENT, event);
 }

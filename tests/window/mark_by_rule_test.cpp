@@ -1,13 +1,16 @@
 #include "support/temporary_folder.h"
+#include "window/announcements.h"
 #include "window/home.h"
 #include "window/input.h"
 #include "window/program_window.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace tarvin {
 namespace {
@@ -28,7 +31,13 @@ TEST(MarkByRuleWindow, TheLongestPathStays) {
 
     input::key("ctrl+r");
     window.waitForText("2 files (0.01 KB) will be marked in 2 sets.");
+    // Without an announcement, a text that stays the same would tell nothing.
+    Announcements announcements(Announcements::Kind::names);
     input::click(window.wait(ATSPI_ROLE_RADIO_BUTTON, "The longest path").area().middle());
+    EXPECT_TRUE(announcements.hear([](const std::vector<std::string>& heard) {
+        return std::find(heard.begin(), heard.end(),
+                         "2 files (0.01 KB) will be marked in 2 sets.") != heard.end();
+    })) << testing::PrintToString(announcements.heard());
     window.waitForButton("Mark", true);
     window.click("Mark");
     window.waitForText("Marked Duplicate Files: 2");
