@@ -5,10 +5,13 @@
 #include "controls/button_hover_simple.h"
 #include "controls/button_settings_saved.h"
 #include "controls/hover_button.h"
+#include "controls/menu_button.h"
+#include "controls/radio_button.h"
 #include "controls/tab_button.h"
 #include "equal_files.h"
 #include "heartbeat.h"
 #include "interface/exception_list_panel.h"
+#include "interface/file_menu.h"
 #include "interface/home_screen.h"
 #include "interface/list_table.h"
 #include "interface/location_screen.h"
@@ -17,6 +20,7 @@
 #include "interface/result_screen.h"
 #include "interface/result_table.h"
 #include "interface/result_tree_view.h"
+#include "interface/rule_panel.h"
 #include "interface/search_field.h"
 #include "interface/text_block.h"
 #include "paint_watch.h"
@@ -29,6 +33,8 @@
 #include <CLI/CLI.hpp>
 
 #include <QAction>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <algorithm>
@@ -47,6 +53,8 @@ namespace {
 // Milliseconds.
 constexpr double openingGoal = 300;
 constexpr double markAllGoal = 100;
+constexpr double markByRuleGoal = 150;
+constexpr double menuGoal = 50;
 constexpr double toggleGoal = 16;
 constexpr double tabGoal = 150;
 constexpr double frameGoal = 1000.0 / 60;
@@ -134,6 +142,9 @@ class ResultScenario final {
             countRows();
             markAndUnmark("mark all", "unmark all");
             toggle();
+            if (!markByRule() || !openMenus()) {
+                return false;
+            }
             showTabs();
             scroll("a frame, expanded, by wheel", "a frame, expanded, by scroll bar");
             collapse();
@@ -268,6 +279,62 @@ class ResultScenario final {
                     [this] { window().results->unMarkAll->click(); });
             rest(aMoment);
         }
+    }
+
+    /// From the press of Mark until the marks are painted; before, the rule has been counted.
+    bool markByRule() {
+        RulePanel& panel = *window().markByRuleWindow;
+        for (int turn = 0; turn < times; ++turn) {
+            product_.act([this] { window().markByRuleItem->trigger(); });
+            bool came = Product::until([&] { return panel.isVisible(); });
+            // Another rule than before, or nothing would change.
+            panel.rules()[turn % 2]->click();
+            rest(aMoment);
+            came = came && Product::until([&] { return panel.ruleMark->isEnabled(); });
+            rest(aMoment);
+            came = came && measure("mark by rule", markByRuleGoal, outlinePaint_,
+                                   [&] { panel.ruleMark->click(); });
+            rest(aMoment);
+            if (!came || panel.isVisible()) {
+                return false;
+            }
+        }
+        product_.click(window().results->unMarkAll);
+        rest(aMoment);
+        return true;
+    }
+
+    bool openMenus() {
+        PaintWatch more(window().moreMenu);
+        FileMenu& fileMenu = *window().results->fileMenu;
+        PaintWatch file(&fileMenu);
+        const QPoint row =
+            table().visualRect(results().files().index(1, ResultTable::ButtonCell)).center();
+        for (int turn = 0; turn < 2 * times; ++turn) {
+            bool came = measure("the More menu opens", menuGoal, more,
+                                [this] { window().buttonMore->click(); });
+            window().moreMenu->close();
+            rest(aMoment);
+            // The menu looks for a file to mark in the same folder: with all marked, in every set.
+            const bool isMarked = turn % 2 == 1;
+            product_.click(isMarked ? window().results->markAll : window().results->unMarkAll);
+            rest(aMoment);
+            const char* const name =
+                isMarked ? "the menu of a file opens, all marked" : "the menu of a file opens";
+            came = came && measure(name, menuGoal, file, [&] {
+                       QContextMenuEvent event(QContextMenuEvent::Mouse, row,
+                                               table().viewport()->mapToGlobal(row));
+                       QCoreApplication::sendEvent(table().viewport(), &event);
+                   });
+            fileMenu.close();
+            rest(aMoment);
+            if (!came) {
+                return false;
+            }
+        }
+        product_.click(window().results->unMarkAll);
+        rest(aMoment);
+        return true;
     }
 
     /// Types words into the search of a large exceptions list.
