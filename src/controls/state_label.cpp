@@ -41,6 +41,7 @@ void StateLabel::setState(const QString& text) {
     }
 }
 
+/// By one event only: a screen reader that knows both would speak twice.
 void StateLabel::announce() {
     if (!QAccessible::isActive()) {
         return;
@@ -48,9 +49,10 @@ void StateLabel::announce() {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
     QAccessibleAnnouncementEvent announcement(this, text());
     QAccessible::updateAccessibility(&announcement);
-#endif
+#else
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
+#endif
 }
 
 QSize StateLabel::sizeHint() const {

@@ -315,6 +315,20 @@ TEST_F(ScanDetails, SayThatTheScanStops) {
     EXPECT_TRUE(comesTo("4"));
 }
 
+TEST_F(ScanDetails, SayWhatASlowStopWaitsFor) {
+    beginAndCompareAQuarter();
+    click("stopButton");
+    click("cancelYes");
+    EXPECT_EQ(progress().progressDetails->text(), QStringLiteral("1.0 MB of 4.0 MB compared"));
+    // Two files are still being opened, for which the stop waits a little.
+    platform.clock().advance(std::chrono::seconds(5));
+    EXPECT_TRUE(says("Waiting for the file in hand."));
+    EXPECT_EQ(state(), QStringLiteral("Stopping…"));
+    second.open();
+    EXPECT_TRUE(comesTo("4"));
+    EXPECT_TRUE(delegate->scan().run().wasStopped());
+}
+
 TEST_F(ScanDetails, StayWithAStopDespiteTheNoticeOfClosing) {
     beginAndCompareAQuarter();
     click("stopButton");
