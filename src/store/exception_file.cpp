@@ -54,11 +54,13 @@ std::optional<StoreError> ExceptionFile::load() {
 
 std::optional<StoreError> ExceptionFile::addExceptions(const std::vector<std::string>& paths) {
     paths_ = joined(std::move(paths_), paths);
+    unsaved_.insert(unsaved_.end(), paths.begin(), paths.end());
     return folder_ ? store(Keep::whatIsStored) : std::nullopt;
 }
 
 std::optional<StoreError> ExceptionFile::removeExceptions() {
     paths_.clear();
+    unsaved_.clear();
     return folder_ ? store(Keep::nothing) : std::nullopt;
 }
 
@@ -70,7 +72,9 @@ std::optional<StoreError> ExceptionFile::removeExceptions(const std::vector<std:
             return failure;
         }
     }
-    std::erase_if(paths_, [&](const std::string& path) { return removed.contains(path); });
+    const auto isRemoved = [&](const std::string& path) { return removed.contains(path); };
+    std::erase_if(paths_, isRemoved);
+    std::erase_if(unsaved_, isRemoved);
     return std::nullopt;
 }
 
@@ -113,7 +117,13 @@ std::optional<StoreError> ExceptionFile::store(Keep keep) {
     if (keep == Keep::nothing) {
         stored.paths.clear();
     }
-    return writeStoredList(path_, PropertyList::arrayOfPaths(joined(stored.paths, paths_)));
+    const std::vector<std::string>& added = stored.error ? paths_ : unsaved_;
+    std::optional<StoreError> failure =
+        writeStoredList(path_, PropertyList::arrayOfPaths(joined(std::move(stored.paths), added)));
+    if (!failure) {
+        unsaved_.clear();
+    }
+    return failure;
 }
 
 }  // namespace tarvin

@@ -37,9 +37,11 @@ class ExceptionFile final {
 
     [[nodiscard]] const std::vector<std::string>& exceptionArrayData() const { return paths_; }
 
-    /// Appends paths in memory and in the file, without duplicates. Renames an unusable file to
-    /// "exception.plist.unreadable" first. The paths are in memory also if the file cannot be
-    /// written; then the error is returned.
+    /// Appends paths in memory and in the file, without duplicates. What another instance has
+    /// removed from the file stays removed there. Renames an unusable file to
+    /// "exception.plist.unreadable" first; then, and if there is no file, all paths in memory are
+    /// written. The paths are in memory also if the file cannot be written; then the error is
+    /// returned, and the next addition writes them, too.
     std::optional<StoreError> addExceptions(const std::vector<std::string>& paths);
 
     /// Clears the list in memory and in the file.
@@ -65,6 +67,7 @@ class ExceptionFile final {
     const std::optional<std::string> folder_;
     const std::string path_;
     std::vector<std::string> paths_;
+    std::vector<std::string> unsaved_;  // added, but not written yet
     std::string putAside_;
 };
 

@@ -158,6 +158,17 @@ TEST_F(ExceptionListTest, KeepsWhatAnotherInstanceHasAdded) {
     EXPECT_EQ(storedExceptions(), (Lines{folder.pathOf("p/b.jpg"), "/other.jpg"}));
 }
 
+TEST_F(ExceptionListTest, KeepsTheChangesOfAnotherInstanceWhenMissingFilesAreRemoved) {
+    launchWith({"p/a.jpg", "p/gone.jpg", "p/b.jpg"});
+    openTested(1);
+    ExceptionFile other(folder.pathOf("support"));
+    ASSERT_FALSE(other.load().has_value());
+    ASSERT_FALSE(other.removeExceptions(pathsOf({"p/a.jpg"})).has_value());
+    ASSERT_FALSE(other.addExceptions({"/other.jpg"}).has_value());
+    click("exceptionRemoveMissing");
+    EXPECT_EQ(storedExceptions(), (Lines{folder.pathOf("p/b.jpg"), "/other.jpg"}));
+}
+
 TEST_F(ExceptionListTest, RemovesAllMissingFilesAlsoThoseASearchHides) {
     launchWith({"p/a.jpg", "p/gone1.jpg", "drive/c.jpg", "p/gone2.jpg"});
     openTested(2);

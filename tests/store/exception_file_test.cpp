@@ -187,6 +187,25 @@ TEST_F(RemovedExceptions, DoNotRestoreWhatAnotherInstanceHasRemoved) {
     EXPECT_EQ(stored(), Paths{});
 }
 
+TEST_F(RemovedExceptions, AreNotRestoredByAnAdditionOfAnotherInstance) {
+    EXPECT_FALSE(other_.load());
+    EXPECT_FALSE(own_.removeExceptions({"/b.jpg"}));
+    EXPECT_FALSE(other_.addExceptions({"/d.jpg"}));
+    EXPECT_EQ(stored(), (Paths{"/a.jpg", "/c.jpg", "/d.jpg"}));
+    EXPECT_FALSE(own_.removeExceptions());
+    EXPECT_FALSE(other_.addExceptions({"/b.jpg"}));
+    EXPECT_EQ(stored(), Paths{"/b.jpg"});
+}
+
+TEST_F(RemovedExceptions, LeaveAdditionsThatCouldNotBeWrittenForTheNext) {
+    const std::string blocked = folder_.writeFile("exception.plist.new/x", "");
+    EXPECT_TRUE(own_.addExceptions({"/d.jpg", "/e.jpg"}));
+    EXPECT_FALSE(own_.removeExceptions({"/e.jpg"}));  // it is in memory only
+    std::filesystem::remove_all(std::filesystem::path(blocked).parent_path());
+    EXPECT_FALSE(own_.addExceptions({"/f.jpg"}));
+    EXPECT_EQ(stored(), (Paths{"/a.jpg", "/b.jpg", "/c.jpg", "/d.jpg", "/f.jpg"}));
+}
+
 TEST_F(RemovedExceptions, CanHaveAnyBytes) {
     EXPECT_FALSE(own_.addExceptions({"/\xff.jpg", "/line\nend.jpg"}));
     EXPECT_FALSE(own_.removeExceptions({"/\xff.jpg", "/line\nend.jpg"}));
