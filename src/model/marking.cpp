@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <string_view>
 #include <unordered_set>
 #include <utility>
 
@@ -23,7 +24,9 @@ class FolderMatch final {
             last_ = folder;
             // A folder can be stored twice, if single files of it were chosen.
             holdsLast_ = folder == &folder_ ||
-                         (folder->pathLength == folder_.pathLength && folder->path() == path_);
+                         (folder->pathLength == folder_.pathLength &&
+                          path_.ends_with(std::string_view(folder->name, folder->nameLength)) &&
+                          folder->path() == path_);
         }
         return holdsLast_;
     }
@@ -35,29 +38,32 @@ class FolderMatch final {
     bool holdsLast_ = false;
 };
 
-/// The marks of a set after those of the folder have been added; empty if nothing changes.
-Marks marksWith(FolderMatch& folder, const Set& set) {
-    const std::vector<std::shared_ptr<File>>& files = set.files();
-    Marks marks;
-    marks.reserve(files.size());
+/// Whether adding the marks of the folder changes those of a set.
+bool changesMarks(FolderMatch& folder, const Set& set) {
     bool anyAdded = false;
     bool anyStays = false;
-    for (const std::shared_ptr<File>& file : files) {
+    bool differsFromFirst = false;  // from the marks of a set of which only the first file stays
+    bool isFirst = true;
+    for (const std::shared_ptr<File>& file : set.files()) {
         const bool isMarked = file->state() != CheckState::off;
         const bool isAdded = !isMarked && folder.holds(*file);
         anyAdded = anyAdded || isAdded;
         anyStays = anyStays || (!isMarked && !isAdded);
-        marks.push_back(isMarked || isAdded ? CheckState::on : CheckState::off);
+        differsFromFirst = differsFromFirst || (isFirst ? isMarked : isAdded);
+        isFirst = false;
     }
-    if (!anyAdded) {
-        return {};
+    return anyAdded && (anyStays || differsFromFirst);
+}
+
+/// The marks of a set after those of the folder have been added.
+Marks marksWith(FolderMatch& folder, const Set& set) {
+    Marks marks;
+    for (const std::shared_ptr<File>& file : set.files()) {
+        const bool isOn = file->state() != CheckState::off || folder.holds(*file);
+        marks.push_back(isOn ? CheckState::on : CheckState::off);
     }
-    if (!anyStays) {
+    if (std::find(marks.begin(), marks.end(), CheckState::off) == marks.end()) {
         marks.front() = CheckState::off;
-        const bool isSame =
-            std::equal(marks.begin(), marks.end(), files.begin(),
-                       [](CheckState mark, const auto& file) { return mark == file->state(); });
-        return isSame ? Marks() : marks;
     }
     return marks;
 }
@@ -124,7 +130,7 @@ bool canMarkFolder(const Modal& modal, const Directory& folder) {
     FolderMatch match(folder);
     for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
         for (const std::shared_ptr<Set>& set : extension->sets()) {
-            if (!marksWith(match, *set).empty()) {
+            if (changesMarks(match, *set)) {
                 return true;
             }
         }
@@ -135,8 +141,8 @@ bool canMarkFolder(const Modal& modal, const Directory& folder) {
 void markFolder(Modal& modal, const Directory& folder) {
     FolderMatch match(folder);
     modal.changeMarksOfSets([&match](Set& set) {
-        if (const Marks marks = marksWith(match, set); !marks.empty()) {
-            set.setMarks(marks);
+        if (changesMarks(match, set)) {
+            set.setMarks(marksWith(match, set));
         }
     });
 }
