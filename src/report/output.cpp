@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <utility>
 
 namespace tarvin {
 
@@ -35,7 +36,12 @@ std::optional<SystemError> writeAll(int descriptor, std::string_view text) {
 
 }  // namespace
 
-Output::Output(int descriptor) : descriptor_(descriptor) {}
+Output::Output(int descriptor)
+    : descriptor_(descriptor),
+      write_([descriptor](std::string_view text) { return writeAll(descriptor, text); }) {}
+
+Output::Output(std::function<std::optional<SystemError>(std::string_view text)> write)
+    : descriptor_(-1), write_(std::move(write)) {}
 
 void Output::append(std::string_view text) {
     if (error_) {
@@ -55,7 +61,7 @@ void Output::appendNumber(std::uint64_t number) {
 
 bool Output::flush() {
     if (!error_) {
-        error_ = writeAll(descriptor_, buffer_);
+        error_ = write_(buffer_);
     }
     buffer_.clear();
     return !error_;

@@ -25,6 +25,11 @@ Result<std::optional<struct stat>> statusOf(const std::string& path) {
     return SystemError{errno};
 }
 
+bool isLink(const std::string& path) {
+    struct stat status{};
+    return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
 /// Whether it is the file that the shell has opened as standard output ("/dev/stdout"): replacing
 /// that would lose its content.
 bool isStandardOutput(const struct stat& status) {
@@ -58,14 +63,39 @@ Result<std::unique_ptr<OutputFile>> OutputFile::open(const std::string& path, Fi
     if (isStandardOutput(*present)) {
         return open("-", calls);
     }
-    if (!S_ISREG(present->st_mode)) {
-        return openDirectly(path);
+    return S_ISREG(present->st_mode) ? beginInPlaceOf(path, calls) : openDirectly(path);
+}
+
+Result<std::unique_ptr<OutputFile>, std::string> OutputFile::openRegular(const std::string& path,
+                                                                         FileCalls& calls) {
+    const auto status = statusOf(path);
+    if (!status) {
+        return status.error().text();
     }
-    if (::access(path.c_str(), W_OK) != 0) {
+    const std::optional<struct stat>& present = *status;
+    if (!present && isLink(path)) {
+        return std::string("a link to a missing file");
+    }
+    if (present && S_ISDIR(present->st_mode)) {
+        return SystemError{EISDIR}.text();
+    }
+    if (present && !S_ISREG(present->st_mode)) {
+        return std::string("not a regular file");
+    }
+    auto begun = present ? beginInPlaceOf(path, calls) : beginBeside(path, calls);
+    if (!begun) {
+        return begun.error().text();
+    }
+    return std::move(*begun);
+}
+
+Result<std::unique_ptr<OutputFile>> OutputFile::beginInPlaceOf(const std::string& present,
+                                                               FileCalls& calls) {
+    if (::access(present.c_str(), W_OK) != 0) {
         return SystemError{errno};
     }
     std::error_code failure;
-    const auto target = std::filesystem::canonical(path, failure);
+    const auto target = std::filesystem::canonical(present, failure);
     return failure ? SystemError{failure.value()} : beginBeside(target.native(), calls);
 }
 

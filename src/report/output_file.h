@@ -23,6 +23,13 @@ class OutputFile final {
     static Result<std::unique_ptr<OutputFile>> open(const std::string& path,
                                                     FileCalls& calls = systemFileCalls());
 
+    /// The same for a target that has to be a regular file or a new name: never blocks on the
+    /// target itself, and "-" is a name. A symbolic link stays, and the file that it leads to is
+    /// replaced; a link to nothing is refused, as it may lead to a volume that is not mounted. The
+    /// error is the system's text, or "not a regular file" or "a link to a missing file".
+    static Result<std::unique_ptr<OutputFile>, std::string> openRegular(
+        const std::string& path, FileCalls& calls = systemFileCalls());
+
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
     /// Without a successful commit() a regular file has not changed.
@@ -49,6 +56,8 @@ class OutputFile final {
 
     static std::unique_ptr<OutputFile> writingTo(int descriptor, Owner owner);
     static Result<std::unique_ptr<OutputFile>> openDirectly(const std::string& path);
+    static Result<std::unique_ptr<OutputFile>> beginInPlaceOf(const std::string& present,
+                                                              FileCalls& calls);
     static Result<std::unique_ptr<OutputFile>> beginBeside(const std::string& target,
                                                            FileCalls& calls);
     /// nullptr if the target is written directly.

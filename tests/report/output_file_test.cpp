@@ -1,5 +1,6 @@
 #include "report/output_file.h"
 
+#include "support/as_user.h"
 #include "support/file_content.h"
 #include "support/pipe.h"
 #include "support/recording_file_calls.h"
@@ -193,6 +194,65 @@ TEST(OutputFile, ANamedPipeIsWrittenDirectly) {
     reader.join();
     EXPECT_EQ(arrived, "text");
     EXPECT_EQ(namesIn(folder), Names{"pipe"});
+}
+
+/// The reason why OutputFile::openRegular() refuses; empty if it does not.
+std::string refusalOf(const std::string& path) {
+    const auto file = OutputFile::openRegular(path);
+    return file ? "" : file.error();
+}
+
+TEST(OutputFile, ARegularTargetIsCreatedOrReplaced) {
+    const TemporaryFolder folder;
+    for (const std::string name : {"new", "old"}) {
+        const std::string path = folder.pathOf(name);
+        folder.writeFile("old", "before");
+        auto file = OutputFile::openRegular(path);
+        ASSERT_TRUE(file);
+        (*file)->output().append("text");
+        EXPECT_FALSE((*file)->commit());
+        EXPECT_EQ(contentOf(path), "text");
+    }
+    EXPECT_EQ(namesIn(folder), (Names{"new", "old"}));
+}
+
+TEST(OutputFile, ARegularTargetMayBeBehindALink) {
+    const TemporaryFolder folder;
+    const std::string target = folder.writeFile("elsewhere/target", "old");
+    const std::string link = folder.makeLink("link", "elsewhere/target");
+    auto file = OutputFile::openRegular(link);
+    ASSERT_TRUE(file);
+    (*file)->output().append("new");
+    EXPECT_FALSE((*file)->commit());
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(contentOf(target), "new");
+}
+
+TEST(OutputFile, WhatIsNoRegularFileIsRefusedWithoutBlocking) {
+    const TemporaryFolder folder;
+    const std::string pipe = folder.pathOf("pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(refusalOf(pipe), "not a regular file");
+    EXPECT_EQ(refusalOf(folder.makeLink("to pipe", pipe)), "not a regular file");
+    EXPECT_EQ(refusalOf("/dev/null"), "not a regular file");
+    EXPECT_EQ(refusalOf(folder.path()), "Is a directory");
+    EXPECT_EQ(refusalOf(folder.pathOf("none/result")), "No such file or directory");
+    EXPECT_EQ(refusalOf(folder.makeLink("to nothing", "nothing")), "a link to a missing file");
+    EXPECT_EQ(namesIn(folder), (Names{"pipe", "to nothing", "to pipe"}));
+}
+
+TEST(OutputFile, ARegularTargetThatMayNotBeWrittenIsRefused) {
+    const TemporaryFolder folder;
+    std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+    const std::string file = folder.writeFile("file", "old");
+    std::filesystem::permissions(file, std::filesystem::perms(0444));
+    const std::string closed = folder.makeFolder("closed");
+    std::filesystem::permissions(closed, std::filesystem::perms(0555));
+    asUser(65534, [&] {
+        EXPECT_EQ(refusalOf(file), "Permission denied");
+        EXPECT_EQ(refusalOf(closed + "/result"), "Permission denied");
+    });
+    EXPECT_EQ(contentOf(file), "old");
 }
 
 /// Replaces standard output during its lifetime.

@@ -10,7 +10,9 @@
 #include <csignal>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <thread>
 
 namespace tarvin {
@@ -111,6 +113,26 @@ TEST(Output, FlushReportsAFullDisk) {
     ASSERT_TRUE(output.error().has_value());
     EXPECT_EQ(output.error()->code, ENOSPC);
     ::close(full);
+}
+
+TEST(Output, AFunctionTakesTheTextInOrderUntilItFails) {
+    std::string taken;
+    Output output([&taken](std::string_view text) -> std::optional<SystemError> {
+        taken += text;
+        return taken.size() > oneMegabyte ? std::optional(SystemError{ENOSPC}) : std::nullopt;
+    });
+    EXPECT_EQ(output.descriptor(), -1);
+    const std::string text = longText().substr(0, oneMegabyte);
+    output.append(text);
+    EXPECT_TRUE(output.flush());
+    EXPECT_EQ(taken, text);
+    output.append("more");
+    EXPECT_FALSE(output.flush());
+    output.append("dropped");
+    EXPECT_FALSE(output.flush());
+    EXPECT_EQ(taken, text + "more");
+    ASSERT_TRUE(output.error().has_value());
+    EXPECT_EQ(output.error()->code, ENOSPC);
 }
 
 TEST(Output, KeepsTheFirstErrorAndWritesNothingAfterIt) {
