@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <system_error>
 #include <unordered_set>
 #include <utility>
@@ -164,6 +165,95 @@ QString filterOf(const SavePanel::Type& type) {
     return type.name + QStringLiteral(" (*.") + type.extension + QLatin1Char(')');
 }
 
+/// Tells whether the user was asked about the name with its extension. Qt's own dialog adds the
+/// extension first and then asks; one of the desktop may ask first.
+class SaveDialog final : public QFileDialog {
+ public:
+    explicit SaveDialog(QWidget* window) : QFileDialog(window) {
+        setAttribute(Qt::WA_DeleteOnClose);
+    }
+
+    void accept() override {
+        asksLast_ = layout() != nullptr;
+        QFileDialog::accept();
+    }
+    [[nodiscard]] bool asksLast() const { return asksLast_; }
+
+    [[nodiscard]] std::size_t type() const {
+        return static_cast<std::size_t>(
+            std::max<qsizetype>(nameFilters().indexOf(selectedNameFilter()), 0));
+    }
+
+ private:
+    bool asksLast_ = false;
+};
+
+void setUp(SaveDialog& dialog, const SavePanel& panel) {
+    dialog.setWindowTitle(panel.title);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    QStringList filters;
+    for (const SavePanel::Type& type : panel.types) {
+        filters << filterOf(type);
+    }
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(panel.types.front().extension);
+    dialog.selectFile(panel.fileName + QLatin1Char('.') + panel.types.front().extension);
+    // The name keeps what the user has typed; only the extension follows the type.
+    QObject::connect(
+        &dialog, &QFileDialog::filterSelected, &dialog, [&dialog, types = panel.types] {
+            const QStringList names = dialog.selectedFiles();
+            const QString extension = types[dialog.type()].extension;
+            dialog.setDefaultSuffix(extension);
+            if (!names.isEmpty()) {
+                const QFileInfo file(names.front());
+                dialog.selectFile(file.completeBaseName() + QLatin1Char('.') + extension);
+            }
+        });
+}
+
+struct Target {
+    std::string path;
+    std::size_t type = 0;
+    bool isNew = false;  ///< the panel has not seen this name
+};
+
+/// The file that was chosen in an accepted dialog.
+std::optional<Target> targetIn(SaveDialog& dialog, const std::vector<SavePanel::Type>& types) {
+    if (!dialog.asksLast()) {
+        dialog.setDefaultSuffix({});  // what is chosen is exactly what the desktop's panel returned
+    }
+    const Paths paths = chosenIn(dialog);
+    if (paths.empty()) {
+        return std::nullopt;
+    }
+    Target target{.path = paths.front(), .type = dialog.type()};
+    if (target.path.find('.', target.path.rfind('/') + 1) == std::string::npos) {
+        target.path += '.' + types[target.type].extension.toStdString();
+        target.isNew = true;
+        return target;
+    }
+    for (std::size_t type = 0; type < types.size(); ++type) {
+        if (isOfType(target.path, {types[type].extension})) {
+            target.type = type;
+        }
+    }
+    return target;
+}
+
+constexpr int replaceButton = 0;
+
+Alert replaceQuestion(const std::string& path) {
+    const char* question =
+        QT_TRANSLATE_NOOP("tarvin::FileDialogs", "%1 already exists. Do you want to replace it?");
+    Alert alert = noticeOf(text(question).arg(textOfPath(path.substr(path.rfind('/') + 1))));
+    alert.buttons = {text(QT_TRANSLATE_NOOP("tarvin::FileDialogs", "Replace")),
+                     text(QT_TRANSLATE_NOOP("tarvin::FileDialogs", "Cancel"))};
+    alert.escapeButton = replaceButton + 1;
+    return alert;
+}
+
 }  // namespace
 
 void FileDialogs::open(const OpenPanel& panel,
@@ -191,39 +281,24 @@ void FileDialogs::open(const OpenPanel& panel,
 
 void FileDialogs::save(const SavePanel& panel,
                        std::function<void(const std::string& path, std::size_t type)> chosen) {
-    auto* dialog = new QFileDialog(window_, panel.title);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setFileMode(QFileDialog::AnyFile);
-    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    QStringList filters;
-    for (const SavePanel::Type& type : panel.types) {
-        filters << filterOf(type);
-    }
-    dialog->setNameFilters(filters);
-    dialog->setDefaultSuffix(panel.types.front().extension);
-    dialog->selectFile(panel.fileName + QLatin1Char('.') + panel.types.front().extension);
-    const auto typeIn = [dialog, filters] {
-        return std::max<qsizetype>(filters.indexOf(dialog->selectedNameFilter()), 0);
-    };
-    const auto extensionOf = [types = panel.types](qsizetype type) {
-        return types[static_cast<std::size_t>(type)].extension;
-    };
-    // The name keeps what the user has typed; only the extension follows the type.
-    QObject::connect(dialog, &QFileDialog::filterSelected, dialog, [=] {
-        const QStringList names = dialog->selectedFiles();
-        dialog->setDefaultSuffix(extensionOf(typeIn()));
-        if (!names.isEmpty()) {
-            const QFileInfo file(names.front());
-            dialog->selectFile(file.completeBaseName() + QLatin1Char('.') + extensionOf(typeIn()));
-        }
-    });
+    auto* dialog = new SaveDialog(window_);
+    setUp(*dialog, panel);
     QObject::connect(dialog, &QDialog::accepted, dialog,
-                     [dialog, typeIn, chosen = std::move(chosen)] {
-                         const Paths paths = chosenIn(*dialog);
-                         if (!paths.empty()) {
-                             chosen(paths.front(), static_cast<std::size_t>(typeIn()));
+                     [this, dialog, types = panel.types, chosen = std::move(chosen)] {
+                         const std::optional<Target> target = targetIn(*dialog, types);
+                         if (!target) {
+                             return;
                          }
+                         if (!target->isNew || !exists(target->path)) {
+                             chosen(target->path, target->type);
+                             return;
+                         }
+                         boxes_.show(replaceQuestion(target->path),
+                                     [target = *target, chosen](int button) {
+                                         if (button == replaceButton) {
+                                             chosen(target.path, target.type);
+                                         }
+                                     });
                      });
     dialog->open();
 }

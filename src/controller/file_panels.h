@@ -17,7 +17,7 @@ struct OpenPanel {
 
 /// What a save panel lets the user choose.
 struct SavePanel {
-    /// A kind of file. The name of the chosen file ends with its extension.
+    /// A kind of file. A name without an extension gets its extension.
     struct Type {
         QString name;       ///< shown to the user
         QString extension;  ///< without a dot
@@ -40,7 +40,8 @@ class FilePanels {
                       std::function<void(const std::vector<std::string>& paths)> chosen) = 0;
 
     /// Calls `chosen` with the absolute path of a file to write, native bytes, and the position of
-    /// its type; not at all if the user cancels. If there is a file, the user wants to replace it.
+    /// its type: that of its extension or, if that belongs to no type, the chosen one. Not at all
+    /// if the user cancels. If there is a file, the user wants to replace it.
     virtual void save(const SavePanel& panel,
                       std::function<void(const std::string& path, std::size_t type)> chosen) = 0;
 };

@@ -4,12 +4,16 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QSignalBlocker>
 #include <QTest>
+#include <QTimer>
 #include <algorithm>
 
 namespace tarvin {
@@ -239,6 +243,139 @@ TEST_F(FileDialogsTest, ForPhotosTakeNoOtherTypeFromADialogOfTheDesktop) {
 
 TEST_F(FileDialogsTest, ReturnNothingIfCancelled) {
     open(photos)->reject();
+    EXPECT_TRUE(isGone());
+    EXPECT_EQ(answers, 0);
+}
+
+/// The panel that chooses a file to write.
+class SaveDialogTest : public FileDialogsTest {
+ protected:
+    QFileDialog* save() {
+        dialogs.save({.title = QStringLiteral("Export Results"),
+                      .fileName = QStringLiteral("Duplicate files"),
+                      .types = {{QStringLiteral("CSV"), QStringLiteral("csv")},
+                                {QStringLiteral("JSON"), QStringLiteral("json")}}},
+                     [this](const std::string& path, std::size_t type) {
+                         ++answers;
+                         chosen = {path};
+                         chosenType = type;
+                     });
+        auto* dialog = window.findChild<QFileDialog*>();
+        EXPECT_NE(dialog, nullptr);
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(dialog));
+        dialog->setDirectory(QString::fromStdString(folder.path()));
+        return dialog;
+    }
+
+    /// Accepts a dialog as one of the desktop: without Qt's own question and completion.
+    static void acceptAsDesktop(QFileDialog* dialog, const std::string& name) {
+        auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        const QSignalBlocker blocker(edit);
+        edit->setText(QString::fromStdString(name));
+        Q_EMIT dialog->accepted();
+    }
+
+    static void press(const QWidget& parent, const char* title) {
+        auto* box = parent.findChild<QMessageBox*>();
+        ASSERT_NE(box, nullptr);
+        for (QAbstractButton* button : box->buttons()) {
+            if (button->text().remove(QLatin1Char('&')) == QLatin1String(title)) {
+                button->click();
+                return;
+            }
+        }
+        ADD_FAILURE() << title;
+    }
+
+    std::size_t chosenType = 99;
+};
+
+TEST_F(SaveDialogTest, SuggestsTheNameAndTheTypes) {
+    QFileDialog* dialog = save();
+    EXPECT_EQ(dialog->parentWidget(), &window);
+    EXPECT_EQ(dialog->windowTitle(), QStringLiteral("Export Results"));
+    EXPECT_EQ(dialog->acceptMode(), QFileDialog::AcceptSave);
+    EXPECT_EQ(dialog->nameFilters(),
+              (QStringList{QStringLiteral("CSV (*.csv)"), QStringLiteral("JSON (*.json)")}));
+    EXPECT_EQ(dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text(),
+              QStringLiteral("Duplicate files.csv"));
+}
+
+TEST_F(SaveDialogTest, AnswersWithTheNameAndItsExtension) {
+    type(save(), "sets");
+    ASSERT_TRUE(isGone());
+    EXPECT_EQ(chosen, Paths{folder.pathOf("sets.csv")});
+    EXPECT_EQ(chosenType, 0U);
+    type(save(), "v1.2");
+    ASSERT_TRUE(isGone());
+    EXPECT_EQ(chosen, Paths{folder.pathOf("v1.2")});
+    EXPECT_EQ(chosenType, 0U);
+}
+
+TEST_F(SaveDialogTest, TheExtensionFollowsTheTypeAndTheTypeTheExtension) {
+    QFileDialog* dialog = save();
+    auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    edit->setText(QStringLiteral("mine.csv"));
+    dialog->selectNameFilter(QStringLiteral("JSON (*.json)"));
+    Q_EMIT dialog->filterSelected(QStringLiteral("JSON (*.json)"));
+    EXPECT_EQ(edit->text(), QStringLiteral("mine.json"));
+    type(dialog, "other");
+    ASSERT_TRUE(isGone());
+    EXPECT_EQ(chosen, Paths{folder.pathOf("other.json")});
+    EXPECT_EQ(chosenType, 1U);
+    type(save(), "typed.JSON");
+    ASSERT_TRUE(isGone());
+    EXPECT_EQ(chosen, Paths{folder.pathOf("typed.JSON")});
+    EXPECT_EQ(chosenType, 1U);
+}
+
+TEST_F(SaveDialogTest, QtsOwnAsksOnceAboutTheNameWithItsExtension) {
+    folder.writeFile("sets.csv", "old");
+    QFileDialog* dialog = save();
+    QString asked;
+    // Qt's question is modal: it is answered from its own event loop.
+    QTimer::singleShot(0, dialog, [&] {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return dialog->findChild<QMessageBox*>() != nullptr; }));
+        auto* box = dialog->findChild<QMessageBox*>();
+        asked = box->text();
+        box->button(QMessageBox::Yes)->click();
+    });
+    type(dialog, "sets");
+    ASSERT_TRUE(isGone());
+    EXPECT_TRUE(asked.contains(QStringLiteral("sets.csv"))) << asked.toStdString();
+    EXPECT_EQ(window.findChild<QMessageBox*>(), nullptr);
+    EXPECT_EQ(chosen, Paths{folder.pathOf("sets.csv")});
+}
+
+TEST_F(SaveDialogTest, ADialogOfTheDesktopIsFollowedByAQuestionIfTheExtensionWasMissing) {
+    folder.writeFile("sets.csv", "old");
+    acceptAsDesktop(save(), "sets");
+    EXPECT_EQ(answers, 0);
+    ASSERT_NE(window.findChild<QMessageBox*>(), nullptr);
+    EXPECT_EQ(window.findChild<QMessageBox*>()->informativeText(),
+              QStringLiteral("sets.csv already exists. Do you want to replace it?"));
+    press(window, "Replace");
+    EXPECT_EQ(chosen, Paths{folder.pathOf("sets.csv")});
+    EXPECT_EQ(chosenType, 0U);
+}
+
+TEST_F(SaveDialogTest, AReplacementThatIsNotWantedIsNoAnswer) {
+    folder.writeFile("sets.csv", "old");
+    acceptAsDesktop(save(), "sets");
+    press(window, "Cancel");
+    EXPECT_EQ(answers, 0);
+}
+
+TEST_F(SaveDialogTest, ADialogOfTheDesktopHasAskedAboutTheNameThatItReturns) {
+    folder.writeFile("sets.csv", "old");
+    acceptAsDesktop(save(), "sets.csv");
+    EXPECT_EQ(window.findChild<QMessageBox*>(), nullptr);
+    EXPECT_EQ(chosen, Paths{folder.pathOf("sets.csv")});
+    EXPECT_EQ(answers, 1);
+}
+
+TEST_F(SaveDialogTest, ReturnsNothingIfCancelled) {
+    save()->reject();
     EXPECT_TRUE(isGone());
     EXPECT_EQ(answers, 0);
 }
