@@ -229,6 +229,14 @@
         <source>The results could not be exported.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Exporting the results…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileActions</name>
@@ -266,6 +274,18 @@
     </message>
     <message>
         <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 already exists. Do you want to replace it?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -811,6 +831,10 @@ Modified Date       : %4</source>
     </message>
     <message>
         <source>not a property list of totals</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a link to a missing file</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -229,6 +229,14 @@
         <source>The results could not be exported.</source>
         <translation>Die Ergebnisse konnten nicht exportiert werden.</translation>
     </message>
+    <message>
+        <source>Exporting the results…</source>
+        <translation>Die Ergebnisse werden exportiert…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileActions</name>
@@ -267,6 +275,18 @@
     <message>
         <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
         <translation>Einige der gewählten Objekte können hier nicht hinzugefügt werden. Bitte ziehen Sie sie auf die Liste.</translation>
+    </message>
+    <message>
+        <source>%1 already exists. Do you want to replace it?</source>
+        <translation>%1 ist schon vorhanden. Möchten Sie die Datei ersetzen?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -819,6 +839,10 @@ Geändert       : %4</translation>
     <message>
         <source>not a property list of totals</source>
         <translation>keine Eigenschaftsliste mit Summen</translation>
+    </message>
+    <message>
+        <source>a link to a missing file</source>
+        <translation>eine Verknüpfung mit einer fehlenden Datei</translation>
     </message>
 </context>
 <context>

@@ -229,6 +229,14 @@
         <source>The results could not be exported.</source>
         <translation>No se pudieron exportar los resultados.</translation>
     </message>
+    <message>
+        <source>Exporting the results…</source>
+        <translation>Exportando los resultados…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileActions</name>
@@ -267,6 +275,18 @@
     <message>
         <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
         <translation>Algunos de los elementos elegidos no se pueden añadir aquí. Arrástrelos a la lista.</translation>
+    </message>
+    <message>
+        <source>%1 already exists. Do you want to replace it?</source>
+        <translation>%1 ya existe. ¿Desea reemplazarlo?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Reemplazar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
     </message>
 </context>
 <context>
@@ -819,6 +839,10 @@ Modificado  : %4</translation>
     <message>
         <source>not a property list of totals</source>
         <translation>no es una lista de propiedades con totales</translation>
+    </message>
+    <message>
+        <source>a link to a missing file</source>
+        <translation>un enlace a un archivo que no existe</translation>
     </message>
 </context>
 <context>

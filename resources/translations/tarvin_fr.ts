@@ -229,6 +229,14 @@
         <source>The results could not be exported.</source>
         <translation>Impossible d’exporter les résultats.</translation>
     </message>
+    <message>
+        <source>Exporting the results…</source>
+        <translation>Exportation des résultats…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileActions</name>
@@ -267,6 +275,18 @@
     <message>
         <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
         <translation>Certains des éléments choisis ne peuvent pas être ajoutés ici. Déposez-les sur la liste.</translation>
+    </message>
+    <message>
+        <source>%1 already exists. Do you want to replace it?</source>
+        <translation>%1 existe déjà. Voulez-vous remplacer ce fichier&#x202f;?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Remplacer</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
     </message>
 </context>
 <context>
@@ -819,6 +839,10 @@ Modifié le  : %4</translation>
     <message>
         <source>not a property list of totals</source>
         <translation>n’est pas une liste de propriétés avec des totaux</translation>
+    </message>
+    <message>
+        <source>a link to a missing file</source>
+        <translation>un lien vers un fichier absent</translation>
     </message>
 </context>
 <context>

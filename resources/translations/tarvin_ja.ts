@@ -229,6 +229,14 @@
         <source>The results could not be exported.</source>
         <translation>結果を書き出せませんでした。</translation>
     </message>
+    <message>
+        <source>Exporting the results…</source>
+        <translation>結果を書き出しています…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileActions</name>
@@ -267,6 +275,18 @@
     <message>
         <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
         <translation>選んだ項目の一部はここから追加できません。リストにドロップしてください。</translation>
+    </message>
+    <message>
+        <source>%1 already exists. Do you want to replace it?</source>
+        <translation>%1 は既に存在します。置き換えますか？</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>置き換える</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
     </message>
 </context>
 <context>
@@ -819,6 +839,10 @@ Modified Date       : %4</source>
     <message>
         <source>not a property list of totals</source>
         <translation>合計のプロパティリストではありません</translation>
+    </message>
+    <message>
+        <source>a link to a missing file</source>
+        <translation>存在しないファイルへのリンクです</translation>
     </message>
 </context>
 <context>

@@ -229,6 +229,14 @@
         <source>The results could not be exported.</source>
         <translation>Não foi possível exportar os resultados.</translation>
     </message>
+    <message>
+        <source>Exporting the results…</source>
+        <translation>Exportando os resultados…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileActions</name>
@@ -267,6 +275,18 @@
     <message>
         <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
         <translation>Alguns dos itens escolhidos não podem ser adicionados aqui. Arraste-os para a lista.</translation>
+    </message>
+    <message>
+        <source>%1 already exists. Do you want to replace it?</source>
+        <translation>%1 já existe. Deseja substituí-lo?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Substituir</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
     </message>
 </context>
 <context>
@@ -819,6 +839,10 @@ Modificado em  : %4</translation>
     <message>
         <source>not a property list of totals</source>
         <translation>não é uma lista de propriedades com totais</translation>
+    </message>
+    <message>
+        <source>a link to a missing file</source>
+        <translation>um link para um arquivo que não existe</translation>
     </message>
 </context>
 <context>

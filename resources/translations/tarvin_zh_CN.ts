@@ -229,6 +229,14 @@
         <source>The results could not be exported.</source>
         <translation>未能导出结果。</translation>
     </message>
+    <message>
+        <source>Exporting the results…</source>
+        <translation>正在导出结果…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileActions</name>
@@ -267,6 +275,18 @@
     <message>
         <source>Some of the chosen items cannot be added here. Please drop them onto the list.</source>
         <translation>所选的部分项目无法在此添加。请将它们拖放到列表中。</translation>
+    </message>
+    <message>
+        <source>%1 already exists. Do you want to replace it?</source>
+        <translation>%1 已存在。要替换它吗？</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>替换</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
     </message>
 </context>
 <context>
@@ -819,6 +839,10 @@ Modified Date       : %4</source>
     <message>
         <source>not a property list of totals</source>
         <translation>不是包含总计的属性列表</translation>
+    </message>
+    <message>
+        <source>a link to a missing file</source>
+        <translation>指向不存在文件的链接</translation>
     </message>
 </context>
 <context>

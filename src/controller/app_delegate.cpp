@@ -104,7 +104,8 @@ void AppDelegate::makeResultTasks() {
     putBack_ = std::make_unique<PutBackTask>(session_, window_, information_);
     notRead_ = std::make_unique<NotReadList>(window_, information_);
     export_ = std::make_unique<ExportTask>(scan_->run(), *results_, window_, *surroundings_.panels,
-                                           session_.platform.clock(), information_);
+                                           session_.platform.clock(), information_,
+                                           surroundings_.fileCalls);
 }
 
 void AppDelegate::awakeFromNib() {

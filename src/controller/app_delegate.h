@@ -53,11 +53,12 @@ class AppDelegate final : public QObject {
         FilePanels* panels = nullptr;
         std::function<void()> terminate{};  ///< ends the program asynchronously
         QString version{};
-        QString urls{};            ///< path of Urls.plist; may be empty
-        QString guide{};           ///< path of the user guide; may be empty
-        QString previewProgram{};  ///< path of the preview program
-        QString updater{};         ///< path of the updater; may be empty
-        UrlReader readUrl{};       ///< for updates; may be empty
+        QString urls{};                            ///< path of Urls.plist; may be empty
+        QString guide{};                           ///< path of the user guide; may be empty
+        QString previewProgram{};                  ///< path of the preview program
+        QString updater{};                         ///< path of the updater; may be empty
+        UrlReader readUrl{};                       ///< for updates; may be empty
+        FileCalls& fileCalls = systemFileCalls();  ///< for exported files
     };
 
     explicit AppDelegate(Surroundings surroundings);

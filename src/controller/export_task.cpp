@@ -2,11 +2,12 @@
 
 #include "controller/export_report.h"
 #include "controller/export_texts.h"
+#include "controller/own_reasons.h"
 #include "controller/path_text.h"
 #include "controller/result_texts.h"
 #include "interface/main_window.h"
+#include "interface/result_panels.h"
 #include "interface/window_covers.h"
-#include "report/output_file.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -17,6 +18,7 @@
 #include <chrono>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace tarvin {
 
@@ -25,14 +27,11 @@ namespace {
 // In the order of the types in the panel.
 constexpr std::array formats{ResultFormat::csv, ResultFormat::json, ResultFormat::text};
 
-std::optional<SystemError> writeTo(const std::string& path, ResultFormat format,
-                                   const ScanReport& report) {
-    const Result<std::unique_ptr<OutputFile>> file = OutputFile::open(path);
-    if (!file) {
-        return file.error();
-    }
-    writeReport(format, report, (*file)->output());
-    return (*file)->commit();
+/// A file that takes no longer shows no panel, which would only flash.
+constexpr int exportPanelDelayMilliseconds = 300;
+
+std::string_view nameIn(std::string_view path) {
+    return path.substr(path.rfind('/') + 1);
 }
 
 /// "2026-11-21", local time.
@@ -44,23 +43,29 @@ QString shownDate(Timestamp now) {
 }  // namespace
 
 ExportTask::ExportTask(const ScanRun& scan, const Results& results, MainWindow& window,
-                       FilePanels& panels, Clock& clock, InformationWindow& information)
+                       FilePanels& panels, Clock& clock, InformationWindow& information,
+                       FileCalls& calls)
     : scan_(scan),
       results_(results),
       window_(window),
       panels_(panels),
       clock_(clock),
-      information_(information) {
+      information_(information),
+      calls_(calls) {
     connect(window_.exportResultsItem, &QAction::triggered, this, &ExportTask::open);
     connect(window_.moreMenu, &QMenu::aboutToShow, this,
             [this] { window_.exportResultsItem->setEnabled(!results_.isEmpty()); });
     connect(this, &ExportTask::written, this, &ExportTask::showResult, Qt::QueuedConnection);
+    connect(&information_, &InformationWindow::closed, this, &ExportTask::cancel);
+    delay_.setSingleShot(true);
+    delay_.setInterval(exportPanelDelayMilliseconds);
+    connect(&delay_, &QTimer::timeout, this, &ExportTask::showWriting);
 }
 
 ExportTask::~ExportTask() = default;
 
 void ExportTask::open() {
-    if (isWriting_ || results_.isEmpty()) {
+    if (isWriting() || results_.isEmpty()) {
         return;
     }
     panels_.save({.title = ExportTexts::title(),
@@ -73,16 +78,48 @@ void ExportTask::open() {
 
 /// The list may be gone: the panel stops this window, not what other instances ask of it.
 void ExportTask::write(const std::string& path, ResultFormat format) {
-    if (isWriting_ || results_.isEmpty()) {
+    if (isWriting() || results_.isEmpty()) {
         return;
     }
-    isWriting_ = true;
+    std::erase_if(cancelled_, [](const auto& run) { return run->isOver(); });
     path_ = path;
-    report_ = exportReport(scan_, results_.list());
+    ExportRun::Job job{
+        .path = path, .format = format, .report = exportReport(scan_, results_.list())};
+    sets_ = job.report.totalSets();
     window_.covers().add();
     QCoreApplication::instance()->installEventFilter(this);
-    thread_.start([this, format] { failure_ = writeTo(path_, format, report_); },
-                  [this] { Q_EMIT written(); });
+    delay_.start();
+    run_ = std::make_unique<ExportRun>(std::move(job), calls_, [this] { Q_EMIT written(); });
+}
+
+/// The panel takes the keys from now on.
+void ExportTask::showWriting() {
+    endWaiting();
+    isShown_ = true;
+    information_.setInformationWindow({.informationHeader = ResultTexts::information(),
+                                       .duplicatesCount = ExportTexts::exporting(),
+                                       .duplicatesSize = textOfPath(nameIn(path_)),
+                                       .otherInfomration = {},
+                                       .informationImage = informationImageOf(ResultView::all),
+                                       .actionButtonTitle = ExportTexts::cancel()});
+}
+
+void ExportTask::cancel() {
+    if (isShown_) {
+        isShown_ = false;
+        run_->cancel();
+        cancelled_.push_back(std::move(run_));
+    }
+}
+
+/// Removes the cover, the filter of the keys and the panel.
+void ExportTask::endWaiting() {
+    delay_.stop();
+    QCoreApplication::instance()->removeEventFilter(this);
+    if (std::exchange(isShown_, false)) {
+        window_.informationWindow->hide();
+    }
+    window_.covers().removeFirst();
 }
 
 /// The cover stops the mouse only: no key may change a mark meanwhile.
@@ -99,18 +136,18 @@ bool ExportTask::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ExportTask::showResult() {
-    thread_.wait();
-    QCoreApplication::instance()->removeEventFilter(this);
-    isWriting_ = false;
-    const std::uint64_t sets = report_.totalSets();
-    report_ = {};
-    window_.covers().removeFirst();
-    const QString name = textOfPath(std::string_view(path_).substr(path_.rfind('/') + 1));
-    const QString reason = failure_ ? textOfPath(failure_->text()) : QString();
+    // The signal may be that of a run that was cancelled meanwhile.
+    if (run_ == nullptr || !run_->isOver()) {
+        return;
+    }
+    const std::string failure = run_->failure();
+    run_.reset();
+    endWaiting();
+    const bool failed = !failure.empty();
     information_.setInformationWindow(
         {.informationHeader = ResultTexts::information(),
-         .duplicatesCount = failure_ ? ExportTexts::notExported() : ExportTexts::exported(sets),
-         .duplicatesSize = failure_ ? reason : name,
+         .duplicatesCount = failed ? ExportTexts::notExported() : ExportTexts::exported(sets_),
+         .duplicatesSize = failed ? OwnReasons::ofStore(failure) : textOfPath(nameIn(path_)),
          .otherInfomration = {},
          .informationImage = informationImageOf(ResultView::all),
          .actionButtonTitle = ResultTexts::ok()});

@@ -28,6 +28,9 @@ class ExportTexts final {
         return sets == 1 ? tr("1 set exported.")
                          : tr("%1 sets exported.").arg(ShownNumbers::count(sets));
     }
+    /// While it takes longer; the name of the file follows on its own line.
+    [[nodiscard]] static QString exporting() { return tr("Exporting the results…"); }
+    [[nodiscard]] static QString cancel() { return tr("Cancel"); }
     /// The reason follows on its own line.
     [[nodiscard]] static QString notExported() { return tr("The results could not be exported."); }
 };

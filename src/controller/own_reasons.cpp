@@ -40,6 +40,7 @@ QString OwnReasons::ofStore(const std::string& text) {
         QT_TR_NOOP("the file is damaged"),
         QT_TR_NOOP("the file was moved or replaced"),
         QT_TR_NOOP("not a regular file"),
+        QT_TR_NOOP("a link to a missing file"),
         QT_TR_NOOP("the file is too large"),
         QT_TR_NOOP("not a property list"),
         QT_TR_NOOP("not a property list of totals")};

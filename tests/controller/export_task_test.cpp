@@ -1,9 +1,11 @@
-#include "controller/export_texts.h"
+#include "controller/left_threads.h"
 #include "controller/result_fixture.h"
 #include "report/list_reader.h"
 #include "support/file_content.h"
+#include "support/held_file_calls.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -125,23 +127,112 @@ TEST_F(ExportTest, ThroughALinkItsTargetIsReplaced) {
     EXPECT_TRUE(contentOf(target).starts_with("category,"));
 }
 
-TEST_F(ExportTest, WhileItWritesTheWindowIsCoveredAndKeysDoNothing) {
+TEST_F(ExportTest, AnythingButAFileIsRefused) {
     writeThreeSets();
     scanAndReview();
-    panels.target = folder.pathOf("pipe");
-    ASSERT_EQ(::mkfifo(panels.target->c_str(), 0600), 0);
-    // Writing blocks until the pipe has a reader.
-    window().exportResultsItem->trigger();
+    ASSERT_EQ(::mkfifo(folder.pathOf("pipe").c_str(), 0600), 0);
+    exportTo("pipe", csv);
+    EXPECT_EQ(information(), (Lines{"Information", "The results could not be exported.",
+                                    "not a regular file", ""}));
+    click("scanInforOKBtn");
+    folder.makeLink("link.csv", folder.pathOf("missing.csv"));
+    exportTo("link.csv", csv);
+    EXPECT_EQ(information(), (Lines{"Information", "The results could not be exported.",
+                                    "a link to a missing file", ""}));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.pathOf("link.csv")));
+    EXPECT_FALSE(std::filesystem::exists(folder.pathOf("missing.csv")));
+}
+
+/// The export on a drive that does not respond until release().
+class HeldExportTest : public ExportTest {
+ protected:
+    HeldExportTest() { fileCalls = &held; }
+
+    void SetUp() override {
+        writeThreeSets();
+        scanAndReview();
+        select(0, 0);
+        table().setFocus();
+        panels.target = folder.pathOf("sets.csv");
+        window().exportResultsItem->trigger();
+        ASSERT_TRUE(comesTrue([this] { return held.hasHeld(); }));
+    }
+
+    /// A thread that was left behind uses the calls of the test.
+    void TearDown() override {
+        held.release();
+        delegate.reset();
+        EXPECT_TRUE(comesTrue([] { return leftThreads == 0; }));
+    }
+
+    void keepByKey() {
+        QTest::keyClick(window().windowHandle(), Qt::Key_K, Qt::ControlModifier);
+        QCoreApplication::processEvents();
+    }
+
+    HeldFileCalls held{HeldFileCalls::Step::flushing};
+};
+
+TEST_F(HeldExportTest, WhileItWritesKeysDoNothing) {
     EXPECT_TRUE(delegate->exporting().isWriting());
     EXPECT_EQ(covers(), 1);
-    QTest::keyClick(&window(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_TRUE(information().empty());
+    keepByKey();
     EXPECT_EQ(modal().totalFilesSelected(), 0U);
-    const int reader = ::open(panels.target->c_str(), O_RDONLY | O_CLOEXEC);
-    EXPECT_TRUE(comesTrue([this] { return !information().empty(); }));
-    ::close(reader);
-    EXPECT_FALSE(delegate->exporting().isWriting());
+    // The panel has a control of its own for keys.
+    ASSERT_TRUE(comesTrue([this] { return !information().empty(); }));
+    keepByKey();
+    EXPECT_EQ(modal().totalFilesSelected(), 0U);
+    held.release();
+    ASSERT_TRUE(comesTrue([this] { return !delegate->exporting().isWriting(); }));
     click("scanInforOKBtn");
     EXPECT_EQ(covers(), 0);
+    table().setFocus();
+    keepByKey();
+    EXPECT_EQ(modal().totalFilesSelected(), 1U);
+}
+
+TEST_F(HeldExportTest, APanelOffersToCancelAndThenTellsTheResult) {
+    ASSERT_TRUE(comesTrue([this] { return !information().empty(); }));
+    EXPECT_EQ(information(), (Lines{"Information", "Exporting the results\u2026", "sets.csv", ""}));
+    EXPECT_EQ(control<HoverButton>("scanInforOKBtn")->text(), QStringLiteral("Cancel"));
+    EXPECT_EQ(covers(), 1);
+    held.release();
+    ASSERT_TRUE(comesTrue([this] { return information()[1] == "3 sets exported."; }));
+    EXPECT_EQ(control<HoverButton>("scanInforOKBtn")->text(), QStringLiteral("Ok"));
+    EXPECT_EQ(covers(), 1);
+    click("scanInforOKBtn");
+    EXPECT_EQ(covers(), 0);
+    EXPECT_TRUE(std::filesystem::exists(folder.pathOf("sets.csv")));
+}
+
+TEST_F(HeldExportTest, CancelFreesTheWindowAndWritesNothing) {
+    ASSERT_TRUE(comesTrue([this] { return !information().empty(); }));
+    click("scanInforOKBtn");
+    EXPECT_FALSE(delegate->exporting().isWriting());
+    EXPECT_EQ(covers(), 0);
+    EXPECT_TRUE(information().empty());
+    // Another export does not wait for the first.
+    panels.target = folder.pathOf("other.csv");
+    window().exportResultsItem->trigger();
+    EXPECT_TRUE(delegate->exporting().isWriting());
+    held.release();
+    ASSERT_TRUE(comesTrue(
+        [this] { return !information().empty() && information()[1] == "3 sets exported."; }));
+    EXPECT_EQ(information()[2], "other.csv");
+    EXPECT_TRUE(std::filesystem::exists(folder.pathOf("other.csv")));
+    EXPECT_FALSE(std::filesystem::exists(folder.pathOf("sets.csv")));
+}
+
+TEST_F(HeldExportTest, TheWindowCanBeClosedAndLeavesNothingBehind) {
+    window().close();
+    EXPECT_EQ(terminations, 2);
+    delegate.reset();
+    EXPECT_EQ(leftThreads, 1);
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+        const std::string name = entry.path().filename().native();
+        EXPECT_FALSE(name.starts_with(".tarvin-") || name == "sets.csv") << name;
+    }
 }
 
 TEST_F(ExportTest, WithoutSetsTheItemIsDisabled) {

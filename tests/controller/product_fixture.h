@@ -151,7 +151,8 @@ class ProductFixture : public testing::Test {
                                       .guide = guide,
                                       .previewProgram = previewProgram(),
                                       .updater = updater,
-                                      .readUrl = readUrl});
+                                      .readUrl = readUrl,
+                                      .fileCalls = *fileCalls});
     }
 
     /// Starts the product and waits for its window.
@@ -224,6 +225,7 @@ class ProductFixture : public testing::Test {
     QString guide;
     QString updater;
     UrlReader readUrl;
+    FileCalls* fileCalls = &systemFileCalls();  ///< of exported files
     int terminations = 0;
     std::unique_ptr<AppDelegate> delegate;
 };
