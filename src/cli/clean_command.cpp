@@ -109,7 +109,7 @@ std::shared_ptr<Modal> markedResult(const FolderScan& scan, ListedFiles* list,
         return scan.modal();
     }
     return scan.report().stopped ? std::make_shared<Modal>()
-                                 : markListedFiles(*list, *scan.modal());
+                                 : markListedFiles(*list, *scan.modal(), scan.unreadable());
 }
 
 /// Reports what a list says that is not so. Returns whether there was nothing.

@@ -33,6 +33,8 @@ class FolderScan final {
     /// Call these after wait(). The report shares the result.
     [[nodiscard]] ScanReport report() const;
     [[nodiscard]] const std::shared_ptr<Modal>& modal() const { return run_.result().modal; }
+    /// The folders and files inside the given folders that could not be read.
+    [[nodiscard]] const UnreadableReport& unreadable() const { return run_.result().unreadable; }
     /// Whether every folder and file could be read and memory sufficed.
     [[nodiscard]] bool hasReadAll() const;
     [[nodiscard]] bool ranOutOfMemory() const { return run_.result().ranOutOfMemory; }

@@ -6,6 +6,7 @@
 #include "text/shown_name.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -20,6 +21,20 @@ namespace {
 
 std::string shownInput(const std::string& path) {
     return path == "-" ? "standard input" : quotedName(path);
+}
+
+/// Why what is at the path cannot be a list; empty if it may be one. A pipe may: of the shell's
+/// "<(command)" there is only a pipe.
+std::string_view unusableKind(const std::string& path) {
+    struct stat status{};
+    if (::stat(path.c_str(), &status) != 0) {
+        return {};
+    }
+    if (S_ISDIR(status.st_mode)) {
+        return "it is a folder";
+    }
+    return S_ISREG(status.st_mode) || S_ISFIFO(status.st_mode) ? std::string_view()
+                                                               : "it is neither a file nor a pipe";
 }
 
 std::string_view reasonOf(ListedState state) {
@@ -42,25 +57,31 @@ std::string_view reasonOf(ListedState state) {
             return "it is immutable";
         case ListedState::hasNoSurvivor:
             return "no file of its set that stays has the same content";
+        case ListedState::survivorUnread:
+            return "a file of its set that stays cannot be read";
         case ListedState::usable:
         case ListedState::repetition:
         case ListedState::unreadable:
+        case ListedState::unread:
             break;
     }
     return {};
 }
 
-/// The message about a file; nullopt if the file was treated as listed.
+/// The message about a file; nullopt if the file was treated as listed, or the scan has reported
+/// it.
 std::optional<std::string> problemOf(const ListedFile& file) {
     switch (file.state) {
         case ListedState::usable:
         case ListedState::repetition:
+        case ListedState::unread:
             return std::nullopt;
         case ListedState::unreadable:
             return failureText("read", quotedName(file.path), file.error.text());
         case ListedState::excluded:
         case ListedState::locked:
         case ListedState::hasNoSurvivor:
+        case ListedState::survivorUnread:
             return file.keep
                        ? std::nullopt
                        : std::optional(failureText("move", quotedName(file.path) + " to the Trash",
@@ -75,6 +96,11 @@ std::optional<std::string> problemOf(const ListedFile& file) {
 std::shared_ptr<ListedFiles> readList(const std::string& path) {
     UniqueFd opened;
     if (path != "-") {
+        // Before it is opened: a device may do something then, or block.
+        if (const std::string_view kind = unusableKind(path); !kind.empty()) {
+            printError(failureText("use list", shownInput(path), kind));
+            return nullptr;
+        }
         opened = UniqueFd(::open(path.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC));
         if (!opened) {
             printPathError("read list", path, SystemError{errno}.text());

@@ -95,7 +95,15 @@ void Collector::acceptFilenameDrag3(const std::string& path) {
         return;
     }
     Directory* root = lists_.store->addRoot(path);
-    if (isLocationInTrash(*root)) {
+    const Result<bool> inTrash = isLocationInTrash(*root);
+    if (!inTrash) {
+        // Opening it fails as well, as a rule, and tells more.
+        const IoWatch::Call call(watch_, *root);
+        const Result<Descriptor> opened = fileSystem_.openRootDirectory(path);
+        unreadable_.push_back({path, opened ? inTrash.error() : opened.error()});
+        return;
+    }
+    if (*inTrash) {
         unreadable_.push_back({path, SystemError{EOPNOTSUPP}, true});
         return;
     }
@@ -163,7 +171,12 @@ void Collector::check(GivenFolder& folder) {
         return;
     }
     folder.isChecked = true;
-    folder.isTrash = isLocationInTrash(*folder.directory);
+    const Result<bool> inTrash = isLocationInTrash(*folder.directory);
+    if (!inTrash) {
+        folder.failure = inTrash.error();
+        return;
+    }
+    folder.isTrash = *inTrash;
     if (folder.isTrash) {
         folder.failure = SystemError{EOPNOTSUPP};
         return;
@@ -261,7 +274,7 @@ void Collector::noteFailure(const Directory& directory,
     }
 }
 
-bool Collector::isLocationInTrash(const Directory& location) {
+Result<bool> Collector::isLocationInTrash(const Directory& location) {
     const IoWatch::Call call(watch_, location);
     return isInTrash(fileSystem_, location.path());
 }

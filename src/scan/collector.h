@@ -78,7 +78,7 @@ class Collector final {
     void takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block> block);
     void takeFile(const Directory& directory, const ListedEntry& entry);
     void reportFile(const Directory& directory, const ListedEntry& entry);
-    [[nodiscard]] bool isLocationInTrash(const Directory& location);
+    [[nodiscard]] Result<bool> isLocationInTrash(const Directory& location);
     void addToArrayFile(const Directory& directory, const ListedEntry& entry);
 
     FileSystem& fileSystem_;

@@ -98,7 +98,13 @@ void ListCollector::examine(Folder& folder) {
     folder.directory->identity = attributes->identity;
     if (fileSystem_.isPseudoFileSystem(attributes->identity.device)) {
         folder.state = ListedState::isSpecial;
-    } else if (isInTrash(fileSystem_, path)) {
+        return;
+    }
+    const Result<bool> inTrash = isInTrash(fileSystem_, path);
+    if (!inTrash) {
+        folder.state = ListedState::unreadable;
+        folder.error = inTrash.error();
+    } else if (*inTrash) {
         folder.state = ListedState::inTrash;
     }
 }

@@ -3,10 +3,12 @@
 #include "scan/duplicate_finder.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
 #include <span>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace tarvin {
@@ -63,10 +65,23 @@ void findRepetitions(ListedFiles& files) {
     std::unordered_map<std::string_view, ListedFile*> firsts;
     firsts.reserve(files.size());
     for (ListedFile& file : files) {
-        const auto [first, isFirst] = firsts.try_emplace(file.path, &file);
-        if (!isFirst && file.state == ListedState::usable) {
-            first->second->state = ListedState::repeated;
+        const auto [known, isNew] = firsts.try_emplace(file.path, &file);
+        ListedFile*& first = known->second;
+        if (isNew) {
+            continue;
+        }
+        if (first->state == ListedState::usable) {
+            first->state = ListedState::repeated;
+        }
+        if (file.state != ListedState::usable) {
+            continue;
+        }
+        if (first->state == ListedState::repeated) {
             file.state = ListedState::repetition;
+        } else {
+            // The earlier ones have other faults.
+            file.state = ListedState::repeated;
+            first = &file;
         }
     }
 }
@@ -105,8 +120,9 @@ void addMarkedSet(std::span<const Member> members, Modal& modal) {
     }
 }
 
-/// The same for files that were listed as a set and have the same bytes, if one of them stays.
-void addEqualFiles(std::span<const Member> members, Modal& modal) {
+/// The same for files that were listed as a set and have the same bytes, if one of them stays;
+/// otherwise they get the state `without`.
+void addEqualFiles(std::span<const Member> members, ListedState without, Modal& modal) {
     const auto staying = std::count_if(members.begin(), members.end(),
                                        [](const Member& member) { return stays(*member.entry); });
     if (staying > 0 && static_cast<std::size_t>(staying) < members.size()) {
@@ -116,18 +132,38 @@ void addEqualFiles(std::span<const Member> members, Modal& modal) {
         return;
     }
     for (const Member& member : members) {
-        member.entry->state = ListedState::hasNoSurvivor;
+        member.entry->state = without;
     }
 }
 
-void addListedSet(std::span<ListedFile> listed, const FoundFiles& found, Modal& modal) {
+using Paths = std::unordered_set<std::string_view>;
+
+/// Why a file of the set has no survivor. Sets the state of files that could not be read.
+ListedState noteUnread(std::span<ListedFile> listed, const Paths& unread) {
+    ListedState without = ListedState::hasNoSurvivor;
+    for (ListedFile& file : listed) {
+        if (file.state == ListedState::usable && unread.contains(file.path)) {
+            file.state = ListedState::unread;
+        }
+        const bool isUnread = file.state == ListedState::unread ||
+                              (file.state == ListedState::unreadable && file.error.code != ENOENT);
+        if (file.keep && isUnread) {
+            without = ListedState::survivorUnread;
+        }
+    }
+    return without;
+}
+
+void addListedSet(std::span<ListedFile> listed, const FoundFiles& found, const Paths& unread,
+                  Modal& modal) {
+    const ListedState without = noteUnread(listed, unread);
     std::vector<Member> members;
     for (ListedFile& file : listed) {
         const auto known = found.find(file.file);
         if (known != found.end()) {
             members.push_back({&file, &known->second});
         } else if (!stays(file)) {
-            file.state = ListedState::hasNoSurvivor;
+            file.state = without;
         }
     }
     std::stable_sort(members.begin(), members.end(), [](const Member& one, const Member& other) {
@@ -137,7 +173,7 @@ void addListedSet(std::span<ListedFile> listed, const FoundFiles& found, Modal& 
         const auto end = std::find_if(begin, members.end(), [begin](const Member& member) {
             return member.found->group != begin->found->group;
         });
-        addEqualFiles(std::span(begin, end), modal);
+        addEqualFiles(std::span(begin, end), without, modal);
         begin = end;
     }
 }
@@ -154,11 +190,16 @@ void checkListedFiles(ListedFiles& files) {
     findRepetitions(files);
 }
 
-std::shared_ptr<Modal> markListedFiles(ListedFiles& files, const Modal& found) {
+std::shared_ptr<Modal> markListedFiles(ListedFiles& files, const Modal& found,
+                                       const UnreadableReport& unread) {
     const FoundFiles known = filesOf(found);
+    Paths unreadPaths;
+    for (const Unreadable& each : unread.kept) {
+        unreadPaths.insert(each.path);
+    }
     auto modal = std::make_shared<Modal>();
     forEachListedSet(
-        files, [&known, &modal](std::span<ListedFile> set) { addListedSet(set, known, *modal); });
+        files, [&](std::span<ListedFile> set) { addListedSet(set, known, unreadPaths, *modal); });
     return modal;
 }
 

@@ -3,6 +3,7 @@
 #include "model/file.h"
 #include "model/modal.h"
 #include "platform/result.h"
+#include "scan/unreadable.h"
 
 #include <cstdint>
 #include <memory>
@@ -13,18 +14,20 @@ namespace tarvin {
 
 /// What is known of a file that a list names.
 enum class ListedState : std::uint8_t {
-    usable,        ///< nothing against it so far
-    notAbsolute,   ///< the path is relative, or has an empty, "." or ".." part or a zero byte
-    inexact,       ///< the list gives two different paths
-    repeated,      ///< the first of several entries with this path: it stays
-    repetition,    ///< a later one of them, which is ignored
-    unreadable,    ///< the file or its folder cannot be read: `error`
-    isFolder,      ///< a folder
-    isSpecial,     ///< a symbolic link, pipe, socket or device, or in a pseudo file system
-    inTrash,       ///< in a Trash folder, whose files may be deleted at any time
-    excluded,      ///< on the exceptions list: it stays
-    locked,        ///< immutable: it stays
-    hasNoSurvivor  ///< no file of its set that stays has the same bytes: it stays
+    usable,         ///< nothing against it so far
+    notAbsolute,    ///< the path is relative, or has an empty, "." or ".." part or a zero byte
+    inexact,        ///< the list gives two different paths
+    repeated,       ///< the first of several entries with this path: it stays
+    repetition,     ///< a later one of them, which is ignored
+    unreadable,     ///< the file or its folder cannot be read: `error`
+    isFolder,       ///< a folder
+    isSpecial,      ///< a symbolic link, pipe, socket or device, or in a pseudo file system
+    inTrash,        ///< in a Trash folder, whose files may be deleted at any time
+    excluded,       ///< on the exceptions list: it stays
+    locked,         ///< immutable: it stays
+    unread,         ///< its bytes could not be read, as the result of the scan tells: it stays
+    hasNoSurvivor,  ///< no file of its set that stays has the same bytes: it stays
+    survivorUnread  ///< the same, and one that was to stay could not be read
 };
 
 /// One file of a list of sets, which may have been edited: the path is only a claim.
@@ -40,14 +43,15 @@ struct ListedFile {
 using ListedFiles = std::vector<ListedFile>;
 
 /// Applies the rules that need no file access: in a set without `keep` the first file stays; paths
-/// must be absolute and without "." and ".."; and of entries with the same path none is moved. Call
-/// once, before a scan. Any thread.
+/// must be absolute and without "." and ".."; and of entries with the same path none is moved,
+/// while an entry with another fault keeps that. Call once, before a scan. Any thread.
 void checkListedFiles(ListedFiles& files);
 
 /// The result tree of a list: each listed set is split by contents, and of each part that has a
-/// file to keep and others, the others are marked. `found` is the result of the scan of the files.
-/// Files that should be moved but are in no such part become `hasNoSurvivor`. Requires that nothing
-/// else uses the files.
-[[nodiscard]] std::shared_ptr<Modal> markListedFiles(ListedFiles& files, const Modal& found);
+/// file to keep and others, the others are marked. `found` is the result of the scan of the files,
+/// and `unread` what that could not read. Files that should be moved but are in no such part become
+/// `unread`, `survivorUnread` or `hasNoSurvivor`. Requires that nothing else uses the files.
+[[nodiscard]] std::shared_ptr<Modal> markListedFiles(ListedFiles& files, const Modal& found,
+                                                     const UnreadableReport& unread);
 
 }  // namespace tarvin

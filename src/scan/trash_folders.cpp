@@ -1,5 +1,6 @@
 #include "scan/trash_folders.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <optional>
 #include <system_error>
@@ -14,20 +15,28 @@ bool isVolumeTrash(std::string_view name) {
     return name.find_first_not_of("0123456789", prefix.size()) == std::string_view::npos;
 }
 
-bool isInTrash(FileSystem& fileSystem, const std::string& folder) {
+Result<bool> isInTrash(FileSystem& fileSystem, const std::string& folder) {
     const std::optional<FileIdentity> homeTrash = fileSystem.homeTrash();
     std::error_code failure;
-    const std::filesystem::path resolved = std::filesystem::canonical(folder, failure);
-    if (failure) {
-        return false;
+    std::filesystem::path resolved = std::filesystem::canonical(folder, failure);
+    if (failure.value() == ENAMETOOLONG) {
+        resolved = folder;
+    } else if (failure) {
+        return SystemError{failure.value()};
     }
     for (std::filesystem::path at = resolved; at.has_relative_path(); at = at.parent_path()) {
         const std::string name = at.filename().string();
         if (name == ".Trash" || isVolumeTrash(name)) {
             return true;
         }
+        if (!homeTrash) {
+            continue;
+        }
         const Result<FileAttributes> attributes = fileSystem.attributesAtPath(at.string());
-        if (homeTrash && attributes && attributes->identity == *homeTrash) {
+        if (!attributes && attributes.error().code != ENAMETOOLONG) {
+            return attributes.error();
+        }
+        if (attributes && attributes->identity == *homeTrash) {
             return true;
         }
     }

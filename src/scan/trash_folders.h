@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_system.h"
+#include "platform/result.h"
 
 #include <string>
 #include <string_view>
@@ -10,8 +11,9 @@ namespace tarvin {
 /// Whether it is the name of the Trash of a volume: ".Trash-UID". Pure.
 [[nodiscard]] bool isVolumeTrash(std::string_view name);
 
-/// Whether the folder is a Trash folder or inside one. Resolves symbolic links first; false if that
-/// fails. Blocks while a drive does not respond. Any thread.
-[[nodiscard]] bool isInTrash(FileSystem& fileSystem, const std::string& folder);
+/// Whether the folder is a Trash folder or inside one. Resolves symbolic links first, unless
+/// the path is too long for that. Fails if that, or reading a folder above it, fails: then it is
+/// not known, and nothing may be moved. Blocks while a drive does not respond. Any thread.
+[[nodiscard]] Result<bool> isInTrash(FileSystem& fileSystem, const std::string& folder);
 
 }  // namespace tarvin

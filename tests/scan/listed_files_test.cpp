@@ -63,6 +63,21 @@ TEST(ListedFiles, ARepeatedPathIsFoundInItsSetAndInOthers) {
     EXPECT_EQ(files[4].state, ListedState::repetition);
 }
 
+TEST(ListedFiles, AFaultIsNotHiddenByARepetition) {
+    ListedFiles files{listed("/a", 0), listed("/a", 0), listed("/a", 0), listed("/b", 1),
+                      listed("/b", 1), listed("c", 2),  listed("c", 2)};
+    files[0].state = ListedState::inexact;
+    files[4].state = ListedState::inexact;
+    checkListedFiles(files);
+    EXPECT_EQ(files[0].state, ListedState::inexact);
+    EXPECT_EQ(files[1].state, ListedState::repeated);
+    EXPECT_EQ(files[2].state, ListedState::repetition);
+    EXPECT_EQ(files[3].state, ListedState::repeated);
+    EXPECT_EQ(files[4].state, ListedState::inexact);
+    EXPECT_EQ(files[5].state, ListedState::notAbsolute);
+    EXPECT_EQ(files[6].state, ListedState::notAbsolute);
+}
+
 /// Scans the files of a list in a folder of their own.
 class ListScan : public ::testing::Test {
  protected:
@@ -74,7 +89,7 @@ class ListScan : public ::testing::Test {
         checkListedFiles(*files_);
         run_.start(files_, std::move(exceptions));
         run_.wait();
-        modal_ = markListedFiles(*files_, *run_.result().modal);
+        modal_ = markListedFiles(*files_, *run_.result().modal, run_.result().unreadable);
     }
 
     /// The names of all files in the sets, in order; those of marked ones in brackets. Sets are
@@ -220,6 +235,43 @@ TEST_F(ListScan, AFileInATrashIsNeitherMovedNorTheCopyThatStays) {
     EXPECT_EQ(state(0), ListedState::inTrash);
     EXPECT_EQ(state(1), ListedState::hasNoSurvivor);
     EXPECT_EQ(state(2), ListedState::inTrash);
+}
+
+/// Otherwise a file in a Trash could be the copy that stays.
+TEST_F(ListScan, AFileOfWhichItIsNotKnownWhetherItIsInATrashIsNotUsed) {
+    folder_.writeFile("one/a", "same");
+    folder_.writeFile("two/b", "same");
+    fileSystem_.setHomeTrash(FileIdentity{1, 1});
+    // The file itself is read at its full path, the folders above it for their identity.
+    fileSystem_.failCall(FileCall::attributesAtPath, 1, EIO, "/one");
+    add("one/a", 0, true);
+    add("two/b", 0);
+    scan();
+    EXPECT_EQ(sets(), "");
+    EXPECT_EQ(state(0), ListedState::unreadable);
+    EXPECT_EQ((*files_)[0].error.code, EIO);
+    EXPECT_EQ(state(1), ListedState::survivorUnread);
+}
+
+TEST_F(ListScan, AFileThatCannotBeReadIsNotCalledDifferent) {
+    for (const char* name : {"a", "b", "c", "d", "e"}) {
+        folder_.writeFile(name, "same");
+    }
+    folder_.writeFile("f", "diff");
+    fileSystem_.failCall(FileCall::openFile, 1, EACCES, "/b");
+    fileSystem_.failCall(FileCall::openFile, 1, EACCES, "/d");
+    add("a", 0, true);
+    add("b", 0);
+    add("c", 0);
+    add("d", 1, true);
+    add("e", 1);
+    add("f", 1);
+    scan();
+    EXPECT_EQ(sets(), "a [c] ");
+    EXPECT_EQ(state(1), ListedState::unread);
+    EXPECT_EQ(state(3), ListedState::unread);
+    EXPECT_EQ(state(4), ListedState::survivorUnread);
+    EXPECT_EQ(state(5), ListedState::survivorUnread);
 }
 
 TEST_F(ListScan, AnExcludedFileStays) {
