@@ -7,7 +7,8 @@
 
 namespace tarvin {
 
-ByteSource::ByteSource(int descriptor) : descriptor_(descriptor) {
+ByteSource::ByteSource(int descriptor, std::uint64_t maxBytes)
+    : descriptor_(descriptor), maxBytes_(maxBytes) {
     fill();
 }
 
@@ -32,7 +33,8 @@ void ByteSource::fill() {
     if (got < 0) {
         error_ = SystemError{errno};
     }
-    isAtEnd_ = got <= 0;
+    isTooLong_ = got > 0 && static_cast<std::uint64_t>(got) > maxBytes_ - passed_;
+    isAtEnd_ = got <= 0 || isTooLong_;
     filled_ = isAtEnd_ ? 0 : static_cast<std::size_t>(got);
 }
 

@@ -6,18 +6,21 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <limits>
 #include <optional>
 
 namespace tarvin {
 
 /// The bytes of an open JSON file or pipe, one by one, for a parser. A string or word of more than
-/// `maxTokenBytes` ends the input, so that the parser's memory is bounded. One thread.
+/// `maxTokenBytes` ends the input, so that the parser's memory is bounded, and so does more than a
+/// given number of bytes. One thread.
 class ByteSource final {
  public:
     static constexpr std::size_t maxTokenBytes = std::size_t{1} << 20U;
 
     /// Does not take ownership of the descriptor.
-    explicit ByteSource(int descriptor);
+    explicit ByteSource(int descriptor,
+                        std::uint64_t maxBytes = std::numeric_limits<std::uint64_t>::max());
     ByteSource(const ByteSource&) = delete;
     ByteSource& operator=(const ByteSource&) = delete;
 
@@ -30,6 +33,9 @@ class ByteSource final {
 
     /// The number of bytes before the current one.
     [[nodiscard]] std::uint64_t offset() const { return passed_ + position_; }
+    /// Whether there are more than maxBytes() bytes.
+    [[nodiscard]] bool isTooLong() const { return isTooLong_; }
+    [[nodiscard]] std::uint64_t maxBytes() const { return maxBytes_; }
     [[nodiscard]] bool isTokenTooLong() const { return isTokenTooLong_; }
     [[nodiscard]] const std::optional<SystemError>& error() const { return error_; }
 
@@ -70,6 +76,7 @@ class ByteSource final {
     void countToken(char byte);
 
     const int descriptor_;
+    const std::uint64_t maxBytes_;
     std::array<char, 65'536> buffer_{};
     std::size_t position_ = 0;
     std::size_t filled_ = 0;
@@ -78,6 +85,7 @@ class ByteSource final {
     bool isInString_ = false;
     bool isEscaped_ = false;
     bool isAtEnd_ = false;
+    bool isTooLong_ = false;
     bool isTokenTooLong_ = false;
     std::optional<SystemError> error_;
 };

@@ -153,7 +153,8 @@ void writeSeconds(double seconds, Output& output) {
 }  // namespace
 
 void writeJson(const ScanReport& report, Output& output) {
-    writeNumber("{\n  \"totalFiles\": ", report.totalFiles(), output);
+    writeNumber("{\n  \"version\": ", jsonListVersion, output);
+    writeNumber(",\n  \"totalFiles\": ", report.totalFiles(), output);
     writeNumber(",\n  \"totalFilesSize\": ", report.totalFilesSize(), output);
     output.append(report.stopped ? ",\n  \"stopped\": true" : ",\n  \"stopped\": false");
     output.append(",\n  \"elapsedSeconds\": ");

@@ -1,11 +1,13 @@
 #include "report/list_reader.h"
 
 #include "report/byte_source.h"
+#include "report/result_writer.h"
 #include "text/hexadecimal.h"
 #include "text/utf8.h"
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <limits>
@@ -26,7 +28,7 @@ constexpr int noLevel = -1;
 constexpr int fileLevel = 8;
 
 /// The key whose value comes next.
-enum class NextValue : std::uint8_t { ignored, array, path, pathBytes, keep };
+enum class NextValue : std::uint8_t { ignored, version, array, path, pathBytes, keep };
 
 std::string inQuotes(std::string_view key) {
     return '"' + std::string(key) + '"';
@@ -35,6 +37,8 @@ std::string inQuotes(std::string_view key) {
 /// Builds the list from the events of the parser. A function that returns false ends the parsing.
 class ListBuilder final : public nlohmann::json_sax<JsonValue> {
  public:
+    explicit ListBuilder(std::size_t maxFiles) : maxFiles_(maxFiles) {}
+
     bool null() override { return next_ == NextValue::keep || scalar(); }
     bool boolean(bool value) override {
         if (!isSkipping() && next_ == NextValue::keep) {
@@ -44,7 +48,9 @@ class ListBuilder final : public nlohmann::json_sax<JsonValue> {
         return scalar();
     }
     bool number_integer(number_integer_t /*value*/) override { return scalar(); }
-    bool number_unsigned(number_unsigned_t /*value*/) override { return scalar(); }
+    bool number_unsigned(number_unsigned_t value) override {
+        return isVersion() ? takeVersion(value) : scalar();
+    }
     bool number_float(number_float_t /*value*/, const string_t& /*text*/) override {
         return scalar();
     }
@@ -63,6 +69,8 @@ class ListBuilder final : public nlohmann::json_sax<JsonValue> {
 
     /// Why the list has another shape; empty if it has not.
     [[nodiscard]] const std::string& reason() const { return reason_; }
+    /// Of a list that a newer version has written.
+    [[nodiscard]] bool isNewer() const { return isNewer_; }
     /// How many bytes the parser had asked for when it found that the text is not JSON. The end of
     /// the input counts as one.
     [[nodiscard]] std::size_t errorPosition() const { return errorPosition_; }
@@ -87,10 +95,15 @@ class ListBuilder final : public nlohmann::json_sax<JsonValue> {
     [[nodiscard]] bool isIgnored() const {
         return level_ >= 0 && !isInArray() && next_ == NextValue::ignored;
     }
+    [[nodiscard]] bool isVersion() const {
+        return !isSkipping() && level_ == 0 && next_ == NextValue::version;
+    }
+    bool takeVersion(std::uint64_t version);
     bool skip() { return ++skipped_ <= maxSkipped || refuse("values are nested too deeply"); }
     bool expect(NextValue value, bool& wasSeen, const std::string& key);
     bool endFile();
 
+    const std::size_t maxFiles_;
     ListedFiles files_;
     ListedFile file_;
     std::string bytes_;
@@ -99,6 +112,8 @@ class ListBuilder final : public nlohmann::json_sax<JsonValue> {
     unsigned skipped_ = 0;  // how many ignored objects and arrays are open
     NextValue next_ = NextValue::ignored;
     std::array<bool, arrayKeys.size()> hasArray_{};  // by level of the object, halved
+    bool hasVersion_ = false;
+    bool isNewer_ = false;
     bool hasPath_ = false;
     bool hasBytes_ = false;
     bool hasKeep_ = false;
@@ -114,6 +129,8 @@ bool ListBuilder::refuseValue() {
         return refuse("an element of " + inQuotes(arrayKey()) + " is not an object");
     }
     switch (next_) {
+        case NextValue::version:
+            return refuse(R"("version" is not a whole number from 1)");
         case NextValue::path:
             return refuse(R"("filePath" is not a text)");
         case NextValue::pathBytes:
@@ -123,6 +140,18 @@ bool ListBuilder::refuseValue() {
         default:
             return refuse(inQuotes(arrayKey()) + " is not an array");
     }
+}
+
+bool ListBuilder::takeVersion(std::uint64_t version) {
+    if (version == 0) {
+        return refuseValue();
+    }
+    if (version > jsonListVersion) {
+        isNewer_ = true;
+        return refuse("its version is " + std::to_string(version) + ", and this tarvin reads " +
+                      std::to_string(jsonListVersion));
+    }
+    return true;
 }
 
 bool ListBuilder::string(string_t& value) {
@@ -167,6 +196,9 @@ bool ListBuilder::key(string_t& value) {
         return true;
     }
     next_ = NextValue::ignored;
+    if (level_ == 0 && value == "version") {
+        return expect(NextValue::version, hasVersion_, value);
+    }
     if (level_ < fileLevel) {
         return value != arrayKey() ||
                expect(NextValue::array, hasArray_[static_cast<std::size_t>(level_) / 2], value);
@@ -207,13 +239,12 @@ bool ListBuilder::end_object() {
 }
 
 bool ListBuilder::endFile() {
-    // The number of a file in its set has 31 bits.
-    constexpr std::size_t maxFiles = std::numeric_limits<std::int32_t>::max();
     if (!hasPath_) {
         return refuse(R"("filePath" is missing)");
     }
-    if (files_.size() >= maxFiles) {
-        return refuse("it has too many files");
+    if (files_.size() >= maxFiles_) {
+        return refuse("it has more than " + std::to_string(maxFiles_) +
+                      (maxFiles_ == 1 ? " file" : " files"));
     }
     if (hasBytes_) {
         const std::optional<std::string> path = bytesOfHexadecimal(bytes_);
@@ -256,6 +287,12 @@ std::string reasonFor(const ListBuilder& builder, const ByteSource& source) {
     if (source.isTokenTooLong()) {
         return "a text is longer than 1 MiB" + place;
     }
+    if (source.isTooLong()) {
+        return "it is longer than " + std::to_string(source.maxBytes()) + " bytes";
+    }
+    if (builder.isNewer()) {
+        return builder.reason() + place;
+    }
     if (!builder.reason().empty()) {
         return "not a list of sets: " + builder.reason() + place;
     }
@@ -268,12 +305,14 @@ std::string reasonFor(const ListBuilder& builder, const ByteSource& source) {
 
 }  // namespace
 
-std::variant<ListedFiles, ListError> readListedFiles(int descriptor) {
-    ByteSource source(descriptor);
-    ListBuilder builder;
+std::variant<ListedFiles, ListError> readListedFiles(int descriptor, const ListLimits& limits) {
+    ByteSource source(descriptor, limits.bytes);
+    // The number of a file in its set has 31 bits.
+    constexpr std::size_t mostFiles = std::numeric_limits<std::int32_t>::max();
+    ListBuilder builder(std::min(limits.files, mostFiles));
     const bool isComplete =
         JsonValue::sax_parse(ByteSource::Iterator(source), ByteSource::Iterator(), &builder);
-    if (!isComplete || source.error() || source.isTokenTooLong()) {
+    if (!isComplete || source.error() || source.isTokenTooLong() || source.isTooLong()) {
         return ListError{reasonFor(builder, source)};
     }
     return builder.takeFiles();

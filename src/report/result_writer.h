@@ -7,6 +7,10 @@
 
 namespace tarvin {
 
+/// The value of the first key of the JSON, "version". A change that an older reader would
+/// misunderstand makes it higher; a new key does not.
+inline constexpr std::uint64_t jsonListVersion = 1;
+
 enum class ResultFormat : std::uint8_t { text, json, csv };
 
 // The report of a scan, set by set: a result of a million files is not copied. Each function
@@ -19,10 +23,11 @@ void writeReport(ResultFormat format, const ScanReport& report, Output& output);
 /// preceded by "[x]" if it is marked and by "[ ]" if it stays.
 void writeText(const ScanReport& report, Output& output);
 
-/// One JSON object with the keys of the result tree and dates in UTC. In a name that is not valid
-/// UTF-8, U+FFFD replaces the invalid bytes, and another key has its exact bytes in hexadecimal.
-/// Control and bidirectional characters are escaped. All five categories are always present. With
-/// marks, a file that is not marked has the last key "keep", which is true. Ends with a newline.
+/// One JSON object with the version, the keys of the result tree, and dates in UTC. In a name that
+/// is not valid UTF-8, U+FFFD replaces the invalid bytes, and another key has its exact bytes in
+/// hexadecimal. Control and bidirectional characters are escaped. All five categories are always
+/// present. With marks, a file that is not marked has the last key "keep", which is true. Ends with
+/// a newline.
 void writeJson(const ScanReport& report, Output& output);
 
 /// CSV (RFC 4180): a row of headings, then one row per file with the number of its set, counted

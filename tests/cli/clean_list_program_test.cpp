@@ -6,10 +6,15 @@
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <string>
+#include <thread>
+#include <utility>
 #include <vector>
 
 namespace tarvin {
@@ -219,6 +224,87 @@ TEST_F(CleanList, ADamagedListMovesNothing) {
     EXPECT_EQ(
         tarvin({"clean", "--yes", "--from", folder_.pathOf("none")}).errors,
         "tarvin: cannot read list '" + folder_.pathOf("none") + "': No such file or directory\n");
+    EXPECT_EQ(left(), "abcde");
+}
+
+TEST_F(CleanList, AListOfANewerVersionMovesNothing) {
+    Json list = keeping({"a.jpg", "d.txt"});
+    EXPECT_EQ(list["version"], 1);
+    list["version"] = 2;
+    const ProgramResult result = tarvin({"clean", "--yes", "--from", write(list)});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_TRUE(result.errors.starts_with("tarvin: cannot use list '" +
+                                          folder_.pathOf("list.json") +
+                                          "': its version is 2, and this tarvin reads 1 (byte "))
+        << result.errors;
+    EXPECT_EQ(left(), "abcde");
+    list.erase("version");
+    EXPECT_EQ(tarvin({"clean", "--yes", "--from", write(list)}).status, 0);
+    EXPECT_EQ(left(), "ad");
+}
+
+TEST_F(CleanList, WhatIsNeitherAFileNorAPipeIsRefused) {
+    const std::vector<std::pair<std::string, std::string>> rows = {
+        {folder_.path(), "it is a folder"},
+        {"/dev/null", "it is neither a file nor a pipe"},
+        {"/dev/zero", "it is neither a file nor a pipe"}};
+    for (const auto& [path, reason] : rows) {
+        const ProgramResult result = tarvin({"clean", "--yes", "--from", path});
+        EXPECT_EQ(result.status, 2);
+        EXPECT_EQ(result.errors, "tarvin: cannot use list '" + path + "': " + reason + '\n');
+    }
+}
+
+TEST_F(CleanList, ReadsAPipeThatAnotherProcessWrites) {
+    const std::string list = write(keeping({"b.jpg", "d.txt"}));
+    const std::string pipe = folder_.pathOf("pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    std::thread writer([&] { std::ofstream(pipe) << contentOf(list); });
+    EXPECT_EQ(tarvin({"clean", "--yes", "--from", pipe}).status, 0);
+    writer.join();
+    EXPECT_EQ(left(), "bd");
+}
+
+TEST_F(CleanList, EndlessInputThatIsNoListIsRefusedAtOnce) {
+    const auto before = std::signal(SIGPIPE, SIG_IGN);
+    Pipe pipe;
+    std::thread writer([&] {
+        const std::string noise(4096, '[');
+        while (::write(pipe.writing(), noise.data(), noise.size()) > 0) {
+        }
+    });
+    const ProgramResult result = tarvin({"clean", "--yes", "--from", "-"}, pipe.reading());
+    pipe.closeReading();
+    writer.join();
+    static_cast<void>(std::signal(SIGPIPE, before));
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.errors,
+              "tarvin: cannot use list standard input: not a list of sets: it is not an object "
+              "(byte 1)\n");
+    EXPECT_EQ(left(), "abcde");
+}
+
+TEST_F(CleanList, NoOptionThatChoosesFilesGoesWithAList) {
+    const std::string list = write(keeping({"a.jpg", "d.txt"}));
+    const std::vector<ProgramRun::Words> rows = {{"--min-size", "1"},
+                                                 {"--max-size", "9"},
+                                                 {"--skip-hidden"},
+                                                 {"--one-file-system"},
+                                                 {"--exclude", "*.jpg"},
+                                                 {"--files-from", "/dev/null"},
+                                                 {"--files-from", "/dev/null", "--null"},
+                                                 {"--keep", "newest"},
+                                                 {"--prefer", "/tmp"},
+                                                 {"--protect", "/tmp"}};
+    for (const ProgramRun::Words& option : rows) {
+        ProgramRun::Words words{"clean", "--yes", "--from", list};
+        words.insert(words.end(), option.begin(), option.end());
+        const ProgramResult result = tarvin(words);
+        EXPECT_EQ(result.status, 2) << option[0];
+        EXPECT_TRUE(result.errors.find(" and --from cannot be combined\n") != std::string::npos ||
+                    result.errors.find("--from and ") != std::string::npos)
+            << option[0] << ": " << result.errors;
+    }
     EXPECT_EQ(left(), "abcde");
 }
 

@@ -71,7 +71,7 @@ TEST_F(Scan, JsonHasEveryLevel) {
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(result.output.back(), '\n');
     const Json expected = Json::parse(placed(R"({
-        "totalFiles": 3, "totalFilesSize": 16, "stopped": false, "reclaimable": 16,
+        "version": 1, "totalFiles": 3, "totalFilesSize": 16, "stopped": false, "reclaimable": 16,
         "unreadable": [],
         "collected": {"Image": 3, "Video": 0, "Audio": 2, "Documents": 1, "Other": 0},
         "categories": [

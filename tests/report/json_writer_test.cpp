@@ -19,6 +19,7 @@ std::string jsonOf(const MadeUpReport& report) {
 
 TEST(JsonWriter, AnEmptyResultHasAllItsKeysAndCategories) {
     EXPECT_EQ(jsonOf(MadeUpReport()), R"({
+  "version": 1,
   "totalFiles": 0,
   "totalFilesSize": 0,
   "stopped": false,
@@ -50,6 +51,7 @@ TEST(JsonWriter, EveryLevelHasItsTotals) {
     report.addUnreadable("/closed", "Permission denied");
     report.addUnreadable("/bad\xff", "Input/output error");
     EXPECT_EQ(jsonOf(report), R"({
+  "version": 1,
   "totalFiles": 5,
   "totalFilesSize": 2023,
   "stopped": false,

@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 #include <thread>
 #include <variant>
@@ -35,6 +36,11 @@ Read readFrom(const std::string& text) {
 /// The list in one set.
 std::string setOf(const std::string& files) {
     return R"({"categories": [{"extensions": [{"sets": [{"files": [)" + files + "]}]}]}]}";
+}
+
+/// A list without files, of this version.
+std::string versioned(const std::string& version) {
+    return R"({"version": )" + version + R"(, "categories": []})";
 }
 
 ListedFiles filesIn(const std::string& text) {
@@ -136,11 +142,94 @@ TEST(ListReader, RefusesOtherShapes) {
         {setOf(R"({"filePath": "/a", "filePath": "/b"})"), "\"filePath\" is repeated"},
         {setOf(R"({"filePath": "/a", "keep": true, "keep": false})"), "\"keep\" is repeated"},
         {R"({"dryRun": true, "files": []})", "\"categories\" is missing"},
+        {versioned("0"), "\"version\" is not a whole number from 1"},
+        {versioned("-1"), "\"version\" is not a whole number from 1"},
+        {versioned("1.0"), "\"version\" is not a whole number from 1"},
+        {versioned("\"1\""), "\"version\" is not a whole number from 1"},
+        {versioned("null"), "\"version\" is not a whole number from 1"},
+        {versioned("true"), "\"version\" is not a whole number from 1"},
+        {versioned("[1]"), "\"version\" is not a whole number from 1"},
+        {versioned("{}"), "\"version\" is not a whole number from 1"},
+        {versioned("1, \"version\": 1"), "\"version\" is repeated"},
     };
     for (const auto& [text, reason] : rows) {
         const std::string begin = "not a list of sets: " + reason + " (byte ";
         EXPECT_TRUE(reasonIn(text).starts_with(begin)) << text << ": " << reasonIn(text);
     }
+}
+
+TEST(ListReader, TakesItsOwnVersionAndListsWithoutOne) {
+    EXPECT_EQ(reasonIn(versioned("1")), "");
+    EXPECT_EQ(reasonIn(R"({"categories": []})"), "");
+    EXPECT_EQ(reasonIn(R"({"categories": [{"version": 9, "extensions": [{"version": "x",
+        "sets": [{"version": 0, "files": [{"version": [], "filePath": "/a"}]}]}]}]})"),
+              "");
+}
+
+TEST(ListReader, RefusesANewerVersionWhereverItStands) {
+    EXPECT_EQ(reasonIn(versioned("2")), "its version is 2, and this tarvin reads 1 (byte 14)");
+    EXPECT_EQ(reasonIn(versioned("18446744073709551615")),
+              "its version is 18446744073709551615, and this tarvin reads 1 (byte 33)");
+    EXPECT_EQ(reasonIn(R"({"categories": [], "version": 2})"),
+              "its version is 2, and this tarvin reads 1 (byte 32)");
+}
+
+TEST(ListReader, RefusesMoreBytesAndMoreFilesThanItsLimits) {
+    const std::string two = setOf(R"({"filePath": "/a"}, {"filePath": "/b"})");
+    const auto reasonWithin = [&two](const ListLimits& limits) {
+        const std::string text = two;
+        Pipe pipe;
+        Output output(pipe.writing());
+        output.append(text);
+        EXPECT_TRUE(output.flush());
+        pipe.closeWriting();
+        const Read read = readListedFiles(pipe.reading(), limits);
+        const auto* const error = std::get_if<ListError>(&read);
+        return error == nullptr ? std::string() : error->reason;
+    };
+    EXPECT_EQ(reasonWithin({.bytes = two.size(), .files = 2}), "");
+    EXPECT_EQ(reasonWithin({.bytes = two.size() - 1, .files = 2}),
+              "it is longer than " + std::to_string(two.size() - 1) + " bytes");
+    EXPECT_TRUE(reasonWithin({.bytes = two.size(), .files = 1})
+                    .starts_with("not a list of sets: it has more than 1 file (byte "));
+}
+
+#ifdef TARVIN_SANITIZED
+constexpr std::uint32_t sets = 50'000;
+#else
+constexpr std::uint32_t sets = 500'000;
+#endif
+
+/// A million files must be read in seconds, and in the memory of their paths.
+TEST(ListReader, ReadsAMillionFilesThatAPipeSends) {
+    Pipe pipe;
+    std::thread writer([&] {
+        Output output(pipe.writing());
+        output.append(R"({"categories": [{"extensions": [{"sets": [)");
+        for (std::uint32_t set = 0; set < sets; ++set) {
+            output.append(set == 0 ? R"({"files": [{"filePath": "/a)"
+                                   : R"(, {"files": [{"filePath": "/a)");
+            output.appendNumber(set);
+            output.append(R"(", "keep": true}, {"filePath": "/b)");
+            output.appendNumber(set);
+            output.append(R"("}]})");
+        }
+        output.append("]}]}]}");
+        output.flush();
+        pipe.closeWriting();
+    });
+    Read read = readListedFiles(pipe.reading());
+    static_cast<void>(pipe.readAll());
+    writer.join();
+    ASSERT_TRUE(std::holds_alternative<ListedFiles>(read));
+    ListedFiles& files = std::get<ListedFiles>(read);
+    checkListedFiles(files);
+    ASSERT_EQ(files.size(), 2 * sets);
+    EXPECT_EQ(files.back().path, "/b" + std::to_string(sets - 1));
+    EXPECT_EQ(files.back().set, sets - 1);
+    EXPECT_EQ(files.back().state, ListedState::usable);
+    EXPECT_FALSE(files.back().keep);
+    EXPECT_TRUE(files[files.size() - 2].keep);
 }
 
 TEST(ListReader, RefusesValuesThatAreNestedDeeply) {
