@@ -10,15 +10,17 @@
 #include <QClipboard>
 #include <QFile>
 #include <QGuiApplication>
-#include <cerrno>
 #include <memory>
+#include <utility>
 
 namespace tarvin {
 
 namespace {
 
-bool isGoneFile(const SystemError& error) {
-    return error.code == ENOENT || error.code == ENOTDIR;
+constexpr int pollMilliseconds = 5;
+
+bool isGone(Presence presence) {
+    return presence == Presence::missing || presence == Presence::notAttached;
 }
 
 }  // namespace
@@ -31,7 +33,10 @@ FileActions::FileActions(Session& session, Results& results, MainWindow& window,
       window_(window),
       information_(information),
       exceptions_(exceptions),
-      desktop_(desktop) {
+      desktop_(desktop),
+      tester_(session.platform) {
+    poll_.setInterval(pollMilliseconds);
+    connect(&poll_, &QTimer::timeout, this, &FileActions::takeNews);
     connect(window_.results->resultTable, &ResultTable::menuRequested, this,
             &FileActions::popUpMenu);
     const FileMenu& menu = *window_.results->fileMenu;
@@ -63,30 +68,44 @@ int FileActions::row() const {
     return window_.results->resultTable->selectedRow();
 }
 
-std::string FileActions::pathOfPresentFile() {
+void FileActions::withPresentFile(std::function<void(const std::string& path)> act) {
     const std::shared_ptr<File> file = results_.files().fileAt(row());
     if (file == nullptr) {
-        return {};
+        return;
     }
-    std::string path = file->filePath();
-    const Result<FileAttributes> found = session_.platform.fileSystem().attributesAtPath(path);
-    if (!found && isGoneFile(found.error())) {
+    tested_ = file->filePath();
+    act_ = std::move(act);
+    presence_ = Presence::unknown;
+    tester_.start({tested_});
+    poll_.start();
+}
+
+void FileActions::takeNews() {
+    const PresenceTester::News news = tester_.take();
+    if (!news.presences.empty()) {
+        presence_ = news.presences.front();
+    }
+    if (!tester_.isOver()) {
+        return;
+    }
+    poll_.stop();
+    if (!results_.hasResult() || window_.selectedTabViewItem() != window_.results->identifier()) {
+        return;
+    }
+    // What cannot be tested is left to the other program.
+    if (isGone(presence_)) {
         information_.setInformationWindow(fileIsGoneInformation());
-        return {};
+    } else {
+        act_(tested_);
     }
-    return path;
 }
 
 void FileActions::open() {
-    if (const std::string path = pathOfPresentFile(); !path.empty()) {
-        desktop_.openPath(path);
-    }
+    withPresentFile([this](const std::string& path) { desktop_.openPath(path); });
 }
 
 void FileActions::openFolder() {
-    if (const std::string path = pathOfPresentFile(); !path.empty()) {
-        desktop_.showInFolder(path);
-    }
+    withPresentFile([this](const std::string& path) { desktop_.showInFolder(path); });
 }
 
 void FileActions::copyPath() {

@@ -3,11 +3,14 @@
 #include "controller/desktop.h"
 #include "controller/exceptions_task.h"
 #include "controller/information_window.h"
+#include "controller/presence_tester.h"
 #include "controller/results.h"
 #include "controller/session.h"
 
 #include <QObject>
 #include <QPoint>
+#include <QTimer>
+#include <functional>
 #include <string>
 
 namespace tarvin {
@@ -19,7 +22,7 @@ class FileActions final : public QObject {
     Q_OBJECT
 
  public:
-    /// All arguments must outlive this object.
+    /// All arguments must outlive this object, and the platform a thread that is left behind.
     FileActions(Session& session, Results& results, MainWindow& window,
                 InformationWindow& information, ExceptionsTask& exceptions, Desktop& desktop);
 
@@ -28,7 +31,8 @@ class FileActions final : public QObject {
 
     // The items, for the selected row. Without one they do nothing.
 
-    /// Both report a file that is gone.
+    /// Both report a file that is gone. That is tested on a background thread, because its volume
+    /// may not respond; only the last request counts, and none after the result was left.
     void open();
     void openFolder();
     /// Copies the path to the clipboard.
@@ -40,9 +44,9 @@ class FileActions final : public QObject {
 
  private:
     [[nodiscard]] int row() const;
-    /// The path of the selected file if it is there; otherwise empty, and a file that is gone has
-    /// been reported.
-    [[nodiscard]] std::string pathOfPresentFile();
+    /// Calls `act` with the path of the selected file when it is known that the file is there.
+    void withPresentFile(std::function<void(const std::string& path)> act);
+    void takeNews();
 
     Session& session_;
     Results& results_;
@@ -50,6 +54,11 @@ class FileActions final : public QObject {
     InformationWindow& information_;
     ExceptionsTask& exceptions_;
     Desktop& desktop_;
+    PresenceTester tester_;
+    QTimer poll_;
+    std::string tested_;
+    Presence presence_ = Presence::unknown;             // of tested_
+    std::function<void(const std::string& path)> act_;  // for tested_
 };
 
 }  // namespace tarvin

@@ -76,12 +76,16 @@ TEST_F(FileActionsTest, KeysOpenTheMenuBelowTheCurrentRow) {
 }
 
 TEST_F(FileActionsTest, OpensTheFileAndItsFolder) {
+    table().selectFile(1);
+    QTest::keyClick(&table(), Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_TRUE(comesTrue([this] { return !desktop.shownInFolder.empty(); }));
+    EXPECT_EQ(desktop.shownInFolder, (Lines{found("b2.jpg")}));
+    EXPECT_TRUE(desktop.paths.empty());
     openMenuOf(1);
     choose(menu().openItem);
+    ASSERT_TRUE(comesTrue([this] { return !desktop.paths.empty(); }));
     EXPECT_EQ(desktop.paths, (Lines{found("b2.jpg")}));
-    QTest::keyClick(&table(), Qt::Key_Return, Qt::ControlModifier);
-    EXPECT_EQ(desktop.shownInFolder, (Lines{found("b2.jpg")}));
-    EXPECT_EQ(desktop.paths.size(), 1U);
+    EXPECT_EQ(desktop.shownInFolder.size(), 1U);
 }
 
 TEST_F(FileActionsTest, ReportsAFileThatIsGone) {
@@ -89,12 +93,25 @@ TEST_F(FileActionsTest, ReportsAFileThatIsGone) {
     const Lines gone{"Information", "The file is not there any more.", "", ""};
     openMenuOf(1);
     choose(menu().openItem);
-    EXPECT_EQ(information(), gone);
+    EXPECT_TRUE(comesTrue([&] { return information() == gone; }));
     click("scanInforOKBtn");
     choose(menu().openFolderItem);
-    EXPECT_EQ(information(), gone);
+    EXPECT_TRUE(comesTrue([&] { return information() == gone; }));
     EXPECT_TRUE(desktop.paths.empty());
     EXPECT_TRUE(desktop.shownInFolder.empty());
+}
+
+TEST_F(FileActionsTest, AVolumeThatDoesNotRespondDoesNotHoldTheWindow) {
+    Barrier barrier;
+    openMenuOf(1);
+    files.beforeCall(FileCall::attributesAtPath, 1, [&] { barrier.wait(); }, "b2.jpg");
+    choose(menu().openItem);
+    ASSERT_TRUE(comesTrue([&] { return barrier.isReached(); }));
+    EXPECT_TRUE(desktop.paths.empty());
+    select(0, 0);
+    EXPECT_EQ(names(), (Lines{"a1.jpg", "a2.jpg"}));
+    barrier.open();
+    EXPECT_TRUE(comesTrue([this] { return desktop.paths == Lines{found("b2.jpg")}; }));
 }
 
 TEST_F(FileActionsTest, CopiesThePath) {
