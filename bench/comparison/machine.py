@@ -106,22 +106,3 @@ def revision(root):
     if not commit:
         return "unknown"
     return commit + (" with changes" if git("status", "--porcelain") else "")
-
-
-def package_version(package):
-    """The installed version of a distribution's package."""
-    done = subprocess.run(["dpkg-query", "-W", "-f", "${Version}", package],
-                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
-                          check=False)
-    return done.stdout if done.returncode == 0 else "unknown"
-
-
-def install_missing(peers):
-    """Installs missing packages of peers. Returns the peers that are installed."""
-    missing = sorted({peer.package for peer in peers if not shutil.which(peer.command[0])})
-    if missing:
-        prefix = [] if os.geteuid() == 0 else ["sudo"]
-        install = prefix + ["apt-get", "install", "-y", "--no-install-recommends", *missing]
-        print("Installing:", " ".join(install), flush=True)
-        subprocess.run(install, check=False)
-    return [peer for peer in peers if shutil.which(peer.command[0])]

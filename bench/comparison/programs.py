@@ -27,6 +27,7 @@ class Program:
     package: str = ""  # of the distribution; empty for our own programs
     judges: bool = False  # confirms matches byte for byte: our sets must equal its sets
     how: str = ""  # its comparison method in one line, for the report
+    starter: tuple = ()  # what starts the program, instead of the first word of the command
 
     @property
     def is_peer(self):
@@ -36,7 +37,8 @@ class Program:
     def arguments(self, folder, listing):
         """The command line for one folder."""
         places = {FOLDER: str(folder), LISTING: str(listing)}
-        return [places.get(word, word) for word in self.command]
+        words = (*self.starter, *self.command[1:]) if self.starter else self.command
+        return [places.get(word, word) for word in words]
 
     @property
     def writes_listing(self):
@@ -101,6 +103,12 @@ def parse_rmlint(text):
     return as_groups(lists)
 
 
+def parse_czkawka(text):
+    """Reads czkawka's JSON: lists of files by size."""
+    return as_groups([file["path"] for file in found]
+                     for same_size in json.loads(text).values() for found in same_size)
+
+
 HARDLINK_LINE = re.compile(r"^\[DryRun\] Linking (/.*) to (/.*) \([^()]*\)$")
 
 
@@ -116,6 +124,15 @@ def parse_hardlink(text):
 
 
 PEERS = (
+    Program(
+        name="czkawka",
+        package="czkawka-cli",
+        # -m includes files below 8 KiB, which its default leaves out. -C moves its list out of the
+        # report for people; its caches are in the home folder, which is empty before each run.
+        command=("czkawka_cli", "dup", "-m", "1", "-C", LISTING, "-d", FOLDER),
+        parse=parse_czkawka,
+        how="BLAKE3, not confirmed",
+    ),
     Program(
         name="jdupes",
         package="jdupes",

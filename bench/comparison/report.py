@@ -113,9 +113,11 @@ def setting_lines(setting):
     idle = ", ".join(f"{share:.0%}" for share in setting.idle)
     facts = [*setting.facts, ("Processors idle before the run, and after it", idle)]
     lines = plain_table(["Machine", ""], [list(fact) for fact in facts])
+    lines += [f"The other programs are those of {setting.release}, run with its libraries. Their "
+              "caches are empty before each run.", ""]
     lines += plain_table(["Program", "Package version", "How it decides"], rows)
     if setting.absent:
-        lines += [f"Not available on this machine: {', '.join(setting.absent)}.", ""]
+        lines += [f"Not in {setting.release}: {', '.join(setting.absent)}.", ""]
     return lines
 
 

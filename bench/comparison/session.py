@@ -11,6 +11,7 @@ from datetime import datetime, timezone
 from . import growth, machine, programs, report, timing
 from .contest import COLD, WARM, Contest, Refusal
 from .corpora import KINDS, CorpusMaker
+from .peer_root import PeerRoot
 from .report import rounds_text
 
 GROWTH = "growth"
@@ -44,8 +45,9 @@ class Setting:
     facts: list  # pairs about the machine
     idle: list  # shares of idle CPU time, before and after the run
     programs: list
+    release: str  # of the distribution that the peers come from
     versions: dict  # by package
-    absent: list  # names of peers that could not be installed
+    absent: list  # names of peers that it does not have
     rounds: dict  # by mode
     why_not_cold: str  # empty if cold runs are made
     limit: float
@@ -67,8 +69,11 @@ class Session:
         self._floor_walk = programs.floor_walk(helpers / "floor")
         self._floors = [programs.floor(helpers / "floor", threads)
                         for threads in sorted({1, os.cpu_count()})]
-        self._peers = machine.install_missing(programs.PEERS)
-        self._setting = self._describe(work, root)
+        root_of_peers = PeerRoot(root / "build" / "peers", programs.PEERS)
+        if not root_of_peers.ready():
+            raise Refusal("the other programs could not be installed")
+        self._peers = [peer for peer in map(root_of_peers.started, programs.PEERS) if peer]
+        self._setting = self._describe(work, root, root_of_peers)
         if shutil.disk_usage(work).free < self._extent.free_bytes:
             raise Refusal(f"{work} needs {self._extent.free_bytes / 2**30:.0f} GiB free")
 
@@ -86,7 +91,7 @@ class Session:
         """Prints the progress to standard error."""
         print(f"[{time.monotonic() - self._started:4.0f} s] {text}", file=sys.stderr, flush=True)
 
-    def _describe(self, work, root):
+    def _describe(self, work, root, root_of_peers):
         """Returns the data about this run for the page."""
         why_not_cold = self._why_not_cold()
         warm = self._options.rounds or self._extent.rounds
@@ -98,9 +103,10 @@ class Session:
             facts=machine.facts(work),
             idle=[machine.idle_share()],
             programs=[self._ours, *self._floors, *self._peers],
-            versions={peer.package: machine.package_version(peer.package)
-                      for peer in self._peers},
-            absent=[peer.name for peer in programs.PEERS if peer not in self._peers],
+            release=root_of_peers.release(),
+            versions={peer.package: root_of_peers.version(peer.package) for peer in self._peers},
+            absent=[peer.name for peer in programs.PEERS
+                    if peer.name not in {ready.name for ready in self._peers}],
             rounds={WARM: warm, COLD: 0 if why_not_cold else cold},
             why_not_cold=why_not_cold,
             limit=self._extent.limit,

@@ -1,6 +1,7 @@
 """Runs one program at a time and measures it."""
 
 import os
+import shutil
 import signal
 import statistics
 import subprocess
@@ -56,12 +57,15 @@ class StopWatch:
         self._figures = Path(work) / "figures"
         self._output = Path(work) / "output"
         self._listing = Path(work) / "listing"
+        self._home = Path(work) / "home"
 
     def run(self, program, folder, limit):
         """Runs `program` on `folder`. Returns a Run, or None if it was stopped after `limit` seconds.
-        The list of every program goes to a file."""
+        The list of every program goes to a file. Its home is empty, and so are its caches."""
         for file in (self._figures, self._output, self._listing):
             file.unlink(missing_ok=True)
+        shutil.rmtree(self._home, ignore_errors=True)
+        self._home.mkdir()
         command = [self._measure, str(self._figures)] + program.arguments(folder, self._listing)
         with open(self._output, "wb") as output:
             # A separate session, so that stopping it also stops its child processes.
@@ -71,7 +75,7 @@ class StopWatch:
                 stdout=output,
                 stderr=subprocess.DEVNULL,
                 cwd=self._output.parent,
-                env=os.environ | {"LC_ALL": "C"},
+                env=environment(self._home),
                 start_new_session=True,
             )
             if not finished(process, limit):
@@ -82,6 +86,12 @@ class StopWatch:
         """Returns the list of the last run, which must be one of `program`."""
         file = self._listing if program.writes_listing else self._output
         return file.read_text(encoding="utf-8")
+
+
+def environment(home):
+    """The environment of a program whose home is `home`."""
+    own = {name: value for name, value in os.environ.items() if not name.startswith("XDG_")}
+    return own | {"LC_ALL": "C", "HOME": str(home)}
 
 
 def finished(process, limit):
