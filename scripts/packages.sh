@@ -56,6 +56,7 @@ testPackages=(
     fonts-dejavu-core
     fonts-liberation
     fonts-wqy-microhei
+    fuse3
     git
     gvfs
     iproute2
@@ -64,6 +65,7 @@ testPackages=(
     libbenchmark-dev
     libc++-19-dev
     libc++abi-19-dev
+    libfuse3-dev
     libgmock-dev
     libglib2.0-bin
     libgtest-dev
