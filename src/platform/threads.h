@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <new>
 #include <system_error>
@@ -26,8 +27,19 @@ template <class Body>
 /// nothing if the system has no such priorities.
 void lowerThreadPriority();
 
-/// The number of 512-byte blocks that the calling thread has read from storage devices so far, not
-/// from the page cache. 0 where the system does not count them. Any thread.
-std::uint64_t deviceReadsOfThisThread();
+/// What a thread has used since it began. Fields are 0 where the system does not count them.
+struct ThreadUse {
+    std::uint64_t deviceReads =
+        0;                    ///< 512-byte blocks from storage devices, not from the page cache
+    std::uint64_t waits = 0;  ///< how often it gave its CPU away to wait for something
+    std::chrono::nanoseconds ran{0};
+};
+
+/// The use of the calling thread. Takes less than a microsecond.
+ThreadUse useOfThisThread();
+
+/// For how long the calling thread has been ready to run while others had the CPUs, since it began.
+/// 0 where the system does not count it. Takes about 10 microseconds.
+std::chrono::nanoseconds timeInQueueOfThisThread();
 
 }  // namespace tarvin

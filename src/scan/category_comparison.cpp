@@ -9,9 +9,9 @@ namespace tarvin {
 
 namespace {
 
-// Small classes are queued in batches of about this much work. A batch counts only when all of it
-// is done, so larger ones would hold up the progress on a slow disk.
-constexpr std::size_t filesABatch = WorkerPool::filesAShare;
+// Small classes are queued in batches of about a share of the pool's files, or of this many bytes.
+// A batch counts only when all of it is done, so larger ones would hold up the progress on a slow
+// disk.
 constexpr std::uint64_t bytesABatch = 1024 * 1024;
 constexpr std::uint32_t none = 0xFFFFFFFF;
 // How long workers may take to hand in what they have confirmed when the scan is stopped: many
@@ -133,6 +133,7 @@ void CategoryComparison::addBytesToCompare() const {
 }
 
 void CategoryComparison::submitAll() {
+    const std::size_t filesABatch = context_.pool.filesAShare();
     std::size_t files = 0;
     std::uint64_t bytes = 0;
     batchOf_.reserve(classes_.count());

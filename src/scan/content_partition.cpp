@@ -297,11 +297,11 @@ void ContentPartition::logResized(std::span<File* const> files,
 void ContentPartition::inspectAll(std::span<File* const> files, Inspection& seen) {
     seen.stamps.resize(files.size());
     seen.hashes.resize(files.size() > maxFilesWithoutHashes ? files.size() : 0);
-    const std::size_t shares =
-        (files.size() + WorkerPool::filesAShare - 1) / WorkerPool::filesAShare;
+    const std::size_t filesAShare = pool_.filesAShare();
+    const std::size_t shares = (files.size() + filesAShare - 1) / filesAShare;
     pool_.forEach(shares, [&](std::size_t share) {
-        const std::size_t end = std::min(files.size(), (share + 1) * WorkerPool::filesAShare);
-        for (std::size_t number = share * WorkerPool::filesAShare; number < end; ++number) {
+        const std::size_t end = std::min(files.size(), (share + 1) * filesAShare);
+        for (std::size_t number = share * filesAShare; number < end; ++number) {
             inspect(static_cast<std::uint32_t>(number), *files[number], seen);
         }
     });

@@ -107,11 +107,11 @@ void RangeComparison::compare(const FileGroup& group) {
         compareAll(others);
         return;
     }
-    const std::size_t shares =
-        (others.size() + WorkerPool::filesAShare - 1) / WorkerPool::filesAShare;
-    context_.pool.forEach(shares, [this, others](std::size_t share) {
-        const std::size_t from = share * WorkerPool::filesAShare;
-        compareAll(others.subspan(from, std::min(WorkerPool::filesAShare, others.size() - from)));
+    const std::size_t filesAShare = context_.pool.filesAShare();
+    const std::size_t shares = (others.size() + filesAShare - 1) / filesAShare;
+    context_.pool.forEach(shares, [this, others, filesAShare](std::size_t share) {
+        const std::size_t from = share * filesAShare;
+        compareAll(others.subspan(from, std::min(filesAShare, others.size() - from)));
     });
 }
 

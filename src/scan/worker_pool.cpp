@@ -16,19 +16,42 @@ namespace {
 
 // About the queue depth of a solid-state disk: with fewer reads in flight it is not fully used.
 constexpr unsigned maxReadsInFlight = 32;
+constexpr std::size_t filesAShareWithAWarmCache = 32;
 // Threads beyond the width that may run in place of stuck ones.
 constexpr unsigned maxStandIns = 64;
 
+// A task that waited for less is as fast as one that did not wait.
+constexpr std::chrono::milliseconds leastWait{1};
+
+/// Whether a task waited for a device or a network for most of its time, not for a CPU.
+bool hasWaited(const ThreadUse& before, const ThreadUse& after, std::chrono::nanoseconds lasted) {
+    // What the queue of the CPUs took from this thread before its last task that may have waited.
+    thread_local std::chrono::nanoseconds inQueueBefore{0};
+    if (after.deviceReads != before.deviceReads) {
+        return true;
+    }
+    const std::chrono::nanoseconds ran = after.ran - before.ran;
+    const std::chrono::nanoseconds idle = lasted - ran;
+    if (after.waits == before.waits || idle < leastWait || idle < ran) {
+        return false;
+    }
+    const std::chrono::nanoseconds inQueue = timeInQueueOfThisThread();
+    const std::chrono::nanoseconds waited =
+        idle - (inQueue - std::exchange(inQueueBefore, inQueue));
+    return waited >= leastWait && waited >= ran;
+}
+
 // The pool whose task the thread is running.
 thread_local const void* poolOfThisThread = nullptr;
+// Whether the task that the thread is running came too late to help with a forEach().
+thread_local bool cameTooLate = false;
 
 }  // namespace
 
 /// The data shared by the threads. Outlives the pool while an abandoned thread is inside a task.
 class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
  public:
-    Core(Limits limits, DeviceReads deviceReads)
-        : limits_(limits), deviceReads_(deviceReads), atOnce_(limits.cores) {}
+    Core(Limits limits, Use use) : limits_(limits), use_(use), atOnce_(limits.cores) {}
 
     void keepAlive(std::weak_ptr<void> owner) {
         const std::lock_guard lock(mutex_);
@@ -141,6 +164,7 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
     }
 
     [[nodiscard]] const Limits& limits() const { return limits_; }
+    [[nodiscard]] unsigned atOnce() const { return atOnce_; }
 
  private:
     void join(std::vector<std::thread> threads) {
@@ -207,7 +231,9 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
         ++insideTasks_;
         std::shared_ptr<void> owner = owner_.lock();
         lock.unlock();
-        const std::uint64_t before = deviceReads_();
+        cameTooLate = false;
+        const ThreadUse before = use_();
+        const auto begin = std::chrono::steady_clock::now();
         try {
             task();
             // NOLINTNEXTLINE(bugprone-empty-catch): handled elsewhere.
@@ -216,18 +242,20 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
         }
         task = nullptr;
         owner = nullptr;
-        const bool fetched = deviceReads_() != before;
+        const bool waited = hasWaited(before, use_(), std::chrono::steady_clock::now() - begin);
         lock.lock();
         --running_;
         --insideTasks_;
         if (insideTasks_ == 0 && queue_.empty()) {
             idleAgain_.notify_all();
         }
-        adjust(fetched);
+        if (!cameTooLate) {
+            adjust(waited);
+        }
     }
 
-    void adjust(bool fetchedFromDevice) {
-        if (!fetchedFromDevice) {
+    void adjust(bool waited) {
+        if (!waited) {
             atOnce_ = std::max(limits_.cores, atOnce_ - 1);
             return;
         }
@@ -238,7 +266,7 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
     }
 
     const Limits limits_;
-    const DeviceReads deviceReads_;
+    const Use use_;
     std::mutex mutex_;
     std::condition_variable wake_;
     std::condition_variable idleAgain_;
@@ -248,7 +276,7 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
     unsigned running_ = 0;              // guarded by mutex_; tasks that count towards the limit
     unsigned insideTasks_ = 0;          // guarded by mutex_; also those that wait in forEach()
     unsigned idle_ = 0;                 // guarded by mutex_
-    unsigned atOnce_ = 1;               // guarded by mutex_
+    std::atomic<unsigned> atOnce_ = 1;  // changed with mutex_ held
     unsigned stuck_ = 0;                // guarded by mutex_
     bool ending_ = false;               // guarded by mutex_
     bool abandoned_ = false;            // guarded by mutex_
@@ -296,10 +324,9 @@ class WorkerPool::Fork final {
     std::atomic<bool> outOfMemory_{false};
 };
 
-WorkerPool::WorkerPool(Limits limits, DeviceReads deviceReads)
+WorkerPool::WorkerPool(Limits limits, Use use)
     : core_(std::make_shared<Core>(
-          Limits{std::max(1U, limits.cores), std::max({1U, limits.cores, limits.width})},
-          deviceReads)) {}
+          Limits{std::max(1U, limits.cores), std::max({1U, limits.cores, limits.width})}, use)) {}
 
 WorkerPool::Limits WorkerPool::limitsOfThisMachine() {
     const unsigned cores = std::max(1U, std::thread::hardware_concurrency());
@@ -336,6 +363,10 @@ void WorkerPool::abandon() {
 
 bool WorkerPool::isAbandoned() const {
     return core_->isAbandoned();
+}
+
+std::size_t WorkerPool::filesAShare() const {
+    return std::max<std::size_t>(1, filesAShareWithAWarmCache * cores() / core_->atOnce());
 }
 
 unsigned WorkerPool::cores() const {
@@ -376,7 +407,8 @@ void WorkerPool::forEach(std::size_t count, const std::function<void(std::size_t
 void WorkerPool::help(const std::shared_ptr<Fork>& fork) {
     core_->enqueue(
         [this, fork] {
-            if (fork->takePart()) {
+            cameTooLate = !fork->takePart();
+            if (!cameTooLate) {
                 help(fork);
             }
         },

@@ -13,9 +13,10 @@ namespace tarvin {
 /// The threads that read for a scan, shared by all its tasks.
 ///
 /// While all data comes from the page cache, as many tasks run at once as there are cores. A task
-/// that had to read from a device spent its time waiting, so each such task lets one more task run,
-/// up to the pool's width, and each other task one less. So the number of reads in flight follows
-/// the device, and with a warm cache there are no superfluous threads.
+/// that had to read from a device, or that waited for most of its time (a network does not count as
+/// a device), lets one more task run, up to the pool's width, and each other task one less. So the
+/// number of calls in flight follows the device, and with a warm cache there are no superfluous
+/// threads.
 ///
 /// A task may hang in a call that does not return (a dead network mount). allowForStuck() lets
 /// others run in its place; abandon() leaves it behind.
@@ -25,9 +26,6 @@ class WorkerPool final {
  public:
     using Task = std::function<void()>;
 
-    /// Files per share when work is split: handing out fewer costs as much as reading them.
-    static constexpr std::size_t filesAShare = 32;
-
     /// How many tasks run at once: at least `cores`, at most `width`. Threads are started on
     /// demand. If the system gives fewer threads, fewer tasks run; if it gives none, tasks wait for
     /// runOneHere().
@@ -36,10 +34,10 @@ class WorkerPool final {
         unsigned width = 1;
     };
 
-    /// Returns how much the calling thread has read from devices so far.
-    using DeviceReads = std::uint64_t (*)();
+    /// Returns what the calling thread has used so far.
+    using Use = ThreadUse (*)();
 
-    explicit WorkerPool(Limits limits, DeviceReads deviceReads = deviceReadsOfThisThread);
+    explicit WorkerPool(Limits limits, Use use = useOfThisThread);
     /// The number of cores, and enough threads to keep a fast device busy.
     static Limits limitsOfThisMachine();
 
@@ -75,6 +73,10 @@ class WorkerPool final {
     /// these use must be kept alive by keepAlive().
     void abandon();
     [[nodiscard]] bool isAbandoned() const;
+
+    /// Files per share when work is split. With a warm cache 32, because handing out fewer costs as
+    /// much as reading them; fewer while tasks wait, so that more of them wait at once.
+    [[nodiscard]] std::size_t filesAShare() const;
 
     [[nodiscard]] unsigned cores() const;
     /// The maximum number of tasks at once, not counting stuck tasks and those that wait in

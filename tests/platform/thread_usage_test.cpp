@@ -25,12 +25,12 @@ TEST(ThreadUsage, DoesNotCountCachedReads) {
     const TemporaryFolder folder;
     const std::string path = folder.writeFile("warm", std::string(pageBytes, 'x'));
     readFirstPage(path);
-    const std::uint64_t before = deviceReadsOfThisThread();
+    const std::uint64_t before = useOfThisThread().deviceReads;
     for (int round = 0; round < 10; ++round) {
         readFirstPage(path);
     }
     // Under memory pressure the program's own pages may be read from disk, but not each time.
-    EXPECT_LT(deviceReadsOfThisThread() - before, 10 * pageBytes / 512);
+    EXPECT_LT(useOfThisThread().deviceReads - before, 10 * pageBytes / 512);
 }
 
 }  // namespace

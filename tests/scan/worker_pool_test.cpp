@@ -46,7 +46,7 @@ class Crowd final {
 class Device final {
  public:
     static void fetch() { ++reads; }
-    static std::uint64_t readsOfThisThread() { return reads; }
+    static ThreadUse useOfThisThread() { return {.deviceReads = reads}; }
 
  private:
     static thread_local std::uint64_t reads;
@@ -164,7 +164,7 @@ TEST(WorkerPool, RunsAsManyTasksAtOnceAsThereAreCores) {
 TEST(WorkerPool, RunsNoMoreTasksThanCoresWithAWarmCache) {
     Crowd crowd;
     {
-        WorkerPool pool({2, 16}, Device::readsOfThisThread);
+        WorkerPool pool({2, 16}, Device::useOfThisThread);
         for (int task = 0; task < 2000; ++task) {
             pool.submit([&] {
                 crowd.enter();
@@ -179,7 +179,7 @@ TEST(WorkerPool, RunsNoMoreTasksThanCoresWithAWarmCache) {
 TEST(WorkerPool, NeverRunsMoreTasksThanItsWidth) {
     Crowd crowd;
     {
-        WorkerPool pool({1, 3}, Device::readsOfThisThread);
+        WorkerPool pool({1, 3}, Device::useOfThisThread);
         for (int task = 0; task < 200; ++task) {
             pool.submit([&] {
                 crowd.enter();
@@ -190,6 +190,52 @@ TEST(WorkerPool, NeverRunsMoreTasksThanItsWidth) {
     }
     EXPECT_GE(crowd.max(), 1);
     EXPECT_LE(crowd.max(), 3);
+}
+
+/// Runs 100 tasks in the pool, which must be able to start threads until the last one.
+void runInCrowd(WorkerPool& pool, Crowd& crowd, const std::function<void()>& task) {
+    constexpr int tasks = 100;
+    std::atomic<int> ended{0};
+    for (int number = 0; number < tasks; ++number) {
+        pool.submit([&] {
+            crowd.enter();
+            task();
+            crowd.leave();
+            ++ended;
+        });
+    }
+    EXPECT_TRUE(waitUntil([&] { return ended == tasks; }));
+}
+
+TEST(WorkerPool, RunsMoreTasksWhileTheyWaitForSomethingElseThanADevice) {
+    Crowd crowd;
+    WorkerPool pool({2, 8});
+    runInCrowd(pool, crowd, [] { std::this_thread::sleep_for(5ms); });
+    EXPECT_EQ(crowd.max(), 8);
+}
+
+TEST(WorkerPool, RunsNoMoreTasksThanCoresWhileTheyOnlyCompute) {
+    Crowd crowd;
+    WorkerPool pool({2, 8});
+    runInCrowd(pool, crowd, [] {
+        const auto end = useOfThisThread().ran + 3ms;
+        while (useOfThisThread().ran < end) {
+        }
+    });
+    EXPECT_EQ(crowd.max(), 2);
+}
+
+TEST(WorkerPoolForEach, StaysWideWhenHelpersComeTooLate) {
+    Crowd crowd;
+    WorkerPool pool({2, 8});
+    for (int round = 0; round < 20; ++round) {
+        pool.forEach(8, [&](std::size_t) {
+            crowd.enter();
+            std::this_thread::sleep_for(3ms);
+            crowd.leave();
+        });
+    }
+    EXPECT_EQ(crowd.max(), 8);
 }
 
 /// Runs tasks that read from the device until the pool runs `width` at once. Returns false if it
@@ -217,12 +263,12 @@ bool widen(WorkerPool& pool) {
 }
 
 TEST(WorkerPool, RunsMoreTasksWhileTheyReadFromADevice) {
-    WorkerPool pool({1, 4}, Device::readsOfThisThread);
+    WorkerPool pool({1, 4}, Device::useOfThisThread);
     EXPECT_TRUE(widen(pool));
 }
 
 TEST(WorkerPool, RunsFewerTasksAgainWithAWarmCache) {
-    WorkerPool pool({1, 4}, Device::readsOfThisThread);
+    WorkerPool pool({1, 4}, Device::useOfThisThread);
     ASSERT_TRUE(widen(pool));
     std::atomic<int> warm{0};
     for (int task = 0; task < 50; ++task) {
@@ -244,7 +290,7 @@ TEST(WorkerPool, RunsFewerTasksAgainWithAWarmCache) {
 }
 
 TEST(WorkerPool, CanBeDestroyedWithSuperfluousIdleWorkers) {
-    auto pool = std::make_unique<WorkerPool>(WorkerPool::Limits{1, 4}, Device::readsOfThisThread);
+    auto pool = std::make_unique<WorkerPool>(WorkerPool::Limits{1, 4}, Device::useOfThisThread);
     ASSERT_TRUE(widen(*pool));
     // Shared, because the pool may outlive the test.
     struct Shared {

@@ -1,7 +1,14 @@
 #include "platform/threads.h"
 
+#include "platform/unique_fd.h"
+
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <unistd.h>
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
 
 namespace tarvin {
 
@@ -10,6 +17,10 @@ namespace {
 // Added to the nice value. Under CPU contention the thread gets about a third of the share of a
 // thread of normal priority.
 constexpr int niceIncrement = 5;
+
+std::chrono::nanoseconds timeOf(const timeval& time) {
+    return std::chrono::seconds(time.tv_sec) + std::chrono::microseconds(time.tv_usec);
+}
 
 }  // namespace
 
@@ -21,12 +32,25 @@ void lowerThreadPriority() {
         ::setpriority(PRIO_PROCESS, self, ::getpriority(PRIO_PROCESS, self) + niceIncrement));
 }
 
-std::uint64_t deviceReadsOfThisThread() {
+ThreadUse useOfThisThread() {
     rusage usage{};
     if (::getrusage(RUSAGE_THREAD, &usage) != 0) {
-        return 0;
+        return {};
     }
-    return static_cast<std::uint64_t>(usage.ru_inblock);
+    return {.deviceReads = static_cast<std::uint64_t>(usage.ru_inblock),
+            .waits = static_cast<std::uint64_t>(usage.ru_nvcsw),
+            .ran = timeOf(usage.ru_utime) + timeOf(usage.ru_stime)};
+}
+
+std::chrono::nanoseconds timeInQueueOfThisThread() {
+    // The time on a CPU and the time in the run queue, in nanoseconds, and a count.
+    const UniqueFd file(::open("/proc/thread-self/schedstat", O_RDONLY | O_CLOEXEC));
+    std::array<char, 128> text{};
+    if (!file || ::read(file.number(), text.data(), text.size() - 1) <= 0) {
+        return {};
+    }
+    const char* const space = std::strchr(text.data(), ' ');
+    return std::chrono::nanoseconds(space == nullptr ? 0 : std::strtoll(space, nullptr, 10));
 }
 
 }  // namespace tarvin
