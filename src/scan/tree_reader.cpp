@@ -23,6 +23,10 @@ constexpr std::size_t maxEntriesAhead = 16 * 1024;
 // How many queued folders a worker checks for one that it may take.
 constexpr std::size_t maxFoldersChecked = 64;
 constexpr std::size_t entriesBetweenChecks = 64;
+// Entries whose attributes are read one after the other. If that takes longer than slowShare (from
+// the cache it takes 10 microseconds), the others of the folder are read at the same time.
+constexpr std::size_t entriesAShare = 4;
+constexpr std::chrono::milliseconds slowShare{2};
 constexpr std::chrono::milliseconds poolPollInterval{20};
 constexpr std::size_t minFoldersKeptOpen = 4;
 constexpr std::size_t maxFoldersKeptOpen = 128;
@@ -455,32 +459,60 @@ std::unique_ptr<TreeReader::Block> TreeReader::wanted(const Directory& folder,
 }
 
 void TreeReader::readAttributes(const Listing& listing, const Descriptor& folder, Block& block) {
-    std::size_t untilCheck = entriesBetweenChecks;
-    for (ListedEntry& entry : block.entries) {
-        if (entry.attributesKnown) {
-            continue;
-        }
-        if (--untilCheck == 0) {
-            untilCheck = entriesBetweenChecks;
-            if (!mayGoOn()) {
-                return;
+    const std::span<ListedEntry> entries(block.entries);
+    const std::size_t done = readAttributesWhileFast(listing, folder, entries);
+    const std::span<ListedEntry> rest = entries.subspan(done);
+    const std::size_t shares = (rest.size() + entriesAShare - 1) / entriesAShare;
+    pool_.forEach(shares, [&](std::size_t share) {
+        const std::size_t from = share * entriesAShare;
+        if (mayGoOn()) {
+            for (ListedEntry& entry :
+                 rest.subspan(from, std::min(entriesAShare, rest.size() - from))) {
+                readAttributesOf(entry, listing, folder);
             }
         }
-        const IoWatch::Call call(watch_, *listing.directory);
-        const Result<FileAttributes> attributes =
-            // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): null-terminated.
-            fileSystem_.attributesAt(folder, entry.name.data());
-        if (attributes) {
-            const bool isSkipped =
-                entry.type == EntryType::unknown &&
-                interest_(*listing.directory, entry.name, attributes->type) == EntryInterest::none;
-            entry.attributes = *attributes;
-            entry.type = isSkipped ? EntryType::other : attributes->type;
-            entry.attributesKnown = true;
-        } else {
-            entry.error = attributes.error();
+    });
+}
+
+/// Reads attributes until the calls turn out to wait, as those of a network do: the rest should
+/// wait at the same time. Returns how many entries are done; all of them after a stop.
+std::size_t TreeReader::readAttributesWhileFast(const Listing& listing, const Descriptor& folder,
+                                                std::span<ListedEntry> entries) {
+    auto begin = std::chrono::steady_clock::now();
+    for (std::size_t done = 0; done < entries.size(); ++done) {
+        if (done % entriesBetweenChecks == entriesBetweenChecks - 1) {
+            if (!mayGoOn()) {
+                return entries.size();
+            }
+            begin = std::chrono::steady_clock::now();
+        } else if (done % entriesAShare == entriesAShare - 1 &&
+                   std::chrono::steady_clock::now() - begin > slowShare) {
+            return done;
         }
+        readAttributesOf(entries[done], listing, folder);
     }
+    return entries.size();
+}
+
+void TreeReader::readAttributesOf(ListedEntry& entry, const Listing& listing,
+                                  const Descriptor& folder) {
+    if (entry.attributesKnown) {
+        return;
+    }
+    const IoWatch::Call call(watch_, *listing.directory);
+    const Result<FileAttributes> attributes =
+        // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): null-terminated.
+        fileSystem_.attributesAt(folder, entry.name.data());
+    if (!attributes) {
+        entry.error = attributes.error();
+        return;
+    }
+    const bool isSkipped =
+        entry.type == EntryType::unknown &&
+        interest_(*listing.directory, entry.name, attributes->type) == EntryInterest::none;
+    entry.attributes = *attributes;
+    entry.type = isSkipped ? EntryType::other : attributes->type;
+    entry.attributesKnown = true;
 }
 
 /// On the walking thread: blocks until something has changed, or waits out a pause.

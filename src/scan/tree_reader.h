@@ -13,6 +13,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <thread>
 #include <vector>
@@ -127,6 +128,9 @@ class TreeReader final {
     [[nodiscard]] std::unique_ptr<Block> wanted(const Directory& folder,
                                                 const EntryBlock& listed) const;
     void readAttributes(const Listing& listing, const Descriptor& folder, Block& block);
+    std::size_t readAttributesWhileFast(const Listing& listing, const Descriptor& folder,
+                                        std::span<ListedEntry> entries);
+    void readAttributesOf(ListedEntry& entry, const Listing& listing, const Descriptor& folder);
     void releaseDescriptor(Listing& listing);
     void waitForChange(std::unique_lock<std::mutex>& lock);
     [[nodiscard]] bool mayGoOn();
