@@ -34,6 +34,8 @@ namespace tarvin::devices {
 namespace {
 
 constexpr const char* name = "/disk";
+// The time in which the disk fills its buffer: 36 MB at 180 MB/s.
+constexpr std::chrono::milliseconds bufferTime{200};
 
 /// The image and its clock. FUSE calls from one thread.
 class Disk final {
@@ -60,9 +62,13 @@ class Disk final {
         if (length < 0) {
             return -errno;
         }
-        const auto begin = std::max(free_, std::chrono::steady_clock::now());
-        free_ = begin + model_.transfer(static_cast<std::uint64_t>(offset),
-                                        static_cast<std::uint64_t>(length));
+        const auto now = std::chrono::steady_clock::now();
+        const std::uint64_t seeksBefore = model_.seeks();
+        const auto time = model_.transfer(static_cast<std::uint64_t>(offset),
+                                          static_cast<std::uint64_t>(length));
+        // While nobody asks, the disk reads on into its buffer.
+        const auto ahead = model_.seeks() == seeksBefore ? bufferTime : std::chrono::milliseconds(0);
+        free_ = std::max(free_, now - ahead) + time;
         ++transfers_;
         transferredBytes_ += static_cast<std::uint64_t>(length);
         if (isSlow_) {
