@@ -210,7 +210,7 @@ void runInCrowd(WorkerPool& pool, Crowd& crowd, const std::function<void()>& tas
 TEST(WorkerPool, RunsMoreTasksWhileTheyWaitForSomethingElseThanADevice) {
     Crowd crowd;
     WorkerPool pool({2, 8});
-    runInCrowd(pool, crowd, [] { std::this_thread::sleep_for(5ms); });
+    runInCrowd(pool, crowd, [] { waitLikeADevice(5ms); });
     EXPECT_EQ(crowd.max(), 8);
 }
 
@@ -231,7 +231,7 @@ TEST(WorkerPoolForEach, StaysWideWhenHelpersComeTooLate) {
     for (int round = 0; round < 20; ++round) {
         pool.forEach(8, [&](std::size_t) {
             crowd.enter();
-            std::this_thread::sleep_for(3ms);
+            waitLikeADevice(3ms);
             crowd.leave();
         });
     }

@@ -64,10 +64,11 @@ class Disk final {
         }
         const auto now = std::chrono::steady_clock::now();
         const std::uint64_t seeksBefore = model_.seeks();
-        const auto time = model_.transfer(static_cast<std::uint64_t>(offset),
-                                          static_cast<std::uint64_t>(length));
+        const auto time =
+            model_.transfer(static_cast<std::uint64_t>(offset), static_cast<std::uint64_t>(length));
         // While nobody asks, the disk reads on into its buffer.
-        const auto ahead = model_.seeks() == seeksBefore ? bufferTime : std::chrono::milliseconds(0);
+        const auto ahead =
+            model_.seeks() == seeksBefore ? bufferTime : std::chrono::milliseconds(0);
         free_ = std::max(free_, now - ahead) + time;
         ++transfers_;
         transferredBytes_ += static_cast<std::uint64_t>(length);
