@@ -288,6 +288,10 @@
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
+    <message>
+        <source>Some of the chosen items cannot be added here.</source>
+        <translation>Einige der gewählten Objekte können hier nicht hinzugefügt werden.</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileMenu</name>

@@ -288,6 +288,10 @@
         <source>Cancel</source>
         <translation>Cancelar</translation>
     </message>
+    <message>
+        <source>Some of the chosen items cannot be added here.</source>
+        <translation>Algunos de los elementos elegidos no se pueden añadir aquí.</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileMenu</name>

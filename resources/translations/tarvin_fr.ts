@@ -288,6 +288,10 @@
         <source>Cancel</source>
         <translation>Annuler</translation>
     </message>
+    <message>
+        <source>Some of the chosen items cannot be added here.</source>
+        <translation>Certains des éléments choisis ne peuvent pas être ajoutés ici.</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileMenu</name>

@@ -288,6 +288,10 @@
         <source>Cancel</source>
         <translation>キャンセル</translation>
     </message>
+    <message>
+        <source>Some of the chosen items cannot be added here.</source>
+        <translation>選んだ項目の一部はここから追加できません。</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileMenu</name>

@@ -288,6 +288,10 @@
         <source>Cancel</source>
         <translation>Cancelar</translation>
     </message>
+    <message>
+        <source>Some of the chosen items cannot be added here.</source>
+        <translation>Alguns dos itens escolhidos não podem ser adicionados aqui.</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileMenu</name>

@@ -288,6 +288,10 @@
         <source>Cancel</source>
         <translation>取消</translation>
     </message>
+    <message>
+        <source>Some of the chosen items cannot be added here.</source>
+        <translation>所选的部分项目无法在此添加。</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::FileMenu</name>

@@ -10,9 +10,7 @@
 #include "interface/window_covers.h"
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QDateTime>
-#include <QEvent>
 #include <QMenu>
 #include <array>
 #include <chrono>
@@ -87,7 +85,7 @@ void ExportTask::write(const std::string& path, ResultFormat format) {
         .path = path, .format = format, .report = exportReport(scan_, results_.list())};
     sets_ = job.report.totalSets();
     window_.covers().add();
-    QCoreApplication::instance()->installEventFilter(this);
+    keys_ = std::make_unique<KeyBlock>();
     delay_.start();
     run_ = std::make_unique<ExportRun>(std::move(job), calls_, [this] { Q_EMIT written(); });
 }
@@ -112,27 +110,14 @@ void ExportTask::cancel() {
     }
 }
 
-/// Removes the cover, the filter of the keys and the panel.
+/// Removes the cover, the panel and the block of the keys.
 void ExportTask::endWaiting() {
     delay_.stop();
-    QCoreApplication::instance()->removeEventFilter(this);
+    keys_.reset();
     if (std::exchange(isShown_, false)) {
         window_.informationWindow->hide();
     }
     window_.covers().removeFirst();
-}
-
-/// The cover stops the mouse only: no key may change a mark meanwhile.
-bool ExportTask::eventFilter(QObject* watched, QEvent* event) {
-    switch (event->type()) {
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-        case QEvent::Shortcut:
-        case QEvent::ShortcutOverride:
-            return true;
-        default:
-            return QObject::eventFilter(watched, event);
-    }
 }
 
 void ExportTask::showResult() {

@@ -3,6 +3,7 @@
 #include "controller/export_run.h"
 #include "controller/file_panels.h"
 #include "controller/information_window.h"
+#include "controller/key_block.h"
 #include "controller/results.h"
 #include "platform/clock.h"
 #include "report/result_writer.h"
@@ -41,9 +42,6 @@ class ExportTask final : public QObject {
     void open();
     [[nodiscard]] bool isWriting() const { return run_ != nullptr; }
 
-    /// Swallows keys until the panel is shown.
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
  Q_SIGNALS:
     /// Emitted on the thread that writes, received on the main thread.
     void written();
@@ -62,10 +60,11 @@ class ExportTask final : public QObject {
     Clock& clock_;
     InformationWindow& information_;
     FileCalls& calls_;
-    QTimer delay_;            // before the panel is shown
-    bool isShown_ = false;    // the panel
-    std::string path_;        // of the last file
-    std::uint64_t sets_ = 0;  // in it
+    std::unique_ptr<KeyBlock> keys_;  // until a panel is shown
+    QTimer delay_;                    // before the panel is shown
+    bool isShown_ = false;            // the panel
+    std::string path_;                // of the last file
+    std::uint64_t sets_ = 0;          // in it
     std::unique_ptr<ExportRun> run_;
     std::vector<std::unique_ptr<ExportRun>> cancelled_;  // may still wait for their drives
 };

@@ -137,6 +137,15 @@ void addHint(QFileDialog& dialog, const QString& hint) {
     }
 }
 
+QString notAdded(const OpenPanel& panel) {
+    return panel.mayBeDropped
+               ? text(QT_TRANSLATE_NOOP("tarvin::FileDialogs",
+                                        "Some of the chosen items cannot be added here. Please "
+                                        "drop them onto the list."))
+               : text(QT_TRANSLATE_NOOP("tarvin::FileDialogs",
+                                        "Some of the chosen items cannot be added here."));
+}
+
 void setUp(QFileDialog& dialog, const OpenPanel& panel) {
     if (panel.canChooseDirectories) {
         dialog.setWindowTitle(text(QT_TRANSLATE_NOOP("tarvin::FileDialogs", "Add Folders")));
@@ -144,9 +153,11 @@ void setUp(QFileDialog& dialog, const OpenPanel& panel) {
         dialog.setOption(QFileDialog::ShowDirsOnly);
         dialog.setFileMode(QFileDialog::Directory);
         allowSeveral(dialog);
-        addHint(dialog,
-                text(QT_TRANSLATE_NOOP("tarvin::FileDialogs",
-                                       "Folders not shown here can be dropped onto the list.")));
+        if (panel.mayBeDropped) {
+            addHint(dialog, text(QT_TRANSLATE_NOOP(
+                                "tarvin::FileDialogs",
+                                "Folders not shown here can be dropped onto the list.")));
+        }
         return;
     }
     dialog.setWindowTitle(text(QT_TRANSLATE_NOOP("tarvin::FileDialogs", "Add Photos")));
@@ -260,22 +271,19 @@ void FileDialogs::open(const OpenPanel& panel,
                        std::function<void(const std::vector<std::string>& paths)> chosen) {
     auto* dialog = new OpenDialog(window_, panel.allowedFileTypes);
     setUp(*dialog, panel);
-    QObject::connect(
-        dialog, &QDialog::accepted, dialog,
-        [dialog, window = window_, types = panel.allowedFileTypes, chosen = std::move(chosen)] {
-            Paths paths = chosenIn(*dialog);
-            if (std::erase_if(paths, std::not_fn(exists)) > 0) {
-                MessageBoxes(window).show(
-                    noticeOf(text(QT_TRANSLATE_NOOP("tarvin::FileDialogs",
-                                                    "Some of the chosen items cannot be added "
-                                                    "here. Please drop them onto the list."))));
-            }
-            // A native dialog may offer other types too.
-            std::erase_if(paths, [&](const std::string& path) {
-                return !types.isEmpty() && !isOfType(path, types);
-            });
-            chosen(paths);
-        });
+    QObject::connect(dialog, &QDialog::accepted, dialog,
+                     [dialog, window = window_, panel, chosen = std::move(chosen)] {
+                         Paths paths = chosenIn(*dialog);
+                         if (std::erase_if(paths, std::not_fn(exists)) > 0) {
+                             MessageBoxes(window).show(noticeOf(notAdded(panel)));
+                         }
+                         const QStringList& types = panel.allowedFileTypes;
+                         // A native dialog may offer other types too.
+                         std::erase_if(paths, [&](const std::string& path) {
+                             return !types.isEmpty() && !isOfType(path, types);
+                         });
+                         chosen(paths);
+                     });
     dialog->open();
 }
 

@@ -13,6 +13,7 @@ namespace tarvin {
 struct OpenPanel {
     bool canChooseDirectories = false;  ///< only folders; otherwise only files
     QStringList allowedFileTypes;       ///< extensions without a dot; all files if empty
+    bool mayBeDropped = true;  ///< what the panel does not offer may be dropped instead: it says so
 };
 
 /// What a save panel lets the user choose.

@@ -213,6 +213,7 @@ void MarkByRuleTask::showStates() {
 void MarkByRuleTask::addFolders(FolderList& list, RuleFolders& folders) {
     OpenPanel choose;
     choose.canChooseDirectories = true;
+    choose.mayBeDropped = false;
     panels_.open(choose, [this, &list, &folders](const std::vector<std::string>& paths) {
         for (const std::string& path : paths) {
             list.setCurrentIndex(folders.index(folders.add(path)));

@@ -67,6 +67,7 @@ void PutBackTask::open() {
     state_ = State::examining;
     window_.windowAboutPanel->hide();
     window_.covers().add();
+    keys_ = std::make_unique<KeyBlock>();
     run_ = std::make_unique<PutBackRun>(session_.platform, session_.data);
     delay_.start();
     window_.putBackWindow->putBackDate->setText({});
@@ -82,6 +83,7 @@ void PutBackTask::showSlowStep() {
 }
 
 void PutBackTask::showExamining() {
+    keys_.reset();
     const PutBackPanel& panel = *window_.putBackWindow;
     panel.putBackTotal->setText({});
     panel.putBackOutcome->setText(PutBackTexts::checking());
@@ -104,6 +106,7 @@ void PutBackTask::showListed() {
 
 void PutBackTask::showExamined() {
     delay_.stop();
+    keys_.reset();
     run_->wait();
     if (state_ == State::cancelled) {
         endRun();

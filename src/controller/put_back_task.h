@@ -2,6 +2,7 @@
 
 #include "controller/file_reasons.h"
 #include "controller/information_window.h"
+#include "controller/key_block.h"
 #include "controller/put_back_list.h"
 #include "controller/session.h"
 
@@ -71,7 +72,8 @@ class PutBackTask final : public QObject {
     InformationWindow& information_;
     PutBackList files_;
     FileReasons failures_;
-    QTimer delay_;  // before a panel is shown for a step that takes long
+    std::unique_ptr<KeyBlock> keys_;  // until a panel takes the keyboard
+    QTimer delay_;                    // before a panel is shown for a step that takes long
     QTimer redraw_;
     State state_ = State::idle;
     std::unique_ptr<PutBackRun> run_;

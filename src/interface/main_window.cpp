@@ -216,11 +216,6 @@ void MainWindow::makeMoreMenu() {
 #endif
     exportResultsItem->setVisible(false);
     resultItemsEnd->setVisible(false);
-    shortcuts_->add({Qt::CTRL | Qt::Key_E}, [this] {
-        if (buttonMore->isEnabled() && exportResultsItem->isVisible()) {
-            exportResultsItem->trigger();
-        }
-    });
     const auto addShortcut = [this](const QKeySequence& keys, QAction* item) {
         shortcuts_->add({keys}, [this, item] {
             if (buttonMore->isEnabled()) {
@@ -231,12 +226,18 @@ void MainWindow::makeMoreMenu() {
     addShortcut(Qt::CTRL | Qt::Key_Z, putBackItem);
     addShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_E, manageExceptionsItem);
     markByRuleItem->setVisible(false);
-    shortcuts_->add({Qt::CTRL | Qt::Key_R}, [this] {
-        if (buttonMore->isEnabled() && markByRuleItem->isVisible()) {
-            markByRuleItem->setEnabled(true);  // its owner knows whether there is anything to mark
-            markByRuleItem->trigger();
-        }
-    });
+    const auto addResultShortcut = [this](const QKeySequence& keys, QAction* item) {
+        shortcuts_->add({keys}, [this, item] {
+            if (buttonMore->isEnabled() && item->isVisible()) {
+                // It may still be disabled since the menu was opened without a result. Its owner
+                // knows whether there is anything to do.
+                item->setEnabled(true);
+                item->trigger();
+            }
+        });
+    };
+    addResultShortcut(Qt::CTRL | Qt::Key_R, markByRuleItem);
+    addResultShortcut(Qt::CTRL | Qt::Key_E, exportResultsItem);
     buttonHelpManual->installEventFilter(this);
 }
 

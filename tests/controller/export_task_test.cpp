@@ -108,6 +108,22 @@ TEST_F(ExportTest, AFailureIsShownAndLeavesNoFile) {
     EXPECT_FALSE(std::filesystem::exists(folder.pathOf("none")));
 }
 
+TEST_F(ExportTest, ItsKeyActsAfterTheMenuWasOpenedWithoutAResult) {
+    writeThreeSets();
+    scanAndReview();
+    click("buttonHomePage");
+    Q_EMIT window().moreMenu->aboutToShow();
+    EXPECT_FALSE(window().exportResultsItem->isEnabled());
+    delegate->locations().openWith({folder.pathOf("found")});
+    click("findDuplicateExact");
+    ASSERT_TRUE(comesTo("4"));
+    click("scanInforOKBtn");
+    const std::string target = folder.pathOf("sets.csv");
+    panels.target = target;
+    QTest::keyClick(window().windowHandle(), Qt::Key_E, Qt::ControlModifier);
+    EXPECT_TRUE(comesTrue([&] { return std::filesystem::exists(target); }));
+}
+
 TEST_F(ExportTest, AFolderAsTargetIsRefused) {
     writeThreeSets();
     scanAndReview();

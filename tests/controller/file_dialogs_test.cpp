@@ -219,6 +219,17 @@ TEST_F(FileDialogsTest, SayThatOtherNamesCanBeDropped) {
               QStringLiteral("Photos not shown here can be dropped onto the list."));
 }
 
+TEST_F(FileDialogsTest, SayNothingAboutDroppingWhereNothingMayBeDropped) {
+    const OpenPanel panel{
+        .canChooseDirectories = true, .allowedFileTypes = {}, .mayBeDropped = false};
+    QFileDialog* dialog = open(panel);
+    EXPECT_EQ(hintOf(*dialog), QString());
+    dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+        ->setText(QStringLiteral("caf\uFFFD"));
+    Q_EMIT dialog->accepted();
+    EXPECT_EQ(answerBox(window), QStringLiteral("Some of the chosen items cannot be added here."));
+}
+
 /// A native dialog may return such a URL.
 TEST_F(FileDialogsTest, SayThatWhatCannotBeNamedCanBeDropped) {
     QFileDialog* dialog = open(photos);

@@ -119,6 +119,7 @@ TEST_F(MarkByRule, ThePreferredAndProtectedFoldersCount) {
     EXPECT_FALSE(panel().ruleMark->isEnabled());
     add("preferredAdd", "old");
     EXPECT_TRUE(panels.opened.back().canChooseDirectories);
+    EXPECT_FALSE(panels.opened.back().mayBeDropped);
     ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets.")) << outcome();
     add("protectedAdd", "new/very");
     ASSERT_TRUE(shows("3 files (0.02 KB) will be marked in 3 sets.")) << outcome();

@@ -1,4 +1,5 @@
 #include "controller/put_back_fixture.h"
+#include "interface/exception_list_panel.h"
 #include "interface/home_screen.h"
 #include "store/clean_up_journal.h"
 #include "support/file_size_limit.h"
@@ -163,6 +164,19 @@ TEST_F(PutBackTest, SaysThatTheTrashHasBeenEmptied) {
     std::filesystem::remove_all(folder.pathOf("data/Trash/info"));
     ASSERT_TRUE(opens());
     EXPECT_EQ(information()[2], "Its files are no longer in the Trash.");
+}
+
+TEST_F(PutBackTest, KeysDoNothingUntilThePanelIsShown) {
+    cleanUp();
+    holdExamination();
+    QTest::keyClick(window().windowHandle(), Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_TRUE(comesTrue([this] { return barrier.isReached(); }));
+    ASSERT_FALSE(question().isVisible());
+    QTest::keyClick(window().windowHandle(), Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(window().exceptionListWindow->isVisible());
+    barrier.open();
+    ASSERT_TRUE(comesTrue([this] { return !textOf("putBackTotal").empty(); }));
+    EXPECT_FALSE(window().exceptionListWindow->isVisible());
 }
 
 TEST_F(PutBackTest, OfNothingOnAnotherScreenStaysThere) {
