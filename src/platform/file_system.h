@@ -159,6 +159,14 @@ class FileSystem {
     /// `posix_fadvise` hint: no read-ahead for this open file. Cannot fail.
     virtual void disableReadAhead(const Descriptor& file) = 0;
 
+    /// Where the file begins on its device, in bytes, for reading several files in the order in
+    /// which they lie; nullopt if the file system does not tell, or the file has no place of its
+    /// own there (it is empty, inside its inode, or not written yet).
+    virtual std::optional<std::uint64_t> placeOnDevice(const Descriptor& file) = 0;
+    /// `posix_fadvise` hint: begin to read the first `bytes` of the file into the page cache. Waits
+    /// only while the queue of the device is full. Cannot fail.
+    virtual void readAhead(const Descriptor& file, std::uint64_t bytes) = 0;
+
     /// Whether the device is a pseudo file system (procfs, sysfs and the like).
     virtual bool isPseudoFileSystem(std::uint64_t device) = 0;
     /// Whether the device is a rotational disk, on which two readers are slower than one. This and

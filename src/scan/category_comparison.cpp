@@ -2,6 +2,8 @@
 
 #include "scan/duplicate_finder.h"
 
+#include <algorithm>
+#include <iterator>
 #include <new>
 #include <utility>
 
@@ -102,7 +104,7 @@ std::shared_ptr<Modal> CategoryComparison::compare() {
 
 bool CategoryComparison::isLeft() {
     const std::lock_guard lock(mutex_);
-    return batchesLeft_ == 0;
+    return tasksLeft_ == 0;
 }
 
 bool CategoryComparison::waitForBatches(std::chrono::milliseconds patience) {
@@ -110,7 +112,7 @@ bool CategoryComparison::waitForBatches(std::chrono::milliseconds patience) {
     while (context_.pool.runOneHere()) {
     }
     std::unique_lock lock(mutex_);
-    return changed_.wait_until(lock, deadline, [this] { return batchesLeft_ == 0; });
+    return changed_.wait_until(lock, deadline, [this] { return tasksLeft_ == 0; });
 }
 
 std::vector<File*> CategoryComparison::rest() const {
@@ -132,7 +134,7 @@ void CategoryComparison::addBytesToCompare() const {
     context_.bytes.addList(bytes);
 }
 
-void CategoryComparison::submitAll() {
+void CategoryComparison::makeBatches() {
     const std::size_t filesABatch = context_.pool.filesAShare();
     std::size_t files = 0;
     std::uint64_t bytes = 0;
@@ -142,7 +144,6 @@ void CategoryComparison::submitAll() {
         const std::size_t members = classes_.memberCount(number);
         const bool alone = !isReadWhole(number);
         if (batches_.empty() || alone || files >= filesABatch || bytes >= bytesABatch) {
-            submitLast();
             batches_.push_back(std::make_unique<Batch>());
             batches_.back()->firstClass = number;
             files = 0;
@@ -154,37 +155,106 @@ void CategoryComparison::submitAll() {
         files += alone ? filesABatch : members;
         bytes += size * members;
     }
-    submitLast();
 }
 
-void CategoryComparison::submitLast() {
-    if (batches_.empty()) {
-        return;
+void CategoryComparison::submitAll() {
+    makeBatches();
+    if (isOnRotationalDisk()) {
+        submit([this] { sweepFrom(0, 0); });
+    } else {
+        submitBatches(0, batches_.size());
     }
-    changeBatchesLeft(1);
+}
+
+void CategoryComparison::submitBatches(std::size_t first, std::size_t end) {
+    for (std::size_t number = first; number < end; ++number) {
+        submit([this, batch = batches_[number].get()] { run(*batch); });
+    }
+}
+
+/// Whether the first file of a class is on a rotational disk. Looks at each folder once, as long as
+/// its files follow each other.
+bool CategoryComparison::isOnRotationalDisk() const {
+    const Directory* last = nullptr;
+    for (std::size_t number = 0; number < classes_.count(); ++number) {
+        const Directory* const folder = list_[classes_.firstOf(number)]->directory();
+        if (folder != last && context_.readAhead.isUsefulIn(*folder)) {
+            return true;
+        }
+        last = folder;
+    }
+    return false;
+}
+
+/// Reads the files of the next batches ahead, and then submits them. The task for those after them
+/// is queued first, so that the disk is busy while these are compared.
+void CategoryComparison::sweepFrom(std::size_t first, std::size_t number) {
+    const std::size_t last = std::size(ReadAhead::sweeps) - 1;
+    const std::size_t end = endOfSweep(first, ReadAhead::sweeps[std::min(number, last)]);
+    context_.readAhead.sweep(filesOfBatches(first, end));
+    if (end < batches_.size()) {
+        submit([this, end, number] { sweepFrom(end, number + 1); });
+    }
+    submitBatches(first, end);
+}
+
+std::size_t CategoryComparison::endOfSweep(std::size_t first, std::uint64_t mostBytes) const {
+    std::uint64_t bytes = 0;
+    std::size_t end = first;
+    while (end < batches_.size() && (end == first || bytes < mostBytes)) {
+        for (std::size_t number = batches_[end]->firstClass; number < batches_[end]->endClass;
+             ++number) {
+            bytes += std::min(list_[classes_.firstOf(number)]->fileSize(), ReadAhead::bytesAFile) *
+                     classes_.memberCount(number);
+        }
+        ++end;
+    }
+    return end;
+}
+
+std::vector<File*> CategoryComparison::filesOfBatches(std::size_t first, std::size_t end) const {
+    std::vector<File*> files;
+    Members members;
+    for (std::size_t number = batches_[first]->firstClass; number < batches_[end - 1]->endClass;
+         ++number) {
+        find(number, members);
+        files.insert(files.end(), members.files.begin(), members.files.end());
+    }
+    return files;
+}
+
+/// If memory runs out, the task is not queued.
+void CategoryComparison::submit(std::function<void()> task) {
+    {
+        const std::lock_guard lock(mutex_);
+        ++tasksLeft_;
+    }
     try {
-        context_.pool.submit([this, batch = batches_.back().get()] { run(*batch); });
+        context_.pool.submit([this, task = std::move(task)] {
+            try {
+                task();
+            } catch (const std::bad_alloc&) {
+                context_.control.stopForLackOfMemory();
+            }
+            taskEnded();
+        });
     } catch (const std::bad_alloc&) {
-        changeBatchesLeft(-1);
+        taskEnded();
         throw;
     }
 }
 
-void CategoryComparison::changeBatchesLeft(int by) {
+/// Once the lock is released this object may be destroyed.
+void CategoryComparison::taskEnded() {
     const std::lock_guard lock(mutex_);
-    batchesLeft_ += by;
+    --tasksLeft_;
+    changed_.notify_all();
 }
 
 void CategoryComparison::run(Batch& batch) {
-    try {
-        compareAll(batch);
-    } catch (const std::bad_alloc&) {
-        context_.control.stopForLackOfMemory();
-    }
-    // Once the lock is released this object may be destroyed.
+    compareAll(batch);
     const std::lock_guard lock(mutex_);
     batch.done = true;
-    --batchesLeft_;
     changed_.notify_all();
 }
 

@@ -5,6 +5,7 @@
 #include "scan/compared_bytes.h"
 #include "scan/content_partition.h"
 #include "scan/progress_gate.h"
+#include "scan/read_ahead.h"
 #include "scan/scan_control.h"
 #include "scan/scan_observer.h"
 #include "scan/size_classes.h"
@@ -15,6 +16,7 @@
 #include <condition_variable>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -54,6 +56,7 @@ class CategoryComparison final {
         ContentPartition& partition;
         ComparisonProgress& progress;
         ComparedBytes& bytes;
+        ReadAhead& readAhead;
     };
 
     /// `store` owns the files of `list`. The references must outlive the comparison and the tasks
@@ -88,9 +91,15 @@ class CategoryComparison final {
     };
 
     void addBytesToCompare() const;
+    void makeBatches();
     void submitAll();
-    void submitLast();
-    void changeBatchesLeft(int by);
+    void submitBatches(std::size_t first, std::size_t end);
+    void sweepFrom(std::size_t first, std::size_t number);
+    [[nodiscard]] bool isOnRotationalDisk() const;
+    [[nodiscard]] std::size_t endOfSweep(std::size_t first, std::uint64_t mostBytes) const;
+    [[nodiscard]] std::vector<File*> filesOfBatches(std::size_t first, std::size_t end) const;
+    void submit(std::function<void()> task);
+    void taskEnded();
     void run(Batch& batch);
     void compareAll(const Batch& batch);
     [[nodiscard]] bool compareWhole(std::size_t number, Members& members,
@@ -124,8 +133,8 @@ class CategoryComparison final {
     std::atomic<bool> isWaiting_{false};      // the walk waits for a class
     std::mutex mutex_;
     std::condition_variable changed_;
-    std::ptrdiff_t batchesLeft_ = 0;  // guarded by mutex_; not done yet
-    bool closed_ = false;             // guarded by mutex_; no more groups are kept
+    std::ptrdiff_t tasksLeft_ = 0;  // guarded by mutex_; not done yet
+    bool closed_ = false;           // guarded by mutex_; no more groups are kept
 };
 
 }  // namespace tarvin

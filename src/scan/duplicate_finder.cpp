@@ -26,7 +26,8 @@ DuplicateFinder::DuplicateFinder(const ScanServices& services, ScanObserver& obs
       bytes_(bytes),
       reader_(services),
       buffers_(bufferSlabs),
-      partition_(reader_, buffers_, pool_) {}
+      partition_(reader_, buffers_, pool_),
+      readAhead_(services) {}
 
 DuplicateFinder::~DuplicateFinder() {
     // No call is running, so the list does not change.
@@ -39,7 +40,7 @@ DuplicateFinder::~DuplicateFinder() {
 
 std::shared_ptr<Modal> DuplicateFinder::findDuplicates(std::vector<File*>& list, FileStore& store) {
     CategoryComparison& comparison = keep(std::make_unique<CategoryComparison>(
-        CategoryComparison::Context{pool_, control_, partition_, progress_, bytes_},
+        CategoryComparison::Context{pool_, control_, partition_, progress_, bytes_, readAhead_},
         std::exchange(list, {}), store));
     std::shared_ptr<Modal> modal = comparison.compare();
     list = comparison.rest();

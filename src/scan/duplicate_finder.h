@@ -8,6 +8,7 @@
 #include "scan/compared_bytes.h"
 #include "scan/content_partition.h"
 #include "scan/progress_gate.h"
+#include "scan/read_ahead.h"
 #include "scan/scan_observer.h"
 #include "scan/scan_services.h"
 
@@ -68,6 +69,7 @@ class DuplicateFinder final {
     CandidateReader reader_;
     BufferPool buffers_;
     ContentPartition partition_;
+    ReadAhead readAhead_;
     std::mutex mutex_;
     // Those that run, and those that workers have not left yet. Guarded by mutex_.
     std::vector<std::unique_ptr<CategoryComparison>> comparisons_;

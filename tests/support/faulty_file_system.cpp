@@ -96,6 +96,16 @@ void FaultyFileSystem::setIdentity(const std::string& path, FileIdentity identit
     identities_[path] = identity;
 }
 
+void FaultyFileSystem::setPlace(const std::string& path, std::uint64_t place) {
+    const std::lock_guard lock(mutex_);
+    places_[path] = place;
+}
+
+std::vector<std::string> FaultyFileSystem::readAheadFiles() const {
+    const std::lock_guard lock(mutex_);
+    return readAhead_;
+}
+
 void FaultyFileSystem::setMountedFolders(std::vector<MountedFolder> folders) {
     const std::lock_guard lock(mutex_);
     mountedFolders_ = std::move(folders);
@@ -306,6 +316,27 @@ void FaultyFileSystem::disableReadAhead(const Descriptor& file) {
     const std::shared_ptr<Open> open = find(file);
     enter(FileCall::disableReadAhead, open->path);
     real_.disableReadAhead(open->real);
+}
+
+std::optional<std::uint64_t> FaultyFileSystem::placeOnDevice(const Descriptor& file) {
+    const std::shared_ptr<Open> open = find(file);
+    {
+        const std::lock_guard lock(mutex_);
+        const auto told = places_.find(open->path);
+        if (told != places_.end()) {
+            return told->second;
+        }
+    }
+    return real_.placeOnDevice(open->real);
+}
+
+void FaultyFileSystem::readAhead(const Descriptor& file, std::uint64_t bytes) {
+    const std::shared_ptr<Open> open = find(file);
+    {
+        const std::lock_guard lock(mutex_);
+        readAhead_.push_back(open->path);
+    }
+    real_.readAhead(open->real, bytes);
 }
 
 bool FaultyFileSystem::isPseudoFileSystem(std::uint64_t device) {

@@ -87,6 +87,8 @@ class FaultyFileSystem final : public FileSystem {
     void setCreated(const std::string& path, Timestamp created);
     /// Reports that identity for the entry with exactly this path.
     void setIdentity(const std::string& path, FileIdentity identity);
+    /// Reports that the file with exactly this path begins there on its device.
+    void setPlace(const std::string& path, std::uint64_t place);
     void setMountedFolders(std::vector<MountedFolder> folders);
     /// Sets the order of entries for folders that are opened from now on.
     void setListingOrder(ListingOrder order, std::uint64_t seed = 0);
@@ -103,6 +105,8 @@ class FaultyFileSystem final : public FileSystem {
     [[nodiscard]] std::uint64_t opens(const std::string& path) const;
     /// All paths passed to openFile(), sorted, without repetitions.
     [[nodiscard]] std::vector<std::string> openedFiles() const;
+    /// The paths of the files that were read ahead, in the order of the calls.
+    [[nodiscard]] std::vector<std::string> readAheadFiles() const;
     /// Bytes returned by readAt() and readCachedAt() of the file opened by this path.
     [[nodiscard]] std::uint64_t bytesRead(const std::string& path) const;
     /// Bytes returned by readAt() and readCachedAt() of all files.
@@ -131,6 +135,9 @@ class FaultyFileSystem final : public FileSystem {
     Result<std::size_t> readCachedAt(const Descriptor& file, std::uint64_t offset,
                                      std::span<std::byte> into) override;
     void disableReadAhead(const Descriptor& file) override;
+    /// That of setPlace(), or the real one.
+    std::optional<std::uint64_t> placeOnDevice(const Descriptor& file) override;
+    void readAhead(const Descriptor& file, std::uint64_t bytes) override;
     bool isPseudoFileSystem(std::uint64_t device) override;
     bool isRotational(std::uint64_t device) override;
     /// Those of setMountedFolders(), or the real ones.
@@ -211,6 +218,8 @@ class FaultyFileSystem final : public FileSystem {
     std::unordered_set<std::string> immutable_;
     std::unordered_map<std::string, Timestamp> created_;
     std::unordered_map<std::string, FileIdentity> identities_;
+    std::unordered_map<std::string, std::uint64_t> places_;
+    std::vector<std::string> readAhead_;
     std::unordered_map<std::string, std::uint64_t> invented_;  // by folder
     ListingOrder order_ = ListingOrder::asListed;
     std::uint64_t seed_ = 0;
