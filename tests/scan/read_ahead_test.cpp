@@ -128,7 +128,8 @@ TEST(ComparisonOnARotationalDisk, ReadsAheadInTheOrderOfTheDiskAndFindsAllSets) 
         byPlace[place] = file->filePath();
     }
     const std::shared_ptr<Modal> modal = fixture.find();
-    EXPECT_EQ(modal->totalSets(), static_cast<std::size_t>(pairs));
+    ASSERT_EQ(modal->extensions().size(), 1U);
+    EXPECT_EQ(modal->extensions().front()->sets().size(), static_cast<std::size_t>(pairs));
     Paths expected;
     for (const auto& [place, path] : byPlace) {
         expected.push_back(path);

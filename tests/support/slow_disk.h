@@ -1,0 +1,79 @@
+#pragma once
+
+#include "support/skip.h"
+#include "support/temporary_folder.h"
+#include "support/waiting.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+
+namespace tarvin {
+
+/// An ext4 volume of 64 MiB on a simulated disk with one arm, which says that it rotates. It counts
+/// seeks, but does not wait for them. Unmounted on destruction. Where mounting is refused, the
+/// object is false, and the test is reported as skipped.
+class SlowDisk final {
+ public:
+    struct Statistics {
+        std::uint64_t transfers = 0;
+        std::uint64_t seeks = 0;
+        std::uint64_t bytes = 0;
+    };
+
+    /// `fill` writes the files below the folder that it is given.
+    explicit SlowDisk(const std::function<void(const std::string& folder)>& fill) {
+        mounted_ =
+            run("truncate -s 64M image && mkfs.ext4 -q -m 0 image && mkdir volume served && "
+                "mount -o loop image volume");
+        if (mounted_) {
+            fill(path());
+            mounted_ = run("umount volume") && serve();
+        }
+        if (!mounted_) {
+            skipTest("the disk could not be simulated (the message is above)");
+        }
+    }
+    SlowDisk(const SlowDisk&) = delete;
+    SlowDisk& operator=(const SlowDisk&) = delete;
+    ~SlowDisk() { end(); }
+
+    explicit operator bool() const { return mounted_; }
+    [[nodiscard]] std::string path() const { return place_.pathOf("volume"); }
+
+    /// Unmounts the volume. Returns what was counted since it was mounted.
+    Statistics end() {
+        Statistics statistics;
+        if (mounted_) {
+            mounted_ = false;
+            run("umount volume; losetup -d $(cat device); umount -l served");
+            waitUntil([this] { return std::filesystem::exists(place_.pathOf("figures")); });
+            std::ifstream(place_.pathOf("figures")) >> statistics.transfers >> statistics.seeks >>
+                statistics.bytes;
+        }
+        return statistics;
+    }
+
+ private:
+    /// Nothing of the volume is in the page cache afterwards: the device is a new one.
+    [[nodiscard]] bool serve() const {
+        return run(std::string(TARVIN_SIMULATED_DISK) +
+                   " image served --fast --statistics figures && "
+                   "losetup --find --show served/disk > device && "
+                   "echo 1 > /sys/block/$(basename $(cat device))/queue/rotational && "
+                   "mount $(cat device) volume");
+    }
+
+    bool run(const std::string& command) const {  // NOLINT(modernize-use-nodiscard)
+        const std::string inPlace = "cd '" + place_.path() + "' && " + command;
+        return std::system(inPlace.c_str()) == 0;  // NOLINT(concurrency-mt-unsafe)
+    }
+
+    const TemporaryFolder place_;
+    bool mounted_ = false;
+};
+
+}  // namespace tarvin
