@@ -1,6 +1,6 @@
 #include "cli/program_run.h"
-#include "support/file_tree.h"
 #include "support/slow_network.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ constexpr int files = folders * filesAFolder;
 
 /// Each third file of every second folder is equal to one in the next folder. Many sizes, each of a
 /// few files, as in a collection of photos.
-void fill(const FileTree& tree) {
+void fill(const TemporaryFolder& tree) {
     for (int folder = 0; folder < folders; ++folder) {
         for (int file = 0; file < filesAFolder; ++file) {
             const bool isCopy = file % 3 == 0;
@@ -42,7 +42,7 @@ std::string replaced(std::string text, const std::string& from, const std::strin
 }
 
 TEST(SlowNetwork, ScansFindTheSetsOfAFastFolder) {
-    const FileTree tree;
+    const TemporaryFolder tree;
     fill(tree);
     const std::string expected = scanned(tree.path());
     SlowNetwork network(tree.path(), 1);
@@ -56,7 +56,7 @@ TEST(SlowNetwork, ScansFindTheSetsOfAFastFolder) {
 
 // One call after the other would take longer than a minute, after which the program is killed.
 TEST(SlowNetwork, ManyCallsAreUnderWayAtOnce) {
-    const FileTree tree;
+    const TemporaryFolder tree;
     fill(tree);
     SlowNetwork network(tree.path(), 20);
     if (!network) {
