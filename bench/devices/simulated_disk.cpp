@@ -95,7 +95,7 @@ bool isDisk(const char* path) {
     return std::strcmp(path, name) == 0;
 }
 
-int attributes(const char* path, struct stat* result, fuse_file_info*) {
+int attributesInFolder(const char* path, struct stat* result, fuse_file_info*) {
     *result = {};
     if (isDisk(path)) {
         result->st_mode = S_IFREG | 0600;
@@ -108,8 +108,8 @@ int attributes(const char* path, struct stat* result, fuse_file_info*) {
     return std::strcmp(path, "/") == 0 ? 0 : -ENOENT;
 }
 
-int list(const char*, void* buffer, fuse_fill_dir_t add, off_t, fuse_file_info*,
-         fuse_readdir_flags) {
+int listFolder(const char*, void* buffer, fuse_fill_dir_t add, off_t, fuse_file_info*,
+               fuse_readdir_flags) {
     add(buffer, name + 1, nullptr, 0, fuse_fill_dir_flags{});
     return 0;
 }
@@ -132,7 +132,7 @@ int flushDisk(const char*, int, fuse_file_info*) {
 }
 
 /// Keeps the context: without this, FUSE replaces it by a null pointer.
-void* start(fuse_conn_info*, fuse_config*) {
+void* startDisk(fuse_conn_info*, fuse_config*) {
     return ::fuse_get_context()->private_data;
 }
 
@@ -146,13 +146,13 @@ int serve(const std::string& image, const std::string& folder, const std::string
     }
     Disk served(file, static_cast<std::uint64_t>(attributesOfImage.st_size), isSlow);
     fuse_operations operations{};
-    operations.getattr = attributes;
-    operations.readdir = list;
+    operations.getattr = attributesInFolder;
+    operations.readdir = listFolder;
     operations.open = openDisk;
     operations.read = readDisk;
     operations.write = writeDisk;
     operations.fsync = flushDisk;
-    operations.init = start;
+    operations.init = startDisk;
     std::string program = "simulated_disk";
     std::string oneThread = "-s";
     std::string place = folder;

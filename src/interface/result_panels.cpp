@@ -177,7 +177,7 @@ void InformationPanel::placeNotReadShow() const {
         {{linesLeft, answer.top() + (answer.height() - size.height()) / 2}, size});
 }
 
-void InformationPanel::setNotRead(const QString& notice) {
+void InformationPanel::setNotRead(const QString& notice) const {
     notReadShow->setAccessibleName(notice.isEmpty() ? notReadShow->text()
                                                     : notice + u' ' + notReadShow->text());
     notReadShow->setVisible(!notice.isEmpty());

@@ -66,7 +66,7 @@ class InformationPanel final : public DialogPanel {
     void setKeptLine(const QString& text);
     /// Shows `notReadShow`, which tells `notice` to assistive technology; hides it if that is
     /// empty.
-    void setNotRead(const QString& notice);
+    void setNotRead(const QString& notice) const;
 
  protected:
     bool event(QEvent* event) override;
