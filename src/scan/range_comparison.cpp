@@ -225,9 +225,13 @@ void RangeComparison::stay(std::uint32_t file) {
 /// Files that differ from all others may do so because they were being changed. Those that are not
 /// kept open have been checked when they were read.
 void RangeComparison::logIfChanged(std::span<const std::uint32_t> files) {
+    if (context_.candidates.open.empty()) {
+        return;
+    }
     for (const std::uint32_t file : files) {
-        if (!context_.candidates.open.empty() && context_.candidates.open[file]) {
-            context_.reader.isUnchanged(*context_.candidates.open[file]);
+        const std::optional<OpenCandidate>& candidate = context_.candidates.open[file];
+        if (candidate) {
+            context_.reader.isUnchanged(*candidate);
         }
     }
 }
