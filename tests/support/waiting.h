@@ -9,7 +9,6 @@
 #include <fstream>
 #include <mutex>
 #include <string>
-#include <thread>
 
 namespace tarvin {
 
@@ -62,12 +61,6 @@ inline bool isAsleep(pid_t thread) {
     std::getline(file, text);
     const std::size_t end = text.rfind(')');
     return end != std::string::npos && text.substr(end).starts_with(") S");
-}
-
-/// Takes as long as a call of a slow device, without using a CPU. A part of what is tested, not a
-/// way to wait for something.
-inline void waitLikeADevice(std::chrono::milliseconds time) {
-    std::this_thread::sleep_for(time);
 }
 
 }  // namespace tarvin
