@@ -172,16 +172,18 @@ void CategoryComparison::submitBatches(std::size_t first, std::size_t end) {
     }
 }
 
-/// Whether the first file of a class is on a rotational disk. Looks at each folder once, as long as
-/// its files follow each other.
+/// Whether the first file of a class is on a rotational disk. Asks once for each run of files of
+/// one device: there may be a million classes.
 bool CategoryComparison::isOnRotationalDisk() const {
-    const Directory* last = nullptr;
+    std::optional<std::uint64_t> last;
     for (std::size_t number = 0; number < classes_.count(); ++number) {
-        const Directory* const folder = list_[classes_.firstOf(number)]->directory();
-        if (folder != last && context_.readAhead.isUsefulIn(*folder)) {
+        const Directory& folder = *list_[classes_.firstOf(number)]->directory();
+        if (last != folder.identity.device && context_.readAhead.isUsefulIn(folder)) {
             return true;
         }
-        last = folder;
+        if (folder.identity.inode != 0) {
+            last = folder.identity.device;
+        }
     }
     return false;
 }
