@@ -23,7 +23,6 @@
 #include <cstddef>
 #include <cstring>
 #include <limits>
-#include <new>
 #include <utility>
 
 namespace tarvin {
@@ -238,9 +237,9 @@ class LinuxFileSystem final : public FileSystem {
     }
 
     std::optional<std::uint64_t> placeOnDevice(const Descriptor& file) override {
-        // A request for one extent, which follows it. See fiemap.rst of the kernel's documentation.
+        // Zeroed, with room for one extent behind it. See fiemap.rst of the kernel's documentation.
         alignas(fiemap) std::array<std::byte, sizeof(fiemap) + sizeof(fiemap_extent)> request{};
-        auto* const map = new (request.data()) fiemap{};
+        auto* const map = static_cast<fiemap*>(static_cast<void*>(request.data()));
         map->fm_length = FIEMAP_MAX_OFFSET;
         map->fm_extent_count = 1;
         if (::ioctl(file.number(), FS_IOC_FIEMAP, request.data()) != 0 ||
