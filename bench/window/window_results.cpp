@@ -60,6 +60,7 @@ constexpr double tabGoal = 150;
 constexpr double frameGoal = 1000.0 / 60;
 constexpr double stallGoal = 50;
 constexpr double searchGoal = 50;
+constexpr double removalGoal = 50;
 constexpr double noGoal = 0;
 constexpr double bytesGoal = 64;  // a row
 
@@ -161,7 +162,7 @@ class ResultScenario final {
         }
         // Last, because it removes the files.
         platform_.setTrashFree(false);
-        return open() && remove("deletion, the real Trash") && goHome() && searchExceptions();
+        return open() && remove("deletion, the real Trash") && goHome() && useExceptions();
     }
 
     [[nodiscard]] bool report() const {
@@ -337,8 +338,8 @@ class ResultScenario final {
         return true;
     }
 
-    /// Types words into the search of a large exceptions list.
-    bool searchExceptions() {
+    /// Types words into the search of a large exceptions list, and takes files off it.
+    bool useExceptions() {
         std::vector<std::string> paths;
         paths.reserve(exceptions);
         for (std::size_t number = 0; number < exceptions; ++number) {
@@ -363,6 +364,18 @@ class ResultScenario final {
             }
             came = came && measure("the search of exceptions is cleared", searchGoal, answer,
                                    [&] { panel.exceptionSearch->clear(); });
+            rest(aMoment);
+        }
+        for (int turn = 0; turn < times; ++turn) {
+            product_.act([&] { panel.exceptionTable->selectRow(turn); });
+            rest(aMoment);
+            came = came && measure("an exception is removed", removalGoal, answer,
+                                   [&] { panel.exceptionRemove->click(); });
+            // Until memory has changed, too, which is a stall of this step.
+            const std::size_t left = exceptions - static_cast<std::size_t>(turn) - 1;
+            came = came && Product::until([&] {
+                       return product_.delegate().session().exceptionArrayData().size() == left;
+                   });
             rest(aMoment);
         }
         product_.click(panel.exceptionClose);

@@ -4,6 +4,8 @@
 #include "controller/own_reasons.h"
 #include "controller/result_texts.h"
 #include "controls/hover_button.h"
+#include "controls/menu_button.h"
+#include "controls/view_transparent.h"
 #include "interface/about_panel.h"
 #include "interface/exception_list_panel.h"
 #include "interface/list_table.h"
@@ -29,6 +31,9 @@ namespace {
 
 constexpr int newsMilliseconds = 33;
 
+/// How long the panel stays for a file that is not written yet.
+constexpr int closingMilliseconds = 2000;
+
 }  // namespace
 
 ExceptionListTask::ExceptionListTask(Session& session, MainWindow& window,
@@ -48,6 +53,11 @@ ExceptionListTask::ExceptionListTask(Session& session, MainWindow& window,
             &ExceptionListTask::update);
     connect(&panel, &ExceptionListPanel::copyRequested, this, &ExceptionListTask::copy);
     connect(&information_, &InformationWindow::closed, this, &ExceptionListTask::showAgain);
+    connect(&session_.exceptionRemoval, &ExceptionRemoval::over, this,
+            &ExceptionListTask::endRemoval);
+    closing_.setSingleShot(true);
+    closing_.setInterval(closingMilliseconds);
+    connect(&closing_, &QTimer::timeout, this, &ExceptionListTask::hide);
     redraw_.setInterval(newsMilliseconds);
     connect(&redraw_, &QTimer::timeout, this, &ExceptionListTask::takeNews);
 }
@@ -61,13 +71,15 @@ void ExceptionListTask::open() {
         return;
     }
     window_.windowAboutPanel->hide();
-    rows_.setPaths(session_.exceptionArrayData());
+    std::vector<std::string> paths = session_.exceptionRemoval.remaining();
+    rows_.setPaths(paths);
     window_.exceptionListWindow->exceptionSearch->clear();
     window_.exceptionListWindow->exceptionTable->scrollToTop();
-    tester_.start(session_.exceptionArrayData());
+    tester_.start(std::move(paths));
     redraw_.start();
     update();
     show();
+    showFailure();
 }
 
 void ExceptionListTask::show() {
@@ -82,6 +94,18 @@ void ExceptionListTask::showAgain() {
 }
 
 void ExceptionListTask::close() {
+    if (session_.exceptionRemoval.isOver()) {
+        endRemoval();
+        if (!isInterrupted_) {
+            hide();
+        }
+    } else if (!closing_.isActive()) {
+        closing_.start();
+    }
+}
+
+void ExceptionListTask::hide() {
+    closing_.stop();
     redraw_.stop();
     tester_.stop();
     window_.exceptionListWindow->hide();
@@ -143,21 +167,59 @@ std::vector<int> ExceptionListTask::selectedRows() const {
     return rows;
 }
 
-/// Removes the paths from the stored list. If that fails, says so and returns false.
-bool ExceptionListTask::store(const std::vector<std::string>& removed) {
-    const std::optional<StoreError> failure = session_.exceptions.removeExceptions(removed);
-    if (!failure) {
-        return true;
+/// Does nothing while another removal is written.
+void ExceptionListTask::endRemoval() {
+    if (!session_.exceptionRemoval.isOver()) {
+        return;
     }
+    if (std::optional<StoreError> failure = session_.exceptionRemoval.take()) {
+        notStored_ = std::move(failure);
+    }
+    Q_EMIT listChanged();
+    showFailure();
+    if (closing_.isActive()) {
+        hide();
+    }
+}
+
+/// Says that files could not be taken off the list, at the next opening of the panel if other work
+/// has begun since it was closed.
+void ExceptionListTask::showFailure() {
+    ExceptionListPanel& panel = *window_.exceptionListWindow;
+    const bool isFree =
+        window_.covers().counter()->viewsOverlaidCount() == 0 && window_.buttonMore->isEnabled();
+    if (!notStored_ || (!panel.isVisible() && !isFree)) {
+        return;
+    }
+    const Information notice{.informationHeader = ExceptionListTexts::title(),
+                             .duplicatesCount = ExceptionListTexts::notSaved(),
+                             .duplicatesSize = OwnReasons::of(*std::exchange(notStored_, {})),
+                             .otherInfomration = {},
+                             .informationImage = informationImageOf(ResultView::all),
+                             .actionButtonTitle = ResultTexts::ok()};
+    if (!panel.isVisible()) {
+        information_.setInformationWindow(notice);
+        return;
+    }
+    closing_.stop();
+    putRowsBack();
     isInterrupted_ = true;
-    information_.setInformationWindowInPlaceOf(
-        *window_.exceptionListWindow, {.informationHeader = ExceptionListTexts::title(),
-                                       .duplicatesCount = ExceptionListTexts::notSaved(),
-                                       .duplicatesSize = OwnReasons::of(*failure),
-                                       .otherInfomration = {},
-                                       .informationImage = informationImageOf(ResultView::all),
-                                       .actionButtonTitle = ResultTexts::ok()});
-    return false;
+    information_.setInformationWindowInPlaceOf(panel, notice);
+}
+
+/// Shows the list in memory as before, with the same search, row and position.
+void ExceptionListTask::putRowsBack() {
+    const ExceptionListPanel& panel = *window_.exceptionListWindow;
+    const int row = panel.exceptionTable->currentIndex().row();
+    const int scrolled = panel.exceptionTable->verticalScrollBar()->value();
+    std::vector<std::string> paths = session_.exceptionRemoval.remaining();
+    rows_.setPaths(paths);
+    rows_.search(panel.exceptionSearch->text());
+    tester_.start(std::move(paths));
+    redraw_.start();
+    panel.exceptionTable->verticalScrollBar()->setValue(scrolled);
+    selectRow(std::max(row, 0));
+    update();
 }
 
 void ExceptionListTask::remove() {
@@ -170,16 +232,13 @@ void ExceptionListTask::remove() {
     for (const int row : rows) {
         paths.push_back(rows_.pathAt(row));
     }
-    if (!store(paths)) {
-        return;
-    }
+    session_.exceptionRemoval.start(paths);
     const ListTable& table = *window_.exceptionListWindow->exceptionTable;
     const int scrolled = table.verticalScrollBar()->value();
     rows_.removeRowsAt(rows);
     table.verticalScrollBar()->setValue(scrolled);
     selectRow(rows.front());
     update();
-    Q_EMIT listChanged();
 }
 
 /// Selects the row, or the last one if there are fewer.
@@ -193,12 +252,12 @@ void ExceptionListTask::selectRow(int row) const {
 }
 
 void ExceptionListTask::removeMissing() {
-    if (!tester_.isOver() || rows_.missing() == 0 || !store(rows_.missingPaths())) {
+    if (!tester_.isOver() || rows_.missing() == 0) {
         return;
     }
+    session_.exceptionRemoval.start(rows_.missingPaths());
     rows_.removeMissing();
     update();
-    Q_EMIT listChanged();
 }
 
 void ExceptionListTask::copy() const {

@@ -7,6 +7,7 @@
 
 #include <QObject>
 #include <QTimer>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,7 +15,9 @@ namespace tarvin {
 
 class MainWindow;
 
-/// Shows the exceptions list and takes files off it. Owned by AppDelegate. Main thread only.
+/// Shows the exceptions list and takes files off it. Their rows disappear at once, while the file
+/// is written in the background; if it cannot be, they come back. Owned by AppDelegate. Main thread
+/// only.
 class ExceptionListTask final : public QObject {
     Q_OBJECT
 
@@ -30,6 +33,7 @@ class ExceptionListTask final : public QObject {
 
     // The controls of the panel.
 
+    /// Waits, without blocking, until the file is written, but not for more than two seconds.
     void close();
     void search(const QString& text);
     /// Takes the selected files off the list, without a question, and selects the next row.
@@ -46,11 +50,14 @@ class ExceptionListTask final : public QObject {
  private:
     void show();
     void showAgain();
+    void hide();
+    void endRemoval();
+    void showFailure();
+    void putRowsBack();
     void takeNews();
     void update();
     void sortBy(int column);
     [[nodiscard]] std::vector<int> selectedRows() const;
-    [[nodiscard]] bool store(const std::vector<std::string>& removed);
     void selectRow(int row) const;
 
     Session& session_;
@@ -59,7 +66,9 @@ class ExceptionListTask final : public QObject {
     ExceptionRows rows_;
     PresenceTester tester_;
     QTimer redraw_;
-    bool isInterrupted_ = false;  // by a notice, after which the panel is shown again
+    QTimer closing_;                       // runs while close() waits for the file
+    std::optional<StoreError> notStored_;  // a failure to be shown
+    bool isInterrupted_ = false;           // by a notice, after which the panel is shown again
 };
 
 }  // namespace tarvin

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "clean/clean_up_run.h"
+#include "controller/exception_removal.h"
 #include "model/set.h"
 #include "platform/platform.h"
 #include "store/data_file.h"
@@ -55,9 +56,13 @@ struct Session {
         return exceptions.exceptionArrayData();
     }
     void addExceptions(const std::vector<std::string>& paths) {
+        exceptionRemoval.wait();
         static_cast<void>(exceptions.addExceptions(paths));
     }
-    void removeExceptions() { static_cast<void>(exceptions.removeExceptions()); }
+    void removeExceptions() {
+        exceptionRemoval.wait();
+        static_cast<void>(exceptions.removeExceptions());
+    }
 
     Platform& platform;
     bool awake = false;    ///< the one-time initialisation is done
@@ -71,6 +76,7 @@ struct Session {
     std::string currentLoggedInUser;
     DataFile data;
     ExceptionFile exceptions;
+    ExceptionRemoval exceptionRemoval{exceptions};
 };
 
 }  // namespace tarvin

@@ -4,11 +4,23 @@
 #include "store/stored_list.h"
 
 #include <cstddef>
+#include <string_view>
+#include <unordered_set>
 #include <utility>
 
 namespace tarvin {
 
 namespace {
+
+std::string listIn(const std::string& folder) {
+    return folder + "/exception.plist";
+}
+
+/// Returns how many there were.
+std::size_t eraseFrom(std::vector<std::string>& list, const std::vector<std::string>& paths) {
+    const std::unordered_set<std::string_view> erased(paths.begin(), paths.end());
+    return std::erase_if(list, [&](const std::string& path) { return erased.contains(path); });
+}
 
 /// Without duplicates; the first of equal paths stays.
 std::vector<std::string> joined(std::vector<std::string> paths,
@@ -38,8 +50,24 @@ ExceptionList readExceptionFile(const std::string& path) {
     return {list.paths(), std::nullopt};
 }
 
+std::optional<StoreError> removeStoredExceptions(const std::string& folder,
+                                                 const std::vector<std::string>& paths) {
+    const Result<FolderLock> lock = FolderLock::take(folder);
+    if (!lock) {
+        return storeErrorOf(folder, lock.error());
+    }
+    ExceptionList stored = readExceptionFile(listIn(folder));
+    if (stored.error.has_value()) {
+        const bool isMissing = stored.error->kind == StoreError::Kind::missing;
+        return isMissing ? std::nullopt : std::move(stored.error);
+    }
+    return eraseFrom(stored.paths, paths) == 0
+               ? std::nullopt
+               : writeStoredList(listIn(folder), PropertyList::arrayOfPaths(stored.paths));
+}
+
 ExceptionFile::ExceptionFile(std::optional<std::string> folder)
-    : folder_(std::move(folder)), path_(folder_ ? *folder_ + "/exception.plist" : std::string()) {}
+    : folder_(std::move(folder)), path_(folder_ ? listIn(*folder_) : std::string()) {}
 
 std::optional<StoreError> ExceptionFile::load() {
     if (!folder_) {
@@ -66,36 +94,18 @@ std::optional<StoreError> ExceptionFile::removeExceptions() {
 
 std::optional<StoreError> ExceptionFile::removeExceptions(const std::vector<std::string>& paths) {
     putAside_.clear();
-    const std::unordered_set<std::string_view> removed(paths.begin(), paths.end());
     if (folder_) {
-        if (std::optional<StoreError> failure = storeWithout(removed)) {
+        if (std::optional<StoreError> failure = removeStoredExceptions(*folder_, paths)) {
             return failure;
         }
     }
-    const auto isRemoved = [&](const std::string& path) { return removed.contains(path); };
-    std::erase_if(paths_, isRemoved);
-    std::erase_if(unsaved_, isRemoved);
+    forget(paths);
     return std::nullopt;
 }
 
-/// Writes what the file holds now, without these paths; nothing if it holds none of them.
-std::optional<StoreError> ExceptionFile::storeWithout(
-    const std::unordered_set<std::string_view>& paths) const {
-    // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
-    const Result<FolderLock> lock = FolderLock::take(*folder_);
-    if (!lock) {
-        // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
-        return storeErrorOf(*folder_, lock.error());
-    }
-    ExceptionList stored = readExceptionFile(path_);
-    if (stored.error.has_value()) {
-        const bool isMissing = stored.error->kind == StoreError::Kind::missing;
-        return isMissing ? std::nullopt : std::move(stored.error);
-    }
-    const std::size_t erased =
-        std::erase_if(stored.paths, [&](const std::string& path) { return paths.contains(path); });
-    return erased == 0 ? std::nullopt
-                       : writeStoredList(path_, PropertyList::arrayOfPaths(stored.paths));
+void ExceptionFile::forget(const std::vector<std::string>& paths) {
+    eraseFrom(paths_, paths);
+    eraseFrom(unsaved_, paths);
 }
 
 std::optional<StoreError> ExceptionFile::store(Keep keep) {

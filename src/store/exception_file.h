@@ -5,8 +5,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
-#include <unordered_set>
 #include <vector>
 
 namespace tarvin {
@@ -21,6 +19,13 @@ struct ExceptionList {
 /// of paths. A path is a string, or data if it is not UTF-8 or XML cannot represent it. Other
 /// elements are skipped, and lost when the list is written again. Writes nothing. Any thread.
 ExceptionList readExceptionFile(const std::string& path);
+
+/// Removes these paths, and no others, from the list that is stored in `folder`: from what the file
+/// holds at that moment. Writes nothing if it has none of them. On failure the file has not
+/// changed; an unusable one is left alone. Blocks while another thread or process writes, for at
+/// most ten seconds. Any thread.
+[[nodiscard]] std::optional<StoreError> removeStoredExceptions(
+    const std::string& folder, const std::vector<std::string>& paths);
 
 /// The user's exceptions list, stored in "exception.plist". The window shows, and a scan uses, the
 /// list in memory. Writing adds to what the file holds at that moment, so that instances do not
@@ -51,7 +56,10 @@ class ExceptionFile final {
     /// has added stay in the file. If the file cannot be read or written, nothing is removed and
     /// the error is returned; an unusable file is left alone.
     std::optional<StoreError> removeExceptions(const std::vector<std::string>& paths);
+    /// Removes these paths in memory only: removeStoredExceptions() has removed them in the file.
+    void forget(const std::vector<std::string>& paths);
 
+    [[nodiscard]] const std::optional<std::string>& folder() const { return folder_; }
     /// Empty without a folder.
     [[nodiscard]] const std::string& path() const { return path_; }
     /// The path to which the last write renamed an unusable file; empty if there was none.
@@ -61,8 +69,6 @@ class ExceptionFile final {
     enum class Keep : std::uint8_t { whatIsStored, nothing };
 
     [[nodiscard]] std::optional<StoreError> store(Keep keep);
-    [[nodiscard]] std::optional<StoreError> storeWithout(
-        const std::unordered_set<std::string_view>& paths) const;
 
     const std::optional<std::string> folder_;
     const std::string path_;

@@ -4,10 +4,14 @@
 #include "interface/exception_list_panel.h"
 #include "interface/list_table.h"
 #include "interface/search_field.h"
+#include "platform/durable_file.h"
 
 #include <QClipboard>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace tarvin {
 namespace {
@@ -65,6 +69,26 @@ class ExceptionListTest : public ResultFixture {
                           listed().visualRect(rows().index(row, 0)).center());
     }
 
+    /// Whether the removal gets written.
+    [[nodiscard]] bool written() {
+        return comesTrue([this] { return delegate->session().exceptionRemoval.isOver(); });
+    }
+
+    /// Keeps removals from being written, until release().
+    void hold() {
+        lock.emplace(FolderLock::take(folder.pathOf("support")));
+        ASSERT_TRUE(*lock);
+    }
+    void release() { lock.reset(); }
+
+    /// Presses Remove for these rows, one after the other.
+    void removeRows(const std::vector<int>& numbers) {
+        for (const int row : numbers) {
+            clickListed(row);
+            click("exceptionRemove");
+        }
+    }
+
     [[nodiscard]] Lines pathsOf(const Lines& names) const {
         Lines paths;
         for (const std::string& name : names) {
@@ -72,6 +96,8 @@ class ExceptionListTest : public ResultFixture {
         }
         return paths;
     }
+
+    std::optional<Result<FolderLock>> lock;
 };
 
 TEST_F(ExceptionListTest, ShowsTheListWithItsMarks) {
@@ -122,18 +148,21 @@ TEST_F(ExceptionListTest, RemovesTheSelectedFilesAndSelectsTheNext) {
     clickListed(2, Qt::ControlModifier);
     EXPECT_TRUE(panel().exceptionRemove->isEnabled());
     click("exceptionRemove");
-    EXPECT_EQ(storedExceptions(), pathsOf({"p/a.jpg", "p/d.jpg", "p/e.jpg"}));
     EXPECT_EQ(shownNames(), (Lines{"a.jpg", "d.jpg", "e.jpg"}));
     EXPECT_EQ(textOf("exceptionCount"), "3 files");
     ASSERT_EQ(listed().selectionModel()->selectedRows().size(), 1);
     EXPECT_EQ(listed().currentIndex().row(), 1);
+    ASSERT_TRUE(written());
+    EXPECT_EQ(storedExceptions(), pathsOf({"p/a.jpg", "p/d.jpg", "p/e.jpg"}));
     // The file itself stays.
     EXPECT_TRUE(std::filesystem::exists(folder.pathOf("p/b.jpg")));
     clickListed(2);
     QTest::keyClick(&listed(), Qt::Key_Delete);
     EXPECT_EQ(listed().currentIndex().row(), 1);
+    ASSERT_TRUE(comesTrue([this] {
+        return delegate->session().exceptionArrayData() == pathsOf({"p/a.jpg", "p/d.jpg"});
+    }));
     EXPECT_EQ(storedExceptions(), pathsOf({"p/a.jpg", "p/d.jpg"}));
-    EXPECT_EQ(delegate->session().exceptionArrayData(), pathsOf({"p/a.jpg", "p/d.jpg"}));
 }
 
 TEST_F(ExceptionListTest, WithoutFilesNothingIsLeftToRemove) {
@@ -144,7 +173,7 @@ TEST_F(ExceptionListTest, WithoutFilesNothingIsLeftToRemove) {
     QTest::keyClick(&listed(), Qt::Key_Delete);
     EXPECT_TRUE(panel().exceptionEmpty->isVisible());
     EXPECT_EQ(window().focusWidget(), panel().exceptionClose);
-    EXPECT_FALSE(window().results->removeExceptionBtn->isEnabled());
+    ASSERT_TRUE(comesTrue([this] { return !window().results->removeExceptionBtn->isEnabled(); }));
     EXPECT_EQ(storedExceptions(), Lines());
 }
 
@@ -155,6 +184,7 @@ TEST_F(ExceptionListTest, KeepsWhatAnotherInstanceHasAdded) {
     ASSERT_FALSE(other.addExceptions({"/other.jpg"}).has_value());
     clickListed(0);
     click("exceptionRemove");
+    ASSERT_TRUE(written());
     EXPECT_EQ(storedExceptions(), (Lines{folder.pathOf("p/b.jpg"), "/other.jpg"}));
 }
 
@@ -166,6 +196,7 @@ TEST_F(ExceptionListTest, KeepsTheChangesOfAnotherInstanceWhenMissingFilesAreRem
     ASSERT_FALSE(other.removeExceptions(pathsOf({"p/a.jpg"})).has_value());
     ASSERT_FALSE(other.addExceptions({"/other.jpg"}).has_value());
     click("exceptionRemoveMissing");
+    ASSERT_TRUE(written());
     EXPECT_EQ(storedExceptions(), (Lines{folder.pathOf("p/b.jpg"), "/other.jpg"}));
 }
 
@@ -175,6 +206,7 @@ TEST_F(ExceptionListTest, RemovesAllMissingFilesAlsoThoseASearchHides) {
     QTest::keyClicks(window().focusWidget(), QStringLiteral("GONE1"));
     EXPECT_EQ(textOf("exceptionCount"), "1 of 4 files");
     click("exceptionRemoveMissing");
+    ASSERT_TRUE(written());
     EXPECT_EQ(storedExceptions(), pathsOf({"p/a.jpg", "drive/c.jpg"}));
     EXPECT_EQ(textOf("exceptionNone"), "No exception matches \"GONE1\".");
     EXPECT_TRUE(panel().exceptionNone->isVisible());
@@ -206,6 +238,7 @@ TEST_F(ExceptionListTest, IfTheListCannotBeSavedTheRowsStay) {
     // The name of the temporary file is taken.
     const std::string blocked = folder.writeFile("support/exception.plist.new/x", "");
     click("exceptionRemove");
+    ASSERT_TRUE(comesTrue([this] { return !information().empty(); }));
     EXPECT_EQ(information(),
               (Lines{"Exceptions", "The exceptions could not be saved.", "Is a directory", ""}));
     EXPECT_EQ(storedExceptions(), pathsOf({"p/a.jpg", "p/b.jpg"}));
@@ -216,8 +249,116 @@ TEST_F(ExceptionListTest, IfTheListCannotBeSavedTheRowsStay) {
     std::filesystem::remove_all(folder.pathOf("support/exception.plist.new"));
     click("exceptionRemove");
     EXPECT_EQ(shownNames(), Lines{"b.jpg"});
+    ASSERT_TRUE(written());
     click("exceptionClose");
     EXPECT_EQ(covers(), 0);
+}
+
+TEST_F(ExceptionListTest, RowsDisappearAtOnceWhileTheFileIsWritten) {
+    launchWith({"p/a.jpg", "p/b.jpg", "p/c.jpg", "p/d.jpg"});
+    open();
+    hold();
+    removeRows({0, 1});
+    EXPECT_EQ(shownNames(), (Lines{"b.jpg", "d.jpg"}));
+    EXPECT_EQ(textOf("exceptionCount"), "2 files");
+    EXPECT_EQ(storedExceptions(), pathsOf({"p/a.jpg", "p/b.jpg", "p/c.jpg", "p/d.jpg"}));
+    release();
+    ASSERT_TRUE(written());
+    EXPECT_EQ(storedExceptions(), pathsOf({"p/b.jpg", "p/d.jpg"}));
+    EXPECT_EQ(shownNames(), (Lines{"b.jpg", "d.jpg"}));
+}
+
+TEST_F(ExceptionListTest, TwoRemovalsThatCannotBeSavedBothComeBack) {
+    launchWith({"p/a.jpg", "p/x.png", "p/b.jpg", "p/gone.jpg"});
+    openTested(1);
+    QTest::keyClicks(window().focusWidget(), QStringLiteral("jpg"));
+    folder.writeFile("support/exception.plist.new/x", "");
+    hold();
+    removeRows({0, 0});
+    EXPECT_EQ(shownNames(), Lines{"gone.jpg"});
+    release();
+    ASSERT_TRUE(comesTrue([this] { return !information().empty(); }));
+    EXPECT_EQ(shownNames(), (Lines{"a.jpg", "b.jpg", "gone.jpg"}));
+    EXPECT_EQ(textOf("exceptionCount"), "3 of 4 files");
+    click("scanInforOKBtn");
+    EXPECT_TRUE(panel().isVisible());
+    EXPECT_TRUE(comesTrue([this] { return rows().missing() == 1; }));
+    EXPECT_EQ(listed().selectionModel()->selectedRows().size(), 1);
+}
+
+TEST_F(ExceptionListTest, ClosingWaitsForTheFile) {
+    launchWith({"p/a.jpg", "p/b.jpg"});
+    open();
+    hold();
+    removeRows({0});
+    click("exceptionClose");
+    EXPECT_TRUE(panel().isVisible());
+    EXPECT_EQ(covers(), 1);
+    release();
+    ASSERT_TRUE(comesTrue([this] { return !panel().isVisible(); }));
+    EXPECT_EQ(covers(), 0);
+    EXPECT_EQ(storedExceptions(), pathsOf({"p/b.jpg"}));
+    EXPECT_EQ(delegate->session().exceptionArrayData(), pathsOf({"p/b.jpg"}));
+}
+
+TEST_F(ExceptionListTest, AFailureKeepsThePanelThatWasToClose) {
+    launchWith({"p/a.jpg", "p/b.jpg"});
+    open();
+    folder.writeFile("support/exception.plist.new/x", "");
+    hold();
+    removeRows({0});
+    click("exceptionClose");
+    release();
+    ASSERT_TRUE(comesTrue([this] { return !information().empty(); }));
+    click("scanInforOKBtn");
+    EXPECT_TRUE(panel().isVisible());
+    EXPECT_EQ(shownNames(), (Lines{"a.jpg", "b.jpg"}));
+    click("exceptionClose");
+    EXPECT_FALSE(panel().isVisible());
+    EXPECT_EQ(covers(), 0);
+}
+
+TEST_F(ExceptionListTest, ClosingDoesNotWaitForAFileThatIsBlocked) {
+    launchWith({"p/a.jpg", "p/b.jpg"});
+    open();
+    folder.writeFile("support/exception.plist.new/x", "");
+    hold();
+    removeRows({0});
+    click("exceptionClose");
+    ASSERT_TRUE(comesTrue([this] { return !panel().isVisible(); }));
+    EXPECT_EQ(covers(), 0);
+    EXPECT_FALSE(delegate->session().exceptionRemoval.isOver());
+    // What is being removed is not listed again.
+    delegate->exceptionList().open();
+    EXPECT_EQ(shownNames(), Lines{"b.jpg"});
+    delegate->exceptionList().close();
+    ASSERT_TRUE(comesTrue([this] { return !panel().isVisible(); }));
+    release();
+    ASSERT_TRUE(comesTrue([this] { return !information().empty(); }));
+    EXPECT_EQ(information()[1], "The exceptions could not be saved.");
+    EXPECT_EQ(covers(), 1);
+    click("scanInforOKBtn");
+    EXPECT_EQ(covers(), 0);
+    EXPECT_FALSE(panel().isVisible());
+}
+
+TEST_F(ExceptionListTest, TheEndOfTheProgramWaitsForTheFile) {
+    launchWith({"p/a.jpg", "p/b.jpg", "p/c.jpg"});
+    open();
+    removeRows({0, 0});
+    delegate.reset();
+    EXPECT_EQ(storedExceptions(), pathsOf({"p/c.jpg"}));
+}
+
+TEST_F(ExceptionListTest, AnAdditionComesAfterARemoval) {
+    launchWith({"p/a.jpg", "p/b.jpg"});
+    open();
+    removeRows({0});
+    delegate->session().addExceptions(pathsOf({"p/a.jpg"}));
+    EXPECT_EQ(storedExceptions(), pathsOf({"p/b.jpg", "p/a.jpg"}));
+    EXPECT_EQ(delegate->session().exceptionArrayData(), pathsOf({"p/b.jpg", "p/a.jpg"}));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(delegate->session().exceptionArrayData(), pathsOf({"p/b.jpg", "p/a.jpg"}));
 }
 
 TEST_F(ExceptionListTest, CopiesTheSelectedPaths) {
