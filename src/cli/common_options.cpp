@@ -70,9 +70,9 @@ std::string shownOutput(const std::string& output) {
 }
 
 std::unique_ptr<OutputFile> openOutput(const std::string& output) {
-    Result<std::unique_ptr<OutputFile>> opened = OutputFile::open(output);
+    Result<std::unique_ptr<OutputFile>, std::string> opened = OutputFile::open(output);
     if (!opened) {
-        printError(failureText("write", shownOutput(output), opened.error().text()));
+        printError(failureText("write", shownOutput(output), opened.error()));
         return nullptr;
     }
     return std::move(*opened);

@@ -48,22 +48,23 @@ std::string temporaryName(const std::string& target, int attempt) {
 
 }  // namespace
 
-Result<std::unique_ptr<OutputFile>> OutputFile::open(const std::string& path, FileCalls& calls) {
+Result<std::unique_ptr<OutputFile>, std::string> OutputFile::open(const std::string& path,
+                                                                  FileCalls& calls) {
     if (path == "-") {
         return writingTo(STDOUT_FILENO, UniqueFd());
     }
     const auto status = statusOf(path);
     if (!status) {
-        return status.error();
+        return status.error().text();
     }
     const std::optional<struct stat>& present = *status;
     if (!present) {
-        return beginBeside(path, calls);
+        return openNew(path, calls);
     }
     if (isStandardOutput(*present)) {
         return open("-", calls);
     }
-    return S_ISREG(present->st_mode) ? beginInPlaceOf(path, calls) : openDirectly(path);
+    return withText(S_ISREG(present->st_mode) ? beginInPlaceOf(path, calls) : openDirectly(path));
 }
 
 Result<std::unique_ptr<OutputFile>, std::string> OutputFile::openRegular(const std::string& path,
@@ -73,20 +74,31 @@ Result<std::unique_ptr<OutputFile>, std::string> OutputFile::openRegular(const s
         return status.error().text();
     }
     const std::optional<struct stat>& present = *status;
-    if (!present && isLink(path)) {
-        return std::string("a link to a missing file");
+    if (!present) {
+        return openNew(path, calls);
     }
-    if (present && S_ISDIR(present->st_mode)) {
+    if (S_ISDIR(present->st_mode)) {
         return SystemError{EISDIR}.text();
     }
-    if (present && !S_ISREG(present->st_mode)) {
+    if (!S_ISREG(present->st_mode)) {
         return std::string("not a regular file");
     }
-    auto begun = present ? beginInPlaceOf(path, calls) : beginBeside(path, calls);
-    if (!begun) {
-        return begun.error().text();
+    return withText(beginInPlaceOf(path, calls));
+}
+
+/// Nothing is at the path, or at the end of a link.
+OutputFile::Opened OutputFile::openNew(const std::string& path, FileCalls& calls) {
+    if (isLink(path)) {
+        return std::string("a link to a missing file");
     }
-    return std::move(*begun);
+    return withText(beginBeside(path, calls));
+}
+
+OutputFile::Opened OutputFile::withText(Result<std::unique_ptr<OutputFile>> opened) {
+    if (!opened) {
+        return opened.error().text();
+    }
+    return std::move(*opened);
 }
 
 Result<std::unique_ptr<OutputFile>> OutputFile::beginInPlaceOf(const std::string& present,

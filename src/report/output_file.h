@@ -19,14 +19,14 @@ namespace tarvin {
 class OutputFile final {
  public:
     /// Checks that the target can be written and, for a regular file, creates the temporary file.
-    /// "-" is standard output. Blocks until a named pipe has a reader.
-    static Result<std::unique_ptr<OutputFile>> open(const std::string& path,
-                                                    FileCalls& calls = systemFileCalls());
+    /// "-" is standard output. Blocks until a named pipe has a reader. A symbolic link stays, and
+    /// the file that it leads to is replaced; a link to nothing is refused, as it may lead to a
+    /// volume that is not mounted. The error is the system's text, or "a link to a missing file".
+    static Result<std::unique_ptr<OutputFile>, std::string> open(
+        const std::string& path, FileCalls& calls = systemFileCalls());
 
     /// The same for a target that has to be a regular file or a new name: never blocks on the
-    /// target itself, and "-" is a name. A symbolic link stays, and the file that it leads to is
-    /// replaced; a link to nothing is refused, as it may lead to a volume that is not mounted. The
-    /// error is the system's text, or "not a regular file" or "a link to a missing file".
+    /// target itself, and "-" is a name. The error may also be "not a regular file".
     static Result<std::unique_ptr<OutputFile>, std::string> openRegular(
         const std::string& path, FileCalls& calls = systemFileCalls());
 
@@ -54,7 +54,11 @@ class OutputFile final {
 
     OutputFile(int descriptor, Owner owner);
 
+    using Opened = Result<std::unique_ptr<OutputFile>, std::string>;
+
     static std::unique_ptr<OutputFile> writingTo(int descriptor, Owner owner);
+    static Opened openNew(const std::string& path, FileCalls& calls);
+    static Opened withText(Result<std::unique_ptr<OutputFile>> opened);
     static Result<std::unique_ptr<OutputFile>> openDirectly(const std::string& path);
     static Result<std::unique_ptr<OutputFile>> beginInPlaceOf(const std::string& present,
                                                               FileCalls& calls);

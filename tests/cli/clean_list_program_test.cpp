@@ -63,15 +63,16 @@ class CleanList : public testing::Test {
         return list;
     }
 
-    [[nodiscard]] std::string write(const Json& list) const {
-        return folder_.writeFile("list.json", list.dump());
+    [[nodiscard]] std::string write(const Json& list, const std::string& name = "list.json") const {
+        return folder_.writeFile(name, list.dump());
     }
 
     /// A list of one set.
-    [[nodiscard]] std::string writeSet(const Json& files) const {
+    [[nodiscard]] std::string writeSet(const Json& files,
+                                       const std::string& name = "list.json") const {
         Json list;
         list["categories"][0]["extensions"][0]["sets"][0]["files"] = files;
-        return write(list);
+        return write(list, name);
     }
 
     /// The names of the files that are left.
@@ -114,6 +115,35 @@ TEST_F(CleanList, AnUneditedListDoesWhatCleanDoes) {
     EXPECT_EQ(parsedJson(listed)["deletedFilesSize"], parsedJson(found)["deletedFilesSize"]);
     EXPECT_EQ(tarvin({"clean", "-y", "--from", list}).status, 0);
     EXPECT_EQ(left().size(), 2U);
+}
+
+TEST_F(CleanList, WithoutAFileToMoveItMovesNothing) {
+    const Json one = Json::array({{{"filePath", photo("a.jpg")}}});
+    for (const std::string& list :
+         {folder_.writeFile("none.json", R"({"categories": []})"),
+          writeSet(Json::array(), "empty.json"), writeSet(one, "one.json"),
+          write(keeping({"a.jpg", "b.jpg", "c.jpg", "d.txt", "e.txt"}), "all.json")}) {
+        const ProgramResult planned = tarvin({"clean", "--dry-run", "--from", list});
+        EXPECT_EQ(planned.status, 0) << list;
+        EXPECT_EQ(planned.errors, "") << list;
+        EXPECT_EQ(planned.output,
+                  "Marked Duplicate Files: 0\nMarked File Size: 0.00 KB\n"
+                  "Dry run: nothing was moved.\n")
+            << list;
+        const ProgramResult result = tarvin({"clean", "--yes", "--from", list});
+        EXPECT_EQ(result.status, 0) << list;
+        EXPECT_EQ(result.errors, "") << list;
+        EXPECT_EQ(result.output, "Duplicates Cleaned: 0\nSpace Regained: 0.00 KB \n") << list;
+        EXPECT_EQ(left(), "abcde") << list;
+    }
+}
+
+TEST_F(CleanList, AnEmptyFileIsNoList) {
+    const std::string list = folder_.writeFile("list.json", "");
+    const ProgramResult result = tarvin({"clean", "--yes", "--from", list});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.errors, "tarvin: cannot use list '" + list + "': it is empty\n");
+    EXPECT_EQ(left(), "abcde");
 }
 
 TEST_F(CleanList, ReadsStandardInput) {

@@ -101,7 +101,29 @@ TEST_F(Keep, AllProtectedFilesStayBesidesTheChosenOne) {
 }
 
 TEST_F(Keep, WhereEverythingIsProtectedNothingIsMoved) {
-    EXPECT_EQ(leftAfter({"--protect", "/"}).size(), 3U);
+    const ProgramResult planned = tarvin({"clean", "--dry-run", "--protect", "/"});
+    EXPECT_EQ(planned.status, 0);
+    EXPECT_EQ(planned.output,
+              "Marked Duplicate Files: 0\nMarked File Size: 0.00 KB\n"
+              "Dry run: nothing was moved.\n");
+    const ProgramResult result = tarvin({"clean", "--yes", "--protect", "/"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(result.output, "Duplicates Cleaned: 0\nSpace Regained: 0.00 KB \n");
+    EXPECT_EQ(left().size(), 3U);
+}
+
+TEST_F(Keep, WhereEverythingIsPreferredTheFirstFoundStays) {
+    const ProgramResult found = tarvin({"scan", "--format", "json"});
+    const std::string first = parsedJson(
+        found.output)["categories"][0]["extensions"][0]["sets"][0]["files"][0]["filePath"];
+    const ProgramResult result = tarvin({"clean", "--yes", "--prefer", "/"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_TRUE(result.output.ends_with("Duplicates Cleaned: 2\nSpace Regained: 0.03 KB \n"))
+        << result.output;
+    EXPECT_EQ(left(), (std::set<std::string>{
+                          std::filesystem::path(first).lexically_relative(folder_.pathOf("all"))}));
 }
 
 TEST_F(Keep, AFolderIsFoundBehindTheLinkThatIsScanned) {

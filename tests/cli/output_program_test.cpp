@@ -1,6 +1,7 @@
 #include "cli/program_run.h"
 #include "cli/result_json.h"
 #include "support/file_content.h"
+#include "support/mount.h"
 #include "support/pipe.h"
 #include "support/shell_command.h"
 #include "support/temporary_folder.h"
@@ -13,6 +14,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <set>
 #include <string>
 #include <thread>
 
@@ -29,6 +31,14 @@ class ResultOutput : public testing::Test {
 
     [[nodiscard]] ProgramRun::Words scanTo(const std::string& output) const {
         return {"scan", "--format", "json", "--output", output, folder_.pathOf("photos")};
+    }
+
+    static std::set<std::string> namesIn(const std::string& folder) {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+            names.insert(entry.path().filename().native());
+        }
+        return names;
     }
 
     void expectTheResult(const std::string& text) const {
@@ -82,6 +92,51 @@ TEST_F(ResultOutput, AFullDiskIsAFailure) {
     const ProgramResult result = runTarvin(scanTo("/dev/full"));
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.errors, "tarvin: cannot write '/dev/full': No space left on device\n");
+}
+
+TEST_F(ResultOutput, OnAFullDiskTheOldFileStaysWhole) {
+    const std::string disk = folder_.makeFolder("disk");
+    const Mount mount("none", disk, "tmpfs", 0, "size=16k");
+    if (!mount) {
+        return;
+    }
+    // Far more names than the disk holds.
+    for (int number = 0; number < 300; ++number) {
+        folder_.writeFile("photos/" + std::to_string(number) + std::string(100, 'x') + ".jpg",
+                          "photo");
+    }
+    const std::string path = folder_.writeFile("disk/result", "the old result");
+    for (const char* format : {"text", "json", "csv"}) {
+        const ProgramResult result =
+            runTarvin({"scan", "--format", format, "--output", path, folder_.pathOf("photos")});
+        EXPECT_EQ(result.status, 1) << format;
+        EXPECT_EQ(result.output, "") << format;
+        EXPECT_EQ(result.errors, "tarvin: cannot write '" + path + "': No space left on device\n");
+        EXPECT_EQ(contentOf(path), "the old result") << format;
+        EXPECT_EQ(namesIn(disk), std::set<std::string>{"result"}) << format;
+    }
+}
+
+TEST_F(ResultOutput, ALinkIsWrittenThrough) {
+    const std::string target = folder_.writeFile("elsewhere/result.json", "old");
+    const std::string link = folder_.makeLink("link", target);
+    EXPECT_EQ(runTarvin(scanTo(link)).status, 0);
+    expectTheResult(contentOf(target));
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+}
+
+TEST_F(ResultOutput, ALinkToNothingIsRefused) {
+    const std::string link = folder_.makeLink("link", folder_.pathOf("drive/result.json"));
+    const ProgramResult scanned = runTarvin(scanTo(link));
+    EXPECT_EQ(scanned.status, 2);
+    EXPECT_EQ(scanned.errors, "tarvin: cannot write '" + link + "': a link to a missing file\n");
+    const ProgramResult cleaned =
+        runTarvin({"clean", "--yes", "-o", link, folder_.pathOf("photos")});
+    EXPECT_EQ(cleaned.status, 2);
+    EXPECT_EQ(cleaned.errors, scanned.errors);
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(namesIn(folder_.path()), (std::set<std::string>{"link", "photos"}));
+    EXPECT_EQ(namesIn(folder_.pathOf("photos")), (std::set<std::string>{"a.jpg", "b.jpg"}));
 }
 
 TEST_F(ResultOutput, AFullDiskBehindStandardOutputIsAFailure) {

@@ -31,16 +31,17 @@ Names namesIn(const TemporaryFolder& folder) {
     return names;
 }
 
-int failureOfOpening(const std::string& path) {
+std::string failureOfOpening(const std::string& path) {
     const auto file = OutputFile::open(path);
-    return file ? 0 : file.error().code;
+    return file ? "" : file.error();
 }
 
-/// Writes `text` to the target. Returns the first error number, or 0.
+/// Writes `text` to the target, which can be opened. Returns the error number of the failure, or 0.
 int write(const std::string& path, const std::string& text) {
     const auto file = OutputFile::open(path);
     if (!file) {
-        return file.error().code;
+        ADD_FAILURE() << file.error();
+        return -1;
     }
     (*file)->output().append(text);
     const auto failure = (*file)->commit();
@@ -159,10 +160,10 @@ TEST(OutputFile, ALinkStaysAndItsTargetIsReplaced) {
 TEST(OutputFile, AnUnusableTargetIsRefusedByOpen) {
     const TemporaryFolder folder;
     folder.writeFile("file", "");
-    EXPECT_EQ(failureOfOpening(folder.pathOf("no folder/result")), ENOENT);
-    EXPECT_EQ(failureOfOpening(folder.pathOf("file/result")), ENOTDIR);
-    EXPECT_EQ(failureOfOpening(folder.path()), EISDIR);
-    EXPECT_EQ(failureOfOpening(""), ENOENT);
+    EXPECT_EQ(failureOfOpening(folder.pathOf("no folder/result")), "No such file or directory");
+    EXPECT_EQ(failureOfOpening(folder.pathOf("file/result")), "Not a directory");
+    EXPECT_EQ(failureOfOpening(folder.path()), "Is a directory");
+    EXPECT_EQ(failureOfOpening(""), "No such file or directory");
     EXPECT_EQ(namesIn(folder), Names{"file"});
 }
 
@@ -194,6 +195,14 @@ TEST(OutputFile, ANamedPipeIsWrittenDirectly) {
     reader.join();
     EXPECT_EQ(arrived, "text");
     EXPECT_EQ(namesIn(folder), Names{"pipe"});
+}
+
+TEST(OutputFile, ALinkToNothingIsRefused) {
+    const TemporaryFolder folder;
+    const std::string link = folder.makeLink("link", folder.pathOf("drive/result"));
+    EXPECT_EQ(failureOfOpening(link), "a link to a missing file");
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(namesIn(folder), Names{"link"});
 }
 
 /// The reason why OutputFile::openRegular() refuses; empty if it does not.
