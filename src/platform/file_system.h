@@ -163,9 +163,9 @@ class FileSystem {
     /// which they lie; nullopt if the file system does not tell, or the file has no place of its
     /// own there (it is empty, inside its inode, or not written yet).
     virtual std::optional<std::uint64_t> placeOnDevice(const Descriptor& file) = 0;
-    /// `posix_fadvise` hint: begin to read the first `bytes` of the file into the page cache. Waits
-    /// only while the queue of the device is full. Cannot fail.
-    virtual void readAhead(const Descriptor& file, std::uint64_t bytes) = 0;
+    /// `posix_fadvise` hint: begin to read `bytes` of the file from `offset` into the page cache.
+    /// Waits only while the queue of the device is full. Cannot fail.
+    virtual void readAhead(const Descriptor& file, std::uint64_t offset, std::uint64_t bytes) = 0;
 
     /// Whether the device is a pseudo file system (procfs, sysfs and the like).
     virtual bool isPseudoFileSystem(std::uint64_t device) = 0;

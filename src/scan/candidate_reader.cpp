@@ -16,6 +16,8 @@ namespace {
 constexpr std::size_t descriptorsNotForFiles = 32;
 constexpr std::size_t minDescriptors = 2;
 constexpr std::size_t maxDescriptors = 512;
+// Between two checks for a stop.
+constexpr std::uint64_t bytesARequest = 4 * 1024 * 1024;
 
 /// Half of the free descriptors: one half is for visits, the other for files kept open.
 std::size_t openAtOnce(std::size_t limit) {
@@ -109,6 +111,19 @@ bool CandidateReader::readWhole(const OpenCandidate& candidate, std::span<std::b
         logChange(*candidate.file);
     }
     return got == size;
+}
+
+void CandidateReader::readAhead(const OpenCandidate& candidate, std::uint64_t offset,
+                                std::uint64_t bytes) {
+    std::unique_lock<std::mutex> lock;
+    if (candidate.onlyReader != nullptr) {
+        lock = std::unique_lock(*candidate.onlyReader);
+    }
+    const IoWatch::Call call(watch_, *candidate.file);
+    for (const std::uint64_t end = offset + bytes; offset < end && !control_.stop();
+         offset += bytesARequest) {
+        fileSystem_.readAhead(candidate.descriptor, offset, std::min(bytesARequest, end - offset));
+    }
 }
 
 bool CandidateReader::isUnchanged(const OpenCandidate& candidate) {

@@ -61,6 +61,10 @@ class CandidateReader final {
     /// logged.
     [[nodiscard]] bool readWhole(const OpenCandidate& candidate, std::span<std::byte> into);
 
+    /// Begins to read `bytes` from `offset` into the page cache, on a rotational disk as its only
+    /// reader. Returns when the requests are queued, or soon after a stop.
+    void readAhead(const OpenCandidate& candidate, std::uint64_t offset, std::uint64_t bytes);
+
     /// Disables read-ahead for a file of which only a little will be read.
     void disableReadAhead(const OpenCandidate& candidate) {
         fileSystem_.disableReadAhead(candidate.descriptor);

@@ -206,21 +206,28 @@ std::size_t CategoryComparison::endOfSweep(std::size_t first, std::uint64_t most
     while (end < batches_.size() && (end == first || bytes < mostBytes)) {
         for (std::size_t number = batches_[end]->firstClass; number < batches_[end]->endClass;
              ++number) {
-            bytes += std::min(list_[classes_.firstOf(number)]->fileSize(), ReadAhead::bytesAFile) *
-                     classes_.memberCount(number);
+            bytes += readAheadOf(number) * classes_.memberCount(number);
         }
         ++end;
     }
     return end;
 }
 
-std::vector<File*> CategoryComparison::filesOfBatches(std::size_t first, std::size_t end) const {
-    std::vector<File*> files;
+std::uint64_t CategoryComparison::readAheadOf(std::size_t number) const {
+    return ReadAhead::bytesAFile(list_[classes_.firstOf(number)]->fileSize(),
+                                 classes_.memberCount(number));
+}
+
+std::vector<ReadAhead::Wanted> CategoryComparison::filesOfBatches(std::size_t first,
+                                                                  std::size_t end) const {
+    std::vector<ReadAhead::Wanted> files;
     Members members;
     for (std::size_t number = batches_[first]->firstClass; number < batches_[end - 1]->endClass;
          ++number) {
         find(number, members);
-        files.insert(files.end(), members.files.begin(), members.files.end());
+        for (File* const file : members.files) {
+            files.push_back({file, readAheadOf(number)});
+        }
     }
     return files;
 }

@@ -97,7 +97,9 @@ class CategoryComparison final {
     void sweepFrom(std::size_t first, std::size_t number);
     [[nodiscard]] bool isOnRotationalDisk() const;
     [[nodiscard]] std::size_t endOfSweep(std::size_t first, std::uint64_t mostBytes) const;
-    [[nodiscard]] std::vector<File*> filesOfBatches(std::size_t first, std::size_t end) const;
+    [[nodiscard]] std::uint64_t readAheadOf(std::size_t number) const;
+    [[nodiscard]] std::vector<ReadAhead::Wanted> filesOfBatches(std::size_t first,
+                                                                std::size_t end) const;
     void submit(std::function<void()> task);
     void taskEnded();
     void run(Batch& batch);

@@ -45,6 +45,7 @@ class ContentComparer final {
 
     void compareSection(FileGroup group, const ComparisonOrder& order, Section section,
                         BufferPool::Lease& lease, const Agreed& agreed, ContentVerdict& verdict);
+    void readAhead(AgreeingFiles& files, const ComparisonOrder& order, std::uint64_t to);
     [[nodiscard]] std::vector<FileGroup> compareInParallel(FileGroup group,
                                                            const ComparisonOrder& order,
                                                            std::vector<BufferPool::Lease>& leases,

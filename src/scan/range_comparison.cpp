@@ -115,14 +115,14 @@ void RangeComparison::compare(const FileGroup& group) {
     });
 }
 
-void RangeComparison::collect(std::uint64_t position, std::uint64_t to,
+void RangeComparison::collect(const AgreeingFiles& before, std::uint64_t to,
                               std::vector<AgreeingFiles>& into,
                               const std::function<void(FileGroup group)>& agreed) {
     const auto add = [&](std::uint64_t reached, FileGroup group) {
         if (group.size() > 1 && reached == to) {
             agreed(std::move(group));
         } else if (group.size() > 1) {
-            into.push_back({std::move(group), reached});
+            into.push_back({std::move(group), reached, before.readAheadTo});
         } else if (!context_.reader.control().stop()) {
             logIfChanged(group);
             context_.verdict.decided(group);
@@ -130,10 +130,10 @@ void RangeComparison::collect(std::uint64_t position, std::uint64_t to,
     };
     for (auto& [key, branches] : branches_) {
         for (Branch& branch : branches) {
-            add(position + branch.offset + branch.bytes.size(), std::move(branch.group));
+            add(before.position + branch.offset + branch.bytes.size(), std::move(branch.group));
         }
     }
-    add(position + range_.length, std::move(same_));
+    add(before.position + range_.length, std::move(same_));
 }
 
 /// Allocates whole slabs, so that no chunk reaches from one into the next. Returns their bytes.

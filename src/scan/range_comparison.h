@@ -37,6 +37,7 @@ struct Candidates {
 struct AgreeingFiles {
     FileGroup group;
     std::uint64_t position = 0;
+    std::uint64_t readAheadTo = 0;  ///< position up to which they are in the page cache, or will be
 };
 
 /// Compares one range of a group's files with that of a reference file, one of the group. A file
@@ -63,9 +64,9 @@ class RangeComparison final {
     void compare(const FileGroup& group);
 
     /// Calls `agreed` for the groups of two or more that have reached position `to`, and appends
-    /// the others, with the positions they have reached, to `into`. `position` is that at which
-    /// this range begins. Call at most once, after compare().
-    void collect(std::uint64_t position, std::uint64_t to, std::vector<AgreeingFiles>& into,
+    /// the others, with the positions they have reached, to `into`. `before` has the files as they
+    /// were before this range. Call at most once, after compare().
+    void collect(const AgreeingFiles& before, std::uint64_t to, std::vector<AgreeingFiles>& into,
                  const std::function<void(FileGroup group)>& agreed);
 
  private:

@@ -11,21 +11,31 @@ namespace {
 
 // If these are in the page cache, the others of a sweep are taken to be, too.
 constexpr std::size_t samples = 16;
+constexpr std::uint64_t smallBytes = 256 * 1024;
+// Files of up to these bytes are read whole if at most so many have their size.
+constexpr std::uint64_t pictureBytes = 8 * 1024 * 1024;
+constexpr std::size_t maxLikelyCopies = 4;
 
 }  // namespace
+
+std::uint64_t ReadAhead::bytesAFile(std::uint64_t fileSize, std::size_t fileCount) {
+    const bool isWhole = fileSize <= pictureBytes && fileCount <= maxLikelyCopies;
+    return isWhole ? fileSize : std::min(fileSize, smallBytes);
+}
 
 bool ReadAhead::isUsefulIn(const Directory& folder) {
     return folder.identity.inode != 0 && diskOf(folder.identity.device) != nullptr;
 }
 
-void ReadAhead::sweep(std::span<File* const> files) {
-    std::unordered_map<std::uint64_t, std::vector<const File*>> byDevice;
-    for (const File* file : files) {
-        if (isUsefulIn(*file->directory())) {
-            byDevice[file->directory()->identity.device].push_back(file);
+void ReadAhead::sweep(std::span<const Wanted> files) {
+    std::unordered_map<std::uint64_t, std::vector<Wanted>> byDevice;
+    for (const Wanted& wanted : files) {
+        const Directory& folder = *wanted.file->directory();
+        if (isUsefulIn(folder)) {
+            byDevice[folder.identity.device].push_back(wanted);
         }
     }
-    std::vector<std::pair<std::shared_ptr<Disk>, std::vector<const File*>>> disks;
+    std::vector<std::pair<std::shared_ptr<Disk>, std::vector<Wanted>>> disks;
     disks.reserve(byDevice.size());
     for (auto& [device, ofDevice] : byDevice) {
         disks.emplace_back(diskOf(device), std::move(ofDevice));
@@ -45,7 +55,7 @@ std::shared_ptr<ReadAhead::Disk> ReadAhead::diskOf(std::uint64_t device) {
     return disks_.emplace(device, std::move(disk)).first->second;
 }
 
-void ReadAhead::sweepDisk(Disk& disk, std::span<const File* const> files) {
+void ReadAhead::sweepDisk(Disk& disk, std::span<const Wanted> files) {
     const std::lock_guard lock(disk.sweeping);
     if (areCached(files)) {
         return;
@@ -54,17 +64,18 @@ void ReadAhead::sweepDisk(Disk& disk, std::span<const File* const> files) {
         if (!services_.control.mayGoOn()) {
             return;
         }
-        request(*located.file);
+        request(located.wanted);
     }
 }
 
-bool ReadAhead::areCached(std::span<const File* const> files) {
+bool ReadAhead::areCached(std::span<const Wanted> files) {
     const std::size_t step = std::max<std::size_t>(1, files.size() / samples);
     for (std::size_t number = 0; number < files.size(); number += step) {
-        const Result<Descriptor> opened = open(*files[number]);
+        const File& file = *files[number].file;
+        const Result<Descriptor> opened = open(file);
         std::array<std::byte, 1> byte{};
         if (opened) {
-            const IoWatch::Call call(services_.watch, *files[number]);
+            const IoWatch::Call call(services_.watch, file);
             const Result<std::size_t> cached = services_.fileSystem.readCachedAt(*opened, 0, byte);
             if (!cached || *cached == 0) {
                 return false;
@@ -75,18 +86,18 @@ bool ReadAhead::areCached(std::span<const File* const> files) {
 }
 
 /// The files that can be located, in the order in which they lie on the disk.
-std::vector<ReadAhead::Located> ReadAhead::locate(std::span<const File* const> files) {
+std::vector<ReadAhead::Located> ReadAhead::locate(std::span<const Wanted> files) {
     std::vector<Located> located;
     located.reserve(files.size());
-    for (const File* file : files) {
+    for (const Wanted& wanted : files) {
         if (!services_.control.mayGoOn()) {
             break;
         }
-        const Result<Descriptor> opened = open(*file);
+        const Result<Descriptor> opened = open(*wanted.file);
         if (opened) {
-            const IoWatch::Call call(services_.watch, *file);
+            const IoWatch::Call call(services_.watch, *wanted.file);
             if (const auto place = services_.fileSystem.placeOnDevice(*opened)) {
-                located.push_back({*place, file});
+                located.push_back({*place, wanted});
             }
         }
     }
@@ -103,11 +114,11 @@ Result<Descriptor> ReadAhead::open(const File& file) {
     return services_.fileSystem.openFile(path);
 }
 
-void ReadAhead::request(const File& file) {
-    const Result<Descriptor> opened = open(file);
+void ReadAhead::request(const Wanted& wanted) {
+    const Result<Descriptor> opened = open(*wanted.file);
     if (opened) {
-        const IoWatch::Call call(services_.watch, file);
-        services_.fileSystem.readAhead(*opened, std::min(file.fileSize(), bytesAFile));
+        const IoWatch::Call call(services_.watch, *wanted.file);
+        services_.fileSystem.readAhead(*opened, 0, wanted.bytes);
     }
 }
 

@@ -22,8 +22,17 @@ namespace tarvin {
 /// One sweep at a time goes over each disk. Any thread.
 class ReadAhead final {
  public:
-    /// Bytes read of each file: small files whole, and of large ones what a first comparison needs.
-    static constexpr std::uint64_t bytesAFile = 256 * 1024;
+    /// A file and how much of its beginning to read.
+    struct Wanted {
+        File* file = nullptr;
+        std::uint64_t bytes = 0;
+    };
+
+    /// Bytes that are read ahead of each file of a size class. Small files are read whole, and so
+    /// are pictures of a size that few others have: these are most likely copies. Of any other file
+    /// it is what a first comparison needs.
+    [[nodiscard]] static std::uint64_t bytesAFile(std::uint64_t fileSize, std::size_t fileCount);
+
     /// Bytes that the sweeps of a comparison should have, one after the other. The first are small,
     /// so that files are decided soon; the last one is repeated. They should fit into the page
     /// cache of any machine, twice: the next sweep begins while the files of the last are compared.
@@ -42,7 +51,7 @@ class ReadAhead final {
     /// when the requests are queued, soon after a stop, or at once if the files are in the page
     /// cache. Files that are not on a rotational disk are left out. May be called inside a task of
     /// the pool.
-    void sweep(std::span<File* const> files);
+    void sweep(std::span<const Wanted> files);
 
  private:
     /// A rotational disk.
@@ -52,15 +61,15 @@ class ReadAhead final {
 
     struct Located {
         std::uint64_t place = 0;  ///< bytes from the beginning of the device
-        const File* file = nullptr;
+        Wanted wanted;
     };
 
     [[nodiscard]] std::shared_ptr<Disk> diskOf(std::uint64_t device);
-    void sweepDisk(Disk& disk, std::span<const File* const> files);
-    [[nodiscard]] bool areCached(std::span<const File* const> files);
-    [[nodiscard]] std::vector<Located> locate(std::span<const File* const> files);
+    void sweepDisk(Disk& disk, std::span<const Wanted> files);
+    [[nodiscard]] bool areCached(std::span<const Wanted> files);
+    [[nodiscard]] std::vector<Located> locate(std::span<const Wanted> files);
     [[nodiscard]] Result<Descriptor> open(const File& file);
-    void request(const File& file);
+    void request(const Wanted& wanted);
 
     const ScanServices services_;
     std::mutex mutex_;

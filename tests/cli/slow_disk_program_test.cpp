@@ -40,5 +40,24 @@ TEST(SlowDisk, SmallFilesAreReadWithFewSeeks) {
     EXPECT_LT(statistics.seeks, files / 3U);
 }
 
+TEST(SlowDisk, LargeFilesAreReadInLongStretches) {
+    constexpr std::size_t bytes = 20'000'000;
+    SlowDisk disk([](const std::string& folder) {
+        for (const char* name : {"/one.mov", "/other.mov"}) {
+            std::ofstream(folder + name) << std::string(bytes, 'x');
+        }
+    });
+    if (!disk) {
+        return;
+    }
+    const ProgramResult result = runTarvin({"scan", "--format", "csv", disk.path()});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(std::count(result.output.begin(), result.output.end(), '\n'), 3);
+    const SlowDisk::Statistics statistics = disk.end();
+    EXPECT_GT(statistics.bytes, 2 * bytes);
+    // In turns of 256 KiB there would be 150.
+    EXPECT_LT(statistics.seeks, 70U);
+}
+
 }  // namespace
 }  // namespace tarvin

@@ -11,8 +11,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +22,14 @@ namespace tarvin {
 namespace {
 
 using Paths = std::vector<std::string>;
+
+Paths pathsOf(const std::vector<FaultyFileSystem::ReadAheadCall>& calls) {
+    Paths paths;
+    for (const FaultyFileSystem::ReadAheadCall& call : calls) {
+        paths.push_back(call.path);
+    }
+    return paths;
+}
 
 /// Files at set places of a rotational disk. Nothing counts as cached.
 class ReadAheadTest : public testing::Test {
@@ -45,8 +55,12 @@ class ReadAheadTest : public testing::Test {
     }
 
     Paths sweep() {
-        readAhead_.sweep(files_);
-        return fileSystem_.readAheadFiles();
+        std::vector<ReadAhead::Wanted> wanted;
+        for (File* const file : files_) {
+            wanted.push_back({file, 5});
+        }
+        readAhead_.sweep(wanted);
+        return pathsOf(fileSystem_.readAheadCalls());
     }
 
     FaultyFileSystem fileSystem_;
@@ -63,6 +77,22 @@ TEST_F(ReadAheadTest, ReadsInTheOrderOfTheDisk) {
     const std::string first = add("b", 4096);
     const std::string middle = add("c", 8192);
     EXPECT_EQ(sweep(), (Paths{first, middle, last}));
+}
+
+TEST_F(ReadAheadTest, ReadsAsMuchAsIsWanted) {
+    const std::string path = add("a", 1);
+    sweep();
+    EXPECT_EQ(fileSystem_.readAheadCalls(),
+              (std::vector<FaultyFileSystem::ReadAheadCall>{{path, 0, 5}}));
+}
+
+TEST(ReadAheadOfAFile, IsWholeForSmallFilesAndLikelyCopies) {
+    constexpr std::uint64_t mebi = 1024 * 1024;
+    EXPECT_EQ(ReadAhead::bytesAFile(1000, 1000), 1000U);
+    EXPECT_EQ(ReadAhead::bytesAFile(mebi / 4, 1000), mebi / 4);
+    EXPECT_EQ(ReadAhead::bytesAFile(8 * mebi, 4), 8 * mebi);
+    EXPECT_EQ(ReadAhead::bytesAFile(8 * mebi, 5), mebi / 4);
+    EXPECT_EQ(ReadAhead::bytesAFile(8 * mebi + 1, 2), mebi / 4);
 }
 
 TEST_F(ReadAheadTest, LeavesOutWhatIsGone) {
@@ -134,8 +164,120 @@ TEST(ComparisonOnARotationalDisk, ReadsAheadInTheOrderOfTheDiskAndFindsAllSets) 
     for (const auto& [place, path] : byPlace) {
         expected.push_back(path);
     }
-    EXPECT_EQ(fileSystem.readAheadFiles(), expected);
+    EXPECT_EQ(pathsOf(fileSystem.readAheadCalls()), expected);
     EXPECT_EQ(fixture.processed(), 2U * pairs);
+}
+
+/// Large files on a rotational disk, of which nothing counts as cached. They are sparse.
+class StretchesOfLargeFiles : public testing::Test {
+ protected:
+    StretchesOfLargeFiles() {
+        fileSystem_.setRotational(true);
+        fileSystem_.failCall(FileCall::readCachedAt, FaultyFileSystem::each, EAGAIN);
+    }
+
+    /// A file of `size` zeros, but for a byte at `place` if there is one.
+    std::string add(const std::string& name, std::uint64_t size,
+                    std::optional<std::uint64_t> place = std::nullopt) {
+        const std::string path = fixture_.folder().writeFile(name, "");
+        std::filesystem::resize_file(path, size);
+        if (place) {
+            std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+            file.seekp(static_cast<std::streamoff>(*place));
+            file.put('x');
+        }
+        fixture_.addPath(path, size);
+        return path;
+    }
+
+    /// The bytes that were read ahead of the file.
+    [[nodiscard]] std::uint64_t readAheadOf(const std::string& path) const {
+        std::uint64_t bytes = 0;
+        for (const FaultyFileSystem::ReadAheadCall& call : fileSystem_.readAheadCalls()) {
+            bytes += call.path == path ? call.bytes : 0;
+        }
+        return bytes;
+    }
+
+    static constexpr std::uint64_t mebi = 1024 * 1024;
+    static constexpr std::uint64_t edges = 2 * ComparisonOrder::edgeBytes;
+
+    FaultyFileSystem fileSystem_;
+    ComparisonFixture fixture_{fileSystem_};
+};
+
+TEST_F(StretchesOfLargeFiles, GoThroughEachFileOnceAndInOrder) {
+    const std::string one = add("one.mov", 60 * mebi);
+    const std::string other = add("other.mov", 60 * mebi);
+    fixture_.find();
+    std::map<std::string, std::uint64_t> ends{{one, edges / 2}, {other, edges / 2}};
+    std::size_t turns = 0;
+    std::string last;
+    for (const FaultyFileSystem::ReadAheadCall& call : fileSystem_.readAheadCalls()) {
+        EXPECT_EQ(call.offset, ends[call.path]) << call.path;
+        ends[call.path] = call.offset + call.bytes;
+        turns += call.path == last ? 0U : 1U;
+        last = call.path;
+    }
+    EXPECT_EQ(ends[one], 60 * mebi - edges / 2);
+    EXPECT_EQ(ends[other], 60 * mebi - edges / 2);
+    // 2, 8 and 32 MiB, and the rest.
+    EXPECT_EQ(turns, 8U);
+}
+
+TEST_F(StretchesOfLargeFiles, AreShortAtFirst) {
+    const std::string one = add("one.mov", 60 * mebi, mebi);
+    const std::string other = add("other.mov", 60 * mebi);
+    fixture_.find();
+    EXPECT_EQ(readAheadOf(one), 2 * mebi);
+    EXPECT_EQ(readAheadOf(other), 2 * mebi);
+}
+
+TEST_F(StretchesOfLargeFiles, AreNotMadeOfFilesThatDifferAtTheirEnds) {
+    const std::string one = add("one.mov", 60 * mebi, 60 * mebi - 1);
+    const std::string other = add("other.mov", 60 * mebi);
+    fixture_.find();
+    EXPECT_EQ(readAheadOf(one), 0U);
+}
+
+TEST_F(StretchesOfLargeFiles, AreNotMadeOfAFileThatHasLeftTheGroup) {
+    const std::string different = add("a.mov", 60 * mebi, mebi);
+    const std::string one = add("b.mov", 60 * mebi);
+    const std::string other = add("c.mov", 60 * mebi);
+    fixture_.find();
+    EXPECT_EQ(readAheadOf(different), 2 * mebi);
+    EXPECT_EQ(readAheadOf(one), 60 * mebi - edges);
+    EXPECT_EQ(readAheadOf(other), 60 * mebi - edges);
+}
+
+TEST_F(StretchesOfLargeFiles, AreBoundedForAllFilesOfAGroup) {
+    std::vector<std::string> paths;
+    for (int number = 0; number < 10; ++number) {
+        paths.push_back(add(std::to_string(number) + ".mov", 20 * mebi));
+    }
+    fixture_.find();
+    for (const std::string& path : paths) {
+        EXPECT_EQ(readAheadOf(path), 20 * mebi - edges);
+    }
+    std::uint64_t most = 0;
+    const auto calls = fileSystem_.readAheadCalls();
+    for (std::size_t number = 0; number < calls.size();) {
+        std::uint64_t stretch = 0;
+        const std::string path = calls[number].path;
+        for (; number < calls.size() && calls[number].path == path; ++number) {
+            stretch += calls[number].bytes;
+        }
+        most = std::max(most, stretch);
+    }
+    EXPECT_LE(most, 64 * mebi / 10);
+}
+
+TEST_F(StretchesOfLargeFiles, AreNotMadeOnOtherDevices) {
+    fileSystem_.setRotational(false);
+    add("one.mov", 20 * mebi);
+    add("other.mov", 20 * mebi);
+    fixture_.find();
+    EXPECT_TRUE(fileSystem_.readAheadCalls().empty());
 }
 
 }  // namespace

@@ -101,7 +101,7 @@ void FaultyFileSystem::setPlace(const std::string& path, std::uint64_t place) {
     places_[path] = place;
 }
 
-std::vector<std::string> FaultyFileSystem::readAheadFiles() const {
+std::vector<FaultyFileSystem::ReadAheadCall> FaultyFileSystem::readAheadCalls() const {
     const std::lock_guard lock(mutex_);
     return readAhead_;
 }
@@ -330,13 +330,14 @@ std::optional<std::uint64_t> FaultyFileSystem::placeOnDevice(const Descriptor& f
     return real_.placeOnDevice(open->real);
 }
 
-void FaultyFileSystem::readAhead(const Descriptor& file, std::uint64_t bytes) {
+void FaultyFileSystem::readAhead(const Descriptor& file, std::uint64_t offset,
+                                 std::uint64_t bytes) {
     const std::shared_ptr<Open> open = find(file);
     {
         const std::lock_guard lock(mutex_);
-        readAhead_.push_back(open->path);
+        readAhead_.push_back({open->path, offset, bytes});
     }
-    real_.readAhead(open->real, bytes);
+    real_.readAhead(open->real, offset, bytes);
 }
 
 bool FaultyFileSystem::isPseudoFileSystem(std::uint64_t device) {

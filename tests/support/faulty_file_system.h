@@ -105,8 +105,15 @@ class FaultyFileSystem final : public FileSystem {
     [[nodiscard]] std::uint64_t opens(const std::string& path) const;
     /// All paths passed to openFile(), sorted, without repetitions.
     [[nodiscard]] std::vector<std::string> openedFiles() const;
-    /// The paths of the files that were read ahead, in the order of the calls.
-    [[nodiscard]] std::vector<std::string> readAheadFiles() const;
+    /// A call of readAhead().
+    struct ReadAheadCall {
+        std::string path;
+        std::uint64_t offset = 0;
+        std::uint64_t bytes = 0;
+        bool operator==(const ReadAheadCall&) const = default;
+    };
+    /// The calls of readAhead(), in their order.
+    [[nodiscard]] std::vector<ReadAheadCall> readAheadCalls() const;
     /// Bytes returned by readAt() and readCachedAt() of the file opened by this path.
     [[nodiscard]] std::uint64_t bytesRead(const std::string& path) const;
     /// Bytes returned by readAt() and readCachedAt() of all files.
@@ -137,7 +144,7 @@ class FaultyFileSystem final : public FileSystem {
     void disableReadAhead(const Descriptor& file) override;
     /// That of setPlace(), or the real one.
     std::optional<std::uint64_t> placeOnDevice(const Descriptor& file) override;
-    void readAhead(const Descriptor& file, std::uint64_t bytes) override;
+    void readAhead(const Descriptor& file, std::uint64_t offset, std::uint64_t bytes) override;
     bool isPseudoFileSystem(std::uint64_t device) override;
     bool isRotational(std::uint64_t device) override;
     /// Those of setMountedFolders(), or the real ones.
@@ -219,7 +226,7 @@ class FaultyFileSystem final : public FileSystem {
     std::unordered_map<std::string, Timestamp> created_;
     std::unordered_map<std::string, FileIdentity> identities_;
     std::unordered_map<std::string, std::uint64_t> places_;
-    std::vector<std::string> readAhead_;
+    std::vector<ReadAheadCall> readAhead_;
     std::unordered_map<std::string, std::uint64_t> invented_;  // by folder
     ListingOrder order_ = ListingOrder::asListed;
     std::uint64_t seed_ = 0;

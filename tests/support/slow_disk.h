@@ -13,9 +13,10 @@
 
 namespace tarvin {
 
-/// An ext4 volume of 64 MiB on a simulated disk with one arm, which says that it rotates. It counts
-/// seeks, but does not wait for them. Unmounted on destruction. Where mounting is refused, the
-/// object is false, and the test is reported as skipped.
+/// An ext4 volume of 64 MiB on a simulated disk with one arm, which says that it rotates, with the
+/// kernel's usual read-ahead of 128 KiB. It counts seeks, but does not wait for them. Unmounted on
+/// destruction. Where mounting is refused, the object is false, and the test is reported as
+/// skipped.
 class SlowDisk final {
  public:
     struct Statistics {
@@ -63,7 +64,8 @@ class SlowDisk final {
         return run(std::string(TARVIN_SIMULATED_DISK) +
                    " image served --fast --statistics figures && "
                    "losetup --find --show served/disk > device && "
-                   "echo 1 > /sys/block/$(basename $(cat device))/queue/rotational && "
+                   "queue=/sys/block/$(basename $(cat device))/queue && "
+                   "echo 1 > $queue/rotational && echo 128 > $queue/read_ahead_kb && "
                    "mount $(cat device) volume");
     }
 

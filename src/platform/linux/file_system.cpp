@@ -253,12 +253,12 @@ class LinuxFileSystem final : public FileSystem {
                                                     : std::nullopt;
     }
 
-    void readAhead(const Descriptor& file, std::uint64_t bytes) override {
+    void readAhead(const Descriptor& file, std::uint64_t offset, std::uint64_t bytes) override {
         // The kernel cuts one request down to its own read-ahead, on most disks 128 KiB.
         constexpr std::uint64_t bytesARequest = 128 * 1024;
-        for (std::uint64_t offset = 0; offset < bytes; offset += bytesARequest) {
+        for (const std::uint64_t end = offset + bytes; offset < end; offset += bytesARequest) {
             ::posix_fadvise(file.number(), static_cast<off_t>(offset),
-                            static_cast<off_t>(std::min(bytesARequest, bytes - offset)),
+                            static_cast<off_t>(std::min(bytesARequest, end - offset)),
                             POSIX_FADV_WILLNEED);
         }
     }
