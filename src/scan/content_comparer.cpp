@@ -16,11 +16,11 @@ constexpr std::uint64_t minSharedBytes = 4 * 1024 * 1024;
 constexpr std::uint64_t maxSectionBytes = 8 * 1024 * 1024;
 constexpr std::size_t maxSections = 8;
 // Bytes that are read of one file on a rotational disk before the arm goes to the next one. The
-// first stretch is short, because most files that differ do so early; a later one is this many
-// times what was compared before it. At the most, two files need 180 ms for a stretch and 13 ms for
+// first stretch is short, because most files that differ do so early; the next one is this many
+// times as long. At the most, two files need 180 ms for a stretch and 13 ms for
 // the way to it. The stretches of all files of a group wait in the page cache.
 constexpr std::uint64_t minStretchBytes = 2 * 1024 * 1024;
-constexpr std::uint64_t stretchGrowth = 4;
+constexpr std::uint64_t stretchGrowth = 16;
 constexpr std::uint64_t maxStretchesBytes = 64 * 1024 * 1024;
 
 /// Splits each group into the parts whose files are also together in one group of `parts`.
