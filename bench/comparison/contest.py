@@ -16,6 +16,25 @@ WARM = "warm"
 COLD = "cold"
 
 
+class Caches:
+    """Brings the caches into a known state before each run. A warm run is prepared anew each time,
+    because some programs tell the system to forget what they have read. `warmer` is a program that
+    reads every file that a finder may read."""
+
+    def __init__(self, watch, folder, warmer, limit):
+        self._watch = watch
+        self._folder = folder
+        self._warmer = warmer
+        self._limit = limit
+
+    def prepare(self, mode):
+        """Before one run."""
+        if mode == COLD:
+            drop_caches()
+        else:
+            self._watch.run(self._warmer, self._folder, self._limit)
+
+
 class Refusal(Exception):
     """The comparison cannot continue; the text is the reason."""
 
@@ -50,16 +69,19 @@ class Entry:
 
 
 class Contest:
-    """All programs on one tree. The first of `entries` is tarvin. `warmer` is a program that reads
-    every file that a finder may read."""
+    """All programs on one tree. The first of `entries` is tarvin. `state` has a method prepare(mode),
+    called before each run; a peer slower than tarvin by the factor `patience` is not run further."""
 
-    def __init__(self, watch, corpus, programs, warmer, limit):
+    def __init__(self, watch, corpus, programs, state, limit, patience=TIMES_OURS):
         self._watch = watch
-        self._warmer = warmer
+        self._state = state
         self._limit = limit
+        self._patience = patience
         self.corpus = corpus
         self.entries = [Entry(program) for program in programs]
         self.rounds = {WARM: 0, COLD: 0}  # begun
+        self._mode = WARM  # of check()
+        self._counts = False
         self.judged_by = []
         self.sets = 0
 
@@ -68,9 +90,11 @@ class Contest:
         """The entry of tarvin."""
         return self.entries[0]
 
-    def check(self):
-        """Runs each program once, untimed, and compares the results. Raises Refusal if our sets are not
-        those of the programs that compare byte for byte."""
+    def check(self, mode=WARM, counts=False):
+        """Runs each program once and compares the results. Raises Refusal if our sets are not those of
+        the programs that compare byte for byte. The run is a timed one only if it `counts`."""
+        self._mode = mode
+        self._counts = counts
         expected, our_wall = self._check_ours()
         judges = [entry for entry in self.entries if entry.program.judges]
         others = [e for e in self.entries[1:] if e not in judges]
@@ -92,7 +116,7 @@ class Contest:
         for number in range(rounds):
             if number > 0 and time.monotonic() > deadline:
                 break
-            self.rounds[mode] = number + 1
+            self.rounds[mode] += 1
             start = number % len(entries)
             for entry in entries[start:] + entries[:start]:
                 if not entry.is_out:
@@ -100,9 +124,10 @@ class Contest:
 
     def _check_ours(self):
         """Returns the sets of tarvin and the seconds of its run."""
-        run = self._run(self.ours.program, self._limit)
+        run = self._run(self.ours.program, self._limit, self._mode)
         if run is None or run.status != 0:
             raise Refusal(f"our own run failed: {failure_text(run, self._limit)}")
+        self._keep(self.ours, run)
         text = self._watch.text(self.ours.program)
         collected = collected_by_tarvin(text)
         if collected != self.corpus.files:
@@ -113,7 +138,7 @@ class Contest:
 
     def _check_other(self, entry, expected, limit, slow):
         """Runs one other program and compares its sets with those of tarvin."""
-        run = self._run(entry.program, limit)
+        run = self._run(entry.program, limit, self._mode)
         if run is None:
             entry.stopped_after = limit
             return
@@ -125,6 +150,13 @@ class Contest:
             self._compare(entry, found, expected)
         if entry.program.is_peer and run.wall > slow:
             entry.too_slow = run.wall
+        self._keep(entry, run)
+
+    def _keep(self, entry, run):
+        """Keeps a run of check(), if it counts."""
+        if self._counts:
+            self.rounds[self._mode] = 1
+            entry.runs[self._mode].append(run)
 
     def _compare(self, entry, found, expected):
         """Notes whether a program found our sets. With a judge, another result ends it all."""
@@ -151,18 +183,14 @@ class Contest:
         if entry is self.ours and entry.is_out:
             raise Refusal(f"our own run failed: {failure_text(run, limit)}")
 
-    def _run(self, program, limit, mode=WARM):
-        """One run from a known state of the caches. A warm one is prepared anew each time, because
-        some programs tell the system to forget what they have read."""
-        if mode == COLD:
-            drop_caches()
-        else:
-            self._watch.run(self._warmer, self.corpus.folder, self._limit)
+    def _run(self, program, limit, mode):
+        """One run from a known state."""
+        self._state.prepare(mode)
         return self._watch.run(program, self.corpus.folder, limit)
 
     def _slow_limit(self, our_wall):
         """Returns the time limit for a peer, in seconds."""
-        return min(self._limit, max(LEAST_LIMIT, TIMES_OURS * our_wall))
+        return min(self._limit, max(LEAST_LIMIT, self._patience * our_wall))
 
 
 def failure_text(run, limit):

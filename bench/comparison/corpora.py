@@ -56,16 +56,20 @@ class CorpusMaker:
         """The tree `name` of a kind, for a `with` block. Removed afterwards unless trees are kept, so
         that there is only one on the disk at a time."""
         folder = self._work / name
-        command = [self._make_corpus, "--kind", kind, "--seed", str(SEED), "--out", str(folder)]
         try:
-            made = subprocess.run(command + list(options), stdout=subprocess.PIPE, text=True,
-                                  check=True)
-            os.sync()  # or write-back would disturb the first runs
-            counts = dict(line.split() for line in made.stdout.splitlines())
-            yield Corpus(folder, *(int(counts[key]) for key in ("files", "folders", "bytes")))
+            yield write(self._make_corpus, folder, kind, *options)
         finally:
             if not self._keep:
                 remove(folder)
+
+
+def write(make_corpus, folder, kind, *options):
+    """Makes the tree of a kind in a new folder and returns it."""
+    command = [str(make_corpus), "--kind", kind, "--seed", str(SEED), "--out", str(folder)]
+    made = subprocess.run(command + list(options), stdout=subprocess.PIPE, text=True, check=True)
+    os.sync()  # or write-back would disturb the first runs
+    counts = dict(line.split() for line in made.stdout.splitlines())
+    return Corpus(folder, *(int(counts[key]) for key in ("files", "folders", "bytes")))
 
 
 def remove(folder):

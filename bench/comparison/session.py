@@ -9,7 +9,7 @@ from dataclasses import dataclass, field
 from datetime import datetime, timezone
 
 from . import growth, machine, programs, report, timing
-from .contest import COLD, WARM, Contest, Refusal
+from .contest import COLD, WARM, Caches, Contest, Refusal
 from .corpora import KINDS, CorpusMaker
 from .peer_root import PeerRoot
 from .report import rounds_text
@@ -126,7 +126,8 @@ class Session:
         scale = kind.quick_scale if self._options.quick else 1
         self._say(f"{kind.name}: making it")
         with self._maker.made(kind.name, kind.name, "--scale", str(scale)) as corpus:
-            contest = Contest(self._watch, corpus, self._setting.programs, self._floors[0],
+            caches = Caches(self._watch, corpus.folder, self._floors[0], self._extent.limit)
+            contest = Contest(self._watch, corpus, self._setting.programs, caches,
                               self._extent.limit)
             self._say(f"{kind.name}: comparing what is found")
             contest.check()

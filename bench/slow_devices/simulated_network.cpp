@@ -8,7 +8,7 @@
 
 #define FUSE_USE_VERSION 312
 
-#include "devices/background.h"
+#include "slow_devices/background.h"
 
 #include <CLI/CLI.hpp>
 #include <dirent.h>

@@ -12,9 +12,9 @@
 
 #define FUSE_USE_VERSION 312
 
-#include "devices/background.h"
-#include "devices/precise_sleep.h"
-#include "devices/seek_model.h"
+#include "slow_devices/background.h"
+#include "slow_devices/precise_sleep.h"
+#include "slow_devices/seek_model.h"
 
 #include <CLI/CLI.hpp>
 #include <fcntl.h>

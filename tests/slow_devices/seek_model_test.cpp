@@ -1,4 +1,4 @@
-#include "devices/seek_model.h"
+#include "slow_devices/seek_model.h"
 
 #include <gtest/gtest.h>
 
