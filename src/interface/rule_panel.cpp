@@ -1,5 +1,6 @@
 #include "interface/rule_panel.h"
 
+#include "controls/control_group.h"
 #include "controls/elided_label.h"
 #include "controls/glyph_button.h"
 #include "controls/hover_button.h"
@@ -32,7 +33,7 @@ QWidget* makeDivider() {
 
 RulePanel::RulePanel(QWidget* parent)
     : DialogPanel(designGeometry.size(), "markByRuleHeader", parent),
-      ruleGroup(named(new QWidget, "ruleGroup")),
+      ruleGroup(named(new ControlGroup, "ruleGroup")),
       ruleFirst(named(new RadioButton(tr("The first found"), ruleGroup), "ruleFirst")),
       ruleNewest(named(new RadioButton(tr("The newest"), ruleGroup), "ruleNewest")),
       ruleOldest(named(new RadioButton(tr("The oldest"), ruleGroup), "ruleOldest")),

@@ -6,6 +6,7 @@
 
 namespace tarvin {
 
+class ControlGroup;
 class ElidedLabel;
 class FolderList;
 class GlyphButton;
@@ -24,7 +25,7 @@ class RulePanel final : public DialogPanel {
 
     explicit RulePanel(QWidget* parent);
 
-    QWidget* const ruleGroup;  ///< the parent of the rules
+    ControlGroup* const ruleGroup;  ///< the parent of the rules
     RadioButton* const ruleFirst;
     RadioButton* const ruleNewest;
     RadioButton* const ruleOldest;

@@ -106,7 +106,8 @@ TEST_F(AccessibleControlsTest, OfTheNoticeOfUnreadableFiles) {
 
 TEST_F(AccessibleControlsTest, OfMarkByRule) {
     show(window.markByRuleWindow);
-    expectTold({{"ruleFirst", QAccessible::RadioButton, "The first found", "focused checked"},
+    expectTold({{"ruleGroup", QAccessible::Grouping, "Keep in each set"},
+                {"ruleFirst", QAccessible::RadioButton, "The first found", "focused checked"},
                 {"ruleNewest", QAccessible::RadioButton, "The newest"},
                 {"ruleOldest", QAccessible::RadioButton, "The oldest"},
                 {"ruleShortest", QAccessible::RadioButton, "The shortest path"},
@@ -122,6 +123,19 @@ TEST_F(AccessibleControlsTest, OfMarkByRule) {
                 {"protectedRemove", QAccessible::Button, "Remove protected folder"},
                 {"ruleCancel", QAccessible::Button, "Cancel"},
                 {"ruleMark", QAccessible::Button, "Mark"}});
+}
+
+/// The role "client" means that Qt knows nothing about a control.
+TEST_F(AccessibleControlsTest, EveryControlWithANameHasARole) {
+    int withNames = 0;
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        if (!widget->accessibleName().isEmpty()) {
+            ++withNames;
+            const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(widget);
+            EXPECT_NE(told->role(), QAccessible::Client) << widget->objectName().toStdString();
+        }
+    }
+    EXPECT_GE(withNames, 60);
 }
 
 TEST_F(AccessibleControlsTest, OfTheExceptions) {
