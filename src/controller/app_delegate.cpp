@@ -90,8 +90,8 @@ void AppDelegate::makeResultTasks() {
     markByRule_ =
         std::make_unique<MarkByRuleTask>(*results_, window_, *surroundings_.panels,
                                          surroundings_.settings, session_.platform.fileSystem());
-    preview_ = std::make_unique<Preview>(session_, *results_, window_, surroundings_.desktop,
-                                         surroundings_.previewProgram);
+    preview_ =
+        std::make_unique<Preview>(session_, *results_, window_, surroundings_.previewProgram);
     views_ = std::make_unique<ResultViews>(session_, *results_, window_, information_, *marking_,
                                            *preview_, window_.loading());
     exceptions_ = std::make_unique<ExceptionsTask>(session_, *results_, window_,

@@ -39,6 +39,8 @@ FileActions::FileActions(Session& session, Results& results, MainWindow& window,
     connect(&poll_, &QTimer::timeout, this, &FileActions::takeNews);
     connect(window_.results->resultTable, &ResultTable::menuRequested, this,
             &FileActions::popUpMenu);
+    connect(window_.results->resultTable, &ResultTable::doubleClick, this,
+            &FileActions::doubleClick);
     const FileMenu& menu = *window_.results->fileMenu;
     const auto onTrigger = [this](QAction* item, void (FileActions::*action)()) {
         connect(item, &QAction::triggered, this, action);
@@ -68,8 +70,8 @@ int FileActions::row() const {
     return window_.results->resultTable->selectedRow();
 }
 
-void FileActions::withPresentFile(std::function<void(const std::string& path)> act) {
-    const std::shared_ptr<File> file = results_.files().fileAt(row());
+void FileActions::withPresentFile(int row, std::function<void(const std::string& path)> act) {
+    const std::shared_ptr<File> file = results_.files().fileAt(row);
     if (file == nullptr) {
         return;
     }
@@ -100,12 +102,16 @@ void FileActions::takeNews() {
     }
 }
 
+void FileActions::doubleClick(int row) {
+    withPresentFile(row, [this](const std::string& path) { desktop_.openPath(path); });
+}
+
 void FileActions::open() {
-    withPresentFile([this](const std::string& path) { desktop_.openPath(path); });
+    doubleClick(row());
 }
 
 void FileActions::openFolder() {
-    withPresentFile([this](const std::string& path) { desktop_.showInFolder(path); });
+    withPresentFile(row(), [this](const std::string& path) { desktop_.showInFolder(path); });
 }
 
 void FileActions::copyPath() {

@@ -17,7 +17,8 @@ namespace tarvin {
 
 class MainWindow;
 
-/// What the menu of a file does, and its keys. Owned by AppDelegate. Main thread only.
+/// What the menu of a file does, its keys and a double click. Owned by AppDelegate. Main thread
+/// only.
 class FileActions final : public QObject {
     Q_OBJECT
 
@@ -29,10 +30,15 @@ class FileActions final : public QObject {
     /// Opens the menu of a row of the list at `position` of the screen.
     void popUpMenu(int row, const QPoint& position);
 
+    /// Opens the file of a row in its default application; does nothing if there is no such row. A
+    /// double click and Return do that. Fails silently, except that it reports a file that is gone.
+    /// That is tested on a background thread, because its volume may not respond; only the last
+    /// request counts, and none after the result was left.
+    void doubleClick(int row);
+
     // The items, for the selected row. Without one they do nothing.
 
-    /// Both report a file that is gone. That is tested on a background thread, because its volume
-    /// may not respond; only the last request counts, and none after the result was left.
+    /// Both report a file that is gone, as doubleClick() does.
     void open();
     void openFolder();
     /// Copies the path to the clipboard.
@@ -44,8 +50,8 @@ class FileActions final : public QObject {
 
  private:
     [[nodiscard]] int row() const;
-    /// Calls `act` with the path of the selected file when it is known that the file is there.
-    void withPresentFile(std::function<void(const std::string& path)> act);
+    /// Calls `act` with the path of the file of `row` when it is known that the file is there.
+    void withPresentFile(int row, std::function<void(const std::string& path)> act);
     void takeNews();
 
     Session& session_;

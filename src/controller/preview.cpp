@@ -8,20 +8,13 @@
 #include "interface/main_window.h"
 #include "interface/property_text.h"
 #include "interface/result_screen.h"
-#include "interface/result_table.h"
 
 #include <utility>
 
 namespace tarvin {
 
-Preview::Preview(Session& session, Results& results, MainWindow& window, Desktop& desktop,
-                 QString previewProgram)
-    : session_(session),
-      results_(results),
-      window_(window),
-      desktop_(desktop),
-      pictures_(std::move(previewProgram)) {
-    connect(window_.results->resultTable, &ResultTable::doubleClick, this, &Preview::doubleClick);
+Preview::Preview(Session& session, Results& results, MainWindow& window, QString previewProgram)
+    : session_(session), results_(results), window_(window), pictures_(std::move(previewProgram)) {
     connect(&pictures_, &ImagePreview::measured, this, &Preview::measured);
     connect(&pictures_, &ImagePreview::ready, window_.results->imView, &ImageView::setImage);
 }
@@ -56,12 +49,6 @@ void Preview::clear() {
     window_.results->imView->setImage({});
     window_.results->selectedPath->setText({});
     window_.results->textField->setText({});
-}
-
-void Preview::doubleClick(int row) {
-    if (const std::shared_ptr<File> file = results_.files().fileAt(row)) {
-        desktop_.openPath(file->filePath());
-    }
 }
 
 void Preview::measured(QSize size) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "controller/desktop.h"
 #include "controller/image_preview.h"
 #include "controller/results.h"
 #include "controller/session.h"
@@ -25,18 +24,13 @@ class Preview final : public QObject {
  public:
     /// The referenced objects must outlive this one. `previewProgram` is the path of the preview
     /// program.
-    Preview(Session& session, Results& results, MainWindow& window, Desktop& desktop,
-            QString previewProgram);
+    Preview(Session& session, Results& results, MainWindow& window, QString previewProgram);
 
     /// Shows the placeholder, and the preview as soon as it is ready, if there is one.
     void showSelectedImage(const std::string& path);
     /// In the image view the dimensions are included once they are known.
     void showSelecteImageProperty(const std::string& path);
     void clear();
-
-    /// Opens the file of a row in its default application. Fails silently; does nothing if there is
-    /// no such row.
-    void doubleClick(int row);
 
  private:
     void measured(QSize size);
@@ -45,7 +39,6 @@ class Preview final : public QObject {
     Session& session_;
     Results& results_;
     MainWindow& window_;
-    Desktop& desktop_;
     ImagePreview pictures_;
     std::string path_;  ///< of the file shown
     QSizeF size_;       ///< of its image; empty while unknown

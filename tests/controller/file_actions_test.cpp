@@ -101,6 +101,30 @@ TEST_F(FileActionsTest, ReportsAFileThatIsGone) {
     EXPECT_TRUE(desktop.shownInFolder.empty());
 }
 
+TEST_F(FileActionsTest, ADoubleClickAndReturnReportAFileThatIsGone) {
+    std::filesystem::remove(found("b2.jpg"));
+    const Lines gone{"Information", "The file is not there any more.", "", ""};
+    table().selectFile(1);
+    QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, cellOf(1));
+    EXPECT_TRUE(comesTrue([&] { return information() == gone; }));
+    click("scanInforOKBtn");
+    EXPECT_EQ(window().focusWidget(), &table());
+    QTest::keyClick(&table(), Qt::Key_Return);
+    EXPECT_TRUE(comesTrue([&] { return information() == gone; }));
+    EXPECT_TRUE(desktop.paths.empty());
+}
+
+TEST_F(FileActionsTest, ADoubleClickOnAVolumeThatDoesNotRespondDoesNotHoldTheWindow) {
+    Barrier barrier;
+    table().selectFile(1);
+    files.beforeCall(FileCall::attributesAtPath, 1, [&] { barrier.wait(); }, "b2.jpg");
+    QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, cellOf(1));
+    ASSERT_TRUE(comesTrue([&] { return barrier.isReached(); }));
+    EXPECT_TRUE(desktop.paths.empty());
+    barrier.open();
+    EXPECT_TRUE(comesTrue([this] { return desktop.paths == Lines{found("b2.jpg")}; }));
+}
+
 TEST_F(FileActionsTest, AVolumeThatDoesNotRespondDoesNotHoldTheWindow) {
     Barrier barrier;
     openMenuOf(1);

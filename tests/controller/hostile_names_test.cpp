@@ -150,6 +150,7 @@ TEST_F(HostileNames, AreOpenedByTheirBytes) {
     const QPoint position = table().visualRect(list().index(1, ResultTable::nameText)).center();
     QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, position);
     QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, position);
+    ASSERT_TRUE(comesTrue([this] { return !desktop.paths.empty(); }));
     EXPECT_EQ(desktop.paths, Lines{second});
 }
 

@@ -229,21 +229,19 @@ TEST_F(PreviewTest, KeepsItsRowWhenOthersLeaveTheList) {
 }
 
 TEST_F(PreviewTest, ADoubleClickOpensTheFileOfItsRow) {
-    doubleClickFile(1);
-    EXPECT_EQ(desktop.paths, std::vector<std::string>{pathOf("a2.png")});
-    EXPECT_EQ(textOf("selectedPath"), "Path: " + pathOf("a2.png"));
     const QPoint beside(20, table().viewport()->height() - 4);
     QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, beside);
-    delegate->preview().doubleClick(-1);
-    EXPECT_EQ(desktop.paths.size(), 1U);
+    doubleClickFile(1);
+    ASSERT_TRUE(comesTrue([this] { return !desktop.paths.empty(); }));
+    EXPECT_EQ(desktop.paths, std::vector<std::string>{pathOf("a2.png")});
+    EXPECT_EQ(textOf("selectedPath"), "Path: " + pathOf("a2.png"));
 }
 
 TEST_F(PreviewTest, FailingToOpenAFileIsSilent) {
     desktop.opensPaths = false;
     doubleClickFile(0);
-    std::filesystem::remove(pathOf("a2.png"));
-    doubleClickFile(1);
-    EXPECT_EQ(desktop.paths, (std::vector<std::string>{pathOf("a1.png"), pathOf("a2.png")}));
+    ASSERT_TRUE(comesTrue([this] { return !desktop.paths.empty(); }));
+    EXPECT_EQ(desktop.paths, std::vector<std::string>{pathOf("a1.png")});
     EXPECT_TRUE(alerts.shown.empty());
     EXPECT_EQ(information(), Lines());
     EXPECT_EQ(list().rowCount(), 2);
