@@ -110,7 +110,7 @@ void ExceptionListTask::hide() {
     tester_.stop();
     window_.exceptionListWindow->hide();
     window_.covers().removeFirst();
-    rows_.setPaths({});
+    rows_.clear();
 }
 
 void ExceptionListTask::takeNews() {

@@ -43,8 +43,17 @@ void ExceptionRows::setPaths(std::vector<std::string> paths) {
     if (sortedBy_ == folder) {
         groupByFolders();
     }
+    if (isReversed_) {
+        std::reverse(order_.begin(), order_.end());
+    }
     shown_ = order_;
     endResetModel();
+}
+
+void ExceptionRows::clear() {
+    sortedBy_ = name;
+    isReversed_ = false;
+    setPaths({});
 }
 
 void ExceptionRows::makeKeys() {
@@ -127,16 +136,16 @@ void ExceptionRows::groupByFolders() {
 }
 
 void ExceptionRows::sortBy(Column column) {
-    if (column == sortedBy_) {
-        return;
-    }
     beginResetModel();
-    sortedBy_ = column;
-    if (column == folder) {
-        groupByFolders();
-    } else {
-        sortNames();
+    const bool turnsRound = column == sortedBy_;
+    if (turnsRound || isReversed_) {
+        std::reverse(order_.begin(), order_.end());
+        isReversed_ = !isReversed_;
     }
+    if (!turnsRound) {
+        column == folder ? groupByFolders() : sortNames();
+    }
+    sortedBy_ = column;
     filter();
     endResetModel();
 }

@@ -26,11 +26,14 @@ class ExceptionRows final : public QAbstractTableModel {
 
     /// Replaces all paths, whose presence is unknown then, and ends the search.
     void setPaths(std::vector<std::string> paths);
+    /// Removes all paths. The next ones are sorted by name, as the first ones are.
+    void clear();
     /// The presence of the paths from `first` on, in the order of setPaths().
     void setPresences(std::size_t first, std::span<const Presence> presences);
 
     /// Shows only the paths that contain the text; all if it is empty.
     void search(const QString& text);
+    /// Sorts by a column, or the other way round if the rows are sorted by it.
     void sortBy(Column column);
 
     /// Takes the paths of these rows, or of all missing files, off the list.
@@ -85,6 +88,7 @@ class ExceptionRows final : public QAbstractTableModel {
     std::string needle_;
     std::size_t missing_ = 0;
     Column sortedBy_ = name;
+    bool isReversed_ = false;  // order_, against the order of the column
 };
 
 }  // namespace tarvin

@@ -381,6 +381,42 @@ TEST_F(ExceptionListTest, AClickOnATitleSorts) {
     EXPECT_EQ(shownNames(), (Lines{"a.jpg", "b.jpg"}));
 }
 
+TEST_F(ExceptionListTest, ASecondClickOnTheSameTitleTurnsTheOrderRound) {
+    launchWith({"q/a.jpg", "p/b.jpg"});
+    open();
+    const QPoint nameTitle(50, 14);
+    QTest::mouseClick(listed().horizontalHeader()->viewport(), Qt::LeftButton, {}, nameTitle);
+    EXPECT_EQ(shownNames(), (Lines{"b.jpg", "a.jpg"}));
+    QTest::mouseClick(listed().horizontalHeader()->viewport(), Qt::LeftButton, {}, nameTitle);
+    EXPECT_EQ(shownNames(), (Lines{"a.jpg", "b.jpg"}));
+}
+
+TEST_F(ExceptionListTest, IsSortedByNameWheneverItIsOpened) {
+    launchWith({"q/a.jpg", "p/b.jpg", "p/c.jpg"});
+    open();
+    QTest::mouseClick(listed().horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(300, 14));
+    ASSERT_EQ(shownNames(), (Lines{"b.jpg", "c.jpg", "a.jpg"}));
+    // A change of the list keeps the order.
+    clickListed(1);
+    click("exceptionRemove");
+    EXPECT_EQ(shownNames(), (Lines{"b.jpg", "a.jpg"}));
+    ASSERT_TRUE(written());
+    click("exceptionClose");
+    ASSERT_FALSE(panel().isVisible());
+    open();
+    EXPECT_EQ(shownNames(), (Lines{"a.jpg", "b.jpg"}));
+}
+
+TEST_F(ExceptionListTest, RowsThatComeBackKeepTheOrder) {
+    launchWith({"q/a.jpg", "p/b.jpg", "p/c.jpg"});
+    open();
+    QTest::mouseClick(listed().horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(50, 14));
+    folder.writeFile("support/exception.plist.new/x", "");
+    removeRows({1});
+    ASSERT_TRUE(comesTrue([this] { return !information().empty(); }));
+    EXPECT_EQ(shownNames(), (Lines{"c.jpg", "b.jpg", "a.jpg"}));
+}
+
 TEST_F(ExceptionListTest, KeepsItsPlaceAfterARemoval) {
     Lines names;
     for (int number = 100; number < 200; ++number) {

@@ -53,6 +53,56 @@ TEST_F(ExceptionRowsTest, CanBeSortedByFolder) {
     EXPECT_EQ(names().front(), "cover.odt");
 }
 
+TEST_F(ExceptionRowsTest, AreTurnedRoundIfSortedByTheSameColumnAgain) {
+    rows.sortBy(ExceptionRows::name);
+    EXPECT_EQ(names(), (Lines{"Überblick.pdf", "map.png", "map.png", "LICENSE.txt", "cover.odt"}));
+    rows.sortBy(ExceptionRows::name);
+    EXPECT_EQ(names().front(), "cover.odt");
+    rows.sortBy(ExceptionRows::folder);
+    rows.sortBy(ExceptionRows::folder);
+    EXPECT_EQ(texts(ExceptionRows::folder, Qt::DisplayRole),
+              (Lines{"/p/b", "/p/b", "/p/a", "/p/a", "/media/x"}));
+    EXPECT_EQ(names(), (Lines{"Überblick.pdf", "map.png", "LICENSE.txt", "cover.odt", "map.png"}));
+}
+
+TEST_F(ExceptionRowsTest, AreNotTurnedRoundByAnotherColumn) {
+    rows.sortBy(ExceptionRows::name);
+    rows.sortBy(ExceptionRows::folder);
+    EXPECT_EQ(names(), (Lines{"map.png", "cover.odt", "LICENSE.txt", "map.png", "Überblick.pdf"}));
+    rows.sortBy(ExceptionRows::folder);
+    rows.sortBy(ExceptionRows::name);
+    EXPECT_EQ(names().front(), "cover.odt");
+}
+
+TEST_F(ExceptionRowsTest, KeepTheSearchWhenTurnedRound) {
+    rows.search(QStringLiteral("p/a"));
+    rows.sortBy(ExceptionRows::name);
+    EXPECT_EQ(names(), (Lines{"LICENSE.txt", "cover.odt"}));
+    rows.removeRowsAt({0});
+    rows.search(QString());
+    EXPECT_EQ(names(), (Lines{"Überblick.pdf", "map.png", "map.png", "cover.odt"}));
+}
+
+TEST_F(ExceptionRowsTest, KeepTheOrderOfAChangedList) {
+    rows.sortBy(ExceptionRows::name);
+    rows.setPaths({"/b/1.jpg", "/a/2.jpg", "/a/3.jpg"});
+    EXPECT_EQ(names(), (Lines{"3.jpg", "2.jpg", "1.jpg"}));
+    rows.sortBy(ExceptionRows::folder);
+    rows.setPaths({"/b/1.jpg", "/a/2.jpg", "/a/3.jpg"});
+    EXPECT_EQ(names(), (Lines{"2.jpg", "3.jpg", "1.jpg"}));
+}
+
+TEST_F(ExceptionRowsTest, AreSortedByNameAfterAllWereCleared) {
+    rows.sortBy(ExceptionRows::folder);
+    rows.sortBy(ExceptionRows::folder);
+    rows.clear();
+    EXPECT_EQ(rows.rowCount(), 0);
+    rows.setPaths({"/b/1.jpg", "/a/2.jpg"});
+    EXPECT_EQ(names(), (Lines{"1.jpg", "2.jpg"}));
+    rows.sortBy(ExceptionRows::folder);
+    EXPECT_EQ(names(), (Lines{"2.jpg", "1.jpg"}));
+}
+
 TEST_F(ExceptionRowsTest, AreSearchedWithoutRegardToCaseAndAccents) {
     rows.search(QStringLiteral("UBER"));
     EXPECT_EQ(names(), Lines{"Überblick.pdf"});
