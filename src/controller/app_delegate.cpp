@@ -14,6 +14,7 @@
 #include "interface/location_screen.h"
 #include "interface/notice_panel.h"
 #include "interface/picture_view.h"
+#include "interface/progress_screen.h"
 #include "interface/result_screen.h"
 #include "interface/text_block.h"
 
@@ -160,6 +161,15 @@ void AppDelegate::connectControls() {
     connect(scan_.get(), &ScanTask::collectionStopped, this, &AppDelegate::homeCleanup);
     connect(scan_.get(), &ScanTask::endedWithoutFiles, this,
             &AppDelegate::buttonHomeExactPageClicked);
+    connect(scan_.get(), &ScanTask::notReadRequested, this, [this] {
+        notRead_->setFiles(NotReadFiles(scan_->run().result()));
+        notRead_->show();
+    });
+    connect(notRead_.get(), &NotReadList::closed, this, [this] {
+        if (window_.selectedTabViewItem() == window_.progress->identifier()) {
+            scan_->showNoDuplicates();
+        }
+    });
     connect(scan_.get(), &ScanTask::finished, this, &AppDelegate::showDuplicateScanResult);
     connect(views_.get(), &ResultViews::shown, this, &AppDelegate::comeToFront);
     connect(exceptionList_.get(), &ExceptionListTask::listChanged, exceptions_.get(),

@@ -57,6 +57,7 @@ void NotReadList::close() {
     }
     window_.covers().removeFirst();
     window_.notReadWindow->hide();
+    Q_EMIT closed();
 }
 
 void NotReadList::copy() const {

@@ -12,7 +12,8 @@ class MainWindow;
 
 /// The notice in the bar of the results about what the scan could not read, and the panel that it
 /// opens. In the summary of a scan without duplicates, which covers the notice, a button opens the
-/// panel in place of the summary. Owned by AppDelegate. Main thread only.
+/// panel in place of the summary; after a scan without files its owner shows the panel. Owned by
+/// AppDelegate. Main thread only.
 class NotReadList final : public QObject {
     Q_OBJECT
 
@@ -25,9 +26,13 @@ class NotReadList final : public QObject {
 
     /// Shows the notice with the results if there are any; otherwise hides it.
     void setFiles(const NotReadFiles& files);
+    void show();
+
+ Q_SIGNALS:
+    /// The panel of show() was closed.
+    void closed();
 
  private:
-    void show();
     void showInPlaceOfSummary();
     void close();
     void copy() const;

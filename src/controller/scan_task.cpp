@@ -1,5 +1,6 @@
 #include "controller/scan_task.h"
 
+#include "controller/not_read_files.h"
 #include "controller/scan_screen_texts.h"
 #include "controls/button_settings_saved.h"
 #include "controls/elided_label.h"
@@ -11,6 +12,7 @@
 #include "interface/main_window.h"
 #include "interface/notice_panel.h"
 #include "interface/progress_screen.h"
+#include "interface/result_panels.h"
 #include "scan/exception_filter.h"
 #include "scan/scan_filter.h"
 
@@ -160,12 +162,26 @@ void ScanTask::foundNoFiles() {
     if (!scanning_) {
         return;
     }
+    // The scan has come to its end; its result says what could not be read.
+    run_.wait();
     screen_.animationImage->stopAnimation();
     redraw_.stop();
     hideNotices();
-    alerts_.show(noticeOf(ScanScreenTexts::noDuplicates()), [this](int) {
-        run_.wait();
-        Q_EMIT endedWithoutFiles();
+    showNoDuplicates();
+}
+
+void ScanTask::showNoDuplicates() {
+    Alert notice = noticeOf(ScanScreenTexts::noDuplicates());
+    if (NotReadFiles(run_.result()).all() > 0) {
+        notice.buttons.push_back(window_.informationWindow->notReadShow->text());
+    }
+    alerts_.show(notice, [this](int button) {
+        if (button == 0) {
+            Q_EMIT endedWithoutFiles();
+            return;
+        }
+        scanning_ = false;  // the window may be closed over the list
+        Q_EMIT notReadRequested();
     });
 }
 

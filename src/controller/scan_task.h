@@ -43,6 +43,10 @@ class ScanTask final : public QObject {
     void waitForAnswer();
     void goOn();
 
+    /// The notice of a scan that has collected no file. If something could not be read, it has a
+    /// second button, which leads to that.
+    void showNoDuplicates();
+
     /// Drops the result and resets flags and controls. Stops a running scan and waits for it.
     void homeCleanup();
     /// Resets only the controls.
@@ -58,6 +62,9 @@ class ScanTask final : public QObject {
     void collectionStopped();
     /// No file was collected, and the user has closed the notice.
     void endedWithoutFiles();
+    /// No file was collected, and the user wants to see what could not be read. Ends with
+    /// showNoDuplicates().
+    void notReadRequested();
     /// The result is available, possibly incomplete after a stop.
     void finished();
 

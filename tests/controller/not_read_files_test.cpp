@@ -263,6 +263,51 @@ TEST_F(NotReadFilesOfAScan, TheSummaryWithoutDuplicatesLeadsToTheList) {
     EXPECT_TRUE(comesTo("1"));
 }
 
+TEST_F(NotReadFilesOfAScan, TheNoticeOfAScanWithoutFilesLeadsToTheList) {
+    files.failCall(FileCall::openRootDirectory, FaultyFileSystem::each, EACCES, "/found");
+    launch({found()});
+    click("findDuplicateExact");
+    ASSERT_TRUE(comesTrue([this] { return alerts.shown.size() == 1; }));
+    const Alert notice = alerts.shown.front();
+    EXPECT_EQ(notice.informativeText, QStringLiteral("No duplicates File found"));
+    EXPECT_EQ(notice.buttons,
+              QStringList({QStringLiteral("Ok"), QStringLiteral("Show what was not read…")}));
+    EXPECT_EQ(notice.escapeButton, 0);
+    alerts.press(1);
+    ASSERT_TRUE(panel().isVisible());
+    EXPECT_EQ(rows(), (RowTexts{"found|" + folder.path() + "|Permission denied"}));
+    EXPECT_EQ(window().focusWidget(), panel().closeButton);
+    EXPECT_EQ(screen(), QStringLiteral("5"));
+    QTest::keyClick(window().focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(panel().isVisible());
+    EXPECT_EQ(covers(), 0);
+    // Back to the notice, which ends as without the list.
+    ASSERT_EQ(alerts.shown.size(), 2U);
+    EXPECT_EQ(alerts.shown.back().buttons, notice.buttons);
+    alerts.press(0);
+    EXPECT_EQ(screen(), QStringLiteral("1"));
+    EXPECT_EQ(panel().table->model()->rowCount(), 0);
+}
+
+TEST_F(NotReadFilesOfAScan, TheWindowCanBeClosedOverTheListOfAScanWithoutFiles) {
+    files.failCall(FileCall::openRootDirectory, FaultyFileSystem::each, EACCES, "/found");
+    launch({found()});
+    click("findDuplicateExact");
+    ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+    alerts.press(1);
+    EXPECT_TRUE(window().close());
+    EXPECT_GT(terminations, 0);
+    EXPECT_FALSE(window().runningAlert->isVisible());
+}
+
+TEST_F(NotReadFilesOfAScan, TheNoticeOfAScanThatFoundNothingHasOneAnswer) {
+    std::filesystem::remove_all(found());
+    launch({folder.makeFolder("found")});
+    click("findDuplicateExact");
+    ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+    EXPECT_EQ(alerts.shown.front().buttons, QStringList(QStringLiteral("Ok")));
+}
+
 TEST_F(NotReadFilesOfAScan, TheSummaryWithDuplicatesDoesNotMentionThem) {
     failSome();
     scan();
