@@ -88,9 +88,8 @@ void AppDelegate::rememberSkipHidden() {
 void AppDelegate::makeResultTasks() {
     results_ = std::make_unique<Results>(scan_->run());
     marking_ = std::make_unique<MarkingTask>(session_, *results_, window_, information_);
-    markByRule_ =
-        std::make_unique<MarkByRuleTask>(*results_, window_, *surroundings_.panels,
-                                         surroundings_.settings, session_.platform.fileSystem());
+    markByRule_ = std::make_unique<MarkByRuleTask>(*results_, window_, *surroundings_.panels,
+                                                   surroundings_.settings, session_.platform);
     preview_ =
         std::make_unique<Preview>(session_, *results_, window_, surroundings_.previewProgram);
     views_ = std::make_unique<ResultViews>(session_, *results_, window_, information_, *marking_,

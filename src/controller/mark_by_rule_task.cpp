@@ -21,20 +21,21 @@ namespace tarvin {
 namespace {
 
 constexpr int tickMilliseconds = 20;
-constexpr int minMillisecondsBetweenCounts = 100;
+constexpr std::chrono::milliseconds minTimeBetweenCounts{100};
 /// A shorter count shows no text of its own, which would only flash.
-constexpr int countingMilliseconds = 300;
+constexpr std::chrono::milliseconds countingTime{300};
 
 }  // namespace
 
 MarkByRuleTask::MarkByRuleTask(Results& results, MainWindow& window, FilePanels& panels,
-                               QSettings& settings, FileSystem& fileSystem)
+                               QSettings& settings, Platform& platform)
     : results_(results),
       window_(window),
       panel_(*window.markByRuleWindow),
       panels_(panels),
       settings_(settings),
-      count_(fileSystem) {
+      clock_(platform.clock()),
+      count_(platform.fileSystem()) {
     panel_.preferredList->setModel(&preferred_);
     panel_.protectedList->setModel(&protected_);
     ticks_.setInterval(tickMilliseconds);
@@ -127,17 +128,15 @@ void MarkByRuleTask::choiceChanged() {
         showOutcome(RuleTexts::noFolder(), RuleTexts::blocked(0, replacesMarks_), false);
     }
     isWanted_ = true;
-    sinceChange_.start();
+    changed_ = clock_.steadyNow();
     ticks_.start();
 }
 
 void MarkByRuleTask::tick() {
     const bool isComplete = choice().isComplete();
-    const bool isLate =
-        !sinceStart_.isValid() || sinceStart_.hasExpired(minMillisecondsBetweenCounts);
-    if (isWanted_ && isLate) {
+    if (isWanted_ && (!started_ || isOver(*started_, minTimeBetweenCounts))) {
         isWanted_ = false;
-        sinceStart_.start();
+        started_ = clock_.steadyNow();
         count_.start(isComplete ? results_.sharedList() : nullptr, choice());
     }
     const std::optional<CountedRule> counted = count_.take();
@@ -147,10 +146,14 @@ void MarkByRuleTask::tick() {
     }
     if (counted && !isWanted_ && isComplete) {
         showCount(*counted);
-    } else if (isComplete && !counted_ && sinceChange_.hasExpired(countingMilliseconds) &&
+    } else if (isComplete && !counted_ && isOver(changed_, countingTime) &&
                panel_.ruleOutcome->text() != RuleTexts::counting()) {
         showOutcome(RuleTexts::counting(), {}, false);
     }
+}
+
+bool MarkByRuleTask::isOver(SteadyTime since, std::chrono::milliseconds span) const {
+    return clock_.steadyNow() - since >= span;
 }
 
 /// Which folders are gone.

@@ -5,13 +5,14 @@
 #include "controller/rule_choice.h"
 #include "controller/rule_count.h"
 #include "controller/rule_folders.h"
+#include "platform/platform.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QSettings>
 #include <QTimer>
 #include <QWidget>
+#include <chrono>
 #include <optional>
 
 namespace tarvin {
@@ -27,9 +28,10 @@ class MarkByRuleTask final : public QObject {
     Q_OBJECT
 
  public:
-    /// The arguments must outlive this object; `fileSystem` as RuleCount says.
+    /// The arguments must outlive this object, and the platform a thread that is left behind
+    /// (RuleCount).
     MarkByRuleTask(Results& results, MainWindow& window, FilePanels& panels, QSettings& settings,
-                   FileSystem& fileSystem);
+                   Platform& platform);
     ~MarkByRuleTask() override;
 
     /// Shows the panel. Does nothing without sets, or while the panel is shown.
@@ -44,6 +46,8 @@ class MarkByRuleTask final : public QObject {
     [[nodiscard]] RuleChoice choice() const;
 
  private:
+    using SteadyTime = std::chrono::steady_clock::time_point;
+
     void connectPanel();
     void connectList(FolderList& list, RuleFolders& folders);
     void addFolders(FolderList& list, RuleFolders& folders);
@@ -53,6 +57,7 @@ class MarkByRuleTask final : public QObject {
     void showStates();
     void choiceChanged();
     void tick();
+    [[nodiscard]] bool isOver(SteadyTime since, std::chrono::milliseconds span) const;
     void showCount(const CountedRule& counted);
     void showFolders();
     void showOutcome(const QString& outcome, const QString& blocked, bool canMark);
@@ -64,13 +69,14 @@ class MarkByRuleTask final : public QObject {
     RulePanel& panel_;
     FilePanels& panels_;
     QSettings& settings_;
+    Clock& clock_;
     RuleFolders preferred_;
     RuleFolders protected_;
     RuleCount count_;
     QTimer ticks_;  // while a count is running or wanted, or a folder is looked for
-    QElapsedTimer sinceStart_;
-    QElapsedTimer sinceChange_;
-    bool isWanted_ = false;  // the choice has changed since the last start
+    std::optional<SteadyTime> started_;  // the last count
+    SteadyTime changed_;                 // the choice
+    bool isWanted_ = false;              // the choice has changed since the last start
     bool marksWhenCounted_ = false;
     bool replacesMarks_ = false;
     std::optional<CountedRule> counted_;  // of the choice on the screen

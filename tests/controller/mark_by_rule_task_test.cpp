@@ -6,7 +6,10 @@
 
 #include <QLocale>
 #include <QMenu>
+#include <QTimer>
+#include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <memory>
 
@@ -45,6 +48,24 @@ class MarkByRule : public ResultFixture {
         ASSERT_TRUE(comesTrue([this] { return window().moreMenu->isVisible(); }));
         choose(window().moreMenu, window().markByRuleItem);
         ASSERT_TRUE(panel().isVisible());
+    }
+
+    /// Like that of ProductFixture, while time goes by: counts are taken at intervals.
+    template <class Condition>
+    [[nodiscard]] bool comesTrue(const Condition& condition) {
+        return ProductFixture::comesTrue([&] {
+            platform.clock().advance(std::chrono::milliseconds(20));
+            return condition();
+        });
+    }
+
+    /// Lets timers of 20 ms, such as that of the task, fire, while no time goes by on its clock.
+    void runTimers() {
+        int fired = 0;
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, &timer, [&] { ++fired; });
+        timer.start(20);
+        EXPECT_TRUE(ProductFixture::comesTrue([&] { return fired >= 3; }));
     }
 
     void chooseRule(RadioButton* rule) {
@@ -224,6 +245,44 @@ TEST_F(MarkByRule, ASlowCountSaysSoAndDisablesMark) {
     EXPECT_TRUE(panel().ruleMark->isEnabled());
 }
 
+TEST_F(MarkByRule, IsCountedAtMostEvery100Milliseconds) {
+    std::atomic<int> lookedUp{0};  // once for each count
+    files.beforeCall(
+        FileCall::attributesAtPath, FaultyFileSystem::each, [&] { ++lookedUp; }, found("new/very"));
+    storeRuleChoice(settings, {KeepRule::first, {}, {found("new/very")}});
+    open();
+    ASSERT_TRUE(shows("3 files (0.02 KB) will be marked in 3 sets.")) << outcome();
+    platform.clock().advance(std::chrono::seconds(1));
+    const int earlier = lookedUp;
+    chooseRule(panel().ruleNewest);
+    ASSERT_TRUE(
+        ProductFixture::comesTrue([&] { return lookedUp > earlier && RuleCount::running() == 0; }));
+    const int before = lookedUp;
+    platform.clock().advance(std::chrono::milliseconds(99));
+    chooseRule(panel().ruleOldest);
+    chooseRule(panel().ruleLongest);
+    runTimers();
+    EXPECT_EQ(lookedUp, before);
+    platform.clock().advance(std::chrono::milliseconds(1));
+    EXPECT_TRUE(ProductFixture::comesTrue([&] { return lookedUp > before; }));
+    runTimers();
+    EXPECT_EQ(lookedUp, before + 1);
+}
+
+TEST_F(MarkByRule, AShortCountDoesNotSaySo) {
+    open();
+    ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets."));
+    platform.clock().advance(std::chrono::seconds(1));
+    files.beforeCall(FileCall::attributesAtPath, 1, [this] { barrier.wait(); }, found("old"));
+    add("protectedAdd", "old");
+    platform.clock().advance(std::chrono::milliseconds(299));
+    ASSERT_TRUE(ProductFixture::comesTrue([this] { return barrier.isReached(); }));
+    runTimers();
+    EXPECT_EQ(outcome(), "4 files (0.02 KB) will be marked in 3 sets.");
+    platform.clock().advance(std::chrono::milliseconds(1));
+    EXPECT_TRUE(ProductFixture::comesTrue([this] { return outcome() == "Counting…"; }));
+}
+
 TEST_F(MarkByRule, ACountThatHangsCanBeCancelled) {
     open();
     files.beforeCall(FileCall::attributesAtPath, 1, [this] { barrier.wait(); }, found("old"));
@@ -336,6 +395,29 @@ TEST_F(MarkByRule, AFolderThatIsGoneKeepsItsRow) {
         EXPECT_EQ(row.data(Qt::ToolTipRole).toString().toStdString(), gone + " (not there now)");
         EXPECT_EQ(row.data().toString().toStdString(), gone);
     }
+}
+
+TEST_F(MarkByRule, APreferredFolderThatIsGoneStillPrefersTheFilesFoundThere) {
+    storeRuleChoice(settings, {KeepRule::preferred, {found("old")}, {}});
+    std::filesystem::remove_all(found("old"));
+    open();
+    ASSERT_TRUE(comesTrue([this] { return isGone(*panel().preferredList, 0); }));
+    EXPECT_TRUE(panel().preferredList->isEnabled());
+    ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets.")) << outcome();
+    click("ruleMark");
+    EXPECT_EQ(marked(), (Lines{"new/a.jpg", "new/b.jpg", "new/very/long/b.jpg", "new/c.txt"}));
+}
+
+TEST_F(MarkByRule, BehindAPreferredFolderThatIsGoneTheNextOneCounts) {
+    const std::string gone = folder.makeFolder("gone");
+    std::filesystem::remove(gone);
+    storeRuleChoice(settings, {KeepRule::preferred, {gone, found("old")}, {}});
+    open();
+    ASSERT_TRUE(comesTrue([this] { return isGone(*panel().preferredList, 0); }));
+    EXPECT_FALSE(isGone(*panel().preferredList, 1));
+    ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets.")) << outcome();
+    click("ruleMark");
+    EXPECT_EQ(marked(), (Lines{"new/a.jpg", "new/b.jpg", "new/very/long/b.jpg", "new/c.txt"}));
 }
 
 TEST_F(MarkByRule, FoldersAreLookedForBeforeTheRuleIsComplete) {
