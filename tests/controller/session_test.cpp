@@ -33,6 +33,58 @@ TEST(SessionTest, LoadDataFileSetsTheUserFirst) {
     EXPECT_EQ(session.currentLoggedInUser, "ann");
 }
 
+/// Two windows of one user, of which each knows the exceptions list as it was at its start.
+class TwoSessions : public testing::Test {
+ protected:
+    using Paths = std::vector<std::string>;
+
+    TwoSessions() {
+        Session before(platform_);
+        before.addExceptions({"/a", "/b", "/c"});
+        one.loadDataFile();
+        other.loadDataFile();
+    }
+
+    [[nodiscard]] Paths stored() const { return readExceptionFile(one.exceptions.path()).paths; }
+
+ private:
+    FakePlatform& platform() {
+        platform_.setApplicationSupportFolder(folder_.pathOf("support"));
+        return platform_;
+    }
+
+    TemporaryFolder folder_;
+    FakePlatform platform_;
+
+ protected:
+    Session one{platform()};
+    Session other{platform()};
+};
+
+TEST_F(TwoSessions, KeepTheExceptionsThatTheOtherAdds) {
+    one.addExceptions({"/one"});
+    other.addExceptions({"/other"});
+    one.addExceptions({"/one more"});
+    EXPECT_EQ(stored(), (Paths{"/a", "/b", "/c", "/one", "/other", "/one more"}));
+}
+
+TEST_F(TwoSessions, DoNotAddAgainWhatTheOtherHasTakenOff) {
+    ASSERT_FALSE(one.exceptions.removeExceptions({"/b"}).has_value());
+    other.addExceptions({"/other"});
+    EXPECT_EQ(stored(), (Paths{"/a", "/c", "/other"}));
+    ASSERT_FALSE(other.exceptions.removeExceptions({"/a", "/b"}).has_value());
+    EXPECT_EQ(stored(), (Paths{"/c", "/other"}));
+    one.addExceptions({"/one"});
+    EXPECT_EQ(stored(), (Paths{"/c", "/other", "/one"}));
+}
+
+TEST_F(TwoSessions, KeepWhatTheOtherAddsAfterTheListWasEmptied) {
+    one.removeExceptions();
+    EXPECT_EQ(stored(), Paths());
+    other.addExceptions({"/other"});
+    EXPECT_EQ(stored(), (Paths{"/other"}));
+}
+
 using SessionOfTheProduct = ProductFixture;
 
 TEST_F(SessionOfTheProduct, SimilarIndexIsOneFromTheStartOn) {
