@@ -52,6 +52,21 @@ TEST(HoverButton, WhenHoveredItsAlphaIsSevenTenths) {
     EXPECT_EQ(fixture.cursor(), Qt::PointingHandCursor);
 }
 
+TEST(HoverButton, ATextButtonIsPalerWhileHovered) {
+    ControlFixture fixture;
+    auto& button =
+        fixture.add<HoverButton>(hoverButtonGeometry, Kind::text, QString(8, QChar(0x2588)));
+    const QPointF title(80, 38);
+    EXPECT_THAT(fixture.at(title.x(), title.y()), IsRgb(11, 97, 115));
+    fixture.movePointerTo(button);
+    EXPECT_EQ(fixture.cursor(), Qt::PointingHandCursor);
+    // 0.7 of the title's colour on that of the page.
+    EXPECT_TRUE(fixture.isShownAt(title.x(), title.y(), QColor(81, 142, 155)));
+    fixture.movePointerAway();
+    EXPECT_TRUE(fixture.isShownAt(title.x(), title.y(), QColor(11, 97, 115)));
+    EXPECT_DOUBLE_EQ(button.alpha(), 1.0);
+}
+
 TEST(HoverButton, WhenThePointerLeavesItsAlphaIsOne) {
     ControlFixture fixture;
     auto& button = addFilled(fixture, look::deepTeal);

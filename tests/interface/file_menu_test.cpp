@@ -4,6 +4,7 @@
 #include "interface/shown_window.h"
 
 #include <QAction>
+#include <QScreen>
 
 namespace tarvin {
 
@@ -30,6 +31,18 @@ TEST_F(FileMenuTest, IsAtLeast226PixelsWideAnd216High) {
     menu.popup({10, 10});
     EXPECT_GE(menu.width(), 226);
     EXPECT_EQ(menu.height(), 216);
+    menu.close();
+}
+
+TEST_F(FileMenuTest, StaysInsideTheScreen) {
+    const QRect screen = window.screen()->availableGeometry();
+    menu.popup(screen.bottomRight() - QPoint(3, 3));
+    EXPECT_TRUE(screen.contains(menu.geometry()))
+        << menu.geometry().bottom() << " " << menu.geometry().right();
+    menu.close();
+    const QPoint middle = screen.center() - QPoint(150, 150);
+    menu.popup(middle);
+    EXPECT_EQ(menu.pos(), middle);
     menu.close();
 }
 

@@ -6,6 +6,7 @@
 #include "interface/result_panels.h"
 #include "interface/shown_window.h"
 #include "interface/text_block.h"
+#include "support/on_screen.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -15,6 +16,7 @@
 #include <QToolTip>
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace tarvin {
 
@@ -293,6 +295,75 @@ TEST_F(ListTablePictureTest, ATipShowsANameThatTheImageShortens) {
     row.picture = QStringLiteral("folder");
     EXPECT_TRUE(tip().contains(row.text)) << tip().toStdString();
     QToolTip::hideText();
+}
+
+/// A list with one path, at whose right is a mark.
+class OnePathWithAMark final : public QAbstractTableModel {
+ public:
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : 1;
+    }
+    [[nodiscard]] int columnCount(const QModelIndex&) const override { return 3; }
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+        if (index.column() != 1) {
+            return {};
+        }
+        if (role == ListTable::markRole) {
+            return mark;
+        }
+        return role == Qt::DisplayRole ? QVariant(text) : QVariant();
+    }
+
+    QString mark;
+    QString text;
+};
+
+TEST_F(ListPanelTest, ATipShowsAPathThatItsMarkShortens) {
+    OnePathWithAMark row;
+    panel.table->setModel(&row);
+    show();
+    const QRect cell = panel.table->visualRect(row.index(0, 1));
+    const auto tip = [&] {
+        QToolTip::hideText();
+        QHelpEvent help(QEvent::ToolTip, cell.center(),
+                        panel.table->viewport()->mapToGlobal(cell.center()));
+        QCoreApplication::sendEvent(panel.table->viewport(), &help);
+        return QToolTip::text();
+    };
+    const QFontMetrics metrics(look::font(13));
+    while (metrics.horizontalAdvance(row.text + QLatin1Char('i')) <= cell.width() - 2 * 12) {
+        row.text += QLatin1Char('i');
+    }
+    EXPECT_EQ(tip(), QString());
+    const QString filling = std::exchange(row.text, QStringLiteral("/p"));
+    row.mark = QStringLiteral("Drive not attached");
+    EXPECT_EQ(tip(), QString());
+    row.text = filling;
+    EXPECT_TRUE(tip().contains(filling)) << tip().toStdString();
+    QToolTip::hideText();
+    panel.table->setModel(nullptr);
+}
+
+TEST_F(ListPanelTest, TheRowBelowThePointerIsTinted) {
+    show();
+    ListTable& table = *panel.table;
+    const auto colorOf = [&](int row) {
+        // At the left edge, where no text is.
+        const QRect cell = table.visualRect(rows.index(row, 0));
+        return onScreen(*table.viewport()).pixelColor(4, cell.center().y());
+    };
+    const auto pointAt = [&](const QWidget& widget, const QPoint& point) {
+        QTest::mouseMove(window.windowHandle(), widget.mapTo(&window, point));
+    };
+    // Into a cell of another column than the one looked at.
+    pointAt(*table.viewport(), table.visualRect(rows.index(1, 2)).center());
+    EXPECT_EQ(colorOf(0), look::surface);
+    EXPECT_EQ(colorOf(1), look::rowHover);
+    pointAt(*table.viewport(), table.visualRect(rows.index(0, 1)).center());
+    EXPECT_EQ(colorOf(0), look::rowHover);
+    EXPECT_EQ(colorOf(1), look::surface);
+    pointAt(*panel.copyButton, QPoint(5, 5));
+    EXPECT_EQ(colorOf(0), look::surface);
 }
 
 class KeptLineTest : public ShownWindow {

@@ -46,6 +46,17 @@ TEST_F(MoreMenuTest, OpensBelowItsButton) {
     EXPECT_FALSE(window.buttonMore->isOpen());
 }
 
+TEST_F(MoreMenuTest, EscapeClosesItAndLeavesTheFocusOnTheButtonThatTheMousePressed) {
+    window.selectTabViewItem(QStringLiteral("4"));
+    window.results->resultTable->setFocus();
+    QTest::mouseClick(window.buttonMore, Qt::LeftButton);
+    ASSERT_TRUE(opens());
+    QTest::keyClick(window.moreMenu, Qt::Key_Escape);
+    EXPECT_FALSE(window.moreMenu->isVisible());
+    EXPECT_EQ(window.focusWidget(), window.buttonMore);
+    EXPECT_EQ(chosen.size(), 0);
+}
+
 TEST_F(MoreMenuTest, FollowsTheRightEdge) {
     resizeTo({1400, 900});
     EXPECT_EQ(geometryOf(window.buttonMore), QRect(895 + 384, 8, 29, 29));

@@ -1,14 +1,18 @@
 #include "interface/rule_panel.h"
 
+#include "controls/control_group.h"
 #include "controls/elided_label.h"
 #include "controls/glyph_button.h"
 #include "controls/hover_button.h"
+#include "controls/look.h"
 #include "controls/radio_button.h"
 #include "interface/folder_list.h"
 #include "interface/shown_window.h"
+#include "support/on_screen.h"
 
 #include <QLabel>
 #include <QSignalSpy>
+#include <cstdlib>
 
 namespace tarvin {
 
@@ -145,6 +149,85 @@ TEST_F(RulePanelTest, KeysInAListRemoveAndMoveButDoNotMark) {
     ASSERT_EQ(moved.size(), 2);
     EXPECT_EQ(moved[0][0].toInt(), -1);
     EXPECT_EQ(moved[1][0].toInt(), 1);
+}
+
+/// The folders are called by a full block, so that a pixel has the colour of the text.
+class RuleListsTest : public RulePanelTest {
+ protected:
+    RuleListsTest() {
+        for (int row = 0; row < folders.rowCount(); ++row) {
+            folders.item(row)->setText(QString(8, QChar(0x2588)));
+        }
+        panel.ruleFolder->setChecked(true);
+        QCoreApplication::sendPostedEvents();
+    }
+
+    /// The colour of the text of a row.
+    [[nodiscard]] QColor textOf(const QAbstractItemView& list, int row) const {
+        const QRect area = list.visualRect(folders.index(row, 0));
+        return onScreen(*list.viewport()).pixelColor(90, area.center().y());
+    }
+    /// The colour of a row at its left edge.
+    [[nodiscard]] QColor backgroundOf(const QAbstractItemView& list, int row) const {
+        const QRect area = list.visualRect(folders.index(row, 0));
+        return onScreen(*list.viewport()).pixelColor(4, area.center().y());
+    }
+    /// A colour at the opacity of what is disabled, 0.45, on white.
+    static QColor disabled(const QColor& color) {
+        const auto mix = [](int channel) { return qRound(channel * 0.45 + 255 * 0.55); };
+        return {mix(color.red()), mix(color.green()), mix(color.blue())};
+    }
+};
+
+TEST_F(RuleListsTest, AFolderThatIsGoneIsMuted) {
+    folders.item(1)->setData(true, FolderList::goneRole);
+    EXPECT_EQ(textOf(*panel.preferredList, 0), look::ink);
+    EXPECT_EQ(textOf(*panel.preferredList, 1), look::muted);
+    folders.item(1)->setData(false, FolderList::goneRole);
+    EXPECT_EQ(textOf(*panel.preferredList, 1), look::ink);
+}
+
+TEST_F(RuleListsTest, ADisabledListIsPaler) {
+    folders.item(1)->setData(true, FolderList::goneRole);
+    panel.preferredList->setEnabled(false);
+    const auto isNear = [](const QColor& seen, const QColor& wanted) {
+        return std::abs(seen.red() - wanted.red()) <= 2 &&
+               std::abs(seen.green() - wanted.green()) <= 2 &&
+               std::abs(seen.blue() - wanted.blue()) <= 2;
+    };
+    EXPECT_TRUE(isNear(textOf(*panel.preferredList, 0), disabled(look::ink)));
+    EXPECT_TRUE(isNear(textOf(*panel.preferredList, 1), disabled(look::muted)));
+    panel.preferredList->setEnabled(true);
+    EXPECT_EQ(textOf(*panel.preferredList, 0), look::ink);
+}
+
+TEST_F(RuleListsTest, TheTextOfAnEmptyListIsMutedAndPalerIfDisabled) {
+    FolderList& list = *panel.protectedList;
+    list.setEmptyText(QString(8, QChar(0x2588)));
+    const auto color = [&] { return onScreen(*list.viewport()).pixelColor(40, 13); };
+    EXPECT_EQ(color(), look::muted);
+    list.setEnabled(false);
+    EXPECT_LE(std::abs(color().red() - disabled(look::muted).red()), 2);
+    list.setModel(&folders);
+    // Not below the rows of a list that has some.
+    EXPECT_NE(color(), look::muted);
+    EXPECT_NE(color(), disabled(look::muted));
+}
+
+TEST_F(RuleListsTest, TheRowBelowThePointerIsTinted) {
+    FolderList& list = *panel.preferredList;
+    const auto pointAt = [&](const QWidget& widget, const QPoint& point) {
+        QTest::mouseMove(window.windowHandle(), widget.mapTo(&window, point));
+    };
+    pointAt(*list.viewport(), list.visualRect(folders.index(1, 0)).center());
+    EXPECT_EQ(backgroundOf(list, 0), look::surface);
+    EXPECT_EQ(backgroundOf(list, 1), look::rowHover);
+    pointAt(*list.viewport(), {60, 90});  // below the rows
+    EXPECT_EQ(backgroundOf(list, 1), look::surface);
+    pointAt(*list.viewport(), list.visualRect(folders.index(0, 0)).center());
+    EXPECT_EQ(backgroundOf(list, 0), look::rowHover);
+    pointAt(*panel.preferredAdd, QPoint(5, 5));
+    EXPECT_EQ(backgroundOf(list, 0), look::surface);
 }
 
 }  // namespace
