@@ -137,6 +137,10 @@ class FileSystem {
     }
     /// The metadata of an open file or folder.
     virtual Result<FileAttributes> attributesOf(const Descriptor& descriptor) = 0;
+    /// The same, without the system's cache, as currentAttributesAtPath().
+    virtual Result<FileAttributes> currentAttributesOf(const Descriptor& descriptor) {
+        return attributesOf(descriptor);
+    }
 
     /// Opens for reading. Does not wait for the other end of a pipe or for a device: the caller
     /// checks the metadata before it reads.

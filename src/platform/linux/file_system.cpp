@@ -194,6 +194,10 @@ class LinuxFileSystem final : public FileSystem {
         return attributesFrom(descriptor.number(), "", AT_EMPTY_PATH);
     }
 
+    Result<FileAttributes> currentAttributesOf(const Descriptor& descriptor) override {
+        return attributesFrom(descriptor.number(), "", AT_EMPTY_PATH | AT_STATX_FORCE_SYNC);
+    }
+
     Result<Descriptor> openFile(const std::string& path) override {
         int number = openAnyLength(path, fileFlags | O_NOATIME);
         if (number < 0 && errno == EPERM) {
