@@ -30,6 +30,16 @@ FileStamp stampOf(const FileAttributes& attributes) {
             attributes.linkCount};
 }
 
+/// What a stamp holds.
+FileAttributes attributesIn(const FileStamp& stamp) {
+    FileAttributes attributes;
+    attributes.identity = stamp.identity;
+    attributes.size = stamp.size;
+    attributes.modified = stamp.modified;
+    attributes.changed = stamp.changed;
+    return attributes;
+}
+
 }  // namespace
 
 CandidateReader::CandidateReader(const ScanServices& services)
@@ -37,6 +47,7 @@ CandidateReader::CandidateReader(const ScanServices& services)
       control_(services.control),
       watch_(services.watch),
       unreadable_(services.unreadable),
+      unsteadyVolumes_(services.unsteadyVolumes),
       descriptors_(openAtOnce(fileSystem_.descriptorLimit())),
       keptDescriptors_(openAtOnce(fileSystem_.descriptorLimit())) {}
 
@@ -60,8 +71,15 @@ std::optional<OpenCandidate> CandidateReader::open(const File& file) {
         logChange(file);
         return std::nullopt;
     }
+    if (attributes->size == file.fileSize() && file.fileModificationDate() &&
+        attributes->modified != file.fileModificationDate()) {
+        examineVolume(file, *descriptor);
+    }
     OpenCandidate candidate{&file, std::move(*descriptor), stampOf(*attributes),
                             onlyReaderOf(attributes->identity.device)};
+    if (isUnsteady(attributes->identity.device)) {
+        candidate.stamp.identity.inode = 0;
+    }
     std::byte beyond{};
     if (candidate.stamp.size == 0 && readSome(candidate, 0, {&beyond, 1}, 1) != 0) {
         // Some file systems report size 0 for files whose content they generate when read.
@@ -132,12 +150,36 @@ bool CandidateReader::isUnchanged(const OpenCandidate& candidate) {
         failed(*candidate.file, now.error());
     } else if (now->linkCount == 0) {
         logUnnamed(*candidate.file);
-    } else if (stampOf(*now) == candidate.stamp) {
+    } else if (stampOf(*now) == candidate.stamp ||
+               isExcused(candidate.stamp, stampOf(*now), candidate)) {
         return true;
     } else {
         logChange(*candidate.file);
     }
     return false;
+}
+
+bool CandidateReader::isAsBefore(const FileStamp& before, const OpenCandidate& again) {
+    const bool isSame = again.stamp == before || isExcused(before, again.stamp, again);
+    if (!isSame) {
+        logChange(*again.file);
+    }
+    return isSame;
+}
+
+/// Whether the stamps of one file differ only because its volume is unsteady.
+bool CandidateReader::isExcused(const FileStamp& before, const FileStamp& now,
+                                const OpenCandidate& candidate) {
+    return now.size == before.size &&
+           (isUnsteady(now.identity.device) ||
+            unsteadyVolumes_.addIfRenumbered(attributesIn(before), attributesIn(now)) ||
+            examineVolume(*candidate.file, candidate.descriptor));
+}
+
+/// Returns whether the volume of an open file is unsteady.
+bool CandidateReader::examineVolume(const File& file, const Descriptor& descriptor) {
+    const IoWatch::Call call(watch_, file);
+    return unsteadyVolumes_.examine(fileSystem_, descriptor);
 }
 
 void CandidateReader::logChange(const File& file) {

@@ -19,7 +19,7 @@ namespace tarvin {
 
 /// The metadata that shows whether a file is still the same, with the same content.
 struct FileStamp {
-    FileIdentity identity;
+    FileIdentity identity;   ///< inode 0 if the volume was known to be unsteady
     std::uint64_t size = 0;  ///< bytes
     std::optional<Timestamp> modified;
     std::optional<Timestamp> changed;
@@ -46,7 +46,8 @@ class CandidateReader final {
     CandidateReader(const CandidateReader&) = delete;
     CandidateReader& operator=(const CandidateReader&) = delete;
 
-    /// Opens the file in its current state. Returns nullopt if it cannot be opened, is no longer a
+    /// Opens the file in its current state. If its date is not the one recorded, finds out whether
+    /// its volume is unsteady. Returns nullopt if it cannot be opened, is no longer a
     /// regular file, which is logged as a change, or the scan was stopped. Waits only for the
     /// device and for the end of a pause. Requires a share of descriptors() or keptDescriptors().
     [[nodiscard]] std::optional<OpenCandidate> open(const File& file);
@@ -71,8 +72,16 @@ class CandidateReader final {
     }
 
     /// Whether the open file's stamp is unchanged and the file still has a name. Logs the file if
-    /// not, unless the scan was stopped.
+    /// not, unless the scan was stopped. On an unsteady volume only a change of size is noticed.
     bool isUnchanged(const OpenCandidate& candidate);
+    /// Whether a file that was opened again has the stamp of the first time, or at least its size
+    /// if the volume is unsteady. Logs the file if not, unless the scan was stopped.
+    bool isAsBefore(const FileStamp& before, const OpenCandidate& again);
+    /// Whether the stamps of files on this device show no change: equal files there must be
+    /// compared a second time.
+    [[nodiscard]] bool isUnsteady(std::uint64_t device) const {
+        return unsteadyVolumes_.contains(device);
+    }
     /// Logs that the file has changed since it was collected, unless the scan was stopped.
     void logChange(const File& file);
 
@@ -105,11 +114,15 @@ class CandidateReader final {
     Result<Descriptor> openOnce(const File& file, const std::string& path);
     Result<FileAttributes> attributesNow(const File& file, const Descriptor& descriptor);
     void logUnnamed(const File& file);
+    [[nodiscard]] bool isExcused(const FileStamp& before, const FileStamp& now,
+                                 const OpenCandidate& candidate);
+    bool examineVolume(const File& file, const Descriptor& descriptor);
 
     FileSystem& fileSystem_;
     const ScanControl& control_;
     IoWatch& watch_;
     UnreadableLog& unreadable_;
+    UnsteadyVolumes& unsteadyVolumes_;
     Budget descriptors_;
     Budget keptDescriptors_;
     std::atomic<std::uint64_t> bytesRead_{0};

@@ -347,9 +347,10 @@ void CategoryComparison::keep(const std::vector<std::uint32_t>& members, const F
 }
 
 /// Stores the state that a later move of the file is checked against. A file without it, because it
-/// has changed since it was listed, is compared again before a move.
+/// has changed since it was listed or its volume is unsteady, is compared again before a move.
 void CategoryComparison::keepState(File& file, const FileStamp& stamp) {
-    if (stamp.size == file.fileSize() && stamp.modified == file.fileModificationDate()) {
+    if (stamp.identity.inode != 0 && stamp.size == file.fileSize() &&
+        stamp.modified == file.fileModificationDate()) {
         store_.keepCompared(file, {stamp.identity, stamp.changed});
     }
 }

@@ -8,8 +8,10 @@
 #include <array>
 #include <cstring>
 #include <iterator>
+#include <mutex>
 #include <numeric>
 #include <tuple>
+#include <unordered_set>
 #include <utility>
 
 namespace tarvin {
@@ -172,6 +174,72 @@ class ContentPartition::RepeatFilter final : public ContentVerdict {
     ContentVerdict& to_;
 };
 
+/// Forwards the results, but holds back those of groups with a file on an unsteady volume.
+class ContentPartition::FirstComparison final : public ContentVerdict {
+ public:
+    FirstComparison(const CandidateReader& reader, std::span<const std::optional<FileStamp>> stamps,
+                    ContentVerdict& to)
+        : reader_(reader), stamps_(stamps), to_(to) {}
+
+    void advanced(std::uint32_t file, std::uint64_t bytes) override { to_.advanced(file, bytes); }
+
+    void equal(FileGroup group) override {
+        if (std::none_of(group.begin(), group.end(),
+                         [this](std::uint32_t file) { return isUnsteady(file); })) {
+            to_.equal(std::move(group));
+            return;
+        }
+        const std::lock_guard lock(mutex_);
+        unconfirmed_.push_back(std::move(group));
+    }
+
+    void decided(std::span<const std::uint32_t> files) override {
+        for (const std::uint32_t file : files) {
+            if (!isUnsteady(file)) {
+                to_.decided({&file, 1});
+            }
+        }
+    }
+
+    /// After the comparison.
+    [[nodiscard]] const std::vector<FileGroup>& unconfirmed() const { return unconfirmed_; }
+
+ private:
+    [[nodiscard]] bool isUnsteady(std::uint32_t file) const {
+        return stamps_[file] && reader_.isUnsteady(stamps_[file]->identity.device);
+    }
+
+    const CandidateReader& reader_;
+    std::span<const std::optional<FileStamp>> stamps_;
+    ContentVerdict& to_;
+    std::mutex mutex_;
+    std::vector<FileGroup> unconfirmed_;  // guarded by mutex_
+};
+
+/// Forwards the groups. The bytes have been counted the first time.
+class ContentPartition::SecondComparison final : public ContentVerdict {
+ public:
+    explicit SecondComparison(ContentVerdict& to) : to_(to) {}
+
+    void equal(FileGroup group) override {
+        {
+            const std::lock_guard lock(mutex_);
+            confirmed_.insert(group.begin(), group.end());
+        }
+        to_.equal(std::move(group));
+    }
+
+    void decided(std::span<const std::uint32_t> /*files*/) override {}
+
+    /// After the comparison.
+    [[nodiscard]] bool isConfirmed(std::uint32_t file) const { return confirmed_.contains(file); }
+
+ private:
+    ContentVerdict& to_;
+    std::mutex mutex_;
+    std::unordered_set<std::uint32_t> confirmed_;  // guarded by mutex_
+};
+
 bool ContentPartition::isReadWhole(std::uint64_t fileSize, std::size_t fileCount) {
     return fileSize < wholeFileBytes && fileCount <= maxFilesReadWhole;
 }
@@ -192,7 +260,8 @@ std::optional<std::vector<FileGroup>> ContentPartition::compareWhole(std::span<F
         if (!candidate) {
             continue;
         }
-        if (candidate->stamp.size >= wholeFileBytes) {
+        if (candidate->stamp.size >= wholeFileBytes ||
+            reader_.isUnsteady(candidate->stamp.identity.device)) {
             return std::nullopt;
         }
         const auto size = static_cast<std::size_t>(candidate->stamp.size);
@@ -233,10 +302,36 @@ void ContentPartition::partition(std::span<File* const> files, ContentVerdict& v
         const std::size_t end = std::min(groups.size(), (share + 1) * groupsAShare);
         for (std::size_t group = share * groupsAShare; group < end; ++group) {
             if (!seen.open.empty() || !compareOpen(files, seen, groups[group], filter)) {
-                comparer.compare(groups[group], filter);
+                compareSurely(comparer, files, seen.stamps, groups[group], filter);
             }
         }
     });
+}
+
+/// Reports a group as ContentComparer does, once it is confirmed.
+void ContentPartition::compareSurely(ContentComparer& comparer, std::span<File* const> files,
+                                     std::span<const std::optional<FileStamp>> stamps,
+                                     FileGroup group, ContentVerdict& verdict) {
+    const FileGroup members = group;
+    FirstComparison first(reader_, stamps, verdict);
+    comparer.compare(std::move(group), first);
+    for (const FileGroup& equal : first.unconfirmed()) {
+        compareAgain(comparer, files, equal, verdict);
+    }
+    if (!reader_.control().stop()) {
+        verdict.decided(members);
+    }
+}
+
+void ContentPartition::compareAgain(ContentComparer& comparer, std::span<File* const> files,
+                                    const FileGroup& group, ContentVerdict& verdict) {
+    SecondComparison second(verdict);
+    comparer.compare(group, second);
+    for (const std::uint32_t file : group) {
+        if (!second.isConfirmed(file)) {
+            reader_.logChange(*files[file]);
+        }
+    }
 }
 
 /// Compares a group of a class whose files were not kept open, with its own files open until the
@@ -257,8 +352,7 @@ bool ContentPartition::compareOpen(std::span<File* const> files, const Inspectio
         stamps.push_back(seen.stamps[number]);
         open.push_back(reader_.open(*files[number]));
         // NOLINTNEXTLINE(bugprone-unchecked-optional-access): members were read.
-        if (open.back() && open.back()->stamp != *seen.stamps[number]) {
-            reader_.logChange(*files[number]);
+        if (open.back() && !reader_.isAsBefore(*seen.stamps[number], *open.back())) {
             open.back().reset();
         }
     }
@@ -266,7 +360,7 @@ bool ContentPartition::compareOpen(std::span<File* const> files, const Inspectio
     std::iota(all.begin(), all.end(), 0U);
     Renumbered renumbered(group, verdict);
     ContentComparer comparer(reader_, buffers_, pool_, {members, stamps, open});
-    comparer.compare(std::move(all), renumbered);
+    compareSurely(comparer, members, stamps, std::move(all), renumbered);
     return true;
 }
 

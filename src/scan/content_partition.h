@@ -66,21 +66,31 @@ class ContentPartition final {
     /// Returns the groups of two or more equal files among `files`, each ascending. An unreadable
     /// file is in no group. A file is read by one call, so a change meanwhile is seen only by its
     /// length; its stamp is that before the call, so a move of the file will see any other. Returns
-    /// nullopt if a file has grown too large since it was listed; use partition() then. After a
-    /// stop: the groups among the files read before it.
+    /// nullopt if a file has grown too large since it was listed, or is on an unsteady volume,
+    /// where stamps show no change; use partition() then. After a stop: the groups among the files
+    /// read before it.
     [[nodiscard]] std::optional<std::vector<FileGroup>> compareWhole(std::span<File* const> files,
                                                                      Workspace& workspace);
 
-    /// The same for any class; reports each group as soon as it is confirmed. The caller must not
-    /// hold a workspace.
+    /// The same for any class; reports each group as soon as it is confirmed. A group with a file
+    /// on an unsteady volume is confirmed only by a second comparison of all its bytes: a file that
+    /// was changed once while it was read the first time differs then. Its files that are not equal
+    /// the second time are logged as changed. The caller must not hold a workspace.
     void partition(std::span<File* const> files, ContentVerdict& verdict);
 
  private:
     struct Inspection;
     class RepeatFilter;
+    class FirstComparison;
+    class SecondComparison;
 
     [[nodiscard]] bool compareOpen(std::span<File* const> files, const Inspection& seen,
                                    const FileGroup& group, ContentVerdict& verdict);
+    void compareSurely(ContentComparer& comparer, std::span<File* const> files,
+                       std::span<const std::optional<FileStamp>> stamps, FileGroup group,
+                       ContentVerdict& verdict);
+    void compareAgain(ContentComparer& comparer, std::span<File* const> files,
+                      const FileGroup& group, ContentVerdict& verdict);
     void logResized(std::span<File* const> files, std::span<const std::optional<FileStamp>> stamps,
                     const std::vector<FileGroup>& groups);
     void inspectAll(std::span<File* const> files, Inspection& seen);

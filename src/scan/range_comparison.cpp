@@ -59,10 +59,9 @@ class RangeComparison::Opened final {
         }
         share_ = reader_.descriptors().take(1);
         own_ = reader_.open(*candidates.files[number]);
-        if (own_ && candidates.seen[number] == own_->stamp) {
+        // NOLINTNEXTLINE(bugprone-unchecked-optional-access): members were read.
+        if (own_ && reader_.isAsBefore(*candidates.seen[number], *own_)) {
             candidate_ = &*own_;
-        } else if (own_) {
-            reader_.logChange(*candidates.files[number]);
         }
     }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_system.h"
+#include "platform/unsteady_volumes.h"
 #include "scan/io_watch.h"
 #include "scan/scan_control.h"
 #include "scan/unreadable.h"
@@ -15,6 +16,7 @@ struct ScanServices {
     ScanControl& control;
     IoWatch& watch;
     UnreadableLog& unreadable;
+    UnsteadyVolumes& unsteadyVolumes;
 };
 
 }  // namespace tarvin

@@ -18,7 +18,7 @@ ScanWork::ScanWork(FileSystem& fileSystem, ScanObserver& observer, Settings sett
     : observer_(observer),
       gate_(settings.progressInterval),
       pool_(settings.workers),
-      services_{fileSystem, pool_, control_, watch_, unreadable_} {}
+      services_{fileSystem, pool_, control_, watch_, unreadable_, unsteadyVolumes_} {}
 
 ScanWork::~ScanWork() = default;
 

@@ -142,6 +142,7 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
     ScanControl control_;
     IoWatch watch_;
     UnreadableLog unreadable_;
+    UnsteadyVolumes unsteadyVolumes_;
     Link observer_;
     ProgressGate gate_;
     std::vector<LocationRow> rows_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <random>
 #include <utility>
@@ -567,7 +568,25 @@ Result<FileAttributes> FaultyFileSystem::withFlags(Result<FileAttributes> attrib
     if (const auto told = identities_.find(path); attributes && told != identities_.end()) {
         attributes->identity = told->second;
     }
+    if (attributes) {
+        jitter(*attributes);
+    }
     return attributes;
+}
+
+/// The dates go to and fro within a millisecond.
+void FaultyFileSystem::jitter(FileAttributes& attributes) const {
+    const bool isFile = attributes.type == EntryType::regular;
+    const bool isFolder = attributes.type == EntryType::directory;
+    const std::uint64_t answer = ++answers_;
+    if ((isFile && jittersInodes_) || (isFolder && jittersFolders_)) {
+        attributes.identity.inode = (1U << 20U) + answer;
+    }
+    if (isFile && jittersDates_ && attributes.modified) {
+        attributes.modified = std::chrono::floor<std::chrono::seconds>(*attributes.modified) +
+                              std::chrono::microseconds(answer * 617 % 1000);
+        attributes.changed = attributes.modified;
+    }
 }
 
 }  // namespace tarvin

@@ -4,6 +4,7 @@
 #include "platform/timestamp.h"
 
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -87,6 +88,11 @@ class FaultyFileSystem final : public FileSystem {
     void setCreated(const std::string& path, Timestamp created);
     /// Reports that identity for the entry with exactly this path.
     void setIdentity(const std::string& path, FileIdentity identity);
+    /// Reports other inode numbers, dates or both of regular files at each call.
+    void jitterInodes() { jittersInodes_ = true; }
+    void jitterDates() { jittersDates_ = true; }
+    /// Reports other inode numbers of folders at each call.
+    void jitterFolders() { jittersFolders_ = true; }
     /// Reports that the file with exactly this path begins there on its device.
     void setPlace(const std::string& path, std::uint64_t place);
     void setMountedFolders(std::vector<MountedFolder> folders);
@@ -194,6 +200,7 @@ class FaultyFileSystem final : public FileSystem {
     static std::optional<FileAttributes> inventedAttributes(const Open& folder, const char* name);
     Result<FileAttributes> withFlags(Result<FileAttributes> attributes,
                                      const std::string& path) const;
+    void jitter(FileAttributes& attributes) const;
     std::optional<SystemError> reserveDescriptor();
     Result<Descriptor> keepOpen(Result<Descriptor> opened, const std::string& path, bool isFile);
     std::shared_ptr<Open> find(const Descriptor& descriptor) const;
@@ -231,6 +238,10 @@ class FaultyFileSystem final : public FileSystem {
     ListingOrder order_ = ListingOrder::asListed;
     std::uint64_t seed_ = 0;
     bool typesHidden_ = false;
+    std::atomic<bool> jittersInodes_ = false;
+    std::atomic<bool> jittersDates_ = false;
+    std::atomic<bool> jittersFolders_ = false;
+    mutable std::atomic<std::uint64_t> answers_{0};
 };
 
 }  // namespace tarvin

@@ -13,7 +13,7 @@ class ScanTools final {
     [[nodiscard]] ScanServices services() { return servicesWith(control_); }
     /// The services with another control.
     [[nodiscard]] ScanServices servicesWith(ScanControl& control) {
-        return {fileSystem_, pool_, control, watch_, unreadable_};
+        return {fileSystem_, pool_, control, watch_, unreadable_, unsteadyVolumes_};
     }
 
     [[nodiscard]] WorkerPool& pool() { return pool_; }
@@ -25,6 +25,7 @@ class ScanTools final {
     ScanControl control_;
     IoWatch watch_;
     UnreadableLog unreadable_;
+    UnsteadyVolumes unsteadyVolumes_;
     WorkerPool pool_;
 };
 
