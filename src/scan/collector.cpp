@@ -1,11 +1,14 @@
 #include "scan/collector.h"
 
+#include "platform/file_paths.h"
 #include "scan/trash_folders.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace tarvin {
@@ -55,6 +58,7 @@ Collector::Collector(const ScanServices& services, const ExceptionFilter& except
       control_(services.control),
       watch_(services.watch),
       unreadableLog_(services.unreadable),
+      unsteadyVolumes_(services.unsteadyVolumes),
       exceptions_(exceptions),
       filter_(filter),
       observer_(observer),
@@ -190,7 +194,8 @@ void Collector::check(GivenFolder& folder) {
     } else if (fileSystem_.isPseudoFileSystem(attributes->identity.device)) {
         folder.failure = SystemError{EOPNOTSUPP};
     } else {
-        folder.directory->identity = attributes->identity;
+        examineVolume(*folder.directory, attributes->identity);
+        folder.directory->identity = identityFor(*folder.directory, attributes->identity);
     }
 }
 
@@ -247,16 +252,83 @@ void Collector::takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block>
 
 /// Returns whether the folder can be listed and has not been walked yet. Closes it if not.
 bool Collector::enter(Directory& directory, const std::shared_ptr<TreeReader::Listing>& listing) {
-    const Result<FileIdentity> identity = reader_.identityOf(listing);
-    if (identity && walked_.insert(*identity).second) {
-        directory.identity = *identity;
-        return true;
-    }
-    if (!identity) {
+    const Result<FileIdentity> told = reader_.identityOf(listing);
+    if (told) {
+        const FileIdentity identity = identityFor(directory, *told);
+        if (walked_.insert(identity).second) {
+            directory.identity = identity;
+            return true;
+        }
+    } else {
         noteFailure(directory, listing);
     }
     reader_.close(listing);
     return false;
+}
+
+/// As TreeReader does for the folders that are walked. Called inside an IoWatch::Call.
+void Collector::examineVolume(const Directory& directory, const FileIdentity& told) {
+    const std::string path = directory.path();
+    const Result<FileAttributes> again = fileSystem_.currentAttributesAtPath(path + "/.");
+    if (again && again->identity.device == told.device && again->identity != told) {
+        const Result<Descriptor> opened = fileSystem_.openRootDirectory(path);
+        if (opened) {
+            unsteadyVolumes_.examine(fileSystem_, *opened);
+        }
+    }
+}
+
+/// The identity told by the volume or, if that is worth nothing, one made up for the path: numbered
+/// from the highest inode number down, which no volume reaches.
+FileIdentity Collector::identityFor(const Directory& directory, const FileIdentity& told) {
+    if (!unsteadyVolumes_.contains(told.device)) {
+        return told;
+    }
+    const FileIdentity made{told.device, ~std::uint64_t{0} - madeIdentities_.size()};
+    return madeIdentities_.try_emplace(placeOf(realPathOf(directory)), made).first->second;
+}
+
+/// The file system and the path within it, so that a bind mount leads to the same place.
+std::string Collector::placeOf(const std::string& realPath) {
+    if (!mounted_) {
+        mounted_ = fileSystem_.mountedFolders();
+    }
+    const MountedFolder* nearest = nullptr;
+    for (const MountedFolder& each : *mounted_) {
+        // Of those at one mount point the last one hides the others.
+        if (isWithin(realPath, each.mountPoint) &&
+            (nearest == nullptr || each.mountPoint.size() >= nearest->mountPoint.size())) {
+            nearest = &each;
+        }
+    }
+    if (nearest == nullptr) {
+        return realPath;
+    }
+    const std::string root = nearest->root == "/" ? "" : nearest->root;
+    const std::string below =
+        realPath.substr(nearest->mountPoint == "/" ? 0 : nearest->mountPoint.size());
+    return std::to_string(nearest->fileSystem) + ':' + root + below;
+}
+
+/// The path with the symbolic links of its location resolved; below that none is followed.
+std::string Collector::realPathOf(const Directory& directory) {
+    const Directory* root = &directory;
+    while (root->parent != nullptr) {
+        root = root->parent;
+    }
+    const std::string rootPath = root->path();
+    const auto [known, isNew] = realRoots_.try_emplace(root);
+    if (isNew) {
+        const IoWatch::Call call(watch_, *root);
+        std::error_code failure;
+        const std::filesystem::path real = std::filesystem::canonical(rootPath, failure);
+        known->second = failure ? rootPath : real.native();
+    }
+    if (root == &directory) {
+        return known->second;
+    }
+    const std::string below = directory.path().substr(rootPath == "/" ? 1 : rootPath.size() + 1);
+    return known->second + (known->second == "/" ? "" : "/") + below;
 }
 
 /// Closes the folder and logs the error if its listing ended early.

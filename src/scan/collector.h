@@ -24,7 +24,9 @@ namespace tarvin {
 /// extension into the list of its category, in the order of the listings.
 ///
 /// Made for one scan and used on one thread; the workers of the pool list ahead. A folder is walked
-/// once per scan and a file taken once, even if several paths lead to it. A file that is a location
+/// once per scan and a file taken once, even if several paths lead to it; on a volume whose folders
+/// have no lasting inode numbers (UnsteadyVolumes), if these are one path after symbolic links and
+/// bind mounts are resolved. A file that is a location
 /// itself is taken even if it is hidden; all else that is skipped inside folders, it is too.
 /// Folders that cannot be listed and files whose attributes cannot be read go to the UnreadableLog;
 /// see unreadableLocations() for the locations.
@@ -72,6 +74,10 @@ class Collector final {
     [[nodiscard]] bool enter(Directory& directory,
                              const std::shared_ptr<TreeReader::Listing>& listing);
     void leave(const OpenFolder& folder);
+    void examineVolume(const Directory& directory, const FileIdentity& told);
+    [[nodiscard]] FileIdentity identityFor(const Directory& directory, const FileIdentity& told);
+    [[nodiscard]] std::string realPathOf(const Directory& directory);
+    [[nodiscard]] std::string placeOf(const std::string& realPath);
     void noteFailure(const Directory& directory,
                      const std::shared_ptr<TreeReader::Listing>& listing);
     void walk(std::vector<OpenFolder>& open);
@@ -85,6 +91,7 @@ class Collector final {
     ScanControl& control_;
     IoWatch& watch_;
     UnreadableLog& unreadableLog_;
+    UnsteadyVolumes& unsteadyVolumes_;
     const ExceptionFilter& exceptions_;
     const ScanFilter& filter_;
     ScanObserver& observer_;
@@ -93,6 +100,10 @@ class Collector final {
     TreeReader reader_;
     Classifier classifier_;
     std::unordered_set<FileIdentity, FileIdentityHash> walked_;
+    // Of folders without lasting inode numbers, by placeOf().
+    std::unordered_map<std::string, FileIdentity> madeIdentities_;
+    std::unordered_map<const Directory*, std::string> realRoots_;
+    std::optional<std::vector<MountedFolder>> mounted_;          // once it is needed
     std::unordered_map<std::string, GivenFolder> givenFolders_;  // by path
     std::optional<TakenFiles> taken_;                            // from the first given file on
     std::vector<UnreadableLocation> unreadable_;

@@ -7,6 +7,17 @@
 
 namespace tarvin {
 
+namespace {
+
+/// Whether a folder gets another inode number at each call.
+bool isRenumbered(FileSystem& fileSystem, const std::string& path) {
+    const Result<FileAttributes> one = fileSystem.currentAttributesAtPath(path);
+    const Result<FileAttributes> next = fileSystem.currentAttributesAtPath(path);
+    return one && next && one->identity != next->identity;
+}
+
+}  // namespace
+
 bool isVolumeTrash(std::string_view name) {
     constexpr std::string_view prefix = ".Trash-";
     if (!name.starts_with(prefix) || name.size() == prefix.size()) {
@@ -37,6 +48,10 @@ Result<bool> isInTrash(FileSystem& fileSystem, const std::string& folder) {
             return attributes.error();
         }
         if (attributes && attributes->identity == *homeTrash) {
+            return true;
+        }
+        if (attributes && name == homeTrashName &&
+            attributes->identity.device == homeTrash->device && isRenumbered(fileSystem, at)) {
             return true;
         }
     }

@@ -1,6 +1,7 @@
 #include "scan/tree_reader.h"
 
 #include "scan/open_with_retry.h"
+#include "scan/trash_folders.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -99,6 +100,7 @@ TreeReader::TreeReader(const ScanServices& services, Interest interest, PauseWai
       pool_(services.pool),
       control_(services.control),
       watch_(services.watch),
+      unsteadyVolumes_(services.unsteadyVolumes),
       interest_(std::move(interest)),
       waitOutPause_(waitOutPause ? std::move(waitOutPause)
                                  : [&control = services.control] { control.waitWhilePaused(); }),
@@ -379,6 +381,7 @@ std::optional<SystemError> TreeReader::open(Listing& listing) {
     if (!attributes) {
         return attributes.error();
     }
+    examineVolume(listing, attributes->identity, *opened);
     if (isNotWalked(listing, attributes->identity)) {
         const std::lock_guard lock(mutex_);
         listing.refused = true;
@@ -413,9 +416,30 @@ void TreeReader::closeKeptOpen() {
     keptOpen_.clear();
 }
 
+/// One more answer about the first folder of each file system shows a made-up inode number.
+void TreeReader::examineVolume(const Listing& listing, const FileIdentity& identity,
+                               const Descriptor& folder) {
+    const bool isFirst = !listing.parent || listing.parent->identity.device != identity.device;
+    if (!isFirst || unsteadyVolumes_.contains(identity.device)) {
+        return;
+    }
+    const Result<FileAttributes> again = fileSystem_.currentAttributesOf(folder);
+    if (again && again->identity != identity) {
+        unsteadyVolumes_.examine(fileSystem_, folder);
+    }
+}
+
+/// On an unsteady volume every folder with the name that each home Trash has.
+bool TreeReader::isHomeTrash(const Directory& folder, const FileIdentity& identity) const {
+    return homeTrash_ == identity ||
+           (homeTrash_ && homeTrash_->device == identity.device &&
+            unsteadyVolumes_.contains(identity.device) &&
+            std::string_view(folder.name, folder.nameLength).ends_with(homeTrashName));
+}
+
 /// Whether the folder is the user's Trash or on a refused file system.
 bool TreeReader::isNotWalked(const Listing& listing, const FileIdentity& identity) const {
-    if (homeTrash_ == identity) {
+    if (isHomeTrash(*listing.directory, identity)) {
         return true;
     }
     if (listing.parent && listing.parent->identity.device == identity.device) {

@@ -41,7 +41,8 @@ struct ListedEntry {
 /// The walk requests folders one by one, depth first, and gets the entries of each block by block
 /// in listing order. Meanwhile workers list the next folders and read the attributes of their
 /// entries, also inside one large folder. The amount read ahead is bounded. The user's Trash and
-/// pseudo file systems are refused like unreadable folders.
+/// pseudo file systems are refused like unreadable folders. Where a walk comes to another file
+/// system, it finds out whether the inode numbers of folders change there (UnsteadyVolumes).
 ///
 /// Only the walking thread may call the public functions. Workers wait during a pause; after a stop
 /// folders end early.
@@ -123,6 +124,9 @@ class TreeReader final {
     void keepBatch(const std::shared_ptr<Listing>& listing, const Batch& batch);
     std::optional<SystemError> open(Listing& listing);
     Result<Descriptor> openFolder(const Listing& listing);
+    void examineVolume(const Listing& listing, const FileIdentity& identity,
+                       const Descriptor& folder);
+    [[nodiscard]] bool isHomeTrash(const Directory& folder, const FileIdentity& identity) const;
     [[nodiscard]] bool isNotWalked(const Listing& listing, const FileIdentity& identity) const;
     void closeKeptOpen();
     [[nodiscard]] std::unique_ptr<Block> wanted(const Directory& folder,
@@ -139,6 +143,7 @@ class TreeReader final {
     WorkerPool& pool_;
     ScanControl& control_;
     IoWatch& watch_;
+    UnsteadyVolumes& unsteadyVolumes_;
     const Interest interest_;
     const PauseWait waitOutPause_;
     const Devices devices_;

@@ -592,7 +592,17 @@ TEST_F(CollectorTest, StopsAtTheEndOfAPause) {
     EXPECT_EQ(labels(), (Names{"a.txt"}));
 }
 
-TEST_F(CollectorTest, WalksAFolderNamedByTwoRowsOnce) {
+/// Folders whose inode numbers last, and folders that have another one at each call.
+class FoldersOnce : public CollectorTest, public testing::WithParamInterface<bool> {
+ protected:
+    FoldersOnce() {
+        if (GetParam()) {
+            fileSystem_.jitterFolders();
+        }
+    }
+};
+
+TEST_P(FoldersOnce, WalksAFolderNamedByTwoRowsOnce) {
     write({"a/1.txt", "b/2.txt"});
     const std::string path = tree_.pathOf("a");
     Collection collection = collect(folderRows({path, tree_.pathOf("b"), path, path + "/"}));
@@ -600,26 +610,26 @@ TEST_F(CollectorTest, WalksAFolderNamedByTwoRowsOnce) {
     EXPECT_TRUE(collection.unreadable.empty());
 }
 
-TEST_F(CollectorTest, WalksAFolderInsideAnotherRowOnce) {
+TEST_P(FoldersOnce, WalksAFolderInsideAnotherRowOnce) {
     write({"a/1.txt", "a/b/2.txt", "a/c/3.txt"});
     EXPECT_EQ(documents(collect(folderRows({tree_.pathOf("a"), tree_.pathOf("a/b")}))),
               (Names{"a/1.txt", "a/b/2.txt", "a/c/3.txt"}));
 }
 
-TEST_F(CollectorTest, WalksAFolderThatWasAnEarlierRowOnce) {
+TEST_P(FoldersOnce, WalksAFolderThatWasAnEarlierRowOnce) {
     write({"a/1.txt", "a/b/2.txt", "a/b/c/4.txt", "a/c/3.txt"});
     EXPECT_EQ(documents(collect(folderRows({tree_.pathOf("a/b"), tree_.path()}))),
               (Names{"a/b/2.txt", "a/b/c/4.txt", "a/1.txt", "a/c/3.txt"}));
 }
 
-TEST_F(CollectorTest, WalksAFolderBehindALinkOnce) {
+TEST_P(FoldersOnce, WalksAFolderBehindALinkOnce) {
     write({"a/1.txt"});
     const std::string link = tree_.makeLink("link", "a");
     EXPECT_EQ(documents(collect(folderRows({tree_.pathOf("a"), link, tree_.pathOf("link/../a")}))),
               (Names{"a/1.txt"}));
 }
 
-TEST_F(CollectorTest, WalksABindMountedFolderOnce) {
+TEST_P(FoldersOnce, WalksABindMountedFolderOnce) {
     write({"a/1.txt", "a/inner/2.txt"});
     const std::string path = tree_.makeFolder("b");
     const Mount mount(tree_.pathOf("a"), path, "none", MS_BIND);
@@ -628,13 +638,42 @@ TEST_F(CollectorTest, WalksABindMountedFolderOnce) {
     }
 }
 
-TEST_F(CollectorTest, EndsWithAFolderMountedInsideItself) {
+TEST_P(FoldersOnce, EndsWithAFolderMountedInsideItself) {
     write({"a/1.txt", "a/z/2.txt"});
     const Mount mount(tree_.path(), tree_.makeFolder("a/b"), "none", MS_BIND);
     if (mount) {
         EXPECT_EQ(documents(collectTree()), (Names{"a/1.txt", "a/z/2.txt"}));
     }
 }
+
+TEST_P(FoldersOnce, AreFoldersOfDifferentNamesBelowOneAnother) {
+    write({"a/a/1.txt", "a/b/1.txt", "b/a/1.txt"});
+    EXPECT_EQ(documents(collectTree()), (Names{"a/a/1.txt", "a/b/1.txt", "b/a/1.txt"}));
+}
+
+TEST_P(FoldersOnce, AGivenFileIsTakenOnce) {
+    write({"a/1.txt", "a/b/2.txt"});
+    const std::string link = tree_.makeLink("link", "a");
+    std::vector<LocationRow> rows = folderRows(
+        {tree_.pathOf("a/b/2.txt"), link + "/1.txt", tree_.pathOf("a"), link + "/b/2.txt"});
+    for (LocationRow& row : rows) {
+        row.mayBeFile = true;
+    }
+    Collection collection = collect(std::move(rows));
+    EXPECT_EQ(within(collection.paths()), (Names{"a/b/2.txt", "link/1.txt"}));
+}
+
+TEST_P(FoldersOnce, TheHomeTrashIsSkipped) {
+    write({"a.txt", "data/Trash/files/b.txt", "data/c.txt"});
+    fileSystem_.setHomeTrash(identityOf(tree_.pathOf("data/Trash")));
+    EXPECT_EQ(documents(collectTree()), (Names{"a.txt", "data/c.txt"}));
+    Collection location = collect(
+        folderRows({tree_.pathOf("data/Trash"), tree_.makeLink("link", "data/Trash/files")}));
+    EXPECT_EQ(location.outcome, Collector::Outcome::nothing);
+    EXPECT_EQ(location.unreadable.size(), 2U);
+}
+
+INSTANTIATE_TEST_SUITE_P(InodeNumbers, FoldersOnce, testing::Bool());
 
 TEST_F(CollectorTest, WalksOtherFileSystemsInsideALocation) {
     write({"a.txt"});
