@@ -1,7 +1,8 @@
 // Serves a folder as a network does: every call takes a while, many calls may be under way at once,
-// and nothing is cached. For measurements and tests: read only.
+// and nothing is cached. For measurements and tests: read only, unless --writable is given.
 //
-//   simulated_network SOURCE FOLDER --delay MILLISECONDS [--jitter] --statistics FILE
+//   simulated_network SOURCE FOLDER --delay MILLISECONDS [--jitter | --jitter-inodes |
+//       --jitter-dates] [--jitter-folders] [--writable] --statistics FILE
 //
 // Returns when FOLDER is mounted and serves it in the background. When it is unmounted, FILE
 // appears with two lines: the number of calls and how many were under way at most at the same time.
@@ -33,7 +34,10 @@ constexpr unsigned mostCalls = 256;  // under way at once
 struct Network {
     std::string source;
     std::chrono::nanoseconds delay{};
-    bool jitters = false;
+    bool jittersInodes = false;
+    bool jittersDates = false;
+    bool jittersFolders = false;
+    bool isWritable = false;
     std::atomic<std::uint64_t> calls{0};
     std::atomic<std::uint64_t> underWay{0};
     std::atomic<std::uint64_t> most{0};
@@ -72,19 +76,30 @@ int resultOf(int status) {
     return status < 0 ? -errno : 0;
 }
 
-/// Servers that make up inode numbers, and clocks that are not exact: another answer at each call.
+/// Servers that make up inode numbers, and clocks that are not exact: another answer at each call,
+/// of files and, if wanted, of folders.
 void jitter(struct stat& attributes) {
+    const Network& served = network();
     static std::atomic<std::uint64_t> next{1U << 20U};
-    attributes.st_ino = next++;
-    attributes.st_mtim.tv_nsec = static_cast<long>(next % 1000) * 1000;
-    attributes.st_ctim = attributes.st_mtim;
+    if (!S_ISREG(attributes.st_mode) && !(S_ISDIR(attributes.st_mode) && served.jittersFolders)) {
+        return;
+    }
+    const std::uint64_t answer = next++;
+    if (served.jittersInodes) {
+        attributes.st_ino = answer;
+    }
+    if (served.jittersDates) {
+        // To and fro, as when several servers answer.
+        attributes.st_mtim.tv_nsec = static_cast<long>(answer * 617 % 1000) * 1000;
+        attributes.st_ctim = attributes.st_mtim;
+    }
 }
 
 int attributes(const char* path, struct stat* result, fuse_file_info* file) {
     const Call call;
     const int status = file != nullptr ? ::fstat(static_cast<int>(file->fh), result)
                                        : ::lstat(sourceOf(path).c_str(), result);
-    if (status == 0 && network().jitters && S_ISREG(result->st_mode)) {
+    if (status == 0) {
         jitter(*result);
     }
     return resultOf(status);
@@ -102,7 +117,8 @@ int readLink(const char* path, char* target, std::size_t size) {
 
 int openFile(const char* path, fuse_file_info* file) {
     const Call call;
-    const int opened = ::open(sourceOf(path).c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+    const int flags = network().isWritable ? file->flags & O_ACCMODE : O_RDONLY;
+    const int opened = ::open(sourceOf(path).c_str(), flags | O_CLOEXEC | O_NOFOLLOW);
     file->fh = static_cast<std::uint64_t>(opened);
     return resultOf(opened);
 }
@@ -135,17 +151,53 @@ int list(const char* path, void* buffer, fuse_fill_dir_t add, off_t, fuse_file_i
     return 0;
 }
 
+int createFile(const char* path, mode_t mode, fuse_file_info* file) {
+    const Call call;
+    const int opened = ::open(sourceOf(path).c_str(),
+                              (file->flags & O_ACCMODE) | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    file->fh = static_cast<std::uint64_t>(opened);
+    return resultOf(opened);
+}
+
+int writeFile(const char*, const char* data, std::size_t length, off_t offset,
+              fuse_file_info* file) {
+    const Call call;
+    const ssize_t done = ::pwrite(static_cast<int>(file->fh), data, length, offset);
+    return done < 0 ? -errno : static_cast<int>(done);
+}
+
+int renameEntry(const char* from, const char* to, unsigned flags) {
+    const Call call;
+    return resultOf(
+        ::renameat2(AT_FDCWD, sourceOf(from).c_str(), AT_FDCWD, sourceOf(to).c_str(), flags));
+}
+
+int removeFile(const char* path) {
+    const Call call;
+    return resultOf(::unlink(sourceOf(path).c_str()));
+}
+
+int makeFolder(const char* path, mode_t mode) {
+    const Call call;
+    return resultOf(::mkdir(sourceOf(path).c_str(), mode));
+}
+
+int removeFolder(const char* path) {
+    const Call call;
+    return resultOf(::rmdir(sourceOf(path).c_str()));
+}
+
 /// Nothing is kept: not the names, not the attributes, not the contents.
 void* start(fuse_conn_info*, fuse_config* config) {
     config->entry_timeout = 0;
     config->attr_timeout = 0;
     config->negative_timeout = 0;
     config->direct_io = 1;
-    config->use_ino = network().jitters ? 1 : 0;
+    config->use_ino = network().jittersInodes ? 1 : 0;
     return ::fuse_get_context()->private_data;
 }
 
-fuse_operations operations() {
+fuse_operations operations(const Network& served) {
     fuse_operations all{};
     all.getattr = attributes;
     all.readlink = readLink;
@@ -154,6 +206,14 @@ fuse_operations operations() {
     all.release = closeFile;
     all.readdir = list;
     all.init = start;
+    if (served.isWritable) {
+        all.create = createFile;
+        all.write = writeFile;
+        all.rename = renameEntry;
+        all.unlink = removeFile;
+        all.mkdir = makeFolder;
+        all.rmdir = removeFolder;
+    }
     return all;
 }
 
@@ -171,7 +231,7 @@ int serve(Network& served, const std::string& folder, const std::string& statist
     std::string program = "simulated_network";
     char* arguments[] = {program.data(), nullptr};
     fuse_args given = FUSE_ARGS_INIT(1, arguments);
-    const fuse_operations all = operations();
+    const fuse_operations all = operations(served);
     fuse* running = ::fuse_new(&given, &all, sizeof all, &served);
     if (running == nullptr || ::fuse_mount(running, folder.c_str()) != 0) {
         return 1;
@@ -204,9 +264,16 @@ int main(int argc, char** argv) {
     app.add_option("FOLDER", folder)->required()->check(CLI::ExistingDirectory);
     app.add_option("--delay", delay, "of each call, in milliseconds")
         ->check(CLI::NonNegativeNumber);
-    app.add_flag("--jitter", network.jitters, "other inode numbers and dates at each call");
+    bool jitters = false;
+    app.add_flag("--jitter", jitters, "other inode numbers and dates of files at each call");
+    app.add_flag("--jitter-inodes", network.jittersInodes, "only other inode numbers");
+    app.add_flag("--jitter-dates", network.jittersDates, "only other dates");
+    app.add_flag("--jitter-folders", network.jittersFolders, "also those of folders");
+    app.add_flag("--writable", network.isWritable, "files can be created, renamed and removed");
     app.add_option("--statistics", statistics, "written when FOLDER is unmounted");
     CLI11_PARSE(app, argc, argv);
+    network.jittersInodes = network.jittersInodes || jitters;
+    network.jittersDates = network.jittersDates || jitters;
     network.delay = std::chrono::nanoseconds(static_cast<std::int64_t>(delay * 1e6));
     network.source = absolute(network.source);
     return tarvin::devices::serve(network, absolute(folder), absolute(statistics));

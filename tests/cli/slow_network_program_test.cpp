@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
+#include <vector>
 
 namespace tarvin {
 namespace {
@@ -27,11 +29,13 @@ void fill(const TemporaryFolder& tree) {
     }
 }
 
-std::string scanned(const std::string& folder) {
-    const ProgramResult result = runTarvin({"scan", folder});
+/// The output of a scan of these folders and files, without the time that it took.
+std::string scanned(std::vector<std::string> places) {
+    places.insert(places.begin(), "scan");
+    const ProgramResult result = runTarvin(places);
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_EQ(result.errors, "");
-    return result.output;
+    return result.output.substr(0, result.output.find(" Elapsed Time:"));
 }
 
 std::string replaced(std::string text, const std::string& from, const std::string& to) {
@@ -44,15 +48,79 @@ std::string replaced(std::string text, const std::string& from, const std::strin
 TEST(SlowNetwork, ScansFindTheSetsOfAFastFolder) {
     const TemporaryFolder tree;
     fill(tree);
-    const std::string expected = scanned(tree.path());
+    const std::string expected = scanned({tree.path()});
     SlowNetwork network(tree.path(), 1);
     if (!network) {
         return;
     }
-    const std::string found = scanned(network.path());
+    const std::string found = scanned({network.path()});
     EXPECT_EQ(replaced(found, network.path(), tree.path()), expected);
     EXPECT_GT(expected.size(), static_cast<std::size_t>(files));
 }
+
+/// A network whose inode numbers, dates or both change from answer to answer.
+class UnsteadyNetwork : public ::testing::TestWithParam<const char*> {
+ protected:
+    /// The output of a scan of these parts of the tree, on the network and as if it were the tree.
+    std::string scannedThere(const std::vector<std::string>& parts) {
+        SlowNetwork network(tree_.path(), 0, GetParam());
+        return network
+                   ? replaced(scanned(below(network.path(), parts)), network.path(), tree_.path())
+                   : std::string();
+    }
+
+    std::string scannedHere(const std::vector<std::string>& parts) {
+        return scanned(below(tree_.path(), parts));
+    }
+
+    static std::vector<std::string> below(const std::string& folder,
+                                          std::vector<std::string> parts) {
+        for (std::string& part : parts) {
+            part.insert(0, folder);
+        }
+        return parts;
+    }
+
+    TemporaryFolder tree_;
+};
+
+TEST_P(UnsteadyNetwork, HasTheSetsOfAFastFolder) {
+    fill(tree_);
+    tree_.writeFile("long/1.txt", std::string(3'000'000, 'a'));
+    tree_.writeFile("long/2.txt", std::string(3'000'000, 'a'));
+    tree_.writeFile("long/3.txt", std::string(2'999'999, 'a') + 'b');
+    const std::string found = scannedThere({""});
+    if (!IsSkipped()) {
+        EXPECT_EQ(found, scannedHere({""}));
+    }
+}
+
+TEST_P(UnsteadyNetwork, TakesOverlappingLocationsOnce) {
+    tree_.writeFile("a/1.txt", "one");
+    tree_.writeFile("a/b/2.txt", "two");
+    tree_.writeFile("a/b/3.txt", "two");
+    tree_.writeFile("a/b/c/4.txt", "four");
+    const std::vector<std::string> parts{"/a/b", "/a", "/a/b/c/4.txt", "/a/b", ""};
+    const std::string found = scannedThere(parts);
+    if (!IsSkipped()) {
+        EXPECT_EQ(found, scannedHere(parts));
+        EXPECT_EQ(found.find("four"), std::string::npos);
+    }
+}
+
+TEST_P(UnsteadyNetwork, ListsHardLinksAsOthersDo) {
+    const std::string one = tree_.writeFile("1.txt", "linked");
+    std::filesystem::create_hard_link(one, tree_.pathOf("2.txt"));
+    const std::string found = scannedThere({""});
+    if (!IsSkipped()) {
+        EXPECT_NE(found.find("1.txt"), std::string::npos);
+        EXPECT_NE(found.find("2.txt"), std::string::npos);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Networks, UnsteadyNetwork,
+                         ::testing::Values("--jitter", "--jitter-inodes", "--jitter-dates",
+                                           "--jitter --jitter-folders"));
 
 // One call after the other would take longer than a minute, after which the program is killed.
 TEST(SlowNetwork, ManyCallsAreUnderWayAtOnce) {
@@ -62,7 +130,7 @@ TEST(SlowNetwork, ManyCallsAreUnderWayAtOnce) {
     if (!network) {
         return;
     }
-    scanned(network.path());
+    scanned({network.path()});
     const SlowNetwork::Statistics statistics = network.end();
     EXPECT_GE(statistics.mostAtOnce, 24U);
     EXPECT_LE(statistics.calls, 8U * files);
