@@ -81,8 +81,9 @@ CleanUp::CleanUp(FileSystem& fileSystem, TrashMover& trash, CleanUpJournal& jour
       turn_(turns, cleanUpTurn),
       clock_(clock),
       settings_(std::move(settings)),
-      folders_(fileSystem, settings_.folderMaxAge, maxOpenFolders),
-      tools_{fileSystem, trash, folders_, settings_.stopped, settings_.beforeStep} {}
+      folders_(fileSystem, unsteadyVolumes_, settings_.folderMaxAge, maxOpenFolders),
+      tools_{fileSystem,          trash, folders_, unsteadyVolumes_, settings_.stopped,
+             settings_.beforeStep} {}
 
 bool CleanUp::prepare(std::span<const std::shared_ptr<Set>> sets) {
     planned_.clear();

@@ -8,6 +8,7 @@
 #include "platform/clock.h"
 #include "platform/file_lock.h"
 #include "platform/trash_move.h"
+#include "platform/unsteady_volumes.h"
 #include "store/clean_up_journal.h"
 
 #include <chrono>
@@ -100,6 +101,7 @@ class CleanUp final : public FileMover {
     RepeatedLock turn_;
     Clock& clock_;
     const Settings settings_;
+    UnsteadyVolumes unsteadyVolumes_;
     OpenFolders folders_;
     const MoveTools tools_;
     std::optional<CleanUpId> id_;

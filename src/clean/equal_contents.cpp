@@ -11,7 +11,11 @@ namespace {
 
 constexpr std::size_t chunkBytes = 256 * 1024;
 
-bool isUnchanged(const FileAttributes& before, const FileAttributes& now) {
+bool isUnchanged(const SeenFile& seen, const FileAttributes& now) {
+    const FileAttributes& before = seen.attributes;
+    if (seen.isUnsteady) {
+        return now.type == before.type && now.size == before.size && now.linkCount > 0;
+    }
     return isSameFile(before, now) && now.changed == before.changed && now.linkCount > 0;
 }
 
@@ -26,7 +30,7 @@ class OpenFile final {
             return false;
         }
         const Result<FileAttributes> now = fileSystem_.attributesOf(*opened_);
-        return now && isUnchanged(seen_.attributes, *now);
+        return now && isUnchanged(seen_, *now);
     }
 
     [[nodiscard]] bool read(std::uint64_t offset, std::span<std::byte> into) const {

@@ -11,11 +11,12 @@ namespace tarvin {
 struct SeenFile {
     std::string path;  ///< absolute, native bytes
     FileAttributes attributes;
+    bool isUnsteady = false;  ///< on an unsteady volume: only type, size and links are known
 };
 
 /// Whether two files have the same size and bytes and, before and after the comparison, their given
-/// metadata. Returns false also if one cannot be read, or if `stopped`, which is polled for each
-/// chunk and may be empty, returns true. Any thread.
+/// metadata, as far as that is known. Returns false also if one cannot be read, or if `stopped`,
+/// which is polled for each chunk and may be empty, returns true. Any thread.
 [[nodiscard]] bool haveEqualContents(FileSystem& fileSystem, const SeenFile& one,
                                      const SeenFile& other, const std::function<bool()>& stopped);
 

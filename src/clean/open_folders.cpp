@@ -50,7 +50,9 @@ Result<std::shared_ptr<const OpenFolder>> OpenFolders::openAnew(const Directory&
         return attributes.error();
     }
     const bool isKnown = directory.identity.inode != 0;
-    if (isKnown && attributes->identity != directory.identity) {
+    if (isKnown && attributes->identity != directory.identity &&
+        (attributes->identity.device != directory.identity.device ||
+         !unsteadyVolumes_.examine(fileSystem_, *opened))) {
         return SystemError{ESTALE};
     }
     folder.descriptor = std::move(*opened);

@@ -3,6 +3,7 @@
 #include "model/file.h"
 #include "platform/file_system.h"
 #include "platform/open_folder.h"
+#include "platform/unsteady_volumes.h"
 
 #include <chrono>
 #include <list>
@@ -12,17 +13,23 @@
 namespace tarvin {
 
 /// Caches open folders that files are moved out of, so that a folder is not opened for each of its
-/// files. Returns a folder only if its path still leads to the folder that was scanned. One thread.
+/// files. Returns a folder only if its path still leads to the folder that was scanned, as far as
+/// its volume tells. One thread.
 class OpenFolders final {
  public:
     /// A folder is opened again by its path after `maxAge`. Keeps at most `maxOpen` folders open.
-    /// `fileSystem` must outlive this object.
-    OpenFolders(FileSystem& fileSystem, std::chrono::milliseconds maxAge, std::size_t maxOpen)
-        : fileSystem_(fileSystem), maxAge_(maxAge), maxOpen_(maxOpen) {}
+    /// Adds the volumes of folders that turn out to be unsteady. Both references must outlive this
+    /// object.
+    OpenFolders(FileSystem& fileSystem, UnsteadyVolumes& unsteadyVolumes,
+                std::chrono::milliseconds maxAge, std::size_t maxOpen)
+        : fileSystem_(fileSystem),
+          unsteadyVolumes_(unsteadyVolumes),
+          maxAge_(maxAge),
+          maxOpen_(maxOpen) {}
 
     /// Returns the open folder, which stays open as long as the result is held. Fails with ESTALE
-    /// if another folder is at the path now. Follows a symlink at the end of the path only for a
-    /// root of the scan.
+    /// if another folder is at the path now, which cannot be noticed on an unsteady volume. Follows
+    /// a symlink at the end of the path only for a root of the scan.
     Result<std::shared_ptr<const OpenFolder>> open(const Directory& directory);
 
     /// Has every folder opened again by its path on the next call of open().
@@ -40,6 +47,7 @@ class OpenFolders final {
     Result<std::shared_ptr<const OpenFolder>> openAnew(const Directory& directory);
 
     FileSystem& fileSystem_;
+    UnsteadyVolumes& unsteadyVolumes_;
     const std::chrono::milliseconds maxAge_;
     const std::size_t maxOpen_;
     std::list<Kept> kept_;  // most recently used first

@@ -1,5 +1,8 @@
 #include "clean/set_move.h"
 
+#include "platform/file_paths.h"
+#include "platform/open_folder.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <string>
@@ -8,6 +11,8 @@
 namespace tarvin {
 
 namespace {
+
+constexpr std::size_t listingBytes = 32 * 1024;
 
 bool isMarked(const File& file) {
     return file.state() != CheckState::off;
@@ -59,6 +64,9 @@ MoveResult SetMove::move(const File& file, TrashPlace& place) {
     if (match == Match::different) {
         return {MoveOutcome::changed, {}};
     }
+    if (match == Match::onlySize) {
+        mayTakeAll_ = false;
+    }
     before(MoveStep::findSurvivor);
     if (!mayTakeAll_ && !findSurvivor(file, *seen)) {
         return {unlessStopped(MoveOutcome::lastCopy), {}};
@@ -97,9 +105,17 @@ Result<SetMove::Seen> SetMove::stat(const File& file) {
     return Seen{*folder, *now};
 }
 
-SetMove::Match SetMove::match(const File& file, const FileAttributes& now) const {
-    if (now.type != EntryType::regular || now.size != file.fileSize() ||
-        now.modified != file.fileModificationDate()) {
+SetMove::Match SetMove::match(const File& file, const FileAttributes& now) {
+    if (now.type != EntryType::regular || now.size != file.fileSize()) {
+        return Match::different;
+    }
+    const Match stated = statedMatch(file, now);
+    return stated != Match::asCompared && isUnsteady(file, now) ? Match::onlySize : stated;
+}
+
+/// By the metadata alone.
+SetMove::Match SetMove::statedMatch(const File& file, const FileAttributes& now) const {
+    if (now.modified != file.fileModificationDate()) {
         return Match::different;
     }
     const ComparedState* const compared = file.compared();
@@ -114,6 +130,27 @@ SetMove::Match SetMove::match(const File& file, const FileAttributes& now) const
     return now.changed == compared->changed || isConfirmed ? Match::asCompared : Match::otherChange;
 }
 
+/// Whether the volume of a file that is not as compared is unsteady. Asks it at most once for each
+/// such file.
+bool SetMove::isUnsteady(const File& file, const FileAttributes& now) {
+    UnsteadyVolumes& volumes = tools_.unsteadyVolumes;
+    if (volumes.contains(now.identity.device)) {
+        return true;
+    }
+    if (const ComparedState* const compared = file.compared()) {
+        FileAttributes before = now;
+        before.identity = compared->identity;
+        before.modified = file.fileModificationDate();
+        before.changed = compared->changed;
+        if (volumes.addIfRenumbered(before, now)) {
+            return true;
+        }
+    }
+    const Result<Descriptor> opened = tools_.fileSystem.openFile(file.filePath());
+    return opened && volumes.examine(tools_.fileSystem, *opened) &&
+           volumes.contains(now.identity.device);
+}
+
 /// Whether every file is as compared or has the bytes of the first.
 bool SetMove::allUnchanged() {
     const File* first = nullptr;
@@ -124,7 +161,7 @@ bool SetMove::allUnchanged() {
             return false;
         }
         const Match match = this->match(*file, seen->attributes);
-        if (match == Match::different ||
+        if (match == Match::different || match == Match::onlySize ||
             (match == Match::otherChange &&
              (first == nullptr || !confirmEqual(*first, firstNow, *file, seen->attributes)))) {
             return false;
@@ -152,22 +189,99 @@ std::optional<std::size_t> SetMove::findSurvivor(const File& file, const Seen& s
 /// Whether `other` is as compared and not the same file under another path, as with a bind mount.
 bool SetMove::survives(const File& other, const File& file, const Seen& seen) {
     const Result<Seen> now = stat(other);
-    if (!now || match(other, now->attributes) == Match::different) {
+    if (!now) {
         return false;
     }
-    if (now->attributes.identity == seen.attributes.identity) {
-        const bool sameName =
-            now->folder->identity == seen.folder->identity && other.fileName() == file.fileName();
-        if (now->attributes.linkCount < 2 || sameName) {
+    const Match others = match(other, now->attributes);
+    const Match files = match(file, seen.attributes);
+    if (others == Match::different) {
+        return false;
+    }
+    const bool sameName =
+        now->folder->identity == seen.folder->identity && other.fileName() == file.fileName();
+    const bool sameIdentity = now->attributes.identity == seen.attributes.identity;
+    if (sameIdentity && (now->attributes.linkCount < 2 || sameName)) {
+        return false;
+    }
+    comparesArrived_ = others == Match::onlySize || files == Match::onlySize;
+    if (comparesArrived_) {
+        if (sameName || !hasBytesOf(other, {file.filePath(), seen.attributes, true})) {
             return false;
         }
-    } else if ((match(other, now->attributes) == Match::otherChange ||
-                match(file, seen.attributes) == Match::otherChange) &&
+    } else if (!sameIdentity && (others == Match::otherChange || files == Match::otherChange) &&
                !confirmEqual(other, now->attributes, file, seen.attributes)) {
         return false;
     }
     survivorState_ = now->attributes;
     return true;
+}
+
+/// Whether a file of the set is at its path, is not the given one as another mount may remember it,
+/// and has its bytes.
+bool SetMove::hasBytesOf(const File& other, const SeenFile& file) {
+    const std::string path = other.filePath();
+    const Result<Seen> seen = stat(other);
+    if (path == file.path || !seen || mayBeMountPoint(*seen->folder, other)) {
+        return false;
+    }
+    const Result<FileAttributes> now = tools_.fileSystem.currentAttributesAtPath(path);
+    if (!now) {
+        return false;
+    }
+    const Match match = this->match(other, *now);
+    const bool isOnSameVolume = now->identity.device == file.attributes.identity.device;
+    if (match == Match::different || (match != Match::asCompared && !isOnSameVolume)) {
+        return false;
+    }
+    return haveEqualContents(tools_.fileSystem, {path, *now, match == Match::onlySize}, file,
+                             tools_.stopped);
+}
+
+/// Whether something may be mounted at the path of a file: that would stay there even if the file
+/// were moved under its other name.
+bool SetMove::mayBeMountPoint(const OpenFolder& folder, const File& file) {
+    const std::optional<std::string> path = currentPathOf(folder.descriptor);
+    const std::vector<MountedFolder> mounted = tools_.fileSystem.mountedFolders();
+    return !path || mounted.empty() ||
+           std::any_of(mounted.begin(), mounted.end(),
+                       [place = pathIn(*path, file.fileName())](const MountedFolder& each) {
+                           return each.mountPoint == place;
+                       });
+}
+
+/// Whether a file of the set other than the moved one has the bytes that arrived in the Trash.
+/// Starts with the survivor.
+bool SetMove::anyHasBytesOf(const File& file, const SeenFile& arrived) {
+    tools_.folders.invalidate();
+    for (std::size_t step = 0; step < files_.size(); ++step) {
+        const File* const other = files_[(survivor_ + step) % files_.size()];
+        if (other != &file && other->filePath() != file.filePath() &&
+            (other->directory() == file.directory() || isListed(*other)) &&
+            hasBytesOf(*other, arrived)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Whether the folder of a file, opened anew, has its name. A name that was moved through another
+/// path may still be remembered, and could be opened; a listing comes from the volume. Two names
+/// in one folder are two entries, so there it need not be asked.
+bool SetMove::isListed(const File& file) {
+    const Result<Descriptor> folder = tools_.fileSystem.openRootDirectory(file.directory()->path());
+    EntryBlock block(listingBytes);
+    while (folder) {
+        const Result<bool> more = tools_.fileSystem.listEntries(*folder, block);
+        const auto entries = block.entries();
+        if (std::any_of(entries.begin(), entries.end(),
+                        [&](const auto& entry) { return entry.name == file.fileName(); })) {
+            return true;
+        }
+        if (!more || !*more) {
+            return false;
+        }
+    }
+    return false;
 }
 
 /// Compares bytes. A file found equal to one as compared is not read again until its change date
@@ -206,6 +320,12 @@ MoveResult SetMove::moveSeen(const File& file, const Seen& seen, TrashPlace& pla
 std::optional<MoveOutcome> SetMove::recheck(const File& file, const Seen& seen,
                                             const TrashPlace& place) {
     const Result<FileAttributes, TrashRefusal> arrived = tools_.trash.attributes(place);
+    if (comparesArrived_) {
+        const bool isSafe =
+            arrived && arrived->type == EntryType::regular &&
+            anyHasBytesOf(file, {place.trash + "/files/" + place.name, *arrived, true});
+        return isSafe ? std::nullopt : std::optional(unlessStopped(MoveOutcome::lastCopy));
+    }
     if (!arrived || !isSameFile(seen.attributes, *arrived)) {
         return MoveOutcome::changed;
     }

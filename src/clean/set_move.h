@@ -5,6 +5,7 @@
 #include "clean/open_folders.h"
 #include "model/set.h"
 #include "platform/trash_move.h"
+#include "platform/unsteady_volumes.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -24,6 +25,7 @@ struct MoveTools {
     FileSystem& fileSystem;
     TrashMover& trash;
     OpenFolders& folders;
+    UnsteadyVolumes& unsteadyVolumes;
     std::function<bool()> stopped;  ///< polled before each file and chunk read; may be empty
     std::function<void(MoveStep)> beforeStep;  ///< may be empty
 };
@@ -36,6 +38,13 @@ struct MoveTools {
 /// "As compared" means: same folder, device, inode, size, and dates of modification and change. If
 /// only the change date differs, the file is compared byte for byte with the survivor or, if the
 /// whole set is moved, with the file moved before it.
+///
+/// On an unsteady volume only folder path, type and size can be as compared. A file there is
+/// compared byte for byte with a survivor before its move, and the file in the Trash again after
+/// it: only if the survivor is still listed by its folder and has these bytes, it is another file
+/// and the move is right. A survivor must be on the same volume as the file, where the system knows
+/// at once that a path is gone, or on a steady one, whose dates show that it was not moved; else it
+/// may be the moved file itself, as another mount remembers it. The last file of a whole set stays.
 class SetMove final {
  public:
     /// With `mayTakeAll`, moves the last file, too, if every file of the set is now marked and as
@@ -52,13 +61,24 @@ class SetMove final {
         std::shared_ptr<const OpenFolder> folder;
         FileAttributes attributes;
     };
-    enum class Match : std::uint8_t { asCompared, otherChange, different };
+    enum class Match : std::uint8_t {
+        asCompared,
+        otherChange,
+        onlySize,  // on an unsteady volume
+        different
+    };
 
     [[nodiscard]] Result<Seen> stat(const File& file);
-    [[nodiscard]] Match match(const File& file, const FileAttributes& now) const;
+    [[nodiscard]] Match match(const File& file, const FileAttributes& now);
+    [[nodiscard]] Match statedMatch(const File& file, const FileAttributes& now) const;
+    [[nodiscard]] bool isUnsteady(const File& file, const FileAttributes& now);
     [[nodiscard]] bool allUnchanged();
     [[nodiscard]] std::optional<std::size_t> findSurvivor(const File& file, const Seen& seen);
     [[nodiscard]] bool survives(const File& other, const File& file, const Seen& seen);
+    [[nodiscard]] bool hasBytesOf(const File& other, const SeenFile& file);
+    [[nodiscard]] bool mayBeMountPoint(const OpenFolder& folder, const File& file);
+    [[nodiscard]] bool anyHasBytesOf(const File& file, const SeenFile& arrived);
+    [[nodiscard]] bool isListed(const File& file);
     [[nodiscard]] bool isAsMoved(const File& file, const Seen& seen) const;
     [[nodiscard]] bool confirmEqual(const File& one, const FileAttributes& oneNow,
                                     const File& other, const FileAttributes& otherNow);
@@ -76,6 +96,7 @@ class SetMove final {
     std::vector<const File*> files_;  // unmarked files first
     std::size_t survivor_ = 0;        // index in `files_` of the last one found
     FileAttributes survivorState_;
+    bool comparesArrived_ = false;  // the survivor was found by its bytes
     bool mayTakeAll_;
     std::optional<SeenFile> moved_;  // the last file moved, if all may go
     // For files with another change date: the one at which their bytes were equal to a file as
