@@ -121,7 +121,7 @@ PutBackFile FileReturn::checkInTrash(const JournalMove& move) {
     PutBackFile file = fileOf(move);
     const auto there = trash_.attributes({move.trashFolder, move.trashName});
     if (there) {
-        if (!isSameFile(move, *there)) {
+        if (!isMovedFile(move, *there)) {
             file.outcome = PutBackOutcome::changed;
         }
         return file;
@@ -136,6 +136,25 @@ PutBackFile FileReturn::checkInTrash(const JournalMove& move) {
             isAttached(move.trashFolder) ? PutBackOutcome::lost : PutBackOutcome::notAttached;
     }
     return file;
+}
+
+bool FileReturn::isMovedFile(const JournalMove& move, const FileAttributes& there) {
+    if (isSameFile(move, there)) {
+        return true;
+    }
+    if (there.type != EntryType::regular || there.size != move.size) {
+        return false;
+    }
+    const std::uint64_t device = there.identity.device;
+    if (!unsteadyVolumes_.contains(device)) {
+        const Result<Descriptor> opened =
+            fileSystem_.openFile(pathIn(move.trashFolder + "/files", move.trashName));
+        if (!opened || !unsteadyVolumes_.examine(fileSystem_, *opened)) {
+            return false;
+        }
+    }
+    return unsteadyVolumes_.contains(device) &&
+           trash_.wasAt({move.trashFolder, move.trashName}, move.path);
 }
 
 PutBackFile FileReturn::check(const JournalMove& move) {

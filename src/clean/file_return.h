@@ -4,6 +4,7 @@
 #include "platform/file_system.h"
 #include "platform/result.h"
 #include "platform/trash_move.h"
+#include "platform/unsteady_volumes.h"
 #include "store/clean_up_journal.h"
 
 #include <cstddef>
@@ -63,7 +64,8 @@ struct PutBackFile {
 /// Puts single files back from the Trash to the folders that a clean-up moved them from. Puts back
 /// only the file that was moved; replaces nothing, follows no symlinks, copies nothing, and deletes
 /// nothing but folders that it created in vain. Files that cannot be put back stay in the Trash.
-/// Uses the path, identity and Trash place of a JournalMove. One thread.
+/// Uses the path, identity and Trash place of a JournalMove. On an unsteady volume the file is
+/// known by its size and by the path in its .trashinfo file. One thread.
 class FileReturn final {
  public:
     /// Both must outlive this object.
@@ -87,6 +89,7 @@ class FileReturn final {
 
  private:
     [[nodiscard]] PutBackFile checkInTrash(const JournalMove& move);
+    [[nodiscard]] bool isMovedFile(const JournalMove& move, const FileAttributes& there);
     void putBackInto(const OpenFolder& folder, const JournalMove& move, PutBackFile& file);
     void checkDestination(const std::string& folder, PutBackFile& file);
     [[nodiscard]] bool isAttached(const std::string& trash);
@@ -94,6 +97,7 @@ class FileReturn final {
     FileSystem& fileSystem_;
     TrashMover& trash_;
     ReturnFolders folders_;
+    UnsteadyVolumes unsteadyVolumes_;
 };
 
 }  // namespace tarvin

@@ -90,6 +90,9 @@ class TrashMover {
     /// yet, by its path and with the same checks, and creates nothing.
     virtual Result<FileAttributes, TrashRefusal> attributes(const TrashPlace& place) = 0;
 
+    /// Whether the file at `place` has a .trashinfo file that says that it was at `path`.
+    virtual bool wasAt(const TrashPlace& /*place*/, const std::string& /*path*/) { return false; }
+
     /// Renames the file at `place` to `name` in an open folder, where the name must be free
     /// (`taken`), and then removes its .trashinfo file. On a refusal both are where they were. A
     /// .trashinfo file that cannot be removed is ignored: the file is restored.

@@ -141,6 +141,34 @@ class PutBackTest : public ::testing::Test {
 
 constexpr PutBackOutcome toItsPlace = PutBackOutcome::toItsPlace;
 
+// As the inode numbers and dates of files on an unsteady volume.
+TEST_F(PutBackTest, KnowsAFileOfAnUnsteadyVolumeByItsTrashInfo) {
+    cleanSet({"a.txt", "b.txt"});
+    const std::string trashed = home_.pathOf("Trash/files/b.txt");
+    fs::last_write_time(trashed, fs::file_time_type::clock::now() - std::chrono::hours(1));
+    EXPECT_EQ(examine(), (Outcomes{{"b.txt", PutBackOutcome::changed}}));
+    platform_.fileSystem().jitterInodes();
+    EXPECT_EQ(run(), (Outcomes{{"b.txt", PutBackOutcome::toItsPlace}}));
+    EXPECT_EQ(contentOf(tree_.pathOf("b.txt")), "the same");
+}
+
+TEST_F(PutBackTest, LeavesAnotherFileOfAnUnsteadyVolumeInTheTrash) {
+    cleanSet({"a.txt", "b.txt"});
+    const std::string trash = home_.pathOf("Trash");
+    platform_.fileSystem().jitterInodes();
+    fs::last_write_time(trash + "/files/b.txt",
+                        fs::file_time_type::clock::now() - std::chrono::hours(1));
+    std::string info = contentOf(trash + "/info/b.txt.trashinfo");
+    info.replace(info.find("/b.txt"), 6, "/c.txt");
+    std::ofstream(trash + "/info/b.txt.trashinfo") << info;
+    EXPECT_EQ(examine(), (Outcomes{{"b.txt", PutBackOutcome::changed}}));
+    info.replace(info.find("/c.txt"), 6, "/b.txt");
+    std::ofstream(trash + "/info/b.txt.trashinfo") << info;
+    EXPECT_EQ(examine(), (Outcomes{{"b.txt", PutBackOutcome::toItsPlace}}));
+    std::ofstream(trash + "/files/b.txt", std::ios::app) << "more";
+    EXPECT_EQ(examine(), (Outcomes{{"b.txt", PutBackOutcome::changed}}));
+}
+
 TEST_F(PutBackTest, ListsTheNewestCleanUpBeforeRecoveryChecksFiles) {
     cleanSet({"a.txt", "b.txt", "c.txt"});
     {

@@ -1,10 +1,15 @@
 #include "cli/program_run.h"
+#include "support/file_content.h"
+#include "support/mount.h"
 #include "support/slow_network.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
+#include <sys/mount.h>
 
+#include <cstddef>
 #include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -116,6 +121,64 @@ TEST_P(UnsteadyNetwork, ListsHardLinksAsOthersDo) {
         EXPECT_NE(found.find("1.txt"), std::string::npos);
         EXPECT_NE(found.find("2.txt"), std::string::npos);
     }
+}
+
+/// The files below a folder with their contents, those in Trash folders by their names there.
+std::map<std::string, std::string> filesIn(const std::string& folder) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        const std::string name = std::filesystem::relative(entry.path(), folder);
+        if (entry.is_regular_file() && !name.ends_with(".trashinfo")) {
+            files[name] = contentOf(entry.path());
+        }
+    }
+    return files;
+}
+
+TEST_P(UnsteadyNetwork, CleansUpAndPutsBack) {
+    const TemporaryFolder data;
+    const ProgramSetting setting{.environment = {{"XDG_DATA_HOME", data.path()}}};
+    for (const std::string name : {"a/1.txt", "a/2.txt", "a/b/1.txt", "c/1 copy.txt"}) {
+        tree_.writeFile(name, "one");
+    }
+    tree_.writeFile("a/3.txt", "two");
+    const std::map<std::string, std::string> before = filesIn(tree_.path());
+    SlowNetwork network(tree_.path(), 0, std::string("--writable ") + GetParam());
+    if (!network) {
+        return;
+    }
+    const ProgramResult cleaned =
+        runTarvin({"clean", "--yes", network.path(), network.path() + "/a"}, setting);
+    EXPECT_EQ(cleaned.status, 0);
+    EXPECT_EQ(cleaned.errors, "");
+    EXPECT_NE(cleaned.output.find("Duplicates Cleaned: 3\n"), std::string::npos) << cleaned.output;
+    std::size_t inTrash = 0;
+    for (const auto& [name, content] : filesIn(tree_.path())) {
+        inTrash += std::size_t{name.starts_with(".Trash-") && content == "one"};
+    }
+    EXPECT_EQ(inTrash, 3U);
+    const ProgramResult restored = runTarvin({"restore", "--yes"}, setting);
+    EXPECT_EQ(restored.status, 0);
+    EXPECT_EQ(restored.errors, "");
+    EXPECT_EQ(filesIn(tree_.path()), before);
+}
+
+TEST_P(UnsteadyNetwork, KeepsTheOnlyCopyUnderEveryPath) {
+    const TemporaryFolder data;
+    tree_.writeFile("a/1.txt", "the only one");
+    SlowNetwork network(tree_.path(), 0, std::string("--writable ") + GetParam());
+    if (!network) {
+        return;
+    }
+    const TemporaryFolder other;
+    std::filesystem::create_directory_symlink(network.path(), other.pathOf("link"));
+    const std::string mounted = other.makeFolder("mounted");
+    const Mount mount(network.path() + "/a", mounted, nullptr, MS_BIND);
+    const ProgramResult cleaned =
+        runTarvin({"clean", "--yes", network.path(), other.pathOf("link"), mounted},
+                  {.environment = {{"XDG_DATA_HOME", data.path()}}});
+    EXPECT_EQ(cleaned.output, "Duplicates Cleaned: 0\nSpace Regained: 0.00 KB \n");
+    EXPECT_EQ(contentOf(tree_.pathOf("a/1.txt")), "the only one");
 }
 
 INSTANTIATE_TEST_SUITE_P(Networks, UnsteadyNetwork,

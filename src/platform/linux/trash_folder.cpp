@@ -77,6 +77,11 @@ Result<std::string, TrashRefusal> TrashFolder::take(const Descriptor& from, cons
     return TrashRefusal{TrashRefusalKind::noName, {EEXIST}, "there is no free name in the Trash"};
 }
 
+bool TrashFolder::wasAt(const std::string& name, std::string_view original) const {
+    std::string text;
+    return readTrashInfo(name, text) == 0 && trashInfoPath(text) == percentEncoded(original);
+}
+
 std::optional<TrashRefusal> TrashFolder::repairTrashInfo(const std::string& name,
                                                          std::string_view original,
                                                          std::string_view date) {

@@ -37,6 +37,9 @@ class TrashFolder final {
     Result<std::string, TrashRefusal> take(const Descriptor& from, const char* name,
                                            std::string_view original, std::string_view date);
 
+    /// Whether the .trashinfo file of a file in this Trash has this path.
+    [[nodiscard]] bool wasAt(const std::string& name, std::string_view original) const;
+
     /// Writes the .trashinfo file of a file in this Trash, unless there is a complete one.
     std::optional<TrashRefusal> repairTrashInfo(const std::string& name, std::string_view original,
                                                 std::string_view date);

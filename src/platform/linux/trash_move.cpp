@@ -51,6 +51,7 @@ class LinuxTrashMover final : public TrashMover {
 
     Result<TrashPlace, TrashRefusal> move(const OpenFolder& folder, const char* name) override;
     Result<FileAttributes, TrashRefusal> attributes(const TrashPlace& place) override;
+    bool wasAt(const TrashPlace& place, const std::string& path) override;
     std::optional<TrashRefusal> putBack(const TrashPlace& place, const Descriptor& folder,
                                         const char* name) override;
     Result<std::vector<TrashedFile>, TrashRefusal> find(
@@ -154,6 +155,11 @@ Result<FileAttributes, TrashRefusal> LinuxTrashMover::attributes(const TrashPlac
         return refusal;
     }
     return *attributes;
+}
+
+bool LinuxTrashMover::wasAt(const TrashPlace& place, const std::string& path) {
+    const auto trash = trashes_.at(place.trash);
+    return trash && (*trash)->folder.wasAt(place.name, relativeToTop(**trash, path));
 }
 
 std::optional<TrashRefusal> LinuxTrashMover::putBack(const TrashPlace& place,
