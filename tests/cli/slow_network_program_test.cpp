@@ -3,14 +3,19 @@
 #include "support/mount.h"
 #include "support/slow_network.h"
 #include "support/temporary_folder.h"
+#include "support/waiting.h"
 
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 
+#include <csignal>
 #include <cstddef>
 #include <filesystem>
+#include <iterator>
 #include <map>
+#include <set>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace tarvin {
@@ -63,6 +68,18 @@ TEST(SlowNetwork, ScansFindTheSetsOfAFastFolder) {
     EXPECT_GT(expected.size(), static_cast<std::size_t>(files));
 }
 
+/// The files below a folder with their contents, without .trashinfo files.
+std::map<std::string, std::string> filesIn(const std::string& folder) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        const std::string name = std::filesystem::relative(entry.path(), folder);
+        if (entry.is_regular_file() && !name.ends_with(".trashinfo")) {
+            files[name] = contentOf(entry.path());
+        }
+    }
+    return files;
+}
+
 /// A network whose inode numbers, dates or both change from answer to answer.
 class UnsteadyNetwork : public ::testing::TestWithParam<const char*> {
  protected:
@@ -84,6 +101,30 @@ class UnsteadyNetwork : public ::testing::TestWithParam<const char*> {
             part.insert(0, folder);
         }
         return parts;
+    }
+
+    /// The number of files in Trash folders.
+    [[nodiscard]] std::size_t inTrash() const {
+        std::size_t count = 0;
+        for (const auto& top : std::filesystem::directory_iterator(tree_.path())) {
+            if (top.path().filename().native().starts_with(".Trash-")) {
+                std::error_code missing;
+                const std::filesystem::directory_iterator files(top.path() / "files", missing);
+                count += static_cast<std::size_t>(std::distance(files, {}));
+            }
+        }
+        return count;
+    }
+
+    /// The number of different contents outside Trash folders.
+    [[nodiscard]] std::size_t livingContents() const {
+        std::set<std::string> contents;
+        for (const auto& [name, content] : filesIn(tree_.path())) {
+            if (!name.starts_with(".Trash-")) {
+                contents.insert(content);
+            }
+        }
+        return contents.size();
     }
 
     TemporaryFolder tree_;
@@ -123,18 +164,6 @@ TEST_P(UnsteadyNetwork, ListsHardLinksAsOthersDo) {
     }
 }
 
-/// The files below a folder with their contents, those in Trash folders by their names there.
-std::map<std::string, std::string> filesIn(const std::string& folder) {
-    std::map<std::string, std::string> files;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-        const std::string name = std::filesystem::relative(entry.path(), folder);
-        if (entry.is_regular_file() && !name.ends_with(".trashinfo")) {
-            files[name] = contentOf(entry.path());
-        }
-    }
-    return files;
-}
-
 TEST_P(UnsteadyNetwork, CleansUpAndPutsBack) {
     const TemporaryFolder data;
     const ProgramSetting setting{.environment = {{"XDG_DATA_HOME", data.path()}}};
@@ -152,11 +181,8 @@ TEST_P(UnsteadyNetwork, CleansUpAndPutsBack) {
     EXPECT_EQ(cleaned.status, 0);
     EXPECT_EQ(cleaned.errors, "");
     EXPECT_NE(cleaned.output.find("Duplicates Cleaned: 3\n"), std::string::npos) << cleaned.output;
-    std::size_t inTrash = 0;
-    for (const auto& [name, content] : filesIn(tree_.path())) {
-        inTrash += std::size_t{name.starts_with(".Trash-") && content == "one"};
-    }
-    EXPECT_EQ(inTrash, 3U);
+    EXPECT_EQ(inTrash(), 3U);
+    EXPECT_EQ(livingContents(), 2U);
     const ProgramResult restored = runTarvin({"restore", "--yes"}, setting);
     EXPECT_EQ(restored.status, 0);
     EXPECT_EQ(restored.errors, "");
@@ -179,6 +205,34 @@ TEST_P(UnsteadyNetwork, KeepsTheOnlyCopyUnderEveryPath) {
                   {.environment = {{"XDG_DATA_HOME", data.path()}}});
     EXPECT_EQ(cleaned.output, "Duplicates Cleaned: 0\nSpace Regained: 0.00 KB \n");
     EXPECT_EQ(contentOf(tree_.pathOf("a/1.txt")), "the only one");
+}
+
+TEST_P(UnsteadyNetwork, LosesNothingIfACleanUpIsKilled) {
+    constexpr int sets = 60;
+    const TemporaryFolder data;
+    const ProgramSetting setting{.environment = {{"XDG_DATA_HOME", data.path()}}};
+    for (int number = 0; number < sets; ++number) {
+        const std::string name = std::to_string(number) + ".txt";
+        tree_.writeFile("a/" + name, name);
+        tree_.writeFile("b/" + name, name);
+    }
+    SlowNetwork network(tree_.path(), 1, std::string("--writable ") + GetParam());
+    if (!network) {
+        return;
+    }
+    ProgramRun run({"clean", "--yes", network.path()}, setting);
+    EXPECT_TRUE(waitUntil([this] { return inTrash() > 3; }));
+    run.send(SIGKILL);
+    EXPECT_EQ(run.wait().status, 128 + SIGKILL);
+    EXPECT_LT(inTrash(), static_cast<std::size_t>(sets));
+    // Recovers the clean-up that was killed.
+    EXPECT_EQ(runTarvin({"totals"}, setting).status, 0);
+    EXPECT_EQ(livingContents(), static_cast<std::size_t>(sets));
+    EXPECT_EQ(filesIn(tree_.path()).size(), 2U * sets);
+    const ProgramResult again = runTarvin({"clean", "--yes", network.path()}, setting);
+    EXPECT_EQ(again.errors, "");
+    EXPECT_EQ(livingContents(), static_cast<std::size_t>(sets));
+    EXPECT_EQ(inTrash(), static_cast<std::size_t>(sets));
 }
 
 INSTANTIATE_TEST_SUITE_P(Networks, UnsteadyNetwork,
