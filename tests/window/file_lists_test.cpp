@@ -1,5 +1,6 @@
 #include "window/copies.h"
 #include "window/home.h"
+#include "window/input.h"
 #include "window/program_window.h"
 
 #include <gtest/gtest.h>
@@ -42,6 +43,28 @@ TEST(UnreadableLocation, IsToldInTheBarAndListed) {
     window.click("Home");
     window.waitForText("Find duplicate files");
     EXPECT_FALSE(window.shows(ATSPI_ROLE_PUSH_BUTTON, "1 folder could not be read. Show…"));
+    EXPECT_TRUE(product->runs()) << product->errors();
+}
+
+TEST(UnreadableLocation, IsListedAfterAScanWithoutFilesToo) {
+    Home home;
+    const std::string gone = home.folder().makeFolder("gone");
+    const std::unique_ptr<ChildProcess> product = home.startProduct({gone});
+    const ProgramWindow window(product->pid());
+    window.waitForButton("Scan", true);
+    std::filesystem::remove(gone);
+    window.click("Scan");
+    window.waitForText("No duplicates File found");
+    window.click("Show what was not read…");
+    window.waitForText("Could Not Be Read");
+    EXPECT_EQ(window.wait(ATSPI_ROLE_TABLE, "Folders and files that could not be read")
+                  .cell(0, 0)
+                  ->name(),
+              "gone");
+    input::key("Escape");
+    window.waitForText("No duplicates File found");
+    window.click("Ok");
+    window.waitForText("Find duplicate files");
     EXPECT_TRUE(product->runs()) << product->errors();
 }
 

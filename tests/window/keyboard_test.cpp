@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -37,6 +38,16 @@ class Keyboard : public testing::Test {
     void expectFiles() const { expectFocus(ATSPI_ROLE_TABLE, "Files of the set"); }
     void expectMarked(int files) const {
         window_->waitForText("Marked Duplicate Files: " + std::to_string(files));
+    }
+    void expectList(const std::string& name) const { expectFocus(ATSPI_ROLE_LIST, name); }
+    /// Adds a folder by the dialog of the button with the focus, which gets the focus back.
+    void addFolder(const std::string& button, const std::string& folder) const {
+        expectButton(button);
+        input::key("Return");
+        EXPECT_TRUE(waitUntil([&] { return window_->shows(ATSPI_ROLE_DIALOG, "Add Folders"); }));
+        input::type(folder);
+        input::key("Return");
+        expectButton(button);
     }
     void expectEnd() const { EXPECT_EQ(product_->wait(), 0) << product_->errors(); }
 
@@ -140,6 +151,73 @@ TEST_F(Keyboard, MarksFilesByTheirMenuAndByARule) {
     expectFocus(ATSPI_ROLE_TREE, "Extensions and sets");
     input::key("ctrl+shift+a");
     expectMarked(0);
+    input::key("alt+F4");
+    expectEnd();
+}
+
+TEST_F(Keyboard, ChoosesTheFoldersOfARule) {
+    for (const char* name : {"Documents/a/x.jpg", "Documents/b/x.jpg"}) {
+        static_cast<void>(home_.folder().writeFile(name, "equal"));
+    }
+    const std::string documents = home_.folder().pathOf("Documents");
+    openResults({documents});
+    input::key("ctrl+r");
+    expectFocus(ATSPI_ROLE_RADIO_BUTTON, "The first found");
+    input::key("Down Down Down Down Down");
+    expectFocus(ATSPI_ROLE_RADIO_BUTTON, "The copy in a preferred folder");
+    window_->waitForText("No preferred folder yet.");
+    input::key("Tab");
+    expectList("Preferred folders");
+    input::key("Tab");
+    addFolder("Add preferred folder", documents + "/b");
+    window_->waitForText("1 file (0.00 KB) will be marked in 1 set.");
+    // Past Remove, to the list of the other side.
+    input::key("Tab Tab");
+    expectList("Never mark files in");
+    input::key("Tab");
+    addFolder("Add protected folder", documents + "/a");
+    window_->waitForText("No files will be marked.");
+    input::key("shift+Tab");
+    expectList("Never mark files in");
+    // Return in a list does nothing.
+    input::key("Return Delete");
+    window_->waitForText("1 file (0.00 KB) will be marked in 1 set.");
+    window_->waitForButton("Mark", true);
+    input::key("Tab Tab Tab");
+    expectButton("Mark");
+    input::key("Return");
+    expectMarked(1);
+    expectFiles();
+    EXPECT_TRUE(product_->runs()) << product_->errors();
+}
+
+TEST_F(Keyboard, ReadsTheListOfWhatCouldNotBeRead) {
+    const std::string documents = home_.folder().pathOf("Documents");
+    const std::string gone = home_.folder().makeFolder("gone");
+    writeCopies(documents, {{"jpg", 1, 2}});
+    start({documents, gone});
+    window_->waitForButton("Scan", true);
+    expectFocus(ATSPI_ROLE_TABLE, "Locations");
+    std::filesystem::remove(gone);
+    input::key("ctrl+Return");
+    window_->waitForText("Duplicates Found");
+    expectButton("Review");
+    input::key("Return");
+    expectFiles();
+    const std::string notice = "1 folder could not be read. Show…";
+    // The notice is before the button of the menu.
+    input::key("F10 Escape shift+Tab");
+    expectButton(notice);
+    input::key("Return");
+    expectButton("Close");
+    input::key("Tab");
+    expectFocus(ATSPI_ROLE_TABLE, "Folders and files that could not be read");
+    // Return in the list does nothing.
+    input::key("Down Return Tab");
+    expectButton("Copy List");
+    input::key("Escape");
+    window_->waitForEnd("Could Not Be Read");
+    expectButton(notice);
     input::key("alt+F4");
     expectEnd();
 }
