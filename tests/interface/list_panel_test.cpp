@@ -355,15 +355,20 @@ TEST_F(ListPanelTest, TheRowBelowThePointerIsTinted) {
     const auto pointAt = [&](const QWidget& widget, const QPoint& point) {
         QTest::mouseMove(window.windowHandle(), widget.mapTo(&window, point));
     };
+    const auto becomes = [&](int row, const QColor& color) {
+        return QTest::qWaitFor([&] { return colorOf(row) == color; }, 20000);
+    };
+    // Since the rows were painted.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return table.viewport()->hasMouseTracking(); }, 20000));
     // Into a cell of another column than the one looked at.
     pointAt(*table.viewport(), table.visualRect(rows.index(1, 2)).center());
+    EXPECT_TRUE(becomes(1, look::rowHover));
     EXPECT_EQ(colorOf(0), look::surface);
-    EXPECT_EQ(colorOf(1), look::rowHover);
     pointAt(*table.viewport(), table.visualRect(rows.index(0, 1)).center());
-    EXPECT_EQ(colorOf(0), look::rowHover);
-    EXPECT_EQ(colorOf(1), look::surface);
+    EXPECT_TRUE(becomes(0, look::rowHover));
+    EXPECT_TRUE(becomes(1, look::surface));
     pointAt(*panel.copyButton, QPoint(5, 5));
-    EXPECT_EQ(colorOf(0), look::surface);
+    EXPECT_TRUE(becomes(0, look::surface));
 }
 
 class KeptLineTest : public ShownWindow {
