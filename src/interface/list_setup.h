@@ -15,7 +15,9 @@ class ListHeader;
 
 /// Sets up what all lists of the window have in common: no frame, one selected row, no editing, Tab
 /// leaves the list, vertical scrolling by pixels and none horizontally (columns fit the width), our
-/// colours and style. Call it when the list has its header. Main thread only.
+/// colours and style. Ctrl+F1 shows what the mouse shows as the tool tips of the current row, until
+/// it is pressed again or another row becomes the current one. Call it when the list has its
+/// header. Main thread only.
 void setUpList(QAbstractItemView& list);
 
 /// The same for a table, with `header`, rows of one height in logical pixels, and no grid. Main

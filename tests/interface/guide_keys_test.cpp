@@ -25,6 +25,7 @@
 #include <QShortcut>
 #include <QSignalSpy>
 #include <QStringListModel>
+#include <QToolTip>
 #include <functional>
 #include <map>
 #include <set>
@@ -210,6 +211,14 @@ void GuideKeysTest::addThoseOfEverywhere() {
         begin("4", &table());
         press(QStringLiteral("Ctrl+Shift+H"));
         return fromList.size() == 1 && fromResult.size() == 1;
+    };
+    checks_[{everywhere, "Ctrl+F1"}] = [this] {
+        auto* location = drawn_.files.item(1, ResultTable::fileLocation);
+        location->setText(QString(80, QLatin1Char('m')));
+        begin("4", &table());
+        table().selectFile(1);
+        press(QStringLiteral("Ctrl+F1"));
+        return QToolTip::isVisible() && QToolTip::text() == location->text();
     };
     adds(everywhere, QStringLiteral("Esc"), window.keptWindow->closeButton,
          &QAbstractButton::clicked,
