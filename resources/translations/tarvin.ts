@@ -684,6 +684,10 @@ Modified Date       : %4</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Scan in the Background</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>More</source>
         <translation type="unfinished"></translation>
     </message>

@@ -691,6 +691,10 @@ Geändert       : %4</translation>
         <translation>Versteckte Dateien und Ordner überspringen</translation>
     </message>
     <message>
+        <source>Scan in the Background</source>
+        <translation>Im Hintergrund suchen</translation>
+    </message>
+    <message>
         <source>More</source>
         <translation>Mehr</translation>
     </message>

@@ -691,6 +691,10 @@ Modificado  : %4</translation>
         <translation>Omitir archivos y carpetas ocultos</translation>
     </message>
     <message>
+        <source>Scan in the Background</source>
+        <translation>Analizar en segundo plano</translation>
+    </message>
+    <message>
         <source>More</source>
         <translation>Más</translation>
     </message>

@@ -691,6 +691,10 @@ Modifié le  : %4</translation>
         <translation>Ignorer les fichiers et dossiers masqués</translation>
     </message>
     <message>
+        <source>Scan in the Background</source>
+        <translation>Analyser en arrière-plan</translation>
+    </message>
+    <message>
         <source>More</source>
         <translation>Plus</translation>
     </message>

@@ -691,6 +691,10 @@ Modified Date       : %4</source>
         <translation>隠しファイルとフォルダーをスキップ</translation>
     </message>
     <message>
+        <source>Scan in the Background</source>
+        <translation>バックグラウンドでスキャン</translation>
+    </message>
+    <message>
         <source>More</source>
         <translation>その他</translation>
     </message>

@@ -691,6 +691,10 @@ Modificado em  : %4</translation>
         <translation>Ignorar arquivos e pastas ocultos</translation>
     </message>
     <message>
+        <source>Scan in the Background</source>
+        <translation>Analisar em segundo plano</translation>
+    </message>
+    <message>
         <source>More</source>
         <translation>Mais</translation>
     </message>

@@ -691,6 +691,10 @@ Modified Date       : %4</source>
         <translation>跳过隐藏的文件和文件夹</translation>
     </message>
     <message>
+        <source>Scan in the Background</source>
+        <translation>在后台扫描</translation>
+    </message>
+    <message>
         <source>More</source>
         <translation>更多</translation>
     </message>

@@ -66,7 +66,8 @@ AppDelegate::AppDelegate(Surroundings surroundings)
                                                                   .updater = surroundings_.updater,
                                                                   .read = surroundings_.readUrl});
     makeResultTasks();
-    rememberSkipHidden();
+    rememberChoice(window_.skipHiddenItem, skipHiddenKey);
+    rememberChoice(window_.backgroundItem, backgroundKey);
     connectControls();
     connectRequests();
     QCoreApplication::instance()->installEventFilter(this);
@@ -78,11 +79,11 @@ AppDelegate::~AppDelegate() {
 }
 
 /// Stored at once: the choice applies to later scans, even if the program is killed.
-void AppDelegate::rememberSkipHidden() {
+void AppDelegate::rememberChoice(QAction* item, const char* key) {
     QSettings& settings = surroundings_.settings;
-    window_.skipHiddenItem->setChecked(settings.value(skipHiddenKey, false).toBool());
-    connect(window_.skipHiddenItem, &QAction::toggled, this,
-            [&settings](bool skips) { settings.setValue(skipHiddenKey, skips); });
+    item->setChecked(settings.value(key, false).toBool());
+    connect(item, &QAction::toggled, this,
+            [&settings, key](bool isChosen) { settings.setValue(key, isChosen); });
 }
 
 void AppDelegate::makeResultTasks() {

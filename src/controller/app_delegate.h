@@ -135,7 +135,7 @@ class AppDelegate final : public QObject {
     void comeToFront();
     void goHome();
     void makeResultTasks();
-    void rememberSkipHidden();
+    void rememberChoice(QAction* item, const char* key);
     void showDuplicateScanResult();
 
     Surroundings surroundings_;

@@ -36,7 +36,7 @@ ScanTask::ScanTask(Session& session, MainWindow& window, Alerts& alerts, Locatio
       alerts_(alerts),
       locations_(locations),
       details_(session.platform.clock()),
-      run_(session.platform, messenger_, {.lowPriority = true}) {
+      run_(session.platform, messenger_, {.priority = ScanRun::Priority::low}) {
     // pause() compares the title with this text.
     setPauseTitle(ScanScreenTexts::pause());
     redraw_.setInterval(redrawMilliseconds);
@@ -76,6 +76,8 @@ void ScanTask::buttonFindDuplicatesExactClicked() {
     showDetails();
     ScanFilter filter;
     filter.skipHidden = window_.skipHiddenItem->isChecked();
+    run_.setPriority(window_.backgroundItem->isChecked() ? ScanRun::Priority::idle
+                                                         : ScanRun::Priority::low);
     run_.start(locations_.list().rows(), ExceptionFilter(session_.exceptionArrayData()),
                std::move(filter));
     redraw_.start();

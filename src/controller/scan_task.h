@@ -18,6 +18,7 @@ class ProgressScreen;
 
 /// The settings key of "Skip Hidden Files and Folders": a truth value, false if missing.
 inline constexpr const char* skipHiddenKey = "SkipHiddenFiles";
+inline constexpr const char* backgroundKey = "ScanInTheBackground";
 
 /// Runs a scan: start, progress screen, pause, resume and stop. Holds the result until
 /// homeCleanup(). Owned by AppDelegate. Main thread only.

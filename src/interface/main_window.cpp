@@ -86,6 +86,7 @@ MainWindow::MainWindow(QWidget* parent)
       locationItemsBegin(moreMenu->addSeparator()),
       skipHiddenItem(
           named(moreMenu->addAction(tr("Skip Hidden Files and Folders")), "skipHiddenItem")),
+      backgroundItem(named(moreMenu->addAction(tr("Scan in the Background")), "backgroundItem")),
       buttonHelpManual(
           named(new HoverButton(HoverButton::Kind::outline, tr("Help")), "buttonHelpManual")),
       helpMenu(named(new QMenu(this), "helpMenu")),
@@ -202,8 +203,10 @@ void MainWindow::makeHelpMenu() {
 }
 
 void MainWindow::makeMoreMenu() {
-    skipHiddenItem->setCheckable(true);
-    skipHiddenItem->setVisible(false);
+    for (QAction* const choice : {skipHiddenItem, backgroundItem}) {
+        choice->setCheckable(true);
+        choice->setVisible(false);
+    }
     locationItemsBegin->setVisible(false);
     buttonMore->setToolTip(tr("More"));
     buttonMore->setAccessibleName(tr("More"));
@@ -294,6 +297,7 @@ void MainWindow::selectTabViewItem(const QString& identifier) {
         resultItemsEnd->setVisible(screen == results);
         locationItemsBegin->setVisible(screen == locations);
         skipHiddenItem->setVisible(screen == locations);
+        backgroundItem->setVisible(screen == locations);
         if (!openPanels_->any()) {
             screen->beginWithKeyboard();
         }

@@ -27,6 +27,11 @@ template <class Body>
 /// nothing if the system has no such priorities.
 void lowerThreadPriority();
 
+/// Lets the calling thread, and every thread that it starts afterwards, have a CPU only when nobody
+/// else wants it, almost, and a disk likewise where its scheduler knows priorities (`ionice` shows
+/// "idle"). Cannot be undone. Does nothing if the system has no such priorities.
+void makeThreadIdle();
+
 /// What a thread has used since it began. Fields are 0 where the system does not count them.
 struct ThreadUse {
     std::uint64_t deviceReads =

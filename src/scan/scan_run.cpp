@@ -79,7 +79,10 @@ void ScanRun::begin(const std::function<void(ScanWork&)>& setInputs) {
         running_ = true;
     }
     elapsedTime_.startElapsedTimeThread(now);
-    scanThread_ = startThread([this] { scanTask(); });
+    scanThread_ = startThread([this] {
+        lowerPriority();
+        scanTask();
+    });
     if (!scanThread_.joinable()) {
         scanTask();
     }
@@ -130,11 +133,16 @@ void ScanRun::freeResult() {
     });
 }
 
-void ScanRun::scanTask() {
-    if (settings_.lowPriority) {
-        // This thread starts all threads of the scan but the elapsed-time thread.
+/// On the thread that starts all others of the scan but the elapsed-time thread.
+void ScanRun::lowerPriority() const {
+    if (settings_.priority == Priority::low) {
         lowerThreadPriority();
+    } else if (settings_.priority == Priority::idle) {
+        makeThreadIdle();
     }
+}
+
+void ScanRun::scanTask() {
     added_ = false;
     go_ = true;
     ScanResult result;

@@ -38,6 +38,13 @@ namespace tarvin {
 /// stuck thread is left behind with the data it uses.
 class ScanRun final {
  public:
+    /// How the scan's threads share the machine with all others.
+    enum class Priority : std::uint8_t {
+        normal,
+        low,  ///< for an owner whose thread serves a user
+        idle  ///< takes what nobody else wants; see makeThreadIdle()
+    };
+
     struct Settings {
         WorkerPool::Limits workers = WorkerPool::limitsOfThisMachine();
         /// How often the scan task checks for a stop and for calls that do not return.
@@ -52,8 +59,7 @@ class ScanRun final {
         std::chrono::milliseconds progressInterval{33};
         /// Interval of the reports of the elapsed time. Any length counts as one second of pause.
         std::chrono::milliseconds elapsedStep{1000};
-        /// Lowers the priority of the scan's threads, for an owner whose thread serves a user.
-        bool lowPriority = false;
+        Priority priority = Priority::normal;
     };
 
     ScanRun(Platform& platform, ScanObserver& observer) : ScanRun(platform, observer, Settings{}) {}
@@ -62,6 +68,9 @@ class ScanRun final {
     ScanRun& operator=(const ScanRun&) = delete;
     /// Stops a running scan and waits for it.
     ~ScanRun();
+
+    /// Changes Settings::priority for the scans that are started from now on.
+    void setPriority(Priority priority) { settings_.priority = priority; }
 
     /// Starts a scan of the checked folders and the given files among `rows`, without what `filter`
     /// and `exceptions` skip, and returns immediately (after the scan if
@@ -124,6 +133,7 @@ class ScanRun final {
     void changeWork(std::shared_ptr<ScanWork> work);
 
     void begin(const std::function<void(ScanWork&)>& setInputs);
+    void lowerPriority() const;
     void scanTask();
     void addAllPhotos(ScanResult& result);
     void runCollection(const std::shared_ptr<ScanWork>& work);
@@ -138,7 +148,7 @@ class ScanRun final {
 
     Platform& platform_;
     ScanObserver& observer_;
-    const Settings settings_;
+    Settings settings_;
 
     std::atomic<bool> scanning_{false};
     std::atomic<bool> added_{true};

@@ -12,8 +12,12 @@
 #include "interface/notice_panel.h"
 #include "interface/progress_screen.h"
 #include "interface/text_block.h"
+#include "support/niceness.h"
 
+#include <QAction>
 #include <QLabel>
+#include <atomic>
+#include <map>
 #include <new>
 
 namespace tarvin {
@@ -140,15 +144,40 @@ TEST_F(Scanning, SkipsHiddenFilesIfTheItemIsChecked) {
     EXPECT_EQ(delegate->scan().run().result().modal->totalFiles(), 1U);
 }
 
-TEST_F(Scanning, RemembersWhetherHiddenFilesAreSkipped) {
+TEST_F(Scanning, RemembersTheChoicesOfTheMenu) {
     launch();
-    window().skipHiddenItem->trigger();
-    EXPECT_TRUE(settings.value(skipHiddenKey).toBool());
+    const auto choices = [this] {
+        return std::map<const char*, QAction*>{{skipHiddenKey, window().skipHiddenItem},
+                                               {backgroundKey, window().backgroundItem}};
+    };
+    for (const auto& [key, item] : choices()) {
+        EXPECT_FALSE(item->isChecked()) << key;
+        item->trigger();
+        EXPECT_TRUE(settings.value(key).toBool()) << key;
+    }
     delegate = nullptr;
     launch();
-    EXPECT_TRUE(window().skipHiddenItem->isChecked());
-    window().skipHiddenItem->trigger();
-    EXPECT_FALSE(settings.value(skipHiddenKey).toBool());
+    for (const auto& [key, item] : choices()) {
+        EXPECT_TRUE(item->isChecked()) << key;
+        item->trigger();
+        EXPECT_FALSE(settings.value(key).toBool()) << key;
+    }
+}
+
+TEST_F(Scanning, InTheBackgroundGivesWayToAllOthers) {
+    writeDuplicates();
+    std::atomic<int> niceness{0};
+    files.beforeCall(FileCall::openFile, FaultyFileSystem::each,
+                     [&] { niceness = nicenessOfThisThread(); });
+    for (const bool isInBackground : {false, true}) {
+        launch({folder.pathOf("photos")});
+        window().backgroundItem->setChecked(isInBackground);
+        click("findDuplicateExact");
+        EXPECT_TRUE(comesTo("4"));
+        EXPECT_EQ(niceness == maxNiceness, isInBackground);
+        delegate = nullptr;
+    }
+    EXPECT_LT(nicenessOfThisThread(), maxNiceness);
 }
 
 TEST_F(Scanning, ShowsWhatItCollects) {

@@ -63,10 +63,11 @@ TEST_F(MoreMenuTest, FollowsTheRightEdge) {
 }
 
 TEST_F(MoreMenuTest, HasItsItems) {
-    EXPECT_EQ(window.moreMenu->actions(),
-              (QList<QAction*>{window.markByRuleItem, window.manageExceptionsItem,
-                               window.exportResultsItem, window.resultItemsEnd, window.putBackItem,
-                               window.locationItemsBegin, window.skipHiddenItem}));
+    EXPECT_EQ(
+        window.moreMenu->actions(),
+        (QList<QAction*>{window.markByRuleItem, window.manageExceptionsItem,
+                         window.exportResultsItem, window.resultItemsEnd, window.putBackItem,
+                         window.locationItemsBegin, window.skipHiddenItem, window.backgroundItem}));
     EXPECT_EQ(window.manageExceptionsItem->text(), QStringLiteral("Manage Exceptions…"));
     EXPECT_TRUE(window.manageExceptionsItem->isEnabled());
     EXPECT_TRUE(window.manageExceptionsItem->shortcut().isEmpty());
@@ -104,12 +105,16 @@ TEST_F(MoreMenuTest, ResultsAreExportedOnlyOnTheirScreen) {
 
 TEST_F(MoreMenuTest, HasChoicesOnTheScreenOfTheLocationsOnly) {
     EXPECT_EQ(window.skipHiddenItem->text(), QStringLiteral("Skip Hidden Files and Folders"));
-    EXPECT_TRUE(window.skipHiddenItem->isCheckable());
-    EXPECT_FALSE(window.skipHiddenItem->isChecked());
+    EXPECT_EQ(window.backgroundItem->text(), QStringLiteral("Scan in the Background"));
+    for (const QAction* const choice : {window.skipHiddenItem, window.backgroundItem}) {
+        EXPECT_TRUE(choice->isCheckable());
+        EXPECT_FALSE(choice->isChecked());
+    }
     for (const char* screen : {"1", "2", "5", "4", "2"}) {
         window.selectTabViewItem(QLatin1String(screen));
         const bool isOnLocations = std::string(screen) == "2";
         EXPECT_EQ(window.skipHiddenItem->isVisible(), isOnLocations) << screen;
+        EXPECT_EQ(window.backgroundItem->isVisible(), isOnLocations) << screen;
         EXPECT_EQ(window.locationItemsBegin->isVisible(), isOnLocations) << screen;
     }
 }

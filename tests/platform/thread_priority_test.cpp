@@ -35,5 +35,29 @@ TEST(ThreadPriority, RepeatedLoweringEndsAtTheLowestPriority) {
     EXPECT_EQ(after, maxNiceness);
 }
 
+TEST(ThreadPriority, AnIdleThreadAndThoseItStartsGiveWayToAllOthers) {
+    const int before = nicenessOfThisThread();
+    const int classBefore = diskClassOfThisThread();
+    int after = before;
+    int afterOfStarted = before;
+    int classAfter = classBefore;
+    int classOfStarted = classBefore;
+    std::thread([&] {
+        makeThreadIdle();
+        after = nicenessOfThisThread();
+        classAfter = diskClassOfThisThread();
+        std::thread([&] {
+            afterOfStarted = nicenessOfThisThread();
+            classOfStarted = diskClassOfThisThread();
+        }).join();
+    }).join();
+    EXPECT_EQ(after, maxNiceness);
+    EXPECT_EQ(afterOfStarted, maxNiceness);
+    EXPECT_EQ(classAfter, idleDiskClass);
+    EXPECT_EQ(classOfStarted, idleDiskClass);
+    EXPECT_EQ(nicenessOfThisThread(), before);
+    EXPECT_EQ(diskClassOfThisThread(), classBefore);
+}
+
 }  // namespace
 }  // namespace tarvin

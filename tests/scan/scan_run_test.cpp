@@ -14,6 +14,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <functional>
+#include <map>
 #include <mutex>
 #include <set>
 #include <thread>
@@ -345,26 +346,28 @@ TEST_F(ScanRunTest, LowersThePriorityOfItsThreadsIfConfigured) {
     folder_.writeFile("a.txt", "same");
     folder_.writeFile("b.txt", "same");
     const int own = nicenessOfThisThread();
-    const int low = std::min(own + 5, maxNiceness);
-    for (const bool isLow : {false, true}) {
-        ScanRun::Settings configured = settings();
-        configured.lowPriority = isLow;
+    const std::map<ScanRun::Priority, int> expected{
+        {ScanRun::Priority::normal, own},
+        {ScanRun::Priority::low, std::min(own + 5, maxNiceness)},
+        {ScanRun::Priority::idle, maxNiceness}};
+    for (const auto& [priority, niceness] : expected) {
         std::atomic<int> collecting{0};
         std::atomic<int> comparing{0};
         std::atomic<int> reading{0};
         fileSystem_.beforeCall(FileCall::openFile, FaultyFileSystem::each,
                                [&] { reading = nicenessOfThisThread(); });
         Recorder recorder;
-        ScanRun run(platform_, recorder, configured);
+        ScanRun run(platform_, recorder, settings());
+        run.setPriority(priority);
         recorder.at("collecting a.txt", [&] {
             collecting = nicenessOfThisThread();
             recorder.at("processing b.txt", [&] { comparing = nicenessOfThisThread(); });
         });
         run.start({{folder_.path(), "", "", true, true}}, {});
         run.wait();
-        EXPECT_EQ(collecting, isLow ? low : own);
-        EXPECT_EQ(comparing, isLow ? low : own);
-        EXPECT_EQ(reading, isLow ? low : own);
+        EXPECT_EQ(collecting, niceness);
+        EXPECT_EQ(comparing, niceness);
+        EXPECT_EQ(reading, niceness);
         EXPECT_EQ(nicenessOfThisThread(), own);
     }
 }

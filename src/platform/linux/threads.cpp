@@ -3,7 +3,9 @@
 #include "platform/unique_fd.h"
 
 #include <fcntl.h>
+#include <linux/ioprio.h>
 #include <sys/resource.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <array>
@@ -17,6 +19,7 @@ namespace {
 // Added to the nice value. Under CPU contention the thread gets about a third of the share of a
 // thread of normal priority.
 constexpr int niceIncrement = 5;
+constexpr int lowestPriority = 19;
 
 std::chrono::nanoseconds timeOf(const timeval& time) {
     return std::chrono::seconds(time.tv_sec) + std::chrono::microseconds(time.tv_usec);
@@ -30,6 +33,14 @@ void lowerThreadPriority() {
     const auto self = static_cast<id_t>(::gettid());
     static_cast<void>(
         ::setpriority(PRIO_PROCESS, self, ::getpriority(PRIO_PROCESS, self) + niceIncrement));
+}
+
+void makeThreadIdle() {
+    const auto self = static_cast<id_t>(::gettid());
+    static_cast<void>(::setpriority(PRIO_PROCESS, self, lowestPriority));
+    // The C library has no function for it.
+    static_cast<void>(
+        ::syscall(SYS_ioprio_set, IOPRIO_WHO_PROCESS, 0, IOPRIO_PRIO_VALUE(IOPRIO_CLASS_IDLE, 0)));
 }
 
 ThreadUse useOfThisThread() {
