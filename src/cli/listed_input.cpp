@@ -51,6 +51,8 @@ std::string_view reasonOf(ListedState state) {
             return "it is not a regular file";
         case ListedState::inTrash:
             return "it is in a Trash folder";
+        case ListedState::isOwn:
+            return "it is a file of this program";
         case ListedState::excluded:
             return "it is on the exceptions list";
         case ListedState::locked:

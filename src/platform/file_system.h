@@ -180,6 +180,8 @@ class FileSystem {
     virtual std::vector<MountedFolder> mountedFolders() { return {}; }
     /// The home Trash, if it exists.
     virtual std::optional<FileIdentity> homeTrash() = 0;
+    /// The folder with the program's own files, if it exists.
+    virtual std::optional<FileIdentity> ownFolder() = 0;
     /// Maximum number of open files of the process.
     virtual std::size_t descriptorLimit() = 0;
 

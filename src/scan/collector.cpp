@@ -155,6 +155,9 @@ void Collector::takeGiven(const std::string& path) {
 void Collector::takeGivenFile(GivenFolder& folder, std::string_view name,
                               const FileAttributes& attributes) {
     check(folder);
+    if (folder.isOwn) {
+        return;
+    }
     if (folder.failure) {
         unreadable_.push_back(
             {folder.directory->pathOf(name), *folder.failure, folder.isTrash, false});
@@ -186,6 +189,7 @@ void Collector::check(GivenFolder& folder) {
         return;
     }
     const IoWatch::Call call(watch_, *folder.directory);
+    folder.isOwn = isOwnFolder(*folder.directory);
     // Resolves a folder that is a symbolic link.
     const Result<FileAttributes> attributes =
         fileSystem_.attributesAtPath(folder.directory->path() + "/.");
@@ -349,6 +353,20 @@ void Collector::noteFailure(const Directory& directory,
 Result<bool> Collector::isLocationInTrash(const Directory& location) {
     const IoWatch::Call call(watch_, location);
     return isInTrash(fileSystem_, location.path());
+}
+
+/// Whether it is the folder with the program's own files, which are skipped.
+bool Collector::isOwnFolder(const Directory& folder) {
+    const std::optional<FileIdentity> own = fileSystem_.ownFolder();
+    if (!own) {
+        return false;
+    }
+    const Result<Descriptor> opened = fileSystem_.openRootDirectory(folder.path());
+    if (!opened) {
+        return false;
+    }
+    const Result<FileAttributes> attributes = fileSystem_.attributesOf(*opened);
+    return attributes && attributes->identity == *own;
 }
 
 void Collector::takeFile(const Directory& directory, const ListedEntry& entry) {

@@ -63,6 +63,7 @@ class Collector final {
         Directory* directory = nullptr;
         bool isChecked = false;  // the next two are known
         bool isTrash = false;
+        bool isOwn = false;
         std::optional<SystemError> failure;  // why files in it cannot be taken
     };
 
@@ -85,6 +86,7 @@ class Collector final {
     void takeFile(const Directory& directory, const ListedEntry& entry);
     void reportFile(const Directory& directory, const ListedEntry& entry);
     [[nodiscard]] Result<bool> isLocationInTrash(const Directory& location);
+    [[nodiscard]] bool isOwnFolder(const Directory& folder);
     void addToArrayFile(const Directory& directory, const ListedEntry& entry);
 
     FileSystem& fileSystem_;

@@ -100,6 +100,10 @@ void ListCollector::examine(Folder& folder) {
         folder.state = ListedState::isSpecial;
         return;
     }
+    if (fileSystem_.ownFolder() == attributes->identity) {
+        folder.state = ListedState::isOwn;
+        return;
+    }
     const Result<bool> inTrash = isInTrash(fileSystem_, path);
     if (!inTrash) {
         folder.state = ListedState::unreadable;

@@ -23,6 +23,7 @@ enum class ListedState : std::uint8_t {
     isFolder,       ///< a folder
     isSpecial,      ///< a symbolic link, pipe, socket or device, or in a pseudo file system
     inTrash,        ///< in a Trash folder, whose files may be deleted at any time
+    isOwn,          ///< a file of this program
     excluded,       ///< on the exceptions list: it stays
     locked,         ///< immutable: it stays
     unread,         ///< its bytes could not be read, as the result of the scan tells: it stays

@@ -29,6 +29,8 @@ constexpr std::size_t entriesBetweenChecks = 64;
 constexpr std::size_t entriesAShare = 4;
 constexpr std::chrono::milliseconds slowShare{2};
 constexpr std::chrono::milliseconds poolPollInterval{20};
+/// Of the folder with the program's own files.
+constexpr std::string_view ownFolderName = "Tarvin Duplicate File Remover";
 constexpr std::size_t minFoldersKeptOpen = 4;
 constexpr std::size_t maxFoldersKeptOpen = 128;
 // Reserved for the rest of the process: standard streams, libraries, files being compared.
@@ -106,6 +108,7 @@ TreeReader::TreeReader(const ScanServices& services, Interest interest, PauseWai
                                  : [&control = services.control] { control.waitWhilePaused(); }),
       devices_(devices),
       homeTrash_(services.fileSystem.homeTrash()),
+      ownFolder_(services.fileSystem.ownFolder()),
       maxOpenFolders_(foldersToKeepOpen(services.fileSystem.descriptorLimit())) {}
 
 TreeReader::~TreeReader() {
@@ -429,17 +432,22 @@ void TreeReader::examineVolume(const Listing& listing, const FileIdentity& ident
     }
 }
 
-/// On an unsteady volume every folder with the name that each home Trash has.
-bool TreeReader::isHomeTrash(const Directory& folder, const FileIdentity& identity) const {
-    return homeTrash_ == identity ||
-           (homeTrash_ && homeTrash_->device == identity.device &&
-            unsteadyVolumes_.contains(identity.device) &&
-            std::string_view(folder.name, folder.nameLength).ends_with(homeTrashName));
+/// Whether it is the folder `known`, which has this name; on an unsteady volume every folder with
+/// the name is.
+bool TreeReader::isFolder(const std::optional<FileIdentity>& known, std::string_view name,
+                          const Directory& folder, const FileIdentity& identity) const {
+    return known == identity || (known && known->device == identity.device &&
+                                 unsteadyVolumes_.contains(identity.device) &&
+                                 std::string_view(folder.name, folder.nameLength).ends_with(name));
 }
 
-/// Whether the folder is the user's Trash or on a refused file system.
+/// Whether the folder is the user's Trash, that of our own files, or on a refused file system. Our
+/// locks and the journal are empty at times: as copies of each other they could be moved, and two
+/// clean-ups could then run at once.
 bool TreeReader::isNotWalked(const Listing& listing, const FileIdentity& identity) const {
-    if (isHomeTrash(*listing.directory, identity)) {
+    const Directory& folder = *listing.directory;
+    if (isFolder(homeTrash_, homeTrashName, folder, identity) ||
+        isFolder(ownFolder_, ownFolderName, folder, identity)) {
         return true;
     }
     if (listing.parent && listing.parent->identity.device == identity.device) {

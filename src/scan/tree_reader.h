@@ -40,9 +40,10 @@ struct ListedEntry {
 ///
 /// The walk requests folders one by one, depth first, and gets the entries of each block by block
 /// in listing order. Meanwhile workers list the next folders and read the attributes of their
-/// entries, also inside one large folder. The amount read ahead is bounded. The user's Trash and
-/// pseudo file systems are refused like unreadable folders. Where a walk comes to another file
-/// system, it finds out whether the inode numbers of folders change there (UnsteadyVolumes).
+/// entries, also inside one large folder. The amount read ahead is bounded. The user's Trash, the
+/// folder with the program's own files and pseudo file systems are refused like unreadable folders.
+/// Where a walk comes to another file system, it finds out whether the inode numbers of folders
+/// change there (UnsteadyVolumes).
 ///
 /// Only the walking thread may call the public functions. Workers wait during a pause; after a stop
 /// folders end early.
@@ -93,8 +94,8 @@ class TreeReader final {
     /// The error that prevented opening the folder or listing it to its end; nullopt if there has
     /// been none so far.
     std::optional<SystemError> failureOf(const std::shared_ptr<Listing>& listing);
-    /// Whether identityOf() refused the folder because it is not walked: a Trash or, by `devices`,
-    /// because of its file system.
+    /// Whether identityOf() refused the folder because it is not walked: a Trash, the folder with
+    /// the program's own files or, by `devices`, because of its file system.
     [[nodiscard]] bool isRefused(const std::shared_ptr<Listing>& listing);
     /// Blocks until the next block of the folder's entries is ready. Returns nullptr if there is
     /// none, the folder cannot be read further, or the scan was stopped.
@@ -126,7 +127,8 @@ class TreeReader final {
     Result<Descriptor> openFolder(const Listing& listing);
     void examineVolume(const Listing& listing, const FileIdentity& identity,
                        const Descriptor& folder);
-    [[nodiscard]] bool isHomeTrash(const Directory& folder, const FileIdentity& identity) const;
+    [[nodiscard]] bool isFolder(const std::optional<FileIdentity>& known, std::string_view name,
+                                const Directory& folder, const FileIdentity& identity) const;
     [[nodiscard]] bool isNotWalked(const Listing& listing, const FileIdentity& identity) const;
     void closeKeptOpen();
     [[nodiscard]] std::unique_ptr<Block> wanted(const Directory& folder,
@@ -149,6 +151,7 @@ class TreeReader final {
     const Devices devices_;
     const std::thread::id walkingThread_ = std::this_thread::get_id();
     const std::optional<FileIdentity> homeTrash_;
+    const std::optional<FileIdentity> ownFolder_;
     const std::size_t maxOpenFolders_;
 
     std::mutex mutex_;

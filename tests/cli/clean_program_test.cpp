@@ -133,6 +133,30 @@ TEST_F(Clean, LeavesTheFileThatTheScanListsFirst) {
     }
 }
 
+/// The locks and, between transactions, the journal are empty, and so are equal.
+TEST_F(Clean, NeverMovesItsOwnFiles) {
+    writePhotos();
+    ASSERT_EQ(tarvin({"clean", "--yes", photos()}).status, 0);
+    ASSERT_TRUE(std::filesystem::exists(folder_.pathOf(ownFolder) + "clean-ups.lock"));
+    folder_.writeFile("photos/empty.lock", "");
+    folder_.writeFile("photos/b/empty.turn", "");
+    const ProgramResult result =
+        tarvin({"clean", "--dry-run", folder_.pathOf("data"), photos(), folder_.path()});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(result.output.find(ownFolder), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("Marked Duplicate Files: 1\n"), std::string::npos)
+        << result.output;
+    const std::string list = folder_.writeFile(
+        "list.json", R"({"categories": [{"extensions": [{"sets": [{"files": [{"filePath": ")" +
+                         folder_.pathOf("photos/empty.lock") + R"("}, {"filePath": ")" +
+                         folder_.pathOf(ownFolder) + R"(clean-ups.lock"}]}]}]}]})");
+    const ProgramResult listed = tarvin({"clean", "--yes", "--from", list});
+    EXPECT_EQ(listed.status, 1);
+    EXPECT_EQ(listed.errors, "tarvin: cannot use '" + folder_.pathOf(ownFolder) +
+                                 "clean-ups.lock' of the list: it is a file of this program\n");
+    EXPECT_TRUE(std::filesystem::exists(folder_.pathOf(ownFolder) + "clean-ups.lock"));
+}
+
 TEST_F(Clean, DryRunMovesNothing) {
     writePhotos();
     const ProgramResult result = tarvin({"clean", "--dry-run", photos()});

@@ -726,6 +726,14 @@ TEST_F(CollectorTest, SkipsTheHomeTrash) {
     EXPECT_EQ(documents(collectTree()), (Names{"a.txt", "data/c.txt"}));
 }
 
+TEST_F(CollectorTest, SkipsOurOwnFiles) {
+    write({"a.txt", "data/own/clean-ups.lock", "data/own/x/b.txt", "data/c.txt"});
+    fileSystem_.setOwnFolder(identityOf(tree_.pathOf("data/own")));
+    Collection collection = collectTree();
+    EXPECT_TRUE(collection.unreadable.empty());
+    EXPECT_EQ(documents(std::move(collection)), (Names{"a.txt", "data/c.txt"}));
+}
+
 TEST_F(CollectorTest, SkipsTheHomeTrashAsALocation) {
     write({"data/Trash/files/b.txt"});
     fileSystem_.setHomeTrash(identityOf(tree_.pathOf("data/Trash")));

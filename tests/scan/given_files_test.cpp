@@ -221,6 +221,15 @@ TEST_F(FilteredCollection, AGivenFileInATrashFolderIsReported) {
     EXPECT_TRUE(unreadable_[1].isTrash);
 }
 
+TEST_F(FilteredCollection, AGivenFileOfOurOwnIsSkipped) {
+    write({"a.txt", "own/b.txt"});
+    tree_.makeLink("link", "own");
+    const auto own = systemFileSystem().attributesAtPath(tree_.pathOf("own"));
+    fileSystem_.setOwnFolder(own->identity);
+    EXPECT_EQ(collect({"own/b.txt", "a.txt", "link/b.txt"}), Names{"a.txt"});
+    EXPECT_TRUE(unreadable_.empty());
+}
+
 TEST_F(FilteredCollection, AGivenFileOnAPseudoFileSystemIsReported) {
     write({"a.txt"});
     const auto attributes = systemFileSystem().attributesAtPath(tree_.path());

@@ -237,6 +237,24 @@ TEST_F(ListScan, AFileInATrashIsNeitherMovedNorTheCopyThatStays) {
     EXPECT_EQ(state(2), ListedState::inTrash);
 }
 
+TEST_F(ListScan, AFileOfOurOwnIsNotUsed) {
+    folder_.writeFile("own/a", "same");
+    folder_.writeFile("own/d", "same");
+    folder_.writeFile("b", "same");
+    folder_.writeFile("c", "same");
+    const auto own = systemFileSystem().attributesAtPath(folder_.pathOf("own"));
+    fileSystem_.setOwnFolder(own->identity);
+    add("own/a", 0, true);
+    add("b", 0);
+    add("own/d", 1);
+    add("c", 1, true);
+    scan();
+    EXPECT_EQ(sets(), "");
+    EXPECT_EQ(state(0), ListedState::isOwn);
+    EXPECT_EQ(state(1), ListedState::hasNoSurvivor);
+    EXPECT_EQ(state(2), ListedState::isOwn);
+}
+
 /// Otherwise a file in a Trash could be the copy that stays.
 TEST_F(ListScan, AFileOfWhichItIsNotKnownWhetherItIsInATrashIsNotUsed) {
     folder_.writeFile("one/a", "same");

@@ -82,6 +82,11 @@ void FaultyFileSystem::setHomeTrash(std::optional<FileIdentity> identity) {
     homeTrash_ = identity;
 }
 
+void FaultyFileSystem::setOwnFolder(std::optional<FileIdentity> identity) {
+    const std::lock_guard lock(mutex_);
+    ownFolder_ = identity;
+}
+
 void FaultyFileSystem::setImmutable(const std::string& path) {
     const std::lock_guard lock(mutex_);
     immutable_.insert(path);
@@ -370,6 +375,11 @@ std::vector<MountedFolder> FaultyFileSystem::mountedFolders() {
 std::optional<FileIdentity> FaultyFileSystem::homeTrash() {
     const std::lock_guard lock(mutex_);
     return homeTrash_;
+}
+
+std::optional<FileIdentity> FaultyFileSystem::ownFolder() {
+    const std::lock_guard lock(mutex_);
+    return ownFolder_;
 }
 
 std::size_t FaultyFileSystem::descriptorLimit() {

@@ -82,6 +82,7 @@ class FaultyFileSystem final : public FileSystem {
     /// Sets the result of isPseudoFileSystem() for this device.
     void setPseudoFileSystem(std::uint64_t device, bool pseudo);
     void setHomeTrash(std::optional<FileIdentity> identity);
+    void setOwnFolder(std::optional<FileIdentity> identity);
     /// Reports the entry with exactly this path as immutable.
     void setImmutable(const std::string& path);
     /// Reports that time of creation for the entry with exactly this path.
@@ -156,6 +157,7 @@ class FaultyFileSystem final : public FileSystem {
     /// Those of setMountedFolders(), or the real ones.
     std::vector<MountedFolder> mountedFolders() override;
     std::optional<FileIdentity> homeTrash() override;
+    std::optional<FileIdentity> ownFolder() override;
     std::size_t descriptorLimit() override;
 
  protected:
@@ -228,6 +230,7 @@ class FaultyFileSystem final : public FileSystem {
     std::optional<bool> rotational_;
     std::map<std::uint64_t, bool> pseudo_;
     std::optional<FileIdentity> homeTrash_;
+    std::optional<FileIdentity> ownFolder_;
     std::optional<std::vector<MountedFolder>> mountedFolders_;
     std::unordered_set<std::string> immutable_;
     std::unordered_map<std::string, Timestamp> created_;

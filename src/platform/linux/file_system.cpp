@@ -134,6 +134,15 @@ Result<FileAttributes> attributesFrom(int directory, const char* name, int flags
     return toAttributes(answer);
 }
 
+/// nullopt if nothing is there.
+std::optional<FileIdentity> identityAt(const std::optional<std::string>& path) {
+    if (!path) {
+        return std::nullopt;
+    }
+    const Result<FileAttributes> attributes = attributesFrom(AT_FDCWD, path->c_str(), 0);
+    return attributes ? std::optional(attributes->identity) : std::nullopt;
+}
+
 class LinuxFileSystem final : public FileSystem {
  public:
     Result<Descriptor> openRootDirectory(const std::string& path) override {
@@ -286,12 +295,11 @@ class LinuxFileSystem final : public FileSystem {
     }
 
     std::optional<FileIdentity> homeTrash() override {
-        const auto path = homeTrashFolder(processEnvironment());
-        if (!path) {
-            return std::nullopt;
-        }
-        const auto attributes = attributesFrom(AT_FDCWD, path->c_str(), 0);
-        return attributes ? std::optional(attributes->identity) : std::nullopt;
+        return identityAt(homeTrashFolder(processEnvironment()));
+    }
+
+    std::optional<FileIdentity> ownFolder() override {
+        return identityAt(applicationSupportFolderOf(processEnvironment()));
     }
 
     std::size_t descriptorLimit() override {
