@@ -206,7 +206,8 @@ class ContentPartition::FirstComparison final : public ContentVerdict {
 
  private:
     [[nodiscard]] bool isUnsteady(std::uint32_t file) const {
-        return stamps_[file] && reader_.isUnsteady(stamps_[file]->identity.device);
+        const std::optional<FileStamp>& stamp = stamps_[file];
+        return stamp && reader_.isUnsteady(stamp->identity.device);
     }
 
     const CandidateReader& reader_;
