@@ -64,6 +64,7 @@ class Answers final : public FileSystem {
     bool isPseudoFileSystem(std::uint64_t) override { return false; }
     bool isRotational(std::uint64_t) override { return false; }
     std::optional<FileIdentity> homeTrash() override { return std::nullopt; }
+    std::optional<FileIdentity> ownFolder() override { return std::nullopt; }
     std::size_t descriptorLimit() override { return 8; }
 
  protected:
