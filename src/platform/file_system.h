@@ -4,6 +4,7 @@
 #include "platform/timestamp.h"
 
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -176,6 +177,19 @@ class FileSystem {
     /// Whether the device is a rotational disk, on which two readers are slower than one. This and
     /// isPseudoFileSystem() take some tenths of a millisecond.
     virtual bool isRotational(std::uint64_t device) = 0;
+    /// A name of the file system that holds `folder`, which no other file system has and which
+    /// outlives unmounting: with it, a file's inode number, size and dates identify its content at
+    /// any later time. nullopt if the file system has no such name, does not keep inode numbers, or
+    /// may change a file for longer than timeToSettle without a new date; also if it cannot be read
+    /// or `folder` is not on `device`.
+    virtual std::optional<std::string> lastingVolumeName(const std::string& /*folder*/,
+                                                         std::uint64_t /*device*/) {
+        return std::nullopt;
+    }
+    /// Bytes written through a shared mapping into a page that waits to be written back change no
+    /// date, and dates have a granularity. So the content of a file whose dates are younger than
+    /// this may still change without a new date.
+    static constexpr std::chrono::seconds timeToSettle{60};
     /// What is mounted now; empty if that is unknown.
     virtual std::vector<MountedFolder> mountedFolders() { return {}; }
     /// The home Trash, if it exists.

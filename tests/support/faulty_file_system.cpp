@@ -112,6 +112,11 @@ std::vector<FaultyFileSystem::ReadAheadCall> FaultyFileSystem::readAheadCalls() 
     return readAhead_;
 }
 
+void FaultyFileSystem::setVolumeName(std::optional<std::string> name) {
+    const std::lock_guard lock(mutex_);
+    volumeName_ = std::move(name);
+}
+
 void FaultyFileSystem::setMountedFolders(std::vector<MountedFolder> folders) {
     const std::lock_guard lock(mutex_);
     mountedFolders_ = std::move(folders);
@@ -365,6 +370,12 @@ bool FaultyFileSystem::isRotational(std::uint64_t device) {
         }
     }
     return real_.isRotational(device);
+}
+
+std::optional<std::string> FaultyFileSystem::lastingVolumeName(const std::string& folder,
+                                                               std::uint64_t device) {
+    const std::lock_guard lock(mutex_);
+    return volumeName_ ? *volumeName_ : real_.lastingVolumeName(folder, device);
 }
 
 std::vector<MountedFolder> FaultyFileSystem::mountedFolders() {

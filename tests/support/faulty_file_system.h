@@ -96,6 +96,8 @@ class FaultyFileSystem final : public FileSystem {
     void jitterFolders() { jittersFolders_ = true; }
     /// Reports that the file with exactly this path begins there on its device.
     void setPlace(const std::string& path, std::uint64_t place);
+    /// Sets the result of lastingVolumeName() for every folder.
+    void setVolumeName(std::optional<std::string> name);
     void setMountedFolders(std::vector<MountedFolder> folders);
     /// Sets the order of entries for folders that are opened from now on.
     void setListingOrder(ListingOrder order, std::uint64_t seed = 0);
@@ -154,6 +156,9 @@ class FaultyFileSystem final : public FileSystem {
     void readAhead(const Descriptor& file, std::uint64_t offset, std::uint64_t bytes) override;
     bool isPseudoFileSystem(std::uint64_t device) override;
     bool isRotational(std::uint64_t device) override;
+    /// That of setVolumeName(), or the real one.
+    std::optional<std::string> lastingVolumeName(const std::string& folder,
+                                                 std::uint64_t device) override;
     /// Those of setMountedFolders(), or the real ones.
     std::vector<MountedFolder> mountedFolders() override;
     std::optional<FileIdentity> homeTrash() override;
@@ -231,6 +236,7 @@ class FaultyFileSystem final : public FileSystem {
     std::map<std::uint64_t, bool> pseudo_;
     std::optional<FileIdentity> homeTrash_;
     std::optional<FileIdentity> ownFolder_;
+    std::optional<std::optional<std::string>> volumeName_;
     std::optional<std::vector<MountedFolder>> mountedFolders_;
     std::unordered_set<std::string> immutable_;
     std::unordered_map<std::string, Timestamp> created_;

@@ -31,7 +31,14 @@ class LoopVolume final {
         }
     }
 
+    /// Unmounts the volume and mounts it again at the same place.
+    [[nodiscard]] bool remount() const {
+        return run("umount " + folder_ + " && mount -o loop " + place_.pathOf("image") + ' ' +
+                   folder_);
+    }
+
     explicit operator bool() const { return mounted_; }
+    [[nodiscard]] const std::string& path() const { return folder_; }
     [[nodiscard]] std::string pathOf(const std::string& name) const { return folder_ + '/' + name; }
 
     /// Fills the volume to the last byte. Three rounds: ext4 frees blocks that it had reserved for

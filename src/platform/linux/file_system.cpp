@@ -1,6 +1,7 @@
 #include "platform/file_system.h"
 
 #include "platform/linux/block_devices.h"
+#include "platform/linux/lasting_volume.h"
 #include "platform/linux/mount_table.h"
 #include "platform/linux/user_environment.h"
 #include "platform/unique_fd.h"
@@ -285,6 +286,18 @@ class LinuxFileSystem final : public FileSystem {
     }
 
     bool isRotational(std::uint64_t device) override { return isRotationalDevice(device); }
+
+    std::optional<std::string> lastingVolumeName(const std::string& folder,
+                                                 std::uint64_t device) override {
+        const Result<Descriptor> opened = openRootDirectory(folder);
+        if (!opened) {
+            return std::nullopt;
+        }
+        const Result<FileAttributes> attributes = attributesOf(*opened);
+        return attributes && attributes->identity.device == device
+                   ? lastingVolumeNameOf(opened->number())
+                   : std::nullopt;
+    }
 
     std::vector<MountedFolder> mountedFolders() override {
         std::vector<MountedFolder> folders;
