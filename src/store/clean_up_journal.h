@@ -133,9 +133,6 @@ struct TotalsIntent {
     StoredTotals after;
 };
 
-template <typename Value>
-using StoreResult = std::variant<Value, StoreError>;
-
 /// The journal of clean-ups, "clean-ups.sqlite" with "clean-ups.lock" in the data folder. Each move
 /// to the Trash is stored here before it is made, and its outcome afterwards. Put Back reads it,
 /// and so does the next start after a crash. A clean-up belongs to the process that holds its lock;

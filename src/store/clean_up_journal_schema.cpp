@@ -1,6 +1,7 @@
 #include "store/clean_up_journal_rows.h"
+#include "store/sqlite_schema.h"
 
-#include <utility>
+#include <cstdint>
 
 namespace tarvin {
 
@@ -72,60 +73,10 @@ constexpr const char* schema =
     "PRAGMA user_version = 2;";
 static_assert(applicationId == 1413563221 && schemaVersion == 2, "must equal the pragmas above");
 
-/// The identification of a database file.
-struct StoredSchema {
-    std::int64_t application = 0;
-    std::int64_t version = 0;
-    std::int64_t tables = 0;
-};
-
-StoredSchema storedSchemaIn(SqliteDatabase& database) {
-    SqliteStatement read = database.statement(
-        "SELECT (SELECT application_id FROM pragma_application_id),"
-        " (SELECT user_version FROM pragma_user_version),"
-        " (SELECT count(*) FROM sqlite_master)");
-    return read.step() ? StoredSchema{read.number(0), read.number(1), read.number(2)}
-                       : StoredSchema();
-}
-
-/// Fails unless the file has our schema.
-void expectOurSchema(SqliteDatabase& database, const std::string& path, std::int64_t application,
-                     std::int64_t version) {
-    if (application != applicationId) {
-        database.fail({path, "a database of another program", StoreError::Kind::unusable});
-    } else if (version > schemaVersion) {
-        database.fail(
-            {path, "written by a newer version of the program", StoreError::Kind::passing});
-    } else if (version < schemaVersion) {
-        database.failDamaged();
-    }
-}
-
-void createSchema(SqliteDatabase& database) {
-    SqliteTransaction making(database);
-    database.execute(schema);
-    if (auto error = making.commit()) {
-        database.fail(std::move(*error));
-    }
-}
-
 }  // namespace
 
 void prepareSchema(SqliteDatabase& database, const std::string& path) {
-    // Checked before SQLite accesses the file, since it might write to its rollback journal.
-    if (const auto header = database.header()) {
-        expectOurSchema(database, path, header->applicationId, header->userVersion);
-    }
-    database.execute(settings);
-    const StoredSchema stored = storedSchemaIn(database);
-    if (!database.ok()) {
-        return;
-    }
-    if (stored.application == 0 && stored.version == 0 && stored.tables == 0) {
-        createSchema(database);
-    } else {
-        expectOurSchema(database, path, stored.application, stored.version);
-    }
+    prepareSchema(database, path, {applicationId, schemaVersion, settings, schema});
 }
 
 }  // namespace tarvin

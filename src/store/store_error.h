@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <variant>
 
 namespace tarvin {
 
@@ -17,5 +18,8 @@ struct StoreError {
     std::string text;  ///< the reason, for the user
     Kind kind = Kind::unusable;
 };
+
+template <typename Value>
+using StoreResult = std::variant<Value, StoreError>;
 
 }  // namespace tarvin

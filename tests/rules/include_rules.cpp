@@ -41,7 +41,7 @@ constexpr std::array layers{
     Layer{.folder = "model", .ours = {"platform/file_system.h", "platform/timestamp.h"}},
     Layer{.folder = "text", .librariesInSources = {Library::utf8proc}},
     Layer{.folder = "scan",
-          .ours = {"model/", "platform/", "text/"},
+          .ours = {"model/", "platform/", "text/", "store/scan_memory.h", "store/store_error.h"},
           .librariesInSources = {Library::xxhash}},
     Layer{.folder = "store",
           .ours = {"platform/", "text/"},

@@ -1,0 +1,313 @@
+#include "store/scan_memory.h"
+
+#include "platform/durable_file.h"
+#include "store/clean_up_journal_rows.h"
+#include "store/sqlite_schema.h"
+#include "store/stored_list.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+#include <filesystem>
+#include <limits>
+#include <random>
+#include <system_error>
+#include <utility>
+
+namespace tarvin {
+
+namespace {
+
+constexpr const char* memoryName = "/scans.sqlite";
+constexpr const char* memoryLockName = "/scans.lock";
+
+// Rows of files that are this close by their inodes are read in one go: a search takes as long as
+// reading about so many rows.
+constexpr std::uint64_t maxInodeGap = 32;
+
+// Truncated and flushed with each commit as the journal of clean-ups is: after a power failure,
+// numbers must not be in rows and free as well.
+constexpr SqliteSchema memorySchema{0x54415343,  // "TASC"
+                                    1,
+                                    "PRAGMA journal_mode = TRUNCATE;"
+                                    "PRAGMA synchronous = FULL;"
+                                    "PRAGMA cell_size_check = ON;"
+                                    "PRAGMA temp_store = MEMORY;",
+                                    "CREATE TABLE memory ("
+                                    " one INTEGER PRIMARY KEY CHECK (one = 1),"
+                                    " generation INTEGER NOT NULL,"
+                                    " next INTEGER NOT NULL) STRICT;"
+                                    "CREATE TABLE volume ("
+                                    " id INTEGER PRIMARY KEY AUTOINCREMENT,"
+                                    " name BLOB NOT NULL UNIQUE) STRICT;"
+                                    "CREATE TABLE file ("
+                                    " volume INTEGER NOT NULL,"
+                                    " inode INTEGER NOT NULL,"
+                                    " size INTEGER NOT NULL,"
+                                    " modified INTEGER NOT NULL,"
+                                    " changed INTEGER NOT NULL,"
+                                    " created INTEGER NOT NULL,"
+                                    " comparison INTEGER NOT NULL,"
+                                    " content INTEGER NOT NULL,"
+                                    " seen INTEGER NOT NULL,"
+                                    " sum INTEGER NOT NULL,"
+                                    " PRIMARY KEY (volume, inode)) STRICT, WITHOUT ROWID;"
+                                    "PRAGMA application_id = 1413567299;"
+                                    "PRAGMA user_version = 1;"};
+static_assert(memorySchema.applicationId == 1413567299 && memorySchema.version == 1,
+              "must equal the pragmas above");
+
+/// The memory's folder without symbolic links, which SQLite would refuse.
+StoreResult<std::string> realFolder(const std::string& folder) {
+    std::error_code unresolved;
+    const std::filesystem::path real = std::filesystem::canonical(folder, unresolved);
+    if (unresolved) {
+        return passingError(folder, SystemError{unresolved.value()});
+    }
+    return real.native();
+}
+
+StoreResult<FileLock> lockIn(const std::string& folder, std::chrono::milliseconds patience) {
+    const LockFile locks(folder + memoryLockName);
+    Result<FileLock> lock = locks.take(0, patience);
+    if (lock) {
+        return std::move(*lock);
+    }
+    return lock.error().code == EBUSY
+               ? StoreError{ScanMemory::pathIn(folder), "in use by another process",
+                            StoreError::Kind::passing}
+               : passingError(locks.path(), lock.error());
+}
+
+std::uint64_t mixed(std::uint64_t sum, std::uint64_t with) {
+    sum = (sum ^ with) * 0x9E3779B97F4A7C15U;
+    return sum ^ (sum >> 29U);
+}
+
+bool isSameState(const RememberedFile& one, const RememberedFile& other) {
+    return one.inode == other.inode && one.size == other.size && one.modified == other.modified &&
+           one.changed == other.changed && one.created == other.created;
+}
+
+}  // namespace
+
+std::string ScanMemory::pathIn(const std::string& folder) {
+    return folder + memoryName;
+}
+
+StoreResult<ScanMemory> ScanMemory::open(const std::string& folder, Limits limits) {
+    if (const auto failure = makeFolders(folder)) {
+        return passingError(folder, *failure);
+    }
+    const StoreResult<std::string> real = realFolder(folder);
+    if (const auto* error = std::get_if<StoreError>(&real)) {
+        return *error;
+    }
+    const std::string path = pathIn(std::get<std::string>(real));
+    StoreResult<FileLock> lock = lockIn(std::get<std::string>(real), limits.patience);
+    if (auto* error = std::get_if<StoreError>(&lock)) {
+        return std::move(*error);
+    }
+    if (const auto failure = makePrivateFile(path)) {
+        // Nothing of ours: it is not to be replaced.
+        return passingError(path, *failure);
+    }
+    auto database = std::make_unique<SqliteDatabase>(path, limits.patience);
+    prepareSchema(*database, path, memorySchema);
+    ScanMemory memory(limits, std::get<FileLock>(std::move(lock)), std::move(database));
+    memory.makeReady();
+    if (auto error = memory.database_->takeError()) {
+        return std::move(*error);
+    }
+    return memory;
+}
+
+StoreResult<bool> ScanMemory::remove(const std::string& folder, Limits limits) {
+    std::error_code failure;
+    if (!std::filesystem::is_directory(folder, failure)) {
+        return false;
+    }
+    StoreResult<FileLock> lock = lockIn(folder, limits.patience);
+    if (auto* error = std::get_if<StoreError>(&lock)) {
+        return std::move(*error);
+    }
+    bool wasThere = false;
+    // The rollback journal goes first: a new memory must never find the one of the old.
+    for (const std::string& path : {pathIn(folder) + "-journal", pathIn(folder)}) {
+        if (std::filesystem::is_directory(path, failure)) {
+            return passingError(path, SystemError{EISDIR});
+        }
+        wasThere = std::filesystem::remove(path, failure) || wasThere;
+        if (failure) {
+            return passingError(path, SystemError{failure.value()});
+        }
+    }
+    return wasThere;
+}
+
+ScanMemory::ScanMemory(Limits limits, FileLock lock, std::unique_ptr<SqliteDatabase> database)
+    : limits_(limits), lock_(std::move(lock)), database_(std::move(database)) {}
+
+/// Reads the memory's own row, and writes it in a new memory.
+void ScanMemory::makeReady() {
+    {
+        SqliteStatement own = database_->statement("SELECT generation, next FROM memory");
+        if (own.step()) {
+            generation_ = own.number(0);
+            next_ = own.number(1);
+            if (next_ < 1 || static_cast<std::uint64_t>(next_) >= firstNewNumber) {
+                database_->failDamaged();
+            }
+            return;
+        }
+    }
+    std::random_device random;
+    generation_ = std::uniform_int_distribution<std::int64_t>(1, maxNumber)(random);
+    SqliteTransaction making(*database_);
+    database_->statement("INSERT INTO memory VALUES (1, ?, 1)").with(generation_).run();
+    if (auto error = making.commit()) {
+        database_->fail(std::move(*error));
+    }
+}
+
+/// 0 if it is not stored.
+std::int64_t ScanMemory::volumeNumber(std::string_view name) {
+    SqliteStatement number = database_->statement("SELECT id FROM volume WHERE name = ?");
+    return number.with(name).step() ? number.number(0) : 0;
+}
+
+std::optional<StoreError> ScanMemory::find(std::string_view volume,
+                                           std::span<RememberedFile> files) {
+    const std::int64_t number = volumeNumber(volume);
+    while (number != 0 && !files.empty()) {
+        std::size_t count = 1;
+        while (count < files.size() && files[count].inode - files[count - 1].inode <= maxInodeGap) {
+            ++count;
+        }
+        findBetween(number, files.first(count));
+        files = files.subspan(count);
+    }
+    return database_->takeError();
+}
+
+void ScanMemory::findBetween(std::int64_t volume, std::span<RememberedFile> files) {
+    SqliteStatement rows = database_->statement(
+        "SELECT inode, size, modified, changed, created, comparison, content, seen, sum FROM file"
+        " WHERE volume = ? AND inode BETWEEN ? AND ? ORDER BY inode");
+    rows.with(volume)
+        .with(static_cast<std::int64_t>(files.front().inode))
+        .with(static_cast<std::int64_t>(files.back().inode));
+    std::size_t at = 0;
+    while (rows.step()) {
+        const RememberedFile row{static_cast<std::uint64_t>(rows.number(0)),
+                                 static_cast<std::uint64_t>(rows.number(1)),
+                                 rows.number(2),
+                                 rows.number(3),
+                                 rows.number(4),
+                                 static_cast<std::uint64_t>(rows.number(5)),
+                                 static_cast<std::uint64_t>(rows.number(6)),
+                                 rows.number(7)};
+        const bool isIntact = sumOf(volume, row) == rows.number(8);
+        while (at < files.size() && files[at].inode < row.inode) {
+            ++at;
+        }
+        for (; at < files.size() && files[at].inode == row.inode; ++at) {
+            if (isIntact && isSameState(files[at], row)) {
+                files[at] = row;
+            }
+        }
+    }
+}
+
+/// Detects a row that is not as it was written: SQLite detects damage of its pages only where they
+/// no longer fit together.
+std::int64_t ScanMemory::sumOf(std::int64_t volume, const RememberedFile& file) const {
+    std::uint64_t sum = static_cast<std::uint64_t>(generation_);
+    for (const std::uint64_t part :
+         {static_cast<std::uint64_t>(volume), file.inode, file.size,
+          static_cast<std::uint64_t>(file.modified), static_cast<std::uint64_t>(file.changed),
+          static_cast<std::uint64_t>(file.created), file.comparison, file.content,
+          static_cast<std::uint64_t>(file.seen)}) {
+        sum = mixed(sum, part);
+    }
+    return static_cast<std::int64_t>(sum);
+}
+
+void ScanMemory::begin(std::uint64_t newNumbers, std::int64_t today) {
+    today_ = today;
+    storing_ = std::make_unique<SqliteTransaction>(*database_);
+    const std::uint64_t left = firstNewNumber - static_cast<std::uint64_t>(next_);
+    if (newNumbers >= left) {
+        // Never in the life of a disk.
+        database_->failDamaged();
+        return;
+    }
+    database_->statement("UPDATE memory SET next = next + ?")
+        .with(static_cast<std::int64_t>(newNumbers))
+        .run();
+}
+
+void ScanMemory::add(std::string_view volume, std::span<const RememberedFile> files) {
+    database_->statement("INSERT OR IGNORE INTO volume (name) VALUES (?)").with(volume).run();
+    const std::int64_t number = volumeNumber(volume);
+    const auto stored = [this](std::uint64_t scanned) {
+        return scanned < firstNewNumber
+                   ? scanned
+                   : scanned - firstNewNumber + static_cast<std::uint64_t>(next_);
+    };
+    SqliteStatement insert = database_->statement(
+        "INSERT OR REPLACE INTO file (volume, inode, size, modified, changed, created, comparison,"
+        " content, seen, sum) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+    for (const RememberedFile& file : files) {
+        RememberedFile row = file;
+        row.comparison = stored(file.comparison);
+        row.content = stored(file.content);
+        row.seen = today_;
+        insert.again();
+        insert.with(number)
+            .with(static_cast<std::int64_t>(row.inode))
+            .with(static_cast<std::int64_t>(row.size))
+            .with(row.modified)
+            .with(row.changed)
+            .with(row.created)
+            .with(static_cast<std::int64_t>(row.comparison))
+            .with(static_cast<std::int64_t>(row.content))
+            .with(row.seen)
+            .with(sumOf(number, row))
+            .run();
+    }
+}
+
+std::optional<StoreError> ScanMemory::commit() {
+    dropOld();
+    std::optional<StoreError> error = storing_->commit();
+    storing_ = nullptr;
+    return error;
+}
+
+void ScanMemory::dropOld() {
+    const std::int64_t firstKept = today_ - limits_.maxDays;
+    const auto most = static_cast<std::int64_t>(limits_.maxFiles);
+    std::int64_t count = 0;
+    std::int64_t oldest = 0;
+    {
+        SqliteStatement all = database_->statement("SELECT count(*), min(seen) FROM file");
+        if (all.step()) {
+            count = all.number(0);
+            oldest = all.number(1);
+        }
+    }
+    if (count > most) {
+        database_
+            ->statement(
+                "DELETE FROM file WHERE (volume, inode) IN"
+                " (SELECT volume, inode FROM file ORDER BY seen LIMIT ?)")
+            .with(count - most)
+            .run();
+    }
+    if (count > 0 && oldest < firstKept) {
+        database_->statement("DELETE FROM file WHERE seen < ?").with(firstKept).run();
+    }
+}
+
+}  // namespace tarvin

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "platform/file_lock.h"
+#include "store/sqlite_database.h"
+#include "store/store_error.h"
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace tarvin {
+
+/// A file of a volume in one state, and what comparisons have found out about its content then. The
+/// dates are nanoseconds since 1970.
+struct RememberedFile {
+    std::uint64_t inode = 0;  ///< at most 2^63 - 1
+    std::uint64_t size = 0;   ///< bytes, at most 2^63 - 1
+    std::int64_t modified = 0;
+    std::int64_t changed = 0;
+    std::int64_t created = 0;  ///< 0 if the file system has no such date
+    /// The two numbers of FileVersion; 0 if nothing is known.
+    std::uint64_t comparison = 0;
+    std::uint64_t content = 0;
+    std::int64_t seen = 0;  ///< days since 1970; when it was last stored
+
+    bool operator==(const RememberedFile&) const = default;
+};
+
+/// What earlier scans have found out by comparing bytes: "scans.sqlite" with "scans.lock" in the
+/// data folder, where every other file of the program is, and which only the user can read. It has
+/// no names and no paths. Every row is a statement about contents that stays true: it is about a
+/// file with exactly these dates.
+///
+/// An object excludes all others, of any process, so it should live only while it is used. One
+/// thread; must not be used across a fork(). Errors are as those of CleanUpJournal: "unusable" if
+/// the file is damaged or belongs to another program, otherwise "passing".
+class ScanMemory final {
+ public:
+    struct Limits {
+        /// About 100 bytes each on disk. The files that were stored longest ago are dropped.
+        std::uint64_t maxFiles = 10'000'000;
+        /// Files not stored again for longer are dropped: they were removed or changed.
+        std::int64_t maxDays = 180;
+        /// How long open() waits for another object.
+        std::chrono::milliseconds patience{1000};
+    };
+
+    /// Numbers from here on are those of the scan that stores them; add() replaces them.
+    static constexpr std::uint64_t firstNewNumber = std::uint64_t{1} << 62U;
+
+    /// Creates a missing folder and file, private to the user.
+    static StoreResult<ScanMemory> open(const std::string& folder) {
+        return open(folder, Limits{});
+    }
+    static StoreResult<ScanMemory> open(const std::string& folder, Limits limits);
+    /// Removes the memory. Returns whether there was one. Also a damaged one, or one of a newer
+    /// version.
+    static StoreResult<bool> remove(const std::string& folder) { return remove(folder, Limits{}); }
+    static StoreResult<bool> remove(const std::string& folder, Limits limits);
+    static std::string pathIn(const std::string& folder);
+
+    ScanMemory(ScanMemory&& other) noexcept = default;
+    ScanMemory& operator=(ScanMemory&& other) = delete;
+    ScanMemory(const ScanMemory&) = delete;
+    ScanMemory& operator=(const ScanMemory&) = delete;
+    ~ScanMemory() = default;
+
+    /// Tells memories apart: numbers found in one mean nothing in another.
+    [[nodiscard]] std::int64_t generation() const { return generation_; }
+
+    /// Fills in the last three fields of those files of a volume that are stored in the same state.
+    /// `files` are ascending by inode; several may have the same. On failure some are filled in.
+    [[nodiscard]] std::optional<StoreError> find(std::string_view volume,
+                                                 std::span<RememberedFile> files);
+
+    // Storing: begin(), any number of add(), commit(). Nothing is stored unless commit() succeeds.
+
+    /// `newNumbers` is how many numbers the scan has from firstNewNumber on, `today` in days since
+    /// 1970.
+    void begin(std::uint64_t newNumbers, std::int64_t today);
+    /// Stores files of a volume, instead of what is stored under their inodes.
+    void add(std::string_view volume, std::span<const RememberedFile> files);
+    [[nodiscard]] std::optional<StoreError> commit();
+
+ private:
+    ScanMemory(Limits limits, FileLock lock, std::unique_ptr<SqliteDatabase> database);
+    void makeReady();
+    [[nodiscard]] std::int64_t volumeNumber(std::string_view name);
+    void findBetween(std::int64_t volume, std::span<RememberedFile> files);
+    [[nodiscard]] std::int64_t sumOf(std::int64_t volume, const RememberedFile& file) const;
+    void dropOld();
+
+    Limits limits_;
+    FileLock lock_;
+    std::unique_ptr<SqliteDatabase> database_;
+    std::unique_ptr<SqliteTransaction> storing_;  // between begin() and commit()
+    std::int64_t generation_ = 0;
+    std::int64_t next_ = 1;  // the first number that is not in use
+    std::int64_t today_ = 0;
+};
+
+}  // namespace tarvin
