@@ -3,6 +3,7 @@
 #include "platform/file_system.h"
 #include "platform/timestamp.h"
 
+#include <atomic>
 #include <cstdint>
 #include <limits>
 #include <optional>
@@ -45,6 +46,21 @@ struct ComparedState {
     std::optional<Timestamp> changed;  ///< nullopt if the file system has no such date
 
     bool operator==(const ComparedState&) const = default;
+};
+
+/// What a scan keeps besides with each file if it uses the results of earlier scans. Its state is
+/// that at which the file was collected, and that of its comparison if `isCompared`.
+struct FileVersion : ComparedState {
+    /// The comparison that last decided how the contents of files relate; 0 if there is none. Files
+    /// of one comparison that have different contents were compared and are different.
+    std::uint64_t comparison = 0;
+    /// Files with the same number are equal byte for byte; 0 if nothing is known.
+    std::uint64_t content = 0;
+    std::uint32_t linkCount = 0;
+    bool isCompared = false;
+    bool isFading = false;  ///< the numbers are to be stored again, or they will be dropped
+    /// The file could not be read, or was not the collected one any more. Any thread.
+    std::atomic<bool> isDoubtful{false};
 };
 
 /// One collected file. Created and owned by a FileStore; 56 bytes, because a scan holds millions.
@@ -92,7 +108,13 @@ class File final {
 
     /// nullptr if the file is in no set, or had changed since it was collected when it was
     /// compared.
-    [[nodiscard]] const ComparedState* compared() const { return compared_; }
+    [[nodiscard]] const ComparedState* compared() const {
+        return !hasVersion_ || version()->isCompared ? state_ : nullptr;
+    }
+    /// nullptr if the file's store keeps no versions.
+    [[nodiscard]] FileVersion* version() const {
+        return hasVersion_ ? static_cast<FileVersion*>(state_) : nullptr;
+    }
 
  private:
     friend class FileStore;
@@ -106,9 +128,10 @@ class File final {
     std::uint64_t fileSize_;
     std::int64_t modified_;
     std::int64_t created_;
-    const ComparedState* compared_ = nullptr;  // of the same store
-    std::uint32_t nameLength_;                 // bytes
-    std::uint32_t indexAndMark_ = 0;           // the mark is the lowest bit
+    ComparedState* state_ = nullptr;  // of the same store; a FileVersion if hasVersion_
+    std::uint32_t nameLength_ : 31;   // bytes
+    std::uint32_t hasVersion_ : 1;    // set with the file
+    std::uint32_t indexAndMark_ = 0;  // the mark is the lowest bit
 };
 
 static_assert(sizeof(File) <= 56);

@@ -66,9 +66,29 @@ File* FileStore::addFile(const Directory* directory, std::string_view name, std:
     return new (memory) File(directory, keepName(name), fileSize, modified, created);
 }
 
+File* FileStore::addFile(const Directory* directory, std::string_view name,
+                         const FileAttributes& attributes) {
+    File* const file =
+        addFile(directory, name, attributes.size, attributes.modified, attributes.created);
+    if (keepsVersions_) {
+        FileVersion& version = versions_.emplace_back();
+        version.identity = attributes.identity;
+        version.changed = attributes.changed;
+        version.linkCount = attributes.linkCount;
+        file->state_ = &version;
+        file->hasVersion_ = 1;
+    }
+    return file;
+}
+
 void FileStore::keepCompared(File& file, const ComparedState& state) {
+    if (FileVersion* const version = file.version()) {
+        static_cast<ComparedState&>(*version) = state;
+        version->isCompared = true;
+        return;
+    }
     const std::lock_guard lock(comparedMutex_);
-    file.compared_ = &compared_.emplace_back(state);
+    file.state_ = &compared_.emplace_back(state);
 }
 
 std::shared_ptr<File> FileStore::share(File* file) {

@@ -2,6 +2,7 @@
 
 #include "model/file.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -33,8 +34,25 @@ class FileStore final : public std::enable_shared_from_this<FileStore> {
     File* addFile(const Directory* directory, std::string_view name, std::uint64_t fileSize,
                   std::optional<Timestamp> modified, std::optional<Timestamp> created);
 
-    /// Stores the state of a file of this store when it was compared. Call at most once for each
-    /// file. Any thread, but not at the same time for one file.
+    /// The same with all metadata. The file has a version from then on if keepVersions() was
+    /// called.
+    File* addFile(const Directory* directory, std::string_view name,
+                  const FileAttributes& attributes);
+    /// Call before the first file is added. Each file takes 64 bytes more.
+    void keepVersions() { keepsVersions_ = true; }
+    [[nodiscard]] bool keepsVersions() const { return keepsVersions_; }
+
+    /// The numbers from here on are those of newNumber().
+    static constexpr std::uint64_t firstNewNumber = std::uint64_t{1} << 62U;
+    /// A number for a comparison or a content that no file of this store has. Any thread.
+    [[nodiscard]] std::uint64_t newNumber() {
+        return firstNewNumber + newNumbers_.fetch_add(1, std::memory_order_relaxed);
+    }
+    /// How many numbers newNumber() has returned.
+    [[nodiscard]] std::uint64_t newNumbers() const { return newNumbers_; }
+
+    /// Stores the state of a file of this store when it was compared. Any thread, but not at the
+    /// same time for one file. For a file with a version also again.
     void keepCompared(File& file, const ComparedState& state);
 
     /// Returns a reference that keeps the whole store alive. Does not allocate.
@@ -60,6 +78,9 @@ class FileStore final : public std::enable_shared_from_this<FileStore> {
     std::vector<std::unique_ptr<std::byte[]>> fileBlocks_;
     std::size_t fileBlockUsed_ = 0;
     std::size_t fileCount_ = 0;
+    bool keepsVersions_ = false;
+    std::deque<FileVersion> versions_;
+    std::atomic<std::uint64_t> newNumbers_{0};
     std::mutex comparedMutex_;
     std::deque<ComparedState> compared_;  // guarded by comparedMutex_
 };

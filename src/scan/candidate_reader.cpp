@@ -25,6 +25,22 @@ std::size_t openAtOnce(std::size_t limit) {
     return std::clamp(spare / 2, minDescriptors, maxDescriptors);
 }
 
+void doubt(const File& file) {
+    if (FileVersion* const version = file.version()) {
+        version->isDoubtful = true;
+    }
+}
+
+/// What was compared at another time must not be said of the file unless it is as collected.
+void doubtUnlessCollected(const File& file, const FileAttributes& now) {
+    const FileVersion* const version = file.version();
+    if (version != nullptr &&
+        (version->identity != now.identity || version->changed != now.changed ||
+         file.fileSize() != now.size || file.fileModificationDate() != now.modified)) {
+        doubt(file);
+    }
+}
+
 FileStamp stampOf(const FileAttributes& attributes) {
     return {attributes.identity, attributes.size, attributes.modified, attributes.changed,
             attributes.linkCount};
@@ -75,14 +91,17 @@ std::optional<OpenCandidate> CandidateReader::open(const File& file) {
         attributes->modified != file.fileModificationDate()) {
         examineVolume(file, *descriptor);
     }
+    doubtUnlessCollected(file, *attributes);
     OpenCandidate candidate{&file, std::move(*descriptor), stampOf(*attributes),
                             onlyReaderOf(attributes->identity.device)};
     if (isUnsteady(attributes->identity.device)) {
         candidate.stamp.identity.inode = 0;
+        doubt(file);
     }
     std::byte beyond{};
     if (candidate.stamp.size == 0 && readSome(candidate, 0, {&beyond, 1}, 1) != 0) {
         // Some file systems report size 0 for files whose content they generate when read.
+        doubt(file);
         return std::nullopt;
     }
     return candidate;
@@ -101,6 +120,7 @@ Result<FileAttributes> CandidateReader::attributesNow(const File& file,
 
 /// After a stop the error may come from the stop and is not logged.
 std::nullopt_t CandidateReader::failed(const File& file, SystemError error) {
+    doubt(file);
     if (!control_.stop()) {
         unreadable_.addFile(file, error);
     }
@@ -182,7 +202,21 @@ bool CandidateReader::examineVolume(const File& file, const Descriptor& descript
     return unsteadyVolumes_.examine(fileSystem_, descriptor);
 }
 
+void CandidateReader::checkVersion(const File& file) {
+    if (file.version() == nullptr) {
+        return;
+    }
+    const IoWatch::Call call(watch_, file);
+    const Result<FileAttributes> now = fileSystem_.attributesAtPath(file.filePath());
+    if (now) {
+        doubtUnlessCollected(file, *now);
+    } else {
+        doubt(file);
+    }
+}
+
 void CandidateReader::logChange(const File& file) {
+    doubt(file);
     if (!control_.stop()) {
         unreadable_.addChanged(file);
     }

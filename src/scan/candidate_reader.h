@@ -85,6 +85,10 @@ class CandidateReader final {
     /// Logs that the file has changed since it was collected, unless the scan was stopped.
     void logChange(const File& file);
 
+    /// Makes a file that has a version doubtful if it is not as it was collected, as far as its
+    /// metadata tell.
+    void checkVersion(const File& file);
+
     /// Candidates that may be open at once for one visit. A holder waits only for the device until
     /// it releases its share.
     [[nodiscard]] Budget& descriptors() { return descriptors_; }

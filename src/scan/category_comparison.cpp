@@ -1,6 +1,7 @@
 #include "scan/category_comparison.h"
 
 #include "scan/duplicate_finder.h"
+#include "scan/repeated_files.h"
 
 #include <algorithm>
 #include <iterator>
@@ -48,18 +49,21 @@ class CategoryComparison::Verdict final : public ContentVerdict {
                 members.files.front()->fileSize()) {}
 
     void compared(std::uint32_t file, const FileStamp& stamp) override {
-        comparison_.keepState(*members_.files[file], stamp);
+        comparison_.keepState(*members_.toRead()[file], stamp);
     }
 
-    void advanced(std::uint32_t file, std::uint64_t bytes) override { left_.compared(file, bytes); }
+    void advanced(std::uint32_t file, std::uint64_t bytes) override {
+        left_.compared(members_.numberOf(file), bytes);
+    }
 
     void equal(FileGroup group) override {
-        comparison_.keep(members_.positions, group);
+        comparison_.keepRead(members_, group);
         decided(group);
     }
 
     void decided(std::span<const std::uint32_t> files) override {
-        for (const std::uint32_t file : files) {
+        for (const std::uint32_t read : files) {
+            const std::uint32_t file = members_.numberOf(read);
             comparison_.count(members_.positions[file], true);
             left_.finish(file);
         }
@@ -225,7 +229,8 @@ std::vector<ReadAhead::Wanted> CategoryComparison::filesOfBatches(std::size_t fi
     for (std::size_t number = batches_[first]->firstClass; number < batches_[end - 1]->endClass;
          ++number) {
         find(number, members);
-        for (File* const file : members.files) {
+        chooseFiles(members);
+        for (File* const file : members.toRead()) {
             files.push_back({file, readAheadOf(number)});
         }
     }
@@ -284,7 +289,13 @@ void CategoryComparison::compareAll(const Batch& batch) {
     for (const std::size_t number : inParts) {
         find(number, members);
         Verdict verdict(*this, members);
-        context_.partition.partition(members.files, verdict);
+        do {
+            recall(members);
+            if (!members.toRead().empty()) {
+                context_.partition.partition(members.toRead(), verdict);
+            }
+        } while (mustReadAgain(members));
+        note(members);
         if (countAll(members, true)) {
             verdict.finishAll();
         }
@@ -301,19 +312,23 @@ bool CategoryComparison::compareWhole(std::size_t number, Members& members,
         workspace.emplace(context_.partition.makeWorkspace());
     }
     find(number, members);
-    const auto groups = context_.partition.compareWhole(members.files, *workspace);
-    if (!groups) {
-        return false;
-    }
-    for (const FileGroup& group : *groups) {
-        for (const std::uint32_t file : group) {
-            keepState(*members.files[file], workspace->stampOf(file));
+    do {
+        recall(members);
+        const auto groups = context_.partition.compareWhole(members.toRead(), *workspace);
+        if (!groups) {
+            return false;
         }
-        keep(members.positions, group);
-        for (const std::uint32_t file : group) {
-            count(members.positions[file], false);
+        for (const FileGroup& group : *groups) {
+            for (const std::uint32_t file : group) {
+                keepState(*members.toRead()[file], workspace->stampOf(file));
+            }
+            keepRead(members, group);
+            for (const std::uint32_t file : group) {
+                count(members.positions[members.numberOf(file)], false);
+            }
         }
-    }
+    } while (mustReadAgain(members));
+    note(members);
     if (countAll(members, false)) {
         context_.bytes.add(members.files.front()->fileSize() * members.files.size());
     }
@@ -332,6 +347,122 @@ void CategoryComparison::find(std::size_t number, Members& members) const {
     for (const std::uint32_t position : members.positions) {
         members.files.push_back(list_[position]);
     }
+}
+
+/// Chooses the files of a class to read.
+void CategoryComparison::chooseFiles(Members& members) const {
+    if (!store_.keepsVersions()) {
+        return;
+    }
+    members.known.emplace(members.files);
+    members.filesToRead.clear();
+    for (const std::uint32_t number : members.known->toRead()) {
+        members.filesToRead.push_back(members.files[number]);
+    }
+}
+
+/// The same, and keeps the groups that are known without reading.
+void CategoryComparison::recall(Members& members) {
+    chooseFiles(members);
+    if (!members.known) {
+        return;
+    }
+    for (const FileGroup& group : members.known->groups()) {
+        keepKnown(members, group);
+    }
+}
+
+/// Whether a file has changed, or could not be read, of which others were to be known. Then nothing
+/// is kept of the class; the file will count as unknown.
+bool CategoryComparison::mustReadAgain(Members& members) {
+    if (!members.known || members.known->decideAll() || context_.control.stop()) {
+        return false;
+    }
+    bool isLost = false;
+    for (std::size_t read = 0; read < members.filesToRead.size(); ++read) {
+        if (members.known->isRepresentative(read)) {
+            const File& file = *members.filesToRead[read];
+            context_.partition.checkVersion(file);
+            isLost = isLost || (members.known->standsForOthers(read) && file.version()->isDoubtful);
+        }
+    }
+    if (isLost) {
+        forget(members);
+    }
+    return isLost;
+}
+
+/// Stores what is known of a class after its files were read.
+void CategoryComparison::note(const Members& members) {
+    if (members.known && !members.known->decideAll() && !context_.control.stop()) {
+        noteContents(members.files, keptGroups(members), store_);
+    }
+}
+
+/// The groups of a class that was compared to its end.
+std::vector<FileGroup> CategoryComparison::keptGroups(const Members& members) {
+    const auto& positions = members.positions;
+    std::vector<FileGroup> groups;
+    std::vector<bool> isInGroup(positions.size(), false);
+    const std::lock_guard lock(mutex_);
+    for (std::uint32_t number = 0; number < positions.size(); ++number) {
+        if (isInGroup[number] || nextEqual_[positions[number]] == none) {
+            continue;
+        }
+        FileGroup& group = groups.emplace_back();
+        for (std::uint32_t at = positions[number]; at != none; at = nextEqual_[at]) {
+            const auto found = std::lower_bound(positions.begin(), positions.end(), at);
+            group.push_back(static_cast<std::uint32_t>(found - positions.begin()));
+            isInGroup[group.back()] = true;
+        }
+    }
+    return groups;
+}
+
+/// Drops the groups of a class.
+void CategoryComparison::forget(const Members& members) {
+    const std::lock_guard lock(mutex_);
+    if (closed_) {
+        return;
+    }
+    for (const std::uint32_t position : members.positions) {
+        nextEqual_[position] = none;
+    }
+}
+
+/// Keeps a group of equal files, by their places in toRead(), with the files that are known to be
+/// equal to them. A file stands for others only while it is unchanged after it was read.
+void CategoryComparison::keepRead(const Members& members, const FileGroup& read) {
+    if (!members.known) {
+        keep(members.positions, read);
+        return;
+    }
+    for (const std::uint32_t file : read) {
+        if (members.known->isRepresentative(file)) {
+            context_.partition.checkVersion(*members.filesToRead[file]);
+        }
+    }
+    FileGroup group = members.known->withKnown(read);
+    if (group.size() == read.size()) {
+        keep(members.positions, group);
+    } else {
+        keepKnown(members, std::move(group));
+    }
+}
+
+/// Keeps a group of which files need not have been read.
+void CategoryComparison::keepKnown(const Members& members, FileGroup group) {
+    group = withoutRepeats(std::move(group), members.files);
+    if (group.size() < 2) {
+        return;
+    }
+    for (const std::uint32_t number : group) {
+        File& file = *members.files[number];
+        if (file.compared() == nullptr && !file.version()->isDoubtful) {
+            store_.keepCompared(file, *file.version());
+        }
+    }
+    keep(members.positions, group);
 }
 
 /// Links a group's files into a chain, from the first to the last. Ignores groups that arrive after

@@ -4,6 +4,7 @@
 #include "model/modal.h"
 #include "scan/compared_bytes.h"
 #include "scan/content_partition.h"
+#include "scan/known_contents.h"
 #include "scan/progress_gate.h"
 #include "scan/read_ahead.h"
 #include "scan/scan_control.h"
@@ -20,6 +21,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace tarvin {
@@ -88,6 +90,15 @@ class CategoryComparison final {
     struct Members {
         std::vector<std::uint32_t> positions;
         std::vector<File*> files;
+        // What earlier scans know of them; nullopt if this scan uses none.
+        std::optional<KnownContents> known;
+        std::vector<File*> filesToRead;  // with `known`
+
+        [[nodiscard]] std::span<File* const> toRead() const { return known ? filesToRead : files; }
+        /// The number of a file of toRead() in the class.
+        [[nodiscard]] std::uint32_t numberOf(std::uint32_t read) const {
+            return known ? known->toRead()[read] : read;
+        }
     };
 
     void addBytesToCompare() const;
@@ -108,6 +119,14 @@ class CategoryComparison final {
                                     std::optional<ContentPartition::Workspace>& workspace);
     [[nodiscard]] bool isReadWhole(std::size_t number) const;
     void find(std::size_t number, Members& members) const;
+    void chooseFiles(Members& members) const;
+    void recall(Members& members);
+    [[nodiscard]] bool mustReadAgain(Members& members);
+    void note(const Members& members);
+    [[nodiscard]] std::vector<FileGroup> keptGroups(const Members& members);
+    void forget(const Members& members);
+    void keepRead(const Members& members, const FileGroup& read);
+    void keepKnown(const Members& members, FileGroup group);
     void keep(const std::vector<std::uint32_t>& members, const FileGroup& group);
     void keepState(File& file, const FileStamp& stamp);
     [[nodiscard]] bool countAll(const Members& members, bool reports);

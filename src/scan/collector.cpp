@@ -401,9 +401,7 @@ void Collector::addToArrayFile(const Directory& directory, const ListedEntry& en
     if (!category || (taken_ && taken_->contains(directory, entry.name))) {
         return;
     }
-    const FileAttributes& attributes = entry.attributes;
-    File* const file = lists_.store->addFile(&directory, entry.name, attributes.size,
-                                             attributes.modified, attributes.created);
+    File* const file = lists_.store->addFile(&directory, entry.name, entry.attributes);
     lists_.of(*category).push_back(file);
     if (taken_) {
         taken_->add(*file);

@@ -72,6 +72,9 @@ class ContentPartition final {
     [[nodiscard]] std::optional<std::vector<FileGroup>> compareWhole(std::span<File* const> files,
                                                                      Workspace& workspace);
 
+    /// Makes a file doubtful if it is not as it was collected any more; see FileVersion.
+    void checkVersion(const File& file) { reader_.checkVersion(file); }
+
     /// The same for any class; reports each group as soon as it is confirmed. A group with a file
     /// on an unsteady volume is confirmed only by a second comparison of all its bytes: a file that
     /// was changed once while it was read the first time differs then. Its files that are not equal

@@ -65,8 +65,7 @@ void ListCollector::add(ListedFile& entry, const Folder& folder, std::string_vie
             entry.state = ListedState::locked;
         }
     }
-    entry.file = lists_.store->addFile(folder.directory, name, attributes.size, attributes.modified,
-                                       attributes.created);
+    entry.file = lists_.store->addFile(folder.directory, name, attributes);
     lists_.of(Category::other).push_back(entry.file);
     if (gate_.due()) {
         observer_.collecting(entry.path);

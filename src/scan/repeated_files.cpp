@@ -5,6 +5,7 @@
 #include <string>
 #include <tuple>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace tarvin {
@@ -65,6 +66,15 @@ FileGroup withoutRepeats(FileGroup group, std::span<File* const> files,
         return again;
     });
     return group;
+}
+
+FileGroup withoutRepeats(FileGroup group, std::span<File* const> files) {
+    std::vector<std::optional<FileStamp>> stamps(files.size());
+    for (const std::uint32_t number : group) {
+        const FileVersion& version = *files[number]->version();
+        stamps[number] = {version.identity, 0, {}, {}, version.linkCount};
+    }
+    return withoutRepeats(std::move(group), files, stamps);
 }
 
 }  // namespace tarvin

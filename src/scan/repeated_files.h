@@ -16,4 +16,7 @@ namespace tarvin {
 [[nodiscard]] FileGroup withoutRepeats(FileGroup group, std::span<File* const> files,
                                        std::span<const std::optional<FileStamp>> stamps);
 
+/// The same for files that have versions, by these.
+[[nodiscard]] FileGroup withoutRepeats(FileGroup group, std::span<File* const> files);
+
 }  // namespace tarvin

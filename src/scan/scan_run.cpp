@@ -31,8 +31,16 @@ ScanRun::ScanRun(Platform& platform, ScanObserver& observer, Settings settings)
 ScanRun::~ScanRun() {
     requestStop();
     wait();
+    waitForMemory();
     if (freeingThread_.joinable()) {
         freeingThread_.join();
+    }
+}
+
+void ScanRun::waitForMemory() {
+    wait();
+    if (storingThread_.joinable()) {
+        storingThread_.join();
     }
 }
 
@@ -66,12 +74,16 @@ void ScanRun::begin(const std::function<void(ScanWork&)>& setInputs) {
     const std::shared_ptr<ScanWork> next = makeWork();
     next->control().setPause(pause());
     next->control().setStop(stop());
+    waitForMemory();
     setInputs(*next);
+    const Timestamp now = platform_.clock().now();
+    if (memoryFolder_) {
+        next->useMemory(*memoryFolder_, now);
+    }
     changeWork(next);
     scanning_ = true;
     wasStopped_ = false;
     result_ = {};
-    const Timestamp now = platform_.clock().now();
     scanStartDate_ = now;
     started_ = platform_.clock().steadyNow();
     {
@@ -236,10 +248,22 @@ void ScanRun::exactMethod(ScanResult& result) {
                                                                   : patienceAfterTheEnd);
     if (hasEnded) {
         work->endComparison();
+        storeMemory(work);
     }
     result.modal = joinCategories(result.categories);
     result.unreadable = work->unreadable();
     result.ranOutOfMemory = result.ranOutOfMemory || work->control().outOfMemory();
+}
+
+/// On its own thread, so that the result need not wait for the disk.
+void ScanRun::storeMemory(const std::shared_ptr<ScanWork>& work) {
+    if (!work->usesMemory()) {
+        return;
+    }
+    storingThread_ = startThread([work] { work->storeMemory(); });
+    if (!storingThread_.joinable()) {
+        work->storeMemory();
+    }
 }
 
 CategoryResults ScanRun::compareCategories(const std::shared_ptr<ScanWork>& work) {

@@ -18,6 +18,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -71,6 +72,14 @@ class ScanRun final {
 
     /// Changes Settings::priority for the scans that are started from now on.
     void setPriority(Priority priority) { settings_.priority = priority; }
+    /// Makes the scans started from now on use the memory in `folder`; see ScanMemory. nullopt:
+    /// they use none, as at first.
+    void setMemory(std::optional<std::string> folder) { memoryFolder_ = std::move(folder); }
+    /// Blocks until what the last scan has found out is stored, which begins when its result is
+    /// there. The destructor and the next start do the same.
+    void waitForMemory();
+    /// Why the memory could not be used, or not stored. After waitForMemory().
+    [[nodiscard]] MemoryReport memoryReport() const { return work()->memoryReport(); }
 
     /// Starts a scan of the checked folders and the given files among `rows`, without what `filter`
     /// and `exceptions` skip, and returns immediately (after the scan if
@@ -139,6 +148,7 @@ class ScanRun final {
     void runCollection(const std::shared_ptr<ScanWork>& work);
     void exactMethod(ScanResult& result);
     [[nodiscard]] CategoryResults compareCategories(const std::shared_ptr<ScanWork>& work);
+    void storeMemory(const std::shared_ptr<ScanWork>& work);
     void waitForComparisons(ScanWork& work);
     void watchCalls(ScanWork& work);
     void reportWait(ScanWork& work);
@@ -157,6 +167,7 @@ class ScanRun final {
     std::atomic<bool> exactScanCompleted_{false};
     std::atomic<bool> wasStopped_{false};
 
+    std::optional<std::string> memoryFolder_;
     std::optional<Timestamp> scanStartDate_;
     std::chrono::steady_clock::time_point started_;
     ScanResult result_;                // the scan task's until the scan has ended
@@ -168,6 +179,7 @@ class ScanRun final {
 
     std::thread scanThread_;
     std::thread freeingThread_;
+    std::thread storingThread_;  // the scan task's until the scan has ended
     ElapsedTimeThread elapsedTime_;
 
     std::mutex mutex_;

@@ -34,10 +34,32 @@ void ScanWork::setInputs(std::shared_ptr<ListedFiles> files, ExceptionFilter exc
     exceptions_ = std::move(exceptions);
 }
 
+void ScanWork::useMemory(std::string folder, Timestamp now) {
+    recollection_.emplace(std::move(folder), now);
+    lists_.store->keepVersions();
+}
+
+void ScanWork::storeMemory() {
+    try {
+        if (recollection_) {
+            recollection_->store(*lists_.store);
+        }
+    } catch (const std::bad_alloc&) {
+        // The next scan reads the files again.
+    }
+}
+
+MemoryReport ScanWork::memoryReport() const {
+    return recollection_ ? recollection_->report() : MemoryReport();
+}
+
 void ScanWork::collect() {
     Collector::Outcome outcome = Collector::Outcome::stopped;
     try {
         outcome = collectInputs();
+        if (recollection_ && outcome == Collector::Outcome::collected) {
+            recollection_->recall(lists_, services_);
+        }
     } catch (const std::bad_alloc&) {
         control_.stopForLackOfMemory();
     }

@@ -10,6 +10,7 @@
 #include "scan/listed_files.h"
 #include "scan/location_row.h"
 #include "scan/progress_gate.h"
+#include "scan/recollection.h"
 #include "scan/scan_control.h"
 #include "scan/scan_filter.h"
 #include "scan/scan_observer.h"
@@ -53,6 +54,15 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
     void setInputs(std::vector<LocationRow> rows, ExceptionFilter exceptions, ScanFilter filter);
     /// The same for listed files.
     void setInputs(std::shared_ptr<ListedFiles> files, ExceptionFilter exceptions);
+    /// Uses the memory of earlier scans in `folder`. Call before collect(); `now` is the time at
+    /// which the scan starts.
+    void useMemory(std::string folder, Timestamp now);
+    [[nodiscard]] bool usesMemory() const { return recollection_.has_value(); }
+    /// Stores what the comparison has found out, if there is a memory. After endWorkers(), if it
+    /// returned true. Blocks until it is on the disk.
+    void storeMemory();
+    /// After storeMemory(), or collect() if that is not called.
+    [[nodiscard]] MemoryReport memoryReport() const;
     /// Walks the checked folders among the rows and takes the given files, or looks for the listed
     /// files. Call at most once, on a thread that may be left behind.
     void collect();
@@ -149,6 +159,7 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
     std::shared_ptr<ListedFiles> listedFiles_;  // instead of rows
     ExceptionFilter exceptions_;
     ScanFilter filter_;
+    std::optional<Recollection> recollection_;
     CategoryLists lists_;
     WorkerPool pool_;
     const ScanServices services_;

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "model/file_store.h"
+#include "platform/timestamp.h"
+#include "scan/category_lists.h"
+#include "scan/scan_services.h"
+#include "store/scan_memory.h"
+#include "store/store_error.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+
+/// What went wrong with the memory of a scan, which reads all files then.
+struct MemoryReport {
+    std::optional<StoreError> notRead;
+    std::optional<StoreError> notStored;
+    std::string damaged;  ///< path of a damaged memory that was replaced by a new one; or empty
+};
+
+/// Connects the files of one scan with the memory of earlier ones. Only files on volumes with
+/// lasting names are remembered, and only with dates that had settled when the scan began (see
+/// FileSystem::timeToSettle): then the dates would show every later change.
+///
+/// Made for one scan. Its functions may block like any access to the data folder. One thread at a
+/// time.
+class Recollection final {
+ public:
+    /// `now` is when the scan started, before any file was read.
+    Recollection(std::string folder, Timestamp now) : folder_(std::move(folder)), now_(now) {}
+
+    /// Fills in what is known of the collected files. Ends early after a stop.
+    void recall(CategoryLists& lists, const ScanServices& services);
+    /// Stores what has been found out of them; `store` owns them. Does nothing if that is nothing
+    /// new, or the memory could not be used.
+    void store(const FileStore& store);
+
+    [[nodiscard]] const MemoryReport& report() const { return report_; }
+
+ private:
+    struct Volume {
+        std::string name;  // empty if it has none that lasts
+        std::vector<File*> files;
+    };
+
+    void sortByVolume(CategoryLists& lists, const ScanServices& services);
+    void add(File& file, const ScanServices& services);
+    void dropAmbiguousVolumes();
+    [[nodiscard]] bool find(ScanMemory& memory, const Volume& volume, const ScanControl& control);
+    void takeFound(std::span<File* const> files, std::span<const RememberedFile> found) const;
+    [[nodiscard]] std::optional<StoreError> storeIn(ScanMemory& memory, std::uint64_t newNumbers);
+    void addTo(ScanMemory& memory, const Volume& volume) const;
+    [[nodiscard]] bool hasSettled(const File& file) const;
+    [[nodiscard]] bool isToBeStored(const File& file) const;
+    [[nodiscard]] std::optional<ScanMemory> open();
+    [[nodiscard]] bool recallFromMemory(const ScanControl& control);
+    void forgetFound();
+    [[nodiscard]] std::int64_t today() const;
+
+    const std::string folder_;
+    const Timestamp now_;
+    std::unordered_map<std::uint64_t, Volume> volumes_;  // by device
+    std::optional<std::int64_t> generation_;  // of the memory that the known numbers are from
+    MemoryReport report_;
+};
+
+}  // namespace tarvin

@@ -1,0 +1,585 @@
+#include "platform/file_lock.h"
+#include "scan/scan_run.h"
+#include "store/scan_memory.h"
+#include "support/comparison_fixture.h"
+#include "support/fake_platform.h"
+#include "support/faulty_file_system.h"
+#include "support/file_content.h"
+#include "support/file_size_limit.h"
+#include "support/file_tree.h"
+#include "support/mount.h"
+#include "support/pairwise_finder.h"
+#include "support/test_seeds.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <optional>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarvin {
+namespace {
+
+using Names = std::vector<std::string>;
+using NameSets = std::vector<Names>;
+using namespace std::chrono_literals;
+
+class SilentScan final : public ScanObserver {};
+
+/// Sizes that are compared in each of the ways: whole, and in parts.
+constexpr std::size_t smallFile = 300;
+constexpr std::size_t largeFile = 40'000;
+
+struct stat statusOf(const std::string& path) {
+    struct stat status{};
+    EXPECT_EQ(::lstat(path.c_str(), &status), 0) << path;
+    return status;
+}
+
+bool hasSameDateOfChange(const struct stat& one, const struct stat& other) {
+    return one.st_ctim.tv_sec == other.st_ctim.tv_sec &&
+           one.st_ctim.tv_nsec == other.st_ctim.tv_nsec;
+}
+
+/// Overwrites a file in place and sets its date of modification back. Repeated until the date of
+/// change, which has a granularity, is another one.
+void changeSecretly(const std::string& path, const std::string& content) {
+    const struct stat before = statusOf(path);
+    do {
+        std::ofstream(path, std::ios::binary | std::ios::in | std::ios::out) << content;
+        const timespec times[2] = {before.st_atim, before.st_mtim};
+        ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+    } while (hasSameDateOfChange(before, statusOf(path)));
+}
+
+/// A tree, and scans of it that use one memory.
+class RememberedScan : public testing::Test {
+ protected:
+    struct Outcome {
+        NameSets sets;
+        Names opened;  ///< names of the files that were opened
+        UnreadableReport unreadable;
+        MemoryReport memory;
+    };
+
+    using Preparation = std::function<void(FaultyFileSystem&)>;
+
+    /// Scans with the memory, and checks that all files are counted.
+    Outcome scan(const Preparation& prepare = {}) {
+        FaultyFileSystem fileSystem;
+        fileSystem.setVolumeName(volume_);
+        fileSystem.setListingOrder(ListingOrder::sorted);
+        if (prepare) {
+            prepare(fileSystem);
+        }
+        FakePlatform platform(fileSystem);
+        platform.clock().set(now_);
+        SilentScan observer;
+        ScanRun::Settings settings;
+        settings.workers = {2, 4};
+        ScanRun run(platform, observer, settings);
+        if (remembers_) {
+            run.setMemory(memory_.path());
+        }
+        run.start({{tree_.path(), "", "", true, true}}, {});
+        run.waitForMemory();
+        EXPECT_EQ(run.bytesCompared().done, run.bytesCompared().total);
+        std::uint64_t collected = 0;
+        for (const Category category : allCategories) {
+            collected += run.result().collected(category);
+        }
+        EXPECT_EQ(run.processed(), collected);
+        Outcome outcome{
+            setsOf(*run.result().modal), {}, run.result().unreadable, run.memoryReport()};
+        for (const std::string& path : fileSystem.openedFiles()) {
+            outcome.opened.push_back(path.substr(tree_.path().size() + 1));
+        }
+        return outcome;
+    }
+
+    Outcome scanWithoutMemory() {
+        remembers_ = false;
+        Outcome outcome = scan();
+        remembers_ = true;
+        return outcome;
+    }
+
+    [[nodiscard]] NameSets setsOf(const Modal& modal) const {
+        NameSets all;
+        for (const PlainExtension& extension : plainResultOf(modal)) {
+            for (const auto& set : extension.sets) {
+                Names& names = all.emplace_back();
+                for (const std::string& path : set) {
+                    names.push_back(path.substr(tree_.path().size() + 1));
+                }
+            }
+        }
+        return all;
+    }
+
+    void write(const std::string& name, std::size_t size, std::uint64_t seed) const {
+        tree_.writeFile(name, noise(size, seed));
+    }
+    [[nodiscard]] std::string pathOf(const std::string& name) const { return tree_.pathOf(name); }
+    [[nodiscard]] std::string memoryPath() const { return ScanMemory::pathIn(memory_.path()); }
+
+    FileTree tree_;
+    TemporaryFolder memory_;
+    std::optional<std::string> volume_ = "volume";
+    // The files are new, so their dates have settled an hour from now.
+    Timestamp now_ = systemClock().now() + 1h;
+    bool remembers_ = true;
+};
+
+class RememberedScanOf : public RememberedScan, public testing::WithParamInterface<std::size_t> {};
+
+INSTANTIATE_TEST_SUITE_P(Sizes, RememberedScanOf, testing::Values(smallFile, largeFile));
+
+TEST_P(RememberedScanOf, UnchangedFilesOpensNone) {
+    write("a.jpg", GetParam(), 1);
+    write("b.jpg", GetParam(), 1);
+    write("c.jpg", GetParam(), 2);
+    write("d.jpg", GetParam() + 1, 1);
+    EXPECT_EQ(scan().opened, (Names{"a.jpg", "b.jpg", "c.jpg"}));
+    const Outcome second = scan();
+    EXPECT_EQ(second.opened, Names{});
+    EXPECT_EQ(second.sets, (NameSets{{"a.jpg", "b.jpg"}}));
+    EXPECT_EQ(scan().opened, Names{});
+}
+
+TEST_P(RememberedScanOf, AnAddedFileReadsOneFileOfEachContent) {
+    write("a.jpg", GetParam(), 1);
+    write("b.jpg", GetParam(), 1);
+    write("c.jpg", GetParam(), 2);
+    scan();
+    write("d.jpg", GetParam(), 1);
+    const Outcome second = scan();
+    EXPECT_EQ(second.opened, (Names{"a.jpg", "c.jpg", "d.jpg"}));
+    EXPECT_EQ(second.sets, (NameSets{{"a.jpg", "b.jpg", "d.jpg"}}));
+    const Outcome third = scan();
+    EXPECT_EQ(third.opened, Names{});
+    EXPECT_EQ(third.sets, second.sets);
+}
+
+TEST_P(RememberedScanOf, AnAddedFileThatIsDifferentKeepsTheSets) {
+    write("a.jpg", GetParam(), 1);
+    write("b.jpg", GetParam(), 1);
+    scan();
+    write("c.jpg", GetParam(), 2);
+    const Outcome second = scan();
+    EXPECT_EQ(second.opened, (Names{"a.jpg", "c.jpg"}));
+    EXPECT_EQ(second.sets, (NameSets{{"a.jpg", "b.jpg"}}));
+}
+
+TEST_P(RememberedScanOf, AFileChangedWithItsDatePutBackReadsItAgain) {
+    write("a.jpg", GetParam(), 1);
+    write("b.jpg", GetParam(), 1);
+    write("c.jpg", GetParam(), 1);
+    scan();
+    changeSecretly(pathOf("b.jpg"), noise(GetParam(), 2));
+    const Outcome second = scan();
+    EXPECT_EQ(second.opened, (Names{"a.jpg", "b.jpg"}));
+    EXPECT_EQ(second.sets, (NameSets{{"a.jpg", "c.jpg"}}));
+}
+
+TEST_P(RememberedScanOf, AFileInThePlaceOfAnotherReadsIt) {
+    write("a.jpg", GetParam(), 1);
+    write("b.jpg", GetParam(), 1);
+    write("other", GetParam(), 2);
+    const struct stat before = statusOf(pathOf("b.jpg"));
+    scan();
+    const timespec times[2] = {before.st_atim, before.st_mtim};
+    ASSERT_EQ(::utimensat(AT_FDCWD, pathOf("other").c_str(), times, 0), 0);
+    std::filesystem::rename(pathOf("other"), pathOf("b.jpg"));
+    const Outcome second = scan();
+    EXPECT_EQ(second.opened, (Names{"a.jpg", "b.jpg"}));
+    EXPECT_EQ(second.sets, NameSets{});
+}
+
+TEST_P(RememberedScanOf, RelationsOfSeveralScansAreJoined) {
+    write("x/a.jpg", GetParam(), 1);
+    write("x/b.jpg", GetParam(), 1);
+    scan();
+    std::filesystem::rename(pathOf("x"), memory_.pathOf("x"));
+    write("y/c.jpg", GetParam(), 2);
+    write("y/d.jpg", GetParam(), 1);
+    EXPECT_EQ(scan().sets, NameSets{});
+    std::filesystem::rename(memory_.pathOf("x"), pathOf("x"));
+    const Outcome third = scan();
+    EXPECT_EQ(third.opened, (Names{"x/a.jpg", "y/c.jpg", "y/d.jpg"}));
+    EXPECT_EQ(third.sets, (NameSets{{"x/a.jpg", "x/b.jpg", "y/d.jpg"}}));
+    EXPECT_EQ(scan().opened, Names{});
+}
+
+TEST_P(RememberedScanOf, AnUnreadableFileReadsAnotherOneInItsPlace) {
+    for (const char* name : {"a.jpg", "b.jpg", "c.jpg"}) {
+        write(name, GetParam(), 1);
+    }
+    scan();
+    write("d.jpg", GetParam(), 1);
+    const Outcome second = scan([this](FaultyFileSystem& fileSystem) {
+        fileSystem.failCall(FileCall::openFile, FaultyFileSystem::each, EIO, pathOf("a.jpg"));
+    });
+    EXPECT_EQ(second.sets, (NameSets{{"b.jpg", "c.jpg", "d.jpg"}}));
+    EXPECT_EQ(second.unreadable.files, 1U);
+    EXPECT_EQ(scan().sets, (NameSets{{"a.jpg", "b.jpg", "c.jpg", "d.jpg"}}));
+}
+
+TEST_P(RememberedScanOf, AFileChangedBeforeItIsOpenedStandsForNoOther) {
+    for (const char* name : {"a.jpg", "b.jpg", "c.jpg"}) {
+        write(name, GetParam(), 1);
+    }
+    scan();
+    write("d.jpg", GetParam(), 2);
+    const Outcome second = scan([this](FaultyFileSystem& fileSystem) {
+        fileSystem.beforeCall(
+            FileCall::openFile, 1,
+            [this] { changeSecretly(pathOf("a.jpg"), noise(GetParam(), 2)); }, pathOf("a.jpg"));
+    });
+    EXPECT_EQ(second.sets, (NameSets{{"a.jpg", "d.jpg"}, {"b.jpg", "c.jpg"}}));
+    EXPECT_EQ(scan().sets, second.sets);
+}
+
+TEST_P(RememberedScanOf, AFileChangedWhileItIsReadStandsForNoOther) {
+    for (const char* name : {"a.jpg", "b.jpg", "c.jpg"}) {
+        write(name, GetParam(), 1);
+    }
+    scan();
+    write("d.jpg", GetParam(), 2);
+    const Outcome second = scan([this](FaultyFileSystem& fileSystem) {
+        fileSystem.beforeCall(
+            FileCall::readAt, 1, [this] { changeSecretly(pathOf("a.jpg"), noise(GetParam(), 2)); },
+            pathOf("a.jpg"));
+    });
+    for (const Names& set : second.sets) {
+        EXPECT_TRUE(set == (Names{"a.jpg", "d.jpg"}) || set == (Names{"b.jpg", "c.jpg"}));
+    }
+    EXPECT_EQ(scan().sets, (NameSets{{"a.jpg", "d.jpg"}, {"b.jpg", "c.jpg"}}));
+}
+
+TEST_P(RememberedScanOf, AFileUnderTwoPathsIsInASetOnce) {
+    write("a.jpg", GetParam(), 1);
+    write("b.jpg", GetParam(), 1);
+    write("c.jpg", GetParam(), 1);
+    const Mount mount(pathOf("a.jpg"), pathOf("b.jpg"), nullptr, MS_BIND);
+    if (!mount) {
+        return;
+    }
+    EXPECT_EQ(scan().sets, (NameSets{{"a.jpg", "c.jpg"}}));
+    const Outcome second = scan();
+    EXPECT_EQ(second.sets, (NameSets{{"a.jpg", "c.jpg"}}));
+    EXPECT_EQ(second.opened, Names{});
+}
+
+TEST_P(RememberedScanOf, HardLinksAreFilesOfOneSet) {
+    write("a.jpg", GetParam(), 1);
+    std::filesystem::create_hard_link(pathOf("a.jpg"), pathOf("b.jpg"));
+    write("c.jpg", GetParam(), 2);
+    EXPECT_EQ(scan().sets, (NameSets{{"a.jpg", "b.jpg"}}));
+    const Outcome second = scan();
+    EXPECT_EQ(second.opened, Names{});
+    EXPECT_EQ(second.sets, (NameSets{{"a.jpg", "b.jpg"}}));
+}
+
+TEST_F(RememberedScan, AFileWithoutReadingHasTheStateThatAMoveChecks) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    scan();
+    FaultyFileSystem fileSystem;
+    fileSystem.setVolumeName(volume_);
+    FakePlatform platform(fileSystem);
+    platform.clock().set(now_);
+    SilentScan observer;
+    ScanRun run(platform, observer);
+    run.setMemory(memory_.path());
+    run.start({{tree_.path(), "", "", true, true}}, {});
+    run.wait();
+    EXPECT_EQ(fileSystem.calls(FileCall::openFile), 0U);
+    const auto& modal = *run.result().modal;
+    ASSERT_EQ(modal.totalFiles(), 1U);
+    for (const auto& file : modal.extensions().front()->sets().front()->files()) {
+        const Result<FileAttributes> now = fileSystem.attributesAtPath(file->filePath());
+        ASSERT_NE(file->compared(), nullptr);
+        EXPECT_EQ(file->compared()->identity, now->identity);
+        EXPECT_EQ(file->compared()->changed, now->changed);
+    }
+}
+
+TEST_F(RememberedScan, AnotherVolumeWithTheSameNumbersIsRead) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    scan();
+    volume_ = "another";
+    EXPECT_EQ(scan().opened, (Names{"a.jpg", "b.jpg"}));
+    volume_ = "volume";
+    EXPECT_EQ(scan().opened, Names{});
+}
+
+TEST_F(RememberedScan, AVolumeWithoutALastingNameIsNotRemembered) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    volume_ = std::nullopt;
+    scan();
+    EXPECT_EQ(scan().opened, (Names{"a.jpg", "b.jpg"}));
+    EXPECT_FALSE(std::filesystem::exists(memoryPath()));
+}
+
+TEST_F(RememberedScan, TwoVolumesOfOneNameAreNotRemembered) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    const Preparation onTwoDevices = [this](FaultyFileSystem& fileSystem) {
+        fileSystem.setIdentity(pathOf("b.jpg"), {7, 7});
+    };
+    scan(onTwoDevices);
+    EXPECT_EQ(scan(onTwoDevices).opened, (Names{"a.jpg", "b.jpg"}));
+}
+
+TEST_F(RememberedScan, AFileWhoseDatesHaveNotSettledIsReadAgain) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    const Timestamp hour = now_;
+    now_ = systemClock().now() + 50s;
+    scan();
+    EXPECT_EQ(scan().opened, (Names{"a.jpg", "b.jpg"}));
+    now_ = hour;
+    EXPECT_EQ(scan().opened, (Names{"a.jpg", "b.jpg"}));
+    EXPECT_EQ(scan().opened, Names{});
+}
+
+TEST_F(RememberedScan, AFileWithADateInTheFutureIsReadAgain) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    const timespec later{statusOf(pathOf("a.jpg")).st_mtim.tv_sec + 7200, 0};
+    const timespec times[2] = {later, later};
+    ASSERT_EQ(::utimensat(AT_FDCWD, pathOf("a.jpg").c_str(), times, 0), 0);
+    scan();
+    EXPECT_EQ(scan().opened, (Names{"a.jpg", "b.jpg"}));
+}
+
+TEST_F(RememberedScan, WithTheClockSetBackReadsAllFiles) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    scan();
+    now_ -= 2h;
+    const Outcome second = scan();
+    EXPECT_EQ(second.opened, (Names{"a.jpg", "b.jpg"}));
+    EXPECT_EQ(second.sets, (NameSets{{"a.jpg", "b.jpg"}}));
+}
+
+TEST_F(RememberedScan, WithoutItNothingIsStored) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    scanWithoutMemory();
+    EXPECT_TRUE(std::filesystem::is_empty(memory_.path()));
+}
+
+TEST_F(RememberedScan, ReplacesADamagedMemory) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    memory_.writeFile("scans.sqlite", std::string(10'000, 'x'));
+    const Outcome first = scan();
+    EXPECT_EQ(first.memory.damaged, memoryPath());
+    EXPECT_FALSE(first.memory.notRead);
+    EXPECT_EQ(first.sets, (NameSets{{"a.jpg", "b.jpg"}}));
+    const Outcome second = scan();
+    EXPECT_EQ(second.memory.damaged, "");
+    EXPECT_EQ(second.opened, Names{});
+}
+
+TEST_F(RememberedScan, ReplacesAMemoryWhoseRowsAreDamaged) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    scan();
+    std::string database = contentOf(memoryPath());
+    constexpr std::size_t page = 4096;
+    std::fill(database.begin() + page, database.end(), '\x77');
+    memory_.writeFile("scans.sqlite", database);
+    const Outcome second = scan();
+    EXPECT_EQ(second.memory.damaged, memoryPath());
+    EXPECT_EQ(second.sets, (NameSets{{"a.jpg", "b.jpg"}}));
+    EXPECT_EQ(scan().opened, Names{});
+}
+
+TEST_F(RememberedScan, GoesOnWithoutAMemoryThatIsInUse) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    {
+        const StoreResult<ScanMemory> other = ScanMemory::open(memory_.path());
+        const Outcome first = scan();
+        ASSERT_TRUE(first.memory.notRead);
+        EXPECT_EQ(first.memory.notRead->text, "in use by another process");
+        EXPECT_FALSE(first.memory.notStored);
+        EXPECT_EQ(first.sets, (NameSets{{"a.jpg", "b.jpg"}}));
+    }
+    EXPECT_EQ(scan().opened, (Names{"a.jpg", "b.jpg"}));
+}
+
+TEST_F(RememberedScan, LeavesAMemoryOfANewerVersionAsItIs) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    scan();
+    std::string database = contentOf(memoryPath());
+    database[63] = 2;
+    memory_.writeFile("scans.sqlite", database);
+    const Outcome second = scan();
+    ASSERT_TRUE(second.memory.notRead);
+    EXPECT_EQ(second.memory.notRead->text, "written by a newer version of the program");
+    EXPECT_EQ(second.sets, (NameSets{{"a.jpg", "b.jpg"}}));
+    EXPECT_EQ(contentOf(memoryPath()), database);
+}
+
+TEST_F(RememberedScan, DoesNotStoreKnownNumbersInANewMemory) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    scan();
+    write("c.jpg", smallFile, 1);
+    scan([this](FaultyFileSystem& fileSystem) {
+        fileSystem.beforeCall(FileCall::openFile, 1, [this] {
+            EXPECT_TRUE(std::holds_alternative<bool>(ScanMemory::remove(memory_.path())));
+            EXPECT_TRUE(std::holds_alternative<ScanMemory>(ScanMemory::open(memory_.path())));
+        });
+    });
+    EXPECT_EQ(scan().opened, (Names{"a.jpg", "b.jpg", "c.jpg"}));
+}
+
+TEST_F(RememberedScan, OnAFullDiskStoresNothing) {
+    for (int number = 0; number < 400; ++number) {
+        write(std::to_string(number) + ".jpg", smallFile, 1);
+    }
+    static_cast<void>(ScanMemory::open(memory_.path()));
+    FileSizeLimit limit;
+    limit.set(16 * 1024);
+    const Outcome first = scan();
+    limit.lift();
+    ASSERT_TRUE(first.memory.notStored);
+    EXPECT_EQ(first.memory.notStored->path, memoryPath());
+    EXPECT_EQ(first.sets.size(), 1U);
+    EXPECT_EQ(scan().opened.size(), 400U);
+}
+
+TEST_F(RememberedScan, StoresFilesAgainBeforeTheyAreDropped) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    for (int scans = 0; scans < 8; ++scans) {
+        const Names opened = scan().opened;
+        EXPECT_EQ(std::count(opened.begin(), opened.end(), "a.jpg"), scans == 0 ? 1 : 0) << scans;
+        now_ += std::chrono::days(40);
+        // Storing any other file drops what is old.
+        write("c" + std::to_string(scans) + ".jpg", smallFile + 1, 1);
+    }
+}
+
+TEST_F(RememberedScan, KeepsWhatWasConfirmedBeforeAStop) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    write("c.jpg", largeFile, 1);
+    write("d.jpg", largeFile, 1);
+    FaultyFileSystem fileSystem;
+    fileSystem.setVolumeName(volume_);
+    fileSystem.setListingOrder(ListingOrder::sorted);
+    FakePlatform platform(fileSystem);
+    platform.clock().set(now_);
+    SilentScan observer;
+    ScanRun::Settings settings;
+    settings.workers = {1, 1};
+    ScanRun run(platform, observer, settings);
+    run.setMemory(memory_.path());
+    fileSystem.beforeCall(FileCall::openFile, 1, [&run] { run.requestStop(); }, "d.jpg");
+    run.start({{tree_.path(), "", "", true, true}}, {});
+    run.waitForMemory();
+    EXPECT_EQ(scan().opened, (Names{"c.jpg", "d.jpg"}));
+}
+
+/// Random files and changes between scans; each result is the same as without a memory.
+class RandomChanges final {
+ public:
+    RandomChanges(const FileTree& tree, std::uint64_t seed) : tree_(tree), random_(seed) {}
+
+    void makeSome() {
+        for (int count = 0; count < 12; ++count) {
+            makeOne();
+        }
+    }
+
+ private:
+    void makeOne() {
+        const std::string path = tree_.pathOf(name());
+        const bool isThere = std::filesystem::exists(path);
+        switch (random_() % 6) {
+            case 0:
+                std::filesystem::remove(path);
+                break;
+            case 1:
+                if (isThere) {
+                    std::filesystem::rename(path, tree_.pathOf(name()));
+                }
+                break;
+            case 2:
+                if (isThere) {
+                    changeSecretly(path, noise(std::filesystem::file_size(path), random_() % 2));
+                }
+                break;
+            case 3:
+                if (const std::string link = tree_.pathOf(name());
+                    isThere && !std::filesystem::exists(link)) {
+                    std::filesystem::create_hard_link(path, link);
+                }
+                break;
+            default:
+                std::filesystem::remove(path);
+                tree_.writeFile(path.substr(tree_.path().size() + 1), content());
+        }
+    }
+
+    std::string name() {
+        static const Names extensions{"jpg", "txt"};
+        return std::to_string(random_() % 30) + '.' + extensions[random_() % extensions.size()];
+    }
+
+    /// Few sizes and few contents, which differ at different places.
+    std::string content() {
+        static const std::vector<std::size_t> sizes{0, 100, 20'000};
+        const std::size_t size = sizes[random_() % sizes.size()];
+        std::string bytes = noise(size, random_() % 2);
+        if (size > 0 && random_() % 2 == 0) {
+            bytes[random_() % 2 == 0 ? size / 2 : size - 1] = 'x';
+        }
+        return bytes;
+    }
+
+    const FileTree& tree_;
+    std::mt19937_64 random_;
+};
+
+TEST_F(RememberedScan, FindsWhatAScanWithoutMemoryFindsAfterRandomChanges) {
+    for (const std::uint64_t seed : testSeeds(3)) {
+        SCOPED_TRACE(seedText(seed));
+        RandomChanges changes(tree_, seed);
+        std::size_t opened = 0;
+        std::size_t openedWithout = 0;
+        for (int round = 0; round < 12; ++round) {
+            changes.makeSome();
+            const Outcome found = scan();
+            const Outcome expected = scanWithoutMemory();
+            EXPECT_EQ(found.sets, expected.sets) << "round " << round;
+            EXPECT_FALSE(found.memory.notRead);
+            EXPECT_FALSE(found.memory.notStored);
+            opened += found.opened.size();
+            openedWithout += expected.opened.size();
+        }
+        EXPECT_LT(opened, openedWithout * 9 / 10);
+    }
+}
+
+}  // namespace
+}  // namespace tarvin
