@@ -26,7 +26,7 @@ _tarvin() {
         return
     fi
     if ((COMP_CWORD == 1)); then
-        _tarvin_offer -W 'scan clean restore exceptions totals help --help --version' -- "$word"
+        _tarvin_offer -W 'scan clean restore exceptions totals forget help --help --version' -- "$word"
         return
     fi
     case ${COMP_WORDS[1]} in
@@ -66,11 +66,11 @@ _tarvin() {
             ;;
         help)
             if ((COMP_CWORD == 2)) && [[ $word != -* ]]; then
-                _tarvin_offer -W 'scan clean restore exceptions totals help' -- "$word"
+                _tarvin_offer -W 'scan clean restore exceptions totals forget help' -- "$word"
                 return
             fi
             ;;&
-        totals | help)
+        totals | forget | help)
             if [[ $word == -* ]]; then
                 _tarvin_offer -W '--color --help' -- "$word"
             fi
@@ -100,7 +100,7 @@ _tarvin() {
                 options+=' --keep --prefer --protect --format --output --no-exceptions --exceptions'
                 options+=' --progress --color --help'
                 options+=' --exclude --min-size --max-size --one-file-system --skip-hidden'
-                options+=' --files-from --null'
+                options+=' --files-from --null --remember'
                 _tarvin_offer -W "$options" -- "$word"
             else
                 _tarvin_offer_names -f -- "$word"

@@ -217,6 +217,14 @@ ExitStatus CleanCommand::run() {
 ExitStatus CleanCommand::clean(OutputFile& output, ExceptionFilter exceptions,
                                const std::shared_ptr<ListedFiles>& list) {
     FolderScan scan(platform_, options_);
+    const ExitStatus status = cleanFoundBy(scan, output, std::move(exceptions), list);
+    scan.finishRemembering();
+    return status;
+}
+
+ExitStatus CleanCommand::cleanFoundBy(FolderScan& scan, OutputFile& output,
+                                      ExceptionFilter exceptions,
+                                      const std::shared_ptr<ListedFiles>& list) {
     // Constructed before start(), which starts threads; destroyed before `scan`, which it calls.
     Interrupt interrupt;
     if (list != nullptr) {

@@ -33,6 +33,8 @@ class CleanCommand final : public Command {
 
     ExitStatus clean(OutputFile& output, ExceptionFilter exceptions,
                      const std::shared_ptr<ListedFiles>& list);
+    ExitStatus cleanFoundBy(FolderScan& scan, OutputFile& output, ExceptionFilter exceptions,
+                            const std::shared_ptr<ListedFiles>& list);
     void stopOnFirstSignal(FolderScan& scan, const OutputFile& output);
     void endOnSecondSignal(const OutputFile& output) const;
     ExitStatus plan(const Modal& modal, OutputFile& output);

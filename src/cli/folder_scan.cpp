@@ -3,6 +3,7 @@
 #include "cli/messages.h"
 #include "cli/progress_line.h"
 #include "report/display.h"
+#include "text/shown_name.h"
 
 #include <unistd.h>
 
@@ -45,14 +46,44 @@ void printErrors(const UnreadableReport& unreadable) {
 }  // namespace
 
 FolderScan::FolderScan(Platform& platform, const ScanOptions& options)
-    : options_(options), folders_(foldersOf(options)), run_(platform, mailbox_) {}
+    : platform_(platform),
+      options_(options),
+      folders_(foldersOf(options)),
+      run_(platform, mailbox_) {}
 
 void FolderScan::start(ExceptionFilter exceptions) {
+    prepareMemory();
     run_.start(std::move(folders_.rows), std::move(exceptions), options_.filter);
 }
 
 void FolderScan::start(std::shared_ptr<ListedFiles> files, ExceptionFilter exceptions) {
     run_.start(std::move(files), std::move(exceptions));
+}
+
+void FolderScan::prepareMemory() {
+    if (!options_.remembers) {
+        return;
+    }
+    const std::optional<std::string> folder = platform_.applicationSupportFolder();
+    if (folder) {
+        run_.setMemory(folder);
+    } else {
+        printNoHomeFolder("remember scans");
+    }
+}
+
+void FolderScan::finishRemembering() {
+    run_.waitForMemory();
+    const MemoryReport report = run_.memoryReport();
+    if (!report.damaged.empty()) {
+        printError(quotedName(report.damaged) + " was damaged; a new file was started");
+    }
+    if (report.notRead) {
+        printStoreError("read remembered scans", *report.notRead);
+    }
+    if (report.notStored) {
+        printStoreError("remember this scan in", *report.notStored);
+    }
 }
 
 void FolderScan::wait() {

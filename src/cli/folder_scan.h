@@ -27,6 +27,9 @@ class FolderScan final {
     void start(std::shared_ptr<ListedFiles> files, ExceptionFilter exceptions);
     /// Blocks until the scan has ended, showing progress; then prints the error messages.
     void wait();
+    /// Blocks until what is to be remembered of the scan is stored, and reports if it cannot be.
+    /// After wait().
+    void finishRemembering();
     /// Ends the scan soon. Any thread.
     void requestStop() { run_.requestStop(); }
 
@@ -40,9 +43,11 @@ class FolderScan final {
     [[nodiscard]] bool ranOutOfMemory() const { return run_.result().ranOutOfMemory; }
 
  private:
+    void prepareMemory();
     [[nodiscard]] bool showsProgress() const;
     [[nodiscard]] Progress progress() const;
 
+    Platform& platform_;
     const ScanOptions& options_;
     ScanFolders folders_;
     ProgressMailbox mailbox_;

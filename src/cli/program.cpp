@@ -5,6 +5,7 @@
 #include "cli/command.h"
 #include "cli/common_options.h"
 #include "cli/exceptions_command.h"
+#include "cli/forget_command.h"
 #include "cli/help_command.h"
 #include "cli/messages.h"
 #include "cli/parser.h"
@@ -88,6 +89,7 @@ std::vector<Entry> addCommands(CLI::App& program, Platform& platform) {
     entries.push_back({std::make_unique<RestoreCommand>(platform), nullptr});
     entries.push_back({std::make_unique<ExceptionsCommand>(platform), nullptr});
     entries.push_back({std::make_unique<TotalsCommand>(platform), nullptr});
+    entries.push_back({std::make_unique<ForgetCommand>(platform), nullptr});
     entries.push_back({std::make_unique<HelpCommand>(), nullptr});
     for (Entry& entry : entries) {
         entry.parser = &entry.command->addTo(program);

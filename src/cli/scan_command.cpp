@@ -75,6 +75,7 @@ ExitStatus ScanCommand::scanInto(OutputFile& output, ExceptionFilter exceptions)
     }
     writeReport(options_.format, report, output.output());
     const ExitStatus written = commitOutput(options_.output, output);
+    scan.finishRemembering();
     if (written != ExitStatus::done) {
         return written;
     }

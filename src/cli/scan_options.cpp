@@ -61,6 +61,8 @@ void addScanOptions(CLI::App& command, ScanOptions& options) {
         ->excludes(none);
     addFilterOptions(command, options.filter);
     addLocations(command, options);
+    command.add_flag("--remember", options.remembers,
+                     "Remember what was compared, and do not read files\nagain that are unchanged");
     addChoice(
         command, "--progress", progressTimes,
         [&options](ProgressWhen when) { options.progress = when; },

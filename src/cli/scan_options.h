@@ -32,6 +32,7 @@ struct ScanOptions {
     std::string output = "-";  ///< "-" is standard output
     bool useExceptions = true;
     std::optional<std::string> exceptionsFile;  ///< nullopt: the user's own list
+    bool remembers = false;                     ///< uses the memory of earlier scans
     ProgressWhen progress = ProgressWhen::automatic;
 };
 

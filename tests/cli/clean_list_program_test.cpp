@@ -319,6 +319,7 @@ TEST_F(CleanList, NoOptionThatChoosesFilesGoesWithAList) {
     const std::vector<ProgramRun::Words> rows = {{"--min-size", "1"},
                                                  {"--max-size", "9"},
                                                  {"--skip-hidden"},
+                                                 {"--remember"},
                                                  {"--one-file-system"},
                                                  {"--exclude", "*.jpg"},
                                                  {"--files-from", "/dev/null"},

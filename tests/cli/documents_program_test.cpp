@@ -101,7 +101,7 @@ TEST_P(Documents, NameEveryWordThatAnOptionAccepts) {
 
 INSTANTIATE_TEST_SUITE_P(EachCommand, Documents,
                          testing::Values("scan", "clean", "restore", "exceptions", "totals",
-                                         "help"),
+                                         "forget", "help"),
                          [](const auto& info) { return info.param; });
 
 }  // namespace

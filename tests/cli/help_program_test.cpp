@@ -54,6 +54,7 @@ Commands:
   restore                     Put the files of a clean-up back from the Trash
   exceptions                  Show or edit the list of excluded files
   totals                      Show how many files have been moved to the Trash
+  forget                      Remove what scans with --remember have stored
   help                        Show help for the program or a command
 
 Examples:
@@ -100,6 +101,8 @@ Options:
                               one a line; - is standard input; may be
                               repeated
   -0, --null                  Names of --files-from end with a null character
+  --remember                  Remember what was compared, and do not read files
+                              again that are unchanged
   --progress auto|always|never
                               When to show progress on standard error
                               [default: auto, if it is a terminal]
@@ -161,6 +164,8 @@ Options:
                               one a line; - is standard input; may be
                               repeated
   -0, --null                  Names of --files-from end with a null character
+  --remember                  Remember what was compared, and do not read files
+                              again that are unchanged
   --progress auto|always|never
                               When to show progress on standard error
                               [default: auto, if it is a terminal]
@@ -304,11 +309,30 @@ Exit status:
 )");
 }
 
+TEST(Help, OfForgetExplainsIt) {
+    EXPECT_EQ(runTarvin({"forget", "--help"}).output,
+              R"(Remove what scans with --remember have stored
+
+Usage: tarvin forget [OPTION]...
+
+Options:
+  -h, --help                  Print help and exit
+  --color auto|always|never   When to use colour [default: auto, on a terminal
+                              that supports it]
+
+Exit status:
+  0    done
+  1    the remembered scans could not be removed
+  2    usage error; nothing was done
+)");
+}
+
 TEST(Help, OfACommandMatchesItsHelpOption) {
     using Words = ProgramRun::Words;
-    for (const Words& words : {Words{}, Words{"scan"}, Words{"clean"}, Words{"restore"},
-                               Words{"exceptions"}, Words{"exceptions", "add"},
-                               Words{"exceptions", "remove"}, Words{"totals"}, Words{"help"}}) {
+    for (const Words& words :
+         {Words{}, Words{"scan"}, Words{"clean"}, Words{"restore"}, Words{"exceptions"},
+          Words{"exceptions", "add"}, Words{"exceptions", "remove"}, Words{"totals"},
+          Words{"forget"}, Words{"help"}}) {
         Words first{"help"};
         first.insert(first.end(), words.begin(), words.end());
         Words last = words;
@@ -324,7 +348,8 @@ TEST(Help, OfACommandMatchesItsHelpOption) {
 }
 
 TEST(Help, FitsIntoEightyColumns) {
-    for (const char* command : {"help", "scan", "clean", "restore", "exceptions", "totals"}) {
+    for (const char* command :
+         {"help", "scan", "clean", "restore", "exceptions", "totals", "forget"}) {
         std::istringstream lines(runTarvin({"help", command}).output + runTarvin({"help"}).output);
         for (std::string line; std::getline(lines, line);) {
             EXPECT_LE(line.size(), 80U) << line;

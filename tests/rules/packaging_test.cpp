@@ -66,7 +66,7 @@ TEST(BashCompletion, CompletesACommand) {
 
 TEST(BashCompletion, OffersCommandsAndOptionsFirst) {
     EXPECT_EQ(bashOffers("tarvin \"\"", 1),
-              "--help\n--version\nclean\nexceptions\nhelp\nrestore\nscan\ntotals\n");
+              "--help\n--version\nclean\nexceptions\nforget\nhelp\nrestore\nscan\ntotals\n");
 }
 
 TEST(BashCompletion, OffersTheOptionsOfScan) {
@@ -74,7 +74,7 @@ TEST(BashCompletion, OffersTheOptionsOfScan) {
         bashOffers("tarvin scan --", 2),
         "--color\n--exceptions\n--exclude\n--files-from\n--format\n--help\n--keep\n--max-size\n"
         "--min-size\n--no-exceptions\n--null\n--one-file-system\n--output\n--prefer\n"
-        "--progress\n--protect\n--skip-hidden\n");
+        "--progress\n--protect\n--remember\n--skip-hidden\n");
     EXPECT_EQ(bashOffers("tarvin scan --color al", 3), "always\n");
 }
 
@@ -84,7 +84,7 @@ TEST(BashCompletion, OffersTheOptionsOfClean) {
         "--color\n--dry-run\n--exceptions\n--exclude\n--files-from\n--format\n--from\n--help\n--"
         "keep\n"
         "--max-size\n--min-size\n--no-exceptions\n--null\n--one-file-system\n--output\n--prefer\n"
-        "--progress\n--protect\n--skip-hidden\n--yes\n");
+        "--progress\n--protect\n--remember\n--skip-hidden\n--yes\n");
     EXPECT_EQ(bashOffers("tarvin clean --format js", 3), "json\n");
 }
 
@@ -116,7 +116,7 @@ TEST(BashCompletion, OffersTheCommandsOfExceptions) {
 
 TEST(BashCompletion, OffersTheCommandsThatCanBeExplained) {
     EXPECT_EQ(bashOffers("tarvin help \"\"", 2),
-              "clean\nexceptions\nhelp\nrestore\nscan\ntotals\n");
+              "clean\nexceptions\nforget\nhelp\nrestore\nscan\ntotals\n");
     EXPECT_EQ(bashOffers("tarvin help scan \"\"", 3), "");
     EXPECT_EQ(bashOffers("tarvin help --", 2), "--color\n--help\n");
     EXPECT_EQ(bashOffers("tarvin totals -", 2), "--color\n--help\n");

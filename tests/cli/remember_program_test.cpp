@@ -1,0 +1,107 @@
+#include "cli/program_run.h"
+#include "cli/result_json.h"
+#include "store/scan_memory.h"
+#include "support/file_content.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <utility>
+#include <variant>
+
+namespace tarvin {
+namespace {
+
+/// Two equal photos. Their dates have not settled, so nothing of them is stored; what is tested
+/// here is the memory's file.
+class RememberProgram : public testing::Test {
+ protected:
+    RememberProgram() {
+        folder_.writeFile("files/a.jpg", "equal");
+        folder_.writeFile("files/b.jpg", "equal");
+    }
+
+    [[nodiscard]] ProgramResult tarvin(ProgramRun::Words words) const {
+        return runTarvin(words, {.folder = folder_.path(),
+                                 .environment = {{"XDG_DATA_HOME", folder_.pathOf("data")}}});
+    }
+
+    [[nodiscard]] std::string dataFolder() const {
+        return folder_.pathOf("data/Tarvin Software/Tarvin Duplicate File Remover");
+    }
+    [[nodiscard]] std::string memoryPath() const { return ScanMemory::pathIn(dataFolder()); }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(RememberProgram, ForgetRemovesTheMemory) {
+    ASSERT_TRUE(std::holds_alternative<ScanMemory>(ScanMemory::open(dataFolder())));
+    const ProgramResult first = tarvin({"forget"});
+    EXPECT_EQ(first.status, 0);
+    EXPECT_EQ(first.output, "Remembered scans removed.\n");
+    EXPECT_EQ(first.errors, "");
+    EXPECT_FALSE(std::filesystem::exists(memoryPath()));
+    const ProgramResult second = tarvin({"forget"});
+    EXPECT_EQ(second.status, 0);
+    EXPECT_EQ(second.output, "No scans are remembered.\n");
+}
+
+TEST_F(RememberProgram, ForgetReportsAMemoryInUse) {
+    const StoreResult<ScanMemory> other = ScanMemory::open(dataFolder());
+    const ProgramResult result = tarvin({"forget"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.errors, "tarvin: cannot remove remembered scans '" + memoryPath() +
+                                 "': in use by another process\n");
+    EXPECT_TRUE(std::filesystem::exists(memoryPath()));
+}
+
+TEST_F(RememberProgram, AMemoryInUseIsReportedAndNotNeeded) {
+    const ProgramRun::Words oldFiles{"scan", "--remember", "/usr/include/linux"};
+    if (const ProgramResult result = tarvin(oldFiles);
+        result.status != 0 || !std::filesystem::exists(memoryPath())) {
+        GTEST_SKIP() << "/usr/include/linux is not there, or its files cannot be remembered";
+    }
+    const std::string sets = tarvin(oldFiles).output;
+    const StoreResult<ScanMemory> other = ScanMemory::open(dataFolder());
+    const ProgramResult result = tarvin(oldFiles);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output.substr(0, sets.rfind("Elapsed")),
+              sets.substr(0, sets.rfind("Elapsed")));
+    EXPECT_EQ(result.errors, "tarvin: cannot read remembered scans '" + memoryPath() +
+                                 "': in use by another process\n");
+}
+
+TEST_F(RememberProgram, ADamagedMemoryIsReplacedAndReported) {
+    const ProgramRun::Words oldFiles{"scan", "--remember", "/usr/include/linux"};
+    if (const ProgramResult result = tarvin(oldFiles);
+        result.status != 0 || !std::filesystem::exists(memoryPath())) {
+        GTEST_SKIP() << "/usr/include/linux is not there, or its files cannot be remembered";
+    }
+    std::filesystem::resize_file(memoryPath(), 5000);
+    const ProgramResult damaged = tarvin(oldFiles);
+    EXPECT_EQ(damaged.status, 0);
+    EXPECT_EQ(damaged.errors,
+              "tarvin: '" + memoryPath() + "' was damaged; a new file was started\n");
+    EXPECT_EQ(tarvin(oldFiles).errors, "");
+}
+
+TEST_F(RememberProgram, FindsTheSetsOfAnyScan) {
+    const ProgramResult with = tarvin({"scan", "--remember", "--format", "json", "files"});
+    EXPECT_EQ(with.status, 0);
+    EXPECT_EQ(with.errors, "");
+    EXPECT_EQ(setsIn(parsedJson(with.output), folder_.path() + "/"),
+              (Sets{{"files/a.jpg", "files/b.jpg"}}));
+}
+
+TEST_F(RememberProgram, CleanTakesTheOption) {
+    const ProgramResult result = tarvin({"clean", "--remember", "--dry-run", "files"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_NE(result.output.find("Marked Duplicate Files: 1\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tarvin
