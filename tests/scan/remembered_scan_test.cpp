@@ -356,6 +356,18 @@ TEST_F(RememberedScan, AFileWhoseDatesHaveNotSettledIsReadAgain) {
     EXPECT_EQ(scan().opened, Names{});
 }
 
+TEST_F(RememberedScan, AFileWhoseDateOfChangeHasNotSettledIsReadAgain) {
+    for (const char* name : {"a.jpg", "b.jpg"}) {
+        write(name, smallFile, 1);
+        const timespec earlier{statusOf(pathOf(name)).st_mtim.tv_sec - 7200, 0};
+        const timespec times[2] = {earlier, earlier};
+        ASSERT_EQ(::utimensat(AT_FDCWD, pathOf(name).c_str(), times, 0), 0);
+    }
+    now_ = systemClock().now() + 50s;
+    scan();
+    EXPECT_EQ(scan().opened, (Names{"a.jpg", "b.jpg"}));
+}
+
 TEST_F(RememberedScan, AFileWithADateInTheFutureIsReadAgain) {
     write("a.jpg", smallFile, 1);
     write("b.jpg", smallFile, 1);
