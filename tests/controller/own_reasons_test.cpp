@@ -121,7 +121,7 @@ TEST(OwnReasons, OfTheStoreAreGermanInTheGermanWindow) {
 /// They are recognised by their texts, so a new or changed one must fail here.
 TEST(OwnReasons, OfTheStoreAreThoseOfItsSources) {
     const CommandResult found = runCommand(
-        "cat src/store/clean_up_*.cpp src/store/sqlite_database.cpp src/store/stored_list.cpp "
+        "cat src/store/clean_up_*.cpp src/store/sqlite_*.cpp src/store/stored_list.cpp "
         "src/store/data_file.cpp src/clean/recovery.cpp | grep -v static_assert | "
         R"(grep -oE '"[a-z]+( [a-z]+)+"' | LC_ALL=C sort -u)");
     std::vector<std::string> known;
