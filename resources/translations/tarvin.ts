@@ -684,6 +684,10 @@ Modified Date       : %4</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Remember Scans</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Scan in the Background</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1070,6 +1074,13 @@ Modified Date       : %4</source>
     </message>
     <message>
         <source>Not all was done or written down: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RememberedScans</name>
+    <message>
+        <source>The remembered scans could not be removed.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

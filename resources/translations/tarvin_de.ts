@@ -691,6 +691,10 @@ Geändert       : %4</translation>
         <translation>Versteckte Dateien und Ordner überspringen</translation>
     </message>
     <message>
+        <source>Remember Scans</source>
+        <translation>Suchergebnisse merken</translation>
+    </message>
+    <message>
         <source>Scan in the Background</source>
         <translation>Im Hintergrund suchen</translation>
     </message>
@@ -1078,6 +1082,13 @@ Geändert       : %4</translation>
     <message>
         <source>Not all was done or written down: %1</source>
         <translation>Nicht alles getan oder aufgezeichnet: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RememberedScans</name>
+    <message>
+        <source>The remembered scans could not be removed.</source>
+        <translation>Die gemerkten Suchergebnisse konnten nicht entfernt werden.</translation>
     </message>
 </context>
 <context>

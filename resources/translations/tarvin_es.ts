@@ -691,6 +691,10 @@ Modificado  : %4</translation>
         <translation>Omitir archivos y carpetas ocultos</translation>
     </message>
     <message>
+        <source>Remember Scans</source>
+        <translation>Recordar los análisis</translation>
+    </message>
+    <message>
         <source>Scan in the Background</source>
         <translation>Analizar en segundo plano</translation>
     </message>
@@ -1078,6 +1082,13 @@ Modificado  : %4</translation>
     <message>
         <source>Not all was done or written down: %1</source>
         <translation>No todo se hizo o se registró: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RememberedScans</name>
+    <message>
+        <source>The remembered scans could not be removed.</source>
+        <translation>No se pudieron quitar los análisis recordados.</translation>
     </message>
 </context>
 <context>

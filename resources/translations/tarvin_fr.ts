@@ -691,6 +691,10 @@ Modifié le  : %4</translation>
         <translation>Ignorer les fichiers et dossiers masqués</translation>
     </message>
     <message>
+        <source>Remember Scans</source>
+        <translation>Mémoriser les analyses</translation>
+    </message>
+    <message>
         <source>Scan in the Background</source>
         <translation>Analyser en arrière-plan</translation>
     </message>
@@ -1078,6 +1082,13 @@ Modifié le  : %4</translation>
     <message>
         <source>Not all was done or written down: %1</source>
         <translation>Tout n’a pas été fait ou consigné&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RememberedScans</name>
+    <message>
+        <source>The remembered scans could not be removed.</source>
+        <translation>Les analyses mémorisées n’ont pas pu être supprimées.</translation>
     </message>
 </context>
 <context>

@@ -691,6 +691,10 @@ Modified Date       : %4</source>
         <translation>隠しファイルとフォルダーをスキップ</translation>
     </message>
     <message>
+        <source>Remember Scans</source>
+        <translation>スキャンを記憶</translation>
+    </message>
+    <message>
         <source>Scan in the Background</source>
         <translation>バックグラウンドでスキャン</translation>
     </message>
@@ -1078,6 +1082,13 @@ Modified Date       : %4</source>
     <message>
         <source>Not all was done or written down: %1</source>
         <translation>一部が実行または記録されませんでした: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RememberedScans</name>
+    <message>
+        <source>The remembered scans could not be removed.</source>
+        <translation>記憶したスキャンを削除できませんでした。</translation>
     </message>
 </context>
 <context>

@@ -691,6 +691,10 @@ Modificado em  : %4</translation>
         <translation>Ignorar arquivos e pastas ocultos</translation>
     </message>
     <message>
+        <source>Remember Scans</source>
+        <translation>Lembrar as análises</translation>
+    </message>
+    <message>
         <source>Scan in the Background</source>
         <translation>Analisar em segundo plano</translation>
     </message>
@@ -1078,6 +1082,13 @@ Modificado em  : %4</translation>
     <message>
         <source>Not all was done or written down: %1</source>
         <translation>Nem tudo foi feito ou registrado: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RememberedScans</name>
+    <message>
+        <source>The remembered scans could not be removed.</source>
+        <translation>Não foi possível remover as análises lembradas.</translation>
     </message>
 </context>
 <context>

@@ -691,6 +691,10 @@ Modified Date       : %4</source>
         <translation>跳过隐藏的文件和文件夹</translation>
     </message>
     <message>
+        <source>Remember Scans</source>
+        <translation>记住扫描</translation>
+    </message>
+    <message>
         <source>Scan in the Background</source>
         <translation>在后台扫描</translation>
     </message>
@@ -1078,6 +1082,13 @@ Modified Date       : %4</source>
     <message>
         <source>Not all was done or written down: %1</source>
         <translation>部分操作未完成或未记录：%1</translation>
+    </message>
+</context>
+<context>
+    <name>tarvin::RememberedScans</name>
+    <message>
+        <source>The remembered scans could not be removed.</source>
+        <translation>无法移除记住的扫描。</translation>
     </message>
 </context>
 <context>

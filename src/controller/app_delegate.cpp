@@ -67,6 +67,7 @@ AppDelegate::AppDelegate(Surroundings surroundings)
                                                                   .read = surroundings_.readUrl});
     makeResultTasks();
     rememberChoice(window_.skipHiddenItem, skipHiddenKey);
+    rememberChoice(window_.rememberScansItem, rememberScansKey);
     rememberChoice(window_.backgroundItem, backgroundKey);
     connectControls();
     connectRequests();

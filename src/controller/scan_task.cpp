@@ -35,6 +35,7 @@ ScanTask::ScanTask(Session& session, MainWindow& window, Alerts& alerts, Locatio
       screen_(*window.progress),
       alerts_(alerts),
       locations_(locations),
+      remembered_(session, *window.rememberScansItem, alerts),
       details_(session.platform.clock()),
       run_(session.platform, messenger_, {.priority = ScanRun::Priority::low}) {
     // pause() compares the title with this text.
@@ -78,6 +79,7 @@ void ScanTask::buttonFindDuplicatesExactClicked() {
     filter.skipHidden = window_.skipHiddenItem->isChecked();
     run_.setPriority(window_.backgroundItem->isChecked() ? ScanRun::Priority::idle
                                                          : ScanRun::Priority::low);
+    run_.setMemory(remembered_.memoryFolder());
     run_.start(locations_.list().rows(), ExceptionFilter(session_.exceptionArrayData()),
                std::move(filter));
     redraw_.start();

@@ -3,6 +3,7 @@
 #include "controller/alerts.h"
 #include "controller/locations.h"
 #include "controller/progress_details.h"
+#include "controller/remembered_scans.h"
 #include "controller/scan_messenger.h"
 #include "controller/session.h"
 #include "scan/scan_run.h"
@@ -16,8 +17,10 @@ namespace tarvin {
 class MainWindow;
 class ProgressScreen;
 
-/// The settings key of "Skip Hidden Files and Folders": a truth value, false if missing.
+/// The settings keys of "Skip Hidden Files and Folders", "Remember Scans" and "Scan in the
+/// Background": truth values, false if missing.
 inline constexpr const char* skipHiddenKey = "SkipHiddenFiles";
+inline constexpr const char* rememberScansKey = "RememberScans";
 inline constexpr const char* backgroundKey = "ScanInTheBackground";
 
 /// Runs a scan: start, progress screen, pause, resume and stop. Holds the result until
@@ -88,6 +91,7 @@ class ScanTask final : public QObject {
     ProgressScreen& screen_;
     Alerts& alerts_;
     Locations& locations_;
+    RememberedScans remembered_;
     bool scanning_ = false;
     ScanMessenger messenger_;
     Progress progress_;  // as read last

@@ -86,6 +86,7 @@ MainWindow::MainWindow(QWidget* parent)
       locationItemsBegin(moreMenu->addSeparator()),
       skipHiddenItem(
           named(moreMenu->addAction(tr("Skip Hidden Files and Folders")), "skipHiddenItem")),
+      rememberScansItem(named(moreMenu->addAction(tr("Remember Scans")), "rememberScansItem")),
       backgroundItem(named(moreMenu->addAction(tr("Scan in the Background")), "backgroundItem")),
       buttonHelpManual(
           named(new HoverButton(HoverButton::Kind::outline, tr("Help")), "buttonHelpManual")),
@@ -203,7 +204,7 @@ void MainWindow::makeHelpMenu() {
 }
 
 void MainWindow::makeMoreMenu() {
-    for (QAction* const choice : {skipHiddenItem, backgroundItem}) {
+    for (QAction* const choice : {skipHiddenItem, rememberScansItem, backgroundItem}) {
         choice->setCheckable(true);
         choice->setVisible(false);
     }
@@ -297,6 +298,7 @@ void MainWindow::selectTabViewItem(const QString& identifier) {
         resultItemsEnd->setVisible(screen == results);
         locationItemsBegin->setVisible(screen == locations);
         skipHiddenItem->setVisible(screen == locations);
+        rememberScansItem->setVisible(screen == locations);
         backgroundItem->setVisible(screen == locations);
         if (!openPanels_->any()) {
             screen->beginWithKeyboard();

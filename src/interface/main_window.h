@@ -90,6 +90,8 @@ class MainWindow final : public QWidget {
     /// "Skip Hidden Files and Folders", with a check mark; only on the screen of the locations.
     /// Unchecked at first.
     QAction* const skipHiddenItem;
+    /// "Remember Scans", likewise.
+    QAction* const rememberScansItem;
     /// "Scan in the Background", likewise.
     QAction* const backgroundItem;
 

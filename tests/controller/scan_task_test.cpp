@@ -148,6 +148,7 @@ TEST_F(Scanning, RemembersTheChoicesOfTheMenu) {
     launch();
     const auto choices = [this] {
         return std::map<const char*, QAction*>{{skipHiddenKey, window().skipHiddenItem},
+                                               {rememberScansKey, window().rememberScansItem},
                                                {backgroundKey, window().backgroundItem}};
     };
     for (const auto& [key, item] : choices()) {

@@ -63,11 +63,11 @@ TEST_F(MoreMenuTest, FollowsTheRightEdge) {
 }
 
 TEST_F(MoreMenuTest, HasItsItems) {
-    EXPECT_EQ(
-        window.moreMenu->actions(),
-        (QList<QAction*>{window.markByRuleItem, window.manageExceptionsItem,
-                         window.exportResultsItem, window.resultItemsEnd, window.putBackItem,
-                         window.locationItemsBegin, window.skipHiddenItem, window.backgroundItem}));
+    EXPECT_EQ(window.moreMenu->actions(),
+              (QList<QAction*>{window.markByRuleItem, window.manageExceptionsItem,
+                               window.exportResultsItem, window.resultItemsEnd, window.putBackItem,
+                               window.locationItemsBegin, window.skipHiddenItem,
+                               window.rememberScansItem, window.backgroundItem}));
     EXPECT_EQ(window.manageExceptionsItem->text(), QStringLiteral("Manage Exceptions…"));
     EXPECT_TRUE(window.manageExceptionsItem->isEnabled());
     EXPECT_TRUE(window.manageExceptionsItem->shortcut().isEmpty());
@@ -105,8 +105,10 @@ TEST_F(MoreMenuTest, ResultsAreExportedOnlyOnTheirScreen) {
 
 TEST_F(MoreMenuTest, HasChoicesOnTheScreenOfTheLocationsOnly) {
     EXPECT_EQ(window.skipHiddenItem->text(), QStringLiteral("Skip Hidden Files and Folders"));
+    EXPECT_EQ(window.rememberScansItem->text(), QStringLiteral("Remember Scans"));
     EXPECT_EQ(window.backgroundItem->text(), QStringLiteral("Scan in the Background"));
-    for (const QAction* const choice : {window.skipHiddenItem, window.backgroundItem}) {
+    for (const QAction* const choice :
+         {window.skipHiddenItem, window.rememberScansItem, window.backgroundItem}) {
         EXPECT_TRUE(choice->isCheckable());
         EXPECT_FALSE(choice->isChecked());
     }
@@ -114,6 +116,7 @@ TEST_F(MoreMenuTest, HasChoicesOnTheScreenOfTheLocationsOnly) {
         window.selectTabViewItem(QLatin1String(screen));
         const bool isOnLocations = std::string(screen) == "2";
         EXPECT_EQ(window.skipHiddenItem->isVisible(), isOnLocations) << screen;
+        EXPECT_EQ(window.rememberScansItem->isVisible(), isOnLocations) << screen;
         EXPECT_EQ(window.backgroundItem->isVisible(), isOnLocations) << screen;
         EXPECT_EQ(window.locationItemsBegin->isVisible(), isOnLocations) << screen;
     }

@@ -1,0 +1,77 @@
+#include "controller/remembered_scans.h"
+
+#include "controller/product_fixture.h"
+#include "interface/main_window.h"
+#include "store/scan_memory.h"
+
+#include <chrono>
+#include <filesystem>
+#include <variant>
+
+namespace tarvin {
+namespace {
+
+class RememberedScansTest : public ProductFixture {
+ protected:
+    RememberedScansTest() {
+        folder.writeFile("photos/a.jpg", "equal");
+        folder.writeFile("photos/b.jpg", "equal");
+        files.setVolumeName("a disk");
+        // The dates of the files have settled.
+        platform.clock().set(std::chrono::system_clock::now() + std::chrono::hours(1));
+    }
+
+    /// Scans once; returns how often a file was opened.
+    std::uint64_t scan(bool remembers) {
+        launch({folder.pathOf("photos")});
+        window().rememberScansItem->setChecked(remembers);
+        const std::uint64_t before = files.calls(FileCall::openFile);
+        click("findDuplicateExact");
+        EXPECT_TRUE(comesTo("4"));
+        EXPECT_EQ(delegate->scan().run().result().modal->totalFiles(), 1U);
+        delegate->scan().run().waitForMemory();
+        return files.calls(FileCall::openFile) - before;
+    }
+
+    [[nodiscard]] bool isStored() const {
+        return std::filesystem::exists(ScanMemory::pathIn(folder.pathOf("support")));
+    }
+};
+
+TEST_F(RememberedScansTest, ReadUnchangedFilesOnlyOnce) {
+    EXPECT_EQ(scan(true), 2U);
+    EXPECT_TRUE(isStored());
+    delegate = nullptr;
+    EXPECT_EQ(scan(true), 0U);
+}
+
+TEST_F(RememberedScansTest, AreOffAtFirst) {
+    launch();
+    EXPECT_FALSE(window().rememberScansItem->isChecked());
+    delegate = nullptr;
+    EXPECT_EQ(scan(false), 2U);
+    EXPECT_FALSE(isStored());
+}
+
+TEST_F(RememberedScansTest, AreRemovedWhenTheItemIsUnchecked) {
+    scan(true);
+    window().rememberScansItem->setChecked(false);
+    EXPECT_TRUE(comesTrue([this] { return !isStored(); }));
+    EXPECT_TRUE(alerts.shown.empty());
+    delegate = nullptr;
+    EXPECT_EQ(scan(false), 2U);
+}
+
+TEST_F(RememberedScansTest, ThatCannotBeRemovedAreReported) {
+    scan(true);
+    const auto other = ScanMemory::open(folder.pathOf("support"));
+    ASSERT_TRUE(std::holds_alternative<ScanMemory>(other));
+    window().rememberScansItem->setChecked(false);
+    ASSERT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+    EXPECT_EQ(alerts.shown.back().informativeText,
+              QStringLiteral("The remembered scans could not be removed."));
+    EXPECT_TRUE(isStored());
+}
+
+}  // namespace
+}  // namespace tarvin
