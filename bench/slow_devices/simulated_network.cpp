@@ -81,7 +81,9 @@ int resultOf(int status) {
 void jitter(struct stat& attributes) {
     const Network& served = network();
     static std::atomic<std::uint64_t> next{1U << 20U};
-    if (!S_ISREG(attributes.st_mode) && !(S_ISDIR(attributes.st_mode) && served.jittersFolders)) {
+    const bool jitters =
+        S_ISREG(attributes.st_mode) || (S_ISDIR(attributes.st_mode) && served.jittersFolders);
+    if (!jitters) {
         return;
     }
     const std::uint64_t answer = next++;

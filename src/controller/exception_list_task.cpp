@@ -193,10 +193,11 @@ void ExceptionListTask::showFailure() {
     }
     const Information notice{.informationHeader = ExceptionListTexts::title(),
                              .duplicatesCount = ExceptionListTexts::notSaved(),
-                             .duplicatesSize = OwnReasons::of(*std::exchange(notStored_, {})),
+                             .duplicatesSize = OwnReasons::of(*notStored_),
                              .otherInfomration = {},
                              .informationImage = informationImageOf(ResultView::all),
                              .actionButtonTitle = ResultTexts::ok()};
+    notStored_.reset();
     if (!panel.isVisible()) {
         information_.setInformationWindow(notice);
         return;

@@ -4,7 +4,6 @@
 
 #include <chrono>
 #include <memory>
-#include <utility>
 #include <variant>
 
 namespace tarvin {
@@ -44,10 +43,7 @@ void RememberedScans::forget() {
             const auto removed = ScanMemory::remove(folder, {.patience = patience});
             *succeeded = std::holds_alternative<bool>(removed);
         },
-        [this, succeeded] {
-            QMetaObject::invokeMethod(
-                this, [this, succeeded] { Q_EMIT forgotten(*succeeded); }, Qt::QueuedConnection);
-        });
+        [this, succeeded] { Q_EMIT forgotten(*succeeded); });
 }
 
 }  // namespace tarvin

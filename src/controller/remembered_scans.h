@@ -27,7 +27,7 @@ class RememberedScans final : public QObject {
     [[nodiscard]] std::optional<std::string> memoryFolder() const;
 
  Q_SIGNALS:
-    /// The end of a removal.
+    /// The end of a removal. Emitted on its thread.
     void forgotten(bool succeeded);
 
  private:
