@@ -49,8 +49,7 @@ File::File(const Directory* directory, std::string_view name, std::uint64_t file
       fileSize_(fileSize),
       modified_(toRaw(fileModificationDate)),
       created_(toRaw(fileCreationDate)),
-      nameLength_(static_cast<std::uint32_t>(name.size()) & 0x7FFFFFFFU),
-      hasVersion_(0) {}
+      nameLength_(static_cast<std::uint32_t>(name.size()) & 0x7FFFFFFFU) {}
 
 bool File::removeFile(SetMover& mover) const {
     return mover.move(*this);

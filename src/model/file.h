@@ -128,10 +128,10 @@ class File final {
     std::uint64_t fileSize_;
     std::int64_t modified_;
     std::int64_t created_;
-    ComparedState* state_ = nullptr;  // of the same store; a FileVersion if hasVersion_
-    std::uint32_t nameLength_ : 31;   // bytes
-    std::uint32_t hasVersion_ : 1;    // set with the file
-    std::uint32_t indexAndMark_ = 0;  // the mark is the lowest bit
+    ComparedState* state_ = nullptr;    // of the same store; a FileVersion if hasVersion_
+    std::uint32_t nameLength_ : 31;     // bytes
+    std::uint32_t hasVersion_ : 1 = 0;  // set with the file
+    std::uint32_t indexAndMark_ = 0;    // the mark is the lowest bit
 };
 
 static_assert(sizeof(File) <= 56);

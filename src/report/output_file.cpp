@@ -94,7 +94,7 @@ OutputFile::Opened OutputFile::openNew(const std::string& path, FileCalls& calls
     return withText(beginBeside(path, calls));
 }
 
-OutputFile::Opened OutputFile::withText(Result<std::unique_ptr<OutputFile>> opened) {
+OutputFile::Opened OutputFile::withText(Result<std::unique_ptr<OutputFile>>&& opened) {
     if (!opened) {
         return opened.error().text();
     }

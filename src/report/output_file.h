@@ -58,7 +58,7 @@ class OutputFile final {
 
     static std::unique_ptr<OutputFile> writingTo(int descriptor, Owner owner);
     static Opened openNew(const std::string& path, FileCalls& calls);
-    static Opened withText(Result<std::unique_ptr<OutputFile>> opened);
+    static Opened withText(Result<std::unique_ptr<OutputFile>>&& opened);
     static Result<std::unique_ptr<OutputFile>> openDirectly(const std::string& path);
     static Result<std::unique_ptr<OutputFile>> beginInPlaceOf(const std::string& present,
                                                               FileCalls& calls);

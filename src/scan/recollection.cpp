@@ -43,13 +43,18 @@ void Recollection::recall(CategoryLists& lists, const ScanServices& services) {
     if (volumes_.empty()) {
         return;
     }
-    if (recallFromMemory(services.control) || report_.notRead->kind != StoreError::Kind::unusable) {
+    if (recallFromMemory(services.control)) {
+        return;
+    }
+    const std::optional<StoreError> error = report_.notRead;
+    if (!error || error->kind != StoreError::Kind::unusable) {
         return;
     }
     forgetFound();
     const StoreResult<bool> removed = ScanMemory::remove(folder_);
     if (std::holds_alternative<bool>(removed)) {
-        report_.damaged = std::exchange(report_.notRead, std::nullopt)->path;
+        report_.damaged = error->path;
+        report_.notRead.reset();
         static_cast<void>(recallFromMemory(services.control));
     }
 }
@@ -134,10 +139,10 @@ void Recollection::takeFound(std::span<File* const> files,
 }
 
 void Recollection::store(const FileStore& store) {
-    const bool isAny = std::any_of(volumes_.begin(), volumes_.end(), [this](const auto& volume) {
+    const bool isAny = std::any_of(volumes_.begin(), volumes_.end(), [](const auto& volume) {
         const std::vector<File*>& files = volume.second.files;
         return std::any_of(files.begin(), files.end(),
-                           [this](const File* file) { return isToBeStored(*file); });
+                           [](const File* file) { return isToBeStored(*file); });
     });
     if (!isAny || !generation_) {
         return;
@@ -162,7 +167,7 @@ std::optional<StoreError> Recollection::storeIn(ScanMemory& memory, std::uint64_
     return memory.commit();
 }
 
-void Recollection::addTo(ScanMemory& memory, const Volume& volume) const {
+void Recollection::addTo(ScanMemory& memory, const Volume& volume) {
     std::vector<RememberedFile> files;
     const auto flush = [&] {
         if (!files.empty()) {
@@ -190,7 +195,7 @@ bool Recollection::hasSettled(const File& file) const {
     return modified && changed && *modified <= latest && *changed <= latest;
 }
 
-bool Recollection::isToBeStored(const File& file) const {
+bool Recollection::isToBeStored(const File& file) {
     const FileVersion& version = *file.version();
     return !version.isDoubtful &&
            (version.comparison >= FileStore::firstNewNumber || version.isFading);

@@ -56,9 +56,9 @@ class Recollection final {
     [[nodiscard]] bool find(ScanMemory& memory, const Volume& volume, const ScanControl& control);
     void takeFound(std::span<File* const> files, std::span<const RememberedFile> found) const;
     [[nodiscard]] std::optional<StoreError> storeIn(ScanMemory& memory, std::uint64_t newNumbers);
-    void addTo(ScanMemory& memory, const Volume& volume) const;
+    static void addTo(ScanMemory& memory, const Volume& volume);
     [[nodiscard]] bool hasSettled(const File& file) const;
-    [[nodiscard]] bool isToBeStored(const File& file) const;
+    [[nodiscard]] static bool isToBeStored(const File& file);
     [[nodiscard]] std::optional<ScanMemory> open();
     [[nodiscard]] bool recallFromMemory(const ScanControl& control);
     void forgetFound();

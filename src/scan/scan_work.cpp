@@ -44,6 +44,7 @@ void ScanWork::storeMemory() {
         if (recollection_) {
             recollection_->store(*lists_.store);
         }
+        // NOLINTNEXTLINE(bugprone-empty-catch): nothing is lost but time.
     } catch (const std::bad_alloc&) {
         // The next scan reads the files again.
     }
