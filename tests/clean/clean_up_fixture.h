@@ -15,6 +15,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -112,6 +113,17 @@ class CleaningUser final {
     const LockFile turns_;
     CleanUpJournal journal_;
 };
+
+/// Settings that call `action` before the first `step`.
+inline CleanUp::Settings at(MoveStep step, std::function<void()> action) {
+    CleanUp::Settings settings;
+    settings.beforeStep = [step, done = false, action = std::move(action)](MoveStep now) mutable {
+        if (now == step && !std::exchange(done, true)) {
+            action();
+        }
+    };
+    return settings;
+}
 
 /// Outcomes by file name, in order.
 using MoveReport = std::vector<std::pair<std::string, MoveOutcome>>;

@@ -8,7 +8,6 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 
 namespace tarvin {
 namespace {
@@ -24,18 +23,6 @@ class SetMoveTest : public ::testing::Test {
 
     MoveReport run(CleanUp::Settings settings) {
         return cleanUp(files_.marked(), user_, fileSystem_, std::move(settings));
-    }
-
-    /// Calls `action` before the first `step`.
-    static CleanUp::Settings at(MoveStep step, std::function<void()> action) {
-        CleanUp::Settings settings;
-        settings.beforeStep = [step, done = false,
-                               action = std::move(action)](MoveStep now) mutable {
-            if (now == step && !std::exchange(done, true)) {
-                action();
-            }
-        };
-        return settings;
     }
 
     static void append(const std::string& path) { std::ofstream(path, std::ios::app) << "more"; }

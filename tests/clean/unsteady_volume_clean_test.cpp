@@ -9,7 +9,6 @@
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <ostream>
 #include <string>
 #include <utility>
@@ -47,18 +46,6 @@ class UnsteadyCleanUp : public ::testing::TestWithParam<UnsteadyAnswers> {
         ComparedFiles files;
         files.addSet(paths);
         return cleanUp(files.marked(), user_, fileSystem_, std::move(settings));
-    }
-
-    /// Calls `action` before the first `step`.
-    static CleanUp::Settings at(MoveStep step, std::function<void()> action) {
-        CleanUp::Settings settings;
-        settings.beforeStep = [step, done = false,
-                               action = std::move(action)](MoveStep now) mutable {
-            if (now == step && !std::exchange(done, true)) {
-                action();
-            }
-        };
-        return settings;
     }
 
     void expectNothingMoved() {
