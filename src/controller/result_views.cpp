@@ -57,6 +57,7 @@ void ResultViews::connectControls() {
     // A reset clears the selection.
     connect(results_.fileModel(), &QAbstractItemModel::modelReset, this,
             &ResultViews::selectShownFile);
+    connect(&results_, &Results::filesRemoved, this, &ResultViews::showRemainingFile);
     connect(&information_, &InformationWindow::closed, this, &ResultViews::informationClosed);
 }
 
@@ -165,6 +166,20 @@ void ResultViews::selectShownFile() {
     if (found != set->files().end()) {
         window_.results->resultTable->selectFile(
             static_cast<int>(std::distance(set->files().begin(), found)));
+    }
+}
+
+/// The file in the preview may have been moved: then shows the first one of its set instead, or
+/// nothing. Without a preview none begins.
+void ResultViews::showRemainingFile() {
+    if (!shown_) {
+        return;
+    }
+    const std::shared_ptr<Set>& set = results_.files().set();
+    if (!set || set->files().empty()) {
+        clearPreview();
+    } else if (std::find(set->files().begin(), set->files().end(), shown_) == set->files().end()) {
+        showFile(set->files().front());
     }
 }
 

@@ -78,6 +78,7 @@ class ResultViews final : public QObject {
     /// Shows preview, path and properties of a file and selects its row if it is in the table.
     void showFile(const std::shared_ptr<File>& file);
     void selectShownFile();
+    void showRemainingFile();
     void clearPreview();
     void showScreen();
     void informationClosed();

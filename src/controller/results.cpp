@@ -193,6 +193,7 @@ std::optional<std::string> Results::takeOutFile(int row) {
     tree_.marksChanged(ResultTree::extensionRow(selected_), ResultTree::setRow(selected_));
     showFiles();
     Q_EMIT marksChanged();
+    Q_EMIT filesRemoved();
     return path;
 }
 
@@ -211,6 +212,7 @@ std::vector<std::string> Results::takeOutMarkedFiles() {
     tree_.allMarksChanged();
     showFiles();
     Q_EMIT marksChanged();
+    Q_EMIT filesRemoved();
     return paths;
 }
 
@@ -224,6 +226,7 @@ void Results::endDeletion() {
     tree_.endSnapshot();
     showFiles();
     Q_EMIT marksChanged();
+    Q_EMIT filesRemoved();
 }
 
 }  // namespace tarvin

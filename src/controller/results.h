@@ -106,6 +106,9 @@ class Results final : public QObject {
  Q_SIGNALS:
     /// Marks or marked files may have changed, so the counters of the list may be different.
     void marksChanged();
+    /// Files were taken out of the list, or may have been moved. The file table shows what is left
+    /// of the selected set.
+    void filesRemoved();
 
  private:
     [[nodiscard]] const std::shared_ptr<Modal>& of(ResultView view) const;

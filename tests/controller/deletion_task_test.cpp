@@ -1,4 +1,6 @@
 #include "controller/deletion_fixture.h"
+#include "interface/image_view.h"
+#include "interface/property_text.h"
 #include "model/file_store.h"
 #include "scan/duplicate_finder.h"
 
@@ -115,6 +117,37 @@ TEST_F(DeletionTest, OfTwoOfThreeFilesKeepsOne) {
     EXPECT_EQ(setOf(0, 1).files().size(), 1U);
     EXPECT_EQ(setText(0, 1), "Set(0)");
     EXPECT_TRUE(isThere("a2.jpg"));
+}
+
+TEST_F(DeletionTest, OfTheFileInThePreviewShowsTheFirstOneThatIsLeft) {
+    select(0, 1);
+    table().selectFile(2);
+    ASSERT_EQ(textOf("selectedPath"), "Path: " + found("b3.jpg"));
+    clickFileBox(2);
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 1");
+    EXPECT_EQ(textOf("selectedPath"), "Path: " + found("b1.jpg"));
+    EXPECT_EQ(window().results->textField->text().left(8), QStringLiteral(" b1.jpg\n"));
+    EXPECT_EQ(table().selectedRow(), 0);
+}
+
+TEST_F(DeletionTest, LeavesAPreviewOfAFileThatStays) {
+    select(0, 1);
+    table().selectFile(1);
+    clickFileBox(2);
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 1");
+    EXPECT_EQ(textOf("selectedPath"), "Path: " + found("b2.jpg"));
+    EXPECT_EQ(table().selectedRow(), 1);
+}
+
+TEST_F(DeletionTest, OfAWholeSetEmptiesThePreview) {
+    select(0, 1);
+    clickFileBox(0);
+    clickBox(tree().indexOfSet(0, 1));
+    ASSERT_EQ(textOf("selectedPath"), "Path: " + found("b1.jpg"));
+    EXPECT_EQ(deleteMarked(), "Duplicates Cleaned: 3");
+    EXPECT_EQ(textOf("selectedPath"), "");
+    EXPECT_EQ(window().results->textField->text(), QString());
+    EXPECT_TRUE(window().results->imView->image().isNull());
 }
 
 TEST_F(DeletionTest, OfNothingShowsANotice) {

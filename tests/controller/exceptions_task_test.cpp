@@ -58,6 +58,16 @@ TEST_F(Exceptions, OfAWholeSetLeaveTheMarksAtZero) {
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 1");
 }
 
+TEST_F(Exceptions, LeaveThePreviewTogetherWithTheirRows) {
+    select(0, 1);
+    table().selectFile(1);
+    clickFileBox(1);
+    click("addEceptionBtn");
+    click("excOKBtn");
+    EXPECT_EQ(textOf("selectedPath"), "Path: " + found("b1.jpg"));
+    EXPECT_EQ(table().selectedRow(), 0);
+}
+
 TEST_F(Exceptions, LeaveTheButtonsOfNothingMarked) {
     excludeAll();
     EXPECT_TRUE(isEnabled("markAll"));

@@ -1,7 +1,9 @@
+#include "support/waiting.h"
 #include "window/copies.h"
 #include "window/home.h"
 #include "window/input.h"
 #include "window/program_window.h"
+#include "window/result_rows.h"
 
 #include <gtest/gtest.h>
 
@@ -65,6 +67,36 @@ TEST(UnreadableLocation, IsListedAfterAScanWithoutFilesToo) {
     window.waitForText("No duplicates File found");
     window.click("Ok");
     window.waitForText("Find duplicate files");
+    EXPECT_TRUE(product->runs()) << product->errors();
+}
+
+/// A clean-up of the file whose preview is shown.
+TEST(Preview, ShowsTheFileThatIsLeftAfterACleanUp) {
+    Home home;
+    const std::string documents = home.folder().pathOf("Documents");
+    writeCopies(documents, {{"jpg", 1, 3}, {"txt", 1, 2}});
+    const std::unique_ptr<ChildProcess> product = home.startProduct({documents});
+    const ProgramWindow window(product->pid());
+    window.click("Scan");
+    window.waitForText("Duplicates Found");
+    window.click("Review");
+    window.waitForEnd("Duplicates Found");
+    const FileRows files(window);
+    OutlineRows(window).click(1);
+    ASSERT_TRUE(waitUntil([&] { return files.count() == 3; }));
+    const std::string left = files.path(0);
+    const std::string moved = files.path(2);
+    files.click(2);
+    window.waitForText("Path: " + moved);
+    files.clickCheckBox(2);
+    window.waitForText("Marked Duplicate Files: 1");
+
+    window.click("Delete");
+    window.waitForText("Duplicates Cleaned: 1");
+    window.click("Ok");
+    window.waitForText("Path: " + left);
+    EXPECT_FALSE(window.showsText("Path: " + moved));
+    EXPECT_FALSE(std::filesystem::exists(moved));
     EXPECT_TRUE(product->runs()) << product->errors();
 }
 
