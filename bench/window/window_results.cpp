@@ -74,6 +74,7 @@ constexpr std::chrono::milliseconds longPause{2000};
 
 struct ResultsOptions {
     std::string work = "/var/tmp";
+    std::string tree;  ///< a tree that is there, if not empty
     EqualFiles result{.sets = 200'000, .files = 500'000, .extensions = 20};
     int rounds = 3;
 };
@@ -125,11 +126,14 @@ void clickAt(QWidget* widget, const QPoint& position) {
     }
 }
 
+/// Whether the files of the tree may be moved to the Trash.
+enum class TreeIs : std::uint8_t { ours, theUsers };
+
 /// Repeats the way through a result.
 class ResultScenario final {
  public:
-    ResultScenario(Heartbeat& heartbeat, std::string tree)
-        : heartbeat_(heartbeat), tree_(std::move(tree)) {}
+    ResultScenario(Heartbeat& heartbeat, std::string tree, TreeIs treeIs)
+        : heartbeat_(heartbeat), tree_(std::move(tree)), treeIs_(treeIs) {}
 
     bool run(int rounds) {
         if (!product_.comes()) {
@@ -143,7 +147,7 @@ class ResultScenario final {
             countRows();
             markAndUnmark("mark all", "unmark all");
             toggle();
-            if (!markByRule() || !openMenus()) {
+            if (!markByRule() || !openMenus() || !useFileMenu()) {
                 return false;
             }
             showTabs();
@@ -160,9 +164,16 @@ class ResultScenario final {
                 return false;
             }
         }
-        // Last, because it removes the files.
+        return removeReally() && useExceptions();
+    }
+
+    /// Last, because it removes the files.
+    bool removeReally() {
+        if (treeIs_ == TreeIs::theUsers) {
+            return true;
+        }
         platform_.setTrashFree(false);
-        return open() && remove("deletion, the real Trash") && goHome() && useExceptions();
+        return open() && remove("deletion, the real Trash") && goHome();
     }
 
     [[nodiscard]] bool report() const {
@@ -336,6 +347,31 @@ class ResultScenario final {
         product_.click(window().results->unMarkAll);
         rest(aMoment);
         return true;
+    }
+
+    /// One file of the first set, and all of its folder; then the marks of an extension.
+    bool useFileMenu() {
+        FileMenu& menu = *window().results->fileMenu;
+        product_.act([this] { outline().selectSet(results().tree().indexOfSet(0, 0)); });
+        rest(aMoment);
+        bool came = true;
+        for (int turn = 0; turn < times; ++turn) {
+            product_.act([this, turn] { table().selectFile(turn % 2); });
+            rest(aMoment);
+            came = came && measure("only this file stays", noGoal, outlinePaint_,
+                                   [&] { menu.keepItem->trigger(); });
+            rest(aMoment);
+            came = came && measure("the files of its folder are marked", noGoal, outlinePaint_,
+                                   [&] { menu.markFolderItem->trigger(); });
+            rest(aMoment);
+            came = came && measure("an extension is toggled then", noGoal, outlinePaint_, [this] {
+                       clickAt(outline().viewport(), boxOf(results().tree().indexOfExtension(0)));
+                   });
+            rest(aMoment);
+            product_.click(window().results->unMarkAll);
+            rest(aMoment);
+        }
+        return came;
     }
 
     /// Types words into the search of a large exceptions list, and takes files off it.
@@ -525,10 +561,13 @@ class ResultScenario final {
     }
 
     bool goHome() {
+        heartbeat_.enter("home from the result");
+        step("home from the result", noGoal);
         product_.click(window().results->buttonHomePage);
         const bool came =
             Product::until([this] { return product_.isOn(window().home->identifier()); });
         Product::rest(longPause);
+        heartbeat_.enter("");
         return came;
     }
 
@@ -563,6 +602,7 @@ class ResultScenario final {
 
     Heartbeat& heartbeat_;
     const std::string tree_;
+    const TreeIs treeIs_;
     SwitchedPlatform platform_;
     Product product_{platform_};
     PaintWatch result_{product_.window().results->OView2->viewport()};
@@ -590,13 +630,19 @@ int main(int argc, char** argv) {
         ->check(CLI::PositiveNumber);
     app.add_option("--rounds", options.rounds, "number of results")->check(CLI::PositiveNumber);
     app.add_option("--work", options.work, "folder for the files and the private home");
+    app.add_option("--tree", options.tree,
+                   "a tree to scan instead, whose files stay: the real Trash is not measured");
     CLI11_PARSE(app, argc, argv);
 
     const WorkFolder work(options.work);
+    if (!options.tree.empty()) {
+        return runScenario<ResultScenario>(argc, argv, options.work, options.tree, options.rounds,
+                                           TreeIs::theUsers);
+    }
     if (!writeEqualFiles(work.pathOf("tree"), options.result)) {
         std::fputs("The files could not be written.\n", stderr);
         return 1;
     }
     return runScenario<ResultScenario>(argc, argv, options.work, work.pathOf("tree"),
-                                       options.rounds);
+                                       options.rounds, TreeIs::ours);
 }
