@@ -12,10 +12,7 @@ MOST_AGAINST_PEER = {
 # Most time of tarvin divided by that of the faster read floor, with a warm cache.
 MOST_AGAINST_FLOOR = {"walk": 1.2}
 MOST_AGAINST_FLOOR_ELSEWHERE = 1.0
-# Time for one file at the largest number of files, divided by that at the smallest.
-MOST_GROWTH = 1.5
-MEMORY_PER_FILE = 150
-MEMORY_FIXED = 16 * 2**20
+MEMORY_FIXED = 16 * 2**20  # of the program itself
 
 
 @dataclass(frozen=True)
@@ -66,7 +63,7 @@ def judge(contests, series):
     for plan, steps in series:
         if len(steps) > 1:
             verdicts.append(growth(plan, steps))
-    return verdicts + [memory(plan, steps) for plan, steps in series if plan.kind == "walk"]
+    return verdicts + [memory(plan, steps) for plan, steps in series if plan.most_bytes]
 
 
 def same_sets(name, contest):
@@ -108,14 +105,15 @@ def growth(plan, steps):
     ratio = last.time_per_file / first.time_per_file
     floor = last.floor_per_file / first.floor_per_file
     return Verdict(f"growth, {plan.kind}: time for one file at {last.files:,} files at most "
-                   f"{MOST_GROWTH} times that at {first.files:,}",
-                   f"{ratio:.2f} times (the floor: {floor:.2f} times)", ratio <= MOST_GROWTH)
+                   f"{plan.most_growth} times that at {first.files:,}",
+                   f"{ratio:.2f} times (the floor: {floor:.2f} times)",
+                   ratio <= plan.most_growth)
 
 
 def memory(plan, steps):
     """The peak at the largest number of files."""
     last = steps[-1]
-    allowed = last.files * MEMORY_PER_FILE + MEMORY_FIXED
-    return Verdict(f"memory, {plan.kind}: at {last.files:,} files at most {MEMORY_PER_FILE} bytes "
+    allowed = last.files * plan.most_bytes + MEMORY_FIXED
+    return Verdict(f"memory, {plan.kind}: at {last.files:,} files at most {plan.most_bytes} bytes "
                    f"a file and {MEMORY_FIXED // 2**20} MiB ({allowed / 2**20:.1f} MiB)",
                    f"{last.peak / 2**20:.1f} MiB", last.peak <= allowed)

@@ -57,8 +57,8 @@ def introduction(setting):
     """How the figures were measured."""
     return [
         f"Measured by `{setting.command}` on {setting.date}, revision {setting.revision}. All "
-        "figures come from this run, except those of the last two sections (window, clean-up), "
-        "which the script keeps when it writes this page.",
+        "figures come from this run, except those from the section on the window on, which the "
+        "script keeps when it writes this page.",
         "",
         "Each tree is generated from a fixed seed. First, every program runs once without timing, "
         "and its sets are compared: a tree is timed only if our sets are equal to those of the "

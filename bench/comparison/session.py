@@ -8,7 +8,7 @@ import time
 from dataclasses import dataclass, field
 from datetime import datetime, timezone
 
-from . import growth, machine, programs, report, timing
+from . import corpora, disk_image, growth, machine, programs, report, timing
 from .contest import COLD, WARM, Caches, Contest, Refusal
 from .corpora import KINDS, CorpusMaker
 from .peer_root import PeerRoot
@@ -16,6 +16,8 @@ from .report import rounds_text
 
 GROWTH = "growth"
 NAMES = tuple(kind.name for kind in KINDS) + (GROWTH,)
+MILLIONS = "millions"  # only if asked for: it takes half an hour, root, and much memory
+MILLIONS_LIMIT = 900  # seconds for one run
 HELPERS = ("make_corpus", "floor", "measure")
 MOST_COLD_ROUNDS = 3
 
@@ -63,6 +65,8 @@ class Session:
         self._started = time.monotonic()
         self._options = options
         self._extent = QUICK if options.quick else FULL
+        self._work = work
+        self._make_corpus = helpers / "make_corpus"
         self._watch = timing.StopWatch(helpers / "measure", work)
         self._maker = CorpusMaker(helpers / "make_corpus", work, options.keep)
         self._ours = programs.tarvin(options.tarvin)
@@ -84,6 +88,8 @@ class Session:
         series = []
         if GROWTH in self._options.only:
             series = [self._growth(plan) for plan in (growth.UNIQUE_SIZES, growth.ONE_CLASS)]
+        if MILLIONS in self._options.only:
+            series.append(self._millions())
         self._setting.idle.append(machine.idle_share())
         return report.page(self._setting, contests, series)
 
@@ -150,3 +156,17 @@ class Session:
                 steps.append(growth.measure_step(corpus, self._watch, self._ours, floor,
                                                  self._extent.growth_rounds, self._extent.limit))
         return plan, steps
+
+    def _millions(self):
+        """Measures trees of up to ten million files, both on the disk at once."""
+        plan = growth.MILLIONS
+        counts = plan.quick_counts if self._options.quick else plan.counts
+        with disk_image.mounted(self._work, sum(counts)) as disk:
+            trees = []
+            for count in counts:
+                self._say(f"{MILLIONS}: making {count:,} files")
+                trees.append(corpora.write(self._make_corpus, disk / str(count), plan.kind,
+                                           "--files", str(count), *plan.options))
+            self._say(f"{MILLIONS}: {rounds_text(self._extent.growth_rounds)}")
+            return plan, growth.measure_in_turn(trees, self._watch, self._ours, self._floor_walk,
+                                                self._extent.growth_rounds, MILLIONS_LIMIT)
