@@ -1,14 +1,10 @@
 #include "platform/file_lock.h"
-#include "scan/scan_run.h"
-#include "store/scan_memory.h"
-#include "support/comparison_fixture.h"
-#include "support/fake_platform.h"
-#include "support/faulty_file_system.h"
+#include "scan/remembered_scan_fixture.h"
 #include "support/file_content.h"
 #include "support/file_size_limit.h"
-#include "support/file_tree.h"
 #include "support/mount.h"
 #include "support/pairwise_finder.h"
+#include "support/secret_change.h"
 #include "support/test_seeds.h"
 
 #include <fcntl.h>
@@ -19,8 +15,6 @@
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
-#include <functional>
 #include <optional>
 #include <random>
 #include <string>
@@ -30,116 +24,11 @@
 namespace tarvin {
 namespace {
 
-using Names = std::vector<std::string>;
-using NameSets = std::vector<Names>;
 using namespace std::chrono_literals;
-
-class SilentScan final : public ScanObserver {};
 
 /// Sizes that are compared in each of the ways: whole, and in parts.
 constexpr std::size_t smallFile = 300;
 constexpr std::size_t largeFile = 40'000;
-
-struct stat statusOf(const std::string& path) {
-    struct stat status{};
-    EXPECT_EQ(::lstat(path.c_str(), &status), 0) << path;
-    return status;
-}
-
-bool hasSameDateOfChange(const struct stat& one, const struct stat& other) {
-    return one.st_ctim.tv_sec == other.st_ctim.tv_sec &&
-           one.st_ctim.tv_nsec == other.st_ctim.tv_nsec;
-}
-
-/// Overwrites a file in place and sets its date of modification back. Repeated until the date of
-/// change, which has a granularity, is another one.
-void changeSecretly(const std::string& path, const std::string& content) {
-    const struct stat before = statusOf(path);
-    do {
-        std::ofstream(path, std::ios::binary | std::ios::in | std::ios::out) << content;
-        const timespec times[2] = {before.st_atim, before.st_mtim};
-        ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
-    } while (hasSameDateOfChange(before, statusOf(path)));
-}
-
-/// A tree, and scans of it that use one memory.
-class RememberedScan : public testing::Test {
- protected:
-    struct Outcome {
-        NameSets sets;
-        Names opened;  ///< names of the files that were opened
-        UnreadableReport unreadable;
-        MemoryReport memory;
-    };
-
-    using Preparation = std::function<void(FaultyFileSystem&)>;
-
-    /// Scans with the memory, and checks that all files are counted.
-    Outcome scan(const Preparation& prepare = {}) {
-        FaultyFileSystem fileSystem;
-        fileSystem.setVolumeName(volume_);
-        fileSystem.setListingOrder(ListingOrder::sorted);
-        if (prepare) {
-            prepare(fileSystem);
-        }
-        FakePlatform platform(fileSystem);
-        platform.clock().set(now_);
-        SilentScan observer;
-        ScanRun::Settings settings;
-        settings.workers = {2, 4};
-        ScanRun run(platform, observer, settings);
-        if (remembers_) {
-            run.setMemory(memory_.path());
-        }
-        run.start({{tree_.path(), "", "", true, true}}, {});
-        run.waitForMemory();
-        EXPECT_EQ(run.bytesCompared().done, run.bytesCompared().total);
-        std::uint64_t collected = 0;
-        for (const Category category : allCategories) {
-            collected += run.result().collected(category);
-        }
-        EXPECT_EQ(run.processed(), collected);
-        Outcome outcome{
-            setsOf(*run.result().modal), {}, run.result().unreadable, run.memoryReport()};
-        for (const std::string& path : fileSystem.openedFiles()) {
-            outcome.opened.push_back(path.substr(tree_.path().size() + 1));
-        }
-        return outcome;
-    }
-
-    Outcome scanWithoutMemory() {
-        remembers_ = false;
-        Outcome outcome = scan();
-        remembers_ = true;
-        return outcome;
-    }
-
-    [[nodiscard]] NameSets setsOf(const Modal& modal) const {
-        NameSets all;
-        for (const PlainExtension& extension : plainResultOf(modal)) {
-            for (const auto& set : extension.sets) {
-                Names& names = all.emplace_back();
-                for (const std::string& path : set) {
-                    names.push_back(path.substr(tree_.path().size() + 1));
-                }
-            }
-        }
-        return all;
-    }
-
-    void write(const std::string& name, std::size_t size, std::uint64_t seed) const {
-        tree_.writeFile(name, noise(size, seed));
-    }
-    [[nodiscard]] std::string pathOf(const std::string& name) const { return tree_.pathOf(name); }
-    [[nodiscard]] std::string memoryPath() const { return ScanMemory::pathIn(memory_.path()); }
-
-    FileTree tree_;
-    TemporaryFolder memory_;
-    std::optional<std::string> volume_ = "volume";
-    // The files are new, so their dates have settled an hour from now.
-    Timestamp now_ = systemClock().now() + 1h;
-    bool remembers_ = true;
-};
 
 class RememberedScanOf : public RememberedScan, public testing::WithParamInterface<std::size_t> {};
 
@@ -196,7 +85,7 @@ TEST_P(RememberedScanOf, AFileInThePlaceOfAnotherReadsIt) {
     write("a.jpg", GetParam(), 1);
     write("b.jpg", GetParam(), 1);
     write("other", GetParam(), 2);
-    const struct stat before = statusOf(pathOf("b.jpg"));
+    const struct stat before = statusAt(pathOf("b.jpg"));
     scan();
     const timespec times[2] = {before.st_atim, before.st_mtim};
     ASSERT_EQ(::utimensat(AT_FDCWD, pathOf("other").c_str(), times, 0), 0);
@@ -359,7 +248,7 @@ TEST_F(RememberedScan, AFileWhoseDatesHaveNotSettledIsReadAgain) {
 TEST_F(RememberedScan, AFileWhoseDateOfChangeHasNotSettledIsReadAgain) {
     for (const char* name : {"a.jpg", "b.jpg"}) {
         write(name, smallFile, 1);
-        const timespec earlier{statusOf(pathOf(name)).st_mtim.tv_sec - 7200, 0};
+        const timespec earlier{statusAt(pathOf(name)).st_mtim.tv_sec - 7200, 0};
         const timespec times[2] = {earlier, earlier};
         ASSERT_EQ(::utimensat(AT_FDCWD, pathOf(name).c_str(), times, 0), 0);
     }
@@ -371,7 +260,7 @@ TEST_F(RememberedScan, AFileWhoseDateOfChangeHasNotSettledIsReadAgain) {
 TEST_F(RememberedScan, AFileWithADateInTheFutureIsReadAgain) {
     write("a.jpg", smallFile, 1);
     write("b.jpg", smallFile, 1);
-    const timespec later{statusOf(pathOf("a.jpg")).st_mtim.tv_sec + 7200, 0};
+    const timespec later{statusAt(pathOf("a.jpg")).st_mtim.tv_sec + 7200, 0};
     const timespec times[2] = {later, later};
     ASSERT_EQ(::utimensat(AT_FDCWD, pathOf("a.jpg").c_str(), times, 0), 0);
     scan();
@@ -554,7 +443,7 @@ class RandomChanges final {
     }
 
     std::string name() {
-        static const Names extensions{"jpg", "txt"};
+        static const std::vector<std::string> extensions{"jpg", "txt"};
         return std::to_string(random_() % 30) + '.' + extensions[random_() % extensions.size()];
     }
 
