@@ -36,6 +36,15 @@ RememberedFile stateOf(const File& file) {
             0};
 }
 
+std::size_t indexOf(Category category) {
+    return static_cast<std::size_t>(category);
+}
+
+/// The name in the memory of a volume's files of a category.
+std::string nameOf(const std::string& volume, Category category) {
+    return volume + ':' + std::string(categoryName(category));
+}
+
 }  // namespace
 
 void Recollection::recall(CategoryLists& lists, const ScanServices& services) {
@@ -65,18 +74,20 @@ void Recollection::sortByVolume(CategoryLists& lists, const ScanServices& servic
             if (!services.control.mayGoOn()) {
                 return;
             }
-            add(*file, services);
+            add(*file, category, services);
         }
     }
     dropAmbiguousVolumes();
     for (auto& [device, volume] : volumes_) {
-        std::sort(volume.files.begin(), volume.files.end(), [](const File* one, const File* other) {
-            return one->version()->identity.inode < other->version()->identity.inode;
-        });
+        for (std::vector<File*>& files : volume.lists) {
+            std::sort(files.begin(), files.end(), [](const File* one, const File* other) {
+                return one->version()->identity.inode < other->version()->identity.inode;
+            });
+        }
     }
 }
 
-void Recollection::add(File& file, const ScanServices& services) {
+void Recollection::add(File& file, Category category, const ScanServices& services) {
     const FileVersion& version = *file.version();
     if (!hasSettled(file) || version.identity.inode > maxStored || file.fileSize() > maxStored) {
         return;
@@ -89,7 +100,7 @@ void Recollection::add(File& file, const ScanServices& services) {
                 .value_or(std::string());
     }
     if (!known->second.name.empty()) {
-        known->second.files.push_back(&file);
+        known->second.lists[indexOf(category)].push_back(&file);
     }
 }
 
@@ -100,13 +111,20 @@ void Recollection::dropAmbiguousVolumes() {
         ++named[volume.name];
     }
     std::erase_if(volumes_, [&](const auto& volume) {
-        return volume.second.files.empty() || named[volume.second.name] > 1;
+        return volume.second.name.empty() || named[volume.second.name] > 1;
     });
 }
 
 /// Ends early after a stop. Returns false if the memory fails.
 bool Recollection::find(ScanMemory& memory, const Volume& volume, const ScanControl& control) {
-    const std::span<File* const> all = volume.files;
+    return std::all_of(allCategories.begin(), allCategories.end(), [&](Category category) {
+        return findFiles(memory, nameOf(volume.name, category), volume.lists[indexOf(category)],
+                         control);
+    });
+}
+
+bool Recollection::findFiles(ScanMemory& memory, const std::string& name,
+                             std::span<File* const> all, const ScanControl& control) {
     std::vector<RememberedFile> found;
     for (std::size_t first = 0; first < all.size(); first += filesAtOnce) {
         if (control.stop()) {
@@ -117,7 +135,7 @@ bool Recollection::find(ScanMemory& memory, const Volume& volume, const ScanCont
         for (const File* const file : files) {
             found.push_back(stateOf(*file));
         }
-        if (std::optional<StoreError> error = memory.find(volume.name, found)) {
+        if (std::optional<StoreError> error = memory.find(name, found)) {
             report_.notRead = std::move(error);
             return false;
         }
@@ -140,9 +158,11 @@ void Recollection::takeFound(std::span<File* const> files,
 
 void Recollection::store(const FileStore& store) {
     const bool isAny = std::any_of(volumes_.begin(), volumes_.end(), [](const auto& volume) {
-        const std::vector<File*>& files = volume.second.files;
-        return std::any_of(files.begin(), files.end(),
-                           [](const File* file) { return isToBeStored(*file); });
+        const Lists& lists = volume.second.lists;
+        return std::any_of(lists.begin(), lists.end(), [](const std::vector<File*>& files) {
+            return std::any_of(files.begin(), files.end(),
+                               [](const File* file) { return isToBeStored(*file); });
+        });
     });
     if (!isAny || !generation_) {
         return;
@@ -162,26 +182,29 @@ void Recollection::store(const FileStore& store) {
 std::optional<StoreError> Recollection::storeIn(ScanMemory& memory, std::uint64_t newNumbers) {
     memory.begin(newNumbers, today());
     for (const auto& [device, volume] : volumes_) {
-        addTo(memory, volume);
+        for (const Category category : allCategories) {
+            addTo(memory, nameOf(volume.name, category), volume.lists[indexOf(category)]);
+        }
     }
     return memory.commit();
 }
 
-void Recollection::addTo(ScanMemory& memory, const Volume& volume) {
-    std::vector<RememberedFile> files;
+void Recollection::addTo(ScanMemory& memory, const std::string& name,
+                         std::span<File* const> files) {
+    std::vector<RememberedFile> rows;
     const auto flush = [&] {
-        if (!files.empty()) {
-            memory.add(volume.name, files);
-            files.clear();
+        if (!rows.empty()) {
+            memory.add(name, rows);
+            rows.clear();
         }
     };
-    for (const File* const file : volume.files) {
+    for (const File* const file : files) {
         if (isToBeStored(*file)) {
-            files.push_back(stateOf(*file));
-            files.back().comparison = file->version()->comparison;
-            files.back().content = file->version()->content;
+            rows.push_back(stateOf(*file));
+            rows.back().comparison = file->version()->comparison;
+            rows.back().content = file->version()->content;
         }
-        if (files.size() == filesAtOnce) {
+        if (rows.size() == filesAtOnce) {
             flush();
         }
     }
@@ -226,10 +249,12 @@ bool Recollection::recallFromMemory(const ScanControl& control) {
 /// What was read of a memory before it turned out to be damaged is not used.
 void Recollection::forgetFound() {
     for (const auto& [device, volume] : volumes_) {
-        for (const File* const file : volume.files) {
-            file->version()->comparison = 0;
-            file->version()->content = 0;
-            file->version()->isFading = false;
+        for (const std::vector<File*>& files : volume.lists) {
+            for (const File* const file : files) {
+                file->version()->comparison = 0;
+                file->version()->content = 0;
+                file->version()->isFading = false;
+            }
         }
     }
 }

@@ -2,11 +2,13 @@
 
 #include "model/file_store.h"
 #include "platform/timestamp.h"
+#include "scan/category.h"
 #include "scan/category_lists.h"
 #include "scan/scan_services.h"
 #include "store/scan_memory.h"
 #include "store/store_error.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -29,6 +31,9 @@ struct MemoryReport {
 /// lasting names are remembered, and only with dates that had settled when the scan began (see
 /// FileSystem::timeToSettle): then the dates would show every later change.
 ///
+/// Each category has memories of its own, because a file whose names are in two categories is
+/// compared with other files in each.
+///
 /// Made for one scan. Its functions may block like any access to the data folder. One thread at a
 /// time.
 class Recollection final {
@@ -45,18 +50,22 @@ class Recollection final {
     [[nodiscard]] const MemoryReport& report() const { return report_; }
 
  private:
+    using Lists = std::array<std::vector<File*>, allCategories.size()>;
+
     struct Volume {
         std::string name;  // empty if it has none that lasts
-        std::vector<File*> files;
+        Lists lists;       // by category, each by inode
     };
 
     void sortByVolume(CategoryLists& lists, const ScanServices& services);
-    void add(File& file, const ScanServices& services);
+    void add(File& file, Category category, const ScanServices& services);
     void dropAmbiguousVolumes();
     [[nodiscard]] bool find(ScanMemory& memory, const Volume& volume, const ScanControl& control);
+    [[nodiscard]] bool findFiles(ScanMemory& memory, const std::string& name,
+                                 std::span<File* const> all, const ScanControl& control);
     void takeFound(std::span<File* const> files, std::span<const RememberedFile> found) const;
     [[nodiscard]] std::optional<StoreError> storeIn(ScanMemory& memory, std::uint64_t newNumbers);
-    static void addTo(ScanMemory& memory, const Volume& volume);
+    static void addTo(ScanMemory& memory, const std::string& name, std::span<File* const> files);
     [[nodiscard]] bool hasSettled(const File& file) const;
     [[nodiscard]] static bool isToBeStored(const File& file);
     [[nodiscard]] std::optional<ScanMemory> open();

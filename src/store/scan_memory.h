@@ -72,6 +72,8 @@ class ScanMemory final {
     /// Tells memories apart: numbers found in one mean nothing in another.
     [[nodiscard]] std::int64_t generation() const { return generation_; }
 
+    // A volume is any name of files among which inodes are unique.
+
     /// Fills in the last three fields of those files of a volume that are stored in the same state.
     /// `files` are ascending by inode; several may have the same. On failure some are filled in.
     [[nodiscard]] std::optional<StoreError> find(std::string_view volume,

@@ -180,6 +180,26 @@ TEST_P(RememberedScanOf, HardLinksAreFilesOfOneSet) {
     EXPECT_EQ(second.sets, (NameSets{{"a.jpg", "b.jpg"}}));
 }
 
+// Each category has relations of its own, and a file with several names may be in several.
+TEST_P(RememberedScanOf, HardLinksInTwoCategoriesOpensNone) {
+    write("a.jpg", GetParam(), 1);
+    std::filesystem::create_hard_link(pathOf("a.jpg"), pathOf("a.txt"));
+    write("b.jpg", GetParam(), 2);
+    write("c.jpg", GetParam(), 1);
+    write("b.txt", GetParam(), 3);
+    const NameSets sets{{"a.jpg", "c.jpg"}};
+    EXPECT_EQ(scan().sets, sets);
+    for (int scans = 0; scans < 2; ++scans) {
+        const Outcome next = scan();
+        EXPECT_EQ(next.opened, Names{});
+        EXPECT_EQ(next.sets, sets);
+    }
+    write("c.txt", GetParam(), 1);
+    const Outcome last = scan();
+    EXPECT_EQ(last.opened, (Names{"a.txt", "b.txt", "c.txt"}));
+    EXPECT_EQ(last.sets, (NameSets{{"a.jpg", "c.jpg"}, {"a.txt", "c.txt"}}));
+}
+
 TEST_F(RememberedScan, AFileWithoutReadingHasTheStateThatAMoveChecks) {
     write("a.jpg", smallFile, 1);
     write("b.jpg", smallFile, 1);
