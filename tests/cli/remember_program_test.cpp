@@ -2,14 +2,19 @@
 #include "cli/result_json.h"
 #include "store/scan_memory.h"
 #include "support/file_content.h"
+#include "support/loop_volume.h"
+#include "support/secret_change.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <utility>
 #include <variant>
+#include <vector>
 
 namespace tarvin {
 namespace {
@@ -101,6 +106,98 @@ TEST_F(RememberProgram, CleanTakesTheOption) {
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors, "");
     EXPECT_NE(result.output.find("Marked Duplicate Files: 1\n"), std::string::npos);
+}
+
+/// A volume with three equal photos whose dates, all of them, are years old, so that they can be
+/// remembered at once.
+class RememberOldFiles : public RememberProgram {
+ protected:
+    RememberOldFiles() {
+        if (volume_) {
+            for (const std::string& name : names_) {
+                std::ofstream(volume_.pathOf(name)) << "equal";
+            }
+            EXPECT_TRUE(volume_.age(names_));
+        }
+    }
+
+    /// The contents of the files that are left; which of equal ones stays depends on their order
+    /// on the volume.
+    [[nodiscard]] std::vector<std::string> left() const {
+        std::vector<std::string> contents;
+        for (const std::string& name : names_) {
+            if (std::filesystem::exists(volume_.pathOf(name))) {
+                contents.push_back(contentOf(volume_.pathOf(name)));
+            }
+        }
+        std::sort(contents.begin(), contents.end());
+        return contents;
+    }
+
+    [[nodiscard]] ProgramResult scanVolume() const {
+        return tarvin({"scan", "--remember", "--format", "json", volume_.path()});
+    }
+
+    const std::vector<std::string> names_{"a.jpg", "b.jpg", "c.jpg"};
+    const std::vector<std::string> keptAfterChange_{"equal", "other"};
+    LoopVolume volume_;
+};
+
+TEST_F(RememberOldFiles, CleanMovesWhatAScanHasCompared) {
+    if (!volume_) {
+        return;
+    }
+    EXPECT_EQ(scanVolume().status, 0);
+    ASSERT_TRUE(std::filesystem::exists(memoryPath()));
+    const ProgramResult result = tarvin({"clean", "--remember", "--yes", volume_.path()});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_TRUE(result.output.ends_with("Duplicates Cleaned: 2\nSpace Regained: 0.01 KB \n"))
+        << result.output;
+    EXPECT_EQ(left(), std::vector<std::string>{"equal"});
+    EXPECT_EQ(setsIn(parsedJson(scanVolume().output), volume_.path() + "/"), Sets{});
+}
+
+TEST_F(RememberOldFiles, AreNotReadAgain) {
+    if (!volume_) {
+        return;
+    }
+    const Sets equal{{"a.jpg", "b.jpg", "c.jpg"}};
+    EXPECT_EQ(setsIn(parsedJson(scanVolume().output), volume_.path() + "/"), equal);
+    // A disk that loses data without an error: only a file that is read is seen to have changed.
+    ASSERT_TRUE(volume_.replaceBytes("equal", "lost!"));
+    ASSERT_EQ(left(), (std::vector<std::string>{"equal", "equal", "lost!"}));
+    EXPECT_EQ(setsIn(parsedJson(scanVolume().output), volume_.path() + "/"), equal);
+    const Sets read =
+        setsIn(parsedJson(tarvin({"scan", "--format", "json", volume_.path()}).output),
+               volume_.path() + "/");
+    ASSERT_EQ(read.size(), 1U);
+    EXPECT_EQ(read.begin()->size(), 2U);
+}
+
+TEST_F(RememberOldFiles, CleanKeepsAFileChangedBeforeTheScan) {
+    if (!volume_) {
+        return;
+    }
+    EXPECT_EQ(scanVolume().status, 0);
+    std::ofstream(volume_.pathOf("b.jpg")) << "other";
+    ASSERT_TRUE(volume_.age({"b.jpg"}, "20240102"));
+    const ProgramResult result = tarvin({"clean", "--remember", "--yes", volume_.path()});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(left(), keptAfterChange_);
+}
+
+TEST_F(RememberOldFiles, CleanKeepsAFileChangedAfterTheScan) {
+    if (!volume_) {
+        return;
+    }
+    EXPECT_EQ(scanVolume().status, 0);
+    const std::string list = folder_.writeFile("list.json", scanVolume().output);
+    changeSecretly(volume_.pathOf("b.jpg"), "other");
+    const ProgramResult result = tarvin({"clean", "--yes", "--from", list});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.errors.find(volume_.pathOf("b.jpg")), std::string::npos) << result.errors;
+    EXPECT_EQ(left(), keptAfterChange_);
 }
 
 }  // namespace
