@@ -3,6 +3,7 @@
 from dataclasses import dataclass
 
 from .contest import COLD, WARM
+from .second import FIRST, SECOND
 
 # Most time of tarvin divided by that of the fastest other program, by tree.
 MOST_AGAINST_PEER = {
@@ -12,6 +13,10 @@ MOST_AGAINST_PEER = {
 # Most time of tarvin divided by that of the faster read floor, with a warm cache.
 MOST_AGAINST_FLOOR = {"walk": 1.2}
 MOST_AGAINST_FLOOR_ELSEWHERE = 1.0
+# Most time of a second scan of unchanged files, with a cold cache, divided by that of the first, and by
+# that of the second of a program with a cache.
+MOST_OF_FIRST = 0.1
+MOST_OF_CACHED = 0.5
 MEMORY_FIXED = 16 * 2**20  # of the program itself
 
 
@@ -53,8 +58,9 @@ def against(contest, entry, mode):
     return Ratio(entry.program.name, value)
 
 
-def judge(contests, series):
-    """All verdicts. `contests` by name of tree, `series` pairs of Series and steps."""
+def judge(contests, series, rescans):
+    """All verdicts. `contests` by name of tree, `series` pairs of Series and steps, `rescans` may be
+    None."""
     verdicts = []
     for name, contest in contests.items():
         verdicts.append(same_sets(name, contest))
@@ -63,7 +69,8 @@ def judge(contests, series):
     for plan, steps in series:
         if len(steps) > 1:
             verdicts.append(growth(plan, steps))
-    return verdicts + [memory(plan, steps) for plan, steps in series if plan.most_bytes]
+    verdicts += [memory(plan, steps) for plan, steps in series if plan.most_bytes]
+    return verdicts + (second(rescans) if rescans else [])
 
 
 def same_sets(name, contest):
@@ -117,3 +124,24 @@ def memory(plan, steps):
     return Verdict(f"memory, {plan.kind}: at {last.files:,} files at most {plan.most_bytes} bytes "
                    f"a file and {MEMORY_FIXED // 2**20} MiB ({allowed / 2**20:.1f} MiB)",
                    f"{last.peak / 2**20:.1f} MiB", last.peak <= allowed)
+
+
+def second(rescans):
+    """The second scan of unchanged files, with a cold cache."""
+    judges = ", ".join(rescans.judged_by)
+    verdicts = [Verdict("second: the sets of a byte-exact finder in both scans",
+                        f"{rescans.sets:,} sets, the same as {judges}", True)]
+    if not rescans.rounds[COLD]:
+        return verdicts
+    ours = rescans.ours.wall(COLD, SECOND).median
+    ratio = ours / rescans.ours.wall(COLD, FIRST).median
+    verdicts.append(Verdict(f"second, cold: at most {MOST_OF_FIRST} of the first scan",
+                            f"{ratio:.2f} of it", ratio <= MOST_OF_FIRST))
+    for result in rescans.results:
+        wall = result.wall(COLD, SECOND)
+        if result.program.is_peer and wall:
+            ratio = ours / wall.median
+            verdicts.append(Verdict(
+                f"second, cold: at most {MOST_OF_CACHED} of another program with its cache",
+                f"{ratio:.2f} of {result.program.name}", ratio <= MOST_OF_CACHED))
+    return verdicts

@@ -2,6 +2,7 @@
 
 from . import goals, machine
 from .contest import COLD, LEAST_LIMIT, TIMES_OURS, WARM
+from .second import FIRST, SECOND
 from .timing import COLD_NOTE
 
 MISSING = "–"
@@ -39,10 +40,10 @@ def rounds_text(number):
     return f"{number} round" if number == 1 else f"{number} rounds"
 
 
-def page(setting, contests, series):
+def page(setting, contests, series, rescans):
     """The whole page."""
     lines = ["# Benchmarks", "", *busy_lines(setting), *introduction(setting)]
-    lines += ["## Goals", "", *goal_lines(goals.judge(contests, series))]
+    lines += ["## Goals", "", *goal_lines(goals.judge(contests, series, rescans))]
     lines += ["## Machine and programs", "", *setting_lines(setting)]
     if contests:
         lines += ["## Ratios", "", *ratio_lines(contests)]
@@ -50,6 +51,8 @@ def page(setting, contests, series):
         lines += contest_lines(name, setting.texts[name], contest)
     if series:
         lines += ["## Growth", "", *growth_lines(series)]
+    if rescans:
+        lines += ["## Remembered scans", "", *rescan_lines(rescans)]
     return "\n".join(lines).rstrip() + "\n"
 
 
@@ -114,7 +117,7 @@ def setting_lines(setting):
     facts = [*setting.facts, ("Processors idle before the run, and after it", idle)]
     lines = plain_table(["Machine", ""], [list(fact) for fact in facts])
     lines += [f"The other programs are those of {setting.release}, run with its libraries. Their "
-              "caches are empty before each run.", ""]
+              "caches are empty before each run, except before a second scan.", ""]
     lines += plain_table(["Program", "Package version", "How it decides"], rows)
     if setting.absent:
         lines += [f"Not in {setting.release}: {', '.join(setting.absent)}.", ""]
@@ -188,3 +191,38 @@ def growth_lines(series):
         titles = ["Files", "s", "µs a file", "floor, µs a file", "peak MiB", "bytes a file"]
         lines += [f"{plan.title}:", "", *table(titles, rows)]
     return lines
+
+
+def rescan_lines(rescans):
+    """The tree, and a table of first and second scans."""
+    corpus = rescans.corpus
+    lines = [
+        f"The tree of \"small\" with {corpus.files:,} files in {corpus.folders:,} folders, "
+        f"{corpus.bytes / 2**20:,.0f} MiB; {rescans.sets:,} sets in every scan, the same as "
+        f"{', '.join(rescans.judged_by)}. The first scan begins with an empty home; the second finds "
+        "nothing changed and has what the first has stored. A program that stores nothing has no "
+        "second scan of its own.",
+        "",
+        f"{rounds_text(rescans.rounds[WARM])} warm, {rescans.rounds[COLD]} cold.",
+        "",
+    ]
+    modes = [mode for mode in (COLD, WARM) if rescans.rounds[mode]]
+    titles = ["Program"]
+    for mode in modes:
+        titles += [f"first, {mode}, s", f"second, {mode}, s", f"second, {mode}, processor s"]
+    rows = [rescan_row(result, modes) for result in rescans.results]
+    lines += table(titles + ["peak MiB"], rows)
+    commands = [f"`{result.program.shown_command}`" for result in rescans.results
+                if result.program.is_peer]
+    return lines + [f"The other program: {command}." for command in commands]
+
+
+def rescan_row(result, modes):
+    """The row of one program."""
+    cells = [result.program.name]
+    for mode in modes:
+        first, second = result.wall(mode, FIRST), result.wall(mode, SECOND)
+        cells.append(result.trouble or (with_spread(first) if first else MISSING))
+        cells.append(with_spread(second) if second else MISSING)
+        cells.append(seconds(result.cpu(mode, SECOND)) if second else MISSING)
+    return cells + [mib(result.peak) if result.peak else MISSING]

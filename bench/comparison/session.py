@@ -5,17 +5,19 @@ import shlex
 import shutil
 import sys
 import time
+from contextlib import ExitStack
 from dataclasses import dataclass, field
 from datetime import datetime, timezone
 
-from . import corpora, disk_image, growth, machine, programs, report, timing
+from . import corpora, disk_image, growth, machine, programs, report, second, timing
 from .contest import COLD, WARM, Caches, Contest, Refusal
 from .corpora import KINDS, CorpusMaker
 from .peer_root import PeerRoot
 from .report import rounds_text
 
 GROWTH = "growth"
-NAMES = tuple(kind.name for kind in KINDS) + (GROWTH,)
+SECOND = "second"
+NAMES = tuple(kind.name for kind in KINDS) + (GROWTH, SECOND)
 MILLIONS = "millions"  # only if asked for: it takes half an hour, root, and much memory
 MILLIONS_LIMIT = 900  # seconds for one run
 HELPERS = ("make_corpus", "floor", "measure")
@@ -33,7 +35,7 @@ class Extent:
     free_bytes: int  # disk space for the largest tree and the results
 
 
-FULL = Extent(rounds=5, growth_rounds=3, limit=120, budget=90, free_bytes=5 * 2**30)
+FULL = Extent(rounds=5, growth_rounds=3, limit=120, budget=90, free_bytes=6 * 2**30)
 QUICK = Extent(rounds=3, growth_rounds=2, limit=10, budget=6, free_bytes=2**30)
 
 
@@ -83,6 +85,17 @@ class Session:
 
     def page(self):
         """Runs all chosen measurements. Returns the page."""
+        with ExitStack() as trees:
+            # Made first, because its dates have to settle.
+            rescans = self._rescans(trees) if SECOND in self._options.only else None
+            contests, series = self._contests_and_series()
+            if rescans:
+                self._measure_rescans(rescans)
+        self._setting.idle.append(machine.idle_share())
+        return report.page(self._setting, contests, series, rescans)
+
+    def _contests_and_series(self):
+        """The measurements of first scans."""
         contests = {kind.name: self._contest(kind) for kind in KINDS
                     if kind.name in self._options.only}
         series = []
@@ -90,8 +103,27 @@ class Session:
             series = [self._growth(plan) for plan in (growth.UNIQUE_SIZES, growth.ONE_CLASS)]
         if MILLIONS in self._options.only:
             series.append(self._millions())
-        self._setting.idle.append(machine.idle_share())
-        return report.page(self._setting, contests, series)
+        return contests, series
+
+    def _rescans(self, trees):
+        """The tree for second scans, which `trees` removes."""
+        files = second.QUICK_FILES if self._options.quick else second.FILES
+        self._say(f"second: making {files:,} files")
+        made = self._maker.made("second", "small", "--files", str(files))
+        corpus = trees.enter_context(made)
+        caches = Caches(self._watch, corpus.folder, self._floors[0], self._extent.limit)
+        return second.Rescans(self._watch, corpus, self._ours, self._peers, caches,
+                              self._extent.limit, self._work / "kept-home")
+
+    def _measure_rescans(self, rescans):
+        """Measures first and second scans."""
+        self._say("second: comparing what is found")
+        rescans.check()
+        rescans.age()
+        for mode, rounds in self._setting.rounds.items():
+            if rounds:
+                self._say(f"second: {rounds_text(rounds)}, {mode}")
+                rescans.race(mode, rounds, self._extent.budget)
 
     def _say(self, text):
         """Prints the progress to standard error."""

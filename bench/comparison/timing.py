@@ -59,13 +59,15 @@ class StopWatch:
         self._listing = Path(work) / "listing"
         self._home = Path(work) / "home"
 
-    def run(self, program, folder, limit):
+    def run(self, program, folder, limit, home=None):
         """Runs `program` on `folder`. Returns a Run, or None if it was stopped after `limit` seconds.
-        The list of every program goes to a file. Its home is empty, and so are its caches."""
+        The list of every program goes to a file. Without a given `home` its home is empty, and so are
+        its caches."""
         for file in (self._figures, self._output, self._listing):
             file.unlink(missing_ok=True)
-        shutil.rmtree(self._home, ignore_errors=True)
-        self._home.mkdir()
+        if home is None:
+            shutil.rmtree(self._home, ignore_errors=True)
+            self._home.mkdir()
         command = [self._measure, str(self._figures)] + program.arguments(folder, self._listing)
         with open(self._output, "wb") as output:
             # A separate session, so that stopping it also stops its child processes.
@@ -75,7 +77,7 @@ class StopWatch:
                 stdout=output,
                 stderr=subprocess.DEVNULL,
                 cwd=self._output.parent,
-                env=environment(self._home),
+                env=environment(home or self._home),
                 start_new_session=True,
             )
             if not finished(process, limit):
