@@ -53,7 +53,7 @@ ExceptionListTask::ExceptionListTask(Session& session, MainWindow& window,
             &ExceptionListTask::update);
     connect(&panel, &ExceptionListPanel::copyRequested, this, &ExceptionListTask::copy);
     connect(&information_, &InformationWindow::closed, this, &ExceptionListTask::showAgain);
-    connect(&session_.exceptionRemoval, &ExceptionRemoval::over, this,
+    connect(&session_.exceptionChanges, &ExceptionChanges::over, this,
             &ExceptionListTask::endRemoval);
     closing_.setSingleShot(true);
     closing_.setInterval(closingMilliseconds);
@@ -71,7 +71,7 @@ void ExceptionListTask::open() {
         return;
     }
     window_.windowAboutPanel->hide();
-    std::vector<std::string> paths = session_.exceptionRemoval.remaining();
+    std::vector<std::string> paths = session_.exceptionChanges.remaining();
     rows_.setPaths(paths);
     window_.exceptionListWindow->exceptionSearch->clear();
     window_.exceptionListWindow->exceptionTable->scrollToTop();
@@ -94,7 +94,7 @@ void ExceptionListTask::showAgain() {
 }
 
 void ExceptionListTask::close() {
-    if (session_.exceptionRemoval.isOver()) {
+    if (session_.exceptionChanges.isOver()) {
         endRemoval();
         if (!isInterrupted_) {
             hide();
@@ -169,10 +169,10 @@ std::vector<int> ExceptionListTask::selectedRows() const {
 
 /// Does nothing while another removal is written.
 void ExceptionListTask::endRemoval() {
-    if (!session_.exceptionRemoval.isOver()) {
+    if (!session_.exceptionChanges.isOver()) {
         return;
     }
-    if (std::optional<StoreError> failure = session_.exceptionRemoval.take()) {
+    if (std::optional<StoreError> failure = session_.exceptionChanges.take()) {
         notStored_ = std::move(failure);
     }
     Q_EMIT listChanged();
@@ -213,7 +213,7 @@ void ExceptionListTask::putRowsBack() {
     const ExceptionListPanel& panel = *window_.exceptionListWindow;
     const int row = panel.exceptionTable->currentIndex().row();
     const int scrolled = panel.exceptionTable->verticalScrollBar()->value();
-    std::vector<std::string> paths = session_.exceptionRemoval.remaining();
+    std::vector<std::string> paths = session_.exceptionChanges.remaining();
     rows_.setPaths(paths);
     rows_.search(panel.exceptionSearch->text());
     tester_.start(std::move(paths));
@@ -233,7 +233,7 @@ void ExceptionListTask::remove() {
     for (const int row : rows) {
         paths.push_back(rows_.pathAt(row));
     }
-    session_.exceptionRemoval.start(paths);
+    session_.exceptionChanges.remove(paths);
     const ListTable& table = *window_.exceptionListWindow->exceptionTable;
     const int scrolled = table.verticalScrollBar()->value();
     rows_.removeRowsAt(rows);
@@ -256,7 +256,7 @@ void ExceptionListTask::removeMissing() {
     if (!tester_.isOver() || rows_.missing() == 0) {
         return;
     }
-    session_.exceptionRemoval.start(rows_.missingPaths());
+    session_.exceptionChanges.remove(rows_.missingPaths());
     rows_.removeMissing();
     update();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "clean/clean_up_run.h"
-#include "controller/exception_removal.h"
+#include "controller/exception_changes.h"
 #include "model/set.h"
 #include "platform/platform.h"
 #include "store/data_file.h"
@@ -55,14 +55,9 @@ struct Session {
     [[nodiscard]] const std::vector<std::string>& exceptionArrayData() const {
         return exceptions.exceptionArrayData();
     }
-    void addExceptions(const std::vector<std::string>& paths) {
-        exceptionRemoval.wait();
-        static_cast<void>(exceptions.addExceptions(paths));
-    }
-    void removeExceptions() {
-        exceptionRemoval.wait();
-        static_cast<void>(exceptions.removeExceptions());
-    }
+    // Written in the background.
+    void addExceptions(const std::vector<std::string>& paths) { exceptionChanges.add(paths); }
+    void removeExceptions() { exceptionChanges.removeAll(); }
 
     Platform& platform;
     bool awake = false;    ///< the one-time initialisation is done
@@ -76,7 +71,7 @@ struct Session {
     std::string currentLoggedInUser;
     DataFile data;
     ExceptionFile exceptions;
-    ExceptionRemoval exceptionRemoval{exceptions};
+    ExceptionChanges exceptionChanges{exceptions};
 };
 
 }  // namespace tarvin

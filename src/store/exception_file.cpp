@@ -4,6 +4,7 @@
 #include "store/stored_list.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
@@ -26,14 +27,49 @@ std::size_t eraseFrom(std::vector<std::string>& list, const std::vector<std::str
 std::vector<std::string> joined(std::vector<std::string> paths,
                                 const std::vector<std::string>& more) {
     paths.insert(paths.end(), more.begin(), more.end());
-    std::unordered_set<std::string_view> met;
-    std::vector<std::string> once;
-    for (const std::string& path : paths) {
-        if (met.insert(path).second) {
-            once.push_back(path);
+    // Views of the strings: `paths` must not change before the last of them has been met.
+    std::unordered_set<std::string_view> met(paths.size());
+    std::vector<bool> isFirst(paths.size());
+    for (std::size_t number = 0; number < paths.size(); ++number) {
+        isFirst[number] = met.insert(paths[number]).second;
+    }
+    std::size_t kept = 0;
+    for (std::size_t number = 0; number < paths.size(); ++number) {
+        if (isFirst[number] && kept++ != number) {
+            paths[kept - 1] = std::move(paths[number]);
         }
     }
-    return once;
+    paths.resize(kept);
+    return paths;
+}
+
+enum class Keep : std::uint8_t { whatIsStored, nothing };
+
+/// Writes `added` behind what is to be kept or, without a usable file, behind `all`.
+ExceptionWrite store(const std::string& folder, Keep keep, const std::vector<std::string>& added,
+                     const std::function<std::vector<std::string>()>& all) {
+    const Result<FolderLock> lock = FolderLock::take(folder);
+    if (!lock) {
+        return {storeErrorOf(folder, lock.error()), {}};
+    }
+    const std::string path = listIn(folder);
+    ExceptionWrite write;
+    ExceptionList stored = readExceptionFile(path);
+    if (stored.error) {
+        auto aside = moveAside(*stored.error);
+        if (auto* failure = std::get_if<StoreError>(&aside)) {
+            return {std::move(*failure), {}};
+        }
+        write.putAside = std::get<std::string>(std::move(aside));
+    }
+    if (keep == Keep::nothing) {
+        stored.paths.clear();
+    } else if (stored.error) {
+        stored.paths = all();
+    }
+    write.failure =
+        writeStoredList(path, PropertyList::arrayOfPaths(joined(std::move(stored.paths), added)));
+    return write;
 }
 
 }  // namespace
@@ -66,6 +102,15 @@ std::optional<StoreError> removeStoredExceptions(const std::string& folder,
                : writeStoredList(listIn(folder), PropertyList::arrayOfPaths(stored.paths));
 }
 
+ExceptionWrite addStoredExceptions(const std::string& folder, const std::vector<std::string>& added,
+                                   const std::function<std::vector<std::string>()>& all) {
+    return store(folder, Keep::whatIsStored, added, all);
+}
+
+ExceptionWrite clearStoredExceptions(const std::string& folder) {
+    return store(folder, Keep::nothing, {}, {});
+}
+
 ExceptionFile::ExceptionFile(std::optional<std::string> folder)
     : folder_(std::move(folder)), path_(folder_ ? listIn(*folder_) : std::string()) {}
 
@@ -76,20 +121,33 @@ std::optional<StoreError> ExceptionFile::load() {
     }
     ExceptionList list = readExceptionFile(path_);
     paths_ = std::move(list.paths);
+    hasRepeats_ = !paths_.empty();
     const bool isWrong = list.error && list.error->kind != StoreError::Kind::missing;
     return isWrong ? std::move(list.error) : std::nullopt;
 }
 
 std::optional<StoreError> ExceptionFile::addExceptions(const std::vector<std::string>& paths) {
-    paths_ = joined(std::move(paths_), paths);
+    include(paths);
     unsaved_.insert(unsaved_.end(), paths.begin(), paths.end());
-    return folder_ ? store(Keep::whatIsStored) : std::nullopt;
+    if (!folder_) {
+        return std::nullopt;
+    }
+    ExceptionWrite write = addStoredExceptions(*folder_, unsaved_, [this] { return paths_; });
+    putAside_ = std::move(write.putAside);
+    if (!write.failure) {
+        unsaved_.clear();
+    }
+    return std::move(write.failure);
 }
 
 std::optional<StoreError> ExceptionFile::removeExceptions() {
-    paths_.clear();
-    unsaved_.clear();
-    return folder_ ? store(Keep::nothing) : std::nullopt;
+    forgetAll();
+    if (!folder_) {
+        return std::nullopt;
+    }
+    ExceptionWrite write = clearStoredExceptions(*folder_);
+    putAside_ = std::move(write.putAside);
+    return std::move(write.failure);
 }
 
 std::optional<StoreError> ExceptionFile::removeExceptions(const std::vector<std::string>& paths) {
@@ -103,37 +161,31 @@ std::optional<StoreError> ExceptionFile::removeExceptions(const std::vector<std:
     return std::nullopt;
 }
 
+void ExceptionFile::include(const std::vector<std::string>& paths) {
+    if (std::exchange(hasRepeats_, false)) {
+        paths_ = joined(std::move(paths_), paths);
+        return;
+    }
+    // In a long list most of the time goes into hashing it.
+    std::unordered_set<std::string_view> missing(paths.begin(), paths.end());
+    for (const std::string& path : paths_) {
+        missing.erase(path);
+    }
+    for (const std::string& path : paths) {
+        if (missing.erase(path) != 0) {
+            paths_.push_back(path);
+        }
+    }
+}
+
 void ExceptionFile::forget(const std::vector<std::string>& paths) {
     eraseFrom(paths_, paths);
     eraseFrom(unsaved_, paths);
 }
 
-std::optional<StoreError> ExceptionFile::store(Keep keep) {
-    putAside_.clear();
-    // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
-    const Result<FolderLock> lock = FolderLock::take(*folder_);
-    if (!lock) {
-        // NOLINTNEXTLINE(bugprone-unchecked-optional-access): there is a path.
-        return storeErrorOf(*folder_, lock.error());
-    }
-    ExceptionList stored = readExceptionFile(path_);
-    if (stored.error) {
-        auto aside = moveAside(*stored.error);
-        if (auto* failure = std::get_if<StoreError>(&aside)) {
-            return std::move(*failure);
-        }
-        putAside_ = std::get<std::string>(std::move(aside));
-    }
-    if (keep == Keep::nothing) {
-        stored.paths.clear();
-    }
-    const std::vector<std::string>& added = stored.error ? paths_ : unsaved_;
-    std::optional<StoreError> failure =
-        writeStoredList(path_, PropertyList::arrayOfPaths(joined(std::move(stored.paths), added)));
-    if (!failure) {
-        unsaved_.clear();
-    }
-    return failure;
+void ExceptionFile::forgetAll() {
+    paths_.clear();
+    unsaved_.clear();
 }
 
 }  // namespace tarvin

@@ -2,7 +2,7 @@
 
 #include "store/store_error.h"
 
-#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -26,6 +26,23 @@ ExceptionList readExceptionFile(const std::string& path);
 /// most ten seconds. Any thread.
 [[nodiscard]] std::optional<StoreError> removeStoredExceptions(
     const std::string& folder, const std::vector<std::string>& paths);
+
+/// What writing the stored list has done.
+struct ExceptionWrite {
+    std::optional<StoreError> failure;
+    std::string putAside;  ///< the path to which an unusable file was renamed; empty if none was
+};
+
+/// Adds these paths, without duplicates, to the list that is stored in `folder`: to what the file
+/// holds at that moment. If there is no usable file, `all` is called on this thread, and what it
+/// returns is written before them; an unusable file is renamed first. Blocks as removing does. Any
+/// thread.
+[[nodiscard]] ExceptionWrite addStoredExceptions(
+    const std::string& folder, const std::vector<std::string>& added,
+    const std::function<std::vector<std::string>()>& all);
+
+/// Empties the list that is stored in `folder`. Blocks as removing does. Any thread.
+[[nodiscard]] ExceptionWrite clearStoredExceptions(const std::string& folder);
 
 /// The user's exceptions list, stored in "exception.plist". The window shows, and a scan uses, the
 /// list in memory. Writing adds to what the file holds at that moment, so that instances do not
@@ -56,8 +73,13 @@ class ExceptionFile final {
     /// has added stay in the file. If the file cannot be read or written, nothing is removed and
     /// the error is returned; an unusable file is left alone.
     std::optional<StoreError> removeExceptions(const std::vector<std::string>& paths);
-    /// Removes these paths in memory only: removeStoredExceptions() has removed them in the file.
+
+    // In memory only, for an owner who changes the file by the functions above.
+
+    /// Appends paths without duplicates.
+    void include(const std::vector<std::string>& paths);
     void forget(const std::vector<std::string>& paths);
+    void forgetAll();
 
     [[nodiscard]] const std::optional<std::string>& folder() const { return folder_; }
     /// Empty without a folder.
@@ -66,13 +88,10 @@ class ExceptionFile final {
     [[nodiscard]] const std::string& putAside() const { return putAside_; }
 
  private:
-    enum class Keep : std::uint8_t { whatIsStored, nothing };
-
-    [[nodiscard]] std::optional<StoreError> store(Keep keep);
-
     const std::optional<std::string> folder_;
     const std::string path_;
     std::vector<std::string> paths_;
+    bool hasRepeats_ = false;           // `paths_` may have, as the file had; until an addition
     std::vector<std::string> unsaved_;  // added, but not written yet
     std::string putAside_;
 };

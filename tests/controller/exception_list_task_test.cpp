@@ -71,7 +71,7 @@ class ExceptionListTest : public ResultFixture {
 
     /// Whether the removal gets written.
     [[nodiscard]] bool written() {
-        return comesTrue([this] { return delegate->session().exceptionRemoval.isOver(); });
+        return comesTrue([this] { return delegate->session().exceptionChanges.isOver(); });
     }
 
     /// Keeps removals from being written, until release().
@@ -261,7 +261,8 @@ TEST_F(ExceptionListTest, RowsDisappearAtOnceWhileTheFileIsWritten) {
     removeRows({0, 1});
     EXPECT_EQ(shownNames(), (Lines{"b.jpg", "d.jpg"}));
     EXPECT_EQ(textOf("exceptionCount"), "2 files");
-    EXPECT_EQ(storedExceptions(), pathsOf({"p/a.jpg", "p/b.jpg", "p/c.jpg", "p/d.jpg"}));
+    EXPECT_EQ(readExceptionFile(folder.pathOf("support/exception.plist")).paths,
+              pathsOf({"p/a.jpg", "p/b.jpg", "p/c.jpg", "p/d.jpg"}));
     release();
     ASSERT_TRUE(written());
     EXPECT_EQ(storedExceptions(), pathsOf({"p/b.jpg", "p/d.jpg"}));
@@ -327,7 +328,7 @@ TEST_F(ExceptionListTest, ClosingDoesNotWaitForAFileThatIsBlocked) {
     click("exceptionClose");
     ASSERT_TRUE(comesTrue([this] { return !panel().isVisible(); }));
     EXPECT_EQ(covers(), 0);
-    EXPECT_FALSE(delegate->session().exceptionRemoval.isOver());
+    EXPECT_FALSE(delegate->session().exceptionChanges.isOver());
     // What is being removed is not listed again.
     delegate->exceptionList().open();
     EXPECT_EQ(shownNames(), Lines{"b.jpg"});

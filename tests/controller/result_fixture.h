@@ -165,8 +165,11 @@ class ResultFixture : public ProductFixture {
         EXPECT_FALSE(file.loadDataFile().has_value());
         return file;
     }
-    /// The stored exceptions list.
+    /// The stored exceptions list, once the changes made so far were written.
     [[nodiscard]] Lines storedExceptions() {
+        if (delegate) {
+            delegate->session().exceptionChanges.wait();
+        }
         ExceptionFile file(folder.pathOf("support"));
         EXPECT_FALSE(file.load().has_value());
         return file.exceptionArrayData();
