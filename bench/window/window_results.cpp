@@ -61,6 +61,7 @@ constexpr double frameGoal = 1000.0 / 60;
 constexpr double stallGoal = 50;
 constexpr double searchGoal = 50;
 constexpr double removalGoal = 50;
+constexpr double additionGoal = 50;
 constexpr double noGoal = 0;
 constexpr double bytesGoal = 64;  // a row
 
@@ -388,8 +389,10 @@ class ResultScenario final {
         rest(aMoment);
         const ExceptionListPanel& panel = *window().exceptionListWindow;
         PaintWatch answer(panel.exceptionTable->viewport());
-        bool came = measure("the exceptions open", openingGoal, answer,
-                            [this] { window().manageExceptionsItem->trigger(); });
+        bool came = addExceptions();
+        const std::size_t all = product_.delegate().session().exceptionArrayData().size();
+        came = came && measure("the exceptions open", openingGoal, answer,
+                               [this] { window().manageExceptionsItem->trigger(); });
         came = came && Product::until([&] { return panel.exceptionRemoveMissing->isEnabled(); });
         rest(aMoment);
         for (const char* text : {"kuste/img_29999", "jpg", "no such name"}) {
@@ -408,13 +411,33 @@ class ResultScenario final {
             came = came && measure("an exception is removed", removalGoal, answer,
                                    [&] { panel.exceptionRemove->click(); });
             // Until memory has changed, too, which is a stall of this step.
-            const std::size_t left = exceptions - static_cast<std::size_t>(turn) - 1;
+            const std::size_t left = all - static_cast<std::size_t>(turn) - 1;
             came = came && Product::until([&] {
                        return product_.delegate().session().exceptionArrayData().size() == left;
                    });
             rest(aMoment);
         }
         product_.click(panel.exceptionClose);
+        return came;
+    }
+
+    /// Adds files to the large list, one at a time. Measures how long the main thread is busy.
+    bool addExceptions() {
+        const std::string name = "an exception is added";
+        Session& session = product_.delegate().session();
+        bool came = true;
+        for (int turn = 0; came && turn < times; ++turn) {
+            bool isAdded = false;
+            heartbeat_.enter(name);
+            product_.act([&] {
+                const SteadyClock::time_point begin = SteadyClock::now();
+                session.addExceptions({tree_ + "/added " + std::to_string(turn) + ".jpg"});
+                step(name, additionGoal).delays.push_back(milliseconds(SteadyClock::now() - begin));
+                isAdded = true;
+            });
+            came = Product::until([&] { return isAdded && session.exceptionChanges.isOver(); });
+            rest(aMoment);
+        }
         return came;
     }
 
