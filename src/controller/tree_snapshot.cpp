@@ -1,5 +1,7 @@
 #include "controller/tree_snapshot.h"
 
+#include "model/each_set.h"
+
 #include <memory>
 
 namespace tarvin {
@@ -13,10 +15,11 @@ TreeSnapshot::TreeSnapshot(const Modal& modal) {
     extensions_.reserve(modal.extensionCount());
     for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
         extensions_.push_back({sets_.size(), extension->extensionState()});
-        for (const std::shared_ptr<Set>& set : extension->sets()) {
-            sets_.push_back({set->sizeOfCopies(), static_cast<std::uint32_t>(set->files().size()),
-                             set->setsState()});
-        }
+        forEachSet(extension->sets(), [this](const Set& set) {
+            sets_.push_back({set.sizeOfCopies(), static_cast<std::uint32_t>(set.files().size()),
+                             set.setsState()});
+            return true;
+        });
     }
 }
 

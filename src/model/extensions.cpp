@@ -1,5 +1,7 @@
 #include "model/extensions.h"
 
+#include "model/each_set.h"
+
 #include <atomic>
 
 namespace tarvin {
@@ -23,20 +25,22 @@ void Extensions::addSet(std::shared_ptr<Set> set) {
 void Extensions::markAllSet() {
     marked_ = 0;
     markedSize_ = 0;
-    for (const std::shared_ptr<Set>& set : sets_) {
-        set->markAllFiles();
-        marked_ += set->totalFilesSelectedInSet();
-        markedSize_ += set->totalFilesSelectedInSetSize();
-    }
+    forEachSet(sets_, [this](Set& set) {
+        set.markAllFiles();
+        marked_ += set.totalFilesSelectedInSet();
+        markedSize_ += set.totalFilesSelectedInSetSize();
+        return true;
+    });
     extensionState_ = CheckState::on;
 }
 
 void Extensions::unmarkAllSet() {
-    for (const std::shared_ptr<Set>& set : sets_) {
-        set->unmarkAllFiles();
+    forEachSet(sets_, [this](Set& set) {
+        set.unmarkAllFiles();
         marked_ = 0;
         markedSize_ = 0;
-    }
+        return true;
+    });
     extensionState_ = CheckState::off;
 }
 
@@ -72,9 +76,21 @@ void Extensions::changeStateOfFile(const std::shared_ptr<File>& file,
 }
 
 void Extensions::changeMarksOfSets(const std::function<void(Set&)>& change) {
+    forEachSet(sets_, [&change](Set& set) {
+        change(set);
+        return true;
+    });
+    updateMarks();
+}
+
+void Extensions::changeMarksOfFewSets(const std::function<void(Set&)>& change) {
     for (const std::shared_ptr<Set>& set : sets_) {
         change(*set);
     }
+    updateMarks();
+}
+
+void Extensions::updateMarks() {
     const CheckState state = determineSelfState();
     extensionState_ = sets_.empty() ? CheckState::off : state;
 }

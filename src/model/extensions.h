@@ -47,6 +47,8 @@ class Extensions final {
     /// Calls `change` with each set, which may change its marks, then updates counters and state.
     /// Without sets the state is off.
     void changeMarksOfSets(const std::function<void(Set&)>& change);
+    /// The same, if `change` does not look into most sets: they are not loaded from memory.
+    void changeMarksOfFewSets(const std::function<void(Set&)>& change);
     /// Sets the marked counters to the sums over the sets and returns the state that follows from
     /// the sets' states: on if every set is on or mixed (also without sets), mixed if some are,
     /// else off. Does not change extensionState().
@@ -90,6 +92,7 @@ class Extensions final {
     void setTotalFilesSelectedInExtensionSize(std::uint64_t bytes) { markedSize_ = bytes; }
 
  private:
+    void updateMarks();
     void adopt(Set& set);
     void releaseSets();
     [[nodiscard]] SetTally walkSets() const;

@@ -1,5 +1,7 @@
 #include "model/marking.h"
 
+#include "model/each_set.h"
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -69,7 +71,7 @@ Marks marksWith(FolderMatch& folder, const Set& set) {
 }
 
 void setMarksOf(Modal& modal, const Set& set, const Marks& marks) {
-    modal.changeMarksOfSets([&set, &marks](Set& each) {
+    modal.changeMarksOfFewSets([&set, &marks](Set& each) {
         if (&each == &set) {
             each.setMarks(marks);
         }
@@ -119,7 +121,7 @@ void unmarkFirstFiles(Modal& modal, const std::vector<std::shared_ptr<Set>>& set
             meant.insert(set.get());
         }
     }
-    modal.changeMarksOfSets([&meant](Set& set) {
+    modal.changeMarksOfFewSets([&meant](Set& set) {
         if (meant.contains(&set)) {
             set.changeStateOfFile(set.files().front());
         }
@@ -129,10 +131,9 @@ void unmarkFirstFiles(Modal& modal, const std::vector<std::shared_ptr<Set>>& set
 bool canMarkFolder(const Modal& modal, const Directory& folder) {
     FolderMatch match(folder);
     for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
-        for (const std::shared_ptr<Set>& set : extension->sets()) {
-            if (changesMarks(match, *set)) {
-                return true;
-            }
+        if (!forEachSet(extension->sets(),
+                        [&match](const Set& set) { return !changesMarks(match, set); })) {
+            return true;
         }
     }
     return false;

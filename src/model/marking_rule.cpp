@@ -1,5 +1,6 @@
 #include "model/marking_rule.h"
 
+#include "model/each_set.h"
 #include "model/folder_ranks.h"
 
 #include <cstddef>
@@ -118,11 +119,15 @@ MarkingOutcome countByRule(const Modal& modal, const MarkingRule& rule,
                            const std::atomic<bool>* stop) {
     SetMarker marker(rule);
     for (const std::shared_ptr<Extensions>& extension : modal.extensions()) {
-        for (const std::shared_ptr<Set>& set : extension->sets()) {
+        const bool isWhole = forEachSet(extension->sets(), [&](const Set& set) {
             if (stop != nullptr && stop->load(std::memory_order_relaxed)) {
-                return marker.outcome();
+                return false;
             }
-            marker.marksOf(*set);
+            marker.marksOf(set);
+            return true;
+        });
+        if (!isWhole) {
+            break;
         }
     }
     return marker.outcome();

@@ -62,6 +62,15 @@ void Modal::changeMarksOfSets(const std::function<void(Set&)>& change) {
     }
 }
 
+void Modal::changeMarksOfFewSets(const std::function<void(Set&)>& change) {
+    totalFilesSelected_ = 0;
+    totalFilesSelectedSize_ = 0;
+    for (const std::shared_ptr<Extensions>& extension : extensionsArray_) {
+        extension->changeMarksOfFewSets(change);
+        addMarksOf(*extension);
+    }
+}
+
 RemovalResult Modal::removeSelectedFilesInSet(const std::shared_ptr<Set>& set,
                                               const std::shared_ptr<Extensions>& extension,
                                               FileMover& mover) {
