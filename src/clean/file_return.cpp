@@ -21,11 +21,6 @@ std::string_view nameOf(std::string_view path) {
     return path.substr(path.rfind('/') + 1);
 }
 
-std::string folderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    return slash == 0 ? "/" : path.substr(0, slash);
-}
-
 std::string nameAtTry(const std::string& own, std::uint64_t number) {
     return number == 0 ? own : putBackName(own, number, maxNameBytes);
 }
@@ -160,7 +155,7 @@ bool FileReturn::isMovedFile(const JournalMove& move, const FileAttributes& ther
 PutBackFile FileReturn::check(const JournalMove& move) {
     PutBackFile file = checkInTrash(move);
     if (isBack(file.outcome)) {
-        checkDestination(folderOf(move.path), file);
+        checkDestination(folderPathOf(move.path), file);
     }
     return file;
 }
@@ -171,7 +166,7 @@ void FileReturn::checkDestination(const std::string& folder, PutBackFile& file) 
     ReturnFolders::Opened opened = folders_.open(nearest);
     while (!opened && opened.error().code == ENOENT && nearest != "/") {
         file.outcome = PutBackOutcome::withItsFolder;
-        nearest = folderOf(nearest);
+        nearest = folderPathOf(nearest);
         opened = folders_.open(nearest);
     }
     if (!opened) {
@@ -202,7 +197,7 @@ PutBackFile FileReturn::putBack(const JournalMove& move) {
     if (!isBack(file.outcome)) {
         return file;
     }
-    const std::string path = folderOf(move.path);
+    const std::string path = folderPathOf(move.path);
     ReturnFolders::Opened folder = folders_.open(path);
     const bool isMade = !folder && folder.error().code == ENOENT;
     if (isMade) {
@@ -245,7 +240,7 @@ void FileReturn::putBackInto(const OpenFolder& folder, const JournalMove& move, 
 }
 
 bool FileReturn::isBackAlready(const JournalMove& move) {
-    const std::string folder = folderOf(move.path);
+    const std::string folder = folderPathOf(move.path);
     const std::string own(nameOf(move.path));
     for (std::uint64_t number = 0; number < maxNames; ++number) {
         const auto now = fileSystem_.attributesAtPath(pathIn(folder, nameAtTry(own, number)));
@@ -266,7 +261,7 @@ bool FileReturn::isAttached(const std::string& trash) {
         return true;
     }
     const auto mounted = fileSystem_.attributesAtPath(top);
-    const auto above = fileSystem_.attributesAtPath(folderOf(top));
+    const auto above = fileSystem_.attributesAtPath(folderPathOf(top));
     return mounted && above && mounted->identity.device != above->identity.device;
 }
 

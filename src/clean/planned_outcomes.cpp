@@ -1,10 +1,16 @@
 #include "clean/planned_outcomes.h"
 
 #include "clean/clean_up.h"
+#include "clean/equal_contents.h"
+#include "clean/listed_name.h"
+#include "platform/file_paths.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <cstddef>
+#include <functional>
+#include <map>
 #include <unordered_set>
 #include <utility>
 
@@ -59,13 +65,19 @@ void PlannedOutcomes::settleMissing(const std::unordered_map<std::string, bool>&
 
 /// Whether the folder of a file exists. If not, its drive may not be mounted.
 bool PlannedOutcomes::isAttached(const JournalMove& move) {
-    const std::size_t slash = move.path.rfind('/');
-    return slash == 0 || fileSystem_.attributesAtPath(move.path.substr(0, slash));
+    return fileSystem_.attributesAtPath(folderPathOf(move.path)).ok();
 }
 
 bool PlannedOutcomes::isInPlace(const JournalMove& move) {
     const Result<FileAttributes> now = fileSystem_.attributesAtPath(move.path);
-    return now && isFileOf(move, *now);
+    return now && (isFileOf(move, *now) || (now->type == EntryType::regular &&
+                                            now->size == move.size && isUnsteady(move.path)));
+}
+
+/// Whether the volume of a file is unsteady.
+bool PlannedOutcomes::isUnsteady(const std::string& path) {
+    const Result<Descriptor> opened = fileSystem_.openFile(path);
+    return opened && unsteadyVolumes_.examine(fileSystem_, *opened);
 }
 
 /// Removes the moves that were not made. One of them may have its .trashinfo file already.
@@ -129,6 +141,51 @@ bool PlannedOutcomes::settleFoundIn(const std::string& trash, std::vector<Journa
             moves.erase(move);
         }
     }
+    return settleFoundByPath(trash, files->identity.device, moves);
+}
+
+/// The same for the files of an unsteady volume, which have other inode numbers or dates now. Only
+/// a Trash on the volume of a file can have it. Of several files that were at one path the last one
+/// moved has the longest name, because names are numbered.
+bool PlannedOutcomes::settleFoundByPath(const std::string& trash, std::uint64_t device,
+                                        std::vector<JournalMove>& moves) {
+    std::vector<std::string> paths;
+    std::vector<std::size_t> numbers;  // of their moves
+    for (std::size_t number = 0; number < moves.size(); ++number) {
+        const auto folder = fileSystem_.attributesAtPath(folderPathOf(moves[number].path));
+        if (folder && folder->identity.device == device) {
+            paths.push_back(moves[number].path);
+            numbers.push_back(number);
+        }
+    }
+    if (paths.empty()) {
+        return true;
+    }
+    const auto found = trash_.findByPath(trash, paths);
+    if (!found) {
+        return false;
+    }
+    // By number of move, the last one first, so that an erased one does not change the others.
+    std::map<std::size_t, std::string, std::greater<>> names;
+    for (const TrashedFrom& each : *found) {
+        const std::size_t number = numbers[each.path];
+        const FileAttributes& now = each.file.attributes;
+        std::string& name = names[number];
+        if (now.type == EntryType::regular && now.size == moves[number].size &&
+            std::pair(each.file.name.size(), each.file.name) > std::pair(name.size(), name) &&
+            isUnsteady(pathIn(trash + "/files", each.file.name))) {
+            name = each.file.name;
+        }
+    }
+    for (const auto& [number, name] : names) {
+        if (!name.empty()) {
+            const auto move = moves.begin() + static_cast<std::ptrdiff_t>(number);
+            move->trashFolder = trash;
+            move->trashName = name;
+            outcomes_.push_back(outcomeOfFound(*move));
+            moves.erase(move);
+        }
+    }
     return true;
 }
 
@@ -147,7 +204,27 @@ bool PlannedOutcomes::staysAsPlanned(const JournalMove& move) {
     }
     const Result<FileAttributes> now = fileSystem_.currentAttributesAtPath(move.staying->path);
     return now && now->type == EntryType::regular && now->size == move.size &&
-           now->modified == move.staying->modified && now->identity.inode == move.staying->inode;
+           ((now->modified == move.staying->modified &&
+             now->identity.inode == move.staying->inode) ||
+            staysWithItsBytes(move, move.staying->path));
+}
+
+/// The same if both files are on one unsteady volume: the staying file is another one if it is
+/// listed and has the bytes of the moved one. Something mounted on a single file does not count.
+bool PlannedOutcomes::staysWithItsBytes(const JournalMove& move, const std::string& path) {
+    const std::string moved = pathIn(move.trashFolder + "/files", move.trashName);
+    const Result<FileAttributes> stays = fileSystem_.currentAttributesAtPath(path);
+    const Result<FileAttributes> away = fileSystem_.currentAttributesAtPath(moved);
+    if (path == move.path || !stays || !away || stays->identity.device != away->identity.device ||
+        !isUnsteady(moved)) {
+        return false;
+    }
+    const std::vector<MountedFolder> mounted = fileSystem_.mountedFolders();
+    return !mounted.empty() &&
+           std::none_of(mounted.begin(), mounted.end(),
+                        [&](const MountedFolder& each) { return each.mountPoint == path; }) &&
+           listsName(fileSystem_, folderPathOf(path), path.substr(path.rfind('/') + 1)) &&
+           haveEqualContents(fileSystem_, {path, *stays, true}, {moved, *away, true}, {});
 }
 
 }  // namespace tarvin

@@ -4,8 +4,10 @@
 #include "platform/file_lock.h"
 #include "platform/file_system.h"
 #include "platform/trash_move.h"
+#include "platform/unsteady_volumes.h"
 #include "store/clean_up_journal.h"
 
+#include <cstdint>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -16,7 +18,8 @@ namespace tarvin {
 [[nodiscard]] bool isFileOf(const JournalMove& move, const FileAttributes& now);
 
 /// Determines the outcomes of planned moves whose process has ended: the file is in its place, in a
-/// Trash, or gone. One thread.
+/// Trash, or gone. On an unsteady volume a file is known by its size and its path or, in the Trash,
+/// the path in its .trashinfo file. One thread.
 class PlannedOutcomes final {
  public:
     /// All arguments must outlive this object.
@@ -40,13 +43,18 @@ class PlannedOutcomes final {
     void settleInPlace(std::vector<JournalMove>& moves);
     void removeTrashInfosOf(const std::vector<std::string>& paths);
     [[nodiscard]] bool settleFoundIn(const std::string& trash, std::vector<JournalMove>& moves);
+    [[nodiscard]] bool settleFoundByPath(const std::string& trash, std::uint64_t device,
+                                         std::vector<JournalMove>& moves);
     [[nodiscard]] RecordedOutcome outcomeOfFound(const JournalMove& move);
     [[nodiscard]] bool staysAsPlanned(const JournalMove& move);
+    [[nodiscard]] bool staysWithItsBytes(const JournalMove& move, const std::string& path);
+    [[nodiscard]] bool isUnsteady(const std::string& path);
 
     FileSystem& fileSystem_;
     TrashMover& trash_;
     const LockFile& turns_;
     FileReturn& files_;
+    UnsteadyVolumes unsteadyVolumes_;
     std::vector<RecordedOutcome> outcomes_;
 };
 

@@ -1,5 +1,6 @@
 #include "clean/set_move.h"
 
+#include "clean/listed_name.h"
 #include "platform/file_paths.h"
 #include "platform/open_folder.h"
 
@@ -11,8 +12,6 @@
 namespace tarvin {
 
 namespace {
-
-constexpr std::size_t listingBytes = 32 * 1024;
 
 bool isMarked(const File& file) {
     return file.state() != CheckState::off;
@@ -250,35 +249,17 @@ bool SetMove::mayBeMountPoint(const OpenFolder& folder, const File& file) {
 }
 
 /// Whether a file of the set other than the moved one has the bytes that arrived in the Trash.
-/// Starts with the survivor.
+/// Starts with the survivor. Two names in one folder are two entries, so there the listing need not
+/// be asked.
 bool SetMove::anyHasBytesOf(const File& file, const SeenFile& arrived) {
     tools_.folders.invalidate();
     for (std::size_t step = 0; step < files_.size(); ++step) {
         const File* const other = files_[(survivor_ + step) % files_.size()];
         if (other != &file && other->filePath() != file.filePath() &&
-            (other->directory() == file.directory() || isListed(*other)) &&
+            (other->directory() == file.directory() ||
+             listsName(tools_.fileSystem, other->directory()->path(), other->fileName())) &&
             hasBytesOf(*other, arrived)) {
             return true;
-        }
-    }
-    return false;
-}
-
-/// Whether the folder of a file, opened anew, has its name. A name that was moved through another
-/// path may still be remembered, and could be opened; a listing comes from the volume. Two names
-/// in one folder are two entries, so there it need not be asked.
-bool SetMove::isListed(const File& file) {
-    const Result<Descriptor> folder = tools_.fileSystem.openRootDirectory(file.directory()->path());
-    EntryBlock block(listingBytes);
-    while (folder) {
-        const Result<bool> more = tools_.fileSystem.listEntries(*folder, block);
-        const auto entries = block.entries();
-        if (std::any_of(entries.begin(), entries.end(),
-                        [&](const auto& entry) { return entry.name == file.fileName(); })) {
-            return true;
-        }
-        if (!more || !*more) {
-            return false;
         }
     }
     return false;

@@ -78,7 +78,6 @@ class SetMove final {
     [[nodiscard]] bool hasBytesOf(const File& other, const SeenFile& file);
     [[nodiscard]] bool mayBeMountPoint(const OpenFolder& folder, const File& file);
     [[nodiscard]] bool anyHasBytesOf(const File& file, const SeenFile& arrived);
-    [[nodiscard]] bool isListed(const File& file);
     [[nodiscard]] bool isAsMoved(const File& file, const Seen& seen) const;
     [[nodiscard]] bool confirmEqual(const File& one, const FileAttributes& oneNow,
                                     const File& other, const FileAttributes& otherNow);

@@ -73,6 +73,11 @@ std::string pathIn(const std::string& folder, std::string_view name) {
     return path;
 }
 
+std::string folderPathOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
 bool isWithin(std::string_view path, std::string_view folder) {
     return folder == "/" || (path.starts_with(folder) &&
                              (path.size() == folder.size() || path[folder.size()] == '/'));

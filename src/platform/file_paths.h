@@ -20,6 +20,9 @@ Result<std::string> absolutePath(const std::string& path);
 /// The path of `name` in `folder`, or of the folder itself if `name` is empty.
 [[nodiscard]] std::string pathIn(const std::string& folder, std::string_view name);
 
+/// The path of the folder that an entry is in.
+[[nodiscard]] std::string folderPathOf(const std::string& path);
+
 /// Whether `path` is the folder or leads into it. Every path is within the empty folder.
 [[nodiscard]] bool isWithin(std::string_view path, std::string_view folder);
 

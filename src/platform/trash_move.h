@@ -5,6 +5,7 @@
 #include "platform/result.h"
 #include "platform/timestamp.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -49,6 +50,12 @@ struct TrashRefusal {
 struct TrashedFile {
     std::string name;  ///< in "files"
     FileAttributes attributes;
+};
+
+/// A file found in a Trash by the path in its .trashinfo file.
+struct TrashedFrom {
+    std::size_t path = 0;  ///< the number of the path in the request
+    TrashedFile file;
 };
 
 /// The user whose files are moved.
@@ -104,6 +111,13 @@ class TrashMover {
     /// twice.
     virtual Result<std::vector<TrashedFile>, TrashRefusal> find(
         const std::string& trash, std::span<const FileIdentity> wanted) = 0;
+
+    /// The files in a Trash whose .trashinfo files hold one of `paths`, in the order of the listing
+    /// of "info": for volumes whose files have other identities now. Reads every .trashinfo file.
+    virtual Result<std::vector<TrashedFrom>, TrashRefusal> findByPath(
+        const std::string& /*trash*/, std::span<const std::string> /*paths*/) {
+        return std::vector<TrashedFrom>();
+    }
 
     /// Writes the .trashinfo file of a file in a Trash, which was at `path` until `moved`, if it is
     /// missing or, as after a power failure, incomplete.

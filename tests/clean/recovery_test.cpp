@@ -1,6 +1,7 @@
 #include "clean/recovery.h"
 
 #include "clean/clean_up_fixture.h"
+#include "clean/file_return.h"
 #include "platform/linux/trash_mover.h"
 #include "support/faulty_database.h"
 #include "support/faulty_trash_calls.h"
@@ -10,6 +11,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <fstream>
 #include <functional>
@@ -137,11 +139,12 @@ class KilledMove : public ::testing::Test {
     }
 
     /// Recovers and returns the count of the totals.
-    std::int64_t recover(const std::string& home) {
+    static std::int64_t recover(const std::string& home,
+                                FileSystem& fileSystem = systemFileSystem()) {
         CleaningUser user(home);
         DataFile totals(home);
-        EXPECT_FALSE(recoverCleanUps(systemFileSystem(), user.mover(), user.turns(), user.journal(),
-                                     totals));
+        EXPECT_FALSE(
+            recoverCleanUps(fileSystem, user.mover(), user.turns(), user.journal(), totals));
         EXPECT_TRUE(valueOf(user.journal().crashed()).empty());
         EXPECT_EQ(user.trashInfos(), user.trashed());
         return totals.alreadyDeletedCount();
@@ -188,6 +191,109 @@ TEST_F(KilledMove, IsCountedIfTheSurvivorIsUnchanged) {
     EXPECT_EQ(recover(one_.path()), 1);
     EXPECT_FALSE(fs::exists(b_));
     EXPECT_EQ(contentOf(a_), "bytes");
+}
+
+/// On a volume where files have other inode numbers and dates at the next start.
+class KilledUnsteadyMove : public KilledMove {
+ protected:
+    KilledUnsteadyMove() { unsteady_.jitterInodes(); }
+
+    /// Gives a file another inode number and date.
+    static void renumber(const std::string& path) {
+        const std::string content = contentOf(path);
+        fs::rename(path, path + ".old");
+        std::ofstream(path) << content;
+        fs::remove(path + ".old");
+        fs::last_write_time(path, fs::file_time_type() + std::chrono::hours(1));
+    }
+
+    [[nodiscard]] std::string inTrash(const std::string& name) const {
+        return one_.pathOf("Trash/files/" + name);
+    }
+
+    /// Why the file of the newest clean-up was left.
+    [[nodiscard]] std::string reason() const {
+        const std::vector<JournalMove> left = moves(MoveState::left);
+        return left.size() == 1 ? left.front().reason : "not left";
+    }
+
+    /// The moves of the newest clean-up in this state.
+    [[nodiscard]] std::vector<JournalMove> moves(MoveState state) const {
+        CleaningUser user(one_.path());
+        const CleanUpId id = valueOf(user.journal().cleanUps()).front().id;
+        return valueOf(user.journal().moves(id, {state}, 10, 0));
+    }
+
+    FaultyFileSystem unsteady_;
+};
+
+TEST_F(KilledUnsteadyMove, IsFoundByItsTrashInfo) {
+    killedWhileMoving(a_, b_, one_.path());
+    renumber(inTrash("b.txt"));
+    renumber(a_);
+    EXPECT_EQ(recover(one_.path(), unsteady_), 1);
+    const std::vector<JournalMove> moved = moves(MoveState::moved);
+    ASSERT_EQ(moved.size(), 1U);
+    EXPECT_EQ(moved.front().trashName, "b.txt");
+    EXPECT_FALSE(fs::exists(b_));
+    CleaningUser user(one_.path());
+    FileReturn files(unsteady_, user.mover());
+    EXPECT_EQ(files.putBack(moved.front()).outcome, PutBackOutcome::toItsPlace);
+    EXPECT_EQ(contentOf(b_), "bytes");
+}
+
+TEST_F(KilledUnsteadyMove, IsTheLastOfThoseFromItsPath) {
+    for (int round = 0; round < 2; ++round) {
+        tree_.writeFile("b.txt", "bytes");
+        killedWhileMoving(a_, b_, one_.path());
+    }
+    renumber(inTrash("b.txt"));
+    const std::string last = "b.2.txt";
+    ASSERT_TRUE(fs::exists(inTrash(last)));
+    renumber(inTrash(last));
+    recover(one_.path(), unsteady_);
+    const std::vector<JournalMove> moved = moves(MoveState::moved);
+    ASSERT_EQ(moved.size(), 1U);
+    EXPECT_EQ(moved.front().trashName, last);
+}
+
+TEST_F(KilledUnsteadyMove, IsUndoneIfTheSurvivorHasOtherBytes) {
+    killedWhileMoving(a_, b_, one_.path());
+    renumber(inTrash("b.txt"));
+    std::ofstream(a_) << "other";
+    EXPECT_EQ(recover(one_.path(), unsteady_), 0);
+    EXPECT_EQ(contentOf(b_), "bytes");
+}
+
+TEST_F(KilledUnsteadyMove, IsUndoneIfTheSurvivorIsMissing) {
+    killedWhileMoving(a_, b_, one_.path());
+    renumber(inTrash("b.txt"));
+    fs::remove(a_);
+    EXPECT_EQ(recover(one_.path(), unsteady_), 0);
+    EXPECT_EQ(contentOf(b_), "bytes");
+}
+
+TEST_F(KilledUnsteadyMove, IsNotFoundInAFileOfAnotherSize) {
+    killedWhileMoving(a_, b_, one_.path());
+    std::ofstream(inTrash("b.txt")) << "other bytes";
+    renumber(inTrash("b.txt"));
+    EXPECT_EQ(recover(one_.path(), unsteady_), 0);
+    EXPECT_EQ(reason(), "gone");
+}
+
+TEST_F(KilledUnsteadyMove, OfASteadyVolumeIsNotFoundInAnotherFile) {
+    killedWhileMoving(a_, b_, one_.path());
+    renumber(inTrash("b.txt"));
+    EXPECT_EQ(recover(one_.path()), 0);
+    EXPECT_EQ(reason(), "gone");
+}
+
+TEST_F(KilledUnsteadyMove, ThatWasNotMadeIsStopped) {
+    killedWhileMoving(a_, b_, one_.path(), MoveStep::moveToTrash);
+    renumber(b_);
+    EXPECT_EQ(recover(one_.path(), unsteady_), 0);
+    EXPECT_EQ(reason(), "stopped");
+    EXPECT_EQ(contentOf(b_), "bytes");
 }
 
 TEST_F(KilledMove, OfTwoUsersBeforeTheirRechecksLeavesACopy) {

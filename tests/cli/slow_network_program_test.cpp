@@ -216,6 +216,7 @@ TEST_P(UnsteadyNetwork, LosesNothingIfACleanUpIsKilled) {
         tree_.writeFile("a/" + name, name);
         tree_.writeFile("b/" + name, name);
     }
+    const std::map<std::string, std::string> before = filesIn(tree_.path());
     SlowNetwork network(tree_.path(), 1, std::string("--writable ") + GetParam());
     if (!network) {
         return;
@@ -229,6 +230,11 @@ TEST_P(UnsteadyNetwork, LosesNothingIfACleanUpIsKilled) {
     EXPECT_EQ(runTarvin({"totals"}, setting).status, 0);
     EXPECT_EQ(livingContents(), static_cast<std::size_t>(sets));
     EXPECT_EQ(filesIn(tree_.path()).size(), 2U * sets);
+    // Every file in the Trash was recorded.
+    const ProgramResult restored = runTarvin({"restore", "--yes"}, setting);
+    EXPECT_EQ(restored.errors, "");
+    EXPECT_EQ(inTrash(), 0U);
+    EXPECT_EQ(filesIn(tree_.path()), before);
     const ProgramResult again = runTarvin({"clean", "--yes", network.path()}, setting);
     EXPECT_EQ(again.errors, "");
     EXPECT_EQ(livingContents(), static_cast<std::size_t>(sets));

@@ -82,6 +82,42 @@ bool TrashFolder::wasAt(const std::string& name, std::string_view original) cons
     return readTrashInfo(name, text) == 0 && trashInfoPath(text) == percentEncoded(original);
 }
 
+Result<std::vector<TrashedFrom>, TrashRefusal> TrashFolder::findByPath(
+    const std::unordered_map<std::string, std::size_t>& originals) const {
+    FileSystem& fileSystem = systemFileSystem();
+    // A separate descriptor: its listing starts at the beginning.
+    const auto infos = fileSystem.openDirectoryAt(parts_.info(), ".");
+    if (!infos) {
+        return systemRefusal(infos.error().code);
+    }
+    std::vector<TrashedFrom> found;
+    EntryBlock block(trashListingBytes);
+    Result<bool> more = false;
+    while ((more = fileSystem.listEntries(*infos, block)) && *more) {
+        for (const EntryBlock::Entry& entry : block.entries()) {
+            std::string name(entry.name);
+            std::string text;
+            if (!name.ends_with(trashInfoSuffix)) {
+                continue;
+            }
+            name.resize(name.size() - trashInfoSuffix.size());
+            const std::optional<std::string_view> original =
+                readTrashInfo(name, text) == 0 ? trashInfoPath(text) : std::nullopt;
+            const auto wanted = original ? originals.find(std::string(*original)) : originals.end();
+            if (wanted == originals.end()) {
+                continue;
+            }
+            if (const auto attributes = fileSystem.attributesAt(files(), name.c_str())) {
+                found.push_back({wanted->second, {std::move(name), *attributes}});
+            }
+        }
+    }
+    if (!more) {
+        return systemRefusal(more.error().code);
+    }
+    return found;
+}
+
 std::optional<TrashRefusal> TrashFolder::repairTrashInfo(const std::string& name,
                                                          std::string_view original,
                                                          std::string_view date) {

@@ -11,8 +11,10 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
+#include <vector>
 
 namespace tarvin {
 
@@ -39,6 +41,11 @@ class TrashFolder final {
 
     /// Whether the .trashinfo file of a file in this Trash has this path.
     [[nodiscard]] bool wasAt(const std::string& name, std::string_view original) const;
+
+    /// See `TrashMover::findByPath`. `originals` are paths as a .trashinfo file holds them, with
+    /// their numbers.
+    [[nodiscard]] Result<std::vector<TrashedFrom>, TrashRefusal> findByPath(
+        const std::unordered_map<std::string, std::size_t>& originals) const;
 
     /// Writes the .trashinfo file of a file in this Trash, unless there is a complete one.
     std::optional<TrashRefusal> repairTrashInfo(const std::string& name, std::string_view original,

@@ -19,6 +19,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -56,6 +57,8 @@ class LinuxTrashMover final : public TrashMover {
                                         const char* name) override;
     Result<std::vector<TrashedFile>, TrashRefusal> find(
         const std::string& trash, std::span<const FileIdentity> wanted) override;
+    Result<std::vector<TrashedFrom>, TrashRefusal> findByPath(
+        const std::string& trash, std::span<const std::string> paths) override;
     std::optional<TrashRefusal> repairTrashInfo(const TrashPlace& place, const std::string& path,
                                                 Timestamp moved) override;
     std::optional<TrashRefusal> removeUnusedTrashInfos(
@@ -201,6 +204,19 @@ Result<std::vector<TrashedFile>, TrashRefusal> LinuxTrashMover::find(
         return systemRefusal(more.error().code);
     }
     return found;
+}
+
+Result<std::vector<TrashedFrom>, TrashRefusal> LinuxTrashMover::findByPath(
+    const std::string& trash, std::span<const std::string> paths) {
+    const auto known = trashes_.at(trash);
+    if (!known) {
+        return known.error();
+    }
+    std::unordered_map<std::string, std::size_t> originals;
+    for (std::size_t number = 0; number < paths.size(); ++number) {
+        originals.emplace(percentEncoded(relativeToTop(**known, paths[number])), number);
+    }
+    return (*known)->folder.findByPath(originals);
 }
 
 std::optional<TrashRefusal> LinuxTrashMover::repairTrashInfo(const TrashPlace& place,
