@@ -1,6 +1,7 @@
 #include "scan/collector.h"
 
 #include "platform/file_paths.h"
+#include "scan/own_folder.h"
 #include "scan/trash_folders.h"
 
 #include <algorithm>
@@ -189,7 +190,7 @@ void Collector::check(GivenFolder& folder) {
         return;
     }
     const IoWatch::Call call(watch_, *folder.directory);
-    folder.isOwn = isOwnFolder(*folder.directory);
+    folder.isOwn = holdsOwnFiles(*folder.directory);
     // Resolves a folder that is a symbolic link.
     const Result<FileAttributes> attributes =
         fileSystem_.attributesAtPath(folder.directory->path() + "/.");
@@ -356,17 +357,13 @@ Result<bool> Collector::isLocationInTrash(const Directory& location) {
 }
 
 /// Whether it is the folder with the program's own files, which are skipped.
-bool Collector::isOwnFolder(const Directory& folder) {
-    const std::optional<FileIdentity> own = fileSystem_.ownFolder();
-    if (!own) {
-        return false;
-    }
-    const Result<Descriptor> opened = fileSystem_.openRootDirectory(folder.path());
-    if (!opened) {
-        return false;
-    }
-    const Result<FileAttributes> attributes = fileSystem_.attributesOf(*opened);
-    return attributes && attributes->identity == *own;
+bool Collector::holdsOwnFiles(const Directory& folder) {
+    const std::string path = folder.path();
+    const Result<Descriptor> opened = fileSystem_.openRootDirectory(path);
+    const Result<FileAttributes> attributes =
+        opened ? fileSystem_.attributesOf(*opened) : Result<FileAttributes>(opened.error());
+    return attributes &&
+           isOwnFolder(fileSystem_, unsteadyVolumes_, path, *opened, attributes->identity);
 }
 
 void Collector::takeFile(const Directory& directory, const ListedEntry& entry) {

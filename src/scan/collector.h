@@ -86,7 +86,7 @@ class Collector final {
     void takeFile(const Directory& directory, const ListedEntry& entry);
     void reportFile(const Directory& directory, const ListedEntry& entry);
     [[nodiscard]] Result<bool> isLocationInTrash(const Directory& location);
-    [[nodiscard]] bool isOwnFolder(const Directory& folder);
+    [[nodiscard]] bool holdsOwnFiles(const Directory& folder);
     void addToArrayFile(const Directory& directory, const ListedEntry& entry);
 
     FileSystem& fileSystem_;

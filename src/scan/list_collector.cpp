@@ -1,5 +1,6 @@
 #include "scan/list_collector.h"
 
+#include "scan/own_folder.h"
 #include "scan/trash_folders.h"
 
 namespace tarvin {
@@ -9,6 +10,7 @@ ListCollector::ListCollector(const ScanServices& services, const ExceptionFilter
     : fileSystem_(services.fileSystem),
       control_(services.control),
       watch_(services.watch),
+      unsteadyVolumes_(services.unsteadyVolumes),
       exceptions_(exceptions),
       observer_(observer),
       gate_(gate),
@@ -99,7 +101,7 @@ void ListCollector::examine(Folder& folder) {
         folder.state = ListedState::isSpecial;
         return;
     }
-    if (fileSystem_.ownFolder() == attributes->identity) {
+    if (isOwnFolder(fileSystem_, unsteadyVolumes_, path, *opened, attributes->identity)) {
         folder.state = ListedState::isOwn;
         return;
     }

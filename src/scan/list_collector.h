@@ -43,6 +43,7 @@ class ListCollector final {
     FileSystem& fileSystem_;
     ScanControl& control_;
     IoWatch& watch_;
+    UnsteadyVolumes& unsteadyVolumes_;
     const ExceptionFilter& exceptions_;
     ScanObserver& observer_;
     ProgressGate& gate_;

@@ -1,6 +1,7 @@
 #include "scan/tree_reader.h"
 
 #include "scan/open_with_retry.h"
+#include "scan/own_folder.h"
 #include "scan/trash_folders.h"
 
 #include <algorithm>
@@ -29,8 +30,6 @@ constexpr std::size_t entriesBetweenChecks = 64;
 constexpr std::size_t entriesAShare = 4;
 constexpr std::chrono::milliseconds slowShare{2};
 constexpr std::chrono::milliseconds poolPollInterval{20};
-/// Of the folder with the program's own files.
-constexpr std::string_view ownFolderName = "Tarvin Duplicate File Remover";
 constexpr std::size_t minFoldersKeptOpen = 4;
 constexpr std::size_t maxFoldersKeptOpen = 128;
 // Reserved for the rest of the process: standard streams, libraries, files being compared.

@@ -230,6 +230,25 @@ TEST_F(FilteredCollection, AGivenFileOfOurOwnIsSkipped) {
     EXPECT_TRUE(unreadable_.empty());
 }
 
+TEST_F(FilteredCollection, AGivenFileOfOurOwnIsSkippedWhereFoldersAreRenumbered) {
+    const std::string own = "Tarvin Duplicate File Remover";
+    write({"a.txt", own + "/b.txt", "other/c.txt"});
+    tree_.makeLink("link", own);
+    tree_.makeLink("x " + own, "other");
+    fileSystem_.setOwnFolder(systemFileSystem().attributesAtPath(tree_.pathOf(own))->identity);
+    fileSystem_.jitterFolders();
+    EXPECT_EQ(collect({own + "/b.txt", "a.txt", "link/b.txt", "x " + own + "/c.txt"}),
+              (Names{"a.txt", "x " + own + "/c.txt"}));
+    EXPECT_TRUE(unreadable_.empty());
+}
+
+TEST_F(FilteredCollection, OfAnotherFolderOfThatNameAGivenFileIsTaken) {
+    write({"Tarvin Duplicate File Remover/b.txt", "own/c.txt"});
+    fileSystem_.setOwnFolder(systemFileSystem().attributesAtPath(tree_.pathOf("own"))->identity);
+    EXPECT_EQ(collect({"Tarvin Duplicate File Remover/b.txt"}),
+              Names{"Tarvin Duplicate File Remover/b.txt"});
+}
+
 TEST_F(FilteredCollection, AGivenFileOnAPseudoFileSystemIsReported) {
     write({"a.txt"});
     const auto attributes = systemFileSystem().attributesAtPath(tree_.path());

@@ -255,6 +255,23 @@ TEST_F(ListScan, AFileOfOurOwnIsNotUsed) {
     EXPECT_EQ(state(2), ListedState::isOwn);
 }
 
+TEST_F(ListScan, AFileOfOurOwnIsNotUsedWhereFoldersAreRenumbered) {
+    const std::string own = "Tarvin Duplicate File Remover";
+    folder_.writeFile(own + "/a", "same");
+    folder_.writeFile("b", "same");
+    folder_.makeLink("way", folder_.pathOf(own));
+    fileSystem_.setOwnFolder(systemFileSystem().attributesAtPath(folder_.pathOf(own))->identity);
+    fileSystem_.jitterFolders();
+    add(own + "/a", 0, true);
+    add("b", 0);
+    add("way/a", 0, true);
+    scan();
+    EXPECT_EQ(sets(), "");
+    EXPECT_EQ(state(0), ListedState::isOwn);
+    EXPECT_EQ(state(1), ListedState::hasNoSurvivor);
+    EXPECT_EQ(state(2), ListedState::isOwn);
+}
+
 /// Otherwise a file in a Trash could be the copy that stays.
 TEST_F(ListScan, AFileOfWhichItIsNotKnownWhetherItIsInATrashIsNotUsed) {
     folder_.writeFile("one/a", "same");
