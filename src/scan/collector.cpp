@@ -33,6 +33,18 @@ EntryInterest interestIn(std::string_view name) {
     return pathExtension(name).empty() ? EntryInterest::name : EntryInterest::attributes;
 }
 
+/// Levels below a location that are walked on an unsteady volume. Identities cannot show there that
+/// a folder leads into itself, as links made by a server can; its path would grow without end.
+constexpr int maxUnsteadyLevels = 100;
+
+bool isTooDeep(const Directory& directory) {
+    int levels = 0;
+    for (const Directory* above = directory.parent; above != nullptr; above = above->parent) {
+        ++levels;
+    }
+    return levels > maxUnsteadyLevels;
+}
+
 /// `filter` must outlive the result.
 TreeReader::Interest interestWith(const ScanFilter& filter) {
     return [&filter](const Directory& folder, std::string_view name, EntryType type) {
@@ -260,7 +272,9 @@ bool Collector::enter(Directory& directory, const std::shared_ptr<TreeReader::Li
     const Result<FileIdentity> told = reader_.identityOf(listing);
     if (told) {
         const FileIdentity identity = identityFor(directory, *told);
-        if (walked_.insert(identity).second) {
+        if (unsteadyVolumes_.contains(told->device) && isTooDeep(directory)) {
+            unreadableLog_.addFolder(directory, SystemError{EMLINK});
+        } else if (walked_.insert(identity).second) {
             directory.identity = identity;
             return true;
         }

@@ -26,7 +26,7 @@ namespace tarvin {
 /// Made for one scan and used on one thread; the workers of the pool list ahead. A folder is walked
 /// once per scan and a file taken once, even if several paths lead to it; on a volume whose folders
 /// have no lasting inode numbers (UnsteadyVolumes), if these are one path after symbolic links and
-/// bind mounts are resolved. A file that is a location
+/// bind mounts are resolved, and at most 100 levels below a location. A file that is a location
 /// itself is taken even if it is hidden; all else that is skipped inside folders, it is too.
 /// Folders that cannot be listed and files whose attributes cannot be read go to the UnreadableLog;
 /// see unreadableLocations() for the locations.

@@ -734,6 +734,28 @@ TEST_F(CollectorTest, SkipsOurOwnFiles) {
     EXPECT_EQ(documents(std::move(collection)), (Names{"a.txt", "data/c.txt"}));
 }
 
+/// Without a last path a folder that leads into itself could not be told from a deep one.
+TEST_F(CollectorTest, WalksAHundredLevelsOfAVolumeThatRenumbersFolders) {
+    std::string name;
+    for (int level = 0; level < 101; ++level) {
+        name += "d/";
+        if (level > 97) {
+            write({name + "1.txt"});
+        }
+    }
+    EXPECT_EQ(collectTree().lists.total(), 3U);
+    fileSystem_.jitterFolders();
+    Collection collection = collectTree();
+    EXPECT_EQ(collection.lists.total(), 2U);
+    EXPECT_TRUE(collection.unreadable.empty());
+    const UnreadableReport& report = collection.unreadableInside;
+    ASSERT_EQ(report.kept.size(), 1U);
+    name.pop_back();
+    EXPECT_EQ(report.kept[0].path, tree_.pathOf(name));
+    EXPECT_TRUE(report.kept[0].isFolder);
+    EXPECT_EQ(report.kept[0].error.code, EMLINK);
+}
+
 TEST_F(CollectorTest, SkipsTheHomeTrashAsALocation) {
     write({"data/Trash/files/b.txt"});
     fileSystem_.setHomeTrash(identityOf(tree_.pathOf("data/Trash")));
