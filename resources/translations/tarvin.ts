@@ -455,6 +455,10 @@ Modified Date       : %4</source>
         <source>The disk is full</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Its copy on another volume may be the same file</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tarvin::KeptList</name>

@@ -462,6 +462,10 @@ Geändert       : %4</translation>
         <source>The disk is full</source>
         <translation>Das Laufwerk ist voll</translation>
     </message>
+    <message>
+        <source>Its copy on another volume may be the same file</source>
+        <translation>Seine Kopie auf einem anderen Laufwerk ist vielleicht dieselbe Datei</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::KeptList</name>

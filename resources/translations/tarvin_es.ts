@@ -462,6 +462,10 @@ Modificado  : %4</translation>
         <source>The disk is full</source>
         <translation>El disco está lleno</translation>
     </message>
+    <message>
+        <source>Its copy on another volume may be the same file</source>
+        <translation>Su copia en otro volumen puede ser el mismo archivo</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::KeptList</name>

@@ -462,6 +462,10 @@ Modifié le  : %4</translation>
         <source>The disk is full</source>
         <translation>Le disque est plein</translation>
     </message>
+    <message>
+        <source>Its copy on another volume may be the same file</source>
+        <translation>Sa copie sur un autre volume est peut-être le même fichier</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::KeptList</name>

@@ -462,6 +462,10 @@ Modified Date       : %4</source>
         <source>The disk is full</source>
         <translation>ディスクがいっぱいです</translation>
     </message>
+    <message>
+        <source>Its copy on another volume may be the same file</source>
+        <translation>別のボリュームのコピーは同じファイルかもしれません</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::KeptList</name>

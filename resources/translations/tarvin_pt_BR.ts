@@ -462,6 +462,10 @@ Modificado em  : %4</translation>
         <source>The disk is full</source>
         <translation>O disco está cheio</translation>
     </message>
+    <message>
+        <source>Its copy on another volume may be the same file</source>
+        <translation>A cópia em outro volume pode ser o mesmo arquivo</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::KeptList</name>

@@ -462,6 +462,10 @@ Modified Date       : %4</source>
         <source>The disk is full</source>
         <translation>磁盘已满</translation>
     </message>
+    <message>
+        <source>Its copy on another volume may be the same file</source>
+        <translation>另一个卷上的副本可能是同一个文件</translation>
+    </message>
 </context>
 <context>
     <name>tarvin::KeptList</name>

@@ -21,8 +21,8 @@ enum class MoveOutcome : std::uint8_t {
 
 struct MoveResult {
     MoveOutcome outcome = MoveOutcome::stopped;
-    /// refused: the message of the system or of the Trash. moved: empty, or why the file could not
-    /// be moved back although no other file of its set was found after the move. Otherwise empty.
+    /// refused: the text of the system or of the Trash. moved: empty, or why it could not be moved
+    /// back although no other copy was found. lastCopy: empty, or why a copy does not count.
     std::string reason;
     // The cause of `reason`, for callers that translate it.
     TrashRefusalKind refusal = TrashRefusalKind::system;

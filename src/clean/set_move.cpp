@@ -54,6 +54,7 @@ MoveResult SetMove::move(const File& file, TrashPlace& place) {
     if (isStopped()) {
         return {MoveOutcome::stopped, {}};
     }
+    isDoubtful_ = false;
     before(MoveStep::checkFile);
     const Result<Seen> seen = stat(file);
     if (!seen) {
@@ -68,7 +69,7 @@ MoveResult SetMove::move(const File& file, TrashPlace& place) {
     }
     before(MoveStep::findSurvivor);
     if (!mayTakeAll_ && !findSurvivor(file, *seen)) {
-        return {unlessStopped(MoveOutcome::lastCopy), {}};
+        return leftWith(unlessStopped(MoveOutcome::lastCopy));
     }
     if (mayTakeAll_ && match == Match::otherChange && !isAsMoved(file, *seen) &&
         !findSurvivor(file, *seen)) {
@@ -229,11 +230,14 @@ bool SetMove::hasBytesOf(const File& other, const SeenFile& file) {
     }
     const Match match = this->match(other, *now);
     const bool isOnSameVolume = now->identity.device == file.attributes.identity.device;
-    if (match == Match::different || (match != Match::asCompared && !isOnSameVolume)) {
+    const bool isDoubtful = match != Match::asCompared && !isOnSameVolume;
+    if (match == Match::different || (isDoubtful && isDoubtful_)) {
         return false;
     }
-    return haveEqualContents(tools_.fileSystem, {path, *now, match == Match::onlySize}, file,
-                             tools_.stopped);
+    const bool isEqual = haveEqualContents(
+        tools_.fileSystem, {path, *now, match == Match::onlySize}, file, tools_.stopped);
+    isDoubtful_ = isDoubtful_ || (isDoubtful && isEqual);
+    return isEqual && !isDoubtful;
 }
 
 /// Whether something may be mounted at the path of a file: that would stay there even if the file
@@ -340,7 +344,12 @@ MoveResult SetMove::moveBack(const File& file, const Seen& seen, const TrashPlac
     const std::optional<TrashRefusal> refusal =
         tools_.trash.putBack(place, seen.folder->descriptor, name.c_str());
     return refusal ? MoveResult{MoveOutcome::moved, refusal->text, refusal->kind, refusal->error}
-                   : MoveResult{outcome, {}};
+                   : leftWith(outcome);
+}
+
+MoveResult SetMove::leftWith(MoveOutcome outcome) const {
+    const bool isDoubtful = outcome == MoveOutcome::lastCopy && isDoubtful_;
+    return {outcome, isDoubtful ? "its copy on another volume may be the same file" : ""};
 }
 
 bool SetMove::isStopped() const {

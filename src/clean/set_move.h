@@ -87,6 +87,7 @@ class SetMove final {
     [[nodiscard]] bool isUnchangedNow(const File& file, const FileAttributes& moved);
     [[nodiscard]] MoveResult moveBack(const File& file, const Seen& seen, const TrashPlace& place,
                                       MoveOutcome outcome);
+    [[nodiscard]] MoveResult leftWith(MoveOutcome outcome) const;
     [[nodiscard]] bool isStopped() const;
     [[nodiscard]] MoveOutcome unlessStopped(MoveOutcome outcome) const;
     void before(MoveStep step) const;
@@ -96,6 +97,7 @@ class SetMove final {
     std::size_t survivor_ = 0;        // index in `files_` of the last one found
     FileAttributes survivorState_;
     bool comparesArrived_ = false;  // the survivor was found by its bytes
+    bool isDoubtful_ = false;       // only a copy that may be the current file itself was found
     bool mayTakeAll_;
     std::optional<SeenFile> moved_;  // the last file moved, if all may go
     // For files with another change date: the one at which their bytes were equal to a file as

@@ -143,7 +143,7 @@ std::string reasonFor(const MoveResult& result) {
         case MoveOutcome::changed:
             return "file has changed since the scan";
         case MoveOutcome::lastCopy:
-            return "no unchanged copy would be left";
+            return result.reason.empty() ? "no unchanged copy would be left" : result.reason;
         case MoveOutcome::stopped:
             return "stopped before its turn";
         case MoveOutcome::refused:

@@ -62,7 +62,8 @@ QString KeptFiles::reasonOf(const MoveResult& result) {
         case MoveOutcome::changed:
             return tr("Changed since the scan");
         case MoveOutcome::lastCopy:
-            return tr("No other copy is left");
+            return result.reason.empty() ? tr("No other copy is left")
+                                         : tr("Its copy on another volume may be the same file");
         case MoveOutcome::stopped:
             return tr("Stopped before its turn");
         case MoveOutcome::moved:

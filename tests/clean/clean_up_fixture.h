@@ -128,6 +128,26 @@ inline CleanUp::Settings at(MoveStep step, std::function<void()> action) {
 /// Outcomes by file name, in order.
 using MoveReport = std::vector<std::pair<std::string, MoveOutcome>>;
 
+inline std::vector<MoveResult> resultsOfCleanUp(Modal& modal, CleaningUser& user,
+                                                FileSystem& fileSystem,
+                                                CleanUp::Settings settings = {}) {
+    std::vector<MoveResult> results;
+    settings.report = [&results, other = std::move(settings.report)](const File& file,
+                                                                     const MoveResult& result) {
+        results.push_back(result);
+        if (other) {
+            other(file, result);
+        }
+    };
+    CleanUp cleanUp(fileSystem, user.mover(), user.journal(), user.turns(),
+                    systemPlatform().clock(), std::move(settings));
+    DeletionControl control;
+    DeletionWalk walk(modal, cleanUp, control, {});
+    walk.run();
+    EXPECT_FALSE(cleanUp.finish().has_value());
+    return results;
+}
+
 inline MoveReport cleanUp(Modal& modal, CleaningUser& user, FileSystem& fileSystem,
                           CleanUp::Settings settings = {},
                           std::chrono::milliseconds folderMaxAge = {}) {
@@ -136,12 +156,7 @@ inline MoveReport cleanUp(Modal& modal, CleaningUser& user, FileSystem& fileSyst
     settings.report = [&report](const File& file, const MoveResult& result) {
         report.emplace_back(file.fileName(), result.outcome);
     };
-    CleanUp cleanUp(fileSystem, user.mover(), user.journal(), user.turns(),
-                    systemPlatform().clock(), std::move(settings));
-    DeletionControl control;
-    DeletionWalk walk(modal, cleanUp, control, {});
-    walk.run();
-    EXPECT_FALSE(cleanUp.finish().has_value());
+    resultsOfCleanUp(modal, user, fileSystem, std::move(settings));
     return report;
 }
 

@@ -32,6 +32,7 @@ class UnsteadyCleanUp : public ::testing::TestWithParam<UnsteadyAnswers> {
     static constexpr MoveOutcome moved = MoveOutcome::moved;
     static constexpr MoveOutcome changed = MoveOutcome::changed;
     static constexpr MoveOutcome lastCopy = MoveOutcome::lastCopy;
+    static constexpr const char* mayBeSame = "its copy on another volume may be the same file";
 
     UnsteadyCleanUp() {
         if (GetParam().inodes) {
@@ -170,9 +171,35 @@ TEST_P(UnsteadyCleanUp, DoesNotCountAFileOnAnotherUnsteadyVolume) {
     ComparedFiles files;
     files.addSet({one_, two_});
     fileSystem_.setIdentity(one_, {99, 5});
-    EXPECT_EQ(cleanUp(files.marked(), user_, fileSystem_), (MoveReport{{"two.txt", lastCopy}}));
+    const auto results = resultsOfCleanUp(files.marked(), user_, fileSystem_);
+    ASSERT_EQ(results.size(), 1U);
+    EXPECT_EQ(results[0].outcome, lastCopy);
+    EXPECT_EQ(results[0].reason, mayBeSame);
     EXPECT_EQ(contentOf(two_), "same");
     expectNothingMoved();
+}
+
+TEST_P(UnsteadyCleanUp, DoesNotTakeOtherBytesOnAnotherUnsteadyVolumeForACopy) {
+    ComparedFiles files;
+    files.addSet({one_, two_});
+    std::ofstream(one_) << "evil";
+    fileSystem_.setIdentity(one_, {99, 5});
+    const auto results = resultsOfCleanUp(files.marked(), user_, fileSystem_);
+    ASSERT_EQ(results.size(), 1U);
+    EXPECT_EQ(results[0].outcome, lastCopy);
+    EXPECT_EQ(results[0].reason, "");
+}
+
+TEST_P(UnsteadyCleanUp, MayCountAnotherFileThanThatOfAnotherVolume) {
+    ComparedFiles files;
+    files.addSet({one_, two_, three_});
+    fileSystem_.setIdentity(one_, {99, 5});
+    const auto results = resultsOfCleanUp(files.marked(), user_, fileSystem_);
+    ASSERT_EQ(results.size(), 2U);
+    EXPECT_EQ(results[0].outcome, moved);
+    EXPECT_EQ(results[0].reason, "");
+    EXPECT_EQ(results[1].outcome, lastCopy);
+    EXPECT_EQ(results[1].reason, mayBeSame);
 }
 
 TEST_P(UnsteadyCleanUp, DoesNotCountAFileThatItsFolderDoesNotList) {

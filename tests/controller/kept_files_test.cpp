@@ -23,6 +23,8 @@ std::string refusal(TrashRefusalKind kind, int code = 0) {
 TEST(KeptFiles, DescribesOutcomesInTheWindowsLanguage) {
     EXPECT_EQ(reasonOf({MoveOutcome::changed, {}}), "Changed since the scan");
     EXPECT_EQ(reasonOf({MoveOutcome::lastCopy, {}}), "No other copy is left");
+    EXPECT_EQ(reasonOf({MoveOutcome::lastCopy, "its copy on another volume may be the same file"}),
+              "Its copy on another volume may be the same file");
     EXPECT_EQ(reasonOf({MoveOutcome::gone, {}}), "Not there any more");
     EXPECT_EQ(reasonOf({MoveOutcome::stopped, {}}), "Stopped before its turn");
 }
