@@ -1,5 +1,6 @@
 #include "platform/file_system.h"
 
+#include <cstddef>
 #include <system_error>
 
 namespace tarvin {
@@ -24,6 +25,12 @@ void Descriptor::reset() {
         owner_ = nullptr;
         number_ = -1;
     }
+}
+
+bool FileSystem::isCached(const Descriptor& file, std::uint64_t offset) {
+    std::byte byte{};
+    const Result<std::size_t> cached = readCachedAt(file, offset, {&byte, 1});
+    return cached && *cached > 0;
 }
 
 EntryBlock::EntryBlock(std::size_t capacity)

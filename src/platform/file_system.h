@@ -92,6 +92,7 @@ class EntryBlock final {
     struct Entry {
         const char* name;  ///< null-terminated; valid until the block is filled again
         EntryType type;
+        std::uint64_t inode;  ///< 0 if unknown; that of what lies below a mount point
     };
 
     /// `capacity` is the size of one batch in bytes; at least 4,096.
@@ -100,7 +101,9 @@ class EntryBlock final {
     [[nodiscard]] std::span<const Entry> entries() const { return entries_; }
     [[nodiscard]] std::span<std::byte> bytes() { return {bytes_.get(), capacity_}; }
     void clear() { entries_.clear(); }
-    void add(const char* name, EntryType type) { entries_.push_back({name, type}); }
+    void add(const char* name, EntryType type, std::uint64_t inode = 0) {
+        entries_.push_back({name, type, inode});
+    }
 
  private:
     std::unique_ptr<std::byte[]> bytes_;
@@ -146,6 +149,10 @@ class FileSystem {
     /// Opens for reading. Does not wait for the other end of a pipe or for a device: the caller
     /// checks the metadata before it reads.
     virtual Result<Descriptor> openFile(const std::string& path) = 0;
+    /// The same for a file of a folder that openFolderOfFiles() has opened.
+    virtual Result<Descriptor> openFileAt(const Descriptor& folder, const char* name) = 0;
+    /// Opens a folder for openFileAt(); follows a symbolic link. Nothing else can be done with it.
+    virtual Result<Descriptor> openFolderOfFiles(const std::string& path) = 0;
 
     /// Reads from `offset`. Returns fewer bytes than requested only at the end of the file.
     Result<std::size_t> readAt(const Descriptor& file, std::uint64_t offset,
@@ -160,14 +167,18 @@ class FileSystem {
     /// rest is not cached or that the file ends there.
     virtual Result<std::size_t> readCachedAt(const Descriptor& file, std::uint64_t offset,
                                              std::span<std::byte> into) = 0;
+    /// Whether the byte at `offset` is in the page cache. Where the kernel tells (Linux since 6.5,
+    /// `cachestat`), the question does not make it read the byte, as readCachedAt() does.
+    virtual bool isCached(const Descriptor& file, std::uint64_t offset);
 
     /// `posix_fadvise` hint: no read-ahead for this open file. Cannot fail.
     virtual void disableReadAhead(const Descriptor& file) = 0;
 
-    /// Where the file begins on its device, in bytes, for reading several files in the order in
-    /// which they lie; nullopt if the file system does not tell, or the file has no place of its
-    /// own there (it is empty, inside its inode, or not written yet).
-    virtual std::optional<std::uint64_t> placeOnDevice(const Descriptor& file) = 0;
+    /// Where the byte at `offset` of the file is on its device, in bytes, for reading several files
+    /// in the order in which they lie; nullopt if the file system does not tell, or the byte has no
+    /// place of its own there (the file ends before it, is inside its inode, or not written yet).
+    virtual std::optional<std::uint64_t> placeOnDevice(const Descriptor& file,
+                                                       std::uint64_t offset) = 0;
     /// `posix_fadvise` hint: begin to read `bytes` of the file from `offset` into the page cache.
     /// Waits only while the queue of the device is full. Cannot fail.
     virtual void readAhead(const Descriptor& file, std::uint64_t offset, std::uint64_t bytes) = 0;

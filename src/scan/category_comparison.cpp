@@ -164,8 +164,9 @@ void CategoryComparison::makeBatches() {
 void CategoryComparison::submitAll() {
     makeBatches();
     if (isOnRotationalDisk()) {
-        submit([this] { sweepFrom(0, 0); });
+        requestSweep(0, 0);
     } else {
+        context_.readAhead.expectOneLess();
         submitBatches(0, batches_.size());
     }
 }
@@ -192,14 +193,32 @@ bool CategoryComparison::isOnRotationalDisk() const {
     return false;
 }
 
-/// Reads the files of the next batches ahead, and then submits them. The task for those after them
-/// is queued first, so that the disk is busy while these are compared.
-void CategoryComparison::sweepFrom(std::size_t first, std::size_t number) {
-    const std::size_t last = std::size(ReadAhead::sweeps) - 1;
-    const std::size_t end = endOfSweep(first, ReadAhead::sweeps[std::min(number, last)]);
-    context_.readAhead.sweep(filesOfBatches(first, end));
+/// Has the files of the next batches read ahead.
+void CategoryComparison::requestSweep(std::size_t first, std::size_t number) {
+    const std::size_t last = std::size(ReadAhead::bytesARequest) - 1;
+    const std::size_t end = endOfSweep(first, ReadAhead::bytesARequest[std::min(number, last)]);
+    std::vector<ReadAhead::Wanted> files = filesOfBatches(first, end);
+    std::function<void()> swept =
+        begun([this, first, end, number] { sweptUpTo(first, end, number); });
+    try {
+        context_.readAhead.request(std::move(files), std::move(swept));
+    } catch (const std::bad_alloc&) {
+        taskEnded();
+        throw;
+    }
+    try {
+        submit([this] { context_.readAhead.sweep(); });
+    } catch (const std::bad_alloc&) {
+        context_.control.stopForLackOfMemory();
+        context_.readAhead.sweep();
+    }
+}
+
+/// Submits batches whose files were read ahead. Those of the batches after them are requested
+/// first, so that the disk is busy while these are compared.
+void CategoryComparison::sweptUpTo(std::size_t first, std::size_t end, std::size_t number) {
     if (end < batches_.size()) {
-        submit([this, end, number] { sweepFrom(end, number + 1); });
+        requestSweep(end, number + 1);
     }
     submitBatches(first, end);
 }
@@ -230,28 +249,38 @@ std::vector<ReadAhead::Wanted> CategoryComparison::filesOfBatches(std::size_t fi
          ++number) {
         find(number, members);
         chooseFiles(members);
+        const std::uint64_t size = members.files.front()->fileSize();
+        const std::uint64_t atEnd = ReadAhead::bytesOfEnd(size, members.files.size());
         for (File* const file : members.toRead()) {
-            files.push_back({file, readAheadOf(number)});
+            files.push_back({file, 0, readAheadOf(number)});
+            if (atEnd > 0) {
+                files.push_back({file, size - atEnd, atEnd});
+            }
         }
     }
     return files;
 }
 
+/// Counts the task until the function that is returned has run it.
+std::function<void()> CategoryComparison::begun(std::function<void()> task) {
+    std::function<void()> counted = [this, task = std::move(task)] {
+        try {
+            task();
+        } catch (const std::bad_alloc&) {
+            context_.control.stopForLackOfMemory();
+        }
+        taskEnded();
+    };
+    const std::lock_guard lock(mutex_);
+    ++tasksLeft_;
+    return counted;
+}
+
 /// If memory runs out, the task is not queued.
 void CategoryComparison::submit(std::function<void()> task) {
-    {
-        const std::lock_guard lock(mutex_);
-        ++tasksLeft_;
-    }
+    std::function<void()> counted = begun(std::move(task));
     try {
-        context_.pool.submit([this, task = std::move(task)] {
-            try {
-                task();
-            } catch (const std::bad_alloc&) {
-                context_.control.stopForLackOfMemory();
-            }
-            taskEnded();
-        });
+        context_.pool.submit(std::move(counted));
     } catch (const std::bad_alloc&) {
         taskEnded();
         throw;

@@ -105,12 +105,14 @@ class CategoryComparison final {
     void makeBatches();
     void submitAll();
     void submitBatches(std::size_t first, std::size_t end);
-    void sweepFrom(std::size_t first, std::size_t number);
+    void requestSweep(std::size_t first, std::size_t number);
+    void sweptUpTo(std::size_t first, std::size_t end, std::size_t number);
     [[nodiscard]] bool isOnRotationalDisk() const;
     [[nodiscard]] std::size_t endOfSweep(std::size_t first, std::uint64_t mostBytes) const;
     [[nodiscard]] std::uint64_t readAheadOf(std::size_t number) const;
     [[nodiscard]] std::vector<ReadAhead::Wanted> filesOfBatches(std::size_t first,
                                                                 std::size_t end) const;
+    [[nodiscard]] std::function<void()> begun(std::function<void()> task);
     void submit(std::function<void()> task);
     void taskEnded();
     void run(Batch& batch);

@@ -1,5 +1,7 @@
 #include "scan/content_comparer.h"
 
+#include "scan/read_ahead.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <map>
@@ -15,10 +17,11 @@ namespace {
 constexpr std::uint64_t minSharedBytes = 4 * 1024 * 1024;
 constexpr std::uint64_t maxSectionBytes = 8 * 1024 * 1024;
 constexpr std::size_t maxSections = 8;
-// Bytes that are read of one file on a rotational disk before the arm goes to the next one. The
-// first stretch is short, because most files that differ do so early; the next one is this many
-// times as long. At the most, two files need 180 ms for a stretch and 13 ms for
-// the way to it. The stretches of all files of a group wait in the page cache.
+// Bytes that are read of one file on a rotational disk before the arm goes to the next one. Unless
+// the files are most likely copies, the first stretch is short, because most files that differ do
+// so early; the next one is this many times as long. At the most, two files need 180 ms for a
+// stretch and 13 ms for the way to it. The stretches of all files of a group wait in the page
+// cache.
 constexpr std::uint64_t minStretchBytes = 2 * 1024 * 1024;
 constexpr std::uint64_t stretchGrowth = 16;
 constexpr std::uint64_t maxStretchesBytes = 64 * 1024 * 1024;
@@ -123,17 +126,22 @@ void ContentComparer::compareSection(FileGroup group, const ComparisonOrder& ord
 }
 
 /// Before files on a rotational disk are compared up to position `to`: begins to read the next
-/// stretch of each file, one after the other, if it is not read ahead so far. They are compared in
-/// turns of a few hundred kilobytes, and otherwise each turn would seek.
+/// stretch of each file, one after the other, unless they are read ahead so far, or it is in the
+/// beginnings that ReadAhead reads. They are compared in turns of a few hundred kilobytes, and
+/// otherwise each turn would seek.
 void ContentComparer::readAhead(AgreeingFiles& files, const ComparisonOrder& order,
                                 std::uint64_t to) {
-    if (to <= files.readAheadTo || files.position < order.middle() ||
-        !isOnRotationalDevice(files.group.front())) {
+    const std::uint64_t first =
+        order.middle() - ComparisonOrder::edgeBytes + ReadAhead::beginningBytes;
+    if (to <= std::max(files.readAheadTo, first) || !isOnRotationalDevice(files.group.front())) {
         return;
     }
     const std::uint64_t from = std::max(files.position, files.readAheadTo);
     const std::uint64_t most = std::max(maxStretchesBytes / files.group.size(), minStretchBytes);
-    const std::uint64_t wanted = std::clamp(from * stretchGrowth, minStretchBytes, most);
+    const std::uint64_t next = files.readAheadTo == 0
+                                   ? minStretchBytes
+                                   : std::clamp(from * stretchGrowth, minStretchBytes, most);
+    const std::uint64_t wanted = ReadAhead::areLikelyCopies(files.group.size()) ? most : next;
     const ComparisonOrder::Range rest = order.rangeAt(from);
     const std::uint64_t length = std::min(wanted, rest.length);
     for (const std::uint32_t number : files.group) {

@@ -48,6 +48,10 @@ class DuplicateFinder final {
     /// the data of that worker.
     [[nodiscard]] std::shared_ptr<Modal> findDuplicates(std::vector<File*>& list, FileStore& store);
 
+    /// findDuplicates() will be called for so many lists at about the same time. Only the time
+    /// depends on it.
+    void expectLists(std::size_t lists) { readAhead_.expect(lists); }
+
     /// The set of two or more equal files. The first one stays when all are marked.
     [[nodiscard]] static std::shared_ptr<Set> setOfFileDetailsFrom(
         const std::vector<std::shared_ptr<File>>& group);

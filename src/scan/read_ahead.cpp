@@ -1,7 +1,7 @@
 #include "scan/read_ahead.h"
 
 #include <algorithm>
-#include <array>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -11,60 +11,138 @@ namespace {
 
 // If these are in the page cache, the others of a sweep are taken to be, too.
 constexpr std::size_t samples = 16;
-constexpr std::uint64_t smallBytes = 256 * 1024;
 // Files of up to these bytes are read whole if at most so many have their size.
 constexpr std::uint64_t pictureBytes = 8 * 1024 * 1024;
 constexpr std::size_t maxLikelyCopies = 4;
+constexpr std::chrono::milliseconds pollForStop{20};
 
 }  // namespace
 
 std::uint64_t ReadAhead::bytesAFile(std::uint64_t fileSize, std::size_t fileCount) {
-    const bool isWhole = fileSize <= pictureBytes && fileCount <= maxLikelyCopies;
-    return isWhole ? fileSize : std::min(fileSize, smallBytes);
+    const bool isWhole = fileSize <= pictureBytes && areLikelyCopies(fileCount);
+    return isWhole ? fileSize : std::min(fileSize, beginningBytes);
+}
+
+std::uint64_t ReadAhead::bytesOfEnd(std::uint64_t fileSize, std::size_t fileCount) {
+    return areLikelyCopies(fileCount)
+               ? std::min(ComparisonOrder::edgeBytes, fileSize - bytesAFile(fileSize, fileCount))
+               : 0;
+}
+
+bool ReadAhead::areLikelyCopies(std::size_t fileCount) {
+    return fileCount <= maxLikelyCopies;
 }
 
 bool ReadAhead::isUsefulIn(const Directory& folder) {
-    return folder.identity.inode != 0 && diskOf(folder.identity.device) != nullptr;
+    return folder.identity.inode != 0 && isRotational(folder.identity.device);
 }
 
-void ReadAhead::sweep(std::span<const Wanted> files) {
-    std::unordered_map<std::uint64_t, std::vector<Wanted>> byDevice;
-    for (const Wanted& wanted : files) {
-        const Directory& folder = *wanted.file->directory();
-        if (isUsefulIn(folder)) {
-            byDevice[folder.identity.device].push_back(wanted);
-        }
-    }
-    std::vector<std::pair<std::shared_ptr<Disk>, std::vector<Wanted>>> disks;
-    disks.reserve(byDevice.size());
-    for (auto& [device, ofDevice] : byDevice) {
-        disks.emplace_back(diskOf(device), std::move(ofDevice));
-    }
-    services_.pool.forEach(disks.size(), [&](std::size_t number) {
-        sweepDisk(*disks[number].first, disks[number].second);
-    });
-}
-
-std::shared_ptr<ReadAhead::Disk> ReadAhead::diskOf(std::uint64_t device) {
+bool ReadAhead::isRotational(std::uint64_t device) {
     const std::lock_guard lock(mutex_);
-    const auto known = disks_.find(device);
-    if (known != disks_.end()) {
+    const auto known = rotational_.find(device);
+    if (known != rotational_.end()) {
         return known->second;
     }
-    auto disk = services_.fileSystem.isRotational(device) ? std::make_shared<Disk>() : nullptr;
-    return disks_.emplace(device, std::move(disk)).first->second;
+    return rotational_.emplace(device, services_.fileSystem.isRotational(device)).first->second;
 }
 
-void ReadAhead::sweepDisk(Disk& disk, std::span<const Wanted> files) {
-    const std::lock_guard lock(disk.sweeping);
-    if (areCached(files)) {
+void ReadAhead::expect(std::size_t comparisons) {
+    const std::lock_guard lock(mutex_);
+    expected_ += comparisons;
+}
+
+void ReadAhead::expectOneLess() {
+    const std::lock_guard lock(mutex_);
+    expected_ -= std::min<std::size_t>(expected_, 1);
+    changed_.notify_all();
+}
+
+void ReadAhead::request(std::vector<Wanted> files, std::function<void()> done) {
+    const std::lock_guard lock(mutex_);
+    requests_.push_back({std::move(files), std::move(done)});
+    ++requested_;
+    changed_.notify_all();
+}
+
+void ReadAhead::sweep() {
+    std::unique_lock lock(mutex_);
+    if (isSweeping_) {
         return;
     }
+    isSweeping_ = true;
+    waitForExpected(lock);
+    while (!requests_.empty()) {
+        const std::vector<Request> taken = takeForOneSweep();
+        lock.unlock();
+        sweepOnce(taken);
+        for (const Request& request : taken) {
+            request.done();
+        }
+        lock.lock();
+    }
+    isSweeping_ = false;
+}
+
+/// Called and left with the lock held.
+void ReadAhead::waitForExpected(std::unique_lock<std::mutex>& lock) {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (requested_ < expected_ && !services_.control.stop() &&
+           std::chrono::steady_clock::now() < end) {
+        changed_.wait_for(lock, pollForStop);
+    }
+    expected_ = 0;
+}
+
+/// The oldest requests. Called with the lock held.
+std::vector<ReadAhead::Request> ReadAhead::takeForOneSweep() {
+    std::vector<Request> taken;
+    std::uint64_t bytes = 0;
+    while (!requests_.empty() && bytes < mostBytesASweep) {
+        for (const Wanted& wanted : requests_.front().files) {
+            bytes += wanted.bytes;
+        }
+        taken.push_back(std::move(requests_.front()));
+        requests_.pop_front();
+    }
+    return taken;
+}
+
+/// If memory runs out, the files are not read ahead.
+void ReadAhead::sweepOnce(const std::vector<Request>& requests) {
+    try {
+        std::unordered_map<std::uint64_t, std::vector<Wanted>> byDevice;
+        for (const Request& request : requests) {
+            std::unordered_map<std::uint64_t, std::vector<Wanted>> ofRequest;
+            for (const Wanted& wanted : request.files) {
+                const Directory& folder = *wanted.file->directory();
+                if (isUsefulIn(folder)) {
+                    ofRequest[folder.identity.device].push_back(wanted);
+                }
+            }
+            for (const auto& [device, files] : ofRequest) {
+                if (!areCached(files)) {
+                    std::vector<Wanted>& all = byDevice[device];
+                    all.insert(all.end(), files.begin(), files.end());
+                }
+            }
+        }
+        std::vector<std::vector<Wanted>> disks;
+        disks.reserve(byDevice.size());
+        for (auto& [device, files] : byDevice) {
+            disks.push_back(std::move(files));
+        }
+        services_.pool.forEach(disks.size(), [&](std::size_t number) { sweepDisk(disks[number]); });
+    } catch (const std::bad_alloc&) {
+        services_.control.stopForLackOfMemory();
+    }
+}
+
+void ReadAhead::sweepDisk(std::span<const Wanted> files) {
     for (const Located& located : locate(files)) {
         if (!services_.control.mayGoOn()) {
             return;
         }
-        request(located.wanted);
+        readAhead(located.wanted);
     }
 }
 
@@ -73,11 +151,9 @@ bool ReadAhead::areCached(std::span<const Wanted> files) {
     for (std::size_t number = 0; number < files.size(); number += step) {
         const File& file = *files[number].file;
         const Result<Descriptor> opened = open(file);
-        std::array<std::byte, 1> byte{};
         if (opened) {
             const IoWatch::Call call(services_.watch, file);
-            const Result<std::size_t> cached = services_.fileSystem.readCachedAt(*opened, 0, byte);
-            if (!cached || *cached == 0) {
+            if (!services_.fileSystem.isCached(*opened, files[number].offset)) {
                 return false;
             }
         }
@@ -96,7 +172,7 @@ std::vector<ReadAhead::Located> ReadAhead::locate(std::span<const Wanted> files)
         const Result<Descriptor> opened = open(*wanted.file);
         if (opened) {
             const IoWatch::Call call(services_.watch, *wanted.file);
-            if (const auto place = services_.fileSystem.placeOnDevice(*opened)) {
+            if (const auto place = services_.fileSystem.placeOnDevice(*opened, wanted.offset)) {
                 located.push_back({*place, wanted});
             }
         }
@@ -114,11 +190,11 @@ Result<Descriptor> ReadAhead::open(const File& file) {
     return services_.fileSystem.openFile(path);
 }
 
-void ReadAhead::request(const Wanted& wanted) {
+void ReadAhead::readAhead(const Wanted& wanted) {
     const Result<Descriptor> opened = open(*wanted.file);
     if (opened) {
         const IoWatch::Call call(services_.watch, *wanted.file);
-        services_.fileSystem.readAhead(*opened, 0, wanted.bytes);
+        services_.fileSystem.readAhead(*opened, wanted.offset, wanted.bytes);
     }
 }
 

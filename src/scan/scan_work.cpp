@@ -100,6 +100,7 @@ bool ScanWork::waitForCollection(std::chrono::milliseconds patience) {
 void ScanWork::prepareComparison() {
     auto finder =
         std::make_unique<DuplicateFinder>(services_, observer_, gate_, processed_, bytesCompared_);
+    finder->expectLists(allCategories.size());
     const std::lock_guard lock(mutex_);
     finder_ = std::move(finder);
 }

@@ -803,6 +803,23 @@ TEST_F(FileSystemReading, CachedReturnsTheBytesOrNothing) {
     EXPECT_EQ(read(opened, *got, bytes.size()), bytes.substr(*got));
 }
 
+TEST_F(FileSystemReading, TellsWhetherAByteIsCached) {
+    const Descriptor opened = file(tree_.writeFile("file", std::string(100'000, 'b')));
+    EXPECT_TRUE(fileSystem_.isCached(opened, 0));
+    EXPECT_TRUE(fileSystem_.isCached(opened, 99'999));
+    EXPECT_FALSE(fileSystem_.isCached(opened, 200'000));
+}
+
+TEST_F(FileSystemReading, DoesNotReadAByteToTellWhetherItIsCached) {
+    const Descriptor opened = file(tree_.writeFile("file", std::string(1'000'000, 'b')));
+    ::fsync(opened.number());
+    ::posix_fadvise(opened.number(), 0, 0, POSIX_FADV_DONTNEED);
+    const bool isCached = fileSystem_.isCached(opened, 500'000);
+    for (int times = 0; times < 100; ++times) {
+        EXPECT_EQ(fileSystem_.isCached(opened, 500'000), isCached);
+    }
+}
+
 TEST_F(FileSystemReading, FailsForAFolder) {
     const std::string path = tree_.writeFile("file", "bytes");
     const Descriptor opened = folder(tree_.path());

@@ -50,6 +50,8 @@ class Answers final : public FileSystem {
     }
     Result<FileAttributes> attributesAtPath(const std::string&) override { return none; }
     Result<Descriptor> openFile(const std::string&) override { return none; }
+    Result<Descriptor> openFileAt(const Descriptor&, const char*) override { return none; }
+    Result<Descriptor> openFolderOfFiles(const std::string&) override { return none; }
     Result<std::size_t> readAtLeast(const Descriptor&, std::uint64_t, std::span<std::byte>,
                                     std::size_t) override {
         return none;
@@ -59,7 +61,9 @@ class Answers final : public FileSystem {
         return none;
     }
     void disableReadAhead(const Descriptor&) override {}
-    std::optional<std::uint64_t> placeOnDevice(const Descriptor&) override { return std::nullopt; }
+    std::optional<std::uint64_t> placeOnDevice(const Descriptor&, std::uint64_t) override {
+        return std::nullopt;
+    }
     void readAhead(const Descriptor&, std::uint64_t, std::uint64_t) override {}
     bool isPseudoFileSystem(std::uint64_t) override { return false; }
     bool isRotational(std::uint64_t) override { return false; }

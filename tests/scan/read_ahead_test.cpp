@@ -10,12 +10,14 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tarvin {
@@ -54,12 +56,18 @@ class ReadAheadTest : public testing::Test {
         return path;
     }
 
-    Paths sweep() {
+    /// Requests 5 bytes of each file that was not requested yet.
+    void request(std::uint64_t bytes = 5) {
         std::vector<ReadAhead::Wanted> wanted;
-        for (File* const file : files_) {
-            wanted.push_back({file, 5});
+        for (; requested_ < files_.size(); ++requested_) {
+            wanted.push_back({files_[requested_], 1, bytes});
         }
-        readAhead_.sweep(wanted);
+        readAhead_.request(std::move(wanted), [this] { ++done_; });
+    }
+
+    Paths sweep() {
+        request();
+        readAhead_.sweep();
         return pathsOf(fileSystem_.readAheadCalls());
     }
 
@@ -70,6 +78,8 @@ class ReadAheadTest : public testing::Test {
     std::shared_ptr<FileStore> store_ = FileStore::create();
     std::map<std::uint64_t, Directory*> folders_;
     std::vector<File*> files_;
+    std::size_t requested_ = 0;
+    int done_ = 0;
 };
 
 TEST_F(ReadAheadTest, ReadsInTheOrderOfTheDisk) {
@@ -83,16 +93,80 @@ TEST_F(ReadAheadTest, ReadsAsMuchAsIsWanted) {
     const std::string path = add("a", 1);
     sweep();
     EXPECT_EQ(fileSystem_.readAheadCalls(),
-              (std::vector<FaultyFileSystem::ReadAheadCall>{{path, 0, 5}}));
+              (std::vector<FaultyFileSystem::ReadAheadCall>{{path, 1, 5}}));
 }
 
 TEST(ReadAheadOfAFile, IsWholeForSmallFilesAndLikelyCopies) {
     constexpr std::uint64_t mebi = 1024 * 1024;
     EXPECT_EQ(ReadAhead::bytesAFile(1000, 1000), 1000U);
     EXPECT_EQ(ReadAhead::bytesAFile(mebi / 4, 1000), mebi / 4);
+    EXPECT_EQ(ReadAhead::bytesAFile(mebi, 1000), 264 * 1024U);
     EXPECT_EQ(ReadAhead::bytesAFile(8 * mebi, 4), 8 * mebi);
-    EXPECT_EQ(ReadAhead::bytesAFile(8 * mebi, 5), mebi / 4);
-    EXPECT_EQ(ReadAhead::bytesAFile(8 * mebi + 1, 2), mebi / 4);
+    EXPECT_EQ(ReadAhead::bytesAFile(8 * mebi, 5), 264 * 1024U);
+    EXPECT_EQ(ReadAhead::bytesAFile(8 * mebi + 1, 2), 264 * 1024U);
+}
+
+TEST(ReadAheadOfAFile, IncludesTheEndsOfLikelyCopies) {
+    constexpr std::uint64_t mebi = 1024 * 1024;
+    EXPECT_EQ(ReadAhead::bytesOfEnd(9 * mebi, 4), 8 * 1024U);
+    EXPECT_EQ(ReadAhead::bytesOfEnd(9 * mebi, 5), 0U);
+    EXPECT_EQ(ReadAhead::bytesOfEnd(8 * mebi, 4), 0U);
+}
+
+TEST_F(ReadAheadTest, ReadsTheFilesOfAllRequestsInOneSweep) {
+    const std::string last = add("a", 9'000);
+    const std::string first = add("b", 1'000);
+    request();
+    const std::string middle = add("c", 5'000);
+    request();
+    EXPECT_EQ(done_, 0);
+    readAhead_.sweep();
+    EXPECT_EQ(pathsOf(fileSystem_.readAheadCalls()), (Paths{first, middle, last}));
+    EXPECT_EQ(done_, 2);
+}
+
+TEST_F(ReadAheadTest, LeavesRequestsToTheNextSweepIfThisOneIsFull) {
+    const std::string first = add("a", 9'000);
+    request(ReadAhead::mostBytesASweep);
+    const std::string second = add("b", 1'000);
+    request();
+    readAhead_.sweep();
+    const Paths read = pathsOf(fileSystem_.readAheadCalls());
+    EXPECT_EQ(read.front(), first);
+    EXPECT_EQ(read.back(), second);
+    EXPECT_EQ(done_, 2);
+}
+
+TEST_F(ReadAheadTest, CarriesOutRequestsThatAreMadeWhenOneIsDone) {
+    const std::string first = add("a", 9'000);
+    readAhead_.request({{files_.front(), 0, 5}}, [this] {
+        EXPECT_EQ(fileSystem_.readAheadCalls().size(), 1U);
+        add("b", 1'000);
+        requested_ = 1;
+        request();
+        readAhead_.sweep();
+        EXPECT_EQ(done_, 0);
+    });
+    readAhead_.sweep();
+    EXPECT_EQ(done_, 1);
+    EXPECT_EQ(fileSystem_.readAheadCalls().size(), 2U);
+}
+
+TEST_F(ReadAheadTest, WaitsForTheComparisonsThatAreExpected) {
+    readAhead_.expect(2);
+    const auto begin = std::chrono::steady_clock::now();
+    sweep();
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, ReadAhead::patience);
+    EXPECT_EQ(done_, 1);
+}
+
+TEST_F(ReadAheadTest, DoesNotWaitForAComparisonThatRequestsNothing) {
+    readAhead_.expect(2);
+    readAhead_.expectOneLess();
+    const auto begin = std::chrono::steady_clock::now();
+    sweep();
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, ReadAhead::patience);
+    EXPECT_EQ(done_, 1);
 }
 
 TEST_F(ReadAheadTest, LeavesOutWhatIsGone) {
@@ -201,6 +275,7 @@ class StretchesOfLargeFiles : public testing::Test {
 
     static constexpr std::uint64_t mebi = 1024 * 1024;
     static constexpr std::uint64_t edges = 2 * ComparisonOrder::edgeBytes;
+    static constexpr std::uint64_t beginning = ReadAhead::beginningBytes;
 
     FaultyFileSystem fileSystem_;
     ComparisonFixture fixture_{fileSystem_};
@@ -210,7 +285,7 @@ TEST_F(StretchesOfLargeFiles, GoThroughEachFileOnceAndInOrder) {
     const std::string one = add("one.mov", 60 * mebi);
     const std::string other = add("other.mov", 60 * mebi);
     fixture_.find();
-    std::map<std::string, std::uint64_t> ends{{one, edges / 2}, {other, edges / 2}};
+    std::map<std::string, std::uint64_t> ends{{one, beginning}, {other, beginning}};
     std::size_t turns = 0;
     std::string last;
     for (const FaultyFileSystem::ReadAheadCall& call : fileSystem_.readAheadCalls()) {
@@ -221,16 +296,18 @@ TEST_F(StretchesOfLargeFiles, GoThroughEachFileOnceAndInOrder) {
     }
     EXPECT_EQ(ends[one], 60 * mebi - edges / 2);
     EXPECT_EQ(ends[other], 60 * mebi - edges / 2);
-    // 2 and 32 MiB, and the rest.
-    EXPECT_EQ(turns, 6U);
+    // 32 MiB, and the rest.
+    EXPECT_EQ(turns, 4U);
 }
 
-TEST_F(StretchesOfLargeFiles, AreShortAtFirst) {
-    const std::string one = add("one.mov", 60 * mebi, mebi);
-    const std::string other = add("other.mov", 60 * mebi);
+TEST_F(StretchesOfLargeFiles, AreShortAtFirstIfManyFilesHaveTheSize) {
+    std::vector<std::string> paths{add("one.mov", 60 * mebi, mebi)};
+    for (const std::string name : {"2.mov", "3.mov", "4.mov", "5.mov"}) {
+        paths.push_back(add(name, 60 * mebi, 2 * mebi));
+    }
     fixture_.find();
-    EXPECT_EQ(readAheadOf(one), 2 * mebi);
-    EXPECT_EQ(readAheadOf(other), 2 * mebi);
+    EXPECT_EQ(readAheadOf(paths.front()), 2 * mebi);
+    EXPECT_EQ(readAheadOf(paths.back()), 60 * mebi - beginning - edges / 2);
 }
 
 TEST_F(StretchesOfLargeFiles, AreNotMadeOfFilesThatDifferAtTheirEnds) {
@@ -245,9 +322,9 @@ TEST_F(StretchesOfLargeFiles, AreNotMadeOfAFileThatHasLeftTheGroup) {
     const std::string one = add("b.mov", 60 * mebi);
     const std::string other = add("c.mov", 60 * mebi);
     fixture_.find();
-    EXPECT_EQ(readAheadOf(different), 2 * mebi);
-    EXPECT_EQ(readAheadOf(one), 60 * mebi - edges);
-    EXPECT_EQ(readAheadOf(other), 60 * mebi - edges);
+    EXPECT_EQ(readAheadOf(different), 64 * mebi / 3);
+    EXPECT_EQ(readAheadOf(one), 60 * mebi - beginning - edges / 2);
+    EXPECT_EQ(readAheadOf(other), 60 * mebi - beginning - edges / 2);
 }
 
 TEST_F(StretchesOfLargeFiles, AreBoundedForAllFilesOfAGroup) {
@@ -257,7 +334,7 @@ TEST_F(StretchesOfLargeFiles, AreBoundedForAllFilesOfAGroup) {
     }
     fixture_.find();
     for (const std::string& path : paths) {
-        EXPECT_EQ(readAheadOf(path), 20 * mebi - edges);
+        EXPECT_EQ(readAheadOf(path), 20 * mebi - beginning - edges / 2);
     }
     std::uint64_t most = 0;
     const auto calls = fileSystem_.readAheadCalls();

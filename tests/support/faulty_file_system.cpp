@@ -23,13 +23,13 @@ std::size_t indexOf(FileCall call) {
 /// Copies `name` to the front of `room` and adds it to `block`. Returns false if `room` is too
 /// small.
 bool addEntry(const std::string& name, EntryType type, std::span<std::byte>& room,
-              EntryBlock& block) {
+              EntryBlock& block, std::uint64_t inode = 0) {
     if (room.size() < name.size() + recordBytes) {
         return false;
     }
     void* const entry = room.data();
     std::memcpy(entry, name.c_str(), name.size() + 1);
-    block.add(static_cast<const char*>(entry), type);
+    block.add(static_cast<const char*>(entry), type, inode);
     room = room.subspan(name.size() + recordBytes);
     return true;
 }
@@ -100,6 +100,11 @@ void FaultyFileSystem::setCreated(const std::string& path, Timestamp created) {
 void FaultyFileSystem::setIdentity(const std::string& path, FileIdentity identity) {
     const std::lock_guard lock(mutex_);
     identities_[path] = identity;
+}
+
+void FaultyFileSystem::setListedInode(const std::string& path, std::uint64_t inode) {
+    const std::lock_guard lock(mutex_);
+    listedInodes_[path] = inode;
 }
 
 void FaultyFileSystem::setPlace(const std::string& path, std::uint64_t place) {
@@ -241,7 +246,7 @@ Result<bool> FaultyFileSystem::listEntries(const Descriptor& directory, EntryBlo
                                                      block.entries().end());
         block.clear();
         for (const EntryBlock::Entry& entry : entries) {
-            block.add(entry.name, EntryType::unknown);
+            block.add(entry.name, EntryType::unknown, entry.inode);
         }
     }
     return more;
@@ -296,6 +301,29 @@ Result<Descriptor> FaultyFileSystem::openFile(const std::string& path) {
     return keepOpen(real_.openFile(path), path, true);
 }
 
+Result<Descriptor> FaultyFileSystem::openFileAt(const Descriptor& folder, const char* name) {
+    const std::shared_ptr<Open> in = find(folder);
+    const std::string path = entryPath(in->path, name);
+    static_cast<void>(enter(FileCall::openFileAt, path));
+    if (const auto error = enter(FileCall::openFile, path)) {
+        return *error;
+    }
+    if (const auto error = reserveDescriptor()) {
+        return *error;
+    }
+    return keepOpen(real_.openFileAt(in->real, name), path, true);
+}
+
+Result<Descriptor> FaultyFileSystem::openFolderOfFiles(const std::string& path) {
+    if (const auto error = enter(FileCall::openFolderOfFiles, path)) {
+        return *error;
+    }
+    if (const auto error = reserveDescriptor()) {
+        return *error;
+    }
+    return keepOpen(real_.openFolderOfFiles(path), path, false);
+}
+
 Result<std::size_t> FaultyFileSystem::readAtLeast(const Descriptor& file, std::uint64_t offset,
                                                   std::span<std::byte> into, std::size_t enough) {
     const std::shared_ptr<Open> open = find(file);
@@ -329,16 +357,17 @@ void FaultyFileSystem::disableReadAhead(const Descriptor& file) {
     real_.disableReadAhead(open->real);
 }
 
-std::optional<std::uint64_t> FaultyFileSystem::placeOnDevice(const Descriptor& file) {
+std::optional<std::uint64_t> FaultyFileSystem::placeOnDevice(const Descriptor& file,
+                                                             std::uint64_t offset) {
     const std::shared_ptr<Open> open = find(file);
     {
         const std::lock_guard lock(mutex_);
         const auto told = places_.find(open->path);
         if (told != places_.end()) {
-            return told->second;
+            return told->second + offset;
         }
     }
-    return real_.placeOnDevice(open->real);
+    return real_.placeOnDevice(open->real, offset);
 }
 
 void FaultyFileSystem::readAhead(const Descriptor& file, std::uint64_t offset,
@@ -513,12 +542,21 @@ Result<bool> FaultyFileSystem::listReordered(Open& folder, EntryBlock& block) {
         }
     }
     std::span<std::byte> room = block.bytes();
-    while (folder.nextName < folder.names.size() &&
-           addEntry(folder.names[folder.nextName].name, folder.names[folder.nextName].type, room,
-                    block)) {
+    while (folder.nextName < folder.names.size()) {
+        const ListedName& next = folder.names[folder.nextName];
+        if (!addEntry(next.name, next.type, room, block,
+                      listedInode(entryPath(folder.path, next.name.c_str())))) {
+            break;
+        }
         ++folder.nextName;
     }
     return !block.entries().empty();
+}
+
+std::uint64_t FaultyFileSystem::listedInode(const std::string& path) {
+    const std::lock_guard lock(mutex_);
+    const auto told = listedInodes_.find(path);
+    return told == listedInodes_.end() ? 0 : told->second;
 }
 
 bool FaultyFileSystem::listInvented(Open& folder, EntryBlock& block) {

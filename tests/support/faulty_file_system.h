@@ -31,7 +31,9 @@ enum class FileCall : std::uint8_t {
     targetAttributesAt,
     attributesAtPath,
     attributesOf,
-    openFile,
+    openFile,    ///< also openFileAt()
+    openFileAt,  ///< only counted
+    openFolderOfFiles,
     readAt,
     readCachedAt,
     disableReadAhead  ///< counted and acted on, but cannot fail
@@ -89,6 +91,8 @@ class FaultyFileSystem final : public FileSystem {
     void setCreated(const std::string& path, Timestamp created);
     /// Reports that identity for the entry with exactly this path.
     void setIdentity(const std::string& path, FileIdentity identity);
+    /// Lists the entry with exactly this path with that inode number, if a listing order is set.
+    void setListedInode(const std::string& path, std::uint64_t inode);
     /// Reports other inode numbers, dates or both of regular files at each call.
     void jitterInodes() { jittersInodes_ = true; }
     void jitterDates() { jittersDates_ = true; }
@@ -146,13 +150,17 @@ class FaultyFileSystem final : public FileSystem {
     Result<FileAttributes> attributesAtPath(const std::string& path) override;
     Result<FileAttributes> attributesOf(const Descriptor& descriptor) override;
     Result<Descriptor> openFile(const std::string& path) override;
+    /// Counts as openFile().
+    Result<Descriptor> openFileAt(const Descriptor& folder, const char* name) override;
+    Result<Descriptor> openFolderOfFiles(const std::string& path) override;
     Result<std::size_t> readAtLeast(const Descriptor& file, std::uint64_t offset,
                                     std::span<std::byte> into, std::size_t enough) override;
     Result<std::size_t> readCachedAt(const Descriptor& file, std::uint64_t offset,
                                      std::span<std::byte> into) override;
     void disableReadAhead(const Descriptor& file) override;
     /// That of setPlace(), or the real one.
-    std::optional<std::uint64_t> placeOnDevice(const Descriptor& file) override;
+    std::optional<std::uint64_t> placeOnDevice(const Descriptor& file,
+                                               std::uint64_t offset) override;
     void readAhead(const Descriptor& file, std::uint64_t offset, std::uint64_t bytes) override;
     bool isPseudoFileSystem(std::uint64_t device) override;
     bool isRotational(std::uint64_t device) override;
@@ -169,7 +177,7 @@ class FaultyFileSystem final : public FileSystem {
     void close(int number) override;
 
  private:
-    static constexpr std::size_t callKinds = 12;
+    static constexpr std::size_t callKinds = 14;
 
     struct Fault {
         std::uint64_t nth;
@@ -212,6 +220,7 @@ class FaultyFileSystem final : public FileSystem {
     Result<Descriptor> keepOpen(Result<Descriptor> opened, const std::string& path, bool isFile);
     std::shared_ptr<Open> find(const Descriptor& descriptor) const;
     Result<bool> listReordered(Open& folder, EntryBlock& block);
+    std::uint64_t listedInode(const std::string& path);
     std::optional<SystemError> listAll(Open& folder);
     static bool listInvented(Open& folder, EntryBlock& block);
     void countRead(const Open& file, const Result<std::size_t>& read);
@@ -241,6 +250,7 @@ class FaultyFileSystem final : public FileSystem {
     std::unordered_set<std::string> immutable_;
     std::unordered_map<std::string, Timestamp> created_;
     std::unordered_map<std::string, FileIdentity> identities_;
+    std::unordered_map<std::string, std::uint64_t> listedInodes_;
     std::unordered_map<std::string, std::uint64_t> places_;
     std::vector<ReadAheadCall> readAhead_;
     std::unordered_map<std::string, std::uint64_t> invented_;  // by folder

@@ -13,6 +13,7 @@
 #include <sys/ioctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/sysmacros.h>
 #include <sys/uio.h>
 #include <unistd.h>
@@ -35,6 +36,12 @@ constexpr int directoryFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
 constexpr int fileFlags = O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY;
 constexpr unsigned attributeMask =
     STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_CTIME | STATX_BTIME | STATX_INO | STATX_NLINK;
+// Headers older than Linux 6.5 do not name it. The same on all architectures but Alpha.
+#ifdef SYS_cachestat
+constexpr long cachestatCall = SYS_cachestat;
+#else
+constexpr long cachestatCall = 451;
+#endif
 constexpr std::size_t maxStep = PATH_MAX - 1;  // bytes
 
 /// `openat` with a relative or absolute path, repeated if interrupted. Returns the descriptor, or a
@@ -209,12 +216,16 @@ class LinuxFileSystem final : public FileSystem {
     }
 
     Result<Descriptor> openFile(const std::string& path) override {
-        int number = openAnyLength(path, fileFlags | O_NOATIME);
-        if (number < 0 && errno == EPERM) {
-            // O_NOATIME is for the owner only. A scan should not change access times.
-            number = openAnyLength(path, fileFlags);
-        }
-        return opened(number);
+        return openedToRead([&path](int flags) { return openAnyLength(path, flags); });
+    }
+
+    Result<Descriptor> openFileAt(const Descriptor& folder, const char* name) override {
+        return openedToRead(
+            [&folder, name](int flags) { return openAt(folder.number(), name, flags); });
+    }
+
+    Result<Descriptor> openFolderOfFiles(const std::string& path) override {
+        return opened(openAnyLength(path, O_PATH | O_DIRECTORY | O_CLOEXEC));
     }
 
     Result<std::size_t> readAtLeast(const Descriptor& file, std::uint64_t offset,
@@ -246,16 +257,34 @@ class LinuxFileSystem final : public FileSystem {
         return got < 0 ? std::size_t{0} : static_cast<std::size_t>(got);
     }
 
+    bool isCached(const Descriptor& file, std::uint64_t offset) override {
+        // As in <linux/mman.h>, which older headers have without them.
+        struct {
+            std::uint64_t offset;
+            std::uint64_t bytes;
+        } const range{offset, 1};
+        struct {
+            std::uint64_t cachedPages;
+            std::array<std::uint64_t, 4> others;
+        } result{};
+        if (::syscall(cachestatCall, file.number(), &range, &result, 0U) == 0) {
+            return result.cachedPages > 0;
+        }
+        return FileSystem::isCached(file, offset);
+    }
+
     void disableReadAhead(const Descriptor& file) override {
         ::posix_fadvise(file.number(), 0, 0, POSIX_FADV_RANDOM);
     }
 
-    std::optional<std::uint64_t> placeOnDevice(const Descriptor& file) override {
+    std::optional<std::uint64_t> placeOnDevice(const Descriptor& file,
+                                               std::uint64_t offset) override {
         // Zeroed, with room for one extent behind it. See fiemap.rst of the kernel's documentation.
         alignas(fiemap) std::array<std::byte, sizeof(fiemap) + sizeof(fiemap_extent)> request{};
         // NOLINTNEXTLINE(bugprone-casting-through-void): it is aligned, as Clang cannot see.
         auto* const map = static_cast<fiemap*>(static_cast<void*>(request.data()));
-        map->fm_length = FIEMAP_MAX_OFFSET;
+        map->fm_start = offset;
+        map->fm_length = FIEMAP_MAX_OFFSET - offset;
         map->fm_extent_count = 1;
         if (::ioctl(file.number(), FS_IOC_FIEMAP, request.data()) != 0 ||
             map->fm_mapped_extents == 0) {
@@ -264,8 +293,12 @@ class LinuxFileSystem final : public FileSystem {
         fiemap_extent first{};
         std::memcpy(&first, request.data() + sizeof(fiemap), sizeof first);
         constexpr std::uint32_t withoutPlace = FIEMAP_EXTENT_UNKNOWN | FIEMAP_EXTENT_DATA_INLINE;
-        return (first.fe_flags & withoutPlace) == 0 ? std::optional(first.fe_physical)
-                                                    : std::nullopt;
+        if ((first.fe_flags & withoutPlace) != 0) {
+            return std::nullopt;
+        }
+        // The extent may begin before the byte, or behind it, if the byte is in a hole.
+        return offset > first.fe_logical ? first.fe_physical + (offset - first.fe_logical)
+                                         : first.fe_physical;
     }
 
     void readAhead(const Descriptor& file, std::uint64_t offset, std::uint64_t bytes) override {
@@ -328,6 +361,17 @@ class LinuxFileSystem final : public FileSystem {
     void close(int number) override { ::close(number); }
 
  private:
+    /// A file that `open` opens with the flags it is given.
+    template <typename Open>
+    Result<Descriptor> openedToRead(const Open& open) {
+        int number = open(fileFlags | O_NOATIME);
+        if (number < 0 && errno == EPERM) {
+            // O_NOATIME is for the owner only. A scan should not change access times.
+            number = open(fileFlags);
+        }
+        return opened(number);
+    }
+
     Result<Descriptor> opened(int number) {
         if (number < 0) {
             return SystemError{errno};
@@ -343,7 +387,7 @@ class LinuxFileSystem final : public FileSystem {
                 static_cast<const dirent64*>(static_cast<const void*>(listed.data()));
             const std::string_view name = record->d_name;
             if (name != "." && name != "..") {
-                block.add(record->d_name, typeOfListed(record->d_type));
+                block.add(record->d_name, typeOfListed(record->d_type), record->d_ino);
             }
             listed = listed.subspan(record->d_reclen);
         }
