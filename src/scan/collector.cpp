@@ -259,8 +259,8 @@ void Collector::takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block>
     for (const ListedEntry& entry : folder.block->entries) {
         if (entry.type == EntryType::directory) {
             Directory* directory = lists_.store->addDirectory(folder.directory, entry.name);
-            folder.folders.emplace_back(directory,
-                                        TreeReader::makeListing(folder.listing, directory));
+            folder.folders.emplace_back(
+                directory, TreeReader::makeListing(folder.listing, directory, entry.inode));
             ahead.push_back(folder.folders.back().second);
         }
     }

@@ -30,6 +30,10 @@ constexpr std::size_t entriesBetweenChecks = 64;
 constexpr std::size_t entriesAShare = 4;
 constexpr std::chrono::milliseconds slowShare{2};
 constexpr std::chrono::milliseconds poolPollInterval{20};
+// Folders of a rotational disk that are read together, and the time after which no further one is
+// listed: the progress stands still meanwhile.
+constexpr std::size_t maxFoldersTogether = 64;
+constexpr std::chrono::milliseconds maxListingTogether{200};
 constexpr std::size_t minFoldersKeptOpen = 4;
 constexpr std::size_t maxFoldersKeptOpen = 128;
 // Reserved for the rest of the process: standard streams, libraries, files being compared.
@@ -74,16 +78,28 @@ struct TreeReader::Batch {
     std::optional<SystemError> failure;
 };
 
+/// A batch of a folder, before the attributes of its entries are read.
+struct TreeReader::ListedBatch {
+    std::shared_ptr<Listing> listing;
+    std::shared_ptr<Descriptor> folder;
+    Batch batch;
+};
+
 /// One folder. All fields are guarded by the reader's mutex_, except that the thread which has set
 /// `state` to working owns the fields that open() sets.
 class TreeReader::Listing final {
  public:
     enum class State : std::uint8_t { waiting, working, finished };
 
-    Listing(const Directory* of, std::shared_ptr<Listing> in)
-        : directory(of), parent(std::move(in)) {}
+    Listing(const Directory* of, std::shared_ptr<Listing> in, std::uint64_t listedInode)
+        : directory(of),
+          inode(listedInode),
+          isOnRotationalDisk(in && in->isOnRotationalDisk),
+          parent(std::move(in)) {}
 
     const Directory* const directory;
+    const std::uint64_t inode;
+    bool isOnRotationalDisk;          // that of its parent until it is open
     std::shared_ptr<Listing> parent;  // nullptr for the first folder and once this one is open
     State state = State::waiting;
     bool abandoned = false;
@@ -124,12 +140,13 @@ TreeReader::~TreeReader() {
 }
 
 std::shared_ptr<TreeReader::Listing> TreeReader::makeRoot(const Directory* directory) {
-    return std::make_shared<Listing>(directory, nullptr);
+    return std::make_shared<Listing>(directory, nullptr, 0);
 }
 
 std::shared_ptr<TreeReader::Listing> TreeReader::makeListing(const std::shared_ptr<Listing>& parent,
-                                                             const Directory* directory) {
-    return std::make_shared<Listing>(directory, parent);
+                                                             const Directory* directory,
+                                                             std::uint64_t inode) {
+    return std::make_shared<Listing>(directory, parent, inode);
 }
 
 void TreeReader::announce(const std::vector<std::shared_ptr<Listing>>& folders) {
@@ -142,7 +159,7 @@ Result<FileIdentity> TreeReader::identityOf(const std::shared_ptr<Listing>& list
     std::unique_lock lock(mutex_);
     while (!listing->opened && listing->state != Listing::State::finished) {
         if (listing->state == Listing::State::waiting) {
-            readOn(listing, lock);
+            readNow(listing, lock);
         } else {
             waitForChange(lock);
         }
@@ -177,7 +194,7 @@ std::unique_ptr<TreeReader::Block> TreeReader::nextBlock(const std::shared_ptr<L
             return nullptr;
         }
         if (listing->blocks.empty() && listing->state == Listing::State::waiting) {
-            readOn(listing, lock);
+            readNow(listing, lock);
         } else {
             waitForChange(lock);
         }
@@ -236,8 +253,9 @@ bool TreeReader::isTakeable(const Listing& listing) const {
 TreeReader::Upcoming::iterator TreeReader::nextToTake() {
     const auto end = upcoming_.begin() +
                      static_cast<std::ptrdiff_t>(std::min(upcoming_.size(), maxFoldersChecked));
-    const auto next = std::find_if(upcoming_.begin(), end,
-                                   [this](const auto& listing) { return isTakeable(*listing); });
+    const auto next = std::find_if(upcoming_.begin(), end, [this](const auto& listing) {
+        return isTakeable(*listing) && !isLeftToTheWalk(*listing);
+    });
     return next == end ? upcoming_.end() : next;
 }
 
@@ -251,9 +269,62 @@ std::shared_ptr<TreeReader::Listing> TreeReader::takeUpcoming() {
     return listing;
 }
 
+/// Whether no worker may read the folder, because its disk would seek to and fro.
+bool TreeReader::isLeftToTheWalk(const Listing& listing) const {
+    return listing.isOnRotationalDisk && cachedBatches_ < batchesUntilCached;
+}
+
+/// On the walking thread: reads the next batch of a waiting folder that it needs now, on a
+/// rotational disk together with folders that it needs soon. Called and left with the lock held.
+void TreeReader::readNow(const std::shared_ptr<Listing>& listing, Lock& lock) {
+    if (!isLeftToTheWalk(*listing)) {
+        readOn(listing, lock);
+        return;
+    }
+    const auto begin = std::chrono::steady_clock::now();
+    std::vector<ListedBatch> listed;
+    for (const std::shared_ptr<Listing>& next : nextOnDisk(listing)) {
+        const bool mayRead = isLeftToTheWalk(*next) && isTakeable(*next) &&
+                             entriesAhead_ < maxEntriesAhead &&
+                             std::chrono::steady_clock::now() - begin < maxListingTogether;
+        if (next == listing || mayRead) {
+            listed.push_back(listBatch(next, lock));
+        }
+    }
+    finishOnDisk(listed, lock);
+}
+
+/// The folder and others that the walk reaches soon, in the order of their inode numbers.
+std::vector<std::shared_ptr<TreeReader::Listing>> TreeReader::nextOnDisk(
+    const std::shared_ptr<Listing>& listing) const {
+    const std::size_t most = std::min(maxFoldersTogether, maxOpenFolders_ / 2);
+    std::vector<std::shared_ptr<Listing>> next{listing};
+    for (const std::shared_ptr<Listing>& upcoming : upcoming_) {
+        if (next.size() >= most || listing->opened) {
+            break;
+        }
+        if (upcoming != listing && upcoming->state == Listing::State::waiting &&
+            !upcoming->opened && upcoming->isOnRotationalDisk) {
+            next.push_back(upcoming);
+        }
+    }
+    std::sort(next.begin(), next.end(),
+              [](const auto& one, const auto& other) { return one->inode < other->inode; });
+    return next;
+}
+
+/// Reads the next batch of a waiting folder. Called and left with the lock held.
+void TreeReader::readOn(const std::shared_ptr<Listing>& listing, Lock& lock) {
+    ListedBatch listed = listBatch(listing, lock);
+    if (isLeftToTheWalk(*listing)) {
+        finishOnDisk({std::move(listed)}, lock);
+    } else {
+        finish(listed, lock);
+    }
+}
+
 /// Lists the next batch of a waiting folder. Called and left with the lock held.
-void TreeReader::readOn(const std::shared_ptr<Listing>& listing,
-                        std::unique_lock<std::mutex>& lock) {
+TreeReader::ListedBatch TreeReader::listBatch(const std::shared_ptr<Listing>& listing, Lock& lock) {
     listing->state = Listing::State::working;
     if (!listing->opened) {
         makeRoomForOne();
@@ -262,9 +333,14 @@ void TreeReader::readOn(const std::shared_ptr<Listing>& listing,
     // at once, so that it can be closed.
     const bool toTheEnd = openFolders_ > maxOpenFolders_;
     lock.unlock();
-    const Batch batch = readBatch(*listing, toTheEnd);
+    const std::uint64_t readBefore = pool_.use().deviceReads;
+    Batch batch = readBatch(*listing, toTheEnd);
+    const bool wasOnDisk = pool_.use().deviceReads != readBefore;
     lock.lock();
-    const std::shared_ptr<Descriptor> folder = listing->descriptor;
+    if (listing->isOnRotationalDisk) {
+        cachedBatches_ = wasOnDisk ? 0 : cachedBatches_ + 1;
+    }
+    std::shared_ptr<Descriptor> folder = listing->descriptor;
     try {
         keepBatch(listing, batch);
     } catch (const std::bad_alloc&) {
@@ -274,16 +350,59 @@ void TreeReader::readOn(const std::shared_ptr<Listing>& listing,
         listing->state = Listing::State::finished;
         changed_.notify_all();
     }
-    for (const std::shared_ptr<PendingBlock>& pending : batch.blocks) {
+    return {listing, std::move(folder), std::move(batch)};
+}
+
+/// Reads the attributes of the entries. Called and left with the lock held.
+void TreeReader::finish(const ListedBatch& listed, Lock& lock) {
+    for (const std::shared_ptr<PendingBlock>& pending : listed.batch.blocks) {
         lock.unlock();
         try {
-            readAttributes(*listing, *folder, *pending->block);
+            readAttributes(*listed.listing, *listed.folder, *pending->block);
         } catch (const std::bad_alloc&) {
             control_.stopForLackOfMemory();
         }
         lock.lock();
         pending->ready = true;
         changed_.notify_all();
+    }
+}
+
+/// The same, of several folders on a rotational disk.
+void TreeReader::finishOnDisk(const std::vector<ListedBatch>& listed, Lock& lock) {
+    lock.unlock();
+    try {
+        readAttributesInDiskOrder(listed);
+    } catch (const std::bad_alloc&) {
+        control_.stopForLackOfMemory();
+    }
+    lock.lock();
+    for (const ListedBatch& of : listed) {
+        for (const std::shared_ptr<PendingBlock>& pending : of.batch.blocks) {
+            pending->ready = true;
+        }
+    }
+    changed_.notify_all();
+}
+
+void TreeReader::readAttributesInDiskOrder(const std::vector<ListedBatch>& listed) {
+    std::vector<std::pair<ListedEntry*, const ListedBatch*>> entries;
+    for (const ListedBatch& of : listed) {
+        for (const std::shared_ptr<PendingBlock>& pending : of.batch.blocks) {
+            for (ListedEntry& entry : pending->block->entries) {
+                entries.emplace_back(&entry, &of);
+            }
+        }
+    }
+    std::sort(entries.begin(), entries.end(), [](const auto& one, const auto& other) {
+        return one.first->inode < other.first->inode;
+    });
+    std::size_t done = 0;
+    for (const auto& [entry, of] : entries) {
+        if (++done % entriesBetweenChecks == 0 && !mayGoOn()) {
+            return;
+        }
+        readAttributesOf(*entry, *of->listing, *of->folder);
     }
 }
 
@@ -383,6 +502,10 @@ std::optional<SystemError> TreeReader::open(Listing& listing) {
     if (!attributes) {
         return attributes.error();
     }
+    const std::uint64_t device = attributes->identity.device;
+    if (!listing.parent || listing.parent->identity.device != device) {
+        listing.isOnRotationalDisk = fileSystem_.isRotational(device);
+    }
     examineVolume(listing, attributes->identity, *opened);
     if (isNotWalked(listing, attributes->identity)) {
         const std::lock_guard lock(mutex_);
@@ -473,6 +596,7 @@ std::unique_ptr<TreeReader::Block> TreeReader::wanted(const Directory& folder,
         ListedEntry& kept = block->entries.emplace_back();
         kept.name = name;
         kept.type = entry.type;
+        kept.inode = entry.inode;
         kept.attributesKnown =
             entry.type == EntryType::directory ||
             (entry.type == EntryType::regular && interest == EntryInterest::name);
@@ -547,7 +671,7 @@ void TreeReader::readAttributesOf(ListedEntry& entry, const Listing& listing,
 }
 
 /// On the walking thread: blocks until something has changed, or waits out a pause.
-void TreeReader::waitForChange(std::unique_lock<std::mutex>& lock) {
+void TreeReader::waitForChange(Lock& lock) {
     if (!control_.pause()) {
         changed_.wait(lock);
         return;

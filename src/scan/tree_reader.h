@@ -34,16 +34,20 @@ struct ListedEntry {
     bool attributesKnown = false;  ///< `attributes` were read, or are not needed
     SystemError error;             ///< why reading them failed; code 0 if it did not
     FileAttributes attributes;
+    std::uint64_t inode = 0;  ///< as listed; 0 if unknown
 };
 
 /// Lists folders ahead of the walk that consumes them.
 ///
 /// The walk requests folders one by one, depth first, and gets the entries of each block by block
 /// in listing order. Meanwhile workers list the next folders and read the attributes of their
-/// entries, also inside one large folder. The amount read ahead is bounded. The user's Trash, the
-/// folder with the program's own files and pseudo file systems are refused like unreadable folders.
-/// Where a walk comes to another file system, it finds out whether the inode numbers of folders
-/// change there (UnsteadyVolumes).
+/// entries, also inside one large folder. The amount read ahead is bounded. While a rotational disk
+/// has to be read, the walking thread does this instead, several folders at a time: first it lists
+/// them, then it reads their attributes, both in the order of the inode numbers. That is nearly the
+/// order in which they lie on the disk, and one reader does not seek to and fro. The user's Trash,
+/// the folder with the program's own files and pseudo file systems are refused like unreadable
+/// folders. Where a walk comes to another file system, it finds out whether the inode numbers of
+/// folders change there (UnsteadyVolumes).
 ///
 /// Only the walking thread may call the public functions. Workers wait during a pause; after a stop
 /// folders end early.
@@ -82,9 +86,11 @@ class TreeReader final {
 
     /// A folder at which a walk begins; may be a symbolic link to one.
     static std::shared_ptr<Listing> makeRoot(const Directory* directory);
-    /// A folder found in a block of `parent`, which must still be open. Starts no listing.
+    /// A folder found in a block of `parent`, which must still be open, with the inode number that
+    /// was listed. Starts no listing.
     static std::shared_ptr<Listing> makeListing(const std::shared_ptr<Listing>& parent,
-                                                const Directory* directory);
+                                                const Directory* directory,
+                                                std::uint64_t inode = 0);
     /// Queues the folders that the walk reaches next, in its order, ahead of all queued before.
     void announce(const std::vector<std::shared_ptr<Listing>>& folders);
 
@@ -117,8 +123,19 @@ class TreeReader final {
     Upcoming::iterator nextToTake();
     std::shared_ptr<Listing> takeUpcoming();
     void makeRoomForOne();
-    void readOn(const std::shared_ptr<Listing>& listing, std::unique_lock<std::mutex>& lock);
     struct Batch;
+    struct ListedBatch;
+    using Lock = std::unique_lock<std::mutex>;
+
+    void readNow(const std::shared_ptr<Listing>& listing, Lock& lock);
+    void readOn(const std::shared_ptr<Listing>& listing, Lock& lock);
+    [[nodiscard]] std::vector<std::shared_ptr<Listing>> nextOnDisk(
+        const std::shared_ptr<Listing>& listing) const;
+    [[nodiscard]] bool isLeftToTheWalk(const Listing& listing) const;
+    ListedBatch listBatch(const std::shared_ptr<Listing>& listing, Lock& lock);
+    void finish(const ListedBatch& listed, Lock& lock);
+    void finishOnDisk(const std::vector<ListedBatch>& listed, Lock& lock);
+    void readAttributesInDiskOrder(const std::vector<ListedBatch>& listed);
     Batch readBatch(Listing& listing, bool toTheEnd);
     void fillBatch(Listing& listing, bool toTheEnd, Batch& batch);
     Result<bool> listSome(const Listing& listing, EntryBlock& listed);
@@ -138,8 +155,11 @@ class TreeReader final {
                                         std::span<ListedEntry> entries);
     void readAttributesOf(ListedEntry& entry, const Listing& listing, const Descriptor& folder);
     void releaseDescriptor(Listing& listing);
-    void waitForChange(std::unique_lock<std::mutex>& lock);
+    void waitForChange(Lock& lock);
     [[nodiscard]] bool mayGoOn();
+
+    // After so many of them the others are taken to be in memory, too.
+    static constexpr std::size_t batchesUntilCached = 8;
 
     FileSystem& fileSystem_;
     WorkerPool& pool_;
@@ -164,6 +184,9 @@ class TreeReader final {
     std::size_t openFolders_ = 0;     // guarded by mutex_
     std::atomic<unsigned> tasks_{0};  // queued or running; grows with mutex_ held
     bool ending_ = false;             // guarded by mutex_
+    // Batches of folders on rotational disks that were in memory, since the last one that had to be
+    // read. Guarded by mutex_.
+    std::size_t cachedBatches_ = batchesUntilCached;
 };
 
 }  // namespace tarvin

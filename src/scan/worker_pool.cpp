@@ -53,6 +53,8 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
  public:
     Core(Limits limits, Use use) : limits_(limits), use_(use), atOnce_(limits.cores) {}
 
+    [[nodiscard]] ThreadUse use() const { return use_(); }
+
     void keepAlive(std::weak_ptr<void> owner) {
         const std::lock_guard lock(mutex_);
         owner_ = std::move(owner);
@@ -327,6 +329,10 @@ class WorkerPool::Fork final {
 WorkerPool::WorkerPool(Limits limits, Use use)
     : core_(std::make_shared<Core>(
           Limits{std::max(1U, limits.cores), std::max({1U, limits.cores, limits.width})}, use)) {}
+
+ThreadUse WorkerPool::use() const {
+    return core_->use();
+}
 
 WorkerPool::Limits WorkerPool::limitsOfThisMachine() {
     const unsigned cores = std::max(1U, std::thread::hardware_concurrency());

@@ -78,6 +78,8 @@ class WorkerPool final {
     /// much as reading them; fewer while tasks wait, so that more of them wait at once.
     [[nodiscard]] std::size_t filesAShare() const;
 
+    /// What the calling thread has used so far.
+    [[nodiscard]] ThreadUse use() const;
     [[nodiscard]] unsigned cores() const;
     /// The maximum number of tasks at once, not counting stuck tasks and those that wait in
     /// forEach().

@@ -57,9 +57,9 @@ class TreeReaderTest : public testing::Test {
     TreeReaderTest() { fileSystem_.setListingOrder(ListingOrder::sorted); }
 
     TreeReader& reader(TreeReader::Interest interest = everything,
-                       WorkerPool::Limits limits = {2, 4}) {
+                       WorkerPool::Limits limits = {2, 4}, WorkerPool::Use use = useOfThisThread) {
         reader_ = nullptr;
-        tools_ = std::make_unique<ScanTools>(fileSystem_, limits);
+        tools_ = std::make_unique<ScanTools>(fileSystem_, limits, use);
         reader_ = std::make_unique<TreeReader>(tools_->servicesWith(control_), interest);
         return *reader_;
     }
@@ -93,7 +93,7 @@ class TreeReaderTest : public testing::Test {
         for (const ListedEntry& entry : block_->entries) {
             if (entry.type == EntryType::directory) {
                 const Directory* directory = store_->addDirectory(folder.directory, entry.name);
-                ahead.push_back(reader.makeListing(folder.listing, directory));
+                ahead.push_back(reader.makeListing(folder.listing, directory, entry.inode));
                 inside.push_back({directory, ahead.back(), std::string(entry.name)});
             }
         }
@@ -327,6 +327,94 @@ TEST_F(TreeReaderTest, ListsAnnouncedFoldersAhead) {
     }
     reader.close(folder.listing);
     EXPECT_EQ(fileSystem_.calls(FileCall::openDirectoryAt), calls);
+}
+
+/// What a thread has used if each call reads from a device.
+ThreadUse useOfAReadingThread() {
+    static std::atomic<std::uint64_t> reads{0};
+    return {++reads, 0, {}};
+}
+
+ThreadUse useOfAnIdleThread() {
+    return {};
+}
+
+/// Folders "a" to "e" with files "1" and "2", whose inode numbers go the other way.
+class TreeReaderOnARotationalDisk : public TreeReaderTest {
+ protected:
+    TreeReaderOnARotationalDisk() {
+        fileSystem_.setRotational(true);
+        std::uint64_t inode = 100;
+        for (const std::string folder : {"a", "b", "c", "d", "e"}) {
+            for (const std::string file : {"1", "2"}) {
+                const std::string path = tree_.writeFile(folder + "/" + file);
+                fileSystem_.setListedInode(path, --inode);
+                record(FileCall::attributesAt, path);
+            }
+            const std::string path = tree_.path() + "/" + folder;
+            fileSystem_.setListedInode(path, --inode);
+            record(FileCall::openDirectoryAt, path);
+        }
+    }
+
+    /// Walks through the tree. Returns what it has found, in its order.
+    Names walk(WorkerPool::Use use) {
+        Names found;
+        TreeReader& reader = this->reader(everything, {1, 1}, use);
+        const Folder folder = rootFolder(reader);
+        for (const Folder& each : takeFolders(reader, folder)) {
+            EXPECT_TRUE(reader.identityOf(each.listing) || control_.stop());
+            for (const std::string& name : names(reader, each.listing)) {
+                found.push_back(each.name + "/" + name);
+            }
+            reader.close(each.listing);
+        }
+        reader.close(folder.listing);
+        return found;
+    }
+
+    const Names all_{"a/1", "a/2", "b/1", "b/2", "c/1", "c/2", "d/1", "d/2", "e/1", "e/2"};
+    Names calls_;
+
+ private:
+    void record(FileCall call, const std::string& path) {
+        const std::string name = path.substr(tree_.path().size() + 1);
+        fileSystem_.beforeCall(
+            call, FaultyFileSystem::each, [this, name] { calls_.push_back(name); }, path);
+    }
+};
+
+TEST_F(TreeReaderOnARotationalDisk, ReadsFoldersThenAttributesInTheOrderOfInodes) {
+    EXPECT_EQ(walk(useOfAReadingThread), all_);
+    EXPECT_EQ(calls_, (Names{"e", "d", "c", "b", "a", "e/2", "e/1", "d/2", "d/1", "c/2", "c/1",
+                             "b/2", "b/1", "a/2", "a/1"}));
+}
+
+TEST_F(TreeReaderOnARotationalDisk, ReadsInTheOrderOfTheWalkWhatIsInMemory) {
+    EXPECT_EQ(walk(useOfAnIdleThread), all_);
+    EXPECT_EQ(calls_, (Names{"a", "a/1", "a/2", "b", "b/1", "b/2", "c", "c/1", "c/2", "d", "d/1",
+                             "d/2", "e", "e/1", "e/2"}));
+}
+
+TEST_F(TreeReaderOnARotationalDisk, ReadsInTheOrderOfTheWalkOnOtherDisks) {
+    fileSystem_.setRotational(false);
+    EXPECT_EQ(walk(useOfAReadingThread), all_);
+    EXPECT_EQ(calls_.front(), "a");
+    EXPECT_EQ(calls_.back(), "e/2");
+}
+
+TEST_F(TreeReaderOnARotationalDisk, ReadsFewFoldersTogetherIfFewMayBeOpen) {
+    fileSystem_.setDescriptorLimit(1);
+    EXPECT_EQ(walk(useOfAReadingThread), all_);
+    EXPECT_EQ(calls_.size(), 15u);
+    EXPECT_EQ(calls_[2], "b/2");
+    EXPECT_LE(fileSystem_.openAtMost(), 8u);
+}
+
+TEST_F(TreeReaderOnARotationalDisk, EndsEarlyAfterAStop) {
+    fileSystem_.beforeCall(FileCall::openDirectoryAt, 1, [this] { control_.requestStop(); }, "/e");
+    walk(useOfAReadingThread);
+    EXPECT_LE(calls_.size(), 2u);
 }
 
 TEST_F(TreeReaderTest, ListsFoldersThatWereNotAnnounced) {

@@ -7,8 +7,9 @@ namespace tarvin {
 /// The services that the parts of a scan share, for a test that has only some of the parts.
 class ScanTools final {
  public:
-    ScanTools(FileSystem& fileSystem, WorkerPool::Limits workers)
-        : fileSystem_(fileSystem), pool_(workers) {}
+    ScanTools(FileSystem& fileSystem, WorkerPool::Limits workers,
+              WorkerPool::Use use = useOfThisThread)
+        : fileSystem_(fileSystem), pool_(workers, use) {}
 
     [[nodiscard]] ScanServices services() { return servicesWith(control_); }
     /// The services with another control.
