@@ -68,7 +68,7 @@ struct FileVersion : ComparedState {
 /// tree may change state and index; everything else is immutable.
 class File final {
  public:
-    /// `name` is not copied and must outlive the file.
+    /// `name` is null-terminated, not copied, and must outlive the file.
     File(const Directory* directory, std::string_view name, std::uint64_t fileSize,
          std::optional<Timestamp> fileModificationDate, std::optional<Timestamp> fileCreationDate);
 
@@ -76,7 +76,7 @@ class File final {
     /// on false nothing has changed on disk.
     bool removeFile(SetMover& mover) const;
 
-    /// The file's name as its folder lists it.
+    /// The file's name as its folder lists it; null-terminated.
     [[nodiscard]] std::string_view fileName() const { return {name_, nameLength_}; }
     /// The absolute path, by which the file is identified. Built on each call.
     [[nodiscard]] std::string filePath() const;

@@ -19,10 +19,26 @@ constexpr std::size_t maxDescriptors = 512;
 // Between two checks for a stop.
 constexpr std::uint64_t bytesARequest = 4 * 1024 * 1024;
 
-/// Half of the free descriptors: one half is for visits, the other for files kept open.
+constexpr std::size_t maxFolders = 1024;
+
+std::size_t freeDescriptors(std::size_t limit) {
+    return limit > descriptorsNotForFiles ? limit - descriptorsNotForFiles : 0;
+}
+
+/// A quarter of the free descriptors.
+std::size_t foldersToKeep(std::size_t limit) {
+    return std::min(freeDescriptors(limit) / 4, maxFolders);
+}
+
+/// Half of the others: one half is for visits, the other for files kept open.
 std::size_t openAtOnce(std::size_t limit) {
-    const std::size_t spare = limit > descriptorsNotForFiles ? limit - descriptorsNotForFiles : 0;
+    const std::size_t spare = freeDescriptors(limit) - foldersToKeep(limit);
     return std::clamp(spare / 2, minDescriptors, maxDescriptors);
+}
+
+/// Whether another folder may be at the path of one that is open.
+bool isOfAnOldFolder(SystemError error) {
+    return error.code == ENOENT || error.code == ESTALE;
 }
 
 void doubt(const File& file) {
@@ -64,6 +80,7 @@ CandidateReader::CandidateReader(const ScanServices& services)
       watch_(services.watch),
       unreadable_(services.unreadable),
       unsteadyVolumes_(services.unsteadyVolumes),
+      folders_(fileSystem_, foldersToKeep(fileSystem_.descriptorLimit())),
       descriptors_(openAtOnce(fileSystem_.descriptorLimit())),
       keptDescriptors_(openAtOnce(fileSystem_.descriptorLimit())) {}
 
@@ -71,11 +88,8 @@ std::optional<OpenCandidate> CandidateReader::open(const File& file) {
     if (!control_.mayGoOn()) {
         return std::nullopt;
     }
-    thread_local std::string path;
-    path.clear();
-    file.appendFilePath(path);
     Result<Descriptor> descriptor =
-        openWithRetry(fileSystem_, control_, [&] { return openOnce(file, path); });
+        openWithRetry(fileSystem_, control_, [&] { return openOnce(file); });
     if (!descriptor) {
         return failed(file, descriptor.error());
     }
@@ -107,8 +121,18 @@ std::optional<OpenCandidate> CandidateReader::open(const File& file) {
     return candidate;
 }
 
-Result<Descriptor> CandidateReader::openOnce(const File& file, const std::string& path) {
+Result<Descriptor> CandidateReader::openOnce(const File& file) {
     const IoWatch::Call call(watch_, file);
+    if (const Descriptor* const folder = folders_.of(*file.directory())) {
+        // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): null-terminated.
+        Result<Descriptor> opened = fileSystem_.openFileAt(*folder, file.fileName().data());
+        if (opened || !isOfAnOldFolder(opened.error())) {
+            return opened;
+        }
+    }
+    thread_local std::string path;
+    path.clear();
+    file.appendFilePath(path);
     return fileSystem_.openFile(path);
 }
 

@@ -3,6 +3,7 @@
 #include "model/file.h"
 #include "platform/file_system.h"
 #include "scan/budget.h"
+#include "scan/folder_descriptors.h"
 #include "scan/scan_services.h"
 
 #include <atomic>
@@ -115,7 +116,7 @@ class CandidateReader final {
     std::mutex* onlyReaderOf(std::uint64_t device);
 
     std::nullopt_t failed(const File& file, SystemError error);
-    Result<Descriptor> openOnce(const File& file, const std::string& path);
+    Result<Descriptor> openOnce(const File& file);
     Result<FileAttributes> attributesNow(const File& file, const Descriptor& descriptor);
     void logUnnamed(const File& file);
     [[nodiscard]] bool isExcused(const FileStamp& before, const FileStamp& now,
@@ -127,6 +128,7 @@ class CandidateReader final {
     IoWatch& watch_;
     UnreadableLog& unreadable_;
     UnsteadyVolumes& unsteadyVolumes_;
+    FolderDescriptors folders_;
     Budget descriptors_;
     Budget keptDescriptors_;
     std::atomic<std::uint64_t> bytesRead_{0};

@@ -1,9 +1,13 @@
 #include "scan/duplicate_finder.h"
 
 #include "support/comparison_fixture.h"
+#include "support/faulty_file_system.h"
 #include "support/pairwise_finder.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
 
 namespace tarvin {
 namespace {
@@ -245,6 +249,46 @@ TEST(DuplicateFinder, SetTotalsCountAllFilesButTheFirst) {
     EXPECT_EQ(second->state(), CheckState::off);
     EXPECT_EQ(second->index(), 1);
     EXPECT_EQ(set->setsState(), CheckState::off);
+}
+
+TEST(FilesOfAFolder, AreOpenedByTheirNames) {
+    FaultyFileSystem fileSystem;
+    ComparisonFixture fixture(fileSystem);
+    fixture.add("a.jpg", "content");
+    fixture.add("b.jpg", "content");
+    EXPECT_EQ(fixture.find()->totalFiles(), 1U);
+    EXPECT_GE(fileSystem.calls(FileCall::openFolderOfFiles), 1U);
+    EXPECT_EQ(fileSystem.calls(FileCall::openFileAt), 2U);
+}
+
+TEST(FilesOfAFolder, AreFoundInTheFolderThatHasReplacedIt) {
+    FaultyFileSystem fileSystem;
+    ComparisonFixture fixture(fileSystem, {1, 1});
+    fixture.add("folder/a.jpg", "content");
+    const std::string path = fixture.add("folder/b.jpg", "content")->filePath();
+    const std::string folder = fixture.folder().pathOf("folder");
+    fileSystem.beforeCall(
+        FileCall::openFile, 1,
+        [&] {
+            const std::string aside = fixture.folder().pathOf("aside");
+            std::filesystem::rename(path, aside);
+            std::filesystem::rename(folder, fixture.folder().pathOf("old"));
+            std::filesystem::create_directory(folder);
+            std::filesystem::rename(aside, path);
+        },
+        "/b.jpg");
+    EXPECT_EQ(fixture.find()->totalFiles(), 1U);
+    EXPECT_EQ(fixture.unreadable().total(), 0U);
+}
+
+TEST(FilesOfAFolder, AreOpenedByTheirPathsIfFewFilesMayBeOpen) {
+    FaultyFileSystem fileSystem;
+    fileSystem.setDescriptorLimit(32);
+    ComparisonFixture fixture(fileSystem);
+    fixture.add("a.jpg", "content");
+    fixture.add("b.jpg", "content");
+    EXPECT_EQ(fixture.find()->totalFiles(), 1U);
+    EXPECT_EQ(fileSystem.calls(FileCall::openFolderOfFiles), 0U);
 }
 
 }  // namespace
