@@ -23,22 +23,28 @@ constexpr unsigned maxStandIns = 64;
 // A task that waited for less is as fast as one that did not wait.
 constexpr std::chrono::milliseconds leastWait{1};
 
-/// Whether a task waited for a device or a network for most of its time, not for a CPU.
-bool hasWaited(const ThreadUse& before, const ThreadUse& after, std::chrono::nanoseconds lasted) {
+/// For what a task has waited, other than a CPU.
+enum class Wait : std::uint8_t {
+    none,
+    device,
+    time  ///< for most of its time, and not for a device: for a network
+};
+
+Wait waitOf(const ThreadUse& before, const ThreadUse& after, std::chrono::nanoseconds lasted) {
     // What the queue of the CPUs took from this thread before its last task that may have waited.
     thread_local std::chrono::nanoseconds inQueueBefore{0};
     if (after.deviceReads != before.deviceReads) {
-        return true;
+        return Wait::device;
     }
     const std::chrono::nanoseconds ran = after.ran - before.ran;
     const std::chrono::nanoseconds idle = lasted - ran;
     if (after.waits == before.waits || idle < leastWait || idle < ran) {
-        return false;
+        return Wait::none;
     }
     const std::chrono::nanoseconds inQueue = timeInQueueOfThisThread();
     const std::chrono::nanoseconds waited =
         idle - (inQueue - std::exchange(inQueueBefore, inQueue));
-    return waited >= leastWait && waited >= ran;
+    return waited >= leastWait && waited >= ran ? Wait::time : Wait::none;
 }
 
 // The pool whose task the thread is running.
@@ -244,7 +250,7 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
         }
         task = nullptr;
         owner = nullptr;
-        const bool waited = hasWaited(before, use_(), std::chrono::steady_clock::now() - begin);
+        const Wait wait = waitOf(before, use_(), std::chrono::steady_clock::now() - begin);
         lock.lock();
         --running_;
         --insideTasks_;
@@ -252,17 +258,20 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
             idleAgain_.notify_all();
         }
         if (!cameTooLate) {
-            adjust(waited);
+            adjust(wait);
         }
     }
 
-    void adjust(bool waited) {
-        if (!waited) {
+    void adjust(Wait wait) {
+        if (wait == Wait::none) {
             atOnce_ = std::max(limits_.cores, atOnce_ - 1);
             return;
         }
-        atOnce_ = std::min(limits_.width, atOnce_ + 1);
-        if (!queue_.empty() && running_ + 1 < atOnce_ + stuck_) {
+        // A server answers many calls as soon as one.
+        atOnce_ = std::min(limits_.width, atOnce_ + (wait == Wait::time ? atOnce_.load() : 1));
+        // This thread runs the first of the queue itself.
+        for (std::size_t more = 1; more <= queue_.size() && running_ + more < atOnce_ + stuck_;
+             ++more) {
             startOrWakeOne();
         }
     }

@@ -13,10 +13,10 @@ namespace tarvin {
 /// The threads that read for a scan, shared by all its tasks.
 ///
 /// While all data comes from the page cache, as many tasks run at once as there are cores. A task
-/// that had to read from a device, or that waited for most of its time (a network does not count as
-/// a device), lets one more task run, up to the pool's width, and each other task one less. So the
-/// number of calls in flight follows the device, and with a warm cache there are no superfluous
-/// threads.
+/// that had to read from a device lets one more task run, one that waited for most of its time (a
+/// network does not count as a device) twice as many, up to the pool's width, and each other task
+/// one less. So the number of calls in flight follows the device, and with a warm cache there are
+/// no superfluous threads.
 ///
 /// A task may hang in a call that does not return (a dead network mount). allowForStuck() lets
 /// others run in its place; abandon() leaves it behind.

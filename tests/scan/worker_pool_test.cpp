@@ -220,6 +220,28 @@ TEST(WorkerPool, RunsMoreTasksWhileTheyWaitForSomethingElseThanADevice) {
     EXPECT_EQ(crowd.max(), 8);
 }
 
+TEST(WorkerPool, RunsTwiceAsManyTasksAfterEachThatWaitedForANetwork) {
+    WorkerPool pool({1, 16});
+    std::atomic<int> ended{0};
+    for (int task = 0; task < 4; ++task) {
+        pool.submit([&] {
+            giveAwayTheCpu();
+            ++ended;
+        });
+    }
+    ASSERT_TRUE(waitUntil([&] { return ended == 4; }));
+    Crowd crowd;
+    for (int task = 0; task < 8; ++task) {
+        pool.submit([&] {
+            crowd.enter();
+            // One more for each would be 5.
+            EXPECT_TRUE(waitUntil([&] { return crowd.max() >= 6; }));
+            ++ended;
+        });
+    }
+    EXPECT_TRUE(waitUntil([&] { return ended == 12; }));
+}
+
 TEST(WorkerPool, RunsNoMoreTasksThanCoresWhileTheyOnlyCompute) {
     Crowd crowd;
     WorkerPool pool({2, 8});
