@@ -189,8 +189,10 @@ int removeFolder(const char* path) {
     return resultOf(::rmdir(sourceOf(path).c_str()));
 }
 
-/// Nothing is kept: not the names, not the attributes, not the contents.
-void* start(fuse_conn_info*, fuse_config* config) {
+/// Nothing is kept: not the names, not the attributes, not the contents. Names of one folder may be
+/// looked up at the same time, as the clients of networks do.
+void* start(fuse_conn_info* connection, fuse_config* config) {
+    connection->want |= connection->capable & FUSE_CAP_PARALLEL_DIROPS;
     config->entry_timeout = 0;
     config->attr_timeout = 0;
     config->negative_timeout = 0;

@@ -25,8 +25,9 @@ constexpr std::size_t maxEntriesAhead = 16 * 1024;
 // How many queued folders a worker checks for one that it may take.
 constexpr std::size_t maxFoldersChecked = 64;
 constexpr std::size_t entriesBetweenChecks = 64;
-// Entries whose attributes are read one after the other. If that takes longer than slowShare (from
-// the cache it takes 10 microseconds), the others of the folder are read at the same time.
+// The first entries of a folder, and then so many at a time, are read one after the other. If that
+// takes longer than slowShare (from the cache, so many take 10 microseconds), the others of the
+// folder are read at the same time.
 constexpr std::size_t entriesAShare = 4;
 constexpr std::chrono::milliseconds slowShare{2};
 constexpr std::chrono::milliseconds poolPollInterval{20};
@@ -616,17 +617,30 @@ std::unique_ptr<TreeReader::Block> TreeReader::wanted(const Directory& folder,
 void TreeReader::readAttributes(const Listing& listing, const Descriptor& folder, Block& block) {
     const std::span<ListedEntry> entries(block.entries);
     const std::size_t done = readAttributesWhileFast(listing, folder, entries);
-    const std::span<ListedEntry> rest = entries.subspan(done);
-    const std::size_t shares = (rest.size() + entriesAShare - 1) / entriesAShare;
-    pool_.forEach(shares, [&](std::size_t share) {
-        const std::size_t from = share * entriesAShare;
-        if (mayGoOn()) {
+    if (done < entries.size()) {
+        pool_.widen();
+        readAttributesAtOnce(listing, folder, entries.subspan(done));
+    }
+}
+
+/// Reads attributes whose calls wait, several at the same time: fewer while other folders are read,
+/// because some networks answer one call for a name of each folder at a time.
+void TreeReader::readAttributesAtOnce(const Listing& listing, const Descriptor& folder,
+                                      std::span<ListedEntry> entries) {
+    while (!entries.empty() && mayGoOn()) {
+        const std::size_t most = pool_.width() / std::max(1U, tasks_.load());
+        const std::span<ListedEntry> next =
+            entries.first(std::min(entries.size(), std::max<std::size_t>(most, 1) * entriesAShare));
+        const std::size_t shares = (next.size() + entriesAShare - 1) / entriesAShare;
+        pool_.forEach(shares, [&](std::size_t share) {
+            const std::size_t from = share * entriesAShare;
             for (ListedEntry& entry :
-                 rest.subspan(from, std::min(entriesAShare, rest.size() - from))) {
+                 next.subspan(from, std::min(entriesAShare, next.size() - from))) {
                 readAttributesOf(entry, listing, folder);
             }
-        }
-    });
+        });
+        entries = entries.subspan(next.size());
+    }
 }
 
 /// Reads attributes until the calls turn out to wait, as those of a network do: the rest should
@@ -640,7 +654,7 @@ std::size_t TreeReader::readAttributesWhileFast(const Listing& listing, const De
                 return entries.size();
             }
             begin = std::chrono::steady_clock::now();
-        } else if (done % entriesAShare == entriesAShare - 1 &&
+        } else if ((done % entriesAShare == entriesAShare - 1 || done < entriesAShare) &&
                    std::chrono::steady_clock::now() - begin > slowShare) {
             return done;
         }

@@ -151,6 +151,8 @@ class TreeReader final {
     [[nodiscard]] std::unique_ptr<Block> wanted(const Directory& folder,
                                                 const EntryBlock& listed) const;
     void readAttributes(const Listing& listing, const Descriptor& folder, Block& block);
+    void readAttributesAtOnce(const Listing& listing, const Descriptor& folder,
+                              std::span<ListedEntry> entries);
     std::size_t readAttributesWhileFast(const Listing& listing, const Descriptor& folder,
                                         std::span<ListedEntry> entries);
     void readAttributesOf(ListedEntry& entry, const Listing& listing, const Descriptor& folder);

@@ -61,6 +61,12 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
 
     [[nodiscard]] ThreadUse use() const { return use_(); }
 
+    void widen() {
+        const std::lock_guard lock(mutex_);
+        atOnce_ = limits_.width;
+        startBeside(0);
+    }
+
     void keepAlive(std::weak_ptr<void> owner) {
         const std::lock_guard lock(mutex_);
         owner_ = std::move(owner);
@@ -269,9 +275,15 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
         }
         // A server answers many calls as soon as one.
         atOnce_ = std::min(limits_.width, atOnce_ + (wait == Wait::time ? atOnce_.load() : 1));
-        // This thread runs the first of the queue itself.
-        for (std::size_t more = 1; more <= queue_.size() && running_ + more < atOnce_ + stuck_;
-             ++more) {
+        // This thread will run the next one itself.
+        startBeside(1);
+    }
+
+    /// Lets the queue run on as many other threads as are allowed beside those that run, and so
+    /// many that are about to.
+    void startBeside(std::size_t others) {
+        for (std::size_t more = 1;
+             more <= queue_.size() && running_ + others + more <= atOnce_ + stuck_; ++more) {
             startOrWakeOne();
         }
     }
@@ -338,6 +350,10 @@ class WorkerPool::Fork final {
 WorkerPool::WorkerPool(Limits limits, Use use)
     : core_(std::make_shared<Core>(
           Limits{std::max(1U, limits.cores), std::max({1U, limits.cores, limits.width})}, use)) {}
+
+void WorkerPool::widen() {
+    core_->widen();
+}
 
 ThreadUse WorkerPool::use() const {
     return core_->use();

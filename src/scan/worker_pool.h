@@ -63,6 +63,10 @@ class WorkerPool final {
     /// the queue is empty or the pool has a thread. For threads that wait for a task.
     bool runOneHere();
 
+    /// Reports that calls wait for a network: as many tasks run at once as the width allows, until
+    /// some do not wait. For a task that will make many such calls before it ends.
+    void widen();
+
     /// Reports how many running tasks are stuck in a call: as many others may run in their place.
     void allowForStuck(unsigned tasks);
 

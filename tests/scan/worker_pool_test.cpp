@@ -242,6 +242,21 @@ TEST(WorkerPool, RunsTwiceAsManyTasksAfterEachThatWaitedForANetwork) {
     EXPECT_TRUE(waitUntil([&] { return ended == 12; }));
 }
 
+TEST(WorkerPool, RunsAsManyTasksAsItsWidthOnceItIsWidened) {
+    WorkerPool pool({1, 8});
+    Crowd crowd;
+    std::atomic<int> ended{0};
+    for (int task = 0; task < 8; ++task) {
+        pool.submit([&] {
+            crowd.enter();
+            pool.widen();
+            EXPECT_TRUE(waitUntil([&] { return crowd.max() == 8; }));
+            ++ended;
+        });
+    }
+    EXPECT_TRUE(waitUntil([&] { return ended == 8; }));
+}
+
 TEST(WorkerPool, RunsNoMoreTasksThanCoresWhileTheyOnlyCompute) {
     Crowd crowd;
     WorkerPool pool({2, 8});
