@@ -162,7 +162,7 @@ TEST_F(HostileNames, AreExcludedByTheirBytes) {
     click("addEceptionBtn");
     click("excOKBtn");
     EXPECT_EQ(information()[1], "\nSuccessfully added 1 files to exceptions.");
-    EXPECT_EQ(stored(), Lines{second});
+    EXPECT_TRUE(comesTrue([this] { return stored() == Lines{second}; }));
     click("scanInforOKBtn");
     click("buttonHomePage");
     delegate->locations().openWith({folder.pathOf("found")});
