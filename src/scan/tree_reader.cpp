@@ -285,10 +285,11 @@ void TreeReader::readNow(const std::shared_ptr<Listing>& listing, Lock& lock) {
     const auto begin = std::chrono::steady_clock::now();
     std::vector<ListedBatch> listed;
     for (const std::shared_ptr<Listing>& next : nextOnDisk(listing)) {
-        const bool mayRead = isLeftToTheWalk(*next) && isTakeable(*next) &&
-                             entriesAhead_ < maxEntriesAhead &&
-                             std::chrono::steady_clock::now() - begin < maxListingTogether;
-        if (next == listing || mayRead) {
+        const bool isUseful = isLeftToTheWalk(*next) && isTakeable(*next) &&
+                              entriesAhead_ < maxEntriesAhead &&
+                              std::chrono::steady_clock::now() - begin < maxListingTogether;
+        // A worker may have begun to read the folder while others were listed.
+        if (isUseful || (next == listing && next->state == Listing::State::waiting)) {
             listed.push_back(listBatch(next, lock));
         }
     }

@@ -411,6 +411,27 @@ TEST_F(TreeReaderOnARotationalDisk, ReadsFewFoldersTogetherIfFewMayBeOpen) {
     EXPECT_LE(fileSystem_.openAtMost(), 8u);
 }
 
+TEST_F(TreeReaderOnARotationalDisk, DoesNotReadAFolderThatIsReadWhileOthersAreListed) {
+    TreeReader& reader = this->reader(everything, {1, 1}, useOfAReadingThread);
+    const Folder folder = rootFolder(reader);
+    const std::vector<Folder> inside = takeFolders(reader, folder);
+    const Listing first = inside.front().listing;
+    fileSystem_.beforeCall(
+        FileCall::openDirectoryAt, 1, [&] { EXPECT_TRUE(reader.identityOf(first)); }, "/e");
+    int listings = 0;
+    fileSystem_.beforeCall(
+        FileCall::listEntries, FaultyFileSystem::each, [&] { ++listings; },
+        inside.front().directory->path());
+    EXPECT_TRUE(reader.identityOf(first));
+    EXPECT_EQ(names(reader, first), (Names{"1", "2"}));
+    // The entries, and the end.
+    EXPECT_EQ(listings, 2);
+    for (const Folder& each : inside) {
+        reader.close(each.listing);
+    }
+    reader.close(folder.listing);
+}
+
 TEST_F(TreeReaderOnARotationalDisk, EndsEarlyAfterAStop) {
     fileSystem_.beforeCall(FileCall::openDirectoryAt, 1, [this] { control_.requestStop(); }, "/e");
     walk(useOfAReadingThread);
