@@ -41,6 +41,18 @@ class DeletionTask::Run final {
     Run& operator=(const Run&) = delete;
     ~Run() { wait(); }
 
+    /// Copies the rows of the list, which no thread may change meanwhile; then calls `over`. Both
+    /// on the run's thread.
+    void copyRows(std::function<void()> over) {
+        thread_.start([this] { rows_ = std::make_unique<TreeSnapshot>(*modal_); }, std::move(over));
+    }
+
+    /// The rows, once they are copied.
+    [[nodiscard]] std::unique_ptr<const TreeSnapshot> takeRows() {
+        thread_.wait();
+        return std::move(rows_);
+    }
+
     /// Calls `over` on the run's thread after the totals have been stored.
     void start(std::function<void()> over) {
         thread_.start([this] { work(); }, std::move(over));
@@ -106,6 +118,7 @@ class DeletionTask::Run final {
     const std::shared_ptr<Modal> modal_;
     std::atomic<std::uint64_t> indicator_{0};
     // Used only by the run's thread until it ends.
+    std::unique_ptr<const TreeSnapshot> rows_;
     KeptFiles kept_;
     const Set* lastBegun_ = nullptr;
     std::optional<StoreError> refusal_;
@@ -132,6 +145,7 @@ DeletionTask::DeletionTask(Session& session, Results& results, MainWindow& windo
             &DeletionTask::pauseDeletionProcess);
     connect(panel.stopDeleteBtn, &QAbstractButton::clicked, this,
             &DeletionTask::stopDeletionProcess);
+    connect(this, &DeletionTask::rowsCopied, this, &DeletionTask::moveFiles, Qt::QueuedConnection);
     connect(this, &DeletionTask::walkFinished, this, &DeletionTask::finish, Qt::QueuedConnection);
     redraw_.setInterval(redrawMilliseconds);
     connect(&redraw_, &QTimer::timeout, this, &DeletionTask::showProgress);
@@ -163,8 +177,13 @@ void DeletionTask::begin(bool unMarkAllEnabled) {
     }
     setDeletionView();
     run_ = std::make_unique<Run>(results_.beginDeletion(), session_, control_);
-    run_->start([this] { Q_EMIT walkFinished(); });
+    run_->copyRows([this] { Q_EMIT rowsCopied(); });
     redraw_.start();
+}
+
+void DeletionTask::moveFiles() {
+    results_.freezeRows(run_->takeRows());
+    run_->start([this] { Q_EMIT walkFinished(); });
 }
 
 void DeletionTask::setDeletionView() {

@@ -17,8 +17,9 @@ namespace tarvin {
 class MainWindow;
 
 /// Moves the marked files to the Trash: the run on a background thread, its panel with pause and
-/// stop, and the report. During a run only its thread reads marks and files of the list in view.
-/// Owned by AppDelegate. Main thread only.
+/// stop, and the report. A run begins by copying the rows of the list in view, which takes a moment
+/// for millions of sets; from then on only its thread reads marks and files of the list. Owned by
+/// AppDelegate. Main thread only.
 ///
 /// A stop answered with "YES" also stops every later run of this process. The stop question is
 /// withdrawn when its run ends. Each run begins unpaused, with both buttons of its panel enabled.
@@ -46,13 +47,16 @@ class DeletionTask final : public QObject {
     [[nodiscard]] bool isRunning() const { return run_ != nullptr; }
 
  Q_SIGNALS:
-    /// Emitted on the run's thread, received on the main thread.
+    // Emitted on the run's thread, received on the main thread.
+
+    void rowsCopied();
     void walkFinished();
 
  private:
     class Run;
 
     void begin(bool unMarkAllEnabled);
+    void moveFiles();
     void setDeletionView();
     void showDeletion();
     void removeDeletionView();

@@ -81,9 +81,9 @@ void ResultTree::allMarksChanged() {
     }
 }
 
-void ResultTree::showSnapshot() {
+void ResultTree::showSnapshot(std::unique_ptr<const TreeSnapshot> snapshot) {
     if (modal_ != nullptr) {
-        snapshot_ = std::make_unique<TreeSnapshot>(*modal_);
+        snapshot_ = std::move(snapshot);
     }
 }
 

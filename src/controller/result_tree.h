@@ -45,9 +45,9 @@ class ResultTree final : public QAbstractItemModel {
     /// Reports every row.
     void allMarksChanged();
 
-    /// Call before another thread changes marks and files: the rows keep what they show, and only
-    /// the extensions and sets of the list are read, not their contents. 16 bytes a set.
-    void showSnapshot();
+    /// Call before another thread changes marks and files: the rows show this copy of the list, and
+    /// only its extensions and sets are read, not their contents.
+    void showSnapshot(std::unique_ptr<const TreeSnapshot> snapshot);
     /// Call after the other thread has finished. Reports every row.
     void endSnapshot();
 
@@ -94,7 +94,7 @@ class ResultTree final : public QAbstractItemModel {
     void reportSetsOf(int extension);
 
     std::shared_ptr<Modal> modal_;
-    std::unique_ptr<TreeSnapshot> snapshot_;  // null while the list is read live
+    std::unique_ptr<const TreeSnapshot> snapshot_;  // null while the list is read live
     bool selectAll_ = false;
 };
 

@@ -217,9 +217,12 @@ std::vector<std::string> Results::takeOutMarkedFiles() {
 }
 
 std::shared_ptr<Modal> Results::beginDeletion() {
-    tree_.showSnapshot();
     files_.setSet(nullptr, 0);
     return list_;
+}
+
+void Results::freezeRows(std::unique_ptr<const TreeSnapshot> rows) {
+    tree_.showSnapshot(std::move(rows));
 }
 
 void Results::endDeletion() {

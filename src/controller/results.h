@@ -2,6 +2,7 @@
 
 #include "controller/file_list.h"
 #include "controller/result_tree.h"
+#include "controller/tree_snapshot.h"
 #include "model/marking.h"
 #include "model/marking_rule.h"
 #include "scan/scan_run.h"
@@ -98,9 +99,11 @@ class Results final : public QObject {
     [[nodiscard]] const Modal& countedList();
     /// Takes the marked files out of the list, to be excluded from scans. Returns their paths.
     [[nodiscard]] std::vector<std::string> takeOutMarkedFiles();
-    /// Lends the list to another thread, which changes marks and files until endDeletion(). Until
-    /// then the tree shows its previous state and the file table is empty.
+    /// Lends the list to another thread until endDeletion(). That may only read it at first: it
+    /// copies the rows, and after freezeRows() it changes marks and files. The file table is empty.
     [[nodiscard]] std::shared_ptr<Modal> beginDeletion();
+    /// The tree shows these rows of the lent list until endDeletion().
+    void freezeRows(std::unique_ptr<const TreeSnapshot> rows);
     void endDeletion();
 
  Q_SIGNALS:

@@ -11,9 +11,11 @@ namespace tarvin {
 
 /// The displayed data of a result tree at one moment, 16 bytes a set: the check states of all rows,
 /// and the number of files of each set and what its copies take. Row numbers are the positions in
-/// Modal::extensions() and Extensions::sets(). Immutable.
+/// Modal::extensions() and Extensions::sets(). Immutable. Taking it reads every set, so a long list
+/// is copied on another thread.
 class TreeSnapshot final {
  public:
+    /// Any thread, while no thread changes the tree.
     explicit TreeSnapshot(const Modal& modal);
 
     // Require a row that existed when the snapshot was taken.

@@ -91,6 +91,26 @@ TEST_F(DeletionStop, AsksAndStillStoresAndReports) {
     EXPECT_TRUE(isThere("c2.txt"));
 }
 
+TEST_F(DeletionStop, RightAfterTheClickMovesNothing) {
+    click("markAll");
+    click("finishButton");
+    click("stopDeleteBtn");
+    alerts.press(0);
+    ASSERT_TRUE(reported());
+    EXPECT_EQ(information()[1], "Duplicates Cleaned: 0");
+    EXPECT_TRUE(isThere("a2.jpg"));
+    EXPECT_FALSE(delegate->deletion().isRunning());
+}
+
+TEST_F(DeletionStop, ByTheEndOfTheProgramRightAfterTheClickMovesNothing) {
+    click("markAll");
+    click("finishButton");
+    delegate.reset();
+    EXPECT_TRUE(isThere("a2.jpg"));
+    EXPECT_TRUE(isThere("b2.jpg"));
+    EXPECT_TRUE(isThere("c2.txt"));
+}
+
 TEST_F(DeletionStop, EndsTheWaitForAnotherCleanUp) {
     const LockFile turns(folder.pathOf("support/clean-up.turn"));
     const auto turn = turns.tryTake(0);

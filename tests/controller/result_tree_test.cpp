@@ -1,5 +1,6 @@
 #include "controller/result_tree.h"
 
+#include "controller/tree_snapshot.h"
 #include "model/result_tree.h"
 
 #include <gtest/gtest.h>
@@ -41,6 +42,10 @@ class ResultTreeTest : public ::testing::Test {
     }
     void click(const std::shared_ptr<Set>& set, std::size_t file) {
         modal_->changeStateOfExtension(jpg_, set, set->files()[file]);
+    }
+    /// A copy of the rows as they are now.
+    [[nodiscard]] std::unique_ptr<const TreeSnapshot> rows() const {
+        return std::make_unique<TreeSnapshot>(*modal_);
     }
 
     std::shared_ptr<Set> three_ = makeSet("three", {10, 10, 10});
@@ -137,7 +142,7 @@ TEST_F(ResultTreeRows, AreNoneWithoutAResult) {
     EXPECT_EQ(tree_.modal(), nullptr);
     tree_.allMarksChanged();
     tree_.marksChanged(0, 0);
-    tree_.showSnapshot();
+    tree_.showSnapshot(rows());
     tree_.endSnapshot();
     EXPECT_EQ(changed_.size(), 0);
 }
@@ -295,7 +300,7 @@ TEST_F(ResultTreeChanges, ConcernNamesToo) {
 
 TEST_F(ResultTreeSnapshot, ShowsWhatItShowedBefore) {
     click(three_, 1);
-    tree_.showSnapshot();
+    tree_.showSnapshot(rows());
     modal_->markAllExtension();
     static_cast<void>(modal_->addSelectedFilesToExceptionInSet(three_, jpg_));
     EXPECT_EQ(nameOf(set(0, 0)), "Set(2)");
@@ -309,12 +314,12 @@ TEST_F(ResultTreeSnapshot, ShowsWhatItShowedBefore) {
 }
 
 TEST_F(ResultTreeSnapshot, EndsWithTheNextResultAndWhenFollowing) {
-    tree_.showSnapshot();
+    tree_.showSnapshot(rows());
     modal_->markAllExtension();
     tree_.endSnapshot();
     EXPECT_EQ(rowsOf(changed_), (Rows{"0-2", "0/0-1", "1/0-0"}));
     EXPECT_EQ(boxOf(set(1, 0)), Qt::Checked);
-    tree_.showSnapshot();
+    tree_.showSnapshot(rows());
     tree_.setModal(modal_);
     modal_->unmarkAllExtension();
     EXPECT_EQ(boxOf(set(1, 0)), Qt::Unchecked);
@@ -322,7 +327,7 @@ TEST_F(ResultTreeSnapshot, EndsWithTheNextResultAndWhenFollowing) {
 
 // The thread sanitizer checks here that no changing data is read.
 TEST_F(ResultTreeSnapshot, ReadsNothingThatAnotherThreadChanges) {
-    tree_.showSnapshot();
+    tree_.showSnapshot(rows());
     auto walk = std::async(std::launch::async, [this] {
         modal_->markAllExtension();
         return modal_->addSelectedFilesToExceptionInSet(three_, jpg_).size();
@@ -420,7 +425,7 @@ TEST_F(LargeResultTree, TakesASnapshotQuickly) {
     ResultTree tree;
     tree.setModal(modal_);
     const std::clock_t begin = std::clock();
-    tree.showSnapshot();
+    tree.showSnapshot(std::make_unique<TreeSnapshot>(*modal_));
     const std::clock_t took = (std::clock() - begin) / (CLOCKS_PER_SEC / 1000);
     RecordProperty("milliseconds", static_cast<int>(took));
 #ifdef TARVIN_SANITIZED

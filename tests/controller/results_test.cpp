@@ -225,6 +225,7 @@ TEST_F(ResultsDeletion, ShowsTheRowsOfItsBeginningUntilItsEnd) {
     const std::shared_ptr<Modal> lent = results_.beginDeletion();
     EXPECT_EQ(lent, list_);
     EXPECT_EQ(results_.files().rowCount(), 0);
+    results_.freezeRows(std::make_unique<TreeSnapshot>(*lent));
     EXPECT_EQ(reported_, Lines{"files reset"});
     lent->markAllExtension();
     EXPECT_EQ(lent->addSelectedFilesToExceptionInSet(three_, jpg_).size(), 2U);
@@ -237,6 +238,15 @@ TEST_F(ResultsDeletion, ShowsTheRowsOfItsBeginningUntilItsEnd) {
     EXPECT_EQ(boxOf(set(1, 0)), Qt::Checked);
     EXPECT_EQ(nameOf(set(0, 0)), "Set(0)");
     EXPECT_EQ(results_.files().rowCount(), 1);
+}
+
+TEST_F(ResultsDeletion, ShowsTheListItselfUntilItsRowsAreFrozen) {
+    const std::shared_ptr<Modal> lent = results_.beginDeletion();
+    lent->markAllExtension();
+    EXPECT_EQ(boxOf(set(1, 0)), Qt::Checked);
+    results_.freezeRows(std::make_unique<TreeSnapshot>(*lent));
+    lent->unmarkAllExtension();
+    EXPECT_EQ(boxOf(set(1, 0)), Qt::Checked);
 }
 
 class ResultsView : public ResultsTest {};
@@ -400,6 +410,7 @@ class ResultsOnScreen : public ResultsTest {
 TEST_F(ResultsOnScreen, FollowADeletion) {
     const QImage before = onScreen(*outline_.viewport());
     const std::shared_ptr<Modal> lent = results_.beginDeletion();
+    results_.freezeRows(std::make_unique<TreeSnapshot>(*lent));
     lent->markAllExtension();
     expectUpToDate();
     EXPECT_TRUE(onScreen(*outline_.viewport()) == before);
