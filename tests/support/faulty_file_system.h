@@ -36,7 +36,8 @@ enum class FileCall : std::uint8_t {
     openFolderOfFiles,
     readAt,
     readCachedAt,
-    disableReadAhead  ///< counted and acted on, but cannot fail
+    disableReadAhead,  ///< counted and acted on, but cannot fail
+    count              ///< how many there are; no call
 };
 
 /// The order in which folders list their entries.
@@ -177,7 +178,7 @@ class FaultyFileSystem final : public FileSystem {
     void close(int number) override;
 
  private:
-    static constexpr std::size_t callKinds = 14;
+    static constexpr auto callKinds = static_cast<std::size_t>(FileCall::count);
 
     struct Fault {
         std::uint64_t nth;
