@@ -49,6 +49,8 @@ std::string nameOf(const std::string& volume, Category category) {
 
 void Recollection::recall(CategoryLists& lists, const ScanServices& services) {
     sortByVolume(lists, services);
+    readAhead_.expect(filesToFind());
+    readAhead_.wait(services);
     if (volumes_.empty()) {
         return;
     }
@@ -113,6 +115,16 @@ void Recollection::dropAmbiguousVolumes() {
     std::erase_if(volumes_, [&](const auto& volume) {
         return volume.second.name.empty() || named[volume.second.name] > 1;
     });
+}
+
+std::uint64_t Recollection::filesToFind() const {
+    std::uint64_t count = 0;
+    for (const auto& [device, volume] : volumes_) {
+        for (const std::vector<File*>& files : volume.lists) {
+            count += files.size();
+        }
+    }
+    return count;
 }
 
 /// Ends early after a stop. Returns false if the memory fails.

@@ -4,6 +4,7 @@
 #include "platform/timestamp.h"
 #include "scan/category.h"
 #include "scan/category_lists.h"
+#include "scan/memory_read_ahead.h"
 #include "scan/scan_services.h"
 #include "store/scan_memory.h"
 #include "store/store_error.h"
@@ -39,8 +40,11 @@ struct MemoryReport {
 class Recollection final {
  public:
     /// `now` is when the scan started, before any file was read.
-    Recollection(std::string folder, Timestamp now) : folder_(std::move(folder)), now_(now) {}
+    Recollection(std::string folder, Timestamp now)
+        : folder_(std::move(folder)), now_(now), readAhead_(folder_) {}
 
+    /// Lets the pool read the memory ahead until recall(). Call when the collection begins.
+    void readAhead(const ScanServices& services) { readAhead_.begin(services); }
     /// Fills in what is known of the collected files. Ends early after a stop.
     void recall(CategoryLists& lists, const ScanServices& services);
     /// Stores what has been found out of them; `store` owns them. Does nothing if that is nothing
@@ -60,6 +64,7 @@ class Recollection final {
     void sortByVolume(CategoryLists& lists, const ScanServices& services);
     void add(File& file, Category category, const ScanServices& services);
     void dropAmbiguousVolumes();
+    [[nodiscard]] std::uint64_t filesToFind() const;
     [[nodiscard]] bool find(ScanMemory& memory, const Volume& volume, const ScanControl& control);
     [[nodiscard]] bool findFiles(ScanMemory& memory, const std::string& name,
                                  std::span<File* const> all, const ScanControl& control);
@@ -78,6 +83,7 @@ class Recollection final {
     std::unordered_map<std::uint64_t, Volume> volumes_;  // by device
     std::optional<std::int64_t> generation_;  // of the memory that the known numbers are from
     MemoryReport report_;
+    MemoryReadAhead readAhead_;
 };
 
 }  // namespace tarvin

@@ -57,6 +57,9 @@ MemoryReport ScanWork::memoryReport() const {
 void ScanWork::collect() {
     Collector::Outcome outcome = Collector::Outcome::stopped;
     try {
+        if (recollection_) {
+            recollection_->readAhead(services_);
+        }
         outcome = collectInputs();
         if (recollection_ && outcome == Collector::Outcome::collected) {
             recollection_->recall(lists_, services_);

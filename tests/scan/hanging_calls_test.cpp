@@ -4,6 +4,7 @@
 #include "support/faulty_file_system.h"
 #include "support/file_tree.h"
 #include "support/pairwise_finder.h"
+#include "support/temporary_folder.h"
 #include "support/waiting.h"
 
 #include <gtest/gtest.h>
@@ -219,6 +220,18 @@ TEST_F(HangingCalls, StopEndsAScanWithAHangingLocation) {
     ScanRun run(hangs().platform, observer_, settings());
     start(run);
     hang_->waitForCalls(1);
+    EXPECT_LT(stop(run), promptSteps);
+}
+
+TEST_F(HangingCalls, StopEndsAScanWhoseMemoryHangs) {
+    tree_.writeFile("1.txt", "same");
+    const TemporaryFolder memory;
+    memory.writeFile("scans.sqlite", "");
+    hangAt(FileCall::attributesOf, memory.path());
+    ScanRun run(hangs().platform, observer_, settings());
+    run.setMemory(memory.path());
+    start(run);
+    EXPECT_EQ(observer_.firstWaitedFor(), memory.path());
     EXPECT_LT(stop(run), promptSteps);
 }
 

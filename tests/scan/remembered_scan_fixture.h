@@ -67,10 +67,17 @@ class RememberedScan : public testing::Test {
         EXPECT_EQ(run.processed(), collected);
         Outcome outcome{
             setsOf(*run.result().modal), {}, run.result().unreadable, run.memoryReport()};
-        for (const std::string& path : fileSystem.openedFiles()) {
+        for (const std::string& path : openedFiles(fileSystem)) {
             outcome.opened.push_back(path.substr(tree_.path().size() + 1));
         }
         return outcome;
+    }
+
+    /// The paths of the files that were opened, without the memory, which is read ahead.
+    [[nodiscard]] Names openedFiles(const FaultyFileSystem& fileSystem) const {
+        Names paths = fileSystem.openedFiles();
+        std::erase(paths, memoryPath());
+        return paths;
     }
 
     Outcome scanWithoutMemory() {

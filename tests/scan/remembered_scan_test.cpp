@@ -6,6 +6,7 @@
 #include "support/pairwise_finder.h"
 #include "support/secret_change.h"
 #include "support/test_seeds.h"
+#include "support/waiting.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -213,7 +214,7 @@ TEST_F(RememberedScan, AFileWithoutReadingHasTheStateThatAMoveChecks) {
     run.setMemory(memory_.path());
     run.start({{tree_.path(), "", "", true, true}}, {});
     run.wait();
-    EXPECT_EQ(fileSystem.calls(FileCall::openFile), 0U);
+    EXPECT_EQ(openedFiles(fileSystem), Names{});
     const auto& modal = *run.result().modal;
     ASSERT_EQ(modal.totalFiles(), 1U);
     for (const auto& file : modal.extensions().front()->sets().front()->files()) {
@@ -222,6 +223,20 @@ TEST_F(RememberedScan, AFileWithoutReadingHasTheStateThatAMoveChecks) {
         EXPECT_EQ(file->compared()->identity, now->identity);
         EXPECT_EQ(file->compared()->changed, now->changed);
     }
+}
+
+TEST_F(RememberedScan, ReadsItsMemoryAheadWhileItCollects) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    scan();
+    const auto size = std::filesystem::file_size(memoryPath());
+    scan([this, size](FaultyFileSystem& fileSystem) {
+        fileSystem.beforeCall(FileCall::listEntries, 1, [this, size, &fileSystem] {
+            EXPECT_TRUE(waitUntil([&] { return !fileSystem.readAheadCalls().empty(); }));
+            EXPECT_EQ(fileSystem.readAheadCalls(),
+                      (std::vector<FaultyFileSystem::ReadAheadCall>{{memoryPath(), 0, size}}));
+        });
+    });
 }
 
 TEST_F(RememberedScan, AnotherVolumeWithTheSameNumbersIsRead) {
@@ -365,10 +380,13 @@ TEST_F(RememberedScan, DoesNotStoreKnownNumbersInANewMemory) {
     scan();
     write("c.jpg", smallFile, 1);
     scan([this](FaultyFileSystem& fileSystem) {
-        fileSystem.beforeCall(FileCall::openFile, 1, [this] {
-            EXPECT_TRUE(std::holds_alternative<bool>(ScanMemory::remove(memory_.path())));
-            EXPECT_TRUE(std::holds_alternative<ScanMemory>(ScanMemory::open(memory_.path())));
-        });
+        fileSystem.beforeCall(
+            FileCall::openFile, 1,
+            [this] {
+                EXPECT_TRUE(std::holds_alternative<bool>(ScanMemory::remove(memory_.path())));
+                EXPECT_TRUE(std::holds_alternative<ScanMemory>(ScanMemory::open(memory_.path())));
+            },
+            ".jpg");
     });
     EXPECT_EQ(scan().opened, (Names{"a.jpg", "b.jpg", "c.jpg"}));
 }
