@@ -57,7 +57,7 @@ thread_local bool cameTooLate = false;
 /// The data shared by the threads. Outlives the pool while an abandoned thread is inside a task.
 class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
  public:
-    Core(Limits limits, Use use) : limits_(limits), use_(use), atOnce_(limits.cores) {}
+    Core(Limits limits, Use measure) : limits_(limits), use_(measure), atOnce_(limits.cores) {}
 
     [[nodiscard]] ThreadUse use() const { return use_(); }
 
@@ -347,9 +347,10 @@ class WorkerPool::Fork final {
     std::atomic<bool> outOfMemory_{false};
 };
 
-WorkerPool::WorkerPool(Limits limits, Use use)
+WorkerPool::WorkerPool(Limits limits, Use measure)
     : core_(std::make_shared<Core>(
-          Limits{std::max(1U, limits.cores), std::max({1U, limits.cores, limits.width})}, use)) {}
+          Limits{std::max(1U, limits.cores), std::max({1U, limits.cores, limits.width})},
+          measure)) {}
 
 void WorkerPool::widen() {
     core_->widen();

@@ -37,7 +37,7 @@ class WorkerPool final {
     /// Returns what the calling thread has used so far.
     using Use = ThreadUse (*)();
 
-    explicit WorkerPool(Limits limits, Use use = useOfThisThread);
+    explicit WorkerPool(Limits limits, Use measure = useOfThisThread);
     /// The number of cores, and enough threads to keep a fast device busy.
     static Limits limitsOfThisMachine();
 
