@@ -9,6 +9,7 @@
 
 #define FUSE_USE_VERSION 312
 
+#include "random.h"
 #include "slow_devices/background.h"
 
 #include <CLI/CLI.hpp>
@@ -91,8 +92,9 @@ void jitter(struct stat& attributes) {
         attributes.st_ino = answer;
     }
     if (served.jittersDates) {
-        // To and fro, as when several servers answer.
-        attributes.st_mtim.tv_nsec = static_cast<long>(answer * 617 % 1000) * 1000;
+        // To and fro, as when several servers answer. Random, so that they go to and fro for each
+        // of several callers, however their calls alternate.
+        attributes.st_mtim.tv_nsec = static_cast<long>(bench::Random(answer).below(1000)) * 1000;
         attributes.st_ctim = attributes.st_mtim;
     }
 }

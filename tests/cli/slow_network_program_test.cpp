@@ -224,7 +224,8 @@ TEST_P(UnsteadyNetwork, LosesNothingIfACleanUpIsKilled) {
     ProgramRun run({"clean", "--yes", network.path()}, setting);
     EXPECT_TRUE(waitUntil([this] { return inTrash() > 3; }));
     run.send(SIGKILL);
-    EXPECT_EQ(run.wait().status, 128 + SIGKILL);
+    const ProgramResult killed = run.wait();
+    EXPECT_EQ(killed.status, 128 + SIGKILL) << killed.output << killed.errors;
     EXPECT_LT(inTrash(), static_cast<std::size_t>(sets));
     // Recovers the clean-up that was killed.
     EXPECT_EQ(runTarvin({"totals"}, setting).status, 0);

@@ -642,8 +642,9 @@ void FaultyFileSystem::jitter(FileAttributes& attributes) const {
         attributes.identity.inode = (1U << 20U) + answer;
     }
     if (isFile && jittersDates_ && attributes.modified) {
+        // Random, so that dates go to and fro for each of several threads.
         attributes.modified = std::chrono::floor<std::chrono::seconds>(*attributes.modified) +
-                              std::chrono::microseconds(answer * 617 % 1000);
+                              std::chrono::microseconds(std::mt19937_64(answer)() % 1000);
         attributes.changed = attributes.modified;
     }
 }
