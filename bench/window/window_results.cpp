@@ -237,6 +237,8 @@ class ResultScenario final {
 
     void rest(std::chrono::milliseconds time) {
         Product::rest(time);
+        // A button may be disabled until the marks are there.
+        static_cast<void>(Product::until([this] { return !results().isMarking(); }));
         heartbeat_.enter("");
     }
 

@@ -159,6 +159,7 @@ DeletionTask::~DeletionTask() {
 }
 
 void DeletionTask::deleteButtonExactPageClicked() {
+    results_.finishMarking();
     begin(window_.results->unMarkAll->isEnabled());
 }
 

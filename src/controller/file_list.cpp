@@ -25,17 +25,6 @@ QString identifierOf(int column) {
     }
 }
 
-QVariant boxData(const File& file, int role) {
-    switch (role) {
-        case Qt::CheckStateRole:
-            return file.state() == CheckState::on ? Qt::Checked : Qt::Unchecked;
-        case Qt::AccessibleTextRole:
-            return ResultTexts::checkBoxName(textOfPath(file.fileName()));
-        default:
-            return {};
-    }
-}
-
 }  // namespace
 
 FileList::FileList(QObject* parent) : QAbstractTableModel(parent) {}
@@ -45,6 +34,8 @@ void FileList::setSet(std::shared_ptr<Set> set, int ordinal) {
     set_ = std::move(set);
     ordinal_ = ordinal;
     rows_ = set_ == nullptr ? 0 : static_cast<int>(set_->files().size());
+    heldStates_.clear();
+    isFilledAnew_ = true;
     endResetModel();
 }
 
@@ -60,6 +51,23 @@ void FileList::allMarksChanged() {
         Q_EMIT dataChanged(index(0, ButtonCell), index(rows_ - 1, ButtonCell),
                            {Qt::CheckStateRole});
     }
+}
+
+void FileList::holdMarks(HeldMarks held) {
+    // Longer sets are rare; reading all their files would take too long here.
+    constexpr int mostRows = 10'000;
+    heldStates_.clear();
+    for (int row = 0; row < rows_ && rows_ <= mostRows; ++row) {
+        const std::shared_ptr<File> file = fileAt(row);
+        heldStates_.push_back(file == nullptr ? CheckState::off : file->state());
+    }
+    held_ = std::move(held);
+    isFilledAnew_ = false;
+}
+
+void FileList::releaseMarks() {
+    held_.reset();
+    heldStates_.clear();
 }
 
 std::shared_ptr<File> FileList::fileAt(int row) const {
@@ -85,7 +93,14 @@ QVariant FileList::data(const QModelIndex& index, int role) const {
         return plainToolTip(textOfPath(file->filePath()));
     }
     if (index.column() == ButtonCell) {
-        return boxData(*file, role);
+        switch (role) {
+            case Qt::CheckStateRole:
+                return stateOf(index.row()) == CheckState::on ? Qt::Checked : Qt::Unchecked;
+            case Qt::AccessibleTextRole:
+                return ResultTexts::checkBoxName(textOfPath(file->fileName()));
+            default:
+                return {};
+        }
     }
     return role == Qt::DisplayRole ? textOf(*file, index.column()) : QVariant();
 }
@@ -108,6 +123,22 @@ Qt::ItemFlags FileList::flags(const QModelIndex& index) const {
     const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
     return index.isValid() && index.column() == ButtonCell ? flags | Qt::ItemIsUserCheckable
                                                            : flags;
+}
+
+/// Requires that there is such a row.
+CheckState FileList::stateOf(int row) const {
+    const auto position = static_cast<std::size_t>(row);
+    if (held_) {
+        if (position < heldStates_.size()) {
+            return heldStates_[position];
+        }
+        if (isFilledAnew_ && held_->after) {
+            return *held_->after;
+        }
+        held_->wait();
+        held_.reset();
+    }
+    return set_->files()[position]->state();
 }
 
 QString FileList::textOf(const File& file, int column) const {

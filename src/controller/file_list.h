@@ -1,10 +1,13 @@
 #pragma once
 
+#include "controller/held_marks.h"
 #include "interface/result_table.h"
 #include "model/set.h"
 
 #include <QAbstractTableModel>
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace tarvin {
 
@@ -34,6 +37,11 @@ class FileList final : public QAbstractTableModel {
     void markChanged(int row);
     void allMarksChanged();
 
+    /// Call before another thread changes marks, but no files: each row keeps its state.
+    void holdMarks(HeldMarks held);
+    /// Call after the other thread has finished, then report the changed rows.
+    void releaseMarks();
+
     /// Returns nullptr if there is no such row (any more).
     [[nodiscard]] std::shared_ptr<File> fileAt(int row) const;
 
@@ -48,10 +56,14 @@ class FileList final : public QAbstractTableModel {
 
  private:
     [[nodiscard]] QString textOf(const File& file, int column) const;
+    [[nodiscard]] CheckState stateOf(int row) const;
 
     std::shared_ptr<Set> set_;
     int ordinal_ = 0;
     int rows_ = 0;
+    mutable std::optional<HeldMarks> held_;  // none while the marks may be read
+    std::vector<CheckState> heldStates_;     // of the rows; none if the set was shown later
+    bool isFilledAnew_ = false;              // since the marks are held
 };
 
 }  // namespace tarvin

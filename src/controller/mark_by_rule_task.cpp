@@ -54,6 +54,11 @@ void MarkByRuleTask::connectPanel() {
             [this] { window_.markByRuleItem->setEnabled(!results_.isEmpty()); });
     connect(panel_.ruleCancel, &QAbstractButton::clicked, this, &MarkByRuleTask::cancel);
     connect(panel_.ruleMark, &QAbstractButton::clicked, this, &MarkByRuleTask::mark);
+    connect(&results_, &Results::marksChanged, this, [this] {
+        if (closesWhenMarked_) {
+            close();
+        }
+    });
     for (const RadioButton* rule : panel_.rules()) {
         connect(rule, &QAbstractButton::toggled, this, [this](bool chosen) {
             if (chosen) {
@@ -241,7 +246,7 @@ void MarkByRuleTask::moveFolder(int by) {
 }
 
 void MarkByRuleTask::mark() {
-    if (!panel_.isVisible() || !choice().isComplete()) {
+    if (!panel_.isVisible() || !choice().isComplete() || closesWhenMarked_) {
         return;
     }
     if (!counted_) {
@@ -251,7 +256,12 @@ void MarkByRuleTask::mark() {
     }
     if (counted_->outcome.files > 0) {
         results_.markByRule(counted_->rule);
-        close();
+        if (results_.isMarking()) {
+            endCounting();
+            closesWhenMarked_ = true;
+        } else {
+            close();
+        }
     }
 }
 
@@ -261,12 +271,17 @@ void MarkByRuleTask::cancel() {
     }
 }
 
-void MarkByRuleTask::close() {
+void MarkByRuleTask::endCounting() {
     count_.abandon();
     ticks_.stop();
     isWanted_ = false;
     marksWhenCounted_ = false;
+}
+
+void MarkByRuleTask::close() {
+    endCounting();
     counted_.reset();
+    closesWhenMarked_ = false;
     focusedForMark_ = nullptr;
     panel_.hide();
     window_.covers().removeFirst();

@@ -39,7 +39,7 @@ class MarkByRuleTask final : public QObject {
     void cancel();
     /// Marks by the rule and closes the panel; does nothing if it would mark no file. While the
     /// count of a change is not on the screen yet, waits for it, and marks only if it says the same
-    /// as the screen.
+    /// as the screen. The panel stays until the marks are there.
     void mark();
 
     /// The rule and the folders on the screen.
@@ -62,6 +62,7 @@ class MarkByRuleTask final : public QObject {
     void showFolders();
     void showOutcome(const QString& outcome, const QString& blocked, bool canMark);
     void store();
+    void endCounting();
     void close();
 
     Results& results_;
@@ -78,6 +79,7 @@ class MarkByRuleTask final : public QObject {
     SteadyTime changed_;                 // the choice
     bool isWanted_ = false;              // the choice has changed since the last start
     bool marksWhenCounted_ = false;
+    bool closesWhenMarked_ = false;
     bool replacesMarks_ = false;
     std::optional<CountedRule> counted_;  // of the choice on the screen
     QPointer<QWidget> focusedForMark_;    // has the focus that Mark had before it was disabled

@@ -57,6 +57,9 @@ void MarkingTask::setMarkedFilesDetails() {
 }
 
 void MarkingTask::enableNecessaryButton() {
+    if (results_.isMarking()) {
+        return;  // marksChanged() follows
+    }
     const ResultScreen& screen = *window_.results;
     screen.buttonHomePage->setAlpha(1.0);
     const ButtonStates states =

@@ -51,6 +51,8 @@ void ResultTree::setModal(std::shared_ptr<Modal> modal) {
     beginResetModel();
     snapshot_.reset();
     modal_ = std::move(modal);
+    shown_.fill({});
+    isFilledAnew_ = true;
     endResetModel();
 }
 
@@ -58,6 +60,8 @@ void ResultTree::marksChanged(int extension, int set) {
     if (setIn(extension, set) == nullptr) {
         return;
     }
+    lastShown(extension, set) = {};
+    lastShown(extension, -1) = {};
     const QModelIndex first = indexOfSet(extension, set);
     Q_EMIT dataChanged(first, first.siblingAtColumn(name), changedRoles());
     reportExtension(extension);
@@ -65,12 +69,14 @@ void ResultTree::marksChanged(int extension, int set) {
 
 void ResultTree::extensionChanged(int extension) {
     if (extensionIn(extension) != nullptr) {
+        forgetShown(extension);
         reportExtension(extension);
         reportSetsOf(extension);
     }
 }
 
 void ResultTree::allMarksChanged() {
+    shown_.fill({});
     const int count = rowCount();
     if (count == 0) {
         return;
@@ -90,6 +96,11 @@ void ResultTree::showSnapshot(std::unique_ptr<const TreeSnapshot> snapshot) {
 void ResultTree::endSnapshot() {
     snapshot_.reset();
     allMarksChanged();
+}
+
+void ResultTree::holdMarks(HeldMarks held) {
+    held_ = std::move(held);
+    isFilledAnew_ = false;
 }
 
 std::shared_ptr<Extensions> ResultTree::extensionAt(const QModelIndex& index) const {
@@ -231,12 +242,43 @@ bool ResultTree::isInTree(const QModelIndex& index) const {
 CheckState ResultTree::stateOf(const QModelIndex& index) const {
     const int extension = extensionRow(index);
     const int set = setRow(index);
-    if (set < 0) {
-        return snapshot_ != nullptr ? snapshot_->stateOfExtension(extension)
-                                    : extensionIn(extension)->extensionState();
+    if (snapshot_ != nullptr) {
+        return set < 0 ? snapshot_->stateOfExtension(extension)
+                       : snapshot_->stateOfSet(extension, set);
     }
-    return snapshot_ != nullptr ? snapshot_->stateOfSet(extension, set)
-                                : setIn(extension, set)->setsState();
+    ShownRow& shown = lastShown(extension, set);
+    if (held_) {
+        if (shown.extension == extension && shown.set == set) {
+            return shown.state;
+        }
+        if (isFilledAnew_ && held_->after) {
+            return *held_->after;
+        }
+        held_->wait();
+        held_.reset();
+    }
+    shown = {extension, set, currentState(extension, set)};
+    return shown.state;
+}
+
+CheckState ResultTree::currentState(int extension, int set) const {
+    return set < 0 ? extensionIn(extension)->extensionState() : setIn(extension, set)->setsState();
+}
+
+ResultTree::ShownRow& ResultTree::lastShown(int extension, int set) const {
+    constexpr std::size_t stride =
+        31;  // extensions and their first sets are on the screen together
+    const auto row =
+        static_cast<std::size_t>(extension) * stride + static_cast<std::size_t>(set + 1);
+    return shown_[row % shown_.size()];
+}
+
+void ResultTree::forgetShown(int extension) {
+    for (ShownRow& shown : shown_) {
+        if (shown.extension == extension) {
+            shown = {};
+        }
+    }
 }
 
 QString ResultTree::textOf(const QModelIndex& index) const {

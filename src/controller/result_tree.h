@@ -1,11 +1,14 @@
 #pragma once
 
+#include "controller/held_marks.h"
 #include "interface/result_tree_view.h"
 #include "model/modal.h"
 
 #include <QAbstractItemModel>
+#include <array>
 #include <cstddef>
 #include <memory>
+#include <optional>
 
 namespace tarvin {
 
@@ -51,6 +54,12 @@ class ResultTree final : public QAbstractItemModel {
     /// Call after the other thread has finished. Reports every row.
     void endSnapshot();
 
+    /// Call before another thread changes marks, but no files: each row keeps the state that it
+    /// last showed.
+    void holdMarks(HeldMarks held);
+    /// Call after the other thread has finished, then report the changed rows.
+    void releaseMarks() { held_.reset(); }
+
     /// The extension of a row, or above the row of a set; nullptr if there is no such row.
     [[nodiscard]] std::shared_ptr<Extensions> extensionAt(const QModelIndex& index) const;
     /// nullptr for the row of an extension.
@@ -86,6 +95,7 @@ class ResultTree final : public QAbstractItemModel {
     [[nodiscard]] const Set* setIn(int extension, int set) const;
     [[nodiscard]] bool isInTree(const QModelIndex& index) const;
     [[nodiscard]] CheckState stateOf(const QModelIndex& index) const;
+    [[nodiscard]] CheckState currentState(int extension, int set) const;
     [[nodiscard]] QString textOf(const QModelIndex& index) const;
     [[nodiscard]] QString sizeOf(const QModelIndex& index) const;
     [[nodiscard]] QStringList detailsOf(const QModelIndex& index) const;
@@ -93,8 +103,21 @@ class ResultTree final : public QAbstractItemModel {
     void reportExtension(int extension);
     void reportSetsOf(int extension);
 
+    /// A row with the state that it last showed; of an extension if `set` is -1.
+    struct ShownRow {
+        int extension = -1;
+        int set = -1;
+        CheckState state = CheckState::off;
+    };
+    /// The place of a row among the last ones: rows that follow each other have different places.
+    [[nodiscard]] ShownRow& lastShown(int extension, int set) const;
+    void forgetShown(int extension);
+
     std::shared_ptr<Modal> modal_;
     std::unique_ptr<const TreeSnapshot> snapshot_;  // null while the list is read live
+    mutable std::array<ShownRow, 256> shown_;       // more than there are on a screen
+    mutable std::optional<HeldMarks> held_;         // none while the marks may be read
+    bool isFilledAnew_ = false;                     // since the marks are held
     bool selectAll_ = false;
 };
 

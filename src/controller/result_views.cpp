@@ -110,7 +110,7 @@ void ResultViews::showDuplicateScanResult(bool showsSummary) {
     selectFirstSet();
     loading_.show();
     // By design a result with a single extension opens without a preview.
-    if (results_.list().extensionCount() < 2) {
+    if (results_.tree().rowCount() < 2) {
         clearPreview();
     } else {
         showFirstFile();
@@ -141,11 +141,11 @@ void ResultViews::selectFirstSet() const {
 }
 
 void ResultViews::showFirstFile() {
-    const std::vector<std::shared_ptr<Set>>& sets = results_.list().extensions().front()->sets();
-    if (sets.empty() || sets.front()->files().empty()) {
-        return;
+    const ResultTree& tree = results_.tree();
+    const std::shared_ptr<Set> set = tree.setAt(tree.indexOfSet(0, 0));
+    if (set && !set->files().empty()) {
+        showFile(set->files().front());
     }
-    showFile(sets.front()->files().front());
 }
 
 void ResultViews::showFile(const std::shared_ptr<File>& file) {

@@ -28,13 +28,28 @@ ViewFlags flagsOf(ResultView view) {
 
 }  // namespace
 
-Results::Results(const ScanRun& scan, QObject* parent) : QObject(parent), scan_(scan) {}
+Results::Results(const ScanRun& scan, QObject* parent) : QObject(parent), scan_(scan) {
+    connect(
+        this, &Results::marked, this,
+        [this](quint64 change) {
+            // Not of an earlier change, for which something has waited already.
+            if (change == changes_) {
+                finishMarking();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+Results::~Results() {
+    thread_.wait();
+}
 
 void Results::begin() {
     begin(scan_.result().modal);
 }
 
 void Results::begin(std::shared_ptr<Modal> list) {
+    finishMarking();
     list_ = std::move(list);
     firstFilesMayBeMarked_ = false;
     tabs_ = flagsOf(ResultView::all);
@@ -45,6 +60,7 @@ const std::shared_ptr<Modal>& Results::of(ResultView view) const {
 }
 
 void Results::change(ResultView view) {
+    finishMarking();
     tabs_ = flagsOf(view);
     if (!list_) {
         return;
@@ -57,6 +73,7 @@ void Results::change(ResultView view) {
 }
 
 void Results::forget() {
+    finishMarking();
     selected_ = QPersistentModelIndex();
     files_.setSet(nullptr, 0);
     tree_.setModal(nullptr);
@@ -71,7 +88,13 @@ void Results::reload() {
 
 const Modal& Results::list() const {
     static const Modal none;
+    thread_.wait();
     return list_ ? *list_ : none;
+}
+
+std::shared_ptr<const Modal> Results::sharedList() const {
+    thread_.wait();
+    return list_;
 }
 
 std::uint64_t Results::filesOf(ResultView view) const {
@@ -92,28 +115,65 @@ void Results::showFiles() {
 
 void Results::markAll() {
     if (list_) {
-        if (firstFilesMayBeMarked_) {
-            list_->unmarkAllExtension();
-        }
-        list_->markAllExtension();
-        reportAllMarks();
+        finishMarking();
+        change(list_->totalFiles(), [unmarksFirst = firstFilesMayBeMarked_](Modal& list) {
+            if (unmarksFirst) {
+                list.unmarkAllExtension();
+            }
+            list.markAllExtension();
+        });
     }
 }
 
 void Results::unmarkAll() {
     if (list_) {
-        list_->unmarkAllExtension();
+        finishMarking();
         firstFilesMayBeMarked_ = false;
-        reportAllMarks();
+        change(
+            list_->totalFiles(), [](Modal& list) { list.unmarkAllExtension(); }, CheckState::off);
     }
 }
 
 void Results::markByRule(const MarkingRule& rule) {
     if (list_) {
-        tarvin::markByRule(*list_, rule);
+        finishMarking();
         firstFilesMayBeMarked_ = true;
+        change(list_->totalFiles(), [rule](Modal& list) { tarvin::markByRule(list, rule); });
+    }
+}
+
+/// Changes marks at once or on the thread. `duplicates`: those of the sets that it concerns.
+/// `after`: the state that all have then, if it is the same.
+void Results::change(std::uint64_t duplicates, const std::function<void(Modal&)>& marks,
+                     std::optional<CheckState> after) {
+    if (duplicates >= markedAsideFrom_) {
+        changeAside(marks, after);
+    } else {
+        marks(*list_);
         reportAllMarks();
     }
+}
+
+void Results::changeAside(std::function<void(Modal&)> marks, std::optional<CheckState> after) {
+    const HeldMarks held{.wait = [this] { thread_.wait(); }, .after = after};
+    tree_.holdMarks(held);
+    files_.holdMarks(held);
+    isMarking_ = true;
+    beforeInput_ = std::make_unique<BeforeInput>([this] { finishMarking(); });
+    thread_.start([list = list_, marks = std::move(marks)] { marks(*list); },
+                  [this, number = ++changes_] { Q_EMIT marked(number); });
+}
+
+void Results::finishMarking() {
+    if (!isMarking_) {
+        return;
+    }
+    thread_.wait();
+    isMarking_ = false;
+    beforeInput_.reset();
+    tree_.releaseMarks();
+    files_.releaseMarks();
+    reportAllMarks();
 }
 
 void Results::reportAllMarks() {
@@ -126,6 +186,18 @@ void Results::toggle(const QModelIndex& row) {
     const std::shared_ptr<Extensions> extension = tree_.extensionAt(row);
     const std::shared_ptr<Set> set = tree_.setAt(row);
     if (!list_) {
+        return;
+    }
+    finishMarking();
+    if (extension && !set && extension->totalFilesInExtension() >= markedAsideFrom_) {
+        changeAside(
+            [extension, unmarksFirst = firstFilesMayBeMarked_](Modal& list) {
+                if (unmarksFirst && extension->extensionState() != CheckState::on) {
+                    unmarkFirstFiles(list, extension->sets());
+                }
+                list.changeStateOfExtension(extension, nullptr, nullptr);
+            },
+            std::nullopt);
         return;
     }
     if (extension) {
@@ -149,6 +221,7 @@ std::optional<ToggleResult> Results::toggleFile(int row) {
     if (!list_ || !set || row < 0 || std::cmp_greater_equal(row, set->files().size())) {
         return std::nullopt;
     }
+    finishMarking();
     const ToggleResult answer = tarvin::toggleFile(*list_, tree_.extensionAt(selected_), set,
                                                    static_cast<std::size_t>(row));
     Q_EMIT marksChanged();
@@ -162,6 +235,7 @@ void Results::keepFile(int row) {
     if (!list_ || files_.fileAt(row) == nullptr || !set) {
         return;
     }
+    finishMarking();
     tarvin::keepFile(*list_, *set, static_cast<std::size_t>(row));
     firstFilesMayBeMarked_ = true;
     Q_EMIT marksChanged();
@@ -171,15 +245,15 @@ void Results::keepFile(int row) {
 
 bool Results::canMarkFolderOf(int row) const {
     const std::shared_ptr<File> file = files_.fileAt(row);
-    return list_ && file && canMarkFolder(*list_, *file->directory());
+    return list_ && file && canMarkFolder(list(), *file->directory());
 }
 
 void Results::markFolderOf(int row) {
     const std::shared_ptr<File> file = files_.fileAt(row);
     if (list_ && file) {
-        markFolder(*list_, *file->directory());
+        finishMarking();
         firstFilesMayBeMarked_ = true;
-        reportAllMarks();
+        change(list_->totalFiles(), [file](Modal& list) { markFolder(list, *file->directory()); });
     }
 }
 
@@ -188,6 +262,7 @@ std::optional<std::string> Results::takeOutFile(int row) {
     if (!list_ || files_.fileAt(row) == nullptr || !set) {
         return std::nullopt;
     }
+    finishMarking();
     std::string path = tarvin::takeOutFile(*list_, tree_.extensionAt(selected_), set,
                                            static_cast<std::size_t>(row));
     tree_.marksChanged(ResultTree::extensionRow(selected_), ResultTree::setRow(selected_));
@@ -200,6 +275,7 @@ std::optional<std::string> Results::takeOutFile(int row) {
 const Modal& Results::countedList() {
     if (list_) {
         list_->calculateTotalFilesAndSize();
+        return *list_;
     }
     return list();
 }
@@ -208,6 +284,7 @@ std::vector<std::string> Results::takeOutMarkedFiles() {
     if (!list_) {
         return {};
     }
+    finishMarking();
     std::vector<std::string> paths = tarvin::takeOutMarkedFiles(*list_);
     tree_.allMarksChanged();
     showFiles();
@@ -217,6 +294,7 @@ std::vector<std::string> Results::takeOutMarkedFiles() {
 }
 
 std::shared_ptr<Modal> Results::beginDeletion() {
+    finishMarking();
     files_.setSet(nullptr, 0);
     return list_;
 }

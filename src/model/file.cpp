@@ -49,7 +49,7 @@ File::File(const Directory* directory, std::string_view name, std::uint64_t file
       fileSize_(fileSize),
       modified_(toRaw(fileModificationDate)),
       created_(toRaw(fileCreationDate)),
-      nameLength_(static_cast<std::uint32_t>(name.size()) & 0x7FFFFFFFU) {}
+      nameLength_(static_cast<std::uint32_t>(name.size()) & 0x7FFFFFU) {}
 
 bool File::removeFile(SetMover& mover) const {
     return mover.move(*this);

@@ -65,7 +65,8 @@ struct FileVersion : ComparedState {
 
 /// One collected file. Created and owned by a FileStore; 56 bytes, because a scan holds millions.
 /// Paths and names are native bytes and need not be UTF-8. Only the thread that changes the result
-/// tree may change state and index; everything else is immutable.
+/// tree may change the state, and one thread at a time the index, which may be another one;
+/// everything else is immutable.
 class File final {
  public:
     /// `name` is null-terminated, not copied, and must outlive the file.
@@ -91,20 +92,12 @@ class File final {
     [[nodiscard]] std::optional<Timestamp> fileCreationDate() const { return fromRaw(created_); }
 
     /// On (marked) or off; never mixed.
-    [[nodiscard]] CheckState state() const {
-        return (indexAndMark_ & 1U) != 0 ? CheckState::on : CheckState::off;
-    }
-    void setState(CheckState state) {
-        indexAndMark_ = (indexAndMark_ & ~1U) | (state == CheckState::off ? 0U : 1U);
-    }
+    [[nodiscard]] CheckState state() const { return isMarked_ ? CheckState::on : CheckState::off; }
+    void setState(CheckState state) { isMarked_ = state != CheckState::off; }
     /// 0-based position in the set when the set was built; does not change when files are removed.
-    [[nodiscard]] std::int64_t index() const {
-        return static_cast<std::int32_t>(indexAndMark_) >> 1U;
-    }
+    [[nodiscard]] std::int64_t index() const { return index_; }
     /// At most 31 bits.
-    void setIndex(std::int64_t index) {
-        indexAndMark_ = static_cast<std::uint32_t>(index) << 1U | (indexAndMark_ & 1U);
-    }
+    void setIndex(std::int64_t index) { index_ = static_cast<std::int32_t>(index); }
 
     /// nullptr if the file is in no set, or had changed since it was collected when it was
     /// compared.
@@ -129,9 +122,10 @@ class File final {
     std::int64_t modified_;
     std::int64_t created_;
     ComparedState* state_ = nullptr;    // of the same store; a FileVersion if hasVersion_
-    std::uint32_t nameLength_ : 31;     // bytes
+    std::uint32_t nameLength_ : 23;     // bytes
     std::uint32_t hasVersion_ : 1 = 0;  // set with the file
-    std::uint32_t indexAndMark_ = 0;    // the mark is the lowest bit
+    bool isMarked_ = false;             // no bit: two threads may write it and the index
+    std::int32_t index_ = 0;
 };
 
 static_assert(sizeof(File) <= 56);

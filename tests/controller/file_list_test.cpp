@@ -48,6 +48,34 @@ TEST_F(FileListTest, HasNoRowsOfAnEmptySet) {
     EXPECT_EQ(list_.rowCount(), 0);
 }
 
+TEST_F(FileListTest, HoldsTheMarksThatItShowed) {
+    const std::shared_ptr<Set> set = setOf({"/a", "/b"});
+    set->markAllFiles();
+    list_.setSet(set, 1);
+    bool waited = false;
+    list_.holdMarks({.wait = [&waited] { waited = true; }, .after = CheckState::off});
+    set->unmarkAllFiles();
+    EXPECT_EQ(cell(0, FileList::ButtonCell, Qt::CheckStateRole), Qt::Unchecked);
+    EXPECT_EQ(cell(1, FileList::ButtonCell, Qt::CheckStateRole), Qt::Checked);
+    list_.releaseMarks();
+    EXPECT_EQ(cell(1, FileList::ButtonCell, Qt::CheckStateRole), Qt::Unchecked);
+    EXPECT_FALSE(waited);
+}
+
+TEST_F(FileListTest, ShowsAnotherSetWithTheMarksOfAfterOrWaits) {
+    const std::shared_ptr<Set> set = setOf({"/a", "/b"});
+    set->markAllFiles();
+    int waited = 0;
+    list_.holdMarks({.wait = [&waited] { ++waited; }, .after = CheckState::off});
+    list_.setSet(set, 1);
+    EXPECT_EQ(cell(1, FileList::ButtonCell, Qt::CheckStateRole), Qt::Unchecked);
+    EXPECT_EQ(waited, 0);
+    list_.holdMarks({.wait = [&waited] { ++waited; }});
+    list_.setSet(set, 1);
+    EXPECT_EQ(cell(1, FileList::ButtonCell, Qt::CheckStateRole), Qt::Checked);
+    EXPECT_EQ(waited, 1);
+}
+
 TEST_F(FileListTest, ShowsTheFilesInTheOrderOfTheSet) {
     QSignalSpy reset(&list_, &QAbstractItemModel::modelReset);
     list_.setSet(setOf({"/home/ann/b.png", "/a.png"}), 7);

@@ -121,6 +121,33 @@ TEST_F(MarkByRule, TheFirstFoundStaysAtFirst) {
     EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 4");
 }
 
+TEST_F(MarkByRule, ThePanelStaysUntilAnotherThreadHasMarked) {
+    delegate->results().setMarkedAsideFrom(0);
+    open();
+    ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets.")) << outcome();
+    click("ruleMark");
+    EXPECT_TRUE(panel().isVisible());
+    delegate->markByRule().mark();
+    ASSERT_TRUE(comesTrue([this] { return !panel().isVisible(); }));
+    EXPECT_EQ(covers(), 0);
+    EXPECT_EQ(marked(), (Lines{"old/a.jpg", "new/very/long/b.jpg", "old/b.jpg", "old/c.txt"}));
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 4");
+}
+
+TEST_F(MarkByRule, CancelComesTooLateWhileAnotherThreadMarks) {
+    delegate->results().setMarkedAsideFrom(0);
+    open();
+    ASSERT_TRUE(shows("4 files (0.02 KB) will be marked in 3 sets.")) << outcome();
+    click("ruleMark");
+    QTest::mouseClick(panel().ruleCancel, Qt::LeftButton);
+    EXPECT_FALSE(panel().isVisible());
+    EXPECT_EQ(covers(), 0);
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 4");
+    // The next marks open and close nothing.
+    click("unMarkAll");
+    EXPECT_EQ(covers(), 0);
+}
+
 TEST_F(MarkByRule, AnotherRuleIsCountedAndReplacesTheMarks) {
     click("markAll");
     open();

@@ -219,5 +219,82 @@ TEST_F(MarkingNothing, AResultWithoutExtensionsDisablesFiveButtons) {
     }
 }
 
+/// Another thread changes the marks of lists.
+class MarkingAside : public Marking {
+ protected:
+    void SetUp() override {
+        Marking::SetUp();
+        delegate->results().setMarkedAsideFrom(0);
+    }
+
+    [[nodiscard]] bool isMarking() { return delegate->results().isMarking(); }
+    [[nodiscard]] bool ends() {
+        return comesTrue([this] { return !isMarking(); });
+    }
+    [[nodiscard]] Qt::CheckState boxOfExtension(int row) {
+        return static_cast<Qt::CheckState>(
+            tree().indexOfExtension(row).data(Qt::CheckStateRole).toInt());
+    }
+};
+
+TEST_F(MarkingAside, IsSeenOnceItHasEnded) {
+    EXPECT_EQ(boxOfExtension(0), Qt::Unchecked);
+    click("markAll");
+    EXPECT_TRUE(isMarking());
+    EXPECT_EQ(boxOfExtension(0), Qt::Unchecked);
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 0");
+    EXPECT_FALSE(isEnabled("unMarkAll"));
+    ASSERT_TRUE(ends());
+    EXPECT_EQ(boxOfExtension(0), Qt::Checked);
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 4");
+    EXPECT_FALSE(isEnabled("markAll"));
+    EXPECT_TRUE(isEnabled("unMarkAll"));
+    EXPECT_EQ(marks(0, 1), (Marks{false, true, true}));
+}
+
+TEST_F(MarkingAside, EndsBeforeAPressOfAButton) {
+    click("markAll");
+    ASSERT_TRUE(isMarking());
+    // Enabled by the end of the first.
+    QTest::mouseClick(control("unMarkAll"), Qt::LeftButton);
+    ASSERT_TRUE(ends());
+    EXPECT_EQ(marks(0, 1), (Marks{false, false, false}));
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 0");
+}
+
+TEST_F(MarkingAside, EndsBeforeADeletionBegins) {
+    click("markAll");
+    ASSERT_TRUE(isMarking());
+    delegate->deletion().deleteButtonExactPageClicked();
+    ASSERT_TRUE(comesTrue([this] { return window().informationWindow->isVisible(); }));
+    EXPECT_EQ(information()[1], "Duplicates Cleaned: 4");
+    EXPECT_TRUE(isThere("b1.jpg"));
+    EXPECT_FALSE(isThere("b2.jpg"));
+}
+
+TEST_F(MarkingAside, OfATabIsSeenAtOnce) {
+    click("markAll");
+    ASSERT_TRUE(ends());
+    click("imageButton");
+    EXPECT_TRUE(isMarking());
+    EXPECT_EQ(boxOfExtension(0), Qt::Unchecked);
+    EXPECT_EQ(textOf("selectedCount"), "Marked Duplicate Files: 0");
+    EXPECT_EQ(names(), (Lines{"a1.jpg", "a2.jpg"}));
+    ASSERT_TRUE(ends());
+    EXPECT_EQ(boxOfExtension(0), Qt::Unchecked);
+    EXPECT_EQ(marks(0, 1), (Marks{false, false, false}));
+    EXPECT_FALSE(isEnabled("imageButton"));
+    EXPECT_TRUE(isEnabled("allButton"));
+    EXPECT_TRUE(isEnabled("markAll"));
+    EXPECT_FALSE(isEnabled("unMarkAll"));
+}
+
+TEST_F(MarkingAside, EndsBeforeTheProgram) {
+    click("markAll");
+    ASSERT_TRUE(isMarking());
+    delegate.reset();
+    EXPECT_TRUE(isThere("b2.jpg"));
+}
+
 }  // namespace
 }  // namespace tarvin

@@ -4,6 +4,7 @@
 #include "controls/notice_strip.h"
 #include "interface/list_panel.h"
 #include "interface/list_table.h"
+#include "interface/notice_panel.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

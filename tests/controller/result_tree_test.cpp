@@ -11,8 +11,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <ctime>
+#include <functional>
 #include <future>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -63,6 +65,16 @@ class ResultTreeRows : public ResultTreeTest {};
 class ResultTreeCells : public ResultTreeTest {};
 class ResultTreeChanges : public ResultTreeTest {};
 class ResultTreeSnapshot : public ResultTreeTest {};
+
+/// Counts how often the tree waits for marks.
+class ResultTreeHeld : public ResultTreeTest {
+ protected:
+    [[nodiscard]] HeldMarks held(std::optional<CheckState> after = std::nullopt) {
+        return {.wait = [this] { ++waited_; }, .after = after};
+    }
+
+    int waited_ = 0;
+};
 
 /// The rows of a signal: "first-last" of extensions, or "extension/first-last" of its sets.
 std::string rowsOf(const QList<QVariant>& signal) {
@@ -296,6 +308,62 @@ TEST_F(ResultTreeChanges, ConcernNamesToo) {
                            int{Qt::AccessibleTextRole}, int{Qt::AccessibleDescriptionRole}}) {
         EXPECT_TRUE(roles.contains(role)) << role;
     }
+}
+
+TEST_F(ResultTreeHeld, ShowsTheMarksThatItShowed) {
+    click(three_, 1);
+    EXPECT_EQ(boxOf(extension(0)), Qt::PartiallyChecked);
+    EXPECT_EQ(boxOf(set(0, 0)), Qt::PartiallyChecked);
+    EXPECT_EQ(boxOf(set(0, 1)), Qt::Unchecked);
+    tree_.holdMarks(held(CheckState::on));
+    modal_->markAllExtension();
+    EXPECT_EQ(boxOf(extension(0)), Qt::PartiallyChecked);
+    EXPECT_EQ(boxOf(set(0, 0)), Qt::PartiallyChecked);
+    EXPECT_EQ(boxOf(set(0, 1)), Qt::Unchecked);
+    EXPECT_EQ(nameOf(set(0, 0)), "Set(2)");
+    EXPECT_EQ(waited_, 0);
+    tree_.releaseMarks();
+    EXPECT_EQ(boxOf(set(0, 0)), Qt::Checked);
+}
+
+TEST_F(ResultTreeHeld, WaitsForTheMarksOfOtherRowsAndThenShowsAllThatAreThere) {
+    EXPECT_EQ(boxOf(set(0, 1)), Qt::Unchecked);
+    tree_.holdMarks(held(CheckState::on));
+    modal_->markAllExtension();
+    EXPECT_EQ(boxOf(set(1, 0)), Qt::Checked);
+    EXPECT_EQ(waited_, 1);
+    EXPECT_EQ(boxOf(set(0, 1)), Qt::Checked);
+    EXPECT_EQ(waited_, 1);
+}
+
+TEST_F(ResultTreeHeld, WaitsForRowsWhoseMarksHaveChangedSinceTheyWereShown) {
+    for (const auto& report : std::vector<std::function<void()>>{
+             [this] { tree_.marksChanged(0, 0); }, [this] { tree_.extensionChanged(0); },
+             [this] { tree_.allMarksChanged(); }}) {
+        EXPECT_EQ(boxOf(set(0, 0)), Qt::Unchecked);
+        waited_ = 0;
+        modal_->markAllExtension();
+        report();
+        tree_.holdMarks(held());
+        EXPECT_EQ(boxOf(set(0, 0)), Qt::Checked);
+        EXPECT_EQ(waited_, 1);
+        tree_.releaseMarks();
+        modal_->unmarkAllExtension();
+        tree_.allMarksChanged();
+    }
+}
+
+TEST_F(ResultTreeHeld, ShowsAnotherListWithTheMarksOfAfter) {
+    modal_->markAllExtension();
+    EXPECT_EQ(boxOf(set(0, 0)), Qt::Checked);
+    tree_.holdMarks(held(CheckState::off));
+    EXPECT_EQ(boxOf(set(0, 0)), Qt::Checked);
+    tree_.setModal(modal_);
+    EXPECT_EQ(boxOf(set(0, 0)), Qt::Unchecked);
+    EXPECT_EQ(boxOf(extension(0)), Qt::Unchecked);
+    EXPECT_EQ(waited_, 0);
+    tree_.releaseMarks();
+    EXPECT_EQ(boxOf(set(0, 0)), Qt::Checked);
 }
 
 TEST_F(ResultTreeSnapshot, ShowsWhatItShowedBefore) {

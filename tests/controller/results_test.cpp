@@ -216,6 +216,105 @@ TEST_F(ResultsMarking, NumbersOnlyTheSelectedSet) {
     EXPECT_EQ(reported_, Lines{"files reset"});
 }
 
+/// Each list is marked by another thread. Nothing reports its end before finishMarking(), because
+/// no test runs the event loop.
+class ResultsMarkedAside : public ResultsMarking {
+ protected:
+    ResultsMarkedAside() { results_.setMarkedAsideFrom(0); }
+};
+
+TEST_F(ResultsMarkedAside, ShowTheMarksOfBeforeUntilTheyAreReported) {
+    EXPECT_EQ(boxOf(set(0, 0)), Qt::Unchecked);
+    results_.markAll();
+    EXPECT_TRUE(results_.isMarking());
+    EXPECT_EQ(reported_, Lines());
+    EXPECT_EQ(boxOf(set(0, 0)), Qt::Unchecked);
+    EXPECT_EQ(boxOf(results_.files().index(1, FileList::ButtonCell)), Qt::Unchecked);
+    results_.finishMarking();
+    EXPECT_FALSE(results_.isMarking());
+    EXPECT_EQ(reported_, (Lines{"marks", "tree 0-1", "tree 0/0-1", "tree 1/0-0", "files 0-2"}));
+    EXPECT_EQ(boxOf(set(0, 0)), Qt::Checked);
+    EXPECT_EQ(boxOf(results_.files().index(1, FileList::ButtonCell)), Qt::Checked);
+}
+
+TEST_F(ResultsMarkedAside, KeepEveryReaderOfTheListWaiting) {
+    results_.markAll();
+    EXPECT_EQ(results_.list().totalFilesSelected(), 4U);
+    results_.unmarkAll();
+    EXPECT_EQ(results_.sharedList()->totalFilesSelected(), 0U);
+    results_.markAll();
+    EXPECT_EQ(boxOf(set(1, 0)), Qt::Checked);  // was not shown before
+    EXPECT_TRUE(results_.isMarking());
+}
+
+TEST_F(ResultsMarkedAside, AreShownUnmarkedAtOnceIfTheyAreReloaded) {
+    results_.markAll();
+    results_.finishMarking();
+    EXPECT_EQ(boxOf(set(0, 0)), Qt::Checked);
+    results_.unmarkAll();
+    EXPECT_EQ(boxOf(set(0, 0)), Qt::Checked);
+    results_.reload();
+    results_.select(set(0, 0));
+    results_.showFilesInOrder(true);
+    EXPECT_EQ(boxOf(set(0, 0)), Qt::Unchecked);
+    EXPECT_EQ(boxOf(results_.files().index(1, FileList::ButtonCell)), Qt::Unchecked);
+    EXPECT_EQ(results_.list().totalFilesSelected(), 0U);
+}
+
+TEST_F(ResultsMarkedAside, AreFinishedBeforeAnotherChange) {
+    results_.markAll();
+    EXPECT_EQ(results_.toggleFile(1), ToggleResult::toggled);
+    EXPECT_EQ(results_.list().totalFilesSelected(), 3U);
+    results_.markAll();
+    results_.toggle(set(0, 0));
+    EXPECT_EQ(results_.list().totalFilesSelected(), 2U);
+    results_.markAll();
+    results_.keepFile(1);
+    EXPECT_EQ(three_->files()[0]->state(), CheckState::on);
+    results_.unmarkAll();
+    EXPECT_EQ(results_.takeOutMarkedFiles(), Lines());
+    results_.markAll();
+    EXPECT_EQ(results_.takeOutFile(2), "/three2");
+    results_.markAll();
+    EXPECT_EQ(results_.beginDeletion(), list_);
+    EXPECT_FALSE(results_.isMarking());
+}
+
+TEST_F(ResultsMarkedAside, AreThoseOfTheLastChange) {
+    results_.markByRule({.keep = KeepRule::longest});
+    results_.markAll();
+    EXPECT_EQ(results_.list().totalFilesSelected(), 4U);
+    EXPECT_EQ(three_->files()[0]->state(), CheckState::off);
+    results_.unmarkAll();
+    results_.markFolderOf(0);
+    EXPECT_EQ(results_.list().totalFilesSelected(), 4U);
+    results_.unmarkAll();
+    results_.toggle(extension(0));
+    EXPECT_EQ(results_.list().totalFilesSelected(), 3U);
+    results_.toggle(extension(0));
+    EXPECT_EQ(results_.list().totalFilesSelected(), 0U);
+    EXPECT_EQ(jpg_->extensionState(), CheckState::off);
+}
+
+TEST_F(ResultsMarkedAside, AreFinishedBeforeTheListGoes) {
+    results_.markAll();
+    results_.forget();
+    EXPECT_FALSE(results_.isMarking());
+    EXPECT_EQ(list_.use_count(), 1);
+    EXPECT_EQ(list_->totalFilesSelected(), 4U);
+}
+
+TEST_F(ResultsMarkedAside, AreMarkedAtOnceBelowTheLimit) {
+    results_.setMarkedAsideFrom(5);
+    results_.markAll();  // four duplicates
+    EXPECT_FALSE(results_.isMarking());
+    results_.setMarkedAsideFrom(4);
+    results_.unmarkAll();
+    EXPECT_TRUE(results_.isMarking());
+    results_.toggle(extension(0));  // of three duplicates
+    EXPECT_FALSE(results_.isMarking());
+}
+
 class ResultsDeletion : public ResultsTest {
  protected:
     ResultsDeletion() { begin(); }
