@@ -60,8 +60,7 @@ struct Collector::OpenFolder {
     std::shared_ptr<TreeReader::Listing> listing;
     std::unique_ptr<TreeReader::Block> block;
     std::size_t nextEntry = 0;
-    std::vector<std::pair<Directory*, std::shared_ptr<TreeReader::Listing>>> folders;
-    std::size_t nextFolder = 0;  // in `folders`, which has one for each folder of the block
+    std::size_t nextFolder = 0;
 };
 
 Collector::Collector(const ScanServices& services, const ExceptionFilter& exceptions,
@@ -78,7 +77,11 @@ Collector::Collector(const ScanServices& services, const ExceptionFilter& except
       gate_(gate),
       lists_(lists),
       reader_(
-          services, interestWith(filter), [this] { waitWhilePaused(); },
+          services, interestWith(filter),
+          [this](const Directory& parent, std::string_view name) {
+              return lists_.store->addDirectory(&parent, name);
+          },
+          [this] { waitWhilePaused(); },
           filter.oneFileSystem ? TreeReader::Devices::ofTheRoot : TreeReader::Devices::all) {}
 
 Collector::Outcome Collector::addAllPhotos(std::vector<LocationRow>& rows) {
@@ -127,11 +130,11 @@ void Collector::acceptFilenameDrag3(const std::string& path) {
     const std::shared_ptr<TreeReader::Listing> listing = TreeReader::makeRoot(root);
     std::vector<OpenFolder> open;
     if (enter(*root, listing)) {
-        open.push_back({root, listing, nullptr, 0, {}, 0});
+        open.push_back({root, listing, nullptr, 0, 0});
         walk(open);
     }
-    for (const OpenFolder& folder : open) {
-        leave(folder);
+    for (; !open.empty(); open.pop_back()) {
+        leave(open.back());
     }
     if (const std::optional<SystemError> failure = reader_.failureOf(listing)) {
         unreadable_.push_back({path, *failure});
@@ -221,7 +224,9 @@ void Collector::walk(std::vector<OpenFolder>& open) {
     while (!open.empty()) {
         OpenFolder& folder = open.back();
         if (!folder.block || folder.nextEntry == folder.block->entries.size()) {
-            takeBlock(folder, reader_.nextBlock(folder.listing));
+            folder.block = reader_.nextBlock(folder.listing);
+            folder.nextEntry = 0;
+            folder.nextFolder = 0;
             if (!folder.block) {
                 leave(folder);
                 open.pop_back();
@@ -234,9 +239,9 @@ void Collector::walk(std::vector<OpenFolder>& open) {
         }
         const ListedEntry& entry = folder.block->entries[folder.nextEntry++];
         if (entry.type == EntryType::directory) {
-            const auto [directory, listing] = folder.folders[folder.nextFolder++];
-            if (enter(*directory, listing)) {
-                open.push_back({directory, listing, nullptr, 0, {}, 0});
+            const TreeReader::Folder& inside = folder.block->folders[folder.nextFolder++];
+            if (enter(*inside.directory, inside.listing)) {
+                open.push_back({inside.directory, inside.listing, nullptr, 0, 0});
             }
         } else if (entry.error.code != 0) {
             unreadableLog_.addFile(*folder.directory, entry.name, entry.error);
@@ -244,27 +249,6 @@ void Collector::walk(std::vector<OpenFolder>& open) {
             takeFile(*folder.directory, entry);
         }
     }
-}
-
-/// Makes `block` the folder's current one and announces the folders in it to the reader.
-void Collector::takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block> block) {
-    folder.block = std::move(block);
-    folder.nextEntry = 0;
-    folder.nextFolder = 0;
-    folder.folders.clear();
-    if (!folder.block) {
-        return;
-    }
-    std::vector<std::shared_ptr<TreeReader::Listing>> ahead;
-    for (const ListedEntry& entry : folder.block->entries) {
-        if (entry.type == EntryType::directory) {
-            Directory* directory = lists_.store->addDirectory(folder.directory, entry.name);
-            folder.folders.emplace_back(
-                directory, TreeReader::makeListing(folder.listing, directory, entry.inode));
-            ahead.push_back(folder.folders.back().second);
-        }
-    }
-    reader_.announce(ahead);
 }
 
 /// Returns whether the folder can be listed and has not been walked yet. Closes it if not.

@@ -82,7 +82,6 @@ class Collector final {
     void noteFailure(const Directory& directory,
                      const std::shared_ptr<TreeReader::Listing>& listing);
     void walk(std::vector<OpenFolder>& open);
-    void takeBlock(OpenFolder& folder, std::unique_ptr<TreeReader::Block> block);
     void takeFile(const Directory& directory, const ListedEntry& entry);
     void reportFile(const Directory& directory, const ListedEntry& entry);
     [[nodiscard]] Result<bool> isLocationInTrash(const Directory& location);

@@ -1,5 +1,6 @@
 #include "scan/tree_reader.h"
 
+#include "scan/concurrency_search.h"
 #include "scan/open_with_retry.h"
 #include "scan/own_folder.h"
 #include "scan/trash_folders.h"
@@ -24,6 +25,9 @@ constexpr std::size_t minBatchEntries = 512;
 constexpr std::size_t maxEntriesAhead = 16 * 1024;
 // How many queued folders a worker checks for one that it may take.
 constexpr std::size_t maxFoldersChecked = 64;
+// Levels below the walk on which folders are listed ahead. A folder that leads into itself, as one
+// of a server can, must not be followed further than that in vain.
+constexpr std::uint32_t maxLevelsAhead = 8;
 constexpr std::size_t entriesBetweenChecks = 64;
 // The first entries of a folder, and then so many at a time, are read one after the other. If that
 // takes longer than slowShare (from the cache, so many take 10 microseconds), the others of the
@@ -48,10 +52,30 @@ std::size_t foldersToKeepOpen(std::size_t descriptorLimit) {
 
 }  // namespace
 
+/// Which entries of the block are directories.
+std::vector<std::size_t> TreeReader::foldersIn(const Block& block) {
+    std::vector<std::size_t> folders;
+    for (std::size_t at = 0; at < block.entries.size(); ++at) {
+        if (block.entries[at].type == EntryType::directory) {
+            folders.push_back(at);
+        }
+    }
+    return folders;
+}
+
 struct TreeReader::PendingBlock {
     std::unique_ptr<Block> block;
     std::size_t entryCount = 0;
-    bool ready = false;  // guarded by the reader's mutex_
+    // Guarded by the reader's mutex_:
+    std::uint64_t firstEntry = 0;  // its number in the folder
+    bool ready = false;
+};
+
+/// Where the walk comes to a folder. Lives until the folder and those inside it are closed.
+struct TreeReader::Place {
+    std::shared_ptr<const Place> above;  // nullptr for the first folder
+    std::uint64_t number = 0;            // among the entries of the folder that it is in
+    std::uint32_t level = 0;
 };
 
 /// Counts one of the reader's tasks, queued or running, also if the pool drops it.
@@ -92,16 +116,23 @@ class TreeReader::Listing final {
  public:
     enum class State : std::uint8_t { waiting, working, finished };
 
-    Listing(const Directory* of, std::shared_ptr<Listing> in, std::uint64_t listedInode)
+    explicit Listing(const Directory* root)
+        : directory(root), place(std::make_shared<const Place>()) {}
+    /// A folder found in `in`: the entry with that number and inode number.
+    Listing(const Directory* of, const std::shared_ptr<Listing>& in, std::uint64_t number,
+            std::uint64_t listedInode)
         : directory(of),
+          place(std::make_shared<const Place>(Place{in->place, number, in->place->level + 1})),
           inode(listedInode),
-          isOnRotationalDisk(in && in->isOnRotationalDisk),
-          parent(std::move(in)) {}
+          isOnRotationalDisk(in->isOnRotationalDisk),
+          parent(in) {}
 
     const Directory* const directory;
-    const std::uint64_t inode;
-    bool isOnRotationalDisk;          // that of its parent until it is open
-    std::shared_ptr<Listing> parent;  // nullptr for the first folder and once this one is open
+    std::shared_ptr<const Place> place;  // nullptr once it is closed
+    const std::uint64_t inode = 0;       // as listed; 0 if unknown
+    bool isOnRotationalDisk = false;     // that of its parent until it is open
+    std::weak_ptr<Listing> parent;       // none for the first folder and once this one is open
+    std::uint64_t entriesListed = 0;
     State state = State::waiting;
     bool abandoned = false;
     bool opened = false;
@@ -112,14 +143,36 @@ class TreeReader::Listing final {
     std::deque<std::shared_ptr<PendingBlock>> blocks;
 };
 
-TreeReader::TreeReader(const ScanServices& services, Interest interest, PauseWait waitOutPause,
-                       Devices devices)
+/// The order of a walk: depth first, and a folder before those inside it.
+bool TreeReader::IsEarlier::operator()(const std::shared_ptr<Listing>& one,
+                                       const std::shared_ptr<Listing>& other) const {
+    const Place* first = one->place.get();
+    const Place* second = other->place.get();
+    while (first->level > second->level) {
+        first = first->above.get();
+    }
+    while (second->level > first->level) {
+        second = second->above.get();
+    }
+    if (first == second) {
+        return one->place->level < other->place->level;
+    }
+    while (first->above != second->above) {
+        first = first->above.get();
+        second = second->above.get();
+    }
+    return first->number < second->number;
+}
+
+TreeReader::TreeReader(const ScanServices& services, Interest interest, MakeFolder makeFolder,
+                       PauseWait waitOutPause, Devices devices)
     : fileSystem_(services.fileSystem),
       pool_(services.pool),
       control_(services.control),
       watch_(services.watch),
       unsteadyVolumes_(services.unsteadyVolumes),
       interest_(std::move(interest)),
+      makeFolder_(std::move(makeFolder)),
       waitOutPause_(waitOutPause ? std::move(waitOutPause)
                                  : [&control = services.control] { control.waitWhilePaused(); }),
       devices_(devices),
@@ -141,23 +194,53 @@ TreeReader::~TreeReader() {
 }
 
 std::shared_ptr<TreeReader::Listing> TreeReader::makeRoot(const Directory* directory) {
-    return std::make_shared<Listing>(directory, nullptr, 0);
+    return std::make_shared<Listing>(directory);
 }
 
-std::shared_ptr<TreeReader::Listing> TreeReader::makeListing(const std::shared_ptr<Listing>& parent,
-                                                             const Directory* directory,
-                                                             std::uint64_t inode) {
-    return std::make_shared<Listing>(directory, parent, inode);
+/// On the walking thread: makes the folders of a block that are not made, and queues them. Their
+/// types are known, so no worker touches these entries any more.
+void TreeReader::makeFolders(const std::shared_ptr<Listing>& listing, PendingBlock& pending,
+                             const std::vector<std::size_t>& entries) {
+    Block& block = *pending.block;
+    std::vector<Folder> made = std::exchange(block.folders, {});
+    block.folders.reserve(entries.size());
+    auto next = made.begin();
+    for (const std::size_t at : entries) {
+        if (next != made.end() && next->entry == at) {
+            block.folders.push_back(std::move(*next++));
+            continue;
+        }
+        const ListedEntry& entry = block.entries[at];
+        Directory* const directory = makeFolder_(*listing->directory, entry.name);
+        block.folders.push_back(
+            {at, directory,
+             std::make_shared<Listing>(directory, listing, pending.firstEntry + at, entry.inode)});
+        upcoming_.insert(block.folders.back().listing);
+    }
 }
 
-void TreeReader::announce(const std::vector<std::shared_ptr<Listing>>& folders) {
-    const std::lock_guard lock(mutex_);
-    upcoming_.insert(upcoming_.begin(), folders.begin(), folders.end());
-    pump();
+/// On the walking thread: makes the folders that workers have found since. Returns whether there
+/// were any.
+bool TreeReader::makeFoundFolders() {
+    bool hasMade = false;
+    for (; !found_.empty(); found_.pop_front()) {
+        const FoundFolders& found = found_.front();
+        // The walk may have taken the block in the meantime.
+        if (!found.in->abandoned && found.block->block && found.block->block->folders.empty() &&
+            found.in->place->level < walkLevel_ + maxLevelsAhead) {
+            makeFolders(found.in, *found.block, found.folders);
+            hasMade = true;
+        }
+    }
+    if (hasMade) {
+        pump();
+    }
+    return hasMade;
 }
 
 Result<FileIdentity> TreeReader::identityOf(const std::shared_ptr<Listing>& listing) {
     std::unique_lock lock(mutex_);
+    makeFoundFolders();
     while (!listing->opened && listing->state != Listing::State::finished) {
         if (listing->state == Listing::State::waiting) {
             readNow(listing, lock);
@@ -183,11 +266,18 @@ bool TreeReader::isRefused(const std::shared_ptr<Listing>& listing) {
 
 std::unique_ptr<TreeReader::Block> TreeReader::nextBlock(const std::shared_ptr<Listing>& listing) {
     std::unique_lock lock(mutex_);
+    walkLevel_ = listing->place->level;
+    makeFoundFolders();
     while (true) {
         if (!listing->blocks.empty() && listing->blocks.front()->ready) {
             const std::shared_ptr<PendingBlock> pending = std::move(listing->blocks.front());
             listing->blocks.pop_front();
             entriesAhead_ -= pending->entryCount;
+            // Some types become known, or other ones, with the attributes.
+            const std::vector<std::size_t> folders = foldersIn(*pending->block);
+            if (pending->block->folders.size() < folders.size()) {
+                makeFolders(listing, *pending, folders);
+            }
             pump();
             return std::move(pending->block);
         }
@@ -204,30 +294,39 @@ std::unique_ptr<TreeReader::Block> TreeReader::nextBlock(const std::shared_ptr<L
 
 void TreeReader::close(const std::shared_ptr<Listing>& listing) {
     const std::lock_guard lock(mutex_);
+    closeWithFolders(listing);
+    pump();
+}
+
+/// Also closes the folders of its blocks that the walk will not get. They are few levels deep.
+void TreeReader::closeWithFolders(const std::shared_ptr<Listing>& listing) {
     listing->abandoned = true;
     for (const std::shared_ptr<PendingBlock>& pending : listing->blocks) {
         entriesAhead_ -= pending->entryCount;
+        for (const Folder& folder : pending->block->folders) {
+            closeWithFolders(folder.listing);
+        }
     }
     listing->blocks.clear();
     if (listing->state == Listing::State::waiting) {
+        upcoming_.erase(listing);
         listing->state = Listing::State::finished;
     }
     if (listing->state == Listing::State::finished) {
         releaseDescriptor(*listing);
         std::erase(keptOpen_, listing);
     }
-    pump();
+    // In a tree of many thousand levels no place must be the last to refer to those above it.
+    listing->place = nullptr;
 }
 
 /// Queues as many tasks as there are folders to list, while there is room for their entries.
 void TreeReader::pump() {
-    while (!upcoming_.empty() && upcoming_.front()->state != Listing::State::waiting) {
-        upcoming_.pop_front();
-    }
-    if (entriesAhead_ >= maxEntriesAhead || ending_ || nextToTake() == upcoming_.end()) {
+    if (entriesAhead_ >= maxEntriesAhead || ending_ || !nextToTake()) {
         return;
     }
-    const std::size_t useful = std::min<std::size_t>(upcoming_.size(), pool_.width());
+    const std::size_t useful =
+        std::min<std::size_t>(readingTasks_ + upcoming_.size(), pool_.width());
     while (tasks_ < useful) {
         pool_.submit([this, place = std::make_shared<TaskPlace>(tasks_)] { runTask(*place); });
     }
@@ -236,8 +335,10 @@ void TreeReader::pump() {
 void TreeReader::runTask(TaskPlace& place) {
     std::unique_lock lock(mutex_);
     if (!ending_ && entriesAhead_ < maxEntriesAhead) {
-        if (const std::shared_ptr<Listing> listing = takeUpcoming()) {
+        if (const std::shared_ptr<Listing> listing = nextToTake()) {
+            ++readingTasks_;
             readOn(listing, lock);
+            --readingTasks_;
         }
     }
     place.giveBack();
@@ -251,23 +352,18 @@ bool TreeReader::isTakeable(const Listing& listing) const {
            (listing.opened || openFolders_ < maxOpenFolders_ || !keptOpen_.empty());
 }
 
-TreeReader::Upcoming::iterator TreeReader::nextToTake() {
-    const auto end = upcoming_.begin() +
-                     static_cast<std::ptrdiff_t>(std::min(upcoming_.size(), maxFoldersChecked));
-    const auto next = std::find_if(upcoming_.begin(), end, [this](const auto& listing) {
-        return isTakeable(*listing) && !isLeftToTheWalk(*listing);
-    });
-    return next == end ? upcoming_.end() : next;
-}
-
-std::shared_ptr<TreeReader::Listing> TreeReader::takeUpcoming() {
-    const auto next = nextToTake();
-    if (next == upcoming_.end()) {
-        return nullptr;
+/// The folder that a worker may list now, or nullptr.
+std::shared_ptr<TreeReader::Listing> TreeReader::nextToTake() const {
+    std::size_t checked = 0;
+    for (const std::shared_ptr<Listing>& listing : upcoming_) {
+        if (isTakeable(*listing) && !isLeftToTheWalk(*listing)) {
+            return listing;
+        }
+        if (++checked == maxFoldersChecked) {
+            break;
+        }
     }
-    std::shared_ptr<Listing> listing = std::move(*next);
-    upcoming_.erase(next);
-    return listing;
+    return nullptr;
 }
 
 /// Whether no worker may read the folder, because its disk would seek to and fro.
@@ -305,8 +401,7 @@ std::vector<std::shared_ptr<TreeReader::Listing>> TreeReader::nextOnDisk(
         if (next.size() >= most || listing->opened) {
             break;
         }
-        if (upcoming != listing && upcoming->state == Listing::State::waiting &&
-            !upcoming->opened && upcoming->isOnRotationalDisk) {
+        if (upcoming != listing && !upcoming->opened && upcoming->isOnRotationalDisk) {
             next.push_back(upcoming);
         }
     }
@@ -318,6 +413,9 @@ std::vector<std::shared_ptr<TreeReader::Listing>> TreeReader::nextOnDisk(
 /// Reads the next batch of a waiting folder. Called and left with the lock held.
 void TreeReader::readOn(const std::shared_ptr<Listing>& listing, Lock& lock) {
     ListedBatch listed = listBatch(listing, lock);
+    if (std::this_thread::get_id() == walkingThread_) {
+        makeFoundFolders();
+    }
     if (isLeftToTheWalk(*listing)) {
         finishOnDisk({std::move(listed)}, lock);
     } else {
@@ -327,6 +425,7 @@ void TreeReader::readOn(const std::shared_ptr<Listing>& listing, Lock& lock) {
 
 /// Lists the next batch of a waiting folder. Called and left with the lock held.
 TreeReader::ListedBatch TreeReader::listBatch(const std::shared_ptr<Listing>& listing, Lock& lock) {
+    upcoming_.erase(listing);
     listing->state = Listing::State::working;
     if (!listing->opened) {
         makeRoomForOne();
@@ -462,19 +561,24 @@ void TreeReader::keepBatch(const std::shared_ptr<Listing>& listing, const Batch&
     }
     if (listing->descriptor && !listing->opened) {
         listing->opened = true;
-        listing->parent = nullptr;
+        listing->parent.reset();
     } else if (!listing->opened) {
         --openFolders_;
     }
     if (!listing->abandoned) {
         for (const std::shared_ptr<PendingBlock>& pending : batch.blocks) {
             entriesAhead_ += pending->entryCount;
+            pending->firstEntry = listing->entriesListed;
+            listing->entriesListed += pending->entryCount;
             listing->blocks.push_back(pending);
+            if (std::vector<std::size_t> folders = foldersIn(*pending->block); !folders.empty()) {
+                found_.push_back({listing, pending, std::move(folders)});
+            }
         }
     }
     if (batch.more && !listing->abandoned) {
         listing->state = Listing::State::waiting;
-        upcoming_.push_front(listing);
+        upcoming_.insert(listing);
         pump();
     } else {
         listing->state = Listing::State::finished;
@@ -505,7 +609,7 @@ std::optional<SystemError> TreeReader::open(Listing& listing) {
         return attributes.error();
     }
     const std::uint64_t device = attributes->identity.device;
-    if (!listing.parent || listing.parent->identity.device != device) {
+    if (!isOnDeviceOfItsParent(listing, device)) {
         listing.isOnRotationalDisk = fileSystem_.isRotational(device);
     }
     examineVolume(listing, attributes->identity, *opened);
@@ -521,9 +625,9 @@ std::optional<SystemError> TreeReader::open(Listing& listing) {
 
 Result<Descriptor> TreeReader::openFolder(const Listing& listing) {
     std::shared_ptr<Descriptor> parent;
-    if (listing.parent) {
+    if (const std::shared_ptr<Listing> in = listing.parent.lock()) {
         const std::lock_guard lock(mutex_);
-        parent = listing.parent->descriptor;
+        parent = in->descriptor;
     }
     const IoWatch::Call call(watch_, *listing.directory);
     if (parent) {
@@ -543,11 +647,16 @@ void TreeReader::closeKeptOpen() {
     keptOpen_.clear();
 }
 
+bool TreeReader::isOnDeviceOfItsParent(const Listing& listing, std::uint64_t device) {
+    const std::shared_ptr<Listing> parent = listing.parent.lock();
+    return parent && parent->identity.device == device;
+}
+
 /// One more answer about the first folder of each file system shows a made-up inode number.
 void TreeReader::examineVolume(const Listing& listing, const FileIdentity& identity,
                                const Descriptor& folder) {
-    const bool isFirst = !listing.parent || listing.parent->identity.device != identity.device;
-    if (!isFirst || unsteadyVolumes_.contains(identity.device)) {
+    if (isOnDeviceOfItsParent(listing, identity.device) ||
+        unsteadyVolumes_.contains(identity.device)) {
         return;
     }
     const Result<FileAttributes> again = fileSystem_.currentAttributesOf(folder);
@@ -574,10 +683,10 @@ bool TreeReader::isNotWalked(const Listing& listing, const FileIdentity& identit
         isFolder(ownFolder_, ownFolderName, folder, identity)) {
         return true;
     }
-    if (listing.parent && listing.parent->identity.device == identity.device) {
+    if (isOnDeviceOfItsParent(listing, identity.device)) {
         return false;
     }
-    const bool isOther = listing.parent != nullptr && devices_ == Devices::ofTheRoot;
+    const bool isOther = folder.parent != nullptr && devices_ == Devices::ofTheRoot;
     return isOther || fileSystem_.isPseudoFileSystem(identity.device);
 }
 
@@ -624,15 +733,15 @@ void TreeReader::readAttributes(const Listing& listing, const Descriptor& folder
     }
 }
 
-/// Reads attributes whose calls wait, several at the same time: fewer while other folders are read,
-/// because some networks answer one call for a name of each folder at a time.
+/// Reads attributes whose calls wait, as many at the same time as is worth it.
 void TreeReader::readAttributesAtOnce(const Listing& listing, const Descriptor& folder,
                                       std::span<ListedEntry> entries) {
+    ConcurrencySearch search(pool_.width());
     while (!entries.empty() && mayGoOn()) {
-        const std::size_t most = pool_.width() / std::max(1U, tasks_.load());
         const std::span<ListedEntry> next =
-            entries.first(std::min(entries.size(), std::max<std::size_t>(most, 1) * entriesAShare));
+            entries.first(std::min(entries.size(), search.atOnce() * entriesAShare));
         const std::size_t shares = (next.size() + entriesAShare - 1) / entriesAShare;
+        const auto begin = std::chrono::steady_clock::now();
         pool_.forEach(shares, [&](std::size_t share) {
             const std::size_t from = share * entriesAShare;
             for (ListedEntry& entry :
@@ -640,6 +749,13 @@ void TreeReader::readAttributesAtOnce(const Listing& listing, const Descriptor& 
                 readAttributesOf(entry, listing, folder);
             }
         });
+        const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+        search.report(static_cast<double>(next.size()) / std::max(took.count(), 1e-9));
+        if (std::this_thread::get_id() == walkingThread_) {
+            // Others would be without work.
+            const std::lock_guard lock(mutex_);
+            makeFoundFolders();
+        }
         entries = entries.subspan(next.size());
     }
 }
@@ -688,7 +804,9 @@ void TreeReader::readAttributesOf(ListedEntry& entry, const Listing& listing,
 /// On the walking thread: blocks until something has changed, or waits out a pause.
 void TreeReader::waitForChange(Lock& lock) {
     if (!control_.pause()) {
-        changed_.wait(lock);
+        if (!makeFoundFolders()) {
+            changed_.wait(lock);
+        }
         return;
     }
     lock.unlock();

@@ -13,6 +13,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <span>
 #include <string_view>
 #include <thread>
@@ -40,14 +41,14 @@ struct ListedEntry {
 /// Lists folders ahead of the walk that consumes them.
 ///
 /// The walk requests folders one by one, depth first, and gets the entries of each block by block
-/// in listing order. Meanwhile workers list the next folders and read the attributes of their
-/// entries, also inside one large folder. The amount read ahead is bounded. While a rotational disk
-/// has to be read, the walking thread does this instead, several folders at a time: first it lists
-/// them, then it reads their attributes, both in the order of the inode numbers. That is nearly the
-/// order in which they lie on the disk, and one reader does not seek to and fro. The user's Trash,
-/// the folder with the program's own files and pseudo file systems are refused like unreadable
-/// folders. Where a walk comes to another file system, it finds out whether the inode numbers of
-/// folders change there (UnsteadyVolumes).
+/// in listing order. Meanwhile workers list the folders that the walk reaches next, also some
+/// levels below it, and read the attributes of their entries, also inside one large folder. The
+/// amount read ahead is bounded. While a rotational disk has to be read, the walking thread does
+/// this instead, several folders at a time: first it lists them, then it reads their attributes,
+/// both in the order of the inode numbers. That is nearly the order in which they lie on the disk,
+/// and one reader does not seek to and fro. The user's Trash, the folder with the program's own
+/// files and pseudo file systems are refused like unreadable folders. Where a walk comes to another
+/// file system, it finds out whether the inode numbers of folders change there (UnsteadyVolumes).
 ///
 /// Only the walking thread may call the public functions. Workers wait during a pause; after a stop
 /// folders end early.
@@ -58,6 +59,10 @@ class TreeReader final {
     using Interest = std::function<EntryInterest(const Directory& folder, std::string_view name,
                                                  EntryType type)>;
 
+    /// Creates the folder `name` of `parent`. Called on the walking thread only, inside the public
+    /// functions, which it must not call, and perhaps long before the walk reaches the folder.
+    using MakeFolder = std::function<Directory*(const Directory& parent, std::string_view name)>;
+
     /// Which folders found by a walk are refused because of their file system.
     enum class Devices : std::uint8_t {
         all,       ///< pseudo file systems
@@ -66,10 +71,18 @@ class TreeReader final {
 
     class Listing;
 
+    /// A folder inside a block.
+    struct Folder {
+        std::size_t entry = 0;  ///< which one of the block
+        Directory* directory = nullptr;
+        std::shared_ptr<Listing> listing;
+    };
+
     /// A block of one folder's entries. Owns their names.
     struct Block {
         std::vector<ListedEntry> entries;
         std::unique_ptr<char[]> names;
+        std::vector<Folder> folders;  ///< one for each entry that is a directory, in their order
     };
 
     /// Blocks until a pause is over. Called on the walking thread when it has to wait for paused
@@ -77,8 +90,8 @@ class TreeReader final {
     using PauseWait = std::function<void()>;
 
     /// Without `waitOutPause` a pause is only waited out. To be constructed on the walking thread.
-    TreeReader(const ScanServices& services, Interest interest, PauseWait waitOutPause = {},
-               Devices devices = Devices::all);
+    TreeReader(const ScanServices& services, Interest interest, MakeFolder makeFolder,
+               PauseWait waitOutPause = {}, Devices devices = Devices::all);
     TreeReader(const TreeReader&) = delete;
     TreeReader& operator=(const TreeReader&) = delete;
     /// Waits for the workers that are inside a folder.
@@ -86,14 +99,6 @@ class TreeReader final {
 
     /// A folder at which a walk begins; may be a symbolic link to one.
     static std::shared_ptr<Listing> makeRoot(const Directory* directory);
-    /// A folder found in a block of `parent`, which must still be open, with the inode number that
-    /// was listed. Starts no listing.
-    static std::shared_ptr<Listing> makeListing(const std::shared_ptr<Listing>& parent,
-                                                const Directory* directory,
-                                                std::uint64_t inode = 0);
-    /// Queues the folders that the walk reaches next, in its order, ahead of all queued before.
-    void announce(const std::vector<std::shared_ptr<Listing>>& folders);
-
     /// Blocks until the folder is open and returns its identity, or the error if it cannot be
     /// opened.
     Result<FileIdentity> identityOf(const std::shared_ptr<Listing>& listing);
@@ -106,22 +111,41 @@ class TreeReader final {
     /// Blocks until the next block of the folder's entries is ready. Returns nullptr if there is
     /// none, the folder cannot be read further, or the scan was stopped.
     std::unique_ptr<Block> nextBlock(const std::shared_ptr<Listing>& listing);
-    /// Ends the use of the folder. Must be called for each listing.
+    /// Ends the use of the folder. Must be called once for each listing, also for those in blocks
+    /// that nextBlock() has returned, for a folder after those inside it. Those in other blocks are
+    /// closed with their folder.
     void close(const std::shared_ptr<Listing>& listing);
 
  private:
     struct PendingBlock;
+    struct Place;
 
     using PendingBlocks = std::vector<std::shared_ptr<PendingBlock>>;
+
+    /// A block in which folders were listed that have not been made.
+    struct FoundFolders {
+        std::shared_ptr<Listing> in;
+        std::shared_ptr<PendingBlock> block;
+        std::vector<std::size_t> folders;  // which entries
+    };
 
     void pump();
     class TaskPlace;
     void runTask(TaskPlace& place);
-    using Upcoming = std::deque<std::shared_ptr<Listing>>;
+    struct IsEarlier {
+        bool operator()(const std::shared_ptr<Listing>& one,
+                        const std::shared_ptr<Listing>& other) const;
+    };
+    using Upcoming = std::set<std::shared_ptr<Listing>, IsEarlier>;
+
+    [[nodiscard]] static std::vector<std::size_t> foldersIn(const Block& block);
+    void makeFolders(const std::shared_ptr<Listing>& listing, PendingBlock& pending,
+                     const std::vector<std::size_t>& entries);
+    bool makeFoundFolders();
+    void closeWithFolders(const std::shared_ptr<Listing>& listing);
 
     [[nodiscard]] bool isTakeable(const Listing& listing) const;
-    Upcoming::iterator nextToTake();
-    std::shared_ptr<Listing> takeUpcoming();
+    [[nodiscard]] std::shared_ptr<Listing> nextToTake() const;
     void makeRoomForOne();
     struct Batch;
     struct ListedBatch;
@@ -142,6 +166,7 @@ class TreeReader final {
     void keepBatch(const std::shared_ptr<Listing>& listing, const Batch& batch);
     std::optional<SystemError> open(Listing& listing);
     Result<Descriptor> openFolder(const Listing& listing);
+    [[nodiscard]] static bool isOnDeviceOfItsParent(const Listing& listing, std::uint64_t device);
     void examineVolume(const Listing& listing, const FileIdentity& identity,
                        const Descriptor& folder);
     [[nodiscard]] bool isFolder(const std::optional<FileIdentity>& known, std::string_view name,
@@ -169,6 +194,7 @@ class TreeReader final {
     IoWatch& watch_;
     UnsteadyVolumes& unsteadyVolumes_;
     const Interest interest_;
+    const MakeFolder makeFolder_;
     const PauseWait waitOutPause_;
     const Devices devices_;
     const std::thread::id walkingThread_ = std::this_thread::get_id();
@@ -178,13 +204,16 @@ class TreeReader final {
 
     std::mutex mutex_;
     std::condition_variable changed_;
-    Upcoming upcoming_;  // guarded by mutex_; front is next in the walk
+    Upcoming upcoming_;               // waiting, in the order of the walk; guarded by mutex_
+    std::deque<FoundFolders> found_;  // guarded by mutex_
+    std::uint32_t walkLevel_ = 0;     // of the folder whose block was taken last; guarded by mutex_
     // Listed to the end, but still open, so that subfolders can be opened relative to them. The
     // oldest is closed when the limit is reached. Guarded by mutex_.
     std::deque<std::shared_ptr<Listing>> keptOpen_;
     std::size_t entriesAhead_ = 0;    // guarded by mutex_
     std::size_t openFolders_ = 0;     // guarded by mutex_
     std::atomic<unsigned> tasks_{0};  // queued or running; grows with mutex_ held
+    unsigned readingTasks_ = 0;       // those inside a folder; guarded by mutex_
     bool ending_ = false;             // guarded by mutex_
     // Batches of folders on rotational disks that were in memory, since the last one that had to be
     // read. Guarded by mutex_.

@@ -61,8 +61,15 @@ class TreeReaderTest : public testing::Test {
                        WorkerPool::Limits limits = {2, 4}, WorkerPool::Use use = useOfThisThread) {
         reader_ = nullptr;
         tools_ = std::make_unique<ScanTools>(fileSystem_, limits, use);
-        reader_ = std::make_unique<TreeReader>(tools_->servicesWith(control_), interest);
+        reader_ = std::make_unique<TreeReader>(tools_->servicesWith(control_), interest, maker());
         return *reader_;
+    }
+
+    /// Adds folders to the store.
+    [[nodiscard]] TreeReader::MakeFolder maker() const {
+        return [this](const Directory& parent, std::string_view name) {
+            return store_->addDirectory(&parent, name);
+        };
     }
 
     Listing root(TreeReader& reader, const std::string& path) {
@@ -86,19 +93,14 @@ class TreeReaderTest : public testing::Test {
         std::string name;
     };
 
-    /// Takes the next block and announces its folders, as a walk does.
+    /// Takes the next block and returns its folders.
     std::vector<Folder> takeFolders(TreeReader& reader, const Folder& folder) {
-        std::vector<Folder> inside;
-        std::vector<Listing> ahead;
         block_ = reader.nextBlock(folder.listing);
-        for (const ListedEntry& entry : block_->entries) {
-            if (entry.type == EntryType::directory) {
-                const Directory* directory = store_->addDirectory(folder.directory, entry.name);
-                ahead.push_back(reader.makeListing(folder.listing, directory, entry.inode));
-                inside.push_back({directory, ahead.back(), std::string(entry.name)});
-            }
+        std::vector<Folder> inside;
+        for (const TreeReader::Folder& each : block_->folders) {
+            inside.push_back(
+                {each.directory, each.listing, {each.directory->name, each.directory->nameLength}});
         }
-        reader.announce(ahead);
         return inside;
     }
 
@@ -311,7 +313,7 @@ TEST_F(TreeReaderTest, ReturnsALargeFolderCompletelyAndInOrder) {
     reader.close(listing);
 }
 
-TEST_F(TreeReaderTest, ListsAnnouncedFoldersAhead) {
+TEST_F(TreeReaderTest, ListsTheFoldersOfABlockAhead) {
     makeFolders(20, 10);
     TreeReader& reader = this->reader();
     const Folder folder = rootFolder(reader);
@@ -328,6 +330,122 @@ TEST_F(TreeReaderTest, ListsAnnouncedFoldersAhead) {
     }
     reader.close(folder.listing);
     EXPECT_EQ(fileSystem_.calls(FileCall::openDirectoryAt), calls);
+}
+
+/// Two folders, "a" and "b", with "1" and "2" inside each, and a file in each of those.
+class TreeReaderOfTwoLevels : public TreeReaderTest {
+ protected:
+    TreeReaderOfTwoLevels() {
+        for (const std::string path : {"a/1", "a/2", "b/1", "b/2"}) {
+            tree_.writeFile(path + "/file");
+            fileSystem_.beforeCall(
+                FileCall::openDirectoryAt, FaultyFileSystem::each,
+                [this, path] {
+                    const std::lock_guard lock(mutex_);
+                    opened_.push_back(path);
+                },
+                tree_.path() + "/" + path);
+        }
+    }
+
+    /// Those of the second level, in the order in which they were opened.
+    Names opened() {
+        const std::lock_guard lock(mutex_);
+        return opened_;
+    }
+
+ private:
+    std::mutex mutex_;
+    Names opened_;
+};
+
+TEST_F(TreeReaderOfTwoLevels, ListsWhatIsBelowTheNextFoldersInTheOrderOfTheWalk) {
+    TreeReader& reader = this->reader(everything, {1, 1});
+    const Folder folder = rootFolder(reader);
+    const std::vector<Folder> inside = takeFolders(reader, folder);
+    waitUntilQuiet();
+    EXPECT_EQ(opened(), Names());
+    EXPECT_TRUE(reader.identityOf(inside.front().listing));
+    waitUntilQuiet();
+    EXPECT_EQ(opened(), (Names{"a/1", "a/2", "b/1", "b/2"}));
+    for (const Folder& each : inside) {
+        for (const Folder& within : takeFolders(reader, each)) {
+            EXPECT_EQ(names(reader, within.listing), (Names{"file"}));
+            reader.close(within.listing);
+        }
+        reader.close(each.listing);
+    }
+    reader.close(folder.listing);
+    EXPECT_EQ(opened().size(), 4u);
+}
+
+TEST_F(TreeReaderOfTwoLevels, ListsOtherFoldersWhileAWorkerIsHeldUp) {
+    std::promise<void> goOn;
+    fileSystem_.beforeCall(
+        FileCall::listEntries, 1, [&] { goOn.get_future().wait(); }, tree_.path() + "/a");
+    TreeReader& reader = this->reader(everything, {2, 2});
+    const Folder folder = rootFolder(reader);
+    const std::vector<Folder> inside = takeFolders(reader, folder);
+    waitUntilQuiet();
+    EXPECT_TRUE(reader.identityOf(inside.back().listing));
+    waitUntilQuiet();
+    EXPECT_EQ(opened(), (Names{"b/1", "b/2"}));
+    goOn.set_value();
+    for (const Folder& each : inside) {
+        reader.close(each.listing);
+    }
+    reader.close(folder.listing);
+}
+
+TEST_F(TreeReaderOfTwoLevels, WorkersListFoldersWhileTheWalkReadsAttributes) {
+    const std::string file = tree_.writeFile("c");
+    std::promise<void> isOpened;
+    fileSystem_.beforeCall(
+        FileCall::openDirectoryAt, 1, [&] { isOpened.set_value(); }, tree_.path() + "/b");
+    bool wasOpened = false;
+    fileSystem_.beforeCall(
+        FileCall::attributesAt, 1,
+        [&] { wasOpened = isOpened.get_future().wait_for(10s) == std::future_status::ready; },
+        file);
+    TreeReader& reader = this->reader(everything, {2, 2});
+    const Folder folder = rootFolder(reader);
+    EXPECT_TRUE(reader.identityOf(folder.listing));
+    EXPECT_TRUE(wasOpened);
+    reader.close(folder.listing);
+}
+
+TEST_F(TreeReaderTest, ListsAFewLevelsAheadOnly) {
+    tree_.makeChain("", "d", 50);
+    TreeReader& reader = this->reader();
+    const Folder folder = rootFolder(reader);
+    const std::vector<Folder> inside = takeFolders(reader, folder);
+    for (int round = 0; round < 10; ++round) {
+        waitUntilQuiet();
+        EXPECT_TRUE(reader.identityOf(inside.front().listing));
+    }
+    EXPECT_EQ(fileSystem_.calls(FileCall::openDirectoryAt), 8u);
+    reader.close(inside.front().listing);
+    reader.close(folder.listing);
+}
+
+TEST_F(TreeReaderTest, ReadsOnAheadWhenWhatIsBelowAClosedFolderIsDropped) {
+    fileSystem_.inventFiles(tree_.makeFolder("a/inside"), 50'000);
+    fileSystem_.inventFiles(tree_.makeFolder("b/inside"), 50'000);
+    TreeReader& reader = this->reader(everything, {1, 1});
+    const Folder folder = rootFolder(reader);
+    const std::vector<Folder> inside = takeFolders(reader, folder);
+    waitUntilQuiet();
+    EXPECT_TRUE(reader.identityOf(inside.front().listing));
+    waitUntilQuiet();
+    EXPECT_EQ(fileSystem_.calls(FileCall::openDirectoryAt), 3u);
+    const std::uint64_t before = fileSystem_.entriesListed();
+    EXPECT_GT(before, 5'000u);
+    reader.close(inside.front().listing);
+    waitUntilQuiet();
+    EXPECT_EQ(fileSystem_.calls(FileCall::openDirectoryAt), 4u);
+    EXPECT_GT(fileSystem_.entriesListed(), before + 5'000);
+    reader.close(inside.back().listing);
+    reader.close(folder.listing);
 }
 
 /// What a thread has used if each call reads from a device.
@@ -453,18 +571,6 @@ TEST_F(TreeReaderOnARotationalDisk, EndsEarlyAfterAStop) {
     EXPECT_LE(calls_.size(), 2u);
 }
 
-TEST_F(TreeReaderTest, ListsFoldersThatWereNotAnnounced) {
-    tree_.writeFile("folder/file");
-    TreeReader& reader = this->reader();
-    const Folder folder = rootFolder(reader);
-    block_ = reader.nextBlock(folder.listing);
-    const Listing inside =
-        reader.makeListing(folder.listing, store_->addDirectory(folder.directory, "folder"));
-    EXPECT_EQ(names(reader, inside), (Names{"file"}));
-    reader.close(inside);
-    reader.close(folder.listing);
-}
-
 TEST_F(TreeReaderTest, BoundsReadAheadOfManyFolders) {
     makeFolders(400, 500);
     TreeReader& reader = this->reader(everything, {4, 8});
@@ -577,6 +683,7 @@ TEST_F(TreeReaderTest, CanBeDestroyedWhileWorkersAreInsideFolders) {
                 EXPECT_TRUE(reader.identityOf(inside[static_cast<std::size_t>(taken)].listing));
             }
         }
+        block_ = nullptr;
         reader_ = nullptr;
     }
     EXPECT_EQ(fileSystem_.openNow(), 0u);
@@ -640,7 +747,7 @@ TEST_F(TreeReaderTest, CallsTheWalksPauseWait) {
     ScanTools tools(fileSystem_, {2, 4});
     int waits = 0;
     const std::thread::id here = std::this_thread::get_id();
-    TreeReader reader(tools.servicesWith(control_), everything, [&] {
+    TreeReader reader(tools.servicesWith(control_), everything, maker(), [&] {
         EXPECT_EQ(std::this_thread::get_id(), here);
         ++waits;
         control_.setPause(false);
@@ -716,47 +823,30 @@ TEST_F(TreeReaderTest, RefusesPseudoFileSystems) {
     reader.close(listing);
 }
 
-/// Walks everything below `folder`, depth first, and returns the number of entries.
-std::uint64_t walk(TreeReader& reader, FileStore& store, const Directory* top) {
+/// Walks everything below `top`, depth first, and returns the number of entries.
+std::uint64_t walk(TreeReader& reader, const Directory* top) {
     struct Open {
-        const Directory* directory;
         Listing listing;
         std::unique_ptr<TreeReader::Block> block;
-        std::size_t next = 0;
-        std::vector<std::pair<const Directory*, Listing>> folders;
         std::size_t nextFolder = 0;
     };
     std::uint64_t entries = 0;
     std::vector<Open> open;
-    open.push_back({top, reader.makeRoot(top), nullptr, 0, {}, 0});
+    open.push_back({reader.makeRoot(top), nullptr, 0});
     while (!open.empty()) {
         Open& at = open.back();
-        if (at.block && at.next < at.block->entries.size()) {
-            ++entries;
-            if (at.block->entries[at.next++].type == EntryType::directory) {
-                const auto [directory, listing] = at.folders[at.nextFolder++];
-                open.push_back({directory, listing, nullptr, 0, {}, 0});
-            }
+        if (at.block && at.nextFolder < at.block->folders.size()) {
+            open.push_back({at.block->folders[at.nextFolder++].listing, nullptr, 0});
             continue;
         }
         at.block = reader.nextBlock(at.listing);
-        if (!at.block) {
+        at.nextFolder = 0;
+        if (at.block) {
+            entries += at.block->entries.size();
+        } else {
             reader.close(at.listing);
             open.pop_back();
-            continue;
         }
-        at.next = 0;
-        at.nextFolder = 0;
-        at.folders.clear();
-        std::vector<Listing> ahead;
-        for (const ListedEntry& entry : at.block->entries) {
-            if (entry.type == EntryType::directory) {
-                const Directory* directory = store.addDirectory(at.directory, entry.name);
-                at.folders.emplace_back(directory, reader.makeListing(at.listing, directory));
-                ahead.push_back(at.folders.back().second);
-            }
-        }
-        reader.announce(ahead);
     }
     return entries;
 }
@@ -766,7 +856,7 @@ TEST_F(TreeReaderTest, NeedsFewDescriptorsForADeepTree) {
     fileSystem_.setDescriptorLimit(64);
     fileSystem_.refuseMoreDescriptorsThan(40);
     TreeReader& reader = this->reader(everything, {4, 8});
-    EXPECT_EQ(walk(reader, *store_, store_->addRoot(tree_.path())), 3000u);
+    EXPECT_EQ(walk(reader, store_->addRoot(tree_.path())), 3000u);
     EXPECT_EQ(fileSystem_.openNow(), 0u);
 }
 
@@ -780,7 +870,7 @@ TEST_F(TreeReaderTest, NeedsFewDescriptorsForLargeFoldersAtEveryLevel) {
     fileSystem_.setDescriptorLimit(64);
     fileSystem_.refuseMoreDescriptorsThan(40);
     TreeReader& reader = this->reader(everything, {4, 8});
-    EXPECT_EQ(walk(reader, *store_, store_->addRoot(tree_.path())), 60u + 60u * 4000u);
+    EXPECT_EQ(walk(reader, store_->addRoot(tree_.path())), 60u + 60u * 4000u);
     EXPECT_EQ(fileSystem_.openNow(), 0u);
 }
 
@@ -802,7 +892,7 @@ TEST_F(TreeReaderTest, NeedsFewDescriptorsForManyLargeFoldersAtOnce) {
     fileSystem_.refuseMoreDescriptorsThan(48);
     beginTogether(fileSystem_, 32);
     TreeReader& reader = this->reader(everything, {32, 32});
-    EXPECT_EQ(walk(reader, *store_, store_->addRoot(tree_.path())), 100u + 100u * 4000u);
+    EXPECT_EQ(walk(reader, store_->addRoot(tree_.path())), 100u + 100u * 4000u);
     EXPECT_EQ(fileSystem_.openNow(), 0u);
 }
 
@@ -819,7 +909,7 @@ TEST_F(TreeReaderTest, NeedsFewDescriptorsForManyFoldersOfSkippedEntries) {
         return name.starts_with("invented") ? EntryInterest::none : EntryInterest::name;
     };
     TreeReader& reader = this->reader(noneInvented, {32, 32});
-    EXPECT_EQ(walk(reader, *store_, store_->addRoot(tree_.path())), 200u);
+    EXPECT_EQ(walk(reader, store_->addRoot(tree_.path())), 200u);
     EXPECT_EQ(fileSystem_.openNow(), 0u);
 }
 
