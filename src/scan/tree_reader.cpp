@@ -326,7 +326,7 @@ void TreeReader::pump() {
         return;
     }
     const std::size_t useful =
-        std::min<std::size_t>(readingTasks_ + upcoming_.size(), pool_.width());
+        std::min<std::size_t>(readingTasks_ + upcoming_.size(), pool_.networkWidth());
     while (tasks_ < useful) {
         pool_.submit([this, place = std::make_shared<TaskPlace>(tasks_)] { runTask(*place); });
     }

@@ -16,6 +16,8 @@ namespace {
 
 // About the queue depth of a solid-state disk: with fewer reads in flight it is not fully used.
 constexpr unsigned maxReadsInFlight = 32;
+// A server answers many calls as soon as one; more were not faster with 5 ms a call.
+constexpr unsigned maxNetworkCallsInFlight = 64;
 constexpr std::size_t filesAShareWithAWarmCache = 32;
 // Threads beyond the width that may run in place of stuck ones.
 constexpr unsigned maxStandIns = 64;
@@ -47,6 +49,14 @@ Wait waitOf(const ThreadUse& before, const ThreadUse& after, std::chrono::nanose
     return waited >= leastWait && waited >= ran ? Wait::time : Wait::none;
 }
 
+/// Each at least as large as the one before.
+WorkerPool::Limits inOrder(WorkerPool::Limits limits) {
+    limits.cores = std::max(1U, limits.cores);
+    limits.width = std::max(limits.cores, limits.width);
+    limits.networkWidth = std::max(limits.width, limits.networkWidth);
+    return limits;
+}
+
 // The pool whose task the thread is running.
 thread_local const void* poolOfThisThread = nullptr;
 // Whether the task that the thread is running came too late to help with a forEach().
@@ -63,7 +73,7 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
 
     void widen() {
         const std::lock_guard lock(mutex_);
-        atOnce_ = limits_.width;
+        atOnce_ = limits_.networkWidth;
         startBeside(0);
     }
 
@@ -269,12 +279,13 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
     }
 
     void adjust(Wait wait) {
-        if (wait == Wait::none) {
+        if (wait == Wait::none || (wait == Wait::device && atOnce_ > limits_.width)) {
             atOnce_ = std::max(limits_.cores, atOnce_ - 1);
             return;
         }
         // A server answers many calls as soon as one.
-        atOnce_ = std::min(limits_.width, atOnce_ + (wait == Wait::time ? atOnce_.load() : 1));
+        atOnce_ = wait == Wait::time ? std::min(limits_.networkWidth, atOnce_ * 2)
+                                     : std::min(limits_.width, atOnce_ + 1);
         // This thread will run the next one itself.
         startBeside(1);
     }
@@ -348,9 +359,7 @@ class WorkerPool::Fork final {
 };
 
 WorkerPool::WorkerPool(Limits limits, Use measure)
-    : core_(std::make_shared<Core>(
-          Limits{std::max(1U, limits.cores), std::max({1U, limits.cores, limits.width})},
-          measure)) {}
+    : core_(std::make_shared<Core>(inOrder(limits), measure)) {}
 
 void WorkerPool::widen() {
     core_->widen();
@@ -362,7 +371,7 @@ ThreadUse WorkerPool::use() const {
 
 WorkerPool::Limits WorkerPool::limitsOfThisMachine() {
     const unsigned cores = std::max(1U, std::thread::hardware_concurrency());
-    return {cores, std::max(cores, maxReadsInFlight)};
+    return {cores, std::max(cores, maxReadsInFlight), maxNetworkCallsInFlight};
 }
 
 WorkerPool::~WorkerPool() {
@@ -407,6 +416,10 @@ unsigned WorkerPool::cores() const {
 
 unsigned WorkerPool::width() const {
     return core_->limits().width;
+}
+
+unsigned WorkerPool::networkWidth() const {
+    return core_->limits().networkWidth;
 }
 
 void WorkerPool::forEach(std::size_t count, const std::function<void(std::size_t)>& body) {

@@ -14,9 +14,9 @@ namespace tarvin {
 ///
 /// While all data comes from the page cache, as many tasks run at once as there are cores. A task
 /// that had to read from a device lets one more task run, one that waited for most of its time (a
-/// network does not count as a device) twice as many, up to the pool's width, and each other task
-/// one less. So the number of calls in flight follows the device, and with a warm cache there are
-/// no superfluous threads.
+/// network does not count as a device) twice as many, each up to a limit of its own, and each other
+/// task one less. So the number of calls in flight follows the device, and with a warm cache there
+/// are no superfluous threads.
 ///
 /// A task may hang in a call that does not return (a dead network mount). allowForStuck() lets
 /// others run in its place; abandon() leaves it behind.
@@ -26,19 +26,20 @@ class WorkerPool final {
  public:
     using Task = std::function<void()>;
 
-    /// How many tasks run at once: at least `cores`, at most `width`. Threads are started on
-    /// demand. If the system gives fewer threads, fewer tasks run; if it gives none, tasks wait for
-    /// runOneHere().
+    /// How many tasks run at once: at least `cores`, at most `width`, and at most `networkWidth`
+    /// while they wait for a network. Threads are started on demand. If the system gives fewer
+    /// threads, fewer tasks run; if it gives none, tasks wait for runOneHere().
     struct Limits {
         unsigned cores = 1;
         unsigned width = 1;
+        unsigned networkWidth = 0;  ///< not less than `width` is used
     };
 
     /// Returns what the calling thread has used so far.
     using Use = ThreadUse (*)();
 
     explicit WorkerPool(Limits limits, Use measure = useOfThisThread);
-    /// The number of cores, and enough threads to keep a fast device busy.
+    /// The number of cores, and enough threads to keep a fast device or a network busy.
     static Limits limitsOfThisMachine();
 
     WorkerPool(const WorkerPool&) = delete;
@@ -63,8 +64,8 @@ class WorkerPool final {
     /// the queue is empty or the pool has a thread. For threads that wait for a task.
     bool runOneHere();
 
-    /// Reports that calls wait for a network: as many tasks run at once as the width allows, until
-    /// some do not wait. For a task that will make many such calls before it ends.
+    /// Reports that calls wait for a network: as many tasks run at once as are allowed, until some
+    /// do not wait. For a task that will make many such calls before it ends.
     void widen();
 
     /// Reports how many running tasks are stuck in a call: as many others may run in their place.
@@ -88,6 +89,8 @@ class WorkerPool final {
     /// The maximum number of tasks at once, not counting stuck tasks and those that wait in
     /// forEach().
     [[nodiscard]] unsigned width() const;
+    /// The same while they wait for a network.
+    [[nodiscard]] unsigned networkWidth() const;
 
  private:
     class Core;

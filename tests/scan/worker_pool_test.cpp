@@ -58,18 +58,24 @@ TEST(WorkerPool, HasAtLeastOneCoreAndTheWidthOfItsCores) {
     const WorkerPool nothing({0, 0});
     EXPECT_EQ(nothing.cores(), 1u);
     EXPECT_EQ(nothing.width(), 1u);
+    EXPECT_EQ(nothing.networkWidth(), 1u);
     const WorkerPool narrow({4, 2});
     EXPECT_EQ(narrow.cores(), 4u);
     EXPECT_EQ(narrow.width(), 4u);
     const WorkerPool wide({2, 9});
     EXPECT_EQ(wide.cores(), 2u);
     EXPECT_EQ(wide.width(), 9u);
+    EXPECT_EQ(wide.networkWidth(), 9u);
+    const WorkerPool wider({2, 9, 12});
+    EXPECT_EQ(wider.width(), 9u);
+    EXPECT_EQ(wider.networkWidth(), 12u);
 }
 
 TEST(WorkerPool, LimitsFollowTheMachine) {
     const WorkerPool::Limits limits = WorkerPool::limitsOfThisMachine();
     EXPECT_GE(limits.cores, 1u);
     EXPECT_GE(limits.width, limits.cores);
+    EXPECT_EQ(limits.networkWidth, 64u);
 }
 
 TEST(WorkerPool, CanBeDestroyedUnused) {
@@ -255,6 +261,20 @@ TEST(WorkerPool, RunsAsManyTasksAsItsWidthOnceItIsWidened) {
         });
     }
     EXPECT_TRUE(waitUntil([&] { return ended == 8; }));
+}
+
+TEST(WorkerPool, RunsMoreTasksForANetworkThanForADevice) {
+    Crowd crowd;
+    WorkerPool forANetwork({2, 4, 8});
+    runInCrowd(forANetwork, crowd, [] { giveAwayTheCpu(); });
+    EXPECT_EQ(crowd.max(), 8);
+    Crowd others;
+    WorkerPool forADevice({2, 4, 8}, Device::useOfThisThread);
+    forADevice.widen();
+    runInCrowd(forADevice, others, [] { Device::fetch(); });
+    Crowd later;
+    runInCrowd(forADevice, later, [] { Device::fetch(); });
+    EXPECT_LE(later.max(), 4);
 }
 
 TEST(WorkerPool, RunsNoMoreTasksThanCoresWhileTheyOnlyCompute) {
