@@ -114,6 +114,23 @@ class CleaningUser final {
     CleanUpJournal journal_;
 };
 
+/// Three equal files in folders of their own, and a user who cleans up. For fixtures.
+class EqualFiles {
+ protected:
+    void expectNothingMoved() const {
+        EXPECT_EQ(user_.trashed(), 0U);
+        EXPECT_EQ(user_.trashInfos(), 0U);
+    }
+
+    TemporaryFolder folder_;
+    std::string one_ = folder_.writeFile("a/one.txt", "same");
+    std::string two_ = folder_.writeFile("b/two.txt", "same");
+    std::string three_ = folder_.writeFile("c/three.txt", "same");
+    TemporaryFolder home_;
+    CleaningUser user_{home_.path()};
+    FaultyFileSystem fileSystem_;
+};
+
 /// Settings that call `action` before the first `step`.
 inline CleanUp::Settings at(MoveStep step, std::function<void()> action) {
     CleanUp::Settings settings;

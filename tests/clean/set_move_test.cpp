@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// A set of three equal files; the second and third are marked.
-class SetMoveTest : public ::testing::Test {
+class SetMoveTest : public EqualFiles, public ::testing::Test {
  protected:
     SetMoveTest() : set_(files_.addSet({one_, two_, three_})) {}
 
@@ -34,18 +34,6 @@ class SetMoveTest : public ::testing::Test {
         fs::last_write_time(path, date);
     }
 
-    void expectNothingMoved() {
-        EXPECT_EQ(user_.trashed(), 0U);
-        EXPECT_EQ(user_.trashInfos(), 0U);
-    }
-
-    TemporaryFolder folder_;
-    std::string one_ = folder_.writeFile("a/one.txt", "same");
-    std::string two_ = folder_.writeFile("b/two.txt", "same");
-    std::string three_ = folder_.writeFile("c/three.txt", "same");
-    TemporaryFolder home_;
-    CleaningUser user_{home_.path()};
-    FaultyFileSystem fileSystem_;
     ComparedFiles files_;
     std::shared_ptr<Set> set_;
 };

@@ -27,7 +27,7 @@ std::ostream& operator<<(std::ostream& out, const UnsteadyAnswers& jitter) {
     return out << (jitter.inodes ? "inodes" : "") << (jitter.dates ? "dates" : "");
 }
 
-class UnsteadyCleanUp : public ::testing::TestWithParam<UnsteadyAnswers> {
+class UnsteadyCleanUp : public EqualFiles, public ::testing::TestWithParam<UnsteadyAnswers> {
  protected:
     static constexpr MoveOutcome moved = MoveOutcome::moved;
     static constexpr MoveOutcome changed = MoveOutcome::changed;
@@ -48,19 +48,6 @@ class UnsteadyCleanUp : public ::testing::TestWithParam<UnsteadyAnswers> {
         files.addSet(paths);
         return cleanUp(files.marked(), user_, fileSystem_, std::move(settings));
     }
-
-    void expectNothingMoved() {
-        EXPECT_EQ(user_.trashed(), 0U);
-        EXPECT_EQ(user_.trashInfos(), 0U);
-    }
-
-    TemporaryFolder folder_;
-    std::string one_ = folder_.writeFile("a/one.txt", "same");
-    std::string two_ = folder_.writeFile("b/two.txt", "same");
-    std::string three_ = folder_.writeFile("a/three.txt", "same");
-    TemporaryFolder home_;
-    CleaningUser user_{home_.path()};
-    FaultyFileSystem fileSystem_;
 };
 
 TEST_P(UnsteadyCleanUp, MovesDuplicates) {
