@@ -5,6 +5,7 @@
 #include "window/input.h"
 #include "window/program_window.h"
 #include "window/result_rows.h"
+#include "window/scan_steps.h"
 
 #include <gtest/gtest.h>
 
@@ -24,10 +25,7 @@ TEST(ExportWindow, TheTerminalMovesExactlyTheMarkedFilesOfAnExportedList) {
     }
     const std::unique_ptr<ChildProcess> product = home.startProduct({documents});
     const ProgramWindow window(product->pid());
-    window.click("Scan");
-    window.waitForText("Duplicates Found");
-    window.click("Review");
-    window.waitForEnd("Duplicates Found");
+    scanAndReview(window);
     const OutlineRows outline(window);
     const FileRows files(window);
     outline.click(1);

@@ -4,6 +4,7 @@
 #include "window/input.h"
 #include "window/program_window.h"
 #include "window/result_rows.h"
+#include "window/scan_steps.h"
 
 #include <gtest/gtest.h>
 
@@ -25,10 +26,7 @@ TEST(UnreadableLocation, IsToldInTheBarAndListed) {
     window.waitForButton("Scan", true);
     std::filesystem::remove(gone);
 
-    window.click("Scan");
-    window.waitForText("Duplicates Found");
-    window.click("Review");
-    window.waitForEnd("Duplicates Found");
+    scanAndReview(window);
     window.click("1 folder could not be read. Show…");
     window.waitForText("Could Not Be Read");
     const Accessible list =
@@ -77,10 +75,7 @@ TEST(Preview, ShowsTheFileThatIsLeftAfterACleanUp) {
     writeCopies(documents, {{"jpg", 1, 3}, {"txt", 1, 2}});
     const std::unique_ptr<ChildProcess> product = home.startProduct({documents});
     const ProgramWindow window(product->pid());
-    window.click("Scan");
-    window.waitForText("Duplicates Found");
-    window.click("Review");
-    window.waitForEnd("Duplicates Found");
+    scanAndReview(window);
     const FileRows files(window);
     OutlineRows(window).click(1);
     ASSERT_TRUE(waitUntil([&] { return files.count() == 3; }));
@@ -107,10 +102,7 @@ TEST(FilesLeft, AreListedInPlaceOfTheReport) {
     writeCopies(documents, {{"jpg", 4, 2}});
     const std::unique_ptr<ChildProcess> product = home.startProduct({documents});
     const ProgramWindow window(product->pid());
-    window.click("Scan");
-    window.waitForText("Duplicates Found");
-    window.click("Review");
-    window.waitForEnd("Duplicates Found");
+    scanAndReview(window);
     window.click("Mark All");
     window.waitForText("Marked Duplicate Files: 4");
     const auto files = filesBelow(documents);

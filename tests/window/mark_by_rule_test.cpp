@@ -3,6 +3,7 @@
 #include "window/home.h"
 #include "window/input.h"
 #include "window/program_window.h"
+#include "window/scan_steps.h"
 
 #include <gtest/gtest.h>
 
@@ -24,10 +25,7 @@ TEST(MarkByRuleWindow, TheLongestPathStays) {
     }
     const std::unique_ptr<ChildProcess> product = home.startProduct({documents});
     const ProgramWindow window(product->pid());
-    window.click("Scan");
-    window.waitForText("Duplicates Found");
-    window.click("Review");
-    window.waitForEnd("Duplicates Found");
+    scanAndReview(window);
 
     input::key("ctrl+r");
     window.waitForText("2 files (0.01 KB) will be marked in 2 sets.");

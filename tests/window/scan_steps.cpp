@@ -41,6 +41,13 @@ std::string makeSmallFolder(const Home& home, const std::string& name) {
     return home.folder().pathOf(name);
 }
 
+void scanAndReview(const ProgramWindow& window) {
+    window.click("Scan");
+    window.waitForText("Duplicates Found");
+    window.click("Review");
+    window.waitForEnd("Duplicates Found");
+}
+
 std::string elapsedTime(const ProgramWindow& window) {
     const auto label = window.find(ATSPI_ROLE_LABEL, [](const std::string& name) {
         return name.starts_with("Elapsed Time: ");

@@ -13,6 +13,9 @@ std::string makeEndlessFolder(const Home& home, const std::string& name);
 /// Makes a folder with two equal files of a few bytes. Returns its path.
 std::string makeSmallFolder(const Home& home, const std::string& name);
 
+/// Scans, and shows the duplicates that are found.
+void scanAndReview(const ProgramWindow& window);
+
 /// The elapsed time on the progress screen.
 [[nodiscard]] std::string elapsedTime(const ProgramWindow& window);
 /// Blocks until the elapsed time changes. Throws std::runtime_error after testPatience.
