@@ -41,6 +41,9 @@ double bytesOfOutline(const std::shared_ptr<Modal>& modal) {
     return bytesForShowing(view, [&] {
         tree.setModal(modal);
         view.expandAll();
+        while (view.isExpandingAll()) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
     });
 }
 

@@ -237,8 +237,9 @@ class ResultScenario final {
 
     void rest(std::chrono::milliseconds time) {
         Product::rest(time);
-        // A button may be disabled until the marks are there.
-        static_cast<void>(Product::until([this] { return !results().isMarking(); }));
+        // A button may be disabled until the marks are there, and rows may be missing.
+        static_cast<void>(Product::until(
+            [this] { return !results().isMarking() && !outline().isExpandingAll(); }));
         heartbeat_.enter("");
     }
 

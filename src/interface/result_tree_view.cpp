@@ -21,6 +21,11 @@ namespace tarvin {
 
 namespace {
 
+/// Time for events between two parts of an expansion.
+constexpr int partMilliseconds = 2;
+/// Each costs a little, also without sets.
+constexpr int extensionsOfPart = 100;
+
 /// Gives the tree its one row height. The tree paints its rows itself.
 class RowHeight final : public QStyledItemDelegate {
  public:
@@ -63,6 +68,10 @@ ResultTreeView::ResultTreeView(QWidget* parent) : BoxList(check, parent) {
     setUpList(*this);
     setContextMenuPolicy(Qt::CustomContextMenu);
     setAccessibleName(title());
+    // Each interval begins after a part, so that there is one even if the parts take longer.
+    parts_.setSingleShot(true);
+    parts_.setInterval(partMilliseconds);
+    connect(&parts_, &QTimer::timeout, this, [this] { expandPart(extensionsOfPart); });
 }
 
 QString ResultTreeView::title() {
@@ -75,10 +84,27 @@ void ResultTreeView::expandAll() {
     }
     // One layout for all extensions, instead of one for each.
     scheduleDelayedItemsLayout();
-    const int extensions = model()->rowCount();
-    for (int row = 0; row < extensions; ++row) {
-        expand(model()->index(row, check));
+    nextExtension_ = 0;
+    expandPart(model()->rowCount());
+}
+
+void ResultTreeView::expandPart(int mostExtensions) {
+    const int end = std::min(model()->rowCount(), nextExtension_ + mostExtensions);
+    for (int sets = 0; nextExtension_ < end && sets < setsOfPart_; ++nextExtension_) {
+        const QModelIndex extension = model()->index(nextExtension_, check);
+        expand(extension);
+        sets += model()->rowCount(extension);
     }
+    if (nextExtension_ >= model()->rowCount()) {
+        parts_.stop();
+    } else {
+        parts_.start();
+    }
+}
+
+void ResultTreeView::reset() {
+    parts_.stop();
+    BoxList::reset();
 }
 
 void ResultTreeView::selectSet(const QModelIndex& set) {
@@ -336,6 +362,9 @@ void ResultTreeView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ResultTreeView::keyPressEvent(QKeyEvent* event) {
+    while (isExpandingAll()) {
+        expandPart(model()->rowCount());
+    }
     if (event->key() == Qt::Key_Space) {
         continueFromBox();
     }

@@ -2,6 +2,7 @@
 
 #include "interface/box_list.h"
 
+#include <QTimer>
 #include <QTreeView>
 
 class QHelpEvent;
@@ -42,7 +43,17 @@ class ResultTreeView final : public BoxList<QTreeView> {
 
     /// Expands all extensions. Stores one entry for each extension; QTreeView::expandAll() would
     /// also store one for each set.
+    ///
+    /// Long lists are expanded in parts, because 2,000,000 sets would take 0.1 s: the first ones at
+    /// once, as many as fill the view many times, and the others while the event loop runs, or as
+    /// soon as a key is pressed. One extension is one part at least.
     void expandAll();
+    /// Whether extensions are still to be expanded.
+    [[nodiscard]] bool isExpandingAll() const { return parts_.isActive(); }
+    /// How many sets are expanded at once.
+    void setSetsOfPart(int sets) { setsOfPart_ = sets; }
+    /// Forgets what was still to be expanded, too.
+    void reset() override;
 
     /// Selects a set like a click, but without selectionShouldChange(), makes it current and
     /// scrolls to it. Ignores an index that is not a set.
@@ -101,6 +112,8 @@ class ResultTreeView final : public BoxList<QTreeView> {
  private:
     enum class Part { none, branch, box, text };
 
+    /// Expands at most that many of the extensions that are still to be expanded.
+    void expandPart(int mostExtensions);
     /// Returns an invalid index at the ends.
     [[nodiscard]] QModelIndex neighbourOf(const QModelIndex& set, int step) const;
     [[nodiscard]] Part partAt(const QPoint& point) const;
@@ -114,6 +127,9 @@ class ResultTreeView final : public BoxList<QTreeView> {
     bool pressBranch(const QMouseEvent& event);
 
     bool isAllDue_ = false;  // all rows in view will be repainted
+    QTimer parts_;           // active while extensions are still to be expanded
+    int nextExtension_ = 0;  // the first of them
+    int setsOfPart_ = 200'000;
 };
 
 }  // namespace tarvin

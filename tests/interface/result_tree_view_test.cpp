@@ -581,6 +581,62 @@ TEST_F(ResultTreeViewTest, AssistiveTechnologyFindsNamesAndStates) {
               QStringLiteral("Set(2)"));
 }
 
+class ResultTreeViewParts : public ResultTreeViewTest {
+ protected:
+    ResultTreeViewParts() {
+        tree.collapseAll();
+        tree.setSetsOfPart(4);  // the first two extensions have three sets and one
+    }
+
+    [[nodiscard]] int expanded() const {
+        int count = 0;
+        for (int row = 0; row < sets.rowCount(); ++row) {
+            count += static_cast<int>(tree.isExpanded(sets.extensionAt(row)));
+        }
+        return count;
+    }
+};
+
+TEST_F(ResultTreeViewParts, ExpandTheFirstExtensionsAtOnceAndTheOthersSoon) {
+    tree.expandAll();
+    EXPECT_TRUE(tree.isExpandingAll());
+    EXPECT_EQ(expanded(), 2);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !tree.isExpandingAll(); }, 20000));
+    EXPECT_EQ(expanded(), sets.rowCount());
+    const int last = sets.rowCount() - 1;
+    EXPECT_EQ(tree.rowOf(sets.setAt(last, sets.rowCount(sets.extensionAt(last)) - 1)),
+              tree.shownRows() - 1);
+}
+
+TEST_F(ResultTreeViewParts, AreOneIfTheyHoldAllSets) {
+    tree.setSetsOfPart(100);
+    tree.expandAll();
+    EXPECT_FALSE(tree.isExpandingAll());
+    EXPECT_EQ(expanded(), sets.rowCount());
+}
+
+TEST_F(ResultTreeViewParts, AreAllExpandedBeforeAKeyActs) {
+    tree.setCurrentIndex(sets.extensionAt(0));
+    tree.expandAll();
+    QTest::keyClick(&tree, Qt::Key_End);
+    EXPECT_FALSE(tree.isExpandingAll());
+    EXPECT_EQ(expanded(), sets.rowCount());
+    EXPECT_EQ(tree.rowOf(tree.currentIndex()), tree.shownRows() - 1);
+}
+
+TEST_F(ResultTreeViewParts, EndWithAnotherList) {
+    tree.expandAll();
+    ASSERT_TRUE(tree.isExpandingAll());
+    tree.reset();
+    EXPECT_FALSE(tree.isExpandingAll());
+    tree.expandAll();
+    ASSERT_TRUE(tree.isExpandingAll());
+    SomeSets none;
+    tree.setModel(&none);
+    EXPECT_FALSE(tree.isExpandingAll());
+    tree.setModel(nullptr);
+}
+
 }  // namespace
 
 }  // namespace tarvin
