@@ -49,7 +49,7 @@ void Results::begin() {
 }
 
 void Results::begin(std::shared_ptr<Modal> list) {
-    finishMarking();
+    beginChange();
     list_ = std::move(list);
     firstFilesMayBeMarked_ = false;
     tabs_ = flagsOf(ResultView::all);
@@ -60,7 +60,7 @@ const std::shared_ptr<Modal>& Results::of(ResultView view) const {
 }
 
 void Results::change(ResultView view) {
-    finishMarking();
+    beginChange();
     tabs_ = flagsOf(view);
     if (!list_) {
         return;
@@ -73,7 +73,7 @@ void Results::change(ResultView view) {
 }
 
 void Results::forget() {
-    finishMarking();
+    beginChange();
     selected_ = QPersistentModelIndex();
     files_.setSet(nullptr, 0);
     tree_.setModal(nullptr);
@@ -115,19 +115,20 @@ void Results::showFiles() {
 
 void Results::markAll() {
     if (list_) {
-        finishMarking();
+        beginChange();
         change(list_->totalFiles(), [unmarksFirst = firstFilesMayBeMarked_](Modal& list) {
             if (unmarksFirst) {
                 list.unmarkAllExtension();
             }
             list.markAllExtension();
         });
+        allAreMarked_ = true;
     }
 }
 
 void Results::unmarkAll() {
     if (list_) {
-        finishMarking();
+        beginChange();
         firstFilesMayBeMarked_ = false;
         change(
             list_->totalFiles(), [](Modal& list) { list.unmarkAllExtension(); }, CheckState::off);
@@ -136,7 +137,7 @@ void Results::unmarkAll() {
 
 void Results::markByRule(const MarkingRule& rule) {
     if (list_) {
-        finishMarking();
+        beginChange();
         firstFilesMayBeMarked_ = true;
         change(list_->totalFiles(), [rule](Modal& list) { tarvin::markByRule(list, rule); });
     }
@@ -164,6 +165,12 @@ void Results::changeAside(std::function<void(Modal&)> marks, std::optional<Check
                   [this, number = ++changes_] { Q_EMIT marked(number); });
 }
 
+/// Before each change of marks, files or the list itself.
+void Results::beginChange() {
+    finishMarking();
+    allAreMarked_ = false;
+}
+
 void Results::finishMarking() {
     if (!isMarking_) {
         return;
@@ -188,7 +195,7 @@ void Results::toggle(const QModelIndex& row) {
     if (!list_) {
         return;
     }
-    finishMarking();
+    beginChange();
     if (extension && !set && extension->totalFilesInExtension() >= markedAsideFrom_) {
         changeAside(
             [extension, unmarksFirst = firstFilesMayBeMarked_](Modal& list) {
@@ -221,7 +228,7 @@ std::optional<ToggleResult> Results::toggleFile(int row) {
     if (!list_ || !set || row < 0 || std::cmp_greater_equal(row, set->files().size())) {
         return std::nullopt;
     }
-    finishMarking();
+    beginChange();
     const ToggleResult answer = tarvin::toggleFile(*list_, tree_.extensionAt(selected_), set,
                                                    static_cast<std::size_t>(row));
     Q_EMIT marksChanged();
@@ -235,7 +242,7 @@ void Results::keepFile(int row) {
     if (!list_ || files_.fileAt(row) == nullptr || !set) {
         return;
     }
-    finishMarking();
+    beginChange();
     tarvin::keepFile(*list_, *set, static_cast<std::size_t>(row));
     firstFilesMayBeMarked_ = true;
     Q_EMIT marksChanged();
@@ -245,13 +252,14 @@ void Results::keepFile(int row) {
 
 bool Results::canMarkFolderOf(int row) const {
     const std::shared_ptr<File> file = files_.fileAt(row);
-    return list_ && file && canMarkFolder(list(), *file->directory());
+    // With all marked only first files are left, and each of them has to stay.
+    return list_ && file && !allAreMarked_ && canMarkFolder(list(), *file->directory());
 }
 
 void Results::markFolderOf(int row) {
     const std::shared_ptr<File> file = files_.fileAt(row);
     if (list_ && file) {
-        finishMarking();
+        beginChange();
         firstFilesMayBeMarked_ = true;
         change(list_->totalFiles(), [file](Modal& list) { markFolder(list, *file->directory()); });
     }
@@ -262,7 +270,7 @@ std::optional<std::string> Results::takeOutFile(int row) {
     if (!list_ || files_.fileAt(row) == nullptr || !set) {
         return std::nullopt;
     }
-    finishMarking();
+    beginChange();
     std::string path = tarvin::takeOutFile(*list_, tree_.extensionAt(selected_), set,
                                            static_cast<std::size_t>(row));
     tree_.marksChanged(ResultTree::extensionRow(selected_), ResultTree::setRow(selected_));
@@ -284,7 +292,7 @@ std::vector<std::string> Results::takeOutMarkedFiles() {
     if (!list_) {
         return {};
     }
-    finishMarking();
+    beginChange();
     std::vector<std::string> paths = tarvin::takeOutMarkedFiles(*list_);
     tree_.allMarksChanged();
     showFiles();
@@ -294,7 +302,7 @@ std::vector<std::string> Results::takeOutMarkedFiles() {
 }
 
 std::shared_ptr<Modal> Results::beginDeletion() {
-    finishMarking();
+    beginChange();
     files_.setSet(nullptr, 0);
     return list_;
 }

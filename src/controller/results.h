@@ -140,6 +140,7 @@ class Results final : public QObject {
     [[nodiscard]] const std::shared_ptr<Modal>& of(ResultView view) const;
     void showFiles();
     void reportAllMarks();
+    void beginChange();
     void change(std::uint64_t duplicates, const std::function<void(Modal&)>& marks,
                 std::optional<CheckState> after = std::nullopt);
     void changeAside(std::function<void(Modal&)> marks, std::optional<CheckState> after);
@@ -152,6 +153,8 @@ class Results final : public QObject {
     QPersistentModelIndex selected_;  // in tree_
     // A rule, keepFile() or markFolderOf() may have marked the first files of sets.
     bool firstFilesMayBeMarked_ = false;
+    // markAll() made the last change: canMarkFolderOf() would look through the whole list in vain.
+    bool allAreMarked_ = false;
     std::uint64_t markedAsideFrom_ = 500'000;
     bool isMarking_ = false;
     quint64 changes_ = 0;                       // made by the thread so far, with the current one

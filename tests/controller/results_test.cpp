@@ -148,6 +148,24 @@ TEST_F(ResultsMarking, AFirstFileMarkedByHandStaysMarked) {
     EXPECT_EQ(three_->files()[0]->state(), CheckState::on);
 }
 
+TEST_F(ResultsMarking, NoFolderCanBeMarkedWhileAllAreMarked) {
+    EXPECT_TRUE(results_.canMarkFolderOf(1));
+    results_.markAll();
+    EXPECT_FALSE(results_.canMarkFolderOf(0));
+    EXPECT_FALSE(results_.canMarkFolderOf(1));
+    EXPECT_EQ(results_.toggleFile(1), ToggleResult::toggled);
+    EXPECT_TRUE(results_.canMarkFolderOf(1));
+    results_.markAll();
+    results_.toggle(set(0, 0));
+    EXPECT_TRUE(results_.canMarkFolderOf(1));
+    results_.markAll();
+    results_.keepFile(1);
+    EXPECT_TRUE(results_.canMarkFolderOf(1));
+    results_.markAll();
+    results_.unmarkAll();
+    EXPECT_TRUE(results_.canMarkFolderOf(1));
+}
+
 TEST_F(ResultsMarking, UnmarkAllReportsEveryRow) {
     results_.markAll();
     reported_.clear();
