@@ -4,7 +4,6 @@
 #include "scan/repeated_files.h"
 
 #include <algorithm>
-#include <iterator>
 #include <new>
 #include <utility>
 
@@ -164,7 +163,7 @@ void CategoryComparison::makeBatches() {
 void CategoryComparison::submitAll() {
     makeBatches();
     if (isOnRotationalDisk()) {
-        requestSweep(0, 0);
+        requestSweep(0);
     } else {
         context_.readAhead.expectOneLess();
         submitBatches(0, batches_.size());
@@ -194,12 +193,10 @@ bool CategoryComparison::isOnRotationalDisk() const {
 }
 
 /// Has the files of the next batches read ahead.
-void CategoryComparison::requestSweep(std::size_t first, std::size_t number) {
-    const std::size_t last = std::size(ReadAhead::bytesARequest) - 1;
-    const std::size_t end = endOfSweep(first, ReadAhead::bytesARequest[std::min(number, last)]);
+void CategoryComparison::requestSweep(std::size_t first) {
+    const std::size_t end = endOfRequest(first);
     std::vector<ReadAhead::Wanted> files = filesOfBatches(first, end);
-    std::function<void()> swept =
-        begun([this, first, end, number] { sweptUpTo(first, end, number); });
+    std::function<void()> swept = begun([this, first, end] { sweptUpTo(first, end); });
     try {
         context_.readAhead.request(std::move(files), std::move(swept));
     } catch (const std::bad_alloc&) {
@@ -216,20 +213,26 @@ void CategoryComparison::requestSweep(std::size_t first, std::size_t number) {
 
 /// Submits batches whose files were read ahead. Those of the batches after them are requested
 /// first, so that the disk is busy while these are compared.
-void CategoryComparison::sweptUpTo(std::size_t first, std::size_t end, std::size_t number) {
+void CategoryComparison::sweptUpTo(std::size_t first, std::size_t end) {
     if (end < batches_.size()) {
-        requestSweep(end, number + 1);
+        requestSweep(end);
     }
     submitBatches(first, end);
 }
 
-std::size_t CategoryComparison::endOfSweep(std::size_t first, std::uint64_t mostBytes) const {
+/// The end of the batches that are requested together with the first one.
+std::size_t CategoryComparison::endOfRequest(std::size_t first) const {
+    const std::size_t mostFiles =
+        first == 0 ? ReadAhead::filesOfTheFirstRequest : ReadAhead::filesARequest;
     std::uint64_t bytes = 0;
+    std::size_t files = 0;
     std::size_t end = first;
-    while (end < batches_.size() && (end == first || bytes < mostBytes)) {
+    while (end < batches_.size() &&
+           (end == first || (bytes < ReadAhead::bytesARequest && files < mostFiles))) {
         for (std::size_t number = batches_[end]->firstClass; number < batches_[end]->endClass;
              ++number) {
             bytes += readAheadOf(number) * classes_.memberCount(number);
+            files += classes_.memberCount(number);
         }
         ++end;
     }

@@ -105,10 +105,10 @@ class CategoryComparison final {
     void makeBatches();
     void submitAll();
     void submitBatches(std::size_t first, std::size_t end);
-    void requestSweep(std::size_t first, std::size_t number);
-    void sweptUpTo(std::size_t first, std::size_t end, std::size_t number);
+    void requestSweep(std::size_t first);
+    void sweptUpTo(std::size_t first, std::size_t end);
     [[nodiscard]] bool isOnRotationalDisk() const;
-    [[nodiscard]] std::size_t endOfSweep(std::size_t first, std::uint64_t mostBytes) const;
+    [[nodiscard]] std::size_t endOfRequest(std::size_t first) const;
     [[nodiscard]] std::uint64_t readAheadOf(std::size_t number) const;
     [[nodiscard]] std::vector<ReadAhead::Wanted> filesOfBatches(std::size_t first,
                                                                 std::size_t end) const;

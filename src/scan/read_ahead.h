@@ -46,9 +46,11 @@ class ReadAhead final {
     /// The most that is read ahead of the beginning of a large file.
     static constexpr std::uint64_t beginningBytes = ComparisonOrder::edgeBytes + 256 * 1024;
 
-    /// Bytes that a comparison should request, one time after the other. The first are few, so that
-    /// files are decided soon; the last number is repeated.
-    static constexpr std::uint64_t bytesARequest[] = {16 << 20, 64 << 20, 128 << 20};
+    /// What a comparison should request at a time. The first request is of fewer files, so that
+    /// some are decided after 20 s even if each of them is at another place.
+    static constexpr std::uint64_t bytesARequest = 128 << 20;
+    static constexpr std::size_t filesOfTheFirstRequest = 4096;
+    static constexpr std::size_t filesARequest = 32 * 1024;
     /// A sweep begins no further request when it has so many bytes. They should fit into the page
     /// cache of any machine, twice: the next sweep begins while the files of the last are compared.
     static constexpr std::uint64_t mostBytesASweep = 128 << 20;

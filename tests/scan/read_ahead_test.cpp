@@ -216,30 +216,78 @@ TEST_F(ReadAheadTest, EndsSoonAfterAStop) {
     EXPECT_EQ(sweep(), Paths{});
 }
 
-TEST(ComparisonOnARotationalDisk, ReadsAheadInTheOrderOfTheDiskAndFindsAllSets) {
-    FaultyFileSystem fileSystem;
-    fileSystem.setRotational(true);
-    fileSystem.failCall(FileCall::readCachedAt, FaultyFileSystem::each, EAGAIN);
-    ComparisonFixture fixture(fileSystem);
-    constexpr int pairs = 200;
-    std::map<std::uint64_t, std::string> byPlace;
-    for (int number = 0; number < 2 * pairs; ++number) {
-        const std::string content(static_cast<std::size_t>(1 + number % pairs), 'x');
-        const File* const file = fixture.add(std::to_string(number) + ".jpg", content);
-        const_cast<Directory*>(file->directory())->identity = {1, 2};
-        const std::uint64_t place = static_cast<std::uint64_t>(number * 7919 % 4001) * 4096;
-        fileSystem.setPlace(file->filePath(), place);
-        byPlace[place] = file->filePath();
+/// Pairs of files on a rotational disk, of which nothing is cached, each at another place.
+class ComparisonOnARotationalDisk : public testing::Test {
+ protected:
+    ComparisonOnARotationalDisk() {
+        fileSystem_.setRotational(true);
+        fileSystem_.failCall(FileCall::readCachedAt, FaultyFileSystem::each, EAGAIN);
     }
-    const std::shared_ptr<Modal> modal = fixture.find();
+
+    /// Adds files of so many sizes, which begin with `leastSize`, two of each.
+    void addPairs(int pairs, std::uint64_t leastSize) {
+        for (int number = 0; number < 2 * pairs; ++number) {
+            const std::uint64_t size = leastSize + static_cast<std::uint64_t>(number % pairs);
+            const std::string path =
+                fixture_.folder().writeFile(std::to_string(number) + ".jpg", "");
+            std::filesystem::resize_file(path, size);
+            const File* const file = fixture_.addPath(path, size);
+            const_cast<Directory*>(file->directory())->identity = {1, 2};
+            // The number is prime.
+            const std::uint64_t place = static_cast<std::uint64_t>(number) * 7919 % 100'003;
+            fileSystem_.setPlace(path, place * 4096);
+            places_[path] = place;
+        }
+    }
+
+    /// How many files were read ahead before the arm went back; once for each time.
+    std::vector<std::size_t> filesOfSweeps() {
+        std::vector<std::size_t> files;
+        std::uint64_t last = 0;
+        for (const std::string& path : pathsOf(fileSystem_.readAheadCalls())) {
+            if (files.empty() || places_[path] < last) {
+                files.push_back(0);
+            }
+            ++files.back();
+            last = places_[path];
+        }
+        return files;
+    }
+
+    FaultyFileSystem fileSystem_;
+    ComparisonFixture fixture_{fileSystem_};
+
+ private:
+    std::map<std::string, std::uint64_t> places_;
+};
+
+TEST_F(ComparisonOnARotationalDisk, ReadsAheadInTheOrderOfTheDiskAndFindsAllSets) {
+    addPairs(200, 1);
+    const std::shared_ptr<Modal> modal = fixture_.find();
     ASSERT_EQ(modal->extensions().size(), 1U);
-    EXPECT_EQ(modal->extensions().front()->sets().size(), static_cast<std::size_t>(pairs));
-    Paths expected;
-    for (const auto& [place, path] : byPlace) {
-        expected.push_back(path);
-    }
-    EXPECT_EQ(pathsOf(fileSystem.readAheadCalls()), expected);
-    EXPECT_EQ(fixture.processed(), 2U * pairs);
+    EXPECT_EQ(modal->extensions().front()->sets().size(), 200U);
+    EXPECT_EQ(filesOfSweeps(), std::vector<std::size_t>{400});
+    EXPECT_EQ(fixture_.processed(), 400U);
+}
+
+TEST_F(ComparisonOnARotationalDisk, ReadsAheadAHundredMegabytesInOneSweep) {
+    addPairs(50, 1'000'000);
+    fixture_.find();
+    const std::vector<std::size_t> files = filesOfSweeps();
+    ASSERT_FALSE(files.empty());
+    // Stretches of files that are in memory follow.
+    EXPECT_EQ(files.front(), 100U);
+}
+
+TEST_F(ComparisonOnARotationalDisk, DecidesFilesAfterAFirstSweepOfFewer) {
+    addPairs(3000, 1);
+    fixture_.find();
+    const std::vector<std::size_t> files = filesOfSweeps();
+    ASSERT_EQ(files.size(), 2U);
+    // All files of a batch are in one sweep.
+    EXPECT_GE(files.front(), 4096U);
+    EXPECT_LE(files.front(), 4160U);
+    EXPECT_EQ(files.front() + files.back(), 6000U);
 }
 
 /// Large files on a rotational disk, of which nothing counts as cached. They are sparse.
