@@ -87,6 +87,21 @@ CorpusPlan planSmall(const CorpusRequest& request, Random& random) {
     return corpus;
 }
 
+/// Small files of six sizes: each has to be read, and copies are far apart.
+CorpusPlan planFewSizes(const CorpusRequest& request, Random& random) {
+    constexpr std::array<std::uint64_t, 6> sizes{3'000, 5'000, 8'000, 12'000, 20'000, 40'000};
+    const std::uint64_t count = fileCount(request, 100'000);
+    CorpusPlan corpus;
+    corpus.folders = folderCount(count, 50);
+    addFiles(corpus, count, request.copiesPercent.value_or(25), 2, random, [&] {
+        PlannedFile file;
+        file.size = sizes[random.below(sizes.size())];
+        file.name = &names.front();
+        return file;
+    });
+    return corpus;
+}
+
 /// Files of one size and one extension with equal beginnings: the largest class of candidates.
 CorpusPlan planOneSize(const CorpusRequest& request, Random& random) {
     const std::uint64_t count = fileCount(request, 20'000);
@@ -171,6 +186,8 @@ CorpusPlan planKind(const CorpusRequest& request, Random& random) {
     switch (request.kind) {
         case CorpusKind::small:
             return planSmall(request, random);
+        case CorpusKind::fewsizes:
+            return planFewSizes(request, random);
         case CorpusKind::onesize:
             return planOneSize(request, random);
         case CorpusKind::late:

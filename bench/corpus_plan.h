@@ -9,7 +9,7 @@
 namespace tarvin::bench {
 
 /// The kinds of trees; corpus_plan.cpp describes each.
-enum class CorpusKind { small, onesize, late, photos, walk };
+enum class CorpusKind { small, fewsizes, onesize, late, photos, walk };
 
 /// The parameters of a tree. Equal requests give equal plans on every machine.
 struct CorpusRequest {

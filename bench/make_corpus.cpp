@@ -23,15 +23,14 @@ constexpr double maxScale = 1000;
 constexpr std::uint64_t maxFiles = 100'000'000;
 
 void addOptions(CLI::App& app, CorpusRequest& request, std::string& out) {
-    const std::map<std::string, CorpusKind> kinds{{"small", CorpusKind::small},
-                                                  {"onesize", CorpusKind::onesize},
-                                                  {"late", CorpusKind::late},
-                                                  {"photos", CorpusKind::photos},
-                                                  {"walk", CorpusKind::walk}};
+    const std::map<std::string, CorpusKind> kinds{
+        {"small", CorpusKind::small},     {"fewsizes", CorpusKind::fewsizes},
+        {"onesize", CorpusKind::onesize}, {"late", CorpusKind::late},
+        {"photos", CorpusKind::photos},   {"walk", CorpusKind::walk}};
     app.add_option("--kind", request.kind, "Kind of tree")
         ->required()
         ->transform(CLI::Transformer(kinds))
-        ->option_text("small|onesize|late|photos|walk");
+        ->option_text("small|fewsizes|onesize|late|photos|walk");
     app.add_option("--out", out, "New folder for the tree")->required();
     app.add_option("--seed", request.seed, "Seed of names, sizes and contents [default: 1]");
     app.add_option("--scale", request.scale, "Factor for the kind's number of files")

@@ -8,10 +8,18 @@ from .contest import COLD, Contest
 # Most time of tarvin divided by that of a peer, by device and tree.
 MOST_AGAINST = {
     "disk, small": {"rdfind": 0.5},
+    "disk, fewsizes": {"rdfind": 0.5},
     "disk, photos": {"rdfind": 0.5},
     "disk, late": {"rdfind": 0.8},
     "network, small": {"jdupes": 0.05, "czkawka": 0.15},
     "network, walk": {"jdupes": 0.05, "czkawka": 0.15},
+}
+TEXTS = {
+    "small": "Small files of many kinds and of up to 16 KiB; most sizes occur more than once.",
+    "fewsizes": "Small files of one kind and of six sizes from 3 to 40 kB: each has to be read.",
+    "photos": "Pictures of 200 KiB to 4 MiB.",
+    "late": "Files of 32 MiB in fours, of which two are equal and two differ at their ends.",
+    "walk": "Files of different sizes: none has to be read.",
 }
 # Least rate on large files, as a share of that of the disk while it reads on.
 LEAST_RATE = {"disk, late": 0.8}
@@ -94,7 +102,8 @@ def result_lines(result):
     lines = [
         f"## {result.case.name}",
         "",
-        f"{corpus.files:,} files in {corpus.folders:,} folders, {corpus.bytes / 2**20:,.0f} MiB; "
+        f"{TEXTS[result.case.kind]} {corpus.files:,} files in {corpus.folders:,} folders, "
+        f"{corpus.bytes / 2**20:,.0f} MiB; "
         f"{result.contest.sets:,} sets, the same as {', '.join(result.contest.judged_by)}. "
         f"A run of tarvin: {counted}. {report.rounds_text(result.contest.rounds[COLD])}.",
         "",

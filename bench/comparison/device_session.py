@@ -41,6 +41,7 @@ class Case:
 
 CASES = (
     Case(DISK, "small", 3000, 400, 3),
+    Case(DISK, "fewsizes", 3000, 400, 3),
     Case(DISK, "photos", 400, 60, 3),
     Case(DISK, "late", 24, 8, 3),
     Case(NETWORK, "small", 1500, 150, 1),
