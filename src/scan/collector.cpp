@@ -334,9 +334,15 @@ std::string Collector::realPathOf(const Directory& directory) {
     return known->second + (known->second == "/" ? "" : "/") + below;
 }
 
-/// Closes the folder and logs the error if its listing ended early.
+/// Closes the folder, with those inside it that a stopped walk has not reached, and logs the error
+/// if its listing ended early.
 void Collector::leave(const OpenFolder& folder) {
     noteFailure(*folder.directory, folder.listing);
+    if (folder.block) {
+        for (std::size_t at = folder.nextFolder; at < folder.block->folders.size(); ++at) {
+            reader_.close(folder.block->folders[at].listing);
+        }
+    }
     reader_.close(folder.listing);
 }
 

@@ -54,6 +54,7 @@ class RecordingObserver final : public ScanObserver {
  public:
     std::function<void(const std::string& path)> onFile;
     std::function<void()> onPause;
+    std::function<void()> onFinished;
 
     void collectionStarted() override { note("started"); }
 
@@ -75,7 +76,13 @@ class RecordingObserver final : public ScanObserver {
     }
 
     void nothingCollected() override { note("nothing"); }
-    void collectionFinished() override { note("finished"); }
+
+    void collectionFinished() override {
+        note("finished");
+        if (onFinished) {
+            onFinished();
+        }
+    }
 
     [[nodiscard]] Names events() const {
         const std::lock_guard lock(mutex_);
@@ -433,6 +440,19 @@ TEST_F(CollectorTest, EndsTheLastRowEarlyWhenItIsStoppedInside) {
     EXPECT_TRUE(collection.rows.empty());
     EXPECT_EQ(observer_.events(), (Names{"started", "finished"}));
     EXPECT_EQ(fileSystem_.openNow(), 0u);
+}
+
+TEST_F(CollectorTest, ClosesTheFoldersThatAStoppedWalkHasNotReached) {
+    write({"a.txt", "b/b.txt", "c/c.txt", "d/d.txt"});
+    observer_.onFile = [&](const std::string&) {
+        EXPECT_TRUE(waitUntil([&] { return fileSystem_.calls(FileCall::openDirectoryAt) == 3; }));
+        control_.setStop(true);
+    };
+    observer_.onFinished = [&] {
+        EXPECT_TRUE(waitUntil([&] { return fileSystem_.openNow() == 0; }));
+    };
+    collectTree();
+    EXPECT_EQ(observer_.events(), (Names{"started", "finished"}));
 }
 
 TEST_F(CollectorTest, StopTakesEffectInsideALargeFolder) {
