@@ -24,6 +24,17 @@ class DeletionStop : public DeletionFixture {
         ASSERT_TRUE(isPaused());
     }
 
+    /// Begins a run and stops it before it can move a file.
+    void stopAtOnce() {
+        click("markAll");
+        click("finishButton");
+        click("stopDeleteBtn");
+        alerts.press(0);
+        ASSERT_TRUE(reported());
+        EXPECT_EQ(information()[1], "Duplicates Cleaned: 0");
+        EXPECT_TRUE(isThere("a2.jpg"));
+    }
+
     /// Stops a run in its first set and closes its report.
     void stopInFirstSet() {
         click("markAll");
@@ -92,13 +103,7 @@ TEST_F(DeletionStop, AsksAndStillStoresAndReports) {
 }
 
 TEST_F(DeletionStop, RightAfterTheClickMovesNothing) {
-    click("markAll");
-    click("finishButton");
-    click("stopDeleteBtn");
-    alerts.press(0);
-    ASSERT_TRUE(reported());
-    EXPECT_EQ(information()[1], "Duplicates Cleaned: 0");
-    EXPECT_TRUE(isThere("a2.jpg"));
+    ASSERT_NO_FATAL_FAILURE(stopAtOnce());
     EXPECT_FALSE(delegate->deletion().isRunning());
 }
 
@@ -115,13 +120,7 @@ TEST_F(DeletionStop, EndsTheWaitForAnotherCleanUp) {
     const LockFile turns(folder.pathOf("support/clean-up.turn"));
     const auto turn = turns.tryTake(0);
     ASSERT_TRUE(turn);
-    click("markAll");
-    click("finishButton");
-    click("stopDeleteBtn");
-    alerts.press(0);
-    ASSERT_TRUE(reported());
-    EXPECT_EQ(information()[1], "Duplicates Cleaned: 0");
-    EXPECT_TRUE(isThere("a2.jpg"));
+    ASSERT_NO_FATAL_FAILURE(stopAtOnce());
 }
 
 TEST_F(DeletionStop, IsPossibleWhileTheJournalIsLocked) {
