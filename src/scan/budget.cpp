@@ -1,5 +1,7 @@
 #include "scan/budget.h"
 
+#include "scan/inner_wait.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -34,18 +36,21 @@ Budget::Share Budget::Share::split(std::size_t amount) {
 Budget::Share Budget::take(std::size_t amount) {
     const std::size_t wanted = std::min(amount, amount_);
     std::unique_lock lock(mutex_);
-    const std::uint64_t ticket = nextTicket_++;
-    freed_.wait(lock, [&] { return served_ == ticket && free_ >= wanted; });
-    free_ -= wanted;
-    if (++served_ != nextTicket_) {
-        freed_.notify_all();
+    if (requests_.empty() && free_ >= wanted) {
+        free_ -= wanted;
+        return Share(*this, wanted);
     }
+    Request request;
+    request.amount = wanted;
+    requests_.push_back(&request);
+    const InnerWait wait;
+    request.granted.wait(lock, [&request] { return request.isGranted; });
     return Share(*this, wanted);
 }
 
 Budget::Share Budget::tryTake(std::size_t amount) {
     const std::lock_guard lock(mutex_);
-    if (free_ < amount || served_ != nextTicket_) {
+    if (free_ < amount || !requests_.empty()) {
         return {};
     }
     free_ -= amount;
@@ -53,11 +58,16 @@ Budget::Share Budget::tryTake(std::size_t amount) {
 }
 
 void Budget::giveBack(std::size_t amount) {
-    {
-        const std::lock_guard lock(mutex_);
-        free_ += amount;
+    const std::lock_guard lock(mutex_);
+    free_ += amount;
+    while (!requests_.empty() && free_ >= requests_.front()->amount) {
+        Request& next = *requests_.front();
+        requests_.pop_front();
+        free_ -= next.amount;
+        next.isGranted = true;
+        // With the lock held: the request ends with the wait of its thread.
+        next.granted.notify_one();
     }
-    freed_.notify_all();
 }
 
 }  // namespace tarvin

@@ -2,7 +2,7 @@
 
 #include <condition_variable>
 #include <cstddef>
-#include <cstdint>
+#include <deque>
 #include <mutex>
 
 namespace tarvin {
@@ -44,13 +44,19 @@ class Budget final {
     [[nodiscard]] std::size_t amount() const { return amount_; }
 
  private:
+    /// A blocked take(). Each has a condition of its own, because waking all for each share that
+    /// one can have costs more than the work with the share.
+    struct Request {
+        std::size_t amount = 0;
+        bool isGranted = false;
+        std::condition_variable granted;
+    };
+
     void giveBack(std::size_t amount);
 
     std::mutex mutex_;
-    std::condition_variable freed_;
-    std::size_t free_;              // guarded by mutex_
-    std::uint64_t nextTicket_ = 0;  // guarded by mutex_; of the next request
-    std::uint64_t served_ = 0;      // guarded by mutex_; tickets below this have their share
+    std::size_t free_;               // guarded by mutex_
+    std::deque<Request*> requests_;  // guarded by mutex_; the oldest first
     const std::size_t amount_;
 };
 

@@ -1,5 +1,6 @@
 #include "scan/candidate_reader.h"
 
+#include "scan/inner_wait.h"
 #include "scan/open_with_retry.h"
 
 #include <algorithm>
@@ -60,6 +61,12 @@ void doubtUnlessCollected(const File& file, const FileAttributes& now) {
 FileStamp stampOf(const FileAttributes& attributes) {
     return {attributes.identity, attributes.size, attributes.modified, attributes.changed,
             attributes.linkCount};
+}
+
+/// The lock of a device that is read by one thread at a time.
+std::unique_lock<std::mutex> lockOf(std::mutex& device) {
+    const InnerWait wait;
+    return std::unique_lock(device);
 }
 
 /// What a stamp holds.
@@ -179,7 +186,7 @@ void CandidateReader::readAhead(const OpenCandidate& candidate, std::uint64_t of
                                 std::uint64_t bytes) {
     std::unique_lock<std::mutex> lock;
     if (candidate.onlyReader != nullptr) {
-        lock = std::unique_lock(*candidate.onlyReader);
+        lock = lockOf(*candidate.onlyReader);
     }
     const IoWatch::Call call(watch_, *candidate.file);
     for (const std::uint64_t end = offset + bytes; offset < end && !control_.stop();
@@ -292,7 +299,7 @@ Result<std::size_t> CandidateReader::readAlone(const OpenCandidate& candidate, s
     if (known >= enough) {
         return known;
     }
-    std::unique_lock lock(*candidate.onlyReader);
+    std::unique_lock lock = lockOf(*candidate.onlyReader);
     while (control_.pause()) {
         lock.unlock();
         control_.waitWhilePaused();

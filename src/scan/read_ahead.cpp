@@ -1,5 +1,7 @@
 #include "scan/read_ahead.h"
 
+#include "scan/inner_wait.h"
+
 #include <algorithm>
 #include <new>
 #include <string>
@@ -85,6 +87,7 @@ void ReadAhead::sweep() {
 
 /// Called and left with the lock held.
 void ReadAhead::waitForExpected(std::unique_lock<std::mutex>& lock) {
+    const InnerWait wait;
     const auto end = std::chrono::steady_clock::now() + patience;
     while (requested_ < expected_ && !services_.control.stop() &&
            std::chrono::steady_clock::now() < end) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "scan/inner_wait.h"
+
 #include <atomic>
 
 namespace tarvin {
@@ -39,6 +41,10 @@ class ScanControl final {
 
     /// Blocks while the scan is paused. Costs one load if it is not.
     void waitWhilePaused() const {
+        if (!pause()) {
+            return;
+        }
+        const InnerWait wait;
         while (pause()) {
             pause_.wait(true, std::memory_order_acquire);
         }

@@ -1,5 +1,7 @@
 #include "scan/worker_pool.h"
 
+#include "scan/inner_wait.h"
+
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
@@ -25,13 +27,14 @@ constexpr unsigned maxStandIns = 64;
 // A task that waited for less is as fast as one that did not wait.
 constexpr std::chrono::milliseconds leastWait{1};
 
-/// For what a task has waited, other than a CPU.
+/// For what a task has waited, other than a CPU and other threads.
 enum class Wait : std::uint8_t {
     none,
     device,
     time  ///< for most of its time, and not for a device: for a network
 };
 
+/// `lasted` is the time of the task without the waits for other threads.
 Wait waitOf(const ThreadUse& before, const ThreadUse& after, std::chrono::nanoseconds lasted) {
     // What the queue of the CPUs took from this thread before its last task that may have waited.
     thread_local std::chrono::nanoseconds inQueueBefore{0};
@@ -257,6 +260,7 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
         lock.unlock();
         cameTooLate = false;
         const ThreadUse before = use_();
+        const auto innerBefore = InnerWait::ofThisThread();
         const auto begin = std::chrono::steady_clock::now();
         try {
             task();
@@ -266,7 +270,9 @@ class WorkerPool::Core final : public std::enable_shared_from_this<Core> {
         }
         task = nullptr;
         owner = nullptr;
-        const Wait wait = waitOf(before, use_(), std::chrono::steady_clock::now() - begin);
+        const auto lasted = std::chrono::steady_clock::now() - begin;
+        const Wait wait =
+            waitOf(before, use_(), lasted - (InnerWait::ofThisThread() - innerBefore));
         lock.lock();
         --running_;
         --insideTasks_;
@@ -438,7 +444,10 @@ void WorkerPool::forEach(std::size_t count, const std::function<void(std::size_t
         if (isTask) {
             core_->beginWaiting();
         }
-        fork->wait();
+        {
+            const InnerWait wait;
+            fork->wait();
+        }
         if (isTask) {
             core_->endWaiting();
         }

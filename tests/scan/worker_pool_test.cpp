@@ -1,5 +1,7 @@
 #include "scan/worker_pool.h"
 
+#include "scan/budget.h"
+#include "scan/scan_control.h"
 #include "support/waiting.h"
 
 #include <gtest/gtest.h>
@@ -277,14 +279,76 @@ TEST(WorkerPool, RunsMoreTasksForANetworkThanForADevice) {
     EXPECT_LE(later.max(), 4);
 }
 
+/// Uses a CPU for longer than a wait that counts.
+void compute() {
+    const auto end = useOfThisThread().ran + 3ms;
+    while (useOfThisThread().ran < end) {
+    }
+}
+
 TEST(WorkerPool, RunsNoMoreTasksThanCoresWhileTheyOnlyCompute) {
     Crowd crowd;
     WorkerPool pool({2, 8});
-    runInCrowd(pool, crowd, [] {
-        const auto end = useOfThisThread().ran + 3ms;
-        while (useOfThisThread().ran < end) {
-        }
+    runInCrowd(pool, crowd, compute);
+    EXPECT_EQ(crowd.max(), 2);
+}
+
+/// Lets two tasks of a pool with two cores begin `wait`, which returns after `end` and then some.
+/// The pool must not run more tasks for it.
+void expectNoMoreTasksAfter(const std::function<void()>& wait, const std::function<void()>& end) {
+    WorkerPool pool({2, 8});
+    Crowd waiting;
+    std::atomic<int> ended{0};
+    for (int task = 0; task < 2; ++task) {
+        pool.submit([&] {
+            waiting.enter();
+            wait();
+            ++ended;
+        });
+    }
+    ASSERT_TRUE(waitUntil([&] { return waiting.inside() == 2; }));
+    compute();
+    end();
+    ASSERT_TRUE(waitUntil([&] { return ended == 2; }));
+    Crowd crowd;
+    runInCrowd(pool, crowd, compute);
+    EXPECT_EQ(crowd.max(), 2);
+}
+
+TEST(WorkerPool, RunsNoMoreTasksWhileTheyWaitForAShare) {
+    Budget budget(2);
+    Budget::Share all = budget.take(2);
+    expectNoMoreTasksAfter([&] { const Budget::Share share = budget.take(1); },
+                           [&] { all.release(); });
+}
+
+TEST(WorkerPool, RunsNoMoreTasksAfterAPause) {
+    ScanControl control;
+    control.setPause(true);
+    expectNoMoreTasksAfter([&] { control.waitWhilePaused(); }, [&] { control.setPause(false); });
+}
+
+TEST(WorkerPoolForEach, RunsNoMoreTasksWhileOneWaitsForItsCalls) {
+    WorkerPool pool({2, 8});
+    std::atomic<int> begun{0};
+    std::atomic<bool> ended{false};
+    pool.submit([&] {
+        const std::thread::id caller = std::this_thread::get_id();
+        pool.forEach(2, [&](std::size_t) {
+            ++begun;
+            while (begun != 2) {
+                std::this_thread::yield();
+            }
+            if (std::this_thread::get_id() != caller) {
+                compute();
+                compute();
+            }
+        });
+        ended = true;
     });
+    ASSERT_TRUE(waitUntil([&] { return ended.load(); }));
+    Crowd crowd;
+    runInCrowd(pool, crowd, compute);
     EXPECT_EQ(crowd.max(), 2);
 }
 
