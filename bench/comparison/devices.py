@@ -61,7 +61,7 @@ class Device:
 class SlowDisk(Device):
     """A rotating disk of 7,200 turns a minute with one arm, and ext4 on it."""
 
-    counted = ("transfers", "seeks", "bytes")
+    counted = ("transfers", "seeks", "bytes", "ms of seeking")
 
     def __init__(self, simulator, work, size):
         super().__init__(simulator, work)

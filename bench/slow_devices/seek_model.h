@@ -29,17 +29,20 @@ class SeekModel final {
     /// end.
     std::chrono::nanoseconds transfer(std::uint64_t offset, std::uint64_t length);
 
-    /// The transfers so far that did not begin where the previous one ended.
+    /// The transfers so far for which the arm moved.
     [[nodiscard]] std::uint64_t seeks() const { return seeks_; }
+    /// The time of all transfers so far in which nothing was transferred: moves of the arm, the
+    /// half turns after them, and gaps that passed under the head.
+    [[nodiscard]] std::chrono::nanoseconds seekTime() const { return seekTime_; }
 
  private:
-    /// The time until the head is at `offset`.
-    [[nodiscard]] std::chrono::nanoseconds wayTo(std::uint64_t offset) const;
+    [[nodiscard]] std::chrono::nanoseconds seekAcross(std::uint64_t distance) const;
     [[nodiscard]] std::chrono::nanoseconds timeUnderHead(std::uint64_t bytes) const;
 
     const DiskFigures figures_;
     std::uint64_t head_ = 0;
     std::uint64_t seeks_ = 0;
+    std::chrono::nanoseconds seekTime_{};
 };
 
 }  // namespace tarvin::devices

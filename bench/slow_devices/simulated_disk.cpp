@@ -8,7 +8,8 @@
 //
 // Returns when FOLDER is mounted and serves it in the background. The file answers one request at a
 // time. Nothing of it is cached below the loop device. When FOLDER is unmounted, FILE appears with
-// three lines: the numbers of transfers, of seeks, and of bytes.
+// four lines: the numbers of transfers, of seeks, of bytes, and of milliseconds in which nothing
+// was transferred because the arm moved or the disk turned.
 
 #define FUSE_USE_VERSION 312
 
@@ -53,7 +54,10 @@ class Disk final {
     }
 
     void writeStatistics(const std::string& file) const {
-        devices::writeStatistics(file, {transfers_, model_.seeks(), transferredBytes_});
+        const auto seekTime =
+            std::chrono::duration_cast<std::chrono::milliseconds>(model_.seekTime());
+        devices::writeStatistics(file, {transfers_, model_.seeks(), transferredBytes_,
+                                        static_cast<std::uint64_t>(seekTime.count())});
     }
 
  private:
@@ -66,7 +70,7 @@ class Disk final {
         const std::uint64_t seeksBefore = model_.seeks();
         const auto time =
             model_.transfer(static_cast<std::uint64_t>(offset), static_cast<std::uint64_t>(length));
-        // While nobody asks, the disk reads on into its buffer.
+        // While nobody asks, the disk reads on into its buffer, across a gap too.
         const auto ahead =
             model_.seeks() == seeksBefore ? bufferTime : std::chrono::milliseconds(0);
         free_ = std::max(free_, now - ahead) + time;
