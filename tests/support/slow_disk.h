@@ -13,23 +13,28 @@
 
 namespace tarvin {
 
-/// An ext4 volume of 64 MiB on a simulated disk with one arm, which says that it rotates, with the
-/// kernel's usual read-ahead of 128 KiB. It counts seeks, but does not wait for them. Unmounted on
-/// destruction. Where mounting is refused, the object is false, and the test is reported as
-/// skipped.
+/// An ext4 volume for up to 4,000 files on a simulated disk with one arm, which says that it
+/// rotates, with the kernel's usual read-ahead of 128 KiB. It counts seeks, but does not wait for
+/// them. Unmounted on destruction. Where mounting is refused, the object is false, and the test is
+/// reported as skipped.
 class SlowDisk final {
  public:
     struct Statistics {
         std::uint64_t transfers = 0;
         std::uint64_t seeks = 0;
         std::uint64_t bytes = 0;
+        std::uint64_t seekMilliseconds = 0;  ///< in which the disk transferred nothing
     };
 
     /// `fill` writes the files below the folder that it is given.
-    explicit SlowDisk(const std::function<void(const std::string& folder)>& fill) {
+    explicit SlowDisk(const std::function<void(const std::string& folder)>& fill,
+                      int mebibytes = 64) {
         mounted_ =
-            run("truncate -s 64M image && mkfs.ext4 -q -m 0 image && mkdir volume served && "
-                "mount -o loop image volume");
+            run("truncate -s " + std::to_string(mebibytes) +
+                "M image && "
+                // Otherwise the kernel fills tables in the background.
+                "mkfs.ext4 -q -m 0 -N 4096 -E lazy_itable_init=0,lazy_journal_init=0 image && "
+                "mkdir volume served && mount -o loop image volume");
         if (mounted_) {
             fill(path());
             mounted_ = run("umount volume") && serve();
@@ -53,7 +58,7 @@ class SlowDisk final {
             run("umount volume; losetup -d $(cat device); umount -l served");
             waitUntil([this] { return std::filesystem::exists(place_.pathOf("figures")); });
             std::ifstream(place_.pathOf("figures")) >> statistics.transfers >> statistics.seeks >>
-                statistics.bytes;
+                statistics.bytes >> statistics.seekMilliseconds;
         }
         return statistics;
     }
