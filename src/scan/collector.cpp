@@ -204,19 +204,28 @@ void Collector::check(GivenFolder& folder) {
         folder.failure = SystemError{EOPNOTSUPP};
         return;
     }
+    const Result<FileAttributes> attributes = attributesOf(folder);
+    if (attributes) {
+        folder.directory->identity = identityFor(*folder.directory, attributes->identity);
+    } else {
+        folder.failure = attributes.error();
+    }
+}
+
+/// The attributes of the folder itself, not of a symbolic link, after its volume has been examined.
+Result<FileAttributes> Collector::attributesOf(GivenFolder& folder) {
     const IoWatch::Call call(watch_, *folder.directory);
     folder.isOwn = holdsOwnFiles(*folder.directory);
-    // Resolves a folder that is a symbolic link.
-    const Result<FileAttributes> attributes =
+    Result<FileAttributes> attributes =
         fileSystem_.attributesAtPath(folder.directory->path() + "/.");
     if (!attributes) {
-        folder.failure = attributes.error();
-    } else if (fileSystem_.isPseudoFileSystem(attributes->identity.device)) {
-        folder.failure = SystemError{EOPNOTSUPP};
-    } else {
-        examineVolume(*folder.directory, attributes->identity);
-        folder.directory->identity = identityFor(*folder.directory, attributes->identity);
+        return attributes;
     }
+    if (fileSystem_.isPseudoFileSystem(attributes->identity.device)) {
+        return SystemError{EOPNOTSUPP};
+    }
+    examineVolume(*folder.directory, attributes->identity);
+    return attributes;
 }
 
 /// Continues with the innermost open folder until all are done, or the scan is stopped.

@@ -72,6 +72,7 @@ class Collector final {
     void takeGivenFile(GivenFolder& folder, std::string_view name,
                        const FileAttributes& attributes);
     void check(GivenFolder& folder);
+    [[nodiscard]] Result<FileAttributes> attributesOf(GivenFolder& folder);
     [[nodiscard]] bool enter(Directory& directory,
                              const std::shared_ptr<TreeReader::Listing>& listing);
     void leave(const OpenFolder& folder);
