@@ -412,12 +412,12 @@ std::vector<std::shared_ptr<TreeReader::Listing>> TreeReader::nextOnDisk(
 
 /// Reads the next batch of a waiting folder. Called and left with the lock held.
 void TreeReader::readOn(const std::shared_ptr<Listing>& listing, Lock& lock) {
-    ListedBatch listed = listBatch(listing, lock);
+    const ListedBatch listed = listBatch(listing, lock);
     if (std::this_thread::get_id() == walkingThread_) {
         makeFoundFolders();
     }
-    if (isLeftToTheWalk(*listing)) {
-        finishOnDisk({std::move(listed)}, lock);
+    if (listing->isOnRotationalDisk) {
+        finishOnDisk({&listed, 1}, lock);
     } else {
         finish(listed, lock);
     }
@@ -469,15 +469,21 @@ void TreeReader::finish(const ListedBatch& listed, Lock& lock) {
     }
 }
 
-/// The same, of several folders on a rotational disk.
-void TreeReader::finishOnDisk(const std::vector<ListedBatch>& listed, Lock& lock) {
+/// The same, of folders on rotational disks.
+void TreeReader::finishOnDisk(std::span<const ListedBatch> listed, Lock& lock) {
     lock.unlock();
+    const std::uint64_t readBefore = pool_.use().deviceReads;
     try {
         readAttributesInDiskOrder(listed);
     } catch (const std::bad_alloc&) {
         control_.stopForLackOfMemory();
     }
+    const bool wereOnDisk = pool_.use().deviceReads != readBefore;
     lock.lock();
+    if (wereOnDisk) {
+        // Names alone may be in memory, without attributes.
+        cachedBatches_ = 0;
+    }
     for (const ListedBatch& of : listed) {
         for (const std::shared_ptr<PendingBlock>& pending : of.batch.blocks) {
             pending->ready = true;
@@ -486,7 +492,7 @@ void TreeReader::finishOnDisk(const std::vector<ListedBatch>& listed, Lock& lock
     changed_.notify_all();
 }
 
-void TreeReader::readAttributesInDiskOrder(const std::vector<ListedBatch>& listed) {
+void TreeReader::readAttributesInDiskOrder(std::span<const ListedBatch> listed) {
     std::vector<std::pair<ListedEntry*, const ListedBatch*>> entries;
     for (const ListedBatch& of : listed) {
         for (const std::shared_ptr<PendingBlock>& pending : of.batch.blocks) {

@@ -158,8 +158,8 @@ class TreeReader final {
     [[nodiscard]] bool isLeftToTheWalk(const Listing& listing) const;
     ListedBatch listBatch(const std::shared_ptr<Listing>& listing, Lock& lock);
     void finish(const ListedBatch& listed, Lock& lock);
-    void finishOnDisk(const std::vector<ListedBatch>& listed, Lock& lock);
-    void readAttributesInDiskOrder(const std::vector<ListedBatch>& listed);
+    void finishOnDisk(std::span<const ListedBatch> listed, Lock& lock);
+    void readAttributesInDiskOrder(std::span<const ListedBatch> listed);
     Batch readBatch(Listing& listing, bool toTheEnd);
     void fillBatch(Listing& listing, bool toTheEnd, Batch& batch);
     Result<bool> listSome(const Listing& listing, EntryBlock& listed);

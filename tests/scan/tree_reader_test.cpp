@@ -458,6 +458,13 @@ ThreadUse useOfAnIdleThread() {
     return {};
 }
 
+std::atomic<std::uint64_t> attributesRead{0};
+
+/// What a thread has used if only attributes have to be read from a device.
+ThreadUse useOfAThreadThatReadsAttributes() {
+    return {attributesRead, 0, {}};
+}
+
 /// Folders "a" to "e" with files "1" and "2", whose inode numbers go the other way.
 class TreeReaderOnARotationalDisk : public TreeReaderTest {
  protected:
@@ -528,6 +535,19 @@ TEST_F(TreeReaderOnARotationalDisk, ReadsFoldersThenAttributesInTheOrderOfInodes
 TEST_F(TreeReaderOnARotationalDisk, ReadsFolderByFolderWhatIsInMemory) {
     EXPECT_EQ(walk(useOfAnIdleThread), all_);
     EXPECT_TRUE(readsFolderByFolder());
+}
+
+TEST_F(TreeReaderOnARotationalDisk, ReadsFoldersTogetherIfOnlyTheirNamesAreInMemory) {
+    fileSystem_.beforeCall(FileCall::attributesAt, FaultyFileSystem::each,
+                           [] { ++attributesRead; });
+    EXPECT_EQ(walk(useOfAThreadThatReadsAttributes), all_);
+    // The walk and a worker may have read the first two.
+    const auto last = std::find(calls_.begin(), calls_.end(), "e");
+    ASSERT_GE(calls_.end() - last, 3);
+    EXPECT_EQ(*(last + 1), "d");
+    EXPECT_EQ(*(last + 2), "c");
+    EXPECT_LT(std::find(calls_.begin(), calls_.end(), "a/2"),
+              std::find(calls_.begin(), calls_.end(), "a/1"));
 }
 
 TEST_F(TreeReaderOnARotationalDisk, ReadsFolderByFolderOnOtherDisks) {
