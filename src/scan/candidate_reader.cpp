@@ -325,13 +325,15 @@ std::mutex* CandidateReader::onlyReaderOf(std::uint64_t device) {
     const std::lock_guard lock(devicesMutex_);
     auto known = devices_.find(device);
     if (known == devices_.end()) {
-        auto gate = fileSystem_.isRotational(device) ? std::make_unique<std::mutex>() : nullptr;
-        known = devices_.emplace(device, std::move(gate)).first;
+        std::mutex* const gate = fileSystem_.isRotational(device)
+                                     ? &disks_[fileSystem_.rotationalDiskOf(device)]
+                                     : nullptr;
+        known = devices_.emplace(device, gate).first;
     }
-    if (!known->second) {
+    if (known->second == nullptr) {
         freelyRead_.store(device, std::memory_order_relaxed);
     }
-    return known->second.get();
+    return known->second;
 }
 
 }  // namespace tarvin

@@ -135,8 +135,10 @@ class CandidateReader final {
     // A device without a mutex; saves most lookups in devices_.
     std::atomic<std::uint64_t> freelyRead_{noDevice};
     std::mutex devicesMutex_;
-    // One entry for each device; nullptr unless it is rotational. Guarded by devicesMutex_.
-    std::unordered_map<std::uint64_t, std::unique_ptr<std::mutex>> devices_;
+    // For each device the mutex of its disk; nullptr unless that is rotational. Guarded by
+    // devicesMutex_.
+    std::unordered_map<std::uint64_t, std::mutex*> devices_;
+    std::unordered_map<std::uint64_t, std::mutex> disks_;  // by number; guarded by devicesMutex_
 };
 
 }  // namespace tarvin

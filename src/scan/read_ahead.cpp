@@ -36,16 +36,25 @@ bool ReadAhead::areLikelyCopies(std::size_t fileCount) {
 }
 
 bool ReadAhead::isUsefulIn(const Directory& folder) {
-    return folder.identity.inode != 0 && isRotational(folder.identity.device);
+    return rotationalDiskOf(folder).has_value();
 }
 
-bool ReadAhead::isRotational(std::uint64_t device) {
-    const std::lock_guard lock(mutex_);
-    const auto known = rotational_.find(device);
-    if (known != rotational_.end()) {
-        return known->second;
+/// The disk of the folder's files; nullopt if it is not rotational or not known.
+std::optional<std::uint64_t> ReadAhead::rotationalDiskOf(const Directory& folder) {
+    if (folder.identity.inode == 0) {
+        return std::nullopt;
     }
-    return rotational_.emplace(device, services_.fileSystem.isRotational(device)).first->second;
+    const std::uint64_t device = folder.identity.device;
+    const std::lock_guard lock(mutex_);
+    auto known = disks_.find(device);
+    if (known == disks_.end()) {
+        FileSystem& fileSystem = services_.fileSystem;
+        const auto disk = fileSystem.isRotational(device)
+                              ? std::optional(fileSystem.rotationalDiskOf(device))
+                              : std::nullopt;
+        known = disks_.emplace(device, disk).first;
+    }
+    return known->second;
 }
 
 void ReadAhead::expect(std::size_t comparisons) {
@@ -74,7 +83,7 @@ void ReadAhead::sweep() {
     isSweeping_ = true;
     waitForExpected(lock);
     while (!requests_.empty()) {
-        const std::vector<Request> taken = takeForOneSweep();
+        const std::list<Request> taken = takeForOneSweep();
         lock.unlock();
         sweepOnce(taken);
         for (const Request& request : taken) {
@@ -96,42 +105,41 @@ void ReadAhead::waitForExpected(std::unique_lock<std::mutex>& lock) {
     expected_ = 0;
 }
 
-/// The oldest requests. Called with the lock held.
-std::vector<ReadAhead::Request> ReadAhead::takeForOneSweep() {
-    std::vector<Request> taken;
+/// The oldest requests. Called with the lock held. Needs no memory: each must be told when it is
+/// done.
+std::list<ReadAhead::Request> ReadAhead::takeForOneSweep() {
+    std::list<Request> taken;
     std::uint64_t bytes = 0;
     while (!requests_.empty() && bytes < mostBytesASweep) {
         for (const Wanted& wanted : requests_.front().files) {
             bytes += wanted.bytes;
         }
-        taken.push_back(std::move(requests_.front()));
-        requests_.pop_front();
+        taken.splice(taken.end(), requests_, requests_.begin());
     }
     return taken;
 }
 
 /// If memory runs out, the files are not read ahead.
-void ReadAhead::sweepOnce(const std::vector<Request>& requests) {
+void ReadAhead::sweepOnce(const std::list<Request>& requests) {
     try {
-        std::unordered_map<std::uint64_t, std::vector<Wanted>> byDevice;
+        std::unordered_map<std::uint64_t, std::vector<Wanted>> byDisk;
         for (const Request& request : requests) {
             std::unordered_map<std::uint64_t, std::vector<Wanted>> ofRequest;
             for (const Wanted& wanted : request.files) {
-                const Directory& folder = *wanted.file->directory();
-                if (isUsefulIn(folder)) {
-                    ofRequest[folder.identity.device].push_back(wanted);
+                if (const auto disk = rotationalDiskOf(*wanted.file->directory())) {
+                    ofRequest[*disk].push_back(wanted);
                 }
             }
-            for (const auto& [device, files] : ofRequest) {
+            for (const auto& [disk, files] : ofRequest) {
                 if (!areCached(files)) {
-                    std::vector<Wanted>& all = byDevice[device];
+                    std::vector<Wanted>& all = byDisk[disk];
                     all.insert(all.end(), files.begin(), files.end());
                 }
             }
         }
         std::vector<std::vector<Wanted>> disks;
-        disks.reserve(byDevice.size());
-        for (auto& [device, files] : byDevice) {
+        disks.reserve(byDisk.size());
+        for (auto& [disk, files] : byDisk) {
             disks.push_back(std::move(files));
         }
         services_.pool.forEach(disks.size(), [&](std::size_t number) { sweepDisk(disks[number]); });

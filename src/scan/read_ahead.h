@@ -8,9 +8,10 @@
 #include <condition_variable>
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <functional>
+#include <list>
 #include <mutex>
+#include <optional>
 #include <span>
 #include <unordered_map>
 #include <vector>
@@ -23,7 +24,8 @@ namespace tarvin {
 /// several comparisons want at the same time is read in one sweep. Only the time depends on it:
 /// what it cannot open or locate is read later by the comparison, which also reports it.
 ///
-/// One sweep at a time goes over each disk. Any thread.
+/// One sweep at a time goes over each disk, while comparisons read what the last one brought. Any
+/// thread.
 class ReadAhead final {
  public:
     /// A part of a file to read.
@@ -95,10 +97,10 @@ class ReadAhead final {
         Wanted wanted;
     };
 
-    [[nodiscard]] bool isRotational(std::uint64_t device);
+    [[nodiscard]] std::optional<std::uint64_t> rotationalDiskOf(const Directory& folder);
     void waitForExpected(std::unique_lock<std::mutex>& lock);
-    [[nodiscard]] std::vector<Request> takeForOneSweep();
-    void sweepOnce(const std::vector<Request>& requests);
+    [[nodiscard]] std::list<Request> takeForOneSweep();
+    void sweepOnce(const std::list<Request>& requests);
     void sweepDisk(std::span<const Wanted> files);
     [[nodiscard]] bool areCached(std::span<const Wanted> files);
     [[nodiscard]] std::vector<Located> locate(std::span<const Wanted> files);
@@ -108,11 +110,12 @@ class ReadAhead final {
     const ScanServices services_;
     std::mutex mutex_;
     std::condition_variable changed_;
-    std::deque<Request> requests_;                        // guarded by mutex_
-    std::size_t expected_ = 0;                            // guarded by mutex_
-    std::size_t requested_ = 0;                           // so far; guarded by mutex_
-    bool isSweeping_ = false;                             // guarded by mutex_
-    std::unordered_map<std::uint64_t, bool> rotational_;  // by device; guarded by mutex_
+    std::list<Request> requests_;  // guarded by mutex_
+    std::size_t expected_ = 0;     // guarded by mutex_
+    std::size_t requested_ = 0;    // so far; guarded by mutex_
+    bool isSweeping_ = false;      // guarded by mutex_
+    // Rotational disks by device; nullopt for others. Guarded by mutex_.
+    std::unordered_map<std::uint64_t, std::optional<std::uint64_t>> disks_;
 };
 
 }  // namespace tarvin

@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 #include <sys/sysmacros.h>
 
+#include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -51,6 +53,11 @@ class BlockDevices : public testing::Test {
         return isRotationalDevice(makedev(major, minor), tree_.path(), tree_.pathOf("mounts"));
     }
 
+    [[nodiscard]] std::optional<std::uint64_t> rotationalDisk(unsigned major,
+                                                              unsigned minor) const {
+        return rotationalDiskUnder(makedev(major, minor), tree_.path(), tree_.pathOf("mounts"));
+    }
+
     [[nodiscard]] bool isRemovable(unsigned major, unsigned minor) const {
         return isRemovableDevice(makedev(major, minor), tree_.path(), tree_.pathOf("mounts"));
     }
@@ -67,6 +74,22 @@ class BlockDevices : public testing::Test {
         tree_.makeLink(std::string("class/block/").append(name), "../../" + folder);
     }
 };
+
+TEST_F(BlockDevices, VolumesOfADiskHaveItInCommon) {
+    addDisk(ataWay, "sda", "8:0", "1\n");
+    addPartition(ataWay, "sda", "sda1", "8:1");
+    addPartition(ataWay, "sda", "sda2", "8:2");
+    addDisk(ataWay, "sdb", "8:16", "1\n");
+    addDisk(ataWay, "sdc", "8:32", "0\n");
+    addVolumeOn("dm-0", "253:0", {"sda2"});
+    const auto disk = rotationalDisk(8, 1);
+    EXPECT_TRUE(disk);
+    EXPECT_EQ(rotationalDisk(8, 2), disk);
+    EXPECT_EQ(rotationalDisk(253, 0), disk);
+    EXPECT_TRUE(rotationalDisk(8, 16));
+    EXPECT_NE(rotationalDisk(8, 16), disk);
+    EXPECT_FALSE(rotationalDisk(8, 32));
+}
 
 TEST_F(BlockDevices, RotationalFlagOfTheDiskCounts) {
     addDisk(ataWay, "sda", "8:0", "1\n");

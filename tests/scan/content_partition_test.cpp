@@ -550,14 +550,37 @@ TEST_F(Comparison, DeviceInTheListIsNotRead) {
     EXPECT_EQ(fileSystem_.bytesRead("/dev/zero"), 0U);
 }
 
-TEST_F(Comparison, OneReaderAtATimeOnARotationalDisk) {
-    fileSystem_.setRotational(true);
-    ComparisonFixture fixture(fileSystem_, {4, 8});
-    for (int number = 0; number < 400; ++number) {
-        fixture.add(std::to_string(number) + ".txt", noise(number % 2 == 0 ? 3'000 : 90'000, 3));
+/// A rotational disk of which nothing is cached.
+class ComparisonOnADiskThatRotates : public Comparison {
+ protected:
+    ComparisonOnADiskThatRotates() {
+        fileSystem_.setRotational(true);
+        fileSystem_.failCall(FileCall::readCachedAt, FaultyFileSystem::each, EAGAIN);
+        // Others get the chance to read, too.
+        fileSystem_.beforeCall(FileCall::readAt, FaultyFileSystem::each,
+                               [] { std::this_thread::yield(); });
     }
-    EXPECT_EQ(fixture.find()->totalFiles(), 398U);
-    EXPECT_LE(fileSystem_.readersOfOneDeviceAtMost(), 1U);
+
+    ComparisonFixture wide_{fileSystem_, {4, 8}};
+};
+
+TEST_F(ComparisonOnADiskThatRotates, HasOneReaderAtATime) {
+    for (int number = 0; number < 400; ++number) {
+        wide_.add(std::to_string(number) + ".txt", noise(number % 2 == 0 ? 3'000 : 90'000, 3));
+    }
+    EXPECT_EQ(wide_.find()->totalFiles(), 398U);
+    EXPECT_EQ(fileSystem_.readersOfOneDeviceAtMost(), 1U);
+}
+
+TEST_F(ComparisonOnADiskThatRotates, HasOneReaderForAllItsVolumes) {
+    fileSystem_.setRotationalDisk(7);
+    for (std::uint64_t number = 1; number <= 400; ++number) {
+        const File* const file = wide_.add(std::to_string(number) + ".txt", noise(3'000, 3));
+        fileSystem_.setIdentity(file->filePath(), {number % 2 + 1, number});
+    }
+    EXPECT_EQ(wide_.find()->totalFiles(), 399U);
+    // All are on one device of this machine.
+    EXPECT_EQ(fileSystem_.readersOfOneDeviceAtMost(), 1U);
 }
 
 /// Equal files that take long to compare: two huge ones, or very many.

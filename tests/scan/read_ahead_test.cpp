@@ -210,6 +210,14 @@ TEST_F(ReadAheadTest, SweepsEachDiskByItself) {
     EXPECT_NE(std::find(read.begin(), read.end(), two), read.end());
 }
 
+TEST_F(ReadAheadTest, SweepsTheVolumesOfADiskTogether) {
+    fileSystem_.setRotationalDisk(7);
+    const std::string one = add("a", 3, 1);
+    const std::string two = add("b", 2, 2);
+    const std::string three = add("c", 1, 1);
+    EXPECT_EQ(sweep(), (Paths{three, two, one}));
+}
+
 TEST_F(ReadAheadTest, EndsSoonAfterAStop) {
     add("a", 1);
     tools_.control().requestStop();

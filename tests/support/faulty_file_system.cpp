@@ -72,6 +72,11 @@ void FaultyFileSystem::setRotational(bool rotational) {
     rotational_ = rotational;
 }
 
+void FaultyFileSystem::setRotationalDisk(std::uint64_t disk) {
+    const std::lock_guard lock(mutex_);
+    rotationalDisk_ = disk;
+}
+
 void FaultyFileSystem::setPseudoFileSystem(std::uint64_t device, bool pseudo) {
     const std::lock_guard lock(mutex_);
     pseudo_[device] = pseudo;
@@ -399,6 +404,16 @@ bool FaultyFileSystem::isRotational(std::uint64_t device) {
         }
     }
     return real_.isRotational(device);
+}
+
+std::uint64_t FaultyFileSystem::rotationalDiskOf(std::uint64_t device) {
+    {
+        const std::lock_guard lock(mutex_);
+        if (rotationalDisk_) {
+            return *rotationalDisk_;
+        }
+    }
+    return real_.rotationalDiskOf(device);
 }
 
 std::optional<std::string> FaultyFileSystem::lastingVolumeName(const std::string& folder,

@@ -82,6 +82,8 @@ class FaultyFileSystem final : public FileSystem {
     void refuseMoreDescriptorsThan(std::size_t max);
     /// Sets the result of isRotational() for every device.
     void setRotational(bool rotational);
+    /// Sets the result of rotationalDiskOf() for every device.
+    void setRotationalDisk(std::uint64_t disk);
     /// Sets the result of isPseudoFileSystem() for this device.
     void setPseudoFileSystem(std::uint64_t device, bool pseudo);
     void setHomeTrash(std::optional<FileIdentity> identity);
@@ -165,6 +167,7 @@ class FaultyFileSystem final : public FileSystem {
     void readAhead(const Descriptor& file, std::uint64_t offset, std::uint64_t bytes) override;
     bool isPseudoFileSystem(std::uint64_t device) override;
     bool isRotational(std::uint64_t device) override;
+    std::uint64_t rotationalDiskOf(std::uint64_t device) override;
     /// That of setVolumeName(), or the real one.
     std::optional<std::string> lastingVolumeName(const std::string& folder,
                                                  std::uint64_t device) override;
@@ -243,6 +246,7 @@ class FaultyFileSystem final : public FileSystem {
     std::optional<std::size_t> descriptorLimit_;
     std::optional<std::size_t> maxDescriptors_;
     std::optional<bool> rotational_;
+    std::optional<std::uint64_t> rotationalDisk_;
     std::map<std::uint64_t, bool> pseudo_;
     std::optional<FileIdentity> homeTrash_;
     std::optional<FileIdentity> ownFolder_;

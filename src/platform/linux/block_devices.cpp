@@ -156,14 +156,22 @@ bool isRemovableDisk(const path& disk, const path& sysfsRoot) {
 
 bool isRotationalDevice(std::uint64_t device, const std::string& sysfsRoot,
                         const std::string& mountTable) {
+    return rotationalDiskUnder(device, sysfsRoot, mountTable).has_value();
+}
+
+std::optional<std::uint64_t> rotationalDiskUnder(std::uint64_t device, const std::string& sysfsRoot,
+                                                 const std::string& mountTable) {
     const auto root = resolved(sysfsRoot);
     if (!root) {
-        return false;
+        return std::nullopt;
     }
     // One reader too few costs less than one too many, so a btrfs volume on a rotational disk
     // counts for every subvolume.
-    const auto disks = disksOf(device, *root, mountTable, Unlisted::isAnyBtrfs);
-    return std::any_of(disks.begin(), disks.end(), isRotationalDisk);
+    auto disks = disksOf(device, *root, mountTable, Unlisted::isAnyBtrfs);
+    std::erase_if(disks, [](const path& disk) { return !isRotationalDisk(disk); });
+    const auto first = std::min_element(disks.begin(), disks.end());
+    return first == disks.end() ? std::nullopt
+                                : std::optional<std::uint64_t>(std::filesystem::hash_value(*first));
 }
 
 bool isRemovableDevice(std::uint64_t device, const std::string& sysfsRoot,

@@ -3,6 +3,7 @@
 #include "platform/linux/mount_table.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace tarvin {
@@ -20,6 +21,12 @@ namespace tarvin {
 /// rotational.
 [[nodiscard]] bool isRotationalDevice(std::uint64_t device, const std::string& sysfsRoot = "/sys",
                                       const std::string& mountTable = mountInfoFile);
+
+/// A number of the first rotational disk under the file system: the same for all partitions and
+/// volumes whose first one it is, and no device number. nullopt if there is none.
+[[nodiscard]] std::optional<std::uint64_t> rotationalDiskUnder(
+    std::uint64_t device, const std::string& sysfsRoot = "/sys",
+    const std::string& mountTable = mountInfoFile);
 
 /// Whether a disk under the file system is on USB or has a removable medium. `device` must be that
 /// of the mount table, which for btrfs differs from `st_dev`.

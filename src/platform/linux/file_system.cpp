@@ -321,6 +321,10 @@ class LinuxFileSystem final : public FileSystem {
 
     bool isRotational(std::uint64_t device) override { return isRotationalDevice(device); }
 
+    std::uint64_t rotationalDiskOf(std::uint64_t device) override {
+        return rotationalDiskUnder(device).value_or(device);
+    }
+
     std::optional<std::string> lastingVolumeName(const std::string& folder,
                                                  std::uint64_t device) override {
         const Result<Descriptor> opened = openRootDirectory(folder);
