@@ -5,6 +5,7 @@
 #include "support/faulty_file_system.h"
 #include "support/scan_tools.h"
 #include "support/temporary_folder.h"
+#include "support/waiting.h"
 
 #include <gtest/gtest.h>
 
@@ -216,6 +217,34 @@ TEST_F(ReadAheadTest, SweepsTheVolumesOfADiskTogether) {
     const std::string two = add("b", 2, 2);
     const std::string three = add("c", 1, 1);
     EXPECT_EQ(sweep(), (Paths{three, two, one}));
+}
+
+TEST_F(ReadAheadTest, SweepsDisksAtTheSameTime) {
+    const std::string one = add("a", 1, 1);
+    const std::string other = add("b", 1, 2);
+    Event begun;
+    Event otherBegun;
+    bool met = false;
+    bool otherMet = false;
+    // The first open of each looks whether it is cached, before the sweeps. In the second, each
+    // sweep waits for the other one.
+    fileSystem_.beforeCall(
+        FileCall::openFile, 2,
+        [&] {
+            begun.set();
+            met = otherBegun.wait();
+        },
+        one);
+    fileSystem_.beforeCall(
+        FileCall::openFile, 2,
+        [&] {
+            otherBegun.set();
+            otherMet = begun.wait();
+        },
+        other);
+    EXPECT_EQ(sweep().size(), 2U);
+    EXPECT_TRUE(met);
+    EXPECT_TRUE(otherMet);
 }
 
 TEST_F(ReadAheadTest, EndsSoonAfterAStop) {
