@@ -28,7 +28,7 @@ constexpr std::uint64_t maxInodeGap = 32;
 // Truncated and flushed with each commit as the journal of clean-ups is: after a power failure,
 // numbers must not be in rows and free as well.
 constexpr SqliteSchema memorySchema{0x54415343,  // "TASC"
-                                    1,
+                                    2,
                                     "PRAGMA journal_mode = TRUNCATE;"
                                     "PRAGMA synchronous = FULL;"
                                     "PRAGMA cell_size_check = ON;"
@@ -36,10 +36,14 @@ constexpr SqliteSchema memorySchema{0x54415343,  // "TASC"
                                     "CREATE TABLE memory ("
                                     " one INTEGER PRIMARY KEY CHECK (one = 1),"
                                     " generation INTEGER NOT NULL,"
-                                    " next INTEGER NOT NULL) STRICT;"
+                                    " next INTEGER NOT NULL,"
+                                    " files INTEGER NOT NULL,"
+                                    " oldest INTEGER NOT NULL,"
+                                    " sum INTEGER NOT NULL) STRICT;"
                                     "CREATE TABLE volume ("
                                     " id INTEGER PRIMARY KEY AUTOINCREMENT,"
-                                    " name BLOB NOT NULL UNIQUE) STRICT;"
+                                    " name BLOB NOT NULL UNIQUE,"
+                                    " sum INTEGER NOT NULL) STRICT;"
                                     "CREATE TABLE file ("
                                     " volume INTEGER NOT NULL,"
                                     " inode INTEGER NOT NULL,"
@@ -53,8 +57,8 @@ constexpr SqliteSchema memorySchema{0x54415343,  // "TASC"
                                     " sum INTEGER NOT NULL,"
                                     " PRIMARY KEY (volume, inode)) STRICT, WITHOUT ROWID;"
                                     "PRAGMA application_id = 1413567299;"
-                                    "PRAGMA user_version = 1;"};
-static_assert(memorySchema.applicationId == 1413567299 && memorySchema.version == 1,
+                                    "PRAGMA user_version = 2;"};
+static_assert(memorySchema.applicationId == 1413567299 && memorySchema.version == 2,
               "must equal the pragmas above");
 
 /// The memory's folder without symbolic links, which SQLite would refuse.
@@ -84,6 +88,48 @@ std::uint64_t mixed(std::uint64_t sum, std::uint64_t with) {
     return sum ^ (sum >> 29U);
 }
 
+/// Of the name of a volume. Detects that its row is not the one that belongs to the name.
+std::int64_t nameSum(std::string_view name) {
+    std::uint64_t sum = name.size();
+    for (const char each : name) {
+        sum = mixed(sum, static_cast<unsigned char>(each));
+    }
+    return static_cast<std::int64_t>(sum);
+}
+
+bool isOfAnOlderVersion(SqliteDatabase& database) {
+    const auto header = database.header();
+    return header && header->applicationId == memorySchema.applicationId &&
+           header->userVersion < memorySchema.version;
+}
+
+/// Returns whether there was a memory at the path. Requires the lock.
+StoreResult<bool> removeFiles(const std::string& path) {
+    bool wasThere = false;
+    std::error_code failure;
+    // The rollback journal goes first: a new memory must never find the one of the old.
+    for (const std::string& each : {path + "-journal", path}) {
+        if (std::filesystem::is_directory(each, failure)) {
+            return passingError(each, SystemError{EISDIR});
+        }
+        wasThere = std::filesystem::remove(each, failure) || wasThere;
+        if (failure) {
+            return passingError(each, SystemError{failure.value()});
+        }
+    }
+    return wasThere;
+}
+
+/// Opens the file and creates it if it is missing. Requires the lock.
+StoreResult<std::unique_ptr<SqliteDatabase>> openDatabase(const std::string& path,
+                                                          std::chrono::milliseconds patience) {
+    if (const auto failure = makePrivateFile(path)) {
+        // Nothing of ours: it is not to be replaced.
+        return passingError(path, *failure);
+    }
+    return std::make_unique<SqliteDatabase>(path, patience);
+}
+
 bool isSameState(const RememberedFile& one, const RememberedFile& other) {
     return one.inode == other.inode && one.size == other.size && one.modified == other.modified &&
            one.changed == other.changed && one.created == other.created;
@@ -103,18 +149,58 @@ StoreResult<ScanMemory> ScanMemory::open(const std::string& folder, Limits limit
     if (const auto* error = std::get_if<StoreError>(&real)) {
         return *error;
     }
-    const std::string path = pathIn(std::get<std::string>(real));
     StoreResult<FileLock> lock = lockIn(std::get<std::string>(real), limits.patience);
     if (auto* error = std::get_if<StoreError>(&lock)) {
         return std::move(*error);
     }
-    if (const auto failure = makePrivateFile(path)) {
-        // Nothing of ours: it is not to be replaced.
-        return passingError(path, *failure);
+    return openLocked(pathIn(std::get<std::string>(real)), limits,
+                      std::get<FileLock>(std::move(lock)));
+}
+
+StoreResult<std::optional<ScanMemory>> ScanMemory::openIfThere(const std::string& folder,
+                                                               Limits limits) {
+    std::error_code unresolved;
+    if (!std::filesystem::exists(pathIn(folder), unresolved) && !unresolved) {
+        return std::nullopt;
     }
-    auto database = std::make_unique<SqliteDatabase>(path, limits.patience);
-    prepareSchema(*database, path, memorySchema);
-    ScanMemory memory(limits, std::get<FileLock>(std::move(lock)), std::move(database));
+    const StoreResult<std::string> real = realFolder(folder);
+    if (const auto* error = std::get_if<StoreError>(&real)) {
+        return *error;
+    }
+    StoreResult<FileLock> lock = lockIn(std::get<std::string>(real), limits.patience);
+    if (auto* error = std::get_if<StoreError>(&lock)) {
+        return std::move(*error);
+    }
+    // Again, since it may have been removed while this waited.
+    const std::string path = pathIn(std::get<std::string>(real));
+    if (!std::filesystem::exists(path, unresolved) && !unresolved) {
+        return std::nullopt;
+    }
+    StoreResult<ScanMemory> memory = openLocked(path, limits, std::get<FileLock>(std::move(lock)));
+    if (auto* error = std::get_if<StoreError>(&memory)) {
+        return std::move(*error);
+    }
+    return std::get<ScanMemory>(std::move(memory));
+}
+
+StoreResult<ScanMemory> ScanMemory::openLocked(const std::string& path, Limits limits,
+                                               FileLock lock) {
+    StoreResult<std::unique_ptr<SqliteDatabase>> database = openDatabase(path, limits.patience);
+    using Opened = std::unique_ptr<SqliteDatabase>;
+    if (auto* opened = std::get_if<Opened>(&database); opened && isOfAnOlderVersion(**opened)) {
+        // Closed first: SQLite would write to a file that is gone.
+        opened->reset();
+        StoreResult<bool> removed = removeFiles(path);
+        if (auto* error = std::get_if<StoreError>(&removed)) {
+            return std::move(*error);
+        }
+        database = openDatabase(path, limits.patience);
+    }
+    if (auto* error = std::get_if<StoreError>(&database)) {
+        return std::move(*error);
+    }
+    prepareSchema(*std::get<Opened>(database), path, memorySchema);
+    ScanMemory memory(limits, std::move(lock), std::get<Opened>(std::move(database)));
     memory.makeReady();
     if (auto error = memory.database_->takeError()) {
         return std::move(*error);
@@ -131,18 +217,7 @@ StoreResult<bool> ScanMemory::remove(const std::string& folder, Limits limits) {
     if (auto* error = std::get_if<StoreError>(&lock)) {
         return std::move(*error);
     }
-    bool wasThere = false;
-    // The rollback journal goes first: a new memory must never find the one of the old.
-    for (const std::string& path : {pathIn(folder) + "-journal", pathIn(folder)}) {
-        if (std::filesystem::is_directory(path, failure)) {
-            return passingError(path, SystemError{EISDIR});
-        }
-        wasThere = std::filesystem::remove(path, failure) || wasThere;
-        if (failure) {
-            return passingError(path, SystemError{failure.value()});
-        }
-    }
-    return wasThere;
+    return removeFiles(pathIn(folder));
 }
 
 ScanMemory::ScanMemory(Limits limits, FileLock lock, std::unique_ptr<SqliteDatabase> database)
@@ -151,11 +226,13 @@ ScanMemory::ScanMemory(Limits limits, FileLock lock, std::unique_ptr<SqliteDatab
 /// Reads the memory's own row, and writes it in a new memory.
 void ScanMemory::makeReady() {
     {
-        SqliteStatement own = database_->statement("SELECT generation, next FROM memory");
+        SqliteStatement own =
+            database_->statement("SELECT generation, next, files, oldest, sum FROM memory");
         if (own.step()) {
             generation_ = own.number(0);
-            next_ = own.number(1);
-            if (next_ < 1 || static_cast<std::uint64_t>(next_) >= firstNewNumber) {
+            own_ = {own.number(1), own.number(2), own.number(3)};
+            // Numbers that are given out twice would join files of different contents.
+            if (own.number(4) != sumOf(own_)) {
                 database_->failDamaged();
             }
             return;
@@ -164,16 +241,40 @@ void ScanMemory::makeReady() {
     std::random_device random;
     generation_ = std::uniform_int_distribution<std::int64_t>(1, maxNumber)(random);
     SqliteTransaction making(*database_);
-    database_->statement("INSERT INTO memory VALUES (1, ?, 1)").with(generation_).run();
+    writeOwn(own_);
     if (auto error = making.commit()) {
         database_->fail(std::move(*error));
     }
 }
 
+void ScanMemory::writeOwn(const Own& own) {
+    database_->statement("INSERT OR REPLACE INTO memory VALUES (1, ?, ?, ?, ?, ?)")
+        .with(generation_)
+        .with(own.next)
+        .with(own.files)
+        .with(own.oldest)
+        .with(sumOf(own))
+        .run();
+}
+
+std::int64_t ScanMemory::sumOf(const Own& own) const {
+    std::uint64_t sum = static_cast<std::uint64_t>(generation_);
+    for (const std::int64_t part : {own.next, own.files, own.oldest}) {
+        sum = mixed(sum, static_cast<std::uint64_t>(part));
+    }
+    return static_cast<std::int64_t>(sum);
+}
+
 /// 0 if it is not stored.
 std::int64_t ScanMemory::volumeNumber(std::string_view name) {
-    SqliteStatement number = database_->statement("SELECT id FROM volume WHERE name = ?");
-    return number.with(name).step() ? number.number(0) : 0;
+    SqliteStatement row = database_->statement("SELECT id, sum FROM volume WHERE name = ?");
+    if (!row.with(name).step()) {
+        return 0;
+    }
+    if (row.number(1) != nameSum(name)) {
+        database_->failDamaged();
+    }
+    return row.number(0);
 }
 
 std::optional<StoreError> ScanMemory::find(std::string_view volume,
@@ -208,6 +309,12 @@ void ScanMemory::findBetween(std::int64_t volume, std::span<RememberedFile> file
                                  static_cast<std::uint64_t>(rows.number(6)),
                                  rows.number(7)};
         const bool isIntact = sumOf(volume, row) == rows.number(8);
+        const auto next = static_cast<std::uint64_t>(own_.next);
+        if (isIntact && (row.comparison >= next || row.content >= next)) {
+            // The number would be given to other files as well.
+            database_->failDamaged();
+            return;
+        }
         while (at < files.size() && files[at].inode < row.inode) {
             ++at;
         }
@@ -235,25 +342,27 @@ std::int64_t ScanMemory::sumOf(std::int64_t volume, const RememberedFile& file) 
 
 void ScanMemory::begin(std::uint64_t newNumbers, std::int64_t today) {
     today_ = today;
+    stored_ = own_;
     storing_ = std::make_unique<SqliteTransaction>(*database_);
-    const std::uint64_t left = firstNewNumber - static_cast<std::uint64_t>(next_);
+    const std::uint64_t left = firstNewNumber - static_cast<std::uint64_t>(own_.next);
     if (newNumbers >= left) {
         // Never in the life of a disk.
         database_->failDamaged();
         return;
     }
-    database_->statement("UPDATE memory SET next = next + ?")
-        .with(static_cast<std::int64_t>(newNumbers))
-        .run();
+    stored_.next += static_cast<std::int64_t>(newNumbers);
 }
 
 void ScanMemory::add(std::string_view volume, std::span<const RememberedFile> files) {
-    database_->statement("INSERT OR IGNORE INTO volume (name) VALUES (?)").with(volume).run();
+    database_->statement("INSERT OR IGNORE INTO volume (name, sum) VALUES (?, ?)")
+        .with(volume)
+        .with(nameSum(volume))
+        .run();
     const std::int64_t number = volumeNumber(volume);
     const auto stored = [this](std::uint64_t scanned) {
         return scanned < firstNewNumber
                    ? scanned
-                   : scanned - firstNewNumber + static_cast<std::uint64_t>(next_);
+                   : scanned - firstNewNumber + static_cast<std::uint64_t>(own_.next);
     };
     SqliteStatement insert = database_->statement(
         "INSERT OR REPLACE INTO file (volume, inode, size, modified, changed, created, comparison,"
@@ -276,37 +385,50 @@ void ScanMemory::add(std::string_view volume, std::span<const RememberedFile> fi
             .with(sumOf(number, row))
             .run();
     }
+    if (!files.empty()) {
+        stored_.oldest = stored_.files == 0 ? today_ : std::min(stored_.oldest, today_);
+        stored_.files += static_cast<std::int64_t>(files.size());
+    }
 }
 
 std::optional<StoreError> ScanMemory::commit() {
     dropOld();
+    writeOwn(stored_);
     std::optional<StoreError> error = storing_->commit();
     storing_ = nullptr;
+    if (!error) {
+        own_ = stored_;
+    }
     return error;
 }
 
+/// Reads all rows, but only if the bounds say that some may have to go: at most once a day because
+/// of their age, and after many new ones because of their number.
 void ScanMemory::dropOld() {
     const std::int64_t firstKept = today_ - limits_.maxDays;
     const auto most = static_cast<std::int64_t>(limits_.maxFiles);
-    std::int64_t count = 0;
-    std::int64_t oldest = 0;
-    {
-        SqliteStatement all = database_->statement("SELECT count(*), min(seen) FROM file");
-        if (all.step()) {
-            count = all.number(0);
-            oldest = all.number(1);
-        }
+    if (stored_.files <= most && stored_.oldest >= firstKept) {
+        return;
     }
-    if (count > most) {
+    database_->statement("DELETE FROM file WHERE seen < ?").with(firstKept).run();
+    countFiles();
+    if (stored_.files > most) {
         database_
             ->statement(
                 "DELETE FROM file WHERE (volume, inode) IN"
                 " (SELECT volume, inode FROM file ORDER BY seen LIMIT ?)")
-            .with(count - most)
+            .with(stored_.files - (most - most / 16))
             .run();
+        countFiles();
     }
-    if (count > 0 && oldest < firstKept) {
-        database_->statement("DELETE FROM file WHERE seen < ?").with(firstKept).run();
+}
+
+/// Makes the bounds exact.
+void ScanMemory::countFiles() {
+    SqliteStatement all = database_->statement("SELECT count(*), min(seen) FROM file");
+    if (all.step()) {
+        stored_.files = all.number(0);
+        stored_.oldest = all.number(1);
     }
 }
 

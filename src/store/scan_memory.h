@@ -41,7 +41,8 @@ struct RememberedFile {
 class ScanMemory final {
  public:
     struct Limits {
-        /// About 100 bytes each on disk. The files that were stored longest ago are dropped.
+        /// About 100 bytes each on disk. If there are more, the files that were stored longest ago
+        /// are dropped, and a sixteenth of the limit with them, so that this is rare.
         std::uint64_t maxFiles = 10'000'000;
         /// Files not stored again for longer are dropped: they were removed or changed.
         std::int64_t maxDays = 180;
@@ -52,11 +53,18 @@ class ScanMemory final {
     /// Numbers from here on are those of the scan that stores them; add() replaces them.
     static constexpr std::uint64_t firstNewNumber = std::uint64_t{1} << 62U;
 
-    /// Creates a missing folder and file, private to the user.
+    /// Creates a missing folder and file, private to the user. A memory of an older version of the
+    /// program is replaced by an empty one.
     static StoreResult<ScanMemory> open(const std::string& folder) {
         return open(folder, Limits{});
     }
     static StoreResult<ScanMemory> open(const std::string& folder, Limits limits);
+    /// The same, but creates nothing: nullopt if there is no memory.
+    static StoreResult<std::optional<ScanMemory>> openIfThere(const std::string& folder) {
+        return openIfThere(folder, Limits{});
+    }
+    static StoreResult<std::optional<ScanMemory>> openIfThere(const std::string& folder,
+                                                              Limits limits);
     /// Removes the memory. Returns whether there was one. Also a damaged one, or one of a newer
     /// version.
     static StoreResult<bool> remove(const std::string& folder) { return remove(folder, Limits{}); }
@@ -79,7 +87,8 @@ class ScanMemory final {
     [[nodiscard]] std::optional<StoreError> find(std::string_view volume,
                                                  std::span<RememberedFile> files);
 
-    // Storing: begin(), any number of add(), commit(). Nothing is stored unless commit() succeeds.
+    // Storing: begin(), any number of add(), commit(); also repeatedly. Nothing is stored unless
+    // commit() succeeds.
 
     /// `newNumbers` is how many numbers the scan has from firstNewNumber on, `today` in days since
     /// 1970.
@@ -89,19 +98,32 @@ class ScanMemory final {
     [[nodiscard]] std::optional<StoreError> commit();
 
  private:
+    /// The memory's own row, besides its generation.
+    struct Own {
+        std::int64_t next = 1;    // the first number that is not in use
+        std::int64_t files = 0;   // at least as many as there are rows of files
+        std::int64_t oldest = 0;  // no row was stored on an earlier day, if there are any
+    };
+
     ScanMemory(Limits limits, FileLock lock, std::unique_ptr<SqliteDatabase> database);
+    static StoreResult<ScanMemory> openLocked(const std::string& path, Limits limits,
+                                              FileLock lock);
     void makeReady();
+    void writeOwn(const Own& own);
+    [[nodiscard]] std::int64_t sumOf(const Own& own) const;
     [[nodiscard]] std::int64_t volumeNumber(std::string_view name);
     void findBetween(std::int64_t volume, std::span<RememberedFile> files);
     [[nodiscard]] std::int64_t sumOf(std::int64_t volume, const RememberedFile& file) const;
     void dropOld();
+    void countFiles();
 
     Limits limits_;
     FileLock lock_;
     std::unique_ptr<SqliteDatabase> database_;
     std::unique_ptr<SqliteTransaction> storing_;  // between begin() and commit()
     std::int64_t generation_ = 0;
-    std::int64_t next_ = 1;  // the first number that is not in use
+    Own own_;
+    Own stored_;  // own_ after commit()
     std::int64_t today_ = 0;
 };
 

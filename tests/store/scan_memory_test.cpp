@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -73,6 +74,16 @@ class ScanMemoryTest : public testing::Test {
         std::fstream database(path(), std::ios::in | std::ios::out | std::ios::binary);
         database.seekp(at);
         database << bytes;
+    }
+
+    /// Overwrites these bytes, wherever they are in the file.
+    void replace(const std::string& bytes, const std::string& with) const {
+        const std::string database = contentOf(path());
+        std::size_t at = database.find(bytes);
+        ASSERT_NE(at, std::string::npos);
+        for (; at != std::string::npos; at = database.find(bytes, at + 1)) {
+            patch(static_cast<std::streamoff>(at), with);
+        }
     }
 
     [[nodiscard]] std::string path() const { return ScanMemory::pathIn(folder_.path()); }
@@ -139,6 +150,20 @@ TEST_F(ScanMemoryTest, GivesNewNumbersThatNoFileHas) {
     EXPECT_EQ(found[2].content, 2U);
 }
 
+TEST_F(ScanMemoryTest, GivesNewNumbersEachTimeItStores) {
+    {
+        ScanMemory memory = open();
+        for (std::uint64_t inode = 1; inode <= 2; ++inode) {
+            memory.begin(2, 1000);
+            memory.add("volume", Files{file(inode, firstNew, firstNew + 1)});
+            EXPECT_FALSE(memory.commit());
+        }
+    }
+    const Files found = find({unknown(1), unknown(2)});
+    EXPECT_EQ(found[0].content, 2U);
+    EXPECT_EQ(found[1].content, 4U);
+}
+
 TEST_F(ScanMemoryTest, ReplacesWhatIsStoredUnderAnInode) {
     store({file(5, firstNew, firstNew + 1)}, 2);
     RememberedFile changed = file(5, firstNew, firstNew + 1);
@@ -185,6 +210,65 @@ TEST_F(ScanMemoryTest, DropsTheOldestFilesBeyondALimit) {
     EXPECT_NE(found[3].content, 0U);
 }
 
+TEST_F(ScanMemoryTest, DropsASixteenthOfTheLimitBesides) {
+    limits_.maxFiles = 32;
+    Files files;
+    Files asked;
+    for (std::uint64_t inode = 1; inode <= 33; ++inode) {
+        files.push_back(file(inode, firstNew, firstNew));
+        asked.push_back(unknown(inode));
+    }
+    store(Files(files.begin(), files.begin() + 3), 1, 1000);
+    store(Files(files.begin() + 3, files.end()), 1, 1001);
+    const Files found = find(asked);
+    for (const RememberedFile& each : found) {
+        EXPECT_EQ(each.content != 0, each.inode > 3) << each.inode;
+    }
+}
+
+TEST_F(ScanMemoryTest, DropsNothingBecauseFilesAreStoredOften) {
+    limits_.maxFiles = 3;
+    for (int scans = 0; scans < 5; ++scans) {
+        store({file(1, firstNew, firstNew), file(2, firstNew, firstNew)}, 1);
+    }
+    const Files found = find({unknown(1), unknown(2)});
+    EXPECT_NE(found[0].content, 0U);
+    EXPECT_NE(found[1].content, 0U);
+}
+
+TEST_F(ScanMemoryTest, DropsFilesThatWereStoredWithTheClockSetBack) {
+    store({file(1, firstNew, firstNew)}, 1, 1100);
+    store({file(2, firstNew, firstNew)}, 1, 1000);
+    store({file(3, firstNew, firstNew)}, 1, 1181);
+    const Files found = find({unknown(1), unknown(2), unknown(3)});
+    EXPECT_NE(found[0].content, 0U);
+    EXPECT_EQ(found[1].content, 0U);
+    EXPECT_NE(found[2].content, 0U);
+}
+
+TEST_F(ScanMemoryTest, IsOpenedWithoutMakingIt) {
+    using Opened = std::optional<ScanMemory>;
+    const std::string missing = folder_.pathOf("missing");
+    for (const std::string& folder : {folder_.path(), missing}) {
+        const auto none = ScanMemory::openIfThere(folder, limits_);
+        ASSERT_TRUE(std::holds_alternative<Opened>(none));
+        EXPECT_FALSE(std::get<Opened>(none));
+    }
+    EXPECT_FALSE(std::filesystem::exists(path()));
+    EXPECT_FALSE(std::filesystem::exists(missing));
+    const std::int64_t generation = open().generation();
+    {
+        const auto there = ScanMemory::openIfThere(folder_.path(), limits_);
+        ASSERT_TRUE(std::holds_alternative<Opened>(there));
+        ASSERT_TRUE(std::get<Opened>(there));
+        EXPECT_EQ(std::get<Opened>(there)->generation(), generation);
+    }
+    folder_.writeFile("scans.sqlite", std::string(5000, 'x'));
+    const auto damaged = ScanMemory::openIfThere(folder_.path(), limits_);
+    ASSERT_TRUE(std::holds_alternative<StoreError>(damaged));
+    EXPECT_EQ(std::get<StoreError>(damaged).kind, StoreError::Kind::unusable);
+}
+
 TEST_F(ScanMemoryTest, IsReadableByItsUserAlone) {
     store({file(5, firstNew, firstNew)}, 1);
     struct stat status{};
@@ -229,11 +313,30 @@ TEST_F(ScanMemoryTest, IsRefusedWhileAnotherOneIsOpen) {
 
 TEST_F(ScanMemoryTest, OfANewerVersionIsLeftAsItIs) {
     store({file(5, firstNew, firstNew)}, 1);
-    patch(60, std::string("\0\0\0\2", 4));
+    patch(60, std::string("\0\0\0\3", 4));
     const std::string before = contentOf(path());
     const StoreError error = openError();
     EXPECT_EQ(error.text, "written by a newer version of the program");
     EXPECT_EQ(error.kind, StoreError::Kind::passing);
+    EXPECT_EQ(contentOf(path()), before);
+}
+
+TEST_F(ScanMemoryTest, OfAnOlderVersionIsReplaced) {
+    store({file(5, firstNew, firstNew)}, 1);
+    const std::int64_t generation = open().generation();
+    patch(60, std::string("\0\0\0\1", 4));
+    EXPECT_EQ(find({unknown(5)}), Files{unknown(5)});
+    EXPECT_NE(open().generation(), generation);
+    store({file(5, firstNew, firstNew)}, 1);
+    EXPECT_EQ(find({unknown(5)})[0].content, 1U);
+}
+
+TEST_F(ScanMemoryTest, OfAnOlderVersionOfAnotherProgramIsUnusable) {
+    store({file(5, firstNew, firstNew)}, 1);
+    patch(60, std::string("\0\0\0\1", 4));
+    patch(68, "else");
+    const std::string before = contentOf(path());
+    EXPECT_EQ(openError().text, "a database of another program");
     EXPECT_EQ(contentOf(path()), before);
 }
 
@@ -257,6 +360,37 @@ TEST_F(ScanMemoryTest, DoesNotFindARowThatIsNotAsItWasWritten) {
     patch(static_cast<std::streamoff>(at) + 7, "\x89");
     asked.size = size + 1;
     EXPECT_EQ(find({asked}), Files{asked});
+}
+
+// A lower number would be given to files although others have it already.
+TEST_F(ScanMemoryTest, WithAChangedNextNumberIsUnusable) {
+    store({file(5, firstNew, firstNew)}, 0x1122334455667787);
+    find({unknown(5)});
+    replace("\x11\x22\x33\x44\x55\x66\x77\x88", "\x11\x22\x33\x44\x55\x66\x77\x08");
+    EXPECT_EQ(openError().text, "the file is damaged");
+    EXPECT_EQ(openError().kind, StoreError::Kind::unusable);
+}
+
+TEST_F(ScanMemoryTest, WithANumberThatIsStillFreeIsUnusable) {
+    for (const RememberedFile& wrong : {file(5, 2, 1), file(5, 1, 2)}) {
+        ASSERT_TRUE(std::holds_alternative<bool>(ScanMemory::remove(folder_.path())));
+        store({wrong}, 1);
+        Files files{unknown(5)};
+        const auto error = open().find("volume", files);
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->kind, StoreError::Kind::unusable);
+        EXPECT_EQ(files, Files{unknown(5)});
+    }
+}
+
+TEST_F(ScanMemoryTest, WithAChangedNameOfAVolumeIsUnusable) {
+    store({file(5, firstNew, firstNew)}, 1, 1000, "volume-1");
+    replace("volume-1", "volume-3");
+    Files files{unknown(5)};
+    const auto error = open().find("volume-3", files);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->kind, StoreError::Kind::unusable);
+    EXPECT_EQ(files, Files{unknown(5)});
 }
 
 TEST_F(ScanMemoryTest, OnAFullDiskKeepsWhatItHas) {
