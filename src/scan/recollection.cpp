@@ -51,7 +51,8 @@ void Recollection::recall(CategoryLists& lists, const ScanServices& services) {
     sortByVolume(lists, services);
     readAhead_.expect(filesToFind());
     readAhead_.wait(services);
-    if (volumes_.empty()) {
+    // After a stop the file may still be open there, and closing it would release SQLite's locks.
+    if (volumes_.empty() || services.control.stop()) {
         return;
     }
     if (recallFromMemory(services.control)) {
@@ -179,15 +180,16 @@ void Recollection::store(const FileStore& store) {
     if (!isAny || !generation_) {
         return;
     }
-    StoreResult<ScanMemory> memory = ScanMemory::open(folder_);
+    // One that was removed since is not wanted: the user has made the program forget.
+    StoreResult<std::optional<ScanMemory>> memory = ScanMemory::openIfThere(folder_);
     if (auto* error = std::get_if<StoreError>(&memory)) {
         report_.notStored = std::move(*error);
         return;
     }
-    auto& opened = std::get<ScanMemory>(memory);
+    auto& opened = std::get<std::optional<ScanMemory>>(memory);
     // In another memory, which was begun since, the known numbers may be of other contents.
-    if (opened.generation() == *generation_) {
-        report_.notStored = storeIn(opened, store.newNumbers());
+    if (opened && opened->generation() == *generation_) {
+        report_.notStored = storeIn(*opened, store.newNumbers());
     }
 }
 

@@ -16,6 +16,7 @@
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <random>
 #include <string>
@@ -201,6 +202,68 @@ TEST_P(RememberedScanOf, HardLinksInTwoCategoriesOpensNone) {
     EXPECT_EQ(last.sets, (NameSets{{"a.jpg", "c.jpg"}, {"a.txt", "c.txt"}}));
 }
 
+/// A way in which the attributes of a file become those of another one.
+struct OtherState {
+    const char* name;
+    void (*change)(FileAttributes& attributes);
+};
+
+class RememberedState : public RememberedScan, public testing::WithParamInterface<OtherState> {};
+
+constexpr Timestamp::duration aNanosecond{1};
+
+INSTANTIATE_TEST_SUITE_P(
+    Parts, RememberedState,
+    testing::Values(
+        OtherState{"OtherSize", [](FileAttributes& each) { ++each.size; }},
+        OtherState{"OtherDateOfModification",
+                   [](FileAttributes& each) { *each.modified -= aNanosecond; }},
+        OtherState{"OtherDateOfChange", [](FileAttributes& each) { *each.changed += aNanosecond; }},
+        OtherState{"OtherDateOfCreation",
+                   [](FileAttributes& each) { *each.created += aNanosecond; }},
+        OtherState{"NoDateOfCreation", [](FileAttributes& each) { each.created = std::nullopt; }},
+        OtherState{"OtherInode", [](FileAttributes& each) { ++each.identity.inode; }},
+        OtherState{"InodeThatIsReused",
+                   [](FileAttributes& each) {
+                       *each.created += 1s;
+                       *each.changed += 1s;
+                   }},
+        OtherState{"RestoredBackup",
+                   [](FileAttributes& each) {
+                       each.identity.inode += 10;
+                       *each.created += 1s;
+                       *each.changed += 1s;
+                   }}),
+    [](const testing::TestParamInfo<OtherState>& each) { return each.param.name; });
+
+// What is there now is different, so believing the memory would make a set of them.
+TEST_P(RememberedState, ThatIsAnotherOneIsReadAgain) {
+    std::map<std::string, FileAttributes> states;
+    for (const std::string name : {"a.jpg", "b.jpg"}) {
+        write(name, largeFile, 1);
+        states[name] = *systemFileSystem().attributesAtPath(pathOf(name));
+        // File systems differ in whether they have it.
+        states[name].created = states[name].changed;
+        // Neither has the inode that another one gets.
+        states[name].identity.inode = 1000 + 100 * states.size();
+    }
+    const Preparation asTold = [&](FaultyFileSystem& fileSystem) {
+        for (const auto& [name, attributes] : states) {
+            fileSystem.setAttributes(pathOf(name), attributes);
+        }
+    };
+    EXPECT_EQ(scan(asTold).sets, (NameSets{{"a.jpg", "b.jpg"}}));
+    EXPECT_EQ(scan(asTold).opened, Names{});
+    for (auto& [name, attributes] : states) {
+        GetParam().change(attributes);
+        write(name, attributes.size, name == "a.jpg" ? 2 : 3);
+    }
+    const Outcome next = scan(asTold);
+    EXPECT_EQ(next.opened, (Names{"a.jpg", "b.jpg"}));
+    EXPECT_EQ(next.sets, NameSets{});
+    EXPECT_EQ(scan(asTold).opened, Names{});
+}
+
 TEST_F(RememberedScan, AFileWithoutReadingHasTheStateThatAMoveChecks) {
     write("a.jpg", smallFile, 1);
     write("b.jpg", smallFile, 1);
@@ -365,13 +428,58 @@ TEST_F(RememberedScan, LeavesAMemoryOfANewerVersionAsItIs) {
     write("b.jpg", smallFile, 1);
     scan();
     std::string database = contentOf(memoryPath());
-    database[63] = 2;
+    database[63] = 3;
     memory_.writeFile("scans.sqlite", database);
     const Outcome second = scan();
     ASSERT_TRUE(second.memory.notRead);
     EXPECT_EQ(second.memory.notRead->text, "written by a newer version of the program");
     EXPECT_EQ(second.sets, (NameSets{{"a.jpg", "b.jpg"}}));
     EXPECT_EQ(contentOf(memoryPath()), database);
+}
+
+TEST_F(RememberedScan, ReplacesAMemoryOfAnOlderVersion) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    scan();
+    std::string database = contentOf(memoryPath());
+    database[63] = 1;
+    memory_.writeFile("scans.sqlite", database);
+    const Outcome second = scan();
+    EXPECT_FALSE(second.memory.notRead);
+    EXPECT_EQ(second.memory.damaged, "");
+    EXPECT_EQ(second.opened, (Names{"a.jpg", "b.jpg"}));
+    EXPECT_EQ(scan().opened, Names{});
+}
+
+TEST_F(RememberedScan, DoesNotMakeAMemoryAgainThatWasRemoved) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    const Outcome outcome = scan([this](FaultyFileSystem& fileSystem) {
+        fileSystem.beforeCall(
+            FileCall::openFile, 1,
+            [this] { EXPECT_TRUE(std::get<bool>(ScanMemory::remove(memory_.path()))); }, ".jpg");
+    });
+    EXPECT_EQ(outcome.sets, (NameSets{{"a.jpg", "b.jpg"}}));
+    EXPECT_FALSE(outcome.memory.notStored);
+    EXPECT_FALSE(std::filesystem::exists(memoryPath()));
+}
+
+// The file that is read ahead may still be open.
+TEST_F(RememberedScan, DoesNotOpenItsMemoryAfterAStop) {
+    write("a.jpg", smallFile, 1);
+    write("b.jpg", smallFile, 1);
+    FaultyFileSystem fileSystem;
+    fileSystem.setVolumeName(volume_);
+    FakePlatform platform(fileSystem);
+    platform.clock().set(now_);
+    SilentScan observer;
+    ScanRun run(platform, observer);
+    run.setMemory(memory_.path());
+    fileSystem.beforeCall(FileCall::lastingVolumeName, 1, [&run] { run.requestStop(); });
+    run.start({{tree_.path(), "", "", true, true}}, {});
+    run.waitForMemory();
+    EXPECT_EQ(fileSystem.calls(FileCall::lastingVolumeName), 1U);
+    EXPECT_FALSE(std::filesystem::exists(memoryPath()));
 }
 
 TEST_F(RememberedScan, DoesNotStoreKnownNumbersInANewMemory) {

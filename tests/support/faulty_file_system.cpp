@@ -107,6 +107,11 @@ void FaultyFileSystem::setIdentity(const std::string& path, FileIdentity identit
     identities_[path] = identity;
 }
 
+void FaultyFileSystem::setAttributes(const std::string& path, const FileAttributes& attributes) {
+    const std::lock_guard lock(mutex_);
+    attributes_[path] = attributes;
+}
+
 void FaultyFileSystem::setListedInode(const std::string& path, std::uint64_t inode) {
     const std::lock_guard lock(mutex_);
     listedInodes_[path] = inode;
@@ -418,6 +423,7 @@ std::uint64_t FaultyFileSystem::rotationalDiskOf(std::uint64_t device) {
 
 std::optional<std::string> FaultyFileSystem::lastingVolumeName(const std::string& folder,
                                                                std::uint64_t device) {
+    static_cast<void>(enter(FileCall::lastingVolumeName, folder));
     const std::lock_guard lock(mutex_);
     return volumeName_ ? *volumeName_ : real_.lastingVolumeName(folder, device);
 }
@@ -641,6 +647,9 @@ Result<FileAttributes> FaultyFileSystem::withFlags(Result<FileAttributes> attrib
     }
     if (const auto told = identities_.find(path); attributes && told != identities_.end()) {
         attributes->identity = told->second;
+    }
+    if (const auto told = attributes_.find(path); attributes && told != attributes_.end()) {
+        attributes = told->second;
     }
     if (attributes) {
         jitter(*attributes);

@@ -36,8 +36,9 @@ enum class FileCall : std::uint8_t {
     openFolderOfFiles,
     readAt,
     readCachedAt,
-    disableReadAhead,  ///< counted and acted on, but cannot fail
-    count              ///< how many there are; no call
+    disableReadAhead,   ///< counted and acted on, but cannot fail
+    lastingVolumeName,  ///< the same
+    count               ///< how many there are; no call
 };
 
 /// The order in which folders list their entries.
@@ -94,6 +95,8 @@ class FaultyFileSystem final : public FileSystem {
     void setCreated(const std::string& path, Timestamp created);
     /// Reports that identity for the entry with exactly this path.
     void setIdentity(const std::string& path, FileIdentity identity);
+    /// Reports those attributes for the entry with exactly this path, whatever it is.
+    void setAttributes(const std::string& path, const FileAttributes& attributes);
     /// Lists the entry with exactly this path with that inode number, if a listing order is set.
     void setListedInode(const std::string& path, std::uint64_t inode);
     /// Reports other inode numbers, dates or both of regular files at each call.
@@ -255,6 +258,7 @@ class FaultyFileSystem final : public FileSystem {
     std::unordered_set<std::string> immutable_;
     std::unordered_map<std::string, Timestamp> created_;
     std::unordered_map<std::string, FileIdentity> identities_;
+    std::unordered_map<std::string, FileAttributes> attributes_;
     std::unordered_map<std::string, std::uint64_t> listedInodes_;
     std::unordered_map<std::string, std::uint64_t> places_;
     std::vector<ReadAheadCall> readAhead_;
