@@ -16,9 +16,9 @@ namespace tarvin {
 ///
 /// - Size and bytes are all that is known of a file. Its bytes are compared twice before they count
 ///   as equal to others, and again before and after a move.
-/// - Two paths may lead to one file, and equal inode numbers may be those of two files. A file never
-///   counts as the copy of the file at its own path; and after a move the file that stays must still
-///   be there, by its path and with the same bytes.
+/// - Two paths may lead to one file, and equal inode numbers may be those of two files.
+/// - A file never counts as the copy of the file at its own path.
+/// - After a move the file that stays must still be there, by its path and with the same bytes.
 ///
 /// A volume is unsteady only once it has given answers that no change of a file can cause, so a
 /// file that is being written does not make it so. If it is taken for unsteady wrongly, reading
