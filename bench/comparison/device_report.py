@@ -11,8 +11,8 @@ MOST_AGAINST = {
     "disk, fewsizes": {"rdfind": 0.5},
     "disk, photos": {"rdfind": 0.5},
     "disk, late": {"rdfind": 0.8},
-    "network, small": {"jdupes": 0.05, "czkawka": 0.15},
-    "network, walk": {"jdupes": 0.05, "czkawka": 0.15},
+    "network of 5 ms, small": {"jdupes": 0.05, "czkawka": 0.15},
+    "network of 5 ms, walk": {"jdupes": 0.05, "czkawka": 0.15},
 }
 TEXTS = {
     "small": "Small files of many kinds and of up to 16 KiB; most sizes occur more than once.",
@@ -55,8 +55,8 @@ def introduction(setting):
         "The devices are simulated (`bench/slow_devices`) and wait as long as real ones. The disk "
         "has one arm and turns 7,200 times a minute: a seek takes 0.8 ms to the next track, 8.4 ms "
         "across a third of the disk and 14 ms at most, half a turn another 4.2 ms, and it reads on "
-        "at 180 MB/s. Its file system is ext4. On the network each call takes 5 ms, however many "
-        "are under way; nothing is cached.",
+        "at 180 MB/s. Its file system is ext4. On the network each call takes 1, 5 or 20 ms, however "
+        "many are under way; nothing is cached.",
         "",
         "A device is mounted anew before each run, so all runs are cold. A program that takes more "
         f"than {setting.limit:.0f} s is stopped. Times are wall-clock seconds: median "
@@ -83,7 +83,7 @@ def judge(result):
     ours = result.contest.ours.wall(COLD).median
     verdicts = []
     for entry in result.contest.entries[1:]:
-        most = MOST_AGAINST[name].get(entry.program.name)
+        most = MOST_AGAINST.get(name, {}).get(entry.program.name)
         if most is not None and entry.runs[COLD] and not entry.trouble:
             share = ours / entry.wall(COLD).median
             verdicts.append(goals.Verdict(f"{name}: at most {most} of {entry.program.name}",

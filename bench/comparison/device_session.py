@@ -19,7 +19,6 @@ NETWORK = "network"
 HELPERS = ("make_corpus", "measure")
 SIMULATORS = ("simulated_disk", "simulated_network")
 DISK_BYTES = 4 * 2**30  # the image is sparse
-DELAY = 5  # milliseconds
 PATIENCE = 40  # a peer slower than tarvin by this factor is not measured further
 
 
@@ -32,11 +31,13 @@ class Case:
     files: int
     quick_files: int
     rounds: int
+    delay: int = 0  # milliseconds a call of a network
 
     @property
     def name(self):
         """For the page."""
-        return f"{self.device}, {self.kind}"
+        device = f"{self.device} of {self.delay} ms" if self.delay else self.device
+        return f"{device}, {self.kind}"
 
 
 CASES = (
@@ -44,8 +45,10 @@ CASES = (
     Case(DISK, "fewsizes", 3000, 400, 3),
     Case(DISK, "photos", 400, 60, 3),
     Case(DISK, "late", 24, 8, 3),
-    Case(NETWORK, "small", 1500, 150, 1),
-    Case(NETWORK, "walk", 1500, 150, 1),
+    Case(NETWORK, "small", 1500, 150, 1, delay=5),
+    Case(NETWORK, "walk", 1500, 150, 1, delay=5),
+    Case(NETWORK, "small", 1500, 150, 1, delay=1),
+    Case(NETWORK, "small", 300, 60, 1, delay=20),  # others take a hundred times as long
 )
 
 
@@ -125,7 +128,7 @@ class DeviceSession:
         simulators = self._helpers / "slow_devices"
         if case.device == DISK:
             return devices.SlowDisk(simulators / "simulated_disk", place, DISK_BYTES)
-        return devices.SlowNetwork(simulators / "simulated_network", place, DELAY)
+        return devices.SlowNetwork(simulators / "simulated_network", place, case.delay)
 
     def _say(self, text):
         """Prints the progress to standard error."""
