@@ -103,6 +103,25 @@ bool isOfAnOlderVersion(SqliteDatabase& database) {
            header->userVersion < memorySchema.version;
 }
 
+/// The path of the memory, without symbolic links, and its lock.
+struct LockedFile {
+    std::string path;
+    FileLock lock;
+};
+
+StoreResult<LockedFile> lockedFile(const std::string& folder, std::chrono::milliseconds patience) {
+    const StoreResult<std::string> real = realFolder(folder);
+    if (const auto* error = std::get_if<StoreError>(&real)) {
+        return *error;
+    }
+    StoreResult<FileLock> lock = lockIn(std::get<std::string>(real), patience);
+    if (auto* error = std::get_if<StoreError>(&lock)) {
+        return std::move(*error);
+    }
+    return LockedFile{ScanMemory::pathIn(std::get<std::string>(real)),
+                      std::get<FileLock>(std::move(lock))};
+}
+
 /// Returns whether there was a memory at the path. Requires the lock.
 StoreResult<bool> removeFiles(const std::string& path) {
     bool wasThere = false;
@@ -145,16 +164,12 @@ StoreResult<ScanMemory> ScanMemory::open(const std::string& folder, Limits limit
     if (const auto failure = makeFolders(folder)) {
         return passingError(folder, *failure);
     }
-    const StoreResult<std::string> real = realFolder(folder);
-    if (const auto* error = std::get_if<StoreError>(&real)) {
-        return *error;
-    }
-    StoreResult<FileLock> lock = lockIn(std::get<std::string>(real), limits.patience);
-    if (auto* error = std::get_if<StoreError>(&lock)) {
+    StoreResult<LockedFile> file = lockedFile(folder, limits.patience);
+    if (auto* error = std::get_if<StoreError>(&file)) {
         return std::move(*error);
     }
-    return openLocked(pathIn(std::get<std::string>(real)), limits,
-                      std::get<FileLock>(std::move(lock)));
+    auto& [path, lock] = std::get<LockedFile>(file);
+    return openLocked(path, limits, std::move(lock));
 }
 
 StoreResult<std::optional<ScanMemory>> ScanMemory::openIfThere(const std::string& folder,
@@ -163,20 +178,16 @@ StoreResult<std::optional<ScanMemory>> ScanMemory::openIfThere(const std::string
     if (!std::filesystem::exists(pathIn(folder), unresolved) && !unresolved) {
         return std::nullopt;
     }
-    const StoreResult<std::string> real = realFolder(folder);
-    if (const auto* error = std::get_if<StoreError>(&real)) {
-        return *error;
-    }
-    StoreResult<FileLock> lock = lockIn(std::get<std::string>(real), limits.patience);
-    if (auto* error = std::get_if<StoreError>(&lock)) {
+    StoreResult<LockedFile> file = lockedFile(folder, limits.patience);
+    if (auto* error = std::get_if<StoreError>(&file)) {
         return std::move(*error);
     }
+    auto& [path, lock] = std::get<LockedFile>(file);
     // Again, since it may have been removed while this waited.
-    const std::string path = pathIn(std::get<std::string>(real));
     if (!std::filesystem::exists(path, unresolved) && !unresolved) {
         return std::nullopt;
     }
-    StoreResult<ScanMemory> memory = openLocked(path, limits, std::get<FileLock>(std::move(lock)));
+    StoreResult<ScanMemory> memory = openLocked(path, limits, std::move(lock));
     if (auto* error = std::get_if<StoreError>(&memory)) {
         return std::move(*error);
     }
