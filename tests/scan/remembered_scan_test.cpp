@@ -423,13 +423,23 @@ TEST_F(RememberedScan, GoesOnWithoutAMemoryThatIsInUse) {
     EXPECT_EQ(scan().opened, (Names{"a.jpg", "b.jpg"}));
 }
 
-TEST_F(RememberedScan, LeavesAMemoryOfANewerVersionAsItIs) {
-    write("a.jpg", smallFile, 1);
-    write("b.jpg", smallFile, 1);
-    scan();
-    std::string database = contentOf(memoryPath());
-    database[63] = 3;
-    memory_.writeFile("scans.sqlite", database);
+class RememberedVersion : public RememberedScan {
+ protected:
+    /// Remembers two equal files, as a program with this version of the format. Returns the file.
+    std::string rememberTwoAsVersion(char version) {
+        constexpr std::size_t lastByteOfTheVersion = 63;  // user_version
+        write("a.jpg", smallFile, 1);
+        write("b.jpg", smallFile, 1);
+        scan();
+        std::string database = contentOf(memoryPath());
+        database[lastByteOfTheVersion] = version;
+        memory_.writeFile("scans.sqlite", database);
+        return database;
+    }
+};
+
+TEST_F(RememberedVersion, LeavesAMemoryOfANewerVersionAsItIs) {
+    const std::string database = rememberTwoAsVersion(3);
     const Outcome second = scan();
     ASSERT_TRUE(second.memory.notRead);
     EXPECT_EQ(second.memory.notRead->text, "written by a newer version of the program");
@@ -437,13 +447,8 @@ TEST_F(RememberedScan, LeavesAMemoryOfANewerVersionAsItIs) {
     EXPECT_EQ(contentOf(memoryPath()), database);
 }
 
-TEST_F(RememberedScan, ReplacesAMemoryOfAnOlderVersion) {
-    write("a.jpg", smallFile, 1);
-    write("b.jpg", smallFile, 1);
-    scan();
-    std::string database = contentOf(memoryPath());
-    database[63] = 1;
-    memory_.writeFile("scans.sqlite", database);
+TEST_F(RememberedVersion, ReplacesAMemoryOfAnOlderVersion) {
+    rememberTwoAsVersion(1);
     const Outcome second = scan();
     EXPECT_FALSE(second.memory.notRead);
     EXPECT_EQ(second.memory.damaged, "");
