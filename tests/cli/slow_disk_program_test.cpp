@@ -90,7 +90,7 @@ TEST(SlowDisk, LargeFilesAreReadInLongStretches) {
 
 TEST(SlowDisk, SeekingIsBelowATenthOfTheTimeOfLargeFiles) {
     constexpr int mebibytes = 4096;
-    constexpr std::size_t bytes = 200'000'000;
+    constexpr std::size_t bytes = 500'000'000;
     SlowDisk empty([](const std::string&) {}, mebibytes);
     if (!empty) {
         return;
