@@ -19,13 +19,22 @@ bool UpdateCheck::canCheck() const {
     return subject_.read && !updateUrl(urlDict_).isEmpty();
 }
 
-std::optional<QString> UpdateCheck::checkForupUpdates(const std::stop_token& stop) const {
+std::optional<QString> UpdateCheck::checkForupUpdates(const StopRequest& stop) const {
     const auto description = subject_.read(updateUrl(urlDict_), stop);
     return description ? updateFor(subject_.version, *description) : std::nullopt;
 }
 
-std::jthread UpdateCheck::check(std::optional<QString>& version, const char* slot) {
-    return std::jthread([this, &version, slot](const std::stop_token& stop) {
+UpdateCheck::Running::Running(const std::function<void(const StopRequest& stop)>& body)
+    : thread_([this, body] { body(stop_); }) {}
+
+UpdateCheck::Running::~Running() {
+    stop_.request();
+    thread_.join();
+}
+
+std::unique_ptr<UpdateCheck::Running> UpdateCheck::check(std::optional<QString>& version,
+                                                         const char* slot) {
+    return std::make_unique<Running>([this, &version, slot](const StopRequest& stop) {
         version = checkForupUpdates(stop);
         QMetaObject::invokeMethod(this, slot, Qt::QueuedConnection);
     });
@@ -50,7 +59,7 @@ void UpdateCheck::showIfUpdateAvailable(const QObject* sender) {
 }
 
 void UpdateCheck::launchChecked() {
-    launchCheck_.join();
+    launchCheck_.reset();
     if (launchVersion_) {
         offer(*launchVersion_);
     }
@@ -62,7 +71,7 @@ bool UpdateCheck::waitForCheck(std::optional<QString>& version) {
     answered_ = false;
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     {
-        const std::jthread checking = check(version, "menuChecked");
+        const std::unique_ptr<Running> checking = check(version, "menuChecked");
         loop.exec(QEventLoop::ExcludeUserInputEvents);
     }
     QGuiApplication::restoreOverrideCursor();

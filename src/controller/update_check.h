@@ -2,14 +2,16 @@
 
 #include "controller/alerts.h"
 #include "controller/desktop.h"
+#include "controller/stop_request.h"
 #include "controller/url_reader.h"
 #include "controller/urls.h"
 
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <functional>
+#include <memory>
 #include <optional>
-#include <stop_token>
 #include <thread>
 
 class QEventLoop;
@@ -44,7 +46,7 @@ class UpdateCheck final : public QObject {
 
     /// The version to update to; nullopt if none. Blocks until the description is read. Not on the
     /// main thread.
-    [[nodiscard]] std::optional<QString> checkForupUpdates(const std::stop_token& stop) const;
+    [[nodiscard]] std::optional<QString> checkForupUpdates(const StopRequest& stop) const;
 
     /// Checks on a background thread and offers an update. With a sender, the window takes no input
     /// during the check, and a notice says if there is none. Only one check with a sender at a
@@ -63,8 +65,21 @@ class UpdateCheck final : public QObject {
  private:
     /// Whether there is anything to read.
     [[nodiscard]] bool canCheck() const;
+    /// One check on its own thread. Stopped and waited for on destruction.
+    class Running final {
+     public:
+        explicit Running(const std::function<void(const StopRequest& stop)>& body);
+        Running(const Running&) = delete;
+        Running& operator=(const Running&) = delete;
+        ~Running();
+
+     private:
+        StopRequest stop_;
+        std::thread thread_;
+    };
+
     /// Stores the result in `version` and calls the slot on the main thread.
-    std::jthread check(std::optional<QString>& version, const char* slot);
+    std::unique_ptr<Running> check(std::optional<QString>& version, const char* slot);
     /// Returns false if the program ends before the check.
     [[nodiscard]] bool waitForCheck(std::optional<QString>& version);
     Q_SLOT void launchChecked();
@@ -79,7 +94,7 @@ class UpdateCheck final : public QObject {
     QEventLoop* waiting_ = nullptr;         // while the help menu's check is running
     bool answered_ = false;                 // that check has finished
     std::optional<QString> launchVersion_;  // written by the thread until it has ended
-    std::jthread launchCheck_;              // last: ends before what it reads
+    std::unique_ptr<Running> launchCheck_;  // last: ends before what it reads
 };
 
 }  // namespace tarvin

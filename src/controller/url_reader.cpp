@@ -10,7 +10,7 @@ namespace tarvin {
 namespace {
 
 std::optional<QByteArray> read(const QString& program, const ReadBounds& bounds, const QUrl& url,
-                               const std::stop_token& stop) {
+                               const StopRequest& stop) {
     QProcess process;
     QEventLoop loop;
     QByteArray bytes;
@@ -36,8 +36,12 @@ std::optional<QByteArray> read(const QString& program, const ReadBounds& bounds,
     QTimer limit;
     QObject::connect(&limit, &QTimer::timeout, &process, &QProcess::kill);
     limit.start(bounds.time);
-    const std::stop_callback end(
-        stop, [&process] { QMetaObject::invokeMethod(&process, "kill", Qt::QueuedConnection); });
+    // Queued: the request is made on another thread.
+    QObject::connect(&stop, &StopRequest::requested, &process, &QProcess::kill,
+                     Qt::QueuedConnection);
+    if (stop.isRequested()) {
+        process.kill();
+    }
     if (process.state() != QProcess::NotRunning) {
         loop.exec();
     }
@@ -51,8 +55,8 @@ std::optional<QByteArray> read(const QString& program, const ReadBounds& bounds,
 
 UrlReader urlReaderFor(QString program, ReadBounds bounds) {
     return [program = std::move(program), bounds](
-               const QUrl& url, const std::stop_token& stop) -> std::optional<QByteArray> {
-        if (program.isEmpty() || stop.stop_requested()) {
+               const QUrl& url, const StopRequest& stop) -> std::optional<QByteArray> {
+        if (program.isEmpty() || stop.isRequested()) {
             return std::nullopt;
         }
         return read(program, bounds, url, stop);

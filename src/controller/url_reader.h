@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controller/stop_request.h"
 #include "network/read_bounds.h"
 
 #include <QByteArray>
@@ -7,14 +8,13 @@
 #include <QUrl>
 #include <functional>
 #include <optional>
-#include <stop_token>
 
 namespace tarvin {
 
 /// Returns the content of a file, http or https URL; nullopt on any failure. Blocks until it is
 /// read or a stop is requested. Not on the main thread.
 using UrlReader =
-    std::function<std::optional<QByteArray>(const QUrl& url, const std::stop_token& stop)>;
+    std::function<std::optional<QByteArray>(const QUrl& url, const StopRequest& stop)>;
 
 /// Reads through `program`, the path of `tarvin-url-reader`; with an empty path every read fails.
 /// The process is killed when a limit is exceeded or a stop is requested, even if it is blocked.

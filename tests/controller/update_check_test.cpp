@@ -207,7 +207,7 @@ TEST_F(Updates, MakeNoRequestsWithoutAUrlList) {
 }
 
 TEST_F(Updates, AreNoneWithoutANetwork) {
-    readUrl = [](const QUrl& /*url*/, const std::stop_token& /*stop*/) {
+    readUrl = [](const QUrl& /*url*/, const StopRequest& /*stop*/) {
         return std::optional<QByteArray>();
     };
     launch();

@@ -39,8 +39,9 @@ class UrlReaderTest : public ::testing::Test {
     void begin(const UrlReader& reading, const QString& url) {
         done_ = false;
         bytes_ = "nothing yet";
-        reader_ = std::jthread([this, reading, url](const std::stop_token& stop) {
-            bytes_ = reading(QUrl(url), stop);
+        stop_ = std::make_unique<StopRequest>();
+        reader_ = std::jthread([this, reading, url] {
+            bytes_ = reading(QUrl(url), *stop_);
             done_ = true;
         });
     }
@@ -58,6 +59,7 @@ class UrlReaderTest : public ::testing::Test {
     const TemporaryFolder folder_;
     std::atomic<bool> done_{false};
     std::optional<QByteArray> bytes_;
+    std::unique_ptr<StopRequest> stop_;
     std::jthread reader_;
 };
 
@@ -102,16 +104,16 @@ TEST_F(UrlReaderTest, EndsWhenItIsStopped) {
     LoopbackServer server([](QTcpSocket& /*connection*/) {});
     begin(byTheProgram({.time = std::chrono::hours(1)}), server.url());
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.requests.size() == 1; }, patience));
-    reader_.request_stop();
+    stop_->request();
     EXPECT_EQ(join(), std::nullopt);
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.closed == 1; }, patience));
 }
 
 TEST_F(UrlReaderTest, DoesNotBeginWhenItWasStoppedBefore) {
     const std::string trace = folder_.pathOf("trace");
-    std::stop_source stopped;
-    stopped.request_stop();
-    EXPECT_EQ(byScript(": >'" + trace + "'")(QUrl(), stopped.get_token()), std::nullopt);
+    StopRequest stop;
+    stop.request();
+    EXPECT_EQ(byScript(": >'" + trace + "'")(QUrl(), stop), std::nullopt);
     EXPECT_FALSE(std::filesystem::exists(trace));
 }
 
