@@ -96,12 +96,43 @@ packagingPackages=(
     xvfb
 )
 
+# To cross-compile the terminal program for macOS.
+# shellcheck disable=SC2034
+macosPackages=(
+    ca-certificates
+    cmake
+    curl
+    debian-archive-keyring
+    file
+    g++
+    libcli11-dev
+    make
+    ninja-build
+    nlohmann-json3-dev
+    pkg-config
+    python3
+    tcl
+)
+
 # For fuzzing.
 # shellcheck disable=SC2034
 fuzzPackages=(
     clang-19
     libclang-rt-19-dev
 )
+
+# shellcheck disable=SC2034
+utf8Locale=C.UTF-8
+
+# Waits until no other process holds the lock of the open file with this number, and takes it. The
+# shell holds it until it closes the file.
+lockOpenFile() {
+    flock "$1"
+}
+
+processorCount() {
+    nproc
+}
 
 # Prints the named packages that are not installed, one per line.
 missingPackages() {
