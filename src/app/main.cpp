@@ -4,6 +4,7 @@
 #include "controller/recovery_task.h"
 #include "controller/resource_files.h"
 #include "interface/translation.h"
+#include "platform/conventions.h"
 #include "platform/platform.h"
 
 #include <QApplication>
@@ -31,13 +32,10 @@ int print(const std::string& text) {
 
 /// Without a display Qt would abort the program.
 bool hasDisplay() {
-#ifdef Q_OS_DARWIN
-    return true;
-#else
     constexpr std::array names{"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET", "QT_QPA_PLATFORM"};
-    return std::any_of(names.begin(), names.end(),
+    return tarvin::conventions().alwaysHasDisplay ||
+           std::any_of(names.begin(), names.end(),
                        [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
-#endif
 }
 
 int refuseWithoutDisplay() {

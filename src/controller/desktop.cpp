@@ -1,10 +1,13 @@
 #include "controller/desktop.h"
 
+#include "platform/conventions.h"
+
 #include <QByteArray>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
+#include <QFile>
 #include <QProcess>
 #include <QUrl>
 #include <algorithm>
@@ -41,6 +44,12 @@ class QtDesktop final : public Desktop {
 
     void showInFolder(const std::string& path) override {
         if (!path.starts_with('/')) {
+            return;
+        }
+        if (const char* const program = conventions().fileShower; program != nullptr) {
+            QProcess::startDetached(QString::fromLatin1(program),
+                                    {QString::fromLatin1(conventions().fileShowerOption),
+                                     QFile::decodeName(QByteArray::fromStdString(path))});
             return;
         }
         const QDBusConnection bus = QDBusConnection::sessionBus();

@@ -1,5 +1,7 @@
 #include "controller/resource_files.h"
 
+#include "platform/conventions.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -8,12 +10,8 @@ namespace tarvin {
 
 QString installedResource(const QString& name) {
     // Relative to the folder of the programs, so that the installation can be moved.
-#ifdef Q_OS_DARWIN
-    const QString resources = QStringLiteral("/../Resources/");
-#else
-    const QString resources = QStringLiteral("/../share/tarvin-duplicate-file-remover/");
-#endif
-    const QString path = QDir::cleanPath(QCoreApplication::applicationDirPath() + resources + name);
+    const QString path = QDir::cleanPath(QCoreApplication::applicationDirPath() + u'/' +
+                                         QLatin1String(conventions().resources) + name);
     return QFileInfo::exists(path) ? path : QString();
 }
 
@@ -32,11 +30,7 @@ QString helperProgram(const QString& name, QString folder) {
 
 QString updaterProgram(const QString& folder) {
     const QString name = QStringLiteral("Tarvin Duplicate File Remover Updater");
-#ifdef Q_OS_DARWIN
-    return helperProgram(name + QStringLiteral(".app/Contents/MacOS/") + name, folder);
-#else
-    return helperProgram(name, folder);
-#endif
+    return helperProgram(QString::fromLatin1(conventions().program).replace(u'*', name), folder);
 }
 
 }  // namespace tarvin

@@ -39,6 +39,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QStackedWidget>
+#include <QSysInfo>
 #include <QToolTip>
 #include <algorithm>
 #include <utility>
@@ -215,9 +216,9 @@ void MainWindow::makeMoreMenu() {
     moreMenu->setAccessibleName(tr("More"));
     styleMenu(moreMenu);
     connect(buttonMore, &QAbstractButton::clicked, this, &MainWindow::popUpMoreMenu);
-#ifndef Q_OS_MACOS
-    shortcuts_->add({Qt::Key_F10}, [this] { openMoreByKey(); });
-#endif
+    if (QSysInfo::kernelType() != QLatin1String("darwin")) {  // there F10 is the system's
+        shortcuts_->add({Qt::Key_F10}, [this] { openMoreByKey(); });
+    }
     exportResultsItem->setVisible(false);
     resultItemsEnd->setVisible(false);
     const auto addShortcut = [this](const QKeySequence& keys, QAction* item) {

@@ -1,13 +1,8 @@
 #include "platform/file_system.h"
 
 #include <cstddef>
-#include <system_error>
 
 namespace tarvin {
-
-std::string SystemError::text() const {
-    return std::generic_category().message(code);
-}
 
 Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
     if (this != &other) {

@@ -9,12 +9,20 @@
 
 namespace tarvin {
 
+// For startThread(): what the system does not hand on to a started thread by itself.
+[[nodiscard]] int priorityToHandOn();
+void takePriority(int priority);
+
 /// Starts a thread that runs `body`. If the system cannot start one (process limit, no address
 /// space for its stack), returns a thread that is not joinable, and `body` is not called.
 template <class Body>
 [[nodiscard]] std::thread startThread(Body&& body) {
     try {
-        return std::thread(std::forward<Body>(body));
+        return std::thread(
+            [body = std::forward<Body>(body), priority = priorityToHandOn()]() mutable {
+                takePriority(priority);
+                body();
+            });
     } catch (const std::system_error&) {
         return {};
     } catch (const std::bad_alloc&) {
@@ -22,17 +30,21 @@ template <class Body>
     }
 }
 
-/// Lowers the priority of the calling thread and of every thread that it starts afterwards, so that
-/// under CPU contention they get about a third of a normal thread's share. Cannot be undone. Does
-/// nothing if the system has no such priorities.
+// Priorities of the calling thread and of every thread that it starts afterwards, with
+// startThread(). Cannot be undone. Each does nothing if the system has no such priorities.
+
+/// For work that a user waits for (macOS: the quality of service "user-interactive").
+void makeThreadInteractive();
+
+/// Under CPU contention the threads get about a third of a normal thread's share.
 void lowerThreadPriority();
 
-/// Lets the calling thread, and every thread that it starts afterwards, have a CPU only when nobody
-/// else wants it, almost, and a disk likewise where its scheduler knows priorities (`ionice` shows
-/// "idle"). Cannot be undone. Does nothing if the system has no such priorities.
+/// The threads have a CPU only when nobody else wants it, almost, and a disk likewise where its
+/// scheduler knows priorities (`ionice` shows "idle").
 void makeThreadIdle();
 
-/// What a thread has used since it began. Fields are 0 where the system does not count them.
+/// What a thread has used since it began. Fields are 0 where the system does not count them, but
+/// `waits` grows then with each question.
 struct ThreadUse {
     std::uint64_t deviceReads =
         0;                    ///< 512-byte blocks from storage devices, not from the page cache

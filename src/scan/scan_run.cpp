@@ -92,7 +92,7 @@ void ScanRun::begin(const std::function<void(ScanWork&)>& setInputs) {
     }
     elapsedTime_.startElapsedTimeThread(now);
     scanThread_ = startThread([this] {
-        lowerPriority();
+        choosePriority();
         scanTask();
     });
     if (!scanThread_.joinable()) {
@@ -146,11 +146,17 @@ void ScanRun::freeResult() {
 }
 
 /// On the thread that starts all others of the scan but the elapsed-time thread.
-void ScanRun::lowerPriority() const {
-    if (settings_.priority == Priority::low) {
-        lowerThreadPriority();
-    } else if (settings_.priority == Priority::idle) {
-        makeThreadIdle();
+void ScanRun::choosePriority() const {
+    switch (settings_.priority) {
+        case Priority::normal:
+            makeThreadInteractive();
+            break;
+        case Priority::low:
+            lowerThreadPriority();
+            break;
+        case Priority::idle:
+            makeThreadIdle();
+            break;
     }
 }
 

@@ -142,7 +142,7 @@ class ScanRun final {
     void changeWork(std::shared_ptr<ScanWork> work);
 
     void begin(const std::function<void(ScanWork&)>& setInputs);
-    void lowerPriority() const;
+    void choosePriority() const;
     void scanTask();
     void addAllPhotos(ScanResult& result);
     void runCollection(const std::shared_ptr<ScanWork>& work);

@@ -16,6 +16,8 @@ constexpr std::uint32_t schemaVersion = 2;
 constexpr const char* settings =
     "PRAGMA journal_mode = TRUNCATE;"
     "PRAGMA synchronous = FULL;"
+    // macOS only: past the disk's own cache, too.
+    "PRAGMA fullfsync = ON;"
     "PRAGMA foreign_keys = ON;"
     "PRAGMA cell_size_check = ON;"
     "PRAGMA secure_delete = FAST;"

@@ -1,4 +1,4 @@
-#include "platform/linux/message_socket.h"
+#include "platform/posix/message_socket.h"
 
 #include "support/temporary_folder.h"
 #include "support/waiting.h"

@@ -1,7 +1,7 @@
 #include "platform/platform.h"
 
 #include "platform/linux/mount_table.h"
-#include "platform/linux/user_environment.h"
+#include "platform/linux/user_folders.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "platform/linux/running_instances.h"
+#include "platform/posix/running_instances.h"
 
 #include <fcntl.h>
 #include <poll.h>

@@ -1,4 +1,4 @@
-#include "platform/linux/running_instances.h"
+#include "platform/posix/running_instances.h"
 
 #include "platform/durable_file.h"
 #include "support/file_tree.h"

@@ -1,4 +1,4 @@
-#include "platform/linux/small_file.h"
+#include "platform/posix/small_file.h"
 
 #include "support/temporary_folder.h"
 

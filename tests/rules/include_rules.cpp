@@ -67,7 +67,8 @@ constexpr std::array layers{
           .libraries = {Library::cli11, Library::json},
           .librariesInSources = {Library::system}},
     Layer{.folder = "app",
-          .ours = {"controller/", "interface/translation.h", "platform/platform.h"},
+          .ours = {"controller/", "interface/translation.h", "platform/conventions.h",
+                   "platform/platform.h"},
           .libraries = {Library::qt}},
 };
 
@@ -78,18 +79,20 @@ struct HeaderOf {
 };
 
 constexpr std::array headers{
-    HeaderOf{"dirent.h", Library::system},     HeaderOf{"dlfcn.h", Library::system},
-    HeaderOf{"errno.h", Library::system},      HeaderOf{"fcntl.h", Library::system},
-    HeaderOf{"linux/", Library::system},       HeaderOf{"mntent.h", Library::system},
-    HeaderOf{"poll.h", Library::system},       HeaderOf{"pthread.h", Library::system},
-    HeaderOf{"pwd.h", Library::system},        HeaderOf{"signal.h", Library::system},
-    HeaderOf{"spawn.h", Library::system},      HeaderOf{"sys/", Library::system},
-    HeaderOf{"termios.h", Library::system},    HeaderOf{"unistd.h", Library::system},
-    HeaderOf{"glib.h", Library::glib},         HeaderOf{"glib/", Library::glib},
-    HeaderOf{"libheif/", Library::libheif},    HeaderOf{"openjpeg.h", Library::openjpeg},
-    HeaderOf{"plist/", Library::libplist},     HeaderOf{"sqlite3.h", Library::sqlite},
-    HeaderOf{"utf8proc.h", Library::utf8proc}, HeaderOf{"xxhash.h", Library::xxhash},
-    HeaderOf{"CLI/", Library::cli11},          HeaderOf{"nlohmann/", Library::json},
+    HeaderOf{"dirent.h", Library::system},      HeaderOf{"dlfcn.h", Library::system},
+    HeaderOf{"errno.h", Library::system},       HeaderOf{"fcntl.h", Library::system},
+    HeaderOf{"linux/", Library::system},        HeaderOf{"mntent.h", Library::system},
+    HeaderOf{"poll.h", Library::system},        HeaderOf{"pthread.h", Library::system},
+    HeaderOf{"pwd.h", Library::system},         HeaderOf{"signal.h", Library::system},
+    HeaderOf{"spawn.h", Library::system},       HeaderOf{"sys/", Library::system},
+    HeaderOf{"termios.h", Library::system},     HeaderOf{"unistd.h", Library::system},
+    HeaderOf{"glib.h", Library::glib},          HeaderOf{"glib/", Library::glib},
+    HeaderOf{"libheif/", Library::libheif},     HeaderOf{"openjpeg.h", Library::openjpeg},
+    HeaderOf{"plist/", Library::libplist},      HeaderOf{"sqlite3.h", Library::sqlite},
+    HeaderOf{"utf8proc.h", Library::utf8proc},  HeaderOf{"xxhash.h", Library::xxhash},
+    HeaderOf{"CLI/", Library::cli11},           HeaderOf{"nlohmann/", Library::json},
+    HeaderOf{"CommonCrypto/", Library::system}, HeaderOf{"mach/", Library::system},
+    HeaderOf{"objc/", Library::system},
 };
 
 bool matches(std::string_view name, std::string_view pattern) {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -162,6 +163,24 @@ TEST(IncludeRules, OnlyThePlatformReportsAndTheTerminalProgramSpeakToTheSystem) 
     EXPECT_THAT(includeBreaches("scan/a.cpp", lines),
                 ElementsAre("scan/a.cpp:1: scan/ may not include <unistd.h>",
                             "scan/a.cpp:2: scan/ may not include <sys/stat.h>"));
+}
+
+/// Words in a source that hold on one system only.
+std::vector<std::string> systemsIn(const std::string& source) {
+    static const std::regex words(
+        "__linux__|__gnu_linux__|__APPLE__|__MACH__|_WIN32|Q_OS_[A-Z]+|platform/"
+        "(linux|macos|posix)/");
+    return {std::sregex_token_iterator(source.begin(), source.end(), words), {}};
+}
+
+TEST(IncludeRules, OnlyThePlatformAsksForTheSystem) {
+    for (const std::filesystem::path& file : cppFilesBelow("src")) {
+        if (!file.string().starts_with("src/platform/")) {
+            EXPECT_THAT(systemsIn(readProjectFile(file)), IsEmpty()) << file;
+        }
+    }
+    EXPECT_THAT(systemsIn("#ifdef Q_OS_DARWIN\n#include \"platform/linux/volumes.h\"\n"),
+                ElementsAre("Q_OS_DARWIN", "platform/linux/"));
 }
 
 TEST(IncludeRules, TheOptionAndJsonLibrariesBelongToTheTerminalProgram) {

@@ -3,8 +3,8 @@
 #include "platform/linux/block_devices.h"
 #include "platform/linux/lasting_volume.h"
 #include "platform/linux/mount_table.h"
-#include "platform/linux/user_environment.h"
-#include "platform/unique_fd.h"
+#include "platform/linux/user_folders.h"
+#include "platform/posix/open_paths.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -21,7 +21,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <climits>
 #include <cstddef>
 #include <cstring>
 #include <limits>
@@ -42,45 +41,6 @@ constexpr long cachestatCall = SYS_cachestat;
 #else
 constexpr long cachestatCall = 451;
 #endif
-constexpr std::size_t maxStep = PATH_MAX - 1;  // bytes
-
-/// `openat` with a relative or absolute path, repeated if interrupted. Returns the descriptor, or a
-/// negative number with the reason in errno.
-int openAt(int directory, const char* path, int flags) {
-    int number = -1;
-    do {
-        number = ::openat(directory, path, flags);
-    } while (number < 0 && errno == EINTR);
-    return number;
-}
-
-/// The same for an absolute path of any length. The kernel takes paths shorter than PATH_MAX;
-/// longer ones are opened in steps, each relative to the folder of the step before.
-int openAnyLength(const std::string& path, int flags) {
-    if (path.size() <= maxStep) {
-        return openAt(AT_FDCWD, path.c_str(), flags);
-    }
-    // The last step must have a name in it.
-    const std::size_t length = path.find_last_not_of('/') + 1;
-    UniqueFd folder;
-    const auto directory = [&folder] { return folder ? folder.number() : AT_FDCWD; };
-    std::size_t from = 0;
-    while (length - from > maxStep) {
-        const std::size_t slash = path.rfind('/', from + maxStep - 1);
-        if (slash == std::string::npos || slash <= from) {
-            errno = ENAMETOOLONG;
-            return -1;
-        }
-        const std::string step = path.substr(from, slash - from);
-        folder = UniqueFd(openAt(directory(), step.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-        if (!folder) {
-            return -1;
-        }
-        // What follows must not begin with a slash, or it would start at the root again.
-        from = path.find_first_not_of('/', slash);
-    }
-    return openAt(directory(), path.substr(from, length - from).c_str(), flags);
-}
 
 EntryType typeOfListed(unsigned char listed) {
     switch (listed) {

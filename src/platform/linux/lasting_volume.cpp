@@ -1,6 +1,6 @@
 #include "platform/linux/lasting_volume.h"
 
-#include "platform/linux/small_file.h"
+#include "platform/posix/small_file.h"
 
 #include <sys/ioctl.h>
 #include <sys/vfs.h>

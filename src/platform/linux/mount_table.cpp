@@ -1,6 +1,6 @@
 #include "platform/linux/mount_table.h"
 
-#include "platform/linux/small_file.h"
+#include "platform/posix/small_file.h"
 
 #include <sys/sysmacros.h>
 

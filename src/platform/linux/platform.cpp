@@ -2,10 +2,10 @@
 
 #include "platform/linux/block_devices.h"
 #include "platform/linux/mount_table.h"
-#include "platform/linux/running_instances.h"
-#include "platform/linux/small_file.h"
-#include "platform/linux/user_environment.h"
+#include "platform/linux/user_folders.h"
 #include "platform/linux/volumes.h"
+#include "platform/posix/running_instances.h"
+#include "platform/posix/small_file.h"
 
 #include <cstddef>
 #include <memory>

@@ -27,6 +27,10 @@ std::chrono::nanoseconds timeOf(const timeval& time) {
 
 }  // namespace
 
+void makeThreadInteractive() {
+    // A thread of normal priority is that already.
+}
+
 void lowerThreadPriority() {
     // On Linux the nice value is per thread; PRIO_PROCESS with a thread ID changes that thread
     // only.
@@ -42,6 +46,12 @@ void makeThreadIdle() {
     static_cast<void>(
         ::syscall(SYS_ioprio_set, IOPRIO_WHO_PROCESS, 0, IOPRIO_PRIO_VALUE(IOPRIO_CLASS_IDLE, 0)));
 }
+
+int priorityToHandOn() {
+    return 0;  // Linux hands everything on
+}
+
+void takePriority(int /*priority*/) {}
 
 ThreadUse useOfThisThread() {
     rusage usage{};

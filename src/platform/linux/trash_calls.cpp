@@ -1,5 +1,7 @@
 #include "platform/linux/trash_calls.h"
 
+#include "platform/posix/exclusive_rename.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
@@ -86,7 +88,7 @@ int TrashCalls::close(int number) {
 }
 
 int TrashCalls::renameExclusively(int from, const char* name, int to, const char* newName) {
-    return outcome(::renameat2(from, name, to, newName, RENAME_NOREPLACE));
+    return tarvin::renameExclusively(from, name, to, newName);
 }
 
 int TrashCalls::rename(int from, const char* name, int to, const char* newName) {

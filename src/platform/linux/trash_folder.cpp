@@ -1,5 +1,7 @@
 #include "platform/linux/trash_folder.h"
 
+#include "platform/posix/exclusive_rename.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <utility>
@@ -19,11 +21,6 @@ constexpr std::size_t maxTrashInfoBytes = 16 * 1024;
 
 /// Bytes; what `nameInTrash` requires.
 constexpr std::size_t minNameBytes = 64;
-
-/// Whether the file system does not support RENAME_NOREPLACE.
-bool isUnknownRename(int code) {
-    return code == EINVAL || code == ENOSYS || code == EOPNOTSUPP;
-}
 
 /// Whether the file system does not support hard links.
 bool isUnknownLink(int code) {
@@ -245,7 +242,7 @@ void TrashFolder::removeTrashInfo(const std::string& name) const {
 int TrashFolder::moveIn(int from, const char* name, const char* newName) const {
     const int to = files().number();
     const int failure = calls_.renameExclusively(from, name, to, newName);
-    if (!isUnknownRename(failure)) {
+    if (!isUnsupportedRename(failure)) {
         return failure;
     }
     // The .trashinfo file reserves the name, and only this user writes here.
@@ -277,7 +274,7 @@ std::optional<TrashRefusal> TrashFolder::giveBack(const std::string& name, const
 int TrashFolder::moveOut(const char* name, int to, const char* newName) const {
     const int from = files().number();
     int failure = calls_.renameExclusively(from, name, to, newName);
-    if (!isUnknownRename(failure)) {
+    if (!isUnsupportedRename(failure)) {
         return failure;
     }
     // A hard link does not replace anything; then the first name is removed.

@@ -5,7 +5,7 @@
 #include "platform/linux/open_trashes.h"
 #include "platform/linux/trash_folder.h"
 #include "platform/linux/trash_mover.h"
-#include "platform/linux/user_environment.h"
+#include "platform/linux/user_folders.h"
 #include "platform/open_folder.h"
 
 #include <unistd.h>

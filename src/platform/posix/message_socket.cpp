@@ -1,14 +1,13 @@
-#include "platform/linux/message_socket.h"
+#include "platform/posix/message_socket.h"
 
+#include <fcntl.h>
 #include <poll.h>
-#include <sys/eventfd.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
-#include <cstdint>
 #include <optional>
 #include <utility>
 
@@ -16,8 +15,31 @@ namespace tarvin {
 
 namespace {
 
+// macOS lets a message be no longer than the buffer that it is sent from, usually 2,048 bytes.
+constexpr int bufferBytes = 16 * static_cast<int>(MessageSocket::maxMessageBytes);
+
+/// Returns whether it succeeded.
+bool closeWhenAnotherProgramStarts(int descriptor) {
+    return ::fcntl(descriptor, F_SETFD, FD_CLOEXEC) == 0;
+}
+
+/// Does not block. Empty on failure, with the reason in errno.
 UniqueFd newSocket() {
-    return UniqueFd(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+#ifdef SOCK_CLOEXEC
+    // At once, so that a process that is started meanwhile does not inherit the socket.
+    UniqueFd socket(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+#else
+    UniqueFd socket(::socket(AF_UNIX, SOCK_DGRAM, 0));
+    if (socket && (!closeWhenAnotherProgramStarts(socket.number()) ||
+                   ::fcntl(socket.number(), F_SETFL, O_NONBLOCK) != 0)) {
+        return {};
+    }
+#endif
+    for (const int buffer : {SO_SNDBUF, SO_RCVBUF}) {
+        static_cast<void>(
+            ::setsockopt(socket.number(), SOL_SOCKET, buffer, &bufferBytes, sizeof(bufferBytes)));
+    }
+    return socket;
 }
 
 /// The sockaddr_un of a path; nullopt if the path is too long.
@@ -48,15 +70,19 @@ Result<std::unique_ptr<MessageSocket>> MessageSocket::listen(
     if (!socket || ::bind(socket.number(), asAny(*address), sizeof(*address)) != 0) {
         return SystemError{errno};
     }
-    UniqueFd wake(::eventfd(0, EFD_CLOEXEC));
-    if (!wake) {
+    std::array<int, 2> ends{};
+    if (::pipe(ends.data()) != 0) {
+        return SystemError{errno};
+    }
+    Wake wake{UniqueFd(ends[0]), UniqueFd(ends[1])};
+    if (!closeWhenAnotherProgramStarts(ends[0]) || !closeWhenAnotherProgramStarts(ends[1])) {
         return SystemError{errno};
     }
     return std::unique_ptr<MessageSocket>(
         new MessageSocket(std::move(socket), std::move(wake), std::move(received)));
 }
 
-MessageSocket::MessageSocket(UniqueFd socket, UniqueFd wake,
+MessageSocket::MessageSocket(UniqueFd socket, Wake wake,
                              std::function<void(std::string_view)> received)
     : socket_(std::move(socket)),
       wake_(std::move(wake)),
@@ -64,9 +90,9 @@ MessageSocket::MessageSocket(UniqueFd socket, UniqueFd wake,
       thread_([this] { run(); }) {}
 
 MessageSocket::~MessageSocket() {
-    const std::uint64_t once = 1;
-    // An empty counter always has room.
-    [[maybe_unused]] const ssize_t written = ::write(wake_.number(), &once, sizeof(once));
+    // An empty pipe always has room. Closing it would not do: a process that was started meanwhile
+    // may hold its end, too.
+    [[maybe_unused]] const ssize_t written = ::write(wake_.writing.number(), "", 1);
     thread_.join();
 }
 
@@ -92,7 +118,7 @@ void MessageSocket::run() {
 
 /// False on destruction, or if the system call fails.
 bool MessageSocket::waitForMessage() const {
-    std::array<pollfd, 2> waited{pollfd{wake_.number(), POLLIN, 0},
+    std::array<pollfd, 2> waited{pollfd{wake_.reading.number(), POLLIN, 0},
                                  pollfd{socket_.number(), POLLIN, 0}};
     int ready = -1;
     do {

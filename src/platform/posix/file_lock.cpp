@@ -22,6 +22,15 @@ constexpr std::uint64_t turnOffset = std::uint64_t{1} << 62U;
 constexpr std::chrono::microseconds minPause{50};
 constexpr std::chrono::microseconds maxPause{5000};
 
+// Locks of an open file are not in POSIX yet.
+#ifdef F_OFD_SETLK
+constexpr int setOpenFileLock = F_OFD_SETLK;
+#else
+// macOS has them from 10.15 on, but names them only in its kernel's header (bsd/sys/fcntl.h). Where
+// the command is unknown, locking fails.
+constexpr int setOpenFileLock = 90;
+#endif
+
 /// How long a RepeatedLock assumes that its file is still the one at the path.
 constexpr std::chrono::seconds keptOpen{1};
 
@@ -50,7 +59,7 @@ int lockByte(int descriptor, std::uint64_t number, short type) {
     range.l_whence = SEEK_SET;
     range.l_start = static_cast<off_t>(number);
     range.l_len = 1;
-    while (::fcntl(descriptor, F_OFD_SETLK, &range) != 0) {
+    while (::fcntl(descriptor, setOpenFileLock, &range) != 0) {
         if (errno != EINTR) {
             return errno == EAGAIN || errno == EACCES ? EBUSY : errno;
         }

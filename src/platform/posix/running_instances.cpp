@@ -1,8 +1,9 @@
-#include "platform/linux/running_instances.h"
+#include "platform/posix/running_instances.h"
 
 #include "platform/durable_file.h"
 #include "platform/file_system.h"
-#include "platform/linux/message_socket.h"
+#include "platform/posix/descriptor_paths.h"
+#include "platform/posix/message_socket.h"
 #include "platform/unique_fd.h"
 
 #include <fcntl.h>
@@ -59,19 +60,20 @@ class PrivateFolder final {
         if (!isPrivate(folder.number())) {
             return SystemError{EACCES};
         }
-        return PrivateFolder(std::move(folder));
+        return PrivateFolder(std::move(folder), path);
     }
 
     [[nodiscard]] int number() const { return folder_.number(); }
-    /// A short path to the folder, or to an entry in it (below /proc/self/fd); valid during the
-    /// lifetime of this object.
-    [[nodiscard]] std::string path() const { return "/proc/self/fd/" + std::to_string(number()); }
+    /// A path to the folder, or to an entry in it; valid during the lifetime of this object.
+    [[nodiscard]] std::string path() const { return pathThrough(number(), path_); }
     [[nodiscard]] std::string pathOf(const std::string& name) const { return path() + '/' + name; }
 
  private:
-    explicit PrivateFolder(UniqueFd folder) : folder_(std::move(folder)) {}
+    PrivateFolder(UniqueFd folder, std::string path)
+        : folder_(std::move(folder)), path_(std::move(path)) {}
 
     UniqueFd folder_;
+    std::string path_;  // by which it was opened
 };
 
 std::string nameOf(std::uint64_t number, std::string_view suffix) {
@@ -260,9 +262,9 @@ void InstanceFiles::obey(const InstanceRequests& requests, std::string_view mess
     }
 }
 
-class LinuxRunningInstances final : public RunningInstances {
+class FolderRunningInstances final : public RunningInstances {
  public:
-    LinuxRunningInstances(std::vector<std::string> folders, std::chrono::milliseconds patience)
+    FolderRunningInstances(std::vector<std::string> folders, std::chrono::milliseconds patience)
         : folders_(std::move(folders)), patience_(patience) {}
 
     Result<RunningInstance> join(InstanceRequests requests) override {
@@ -333,7 +335,7 @@ class LinuxRunningInstances final : public RunningInstances {
 
 std::unique_ptr<RunningInstances> makeRunningInstances(std::vector<std::string> folders,
                                                        std::chrono::milliseconds patience) {
-    return std::make_unique<LinuxRunningInstances>(std::move(folders), patience);
+    return std::make_unique<FolderRunningInstances>(std::move(folders), patience);
 }
 
 }  // namespace tarvin

@@ -4,7 +4,7 @@ namespace tarvin {
 
 namespace {
 
-class LinuxClock final : public Clock {
+class SystemClock final : public Clock {
  public:
     Timestamp now() override {
         return std::chrono::time_point_cast<Timestamp::duration>(std::chrono::system_clock::now());
@@ -18,7 +18,7 @@ class LinuxClock final : public Clock {
 }  // namespace
 
 Clock& systemClock() {
-    static LinuxClock clock;
+    static SystemClock clock;
     return clock;
 }
 

@@ -1,5 +1,7 @@
 #include "platform/durable_file.h"
 
+#include "platform/posix/exclusive_rename.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -26,11 +28,10 @@ SystemError lastError() {
 /// Returns false with errno EEXIST if `to` exists. Some file systems cannot check and rename in one
 /// step; there the caller's lock excludes other instances in between.
 bool renameToFree(const std::string& from, const std::string& to) {
-    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
-        return true;
-    }
-    if (errno != EINVAL && errno != ENOSYS) {
-        return false;
+    const int failure = renameExclusively(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str());
+    if (!isUnsupportedRename(failure)) {
+        errno = failure;
+        return failure == 0;
     }
     struct stat status{};
     if (::lstat(to.c_str(), &status) == 0) {

@@ -33,13 +33,19 @@ class MessageSocket final {
     static bool send(const std::string& path, std::string_view message);
 
  private:
-    MessageSocket(UniqueFd socket, UniqueFd wake, std::function<void(std::string_view)> received);
+    /// A pipe.
+    struct Wake {
+        UniqueFd reading;
+        UniqueFd writing;
+    };
+
+    MessageSocket(UniqueFd socket, Wake wake, std::function<void(std::string_view)> received);
 
     void run();
     [[nodiscard]] bool waitForMessage() const;
 
     const UniqueFd socket_;
-    const UniqueFd wake_;  // becomes readable on destruction
+    const Wake wake_;  // becomes readable on destruction
     const std::function<void(std::string_view)> received_;
     std::thread thread_;
 };

@@ -1,0 +1,17 @@
+#include "platform/posix/exclusive_rename.h"
+
+#include <cerrno>
+#include <cstdio>
+
+namespace tarvin {
+
+int renameExclusively(int from, const char* name, int to, const char* newName) {
+    return ::renameatx_np(from, name, to, newName, RENAME_EXCL) == 0 ? 0 : errno;
+}
+
+bool isUnsupportedRename(int failure) {
+    // EINVAL: a file system that does not know the flag, such as an older network volume.
+    return failure == ENOTSUP || failure == EINVAL;
+}
+
+}  // namespace tarvin

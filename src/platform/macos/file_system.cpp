@@ -1,0 +1,371 @@
+#include "platform/file_system.h"
+
+#include "platform/macos/mount_list.h"
+#include "platform/macos/mounts.h"
+#include "platform/macos/rotational_disks.h"
+#include "platform/macos/user_folders.h"
+#include "platform/posix/open_paths.h"
+#include "platform/posix/small_file.h"
+#include "platform/posix/user_environment.h"
+#include "platform/unique_fd.h"
+
+#include <fcntl.h>
+#include <sys/attr.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syslimits.h>
+#include <sys/unistd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstddef>
+#include <cstring>
+#include <limits>
+#include <string_view>
+
+namespace tarvin {
+
+namespace {
+
+constexpr int directoryFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
+// Does not wait for the other end of a pipe and does not take over a terminal.
+constexpr int fileFlags = O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY;
+
+std::optional<Timestamp> toTimestamp(const timespec& time) {
+    constexpr std::int64_t perSecond = 1'000'000'000;
+    constexpr std::int64_t lastSecond = std::numeric_limits<std::int64_t>::max() / perSecond - 1;
+    if (time.tv_sec > lastSecond) {
+        return Timestamp::max();
+    }
+    if (time.tv_sec < -lastSecond) {
+        return Timestamp(std::chrono::seconds(-lastSecond));
+    }
+    return Timestamp(std::chrono::nanoseconds(time.tv_sec * perSecond + time.tv_nsec));
+}
+
+/// nullopt for a date that the file system does not have: it is -1 or 0 then.
+std::optional<Timestamp> dateOfCreation(const timespec& time) {
+    return time.tv_sec > 0 ? toTimestamp(time) : std::nullopt;
+}
+
+FileAttributes toAttributes(const struct stat& from) {
+    FileAttributes attributes;
+    if (S_ISREG(from.st_mode)) {
+        attributes.type = EntryType::regular;
+    } else if (S_ISDIR(from.st_mode)) {
+        attributes.type = EntryType::directory;
+    } else {
+        attributes.type = EntryType::other;
+    }
+    attributes.immutable = (from.st_flags & (UF_IMMUTABLE | SF_IMMUTABLE)) != 0;
+    attributes.size = static_cast<std::uint64_t>(from.st_size);
+    attributes.modified = toTimestamp(from.st_mtimespec);
+    attributes.created = dateOfCreation(from.st_birthtimespec);
+    attributes.changed = toTimestamp(from.st_ctimespec);
+    attributes.linkCount = from.st_nlink;
+    // Negative numbers of devices exist; the list of mounts has them, too (mount_list.cpp).
+    attributes.identity = {static_cast<std::uint32_t>(from.st_dev), from.st_ino};
+    return attributes;
+}
+
+/// A file of a cloud service whose content is not on this computer. Reading it, or listing such a
+/// folder, would download it.
+bool isInCloudOnly(const struct stat& status) {
+    return (status.st_flags & SF_DATALESS) != 0;
+}
+
+Result<FileAttributes> attributesFrom(int directory, const char* name, int flags) {
+    struct stat answer{};
+    while (::fstatat(directory, name, &answer, flags) != 0) {
+        if (errno != EINTR) {
+            return SystemError{errno};
+        }
+    }
+    return toAttributes(answer);
+}
+
+/// nullopt if nothing is there.
+std::optional<FileIdentity> identityAt(const std::optional<std::string>& path) {
+    if (!path) {
+        return std::nullopt;
+    }
+    const Result<FileAttributes> attributes = attributesFrom(AT_FDCWD, path->c_str(), 0);
+    return attributes ? std::optional(attributes->identity) : std::nullopt;
+}
+
+// The values of ATTR_CMN_OBJTYPE, "enum vtype" in <sys/vnode.h>, which not all SDKs have.
+constexpr fsobj_type_t noType = 0;
+constexpr fsobj_type_t regularFile = 1;
+constexpr fsobj_type_t directory = 2;
+
+EntryType typeOfListed(fsobj_type_t listed) {
+    switch (listed) {
+        case regularFile:
+            return EntryType::regular;
+        case directory:
+            return EntryType::directory;
+        case noType:
+            return EntryType::unknown;
+        default:
+            return EntryType::other;
+    }
+}
+
+/// Reads the fields of one record of `getattrlistbulk`, which follow each other without gaps, in an
+/// order that the manual page of `getattrlist` describes.
+class RecordReader final {
+ public:
+    explicit RecordReader(const std::byte* at) : at_(at) {}
+
+    [[nodiscard]] const std::byte* at() const { return at_; }
+    template <typename Field>
+    Field next() {
+        Field field{};
+        std::memcpy(&field, at_, sizeof(field));
+        at_ += sizeof(field);
+        return field;
+    }
+
+ private:
+    const std::byte* at_;
+};
+
+class MacFileSystem final : public FileSystem {
+ public:
+    MacFileSystem() {
+        // Content that is only in the cloud is not fetched: the system answers EDEADLK, also where
+        // the checks below come too early.
+        static_cast<void>(::setiopolicy_np(IOPOL_TYPE_VFS_MATERIALIZE_DATALESS_FILES,
+                                           IOPOL_SCOPE_PROCESS,
+                                           IOPOL_MATERIALIZE_DATALESS_FILES_OFF));
+        // The usual limit of open files is 256.
+        rlimit limit{};
+        if (::getrlimit(RLIMIT_NOFILE, &limit) == 0 && limit.rlim_cur < OPEN_MAX) {
+            limit.rlim_cur = std::min<rlim_t>(OPEN_MAX, limit.rlim_max);
+            static_cast<void>(::setrlimit(RLIMIT_NOFILE, &limit));
+        }
+    }
+
+    Result<Descriptor> openRootDirectory(const std::string& path) override {
+        return opened(openAnyLength(path, directoryFlags));
+    }
+
+    Result<Descriptor> openDirectory(const std::string& path) override {
+        return opened(openAnyLength(path, directoryFlags | O_NOFOLLOW));
+    }
+
+    Result<Descriptor> openDirectoryAt(const Descriptor& parent, const char* name) override {
+        return opened(openAt(parent.number(), name, directoryFlags | O_NOFOLLOW));
+    }
+
+    Result<bool> listEntries(const Descriptor& folder, EntryBlock& block) override {
+        block.clear();
+        const std::span<std::byte> room = block.bytes();
+        attrlist wanted{};
+        wanted.bitmapcount = ATTR_BIT_MAP_COUNT;
+        wanted.commonattr = ATTR_CMN_RETURNED_ATTRS | ATTR_CMN_NAME | ATTR_CMN_ERROR |
+                            ATTR_CMN_OBJTYPE | ATTR_CMN_FILEID;
+        int count = -1;
+        do {
+            count = ::getattrlistbulk(folder.number(), &wanted, room.data(), room.size(), 0);
+        } while (count < 0 && errno == EINTR);
+        if (count < 0) {
+            return SystemError{errno};
+        }
+        const std::byte* record = room.data();
+        for (int left = count; left > 0; --left) {
+            record = addListed(record, block);
+        }
+        return count > 0;
+    }
+
+    Result<FileAttributes> attributesAt(const Descriptor& directory, const char* name) override {
+        return attributesFrom(directory.number(), name, AT_SYMLINK_NOFOLLOW);
+    }
+
+    Result<FileAttributes> targetAttributesAt(const Descriptor& directory,
+                                              const char* name) override {
+        return attributesFrom(directory.number(), name, 0);
+    }
+
+    Result<FileAttributes> attributesAtPath(const std::string& path) override {
+        if (path.size() < PATH_MAX) {
+            return attributesFrom(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW);
+        }
+        const std::size_t slash = path.rfind('/', path.find_last_not_of('/'));
+        const UniqueFd folder(
+            openAnyLength(path.substr(0, slash), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        return folder
+                   ? attributesFrom(folder.number(), path.c_str() + slash + 1, AT_SYMLINK_NOFOLLOW)
+                   : Result<FileAttributes>(SystemError{errno});
+    }
+
+    Result<FileAttributes> attributesOf(const Descriptor& descriptor) override {
+        struct stat answer{};
+        while (::fstat(descriptor.number(), &answer) != 0) {
+            if (errno != EINTR) {
+                return SystemError{errno};
+            }
+        }
+        return toAttributes(answer);
+    }
+
+    Result<Descriptor> openFile(const std::string& path) override {
+        return opened(openAnyLength(path, fileFlags));
+    }
+
+    Result<Descriptor> openFileAt(const Descriptor& folder, const char* name) override {
+        return opened(openAt(folder.number(), name, fileFlags));
+    }
+
+    Result<Descriptor> openFolderOfFiles(const std::string& path) override {
+        return opened(openAnyLength(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    }
+
+    Result<std::size_t> readAtLeast(const Descriptor& file, std::uint64_t offset,
+                                    std::span<std::byte> into, std::size_t enough) override {
+        std::size_t filled = 0;
+        while (filled < enough) {
+            const ssize_t got = ::pread(file.number(), into.data() + filled, into.size() - filled,
+                                        static_cast<off_t>(offset + filled));
+            if (got < 0 && errno == EINTR) {
+                continue;
+            }
+            if (got < 0) {
+                return SystemError{errno};
+            }
+            if (got == 0) {
+                break;
+            }
+            filled += static_cast<std::size_t>(got);
+        }
+        return filled;
+    }
+
+    /// There is no such call: nothing counts as cached.
+    Result<std::size_t> readCachedAt(const Descriptor& /*file*/, std::uint64_t /*offset*/,
+                                     std::span<std::byte> /*into*/) override {
+        return std::size_t{0};
+    }
+
+    void disableReadAhead(const Descriptor& file) override {
+        static_cast<void>(::fcntl(file.number(), F_RDAHEAD, 0));
+    }
+
+    std::optional<std::uint64_t> placeOnDevice(const Descriptor& file,
+                                               std::uint64_t offset) override {
+        log2phys place{};
+        place.l2p_contigbytes = 1;
+        place.l2p_devoffset = static_cast<off_t>(offset);
+        const bool isKnown = ::fcntl(file.number(), F_LOG2PHYS_EXT, &place) == 0;
+        // Negative for a hole.
+        return isKnown && place.l2p_devoffset >= 0
+                   ? std::optional(static_cast<std::uint64_t>(place.l2p_devoffset))
+                   : std::nullopt;
+    }
+
+    void readAhead(const Descriptor& file, std::uint64_t offset, std::uint64_t bytes) override {
+        radvisory request{};
+        request.ra_offset = static_cast<off_t>(offset);
+        request.ra_count = static_cast<int>(std::min<std::uint64_t>(bytes, INT_MAX));
+        static_cast<void>(::fcntl(file.number(), F_RDADVISE, &request));
+    }
+
+    bool isPseudoFileSystem(std::uint64_t device) override {
+        // Not cached: device numbers are reused, and only mount points are checked.
+        const std::vector<macos::Mount> mounts = macos::readMounts();
+        return std::any_of(mounts.begin(), mounts.end(), [device](const macos::Mount& mount) {
+            return mount.device == device && macos::isPseudoFileSystemType(mount.fileSystemType);
+        });
+    }
+
+    bool isRotational(std::uint64_t device) override {
+        return macos::rotationalDiskUnder(device).has_value();
+    }
+
+    std::uint64_t rotationalDiskOf(std::uint64_t device) override {
+        return macos::rotationalDiskUnder(device).value_or(device);
+    }
+
+    // lastingVolumeName() stays without an answer: when bytes written through a mapping change the
+    // date of their file is not documented, so an unchanged date does not prove unchanged content.
+
+    std::vector<MountedFolder> mountedFolders() override {
+        constexpr std::size_t maxFirmlinksBytes = std::size_t{1} << 20U;
+        return macos::mountedFoldersOf(
+            macos::readMounts(),
+            readSmallFile("/usr/share/firmlinks", maxFirmlinksBytes).value_or(""));
+    }
+
+    std::optional<FileIdentity> homeTrash() override {
+        return identityAt(macos::homeTrashFolder(processEnvironment()));
+    }
+
+    std::optional<FileIdentity> ownFolder() override {
+        return identityAt(macos::applicationSupportFolderOf(processEnvironment()));
+    }
+
+    std::size_t descriptorLimit() override {
+        rlimit limit{};
+        if (::getrlimit(RLIMIT_NOFILE, &limit) != 0) {
+            return 256;
+        }
+        return static_cast<std::size_t>(std::min<rlim_t>(limit.rlim_cur, OPEN_MAX));
+    }
+
+ protected:
+    void close(int number) override { ::close(number); }
+
+ private:
+    /// Refuses what is only in the cloud: opening it is harmless, using it would download it.
+    Result<Descriptor> opened(int number) {
+        if (number < 0) {
+            return SystemError{errno};
+        }
+        Descriptor descriptor(*this, number);
+        struct stat status{};
+        if (::fstat(number, &status) == 0 && isInCloudOnly(status)) {
+            return SystemError{EDEADLK};
+        }
+        return descriptor;
+    }
+
+    /// Returns where the next record begins.
+    static const std::byte* addListed(const std::byte* record, EntryBlock& block) {
+        RecordReader fields(record);
+        const auto length = fields.next<std::uint32_t>();
+        const auto returned = fields.next<attribute_set_t>();
+        const auto has = [&returned](attrgroup_t attribute) {
+            return (returned.commonattr & attribute) != 0;
+        };
+        if (has(ATTR_CMN_ERROR)) {
+            // The entry has a name, but its attributes cannot be read.
+            static_cast<void>(fields.next<std::uint32_t>());
+        }
+        const char* name = nullptr;
+        if (has(ATTR_CMN_NAME)) {
+            const std::byte* const reference = fields.at();
+            const auto place = fields.next<attrreference_t>();
+            const void* const text = reference + place.attr_dataoffset;
+            name = static_cast<const char*>(text);
+        }
+        const auto type = has(ATTR_CMN_OBJTYPE) ? fields.next<fsobj_type_t>() : noType;
+        const auto inode = has(ATTR_CMN_FILEID) ? fields.next<std::uint64_t>() : 0;
+        if (name != nullptr && std::string_view(name) != "." && std::string_view(name) != "..") {
+            block.add(name, typeOfListed(type), inode);
+        }
+        return record + length;
+    }
+};
+
+}  // namespace
+
+FileSystem& systemFileSystem() {
+    // Never destroyed: an abandoned thread may return from a call while the process exits.
+    static auto* const fileSystem = new MacFileSystem;
+    return *fileSystem;
+}
+
+}  // namespace tarvin
