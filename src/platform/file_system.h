@@ -185,13 +185,11 @@ class FileSystem {
 
     /// Whether the device is a pseudo file system (procfs, sysfs and the like).
     virtual bool isPseudoFileSystem(std::uint64_t device) = 0;
-    /// Whether the device is a rotational disk, on which two readers are slower than one. This and
-    /// isPseudoFileSystem() take some tenths of a millisecond.
-    virtual bool isRotational(std::uint64_t device) = 0;
     /// A number of the rotational disk that holds the device, which all its partitions and volumes
-    /// have in common; of a volume on several, that of one. Meaningless for other devices. Takes as
-    /// long as isRotational().
-    virtual std::uint64_t rotationalDiskOf(std::uint64_t device) { return device; }
+    /// have in common; of a volume on several, that of one. nullopt if the device is on no such
+    /// disk, or nobody knows. Two readers of one such disk are slower than one. This and
+    /// isPseudoFileSystem() take some tenths of a millisecond.
+    virtual std::optional<std::uint64_t> rotationalDiskOf(std::uint64_t device) = 0;
     /// A name of the file system that holds `folder`, which no other file system has and which
     /// outlives unmounting: with it, a file's inode number, size and dates identify its content at
     /// any later time. nullopt if the file system has no such name, does not keep inode numbers, or

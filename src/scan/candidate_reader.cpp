@@ -325,10 +325,8 @@ std::mutex* CandidateReader::onlyReaderOf(std::uint64_t device) {
     const std::lock_guard lock(devicesMutex_);
     auto known = devices_.find(device);
     if (known == devices_.end()) {
-        std::mutex* const gate = fileSystem_.isRotational(device)
-                                     ? &disks_[fileSystem_.rotationalDiskOf(device)]
-                                     : nullptr;
-        known = devices_.emplace(device, gate).first;
+        const std::optional<std::uint64_t> disk = fileSystem_.rotationalDiskOf(device);
+        known = devices_.emplace(device, disk ? &disks_[*disk] : nullptr).first;
     }
     if (known->second == nullptr) {
         freelyRead_.store(device, std::memory_order_relaxed);

@@ -48,11 +48,7 @@ std::optional<std::uint64_t> ReadAhead::rotationalDiskOf(const Directory& folder
     const std::lock_guard lock(mutex_);
     auto known = disks_.find(device);
     if (known == disks_.end()) {
-        FileSystem& fileSystem = services_.fileSystem;
-        const auto disk = fileSystem.isRotational(device)
-                              ? std::optional(fileSystem.rotationalDiskOf(device))
-                              : std::nullopt;
-        known = disks_.emplace(device, disk).first;
+        known = disks_.emplace(device, services_.fileSystem.rotationalDiskOf(device)).first;
     }
     return known->second;
 }

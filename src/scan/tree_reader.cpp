@@ -616,7 +616,7 @@ std::optional<SystemError> TreeReader::open(Listing& listing) {
     }
     const std::uint64_t device = attributes->identity.device;
     if (!isOnDeviceOfItsParent(listing, device)) {
-        listing.isOnRotationalDisk = fileSystem_.isRotational(device);
+        listing.isOnRotationalDisk = fileSystem_.rotationalDiskOf(device).has_value();
     }
     examineVolume(listing, attributes->identity, *opened);
     if (isNotWalked(listing, attributes->identity)) {

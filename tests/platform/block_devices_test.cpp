@@ -50,7 +50,7 @@ class BlockDevices : public testing::Test {
     void setMounts(std::string_view text) { tree_.writeFile("mounts", text); }
 
     [[nodiscard]] bool isRotational(unsigned major, unsigned minor) const {
-        return isRotationalDevice(makedev(major, minor), tree_.path(), tree_.pathOf("mounts"));
+        return rotationalDisk(major, minor).has_value();
     }
 
     [[nodiscard]] std::optional<std::uint64_t> rotationalDisk(unsigned major,
@@ -166,7 +166,7 @@ TEST_F(BlockDevices, CircularStackEndsTheSearch) {
 TEST_F(BlockDevices, UnknownDeviceIsNeither) {
     EXPECT_FALSE(isRotational(8, 0));
     EXPECT_FALSE(isRemovable(8, 0));
-    EXPECT_FALSE(isRotationalDevice(makedev(8, 0), tree_.pathOf("missing")));
+    EXPECT_FALSE(rotationalDiskUnder(makedev(8, 0), tree_.pathOf("missing")));
     EXPECT_FALSE(isRemovableDevice(makedev(8, 0), tree_.pathOf("missing")));
 }
 

@@ -876,7 +876,7 @@ TEST_F(FileSystemDevices, OfTheTemporaryFolderAreNotPseudo) {
 TEST_F(FileSystemDevices, UnknownOnesAreOrdinary) {
     // Major number 4095 is not assigned.
     EXPECT_FALSE(fileSystem_.isPseudoFileSystem(0xFFF00));
-    EXPECT_FALSE(fileSystem_.isRotational(0xFFF00));
+    EXPECT_FALSE(fileSystem_.rotationalDiskOf(0xFFF00));
 }
 
 TEST_F(FileSystemDevices, AreQueriedOnManyThreads) {
@@ -887,8 +887,9 @@ TEST_F(FileSystemDevices, AreQueriedOnManyThreads) {
         threads.emplace_back([&, thread] {
             for (std::uint64_t number = 0; number < 50; ++number) {
                 pseudo += fileSystem_.isPseudoFileSystem(device) ? 1 : 0;
-                static_cast<void>(fileSystem_.isRotational(device));
-                static_cast<void>(fileSystem_.isRotational(0xFFF00 + thread * 10 + number % 10));
+                static_cast<void>(fileSystem_.rotationalDiskOf(device));
+                static_cast<void>(
+                    fileSystem_.rotationalDiskOf(0xFFF00 + thread * 10 + number % 10));
             }
         });
     }

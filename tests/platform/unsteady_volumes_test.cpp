@@ -66,7 +66,7 @@ class Answers final : public FileSystem {
     }
     void readAhead(const Descriptor&, std::uint64_t, std::uint64_t) override {}
     bool isPseudoFileSystem(std::uint64_t) override { return false; }
-    bool isRotational(std::uint64_t) override { return false; }
+    std::optional<std::uint64_t> rotationalDiskOf(std::uint64_t) override { return std::nullopt; }
     std::optional<FileIdentity> homeTrash() override { return std::nullopt; }
     std::optional<FileIdentity> ownFolder() override { return std::nullopt; }
     std::size_t descriptorLimit() override { return 8; }

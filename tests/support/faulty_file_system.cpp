@@ -401,21 +401,14 @@ bool FaultyFileSystem::isPseudoFileSystem(std::uint64_t device) {
     return real_.isPseudoFileSystem(device);
 }
 
-bool FaultyFileSystem::isRotational(std::uint64_t device) {
+std::optional<std::uint64_t> FaultyFileSystem::rotationalDiskOf(std::uint64_t device) {
     {
         const std::lock_guard lock(mutex_);
-        if (rotational_) {
-            return *rotational_;
+        if (rotational_ && !*rotational_) {
+            return std::nullopt;
         }
-    }
-    return real_.isRotational(device);
-}
-
-std::uint64_t FaultyFileSystem::rotationalDiskOf(std::uint64_t device) {
-    {
-        const std::lock_guard lock(mutex_);
-        if (rotationalDisk_) {
-            return *rotationalDisk_;
+        if (rotationalDisk_ || rotational_) {
+            return rotationalDisk_.value_or(device);
         }
     }
     return real_.rotationalDiskOf(device);

@@ -81,9 +81,9 @@ class FaultyFileSystem final : public FileSystem {
     void setDescriptorLimit(std::size_t limit);
     /// Makes every open fail with EMFILE while `max` descriptors are open.
     void refuseMoreDescriptorsThan(std::size_t max);
-    /// Sets the result of isRotational() for every device.
+    /// Makes every device a rotational disk of its own, or none.
     void setRotational(bool rotational);
-    /// Sets the result of rotationalDiskOf() for every device.
+    /// Makes every device a part of the same rotational disk, unless none is.
     void setRotationalDisk(std::uint64_t disk);
     /// Sets the result of isPseudoFileSystem() for this device.
     void setPseudoFileSystem(std::uint64_t device, bool pseudo);
@@ -169,8 +169,7 @@ class FaultyFileSystem final : public FileSystem {
                                                std::uint64_t offset) override;
     void readAhead(const Descriptor& file, std::uint64_t offset, std::uint64_t bytes) override;
     bool isPseudoFileSystem(std::uint64_t device) override;
-    bool isRotational(std::uint64_t device) override;
-    std::uint64_t rotationalDiskOf(std::uint64_t device) override;
+    std::optional<std::uint64_t> rotationalDiskOf(std::uint64_t device) override;
     /// That of setVolumeName(), or the real one.
     std::optional<std::string> lastingVolumeName(const std::string& folder,
                                                  std::uint64_t device) override;

@@ -154,11 +154,6 @@ bool isRemovableDisk(const path& disk, const path& sysfsRoot) {
 
 }  // namespace
 
-bool isRotationalDevice(std::uint64_t device, const std::string& sysfsRoot,
-                        const std::string& mountTable) {
-    return rotationalDiskUnder(device, sysfsRoot, mountTable).has_value();
-}
-
 std::optional<std::uint64_t> rotationalDiskUnder(std::uint64_t device, const std::string& sysfsRoot,
                                                  const std::string& mountTable) {
     const auto root = resolved(sysfsRoot);

@@ -11,19 +11,15 @@ namespace tarvin {
 // Properties of the disks under a file system, from sysfs. `device` is an `st_dev`. A stacked
 // volume (encryption, LVM, RAID) counts as its disks, a partition as its disk. A device number
 // without a block device (btrfs, for example) is looked up in the mount table, which may be long:
-// call once per device. Unknown counts as false. Any thread.
+// call once per device. Unknown counts as none. Any thread.
 
-/// Whether a disk under the file system is rotational. For a btrfs subvolume: whether any btrfs
-/// volume is, because its device number does not identify the volume.
+/// A number of the first rotational disk under the file system: the same for all partitions and
+/// volumes whose first one it is, and no device number. nullopt if there is none. For a btrfs
+/// subvolume: that of any btrfs volume, because its device number does not identify the volume.
 ///
 /// A paravirtual disk ("vda", "xvda") reports the kernel's default, "rotational", for every medium.
 /// That would give every virtual machine one reader at a time, so such disks count as not
 /// rotational.
-[[nodiscard]] bool isRotationalDevice(std::uint64_t device, const std::string& sysfsRoot = "/sys",
-                                      const std::string& mountTable = mountInfoFile);
-
-/// A number of the first rotational disk under the file system: the same for all partitions and
-/// volumes whose first one it is, and no device number. nullopt if there is none.
 [[nodiscard]] std::optional<std::uint64_t> rotationalDiskUnder(
     std::uint64_t device, const std::string& sysfsRoot = "/sys",
     const std::string& mountTable = mountInfoFile);

@@ -279,10 +279,8 @@ class LinuxFileSystem final : public FileSystem {
                });
     }
 
-    bool isRotational(std::uint64_t device) override { return isRotationalDevice(device); }
-
-    std::uint64_t rotationalDiskOf(std::uint64_t device) override {
-        return rotationalDiskUnder(device).value_or(device);
+    std::optional<std::uint64_t> rotationalDiskOf(std::uint64_t device) override {
+        return rotationalDiskUnder(device);
     }
 
     std::optional<std::string> lastingVolumeName(const std::string& folder,

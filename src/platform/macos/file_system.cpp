@@ -281,12 +281,8 @@ class MacFileSystem final : public FileSystem {
         });
     }
 
-    bool isRotational(std::uint64_t device) override {
-        return macos::rotationalDiskUnder(device).has_value();
-    }
-
-    std::uint64_t rotationalDiskOf(std::uint64_t device) override {
-        return macos::rotationalDiskUnder(device).value_or(device);
+    std::optional<std::uint64_t> rotationalDiskOf(std::uint64_t device) override {
+        return macos::rotationalDiskUnder(device);
     }
 
     // lastingVolumeName() stays without an answer: when bytes written through a mapping change the
