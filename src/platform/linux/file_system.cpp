@@ -5,13 +5,13 @@
 #include "platform/linux/mount_table.h"
 #include "platform/linux/user_folders.h"
 #include "platform/posix/open_paths.h"
+#include "platform/posix/posix_file_system.h"
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <linux/fiemap.h>
 #include <linux/fs.h>
 #include <sys/ioctl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/sysmacros.h>
@@ -23,16 +23,12 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstring>
-#include <limits>
 #include <utility>
 
 namespace tarvin {
 
 namespace {
 
-constexpr int directoryFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
-// Does not wait for the other end of a pipe and does not take over a terminal.
-constexpr int fileFlags = O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY;
 constexpr unsigned attributeMask =
     STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_CTIME | STATX_BTIME | STATX_INO | STATX_NLINK;
 // Headers older than Linux 6.5 do not name it. The same on all architectures but Alpha.
@@ -55,75 +51,28 @@ EntryType typeOfListed(unsigned char listed) {
     }
 }
 
-std::optional<Timestamp> toTimestamp(const statx_timestamp& time) {
-    constexpr std::int64_t perSecond = 1'000'000'000;
-    constexpr std::int64_t lastSecond = std::numeric_limits<std::int64_t>::max() / perSecond - 1;
-    if (time.tv_sec > lastSecond) {
-        return Timestamp::max();
-    }
-    if (time.tv_sec < -lastSecond) {
-        return Timestamp(std::chrono::seconds(-lastSecond));
-    }
-    return Timestamp(std::chrono::nanoseconds(time.tv_sec * perSecond + time.tv_nsec));
-}
-
 FileAttributes toAttributes(const struct statx& from) {
     FileAttributes attributes;
-    if (S_ISREG(from.stx_mode)) {
-        attributes.type = EntryType::regular;
-    } else if (S_ISDIR(from.stx_mode)) {
-        attributes.type = EntryType::directory;
-    } else {
-        attributes.type = EntryType::other;
-    }
+    attributes.type = typeOfMode(from.stx_mode);
     attributes.immutable = (from.stx_attributes & STATX_ATTR_IMMUTABLE) != 0;
     attributes.size = from.stx_size;
     if ((from.stx_mask & STATX_MTIME) != 0) {
-        attributes.modified = toTimestamp(from.stx_mtime);
+        attributes.modified = timestampFrom(from.stx_mtime);
     }
     if ((from.stx_mask & STATX_BTIME) != 0) {
-        attributes.created = toTimestamp(from.stx_btime);
+        attributes.created = timestampFrom(from.stx_btime);
     }
     if ((from.stx_mask & STATX_CTIME) != 0) {
-        attributes.changed = toTimestamp(from.stx_ctime);
+        attributes.changed = timestampFrom(from.stx_ctime);
     }
     attributes.linkCount = from.stx_nlink;
     attributes.identity = {makedev(from.stx_dev_major, from.stx_dev_minor), from.stx_ino};
     return attributes;
 }
 
-Result<FileAttributes> attributesFrom(int directory, const char* name, int flags) {
-    struct statx answer{};
-    while (::statx(directory, name, flags | AT_NO_AUTOMOUNT, attributeMask, &answer) != 0) {
-        if (errno != EINTR) {
-            return SystemError{errno};
-        }
-    }
-    return toAttributes(answer);
-}
-
-/// nullopt if nothing is there.
-std::optional<FileIdentity> identityAt(const std::optional<std::string>& path) {
-    if (!path) {
-        return std::nullopt;
-    }
-    const Result<FileAttributes> attributes = attributesFrom(AT_FDCWD, path->c_str(), 0);
-    return attributes ? std::optional(attributes->identity) : std::nullopt;
-}
-
-class LinuxFileSystem final : public FileSystem {
+class LinuxFileSystem final : public PosixFileSystem {
  public:
-    Result<Descriptor> openRootDirectory(const std::string& path) override {
-        return opened(openAnyLength(path, directoryFlags));
-    }
-
-    Result<Descriptor> openDirectory(const std::string& path) override {
-        return opened(openAnyLength(path, directoryFlags | O_NOFOLLOW));
-    }
-
-    Result<Descriptor> openDirectoryAt(const Descriptor& parent, const char* name) override {
-        return opened(openAt(parent.number(), name, directoryFlags | O_NOFOLLOW));
-    }
+    LinuxFileSystem() : PosixFileSystem(1'000'000) {}
 
     Result<bool> listEntries(const Descriptor& directory, EntryBlock& block) override {
         block.clear();
@@ -140,15 +89,6 @@ class LinuxFileSystem final : public FileSystem {
             addListed(room.first(static_cast<std::size_t>(filled)), block);
         } while (filled != 0 && block.entries().empty());
         return filled > 0;
-    }
-
-    Result<FileAttributes> attributesAt(const Descriptor& directory, const char* name) override {
-        return attributesFrom(directory.number(), name, AT_SYMLINK_NOFOLLOW);
-    }
-
-    Result<FileAttributes> targetAttributesAt(const Descriptor& directory,
-                                              const char* name) override {
-        return attributesFrom(directory.number(), name, 0);
     }
 
     Result<FileAttributes> attributesAtPath(const std::string& path) override {
@@ -186,26 +126,6 @@ class LinuxFileSystem final : public FileSystem {
 
     Result<Descriptor> openFolderOfFiles(const std::string& path) override {
         return opened(openAnyLength(path, O_PATH | O_DIRECTORY | O_CLOEXEC));
-    }
-
-    Result<std::size_t> readAtLeast(const Descriptor& file, std::uint64_t offset,
-                                    std::span<std::byte> into, std::size_t enough) override {
-        std::size_t filled = 0;
-        while (filled < enough) {
-            const ssize_t got = ::pread(file.number(), into.data() + filled, into.size() - filled,
-                                        static_cast<off_t>(offset + filled));
-            if (got < 0 && errno == EINTR) {
-                continue;
-            }
-            if (got < 0) {
-                return SystemError{errno};
-            }
-            if (got == 0) {
-                break;
-            }
-            filled += static_cast<std::size_t>(got);
-        }
-        return filled;
     }
 
     Result<std::size_t> readCachedAt(const Descriptor& file, std::uint64_t offset,
@@ -311,16 +231,16 @@ class LinuxFileSystem final : public FileSystem {
         return identityAt(applicationSupportFolderOf(processEnvironment()));
     }
 
-    std::size_t descriptorLimit() override {
-        rlimit limit{};
-        if (::getrlimit(RLIMIT_NOFILE, &limit) != 0) {
-            return 256;
-        }
-        return static_cast<std::size_t>(std::min<rlim_t>(limit.rlim_cur, 1'000'000));
-    }
-
  protected:
-    void close(int number) override { ::close(number); }
+    Result<FileAttributes> attributesFrom(int directory, const char* name, int flags) override {
+        struct statx answer{};
+        while (::statx(directory, name, flags | AT_NO_AUTOMOUNT, attributeMask, &answer) != 0) {
+            if (errno != EINTR) {
+                return SystemError{errno};
+            }
+        }
+        return toAttributes(answer);
+    }
 
  private:
     /// A file that `open` opens with the flags it is given.
@@ -332,13 +252,6 @@ class LinuxFileSystem final : public FileSystem {
             number = open(fileFlags);
         }
         return opened(number);
-    }
-
-    Result<Descriptor> opened(int number) {
-        if (number < 0) {
-            return SystemError{errno};
-        }
-        return Descriptor(*this, number);
     }
 
     static void addListed(std::span<const std::byte> listed, EntryBlock& block) {

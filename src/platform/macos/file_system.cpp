@@ -5,6 +5,7 @@
 #include "platform/macos/rotational_disks.h"
 #include "platform/macos/user_folders.h"
 #include "platform/posix/open_paths.h"
+#include "platform/posix/posix_file_system.h"
 #include "platform/posix/small_file.h"
 #include "platform/posix/user_environment.h"
 #include "platform/unique_fd.h"
@@ -22,48 +23,25 @@
 #include <climits>
 #include <cstddef>
 #include <cstring>
-#include <limits>
 #include <string_view>
 
 namespace tarvin {
 
 namespace {
 
-constexpr int directoryFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
-// Does not wait for the other end of a pipe and does not take over a terminal.
-constexpr int fileFlags = O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY;
-
-std::optional<Timestamp> toTimestamp(const timespec& time) {
-    constexpr std::int64_t perSecond = 1'000'000'000;
-    constexpr std::int64_t lastSecond = std::numeric_limits<std::int64_t>::max() / perSecond - 1;
-    if (time.tv_sec > lastSecond) {
-        return Timestamp::max();
-    }
-    if (time.tv_sec < -lastSecond) {
-        return Timestamp(std::chrono::seconds(-lastSecond));
-    }
-    return Timestamp(std::chrono::nanoseconds(time.tv_sec * perSecond + time.tv_nsec));
-}
-
 /// nullopt for a date that the file system does not have: it is -1 or 0 then.
 std::optional<Timestamp> dateOfCreation(const timespec& time) {
-    return time.tv_sec > 0 ? toTimestamp(time) : std::nullopt;
+    return time.tv_sec > 0 ? std::optional(timestampFrom(time)) : std::nullopt;
 }
 
 FileAttributes toAttributes(const struct stat& from) {
     FileAttributes attributes;
-    if (S_ISREG(from.st_mode)) {
-        attributes.type = EntryType::regular;
-    } else if (S_ISDIR(from.st_mode)) {
-        attributes.type = EntryType::directory;
-    } else {
-        attributes.type = EntryType::other;
-    }
+    attributes.type = typeOfMode(from.st_mode);
     attributes.immutable = (from.st_flags & (UF_IMMUTABLE | SF_IMMUTABLE)) != 0;
     attributes.size = static_cast<std::uint64_t>(from.st_size);
-    attributes.modified = toTimestamp(from.st_mtimespec);
+    attributes.modified = timestampFrom(from.st_mtimespec);
     attributes.created = dateOfCreation(from.st_birthtimespec);
-    attributes.changed = toTimestamp(from.st_ctimespec);
+    attributes.changed = timestampFrom(from.st_ctimespec);
     attributes.linkCount = from.st_nlink;
     // Negative numbers of devices exist; the list of mounts has them, too (mount_list.cpp).
     attributes.identity = {static_cast<std::uint32_t>(from.st_dev), from.st_ino};
@@ -74,25 +52,6 @@ FileAttributes toAttributes(const struct stat& from) {
 /// folder, would download it.
 bool isInCloudOnly(const struct stat& status) {
     return (status.st_flags & SF_DATALESS) != 0;
-}
-
-Result<FileAttributes> attributesFrom(int directory, const char* name, int flags) {
-    struct stat answer{};
-    while (::fstatat(directory, name, &answer, flags) != 0) {
-        if (errno != EINTR) {
-            return SystemError{errno};
-        }
-    }
-    return toAttributes(answer);
-}
-
-/// nullopt if nothing is there.
-std::optional<FileIdentity> identityAt(const std::optional<std::string>& path) {
-    if (!path) {
-        return std::nullopt;
-    }
-    const Result<FileAttributes> attributes = attributesFrom(AT_FDCWD, path->c_str(), 0);
-    return attributes ? std::optional(attributes->identity) : std::nullopt;
 }
 
 // The values of ATTR_CMN_OBJTYPE, "enum vtype" in <sys/vnode.h>, which not all SDKs have.
@@ -132,9 +91,9 @@ class RecordReader final {
     const std::byte* at_;
 };
 
-class MacFileSystem final : public FileSystem {
+class MacFileSystem final : public PosixFileSystem {
  public:
-    MacFileSystem() {
+    MacFileSystem() : PosixFileSystem(OPEN_MAX) {
         // Content that is only in the cloud is not fetched: the system answers EDEADLK, also where
         // the checks below come too early.
         static_cast<void>(::setiopolicy_np(IOPOL_TYPE_VFS_MATERIALIZE_DATALESS_FILES,
@@ -146,18 +105,6 @@ class MacFileSystem final : public FileSystem {
             limit.rlim_cur = std::min<rlim_t>(OPEN_MAX, limit.rlim_max);
             static_cast<void>(::setrlimit(RLIMIT_NOFILE, &limit));
         }
-    }
-
-    Result<Descriptor> openRootDirectory(const std::string& path) override {
-        return opened(openAnyLength(path, directoryFlags));
-    }
-
-    Result<Descriptor> openDirectory(const std::string& path) override {
-        return opened(openAnyLength(path, directoryFlags | O_NOFOLLOW));
-    }
-
-    Result<Descriptor> openDirectoryAt(const Descriptor& parent, const char* name) override {
-        return opened(openAt(parent.number(), name, directoryFlags | O_NOFOLLOW));
     }
 
     Result<bool> listEntries(const Descriptor& folder, EntryBlock& block) override {
@@ -179,15 +126,6 @@ class MacFileSystem final : public FileSystem {
             record = addListed(record, block);
         }
         return count > 0;
-    }
-
-    Result<FileAttributes> attributesAt(const Descriptor& directory, const char* name) override {
-        return attributesFrom(directory.number(), name, AT_SYMLINK_NOFOLLOW);
-    }
-
-    Result<FileAttributes> targetAttributesAt(const Descriptor& directory,
-                                              const char* name) override {
-        return attributesFrom(directory.number(), name, 0);
     }
 
     Result<FileAttributes> attributesAtPath(const std::string& path) override {
@@ -222,26 +160,6 @@ class MacFileSystem final : public FileSystem {
 
     Result<Descriptor> openFolderOfFiles(const std::string& path) override {
         return opened(openAnyLength(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    }
-
-    Result<std::size_t> readAtLeast(const Descriptor& file, std::uint64_t offset,
-                                    std::span<std::byte> into, std::size_t enough) override {
-        std::size_t filled = 0;
-        while (filled < enough) {
-            const ssize_t got = ::pread(file.number(), into.data() + filled, into.size() - filled,
-                                        static_cast<off_t>(offset + filled));
-            if (got < 0 && errno == EINTR) {
-                continue;
-            }
-            if (got < 0) {
-                return SystemError{errno};
-            }
-            if (got == 0) {
-                break;
-            }
-            filled += static_cast<std::size_t>(got);
-        }
-        return filled;
     }
 
     /// There is no such call: nothing counts as cached.
@@ -303,31 +221,28 @@ class MacFileSystem final : public FileSystem {
         return identityAt(macos::applicationSupportFolderOf(processEnvironment()));
     }
 
-    std::size_t descriptorLimit() override {
-        rlimit limit{};
-        if (::getrlimit(RLIMIT_NOFILE, &limit) != 0) {
-            return 256;
+ protected:
+    Result<FileAttributes> attributesFrom(int folder, const char* name, int flags) override {
+        struct stat answer{};
+        while (::fstatat(folder, name, &answer, flags) != 0) {
+            if (errno != EINTR) {
+                return SystemError{errno};
+            }
         }
-        return static_cast<std::size_t>(std::min<rlim_t>(limit.rlim_cur, OPEN_MAX));
+        return toAttributes(answer);
     }
 
- protected:
-    void close(int number) override { ::close(number); }
-
- private:
     /// Refuses what is only in the cloud: opening it is harmless, using it would download it.
-    Result<Descriptor> opened(int number) {
-        if (number < 0) {
-            return SystemError{errno};
-        }
-        Descriptor descriptor(*this, number);
+    Result<Descriptor> opened(int number) override {
+        Result<Descriptor> descriptor = PosixFileSystem::opened(number);
         struct stat status{};
-        if (::fstat(number, &status) == 0 && isInCloudOnly(status)) {
+        if (descriptor && ::fstat(number, &status) == 0 && isInCloudOnly(status)) {
             return SystemError{EDEADLK};
         }
         return descriptor;
     }
 
+ private:
     /// Returns where the next record begins.
     static const std::byte* addListed(const std::byte* record, EntryBlock& block) {
         RecordReader fields(record);
