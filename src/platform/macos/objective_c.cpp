@@ -1,5 +1,7 @@
 #include "platform/macos/objective_c.h"
 
+#include "platform/macos/load_symbol.h"
+
 #include <dlfcn.h>
 #include <objc/message.h>
 #include <objc/runtime.h>
@@ -25,11 +27,11 @@ class Runtime final {
         if (library == nullptr || !hasFoundation) {
             return;
         }
-        const bool all = load(library, "objc_getClass", findClass) &&
-                         load(library, "sel_registerName", findSelector) &&
-                         load(library, "objc_msgSend", sendMessage) &&
-                         load(library, "objc_autoreleasePoolPush", pushPool) &&
-                         load(library, "objc_autoreleasePoolPop", popPool);
+        const bool all = loadSymbol(library, "objc_getClass", findClass) &&
+                         loadSymbol(library, "sel_registerName", findSelector) &&
+                         loadSymbol(library, "objc_msgSend", sendMessage) &&
+                         loadSymbol(library, "objc_autoreleasePoolPush", pushPool) &&
+                         loadSymbol(library, "objc_autoreleasePoolPop", popPool);
         isComplete = all;
     }
 
@@ -39,15 +41,6 @@ class Runtime final {
     void (*sendMessage)() = nullptr;
     void* (*pushPool)() = nullptr;
     void (*popPool)(void* pool) = nullptr;
-
- private:
-    template <typename Function>
-    static bool load(void* library, const char* name, Function& function) {
-        void* const symbol = ::dlsym(library, name);
-        // POSIX guarantees that a pointer to a function fits.
-        function = reinterpret_cast<Function>(symbol);
-        return symbol != nullptr;
-    }
 };
 
 const Runtime& runtime() {

@@ -1,5 +1,7 @@
 #include "platform/macos/rotational_disks.h"
 
+#include "platform/macos/load_symbol.h"
+
 #include <dlfcn.h>
 #include <mach/mach.h>
 #include <sys/stat.h>
@@ -28,19 +30,20 @@ class Frameworks final {
             "/System/Library/Frameworks/CoreFoundation.framework/CoreFoundation", RTLD_LAZY);
         void* const kit = ::dlopen("/System/Library/Frameworks/IOKit.framework/IOKit", RTLD_LAZY);
         isComplete = core != nullptr && kit != nullptr &&
-                     load(core, "CFStringCreateWithCString", makeString) &&
-                     load(core, "CFDictionaryGetValue", valueOf) &&
-                     load(core, "CFDictionaryGetTypeID", dictionaryType) &&
-                     load(core, "CFStringGetTypeID", stringType) &&
-                     load(core, "CFGetTypeID", typeOf) && load(core, "CFEqual", areEqual) &&
-                     load(core, "CFRelease", release) &&
-                     load(kit, "IOBSDNameMatching", matchingOf) &&
-                     load(kit, "IOServiceGetMatchingService", serviceOf) &&
-                     load(kit, "IORegistryEntrySearchCFProperty", property) &&
-                     load(kit, "IORegistryEntryGetParentEntry", parentOf) &&
-                     load(kit, "IORegistryEntryGetRegistryEntryID", numberOf) &&
-                     load(kit, "IOObjectConformsTo", conformsTo) &&
-                     load(kit, "IOObjectRelease", releaseObject);
+                     loadSymbol(core, "CFStringCreateWithCString", makeString) &&
+                     loadSymbol(core, "CFDictionaryGetValue", valueOf) &&
+                     loadSymbol(core, "CFDictionaryGetTypeID", dictionaryType) &&
+                     loadSymbol(core, "CFStringGetTypeID", stringType) &&
+                     loadSymbol(core, "CFGetTypeID", typeOf) &&
+                     loadSymbol(core, "CFEqual", areEqual) &&
+                     loadSymbol(core, "CFRelease", release) &&
+                     loadSymbol(kit, "IOBSDNameMatching", matchingOf) &&
+                     loadSymbol(kit, "IOServiceGetMatchingService", serviceOf) &&
+                     loadSymbol(kit, "IORegistryEntrySearchCFProperty", property) &&
+                     loadSymbol(kit, "IORegistryEntryGetParentEntry", parentOf) &&
+                     loadSymbol(kit, "IORegistryEntryGetRegistryEntryID", numberOf) &&
+                     loadSymbol(kit, "IOObjectConformsTo", conformsTo) &&
+                     loadSymbol(kit, "IOObjectRelease", releaseObject);
     }
 
     bool isComplete = false;
@@ -60,15 +63,6 @@ class Frameworks final {
     kern_return_t (*numberOf)(IoObject entry, std::uint64_t* number) = nullptr;
     int (*conformsTo)(IoObject object, const char* className) = nullptr;
     kern_return_t (*releaseObject)(IoObject object) = nullptr;
-
- private:
-    template <typename Function>
-    static bool load(void* library, const char* name, Function& function) {
-        void* const symbol = ::dlsym(library, name);
-        // POSIX guarantees that a pointer to a function fits.
-        function = reinterpret_cast<Function>(symbol);
-        return symbol != nullptr;
-    }
 };
 
 const Frameworks& frameworks() {
