@@ -818,6 +818,10 @@ Modified Date       : %4</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>database or disk is full</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>written by a newer version of the program</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1085,6 +1089,18 @@ Modified Date       : %4</source>
     <name>tarvin::RememberedScans</name>
     <message>
         <source>The remembered scans could not be removed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The remembered scans were damaged. This scan has read all files.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The remembered scans could not be used: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This scan could not be remembered: %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -825,6 +825,10 @@ Geändert       : %4</translation>
         <translation>die Datenbank eines anderen Programms</translation>
     </message>
     <message>
+        <source>database or disk is full</source>
+        <translation>die Datenbank oder der Datenträger ist voll</translation>
+    </message>
+    <message>
         <source>written by a newer version of the program</source>
         <translation>von einer neueren Version des Programms geschrieben</translation>
     </message>
@@ -1093,6 +1097,18 @@ Geändert       : %4</translation>
     <message>
         <source>The remembered scans could not be removed.</source>
         <translation>Die gemerkten Suchergebnisse konnten nicht entfernt werden.</translation>
+    </message>
+    <message>
+        <source>The remembered scans were damaged. This scan has read all files.</source>
+        <translation>Die gemerkten Suchergebnisse waren beschädigt. Diese Suche hat alle Dateien gelesen.</translation>
+    </message>
+    <message>
+        <source>The remembered scans could not be used: %1</source>
+        <translation>Die gemerkten Suchergebnisse konnten nicht verwendet werden: %1</translation>
+    </message>
+    <message>
+        <source>This scan could not be remembered: %1</source>
+        <translation>Diese Suche konnte nicht gemerkt werden: %1</translation>
     </message>
 </context>
 <context>

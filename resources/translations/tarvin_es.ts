@@ -825,6 +825,10 @@ Modificado  : %4</translation>
         <translation>una base de datos de otro programa</translation>
     </message>
     <message>
+        <source>database or disk is full</source>
+        <translation>la base de datos o el disco están llenos</translation>
+    </message>
+    <message>
         <source>written by a newer version of the program</source>
         <translation>escrito por una versión más reciente del programa</translation>
     </message>
@@ -1093,6 +1097,18 @@ Modificado  : %4</translation>
     <message>
         <source>The remembered scans could not be removed.</source>
         <translation>No se pudieron quitar los análisis recordados.</translation>
+    </message>
+    <message>
+        <source>The remembered scans were damaged. This scan has read all files.</source>
+        <translation>Los análisis recordados estaban dañados. Este análisis ha leído todos los archivos.</translation>
+    </message>
+    <message>
+        <source>The remembered scans could not be used: %1</source>
+        <translation>No se pudieron usar los análisis recordados: %1</translation>
+    </message>
+    <message>
+        <source>This scan could not be remembered: %1</source>
+        <translation>No se pudo recordar este análisis: %1</translation>
     </message>
 </context>
 <context>

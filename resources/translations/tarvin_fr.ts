@@ -825,6 +825,10 @@ Modifié le  : %4</translation>
         <translation>la base de données d’un autre programme</translation>
     </message>
     <message>
+        <source>database or disk is full</source>
+        <translation>la base de données ou le disque est plein</translation>
+    </message>
+    <message>
         <source>written by a newer version of the program</source>
         <translation>écrit par une version plus récente du programme</translation>
     </message>
@@ -1093,6 +1097,18 @@ Modifié le  : %4</translation>
     <message>
         <source>The remembered scans could not be removed.</source>
         <translation>Les analyses mémorisées n’ont pas pu être supprimées.</translation>
+    </message>
+    <message>
+        <source>The remembered scans were damaged. This scan has read all files.</source>
+        <translation>Les analyses mémorisées étaient endommagées. Cette analyse a lu tous les fichiers.</translation>
+    </message>
+    <message>
+        <source>The remembered scans could not be used: %1</source>
+        <translation>Les analyses mémorisées n’ont pas pu être utilisées&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>This scan could not be remembered: %1</source>
+        <translation>Cette analyse n’a pas pu être mémorisée&#xa0;: %1</translation>
     </message>
 </context>
 <context>

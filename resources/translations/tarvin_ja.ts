@@ -825,6 +825,10 @@ Modified Date       : %4</source>
         <translation>別のプログラムのデータベースです</translation>
     </message>
     <message>
+        <source>database or disk is full</source>
+        <translation>データベースまたはディスクがいっぱいです</translation>
+    </message>
+    <message>
         <source>written by a newer version of the program</source>
         <translation>新しいバージョンのプログラムが書き込んだものです</translation>
     </message>
@@ -1093,6 +1097,18 @@ Modified Date       : %4</source>
     <message>
         <source>The remembered scans could not be removed.</source>
         <translation>記憶したスキャンを削除できませんでした。</translation>
+    </message>
+    <message>
+        <source>The remembered scans were damaged. This scan has read all files.</source>
+        <translation>記憶したスキャンが破損していました。このスキャンではすべてのファイルを読み取りました。</translation>
+    </message>
+    <message>
+        <source>The remembered scans could not be used: %1</source>
+        <translation>記憶したスキャンを使用できませんでした: %1</translation>
+    </message>
+    <message>
+        <source>This scan could not be remembered: %1</source>
+        <translation>このスキャンを記憶できませんでした: %1</translation>
     </message>
 </context>
 <context>

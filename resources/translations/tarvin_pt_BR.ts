@@ -825,6 +825,10 @@ Modificado em  : %4</translation>
         <translation>um banco de dados de outro programa</translation>
     </message>
     <message>
+        <source>database or disk is full</source>
+        <translation>o banco de dados ou o disco está cheio</translation>
+    </message>
+    <message>
         <source>written by a newer version of the program</source>
         <translation>gravado por uma versão mais nova do programa</translation>
     </message>
@@ -1093,6 +1097,18 @@ Modificado em  : %4</translation>
     <message>
         <source>The remembered scans could not be removed.</source>
         <translation>Não foi possível remover as análises lembradas.</translation>
+    </message>
+    <message>
+        <source>The remembered scans were damaged. This scan has read all files.</source>
+        <translation>As análises lembradas estavam danificadas. Esta análise leu todos os arquivos.</translation>
+    </message>
+    <message>
+        <source>The remembered scans could not be used: %1</source>
+        <translation>Não foi possível usar as análises lembradas: %1</translation>
+    </message>
+    <message>
+        <source>This scan could not be remembered: %1</source>
+        <translation>Não foi possível lembrar esta análise: %1</translation>
     </message>
 </context>
 <context>

@@ -825,6 +825,10 @@ Modified Date       : %4</source>
         <translation>是其他程序的数据库</translation>
     </message>
     <message>
+        <source>database or disk is full</source>
+        <translation>数据库或磁盘已满</translation>
+    </message>
+    <message>
         <source>written by a newer version of the program</source>
         <translation>由较新版本的程序写入</translation>
     </message>
@@ -1093,6 +1097,18 @@ Modified Date       : %4</source>
     <message>
         <source>The remembered scans could not be removed.</source>
         <translation>无法移除记住的扫描。</translation>
+    </message>
+    <message>
+        <source>The remembered scans were damaged. This scan has read all files.</source>
+        <translation>记住的扫描已损坏。本次扫描读取了所有文件。</translation>
+    </message>
+    <message>
+        <source>The remembered scans could not be used: %1</source>
+        <translation>无法使用记住的扫描：%1</translation>
+    </message>
+    <message>
+        <source>This scan could not be remembered: %1</source>
+        <translation>无法记住本次扫描：%1</translation>
     </message>
 </context>
 <context>

@@ -35,6 +35,7 @@ QString OwnReasons::ofStore(const std::string& text) {
         QT_TR_NOOP("there is no home folder to keep the journal in"),
         QT_TR_NOOP("in use by another process"),
         QT_TR_NOOP("a database of another program"),
+        QT_TR_NOOP("database or disk is full"),  // SQLite's
         QT_TR_NOOP("written by a newer version of the program"),
         QT_TR_NOOP("is a link"),
         QT_TR_NOOP("the file is damaged"),

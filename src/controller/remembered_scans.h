@@ -3,6 +3,7 @@
 #include "controller/alerts.h"
 #include "controller/session.h"
 #include "controller/work_thread.h"
+#include "scan/memory_report.h"
 
 #include <QAction>
 #include <QObject>
@@ -25,6 +26,8 @@ class RememberedScans final : public QObject {
 
     /// The folder of the memory that a scan is to use, if any.
     [[nodiscard]] std::optional<std::string> memoryFolder() const;
+    /// Shows what went wrong with the memory of a scan, if something did.
+    void report(const MemoryReport& report);
 
  Q_SIGNALS:
     /// The end of a removal. Emitted on its thread.
@@ -35,6 +38,7 @@ class RememberedScans final : public QObject {
 
     Session& session_;
     QAction& item_;
+    Alerts& alerts_;
     WorkThread thread_;
 };
 

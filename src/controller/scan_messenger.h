@@ -38,6 +38,7 @@ class ScanMessenger final : public QObject, public ScanObserver {
     void comparisonFinished(std::uint64_t processed) override {
         Q_EMIT comparisonIsOver(processed);
     }
+    void memoryStored(const MemoryReport& report) override { Q_EMIT memoryIsStored(report); }
     void waitingFor(const std::string& path) override { mailbox_.waitingFor(path); }
     void elapsed(const std::string& text) override { mailbox_.elapsed(text); }
 
@@ -47,6 +48,7 @@ class ScanMessenger final : public QObject, public ScanObserver {
     void collectionIsOver();
     void comparisonBegins(quint64 total);
     void comparisonIsOver(quint64 processed);
+    void memoryIsStored(const tarvin::MemoryReport& report);
 
  private:
     ProgressMailbox mailbox_;

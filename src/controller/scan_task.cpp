@@ -63,6 +63,7 @@ void ScanTask::connectControls() {
     });
     connect(&messenger_, &ScanMessenger::comparisonBegins, this, &ScanTask::comparisonBegins);
     connect(&messenger_, &ScanMessenger::comparisonIsOver, this, &ScanTask::comparisonIsOver);
+    connect(&messenger_, &ScanMessenger::memoryIsStored, &remembered_, &RememberedScans::report);
 }
 
 void ScanTask::buttonFindDuplicatesExactClicked() {

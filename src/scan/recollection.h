@@ -5,6 +5,7 @@
 #include "scan/category.h"
 #include "scan/category_lists.h"
 #include "scan/memory_read_ahead.h"
+#include "scan/memory_report.h"
 #include "scan/scan_services.h"
 #include "store/scan_memory.h"
 #include "store/store_error.h"
@@ -20,13 +21,6 @@
 #include <vector>
 
 namespace tarvin {
-
-/// What went wrong with the memory of a scan, which reads all files then.
-struct MemoryReport {
-    std::optional<StoreError> notRead;
-    std::optional<StoreError> notStored;
-    std::string damaged;  ///< path of a damaged memory that was replaced by a new one; or empty
-};
 
 /// Connects the files of one scan with the memory of earlier ones. Only files on volumes with
 /// lasting names are remembered, and only with dates that had settled when the scan began (see

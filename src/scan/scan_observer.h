@@ -1,5 +1,7 @@
 #pragma once
 
+#include "scan/memory_report.h"
+
 #include <cstdint>
 #include <string>
 
@@ -30,6 +32,9 @@ class ScanObserver {
     virtual void processing(const std::string& /*path*/, std::uint64_t /*processed*/) {}
     /// The result is complete, or as complete as a stop left it.
     virtual void comparisonFinished(std::uint64_t /*processed*/) {}
+    /// The scan has stored what it remembers, or could not. After comparisonFinished(), or shortly
+    /// before; only from scans with a memory.
+    virtual void memoryStored(const MemoryReport& /*report*/) {}
 
     /// A call on this folder or file has not returned for seconds: its device or server may be
     /// gone. Called about once a second while that lasts, except while the scan is paused.

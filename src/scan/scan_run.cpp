@@ -266,9 +266,10 @@ void ScanRun::storeMemory(const std::shared_ptr<ScanWork>& work) {
     if (!work->usesMemory()) {
         return;
     }
-    storingThread_ = startThread([work] { work->storeMemory(); });
+    const auto store = [this, work] { work->storeMemory(observer_); };
+    storingThread_ = startThread(store);
     if (!storingThread_.joinable()) {
-        work->storeMemory();
+        store();
     }
 }
 

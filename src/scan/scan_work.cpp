@@ -39,10 +39,11 @@ void ScanWork::useMemory(std::string folder, Timestamp now) {
     lists_.store->keepVersions();
 }
 
-void ScanWork::storeMemory() {
+void ScanWork::storeMemory(ScanObserver& observer) {
     try {
         if (recollection_) {
             recollection_->store(*lists_.store);
+            observer.memoryStored(recollection_->report());
         }
         // NOLINTNEXTLINE(bugprone-empty-catch): nothing is lost but time.
     } catch (const std::bad_alloc&) {

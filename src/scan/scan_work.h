@@ -59,8 +59,9 @@ class ScanWork final : public std::enable_shared_from_this<ScanWork> {
     void useMemory(std::string folder, Timestamp now);
     [[nodiscard]] bool usesMemory() const { return recollection_.has_value(); }
     /// Stores what the comparison has found out, if there is a memory. After endWorkers(), if it
-    /// returned true. Blocks until it is on the disk.
-    void storeMemory();
+    /// returned true. Blocks until it is on the disk, and tells this observer: that of the scan may
+    /// hear nothing any more.
+    void storeMemory(ScanObserver& observer);
     /// After storeMemory(), or collect() if that is not called.
     [[nodiscard]] MemoryReport memoryReport() const;
     /// Walks the checked folders among the rows and takes the given files, or looks for the listed

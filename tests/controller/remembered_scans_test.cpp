@@ -3,10 +3,15 @@
 #include "controller/product_fixture.h"
 #include "interface/main_window.h"
 #include "store/scan_memory.h"
+#include "support/file_content.h"
 
+#include <QCoreApplication>
 #include <atomic>
 #include <chrono>
 #include <filesystem>
+#include <fstream>
+#include <optional>
+#include <string>
 #include <variant>
 
 namespace tarvin {
@@ -36,8 +41,16 @@ class RememberedScansTest : public ProductFixture {
         return openedPhotos_;
     }
 
-    [[nodiscard]] bool isStored() const {
-        return std::filesystem::exists(ScanMemory::pathIn(folder.pathOf("support")));
+    [[nodiscard]] std::string memoryPath() const {
+        return ScanMemory::pathIn(folder.pathOf("support"));
+    }
+    [[nodiscard]] bool isStored() const { return std::filesystem::exists(memoryPath()); }
+
+    /// The text of the only alert, once there is one.
+    [[nodiscard]] QString reported() {
+        EXPECT_TRUE(comesTrue([this] { return !alerts.shown.empty(); }));
+        EXPECT_EQ(alerts.shown.size(), 1U);
+        return alerts.shown.empty() ? QString() : alerts.shown.back().informativeText;
     }
 
  private:
@@ -77,6 +90,54 @@ TEST_F(RememberedScansTest, ThatCannotBeRemovedAreReported) {
     EXPECT_EQ(alerts.shown.back().informativeText,
               QStringLiteral("The remembered scans could not be removed."));
     EXPECT_TRUE(isStored());
+}
+
+TEST_F(RememberedScansTest, ThatCannotBeReadAreReportedAndNotNeeded) {
+    scan(true);
+    delegate = nullptr;
+    const auto other = ScanMemory::open(folder.pathOf("support"));
+    ASSERT_TRUE(std::holds_alternative<ScanMemory>(other));
+    EXPECT_EQ(scan(true), 2);
+    EXPECT_EQ(reported(),
+              QStringLiteral("The remembered scans could not be used: in use by another process"));
+}
+
+TEST_F(RememberedScansTest, OfANewerVersionAreReportedAndKept) {
+    scan(true);
+    delegate = nullptr;
+    // Bytes 60 to 63 are SQLite's user version.
+    std::fstream(memoryPath(), std::ios::in | std::ios::out | std::ios::binary).seekp(63) << '\3';
+    const std::string before = contentOf(memoryPath());
+    EXPECT_EQ(scan(true), 2);
+    EXPECT_EQ(reported(), QStringLiteral("The remembered scans could not be used: written by a "
+                                         "newer version of the program"));
+    EXPECT_EQ(contentOf(memoryPath()), before);
+}
+
+TEST_F(RememberedScansTest, ThatWereDamagedAreReportedOnce) {
+    scan(true);
+    delegate = nullptr;
+    std::filesystem::resize_file(memoryPath(), 5000);
+    EXPECT_EQ(scan(true), 2);
+    EXPECT_EQ(reported(),
+              QStringLiteral("The remembered scans were damaged. This scan has read all files."));
+    delegate = nullptr;
+    alerts.shown.clear();
+    EXPECT_EQ(scan(true), 0);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(alerts.shown.empty());
+}
+
+TEST_F(RememberedScansTest, ThatCannotBeStoredAreReported) {
+    // The first scan finds a memory of its own, which is taken while it compares.
+    std::optional<StoreResult<ScanMemory>> other;
+    files.beforeCall(
+        FileCall::openFile, 1, [&] { other.emplace(ScanMemory::open(folder.pathOf("support"))); },
+        "a.jpg");
+    scan(true);
+    ASSERT_TRUE(other && std::holds_alternative<ScanMemory>(*other));
+    EXPECT_EQ(reported(),
+              QStringLiteral("This scan could not be remembered: in use by another process"));
 }
 
 }  // namespace
