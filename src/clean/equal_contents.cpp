@@ -1,9 +1,10 @@
 #include "clean/equal_contents.h"
 
+#include "platform/read_buffer.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
-#include <memory>
 
 namespace tarvin {
 
@@ -59,7 +60,7 @@ bool haveEqualContents(FileSystem& fileSystem, const SeenFile& one, const SeenFi
     if (size != other.attributes.size || !first.isAsSeen() || !second.isAsSeen()) {
         return false;
     }
-    const auto buffer = std::make_unique_for_overwrite<std::byte[]>(2 * chunkBytes);
+    const ReadBuffer buffer = makeReadBuffer(2 * chunkBytes);
     for (std::uint64_t offset = 0; offset < size; offset += chunkBytes) {
         const auto length =
             static_cast<std::size_t>(std::min<std::uint64_t>(chunkBytes, size - offset));

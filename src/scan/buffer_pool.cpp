@@ -60,22 +60,22 @@ std::size_t BufferPool::bytesAllocated() {
     return slabsMade_ * slabBytes;
 }
 
-std::unique_ptr<std::byte[]> BufferPool::takeSlab() {
+ReadBuffer BufferPool::takeSlab() {
     {
         const std::lock_guard lock(mutex_);
         if (!idle_.empty()) {
-            std::unique_ptr<std::byte[]> slab = std::move(idle_.back());
+            ReadBuffer slab = std::move(idle_.back());
             idle_.pop_back();
             return slab;
         }
         ++slabsMade_;
     }
-    return std::make_unique_for_overwrite<std::byte[]>(slabBytes);
+    return makeReadBuffer(slabBytes);
 }
 
-void BufferPool::giveBack(std::vector<std::unique_ptr<std::byte[]>>&& slabs) {
+void BufferPool::giveBack(std::vector<ReadBuffer>&& slabs) {
     const std::lock_guard lock(mutex_);
-    for (std::unique_ptr<std::byte[]>& slab : slabs) {
+    for (ReadBuffer& slab : slabs) {
         idle_.push_back(std::move(slab));
     }
 }

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/read_buffer.h"
 #include "scan/budget.h"
 
 #include <cstddef>
-#include <memory>
 #include <mutex>
 #include <span>
 #include <vector>
@@ -21,7 +21,7 @@ class BufferPool final {
     BufferPool& operator=(const BufferPool&) = delete;
 
     /// Slabs lent to one comparison, which allocates chunks from them. Returns them to the pool on
-    /// destruction. One thread at a time.
+    /// destruction. Slabs are aligned as ReadBuffer is. One thread at a time.
     class Lease final {
      public:
         Lease(Lease&&) noexcept = default;
@@ -41,7 +41,7 @@ class BufferPool final {
 
         BufferPool* pool_;
         Budget::Share share_;
-        std::vector<std::unique_ptr<std::byte[]>> slabs_;
+        std::vector<ReadBuffer> slabs_;
         std::size_t slab_ = 0;  // the one allocated from
         std::size_t used_ = 0;  // bytes of it
     };
@@ -57,13 +57,13 @@ class BufferPool final {
     [[nodiscard]] std::size_t bytesAllocated();
 
  private:
-    std::unique_ptr<std::byte[]> takeSlab();
-    void giveBack(std::vector<std::unique_ptr<std::byte[]>>&& slabs);
+    ReadBuffer takeSlab();
+    void giveBack(std::vector<ReadBuffer>&& slabs);
 
     Budget budget_;
     std::mutex mutex_;
-    std::vector<std::unique_ptr<std::byte[]>> idle_;  // guarded by mutex_
-    std::size_t slabsMade_ = 0;                       // guarded by mutex_
+    std::vector<ReadBuffer> idle_;  // guarded by mutex_
+    std::size_t slabsMade_ = 0;     // guarded by mutex_
 };
 
 }  // namespace tarvin

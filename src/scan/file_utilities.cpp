@@ -1,6 +1,7 @@
 #include "scan/file_utilities.h"
 
 #include "platform/digest.h"
+#include "platform/read_buffer.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -8,7 +9,6 @@
 #include <cstring>
 #include <limits>
 #include <span>
-#include <vector>
 
 namespace tarvin {
 
@@ -41,18 +41,17 @@ std::optional<OpenFile> openRegularFile(FileSystem& fileSystem, const std::strin
 /// both. Returns false if one ends before the other or cannot be read.
 bool haveEqualBytes(FileSystem& fileSystem, const OpenFile& one, const OpenFile& other,
                     std::uint64_t offset, std::uint64_t length) {
-    std::vector<std::byte> oneBytes(comparedChunk);
-    std::vector<std::byte> otherBytes(comparedChunk);
+    const ReadBuffer oneBytes = makeReadBuffer(comparedChunk);
+    const ReadBuffer otherBytes = makeReadBuffer(comparedChunk);
     while (length > 0) {
         const auto wanted =
             static_cast<std::size_t>(std::min<std::uint64_t>(length, comparedChunk));
-        const auto got =
-            fileSystem.readAt(one.descriptor, offset, std::span(oneBytes).first(wanted));
+        const auto got = fileSystem.readAt(one.descriptor, offset, {oneBytes.get(), wanted});
         const auto otherGot =
-            fileSystem.readAt(other.descriptor, offset, std::span(otherBytes).first(wanted));
+            fileSystem.readAt(other.descriptor, offset, {otherBytes.get(), wanted});
         // std::equal would compare byte by byte.
         if (!got || !otherGot || *got != *otherGot ||
-            std::memcmp(oneBytes.data(), otherBytes.data(), *got) != 0) {
+            std::memcmp(oneBytes.get(), otherBytes.get(), *got) != 0) {
             return false;
         }
         if (*got < wanted) {
@@ -95,7 +94,8 @@ std::optional<std::string> md5OfFile(FileSystem& fileSystem, const std::string& 
         return std::nullopt;
     }
     Md5 digest;
-    std::vector<std::byte> bytes(largeChunk);
+    const ReadBuffer buffer = makeReadBuffer(largeChunk);
+    const std::span<std::byte> bytes(buffer.get(), largeChunk);
     std::uint64_t offset = 0;
     std::size_t got = bytes.size();
     while (got == bytes.size()) {
@@ -104,7 +104,7 @@ std::optional<std::string> md5OfFile(FileSystem& fileSystem, const std::string& 
             return std::nullopt;
         }
         got = *chunk;
-        digest.update(std::span(bytes).first(got));
+        digest.update(bytes.first(got));
         offset += got;
     }
     return digest.hexDigest();

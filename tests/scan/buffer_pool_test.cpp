@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <future>
 #include <memory>
 #include <mutex>
@@ -47,6 +49,16 @@ TEST(BufferPool, LeaseHasTheRequestedSize) {
     BufferPool::Lease lease = pool.take(3);
     EXPECT_EQ(lease.capacity(), 3 * mebibyte);
     EXPECT_EQ(chunkCount(lease, mebibyte), 3u);
+}
+
+TEST(BufferPool, EachSlabIsAlignedForReading) {
+    constexpr std::uintptr_t page = 4096;
+    BufferPool pool(8);
+    BufferPool::Lease lease = pool.take(8);
+    for (unsigned slab = 0; slab < 8; ++slab) {
+        const std::span<std::byte> chunk = lease.allocate(mebibyte);
+        EXPECT_EQ(std::bit_cast<std::uintptr_t>(chunk.data()) % page, 0u) << slab;
+    }
 }
 
 TEST(BufferPool, CapsALeaseAtTheSizeOfThePool) {
