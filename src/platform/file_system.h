@@ -135,7 +135,7 @@ class FileSystem {
     /// The metadata of the entry at a path, whether or not it can be opened.
     virtual Result<FileAttributes> attributesAtPath(const std::string& path) = 0;
     /// The same, without the system's cache: a network volume asks its server, and may block as
-    /// long as that takes.
+    /// long as that takes. On macOS, which has no such call, by opening a file of such a volume.
     virtual Result<FileAttributes> currentAttributesAtPath(const std::string& path) {
         return attributesAtPath(path);
     }

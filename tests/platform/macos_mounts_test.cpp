@@ -104,6 +104,31 @@ TEST(MacNetwork, OfSeveralMountsAtOneMountPointIsTheLast) {
                                               {2, "/Volumes/a", "hfs", false, false}}));
 }
 
+TEST(MacDevice, IsLeftOutIfItHoldsTheKernelsData) {
+    EXPECT_TRUE(isLeftOut(1, mountsOfAMac()));
+    EXPECT_FALSE(isLeftOut(dataDevice, mountsOfAMac()));
+    EXPECT_FALSE(isLeftOut(0x99, mountsOfAMac()));
+}
+
+TEST(MacDevice, IsLeftOutIfItIsASnapshotElsewhereThanAtTheRoot) {
+    std::vector<Mount> mounts = mountsOfAMac();
+    mounts.front().isSnapshot = true;
+    mounts.push_back({.device = 0x100000c,
+                      .mountPoint = "/Volumes/com.apple.TimeMachine.localsnapshots/now",
+                      .fileSystemType = "apfs",
+                      .isSnapshot = true});
+    EXPECT_FALSE(isLeftOut(systemDevice, mounts));
+    EXPECT_TRUE(isLeftOut(0x100000c, mounts));
+}
+
+TEST(MacVolumes, AreNotListedIfTheyAreSnapshots) {
+    EXPECT_THAT(volumesOf({{.device = 7,
+                            .mountPoint = "/Volumes/now",
+                            .fileSystemType = "apfs",
+                            .isSnapshot = true}}),
+                ElementsAre(Volume{"/", {}, VolumeKind::other}));
+}
+
 TEST(MacPseudoFileSystems, HoldTheKernelsData) {
     for (const char* type : {"autofs", "devfs", "fdesc", "volfs"}) {
         EXPECT_TRUE(isPseudoFileSystemType(type)) << type;

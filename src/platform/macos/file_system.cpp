@@ -1,5 +1,6 @@
 #include "platform/file_system.h"
 
+#include "platform/macos/cloud_files.h"
 #include "platform/macos/mount_list.h"
 #include "platform/macos/mounts.h"
 #include "platform/macos/rotational_disks.h"
@@ -12,6 +13,8 @@
 
 #include <fcntl.h>
 #include <sys/attr.h>
+#include <sys/mount.h>
+#include <sys/param.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syslimits.h>
@@ -22,12 +25,20 @@
 #include <cerrno>
 #include <climits>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
+
+// As in <sys/xattr.h>, which not all SDKs have.
+extern "C" ssize_t fgetxattr(int file, const char* name, void* value, size_t size,
+                             std::uint32_t position, int options);
 
 namespace tarvin {
 
 namespace {
+
+/// The attribute as which the system shows a resource fork.
+constexpr const char* resourceFork = "com.apple.ResourceFork";
 
 /// nullopt for a date that the file system does not have: it is -1 or 0 then.
 std::optional<Timestamp> dateOfCreation(const timespec& time) {
@@ -140,6 +151,20 @@ class MacFileSystem final : public PosixFileSystem {
                    : Result<FileAttributes>(SystemError{errno});
     }
 
+    /// There is no call for it; opening a file makes NFS and SMB ask the server. A file that cannot
+    /// be opened there has no attributes that one may rely on.
+    Result<FileAttributes> currentAttributesAtPath(const std::string& path) override {
+        Result<FileAttributes> known = attributesAtPath(path);
+        struct statfs volume{};
+        if (!known || known->type == EntryType::other ||
+            (::statfs(path.c_str(), &volume) == 0 && !mayBeStale(volume))) {
+            return known;
+        }
+        const Result<Descriptor> opened =
+            known->type == EntryType::directory ? openFolderOfFiles(path) : openFile(path);
+        return opened ? attributesOf(*opened) : Result<FileAttributes>(opened.error());
+    }
+
     Result<FileAttributes> attributesOf(const Descriptor& descriptor) override {
         struct stat answer{};
         while (::fstat(descriptor.number(), &answer) != 0) {
@@ -151,11 +176,15 @@ class MacFileSystem final : public PosixFileSystem {
     }
 
     Result<Descriptor> openFile(const std::string& path) override {
-        return opened(openAnyLength(path, fileFlags));
+        const std::string_view name = std::string_view(path).substr(path.rfind('/') + 1);
+        return macos::isCloudPlaceholder(name) ? Result<Descriptor>(SystemError{EDEADLK})
+                                               : openedFile(openAnyLength(path, fileFlags));
     }
 
     Result<Descriptor> openFileAt(const Descriptor& folder, const char* name) override {
-        return opened(openAt(folder.number(), name, fileFlags));
+        return macos::isCloudPlaceholder(name)
+                   ? Result<Descriptor>(SystemError{EDEADLK})
+                   : openedFile(openAt(folder.number(), name, fileFlags));
     }
 
     Result<Descriptor> openFolderOfFiles(const std::string& path) override {
@@ -193,10 +222,7 @@ class MacFileSystem final : public PosixFileSystem {
 
     bool isPseudoFileSystem(std::uint64_t device) override {
         // Not cached: device numbers are reused, and only mount points are checked.
-        const std::vector<macos::Mount> mounts = macos::readMounts();
-        return std::any_of(mounts.begin(), mounts.end(), [device](const macos::Mount& mount) {
-            return mount.device == device && macos::isPseudoFileSystemType(mount.fileSystemType);
-        });
+        return macos::isLeftOut(device, macos::readMounts());
     }
 
     std::optional<std::uint64_t> rotationalDiskOf(std::uint64_t device) override {
@@ -243,6 +269,21 @@ class MacFileSystem final : public PosixFileSystem {
     }
 
  private:
+    /// Refuses a file with a resource fork: that is content of its own, which nobody compares, and
+    /// old files have nothing else.
+    Result<Descriptor> openedFile(int number) {
+        Result<Descriptor> descriptor = opened(number);
+        if (descriptor && ::fgetxattr(number, resourceFork, nullptr, 0, 0, 0) > 0) {
+            return SystemError{EFTYPE};
+        }
+        return descriptor;
+    }
+
+    /// Whether the file system keeps attributes in a cache for some time, as those of networks do.
+    static bool mayBeStale(const struct statfs& volume) {
+        return (volume.f_flags & MNT_LOCAL) == 0;
+    }
+
     /// Returns where the next record begins.
     static const std::byte* addListed(const std::byte* record, EntryBlock& block) {
         RecordReader fields(record);

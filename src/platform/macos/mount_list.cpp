@@ -16,7 +16,8 @@ Mount toMount(const struct statfs& row) {
             .mountPoint = row.f_mntonname,
             .fileSystemType = row.f_fstypename,
             .isRemovable = (row.f_flags & MNT_REMOVABLE) != 0,
-            .isHidden = (row.f_flags & MNT_DONTBROWSE) != 0};
+            .isHidden = (row.f_flags & MNT_DONTBROWSE) != 0,
+            .isSnapshot = (row.f_flags & MNT_SNAPSHOT) != 0};
 }
 
 }  // namespace

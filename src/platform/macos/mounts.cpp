@@ -37,7 +37,7 @@ const Mount* topAt(std::string_view mountPoint, const std::vector<Mount>& mounts
 
 bool isListed(const Mount& mount) {
     return folderPathOf(mount.mountPoint) == volumesFolder && !mount.isHidden &&
-           !isPseudoFileSystemType(mount.fileSystemType);
+           !mount.isSnapshot && !isPseudoFileSystemType(mount.fileSystemType);
 }
 
 }  // namespace
@@ -74,6 +74,13 @@ bool isOnNetwork(std::string_view path, const std::vector<Mount>& mounts) {
         }
     }
     return innermost != nullptr && isNetworkType(innermost->fileSystemType);
+}
+
+bool isLeftOut(std::uint64_t device, const std::vector<Mount>& mounts) {
+    return std::any_of(mounts.begin(), mounts.end(), [device](const Mount& mount) {
+        return mount.device == device && (isPseudoFileSystemType(mount.fileSystemType) ||
+                                          (mount.isSnapshot && mount.mountPoint != "/"));
+    });
 }
 
 bool isPseudoFileSystemType(std::string_view type) {

@@ -17,6 +17,7 @@ struct Mount {
     std::string fileSystemType;  ///< f_fstypename, such as "apfs"
     bool isRemovable = false;    ///< MNT_REMOVABLE: the medium can be taken out
     bool isHidden = false;       ///< MNT_DONTBROWSE: the system's own; the Finder does not show it
+    bool isSnapshot = false;     ///< MNT_SNAPSHOT: an earlier state of a volume
 };
 
 // All of these are pure. They are compiled on other systems, too, so that their tests run there.
@@ -31,6 +32,11 @@ struct Mount {
 /// Whether the innermost mount of a path is a network file system; of several at one mount point
 /// the last counts.
 [[nodiscard]] bool isOnNetwork(std::string_view path, const std::vector<Mount>& mounts);
+
+/// Whether a scan leaves out what is on the device: the kernel's data, or a snapshot, such as a
+/// local one of Time Machine. Files of a snapshot are no copies to rely on: the system removes
+/// snapshots by itself. "/" is a snapshot on every Mac, and counts.
+[[nodiscard]] bool isLeftOut(std::uint64_t device, const std::vector<Mount>& mounts);
 
 /// Whether file systems of this type hold the kernel's data instead of users' files.
 [[nodiscard]] bool isPseudoFileSystemType(std::string_view type);
