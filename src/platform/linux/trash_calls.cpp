@@ -1,7 +1,5 @@
 #include "platform/linux/trash_calls.h"
 
-#include "platform/posix/exclusive_rename.h"
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
@@ -9,14 +7,12 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 
 namespace tarvin {
 
 namespace {
 
 constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
-constexpr int newFileFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
 
 int outcome(int answer) {
     return answer == 0 ? 0 : errno;
@@ -24,7 +20,7 @@ int outcome(int answer) {
 
 int openAt(int folder, const char* path, int flags, int& number) {
     do {
-        number = ::openat(folder, path, flags, S_IRUSR | S_IWUSR);
+        number = ::openat(folder, path, flags);
     } while (number < 0 && errno == EINTR);
     return number < 0 ? errno : 0;
 }
@@ -57,10 +53,6 @@ int TrashCalls::makeFolder(int folder, const char* path) {
     return outcome(::mkdirat(folder, path, S_IRWXU));
 }
 
-int TrashCalls::createFile(int folder, const char* name, int& number) {
-    return openAt(folder, name, newFileFlags, number);
-}
-
 int TrashCalls::openFile(int folder, const char* name, int& number) {
     return openAt(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, number);
 }
@@ -83,24 +75,11 @@ int TrashCalls::write(int number, const char* bytes, std::size_t size, std::size
     return count < 0 ? errno : 0;
 }
 
-int TrashCalls::close(int number) {
-    return outcome(::close(number));
-}
-
-int TrashCalls::renameExclusively(int from, const char* name, int to, const char* newName) {
-    return tarvin::renameExclusively(from, name, to, newName);
-}
-
-int TrashCalls::rename(int from, const char* name, int to, const char* newName) {
-    return outcome(::renameat(from, name, to, newName));
-}
-
-int TrashCalls::link(int from, const char* name, int to, const char* newName) {
-    return outcome(::linkat(from, name, to, newName, 0));
-}
-
-int TrashCalls::unlink(int folder, const char* name) {
-    return outcome(::unlinkat(folder, name, 0));
+int TrashCalls::identityAt(int folder, const char* name, FileIdentity& identity) {
+    TrashEntryStatus found;
+    const int failure = status(folder, name, found);
+    identity = found.identity;
+    return failure;
 }
 
 int TrashCalls::status(int folder, const char* path, TrashEntryStatus& status) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_system.h"
+#include "platform/posix/exclusive_move.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -15,36 +16,25 @@ struct TrashEntryStatus {
     std::uint32_t mode = 0;  ///< type and permissions, as in `st_mode`
 };
 
-/// The system calls of a move; tests override them to make each fail. Paths are relative to an open
-/// folder or, with `currentFolder`, to the current one. Symbolic links in the last component are
-/// not followed, except where stated. Each call returns 0 or the error number. Any thread.
-class TrashCalls {
+/// The system calls of a move and of .trashinfo files; tests override them to make each fail. Paths
+/// are relative to an open folder or, with `currentFolder`, to the current one. Symbolic links in
+/// the last component are not followed, except where stated. Each call returns 0 or the error
+/// number. Any thread.
+class TrashCalls : public MoveCalls {
  public:
     static const int currentFolder;
-
-    TrashCalls() = default;
-    TrashCalls(const TrashCalls&) = delete;
-    TrashCalls& operator=(const TrashCalls&) = delete;
-    virtual ~TrashCalls() = default;
 
     /// `number` is the new descriptor.
     virtual int openFolder(int folder, const char* path, int& number);
     virtual int makeFolder(int folder, const char* path);
-    /// Creates a file that must not exist, readable and writable by the user alone.
-    virtual int createFile(int folder, const char* name, int& number);
     /// Opens a file for reading; does not wait for the other end of a pipe.
     virtual int openFile(int folder, const char* name, int& number);
     /// `count` is 0 at the end.
     virtual int read(int number, char* bytes, std::size_t size, std::size_t& count);
     /// `written` may be less than `size`.
     virtual int write(int number, const char* bytes, std::size_t size, std::size_t& written);
-    virtual int close(int number);
-    /// Fails with EEXIST if the new name exists.
-    virtual int renameExclusively(int from, const char* name, int to, const char* newName);
-    /// Replaces an entry with the new name.
-    virtual int rename(int from, const char* name, int to, const char* newName);
-    virtual int link(int from, const char* name, int to, const char* newName);
-    virtual int unlink(int folder, const char* name);
+    /// By status().
+    int identityAt(int folder, const char* name, FileIdentity& identity) override;
     virtual int status(int folder, const char* path, TrashEntryStatus& status);
     /// Follows a symbolic link.
     virtual int targetStatus(int folder, const char* path, TrashEntryStatus& status);

@@ -1,5 +1,6 @@
 #include "platform/linux/trash_folder.h"
 
+#include "platform/posix/exclusive_move.h"
 #include "platform/posix/exclusive_rename.h"
 
 #include <algorithm>
@@ -21,11 +22,6 @@ constexpr std::size_t maxTrashInfoBytes = 16 * 1024;
 
 /// Bytes; what `nameInTrash` requires.
 constexpr std::size_t minNameBytes = 64;
-
-/// Whether the file system does not support hard links.
-bool isUnknownLink(int code) {
-    return code == EPERM || code == ENOSYS || code == EOPNOTSUPP || code == EMLINK;
-}
 
 }  // namespace
 
@@ -256,7 +252,8 @@ int TrashFolder::moveIn(int from, const char* name, const char* newName) const {
 
 std::optional<TrashRefusal> TrashFolder::giveBack(const std::string& name, const Descriptor& to,
                                                   const char* newName) {
-    const int failure = moveOut(name.c_str(), to.number(), newName);
+    const int failure =
+        moveExclusively(calls_, files().number(), name.c_str(), to.number(), newName);
     if (failure == 0) {
         TrashEntryStatus status;
         if (calls_.status(files().number(), name.c_str(), status) == ENOENT) {
@@ -269,49 +266,6 @@ std::optional<TrashRefusal> TrashFolder::giveBack(const std::string& name, const
         refusal.kind = TrashRefusalKind::taken;
     }
     return refusal;
-}
-
-int TrashFolder::moveOut(const char* name, int to, const char* newName) const {
-    const int from = files().number();
-    int failure = calls_.renameExclusively(from, name, to, newName);
-    if (!isUnsupportedRename(failure)) {
-        return failure;
-    }
-    // A hard link does not replace anything; then the first name is removed.
-    failure = calls_.link(from, name, to, newName);
-    if (isUnknownLink(failure)) {
-        return moveOverPlaceholder(name, to, newName);
-    }
-    if (failure != 0) {
-        return failure;
-    }
-    // The file is restored. Its name in the Trash is removed unless another file has it by now; if
-    // the system refuses that, the name and its .trashinfo file stay.
-    TrashEntryStatus there;
-    TrashEntryStatus here;
-    if (calls_.status(from, name, there) != 0 || calls_.status(to, newName, here) != 0 ||
-        there.identity != here.identity) {
-        return 0;
-    }
-    static_cast<void>(calls_.unlink(from, name));
-    return 0;
-}
-
-/// Reserves the name with an empty file, created exclusively, and then replaces that.
-int TrashFolder::moveOverPlaceholder(const char* name, int to, const char* newName) const {
-    int number = -1;
-    int failure = calls_.createFile(to, newName, number);
-    if (failure != 0) {
-        return failure;
-    }
-    failure = calls_.close(number);
-    if (failure == 0) {
-        failure = calls_.rename(files().number(), name, to, newName);
-    }
-    if (failure != 0) {
-        static_cast<void>(calls_.unlink(to, newName));
-    }
-    return failure;
 }
 
 }  // namespace tarvin

@@ -72,8 +72,6 @@ class TrashFolder final {
     [[nodiscard]] int readTrashInfo(const std::string& name, std::string& text) const;
     void removeTrashInfo(const std::string& name) const;
     [[nodiscard]] int moveIn(int from, const char* name, const char* newName) const;
-    [[nodiscard]] int moveOut(const char* name, int to, const char* newName) const;
-    [[nodiscard]] int moveOverPlaceholder(const char* name, int to, const char* newName) const;
 
     TrashParts parts_;
     TrashCalls& calls_;
