@@ -54,6 +54,9 @@ class SwitchedTrash final : public TrashMover {
         return real_->removeUnusedTrashInfos(trash, paths);
     }
     [[nodiscard]] std::optional<TrashRefusal> flush() override { return real_->flush(); }
+    [[nodiscard]] std::string filesFolder(const std::string& trash) const override {
+        return real_->filesFolder(trash);
+    }
     [[nodiscard]] std::vector<std::string> trashesFor(const std::string& path) const override {
         return real_->trashesFor(path);
     }

@@ -60,13 +60,15 @@ void refuseFolder(PutBackFile& file, SystemError error) {
     }
 }
 
-/// Returns the top directory of the volume of a Trash; empty for the home Trash.
+/// Returns the top directory of the volume of a Trash, by the names that Linux and macOS use there;
+/// empty for the home Trash.
 std::string topOf(const std::string& trash) {
     const std::filesystem::path path(trash);
     if (path.filename().native().starts_with(".Trash-")) {
         return path.parent_path();
     }
-    if (path.parent_path().filename() == ".Trash") {
+    const std::filesystem::path above = path.parent_path().filename();
+    if (above == ".Trash" || above == ".Trashes") {
         return path.parent_path().parent_path();
     }
     return {};
@@ -143,7 +145,7 @@ bool FileReturn::isMovedFile(const JournalMove& move, const FileAttributes& ther
     const std::uint64_t device = there.identity.device;
     if (!unsteadyVolumes_.contains(device)) {
         const Result<Descriptor> opened =
-            fileSystem_.openFile(pathIn(move.trashFolder + "/files", move.trashName));
+            fileSystem_.openFile(pathIn(trash_.filesFolder(move.trashFolder), move.trashName));
         if (!opened || !unsteadyVolumes_.examine(fileSystem_, *opened)) {
             return false;
         }

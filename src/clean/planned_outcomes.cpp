@@ -117,7 +117,7 @@ void PlannedOutcomes::removeTrashInfosOf(const std::vector<std::string>& paths) 
 
 /// Removes the moves whose files are in `trash`. Returns false if that exists and cannot be read.
 bool PlannedOutcomes::settleFoundIn(const std::string& trash, std::vector<JournalMove>& moves) {
-    const Result<FileAttributes> files = fileSystem_.attributesAtPath(trash + "/files");
+    const Result<FileAttributes> files = fileSystem_.attributesAtPath(trash_.filesFolder(trash));
     if (!files) {
         return files.error().code == ENOENT || files.error().code == ENOTDIR;
     }
@@ -173,7 +173,7 @@ bool PlannedOutcomes::settleFoundByPath(const std::string& trash, std::uint64_t 
         std::string& name = names[number];
         if (now.type == EntryType::regular && now.size == moves[number].size &&
             std::pair(each.file.name.size(), each.file.name) > std::pair(name.size(), name) &&
-            isUnsteady(pathIn(trash + "/files", each.file.name))) {
+            isUnsteady(pathIn(trash_.filesFolder(trash), each.file.name))) {
             name = each.file.name;
         }
     }
@@ -212,7 +212,7 @@ bool PlannedOutcomes::staysAsPlanned(const JournalMove& move) {
 /// The same if both files are on one unsteady volume: the staying file is another one if it is
 /// listed and has the bytes of the moved one. Something mounted on a single file does not count.
 bool PlannedOutcomes::staysWithItsBytes(const JournalMove& move, const std::string& path) {
-    const std::string moved = pathIn(move.trashFolder + "/files", move.trashName);
+    const std::string moved = pathIn(trash_.filesFolder(move.trashFolder), move.trashName);
     const Result<FileAttributes> stays = fileSystem_.currentAttributesAtPath(path);
     const Result<FileAttributes> away = fileSystem_.currentAttributesAtPath(moved);
     if (path == move.path || !stays || !away || stays->identity.device != away->identity.device ||

@@ -306,16 +306,15 @@ std::optional<MoveOutcome> SetMove::recheck(const File& file, const Seen& seen,
                                             const TrashPlace& place) {
     const Result<FileAttributes, TrashRefusal> arrived = tools_.trash.attributes(place);
     if (comparesArrived_) {
-        const bool isSafe =
-            arrived && arrived->type == EntryType::regular &&
-            anyHasBytesOf(file, {place.trash + "/files/" + place.name, *arrived, true});
+        const bool isSafe = arrived && arrived->type == EntryType::regular &&
+                            anyHasBytesOf(file, {pathOf(place), *arrived, true});
         return isSafe ? std::nullopt : std::optional(unlessStopped(MoveOutcome::lastCopy));
     }
     if (!arrived || !isSameFile(seen.attributes, *arrived)) {
         return MoveOutcome::changed;
     }
     if (mayTakeAll_) {
-        moved_ = {place.trash + "/files/" + place.name, *arrived};
+        moved_ = {pathOf(place), *arrived};
         return std::nullopt;
     }
     if (isUnchangedNow(*files_[survivor_], *arrived)) {
@@ -334,6 +333,10 @@ bool SetMove::isUnchangedNow(const File& file, const FileAttributes& moved) {
     const Result<FileAttributes> now = tools_.fileSystem.currentAttributesAtPath(file.filePath());
     return now && isSameFile(survivorState_, *now) &&
            (now->identity == moved.identity || now->changed == survivorState_.changed);
+}
+
+std::string SetMove::pathOf(const TrashPlace& place) const {
+    return pathIn(tools_.trash.filesFolder(place.trash), place.name);
 }
 
 /// If that fails, the file stays in the Trash with its .trashinfo file.

@@ -85,6 +85,7 @@ class SetMove final {
     [[nodiscard]] std::optional<MoveOutcome> recheck(const File& file, const Seen& seen,
                                                      const TrashPlace& place);
     [[nodiscard]] bool isUnchangedNow(const File& file, const FileAttributes& moved);
+    [[nodiscard]] std::string pathOf(const TrashPlace& place) const;
     [[nodiscard]] MoveResult moveBack(const File& file, const Seen& seen, const TrashPlace& place,
                                       MoveOutcome outcome);
     [[nodiscard]] MoveResult leftWith(MoveOutcome outcome) const;

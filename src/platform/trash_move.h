@@ -17,8 +17,9 @@ namespace tarvin {
 
 /// The location of a file in a Trash.
 struct TrashPlace {
-    std::string trash;  ///< absolute path of the Trash folder, the one with "files" and "info"
-    std::string name;   ///< in its "files"; not a path
+    std::string
+        trash;         ///< absolute path of the Trash folder; on Linux that with "files" and "info"
+    std::string name;  ///< in its TrashMover::filesFolder(); not a path
 
     bool operator==(const TrashPlace&) const = default;
 };
@@ -48,7 +49,7 @@ struct TrashRefusal {
 
 /// A file found in a Trash.
 struct TrashedFile {
-    std::string name;  ///< in "files"
+    std::string name;  ///< in TrashMover::filesFolder()
     FileAttributes attributes;
 };
 
@@ -65,19 +66,24 @@ struct TrashUser {
     std::uint32_t number = 0;  ///< user ID
 };
 
-/// The user of this process. The home Trash is $XDG_DATA_HOME/Trash, or ~/.local/share/Trash if the
-/// variable is missing, empty or not absolute. Any thread.
+/// The user of this process. On Linux the home Trash is $XDG_DATA_HOME/Trash, or
+/// ~/.local/share/Trash if the variable is missing, empty or not absolute; on macOS ~/.Trash. Any
+/// thread.
 [[nodiscard]] TrashUser processTrashUser();
 
-/// Moves files to the user's Trash and back, by the freedesktop.org Trash specification 1.0: by
-/// renaming within one file system, each with a .trashinfo file that holds its path and the time.
-/// Copies nothing, does not follow a symbolic link in the last component, replaces and deletes no
-/// file, and does not use a Trash that belongs to another user or that others may change.
+/// Moves files to the user's Trash and back. Replaces and deletes no file, and does not follow a
+/// symbolic link in the last component.
 ///
-/// A file on the file system of the home Trash goes there; any other goes to ".Trash/UID" or
+/// On Linux by the freedesktop.org Trash specification 1.0: by renaming within one file system,
+/// each with a .trashinfo file that holds its path and the time. Copies nothing, and does not use a
+/// Trash that belongs to another user or that others may change. A file on the file system of the
+/// home Trash goes there; any other goes to ".Trash/UID" or
 /// ".Trash-UID" in the top directory of its mount. Missing folders of a Trash are created for the
 /// user alone. The folders stay open, which prevents unmounting during the object's lifetime, and
 /// are checked once a second: a Trash that was replaced is reopened.
+///
+/// On macOS by the system (`NSFileManager`), which chooses the Trash and the name. There are no
+/// .trashinfo files, and the calls for them do nothing.
 ///
 /// Any thread; one object is used by one thread at a time. Several objects, and other programs, may
 /// use the same Trash at the same time.
@@ -106,9 +112,13 @@ class TrashMover {
     virtual std::optional<TrashRefusal> putBack(const TrashPlace& place, const Descriptor& folder,
                                                 const char* name) = 0;
 
+    /// The folder that holds the files of a Trash: "files" in it, or on macOS the Trash itself.
+    /// Pure.
+    [[nodiscard]] virtual std::string filesFolder(const std::string& trash) const = 0;
+
     /// Those of the `wanted` files that are in a Trash, under any name, in the order of its
-    /// listing. Lists "files" once and stats each entry. A file with two names there is returned
-    /// twice.
+    /// listing. Lists filesFolder() once and stats each entry. A file with two names there is
+    /// returned twice.
     virtual Result<std::vector<TrashedFile>, TrashRefusal> find(
         const std::string& trash, std::span<const FileIdentity> wanted) = 0;
 

@@ -37,7 +37,7 @@ Result<bool> isInTrash(FileSystem& fileSystem, const std::string& folder) {
     }
     for (std::filesystem::path at = resolved; at.has_relative_path(); at = at.parent_path()) {
         const std::string name = at.filename().string();
-        if (name == ".Trash" || isVolumeTrash(name)) {
+        if (name == ".Trash" || name == ".Trashes" || isVolumeTrash(name)) {
             return true;
         }
         if (!homeTrash) {

@@ -14,7 +14,8 @@ inline constexpr std::string_view homeTrashName = "Trash";
 /// Whether it is the name of the Trash of a volume: ".Trash-UID". Pure.
 [[nodiscard]] bool isVolumeTrash(std::string_view name);
 
-/// Whether the folder is a Trash folder or inside one. Resolves symbolic links first, unless
+/// Whether the folder is a Trash folder or inside one, of Linux or of macOS, whose drives have
+/// ".Trashes". Resolves symbolic links first, unless
 /// the path is too long for that. Fails if that, or reading a folder above it, fails: then it is
 /// not known, and nothing may be moved. On a volume whose inode numbers change every folder that
 /// has the name and the device of the home Trash counts as one. Blocks while a drive does not

@@ -71,6 +71,19 @@ class PutBackTest : public ::testing::Test {
         EXPECT_FALSE(settleTotals(totals_, user.journal()));
     }
 
+    /// Records a clean-up that moved a file to a Trash.
+    CleanUpId recordMove(const std::string& path, const std::string& trash) const {
+        CleaningUser user(home_.path());
+        CleanUpJournal& journal = user.journal();
+        const auto id = std::get<CleanUpId>(journal.begin({}));
+        const PlannedMove move{path, 7, 4, Timestamp()};
+        const auto row = std::get<MoveRow>(journal.plan(id, {&move, 1}));
+        const RecordedOutcome outcome{row, MoveState::moved, trash, "a.txt", ""};
+        EXPECT_FALSE(journal.record({&outcome, 1}));
+        EXPECT_FALSE(journal.finish(id));
+        return id;
+    }
+
     std::unique_ptr<PutBack> opened() {
         auto putBack = PutBack::open(platform_, totals_);
         if (const auto* error = std::get_if<StoreError>(&putBack)) {
@@ -420,20 +433,18 @@ TEST_F(PutBackTest, LastIgnoresCleanUpsWithoutMoves) {
     expectLast(NothingToPutBack::neverCleaned);
 }
 
+TEST_F(PutBackTest, KeepsFilesOfAnUnmountedDriveOfEachKindOfTrash) {
+    const std::string top = tree_.makeFolder("drive");
+    for (const char* trash : {"/.Trash-1000", "/.Trash/1000", "/.Trashes/501"}) {
+        const CleanUpId id = recordMove(top + "/a.txt", top + trash);
+        EXPECT_EQ(examine(id), (Outcomes{{"drive/a.txt", PutBackOutcome::notAttached}})) << trash;
+    }
+}
+
 TEST_F(PutBackTest, KeepsFilesOfAnUnmountedDrive) {
     // In the Trash of a volume of which only the mount point exists.
     const std::string top = tree_.makeFolder("drive");
-    const std::string trash = top + "/.Trash-" + std::to_string(::getuid());
-    {
-        CleaningUser user(home_.path());
-        CleanUpJournal& journal = user.journal();
-        const auto id = std::get<CleanUpId>(journal.begin({}));
-        const PlannedMove move{top + "/a.txt", 7, 4, Timestamp()};
-        const auto row = std::get<MoveRow>(journal.plan(id, {&move, 1}));
-        const RecordedOutcome outcome{row, MoveState::moved, trash, "a.txt", ""};
-        EXPECT_FALSE(journal.record({&outcome, 1}));
-        EXPECT_FALSE(journal.finish(id));
-    }
+    recordMove(top + "/a.txt", top + "/.Trash-" + std::to_string(::getuid()));
     EXPECT_EQ(examine(), (Outcomes{{"drive/a.txt", PutBackOutcome::notAttached}}));
     EXPECT_EQ(run(), (Outcomes{{"drive/a.txt", PutBackOutcome::notAttached}}));
     expectLast(1);

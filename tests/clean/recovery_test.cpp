@@ -3,6 +3,7 @@
 #include "clean/clean_up_fixture.h"
 #include "clean/file_return.h"
 #include "platform/linux/trash_mover.h"
+#include "support/fake_trash.h"
 #include "support/faulty_database.h"
 #include "support/faulty_trash_calls.h"
 #include "support/file_content.h"
@@ -568,6 +569,31 @@ TEST_F(PlannedMoves, WaitForAMissingDrive) {
     EXPECT_FALSE(recover());
     tree_.makeFolder("drive");
     EXPECT_TRUE(recover());
+}
+
+TEST_F(PlannedMoves, AreFoundInATrashWithoutAFolderForItsFiles) {
+    const std::string path = tree_.writeFile("a.txt", "abcd");
+    const auto file = systemFileSystem().attributesAtPath(path);
+    ASSERT_TRUE(file);
+    {
+        CleaningUser killed(home_.path());
+        const auto id = killed.journal().begin({});
+        const PlannedMove move{path, file->identity.inode, file->size, file->modified};
+        ASSERT_TRUE(std::holds_alternative<MoveRow>(
+            killed.journal().plan(std::get<CleanUpId>(id), {&move, 1})));
+    }
+    CleaningUser user(home_.path());
+    FakeTrash trash;
+    trash.moveTo(tree_.makeFolder("Trash"));
+    fs::rename(path, tree_.pathOf("Trash/other name"));
+    const auto mover = trash.makeMover();
+    DataFile totals(home_.path());
+    EXPECT_FALSE(recoverCleanUps(systemFileSystem(), *mover, user.turns(), user.journal(), totals));
+    const auto all = user.journal().cleanUps();
+    const CleanUpSummary summary = std::get<std::vector<CleanUpSummary>>(all).front();
+    EXPECT_TRUE(summary.finished);
+    EXPECT_EQ(summary.movedFiles, 1U);
+    EXPECT_EQ(summary.leftFiles, 0U);
 }
 
 TEST_F(PlannedMoves, WaitForAnInaccessibleTrash) {

@@ -788,8 +788,8 @@ TEST_F(CollectorTest, SkipsTheHomeTrashAsALocation) {
 class TrashAsALocation : public CollectorTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(TrashAsALocation, IsSkippedAndReported) {
-    write({"volume/.Trash/1000/files/a.txt", "volume/.Trash-1000/files/b.txt", "home/files/c.txt",
-           "there.txt"});
+    write({"volume/.Trash/1000/files/a.txt", "volume/.Trash-1000/files/b.txt",
+           "volume/.Trashes/501/d.txt", "home/files/c.txt", "there.txt"});
     fileSystem_.setHomeTrash(identityOf(tree_.pathOf("home")));
     tree_.makeLink("link", tree_.pathOf(GetParam()));
     const Collection collection =
@@ -804,7 +804,8 @@ TEST_P(TrashAsALocation, IsSkippedAndReported) {
 
 INSTANTIATE_TEST_SUITE_P(Places, TrashAsALocation,
                          testing::Values("volume/.Trash", "volume/.Trash/1000/files",
-                                         "volume/.Trash-1000", "volume/.Trash-1000/files", "home",
+                                         "volume/.Trash-1000", "volume/.Trash-1000/files",
+                                         "volume/.Trashes", "volume/.Trashes/501", "home",
                                          "home/files"),
                          [](const auto& info) { return "Place" + std::to_string(info.index); });
 

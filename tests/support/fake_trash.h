@@ -2,8 +2,10 @@
 
 #include "platform/trash_move.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <span>
 #include <string>
@@ -13,8 +15,9 @@
 
 namespace tarvin {
 
-/// A Trash that moves files into a folder of the test and names them by number. The test sets which
-/// paths it refuses, and can read the calls afterwards. One thread at a time.
+/// A Trash that moves files into a folder of the test and names them by number, without a folder
+/// "files" in between. The test sets which paths it refuses, and can read the calls afterwards. One
+/// thread at a time.
 class FakeTrash final {
  public:
     /// Sets the folder, which must exist.
@@ -67,9 +70,21 @@ class FakeTrash final {
             return refusalOf(EPERM);
         }
 
+        [[nodiscard]] std::string filesFolder(const std::string& trash) const override {
+            return trash;
+        }
+
         Result<std::vector<TrashedFile>, TrashRefusal> find(
-            const std::string& /*trash*/, std::span<const FileIdentity> /*wanted*/) override {
-            return std::vector<TrashedFile>();
+            const std::string& trash, std::span<const FileIdentity> wanted) override {
+            std::vector<TrashedFile> found;
+            for (const auto& entry : std::filesystem::directory_iterator(trash)) {
+                const auto attributes = systemFileSystem().attributesAtPath(entry.path());
+                if (attributes &&
+                    std::find(wanted.begin(), wanted.end(), attributes->identity) != wanted.end()) {
+                    found.push_back({entry.path().filename(), *attributes});
+                }
+            }
+            return found;
         }
 
         std::optional<TrashRefusal> repairTrashInfo(const TrashPlace& /*place*/,

@@ -30,6 +30,9 @@ class HeldTrash final : public TrashMover {
         beforePutBack_(name);
         return trash_->putBack(place, folder, name);
     }
+    [[nodiscard]] std::string filesFolder(const std::string& trash) const override {
+        return trash_->filesFolder(trash);
+    }
     Result<std::vector<TrashedFile>, TrashRefusal> find(
         const std::string& trash, std::span<const FileIdentity> wanted) override {
         return trash_->find(trash, wanted);

@@ -55,6 +55,9 @@ class LinuxTrashMover final : public TrashMover {
     bool wasAt(const TrashPlace& place, const std::string& path) override;
     std::optional<TrashRefusal> putBack(const TrashPlace& place, const Descriptor& folder,
                                         const char* name) override;
+    [[nodiscard]] std::string filesFolder(const std::string& trash) const override {
+        return trash + "/files";
+    }
     Result<std::vector<TrashedFile>, TrashRefusal> find(
         const std::string& trash, std::span<const FileIdentity> wanted) override;
     Result<std::vector<TrashedFrom>, TrashRefusal> findByPath(

@@ -10,8 +10,9 @@ int renameExclusively(int from, const char* name, int to, const char* newName) {
 }
 
 bool isUnsupportedRename(int failure) {
-    // EINVAL: a file system that does not know the flag, such as an older network volume.
-    return failure == ENOTSUP || failure == EINVAL;
+    // EINVAL: a file system that does not know the flag, such as an older network volume. ENOSYS:
+    // some that are programs.
+    return failure == ENOTSUP || failure == EINVAL || failure == ENOSYS;
 }
 
 }  // namespace tarvin

@@ -4,7 +4,7 @@
 #include "platform/macos/objective_c.h"
 #include "platform/macos/trash_errors.h"
 #include "platform/macos/user_folders.h"
-#include "platform/posix/exclusive_rename.h"
+#include "platform/posix/exclusive_move.h"
 #include "platform/unique_fd.h"
 
 #include <fcntl.h>
@@ -45,21 +45,23 @@ class MacTrashMover final : public TrashMover {
         // The system moves by path: it must lead to the open folder. The caller looks at the file
         // itself before and after.
         const std::optional<std::string> path = currentPathOf(folder.descriptor);
-        const auto there = path ? fileSystem_.attributesAtPath(*path)
-                                : Result<FileAttributes>(SystemError{ENOENT});
+        if (!path) {
+            // The system does not tell a path of 1,024 bytes and more, and moves no file there.
+            return TrashRefusal{
+                TrashRefusalKind::system, {ENAMETOOLONG}, SystemError{ENAMETOOLONG}.text()};
+        }
+        const auto there = fileSystem_.attributesAtPath(*path);
         if (!there || there->identity != folder.identity) {
             return systemRefusal(there ? ENOENT : there.error().code);
         }
+        const auto before = fileSystem_.attributesAt(folder.descriptor, name);
         const macos::TrashAnswer answer = macos::moveToTrash(pathIn(*path, name));
         if (!answer.isMoved) {
             return macos::refusalOf(answer);
         }
         const std::size_t slash = answer.path.rfind('/');
         if (slash == std::string::npos || slash == 0) {
-            // It is in a Trash, but nobody knows in which: the caller looks for it.
-            return TrashRefusal{TrashRefusalKind::system,
-                                {EIO},
-                                "the system did not say where in the Trash the file is"};
+            return found(pathIn(*path, name), before ? before->identity : FileIdentity{}, name);
         }
         TrashPlace place{answer.path.substr(0, slash), answer.path.substr(slash + 1)};
         if (std::find(used_.begin(), used_.end(), place.trash) == used_.end()) {
@@ -79,15 +81,7 @@ class MacTrashMover final : public TrashMover {
     std::optional<TrashRefusal> putBack(const TrashPlace& place, const Descriptor& folder,
                                         const char* name) override {
         const std::string path = pathOf(place);
-        int failure = renameExclusively(AT_FDCWD, path.c_str(), folder.number(), name);
-        if (isUnsupportedRename(failure)) {
-            // A second name, then one less. Where there are no hard links, the file stays in the
-            // Trash, and the Finder can put it back.
-            failure = ::linkat(AT_FDCWD, path.c_str(), folder.number(), name, 0) == 0 ? 0 : errno;
-            if (failure == 0 && ::unlink(path.c_str()) != 0) {
-                failure = errno;
-            }
-        }
+        const int failure = moveExclusively(calls_, AT_FDCWD, path.c_str(), folder.number(), name);
         if (failure == EEXIST) {
             return TrashRefusal{TrashRefusalKind::taken, {EEXIST}, SystemError{EEXIST}.text()};
         }
@@ -102,6 +96,8 @@ class MacTrashMover final : public TrashMover {
         }
         return std::nullopt;
     }
+
+    std::string filesFolder(const std::string& trash) const override { return trash; }
 
     Result<std::vector<TrashedFile>, TrashRefusal> find(
         const std::string& trash, std::span<const FileIdentity> wanted) override {
@@ -157,7 +153,22 @@ class MacTrashMover final : public TrashMover {
     }
 
  private:
+    /// Where a moved file is if the system did not say it. If it is nowhere, the place where it
+    /// most likely is: there the caller finds no file, so it reports one that was moved and not
+    /// checked.
+    TrashPlace found(const std::string& path, const FileIdentity& wanted, const char* name) {
+        const std::vector<std::string> trashes = trashesFor(path);
+        for (const std::string& trash : trashes) {
+            const auto there = find(trash, {&wanted, 1});
+            if (there && !there->empty()) {
+                return {trash, there->front().name};
+            }
+        }
+        return {trashes.empty() ? user_.homeTrash.value_or("") : trashes.front(), name};
+    }
+
     const TrashUser user_;
+    MoveCalls calls_;
     FileSystem& fileSystem_ = systemFileSystem();
     std::vector<std::string> used_;  // Trashes since the last flush
 };
