@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+
 namespace tarvin {
 
 /// How a program with a window is installed and used on a system. Constant; the texts are ASCII.
@@ -17,6 +20,10 @@ struct Conventions {
     /// Whether a window can be opened without a variable such as DISPLAY.
     bool alwaysHasDisplay;
 };
+
+/// What `dlopen` loads a shared library by: the name of its file for a version of its ABI, such as
+/// "libheif.so.1" for "libheif" and 1; on macOS its path in the folder of Homebrew. Pure.
+[[nodiscard]] std::string libraryFile(std::string_view name, int abiVersion);
 
 /// Those of this system.
 [[nodiscard]] const Conventions& conventions();

@@ -45,7 +45,7 @@ class HeifLibrary final {
 
  private:
     HeifLibrary() {
-        const LateLibrary file("libheif.so.1");
+        const LateLibrary file("libheif", 1);
         isWhole_ =
             file.find("heif_init", init) && file.find("heif_context_alloc", allocateContext) &&
             file.find("heif_context_free", freeContext) &&

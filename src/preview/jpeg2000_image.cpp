@@ -45,7 +45,7 @@ class Jpeg2000Library final {
 
  private:
     Jpeg2000Library() {
-        const LateLibrary file("libopenjp2.so.7");
+        const LateLibrary file("libopenjp2", 7);
         isWhole_ = file.find("opj_stream_create", createStream) &&
                    file.find("opj_stream_destroy", destroyStream) &&
                    file.find("opj_stream_set_read_function", setRead) &&

@@ -6,8 +6,8 @@ namespace tarvin {
 /// installed. Never unloaded. Any thread.
 class LateLibrary final {
  public:
-    /// `name` is the file name with the ABI version (soname).
-    explicit LateLibrary(const char* name);
+    /// `name` is that of the file without its extension, as in "libheif".
+    LateLibrary(const char* name, int abiVersion);
 
     /// Sets `function`; false if the library or the function does not exist.
     template <typename Function>

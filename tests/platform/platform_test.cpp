@@ -1,5 +1,6 @@
 #include "platform/platform.h"
 
+#include "platform/conventions.h"
 #include "platform/linux/mount_table.h"
 #include "platform/linux/user_folders.h"
 #include "support/temporary_folder.h"
@@ -14,6 +15,11 @@
 
 namespace tarvin {
 namespace {
+
+TEST(LibraryFile, HasTheVersionOfItsAbi) {
+    EXPECT_EQ(libraryFile("libheif", 1), "libheif.so.1");
+    EXPECT_EQ(libraryFile("libopenjp2", 7), "libopenjp2.so.7");
+}
 
 TEST(SystemPlatform, IsOneObject) {
     EXPECT_EQ(&systemPlatform(), &systemPlatform());

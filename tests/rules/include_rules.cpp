@@ -51,7 +51,7 @@ constexpr std::array layers{
           .ours = {"model/", "platform/", "scan/", "text/"},
           .librariesInSources = {Library::system, Library::json}},
     Layer{.folder = "preview",
-          .ours = {"platform/confinement.h", "platform/file_system.h"},
+          .ours = {"platform/confinement.h", "platform/conventions.h", "platform/file_system.h"},
           .libraries = {Library::qt},
           .librariesInSources = {Library::system, Library::libheif, Library::openjpeg}},
     Layer{.folder = "network", .libraries = {Library::qt}, .librariesInSources = {Library::system}},

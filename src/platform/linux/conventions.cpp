@@ -11,4 +11,8 @@ const Conventions& conventions() {
     return ours;
 }
 
+std::string libraryFile(std::string_view name, int abiVersion) {
+    return std::string(name) + ".so." + std::to_string(abiVersion);
+}
+
 }  // namespace tarvin

@@ -11,4 +11,14 @@ const Conventions& conventions() {
     return ours;
 }
 
+std::string libraryFile(std::string_view name, int abiVersion) {
+    // The prefixes that Homebrew has on the two processors.
+#ifdef __aarch64__
+    constexpr std::string_view folder = "/opt/homebrew/lib/";
+#else
+    constexpr std::string_view folder = "/usr/local/lib/";
+#endif
+    return std::string(folder).append(name) + '.' + std::to_string(abiVersion) + ".dylib";
+}
+
 }  // namespace tarvin
