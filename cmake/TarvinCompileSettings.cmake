@@ -2,7 +2,9 @@
 add_library(tarvin_compile_settings INTERFACE)
 target_compile_features(tarvin_compile_settings INTERFACE cxx_std_20)
 target_compile_options(tarvin_compile_settings INTERFACE
-    -Wall -Wextra -Wpedantic -Werror
+    -Wall -Wextra -Wpedantic
+    # Apple's compiler has other warnings, which nobody has seen here.
+    $<$<NOT:$<CXX_COMPILER_ID:AppleClang>>:-Werror>
     # In a unity build, a name may shadow one of another source.
     $<$<NOT:$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>:-Wshadow>
     -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
