@@ -13,9 +13,9 @@ void endWithParent();
 void limitThreadStacks();
 
 /// From now on no thread of this process can open a file, use a path or a network, or start a
-/// process: each fails with ENOSYS immediately. Open files can be read and written, but not mapped;
-/// memory and threads are available. Irrevocable. Returns false if the system does not support it;
-/// then nothing has changed.
+/// process: each fails with ENOSYS immediately. Open files can be read and written, but not mapped
+/// (on Linux); memory and threads are available. Irrevocable. Returns false if the system does not
+/// support it; then nothing has changed.
 [[nodiscard]] bool confineToOpenFiles();
 
 }  // namespace tarvin
